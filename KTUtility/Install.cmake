@@ -1,0 +1,23 @@
+# cmake --install: the library, its headers, its resources, and the package for find_package.
+include(CMakePackageConfigHelpers)
+
+set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/KTUtility")
+
+install(TARGETS KTUtility EXPORT KTUtilityTargets
+    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT KTUtility)
+install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/" COMPONENT KTUtility
+    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/KTUtility"
+    FILES_MATCHING PATTERN "*.h" PATTERN "*_p.h" EXCLUDE PATTERN "Resources" EXCLUDE)
+install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/Resources" COMPONENT KTUtility
+    DESTINATION "${CMAKE_INSTALL_LIBDIR}/KTUtility.framework")
+
+install(EXPORT KTUtilityTargets NAMESPACE KTUtility:: COMPONENT KTUtility
+    DESTINATION "${package_folder}")
+configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/KTUtilityConfig.cmake.in"
+    "${CMAKE_CURRENT_BINARY_DIR}/KTUtilityConfig.cmake"
+    INSTALL_DESTINATION "${package_folder}")
+write_basic_package_version_file("${CMAKE_CURRENT_BINARY_DIR}/KTUtilityConfigVersion.cmake"
+    COMPATIBILITY SameMinorVersion)
+install(FILES "${CMAKE_CURRENT_BINARY_DIR}/KTUtilityConfig.cmake"
+              "${CMAKE_CURRENT_BINARY_DIR}/KTUtilityConfigVersion.cmake"
+    COMPONENT KTUtility DESTINATION "${package_folder}")

@@ -1,0 +1,29 @@
+#include "NSFileHandle.h"
+
+#include <cerrno>
+#include <unistd.h>
+
+NSFileHandle::NSFileHandle(int descriptor, Ownership ownership) noexcept
+    : _descriptor(descriptor)
+    , _ownership(ownership)
+{
+}
+
+NSFileHandle::~NSFileHandle()
+{
+    if (_ownership == Ownership::Owned && _descriptor >= 0)
+        ::close(_descriptor);
+}
+
+bool NSFileHandle::writeData(QByteArrayView data) noexcept
+{
+    while (!data.isEmpty()) {
+        const ssize_t written = ::write(_descriptor, data.data(), size_t(data.size()));
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            return false;
+        data = data.sliced(written);
+    }
+    return true;
+}

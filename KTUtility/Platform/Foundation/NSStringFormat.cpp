@@ -1,0 +1,431 @@
+#include "NSStringFormat.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+NSFormatArgument::NSFormatArgument(const char *utf8) noexcept
+    : _kind(utf8 ? Kind::Utf8 : Kind::Nil)
+    , _utf8(utf8 ? std::string_view(utf8) : std::string_view())
+{
+}
+
+NSFormatArgument::NSFormatArgument(std::string_view utf8) noexcept
+    : _kind(Kind::Utf8)
+    , _utf8(utf8)
+{
+}
+
+NSFormatArgument::NSFormatArgument(const QByteArray &data)
+    : _kind(Kind::Object)
+    , _object(data)
+{
+}
+
+NSFormatArgument::NSFormatArgument(const QObject *object)
+    : _kind(object ? Kind::Object : Kind::Nil)
+{
+    if (object)
+        _object = QVariant::fromValue(const_cast<QObject *>(object));
+}
+
+NSFormatArgument::NSFormatArgument(const void *pointer) noexcept
+    : _kind(pointer ? Kind::Pointer : Kind::Nil)
+    , _bits(reinterpret_cast<quintptr>(pointer))
+{
+}
+
+NSFormatArgument::NSFormatArgument(const QVariant &value)
+    : _kind(Kind::Object)
+    , _object(value)
+{
+    switch (value.typeId()) {
+    case QMetaType::Bool:
+    case QMetaType::Int:
+    case QMetaType::Long:
+    case QMetaType::LongLong:
+    case QMetaType::Short:
+        _kind = Kind::Signed;
+        _bits = quint64(value.toLongLong());
+        _bytes = int(value.metaType().sizeOf());
+        break;
+    case QMetaType::UInt:
+    case QMetaType::ULong:
+    case QMetaType::ULongLong:
+    case QMetaType::UShort:
+        _kind = Kind::Unsigned;
+        _bits = value.toULongLong();
+        _bytes = int(value.metaType().sizeOf());
+        break;
+    case QMetaType::Double:
+    case QMetaType::Float:
+        _kind = Kind::Double;
+        _bits = std::bit_cast<quint64>(value.toDouble());
+        break;
+    case QMetaType::QString:
+        _kind = NSObject::isNil(value) ? Kind::Nil : Kind::Text;
+        _text = *static_cast<const QString *>(_object.constData());
+        break;
+    default:
+        if (NSObject::isNil(value))
+            _kind = Kind::Nil;
+    }
+}
+
+namespace
+{
+using Kind = NSFormatArgument::Kind;
+
+constexpr int MaximumWidth = 4096;
+
+struct Conversion {
+    bool leftAligned = false;
+    bool plus = false;
+    bool blank = false;
+    bool alternate = false;
+    bool zeroPadded = false;
+    int width = 0;
+    int precision = -1;
+    int bytes = 4;
+    char16_t letter = 0;
+};
+
+/// What `%@` prints for any argument.
+QString describe(const NSFormatArgument &argument)
+{
+    switch (argument.kind()) {
+    case Kind::Signed:
+        return QString::number(argument.signedValue());
+    case Kind::Unsigned:
+        return QString::number(argument.unsignedValue());
+    case Kind::Double:
+        return NSObject::description(argument.doubleValue());
+    case Kind::Character: {
+        const char32_t character = char32_t(argument.unsignedValue());
+        return QString::fromUcs4(&character, 1);
+    }
+    case Kind::Text:
+        return argument.text().toString();
+    case Kind::Utf8:
+        return QString::fromUtf8(argument.utf8().data(), qsizetype(argument.utf8().size()));
+    case Kind::Object:
+        return NSObject::description(argument.object());
+    case Kind::Pointer:
+        return QStringLiteral("0x") + QString::number(argument.address(), 16);
+    case Kind::Nil:
+        break;
+    }
+    return QStringLiteral("(null)");
+}
+
+/// The printf specification for \a conversion, without its letter.
+QByteArray nativeSpecification(const Conversion &conversion)
+{
+    QByteArray text("%");
+    if (conversion.leftAligned)
+        text += '-';
+    if (conversion.plus)
+        text += '+';
+    if (conversion.blank)
+        text += ' ';
+    if (conversion.alternate)
+        text += '#';
+    if (conversion.zeroPadded)
+        text += '0';
+    if (conversion.width > 0)
+        text += QByteArray::number(conversion.width);
+    if (conversion.precision >= 0)
+        text += '.' + QByteArray::number(conversion.precision);
+    return text;
+}
+
+// The specification is made of checked flags and numbers by nativeSpecification(), and the value's
+// type is fixed by the caller.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+template<typename Value>
+QString printNative(const QByteArray &specification, Value value)
+{
+    std::array<char, 512> buffer;
+    const int length = std::snprintf(buffer.data(), buffer.size(), specification.constData(), value);
+    if (length < int(buffer.size()))
+        return QString::fromLatin1(buffer.data(), length);
+    QByteArray large(length + 1, Qt::Uninitialized);
+    std::snprintf(large.data(), size_t(large.size()), specification.constData(), value);
+    return QString::fromLatin1(large.constData(), length);
+}
+#pragma GCC diagnostic pop
+
+QString pad(const QString &text, const Conversion &conversion)
+{
+    QString shown = conversion.precision >= 0 ? text.left(conversion.precision) : text;
+    return conversion.leftAligned ? shown.leftJustified(conversion.width)
+                                  : shown.rightJustified(conversion.width);
+}
+
+/// The value for %d: the whole one, or what "h" and "hh" leave of it.
+qint64 signedBits(const NSFormatArgument &argument, int bytes)
+{
+    const qint64 value = argument.signedValue();
+    return bytes == 1 ? qint8(value) : bytes == 2 ? qint16(value) : value;
+}
+
+/// The value for %u, %o and %x: a negative argument shows the bits of its own width.
+quint64 unsignedBits(const NSFormatArgument &argument, int bytes)
+{
+    const int width = bytes < 4 ? bytes : std::max(4, argument.bytes());
+    return argument.unsignedValue() & (~quint64(0) >> (64 - 8 * width));
+}
+
+bool isInteger(const NSFormatArgument &argument)
+{
+    return argument.kind() == Kind::Signed || argument.kind() == Kind::Unsigned
+        || argument.kind() == Kind::Character;
+}
+
+QString printInteger(const NSFormatArgument &argument, const Conversion &conversion)
+{
+    QByteArray specification = nativeSpecification(conversion) + "ll";
+    const bool isSigned = conversion.letter == u'd';
+    specification += char(conversion.letter);
+    if (argument.kind() == Kind::Double)
+        return pad(describe(argument), conversion);
+    if (isSigned && argument.kind() == Kind::Unsigned && argument.unsignedValue() > INT64_MAX)
+        return printNative(specification.replace("lld", "llu"), argument.unsignedValue());
+    if (isSigned)
+        return printNative<long long>(specification, signedBits(argument, conversion.bytes));
+    return printNative<unsigned long long>(specification, unsignedBits(argument, conversion.bytes));
+}
+
+QString printReal(const NSFormatArgument &argument, const Conversion &conversion)
+{
+    const double value = argument.kind() == Kind::Double ? argument.doubleValue()
+        : argument.kind() == Kind::Unsigned              ? double(argument.unsignedValue())
+                                                         : double(argument.signedValue());
+    return printNative(nativeSpecification(conversion) + char(conversion.letter), value);
+}
+
+QString printCharacter(const NSFormatArgument &argument, const Conversion &conversion)
+{
+    const char32_t character = char32_t(argument.unsignedValue());
+    return pad(character < 0x110000 ? QString::fromUcs4(&character, 1) : QString(), conversion);
+}
+
+enum class Family { Integer, Real, Character, Text, None };
+
+Family familyOf(char16_t letter)
+{
+    switch (letter) {
+    case u'd': case u'u': case u'o': case u'x': case u'X':
+        return Family::Integer;
+    case u'f': case u'F': case u'e': case u'E': case u'g': case u'G': case u'a': case u'A':
+        return Family::Real;
+    case u'c': case u'C':
+        return Family::Character;
+    case u'@': case u's': case u'S': case u'p':
+        return Family::Text;
+    default:
+        return Family::None;
+    }
+}
+
+/// What a conversion prints when there is no argument for it.
+QString printMissing(const Conversion &conversion)
+{
+    switch (familyOf(conversion.letter)) {
+    case Family::Integer:
+        return printInteger(NSFormatArgument(0), conversion);
+    case Family::Real:
+        return printReal(NSFormatArgument(0.0), conversion);
+    case Family::Character:
+        return pad(QString(), conversion);
+    default:
+        return pad(QStringLiteral("(null)"), conversion);
+    }
+}
+
+QString print(const NSFormatArgument &argument, const Conversion &conversion)
+{
+    const bool isNumber = isInteger(argument) || argument.kind() == Kind::Double;
+    switch (familyOf(conversion.letter)) {
+    case Family::Integer:
+        if (isNumber)
+            return printInteger(argument, conversion);
+        break;
+    case Family::Real:
+        if (isNumber)
+            return printReal(argument, conversion);
+        break;
+    case Family::Character:
+        if (isInteger(argument))
+            return printCharacter(argument, conversion);
+        break;
+    default:
+        break;
+    }
+    return pad(describe(argument), conversion);
+}
+
+/// Reads a format string from left to right and writes the text.
+class FormatReader
+{
+public:
+    FormatReader(QStringView format, std::span<const NSFormatArgument> arguments)
+        : _format(format)
+        , _arguments(arguments)
+    {
+        _text.reserve(format.size() + 16 * qsizetype(arguments.size()));
+    }
+
+    QString run()
+    {
+        while (_position < _format.size()) {
+            const qsizetype percent = _format.indexOf(u'%', _position);
+            const qsizetype end = percent < 0 ? _format.size() : percent;
+            _text += _format.sliced(_position, end - _position);
+            _position = end;
+            if (percent >= 0)
+                readConversion();
+        }
+        return _text;
+    }
+
+private:
+    char16_t peek() const
+    {
+        return _position < _format.size() ? _format[_position].unicode() : u'\0';
+    }
+
+    bool accept(char16_t unit)
+    {
+        if (_position >= _format.size() || _format[_position] != unit)
+            return false;
+        ++_position;
+        return true;
+    }
+
+    /// A run of ASCII digits as a number, at most MaximumWidth; -1 if there is none.
+    int readNumber()
+    {
+        int number = -1;
+        for (; peek() >= u'0' && peek() <= u'9'; ++_position)
+            number = std::min(std::max(number, 0) * 10 + (peek() - u'0'), MaximumWidth);
+        return number;
+    }
+
+    /// "n$", the position of an argument counted from 1; 0 if there is none.
+    int readPosition()
+    {
+        const qsizetype start = _position;
+        const int number = readNumber();
+        if (number > 0 && accept(u'$'))
+            return number;
+        _position = start;
+        return 0;
+    }
+
+    const NSFormatArgument *argument(int position)
+    {
+        const size_t index = position > 0 ? size_t(position) - 1 : _next++;
+        return index < _arguments.size() ? &_arguments[index] : nullptr;
+    }
+
+    /// A number written in the format, or "*" with the argument that it takes.
+    int readNumberOrArgument(int missing)
+    {
+        if (!accept(u'*'))
+            return std::max(readNumber(), missing);
+        const NSFormatArgument *value = argument(readPosition());
+        if (!value || !isInteger(*value))
+            return missing;
+        return int(std::clamp<qint64>(value->signedValue(), -MaximumWidth, MaximumWidth));
+    }
+
+    void readFlags(Conversion &conversion)
+    {
+        for (;; ++_position) {
+            switch (peek()) {
+            case u'-': conversion.leftAligned = true; break;
+            case u'+': conversion.plus = true; break;
+            case u' ': conversion.blank = true; break;
+            case u'#': conversion.alternate = true; break;
+            case u'0': conversion.zeroPadded = true; break;
+            case u'\'': break; // grouping: numbers never follow the locale
+            default: return;
+            }
+        }
+    }
+
+    void readWidthAndPrecision(Conversion &conversion)
+    {
+        conversion.width = readNumberOrArgument(0);
+        if (conversion.width < 0) {
+            conversion.leftAligned = true;
+            conversion.width = -conversion.width;
+        }
+        if (accept(u'.'))
+            conversion.precision = readNumberOrArgument(0);
+    }
+
+    void readLength(Conversion &conversion)
+    {
+        for (;; ++_position) {
+            switch (peek()) {
+            case u'h': conversion.bytes = conversion.bytes == 2 ? 1 : 2; break;
+            case u'l': case u'q': case u'j': case u'z': case u't': conversion.bytes = 8; break;
+            case u'L': break;
+            default: return;
+            }
+        }
+    }
+
+    /// The letter of the conversion, with the spellings that mean the same made one.
+    void readLetter(Conversion &conversion)
+    {
+        char16_t letter = peek();
+        const bool isLong = letter == u'D' || letter == u'U' || letter == u'O';
+        if (isLong)
+            conversion.bytes = 8;
+        if (letter == u'i' || letter == u'D')
+            letter = u'd';
+        else if (isLong)
+            letter = char16_t(letter + (u'a' - u'A'));
+        conversion.letter = letter;
+    }
+
+    void readConversion()
+    {
+        const qsizetype start = _position++;
+        if (accept(u'%')) {
+            _text += u'%';
+            return;
+        }
+        Conversion conversion;
+        const int position = readPosition();
+        readFlags(conversion);
+        readWidthAndPrecision(conversion);
+        readLength(conversion);
+        readLetter(conversion);
+        if (familyOf(conversion.letter) == Family::None) {
+            _position = start + 1;
+            _text += u'%';
+            return;
+        }
+        ++_position;
+        const NSFormatArgument *value = argument(position);
+        _text += value ? print(*value, conversion) : printMissing(conversion);
+    }
+
+    QStringView _format;
+    std::span<const NSFormatArgument> _arguments;
+    QString _text;
+    qsizetype _position = 0;
+    size_t _next = 0;
+};
+} // namespace
+
+QString NSString::stringWithFormatArguments(QStringView format,
+                                            std::span<const NSFormatArgument> arguments)
+{
+    return FormatReader(format, arguments).run();
+}

@@ -1,0 +1,117 @@
+#include "support/TestSupport.h"
+
+#include <KTUtility/Platform/Foundation/NSObject.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+
+#include <memory>
+
+void PrintTo(const QString &text, std::ostream *stream)
+{
+    if (text.isNull())
+        *stream << "nil";
+    else
+        *stream << '"' << text.toStdString() << '"';
+}
+
+void PrintTo(const QStringView &text, std::ostream *stream)
+{
+    PrintTo(text.toString(), stream);
+}
+
+void PrintTo(const QVariant &value, std::ostream *stream)
+{
+    *stream << (value.isValid() ? value.typeName() : "nil") << ' '
+            << NSObject::description(value).toStdString();
+}
+
+namespace testing_support
+{
+QString useFreshHome()
+{
+    static QList<std::shared_ptr<QTemporaryDir>> homes;
+    homes.append(std::make_shared<QTemporaryDir>());
+    const QString home = homes.last()->path();
+    qputenv("HOME", home.toLocal8Bit());
+    qunsetenv("XDG_DATA_HOME");
+    qunsetenv("XDG_CONFIG_HOME");
+    return home;
+}
+
+void needApplication()
+{
+    static int argumentCount = 1;
+    static char name[] = "KTUtilityTests";
+    static char *arguments[] = {name, nullptr};
+    static auto *application = new QApplication(argumentCount, arguments);
+    Q_UNUSED(application);
+}
+
+QList<QJsonObject> rowsOf(const QString &table)
+{
+    QFile file(QStringLiteral(KTUTILITY_TEST_DATA) + u'/' + table);
+    QList<QJsonObject> rows;
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << "no table " << table.toStdString();
+    while (!file.atEnd()) {
+        const QJsonDocument row = QJsonDocument::fromJson(file.readLine());
+        if (row.isObject())
+            rows += row.object();
+    }
+    EXPECT_FALSE(rows.isEmpty()) << "empty table " << table.toStdString();
+    return rows;
+}
+
+QString standardErrorOf(const std::function<void()> &action)
+{
+    testing::internal::CaptureStderr();
+    action();
+    return QString::fromStdString(testing::internal::GetCapturedStderr());
+}
+
+QByteArray contentsOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void writeFile(const QString &path, const QByteArray &contents)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+    ASSERT_EQ(file.write(contents), contents.size());
+}
+
+QString megabyteOf(const QString &piece)
+{
+    return piece.repeated((1 << 20) / piece.size() + 1);
+}
+
+const QList<QString> &hostileTexts()
+{
+    static const QList<QString> texts = {
+        QString(),
+        QStringLiteral(""),
+        QStringLiteral(" \t\n"),
+        QString(QChar(0xD800)),
+        QString(QChar(0xDC00)) + u'a' + QChar(0xD83D),
+        QStringLiteral("e\u0301\u0301\u0301"),
+        QStringLiteral("\u0301"),
+        QStringLiteral("a%1b").arg(QChar(0)),
+        QStringLiteral("\u202Eשם משפחה"),
+        QStringLiteral("الاسم الأول"),
+        QStringLiteral("姓 名"),
+        QStringLiteral("👩‍👩‍👧 😀"),
+        QStringLiteral("%@ %s %n %d"),
+        megabyteOf(QStringLiteral("a")),
+        megabyteOf(QStringLiteral(" a")),
+        megabyteOf(QStringLiteral(" ")),
+        megabyteOf(QStringLiteral("Ä-.😀")),
+    };
+    return texts;
+}
+} // namespace testing_support

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QByteArray>
+#include <QJsonObject>
+#include <QList>
+#include <QString>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <ostream>
+
+// What the tests share: a pinned environment, tables, and texts that gtest can print.
+
+/// gtest prints texts through this.
+void PrintTo(const QString &text, std::ostream *stream);
+void PrintTo(const QStringView &text, std::ostream *stream);
+class QVariant;
+void PrintTo(const QVariant &value, std::ostream *stream);
+
+namespace testing_support
+{
+/// Points the home folder at a new empty folder and returns it; the environment of the process is
+/// pinned to it until the next call. All tests start with one.
+QString useFreshHome();
+
+/// The one QApplication of the process (offscreen), made on first use.
+void needApplication();
+
+/// The rows of a table in tests/data: one JSON object a line.
+QList<QJsonObject> rowsOf(const QString &table);
+
+/// What \a action writes to standard error.
+QString standardErrorOf(const std::function<void()> &action);
+
+/// The bytes of a file; empty if it cannot be read.
+QByteArray contentsOf(const QString &path);
+/// Writes a file and the folders that it needs.
+void writeFile(const QString &path, const QByteArray &contents);
+
+/// A text of 1 MB and more, made of \a piece.
+QString megabyteOf(const QString &piece);
+
+/// Texts that break what was written for friendly input: nil, empty, lone surrogates, combining
+/// sequences, embedded NUL, right-to-left, other scripts, 1 MB.
+const QList<QString> &hostileTexts();
+} // namespace testing_support
+
+/// Expects that \a statement throws an NSException with this name and reason.
+#define EXPECT_RAISES(statement, expectedName, expectedReason)                                     \
+    EXPECT_THROW(                                                                                  \
+        {                                                                                          \
+            try {                                                                                  \
+                statement;                                                                         \
+            } catch (const NSException &exception) {                                               \
+                EXPECT_EQ(exception.name(), expectedName);                                         \
+                EXPECT_EQ(exception.reason(), expectedReason);                                     \
+                throw;                                                                             \
+            }                                                                                      \
+        },                                                                                         \
+        NSException)
