@@ -1,0 +1,4 @@
+target_sources(KTUtility PRIVATE
+    Platform/AppKit/NSFont.cpp
+    Platform/AppKit/NSMenuItem.cpp
+)

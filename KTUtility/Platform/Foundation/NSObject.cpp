@@ -1,6 +1,7 @@
 #include "NSObject.h"
 
 #include "NSDecimalNumber.h"
+#include "NSStringValues.h"
 
 #include <QDateTime>
 #include <QHash>
@@ -339,6 +340,27 @@ bool NSObject::isIdenticalTo(const QVariant &left, const QVariant &right)
     default:
         return isEqual(left, right);
     }
+}
+
+qint64 NSObject::integerValue(const QVariant &value)
+{
+    switch (familyOf(value)) {
+    case Family::Text:
+        return NSString::integerValue(textOf(value));
+    case Family::Decimal:
+        return value.value<NSDecimalNumber>().integerValue();
+    case Family::Double:
+        return isWhole(std::trunc(value.toDouble())) ? qint64(value.toDouble()) : 0;
+    default:
+        return isNumber(value) ? value.toLongLong() : 0;
+    }
+}
+
+bool NSObject::boolValue(const QVariant &value)
+{
+    if (familyOf(value) == Family::Text)
+        return NSString::boolValue(textOf(value));
+    return isNumber(value) && !isEqual(value, QVariant(0));
 }
 
 size_t NSObject::hash(const QVariant &value)

@@ -35,6 +35,14 @@ KTUTILITY_EXPORT bool isEqualTo(const QVariant &left, const QVariant &right);
 /// storage. Small values (numbers, dates) have no identity and are the same if they are equal.
 KTUTILITY_EXPORT bool isIdenticalTo(const QVariant &left, const QVariant &right);
 
+/// The platform's intValue of any value: numbers without their fraction, texts as
+/// NSString::integerValue() reads them, 0 for everything else.
+KTUTILITY_EXPORT qint64 integerValue(const QVariant &value);
+
+/// The platform's boolValue of any value: numbers other than 0, texts as NSString::boolValue()
+/// reads them, false for everything else.
+KTUTILITY_EXPORT bool boolValue(const QVariant &value);
+
 /// A hash that is equal for values that isEqual() calls equal.
 KTUTILITY_EXPORT size_t hash(const QVariant &value);
 

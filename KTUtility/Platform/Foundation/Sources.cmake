@@ -1,9 +1,35 @@
 target_sources(KTUtility PRIVATE
+    Platform/Foundation/NSAssertionHandler.cpp
+    Platform/Foundation/NSAttributedString.cpp
+    Platform/Foundation/NSBundle.cpp
     Platform/Foundation/NSCharacterSet.cpp
     Platform/Foundation/NSDecimalNumber.cpp
+    Platform/Foundation/NSDefaultsFile.cpp
     Platform/Foundation/NSException.cpp
     Platform/Foundation/NSFileHandle.cpp
+    Platform/Foundation/NSFileManager.cpp
+    Platform/Foundation/NSInvoker.cpp
+    Platform/Foundation/NSKeyAccessor.cpp
+    Platform/Foundation/NSKeyPath.cpp
+    Platform/Foundation/NSKeyValueCoding.cpp
+    Platform/Foundation/NSKeyValueTarget.cpp
     Platform/Foundation/NSLog.cpp
     Platform/Foundation/NSObject.cpp
+    Platform/Foundation/NSPathUtilities.cpp
+    Platform/Foundation/NSPropertyListBinaryReader.cpp
+    Platform/Foundation/NSPropertyListSerialization.cpp
+    Platform/Foundation/NSPropertyListWriter.cpp
+    Platform/Foundation/NSPropertyListXMLReader.cpp
+    Platform/Foundation/NSScanner.cpp
+    Platform/Foundation/NSSearchPath.cpp
+    Platform/Foundation/NSSelector.cpp
+    Platform/Foundation/NSStringCase.cpp
+    Platform/Foundation/NSStringCompare.cpp
+    Platform/Foundation/NSStringEncoding.cpp
     Platform/Foundation/NSStringFormat.cpp
+    Platform/Foundation/NSStringTrim.cpp
+    Platform/Foundation/NSStringValues.cpp
+    Platform/Foundation/NSURL.cpp
+    Platform/Foundation/NSUserDefaults.cpp
+    Platform/Foundation/NSValueTransformer.cpp
 )

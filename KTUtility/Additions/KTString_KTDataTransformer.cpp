@@ -1,0 +1,24 @@
+#include "KTString_KTDataTransformer.h"
+
+#include "Platform/Foundation/NSObject.h"
+#include "Platform/Foundation/NSStringEncoding.h"
+
+QMetaType KTString_KTDataTransformer::transformedValueClass() const
+{
+    return QMetaType::fromType<QString>();
+}
+
+QVariant KTString_KTDataTransformer::transformedValue(const QVariant &value) const
+{
+    if (value.typeId() != QMetaType::QByteArray)
+        return {};
+    const QString text = NSString::stringWithUTF8Data(value.toByteArray());
+    return text.isNull() ? QVariant() : QVariant(text);
+}
+
+QVariant KTString_KTDataTransformer::reverseTransformedValue(const QVariant &value) const
+{
+    if (value.typeId() != QMetaType::QString || NSObject::isNil(value))
+        return {};
+    return value.toString().toUtf8();
+}

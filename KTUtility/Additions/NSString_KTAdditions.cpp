@@ -1,0 +1,87 @@
+#include "NSString_KTAdditions.h"
+
+#include "Platform/AppKit/NSFont.h"
+#include "Platform/Foundation/NSDecimalNumber.h"
+#include "Platform/Foundation/NSFileManager.h"
+#include "Platform/Foundation/NSPathUtilities.h"
+#include "Platform/Foundation/NSScanner.h"
+#include "Platform/Foundation/NSStringEncoding.h"
+#include "Platform/Foundation/NSStringFormat.h"
+#include "Platform/Foundation/NSStringValues.h"
+
+#include <QTextCharFormat>
+#include <QUuid>
+
+NSAttributedString KTAdditions::hyperlink(const QString &receiver)
+{
+    QTextCharFormat format;
+    format.setForeground(Qt::blue);
+    format.setFont(NSFont::systemFontOfSize(NSFont::smallSystemFontSize));
+    format.setUnderlineStyle(QTextCharFormat::SingleUnderline);
+    format.setAnchor(true);
+    format.setAnchorHref(receiver);
+    return NSAttributedString(receiver, format);
+}
+
+QString KTAdditions::UUID()
+{
+    return QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
+}
+
+QString KTAdditions::UUIDforXML()
+{
+    return NSString::stringWithFormat(u"%@%@", u"X", UUID());
+}
+
+QString KTAdditions::stringByStrippingCharactersInSet(const QString &receiver,
+                                                      const NSCharacterSet &set)
+{
+    if (receiver.isNull())
+        return {};
+    const NSCharacterSet &blanks = NSCharacterSet::whitespaceAndNewlineCharacterSet();
+    QString result = QStringLiteral("");
+    result.reserve(receiver.size());
+    for (qsizetype index = NSSkipCharacters(receiver, 0, blanks); index < receiver.size();) {
+        const qsizetype end = NSFindCharacter(receiver, index, set);
+        result += QStringView(receiver).sliced(index, end - index);
+        // Deliberate: blanks are skipped before each step, so those behind a removed run go.
+        index = NSSkipCharacters(receiver, end, blanks);
+        index = NSSkipCharacters(receiver, index, set);
+        index = NSSkipCharacters(receiver, index, blanks);
+    }
+    return result;
+}
+
+QVariant KTAdditions::integerNumberValue(const QString &receiver)
+{
+    return QVariant(NSString::integerValue(receiver));
+}
+
+QVariant KTAdditions::decimalNumberValue(const QString &receiver)
+{
+    return QVariant::fromValue(NSDecimalNumber::decimalNumberWithString(receiver));
+}
+
+QVariant KTAdditions::boolNumberValue(const QString &receiver)
+{
+    return QVariant(NSString::boolValue(receiver));
+}
+
+bool KTAdditions::shouldSearchWithCD(const QString &receiver)
+{
+    return NSString::canBeConvertedToEncoding(receiver, NSISOLatin1StringEncoding);
+}
+
+QString KTAdditions::stringByAppendingToFilename(const QString &receiver, const QString &suffix)
+{
+    const QString name = NSString::stringByDeletingPathExtension(receiver) + suffix;
+    return NSString::stringByAppendingPathExtension(name, NSString::pathExtension(receiver));
+}
+
+QString KTAdditions::uniqueFilePathForFilePath(const QString &receiver)
+{
+    QString path = receiver;
+    for (int number = 2; NSFileManager::fileExistsAtPath(path); ++number)
+        path = stringByAppendingToFilename(receiver, NSString::stringWithFormat(u" %d", number));
+    return path;
+}

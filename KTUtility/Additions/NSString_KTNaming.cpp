@@ -1,0 +1,203 @@
+#include "NSString_KTNaming.h"
+
+#include "KTStringTransformCache.h"
+#include "Platform/Foundation/NSScanner.h"
+#include "Platform/Foundation/NSStringCase.h"
+#include "Platform/Foundation/NSStringEncoding.h"
+#include "Platform/Foundation/NSStringTrim.h"
+
+namespace
+{
+using Domain = KTStringTransformCache::Domain;
+
+/// The domains of the shared cache that the transforms fill, looked up by name once.
+struct Domains {
+    KTStringTransformCache &cache = *KTStringTransformCache::sharedCache();
+    Domain &properties = cache.domain(QStringLiteral("properties"));
+    Domain &entities = cache.domain(QStringLiteral("entities"));
+    Domain &tableColumns = cache.domain(QStringLiteral("tableColumns"));
+    Domain &tableNames = cache.domain(QStringLiteral("tableNames"));
+};
+
+const Domains &domains()
+{
+    static const Domains domains;
+    return domains;
+}
+
+/// What the domain remembers for \a original; if nothing, what \a transform makes of it.
+template<typename Transform>
+QString remembered(Domain &domain, const QString &original, Transform transform)
+{
+    if (original.isNull())
+        return {};
+    const auto known = domain.constFind(original);
+    if (known != domain.constEnd())
+        return *known;
+    const QString transformed = transform(original);
+    domain.insert(original, transformed);
+    return transformed;
+}
+
+QString lastPiece(const QString &string)
+{
+    return string.mid(string.lastIndexOf(u'.') + 1);
+}
+
+QString capitalisedWord(const QString &word)
+{
+    return NSString::stringByUppercasingFirstCharacter(NSString::lowercaseString(word));
+}
+
+bool beginsWithCapital(const QString &word)
+{
+    return NSCharacterSet::uppercaseLetterCharacterSet().characterIsMember(
+        NSCodePointAt(word, 0).character);
+}
+
+QString lowerCasedSingleWord(const QString &word)
+{
+    return beginsWithCapital(word) ? NSString::stringByLowercasingFirstCharacter(word) : word;
+}
+
+QString makePropertyString(const QString &trimmed)
+{
+    return KTAdditions::stringWithString(KTAdditions::bumpyCaseStringFromString(trimmed, false),
+                                         NSCharacterSet::alphanumericCharacterSet());
+}
+
+QString makeLibraryEntityName(const QString &string)
+{
+    QString name = KTAdditions::lowerCaseNameFromString(lastPiece(string));
+    if (name.isEmpty() || !NSString::canBeConvertedToEncoding(name, NSASCIIStringEncoding))
+        name = QStringLiteral("library");
+    return name.startsWith(u"lib_") ? name : QString(u"lib_" + name);
+}
+} // namespace
+
+QString KTAdditions::bumpyCaseStringFromString(const QString &string, bool uppercaseFirst)
+{
+    if (string.isEmpty())
+        return string;
+    const QStringList words = string.split(u' ');
+    if (!uppercaseFirst && words.size() == 1)
+        return lowerCasedSingleWord(string);
+    QString result = uppercaseFirst ? QString() : NSString::lowercaseString(words.first());
+    for (const QString &word : words.sliced(uppercaseFirst ? 0 : 1))
+        result += capitalisedWord(word);
+    return result;
+}
+
+QString KTAdditions::stringFromBumpyCaseString(const QString &string)
+{
+    if (string.isEmpty())
+        return string;
+    const NSCharacterSet &capitals = NSCharacterSet::uppercaseLetterCharacterSet();
+    QString result;
+    qsizetype start = 0;
+    const auto closePiece = [&](qsizetype end) {
+        const QString piece = string.sliced(start, end - start);
+        result += start == 0 ? NSString::capitalizedString(piece) : QString(u' ' + piece);
+        start = end;
+    };
+    for (qsizetype index = 0; index < string.size();) {
+        const NSCodePoint point = NSCodePointAt(string, index);
+        if (index > start && capitals.characterIsMember(point.character))
+            closePiece(index);
+        index += point.length;
+    }
+    closePiece(string.size());
+    return result;
+}
+
+QString KTAdditions::stringWithString(const QString &string, const NSCharacterSet &andFilter)
+{
+    if (string.isNull())
+        return {};
+    const NSCharacterSet &blanks = NSCharacterSet::whitespaceAndNewlineCharacterSet();
+    QString result = QStringLiteral("");
+    result.reserve(string.size());
+    for (qsizetype index = 0; index < string.size();) {
+        const NSCodePoint point = NSCodePointAt(string, index);
+        // Deliberate: blanks are skipped before the set is asked.
+        if (!blanks.characterIsMember(point.character)
+            && andFilter.characterIsMember(point.character))
+            result += QStringView(string).sliced(index, point.length);
+        index += point.length;
+    }
+    return result;
+}
+
+QString KTAdditions::lowerCaseNameFromString(const QString &string)
+{
+    if (string.isNull())
+        return {};
+    const NSCharacterSet &alphanumerics = NSCharacterSet::alphanumericCharacterSet();
+    QString result = QStringLiteral("");
+    qsizetype start = NSFindCharacter(string, 0, alphanumerics);
+    while (start < string.size()) {
+        const qsizetype end = NSSkipCharacters(string, start, alphanumerics);
+        if (!result.isEmpty())
+            result += u'_';
+        result += NSString::lowercaseString(string.sliced(start, end - start));
+        start = NSFindCharacter(string, end, alphanumerics);
+    }
+    return result;
+}
+
+QString KTAdditions::propertyStringFromString(const QString &string)
+{
+    return remembered(domains().properties, NSString::stringByTrimmingWhitespaceAndNewlines(string),
+                      makePropertyString);
+}
+
+QString KTAdditions::entityStringFromString(const QString &string)
+{
+    return remembered(domains().entities, string, [](const QString &original) {
+        return bumpyCaseStringFromString(lastPiece(original), true);
+    });
+}
+
+QString KTAdditions::libraryEntityNameFromString(const QString &string)
+{
+    return remembered(domains().entities, string, makeLibraryEntityName);
+}
+
+QString KTAdditions::propertyString(const QString &receiver)
+{
+    return propertyStringFromString(receiver);
+}
+
+QString KTAdditions::entityString(const QString &receiver)
+{
+    return entityStringFromString(receiver);
+}
+
+QString KTAdditions::libraryEntityName(const QString &receiver)
+{
+    return libraryEntityNameFromString(receiver);
+}
+
+QString KTAdditions::labelString(const QString &receiver)
+{
+    return stringFromBumpyCaseString(receiver);
+}
+
+QString KTAdditions::tableColumnString(const QString &receiver)
+{
+    return remembered(domains().tableColumns, receiver, [](const QString &original) {
+        return QString(u"kt_" + propertyStringFromString(original));
+    });
+}
+
+QString KTAdditions::tableNameString(const QString &receiver)
+{
+    return remembered(domains().tableNames, receiver, [](const QString &original) {
+        return QString(u"kt_" + lowerCaseNameFromString(lastPiece(original)));
+    });
+}
+
+QString KTAdditions::properNounString(const QString &receiver)
+{
+    return NSString::stringByUppercasingFirstCharacter(receiver);
+}

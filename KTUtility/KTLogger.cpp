@@ -1,0 +1,209 @@
+#include "KTLogger.h"
+
+#include "KTLogCapture.h"
+#include "KTLogLine_p.h"
+#include "Platform/AppKit/NSMenuItem.h"
+#include "Platform/Foundation/NSBundle.h"
+#include "Platform/Foundation/NSException.h"
+#include "Platform/Foundation/NSFileManager.h"
+#include "Platform/Foundation/NSLog.h"
+#include "Platform/Foundation/NSPathUtilities.h"
+#include "Platform/Foundation/NSPropertyListSerialization.h"
+#include "Platform/Foundation/NSSearchPath.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <climits>
+#include <fcntl.h>
+
+const QString KTLoggerWriteToFileKey = QStringLiteral("writeToFile");
+const QString KTLoggerDisplayFileLineKey = QStringLiteral("displayFileLine");
+const QString KTLoggerComponentsKey = QStringLiteral("components");
+
+std::atomic<KTLogger *> KTLogger::_sharedLogger = nullptr;
+
+namespace
+{
+/// No level at all: below every level that can be asked for.
+constexpr int NothingIsOn = INT_MIN;
+
+/// The user's Library folder; nil if there is none.
+QString libraryFolder()
+{
+    const QStringList folders =
+        NSSearchPathForDirectoriesInDomains(NSLibraryDirectory, NSUserDomainMask, true);
+    return folders.isEmpty() ? QString() : folders.first();
+}
+
+/// A boolean setting: a number or a text; \a missing for anything else.
+bool booleanSetting(const QVariantMap &settings, const QString &key, bool missing)
+{
+    const QVariant value = settings.value(key);
+    const bool isBoolean = NSObject::isNumber(value) || value.typeId() == QMetaType::QString;
+    return isBoolean ? NSObject::boolValue(value) : missing;
+}
+
+/// A level as it stands in the settings: a number or a text; 0 for anything else.
+int levelSetting(const QVariant &value)
+{
+    return int(std::clamp<qint64>(NSObject::integerValue(value), INT_MIN, INT_MAX));
+}
+
+int openLogFile(const QString &path)
+{
+    return ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+}
+} // namespace
+
+KTLogger *KTLogger::createSharedLogger()
+{
+    // Never destroyed: objects that log while the process ends must still find it.
+    static KTLogger *const logger = new KTLogger;
+    _sharedLogger.store(logger, std::memory_order_release);
+    return logger;
+}
+
+KTLogger::KTLogger()
+    : _highestLevel(NothingIsOn)
+{
+    initializeAllComponentsArray();
+    const QString logFile = NSString::stringWithFormat(u"%@/cobble.log", logFolder());
+    _fileHandle = std::make_unique<NSFileHandle>(openLogFile(logFile));
+    _userFile = configFilePath();
+    loadConfigFile(_userFile);
+}
+
+KTLogger::~KTLogger() = default;
+
+// --- Configuration ------------------------------------------------------------------------------
+
+QString KTLogger::configFilePath() const
+{
+    const QString library = libraryFolder();
+    if (library.isNull())
+        return {};
+    return NSString::stringWithFormat(u"%@/Preferences/%@.ktlogger.plist", library,
+                                      NSHostIdentifier());
+}
+
+QString KTLogger::logFolder() const
+{
+    const QString library = libraryFolder();
+    const QString folder = NSString::stringWithFormat(
+        u"%@/Logs", library.isNull() ? NSTemporaryDirectory() : library);
+    if (!NSFileManager::fileExistsAtPath(folder))
+        NSFileManager::createDirectoryAtPath(folder, true);
+    return folder;
+}
+
+void KTLogger::initializeAllComponentsArray()
+{
+    _allComponentsArray = {
+        kLog_AppleScript, kLog_validateMenuItem, kLog_BlockSelection, kLog_CalcEngine,
+        kLog_DragDrop, kLog_DataMap, kLog_EventsEngine, kLog_ExportXML, kLog_ExportCobble,
+        kLog_FieldPanel, kLog_FieldGroup, kLog_FieldMedia, kLog_FieldText, kLog_FormCell,
+        kLog_FormContentSelector, kLog_FormScrollView, kLog_FormViewController,
+        kLog_FormattersCurrency, kLog_FormattersDateTimes, kLog_FormattersNumbers,
+        kLog_FormattersPhoneNumbers, kLog_ImportDialog, kLog_ImportXML, kLog_KeyboardNavigation,
+        kLog_Lifecycle, kLog_MainWindow, kLog_MediaFilenames, kLog_MediaIKView, kLog_MediaQTView,
+        kLog_MediaView, kLog_Printing, kLog_RollOverButtons, kLog_SchemaManager, kLog_SourceList,
+        kLog_SourceItem, kLog_TableViewController, kLog_Tests, kLog_Undo, kLog_Upgrade,
+    };
+}
+
+/// Takes over the components and what the test at call sites needs of them.
+void KTLogger::setComponents(const std::optional<QVariantMap> &components)
+{
+    _components = components;
+    _levels.clear();
+    int highest = NothingIsOn;
+    const QVariantMap entries = components.value_or(QVariantMap());
+    for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
+        const int level = levelSetting(entry.value());
+        _levels.insert(entry.key(), level);
+        if (level != 0)
+            highest = std::max(highest, level);
+    }
+    _highestLevel.store(highest, std::memory_order_relaxed);
+}
+
+void KTLogger::loadConfigFile(const QString &path)
+{
+    setComponents(std::nullopt);
+    if (path.isNull() || !NSFileManager::fileExistsAtPath(path))
+        return;
+    const QVariantMap settings =
+        NSDictionary::dictionaryWithContentsOfFile(path).value_or(QVariantMap());
+    _writeToFile = booleanSetting(settings, KTLoggerWriteToFileKey, true);
+    _displayFileLine = booleanSetting(settings, KTLoggerDisplayFileLineKey, false);
+    const QVariant components = settings.value(KTLoggerComponentsKey);
+    if (components.typeId() == QMetaType::QVariantMap)
+        setComponents(components.toMap());
+}
+
+void KTLogger::writeConfigFile()
+{
+    // Deliberate: without components there is nothing to store under their key, which raises as
+    // storing nil in a dictionary does.
+    if (!_components)
+        NSException::raise(NSInvalidArgumentException,
+                           NSString::stringWithFormat(
+                               u"*** -[NSMutableDictionary setObject:forKey:]: attempt to insert "
+                               u"nil value (key: %@)",
+                               KTLoggerComponentsKey));
+    const QVariantMap settings = {{KTLoggerWriteToFileKey, _writeToFile},
+                                  {KTLoggerDisplayFileLineKey, _displayFileLine},
+                                  {KTLoggerComponentsKey, *_components}};
+    if (!_userFile.isNull())
+        NSDictionary::writeToFile(settings, _userFile, true);
+    loadConfigFile(_userFile);
+}
+
+void KTLogger::setLevelOfComponent(int level, const QString &component)
+{
+    QVariantMap components = _components.value_or(QVariantMap());
+    components.insert(component, level);
+    setComponents(components);
+    writeConfigFile();
+}
+
+// --- Logging ------------------------------------------------------------------------------------
+
+bool KTLogger::isLevelReached(const QString &component, int logLevel) const
+{
+    const int level = _levels.value(component);
+    return level != 0 && logLevel <= level;
+}
+
+void KTLogger::logArguments(const QString &component, int logLevel, const char *file,
+                            int lineNumber, QStringView format,
+                            std::span<const NSFormatArgument> arguments)
+{
+    const std::string_view fileName = KTLogLine::lastPathComponent(file);
+    const QString message = format.isNull()
+        ? QStringLiteral("<null>")
+        : NSString::stringWithFormatArguments(format, arguments);
+    if (_capture)
+        _capture->add(component, logLevel, fileName, lineNumber, message);
+    else if (_writeToFile)
+        writeLineToFile(component, fileName, lineNumber, message);
+    else
+        writeLineToConsole(component, fileName, lineNumber, message);
+}
+
+void KTLogger::writeLineToFile(const QString &component, std::string_view fileName, int lineNumber,
+                               QStringView message)
+{
+    // Deliberate: lines in the file always carry file and line, whatever _displayFileLine says.
+    _fileHandle->writeData(KTLogLine::line(component, fileName, lineNumber, message));
+}
+
+void KTLogger::writeLineToConsole(const QString &component, std::string_view fileName,
+                                  int lineNumber, QStringView message)
+{
+    if (_displayFileLine)
+        NSLog(u"[%@:%d][%@] %@", fileName, lineNumber, component, message);
+    else
+        NSLog(u"[%@] %@", component, message);
+}

@@ -1,0 +1,95 @@
+#include "NSMenuItem.h"
+
+#include "Platform/Foundation/NSInvoker.h"
+
+#include <QPointer>
+
+namespace
+{
+constexpr char ActionProperty[] = "_ns_action";
+constexpr char TargetProperty[] = "_ns_target";
+constexpr char TagProperty[] = "_ns_tag";
+constexpr char ValidatedProperty[] = "_ns_validated";
+
+bool answers(const QObject *object, const char *signature)
+{
+    return object && object->metaObject()->indexOfMethod(signature) >= 0;
+}
+
+void validate(QAction *item)
+{
+    QObject *target = NSMenuItem::target(item);
+    if (!answers(target, "validateMenuItem(QAction*)"))
+        return;
+    NSInvoker validator("validateMenuItem:", {QVariant::fromValue(item)});
+    item->setEnabled(validator.isTrue(NSKeyValueTarget::of(target)));
+}
+
+/// Sends the item's action. Qt has toggled the check mark of a checkable item by now; whose mark
+/// stands is for the target to say, so it is asked again.
+void send(QAction *item)
+{
+    const QPointer<QAction> guard(item);
+    NSInvoker action(NSMenuItem::action(item), {QVariant::fromValue(item)});
+    validate(item);
+    action.perform(NSKeyValueTarget::of(NSMenuItem::target(item)));
+    if (guard)
+        validate(item);
+}
+
+/// Makes \a menu ask its targets whenever it is about to be shown.
+void keepValidated(QMenu *menu)
+{
+    if (menu->property(ValidatedProperty).toBool())
+        return;
+    menu->setProperty(ValidatedProperty, true);
+    QObject::connect(menu, &QMenu::aboutToShow, menu, [menu] { NSMenuItem::validateMenu(menu); });
+}
+} // namespace
+
+QAction *NSMenuItem::addItem(QMenu *menu, const QString &title, const NSSelector &action,
+                             QObject *target)
+{
+    keepValidated(menu);
+    // In Qt a "&" marks the letter of a shortcut; titles here have none.
+    QAction *item = menu->addAction(QString(title).replace(u'&', QStringLiteral("&&")));
+    item->setProperty(TargetProperty, QVariant::fromValue(QPointer<QObject>(target)));
+    if (!action.isNull()) {
+        item->setProperty(ActionProperty, action.text());
+        QObject::connect(item, &QAction::triggered, item, [item] { send(item); });
+    }
+    return item;
+}
+
+int NSMenuItem::tag(const QAction *item)
+{
+    return item->property(TagProperty).toInt();
+}
+
+void NSMenuItem::setTag(QAction *item, int tag)
+{
+    item->setProperty(TagProperty, tag);
+}
+
+NSSelector NSMenuItem::action(const QAction *item)
+{
+    return NSSelector(item->property(ActionProperty).toString());
+}
+
+QObject *NSMenuItem::target(const QAction *item)
+{
+    return item->property(TargetProperty).value<QPointer<QObject>>();
+}
+
+void NSMenuItem::setState(QAction *item, bool isOn)
+{
+    if (isOn && !item->isCheckable())
+        item->setCheckable(true);
+    item->setChecked(isOn);
+}
+
+void NSMenuItem::validateMenu(QMenu *menu)
+{
+    for (QAction *item : menu->actions())
+        validate(item);
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/Foundation/NSSelector.h>
+
+#include <QAction>
+#include <QMenu>
+#include <QString>
+
+/// Menu items with an action named by a selector, a target and a tag: what a QAction lacks of the
+/// platform's menu items.
+///
+/// Choosing an item calls the target's invokable method of the action's name with the item as its
+/// argument. Before a menu is shown, and before an item is chosen by its shortcut or by code, the
+/// target is asked `validateMenuItem(QAction *)`, if it answers that: it may set the check mark,
+/// and its answer enables the item.
+///
+/// \code
+/// QMenu menu;
+/// QAction *item = NSMenuItem::addItem(&menu, QStringLiteral("3"), "setComponentLogLevel:", logger);
+/// NSMenuItem::setTag(item, 173);
+/// item->trigger();    // logger->setComponentLogLevel(item)
+/// \endcode
+namespace NSMenuItem
+{
+/// Appends an item to \a menu.
+/// \param action the selector that \a target is sent; a null one for items that only hold a menu.
+/// \return the item, owned by the menu.
+KTUTILITY_EXPORT QAction *addItem(QMenu *menu, const QString &title, const NSSelector &action,
+                                  QObject *target);
+
+/// The number that an item carries for its action; 0 unless set.
+KTUTILITY_EXPORT int tag(const QAction *item);
+KTUTILITY_EXPORT void setTag(QAction *item, int tag);
+
+/// The selector that the item sends; null if it has none.
+KTUTILITY_EXPORT NSSelector action(const QAction *item);
+/// The object that the item sends its action to.
+KTUTILITY_EXPORT QObject *target(const QAction *item);
+
+/// Sets the check mark; an item that never had one becomes checkable.
+KTUTILITY_EXPORT void setState(QAction *item, bool isOn);
+
+/// Asks the targets of all items of \a menu, as showing it does.
+KTUTILITY_EXPORT void validateMenu(QMenu *menu);
+} // namespace NSMenuItem

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <KTUtility/KTUtilityExport.h>
+
+#include <QString>
+#include <QVariantMap>
+
+/// A folder that holds a program and what belongs to it: "X.app/Contents/{Info.plist,Linux/x,…}".
+///
+/// \code
+/// NSBundle::mainBundle().bundleIdentifier();    // "org.cobble.Cobble"
+/// \endcode
+class KTUTILITY_EXPORT NSBundle
+{
+public:
+    /// The bundle at a folder; a folder without Contents/Info.plist is one without information.
+    explicit NSBundle(const QString &path);
+
+    /// The bundle of the running program: the "X.app" folder whose Contents/Linux holds the
+    /// executable; for other programs, the folder of the executable.
+    static const NSBundle &mainBundle();
+    /// The bundle folder to which an executable belongs; see mainBundle().
+    static QString bundlePathForExecutable(const QString &executable);
+
+    const QString &bundlePath() const { return _path; }
+    /// What Contents/Info.plist says; empty if it cannot be read.
+    const QVariantMap &infoDictionary() const { return _information; }
+    /// CFBundleIdentifier; nil if there is none.
+    QString bundleIdentifier() const;
+
+private:
+    QString _path;
+    QVariantMap _information;
+};
+
+/// The reverse-DNS name of the host, after which its settings files are named: the main bundle's
+/// identifier, else the desktop file name that the application has set, else "org.cobble.Cobble".
+KTUTILITY_EXPORT QString NSHostIdentifier();

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+#include <QVariantMap>
+
+#include <functional>
+#include <optional>
+
+// Private to NSUserDefaults: the file of a persistent domain.
+namespace NSDefaultsFile
+{
+/// The folder of the files; nil if the user has no Library folder.
+QString folder();
+/// The path of a domain's file; nil if there is no folder.
+QString path(const QString &domain);
+
+/// What the file holds; nothing if there is none or it is damaged.
+std::optional<QVariantMap> read(const QString &domain);
+
+/// Changes the file under its lock: reads it, lets \a change change it, and writes it. A damaged
+/// file is moved aside first.
+/// \return false if it is locked for more than two seconds or cannot be written.
+bool update(const QString &domain, const std::function<void(QVariantMap &)> &change);
+
+/// Removes the file.
+void remove(const QString &domain);
+} // namespace NSDefaultsFile

@@ -1,0 +1,151 @@
+#include "NSKeyValueCoding.h"
+
+#include "NSException.h"
+#include "NSObject.h"
+#include "NSStringFormat.h"
+
+#include <QMetaMethod>
+#include <QMetaProperty>
+
+namespace
+{
+using Kind = NSKeyValueTarget::Kind;
+
+[[noreturn]] void raiseUndefinedKey(const NSKeyValueTarget &receiver, const QString &key)
+{
+    NSException::raise(NSUndefinedKeyException,
+                       NSString::stringWithFormat(
+                           u"[%@ setValue:forUndefinedKey:]: this class is not key value "
+                           u"coding-compliant for the key %@.",
+                           receiver.description(), key));
+}
+
+bool isScalar(QMetaType type)
+{
+    return NSObject::isNumber(QVariant(type)) || (type.flags() & QMetaType::IsEnumeration);
+}
+
+/// The value as the type that a setter takes.
+QVariant converted(const NSKeyValueTarget &receiver, const QVariant &value, QMetaType type,
+                   const QString &key)
+{
+    if (type.id() == QMetaType::QVariant)
+        return value;
+    const bool isNil = NSObject::isNil(value) || isNSNull(value);
+    if (isNil && isScalar(type))
+        NSException::raise(NSInvalidArgumentException,
+                           NSString::stringWithFormat(
+                               u"[%@ setNilValueForKey]: could not set nil as the value for the key %@.",
+                               receiver.description(), key));
+    QVariant result = isNil ? QVariant(type) : value;
+    if (result.metaType() != type && !result.convert(type))
+        NSException::raise(
+            NSInvalidArgumentException,
+            NSString::stringWithFormat(u"[%@ setValue:forKey:]: a value of type %s for the key %@.",
+                                       receiver.description(), value.typeName(), key));
+    return result;
+}
+
+bool setProperty(const NSKeyValueTarget &receiver, const QVariant &value, const QString &key)
+{
+    const int index = receiver.metaObject->indexOfProperty(key.toUtf8().constData());
+    if (index < 0 || !receiver.metaObject->property(index).isWritable())
+        return false;
+    const QMetaProperty property = receiver.metaObject->property(index);
+    const QVariant typed = converted(receiver, value, property.metaType(), key);
+    if (receiver.kind == Kind::Object)
+        return property.write(receiver.object(), typed);
+    return property.writeOnGadget(const_cast<void *>(receiver.instance), typed);
+}
+
+/// An invokable method of this name with one parameter, or an invalid one.
+QMetaMethod setterNamed(const QMetaObject *metaObject, const QByteArray &name)
+{
+    for (int index = metaObject->methodCount() - 1; index >= 0; --index) {
+        const QMetaMethod method = metaObject->method(index);
+        if (method.name() == name && method.parameterCount() == 1
+            && method.methodType() != QMetaMethod::Signal)
+            return method;
+    }
+    return {};
+}
+
+bool callSetter(const NSKeyValueTarget &receiver, const QVariant &value, const QString &key)
+{
+    const QByteArray utf8 = key.toUtf8();
+    const QByteArray capitalised = utf8.left(1).toUpper() + utf8.mid(1);
+    QMetaMethod method = setterNamed(receiver.metaObject, "set" + capitalised);
+    if (!method.isValid())
+        method = setterNamed(receiver.metaObject, "_set" + capitalised);
+    if (!method.isValid())
+        return false;
+    const QMetaType type = method.parameterMetaType(0);
+    QVariant typed = converted(receiver, value, type, key);
+    const bool isVariant = type.id() == QMetaType::QVariant;
+    const QGenericArgument argument(type.name(), isVariant ? &typed : typed.constData());
+    return receiver.kind == Kind::Object
+        ? method.invoke(receiver.object(), Qt::DirectConnection, argument)
+        : method.invokeOnGadget(const_cast<void *>(receiver.instance), argument);
+}
+
+bool setDynamicProperty(const NSKeyValueTarget &receiver, const QVariant &value, const QString &key)
+{
+    const QByteArray name = key.toUtf8();
+    if (receiver.kind != Kind::Object || !receiver.object()->dynamicPropertyNames().contains(name))
+        return false;
+    receiver.object()->setProperty(name.constData(), value);
+    return true;
+}
+
+void setValueOfElements(QVariant &receiver, const QVariant &value, const QString &key)
+{
+    QVariantList elements = receiver.value<QVariantList>();
+    for (QVariant &element : elements)
+        NSKeyValueCoding::setValue(element, value, key);
+    if (receiver.typeId() == QMetaType::QVariantList)
+        receiver = elements;
+}
+} // namespace
+
+void NSKeyValueCoding::setValueOfTarget(const NSKeyValueTarget &receiver, const QVariant &value,
+                                        const QString &forKey)
+{
+    if (receiver.kind == Kind::Nil)
+        return;
+    const bool isObject = receiver.metaObject && !forKey.isEmpty();
+    if (!isObject
+        || (!setProperty(receiver, value, forKey) && !callSetter(receiver, value, forKey)
+            && !setDynamicProperty(receiver, value, forKey)))
+        raiseUndefinedKey(receiver, forKey);
+}
+
+void NSKeyValueCoding::setValue(QVariantMap &receiver, const QVariant &value, const QString &forKey)
+{
+    if (NSObject::isNil(value))
+        receiver.remove(forKey);
+    else
+        receiver.insert(forKey, value);
+}
+
+void NSKeyValueCoding::setValue(QVariant &receiver, const QVariant &value, const QString &forKey)
+{
+    const NSKeyValueTarget target = NSKeyValueTarget::ofVariant(receiver);
+    switch (target.kind) {
+    case Kind::Map:
+        setValue(*static_cast<QVariantMap *>(receiver.data()), value, forKey);
+        break;
+    case Kind::Collection:
+        setValueOfElements(receiver, value, forKey);
+        break;
+    case Kind::Gadget: {
+        // A gadget inside of a variant: write to the variant's own copy.
+        const bool isPointer = receiver.metaType().flags() & QMetaType::PointerToGadget;
+        setValueOfTarget(isPointer ? target
+                                   : NSKeyValueTarget::ofGadget(target.metaObject, receiver.data()),
+                         value, forKey);
+        break;
+    }
+    default:
+        setValueOfTarget(target, value, forKey);
+    }
+}

@@ -1,0 +1,120 @@
+#pragma once
+
+#include <KTUtility/KTUtilityExport.h>
+
+#include <QObject>
+#include <QPointer>
+#include <QSharedPointer>
+#include <QVariant>
+
+#include <concepts>
+#include <memory>
+#include <type_traits>
+
+/// A reference to anything that answers keys or selectors, without its static type: a QObject, a
+/// gadget, a map, a collection, nil. It owns nothing and is made for one access.
+struct KTUTILITY_EXPORT NSKeyValueTarget {
+    enum class Kind : quint8 {
+        Nil,        ///< answers nil to everything
+        Object,     ///< instance is a QObject
+        Gadget,     ///< instance is a gadget of class metaObject
+        Map,        ///< instance is a QVariantMap
+        Hash,       ///< instance is a QVariantHash
+        Collection, ///< instance is a QVariant that holds a list or set
+        Null,       ///< the null object
+        Opaque,     ///< instance is a QVariant that answers no keys (a number, a text)
+    };
+
+    Kind kind = Kind::Nil;
+    const QMetaObject *metaObject = nullptr;
+    const void *instance = nullptr;
+
+    static NSKeyValueTarget of(const QObject *object)
+    {
+        if (!object)
+            return {};
+        return {Kind::Object, object->metaObject(), object};
+    }
+    static NSKeyValueTarget ofGadget(const QMetaObject *metaObject, const void *gadget)
+    {
+        return gadget ? NSKeyValueTarget{Kind::Gadget, metaObject, gadget} : NSKeyValueTarget{};
+    }
+    /// What a variant holds; \a value must outlive the target.
+    static NSKeyValueTarget ofVariant(const QVariant &value);
+
+    /// The object, for Kind::Object.
+    QObject *object() const { return const_cast<QObject *>(static_cast<const QObject *>(instance)); }
+    /// "<Class 0xaddress>" for exception texts.
+    QString description() const;
+};
+
+/// A class that has a meta-object and is no QObject.
+template<typename T>
+concept NSGadget = std::is_class_v<T> && !std::derived_from<T, QObject>
+    && requires { { T::staticMetaObject } -> std::convertible_to<const QMetaObject &>; };
+
+namespace NSKeyValueTargets
+{
+template<typename T>
+    requires std::derived_from<T, QObject>
+NSKeyValueTarget target(T *object)
+{
+    return NSKeyValueTarget::of(object);
+}
+
+template<NSGadget T>
+NSKeyValueTarget target(T *gadget)
+{
+    return NSKeyValueTarget::ofGadget(&T::staticMetaObject, gadget);
+}
+
+template<NSGadget T>
+NSKeyValueTarget target(const T &gadget)
+{
+    return NSKeyValueTarget::ofGadget(&T::staticMetaObject, &gadget);
+}
+
+template<typename T>
+NSKeyValueTarget target(const QPointer<T> &object)
+{
+    return target(object.data());
+}
+
+template<typename T>
+NSKeyValueTarget target(const QSharedPointer<T> &object)
+{
+    return target(object.data());
+}
+
+template<typename T>
+NSKeyValueTarget target(const std::shared_ptr<T> &object)
+{
+    return target(object.get());
+}
+
+// Exactly these three: numbers and texts convert to QVariant and must not be taken for objects.
+template<std::same_as<QVariant> T>
+NSKeyValueTarget target(const T &value)
+{
+    return NSKeyValueTarget::ofVariant(value);
+}
+
+template<std::same_as<QVariantMap> T>
+NSKeyValueTarget target(const T &map)
+{
+    return {NSKeyValueTarget::Kind::Map, nullptr, &map};
+}
+
+template<std::same_as<QVariantHash> T>
+NSKeyValueTarget target(const T &hash)
+{
+    return {NSKeyValueTarget::Kind::Hash, nullptr, &hash};
+}
+} // namespace NSKeyValueTargets
+
+/// Types whose values answer keys and selectors: pointers to QObjects and gadgets, plain, smart
+/// and guarded; gadgets; QVariant, QVariantMap and QVariantHash. What merely converts to QVariant
+/// (a number, a text) is none.
+template<typename T>
+concept NSKeyValueCodable =
+    requires(const T &value) { { NSKeyValueTargets::target(value) } -> std::same_as<NSKeyValueTarget>; };

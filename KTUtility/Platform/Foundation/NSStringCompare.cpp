@@ -1,0 +1,122 @@
+#include "NSStringCompare.h"
+
+#include "NSCharacterSet.h"
+
+#include <unicode/coll.h>
+#include <unicode/normalizer2.h>
+#include <unicode/unistr.h>
+
+#include <QLocale>
+
+#include <algorithm>
+#include <memory>
+
+namespace
+{
+/// A text as ICU sees it, without a copy.
+icu::UnicodeString aliasOf(QStringView text)
+{
+    return icu::UnicodeString(false, text.utf16(), int32_t(text.size()));
+}
+
+std::unique_ptr<icu::Collator> collatorFor(const QString &localeName)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Locale locale = localeName == u"C" ? icu::Locale::getRoot()
+                                                  : icu::Locale(localeName.toLatin1().constData());
+    std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(locale, status));
+    if (U_FAILURE(status))
+        return nullptr;
+    collator->setAttribute(UCOL_STRENGTH, UCOL_TERTIARY, status);
+    collator->setAttribute(UCOL_CASE_LEVEL, UCOL_ON, status);
+    collator->setAttribute(UCOL_CASE_FIRST, UCOL_LOWER_FIRST, status);
+    collator->setAttribute(UCOL_ALTERNATE_HANDLING, UCOL_NON_IGNORABLE, status);
+    collator->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_OFF, status);
+    collator->setAttribute(UCOL_NORMALIZATION_MODE, UCOL_ON, status);
+    return collator;
+}
+
+/// The collator of the current locale; made again only when the locale changes.
+const icu::Collator *currentCollator()
+{
+    thread_local QLocale locale = QLocale::c();
+    thread_local std::unique_ptr<icu::Collator> collator;
+    if (!collator || locale != QLocale()) {
+        locale = QLocale();
+        collator = collatorFor(locale.name());
+    }
+    return collator.get();
+}
+
+/// The canonical decomposition (NFD), case folded unless cases are told apart.
+icu::UnicodeString decomposed(QStringView text, Qt::CaseSensitivity sensitivity)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    icu::UnicodeString result = icu::Normalizer2::getNFDInstance(status)->normalize(aliasOf(text), status);
+    return sensitivity == Qt::CaseSensitive ? result : result.foldCase();
+}
+
+bool needsDecomposition(QStringView text)
+{
+    return std::any_of(text.begin(), text.end(), [](QChar unit) { return unit.unicode() >= 0xC0; });
+}
+
+/// True if a canonical sequence can end before \a index: no mark follows.
+bool isBoundary(QStringView text, qsizetype index)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    return index >= text.size()
+        || icu::Normalizer2::getNFDInstance(status)->hasBoundaryBefore(
+            aliasOf(text).char32At(int32_t(index)));
+}
+} // namespace
+
+std::weak_ordering NSString::localizedCompare(const QString &left, const QString &right)
+{
+    const icu::Collator *collator = currentCollator();
+    if (!collator)
+        return QString::compare(left, right) <=> 0;
+    UErrorCode status = U_ZERO_ERROR;
+    return int(collator->compare(aliasOf(left), aliasOf(right), status)) <=> 0;
+}
+
+qsizetype NSString::lengthOfCanonicalPrefix(QStringView text, QStringView prefix,
+                                            Qt::CaseSensitivity sensitivity)
+{
+    if (prefix.isEmpty() || !needsDecomposition(prefix))
+        return !prefix.isEmpty() && text.startsWith(prefix, sensitivity)
+                && isBoundary(text, prefix.size())
+            ? prefix.size()
+            : 0;
+    // No character decomposes into more than four, so an equivalent form is at most that longer.
+    const icu::UnicodeString wanted = decomposed(prefix, sensitivity);
+    const qsizetype limit = std::min(text.size(), qsizetype(wanted.length()) * 2);
+    for (qsizetype length = 1; length <= limit; ++length) {
+        if (!isBoundary(text, length))
+            continue;
+        const icu::UnicodeString found = decomposed(text.first(length), sensitivity);
+        if (found == wanted)
+            return length;
+        if (found.length() > wanted.length())
+            break;
+    }
+    return 0;
+}
+
+qsizetype NSString::indexOfCanonical(const QString &text, QStringView string, qsizetype from,
+                                     Qt::CaseSensitivity sensitivity)
+{
+    if (string.isEmpty())
+        return -1;
+    if (!needsDecomposition(string))
+        return text.indexOf(string, from, sensitivity);
+    const char32_t first = char32_t(decomposed(string, sensitivity).char32At(0));
+    for (qsizetype index = from; index < text.size(); ++index) {
+        const QStringView rest = QStringView(text).sliced(index);
+        const QStringView character = rest.first(NSCodePointAt(rest, 0).length);
+        if (char32_t(decomposed(character, sensitivity).char32At(0)) == first
+            && lengthOfCanonicalPrefix(rest, string, sensitivity) > 0)
+            return index;
+    }
+    return -1;
+}

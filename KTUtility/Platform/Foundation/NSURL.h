@@ -1,0 +1,42 @@
+#pragma once
+
+#include <KTUtility/KTUtilityExport.h>
+
+#include <QMetaType>
+#include <QString>
+
+#include <optional>
+
+/// A URL kept exactly as it was written.
+///
+/// Use it where the text of a URL must survive (links in notes, media URLs): QUrl lower-cases
+/// hosts, encodes them and rejects names that are legal here. It checks what the platform checks,
+/// which is which characters may stand in a URL, and no more.
+///
+/// \code
+/// const auto url = NSURL::URLWithString(QStringLiteral("cobblemedia://Photo.0.jpg"));
+/// url->absoluteString();    // "cobblemedia://Photo.0.jpg"
+/// url->scheme();            // "cobblemedia"
+/// NSURL::URLWithString(QStringLiteral("http://a b"));    // std::nullopt
+/// \endcode
+class KTUTILITY_EXPORT NSURL
+{
+public:
+    /// The URL that \a text is (RFC 2396 and brackets).
+    /// \return nothing for nil, the empty text, and texts that hold a character that may not stand
+    /// in a URL: anything but ASCII, blanks, controls, `" < > \ ^ ` { | }`, a "%" without two
+    /// hexadecimal digits, a second "#".
+    static std::optional<NSURL> URLWithString(const QString &text);
+
+    /// The text that the URL was made from.
+    const QString &absoluteString() const { return _text; }
+    /// What stands before the first ":", in the case that was typed; nil for relative URLs.
+    QString scheme() const;
+
+    friend bool operator==(const NSURL &left, const NSURL &right) { return left._text == right._text; }
+
+private:
+    explicit NSURL(const QString &text) : _text(text) {}
+
+    QString _text;
+};

@@ -1,0 +1,123 @@
+#pragma once
+
+#include <KTUtility/KTUtilityExport.h>
+
+#include <QByteArray>
+#include <QMap>
+#include <QObject>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include <optional>
+
+/// Settings by key, looked up in several domains one after the other: the command line
+/// ("-key value"), the application, the global domain, and what was registered as defaults.
+///
+/// Persistent domains are property lists, "<domain>.plist" in the Preferences folder of the user's
+/// Library. A set is written at once: under a lock, re-read first, so that another process that
+/// changed other keys loses nothing. A damaged file counts as empty and is kept beside as
+/// "<domain>.plist.damaged" before it is replaced. Where nothing can be written (no home folder,
+/// disk full), values live as long as the object. For the main thread.
+///
+/// \code
+/// NSUserDefaults *defaults = NSUserDefaults::standardUserDefaults();
+/// defaults->registerDefaults({{QStringLiteral("rows"), 20}});
+/// defaults->integerForKey(QStringLiteral("rows"));    // 20
+/// defaults->setObject(50, QStringLiteral("rows"));    // written
+/// defaults->removeObjectForKey(QStringLiteral("rows"));    // 20 again
+/// \endcode
+class KTUTILITY_EXPORT NSUserDefaults : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The settings of the application, with the process's own command line.
+    static NSUserDefaults *standardUserDefaults();
+
+    /// Settings of another domain, or with another command line.
+    /// \throws NSException NSInvalidArgumentException if the domain cannot be a file name.
+    explicit NSUserDefaults(const QString &applicationDomain, const QStringList &arguments = {});
+
+    // --- Reading. What is missing is nil, 0 or false.
+
+    /// The value in the first domain that has the key.
+    QVariant objectForKey(const QString &key) const;
+    /// A text, or the description of a number (true is "1").
+    QString stringForKey(const QString &key) const;
+    /// A number other than 0, or a text as NSString::boolValue() reads it.
+    bool boolForKey(const QString &key) const;
+    /// A number, or a text as NSString::integerValue() reads it.
+    qint64 integerForKey(const QString &key) const;
+    /// A number, or a text as NSString::doubleValue() reads it.
+    double doubleForKey(const QString &key) const;
+    QVariantList arrayForKey(const QString &key) const;
+    /// An array of texts only; else empty.
+    QStringList stringArrayForKey(const QString &key) const;
+    QVariantMap dictionaryForKey(const QString &key) const;
+    QByteArray dataForKey(const QString &key) const;
+    /// All keys with the values that objectForKey() gives.
+    QVariantMap dictionaryRepresentation() const;
+
+    // --- Writing to the application's domain
+
+    /// Sets a value and writes it; nil removes the key.
+    /// \throws NSException NSInvalidArgumentException if the value is no property list.
+    void setObject(const QVariant &value, const QString &forKey);
+    /// Removes a value, which uncovers that of the next domain.
+    void removeObjectForKey(const QString &key);
+    /// Adds values for keys that no other domain has. They are never written.
+    void registerDefaults(const QVariantMap &defaults);
+    /// Takes over what other processes wrote and writes what could not be written before.
+    /// \return false if something could not be written.
+    bool synchronize();
+
+    // --- Domains by name
+
+    /// What a persistent domain holds; nothing if it does not exist.
+    std::optional<QVariantMap> persistentDomainForName(const QString &name) const;
+    /// Replaces all of a persistent domain and writes it.
+    /// \throws NSException NSInvalidArgumentException if the name cannot be a file name or a value
+    /// is no property list.
+    void setPersistentDomain(const QVariantMap &domain, const QString &forName);
+    /// Removes a persistent domain and its file.
+    void removePersistentDomainForName(const QString &name);
+    /// The domains that have a file.
+    QStringList persistentDomainNames() const;
+
+    /// What a volatile domain holds; nothing if it does not exist.
+    std::optional<QVariantMap> volatileDomainForName(const QString &name) const;
+    /// Makes a domain that lives in memory and takes no part in the search.
+    /// \throws NSException NSInvalidArgumentException if there is one of that name.
+    void setVolatileDomain(const QVariantMap &domain, const QString &forName);
+    void removeVolatileDomainForName(const QString &name);
+    QStringList volatileDomainNames() const;
+
+Q_SIGNALS:
+    /// A value was set or removed, once for each.
+    void didChange();
+
+private:
+    void setValue(const QVariant &value, const QString &key);
+    void merge(QVariantMap &stored);
+    void load();
+    bool save();
+    void adoptDomain(const QVariantMap &domain, const QString &name);
+
+    QString _domainName;
+    QVariantMap _arguments;
+    QVariantMap _application;
+    QVariantMap _global;
+    QVariantMap _registered;
+    QMap<QString, QVariantMap> _volatileDomains;
+    // Keys of the application's domain that the file does not have yet as they are here.
+    QSet<QString> _unsavedKeys;
+};
+
+/// "NSArgumentDomain", the volatile domain of the command line.
+KTUTILITY_EXPORT extern const QString NSArgumentDomain;
+/// "NSGlobalDomain", the persistent domain of all applications.
+KTUTILITY_EXPORT extern const QString NSGlobalDomain;
+/// "NSRegistrationDomain", the volatile domain of registered defaults.
+KTUTILITY_EXPORT extern const QString NSRegistrationDomain;

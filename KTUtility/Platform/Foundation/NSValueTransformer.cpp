@@ -1,0 +1,8 @@
+#include "NSValueTransformer.h"
+
+NSValueTransformer::~NSValueTransformer() = default;
+
+QVariant NSValueTransformer::reverseTransformedValue(const QVariant &) const
+{
+    return {};
+}

@@ -1,0 +1,62 @@
+# Sourced by run and test: makes sure that what the build needs is installed.
+
+debian_packages=(
+    g++ cmake ninja-build ccache pkg-config
+    qt6-base-dev libicu-dev
+    libgtest-dev libbenchmark-dev
+)
+
+say() { printf '%s\n' "$*" >&2; }
+
+# The packages of the list that dpkg does not call installed.
+missing_packages() {
+    local package
+    for package in "${debian_packages[@]}"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || printf '%s\n' "$package"
+    done
+}
+
+install_packages() {
+    local become=()
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || { say "Please install as root: apt-get install $*"; return 1; }
+        become=(sudo)
+    fi
+    say "Installing: $*"
+    "${become[@]}" apt-get update -qq >&2 &&
+        "${become[@]}" env DEBIAN_FRONTEND=noninteractive \
+            apt-get install -y -qq --no-install-recommends "$@" >&2
+}
+
+# On Debian and its kin, installs what is missing; elsewhere says what is needed and goes on if the
+# build tools are there.
+need_dependencies() {
+    if command -v apt-get >/dev/null && command -v dpkg-query >/dev/null; then
+        local missing
+        mapfile -t missing < <(missing_packages)
+        [ "${#missing[@]}" -eq 0 ] || install_packages "${missing[@]}" || exit 1
+        return
+    fi
+    say "This is no Debian system. Needed, by their Debian names: ${debian_packages[*]}"
+    local tool
+    for tool in cmake ninja c++; do
+        command -v "$tool" >/dev/null || { say "$tool is not installed."; exit 1; }
+    done
+}
+
+# Configures a preset once and builds it; prints the build's output only if it fails.
+build_preset() {
+    local preset=$1 log
+    shift
+    mkdir -p "build/$preset"
+    log="build/$preset/build.log"
+    if [ ! -f "build/$preset/build.ninja" ]; then
+        say "Configuring the $preset preset."
+        cmake --preset "$preset" >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
+    fi
+    # "-n" says cheaply whether there is anything to tell people about.
+    if ! cmake --build --preset "$preset" "$@" -- -n 2>/dev/null | grep -q 'no work to do'; then
+        say "Building the $preset preset (log: $log)."
+    fi
+    cmake --build --preset "$preset" "$@" >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
+}
