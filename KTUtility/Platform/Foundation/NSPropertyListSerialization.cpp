@@ -56,7 +56,7 @@ std::optional<QVariantMap> NSDictionary::dictionaryWithContentsOfFile(const QStr
 
 bool NSDictionary::writeToFile(const QVariantMap &dictionary, const QString &path, bool atomically)
 {
-    const QByteArray bytes = NSPropertyListSerialization::dataFromPropertyList(dictionary);
+    const QByteArray bytes = NSPropertyListSerialization::dataWithPropertyList(dictionary);
     if (bytes.isNull() || path.isEmpty() || path.contains(QChar(u'\0')))
         return false;
     NSFileManager::createDirectoryAtPath(NSString::stringByDeletingLastPathComponent(path), true);

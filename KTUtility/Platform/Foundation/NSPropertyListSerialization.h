@@ -16,7 +16,7 @@
 ///
 /// \code
 /// QString error;
-/// const QByteArray xml = NSPropertyListSerialization::dataFromPropertyList(settings, &error);
+/// const QByteArray xml = NSPropertyListSerialization::dataWithPropertyList(settings, &error);
 /// const QVariant back = NSPropertyListSerialization::propertyListFromData(xml, &error);
 /// \endcode
 namespace NSPropertyListSerialization
@@ -30,7 +30,7 @@ inline constexpr int MaximumDepth = 512;
 /// \param error receives why it cannot be written; may be null.
 /// \return nothing (a null array) if a value is no property list, is nil, is nested too deep, or
 /// holds a character that XML cannot (controls, lone surrogates).
-KTUTILITY_EXPORT QByteArray dataFromPropertyList(const QVariant &propertyList,
+KTUTILITY_EXPORT QByteArray dataWithPropertyList(const QVariant &propertyList,
                                                  QString *error = nullptr);
 
 /// The property list in \a data: binary if it begins with "bplist00", else XML.

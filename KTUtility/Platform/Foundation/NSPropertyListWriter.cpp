@@ -182,7 +182,7 @@ private:
 };
 } // namespace
 
-QByteArray NSPropertyListSerialization::dataFromPropertyList(const QVariant &propertyList,
+QByteArray NSPropertyListSerialization::dataWithPropertyList(const QVariant &propertyList,
                                                              QString *error)
 {
     return XMLWriter().write(propertyList, error);
@@ -190,5 +190,5 @@ QByteArray NSPropertyListSerialization::dataFromPropertyList(const QVariant &pro
 
 bool NSPropertyListSerialization::isPropertyList(const QVariant &value)
 {
-    return !dataFromPropertyList(value).isNull();
+    return !dataWithPropertyList(value).isNull();
 }

@@ -28,7 +28,7 @@ void checkDomainName(const QString &name)
 void checkPropertyList(const QVariant &value, const QString &key)
 {
     QString error;
-    if (NSPropertyListSerialization::dataFromPropertyList(value, &error).isNull())
+    if (NSPropertyListSerialization::dataWithPropertyList(value, &error).isNull())
         NSException::raise(NSInvalidArgumentException,
                            NSString::stringWithFormat(
                                u"Attempt to insert a value that is no property list for the key "
