@@ -1,0 +1,5 @@
+target_sources(KTUtilityTests PRIVATE
+    Additions/CollectionRows.cpp
+    Additions/CollectionTableTests.cpp
+    support/TestField.cpp
+)

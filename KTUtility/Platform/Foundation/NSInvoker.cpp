@@ -7,6 +7,7 @@
 #include <QMetaProperty>
 
 #include <algorithm>
+#include <cstring>
 
 namespace
 {
@@ -167,16 +168,11 @@ bool NSInvoker::isTrue(const NSKeyValueTarget &receiver)
 {
     if (!resolve(receiver) || _returns == Returns::Other)
         return false;
-    quint32 storage = 0;
-    const void *result = call(receiver, &storage);
-    switch (_returns) {
-    case Returns::Bits8:
-        return *static_cast<const quint8 *>(result) != 0;
-    case Returns::Bits16:
-        return *static_cast<const quint16 *>(result) != 0;
-    default:
-        return *static_cast<const quint32 *>(result) != 0;
-    }
+    alignas(quint32) std::array<char, 4> storage{};
+    const void *result = call(receiver, storage.data());
+    quint32 bits = 0;
+    std::memcpy(&bits, result, _returns == Returns::Bits8 ? 1 : _returns == Returns::Bits16 ? 2 : 4);
+    return bits != 0;
 }
 
 QVariant NSInvoker::perform(const NSKeyValueTarget &receiver)

@@ -2,7 +2,7 @@
 
 NSSelector::NSSelector(const QByteArray &text)
     : _text(text)
-    , _name(text.left(text.indexOf(':')))
+    , _name(text.contains(':') ? text.first(text.indexOf(':')) : text)
     , _colons(int(text.count(':')))
 {
 }
