@@ -1,6 +1,7 @@
 target_sources(KTUtilityTests PRIVATE
     Additions/CollectionRows.cpp
     Additions/CollectionTableTests.cpp
+    Additions/CollectionTests.cpp
     Additions/NamingTests.cpp
     Additions/TextTests.cpp
     support/TestField.cpp

@@ -22,6 +22,8 @@ NSCharacterSet testing_support::characterSetNamed(const QString &name)
         {QStringLiteral("whitespace"), NSCharacterSet::whitespaceCharacterSet},
         {QStringLiteral("whitespaceAndNewline"), NSCharacterSet::whitespaceAndNewlineCharacterSet},
     };
+    if (name.endsWith(u" inverted"))
+        return characterSetNamed(name.chopped(9)).invertedSet();
     const auto found = sets.find(name);
     if (found == sets.end())
         throw std::out_of_range("no character set " + name.toStdString());
