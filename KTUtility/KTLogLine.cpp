@@ -1,69 +1,108 @@
 #include "KTLogLine_p.h"
 
-#include <QByteArray>
 #include <QStringEncoder>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <ctime>
+#include <string>
+#include <vector>
 
 namespace
 {
+/// Enough bytes for a date and time, whatever the year.
+constexpr size_t DateSize = 64;
+
 constexpr std::array<const char *, 7> Weekdays = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
 constexpr std::array<const char *, 12> Months = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                                  "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 
-void appendDigits(QByteArray &bytes, long number, int width)
+/// Without a branch for each unit, so that the compiler makes vector code of it.
+bool isAscii(QStringView text)
 {
-    std::array<char, 20> digits;
-    const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
-    for (auto missing = width - (end - digits.begin()); missing > 0; --missing)
-        bytes += '0';
-    bytes.append(digits.data(), end - digits.begin());
+    char16_t bits = 0;
+    for (const QChar unit : text)
+        bits = char16_t(bits | unit.unicode());
+    return bits < 0x80;
 }
 
-void appendUtf8(QByteArray &bytes, QStringView text)
+/// A line while it is written: a buffer with room for all that will come.
+class LineWriter
 {
-    QStringEncoder encoder(QStringEncoder::Utf8);
-    const qsizetype start = bytes.size();
-    bytes.resize(start + encoder.requiredSpace(text.size()));
-    const char *const end = encoder.appendToBuffer(bytes.data() + start, text);
-    bytes.truncate(end - bytes.constData());
-}
+public:
+    /// Makes room for \a bytes. The buffer belongs to the thread and only grows.
+    explicit LineWriter(size_t bytes)
+    {
+        thread_local std::vector<char> buffer;
+        if (buffer.size() < bytes)
+            buffer.resize(bytes * 2);
+        _start = _end = buffer.data();
+    }
 
-QByteArray dateText(time_t second)
+    void text(std::string_view bytes) { _end = std::copy(bytes.begin(), bytes.end(), _end); }
+
+    void utf8(QStringView text)
+    {
+        if (isAscii(text)) {
+            for (const QChar unit : text)
+                *_end++ = char(unit.unicode());
+            return;
+        }
+        QStringEncoder encoder(QStringEncoder::Utf8);
+        _end = encoder.appendToBuffer(_end, text);
+    }
+
+    /// A number in at least \a width digits.
+    void digits(long number, int width)
+    {
+        std::array<char, 20> digits{};
+        const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+        for (auto missing = width - (end - digits.begin()); missing > 0; --missing)
+            *_end++ = '0';
+        _end = std::copy(digits.begin(), end, _end);
+    }
+
+    std::string_view written() const { return {_start, size_t(_end - _start)}; }
+
+private:
+    char *_start;
+    char *_end;
+};
+
+/// "Sun Nov 15 2026 16:28:00." for a second.
+std::string dateText(time_t second)
 {
     std::tm parts{};
     ::localtime_r(&second, &parts);
-    QByteArray text;
-    text.append(Weekdays[size_t(parts.tm_wday)]).append(' ').append(Months[size_t(parts.tm_mon)]);
-    text += ' ';
-    appendDigits(text, parts.tm_mday, 2);
-    text += ' ';
-    appendDigits(text, 1900L + parts.tm_year, 4);
-    text += ' ';
-    appendDigits(text, parts.tm_hour, 2);
-    text += ':';
-    appendDigits(text, parts.tm_min, 2);
-    text += ':';
-    appendDigits(text, parts.tm_sec, 2);
-    return text;
+    LineWriter date(DateSize);
+    date.text(Weekdays[size_t(parts.tm_wday)]);
+    date.text(" ");
+    date.text(Months[size_t(parts.tm_mon)]);
+    date.text(" ");
+    date.digits(parts.tm_mday, 2);
+    date.text(" ");
+    date.digits(1900L + parts.tm_year, 4);
+    date.text(" ");
+    date.digits(parts.tm_hour, 2);
+    date.text(":");
+    date.digits(parts.tm_min, 2);
+    date.text(":");
+    date.digits(parts.tm_sec, 2);
+    date.text(".");
+    return std::string(date.written());
 }
 
-/// The date and time to the millisecond. What changes once a second is made once a second.
-void appendNow(QByteArray &bytes)
+/// The date text of a second, made once a second and thread.
+const std::string &cachedDateText(time_t second)
 {
-    thread_local time_t cachedSecond = 0;
-    thread_local QByteArray cachedText;
-    std::timespec now{};
-    ::clock_gettime(CLOCK_REALTIME, &now);
-    if (cachedText.isEmpty() || now.tv_sec != cachedSecond) {
-        cachedSecond = now.tv_sec;
-        cachedText = dateText(now.tv_sec);
+    thread_local time_t cachedSecond = -1;
+    thread_local std::string cachedText;
+    if (second != cachedSecond) {
+        cachedText = dateText(second);
+        cachedSecond = second;
     }
-    bytes += cachedText;
-    bytes += '.';
-    appendDigits(bytes, now.tv_nsec / 1'000'000, 3);
+    return cachedText;
 }
 } // namespace
 
@@ -79,15 +118,23 @@ std::string_view KTLogLine::lastPathComponent(const char *path)
 QByteArrayView KTLogLine::line(QStringView component, std::string_view fileName, int lineNumber,
                                QStringView message)
 {
-    thread_local QByteArray bytes;
-    bytes.resize(0);
-    appendNow(bytes);
-    bytes.append(" [").append(fileName.data(), qsizetype(fileName.size())).append(':');
-    appendDigits(bytes, lineNumber, 0);
-    bytes.append("][");
-    appendUtf8(bytes, component);
-    bytes.append("] ");
-    appendUtf8(bytes, message);
-    bytes += '\n';
-    return bytes;
+    std::timespec now{};
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    const std::string &date = cachedDateText(now.tv_sec);
+    // Three bytes of UTF-8 at most for each UTF-16 unit.
+    const size_t units = size_t(component.size()) + size_t(message.size());
+    LineWriter line(DateSize + fileName.size() + 3 * units + 64);
+    line.text(date);
+    line.digits(now.tv_nsec / 1'000'000, 3);
+    line.text(" [");
+    line.text(fileName);
+    line.text(":");
+    line.digits(lineNumber, 1);
+    line.text("][");
+    line.utf8(component);
+    line.text("] ");
+    line.utf8(message);
+    line.text("\n");
+    const std::string_view bytes = line.written();
+    return QByteArrayView(bytes.data(), qsizetype(bytes.size()));
 }

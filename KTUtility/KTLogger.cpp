@@ -116,14 +116,15 @@ void KTLogger::initializeAllComponentsArray()
 void KTLogger::setComponents(const std::optional<QVariantMap> &components)
 {
     _components = components;
-    _levels.clear();
+    _activeLevels.clear();
     int highest = NothingIsOn;
     const QVariantMap entries = components.value_or(QVariantMap());
     for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
         const int level = levelSetting(entry.value());
-        _levels.insert(entry.key(), level);
-        if (level != 0)
-            highest = std::max(highest, level);
+        if (level == 0)
+            continue;
+        _activeLevels.emplace_back(entry.key(), level);
+        highest = std::max(highest, level);
     }
     _highestLevel.store(highest, std::memory_order_relaxed);
 }
@@ -170,9 +171,18 @@ void KTLogger::setLevelOfComponent(int level, const QString &component)
 
 // --- Logging ------------------------------------------------------------------------------------
 
+int KTLogger::levelOfComponent(const QString &component) const
+{
+    for (const auto &[name, level] : _activeLevels) {
+        if (name == component)
+            return level;
+    }
+    return 0;
+}
+
 bool KTLogger::isLevelReached(const QString &component, int logLevel) const
 {
-    const int level = _levels.value(component);
+    const int level = levelOfComponent(component);
     return level != 0 && logLevel <= level;
 }
 
@@ -180,10 +190,21 @@ void KTLogger::logArguments(const QString &component, int logLevel, const char *
                             int lineNumber, QStringView format,
                             std::span<const NSFormatArgument> arguments)
 {
-    const std::string_view fileName = KTLogLine::lastPathComponent(file);
-    const QString message = format.isNull()
-        ? QStringLiteral("<null>")
-        : NSString::stringWithFormatArguments(format, arguments);
+    // The buffer is taken while it is in use: describing an argument may log, too.
+    thread_local QString buffer;
+    QString message = std::exchange(buffer, QString());
+    message.resize(0);
+    if (format.isNull())
+        message += u"<null>";
+    else
+        NSString::appendFormatArguments(message, format, arguments);
+    writeMessage(component, logLevel, KTLogLine::lastPathComponent(file), lineNumber, message);
+    buffer = std::move(message);
+}
+
+void KTLogger::writeMessage(const QString &component, int logLevel, std::string_view fileName,
+                            int lineNumber, const QString &message)
+{
     if (_capture)
         _capture->add(component, logLevel, fileName, lineNumber, message);
     else if (_writeToFile)

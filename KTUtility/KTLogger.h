@@ -13,6 +13,8 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <utility>
+#include <vector>
 
 class KTLogCapture;
 class QAction;
@@ -127,7 +129,7 @@ public:
     /// The names that have a menu entry, in menu order.
     const QStringList &allComponentsArray() const { return _allComponentsArray; }
     /// The level of a component, 0 unless set.
-    int levelOfComponent(const QString &component) const { return _levels.value(component); }
+    int levelOfComponent(const QString &component) const;
     /// Sets the level of any component, also one without a menu entry, and saves.
     void setLevelOfComponent(int level, const QString &component);
     /// The levels as loaded and set; nothing if none ever was.
@@ -169,6 +171,8 @@ private:
     bool isLevelReached(const QString &component, int logLevel) const;
     void logArguments(const QString &component, int logLevel, const char *file, int lineNumber,
                       QStringView format, std::span<const NSFormatArgument> arguments);
+    void writeMessage(const QString &component, int logLevel, std::string_view fileName,
+                      int lineNumber, const QString &message);
     void writeLineToFile(const QString &component, std::string_view fileName, int lineNumber,
                          QStringView message);
     void writeLineToConsole(const QString &component, std::string_view fileName, int lineNumber,
@@ -185,8 +189,10 @@ private:
     QString _userFile;
     QStringList _allComponentsArray;
 
-    // Taken from _components for the test at each call site.
-    QHash<QString, int> _levels;
+    // Taken from _components for the test at each call site: the components that are on. They are
+    // few, and most differ from the one that is asked for in length or first letter, so that a walk
+    // is faster than a hash.
+    std::vector<std::pair<QString, int>> _activeLevels;
     std::atomic<int> _highestLevel;
     KTLogCapture *_capture = nullptr;
 };

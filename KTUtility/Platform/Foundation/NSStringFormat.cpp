@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cstdio>
 
 NSFormatArgument::NSFormatArgument(const char *utf8) noexcept
@@ -286,14 +287,14 @@ QString print(const NSFormatArgument &argument, const Conversion &conversion)
 class FormatReader
 {
 public:
-    FormatReader(QStringView format, std::span<const NSFormatArgument> arguments)
-        : _format(format)
+    FormatReader(QString &text, QStringView format, std::span<const NSFormatArgument> arguments)
+        : _text(text)
+        , _format(format)
         , _arguments(arguments)
     {
-        _text.reserve(format.size() + 16 * qsizetype(arguments.size()));
     }
 
-    QString run()
+    void run()
     {
         while (_position < _format.size()) {
             const qsizetype percent = _format.indexOf(u'%', _position);
@@ -303,7 +304,6 @@ public:
             if (percent >= 0)
                 readConversion();
         }
-        return _text;
     }
 
 private:
@@ -411,12 +411,20 @@ private:
 
     void append(const NSFormatArgument *argument, const Conversion &conversion)
     {
-        const bool isPlainText = argument && argument->kind() == Kind::Text
-            && conversion.width == 0 && conversion.precision < 0;
-        if (isPlainText)
+        const bool isBare = conversion.width == 0 && conversion.precision < 0;
+        if (argument && isBare && argument->kind() == Kind::Text)
             _text += argument->text();
+        else if (argument && isPlain(conversion) && argument->kind() == Kind::Signed)
+            appendDigits(argument->signedValue());
         else
             _text += argument ? print(*argument, conversion) : printMissing(conversion);
+    }
+
+    void appendDigits(qint64 number)
+    {
+        std::array<char, 20> digits{};
+        const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+        _text += QLatin1String(digits.data(), end - digits.data());
     }
 
     void readConversion()
@@ -441,16 +449,25 @@ private:
         append(argument(position), conversion);
     }
 
+    QString &_text;
     QStringView _format;
     std::span<const NSFormatArgument> _arguments;
-    QString _text;
     qsizetype _position = 0;
     size_t _next = 0;
 };
 } // namespace
 
+void NSString::appendFormatArguments(QString &text, QStringView format,
+                                     std::span<const NSFormatArgument> arguments)
+{
+    FormatReader(text, format, arguments).run();
+}
+
 QString NSString::stringWithFormatArguments(QStringView format,
                                             std::span<const NSFormatArgument> arguments)
 {
-    return FormatReader(format, arguments).run();
+    QString text;
+    text.reserve(format.size() + 16 * qsizetype(arguments.size()));
+    appendFormatArguments(text, format, arguments);
+    return text;
 }

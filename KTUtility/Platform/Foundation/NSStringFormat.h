@@ -114,6 +114,10 @@ namespace NSString
 KTUTILITY_EXPORT QString stringWithFormatArguments(QStringView format,
                                                    std::span<const NSFormatArgument> arguments);
 
+/// Appends that text to \a text; for callers that use a buffer again.
+KTUTILITY_EXPORT void appendFormatArguments(QString &text, QStringView format,
+                                            std::span<const NSFormatArgument> arguments);
+
 /// The text made from an object-format string and its arguments.
 ///
 /// Conversions are those of printf (`%d %i %u %o %x %X %c %s %f %e %g %a %p %%`, with flags,
