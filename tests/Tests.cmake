@@ -1,0 +1,5 @@
+target_sources(KTUtilityTests PRIVATE
+    KTAssertTests.cpp
+    KTLoggerMenuTests.cpp
+    KTLoggerTests.cpp
+)

@@ -1,5 +1,8 @@
 target_sources(KTUtilityTests PRIVATE
     Additions/CollectionRows.cpp
     Additions/CollectionTableTests.cpp
+    Additions/CollectionTests.cpp
+    Additions/NamingTests.cpp
+    Additions/TextTests.cpp
     support/TestField.cpp
 )

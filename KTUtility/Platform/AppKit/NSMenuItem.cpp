@@ -61,6 +61,11 @@ QAction *NSMenuItem::addItem(QMenu *menu, const QString &title, const NSSelector
     return item;
 }
 
+QString NSMenuItem::title(const QAction *item)
+{
+    return item->text().replace(QStringLiteral("&&"), QStringLiteral("&"));
+}
+
 int NSMenuItem::tag(const QAction *item)
 {
     return item->property(TagProperty).toInt();

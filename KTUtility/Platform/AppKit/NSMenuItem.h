@@ -29,6 +29,9 @@ namespace NSMenuItem
 KTUTILITY_EXPORT QAction *addItem(QMenu *menu, const QString &title, const NSSelector &action,
                                   QObject *target);
 
+/// The title as it was given; the text of the action doubles its "&", which marks a letter in Qt.
+KTUTILITY_EXPORT QString title(const QAction *item);
+
 /// The number that an item carries for its action; 0 unless set.
 KTUTILITY_EXPORT int tag(const QAction *item);
 KTUTILITY_EXPORT void setTag(QAction *item, int tag);

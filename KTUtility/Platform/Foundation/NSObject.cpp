@@ -5,12 +5,13 @@
 
 #include <QDateTime>
 #include <QHash>
+#include <QLocale>
 #include <QMetaObject>
 #include <QMetaMethod>
 #include <QObject>
 
+#include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace
 {
@@ -67,6 +68,15 @@ bool isWhole(double value)
     return value == std::trunc(value) && std::abs(value) < 0x1p63;
 }
 
+/// Integers exactly, fractions by the shortest text that means the same double (0.1 is one tenth).
+NSDecimalNumber decimalOfDouble(double value)
+{
+    if (isWhole(value))
+        return NSDecimalNumber(qint64(value));
+    return NSDecimalNumber::decimalNumberWithString(
+        QString::number(value, 'g', QLocale::FloatingPointShortest));
+}
+
 NSDecimalNumber decimalOf(const QVariant &value)
 {
     switch (familyOf(value)) {
@@ -75,8 +85,7 @@ NSDecimalNumber decimalOf(const QVariant &value)
     case Family::Signed:
         return NSDecimalNumber(value.toLongLong());
     case Family::Double:
-        return NSDecimalNumber::decimalNumberWithString(
-            QString::number(value.toDouble(), 'g', std::numeric_limits<double>::max_digits10));
+        return decimalOfDouble(value.toDouble());
     default:
         return NSDecimalNumber::decimalNumberWithString(QString::number(value.toULongLong()));
     }
@@ -108,18 +117,38 @@ std::weak_ordering compareDoubles(double left, double right)
 /// A double against an integer, without rounding the integer: by whole parts, then by fraction.
 std::weak_ordering compareDoubleToInteger(double left, const QVariant &right, Family rightFamily)
 {
-    if (!isWhole(std::trunc(left)))
-        return compareDoubles(left, right.toDouble());
-    const auto whole = compareIntegers(QVariant(qlonglong(std::trunc(left))), Family::Signed, right,
-                                       rightFamily);
-    return whole != 0 ? whole : compareDoubles(left, std::trunc(left));
+    if (std::isnan(left) || left >= 0x1p64)
+        return std::weak_ordering::greater;
+    if (left < -0x1p63)
+        return std::weak_ordering::less;
+    const double whole = std::trunc(left);
+    const auto order = whole >= 0x1p63
+        ? compareIntegers(QVariant(quint64(whole)), Family::Unsigned, right, rightFamily)
+        : compareIntegers(QVariant(qlonglong(whole)), Family::Signed, right, rightFamily);
+    return order != 0 ? order : compareDoubles(left, whole);
+}
+
+double doubleOf(const QVariant &number)
+{
+    return familyOf(number) == Family::Decimal ? number.value<NSDecimalNumber>().doubleValue()
+                                               : number.toDouble();
+}
+
+/// Numbers of which one is a decimal. Doubles beyond the range of decimals are compared as doubles.
+std::weak_ordering compareDecimals(const QVariant &left, const QVariant &right)
+{
+    const NSDecimalNumber leftDecimal = decimalOf(left);
+    const NSDecimalNumber rightDecimal = decimalOf(right);
+    if (leftDecimal.isNaN() || rightDecimal.isNaN())
+        return compareDoubles(doubleOf(left), doubleOf(right));
+    return leftDecimal <=> rightDecimal;
 }
 
 std::weak_ordering compareNumbers(const QVariant &left, Family leftFamily, const QVariant &right,
                                   Family rightFamily)
 {
     if (leftFamily == Family::Decimal || rightFamily == Family::Decimal)
-        return decimalOf(left) <=> decimalOf(right);
+        return compareDecimals(left, right);
     if (leftFamily == Family::Double && rightFamily == Family::Double)
         return compareDoubles(left.toDouble(), right.toDouble());
     if (leftFamily == Family::Double)
@@ -180,7 +209,7 @@ QString describeDate(const QDateTime &date)
     const int minutes = date.offsetFromUtc() / 60;
     return date.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss "))
         + QStringLiteral("%1%2%3")
-              .arg(minutes < 0 ? u'-' : u'+')
+              .arg(QChar(minutes < 0 ? u'-' : u'+'))
               .arg(std::abs(minutes) / 60, 2, 10, QLatin1Char('0'))
               .arg(std::abs(minutes) % 60, 2, 10, QLatin1Char('0'));
 }

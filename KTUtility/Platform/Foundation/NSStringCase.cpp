@@ -38,6 +38,18 @@ bool isAscii(QStringView text)
     return std::all_of(text.begin(), text.end(), [](QChar unit) { return unit.unicode() < 0x80; });
 }
 
+/// The title-case form of one character. ICU makes a break iterator for each call, so ASCII is
+/// mapped here.
+QString titled(QStringView character)
+{
+    return isAscii(character) ? character.toString().toUpper() : mapped(character, toTitle);
+}
+
+QString lowered(QStringView text)
+{
+    return isAscii(text) ? text.toString().toLower() : mapped(text, u_strToLower);
+}
+
 QString withFirstCharacterMapped(const QString &text, Mapping mapping)
 {
     if (text.isEmpty())
@@ -55,7 +67,6 @@ public:
 
     QString run()
     {
-        // The lower-case form is taken from the whole text, since Σ looks at its neighbours.
         for (qsizetype index = 0; index < _text.size();) {
             const NSCodePoint point = NSCodePointAt(_text, index);
             append(point, index);
@@ -87,11 +98,10 @@ private:
         } else {
             const qsizetype length = NSCodePointAt(_word, _casedAt).length;
             // Lower-casing the whole word keeps the context of a final sigma.
-            const QString lower = mapped(_word, u_strToLower);
-            const qsizetype head =
-                mapped(QStringView(_word).first(_casedAt + length), u_strToLower).size();
+            const QString lower = lowered(_word);
+            const qsizetype head = lowered(QStringView(_word).first(_casedAt + length)).size();
             _result += QStringView(_word).first(_casedAt)
-                + mapped(QStringView(_word).sliced(_casedAt, length), toTitle) + lower.sliced(head);
+                + titled(QStringView(_word).sliced(_casedAt, length)) + lower.sliced(head);
         }
         _word.clear();
         _casedAt = -1;
@@ -106,7 +116,7 @@ private:
 
 QString NSString::lowercaseString(const QString &text)
 {
-    return isAscii(text) ? text.toLower() : mapped(text, u_strToLower);
+    return lowered(text);
 }
 
 QString NSString::uppercaseString(const QString &text)

@@ -1,0 +1,378 @@
+// What the tables do not show: typed lists, callables, errors, elements of mixed classes.
+
+#include <KTUtility/Additions/NSObject_KTAdditions.h>
+#include <KTUtility/Additions/NSSet_KTAdditions.h>
+#include <KTUtility/Platform/Foundation/NSException.h>
+
+#include "support/TestField.h"
+#include "support/TestSupport.h"
+
+#include <memory>
+
+using namespace KTAdditions;
+
+namespace
+{
+const QString Name = QStringLiteral("name");
+const QString Size = QStringLiteral("size");
+const QString Unknown = QStringLiteral("nmae");
+
+/// Fields by name, with their position as size.
+class CollectionTest : public testing::Test
+{
+protected:
+    QList<TestField *> fieldsNamed(const QStringList &names)
+    {
+        QList<TestField *> fields;
+        for (const QString &name : names) {
+            _owned.push_back(std::make_unique<TestField>(name, int(fields.size())));
+            fields += _owned.back().get();
+        }
+        return fields;
+    }
+
+    QList<TestField *> abc = fieldsNamed({QStringLiteral("a"), QStringLiteral("b"), QString()});
+
+private:
+    std::vector<std::unique_ptr<TestField>> _owned;
+};
+
+// Typed lists come out as they went in.
+using Fields = QList<TestField *>;
+static_assert(std::same_as<decltype(sortByKey(Fields(), Name)), Fields>);
+static_assert(std::same_as<decltype(objectWithValue(Fields(), 1, Name)), TestField *>);
+static_assert(std::same_as<decltype(objectWithValue(QList<TestPoint>(), 1, Name)),
+                           std::optional<TestPoint>>);
+static_assert(std::same_as<decltype(objectsSatisfyingCondition(QVariantList(), "a")), QVariantList>);
+static_assert(std::same_as<decltype(arrayByPerformingSelector(Fields(), &TestField::size)),
+                           QList<int>>);
+} // namespace
+
+TEST_F(CollectionTest, FirstAndSingularObjects)
+{
+    EXPECT_EQ(firstObject(abc), abc[0]);
+    EXPECT_EQ(firstObject(Fields()), nullptr);
+    EXPECT_EQ(singularObject(abc), nullptr);
+    EXPECT_EQ(singularObject(Fields{abc[1]}), abc[1]);
+    EXPECT_FALSE(firstObject(QVariantList()).isValid());
+    EXPECT_TRUE(firstObject(QStringList()).isNull());
+    EXPECT_FALSE(firstObject(QList<int>()).has_value());
+    EXPECT_EQ(singularObject(QSet<TestField *>{abc[2]}), abc[2]);
+}
+
+TEST_F(CollectionTest, FindingNeverMatchesNil)
+{
+    EXPECT_EQ(objectWithValue(abc, QVariant(), Name), nullptr);
+    EXPECT_EQ(objectWithValue(abc, QString(), Name), nullptr);
+    EXPECT_FALSE(containsObjectWithValue(abc, QVariant(), Name));
+    EXPECT_TRUE(objectsWithValue(abc, QVariant(), Name).isEmpty());
+    EXPECT_EQ(objectWithValue(abc, 1.0, Size), abc[1]);
+    EXPECT_EQ(objectWithValue(abc, QStringLiteral("1"), Size), nullptr);
+}
+
+TEST_F(CollectionTest, TheNullObjectFindsNilInListsOnly)
+{
+    EXPECT_TRUE(containsObjectWithValue(abc, NSNull(), Name));
+    EXPECT_FALSE(containsObjectWithValue(Fields{abc[0]}, NSNull(), Name));
+    EXPECT_FALSE(containsObjectWithValue(QSet<TestField *>{abc[2]}, NSNull(), Name));
+}
+
+TEST_F(CollectionTest, ANilKeyAsksTheListItself)
+{
+    EXPECT_TRUE(containsObjectWithValue(abc, QVariant::fromValue(abc[1]), QString()));
+    EXPECT_FALSE(containsObjectWithValue(abc, QStringLiteral("a"), QString()));
+    const QVariantList numbers{1, 2};
+    EXPECT_TRUE(containsObjectWithValue(numbers, 2.0, QString()));
+    EXPECT_EQ(objectWithValue(abc, QStringLiteral("a"), QString()), nullptr);
+}
+
+TEST_F(CollectionTest, UnknownKeysRaiseEvenBehindAMatch)
+{
+    EXPECT_THROW(objectWithValue(abc, 1, Unknown), NSException);
+    EXPECT_THROW(sortByKey(abc, Unknown), NSException);
+    EXPECT_THROW(uniqueStringWithBase(abc, Name, Unknown), NSException);
+    EXPECT_THROW(dictionaryIndexWithKey(abc, Unknown), NSException);
+    EXPECT_THROW(listWithKey(abc, Unknown, QString(), QString(), QString()), NSException);
+    EXPECT_THROW(dictionaryWithValuesForKeyPaths(abc[0], {Unknown}), NSException);
+    QObject stranger;
+    const QVariantList mixed{QVariant::fromValue(abc[0]), QVariant::fromValue(&stranger)};
+    EXPECT_THROW(containsObjectWithValue(mixed, QStringLiteral("a"), Name), NSException);
+    EXPECT_EQ(objectWithValue(mixed, QStringLiteral("a"), Name), mixed[0]);
+    EXPECT_NO_THROW(objectWithValue(Fields(), 1, Unknown));
+}
+
+TEST_F(CollectionTest, MixedClassesAndNilElements)
+{
+    const QVariantMap map{{Name, QStringLiteral("m")}, {Size, 9}};
+    const QVariantList mixed{QVariant::fromValue(abc[0]), map, QVariant(),
+                             QVariant::fromValue(TestPoint{1, 2})};
+    EXPECT_EQ(objectWithValue(mixed.mid(0, 3), QStringLiteral("m"), Name), QVariant(map));
+    EXPECT_EQ(objectsSatisfyingCondition(mixed, "flagged").size(), 0);
+    EXPECT_EQ(objectsSatisfyingCondition(mixed, "isRight"), QVariantList{mixed[3]});
+    EXPECT_EQ(sortByKey(mixed.mid(0, 3), Size).at(0), QVariant());
+    const Fields withNull{abc[0], nullptr};
+    EXPECT_EQ(objectWithValue(withNull, QStringLiteral("b"), Name), nullptr);
+    EXPECT_TRUE(objectsSatisfyingCondition(withNull, "sizeInt").isEmpty());
+}
+
+TEST_F(CollectionTest, PathsAreJoinedWithADot)
+{
+    abc[0]->_parent = abc[1];
+    EXPECT_EQ(objectWithValue(abc, QStringLiteral("b"), Name, QStringLiteral("parent")), abc[0]);
+    EXPECT_EQ(objectsWithValue(abc, 1, QStringLiteral("parent.size")), Fields{abc[0]});
+}
+
+TEST_F(CollectionTest, SortingIsStableAndPutsNilFirst)
+{
+    const Fields sorted = sortByKey(abc, Name);
+    EXPECT_EQ(sorted, Fields({abc[2], abc[0], abc[1]}));
+    EXPECT_EQ(sortByKey(abc, QStringLiteral("flag")), abc);
+    EXPECT_EQ(makeSortDescriptorForKey(Name), QList<NSSortDescriptor>({{Name, true}}));
+    EXPECT_EQ(_makeSortDescriptorForKey(Name).size(), 1);
+    EXPECT_EQ(NSSortDescriptor::sorted(abc, {{Size, false}}), Fields({abc[2], abc[1], abc[0]}));
+}
+
+TEST_F(CollectionTest, UserOrderFollowsTheLocale)
+{
+    const QStringList names{QStringLiteral("zebra"), QStringLiteral("Ärger"), QStringLiteral("b"),
+                            QStringLiteral("A"), QStringLiteral("a")};
+    EXPECT_EQ(sortInUserFieldOrder(names),
+              QStringList({QStringLiteral("a"), QStringLiteral("A"), QStringLiteral("Ärger"),
+                           QStringLiteral("b"), QStringLiteral("zebra")}));
+    const QVariantList mixed{5, QStringLiteral("b"), QVariant(), QStringLiteral("a")};
+    EXPECT_EQ(sortInUserFieldOrder(mixed).first(), QVariant(QStringLiteral("a")));
+}
+
+TEST_F(CollectionTest, NamesAreComparedExactly)
+{
+    const QStringList names{QStringLiteral("Name"), QStringLiteral("")};
+    EXPECT_TRUE(containsName(names, QStringLiteral("Name")));
+    EXPECT_FALSE(containsName(names, QStringLiteral("name")));
+    EXPECT_TRUE(containsName(names, QStringLiteral("")));
+    EXPECT_FALSE(containsName(names, QString()));
+    EXPECT_TRUE(containsName(QVariantList{1, QStringLiteral("1")}, QStringLiteral("1")));
+    EXPECT_FALSE(containsName(QVariantList{1, QVariant()}, QStringLiteral("1")));
+}
+
+TEST_F(CollectionTest, CallablesFilterAndMap)
+{
+    EXPECT_EQ(objectsSatisfyingCondition(abc, [](const TestField *f) { return f->size() > 1; }),
+              Fields{abc[2]});
+    EXPECT_EQ(objectsSatisfyingCondition(abc, &TestField::size), Fields({abc[1], abc[2]}));
+    EXPECT_EQ(arrayByPerformingSelector(abc, &TestField::name),
+              QList<QString>({QStringLiteral("a"), QStringLiteral("b")}));
+    EXPECT_EQ(arrayByPerformingSelector(abc, [](TestField *f) { return f->_parent; }), Fields());
+    const QSet<int> sizes =
+        setByPerformingSelector(QSet<TestField *>{abc[1], abc[2]}, &TestField::size);
+    EXPECT_EQ(sizes, QSet<int>({1, 2}));
+}
+
+TEST_F(CollectionTest, SelectorsMapElementsAndTargets)
+{
+    EXPECT_EQ(arrayByPerformingSelector(abc, "name").size(), 2);
+    EXPECT_EQ(arrayByPerformingSelector(abc, "labelIfSmall:", 5).size(), 0);
+    TestJudge judge;
+    EXPECT_EQ(arrayByPerformingSelector(abc, "describe::", &judge, QStringLiteral("+")),
+              QVariantList({QStringLiteral("+a"), QStringLiteral("+b")}));
+    performSelector(abc, "describe::", &judge, QStringLiteral("+"));
+    EXPECT_EQ(judge.calls(), 6);
+    EXPECT_THROW(arrayByPerformingSelector(abc, "missing"), NSException);
+    EXPECT_THROW(performSelector(abc, "missing::", &judge, QVariant()), NSException);
+    EXPECT_THROW(objectsSatisfyingCondition(abc, "ambiguous:", 1), NSException);
+    EXPECT_TRUE(arrayByPerformingSelector(abc, "describe::", static_cast<TestJudge *>(nullptr),
+                                          QVariant())
+                    .isEmpty());
+}
+
+TEST_F(CollectionTest, AnObjectReturnTypeSelectsNothing)
+{
+    EXPECT_TRUE(objectsSatisfyingCondition(abc, "sizeObject").isEmpty());
+    EXPECT_TRUE(objectsSatisfyingCondition(abc, "name").isEmpty());
+}
+
+TEST_F(CollectionTest, AFunctionSeesTheListAsItWas)
+{
+    Fields list = abc;
+    const Fields kept = objectsSatisfyingCondition(list, [&](TestField *) {
+        list.clear();
+        return true;
+    });
+    EXPECT_EQ(kept, abc);
+}
+
+TEST_F(CollectionTest, RenumberingLeavesRightNumbersAlone)
+{
+    const int orders[] = {1, 5, 3};
+    for (int index = 0; index < 3; ++index)
+        abc[index]->_order = orders[index];
+    adjustOrder(abc);
+    EXPECT_EQ(abc[0]->timesOrdered(), 0);
+    EXPECT_EQ(abc[1]->order(), QVariant(2));
+    EXPECT_EQ(abc[1]->timesOrdered(), 1);
+    EXPECT_EQ(abc[2]->timesOrdered(), 0);
+}
+
+TEST_F(CollectionTest, RenumberingReachesValues)
+{
+    QList<TestPoint> points{{1, 9}, {2, 2}};
+    adjustOrder(points);
+    EXPECT_EQ(points, QList<TestPoint>({{1, 1}, {2, 2}}));
+    QVariantList maps{QVariantMap(), QVariantMap{{QStringLiteral("order"), QStringLiteral("2")}}};
+    adjustOrder(maps);
+    EXPECT_EQ(maps[0].toMap().value(QStringLiteral("order")), QVariant(1));
+    EXPECT_EQ(maps[1].toMap().value(QStringLiteral("order")), QVariant(QStringLiteral("2")));
+}
+
+TEST(MovingObjects, LandBeforeTheElementAtTheIndex)
+{
+    const auto moved = [](QStringList list, const char16_t *object, qsizetype index) {
+        KTMutableArrayAdditions::moveObject(list, QString::fromUtf16(object), index);
+        return list.join(QString());
+    };
+    const QStringList letters{QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C"),
+                              QStringLiteral("D")};
+    EXPECT_EQ(moved(letters, u"A", 2), QStringLiteral("BACD"));
+    EXPECT_EQ(moved(letters, u"A", 9), QStringLiteral("BCDA"));
+    EXPECT_EQ(moved(letters, u"A", 4), QStringLiteral("BCDA"));
+    EXPECT_EQ(moved(letters, u"D", 0), QStringLiteral("DABC"));
+    EXPECT_EQ(moved(letters, u"B", 1), QStringLiteral("ABCD"));
+    EXPECT_EQ(moved(letters, u"X", 1), QStringLiteral("AXBCD"));
+    EXPECT_EQ(moved(letters, u"A", -1), QStringLiteral("BCDA"));
+}
+
+TEST(MovingObjects, TheObjectMayBeAReferenceIntoTheList)
+{
+    QStringList list{QStringLiteral("A"), QStringLiteral("B")};
+    KTMutableArrayAdditions::moveObject(list, list[0], 5);
+    EXPECT_EQ(list.join(QString()), QStringLiteral("BA"));
+    KTMutableArrayAdditions::insertObjects(list, list, 1);
+    EXPECT_EQ(list.join(QString()), QStringLiteral("BBAA"));
+}
+
+TEST(MovingObjects, InsertingBeyondTheEndRaises)
+{
+    QStringList list{QStringLiteral("A")};
+    EXPECT_THROW(KTMutableArrayAdditions::insertObjects(list, list, 2), NSException);
+    EXPECT_THROW(KTMutableArrayAdditions::insertObjects(list, list, -1), NSException);
+    EXPECT_EQ(list.size(), 1);
+}
+
+TEST_F(CollectionTest, UniqueNamesFillTheFirstGap)
+{
+    const auto names = [&](const QStringList &list) { return fieldsNamed(list); };
+    const QString base = QStringLiteral(" Field\n");
+    EXPECT_EQ(uniqueStringWithBase(names({}), base), QStringLiteral("Field"));
+    EXPECT_EQ(uniqueStringWithBase(names({QStringLiteral("Field"), QStringLiteral("Field 1")}), base),
+              QStringLiteral("Field 2"));
+    EXPECT_EQ(uniqueStringWithBase(names({QStringLiteral("Field"), QStringLiteral("Field 2")}), base),
+              QStringLiteral("Field 1"));
+    EXPECT_EQ(uniqueStringWithBase(names({QStringLiteral("Field 1")}), base),
+              QStringLiteral("Field"));
+    EXPECT_EQ(uniqueStringWithBase(
+                  names({QStringLiteral("Field"), QStringLiteral("Field 01"),
+                         QStringLiteral("Field  1"), QStringLiteral("Field +1"),
+                         QStringLiteral("Field 1 "), QStringLiteral("Field1"),
+                         QStringLiteral("Field 99999999999999999999")}),
+                  base),
+              QStringLiteral("Field 1"));
+}
+
+TEST_F(CollectionTest, InternalUniqueNames)
+{
+    const QString base = QStringLiteral("My Field");
+    EXPECT_EQ(internalUniqueStringWithBase(Fields(), base, Name), QStringLiteral("MyField"));
+    EXPECT_EQ(internalUniqueStringWithBase(fieldsNamed({QStringLiteral("MyField")}), base, Name),
+              QStringLiteral("MyField1"));
+    const Fields taken = fieldsNamed({QStringLiteral("name"), QStringLiteral("NAME1")});
+    EXPECT_EQ(internalCaseInsensitiveUniqueStringWithBase(taken, QStringLiteral("Name"), Name),
+              QStringLiteral("Name2"));
+    EXPECT_EQ(internalUniqueStringWithBase(taken, QStringLiteral("Name"), Name),
+              QStringLiteral("Name"));
+    EXPECT_TRUE(internalUniqueStringWithBase(abc, QString(), Name).isNull());
+    EXPECT_EQ(internalUniqueStringWithBase(fieldsNamed({QStringLiteral("")}), QStringLiteral(" "),
+                                           Name),
+              QStringLiteral("1"));
+}
+
+TEST_F(CollectionTest, UniqueNamesAgreeWithTryingThemOneByOne)
+{
+    // The same answer as the plain way of asking for each candidate in turn.
+    const QStringList pool{QStringLiteral("a"), QStringLiteral("a 1"), QStringLiteral("a 2"),
+                           QStringLiteral("a 3"), QStringLiteral("A 1"), QString()};
+    for (unsigned mask = 0; mask < 64; ++mask) {
+        QStringList names;
+        for (int bit = 0; bit < 6; ++bit) {
+            if (mask >> bit & 1)
+                names += pool[bit];
+        }
+        const Fields fields = fieldsNamed(names);
+        QString candidate = QStringLiteral("a");
+        for (int number = 1; containsObjectWithValue(fields, candidate, Name); ++number)
+            candidate = QStringLiteral("a %1").arg(number);
+        EXPECT_EQ(uniqueStringWithBase(fields, QStringLiteral("a")), candidate) << mask;
+    }
+}
+
+TEST_F(CollectionTest, UniqueNamesRefuseNilAndBlankBases)
+{
+    testing_support::standardErrorOf([&] {
+        EXPECT_RAISES(uniqueStringWithBase(abc, QString()), NSInternalInconsistencyException,
+                      QStringLiteral("NSArray_KTAdditions basename can't be null"));
+        EXPECT_RAISES(uniqueStringWithBase(abc, QStringLiteral(" \n")),
+                      NSInternalInconsistencyException,
+                      QStringLiteral("NSArray_KTAdditions basename can't be empty"));
+    });
+    const QString log = testing_support::standardErrorOf(
+        [&] { EXPECT_THROW(uniqueStringWithBase(abc, QString()), NSException); });
+    EXPECT_TRUE(log.contains(u"-[NSArray uniqueStringWithBase:forKey:], "
+                             u"Additions/NSArray_KTAdditions:154"));
+}
+
+TEST_F(CollectionTest, HostileNamesStayUnique)
+{
+    for (const QString &text : testing_support::hostileTexts()) {
+        const Fields fields = fieldsNamed({text, text});
+        const QString name = internalUniqueStringWithBase(fields, text, Name);
+        EXPECT_FALSE(containsObjectWithValue(fields, name, Name));
+        const QString insensitive = internalCaseInsensitiveUniqueStringWithBase(fields, text, Name);
+        EXPECT_FALSE(containsObjectWithValue(fields, insensitive, Name));
+        EXPECT_EQ(objectWithValue(fields, text, Name), text.isNull() ? nullptr : fields[0]);
+    }
+}
+
+TEST_F(CollectionTest, ListsAsText)
+{
+    EXPECT_EQ(listWithKey(abc, Name, QStringLiteral("<"), QStringLiteral(">"), QString()),
+              QStringLiteral("<a><b><(null)>"));
+    abc[1]->_flag = true;
+    EXPECT_EQ(listWithKey(abc, Name, QStringLiteral("-"), QStringLiteral(""), QStringLiteral("flag")),
+              QStringLiteral("-b"));
+    EXPECT_EQ(listWithKey(abc, Size, QString(), QStringLiteral(" %d "), QStringLiteral("name")),
+              QStringLiteral(""));
+    EXPECT_EQ(listWithKey(Fields(), Name, Name, Name, Name), QStringLiteral(""));
+}
+
+TEST_F(CollectionTest, DictionariesByKeyAndPosition)
+{
+    const auto bySize = dictionaryIndexWithKey(abc, Size);
+    EXPECT_EQ(bySize.objectForKey(1), abc[1]);
+    EXPECT_EQ(bySize.objectForKey(7), nullptr);
+    EXPECT_EQ(dictionaryIndexWithKey(abc, Name).count(), 2);
+    const auto positions = positionalDictionaryIndex(Fields({abc[0], abc[1], abc[0]}));
+    EXPECT_EQ(positions.objectForKey(abc[0]), 2U);
+    EXPECT_EQ(positions.count(), 2);
+    EXPECT_EQ(dictionaryWithValuesForKeyPaths(abc[2], {Name, Size}),
+              QVariantMap({{Size, 2}}));
+}
+
+TEST_F(CollectionTest, ListsOfValuesWithoutHashesCompareToo)
+{
+    const QList<TestPoint> points{{1, 1}, {2, 2}, {1, 1}};
+    EXPECT_EQ(objectsNotInArray(points, {{2, 2}}).size(), 2);
+    EXPECT_EQ(indexOfObjects(points, {{1, 1}, {9, 9}}), NSIndexSet{0});
+}
+
+TEST_F(CollectionTest, TheExactObjectOfAPointerListIsThePointer)
+{
+    EXPECT_EQ(indexesOfExactObjects(abc, {abc[2], abc[2], nullptr}), NSIndexSet{2});
+}
