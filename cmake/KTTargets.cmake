@@ -4,7 +4,7 @@
 #
 # C++20 without extensions, hidden visibility, warnings as errors, the sanitizers asked for, and
 # source paths relative to the project (so that __FILE__ is the same on every machine).
-file(RELATIVE_PATH kt_source_from_build "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}/.")
+file(RELATIVE_PATH kt_source_from_build "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}")
 
 function(kt_configure_target target)
     target_compile_features(${target} PUBLIC cxx_std_20)
@@ -22,7 +22,7 @@ function(kt_configure_target target)
         -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
         -Wcast-qual -Wformat=2 -Wimplicit-fallthrough -Wundef
         # ccache makes paths relative before the compiler sees them.
-        "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=" "-ffile-prefix-map=${kt_source_from_build}/=")
+        "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=" "-ffile-prefix-map=${kt_source_from_build}=")
     if(KTUTILITY_SANITIZE)
         target_compile_options(${target} PRIVATE
             "-fsanitize=${KTUTILITY_SANITIZE}" -fno-sanitize-recover=all)

@@ -9,6 +9,7 @@
 #include <KTUtility/Platform/Foundation/NSSortDescriptor.h>
 #include <KTUtility/Platform/Foundation/NSStringCompare.h>
 #include <KTUtility/Platform/Foundation/NSStringFormat.h>
+#include <KTUtility/Platform/Foundation/NSValueMatcher.h>
 
 #include <QList>
 #include <QSet>
@@ -95,13 +96,14 @@ bool containsObjectWithValue(const QList<T> &list, const QVariant &value, const 
             return NSObject::isEqualTo(NSBoxed(element), value);
         });
     NSKeyAccessor accessor(forKey);
+    const NSValueMatcher matcher(value);
     bool isFound = false;
     for (const T &element : list) {
         if (isFound) {
             accessor.resolve(NSKeyValueTargets::target(element));
         } else {
             const QVariant &found = accessor.read(NSKeyValueTargets::target(element));
-            isFound = NSObject::isEqualTo(found, value)
+            isFound = matcher.matches(found)
                 || (isNSNull(value) && NSObject::isNil(found));
         }
     }
@@ -113,8 +115,9 @@ template<NSKeyValueCodable T>
 NSNullable<T> objectWithValue(const QList<T> &list, const QVariant &value, const QString &forKey)
 {
     NSKeyAccessor accessor(forKey);
+    const NSValueMatcher matcher(value);
     for (const T &element : list) {
-        if (NSObject::isEqualTo(accessor.read(NSKeyValueTargets::target(element)), value))
+        if (matcher.matches(accessor.read(NSKeyValueTargets::target(element))))
             return element;
     }
     return {};
@@ -126,8 +129,9 @@ NSNullable<T> objectWithValue(const QList<T> &list, const QVariant &value, const
                               const QString &usingKeyPath)
 {
     NSKeyPath path(NSString::stringWithFormat(u"%@.%@", usingKeyPath, forKey));
+    const NSValueMatcher matcher(value);
     for (const T &element : list) {
-        if (NSObject::isEqualTo(path.read(NSKeyValueTargets::target(element)), value))
+        if (matcher.matches(path.read(NSKeyValueTargets::target(element))))
             return element;
     }
     return {};
@@ -139,8 +143,9 @@ QList<T> objectsWithValue(const QList<T> &list, const QVariant &value, const QSt
 {
     QList<T> result;
     NSKeyPath path(forKeyPath);
+    const NSValueMatcher matcher(value);
     for (const T &element : list) {
-        if (NSObject::isEqualTo(path.read(NSKeyValueTargets::target(element)), value))
+        if (matcher.matches(path.read(NSKeyValueTargets::target(element))))
             result += element;
     }
     return result;

@@ -8,6 +8,7 @@
 #include "support/TestSupport.h"
 
 #include <memory>
+#include <vector>
 
 using namespace KTAdditions;
 
@@ -31,10 +32,11 @@ protected:
         return fields;
     }
 
-    QList<TestField *> abc = fieldsNamed({QStringLiteral("a"), QStringLiteral("b"), QString()});
-
 private:
     std::vector<std::unique_ptr<TestField>> _owned;
+
+protected:
+    QList<TestField *> abc = fieldsNamed({QStringLiteral("a"), QStringLiteral("b"), QString()});
 };
 
 // Typed lists come out as they went in.

@@ -90,14 +90,19 @@ struct Conversion {
     char16_t letter = 0;
 };
 
+QString describeInteger(const NSFormatArgument &argument)
+{
+    return argument.kind() == Kind::Signed ? QString::number(argument.signedValue())
+                                           : QString::number(argument.unsignedValue());
+}
+
 /// What `%@` prints for any argument.
 QString describe(const NSFormatArgument &argument)
 {
     switch (argument.kind()) {
     case Kind::Signed:
-        return QString::number(argument.signedValue());
     case Kind::Unsigned:
-        return QString::number(argument.unsignedValue());
+        return describeInteger(argument);
     case Kind::Double:
         return NSObject::description(argument.doubleValue());
     case Kind::Character: {
@@ -158,6 +163,8 @@ QString printNative(const QByteArray &specification, Value value)
 
 QString pad(const QString &text, const Conversion &conversion)
 {
+    if (conversion.width == 0 && conversion.precision < 0)
+        return text;
     QString shown = conversion.precision >= 0 ? text.left(conversion.precision) : text;
     return conversion.leftAligned ? shown.leftJustified(conversion.width)
                                   : shown.rightJustified(conversion.width);
@@ -183,8 +190,17 @@ bool isInteger(const NSFormatArgument &argument)
         || argument.kind() == Kind::Character;
 }
 
+/// Whether a conversion is "%d", without anything that printf would be needed for.
+bool isPlain(const Conversion &conversion)
+{
+    return conversion.letter == u'd' && conversion.bytes >= 4 && conversion.width == 0
+        && conversion.precision < 0 && !conversion.plus && !conversion.blank;
+}
+
 QString printInteger(const NSFormatArgument &argument, const Conversion &conversion)
 {
+    if (isPlain(conversion) && argument.kind() != Kind::Double)
+        return describeInteger(argument);
     QByteArray specification = nativeSpecification(conversion) + "ll";
     const bool isSigned = conversion.letter == u'd';
     specification += char(conversion.letter);
@@ -393,6 +409,16 @@ private:
         conversion.letter = letter;
     }
 
+    void append(const NSFormatArgument *argument, const Conversion &conversion)
+    {
+        const bool isPlainText = argument && argument->kind() == Kind::Text
+            && conversion.width == 0 && conversion.precision < 0;
+        if (isPlainText)
+            _text += argument->text();
+        else
+            _text += argument ? print(*argument, conversion) : printMissing(conversion);
+    }
+
     void readConversion()
     {
         const qsizetype start = _position++;
@@ -412,8 +438,7 @@ private:
             return;
         }
         ++_position;
-        const NSFormatArgument *value = argument(position);
-        _text += value ? print(*value, conversion) : printMissing(conversion);
+        append(argument(position), conversion);
     }
 
     QStringView _format;

@@ -1,0 +1,113 @@
+#include "BenchmarkField.h"
+#include "Report.h"
+
+#include <KTUtility/Additions/NSArray_KTAdditions.h>
+
+#include <QMetaMethod>
+#include <QMetaProperty>
+
+#include <benchmark/benchmark.h>
+
+#include <memory>
+#include <vector>
+
+namespace
+{
+constexpr int Count = 100'000;
+
+/// Records "Field", "Field 1", "Field 2" and so on: every one of them clashes.
+const QList<BenchmarkField *> &fields()
+{
+    static std::vector<std::unique_ptr<BenchmarkField>> owned;
+    static const QList<BenchmarkField *> list = [] {
+        QList<BenchmarkField *> made;
+        for (int index = 0; index < Count; ++index) {
+            const QString name = index == 0 ? QStringLiteral("Field")
+                                            : QStringLiteral("Field %1").arg(index);
+            owned.push_back(std::make_unique<BenchmarkField>(index, name));
+            made += owned.back().get();
+        }
+        return made;
+    }();
+    return list;
+}
+
+template<int Property>
+void peerReadProperty(benchmark::State &state)
+{
+    const char *const name = Property == 0 ? "size" : "name";
+    const QMetaObject &metaObject = BenchmarkField::staticMetaObject;
+    const QMetaProperty property = metaObject.property(metaObject.indexOfProperty(name));
+    for (auto _ : state) {
+        for (const BenchmarkField *field : fields())
+            benchmark::DoNotOptimize(property.read(field));
+    }
+}
+
+void peerInvokeMethod(benchmark::State &state)
+{
+    const QMetaObject &metaObject = BenchmarkField::staticMetaObject;
+    const QMetaMethod method = metaObject.method(metaObject.indexOfMethod("isBiggerThan(int)"));
+    for (auto _ : state) {
+        for (BenchmarkField *field : fields()) {
+            bool result = false;
+            method.invoke(field, Qt::DirectConnection, Q_RETURN_ARG(bool, result), Q_ARG(int, 10));
+            benchmark::DoNotOptimize(result);
+        }
+    }
+}
+
+void find(benchmark::State &state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(
+            KTAdditions::objectWithValue(fields(), Count - 1, QStringLiteral("size")));
+}
+
+void findText(benchmark::State &state)
+{
+    const QString last = QStringLiteral("Field %1").arg(Count - 1);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(
+            KTAdditions::objectWithValue(fields(), last, QStringLiteral("name")));
+}
+
+void filterByKey(benchmark::State &state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(
+            KTAdditions::objectsWithValue(fields(), 7, QStringLiteral("size")));
+}
+
+void filterBySelector(benchmark::State &state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(
+            KTAdditions::objectsSatisfyingCondition(fields(), "isBiggerThan:", Count - 10));
+}
+
+void uniqueName(benchmark::State &state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(
+            KTAdditions::uniqueStringWithBase(fields(), QStringLiteral("Field")));
+}
+
+BENCHMARK(peerReadProperty<0>)->Name("Lists/peer: QMetaProperty::read, int");
+BENCHMARK(peerReadProperty<1>)->Name("Lists/peer: QMetaProperty::read, text");
+BENCHMARK(peerInvokeMethod)->Name("Lists/peer: QMetaMethod::invoke");
+BENCHMARK(find)->Name("Lists/find by key, 100,000");
+BENCHMARK(findText)->Name("Lists/find by text, 100,000");
+BENCHMARK(filterByKey)->Name("Lists/filter by key, 100,000");
+BENCHMARK(filterBySelector)->Name("Lists/filter by selector, 100,000");
+BENCHMARK(uniqueName)->Name("Lists/unique name, 100,000 clashing");
+
+constexpr char ReadInt[] = "Lists/peer: QMetaProperty::read, int";
+constexpr char ReadText[] = "Lists/peer: QMetaProperty::read, text";
+const bool isRegistered =
+    compareWith("Lists/find by key, 100,000", ReadInt, 0.9)
+    && compareWith("Lists/find by text, 100,000", ReadText, 0.9)
+    && compareWith("Lists/filter by key, 100,000", ReadInt, 0.9)
+    && compareWith("Lists/filter by selector, 100,000", "Lists/peer: QMetaMethod::invoke", 1.2)
+    && compareWith("Lists/unique name, 100,000 clashing", ReadText, 2);
+} // namespace
