@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QList>
+#include <QStringList>
+
+class QTextStream;
+
+/// \a text with control characters and those that change the direction of writing shown as escapes
+/// ("\n", "\u202e"), so that text from a file neither breaks a line nor steers the terminal.
+QString printableText(const QString &text);
+
+/// How many columns of a terminal \a text takes: two for the wide characters of East Asian scripts
+/// and most emoji, none for combining marks and format characters, one for the rest.
+qsizetype displayWidth(const QString &text);
+
+/// Rows of cells printed in aligned columns, two blanks apart.
+///
+/// A cell that is wider than WidestAligned is printed whole and moves the rest of its row only.
+/// Lines have no trailing blanks.
+///
+/// \code
+/// AlignedTable table;
+/// table.addRow({u"Table:"_s, u"kt_contacts"_s});
+/// table.addRow({u"Rows read:"_s, u"300"_s});
+/// table.print(out);
+/// // Table:      kt_contacts
+/// // Rows read:  300
+/// \endcode
+class AlignedTable
+{
+public:
+    static constexpr qsizetype WidestAligned = 48;
+
+    /// Adds a row below; rows may differ in length. Cells are made printable.
+    void addRow(const QStringList &cells);
+    /// Prints the rows, each with \a indentation blanks before it.
+    void print(QTextStream &out, int indentation = 0) const;
+
+private:
+    QList<QStringList> _rows;
+    QList<qsizetype> _widths;
+};

@@ -1,0 +1,82 @@
+#include "Cobble.h"
+
+#include "AlignedTable.h"
+#include "CommandContext.h"
+#include "ImportCommand.h"
+#include "LogCommand.h"
+#include "NamesCommand.h"
+#include "StandardStreams.h"
+#include "Usage.h"
+
+#include <array>
+
+namespace {
+struct Command
+{
+    QStringView name;
+    ExitCode (*run)(const QStringList &arguments, CommandContext &context);
+};
+
+ExitCode runHelp(const QStringList &, CommandContext &context)
+{
+    context.out() << usageText();
+    return ExitCode::Success;
+}
+
+ExitCode runVersion(const QStringList &, CommandContext &context)
+{
+    context.out() << QStringLiteral("Cobble " COBBLE_VERSION "\n");
+    return ExitCode::Success;
+}
+
+constexpr std::array<Command, 7> Commands = {{
+    {u"import", runImportCommand},
+    {u"names", runNamesCommand},
+    {u"log", runLogCommand},
+    {u"help", runHelp},
+    {u"--help", runHelp},
+    {u"-h", runHelp},
+    {u"--version", runVersion},
+}};
+
+ExitCode runUnknown(const QString &name, CommandContext &context)
+{
+    const QString kind =
+        name.startsWith(u'-') ? QStringLiteral("option") : QStringLiteral("command");
+    return context.wrongUsage(QStringLiteral("unknown %1 '%2'").arg(kind, name));
+}
+
+ExitCode runCommand(const QStringList &arguments, CommandContext &context)
+{
+    if (arguments.isEmpty())
+        return context.wrongUsage(QString());
+    const QString &name = arguments.first();
+    for (const Command &command : Commands) {
+        if (command.name == name)
+            return command.run(arguments.sliced(1), context);
+    }
+    return runUnknown(name, context);
+}
+} // namespace
+
+int runCobble(const QStringList &arguments, QTextStream &out, QTextStream &err, KTLogger *logger)
+{
+    CommandContext context(out, err, logger);
+    return int(runCommand(arguments, context));
+}
+
+int runCobbleProcess(const QStringList &arguments, int outputDescriptor, int errorDescriptor)
+{
+    KTLog(kLog_Lifecycle, 4, u"start: cobble %@", printableText(arguments.join(u' ')));
+    DescriptorStream output(outputDescriptor);
+    DescriptorStream errors(errorDescriptor);
+    int exitCode = runCobble(arguments, output.stream(), errors.stream());
+    const QString reason = output.finish();
+    if (!reason.isNull()) {
+        errors.stream() << "cobble: standard output: " << reason << '\n';
+        exitCode = exitCode == int(ExitCode::Success) ? int(ExitCode::Failure) : exitCode;
+    }
+    errors.finish();
+    KTLog(kLog_Lifecycle, 4, u"exit code %d", exitCode);
+    return exitCode;
+}

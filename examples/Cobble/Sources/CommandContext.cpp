@@ -1,0 +1,56 @@
+#include "CommandContext.h"
+
+#include "AlignedTable.h"
+#include "Usage.h"
+
+#include <QCommandLineParser>
+#include <QTextStream>
+
+namespace {
+/// The parser's texts are sentences that begin with a capital and end with a full stop.
+QString asMessage(const QString &sentence)
+{
+    QString message = sentence;
+    if (message.endsWith(u'.'))
+        message.chop(1);
+    return message.isEmpty() ? message : QString(message.front().toLower() + message.sliced(1));
+}
+} // namespace
+
+CommandContext::CommandContext(QTextStream &out, QTextStream &err, KTLogger *logger)
+    : _out(out), _err(err), _logger(logger)
+{
+}
+
+bool CommandContext::parse(const QStringList &arguments, QCommandLineParser *parser)
+{
+    // The parser passes over the first argument, the name of the program.
+    if (parser->parse(QStringList(QStringLiteral("cobble")) + arguments))
+        return true;
+    wrongUsage(asMessage(parser->errorText()));
+    return false;
+}
+
+void CommandContext::warn(const QString &message)
+{
+    _err << "cobble: " << printableText(message) << '\n';
+}
+
+void CommandContext::warn(const QString &path, const QString &message)
+{
+    warn(QString(path + u": " + message));
+}
+
+ExitCode CommandContext::fail(const QString &path, const QString &message)
+{
+    warn(path, message);
+    return ExitCode::Failure;
+}
+
+ExitCode CommandContext::wrongUsage(const QString &message)
+{
+    if (!message.isNull())
+        warn(message);
+    _err << usageText();
+    return ExitCode::WrongUsage;
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "Cobble.h"
+
+class QCommandLineParser;
+class QTextStream;
+
+/// What a command talks to: the two outputs and the logger. Errors are reported through it, so that
+/// they all look the same and give the right exit code.
+class CommandContext
+{
+public:
+    CommandContext(QTextStream &out, QTextStream &err, KTLogger *logger);
+
+    QTextStream &out() { return _out; }
+    KTLogger *logger() { return _logger; }
+
+    /// Parses the arguments of one command; its options, also `--help`, are added to \a parser
+    /// before.
+    /// \return false if there is an unknown option or one lacks its value; that is reported then.
+    bool parse(const QStringList &arguments, QCommandLineParser *parser);
+
+    /// Prints the line "cobble: message" on the error output.
+    void warn(const QString &message);
+    /// The same for something about a file: "cobble: path: message".
+    void warn(const QString &path, const QString &message);
+    /// Warns, and gives the exit code for what could not be done.
+    ExitCode fail(const QString &path, const QString &message);
+    /// Warns, unless \a message is nil, shows the usage on the error output, and gives the exit
+    /// code for that.
+    ExitCode wrongUsage(const QString &message);
+
+private:
+    QTextStream &_out;
+    QTextStream &_err;
+    KTLogger *_logger;
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QFile>
+#include <QTextStream>
+
+/// A text stream in UTF-8 on an open descriptor that tells at the end whether everything arrived.
+///
+/// \code
+/// DescriptorStream output(STDOUT_FILENO);
+/// output.stream() << "done\n";
+/// if (const QString reason = output.finish(); !reason.isNull())
+///     complain(reason);    // "No space left on device"
+/// \endcode
+class DescriptorStream
+{
+public:
+    /// A stream on \a descriptor, which stays open when the stream goes.
+    explicit DescriptorStream(int descriptor);
+
+    QTextStream &stream() { return _stream; }
+    /// Writes what is still buffered.
+    /// \return the system's reason if anything written could not be; nil if all of it was.
+    QString finish();
+
+private:
+    QFile _file;
+    QTextStream _stream;
+};
+
+/// Makes sure that the descriptors 0 to 2 are taken, so that no file opened later gets the number
+/// of a closed standard stream and with it the program's output. Writing to one that was closed
+/// fails afterwards, as before.
+void reserveStandardDescriptors();
