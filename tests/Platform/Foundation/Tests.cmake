@@ -1,3 +1,7 @@
 target_sources(KTUtilityTests PRIVATE
+    Platform/Foundation/NSBundleTests.cpp
     Platform/Foundation/NSExceptionTests.cpp
+    Platform/Foundation/NSFileManagerTests.cpp
+    Platform/Foundation/NSPathUtilitiesTests.cpp
+    Platform/Foundation/NSSearchPathTests.cpp
 )
