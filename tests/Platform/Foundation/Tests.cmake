@@ -8,4 +8,6 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSPropertyListWriterTests.cpp
     Platform/Foundation/NSPropertyListXMLReaderTests.cpp
     Platform/Foundation/NSSearchPathTests.cpp
+    Platform/Foundation/NSUserDefaultsFileTests.cpp
+    Platform/Foundation/NSUserDefaultsTests.cpp
 )
