@@ -7,8 +7,7 @@
 #include <optional>
 
 // Private to NSUserDefaults: the file of a persistent domain.
-namespace NSDefaultsFile
-{
+namespace NSDefaultsFile {
 /// The folder of the files; nil if the user has no Library folder.
 QString folder();
 /// The path of a domain's file; nil if there is no folder.

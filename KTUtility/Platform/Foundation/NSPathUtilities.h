@@ -15,8 +15,7 @@
 /// NSString::stringByAppendingPathComponent(QStringLiteral("/tmp"), QStringLiteral("a"));
 ///     // "/tmp/a"
 /// \endcode
-namespace NSString
-{
+namespace NSString {
 /// The components, "/" being the first of an absolute path and the last of one that ends with it.
 KTUTILITY_EXPORT QStringList pathComponents(const QString &path);
 /// The components joined with "/".

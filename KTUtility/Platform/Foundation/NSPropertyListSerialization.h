@@ -19,8 +19,7 @@
 /// const QByteArray xml = NSPropertyListSerialization::dataWithPropertyList(settings, &error);
 /// const QVariant back = NSPropertyListSerialization::propertyListFromData(xml, &error);
 /// \endcode
-namespace NSPropertyListSerialization
-{
+namespace NSPropertyListSerialization {
 /// The largest document that is read, in bytes.
 inline constexpr qsizetype MaximumSize = 16 * 1024 * 1024;
 /// How deep arrays and dictionaries may be nested.
@@ -45,8 +44,7 @@ KTUTILITY_EXPORT bool isPropertyList(const QVariant &value);
 } // namespace NSPropertyListSerialization
 
 /// Dictionaries in files.
-namespace NSDictionary
-{
+namespace NSDictionary {
 /// The dictionary in a property list file; nothing if the file is missing, is a folder, cannot be
 /// read, is malformed, or holds something else.
 KTUTILITY_EXPORT std::optional<QVariantMap> dictionaryWithContentsOfFile(const QString &path);
@@ -55,7 +53,8 @@ KTUTILITY_EXPORT std::optional<QVariantMap> dictionaryWithContentsOfFile(const Q
 /// \param atomically whether readers see the old file or the new one, never a part: the bytes go to
 /// a temporary file beside it, are flushed to the disk, and take the file's place. The mode of an
 /// existing file stays.
-/// \return false if it cannot be written, or if the path is there and not a file; an atomically written file is then as it was.
+/// \return false if it cannot be written, or if the path is there and not a file; an atomically
+/// written file is then as it was.
 KTUTILITY_EXPORT bool writeToFile(const QVariantMap &dictionary, const QString &path,
                                   bool atomically);
 } // namespace NSDictionary
