@@ -6,12 +6,21 @@
 #include <QFile>
 #include <QGuiApplication>
 
+namespace {
+/// Settings files are named after the host, so that its name must be usable as a file name.
+bool canNameFile(const QString &name)
+{
+    return !name.isEmpty() && name != u"." && name != u".." && name.isValidUtf16() &&
+           !name.contains(u'/') && !name.contains(QChar(u'\0'));
+}
+} // namespace
+
 NSBundle::NSBundle(const QString &path)
     : _path(path)
-    , _information(NSDictionary::dictionaryWithContentsOfFile(
-                       NSString::stringByAppendingPathComponent(
-                           path, QStringLiteral("Contents/Info.plist")))
-                       .value_or(QVariantMap()))
+    , _information(
+          NSDictionary::dictionaryWithContentsOfFile(
+              NSString::stringByAppendingPathComponent(path, QStringLiteral("Contents/Info.plist")))
+              .value_or(QVariantMap()))
 {
 }
 
@@ -20,9 +29,9 @@ QString NSBundle::bundlePathForExecutable(const QString &executable)
     const QString folder = NSString::stringByDeletingLastPathComponent(executable);
     const QString contents = NSString::stringByDeletingLastPathComponent(folder);
     const QString bundle = NSString::stringByDeletingLastPathComponent(contents);
-    const bool isBundle = NSString::lastPathComponent(folder) == u"Linux"
-        && NSString::lastPathComponent(contents) == u"Contents"
-        && NSString::pathExtension(bundle) == u"app";
+    const bool isBundle = NSString::lastPathComponent(folder) == u"Linux" &&
+                          NSString::lastPathComponent(contents) == u"Contents" &&
+                          NSString::pathExtension(bundle) == u"app";
     return isBundle ? bundle : folder;
 }
 
@@ -35,16 +44,17 @@ const NSBundle &NSBundle::mainBundle()
 
 QString NSBundle::bundleIdentifier() const
 {
-    const QString identifier =
-        _information.value(QStringLiteral("CFBundleIdentifier")).toString();
-    return identifier.isEmpty() ? QString() : identifier;
+    const QVariant identifier = _information.value(QStringLiteral("CFBundleIdentifier"));
+    const bool isText = identifier.typeId() == QMetaType::QString;
+    return isText && !identifier.toString().isEmpty() ? identifier.toString() : QString();
 }
 
 QString NSHostIdentifier()
 {
-    const QString identifier = NSBundle::mainBundle().bundleIdentifier();
-    if (!identifier.isNull())
-        return identifier;
-    const QString desktopFile = QGuiApplication::desktopFileName();
-    return desktopFile.isEmpty() ? QStringLiteral("org.cobble.Cobble") : desktopFile;
+    for (const QString &name :
+         {NSBundle::mainBundle().bundleIdentifier(), QGuiApplication::desktopFileName()}) {
+        if (canNameFile(name))
+            return name;
+    }
+    return QStringLiteral("org.cobble.Cobble");
 }

@@ -35,4 +35,5 @@ private:
 
 /// The reverse-DNS name of the host, after which its settings files are named: the main bundle's
 /// identifier, else the desktop file name that the application has set, else "org.cobble.Cobble".
+/// Names that cannot be a file name are passed over.
 KTUTILITY_EXPORT QString NSHostIdentifier();

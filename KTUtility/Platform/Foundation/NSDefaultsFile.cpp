@@ -8,16 +8,22 @@
 #include <QFile>
 #include <QLockFile>
 
-namespace
-{
+namespace {
 constexpr int LockMilliseconds = 2000;
 
-/// Keeps a file that is there and cannot be read as a dictionary from being overwritten.
-void moveDamagedFileAside(const QString &path)
+constexpr int MostDamagedFiles = 100;
+
+/// Keeps a file that is there and cannot be read as a dictionary from being overwritten: as
+/// "<path>.damaged", or with a number behind it if such a file was kept before.
+bool moveDamagedFileAside(const QString &path)
 {
-    const QString aside = path + u".damaged";
-    QFile::remove(aside);
-    QFile::rename(path, aside);
+    // QFile::rename() never replaces a file.
+    for (int number = 1; number <= MostDamagedFiles; ++number) {
+        const QString suffix = number == 1 ? QString() : QString(u'.' + QString::number(number));
+        if (QFile::rename(path, QString(path + u".damaged" + suffix)))
+            return true;
+    }
+    return false;
 }
 } // namespace
 
@@ -39,8 +45,7 @@ std::optional<QVariantMap> NSDefaultsFile::read(const QString &domain)
     return NSDictionary::dictionaryWithContentsOfFile(path(domain));
 }
 
-bool NSDefaultsFile::update(const QString &domain,
-                            const std::function<void(QVariantMap &)> &change)
+bool NSDefaultsFile::update(const QString &domain, const std::function<void(QVariantMap &)> &change)
 {
     const QString file = path(domain);
     if (file.isNull() || !NSFileManager::createDirectoryAtPath(folder(), true))
@@ -49,14 +54,15 @@ bool NSDefaultsFile::update(const QString &domain,
     if (!lock.tryLock(LockMilliseconds))
         return false;
     const std::optional<QVariantMap> stored = read(domain);
-    if (!stored && NSFileManager::fileExistsAtPath(file))
-        moveDamagedFileAside(file);
+    if (!stored && NSFileManager::fileExistsAtPath(file) && !moveDamagedFileAside(file))
+        return false;
     QVariantMap values = stored.value_or(QVariantMap());
     change(values);
     return NSDictionary::writeToFile(values, file, true);
 }
 
-void NSDefaultsFile::remove(const QString &domain)
+bool NSDefaultsFile::remove(const QString &domain)
 {
-    QFile::remove(path(domain));
+    const QString file = path(domain);
+    return !file.isNull() && (!NSFileManager::fileExistsAtPath(file) || QFile::remove(file));
 }

@@ -7,8 +7,7 @@
 #include <optional>
 
 // Private to NSUserDefaults: the file of a persistent domain.
-namespace NSDefaultsFile
-{
+namespace NSDefaultsFile {
 /// The folder of the files; nil if the user has no Library folder.
 QString folder();
 /// The path of a domain's file; nil if there is no folder.
@@ -19,9 +18,11 @@ std::optional<QVariantMap> read(const QString &domain);
 
 /// Changes the file under its lock: reads it, lets \a change change it, and writes it. A damaged
 /// file is moved aside first.
-/// \return false if it is locked for more than two seconds or cannot be written.
+/// \return false if it is locked for more than two seconds, cannot be written, or is damaged and
+/// cannot be moved aside.
 bool update(const QString &domain, const std::function<void(QVariantMap &)> &change);
 
 /// Removes the file.
-void remove(const QString &domain);
+/// \return false if it is still there, or if there is no folder.
+bool remove(const QString &domain);
 } // namespace NSDefaultsFile

@@ -5,18 +5,19 @@
 
 #include <sys/stat.h>
 
-namespace
-{
+namespace {
+/// Lone surrogates have no bytes, and would become the name of another file.
 bool canBePath(const QString &path)
 {
-    return !path.isEmpty() && !path.contains(QChar(u'\0'));
+    return !path.isEmpty() && path.isValidUtf16() && !path.contains(QChar(u'\0'));
 }
 } // namespace
 
 bool NSFileManager::fileExistsAtPath(const QString &path, bool *isDirectory)
 {
     struct stat status = {};
-    const bool exists = canBePath(path) && ::stat(QFile::encodeName(path).constData(), &status) == 0;
+    const bool exists =
+        canBePath(path) && ::stat(QFile::encodeName(path).constData(), &status) == 0;
     if (isDirectory)
         *isDirectory = exists && S_ISDIR(status.st_mode);
     return exists;

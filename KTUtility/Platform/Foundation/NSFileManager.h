@@ -5,11 +5,10 @@
 #include <QString>
 
 /// What is on the disk.
-namespace NSFileManager
-{
+namespace NSFileManager {
 /// Whether anything is at \a path; links are followed, so that a link to nothing is nothing.
 /// \param isDirectory receives whether it is a folder; may be null.
-/// \return false also for nil, the empty path, and paths that hold NUL.
+/// \return false also for nil, the empty path, and paths that hold NUL or lone surrogates.
 KTUTILITY_EXPORT bool fileExistsAtPath(const QString &path, bool *isDirectory = nullptr);
 
 /// Makes a folder.

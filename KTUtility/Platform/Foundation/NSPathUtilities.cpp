@@ -4,17 +4,25 @@
 
 #include <algorithm>
 
-namespace
+namespace {
+/// The path with runs of "/" made one. Nil stays nil, and "" stays "".
+QString withSingleSlashes(const QString &path)
 {
-/// The path with runs of "/" made one, and without one at the end.
-QString compressed(const QString &path)
-{
+    if (path.isEmpty())
+        return path;
     QString result;
     result.reserve(path.size());
     for (const QChar unit : path) {
         if (unit != u'/' || !result.endsWith(u'/'))
             result += unit;
     }
+    return result;
+}
+
+/// The same, and without one at the end.
+QString compressed(const QString &path)
+{
+    QString result = withSingleSlashes(path);
     if (result.size() > 1 && result.endsWith(u'/'))
         result.chop(1);
     return result;
@@ -70,26 +78,32 @@ QString NSString::pathWithComponents(const QStringList &components)
 QString NSString::lastPathComponent(const QString &path)
 {
     const QString whole = compressed(path);
-    return whole.mid(startOfLastComponent(whole));
+    return whole.isEmpty() ? whole : whole.mid(startOfLastComponent(whole));
 }
 
 QString NSString::stringByDeletingLastPathComponent(const QString &path)
 {
     const QString whole = compressed(path);
+    if (whole.isEmpty())
+        return whole;
     const qsizetype slash = whole.lastIndexOf(u'/');
     return slash == 0 ? QStringLiteral("/") : whole.left(std::max<qsizetype>(slash, 0));
 }
 
 QString NSString::stringByAppendingPathComponent(const QString &path, const QString &component)
 {
-    return path.isEmpty() ? compressed(component) : compressed(path + u'/' + component);
+    if (component.isEmpty())
+        return compressed(path);
+    return withSingleSlashes(path.isEmpty() ? component : QString(path + u'/' + component));
 }
 
 QString NSString::pathExtension(const QString &path)
 {
     const QString whole = compressed(path);
     const qsizetype dot = dotOf(whole);
-    return dot < 0 ? QStringLiteral("") : whole.mid(dot + 1);
+    if (dot < 0)
+        return path.isNull() ? QString() : QStringLiteral("");
+    return whole.mid(dot + 1);
 }
 
 QString NSString::stringByDeletingPathExtension(const QString &path)
@@ -119,6 +133,8 @@ QString NSString::stringByExpandingTildeInPath(const QString &path)
 QString NSString::stringByStandardizingPath(const QString &path)
 {
     const QString whole = stringByExpandingTildeInPath(path);
+    if (whole.isEmpty())
+        return whole;
     // A lone "." at the root is kept as the platform keeps it.
     if (whole == u"/.")
         return whole;

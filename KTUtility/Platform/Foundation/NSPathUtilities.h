@@ -6,7 +6,7 @@
 #include <QStringList>
 
 /// Paths as texts. Nothing here looks at the file system, except that a tilde asks for the home
-/// folder. Runs of "/" count as one, and a "/" at the end is dropped first.
+/// folder. Runs of "/" count as one, and a "/" at the end is dropped first. Nil gives nil.
 ///
 /// \code
 /// NSString::lastPathComponent(QStringLiteral("/tmp/photo.0.jpg"));             // "photo.0.jpg"
@@ -15,8 +15,7 @@
 /// NSString::stringByAppendingPathComponent(QStringLiteral("/tmp"), QStringLiteral("a"));
 ///     // "/tmp/a"
 /// \endcode
-namespace NSString
-{
+namespace NSString {
 /// The components, "/" being the first of an absolute path and the last of one that ends with it.
 KTUTILITY_EXPORT QStringList pathComponents(const QString &path);
 /// The components joined with "/".
@@ -27,7 +26,7 @@ KTUTILITY_EXPORT QString lastPathComponent(const QString &path);
 /// The path without its last component; "/" stays.
 KTUTILITY_EXPORT QString stringByDeletingLastPathComponent(const QString &path);
 /// The path and one more component with exactly one "/" between; an absolute component is appended
-/// all the same.
+/// all the same. A "/" at the end of the component stays.
 KTUTILITY_EXPORT QString stringByAppendingPathComponent(const QString &path,
                                                         const QString &component);
 

@@ -2,8 +2,8 @@
 // with the sizes of offsets and references, the number of objects, the root and the table's place.
 // Every number that comes from the file is checked before it is used.
 
+#include "NSObject.h"
 #include "NSPropertyListReaders_p.h"
-
 #include "NSPropertyListSerialization.h"
 
 #include <QDateTime>
@@ -12,16 +12,18 @@
 #include <bit>
 #include <cmath>
 
-namespace
-{
+namespace {
 using NSPropertyListSerialization::MaximumDepth;
 
 constexpr qsizetype HeaderSize = 8;
 constexpr qsizetype TrailerSize = 32;
 /// How many values are made from one file; shared objects count each time that they are used.
 constexpr int MaximumValues = 1'000'000;
+/// How many bytes of texts and data are made from one file, counted in the same way.
+constexpr quint64 MaximumBytes = 64 * 1024 * 1024;
 
-struct Failure {
+struct Failure
+{
     QString reason;
 };
 
@@ -67,8 +69,8 @@ private:
         _end = _data.size() - TrailerSize;
         if (_offsetSize == 0 || _offsetSize > 8 || _referenceSize == 0 || _referenceSize > 8)
             fail("sizes out of range");
-        if (_table < quint64(HeaderSize) || _table > quint64(_end)
-            || _count > (quint64(_end) - _table) / _offsetSize)
+        if (_table < quint64(HeaderSize) || _table > quint64(_end) ||
+            _count > (quint64(_end) - _table) / _offsetSize)
             fail("the table of objects is beyond the end");
     }
 
@@ -100,6 +102,11 @@ private:
         return count;
     }
 
+    static QVariant unsignedInteger(quint64 value)
+    {
+        return value > quint64(INT64_MAX) ? QVariant(value) : QVariant(qlonglong(value));
+    }
+
     QVariant readInteger(quint64 offset) const
     {
         const quint64 size = quint64(1) << (quint8(_data[qsizetype(offset)]) & 0x0F);
@@ -107,7 +114,7 @@ private:
             const quint64 high = readNumber(offset + 1, 8);
             const quint64 low = readNumber(offset + 9, 8);
             if (high == 0)
-                return low > quint64(INT64_MAX) ? QVariant(low) : QVariant(qlonglong(low));
+                return unsignedInteger(low);
             if (high == ~quint64(0) && qint64(low) < 0)
                 return QVariant(qlonglong(low));
             fail("an integer of more than 64 bits");
@@ -137,9 +144,18 @@ private:
         return QDateTime::fromMSecsSinceEpoch(qint64(milliseconds), Qt::UTC);
     }
 
-    QVariant readText(quint64 offset, bool isUtf16) const
+    /// Counts what is made, so that few objects used many times cannot fill the memory.
+    void spend(quint64 bytes)
+    {
+        _bytes += bytes;
+        if (_bytes > MaximumBytes)
+            fail("too much text and data");
+    }
+
+    QVariant readText(quint64 offset, bool isUtf16)
     {
         const quint64 count = readCount(offset, isUtf16 ? 2 : 1);
+        spend(count * 2);
         const char *bytes = _data.constData() + offset;
         if (!isUtf16)
             return QString::fromLatin1(bytes, qsizetype(count));
@@ -148,9 +164,10 @@ private:
         return text;
     }
 
-    QVariant readData(quint64 offset) const
+    QVariant readData(quint64 offset)
     {
         const quint64 count = readCount(offset, 1);
+        spend(count);
         return _data.mid(qsizetype(offset), qsizetype(count));
     }
 
@@ -159,7 +176,8 @@ private:
         const quint64 count = readCount(offset, _referenceSize);
         QVariantList array;
         for (quint64 index = 0; index < count; ++index)
-            array += readObject(readNumber(offset + index * _referenceSize, _referenceSize), depth + 1);
+            array +=
+                readObject(readNumber(offset + index * _referenceSize, _referenceSize), depth + 1);
         return array;
     }
 
@@ -182,11 +200,14 @@ private:
     QVariant readUID(quint64 offset) const
     {
         const quint64 size = (quint8(_data[qsizetype(offset)]) & 0x0F) + 1u;
-        return QVariantMap{{QStringLiteral("CF$UID"), qlonglong(readNumber(offset + 1, size))}};
+        return QVariantMap{
+            {QStringLiteral("CF$UID"), unsignedInteger(readNumber(offset + 1, size))}};
     }
 
     QVariant readConstant(quint8 marker) const
     {
+        if (marker == 0x00)
+            return NSNull();
         if (marker != 0x08 && marker != 0x09)
             fail("an unknown constant");
         return marker == 0x09;
@@ -232,6 +253,7 @@ private:
     quint64 _root = 0;
     quint64 _table = 0;
     int _values = 0;
+    quint64 _bytes = 0;
 };
 } // namespace
 

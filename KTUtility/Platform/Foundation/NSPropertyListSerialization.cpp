@@ -5,26 +5,33 @@
 #include "NSPropertyListReaders_p.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
 #include <unistd.h>
 
-namespace
-{
+namespace {
 bool writeAtomically(const QByteArray &bytes, const QString &path)
 {
     QSaveFile file(path);
     // Without this, QSaveFile writes in place where it cannot make a temporary file.
     file.setDirectWriteFallback(false);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush()
-        && ::fsync(file.handle()) == 0 && file.commit();
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() &&
+           ::fsync(file.handle()) == 0 && file.commit();
+}
+
+/// A new name or a regular file. To replace anything else (a folder, a device) would destroy it.
+bool isWritableTarget(const QString &path)
+{
+    const bool canBePath = !path.isEmpty() && path.isValidUtf16() && !path.contains(QChar(u'\0'));
+    return canBePath && (!NSFileManager::fileExistsAtPath(path) || QFileInfo(path).isFile());
 }
 
 bool writeInPlace(const QByteArray &bytes, const QString &path)
 {
     QFile file(path);
-    return file.open(QIODevice::WriteOnly | QIODevice::Truncate)
-        && file.write(bytes) == bytes.size() && file.flush();
+    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) &&
+           file.write(bytes) == bytes.size() && file.flush();
 }
 } // namespace
 
@@ -42,10 +49,10 @@ QVariant NSPropertyListSerialization::propertyListFromData(const QByteArray &dat
 
 std::optional<QVariantMap> NSDictionary::dictionaryWithContentsOfFile(const QString &path)
 {
-    bool isDirectory = false;
+    // A pipe would wait for a writer, and a device may never end.
     QFile file(path);
-    if (!NSFileManager::fileExistsAtPath(path, &isDirectory) || isDirectory
-        || !file.open(QIODevice::ReadOnly))
+    if (!NSFileManager::fileExistsAtPath(path) || !QFileInfo(path).isFile() ||
+        !file.open(QIODevice::ReadOnly))
         return std::nullopt;
     const QByteArray data = file.read(NSPropertyListSerialization::MaximumSize + 1);
     const QVariant value = NSPropertyListSerialization::propertyListFromData(data);
@@ -57,7 +64,7 @@ std::optional<QVariantMap> NSDictionary::dictionaryWithContentsOfFile(const QStr
 bool NSDictionary::writeToFile(const QVariantMap &dictionary, const QString &path, bool atomically)
 {
     const QByteArray bytes = NSPropertyListSerialization::dataWithPropertyList(dictionary);
-    if (bytes.isNull() || path.isEmpty() || path.contains(QChar(u'\0')))
+    if (bytes.isNull() || !isWritableTarget(path))
         return false;
     NSFileManager::createDirectoryAtPath(NSString::stringByDeletingLastPathComponent(path), true);
     return atomically ? writeAtomically(bytes, path) : writeInPlace(bytes, path);

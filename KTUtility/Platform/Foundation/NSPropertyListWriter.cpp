@@ -1,30 +1,32 @@
 // The XML form of property lists, character by character that of the platform.
 
+#include "NSDecimalNumber.h"
 #include "NSPropertyListSerialization.h"
 
 #include <QDateTime>
 
+#include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 
-namespace
-{
+namespace {
 using NSPropertyListSerialization::MaximumDepth;
 
-constexpr char Head[] =
-    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-    "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
-    "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
-    "<plist version=\"1.0\">\n";
+constexpr char Head[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                        "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+                        "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+                        "<plist version=\"1.0\">\n";
 
 /// Whether XML 1.0 can hold all characters of a text (XML 1.0, production 2).
 bool fitsXML(const QString &text)
 {
-    return text.isValidUtf16() && std::all_of(text.begin(), text.end(), [](QChar unit) {
-               return unit >= u' ' || unit == u'\t' || unit == u'\n' || unit == u'\r';
-           })
-        && !text.contains(QChar(0xFFFE)) && !text.contains(QChar(0xFFFF));
+    return text.isValidUtf16() &&
+           std::all_of(text.begin(), text.end(),
+                       [](QChar unit) {
+                           return unit >= u' ' || unit == u'\t' || unit == u'\n' || unit == u'\r';
+                       }) &&
+           !text.contains(QChar(0xFFFE)) && !text.contains(QChar(0xFFFF));
 }
 
 QByteArray escaped(const QString &text)
@@ -45,9 +47,20 @@ QByteArray realText(double value)
         return value < 0 ? "-infinity" : "+infinity";
     if (value == 0)
         return "0.0";
+    // As "%.17g", with "." in every locale.
     std::array<char, 40> buffer{};
-    const int length = std::snprintf(buffer.data(), buffer.size(), "%.17g", value);
-    return QByteArray(buffer.data(), length);
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                   std::chars_format::general, 17)
+                         .ptr;
+    return QByteArray(buffer.data(), end - buffer.data());
+}
+
+/// "YYYY"; Qt has no year 0, but ISO 8601 has one, so that years before Christ are off by one.
+QByteArray yearText(int year)
+{
+    const int astronomical = year < 0 ? year + 1 : year;
+    const QByteArray digits = QByteArray::number(std::abs(astronomical));
+    return astronomical < 0 ? '-' + digits.rightJustified(3, '0') : digits.rightJustified(4, '0');
 }
 
 class XMLWriter
@@ -61,7 +74,13 @@ public:
                 *error = _error;
             return {};
         }
-        return _bytes + "</plist>\n";
+        _bytes += "</plist>\n";
+        if (_bytes.size() > NSPropertyListSerialization::MaximumSize) {
+            if (error)
+                *error = QStringLiteral("larger than what can be read back");
+            return {};
+        }
+        return _bytes;
     }
 
 private:
@@ -71,13 +90,16 @@ private:
         return false;
     }
 
-    void writeLine(int depth, const QByteArray &text) { _bytes += QByteArray(depth, '\t') + text + '\n'; }
+    void writeLine(int depth, const QByteArray &text)
+    {
+        _bytes += QByteArray(depth, '\t') + text + '\n';
+    }
 
     bool writeText(const char *tag, const QString &text, int depth)
     {
         if (!fitsXML(text))
-            return fail(QStringLiteral("a text with characters that XML cannot hold: ")
-                        + text.left(40));
+            return fail(QStringLiteral("a text with characters that XML cannot hold: ") +
+                        text.left(40));
         writeLine(depth, QByteArray("<") + tag + '>' + escaped(text) + "</" + tag + '>');
         return true;
     }
@@ -98,13 +120,17 @@ private:
         const QDateTime utc = date.toUTC();
         if (!utc.isValid())
             return fail(QStringLiteral("an invalid date"));
-        const int year = utc.date().year();
-        const QByteArray sign = year < 0 ? "-" : "";
         const QString rest = utc.toString(QStringLiteral("-MM-ddTHH:mm:ssZ"));
-        writeLine(depth, "<date>" + sign
-                      + QByteArray::number(std::abs(year)).rightJustified(4, '0') + rest.toLatin1()
-                      + "</date>");
+        writeLine(depth, "<date>" + yearText(utc.date().year()) + rest.toLatin1() + "</date>");
         return true;
+    }
+
+    /// Whole decimals of 64 bits stay exact; the others become the nearest real.
+    bool writeDecimal(const NSDecimalNumber &decimal, int depth)
+    {
+        const qint64 whole = decimal.integerValue();
+        return NSDecimalNumber(whole) == decimal ? writeValue(qlonglong(whole), depth)
+                                                 : writeValue(decimal.doubleValue(), depth);
     }
 
     bool writeArray(const QVariantList &array, int depth)
@@ -133,8 +159,8 @@ private:
         for (auto entry = dictionary.begin(); entry != dictionary.end(); ++entry) {
             if (!writeText("key", entry.key(), depth + 1) || !writeValue(entry.value(), depth + 1))
                 return _error.contains(u" for the key ")
-                    ? false
-                    : fail(_error + u" for the key " + entry.key().left(40));
+                           ? false
+                           : fail(_error + u" for the key " + entry.key().left(40));
         }
         writeLine(depth, "</dict>");
         return true;
@@ -148,14 +174,23 @@ private:
         case QMetaType::Bool:
             writeLine(depth, value.toBool() ? "<true/>" : "<false/>");
             return true;
-        case QMetaType::Int: case QMetaType::Long: case QMetaType::LongLong: case QMetaType::Short:
+        case QMetaType::Int:
+        case QMetaType::Long:
+        case QMetaType::LongLong:
+        case QMetaType::Short:
+        case QMetaType::Char:
+        case QMetaType::SChar:
             writeLine(depth, "<integer>" + QByteArray::number(value.toLongLong()) + "</integer>");
             return true;
-        case QMetaType::UInt: case QMetaType::ULong: case QMetaType::ULongLong:
+        case QMetaType::UInt:
+        case QMetaType::ULong:
+        case QMetaType::ULongLong:
         case QMetaType::UShort:
+        case QMetaType::UChar:
             writeLine(depth, "<integer>" + QByteArray::number(value.toULongLong()) + "</integer>");
             return true;
-        case QMetaType::Double: case QMetaType::Float:
+        case QMetaType::Double:
+        case QMetaType::Float:
             writeLine(depth, "<real>" + realText(value.toDouble()) + "</real>");
             return true;
         case QMetaType::QString:
@@ -166,13 +201,16 @@ private:
         case QMetaType::QByteArray:
             writeData(value.toByteArray(), depth);
             return true;
-        case QMetaType::QVariantList: case QMetaType::QStringList:
+        case QMetaType::QVariantList:
+        case QMetaType::QStringList:
             return writeArray(value.toList(), depth);
         case QMetaType::QVariantMap:
             return writeDictionary(value.toMap(), depth);
         default:
-            return fail(value.isValid() ? QStringLiteral("no property list type: ")
-                                + QString::fromLatin1(value.typeName())
+            if (value.metaType() == QMetaType::fromType<NSDecimalNumber>())
+                return writeDecimal(value.value<NSDecimalNumber>(), depth);
+            return fail(value.isValid() ? QStringLiteral("no property list type: ") +
+                                              QString::fromLatin1(value.typeName())
                                         : QStringLiteral("nil"));
         }
     }

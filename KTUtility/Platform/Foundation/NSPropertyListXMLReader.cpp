@@ -6,29 +6,31 @@
 #include <QRegularExpression>
 #include <QXmlStreamReader>
 
+#include <algorithm>
 #include <limits>
 #include <optional>
 
-namespace
-{
+namespace {
 using NSPropertyListSerialization::MaximumDepth;
 
-QStringView trimmedBlanks(QStringView text)
+bool isDigit(QChar unit, bool isHexadecimal)
 {
-    return text.trimmed();
+    const char16_t code = unit.unicode() | (isHexadecimal ? 0x20 : 0);
+    return (unit >= u'0' && unit <= u'9') || (isHexadecimal && code >= u'a' && code <= u'f');
 }
 
 /// A signed decimal or hexadecimal integer; blanks may stand around the sign.
 std::optional<QVariant> integerFrom(QStringView text)
 {
-    QStringView rest = trimmedBlanks(text);
+    QStringView rest = text.trimmed();
     const bool isNegative = rest.startsWith(u'-');
     if (isNegative || rest.startsWith(u'+'))
-        rest = trimmedBlanks(rest.sliced(1));
+        rest = rest.sliced(1).trimmed();
     const bool isHexadecimal = rest.startsWith(u"0x", Qt::CaseInsensitive);
     if (isHexadecimal)
         rest = rest.sliced(2);
-    bool isNumber = !rest.isEmpty() && rest.front() != u'+' && rest.front() != u'-';
+    bool isNumber = std::all_of(rest.begin(), rest.end(),
+                                [&](QChar unit) { return isDigit(unit, isHexadecimal); });
     const quint64 magnitude = isNumber ? rest.toULongLong(&isNumber, isHexadecimal ? 16 : 10) : 0;
     constexpr quint64 limit = quint64(std::numeric_limits<qint64>::max());
     if (!isNumber || (isNegative && magnitude > limit + 1))
@@ -42,7 +44,8 @@ std::optional<QVariant> specialReal(const QString &text)
 {
     if (text == u"nan")
         return QVariant(std::numeric_limits<double>::quiet_NaN());
-    const QString unsignedText = text.startsWith(u'+') || text.startsWith(u'-') ? text.mid(1) : text;
+    const QString unsignedText =
+        text.startsWith(u'+') || text.startsWith(u'-') ? text.mid(1) : text;
     if (unsignedText != u"inf" && unsignedText != u"infinity")
         return std::nullopt;
     const double infinity = std::numeric_limits<double>::infinity();
@@ -51,7 +54,7 @@ std::optional<QVariant> specialReal(const QString &text)
 
 std::optional<QVariant> realFrom(QStringView text)
 {
-    const QString number = trimmedBlanks(text).toString().toLower();
+    const QString number = text.trimmed().toString().toLower();
     if (const auto special = specialReal(number))
         return special;
     bool isNumber = false;
@@ -63,14 +66,18 @@ std::optional<QVariant> realFrom(QStringView text)
 std::optional<QVariant> dateFrom(const QString &text)
 {
     static const QRegularExpression form(
-        QStringLiteral("^(-?)(\\d{1,6})-(\\d\\d)-(\\d\\d)T(\\d\\d):(\\d\\d):(\\d\\d)Z$"));
+        QStringLiteral("\\A(-?)(\\d{1,9})-(\\d\\d)-(\\d\\d)T(\\d\\d):(\\d\\d):(\\d\\d)Z\\z"));
     const QRegularExpressionMatch match = form.match(text);
     if (!match.hasMatch())
         return std::nullopt;
     const auto part = [&](int index) { return match.capturedView(index).toInt(); };
-    const int year = match.capturedLength(1) > 0 ? -part(2) : part(2);
-    const QDateTime date(QDate(year, part(3), part(4)), QTime(part(5), part(6), part(7)), Qt::UTC);
-    return date.isValid() ? std::optional<QVariant>(date) : std::nullopt;
+    // There is a year 0 in ISO 8601 and none in Qt.
+    const int written = match.capturedLength(1) > 0 ? -part(2) : part(2);
+    const int year = written <= 0 ? written - 1 : written;
+    // QDateTime would take an invalid time for midnight.
+    const QTime time(part(5), part(6), part(7));
+    const QDateTime date(QDate(year, part(3), part(4)), time, Qt::UTC);
+    return time.isValid() && date.isValid() ? std::optional<QVariant>(date) : std::nullopt;
 }
 
 /// Base64; characters outside of the alphabet are skipped.
@@ -87,13 +94,13 @@ public:
     QVariant read(QString *error)
     {
         QVariant result;
-        if (_xml.readNextStartElement() && _xml.name() == u"plist" && _xml.readNextStartElement())
+        if (readNextElement() && _xml.name() == u"plist" && readNextElement())
             result = readValue(0);
         else if (!_xml.hasError() && _xml.isStartElement())
             result = readValue(0); // a bare element without <plist> around it
         else
             fail(QStringLiteral("no property list"));
-        if (!_xml.hasError() && _xml.readNextStartElement())
+        if (!_xml.hasError() && readNextElement())
             fail(QStringLiteral("more than one value"));
         while (!_xml.atEnd() && !_xml.hasError())
             _xml.readNext();
@@ -111,7 +118,35 @@ private:
             _xml.raiseError(reason);
     }
 
-    QString readText() { return _xml.readElementText(QXmlStreamReader::ErrorOnUnexpectedElement); }
+    /// Moves to the next element inside of the current one; what may stand between is blanks,
+    /// comments and the DOCTYPE line. Entities are not for property lists.
+    bool readNextElement()
+    {
+        while (!_xml.hasError() && !_xml.atEnd()) {
+            const QXmlStreamReader::TokenType token = _xml.readNext();
+            if (token == QXmlStreamReader::StartElement)
+                return true;
+            if (token == QXmlStreamReader::EndElement)
+                return false;
+            if (!_xml.entityDeclarations().isEmpty() || _xml.isEntityReference() ||
+                (_xml.isCharacters() && !_xml.isWhitespace()))
+                fail(QStringLiteral("text between elements"));
+        }
+        return false;
+    }
+
+    /// The text of the current element; empty, but never nil.
+    QString readText()
+    {
+        QString text = QStringLiteral("");
+        while (!_xml.hasError() && _xml.readNext() != QXmlStreamReader::EndElement) {
+            if (_xml.isCharacters())
+                text += _xml.text();
+            else if (!_xml.isComment() && !_xml.isProcessingInstruction())
+                fail(QStringLiteral("an element or entity inside of a value"));
+        }
+        return text;
+    }
 
     QVariant checked(const std::optional<QVariant> &value, const char *what)
     {
@@ -123,7 +158,7 @@ private:
     QVariant readArray(int depth)
     {
         QVariantList array;
-        while (!_xml.hasError() && _xml.readNextStartElement())
+        while (!_xml.hasError() && readNextElement())
             array += readValue(depth + 1);
         return array;
     }
@@ -131,7 +166,7 @@ private:
     QVariant readDictionary(int depth)
     {
         QVariantMap dictionary;
-        while (!_xml.hasError() && _xml.readNextStartElement()) {
+        while (!_xml.hasError() && readNextElement()) {
             if (_xml.name() != u"key") {
                 fail(QStringLiteral("a value without a key"));
                 break;
@@ -139,7 +174,7 @@ private:
             const QString key = readText();
             if (_xml.hasError())
                 break;
-            if (!_xml.readNextStartElement()) {
+            if (!readNextElement()) {
                 fail(QStringLiteral("a key without a value"));
                 break;
             }
@@ -150,7 +185,8 @@ private:
 
     QVariant readBoolean(bool value)
     {
-        _xml.skipCurrentElement();
+        if (!readText().isEmpty())
+            fail(QStringLiteral("text in a boolean"));
         return value;
     }
 
@@ -161,7 +197,8 @@ private:
         const QString text = readText();
         if (text.isEmpty() && _xml.characterOffset() == start)
             fail(QStringLiteral("empty data element"));
-        return dataFrom(text);
+        const QByteArray data = dataFrom(text);
+        return data.isNull() ? QByteArray("") : data;
     }
 
     QVariant readValue(int depth)

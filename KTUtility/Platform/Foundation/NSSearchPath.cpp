@@ -3,8 +3,7 @@
 #include <QDir>
 #include <QFile>
 
-namespace
-{
+namespace {
 /// An environment variable that names an absolute path; nil otherwise. Relative paths count as
 /// unset, as the XDG rules say.
 QString absolutePathIn(const char *variable)
@@ -19,15 +18,15 @@ QString applicationSupportFolder()
     if (!data.isNull())
         return QDir::cleanPath(data);
     const QString home = NSHomeDirectory();
-    return home.isNull() ? QString() : QString(home + u"/.local/share");
+    return home.isNull() ? QString() : QDir::cleanPath(home + u"/.local/share");
 }
 
 QString withTilde(const QString &path)
 {
     const QString home = NSHomeDirectory();
     return !home.isNull() && path.startsWith(QString(home + u'/'))
-        ? QString(u'~' + path.mid(home.size()))
-        : path;
+               ? QString(u'~' + path.mid(home.size()))
+               : path;
 }
 } // namespace
 
@@ -46,7 +45,9 @@ QStringList NSSearchPathForDirectoriesInDomains(NSSearchPathDirectory directory,
                                                 unsigned domainMask, bool expandTilde)
 {
     const QString support = applicationSupportFolder();
-    if (support.isNull() || !(domainMask & NSUserDomainMask))
+    const bool isKnown =
+        directory == NSLibraryDirectory || directory == NSApplicationSupportDirectory;
+    if (support.isNull() || !isKnown || !(domainMask & NSUserDomainMask))
         return {};
     const QString folder =
         directory == NSLibraryDirectory ? QString(support + u"/Cobble") : support;

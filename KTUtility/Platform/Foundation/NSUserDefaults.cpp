@@ -1,6 +1,7 @@
 #include "NSUserDefaults.h"
 
 #include "NSBundle.h"
+#include "NSDecimalNumber.h"
 #include "NSDefaultsFile_p.h"
 #include "NSException.h"
 #include "NSObject.h"
@@ -15,12 +16,11 @@ const QString NSArgumentDomain = QStringLiteral("NSArgumentDomain");
 const QString NSGlobalDomain = QStringLiteral("NSGlobalDomain");
 const QString NSRegistrationDomain = QStringLiteral("NSRegistrationDomain");
 
-namespace
-{
+namespace {
 void checkDomainName(const QString &name)
 {
-    if (name.isEmpty() || name == u"." || name == u".." || name.contains(u'/')
-        || name.contains(QChar(u'\0')))
+    if (name.isEmpty() || name == u"." || name == u".." || name.contains(u'/') ||
+        name.contains(QChar(u'\0')) || !name.isValidUtf16())
         NSException::raise(NSInvalidArgumentException,
                            NSString::stringWithFormat(u"\"%@\" cannot be a domain", name));
 }
@@ -42,7 +42,8 @@ QVariantMap parsedArguments(const QStringList &arguments)
     QVariantMap values;
     for (qsizetype index = 0; index + 1 < arguments.size(); ++index) {
         const QString &word = arguments.at(index);
-        if (word.size() > 1 && word.startsWith(u'-') && !word.startsWith(u"--"))
+        const bool isKey = word.size() > 1 && word.startsWith(u'-') && !word.startsWith(u"--");
+        if (isKey && !arguments.at(index + 1).startsWith(u'-'))
             values.insert(word.mid(1), arguments.at(++index));
     }
     return values;
@@ -54,15 +55,14 @@ NSUserDefaults *NSUserDefaults::standardUserDefaults()
     static auto *const defaults = [] {
         const bool hasApplication = QCoreApplication::instance();
         return new NSUserDefaults(NSHostIdentifier(), hasApplication
-                                      ? QCoreApplication::arguments().mid(1)
-                                      : QStringList());
+                                                          ? QCoreApplication::arguments().mid(1)
+                                                          : QStringList());
     }();
     return defaults;
 }
 
 NSUserDefaults::NSUserDefaults(const QString &applicationDomain, const QStringList &arguments)
-    : _domainName(applicationDomain)
-    , _arguments(parsedArguments(arguments))
+    : _domainName(applicationDomain), _arguments(parsedArguments(arguments))
 {
     checkDomainName(applicationDomain);
     load();
@@ -99,16 +99,18 @@ qint64 NSUserDefaults::integerForKey(const QString &key) const
 double NSUserDefaults::doubleForKey(const QString &key) const
 {
     const QVariant value = objectForKey(key);
+    if (value.metaType() == QMetaType::fromType<NSDecimalNumber>())
+        return value.value<NSDecimalNumber>().doubleValue();
     return value.typeId() == QMetaType::QString ? NSString::doubleValue(value.toString())
-        : NSObject::isNumber(value)             ? value.toDouble()
+           : NSObject::isNumber(value)          ? value.toDouble()
                                                 : 0;
 }
 
 QVariantList NSUserDefaults::arrayForKey(const QString &key) const
 {
     const QVariant value = objectForKey(key);
-    const bool isArray = value.typeId() == QMetaType::QVariantList
-        || value.typeId() == QMetaType::QStringList;
+    const bool isArray =
+        value.typeId() == QMetaType::QVariantList || value.typeId() == QMetaType::QStringList;
     return isArray ? value.toList() : QVariantList();
 }
 
@@ -149,7 +151,7 @@ QVariantMap NSUserDefaults::dictionaryRepresentation() const
 void NSUserDefaults::setObject(const QVariant &value, const QString &forKey)
 {
     if (!NSObject::isNil(value))
-        checkPropertyList(value, forKey);
+        checkPropertyList(QVariantMap{{forKey, value}}, forKey);
     setValue(NSObject::isNil(value) ? QVariant() : value, forKey);
 }
 
@@ -188,14 +190,22 @@ void NSUserDefaults::merge(QVariantMap &stored)
 
 void NSUserDefaults::load()
 {
-    QVariantMap stored = NSDefaultsFile::read(_domainName).value_or(QVariantMap());
+    const auto domainNamed = [this](const QString &name) {
+        const auto unsaved = _unsavedDomains.constFind(name);
+        const auto domain =
+            unsaved == _unsavedDomains.constEnd() ? NSDefaultsFile::read(name) : *unsaved;
+        return domain.value_or(QVariantMap());
+    };
+    QVariantMap stored = domainNamed(_domainName);
     merge(stored);
-    _global = NSDefaultsFile::read(NSGlobalDomain).value_or(QVariantMap());
+    _global = domainNamed(NSGlobalDomain);
 }
 
 /// Writes the unsaved keys into what the file holds now, and takes over the rest of it.
 bool NSUserDefaults::save()
 {
+    if (_unsavedDomains.contains(_domainName) && !saveDomains())
+        return false;
     const bool isSaved =
         NSDefaultsFile::update(_domainName, [this](QVariantMap &stored) { merge(stored); });
     if (isSaved)
@@ -205,10 +215,23 @@ bool NSUserDefaults::save()
 
 bool NSUserDefaults::synchronize()
 {
-    if (!_unsavedKeys.isEmpty())
-        return save();
+    const bool domainsAreSaved = saveDomains();
+    const bool keysAreSaved =
+        _unsavedKeys.isEmpty() || (!_unsavedDomains.contains(_domainName) && save());
     load();
-    return !NSDefaultsFile::folder().isNull();
+    return domainsAreSaved && keysAreSaved && !NSDefaultsFile::folder().isNull();
+}
+
+/// Writes or removes the domains that wait for it.
+bool NSUserDefaults::saveDomains()
+{
+    _unsavedDomains.removeIf([](const auto &entry) {
+        const std::optional<QVariantMap> &domain = entry.value();
+        if (!domain)
+            return NSDefaultsFile::remove(entry.key());
+        return NSDefaultsFile::update(entry.key(), [&](QVariantMap &stored) { stored = *domain; });
+    });
+    return _unsavedDomains.isEmpty();
 }
 
 // --- Domains ------------------------------------------------------------------------------------
@@ -216,36 +239,34 @@ bool NSUserDefaults::synchronize()
 std::optional<QVariantMap> NSUserDefaults::persistentDomainForName(const QString &name) const
 {
     checkDomainName(name);
-    return name == _domainName && !_application.isEmpty() ? _application
-                                                          : NSDefaultsFile::read(name);
+    if (name == _domainName && !_application.isEmpty())
+        return _application;
+    const auto unsaved = _unsavedDomains.constFind(name);
+    return unsaved == _unsavedDomains.constEnd() ? NSDefaultsFile::read(name) : *unsaved;
 }
 
-/// Keeps what is in memory the same as a domain that was replaced.
-void NSUserDefaults::adoptDomain(const QVariantMap &domain, const QString &name)
+/// Replaces a domain in memory and in its file; no map removes it.
+void NSUserDefaults::replaceDomain(const std::optional<QVariantMap> &domain, const QString &name)
 {
-    if (name == NSGlobalDomain)
-        _global = domain;
-    if (name != _domainName)
-        return;
-    _application = domain;
-    _unsavedKeys.clear();
+    if (name == _domainName)
+        _unsavedKeys.clear();
+    _unsavedDomains.insert(name, domain);
+    saveDomains();
+    load();
+    Q_EMIT didChange();
 }
 
 void NSUserDefaults::setPersistentDomain(const QVariantMap &domain, const QString &forName)
 {
     checkDomainName(forName);
     checkPropertyList(domain, forName);
-    NSDefaultsFile::update(forName, [&](QVariantMap &stored) { stored = domain; });
-    adoptDomain(domain, forName);
-    Q_EMIT didChange();
+    replaceDomain(domain, forName);
 }
 
 void NSUserDefaults::removePersistentDomainForName(const QString &name)
 {
     checkDomainName(name);
-    NSDefaultsFile::remove(name);
-    adoptDomain({}, name);
-    Q_EMIT didChange();
+    replaceDomain(std::nullopt, name);
 }
 
 QStringList NSUserDefaults::persistentDomainNames() const

@@ -13,7 +13,8 @@
 #include <optional>
 
 /// Settings by key, looked up in several domains one after the other: the command line
-/// ("-key value"), the application, the global domain, and what was registered as defaults.
+/// ("-key value", where the value does not begin with "-"), the application, the global domain, and
+/// what was registered as defaults.
 ///
 /// Persistent domains are property lists, "<domain>.plist" in the Preferences folder of the user's
 /// Library. A set is written at once: under a lock, re-read first, so that another process that
@@ -63,8 +64,12 @@ public:
     // --- Writing to the application's domain
 
     /// Sets a value and writes it; nil removes the key.
-    /// \throws NSException NSInvalidArgumentException if the value is no property list.
+    /// \throws NSException NSInvalidArgumentException if the value is no property list, or if it or
+    /// the key holds characters that the file cannot hold; nothing is set then.
     void setObject(const QVariant &value, const QString &forKey);
+    void setBool(bool value, const QString &forKey) { setObject(value, forKey); }
+    void setInteger(qint64 value, const QString &forKey) { setObject(value, forKey); }
+    void setDouble(double value, const QString &forKey) { setObject(value, forKey); }
     /// Removes a value, which uncovers that of the next domain.
     void removeObjectForKey(const QString &key);
     /// Adds values for keys that no other domain has. They are never written.
@@ -77,7 +82,8 @@ public:
 
     /// What a persistent domain holds; nothing if it does not exist.
     std::optional<QVariantMap> persistentDomainForName(const QString &name) const;
-    /// Replaces all of a persistent domain and writes it.
+    /// Replaces all of a persistent domain and writes it. What cannot be written is kept in memory
+    /// and written by a later synchronize().
     /// \throws NSException NSInvalidArgumentException if the name cannot be a file name or a value
     /// is no property list.
     void setPersistentDomain(const QVariantMap &domain, const QString &forName);
@@ -102,8 +108,9 @@ private:
     void setValue(const QVariant &value, const QString &key);
     void merge(QVariantMap &stored);
     void load();
+    bool saveDomains();
     bool save();
-    void adoptDomain(const QVariantMap &domain, const QString &name);
+    void replaceDomain(const std::optional<QVariantMap> &domain, const QString &name);
 
     QString _domainName;
     QVariantMap _arguments;
@@ -113,6 +120,8 @@ private:
     QMap<QString, QVariantMap> _volatileDomains;
     // Keys of the application's domain that the file does not have yet as they are here.
     QSet<QString> _unsavedKeys;
+    // Whole domains that could not be written or, where there is no map, not be removed.
+    QMap<QString, std::optional<QVariantMap>> _unsavedDomains;
 };
 
 /// "NSArgumentDomain", the volatile domain of the command line.

@@ -1,11 +1,21 @@
 target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSAssertionHandlerTests.cpp
     Platform/Foundation/NSAttributedStringTests.cpp
+    Platform/Foundation/NSBundleTests.cpp
     Platform/Foundation/NSExceptionTests.cpp
+    Platform/Foundation/NSFileManagerTests.cpp
     Platform/Foundation/NSInvokerTests.cpp
     Platform/Foundation/NSKeyValueCodingTests.cpp
     Platform/Foundation/NSObjectTests.cpp
+    Platform/Foundation/NSPathUtilitiesTests.cpp
+    Platform/Foundation/NSPropertyListBinaryReaderTests.cpp
+    Platform/Foundation/NSPropertyListFileTests.cpp
+    Platform/Foundation/NSPropertyListWriterTests.cpp
+    Platform/Foundation/NSPropertyListXMLReaderTests.cpp
     Platform/Foundation/NSScannerTests.cpp
+    Platform/Foundation/NSSearchPathTests.cpp
     Platform/Foundation/NSStringFormatTests.cpp
+    Platform/Foundation/NSUserDefaultsFileTests.cpp
+    Platform/Foundation/NSUserDefaultsTests.cpp
     Platform/Foundation/TableTests.cpp
 )
