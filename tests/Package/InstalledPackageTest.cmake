@@ -1,0 +1,34 @@
+# Installs the framework into a new folder, moves it, builds a small program against it, and runs
+# that program:
+#   cmake -DBUILD=<build tree> -DSOURCE=<this folder> -DGENERATOR=<generator> -DWORK=<folder> -P …
+function(run)
+    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output
+        ERROR_VARIABLE output OUTPUT_STRIP_TRAILING_WHITESPACE)
+    if(NOT result EQUAL 0)
+        message(FATAL_ERROR "${ARGN}\n${output}")
+    endif()
+    set(output "${output}" PARENT_SCOPE)
+endfunction()
+
+file(REMOVE_RECURSE "${WORK}")
+run("${CMAKE_COMMAND}" --install "${BUILD}" --component KTUtility --prefix "${WORK}/first")
+file(RENAME "${WORK}/first" "${WORK}/moved")
+
+run("${CMAKE_COMMAND}" -S "${SOURCE}/consumer" -B "${WORK}/build" -G "${GENERATOR}"
+    "-DCMAKE_PREFIX_PATH=${WORK}/moved" -DCMAKE_BUILD_TYPE=Debug)
+run("${CMAKE_COMMAND}" --build "${WORK}/build")
+
+file(MAKE_DIRECTORY "${WORK}/home")
+run("${CMAKE_COMMAND}" -E env "HOME=${WORK}/home" --unset=XDG_DATA_HOME "${WORK}/build/consumer")
+if(NOT output STREQUAL "Field 1 kt_field1")
+    message(FATAL_ERROR "The consumer printed: ${output}")
+endif()
+
+file(GLOB_RECURSE private RELATIVE "${WORK}/moved" "${WORK}/moved/*_p.h")
+if(private)
+    message(FATAL_ERROR "Private headers were installed: ${private}")
+endif()
+file(READ "${WORK}/home/.local/share/Cobble/Logs/cobble.log" log)
+if(NOT log MATCHES "\\[Schema Manager\\] made Field 1\n$")
+    message(FATAL_ERROR "The log holds: ${log}")
+endif()
