@@ -1,0 +1,84 @@
+#include <KTUtility/Platform/AppKit/NSFont.h>
+#include <KTUtility/Platform/AppKit/NSMenuItem.h>
+
+#include "support/TestSupport.h"
+
+#include <QPointer>
+
+namespace
+{
+/// Takes actions and decides which are enabled.
+class Target : public QObject
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE void choose(QAction *sender) { chosen += NSMenuItem::tag(sender); }
+    Q_INVOKABLE bool validateMenuItem(QAction *item) { return NSMenuItem::tag(item) != 13; }
+    Q_INVOKABLE void removeItem(QAction *sender) { delete sender; }
+
+    QList<int> chosen;
+};
+} // namespace
+
+TEST(NSMenuItem, SendsItsActionWithItself)
+{
+    testing_support::needApplication();
+    QMenu menu;
+    Target target;
+    QAction *item = NSMenuItem::addItem(&menu, QStringLiteral("3"), "choose:", &target);
+    EXPECT_EQ(NSMenuItem::tag(item), 0);
+    NSMenuItem::setTag(item, 173);
+    item->trigger();
+    EXPECT_EQ(target.chosen, QList<int>{173});
+    EXPECT_EQ(NSMenuItem::target(item), &target);
+}
+
+TEST(NSMenuItem, AsksItsTargetBeforeTheMenuIsShown)
+{
+    testing_support::needApplication();
+    QMenu menu;
+    Target target;
+    QAction *refused = NSMenuItem::addItem(&menu, QStringLiteral("a"), "choose:", &target);
+    QAction *allowed = NSMenuItem::addItem(&menu, QStringLiteral("b"), "choose:", &target);
+    NSMenuItem::setTag(refused, 13);
+    Q_EMIT menu.aboutToShow();
+    EXPECT_FALSE(refused->isEnabled());
+    EXPECT_TRUE(allowed->isEnabled());
+    refused->trigger();
+    EXPECT_TRUE(target.chosen.isEmpty());
+}
+
+TEST(NSMenuItem, TargetsMayDieAndItemsMayBeRemovedByTheirAction)
+{
+    testing_support::needApplication();
+    QMenu menu;
+    auto target = std::make_unique<Target>();
+    QPointer<QAction> item =
+        NSMenuItem::addItem(&menu, QStringLiteral("x"), "removeItem:", target.get());
+    item->trigger();
+    EXPECT_TRUE(item.isNull());
+    QAction *orphan = NSMenuItem::addItem(&menu, QStringLiteral("y"), "choose:", target.get());
+    target.reset();
+    orphan->trigger();
+    Q_EMIT menu.aboutToShow();
+    EXPECT_EQ(NSMenuItem::target(orphan), nullptr);
+}
+
+TEST(NSMenuItem, TitlesKeepTheirAmpersands)
+{
+    testing_support::needApplication();
+    QMenu menu;
+    for (const QString &title : {QStringLiteral("Drag & Drop"), QStringLiteral("&&"),
+                                 QStringLiteral("&a"), QStringLiteral("")})
+        EXPECT_EQ(NSMenuItem::title(NSMenuItem::addItem(&menu, title, NSSelector(), nullptr)), title);
+}
+
+TEST(NSFont, HasTheAskedSizeWithAndWithoutAnApplication)
+{
+    EXPECT_EQ(NSFont::systemFontOfSize(NSFont::smallSystemFontSize).pixelSize(), 11);
+    testing_support::needApplication();
+    EXPECT_EQ(NSFont::systemFontOfSize(NSFont::systemFontSize).pixelSize(), 13);
+}
+
+#include "NSMenuItemTests.moc"
