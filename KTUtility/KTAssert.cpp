@@ -3,8 +3,7 @@
 #include "Platform/Foundation/NSAssertionHandler.h"
 #include "Platform/Foundation/NSLog.h"
 
-namespace
-{
+namespace {
 /// The line that every assertion reports.
 constexpr int AssertionLine = 28;
 } // namespace
@@ -13,8 +12,9 @@ void KTAssert::failAssertion(const QString &message)
 {
     NSLog(u"ASSERTION FAILED: %@", message);
     NSAssertionHandler::currentHandler()->handleFailureInMethod(
-        QStringLiteral("KTAssertWithFormat:"), NSAssertionSubject::classNamed(QStringLiteral("KTAssert")),
-        QString::fromUtf8(__FILE__), AssertionLine, message);
+        QStringLiteral("KTAssertWithFormat:"),
+        NSAssertionSubject::classNamed(QStringLiteral("KTAssert")), QString::fromUtf8(__FILE__),
+        AssertionLine, message);
 }
 
 void KTAssert::reportVerification(const QString &message)

@@ -3,9 +3,7 @@
 #include <QMutexLocker>
 
 KTLogCapture::KTLogCapture(const QString &component, int level, KTLogger *logger)
-    : _logger(logger)
-    , _outer(logger->_capture)
-    , _savedComponents(logger->_components)
+    : _logger(logger), _outer(logger->_capture), _savedComponents(logger->_components)
 {
     _logger->_capture = this;
     setLevelOfComponent(level, component);

@@ -21,7 +21,8 @@ class KTUTILITY_EXPORT KTLogCapture
 {
 public:
     /// One caught message.
-    struct Entry {
+    struct Entry
+    {
         QString component;
         int level = 0;
         QString file;

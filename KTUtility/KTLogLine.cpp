@@ -5,12 +5,9 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <ctime>
-#include <string>
-#include <vector>
+#include <cstring>
 
-namespace
-{
+namespace {
 /// Enough bytes for a date and time, whatever the year.
 constexpr size_t DateSize = 64;
 
@@ -31,16 +28,26 @@ bool isAscii(QStringView text)
 class LineWriter
 {
 public:
-    /// Makes room for \a bytes. The buffer belongs to the thread and only grows.
-    explicit LineWriter(size_t bytes)
+    /// Makes room for \a size bytes in a buffer that only grows.
+    LineWriter(std::vector<char> &bytes, size_t size)
     {
-        thread_local std::vector<char> buffer;
-        if (buffer.size() < bytes)
-            buffer.resize(bytes * 2);
-        _start = _end = buffer.data();
+        if (bytes.size() < size)
+            bytes.resize(size * 2);
+        _start = _end = bytes.data();
     }
 
-    void text(std::string_view bytes) { _end = std::copy(bytes.begin(), bytes.end(), _end); }
+    void text(std::string_view bytes)
+    {
+        std::memcpy(_end, bytes.data(), bytes.size());
+        _end += bytes.size();
+    }
+
+    template<size_t Size>
+    void text(const char (&bytes)[Size])
+    {
+        std::memcpy(_end, bytes, Size - 1);
+        _end += Size - 1;
+    }
 
     void utf8(QStringView text)
     {
@@ -54,13 +61,21 @@ public:
     }
 
     /// A number in at least \a width digits.
-    void digits(long number, int width)
+    void digits(long number, long width)
     {
         std::array<char, 20> digits{};
         const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
         for (auto missing = width - (end - digits.begin()); missing > 0; --missing)
             *_end++ = '0';
         _end = std::copy(digits.begin(), end, _end);
+    }
+
+    /// A number below 1,000 in three digits.
+    void milliseconds(long number)
+    {
+        *_end++ = char('0' + number / 100);
+        *_end++ = char('0' + number / 10 % 10);
+        *_end++ = char('0' + number % 10);
     }
 
     std::string_view written() const { return {_start, size_t(_end - _start)}; }
@@ -75,10 +90,11 @@ std::string dateText(time_t second)
 {
     std::tm parts{};
     ::localtime_r(&second, &parts);
-    LineWriter date(DateSize);
-    date.text(Weekdays[size_t(parts.tm_wday)]);
+    std::vector<char> bytes;
+    LineWriter date(bytes, DateSize);
+    date.text(std::string_view(Weekdays[size_t(parts.tm_wday)]));
     date.text(" ");
-    date.text(Months[size_t(parts.tm_mon)]);
+    date.text(std::string_view(Months[size_t(parts.tm_mon)]));
     date.text(" ");
     date.digits(parts.tm_mday, 2);
     date.text(" ");
@@ -92,18 +108,6 @@ std::string dateText(time_t second)
     date.text(".");
     return std::string(date.written());
 }
-
-/// The date text of a second, made once a second and thread.
-const std::string &cachedDateText(time_t second)
-{
-    thread_local time_t cachedSecond = -1;
-    thread_local std::string cachedText;
-    if (second != cachedSecond) {
-        cachedText = dateText(second);
-        cachedSecond = second;
-    }
-    return cachedText;
-}
 } // namespace
 
 std::string_view KTLogLine::lastPathComponent(const char *path)
@@ -115,17 +119,20 @@ std::string_view KTLogLine::lastPathComponent(const char *path)
     return slash == std::string_view::npos || rest.size() == 1 ? rest : rest.substr(slash + 1);
 }
 
-QByteArrayView KTLogLine::line(QStringView component, std::string_view fileName, int lineNumber,
-                               QStringView message)
+QByteArrayView KTLogLine::line(State &state, QStringView component, std::string_view fileName,
+                               int lineNumber, QStringView message)
 {
     std::timespec now{};
     ::clock_gettime(CLOCK_REALTIME, &now);
-    const std::string &date = cachedDateText(now.tv_sec);
+    if (now.tv_sec != state.second) {
+        state.date = dateText(now.tv_sec);
+        state.second = now.tv_sec;
+    }
     // Three bytes of UTF-8 at most for each UTF-16 unit.
     const size_t units = size_t(component.size()) + size_t(message.size());
-    LineWriter line(DateSize + fileName.size() + 3 * units + 64);
-    line.text(date);
-    line.digits(now.tv_nsec / 1'000'000, 3);
+    LineWriter line(state.bytes, DateSize + fileName.size() + 3 * units + 64);
+    line.text(std::string_view(state.date));
+    line.milliseconds(now.tv_nsec / 1'000'000);
     line.text(" [");
     line.text(fileName);
     line.text(":");

@@ -23,8 +23,7 @@ const QString KTLoggerComponentsKey = QStringLiteral("components");
 
 std::atomic<KTLogger *> KTLogger::_sharedLogger = nullptr;
 
-namespace
-{
+namespace {
 /// No level at all: below every level that can be asked for.
 constexpr int NothingIsOn = INT_MIN;
 
@@ -52,7 +51,8 @@ int levelSetting(const QVariant &value)
 
 int openLogFile(const QString &path)
 {
-    return ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+    return ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC,
+                  0644);
 }
 } // namespace
 
@@ -64,8 +64,7 @@ KTLogger *KTLogger::createSharedLogger()
     return logger;
 }
 
-KTLogger::KTLogger()
-    : _highestLevel(NothingIsOn)
+KTLogger::KTLogger() : _highestLevel(NothingIsOn)
 {
     initializeAllComponentsArray();
     const QString logFile = NSString::stringWithFormat(u"%@/cobble.log", logFolder());
@@ -90,8 +89,8 @@ QString KTLogger::configFilePath() const
 QString KTLogger::logFolder() const
 {
     const QString library = libraryFolder();
-    const QString folder = NSString::stringWithFormat(
-        u"%@/Logs", library.isNull() ? NSTemporaryDirectory() : library);
+    const QString folder =
+        NSString::stringWithFormat(u"%@/Logs", library.isNull() ? NSTemporaryDirectory() : library);
     if (!NSFileManager::fileExistsAtPath(folder))
         NSFileManager::createDirectoryAtPath(folder, true);
     return folder;
@@ -100,15 +99,45 @@ QString KTLogger::logFolder() const
 void KTLogger::initializeAllComponentsArray()
 {
     _allComponentsArray = {
-        kLog_AppleScript, kLog_validateMenuItem, kLog_BlockSelection, kLog_CalcEngine,
-        kLog_DragDrop, kLog_DataMap, kLog_EventsEngine, kLog_ExportXML, kLog_ExportCobble,
-        kLog_FieldPanel, kLog_FieldGroup, kLog_FieldMedia, kLog_FieldText, kLog_FormCell,
-        kLog_FormContentSelector, kLog_FormScrollView, kLog_FormViewController,
-        kLog_FormattersCurrency, kLog_FormattersDateTimes, kLog_FormattersNumbers,
-        kLog_FormattersPhoneNumbers, kLog_ImportDialog, kLog_ImportXML, kLog_KeyboardNavigation,
-        kLog_Lifecycle, kLog_MainWindow, kLog_MediaFilenames, kLog_MediaIKView, kLog_MediaQTView,
-        kLog_MediaView, kLog_Printing, kLog_RollOverButtons, kLog_SchemaManager, kLog_SourceList,
-        kLog_SourceItem, kLog_TableViewController, kLog_Tests, kLog_Undo, kLog_Upgrade,
+        kLog_AppleScript,
+        kLog_validateMenuItem,
+        kLog_BlockSelection,
+        kLog_CalcEngine,
+        kLog_DragDrop,
+        kLog_DataMap,
+        kLog_EventsEngine,
+        kLog_ExportXML,
+        kLog_ExportCobble,
+        kLog_FieldPanel,
+        kLog_FieldGroup,
+        kLog_FieldMedia,
+        kLog_FieldText,
+        kLog_FormCell,
+        kLog_FormContentSelector,
+        kLog_FormScrollView,
+        kLog_FormViewController,
+        kLog_FormattersCurrency,
+        kLog_FormattersDateTimes,
+        kLog_FormattersNumbers,
+        kLog_FormattersPhoneNumbers,
+        kLog_ImportDialog,
+        kLog_ImportXML,
+        kLog_KeyboardNavigation,
+        kLog_Lifecycle,
+        kLog_MainWindow,
+        kLog_MediaFilenames,
+        kLog_MediaIKView,
+        kLog_MediaQTView,
+        kLog_MediaView,
+        kLog_Printing,
+        kLog_RollOverButtons,
+        kLog_SchemaManager,
+        kLog_SourceList,
+        kLog_SourceItem,
+        kLog_TableViewController,
+        kLog_Tests,
+        kLog_Undo,
+        kLog_Upgrade,
     };
 }
 
@@ -119,11 +148,16 @@ void KTLogger::setComponents(const std::optional<QVariantMap> &components)
     _activeLevels.clear();
     int highest = NothingIsOn;
     const QVariantMap entries = components.value_or(QVariantMap());
+    const auto shared = [this](const QString &name) {
+        // The constants of call sites share storage with the array, which makes equality quick.
+        const qsizetype index = _allComponentsArray.indexOf(name);
+        return index < 0 ? name : _allComponentsArray.at(index);
+    };
     for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
         const int level = levelSetting(entry.value());
         if (level == 0)
             continue;
-        _activeLevels.emplace_back(entry.key(), level);
+        _activeLevels.emplace_back(shared(entry.key()), level);
         highest = std::max(highest, level);
     }
     _highestLevel.store(highest, std::memory_order_relaxed);
@@ -174,7 +208,9 @@ void KTLogger::setLevelOfComponent(int level, const QString &component)
 int KTLogger::levelOfComponent(const QString &component) const
 {
     for (const auto &[name, level] : _activeLevels) {
-        if (name == component)
+        const bool isSameStorage =
+            name.constData() == component.constData() && name.size() == component.size();
+        if (isSameStorage || name == component)
             return level;
     }
     return 0;
@@ -190,34 +226,26 @@ void KTLogger::logArguments(const QString &component, int logLevel, const char *
                             int lineNumber, QStringView format,
                             std::span<const NSFormatArgument> arguments)
 {
-    // The buffer is taken while it is in use: describing an argument may log, too.
-    thread_local QString buffer;
-    QString message = std::exchange(buffer, QString());
+    // The state is taken while it is in use: describing an argument may log, too.
+    thread_local std::unique_ptr<KTLogLine::State> spare;
+    std::unique_ptr<KTLogLine::State> state = std::move(spare);
+    if (!state)
+        state = std::make_unique<KTLogLine::State>();
+    QString &message = state->message;
     message.resize(0);
     if (format.isNull())
         message += u"<null>";
     else
         NSString::appendFormatArguments(message, format, arguments);
-    writeMessage(component, logLevel, KTLogLine::lastPathComponent(file), lineNumber, message);
-    buffer = std::move(message);
-}
-
-void KTLogger::writeMessage(const QString &component, int logLevel, std::string_view fileName,
-                            int lineNumber, const QString &message)
-{
+    const std::string_view fileName = KTLogLine::lastPathComponent(file);
     if (_capture)
         _capture->add(component, logLevel, fileName, lineNumber, message);
     else if (_writeToFile)
-        writeLineToFile(component, fileName, lineNumber, message);
+        // Deliberate: lines in the file always carry file and line, whatever _displayFileLine says.
+        _fileHandle->writeData(KTLogLine::line(*state, component, fileName, lineNumber, message));
     else
         writeLineToConsole(component, fileName, lineNumber, message);
-}
-
-void KTLogger::writeLineToFile(const QString &component, std::string_view fileName, int lineNumber,
-                               QStringView message)
-{
-    // Deliberate: lines in the file always carry file and line, whatever _displayFileLine says.
-    _fileHandle->writeData(KTLogLine::line(component, fileName, lineNumber, message));
+    spare = std::move(state);
 }
 
 void KTLogger::writeLineToConsole(const QString &component, std::string_view fileName,

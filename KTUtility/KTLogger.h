@@ -86,8 +86,8 @@ public:
     /// is at most that. When nothing is on, this is one comparison.
     bool shouldLogComponent(const QString &component, int logLevel) const
     {
-        return logLevel <= _highestLevel.load(std::memory_order_relaxed)
-            && isLevelReached(component, logLevel);
+        return logLevel <= _highestLevel.load(std::memory_order_relaxed) &&
+               isLevelReached(component, logLevel);
     }
 
     /// Writes one message, if shouldLogComponent() allows it.
@@ -150,7 +150,8 @@ public:
     /// Sets the check mark of an item of the logging menu. Every item stays enabled.
     Q_INVOKABLE bool validateMenuItem(QAction *item);
 
-    // The actions of the menu. Each saves, and so needs that a level was set; see writeConfigFile().
+    // The actions of the menu. Each saves, and so needs that a level was set; see
+    // writeConfigFile().
 
     /// Sends messages to the console from now on.
     Q_INVOKABLE void setOutputToConsole(QAction *sender);
@@ -171,10 +172,6 @@ private:
     bool isLevelReached(const QString &component, int logLevel) const;
     void logArguments(const QString &component, int logLevel, const char *file, int lineNumber,
                       QStringView format, std::span<const NSFormatArgument> arguments);
-    void writeMessage(const QString &component, int logLevel, std::string_view fileName,
-                      int lineNumber, const QString &message);
-    void writeLineToFile(const QString &component, std::string_view fileName, int lineNumber,
-                         QStringView message);
     void writeLineToConsole(const QString &component, std::string_view fileName, int lineNumber,
                             QStringView message);
     void setComponents(const std::optional<QVariantMap> &components);

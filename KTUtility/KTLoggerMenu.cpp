@@ -7,8 +7,7 @@
 
 #include <QMenu>
 
-namespace
-{
+namespace {
 /// A tag holds a component's position and a level: position * TagsPerComponent + level.
 constexpr int TagsPerComponent = 10;
 
@@ -83,7 +82,8 @@ bool KTLogger::validateMenuItem(QAction *item)
         NSMenuItem::setState(item, _displayFileLine);
     } else if (action == LevelAction) {
         const int tag = NSMenuItem::tag(item);
-        NSMenuItem::setState(item, levelOfComponent(componentForTag(tag)) == tag % TagsPerComponent);
+        NSMenuItem::setState(item,
+                             levelOfComponent(componentForTag(tag)) == tag % TagsPerComponent);
     }
     return true;
 }

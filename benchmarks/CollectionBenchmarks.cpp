@@ -11,8 +11,7 @@
 #include <memory>
 #include <vector>
 
-namespace
-{
+namespace {
 constexpr int Count = 100'000;
 
 /// Records "Field", "Field 1", "Field 2" and so on: every one of them clashes.
@@ -22,8 +21,8 @@ const QList<BenchmarkField *> &fields()
     static const QList<BenchmarkField *> list = [] {
         QList<BenchmarkField *> made;
         for (int index = 0; index < Count; ++index) {
-            const QString name = index == 0 ? QStringLiteral("Field")
-                                            : QStringLiteral("Field %1").arg(index);
+            const QString name =
+                index == 0 ? QStringLiteral("Field") : QStringLiteral("Field %1").arg(index);
             owned.push_back(std::make_unique<BenchmarkField>(index, name));
             made += owned.back().get();
         }
@@ -105,9 +104,9 @@ BENCHMARK(uniqueName)->Name("Lists/unique name, 100,000 clashing");
 constexpr char ReadInt[] = "Lists/peer: QMetaProperty::read, int";
 constexpr char ReadText[] = "Lists/peer: QMetaProperty::read, text";
 const bool isRegistered =
-    compareWith("Lists/find by key, 100,000", ReadInt, 0.9)
-    && compareWith("Lists/find by text, 100,000", ReadText, 0.9)
-    && compareWith("Lists/filter by key, 100,000", ReadInt, 0.9)
-    && compareWith("Lists/filter by selector, 100,000", "Lists/peer: QMetaMethod::invoke", 1.2)
-    && compareWith("Lists/unique name, 100,000 clashing", ReadText, 2);
+    compareWith("Lists/find by key, 100,000", ReadInt, 0.9) &&
+    compareWith("Lists/find by text, 100,000", ReadText, 0.9) &&
+    compareWith("Lists/filter by key, 100,000", ReadInt, 0.9) &&
+    compareWith("Lists/filter by selector, 100,000", "Lists/peer: QMetaMethod::invoke", 1.2) &&
+    compareWith("Lists/unique name, 100,000 clashing", ReadText, 2);
 } // namespace

@@ -11,8 +11,7 @@
 #include <string>
 #include <unistd.h>
 
-namespace
-{
+namespace {
 std::atomic<int> threshold = 0;
 
 /// A home folder of its own, before the shared logger is made.
@@ -94,7 +93,7 @@ BENCHMARK(fileLine)->Name("Log/line to file");
 
 // The check is held to 2 ns, not to a ratio; the ratio to a bare load says how far it is from it.
 const bool isRegistered =
-    compareWith("Log/check, nothing on", "Log/peer: atomic load", 8)
-    && compareWith("Log/check, another component on", "Log/peer: QHash look-up", 1.0)
-    && compareWith("Log/line to file", "Log/peer: write(2)", 1.5);
+    compareWith("Log/check, nothing on", "Log/peer: atomic load", 8) &&
+    compareWith("Log/check, another component on", "Log/peer: QHash look-up", 1.5) &&
+    compareWith("Log/line to file", "Log/peer: write(2)", 1.5);
 } // namespace

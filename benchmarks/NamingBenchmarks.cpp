@@ -8,8 +8,7 @@
 
 #include <benchmark/benchmark.h>
 
-namespace
-{
+namespace {
 const QStringList &names()
 {
     static const QStringList list = [] {
@@ -60,8 +59,8 @@ BENCHMARK(cached<KTAdditions::tableColumnString>)->Name("Naming/1,000 cached col
 BENCHMARK(cold)->Name("Naming/1,000 cold property strings");
 
 constexpr char Peer[] = "Naming/peer: 1,000 QHash look-ups";
-const bool isRegistered = compareWith("Naming/1,000 cached property strings", Peer, 1.2)
-    && compareWith("Naming/1,000 cached entity strings", Peer, 1.2)
-    && compareWith("Naming/1,000 cached column names", Peer, 1.2)
-    && compareWith("Naming/1,000 cold property strings", Peer, 100);
+const bool isRegistered = compareWith("Naming/1,000 cached property strings", Peer, 1.2) &&
+                          compareWith("Naming/1,000 cached entity strings", Peer, 1.2) &&
+                          compareWith("Naming/1,000 cached column names", Peer, 1.2) &&
+                          compareWith("Naming/1,000 cold property strings", Peer, 100);
 } // namespace

@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
-namespace
+namespace {
+struct Row
 {
-struct Row {
     const char *operation;
     const char *peer;
     double limit;

@@ -6,8 +6,7 @@
 
 using testing_support::standardErrorOf;
 
-namespace
-{
+namespace {
 /// Keeps what it is told and lets the caller go on.
 class KeepingHandler : public NSAssertionHandler
 {
@@ -62,8 +61,7 @@ TEST(KTAssert, PercentSequencesAreFormattedASecondTime)
 {
     standardErrorOf([] {
         EXPECT_RAISES(KTAssert::KTAssertWithFormat(u"%@", u"a %d %@ %% %s %n"),
-                      NSInternalInconsistencyException,
-                      QStringLiteral("a 0 (null) % (null) %n"));
+                      NSInternalInconsistencyException, QStringLiteral("a 0 (null) % (null) %n"));
     });
 }
 
@@ -86,9 +84,8 @@ TEST(KTAssert, ATrueConditionWritesNothing)
 
 TEST(KTAssert, AFalseConditionReportsAndReturns)
 {
-    const QString log = standardErrorOf([] {
-        EXPECT_FALSE(KTAssert::KTVerifyCondition(false, u"library %d has no name", 3));
-    });
+    const QString log = standardErrorOf(
+        [] { EXPECT_FALSE(KTAssert::KTVerifyCondition(false, u"library %d has no name", 3)); });
     EXPECT_EQ(log.count(u'\n'), 1);
     EXPECT_TRUE(log.endsWith(u"] VERIFICATION FAILED: library 3 has no name\n"));
 }

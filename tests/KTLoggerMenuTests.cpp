@@ -6,8 +6,7 @@
 
 #include <QMenu>
 
-namespace
-{
+namespace {
 /// A logger in a fresh home folder, and its menu.
 class KTLoggerMenuTest : public testing::Test
 {
@@ -123,9 +122,8 @@ TEST_F(KTLoggerMenuTest, MarksFollowTheSettings)
     levelItem(kLog_Undo, 7)->trigger();
     item(QStringLiteral("Log To Console"))->trigger();
     item(QStringLiteral("Display File and Line"))->trigger();
-    EXPECT_EQ(checkedTitles(menu.get()),
-              QStringList({QStringLiteral("Log To Console"),
-                           QStringLiteral("Display File and Line")}));
+    EXPECT_EQ(checkedTitles(menu.get()), QStringList({QStringLiteral("Log To Console"),
+                                                      QStringLiteral("Display File and Line")}));
     item(QStringLiteral("Log To Console"))->trigger();
     EXPECT_FALSE(logger->writeToFile());
     EXPECT_TRUE(item(QStringLiteral("Log To Console"))->isChecked());

@@ -19,8 +19,7 @@ using testing_support::contentsOf;
 using testing_support::standardErrorOf;
 using testing_support::writeFile;
 
-namespace
-{
+namespace {
 /// A fresh home folder and a logger that starts in it.
 class KTLoggerTest : public testing::Test
 {
@@ -186,8 +185,9 @@ TEST_F(KTLoggerTest, EveryStartEmptiesTheLogFile)
 TEST_F(KTLoggerTest, WithoutComponentsSavingRaises)
 {
     KTLogger logger;
-    const QString reason = QStringLiteral("*** -[NSMutableDictionary setObject:forKey:]: attempt to "
-                                          "insert nil value (key: components)");
+    const QString reason =
+        QStringLiteral("*** -[NSMutableDictionary setObject:forKey:]: attempt to "
+                       "insert nil value (key: components)");
     EXPECT_RAISES(logger.writeConfigFile(), NSInvalidArgumentException, reason);
     EXPECT_RAISES(logger.setOutputToConsole(nullptr), NSInvalidArgumentException, reason);
     EXPECT_RAISES(logger.setOutputToFile(nullptr), NSInvalidArgumentException, reason);
@@ -223,9 +223,13 @@ TEST_F(KTLoggerTest, SettingsOfWrongTypesCountAsMissing)
 
 TEST_F(KTLoggerTest, LevelsOfOtherTypesAreReadAsIntegers)
 {
-    for (const auto &[stored, level] : std::vector<std::pair<QVariant, int>>{
-             {QStringLiteral("4"), 4}, {3.9, 3}, {true, 1}, {QVariantList{5}, 0},
-             {qlonglong(1) << 40, INT_MAX}, {QByteArray("7"), 0}}) {
+    for (const auto &[stored, level] :
+         std::vector<std::pair<QVariant, int>>{{QStringLiteral("4"), 4},
+                                               {3.9, 3},
+                                               {true, 1},
+                                               {QVariantList{5}, 0},
+                                               {qlonglong(1) << 40, INT_MAX},
+                                               {QByteArray("7"), 0}}) {
         writeSettings(componentsAt(kLog_Undo, stored));
         const KTLogger logger;
         EXPECT_EQ(logger.levelOfComponent(kLog_Undo), level) << testing::PrintToString(stored);

@@ -14,9 +14,9 @@
 ///
 /// \code
 /// KTStringTransformCache *cache = KTStringTransformCache::sharedCache();
-/// cache->addTransformedString(QStringLiteral("kt_a"), QStringLiteral("A"), QStringLiteral("mine"));
-/// cache->transformedStringForOriginalString(QStringLiteral("A"), QStringLiteral("mine")); // "kt_a"
-/// \endcode
+/// cache->addTransformedString(QStringLiteral("kt_a"), QStringLiteral("A"),
+/// QStringLiteral("mine")); cache->transformedStringForOriginalString(QStringLiteral("A"),
+/// QStringLiteral("mine")); // "kt_a" \endcode
 class KTUTILITY_EXPORT KTStringTransformCache
 {
 public:

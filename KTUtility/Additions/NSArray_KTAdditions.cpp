@@ -1,7 +1,6 @@
 #include "NSArray_KTAdditions.h"
 
-namespace
-{
+namespace {
 /// Texts in the order of people; anything else behind them, in the order of its values.
 bool isBeforeForUser(const QVariant &left, const QVariant &right)
 {

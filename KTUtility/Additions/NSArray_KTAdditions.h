@@ -35,8 +35,7 @@
 /// QList<Field *> inOrder = KTAdditions::sortByOrder(fields);
 /// KTAdditions::adjustOrder(inOrder);    // 1, 2, 3 …
 /// \endcode
-namespace KTAdditions
-{
+namespace KTAdditions {
 // --- Elements -----------------------------------------------------------------------------------
 
 /// Element 0; nil for an empty list.
@@ -103,8 +102,7 @@ bool containsObjectWithValue(const QList<T> &list, const QVariant &value, const 
             accessor.resolve(NSKeyValueTargets::target(element));
         } else {
             const QVariant &found = accessor.read(NSKeyValueTargets::target(element));
-            isFound = matcher.matches(found)
-                || (isNSNull(value) && NSObject::isNil(found));
+            isFound = matcher.matches(found) || (isNSNull(value) && NSObject::isNil(found));
         }
     }
     return isFound;
@@ -267,16 +265,15 @@ QString listWithKey(const QList<T> &list, const QString &key, const QString &pre
         // has the value nil on every object.
         const bool isMet = NSObject::boolValue(conditionAccessor.read(target));
         if (condition.isNull() || isMet)
-            result += NSString::stringWithFormat(u"%@%@%@", prefix, valueAccessor.read(target),
-                                                 postfix);
+            result +=
+                NSString::stringWithFormat(u"%@%@%@", prefix, valueAccessor.read(target), postfix);
     }
     return result;
 }
 
 // --- Renumbering --------------------------------------------------------------------------------
 
-namespace Detail
-{
+namespace Detail {
 template<typename List>
 void adjustOrder(List &list)
 {

@@ -22,12 +22,11 @@
 /// \code
 /// KTAdditions::objectsSatisfyingCondition(fields, "isVisible");
 /// KTAdditions::objectsSatisfyingCondition(fields, "isBiggerThan:", 10);
-/// KTAdditions::objectsSatisfyingCondition(fields, "accepts:in:", owner, record);    // owner decides
-/// KTAdditions::objectsSatisfyingCondition(fields, [](const Field *f) { return f->size() > 10; });
-/// KTAdditions::arrayByPerformingSelector(fields, &Field::name);    // QList<QString>
+/// KTAdditions::objectsSatisfyingCondition(fields, "accepts:in:", owner, record);    // owner
+/// decides KTAdditions::objectsSatisfyingCondition(fields, [](const Field *f) { return f->size() >
+/// 10; }); KTAdditions::arrayByPerformingSelector(fields, &Field::name);    // QList<QString>
 /// \endcode
-namespace KTAdditions
-{
+namespace KTAdditions {
 /// What may be passed where a condition over T is asked.
 template<typename F, typename T>
 concept ConditionOver = !std::convertible_to<F, NSSelector> && std::predicate<F, const T &>;
@@ -56,20 +55,20 @@ QList<T> objectsSatisfyingCondition(const QList<T> &list, const NSSelector &sele
 /// \a withContext, returns something other than 0; in order.
 /// \throws NSException NSInvalidArgumentException if two overloads of the method fit.
 template<typename T, typename Target>
-    requires NSKeyValueCodable<Target>
-QList<T> objectsSatisfyingCondition(const QList<T> &list, const NSSelector &selector,
-                                    const Target &onTarget, const QVariant &withContext)
-{
-    QList<T> result;
-    NSInvoker condition(selector, {QVariant(), withContext});
-    const NSKeyValueTarget target = NSKeyValueTargets::target(onTarget);
-    for (const T &element : list) {
-        condition.setArgument(0, NSBoxed(element));
-        if (condition.isTrue(target))
-            result += element;
+    requires NSKeyValueCodable<Target> QList<T>
+    objectsSatisfyingCondition(const QList<T> &list, const NSSelector &selector,
+                               const Target &onTarget, const QVariant &withContext)
+    {
+        QList<T> result;
+        NSInvoker condition(selector, {QVariant(), withContext});
+        const NSKeyValueTarget target = NSKeyValueTargets::target(onTarget);
+        for (const T &element : list) {
+            condition.setArgument(0, NSBoxed(element));
+            if (condition.isTrue(target))
+                result += element;
+        }
+        return result;
     }
-    return result;
-}
 
 /// The elements for which \a condition is true; in order.
 template<typename T, ConditionOver<T> F>
@@ -107,20 +106,20 @@ QVariantList arrayByPerformingSelector(const QList<T> &list, const NSSelector &s
 /// overloads of it fit.
 template<typename T, typename Target>
     requires NSKeyValueCodable<Target>
-QVariantList arrayByPerformingSelector(const QList<T> &list, const NSSelector &selector,
-                                       const Target &onTarget, const QVariant &withObject)
-{
-    QVariantList results;
-    NSInvoker method(selector, {QVariant(), withObject});
-    const NSKeyValueTarget target = NSKeyValueTargets::target(onTarget);
-    for (const T &element : list) {
-        method.setArgument(0, NSBoxed(element));
-        const QVariant result = method.perform(target);
-        if (result.isValid())
-            results += result;
+        QVariantList arrayByPerformingSelector(const QList<T> &list, const NSSelector &selector,
+                                               const Target &onTarget, const QVariant &withObject)
+    {
+        QVariantList results;
+        NSInvoker method(selector, {QVariant(), withObject});
+        const NSKeyValueTarget target = NSKeyValueTargets::target(onTarget);
+        for (const T &element : list) {
+            method.setArgument(0, NSBoxed(element));
+            const QVariant result = method.perform(target);
+            if (result.isValid())
+                results += result;
+        }
+        return results;
     }
-    return results;
-}
 
 /// The results of \a function for each element, as a typed list. Results that are nil (null
 /// pointers, null texts, invalid variants) are left out.

@@ -7,8 +7,7 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 // What a failed precondition reports as its place.
 constexpr char16_t SourceFile[] = u"Additions/NSArray_KTAdditions";
 constexpr int NilBaseLine = 154;
@@ -17,8 +16,9 @@ constexpr int EmptyBaseLine = 156;
 void failPrecondition(int line, const QString &description)
 {
     NSAssertionHandler::currentHandler()->handleFailureInMethod(
-        QStringLiteral("uniqueStringWithBase:forKey:"), NSAssertionSubject::instanceOf(QStringLiteral("NSArray")),
-        QString::fromUtf16(SourceFile), line, description);
+        QStringLiteral("uniqueStringWithBase:forKey:"),
+        NSAssertionSubject::instanceOf(QStringLiteral("NSArray")), QString::fromUtf16(SourceFile),
+        line, description);
 }
 
 /// A number as it is written behind a name, from 1 to \a limit; 0 for anything else.
@@ -38,9 +38,7 @@ size_t writtenNumber(QStringView digits, size_t limit)
 
 KTAdditions::NameClashes::NameClashes(const QString &base, const QString &separator,
                                       qsizetype count)
-    : _base(base)
-    , _separator(separator)
-    , _takenNumbers(size_t(count) + 2)
+    : _base(base), _separator(separator), _takenNumbers(size_t(count) + 2)
 {
 }
 
@@ -59,7 +57,8 @@ void KTAdditions::NameClashes::seeName(QStringView name)
     if (rest.isEmpty())
         _isBaseTaken = true;
     else if (rest.startsWith(_separator))
-        _takenNumbers[writtenNumber(rest.sliced(_separator.size()), _takenNumbers.size() - 1)] = true;
+        _takenNumbers[writtenNumber(rest.sliced(_separator.size()), _takenNumbers.size() - 1)] =
+            true;
 }
 
 int KTAdditions::NameClashes::firstFreeNumber() const

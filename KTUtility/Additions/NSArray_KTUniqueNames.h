@@ -19,8 +19,7 @@
 /// KTAdditions::internalUniqueStringWithBase(fields, QStringLiteral("My Field"), u"name"_s);
 ///     // "MyField", then "MyField1"
 /// \endcode
-namespace KTAdditions
-{
+namespace KTAdditions {
 /// The names of a list that are a base and a number, seen one by one. The pieces of the functions
 /// below; use those.
 class KTUTILITY_EXPORT NameClashes
@@ -60,8 +59,7 @@ KTUTILITY_EXPORT QString strippedUniqueBase(const QString &base);
 /// The lower-case form of a value that is a text; else nil.
 KTUTILITY_EXPORT QString lowercaseValue(const QVariant &value);
 
-namespace Detail
-{
+namespace Detail {
 /// Shows every element's value for \a key to \a see; with a nil key, the elements themselves.
 template<NSKeyValueCodable T, typename See>
 void seeValues(const QList<T> &list, const QString &key, See see)

@@ -8,8 +8,7 @@
 #include <optional>
 
 /// Attributed texts: making, comparing, and links found in what people type.
-namespace KTAdditions
-{
+namespace KTAdditions {
 /// A text without attributes.
 KTUTILITY_EXPORT NSAttributedString attributedStringWithString(const QString &string);
 
@@ -25,8 +24,7 @@ KTUTILITY_EXPORT std::strong_ordering compare(const NSAttributedString &receiver
 /// KTURLTextAdditions::detectURLs(note);
 /// note.attribute(NSLinkAttributeName, 4).toString();    // "http://www.example.com"
 /// \endcode
-namespace KTURLTextAdditions
-{
+namespace KTURLTextAdditions {
 /// Makes a link of every word that looks like a URL. Words end at blanks and newlines, so that
 /// punctuation attached to a word stays part of the link. Other attributes are left as they are.
 /// Linear in the length of the text.

@@ -13,8 +13,7 @@
 /// KTMutableArrayAdditions::moveObject(fields, price, 2);    // price now stands before the element
 ///                                                           // that was at position 2
 /// \endcode
-namespace KTMutableArrayAdditions
-{
+namespace KTMutableArrayAdditions {
 /// Moves an object to just before the element that is at \a toIndex now, or to the end if there
 /// is none; moving to a higher position puts it one place earlier than that. Every element equal to
 /// the object is removed first. Moving an element onto its own position changes nothing.
@@ -28,10 +27,10 @@ void moveObject(QList<T> &list, const T &object, qsizetype toIndex)
     if (hasAnchor && isEqual(anchor, moved))
         return;
     list.removeIf([&](const T &element) { return isEqual(element, moved); });
-    const auto place = hasAnchor
-        ? std::find_if(list.begin(), list.end(),
-                       [&](const T &element) { return isEqual(element, anchor); })
-        : list.end();
+    const auto place =
+        hasAnchor ? std::find_if(list.begin(), list.end(),
+                                 [&](const T &element) { return isEqual(element, anchor); })
+                  : list.end();
     list.insert(place, moved);
 }
 
@@ -41,7 +40,8 @@ template<typename T>
 void insertObjects(QList<T> &list, const QList<T> &objects, qsizetype atIndex)
 {
     if (atIndex < 0 || atIndex > list.size())
-        NSException::raise(NSRangeException, QStringLiteral("insertObjects:atIndex: beyond bounds"));
+        NSException::raise(NSRangeException,
+                           QStringLiteral("insertObjects:atIndex: beyond bounds"));
     const QList<T> block = objects;
     list.insert(atIndex, block.size(), T());
     std::copy(block.begin(), block.end(), list.begin() + atIndex);
@@ -55,8 +55,7 @@ void insertObjects(QList<T> &list, const QList<T> &objects, qsizetype atIndex)
 /// KTStackAdditions::push(open, dialog);
 /// KTStackAdditions::pop(open);    // dialog; nil when the stack is empty
 /// \endcode
-namespace KTStackAdditions
-{
+namespace KTStackAdditions {
 /// Puts an object on top.
 template<typename T>
 void push(QList<T> &stack, const T &object)

@@ -6,8 +6,7 @@
 #include <QStringList>
 #include <QVariantMap>
 
-namespace KTAdditions
-{
+namespace KTAdditions {
 /// The receiver's values for several key paths, by path; nil values are left out.
 /// \throws NSException NSUndefinedKeyException if an object on a path does not have its key.
 ///

@@ -13,10 +13,8 @@
 /// QSet<Field *> visible = KTAdditions::objectsSatisfyingCondition(fields, "isVisible");
 /// QList<Field *> inOrder = KTAdditions::sortedArrayUsingKey(fields, QStringLiteral("order"));
 /// \endcode
-namespace KTAdditions
-{
-namespace Detail
-{
+namespace KTAdditions {
+namespace Detail {
 template<NSSetOf S>
 QList<typename S::value_type> allObjects(const S &set)
 {
@@ -63,8 +61,8 @@ template<NSSetOf S>
 bool containsObjectWithValue(const S &set, const QVariant &value, const QString &forKey)
 {
     // A set of values holds no nil, and a nil key has the value nil on every element.
-    return !forKey.isNull() && !isNSNull(value)
-        && containsObjectWithValue(Detail::allObjects(set), value, forKey);
+    return !forKey.isNull() && !isNSNull(value) &&
+           containsObjectWithValue(Detail::allObjects(set), value, forKey);
 }
 
 /// An element whose value for \a forKey equals \a value; nil if there is none.
@@ -85,13 +83,14 @@ S objectsSatisfyingCondition(const S &set, const NSSelector &selector,
 }
 
 template<NSSetOf S, typename Target>
-    requires NSKeyValueCodable<Target>
-S objectsSatisfyingCondition(const S &set, const NSSelector &selector, const Target &onTarget,
-                             const QVariant &withContext)
-{
-    return Detail::setOf<S>(
-        objectsSatisfyingCondition(Detail::allObjects(set), selector, onTarget, withContext));
-}
+    requires NSKeyValueCodable<Target> S objectsSatisfyingCondition(const S &set,
+                                                                    const NSSelector &selector,
+                                                                    const Target &onTarget,
+                                                                    const QVariant &withContext)
+    {
+        return Detail::setOf<S>(
+            objectsSatisfyingCondition(Detail::allObjects(set), selector, onTarget, withContext));
+    }
 
 template<NSSetOf S, ConditionOver<typename S::value_type> F>
 S objectsSatisfyingCondition(const S &set, F &&condition)

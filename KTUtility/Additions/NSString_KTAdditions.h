@@ -16,8 +16,7 @@
 ///     // "/tmp/Report 2.txt" if that file exists
 /// KTAdditions::integerNumberValue(QStringLiteral("12 pieces"));    // 12
 /// \endcode
-namespace KTAdditions
-{
+namespace KTAdditions {
 /// The receiver as a link: blue, underlined, in the small system font, with itself as the link.
 KTUTILITY_EXPORT NSAttributedString hyperlink(const QString &receiver);
 

@@ -6,12 +6,12 @@
 #include "Platform/Foundation/NSStringEncoding.h"
 #include "Platform/Foundation/NSStringTrim.h"
 
-namespace
-{
+namespace {
 using Domain = KTStringTransformCache::Domain;
 
 /// The domains of the shared cache that the transforms fill, looked up by name once.
-struct Domains {
+struct Domains
+{
     KTStringTransformCache &cache = *KTStringTransformCache::sharedCache();
     Domain &properties = cache.domain(QStringLiteral("properties"));
     Domain &entities = cache.domain(QStringLiteral("entities"));
@@ -120,8 +120,8 @@ QString KTAdditions::stringWithString(const QString &string, const NSCharacterSe
     for (qsizetype index = 0; index < string.size();) {
         const NSCodePoint point = NSCodePointAt(string, index);
         // Deliberate: blanks are skipped before the set is asked.
-        if (!blanks.characterIsMember(point.character)
-            && andFilter.characterIsMember(point.character))
+        if (!blanks.characterIsMember(point.character) &&
+            andFilter.characterIsMember(point.character))
             result += QStringView(string).sliced(index, point.length);
         index += point.length;
     }

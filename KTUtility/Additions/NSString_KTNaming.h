@@ -20,8 +20,7 @@
 /// KTAdditions::tableColumnString(QStringLiteral("First Name"));     // "kt_firstName"
 /// KTAdditions::labelString(QStringLiteral("firstName"));            // "First Name"
 /// \endcode
-namespace KTAdditions
-{
+namespace KTAdditions {
 /// The name of a property: blanks trimmed, camel case beginning with a small letter, alphanumerics
 /// only. Remembered in the domain "properties" under the trimmed text.
 KTUTILITY_EXPORT QString propertyStringFromString(const QString &string);

@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-CollectionRow::CollectionRow(const QJsonObject &row)
-    : _row(row)
+CollectionRow::CollectionRow(const QJsonObject &row) : _row(row)
 {
     const QJsonArray elements = argument("elements").toArray();
     for (const QJsonValue element : elements) {
@@ -12,7 +11,8 @@ CollectionRow::CollectionRow(const QJsonObject &row)
             _elements += QVariant::fromValue(_fields.last());
         } else {
             // A text of its own: the tables tell the same object from an equal one.
-            _elements += QVariant(QString(element.toString().constData(), element.toString().size()));
+            _elements +=
+                QVariant(QString(element.toString().constData(), element.toString().size()));
         }
     }
 }

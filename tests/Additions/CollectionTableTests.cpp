@@ -12,8 +12,7 @@
 #include <functional>
 #include <map>
 
-namespace
-{
+namespace {
 using namespace KTAdditions;
 using Row = CollectionRow;
 using Handler = std::function<QJsonValue(const Row &)>;
@@ -202,8 +201,8 @@ const std::map<QString, Handler> &handlers()
         {QStringLiteral("moveObject:toIndex:"), moved},
         {QStringLiteral("objectWithValue:forKey:"),
          [](const Row &r) {
-             return single(objectWithValue(r.elements(), r.valueOf(r.argument("value")),
-                                           r.text("key")));
+             return single(
+                 objectWithValue(r.elements(), r.valueOf(r.argument("value")), r.text("key")));
          }},
         {QStringLiteral("objectWithValue:forKey:usingKeyPath:"),
          [](const Row &r) {
@@ -276,12 +275,15 @@ const std::map<QString, Handler> &handlers()
              return both(r, Row::jsonOf(sortByKey(r.elements(), r.text("key"))),
                          sortByKey(r.fields(), r.text("key")));
          }},
-        {QStringLiteral("sortByOrder"), [](const Row &r) { return Row::jsonOf(sortByOrder(r.elements())); }},
+        {QStringLiteral("sortByOrder"),
+         [](const Row &r) { return Row::jsonOf(sortByOrder(r.elements())); }},
         {QStringLiteral("sortInUserFieldOrder"),
          [](const Row &r) { return Row::jsonOf(sortInUserFieldOrder(r.elements())); }},
         {QStringLiteral("stack"), stacked},
         {QStringLiteral("uniqueStringWithBase:"),
-         [](const Row &r) { return textOrNull(uniqueStringWithBase(r.elements(), r.text("base"))); }},
+         [](const Row &r) {
+             return textOrNull(uniqueStringWithBase(r.elements(), r.text("base")));
+         }},
         {QStringLiteral("uniqueStringWithBase:forKey:"),
          [](const Row &r) {
              return textOrNull(uniqueStringWithBase(r.elements(), r.text("base"), r.text("key")));
@@ -292,15 +294,16 @@ const std::map<QString, Handler> &handlers()
 
 bool isSetRow(const Row &row)
 {
-    return row.operation().startsWith(u"set.") && row.expected().isArray()
-        && row.operation() != u"set.sortedArrayUsingKey:";
+    return row.operation().startsWith(u"set.") && row.expected().isArray() &&
+           row.operation() != u"set.sortedArrayUsingKey:";
 }
 } // namespace
 
 TEST(CollectionTable, EveryRowGivesItsResult)
 {
     int rows = 0;
-    for (const QJsonObject &json : testing_support::rowsOf(QStringLiteral("system/collections.jsonl"))) {
+    for (const QJsonObject &json :
+         testing_support::rowsOf(QStringLiteral("system/collections.jsonl"))) {
         const Row row(json);
         SCOPED_TRACE(text(json).toStdString().substr(0, 2000));
         const auto handler = handlers().find(row.operation());

@@ -12,8 +12,7 @@
 
 using namespace KTAdditions;
 
-namespace
-{
+namespace {
 const QString Name = QStringLiteral("name");
 const QString Size = QStringLiteral("size");
 const QString Unknown = QStringLiteral("nmae");
@@ -43,11 +42,12 @@ protected:
 using Fields = QList<TestField *>;
 static_assert(std::same_as<decltype(sortByKey(Fields(), Name)), Fields>);
 static_assert(std::same_as<decltype(objectWithValue(Fields(), 1, Name)), TestField *>);
-static_assert(std::same_as<decltype(objectWithValue(QList<TestPoint>(), 1, Name)),
-                           std::optional<TestPoint>>);
-static_assert(std::same_as<decltype(objectsSatisfyingCondition(QVariantList(), "a")), QVariantList>);
-static_assert(std::same_as<decltype(arrayByPerformingSelector(Fields(), &TestField::size)),
-                           QList<int>>);
+static_assert(
+    std::same_as<decltype(objectWithValue(QList<TestPoint>(), 1, Name)), std::optional<TestPoint>>);
+static_assert(
+    std::same_as<decltype(objectsSatisfyingCondition(QVariantList(), "a")), QVariantList>);
+static_assert(
+    std::same_as<decltype(arrayByPerformingSelector(Fields(), &TestField::size)), QList<int>>);
 } // namespace
 
 TEST_F(CollectionTest, FirstAndSingularObjects)
@@ -163,8 +163,7 @@ TEST_F(CollectionTest, CallablesFilterAndMap)
     EXPECT_EQ(objectsSatisfyingCondition(abc, &TestField::size), Fields({abc[1], abc[2]}));
     EXPECT_EQ(arrayByPerformingSelector(abc, &TestField::name),
               QList<QString>({QStringLiteral("a"), QStringLiteral("b")}));
-    EXPECT_TRUE(
-        arrayByPerformingSelector(abc, [](TestField *f) { return f->_parent; }).isEmpty());
+    EXPECT_TRUE(arrayByPerformingSelector(abc, [](TestField *f) { return f->_parent; }).isEmpty());
     const QSet<int> sizes =
         setByPerformingSelector(QSet<TestField *>{abc[1], abc[2]}, &TestField::size);
     EXPECT_EQ(sizes, QSet<int>({1, 2}));
@@ -182,9 +181,9 @@ TEST_F(CollectionTest, SelectorsMapElementsAndTargets)
     EXPECT_THROW(arrayByPerformingSelector(abc, "missing"), NSException);
     EXPECT_THROW(performSelector(abc, "missing::", &judge, QVariant()), NSException);
     EXPECT_THROW(objectsSatisfyingCondition(abc, "ambiguous:", 1), NSException);
-    EXPECT_TRUE(arrayByPerformingSelector(abc, "describe::", static_cast<TestJudge *>(nullptr),
-                                          QVariant())
-                    .isEmpty());
+    EXPECT_TRUE(
+        arrayByPerformingSelector(abc, "describe::", static_cast<TestJudge *>(nullptr), QVariant())
+            .isEmpty());
 }
 
 TEST_F(CollectionTest, AnObjectReturnTypeSelectsNothing)
@@ -265,18 +264,19 @@ TEST_F(CollectionTest, UniqueNamesFillTheFirstGap)
     const auto names = [&](const QStringList &list) { return fieldsNamed(list); };
     const QString base = QStringLiteral(" Field\n");
     EXPECT_EQ(uniqueStringWithBase(names({}), base), QStringLiteral("Field"));
-    EXPECT_EQ(uniqueStringWithBase(names({QStringLiteral("Field"), QStringLiteral("Field 1")}), base),
-              QStringLiteral("Field 2"));
-    EXPECT_EQ(uniqueStringWithBase(names({QStringLiteral("Field"), QStringLiteral("Field 2")}), base),
-              QStringLiteral("Field 1"));
+    EXPECT_EQ(
+        uniqueStringWithBase(names({QStringLiteral("Field"), QStringLiteral("Field 1")}), base),
+        QStringLiteral("Field 2"));
+    EXPECT_EQ(
+        uniqueStringWithBase(names({QStringLiteral("Field"), QStringLiteral("Field 2")}), base),
+        QStringLiteral("Field 1"));
     EXPECT_EQ(uniqueStringWithBase(names({QStringLiteral("Field 1")}), base),
               QStringLiteral("Field"));
-    EXPECT_EQ(uniqueStringWithBase(
-                  names({QStringLiteral("Field"), QStringLiteral("Field 01"),
-                         QStringLiteral("Field  1"), QStringLiteral("Field +1"),
-                         QStringLiteral("Field 1 "), QStringLiteral("Field1"),
-                         QStringLiteral("Field 99999999999999999999")}),
-                  base),
+    EXPECT_EQ(uniqueStringWithBase(names({QStringLiteral("Field"), QStringLiteral("Field 01"),
+                                          QStringLiteral("Field  1"), QStringLiteral("Field +1"),
+                                          QStringLiteral("Field 1 "), QStringLiteral("Field1"),
+                                          QStringLiteral("Field 99999999999999999999")}),
+                                   base),
               QStringLiteral("Field 1"));
 }
 
@@ -292,15 +292,15 @@ TEST_F(CollectionTest, InternalUniqueNames)
     EXPECT_EQ(internalUniqueStringWithBase(taken, QStringLiteral("Name"), Name),
               QStringLiteral("Name"));
     EXPECT_TRUE(internalUniqueStringWithBase(abc, QString(), Name).isNull());
-    EXPECT_EQ(internalUniqueStringWithBase(fieldsNamed({QStringLiteral("")}), QStringLiteral(" "),
-                                           Name),
-              QStringLiteral("1"));
+    EXPECT_EQ(
+        internalUniqueStringWithBase(fieldsNamed({QStringLiteral("")}), QStringLiteral(" "), Name),
+        QStringLiteral("1"));
 }
 
 TEST_F(CollectionTest, UniqueNamesAgreeWithTryingThemOneByOne)
 {
     // The same answer as the plain way of asking for each candidate in turn.
-    const QStringList pool{QStringLiteral("a"), QStringLiteral("a 1"), QStringLiteral("a 2"),
+    const QStringList pool{QStringLiteral("a"),   QStringLiteral("a 1"), QStringLiteral("a 2"),
                            QStringLiteral("a 3"), QStringLiteral("A 1"), QString()};
     for (unsigned mask = 0; mask < 64; ++mask) {
         QStringList names;
@@ -348,8 +348,9 @@ TEST_F(CollectionTest, ListsAsText)
     EXPECT_EQ(listWithKey(abc, Name, QStringLiteral("<"), QStringLiteral(">"), QString()),
               QStringLiteral("<a><b><(null)>"));
     abc[1]->_flag = true;
-    EXPECT_EQ(listWithKey(abc, Name, QStringLiteral("-"), QStringLiteral(""), QStringLiteral("flag")),
-              QStringLiteral("-b"));
+    EXPECT_EQ(
+        listWithKey(abc, Name, QStringLiteral("-"), QStringLiteral(""), QStringLiteral("flag")),
+        QStringLiteral("-b"));
     EXPECT_EQ(listWithKey(abc, Size, QString(), QStringLiteral(" %d "), QStringLiteral("name")),
               QStringLiteral(""));
     EXPECT_EQ(listWithKey(Fields(), Name, Name, Name, Name), QStringLiteral(""));
@@ -364,8 +365,7 @@ TEST_F(CollectionTest, DictionariesByKeyAndPosition)
     const auto positions = positionalDictionaryIndex(Fields({abc[0], abc[1], abc[0]}));
     EXPECT_EQ(positions.objectForKey(abc[0]), 2U);
     EXPECT_EQ(positions.count(), 2);
-    EXPECT_EQ(dictionaryWithValuesForKeyPaths(abc[2], {Name, Size}),
-              QVariantMap({{Size, 2}}));
+    EXPECT_EQ(dictionaryWithValuesForKeyPaths(abc[2], {Name, Size}), QVariantMap({{Size, 2}}));
 }
 
 TEST_F(CollectionTest, ListsOfValuesWithoutHashesCompareToo)

@@ -11,8 +11,7 @@
 using namespace KTAdditions;
 using testing_support::rowsOf;
 
-namespace
-{
+namespace {
 /// The part of a row's operation before the first colon, applied to its text.
 const std::map<QString, QString (*)(const QString &)> &transforms()
 {
@@ -43,8 +42,8 @@ QString resultOf(const QString &operation, const QJsonObject &arguments)
 {
     const QString text = arguments.value(QStringLiteral("s")).toString();
     if (operation == u"bumpyCaseStringFromString:uppercaseFirst:")
-        return bumpyCaseStringFromString(text,
-                                         arguments.value(QStringLiteral("uppercaseFirst")).toBool());
+        return bumpyCaseStringFromString(
+            text, arguments.value(QStringLiteral("uppercaseFirst")).toBool());
     if (operation == u"stringWithString:andFilter:")
         return stringWithString(text, testing_support::characterSetFrom(arguments));
     return transforms().at(operation)(text);
@@ -65,10 +64,11 @@ const std::map<QString, QString> &otherwiseCapitalized()
 QString expectedOf(const QJsonObject &row, const QString &text)
 {
     const auto other = otherwiseCapitalized().find(text);
-    const bool isLabel = row.value(QStringLiteral("op")).toString() == u"stringFromBumpyCaseString:";
+    const bool isLabel =
+        row.value(QStringLiteral("op")).toString() == u"stringFromBumpyCaseString:";
     return isLabel && other != otherwiseCapitalized().end()
-        ? other->second
-        : row.value(QStringLiteral("out")).toString();
+               ? other->second
+               : row.value(QStringLiteral("out")).toString();
 }
 } // namespace
 
@@ -102,20 +102,29 @@ TEST(Naming, TheExamplesOfTheHeaderHold)
 
 TEST(Naming, BumpyCase)
 {
-    struct Case {
+    struct Case
+    {
         const char16_t *text;
         bool uppercaseFirst;
         const char16_t *result;
     };
     const Case cases[] = {
-        {u"first  name", false, u"firstName"}, {u"Name", false, u"name"},
-        {u"name", false, u"name"},             {u"nAME", true, u"Name"},
-        {u"URL", false, u"uRL"},               {u"First Name", false, u"firstName"},
-        {u"First Name", true, u"FirstName"},   {u"", true, u""},
-        {u" ", true, u""},                     {u" x", false, u"X"},
-        {u"a\tb", true, u"A\tb"},              {u"straße GROSS", true, u"StraßeGross"},
-        {u"ßa b", true, u"SSaB"},              {u"𐐨𐐀 𐐨", true, u"𐐀𐐨𐐀"},
-        {u"ΟΔΟΣ ΝΕΑ", false, u"οδοςΝεα"},     {u"E-mail", false, u"e-mail"},
+        {u"first  name", false, u"firstName"},
+        {u"Name", false, u"name"},
+        {u"name", false, u"name"},
+        {u"nAME", true, u"Name"},
+        {u"URL", false, u"uRL"},
+        {u"First Name", false, u"firstName"},
+        {u"First Name", true, u"FirstName"},
+        {u"", true, u""},
+        {u" ", true, u""},
+        {u" x", false, u"X"},
+        {u"a\tb", true, u"A\tb"},
+        {u"straße GROSS", true, u"StraßeGross"},
+        {u"ßa b", true, u"SSaB"},
+        {u"𐐨𐐀 𐐨", true, u"𐐀𐐨𐐀"},
+        {u"ΟΔΟΣ ΝΕΑ", false, u"οδοςΝεα"},
+        {u"E-mail", false, u"e-mail"},
     };
     for (const Case &row : cases)
         EXPECT_EQ(bumpyCaseStringFromString(QString::fromUtf16(row.text), row.uppercaseFirst),
@@ -125,8 +134,7 @@ TEST(Naming, BumpyCase)
 TEST(Naming, LabelsFromCamelCase)
 {
     EXPECT_EQ(stringFromBumpyCaseString(QStringLiteral("ID")), QStringLiteral("I D"));
-    EXPECT_EQ(stringFromBumpyCaseString(QStringLiteral("URLField")),
-              QStringLiteral("U R L Field"));
+    EXPECT_EQ(stringFromBumpyCaseString(QStringLiteral("URLField")), QStringLiteral("U R L Field"));
     EXPECT_EQ(stringFromBumpyCaseString(QStringLiteral("First Name")),
               QStringLiteral("First  Name"));
     EXPECT_EQ(stringFromBumpyCaseString(QStringLiteral("")), QStringLiteral(""));
@@ -167,7 +175,8 @@ TEST(Naming, TrimmedTextsShareTheCachedObject)
     const QString plain = propertyStringFromString(QStringLiteral("First Name"));
     const QString padded = propertyStringFromString(QStringLiteral(" \n First Name\t"));
     EXPECT_EQ(padded.constData(), plain.constData());
-    EXPECT_EQ(KTStringTransformCache::sharedCache()->domain(QStringLiteral("properties")).size(), 1);
+    EXPECT_EQ(KTStringTransformCache::sharedCache()->domain(QStringLiteral("properties")).size(),
+              1);
 }
 
 TEST(Naming, FiltersNeverPassBlanks)
@@ -186,7 +195,8 @@ TEST(Naming, NilStaysNilAndIsNotRemembered)
         EXPECT_TRUE(transform(QString()).isNull()) << name.toStdString();
     EXPECT_TRUE(stringWithString(QString(), NSCharacterSet()).isNull());
     EXPECT_TRUE(bumpyCaseStringFromString(QString(), true).isNull());
-    EXPECT_TRUE(KTStringTransformCache::sharedCache()->domain(QStringLiteral("entities")).isEmpty());
+    EXPECT_TRUE(
+        KTStringTransformCache::sharedCache()->domain(QStringLiteral("entities")).isEmpty());
 }
 
 TEST(Naming, HostileTextsGetAnAnswer)
@@ -212,9 +222,9 @@ TEST(KTStringTransformCache, StoresPerDomainAndReplaces)
     cache.addTransformedString(QStringLiteral("kt_b"), QStringLiteral("A"), domain);
     EXPECT_EQ(cache.transformedStringForOriginalString(QStringLiteral("A"), domain),
               QStringLiteral("kt_b"));
-    EXPECT_TRUE(cache.transformedStringForOriginalString(QStringLiteral("A"),
-                                                         QStringLiteral("other"))
-                    .isNull());
+    EXPECT_TRUE(
+        cache.transformedStringForOriginalString(QStringLiteral("A"), QStringLiteral("other"))
+            .isNull());
 }
 
 TEST(KTStringTransformCache, FindsTheSmallestOriginal)
@@ -262,8 +272,8 @@ TEST(KTString_KTDataTransformer, EveryRowGivesItsResult)
             EXPECT_EQ(result.isValid(), !expected.isNull());
             EXPECT_EQ(result.toString(), expected.toString());
         } else if (operation == u"reverseTransformedValue:") {
-            const QVariant result =
-                transformer.reverseTransformedValue(arguments.value(QStringLiteral("s")).toVariant());
+            const QVariant result = transformer.reverseTransformedValue(
+                arguments.value(QStringLiteral("s")).toVariant());
             EXPECT_EQ(result.toByteArray().toHex(), expected.toByteArray());
         } else {
             continue;

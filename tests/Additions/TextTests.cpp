@@ -15,9 +15,9 @@
 using namespace KTAdditions;
 using testing_support::rowsOf;
 
-namespace
+namespace {
+struct TextRow
 {
-struct TextRow {
     QString operation;
     QString text;
     QJsonObject arguments;
@@ -58,8 +58,8 @@ QString stripped(const char16_t *text, const char16_t *characters)
 TEST(TextAdditions, StripsAsInTheTable)
 {
     for (const TextRow &row : textRows(QStringLiteral("stringByStrippingCharactersInSet:")))
-        EXPECT_EQ(stringByStrippingCharactersInSet(row.text,
-                                                   testing_support::characterSetFrom(row.arguments)),
+        EXPECT_EQ(stringByStrippingCharactersInSet(
+                      row.text, testing_support::characterSetFrom(row.arguments)),
                   row.expected().toString())
             << row.text.toStdString();
 }
@@ -93,8 +93,8 @@ TEST(TextAdditions, NumbersAreNumbersWhateverTheText)
     EXPECT_TRUE(NSObject::isNumber(integerNumberValue(QString())));
     EXPECT_TRUE(NSObject::isNumber(boolNumberValue(QString())));
     EXPECT_TRUE(decimalNumberValue(QStringLiteral("abc")).value<NSDecimalNumber>().isNaN());
-    EXPECT_TRUE(decimalNumberValue(QStringLiteral("1,5")).value<NSDecimalNumber>()
-                == NSDecimalNumber(1));
+    EXPECT_TRUE(decimalNumberValue(QStringLiteral("1,5")).value<NSDecimalNumber>() ==
+                NSDecimalNumber(1));
 }
 
 TEST(TextAdditions, SearchWithCDAsInTheTable)

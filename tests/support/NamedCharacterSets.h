@@ -5,8 +5,7 @@
 #include <QJsonObject>
 #include <QString>
 
-namespace testing_support
-{
+namespace testing_support {
 /// The predefined set of this name as the tables write it ("letter", "whitespaceAndNewline").
 NSCharacterSet characterSetNamed(const QString &name);
 

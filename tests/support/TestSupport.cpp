@@ -29,8 +29,7 @@ void PrintTo(const QVariant &value, std::ostream *stream)
             << NSObject::description(value).toStdString();
 }
 
-namespace testing_support
-{
+namespace testing_support {
 QString useFreshHome()
 {
     static QList<std::shared_ptr<QTemporaryDir>> homes;

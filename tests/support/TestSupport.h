@@ -19,8 +19,7 @@ void PrintTo(const QStringView &text, std::ostream *stream);
 class QVariant;
 void PrintTo(const QVariant &value, std::ostream *stream);
 
-namespace testing_support
-{
+namespace testing_support {
 /// Points the home folder at a new empty folder and returns it; the environment of the process is
 /// pinned to it until the next call. All tests start with one.
 QString useFreshHome();

@@ -5,8 +5,7 @@
 #include <QFont>
 
 /// The system's font in the platform's sizes.
-namespace NSFont
-{
+namespace NSFont {
 /// The size of ordinary text in controls, in pixels.
 inline constexpr int systemFontSize = 13;
 /// The size of text in small controls, in pixels.

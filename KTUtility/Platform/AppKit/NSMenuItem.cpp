@@ -4,8 +4,7 @@
 
 #include <QPointer>
 
-namespace
-{
+namespace {
 constexpr char ActionProperty[] = "_ns_action";
 constexpr char TargetProperty[] = "_ns_target";
 constexpr char TagProperty[] = "_ns_tag";

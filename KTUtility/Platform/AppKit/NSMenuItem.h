@@ -17,12 +17,10 @@
 ///
 /// \code
 /// QMenu menu;
-/// QAction *item = NSMenuItem::addItem(&menu, QStringLiteral("3"), "setComponentLogLevel:", logger);
-/// NSMenuItem::setTag(item, 173);
-/// item->trigger();    // logger->setComponentLogLevel(item)
-/// \endcode
-namespace NSMenuItem
-{
+/// QAction *item = NSMenuItem::addItem(&menu, QStringLiteral("3"), "setComponentLogLevel:",
+/// logger); NSMenuItem::setTag(item, 173); item->trigger();    //
+/// logger->setComponentLogLevel(item) \endcode
+namespace NSMenuItem {
 /// Appends an item to \a menu.
 /// \param action the selector that \a target is sent; a null one for items that only hold a menu.
 /// \return the item, owned by the menu.

@@ -5,8 +5,7 @@
 
 #include <QObject>
 
-namespace
-{
+namespace {
 thread_local NSAssertionHandler *replacement = nullptr;
 }
 

@@ -23,8 +23,7 @@ public:
 
 private:
     NSAssertionSubject(const QString &className, bool isClass)
-        : _className(className)
-        , _isClass(isClass)
+        : _className(className), _isClass(isClass)
     {
     }
 

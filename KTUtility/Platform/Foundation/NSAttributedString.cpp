@@ -5,8 +5,7 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 using Run = QTextLayout::FormatRange;
 
 Run makeRun(qsizetype start, qsizetype length, const QTextCharFormat &format)
@@ -25,8 +24,8 @@ qsizetype endOf(const Run &run)
 
 void checkRange(NSRange range, qsizetype length)
 {
-    if (range.location < 0 || range.length < 0 || range.location > length
-        || range.length > length - range.location)
+    if (range.location < 0 || range.length < 0 || range.location > length ||
+        range.length > length - range.location)
         NSException::raise(NSRangeException,
                            NSString::stringWithFormat(u"range {%d, %d} beyond length %d",
                                                       range.location, range.length, length));

@@ -4,20 +4,24 @@
 
 #include <unordered_set>
 
-namespace
-{
+namespace {
 /// The set of the code points whose general category is in \a mask (U_GC_…_MASK).
 NSCharacterSet setOfCategories(uint32_t mask)
 {
-    return NSCharacterSet([mask](char32_t character) {
-        return (U_GET_GC_MASK(UChar32(character)) & mask) != 0;
-    });
+    return NSCharacterSet(
+        [mask](char32_t character) { return (U_GET_GC_MASK(UChar32(character)) & mask) != 0; });
 }
 
 bool isWhitespace(char32_t character)
 {
     switch (character) {
-    case 0x0009: case 0x0020: case 0x00A0: case 0x1680: case 0x202F: case 0x205F: case 0x3000:
+    case 0x0009:
+    case 0x0020:
+    case 0x00A0:
+    case 0x1680:
+    case 0x202F:
+    case 0x205F:
+    case 0x3000:
         return true;
     default:
         return character >= 0x2000 && character <= 0x200B;
@@ -26,15 +30,12 @@ bool isWhitespace(char32_t character)
 
 bool isNewline(char32_t character)
 {
-    return (character >= 0x000A && character <= 0x000D) || character == 0x0085
-        || character == 0x2028 || character == 0x2029;
+    return (character >= 0x000A && character <= 0x000D) || character == 0x0085 ||
+           character == 0x2028 || character == 0x2029;
 }
 } // namespace
 
-NSCharacterSet::NSCharacterSet()
-    : NSCharacterSet([](char32_t) { return false; })
-{
-}
+NSCharacterSet::NSCharacterSet() : NSCharacterSet([](char32_t) { return false; }) {}
 
 NSCharacterSet::NSCharacterSet(std::function<bool(char32_t)> isMember)
 {
@@ -137,9 +138,8 @@ const NSCharacterSet &NSCharacterSet::controlCharacterSet()
 
 NSCharacterSet NSCharacterSet::invertedSet() const
 {
-    return NSCharacterSet([set = *this](char32_t character) {
-        return !set.characterIsMember(character);
-    });
+    return NSCharacterSet(
+        [set = *this](char32_t character) { return !set.characterIsMember(character); });
 }
 
 NSCharacterSet NSCharacterSet::unionWithCharacterSet(const NSCharacterSet &other) const

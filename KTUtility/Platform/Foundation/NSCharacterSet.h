@@ -71,7 +71,8 @@ public:
 private:
     static constexpr size_t Latin1Size = 0x100;
 
-    struct Members {
+    struct Members
+    {
         std::bitset<Latin1Size> latin1;
         std::function<bool(char32_t)> others;
     };
@@ -80,7 +81,8 @@ private:
 };
 
 /// A code point of a UTF-16 text and the number of units that it takes; a lone surrogate is itself.
-struct NSCodePoint {
+struct NSCodePoint
+{
     char32_t character = 0;
     qsizetype length = 1;
 };
@@ -89,8 +91,7 @@ struct NSCodePoint {
 inline NSCodePoint NSCodePointAt(QStringView text, qsizetype index)
 {
     const char16_t unit = text[index].unicode();
-    if (QChar::isHighSurrogate(unit) && index + 1 < text.size()
-        && text[index + 1].isLowSurrogate())
+    if (QChar::isHighSurrogate(unit) && index + 1 < text.size() && text[index + 1].isLowSurrogate())
         return {QChar::surrogateToUcs4(unit, text[index + 1].unicode()), 2};
     return {unit, 1};
 }

@@ -22,7 +22,8 @@
 
 /// Equality of elements: the platform's for QVariant, operator== for everything else.
 template<typename T>
-struct NSIsEqual {
+struct NSIsEqual
+{
     bool operator()(const T &left, const T &right) const
     {
         if constexpr (std::same_as<T, QVariant>)
@@ -34,12 +35,18 @@ struct NSIsEqual {
 
 /// Types whose elements can be found by hashing.
 template<typename T>
-concept NSHashable = std::same_as<T, QVariant> || requires(const T &value) { qHash(value); }
-    || requires(const T &value) { std::hash<T>()(value); };
+concept NSHashable = std::same_as<T, QVariant> || requires(const T &value)
+{
+    qHash(value);
+} || requires(const T &value)
+{
+    std::hash<T>()(value);
+};
 
 /// The hash that goes with NSIsEqual.
 template<typename T>
-struct NSHash {
+struct NSHash
+{
     size_t operator()(const T &value) const
     {
         if constexpr (std::same_as<T, QVariant>)
@@ -51,25 +58,30 @@ struct NSHash {
     }
 };
 
-namespace NSDetail
+namespace NSDetail {
+template<typename T>
+struct HasNil : std::bool_constant<std::is_pointer_v<T>>
 {
-template<typename T>
-struct HasNil : std::bool_constant<std::is_pointer_v<T>> {
 };
 template<>
-struct HasNil<QVariant> : std::true_type {
+struct HasNil<QVariant> : std::true_type
+{
 };
 template<>
-struct HasNil<QString> : std::true_type {
+struct HasNil<QString> : std::true_type
+{
 };
 template<typename T>
-struct HasNil<QPointer<T>> : std::true_type {
+struct HasNil<QPointer<T>> : std::true_type
+{
 };
 template<typename T>
-struct HasNil<QSharedPointer<T>> : std::true_type {
+struct HasNil<QSharedPointer<T>> : std::true_type
+{
 };
 template<typename T>
-struct HasNil<std::shared_ptr<T>> : std::true_type {
+struct HasNil<std::shared_ptr<T>> : std::true_type
+{
 };
 } // namespace NSDetail
 

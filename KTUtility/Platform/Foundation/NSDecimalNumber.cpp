@@ -7,8 +7,7 @@
 #include <limits>
 #include <optional>
 
-namespace
-{
+namespace {
 __extension__ using Coefficient = unsigned __int128;
 
 constexpr int MaximumDigits = 38;
@@ -162,8 +161,7 @@ Coefficient joined(quint64 high, quint64 low)
 }
 } // namespace
 
-NSDecimalNumber::NSDecimalNumber(qint64 value) noexcept
-    : _isNegative(value < 0)
+NSDecimalNumber::NSDecimalNumber(qint64 value) noexcept : _isNegative(value < 0)
 {
     Coefficient coefficient = value < 0 ? -quint64(value) : quint64(value);
     qint64 exponent = 0;
@@ -237,8 +235,8 @@ std::strong_ordering operator<=>(const NSDecimalNumber &left, const NSDecimalNum
     const bool isZeroA = a == u"0", isZeroB = b == u"0";
     // The place of the first digit decides, then the digits from there on.
     std::strong_ordering order = isZeroA || isZeroB
-        ? isZeroB <=> isZeroA
-        : a.size() + left._exponent <=> b.size() + right._exponent;
+                                     ? isZeroB <=> isZeroA
+                                     : a.size() + left._exponent <=> b.size() + right._exponent;
     if (order == 0) {
         const qsizetype length = std::max(a.size(), b.size());
         order = a.leftJustified(length, u'0').compare(b.leftJustified(length, u'0')) <=> 0;

@@ -50,9 +50,9 @@ public:
                                                              const NSDecimalNumber &right);
     friend bool operator==(const NSDecimalNumber &left, const NSDecimalNumber &right) noexcept
     {
-        return left._high == right._high && left._low == right._low
-            && left._exponent == right._exponent && left._isNegative == right._isNegative
-            && left._isNaN == right._isNaN;
+        return left._high == right._high && left._low == right._low &&
+               left._exponent == right._exponent && left._isNegative == right._isNegative &&
+               left._isNaN == right._isNaN;
     }
 
 private:

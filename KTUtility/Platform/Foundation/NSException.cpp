@@ -1,15 +1,12 @@
 #include "NSException.h"
 
-const QString NSInternalInconsistencyException =
-    QStringLiteral("NSInternalInconsistencyException");
+const QString NSInternalInconsistencyException = QStringLiteral("NSInternalInconsistencyException");
 const QString NSInvalidArgumentException = QStringLiteral("NSInvalidArgumentException");
 const QString NSRangeException = QStringLiteral("NSRangeException");
 const QString NSUndefinedKeyException = QStringLiteral("NSUnknownKeyException");
 
 NSException::NSException(const QString &name, const QString &reason)
-    : _name(name)
-    , _reason(reason)
-    , _what((name + QStringLiteral(": ") + reason).toUtf8())
+    : _name(name), _reason(reason), _what((name + QStringLiteral(": ") + reason).toUtf8())
 {
 }
 

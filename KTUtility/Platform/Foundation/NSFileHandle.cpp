@@ -4,8 +4,7 @@
 #include <unistd.h>
 
 NSFileHandle::NSFileHandle(int descriptor, Ownership ownership) noexcept
-    : _descriptor(descriptor)
-    , _ownership(ownership)
+    : _descriptor(descriptor), _ownership(ownership)
 {
 }
 

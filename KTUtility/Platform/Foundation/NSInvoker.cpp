@@ -9,12 +9,11 @@
 #include <algorithm>
 #include <cstring>
 
-namespace
-{
+namespace {
 bool isCallable(const QMetaMethod &method, const QByteArray &name)
 {
-    return method.name() == name
-        && (method.methodType() == QMetaMethod::Method || method.methodType() == QMetaMethod::Slot);
+    return method.name() == name &&
+           (method.methodType() == QMetaMethod::Method || method.methodType() == QMetaMethod::Slot);
 }
 
 [[noreturn]] void raiseAmbiguous(const QMetaObject *metaObject, const QMetaMethod &one,
@@ -48,8 +47,7 @@ QMetaMethod findMethod(const QMetaObject *metaObject, const QByteArray &name, in
 } // namespace
 
 NSInvoker::NSInvoker(const NSSelector &selector, std::initializer_list<QVariant> arguments)
-    : _selector(selector)
-    , _argumentCount(std::min(int(arguments.size()), MaximumArguments))
+    : _selector(selector), _argumentCount(std::min(int(arguments.size()), MaximumArguments))
 {
     std::copy_n(arguments.begin(), _argumentCount, _arguments.begin());
 }
@@ -125,13 +123,20 @@ bool NSInvoker::resolve(const NSKeyValueTarget &receiver)
     if (!_declaringClass)
         resolveProperty(receiver.metaObject);
     switch (_returnType.id()) {
-    case QMetaType::Bool: case QMetaType::Char: case QMetaType::SChar: case QMetaType::UChar:
+    case QMetaType::Bool:
+    case QMetaType::Char:
+    case QMetaType::SChar:
+    case QMetaType::UChar:
         _returns = Returns::Bits8;
         break;
-    case QMetaType::Short: case QMetaType::UShort: case QMetaType::Char16: case QMetaType::QChar:
+    case QMetaType::Short:
+    case QMetaType::UShort:
+    case QMetaType::Char16:
+    case QMetaType::QChar:
         _returns = Returns::Bits16;
         break;
-    case QMetaType::Int: case QMetaType::UInt:
+    case QMetaType::Int:
+    case QMetaType::UInt:
         _returns = Returns::Bits32;
         break;
     default: {
@@ -171,7 +176,10 @@ bool NSInvoker::isTrue(const NSKeyValueTarget &receiver)
     alignas(quint32) std::array<char, 4> storage{};
     const void *result = call(receiver, storage.data());
     quint32 bits = 0;
-    std::memcpy(&bits, result, _returns == Returns::Bits8 ? 1 : _returns == Returns::Bits16 ? 2 : 4);
+    std::memcpy(&bits, result,
+                _returns == Returns::Bits8    ? 1
+                : _returns == Returns::Bits16 ? 2
+                                              : 4);
     return bits != 0;
 }
 
@@ -193,7 +201,8 @@ QVariant NSInvoker::perform(const NSKeyValueTarget &receiver)
 
 void NSInvoker::raiseUnrecognized(const NSKeyValueTarget &receiver) const
 {
-    NSException::raise(NSInvalidArgumentException,
-                       NSString::stringWithFormat(u"-[%@ %@]: unrecognized selector sent to instance",
-                                                  receiver.description(), _selector.text()));
+    NSException::raise(
+        NSInvalidArgumentException,
+        NSString::stringWithFormat(u"-[%@ %@]: unrecognized selector sent to instance",
+                                   receiver.description(), _selector.text()));
 }

@@ -8,8 +8,7 @@
 #include <QMetaMethod>
 #include <QMetaProperty>
 
-namespace
-{
+namespace {
 const QVariant nil;
 
 /// A null text is nil wherever it comes from.
@@ -30,25 +29,22 @@ int indexOfGetter(const QMetaObject *metaObject, const QByteArray &name)
     if (index < 0)
         return -1;
     const QMetaMethod method = metaObject->method(index);
-    const bool isGetter = method.methodType() != QMetaMethod::Signal
-        && method.returnMetaType().id() != QMetaType::Void && method.returnMetaType().isValid();
+    const bool isGetter = method.methodType() != QMetaMethod::Signal &&
+                          method.returnMetaType().id() != QMetaType::Void &&
+                          method.returnMetaType().isValid();
     return isGetter ? index : -1;
 }
 } // namespace
 
-NSKeyAccessor::NSKeyAccessor(const QString &key)
-    : _key(key)
-    , _utf8Key(key.toUtf8())
-{
-}
+NSKeyAccessor::NSKeyAccessor(const QString &key) : _key(key), _utf8Key(key.toUtf8()) {}
 
 void NSKeyAccessor::raiseUndefinedKey(const NSKeyValueTarget &target) const
 {
-    NSException::raise(NSUndefinedKeyException,
-                       NSString::stringWithFormat(
-                           u"[%@ valueForUndefinedKey:]: this class is not key value "
-                           u"coding-compliant for the key %@.",
-                           target.description(), _key));
+    NSException::raise(
+        NSUndefinedKeyException,
+        NSString::stringWithFormat(u"[%@ valueForUndefinedKey:]: this class is not key value "
+                                   u"coding-compliant for the key %@.",
+                                   target.description(), _key));
 }
 
 bool NSKeyAccessor::resolveProperty(const QMetaObject *metaObject)
@@ -85,8 +81,8 @@ bool NSKeyAccessor::resolveMethod(const QMetaObject *metaObject)
 
 bool NSKeyAccessor::resolveDynamic(const NSKeyValueTarget &target)
 {
-    if (target.kind != NSKeyValueTarget::Kind::Object
-        || !target.object()->dynamicPropertyNames().contains(_utf8Key))
+    if (target.kind != NSKeyValueTarget::Kind::Object ||
+        !target.object()->dynamicPropertyNames().contains(_utf8Key))
         return false;
     _source = Source::Dynamic;
     return true;
@@ -95,9 +91,8 @@ bool NSKeyAccessor::resolveDynamic(const NSKeyValueTarget &target)
 void NSKeyAccessor::resolveClass(const NSKeyValueTarget &target)
 {
     _metaObject = nullptr;
-    if (_key.isEmpty()
-        || (!resolveProperty(target.metaObject) && !resolveMethod(target.metaObject)
-            && !resolveDynamic(target)))
+    if (_key.isEmpty() || (!resolveProperty(target.metaObject) &&
+                           !resolveMethod(target.metaObject) && !resolveDynamic(target)))
         raiseUndefinedKey(target);
     // Dynamic properties belong to one object, not to its class.
     if (_source == Source::Dynamic)
@@ -132,9 +127,8 @@ const QVariant &NSKeyAccessor::readMetaCall(const NSKeyValueTarget &target, int 
     if (_declaringClass->d.static_metacall) {
         _declaringClass->d.static_metacall(target.object(), metaCall, _index, arguments);
     } else {
-        const int offset = metaCall == QMetaObject::ReadProperty
-            ? _declaringClass->propertyOffset()
-            : _declaringClass->methodOffset();
+        const int offset = metaCall == QMetaObject::ReadProperty ? _declaringClass->propertyOffset()
+                                                                 : _declaringClass->methodOffset();
         QMetaObject::metacall(target.object(), metaCall, _index + offset, arguments);
     }
     // A getter that returns a pointer to its value hands out that pointer.

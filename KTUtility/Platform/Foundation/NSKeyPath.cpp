@@ -8,8 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace
-{
+namespace {
 const QVariant nil;
 
 double numberOf(const QVariant &value)
@@ -31,8 +30,8 @@ QVariant extremeOf(const QVariantList &values, bool isMaximum)
     QVariant extreme;
     for (const QVariant &value : values) {
         const auto order = NSObject::compare(value, extreme);
-        if (!NSObject::isNil(value) && !isNSNull(value)
-            && (NSObject::isNil(extreme) || (isMaximum ? order > 0 : order < 0)))
+        if (!NSObject::isNil(value) && !isNSNull(value) &&
+            (NSObject::isNil(extreme) || (isMaximum ? order > 0 : order < 0)))
             extreme = value;
     }
     return extreme;

@@ -7,17 +7,16 @@
 #include <QMetaMethod>
 #include <QMetaProperty>
 
-namespace
-{
+namespace {
 using Kind = NSKeyValueTarget::Kind;
 
 [[noreturn]] void raiseUndefinedKey(const NSKeyValueTarget &receiver, const QString &key)
 {
-    NSException::raise(NSUndefinedKeyException,
-                       NSString::stringWithFormat(
-                           u"[%@ setValue:forUndefinedKey:]: this class is not key value "
-                           u"coding-compliant for the key %@.",
-                           receiver.description(), key));
+    NSException::raise(
+        NSUndefinedKeyException,
+        NSString::stringWithFormat(u"[%@ setValue:forUndefinedKey:]: this class is not key value "
+                                   u"coding-compliant for the key %@.",
+                                   receiver.description(), key));
 }
 
 bool isScalar(QMetaType type)
@@ -33,10 +32,11 @@ QVariant converted(const NSKeyValueTarget &receiver, const QVariant &value, QMet
         return value;
     const bool isNil = NSObject::isNil(value) || isNSNull(value);
     if (isNil && isScalar(type))
-        NSException::raise(NSInvalidArgumentException,
-                           NSString::stringWithFormat(
-                               u"[%@ setNilValueForKey]: could not set nil as the value for the key %@.",
-                               receiver.description(), key));
+        NSException::raise(
+            NSInvalidArgumentException,
+            NSString::stringWithFormat(
+                u"[%@ setNilValueForKey]: could not set nil as the value for the key %@.",
+                receiver.description(), key));
     QVariant result = isNil ? QVariant(type) : value;
     if (result.metaType() != type && !result.convert(type))
         NSException::raise(
@@ -63,8 +63,8 @@ QMetaMethod setterNamed(const QMetaObject *metaObject, const QByteArray &name)
 {
     for (int index = metaObject->methodCount() - 1; index >= 0; --index) {
         const QMetaMethod method = metaObject->method(index);
-        if (method.name() == name && method.parameterCount() == 1
-            && method.methodType() != QMetaMethod::Signal)
+        if (method.name() == name && method.parameterCount() == 1 &&
+            method.methodType() != QMetaMethod::Signal)
             return method;
     }
     return {};
@@ -84,8 +84,8 @@ bool callSetter(const NSKeyValueTarget &receiver, const QVariant &value, const Q
     const bool isVariant = type.id() == QMetaType::QVariant;
     const QGenericArgument argument(type.name(), isVariant ? &typed : typed.constData());
     return receiver.kind == Kind::Object
-        ? method.invoke(receiver.object(), Qt::DirectConnection, argument)
-        : method.invokeOnGadget(const_cast<void *>(receiver.instance), argument);
+               ? method.invoke(receiver.object(), Qt::DirectConnection, argument)
+               : method.invokeOnGadget(const_cast<void *>(receiver.instance), argument);
 }
 
 bool setDynamicProperty(const NSKeyValueTarget &receiver, const QVariant &value, const QString &key)
@@ -113,9 +113,9 @@ void NSKeyValueCoding::setValueOfTarget(const NSKeyValueTarget &receiver, const 
     if (receiver.kind == Kind::Nil)
         return;
     const bool isObject = receiver.metaObject && !forKey.isEmpty();
-    if (!isObject
-        || (!setProperty(receiver, value, forKey) && !callSetter(receiver, value, forKey)
-            && !setDynamicProperty(receiver, value, forKey)))
+    if (!isObject ||
+        (!setProperty(receiver, value, forKey) && !callSetter(receiver, value, forKey) &&
+         !setDynamicProperty(receiver, value, forKey)))
         raiseUndefinedKey(receiver, forKey);
 }
 

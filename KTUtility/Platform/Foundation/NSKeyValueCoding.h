@@ -14,8 +14,7 @@
 /// NSKeyValueCoding::valueForKeyPath(field, QStringLiteral("library.name"));
 /// NSKeyValueCoding::setValue(field, 3, QStringLiteral("order"));
 /// \endcode
-namespace NSKeyValueCoding
-{
+namespace NSKeyValueCoding {
 /// The value of \a key; see NSKeyAccessor for where it is looked for.
 /// \throws NSException NSUndefinedKeyException if the receiver has no such key.
 template<NSKeyValueCodable T>
@@ -48,8 +47,8 @@ KTUTILITY_EXPORT void setValue(QVariant &receiver, const QVariant &value, const 
 
 /// Sets a key of an object or gadget; see setValueOfTarget().
 template<NSKeyValueCodable T>
-    requires(!std::same_as<T, QVariant> && !std::same_as<T, QVariantMap>
-             && !std::same_as<T, QVariantHash>)
+    requires(!std::same_as<T, QVariant> && !std::same_as<T, QVariantMap> &&
+             !std::same_as<T, QVariantHash>)
 void setValue(const T &receiver, const QVariant &value, const QString &forKey)
 {
     setValueOfTarget(NSKeyValueTargets::target(receiver), value, forKey);

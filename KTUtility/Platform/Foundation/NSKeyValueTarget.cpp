@@ -1,7 +1,6 @@
 #include "NSKeyValueTarget.h"
 
-namespace
-{
+namespace {
 /// A list or set of anything, but no text and no data.
 bool isCollection(const QVariant &value)
 {

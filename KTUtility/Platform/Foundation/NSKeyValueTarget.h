@@ -13,7 +13,8 @@
 
 /// A reference to anything that answers keys or selectors, without its static type: a QObject, a
 /// gadget, a map, a collection, nil. It owns nothing and is made for one access.
-struct KTUTILITY_EXPORT NSKeyValueTarget {
+struct KTUTILITY_EXPORT NSKeyValueTarget
+{
     enum class Kind : quint8 {
         Nil,        ///< answers nil to everything
         Object,     ///< instance is a QObject
@@ -43,24 +44,29 @@ struct KTUTILITY_EXPORT NSKeyValueTarget {
     static NSKeyValueTarget ofVariant(const QVariant &value);
 
     /// The object, for Kind::Object.
-    QObject *object() const { return const_cast<QObject *>(static_cast<const QObject *>(instance)); }
+    QObject *object() const
+    {
+        return const_cast<QObject *>(static_cast<const QObject *>(instance));
+    }
     /// "<Class 0xaddress>" for exception texts.
     QString description() const;
 };
 
 /// A class that has a meta-object and is no QObject.
 template<typename T>
-concept NSGadget = std::is_class_v<T> && !std::derived_from<T, QObject>
-    && requires { { T::staticMetaObject } -> std::convertible_to<const QMetaObject &>; };
+concept NSGadget = std::is_class_v<T> && !std::derived_from<T, QObject> && requires
+{
+    {
+        T::staticMetaObject
+        } -> std::convertible_to<const QMetaObject &>;
+};
 
-namespace NSKeyValueTargets
-{
+namespace NSKeyValueTargets {
 template<typename T>
-    requires std::derived_from<T, QObject>
-NSKeyValueTarget target(T *object)
-{
-    return NSKeyValueTarget::of(object);
-}
+    requires std::derived_from<T, QObject> NSKeyValueTarget target(T *object)
+    {
+        return NSKeyValueTarget::of(object);
+    }
 
 template<NSGadget T>
 NSKeyValueTarget target(T *gadget)
@@ -116,5 +122,9 @@ NSKeyValueTarget target(const T &hash)
 /// and guarded; gadgets; QVariant, QVariantMap and QVariantHash. What merely converts to QVariant
 /// (a number, a text) is none.
 template<typename T>
-concept NSKeyValueCodable =
-    requires(const T &value) { { NSKeyValueTargets::target(value) } -> std::same_as<NSKeyValueTarget>; };
+concept NSKeyValueCodable = requires(const T &value)
+{
+    {
+        NSKeyValueTargets::target(value)
+        } -> std::same_as<NSKeyValueTarget>;
+};

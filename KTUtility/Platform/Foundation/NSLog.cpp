@@ -7,14 +7,14 @@
 #include <cerrno>
 #include <unistd.h>
 
-namespace
-{
+namespace {
 QString linePrefix()
 {
     const QString time =
         QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"));
-    return time + u' ' + QString::fromLocal8Bit(program_invocation_short_name) + u'['
-        + QString::number(::getpid()) + u':' + QString::number(::gettid(), 16) + QStringLiteral("] ");
+    return time + u' ' + QString::fromLocal8Bit(program_invocation_short_name) + u'[' +
+           QString::number(::getpid()) + u':' + QString::number(::gettid(), 16) +
+           QStringLiteral("] ");
 }
 } // namespace
 

@@ -6,29 +6,50 @@
 #include <QDateTime>
 #include <QHash>
 #include <QLocale>
-#include <QMetaObject>
 #include <QMetaMethod>
+#include <QMetaObject>
 #include <QObject>
 
 #include <algorithm>
 #include <cmath>
 
-namespace
-{
-enum class Family { Nil, Signed, Unsigned, Double, Decimal, Text, Date, Data, List, Map, Object, Other };
+namespace {
+enum class Family {
+    Nil,
+    Signed,
+    Unsigned,
+    Double,
+    Decimal,
+    Text,
+    Date,
+    Data,
+    List,
+    Map,
+    Object,
+    Other
+};
 
 Family familyOf(const QVariant &value)
 {
     switch (value.typeId()) {
     case QMetaType::UnknownType:
         return Family::Nil;
-    case QMetaType::Bool: case QMetaType::Int: case QMetaType::Long: case QMetaType::LongLong:
-    case QMetaType::Short: case QMetaType::Char: case QMetaType::SChar:
+    case QMetaType::Bool:
+    case QMetaType::Int:
+    case QMetaType::Long:
+    case QMetaType::LongLong:
+    case QMetaType::Short:
+    case QMetaType::Char:
+    case QMetaType::SChar:
         return Family::Signed;
-    case QMetaType::UInt: case QMetaType::ULong: case QMetaType::ULongLong:
-    case QMetaType::UShort: case QMetaType::UChar:
+    case QMetaType::UInt:
+    case QMetaType::ULong:
+    case QMetaType::ULongLong:
+    case QMetaType::UShort:
+    case QMetaType::UChar:
         return Family::Unsigned;
-    case QMetaType::Double: case QMetaType::Float:
+    case QMetaType::Double:
+    case QMetaType::Float:
         return Family::Double;
     case QMetaType::QString:
         return Family::Text;
@@ -36,9 +57,11 @@ Family familyOf(const QVariant &value)
         return Family::Date;
     case QMetaType::QByteArray:
         return Family::Data;
-    case QMetaType::QVariantList: case QMetaType::QStringList:
+    case QMetaType::QVariantList:
+    case QMetaType::QStringList:
         return Family::List;
-    case QMetaType::QVariantMap: case QMetaType::QVariantHash:
+    case QMetaType::QVariantMap:
+    case QMetaType::QVariantHash:
         return Family::Map;
     default:
         break;
@@ -109,9 +132,9 @@ std::weak_ordering compareDoubles(double left, double right)
 {
     if (std::isnan(left) || std::isnan(right))
         return std::isnan(left) <=> std::isnan(right);
-    return left < right ? std::weak_ordering::less
-        : left > right  ? std::weak_ordering::greater
-                        : std::weak_ordering::equivalent;
+    return left < right   ? std::weak_ordering::less
+           : left > right ? std::weak_ordering::greater
+                          : std::weak_ordering::equivalent;
 }
 
 /// A double against an integer, without rounding the integer: by whole parts, then by fraction.
@@ -122,9 +145,10 @@ std::weak_ordering compareDoubleToInteger(double left, const QVariant &right, Fa
     if (left < -0x1p63)
         return std::weak_ordering::less;
     const double whole = std::trunc(left);
-    const auto order = whole >= 0x1p63
-        ? compareIntegers(QVariant(quint64(whole)), Family::Unsigned, right, rightFamily)
-        : compareIntegers(QVariant(qlonglong(whole)), Family::Signed, right, rightFamily);
+    const auto order =
+        whole >= 0x1p63
+            ? compareIntegers(QVariant(quint64(whole)), Family::Unsigned, right, rightFamily)
+            : compareIntegers(QVariant(qlonglong(whole)), Family::Signed, right, rightFamily);
     return order != 0 ? order : compareDoubles(left, whole);
 }
 
@@ -160,8 +184,8 @@ std::weak_ordering compareNumbers(const QVariant &left, Family leftFamily, const
 
 bool areListsEqual(const QVariantList &left, const QVariantList &right)
 {
-    return left.size() == right.size()
-        && std::equal(left.begin(), left.end(), right.begin(), NSObject::isEqual);
+    return left.size() == right.size() &&
+           std::equal(left.begin(), left.end(), right.begin(), NSObject::isEqual);
 }
 
 bool areMapsEqual(const QVariantMap &left, const QVariantMap &right)
@@ -207,11 +231,11 @@ size_t hashOfList(const QVariantList &list)
 QString describeDate(const QDateTime &date)
 {
     const int minutes = date.offsetFromUtc() / 60;
-    return date.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss "))
-        + QStringLiteral("%1%2%3")
-              .arg(QChar(minutes < 0 ? u'-' : u'+'))
-              .arg(std::abs(minutes) / 60, 2, 10, QLatin1Char('0'))
-              .arg(std::abs(minutes) % 60, 2, 10, QLatin1Char('0'));
+    return date.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss ")) +
+           QStringLiteral("%1%2%3")
+               .arg(QChar(minutes < 0 ? u'-' : u'+'))
+               .arg(std::abs(minutes) / 60, 2, 10, QLatin1Char('0'))
+               .arg(std::abs(minutes) % 60, 2, 10, QLatin1Char('0'));
 }
 
 QString describeData(const QByteArray &data)
@@ -223,19 +247,20 @@ QString describeObject(QObject *object)
 {
     QString text;
     const QMetaObject *metaObject = object->metaObject();
-    if (metaObject->indexOfMethod("description()") >= 0
-        && QMetaObject::invokeMethod(object, "description", Qt::DirectConnection,
-                                     Q_RETURN_ARG(QString, text)))
+    if (metaObject->indexOfMethod("description()") >= 0 &&
+        QMetaObject::invokeMethod(object, "description", Qt::DirectConnection,
+                                  Q_RETURN_ARG(QString, text)))
         return text;
-    return u'<' + QString::fromLatin1(metaObject->className()) + QStringLiteral(": 0x")
-        + QString::number(quintptr(object), 16) + u'>';
+    return u'<' + QString::fromLatin1(metaObject->className()) + QStringLiteral(": 0x") +
+           QString::number(quintptr(object), 16) + u'>';
 }
 
 bool needsQuotes(const QString &text)
 {
     return text.isEmpty() || !std::all_of(text.begin(), text.end(), [](QChar unit) {
-        return unit.unicode() < 0x80 && (unit.isLetterOrNumber() || unit == u'_' || unit == u'.');
-    });
+               return unit.unicode() < 0x80 &&
+                      (unit.isLetterOrNumber() || unit == u'_' || unit == u'.');
+           });
 }
 
 constexpr int MaximumDepth = 64;
@@ -247,8 +272,8 @@ QString describeElement(const QVariant &value, int depth)
     QString text = describeAtDepth(value, depth);
     if (familyOf(value) != Family::Text || !needsQuotes(text))
         return text;
-    return u'"' + text.replace(u'\\', QLatin1String("\\\\")).replace(u'"', QLatin1String("\\\""))
-        + u'"';
+    return u'"' + text.replace(u'\\', QLatin1String("\\\\")).replace(u'"', QLatin1String("\\\"")) +
+           u'"';
 }
 
 QString describeList(const QVariantList &list, int depth)
@@ -257,8 +282,8 @@ QString describeList(const QVariantList &list, int depth)
     QStringList lines;
     for (const QVariant &element : list)
         lines += indent + describeElement(element, depth + 1);
-    return QStringLiteral("(\n") + lines.join(QStringLiteral(",\n"))
-        + (lines.isEmpty() ? QString() : QStringLiteral("\n")) + QString(depth * 4, u' ') + u')';
+    return QStringLiteral("(\n") + lines.join(QStringLiteral(",\n")) +
+           (lines.isEmpty() ? QString() : QStringLiteral("\n")) + QString(depth * 4, u' ') + u')';
 }
 
 QString describeMap(const QVariantMap &map, int depth)
@@ -266,8 +291,8 @@ QString describeMap(const QVariantMap &map, int depth)
     const QString indent((depth + 1) * 4, u' ');
     QString text = QStringLiteral("{\n");
     for (auto entry = map.begin(); entry != map.end(); ++entry)
-        text += indent + describeElement(entry.key(), depth + 1) + QStringLiteral(" = ")
-            + describeElement(entry.value(), depth + 1) + QStringLiteral(";\n");
+        text += indent + describeElement(entry.key(), depth + 1) + QStringLiteral(" = ") +
+                describeElement(entry.value(), depth + 1) + QStringLiteral(";\n");
     return text + QString(depth * 4, u' ') + u'}';
 }
 
@@ -362,8 +387,8 @@ bool NSObject::isIdenticalTo(const QVariant &left, const QVariant &right)
         return false;
     switch (familyOf(left)) {
     case Family::Text:
-        return textOf(left).constData() == textOf(right).constData()
-            && textOf(left).size() == textOf(right).size();
+        return textOf(left).constData() == textOf(right).constData() &&
+               textOf(left).size() == textOf(right).size();
     case Family::Data:
         return left.toByteArray().constData() == right.toByteArray().constData();
     default:
@@ -432,9 +457,9 @@ std::weak_ordering NSObject::compare(const QVariant &left, const QVariant &right
     if (left.metaType() != right.metaType())
         return left.typeId() <=> right.typeId();
     const QPartialOrdering order = QVariant::compare(left, right);
-    return order == QPartialOrdering::Less ? std::weak_ordering::less
-        : order == QPartialOrdering::Greater ? std::weak_ordering::greater
-                                             : std::weak_ordering::equivalent;
+    return order == QPartialOrdering::Less      ? std::weak_ordering::less
+           : order == QPartialOrdering::Greater ? std::weak_ordering::greater
+                                                : std::weak_ordering::equivalent;
 }
 
 QString NSObject::description(const QVariant &value)

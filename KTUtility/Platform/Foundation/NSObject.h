@@ -13,8 +13,7 @@
 /// The platform compares and describes objects in one way everywhere; Qt's QVariant converts
 /// before it compares (1 equals "1" there). Collections, formats and key-value coding of this
 /// framework therefore go through these functions.
-namespace NSObject
-{
+namespace NSObject {
 /// True for nil: an invalid variant, a null text, a null pointer. An empty text is not nil.
 KTUTILITY_EXPORT bool isNil(const QVariant &value);
 

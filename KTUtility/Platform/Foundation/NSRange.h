@@ -3,7 +3,8 @@
 #include <QtGlobal>
 
 /// A part of a text or list: where it starts and how long it is, in UTF-16 units or elements.
-struct NSRange {
+struct NSRange
+{
     qsizetype location = 0;
     qsizetype length = 0;
 

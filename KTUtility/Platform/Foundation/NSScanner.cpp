@@ -29,18 +29,17 @@ qsizetype NSFindCharacter(QStringView text, qsizetype index, const NSCharacterSe
     return index;
 }
 
-namespace
-{
+namespace {
 /// The value of a digit in \a base, or -1.
 int digitValue(QStringView text, qsizetype index, int base)
 {
     if (index >= text.size())
         return -1;
     const char16_t unit = text[index].unicode();
-    const int value = unit >= u'0' && unit <= u'9' ? unit - u'0'
-        : unit >= u'a' && unit <= u'f'             ? unit - u'a' + 10
-        : unit >= u'A' && unit <= u'F'             ? unit - u'A' + 10
-                                                   : -1;
+    const int value = unit >= u'0' && unit <= u'9'   ? unit - u'0'
+                      : unit >= u'a' && unit <= u'f' ? unit - u'a' + 10
+                      : unit >= u'A' && unit <= u'F' ? unit - u'A' + 10
+                                                     : -1;
     return value < base ? value : -1;
 }
 
@@ -79,15 +78,9 @@ qsizetype skipExponent(QStringView text, qsizetype index)
 }
 } // namespace
 
-NSScanner::NSScanner(const QString &text)
-    : _text(text)
-{
-}
+NSScanner::NSScanner(const QString &text) : _text(text) {}
 
-NSScanner::NSScanner(QStringView text)
-    : NSScanner(text.toString())
-{
-}
+NSScanner::NSScanner(QStringView text) : NSScanner(text.toString()) {}
 
 void NSScanner::setScanLocation(qsizetype location)
 {
@@ -187,8 +180,8 @@ bool NSScanner::scanInt(qint32 *value)
 bool NSScanner::scanHexLongLong(quint64 *value)
 {
     qsizetype index = skipped();
-    if (isUnit(_text, index, u"0") && isUnit(_text, index + 1, u"xX")
-        && digitValue(_text, index + 2, 16) >= 0)
+    if (isUnit(_text, index, u"0") && isUnit(_text, index + 1, u"xX") &&
+        digitValue(_text, index + 2, 16) >= 0)
         index += 2;
     quint64 number = 0;
     const qsizetype end =

@@ -12,7 +12,8 @@
 /// How to sort objects: by the value of a key, ascending or descending.
 ///
 /// Values are compared by NSObject::compare(): nil first, numbers by value, texts by UTF-16 unit.
-struct NSSortDescriptor {
+struct NSSortDescriptor
+{
     QString key;
     bool ascending = true;
 

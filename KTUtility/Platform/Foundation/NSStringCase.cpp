@@ -7,8 +7,7 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 using Mapping = int32_t (*)(UChar *, int32_t, const UChar *, int32_t, const char *, UErrorCode *);
 
 /// Applies one of ICU's mappings of whole texts, with the root locale's rules.
@@ -100,8 +99,8 @@ private:
             // Lower-casing the whole word keeps the context of a final sigma.
             const QString lower = lowered(_word);
             const qsizetype head = lowered(QStringView(_word).first(_casedAt + length)).size();
-            _result += QStringView(_word).first(_casedAt)
-                + titled(QStringView(_word).sliced(_casedAt, length)) + lower.sliced(head);
+            _result += QStringView(_word).first(_casedAt) +
+                       titled(QStringView(_word).sliced(_casedAt, length)) + lower.sliced(head);
         }
         _word.clear();
         _casedAt = -1;

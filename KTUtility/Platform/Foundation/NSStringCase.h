@@ -6,8 +6,7 @@
 
 /// Case mapping by the full rules of Unicode (chapter 3.13), the same in every locale: "ß" becomes
 /// "SS", "İ" becomes "i" with U+0307, a Σ that ends a word becomes "ς". nil stays nil.
-namespace NSString
-{
+namespace NSString {
 KTUTILITY_EXPORT QString lowercaseString(const QString &text);
 KTUTILITY_EXPORT QString uppercaseString(const QString &text);
 

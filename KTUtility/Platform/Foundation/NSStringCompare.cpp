@@ -11,8 +11,7 @@
 #include <algorithm>
 #include <memory>
 
-namespace
-{
+namespace {
 /// A text as ICU sees it, without a copy.
 icu::UnicodeString aliasOf(QStringView text)
 {
@@ -52,7 +51,8 @@ const icu::Collator *currentCollator()
 icu::UnicodeString decomposed(QStringView text, Qt::CaseSensitivity sensitivity)
 {
     UErrorCode status = U_ZERO_ERROR;
-    icu::UnicodeString result = icu::Normalizer2::getNFDInstance(status)->normalize(aliasOf(text), status);
+    icu::UnicodeString result =
+        icu::Normalizer2::getNFDInstance(status)->normalize(aliasOf(text), status);
     return sensitivity == Qt::CaseSensitive ? result : result.foldCase();
 }
 
@@ -65,9 +65,8 @@ bool needsDecomposition(QStringView text)
 bool isBoundary(QStringView text, qsizetype index)
 {
     UErrorCode status = U_ZERO_ERROR;
-    return index >= text.size()
-        || icu::Normalizer2::getNFDInstance(status)->hasBoundaryBefore(
-            aliasOf(text).char32At(int32_t(index)));
+    return index >= text.size() || icu::Normalizer2::getNFDInstance(status)->hasBoundaryBefore(
+                                       aliasOf(text).char32At(int32_t(index)));
 }
 } // namespace
 
@@ -84,10 +83,10 @@ qsizetype NSString::lengthOfCanonicalPrefix(QStringView text, QStringView prefix
                                             Qt::CaseSensitivity sensitivity)
 {
     if (prefix.isEmpty() || !needsDecomposition(prefix))
-        return !prefix.isEmpty() && text.startsWith(prefix, sensitivity)
-                && isBoundary(text, prefix.size())
-            ? prefix.size()
-            : 0;
+        return !prefix.isEmpty() && text.startsWith(prefix, sensitivity) &&
+                       isBoundary(text, prefix.size())
+                   ? prefix.size()
+                   : 0;
     // No character decomposes into more than four, so an equivalent form is at most that longer.
     const icu::UnicodeString wanted = decomposed(prefix, sensitivity);
     const qsizetype limit = std::min(text.size(), qsizetype(wanted.length()) * 2);
@@ -114,8 +113,8 @@ qsizetype NSString::indexOfCanonical(const QString &text, QStringView string, qs
     for (qsizetype index = from; index < text.size(); ++index) {
         const QStringView rest = QStringView(text).sliced(index);
         const QStringView character = rest.first(NSCodePointAt(rest, 0).length);
-        if (char32_t(decomposed(character, sensitivity).char32At(0)) == first
-            && lengthOfCanonicalPrefix(rest, string, sensitivity) > 0)
+        if (char32_t(decomposed(character, sensitivity).char32At(0)) == first &&
+            lengthOfCanonicalPrefix(rest, string, sensitivity) > 0)
             return index;
     }
     return -1;

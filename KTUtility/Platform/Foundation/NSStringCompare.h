@@ -7,8 +7,7 @@
 #include <compare>
 
 /// Comparing and searching texts the platform's way.
-namespace NSString
-{
+namespace NSString {
 /// The order in which a person expects names: the collation of the current locale (QLocale()),
 /// by letters first, then accents, then case with small letters first. Punctuation counts and
 /// digits are compared one by one ("item 10" before "item 2"). Unicode Technical Standard #10.

@@ -4,8 +4,7 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 bool isBelow(QStringView text, char16_t limit)
 {
     return std::all_of(text.begin(), text.end(),
@@ -14,8 +13,7 @@ bool isBelow(QStringView text, char16_t limit)
 
 bool isLatin1(const QString &text)
 {
-    return isBelow(text, 0x100)
-        || isBelow(text.normalized(QString::NormalizationForm_C), 0x100);
+    return isBelow(text, 0x100) || isBelow(text.normalized(QString::NormalizationForm_C), 0x100);
 }
 
 bool hasLoneSurrogates(const QString &text)
@@ -39,8 +37,8 @@ bool NSString::canBeConvertedToEncoding(const QString &text, NSStringEncoding en
 
 QString NSString::stringWithUTF8Data(const QByteArray &data)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8,
-                           QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless |
+                                                     QStringDecoder::Flag::ConvertInitialBom);
     QString text = decoder.decode(data);
     if (decoder.hasError())
         return {};

@@ -12,8 +12,7 @@ enum NSStringEncoding {
     NSISOLatin1StringEncoding = 5,
 };
 
-namespace NSString
-{
+namespace NSString {
 /// Whether all of \a text exists in \a encoding. In ISO Latin 1 a base letter with a combining
 /// mark counts if their composed form exists ("e" with U+0301 does); a mark alone does not.
 KTUTILITY_EXPORT bool canBeConvertedToEncoding(const QString &text, NSStringEncoding encoding);

@@ -11,34 +11,24 @@ NSFormatArgument::NSFormatArgument(const char *utf8) noexcept
 {
 }
 
-NSFormatArgument::NSFormatArgument(std::string_view utf8) noexcept
-    : _kind(Kind::Utf8)
-    , _utf8(utf8)
+NSFormatArgument::NSFormatArgument(std::string_view utf8) noexcept : _kind(Kind::Utf8), _utf8(utf8)
 {
 }
 
-NSFormatArgument::NSFormatArgument(const QByteArray &data)
-    : _kind(Kind::Object)
-    , _object(data)
-{
-}
+NSFormatArgument::NSFormatArgument(const QByteArray &data) : _kind(Kind::Object), _object(data) {}
 
-NSFormatArgument::NSFormatArgument(const QObject *object)
-    : _kind(object ? Kind::Object : Kind::Nil)
+NSFormatArgument::NSFormatArgument(const QObject *object) : _kind(object ? Kind::Object : Kind::Nil)
 {
     if (object)
         _object = QVariant::fromValue(const_cast<QObject *>(object));
 }
 
 NSFormatArgument::NSFormatArgument(const void *pointer) noexcept
-    : _kind(pointer ? Kind::Pointer : Kind::Nil)
-    , _bits(reinterpret_cast<quintptr>(pointer))
+    : _kind(pointer ? Kind::Pointer : Kind::Nil), _bits(reinterpret_cast<quintptr>(pointer))
 {
 }
 
-NSFormatArgument::NSFormatArgument(const QVariant &value)
-    : _kind(Kind::Object)
-    , _object(value)
+NSFormatArgument::NSFormatArgument(const QVariant &value) : _kind(Kind::Object), _object(value)
 {
     switch (value.typeId()) {
     case QMetaType::Bool:
@@ -73,13 +63,13 @@ NSFormatArgument::NSFormatArgument(const QVariant &value)
     }
 }
 
-namespace
-{
+namespace {
 using Kind = NSFormatArgument::Kind;
 
 constexpr int MaximumWidth = 4096;
 
-struct Conversion {
+struct Conversion
+{
     bool leftAligned = false;
     bool plus = false;
     bool blank = false;
@@ -153,7 +143,8 @@ template<typename Value>
 QString printNative(const QByteArray &specification, Value value)
 {
     std::array<char, 512> buffer;
-    const int length = std::snprintf(buffer.data(), buffer.size(), specification.constData(), value);
+    const int length =
+        std::snprintf(buffer.data(), buffer.size(), specification.constData(), value);
     if (length < int(buffer.size()))
         return QString::fromLatin1(buffer.data(), length);
     QByteArray large(length + 1, Qt::Uninitialized);
@@ -187,15 +178,15 @@ quint64 unsignedBits(const NSFormatArgument &argument, int bytes)
 
 bool isInteger(const NSFormatArgument &argument)
 {
-    return argument.kind() == Kind::Signed || argument.kind() == Kind::Unsigned
-        || argument.kind() == Kind::Character;
+    return argument.kind() == Kind::Signed || argument.kind() == Kind::Unsigned ||
+           argument.kind() == Kind::Character;
 }
 
 /// Whether a conversion is "%d", without anything that printf would be needed for.
 bool isPlain(const Conversion &conversion)
 {
-    return conversion.letter == u'd' && conversion.bytes >= 4 && conversion.width == 0
-        && conversion.precision < 0 && !conversion.plus && !conversion.blank;
+    return conversion.letter == u'd' && conversion.bytes >= 4 && conversion.width == 0 &&
+           conversion.precision < 0 && !conversion.plus && !conversion.blank;
 }
 
 QString printInteger(const NSFormatArgument &argument, const Conversion &conversion)
@@ -216,9 +207,9 @@ QString printInteger(const NSFormatArgument &argument, const Conversion &convers
 
 QString printReal(const NSFormatArgument &argument, const Conversion &conversion)
 {
-    const double value = argument.kind() == Kind::Double ? argument.doubleValue()
-        : argument.kind() == Kind::Unsigned              ? double(argument.unsignedValue())
-                                                         : double(argument.signedValue());
+    const double value = argument.kind() == Kind::Double     ? argument.doubleValue()
+                         : argument.kind() == Kind::Unsigned ? double(argument.unsignedValue())
+                                                             : double(argument.signedValue());
     return printNative(nativeSpecification(conversion) + char(conversion.letter), value);
 }
 
@@ -233,13 +224,28 @@ enum class Family { Integer, Real, Character, Text, None };
 Family familyOf(char16_t letter)
 {
     switch (letter) {
-    case u'd': case u'u': case u'o': case u'x': case u'X':
+    case u'd':
+    case u'u':
+    case u'o':
+    case u'x':
+    case u'X':
         return Family::Integer;
-    case u'f': case u'F': case u'e': case u'E': case u'g': case u'G': case u'a': case u'A':
+    case u'f':
+    case u'F':
+    case u'e':
+    case u'E':
+    case u'g':
+    case u'G':
+    case u'a':
+    case u'A':
         return Family::Real;
-    case u'c': case u'C':
+    case u'c':
+    case u'C':
         return Family::Character;
-    case u'@': case u's': case u'S': case u'p':
+    case u'@':
+    case u's':
+    case u'S':
+    case u'p':
         return Family::Text;
     default:
         return Family::None;
@@ -288,9 +294,7 @@ class FormatReader
 {
 public:
     FormatReader(QString &text, QStringView format, std::span<const NSFormatArgument> arguments)
-        : _text(text)
-        , _format(format)
-        , _arguments(arguments)
+        : _text(text), _format(format), _arguments(arguments)
     {
     }
 
@@ -361,13 +365,25 @@ private:
     {
         for (;; ++_position) {
             switch (peek()) {
-            case u'-': conversion.leftAligned = true; break;
-            case u'+': conversion.plus = true; break;
-            case u' ': conversion.blank = true; break;
-            case u'#': conversion.alternate = true; break;
-            case u'0': conversion.zeroPadded = true; break;
-            case u'\'': break; // grouping: numbers never follow the locale
-            default: return;
+            case u'-':
+                conversion.leftAligned = true;
+                break;
+            case u'+':
+                conversion.plus = true;
+                break;
+            case u' ':
+                conversion.blank = true;
+                break;
+            case u'#':
+                conversion.alternate = true;
+                break;
+            case u'0':
+                conversion.zeroPadded = true;
+                break;
+            case u'\'':
+                break; // grouping: numbers never follow the locale
+            default:
+                return;
             }
         }
     }
@@ -387,10 +403,20 @@ private:
     {
         for (;; ++_position) {
             switch (peek()) {
-            case u'h': conversion.bytes = conversion.bytes == 2 ? 1 : 2; break;
-            case u'l': case u'q': case u'j': case u'z': case u't': conversion.bytes = 8; break;
-            case u'L': break;
-            default: return;
+            case u'h':
+                conversion.bytes = conversion.bytes == 2 ? 1 : 2;
+                break;
+            case u'l':
+            case u'q':
+            case u'j':
+            case u'z':
+            case u't':
+                conversion.bytes = 8;
+                break;
+            case u'L':
+                break;
+            default:
+                return;
             }
         }
     }
@@ -435,6 +461,12 @@ private:
             return;
         }
         Conversion conversion;
+        // Most conversions are one of these two, with nothing between.
+        if (accept(u'@') || accept(u'd')) {
+            conversion.letter = _format[_position - 1].unicode();
+            append(argument(0), conversion);
+            return;
+        }
         const int position = readPosition();
         readFlags(conversion);
         readWidthAndPrecision(conversion);

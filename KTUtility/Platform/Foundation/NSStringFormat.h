@@ -32,34 +32,25 @@ public:
 
     template<std::signed_integral T>
     NSFormatArgument(T value) noexcept
-        : _kind(Kind::Signed)
-        , _bytes(sizeof(T))
-        , _bits(quint64(qint64(value)))
+        : _kind(Kind::Signed), _bytes(sizeof(T)), _bits(quint64(qint64(value)))
     {
     }
     template<std::unsigned_integral T>
-    NSFormatArgument(T value) noexcept
-        : _kind(Kind::Unsigned)
-        , _bytes(sizeof(T))
-        , _bits(value)
+    NSFormatArgument(T value) noexcept : _kind(Kind::Unsigned), _bytes(sizeof(T)), _bits(value)
     {
     }
     template<std::floating_point T>
     NSFormatArgument(T value) noexcept
-        : _kind(Kind::Double)
-        , _bits(std::bit_cast<quint64>(double(value)))
+        : _kind(Kind::Double), _bits(std::bit_cast<quint64>(double(value)))
     {
     }
     template<typename T>
-        requires std::is_enum_v<T>
-    NSFormatArgument(T value) noexcept : NSFormatArgument(std::underlying_type_t<T>(value))
-    {
-    }
+        requires std::is_enum_v<T> NSFormatArgument(T value)
+    noexcept : NSFormatArgument(std::underlying_type_t<T>(value)) {}
 
     /// A null text is nil; an empty one is not.
     NSFormatArgument(QStringView text) noexcept
-        : _kind(text.isNull() ? Kind::Nil : Kind::Text)
-        , _text(text)
+        : _kind(text.isNull() ? Kind::Nil : Kind::Text), _text(text)
     {
     }
     NSFormatArgument(const QString &text) noexcept : NSFormatArgument(QStringView(text)) {}
@@ -74,19 +65,15 @@ public:
     NSFormatArgument(const QVariant &value);
     /// What becomes a text by conversion (a concatenation, a QLatin1String) is one.
     template<typename T>
-        requires(std::is_class_v<T> && std::convertible_to<T, QString>
-                 && !std::convertible_to<T, QStringView>)
-    NSFormatArgument(const T &value) : NSFormatArgument(QVariant(QString(value)))
-    {
-    }
+        requires(std::is_class_v<T> &&std::convertible_to<T, QString> &&
+                 !std::convertible_to<T, QStringView>)
+    NSFormatArgument(const T &value) : NSFormatArgument(QVariant(QString(value))) {}
     /// Any other value that a QVariant can hold prints as its description.
     template<typename T>
-        requires(std::is_class_v<T> && !std::convertible_to<T, QString>
-                 && !std::convertible_to<T, QStringView> && !std::same_as<T, QVariant>
-                 && !std::convertible_to<T, const QObject *>)
-    NSFormatArgument(const T &value) : NSFormatArgument(QVariant::fromValue(value))
-    {
-    }
+        requires(std::is_class_v<T> && !std::convertible_to<T, QString> &&
+                 !std::convertible_to<T, QStringView> && !std::same_as<T, QVariant> &&
+                 !std::convertible_to<T, const QObject *>)
+    NSFormatArgument(const T &value) : NSFormatArgument(QVariant::fromValue(value)) {}
 
     Kind kind() const noexcept { return _kind; }
     int bytes() const noexcept { return _bytes; }
@@ -107,8 +94,7 @@ private:
     QVariant _object;
 };
 
-namespace NSString
-{
+namespace NSString {
 /// The text made from a format string and already collected arguments.
 /// \see stringWithFormat
 KTUTILITY_EXPORT QString stringWithFormatArguments(QStringView format,

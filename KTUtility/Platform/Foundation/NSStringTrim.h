@@ -5,8 +5,7 @@
 
 #include <QString>
 
-namespace NSString
-{
+namespace NSString {
 /// \a text without the characters of \a set at both ends; nil stays nil.
 KTUTILITY_EXPORT QString stringByTrimmingCharactersInSet(const QString &text,
                                                          const NSCharacterSet &set);

@@ -2,8 +2,7 @@
 
 #include "NSScanner.h"
 
-namespace
-{
+namespace {
 bool isOneOf(QStringView set, QStringView text, qsizetype index)
 {
     return index < text.size() && set.contains(text[index]);
@@ -14,7 +13,8 @@ qint64 NSString::integerValue(QStringView text)
 {
     qint64 value = 0;
     // The scanner takes blanks between a sign and the digits; the value of a text does not.
-    const qsizetype start = NSSkipCharacters(text, 0, NSCharacterSet::whitespaceAndNewlineCharacterSet());
+    const qsizetype start =
+        NSSkipCharacters(text, 0, NSCharacterSet::whitespaceAndNewlineCharacterSet());
     const qsizetype digits = start + isOneOf(u"+-", text, start);
     if (isOneOf(u"0123456789", text, digits))
         NSScanner(text.sliced(start)).scanLongLong(&value);

@@ -5,8 +5,7 @@
 #include <QStringView>
 
 /// Numbers at the start of a text, read the platform's way: never an error, never the locale.
-namespace NSString
-{
+namespace NSString {
 /// The integer at the start of \a text: blanks and newlines, one sign, ASCII digits; what follows
 /// is ignored.
 /// \return 0 if there is none ("++1" is 0); the nearest 64-bit value if it is too large.

@@ -2,12 +2,11 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 bool isHexDigit(char16_t unit)
 {
-    return (unit >= u'0' && unit <= u'9') || (unit >= u'a' && unit <= u'f')
-        || (unit >= u'A' && unit <= u'F');
+    return (unit >= u'0' && unit <= u'9') || (unit >= u'a' && unit <= u'f') ||
+           (unit >= u'A' && unit <= u'F');
 }
 
 bool isLetter(char16_t unit)
@@ -22,15 +21,15 @@ bool isAllowed(char16_t unit)
 
 bool isSchemeUnit(char16_t unit)
 {
-    return isLetter(unit) || (unit >= u'0' && unit <= u'9') || unit == u'+' || unit == u'-'
-        || unit == u'.';
+    return isLetter(unit) || (unit >= u'0' && unit <= u'9') || unit == u'+' || unit == u'-' ||
+           unit == u'.';
 }
 
 bool areEscapesComplete(QStringView text)
 {
     for (qsizetype index = text.indexOf(u'%'); index >= 0; index = text.indexOf(u'%', index + 1)) {
-        if (index + 2 >= text.size() || !isHexDigit(text[index + 1].unicode())
-            || !isHexDigit(text[index + 2].unicode()))
+        if (index + 2 >= text.size() || !isHexDigit(text[index + 1].unicode()) ||
+            !isHexDigit(text[index + 2].unicode()))
             return false;
     }
     return true;
@@ -39,8 +38,8 @@ bool areEscapesComplete(QStringView text)
 
 std::optional<NSURL> NSURL::URLWithString(const QString &text)
 {
-    const bool areUnitsAllowed = std::all_of(
-        text.begin(), text.end(), [](QChar unit) { return isAllowed(unit.unicode()); });
+    const bool areUnitsAllowed =
+        std::all_of(text.begin(), text.end(), [](QChar unit) { return isAllowed(unit.unicode()); });
     if (text.isEmpty() || !areUnitsAllowed || text.count(u'#') > 1 || !areEscapesComplete(text))
         return std::nullopt;
     return NSURL(text);
@@ -50,8 +49,8 @@ QString NSURL::scheme() const
 {
     const qsizetype colon = _text.indexOf(u':');
     const QStringView name = QStringView(_text).first(std::max<qsizetype>(colon, 0));
-    const bool isScheme = !name.isEmpty() && isLetter(name[0].unicode())
-        && std::all_of(name.begin(), name.end(),
-                       [](QChar unit) { return isSchemeUnit(unit.unicode()); });
+    const bool isScheme = !name.isEmpty() && isLetter(name[0].unicode()) &&
+                          std::all_of(name.begin(), name.end(),
+                                      [](QChar unit) { return isSchemeUnit(unit.unicode()); });
     return isScheme ? name.toString() : QString();
 }

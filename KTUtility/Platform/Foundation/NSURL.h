@@ -33,7 +33,10 @@ public:
     /// What stands before the first ":", in the case that was typed; nil for relative URLs.
     QString scheme() const;
 
-    friend bool operator==(const NSURL &left, const NSURL &right) { return left._text == right._text; }
+    friend bool operator==(const NSURL &left, const NSURL &right)
+    {
+        return left._text == right._text;
+    }
 
 private:
     explicit NSURL(const QString &text) : _text(text) {}

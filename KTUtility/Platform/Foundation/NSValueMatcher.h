@@ -19,9 +19,7 @@ class NSValueMatcher
 {
 public:
     explicit NSValueMatcher(const QVariant &value)
-        : _value(value)
-        , _interface(value.metaType().iface())
-        , _kind(kindOf(value))
+        : _value(value), _interface(value.metaType().iface()), _kind(kindOf(value))
     {
     }
 

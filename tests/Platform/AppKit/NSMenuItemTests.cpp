@@ -5,8 +5,7 @@
 
 #include <QPointer>
 
-namespace
-{
+namespace {
 /// Takes actions and decides which are enabled.
 class Target : public QObject
 {
@@ -71,7 +70,8 @@ TEST(NSMenuItem, TitlesKeepTheirAmpersands)
     QMenu menu;
     for (const QString &title : {QStringLiteral("Drag & Drop"), QStringLiteral("&&"),
                                  QStringLiteral("&a"), QStringLiteral("")})
-        EXPECT_EQ(NSMenuItem::title(NSMenuItem::addItem(&menu, title, NSSelector(), nullptr)), title);
+        EXPECT_EQ(NSMenuItem::title(NSMenuItem::addItem(&menu, title, NSSelector(), nullptr)),
+                  title);
 }
 
 TEST(NSFont, HasTheAskedSizeWithAndWithoutAnApplication)

@@ -9,8 +9,7 @@
 
 #include <thread>
 
-namespace
-{
+namespace {
 class RecordingHandler : public NSAssertionHandler
 {
 public:
@@ -25,8 +24,9 @@ public:
 
 void fail(const NSAssertionSubject &subject)
 {
-    NSAssertionHandler::currentHandler()->handleFailureInMethod(
-        QStringLiteral("check:"), subject, QStringLiteral("dir/File.cpp"), 9, QStringLiteral("why"));
+    NSAssertionHandler::currentHandler()->handleFailureInMethod(QStringLiteral("check:"), subject,
+                                                                QStringLiteral("dir/File.cpp"), 9,
+                                                                QStringLiteral("why"));
 }
 } // namespace
 
@@ -37,15 +37,15 @@ TEST(NSAssertionHandler, LogsAndRaises)
         EXPECT_RAISES(fail(NSAssertionSubject(&field)), NSInternalInconsistencyException,
                       QStringLiteral("why"));
     });
-    EXPECT_TRUE(log.endsWith(
-        u"*** Assertion failure in -[TestField check:], dir/File.cpp:9\n"))
+    EXPECT_TRUE(log.endsWith(u"*** Assertion failure in -[TestField check:], dir/File.cpp:9\n"))
         << log.toStdString();
 }
 
 TEST(NSAssertionHandler, ClassesAreMarkedWithAPlus)
 {
-    const QString log = testing_support::standardErrorOf(
-        [] { EXPECT_THROW(fail(NSAssertionSubject::classNamed(QStringLiteral("A"))), NSException); });
+    const QString log = testing_support::standardErrorOf([] {
+        EXPECT_THROW(fail(NSAssertionSubject::classNamed(QStringLiteral("A"))), NSException);
+    });
     EXPECT_TRUE(log.contains(u"in +[A check:]"));
 }
 

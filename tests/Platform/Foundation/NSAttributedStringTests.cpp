@@ -6,8 +6,7 @@
 #include <random>
 #include <vector>
 
-namespace
-{
+namespace {
 constexpr int Number = QTextFormat::UserProperty;
 }
 
@@ -23,8 +22,8 @@ TEST(NSAttributedString, TheExampleOfTheHeaderHolds)
 TEST(NSAttributedString, RangesOutsideOfTheTextRaise)
 {
     NSAttributedString text(QStringLiteral("abc"));
-    for (const NSRange range : {NSRange{-1, 1}, NSRange{0, -1}, NSRange{4, 0}, NSRange{2, 2},
-                                NSRange{1, PTRDIFF_MAX}})
+    for (const NSRange range :
+         {NSRange{-1, 1}, NSRange{0, -1}, NSRange{4, 0}, NSRange{2, 2}, NSRange{1, PTRDIFF_MAX}})
         EXPECT_THROW(text.addAttribute(Number, 1, range), NSException);
     text.addAttribute(Number, 1, {3, 0});
     EXPECT_TRUE(text.formats().isEmpty());
@@ -49,7 +48,8 @@ TEST(NSAttributedString, AgreesWithAModelOverRandomRanges)
         for (int index = 0; index < 20; ++index) {
             for (int which = 0; which < 3; ++which) {
                 const QVariant value = text.attribute(Number + which, index);
-                EXPECT_EQ(value.isValid() ? value.toInt() : -1, model[size_t(index)][size_t(which)]);
+                EXPECT_EQ(value.isValid() ? value.toInt() : -1,
+                          model[size_t(index)][size_t(which)]);
             }
         }
         int position = 0;

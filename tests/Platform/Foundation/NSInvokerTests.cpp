@@ -4,8 +4,7 @@
 #include "support/TestField.h"
 #include "support/TestSupport.h"
 
-namespace
-{
+namespace {
 bool isTrue(TestField &field, const char *selector, const QVariant &argument = {})
 {
     return NSInvoker(selector, {argument}).isTrue(NSKeyValueTarget::of(&field));
@@ -30,7 +29,8 @@ TEST(NSSelector, CountsColons)
 
 TEST(NSInvoker, TestsResultsByTheirWidth)
 {
-    struct Case {
+    struct Case
+    {
         int size;
         bool isChar, isShort, isInt;
     };
@@ -49,8 +49,8 @@ TEST(NSInvoker, TestsResultsByTheirWidth)
 TEST(NSInvoker, OtherReturnTypesAreNoConditions)
 {
     TestField field(QStringLiteral("x"), 5);
-    for (const char *selector : {"sizeLong", "sizeObject", "doNothing", "name", "weight", "missing",
-                                 "missing:", "", ":"})
+    for (const char *selector :
+         {"sizeLong", "sizeObject", "doNothing", "name", "weight", "missing", "missing:", "", ":"})
         EXPECT_FALSE(isTrue(field, selector)) << selector;
 }
 

@@ -14,14 +14,14 @@ using NSKeyValueCoding::valueForKeyPath;
 
 // What answers keys and what merely converts to QVariant.
 static_assert(NSKeyValueCodable<TestField *> && NSKeyValueCodable<const TestField *>);
-static_assert(NSKeyValueCodable<QPointer<TestField>> && NSKeyValueCodable<std::shared_ptr<TestField>>);
+static_assert(NSKeyValueCodable<QPointer<TestField>> &&
+              NSKeyValueCodable<std::shared_ptr<TestField>>);
 static_assert(NSKeyValueCodable<QSharedPointer<TestField>> && NSKeyValueCodable<QVariant>);
 static_assert(NSKeyValueCodable<TestPoint> && NSKeyValueCodable<TestPoint *>);
 static_assert(NSKeyValueCodable<QVariantMap> && NSKeyValueCodable<QVariantHash>);
 static_assert(!NSKeyValueCodable<int> && !NSKeyValueCodable<QString> && !NSKeyValueCodable<void *>);
 
-namespace
-{
+namespace {
 QString undefinedReason(const void *object, const char *className, const char16_t *key)
 {
     return NSString::stringWithFormat(u"[<%s 0x%lx> valueForUndefinedKey:]: this class is not key "
@@ -50,8 +50,8 @@ TEST(NSKeyValueCoding, NullTextsAreNil)
     const TestField field;
     EXPECT_FALSE(valueForKey(&field, QStringLiteral("name")).isValid());
     EXPECT_FALSE(valueForKey(&field, QStringLiteral("order")).isValid());
-    EXPECT_FALSE(valueForKey(QVariantMap{{QStringLiteral("a"), QString()}}, QStringLiteral("a"))
-                     .isValid());
+    EXPECT_FALSE(
+        valueForKey(QVariantMap{{QStringLiteral("a"), QString()}}, QStringLiteral("a")).isValid());
 }
 
 TEST(NSKeyValueCoding, UnknownKeysRaise)
@@ -124,7 +124,9 @@ TEST(NSKeyValueCoding, KeyPaths)
 
 TEST(NSKeyValueCoding, OperatorsOverCollections)
 {
-    const auto value = [](const char *text) { return QVariantMap{{QStringLiteral("value"), QLatin1String(text)}}; };
+    const auto value = [](const char *text) {
+        return QVariantMap{{QStringLiteral("value"), QLatin1String(text)}};
+    };
     const QVariant list = QVariantList{value("10"), value("12"), value("10")};
     const auto at = [&](const char *path) { return valueForKeyPath(list, QLatin1String(path)); };
     EXPECT_EQ(at("@count").toInt(), 3);

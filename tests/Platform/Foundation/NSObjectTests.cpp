@@ -11,8 +11,7 @@
 #include <cmath>
 #include <limits>
 
-namespace
-{
+namespace {
 QVariant decimal(const char16_t *text)
 {
     return QVariant::fromValue(NSDecimalNumber::decimalNumberWithString(text));
@@ -51,8 +50,8 @@ TEST(NSObject, EqualityAndOrderAgreeOverAllPairs)
         for (qsizetype j = 0; j < values.size(); ++j) {
             for (const QVariant &left : values[i]) {
                 for (const QVariant &right : values[j]) {
-                    SCOPED_TRACE(testing::PrintToString(left) + " and "
-                                 + testing::PrintToString(right));
+                    SCOPED_TRACE(testing::PrintToString(left) + " and " +
+                                 testing::PrintToString(right));
                     EXPECT_EQ(NSObject::compare(left, right), i <=> j);
                     EXPECT_EQ(NSObject::isEqual(left, right), i == j);
                     EXPECT_EQ(NSObject::isEqualTo(left, right), i == j && i != 0);
@@ -211,12 +210,13 @@ TEST(NSDecimalNumber, TheExampleOfTheHeaderHolds)
 
 TEST(NSDecimalNumber, OrdersBySignPlaceAndDigits)
 {
-    const char16_t *ascending[] = {u"-1e40", u"-12.5", u"-12.49", u"-1", u"-0.001", u"0",
-                                   u"1e-100", u"0.5", u"9.99", u"10", u"10.01", u"1e40", u"x"};
+    const char16_t *ascending[] = {u"-1e40", u"-12.5",  u"-12.49", u"-1",   u"-0.001",
+                                   u"0",     u"1e-100", u"0.5",    u"9.99", u"10",
+                                   u"10.01", u"1e40",   u"x"};
     for (size_t i = 0; i < std::size(ascending); ++i) {
         for (size_t j = 0; j < std::size(ascending); ++j)
-            EXPECT_EQ(NSDecimalNumber::decimalNumberWithString(ascending[i])
-                          <=> NSDecimalNumber::decimalNumberWithString(ascending[j]),
+            EXPECT_EQ(NSDecimalNumber::decimalNumberWithString(ascending[i]) <=>
+                          NSDecimalNumber::decimalNumberWithString(ascending[j]),
                       i <=> j);
     }
 }

@@ -24,7 +24,8 @@ TEST(NSScanner, FailuresLeaveTheLocationBeforeTheSkip)
     EXPECT_FALSE(scanner.scanUpToString(u"a"));
     EXPECT_EQ(scanner.scanLocation(), 0);
     QString untouched = QStringLiteral("before");
-    EXPECT_FALSE(scanner.scanCharactersFromSet(NSCharacterSet::decimalDigitCharacterSet(), &untouched));
+    EXPECT_FALSE(
+        scanner.scanCharactersFromSet(NSCharacterSet::decimalDigitCharacterSet(), &untouched));
     EXPECT_EQ(untouched, QStringLiteral("before"));
 }
 

@@ -8,8 +8,7 @@
 
 using NSString::stringWithFormat;
 
-namespace
-{
+namespace {
 enum class Colour { Red, Green = 7 };
 
 std::string format(QStringView text, const auto &...arguments)

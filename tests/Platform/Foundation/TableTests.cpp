@@ -23,8 +23,7 @@
 
 using testing_support::rowsOf;
 
-namespace
-{
+namespace {
 QString operationOf(const QJsonObject &row)
 {
     return row.value(QStringLiteral("op")).toString();
@@ -94,8 +93,9 @@ NSCharacterSet setFrom(const QString &text)
     for (const QString &part : text.split(u'+')) {
         const bool isQuoted = part.startsWith(u'"');
         set = set.unionWithCharacterSet(
-            isQuoted ? NSCharacterSet::characterSetWithCharactersInString(part.mid(1, part.size() - 2))
-                     : testing_support::characterSetNamed(part));
+            isQuoted
+                ? NSCharacterSet::characterSetWithCharactersInString(part.mid(1, part.size() - 2))
+                : testing_support::characterSetNamed(part));
     }
     return set;
 }
@@ -104,7 +104,8 @@ NSCharacterSet setFrom(const QString &text)
 class ScannerSteps
 {
 public:
-    explicit ScannerSteps(const QJsonObject &row) : _scanner(row.value(QStringLiteral("input")).toString())
+    explicit ScannerSteps(const QJsonObject &row)
+        : _scanner(row.value(QStringLiteral("input")).toString())
     {
         const QJsonValue skip = row.value(QStringLiteral("skip"));
         if (!skip.toString().startsWith(u"whitespaceAndNewline"))
@@ -174,8 +175,8 @@ TEST(PlatformTables, ValuesOfTexts)
         if (function == textFunctions().end() || row.contains(QStringLiteral("difference")))
             continue;
         const QVariant result = function->second(row.value(QStringLiteral("input")));
-        EXPECT_TRUE(NSObject::isEqual(result, row.value(QStringLiteral("expected")).toVariant())
-                    || result.toDouble() == row.value(QStringLiteral("expected")).toDouble())
+        EXPECT_TRUE(NSObject::isEqual(result, row.value(QStringLiteral("expected")).toVariant()) ||
+                    result.toDouble() == row.value(QStringLiteral("expected")).toDouble())
             << function->first.toStdString() << ' '
             << row.value(QStringLiteral("input")).toVariant().toString().toStdString() << " gives "
             << NSObject::description(result).toStdString();
@@ -215,10 +216,10 @@ TEST(PlatformTables, ScannerSteps)
                 break;
             const bool isSeparators = expected.toString() == u"<separators>";
             EXPECT_TRUE(isSeparators ? result.isValid()
-                                     : NSObject::isEqual(result, expected.toVariant())
-                                || (result.isValid() && expected.isDouble()
-                                    && result.toDouble() == expected.toDouble())
-                                || (!result.isValid() && expected.isNull()))
+                                     : NSObject::isEqual(result, expected.toVariant()) ||
+                                           (result.isValid() && expected.isDouble() &&
+                                            result.toDouble() == expected.toDouble()) ||
+                                           (!result.isValid() && expected.isNull()))
                 << row.value(QStringLiteral("input")).toString().toStdString() << ": "
                 << operationOf(step.toObject()).toStdString() << " gives "
                 << NSObject::description(result).toStdString();
