@@ -301,11 +301,13 @@ public:
     void run()
     {
         while (_position < _format.size()) {
-            const qsizetype percent = _format.indexOf(u'%', _position);
-            const qsizetype end = percent < 0 ? _format.size() : percent;
-            _text += _format.sliced(_position, end - _position);
-            _position = end;
-            if (percent >= 0)
+            const qsizetype start = _position;
+            // Formats are short: looking for the sign unit by unit beats calling a vector routine.
+            while (_position < _format.size() && _format[_position] != u'%')
+                ++_position;
+            if (_position > start)
+                _text += _format.sliced(start, _position - start);
+            if (_position < _format.size())
                 readConversion();
         }
     }
