@@ -114,8 +114,8 @@ QString describe(const NSFormatArgument &argument)
     return QStringLiteral("(null)");
 }
 
-/// The printf specification for \a conversion, without its letter.
-QByteArray nativeSpecification(const Conversion &conversion)
+/// The printf pattern for \a conversion, without its letter.
+QByteArray nativeConversion(const Conversion &conversion)
 {
     QByteArray text("%");
     if (conversion.leftAligned)
@@ -135,20 +135,20 @@ QByteArray nativeSpecification(const Conversion &conversion)
     return text;
 }
 
-// The specification is made of checked flags and numbers by nativeSpecification(), and the value's
+// The pattern is made of checked flags and numbers by nativeConversion(), and the value's
 // type is fixed by the caller.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 template<typename Value>
-QString printNative(const QByteArray &specification, Value value)
+QString printNative(const QByteArray &pattern, Value value)
 {
     std::array<char, 512> buffer;
     const int length =
-        std::snprintf(buffer.data(), buffer.size(), specification.constData(), value);
+        std::snprintf(buffer.data(), buffer.size(), pattern.constData(), value);
     if (length < int(buffer.size()))
         return QString::fromLatin1(buffer.data(), length);
     QByteArray large(length + 1, Qt::Uninitialized);
-    std::snprintf(large.data(), size_t(large.size()), specification.constData(), value);
+    std::snprintf(large.data(), size_t(large.size()), pattern.constData(), value);
     return QString::fromLatin1(large.constData(), length);
 }
 #pragma GCC diagnostic pop
@@ -193,16 +193,16 @@ QString printInteger(const NSFormatArgument &argument, const Conversion &convers
 {
     if (isPlain(conversion) && argument.kind() != Kind::Double)
         return describeInteger(argument);
-    QByteArray specification = nativeSpecification(conversion) + "ll";
+    QByteArray pattern = nativeConversion(conversion) + "ll";
     const bool isSigned = conversion.letter == u'd';
-    specification += char(conversion.letter);
+    pattern += char(conversion.letter);
     if (argument.kind() == Kind::Double)
         return pad(describe(argument), conversion);
     if (isSigned && argument.kind() == Kind::Unsigned && argument.unsignedValue() > INT64_MAX)
-        return printNative(specification.replace("lld", "llu"), argument.unsignedValue());
+        return printNative(pattern.replace("lld", "llu"), argument.unsignedValue());
     if (isSigned)
-        return printNative<long long>(specification, signedBits(argument, conversion.bytes));
-    return printNative<unsigned long long>(specification, unsignedBits(argument, conversion.bytes));
+        return printNative<long long>(pattern, signedBits(argument, conversion.bytes));
+    return printNative<unsigned long long>(pattern, unsignedBits(argument, conversion.bytes));
 }
 
 QString printReal(const NSFormatArgument &argument, const Conversion &conversion)
@@ -210,7 +210,7 @@ QString printReal(const NSFormatArgument &argument, const Conversion &conversion
     const double value = argument.kind() == Kind::Double     ? argument.doubleValue()
                          : argument.kind() == Kind::Unsigned ? double(argument.unsignedValue())
                                                              : double(argument.signedValue());
-    return printNative(nativeSpecification(conversion) + char(conversion.letter), value);
+    return printNative(nativeConversion(conversion) + char(conversion.letter), value);
 }
 
 QString printCharacter(const NSFormatArgument &argument, const Conversion &conversion)

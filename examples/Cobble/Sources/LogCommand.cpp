@@ -145,7 +145,7 @@ QString outputText(const KTLogger &logger)
 
 void printPlaces(const KTLogger &logger, QTextStream &out)
 {
-    const QString settings = logger.userFile();
+    const QString &settings = logger.userFile();
     AlignedTable places;
     places.addRow({QStringLiteral("Output:"), outputText(logger)});
     places.addRow(

@@ -84,7 +84,7 @@ QString textOfUtf8(QByteArrayView data, QString *errorDescription)
 QString textOfUtf16(QByteArrayView data, QStringConverter::Encoding encoding,
                     QString *errorDescription)
 {
-    const QString text = decoded(data.chopped(data.size() % 2), encoding);
+    QString text = decoded(data.chopped(data.size() % 2), encoding);
     if (text.contains(QChar::Null))
         return fail(errorDescription, NotText);
     const qsizetype broken = firstLoneSurrogate(text);
@@ -140,7 +140,7 @@ QString TextFile::textOfFile(const QString &path, QString *errorDescription)
     QByteArray data;
     if (!readAll(&file, &data, errorDescription))
         return {};
-    const QString text = textOfData(data, errorDescription);
+    QString text = textOfData(data, errorDescription);
     if (text.isEmpty() && !text.isNull())
         return fail(errorDescription, QStringLiteral("the file is empty"));
     return text;
