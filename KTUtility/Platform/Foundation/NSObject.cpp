@@ -278,22 +278,23 @@ QString describeElement(const QVariant &value, int depth)
 
 QString describeList(const QVariantList &list, int depth)
 {
-    const QString indent((depth + 1) * 4, u' ');
+    const QString indent(qsizetype(depth + 1) * 4, u' ');
     QStringList lines;
     for (const QVariant &element : list)
         lines += indent + describeElement(element, depth + 1);
     return QStringLiteral("(\n") + lines.join(QStringLiteral(",\n")) +
-           (lines.isEmpty() ? QString() : QStringLiteral("\n")) + QString(depth * 4, u' ') + u')';
+           (lines.isEmpty() ? QString() : QStringLiteral("\n")) +
+           QString(qsizetype(depth) * 4, u' ') + u')';
 }
 
 QString describeMap(const QVariantMap &map, int depth)
 {
-    const QString indent((depth + 1) * 4, u' ');
+    const QString indent(qsizetype(depth + 1) * 4, u' ');
     QString text = QStringLiteral("{\n");
     for (auto entry = map.begin(); entry != map.end(); ++entry)
         text += indent + describeElement(entry.key(), depth + 1) + QStringLiteral(" = ") +
                 describeElement(entry.value(), depth + 1) + QStringLiteral(";\n");
-    return text + QString(depth * 4, u' ') + u'}';
+    return text + QString(qsizetype(depth) * 4, u' ') + u'}';
 }
 
 QString describeNumber(const QVariant &value, Family family)

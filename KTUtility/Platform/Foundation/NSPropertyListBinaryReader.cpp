@@ -20,7 +20,7 @@ constexpr qsizetype TrailerSize = 32;
 /// How many values are made from one file; shared objects count each time that they are used.
 constexpr int MaximumValues = 1'000'000;
 /// How many bytes of texts and data are made from one file, counted in the same way.
-constexpr quint64 MaximumBytes = 64 * 1024 * 1024;
+constexpr quint64 MaximumBytes = quint64(64) << 20;
 
 struct Failure
 {

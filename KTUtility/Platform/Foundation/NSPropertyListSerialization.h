@@ -21,7 +21,7 @@
 /// \endcode
 namespace NSPropertyListSerialization {
 /// The largest document that is read, in bytes.
-inline constexpr qsizetype MaximumSize = 16 * 1024 * 1024;
+inline constexpr qsizetype MaximumSize = qsizetype(16) << 20;
 /// How deep arrays and dictionaries may be nested.
 inline constexpr int MaximumDepth = 512;
 

@@ -107,7 +107,7 @@ private:
     void writeData(const QByteArray &data, int depth)
     {
         // Lines are 76 columns wide less the indent, of which up to 8 tabs count as 8 columns.
-        const qsizetype width = (76 - 8 * std::min(depth, 8)) / 4 * 4;
+        const qsizetype width = qsizetype(76 - 8 * std::min(depth, 8)) / 4 * 4;
         const QByteArray base64 = data.toBase64();
         writeLine(depth, "<data>");
         for (qsizetype start = 0; start < base64.size(); start += std::max<qsizetype>(width, 4))

@@ -94,10 +94,10 @@ public:
     QVariant read(QString *error)
     {
         QVariant result;
-        if (readNextElement() && _xml.name() == u"plist" && readNextElement())
+        // The element around the value may be left out.
+        const bool isInside = readNextElement() && _xml.name() == u"plist" && readNextElement();
+        if (isInside || (!_xml.hasError() && _xml.isStartElement()))
             result = readValue(0);
-        else if (!_xml.hasError() && _xml.isStartElement())
-            result = readValue(0); // a bare element without <plist> around it
         else
             fail(QStringLiteral("no property list"));
         if (!_xml.hasError() && readNextElement())

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <tuple>
 
 namespace {
 /// A text as ICU sees it, without a copy.
@@ -35,14 +36,19 @@ std::unique_ptr<icu::Collator> collatorFor(const QString &localeName)
     return collator;
 }
 
+/// What a collator depends on of a locale.
+using LocaleKey = std::tuple<QLocale::Language, QLocale::Script, QLocale::Territory>;
+
 /// The collator of the current locale; made again only when the locale changes.
 const icu::Collator *currentCollator()
 {
-    thread_local QLocale locale = QLocale::c();
+    thread_local LocaleKey known;
     thread_local std::unique_ptr<icu::Collator> collator;
-    if (!collator || locale != QLocale()) {
-        locale = QLocale();
-        collator = collatorFor(locale.name());
+    const QLocale current;
+    const LocaleKey key(current.language(), current.script(), current.territory());
+    if (!collator || key != known) {
+        known = key;
+        collator = collatorFor(current.name());
     }
     return collator.get();
 }

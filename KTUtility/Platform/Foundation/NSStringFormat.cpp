@@ -143,8 +143,7 @@ template<typename Value>
 QString printNative(const QByteArray &pattern, Value value)
 {
     std::array<char, 512> buffer;
-    const int length =
-        std::snprintf(buffer.data(), buffer.size(), pattern.constData(), value);
+    const int length = std::snprintf(buffer.data(), buffer.size(), pattern.constData(), value);
     if (length < int(buffer.size()))
         return QString::fromLatin1(buffer.data(), length);
     QByteArray large(length + 1, Qt::Uninitialized);
