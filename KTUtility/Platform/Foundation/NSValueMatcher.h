@@ -29,7 +29,8 @@ public:
             if (_kind == Kind::Int)
                 return as<int>(candidate) == as<int>(_value);
             if (_kind == Kind::Text)
-                return as<QString>(candidate) == as<QString>(_value);
+                return as<QString>(candidate) == as<QString>(_value) &&
+                       !as<QString>(candidate).isNull();
         }
         return NSObject::isEqualTo(candidate, _value);
     }

@@ -3,6 +3,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSAttributedStringTests.cpp
     Platform/Foundation/NSBundleTests.cpp
     Platform/Foundation/NSExceptionTests.cpp
+    Platform/Foundation/NSFileHandleTests.cpp
     Platform/Foundation/NSFileManagerTests.cpp
     Platform/Foundation/NSInvokerTests.cpp
     Platform/Foundation/NSKeyValueCodingTests.cpp
@@ -15,7 +16,9 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSScannerTests.cpp
     Platform/Foundation/NSSearchPathTests.cpp
     Platform/Foundation/NSStringFormatTests.cpp
+    Platform/Foundation/NSStringTests.cpp
     Platform/Foundation/NSUserDefaultsFileTests.cpp
     Platform/Foundation/NSUserDefaultsTests.cpp
+    Platform/Foundation/NSValueMatcherTests.cpp
     Platform/Foundation/TableTests.cpp
 )
