@@ -2,8 +2,8 @@
 
 #include "NSCharacterSet.h"
 
-#include <unicode/coll.h>
 #include <unicode/normalizer2.h>
+#include <unicode/ucol.h>
 #include <unicode/unistr.h>
 
 #include <QLocale>
@@ -19,20 +19,26 @@ icu::UnicodeString aliasOf(QStringView text)
     return icu::UnicodeString(false, text.utf16(), int32_t(text.size()));
 }
 
-std::unique_ptr<icu::Collator> collatorFor(const QString &localeName)
+struct CollatorCloser
+{
+    void operator()(UCollator *collator) const { ucol_close(collator); }
+};
+using Collator = std::unique_ptr<UCollator, CollatorCloser>;
+
+/// The collator of a locale; none if ICU cannot make it.
+Collator collatorFor(const QString &localeName)
 {
     UErrorCode status = U_ZERO_ERROR;
-    const icu::Locale locale = localeName == u"C" ? icu::Locale::getRoot()
-                                                  : icu::Locale(localeName.toLatin1().constData());
-    std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(locale, status));
+    const QByteArray name = localeName == u"C" ? QByteArray("") : localeName.toLatin1();
+    Collator collator(ucol_open(name.constData(), &status));
     if (U_FAILURE(status))
         return nullptr;
-    collator->setAttribute(UCOL_STRENGTH, UCOL_TERTIARY, status);
-    collator->setAttribute(UCOL_CASE_LEVEL, UCOL_ON, status);
-    collator->setAttribute(UCOL_CASE_FIRST, UCOL_LOWER_FIRST, status);
-    collator->setAttribute(UCOL_ALTERNATE_HANDLING, UCOL_NON_IGNORABLE, status);
-    collator->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_OFF, status);
-    collator->setAttribute(UCOL_NORMALIZATION_MODE, UCOL_ON, status);
+    ucol_setAttribute(collator.get(), UCOL_STRENGTH, UCOL_TERTIARY, &status);
+    ucol_setAttribute(collator.get(), UCOL_CASE_LEVEL, UCOL_ON, &status);
+    ucol_setAttribute(collator.get(), UCOL_CASE_FIRST, UCOL_LOWER_FIRST, &status);
+    ucol_setAttribute(collator.get(), UCOL_ALTERNATE_HANDLING, UCOL_NON_IGNORABLE, &status);
+    ucol_setAttribute(collator.get(), UCOL_NUMERIC_COLLATION, UCOL_OFF, &status);
+    ucol_setAttribute(collator.get(), UCOL_NORMALIZATION_MODE, UCOL_ON, &status);
     return collator;
 }
 
@@ -40,10 +46,10 @@ std::unique_ptr<icu::Collator> collatorFor(const QString &localeName)
 using LocaleKey = std::tuple<QLocale::Language, QLocale::Script, QLocale::Territory>;
 
 /// The collator of the current locale; made again only when the locale changes.
-const icu::Collator *currentCollator()
+const UCollator *currentCollator()
 {
     thread_local LocaleKey known;
-    thread_local std::unique_ptr<icu::Collator> collator;
+    thread_local Collator collator;
     const QLocale current;
     const LocaleKey key(current.language(), current.script(), current.territory());
     if (!collator || key != known) {
@@ -78,11 +84,11 @@ bool isBoundary(QStringView text, qsizetype index)
 
 std::weak_ordering NSString::localizedCompare(const QString &left, const QString &right)
 {
-    const icu::Collator *collator = currentCollator();
+    const UCollator *collator = currentCollator();
     if (!collator)
         return QString::compare(left, right) <=> 0;
-    UErrorCode status = U_ZERO_ERROR;
-    return int(collator->compare(aliasOf(left), aliasOf(right), status)) <=> 0;
+    return int(ucol_strcoll(collator, QStringView(left).utf16(), int32_t(left.size()),
+                            QStringView(right).utf16(), int32_t(right.size()))) <=> 0;
 }
 
 qsizetype NSString::lengthOfCanonicalPrefix(QStringView text, QStringView prefix,
