@@ -19,6 +19,15 @@
 
 #include <algorithm>
 
+/// What the functions below share with those of sets.
+namespace KTAdditions_Private {
+/// The descriptors by which sortByKey() sorts: one, ascending.
+inline QList<NSSortDescriptor> makeSortDescriptorForKey(const QString &key)
+{
+    return {NSSortDescriptor{key, true}};
+}
+} // namespace KTAdditions_Private
+
 /// Questions asked of lists of objects everywhere: find by key, sort, index, renumber, compare.
 ///
 /// Lists may be typed (QList<Field *> in, QList<Field *> out) or dynamic (QVariantList); elements
@@ -54,17 +63,11 @@ NSNullable<T> singularObject(const QList<T> &list)
 
 // --- Sorting ------------------------------------------------------------------------------------
 
-/// The descriptors by which sortByKey() sorts: one, ascending.
-inline QList<NSSortDescriptor> makeSortDescriptorForKey(const QString &key)
-{
-    return {NSSortDescriptor{key, true}};
-}
-
 /// A new list in ascending order of the values for \a key. Equal elements keep their order.
 template<NSKeyValueCodable T>
 QList<T> sortByKey(const QList<T> &list, const QString &key)
 {
-    return NSSortDescriptor::sorted(list, makeSortDescriptorForKey(key));
+    return NSSortDescriptor::sorted(list, KTAdditions_Private::makeSortDescriptorForKey(key));
 }
 
 /// A new list in ascending order of "order".

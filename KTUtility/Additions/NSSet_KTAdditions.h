@@ -46,7 +46,7 @@ NSNullable<typename S::value_type> singularObject(const S &set)
 /// The descriptors by which sortedArrayUsingKey() sorts: one, ascending.
 inline QList<NSSortDescriptor> _makeSortDescriptorForKey(const QString &key)
 {
-    return makeSortDescriptorForKey(key);
+    return KTAdditions_Private::makeSortDescriptorForKey(key);
 }
 
 /// The elements in ascending order of their values for \a key.

@@ -129,7 +129,8 @@ TEST_F(CollectionTest, SortingIsStableAndPutsNilFirst)
     const Fields sorted = sortByKey(abc, Name);
     EXPECT_EQ(sorted, Fields({abc[2], abc[0], abc[1]}));
     EXPECT_EQ(sortByKey(abc, QStringLiteral("flag")), abc);
-    EXPECT_EQ(makeSortDescriptorForKey(Name), QList<NSSortDescriptor>({{Name, true}}));
+    EXPECT_EQ(KTAdditions_Private::makeSortDescriptorForKey(Name),
+              QList<NSSortDescriptor>({{Name, true}}));
     EXPECT_EQ(_makeSortDescriptorForKey(Name).size(), 1);
     EXPECT_EQ(NSSortDescriptor::sorted(abc, {{Size, false}}), Fields({abc[2], abc[1], abc[0]}));
 }
