@@ -163,7 +163,8 @@ Coefficient joined(quint64 high, quint64 low)
 
 NSDecimalNumber::NSDecimalNumber(qint64 value) noexcept : _isNegative(value < 0)
 {
-    Coefficient coefficient = value < 0 ? -quint64(value) : quint64(value);
+    const quint64 magnitude = value < 0 ? 0 - quint64(value) : quint64(value);
+    Coefficient coefficient = magnitude;
     qint64 exponent = 0;
     normalise(coefficient, exponent);
     _low = quint64(coefficient);
