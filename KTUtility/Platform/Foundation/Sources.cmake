@@ -5,14 +5,17 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSCharacterSet.cpp
     Platform/Foundation/NSDecimalNumber.cpp
     Platform/Foundation/NSDefaultsFile.cpp
+    Platform/Foundation/NSError.cpp
     Platform/Foundation/NSException.cpp
     Platform/Foundation/NSFileHandle.cpp
     Platform/Foundation/NSFileManager.cpp
+    Platform/Foundation/NSFormatter.cpp
     Platform/Foundation/NSInvoker.cpp
     Platform/Foundation/NSKeyAccessor.cpp
     Platform/Foundation/NSKeyPath.cpp
     Platform/Foundation/NSKeyValueCoding.cpp
     Platform/Foundation/NSKeyValueTarget.cpp
+    Platform/Foundation/NSLocale.cpp
     Platform/Foundation/NSLog.cpp
     Platform/Foundation/NSObject.cpp
     Platform/Foundation/NSPathUtilities.cpp

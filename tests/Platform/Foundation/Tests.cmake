@@ -2,11 +2,13 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSAssertionHandlerTests.cpp
     Platform/Foundation/NSAttributedStringTests.cpp
     Platform/Foundation/NSBundleTests.cpp
+    Platform/Foundation/NSErrorTests.cpp
     Platform/Foundation/NSExceptionTests.cpp
     Platform/Foundation/NSFileHandleTests.cpp
     Platform/Foundation/NSFileManagerTests.cpp
     Platform/Foundation/NSInvokerTests.cpp
     Platform/Foundation/NSKeyValueCodingTests.cpp
+    Platform/Foundation/NSLocaleTests.cpp
     Platform/Foundation/NSObjectTests.cpp
     Platform/Foundation/NSPathUtilitiesTests.cpp
     Platform/Foundation/NSPropertyListBinaryReaderTests.cpp

@@ -1,0 +1,109 @@
+#pragma once
+
+#include <KTUtility/KTUtilityExport.h>
+
+#include <QMetaType>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include <memory>
+
+// What objectForKey() and displayNameForKey() answer, and the components of an identifier.
+
+KTUTILITY_EXPORT extern const QString NSLocaleIdentifier;        ///< "identifier"
+KTUTILITY_EXPORT extern const QString NSLocaleLanguageCode;      ///< "languageCode", ISO 639
+KTUTILITY_EXPORT extern const QString NSLocaleScriptCode;        ///< "scriptCode", ISO 15924
+KTUTILITY_EXPORT extern const QString NSLocaleCountryCode;       ///< "countryCode", ISO 3166
+KTUTILITY_EXPORT extern const QString NSLocaleVariantCode;       ///< "variantCode"
+KTUTILITY_EXPORT extern const QString NSLocaleCalendar;          ///< "calendar"
+KTUTILITY_EXPORT extern const QString NSLocaleCurrencyCode;      ///< "currency", ISO 4217
+KTUTILITY_EXPORT extern const QString NSLocaleCurrencySymbol;    ///< "currencySymbol"
+KTUTILITY_EXPORT extern const QString NSLocaleDecimalSeparator;  ///< "decimalSeparator"
+KTUTILITY_EXPORT extern const QString NSLocaleGroupingSeparator; ///< "groupingSeparator"
+
+/// "gregorian", the calendar of most locales.
+KTUTILITY_EXPORT extern const QString NSGregorianCalendar;
+/// "japanese": Gregorian years counted in the emperors' eras.
+KTUTILITY_EXPORT extern const QString NSJapaneseCalendar;
+
+/// The conventions of a language and region: what numbers, money and dates look like there.
+///
+/// A small value; copies share what Unicode's locale data (CLDR) says. An identifier is a
+/// language, then script, region and variant, then keywords (UTS #35): "en_US", "zh_Hant_TW",
+/// "ja_JP@calendar=japanese;currency=USD". An unknown one is legal; it has the conventions of the
+/// nearest known locale, in the end of none in particular ("root").
+///
+/// \code
+/// const NSLocale germany(QStringLiteral("de_DE"));
+/// germany.currencyCode();        // "EUR"
+/// germany.decimalSeparator();    // ","
+/// germany.displayNameForKey(NSLocaleCurrencySymbol, QStringLiteral("GBP"));    // "£"
+/// \endcode
+class KTUTILITY_EXPORT NSLocale
+{
+public:
+    /// The locale without conventions of its own, "root".
+    NSLocale() : NSLocale(QString()) {}
+    /// The locale with an identifier; "-" may stand for "_".
+    explicit NSLocale(const QString &localeIdentifier);
+
+    /// The user's locale: the one given to setCurrentLocale(), else that of Qt's default QLocale,
+    /// which is the environment's unless the application changed it. The "C" locale counts as
+    /// "en_US".
+    static NSLocale currentLocale();
+    /// Makes \a locale the user's for the whole process. Call it at start, before formatters are
+    /// made; those that exist keep theirs.
+    static void setCurrentLocale(const NSLocale &locale);
+    /// Back to Qt's default locale.
+    static void resetCurrentLocale();
+
+    /// The identifier in its usual spelling ("en-us" is "en_US").
+    const QString &localeIdentifier() const;
+    /// The language code; "" for root.
+    const QString &languageCode() const;
+    /// The region code; nil if the identifier has none.
+    const QString &countryCode() const;
+    /// The ISO 4217 code of the region's currency, or of the keyword "currency"; "XXX" (no
+    /// currency) if there is neither.
+    const QString &currencyCode() const;
+    /// That currency's sign as people of this locale write their own money ("$" in Canada).
+    const QString &currencySymbol() const;
+    /// The calendar of the region, or of the keyword "calendar".
+    const QString &calendarIdentifier() const;
+    const QString &decimalSeparator() const;
+    const QString &groupingSeparator() const;
+
+    /// The value for one of the NSLocale keys above; nil if the locale has none or the key is
+    /// unknown. The calendar is its identifier here; see NSCalendar for the calendar itself.
+    QVariant objectForKey(const QString &key) const;
+
+    /// What \a value is called in this locale's language: a locale identifier, language, script,
+    /// region or variant code, a calendar, or a currency (its name for NSLocaleCurrencyCode, its
+    /// sign for NSLocaleCurrencySymbol: "US$" for USD in Canada). A code without a name is its own
+    /// name.
+    /// \return nil for another key and for a currency code that is not three letters.
+    QString displayNameForKey(const QString &key, const QString &value) const;
+
+    /// The codes of the currencies in everyday use, in alphabetical order.
+    static const QStringList &commonISOCurrencyCodes();
+
+    /// The parts of an identifier under the NSLocale keys; keywords under their own names.
+    static QVariantMap componentsFromLocaleIdentifier(const QString &identifier);
+    /// The identifier with these parts: "en_IN" and a currency give "en_IN@currency=USD".
+    static QString localeIdentifierFromComponents(const QVariantMap &components);
+
+    /// Locales are equal if their identifiers are.
+    friend bool operator==(const NSLocale &left, const NSLocale &right)
+    {
+        return left._data == right._data || left.localeIdentifier() == right.localeIdentifier();
+    }
+
+private:
+    struct Data;
+    static std::shared_ptr<const Data> dataFor(const QString &identifier);
+
+    std::shared_ptr<const Data> _data;
+};
+
+Q_DECLARE_METATYPE(NSLocale)
