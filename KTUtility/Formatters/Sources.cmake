@@ -1,3 +1,7 @@
 target_sources(KTUtility PRIVATE
+    Formatters/KTCurrencyFormatter.cpp
+    Formatters/KTCurrencyNames.cpp
+    Formatters/KTNumberFormatter.cpp
     Formatters/KTOptionsKeys.cpp
+    Formatters/NSNumberFormatter_KTCurrency.cpp
 )

@@ -198,6 +198,26 @@ NSDecimalNumber NSDecimalNumber::decimalNumberWithString(QStringView text)
     return number;
 }
 
+NSDecimalNumber NSDecimalNumber::decimalNumberWithMantissa(quint64 mantissa, int exponent,
+                                                           bool isNegative)
+{
+    Coefficient coefficient = mantissa;
+    qint64 power = exponent;
+    normalise(coefficient, power);
+    if (coefficient != 0)
+        lowerExponent(coefficient, power);
+    if (power < MinimumExponent || power > MaximumExponent)
+        return notANumber();
+    NSDecimalNumber number;
+    if (coefficient == 0)
+        return number;
+    number._high = quint64(coefficient >> 64);
+    number._low = quint64(coefficient);
+    number._exponent = qint16(power);
+    number._isNegative = isNegative;
+    return number;
+}
+
 QString NSDecimalNumber::description() const
 {
     if (_isNaN)

@@ -35,6 +35,12 @@ public:
     /// ("0e200"). Digits after the 38th are rounded, half away from zero.
     static NSDecimalNumber decimalNumberWithString(QStringView text);
 
+    /// \a mantissa × 10^\a exponent, negated if \a isNegative; the exponent as for reading.
+    static NSDecimalNumber decimalNumberWithMantissa(quint64 mantissa, int exponent,
+                                                     bool isNegative);
+
+    /// Whether there is nothing behind the point; not-a-number is no integer.
+    bool isInteger() const noexcept { return !_isNaN && _exponent >= 0; }
     bool isNaN() const noexcept { return _isNaN; }
     bool isNegative() const noexcept { return _isNegative; }
 

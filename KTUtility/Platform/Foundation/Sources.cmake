@@ -17,6 +17,13 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSKeyValueTarget.cpp
     Platform/Foundation/NSLocale.cpp
     Platform/Foundation/NSLog.cpp
+    Platform/Foundation/NSNumberDigits.cpp
+    Platform/Foundation/NSNumberEngine.cpp
+    Platform/Foundation/NSNumberFormatter.cpp
+    Platform/Foundation/NSNumberFormatterSettings.cpp
+    Platform/Foundation/NSNumberReader.cpp
+    Platform/Foundation/NSNumberText.cpp
+    Platform/Foundation/NSNumberWriter.cpp
     Platform/Foundation/NSObject.cpp
     Platform/Foundation/NSPathUtilities.cpp
     Platform/Foundation/NSPropertyListBinaryReader.cpp

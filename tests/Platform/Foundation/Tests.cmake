@@ -9,6 +9,8 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSInvokerTests.cpp
     Platform/Foundation/NSKeyValueCodingTests.cpp
     Platform/Foundation/NSLocaleTests.cpp
+    Platform/Foundation/NSNumberFormatterReadingTests.cpp
+    Platform/Foundation/NSNumberFormatterTableTests.cpp
     Platform/Foundation/NSObjectTests.cpp
     Platform/Foundation/NSPathUtilitiesTests.cpp
     Platform/Foundation/NSPropertyListBinaryReaderTests.cpp

@@ -1,0 +1,291 @@
+#include "KTCurrencyFormatter.h"
+
+#include "KTCurrencyFormatter_p.h"
+#include "NSNumberFormatter_KTCurrency.h"
+
+#include <KTUtility/KTLogger.h>
+#include <KTUtility/Platform/Foundation/NSObject.h>
+
+namespace {
+constexpr int AllFractionDigits = 100;
+constexpr int DetailLevel = 7;
+
+QString nilIfEmpty(const QString &text)
+{
+    return text.isEmpty() ? QString() : text;
+}
+
+const QString &replacementCurrency()
+{
+    static const QString code = QStringLiteral("USD");
+    return code;
+}
+
+/// The same locale with another currency.
+NSLocale withCurrency(const NSLocale &locale, const QString &code)
+{
+    QVariantMap components = NSLocale::componentsFromLocaleIdentifier(locale.localeIdentifier());
+    components.insert(NSLocaleCurrencyCode, code);
+    return NSLocale(NSLocale::localeIdentifierFromComponents(components));
+}
+} // namespace
+
+std::unique_ptr<NSNumberFormatter>
+KTCurrencyFormatter_Private::createCurrencyFormatterWithLocale(const NSLocale &locale)
+{
+    auto formatter = std::make_unique<NSNumberFormatter>();
+    formatter->setFormatterBehavior(NSNumberFormatterBehavior10_4);
+    formatter->setNumberStyle(NSNumberFormatterCurrencyStyle);
+    formatter->setGeneratesDecimalNumbers(true);
+    formatter->setLocale(locale);
+    formatter->setUsesGroupingSeparator(true);
+    formatter->setLenient(true);
+    return formatter;
+}
+
+/// "XXX" is ISO 4217's code for no currency, the one of locales without a region.
+bool KTCurrencyFormatter_Private::isRefused(const QString &code)
+{
+    return code.isNull() || code == u"INR" || code == u"RON" || code == u"XXX";
+}
+
+KTCurrencyFormatter::KTCurrencyFormatter() : _currencyLocale(NSLocale::currentLocale())
+{
+    filterCurrency();
+    _currencyFormatter =
+        KTCurrencyFormatter_Private::createCurrencyFormatterWithLocale(_currencyLocale);
+    _currencyInputFormatter =
+        KTCurrencyFormatter_Private::createCurrencyFormatterWithLocale(_currencyLocale);
+    KTCurrencyFormatter::setHighlightNegative(true);
+    KTCurrencyFormatter::setFormatNegativeUsingParens(false);
+}
+
+KTCurrencyFormatter::~KTCurrencyFormatter() = default;
+
+// --- Currency
+
+void KTCurrencyFormatter::filterCurrency()
+{
+    KTLog(kLog_FormattersCurrency, DetailLevel, u"filterCurrency _currencyLocale locale ID %@",
+          _currencyLocale.localeIdentifier());
+    KTLog(kLog_FormattersCurrency, DetailLevel, u"filterCurrency _currencyLocale currency code %@",
+          _currencyLocale.currencyCode());
+    KTLog(kLog_FormattersCurrency, DetailLevel,
+          u"filterCurrency _currencyLocale currency symbol %@", _currencyLocale.currencySymbol());
+    if (KTCurrencyFormatter_Private::isRefused(_currencyLocale.currencyCode()))
+        _currencyLocale = withCurrency(_currencyLocale, replacementCurrency());
+    KTLog(kLog_FormattersCurrency, DetailLevel,
+          u"filterCurrency filter _currencyLocale locale ID %@",
+          _currencyLocale.localeIdentifier());
+    KTLog(kLog_FormattersCurrency, DetailLevel,
+          u"filterCurrency filter _currencyLocale currency code %@",
+          _currencyLocale.currencyCode());
+    KTLog(kLog_FormattersCurrency, DetailLevel,
+          u"filterCurrency filter _currencyLocale currency symbol %@",
+          _currencyLocale.currencySymbol());
+}
+
+void KTCurrencyFormatter::setCurrencyLocale(const NSLocale &locale)
+{
+    _currencyLocale = locale;
+    filterCurrency();
+    _currencyFormatter->setLocale(_locale); // deliberately that of numbers
+    _currencyInputFormatter->setLocale(_locale);
+    Q_EMIT currencyLocaleChanged();
+}
+
+QString KTCurrencyFormatter::currencyType() const
+{
+    return _currencyFormatter->currencyCode();
+}
+
+void KTCurrencyFormatter::setCurrencyType(const QString &code)
+{
+    QString chosen = code.isNull() ? _locale.currencyCode() : code;
+    if (KTCurrencyFormatter_Private::isRefused(chosen))
+        chosen = replacementCurrency();
+    const NSLocale &formatterLocale = _currencyFormatter->locale();
+    QString symbol = formatterLocale.displayNameForKey(NSLocaleCurrencySymbol, chosen);
+    if (_locale == formatterLocale && chosen == _locale.currencyCode())
+        symbol = _locale.currencySymbol();
+    for (NSNumberFormatter *formatter : {_currencyFormatter.get(), _currencyInputFormatter.get()}) {
+        formatter->setCurrencyCode(chosen);
+        formatter->setCurrencySymbol(symbol);
+    }
+    _currencyFormatter->setNegativePrefix(QString());
+    _currencyInputFormatter->setNegativePrefix(QString());
+    _currencyFormatter->setNegativeSuffix(QString());
+    _currencyInputFormatter->setNegativeSuffix(QString());
+    setFormatNegativeUsingParens(formatNegativeUsingParens());
+    Q_EMIT currencyTypeChanged();
+}
+
+// --- Settings of the display
+
+const std::optional<QTextCharFormat> &KTCurrencyFormatter::textAttributesForNegativeValues() const
+{
+    return _currencyFormatter->textAttributesForNegativeValues();
+}
+
+void KTCurrencyFormatter::setTextAttributesForNegativeValues(
+    const std::optional<QTextCharFormat> &attributes)
+{
+    _currencyFormatter->setTextAttributesForNegativeValues(attributes);
+}
+
+void KTCurrencyFormatter::setFormatNegativeUsingParens(bool formatNegativeUsingParens)
+{
+    _formatNegativeUsingParens = formatNegativeUsingParens;
+    KTCurrency::setFormatNegativeUsingParens(*_currencyFormatter, formatNegativeUsingParens);
+    Q_EMIT formatNegativeUsingParensChanged();
+}
+
+bool KTCurrencyFormatter::displayThousandsSeparator() const
+{
+    return _currencyFormatter->usesGroupingSeparator();
+}
+
+void KTCurrencyFormatter::setDisplayThousandsSeparator(bool displayThousandsSeparator)
+{
+    _currencyFormatter->setUsesGroupingSeparator(displayThousandsSeparator);
+    Q_EMIT displayThousandsSeparatorChanged();
+}
+
+uint KTCurrencyFormatter::decimalPlaces() const
+{
+    return uint(_currencyFormatter->minimumFractionDigits());
+}
+
+void KTCurrencyFormatter::setDisplayAllDecimalPlaces()
+{
+    _currencyFormatter->setMaximumFractionDigits(AllFractionDigits);
+}
+
+std::optional<QStringList> KTCurrencyFormatter::optionsKeys() const
+{
+    return QStringList{kKTFieldOption_currencyType, kKTFieldOption_displayThousandsSeparator,
+                       kKTFieldOption_highlightNegative, kKTFieldOption_formatNegativeUsingParens};
+}
+
+// --- Display
+
+void KTCurrencyFormatter::logLocales() const
+{
+    const NSLocale &formatterLocale = _currencyFormatter->locale();
+    KTLog(kLog_FormattersCurrency, DetailLevel, u"_currencyFormatter locale ID %@",
+          formatterLocale.localeIdentifier());
+    KTLog(kLog_FormattersCurrency, DetailLevel, u"_currencyFormatter currency code %@",
+          _currencyFormatter->currencyCode());
+    KTLog(kLog_FormattersCurrency, DetailLevel, u"_currencyFormatter currency symbol %@",
+          _currencyFormatter->currencySymbol());
+    KTLog(kLog_FormattersCurrency, DetailLevel, u"");
+    KTLog(kLog_FormattersCurrency, DetailLevel, u"_currencyLocale locale ID %@",
+          _currencyLocale.localeIdentifier());
+    KTLog(kLog_FormattersCurrency, DetailLevel, u"_currencyLocale currency code %@",
+          _currencyLocale.currencyCode());
+    KTLog(kLog_FormattersCurrency, DetailLevel, u"_currencyLocale currency symbol %@",
+          _currencyLocale.currencySymbol());
+    KTLog(kLog_FormattersCurrency, DetailLevel, u"");
+    KTLog(kLog_FormattersCurrency, DetailLevel, u"_locale (current) locale ID %@",
+          _locale.localeIdentifier());
+    KTLog(kLog_FormattersCurrency, DetailLevel, u"_locale (current) currency code %@",
+          _locale.currencyCode());
+    KTLog(kLog_FormattersCurrency, DetailLevel, u"_locale (current) currency symbol %@",
+          _locale.currencySymbol());
+}
+
+QString KTCurrencyFormatter::stringForObjectValue(const QVariant &value) const
+{
+    if (!NSObject::isNumber(value))
+        return {};
+    if (KTLogger::sharedLogger()->shouldLogComponent(kLog_FormattersCurrency, DetailLevel))
+        logLocales();
+    const QString text = nilIfEmpty(_currencyFormatter->stringForObjectValue(value));
+    KTLog(kLog_FormattersCurrency, 4, u"KTCurrencyFormatter stringForObjectValue returns:%@", text);
+    return text;
+}
+
+std::optional<NSAttributedString>
+KTCurrencyFormatter::attributedStringForObjectValue(const QVariant &value,
+                                                    const QTextCharFormat &attributes) const
+{
+    std::optional<NSAttributedString> text =
+        _currencyFormatter->attributedStringForObjectValue(value, attributes);
+    if (text && text->length() == 0)
+        text.reset();
+    KTLog(kLog_FormattersCurrency, 4,
+          u"KTCurrencyFormatter attributedStringForObjectValue returns:%@",
+          text ? text->string() : QString());
+    return text;
+}
+
+// --- Reading
+
+bool KTCurrencyFormatter::getObjectValue(QVariant *value, const QString &forString,
+                                         QString *errorDescription) const
+{
+    if (_internalGetCurrencyValue(value, forString, errorDescription))
+        return true;
+    const QString decomposed = decomposedStringWithCompatibilityMapping(forString);
+    return !decomposed.isEmpty() && _internalGetCurrencyValue(value, decomposed, errorDescription);
+}
+
+bool KTCurrencyFormatter::_internalGetCurrencyValue(QVariant *value, const QString &forString,
+                                                    QString *errorDescription) const
+{
+    if (KTNumberFormatter::getObjectValue(value, forString, errorDescription))
+        return true;
+    NSNumberFormatter &formatter = *_currencyInputFormatter;
+    KTCurrency::setFormatNegativeUsingParens(formatter, false);
+    bool isRead = formatter.getObjectValue(value, forString, errorDescription);
+    if (!isRead) {
+        KTCurrency::setFormatNegativeUsingParens(formatter, true);
+        isRead = formatter.getObjectValue(value, forString, errorDescription);
+    }
+    KTLog(kLog_FormattersCurrency, 4, u"KTCurrencyFormatter getObjectValue forString:%@ returns %d",
+          forString, isRead);
+    if (!isRead && errorDescription && !errorDescription->isNull())
+        KTLog(kLog_FormattersCurrency, 4, u"KTCurrencyFormatter getObjectValue error: %@",
+              *errorDescription);
+    return isRead;
+}
+
+bool KTCurrencyFormatter::readsInCurrency(QVariant *value, const QString &text, const QString &code)
+{
+    KTLog(kLog_FormattersCurrency, 4, u"currencyCode: %@", code);
+    _currencyInputFormatter->setCurrencyCode(code);
+    return getObjectValue(value, text);
+}
+
+KTCurrencyFormatter *KTCurrencyFormatter::adjusted(const QString &code, const QVariant &value,
+                                                   QVariantMap *options)
+{
+    const std::optional<NSAttributedString> attributed = attributedStringForObjectValue(value);
+    KTLog(kLog_FormattersCurrency, 4, u"attributed value: %@",
+          attributed ? attributed->string() : QString());
+    KTLog(kLog_FormattersCurrency, 4, u"string value: %@", stringForObjectValue(value));
+    if (options)
+        options->insert(kKTFieldOption_currencyType, code);
+    _currencyFormatter->setCurrencyCode(code);
+    return this;
+}
+
+KTCurrencyFormatter *KTCurrencyFormatter::adjustForValue(const QString &value,
+                                                         QVariantMap *withOptions)
+{
+    QVariant amount;
+    if (getObjectValue(&amount, value))
+        return nullptr;
+    // Currencies that the text does not name cannot read it; they are tried for the log only.
+    const bool isLogged = KTLogger::sharedLogger()->shouldLogComponent(kLog_FormattersCurrency, 4);
+    const QStringList codes =
+        isLogged
+            ? NSLocale::commonISOCurrencyCodes()
+            : KTCurrencyFormatter_Private::candidates(_currencyInputFormatter->locale(), value);
+    for (const QString &code : codes) {
+        if (!KTCurrencyFormatter_Private::isRefused(code) && readsInCurrency(&amount, value, code))
+            return adjusted(code, amount, withOptions);
+    }
+    _currencyInputFormatter->setCurrencyCode(NSLocale::commonISOCurrencyCodes().last());
+    return nullptr;
+}

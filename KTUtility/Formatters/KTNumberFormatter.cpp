@@ -1,0 +1,276 @@
+#include "KTNumberFormatter.h"
+
+#include "KTNumberFormatter_p.h"
+
+#include <KTUtility/KTLogger.h>
+#include <KTUtility/Platform/Foundation/NSCharacterSet.h>
+#include <KTUtility/Platform/Foundation/NSObject.h>
+
+#include <QBrush>
+
+#include <algorithm>
+
+namespace {
+constexpr int MaximumInputFractionDigits = 111;
+constexpr int AllFractionDigits = 100;
+
+/// \a text without blanks and line ends at both ends.
+QStringView trimmed(QStringView text)
+{
+    const NSCharacterSet &blanks = NSCharacterSet::whitespaceAndNewlineCharacterSet();
+    while (!text.isEmpty() && blanks.characterIsMember(text.front().unicode()))
+        text = text.mid(1);
+    while (!text.isEmpty() && blanks.characterIsMember(text.back().unicode()))
+        text.chop(1);
+    return text;
+}
+
+QString nilIfEmpty(const QString &text)
+{
+    return text.isEmpty() ? QString() : text;
+}
+} // namespace
+
+std::unique_ptr<NSNumberFormatter>
+KTNumberFormatter_Private::createNumberFormatterWithLocale(const NSLocale &locale)
+{
+    auto formatter = std::make_unique<NSNumberFormatter>();
+    formatter->setFormatterBehavior(NSNumberFormatterBehavior10_4);
+    formatter->setNumberStyle(NSNumberFormatterDecimalStyle);
+    formatter->setLocale(locale);
+    formatter->setUsesGroupingSeparator(true);
+    formatter->setLenient(true);
+    formatter->setUsesSignificantDigits(false);
+    return formatter;
+}
+
+std::unique_ptr<NSNumberFormatter>
+KTNumberFormatter_Private::createInputFormatterWithLocale(const NSLocale &locale)
+{
+    auto formatter = createNumberFormatterWithLocale(locale);
+    formatter->setGeneratesDecimalNumbers(true);
+    formatter->setMaximumFractionDigits(MaximumInputFractionDigits);
+    formatter->setUsesSignificantDigits(false);
+    return formatter;
+}
+
+KTNumberFormatter::KTNumberFormatter()
+    : _locale(NSLocale::currentLocale())
+    , _inputFormatter(KTNumberFormatter_Private::createInputFormatterWithLocale(_locale))
+    , _numberFormatter(KTNumberFormatter_Private::createNumberFormatterWithLocale(_locale))
+{
+    _inputFormatter->setNegativePrefix(QStringLiteral("-"));
+    _inputFormatter->setNegativeSuffix(QStringLiteral(""));
+    _inputFormatter->setUsesGroupingSeparator(false);
+    _inputFormatter->setRoundingMode(NSNumberFormatterRoundHalfUp);
+    _numberFormatter->setRoundingMode(NSNumberFormatterRoundHalfUp);
+    KTNumberFormatter::setHighlightNegative(true);
+    KTNumberFormatter::setFormatNegativeUsingParens(false);
+    KTNumberFormatter::setDecimalPlaces(0);
+}
+
+KTNumberFormatter::~KTNumberFormatter() = default;
+
+// --- Settings
+
+void KTNumberFormatter::setLocale(const NSLocale &locale)
+{
+    _locale = locale;
+    _inputFormatter->setLocale(locale);
+    _numberFormatter->setLocale(locale);
+    Q_EMIT localeChanged();
+}
+
+void KTNumberFormatter::setHighlightNegative(bool highlightNegative)
+{
+    _highlightNegative = highlightNegative;
+    std::optional<QTextCharFormat> attributes;
+    if (highlightNegative)
+        attributes.emplace().setForeground(QColor(Qt::red));
+    setTextAttributesForNegativeValues(attributes);
+    Q_EMIT highlightNegativeChanged();
+}
+
+const std::optional<QTextCharFormat> &KTNumberFormatter::textAttributesForNegativeValues() const
+{
+    return _numberFormatter->textAttributesForNegativeValues();
+}
+
+void KTNumberFormatter::setTextAttributesForNegativeValues(
+    const std::optional<QTextCharFormat> &attributes)
+{
+    _numberFormatter->setTextAttributesForNegativeValues(attributes);
+}
+
+void KTNumberFormatter::setFormatNegativeUsingParens(bool formatNegativeUsingParens)
+{
+    _formatNegativeUsingParens = formatNegativeUsingParens;
+    _numberFormatter->setNegativePrefix(formatNegativeUsingParens ? QStringLiteral("(")
+                                                                  : QStringLiteral("-"));
+    _numberFormatter->setNegativeSuffix(formatNegativeUsingParens ? QStringLiteral(")")
+                                                                  : QStringLiteral(""));
+    Q_EMIT formatNegativeUsingParensChanged();
+}
+
+bool KTNumberFormatter::displayThousandsSeparator() const
+{
+    return _numberFormatter->usesGroupingSeparator();
+}
+
+void KTNumberFormatter::setDisplayThousandsSeparator(bool displayThousandsSeparator)
+{
+    _numberFormatter->setUsesGroupingSeparator(displayThousandsSeparator);
+    Q_EMIT displayThousandsSeparatorChanged();
+}
+
+uint KTNumberFormatter::decimalPlaces() const
+{
+    return uint(_numberFormatter->minimumFractionDigits());
+}
+
+void KTNumberFormatter::setDecimalPlaces(uint decimalPlaces)
+{
+    const int count = int(std::min<uint>(decimalPlaces, std::numeric_limits<int>::max()));
+    _numberFormatter->setMinimumFractionDigits(count);
+    _numberFormatter->setMaximumFractionDigits(_numberFormatter->minimumFractionDigits());
+    Q_EMIT decimalPlacesChanged();
+}
+
+void KTNumberFormatter::setDisplayAllDecimalPlaces()
+{
+    _numberFormatter->setMaximumFractionDigits(AllFractionDigits);
+}
+
+void KTNumberFormatter::setUseDisplayStringForEditingString(bool useDisplayStringForEditingString)
+{
+    _useDisplayStringForEditingString = useDisplayStringForEditingString;
+    Q_EMIT useDisplayStringForEditingStringChanged();
+}
+
+std::optional<QStringList> KTNumberFormatter::optionsKeys() const
+{
+    return QStringList{kKTFieldOption_decimalPlaces, kKTFieldOption_displayThousandsSeparator,
+                       kKTFieldOption_highlightNegative, kKTFieldOption_formatNegativeUsingParens};
+}
+
+// --- Display
+
+QString KTNumberFormatter::stringForObjectValue(const QVariant &value) const
+{
+    if (!NSObject::isNumber(value))
+        return {};
+    const QString text = nilIfEmpty(_numberFormatter->stringForObjectValue(value));
+    KTLog(kLog_FormattersNumbers, 4, u"KTNumberFormatter stringForObjectValue returns:%@", text);
+    return text;
+}
+
+std::optional<NSAttributedString>
+KTNumberFormatter::attributedStringForObjectValue(const QVariant &value,
+                                                  const QTextCharFormat &attributes) const
+{
+    std::optional<NSAttributedString> text =
+        _numberFormatter->attributedStringForObjectValue(value, attributes);
+    if (text && text->length() == 0)
+        text.reset();
+    KTLog(kLog_FormattersNumbers, 4, u"KTNumberFormatter attributedStringForObjectValue returns:%@",
+          text ? text->string() : QString());
+    return text;
+}
+
+QString KTNumberFormatter::editingStringForObjectValue(const QVariant &value) const
+{
+    if (_useDisplayStringForEditingString)
+        return stringForObjectValue(value);
+    return _inputFormatter->editingStringForObjectValue(value);
+}
+
+// --- Reading
+
+/// What the input formatter is set to while it reads.
+struct KTNumberFormatter::Pass
+{
+    bool usesParentheses;
+    bool usesGroupingSeparator;
+};
+
+/// What a pass found.
+struct KTNumberFormatter::Attempt
+{
+    QVariant value;
+    NSError error;
+    bool wantsError = false;
+};
+
+bool KTNumberFormatter::getObjectValue(QVariant *value, const QString &forString,
+                                       QString *errorDescription) const
+{
+    if (_internalGetNumberValue(value, forString, errorDescription))
+        return true;
+    const QString decomposed = decomposedStringWithCompatibilityMapping(forString);
+    return !decomposed.isEmpty() && _internalGetNumberValue(value, decomposed, errorDescription);
+}
+
+bool KTNumberFormatter::_internalGetNumberValue(QVariant *value, const QString &forString,
+                                                QString *errorDescription) const
+{
+    static constexpr Pass passes[] = {{false, false}, {true, false}, {false, true}, {true, true}};
+    Attempt attempt;
+    attempt.wantsError = errorDescription != nullptr;
+    for (const Pass &pass : passes) {
+        if (run(pass, forString, attempt)) {
+            if (value)
+                *value = attempt.value;
+            return true;
+        }
+    }
+    if (value)
+        *value = QVariant();
+    if (errorDescription) {
+        *errorDescription = attempt.error.description();
+        KTLog(kLog_FormattersNumbers, 4, u"KTNumberFormatter getObjectValue error: %@",
+              *errorDescription);
+    }
+    return false;
+}
+
+bool KTNumberFormatter::run(const Pass &pass, const QString &string, Attempt &attempt) const
+{
+    attempt.error = NSError();
+    if (pass.usesParentheses) {
+        _inputFormatter->setNegativePrefix(QStringLiteral("("));
+        _inputFormatter->setNegativeSuffix(QStringLiteral(")"));
+    }
+    _inputFormatter->setUsesGroupingSeparator(pass.usesGroupingSeparator);
+    NSRange range{0, string.size()};
+    const bool isRead = _inputFormatter->getObjectValue(
+        &attempt.value, string, &range, attempt.wantsError ? &attempt.error : nullptr);
+    if (pass.usesParentheses) {
+        _inputFormatter->setNegativePrefix(QStringLiteral("-"));
+        _inputFormatter->setNegativeSuffix(QStringLiteral(""));
+    }
+    _inputFormatter->setUsesGroupingSeparator(false);
+    const bool isValid = _validateFormattedResult(isRead, range, string);
+    KTLog(kLog_FormattersNumbers, 4, u"KTNumberFormatter getObjectValue forString:%@ returns %d",
+          string, isValid);
+    return isValid;
+}
+
+bool KTNumberFormatter::_validateFormattedResult(bool result, NSRange forRange,
+                                                 const QString &ofString) const
+{
+    if (!result)
+        return false;
+    if (ofString.size() <= forRange.length)
+        return true;
+    const QStringView text = trimmed(ofString);
+    if (text.size() <= forRange.length)
+        return true;
+    KTLog(kLog_FormattersNumbers, 4, u"extra characters found in number string: %@",
+          text.mid(forRange.length));
+    return false;
+}
+
+QString KTNumberFormatter::decomposedStringWithCompatibilityMapping(const QString &text)
+{
+    return text.normalized(QString::NormalizationForm_KD);
+}

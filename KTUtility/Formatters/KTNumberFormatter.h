@@ -1,0 +1,134 @@
+#pragma once
+
+#include <KTUtility/Formatters/KTOptionsKeys.h>
+#include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/Foundation/NSFormatter.h>
+#include <KTUtility/Platform/Foundation/NSLocale.h>
+#include <KTUtility/Platform/Foundation/NSRange.h>
+
+#include <memory>
+#include <optional>
+
+class NSNumberFormatter;
+
+/// Formats the numbers of a field, and reads what people type as exact decimals.
+///
+/// Displays with a number of decimal places (0 at first, ties round away from zero), thousands
+/// separators if wanted, and negative numbers red and with "-" or in parentheses. Reads a number
+/// whether or not its thousands are separated, "-5" and "(5)" for negative ones, digits of other
+/// scripts and full-width ones, and blanks around it; the result is an NSDecimalNumber with all
+/// digits that were typed. Nothing may stand before or behind the number.
+///
+/// Not for money with a currency sign (KTCurrencyFormatter), percentages or numbers in words
+/// (NSNumberFormatter). For the main thread: reading switches settings of an inner formatter.
+///
+/// \code
+/// KTNumberFormatter formatter;                             // in the user's locale, here en_US
+/// formatter.setDecimalPlaces(2);
+/// formatter.stringForObjectValue(1234.5);                  // "1,234.50"
+/// QVariant value;
+/// formatter.getObjectValue(&value, QStringLiteral("(1,234.5678)"));    // -1234.5678, exactly
+/// \endcode
+class KTUTILITY_EXPORT KTNumberFormatter : public NSFormatter
+{
+    Q_OBJECT
+    Q_PROPERTY(NSLocale locale READ locale WRITE setLocale NOTIFY localeChanged)
+    Q_PROPERTY(
+        uint decimalPlaces READ decimalPlaces WRITE setDecimalPlaces NOTIFY decimalPlacesChanged)
+    Q_PROPERTY(bool displayThousandsSeparator READ displayThousandsSeparator WRITE
+                   setDisplayThousandsSeparator NOTIFY displayThousandsSeparatorChanged)
+    Q_PROPERTY(bool highlightNegative READ highlightNegative WRITE setHighlightNegative NOTIFY
+                   highlightNegativeChanged)
+    Q_PROPERTY(bool formatNegativeUsingParens READ formatNegativeUsingParens WRITE
+                   setFormatNegativeUsingParens NOTIFY formatNegativeUsingParensChanged)
+    Q_PROPERTY(
+        bool useDisplayStringForEditingString READ useDisplayStringForEditingString WRITE
+            setUseDisplayStringForEditingString NOTIFY useDisplayStringForEditingStringChanged)
+
+public:
+    /// A formatter in the user's current locale, with the settings named above.
+    KTNumberFormatter();
+    ~KTNumberFormatter() override;
+
+    const NSLocale &locale() const { return _locale; }
+    virtual void setLocale(const NSLocale &locale);
+
+    /// Whether negative values are shown in red by attributedStringForObjectValue().
+    bool highlightNegative() const { return _highlightNegative; }
+    /// Sets the attributes for negative values to red letters, or to none.
+    virtual void setHighlightNegative(bool highlightNegative);
+    /// The attributes of negative values; none if they are not told apart.
+    virtual const std::optional<QTextCharFormat> &textAttributesForNegativeValues() const;
+    virtual void
+    setTextAttributesForNegativeValues(const std::optional<QTextCharFormat> &attributes);
+
+    bool formatNegativeUsingParens() const { return _formatNegativeUsingParens; }
+    /// Shows -2 as "(2)", or as "-2" with the ASCII sign whatever the locale's own is.
+    virtual void setFormatNegativeUsingParens(bool formatNegativeUsingParens);
+
+    virtual bool displayThousandsSeparator() const;
+    virtual void setDisplayThousandsSeparator(bool displayThousandsSeparator);
+
+    /// How many digits are shown behind the point at least.
+    virtual uint decimalPlaces() const;
+    /// Shows this many digits behind the point, no more and no fewer.
+    virtual void setDecimalPlaces(uint decimalPlaces);
+    /// Shows all digits that a value has behind the point (up to 100), and at least
+    /// decimalPlaces().
+    virtual void setDisplayAllDecimalPlaces();
+
+    /// Whether editing starts with the text that is shown rather than with all digits.
+    bool useDisplayStringForEditingString() const { return _useDisplayStringForEditingString; }
+    virtual void setUseDisplayStringForEditingString(bool useDisplayStringForEditingString);
+
+    /// "decimalPlaces", "displayThousandsSeparator", "highlightNegative" and
+    /// "formatNegativeUsingParens".
+    std::optional<QStringList> optionsKeys() const override;
+
+    /// The text of a number; nil for everything else.
+    QString stringForObjectValue(const QVariant &value) const override;
+    /// The text of a number with the attributes of negative ones; nil if there is no text.
+    std::optional<NSAttributedString> attributedStringForObjectValue(
+        const QVariant &value, const QTextCharFormat &withDefaultAttributes = {}) const override;
+    /// Without thousands separators, with "-" and up to 111 decimal places, so that nothing of the
+    /// value is lost by editing it; or the shown text, see useDisplayStringForEditingString().
+    QString editingStringForObjectValue(const QVariant &value) const override;
+
+    /// Reads a typed number. A text that is none is tried again with compatibility characters
+    /// (full-width digits, superscripts) as plain ones (Unicode's NFKD).
+    /// \param value receives an NSDecimalNumber, nil if there is none.
+    /// \param errorDescription receives why the last try read no number; nil if it read one and
+    /// something was left over.
+    bool getObjectValue(QVariant *value, const QString &forString,
+                        QString *errorDescription = nullptr) const override;
+
+Q_SIGNALS:
+    void localeChanged();
+    void decimalPlacesChanged();
+    void displayThousandsSeparatorChanged();
+    void highlightNegativeChanged();
+    void formatNegativeUsingParensChanged();
+    void useDisplayStringForEditingStringChanged();
+
+protected:
+    /// One round of four passes: as it is, in parentheses, with groups, and both.
+    bool _internalGetNumberValue(QVariant *value, const QString &forString,
+                                 QString *errorDescription) const;
+    /// Whether a parse read all of a text but blanks around it. Only lengths are compared.
+    bool _validateFormattedResult(bool result, NSRange forRange, const QString &ofString) const;
+
+    /// The compatibility decomposition of \a text.
+    static QString decomposedStringWithCompatibilityMapping(const QString &text);
+
+    NSLocale _locale;
+    std::unique_ptr<NSNumberFormatter> _inputFormatter;
+    std::unique_ptr<NSNumberFormatter> _numberFormatter;
+    bool _highlightNegative = true;
+    bool _formatNegativeUsingParens = false;
+    bool _useDisplayStringForEditingString = false;
+
+private:
+    struct Pass;
+    struct Attempt;
+    bool run(const Pass &pass, const QString &string, Attempt &attempt) const;
+};

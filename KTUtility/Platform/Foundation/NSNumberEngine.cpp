@@ -1,0 +1,565 @@
+#include "NSNumberEngine_p.h"
+
+#include "NSICU_p.h"
+#include "NSNumberFormatter.h"
+
+#include <unicode/dcfmtsym.h>
+#include <unicode/numfmt.h>
+#include <unicode/rbnf.h>
+#include <unicode/ucurr.h>
+
+#include <QHash>
+#include <QMutex>
+#include <QMutexLocker>
+
+#include <algorithm>
+#include <limits>
+
+using icu::DecimalFormat;
+using icu::DecimalFormatSymbols;
+
+namespace {
+constexpr char16_t CurrencySign = u'\u00A4';
+constexpr int PlainStyleIntegerDigits = 42;
+
+UNumberFormatStyle icuStyle(int style)
+{
+    switch (style) {
+    case NSNumberFormatterCurrencyStyle:
+        return UNUM_CURRENCY;
+    case NSNumberFormatterPercentStyle:
+        return UNUM_PERCENT;
+    case NSNumberFormatterScientificStyle:
+        return UNUM_SCIENTIFIC;
+    case NSNumberFormatterCurrencyISOCodeStyle:
+        return UNUM_CURRENCY_ISO;
+    case NSNumberFormatterCurrencyPluralStyle:
+        return UNUM_CURRENCY_PLURAL;
+    case NSNumberFormatterCurrencyAccountingStyle:
+        return UNUM_CURRENCY_ACCOUNTING;
+    default:
+        return UNUM_DECIMAL;
+    }
+}
+
+bool isCurrencyStyle(int style)
+{
+    return style == NSNumberFormatterCurrencyStyle ||
+           style >= NSNumberFormatterCurrencyISOCodeStyle;
+}
+
+std::unique_ptr<icu::NumberFormat> formatOf(const icu::Locale &locale, int style,
+                                            UErrorCode &status)
+{
+    if (style == NSNumberFormatterSpellOutStyle)
+        return std::make_unique<icu::RuleBasedNumberFormat>(icu::URBNF_SPELLOUT, locale, status);
+    if (style == NSNumberFormatterOrdinalStyle)
+        return std::make_unique<icu::RuleBasedNumberFormat>(icu::URBNF_ORDINAL, locale, status);
+    return std::unique_ptr<icu::NumberFormat>(
+        icu::NumberFormat::createInstance(locale, icuStyle(style), status));
+}
+
+bool isPlainStyle(int style)
+{
+    return style == NSNumberFormatterNoStyle || style == NSNumberFormatterDecimalStyle;
+}
+
+size_t hashOf(const NSNumberSettings &settings)
+{
+    return qHashMulti(0, settings.locale.localeIdentifier(), settings.style,
+                      settings.negativePrefix, settings.currencyCode, settings.currencySymbol,
+                      settings.usesGroupingSeparator.value_or(false),
+                      settings.minimumFractionDigits.value_or(-1),
+                      settings.maximumFractionDigits.value_or(-1));
+}
+
+/// A literal in a pattern: everything quoted but the currency's place.
+QString quoted(const QString &affix)
+{
+    QString text;
+    QString literal;
+    const auto flush = [&] {
+        if (!literal.isEmpty())
+            text += u'\'' + literal + u'\'';
+        literal.clear();
+    };
+    for (const QChar unit : affix) {
+        if (unit == CurrencySign) {
+            flush();
+            text += unit;
+        } else {
+            literal += unit == u'\'' ? QStringLiteral("''") : QString(unit);
+        }
+    }
+    flush();
+    return text;
+}
+
+/// A pattern cut into what stands before, in and behind the number.
+struct PatternParts
+{
+    QString prefix;
+    QString number;
+    QString suffix;
+};
+
+PatternParts partsOf(QStringView pattern)
+{
+    const auto isNumber = [](QChar unit) { return QStringView(u"#0,.@").contains(unit); };
+    qsizetype start = 0;
+    bool isQuoted = false;
+    for (; start < pattern.size() && (isQuoted || !isNumber(pattern[start])); ++start)
+        isQuoted ^= pattern[start] == u'\'';
+    qsizetype end = start;
+    while (end < pattern.size() && isNumber(pattern[end]))
+        ++end;
+    return {pattern.left(start).toString(), pattern.mid(start, end - start).toString(),
+            pattern.mid(end).toString()};
+}
+
+/// The positive and the negative half of a pattern; "-" and the positive one if it has only one.
+std::pair<PatternParts, PatternParts> halvesOf(const QString &pattern)
+{
+    bool isQuoted = false;
+    for (qsizetype index = 0; index < pattern.size(); ++index) {
+        isQuoted ^= pattern[index] == u'\'';
+        if (!isQuoted && pattern[index] == u';')
+            return {partsOf(QStringView(pattern).left(index)),
+                    partsOf(QStringView(pattern).mid(index + 1))};
+    }
+    const PatternParts positive = partsOf(pattern);
+    return {positive, {u'-' + positive.prefix, positive.number, positive.suffix}};
+}
+
+QString affixOf(const DecimalFormat &format,
+                icu::UnicodeString &(DecimalFormat::*get)(icu::UnicodeString &) const)
+{
+    icu::UnicodeString text;
+    return NSICU::stringOf((format.*get)(text));
+}
+
+void setSymbol(DecimalFormatSymbols &symbols, DecimalFormatSymbols::ENumberFormatSymbol symbol,
+               const QString &text)
+{
+    if (!text.isNull())
+        symbols.setSymbol(symbol, icu::UnicodeString(NSICU::aliasOf(text)));
+}
+
+QByteArray decimalTextOf(icu::Formattable &number)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::StringPiece digits = number.getDecimalNumber(status);
+    return U_SUCCESS(status) ? QByteArray(digits.data(), digits.length()) : QByteArray();
+}
+
+bool isInteger(const icu::Formattable &number)
+{
+    return number.getType() == icu::Formattable::kLong ||
+           number.getType() == icu::Formattable::kInt64;
+}
+} // namespace
+
+inline size_t qHash(const NSNumberSettings &settings, size_t seed)
+{
+    return hashOf(settings) ^ seed;
+}
+
+std::shared_ptr<const NSNumberEngine> NSNumberEngine::engineFor(const NSNumberSettings &settings)
+{
+    constexpr int MaximumEngines = 512;
+    static QMutex mutex;
+    static QHash<NSNumberSettings, std::shared_ptr<const NSNumberEngine>> engines;
+    const QMutexLocker lock(&mutex);
+    if (const auto known = engines.constFind(settings); known != engines.constEnd())
+        return *known;
+    if (engines.size() >= MaximumEngines)
+        engines.clear();
+    return *engines.insert(settings, std::make_shared<const NSNumberEngine>(settings));
+}
+
+NSNumberEngine::NSNumberEngine(const NSNumberSettings &settings)
+{
+    create(settings);
+    _format->setLenient(settings.lenient);
+    if (settings.usesGroupingSeparator)
+        _format->setGroupingUsed(*settings.usesGroupingSeparator);
+    if (!_decimalFormat)
+        return;
+    applySymbols(settings);
+    applyPatterns(settings);
+    applyCurrency(settings);
+    applyAffixes(settings);
+    applyDigits(settings);
+    applyWidth(settings);
+    applyGrouping(settings);
+    preparePaths(settings);
+}
+
+void NSNumberEngine::create(const NSNumberSettings &settings)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Locale locale = NSICU::localeOf(settings.locale);
+    _format = formatOf(locale, settings.style, status);
+    if (U_FAILURE(status) || !_format) {
+        status = U_ZERO_ERROR;
+        _format = formatOf(icu::Locale::getRoot(), NSNumberFormatterDecimalStyle, status);
+    }
+    _decimalFormat = dynamic_cast<DecimalFormat *>(_format.get());
+    if (!_decimalFormat || settings.style != NSNumberFormatterNoStyle)
+        return;
+    _decimalFormat->applyPattern(icu::UnicodeString(u"#"), status);
+    _decimalFormat->setMaximumIntegerDigits(PlainStyleIntegerDigits);
+    _decimalFormat->setMaximumFractionDigits(0);
+}
+
+void NSNumberEngine::applySymbols(const NSNumberSettings &settings)
+{
+    DecimalFormatSymbols symbols(*_decimalFormat->getDecimalFormatSymbols());
+    const bool isCurrency = isCurrencyStyle(settings.style);
+    setSymbol(symbols, DecimalFormatSymbols::kDecimalSeparatorSymbol, settings.decimalSeparator);
+    setSymbol(symbols, DecimalFormatSymbols::kGroupingSeparatorSymbol, settings.groupingSeparator);
+    if (isCurrency) {
+        setSymbol(symbols, DecimalFormatSymbols::kMonetarySeparatorSymbol,
+                  settings.currencyDecimalSeparator);
+        setSymbol(symbols, DecimalFormatSymbols::kMonetaryGroupingSeparatorSymbol,
+                  settings.currencyGroupingSeparator);
+    }
+    setSymbol(symbols, DecimalFormatSymbols::kMinusSignSymbol, settings.minusSign);
+    setSymbol(symbols, DecimalFormatSymbols::kPlusSignSymbol, settings.plusSign);
+    setSymbol(symbols, DecimalFormatSymbols::kPercentSymbol, settings.percentSymbol);
+    setSymbol(symbols, DecimalFormatSymbols::kPerMillSymbol, settings.perMillSymbol);
+    setSymbol(symbols, DecimalFormatSymbols::kExponentialSymbol, settings.exponentSymbol);
+    setSymbol(symbols, DecimalFormatSymbols::kNaNSymbol, settings.notANumberSymbol);
+    _decimalFormat->setDecimalFormatSymbols(symbols);
+}
+
+void NSNumberEngine::applyPatterns(const NSNumberSettings &settings)
+{
+    if (settings.positiveFormat.isNull() && settings.negativeFormat.isNull())
+        return;
+    QString pattern = settings.positiveFormat.isNull() ? this->pattern() : settings.positiveFormat;
+    if (!settings.negativeFormat.isNull())
+        pattern += u';' + settings.negativeFormat;
+    UErrorCode status = U_ZERO_ERROR;
+    _decimalFormat->applyPattern(NSICU::aliasOf(pattern), status);
+}
+
+void NSNumberEngine::applyCurrency(const NSNumberSettings &settings)
+{
+    if (!isCurrencyStyle(settings.style))
+        return;
+    UErrorCode status = U_ZERO_ERROR;
+    if (settings.currencyCode.size() == 3) {
+        const auto *const code =
+            reinterpret_cast<const UChar *>(QStringView(settings.currencyCode).utf16());
+        _decimalFormat->setCurrency(code, status);
+    }
+    DecimalFormatSymbols symbols(*_decimalFormat->getDecimalFormatSymbols());
+    setSymbol(symbols, DecimalFormatSymbols::kCurrencySymbol, settings.currencySymbol);
+    setSymbol(symbols, DecimalFormatSymbols::kIntlCurrencySymbol,
+              settings.internationalCurrencySymbol);
+    _decimalFormat->setDecimalFormatSymbols(symbols);
+}
+
+void NSNumberEngine::applyAffixes(const NSNumberSettings &settings)
+{
+    if (isCurrencyStyle(settings.style)) {
+        applyCurrencyAffixes(settings);
+    } else {
+        if (!settings.positivePrefix.isNull())
+            _decimalFormat->setPositivePrefix(NSICU::aliasOf(settings.positivePrefix));
+        if (!settings.positiveSuffix.isNull())
+            _decimalFormat->setPositiveSuffix(NSICU::aliasOf(settings.positiveSuffix));
+        if (!settings.negativePrefix.isNull())
+            _decimalFormat->setNegativePrefix(NSICU::aliasOf(settings.negativePrefix));
+        if (!settings.negativeSuffix.isNull())
+            _decimalFormat->setNegativeSuffix(NSICU::aliasOf(settings.negativeSuffix));
+    }
+    _needsPairedParentheses =
+        affixOf(*_decimalFormat, &DecimalFormat::getNegativePrefix).contains(u'(') &&
+        affixOf(*_decimalFormat, &DecimalFormat::getNegativeSuffix).contains(u')');
+}
+
+/// Affixes as a pattern, so that ICU puts the currency's sign into them. What equals the pattern's
+/// own affix must not be given again: ICU would then read "12,50 €" as negative.
+void NSNumberEngine::applyCurrencyAffixes(const NSNumberSettings &settings)
+{
+    if (settings.positivePrefix.isNull() && settings.positiveSuffix.isNull() &&
+        settings.negativePrefix.isNull() && settings.negativeSuffix.isNull())
+        return;
+    auto [positive, negative] = halvesOf(pattern());
+    const auto replace = [](QString &own, const QString &given) {
+        if (!given.isNull())
+            own = quoted(given);
+    };
+    replace(positive.prefix, settings.positivePrefix);
+    replace(positive.suffix, settings.positiveSuffix);
+    replace(negative.prefix, settings.negativePrefix);
+    replace(negative.suffix, settings.negativeSuffix);
+    const QString pattern = positive.prefix + positive.number + positive.suffix + u';' +
+                            negative.prefix + positive.number + negative.suffix;
+    UErrorCode status = U_ZERO_ERROR;
+    const int minimum = _decimalFormat->getMinimumFractionDigits();
+    const int maximum = _decimalFormat->getMaximumFractionDigits();
+    _decimalFormat->applyPattern(NSICU::aliasOf(pattern), status);
+    _decimalFormat->setMaximumFractionDigits(maximum);
+    _decimalFormat->setMinimumFractionDigits(minimum);
+}
+
+void NSNumberEngine::applyDigits(const NSNumberSettings &settings)
+{
+    if (settings.minimumIntegerDigits)
+        _decimalFormat->setMinimumIntegerDigits(*settings.minimumIntegerDigits);
+    if (settings.maximumIntegerDigits)
+        _decimalFormat->setMaximumIntegerDigits(*settings.maximumIntegerDigits);
+    if (settings.minimumFractionDigits)
+        _decimalFormat->setMinimumFractionDigits(*settings.minimumFractionDigits);
+    if (settings.maximumFractionDigits)
+        _decimalFormat->setMaximumFractionDigits(*settings.maximumFractionDigits);
+    if (settings.roundingMode)
+        _decimalFormat->setRoundingMode(DecimalFormat::ERoundingMode(*settings.roundingMode));
+    if (settings.roundingIncrement)
+        _decimalFormat->setRoundingIncrement(*settings.roundingIncrement);
+    if (settings.multiplier)
+        _decimalFormat->setMultiplier(*settings.multiplier);
+    if (settings.alwaysShowsDecimalSeparator)
+        _decimalFormat->setDecimalSeparatorAlwaysShown(*settings.alwaysShowsDecimalSeparator);
+    if (settings.minimumSignificantDigits)
+        _decimalFormat->setMinimumSignificantDigits(*settings.minimumSignificantDigits);
+    if (settings.maximumSignificantDigits)
+        _decimalFormat->setMaximumSignificantDigits(*settings.maximumSignificantDigits);
+    if (settings.usesSignificantDigits)
+        _decimalFormat->setSignificantDigitsUsed(*settings.usesSignificantDigits);
+}
+
+void NSNumberEngine::applyWidth(const NSNumberSettings &settings)
+{
+    if (settings.formatWidth)
+        _decimalFormat->setFormatWidth(*settings.formatWidth);
+    if (!settings.paddingCharacter.isNull())
+        _decimalFormat->setPadCharacter(NSICU::aliasOf(settings.paddingCharacter));
+    if (settings.paddingPosition)
+        _decimalFormat->setPadPosition(DecimalFormat::EPadPosition(*settings.paddingPosition));
+}
+
+void NSNumberEngine::applyGrouping(const NSNumberSettings &settings)
+{
+    if (settings.groupingSize)
+        _decimalFormat->setGroupingSize(*settings.groupingSize);
+    if (settings.secondaryGroupingSize)
+        _decimalFormat->setSecondaryGroupingSize(*settings.secondaryGroupingSize);
+    if (settings.usesGroupingSeparator)
+        _decimalFormat->setGroupingUsed(*settings.usesGroupingSeparator);
+}
+
+const DecimalFormatSymbols *NSNumberEngine::symbols() const
+{
+    return _decimalFormat ? _decimalFormat->getDecimalFormatSymbols() : nullptr;
+}
+
+QString NSNumberEngine::symbol(DecimalFormatSymbols::ENumberFormatSymbol symbol) const
+{
+    const DecimalFormatSymbols *const all = symbols();
+    return all ? NSICU::stringOf(all->getConstSymbol(symbol)) : QStringLiteral("");
+}
+
+QString NSNumberEngine::pattern() const
+{
+    icu::UnicodeString pattern;
+    return _decimalFormat ? NSICU::stringOf(_decimalFormat->toPattern(pattern))
+                          : QStringLiteral("");
+}
+
+QString NSNumberEngine::stringFromNumber(const QVariant &number) const
+{
+    const int type = number.metaType().id();
+    const bool isDecimal = type == qMetaTypeId<NSDecimalNumber>();
+    const bool isUnsigned = type == QMetaType::ULongLong || type == QMetaType::ULong;
+    icu::UnicodeString text;
+    if (_decimalFormat && isDecimal)
+        return stringFromDigits(number.value<NSDecimalNumber>().description().toLatin1());
+    if (_decimalFormat && isUnsigned)
+        return stringFromDigits(QByteArray::number(number.toULongLong()));
+    if (isDecimal)
+        _format->format(number.value<NSDecimalNumber>().doubleValue(), text);
+    else if (isUnsigned || type == QMetaType::Double || type == QMetaType::Float)
+        _format->format(number.toDouble(), text);
+    else
+        _format->format(int64_t(number.toLongLong()), text);
+    return NSICU::stringOf(text);
+}
+
+QString NSNumberEngine::stringFromDigits(const QByteArray &digits) const
+{
+    icu::UnicodeString text;
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::StringPiece piece(digits.constData(), int32_t(digits.size()));
+    _decimalFormat->format(piece, text, nullptr, status);
+    return U_SUCCESS(status) ? NSICU::stringOf(text) : QString();
+}
+
+NSNumberReading NSNumberEngine::read(QStringView text) const
+{
+    icu::Formattable number;
+    icu::ParsePosition position(0);
+    _format->parse(NSICU::aliasOf(text), number, position);
+    NSNumberReading reading;
+    if (position.getErrorIndex() >= 0 || position.getIndex() == 0) {
+        reading.length = std::max(position.getErrorIndex(), 0);
+        return reading;
+    }
+    reading.length = position.getIndex();
+    const QStringView read = text.left(reading.length);
+    reading.digits = decimalTextOf(number);
+    const char last = reading.digits.isEmpty() ? 'y' : reading.digits.back(); // "Infinity"
+    const bool isFinite = last >= '0' && last <= '9';
+    reading.isNumber = isFinite && !(_needsPairedParentheses && hasUnpairedParenthesis(read));
+    reading.isInteger = reading.length == text.size() && isInteger(number) &&
+                        !read.contains(QChar(_decimalSeparator));
+    return reading;
+}
+
+bool NSNumberEngine::hasUnpairedParenthesis(QStringView read) const
+{
+    return read.contains(u'(') != read.contains(u')');
+}
+
+namespace {
+/// ICU's text of a number, cut at its digits.
+struct Sample
+{
+    QString prefix;
+    QString suffix;
+    bool hasDigits = false;
+};
+
+Sample sampleOf(const DecimalFormat &format, int64_t number, char16_t zeroDigit)
+{
+    icu::UnicodeString text;
+    const QString sample = NSICU::stringOf(format.format(number, text));
+    const auto isDigit = [zeroDigit](QChar unit) {
+        return unit.unicode() >= zeroDigit && unit.unicode() <= zeroDigit + 9;
+    };
+    const auto first = std::find_if(sample.cbegin(), sample.cend(), isDigit);
+    const auto last = std::find_if(sample.crbegin(), sample.crend(), isDigit);
+    if (first == sample.cend())
+        return {};
+    return {sample.left(first - sample.cbegin()), sample.right(last - sample.crbegin()), true};
+}
+
+/// The digit zero of a script whose ten digits stand in a row in the basic plane.
+std::optional<char16_t> zeroDigitOf(const DecimalFormatSymbols &symbols)
+{
+    const icu::UnicodeString &zero = symbols.getConstSymbol(DecimalFormatSymbols::kZeroDigitSymbol);
+    const icu::UnicodeString &nine = symbols.getConstSymbol(DecimalFormatSymbols::kNineDigitSymbol);
+    if (zero.length() != 1 || nine.length() != 1 || nine[0] != zero[0] + 9)
+        return std::nullopt;
+    return zero[0];
+}
+
+bool hasQuickText(const NSNumberSettings &settings, const DecimalFormat &format)
+{
+    const bool isUsualStyle =
+        isPlainStyle(settings.style) || settings.style == NSNumberFormatterCurrencyStyle;
+    return isUsualStyle && settings.positiveFormat.isNull() && settings.negativeFormat.isNull() &&
+           !settings.multiplier && !settings.roundingIncrement && !settings.formatWidth &&
+           !format.areSignificantDigitsUsed() && !format.isDecimalSeparatorAlwaysShown();
+}
+
+std::optional<NSNumberWriter> writerFor(const NSNumberSettings &settings,
+                                        const DecimalFormat &format)
+{
+    const DecimalFormatSymbols &symbols = *format.getDecimalFormatSymbols();
+    const std::optional<char16_t> zeroDigit = zeroDigitOf(symbols);
+    if (!zeroDigit || !hasQuickText(settings, format))
+        return std::nullopt;
+    const Sample positive = sampleOf(format, 1, *zeroDigit);
+    const Sample negative = sampleOf(format, -1, *zeroDigit);
+    if (!positive.hasDigits || !negative.hasDigits)
+        return std::nullopt;
+    const bool isCurrency = isCurrencyStyle(settings.style);
+    NSNumberWriter writer;
+    writer.positivePrefix = positive.prefix;
+    writer.positiveSuffix = positive.suffix;
+    writer.negativePrefix = negative.prefix;
+    writer.negativeSuffix = negative.suffix;
+    writer.zeroDigit = *zeroDigit;
+    writer.decimalSeparator = NSICU::stringOf(
+        symbols.getConstSymbol(isCurrency ? DecimalFormatSymbols::kMonetarySeparatorSymbol
+                                          : DecimalFormatSymbols::kDecimalSeparatorSymbol));
+    writer.groupingSeparator = NSICU::stringOf(
+        symbols.getConstSymbol(isCurrency ? DecimalFormatSymbols::kMonetaryGroupingSeparatorSymbol
+                                          : DecimalFormatSymbols::kGroupingSeparatorSymbol));
+    writer.roundingMode = int(format.getRoundingMode());
+    writer.minimumIntegerDigits = format.getMinimumIntegerDigits();
+    writer.maximumIntegerDigits = format.getMaximumIntegerDigits();
+    writer.minimumFractionDigits = format.getMinimumFractionDigits();
+    writer.maximumFractionDigits = format.getMaximumFractionDigits();
+    if (format.isGroupingUsed())
+        writer.groupingSize = std::max(format.getGroupingSize(), 0);
+    const int secondary = format.getSecondaryGroupingSize();
+    writer.secondaryGroupingSize = secondary > 0 ? secondary : writer.groupingSize;
+    int64_t leastGrouped = 1;
+    for (int digit = 0; digit < std::min(writer.groupingSize, 15); ++digit)
+        leastGrouped *= 10;
+    icu::UnicodeString grouped;
+    if (!NSICU::stringOf(format.format(leastGrouped, grouped)).contains(writer.groupingSeparator))
+        writer.minimumGroupingDigits = 2;
+    return writer;
+}
+
+bool hasQuickReading(const NSNumberSettings &settings)
+{
+    const bool isMinus = settings.negativePrefix.isNull() || settings.negativePrefix == u"-";
+    const bool isPlainSuffix = settings.negativeSuffix.isEmpty();
+    const bool isParentheses = settings.negativePrefix == u"(" && settings.negativeSuffix == u")";
+    const bool hasOwnSymbols =
+        !settings.decimalSeparator.isNull() || !settings.groupingSeparator.isNull() ||
+        !settings.minusSign.isNull() || !settings.plusSign.isNull() ||
+        !settings.exponentSymbol.isNull() || !settings.notANumberSymbol.isNull() ||
+        !settings.positivePrefix.isNull() || !settings.positiveSuffix.isNull() ||
+        !settings.positiveFormat.isNull() || !settings.negativeFormat.isNull();
+    return settings.lenient && isPlainStyle(settings.style) && !hasOwnSymbols &&
+           !settings.multiplier && ((isMinus && isPlainSuffix) || isParentheses);
+}
+
+char16_t asciiSeparator(const icu::UnicodeString &symbol)
+{
+    const bool isKnown = symbol.length() == 1 && (symbol[0] == u'.' || symbol[0] == u',');
+    return isKnown ? symbol[0] : u'\0';
+}
+
+std::optional<NSNumberReader> readerFor(const NSNumberSettings &settings,
+                                        const DecimalFormat &format)
+{
+    const DecimalFormatSymbols &symbols = *format.getDecimalFormatSymbols();
+    NSNumberReader reader;
+    reader.decimalSeparator =
+        asciiSeparator(symbols.getConstSymbol(DecimalFormatSymbols::kDecimalSeparatorSymbol));
+    if (!hasQuickReading(settings) || reader.decimalSeparator == 0)
+        return std::nullopt;
+    reader.usesGrouping = format.isGroupingUsed();
+    const bool isRegular =
+        format.getGroupingSize() == 3 &&
+        (format.getSecondaryGroupingSize() == 3 || format.getSecondaryGroupingSize() <= 0);
+    if (reader.usesGrouping && isRegular)
+        reader.groupingSeparator =
+            asciiSeparator(symbols.getConstSymbol(DecimalFormatSymbols::kGroupingSeparatorSymbol));
+    reader.usesParentheses = settings.negativePrefix == u"(";
+    const icu::UnicodeString &notANumber = symbols.getConstSymbol(DecimalFormatSymbols::kNaNSymbol);
+    if (!notANumber.isEmpty())
+        reader.notANumberStart = QChar(notANumber[0]).toUpper().unicode();
+    return reader;
+}
+} // namespace
+
+void NSNumberEngine::preparePaths(const NSNumberSettings &settings)
+{
+    const auto separator = isCurrencyStyle(settings.style)
+                               ? DecimalFormatSymbols::kMonetarySeparatorSymbol
+                               : DecimalFormatSymbols::kDecimalSeparatorSymbol;
+    const icu::UnicodeString &text = symbols()->getConstSymbol(separator);
+    _decimalSeparator = text.isEmpty() ? u'.' : text[0];
+    _writer = writerFor(settings, *_decimalFormat);
+    _reader = readerFor(settings, *_decimalFormat);
+}

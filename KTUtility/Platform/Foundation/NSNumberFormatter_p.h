@@ -1,0 +1,94 @@
+#pragma once
+
+#include "NSNumberEngine_p.h"
+#include "NSNumberFormatter.h"
+#include "NSNumberSettings_p.h"
+
+#include <QVarLengthArray>
+
+#include <memory>
+#include <utility>
+
+/// The settings of a formatter and the engines for them.
+///
+/// Reading typed texts switches signs and groups to and fro, so that the engine of each such
+/// variant is kept until something else changes.
+struct NSNumberFormatter::Private
+{
+    /// Something other than the negative affixes and groups has changed.
+    void changed()
+    {
+        _variants.clear();
+        _currencyVariants.clear();
+    }
+
+    /// Sets one of the affixes. With a currency, its sign becomes a placeholder, so that a later
+    /// currency reaches it, and what is the pattern's own anyway is not set.
+    void setAffix(QString NSNumberSettings::*affix, const QString &text,
+                  icu::UnicodeString &(icu::DecimalFormat::*get)(icu::UnicodeString &) const);
+
+    /// The engine for the settings.
+    const NSNumberEngine &engine() const { return engineIn(_variants, false); }
+
+    /// Reads with \a attempt, a function of an engine that answers how much it read (-1: nothing)
+    /// and a result. Money is read with the sign that was set, as long as its currency is the same,
+    /// else with the currency's own.
+    template<typename Attempt>
+    auto read(const Attempt &attempt) const
+    {
+        if (settings.currencySymbol.isNull())
+            return attempt(engine()).second;
+        const NSNumberEngine &own = engineIn(_currencyVariants, true);
+        const bool isStale = settings.currencyCode != codeOfSymbol;
+        if (isStale ||
+            own.symbol(icu::DecimalFormatSymbols::kCurrencySymbol) == settings.currencySymbol)
+            return attempt(own).second;
+        const auto withGivenSymbol = attempt(engine());
+        const auto withOwnSymbol = attempt(own);
+        return withOwnSymbol.first > withGivenSymbol.first ? withOwnSymbol.second
+                                                           : withGivenSymbol.second;
+    }
+
+    NSNumberSettings settings;
+    /// The currency when its sign was set.
+    QString codeOfSymbol;
+
+private:
+    struct Variant
+    {
+        QString negativePrefix;
+        QString negativeSuffix;
+        std::optional<bool> usesGroupingSeparator;
+        std::shared_ptr<const NSNumberEngine> engine;
+    };
+    using Variants = QVarLengthArray<Variant, 4>;
+
+    bool isCurrent(const Variant &variant) const
+    {
+        return variant.usesGroupingSeparator == settings.usesGroupingSeparator &&
+               variant.negativePrefix == settings.negativePrefix &&
+               variant.negativeSuffix == settings.negativeSuffix &&
+               variant.negativePrefix.isNull() == settings.negativePrefix.isNull() &&
+               variant.negativeSuffix.isNull() == settings.negativeSuffix.isNull();
+    }
+
+    const NSNumberEngine &engineIn(Variants &variants, bool withOwnSymbol) const
+    {
+        for (const Variant &variant : variants) {
+            if (isCurrent(variant))
+                return *variant.engine;
+        }
+        constexpr int MaximumVariants = 16;
+        if (variants.size() >= MaximumVariants)
+            variants.clear();
+        NSNumberSettings wanted = settings;
+        if (withOwnSymbol)
+            wanted.currencySymbol = QString();
+        variants.append({settings.negativePrefix, settings.negativeSuffix,
+                         settings.usesGroupingSeparator, NSNumberEngine::engineFor(wanted)});
+        return *variants.last().engine;
+    }
+
+    mutable Variants _variants;
+    mutable Variants _currencyVariants;
+};
