@@ -1,3 +1,5 @@
 target_sources(KTUtilityTests PRIVATE
+    Formatters/KTCurrencyFormatterTests.cpp
+    Formatters/KTNumberFormatterTests.cpp
     Formatters/OptionsTests.cpp
 )

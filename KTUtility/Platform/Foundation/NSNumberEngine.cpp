@@ -457,12 +457,14 @@ std::optional<char16_t> zeroDigitOf(const DecimalFormatSymbols &symbols)
     return zero[0];
 }
 
+/// A currency's sign keeps a distance from digits only, so that money has to start with one.
 bool hasQuickText(const NSNumberSettings &settings, const DecimalFormat &format)
 {
-    const bool isUsualStyle =
-        isPlainStyle(settings.style) || settings.style == NSNumberFormatterCurrencyStyle;
-    return isUsualStyle && settings.positiveFormat.isNull() && settings.negativeFormat.isNull() &&
-           !settings.multiplier && !settings.roundingIncrement && !settings.formatWidth &&
+    const bool isMoney =
+        settings.style == NSNumberFormatterCurrencyStyle && format.getMinimumIntegerDigits() > 0;
+    return (isPlainStyle(settings.style) || isMoney) && settings.positiveFormat.isNull() &&
+           settings.negativeFormat.isNull() && !settings.multiplier &&
+           !settings.roundingIncrement && !settings.formatWidth &&
            !format.areSignificantDigitsUsed() && !format.isDecimalSeparatorAlwaysShown();
 }
 

@@ -180,16 +180,18 @@ private:
         const qsizetype end = _at;
         const bool isBehindBlank = isBlank(unit());
         skipBlanks();
-        const bool isSafe = _at >= _text.size() || isSafeTail(isBehindBlank);
+        const bool isSafe =
+            _at >= _text.size() || isSafeTail(isBehindBlank, isDigit(_text[end - 1].unicode()));
         _at = end;
         return isSafe ? finished() : Result();
     }
 
-    bool isSafeTail(bool isBehindBlank) const
+    /// Blanks between two digits stay a blank; all others vanish.
+    bool isSafeTail(bool isBehindBlank, bool isBehindDigit) const
     {
         const char16_t next = unit();
         if (isDigit(next))
-            return isBehindBlank && !_reader.usesGrouping;
+            return isBehindBlank && isBehindDigit && !_reader.usesGrouping;
         if (isLetter(next))
             return !isExponent(next);
         if (next == u'.' || next == u',')

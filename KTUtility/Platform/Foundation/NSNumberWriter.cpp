@@ -49,7 +49,8 @@ private:
 
     void writeInteger()
     {
-        const int count = std::max(_number.pointPosition, _writer.minimumIntegerDigits);
+        const int least = hasFraction() ? 0 : 1;
+        const int count = std::max({_number.pointPosition, _writer.minimumIntegerDigits, least});
         const bool grouped = isGrouped(count);
         for (int place = count; place > 0; --place) {
             _text.append(digitAt(_number.pointPosition - place));
@@ -58,11 +59,17 @@ private:
         }
     }
 
+    int fractionDigits() const
+    {
+        return std::max(_number.count - _number.pointPosition, _writer.minimumFractionDigits);
+    }
+
+    bool hasFraction() const { return fractionDigits() > 0; }
+
     void writeFraction()
     {
-        const int given = std::max(_number.count - _number.pointPosition, 0);
-        const int count = std::max(given, _writer.minimumFractionDigits);
-        if (count == 0)
+        const int count = fractionDigits();
+        if (count <= 0)
             return;
         append(_writer.decimalSeparator);
         for (int place = 0; place < count; ++place)

@@ -9,6 +9,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSInvokerTests.cpp
     Platform/Foundation/NSKeyValueCodingTests.cpp
     Platform/Foundation/NSLocaleTests.cpp
+    Platform/Foundation/NSNumberFormatterDifferentialTests.cpp
     Platform/Foundation/NSNumberFormatterReadingTests.cpp
     Platform/Foundation/NSNumberFormatterTableTests.cpp
     Platform/Foundation/NSObjectTests.cpp

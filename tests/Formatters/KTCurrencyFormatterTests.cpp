@@ -1,0 +1,494 @@
+#include <KTUtility/Formatters/KTCurrencyFormatter.h>
+#include <KTUtility/Formatters/NSNumberFormatter_KTCurrency.h>
+#include <KTUtility/KTLogCapture.h>
+#include <KTUtility/KTLoggerComponents.h>
+#include <KTUtility/Platform/Foundation/NSDecimalNumber.h>
+#include <KTUtility/Platform/Foundation/NSNumberFormatter.h>
+
+#include "support/TestSupport.h"
+
+#include <QBrush>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QSignalSpy>
+
+using namespace testing_support;
+
+namespace {
+/// The user's locale for the length of a test.
+class UserLocale
+{
+public:
+    explicit UserLocale(const char *identifier)
+    {
+        NSLocale::setCurrentLocale(NSLocale(QString::fromLatin1(identifier)));
+    }
+    ~UserLocale() { NSLocale::resetCurrentLocale(); }
+    UserLocale(const UserLocale &) = delete;
+    UserLocale &operator=(const UserLocale &) = delete;
+};
+
+QString reading(const KTCurrencyFormatter &formatter, const QString &text)
+{
+    QVariant value;
+    if (!formatter.getObjectValue(&value, text))
+        return QStringLiteral("NO");
+    return value.value<NSDecimalNumber>().description();
+}
+
+QString reading(const KTCurrencyFormatter &formatter, const char16_t *text)
+{
+    return reading(formatter, QString::fromUtf16(text));
+}
+
+/// What an amount looks like, with plain blanks for special ones.
+QString shown(const KTCurrencyFormatter &formatter, const QVariant &value)
+{
+    return formatter.stringForObjectValue(value).replace(QChar(0xA0), u' ');
+}
+
+struct Typed
+{
+    const char16_t *text;
+    const char *value;
+};
+
+QVariantMap optionsAfterAdjusting(KTCurrencyFormatter &formatter, const char16_t *text)
+{
+    QVariantMap options;
+    const KTCurrencyFormatter *result =
+        formatter.adjustForValue(QString::fromUtf16(text), &options);
+    EXPECT_EQ(result != nullptr, !options.isEmpty());
+    return options;
+}
+
+/// The steps by which the rows of the tables were made.
+void takeStep(NSNumberFormatter &formatter, const QJsonArray &step)
+{
+    const QString name = step[0].toString();
+    if (name == u"currencyCode")
+        formatter.setCurrencyCode(step[1].toString());
+    else if (name == u"currencySymbol")
+        formatter.setCurrencySymbol(step[1].toString());
+    else if (name == u"parensEdit")
+        KTCurrency::setFormatNegativeUsingParens(formatter, step[1].toBool());
+    else if (name == u"negPrefix")
+        formatter.setNegativePrefix(step[1].toString());
+    else if (name == u"negSuffix")
+        formatter.setNegativeSuffix(step[1].toString());
+}
+} // namespace
+
+TEST(KTCurrencyFormatter, StartsWithTheCurrencyOfTheUser)
+{
+    const KTCurrencyFormatter formatter;
+    EXPECT_EQ(formatter.currencyType(), u"USD");
+    EXPECT_EQ(formatter.stringForObjectValue(1234.5), u"$1,234.50");
+    EXPECT_EQ(formatter.stringForObjectValue(-2), u"-$2.00");
+    EXPECT_EQ(formatter.stringForObjectValue(0.125), u"$0.12"); // ties to even
+    EXPECT_EQ(formatter.decimalPlaces(), 2U);
+    const QVariantMap expected{{kKTFieldOption_currencyType, QStringLiteral("USD")},
+                               {kKTFieldOption_displayThousandsSeparator, true},
+                               {kKTFieldOption_highlightNegative, true},
+                               {kKTFieldOption_formatNegativeUsingParens, false}};
+    EXPECT_EQ(formatter.options(), expected);
+    const auto negative = formatter.attributedStringForObjectValue(-1);
+    EXPECT_EQ(negative->attribute(NSForegroundColorAttributeName, 0).value<QBrush>().color(),
+              QColor(Qt::red));
+}
+
+TEST(KTCurrencyFormatter, RunsItsExample)
+{
+    KTCurrencyFormatter formatter;
+    EXPECT_EQ(formatter.stringForObjectValue(1234.5), u"$1,234.50");
+    EXPECT_EQ(reading(formatter, u"($12.50)"), u"-12.5");
+    formatter.setCurrencyType(QStringLiteral("JPY"));
+    EXPECT_EQ(formatter.stringForObjectValue(1234.5), u"¥1,234");
+}
+
+TEST(KTCurrencyFormatter, OffersNeitherRupeesNorLei)
+{
+    for (const char *locale : {"en_IN", "hi_IN", "ro_RO", "en", "eo"}) {
+        const UserLocale user(locale);
+        const KTCurrencyFormatter formatter;
+        EXPECT_EQ(formatter.currencyType(), u"USD") << locale;
+        EXPECT_EQ(formatter.currencyLocale().currencyCode(), u"USD") << locale;
+    }
+    KTCurrencyFormatter formatter;
+    formatter.setCurrencyType(QStringLiteral("RON"));
+    EXPECT_EQ(formatter.currencyType(), u"USD");
+    formatter.setCurrencyType(QStringLiteral("EUR"));
+    formatter.setCurrencyType(QStringLiteral("INR"));
+    EXPECT_EQ(formatter.currencyType(), u"USD");
+    EXPECT_EQ(formatter.stringForObjectValue(5), u"$5.00");
+}
+
+TEST(KTCurrencyFormatter, KeepsTheLanguageOfALocaleWhoseCurrencyItRefuses)
+{
+    const UserLocale user("hi_IN");
+    const KTCurrencyFormatter formatter;
+    EXPECT_EQ(formatter.currencyLocale().localeIdentifier(), u"hi_IN@currency=USD");
+    EXPECT_EQ(formatter.stringForObjectValue(1234567), u"$12,34,567.00");
+}
+
+TEST(KTCurrencyFormatter, TakesTheCurrencyOfTheLocaleForNil)
+{
+    const UserLocale user("de_DE");
+    KTCurrencyFormatter formatter;
+    formatter.setCurrencyType(QStringLiteral("USD"));
+    EXPECT_EQ(shown(formatter, 5), u"5,00 $");
+    formatter.setCurrencyType(QString());
+    EXPECT_EQ(formatter.currencyType(), u"EUR");
+    EXPECT_EQ(shown(formatter, -5), u"-5,00 €");
+}
+
+TEST(KTCurrencyFormatter, WritesItsOwnMoneyShortAndOthersUnmistakably)
+{
+    const UserLocale user("en_CA");
+    KTCurrencyFormatter formatter;
+    formatter.setCurrencyType(QStringLiteral("CAD"));
+    EXPECT_EQ(formatter.stringForObjectValue(5), u"$5.00");
+    formatter.setCurrencyType(QStringLiteral("USD"));
+    EXPECT_EQ(formatter.stringForObjectValue(5), u"US$5.00");
+    formatter.setCurrencyType(QStringLiteral("KWD"));
+    EXPECT_EQ(shown(formatter, 5), u"KWD 5.000");
+    formatter.setCurrencyType(QStringLiteral("XYZ"));
+    EXPECT_EQ(shown(formatter, 5), u"XYZ 5.00");
+}
+
+TEST(KTCurrencyFormatter, ReadsPlainNumbersAndMoney)
+{
+    const Typed typed[] = {{u"12.50", "12.5"},
+                           {u"$12.50", "12.5"},
+                           {u"($12.50)", "-12.5"},
+                           {u"(12.50)", "-12.5"},
+                           {u"-$12.50", "-12.5"},
+                           {u"$-12.50", "-12.5"},
+                           {u"$1,234.50", "1234.5"},
+                           {u"12.50$", "12.5"},
+                           {u"5 USD", "5"},
+                           {u"USD5", "5"},
+                           {u"$ 5", "5"},
+                           {u"$5 ", "5"},
+                           {u" $5", "5"},
+                           {u"＄12.50", "12.5"},
+                           {u"12 US dollars", "12"},
+                           {u"($12.50", "NO"},
+                           {u"$12.50)", "NO"},
+                           {u"€5", "NO"},
+                           {u"$5x", "NO"},
+                           {u"$", "NO"},
+                           {u"", "NO"},
+                           {u"$NaN", "NO"}};
+    const KTCurrencyFormatter formatter;
+    for (const Typed &row : typed)
+        EXPECT_EQ(reading(formatter, row.text), QString::fromLatin1(row.value))
+            << qPrintable(QString::fromUtf16(row.text));
+}
+
+TEST(KTCurrencyFormatter, ReadsSignsBehindTheAmount)
+{
+    const UserLocale user("de_DE");
+    const KTCurrencyFormatter formatter;
+    EXPECT_EQ(reading(formatter, u"12,50 €"), u"12.5");
+    EXPECT_EQ(reading(formatter, u"12,50\u00A0€"), u"12.5");
+    EXPECT_EQ(reading(formatter, u"12,50€"), u"12.5");
+    EXPECT_EQ(reading(formatter, u"-12,50 €"), u"-12.5");
+    EXPECT_EQ(reading(formatter, u"1.234,50 €"), u"1234.5");
+    EXPECT_EQ(reading(formatter, u"(12,50) €"), u"-12.5");
+    EXPECT_EQ(reading(formatter, u"12,50 EUR"), u"12.5");
+}
+
+TEST(KTCurrencyFormatter, PutsNegativesInParenthesesAndKeepsTheSign)
+{
+    KTCurrencyFormatter formatter;
+    formatter.setFormatNegativeUsingParens(true);
+    EXPECT_EQ(formatter.stringForObjectValue(-2), u"($2.00)");
+    formatter.setCurrencyType(QStringLiteral("EUR"));
+    EXPECT_EQ(formatter.stringForObjectValue(-2), u"(€2.00)");
+    formatter.setFormatNegativeUsingParens(false);
+    EXPECT_EQ(formatter.stringForObjectValue(-2), u"-€2.00");
+    const std::pair<const char *, QString> locales[] = {
+        {"de_DE", QStringLiteral("(2,00) €")},
+        {"sv_SE", QStringLiteral("(2,00) kr")}, // its minus sign is U+2212
+        {"nl_NL", QStringLiteral("€ (2,00)")},
+        {"ja_JP", QStringLiteral("(￥2)")}};
+    for (const auto &[locale, expected] : locales) {
+        const UserLocale user(locale);
+        KTCurrencyFormatter local;
+        const QString before = local.stringForObjectValue(-2);
+        local.setFormatNegativeUsingParens(true);
+        EXPECT_EQ(shown(local, -2), expected);
+        local.setFormatNegativeUsingParens(false);
+        EXPECT_EQ(local.stringForObjectValue(-2), before) << locale;
+    }
+}
+
+TEST(KTCurrencyFormatter, FindsTheCurrencyOfATypedAmount)
+{
+    const std::pair<const char16_t *, const char *> typed[] = {
+        {u"€5", "EUR"},    {u"(€5)", "EUR"}, {u"£1,234.50", "GBP"},
+        {u"¥5", "JPY"},    {u"CA$5", "CAD"}, {u"R$ 5.00", "BRL"},
+        {u"5 CHF", "CHF"}, {u"￡5", "GBP"},  {u"12 British pounds", "GBP"}};
+    for (const auto &[text, code] : typed) {
+        KTCurrencyFormatter formatter;
+        EXPECT_EQ(optionsAfterAdjusting(formatter, text).value(kKTFieldOption_currencyType),
+                  QString::fromLatin1(code))
+            << qPrintable(QString::fromUtf16(text));
+        EXPECT_EQ(formatter.currencyType(), QString::fromLatin1(code));
+    }
+}
+
+TEST(KTCurrencyFormatter, AdjustsOnlyWhatItCannotRead)
+{
+    KTCurrencyFormatter formatter;
+    for (const char16_t *text : {u"5", u"$5", u"5 kr", u"abc", u"", u"₹5", u"RON 5"}) {
+        EXPECT_TRUE(optionsAfterAdjusting(formatter, text).isEmpty())
+            << qPrintable(QString::fromUtf16(text));
+        EXPECT_EQ(formatter.currencyType(), u"USD");
+    }
+    EXPECT_EQ(formatter.adjustForValue(QStringLiteral("€5"), nullptr), &formatter);
+}
+
+TEST(KTCurrencyFormatter, AdjustsAlsoAfterACurrencyWasSet)
+{
+    KTCurrencyFormatter formatter;
+    formatter.setCurrencyType(QStringLiteral("EUR"));
+    QVariantMap options;
+    ASSERT_EQ(formatter.adjustForValue(QStringLiteral("$5"), &options), &formatter);
+    EXPECT_EQ(options.value(kKTFieldOption_currencyType), QStringLiteral("USD"));
+    EXPECT_EQ(formatter.stringForObjectValue(5), u"€5.00"); // the sign comes with the options
+    formatter.setOptions(options);
+    EXPECT_EQ(formatter.stringForObjectValue(5), u"$5.00");
+}
+
+TEST(KTCurrencyFormatter, LeavesTheLastCurrencyItTriedForReading)
+{
+    KTCurrencyFormatter formatter;
+    EXPECT_EQ(formatter.adjustForValue(QStringLiteral("5 cows"), nullptr), nullptr);
+    EXPECT_EQ(reading(formatter, u"ZMW 5"), u"5");
+    EXPECT_EQ(reading(formatter, u"$5"), u"NO");
+    EXPECT_EQ(formatter.currencyType(), u"USD");
+}
+
+TEST(KTCurrencyFormatter, FindsTheSameCurrencyWhetherOrNotItLogs)
+{
+    const QStringList texts{QStringLiteral("€5"),      QStringLiteral("5 zł"),
+                            QStringLiteral("kr 5"),    QStringLiteral("A$5"),
+                            QStringLiteral("usd 5 5"), QStringLiteral("5 Swiss francs"),
+                            QStringLiteral("₩500"),    QStringLiteral("NT$5"),
+                            QStringLiteral("xaf5"),    QStringLiteral("FCFA 5")};
+    for (const char *locale : {"en_US", "de_DE", "fr_FR", "ja_JP", "sv_SE", "ar_EG"}) {
+        const UserLocale user(locale);
+        for (const QString &text : texts) {
+            KTCurrencyFormatter quick;
+            QVariantMap quickOptions;
+            quick.adjustForValue(text, &quickOptions);
+            KTCurrencyFormatter thorough;
+            QVariantMap thoroughOptions;
+            const KTLogCapture log(kLog_FormattersCurrency, 4);
+            thorough.adjustForValue(text, &thoroughOptions);
+            EXPECT_EQ(quickOptions, thoroughOptions) << locale << ' ' << qPrintable(text);
+        }
+    }
+}
+
+TEST(KTCurrencyFormatter, LogsTheWalk)
+{
+    useFreshHome();
+    KTCurrencyFormatter formatter;
+    const KTLogCapture log(kLog_FormattersCurrency, 4);
+    formatter.adjustForValue(QStringLiteral("€5"), nullptr);
+    const QStringList messages = log.messages();
+    EXPECT_TRUE(messages.contains(QStringLiteral("currencyCode: AED")));
+    EXPECT_FALSE(messages.contains(QStringLiteral("currencyCode: GBP"))); // behind the winner
+    EXPECT_TRUE(messages.contains(
+        QStringLiteral("KTCurrencyFormatter getObjectValue forString:€5 returns 1")));
+    const qsizetype end = messages.size();
+    EXPECT_EQ(messages[end - 4],
+              u"KTCurrencyFormatter attributedStringForObjectValue returns:$5.00");
+    EXPECT_EQ(messages[end - 3], u"attributed value: $5.00");
+    EXPECT_EQ(messages[end - 2], u"KTCurrencyFormatter stringForObjectValue returns:$5.00");
+    EXPECT_EQ(messages[end - 1], u"string value: $5.00");
+    EXPECT_EQ(messages.filter(QStringLiteral("currencyCode: INR")).size(), 0);
+}
+
+TEST(KTCurrencyFormatter, LogsItsLocalesInFullDetail)
+{
+    useFreshHome();
+    const KTLogCapture log(kLog_FormattersCurrency, 7);
+    const KTCurrencyFormatter formatter;
+    formatter.stringForObjectValue(5);
+    const QStringList expected{
+        QStringLiteral("filterCurrency _currencyLocale locale ID en_US"),
+        QStringLiteral("filterCurrency _currencyLocale currency code USD"),
+        QStringLiteral("filterCurrency _currencyLocale currency symbol $"),
+        QStringLiteral("filterCurrency filter _currencyLocale locale ID en_US"),
+        QStringLiteral("filterCurrency filter _currencyLocale currency code USD"),
+        QStringLiteral("filterCurrency filter _currencyLocale currency symbol $"),
+        QStringLiteral("_currencyFormatter locale ID en_US"),
+        QStringLiteral("_currencyFormatter currency code USD"),
+        QStringLiteral("_currencyFormatter currency symbol $"),
+        QStringLiteral(""),
+        QStringLiteral("_currencyLocale locale ID en_US"),
+        QStringLiteral("_currencyLocale currency code USD"),
+        QStringLiteral("_currencyLocale currency symbol $"),
+        QStringLiteral(""),
+        QStringLiteral("_locale (current) locale ID en_US"),
+        QStringLiteral("_locale (current) currency code USD"),
+        QStringLiteral("_locale (current) currency symbol $"),
+        QStringLiteral("KTCurrencyFormatter stringForObjectValue returns:$5.00")};
+    EXPECT_EQ(log.messages(), expected);
+}
+
+TEST(KTCurrencyFormatter, LogsFailures)
+{
+    useFreshHome();
+    const KTCurrencyFormatter formatter;
+    const KTLogCapture log(kLog_FormattersCurrency, 4);
+    QString error;
+    EXPECT_FALSE(formatter.getObjectValue(nullptr, QStringLiteral("x"), &error));
+    EXPECT_EQ(error, u"The text is not a number.");
+    const QStringList once{
+        QStringLiteral("KTCurrencyFormatter getObjectValue forString:x returns 0"),
+        QStringLiteral("KTCurrencyFormatter getObjectValue error: The text is not a number.")};
+    EXPECT_EQ(log.messages(), once + once);
+}
+
+TEST(KTCurrencyFormatter, LeavesDecimalPlacesToTheCurrency)
+{
+    KTCurrencyFormatter formatter;
+    formatter.setOptions({{kKTFieldOption_decimalPlaces, 4}});
+    formatter.setDecimalPlaces(4);
+    EXPECT_EQ(formatter.decimalPlaces(), 2U);
+    EXPECT_EQ(formatter.stringForObjectValue(1), u"$1.00");
+    EXPECT_FALSE(formatter.options().contains(kKTFieldOption_decimalPlaces));
+    formatter.setDisplayAllDecimalPlaces();
+    EXPECT_EQ(formatter.stringForObjectValue(1.23456), u"$1.23456");
+}
+
+TEST(KTCurrencyFormatter, CanLeaveThousandsTogether)
+{
+    KTCurrencyFormatter formatter;
+    QSignalSpy changes(&formatter, &KTNumberFormatter::displayThousandsSeparatorChanged);
+    formatter.setDisplayThousandsSeparator(false);
+    EXPECT_FALSE(formatter.displayThousandsSeparator());
+    EXPECT_EQ(changes.count(), 1);
+    EXPECT_EQ(formatter.stringForObjectValue(1234), u"$1234.00");
+    KTNumberFormatter &asNumber = formatter;
+    asNumber.setHighlightNegative(false);
+    EXPECT_FALSE(formatter.textAttributesForNegativeValues().has_value());
+}
+
+TEST(KTCurrencyFormatter, GivesItsFormattersTheLocaleOfNumbers)
+{
+    KTCurrencyFormatter formatter;
+    formatter.setCurrencyLocale(NSLocale(QStringLiteral("de_DE")));
+    EXPECT_EQ(formatter.currencyLocale().localeIdentifier(), u"de_DE");
+    EXPECT_EQ(formatter.stringForObjectValue(5), u"$5.00");
+    formatter.setCurrencyLocale(NSLocale(QStringLiteral("en_IN")));
+    EXPECT_EQ(formatter.currencyLocale().localeIdentifier(), u"en_IN@currency=USD");
+}
+
+TEST(KTCurrencyFormatter, ShowsNumbersOnly)
+{
+    const KTCurrencyFormatter formatter;
+    EXPECT_EQ(formatter.stringForObjectValue(QStringLiteral("5")), QString());
+    EXPECT_EQ(formatter.stringForObjectValue(QVariant()), QString());
+    EXPECT_FALSE(formatter.attributedStringForObjectValue(QVariant()).has_value());
+}
+
+TEST(KTCurrencyFormatter, SurvivesAnyText)
+{
+    KTCurrencyFormatter formatter;
+    QList<QString> texts = hostileTexts();
+    texts << megabyteOf(QStringLiteral("9")) << megabyteOf(QStringLiteral("$"))
+          << megabyteOf(QStringLiteral("€5")) << megabyteOf(QStringLiteral(" "));
+    for (const QString &text : texts) {
+        QVariant value;
+        formatter.getObjectValue(&value, text);
+        formatter.adjustForValue(text, nullptr);
+    }
+    EXPECT_EQ(reading(formatter, u"7"), u"7");
+}
+
+TEST(CurrencyParentheses, EditTheAffixesThatAreThere)
+{
+    NSNumberFormatter formatter;
+    formatter.setNumberStyle(NSNumberFormatterCurrencyStyle);
+    EXPECT_EQ(formatter.negativePrefix(), u"-$");
+    KTCurrency::setFormatNegativeUsingParens(formatter, true);
+    EXPECT_EQ(formatter.negativePrefix(), u"($");
+    EXPECT_EQ(formatter.negativeSuffix(), u")");
+    KTCurrency::setFormatNegativeUsingParens(formatter, true);
+    EXPECT_EQ(formatter.negativeSuffix(), u")");
+    KTCurrency::setFormatNegativeUsingParens(formatter, false);
+    EXPECT_EQ(formatter.negativePrefix(), u"-$");
+    EXPECT_EQ(formatter.negativeSuffix(), u"");
+    formatter.setNegativePrefix(QStringLiteral("minus "));
+    KTCurrency::setFormatNegativeUsingParens(formatter, true);
+    EXPECT_EQ(formatter.negativePrefix(), u"minus ");
+    EXPECT_EQ(formatter.negativeSuffix(), u"");
+}
+
+TEST(CurrencyAffixes, AreWhatTheTableSays)
+{
+    int cells = 0;
+    for (const QJsonObject &row : rowsOf(QStringLiteral("formatters/currency_affixes.jsonl"))) {
+        NSNumberFormatter formatter;
+        formatter.setNumberStyle(NSNumberFormatterCurrencyStyle);
+        formatter.setLocale(NSLocale(row[u"locale"].toString()));
+        formatter.setUsesGroupingSeparator(true);
+        formatter.setLenient(true);
+        const QJsonArray steps = row[u"set"].toArray();
+        for (const QJsonValue &step : steps)
+            takeStep(formatter, step.toArray());
+        const QString where = row[u"locale"].toString() + u' ' + row[u"what"].toString() + u' ' +
+                              row[u"code"].toString();
+        EXPECT_EQ(formatter.currencySymbol(), row[u"symbol"].toString()) << qPrintable(where);
+        // Written affixes follow the currency here and keep the distance from letters.
+        if (row[u"what"].toString().startsWith(u"off, "))
+            continue;
+        EXPECT_EQ(formatter.negativePrefix(), row[u"negPrefix"].toString()) << qPrintable(where);
+        EXPECT_EQ(formatter.negativeSuffix(), row[u"negSuffix"].toString()) << qPrintable(where);
+        EXPECT_EQ(formatter.minimumFractionDigits(), row[u"minFrac"].toInt());
+        const QJsonObject texts = row[u"cells"].toObject();
+        const bool isWritten = row[u"what"].toString().contains(u"parens");
+        const QString symbol = row[u"symbol"].toString();
+        const bool isBefore =
+            symbol.back().isLetter() && formatter.negativePrefix().contains(symbol);
+        for (auto it = texts.begin(); it != texts.end(); ++it, ++cells) {
+            const QString number = it.key().mid(2);
+            const QVariant value =
+                it.key().startsWith(u'i') ? QVariant(number.toLongLong()) : number.toDouble();
+            QString text = formatter.stringForObjectValue(value);
+            if (isWritten && isBefore && value.toDouble() < 0)
+                text.remove(QChar(0xA0)); // kept from a sign made of letters, "(CHF 5.00)"
+            EXPECT_EQ(text, it.value().toString()) << qPrintable(where);
+        }
+    }
+    EXPECT_GE(cells, 1500);
+}
+
+TEST(CurrencyCodes, AreThoseOfTheTable)
+{
+    const QList<QJsonObject> rows =
+        rowsOf(QStringLiteral("formatters/currency_common_codes.jsonl"));
+    const QStringList codes = rows.first()[u"codes"].toVariant().toStringList();
+    EXPECT_EQ(NSLocale::commonISOCurrencyCodes(), codes);
+}
+
+TEST(CurrencySymbols, AreThoseOfTheTable)
+{
+    for (const QJsonObject &row : rowsOf(QStringLiteral("formatters/locales.jsonl"))) {
+        const NSLocale locale(row[u"identifier"].toString());
+        EXPECT_EQ(locale.currencyCode(), row[u"currencyCode"].toString());
+        EXPECT_EQ(locale.currencySymbol(), row[u"currencySymbol"].toString());
+        EXPECT_EQ(locale.calendarIdentifier(), row[u"calendar"].toString());
+        EXPECT_EQ(locale.decimalSeparator(), row[u"decimal"].toString());
+        const QJsonObject symbols = row[u"display"].toObject();
+        for (auto it = symbols.begin(); it != symbols.end(); ++it)
+            EXPECT_EQ(locale.displayNameForKey(NSLocaleCurrencySymbol, it.key()),
+                      it.value().toString());
+    }
+}

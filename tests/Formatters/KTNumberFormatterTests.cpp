@@ -1,0 +1,305 @@
+#include <KTUtility/Formatters/KTNumberFormatter.h>
+#include <KTUtility/KTLogCapture.h>
+#include <KTUtility/KTLoggerComponents.h>
+#include <KTUtility/Platform/Foundation/NSDecimalNumber.h>
+#include <KTUtility/Platform/Foundation/NSException.h>
+#include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>
+
+#include "support/TestSupport.h"
+
+#include <QBrush>
+#include <QJsonObject>
+#include <QSignalSpy>
+
+using namespace testing_support;
+
+namespace {
+/// A formatter in a locale of its own; the user's is pinned to en_US.
+std::unique_ptr<KTNumberFormatter> formatterIn(const char *locale)
+{
+    auto formatter = std::make_unique<KTNumberFormatter>();
+    formatter->setLocale(NSLocale(QString::fromLatin1(locale)));
+    return formatter;
+}
+
+/// What a text reads as: a decimal's digits, "NO" if it is no number.
+QString reading(const KTNumberFormatter &formatter, const QString &text)
+{
+    QVariant value;
+    if (!formatter.getObjectValue(&value, text)) {
+        EXPECT_FALSE(value.isValid());
+        return QStringLiteral("NO");
+    }
+    EXPECT_EQ(value.metaType(), QMetaType::fromType<NSDecimalNumber>());
+    return value.value<NSDecimalNumber>().description();
+}
+
+QString reading(const KTNumberFormatter &formatter, const char16_t *text)
+{
+    return reading(formatter, QString::fromUtf16(text));
+}
+
+NSDecimalNumber decimal(QStringView text)
+{
+    return NSDecimalNumber::decimalNumberWithString(text);
+}
+
+QColor colourOf(const std::optional<NSAttributedString> &text)
+{
+    return text->attribute(NSForegroundColorAttributeName, 0).value<QBrush>().color();
+}
+
+struct Typed
+{
+    const char16_t *text;
+    const char *value;
+};
+} // namespace
+
+TEST(KTNumberFormatter, StartsWithGroupsNoPlacesAndRedNegatives)
+{
+    const KTNumberFormatter formatter;
+    EXPECT_EQ(formatter.stringForObjectValue(1234.5), u"1,235");
+    EXPECT_EQ(formatter.stringForObjectValue(2.5), u"3");
+    EXPECT_EQ(formatter.stringForObjectValue(-2.5), u"-3");
+    EXPECT_EQ(formatter.stringForObjectValue(-2), u"-2");
+    const auto negative = formatter.attributedStringForObjectValue(-2);
+    EXPECT_EQ(negative->string(), u"-2");
+    EXPECT_EQ(colourOf(negative), QColor(Qt::red));
+    const auto positive = formatter.attributedStringForObjectValue(2);
+    EXPECT_FALSE(positive->attribute(NSForegroundColorAttributeName, 0).isValid());
+    const QVariantMap expected{{kKTFieldOption_decimalPlaces, 0U},
+                               {kKTFieldOption_displayThousandsSeparator, true},
+                               {kKTFieldOption_highlightNegative, true},
+                               {kKTFieldOption_formatNegativeUsingParens, false}};
+    EXPECT_EQ(formatter.options(), expected);
+    EXPECT_FALSE(formatter.useDisplayStringForEditingString());
+    EXPECT_EQ(formatter.locale().localeIdentifier(), u"en_US");
+}
+
+TEST(KTNumberFormatter, RunsItsExample)
+{
+    KTNumberFormatter formatter;
+    formatter.setDecimalPlaces(2);
+    EXPECT_EQ(formatter.stringForObjectValue(1234.5), u"1,234.50");
+    QVariant value;
+    EXPECT_TRUE(formatter.getObjectValue(&value, QStringLiteral("(1,234.5678)")));
+    EXPECT_EQ(value.value<NSDecimalNumber>(), decimal(u"-1234.5678"));
+}
+
+TEST(KTNumberFormatter, ShowsNumbersOnly)
+{
+    const KTNumberFormatter formatter;
+    EXPECT_EQ(formatter.stringForObjectValue(QStringLiteral("12")), QString());
+    EXPECT_EQ(formatter.stringForObjectValue(QVariant()), QString());
+    EXPECT_EQ(formatter.stringForObjectValue(QVariantList{1}), QString());
+    EXPECT_EQ(formatter.stringForObjectValue(true), u"1");
+    EXPECT_EQ(formatter.stringForObjectValue(QVariant::fromValue(decimal(u"1e20"))),
+              u"100,000,000,000,000,000,000");
+    EXPECT_FALSE(formatter.attributedStringForObjectValue(QVariant()).has_value());
+}
+
+TEST(KTNumberFormatter, ShowsDecimalsDigitByDigit)
+{
+    KTNumberFormatter formatter;
+    formatter.setDecimalPlaces(30);
+    EXPECT_EQ(formatter.stringForObjectValue(
+                  QVariant::fromValue(decimal(u"12345678.123456789012345678901234567891"))),
+              u"12,345,678.123456789012345678901234567891");
+}
+
+TEST(KTNumberFormatter, PutsNegativesInParentheses)
+{
+    KTNumberFormatter formatter;
+    formatter.setFormatNegativeUsingParens(true);
+    EXPECT_TRUE(formatter.formatNegativeUsingParens());
+    EXPECT_EQ(formatter.stringForObjectValue(-2), u"(2)");
+    EXPECT_EQ(formatter.editingStringForObjectValue(-3), u"-3");
+    formatter.setFormatNegativeUsingParens(false);
+    EXPECT_EQ(formatter.stringForObjectValue(-2), u"-2");
+    const auto swedish = formatterIn("sv_SE");
+    EXPECT_EQ(swedish->stringForObjectValue(-2), u"-2"); // not the locale's U+2212
+}
+
+TEST(KTNumberFormatter, ShowsAllPlacesIfAsked)
+{
+    KTNumberFormatter formatter;
+    formatter.setDecimalPlaces(2);
+    formatter.setDisplayAllDecimalPlaces();
+    EXPECT_EQ(formatter.decimalPlaces(), 2U);
+    EXPECT_EQ(formatter.stringForObjectValue(1.5), u"1.50");
+    EXPECT_EQ(formatter.stringForObjectValue(1.23456), u"1.23456");
+    formatter.setDecimalPlaces(1);
+    EXPECT_EQ(formatter.stringForObjectValue(1.25), u"1.3");
+    formatter.setDecimalPlaces(std::numeric_limits<uint>::max());
+    EXPECT_EQ(formatter.decimalPlaces(), 999U);
+}
+
+TEST(KTNumberFormatter, EditsWithoutGroupsAndWithAllPlaces)
+{
+    KTNumberFormatter formatter;
+    EXPECT_EQ(formatter.editingStringForObjectValue(1234.5), u"1234.5");
+    EXPECT_EQ(formatter.editingStringForObjectValue(
+                  QVariant::fromValue(decimal(u"0.12345678901234567890123456789012345678"))),
+              u"0.12345678901234567890123456789012345678");
+    EXPECT_EQ(formatter.editingStringForObjectValue(QStringLiteral("x")), QString());
+    EXPECT_EQ(formatterIn("de_DE")->editingStringForObjectValue(-1234.5), u"-1234,5");
+    formatter.setUseDisplayStringForEditingString(true);
+    EXPECT_EQ(formatter.editingStringForObjectValue(1234.5), u"1,235");
+}
+
+TEST(KTNumberFormatter, ReadsWhatPeopleType)
+{
+    const Typed typed[] = {{u"1234.5678", "1234.5678"},
+                           {u"(12)", "-12"},
+                           {u"1,234", "1234"},
+                           {u"(1,234)", "-1234"},
+                           {u" 12 ", "12"},
+                           {u"１２", "12"},
+                           {u"1²", "12"},
+                           {u"①", "1"},
+                           {u"−5", "-5"},
+                           {u"- 5", "-5"},
+                           {u"+5", "5"},
+                           {u"1\u00A0234", "1234"},
+                           {u"1\u202F234.5", "1234.5"},
+                           {u"٥", "5"},
+                           {u"1e5", "100000"},
+                           {u"-0", "0"},
+                           {u"12345678901234567890123456789012345678901234567890",
+                            "12345678901234567890123456789012345678000000000000"},
+                           {u"12abc", "NO"},
+                           {u" 12a", "NO"},
+                           {u"(12", "NO"},
+                           {u"12)", "NO"},
+                           {u"", "NO"},
+                           {u"-", "NO"},
+                           {u"½", "NO"},
+                           {u"∞", "NO"},
+                           {u"NaN", "NO"},
+                           {u"1E400", "NO"},
+                           {u"$5", "NO"}};
+    const KTNumberFormatter formatter;
+    for (const Typed &row : typed)
+        EXPECT_EQ(reading(formatter, row.text), QString::fromLatin1(row.value))
+            << qPrintable(QString::fromUtf16(row.text));
+}
+
+TEST(KTNumberFormatter, ReadsInFourPassesAsTheTableSays)
+{
+    // An unpaired parenthesis and what follows a leading blank are refused here.
+    const QStringList refused{QStringLiteral("(12"), QStringLiteral("12)"), QStringLiteral(" 12x"),
+                              QStringLiteral("  12ab")};
+    int cells = 0;
+    for (const QJsonObject &row : rowsOf(QStringLiteral("formatters/number_four_passes.jsonl"))) {
+        const auto formatter = formatterIn(qPrintable(row[u"locale"].toString()));
+        const QJsonObject texts = row[u"cells"].toObject();
+        for (auto it = texts.begin(); it != texts.end(); ++it, ++cells) {
+            const bool isWanted = !it.value().isNull() && !refused.contains(it.key());
+            const QString expected = isWanted ? decimal(it.value()[u"dec"].toString()).description()
+                                              : QStringLiteral("NO");
+            EXPECT_EQ(reading(*formatter, it.key()), expected)
+                << qPrintable(row[u"locale"].toString() + u" \"" + it.key() + u'"');
+        }
+    }
+    EXPECT_GE(cells, 380);
+}
+
+TEST(KTNumberFormatter, TellsWhyAsThePlatformDoes)
+{
+    const KTNumberFormatter formatter;
+    QVariant value = 7;
+    QString error = QStringLiteral("before");
+    EXPECT_FALSE(formatter.getObjectValue(&value, QStringLiteral("abc"), &error));
+    EXPECT_FALSE(value.isValid());
+    EXPECT_EQ(error, u"Error Domain=NSCocoaErrorDomain Code=2048 \"The text is not a number.\"");
+    EXPECT_FALSE(formatter.getObjectValue(&value, QStringLiteral("12abc"), &error));
+    EXPECT_EQ(error, QString()); // a number was read, but not all of the text
+    error = QStringLiteral("before");
+    EXPECT_TRUE(formatter.getObjectValue(&value, QStringLiteral("5"), &error));
+    EXPECT_EQ(error, u"before");
+    EXPECT_TRUE(formatter.getObjectValue(nullptr, QStringLiteral("5")));
+    EXPECT_FALSE(formatter.getObjectValue(nullptr, QStringLiteral("x")));
+}
+
+TEST(KTNumberFormatter, LogsItsPasses)
+{
+    useFreshHome();
+    const KTLogCapture log(kLog_FormattersNumbers, 4);
+    const KTNumberFormatter formatter;
+    QVariant value;
+    QString error;
+    formatter.getObjectValue(&value, QStringLiteral("12x"), &error);
+    formatter.stringForObjectValue(5);
+    formatter.attributedStringForObjectValue(6);
+    QStringList expected;
+    for (int pass = 0; pass < 8; ++pass)
+        expected << QStringLiteral("extra characters found in number string: x")
+                 << QStringLiteral("KTNumberFormatter getObjectValue forString:12x returns 0");
+    const QString noError = QStringLiteral("KTNumberFormatter getObjectValue error: <null>");
+    expected.insert(8, noError);
+    expected << noError << QStringLiteral("KTNumberFormatter stringForObjectValue returns:5")
+             << QStringLiteral("KTNumberFormatter attributedStringForObjectValue returns:6");
+    EXPECT_EQ(log.messages(), expected);
+}
+
+TEST(KTNumberFormatter, IsSetByOptionKeysAndTellsObservers)
+{
+    KTNumberFormatter formatter;
+    QSignalSpy places(&formatter, &KTNumberFormatter::decimalPlacesChanged);
+    QSignalSpy highlight(&formatter, &KTNumberFormatter::highlightNegativeChanged);
+    formatter.setOptions({{kKTFieldOption_highlightNegative, false},
+                          {kKTFieldOption_decimalPlaces, 3},
+                          {kKTFieldOption_currencyType, QStringLiteral("EUR")}});
+    EXPECT_EQ(places.count(), 1);
+    EXPECT_EQ(highlight.count(), 1);
+    EXPECT_FALSE(formatter.textAttributesForNegativeValues().has_value());
+    EXPECT_EQ(formatter.stringForObjectValue(1.5), u"1.500");
+    EXPECT_EQ(NSKeyValueCoding::valueForKey(&formatter, kKTFieldOption_decimalPlaces), 3U);
+    formatter.setOptions({});
+    EXPECT_FALSE(formatter.highlightNegative());
+    EXPECT_EQ(formatter.decimalPlaces(), 3U);
+
+    KTNumberFormatter other;
+    other.setOptions(formatter.options());
+    EXPECT_EQ(other.stringForObjectValue(-1234.5678), formatter.stringForObjectValue(-1234.5678));
+    EXPECT_EQ(other.options(), formatter.options());
+}
+
+TEST(KTNumberFormatter, RefusesOptionsOfAnotherType)
+{
+    KTNumberFormatter formatter;
+    EXPECT_THROW(formatter.setOptions({{kKTFieldOption_decimalPlaces, QVariantList{1}}}),
+                 NSException);
+    EXPECT_EQ(formatter.decimalPlaces(), 0U);
+}
+
+TEST(KTNumberFormatter, KeepsTheDefaultAttributes)
+{
+    KTNumberFormatter formatter;
+    QTextCharFormat bold;
+    bold.setFontWeight(QFont::Bold);
+    const auto text = formatter.attributedStringForObjectValue(-1, bold);
+    EXPECT_EQ(text->attributesAtIndex(0).fontWeight(), QFont::Bold);
+    EXPECT_EQ(colourOf(text), QColor(Qt::red));
+    formatter.setHighlightNegative(false);
+    const auto plain = formatter.attributedStringForObjectValue(-1, bold);
+    EXPECT_EQ(plain->attributesAtIndex(0), bold);
+}
+
+TEST(KTNumberFormatter, SurvivesAnyText)
+{
+    const KTNumberFormatter formatter;
+    QList<QString> texts = hostileTexts();
+    texts << megabyteOf(QStringLiteral("9")) << megabyteOf(QStringLiteral("9,999"))
+          << megabyteOf(QStringLiteral("(")) << megabyteOf(QStringLiteral("1\u0301"))
+          << megabyteOf(QStringLiteral(" ")) << megabyteOf(QStringLiteral("-"))
+          << megabyteOf(QStringLiteral("\u200E")) << QString(QChar(0xD800)) + u'5';
+    for (const QString &text : texts) {
+        QString error;
+        QVariant value;
+        EXPECT_EQ(formatter.getObjectValue(&value, text, &error), value.isValid());
+    }
+    EXPECT_EQ(reading(formatter, u"7"), u"7"); // nothing is left of the failures
+    EXPECT_EQ(reading(formatter, u"(7)"), u"-7");
+}
