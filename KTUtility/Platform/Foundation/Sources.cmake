@@ -2,7 +2,17 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSAssertionHandler.cpp
     Platform/Foundation/NSAttributedString.cpp
     Platform/Foundation/NSBundle.cpp
+    Platform/Foundation/NSCalendar.cpp
+    Platform/Foundation/NSCalendarDateReader.cpp
+    Platform/Foundation/NSCalendarDateWriter.cpp
+    Platform/Foundation/NSCalendarEngine.cpp
     Platform/Foundation/NSCharacterSet.cpp
+    Platform/Foundation/NSDateEngine.cpp
+    Platform/Foundation/NSDateEnvironment.cpp
+    Platform/Foundation/NSDateFormatter.cpp
+    Platform/Foundation/NSDateFormatterPrivate.cpp
+    Platform/Foundation/NSDatePattern.cpp
+    Platform/Foundation/NSDateSymbols.cpp
     Platform/Foundation/NSDecimalNumber.cpp
     Platform/Foundation/NSDefaultsFile.cpp
     Platform/Foundation/NSError.cpp
@@ -17,6 +27,7 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSKeyValueTarget.cpp
     Platform/Foundation/NSLocale.cpp
     Platform/Foundation/NSLog.cpp
+    Platform/Foundation/NSNaturalLanguageDate.cpp
     Platform/Foundation/NSNumberDigits.cpp
     Platform/Foundation/NSNumberEngine.cpp
     Platform/Foundation/NSNumberFormatter.cpp
@@ -33,12 +44,14 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSScanner.cpp
     Platform/Foundation/NSSearchPath.cpp
     Platform/Foundation/NSSelector.cpp
+    Platform/Foundation/NSSeptember.cpp
     Platform/Foundation/NSStringCase.cpp
     Platform/Foundation/NSStringCompare.cpp
     Platform/Foundation/NSStringEncoding.cpp
     Platform/Foundation/NSStringFormat.cpp
     Platform/Foundation/NSStringTrim.cpp
     Platform/Foundation/NSStringValues.cpp
+    Platform/Foundation/NSTimeZoneRules.cpp
     Platform/Foundation/NSURL.cpp
     Platform/Foundation/NSUserDefaults.cpp
     Platform/Foundation/NSValueTransformer.cpp

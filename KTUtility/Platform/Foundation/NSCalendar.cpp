@@ -1,0 +1,177 @@
+#include "NSCalendar.h"
+
+#include "NSCalendarEngine_p.h"
+
+#include <QMutex>
+#include <QMutexLocker>
+
+#include <array>
+
+namespace {
+/// A component, its unit, ICU's field, and what ICU counts from if not from the same.
+struct Component
+{
+    NSCalendarUnits unit;
+    int NSDateComponents::*member;
+    UCalendarDateFields field;
+    int bias = 0;
+};
+
+/// From the largest to the smallest, the order in which lengths of time are added and measured.
+constexpr std::array<Component, 10> Components{{
+    {NSEraCalendarUnit, &NSDateComponents::era, UCAL_ERA},
+    {NSYearCalendarUnit, &NSDateComponents::year, UCAL_YEAR},
+    {NSMonthCalendarUnit, &NSDateComponents::month, UCAL_MONTH, 1},
+    {NSWeekCalendarUnit, &NSDateComponents::week, UCAL_WEEK_OF_YEAR},
+    {NSWeekdayOrdinalCalendarUnit, &NSDateComponents::weekdayOrdinal, UCAL_DAY_OF_WEEK_IN_MONTH},
+    {NSDayCalendarUnit, &NSDateComponents::day, UCAL_DATE},
+    {NSWeekdayCalendarUnit, &NSDateComponents::weekday, UCAL_DAY_OF_WEEK},
+    {NSHourCalendarUnit, &NSDateComponents::hour, UCAL_HOUR_OF_DAY},
+    {NSMinuteCalendarUnit, &NSDateComponents::minute, UCAL_MINUTE},
+    {NSSecondCalendarUnit, &NSDateComponents::second, UCAL_SECOND},
+}};
+
+/// The machine's zone, and the environment that it came from.
+struct SystemZone
+{
+    QMutex mutex;
+    QByteArray variable;
+    QTimeZone zone;
+};
+
+SystemZone &systemZone()
+{
+    static SystemZone zone;
+    return zone;
+}
+
+QDateTime dateOf(double milliseconds, UErrorCode status)
+{
+    if (U_FAILURE(status))
+        return {};
+    return QDateTime::fromMSecsSinceEpoch(qint64(milliseconds), Qt::UTC);
+}
+
+/// What is undefined while something else is defined.
+void setStartOfEverything(icu::Calendar *calendar, UErrorCode *status)
+{
+    const int32_t era = calendar->get(UCAL_ERA, *status);
+    calendar->clear();
+    calendar->set(UCAL_ERA, era);
+    calendar->set(UCAL_YEAR, 1);
+    calendar->set(UCAL_MONTH, 0);
+    calendar->set(UCAL_DATE, 1);
+}
+} // namespace
+
+NSCalendar::NSCalendar(const QString &identifier)
+    : NSCalendar(identifier, NSLocale::currentLocale())
+{
+}
+
+NSCalendar NSCalendar::currentCalendar()
+{
+    return calendarOfLocale(NSLocale::currentLocale());
+}
+
+NSCalendar NSCalendar::calendarOfLocale(const NSLocale &locale)
+{
+    return {locale.calendarIdentifier(), locale};
+}
+
+QTimeZone NSCalendar::systemTimeZone()
+{
+    SystemZone &known = systemZone();
+    const QByteArray variable = qgetenv("TZ");
+    const QMutexLocker lock(&known.mutex);
+    if (known.zone.isValid() && known.variable == variable)
+        return known.zone;
+    known.variable = variable;
+    known.zone = QTimeZone::systemTimeZone();
+    if (!known.zone.isValid())
+        known.zone = QTimeZone::utc();
+    return known.zone;
+}
+
+void NSCalendar::resetSystemTimeZone()
+{
+    SystemZone &known = systemZone();
+    const QMutexLocker lock(&known.mutex);
+    known.zone = QTimeZone();
+}
+
+int NSCalendar::firstWeekday() const
+{
+    return NSCalendarEngine(*this)->getFirstDayOfWeek();
+}
+
+int NSCalendar::minimumDaysInFirstWeek() const
+{
+    return NSCalendarEngine(*this)->getMinimalDaysInFirstWeek();
+}
+
+NSDateComponents NSCalendar::components(NSCalendarUnits units, const QDateTime &fromDate) const
+{
+    NSDateComponents result;
+    if (!fromDate.isValid())
+        return result;
+    const NSCalendarEngine calendar(*this);
+    UErrorCode status = U_ZERO_ERROR;
+    calendar->setTime(double(fromDate.toMSecsSinceEpoch()), status);
+    for (const Component &component : Components) {
+        if (units & component.unit)
+            result.*component.member = calendar->get(component.field, status) + component.bias;
+    }
+    return U_SUCCESS(status) ? result : NSDateComponents();
+}
+
+NSDateComponents NSCalendar::components(NSCalendarUnits units, const QDateTime &fromDate,
+                                        const QDateTime &toDate) const
+{
+    NSDateComponents result;
+    if (!fromDate.isValid() || !toDate.isValid())
+        return result;
+    const NSCalendarEngine calendar(*this);
+    UErrorCode status = U_ZERO_ERROR;
+    calendar->setTime(double(fromDate.toMSecsSinceEpoch()), status);
+    const double end = double(toDate.toMSecsSinceEpoch());
+    for (const Component &component : Components) {
+        if (units & component.unit)
+            result.*component.member = calendar->fieldDifference(end, component.field, status);
+    }
+    return U_SUCCESS(status) ? result : NSDateComponents();
+}
+
+QDateTime NSCalendar::dateFromComponents(const NSDateComponents &components) const
+{
+    if (components == NSDateComponents())
+        return {};
+    const NSCalendarEngine calendar(*this);
+    UErrorCode status = U_ZERO_ERROR;
+    calendar->setTime(icu::Calendar::getNow(), status);
+    setStartOfEverything(calendar.operator->(), &status);
+    for (const Component &component : Components) {
+        const int value = components.*component.member;
+        if (value != NSUndefinedDateComponent)
+            calendar->set(component.field, value - component.bias);
+    }
+    const double time = calendar->getTime(status);
+    return dateOf(time, status);
+}
+
+QDateTime NSCalendar::dateByAddingComponents(const NSDateComponents &components,
+                                             const QDateTime &toDate) const
+{
+    if (!toDate.isValid())
+        return {};
+    const NSCalendarEngine calendar(*this);
+    UErrorCode status = U_ZERO_ERROR;
+    calendar->setTime(double(toDate.toMSecsSinceEpoch()), status);
+    for (const Component &component : Components) {
+        const int value = components.*component.member;
+        if (value != NSUndefinedDateComponent)
+            calendar->add(component.field, value, status);
+    }
+    const double time = calendar->getTime(status);
+    return dateOf(time, status);
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "NSDateEngine_p.h"
+
+#include <QString>
+#include <QStringView>
+
+// The patterns of the behaviour 10.0: "%m/%d/%y %I:%M:%S %p". They are about the Gregorian calendar
+// only. A directive that does not exist stands for itself.
+
+namespace NSCalendarDateFormat {
+/// The text of an instant.
+QString stringOf(const QString &pattern, qint64 time,
+                 const std::shared_ptr<const NSDateEnvironment> &environment,
+                 const NSTimeZoneRules &rules);
+
+/// Reads a date from the start of \a text. Blanks in the pattern are any number of blanks, numbers
+/// may have fewer digits; hour 24 is 0:00 of the next day. %c, %x and %X cannot be read.
+bool parse(const QString &pattern, QStringView text, const NSDateReading &reading,
+           NSDateMatch *match);
+} // namespace NSCalendarDateFormat

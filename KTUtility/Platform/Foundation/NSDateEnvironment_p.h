@@ -1,0 +1,57 @@
+#pragma once
+
+#include "NSDateFormatter.h"
+
+#include <unicode/dtfmtsym.h>
+#include <unicode/locid.h>
+
+#include <QString>
+
+#include <array>
+#include <memory>
+#include <optional>
+
+/// What a formatter sets beside a locale and calendar, and what ICU has to be told; most formatters
+/// set nothing of it.
+struct NSDateCustoms
+{
+    std::array<std::optional<QStringList>, size_t(NSDateFormatterSymbols::AMPM) + 1> symbols;
+    int twoDigitStartYear = 1950;
+    int firstWeekday = 0;           ///< 0: the locale's
+    int minimumDaysInFirstWeek = 0; ///< 0: the locale's
+
+    friend bool operator==(const NSDateCustoms &, const NSDateCustoms &) = default;
+};
+
+/// Everything about dates that comes from a locale and calendar. Immutable; shared by all
+/// formatters of the locale, except by those with customs of their own.
+class NSDateEnvironment
+{
+public:
+    static std::shared_ptr<const NSDateEnvironment> environmentOf(const NSLocale &locale,
+                                                                  const QString &calendar);
+    /// One with customs: the shared one if they are none after all.
+    static std::shared_ptr<const NSDateEnvironment>
+    environmentOf(const NSLocale &locale, const QString &calendar, const NSDateCustoms &customs);
+
+    NSDateEnvironment(const NSLocale &locale, const QString &calendar,
+                      const NSDateCustoms &customs);
+
+    /// The pattern of a pair of styles, with plain blanks only.
+    QString patternOfStyles(unsigned date, unsigned time) const;
+    /// The names of a kind.
+    QStringList symbolsOf(NSDateFormatterSymbols kind) const;
+
+    const icu::Locale locale;
+    const icu::DateFormatSymbols &symbols() const { return *_symbols; }
+    const NSDateCustoms customs;
+    /// ICU's type of the calendar.
+    QString calendarType;
+    bool isGregorian = false;
+    bool isEnglish = false;
+
+private:
+    std::unique_ptr<icu::DateFormatSymbols> _symbols;
+    std::array<QString, 5> _datePatterns;
+    std::array<QString, 5> _timePatterns;
+};
