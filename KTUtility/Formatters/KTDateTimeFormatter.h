@@ -1,0 +1,220 @@
+#pragma once
+
+#include <KTUtility/Formatters/KTOptionsKeys.h>
+#include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/Foundation/NSCalendar.h>
+#include <KTUtility/Platform/Foundation/NSDateFormatter.h>
+#include <KTUtility/Platform/Foundation/NSFormatter.h>
+#include <KTUtility/Platform/Foundation/NSLocale.h>
+
+#include <QDateTime>
+#include <QHash>
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+/// Platform formatters in the order in which they are tried; shared, so they cannot be changed.
+using KTDateFormatterList = std::vector<std::shared_ptr<const NSDateFormatter>>;
+
+/// Formats the dates, or dates and times, of a field, and reads them however people type them.
+///
+/// Displays in one of the locale's styles, with four digits of the year, or without the year.
+/// Reads any usual order, separator and spelling of dates and times: some sixty patterns are tried
+/// one after the other, those of the locale's order of day, month and year first, and the first
+/// that takes all of the text wins. It is remembered: the next text of the same shape costs one
+/// try. A date without a year is one of this year, one without a time is at noon, a time without a
+/// date is today's.
+///
+/// Not for times of day alone (KTTimeFormatter), and not for texts in one known format
+/// (NSDateFormatter). Patterns are Unicode's (UTS #35, part 4).
+///
+/// \code
+/// KTDateTimeFormatter formatter;                           // in the user's locale, here en_US
+/// QVariant value;
+/// formatter.getObjectValue(&value, QStringLiteral("March 5, 2008"));
+/// formatter.stringForObjectValue(value);                   // "3/5/2008"
+/// formatter.setDateStyle(NSDateFormatterLongStyle);
+/// formatter.stringForObjectValue(value);                   // "March 5, 2008"
+/// formatter.setDisplayYear(false);
+/// formatter.stringForObjectValue(value);                   // "March 5"
+/// \endcode
+class KTUTILITY_EXPORT KTDateTimeFormatter : public NSFormatter
+{
+    Q_OBJECT
+    Q_PROPERTY(NSLocale locale READ locale WRITE setLocale NOTIFY localeChanged)
+    Q_PROPERTY(uint dateStyle READ dateStyle WRITE setDateStyle NOTIFY dateStyleChanged)
+    Q_PROPERTY(uint timeStyle READ timeStyle WRITE setTimeStyle NOTIFY timeStyleChanged)
+    Q_PROPERTY(bool displayDate READ displayDate WRITE setDisplayDate NOTIFY displayDateChanged)
+    Q_PROPERTY(bool displayTime READ displayTime WRITE setDisplayTime NOTIFY displayTimeChanged)
+    Q_PROPERTY(bool displayYear READ displayYear WRITE setDisplayYear NOTIFY displayYearChanged)
+    Q_PROPERTY(int inputOrder READ inputOrder WRITE setInputOrder NOTIFY inputOrderChanged)
+
+public:
+    /// The order of day, month and year in typed dates.
+    enum InputOrder { MonthDayYear = 0, DayMonthYear = 1, YearMonthDay = 2, YearDayMonth = 3 };
+
+    /// Short dates without time, in the user's current locale.
+    KTDateTimeFormatter();
+    ~KTDateTimeFormatter() override;
+
+    // --- Settings. Each setter drops what was made for the former settings.
+
+    const NSLocale &locale() const { return _locale; }
+    /// Sets the locale, and the calendar to the locale's.
+    virtual void setLocale(const NSLocale &locale);
+
+    /// A NSDateFormatterStyle.
+    uint dateStyle() const { return _dateStyle; }
+    /// Sets the style, and whether a date is wanted at all: every style but none wants it.
+    virtual void setDateStyle(uint dateStyle);
+    uint timeStyle() const { return _timeStyle; }
+    /// Sets the style. None means that no time is wanted; another style does not, on purpose, mean
+    /// that one is: see setDisplayTime().
+    virtual void setTimeStyle(uint timeStyle);
+
+    /// Whether the date style is not none.
+    bool displayDate() const { return _dateStyle != NSDateFormatterNoStyle; }
+    /// Leaves the date out, or not. Without date and time, the time becomes short; a date style
+    /// that was lost does not come back.
+    virtual void setDisplayDate(bool displayDate);
+    /// Whether the time style is not none.
+    bool displayTime() const { return _timeStyle != NSDateFormatterNoStyle; }
+    /// Shows the time, in short style if it had none, or leaves it out; then the date becomes
+    /// short if it had no style.
+    virtual void setDisplayTime(bool displayTime);
+    bool displayYear() const { return _displayYear; }
+    /// Without the year, day and month are shown in words: "March 5".
+    virtual void setDisplayYear(bool displayYear);
+
+    /// An InputOrder. Before anything was displayed or read it is 0, and whatever is set lasts
+    /// until the next time that the display format is made: then it is the locale's again.
+    int inputOrder() const { return _inputOrder; }
+    virtual void setInputOrder(int inputOrder);
+
+    /// "dateStyle", "timeStyle" and "displayYear".
+    std::optional<QStringList> optionsKeys() const override;
+
+    // --- Display
+
+    /// The text of a QDateTime; nil for everything else.
+    /// \throws NSException NSInternalInconsistencyException if both styles are none.
+    QString stringForObjectValue(const QVariant &value) const override;
+
+    // --- Reading
+
+    /// Reads a typed text.
+    ///
+    /// In this order: the formatter that read the last text; the ISO 8601 formats, if the text
+    /// begins with four, two and two digits; dates, and dates with times; times. A bare hour ("5")
+    /// is read as people talk, see lenientFormatter().
+    /// \param value receives a QDateTime, nil if nothing reads the text.
+    /// \param errorDescription is set only if a bare hour cannot be read.
+    bool getObjectValue(QVariant *value, const QString &forString,
+                        QString *errorDescription = nullptr) const override;
+
+    /// Reads with lenientFormatter() alone.
+    bool getLenientDateValue(QVariant *value, const QString &forString,
+                             QString *errorDescription = nullptr) const;
+
+    // --- What it is made of
+
+    /// Today at noon, in the formatter's calendar.
+    QDateTime today() const;
+    /// What texts do not say is taken from here: today(); nil in Japan, where the platform's own
+    /// default, 1 January 2000, stands.
+    virtual QDateTime defaultDate() const;
+
+    /// The formatter that displays.
+    NSDateFormatter *displayFormatter() const;
+    /// The formatter that reads as people talk ("tomorrow", "5").
+    NSDateFormatter *lenientFormatter() const;
+    /// The formatter that read the last text to its end; null if there is none.
+    const NSDateFormatter *mostRecentFormatter() const { return _mostRecentFormatter; }
+
+    /// The pattern of month and day without year, with the time if it is shown; nil if the year is
+    /// shown. The month comes first if it does in the locale's short dates.
+    QString getMonthAndDayFormat() const;
+    /// The numeric pattern for an order, as for strftime: "%m/%d/%y".
+    QString formatStringForInputOrder(int inputOrder) const;
+    /// The order in which a pattern has its first two of day, month and year.
+    static int inputOrderForDateFormat(const QString &pattern);
+
+    /// A new formatter with this locale and defaultDate().
+    std::shared_ptr<NSDateFormatter> formatterWithDateStyle(uint dateStyle, uint andTimeStyle,
+                                                            bool setsLenient) const;
+    std::shared_ptr<NSDateFormatter> _formatterWithDateFormat(const QString &pattern,
+                                                              bool setsLenient) const;
+
+    // The patterns that are tried, for each order, and for the times behind them.
+    static const QStringList &dateFormatsForMonthDayYear();
+    static const QStringList &dateFormatsForDayMonthYear();
+    static const QStringList &dateFormatsForYearMonthDay();
+    static const QStringList &dateFormatsForYearDayMonth();
+    static const QStringList &timeFormats();
+    /// Those of the locale's order; none for an unknown order.
+    QStringList dateFormats() const;
+
+    /// New formatters for the locale's own four styles, and for Japan's "3月5日".
+    KTDateFormatterList localeStrictDateFormatters() const;
+    KTDateFormatterList localeStrictTimeFormatters() const;
+    /// What is tried, made on first use.
+    const KTDateFormatterList &strictDateFormatters() const;
+    const KTDateFormatterList &strictTimeFormatters() const;
+    const KTDateFormatterList &strictIsoFormatters() const;
+    /// The time formatters behind a date pattern.
+    const KTDateFormatterList &strictFormattersForDateFormat(const QString &datePattern) const;
+
+    /// Drops everything that was made on first use.
+    void clearFormatters();
+
+Q_SIGNALS:
+    void localeChanged();
+    void dateStyleChanged();
+    void timeStyleChanged();
+    void displayDateChanged();
+    void displayTimeChanged();
+    void displayYearChanged();
+    void inputOrderChanged();
+
+protected:
+    /// A formatter with other defaults.
+    KTDateTimeFormatter(uint dateStyle, uint timeStyle, bool displayDate, bool displayTime);
+
+    const NSCalendar &calendar() const { return _calendar; }
+
+private:
+    class Reading;
+    friend class Reading;
+    using SharedList = std::shared_ptr<const KTDateFormatterList>;
+
+    void setStyle(uint &style, uint value, void (KTDateTimeFormatter::*changed)());
+    void applyPatterns(NSDateFormatter &formatter) const;
+    void prepare(NSDateFormatter &formatter, bool setsLenient) const;
+    QString timePattern() const;
+    bool isJapaneseCalendar() const;
+    QString cacheKey(const QString &kind) const;
+    template<typename Make>
+    const KTDateFormatterList &list(SharedList &member, const QString &kind,
+                                    const Make &make) const;
+    KTDateFormatterList makeStrictDateFormatters() const;
+    KTDateFormatterList makeStrictTimeFormatters() const;
+    KTDateFormatterList makeStrictIsoFormatters() const;
+    KTDateFormatterList makeFormattersForDateFormat(const QString &datePattern) const;
+
+    NSLocale _locale;
+    NSCalendar _calendar;
+    mutable std::unique_ptr<NSDateFormatter> _lenientFormatter;
+    mutable std::unique_ptr<NSDateFormatter> _displayFormatter;
+    mutable SharedList _strictDateFormatters;
+    mutable SharedList _strictTimeFormatters;
+    mutable SharedList _strictIsoFormatters;
+    mutable QHash<QString, SharedList> _strictFormatterMap;
+    mutable const NSDateFormatter *_mostRecentFormatter = nullptr;
+    mutable int _inputOrder = MonthDayYear;
+    uint _dateStyle = NSDateFormatterShortStyle;
+    uint _timeStyle = NSDateFormatterNoStyle;
+    bool _displayDate = true;
+    bool _displayYear = true;
+    bool _displayTime = false;
+};

@@ -1,0 +1,328 @@
+#include "KTDateTimeFormatter.h"
+
+#include <KTUtility/KTLogger.h>
+#include <KTUtility/Platform/Foundation/NSCharacterSet.h>
+#include <KTUtility/Platform/Foundation/NSDateFormatter_p.h>
+#include <KTUtility/Platform/Foundation/NSScanner.h>
+
+#include <array>
+#include <mutex>
+
+// The patterns that typed dates are tried with, in their orders, and the formatters made of them.
+
+namespace {
+/// Groups of patterns, numbered from 1; the lists below put them into their orders.
+const std::array<QStringList, 9> &patternGroups()
+{
+    static const std::array<QStringList, 9> groups{
+        QStringList(),
+        QStringLiteral("M-d-yy|M/d/yy|M.d.yy|M-d-yyyy|M/d/yyyy|M.d.yyyy").split(u'|'),
+        QStringLiteral("M-d|M/d|M.d").split(u'|'),
+        QStringLiteral("MMM d, yy|MMMM d, yy|MMM d, yyyy|MMMM d, yyyy|MMM d|MMMM d").split(u'|'),
+        QStringLiteral("yy.M.d|yy-M-d|yy/M/d|yyyy.M.d|yyyy-M-d|yyyy/M/d").split(u'|'),
+        QStringLiteral("d-M|d/M|d.M").split(u'|'),
+        // No "d MMMM" without a year, on purpose: "d MMM" takes whole names, too.
+        QStringLiteral("d MMM yy|d MMMM yy|d MMM yyyy|d MMMM yyyy|d MMM").split(u'|'),
+        QStringLiteral("d-M-yy|d/M/yy|d.M.yy|d-M-yyyy|d/M/yyyy|d.M.yyyy").split(u'|'),
+        QStringLiteral("yy.d.M|yy-d-M|yy/d/M|yyyy.d.M|yyyy-d-M|yyyy/d/M").split(u'|')};
+    return groups;
+}
+
+QStringList patternsOf(const std::array<size_t, 8> &order)
+{
+    QStringList patterns;
+    for (const size_t group : order)
+        patterns += patternGroups()[group];
+    return patterns;
+}
+
+/// The lists of formatters of all fields with the same settings, so that a form of a hundred date
+/// fields makes them once.
+class SharedLists
+{
+public:
+    using List = std::shared_ptr<const KTDateFormatterList>;
+
+    List find(const QString &key)
+    {
+        const std::lock_guard lock(_mutex);
+        return _lists.value(key);
+    }
+
+    void insert(const QString &key, const List &list)
+    {
+        constexpr int MaximumLists = 1024;
+        const std::lock_guard lock(_mutex);
+        if (_lists.size() >= MaximumLists)
+            _lists.clear();
+        _lists.insert(key, list);
+    }
+
+private:
+    std::mutex _mutex;
+    QHash<QString, List> _lists;
+};
+
+SharedLists &sharedLists()
+{
+    static SharedLists lists;
+    return lists;
+}
+
+/// Has the formatters make what they make on first use, so that nothing in them changes any more.
+void settle(const KTDateFormatterList &formatters)
+{
+    const NSDateText text((QStringView()));
+    NSDateMatch match;
+    for (const auto &formatter : formatters)
+        NSDateFormatterAccess::parse(*formatter, text, &match);
+}
+
+bool isLogged()
+{
+    return KTLogger::sharedLogger()->shouldLogComponent(kLog_FormattersDateTimes, 4);
+}
+} // namespace
+
+const QStringList &KTDateTimeFormatter::dateFormatsForMonthDayYear()
+{
+    static const QStringList patterns = patternsOf({1, 2, 3, 4, 5, 6, 7, 8});
+    return patterns;
+}
+
+const QStringList &KTDateTimeFormatter::dateFormatsForDayMonthYear()
+{
+    static const QStringList patterns = patternsOf({7, 5, 6, 8, 2, 3, 1, 4});
+    return patterns;
+}
+
+const QStringList &KTDateTimeFormatter::dateFormatsForYearMonthDay()
+{
+    static const QStringList patterns = patternsOf({4, 8, 1, 2, 3, 5, 6, 7});
+    return patterns;
+}
+
+const QStringList &KTDateTimeFormatter::dateFormatsForYearDayMonth()
+{
+    static const QStringList patterns = patternsOf({8, 4, 7, 5, 6, 1, 2, 3});
+    return patterns;
+}
+
+const QStringList &KTDateTimeFormatter::timeFormats()
+{
+    static const QStringList patterns =
+        QStringLiteral("h:m:s a|h:m:sa|k:m:s|h:m a|h:ma|k:m|h a|ha").split(u'|');
+    return patterns;
+}
+
+QStringList KTDateTimeFormatter::dateFormats() const
+{
+    displayFormatter(); // knows the input order
+    switch (_inputOrder) {
+    case MonthDayYear:
+        return dateFormatsForMonthDayYear();
+    case DayMonthYear:
+        return dateFormatsForDayMonthYear();
+    case YearMonthDay:
+        return dateFormatsForYearMonthDay();
+    case YearDayMonth:
+        return dateFormatsForYearDayMonth();
+    default:
+        return {};
+    }
+}
+
+QString KTDateTimeFormatter::formatStringForInputOrder(int inputOrder) const
+{
+    switch (inputOrder) {
+    case DayMonthYear:
+        return QStringLiteral("%d/%m/%y");
+    case YearMonthDay:
+        return QStringLiteral("%y/%m/%d");
+    case YearDayMonth:
+        return QStringLiteral("%y/%d/%m");
+    default:
+        return QStringLiteral("%m/%d/%y");
+    }
+}
+
+namespace {
+/// Skips a quoted part of a pattern, at its opening quote; two quotes in it are one of the text.
+void skipQuoted(NSScanner &scanner)
+{
+    const QString &pattern = scanner.string();
+    qsizetype at = scanner.scanLocation() + 1;
+    for (;; at += 2) {
+        at = pattern.indexOf(u'\'', at);
+        if (at < 0 || at + 1 >= pattern.size() || pattern[at + 1] != u'\'')
+            break;
+    }
+    scanner.setScanLocation(at < 0 ? pattern.size() : at + 1);
+}
+
+bool scanRun(NSScanner &scanner, char16_t letter)
+{
+    return scanner.scanCharactersFromSet(
+        NSCharacterSet::characterSetWithCharactersInString(QString(QChar(letter))));
+}
+} // namespace
+
+int KTDateTimeFormatter::inputOrderForDateFormat(const QString &pattern)
+{
+    static const NSCharacterSet stops =
+        NSCharacterSet::characterSetWithCharactersInString(QStringLiteral("Mdy'"));
+    NSScanner scanner(pattern);
+    bool sawYear = false, sawMonth = false, sawDay = false;
+    for (;;) {
+        scanner.scanUpToCharactersFromSet(stops);
+        if (scanner.isAtEnd())
+            return MonthDayYear;
+        if (scanRun(scanner, u'M')) {
+            if (sawYear || sawDay)
+                return sawYear ? YearMonthDay : DayMonthYear;
+            sawMonth = true;
+        } else if (scanRun(scanner, u'd')) {
+            if (sawMonth || sawYear)
+                return sawMonth ? MonthDayYear : YearDayMonth;
+            sawDay = true;
+        } else if (scanRun(scanner, u'y')) {
+            if (sawMonth || sawDay)
+                return sawMonth ? MonthDayYear : DayMonthYear;
+            sawYear = true;
+        } else {
+            skipQuoted(scanner);
+        }
+    }
+}
+
+// --- Lists of formatters
+
+/// What the formatters of a list depend on.
+QString KTDateTimeFormatter::cacheKey(const QString &kind) const
+{
+    const QDateTime day = defaultDate();
+    return kind + u'|' + _locale.localeIdentifier() + u'|' +
+           QString::number(day.isValid() ? day.toMSecsSinceEpoch() : -1) + u'|' +
+           QString::fromLatin1(NSCalendar::systemTimeZone().id()) + u'|' +
+           QString::number(today().toMSecsSinceEpoch());
+}
+
+/// A list made on first use, by this field or another one. While formatters are logged, each field
+/// makes its own.
+template<typename Make>
+const KTDateFormatterList &KTDateTimeFormatter::list(SharedList &member, const QString &kind,
+                                                     const Make &make) const
+{
+    if (member)
+        return *member;
+    const QString key = isLogged() ? QString() : cacheKey(kind);
+    if (!key.isNull())
+        member = sharedLists().find(key);
+    if (!member) {
+        member = std::make_shared<const KTDateFormatterList>(make());
+        settle(*member);
+        if (!key.isNull())
+            sharedLists().insert(key, member);
+    }
+    return *member;
+}
+
+KTDateFormatterList KTDateTimeFormatter::localeStrictDateFormatters() const
+{
+    const bool isLenient = isJapaneseCalendar();
+    KTDateFormatterList formatters;
+    for (uint style = NSDateFormatterShortStyle; style <= NSDateFormatterFullStyle; ++style)
+        formatters.push_back(formatterWithDateStyle(style, NSDateFormatterNoStyle, isLenient));
+    if (_locale.countryCode() != u"JP")
+        return formatters;
+    for (const QString &pattern : {QStringLiteral("M月d日"), QStringLiteral("d日M月")}) {
+        const auto formatter = _formatterWithDateFormat(pattern, isLenient);
+        formatter->setDefaultDate(today());
+        formatters.push_back(formatter);
+    }
+    return formatters;
+}
+
+KTDateFormatterList KTDateTimeFormatter::localeStrictTimeFormatters() const
+{
+    KTDateFormatterList formatters;
+    for (uint style = NSDateFormatterShortStyle; style <= NSDateFormatterFullStyle; ++style)
+        formatters.push_back(formatterWithDateStyle(NSDateFormatterNoStyle, style, false));
+    return formatters;
+}
+
+KTDateFormatterList KTDateTimeFormatter::makeStrictDateFormatters() const
+{
+    KTDateFormatterList formatters;
+    const QStringList patterns = dateFormats();
+    for (const QString &pattern : patterns)
+        formatters.push_back(_formatterWithDateFormat(pattern, false));
+    const KTDateFormatterList own = localeStrictDateFormatters();
+    formatters.insert(formatters.end(), own.begin(), own.end());
+    return formatters;
+}
+
+KTDateFormatterList KTDateTimeFormatter::makeStrictTimeFormatters() const
+{
+    KTDateFormatterList formatters;
+    for (const QString &pattern : timeFormats())
+        formatters.push_back(_formatterWithDateFormat(pattern, false));
+    const KTDateFormatterList own = localeStrictTimeFormatters();
+    formatters.insert(formatters.end(), own.begin(), own.end());
+    return formatters;
+}
+
+/// ISO 8601 in the Gregorian calendar, whatever the locale's is.
+KTDateFormatterList KTDateTimeFormatter::makeStrictIsoFormatters() const
+{
+    const NSCalendar gregorian(NSGregorianCalendar);
+    KTDateFormatterList formatters;
+    for (const QString &pattern :
+         {QStringLiteral("yyyy-MM-dd'T'HH:mm:ss"), QStringLiteral("yyyy-MM-dd HH:mm:ss"),
+          QStringLiteral("yyyy-MM-dd")}) {
+        const auto formatter = _formatterWithDateFormat(pattern, false);
+        formatter->setCalendar(gregorian);
+        formatters.push_back(formatter);
+    }
+    return formatters;
+}
+
+KTDateFormatterList
+KTDateTimeFormatter::makeFormattersForDateFormat(const QString &datePattern) const
+{
+    KTDateFormatterList formatters;
+    for (const auto &time : strictTimeFormatters()) {
+        const QString pattern = datePattern + u' ' + time->dateFormat();
+        KTLog(kLog_FormattersDateTimes, 4, u"adding date/time format: %@", pattern);
+        formatters.push_back(_formatterWithDateFormat(pattern, isJapaneseCalendar()));
+    }
+    return formatters;
+}
+
+const KTDateFormatterList &KTDateTimeFormatter::strictDateFormatters() const
+{
+    if (_strictDateFormatters)
+        return *_strictDateFormatters;
+    displayFormatter(); // knows the input order
+    return list(_strictDateFormatters, u"dates" + QString::number(_inputOrder),
+                [this] { return makeStrictDateFormatters(); });
+}
+
+const KTDateFormatterList &KTDateTimeFormatter::strictTimeFormatters() const
+{
+    return list(_strictTimeFormatters, QStringLiteral("times"),
+                [this] { return makeStrictTimeFormatters(); });
+}
+
+const KTDateFormatterList &KTDateTimeFormatter::strictIsoFormatters() const
+{
+    return list(_strictIsoFormatters, QStringLiteral("iso"),
+                [this] { return makeStrictIsoFormatters(); });
+}
+
+const KTDateFormatterList &
+KTDateTimeFormatter::strictFormattersForDateFormat(const QString &datePattern) const
+{
+    return list(_strictFormatterMap[datePattern], u"both" + datePattern,
+                [this, &datePattern] { return makeFormattersForDateFormat(datePattern); });
+}

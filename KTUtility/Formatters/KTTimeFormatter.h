@@ -1,0 +1,32 @@
+#pragma once
+
+#include <KTUtility/Formatters/KTDateTimeFormatter.h>
+
+#include <memory>
+
+/// Formats the times of day of a field: short times without a date.
+///
+/// Reads what KTDateTimeFormatter reads, and puts every time on one day, the first of the year
+/// 2001, so that times compare with each other. A date that is typed with the time is dropped.
+///
+/// \code
+/// const auto formatter = KTTimeFormatter::createTimeFormatter();   // in the user's locale
+/// QVariant value;
+/// formatter->getObjectValue(&value, QStringLiteral("5:30pm"));     // 2001-01-01 17:30
+/// formatter->stringForObjectValue(value);                          // "5:30 PM"
+/// \endcode
+class KTUTILITY_EXPORT KTTimeFormatter : public KTDateTimeFormatter
+{
+    Q_OBJECT
+
+public:
+    static std::unique_ptr<KTTimeFormatter> createTimeFormatter();
+
+    /// Short times without date, in the user's current locale.
+    KTTimeFormatter();
+
+    bool getObjectValue(QVariant *value, const QString &forString,
+                        QString *errorDescription = nullptr) const override;
+    /// today(), in Japan, too.
+    QDateTime defaultDate() const override;
+};
