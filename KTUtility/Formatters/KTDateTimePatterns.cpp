@@ -147,11 +147,12 @@ QString KTDateTimeFormatter::formatStringForInputOrder(int inputOrder) const
 }
 
 namespace {
-/// Skips a quoted part of a pattern, at its opening quote; two quotes in it are one of the text.
+/// Skips a quoted part of a pattern, before its opening quote; two quotes in it are one of the
+/// text.
 void skipQuoted(NSScanner &scanner)
 {
     const QString &pattern = scanner.string();
-    qsizetype at = scanner.scanLocation() + 1;
+    qsizetype at = pattern.indexOf(u'\'', scanner.scanLocation()) + 1;
     for (;; at += 2) {
         at = pattern.indexOf(u'\'', at);
         if (at < 0 || at + 1 >= pattern.size() || pattern[at + 1] != u'\'')

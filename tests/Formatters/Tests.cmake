@@ -1,5 +1,8 @@
 target_sources(KTUtilityTests PRIVATE
     Formatters/KTCurrencyFormatterTests.cpp
+    Formatters/KTDateTimeFormatterTests.cpp
+    Formatters/KTDateTimeReadingTests.cpp
     Formatters/KTNumberFormatterTests.cpp
+    Formatters/KTTimeFormatterTests.cpp
     Formatters/OptionsTests.cpp
 )

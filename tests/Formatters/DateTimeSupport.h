@@ -1,0 +1,58 @@
+#pragma once
+
+#include <KTUtility/Platform/Foundation/NSCalendar.h>
+#include <KTUtility/Platform/Foundation/NSLocale.h>
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QString>
+
+// What the tests of date and time fields share.
+
+/// The user's locale for the length of a test.
+class UserLocale
+{
+public:
+    explicit UserLocale(const QString &identifier)
+    {
+        NSLocale::setCurrentLocale(NSLocale(identifier));
+    }
+    ~UserLocale() { NSLocale::resetCurrentLocale(); }
+    UserLocale(const UserLocale &) = delete;
+    UserLocale &operator=(const UserLocale &) = delete;
+};
+
+/// The machine's zone for the length of a test.
+class MachineZone
+{
+public:
+    explicit MachineZone(const QByteArray &zone) : _before(qgetenv("TZ")) { set(zone); }
+    ~MachineZone() { set(_before); }
+    MachineZone(const MachineZone &) = delete;
+    MachineZone &operator=(const MachineZone &) = delete;
+
+private:
+    static void set(const QByteArray &zone)
+    {
+        qputenv("TZ", zone);
+        tzset();
+        NSCalendar::resetSystemTimeZone();
+    }
+
+    QByteArray _before;
+};
+
+/// "2008-03-04T17:30:00" in the machine's zone; "NO" for an invalid date.
+inline QString wallTime(const QDateTime &date)
+{
+    if (!date.isValid())
+        return QStringLiteral("NO");
+    return date.toTimeZone(NSCalendar::systemTimeZone())
+        .toString(QStringLiteral("yyyy-MM-ddTHH:mm:ss"));
+}
+
+/// Today's date in the machine's zone, "2008-02-20".
+inline QString todayText()
+{
+    return wallTime(QDateTime::currentDateTimeUtc()).left(10);
+}

@@ -1,0 +1,379 @@
+#include <KTUtility/Formatters/KTDateTimeFormatter.h>
+#include <KTUtility/KTLogCapture.h>
+#include <KTUtility/KTLoggerComponents.h>
+
+#include "DateTimeSupport.h"
+#include "support/TestSupport.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QRegularExpression>
+
+using namespace testing_support;
+
+namespace {
+/// What a text reads as in the machine's zone, "NO" if nothing reads it.
+QString reading(const KTDateTimeFormatter &formatter, const QString &text)
+{
+    QVariant value = 7;
+    const bool isRead = formatter.getObjectValue(&value, text);
+    EXPECT_EQ(isRead, value.isValid()) << qPrintable(text);
+    return wallTime(value.toDateTime());
+}
+
+QString reading(const KTDateTimeFormatter &formatter, const char16_t *text)
+{
+    return reading(formatter, QString::fromUtf16(text));
+}
+
+/// The pattern that took all of the last text.
+QString winner(const KTDateTimeFormatter &formatter)
+{
+    const NSDateFormatter *recent = formatter.mostRecentFormatter();
+    return recent ? recent->dateFormat() : QString();
+}
+
+std::unique_ptr<KTDateTimeFormatter> formatterIn(const QString &locale)
+{
+    auto formatter = std::make_unique<KTDateTimeFormatter>();
+    formatter->setLocale(NSLocale(locale));
+    return formatter;
+}
+
+/// A formatter that reads in another order than its locale's.
+std::unique_ptr<KTDateTimeFormatter> formatterWithOrder(int order)
+{
+    const char *const locales[] = {"en_US", "en_GB", "sv_SE", "en_US"};
+    return formatterIn(QString::fromLatin1(locales[order]));
+}
+
+struct Row
+{
+    const char16_t *text;
+    const char16_t *value;   ///< "T…" is today, "-…" this year
+    const char16_t *pattern; ///< of the formatter that took all of it; nullptr if none did
+};
+
+QString expectedValue(const QString &value)
+{
+    if (value.startsWith(u'T'))
+        return todayText() + value;
+    return value.startsWith(u'-') ? QString(todayText().left(4) + value) : value;
+}
+
+void expectRows(const QString &locale, const std::vector<Row> &rows)
+{
+    for (const Row &row : rows) {
+        const auto formatter = formatterIn(locale);
+        const QString text = QString::fromUtf16(row.text);
+        EXPECT_EQ(reading(*formatter, text), expectedValue(QString::fromUtf16(row.value)))
+            << qPrintable(locale + u' ' + text);
+        const QString pattern = row.pattern ? QString::fromUtf16(row.pattern) : QString();
+        EXPECT_EQ(winner(*formatter), pattern) << qPrintable(locale + u' ' + text);
+    }
+}
+
+/// One pattern for "yy" and "yyyy".
+QString withAnyYear(QString pattern)
+{
+    return pattern.replace(QRegularExpression(QStringLiteral("y+")), QStringLiteral("y"));
+}
+
+/// What is wanted otherwise than the table says. "yy" takes two digits here and "yyyy" four, so
+/// that nothing is read in the years 1 to 99 any more; "ha" takes a bare hour; English has "Sept";
+/// years before 1582 are Julian; without a default date, 1/1/50 is within the hundred years.
+QString wantedOtherwise(const QString &locale, const QString &text)
+{
+    static const QHash<QString, QString> everywhere{
+        {QStringLiteral("1"), QStringLiteral("T01:00:00")},
+        {QStringLiteral("12"), QStringLiteral("T12:00:00")},
+        {QStringLiteral("5"), QStringLiteral("T05:00:00")},
+        {QStringLiteral("5:"), QStringLiteral("T05:00:00")},
+        {QStringLiteral("2/29/07"), QStringLiteral("NO")},
+        {QStringLiteral("2/30/08"), QStringLiteral("NO")},
+        {QStringLiteral("3/4/8"), QStringLiteral("NO")},
+        {QStringLiteral("3/4/108"), QStringLiteral("NO")}};
+    static const QHash<QString, QString> inLocales{
+        {QStringLiteral("en_US 08/3/4"), QStringLiteral("2008-03-04T12:00:00")},
+        {QStringLiteral("en_US 3/4/0008"), QStringLiteral("0008-03-02T12:00:00")},
+        {QStringLiteral("en_US Sept 4, 2008"), QStringLiteral("2008-09-04T12:00:00")},
+        {QStringLiteral("de_DE 08/3/4"), QStringLiteral("2008-04-03T12:00:00")},
+        {QStringLiteral("de_DE 2/29/08"), QStringLiteral("2008-02-29T12:00:00")},
+        {QStringLiteral("de_DE 20/3/4"), QStringLiteral("2020-04-03T12:00:00")},
+        {QStringLiteral("de_DE 20/3/4 17:30"), QStringLiteral("2020-04-03T17:30:00")},
+        {QStringLiteral("de_DE 3/4/0008"), QStringLiteral("0008-04-01T12:00:00")},
+        {QStringLiteral("de_DE 4/13/08"), QStringLiteral("2008-04-13T12:00:00")},
+        {QStringLiteral("ja_JP  3/4/08"), QStringLiteral("2008-03-04T00:00:00")},
+        {QStringLiteral("ja_JP 1/1/50"), QStringLiteral("1950-01-01T00:00:00")},
+        {QStringLiteral("ja_JP 2/29/08"), QStringLiteral("2008-02-29T00:00:00")},
+        {QStringLiteral("ja_JP 3-4-08"), QStringLiteral("2008-03-04T00:00:00")},
+        {QStringLiteral("ja_JP 3.4.08"), QStringLiteral("2008-03-04T00:00:00")},
+        {QStringLiteral("ja_JP 3/ 4/08"), QStringLiteral("2008-03-04T00:00:00")},
+        {QStringLiteral("ja_JP 3/4/0008"), QStringLiteral("0008-03-02T00:00:00")},
+        {QStringLiteral("ja_JP 3/4/08"), QStringLiteral("2008-03-04T00:00:00")},
+        {QStringLiteral("ja_JP 3/4/08 17:30"), QStringLiteral("2008-03-04T17:30:00")},
+        {QStringLiteral("ja_JP 4.3.08"), QStringLiteral("2008-04-03T00:00:00")},
+        {QStringLiteral("ja_JP 4.3.08 17:30"), QStringLiteral("2008-04-03T17:30:00")},
+        {QStringLiteral("ja_JP 4/13/08"), QStringLiteral("2008-04-13T00:00:00")},
+        {QStringLiteral("ja_JP ３/４/０８"), QStringLiteral("2008-03-04T00:00:00")}};
+    const QString known = everywhere.value(text);
+    return known.isNull() ? inLocales.value(locale + u' ' + text) : known;
+}
+
+/// A value of the table, made on 20 November 2026, as of today.
+QString asOfToday(const QString &value, const QString &pattern)
+{
+    if (value.startsWith(u"2026-11-20T"))
+        return todayText() + value.mid(10);
+    const bool isThisYear = value.startsWith(u"2026-") && !pattern.contains(u'y');
+    return !isThisYear ? value : QString(todayText().left(4) + value.mid(4));
+}
+} // namespace
+
+TEST(KTDateTimeReading, ReadsAsTheTableSays)
+{
+    int cells = 0;
+    int otherwise = 0;
+    for (const QJsonObject &row : rowsOf(QStringLiteral("formatters/date_cascade.jsonl"))) {
+        const bool isBerlin = row[u"ctx"].toString() == u"berlin";
+        const MachineZone zone(isBerlin ? "Europe/Berlin" : "America/New_York");
+        const QString locale = row[u"locale"].toString();
+        const auto formatter = formatterIn(locale);
+        const QJsonObject texts = row[u"cells"].toObject();
+        for (auto it = texts.begin(); it != texts.end(); ++it, ++cells) {
+            formatter->clearFormatters();
+            const QString found = reading(*formatter, it.key());
+            EXPECT_EQ(formatter->inputOrder(), row[u"inputOrder"].toInt());
+            const QString wanted = wantedOtherwise(locale, it.key());
+            const QString pattern = it.value()[1].toString();
+            otherwise += !wanted.isNull();
+            if (!wanted.isNull()) {
+                EXPECT_EQ(found, expectedValue(wanted)) << qPrintable(locale + u' ' + it.key());
+            } else if (it.value().isNull()) {
+                EXPECT_EQ(found, u"NO") << qPrintable(locale + u' ' + it.key());
+            } else {
+                EXPECT_EQ(found, asOfToday(it.value()[3].toString(), pattern))
+                    << qPrintable(locale + u' ' + it.key());
+                const bool isIso = it.value()[0].toString() == u"iso";
+                EXPECT_EQ(withAnyYear(winner(*formatter)), isIso ? QString() : withAnyYear(pattern))
+                    << qPrintable(locale + u' ' + it.key());
+            }
+        }
+    }
+    EXPECT_EQ(cells, 1010);
+    EXPECT_EQ(otherwise, 68);
+}
+
+TEST(KTDateTimeReading, ReadsDatesAndTimesInAmericanOrder)
+{
+    expectRows(QStringLiteral("en_US"),
+               {{u"3/4/08", u"2008-03-04T12:00:00", u"M/d/yy"},
+                {u"3-4-2008", u"2008-03-04T12:00:00", u"M-d-yyyy"},
+                {u"3.4", u"-03-04T12:00:00", u"M.d"},
+                {u"13/4/08", u"2013-04-08T12:00:00", u"yy/M/d"},
+                {u"31/12/99", u"1999-12-31T12:00:00", u"d/M/yy"},
+                {u"2008/03/05", u"2008-03-05T12:00:00", u"yyyy/M/d"},
+                {u"2008/3/5", u"2008-03-05T12:00:00", u"yyyy/M/d"},
+                {u"Mar 5, 2008", u"2008-03-05T12:00:00", u"MMM d, yyyy"},
+                {u"march 5, 2008", u"2008-03-05T12:00:00", u"MMM d, yyyy"},
+                {u"5 March", u"-03-05T12:00:00", u"d MMM"},
+                {u"Sept 5, 2008", u"2008-09-05T12:00:00", u"MMM d, yyyy"},
+                {u"Wednesday, March 5, 2008", u"2008-03-05T12:00:00", u"EEEE, MMMM d, y"},
+                {u"3/4/08 5:30 PM", u"2008-03-04T17:30:00", u"M/d/yy h:m a"},
+                {u"3/4/08 5pm", u"2008-03-04T17:00:00", u"M/d/yy ha"},
+                {u"3/4/08 17:30:15", u"2008-03-04T17:30:15", u"M/d/yy k:m:s"},
+                {u"5pm", u"T17:00:00", u"ha"},
+                {u"5:30pm", u"T17:30:00", u"h:ma"},
+                {u"5:30 PM", u"T17:30:00", u"h:m a"},
+                {u"5:30\u202FPM", u"T17:30:00", u"h:m a"},
+                {u"17:30", u"T17:30:00", u"k:m"},
+                {u"9:05", u"T09:05:00", u"k:m"},
+                {u"5", u"T05:00:00", u"ha"},
+                {u"5:", u"T05:00:00", u"ha"},
+                {u"12", u"T12:00:00", u"ha"},
+                {u" 3/4/08", u"2008-03-04T12:00:00", u"M/d/yy"},
+                {u"３/４/０８", u"2008-03-04T12:00:00", u"M/d/yy"},
+                {u"3/4/08 ", u"NO", nullptr},
+                {u"2/30/08", u"NO", nullptr},
+                {u"0/0/0", u"NO", nullptr},
+                {u"99/99/9999", u"NO", nullptr},
+                {u"Monday", u"NO", nullptr},
+                {u"tomorrow", u"NO", nullptr},
+                {u"17", u"NO", nullptr},
+                {u"25:00", u"NO", nullptr},
+                {u"3/4/08x", u"NO", nullptr}});
+}
+
+TEST(KTDateTimeReading, ReadsInTheOrderOfTheLocale)
+{
+    const QString text = QStringLiteral("3/4/08");
+    EXPECT_EQ(reading(*formatterWithOrder(0), text), u"2008-03-04T12:00:00");
+    EXPECT_EQ(reading(*formatterWithOrder(1), text), u"2008-04-03T12:00:00");
+    expectRows(QStringLiteral("de_DE"),
+               {{u"5.3.2008 17:30", u"2008-03-05T17:30:00", u"d.M.yyyy k:m"},
+                {u"5. März 2008", u"2008-03-05T12:00:00", u"d. MMMM y"},
+                {u"2008/03/05", u"2008-05-03T12:00:00", u"yyyy/d/M"}});
+    expectRows(QStringLiteral("ja_JP"), {{u"3月5日", u"-03-05T12:00:00", u"M月d日"},
+                                         {u"2008年3月5日", u"2008-03-05T00:00:00", u"y年M月d日"},
+                                         {u"3/4", u"2000-03-04T00:00:00", u"M/d"}});
+    expectRows(QStringLiteral("ja_JP@calendar=japanese"),
+               {{u"平成20年3月5日", u"2008-03-05T00:00:00", u"Gy年M月d日"}});
+    expectRows(QStringLiteral("ar_EG"), {{u"٥/٣/٢٠٠٨", u"2008-03-05T12:00:00", u"d/M/yyyy"}});
+}
+
+TEST(KTDateTimeReading, ReadsIsoDatesEverywhere)
+{
+    const QStringList locales{QStringLiteral("en_US"), QStringLiteral("de_DE"),
+                              QStringLiteral("sv_SE"), QStringLiteral("ar_EG"),
+                              QStringLiteral("th_TH"), QStringLiteral("fa_IR"),
+                              QStringLiteral("he_IL"), QStringLiteral("hi_IN")};
+    for (const QString &locale : locales)
+        expectRows(locale, {{u"2008-03-05T14:30:00", u"2008-03-05T14:30:00", nullptr},
+                            {u"2008-03-05 14:30:00", u"2008-03-05T14:30:00", nullptr},
+                            {u"2008-03-05", u"2008-03-05T12:00:00", nullptr},
+                            {u"2008-03-05 14:30", u"2008-03-05T12:00:00", nullptr}});
+}
+
+TEST(KTDateTimeReading, ReadsNothingFromNothing)
+{
+    const KTDateTimeFormatter formatter;
+    for (const char16_t *text : {u"", u"   ", u"\t\n", u"\u00A0"}) {
+        QVariant value = 7;
+        QString error = QStringLiteral("before");
+        EXPECT_FALSE(formatter.getObjectValue(&value, QString::fromUtf16(text), &error));
+        EXPECT_FALSE(value.isValid());
+        EXPECT_EQ(error, u"before");
+    }
+    EXPECT_FALSE(formatter.getObjectValue(nullptr, QString()));
+    EXPECT_TRUE(formatter.getObjectValue(nullptr, QStringLiteral("3/4/08")));
+}
+
+TEST(KTDateTimeReading, RemembersTheFormatterThatTookAll)
+{
+    const KTDateTimeFormatter formatter;
+    reading(formatter, u"3/4/08 5:30 PM");
+    const NSDateFormatter *const recent = formatter.mostRecentFormatter();
+    EXPECT_EQ(winner(formatter), u"M/d/yy h:m a");
+    EXPECT_EQ(reading(formatter, u"no date"), u"NO");
+    EXPECT_EQ(formatter.mostRecentFormatter(), recent); // a failure leaves it
+    useFreshHome();
+    {
+        const KTLogCapture log(kLog_FormattersDateTimes, 4);
+        EXPECT_EQ(reading(formatter, u"12/31/09 11:05 AM"), u"2009-12-31T11:05:00");
+        EXPECT_EQ(log.messages(),
+                  QStringList{QStringLiteral("using _mostRecentFormatter, format: M/d/yy h:m a")});
+    }
+    EXPECT_EQ(reading(formatter, u"2008-03-05"), u"2008-03-05T12:00:00");
+    EXPECT_EQ(formatter.mostRecentFormatter(), nullptr); // ISO forgets it
+}
+
+TEST(KTDateTimeReading, PrefersTheMostRecentFormatter)
+{
+    const KTDateTimeFormatter formatter;
+    EXPECT_EQ(reading(formatter, u"31/12/99"), u"1999-12-31T12:00:00");
+    EXPECT_EQ(reading(formatter, u"3/4/08"), u"2008-04-03T12:00:00"); // as days first
+    EXPECT_EQ(reading(formatter, u"3/14/08"), u"2008-03-14T12:00:00");
+}
+
+TEST(KTDateTimeReading, AcceptsAPartOnlyFromTheLastAttempt)
+{
+    const KTDateTimeFormatter formatter;
+    EXPECT_EQ(reading(formatter, u"5:30:15 PM Eastern Standard Time x"),
+              todayText() + u"T17:30:15");
+    EXPECT_EQ(formatter.mostRecentFormatter(), nullptr);
+    EXPECT_EQ(reading(formatter, u"5:30:15 PM x"), u"NO");
+    EXPECT_EQ(reading(formatter, u"3/4/08 x"), u"NO");
+}
+
+TEST(KTDateTimeReading, ReadsTimesThatSummerTimeSkips)
+{
+    const KTDateTimeFormatter formatter;
+    EXPECT_EQ(reading(formatter, u"3/9/08 2:30 AM"), u"2008-03-09T03:30:00");
+    EXPECT_EQ(reading(formatter, u"2008-03-09T02:30:00"), u"2008-03-09T03:30:00");
+    EXPECT_EQ(reading(formatter, u"11/2/08 1:30 AM").mid(11), u"01:30:00"); // twice that day
+}
+
+TEST(KTDateTimeReading, ReadsBareHoursOnTheDefaultDay)
+{
+    const KTDateTimeFormatter formatter;
+    for (int hour = 1; hour <= 12; ++hour) {
+        const QString expected =
+            todayText() + QStringLiteral("T%1:00:00").arg(hour, 2, 10, QLatin1Char('0'));
+        EXPECT_EQ(reading(formatter, QString::number(hour)), expected);
+        EXPECT_EQ(reading(formatter, QString::number(hour) + u':'), expected);
+        EXPECT_EQ(reading(formatter, QString(u' ' + QString::number(hour))), expected);
+    }
+    for (const char16_t *text : {u"0", u"13", u"5 ", u"5.", u"005", u"-5"})
+        EXPECT_EQ(reading(formatter, text), u"NO") << qPrintable(QString::fromUtf16(text));
+}
+
+TEST(KTDateTimeReading, ReadsLenientlyWhenAsked)
+{
+    const KTDateTimeFormatter formatter;
+    QVariant value;
+    QString error;
+    EXPECT_TRUE(formatter.getLenientDateValue(&value, QStringLiteral("today"), &error));
+    EXPECT_EQ(wallTime(value.toDateTime()), todayText() + u"T12:00:00");
+    EXPECT_FALSE(formatter.getLenientDateValue(&value, QStringLiteral("a cow"), &error));
+    EXPECT_FALSE(error.isEmpty());
+    EXPECT_FALSE(value.isValid());
+    EXPECT_FALSE(formatter.getLenientDateValue(nullptr, QStringLiteral("a cow")));
+}
+
+TEST(KTDateTimeReading, LogsEveryAttempt)
+{
+    useFreshHome();
+    const KTDateTimeFormatter formatter;
+    const KTLogCapture log(kLog_FormattersDateTimes, 4);
+    reading(formatter, u"3/4/08 5pm");
+    const QStringList messages = log.messages();
+    const auto isInOrder = [&](const QStringList &parts) {
+        qsizetype at = 0;
+        for (const QString &part : parts) {
+            at = messages.indexOf(part, at);
+            if (at < 0)
+                return false;
+            ++at;
+        }
+        return true;
+    };
+    EXPECT_TRUE(isInOrder(
+        {QStringLiteral("KTDateTimeFormatter creating formatter, format=M-d-yy"),
+         QStringLiteral("KTDateTimeFormatter creating date/time formatter, format=EEEE, MMMM d, y"),
+         QStringLiteral("parsing date 3/4/08 5pm using format: M-d-yy"),
+         QStringLiteral("parsing date 3/4/08 5pm using format: M/d/yy"),
+         QStringLiteral("date matches"), QStringLiteral("adding date/time format: M/d/yy h:m:s a"),
+         QStringLiteral("KTDateTimeFormatter creating formatter, format=M/d/yy h:m:s a"),
+         QStringLiteral("parsing date 3/4/08 5pm using format: M/d/yy h:m:s a"),
+         QStringLiteral("parsing date 3/4/08 5pm using format: M/d/yy ha"),
+         QStringLiteral("date/time matches"), QStringLiteral("exact match (date/time)")}));
+    EXPECT_EQ(messages.filter(QStringLiteral("got strict date/time formatters: ")).size(), 1);
+    EXPECT_EQ(messages.filter(QStringLiteral("parsing time")).size(), 0);
+}
+
+TEST(KTDateTimeReading, LogsBareHours)
+{
+    useFreshHome();
+    const KTDateTimeFormatter formatter;
+    reading(formatter, u"5"); // makes what it needs
+    const KTLogCapture log(kLog_FormattersDateTimes, 4);
+    reading(formatter, u"6");
+    const QStringList messages = log.messages();
+    ASSERT_EQ(messages.size(), 3);
+    EXPECT_EQ(messages[0], u"using _mostRecentFormatter, format: ha");
+    EXPECT_EQ(messages[1], u"KTDateTimeFormatter getObjectValue(lenient) forString:6 returns 1");
+    EXPECT_TRUE(messages[2].startsWith(u"KTDateTimeFormatter getObjectValue forString:6 value:"));
+}
+
+TEST(KTDateTimeReading, SurvivesAnyText)
+{
+    const KTDateTimeFormatter formatter;
+    QList<QString> texts = hostileTexts();
+    texts << megabyteOf(QStringLiteral("9")) << megabyteOf(QStringLiteral("3/4/08 "))
+          << megabyteOf(QStringLiteral("Mar ")) << megabyteOf(QStringLiteral("\u0301"))
+          << megabyteOf(QStringLiteral(" ")) << megabyteOf(QStringLiteral("5:"))
+          << QStringLiteral("3/4/08") + QChar(0xD800) << QStringLiteral("\u200E3/4/08");
+    for (const QString &text : texts)
+        reading(formatter, text);
+    EXPECT_EQ(reading(formatter, u"3/4/08"), u"2008-03-04T12:00:00");
+}

@@ -1,0 +1,71 @@
+#include <KTUtility/Formatters/KTTimeFormatter.h>
+
+#include "DateTimeSupport.h"
+#include "support/TestSupport.h"
+
+using namespace testing_support;
+
+namespace {
+QString reading(const KTTimeFormatter &formatter, const char16_t *text)
+{
+    QVariant value = 7;
+    const bool isRead = formatter.getObjectValue(&value, QString::fromUtf16(text));
+    EXPECT_EQ(isRead, value.isValid());
+    return wallTime(value.toDateTime());
+}
+} // namespace
+
+TEST(KTTimeFormatter, ShowsShortTimes)
+{
+    const KTTimeFormatter formatter;
+    EXPECT_FALSE(formatter.displayDate());
+    EXPECT_TRUE(formatter.displayTime());
+    EXPECT_TRUE(formatter.displayYear());
+    EXPECT_EQ(formatter.dateStyle(), 0U);
+    EXPECT_EQ(formatter.timeStyle(), 1U);
+    EXPECT_EQ(formatter.inputOrder(), 0);
+    const QDateTime date(QDate(2008, 3, 5), QTime(22, 30), Qt::UTC);
+    EXPECT_EQ(formatter.stringForObjectValue(date), u"5:30 PM");
+    EXPECT_EQ(formatter.options().value(kKTFieldOption_timeStyle), 1U);
+}
+
+TEST(KTTimeFormatter, RunsItsExample)
+{
+    const auto formatter = KTTimeFormatter::createTimeFormatter();
+    QVariant value;
+    EXPECT_TRUE(formatter->getObjectValue(&value, QStringLiteral("5:30pm")));
+    EXPECT_EQ(wallTime(value.toDateTime()), u"2001-01-01T17:30:00");
+    EXPECT_EQ(formatter->stringForObjectValue(value), u"5:30 PM");
+}
+
+TEST(KTTimeFormatter, PutsAllTimesOnOneDay)
+{
+    const KTTimeFormatter formatter;
+    EXPECT_EQ(reading(formatter, u"9:05"), u"2001-01-01T09:05:00");
+    EXPECT_EQ(reading(formatter, u"9:05 AM"), u"2001-01-01T09:05:00");
+    EXPECT_EQ(reading(formatter, u"5"), u"2001-01-01T05:00:00");
+    EXPECT_EQ(reading(formatter, u"24:00"), u"2001-01-01T00:00:00");
+    EXPECT_EQ(reading(formatter, u"3/4/08 5:30 PM"), u"2001-01-01T17:30:00");
+    EXPECT_EQ(reading(formatter, u"3/4/08"), u"2001-01-01T12:00:00");
+    EXPECT_EQ(reading(formatter, u"2008-07-05T14:30:15"), u"2001-01-01T14:30:15");
+}
+
+TEST(KTTimeFormatter, RefusesWhatIsNoTime)
+{
+    const KTTimeFormatter formatter;
+    EXPECT_EQ(reading(formatter, u""), u"NO");
+    EXPECT_EQ(reading(formatter, u"  "), u"NO");
+    EXPECT_EQ(reading(formatter, u"noon"), u"NO");
+    EXPECT_EQ(reading(formatter, u"25:00"), u"NO");
+    EXPECT_TRUE(formatter.getObjectValue(nullptr, QStringLiteral("9:05")));
+}
+
+TEST(KTTimeFormatter, FillsInTodayInJapanToo)
+{
+    const UserLocale user(QStringLiteral("ja_JP"));
+    const KTTimeFormatter formatter;
+    EXPECT_EQ(formatter.defaultDate(), formatter.today());
+    EXPECT_EQ(reading(formatter, u"17:30"), u"2001-01-01T17:30:00");
+    EXPECT_EQ(formatter.stringForObjectValue(QDateTime(QDate(2001, 1, 1), QTime(22, 30), Qt::UTC)),
+              u"17:30");
+}
