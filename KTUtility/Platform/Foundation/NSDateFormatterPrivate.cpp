@@ -1,6 +1,8 @@
 #include "NSDateFormatter_p.h"
 
 #include "NSCalendarDateFormat_p.h"
+#include "NSDateMatcher_p.h"
+#include "NSDateWriter_p.h"
 #include "NSNaturalLanguageDate_p.h"
 
 const NSLocale &NSDateFormatter::Private::knownLocale() const
@@ -90,28 +92,57 @@ QDateTime NSDateFormatter::Private::dateOf(qint64 time) const
 QString NSDateFormatter::Private::stringOf(qint64 time) const
 {
     if (isOldBehavior())
-        return NSCalendarDateFormat::stringOf(patternText(), time, environment(), rules());
-    if (pattern().text.isEmpty())
-        return QStringLiteral("");
-    return NSDateEngine::engineOf(environment(), rules(), isLenient).stringOf(pattern(), time);
+        return NSCalendarDateFormat::stringOf(patternText(), time, *environment(), rules());
+    QString text = QStringLiteral("");
+    if (!NSDateWriter::write(pattern(), *environment(), rules(), time, &text))
+        text = NSDateEngine::engineOf(*environment(), rules(), isLenient).stringOf(pattern(), time);
+    return text;
+}
+
+NSDateReading NSDateFormatter::Private::reading() const
+{
+    return {environment().get(), &rules(), isLenient, defaultTime};
 }
 
 bool NSDateFormatter::Private::parse(const NSDateText &text, NSDateMatch *match) const
 {
     if (isOldBehavior())
         return parseOld(text, match);
-    NSDateEngine &engine = NSDateEngine::engineOf(environment(), rules(), isLenient);
-    return engine.parse(pattern(), text.start(), text.isComplete(), defaultTime, match);
+    return parseNew(text, match) || parseBareHour(text, match);
+}
+
+bool NSDateFormatter::Private::parseNew(const NSDateText &text, NSDateMatch *match) const
+{
+    using NSDateMatcher::Answer;
+    const Answer answer = NSDateMatcher::match(pattern(), reading(), text.start(), match);
+    if (answer != Answer::Undecided)
+        return answer == Answer::Matched;
+    return parseWithICU(text, match);
+}
+
+bool NSDateFormatter::Private::parseWithICU(const NSDateText &text, NSDateMatch *match) const
+{
+    NSDateEngine &engine = NSDateEngine::engineOf(*environment(), rules(), isLenient);
+    return engine.parse(pattern(), text.start(), defaultTime, match);
+}
+
+bool NSDateFormatter::Private::parseBareHour(const NSDateText &text, NSDateMatch *match) const
+{
+    return pattern().isBareHour && text.isComplete() &&
+           NSDateMatcher::matchBareHour(reading(), text.start(), match);
 }
 
 bool NSDateFormatter::Private::parseOld(const NSDateText &text, NSDateMatch *match) const
 {
-    const NSDateReading reading{environment(), &rules(), isLenient, defaultTime};
-    if (NSCalendarDateFormat::parse(patternText(), text.start(), reading, match))
-        return true;
-    if (!allowsNaturalLanguage || !text.isComplete())
-        return false;
-    return NSNaturalLanguageDate::parse(text.start(), patternText(), reading, match);
+    const bool isRead = NSCalendarDateFormat::parse(patternText(), text.start(), reading(), match);
+    const bool isWhole = isRead && text.start().sliced(match->length).trimmed().isEmpty();
+    if (isWhole || !allowsNaturalLanguage || !text.isComplete())
+        return isRead;
+    NSDateMatch natural;
+    if (!NSNaturalLanguageDate::parse(text.start(), patternText(), reading(), &natural))
+        return isRead;
+    *match = natural;
+    return true;
 }
 
 bool NSDateFormatterAccess::parse(const NSDateFormatter &formatter, const NSDateText &text,
@@ -123,4 +154,39 @@ bool NSDateFormatterAccess::parse(const NSDateFormatter &formatter, const NSDate
 QDateTime NSDateFormatterAccess::dateOf(const NSDateFormatter &formatter, qint64 time)
 {
     return formatter._private->dateOf(time);
+}
+
+std::optional<bool> NSDateFormatterAccess::parseWithoutICU(const NSDateFormatter &formatter,
+                                                           const NSDateText &text,
+                                                           NSDateMatch *match)
+{
+    using NSDateMatcher::Answer;
+    const NSDateFormatter::Private &settings = *formatter._private;
+    const Answer answer =
+        NSDateMatcher::match(settings.pattern(), settings.reading(), text.start(), match);
+    return answer == Answer::Undecided ? std::nullopt : std::optional(answer == Answer::Matched);
+}
+
+bool NSDateFormatterAccess::parseWithICU(const NSDateFormatter &formatter, const NSDateText &text,
+                                         NSDateMatch *match)
+{
+    return formatter._private->parseWithICU(text, match);
+}
+
+QString NSDateFormatterAccess::stringWithoutICU(const NSDateFormatter &formatter,
+                                                const QDateTime &date)
+{
+    const NSDateFormatter::Private &settings = *formatter._private;
+    QString text;
+    const bool isWritten = NSDateWriter::write(settings.pattern(), *settings.environment(),
+                                               settings.rules(), date.toMSecsSinceEpoch(), &text);
+    return isWritten ? text : QString();
+}
+
+QString NSDateFormatterAccess::stringWithICU(const NSDateFormatter &formatter,
+                                             const QDateTime &date)
+{
+    const NSDateFormatter::Private &settings = *formatter._private;
+    return NSDateEngine::engineOf(*settings.environment(), settings.rules(), settings.isLenient)
+        .stringOf(settings.pattern(), date.toMSecsSinceEpoch());
 }

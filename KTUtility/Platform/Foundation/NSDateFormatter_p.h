@@ -2,7 +2,7 @@
 
 #include "NSDateEngine_p.h"
 #include "NSDateFormatter.h"
-#include "NSDateText_p.h"
+#include "NSDateFormatterAccess_p.h"
 
 #include <optional>
 
@@ -41,35 +41,16 @@ public:
     QString stringOf(qint64 time) const;
     /// Reads a date from the start of \a text; see NSDateFormatterAccess::parse().
     bool parse(const NSDateText &text, NSDateMatch *match) const;
+    bool parseWithICU(const NSDateText &text, NSDateMatch *match) const;
+    NSDateReading reading() const;
 
 private:
+    bool parseNew(const NSDateText &text, NSDateMatch *match) const;
+    bool parseBareHour(const NSDateText &text, NSDateMatch *match) const;
     bool parseOld(const NSDateText &text, NSDateMatch *match) const;
     NSDateCustoms customsOfSettings() const;
 
     mutable std::shared_ptr<const NSDateEnvironment> _environment;
     mutable const NSTimeZoneRules *_rules = nullptr;
     mutable std::shared_ptr<const NSDatePattern> _pattern;
-};
-
-/// Formatters for those that try many of them on one text.
-///
-/// The text is looked at once, in an NSDateText; an attempt that cannot succeed then costs a few
-/// nanoseconds, since it makes nothing: no variant, no error, no copy of the text.
-///
-/// \code
-/// const NSDateText text(typed);
-/// NSDateMatch match;
-/// for (const NSDateFormatter *formatter : formatters) {
-///     if (NSDateFormatterAccess::parse(*formatter, text, &match) && match.length == text.length())
-///         return NSDateFormatterAccess::dateOf(*formatter, match.time);
-/// }
-/// \endcode
-class KTUTILITY_EXPORT NSDateFormatterAccess
-{
-public:
-    /// Reads a date from the start of \a text, as getObjectValue() with a range does.
-    /// \param match receives the instant and the length; on failure only the length.
-    static bool parse(const NSDateFormatter &formatter, const NSDateText &text, NSDateMatch *match);
-    /// The date that \a formatter makes of an instant.
-    static QDateTime dateOf(const NSDateFormatter &formatter, qint64 time);
 };

@@ -1,8 +1,30 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 
 #include <memory>
+#include <vector>
+
+/// A field of a pattern, or the characters between two fields.
+struct NSDateElement
+{
+    enum class Kind : quint8 {
+        Literal,
+        Number,    ///< y yy yyyy M MM L LL d h H k K m s, and more letters of the time
+        MonthName, ///< MMM and more, LLL and more
+        Weekday,   ///< E
+        HalfOfDay, ///< a
+        Other      ///< what is left to ICU
+    };
+
+    Kind kind = Kind::Other;
+    char16_t letter = 0;
+    int count = 0;
+    /// A literal's characters, and the same as they are looked for: a blank is any run of blanks.
+    QString characters;
+    QString sought;
+};
 
 /// A date pattern in Unicode's notation (UTS #35), taken apart once and shared by all formatters
 /// that use it. Immutable.
@@ -19,9 +41,11 @@ public:
     /// Different for every object that ever was.
     const quint64 number;
     /// Whether it is "ha", the one pattern that reads an hour without AM or PM.
-    bool isBareHour = false;
+    const bool isBareHour;
     /// Whether a month is read as a name.
     bool hasMonthName = false;
+    /// Whether a time zone is read.
+    bool hasZone = false;
 
     // --- The year, if there is one ("y")
 
@@ -34,4 +58,14 @@ public:
 
     /// Whether a year of \a digits digits fits, where widths are strict.
     bool takesYearOf(int digits) const;
+
+    const std::vector<NSDateElement> &elements() const { return _elements; }
+
+private:
+    void appendField(qsizetype at, qsizetype end);
+    void appendLiteral(QStringView source);
+    void setYear(qsizetype at, qsizetype end);
+    void leaveAdjacentNumbersToICU();
+
+    std::vector<NSDateElement> _elements;
 };

@@ -27,3 +27,10 @@ private:
     qsizetype _length;
     QStringView _start;
 };
+
+/// What reading a text gave.
+struct NSDateMatch
+{
+    qint64 time = 0;      ///< milliseconds since 1970
+    qsizetype length = 0; ///< what was consumed, or how far the text fitted
+};

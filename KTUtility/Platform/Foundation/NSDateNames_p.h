@@ -1,0 +1,64 @@
+#pragma once
+
+#include <unicode/unistr.h>
+
+#include <QString>
+#include <QStringView>
+
+#include <array>
+#include <vector>
+
+/// What a look for a name gave.
+struct NSDateName
+{
+    int index = -1;        ///< in its list; -1 if no name stands there
+    qsizetype length = 0;  ///< in the text
+    bool isDecided = true; ///< false if only ICU can tell
+};
+
+/// The names of one kind and width, ready to be found in a text as ICU finds them: the longest
+/// counts, upper and lower case are the same, and a point at a name's end may be missing.
+class NSDateNameList
+{
+public:
+    NSDateNameList() = default;
+    /// \param first the index of the first name that counts.
+    NSDateNameList(const icu::UnicodeString *names, int32_t count, int32_t first);
+
+    /// The name at the start of \a text.
+    NSDateName find(QStringView text) const;
+
+private:
+    struct Name
+    {
+        QString folded;
+        int index;
+    };
+    bool mayStart(char16_t folded) const { return _firstUnits >> (folded % 64) & 1; }
+
+    std::vector<Name> _names;
+    quint64 _firstUnits = 0; ///< a bit for each remainder by 64 that a name starts with
+    qsizetype _longest = 0;
+};
+
+/// Lists of one kind in the order in which they are tried; the first that has a name decides.
+template<size_t Count>
+NSDateName findName(const std::array<NSDateNameList, Count> &lists, QStringView text)
+{
+    NSDateName name;
+    for (const NSDateNameList &list : lists) {
+        name = list.find(text);
+        if (name.index >= 0 || !name.isDecided)
+            break;
+    }
+    return name;
+}
+
+/// All names that a pattern may ask for.
+struct NSDateNames
+{
+    std::array<NSDateNameList, 2> months;           ///< wide, abbreviated
+    std::array<NSDateNameList, 2> standaloneMonths; ///< wide, abbreviated
+    std::array<NSDateNameList, 4> weekdays;         ///< wide, abbreviated, short, narrow
+    std::array<NSDateNameList, 2> halvesOfDay;      ///< "AM", "a"
+};
