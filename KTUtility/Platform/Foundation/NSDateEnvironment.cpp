@@ -156,6 +156,7 @@ void NSDateEnvironment::makeNames(icu::SimpleDateFormat *format)
     _names.halvesOfDay[0] = NSDateNameList(halves, count, 0);
     const std::array narrow = narrowHalvesOfDay(format);
     _names.halvesOfDay[1] = NSDateNameList(narrow.data(), int32_t(narrow.size()), 0);
+    _names.noteStarts();
 }
 
 std::shared_ptr<const NSDateEnvironment> NSDateEnvironment::environmentOf(const NSLocale &locale,

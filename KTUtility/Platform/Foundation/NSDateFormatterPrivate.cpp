@@ -1,7 +1,6 @@
 #include "NSDateFormatter_p.h"
 
 #include "NSCalendarDateFormat_p.h"
-#include "NSDateMatcher_p.h"
 #include "NSDateWriter_p.h"
 #include "NSNaturalLanguageDate_p.h"
 
@@ -26,10 +25,8 @@ NSDateCustoms NSDateFormatter::Private::customsOfSettings() const
     return result;
 }
 
-const std::shared_ptr<const NSDateEnvironment> &NSDateFormatter::Private::environment() const
+void NSDateFormatter::Private::makeEnvironment() const
 {
-    if (_environment)
-        return _environment;
     const NSLocale &known = knownLocale();
     const QString identifier =
         calendar ? calendar->calendarIdentifier() : known.calendarIdentifier();
@@ -38,7 +35,6 @@ const std::shared_ptr<const NSDateEnvironment> &NSDateFormatter::Private::enviro
         _environment = NSDateEnvironment::environmentOf(known, identifier);
     else
         _environment = NSDateEnvironment::environmentOf(known, identifier, customsOfSettings());
-    return _environment;
 }
 
 QTimeZone NSDateFormatter::Private::zone() const
@@ -48,23 +44,9 @@ QTimeZone NSDateFormatter::Private::zone() const
     return calendar ? calendar->timeZone() : NSCalendar::systemTimeZone();
 }
 
-const NSTimeZoneRules &NSDateFormatter::Private::rules() const
-{
-    if (!_rules)
-        _rules = &NSTimeZoneRules::rulesOf(zone());
-    return *_rules;
-}
-
 QString NSDateFormatter::Private::patternText() const
 {
-    return format.isNull() ? environment()->patternOfStyles(dateStyle, timeStyle) : format;
-}
-
-const NSDatePattern &NSDateFormatter::Private::pattern() const
-{
-    if (!_pattern)
-        _pattern = NSDatePattern::patternOf(patternText());
-    return *_pattern;
+    return format.isNull() ? environment().patternOfStyles(dateStyle, timeStyle) : format;
 }
 
 NSDateCustoms &NSDateFormatter::Private::editableCustoms()
@@ -80,6 +62,7 @@ void NSDateFormatter::Private::settingChanged()
     _environment.reset();
     _rules = nullptr;
     _pattern.reset();
+    _isDecidable.reset();
 }
 
 QDateTime NSDateFormatter::Private::dateOf(qint64 time) const
@@ -92,19 +75,19 @@ QDateTime NSDateFormatter::Private::dateOf(qint64 time) const
 QString NSDateFormatter::Private::stringOf(qint64 time) const
 {
     if (isOldBehavior())
-        return NSCalendarDateFormat::stringOf(patternText(), time, *environment(), rules());
+        return NSCalendarDateFormat::stringOf(patternText(), time, environment(), rules());
     QString text = QStringLiteral("");
-    if (!NSDateWriter::write(pattern(), *environment(), rules(), time, &text))
-        text = NSDateEngine::engineOf(*environment(), rules(), isLenient).stringOf(pattern(), time);
+    if (!NSDateWriter::write(pattern(), environment(), rules(), time, &text))
+        text = NSDateEngine::engineOf(environment(), rules(), isLenient).stringOf(pattern(), time);
     return text;
 }
 
 NSDateReading NSDateFormatter::Private::reading() const
 {
-    return {environment().get(), &rules(), isLenient, defaultTime};
+    return {&environment(), &rules(), isLenient, defaultTime};
 }
 
-bool NSDateFormatter::Private::parse(const NSDateText &text, NSDateMatch *match) const
+bool NSDateFormatter::Private::parseFully(const NSDateText &text, NSDateMatch *match) const
 {
     if (isOldBehavior())
         return parseOld(text, match);
@@ -114,7 +97,7 @@ bool NSDateFormatter::Private::parse(const NSDateText &text, NSDateMatch *match)
 bool NSDateFormatter::Private::parseNew(const NSDateText &text, NSDateMatch *match) const
 {
     using NSDateMatcher::Answer;
-    const Answer answer = NSDateMatcher::match(pattern(), reading(), text.start(), match);
+    const Answer answer = NSDateMatcher::match(pattern(), reading(), text, match);
     if (answer != Answer::Undecided)
         return answer == Answer::Matched;
     return parseWithICU(text, match);
@@ -122,14 +105,14 @@ bool NSDateFormatter::Private::parseNew(const NSDateText &text, NSDateMatch *mat
 
 bool NSDateFormatter::Private::parseWithICU(const NSDateText &text, NSDateMatch *match) const
 {
-    NSDateEngine &engine = NSDateEngine::engineOf(*environment(), rules(), isLenient);
+    NSDateEngine &engine = NSDateEngine::engineOf(environment(), rules(), isLenient);
     return engine.parse(pattern(), text.start(), defaultTime, match);
 }
 
 bool NSDateFormatter::Private::parseBareHour(const NSDateText &text, NSDateMatch *match) const
 {
     return pattern().isBareHour && text.isComplete() &&
-           NSDateMatcher::matchBareHour(reading(), text.start(), match);
+           NSDateMatcher::matchBareHour(reading(), text, match);
 }
 
 bool NSDateFormatter::Private::parseOld(const NSDateText &text, NSDateMatch *match) const
@@ -162,8 +145,7 @@ std::optional<bool> NSDateFormatterAccess::parseWithoutICU(const NSDateFormatter
 {
     using NSDateMatcher::Answer;
     const NSDateFormatter::Private &settings = *formatter._private;
-    const Answer answer =
-        NSDateMatcher::match(settings.pattern(), settings.reading(), text.start(), match);
+    const Answer answer = NSDateMatcher::match(settings.pattern(), settings.reading(), text, match);
     return answer == Answer::Undecided ? std::nullopt : std::optional(answer == Answer::Matched);
 }
 
@@ -178,7 +160,7 @@ QString NSDateFormatterAccess::stringWithoutICU(const NSDateFormatter &formatter
 {
     const NSDateFormatter::Private &settings = *formatter._private;
     QString text;
-    const bool isWritten = NSDateWriter::write(settings.pattern(), *settings.environment(),
+    const bool isWritten = NSDateWriter::write(settings.pattern(), settings.environment(),
                                                settings.rules(), date.toMSecsSinceEpoch(), &text);
     return isWritten ? text : QString();
 }
@@ -187,6 +169,6 @@ QString NSDateFormatterAccess::stringWithICU(const NSDateFormatter &formatter,
                                              const QDateTime &date)
 {
     const NSDateFormatter::Private &settings = *formatter._private;
-    return NSDateEngine::engineOf(*settings.environment(), settings.rules(), settings.isLenient)
+    return NSDateEngine::engineOf(settings.environment(), settings.rules(), settings.isLenient)
         .stringOf(settings.pattern(), date.toMSecsSinceEpoch());
 }

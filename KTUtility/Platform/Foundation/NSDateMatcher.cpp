@@ -2,13 +2,12 @@
 
 #include "NSDateCharacters_p.h"
 #include "NSDateFields_p.h"
+#include "NSDateLead_p.h"
 
 namespace {
 using NSDateMatcher::Answer;
 using namespace NSDateCharacters;
-
-/// More digits than any field takes, and few enough for an int.
-constexpr qsizetype MaximalDigits = 9;
+using namespace NSDateLead;
 
 /// A field that the text did not say.
 constexpr int Unknown = -1;
@@ -135,20 +134,10 @@ private:
         return isMonth ? readMonthName(element) : Answer::Refused;
     }
 
-    /// Whether ICU might take what stands behind digits for a part of the number.
-    static bool mayBeOfNumber(char16_t unit)
-    {
-        if (unit < 0x80)
-            return lowered(unit) == u'e';
-        return !isEastAsian(unit) && !isBlank(unit);
-    }
-
     /// Whether a number can stand in a field, and if so, notes it.
     bool store(const NSDateElement &element, int value, int digits)
     {
-        // ICU asks for all digits here and not of the others ("dd" but not "MM").
-        const bool isWide = QStringView(u"dms").contains(element.letter);
-        if (isWide && digits < element.count)
+        if (digits < element.minimalDigits)
             return false;
         switch (element.letter) {
         case u'y':
@@ -293,13 +282,18 @@ Answer resolve(const Found &found, const NSDateReading &reading, qint64 *time)
 }
 } // namespace
 
-Answer NSDateMatcher::match(const NSDatePattern &pattern, const NSDateReading &reading,
-                            QStringView text, NSDateMatch *match)
+bool NSDateMatcher::isDecidable(const NSDateReading &reading)
 {
-    const bool isKnown = !reading.isLenient && reading.environment->isGregorian;
-    if (!isKnown || (reading.defaultTime && !NSCivil::isSafe(*reading.defaultTime)))
+    const bool isSafe = !reading.defaultTime || NSCivil::isSafe(*reading.defaultTime);
+    return isSafe && !reading.isLenient && reading.environment->isGregorian;
+}
+
+Answer NSDateMatcher::match(const NSDatePattern &pattern, const NSDateReading &reading,
+                            const NSDateText &text, NSDateMatch *match)
+{
+    if (!isDecidable(reading))
         return Answer::Undecided;
-    Walk walk(pattern, *reading.environment, text);
+    Walk walk(pattern, *reading.environment, text.start());
     Answer answer = walk.readAll();
     if (answer == Answer::Matched)
         answer = resolve(walk.found, reading, &match->time);
@@ -307,28 +301,17 @@ Answer NSDateMatcher::match(const NSDatePattern &pattern, const NSDateReading &r
     return answer;
 }
 
-bool NSDateMatcher::matchBareHour(const NSDateReading &reading, QStringView text,
+bool NSDateMatcher::matchBareHour(const NSDateReading &reading, const NSDateText &text,
                                   NSDateMatch *match)
 {
-    qsizetype at = 0;
-    while (at < text.size() && isBlank(text[at].unicode()))
-        ++at;
-    QStringView hour = text.sliced(at);
-    if (hour.endsWith(u':'))
-        hour.chop(1);
-    if (hour.isEmpty() || hour.size() > 2)
-        return false;
-    int value = 0;
-    for (const QChar unit : hour) {
-        if (!isDigit(unit.unicode()))
-            return false;
-        value = value * 10 + (unit.unicode() - u'0');
-    }
-    if (value < 1 || value > 12)
+    const QStringView digits = text.start().sliced(text.lead(), text.leadingDigits());
+    const qsizetype end = text.lead() + digits.size() + (text.unitAfterDigits() == u':' ? 1 : 0);
+    const int value = digits.size() <= 2 ? digits.toInt() : 0;
+    if (end != text.length() || value < 1 || value > 12)
         return false;
     NSDateFields fields = NSDateFields::defaultFields(reading);
     fields.hour = value % 12 + fields.hour / 12 * 12;
     match->time = reading.rules->instantOf(fields.localTime());
-    match->length = text.size();
+    match->length = text.length();
     return true;
 }

@@ -3,8 +3,6 @@
 #include "NSDateEngine_p.h"
 #include "NSDatePattern_p.h"
 
-#include <QStringView>
-
 /// Reads dates without ICU, where it is certain what ICU would answer.
 ///
 /// Strict reading in the Gregorian calendar, digits 0 to 9, names from the locale: that is nearly
@@ -14,12 +12,15 @@
 namespace NSDateMatcher {
 enum class Answer { Matched, Refused, Undecided };
 
+/// Whether \a reading is of the kind that can be decided at all.
+bool isDecidable(const NSDateReading &reading);
+
 /// \param match receives the instant if it matched, and how far the text fitted unless it is
 /// undecided.
-Answer match(const NSDatePattern &pattern, const NSDateReading &reading, QStringView text,
+Answer match(const NSDatePattern &pattern, const NSDateReading &reading, const NSDateText &text,
              NSDateMatch *match);
 
 /// The one hour that "ha" takes without AM or PM: blanks, one or two digits from 1 to 12, perhaps a
 /// colon, and nothing else. It is in the default date's half of the day.
-bool matchBareHour(const NSDateReading &reading, QStringView text, NSDateMatch *match);
+bool matchBareHour(const NSDateReading &reading, const NSDateText &text, NSDateMatch *match);
 } // namespace NSDateMatcher

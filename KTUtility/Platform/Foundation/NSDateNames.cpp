@@ -100,3 +100,15 @@ NSDateName NSDateNameList::find(QStringView text) const
     }
     return best;
 }
+
+void NSDateNames::noteStarts()
+{
+    for (const auto *const lists : {&months, &standaloneMonths}) {
+        for (const NSDateNameList &list : *lists)
+            startsOfMonths |= list.firstUnits();
+    }
+    for (const NSDateNameList &list : weekdays)
+        startsOfWeekdays |= list.firstUnits();
+    for (const NSDateNameList &list : halvesOfDay)
+        startsOfHalves |= list.firstUnits();
+}

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "NSDateCharacters_p.h"
+
 #include <unicode/unistr.h>
 
 #include <QString>
@@ -27,6 +29,13 @@ public:
 
     /// The name at the start of \a text.
     NSDateName find(QStringView text) const;
+    /// The units that names start with, a bit for each remainder by 64; see bitOf().
+    quint64 firstUnits() const { return _firstUnits; }
+    /// The bit of an ASCII character, be it upper or lower case.
+    static quint64 bitOf(char16_t unit)
+    {
+        return quint64(1) << (NSDateCharacters::lowered(unit) % 64);
+    }
 
 private:
     struct Name
@@ -37,7 +46,7 @@ private:
     bool mayStart(char16_t folded) const { return _firstUnits >> (folded % 64) & 1; }
 
     std::vector<Name> _names;
-    quint64 _firstUnits = 0; ///< a bit for each remainder by 64 that a name starts with
+    quint64 _firstUnits = 0;
     qsizetype _longest = 0;
 };
 
@@ -61,4 +70,12 @@ struct NSDateNames
     std::array<NSDateNameList, 2> standaloneMonths; ///< wide, abbreviated
     std::array<NSDateNameList, 4> weekdays;         ///< wide, abbreviated, short, narrow
     std::array<NSDateNameList, 2> halvesOfDay;      ///< "AM", "a"
+
+    // --- What names of a kind start with, as NSDateNameList::firstUnits()
+
+    quint64 startsOfMonths = 0;
+    quint64 startsOfWeekdays = 0;
+    quint64 startsOfHalves = 0;
+
+    void noteStarts();
 };

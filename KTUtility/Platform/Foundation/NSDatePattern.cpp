@@ -6,6 +6,7 @@
 #include <QMutex>
 #include <QMutexLocker>
 
+#include <algorithm>
 #include <atomic>
 
 namespace {
@@ -105,6 +106,22 @@ NSDatePattern::NSDatePattern(const QString &pattern)
         at = end;
     }
     leaveAdjacentNumbersToICU();
+    noteLead();
+}
+
+void NSDatePattern::noteLead()
+{
+    const auto isOther = [](const NSDateElement &element) { return element.kind == Kind::Other; };
+    _needsICU = std::any_of(_elements.begin(), _elements.end(), isOther);
+    if (_elements.empty())
+        return;
+    const NSDateElement &first = _elements.front();
+    _leadingKind = first.kind;
+    _isLedByMonth = first.letter == u'M' || first.letter == u'L';
+    // A text may end within the last literal; only one that a field follows has to be there.
+    if (first.kind == Kind::Number && _elements.size() > 2 && _elements[1].kind == Kind::Literal &&
+        !_elements[1].sought.isEmpty())
+        _unitAfterLeadingNumber = _elements[1].sought[0].unicode();
 }
 
 void NSDatePattern::appendField(qsizetype at, qsizetype end)
@@ -116,7 +133,8 @@ void NSDatePattern::appendField(qsizetype at, qsizetype end)
     const Kind kind = kindOf(letter, count);
     hasMonthName = hasMonthName || kind == Kind::MonthName;
     hasZone = hasZone || QStringView(u"zZOvVXx").contains(letter);
-    _elements.push_back({kind, letter, count, {}, {}});
+    const bool isWide = letter == u'd' || letter == u'm' || letter == u's';
+    _elements.push_back({kind, letter, count, isWide ? count : 1, {}, {}});
 }
 
 /// Quotes hold letters; two of them are one, inside and outside of quotes.

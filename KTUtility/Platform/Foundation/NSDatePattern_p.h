@@ -21,6 +21,9 @@ struct NSDateElement
     Kind kind = Kind::Other;
     char16_t letter = 0;
     int count = 0;
+    /// How many digits a number needs at least. ICU asks for all digits of "dd", "mm" and "ss", but
+    /// not of the others.
+    int minimalDigits = 1;
     /// A literal's characters, and the same as they are looked for: a blank is any run of blanks.
     QString characters;
     QString sought;
@@ -60,6 +63,14 @@ public:
     bool takesYearOf(int digits) const;
 
     const std::vector<NSDateElement> &elements() const { return _elements; }
+    /// The kind of the first element.
+    NSDateElement::Kind leadingKind() const { return _leadingKind; }
+    /// The character behind a leading number; a blank is any, 0 is none in particular.
+    char16_t unitAfterLeadingNumber() const { return _unitAfterLeadingNumber; }
+    /// Whether the leading element reads a month.
+    bool isLedByMonth() const { return _isLedByMonth; }
+    /// Whether some element is left to ICU.
+    bool needsICU() const { return _needsICU; }
 
 private:
     void appendField(qsizetype at, qsizetype end);
@@ -67,5 +78,11 @@ private:
     void setYear(qsizetype at, qsizetype end);
     void leaveAdjacentNumbersToICU();
 
+    void noteLead();
+
     std::vector<NSDateElement> _elements;
+    NSDateElement::Kind _leadingKind = NSDateElement::Kind::Other;
+    char16_t _unitAfterLeadingNumber = 0;
+    bool _isLedByMonth = false;
+    bool _needsICU = false;
 };

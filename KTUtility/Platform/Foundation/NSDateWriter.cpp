@@ -131,7 +131,8 @@ private:
 bool NSDateWriter::write(const NSDatePattern &pattern, const NSDateEnvironment &environment,
                          const NSTimeZoneRules &rules, qint64 time, QString *text)
 {
-    if (!environment.isGregorian || !environment.hasASCIIDigits || !NSCivil::isSafe(time))
+    if (pattern.needsICU() || !environment.isGregorian || !environment.hasASCIIDigits ||
+        !NSCivil::isSafe(time))
         return false;
     Writer writer(environment, rules.localTimeOf(time));
     for (const NSDateElement &element : pattern.elements()) {

@@ -280,7 +280,7 @@ TEST_P(NSDateFormatterBesideICU, ReadsTheSame)
         }
     }
     EXPECT_GT(counts.decided, Pairs / 4);
-    EXPECT_GT(counts.matched, Pairs / 100);
+    EXPECT_GT(counts.matched, Pairs / 1000);
 }
 
 TEST_P(NSDateFormatterBesideICU, WritesTheSame)
