@@ -10,8 +10,7 @@
 
 namespace NSCalendarDateFormat {
 /// The text of an instant.
-QString stringOf(const QString &pattern, qint64 time,
-                 const std::shared_ptr<const NSDateEnvironment> &environment,
+QString stringOf(const QString &pattern, qint64 time, const NSDateEnvironment &environment,
                  const NSTimeZoneRules &rules);
 
 /// Reads a date from the start of \a text. Blanks in the pattern are any number of blanks, numbers

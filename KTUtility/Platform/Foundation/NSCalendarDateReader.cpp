@@ -1,62 +1,37 @@
 #include "NSCalendarDateFormat_p.h"
 
 #include "NSCharacterSet.h"
-#include "NSCivilDate_p.h"
+#include "NSDateFields_p.h"
 #include "NSICU_p.h"
 #include "NSScanner.h"
 
 namespace {
 /// What a text says about a date; what it does not say is the default date's.
-struct Fields
+struct Fields : NSDateFields
 {
-    qint64 year = 2000;
-    int month = 1;
-    int day = 1;
+    explicit Fields(const NSDateReading &reading)
+        : NSDateFields(defaultFields(reading)), rules(reading.rules)
+    {
+    }
+
+    const NSTimeZoneRules *rules;
     int dayOfYear = 0; ///< 0: month and day count
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
-    int millisecond = 0;
     std::optional<bool> isPM;
     std::optional<int> offset; ///< milliseconds
-    const NSTimeZoneRules *rules = nullptr;
 };
 
-Fields fieldsOf(const NSDateReading &reading)
-{
-    Fields fields;
-    fields.rules = reading.rules;
-    if (!reading.defaultTime)
-        return fields;
-    const qint64 local = reading.rules->localTimeOf(*reading.defaultTime);
-    const qint64 days = NSCivil::daysOfTime(local);
-    const NSCivilDate date = NSCivil::dateOf(days);
-    const auto time = int(local - days * NSCivil::MillisecondsPerDay);
-    fields.year = date.year;
-    fields.month = date.month;
-    fields.day = date.day;
-    fields.hour = time / 3'600'000;
-    fields.minute = time / 60'000 % 60;
-    fields.second = time / 1000 % 60;
-    fields.millisecond = time % 1000;
-    return fields;
-}
-
-int hourOf(const Fields &fields)
-{
-    return fields.isPM ? fields.hour % 12 + (*fields.isPM ? 12 : 0) : fields.hour;
-}
-
 /// The instant, if there is such a day.
-std::optional<qint64> timeOf(const Fields &fields)
+std::optional<qint64> timeOf(Fields fields)
 {
-    if (fields.day > NSCivil::daysInMonth(fields.year, fields.month))
+    if (!fields.isExistingDay())
         return {};
-    qint64 days = NSCivil::daysOf(fields.year, fields.month, fields.day);
-    if (fields.dayOfYear > 0)
-        days = NSCivil::daysOf(fields.year, 1, 1) + fields.dayOfYear - 1;
-    const qint64 seconds = (hourOf(fields) * 60 + fields.minute) * 60 + fields.second;
-    const qint64 local = days * NSCivil::MillisecondsPerDay + seconds * 1000 + fields.millisecond;
+    if (fields.isPM)
+        fields.hour = fields.hour % 12 + (*fields.isPM ? 12 : 0);
+    if (fields.dayOfYear > 0) {
+        fields.month = 1;
+        fields.day = fields.dayOfYear;
+    }
+    const qint64 local = fields.localTime();
     return fields.offset ? local - *fields.offset : fields.rules->instantOf(local);
 }
 
@@ -65,7 +40,7 @@ class Reader
 {
 public:
     Reader(QStringView text, const NSDateReading &reading)
-        : fields(fieldsOf(reading)), _text(text), _environment(*reading.environment)
+        : fields(reading), _text(text), _environment(*reading.environment)
     {
     }
 

@@ -11,8 +11,7 @@ namespace {
 class Writer
 {
 public:
-    Writer(qint64 time, const std::shared_ptr<const NSDateEnvironment> &environment,
-           const NSTimeZoneRules &rules)
+    Writer(qint64 time, const NSDateEnvironment &environment, const NSTimeZoneRules &rules)
         : _time(time)
         , _environment(environment)
         , _rules(rules)
@@ -35,7 +34,7 @@ private:
 
     QString name(NSDateFormatterSymbols kind, int index) const
     {
-        return _environment->symbolsOf(kind).value(index, QStringLiteral(""));
+        return _environment.symbolsOf(kind).value(index, QStringLiteral(""));
     }
 
     QString dateText(char16_t directive) const
@@ -113,7 +112,7 @@ private:
     QString styledText(unsigned dateStyle, unsigned timeStyle) const
     {
         const auto pattern =
-            NSDatePattern::patternOf(_environment->patternOfStyles(dateStyle, timeStyle));
+            NSDatePattern::patternOf(_environment.patternOfStyles(dateStyle, timeStyle));
         return NSDateEngine::engineOf(_environment, _rules, false).stringOf(*pattern, _time);
     }
 
@@ -131,19 +130,19 @@ private:
         UErrorCode status = U_ZERO_ERROR;
         _rules.zone().getOffset(double(_time), false, standard, saving, status);
         icu::UnicodeString name;
-        _rules.zone().getDisplayName(saving != 0, icu::TimeZone::SHORT, _environment->locale, name);
+        _rules.zone().getDisplayName(saving != 0, icu::TimeZone::SHORT, _environment.locale, name);
         return NSICU::stringOf(name);
     }
 
     const qint64 _time;
-    const std::shared_ptr<const NSDateEnvironment> &_environment;
+    const NSDateEnvironment &_environment;
     const NSTimeZoneRules &_rules;
     const QDateTime _clock;
 };
 } // namespace
 
 QString NSCalendarDateFormat::stringOf(const QString &pattern, qint64 time,
-                                       const std::shared_ptr<const NSDateEnvironment> &environment,
+                                       const NSDateEnvironment &environment,
                                        const NSTimeZoneRules &rules)
 {
     const Writer writer(time, environment, rules);

@@ -14,14 +14,15 @@ struct NSCivilDate
 
 namespace NSCivil {
 inline constexpr qint64 MillisecondsPerDay = 86'400'000;
-/// 1 January 1583, 0:00: from here on both calendars agree in every zone.
-inline constexpr qint64 FirstSafeTime = -12'212'553'600'000;
-/// 1 January 10000, 0:00.
-inline constexpr qint64 EndOfSafeTime = 253'402'300'800'000;
+/// 2 January 1583, 0:00: the Gregorian calendar is in use in every zone.
+inline constexpr qint64 FirstSafeTime = -12'212'467'200'000;
+/// 31 December 9999, 0:00: years have four digits in every zone.
+inline constexpr qint64 EndOfSafeTime = 253'402'214'400'000;
 
-inline constexpr bool isSafe(qint64 localTime)
+/// Whether an instant can be left to arithmetic.
+inline constexpr bool isSafe(qint64 instant)
 {
-    return localTime >= FirstSafeTime && localTime < EndOfSafeTime;
+    return instant >= FirstSafeTime && instant < EndOfSafeTime;
 }
 
 inline constexpr bool isLeapYear(qint64 year)

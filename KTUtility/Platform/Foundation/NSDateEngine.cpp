@@ -1,6 +1,7 @@
 #include "NSDateEngine_p.h"
 
 #include "NSCivilDate_p.h"
+#include "NSDateCharacters_p.h"
 #include "NSICU_p.h"
 #include "NSSeptember_p.h"
 #include "NSThreadCache_p.h"
@@ -32,15 +33,10 @@ constexpr std::array DefaultFields{UCAL_ERA,    UCAL_YEAR,       UCAL_MONTH,    
 /// 1 January 2000, 0:00, as a clock shows it.
 constexpr qint64 LocalDefaultTime = 946'684'800'000;
 
-bool isBlank(UChar32 character)
-{
-    return u_isUWhiteSpace(character) || u_hasBinaryProperty(character, UCHAR_PATTERN_WHITE_SPACE);
-}
-
 int32_t skipBlanks(const icu::UnicodeString &text, int32_t at)
 {
-    while (at < text.length() && isBlank(text.char32At(at)))
-        at = text.moveIndex32(at, 1);
+    while (at < text.length() && NSDateCharacters::isBlank(text.charAt(at)))
+        ++at;
     return at;
 }
 
@@ -53,48 +49,27 @@ int countOfDigits(const icu::UnicodeString &text, int32_t at)
     }
     return count;
 }
-
-/// The hour of blanks, one or two digits and perhaps a colon; nothing if it is no hour from 1 to
-/// 12 or if more follows.
-std::optional<int> bareHourOf(QStringView text)
-{
-    qsizetype at = 0;
-    while (at < text.size() && isBlank(text[at].unicode()))
-        ++at;
-    QStringView hour = text.sliced(at);
-    if (hour.endsWith(u':'))
-        hour.chop(1);
-    if (hour.isEmpty() || hour.size() > 2)
-        return {};
-    int value = 0;
-    for (const QChar unit : hour) {
-        if (unit < u'0' || unit > u'9')
-            return {};
-        value = value * 10 + (unit.unicode() - u'0');
-    }
-    return value >= 1 && value <= 12 ? std::optional(value) : std::nullopt;
-}
 } // namespace
 
-NSDateEngine &NSDateEngine::engineOf(const std::shared_ptr<const NSDateEnvironment> &environment,
+NSDateEngine &NSDateEngine::engineOf(const NSDateEnvironment &environment,
                                      const NSTimeZoneRules &rules, bool isLenient)
 {
     static thread_local NSThreadCache<EngineKey, NSDateEngine> engines;
-    return engines.value({environment.get(), &rules, isLenient}, [&] {
+    return engines.value({&environment, &rules, isLenient}, [&] {
         return std::make_unique<NSDateEngine>(environment, rules, isLenient);
     });
 }
 
-NSDateEngine::NSDateEngine(const std::shared_ptr<const NSDateEnvironment> &environment,
-                           const NSTimeZoneRules &rules, bool isLenient)
-    : _environment(environment), _rules(rules), _isLenient(isLenient)
+NSDateEngine::NSDateEngine(const NSDateEnvironment &environment, const NSTimeZoneRules &rules,
+                           bool isLenient)
+    : _environment(environment.shared_from_this()), _rules(rules), _isLenient(isLenient)
 {
     UErrorCode status = U_ZERO_ERROR;
     _format =
-        std::make_unique<icu::SimpleDateFormat>(icu::UnicodeString(), environment->locale, status);
-    const NSDateCustoms &customs = environment->customs;
+        std::make_unique<icu::SimpleDateFormat>(icu::UnicodeString(), environment.locale, status);
+    const NSDateCustoms &customs = environment.customs;
     if (customs != NSDateCustoms())
-        _format->setDateFormatSymbols(environment->symbols());
+        _format->setDateFormatSymbols(environment.symbols());
     _calendar.reset(_format->getCalendar()->clone());
     _calendar->setTimeZone(rules.zone());
     _calendar->setLenient(isLenient);
@@ -166,20 +141,25 @@ void NSDateEngine::presetFieldsOf(qint64 time)
         _calendar->set(DefaultFields[index], values[index]);
 }
 
-bool NSDateEngine::parse(const NSDatePattern &pattern, QStringView text, bool isWholeText,
+bool NSDateEngine::parse(const NSDatePattern &pattern, QStringView text,
                          std::optional<qint64> defaultTime, NSDateMatch *match)
 {
     setPattern(pattern);
-    bool isRead = false;
-    if (_environment->isEnglish && pattern.hasMonthName) {
-        const NSSeptember rewritten(text);
-        isRead = parseText(pattern, NSICU::aliasOf(rewritten.text()), defaultTime, match);
-        match->length = rewritten.lengthInSource(match->length);
-    } else {
-        isRead = parseText(pattern, NSICU::aliasOf(text), defaultTime, match);
-    }
-    if (!isRead && pattern.isBareHour && isWholeText)
-        return parseBareHour(text, defaultTime, match);
+    const bool isRead = parseUnderAllNames(pattern, text, defaultTime, match);
+    // A zone that was read has become the calendar's.
+    if (pattern.hasZone)
+        _calendar->setTimeZone(_rules.zone());
+    return isRead;
+}
+
+bool NSDateEngine::parseUnderAllNames(const NSDatePattern &pattern, QStringView text,
+                                      std::optional<qint64> defaultTime, NSDateMatch *match)
+{
+    if (!_environment->isEnglish || !pattern.hasMonthName)
+        return parseText(pattern, NSICU::aliasOf(text), defaultTime, match);
+    const NSSeptember rewritten(text);
+    const bool isRead = parseText(pattern, NSICU::aliasOf(rewritten.text()), defaultTime, match);
+    match->length = rewritten.lengthInSource(match->length);
     return isRead;
 }
 
@@ -191,28 +171,16 @@ bool NSDateEngine::parseText(const NSDatePattern &pattern, const icu::UnicodeStr
     _format->parse(text, *_calendar, position);
     const bool isMatched = position.getErrorIndex() < 0 && position.getIndex() > 0;
     match->length = isMatched ? position.getIndex() : qMax(position.getErrorIndex(), 0);
-    if (!isMatched || !readTime(&match->time))
+    if (!isMatched || !readTime(pattern, &match->time))
         return false;
     return hasFittingYear(pattern, text);
 }
 
-bool NSDateEngine::parseBareHour(QStringView text, std::optional<qint64> defaultTime,
-                                 NSDateMatch *match)
-{
-    const std::optional<int> hour = bareHourOf(text);
-    if (!hour)
-        return false;
-    presetFields(defaultTime);
-    _calendar->set(UCAL_HOUR, *hour % 12);
-    match->length = text.size();
-    return readTime(&match->time);
-}
-
-bool NSDateEngine::readTime(qint64 *time)
+bool NSDateEngine::readTime(const NSDatePattern &pattern, qint64 *time)
 {
     UErrorCode status = U_ZERO_ERROR;
     *time = qint64(_calendar->getTime(status));
-    return U_SUCCESS(status) || readSkippedTime(time);
+    return U_SUCCESS(status) || (!pattern.hasZone && readSkippedTime(time));
 }
 
 /// Strict calendars refuse a time that no clock showed. In UTC every time exists; if that works,

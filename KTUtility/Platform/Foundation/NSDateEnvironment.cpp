@@ -5,7 +5,8 @@
 #include "NSICU_p.h"
 
 #include <unicode/calendar.h>
-#include <unicode/smpdtfmt.h>
+#include <unicode/dcfmtsym.h>
+#include <unicode/decimfmt.h>
 
 #include <QHash>
 #include <QMutex>
@@ -28,13 +29,23 @@ icu::DateFormat::EStyle styleOf(size_t number)
     return Styles[number];
 }
 
-QString patternOf(const std::unique_ptr<icu::DateFormat> &format)
+using Format = std::unique_ptr<icu::SimpleDateFormat>;
+
+/// Every format that ICU makes for a style has a pattern.
+Format patternFormat(icu::DateFormat *made)
 {
-    const auto *const simple = dynamic_cast<const icu::SimpleDateFormat *>(format.get());
-    if (!simple)
+    auto *const format = dynamic_cast<icu::SimpleDateFormat *>(made);
+    if (!format)
+        delete made;
+    return Format(format);
+}
+
+QString patternOf(const Format &format)
+{
+    if (!format)
         return {};
     icu::UnicodeString pattern;
-    return withPlainBlanks(NSICU::stringOf(simple->toPattern(pattern)));
+    return withPlainBlanks(NSICU::stringOf(format->toPattern(pattern)));
 }
 
 QString typeOfCalendar(const icu::Locale &locale)
@@ -43,6 +54,18 @@ QString typeOfCalendar(const icu::Locale &locale)
     const std::unique_ptr<icu::Calendar> calendar(icu::Calendar::createInstance(locale, status));
     return U_SUCCESS(status) && calendar ? QString::fromLatin1(calendar->getType())
                                          : NSGregorianCalendar;
+}
+
+/// ICU has no list of them.
+std::array<icu::UnicodeString, 2> narrowHalvesOfDay(icu::SimpleDateFormat *format)
+{
+    constexpr double Day = 86'400'000;
+    format->setTimeZone(*icu::TimeZone::getGMT());
+    format->applyPattern(icu::UnicodeString(u"aaaaa"));
+    std::array<icu::UnicodeString, 2> halves;
+    format->format(Day, halves[0]);
+    format->format(Day * 1.5, halves[1]);
+    return halves;
 }
 
 std::unique_ptr<icu::DateFormatSymbols> symbolsFor(const icu::Locale &locale,
@@ -68,13 +91,72 @@ NSDateEnvironment::NSDateEnvironment(const NSLocale &nsLocale, const QString &ca
     , isEnglish(nsLocale.languageCode() == u"en")
     , _symbols(symbolsFor(locale, own))
 {
-    using icu::DateFormat;
+    Format format;
     for (size_t style = 1; style < _datePatterns.size(); ++style) {
-        _datePatterns[style] = patternOf(
-            std::unique_ptr<DateFormat>(DateFormat::createDateInstance(styleOf(style), locale)));
-        _timePatterns[style] = patternOf(
-            std::unique_ptr<DateFormat>(DateFormat::createTimeInstance(styleOf(style), locale)));
+        format = patternFormat(icu::DateFormat::createDateInstance(styleOf(style), locale));
+        _datePatterns[style] = patternOf(format);
+        format = patternFormat(icu::DateFormat::createTimeInstance(styleOf(style), locale));
+        _timePatterns[style] = patternOf(format);
     }
+    if (format)
+        readFormat(format.get());
+}
+
+void NSDateEnvironment::readFormat(icu::SimpleDateFormat *format)
+{
+    const auto *const numbers = dynamic_cast<const icu::DecimalFormat *>(format->getNumberFormat());
+    if (!numbers)
+        return;
+    using icu::DecimalFormatSymbols;
+    const DecimalFormatSymbols *const numberSymbols = numbers->getDecimalFormatSymbols();
+    hasASCIIDigits = numberSymbols->getConstSymbol(DecimalFormatSymbols::kZeroDigitSymbol) == u"0";
+    startOfNaN = QChar(numberSymbols->getConstSymbol(DecimalFormatSymbols::kNaNSymbol).charAt(0))
+                     .toLower()
+                     .unicode();
+    makeNames(format);
+    makeShownNames();
+}
+
+void NSDateEnvironment::makeShownNames()
+{
+    using Kind = NSDateFormatterSymbols;
+    _shownNames.months = {symbolsOf(Kind::ShortMonth), symbolsOf(Kind::Month)};
+    _shownNames.standaloneMonths = {symbolsOf(Kind::ShortStandaloneMonth),
+                                    symbolsOf(Kind::StandaloneMonth)};
+    _shownNames.weekdays = {symbolsOf(Kind::ShortWeekday), symbolsOf(Kind::Weekday)};
+    _shownNames.halvesOfDay = {symbolsOf(Kind::AMPM), symbolsOf(Kind::AMPM)};
+}
+
+void NSDateEnvironment::makeNames(icu::SimpleDateFormat *format)
+{
+    using icu::DateFormatSymbols;
+    const auto months = [&](DateFormatSymbols::DtContextType context,
+                            DateFormatSymbols::DtWidthType width) {
+        int32_t count = 0;
+        const icu::UnicodeString *const names = _symbols->getMonths(count, context, width);
+        return NSDateNameList(names, count, 0);
+    };
+    const auto weekdays = [&](DateFormatSymbols::DtWidthType width) {
+        int32_t count = 0;
+        const icu::UnicodeString *const names =
+            _symbols->getWeekdays(count, DateFormatSymbols::FORMAT, width);
+        return NSDateNameList(names, count, 1);
+    };
+    for (size_t index = 0; index < 2; ++index) {
+        const auto width = index == 0 ? DateFormatSymbols::WIDE : DateFormatSymbols::ABBREVIATED;
+        _names.months[index] = months(DateFormatSymbols::FORMAT, width);
+        _names.standaloneMonths[index] = months(DateFormatSymbols::STANDALONE, width);
+    }
+    constexpr std::array Widths{DateFormatSymbols::WIDE, DateFormatSymbols::ABBREVIATED,
+                                DateFormatSymbols::SHORT, DateFormatSymbols::NARROW};
+    for (size_t index = 0; index < Widths.size(); ++index)
+        _names.weekdays[index] = weekdays(Widths[index]);
+    int32_t count = 0;
+    const icu::UnicodeString *const halves = _symbols->getAmPmStrings(count);
+    _names.halvesOfDay[0] = NSDateNameList(halves, count, 0);
+    const std::array narrow = narrowHalvesOfDay(format);
+    _names.halvesOfDay[1] = NSDateNameList(narrow.data(), int32_t(narrow.size()), 0);
+    _names.noteStarts();
 }
 
 std::shared_ptr<const NSDateEnvironment> NSDateEnvironment::environmentOf(const NSLocale &locale,

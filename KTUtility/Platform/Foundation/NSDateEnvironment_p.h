@@ -1,9 +1,11 @@
 #pragma once
 
 #include "NSDateFormatter.h"
+#include "NSDateNames_p.h"
 
 #include <unicode/dtfmtsym.h>
 #include <unicode/locid.h>
+#include <unicode/smpdtfmt.h>
 
 #include <QString>
 
@@ -23,9 +25,20 @@ struct NSDateCustoms
     friend bool operator==(const NSDateCustoms &, const NSDateCustoms &) = default;
 };
 
+/// The names that dates are written with; abbreviated and wide ones.
+struct NSDateShownNames
+{
+    using Lists = std::array<QStringList, 2>;
+
+    Lists months;
+    Lists standaloneMonths;
+    Lists weekdays;
+    Lists halvesOfDay; ///< the same twice
+};
+
 /// Everything about dates that comes from a locale and calendar. Immutable; shared by all
 /// formatters of the locale, except by those with customs of their own.
-class NSDateEnvironment
+class NSDateEnvironment : public std::enable_shared_from_this<NSDateEnvironment>
 {
 public:
     static std::shared_ptr<const NSDateEnvironment> environmentOf(const NSLocale &locale,
@@ -49,8 +62,22 @@ public:
     QString calendarType;
     bool isGregorian = false;
     bool isEnglish = false;
+    /// Whether numbers are written with 0 to 9.
+    bool hasASCIIDigits = false;
+    /// What "not a number" starts with, lower case; a number field would read it.
+    char16_t startOfNaN = 0;
+
+    const NSDateNames &names() const { return _names; }
+    const NSDateShownNames &shownNames() const { return _shownNames; }
 
 private:
+    void readFormat(icu::SimpleDateFormat *format);
+    void makeNames(icu::SimpleDateFormat *format);
+
+    void makeShownNames();
+
+    NSDateNames _names;
+    NSDateShownNames _shownNames;
     std::unique_ptr<icu::DateFormatSymbols> _symbols;
     std::array<QString, 5> _datePatterns;
     std::array<QString, 5> _timePatterns;

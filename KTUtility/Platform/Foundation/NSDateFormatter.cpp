@@ -54,6 +54,7 @@ NSDateFormatterBehavior NSDateFormatter::formatterBehavior() const
 void NSDateFormatter::setFormatterBehavior(NSDateFormatterBehavior behavior)
 {
     _private->behavior = behavior;
+    _private->readingChanged();
 }
 
 NSLocale NSDateFormatter::locale() const
@@ -100,6 +101,7 @@ bool NSDateFormatter::isLenient() const
 void NSDateFormatter::setLenient(bool lenient)
 {
     _private->isLenient = lenient;
+    _private->readingChanged();
 }
 
 QDateTime NSDateFormatter::defaultDate() const
@@ -110,6 +112,7 @@ QDateTime NSDateFormatter::defaultDate() const
 void NSDateFormatter::setDefaultDate(const QDateTime &date)
 {
     _private->defaultTime.reset();
+    _private->readingChanged();
     if (date.isValid())
         _private->defaultTime = date.toMSecsSinceEpoch();
 }
@@ -200,7 +203,7 @@ void NSDateFormatter::setPMSymbol(const QString &symbol)
 
 QStringList NSDateFormatter::symbols(NSDateFormatterSymbols kind) const
 {
-    return _private->environment()->symbolsOf(kind);
+    return _private->environment().symbolsOf(kind);
 }
 
 void NSDateFormatter::setSymbols(NSDateFormatterSymbols kind, const QStringList &symbols)

@@ -1,6 +1,7 @@
 #include "NSDateFormatter_p.h"
 
 #include "NSCalendarDateFormat_p.h"
+#include "NSDateWriter_p.h"
 #include "NSNaturalLanguageDate_p.h"
 
 const NSLocale &NSDateFormatter::Private::knownLocale() const
@@ -24,10 +25,8 @@ NSDateCustoms NSDateFormatter::Private::customsOfSettings() const
     return result;
 }
 
-const std::shared_ptr<const NSDateEnvironment> &NSDateFormatter::Private::environment() const
+void NSDateFormatter::Private::makeEnvironment() const
 {
-    if (_environment)
-        return _environment;
     const NSLocale &known = knownLocale();
     const QString identifier =
         calendar ? calendar->calendarIdentifier() : known.calendarIdentifier();
@@ -36,7 +35,6 @@ const std::shared_ptr<const NSDateEnvironment> &NSDateFormatter::Private::enviro
         _environment = NSDateEnvironment::environmentOf(known, identifier);
     else
         _environment = NSDateEnvironment::environmentOf(known, identifier, customsOfSettings());
-    return _environment;
 }
 
 QTimeZone NSDateFormatter::Private::zone() const
@@ -46,23 +44,9 @@ QTimeZone NSDateFormatter::Private::zone() const
     return calendar ? calendar->timeZone() : NSCalendar::systemTimeZone();
 }
 
-const NSTimeZoneRules &NSDateFormatter::Private::rules() const
-{
-    if (!_rules)
-        _rules = &NSTimeZoneRules::rulesOf(zone());
-    return *_rules;
-}
-
 QString NSDateFormatter::Private::patternText() const
 {
-    return format.isNull() ? environment()->patternOfStyles(dateStyle, timeStyle) : format;
-}
-
-const NSDatePattern &NSDateFormatter::Private::pattern() const
-{
-    if (!_pattern)
-        _pattern = NSDatePattern::patternOf(patternText());
-    return *_pattern;
+    return format.isNull() ? environment().patternOfStyles(dateStyle, timeStyle) : format;
 }
 
 NSDateCustoms &NSDateFormatter::Private::editableCustoms()
@@ -78,6 +62,7 @@ void NSDateFormatter::Private::settingChanged()
     _environment.reset();
     _rules = nullptr;
     _pattern.reset();
+    _isDecidable.reset();
 }
 
 QDateTime NSDateFormatter::Private::dateOf(qint64 time) const
@@ -91,27 +76,56 @@ QString NSDateFormatter::Private::stringOf(qint64 time) const
 {
     if (isOldBehavior())
         return NSCalendarDateFormat::stringOf(patternText(), time, environment(), rules());
-    if (pattern().text.isEmpty())
-        return QStringLiteral("");
-    return NSDateEngine::engineOf(environment(), rules(), isLenient).stringOf(pattern(), time);
+    QString text = QStringLiteral("");
+    if (!NSDateWriter::write(pattern(), environment(), rules(), time, &text))
+        text = NSDateEngine::engineOf(environment(), rules(), isLenient).stringOf(pattern(), time);
+    return text;
 }
 
-bool NSDateFormatter::Private::parse(const NSDateText &text, NSDateMatch *match) const
+NSDateReading NSDateFormatter::Private::reading() const
+{
+    return {&environment(), &rules(), isLenient, defaultTime};
+}
+
+bool NSDateFormatter::Private::parseFully(const NSDateText &text, NSDateMatch *match) const
 {
     if (isOldBehavior())
         return parseOld(text, match);
+    return parseNew(text, match) || parseBareHour(text, match);
+}
+
+bool NSDateFormatter::Private::parseNew(const NSDateText &text, NSDateMatch *match) const
+{
+    using NSDateMatcher::Answer;
+    const Answer answer = NSDateMatcher::match(pattern(), reading(), text, match);
+    if (answer != Answer::Undecided)
+        return answer == Answer::Matched;
+    return parseWithICU(text, match);
+}
+
+bool NSDateFormatter::Private::parseWithICU(const NSDateText &text, NSDateMatch *match) const
+{
     NSDateEngine &engine = NSDateEngine::engineOf(environment(), rules(), isLenient);
-    return engine.parse(pattern(), text.start(), text.isComplete(), defaultTime, match);
+    return engine.parse(pattern(), text.start(), defaultTime, match);
+}
+
+bool NSDateFormatter::Private::parseBareHour(const NSDateText &text, NSDateMatch *match) const
+{
+    return pattern().isBareHour && text.isComplete() &&
+           NSDateMatcher::matchBareHour(reading(), text, match);
 }
 
 bool NSDateFormatter::Private::parseOld(const NSDateText &text, NSDateMatch *match) const
 {
-    const NSDateReading reading{environment(), &rules(), isLenient, defaultTime};
-    if (NSCalendarDateFormat::parse(patternText(), text.start(), reading, match))
-        return true;
-    if (!allowsNaturalLanguage || !text.isComplete())
-        return false;
-    return NSNaturalLanguageDate::parse(text.start(), patternText(), reading, match);
+    const bool isRead = NSCalendarDateFormat::parse(patternText(), text.start(), reading(), match);
+    const bool isWhole = isRead && text.start().sliced(match->length).trimmed().isEmpty();
+    if (isWhole || !allowsNaturalLanguage || !text.isComplete())
+        return isRead;
+    NSDateMatch natural;
+    if (!NSNaturalLanguageDate::parse(text.start(), patternText(), reading(), &natural))
+        return isRead;
+    *match = natural;
+    return true;
 }
 
 bool NSDateFormatterAccess::parse(const NSDateFormatter &formatter, const NSDateText &text,
@@ -123,4 +137,38 @@ bool NSDateFormatterAccess::parse(const NSDateFormatter &formatter, const NSDate
 QDateTime NSDateFormatterAccess::dateOf(const NSDateFormatter &formatter, qint64 time)
 {
     return formatter._private->dateOf(time);
+}
+
+std::optional<bool> NSDateFormatterAccess::parseWithoutICU(const NSDateFormatter &formatter,
+                                                           const NSDateText &text,
+                                                           NSDateMatch *match)
+{
+    using NSDateMatcher::Answer;
+    const NSDateFormatter::Private &settings = *formatter._private;
+    const Answer answer = NSDateMatcher::match(settings.pattern(), settings.reading(), text, match);
+    return answer == Answer::Undecided ? std::nullopt : std::optional(answer == Answer::Matched);
+}
+
+bool NSDateFormatterAccess::parseWithICU(const NSDateFormatter &formatter, const NSDateText &text,
+                                         NSDateMatch *match)
+{
+    return formatter._private->parseWithICU(text, match);
+}
+
+QString NSDateFormatterAccess::stringWithoutICU(const NSDateFormatter &formatter,
+                                                const QDateTime &date)
+{
+    const NSDateFormatter::Private &settings = *formatter._private;
+    QString text;
+    const bool isWritten = NSDateWriter::write(settings.pattern(), settings.environment(),
+                                               settings.rules(), date.toMSecsSinceEpoch(), &text);
+    return isWritten ? text : QString();
+}
+
+QString NSDateFormatterAccess::stringWithICU(const NSDateFormatter &formatter,
+                                             const QDateTime &date)
+{
+    const NSDateFormatter::Private &settings = *formatter._private;
+    return NSDateEngine::engineOf(settings.environment(), settings.rules(), settings.isLenient)
+        .stringOf(settings.pattern(), date.toMSecsSinceEpoch());
 }

@@ -2,12 +2,14 @@
 
 #include "NSDateEngine_p.h"
 #include "NSDateFormatter.h"
-#include "NSDateText_p.h"
+#include "NSDateFormatterAccess_p.h"
+#include "NSDateLead_p.h"
+#include "NSDateMatcher_p.h"
 
 #include <optional>
 
 /// What a formatter was told, and what it made of that on first use.
-class NSDateFormatter::Private
+class Q_DECL_HIDDEN NSDateFormatter::Private
 {
 public:
     NSDateFormatterBehavior behavior = NSDateFormatterBehavior10_4;
@@ -25,51 +27,75 @@ public:
     std::unique_ptr<NSDateCustoms> customs;
 
     const NSLocale &knownLocale() const;
-    const std::shared_ptr<const NSDateEnvironment> &environment() const;
-    const NSTimeZoneRules &rules() const;
-    const NSDatePattern &pattern() const;
+    const NSDateEnvironment &environment() const
+    {
+        if (!_environment)
+            makeEnvironment();
+        return *_environment;
+    }
+    const NSTimeZoneRules &rules() const
+    {
+        if (!_rules)
+            _rules = &NSTimeZoneRules::rulesOf(zone());
+        return *_rules;
+    }
+    const NSDatePattern &pattern() const
+    {
+        if (!_pattern)
+            _pattern = NSDatePattern::patternOf(patternText());
+        return *_pattern;
+    }
     QString patternText() const;
     NSDateCustoms &editableCustoms();
     /// Forgets what was made, because a setting has changed.
     void settingChanged();
     /// Forgets the pattern only.
     void formatChanged() { _pattern.reset(); }
+    /// Asks again whether texts can be read without ICU.
+    void readingChanged() { _isDecidable.reset(); }
 
     bool isOldBehavior() const { return behavior == NSDateFormatterBehavior10_0; }
     QTimeZone zone() const;
     QDateTime dateOf(qint64 time) const;
     QString stringOf(qint64 time) const;
     /// Reads a date from the start of \a text; see NSDateFormatterAccess::parse().
-    bool parse(const NSDateText &text, NSDateMatch *match) const;
+    bool parse(const NSDateText &text, NSDateMatch *match) const
+    {
+        return isRefusedAtOnce(text, match) ? false : parseFully(text, match);
+    }
+    bool parseWithICU(const NSDateText &text, NSDateMatch *match) const;
+    NSDateReading reading() const;
 
 private:
+    bool isRefusedAtOnce(const NSDateText &text, NSDateMatch *match) const;
+    bool isDecidable() const;
+    void makeEnvironment() const;
+    bool parseFully(const NSDateText &text, NSDateMatch *match) const;
+    bool parseNew(const NSDateText &text, NSDateMatch *match) const;
+    bool parseBareHour(const NSDateText &text, NSDateMatch *match) const;
     bool parseOld(const NSDateText &text, NSDateMatch *match) const;
     NSDateCustoms customsOfSettings() const;
 
     mutable std::shared_ptr<const NSDateEnvironment> _environment;
     mutable const NSTimeZoneRules *_rules = nullptr;
     mutable std::shared_ptr<const NSDatePattern> _pattern;
+    mutable std::optional<bool> _isDecidable;
 };
 
-/// Formatters for those that try many of them on one text.
-///
-/// The text is looked at once, in an NSDateText; an attempt that cannot succeed then costs a few
-/// nanoseconds, since it makes nothing: no variant, no error, no copy of the text.
-///
-/// \code
-/// const NSDateText text(typed);
-/// NSDateMatch match;
-/// for (const NSDateFormatter *formatter : formatters) {
-///     if (NSDateFormatterAccess::parse(*formatter, text, &match) && match.length == text.length())
-///         return NSDateFormatterAccess::dateOf(*formatter, match.time);
-/// }
-/// \endcode
-class KTUTILITY_EXPORT NSDateFormatterAccess
+inline bool NSDateFormatter::Private::isDecidable() const
 {
-public:
-    /// Reads a date from the start of \a text, as getObjectValue() with a range does.
-    /// \param match receives the instant and the length; on failure only the length.
-    static bool parse(const NSDateFormatter &formatter, const NSDateText &text, NSDateMatch *match);
-    /// The date that \a formatter makes of an instant.
-    static QDateTime dateOf(const NSDateFormatter &formatter, qint64 time);
-};
+    if (!_isDecidable)
+        _isDecidable = !isOldBehavior() && NSDateMatcher::isDecidable(reading());
+    return *_isDecidable;
+}
+
+/// Small and inline: it decides most attempts.
+inline bool NSDateFormatter::Private::isRefusedAtOnce(const NSDateText &text,
+                                                      NSDateMatch *match) const
+{
+    if (!isDecidable() || pattern().isBareHour ||
+        !NSDateLead::isRefusedAtOnce(pattern(), environment(), text))
+        return false;
+    match->length = text.lead();
+    return true;
+}

@@ -1,14 +1,18 @@
 #include "NSDatePattern_p.h"
 
+#include "NSDateCharacters_p.h"
+
 #include <QHash>
 #include <QMutex>
 #include <QMutexLocker>
 
+#include <algorithm>
 #include <atomic>
 
 namespace {
 /// More patterns than any application has; the texts of patterns may come from outside.
 constexpr int Capacity = 4096;
+constexpr qsizetype LongestKept = 256;
 
 quint64 nextNumber()
 {
@@ -21,10 +25,11 @@ bool isLetter(char16_t unit)
     return (unit >= u'A' && unit <= u'Z') || (unit >= u'a' && unit <= u'z');
 }
 
-/// The letters of fields that are numbers however often the letter stands there.
-bool isAlwaysNumber(char16_t letter)
+/// Whether ICU takes a field for a number when it stands beside another one.
+bool isNumberField(char16_t letter, qsizetype count)
 {
-    return QStringView(u"YyudehHmsSDFwWkK").contains(letter);
+    return QStringView(u"yYudhHmsSDFwWkKgAr").contains(letter) ||
+           (count < 3 && QStringView(u"MLecqQ").contains(letter));
 }
 
 qsizetype endOfRun(QStringView text, qsizetype start)
@@ -35,10 +40,43 @@ qsizetype endOfRun(QStringView text, qsizetype start)
     return end;
 }
 
-qsizetype endOfQuoted(QStringView text, qsizetype start)
+/// The end of what stands between two fields.
+qsizetype endOfLiteral(QStringView text, qsizetype start)
 {
-    const qsizetype end = text.indexOf(u'\'', start + 1);
-    return end < 0 ? text.size() : end + 1;
+    bool isQuoted = false;
+    qsizetype end = start;
+    for (; end < text.size(); ++end) {
+        if (text[end] == u'\'')
+            isQuoted = !isQuoted;
+        else if (!isQuoted && isLetter(text[end].unicode()))
+            break;
+    }
+    return end;
+}
+
+using Kind = NSDateElement::Kind;
+
+bool isReadableNumber(char16_t letter, int count)
+{
+    if (letter == u'y')
+        return count == 1 || count == 2 || count == 4;
+    return QStringView(u"dhHkKms").contains(letter);
+}
+
+Kind kindOf(char16_t letter, int count)
+{
+    if (letter == u'M' || letter == u'L')
+        return count <= 2 ? Kind::Number : Kind::MonthName;
+    if (letter == u'E')
+        return Kind::Weekday;
+    if (letter == u'a')
+        return Kind::HalfOfDay;
+    return isReadableNumber(letter, count) ? Kind::Number : Kind::Other;
+}
+
+bool isNumber(const NSDateElement &element)
+{
+    return element.kind != Kind::Literal && isNumberField(element.letter, element.count);
 }
 
 /// The letters of the number fields that follow each other from \a start.
@@ -47,8 +85,7 @@ int countOfNumberLetters(QStringView text, qsizetype start)
     qsizetype at = start;
     while (at < text.size()) {
         const qsizetype end = endOfRun(text, at);
-        const char16_t letter = text[at].unicode();
-        if (!isAlwaysNumber(letter) && !(letter == u'M' && end - at < 3))
+        if (!isNumberField(text[at].unicode(), end - at))
             break;
         at = end;
     }
@@ -60,16 +97,82 @@ NSDatePattern::NSDatePattern(const QString &pattern)
     : text(pattern), number(nextNumber()), isBareHour(pattern == u"ha")
 {
     for (qsizetype at = 0; at < text.size();) {
-        const char16_t unit = text[at].unicode();
-        const qsizetype end = unit == u'\'' ? endOfQuoted(text, at) : endOfRun(text, at);
-        if (isLetter(unit) && (unit == u'M' || unit == u'L') && end - at >= 3)
-            hasMonthName = true;
-        if (unit == u'y' && yearLetters == 0) {
-            yearLetters = int(end - at);
-            beforeYear = text.left(at);
-            digitsAfterYear = countOfNumberLetters(text, end);
-        }
+        const bool isField = isLetter(text[at].unicode());
+        const qsizetype end = isField ? endOfRun(text, at) : endOfLiteral(text, at);
+        if (isField)
+            appendField(at, end);
+        else
+            appendLiteral(QStringView(text).sliced(at, end - at));
         at = end;
+    }
+    leaveAdjacentNumbersToICU();
+    noteLead();
+}
+
+void NSDatePattern::noteLead()
+{
+    const auto isOther = [](const NSDateElement &element) { return element.kind == Kind::Other; };
+    _needsICU = std::any_of(_elements.begin(), _elements.end(), isOther);
+    if (_elements.empty())
+        return;
+    const NSDateElement &first = _elements.front();
+    _leadingKind = first.kind;
+    _isLedByMonth = first.letter == u'M' || first.letter == u'L';
+    // A text may end within the last literal; only one that a field follows has to be there.
+    if (first.kind == Kind::Number && _elements.size() > 2 && _elements[1].kind == Kind::Literal &&
+        !_elements[1].sought.isEmpty())
+        _unitAfterLeadingNumber = _elements[1].sought[0].unicode();
+}
+
+void NSDatePattern::appendField(qsizetype at, qsizetype end)
+{
+    const char16_t letter = text[at].unicode();
+    const int count = int(end - at);
+    if (letter == u'y' && yearLetters == 0)
+        setYear(at, end);
+    const Kind kind = kindOf(letter, count);
+    hasMonthName = hasMonthName || kind == Kind::MonthName;
+    hasZone = hasZone || QStringView(u"zZOvVXx").contains(letter);
+    const bool isWide = letter == u'd' || letter == u'm' || letter == u's';
+    _elements.push_back({kind, letter, count, isWide ? count : 1, {}, {}});
+}
+
+/// Quotes hold letters; two of them are one, inside and outside of quotes.
+void NSDatePattern::appendLiteral(QStringView source)
+{
+    NSDateElement element;
+    element.kind = Kind::Literal;
+    for (qsizetype at = 0; at < source.size(); ++at) {
+        const bool isQuote = source[at] == u'\'';
+        const bool isDoubled = isQuote && at + 1 < source.size() && source[at + 1] == u'\'';
+        if (isQuote && !isDoubled)
+            continue;
+        at += isDoubled ? 1 : 0;
+        element.characters += source[at];
+        const bool isBlank = NSDateCharacters::isBlankOfPatterns(source[at].unicode());
+        if (!isBlank)
+            element.sought += source[at];
+        else if (!element.sought.endsWith(u' '))
+            element.sought += u' ';
+    }
+    _elements.push_back(std::move(element));
+}
+
+void NSDatePattern::setYear(qsizetype at, qsizetype end)
+{
+    yearLetters = int(end - at);
+    beforeYear = text.left(at);
+    digitsAfterYear = countOfNumberLetters(text, end);
+}
+
+/// Numbers without anything between them share their digits; ICU tries several divisions.
+void NSDatePattern::leaveAdjacentNumbersToICU()
+{
+    for (size_t index = 1; index < _elements.size(); ++index) {
+        NSDateElement &left = _elements[index - 1];
+        NSDateElement &right = _elements[index];
+        if (isNumber(left) && isNumber(right))
+            left.kind = right.kind = Kind::Other;
     }
 }
 
@@ -88,6 +191,8 @@ bool NSDatePattern::takesYearOf(int digits) const
 
 std::shared_ptr<const NSDatePattern> NSDatePattern::patternOf(const QString &text)
 {
+    if (text.size() > LongestKept)
+        return std::make_shared<const NSDatePattern>(text);
     static QMutex mutex;
     static QHash<QString, std::shared_ptr<const NSDatePattern>> known;
     const QMutexLocker lock(&mutex);

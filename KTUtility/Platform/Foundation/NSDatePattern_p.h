@@ -1,8 +1,33 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 
 #include <memory>
+#include <vector>
+
+/// A field of a pattern, or the characters between two fields.
+struct NSDateElement
+{
+    enum class Kind : quint8 {
+        Literal,
+        Number,    ///< y yy yyyy M MM L LL d h H k K m s, and more letters of the time
+        MonthName, ///< MMM and more, LLL and more
+        Weekday,   ///< E
+        HalfOfDay, ///< a
+        Other      ///< what is left to ICU
+    };
+
+    Kind kind = Kind::Other;
+    char16_t letter = 0;
+    int count = 0;
+    /// How many digits a number needs at least. ICU asks for all digits of "dd", "mm" and "ss", but
+    /// not of the others.
+    int minimalDigits = 1;
+    /// A literal's characters, and the same as they are looked for: a blank is any run of blanks.
+    QString characters;
+    QString sought;
+};
 
 /// A date pattern in Unicode's notation (UTS #35), taken apart once and shared by all formatters
 /// that use it. Immutable.
@@ -19,9 +44,11 @@ public:
     /// Different for every object that ever was.
     const quint64 number;
     /// Whether it is "ha", the one pattern that reads an hour without AM or PM.
-    bool isBareHour = false;
+    const bool isBareHour;
     /// Whether a month is read as a name.
     bool hasMonthName = false;
+    /// Whether a time zone is read.
+    bool hasZone = false;
 
     // --- The year, if there is one ("y")
 
@@ -34,4 +61,28 @@ public:
 
     /// Whether a year of \a digits digits fits, where widths are strict.
     bool takesYearOf(int digits) const;
+
+    const std::vector<NSDateElement> &elements() const { return _elements; }
+    /// The kind of the first element.
+    NSDateElement::Kind leadingKind() const { return _leadingKind; }
+    /// The character behind a leading number; a blank is any, 0 is none in particular.
+    char16_t unitAfterLeadingNumber() const { return _unitAfterLeadingNumber; }
+    /// Whether the leading element reads a month.
+    bool isLedByMonth() const { return _isLedByMonth; }
+    /// Whether some element is left to ICU.
+    bool needsICU() const { return _needsICU; }
+
+private:
+    void appendField(qsizetype at, qsizetype end);
+    void appendLiteral(QStringView source);
+    void setYear(qsizetype at, qsizetype end);
+    void leaveAdjacentNumbersToICU();
+
+    void noteLead();
+
+    std::vector<NSDateElement> _elements;
+    NSDateElement::Kind _leadingKind = NSDateElement::Kind::Other;
+    char16_t _unitAfterLeadingNumber = 0;
+    bool _isLedByMonth = false;
+    bool _needsICU = false;
 };

@@ -13,11 +13,11 @@
 #include <array>
 
 namespace {
+/// The length of a season is a power of two, about 99 days.
+constexpr int SeasonBits = 33;
 constexpr qint64 Hour = 3'600'000;
-/// No zone is further from another than the change of the date in Samoa, 24 hours.
-constexpr qint64 SafeDistance = 26 * Hour;
-/// Beyond this, zones have no transitions that ICU would find.
-constexpr qint64 EndOfTime = std::numeric_limits<qint64>::max() / 4;
+/// No clock is further from UTC, or changes by more, than this.
+constexpr qint64 Margin = 27 * Hour;
 
 /// Zones without rules in ICU, such as "UTC+05:30" of Qt, have one offset for ever.
 std::unique_ptr<icu::BasicTimeZone> fixedZone(const QTimeZone &zone, const icu::UnicodeString &id)
@@ -55,42 +55,73 @@ const NSTimeZoneRules &NSTimeZoneRules::rulesOf(const QTimeZone &zone)
     return *rules;
 }
 
-/// A small table by time: stretches are about half a year long, the slots a season.
-NSTimeZoneRules::Stretch &NSTimeZoneRules::rememberedFor(qint64 time)
+/// The slot of a time in a small table; what else was there is filled in anew.
+const NSTimeZoneRules::Season &NSTimeZoneRules::seasonAt(qint64 time) const
 {
-    static thread_local std::array<Stretch, 32> stretches;
-    return stretches[size_t(time >> 33) % stretches.size()];
+    static thread_local std::array<Season, 32> seasons;
+    const qint64 number = time >> SeasonBits;
+    Season &season = seasons[size_t(number) % seasons.size()];
+    if (season.rules != this || season.number != number) {
+        season.rules = this;
+        season.number = number;
+        fill(&season);
+    }
+    return season;
 }
 
-const NSTimeZoneRules::Stretch &NSTimeZoneRules::stretchAt(qint64 instant) const
+void NSTimeZoneRules::fill(Season *season) const
 {
-    Stretch &stretch = rememberedFor(instant);
-    if (stretch.rules == this && instant >= stretch.from && instant < stretch.to)
-        return stretch;
+    const qint64 start = (season->number << SeasonBits) - Margin;
+    const qint64 end = ((season->number + 1) << SeasonBits) + Margin;
+    season->stretches[0] = {start, slowOffsetAt(start)};
+    season->count = 1;
     icu::TimeZoneTransition transition;
-    const bool hasPrevious = _zone->getPreviousTransition(double(instant), true, transition);
-    const qint64 from = hasPrevious ? qint64(transition.getTime()) : -EndOfTime;
-    const bool hasNext = _zone->getNextTransition(double(instant), false, transition);
-    const qint64 to = hasNext ? qint64(transition.getTime()) : EndOfTime;
+    qint64 time = start;
+    while (_zone->getNextTransition(double(time), false, transition)) {
+        time = qint64(transition.getTime());
+        if (time >= end)
+            return;
+        if (season->count == season->stretches.size()) {
+            season->count = 0;
+            return;
+        }
+        season->stretches[season->count++] = {time, slowOffsetAt(time)};
+    }
+}
+
+int NSTimeZoneRules::slowOffsetAt(qint64 instant) const
+{
     int32_t standard = 0;
     int32_t saving = 0;
     UErrorCode status = U_ZERO_ERROR;
     _zone->getOffset(double(instant), false, standard, saving, status);
-    stretch = {this, from, to, standard + saving};
-    return stretch;
+    return standard + saving;
 }
 
 int NSTimeZoneRules::offsetAt(qint64 instant) const
 {
-    return stretchAt(instant).offset;
+    const Season &season = seasonAt(instant);
+    for (size_t index = season.count; index > 0; --index) {
+        if (instant >= season.stretches[index - 1].from)
+            return season.stretches[index - 1].offset;
+    }
+    return slowOffsetAt(instant);
 }
 
 qint64 NSTimeZoneRules::instantOf(qint64 localTime) const
 {
-    const Stretch &stretch = stretchAt(localTime);
-    if (localTime - SafeDistance > stretch.from && localTime + SafeDistance < stretch.to)
-        return localTime - stretch.offset;
-    return slowInstantOf(localTime);
+    const Season &season = seasonAt(localTime);
+    return season.count > 0 ? instantOf(localTime, season) : slowInstantOf(localTime);
+}
+
+/// The last stretch that began before the clock showed the time is the one, be it that the time
+/// was shown before, too; if no stretch shows it, the one before the gap tells.
+qint64 NSTimeZoneRules::instantOf(qint64 localTime, const Season &season)
+{
+    size_t index = season.count - 1;
+    while (index > 0 && localTime - season.stretches[index].offset < season.stretches[index].from)
+        --index;
+    return localTime - season.stretches[index].offset;
 }
 
 qint64 NSTimeZoneRules::slowInstantOf(qint64 localTime) const

@@ -6,13 +6,14 @@
 
 #include <QTimeZone>
 
+#include <array>
 #include <memory>
 
 /// When a time zone is how far from UTC, as ICU's data say, remembered.
 ///
 /// Zones are made once per process and never go away; there are only so many. Every thread keeps
-/// the stretches of constant offset that it met last, so that an offset costs a few nanoseconds.
-/// All times are milliseconds since 1970.
+/// the offsets of the seasons that it met last, so that an offset costs a few nanoseconds. All
+/// times are milliseconds since 1970.
 class KTUTILITY_EXPORT NSTimeZoneRules
 {
 public:
@@ -33,16 +34,27 @@ public:
 private:
     explicit NSTimeZoneRules(const QTimeZone &zone);
 
+    /// A time from which on an offset holds, until the next such time.
     struct Stretch
     {
-        const NSTimeZoneRules *rules = nullptr;
         qint64 from = 0;
-        qint64 to = 0;
         int offset = 0;
     };
-    static Stretch &rememberedFor(qint64 time);
-    const Stretch &stretchAt(qint64 instant) const;
+
+    /// The stretches of about three months and two days on both sides.
+    struct Season
+    {
+        const NSTimeZoneRules *rules = nullptr;
+        qint64 number = 0;
+        size_t count = 0; ///< 0: more changes than fit
+        std::array<Stretch, 5> stretches;
+    };
+
+    const Season &seasonAt(qint64 time) const;
+    void fill(Season *season) const;
+    int slowOffsetAt(qint64 instant) const;
     qint64 slowInstantOf(qint64 localTime) const;
+    static qint64 instantOf(qint64 localTime, const Season &season);
 
     std::unique_ptr<icu::BasicTimeZone> _zone;
 };

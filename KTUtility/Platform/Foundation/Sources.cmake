@@ -11,8 +11,11 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSDateEnvironment.cpp
     Platform/Foundation/NSDateFormatter.cpp
     Platform/Foundation/NSDateFormatterPrivate.cpp
+    Platform/Foundation/NSDateMatcher.cpp
+    Platform/Foundation/NSDateNames.cpp
     Platform/Foundation/NSDatePattern.cpp
     Platform/Foundation/NSDateSymbols.cpp
+    Platform/Foundation/NSDateWriter.cpp
     Platform/Foundation/NSDecimalNumber.cpp
     Platform/Foundation/NSDefaultsFile.cpp
     Platform/Foundation/NSError.cpp

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "NSDateFormatter.h"
+#include "NSDateText_p.h"
+
+#include <optional>
+
+/// Formatters for those that try many of them on one text.
+///
+/// The text is looked at once, in an NSDateText; an attempt that cannot succeed then costs a few
+/// nanoseconds, since it makes nothing: no variant, no error, no copy of the text.
+///
+/// \code
+/// const NSDateText text(typed);
+/// NSDateMatch match;
+/// for (const NSDateFormatter *formatter : formatters) {
+///     if (NSDateFormatterAccess::parse(*formatter, text, &match) && match.length == text.length())
+///         return NSDateFormatterAccess::dateOf(*formatter, match.time);
+/// }
+/// \endcode
+class KTUTILITY_EXPORT NSDateFormatterAccess
+{
+public:
+    /// Reads a date from the start of \a text, as getObjectValue() with a range does.
+    /// \param match receives the instant and the length; on failure only the length.
+    static bool parse(const NSDateFormatter &formatter, const NSDateText &text, NSDateMatch *match);
+    /// The date that \a formatter makes of an instant.
+    static QDateTime dateOf(const NSDateFormatter &formatter, qint64 time);
+
+    // --- The two ways of working, apart, for tests and measurements
+
+    /// What reading without ICU says: true, false, or nothing if only ICU can tell.
+    static std::optional<bool> parseWithoutICU(const NSDateFormatter &formatter,
+                                               const NSDateText &text, NSDateMatch *match);
+    static bool parseWithICU(const NSDateFormatter &formatter, const NSDateText &text,
+                             NSDateMatch *match);
+    /// Null if only ICU can tell.
+    static QString stringWithoutICU(const NSDateFormatter &formatter, const QDateTime &date);
+    static QString stringWithICU(const NSDateFormatter &formatter, const QDateTime &date);
+};
