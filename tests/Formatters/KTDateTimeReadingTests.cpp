@@ -161,7 +161,7 @@ TEST(KTDateTimeReading, ReadsAsTheTableSays)
         }
     }
     EXPECT_EQ(cells, 1010);
-    EXPECT_EQ(otherwise, 68);
+    EXPECT_EQ(otherwise, 71);
 }
 
 TEST(KTDateTimeReading, ReadsDatesAndTimesInAmericanOrder)

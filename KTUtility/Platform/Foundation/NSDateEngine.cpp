@@ -6,6 +6,8 @@
 #include "NSSeptember_p.h"
 #include "NSThreadCache_p.h"
 
+#include <string_view>
+
 #include <unicode/gregocal.h>
 #include <unicode/uchar.h>
 
@@ -60,6 +62,15 @@ NSDateEngine &NSDateEngine::engineOf(const NSDateEnvironment &environment,
     });
 }
 
+namespace {
+/// Whether a year of two digits is already all of it: Heisei 20.
+bool countsYearsInShortEras(const icu::Calendar &calendar)
+{
+    const std::string_view type = calendar.getType();
+    return type == "japanese" || type == "chinese" || type == "dangi";
+}
+} // namespace
+
 NSDateEngine::NSDateEngine(const NSDateEnvironment &environment, const NSTimeZoneRules &rules,
                            bool isLenient)
     : _environment(environment.shared_from_this()), _rules(rules), _isLenient(isLenient)
@@ -79,9 +90,11 @@ NSDateEngine::NSDateEngine(const NSDateEnvironment &environment, const NSTimeZon
         _calendar->setMinimalDaysInFirstWeek(uint8_t(customs.minimumDaysInFirstWeek));
     _format->setCalendar(*_calendar);
     _format->setLenient(isLenient);
-    const qint64 start = NSCivil::daysOf(customs.twoDigitStartYear, 1, 1);
-    _format->set2DigitYearStart(double(rules.instantOf(start * NSCivil::MillisecondsPerDay)),
-                                status);
+    if (!countsYearsInShortEras(*_calendar)) {
+        const qint64 start = NSCivil::daysOf(customs.twoDigitStartYear, 1, 1);
+        _format->set2DigitYearStart(double(rules.instantOf(start * NSCivil::MillisecondsPerDay)),
+                                    status);
+    }
 }
 
 void NSDateEngine::setPattern(const NSDatePattern &pattern)
