@@ -227,7 +227,8 @@ bool KTCurrencyFormatter::getObjectValue(QVariant *value, const QString &forStri
     if (_internalGetCurrencyValue(value, forString, errorDescription))
         return true;
     const QString decomposed = decomposedStringWithCompatibilityMapping(forString);
-    return !decomposed.isEmpty() && _internalGetCurrencyValue(value, decomposed, errorDescription);
+    return isWorthASecondTry(decomposed, forString) &&
+           _internalGetCurrencyValue(value, decomposed, errorDescription);
 }
 
 bool KTCurrencyFormatter::_internalGetCurrencyValue(QVariant *value, const QString &forString,

@@ -8,16 +8,45 @@
 
 #include <algorithm>
 #include <array>
+#include <bitset>
+#include <memory>
+#include <utility>
+#include <vector>
 
 // Which currencies a typed text can mean.
 
 namespace {
+/// Which units a text has, by their low bits: a text cannot be part of one that lacks some of them.
+class UnitSet
+{
+public:
+    UnitSet() = default;
+    explicit UnitSet(const QString &text)
+    {
+        for (const QChar unit : text)
+            _bits.set(unit.unicode() % _bits.size());
+    }
+
+    bool isWithin(const UnitSet &other) const { return (_bits & ~other._bits).none(); }
+
+private:
+    std::bitset<256> _bits;
+};
+
+struct Name
+{
+    QString text;
+    UnitSet units;
+};
+
 /// A currency with everything that ICU reads as its name in one locale.
 struct CurrencyNames
 {
     QString code;
-    QStringList names;
+    std::vector<Name> names;
 };
+
+using AllNames = std::vector<CurrencyNames>;
 
 /// One form for what ICU's lenient parser takes for the same: case, compatibility characters and
 /// the look-alikes of signs (CLDR's lenient sets for currencies).
@@ -53,28 +82,31 @@ CurrencyNames namesOf(const NSLocale &locale, const QByteArray &identifier, cons
         name = folded(name).trimmed();
     names.removeDuplicates();
     names.removeAll(QString());
-    return {code, names};
+    CurrencyNames currency{code, {}};
+    for (const QString &name : std::as_const(names))
+        currency.names.push_back({name, UnitSet(name)});
+    return currency;
 }
 
-QList<CurrencyNames> readNames(const NSLocale &locale)
+std::shared_ptr<const AllNames> readNames(const NSLocale &locale)
 {
     const QByteArray identifier = locale.localeIdentifier().toLatin1();
-    QList<CurrencyNames> currencies;
+    auto currencies = std::make_shared<AllNames>();
     for (const QString &code : NSLocale::commonISOCurrencyCodes()) {
         if (!KTCurrencyFormatter_Private::isRefused(code))
-            currencies.append(namesOf(locale, identifier, code));
+            currencies->push_back(namesOf(locale, identifier, code));
     }
     return currencies;
 }
 
 /// The names of all currencies, read once for each locale.
-QList<CurrencyNames> namesIn(const NSLocale &locale)
+std::shared_ptr<const AllNames> namesIn(const NSLocale &locale)
 {
     static QMutex mutex;
-    static QHash<QString, QList<CurrencyNames>> known;
+    static QHash<QString, std::shared_ptr<const AllNames>> known;
     const QMutexLocker lock(&mutex);
-    QList<CurrencyNames> &names = known[locale.localeIdentifier()];
-    if (names.isEmpty())
+    std::shared_ptr<const AllNames> &names = known[locale.localeIdentifier()];
+    if (!names)
         names = readNames(locale);
     return names;
 }
@@ -83,12 +115,14 @@ QList<CurrencyNames> namesIn(const NSLocale &locale)
 QStringList KTCurrencyFormatter_Private::candidates(const NSLocale &locale, const QString &text)
 {
     const QString typed = folded(text);
-    const QList<CurrencyNames> currencies = namesIn(locale);
+    const UnitSet units(typed);
+    const std::shared_ptr<const AllNames> currencies = namesIn(locale);
+    const auto occurs = [&](const Name &name) {
+        return name.units.isWithin(units) && typed.contains(name.text);
+    };
     QStringList codes;
-    for (const CurrencyNames &currency : currencies) {
-        const bool occurs = std::any_of(currency.names.begin(), currency.names.end(),
-                                        [&](const QString &name) { return typed.contains(name); });
-        if (occurs)
+    for (const CurrencyNames &currency : *currencies) {
+        if (std::any_of(currency.names.begin(), currency.names.end(), occurs))
             codes.append(currency.code);
     }
     return codes;

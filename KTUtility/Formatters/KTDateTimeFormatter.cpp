@@ -153,14 +153,38 @@ void KTDateTimeFormatter::clearFormatters()
 
 // --- Default date
 
+namespace {
+/// A day of a calendar, from its first instant to that of the next day.
+struct KnownDay
+{
+    NSCalendar calendar;
+    QByteArray zone;
+    qint64 begin = 0;
+    qint64 end = 0;
+    QDateTime noon;
+};
+
+KnownDay dayOf(const NSCalendar &calendar, const QByteArray &zone, qint64 time)
+{
+    const QDateTime now = QDateTime::fromMSecsSinceEpoch(time, Qt::UTC);
+    NSDateComponents day = calendar.components(NSDateCalendarUnits, now);
+    day.hour = day.minute = day.second = 0;
+    const QDateTime begin = calendar.dateFromComponents(day);
+    const QDateTime end = calendar.dateByAddingComponents({.day = 1}, begin);
+    day.hour = NoonHour;
+    return {calendar, zone, begin.toMSecsSinceEpoch(), end.toMSecsSinceEpoch(),
+            calendar.dateFromComponents(day)};
+}
+} // namespace
+
 QDateTime KTDateTimeFormatter::today() const
 {
-    NSDateComponents day =
-        _calendar.components(NSDateCalendarUnits, QDateTime::currentDateTimeUtc());
-    day.hour = NoonHour;
-    day.minute = 0;
-    day.second = 0;
-    return _calendar.dateFromComponents(day);
+    thread_local KnownDay known;
+    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    const QByteArray zone = NSCalendar::systemTimeZone().id();
+    if (now < known.begin || now >= known.end || known.zone != zone || known.calendar != _calendar)
+        known = dayOf(_calendar, zone, now);
+    return known.noon;
 }
 
 QDateTime KTDateTimeFormatter::defaultDate() const

@@ -193,7 +193,6 @@ private:
     void prepare(NSDateFormatter &formatter, bool setsLenient) const;
     QString timePattern() const;
     bool isJapaneseCalendar() const;
-    QString cacheKey(const QString &kind) const;
     template<typename Make>
     const KTDateFormatterList &list(SharedList &member, const QString &kind,
                                     const Make &make) const;

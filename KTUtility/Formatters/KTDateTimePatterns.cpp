@@ -1,9 +1,7 @@
 #include "KTDateTimeFormatter.h"
 
 #include <KTUtility/KTLogger.h>
-#include <KTUtility/Platform/Foundation/NSCharacterSet.h>
 #include <KTUtility/Platform/Foundation/NSDateFormatter_p.h>
-#include <KTUtility/Platform/Foundation/NSScanner.h>
 
 #include <array>
 #include <mutex>
@@ -36,6 +34,22 @@ QStringList patternsOf(const std::array<size_t, 8> &order)
     return patterns;
 }
 
+/// What the formatters of a list depend on.
+struct ListKey
+{
+    QString kind;
+    QString locale;
+    QByteArray zone;
+    bool hasDefaultDate = false;
+    qint64 day = 0;
+
+    friend bool operator==(const ListKey &, const ListKey &) = default;
+    friend size_t qHash(const ListKey &key, size_t seed)
+    {
+        return qHashMulti(seed, key.kind, key.locale, key.day);
+    }
+};
+
 /// The lists of formatters of all fields with the same settings, so that a form of a hundred date
 /// fields makes them once.
 class SharedLists
@@ -43,13 +57,13 @@ class SharedLists
 public:
     using List = std::shared_ptr<const KTDateFormatterList>;
 
-    List find(const QString &key)
+    List find(const ListKey &key)
     {
         const std::lock_guard lock(_mutex);
         return _lists.value(key);
     }
 
-    void insert(const QString &key, const List &list)
+    void insert(const ListKey &key, const List &list)
     {
         constexpr int MaximumLists = 1024;
         const std::lock_guard lock(_mutex);
@@ -60,7 +74,7 @@ public:
 
 private:
     std::mutex _mutex;
-    QHash<QString, List> _lists;
+    QHash<ListKey, List> _lists;
 };
 
 SharedLists &sharedLists()
@@ -147,66 +161,50 @@ QString KTDateTimeFormatter::formatStringForInputOrder(int inputOrder) const
 }
 
 namespace {
-/// Skips a quoted part of a pattern, before its opening quote; two quotes in it are one of the
+/// The end of a quoted part of a pattern that begins at \a at; two quotes in it are one of the
 /// text.
-void skipQuoted(NSScanner &scanner)
+qsizetype endOfQuoted(QStringView pattern, qsizetype at)
 {
-    const QString &pattern = scanner.string();
-    qsizetype at = pattern.indexOf(u'\'', scanner.scanLocation()) + 1;
-    for (;; at += 2) {
+    for (++at;; at += 2) {
         at = pattern.indexOf(u'\'', at);
-        if (at < 0 || at + 1 >= pattern.size() || pattern[at + 1] != u'\'')
-            break;
+        if (at < 0)
+            return pattern.size();
+        if (at + 1 >= pattern.size() || pattern[at + 1] != u'\'')
+            return at + 1;
     }
-    scanner.setScanLocation(at < 0 ? pattern.size() : at + 1);
 }
 
-bool scanRun(NSScanner &scanner, char16_t letter)
+/// The order that follows from the first two different fields.
+int orderOf(char16_t first, char16_t second)
 {
-    return scanner.scanCharactersFromSet(
-        NSCharacterSet::characterSetWithCharactersInString(QString(QChar(letter))));
+    if (first == u'M')
+        return KTDateTimeFormatter::MonthDayYear;
+    if (first == u'd')
+        return KTDateTimeFormatter::DayMonthYear;
+    return second == u'M' ? KTDateTimeFormatter::YearMonthDay : KTDateTimeFormatter::YearDayMonth;
 }
 } // namespace
 
 int KTDateTimeFormatter::inputOrderForDateFormat(const QString &pattern)
 {
-    static const NSCharacterSet stops =
-        NSCharacterSet::characterSetWithCharactersInString(QStringLiteral("Mdy'"));
-    NSScanner scanner(pattern);
-    bool sawYear = false, sawMonth = false, sawDay = false;
-    for (;;) {
-        scanner.scanUpToCharactersFromSet(stops);
-        if (scanner.isAtEnd())
-            return MonthDayYear;
-        if (scanRun(scanner, u'M')) {
-            if (sawYear || sawDay)
-                return sawYear ? YearMonthDay : DayMonthYear;
-            sawMonth = true;
-        } else if (scanRun(scanner, u'd')) {
-            if (sawMonth || sawYear)
-                return sawMonth ? MonthDayYear : YearDayMonth;
-            sawDay = true;
-        } else if (scanRun(scanner, u'y')) {
-            if (sawMonth || sawDay)
-                return sawMonth ? MonthDayYear : DayMonthYear;
-            sawYear = true;
-        } else {
-            skipQuoted(scanner);
+    char16_t first = 0;
+    for (qsizetype at = 0; at < pattern.size();) {
+        const char16_t unit = pattern[at].unicode();
+        if (unit == u'\'') {
+            at = endOfQuoted(pattern, at);
+            continue;
         }
+        if (unit == u'M' || unit == u'd' || unit == u'y') {
+            if (first != 0 && first != unit)
+                return orderOf(first, unit);
+            first = unit;
+        }
+        ++at;
     }
+    return MonthDayYear;
 }
 
 // --- Lists of formatters
-
-/// What the formatters of a list depend on.
-QString KTDateTimeFormatter::cacheKey(const QString &kind) const
-{
-    const QDateTime day = defaultDate();
-    return kind + u'|' + _locale.localeIdentifier() + u'|' +
-           QString::number(day.isValid() ? day.toMSecsSinceEpoch() : -1) + u'|' +
-           QString::fromLatin1(NSCalendar::systemTimeZone().id()) + u'|' +
-           QString::number(today().toMSecsSinceEpoch());
-}
 
 /// A list made on first use, by this field or another one. While formatters are logged, each field
 /// makes its own.
@@ -216,14 +214,18 @@ const KTDateFormatterList &KTDateTimeFormatter::list(SharedList &member, const Q
 {
     if (member)
         return *member;
-    const QString key = isLogged() ? QString() : cacheKey(kind);
-    if (!key.isNull())
-        member = sharedLists().find(key);
+    if (isLogged()) {
+        member = std::make_shared<const KTDateFormatterList>(make());
+        return *member;
+    }
+    const QDateTime day = defaultDate();
+    const ListKey key{kind, _locale.localeIdentifier(), NSCalendar::systemTimeZone().id(),
+                      day.isValid(), (day.isValid() ? day : today()).toMSecsSinceEpoch()};
+    member = sharedLists().find(key);
     if (!member) {
         member = std::make_shared<const KTDateFormatterList>(make());
         settle(*member);
-        if (!key.isNull())
-            sharedLists().insert(key, member);
+        sharedLists().insert(key, member);
     }
     return *member;
 }
@@ -305,7 +307,9 @@ const KTDateFormatterList &KTDateTimeFormatter::strictDateFormatters() const
     if (_strictDateFormatters)
         return *_strictDateFormatters;
     displayFormatter(); // knows the input order
-    return list(_strictDateFormatters, u"dates" + QString::number(_inputOrder),
+    static const QStringList kinds{QStringLiteral("dates 0"), QStringLiteral("dates 1"),
+                                   QStringLiteral("dates 2"), QStringLiteral("dates 3")};
+    return list(_strictDateFormatters, kinds.value(_inputOrder),
                 [this] { return makeStrictDateFormatters(); });
 }
 
@@ -324,6 +328,6 @@ const KTDateFormatterList &KTDateTimeFormatter::strictIsoFormatters() const
 const KTDateFormatterList &
 KTDateTimeFormatter::strictFormattersForDateFormat(const QString &datePattern) const
 {
-    return list(_strictFormatterMap[datePattern], u"both" + datePattern,
+    return list(_strictFormatterMap[datePattern], u'+' + datePattern,
                 [this, &datePattern] { return makeFormattersForDateFormat(datePattern); });
 }

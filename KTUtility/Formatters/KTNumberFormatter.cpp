@@ -207,7 +207,8 @@ bool KTNumberFormatter::getObjectValue(QVariant *value, const QString &forString
     if (_internalGetNumberValue(value, forString, errorDescription))
         return true;
     const QString decomposed = decomposedStringWithCompatibilityMapping(forString);
-    return !decomposed.isEmpty() && _internalGetNumberValue(value, decomposed, errorDescription);
+    return isWorthASecondTry(decomposed, forString) &&
+           _internalGetNumberValue(value, decomposed, errorDescription);
 }
 
 bool KTNumberFormatter::_internalGetNumberValue(QVariant *value, const QString &forString,
@@ -268,6 +269,15 @@ bool KTNumberFormatter::_validateFormattedResult(bool result, NSRange forRange,
     KTLog(kLog_FormattersNumbers, 4, u"extra characters found in number string: %@",
           text.mid(forRange.length));
     return false;
+}
+
+/// The same text fails again in the same way; only the log can tell whether it was tried.
+bool KTNumberFormatter::isWorthASecondTry(const QString &decomposed, const QString &original)
+{
+    const KTLogger *const logger = KTLogger::sharedLogger();
+    return !decomposed.isEmpty() &&
+           (decomposed != original || logger->shouldLogComponent(kLog_FormattersNumbers, 4) ||
+            logger->shouldLogComponent(kLog_FormattersCurrency, 4));
 }
 
 QString KTNumberFormatter::decomposedStringWithCompatibilityMapping(const QString &text)

@@ -119,6 +119,8 @@ protected:
 
     /// The compatibility decomposition of \a text.
     static QString decomposedStringWithCompatibilityMapping(const QString &text);
+    /// Whether to read the decomposition after \a original could not be read.
+    static bool isWorthASecondTry(const QString &decomposed, const QString &original);
 
     NSLocale _locale;
     std::unique_ptr<NSNumberFormatter> _inputFormatter;

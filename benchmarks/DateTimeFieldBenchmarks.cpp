@@ -1,0 +1,129 @@
+// Date and time fields: a typed text through all that is tried. The peers are one ready ICU parse
+// in the pattern that reads the text, and the creation of one ICU formatter.
+
+#include "Report.h"
+
+#include <KTUtility/Formatters/KTDateTimeFormatter.h>
+
+#include <benchmark/benchmark.h>
+
+#include <unicode/smpdtfmt.h>
+
+#include <array>
+#include <memory>
+
+namespace {
+constexpr char16_t Numeric[] = u"3/4/08";
+constexpr char16_t NumericPattern[] = u"M/d/yy";
+constexpr char16_t Named[] = u"March 5, 2008";
+constexpr char16_t Both[] = u"3/4/08 5:30 PM";
+constexpr char16_t BothPattern[] = u"M/d/yy h:m a";
+constexpr char16_t Time[] = u"9:05";
+constexpr char16_t Nothing[] = u"tomorrow";
+constexpr char16_t Monthly[] = u"may be";
+constexpr char16_t Junk[] = u"3/4/08 5:30 PM x";
+
+template<const char16_t *Pattern, const char16_t *Typed>
+void peerParse(benchmark::State &state)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::UnicodeString pattern(Pattern);
+    icu::SimpleDateFormat format(pattern, icu::Locale("en_US"), status);
+    format.setLenient(false);
+    const std::unique_ptr<icu::Calendar> calendar(format.getCalendar()->clone());
+    const icu::UnicodeString text(Typed);
+    for (auto _ : state) {
+        calendar->clear();
+        icu::ParsePosition position(0);
+        format.parse(text, *calendar, position);
+        double time = calendar->getTime(status);
+        benchmark::DoNotOptimize(time);
+    }
+}
+
+void peerCreate(benchmark::State &state)
+{
+    const icu::Locale locale("en_US");
+    const icu::UnicodeString pattern(u"M/d/yy");
+    for (auto _ : state) {
+        UErrorCode status = U_ZERO_ERROR;
+        auto format = std::make_unique<icu::SimpleDateFormat>(pattern, locale, status);
+        benchmark::DoNotOptimize(format);
+    }
+}
+
+/// The same text again and again: the formatter that read it is tried first.
+template<const char16_t *Typed>
+void readAgain(benchmark::State &state)
+{
+    const KTDateTimeFormatter formatter;
+    const QString text = QString::fromUtf16(Typed);
+    QVariant value;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(formatter.getObjectValue(&value, text));
+}
+
+/// The text after one that ISO 8601 read, so that nothing is remembered.
+template<const char16_t *Typed>
+void readAnew(benchmark::State &state)
+{
+    const KTDateTimeFormatter formatter;
+    const QString text = QString::fromUtf16(Typed);
+    const QString iso = QStringLiteral("2008-03-04");
+    QVariant value;
+    for (auto _ : state) {
+        formatter.getObjectValue(&value, iso);
+        benchmark::DoNotOptimize(formatter.getObjectValue(&value, text));
+    }
+}
+
+void readInANewField(benchmark::State &state)
+{
+    const QString text = QString::fromUtf16(Numeric);
+    QVariant value;
+    for (auto _ : state) {
+        const KTDateTimeFormatter formatter;
+        benchmark::DoNotOptimize(formatter.getObjectValue(&value, text));
+    }
+}
+
+void makeHundredFields(benchmark::State &state)
+{
+    for (auto _ : state) {
+        const std::array<KTDateTimeFormatter, 100> fields;
+        for (const KTDateTimeFormatter &field : fields) {
+            benchmark::DoNotOptimize(field.strictDateFormatters());
+            benchmark::DoNotOptimize(field.strictTimeFormatters());
+        }
+    }
+}
+
+BENCHMARK(peerParse<NumericPattern, Numeric>)->Name("Fields/peer: ICU parse");
+BENCHMARK(peerParse<BothPattern, Both>)->Name("Fields/peer: ICU parse, date and time");
+BENCHMARK(peerCreate)->Name("Fields/peer: ICU creation");
+BENCHMARK(readAgain<Numeric>)->Name("Fields/date, most recent");
+BENCHMARK(readAnew<Numeric>)->Name("Fields/date, anew (and ISO)");
+BENCHMARK(readAgain<Both>)->Name("Fields/date and time, most recent");
+BENCHMARK(readAnew<Both>)->Name("Fields/date and time, anew (and ISO)");
+BENCHMARK(readAnew<Time>)->Name("Fields/time alone, anew (and ISO)");
+BENCHMARK(readAnew<Named>)->Name("Fields/month name, anew (and ISO)");
+BENCHMARK(readAgain<Nothing>)->Name("Fields/nothing reads it");
+BENCHMARK(readAgain<Monthly>)->Name("Fields/begins as a month");
+BENCHMARK(readAgain<Junk>)->Name("Fields/date, time and junk");
+BENCHMARK(readInANewField)->Name("Fields/first text in a new field");
+BENCHMARK(makeHundredFields)->Name("Fields/a hundred new fields");
+
+constexpr char Parse[] = "Fields/peer: ICU parse";
+constexpr char Create[] = "Fields/peer: ICU creation";
+const bool isRegistered = compareWith("Fields/date, most recent", Parse, 0.2) &&
+                          compareWith("Fields/date, anew (and ISO)", Parse, 0.4) &&
+                          compareWith("Fields/date and time, most recent", Parse, 0.2) &&
+                          compareWith("Fields/date and time, anew (and ISO)", Parse, 0.7) &&
+                          compareWith("Fields/time alone, anew (and ISO)", Parse, 0.7) &&
+                          compareWith("Fields/month name, anew (and ISO)", Parse, 3) &&
+                          compareWith("Fields/nothing reads it", Parse, 2) &&
+                          compareWith("Fields/begins as a month", Parse, 15) &&
+                          compareWith("Fields/date, time and junk", Parse, 5) &&
+                          compareWith("Fields/first text in a new field", Create, 1.5) &&
+                          compareWith("Fields/a hundred new fields", Create, 10);
+} // namespace
