@@ -5,6 +5,7 @@
 
 #include <KTUtility/KTLogger.h>
 #include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Foundation/NSStringNormalization.h>
 
 namespace {
 constexpr int AllFractionDigits = 100;
@@ -226,7 +227,7 @@ bool KTCurrencyFormatter::getObjectValue(QVariant *value, const QString &forStri
 {
     if (_internalGetCurrencyValue(value, forString, errorDescription))
         return true;
-    const QString decomposed = decomposedStringWithCompatibilityMapping(forString);
+    const QString decomposed = NSString::decomposedStringWithCompatibilityMapping(forString);
     return isWorthASecondTry(decomposed, forString) &&
            _internalGetCurrencyValue(value, decomposed, errorDescription);
 }

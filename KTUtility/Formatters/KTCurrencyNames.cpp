@@ -1,5 +1,7 @@
 #include "KTCurrencyFormatter_p.h"
 
+#include <KTUtility/Platform/Foundation/NSStringNormalization.h>
+
 #include <unicode/ucurr.h>
 
 #include <QHash>
@@ -16,6 +18,9 @@
 // Which currencies a typed text can mean.
 
 namespace {
+/// No more of a text is read as an amount.
+constexpr qsizetype MaximumLength = 1024;
+
 /// Which units a text has, by their low bits: a text cannot be part of one that lacks some of them.
 class UnitSet
 {
@@ -52,8 +57,7 @@ using AllNames = std::vector<CurrencyNames>;
 /// the look-alikes of signs (CLDR's lenient sets for currencies).
 QString folded(const QString &text)
 {
-    return text.normalized(QString::NormalizationForm_KC)
-        .toCaseFolded()
+    return NSString::foldedStringWithCompatibilityMapping(text)
         .replace(QChar(u'₤'), QChar(u'£'))
         .replace(QChar(u'₨'), QStringLiteral("rs"))
         .replace(QChar(u'₹'), QStringLiteral("rs"));
@@ -114,7 +118,7 @@ std::shared_ptr<const AllNames> namesIn(const NSLocale &locale)
 
 QStringList KTCurrencyFormatter_Private::candidates(const NSLocale &locale, const QString &text)
 {
-    const QString typed = folded(text);
+    const QString typed = folded(text.left(MaximumLength));
     const UnitSet units(typed);
     const std::shared_ptr<const AllNames> currencies = namesIn(locale);
     const auto occurs = [&](const Name &name) {

@@ -5,6 +5,7 @@
 #include <KTUtility/KTLogger.h>
 #include <KTUtility/Platform/Foundation/NSCharacterSet.h>
 #include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Foundation/NSStringNormalization.h>
 
 #include <QBrush>
 
@@ -206,7 +207,7 @@ bool KTNumberFormatter::getObjectValue(QVariant *value, const QString &forString
 {
     if (_internalGetNumberValue(value, forString, errorDescription))
         return true;
-    const QString decomposed = decomposedStringWithCompatibilityMapping(forString);
+    const QString decomposed = NSString::decomposedStringWithCompatibilityMapping(forString);
     return isWorthASecondTry(decomposed, forString) &&
            _internalGetNumberValue(value, decomposed, errorDescription);
 }
@@ -278,9 +279,4 @@ bool KTNumberFormatter::isWorthASecondTry(const QString &decomposed, const QStri
     return !decomposed.isEmpty() &&
            (decomposed != original || logger->shouldLogComponent(kLog_FormattersNumbers, 4) ||
             logger->shouldLogComponent(kLog_FormattersCurrency, 4));
-}
-
-QString KTNumberFormatter::decomposedStringWithCompatibilityMapping(const QString &text)
-{
-    return text.normalized(QString::NormalizationForm_KD);
 }

@@ -117,8 +117,6 @@ protected:
     /// Whether a parse read all of a text but blanks around it. Only lengths are compared.
     bool _validateFormattedResult(bool result, NSRange forRange, const QString &ofString) const;
 
-    /// The compatibility decomposition of \a text.
-    static QString decomposedStringWithCompatibilityMapping(const QString &text);
     /// Whether to read the decomposition after \a original could not be read.
     static bool isWorthASecondTry(const QString &decomposed, const QString &original);
 

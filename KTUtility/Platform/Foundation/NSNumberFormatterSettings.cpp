@@ -68,8 +68,7 @@ int NSNumberFormatter::numberStyle() const
 
 void NSNumberFormatter::setNumberStyle(int style)
 {
-    _private->settings.style = style;
-    _private->changed();
+    _private->set(_private->settings.style, style);
 }
 
 const NSLocale &NSNumberFormatter::locale() const
@@ -79,8 +78,7 @@ const NSLocale &NSNumberFormatter::locale() const
 
 void NSNumberFormatter::setLocale(const NSLocale &locale)
 {
-    _private->settings.locale = locale;
-    _private->changed();
+    _private->set(_private->settings.locale, locale);
 }
 
 bool NSNumberFormatter::isLenient() const
@@ -90,8 +88,7 @@ bool NSNumberFormatter::isLenient() const
 
 void NSNumberFormatter::setLenient(bool lenient)
 {
-    _private->settings.lenient = lenient;
-    _private->changed();
+    _private->set(_private->settings.lenient, lenient);
 }
 
 // --- Digits
@@ -115,8 +112,7 @@ int NSNumberFormatter::groupingSize() const
 
 void NSNumberFormatter::setGroupingSize(int size)
 {
-    _private->settings.groupingSize = size;
-    _private->changed();
+    _private->set(_private->settings.groupingSize, size);
 }
 
 int NSNumberFormatter::secondaryGroupingSize() const
@@ -129,8 +125,7 @@ int NSNumberFormatter::secondaryGroupingSize() const
 
 void NSNumberFormatter::setSecondaryGroupingSize(int size)
 {
-    _private->settings.secondaryGroupingSize = size;
-    _private->changed();
+    _private->set(_private->settings.secondaryGroupingSize, size);
 }
 
 int NSNumberFormatter::minimumIntegerDigits() const
@@ -205,8 +200,7 @@ bool NSNumberFormatter::usesSignificantDigits() const
 
 void NSNumberFormatter::setUsesSignificantDigits(bool uses)
 {
-    _private->settings.usesSignificantDigits = uses;
-    _private->changed();
+    _private->set(_private->settings.usesSignificantDigits, uses);
 }
 
 int NSNumberFormatter::minimumSignificantDigits() const
@@ -217,8 +211,7 @@ int NSNumberFormatter::minimumSignificantDigits() const
 
 void NSNumberFormatter::setMinimumSignificantDigits(int count)
 {
-    _private->settings.minimumSignificantDigits = count;
-    _private->changed();
+    _private->set(_private->settings.minimumSignificantDigits, count);
 }
 
 int NSNumberFormatter::maximumSignificantDigits() const
@@ -229,8 +222,7 @@ int NSNumberFormatter::maximumSignificantDigits() const
 
 void NSNumberFormatter::setMaximumSignificantDigits(int count)
 {
-    _private->settings.maximumSignificantDigits = count;
-    _private->changed();
+    _private->set(_private->settings.maximumSignificantDigits, count);
 }
 
 int NSNumberFormatter::roundingMode() const
@@ -241,8 +233,7 @@ int NSNumberFormatter::roundingMode() const
 
 void NSNumberFormatter::setRoundingMode(int mode)
 {
-    _private->settings.roundingMode = mode;
-    _private->changed();
+    _private->set(_private->settings.roundingMode, mode);
 }
 
 double NSNumberFormatter::roundingIncrement() const
@@ -253,8 +244,7 @@ double NSNumberFormatter::roundingIncrement() const
 
 void NSNumberFormatter::setRoundingIncrement(double increment)
 {
-    _private->settings.roundingIncrement = increment;
-    _private->changed();
+    _private->set(_private->settings.roundingIncrement, increment);
 }
 
 std::optional<int> NSNumberFormatter::multiplier() const
@@ -266,8 +256,7 @@ std::optional<int> NSNumberFormatter::multiplier() const
 
 void NSNumberFormatter::setMultiplier(std::optional<int> multiplier)
 {
-    _private->settings.multiplier = multiplier;
-    _private->changed();
+    _private->set(_private->settings.multiplier, multiplier);
 }
 
 bool NSNumberFormatter::alwaysShowsDecimalSeparator() const
@@ -279,8 +268,7 @@ bool NSNumberFormatter::alwaysShowsDecimalSeparator() const
 
 void NSNumberFormatter::setAlwaysShowsDecimalSeparator(bool shows)
 {
-    _private->settings.alwaysShowsDecimalSeparator = shows;
-    _private->changed();
+    _private->set(_private->settings.alwaysShowsDecimalSeparator, shows);
 }
 
 // --- Signs and separators
@@ -353,8 +341,7 @@ QString NSNumberFormatter::decimalSeparator() const
 
 void NSNumberFormatter::setDecimalSeparator(const QString &separator)
 {
-    _private->settings.decimalSeparator = separator;
-    _private->changed();
+    _private->set(_private->settings.decimalSeparator, separator);
 }
 
 QString NSNumberFormatter::groupingSeparator() const
@@ -365,8 +352,7 @@ QString NSNumberFormatter::groupingSeparator() const
 
 void NSNumberFormatter::setGroupingSeparator(const QString &separator)
 {
-    _private->settings.groupingSeparator = separator;
-    _private->changed();
+    _private->set(_private->settings.groupingSeparator, separator);
 }
 
 QString NSNumberFormatter::minusSign() const
@@ -377,8 +363,7 @@ QString NSNumberFormatter::minusSign() const
 
 void NSNumberFormatter::setMinusSign(const QString &sign)
 {
-    _private->settings.minusSign = sign;
-    _private->changed();
+    _private->set(_private->settings.minusSign, sign);
 }
 
 QString NSNumberFormatter::plusSign() const
@@ -389,8 +374,7 @@ QString NSNumberFormatter::plusSign() const
 
 void NSNumberFormatter::setPlusSign(const QString &sign)
 {
-    _private->settings.plusSign = sign;
-    _private->changed();
+    _private->set(_private->settings.plusSign, sign);
 }
 
 QString NSNumberFormatter::percentSymbol() const
@@ -401,8 +385,7 @@ QString NSNumberFormatter::percentSymbol() const
 
 void NSNumberFormatter::setPercentSymbol(const QString &symbol)
 {
-    _private->settings.percentSymbol = symbol;
-    _private->changed();
+    _private->set(_private->settings.percentSymbol, symbol);
 }
 
 QString NSNumberFormatter::perMillSymbol() const
@@ -413,8 +396,7 @@ QString NSNumberFormatter::perMillSymbol() const
 
 void NSNumberFormatter::setPerMillSymbol(const QString &symbol)
 {
-    _private->settings.perMillSymbol = symbol;
-    _private->changed();
+    _private->set(_private->settings.perMillSymbol, symbol);
 }
 
 QString NSNumberFormatter::exponentSymbol() const
@@ -425,8 +407,7 @@ QString NSNumberFormatter::exponentSymbol() const
 
 void NSNumberFormatter::setExponentSymbol(const QString &symbol)
 {
-    _private->settings.exponentSymbol = symbol;
-    _private->changed();
+    _private->set(_private->settings.exponentSymbol, symbol);
 }
 
 // --- Money
@@ -439,8 +420,7 @@ QString NSNumberFormatter::currencyCode() const
 
 void NSNumberFormatter::setCurrencyCode(const QString &code)
 {
-    _private->settings.currencyCode = code;
-    _private->changed();
+    _private->set(_private->settings.currencyCode, code);
 }
 
 QString NSNumberFormatter::currencySymbol() const
@@ -464,8 +444,7 @@ QString NSNumberFormatter::internationalCurrencySymbol() const
 
 void NSNumberFormatter::setInternationalCurrencySymbol(const QString &symbol)
 {
-    _private->settings.internationalCurrencySymbol = symbol;
-    _private->changed();
+    _private->set(_private->settings.internationalCurrencySymbol, symbol);
 }
 
 QString NSNumberFormatter::currencyDecimalSeparator() const
@@ -476,8 +455,7 @@ QString NSNumberFormatter::currencyDecimalSeparator() const
 
 void NSNumberFormatter::setCurrencyDecimalSeparator(const QString &separator)
 {
-    _private->settings.currencyDecimalSeparator = separator;
-    _private->changed();
+    _private->set(_private->settings.currencyDecimalSeparator, separator);
 }
 
 QString NSNumberFormatter::currencyGroupingSeparator() const
@@ -489,8 +467,7 @@ QString NSNumberFormatter::currencyGroupingSeparator() const
 
 void NSNumberFormatter::setCurrencyGroupingSeparator(const QString &separator)
 {
-    _private->settings.currencyGroupingSeparator = separator;
-    _private->changed();
+    _private->set(_private->settings.currencyGroupingSeparator, separator);
 }
 
 // --- Texts of their own
@@ -508,8 +485,7 @@ QString NSNumberFormatter::notANumberSymbol() const
 
 void NSNumberFormatter::setNotANumberSymbol(const QString &symbol)
 {
-    _private->settings.notANumberSymbol = symbol;
-    _private->changed();
+    _private->set(_private->settings.notANumberSymbol, symbol);
 }
 
 QString NSNumberFormatter::positiveInfinitySymbol() const
@@ -532,8 +508,7 @@ int NSNumberFormatter::formatWidth() const
 
 void NSNumberFormatter::setFormatWidth(int width)
 {
-    _private->settings.formatWidth = width;
-    _private->changed();
+    _private->set(_private->settings.formatWidth, width);
 }
 
 QString NSNumberFormatter::paddingCharacter() const
@@ -544,8 +519,7 @@ QString NSNumberFormatter::paddingCharacter() const
 
 void NSNumberFormatter::setPaddingCharacter(const QString &character)
 {
-    _private->settings.paddingCharacter = character;
-    _private->changed();
+    _private->set(_private->settings.paddingCharacter, character);
 }
 
 int NSNumberFormatter::paddingPosition() const
@@ -555,8 +529,7 @@ int NSNumberFormatter::paddingPosition() const
 
 void NSNumberFormatter::setPaddingPosition(int position)
 {
-    _private->settings.paddingPosition = position;
-    _private->changed();
+    _private->set(_private->settings.paddingPosition, position);
 }
 
 // --- Patterns
@@ -588,8 +561,7 @@ void NSNumberFormatter::setPositiveFormat(const QString &format)
 {
     if (format.size() > MaximumPatternLength)
         return;
-    _private->settings.positiveFormat = format;
-    _private->changed();
+    _private->set(_private->settings.positiveFormat, format);
 }
 
 QString NSNumberFormatter::negativeFormat() const
@@ -602,6 +574,5 @@ void NSNumberFormatter::setNegativeFormat(const QString &format)
 {
     if (format.size() > MaximumPatternLength)
         return;
-    _private->settings.negativeFormat = format;
-    _private->changed();
+    _private->set(_private->settings.negativeFormat, format);
 }

@@ -22,6 +22,19 @@ struct NSNumberFormatter::Private
         _currencyVariants.clear();
     }
 
+    /// Sets anything else; what is the same already changes nothing.
+    template<typename Setting, typename Value>
+    void set(Setting &setting, const Value &value)
+    {
+        bool isSame = setting == value;
+        if constexpr (std::is_same_v<Setting, QString>)
+            isSame = isSame && setting.isNull() == value.isNull();
+        if (isSame)
+            return;
+        setting = value;
+        changed();
+    }
+
     /// Sets one of the affixes. With a currency, its sign becomes a placeholder, so that a later
     /// currency reaches it, and what is the pattern's own anyway is not set.
     void setAffix(QString NSNumberSettings::*affix, const QString &text,

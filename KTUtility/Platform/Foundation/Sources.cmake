@@ -52,6 +52,7 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSStringCompare.cpp
     Platform/Foundation/NSStringEncoding.cpp
     Platform/Foundation/NSStringFormat.cpp
+    Platform/Foundation/NSStringNormalization.cpp
     Platform/Foundation/NSStringTrim.cpp
     Platform/Foundation/NSStringValues.cpp
     Platform/Foundation/NSTimeZoneRules.cpp

@@ -23,6 +23,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSScannerTests.cpp
     Platform/Foundation/NSSearchPathTests.cpp
     Platform/Foundation/NSStringFormatTests.cpp
+    Platform/Foundation/NSStringNormalizationTests.cpp
     Platform/Foundation/NSStringTests.cpp
     Platform/Foundation/NSUserDefaultsFileTests.cpp
     Platform/Foundation/NSUserDefaultsTests.cpp
