@@ -1,14 +1,19 @@
 #include "NSDecimalNumber.h"
 
 #include "NSCharacterSet.h"
+#include "NSDecimalParts_p.h"
+#include "NSLocale.h"
+#include "NSObject.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
 #include <optional>
 
 namespace {
-__extension__ using Coefficient = unsigned __int128;
+using Coefficient = NSCoefficient;
 
 constexpr int MaximumDigits = 38;
 constexpr int MinimumExponent = -128;
@@ -119,23 +124,7 @@ private:
     bool _rounded = false;
 };
 
-Coefficient powerOfTen(int exponent)
-{
-    Coefficient power = 1;
-    for (; exponent > 0; --exponent)
-        power *= 10;
-    return power;
-}
-
-QString digitsOf(Coefficient coefficient)
-{
-    QString digits;
-    do {
-        digits.prepend(QChar(u'0' + char16_t(coefficient % 10)));
-        coefficient /= 10;
-    } while (coefficient != 0);
-    return digits;
-}
+using NSDecimalArithmetic::powerOfTen;
 
 /// Drops trailing zeros while the exponent can take them.
 void normalise(Coefficient &coefficient, qint64 &exponent)
@@ -218,30 +207,133 @@ NSDecimalNumber NSDecimalNumber::decimalNumberWithMantissa(quint64 mantissa, int
     return number;
 }
 
+NSDecimalParts NSDecimalParts::of(const NSDecimalNumber &number)
+{
+    return {joined(number._high, number._low), number._exponent, number._isNegative};
+}
+
+NSDecimalNumber NSDecimalParts::number() const
+{
+    Coefficient digits = coefficient;
+    qint64 power = exponent;
+    normalise(digits, power);
+    NSDecimalNumber number;
+    if (digits == 0)
+        return number;
+    number._high = quint64(digits >> 64);
+    number._low = quint64(digits);
+    number._exponent = qint16(power);
+    number._isNegative = isNegative;
+    return number;
+}
+
+NSDecimalNumber NSDecimalNumber::decimalNumberWithDouble(double value)
+{
+    if (!std::isfinite(value))
+        return notANumber();
+    std::array<char, 64> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
+                                   std::chars_format::scientific, MaximumDigits - 1);
+    return decimalNumberWithString(QString::fromLatin1(text.data(), end.ptr - text.data()));
+}
+
+NSDecimalNumber NSDecimalNumber::decimalNumberWithNumber(const QVariant &number)
+{
+    const int type = number.metaType().id();
+    if (type == qMetaTypeId<NSDecimalNumber>())
+        return number.value<NSDecimalNumber>();
+    if (!NSObject::isNumber(number))
+        return notANumber();
+    if (type == QMetaType::Double || type == QMetaType::Float)
+        return decimalNumberWithDouble(number.toDouble());
+    if (type == QMetaType::ULongLong || type == QMetaType::ULong)
+        return decimalNumberWithMantissa(number.toULongLong(), 0, false);
+    return NSDecimalNumber(number.toLongLong());
+}
+
+NSDecimalNumber NSDecimalNumber::maximumDecimalNumber()
+{
+    return NSDecimalParts{powerOfTen(MaximumDigits) - 1, MaximumExponent, false}.number();
+}
+
+NSDecimalNumber NSDecimalNumber::minimumDecimalNumber()
+{
+    return maximumDecimalNumber().decimalNumberByNegating();
+}
+
 QString NSDecimalNumber::description() const
 {
     if (_isNaN)
         return QStringLiteral("NaN");
-    QString digits = digitsOf(joined(_high, _low));
-    if (_exponent > 0)
-        digits += QString(_exponent, u'0');
-    if (_exponent < 0) {
-        digits = digits.rightJustified(1 - _exponent, u'0');
-        digits.insert(digits.size() + _exponent, u'.');
-    }
-    return _isNegative ? QString(u'-' + digits) : digits;
+    std::array<char, 40> buffer;
+    const std::string_view digits = NSDecimalArithmetic::digits(joined(_high, _low), buffer);
+    const auto count = qsizetype(digits.size());
+    const qsizetype zeros = std::max<qsizetype>(_exponent, 0);
+    const qsizetype places = std::max<qsizetype>(-_exponent, 0);
+    const qsizetype leading = std::max<qsizetype>(places + 1 - count, 0);
+    QString text;
+    text.reserve(count + zeros + leading + 2);
+    if (_isNegative)
+        text += u'-';
+    text += QString(leading, u'0');
+    text += QLatin1String(digits.data(), count);
+    text += QString(zeros, u'0');
+    if (places > 0)
+        text.insert(text.size() - places, u'.');
+    return text;
+}
+
+QString NSDecimalNumber::descriptionWithLocale(const NSLocale &locale) const
+{
+    return description().replace(u'.', locale.decimalSeparator());
 }
 
 double NSDecimalNumber::doubleValue() const
 {
-    return _isNaN ? std::numeric_limits<double>::quiet_NaN() : description().toDouble();
+    if (_isNaN)
+        return std::numeric_limits<double>::quiet_NaN();
+    std::array<char, 40> buffer;
+    const std::string_view digits = NSDecimalArithmetic::digits(joined(_high, _low), buffer);
+    std::array<char, 64> text{};
+    char *end = std::copy(digits.begin(), digits.end(), text.data());
+    *end++ = 'e';
+    end = std::to_chars(end, text.data() + text.size(), _exponent).ptr;
+    double value = 0;
+    std::from_chars(text.data(), end, value);
+    return _isNegative ? -value : value;
 }
 
 qint64 NSDecimalNumber::integerValue() const
 {
-    const QString digits = description();
-    return digits.left(digits.indexOf(u'.')).toLongLong();
+    if (_isNaN)
+        return 0;
+    Coefficient magnitude = joined(_high, _low);
+    if (_exponent < 0)
+        magnitude = _exponent < -MaximumDigits ? 0 : magnitude / powerOfTen(-_exponent);
+    const Coefficient limit = quint64(std::numeric_limits<qint64>::max()) + quint64(_isNegative);
+    for (int power = _exponent; power > 0 && magnitude != 0 && magnitude <= limit; --power)
+        magnitude *= 10;
+    if (magnitude > limit)
+        return 0;
+    return qint64(_isNegative ? 0 - quint64(magnitude) : quint64(magnitude));
 }
+
+namespace {
+/// Orders magnitudes: the place of the first digit decides, then the digits from there on.
+std::strong_ordering compareMagnitudes(const NSDecimalParts &left, const NSDecimalParts &right)
+{
+    if (left.coefficient == 0 || right.coefficient == 0)
+        return left.coefficient <=> right.coefficient;
+    const int leftPlace = NSDecimalArithmetic::digitCount(left.coefficient) + left.exponent;
+    const int rightPlace = NSDecimalArithmetic::digitCount(right.coefficient) + right.exponent;
+    if (leftPlace != rightPlace)
+        return leftPlace <=> rightPlace;
+    const int distance = left.exponent - right.exponent;
+    const Coefficient leftDigits = left.coefficient * powerOfTen(std::max(distance, 0));
+    const Coefficient rightDigits = right.coefficient * powerOfTen(std::max(-distance, 0));
+    return leftDigits <=> rightDigits;
+}
+} // namespace
 
 std::strong_ordering operator<=>(const NSDecimalNumber &left, const NSDecimalNumber &right)
 {
@@ -251,16 +343,7 @@ std::strong_ordering operator<=>(const NSDecimalNumber &left, const NSDecimalNum
         return left._isNaN <=> right._isNaN;
     if (left._isNegative != right._isNegative)
         return right._isNegative <=> left._isNegative;
-    const QString a = digitsOf(joined(left._high, left._low));
-    const QString b = digitsOf(joined(right._high, right._low));
-    const bool isZeroA = a == u"0", isZeroB = b == u"0";
-    // The place of the first digit decides, then the digits from there on.
-    std::strong_ordering order = isZeroA || isZeroB
-                                     ? isZeroB <=> isZeroA
-                                     : a.size() + left._exponent <=> b.size() + right._exponent;
-    if (order == 0) {
-        const qsizetype length = std::max(a.size(), b.size());
-        order = a.leftJustified(length, u'0').compare(b.leftJustified(length, u'0')) <=> 0;
-    }
+    const std::strong_ordering order =
+        compareMagnitudes(NSDecimalParts::of(left), NSDecimalParts::of(right));
     return left._isNegative ? 0 <=> order : order;
 }

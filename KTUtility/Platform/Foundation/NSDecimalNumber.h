@@ -4,8 +4,39 @@
 
 #include <QMetaType>
 #include <QString>
+#include <QVariant>
 
 #include <compare>
+#include <optional>
+
+class NSDecimalNumberBehaviors;
+class NSLocale;
+struct NSDecimalParts;
+
+/// Which of two neighbours a result that needs more digits becomes.
+enum NSRoundingMode {
+    NSRoundPlain = 0,  ///< the nearer; half-way the one farther from zero
+    NSRoundDown = 1,   ///< the lower, towards negative infinity: -0.5 becomes -1
+    NSRoundUp = 2,     ///< the higher, towards positive infinity
+    NSRoundBankers = 3 ///< the nearer; half-way the one with an even digit
+};
+
+/// What an operation cannot do exactly.
+enum NSCalculationError {
+    NSCalculationNoError = 0,
+    NSCalculationLossOfPrecision = 1, ///< the result needs more than 38 digits
+    NSCalculationUnderflow = 2,       ///< it is nearer to zero than 10^-128
+    NSCalculationOverflow = 3,        ///< it is larger than any decimal
+    NSCalculationDivideByZero = 4
+};
+
+/// The scale that leaves all digits.
+inline constexpr short NSDecimalNoScale = 32767;
+
+KTUTILITY_EXPORT extern const QString NSDecimalNumberExactnessException;
+KTUTILITY_EXPORT extern const QString NSDecimalNumberOverflowException;
+KTUTILITY_EXPORT extern const QString NSDecimalNumberUnderflowException;
+KTUTILITY_EXPORT extern const QString NSDecimalNumberDivideByZeroException;
 
 /// An exact decimal number: up to 38 significant digits and an exponent from -128 to 127.
 ///
@@ -17,6 +48,9 @@
 /// price.description();    // "12.5"
 /// price == NSDecimalNumber::decimalNumberWithString(u"12.5");    // true
 /// NSDecimalNumber::decimalNumberWithString(u"abc").isNaN();       // true
+///
+/// const NSDecimalNumberHandler cents(NSRoundBankers, 2, false, true, true, true);
+/// price.decimalNumberByDividingBy(NSDecimalNumber(7), &cents);    // 1.79
 /// \endcode
 class KTUTILITY_EXPORT NSDecimalNumber
 {
@@ -39,6 +73,48 @@ public:
     static NSDecimalNumber decimalNumberWithMantissa(quint64 mantissa, int exponent,
                                                      bool isNegative);
 
+    /// A double to 38 digits, exactly up to there (0.1 has some more than one); not-a-number for
+    /// NaN, infinities and what is out of range.
+    static NSDecimalNumber decimalNumberWithDouble(double value);
+    /// Any number variant; not-a-number for what is none.
+    static NSDecimalNumber decimalNumberWithNumber(const QVariant &number);
+    /// 99…9 (38 digits) × 10^127.
+    static NSDecimalNumber maximumDecimalNumber();
+    /// Its negative.
+    static NSDecimalNumber minimumDecimalNumber();
+
+    // --- Arithmetic. A result is rounded to 38 digits and then to the behaviour's scale, in its
+    // mode; what cannot be done is put to it. Without a behaviour, defaultBehavior() decides. What
+    // has to do with not-a-number is not-a-number.
+
+    NSDecimalNumber
+    decimalNumberByAdding(const NSDecimalNumber &other,
+                          const NSDecimalNumberBehaviors *withBehavior = nullptr) const;
+    NSDecimalNumber
+    decimalNumberBySubtracting(const NSDecimalNumber &other,
+                               const NSDecimalNumberBehaviors *withBehavior = nullptr) const;
+    NSDecimalNumber
+    decimalNumberByMultiplyingBy(const NSDecimalNumber &other,
+                                 const NSDecimalNumberBehaviors *withBehavior = nullptr) const;
+    NSDecimalNumber
+    decimalNumberByDividingBy(const NSDecimalNumber &other,
+                              const NSDecimalNumberBehaviors *withBehavior = nullptr) const;
+    /// Anything to the power 0 is 1.
+    NSDecimalNumber
+    decimalNumberByRaisingToPower(unsigned power,
+                                  const NSDecimalNumberBehaviors *withBehavior = nullptr) const;
+    NSDecimalNumber decimalNumberByMultiplyingByPowerOf10(
+        short power, const NSDecimalNumberBehaviors *withBehavior = nullptr) const;
+    /// Rounded as the behaviour says, nothing else.
+    NSDecimalNumber
+    decimalNumberByRoundingAccordingToBehavior(const NSDecimalNumberBehaviors *behavior) const;
+    NSDecimalNumber decimalNumberByNegating() const;
+
+    /// Plain rounding without scale, raising for everything but lost digits. One for each thread.
+    static const NSDecimalNumberBehaviors *defaultBehavior();
+    /// Another one for the calling thread, which has to outlive its use; null is the first again.
+    static void setDefaultBehavior(const NSDecimalNumberBehaviors *behavior);
+
     /// Whether there is nothing behind the point; not-a-number is no integer.
     bool isInteger() const noexcept { return !_isNaN && _exponent >= 0; }
     bool isNaN() const noexcept { return _isNaN; }
@@ -46,6 +122,8 @@ public:
 
     /// Plain digits with "." and without an exponent: "-0.001", "12500", "0"; "NaN".
     QString description() const;
+    /// The same with the decimal separator of a locale; no groups.
+    QString descriptionWithLocale(const NSLocale &locale) const;
     /// The nearest double; NaN for not-a-number.
     double doubleValue() const;
     /// The integer part; 0 if it does not fit 64 bits and for not-a-number.
@@ -62,6 +140,8 @@ public:
     }
 
 private:
+    friend struct NSDecimalParts;
+
     // Normal form: no trailing zero in the coefficient unless the exponent cannot grow; zero has
     // exponent 0 and no sign. Equal values are therefore equal member by member.
     quint64 _high = 0;
@@ -72,3 +152,53 @@ private:
 };
 
 Q_DECLARE_METATYPE(NSDecimalNumber)
+
+/// How decimals are rounded and what happens when that is not enough.
+class KTUTILITY_EXPORT NSDecimalNumberBehaviors
+{
+public:
+    virtual ~NSDecimalNumberBehaviors();
+
+    virtual NSRoundingMode roundingMode() const = 0;
+    /// How many digits stay behind the point; negative ones round before it.
+    virtual short scale() const = 0;
+    /// \a operation ("decimalNumberByAdding:") ran into \a error.
+    /// \param rightOperand nil for operations with one decimal.
+    /// \return what to use instead of the result; nothing to use the result, which is
+    /// not-a-number unless only digits were lost. May throw.
+    virtual std::optional<NSDecimalNumber>
+    exceptionDuringOperation(const QString &operation, NSCalculationError error,
+                             const NSDecimalNumber &leftOperand,
+                             const std::optional<NSDecimalNumber> &rightOperand) const = 0;
+
+protected:
+    NSDecimalNumberBehaviors() = default;
+    NSDecimalNumberBehaviors(const NSDecimalNumberBehaviors &) = default;
+    NSDecimalNumberBehaviors &operator=(const NSDecimalNumberBehaviors &) = default;
+};
+
+/// A behaviour of fixed settings, raising NSException for the errors that it is told to.
+class KTUTILITY_EXPORT NSDecimalNumberHandler : public NSDecimalNumberBehaviors
+{
+public:
+    NSDecimalNumberHandler(NSRoundingMode roundingMode, short scale, bool raiseOnExactness,
+                           bool raiseOnOverflow, bool raiseOnUnderflow, bool raiseOnDivideByZero);
+
+    NSRoundingMode roundingMode() const override { return _roundingMode; }
+    short scale() const override { return _scale; }
+    /// \throws NSException NSDecimalNumberExactnessException and so on.
+    std::optional<NSDecimalNumber>
+    exceptionDuringOperation(const QString &operation, NSCalculationError error,
+                             const NSDecimalNumber &leftOperand,
+                             const std::optional<NSDecimalNumber> &rightOperand) const override;
+
+private:
+    bool raises(NSCalculationError error) const;
+
+    NSRoundingMode _roundingMode;
+    short _scale;
+    bool _raiseOnExactness;
+    bool _raiseOnOverflow;
+    bool _raiseOnUnderflow;
+    bool _raiseOnDivideByZero;
+};

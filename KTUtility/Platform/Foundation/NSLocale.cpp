@@ -198,6 +198,15 @@ QStringList readCommonCodes()
     return result;
 }
 
+QStringList readAvailableIdentifiers()
+{
+    QStringList result;
+    for (int32_t index = 0; index < uloc_countAvailable(); ++index)
+        result.append(QString::fromLatin1(uloc_getAvailable(index)));
+    result.sort();
+    return result;
+}
+
 /// The keywords of an identifier with their values.
 QVariantMap keywordsOf(const QByteArray &identifier)
 {
@@ -362,6 +371,12 @@ const QStringList &NSLocale::commonISOCurrencyCodes()
 {
     static const QStringList codes = readCommonCodes();
     return codes;
+}
+
+const QStringList &NSLocale::availableLocaleIdentifiers()
+{
+    static const QStringList identifiers = readAvailableIdentifiers();
+    return identifiers;
 }
 
 QVariantMap NSLocale::componentsFromLocaleIdentifier(const QString &identifier)

@@ -88,6 +88,9 @@ public:
     /// The codes of the currencies in everyday use, in alphabetical order.
     static const QStringList &commonISOCurrencyCodes();
 
+    /// The identifiers of all locales that there is data for, in alphabetical order.
+    static const QStringList &availableLocaleIdentifiers();
+
     /// The parts of an identifier under the NSLocale keys; keywords under their own names.
     static QVariantMap componentsFromLocaleIdentifier(const QString &identifier);
     /// The identifier with these parts: "en_IN" and a currency give "en_IN@currency=USD".

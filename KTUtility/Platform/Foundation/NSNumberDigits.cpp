@@ -1,5 +1,7 @@
 #include "NSNumberDigits_p.h"
 
+#include "NSDecimalParts_p.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -65,23 +67,14 @@ Digits digitsOfDouble(double value)
 
 Digits digitsOfDecimal(const NSDecimalNumber &value)
 {
+    const NSDecimalParts parts = NSDecimalParts::of(value);
+    std::array<char, 40> buffer;
+    const std::string_view text = NSDecimalArithmetic::digits(parts.coefficient, buffer);
     Digits number;
-    const QString text = value.description();
-    bool isFraction = false;
-    for (const QChar unit : text) {
-        if (unit == u'-')
-            number.isNegative = true;
-        else if (unit == u'.')
-            isFraction = true;
-        else if (number.count < Digits::Capacity) {
-            const bool isLeadingZero = number.count == 0 && unit == u'0';
-            number.pointPosition += isFraction ? -int(isLeadingZero) : int(!isLeadingZero);
-            if (!isLeadingZero)
-                number.digits[size_t(number.count++)] = char(unit.unicode());
-        } else if (!isFraction) {
-            ++number.pointPosition;
-        }
-    }
+    std::copy(text.begin(), text.end(), number.digits.begin());
+    number.count = int(text.size());
+    number.pointPosition = number.count + parts.exponent;
+    number.isNegative = parts.isNegative;
     trim(number);
     return number;
 }

@@ -16,7 +16,9 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSDatePattern.cpp
     Platform/Foundation/NSDateSymbols.cpp
     Platform/Foundation/NSDateWriter.cpp
+    Platform/Foundation/NSDecimalArithmetic.cpp
     Platform/Foundation/NSDecimalNumber.cpp
+    Platform/Foundation/NSDecimalNumberOperations.cpp
     Platform/Foundation/NSDefaultsFile.cpp
     Platform/Foundation/NSError.cpp
     Platform/Foundation/NSException.cpp

@@ -5,10 +5,13 @@
 #include "ImportCommand.h"
 #include "LogCommand.h"
 #include "NamesCommand.h"
+#include "ParseCommand.h"
 #include "StandardStreams.h"
 #include "Usage.h"
 
 #include <array>
+
+#include <unistd.h>
 
 namespace {
 struct Command
@@ -29,8 +32,10 @@ ExitCode runVersion(const QStringList &, CommandContext &context)
     return ExitCode::Success;
 }
 
-constexpr std::array<Command, 7> Commands = {{
+constexpr std::array<Command, 9> Commands = {{
     {u"import", runImportCommand},
+    {u"parse", runParseCommand},
+    {u"format", runFormatCommand},
     {u"names", runNamesCommand},
     {u"log", runLogCommand},
     {u"help", runHelp},
@@ -59,9 +64,10 @@ ExitCode runCommand(const QStringList &arguments, CommandContext &context)
 }
 } // namespace
 
-int runCobble(const QStringList &arguments, QTextStream &out, QTextStream &err, KTLogger *logger)
+int runCobble(const QStringList &arguments, QTextStream &out, QTextStream &err, KTLogger *logger,
+              bool showsProgress)
 {
-    CommandContext context(out, err, logger);
+    CommandContext context(out, err, logger, showsProgress);
     return int(runCommand(arguments, context));
 }
 
@@ -70,7 +76,8 @@ int runCobbleProcess(const QStringList &arguments, int outputDescriptor, int err
     KTLog(kLog_Lifecycle, 4, u"start: cobble %@", printableText(arguments.join(u' ')));
     DescriptorStream output(outputDescriptor);
     DescriptorStream errors(errorDescriptor);
-    int exitCode = runCobble(arguments, output.stream(), errors.stream());
+    int exitCode = runCobble(arguments, output.stream(), errors.stream(), KTLogger::sharedLogger(),
+                             isatty(errorDescriptor) == 1);
     const QString reason = output.finish();
     if (!reason.isNull()) {
         errors.stream() << "cobble: standard output: " << reason << '\n';

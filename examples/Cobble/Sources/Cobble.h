@@ -22,12 +22,13 @@ enum class ExitCode {
 /// \param err gets errors and warnings, each a line beginning with "cobble: ", and the usage where
 /// that was wrong.
 /// \param logger whose settings the command `log` shows and changes.
+/// \param showsProgress whether long commands tell on \a err how far they are.
 ///
 /// \code
 /// const int exitCode = runCobble({u"import"_s, u"contacts.csv"_s}, out, err);
 /// \endcode
 int runCobble(const QStringList &arguments, QTextStream &out, QTextStream &err,
-              KTLogger *logger = KTLogger::sharedLogger());
+              KTLogger *logger = KTLogger::sharedLogger(), bool showsProgress = false);
 
 /// The same for a process: writes to two open descriptors, logs start and end, and counts it as a
 /// failure, told on the error output, if results could not be written.

@@ -17,8 +17,9 @@ QString asMessage(const QString &sentence)
 }
 } // namespace
 
-CommandContext::CommandContext(QTextStream &out, QTextStream &err, KTLogger *logger)
-    : _out(out), _err(err), _logger(logger)
+CommandContext::CommandContext(QTextStream &out, QTextStream &err, KTLogger *logger,
+                               bool showsProgress)
+    : _out(out), _err(err), _logger(logger), _showsProgress(showsProgress)
 {
 }
 

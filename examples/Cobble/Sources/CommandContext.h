@@ -10,9 +10,13 @@ class QTextStream;
 class CommandContext
 {
 public:
-    CommandContext(QTextStream &out, QTextStream &err, KTLogger *logger);
+    /// \param showsProgress whether somebody looks at the error output while a command runs.
+    CommandContext(QTextStream &out, QTextStream &err, KTLogger *logger,
+                   bool showsProgress = false);
 
     QTextStream &out() { return _out; }
+    /// Where long work tells how far it is; null if nobody looks.
+    QTextStream *progress() { return _showsProgress ? &_err : nullptr; }
     KTLogger *logger() { return _logger; }
 
     /// Parses the arguments of one command; its options, also `--help`, are added to \a parser
@@ -34,4 +38,5 @@ private:
     QTextStream &_out;
     QTextStream &_err;
     KTLogger *_logger;
+    bool _showsProgress;
 };

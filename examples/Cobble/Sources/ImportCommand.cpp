@@ -4,8 +4,10 @@
 #include "CSVSeparator.h"
 #include "ImportSchema.h"
 #include "ImportSource.h"
+#include "ImportValues.h"
 #include "TextFile.h"
 #include "Usage.h"
+#include "UserSettings.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>
@@ -22,6 +24,7 @@ struct ImportRequest
     QString path;
     QString libraryName;
     std::optional<QChar> separator;
+    QString locale;
 };
 
 void addOptions(QCommandLineParser *parser)
@@ -29,6 +32,7 @@ void addOptions(QCommandLineParser *parser)
     parser->addOption({HelpOption, QString()});
     parser->addOption({LibraryOption, QString(), QStringLiteral("NAME")});
     parser->addOption({SeparatorOption, QString(), QStringLiteral("C")});
+    UserSettings::addLocaleOption(parser);
 }
 
 /// The file's name without its extension; the whole name if nothing else is left.
@@ -52,7 +56,7 @@ QString mistakeIn(const QCommandLineParser &parser)
     const QString separator = parser.value(SeparatorOption);
     if (parser.isSet(SeparatorOption) && !CSVSeparator::fromName(separator))
         return QStringLiteral("bad separator '%1'").arg(separator);
-    return {};
+    return UserSettings::mistakeInLocale(UserSettings::localeIn(parser));
 }
 
 ImportRequest requestFrom(const QCommandLineParser &parser)
@@ -62,6 +66,7 @@ ImportRequest requestFrom(const QCommandLineParser &parser)
     request.libraryName = parser.isSet(LibraryOption) ? parser.value(LibraryOption)
                                                       : libraryNameForFile(request.path);
     request.separator = CSVSeparator::fromName(parser.value(SeparatorOption));
+    request.locale = UserSettings::localeIn(parser);
     return request;
 }
 
@@ -102,6 +107,40 @@ void printColumns(const QList<ImportColumn> &columns, QTextStream &out)
     table.print(out);
 }
 
+void printTypes(const QList<ImportColumn> &columns, const ImportValues &values, QTextStream &out)
+{
+    AlignedTable table;
+    table.addRow({QStringLiteral("Column name"), QStringLiteral("Type"), QStringLiteral("Read"),
+                  QStringLiteral("Not read"), QStringLiteral("Empty")});
+    for (qsizetype index = 0; index < columns.size(); ++index) {
+        const ImportValues::Column &counts = values.columns.at(index);
+        table.addRow({columns.at(index).columnName, counts.typeName, QString::number(counts.read),
+                      QString::number(counts.unread), QString::number(counts.empty)});
+    }
+    table.print(out);
+}
+
+void printUnread(const QList<ImportColumn> &columns, const ImportValues &values, QTextStream &out)
+{
+    AlignedTable table;
+    table.addRow({QStringLiteral("Row"), QStringLiteral("Column name"), QStringLiteral("Text"),
+                  QStringLiteral("Not read, since")});
+    for (const ImportValues::Unread &unread : values.unread)
+        table.addRow({QString::number(unread.row), columns.at(unread.column).columnName,
+                      unread.text, unread.reason});
+    table.print(out);
+}
+
+void printValues(const ImportSchema &schema, const ImportValues &values, QTextStream &out)
+{
+    out << '\n';
+    printTypes(schema.columns, values, out);
+    if (values.unread.isEmpty())
+        return;
+    out << '\n';
+    printUnread(schema.columns, values, out);
+}
+
 void logImport(const ImportRequest &request, const ImportSource &source, const ImportSchema &schema)
 {
     KTLog(kLog_ImportDialog, 4, u"%@: separator %@, %d rows, %d columns",
@@ -135,6 +174,9 @@ ExitCode import(const ImportRequest &request, CommandContext &context)
     printSummary(source, schema, context.out());
     context.out() << '\n';
     printColumns(schema.columns, context.out());
+    const LocaleScope scope(request.locale);
+    const ImportValues values = ImportValues::fromText(text, source, context.progress());
+    printValues(schema, values, context.out());
     return ExitCode::Success;
 }
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "CommandContext.h"
 
-/// `cobble import FILE.csv [--library NAME] [--separator C]`: reads the file and shows the library
-/// that it would become. Nothing is written anywhere.
+/// `cobble import FILE.csv [--library NAME] [--separator C] [--locale ID]`: reads the file and
+/// shows the library that it would become, with the types of its columns and what cannot be read in
+/// them. Nothing is written anywhere.
 ExitCode runImportCommand(const QStringList &arguments, CommandContext &context);

@@ -19,6 +19,18 @@ ImportSource ImportSource::fromText(QStringView text, std::optional<QChar> separ
     return source;
 }
 
+void ImportSource::forEachRow(
+    QStringView text, const std::function<void(qint64 row, const QStringList &fields)> &use) const
+{
+    if (const auto directive = CSVSeparator::directiveOf(text))
+        text = text.sliced(directive->length);
+    CSVReader reader(text, separator);
+    QStringList fields;
+    reader.readRow(&fields); // the headers
+    for (qint64 row = 1; reader.readRow(&fields); ++row)
+        use(row, fields);
+}
+
 void ImportSource::readRows(QStringView text, qint64 firstLine)
 {
     CSVReader reader(text, separator, firstLine);

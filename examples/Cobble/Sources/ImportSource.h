@@ -2,6 +2,7 @@
 
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 /// What an import learns from reading a separated text once: the headers, how many rows there are,
@@ -21,6 +22,11 @@ struct ImportSource
     /// Reads \a text: a "sep=" line if there is one, a row of headers, rows of values.
     /// \param separator what to use instead of the one that the text names or seems to use.
     static ImportSource fromText(QStringView text, std::optional<QChar> separator = std::nullopt);
+
+    /// Hands over the rows of values once more, numbered from 1, as they are: ragged.
+    /// \param text what fromText() read.
+    void forEachRow(QStringView text,
+                    const std::function<void(qint64 row, const QStringList &fields)> &use) const;
 
     /// Why the text cannot be imported; nil if it can be.
     QString errorDescription;

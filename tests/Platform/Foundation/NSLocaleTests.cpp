@@ -124,6 +124,15 @@ TEST(NSLocale, ListsTheCurrenciesInUse)
     EXPECT_TRUE(std::is_sorted(codes.begin(), codes.end()));
 }
 
+TEST(NSLocale, ListsTheLocalesThatThereAre)
+{
+    const QStringList &identifiers = NSLocale::availableLocaleIdentifiers();
+    EXPECT_GT(identifiers.size(), 500);
+    EXPECT_TRUE(identifiers.contains(QStringLiteral("de_DE")));
+    EXPECT_FALSE(identifiers.contains(QStringLiteral("xx_YY")));
+    EXPECT_TRUE(std::is_sorted(identifiers.begin(), identifiers.end()));
+}
+
 TEST(NSLocale, FollowsTheApplicationThenQt)
 {
     const CurrentLocaleGuard guard;

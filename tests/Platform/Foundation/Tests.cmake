@@ -4,6 +4,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSBundleTests.cpp
     Platform/Foundation/NSDateFormatterICUTests.cpp
     Platform/Foundation/NSDateFormatterTests.cpp
+    Platform/Foundation/NSDecimalNumberTests.cpp
     Platform/Foundation/NSErrorTests.cpp
     Platform/Foundation/NSExceptionTests.cpp
     Platform/Foundation/NSFileHandleTests.cpp

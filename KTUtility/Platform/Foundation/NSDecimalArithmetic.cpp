@@ -1,0 +1,331 @@
+#include "NSDecimalParts_p.h"
+
+#include <algorithm>
+#include <bit>
+
+namespace {
+constexpr quint64 TenToNineteen = 10'000'000'000'000'000'000ULL;
+constexpr int ChunkDigits = 19;
+constexpr int WideDigits = 76; ///< what certainly fits 256 bits
+
+using Limbs = std::array<quint64, 4>; ///< the lowest first
+
+Limbs limbsOf(const NSWideCoefficient &value)
+{
+    return {quint64(value.low), quint64(value.low >> 64), quint64(value.high),
+            quint64(value.high >> 64)};
+}
+
+NSWideCoefficient wideOf(const Limbs &limbs)
+{
+    return {(NSCoefficient(limbs[3]) << 64) | limbs[2], (NSCoefficient(limbs[1]) << 64) | limbs[0]};
+}
+
+/// Divides in place; \return the remainder.
+quint64 divide(NSWideCoefficient &value, quint64 divisor)
+{
+    Limbs limbs = limbsOf(value);
+    NSCoefficient remainder = 0;
+    for (size_t index = limbs.size(); index-- > 0;) {
+        const NSCoefficient part = (remainder << 64) | limbs[index];
+        limbs[index] = quint64(part / divisor);
+        remainder = part % divisor;
+    }
+    value = wideOf(limbs);
+    return quint64(remainder);
+}
+
+NSWideCoefficient multiply(NSCoefficient left, NSCoefficient right)
+{
+    const auto low = [](NSCoefficient value) { return NSCoefficient(quint64(value)); };
+    const NSCoefficient lowLow = low(left) * low(right);
+    const NSCoefficient lowHigh = low(left) * (right >> 64);
+    const NSCoefficient highLow = (left >> 64) * low(right);
+    const NSCoefficient middle = (lowLow >> 64) + low(lowHigh) + low(highLow);
+    return {(left >> 64) * (right >> 64) + (lowHigh >> 64) + (highLow >> 64) + (middle >> 64),
+            (middle << 64) | low(lowLow)};
+}
+
+/// Multiplies by a number of 64 bits; what goes beyond 256 bits is lost.
+void multiply(NSWideCoefficient &value, quint64 factor)
+{
+    Limbs limbs = limbsOf(value);
+    NSCoefficient carry = 0;
+    for (quint64 &limb : limbs) {
+        carry += NSCoefficient(limb) * factor;
+        limb = quint64(carry);
+        carry >>= 64;
+    }
+    value = wideOf(limbs);
+}
+
+void multiplyByPowerOfTen(NSWideCoefficient &value, int exponent)
+{
+    for (; exponent > 0; exponent -= ChunkDigits)
+        multiply(value, quint64(NSDecimalArithmetic::powerOfTen(std::min(exponent, ChunkDigits))));
+}
+
+/// \return whether a rest was lost.
+bool divideByPowerOfTen(NSWideCoefficient &value, qint64 exponent)
+{
+    bool hasRest = false;
+    for (; exponent > 0 && !value.isZero(); exponent -= ChunkDigits) {
+        const int digits = int(std::min<qint64>(exponent, ChunkDigits));
+        hasRest |= divide(value, quint64(NSDecimalArithmetic::powerOfTen(digits))) != 0;
+    }
+    return hasRest;
+}
+
+int digitCount(NSWideCoefficient value)
+{
+    if (value.high == 0)
+        return NSDecimalArithmetic::digitCount(value.low);
+    divide(value, TenToNineteen);
+    divide(value, TenToNineteen);
+    if (value.high != 0) { // 77 digits and more do not arise
+        divide(value, TenToNineteen);
+        return 3 * ChunkDigits + NSDecimalArithmetic::digitCount(value.low);
+    }
+    return 2 * ChunkDigits + NSDecimalArithmetic::digitCount(value.low);
+}
+
+int compare(const NSWideCoefficient &left, const NSWideCoefficient &right)
+{
+    if (left.high != right.high)
+        return left.high < right.high ? -1 : 1;
+    return left.low < right.low ? -1 : int(left.low > right.low);
+}
+
+NSWideCoefficient add(const NSWideCoefficient &left, const NSWideCoefficient &right)
+{
+    const NSCoefficient low = left.low + right.low;
+    return {left.high + right.high + (low < left.low), low};
+}
+
+NSWideCoefficient subtract(const NSWideCoefficient &left, const NSWideCoefficient &right)
+{
+    return {left.high - right.high - (left.low < right.low), left.low - right.low};
+}
+
+/// One digit of a long division in base 2^64: the upper three limbs of \a value by a divisor of two
+/// limbs whose highest bit is set (Knuth, algorithm D).
+quint64 quotientLimb(std::array<quint64, 5> &value, size_t at, quint64 high, quint64 low)
+{
+    const NSCoefficient top = (NSCoefficient(value[at + 2]) << 64) | value[at + 1];
+    NSCoefficient guess = value[at + 2] >= high ? ~quint64(0) : quint64(top / high);
+    NSCoefficient rest = top - guess * high;
+    while (rest >> 64 == 0 && guess * low > ((rest << 64) | value[at])) {
+        --guess;
+        rest += high;
+    }
+    NSCoefficient borrow = 0;
+    const std::array<NSCoefficient, 2> products{guess * low, guess * high};
+    const NSCoefficient lowest = NSCoefficient(quint64(products[0]));
+    const NSCoefficient middle = (products[0] >> 64) + quint64(products[1]);
+    const std::array<quint64, 3> parts{quint64(lowest), quint64(middle),
+                                       quint64((products[1] >> 64) + (middle >> 64))};
+    for (size_t index = 0; index < parts.size(); ++index) {
+        const NSCoefficient taken = NSCoefficient(parts[index]) + borrow;
+        borrow = value[at + index] < taken;
+        value[at + index] -= quint64(taken);
+    }
+    return quint64(guess);
+}
+
+/// Divides in place; \return whether there is a rest.
+bool divide(NSWideCoefficient &value, NSCoefficient divisor)
+{
+    if (divisor >> 64 == 0)
+        return divide(value, quint64(divisor)) != 0;
+    const int shift = std::countl_zero(quint64(divisor >> 64));
+    const NSCoefficient scaled = divisor << shift;
+    const Limbs limbs = limbsOf(value);
+    std::array<quint64, 5> shifted{};
+    for (size_t index = 0; index < limbs.size(); ++index) {
+        const NSCoefficient part = NSCoefficient(limbs[index]) << shift;
+        shifted[index] |= quint64(part);
+        shifted[index + 1] = quint64(part >> 64);
+    }
+    Limbs result{};
+    for (size_t at = 3; at-- > 0;)
+        result[at] = quotientLimb(shifted, at, quint64(scaled >> 64), quint64(scaled));
+    value = wideOf(result);
+    return shifted[0] != 0 || shifted[1] != 0;
+}
+
+/// Whether a magnitude is rounded away from zero when \a digit and a rest behind it are dropped.
+bool roundsAway(const NSDecimalIntermediate &value, int digit, bool hasRest, NSRoundingMode mode)
+{
+    if (digit == 0 && !hasRest)
+        return false;
+    switch (mode) {
+    case NSRoundDown: // floor
+        return value.isNegative;
+    case NSRoundUp: // ceiling
+        return !value.isNegative;
+    case NSRoundBankers:
+        return digit > 5 || (digit == 5 && (hasRest || value.magnitude.low % 2 == 1));
+    default:
+        return digit >= 5;
+    }
+}
+
+/// Drops the lowest digits, rounding. \return whether anything was lost.
+bool dropDigits(NSDecimalIntermediate &value, qint64 count, NSRoundingMode mode)
+{
+    if (count > 0)
+        value.hasRest |= divideByPowerOfTen(value.magnitude, count - 1);
+    int digit = 0;
+    if (count > 0)
+        digit = int(divide(value.magnitude, quint64(10)));
+    value.exponent += std::max<qint64>(count, 0);
+    const bool isLost = digit != 0 || value.hasRest;
+    if (roundsAway(value, digit, value.hasRest, mode))
+        value.magnitude = add(value.magnitude, {0, 1});
+    value.hasRest = false;
+    return isLost;
+}
+
+/// Lowers an exponent that is too large, as far as 38 digits allow.
+void lowerExponent(NSDecimalIntermediate &value)
+{
+    while (value.exponent > NSDecimalParts::MaximumExponent &&
+           value.magnitude.low < NSDecimalArithmetic::powerOfTen(37)) {
+        value.magnitude.low *= 10;
+        --value.exponent;
+    }
+}
+
+void report(NSCalculationError *error, NSCalculationError what)
+{
+    if (error)
+        *error = what;
+}
+} // namespace
+
+NSCoefficient NSDecimalArithmetic::powerOfTen(int exponent)
+{
+    static const std::array<NSCoefficient, 39> powers = [] {
+        std::array<NSCoefficient, 39> made{};
+        made[0] = 1;
+        for (size_t index = 1; index < made.size(); ++index)
+            made[index] = made[index - 1] * 10;
+        return made;
+    }();
+    return powers[size_t(exponent)];
+}
+
+int NSDecimalArithmetic::digitCount(NSCoefficient value)
+{
+    const auto high = quint64(value >> 64);
+    const int bits = high ? 128 - std::countl_zero(high) : 64 - std::countl_zero(quint64(value));
+    const int guess = bits * 1233 >> 12; // log10(2)
+    return guess + (guess < 39 ? value >= powerOfTen(guess) : 0);
+}
+
+NSDecimalNumber NSDecimalIntermediate::rounded(NSRoundingMode mode, NSCalculationError *error) const
+{
+    return roundedAt(NSDecimalParts::MinimumExponent, mode, error);
+}
+
+NSDecimalNumber NSDecimalIntermediate::roundedAt(qint64 lowestExponent, NSRoundingMode mode,
+                                                 NSCalculationError *error) const
+{
+    report(error, NSCalculationNoError);
+    const bool isZero = magnitude.isZero() && !hasRest;
+    if (isZero)
+        return {};
+    NSDecimalIntermediate value = *this;
+    const qint64 surplus = digitCount(value.magnitude) - NSDecimalParts::MaximumDigits;
+    bool isLost =
+        dropDigits(value, std::max({surplus, lowestExponent - exponent, qint64(0)}), mode);
+    if (value.magnitude.low == NSDecimalArithmetic::powerOfTen(38))
+        dropDigits(value, 1, mode); // all nines went up
+    lowerExponent(value);
+    if (value.magnitude.isZero() && lowestExponent == NSDecimalParts::MinimumExponent) {
+        report(error, NSCalculationUnderflow);
+        return NSDecimalNumber::notANumber();
+    }
+    if (value.exponent > NSDecimalParts::MaximumExponent && !value.magnitude.isZero()) {
+        report(error, NSCalculationOverflow);
+        return NSDecimalNumber::notANumber();
+    }
+    if (isLost)
+        report(error, NSCalculationLossOfPrecision);
+    return NSDecimalParts{value.magnitude.low, int(value.exponent), value.isNegative}.number();
+}
+
+NSDecimalIntermediate NSDecimalArithmetic::sum(const NSDecimalParts &left,
+                                               const NSDecimalParts &right)
+{
+    if (left.coefficient == 0 || right.coefficient == 0) {
+        const NSDecimalParts &other = left.coefficient == 0 ? right : left;
+        return {{0, other.coefficient}, other.exponent, other.isNegative, false};
+    }
+    const NSDecimalParts &large = left.exponent >= right.exponent ? left : right;
+    const NSDecimalParts &small = left.exponent >= right.exponent ? right : left;
+    const bool isSubtraction = large.isNegative != small.isNegative;
+    const int distance = large.exponent - small.exponent;
+    const int room = WideDigits - digitCount(large.coefficient);
+    NSDecimalIntermediate result{{0, large.coefficient}, small.exponent, large.isNegative, false};
+    multiplyByPowerOfTen(result.magnitude, std::min(distance, room));
+    if (distance > room) { // the small one is a rest, far below the large one's digits
+        result.exponent = large.exponent - room;
+        result.hasRest = true;
+        if (isSubtraction)
+            result.magnitude = subtract(result.magnitude, {0, 1});
+        return result;
+    }
+    const NSWideCoefficient other{0, small.coefficient};
+    if (!isSubtraction) {
+        result.magnitude = add(result.magnitude, other);
+    } else if (compare(result.magnitude, other) >= 0) {
+        result.magnitude = subtract(result.magnitude, other);
+    } else {
+        result.magnitude = subtract(other, result.magnitude);
+        result.isNegative = small.isNegative;
+    }
+    return result;
+}
+
+NSDecimalIntermediate NSDecimalArithmetic::product(const NSDecimalParts &left,
+                                                   const NSDecimalParts &right)
+{
+    return {multiply(left.coefficient, right.coefficient), left.exponent + right.exponent,
+            left.isNegative != right.isNegative, false};
+}
+
+NSDecimalIntermediate NSDecimalArithmetic::quotient(const NSDecimalParts &left,
+                                                    const NSDecimalParts &right)
+{
+    // Enough digits that the quotient has one more than is kept, to round by.
+    const int shift = NSDecimalParts::MaximumDigits + 1 + digitCount(right.coefficient) -
+                      digitCount(left.coefficient);
+    NSDecimalIntermediate result{{0, left.coefficient},
+                                 qint64(left.exponent) - right.exponent,
+                                 left.isNegative != right.isNegative,
+                                 false};
+    if (left.coefficient == 0)
+        return result;
+    multiplyByPowerOfTen(result.magnitude, shift);
+    result.exponent -= shift;
+    result.hasRest = divide(result.magnitude, right.coefficient);
+    return result;
+}
+
+std::string_view NSDecimalArithmetic::digits(NSCoefficient value, std::array<char, 40> &buffer)
+{
+    char *at = buffer.data() + buffer.size();
+    while (value >> 64 != 0) { // nineteen digits at a time, since small divisions are fast ones
+        auto chunk = quint64(value % TenToNineteen);
+        value /= TenToNineteen;
+        for (int digit = 0; digit < ChunkDigits; ++digit, chunk /= 10)
+            *--at = char('0' + chunk % 10);
+    }
+    auto rest = quint64(value);
+    do {
+        *--at = char('0' + rest % 10);
+        rest /= 10;
+    } while (rest != 0);
+    return {at, size_t(buffer.data() + buffer.size() - at)};
+}

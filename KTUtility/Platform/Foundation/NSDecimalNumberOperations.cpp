@@ -1,0 +1,267 @@
+#include "NSDecimalNumber.h"
+
+#include "NSDecimalParts_p.h"
+#include "NSException.h"
+
+#include <algorithm>
+
+// Arithmetic of decimals under a behaviour.
+
+const QString NSDecimalNumberExactnessException =
+    QStringLiteral("NSDecimalNumberExactnessException");
+const QString NSDecimalNumberOverflowException = QStringLiteral("NSDecimalNumberOverflowException");
+const QString NSDecimalNumberUnderflowException =
+    QStringLiteral("NSDecimalNumberUnderflowException");
+const QString NSDecimalNumberDivideByZeroException =
+    QStringLiteral("NSDecimalNumberDivideByZeroException");
+
+namespace {
+using Operand = std::optional<NSDecimalNumber>;
+
+thread_local const NSDecimalNumberBehaviors *chosenBehavior = nullptr;
+
+const NSDecimalNumberBehaviors &behaviorOrDefault(const NSDecimalNumberBehaviors *behavior)
+{
+    return behavior ? *behavior : *NSDecimalNumber::defaultBehavior();
+}
+
+NSDecimalIntermediate intermediateOf(const NSDecimalNumber &number)
+{
+    const NSDecimalParts parts = NSDecimalParts::of(number);
+    return {{0, parts.coefficient}, parts.exponent, parts.isNegative, false};
+}
+
+/// Rounds to the scale; a decimal that has no more digits stays.
+NSDecimalNumber scaled(const NSDecimalNumber &number, const NSDecimalNumberBehaviors &behavior,
+                       NSCalculationError *error)
+{
+    const short scale = behavior.scale();
+    if (scale == NSDecimalNoScale || number.isNaN() || *error > NSCalculationLossOfPrecision)
+        return number;
+    const qint64 lowest = std::max<qint64>(-scale, NSDecimalParts::MinimumExponent);
+    if (NSDecimalParts::of(number).exponent >= lowest)
+        return number;
+    return intermediateOf(number).roundedAt(lowest, behavior.roundingMode(), error);
+}
+
+/// The result of an operation, or what the behaviour makes of its error.
+NSDecimalNumber settled(const NSDecimalNumber &result, NSCalculationError error,
+                        const QString &operation, const NSDecimalNumberBehaviors &behavior,
+                        const NSDecimalNumber &left, const Operand &right)
+{
+    if (error == NSCalculationNoError)
+        return result;
+    return behavior.exceptionDuringOperation(operation, error, left, right).value_or(result);
+}
+
+NSDecimalNumber finished(const NSDecimalIntermediate &intermediate, const QString &operation,
+                         const NSDecimalNumberBehaviors &behavior, const NSDecimalNumber &left,
+                         const Operand &right)
+{
+    NSCalculationError error = NSCalculationNoError;
+    NSDecimalNumber result = intermediate.rounded(behavior.roundingMode(), &error);
+    result = scaled(result, behavior, &error);
+    // Digits that the scale drops are dropped on purpose.
+    if (error == NSCalculationLossOfPrecision && behavior.scale() != NSDecimalNoScale)
+        error = NSCalculationNoError;
+    return settled(result, error, operation, behavior, left, right);
+}
+} // namespace
+
+NSDecimalNumberBehaviors::~NSDecimalNumberBehaviors() = default;
+
+NSDecimalNumber
+NSDecimalNumber::decimalNumberByAdding(const NSDecimalNumber &other,
+                                       const NSDecimalNumberBehaviors *behavior) const
+{
+    if (_isNaN || other._isNaN)
+        return notANumber();
+    return finished(NSDecimalArithmetic::sum(NSDecimalParts::of(*this), NSDecimalParts::of(other)),
+                    QStringLiteral("decimalNumberByAdding:"), behaviorOrDefault(behavior), *this,
+                    other);
+}
+
+NSDecimalNumber
+NSDecimalNumber::decimalNumberBySubtracting(const NSDecimalNumber &other,
+                                            const NSDecimalNumberBehaviors *behavior) const
+{
+    if (_isNaN || other._isNaN)
+        return notANumber();
+    return finished(NSDecimalArithmetic::sum(NSDecimalParts::of(*this),
+                                             NSDecimalParts::of(other.decimalNumberByNegating())),
+                    QStringLiteral("decimalNumberBySubtracting:"), behaviorOrDefault(behavior),
+                    *this, other);
+}
+
+NSDecimalNumber
+NSDecimalNumber::decimalNumberByMultiplyingBy(const NSDecimalNumber &other,
+                                              const NSDecimalNumberBehaviors *behavior) const
+{
+    if (_isNaN || other._isNaN)
+        return notANumber();
+    return finished(
+        NSDecimalArithmetic::product(NSDecimalParts::of(*this), NSDecimalParts::of(other)),
+        QStringLiteral("decimalNumberByMultiplyingBy:"), behaviorOrDefault(behavior), *this, other);
+}
+
+NSDecimalNumber
+NSDecimalNumber::decimalNumberByDividingBy(const NSDecimalNumber &other,
+                                           const NSDecimalNumberBehaviors *behavior) const
+{
+    if (_isNaN || other._isNaN)
+        return notANumber();
+    const QString operation = QStringLiteral("decimalNumberByDividingBy:");
+    if (other == NSDecimalNumber())
+        return settled(notANumber(), NSCalculationDivideByZero, operation,
+                       behaviorOrDefault(behavior), *this, other);
+    return finished(
+        NSDecimalArithmetic::quotient(NSDecimalParts::of(*this), NSDecimalParts::of(other)),
+        operation, behaviorOrDefault(behavior), *this, other);
+}
+
+NSDecimalNumber
+NSDecimalNumber::decimalNumberByRaisingToPower(unsigned power,
+                                               const NSDecimalNumberBehaviors *behavior) const
+{
+    if (_isNaN)
+        return notANumber();
+    const NSDecimalNumberBehaviors &used = behaviorOrDefault(behavior);
+    NSCalculationError worst = NSCalculationNoError;
+    const auto times = [&](const NSDecimalNumber &left, const NSDecimalNumber &right) {
+        NSCalculationError error = NSCalculationNoError;
+        const NSDecimalNumber result =
+            left.isNaN() || right.isNaN()
+                ? notANumber()
+                : NSDecimalArithmetic::product(NSDecimalParts::of(left), NSDecimalParts::of(right))
+                      .rounded(used.roundingMode(), &error);
+        worst = std::max(worst, error);
+        return result;
+    };
+    NSDecimalNumber result(1);
+    NSDecimalNumber square = *this;
+    for (; power > 0; power /= 2) {
+        if (power % 2 == 1)
+            result = times(result, square);
+        if (power > 1)
+            square = times(square, square);
+    }
+    result = scaled(result, used, &worst);
+    return settled(result, worst, QStringLiteral("decimalNumberByRaisingToPower:"), used, *this,
+                   std::nullopt);
+}
+
+NSDecimalNumber NSDecimalNumber::decimalNumberByMultiplyingByPowerOf10(
+    short power, const NSDecimalNumberBehaviors *behavior) const
+{
+    if (_isNaN)
+        return notANumber();
+    const QString operation = QStringLiteral("decimalNumberByMultiplyingByPowerOf10:");
+    NSDecimalIntermediate shifted = intermediateOf(*this);
+    shifted.exponent += power;
+    // The exponent alone counts, also where the digits could take some of it.
+    const bool isTooLarge = shifted.exponent > NSDecimalParts::MaximumExponent;
+    const bool isTooSmall = shifted.exponent < NSDecimalParts::MinimumExponent;
+    if ((isTooLarge || isTooSmall) && !shifted.magnitude.isZero())
+        return settled(notANumber(), isTooLarge ? NSCalculationOverflow : NSCalculationUnderflow,
+                       operation, behaviorOrDefault(behavior), *this, std::nullopt);
+    return finished(shifted, operation, behaviorOrDefault(behavior), *this, std::nullopt);
+}
+
+NSDecimalNumber NSDecimalNumber::decimalNumberByRoundingAccordingToBehavior(
+    const NSDecimalNumberBehaviors *behavior) const
+{
+    if (_isNaN)
+        return notANumber();
+    return finished(intermediateOf(*this),
+                    QStringLiteral("decimalNumberByRoundingAccordingToBehavior:"),
+                    behaviorOrDefault(behavior), *this, std::nullopt);
+}
+
+NSDecimalNumber NSDecimalNumber::decimalNumberByNegating() const
+{
+    NSDecimalNumber result = *this;
+    result._isNegative = !_isNegative && !_isNaN && (_high | _low) != 0;
+    return result;
+}
+
+const NSDecimalNumberBehaviors *NSDecimalNumber::defaultBehavior()
+{
+    static const NSDecimalNumberHandler standard(NSRoundPlain, NSDecimalNoScale, false, true, true,
+                                                 true);
+    return chosenBehavior ? chosenBehavior : &standard;
+}
+
+void NSDecimalNumber::setDefaultBehavior(const NSDecimalNumberBehaviors *behavior)
+{
+    chosenBehavior = behavior;
+}
+
+// --- The handler
+
+namespace {
+const QString &exceptionNameOf(NSCalculationError error)
+{
+    switch (error) {
+    case NSCalculationOverflow:
+        return NSDecimalNumberOverflowException;
+    case NSCalculationUnderflow:
+        return NSDecimalNumberUnderflowException;
+    case NSCalculationDivideByZero:
+        return NSDecimalNumberDivideByZeroException;
+    default:
+        return NSDecimalNumberExactnessException;
+    }
+}
+
+QString reasonOf(NSCalculationError error)
+{
+    switch (error) {
+    case NSCalculationOverflow:
+        return QStringLiteral("the result is too large for a decimal number");
+    case NSCalculationUnderflow:
+        return QStringLiteral("the result is too near to zero for a decimal number");
+    case NSCalculationDivideByZero:
+        return QStringLiteral("a decimal number cannot be divided by zero");
+    default:
+        return QStringLiteral("the result has more digits than a decimal number can hold");
+    }
+}
+} // namespace
+
+NSDecimalNumberHandler::NSDecimalNumberHandler(NSRoundingMode roundingMode, short scale,
+                                               bool raiseOnExactness, bool raiseOnOverflow,
+                                               bool raiseOnUnderflow, bool raiseOnDivideByZero)
+    : _roundingMode(roundingMode)
+    , _scale(scale)
+    , _raiseOnExactness(raiseOnExactness)
+    , _raiseOnOverflow(raiseOnOverflow)
+    , _raiseOnUnderflow(raiseOnUnderflow)
+    , _raiseOnDivideByZero(raiseOnDivideByZero)
+{
+}
+
+bool NSDecimalNumberHandler::raises(NSCalculationError error) const
+{
+    switch (error) {
+    case NSCalculationLossOfPrecision:
+        return _raiseOnExactness;
+    case NSCalculationUnderflow:
+        return _raiseOnUnderflow;
+    case NSCalculationOverflow:
+        return _raiseOnOverflow;
+    case NSCalculationDivideByZero:
+        return _raiseOnDivideByZero;
+    default:
+        return false;
+    }
+}
+
+std::optional<NSDecimalNumber>
+NSDecimalNumberHandler::exceptionDuringOperation(const QString &operation, NSCalculationError error,
+                                                 const NSDecimalNumber &,
+                                                 const std::optional<NSDecimalNumber> &) const
+{
+    if (raises(error))
+        throw NSException(exceptionNameOf(error), operation + u' ' + reasonOf(error));
+    return std::nullopt;
+}

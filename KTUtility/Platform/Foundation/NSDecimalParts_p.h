@@ -1,0 +1,66 @@
+#pragma once
+
+#include "NSDecimalNumber.h"
+
+#include <array>
+#include <string_view>
+
+// The arithmetic of decimals: coefficients of 128 bits, intermediate results of 256.
+
+__extension__ using NSCoefficient = unsigned __int128;
+
+/// A whole number of 256 bits.
+struct NSWideCoefficient
+{
+    NSCoefficient high = 0;
+    NSCoefficient low = 0;
+
+    bool isZero() const { return high == 0 && low == 0; }
+};
+
+/// A decimal taken apart: coefficient × 10^exponent.
+struct NSDecimalParts
+{
+    static constexpr int MaximumDigits = 38;
+    static constexpr int MinimumExponent = -128;
+    static constexpr int MaximumExponent = 127;
+
+    static NSDecimalParts of(const NSDecimalNumber &number);
+    /// The decimal in its normal form; the parts have to fit.
+    NSDecimalNumber number() const;
+
+    NSCoefficient coefficient = 0;
+    int exponent = 0;
+    bool isNegative = false;
+};
+
+/// What an operation gives before it is a decimal: any magnitude, with something smaller than one
+/// unit of it left over or not.
+struct NSDecimalIntermediate
+{
+    NSWideCoefficient magnitude;
+    qint64 exponent = 0;
+    bool isNegative = false;
+    bool hasRest = false;
+
+    /// The nearest decimal in the direction of \a mode.
+    NSDecimalNumber rounded(NSRoundingMode mode, NSCalculationError *error) const;
+    /// The same with no digits below 10^\a lowestExponent.
+    NSDecimalNumber roundedAt(qint64 lowestExponent, NSRoundingMode mode,
+                              NSCalculationError *error) const;
+};
+
+namespace NSDecimalArithmetic {
+/// 10^\a exponent, up to 38.
+NSCoefficient powerOfTen(int exponent);
+/// How many decimal digits; 0 for zero.
+int digitCount(NSCoefficient value);
+
+NSDecimalIntermediate sum(const NSDecimalParts &left, const NSDecimalParts &right);
+NSDecimalIntermediate product(const NSDecimalParts &left, const NSDecimalParts &right);
+/// \a right is not zero.
+NSDecimalIntermediate quotient(const NSDecimalParts &left, const NSDecimalParts &right);
+
+/// The digits of a coefficient, at the end of \a buffer.
+std::string_view digits(NSCoefficient value, std::array<char, 40> &buffer);
+} // namespace NSDecimalArithmetic

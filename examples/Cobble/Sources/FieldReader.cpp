@@ -1,0 +1,71 @@
+#include "FieldReader.h"
+
+#include <KTUtility/Formatters/KTDateTimeFormatter.h>
+#include <KTUtility/Formatters/KTDurationFormatter.h>
+
+namespace {
+/// The import hooks around one value, however reading it ends.
+class ImportBracket
+{
+public:
+    ImportBracket(NSFormatter *formatter, const QString &text, bool isImported)
+        : _formatter(isImported ? qobject_cast<KTDurationFormatter *>(formatter) : nullptr)
+        , _text(text)
+    {
+        if (_formatter)
+            _formatter->willFormatString(_text, QVariant());
+    }
+    ~ImportBracket()
+    {
+        if (_formatter)
+            _formatter->didFormatString(_text, QVariant());
+    }
+    ImportBracket(const ImportBracket &) = delete;
+    ImportBracket &operator=(const ImportBracket &) = delete;
+
+private:
+    KTDurationFormatter *_formatter;
+    const QString &_text;
+};
+
+QString reasonFor(FieldType type, const QString &errorDescription)
+{
+    switch (type) {
+    case FieldType::Number:
+        return errorDescription.isEmpty() ? QStringLiteral("there is more than a number")
+                                          : QStringLiteral("it is no number");
+    case FieldType::Currency:
+        return QStringLiteral("it is no amount in this currency");
+    case FieldType::Duration:
+        return errorDescription;
+    default:
+        return QStringLiteral("it is no date or time");
+    }
+}
+
+QString patternOf(const NSFormatter *formatter)
+{
+    const auto *const dates = qobject_cast<const KTDateTimeFormatter *>(formatter);
+    const NSDateFormatter *const recent = dates ? dates->mostRecentFormatter() : nullptr;
+    return recent ? recent->dateFormat() : QString();
+}
+} // namespace
+
+FieldReader::FieldReader(FieldType type) : _type(type), _formatter(FieldTypes::formatterFor(type))
+{
+}
+
+FieldReading FieldReader::read(const QString &text, bool isImported) const
+{
+    FieldReading reading;
+    if (!_formatter)
+        return {true, text, {}, {}};
+    const ImportBracket bracket(_formatter.get(), text, isImported);
+    QString errorDescription;
+    reading.isRead = _formatter->getObjectValue(&reading.value, text, &errorDescription);
+    if (reading.isRead)
+        reading.pattern = patternOf(_formatter.get());
+    else
+        reading.reason = reasonFor(_type, errorDescription);
+    return reading;
+}

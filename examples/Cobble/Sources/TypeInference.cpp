@@ -1,0 +1,124 @@
+#include "TypeInference.h"
+
+#include <KTUtility/Formatters/KTCurrencyFormatter.h>
+#include <KTUtility/Formatters/KTDateTimeFormatter.h>
+
+#include <QHash>
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace {
+/// Nine values in ten decide.
+constexpr qsizetype Numerator = 9;
+constexpr qsizetype Denominator = 10;
+
+bool isMostly(qsizetype count, qsizetype all)
+{
+    return all > 0 && count * Denominator >= all * Numerator;
+}
+
+/// Digits with the usual punctuation, maybe with a country code and an extension.
+bool looksLikePhone(const QString &text)
+{
+    static const QRegularExpression form(QStringLiteral(
+        R"(\A\+?[\s().,/\[\]{}-]*(\d[\s().,/\[\]{}-]*){5,15}((x|ext\.?)\s*\d+)?\z)"));
+    return form.match(text).hasMatch();
+}
+
+/// What of date and time a value that was read has.
+struct Parts
+{
+    bool hasDate = false;
+    bool hasTime = false;
+};
+
+Parts partsOf(const FieldReading &reading, const QString &text)
+{
+    if (reading.pattern.isNull()) // ISO 8601, or a bare hour
+        return {text.contains(u'-'), text.contains(u':') || !text.contains(u'-')};
+    static const QString timeFields = QStringLiteral("hHkKma");
+    const bool hasTime = std::any_of(reading.pattern.begin(), reading.pattern.end(),
+                                     [](QChar unit) { return timeFields.contains(unit); });
+    return {reading.pattern.contains(u'd'), hasTime};
+}
+} // namespace
+
+TypeInference::TypeInference() = default;
+TypeInference::~TypeInference() = default;
+TypeInference::TypeInference(TypeInference &&other) noexcept = default;
+
+void TypeInference::add(const QString &value)
+{
+    if (!isComplete() && !value.trimmed().isEmpty())
+        _values.append(value);
+}
+
+bool TypeInference::fits(qsizetype count) const
+{
+    return isMostly(count, _values.size());
+}
+
+qsizetype TypeInference::countRead(const FieldReader &reader) const
+{
+    return std::count_if(_values.begin(), _values.end(),
+                         [&](const QString &value) { return reader.read(value, true).isRead; });
+}
+
+std::unique_ptr<FieldReader> TypeInference::reader() const
+{
+    auto number = std::make_unique<FieldReader>(FieldType::Number);
+    if (fits(countRead(*number)))
+        return number;
+    if (auto currency = currencyReader())
+        return currency;
+    auto duration = std::make_unique<FieldReader>(FieldType::Duration);
+    if (fits(countRead(*duration)))
+        return duration;
+    if (auto date = dateReader())
+        return date;
+    const auto phones = std::count_if(_values.begin(), _values.end(), looksLikePhone);
+    return std::make_unique<FieldReader>(fits(phones) ? FieldType::Phone : FieldType::Text);
+}
+
+/// In the user's currency, or in that which most of the values name.
+std::unique_ptr<FieldReader> TypeInference::currencyReader() const
+{
+    auto reader = std::make_unique<FieldReader>(FieldType::Currency);
+    const qsizetype own = countRead(*reader);
+    if (fits(own))
+        return reader;
+    QHash<QString, qsizetype> votes;
+    for (const QString &value : _values) {
+        KTCurrencyFormatter formatter;
+        QVariantMap options;
+        if (formatter.adjustForValue(value, &options))
+            ++votes[options.value(kKTFieldOption_currencyType).toString()];
+    }
+    const auto winner = std::max_element(votes.begin(), votes.end());
+    if (winner == votes.end() || !fits(own + *winner))
+        return nullptr;
+    reader->formatter()->setOptions({{kKTFieldOption_currencyType, winner.key()}});
+    return fits(countRead(*reader)) ? std::move(reader) : nullptr;
+}
+
+std::unique_ptr<FieldReader> TypeInference::dateReader() const
+{
+    const FieldReader reader(FieldType::DateTime);
+    qsizetype dates = 0, times = 0, both = 0;
+    for (const QString &value : _values) {
+        const FieldReading reading = reader.read(value, true);
+        if (!reading.isRead)
+            continue;
+        const Parts parts = partsOf(reading, value);
+        dates += parts.hasDate && !parts.hasTime;
+        times += parts.hasTime && !parts.hasDate;
+        both += parts.hasDate && parts.hasTime;
+    }
+    if (!fits(dates + times + both))
+        return nullptr;
+    if (both == 0 && isMostly(dates, dates + times))
+        return std::make_unique<FieldReader>(FieldType::Date);
+    const bool isTime = isMostly(times, dates + times + both);
+    return std::make_unique<FieldReader>(isTime ? FieldType::Time : FieldType::DateTime);
+}
