@@ -4,7 +4,10 @@
 #include "NSPropertyListSerialization.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
+
+#include <dlfcn.h>
 
 namespace {
 /// Settings files are named after the host, so that its name must be usable as a file name.
@@ -40,6 +43,44 @@ const NSBundle &NSBundle::mainBundle()
     static const NSBundle bundle(
         bundlePathForExecutable(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))));
     return bundle;
+}
+
+namespace {
+/// The file that a function of this library was loaded from.
+QString libraryPath()
+{
+    Dl_info information{};
+    const auto *const address = reinterpret_cast<const void *>(&libraryPath);
+    if (dladdr(address, &information) == 0 || !information.dli_fname)
+        return {};
+    return QFileInfo(QFile::decodeName(information.dli_fname)).canonicalFilePath();
+}
+} // namespace
+
+const NSBundle &NSBundle::frameworkBundle()
+{
+    static const NSBundle bundle(NSString::stringByDeletingLastPathComponent(libraryPath()));
+    return bundle;
+}
+
+QString NSBundle::localizedStringForKey(const QString &key, const QString &value,
+                                        const QString &table) const
+{
+    const QByteArray context = table.isNull() ? QByteArray("Localizable") : table.toUtf8();
+    const QByteArray source = key.toUtf8();
+    const QString text = QCoreApplication::translate(context.constData(), source.constData());
+    return text == key && !value.isEmpty() ? value : text;
+}
+
+QString NSBundle::pathForResource(const QString &name, const QString &ofType) const
+{
+    const QString file = ofType.isEmpty() ? name : QString(name + u'.' + ofType);
+    for (const QStringView folder : {u"/Contents/Resources/", u"/Resources/"}) {
+        const QString path = _path + folder + file;
+        if (QFileInfo(path).isFile())
+            return path;
+    }
+    return {};
 }
 
 QString NSBundle::bundleIdentifier() const

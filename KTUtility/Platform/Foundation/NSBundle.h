@@ -22,6 +22,20 @@ public:
     /// The bundle folder to which an executable belongs; see mainBundle().
     static QString bundlePathForExecutable(const QString &executable);
 
+    /// The bundle of the framework: the "KTUtility.framework" folder that this library lies in.
+    static const NSBundle &frameworkBundle();
+
+    /// A text in the user's language: the translation of \a key in the context \a table
+    /// (QCoreApplication::translate), or in the context "Localizable" if \a table is nil. Without a
+    /// translation it is \a value, or the key itself if \a value is empty. Translations belong to
+    /// the program, so that all bundles answer alike.
+    QString localizedStringForKey(const QString &key, const QString &value = {},
+                                  const QString &table = {}) const;
+
+    /// The path of a file in the bundle's resources (Contents/Resources, or Resources of a
+    /// framework); nil if there is none.
+    QString pathForResource(const QString &name, const QString &ofType) const;
+
     const QString &bundlePath() const { return _path; }
     /// What Contents/Info.plist says; empty if it cannot be read.
     const QVariantMap &infoDictionary() const { return _information; }

@@ -1,0 +1,194 @@
+#include "KTDurationFormatter.h"
+
+#include "KTDurationTables_p.h"
+
+#include <KTUtility/Platform/Foundation/NSBundle.h>
+#include <KTUtility/Platform/Foundation/NSCharacterSet.h>
+#include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Foundation/NSScanner.h>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+constexpr qsizetype SecondsIndex = 4;
+
+bool isPositive(const NSDecimalNumber &number)
+{
+    return !number.isNaN() && number > NSDecimalNumber();
+}
+
+/// Everything that separates tokens: all but letters, marks and numbers.
+const NSCharacterSet &separators()
+{
+    static const NSCharacterSet set = NSCharacterSet::alphanumericCharacterSet().invertedSet();
+    return set;
+}
+} // namespace
+
+KTDurationFormatter::KTDurationFormatter() : KTDurationFormatter(KTDurationTables::shared()) {}
+
+KTDurationFormatter::KTDurationFormatter(const KTDurationTables &tables)
+    : _tables(tables), _locale(NSLocale::currentLocale())
+{
+}
+
+KTDurationFormatter::~KTDurationFormatter() = default;
+
+const QStringList &KTDurationFormatter::abbreviations()
+{
+    return KTDurationTables::shared().abbreviations;
+}
+
+const QStringList &KTDurationFormatter::singularNames()
+{
+    return KTDurationTables::shared().singularNames;
+}
+
+const QStringList &KTDurationFormatter::pluralNames()
+{
+    return KTDurationTables::shared().pluralNames;
+}
+
+void KTDurationFormatter::setUseAbbreviations(bool useAbbreviations)
+{
+    _useAbbreviations = useAbbreviations;
+    Q_EMIT useAbbreviationsChanged();
+}
+
+std::optional<QStringList> KTDurationFormatter::optionsKeys() const
+{
+    return QStringList{kKTFieldOption_useAbbreviations};
+}
+
+std::optional<NSDecimalNumber>
+KTDurationFormatter::exceptionDuringOperation(const QString &, NSCalculationError,
+                                              const NSDecimalNumber &,
+                                              const std::optional<NSDecimalNumber> &) const
+{
+    return std::nullopt;
+}
+
+// --- Display
+
+QString KTDurationFormatter::stringForObjectValue(const QVariant &value) const
+{
+    if (!NSObject::isNumber(value))
+        return {};
+    NSDecimalNumber rest = NSDecimalNumber::decimalNumberWithNumber(value);
+    QString text = QStringLiteral("");
+    if (!isPositive(rest))
+        return text;
+    for (qsizetype index = 0; index <= SecondsIndex; ++index) {
+        const NSDecimalNumber unit(std::array{604'800, 86'400, 3'600, 60, 1}[size_t(index)]);
+        const NSDecimalNumber count = rest.decimalNumberByDividingBy(unit, this);
+        appendToString(&text, count, index);
+        rest =
+            rest.decimalNumberBySubtracting(count.decimalNumberByMultiplyingBy(unit, this), this);
+    }
+    return text;
+}
+
+void KTDurationFormatter::appendToString(QString *string, const NSDecimalNumber &number,
+                                         qsizetype atIndex) const
+{
+    if (!isPositive(number))
+        return;
+    const bool isPlural = number > NSDecimalNumber(1);
+    const QStringList &names = isPlural ? _tables.pluralNames : _tables.singularNames;
+    if (!string->isEmpty())
+        string->append(u' ');
+    string->append(number.description());
+    if (!_useAbbreviations)
+        string->append(u' ');
+    string->append((_useAbbreviations ? _tables.abbreviations : names).value(atIndex));
+}
+
+// --- Reading
+
+NSDecimalNumber KTDurationFormatter::secondsFrom(const NSDecimalNumber &count,
+                                                 const QString &ofKind) const
+{
+    if (!isPositive(count) || ofKind.isEmpty())
+        return {};
+    const QString word = ofKind.toLower();
+    for (const QStringList *words :
+         {&_tables.pluralNames, &_tables.singularNames, &_tables.abbreviations}) {
+        for (const QString &candidate : *words) {
+            if (candidate.size() == word.size() && candidate.toLower() == word)
+                return count.decimalNumberByMultiplyingBy(_tables.convertToSeconds.value(candidate),
+                                                          this);
+        }
+    }
+    return {};
+}
+
+void KTDurationFormatter::willFormatString(const QString &, const QVariant &)
+{
+    _isFormattingForImportField = true;
+}
+
+void KTDurationFormatter::didFormatString(const QString &, const QVariant &)
+{
+    _isFormattingForImportField = false;
+}
+
+/// The numbers and units of a text, added up.
+class KTDurationFormatter::Reading
+{
+public:
+    Reading(const KTDurationFormatter &formatter, const QString &text)
+        : _formatter(formatter), _scanner(text)
+    {
+        _scanner.setCharactersToBeSkipped(separators());
+    }
+
+    /// Nothing if the text is no duration.
+    std::optional<NSDecimalNumber> run()
+    {
+        NSDecimalNumber total;
+        while (!_scanner.isAtEnd()) {
+            const NSDecimalNumber seconds = readOne();
+            if (!isPositive(seconds))
+                return std::nullopt;
+            total = total.decimalNumberByAdding(seconds, &_formatter);
+        }
+        return total;
+    }
+
+private:
+    /// A number with its unit; zero if there is none here.
+    NSDecimalNumber readOne()
+    {
+        QString digits;
+        QString word;
+        if (!_scanner.scanCharactersFromSet(NSCharacterSet::decimalDigitCharacterSet(), &digits) ||
+            _scanner.isAtEnd() ||
+            !_scanner.scanCharactersFromSet(NSCharacterSet::letterCharacterSet(), &word))
+            return {};
+        const bool isLast = _formatter._isFormattingForImportField && _scanner.isAtEnd();
+        if (isLast && word == u"s")
+            word = _formatter._tables.abbreviations.at(SecondsIndex);
+        return _formatter.secondsFrom(NSDecimalNumber::decimalNumberWithString(digits), word);
+    }
+
+    const KTDurationFormatter &_formatter;
+    NSScanner _scanner;
+};
+
+bool KTDurationFormatter::getObjectValue(QVariant *value, const QString &forString,
+                                         QString *errorDescription) const
+{
+    if (!value)
+        return false;
+    if (forString.isEmpty())
+        return true;
+    if (const std::optional<NSDecimalNumber> total = Reading(*this, forString).run()) {
+        *value = QVariant::fromValue(*total);
+        return true;
+    }
+    if (errorDescription)
+        *errorDescription = NSBundle::mainBundle().localizedStringForKey(
+            QStringLiteral("Could not convert to a time"), QStringLiteral(""));
+    return false;
+}

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <KTUtility/Formatters/KTOptionsKeys.h>
+#include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/Foundation/NSDecimalNumber.h>
+#include <KTUtility/Platform/Foundation/NSFormatter.h>
+#include <KTUtility/Platform/Foundation/NSLocale.h>
+
+class KTDurationTables;
+
+/// Formats seconds as weeks, days, hours, minutes and seconds, and reads such texts.
+///
+/// Shows "1d 2h 3m", or "1 day 2 hours 3 minutes" without abbreviations; fractions of a second are
+/// dropped, and zero and less show nothing. Reads numbers each followed by a unit's word or
+/// abbreviation, in any order and letter case, with any punctuation between; a number without a
+/// unit is not a duration.
+///
+/// The words are the program's: the translation context "Durations" with the source texts "w",
+/// "d", "h", "m", "s", "week", "weeks", "day" and so on. They are looked up once, when the first
+/// formatter needs them, and must be letters only, or they cannot be read back.
+///
+/// All its arithmetic is in whole seconds: it is the behaviour of its own decimal operations.
+///
+/// \code
+/// KTDurationFormatter formatter;
+/// formatter.stringForObjectValue(93784);                   // "1d 2h 3m 4s"
+/// QVariant value;
+/// formatter.getObjectValue(&value, QStringLiteral("2 hours, 30 minutes"));    // 9000
+/// \endcode
+class KTUTILITY_EXPORT KTDurationFormatter : public NSFormatter, public NSDecimalNumberBehaviors
+{
+    Q_OBJECT
+    Q_PROPERTY(bool useAbbreviations READ useAbbreviations WRITE setUseAbbreviations NOTIFY
+                   useAbbreviationsChanged)
+
+public:
+    /// With abbreviations, in the program's language.
+    KTDurationFormatter();
+    ~KTDurationFormatter() override;
+
+    // The words, from weeks to seconds.
+    static const QStringList &abbreviations();
+    static const QStringList &singularNames();
+    static const QStringList &pluralNames();
+
+    bool useAbbreviations() const { return _useAbbreviations; }
+    /// Whether durations are shown as "3h" rather than "3 hours".
+    virtual void setUseAbbreviations(bool useAbbreviations);
+
+    /// "useAbbreviations".
+    std::optional<QStringList> optionsKeys() const override;
+
+    /// The duration of a number of seconds; "" for zero and less; nil for what is no number.
+    QString stringForObjectValue(const QVariant &value) const override;
+
+    /// Reads a duration.
+    /// \param value receives the seconds as an NSDecimalNumber. An empty text leaves it as it is.
+    /// \param errorDescription receives "Could not convert to a time", translated in the context
+    /// "Localizable".
+    /// \return false also if \a value is null.
+    bool getObjectValue(QVariant *value, const QString &forString,
+                        QString *errorDescription = nullptr) const override;
+
+    /// Brackets the reading of one value of an import: in between, an "s" at the end of a text
+    /// means seconds in every language. \a forImportField is the field that is imported.
+    void willFormatString(const QString &string, const QVariant &forImportField);
+    void didFormatString(const QString &string, const QVariant &forImportField);
+
+    /// Adds a number of units to a text, behind a blank; nothing if it is not above zero.
+    /// \param atIndex 0 for weeks to 4 for seconds.
+    void appendToString(QString *string, const NSDecimalNumber &number, qsizetype atIndex) const;
+    /// How many seconds a number of units is; zero for unknown words and numbers not above zero.
+    NSDecimalNumber secondsFrom(const NSDecimalNumber &count, const QString &ofKind) const;
+
+    // --- Behaviour of its decimal operations: whole numbers, rounded down, nothing raised.
+
+    NSRoundingMode roundingMode() const override { return NSRoundDown; }
+    short scale() const override { return 0; }
+    std::optional<NSDecimalNumber>
+    exceptionDuringOperation(const QString &operation, NSCalculationError error,
+                             const NSDecimalNumber &leftOperand,
+                             const std::optional<NSDecimalNumber> &rightOperand) const override;
+
+Q_SIGNALS:
+    void useAbbreviationsChanged();
+
+protected:
+    /// With words of its own, which have to outlive it.
+    explicit KTDurationFormatter(const KTDurationTables &tables);
+
+private:
+    class Reading;
+
+    const KTDurationTables &_tables;
+    bool _useAbbreviations = true;
+    NSLocale _locale;
+    bool _isFormattingForImportField = false;
+};

@@ -1,0 +1,38 @@
+#include "KTDurationTables_p.h"
+
+#include <KTUtility/Platform/Foundation/NSBundle.h>
+
+#include <array>
+
+namespace {
+constexpr std::array<qint64, 5> SecondsOfUnits{604'800, 86'400, 3'600, 60, 1};
+
+QStringList translated(const std::array<const char *, 5> &keys)
+{
+    QStringList words;
+    for (const char *key : keys)
+        words.append(NSBundle::mainBundle().localizedStringForKey(
+            QString::fromLatin1(key), QStringLiteral(""), QStringLiteral("Durations")));
+    return words;
+}
+} // namespace
+
+const KTDurationTables &KTDurationTables::shared()
+{
+    static const KTDurationTables tables;
+    return tables;
+}
+
+KTDurationTables::KTDurationTables()
+    : abbreviations(translated({"w", "d", "h", "m", "s"}))
+    , singularNames(translated({"week", "day", "hour", "minute", "second"}))
+    , pluralNames(translated({"weeks", "days", "hours", "minutes", "seconds"}))
+{
+    for (qsizetype index = 0; index < qsizetype(SecondsOfUnits.size()); ++index) {
+        const NSDecimalNumber seconds(SecondsOfUnits[size_t(index)]);
+        // A word of two units means the smaller one.
+        for (const QString &word :
+             {singularNames.at(index), pluralNames.at(index), abbreviations.at(index)})
+            convertToSeconds.insert(word, seconds);
+    }
+}

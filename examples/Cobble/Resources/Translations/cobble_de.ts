@@ -1,0 +1,74 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>Durations</name>
+    <message>
+        <source>w</source>
+        <translation>Wo</translation>
+    </message>
+    <message>
+        <source>d</source>
+        <translation>T</translation>
+    </message>
+    <message>
+        <source>h</source>
+        <translation>Std</translation>
+    </message>
+    <message>
+        <source>m</source>
+        <translation>Min</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>Sek</translation>
+    </message>
+    <message>
+        <source>week</source>
+        <translation>Woche</translation>
+    </message>
+    <message>
+        <source>day</source>
+        <translation>Tag</translation>
+    </message>
+    <message>
+        <source>hour</source>
+        <translation>Stunde</translation>
+    </message>
+    <message>
+        <source>minute</source>
+        <translation>Minute</translation>
+    </message>
+    <message>
+        <source>second</source>
+        <translation>Sekunde</translation>
+    </message>
+    <message>
+        <source>weeks</source>
+        <translation>Wochen</translation>
+    </message>
+    <message>
+        <source>days</source>
+        <translation>Tage</translation>
+    </message>
+    <message>
+        <source>hours</source>
+        <translation>Stunden</translation>
+    </message>
+    <message>
+        <source>minutes</source>
+        <translation>Minuten</translation>
+    </message>
+    <message>
+        <source>seconds</source>
+        <translation>Sekunden</translation>
+    </message>
+</context>
+<context>
+    <name>Localizable</name>
+    <message>
+        <source>Could not convert to a time</source>
+        <translation>Das ist keine Zeitdauer</translation>
+    </message>
+</context>
+</TS>

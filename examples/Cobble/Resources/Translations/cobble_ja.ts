@@ -1,0 +1,74 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja" sourcelanguage="en">
+<context>
+    <name>Durations</name>
+    <message>
+        <source>w</source>
+        <translation>週</translation>
+    </message>
+    <message>
+        <source>d</source>
+        <translation>日</translation>
+    </message>
+    <message>
+        <source>h</source>
+        <translation>時</translation>
+    </message>
+    <message>
+        <source>m</source>
+        <translation>分</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>秒</translation>
+    </message>
+    <message>
+        <source>week</source>
+        <translation>週間</translation>
+    </message>
+    <message>
+        <source>day</source>
+        <translation>日間</translation>
+    </message>
+    <message>
+        <source>hour</source>
+        <translation>時間</translation>
+    </message>
+    <message>
+        <source>minute</source>
+        <translation>分間</translation>
+    </message>
+    <message>
+        <source>second</source>
+        <translation>秒間</translation>
+    </message>
+    <message>
+        <source>weeks</source>
+        <translation>週間</translation>
+    </message>
+    <message>
+        <source>days</source>
+        <translation>日間</translation>
+    </message>
+    <message>
+        <source>hours</source>
+        <translation>時間</translation>
+    </message>
+    <message>
+        <source>minutes</source>
+        <translation>分間</translation>
+    </message>
+    <message>
+        <source>seconds</source>
+        <translation>秒間</translation>
+    </message>
+</context>
+<context>
+    <name>Localizable</name>
+    <message>
+        <source>Could not convert to a time</source>
+        <translation>時間に変換できませんでした</translation>
+    </message>
+</context>
+</TS>
