@@ -71,6 +71,8 @@ public:
     const NSDateShownNames &shownNames() const { return _shownNames; }
 
 private:
+    static std::shared_ptr<const NSDateEnvironment> knownEnvironmentOf(const NSLocale &locale,
+                                                                       const QString &calendar);
     void readFormat(icu::SimpleDateFormat *format);
     void makeNames(icu::SimpleDateFormat *format);
 

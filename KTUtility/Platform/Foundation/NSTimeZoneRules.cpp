@@ -46,10 +46,25 @@ const NSTimeZoneRules &NSTimeZoneRules::rulesOf(const QTimeZone &zone)
 {
     if (!zone.isValid())
         return rulesOf(NSCalendar::systemTimeZone());
+    // Formatters are made by the dozen, all in one zone.
+    struct Last
+    {
+        QByteArray id;
+        const NSTimeZoneRules *rules = nullptr;
+    };
+    static thread_local Last last;
+    const QByteArray id = zone.id();
+    if (!last.rules || last.id != id)
+        last = {id, &sharedRulesOf(zone, id)};
+    return *last.rules;
+}
+
+const NSTimeZoneRules &NSTimeZoneRules::sharedRulesOf(const QTimeZone &zone, const QByteArray &id)
+{
     static QMutex mutex;
     static QHash<QByteArray, NSTimeZoneRules *> known;
     const QMutexLocker lock(&mutex);
-    NSTimeZoneRules *&rules = known[zone.id()];
+    NSTimeZoneRules *&rules = known[id];
     if (!rules)
         rules = new NSTimeZoneRules(zone);
     return *rules;
