@@ -3,6 +3,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSAttributedStringTests.cpp
     Platform/Foundation/NSBundleTests.cpp
     Platform/Foundation/NSDateFormatterICUTests.cpp
+    Platform/Foundation/NSDateFormatterTableTests.cpp
     Platform/Foundation/NSDateFormatterTests.cpp
     Platform/Foundation/NSErrorTests.cpp
     Platform/Foundation/NSExceptionTests.cpp
