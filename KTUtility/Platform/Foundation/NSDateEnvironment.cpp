@@ -113,6 +113,8 @@ void NSDateEnvironment::readFormat(icu::SimpleDateFormat *format)
     startOfNaN = QChar(numberSymbols->getConstSymbol(DecimalFormatSymbols::kNaNSymbol).charAt(0))
                      .toLower()
                      .unicode();
+    UErrorCode status = U_ZERO_ERROR;
+    firstWeekday = format->getCalendar()->getFirstDayOfWeek(status);
     makeNames(format);
     makeShownNames();
 }

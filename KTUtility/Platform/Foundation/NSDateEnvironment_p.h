@@ -62,6 +62,8 @@ public:
     QString calendarType;
     bool isGregorian = false;
     bool isEnglish = false;
+    /// The day on which weeks begin, 1 for Sunday, by the locale.
+    int firstWeekday = 1;
     /// Whether numbers are written with 0 to 9.
     bool hasASCIIDigits = false;
     /// What "not a number" starts with, lower case; a number field would read it.

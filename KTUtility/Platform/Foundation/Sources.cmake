@@ -31,6 +31,9 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSLocale.cpp
     Platform/Foundation/NSLog.cpp
     Platform/Foundation/NSNaturalLanguageDate.cpp
+    Platform/Foundation/NSNaturalLanguageReader.cpp
+    Platform/Foundation/NSNaturalLanguageTable.cpp
+    Platform/Foundation/NSNaturalLanguageWords.cpp
     Platform/Foundation/NSObject.cpp
     Platform/Foundation/NSPathUtilities.cpp
     Platform/Foundation/NSPropertyListBinaryReader.cpp
