@@ -10,7 +10,7 @@ namespace {
 struct Fields : NSDateFields
 {
     explicit Fields(const NSDateReading &reading)
-        : NSDateFields(defaultFields(reading)), rules(reading.rules)
+        : NSDateFields(defaultFields(reading.defaultTime, *reading.rules)), rules(reading.rules)
     {
     }
 

@@ -118,6 +118,8 @@ bool NSNaturalLanguageReader::readTimeWord(const NSNaturalLanguageMeaning &meani
         return setHour(meaning.value);
     case Kind::HalfOfDay:
         return setOnce(&_said.half, meaning.value);
+    case Kind::HourMark:
+        return _said.hour.has_value();
     default:
         return false;
     }

@@ -138,6 +138,7 @@ TEST_F(NSNaturalLanguageDate, RefusesWhatIsNoDate)
         Row{"en_US", u"next", nullptr},
         Row{"en_US", u"13pm", nullptr},
         Row{"en_US", u"pm", nullptr},
+        Row{"en_US", u"o'clock", nullptr},
         Row{"en_US", u"5:60", nullptr},
         Row{"en_US", u"5: 30", nullptr},
         Row{"en_US", u"1 2", nullptr},
@@ -184,7 +185,7 @@ TEST_F(NSNaturalLanguageDate, ReadsGerman)
         Row{"de_DE", u"in einer Woche", "2008-02-27 12:00:00"},
         Row{"de_DE", u"vor 2 Monaten", "2007-12-20 12:00:00"},
         Row{"de_DE", u"4. März 2008", "2008-03-04 12:00:00"},
-        Row{"de_DE", u"4.3. um 17:30 Uhr", nullptr},
+        Row{"de_DE", u"4.3. um 17:30 Uhr", "2008-03-04 17:30:00"},
         Row{"de_DE", u"4.3.08 17:30", "2008-03-04 17:30:00"},
         Row{"de_DE", u"mittags", "2008-02-20 12:00:00"},
     };

@@ -2,6 +2,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSAssertionHandlerTests.cpp
     Platform/Foundation/NSAttributedStringTests.cpp
     Platform/Foundation/NSBundleTests.cpp
+    Platform/Foundation/NSCalendarTests.cpp
     Platform/Foundation/NSDateFormatterICUTests.cpp
     Platform/Foundation/NSDateFormatterTableTests.cpp
     Platform/Foundation/NSDateFormatterTests.cpp
