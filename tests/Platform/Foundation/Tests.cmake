@@ -2,8 +2,10 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSAssertionHandlerTests.cpp
     Platform/Foundation/NSAttributedStringTests.cpp
     Platform/Foundation/NSBundleTests.cpp
+    Platform/Foundation/NSCalendarDateFormatTests.cpp
     Platform/Foundation/NSCalendarTests.cpp
     Platform/Foundation/NSDateFormatterICUTests.cpp
+    Platform/Foundation/NSDateFormatterPlatformTests.cpp
     Platform/Foundation/NSDateFormatterTableTests.cpp
     Platform/Foundation/NSDateFormatterTests.cpp
     Platform/Foundation/NSErrorTests.cpp
