@@ -79,6 +79,9 @@ NSDateEngine::NSDateEngine(const NSDateEnvironment &environment, const NSTimeZon
         _calendar->setMinimalDaysInFirstWeek(uint8_t(customs.minimumDaysInFirstWeek));
     _format->setCalendar(*_calendar);
     _format->setLenient(isLenient);
+    // Years of other calendars are not of this or that century.
+    if (!environment.isGregorian)
+        return;
     const qint64 start = NSCivil::daysOf(customs.twoDigitStartYear, 1, 1);
     _format->set2DigitYearStart(double(rules.instantOf(start * NSCivil::MillisecondsPerDay)),
                                 status);

@@ -6,6 +6,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSCalendarTests.cpp
     Platform/Foundation/NSDateFormatterICUTests.cpp
     Platform/Foundation/NSDateFormatterPlatformTests.cpp
+    Platform/Foundation/NSDateFormatterReadingTests.cpp
     Platform/Foundation/NSDateFormatterTableTests.cpp
     Platform/Foundation/NSDateFormatterTests.cpp
     Platform/Foundation/NSErrorTests.cpp
