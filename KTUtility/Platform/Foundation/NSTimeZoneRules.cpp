@@ -6,11 +6,11 @@
 #include <unicode/simpletz.h>
 #include <unicode/tztrans.h>
 
-#include <QHash>
 #include <QMutex>
 #include <QMutexLocker>
 
 #include <array>
+#include <map>
 
 namespace {
 /// The length of a season is a power of two, about 99 days.
@@ -62,11 +62,11 @@ const NSTimeZoneRules &NSTimeZoneRules::rulesOf(const QTimeZone &zone)
 const NSTimeZoneRules &NSTimeZoneRules::sharedRulesOf(const QTimeZone &zone, const QByteArray &id)
 {
     static QMutex mutex;
-    static QHash<QByteArray, NSTimeZoneRules *> known;
+    static std::map<QByteArray, std::unique_ptr<NSTimeZoneRules>> known;
     const QMutexLocker lock(&mutex);
-    NSTimeZoneRules *&rules = known[id];
+    std::unique_ptr<NSTimeZoneRules> &rules = known[id];
     if (!rules)
-        rules = new NSTimeZoneRules(zone);
+        rules.reset(new NSTimeZoneRules(zone));
     return *rules;
 }
 
