@@ -72,13 +72,13 @@ NSDateEngine::NSDateEngine(const NSDateEnvironment &environment, const NSTimeZon
         _format->setDateFormatSymbols(environment.symbols());
     _calendar.reset(_format->getCalendar()->clone());
     _calendar->setTimeZone(rules.zone());
-    _calendar->setLenient(isLenient);
+    _calendar->setLenient(UBool(isLenient ? 1 : 0));
     if (customs.firstWeekday > 0)
         _calendar->setFirstDayOfWeek(UCalendarDaysOfWeek(customs.firstWeekday));
     if (customs.minimumDaysInFirstWeek > 0)
         _calendar->setMinimalDaysInFirstWeek(uint8_t(customs.minimumDaysInFirstWeek));
     _format->setCalendar(*_calendar);
-    _format->setLenient(isLenient);
+    _format->setLenient(UBool(isLenient ? 1 : 0));
     // Years of other calendars are not of this or that century.
     if (!environment.isGregorian)
         return;

@@ -30,13 +30,13 @@ std::unique_ptr<icu::BasicTimeZone> zoneOf(const QTimeZone &zone)
 {
     const QString id = QString::fromLatin1(zone.id());
     const icu::UnicodeString name = NSICU::aliasOf(id);
-    std::unique_ptr<icu::TimeZone> made(icu::TimeZone::createTimeZone(name));
-    const bool isKnown = *made != icu::TimeZone::getUnknown();
-    auto *const basic = dynamic_cast<icu::BasicTimeZone *>(made.get());
-    if (!isKnown || !basic)
-        return fixedZone(zone, name);
-    made.release();
-    return std::unique_ptr<icu::BasicTimeZone>(basic);
+    icu::TimeZone *const made = icu::TimeZone::createTimeZone(name);
+    std::unique_ptr<icu::BasicTimeZone> basic(dynamic_cast<icu::BasicTimeZone *>(made));
+    if (basic && *basic != icu::TimeZone::getUnknown())
+        return basic;
+    if (!basic)
+        delete made;
+    return fixedZone(zone, name);
 }
 } // namespace
 

@@ -207,7 +207,7 @@ void expectSums(const QJsonObject &row)
     NSCalendar calendar(NSGregorianCalendar);
     calendar.setTimeZone(zoneNamed(zone));
     QDateTime date = dateIn(row[u"start"].toString(), zone);
-    for (const QJsonValue &step : row[u"steps"].toArray()) {
+    for (const auto &step : row[u"steps"].toArray()) {
         const auto amount = [&](QStringView unit) {
             return step[u"add"].toObject()[unit].toInt(NSUndefinedDateComponent);
         };
