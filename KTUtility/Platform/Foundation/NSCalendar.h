@@ -9,6 +9,7 @@
 #include <QTimeZone>
 
 #include <limits>
+#include <optional>
 
 /// A component that has no value.
 inline constexpr int NSUndefinedDateComponent = std::numeric_limits<int>::max();
@@ -132,6 +133,9 @@ private:
         : _identifier(identifier), _locale(locale)
     {
     }
+
+    bool setPlainComponents(NSCalendarUnits units, qint64 time, NSDateComponents *result) const;
+    std::optional<qint64> timeOfPlainComponents(const NSDateComponents &components) const;
 
     QString _identifier;
     NSLocale _locale;

@@ -10,7 +10,7 @@ namespace {
 struct Fields : NSDateFields
 {
     explicit Fields(const NSDateReading &reading)
-        : NSDateFields(defaultFields(reading)), rules(reading.rules)
+        : NSDateFields(defaultFields(reading.defaultTime, *reading.rules)), rules(reading.rules)
     {
     }
 
@@ -108,11 +108,11 @@ private:
         return best;
     }
 
-    bool readMonthName(NSDateFormatterSymbols kind, NSDateFormatterSymbols other)
+    bool readMonthName()
     {
-        std::optional<int> month = readName(kind);
+        std::optional<int> month = readName(NSDateFormatterSymbols::Month);
         if (!month)
-            month = readName(other);
+            month = readName(NSDateFormatterSymbols::ShortMonth);
         fields.month = month.value_or(0) + 1;
         return month.has_value();
     }
@@ -141,9 +141,8 @@ private:
         case u'A':
             return readWeekdayName();
         case u'b':
-            return readMonthName(NSDateFormatterSymbols::Month, NSDateFormatterSymbols::ShortMonth);
         case u'B':
-            return readMonthName(NSDateFormatterSymbols::Month, NSDateFormatterSymbols::ShortMonth);
+            return readMonthName();
         case u'd':
         case u'e':
             return readNumber(&fields.day, 2, 1, 31);

@@ -130,7 +130,8 @@ private:
         UErrorCode status = U_ZERO_ERROR;
         _rules.zone().getOffset(double(_time), false, standard, saving, status);
         icu::UnicodeString name;
-        _rules.zone().getDisplayName(saving != 0, icu::TimeZone::SHORT, _environment.locale, name);
+        _rules.zone().getDisplayName(UBool(saving != 0 ? 1 : 0), icu::TimeZone::SHORT,
+                                     _environment.locale, name);
         return NSICU::stringOf(name);
     }
 

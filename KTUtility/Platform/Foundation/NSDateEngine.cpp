@@ -6,8 +6,6 @@
 #include "NSSeptember_p.h"
 #include "NSThreadCache_p.h"
 
-#include <string_view>
-
 #include <unicode/gregocal.h>
 #include <unicode/uchar.h>
 
@@ -62,15 +60,6 @@ NSDateEngine &NSDateEngine::engineOf(const NSDateEnvironment &environment,
     });
 }
 
-namespace {
-/// Whether a year of two digits is already all of it: Heisei 20.
-bool countsYearsInShortEras(const icu::Calendar &calendar)
-{
-    const std::string_view type = calendar.getType();
-    return type == "japanese" || type == "chinese" || type == "dangi";
-}
-} // namespace
-
 NSDateEngine::NSDateEngine(const NSDateEnvironment &environment, const NSTimeZoneRules &rules,
                            bool isLenient)
     : _environment(environment.shared_from_this()), _rules(rules), _isLenient(isLenient)
@@ -83,18 +72,19 @@ NSDateEngine::NSDateEngine(const NSDateEnvironment &environment, const NSTimeZon
         _format->setDateFormatSymbols(environment.symbols());
     _calendar.reset(_format->getCalendar()->clone());
     _calendar->setTimeZone(rules.zone());
-    _calendar->setLenient(isLenient);
+    _calendar->setLenient(UBool(isLenient ? 1 : 0));
     if (customs.firstWeekday > 0)
         _calendar->setFirstDayOfWeek(UCalendarDaysOfWeek(customs.firstWeekday));
     if (customs.minimumDaysInFirstWeek > 0)
         _calendar->setMinimalDaysInFirstWeek(uint8_t(customs.minimumDaysInFirstWeek));
     _format->setCalendar(*_calendar);
-    _format->setLenient(isLenient);
-    if (!countsYearsInShortEras(*_calendar)) {
-        const qint64 start = NSCivil::daysOf(customs.twoDigitStartYear, 1, 1);
-        _format->set2DigitYearStart(double(rules.instantOf(start * NSCivil::MillisecondsPerDay)),
-                                    status);
-    }
+    _format->setLenient(UBool(isLenient ? 1 : 0));
+    // Years of other calendars are not of this or that century.
+    if (!environment.isGregorian)
+        return;
+    const qint64 start = NSCivil::daysOf(customs.twoDigitStartYear, 1, 1);
+    _format->set2DigitYearStart(double(rules.instantOf(start * NSCivil::MillisecondsPerDay)),
+                                status);
 }
 
 void NSDateEngine::setPattern(const NSDatePattern &pattern)

@@ -113,6 +113,8 @@ void NSDateEnvironment::readFormat(icu::SimpleDateFormat *format)
     startOfNaN = QChar(numberSymbols->getConstSymbol(DecimalFormatSymbols::kNaNSymbol).charAt(0))
                      .toLower()
                      .unicode();
+    UErrorCode status = U_ZERO_ERROR;
+    firstWeekday = format->getCalendar()->getFirstDayOfWeek(status);
     makeNames(format);
     makeShownNames();
 }
@@ -159,22 +161,37 @@ void NSDateEnvironment::makeNames(icu::SimpleDateFormat *format)
     _names.noteStarts();
 }
 
-std::shared_ptr<const NSDateEnvironment> NSDateEnvironment::environmentOf(const NSLocale &locale,
-                                                                          const QString &calendar)
+using SharedEnvironment = std::shared_ptr<const NSDateEnvironment>;
+
+SharedEnvironment NSDateEnvironment::environmentOf(const NSLocale &locale, const QString &calendar)
+{
+    // Formatters are made by the dozen, all of one locale.
+    struct Last
+    {
+        NSLocale locale;
+        QString calendar;
+        SharedEnvironment environment;
+    };
+    static thread_local Last last;
+    if (!last.environment || last.locale != locale || last.calendar != calendar)
+        last = {locale, calendar, knownEnvironmentOf(locale, calendar)};
+    return last.environment;
+}
+
+SharedEnvironment NSDateEnvironment::knownEnvironmentOf(const NSLocale &locale,
+                                                        const QString &calendar)
 {
     static QMutex mutex;
-    static QHash<std::pair<QString, QString>, std::shared_ptr<const NSDateEnvironment>> known;
+    static QHash<std::pair<QString, QString>, SharedEnvironment> known;
     const QMutexLocker lock(&mutex);
-    std::shared_ptr<const NSDateEnvironment> &environment =
-        known[{locale.localeIdentifier(), calendar}];
+    SharedEnvironment &environment = known[{locale.localeIdentifier(), calendar}];
     if (!environment)
         environment = std::make_shared<const NSDateEnvironment>(locale, calendar, NSDateCustoms());
     return environment;
 }
 
-std::shared_ptr<const NSDateEnvironment>
-NSDateEnvironment::environmentOf(const NSLocale &locale, const QString &calendar,
-                                 const NSDateCustoms &customs)
+SharedEnvironment NSDateEnvironment::environmentOf(const NSLocale &locale, const QString &calendar,
+                                                   const NSDateCustoms &customs)
 {
     if (customs == NSDateCustoms())
         return environmentOf(locale, calendar);

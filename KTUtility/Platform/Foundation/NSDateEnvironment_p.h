@@ -62,6 +62,8 @@ public:
     QString calendarType;
     bool isGregorian = false;
     bool isEnglish = false;
+    /// The day on which weeks begin, 1 for Sunday, by the locale.
+    int firstWeekday = 1;
     /// Whether numbers are written with 0 to 9.
     bool hasASCIIDigits = false;
     /// What "not a number" starts with, lower case; a number field would read it.
@@ -71,6 +73,8 @@ public:
     const NSDateShownNames &shownNames() const { return _shownNames; }
 
 private:
+    static std::shared_ptr<const NSDateEnvironment> knownEnvironmentOf(const NSLocale &locale,
+                                                                       const QString &calendar);
     void readFormat(icu::SimpleDateFormat *format);
     void makeNames(icu::SimpleDateFormat *format);
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "NSCivilDate_p.h"
-#include "NSDateEngine_p.h"
+#include "NSTimeZoneRules_p.h"
 
 #include <optional>
 
@@ -18,10 +18,15 @@ struct NSDateFields
 
     static NSDateFields fieldsOf(qint64 localTime);
     /// The fields of the default date; 1 January 2000, 0:00, if there is none.
-    static NSDateFields defaultFields(const NSDateReading &reading);
+    static NSDateFields defaultFields(std::optional<qint64> defaultTime,
+                                      const NSTimeZoneRules &rules);
 
     /// Milliseconds since 1970 as if the clock were that of UTC.
     qint64 localTime() const;
+    bool isExistingTime() const
+    {
+        return hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60;
+    }
     bool isExistingDay() const { return day >= 1 && day <= NSCivil::daysInMonth(year, month); }
 };
 
@@ -34,10 +39,10 @@ inline NSDateFields NSDateFields::fieldsOf(qint64 localTime)
             time / 60'000 % 60, time / 1000 % 60, time % 1000};
 }
 
-inline NSDateFields NSDateFields::defaultFields(const NSDateReading &reading)
+inline NSDateFields NSDateFields::defaultFields(std::optional<qint64> defaultTime,
+                                                const NSTimeZoneRules &rules)
 {
-    return reading.defaultTime ? fieldsOf(reading.rules->localTimeOf(*reading.defaultTime))
-                               : NSDateFields();
+    return defaultTime ? fieldsOf(rules.localTimeOf(*defaultTime)) : NSDateFields();
 }
 
 inline qint64 NSDateFields::localTime() const

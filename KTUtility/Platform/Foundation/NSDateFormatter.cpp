@@ -222,6 +222,9 @@ QDateTime NSDateFormatter::dateFromString(const QString &string) const
     NSDateMatch match;
     if (!_private->parse(text, &match) || !hasOnlyBlanks(string, match.length))
         return {};
+    // A pattern without fields fits a text without anything.
+    if (hasOnlyBlanks(string, 0))
+        return {};
     return _private->dateOf(match.time);
 }
 

@@ -37,4 +37,8 @@ public:
     /// Null if only ICU can tell.
     static QString stringWithoutICU(const NSDateFormatter &formatter, const QDateTime &date);
     static QString stringWithICU(const NSDateFormatter &formatter, const QDateTime &date);
+
+    /// The clock that natural language asks what now is, in milliseconds since 1970; null is the
+    /// system's.
+    static void setClock(qint64 (*clock)());
 };

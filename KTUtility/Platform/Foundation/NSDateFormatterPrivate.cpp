@@ -172,3 +172,8 @@ QString NSDateFormatterAccess::stringWithICU(const NSDateFormatter &formatter,
     return NSDateEngine::engineOf(settings.environment(), settings.rules(), settings.isLenient)
         .stringOf(settings.pattern(), date.toMSecsSinceEpoch());
 }
+
+void NSDateFormatterAccess::setClock(qint64 (*clock)())
+{
+    NSNaturalLanguageDate::setClock(clock);
+}

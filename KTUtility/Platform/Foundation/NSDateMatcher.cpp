@@ -257,7 +257,7 @@ int hourOf(const Found &found, int defaultHour)
 /// What was found, completed by the default date.
 NSDateFields fieldsOf(const Found &found, const NSDateReading &reading)
 {
-    NSDateFields fields = NSDateFields::defaultFields(reading);
+    NSDateFields fields = NSDateFields::defaultFields(reading.defaultTime, *reading.rules);
     fields.year = found.year == Unknown ? fields.year : found.year;
     fields.month = valueOr(found.month, fields.month);
     fields.day = valueOr(found.day, fields.day);
@@ -309,7 +309,7 @@ bool NSDateMatcher::matchBareHour(const NSDateReading &reading, const NSDateText
     const int value = digits.size() <= 2 ? digits.toInt() : 0;
     if (end != text.length() || value < 1 || value > 12)
         return false;
-    NSDateFields fields = NSDateFields::defaultFields(reading);
+    NSDateFields fields = NSDateFields::defaultFields(reading.defaultTime, *reading.rules);
     fields.hour = value % 12 + fields.hour / 12 * 12;
     match->time = reading.rules->instantOf(fields.localTime());
     match->length = text.length();

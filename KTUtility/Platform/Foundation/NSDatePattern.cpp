@@ -2,17 +2,30 @@
 
 #include "NSDateCharacters_p.h"
 
-#include <QHash>
 #include <QMutex>
 #include <QMutexLocker>
 
 #include <algorithm>
 #include <atomic>
+#include <unordered_map>
 
 namespace {
 /// More patterns than any application has; the texts of patterns may come from outside.
-constexpr int Capacity = 4096;
+constexpr size_t Capacity = 4096;
 constexpr qsizetype LongestKept = 256;
+
+/// Patterns are short, and there is one look-up for each formatter: FNV-1a is several times faster
+/// here than what QHash uses.
+struct PatternHash
+{
+    size_t operator()(const QString &text) const
+    {
+        quint64 hash = 14'695'981'039'346'656'037U;
+        for (const QChar unit : text)
+            hash = (hash ^ unit.unicode()) * 1'099'511'628'211U;
+        return size_t(hash);
+    }
+};
 
 quint64 nextNumber()
 {
@@ -194,7 +207,7 @@ std::shared_ptr<const NSDatePattern> NSDatePattern::patternOf(const QString &tex
     if (text.size() > LongestKept)
         return std::make_shared<const NSDatePattern>(text);
     static QMutex mutex;
-    static QHash<QString, std::shared_ptr<const NSDatePattern>> known;
+    static std::unordered_map<QString, std::shared_ptr<const NSDatePattern>, PatternHash> known;
     const QMutexLocker lock(&mutex);
     if (known.size() >= Capacity && !known.contains(text))
         known.clear();

@@ -6,11 +6,11 @@
 #include <unicode/simpletz.h>
 #include <unicode/tztrans.h>
 
-#include <QHash>
 #include <QMutex>
 #include <QMutexLocker>
 
 #include <array>
+#include <map>
 
 namespace {
 /// The length of a season is a power of two, about 99 days.
@@ -30,13 +30,13 @@ std::unique_ptr<icu::BasicTimeZone> zoneOf(const QTimeZone &zone)
 {
     const QString id = QString::fromLatin1(zone.id());
     const icu::UnicodeString name = NSICU::aliasOf(id);
-    std::unique_ptr<icu::TimeZone> made(icu::TimeZone::createTimeZone(name));
-    const bool isKnown = *made != icu::TimeZone::getUnknown();
-    auto *const basic = dynamic_cast<icu::BasicTimeZone *>(made.get());
-    if (!isKnown || !basic)
-        return fixedZone(zone, name);
-    made.release();
-    return std::unique_ptr<icu::BasicTimeZone>(basic);
+    icu::TimeZone *const made = icu::TimeZone::createTimeZone(name);
+    std::unique_ptr<icu::BasicTimeZone> basic(dynamic_cast<icu::BasicTimeZone *>(made));
+    if (basic && *basic != icu::TimeZone::getUnknown())
+        return basic;
+    if (!basic)
+        delete made;
+    return fixedZone(zone, name);
 }
 } // namespace
 
@@ -46,12 +46,27 @@ const NSTimeZoneRules &NSTimeZoneRules::rulesOf(const QTimeZone &zone)
 {
     if (!zone.isValid())
         return rulesOf(NSCalendar::systemTimeZone());
+    // Formatters are made by the dozen, all in one zone.
+    struct Last
+    {
+        QByteArray id;
+        const NSTimeZoneRules *rules = nullptr;
+    };
+    static thread_local Last last;
+    const QByteArray id = zone.id();
+    if (!last.rules || last.id != id)
+        last = {id, &sharedRulesOf(zone, id)};
+    return *last.rules;
+}
+
+const NSTimeZoneRules &NSTimeZoneRules::sharedRulesOf(const QTimeZone &zone, const QByteArray &id)
+{
     static QMutex mutex;
-    static QHash<QByteArray, NSTimeZoneRules *> known;
+    static std::map<QByteArray, std::unique_ptr<NSTimeZoneRules>> known;
     const QMutexLocker lock(&mutex);
-    NSTimeZoneRules *&rules = known[zone.id()];
+    std::unique_ptr<NSTimeZoneRules> &rules = known[id];
     if (!rules)
-        rules = new NSTimeZoneRules(zone);
+        rules.reset(new NSTimeZoneRules(zone));
     return *rules;
 }
 

@@ -33,6 +33,7 @@ public:
 
 private:
     explicit NSTimeZoneRules(const QTimeZone &zone);
+    static const NSTimeZoneRules &sharedRulesOf(const QTimeZone &zone, const QByteArray &id);
 
     /// A time from which on an offset holds, until the next such time.
     struct Stretch

@@ -33,6 +33,9 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSLocale.cpp
     Platform/Foundation/NSLog.cpp
     Platform/Foundation/NSNaturalLanguageDate.cpp
+    Platform/Foundation/NSNaturalLanguageReader.cpp
+    Platform/Foundation/NSNaturalLanguageTable.cpp
+    Platform/Foundation/NSNaturalLanguageWords.cpp
     Platform/Foundation/NSNumberDigits.cpp
     Platform/Foundation/NSNumberEngine.cpp
     Platform/Foundation/NSNumberFormatter.cpp

@@ -10,6 +10,7 @@
 #include <array>
 #include <memory>
 #include <random>
+#include <string>
 #include <vector>
 
 using namespace testing_support;
@@ -306,4 +307,5 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(Setting{"en_US", "America/New_York"}, Setting{"en_GB", "Europe/London"},
                     Setting{"de_DE", "Europe/Berlin"}, Setting{"fr_FR", "Pacific/Apia"},
                     Setting{"ja_JP", "Australia/Lord_Howe"}, Setting{"sv_SE", "Asia/Kathmandu"},
-                    Setting{"ar_EG", "America/St_Johns"}, Setting{"zh_CN", "Asia/Shanghai"}));
+                    Setting{"ar_EG", "America/St_Johns"}, Setting{"zh_CN", "Asia/Shanghai"}),
+    [](const auto &setting) { return std::string(setting.param.locale); });

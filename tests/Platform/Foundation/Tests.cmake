@@ -2,7 +2,12 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSAssertionHandlerTests.cpp
     Platform/Foundation/NSAttributedStringTests.cpp
     Platform/Foundation/NSBundleTests.cpp
+    Platform/Foundation/NSCalendarDateFormatTests.cpp
+    Platform/Foundation/NSCalendarTests.cpp
     Platform/Foundation/NSDateFormatterICUTests.cpp
+    Platform/Foundation/NSDateFormatterPlatformTests.cpp
+    Platform/Foundation/NSDateFormatterReadingTests.cpp
+    Platform/Foundation/NSDateFormatterTableTests.cpp
     Platform/Foundation/NSDateFormatterTests.cpp
     Platform/Foundation/NSDecimalNumberTests.cpp
     Platform/Foundation/NSErrorTests.cpp
@@ -12,6 +17,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSInvokerTests.cpp
     Platform/Foundation/NSKeyValueCodingTests.cpp
     Platform/Foundation/NSLocaleTests.cpp
+    Platform/Foundation/NSNaturalLanguageDateTests.cpp
     Platform/Foundation/NSNumberFormatterDifferentialTests.cpp
     Platform/Foundation/NSNumberFormatterReadingTests.cpp
     Platform/Foundation/NSNumberFormatterTableTests.cpp
