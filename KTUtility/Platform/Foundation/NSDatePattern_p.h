@@ -1,5 +1,7 @@
 #pragma once
 
+#include <KTUtility/KTUtilityExport.h>
+
 #include <QString>
 #include <QStringView>
 
@@ -31,7 +33,7 @@ struct NSDateElement
 
 /// A date pattern in Unicode's notation (UTS #35), taken apart once and shared by all formatters
 /// that use it. Immutable.
-class NSDatePattern
+class KTUTILITY_EXPORT NSDatePattern
 {
 public:
     /// The pattern for \a text, the same object for the same text as long as it is among those that
