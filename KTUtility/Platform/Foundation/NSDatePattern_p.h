@@ -49,6 +49,8 @@ public:
     const bool isBareHour;
     /// Whether a month is read as a name.
     bool hasMonthName = false;
+    /// Whether a part of the day is read ("in the morning").
+    bool hasDayPeriod = false;
     /// Whether a time zone is read.
     bool hasZone = false;
 

@@ -145,6 +145,8 @@ TEST(NSDatePattern, KnowsNamesZonesAndBareHours)
     for (const char16_t *const text : {u"z", u"Z", u"O", u"v", u"V", u"X", u"x"})
         EXPECT_TRUE(patternOf(text).hasZone);
     EXPECT_FALSE(patternOf(u"h:mm 'z'").hasZone);
+    EXPECT_TRUE(patternOf(u"Bh:mm").hasDayPeriod);
+    EXPECT_FALSE(patternOf(u"ah:mm").hasDayPeriod);
     EXPECT_TRUE(patternOf(u"ha").isBareHour);
     EXPECT_FALSE(patternOf(u"h a").isBareHour);
     EXPECT_FALSE(patternOf(u"hha").isBareHour);

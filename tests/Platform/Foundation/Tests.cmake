@@ -9,6 +9,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSDateFormatterICUTests.cpp
     Platform/Foundation/NSDateFormatterPlatformTests.cpp
     Platform/Foundation/NSDateFormatterReadingTests.cpp
+    Platform/Foundation/NSDateFormatterRoundTripTests.cpp
     Platform/Foundation/NSDateFormatterTableTests.cpp
     Platform/Foundation/NSDateFormatterTests.cpp
     Platform/Foundation/NSDateNamesTests.cpp
