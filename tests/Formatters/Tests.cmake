@@ -7,4 +7,5 @@ target_sources(KTUtilityTests PRIVATE
     Formatters/KTPhoneNumberFormatterTests.cpp
     Formatters/KTTimeFormatterTests.cpp
     Formatters/OptionsTests.cpp
+    Formatters/RoundTripTests.cpp
 )

@@ -106,12 +106,17 @@ QString NSDateEngine::stringOf(const NSDatePattern &pattern, qint64 time)
     return NSICU::stringOf(text);
 }
 
-void NSDateEngine::presetFields(std::optional<qint64> defaultTime)
+void NSDateEngine::presetFields(const NSDatePattern &pattern, std::optional<qint64> defaultTime)
 {
     if (defaultTime)
         presetFieldsOf(*defaultTime);
     else
         presetWithoutDefault();
+    if (!pattern.hasDayPeriod)
+        return;
+    // A part of the day tells 5 from 17, unless an hour is known already.
+    for (const UCalendarDateFields field : {UCAL_HOUR, UCAL_AM_PM, UCAL_HOUR_OF_DAY})
+        _calendar->clear(field);
 }
 
 /// Years of eras or cycles have no counterpart of the year 2000; the era is the current one.
@@ -169,7 +174,7 @@ bool NSDateEngine::parseUnderAllNames(const NSDatePattern &pattern, QStringView 
 bool NSDateEngine::parseText(const NSDatePattern &pattern, const icu::UnicodeString &text,
                              std::optional<qint64> defaultTime, NSDateMatch *match)
 {
-    presetFields(defaultTime);
+    presetFields(pattern, defaultTime);
     icu::ParsePosition position(0);
     _format->parse(text, *_calendar, position);
     const bool isMatched = position.getErrorIndex() < 0 && position.getIndex() > 0;

@@ -28,7 +28,8 @@ struct NSDateReading
 /// - years are as wide as the pattern says (Gregorian calendar, strict);
 /// - "Sep" and "Sept" are one month in English;
 /// - a time that is skipped by a change to summer time is read an hour on;
-/// - the default date is preset as fields, so that a weekday behind a date cannot change it.
+/// - the default date is preset as fields, so that a weekday behind a date cannot change it, and
+///   its hour not at all where a part of the day is read.
 class NSDateEngine
 {
 public:
@@ -45,7 +46,7 @@ public:
 
 private:
     void setPattern(const NSDatePattern &pattern);
-    void presetFields(std::optional<qint64> defaultTime);
+    void presetFields(const NSDatePattern &pattern, std::optional<qint64> defaultTime);
     void presetWithoutDefault();
     void presetFieldsOf(qint64 time);
     bool parseUnderAllNames(const NSDatePattern &pattern, QStringView text,

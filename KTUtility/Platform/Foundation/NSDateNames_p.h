@@ -2,6 +2,8 @@
 
 #include "NSDateCharacters_p.h"
 
+#include <KTUtility/KTUtilityExport.h>
+
 #include <unicode/unistr.h>
 
 #include <QString>
@@ -20,7 +22,7 @@ struct NSDateName
 
 /// The names of one kind and width, ready to be found in a text as ICU finds them: the longest
 /// counts, upper and lower case are the same, and a point at a name's end may be missing.
-class NSDateNameList
+class KTUTILITY_EXPORT NSDateNameList
 {
 public:
     NSDateNameList() = default;
@@ -64,7 +66,7 @@ NSDateName findName(const std::array<NSDateNameList, Count> &lists, QStringView 
 }
 
 /// All names that a pattern may ask for.
-struct NSDateNames
+struct KTUTILITY_EXPORT NSDateNames
 {
     std::array<NSDateNameList, 2> months;           ///< wide, abbreviated
     std::array<NSDateNameList, 2> standaloneMonths; ///< wide, abbreviated

@@ -145,6 +145,7 @@ void NSDatePattern::appendField(qsizetype at, qsizetype end)
         setYear(at, end);
     const Kind kind = kindOf(letter, count);
     hasMonthName = hasMonthName || kind == Kind::MonthName;
+    hasDayPeriod = hasDayPeriod || letter == u'b' || letter == u'B';
     hasZone = hasZone || QStringView(u"zZOvVXx").contains(letter);
     const bool isWide = letter == u'd' || letter == u'm' || letter == u's';
     _elements.push_back({kind, letter, count, isWide ? count : 1, {}, {}});

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <KTUtility/KTUtilityExport.h>
+
 #include <QString>
 #include <QStringView>
 
@@ -31,7 +33,7 @@ struct NSDateElement
 
 /// A date pattern in Unicode's notation (UTS #35), taken apart once and shared by all formatters
 /// that use it. Immutable.
-class NSDatePattern
+class KTUTILITY_EXPORT NSDatePattern
 {
 public:
     /// The pattern for \a text, the same object for the same text as long as it is among those that
@@ -47,6 +49,8 @@ public:
     const bool isBareHour;
     /// Whether a month is read as a name.
     bool hasMonthName = false;
+    /// Whether a part of the day is read ("in the morning").
+    bool hasDayPeriod = false;
     /// Whether a time zone is read.
     bool hasZone = false;
 

@@ -180,6 +180,7 @@ std::shared_ptr<const NSNumberEngine> NSNumberEngine::engineFor(const NSNumberSe
 NSNumberEngine::NSNumberEngine(const NSNumberSettings &settings)
 {
     create(settings);
+    _isForMoney = isCurrencyStyle(settings.style);
     _format->setLenient(settings.lenient);
     if (settings.usesGroupingSeparator)
         _format->setGroupingUsed(*settings.usesGroupingSeparator);

@@ -35,6 +35,7 @@ public:
 
     /// Null for numbers in words.
     const icu::DecimalFormat *decimalFormat() const { return _decimalFormat; }
+    bool isForMoney() const { return _isForMoney; }
     const icu::DecimalFormatSymbols *symbols() const;
     QString symbol(icu::DecimalFormatSymbols::ENumberFormatSymbol symbol) const;
     /// The pattern as ICU writes it.
@@ -65,6 +66,7 @@ private:
 
     std::unique_ptr<icu::NumberFormat> _format;
     icu::DecimalFormat *_decimalFormat = nullptr;
+    bool _isForMoney = false;
     bool _needsPairedParentheses = false;
     char16_t _decimalSeparator = u'.';
     std::optional<NSNumberReader> _reader;

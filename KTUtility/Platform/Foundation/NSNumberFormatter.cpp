@@ -37,18 +37,31 @@ ReadNumber numberOf(const NSNumberReader::Result &result, qsizetype textLength)
     return number;
 }
 
-ReadNumber readWithICU(const NSNumberEngine &engine, QStringView text)
+ReadNumber numberOf(const NSNumberReading &reading, NSRange range)
 {
-    const NSNumberText squeezed(text);
-    const NSNumberReading reading = engine.read(squeezed.squeezed());
     ReadNumber number;
-    number.range = {squeezed.begin(), squeezed.endOf(reading.length) - squeezed.begin()};
+    number.range = range;
     if (!reading.isNumber)
         return number;
     number.decimal = NSDecimalNumber::decimalNumberWithString(QString::fromLatin1(reading.digits));
     number.isNumber = !number.decimal.isNaN();
-    number.isInteger = reading.isInteger && number.range.end() == text.size();
     return number;
+}
+
+ReadNumber readWithICU(const NSNumberEngine &engine, QStringView text)
+{
+    const NSNumberText squeezed(text);
+    const NSNumberReading reading = engine.read(squeezed.squeezed());
+    const qsizetype end = squeezed.endOf(reading.length);
+    ReadNumber number = numberOf(reading, {squeezed.begin(), end - squeezed.begin()});
+    number.isInteger = reading.isInteger && end == text.size();
+    const bool isWhole = number.isNumber && reading.length == squeezed.squeezed().size();
+    if (isWhole || !engine.isForMoney() || squeezed.isUnchanged(text))
+        return number;
+    // Some currencies have a blank in their sign ("$ US"), which the first try has squeezed out.
+    const NSNumberReading exact = engine.read(text.mid(squeezed.begin()));
+    const bool isBetter = exact.isNumber && exact.length > number.range.length;
+    return isBetter ? numberOf(exact, {squeezed.begin(), exact.length}) : number;
 }
 
 ReadNumber readNumber(const NSNumberEngine &engine, QStringView text)

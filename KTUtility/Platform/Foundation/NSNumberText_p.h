@@ -22,6 +22,8 @@ public:
     QStringView squeezed() const { return _squeezed; }
     /// The first unit of the typed text that is no blank; its length if there is none.
     qsizetype begin() const { return _begin; }
+    /// Whether nothing was dropped but leading blanks.
+    bool isUnchanged(QStringView text) const { return text.mid(_begin) == _squeezed; }
     /// The end, in the typed text, of the first \a length squeezed units.
     qsizetype endOf(qsizetype length) const;
 

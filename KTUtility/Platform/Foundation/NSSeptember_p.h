@@ -1,5 +1,7 @@
 #pragma once
 
+#include <KTUtility/KTUtilityExport.h>
+
 #include <QString>
 #include <QStringView>
 
@@ -8,7 +10,7 @@
 /// A text in which the words "Sep" and "Sept" are "September".
 ///
 /// American locale data know the one, British the other, and people write both everywhere.
-class NSSeptember
+class KTUTILITY_EXPORT NSSeptember
 {
 public:
     explicit NSSeptember(QStringView source);

@@ -4,11 +4,16 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSBundleTests.cpp
     Platform/Foundation/NSCalendarDateFormatTests.cpp
     Platform/Foundation/NSCalendarTests.cpp
+    Platform/Foundation/NSCivilDateTests.cpp
+    Platform/Foundation/NSDateCharactersTests.cpp
     Platform/Foundation/NSDateFormatterICUTests.cpp
     Platform/Foundation/NSDateFormatterPlatformTests.cpp
     Platform/Foundation/NSDateFormatterReadingTests.cpp
+    Platform/Foundation/NSDateFormatterRoundTripTests.cpp
     Platform/Foundation/NSDateFormatterTableTests.cpp
     Platform/Foundation/NSDateFormatterTests.cpp
+    Platform/Foundation/NSDateNamesTests.cpp
+    Platform/Foundation/NSDatePatternTests.cpp
     Platform/Foundation/NSDecimalNumberTests.cpp
     Platform/Foundation/NSErrorTests.cpp
     Platform/Foundation/NSExceptionTests.cpp
@@ -29,9 +34,11 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSPropertyListXMLReaderTests.cpp
     Platform/Foundation/NSScannerTests.cpp
     Platform/Foundation/NSSearchPathTests.cpp
+    Platform/Foundation/NSSeptemberTests.cpp
     Platform/Foundation/NSStringFormatTests.cpp
     Platform/Foundation/NSStringNormalizationTests.cpp
     Platform/Foundation/NSStringTests.cpp
+    Platform/Foundation/NSTimeZoneRulesTests.cpp
     Platform/Foundation/NSUserDefaultsFileTests.cpp
     Platform/Foundation/NSUserDefaultsTests.cpp
     Platform/Foundation/NSValueMatcherTests.cpp
