@@ -2,8 +2,8 @@
 
 debian_packages=(
     g++ cmake ninja-build ccache pkg-config
-    qt6-base-dev libicu-dev
-    libgtest-dev libbenchmark-dev
+    qt6-base-dev qt6-l10n-tools libicu-dev
+    libgtest-dev librapidcheck-dev libbenchmark-dev
 )
 
 say() { printf '%s\n' "$*" >&2; }

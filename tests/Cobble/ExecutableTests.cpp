@@ -49,6 +49,39 @@ TEST(Executable, ImportsTheSample)
     EXPECT_TRUE(result.output.contains("kt_téléphone\n"));
 }
 
+TEST(Executable, ImportsTheGermanSampleInGerman)
+{
+    const ProcessResult result = runCobbleProgram(
+        {QStringLiteral("import"), QStringLiteral(COBBLE_SAMPLES "/contacts-de.csv"),
+         QStringLiteral("--locale"), QStringLiteral("de_DE")});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.errors, QByteArray());
+    for (const char *line :
+         {"kt_besuche         number          273   2         27\n",
+          "kt_spende          currency (EUR)  280   3         19\n",
+          "kt_mitgliedSeit    date            276   2         24\n",
+          "kt_stehtAuf        time            271   1         30\n",
+          "kt_zuletztGesehen  date+time       273   1         28\n",
+          "kt_gesprächszeit   duration        277   2         23\n",
+          "kt_mobil           phone           270   0         32\n",
+          "30   kt_gesprächszeit   90                  Das ist keine Zeitdauer\n"})
+        EXPECT_TRUE(result.output.contains(line)) << line;
+}
+
+TEST(Executable, SpeaksFrenchAndJapaneseOfDurations)
+{
+    const auto display = [](const char *locale) {
+        return runCobbleProgram({QStringLiteral("format"), QStringLiteral("duration"),
+                                 QStringLiteral("93784"), QStringLiteral("--locale"),
+                                 QString::fromLatin1(locale), QStringLiteral("--option"),
+                                 QStringLiteral("useAbbreviations=no")})
+            .output;
+    };
+    EXPECT_TRUE(display("fr_FR").contains("1 jour 2 heures 3 minutes 4 secondes\n"));
+    EXPECT_TRUE(display("ja_JP").contains("1 日間 2 時間 3 分間 4 秒間\n"));
+    EXPECT_TRUE(display("sv_SE").contains("1 day 2 hours 3 minutes 4 seconds\n"));
+}
+
 TEST(Executable, MissingFile)
 {
     const ProcessResult result =

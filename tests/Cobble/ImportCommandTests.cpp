@@ -51,7 +51,42 @@ TEST(ImportCommand, ShowsTheSchema)
                              "1  First Name  First Name  firstName  firstName      kt_firstName\n"
                              "2  E-mail      Email       email      email          kt_email\n"
                              "3  e mail      E Mail      eMail      eMail1         kt_eMail1\n"
-                             "4                                     field          kt_field\n"));
+                             "4                                     field          kt_field\n"
+                             "\n"
+                             "Column name   Type  Read  Not read  Empty\n"
+                             "kt_firstName  text  2     0         0\n"
+                             "kt_email      text  1     0         1\n"
+                             "kt_eMail1     text  0     0         2\n"
+                             "kt_field      text  1     0         1\n"));
+}
+
+TEST(ImportCommand, ShowsTypesAndWhatIsNotRead)
+{
+    QByteArray contents = "Paid;When\n";
+    for (int row = 1; row <= 20; ++row)
+        contents += QByteArray::number(row) + ",50 €;" + QByteArray::number(row) + ".3.2008\n";
+    const QString path = newFile(QStringLiteral("paid.csv"), contents + "a\ncow;30.2.2008\n");
+    const CommandResult result =
+        import(path, {QStringLiteral("--locale"), QStringLiteral("de_DE")});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_TRUE(result.output.endsWith(
+        QStringLiteral("Column name  Type            Read  Not read  Empty\n"
+                       "kt_paid      currency (EUR)  20    2         0\n"
+                       "kt_when      date            20    1         1\n"
+                       "\n"
+                       "Row  Column name  Text       Not read, since\n"
+                       "21   kt_paid      a          it is no amount in this currency\n"
+                       "22   kt_paid      cow        it is no amount in this currency\n"
+                       "22   kt_when      30.2.2008  it is no date or time\n")))
+        << qPrintable(result.output);
+}
+
+TEST(ImportCommand, RefusesUnknownLocales)
+{
+    const QString path = newFile(QStringLiteral("a.csv"), "a\n1\n");
+    const CommandResult result = import(path, {QStringLiteral("--locale"), QStringLiteral("xx")});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_TRUE(result.errors.startsWith(QStringLiteral("cobble: unknown locale 'xx'\n")));
 }
 
 TEST(ImportCommand, TheLibraryIsNamedAfterTheFile)
@@ -203,8 +238,12 @@ TEST(ImportCommand, TheSample)
     EXPECT_EQ(valueOf(result, QStringLiteral("Rows read:")), QStringLiteral("302"));
     EXPECT_EQ(valueOf(result, QStringLiteral("Ragged rows:")),
               QStringLiteral("9 with fewer or more fields than there are headers"));
-    EXPECT_EQ(valueOf(result, QStringLiteral("Columns:")), QStringLiteral("19"));
+    EXPECT_EQ(valueOf(result, QStringLiteral("Columns:")), QStringLiteral("24"));
     EXPECT_TRUE(result.output.contains(QStringLiteral(
         "11  balance        Balance        balance      balance1       kt_balance1")));
     EXPECT_TRUE(result.output.contains(QStringLiteral("kt_公司\n")));
+    EXPECT_TRUE(result.output.contains(
+        QStringLiteral("kt_donation     currency (USD)  280   3         19\n")));
+    EXPECT_TRUE(result.output.contains(
+        QStringLiteral("9    kt_memberSince  2/30/2008           it is no date or time\n")));
 }

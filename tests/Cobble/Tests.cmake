@@ -8,8 +8,10 @@ target_sources(CobbleTests PRIVATE
     Cobble/ImportCommandTests.cpp
     Cobble/ImportSchemaTests.cpp
     Cobble/ImportSourceTests.cpp
+    Cobble/ImportValuesTests.cpp
     Cobble/LogCommandTests.cpp
     Cobble/NamesCommandTests.cpp
+    Cobble/ParseCommandTests.cpp
     Cobble/StandardStreamsTests.cpp
     Cobble/TextFileTests.cpp
 )
