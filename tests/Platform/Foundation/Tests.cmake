@@ -22,6 +22,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSKeyValueCodingTests.cpp
     Platform/Foundation/NSLocaleTests.cpp
     Platform/Foundation/NSNaturalLanguageDateTests.cpp
+    Platform/Foundation/NSNaturalLanguageReaderTests.cpp
     Platform/Foundation/NSObjectTests.cpp
     Platform/Foundation/NSPathUtilitiesTests.cpp
     Platform/Foundation/NSPropertyListBinaryReaderTests.cpp
