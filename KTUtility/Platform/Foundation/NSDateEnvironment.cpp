@@ -129,35 +129,48 @@ void NSDateEnvironment::makeShownNames()
     _shownNames.halvesOfDay = {symbolsOf(Kind::AMPM), symbolsOf(Kind::AMPM)};
 }
 
+namespace {
+using icu::DateFormatSymbols;
+
+NSDateNameList monthsOf(const DateFormatSymbols &symbols, DateFormatSymbols::DtContextType context,
+                        DateFormatSymbols::DtWidthType width)
+{
+    int32_t count = 0;
+    const icu::UnicodeString *const names = symbols.getMonths(count, context, width);
+    return {names, count, 0};
+}
+
+/// ICU's weekdays begin with an empty name.
+NSDateNameList weekdaysOf(const DateFormatSymbols &symbols, DateFormatSymbols::DtWidthType width)
+{
+    int32_t count = 0;
+    const icu::UnicodeString *const names =
+        symbols.getWeekdays(count, DateFormatSymbols::FORMAT, width);
+    return {names, count, 1};
+}
+
+NSDateNameList halvesOf(const DateFormatSymbols &symbols)
+{
+    int32_t count = 0;
+    const icu::UnicodeString *const names = symbols.getAmPmStrings(count);
+    return {names, count, 0};
+}
+} // namespace
+
 void NSDateEnvironment::makeNames(icu::SimpleDateFormat *format)
 {
-    using icu::DateFormatSymbols;
-    const auto months = [&](DateFormatSymbols::DtContextType context,
-                            DateFormatSymbols::DtWidthType width) {
-        int32_t count = 0;
-        const icu::UnicodeString *const names = _symbols->getMonths(count, context, width);
-        return NSDateNameList(names, count, 0);
-    };
-    const auto weekdays = [&](DateFormatSymbols::DtWidthType width) {
-        int32_t count = 0;
-        const icu::UnicodeString *const names =
-            _symbols->getWeekdays(count, DateFormatSymbols::FORMAT, width);
-        return NSDateNameList(names, count, 1);
-    };
-    for (size_t index = 0; index < 2; ++index) {
-        const auto width = index == 0 ? DateFormatSymbols::WIDE : DateFormatSymbols::ABBREVIATED;
-        _names.months[index] = months(DateFormatSymbols::FORMAT, width);
-        _names.standaloneMonths[index] = months(DateFormatSymbols::STANDALONE, width);
-    }
     constexpr std::array Widths{DateFormatSymbols::WIDE, DateFormatSymbols::ABBREVIATED,
                                 DateFormatSymbols::SHORT, DateFormatSymbols::NARROW};
+    for (size_t index = 0; index < _names.months.size(); ++index) {
+        _names.months[index] = monthsOf(*_symbols, DateFormatSymbols::FORMAT, Widths[index]);
+        _names.standaloneMonths[index] =
+            monthsOf(*_symbols, DateFormatSymbols::STANDALONE, Widths[index]);
+    }
     for (size_t index = 0; index < Widths.size(); ++index)
-        _names.weekdays[index] = weekdays(Widths[index]);
-    int32_t count = 0;
-    const icu::UnicodeString *const halves = _symbols->getAmPmStrings(count);
-    _names.halvesOfDay[0] = NSDateNameList(halves, count, 0);
+        _names.weekdays[index] = weekdaysOf(*_symbols, Widths[index]);
     const std::array narrow = narrowHalvesOfDay(format);
-    _names.halvesOfDay[1] = NSDateNameList(narrow.data(), int32_t(narrow.size()), 0);
+    _names.halvesOfDay = {halvesOf(*_symbols),
+                          NSDateNameList(narrow.data(), int32_t(narrow.size()), 0)};
     _names.noteStarts();
 }
 

@@ -38,7 +38,7 @@ struct NSDateShownNames
 
 /// Everything about dates that comes from a locale and calendar. Immutable; shared by all
 /// formatters of the locale, except by those with customs of their own.
-class NSDateEnvironment : public std::enable_shared_from_this<NSDateEnvironment>
+class KTUTILITY_EXPORT NSDateEnvironment : public std::enable_shared_from_this<NSDateEnvironment>
 {
 public:
     static std::shared_ptr<const NSDateEnvironment> environmentOf(const NSLocale &locale,

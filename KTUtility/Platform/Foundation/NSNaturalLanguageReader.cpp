@@ -163,7 +163,7 @@ bool NSNaturalLanguageReader::readNumber()
     if (unit == u':')
         return readClock(*number);
     if (isSeparator(unit) && isBeforeDigit)
-        return readDateOfNumbers(unit, digits == 4 ? -*number : *number);
+        return readDateOfNumbers({*number, digits});
     return readNumberWithMark(*number, digits);
 }
 
@@ -186,41 +186,50 @@ bool NSNaturalLanguageReader::readClock(int hour)
     return isValid && setHour(hour);
 }
 
-/// Two or three numbers in the user's order, without the year if they are two. A year of four
-/// digits may stand at either end.
-/// \param first the number that was read; negative if it has four digits.
-bool NSNaturalLanguageReader::readDateOfNumbers(char16_t separator, int first)
+/// Two or three numbers with the same character between them.
+bool NSNaturalLanguageReader::readDateOfNumbers(const Number &first)
 {
-    struct Part
-    {
-        int number;
-        int digits;
-    };
-    std::vector<Part> parts{{qAbs(first), first < 0 ? 4 : 2}};
-    while (parts.size() < 3 && unitAt(_at) == separator) {
+    const char16_t separator = unitAt(_at);
+    std::vector<Number> numbers{first};
+    while (numbers.size() < 3 && unitAt(_at) == separator) {
         ++_at;
-        Part part{0, 0};
-        const std::optional<int> number = takeDigits(&part.digits);
-        if (!number)
+        Number number{0, 0};
+        const std::optional<int> value = takeDigits(&number.digits);
+        if (!value)
             break;
-        part.number = *number;
-        parts.push_back(part);
+        number.value = *value;
+        numbers.push_back(number);
     }
+    return assignDate(numbers, orderOf(numbers));
+}
+
+/// The user's order, without the year if there are two numbers. A year of four digits may stand at
+/// either end.
+QString NSNaturalLanguageReader::orderOf(const std::vector<Number> &numbers) const
+{
     QString order = _order;
-    if (parts.size() < 3 || parts.back().digits == 4 || first < 0)
-        order.remove(u'y');
-    if (parts.size() == 3 && order.size() == 2)
-        order.insert(first < 0 ? 0 : 2, u'y');
-    if (order.size() != qsizetype(parts.size()))
+    const bool startsWithYear = numbers.front().digits == 4;
+    const bool endsWithYear = numbers.back().digits == 4;
+    if (numbers.size() == 3 && !startsWithYear && !endsWithYear)
+        return order;
+    order.remove(u'y');
+    if (numbers.size() == 3)
+        order.insert(startsWithYear ? 0 : 2, u'y');
+    return order;
+}
+
+bool NSNaturalLanguageReader::assignDate(const std::vector<Number> &numbers, const QString &order)
+{
+    if (order.size() != qsizetype(numbers.size()))
         return false;
     bool isNew = true;
-    for (size_t index = 0; index < parts.size(); ++index) {
-        const Part &part = parts[index];
+    for (size_t index = 0; index < numbers.size(); ++index) {
+        const Number &number = numbers[index];
         const QChar letter = order[qsizetype(index)];
         if (letter == u'y')
-            isNew = assignYear(part.number, part.digits) && isNew;
+            isNew = assignYear(number.value, number.digits) && isNew;
         else
-            isNew = setOnce(letter == u'm' ? &_said.month : &_said.day, part.number) && isNew;
+            isNew = setOnce(letter == u'm' ? &_said.month : &_said.day, number.value) && isNew;
     }
     return isNew;
 }

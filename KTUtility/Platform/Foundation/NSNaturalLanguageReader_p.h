@@ -44,7 +44,7 @@ struct NSNaturalLanguageSaid
 };
 
 /// Takes a text apart into words and numbers.
-class NSNaturalLanguageReader
+class KTUTILITY_EXPORT NSNaturalLanguageReader
 {
 public:
     /// \param order the letters d, m and y in the user's order.
@@ -57,6 +57,7 @@ public:
 
 private:
     using Kind = NSNaturalLanguageMeaning::Kind;
+    using Number = NSNaturalLanguageSaid::Number;
 
     bool readNext();
     bool readWord(const NSNaturalLanguageWord &word);
@@ -65,7 +66,9 @@ private:
     bool readDirection(int sign);
     bool readAmountInWords(int number, bool isInFuture);
     bool readNumber();
-    bool readDateOfNumbers(char16_t separator, int first);
+    bool readDateOfNumbers(const Number &first);
+    QString orderOf(const std::vector<Number> &numbers) const;
+    bool assignDate(const std::vector<Number> &numbers, const QString &order);
     bool readClock(int hour);
     bool readNumberWithMark(int number, int digits);
     bool readHourMark(int hour);

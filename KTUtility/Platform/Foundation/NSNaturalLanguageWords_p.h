@@ -51,7 +51,7 @@ struct NSNaturalLanguageWord
 
 /// The words for dates of one language: those in ICU's locale data (relative days and amounts,
 /// weekdays, months, AM and PM), and for English, German, French and Japanese more.
-class NSNaturalLanguageWords
+class KTUTILITY_EXPORT NSNaturalLanguageWords
 {
 public:
     using Kind = NSNaturalLanguageMeaning::Kind;

@@ -163,8 +163,8 @@ QDateTime dateIn(const QString &text, const QString &zone)
     return local.isValid() ? QDateTime(local.date(), local.time(), zoneNamed(zone)) : QDateTime();
 }
 
-/// Widths and these letters are extensions of others.
-bool isExtension(const QString &format)
+/// Widths, and the letter R, are not offered.
+bool isNotOffered(const QString &format)
 {
     return format == u"%2e" || format == u"%R";
 }
@@ -178,7 +178,7 @@ void expectOldText(const QJsonObject &row)
     const QDateTime date =
         dateIn(row[u"date"].toString().section(u' ', 0, 0), QStringLiteral("CET"));
     const QString text = formatter.stringFromDate(date);
-    EXPECT_EQ(text == row[u"expected"].toString(), !isExtension(row[u"format"].toString()))
+    EXPECT_EQ(text == row[u"expected"].toString(), !isNotOffered(row[u"format"].toString()))
         << qPrintable(row[u"format"].toString() + u' ' + text);
 }
 

@@ -23,6 +23,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSKeyValueCodingTests.cpp
     Platform/Foundation/NSLocaleTests.cpp
     Platform/Foundation/NSNaturalLanguageDateTests.cpp
+    Platform/Foundation/NSNaturalLanguageReaderTests.cpp
     Platform/Foundation/NSNumberFormatterDifferentialTests.cpp
     Platform/Foundation/NSNumberFormatterReadingTests.cpp
     Platform/Foundation/NSNumberFormatterTableTests.cpp
