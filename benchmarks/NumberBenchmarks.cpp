@@ -68,6 +68,20 @@ void peerFormat(benchmark::State &state)
     }
 }
 
+/// In the setting that only ICU can write.
+void peerFormatSignificant(benchmark::State &state)
+{
+    const auto format = readyFormat("en_US");
+    format->setMaximumSignificantDigits(6);
+    format->setSignificantDigitsUsed(true);
+    for (auto _ : state) {
+        UErrorCode status = U_ZERO_ERROR;
+        icu::UnicodeString text;
+        format->format(icu::StringPiece("1234567.891"), text, nullptr, status);
+        benchmark::DoNotOptimize(text);
+    }
+}
+
 QVariant shownNumber()
 {
     return QVariant::fromValue(NSDecimalNumber::decimalNumberWithString(u"1234567.891"));
@@ -123,6 +137,7 @@ void walk(benchmark::State &state)
 BENCHMARK(peerParse<Plain>)->Name("Numbers/peer: ICU parse");
 BENCHMARK(peerParse<Special>)->Name("Numbers/peer: ICU parse of special blanks");
 BENCHMARK(peerFormat)->Name("Numbers/peer: ICU format");
+BENCHMARK(peerFormatSignificant)->Name("Numbers/peer: ICU format, significant digits");
 BENCHMARK(read<Plain>)->Name("Numbers/read, first pass");
 BENCHMARK(read<Grouped>)->Name("Numbers/read, third pass");
 BENCHMARK(read<Refused>)->Name("Numbers/read, refused");
@@ -143,6 +158,6 @@ const bool isRegistered =
     compareWith("Numbers/show, ASCII digits", Format, 0.15) &&
     compareWith("Numbers/show, Arabic digits", Format, 1.3) &&
     compareWith("Numbers/show money", Format, 1.3) &&
-    compareWith("Numbers/show with ICU", Format, 1.3) &&
+    compareWith("Numbers/show with ICU", "Numbers/peer: ICU format, significant digits", 1.3) &&
     compareWith("Numbers/currency walk without a hit", Parse, 10);
 } // namespace

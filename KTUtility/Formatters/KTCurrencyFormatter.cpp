@@ -11,9 +11,9 @@ namespace {
 constexpr int AllFractionDigits = 100;
 constexpr int DetailLevel = 7;
 
-QString nilIfEmpty(const QString &text)
+QString nilIfEmpty(QString &&text)
 {
-    return text.isEmpty() ? QString() : text;
+    return text.isEmpty() ? QString() : std::move(text);
 }
 
 const QString &replacementCurrency()

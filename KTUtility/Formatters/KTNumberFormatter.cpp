@@ -26,9 +26,9 @@ QStringView trimmed(QStringView text)
     return text;
 }
 
-QString nilIfEmpty(const QString &text)
+QString nilIfEmpty(QString &&text)
 {
-    return text.isEmpty() ? QString() : text;
+    return text.isEmpty() ? QString() : std::move(text);
 }
 } // namespace
 

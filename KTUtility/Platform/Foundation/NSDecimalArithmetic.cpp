@@ -313,7 +313,7 @@ NSDecimalIntermediate NSDecimalArithmetic::quotient(const NSDecimalParts &left,
     return result;
 }
 
-std::string_view NSDecimalArithmetic::digits(NSCoefficient value, std::array<char, 40> &buffer)
+std::string_view NSDecimalArithmetic::digits(NSCoefficient value, std::span<char> buffer)
 {
     char *at = buffer.data() + buffer.size();
     while (value >> 64 != 0) { // nineteen digits at a time, since small divisions are fast ones

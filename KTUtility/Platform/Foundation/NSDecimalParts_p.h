@@ -3,6 +3,7 @@
 #include "NSDecimalNumber.h"
 
 #include <array>
+#include <span>
 #include <string_view>
 
 // The arithmetic of decimals: coefficients of 128 bits, intermediate results of 256.
@@ -61,6 +62,6 @@ NSDecimalIntermediate product(const NSDecimalParts &left, const NSDecimalParts &
 /// \a right is not zero.
 NSDecimalIntermediate quotient(const NSDecimalParts &left, const NSDecimalParts &right);
 
-/// The digits of a coefficient, at the end of \a buffer.
-std::string_view digits(NSCoefficient value, std::array<char, 40> &buffer);
+/// The digits of a coefficient, at the end of \a buffer, which has room for 40.
+std::string_view digits(NSCoefficient value, std::span<char> buffer);
 } // namespace NSDecimalArithmetic

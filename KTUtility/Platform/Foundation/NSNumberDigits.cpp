@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstring>
 
 namespace {
 using Digits = NSNumberDigits;
@@ -13,48 +12,44 @@ using Digits = NSNumberDigits;
 /// Drops zeros at both ends; zero has no digits.
 void trim(Digits &number)
 {
-    while (number.count > 0 && number.digits[size_t(number.count - 1)] == '0')
+    while (number.count > 0 && number.digitAt(number.count - 1) == '0')
         --number.count;
-    int leading = 0;
-    while (leading < number.count && number.digits[size_t(leading)] == '0')
-        ++leading;
-    if (leading > 0) {
-        std::memmove(number.digits.data(), number.digits.data() + leading,
-                     size_t(number.count - leading));
-        number.count -= leading;
-        number.pointPosition -= leading;
+    while (number.count > 0 && number.digitAt(0) == '0') {
+        ++number.first;
+        --number.count;
+        --number.pointPosition;
     }
     if (number.count == 0)
         number.pointPosition = 0;
 }
 
-Digits digitsOfInteger(quint64 magnitude, bool isNegative)
+/// Digits before the point only, and zeros behind them.
+void takeCoefficient(Digits &number, NSCoefficient coefficient, int exponent, bool isNegative)
 {
-    Digits number;
-    const auto end =
-        std::to_chars(number.digits.data(), number.digits.data() + Digits::Capacity, magnitude);
-    number.count = number.pointPosition = int(end.ptr - number.digits.data());
+    const std::string_view text = NSDecimalArithmetic::digits(coefficient, number.buffer);
+    number.first = int(text.data() - number.buffer.data());
+    number.count = int(text.size());
+    number.pointPosition = number.count + exponent;
     number.isNegative = isNegative;
     trim(number);
-    return number;
 }
 
-Digits digitsOfSigned(qint64 value)
+void takeSigned(Digits &number, qint64 value)
 {
-    return digitsOfInteger(value < 0 ? 0 - quint64(value) : quint64(value), value < 0);
+    takeCoefficient(number, value < 0 ? 0 - quint64(value) : quint64(value), 0, value < 0);
 }
 
 /// Reads what std::to_chars writes in scientific form: d[.ddd]e±dd.
-Digits digitsOfDouble(double value)
+void takeDouble(Digits &number, double value)
 {
     std::array<char, 32> text{};
     const auto end = std::to_chars(text.data(), text.data() + text.size(), std::fabs(value),
                                    std::chars_format::scientific);
-    Digits number;
+    number.first = number.count = 0;
     const char *at = text.data();
     for (; at < end.ptr && *at != 'e'; ++at) {
         if (*at != '.')
-            number.digits[size_t(number.count++)] = *at;
+            number.digitAt(number.count++) = *at;
     }
     int exponent = 0;
     const bool isPlus = at + 1 < end.ptr && at[1] == '+';
@@ -62,21 +57,6 @@ Digits digitsOfDouble(double value)
     number.pointPosition = exponent + 1;
     number.isNegative = std::signbit(value);
     trim(number);
-    return number;
-}
-
-Digits digitsOfDecimal(const NSDecimalNumber &value)
-{
-    const NSDecimalParts parts = NSDecimalParts::of(value);
-    std::array<char, 40> buffer;
-    const std::string_view text = NSDecimalArithmetic::digits(parts.coefficient, buffer);
-    Digits number;
-    std::copy(text.begin(), text.end(), number.digits.begin());
-    number.count = int(text.size());
-    number.pointPosition = number.count + parts.exponent;
-    number.isNegative = parts.isNegative;
-    trim(number);
-    return number;
 }
 
 /// How the digits from \a kept on compare with half of the last kept place: -1, 0 or 1.
@@ -84,7 +64,7 @@ int compareWithHalf(const Digits &number, int kept)
 {
     if (kept < 0)
         return -1;
-    const char first = number.digits[size_t(kept)];
+    const char first = number.digitAt(kept);
     if (first != '5')
         return first < '5' ? -1 : 1;
     return number.count > kept + 1 ? 1 : 0;
@@ -92,7 +72,7 @@ int compareWithHalf(const Digits &number, int kept)
 
 bool isLastDigitOdd(const Digits &number, int kept)
 {
-    return kept > 0 && (number.digits[size_t(kept - 1)] - '0') % 2 == 1;
+    return kept > 0 && (number.digitAt(kept - 1) - '0') % 2 == 1;
 }
 
 /// Whether the magnitude grows when the digits from \a kept on are dropped; the modes in the order
@@ -122,35 +102,40 @@ bool roundsAway(const Digits &number, int kept, int mode)
 void increment(Digits &number, int kept)
 {
     int at = kept - 1;
-    while (at >= 0 && number.digits[size_t(at)] == '9')
+    while (at >= 0 && number.digitAt(at) == '9')
         --at;
     if (at < 0) { // all nines, or nothing kept
-        number.digits[0] = '1';
+        number.digitAt(0) = '1';
         number.count = 1;
         ++number.pointPosition;
         return;
     }
-    ++number.digits[size_t(at)];
+    ++number.digitAt(at);
     number.count = at + 1;
 }
 } // namespace
 
-std::optional<NSNumberDigits> NSNumberDigits::of(const QVariant &number)
+bool NSNumberDigits::take(const QVariant &number)
 {
     const int type = number.metaType().id();
     if (type == QMetaType::Double || type == QMetaType::Float) {
         const double value = number.toDouble();
-        if (!std::isfinite(value))
-            return std::nullopt;
-        return digitsOfDouble(value);
+        if (std::isfinite(value))
+            takeDouble(*this, value);
+        return std::isfinite(value);
     }
     if (type == qMetaTypeId<NSDecimalNumber>()) {
         const auto &value = *static_cast<const NSDecimalNumber *>(number.constData());
-        return value.isNaN() ? std::nullopt : std::optional(digitsOfDecimal(value));
+        const NSDecimalParts parts = NSDecimalParts::of(value);
+        if (!value.isNaN())
+            takeCoefficient(*this, parts.coefficient, parts.exponent, parts.isNegative);
+        return !value.isNaN();
     }
     if (type == QMetaType::ULongLong || type == QMetaType::ULong)
-        return digitsOfInteger(number.toULongLong(), false);
-    return digitsOfSigned(number.toLongLong());
+        takeCoefficient(*this, number.toULongLong(), 0, false);
+    else
+        takeSigned(*this, number.toLongLong());
+    return true;
 }
 
 void NSNumberDigits::round(int places, int mode)

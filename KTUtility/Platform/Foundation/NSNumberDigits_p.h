@@ -5,7 +5,6 @@
 #include <QVariant>
 
 #include <array>
-#include <optional>
 
 /// A finite number as its decimal digits: 0.d1d2d3… × 10^pointPosition.
 ///
@@ -15,16 +14,21 @@ struct NSNumberDigits
 {
     static constexpr int Capacity = 48;
 
-    /// The digits of a number variant; none for NaN, infinities and what is no number.
-    static std::optional<NSNumberDigits> of(const QVariant &number);
+    /// Takes the digits of a number variant. Filled in place, since copying bytes that were just
+    /// written is slow.
+    /// \return false for NaN, infinities and what is no number.
+    bool take(const QVariant &number);
 
     /// Rounds to \a places digits after the point.
     /// \param mode a NSNumberFormatterRoundingMode.
     void round(int places, int mode);
 
-    bool isZero() const { return count == 0; }
+    /// The digit at \a index, '0' … '9'; the first and the last are no zeros.
+    char &digitAt(int index) { return buffer[size_t(first + index)]; }
+    char digitAt(int index) const { return buffer[size_t(first + index)]; }
 
-    std::array<char, Capacity> digits; ///< '0' … '9', no zero at either end
+    std::array<char, Capacity> buffer;
+    int first = 0; ///< where the digits begin in the buffer
     int count = 0;
     int pointPosition = 0; ///< how many digits stand before the point; may be negative
     bool isNegative = false;

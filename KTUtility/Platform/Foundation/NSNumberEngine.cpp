@@ -1,7 +1,9 @@
 #include "NSNumberEngine_p.h"
 
+#include "NSDecimalParts_p.h"
 #include "NSICU_p.h"
 #include "NSNumberFormatter.h"
+#include "NSNumberText_p.h"
 
 #include <unicode/dcfmtsym.h>
 #include <unicode/numfmt.h>
@@ -13,6 +15,8 @@
 #include <QMutexLocker>
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <limits>
 
 using icu::DecimalFormat;
@@ -180,7 +184,6 @@ std::shared_ptr<const NSNumberEngine> NSNumberEngine::engineFor(const NSNumberSe
 NSNumberEngine::NSNumberEngine(const NSNumberSettings &settings)
 {
     create(settings);
-    _isForMoney = isCurrencyStyle(settings.style);
     _format->setLenient(settings.lenient);
     if (settings.usesGroupingSeparator)
         _format->setGroupingUsed(*settings.usesGroupingSeparator);
@@ -377,10 +380,8 @@ QString NSNumberEngine::stringFromNumber(const QVariant &number) const
     const bool isDecimal = type == qMetaTypeId<NSDecimalNumber>();
     const bool isUnsigned = type == QMetaType::ULongLong || type == QMetaType::ULong;
     icu::UnicodeString text;
-    if (_decimalFormat && isDecimal)
-        return stringFromDigits(number.value<NSDecimalNumber>().description().toLatin1());
-    if (_decimalFormat && isUnsigned)
-        return stringFromDigits(QByteArray::number(number.toULongLong()));
+    if (_decimalFormat && (isDecimal || isUnsigned))
+        return stringFromDecimal(NSDecimalNumber::decimalNumberWithNumber(number));
     if (isDecimal)
         _format->format(number.value<NSDecimalNumber>().doubleValue(), text);
     else if (isUnsigned || type == QMetaType::Double || type == QMetaType::Float)
@@ -390,11 +391,22 @@ QString NSNumberEngine::stringFromNumber(const QVariant &number) const
     return NSICU::stringOf(text);
 }
 
-QString NSNumberEngine::stringFromDigits(const QByteArray &digits) const
+/// Through the decimal's digits, "-1234567891E-3".
+QString NSNumberEngine::stringFromDecimal(const NSDecimalNumber &number) const
 {
     icu::UnicodeString text;
     UErrorCode status = U_ZERO_ERROR;
-    const icu::StringPiece piece(digits.constData(), int32_t(digits.size()));
+    const NSDecimalParts parts = NSDecimalParts::of(number);
+    std::array<char, 64> buffer{};
+    char *at = buffer.data();
+    if (parts.isNegative)
+        *at++ = '-';
+    std::array<char, 40> digits;
+    const std::string_view coefficient = NSDecimalArithmetic::digits(parts.coefficient, digits);
+    at = std::copy(coefficient.begin(), coefficient.end(), at);
+    *at++ = 'E';
+    at = std::to_chars(at, buffer.data() + buffer.size(), parts.exponent).ptr;
+    const icu::StringPiece piece(number.isNaN() ? "NaN" : buffer.data());
     _decimalFormat->format(piece, text, nullptr, status);
     return U_SUCCESS(status) ? NSICU::stringOf(text) : QString();
 }
@@ -563,6 +575,9 @@ void NSNumberEngine::preparePaths(const NSNumberSettings &settings)
                                : DecimalFormatSymbols::kDecimalSeparatorSymbol;
     const icu::UnicodeString &text = symbols()->getConstSymbol(separator);
     _decimalSeparator = text.isEmpty() ? u'.' : text[0];
+    const QString sign = symbol(DecimalFormatSymbols::kCurrencySymbol);
+    _hasBlankInCurrencySign = isCurrencyStyle(settings.style) &&
+                              std::any_of(sign.begin(), sign.end(), NSNumberText::isBlank);
     _writer = writerFor(settings, *_decimalFormat);
     _reader = readerFor(settings, *_decimalFormat);
 }

@@ -35,7 +35,8 @@ public:
 
     /// Null for numbers in words.
     const icu::DecimalFormat *decimalFormat() const { return _decimalFormat; }
-    bool isForMoney() const { return _isForMoney; }
+    /// Whether it is for money with a sign such as "$ US".
+    bool hasBlankInCurrencySign() const { return _hasBlankInCurrencySign; }
     const icu::DecimalFormatSymbols *symbols() const;
     QString symbol(icu::DecimalFormatSymbols::ENumberFormatSymbol symbol) const;
     /// The pattern as ICU writes it.
@@ -60,13 +61,13 @@ private:
     void applyDigits(const NSNumberSettings &settings);
     void applyWidth(const NSNumberSettings &settings);
     void applyGrouping(const NSNumberSettings &settings);
-    QString stringFromDigits(const QByteArray &digits) const;
+    QString stringFromDecimal(const NSDecimalNumber &number) const;
     bool hasUnpairedParenthesis(QStringView read) const;
     void preparePaths(const NSNumberSettings &settings);
 
     std::unique_ptr<icu::NumberFormat> _format;
     icu::DecimalFormat *_decimalFormat = nullptr;
-    bool _isForMoney = false;
+    bool _hasBlankInCurrencySign = false;
     bool _needsPairedParentheses = false;
     char16_t _decimalSeparator = u'.';
     std::optional<NSNumberReader> _reader;

@@ -56,9 +56,9 @@ ReadNumber readWithICU(const NSNumberEngine &engine, QStringView text)
     ReadNumber number = numberOf(reading, {squeezed.begin(), end - squeezed.begin()});
     number.isInteger = reading.isInteger && end == text.size();
     const bool isWhole = number.isNumber && reading.length == squeezed.squeezed().size();
-    if (isWhole || !engine.isForMoney() || squeezed.isUnchanged(text))
+    if (isWhole || !engine.hasBlankInCurrencySign() || squeezed.isUnchanged(text))
         return number;
-    // Some currencies have a blank in their sign ("$ US"), which the first try has squeezed out.
+    // The first try has squeezed out the blank of the sign, too ("$ US").
     const NSNumberReading exact = engine.read(text.mid(squeezed.begin()));
     const bool isBetter = exact.isNumber && exact.length > number.range.length;
     return isBetter ? numberOf(exact, {squeezed.begin(), exact.length}) : number;
@@ -139,18 +139,15 @@ QString NSNumberFormatter::specialString(const QVariant &value) const
 
 QString NSNumberFormatter::stringForObjectValue(const QVariant &value) const
 {
-    if (NSObject::isNil(value))
-        return _nilSymbol;
     if (!NSObject::isNumber(value))
-        return {};
+        return NSObject::isNil(value) ? _nilSymbol : QString();
+    const NSNumberEngine &engine = _private->engine();
+    NSNumberDigits digits;
+    if (_zeroSymbol.isNull() && engine.writer() && digits.take(value) &&
+        digits.pointPosition <= engine.writer()->maximumIntegerDigits)
+        return engine.writer()->write(digits);
     if (const QString special = specialString(value); !special.isNull())
         return special;
-    const NSNumberEngine &engine = _private->engine();
-    if (engine.writer()) {
-        const std::optional<NSNumberDigits> digits = NSNumberDigits::of(value);
-        if (digits && digits->pointPosition <= engine.writer()->maximumIntegerDigits)
-            return engine.writer()->write(*digits);
-    }
     return engine.stringFromNumber(value);
 }
 

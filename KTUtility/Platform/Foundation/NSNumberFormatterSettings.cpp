@@ -102,6 +102,7 @@ bool NSNumberFormatter::usesGroupingSeparator() const
 void NSNumberFormatter::setUsesGroupingSeparator(bool uses)
 {
     _private->settings.usesGroupingSeparator = uses;
+    _private->variantChanged();
 }
 
 int NSNumberFormatter::groupingSize() const
@@ -278,6 +279,7 @@ void NSNumberFormatter::Private::setAffix(
     icu::UnicodeString &(DecimalFormat::*get)(icu::UnicodeString &) const)
 {
     settings.*affix = QString();
+    variantChanged();
     if (text.isNull() || !isCurrencyStyle(settings.style)) {
         settings.*affix = text;
     } else if (affixOf(engine(), get) != text) {
@@ -285,6 +287,7 @@ void NSNumberFormatter::Private::setAffix(
         const QString placeholder = QString(QChar(CurrencySign));
         settings.*affix = symbol.isEmpty() ? text : QString(text).replace(symbol, placeholder);
     }
+    variantChanged();
 }
 
 QString NSNumberFormatter::positivePrefix() const

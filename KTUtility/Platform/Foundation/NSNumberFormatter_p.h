@@ -20,7 +20,10 @@ struct NSNumberFormatter::Private
     {
         _variants.clear();
         _currencyVariants.clear();
+        _current = nullptr;
     }
+    /// The negative affixes or groups have changed.
+    void variantChanged() { _current = nullptr; }
 
     /// Sets anything else; what is the same already changes nothing.
     template<typename Setting, typename Value>
@@ -41,7 +44,12 @@ struct NSNumberFormatter::Private
                   icu::UnicodeString &(icu::DecimalFormat::*get)(icu::UnicodeString &) const);
 
     /// The engine for the settings.
-    const NSNumberEngine &engine() const { return engineIn(_variants, false); }
+    const NSNumberEngine &engine() const
+    {
+        if (!_current)
+            _current = &engineIn(_variants, false);
+        return *_current;
+    }
 
     /// Reads with \a attempt, a function of an engine that answers how much it read (-1: nothing)
     /// and a result. Money is read with the sign that was set, as long as its currency is the same,
@@ -102,6 +110,7 @@ private:
         return *variants.last().engine;
     }
 
+    mutable const NSNumberEngine *_current = nullptr;
     mutable Variants _variants;
     mutable Variants _currencyVariants;
 };

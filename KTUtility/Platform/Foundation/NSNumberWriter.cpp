@@ -1,87 +1,112 @@
 #include "NSNumberWriter_p.h"
 
-#include <QVarLengthArray>
-
 #include <algorithm>
 
-/// One text in the making, on the stack.
+/// One text in the making. Its length is known beforehand, so that every unit is written where it
+/// stays: copying what was just written unit by unit would cost more than all the rest.
 class NSNumberWriter::Writing
 {
 public:
     Writing(const NSNumberWriter &writer, const NSNumberDigits &number)
-        : _writer(writer), _number(number)
+        : _writer(writer)
+        , _number(number)
+        , _integerDigits(integerDigits())
+        , _fractionDigits(fractionDigits())
     {
     }
 
     QString run()
     {
-        append(_number.isNegative ? _writer.negativePrefix : _writer.positivePrefix);
+        const QString &prefix =
+            _number.isNegative ? _writer.negativePrefix : _writer.positivePrefix;
+        const QString &suffix =
+            _number.isNegative ? _writer.negativeSuffix : _writer.positiveSuffix;
+        const qsizetype point = _fractionDigits > 0 ? _writer.decimalSeparator.size() : 0;
+        QString text(prefix.size() + _integerDigits + groupCount() * groupSize() + point +
+                         _fractionDigits + suffix.size(),
+                     Qt::Uninitialized);
+        _at = text.data();
+        append(prefix);
         writeInteger();
         writeFraction();
-        append(_number.isNegative ? _writer.negativeSuffix : _writer.positiveSuffix);
-        return QString(_text.constData(), _text.size());
+        append(suffix);
+        return text;
     }
 
 private:
-    void append(const QString &text) { _text.append(text.constData(), text.size()); }
+    int fractionDigits() const
+    {
+        return std::max({_number.count - _number.pointPosition, _writer.minimumFractionDigits, 0});
+    }
+
+    int integerDigits() const
+    {
+        const int least = fractionDigits() > 0 ? 0 : 1;
+        return std::max({_number.pointPosition, _writer.minimumIntegerDigits, least});
+    }
+
+    void append(const QString &text)
+    {
+        for (const QChar unit : text) // mostly none or one
+            *_at++ = unit;
+    }
 
     /// The digit at a position counted from the first significant one.
     QChar digitAt(int position) const
     {
         const bool isInside = position >= 0 && position < _number.count;
-        const int digit = isInside ? _number.digits[size_t(position)] - '0' : 0;
+        const int digit = isInside ? _number.digitAt(position) - '0' : 0;
         return QChar(char16_t(_writer.zeroDigit + digit));
     }
 
-    bool isGrouped(int integerDigits) const
+    bool isGrouped() const
     {
         return _writer.groupingSize > 0 &&
-               integerDigits >= _writer.groupingSize + _writer.minimumGroupingDigits;
+               _integerDigits >= _writer.groupingSize + _writer.minimumGroupingDigits;
     }
 
-    bool isGroupStart(int place) const
+    qsizetype groupSize() const { return _writer.groupingSeparator.size(); }
+
+    /// How many separators there are.
+    int groupCount() const
     {
-        if (place == _writer.groupingSize)
-            return true;
-        return place > _writer.groupingSize &&
-               (place - _writer.groupingSize) % _writer.secondaryGroupingSize == 0;
+        if (!isGrouped())
+            return 0;
+        return 1 + (_integerDigits - _writer.groupingSize - 1) / _writer.secondaryGroupingSize;
     }
 
     void writeInteger()
     {
-        const int least = hasFraction() ? 0 : 1;
-        const int count = std::max({_number.pointPosition, _writer.minimumIntegerDigits, least});
-        const bool grouped = isGrouped(count);
-        for (int place = count; place > 0; --place) {
-            _text.append(digitAt(_number.pointPosition - place));
-            if (grouped && isGroupStart(place - 1))
+        int separators = groupCount();
+        // The place of the next separator, counted from the point; divisions are slow.
+        int next = _writer.groupingSize + (separators - 1) * _writer.secondaryGroupingSize;
+        for (int place = _integerDigits; place > 0; --place) {
+            *_at++ = digitAt(_number.pointPosition - place);
+            if (separators > 0 && place - 1 == next) {
                 append(_writer.groupingSeparator);
+                next -= _writer.secondaryGroupingSize;
+                --separators;
+            }
         }
     }
 
-    int fractionDigits() const
-    {
-        return std::max(_number.count - _number.pointPosition, _writer.minimumFractionDigits);
-    }
-
-    bool hasFraction() const { return fractionDigits() > 0; }
-
     void writeFraction()
     {
-        const int count = fractionDigits();
-        if (count <= 0)
+        if (_fractionDigits == 0)
             return;
         append(_writer.decimalSeparator);
-        for (int place = 0; place < count; ++place)
-            _text.append(digitAt(_number.pointPosition + place));
+        for (int place = 0; place < _fractionDigits; ++place)
+            *_at++ = digitAt(_number.pointPosition + place);
     }
 
     const NSNumberWriter &_writer;
     const NSNumberDigits &_number;
-    QVarLengthArray<QChar, 128> _text;
+    const int _integerDigits;
+    const int _fractionDigits;
+    QChar *_at = nullptr;
 };
 
-QString NSNumberWriter::write(NSNumberDigits number) const
+QString NSNumberWriter::write(NSNumberDigits &number) const
 {
     number.round(maximumFractionDigits, roundingMode);
     return Writing(*this, number).run();

@@ -11,8 +11,8 @@
 class NSNumberWriter
 {
 public:
-    /// The text of \a number, rounded first.
-    QString write(NSNumberDigits number) const;
+    /// The text of \a number, which is rounded first.
+    QString write(NSNumberDigits &number) const;
 
     QString positivePrefix;
     QString positiveSuffix;
