@@ -379,36 +379,41 @@ QString NSNumberEngine::stringFromNumber(const QVariant &number) const
     const int type = number.metaType().id();
     const bool isDecimal = type == qMetaTypeId<NSDecimalNumber>();
     const bool isUnsigned = type == QMetaType::ULongLong || type == QMetaType::ULong;
-    icu::UnicodeString text;
     if (_decimalFormat && (isDecimal || isUnsigned))
         return stringFromDecimal(NSDecimalNumber::decimalNumberWithNumber(number));
-    if (isDecimal)
-        _format->format(number.value<NSDecimalNumber>().doubleValue(), text);
-    else if (isUnsigned || type == QMetaType::Double || type == QMetaType::Float)
-        _format->format(number.toDouble(), text);
-    else
-        _format->format(int64_t(number.toLongLong()), text);
-    return NSICU::stringOf(text);
+    return NSICU::stringWrittenBy([&](icu::UnicodeString &text) {
+        if (isDecimal)
+            _format->format(number.value<NSDecimalNumber>().doubleValue(), text);
+        else if (isUnsigned || type == QMetaType::Double || type == QMetaType::Float)
+            _format->format(number.toDouble(), text);
+        else
+            _format->format(int64_t(number.toLongLong()), text);
+    });
 }
 
 /// Through the decimal's digits, "-1234567891E-3".
 QString NSNumberEngine::stringFromDecimal(const NSDecimalNumber &number) const
 {
-    icu::UnicodeString text;
     UErrorCode status = U_ZERO_ERROR;
     const NSDecimalParts parts = NSDecimalParts::of(number);
-    std::array<char, 64> buffer{};
-    char *at = buffer.data();
+    // The exponent behind the place of the digits, which grow towards the start.
+    constexpr size_t DigitsEnd = 48;
+    std::array<char, 64> buffer;
+    const std::string_view digits =
+        NSDecimalArithmetic::digits(parts.coefficient, std::span(buffer).first(DigitsEnd));
+    buffer[DigitsEnd] = 'E';
+    const char *const end =
+        std::to_chars(buffer.data() + DigitsEnd + 1, buffer.data() + buffer.size(), parts.exponent)
+            .ptr;
+    const char *start = digits.data();
     if (parts.isNegative)
-        *at++ = '-';
-    std::array<char, 40> digits;
-    const std::string_view coefficient = NSDecimalArithmetic::digits(parts.coefficient, digits);
-    at = std::copy(coefficient.begin(), coefficient.end(), at);
-    *at++ = 'E';
-    at = std::to_chars(at, buffer.data() + buffer.size(), parts.exponent).ptr;
-    const icu::StringPiece piece(number.isNaN() ? "NaN" : buffer.data());
-    _decimalFormat->format(piece, text, nullptr, status);
-    return U_SUCCESS(status) ? NSICU::stringOf(text) : QString();
+        buffer[size_t(--start - buffer.data())] = '-';
+    const icu::StringPiece piece =
+        number.isNaN() ? icu::StringPiece("NaN") : icu::StringPiece(start, int32_t(end - start));
+    const QString text = NSICU::stringWrittenBy([&](icu::UnicodeString &written) {
+        _decimalFormat->format(piece, written, nullptr, status);
+    });
+    return U_SUCCESS(status) ? text : QString();
 }
 
 NSNumberReading NSNumberEngine::read(QStringView text) const
