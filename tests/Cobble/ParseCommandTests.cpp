@@ -1,6 +1,6 @@
 #include "Cobble/CommandSupport.h"
 
-#include "Formatters/DateTimeSupport.h"
+#include "Formatters/FormatterSupport.h"
 #include "support/TestSupport.h"
 
 using namespace testing_support;

@@ -5,6 +5,7 @@
 #include <KTUtility/Platform/Foundation/NSDecimalNumber.h>
 #include <KTUtility/Platform/Foundation/NSNumberFormatter.h>
 
+#include "FormatterSupport.h"
 #include "support/TestSupport.h"
 
 #include <QBrush>
@@ -15,19 +16,6 @@
 using namespace testing_support;
 
 namespace {
-/// The user's locale for the length of a test.
-class UserLocale
-{
-public:
-    explicit UserLocale(const char *identifier)
-    {
-        NSLocale::setCurrentLocale(NSLocale(QString::fromLatin1(identifier)));
-    }
-    ~UserLocale() { NSLocale::resetCurrentLocale(); }
-    UserLocale(const UserLocale &) = delete;
-    UserLocale &operator=(const UserLocale &) = delete;
-};
-
 QString reading(const KTCurrencyFormatter &formatter, const QString &text)
 {
     QVariant value;

@@ -6,7 +6,7 @@
 #include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>
 #include <KTUtility/Platform/Foundation/NSObject.h>
 
-#include "DateTimeSupport.h"
+#include "FormatterSupport.h"
 #include "support/TestSupport.h"
 
 #include <QSignalSpy>

@@ -2,7 +2,7 @@
 #include <KTUtility/KTLogCapture.h>
 #include <KTUtility/KTLoggerComponents.h>
 
-#include "DateTimeSupport.h"
+#include "FormatterSupport.h"
 #include "support/TestSupport.h"
 
 #include <QJsonArray>

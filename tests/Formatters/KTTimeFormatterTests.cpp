@@ -1,6 +1,6 @@
 #include <KTUtility/Formatters/KTTimeFormatter.h>
 
-#include "DateTimeSupport.h"
+#include "FormatterSupport.h"
 #include "support/TestSupport.h"
 
 using namespace testing_support;

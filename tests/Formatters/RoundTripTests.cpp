@@ -3,7 +3,7 @@
 #include <KTUtility/Formatters/KTTimeFormatter.h>
 #include <KTUtility/Platform/Foundation/NSDecimalNumber.h>
 
-#include "DateTimeSupport.h"
+#include "FormatterSupport.h"
 #include "support/TestSupport.h"
 
 #include <QRegularExpression>

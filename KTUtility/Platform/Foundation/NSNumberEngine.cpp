@@ -23,7 +23,6 @@ using icu::DecimalFormat;
 using icu::DecimalFormatSymbols;
 
 namespace {
-constexpr char16_t CurrencySign = u'\u00A4';
 constexpr int PlainStyleIntegerDigits = 42;
 
 UNumberFormatStyle icuStyle(int style)
@@ -46,12 +45,6 @@ UNumberFormatStyle icuStyle(int style)
     }
 }
 
-bool isCurrencyStyle(int style)
-{
-    return style == NSNumberFormatterCurrencyStyle ||
-           style >= NSNumberFormatterCurrencyISOCodeStyle;
-}
-
 std::unique_ptr<icu::NumberFormat> formatOf(const icu::Locale &locale, int style,
                                             UErrorCode &status)
 {
@@ -61,11 +54,6 @@ std::unique_ptr<icu::NumberFormat> formatOf(const icu::Locale &locale, int style
         return std::make_unique<icu::RuleBasedNumberFormat>(icu::URBNF_ORDINAL, locale, status);
     return std::unique_ptr<icu::NumberFormat>(
         icu::NumberFormat::createInstance(locale, icuStyle(style), status));
-}
-
-bool isPlainStyle(int style)
-{
-    return style == NSNumberFormatterNoStyle || style == NSNumberFormatterDecimalStyle;
 }
 
 size_t hashOf(const NSNumberSettings &settings)
@@ -88,7 +76,7 @@ QString quoted(const QString &affix)
         literal.clear();
     };
     for (const QChar unit : affix) {
-        if (unit == CurrencySign) {
+        if (unit == NSNumberSettings::CurrencySign) {
             flush();
             text += unit;
         } else {
@@ -219,7 +207,7 @@ void NSNumberEngine::create(const NSNumberSettings &settings)
 void NSNumberEngine::applySymbols(const NSNumberSettings &settings)
 {
     DecimalFormatSymbols symbols(*_decimalFormat->getDecimalFormatSymbols());
-    const bool isCurrency = isCurrencyStyle(settings.style);
+    const bool isCurrency = settings.isForMoney();
     setSymbol(symbols, DecimalFormatSymbols::kDecimalSeparatorSymbol, settings.decimalSeparator);
     setSymbol(symbols, DecimalFormatSymbols::kGroupingSeparatorSymbol, settings.groupingSeparator);
     if (isCurrency) {
@@ -250,7 +238,7 @@ void NSNumberEngine::applyPatterns(const NSNumberSettings &settings)
 
 void NSNumberEngine::applyCurrency(const NSNumberSettings &settings)
 {
-    if (!isCurrencyStyle(settings.style))
+    if (!settings.isForMoney())
         return;
     UErrorCode status = U_ZERO_ERROR;
     if (settings.currencyCode.size() == 3) {
@@ -267,7 +255,7 @@ void NSNumberEngine::applyCurrency(const NSNumberSettings &settings)
 
 void NSNumberEngine::applyAffixes(const NSNumberSettings &settings)
 {
-    if (isCurrencyStyle(settings.style)) {
+    if (settings.isForMoney()) {
         applyCurrencyAffixes(settings);
     } else {
         if (!settings.positivePrefix.isNull())
@@ -440,149 +428,4 @@ NSNumberReading NSNumberEngine::read(QStringView text) const
 bool NSNumberEngine::hasUnpairedParenthesis(QStringView read) const
 {
     return read.contains(u'(') != read.contains(u')');
-}
-
-namespace {
-/// ICU's text of a number, cut at its digits.
-struct Sample
-{
-    QString prefix;
-    QString suffix;
-    bool hasDigits = false;
-};
-
-Sample sampleOf(const DecimalFormat &format, int64_t number, char16_t zeroDigit)
-{
-    icu::UnicodeString text;
-    const QString sample = NSICU::stringOf(format.format(number, text));
-    const auto isDigit = [zeroDigit](QChar unit) {
-        return unit.unicode() >= zeroDigit && unit.unicode() <= zeroDigit + 9;
-    };
-    const auto first = std::find_if(sample.cbegin(), sample.cend(), isDigit);
-    const auto last = std::find_if(sample.crbegin(), sample.crend(), isDigit);
-    if (first == sample.cend())
-        return {};
-    return {sample.left(first - sample.cbegin()), sample.right(last - sample.crbegin()), true};
-}
-
-/// The digit zero of a script whose ten digits stand in a row in the basic plane.
-std::optional<char16_t> zeroDigitOf(const DecimalFormatSymbols &symbols)
-{
-    const icu::UnicodeString &zero = symbols.getConstSymbol(DecimalFormatSymbols::kZeroDigitSymbol);
-    const icu::UnicodeString &nine = symbols.getConstSymbol(DecimalFormatSymbols::kNineDigitSymbol);
-    if (zero.length() != 1 || nine.length() != 1 || nine[0] != zero[0] + 9)
-        return std::nullopt;
-    return zero[0];
-}
-
-/// A currency's sign keeps a distance from digits only, so that money has to start with one.
-bool hasQuickText(const NSNumberSettings &settings, const DecimalFormat &format)
-{
-    const bool isMoney =
-        settings.style == NSNumberFormatterCurrencyStyle && format.getMinimumIntegerDigits() > 0;
-    return (isPlainStyle(settings.style) || isMoney) && settings.positiveFormat.isNull() &&
-           settings.negativeFormat.isNull() && !settings.multiplier &&
-           !settings.roundingIncrement && !settings.formatWidth &&
-           !format.areSignificantDigitsUsed() && !format.isDecimalSeparatorAlwaysShown();
-}
-
-std::optional<NSNumberWriter> writerFor(const NSNumberSettings &settings,
-                                        const DecimalFormat &format)
-{
-    const DecimalFormatSymbols &symbols = *format.getDecimalFormatSymbols();
-    const std::optional<char16_t> zeroDigit = zeroDigitOf(symbols);
-    if (!zeroDigit || !hasQuickText(settings, format))
-        return std::nullopt;
-    const Sample positive = sampleOf(format, 1, *zeroDigit);
-    const Sample negative = sampleOf(format, -1, *zeroDigit);
-    if (!positive.hasDigits || !negative.hasDigits)
-        return std::nullopt;
-    const bool isCurrency = isCurrencyStyle(settings.style);
-    NSNumberWriter writer;
-    writer.positivePrefix = positive.prefix;
-    writer.positiveSuffix = positive.suffix;
-    writer.negativePrefix = negative.prefix;
-    writer.negativeSuffix = negative.suffix;
-    writer.zeroDigit = *zeroDigit;
-    writer.decimalSeparator = NSICU::stringOf(
-        symbols.getConstSymbol(isCurrency ? DecimalFormatSymbols::kMonetarySeparatorSymbol
-                                          : DecimalFormatSymbols::kDecimalSeparatorSymbol));
-    writer.groupingSeparator = NSICU::stringOf(
-        symbols.getConstSymbol(isCurrency ? DecimalFormatSymbols::kMonetaryGroupingSeparatorSymbol
-                                          : DecimalFormatSymbols::kGroupingSeparatorSymbol));
-    writer.roundingMode = int(format.getRoundingMode());
-    writer.minimumIntegerDigits = format.getMinimumIntegerDigits();
-    writer.maximumIntegerDigits = format.getMaximumIntegerDigits();
-    writer.minimumFractionDigits = format.getMinimumFractionDigits();
-    writer.maximumFractionDigits = format.getMaximumFractionDigits();
-    if (format.isGroupingUsed())
-        writer.groupingSize = std::max(format.getGroupingSize(), 0);
-    const int secondary = format.getSecondaryGroupingSize();
-    writer.secondaryGroupingSize = secondary > 0 ? secondary : writer.groupingSize;
-    int64_t leastGrouped = 1;
-    for (int digit = 0; digit < std::min(writer.groupingSize, 15); ++digit)
-        leastGrouped *= 10;
-    icu::UnicodeString grouped;
-    if (!NSICU::stringOf(format.format(leastGrouped, grouped)).contains(writer.groupingSeparator))
-        writer.minimumGroupingDigits = 2;
-    return writer;
-}
-
-bool hasQuickReading(const NSNumberSettings &settings)
-{
-    const bool isMinus = settings.negativePrefix.isNull() || settings.negativePrefix == u"-";
-    const bool isPlainSuffix = settings.negativeSuffix.isEmpty();
-    const bool isParentheses = settings.negativePrefix == u"(" && settings.negativeSuffix == u")";
-    const bool hasOwnSymbols =
-        !settings.decimalSeparator.isNull() || !settings.groupingSeparator.isNull() ||
-        !settings.minusSign.isNull() || !settings.plusSign.isNull() ||
-        !settings.exponentSymbol.isNull() || !settings.notANumberSymbol.isNull() ||
-        !settings.positivePrefix.isNull() || !settings.positiveSuffix.isNull() ||
-        !settings.positiveFormat.isNull() || !settings.negativeFormat.isNull();
-    return settings.lenient && isPlainStyle(settings.style) && !hasOwnSymbols &&
-           !settings.multiplier && ((isMinus && isPlainSuffix) || isParentheses);
-}
-
-char16_t asciiSeparator(const icu::UnicodeString &symbol)
-{
-    const bool isKnown = symbol.length() == 1 && (symbol[0] == u'.' || symbol[0] == u',');
-    return isKnown ? symbol[0] : u'\0';
-}
-
-std::optional<NSNumberReader> readerFor(const NSNumberSettings &settings,
-                                        const DecimalFormat &format)
-{
-    const DecimalFormatSymbols &symbols = *format.getDecimalFormatSymbols();
-    NSNumberReader reader;
-    reader.decimalSeparator =
-        asciiSeparator(symbols.getConstSymbol(DecimalFormatSymbols::kDecimalSeparatorSymbol));
-    if (!hasQuickReading(settings) || reader.decimalSeparator == 0)
-        return std::nullopt;
-    reader.usesGrouping = format.isGroupingUsed();
-    const bool isRegular =
-        format.getGroupingSize() == 3 &&
-        (format.getSecondaryGroupingSize() == 3 || format.getSecondaryGroupingSize() <= 0);
-    if (reader.usesGrouping && isRegular)
-        reader.groupingSeparator =
-            asciiSeparator(symbols.getConstSymbol(DecimalFormatSymbols::kGroupingSeparatorSymbol));
-    reader.usesParentheses = settings.negativePrefix == u"(";
-    const icu::UnicodeString &notANumber = symbols.getConstSymbol(DecimalFormatSymbols::kNaNSymbol);
-    if (!notANumber.isEmpty())
-        reader.notANumberStart = QChar(notANumber[0]).toUpper().unicode();
-    return reader;
-}
-} // namespace
-
-void NSNumberEngine::preparePaths(const NSNumberSettings &settings)
-{
-    const auto separator = isCurrencyStyle(settings.style)
-                               ? DecimalFormatSymbols::kMonetarySeparatorSymbol
-                               : DecimalFormatSymbols::kDecimalSeparatorSymbol;
-    const icu::UnicodeString &text = symbols()->getConstSymbol(separator);
-    _decimalSeparator = text.isEmpty() ? u'.' : text[0];
-    const QString sign = symbol(DecimalFormatSymbols::kCurrencySymbol);
-    _hasBlankInCurrencySign = isCurrencyStyle(settings.style) &&
-                              std::any_of(sign.begin(), sign.end(), NSNumberText::isBlank);
-    _writer = writerFor(settings, *_decimalFormat);
-    _reader = readerFor(settings, *_decimalFormat);
 }

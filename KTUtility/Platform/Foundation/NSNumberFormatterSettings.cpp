@@ -15,7 +15,6 @@ using Symbols = icu::DecimalFormatSymbols;
 namespace {
 constexpr qsizetype MaximumPatternLength = 1024;
 constexpr int MaximumFillDigits = 999; // as in ICU
-constexpr char16_t CurrencySign = u'\u00A4';
 
 QString affixOf(const NSNumberEngine &engine,
                 icu::UnicodeString &(DecimalFormat::*get)(icu::UnicodeString &) const)
@@ -30,12 +29,6 @@ template<typename Result, typename Class>
 Result numberOf(const NSNumberEngine &engine, Result (Class::*get)() const)
 {
     return engine.decimalFormat() ? (engine.decimalFormat()->*get)() : Result();
-}
-
-bool isCurrencyStyle(int style)
-{
-    return style == NSNumberFormatterCurrencyStyle ||
-           style >= NSNumberFormatterCurrencyISOCodeStyle;
 }
 
 /// At the ";" of a pattern.
@@ -280,11 +273,11 @@ void NSNumberFormatter::Private::setAffix(
 {
     settings.*affix = QString();
     variantChanged();
-    if (text.isNull() || !isCurrencyStyle(settings.style)) {
+    if (text.isNull() || !settings.isForMoney()) {
         settings.*affix = text;
     } else if (affixOf(engine(), get) != text) {
         const QString symbol = engine().symbol(Symbols::kCurrencySymbol);
-        const QString placeholder = QString(QChar(CurrencySign));
+        const QString placeholder = QString(QChar(NSNumberSettings::CurrencySign));
         settings.*affix = symbol.isEmpty() ? text : QString(text).replace(symbol, placeholder);
     }
     variantChanged();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "NSLocale.h"
+#include "NSNumberFormatter.h"
 
 #include <QString>
 
@@ -10,6 +11,16 @@
 /// here and nothing else; what is not set comes from the locale's data when it is asked for.
 struct NSNumberSettings
 {
+    /// Stands for the currency's sign in affixes and patterns.
+    static constexpr char16_t CurrencySign = u'\u00A4';
+
+    /// Whether the style is one of the currency styles.
+    bool isForMoney() const
+    {
+        return style == NSNumberFormatterCurrencyStyle ||
+               style >= NSNumberFormatterCurrencyISOCodeStyle;
+    }
+
     NSLocale locale;
     int style = 0;
     bool lenient = false;

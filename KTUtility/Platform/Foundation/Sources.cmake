@@ -40,6 +40,7 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSNumberEngine.cpp
     Platform/Foundation/NSNumberFormatter.cpp
     Platform/Foundation/NSNumberFormatterSettings.cpp
+    Platform/Foundation/NSNumberQuickPaths.cpp
     Platform/Foundation/NSNumberReader.cpp
     Platform/Foundation/NSNumberText.cpp
     Platform/Foundation/NSNumberWriter.cpp

@@ -7,7 +7,7 @@
 #include <QDateTime>
 #include <QString>
 
-// What the tests of date and time fields share.
+// What the tests of formatters share.
 
 /// The user's locale for the length of a test.
 class UserLocale
@@ -17,6 +17,7 @@ public:
     {
         NSLocale::setCurrentLocale(NSLocale(identifier));
     }
+    explicit UserLocale(const char *identifier) : UserLocale(QString::fromLatin1(identifier)) {}
     ~UserLocale() { NSLocale::resetCurrentLocale(); }
     UserLocale(const UserLocale &) = delete;
     UserLocale &operator=(const UserLocale &) = delete;
