@@ -137,6 +137,27 @@ TEST(RoundTrip, MoneyComesBack)
     });
 }
 
+TEST(RoundTrip, EveryCurrencyComesBack)
+{
+    int failures = 0;
+    for (const char *locale : {"en_US", "de_DE", "fr_FR", "ja_JP", "ar_EG", "sv_SE", "hi_IN"}) {
+        const UserLocale user(locale);
+        for (const QString &code : NSLocale::commonISOCurrencyCodes()) {
+            KTCurrencyFormatter formatter;
+            formatter.setCurrencyType(code);
+            for (const int amount : {1234, -1234}) {
+                QVariant value;
+                const QString text = formatter.stringForObjectValue(amount);
+                const bool isSame = formatter.getObjectValue(&value, text) &&
+                                    value.value<NSDecimalNumber>() == NSDecimalNumber(amount);
+                EXPECT_TRUE(isSame) << locale << ' ' << qPrintable(code + u' ' + text);
+                failures += !isSame;
+            }
+        }
+    }
+    EXPECT_EQ(failures, 0);
+}
+
 TEST(RoundTrip, DurationsComeBack)
 {
     check("a displayed duration is read as itself", [] {
