@@ -158,13 +158,13 @@ namespace {
 struct KnownDay
 {
     NSCalendar calendar;
-    QByteArray zone;
+    QTimeZone zone;
     qint64 begin = 0;
     qint64 end = 0;
     QDateTime noon;
 };
 
-KnownDay dayOf(const NSCalendar &calendar, const QByteArray &zone, qint64 time)
+KnownDay dayOf(const NSCalendar &calendar, const QTimeZone &zone, qint64 time)
 {
     const QDateTime now = QDateTime::fromMSecsSinceEpoch(time, Qt::UTC);
     NSDateComponents day = calendar.components(NSDateCalendarUnits, now);
@@ -181,7 +181,7 @@ QDateTime KTDateTimeFormatter::today() const
 {
     thread_local KnownDay known;
     const qint64 now = QDateTime::currentMSecsSinceEpoch();
-    const QByteArray zone = NSCalendar::systemTimeZone().id();
+    const QTimeZone zone = NSCalendar::systemTimeZone();
     if (now < known.begin || now >= known.end || known.zone != zone || known.calendar != _calendar)
         known = dayOf(_calendar, zone, now);
     return known.noon;

@@ -39,7 +39,7 @@ struct ListKey
 {
     QString kind;
     QString locale;
-    QByteArray zone;
+    QTimeZone zone;
     bool hasDefaultDate = false;
     qint64 day = 0;
 
@@ -219,8 +219,8 @@ const KTDateFormatterList &KTDateTimeFormatter::list(SharedList &member, const Q
         return *member;
     }
     const QDateTime day = defaultDate();
-    const ListKey key{kind, _locale.localeIdentifier(), NSCalendar::systemTimeZone().id(),
-                      day.isValid(), (day.isValid() ? day : today()).toMSecsSinceEpoch()};
+    const ListKey key{kind, _locale.localeIdentifier(), NSCalendar::systemTimeZone(), day.isValid(),
+                      (day.isValid() ? day : today()).toMSecsSinceEpoch()};
     member = sharedLists().find(key);
     if (!member) {
         member = std::make_shared<const KTDateFormatterList>(make());

@@ -272,8 +272,19 @@ NSLocale::NSLocale(const QString &localeIdentifier) : _data(dataFor(localeIdenti
 NSLocale NSLocale::currentLocale()
 {
     ChosenLocale &chosen = chosenLocale();
-    const QMutexLocker lock(&chosen.mutex);
-    return chosen.locale ? *chosen.locale : NSLocale(identifierOf(QLocale()));
+    {
+        const QMutexLocker lock(&chosen.mutex);
+        if (chosen.locale)
+            return *chosen.locale;
+    }
+    // Each new formatter asks.
+    thread_local QLocale known;
+    thread_local NSLocale locale(identifierOf(known));
+    if (const QLocale current; current != known) {
+        known = current;
+        locale = NSLocale(identifierOf(current));
+    }
+    return locale;
 }
 
 void NSLocale::setCurrentLocale(const NSLocale &locale)
