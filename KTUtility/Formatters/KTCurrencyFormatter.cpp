@@ -57,7 +57,7 @@ KTCurrencyFormatter::KTCurrencyFormatter() : _currencyLocale(NSLocale::currentLo
         KTCurrencyFormatter_Private::createCurrencyFormatterWithLocale(_currencyLocale);
     _currencyInputFormatter =
         KTCurrencyFormatter_Private::createCurrencyFormatterWithLocale(_currencyLocale);
-    KTCurrencyFormatter::setHighlightNegative(true);
+    _currencyFormatter->setTextAttributesForNegativeValues(attributesOfHighlight());
     KTCurrencyFormatter::setFormatNegativeUsingParens(false);
 }
 

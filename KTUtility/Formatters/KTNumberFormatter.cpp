@@ -65,7 +65,7 @@ KTNumberFormatter::KTNumberFormatter()
     _inputFormatter->setUsesGroupingSeparator(false);
     _inputFormatter->setRoundingMode(NSNumberFormatterRoundHalfUp);
     _numberFormatter->setRoundingMode(NSNumberFormatterRoundHalfUp);
-    KTNumberFormatter::setHighlightNegative(true);
+    _numberFormatter->setTextAttributesForNegativeValues(attributesOfHighlight());
     KTNumberFormatter::setFormatNegativeUsingParens(false);
     KTNumberFormatter::setDecimalPlaces(0);
 }
@@ -85,11 +85,16 @@ void KTNumberFormatter::setLocale(const NSLocale &locale)
 void KTNumberFormatter::setHighlightNegative(bool highlightNegative)
 {
     _highlightNegative = highlightNegative;
-    std::optional<QTextCharFormat> attributes;
-    if (highlightNegative)
-        attributes.emplace().setForeground(QColor(Qt::red));
-    setTextAttributesForNegativeValues(attributes);
+    setTextAttributesForNegativeValues(highlightNegative ? std::optional(attributesOfHighlight())
+                                                         : std::nullopt);
     Q_EMIT highlightNegativeChanged();
+}
+
+QTextCharFormat KTNumberFormatter::attributesOfHighlight()
+{
+    QTextCharFormat attributes;
+    attributes.setForeground(QColor(Qt::red));
+    return attributes;
 }
 
 const std::optional<QTextCharFormat> &KTNumberFormatter::textAttributesForNegativeValues() const

@@ -111,6 +111,8 @@ Q_SIGNALS:
     void useDisplayStringForEditingStringChanged();
 
 protected:
+    /// Red letters.
+    static QTextCharFormat attributesOfHighlight();
     /// One round of four passes: as it is, in parentheses, with groups, and both.
     bool _internalGetNumberValue(QVariant *value, const QString &forString,
                                  QString *errorDescription) const;

@@ -31,11 +31,11 @@ TEST(ParseCommand, ShowsValueDisplayEditingTextAndPattern)
 TEST(ParseCommand, ReadsEveryType)
 {
     const std::tuple<const char16_t *, QString, QString> lines[] = {
-        {u"parse number (1,234.5)", QStringLiteral("-1234.5"), QStringLiteral("-1,234.5")},
+        {u"parse number (1,234.5)", QStringLiteral("-1234.5"), QStringLiteral("-1,235")},
         {u"parse number -5", QStringLiteral("-5"), QStringLiteral("-5")},
         {u"parse number -- --5", QStringLiteral("-5"), QStringLiteral("-5")},
         {u"parse number 1.234,5 --locale de_DE", QStringLiteral("1234.5"),
-         QStringLiteral("1.234,5")},
+         QStringLiteral("1.235")},
         {u"parse currency ($12.50)", QStringLiteral("-12.5"), QStringLiteral("-$12.50")},
         {u"parse currency €5 --option currencyType=EUR", QStringLiteral("5"),
          QStringLiteral("€5.00")},

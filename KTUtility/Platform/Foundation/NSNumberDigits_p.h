@@ -24,8 +24,8 @@ struct NSNumberDigits
     void round(int places, int mode);
 
     /// The digit at \a index, '0' … '9'; the first and the last are no zeros.
-    char &digitAt(int index) { return buffer[size_t(first + index)]; }
-    char digitAt(int index) const { return buffer[size_t(first + index)]; }
+    char &digitAt(int index) { return buffer[size_t(first) + size_t(index)]; }
+    char digitAt(int index) const { return buffer[size_t(first) + size_t(index)]; }
 
     std::array<char, Capacity> buffer;
     int first = 0; ///< where the digits begin in the buffer

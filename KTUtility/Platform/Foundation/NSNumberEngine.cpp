@@ -25,6 +25,12 @@ using icu::DecimalFormatSymbols;
 namespace {
 constexpr int PlainStyleIntegerDigits = 42;
 
+/// ICU's kind of flag.
+UBool flag(bool value)
+{
+    return value ? UBool(1) : UBool(0);
+}
+
 UNumberFormatStyle icuStyle(int style)
 {
     switch (style) {
@@ -172,9 +178,9 @@ std::shared_ptr<const NSNumberEngine> NSNumberEngine::engineFor(const NSNumberSe
 NSNumberEngine::NSNumberEngine(const NSNumberSettings &settings)
 {
     create(settings);
-    _format->setLenient(settings.lenient);
+    _format->setLenient(flag(settings.lenient));
     if (settings.usesGroupingSeparator)
-        _format->setGroupingUsed(*settings.usesGroupingSeparator);
+        _format->setGroupingUsed(flag(*settings.usesGroupingSeparator));
     if (!_decimalFormat)
         return;
     applySymbols(settings);
@@ -315,13 +321,13 @@ void NSNumberEngine::applyDigits(const NSNumberSettings &settings)
     if (settings.multiplier)
         _decimalFormat->setMultiplier(*settings.multiplier);
     if (settings.alwaysShowsDecimalSeparator)
-        _decimalFormat->setDecimalSeparatorAlwaysShown(*settings.alwaysShowsDecimalSeparator);
+        _decimalFormat->setDecimalSeparatorAlwaysShown(flag(*settings.alwaysShowsDecimalSeparator));
     if (settings.minimumSignificantDigits)
         _decimalFormat->setMinimumSignificantDigits(*settings.minimumSignificantDigits);
     if (settings.maximumSignificantDigits)
         _decimalFormat->setMaximumSignificantDigits(*settings.maximumSignificantDigits);
     if (settings.usesSignificantDigits)
-        _decimalFormat->setSignificantDigitsUsed(*settings.usesSignificantDigits);
+        _decimalFormat->setSignificantDigitsUsed(flag(*settings.usesSignificantDigits));
 }
 
 void NSNumberEngine::applyWidth(const NSNumberSettings &settings)
@@ -341,7 +347,7 @@ void NSNumberEngine::applyGrouping(const NSNumberSettings &settings)
     if (settings.secondaryGroupingSize)
         _decimalFormat->setSecondaryGroupingSize(*settings.secondaryGroupingSize);
     if (settings.usesGroupingSeparator)
-        _decimalFormat->setGroupingUsed(*settings.usesGroupingSeparator);
+        _decimalFormat->setGroupingUsed(flag(*settings.usesGroupingSeparator));
 }
 
 const DecimalFormatSymbols *NSNumberEngine::symbols() const

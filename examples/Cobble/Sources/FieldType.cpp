@@ -36,13 +36,6 @@ std::unique_ptr<NSFormatter> phoneFormatter()
         PhoneLayouts::indexForCountry(NSLocale::currentLocale().countryCode()));
     return formatter;
 }
-
-std::unique_ptr<NSFormatter> numberFormatter()
-{
-    auto formatter = std::make_unique<KTNumberFormatter>();
-    formatter->setDisplayAllDecimalPlaces();
-    return formatter;
-}
 } // namespace
 
 QString FieldTypes::nameOf(FieldType type)
@@ -78,7 +71,7 @@ std::unique_ptr<NSFormatter> FieldTypes::formatterFor(FieldType type)
 {
     switch (type) {
     case FieldType::Number:
-        return numberFormatter();
+        return std::make_unique<KTNumberFormatter>();
     case FieldType::Currency:
         return std::make_unique<KTCurrencyFormatter>();
     case FieldType::Duration:

@@ -105,3 +105,27 @@ TEST(NSBundle, TheHostIsNamedAfterItsDesktopFileIfThatCanNameAFile)
     }
     QGuiApplication::setDesktopFileName(before);
 }
+
+TEST(NSBundle, TheFrameworkFindsItsResources)
+{
+    const NSBundle &framework = NSBundle::frameworkBundle();
+    EXPECT_EQ(framework.bundlePath(), QStringLiteral(KTUTILITY_FRAMEWORK_FOLDER));
+    const QString path =
+        framework.pathForResource(QStringLiteral("PhoneNumberFormats"), QStringLiteral("plist"));
+    EXPECT_EQ(path, framework.bundlePath() + u"/Resources/PhoneNumberFormats.plist");
+    EXPECT_TRUE(
+        framework.pathForResource(QStringLiteral("nothing"), QStringLiteral("plist")).isNull());
+    EXPECT_EQ(framework.pathForResource(QStringLiteral("PhoneNumberFormats.plist"), QString()),
+              path);
+}
+
+TEST(NSBundle, TextsWithoutTranslationAreTheirKeys)
+{
+    const NSBundle &bundle = NSBundle::mainBundle();
+    const QString key = QStringLiteral("no such text");
+    EXPECT_EQ(bundle.localizedStringForKey(key), key);
+    EXPECT_EQ(bundle.localizedStringForKey(key, QStringLiteral("")), key);
+    EXPECT_EQ(bundle.localizedStringForKey(key, QStringLiteral("a text")), u"a text");
+    EXPECT_EQ(bundle.localizedStringForKey(QStringLiteral("w"), {}, QStringLiteral("Durations")),
+              u"w");
+}

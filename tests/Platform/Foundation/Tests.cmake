@@ -27,6 +27,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSNumberFormatterDifferentialTests.cpp
     Platform/Foundation/NSNumberFormatterReadingTests.cpp
     Platform/Foundation/NSNumberFormatterTableTests.cpp
+    Platform/Foundation/NSNumberFormatterTests.cpp
     Platform/Foundation/NSObjectTests.cpp
     Platform/Foundation/NSPathUtilitiesTests.cpp
     Platform/Foundation/NSPropertyListBinaryReaderTests.cpp
