@@ -34,8 +34,7 @@ TEST(ParseCommand, ReadsEveryType)
         {u"parse number (1,234.5)", QStringLiteral("-1234.5"), QStringLiteral("-1,235")},
         {u"parse number -5", QStringLiteral("-5"), QStringLiteral("-5")},
         {u"parse number -- --5", QStringLiteral("-5"), QStringLiteral("-5")},
-        {u"parse number 1.234,5 --locale de_DE", QStringLiteral("1234.5"),
-         QStringLiteral("1.235")},
+        {u"parse number 1.234,5 --locale de_DE", QStringLiteral("1234.5"), QStringLiteral("1.235")},
         {u"parse currency ($12.50)", QStringLiteral("-12.5"), QStringLiteral("-$12.50")},
         {u"parse currency €5 --option currencyType=EUR", QStringLiteral("5"),
          QStringLiteral("€5.00")},
@@ -56,6 +55,14 @@ TEST(ParseCommand, ReadsEveryType)
             << qPrintable(result.output);
     }
     EXPECT_EQ(NSLocale::currentLocale().localeIdentifier(), u"en_US"); // as it was
+}
+
+TEST(ParseCommand, NamesNoPatternForIsoDates)
+{
+    EXPECT_TRUE(runLine(u"parse date 2008-03-05")
+                    .output.endsWith(QStringLiteral(
+                        "  pattern:  ISO 8601, or one that took only a part of the text\n")));
+    EXPECT_FALSE(runLine(u"parse date tomorrow").output.contains(QStringLiteral("pattern:")));
 }
 
 TEST(ParseCommand, TellsWhatIsNotRead)

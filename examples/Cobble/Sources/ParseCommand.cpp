@@ -106,6 +106,17 @@ void addDisplay(AlignedTable *table, const NSFormatter &formatter, const QVarian
     table->addRow({QStringLiteral("editing:"), edited.isNull() ? QStringLiteral("(nil)") : edited});
 }
 
+bool isDateType(FieldType type)
+{
+    return type == FieldType::Date || type == FieldType::Time || type == FieldType::DateTime;
+}
+
+QString patternText(const QString &pattern)
+{
+    return pattern.isNull() ? QStringLiteral("ISO 8601, or one that took only a part of the text")
+                            : pattern;
+}
+
 bool showParsed(const FieldReader &reader, const QString &text, CommandContext &context)
 {
     const FieldReading reading = reader.read(text);
@@ -116,8 +127,8 @@ bool showParsed(const FieldReader &reader, const QString &text, CommandContext &
     } else {
         table.addRow({QStringLiteral("not read:"), reading.reason});
     }
-    if (!reading.pattern.isNull())
-        table.addRow({QStringLiteral("pattern:"), reading.pattern});
+    if (reading.isRead && isDateType(reader.type()))
+        table.addRow({QStringLiteral("pattern:"), patternText(reading.pattern)});
     context.out() << printableText(text) << '\n';
     table.print(context.out(), 2);
     return reading.isRead;
