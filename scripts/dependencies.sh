@@ -2,7 +2,7 @@
 
 debian_packages=(
     g++ cmake ninja-build ccache pkg-config
-    qt6-base-dev qt6-l10n-tools libicu-dev
+    qt6-base-dev qt6-l10n-tools libicu-dev libssl-dev
     libgtest-dev librapidcheck-dev libbenchmark-dev
 )
 

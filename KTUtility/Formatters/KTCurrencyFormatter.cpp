@@ -22,6 +22,13 @@ const QString &replacementCurrency()
     return code;
 }
 
+/// The currency of a locale; nil if it has none, which ISO 4217 calls "XXX".
+QString currencyOf(const NSLocale &locale)
+{
+    const QString &code = locale.currencyCode();
+    return code == u"XXX" ? QString() : code;
+}
+
 /// The same locale with another currency.
 NSLocale withCurrency(const NSLocale &locale, const QString &code)
 {
@@ -44,10 +51,9 @@ KTCurrencyFormatter_Private::createCurrencyFormatterWithLocale(const NSLocale &l
     return formatter;
 }
 
-/// "XXX" is ISO 4217's code for no currency, the one of locales without a region.
 bool KTCurrencyFormatter_Private::isRefused(const QString &code)
 {
-    return code.isNull() || code == u"INR" || code == u"RON" || code == u"XXX";
+    return code.isNull() || code == u"INR" || code == u"RON";
 }
 
 KTCurrencyFormatter::KTCurrencyFormatter() : _currencyLocale(NSLocale::currentLocale())
@@ -73,7 +79,7 @@ void KTCurrencyFormatter::filterCurrency()
           _currencyLocale.currencyCode());
     KTLog(kLog_FormattersCurrency, DetailLevel,
           u"filterCurrency _currencyLocale currency symbol %@", _currencyLocale.currencySymbol());
-    if (KTCurrencyFormatter_Private::isRefused(_currencyLocale.currencyCode()))
+    if (KTCurrencyFormatter_Private::isRefused(currencyOf(_currencyLocale)))
         _currencyLocale = withCurrency(_currencyLocale, replacementCurrency());
     KTLog(kLog_FormattersCurrency, DetailLevel,
           u"filterCurrency filter _currencyLocale locale ID %@",
@@ -102,7 +108,7 @@ QString KTCurrencyFormatter::currencyType() const
 
 void KTCurrencyFormatter::setCurrencyType(const QString &code)
 {
-    QString chosen = code.isNull() ? _locale.currencyCode() : code;
+    QString chosen = code.isNull() ? currencyOf(_locale) : code;
     if (KTCurrencyFormatter_Private::isRefused(chosen))
         chosen = replacementCurrency();
     const NSLocale &formatterLocale = _currencyFormatter->locale();

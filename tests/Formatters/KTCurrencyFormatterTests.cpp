@@ -111,6 +111,18 @@ TEST(KTCurrencyFormatter, OffersNeitherRupeesNorLei)
     EXPECT_EQ(formatter.stringForObjectValue(5), u"$5.00");
 }
 
+TEST(KTCurrencyFormatter, TakesDollarsWhereTheLocaleHasNoCurrency)
+{
+    const UserLocale user("en");
+    KTCurrencyFormatter formatter;
+    EXPECT_EQ(formatter.currencyLocale().localeIdentifier(), u"en@currency=USD");
+    formatter.setCurrencyType(QStringLiteral("EUR"));
+    formatter.setCurrencyType(QString());
+    EXPECT_EQ(formatter.currencyType(), u"USD");
+    formatter.setCurrencyType(QStringLiteral("XXX")); // a code like others, if it is asked for
+    EXPECT_EQ(formatter.currencyType(), u"XXX");
+}
+
 TEST(KTCurrencyFormatter, KeepsTheLanguageOfALocaleWhoseCurrencyItRefuses)
 {
     const UserLocale user("hi_IN");

@@ -1,0 +1,94 @@
+#include "NSData_KTAdditions.h"
+
+#include <KTUtility/Platform/Foundation/NSPropertyListSerialization.h>
+
+#include <openssl/evp.h>
+
+#include <algorithm>
+#include <memory>
+
+// Data as a keyed archive, and digests.
+
+namespace {
+const QString ArchiveKey = QStringLiteral("__xml__archive__");
+const QString ReferenceKey = QStringLiteral("CF$UID");
+constexpr int DataIndex = 1;
+constexpr int ArchiverVersion = 100'000;
+
+QVariantMap referenceTo(int index)
+{
+    return {{ReferenceKey, index}};
+}
+
+/// The object that a reference means; nil if it means none of \a objects.
+QVariant objectAt(const QVariantList &objects, const QVariant &reference)
+{
+    bool isNumber = false;
+    const qlonglong index = reference.toMap().value(ReferenceKey).toLongLong(&isNumber);
+    return isNumber && index >= 0 && index < objects.size() ? objects.at(index) : QVariant();
+}
+
+/// The bytes of an archived data object; nil if it is something else.
+QByteArray dataOf(const QVariantList &objects, const QVariant &object)
+{
+    if (object.metaType() == QMetaType::fromType<QByteArray>())
+        return object.toByteArray();
+    for (const char16_t *key : {u"NS.data", u"NS.bytes"}) {
+        QVariant held = object.toMap().value(QString::fromUtf16(key));
+        if (held.metaType() != QMetaType::fromType<QByteArray>())
+            held = objectAt(objects, held);
+        if (held.metaType() == QMetaType::fromType<QByteArray>())
+            return held.toByteArray();
+    }
+    return {};
+}
+
+QByteArray digest(const EVP_MD *kind, const QByteArray &data)
+{
+    QByteArray result(EVP_MAX_MD_SIZE, Qt::Uninitialized);
+    unsigned int length = 0;
+    const std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> context(EVP_MD_CTX_new(),
+                                                                          EVP_MD_CTX_free);
+    auto *const bytes = reinterpret_cast<unsigned char *>(result.data());
+    if (!context || EVP_DigestInit_ex(context.get(), kind, nullptr) != 1 ||
+        EVP_DigestUpdate(context.get(), data.constData(), size_t(data.size())) != 1 ||
+        EVP_DigestFinal_ex(context.get(), bytes, &length) != 1)
+        return {};
+    result.truncate(qsizetype(length));
+    return result;
+}
+} // namespace
+
+QString KTAdditions::archiveToString(const QByteArray &data)
+{
+    const QVariantMap archive{
+        {QStringLiteral("$archiver"), QStringLiteral("NSKeyedArchiver")},
+        {QStringLiteral("$version"), ArchiverVersion},
+        {QStringLiteral("$objects"),
+         QVariantList{QStringLiteral("$null"), data.isNull() ? QByteArray("") : data}},
+        {QStringLiteral("$top"), QVariantMap{{ArchiveKey, referenceTo(DataIndex)}}}};
+    return QString::fromLatin1(NSPropertyListSerialization::dataWithPropertyList(archive));
+}
+
+QByteArray KTAdditions::initWithStringArchive(const QString &string)
+{
+    const bool isASCII =
+        std::all_of(string.begin(), string.end(), [](QChar unit) { return unit < QChar(0x80); });
+    if (!isASCII)
+        return {};
+    const QVariantMap archive =
+        NSPropertyListSerialization::propertyListFromData(string.toLatin1()).toMap();
+    const QVariantList objects = archive.value(QStringLiteral("$objects")).toList();
+    const QVariantMap top = archive.value(QStringLiteral("$top")).toMap();
+    return dataOf(objects, objectAt(objects, top.value(ArchiveKey)));
+}
+
+QByteArray KTAdditions::md5Digest(const QByteArray &data)
+{
+    return digest(EVP_md5(), data);
+}
+
+QByteArray KTAdditions::sha1Digest(const QByteArray &data)
+{
+    return digest(EVP_sha1(), data);
+}
