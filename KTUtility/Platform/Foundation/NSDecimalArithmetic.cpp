@@ -21,15 +21,33 @@ NSWideCoefficient wideOf(const Limbs &limbs)
     return {(NSCoefficient(limbs[3]) << 64) | limbs[2], (NSCoefficient(limbs[1]) << 64) | limbs[0]};
 }
 
+/// Divides a number of 128 bits in place; \return the remainder.
+quint64 divide(NSCoefficient &value, quint64 divisor)
+{
+    const auto high = quint64(value >> 64);
+    if (high == 0) {
+        const auto low = quint64(value);
+        value = low / divisor;
+        return low % divisor;
+    }
+    // The remainder of the higher half is below the divisor, which makes the second division quick.
+    const NSCoefficient part = (NSCoefficient(high % divisor) << 64) | quint64(value);
+    const auto quotient = quint64(part / divisor);
+    value = (NSCoefficient(high / divisor) << 64) | quotient;
+    return quint64(part) - quotient * divisor;
+}
+
 /// Divides in place; \return the remainder.
 quint64 divide(NSWideCoefficient &value, quint64 divisor)
 {
+    if (value.high == 0)
+        return divide(value.low, divisor);
+    NSCoefficient remainder = divide(value.high, divisor);
     Limbs limbs = limbsOf(value);
-    NSCoefficient remainder = 0;
-    for (size_t index = limbs.size(); index-- > 0;) {
+    for (size_t index = 2; index-- > 0;) {
         const NSCoefficient part = (remainder << 64) | limbs[index];
         limbs[index] = quint64(part / divisor);
-        remainder = part % divisor;
+        remainder = quint64(part) - limbs[index] * divisor;
     }
     value = wideOf(limbs);
     return quint64(remainder);
@@ -63,17 +81,6 @@ void multiplyByPowerOfTen(NSWideCoefficient &value, int exponent)
 {
     for (; exponent > 0; exponent -= ChunkDigits)
         multiply(value, quint64(NSDecimalArithmetic::powerOfTen(std::min(exponent, ChunkDigits))));
-}
-
-/// \return whether a rest was lost.
-bool divideByPowerOfTen(NSWideCoefficient &value, qint64 exponent)
-{
-    bool hasRest = false;
-    for (; exponent > 0 && !value.isZero(); exponent -= ChunkDigits) {
-        const int digits = int(std::min<qint64>(exponent, ChunkDigits));
-        hasRest |= divide(value, quint64(NSDecimalArithmetic::powerOfTen(digits))) != 0;
-    }
-    return hasRest;
 }
 
 int digitCount(NSWideCoefficient value)
@@ -170,15 +177,24 @@ bool roundsAway(const NSDecimalIntermediate &value, int digit, bool hasRest, NSR
     }
 }
 
+/// Cuts the lowest digits off. \return the first of them; whether more follow is told by the rest.
+int cutDigits(NSDecimalIntermediate &value, qint64 count)
+{
+    value.exponent += count;
+    for (; count > ChunkDigits && !value.magnitude.isZero(); count -= ChunkDigits)
+        value.hasRest |= divide(value.magnitude, TenToNineteen) != 0;
+    if (value.magnitude.isZero())
+        return 0;
+    const auto place = quint64(NSDecimalArithmetic::powerOfTen(int(count) - 1));
+    const quint64 digits = divide(value.magnitude, place * 10);
+    value.hasRest |= digits % place != 0;
+    return int(digits / place);
+}
+
 /// Drops the lowest digits, rounding. \return whether anything was lost.
 bool dropDigits(NSDecimalIntermediate &value, qint64 count, NSRoundingMode mode)
 {
-    if (count > 0)
-        value.hasRest |= divideByPowerOfTen(value.magnitude, count - 1);
-    int digit = 0;
-    if (count > 0)
-        digit = int(divide(value.magnitude, quint64(10)));
-    value.exponent += std::max<qint64>(count, 0);
+    const int digit = count > 0 ? cutDigits(value, count) : 0;
     const bool isLost = digit != 0 || value.hasRest;
     if (roundsAway(value, digit, value.hasRest, mode))
         value.magnitude = add(value.magnitude, {0, 1});
@@ -203,24 +219,23 @@ void report(NSCalculationError *error, NSCalculationError what)
 }
 } // namespace
 
-NSCoefficient NSDecimalArithmetic::powerOfTen(int exponent)
-{
-    static const std::array<NSCoefficient, 39> powers = [] {
-        std::array<NSCoefficient, 39> made{};
-        made[0] = 1;
-        for (size_t index = 1; index < made.size(); ++index)
-            made[index] = made[index - 1] * 10;
-        return made;
-    }();
-    return powers[size_t(exponent)];
-}
-
 int NSDecimalArithmetic::digitCount(NSCoefficient value)
 {
     const auto high = quint64(value >> 64);
     const int bits = high ? 128 - std::countl_zero(high) : 64 - std::countl_zero(quint64(value));
     const int guess = bits * 1233 >> 12; // log10(2)
     return guess + (guess < 39 ? value >= powerOfTen(guess) : 0);
+}
+
+/// Whether nothing has to be rounded.
+bool NSDecimalIntermediate::fits(qint64 lowestExponent) const
+{
+    if (hasRest || magnitude.high != 0)
+        return false;
+    const bool isInRange =
+        exponent >= lowestExponent && exponent <= NSDecimalParts::MaximumExponent;
+    return magnitude.low == 0 || (isInRange && magnitude.low < NSDecimalArithmetic::powerOfTen(
+                                                                   NSDecimalParts::MaximumDigits));
 }
 
 NSDecimalNumber NSDecimalIntermediate::rounded(NSRoundingMode mode, NSCalculationError *error) const
@@ -232,9 +247,8 @@ NSDecimalNumber NSDecimalIntermediate::roundedAt(qint64 lowestExponent, NSRoundi
                                                  NSCalculationError *error) const
 {
     report(error, NSCalculationNoError);
-    const bool isZero = magnitude.isZero() && !hasRest;
-    if (isZero)
-        return {};
+    if (fits(lowestExponent))
+        return NSDecimalParts{magnitude.low, int(exponent), isNegative}.number();
     NSDecimalIntermediate value = *this;
     const qint64 surplus = digitCount(value.magnitude) - NSDecimalParts::MaximumDigits;
     bool isLost =
@@ -255,6 +269,35 @@ NSDecimalNumber NSDecimalIntermediate::roundedAt(qint64 lowestExponent, NSRoundi
     return NSDecimalParts{value.magnitude.low, int(value.exponent), value.isNegative}.number();
 }
 
+namespace {
+/// Adds two aligned magnitudes, the second one of the sign \a isNegative.
+void addAligned(NSDecimalIntermediate &value, NSCoefficient other, bool isNegative)
+{
+    const NSWideCoefficient magnitude{0, other};
+    if (value.isNegative == isNegative) {
+        value.magnitude = add(value.magnitude, magnitude);
+    } else if (compare(value.magnitude, magnitude) >= 0) {
+        value.magnitude = subtract(value.magnitude, magnitude);
+    } else {
+        value.magnitude = subtract(magnitude, value.magnitude);
+        value.isNegative = isNegative;
+    }
+}
+
+/// Adds what reaches below the lowest digit of a much larger number: its upper digits, then the
+/// others as a rest.
+void addBelow(NSDecimalIntermediate &value, const NSDecimalParts &small, int digitsBelow)
+{
+    const bool hasUpper = digitsBelow <= NSDecimalParts::MaximumDigits;
+    const NSCoefficient power = NSDecimalArithmetic::powerOfTen(hasUpper ? digitsBelow : 0);
+    const NSCoefficient upper = hasUpper ? small.coefficient / power : 0;
+    addAligned(value, upper, small.isNegative);
+    value.hasRest = !hasUpper || upper * power != small.coefficient;
+    if (value.hasRest && value.isNegative != small.isNegative)
+        value.magnitude = subtract(value.magnitude, {0, 1});
+}
+} // namespace
+
 NSDecimalIntermediate NSDecimalArithmetic::sum(const NSDecimalParts &left,
                                                const NSDecimalParts &right)
 {
@@ -264,27 +307,19 @@ NSDecimalIntermediate NSDecimalArithmetic::sum(const NSDecimalParts &left,
     }
     const NSDecimalParts &large = left.exponent >= right.exponent ? left : right;
     const NSDecimalParts &small = left.exponent >= right.exponent ? right : left;
-    const bool isSubtraction = large.isNegative != small.isNegative;
     const int distance = large.exponent - small.exponent;
-    const int room = WideDigits - digitCount(large.coefficient);
-    NSDecimalIntermediate result{{0, large.coefficient}, small.exponent, large.isNegative, false};
-    multiplyByPowerOfTen(result.magnitude, std::min(distance, room));
-    if (distance > room) { // the small one is a rest, far below the large one's digits
-        result.exponent = large.exponent - room;
-        result.hasRest = true;
-        if (isSubtraction)
-            result.magnitude = subtract(result.magnitude, {0, 1});
-        return result;
-    }
-    const NSWideCoefficient other{0, small.coefficient};
-    if (!isSubtraction) {
-        result.magnitude = add(result.magnitude, other);
-    } else if (compare(result.magnitude, other) >= 0) {
-        result.magnitude = subtract(result.magnitude, other);
-    } else {
-        result.magnitude = subtract(other, result.magnitude);
-        result.isNegative = small.isNegative;
-    }
+    const int digits = digitCount(large.coefficient);
+    const int shift = std::min(distance, WideDigits - digits);
+    NSDecimalIntermediate result{
+        {0, large.coefficient}, large.exponent - shift, large.isNegative, false};
+    if (digits + shift <= NSDecimalParts::MaximumDigits)
+        result.magnitude.low *= powerOfTen(shift);
+    else
+        multiplyByPowerOfTen(result.magnitude, shift);
+    if (distance > shift)
+        addBelow(result, small, distance - shift);
+    else
+        addAligned(result, small.coefficient, small.isNegative);
     return result;
 }
 

@@ -15,6 +15,8 @@
 namespace {
 using Coefficient = NSCoefficient;
 
+using NSDecimalArithmetic::powerOfTen;
+
 constexpr int MaximumDigits = 38;
 constexpr int MinimumExponent = -128;
 constexpr int MaximumExponent = 127;
@@ -92,10 +94,15 @@ private:
     /// The first digit that does not fit rounds the others, half away from zero.
     void dropDigit(int digit, bool isFraction)
     {
-        if (!_rounded && digit >= 5)
-            ++coefficient;
-        _rounded = true;
         exponent += !isFraction;
+        if (_rounded)
+            return;
+        _rounded = true;
+        coefficient += digit >= 5;
+        if (coefficient == powerOfTen(MaximumDigits)) { // all nines went up
+            coefficient /= 10;
+            ++exponent;
+        }
     }
 
     void readExponent()
@@ -124,15 +131,36 @@ private:
     bool _rounded = false;
 };
 
-using NSDecimalArithmetic::powerOfTen;
+bool endsInZero(quint64 value)
+{
+    return value % 2 == 0 && value % 5 == 0;
+}
+
+/// Without a division of 128 bits: 2^64 is one more than a multiple of 5.
+bool endsInZero(Coefficient value)
+{
+    const auto low = quint64(value);
+    return low % 2 == 0 && (low % 5 + quint64(value >> 64) % 5) % 5 == 0;
+}
+
+template<typename Unsigned>
+void dropZeros(Unsigned &coefficient, qint64 &exponent)
+{
+    while (exponent < MaximumExponent && endsInZero(coefficient)) {
+        coefficient /= 10;
+        ++exponent;
+    }
+}
 
 /// Drops trailing zeros while the exponent can take them.
 void normalise(Coefficient &coefficient, qint64 &exponent)
 {
-    while (coefficient != 0 && coefficient % 10 == 0 && exponent < MaximumExponent) {
-        coefficient /= 10;
-        ++exponent;
-    }
+    if (coefficient >> 64 != 0)
+        return dropZeros(coefficient, exponent);
+    auto low = quint64(coefficient);
+    if (low != 0)
+        dropZeros(low, exponent);
+    coefficient = low;
 }
 
 /// Moves an exponent above the range into the coefficient, as far as 38 digits allow.
@@ -147,6 +175,17 @@ void lowerExponent(Coefficient &coefficient, qint64 &exponent)
 Coefficient joined(quint64 high, quint64 low)
 {
     return (Coefficient(high) << 64) | low;
+}
+
+/// Not-a-number if the exponent is out of range, even for zero.
+NSDecimalNumber checked(Coefficient coefficient, qint64 exponent, bool isNegative)
+{
+    normalise(coefficient, exponent);
+    if (coefficient != 0)
+        lowerExponent(coefficient, exponent);
+    if (exponent < MinimumExponent || exponent > MaximumExponent)
+        return NSDecimalNumber::notANumber();
+    return NSDecimalParts{coefficient, int(exponent), isNegative}.number();
 }
 } // namespace
 
@@ -172,39 +211,13 @@ NSDecimalNumber NSDecimalNumber::decimalNumberWithString(QStringView text)
     DecimalReader reader(text);
     if (!reader.read())
         return notANumber();
-    normalise(reader.coefficient, reader.exponent);
-    if (reader.coefficient != 0)
-        lowerExponent(reader.coefficient, reader.exponent);
-    if (reader.exponent < MinimumExponent || reader.exponent > MaximumExponent)
-        return notANumber();
-    NSDecimalNumber number;
-    if (reader.coefficient == 0)
-        return number;
-    number._high = quint64(reader.coefficient >> 64);
-    number._low = quint64(reader.coefficient);
-    number._exponent = qint16(reader.exponent);
-    number._isNegative = reader.isNegative;
-    return number;
+    return checked(reader.coefficient, reader.exponent, reader.isNegative);
 }
 
 NSDecimalNumber NSDecimalNumber::decimalNumberWithMantissa(quint64 mantissa, int exponent,
                                                            bool isNegative)
 {
-    Coefficient coefficient = mantissa;
-    qint64 power = exponent;
-    normalise(coefficient, power);
-    if (coefficient != 0)
-        lowerExponent(coefficient, power);
-    if (power < MinimumExponent || power > MaximumExponent)
-        return notANumber();
-    NSDecimalNumber number;
-    if (coefficient == 0)
-        return number;
-    number._high = quint64(coefficient >> 64);
-    number._low = quint64(coefficient);
-    number._exponent = qint16(power);
-    number._isNegative = isNegative;
-    return number;
+    return checked(mantissa, exponent, isNegative);
 }
 
 NSDecimalParts NSDecimalParts::of(const NSDecimalNumber &number)

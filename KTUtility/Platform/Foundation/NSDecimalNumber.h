@@ -60,6 +60,8 @@ public:
     /// An integer, exactly.
     explicit NSDecimalNumber(qint64 value) noexcept;
 
+    static NSDecimalNumber zero() noexcept { return {}; }
+    static NSDecimalNumber one() noexcept { return NSDecimalNumber(1); }
     /// Not a number: the value of text that is none.
     static NSDecimalNumber notANumber() noexcept;
 
@@ -84,8 +86,9 @@ public:
     static NSDecimalNumber minimumDecimalNumber();
 
     // --- Arithmetic. A result is rounded to 38 digits and then to the behaviour's scale, in its
-    // mode; what cannot be done is put to it. Without a behaviour, defaultBehavior() decides. What
-    // has to do with not-a-number is not-a-number.
+    // mode; what cannot be done is put to it. Digits that only the scale drops are no error.
+    // Without a behaviour, defaultBehavior() decides. What has to do with not-a-number is
+    // not-a-number.
 
     NSDecimalNumber
     decimalNumberByAdding(const NSDecimalNumber &other,

@@ -31,40 +31,45 @@ NSDecimalIntermediate intermediateOf(const NSDecimalNumber &number)
     return {{0, parts.coefficient}, parts.exponent, parts.isNegative, false};
 }
 
-/// Rounds to the scale; a decimal that has no more digits stays.
+/// Rounds to the scale; a decimal that has no more digits stays. Digits are lost on purpose here,
+/// which is no error.
 NSDecimalNumber scaled(const NSDecimalNumber &number, const NSDecimalNumberBehaviors &behavior,
                        NSCalculationError *error)
 {
     const short scale = behavior.scale();
-    if (scale == NSDecimalNoScale || number.isNaN() || *error > NSCalculationLossOfPrecision)
+    if (scale == NSDecimalNoScale || number.isNaN())
         return number;
     const qint64 lowest = std::max<qint64>(-scale, NSDecimalParts::MinimumExponent);
     if (NSDecimalParts::of(number).exponent >= lowest)
         return number;
-    return intermediateOf(number).roundedAt(lowest, behavior.roundingMode(), error);
+    NSCalculationError ofScale = NSCalculationNoError;
+    const NSDecimalNumber result =
+        intermediateOf(number).roundedAt(lowest, behavior.roundingMode(), &ofScale);
+    if (ofScale > NSCalculationLossOfPrecision)
+        *error = ofScale;
+    return result;
 }
 
 /// The result of an operation, or what the behaviour makes of its error.
 NSDecimalNumber settled(const NSDecimalNumber &result, NSCalculationError error,
-                        const QString &operation, const NSDecimalNumberBehaviors &behavior,
-                        const NSDecimalNumber &left, const Operand &right)
+                        const char16_t *operation, const NSDecimalNumberBehaviors &behavior,
+                        const NSDecimalNumber &left, const NSDecimalNumber *right)
 {
     if (error == NSCalculationNoError)
         return result;
-    return behavior.exceptionDuringOperation(operation, error, left, right).value_or(result);
+    return behavior
+        .exceptionDuringOperation(QString::fromUtf16(operation), error, left,
+                                  right ? Operand(*right) : std::nullopt)
+        .value_or(result);
 }
 
-NSDecimalNumber finished(const NSDecimalIntermediate &intermediate, const QString &operation,
+NSDecimalNumber finished(const NSDecimalIntermediate &intermediate, const char16_t *operation,
                          const NSDecimalNumberBehaviors &behavior, const NSDecimalNumber &left,
-                         const Operand &right)
+                         const NSDecimalNumber *right = nullptr)
 {
     NSCalculationError error = NSCalculationNoError;
-    NSDecimalNumber result = intermediate.rounded(behavior.roundingMode(), &error);
-    result = scaled(result, behavior, &error);
-    // Digits that the scale drops are dropped on purpose.
-    if (error == NSCalculationLossOfPrecision && behavior.scale() != NSDecimalNoScale)
-        error = NSCalculationNoError;
-    return settled(result, error, operation, behavior, left, right);
+    const NSDecimalNumber result = intermediate.rounded(behavior.roundingMode(), &error);
+    return settled(scaled(result, behavior, &error), error, operation, behavior, left, right);
 }
 } // namespace
 
@@ -77,8 +82,7 @@ NSDecimalNumber::decimalNumberByAdding(const NSDecimalNumber &other,
     if (_isNaN || other._isNaN)
         return notANumber();
     return finished(NSDecimalArithmetic::sum(NSDecimalParts::of(*this), NSDecimalParts::of(other)),
-                    QStringLiteral("decimalNumberByAdding:"), behaviorOrDefault(behavior), *this,
-                    other);
+                    u"decimalNumberByAdding:", behaviorOrDefault(behavior), *this, &other);
 }
 
 NSDecimalNumber
@@ -89,8 +93,7 @@ NSDecimalNumber::decimalNumberBySubtracting(const NSDecimalNumber &other,
         return notANumber();
     return finished(NSDecimalArithmetic::sum(NSDecimalParts::of(*this),
                                              NSDecimalParts::of(other.decimalNumberByNegating())),
-                    QStringLiteral("decimalNumberBySubtracting:"), behaviorOrDefault(behavior),
-                    *this, other);
+                    u"decimalNumberBySubtracting:", behaviorOrDefault(behavior), *this, &other);
 }
 
 NSDecimalNumber
@@ -101,7 +104,7 @@ NSDecimalNumber::decimalNumberByMultiplyingBy(const NSDecimalNumber &other,
         return notANumber();
     return finished(
         NSDecimalArithmetic::product(NSDecimalParts::of(*this), NSDecimalParts::of(other)),
-        QStringLiteral("decimalNumberByMultiplyingBy:"), behaviorOrDefault(behavior), *this, other);
+        u"decimalNumberByMultiplyingBy:", behaviorOrDefault(behavior), *this, &other);
 }
 
 NSDecimalNumber
@@ -110,13 +113,13 @@ NSDecimalNumber::decimalNumberByDividingBy(const NSDecimalNumber &other,
 {
     if (_isNaN || other._isNaN)
         return notANumber();
-    const QString operation = QStringLiteral("decimalNumberByDividingBy:");
+    constexpr const char16_t *operation = u"decimalNumberByDividingBy:";
     if (other == NSDecimalNumber())
         return settled(notANumber(), NSCalculationDivideByZero, operation,
-                       behaviorOrDefault(behavior), *this, other);
+                       behaviorOrDefault(behavior), *this, &other);
     return finished(
         NSDecimalArithmetic::quotient(NSDecimalParts::of(*this), NSDecimalParts::of(other)),
-        operation, behaviorOrDefault(behavior), *this, other);
+        operation, behaviorOrDefault(behavior), *this, &other);
 }
 
 NSDecimalNumber
@@ -146,8 +149,7 @@ NSDecimalNumber::decimalNumberByRaisingToPower(unsigned power,
             square = times(square, square);
     }
     result = scaled(result, used, &worst);
-    return settled(result, worst, QStringLiteral("decimalNumberByRaisingToPower:"), used, *this,
-                   std::nullopt);
+    return settled(result, worst, u"decimalNumberByRaisingToPower:", used, *this, nullptr);
 }
 
 NSDecimalNumber NSDecimalNumber::decimalNumberByMultiplyingByPowerOf10(
@@ -155,7 +157,7 @@ NSDecimalNumber NSDecimalNumber::decimalNumberByMultiplyingByPowerOf10(
 {
     if (_isNaN)
         return notANumber();
-    const QString operation = QStringLiteral("decimalNumberByMultiplyingByPowerOf10:");
+    constexpr const char16_t *operation = u"decimalNumberByMultiplyingByPowerOf10:";
     NSDecimalIntermediate shifted = intermediateOf(*this);
     shifted.exponent += power;
     // The exponent alone counts, also where the digits could take some of it.
@@ -163,8 +165,8 @@ NSDecimalNumber NSDecimalNumber::decimalNumberByMultiplyingByPowerOf10(
     const bool isTooSmall = shifted.exponent < NSDecimalParts::MinimumExponent;
     if ((isTooLarge || isTooSmall) && !shifted.magnitude.isZero())
         return settled(notANumber(), isTooLarge ? NSCalculationOverflow : NSCalculationUnderflow,
-                       operation, behaviorOrDefault(behavior), *this, std::nullopt);
-    return finished(shifted, operation, behaviorOrDefault(behavior), *this, std::nullopt);
+                       operation, behaviorOrDefault(behavior), *this, nullptr);
+    return finished(shifted, operation, behaviorOrDefault(behavior), *this, nullptr);
 }
 
 NSDecimalNumber NSDecimalNumber::decimalNumberByRoundingAccordingToBehavior(
@@ -172,9 +174,10 @@ NSDecimalNumber NSDecimalNumber::decimalNumberByRoundingAccordingToBehavior(
 {
     if (_isNaN)
         return notANumber();
-    return finished(intermediateOf(*this),
-                    QStringLiteral("decimalNumberByRoundingAccordingToBehavior:"),
-                    behaviorOrDefault(behavior), *this, std::nullopt);
+    const NSDecimalNumberBehaviors &used = behaviorOrDefault(behavior);
+    NSCalculationError error = NSCalculationNoError;
+    return settled(scaled(*this, used, &error), error,
+                   u"decimalNumberByRoundingAccordingToBehavior:", used, *this, nullptr);
 }
 
 NSDecimalNumber NSDecimalNumber::decimalNumberByNegating() const

@@ -49,11 +49,25 @@ struct NSDecimalIntermediate
     /// The same with no digits below 10^\a lowestExponent.
     NSDecimalNumber roundedAt(qint64 lowestExponent, NSRoundingMode mode,
                               NSCalculationError *error) const;
+
+private:
+    bool fits(qint64 lowestExponent) const;
 };
 
 namespace NSDecimalArithmetic {
+inline constexpr std::array<NSCoefficient, 39> PowersOfTen = [] {
+    std::array<NSCoefficient, 39> powers{1};
+    for (size_t index = 1; index < powers.size(); ++index)
+        powers[index] = powers[index - 1] * 10;
+    return powers;
+}();
+
 /// 10^\a exponent, up to 38.
-NSCoefficient powerOfTen(int exponent);
+constexpr NSCoefficient powerOfTen(int exponent)
+{
+    return PowersOfTen[size_t(exponent)];
+}
+
 /// How many decimal digits; 0 for zero.
 int digitCount(NSCoefficient value);
 

@@ -164,6 +164,15 @@ TEST(NSDecimalNumber, RaisesWhatItCannotDo)
     const NSDecimalNumberHandler exact(NSRoundPlain, NSDecimalNoScale, true, true, true, true);
     EXPECT_THROW(decimal(u"1").decimalNumberByDividingBy(decimal(u"3"), &exact), NSException);
     EXPECT_EQ(decimal(u"1").decimalNumberByDividingBy(decimal(u"4"), &exact), decimal(u"0.25"));
+    const NSDecimalNumberHandler exactCents(NSRoundPlain, 1, true, true, true, true);
+    EXPECT_EQ(decimal(u"1").decimalNumberByDividingBy(decimal(u"4"), &exactCents),
+              decimal(u"0.3")); // what the scale drops is no error
+    EXPECT_EQ(decimal(u"0.25").decimalNumberByRoundingAccordingToBehavior(&exactCents),
+              decimal(u"0.3"));
+    EXPECT_RAISES(decimal(u"1").decimalNumberByDividingBy(decimal(u"3"), &exactCents),
+                  NSDecimalNumberExactnessException,
+                  u"decimalNumberByDividingBy: the result has more digits than a decimal number "
+                  u"can hold");
     const NSDecimalNumberHandler behavior = quiet(NSRoundPlain);
     EXPECT_TRUE(large.decimalNumberByDividingBy(NSDecimalNumber(), &behavior).isNaN());
     EXPECT_TRUE(large.decimalNumberByMultiplyingByPowerOf10(1, &behavior).isNaN());
@@ -172,23 +181,25 @@ TEST(NSDecimalNumber, RaisesWhatItCannotDo)
 
 TEST(NSDecimalNumber, TakesTheBehavioursAnswerForAnError)
 {
-    class ZeroInstead : public NSDecimalNumberHandler
+    class SevenInstead : public NSDecimalNumberHandler
     {
     public:
-        ZeroInstead() : NSDecimalNumberHandler(NSRoundPlain, 2, false, false, false, false) {}
+        SevenInstead() : NSDecimalNumberHandler(NSRoundPlain, 2, false, false, false, false) {}
         std::optional<NSDecimalNumber>
         exceptionDuringOperation(const QString &operation, NSCalculationError error,
                                  const NSDecimalNumber &leftOperand,
                                  const std::optional<NSDecimalNumber> &rightOperand) const override
         {
             EXPECT_EQ(operation, u"decimalNumberByDividingBy:");
+            if (error == NSCalculationLossOfPrecision)
+                return std::nullopt;
             EXPECT_EQ(error, NSCalculationDivideByZero);
             EXPECT_EQ(leftOperand.integerValue(), 5);
             EXPECT_EQ(rightOperand, NSDecimalNumber());
             return NSDecimalNumber(7);
         }
     };
-    const ZeroInstead behavior;
+    const SevenInstead behavior;
     EXPECT_EQ(NSDecimalNumber(5).decimalNumberByDividingBy({}, &behavior), NSDecimalNumber(7));
     NSDecimalNumber::setDefaultBehavior(&behavior);
     EXPECT_EQ(NSDecimalNumber(1).decimalNumberByDividingBy(NSDecimalNumber(3)).description(),
@@ -252,6 +263,28 @@ TEST(NSDecimalNumber, ConvertsToOtherTypes)
     EXPECT_EQ(decimal(u"1e-5").description(), u"0.00001");
     EXPECT_EQ(NSDecimalNumber::maximumDecimalNumber().description().size(), 38 + 127);
     EXPECT_LT(NSDecimalNumber::minimumDecimalNumber(), decimal(u"-1e100"));
+}
+
+TEST(NSDecimalNumber, RoundsTextsThatAreTooLong)
+{
+    const QString nines(38, u'9');
+    EXPECT_EQ(decimal(QString(nines + u"4")), decimal(QString(nines + u"e1")));
+    EXPECT_EQ(decimal(QString(nines + u"5")), decimal(u"1e39"));
+    EXPECT_EQ(decimal(QString(nines + u".5")), decimal(u"1e38"));
+    EXPECT_EQ(decimal(QString(nines + u"e127")), NSDecimalNumber::maximumDecimalNumber());
+    EXPECT_TRUE(decimal(QString(nines + u".5e127")).isNaN()); // 10^165
+    EXPECT_EQ(decimal(u"1e164").description(), QString(u'1' + QString(164, u'0')));
+    EXPECT_TRUE(decimal(u"1e165").isNaN());
+    EXPECT_TRUE(decimal(u"0e200").isNaN());
+}
+
+TEST(NSDecimalNumber, HasZeroAndOne)
+{
+    EXPECT_EQ(NSDecimalNumber::zero(), NSDecimalNumber());
+    EXPECT_EQ(NSDecimalNumber::zero().description(), u"0");
+    EXPECT_EQ(NSDecimalNumber::one().description(), u"1");
+    EXPECT_EQ(NSDecimalNumber::one().decimalNumberBySubtracting(NSDecimalNumber::one()),
+              NSDecimalNumber::zero());
 }
 
 TEST(NSDecimalNumber, OrdersByValue)

@@ -14,6 +14,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSDateFormatterTests.cpp
     Platform/Foundation/NSDateNamesTests.cpp
     Platform/Foundation/NSDatePatternTests.cpp
+    Platform/Foundation/NSDecimalArithmeticTests.cpp
     Platform/Foundation/NSDecimalNumberTests.cpp
     Platform/Foundation/NSErrorTests.cpp
     Platform/Foundation/NSExceptionTests.cpp
