@@ -1,8 +1,12 @@
 target_sources(KTUtility PRIVATE
     KTAssert.cpp
+    KTInstanceNumbers.cpp
     KTLogCapture.cpp
     KTLogLine.cpp
     KTLogger.cpp
     KTLoggerComponents.cpp
     KTLoggerMenu.cpp
+    KTMediaFilenameMunger.cpp
+    KTMediaNames.cpp
+    KTStagedFile.cpp
 )
