@@ -1,5 +1,7 @@
 target_sources(KTUtility PRIVATE
     KTAssert.cpp
+    KTDatabaseBundle.cpp
+    KTDatabaseBundleStoring.cpp
     KTInstanceNumbers.cpp
     KTLogCapture.cpp
     KTLogLine.cpp

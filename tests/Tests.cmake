@@ -1,5 +1,7 @@
 target_sources(KTUtilityTests PRIVATE
     KTAssertTests.cpp
+    KTDatabaseBundleTableTests.cpp
+    KTDatabaseBundleTests.cpp
     KTLoggerMenuTests.cpp
     KTLoggerTests.cpp
     KTMediaFilenameMungerTests.cpp

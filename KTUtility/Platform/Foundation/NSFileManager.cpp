@@ -7,6 +7,7 @@
 
 #include <filesystem>
 #include <sys/stat.h>
+#include <unistd.h>
 
 bool NSFileManager::fileExistsAtPath(const QString &path, bool *isDirectory)
 {
@@ -16,6 +17,16 @@ bool NSFileManager::fileExistsAtPath(const QString &path, bool *isDirectory)
     if (isDirectory)
         *isDirectory = exists && S_ISDIR(status.st_mode);
     return exists;
+}
+
+bool NSFileManager::isReadableFileAtPath(const QString &path)
+{
+    return NSCanBePath(path) && ::access(QFile::encodeName(path).constData(), R_OK) == 0;
+}
+
+bool NSFileManager::setPosixPermissions(const QString &path, unsigned permissions)
+{
+    return NSCanBePath(path) && ::chmod(QFile::encodeName(path).constData(), permissions) == 0;
 }
 
 bool NSFileManager::createDirectoryAtPath(const QString &path, bool withIntermediateDirectories)

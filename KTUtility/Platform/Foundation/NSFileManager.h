@@ -17,6 +17,13 @@ namespace NSFileManager {
 /// \return false also for nil, the empty path, and paths that hold NUL or lone surrogates.
 KTUTILITY_EXPORT bool fileExistsAtPath(const QString &path, bool *isDirectory = nullptr);
 
+/// Whether this process's user may read what is at \a path; false if there is nothing.
+KTUTILITY_EXPORT bool isReadableFileAtPath(const QString &path);
+
+/// Sets the permission bits (POSIX, 07777 at most) of a file or folder.
+/// \return false if there is nothing, or it belongs to someone else.
+KTUTILITY_EXPORT bool setPosixPermissions(const QString &path, unsigned permissions);
+
 /// Makes a folder.
 /// \param withIntermediateDirectories whether folders on the way are made, too; then a folder that
 /// exists already is a success.
