@@ -1,5 +1,8 @@
 target_sources(KTUtilityTests PRIVATE
     KTAssertTests.cpp
+    KTDatabaseBundleTableTests.cpp
+    KTDatabaseBundleTests.cpp
     KTLoggerMenuTests.cpp
     KTLoggerTests.cpp
+    KTMediaFilenameMungerTests.cpp
 )

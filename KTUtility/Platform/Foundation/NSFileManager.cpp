@@ -1,31 +1,52 @@
 #include "NSFileManager.h"
 
+#include "NSFileOperations_p.h"
+
 #include <QDir>
 #include <QFile>
 
+#include <filesystem>
 #include <sys/stat.h>
-
-namespace {
-/// Lone surrogates have no bytes, and would become the name of another file.
-bool canBePath(const QString &path)
-{
-    return !path.isEmpty() && path.isValidUtf16() && !path.contains(QChar(u'\0'));
-}
-} // namespace
+#include <unistd.h>
 
 bool NSFileManager::fileExistsAtPath(const QString &path, bool *isDirectory)
 {
     struct stat status = {};
     const bool exists =
-        canBePath(path) && ::stat(QFile::encodeName(path).constData(), &status) == 0;
+        NSCanBePath(path) && ::stat(QFile::encodeName(path).constData(), &status) == 0;
     if (isDirectory)
         *isDirectory = exists && S_ISDIR(status.st_mode);
     return exists;
 }
 
+bool NSFileManager::isReadableFileAtPath(const QString &path)
+{
+    return NSCanBePath(path) && ::access(QFile::encodeName(path).constData(), R_OK) == 0;
+}
+
+bool NSFileManager::setPosixPermissions(const QString &path, unsigned permissions)
+{
+    return NSCanBePath(path) && ::chmod(QFile::encodeName(path).constData(), permissions) == 0;
+}
+
 bool NSFileManager::createDirectoryAtPath(const QString &path, bool withIntermediateDirectories)
 {
-    if (!canBePath(path))
+    if (!NSCanBePath(path))
         return false;
     return withIntermediateDirectories ? QDir().mkpath(path) : QDir().mkdir(path);
+}
+
+bool NSFileManager::moveItemAtPath(const QString &path, const QString &toPath)
+{
+    return NSCanBePath(path) && NSCanBePath(toPath) &&
+           NSRenameWithoutReplacing(QFile::encodeName(path), QFile::encodeName(toPath)) == 0;
+}
+
+bool NSFileManager::removeItemAtPath(const QString &path)
+{
+    if (!NSCanBePath(path))
+        return false;
+    std::error_code error;
+    const auto count = std::filesystem::remove_all(QFile::encodeName(path).toStdString(), error);
+    return !error && count > 0;
 }

@@ -1,5 +1,7 @@
 #include "NSURL.h"
 
+#include "NSPercentEscapes.h"
+
 #include <algorithm>
 
 namespace {
@@ -53,4 +55,38 @@ QString NSURL::scheme() const
                           std::all_of(name.begin(), name.end(),
                                       [](QChar unit) { return isSchemeUnit(unit.unicode()); });
     return isScheme ? name.toString() : QString();
+}
+
+std::optional<NSURL> NSURL::fileURLWithPath(const QString &path)
+{
+    if (!path.startsWith(u'/') || path.contains(QChar(u'\0')))
+        return std::nullopt;
+    QString escaped = NSString::stringByAddingPercentEscapes(path);
+    // These may stand in a URL, but would end its path.
+    escaped.replace(u'?', QStringLiteral("%3F")).replace(u';', QStringLiteral("%3B"));
+    return escaped.isNull() ? std::nullopt : URLWithString(u"file://" + escaped);
+}
+
+bool NSURL::isFileURL() const
+{
+    return scheme().compare(u"file", Qt::CaseInsensitive) == 0;
+}
+
+QString NSURL::path() const
+{
+    const QString scheme = this->scheme();
+    QStringView rest = QStringView(_text).sliced(scheme.isNull() ? 0 : scheme.size() + 1);
+    const auto end = std::find_if(rest.begin(), rest.end(),
+                                  [](QChar unit) { return unit == u'?' || unit == u'#'; });
+    rest.truncate(end - rest.begin());
+    if (rest.startsWith(u"//")) {
+        const qsizetype slash = rest.indexOf(u'/', 2);
+        rest = slash < 0 ? QStringView(u"") : rest.sliced(slash);
+    } else if (!scheme.isNull() && !rest.startsWith(u'/')) {
+        return {};
+    }
+    if (rest.size() > 1 && rest.endsWith(u'/'))
+        rest.chop(1);
+    return NSString::stringByReplacingPercentEscapes(rest.isEmpty() ? QStringLiteral("")
+                                                                    : rest.toString());
 }

@@ -18,6 +18,7 @@
 /// url->absoluteString();    // "cobblemedia://Photo.0.jpg"
 /// url->scheme();            // "cobblemedia"
 /// NSURL::URLWithString(QStringLiteral("http://a b"));    // std::nullopt
+/// NSURL::fileURLWithPath(QStringLiteral("/tmp/a b"))->absoluteString();    // "file:///tmp/a%20b"
 /// \endcode
 class KTUTILITY_EXPORT NSURL
 {
@@ -28,10 +29,20 @@ public:
     /// hexadecimal digits, a second "#".
     static std::optional<NSURL> URLWithString(const QString &text);
 
+    /// The "file" URL of an absolute path.
+    /// \return nothing for nil, relative paths, and paths that hold lone surrogates or NUL.
+    static std::optional<NSURL> fileURLWithPath(const QString &path);
+
     /// The text that the URL was made from.
     const QString &absoluteString() const { return _text; }
     /// What stands before the first ":", in the case that was typed; nil for relative URLs.
     QString scheme() const;
+    /// Whether the scheme is "file", in any case.
+    bool isFileURL() const;
+    /// The path: what stands behind the host and before "?" or "#", with its escapes replaced and
+    /// without a "/" at its end. The path of "cobblemedia://Photo.0.jpg" is empty: that is a host.
+    /// \return nil if there is no path ("mailto:ada"), or its escapes are no UTF-8.
+    QString path() const;
 
     friend bool operator==(const NSURL &left, const NSURL &right)
     {

@@ -24,8 +24,10 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSDefaultsFile.cpp
     Platform/Foundation/NSError.cpp
     Platform/Foundation/NSException.cpp
+    Platform/Foundation/NSFileCopy.cpp
     Platform/Foundation/NSFileHandle.cpp
     Platform/Foundation/NSFileManager.cpp
+    Platform/Foundation/NSFileRename.cpp
     Platform/Foundation/NSFormatter.cpp
     Platform/Foundation/NSInvoker.cpp
     Platform/Foundation/NSKeyAccessor.cpp
@@ -49,6 +51,7 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSNumberWriter.cpp
     Platform/Foundation/NSObject.cpp
     Platform/Foundation/NSPathUtilities.cpp
+    Platform/Foundation/NSPercentEscapes.cpp
     Platform/Foundation/NSPropertyListBinaryReader.cpp
     Platform/Foundation/NSPropertyListSerialization.cpp
     Platform/Foundation/NSPropertyListWriter.cpp
@@ -66,6 +69,7 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSStringValues.cpp
     Platform/Foundation/NSTimeZoneRules.cpp
     Platform/Foundation/NSURL.cpp
+    Platform/Foundation/NSURLConnection.cpp
     Platform/Foundation/NSUserDefaults.cpp
     Platform/Foundation/NSValueTransformer.cpp
 )

@@ -18,6 +18,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSDecimalNumberTests.cpp
     Platform/Foundation/NSErrorTests.cpp
     Platform/Foundation/NSExceptionTests.cpp
+    Platform/Foundation/NSFileCopyTests.cpp
     Platform/Foundation/NSFileHandleTests.cpp
     Platform/Foundation/NSFileManagerTests.cpp
     Platform/Foundation/NSInvokerTests.cpp
@@ -42,6 +43,8 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSStringNormalizationTests.cpp
     Platform/Foundation/NSStringTests.cpp
     Platform/Foundation/NSTimeZoneRulesTests.cpp
+    Platform/Foundation/NSURLConnectionTests.cpp
+    Platform/Foundation/NSURLTests.cpp
     Platform/Foundation/NSUserDefaultsFileTests.cpp
     Platform/Foundation/NSUserDefaultsTests.cpp
     Platform/Foundation/NSValueMatcherTests.cpp

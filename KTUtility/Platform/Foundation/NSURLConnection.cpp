@@ -1,0 +1,78 @@
+#include "NSURLConnection.h"
+
+#include <curl/curl.h>
+
+#include <cmath>
+#include <memory>
+
+namespace {
+struct CloseTransfer
+{
+    void operator()(CURL *transfer) const { curl_easy_cleanup(transfer); }
+};
+using Transfer = std::unique_ptr<CURL, CloseTransfer>;
+
+struct FreeHeaders
+{
+    void operator()(curl_slist *headers) const { curl_slist_free_all(headers); }
+};
+using Headers = std::unique_ptr<curl_slist, FreeHeaders>;
+
+constexpr long MaximumRedirections = 16;
+
+/// Takes a part of the body; anything but \a size ends the transfer.
+size_t takePart(const char *part, size_t one, size_t size, void *body)
+{
+    QByteArray &data = *static_cast<QByteArray *>(body);
+    if (size > size_t(NSURLConnection::MaximumSize - data.size()))
+        return 0;
+    data.append(part, qsizetype(one * size));
+    return size;
+}
+
+Headers headersAgainstCaches()
+{
+    Headers headers(curl_slist_append(nullptr, "Cache-Control: no-cache"));
+    if (headers)
+        curl_slist_append(headers.get(), "Pragma: no-cache");
+    return headers;
+}
+
+bool isLibraryReady()
+{
+    static const bool isReady = curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK;
+    return isReady;
+}
+
+void setLimits(CURL *transfer, double timeoutInterval)
+{
+    const long milliseconds = std::max(1L, std::lround(timeoutInterval * 1000));
+    curl_easy_setopt(transfer, CURLOPT_TIMEOUT_MS, milliseconds);
+    curl_easy_setopt(transfer, CURLOPT_NOSIGNAL, 1L);
+    curl_easy_setopt(transfer, CURLOPT_MAXFILESIZE_LARGE, curl_off_t(NSURLConnection::MaximumSize));
+    curl_easy_setopt(transfer, CURLOPT_PROTOCOLS_STR, "http");
+    curl_easy_setopt(transfer, CURLOPT_REDIR_PROTOCOLS_STR, "http");
+    curl_easy_setopt(transfer, CURLOPT_FOLLOWLOCATION, 1L);
+    curl_easy_setopt(transfer, CURLOPT_MAXREDIRS, MaximumRedirections);
+    curl_easy_setopt(transfer, CURLOPT_NOPROXY, "*");
+}
+} // namespace
+
+std::optional<QByteArray> NSURLConnection::sendSynchronousRequest(const NSURL &url,
+                                                                  double timeoutInterval)
+{
+    const Transfer transfer(isLibraryReady() ? curl_easy_init() : nullptr);
+    if (!transfer || url.scheme().compare(u"http", Qt::CaseInsensitive) != 0)
+        return std::nullopt;
+    const Headers headers = headersAgainstCaches();
+    const QByteArray text = url.absoluteString().toLatin1();
+    QByteArray body("");
+    setLimits(transfer.get(), timeoutInterval);
+    curl_easy_setopt(transfer.get(), CURLOPT_URL, text.constData());
+    curl_easy_setopt(transfer.get(), CURLOPT_HTTPHEADER, headers.get());
+    curl_easy_setopt(transfer.get(), CURLOPT_WRITEFUNCTION, takePart);
+    curl_easy_setopt(transfer.get(), CURLOPT_WRITEDATA, &body);
+    if (curl_easy_perform(transfer.get()) != CURLE_OK)
+        return std::nullopt;
+    return body;
+}

@@ -1,0 +1,62 @@
+#include "support/FileTree.h"
+
+#include "support/TestSupport.h"
+
+#include <QDirIterator>
+#include <QJsonArray>
+
+namespace testing_support {
+FileTree::FileTree(const QJsonObject &row)
+{
+    const QJsonArray paths = row.value(QStringLiteral("tree")).toArray();
+    for (const QJsonValue path : paths)
+        add(path.toString(), path.toString().toUtf8());
+    const QJsonObject copies = row.value(QStringLiteral("copies")).toObject();
+    const QJsonArray ranges = copies.value(QStringLiteral("ranges")).toArray();
+    for (const QJsonValue range : ranges)
+        addCopies(copies.value(QStringLiteral("path")).toString(), range[0].toInt(),
+                  range[1].toInt());
+    if (row.value(QStringLiteral("cwd")).toBool()) {
+        _before = QDir::currentPath();
+        QDir::setCurrent(root());
+    }
+}
+
+FileTree::~FileTree()
+{
+    if (!_before.isNull())
+        QDir::setCurrent(_before);
+}
+
+void FileTree::add(const QString &relative, const QByteArray &contents) const
+{
+    if (relative.endsWith(u'/'))
+        QDir().mkpath(path(relative));
+    else
+        writeFile(path(relative), contents);
+}
+
+void FileTree::addCopies(const QString &pattern, int first, int last) const
+{
+    for (int number = first; number <= last; ++number) {
+        const QString name =
+            QString(pattern).replace(QStringLiteral("%d"), QString::number(number));
+        add(name, name.toUtf8());
+    }
+}
+
+QJsonObject FileTree::contents() const
+{
+    QJsonObject found;
+    QDirIterator items(root(),
+                       QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                       QDirIterator::Subdirectories);
+    while (items.hasNext()) {
+        const QFileInfo item(items.next());
+        found.insert(QDir(root()).relativeFilePath(item.filePath()),
+                     item.isDir() ? QJsonValue()
+                                  : QJsonValue(QString::fromUtf8(contentsOf(item.filePath()))));
+    }
+    return found;
+}
+} // namespace testing_support
