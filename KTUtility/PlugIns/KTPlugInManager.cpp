@@ -1,22 +1,13 @@
 #include "KTPlugInManager.h"
 
+#include <KTUtility/KTDatabaseBundle.h>
 #include <KTUtility/KTLogger.h>
 #include <KTUtility/Platform/Foundation/NSPathUtilities.h>
-#include <KTUtility/Platform/Foundation/NSSearchPath.h>
 
 // Which plug-ins there are, and which of them the user wants. How they are loaded is in
 // KTPlugInLoading.cpp, their settings are in KTPlugInDefaults.cpp.
 
 namespace {
-/// The user's folder of the host.
-QString supportFolder()
-{
-    const QStringList folders =
-        NSSearchPathForDirectoriesInDomains(NSApplicationSupportDirectory, NSUserDomainMask, true);
-    return NSString::stringByAppendingPathComponent(
-        folders.isEmpty() ? NSTemporaryDirectory() : folders.first(), QStringLiteral("Cobble"));
-}
-
 /// A folder below another; "%@" in the component is the name.
 QString folderIn(const QString &folder, QStringView component, const QString &name)
 {
@@ -49,7 +40,7 @@ KTPlugInManager::~KTPlugInManager()
 QStringList KTPlugInManager::searchFolders() const
 {
     const QString framework = NSBundle::frameworkBundle().bundlePath();
-    return {folderIn(supportFolder(), u"PlugIns/%@", _searchFolder),
+    return {folderIn(KTDatabaseBundle::cobbleSupportFolder(), u"PlugIns/%@", _searchFolder),
             folderIn(framework, u"../../PlugIns/%@", _searchFolder),
             folderIn(framework, u"../Cobble.app/Contents/PlugIns/%@", _searchFolder)};
 }

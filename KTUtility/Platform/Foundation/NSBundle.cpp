@@ -6,11 +6,11 @@
 #include "NSPathUtilities.h"
 #include "NSPropertyListSerialization.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 
+#include <dirent.h>
 #include <dlfcn.h>
 
 namespace {
@@ -28,14 +28,11 @@ struct NSBundle::Code
     std::unique_ptr<NSModule> module;
 };
 
-NSBundle::NSBundle(const QString &path)
-    : _path(path)
-    , _information(
-          NSDictionary::dictionaryWithContentsOfFile(
-              NSString::stringByAppendingPathComponent(path, QStringLiteral("Contents/Info.plist")))
-              .value_or(QVariantMap()))
-    , _code(std::make_shared<Code>())
+NSBundle::NSBundle(const QString &path) : _path(path), _code(std::make_shared<Code>())
 {
+    if (!path.isEmpty())
+        _information = NSDictionary::dictionaryWithContentsOfFile(path + u"/Contents/Info.plist")
+                           .value_or(QVariantMap());
 }
 
 QString NSBundle::bundlePathForExecutable(const QString &executable)
@@ -118,8 +115,10 @@ QStringList NSBundle::pathsForResourcesOfType(const QString &type, const QString
     if (!NSFileManager::fileExistsAtPath(inDirectory))
         return paths;
     // Whatever has the name counts: what it is shows when it is opened.
-    const QDir::Filters everything = QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot;
-    for (const QString &name : QDir(inDirectory).entryList(everything, QDir::Unsorted)) {
+    const std::unique_ptr<DIR, int (*)(DIR *)> folder(
+        ::opendir(QFile::encodeName(inDirectory).constData()), ::closedir);
+    while (const dirent *const entry = folder ? ::readdir(folder.get()) : nullptr) {
+        const QString name = QFile::decodeName(entry->d_name);
         if (NSString::pathExtension(name) == type)
             paths += NSString::stringByAppendingPathComponent(inDirectory, name);
     }

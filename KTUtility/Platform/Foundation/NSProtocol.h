@@ -21,7 +21,7 @@ public:
     /// The protocol with this name; nil if the name is nil.
     explicit NSProtocol(const QString &name) : _name(name) {}
 
-    /// The protocol of an interface; nil if it was not declared with Q_DECLARE_INTERFACE.
+    /// The protocol of an interface. One that was not declared does not compile.
     template<typename Interface>
     static NSProtocol of()
     {

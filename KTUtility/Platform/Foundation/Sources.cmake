@@ -53,6 +53,7 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSPathUtilities.cpp
     Platform/Foundation/NSPercentEscapes.cpp
     Platform/Foundation/NSPropertyListBinaryReader.cpp
+    Platform/Foundation/NSPropertyListQuickReader.cpp
     Platform/Foundation/NSPropertyListSerialization.cpp
     Platform/Foundation/NSPropertyListWriter.cpp
     Platform/Foundation/NSPropertyListXMLReader.cpp
