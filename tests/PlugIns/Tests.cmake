@@ -1,5 +1,9 @@
 target_sources(KTUtilityTests PRIVATE
+    PlugIns/KTPlugInClassTests.cpp
+    PlugIns/KTPlugInDefaultsTests.cpp
     PlugIns/KTPlugInLoadingTests.cpp
+    PlugIns/KTPlugInManagerTests.cpp
+    PlugIns/KTPlugInRoundsTests.cpp
     PlugIns/PlugInSupport.cpp
 )
 
@@ -25,3 +29,27 @@ foreach(version 1 2)
     target_compile_definitions(GoodPlugIn${version} PRIVATE KT_TEST_VERSION="${version}")
 endforeach()
 kt_add_test_plugin(OddPlugIns QuietExporter org.example.odd PlugIns/Modules/OddPlugIns.cpp)
+
+# Classes that must not compile, and the one that must, so that the others fail for their reason.
+function(kt_add_compile_test class expected)
+    set(includes "$<TARGET_PROPERTY:Qt6::Core,INTERFACE_INCLUDE_DIRECTORIES>")
+    add_test(NAME KTPlugInClass.Compiling${class}
+        COMMAND "${CMAKE_CXX_COMPILER}" -std=c++20 -fsyntax-only -fPIC
+            "-I${PROJECT_SOURCE_DIR}" "-I$<JOIN:${includes},;-I>" -DPRINCIPAL_CLASS=${class}
+            "${CMAKE_CURRENT_SOURCE_DIR}/PlugIns/Compiling/PrincipalClasses.cpp"
+        COMMAND_EXPAND_LISTS)
+    if(expected)
+        set_tests_properties(KTPlugInClass.Compiling${class} PROPERTIES
+            PASS_REGULAR_EXPRESSION "${expected}")
+    endif()
+endfunction()
+
+kt_add_compile_test(Complete "")
+kt_add_compile_test(WithoutDidLoad "")
+kt_add_compile_test(FinalWithoutDidLoad "")
+kt_add_compile_test(WithoutWillUnload "error: .*needs a public: static void pluginWillUnload")
+kt_add_compile_test(PrivateDidUnload "error: .*needs a public: static void pluginDidUnload")
+kt_add_compile_test(OtherDidLoad "error: .*pluginDidLoadBundle must be public")
+kt_add_compile_test(PrivateDidLoad "error: .*pluginDidLoadBundle must be public")
+kt_add_compile_test(MemberDidLoad "error: .*pluginDidLoadBundle must be public")
+kt_add_compile_test(FinalOtherDidLoad "error: .*pluginDidLoadBundle must be public")
