@@ -20,4 +20,6 @@ write_basic_package_version_file("${CMAKE_CURRENT_BINARY_DIR}/KTUtilityConfigVer
     COMPATIBILITY SameMinorVersion)
 install(FILES "${CMAKE_CURRENT_BINARY_DIR}/KTUtilityConfig.cmake"
               "${CMAKE_CURRENT_BINARY_DIR}/KTUtilityConfigVersion.cmake"
+              "${PROJECT_SOURCE_DIR}/cmake/KTPlugIn.cmake"
+              "${PROJECT_SOURCE_DIR}/cmake/KTPlugInInfo.plist.in"
     COMPONENT KTUtility DESTINATION "${package_folder}")

@@ -20,7 +20,7 @@ run("${CMAKE_COMMAND}" --build "${WORK}/build")
 
 file(MAKE_DIRECTORY "${WORK}/home")
 run("${CMAKE_COMMAND}" -E env "HOME=${WORK}/home" --unset=XDG_DATA_HOME "${WORK}/build/consumer")
-if(NOT output STREQUAL "Field 1 kt_field1")
+if(NOT output STREQUAL "Field 1 kt_field1 greetings")
     message(FATAL_ERROR "The consumer printed: ${output}")
 endif()
 

@@ -1,5 +1,8 @@
 #include "NSBundle.h"
 
+#include "NSClass.h"
+#include "NSFileManager.h"
+#include "NSModule_p.h"
 #include "NSPathUtilities.h"
 #include "NSPropertyListSerialization.h"
 
@@ -7,6 +10,7 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 
+#include <dirent.h>
 #include <dlfcn.h>
 
 namespace {
@@ -18,13 +22,17 @@ bool canNameFile(const QString &name)
 }
 } // namespace
 
-NSBundle::NSBundle(const QString &path)
-    : _path(path)
-    , _information(
-          NSDictionary::dictionaryWithContentsOfFile(
-              NSString::stringByAppendingPathComponent(path, QStringLiteral("Contents/Info.plist")))
-              .value_or(QVariantMap()))
+/// The code, null while it is not loaded; shared by the copies of a bundle.
+struct NSBundle::Code
 {
+    std::unique_ptr<NSModule> module;
+};
+
+NSBundle::NSBundle(const QString &path) : _path(path), _code(std::make_shared<Code>())
+{
+    if (!path.isEmpty())
+        _information = NSDictionary::dictionaryWithContentsOfFile(path + u"/Contents/Info.plist")
+                           .value_or(QVariantMap());
 }
 
 QString NSBundle::bundlePathForExecutable(const QString &executable)
@@ -83,11 +91,109 @@ QString NSBundle::pathForResource(const QString &name, const QString &ofType) co
     return {};
 }
 
+/// A text of the information; nil if it is missing, empty, or something else.
+QString NSBundle::textForKey(const QString &key) const
+{
+    const QVariant value = _information.value(key);
+    const bool isText = value.typeId() == QMetaType::QString && !value.toString().isEmpty();
+    return isText ? value.toString() : QString();
+}
+
 QString NSBundle::bundleIdentifier() const
 {
-    const QVariant identifier = _information.value(QStringLiteral("CFBundleIdentifier"));
-    const bool isText = identifier.typeId() == QMetaType::QString;
-    return isText && !identifier.toString().isEmpty() ? identifier.toString() : QString();
+    return textForKey(QStringLiteral("CFBundleIdentifier"));
+}
+
+QString NSBundle::principalClassName() const
+{
+    return textForKey(QStringLiteral("NSPrincipalClass"));
+}
+
+QStringList NSBundle::pathsForResourcesOfType(const QString &type, const QString &inDirectory)
+{
+    QStringList paths;
+    if (!NSFileManager::fileExistsAtPath(inDirectory))
+        return paths;
+    // Whatever has the name counts: what it is shows when it is opened.
+    const std::unique_ptr<DIR, int (*)(DIR *)> folder(
+        ::opendir(QFile::encodeName(inDirectory).constData()), ::closedir);
+    while (const dirent *const entry = folder ? ::readdir(folder.get()) : nullptr) {
+        const QString name = QFile::decodeName(entry->d_name);
+        if (NSString::pathExtension(name) == type)
+            paths += NSString::stringByAppendingPathComponent(inDirectory, name);
+    }
+    paths.sort();
+    return paths;
+}
+
+// --- Code ---------------------------------------------------------------------------------------
+
+QString NSBundle::executableName() const
+{
+    const QString named = textForKey(QStringLiteral("CFBundleExecutable"));
+    if (!named.isNull())
+        return canNameFile(named) ? named : QString();
+    return NSString::stringByDeletingPathExtension(NSString::lastPathComponent(_path));
+}
+
+QString NSBundle::executablePath() const
+{
+    const QString name = executableName();
+    if (name.isEmpty())
+        return {};
+    for (const QStringView folder : {u"/Contents/Linux/", u"/Contents/", u"/"}) {
+        for (const QString &file : {name, QString(u"lib" + name + u".so")}) {
+            const QString path = _path + folder + file;
+            bool isFolder = false;
+            if (NSFileManager::fileExistsAtPath(path, &isFolder) && !isFolder)
+                return path;
+        }
+    }
+    return {};
+}
+
+/// Loads the code; why it cannot be loaded, or nil.
+QString NSBundle::openCode()
+{
+    const QString executable = executablePath();
+    if (executable.isNull())
+        return QStringLiteral("there is no executable in ") + _path;
+    QString error;
+    _code->module = NSModule::open(executable, _path, &error);
+    return error;
+}
+
+bool NSBundle::load(QString *error)
+{
+    const QString failure = isLoaded() ? QString() : openCode();
+    if (error)
+        *error = failure;
+    return isLoaded();
+}
+
+bool NSBundle::isLoaded() const
+{
+    return _code->module != nullptr;
+}
+
+void NSBundle::unload()
+{
+    _code->module.reset();
+}
+
+const NSClass *NSBundle::classNamed(const QString &name, QString *error)
+{
+    if (!load(error))
+        return nullptr;
+    const NSClass *const found = _code->module->classNamed(name);
+    if (!found && error)
+        *error = executablePath() + QStringLiteral(" registers no class ") + name;
+    return found;
+}
+
+const NSClass *NSBundle::principalClass(QString *error)
+{
+    return classNamed(principalClassName(), error);
 }
 
 QString NSHostIdentifier()

@@ -3,12 +3,26 @@
 #include <KTUtility/KTUtilityExport.h>
 
 #include <QString>
+#include <QStringList>
 #include <QVariantMap>
 
-/// A folder that holds a program and what belongs to it: "X.app/Contents/{Info.plist,Linux/x,…}".
+#include <memory>
+
+class NSClass;
+
+/// A folder that holds a program or a plug-in and what belongs to it:
+/// "X.app/Contents/{Info.plist,Linux/x,…}".
+///
+/// Copies are the same bundle: they share whether its code is loaded. A bundle made anew from the
+/// same path reads its information again and loads its code by itself.
 ///
 /// \code
 /// NSBundle::mainBundle().bundleIdentifier();    // "org.cobble.Cobble"
+///
+/// NSBundle plugIn(QStringLiteral("/opt/Cobble/PlugIns/CSV.bundle"));
+/// QString error;
+/// if (const NSClass *exporterClass = plugIn.principalClass(&error))
+///     std::unique_ptr<QObject> exporter = exporterClass->newInstance();
 /// \endcode
 class KTUTILITY_EXPORT NSBundle
 {
@@ -42,9 +56,48 @@ public:
     /// CFBundleIdentifier; nil if there is none.
     QString bundleIdentifier() const;
 
+    /// The entries of a folder whose names end with "." and \a type, as paths in the order of their
+    /// names; folders in it are not entered. A folder that cannot be read has none.
+    static QStringList pathsForResourcesOfType(const QString &type, const QString &inDirectory);
+
+    // --- Code. For the main thread.
+
+    /// NSPrincipalClass: the name of the class that the bundle is entered by; nil if there is none.
+    QString principalClassName() const;
+    /// The file that holds the code: what CFBundleExecutable names, else the bundle's own name
+    /// without extension; "name" or "libname.so" in Contents/Linux, Contents, or the bundle itself,
+    /// the first that exists. Nil if there is none.
+    QString executablePath() const;
+
+    /// Loads the code. Code that others (the world) may change is refused: neither the file nor a
+    /// folder from its own up to the one that holds the bundle may be writable by them. The file
+    /// is mapped into the process: replace it by renaming another onto it, never write into it.
+    /// \param error receives why it cannot be loaded; may be null.
+    /// \return whether it is loaded, now or already.
+    bool load(QString *error = nullptr);
+    bool isLoaded() const;
+    /// Gives the code back. It stays in the process, so that what was made of it lives on, but the
+    /// bundle's classes are found again only by loading it.
+    void unload();
+
+    /// A class of the bundle's code by name, loading it if need be.
+    /// \param error receives why there is none; may be null.
+    /// \return null if the code cannot be loaded or registers no class of that name. What is
+    /// returned stays valid, even after unload().
+    const NSClass *classNamed(const QString &name, QString *error = nullptr);
+    /// The class that principalClassName() names; see classNamed().
+    const NSClass *principalClass(QString *error = nullptr);
+
 private:
+    struct Code;
+
+    QString textForKey(const QString &key) const;
+    QString executableName() const;
+    QString openCode();
+
     QString _path;
     QVariantMap _information;
+    std::shared_ptr<Code> _code;
 };
 
 /// The reverse-DNS name of the host, after which its settings files are named: the main bundle's

@@ -8,9 +8,14 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <algorithm>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
+using NSPropertyListSerialization::MaximumSize;
+
 bool writeAtomically(const QByteArray &bytes, const QString &path)
 {
     QSaveFile file(path);
@@ -20,11 +25,45 @@ bool writeAtomically(const QByteArray &bytes, const QString &path)
            ::fsync(file.handle()) == 0 && file.commit();
 }
 
+bool canBePath(const QString &path)
+{
+    return !path.isEmpty() && path.isValidUtf16() && !path.contains(QChar(u'\0'));
+}
+
+/// The bytes of an open file, up to one more than may be read.
+QByteArray bytesOf(int file, qsizetype expected)
+{
+    // One more than expected shows the end at once.
+    QByteArray bytes(std::min(expected, MaximumSize) + 1, Qt::Uninitialized);
+    qsizetype size = 0;
+    for (ssize_t count = 1; count > 0 && size < bytes.size(); size += count)
+        count =
+            std::max<ssize_t>(::read(file, bytes.data() + size, size_t(bytes.size() - size)), 0);
+    bytes.truncate(size);
+    return bytes;
+}
+
+/// The bytes of a regular file; null for anything else. Manifests are read by the hundred, so that
+/// this takes the fewest calls.
+QByteArray bytesOfFile(const QString &path)
+{
+    if (!canBePath(path))
+        return {};
+    // Without O_NONBLOCK, a pipe would wait for a writer; and a device may never end.
+    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (file < 0)
+        return {};
+    struct stat status = {};
+    const bool isFile = ::fstat(file, &status) == 0 && S_ISREG(status.st_mode);
+    const QByteArray bytes = isFile ? bytesOf(file, status.st_size) : QByteArray();
+    ::close(file);
+    return bytes;
+}
+
 /// A new name or a regular file. To replace anything else (a folder, a device) would destroy it.
 bool isWritableTarget(const QString &path)
 {
-    const bool canBePath = !path.isEmpty() && path.isValidUtf16() && !path.contains(QChar(u'\0'));
-    return canBePath && (!NSFileManager::fileExistsAtPath(path) || QFileInfo(path).isFile());
+    return canBePath(path) && (!NSFileManager::fileExistsAtPath(path) || QFileInfo(path).isFile());
 }
 
 bool writeInPlace(const QByteArray &bytes, const QString &path)
@@ -43,19 +82,18 @@ QVariant NSPropertyListSerialization::propertyListFromData(const QByteArray &dat
         *text = QStringLiteral("larger than %1 bytes").arg(MaximumSize);
         return {};
     }
-    return data.startsWith("bplist00") ? readBinaryPropertyList(data, text)
-                                       : readXMLPropertyList(data, text);
+    if (data.startsWith("bplist00"))
+        return readBinaryPropertyList(data, text);
+    if (const std::optional<QVariantMap> dictionary = readPlainXMLPropertyList(data))
+        return *dictionary;
+    return readXMLPropertyList(data, text);
 }
 
 std::optional<QVariantMap> NSDictionary::dictionaryWithContentsOfFile(const QString &path)
 {
-    // A pipe would wait for a writer, and a device may never end.
-    QFile file(path);
-    if (!NSFileManager::fileExistsAtPath(path) || !QFileInfo(path).isFile() ||
-        !file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    const QByteArray data = file.read(NSPropertyListSerialization::MaximumSize + 1);
-    const QVariant value = NSPropertyListSerialization::propertyListFromData(data);
+    const QByteArray data = bytesOfFile(path);
+    const QVariant value =
+        data.isNull() ? QVariant() : NSPropertyListSerialization::propertyListFromData(data);
     if (value.typeId() != QMetaType::QVariantMap)
         return std::nullopt;
     return value.toMap();

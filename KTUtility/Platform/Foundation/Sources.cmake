@@ -7,6 +7,8 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSCalendarDateWriter.cpp
     Platform/Foundation/NSCalendarEngine.cpp
     Platform/Foundation/NSCharacterSet.cpp
+    Platform/Foundation/NSClass.cpp
+    Platform/Foundation/NSClassRegistry.cpp
     Platform/Foundation/NSDateEngine.cpp
     Platform/Foundation/NSDateEnvironment.cpp
     Platform/Foundation/NSDateFormatter.cpp
@@ -34,6 +36,7 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSKeyValueTarget.cpp
     Platform/Foundation/NSLocale.cpp
     Platform/Foundation/NSLog.cpp
+    Platform/Foundation/NSModule.cpp
     Platform/Foundation/NSNaturalLanguageDate.cpp
     Platform/Foundation/NSNaturalLanguageReader.cpp
     Platform/Foundation/NSNaturalLanguageTable.cpp
@@ -50,6 +53,7 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSPathUtilities.cpp
     Platform/Foundation/NSPercentEscapes.cpp
     Platform/Foundation/NSPropertyListBinaryReader.cpp
+    Platform/Foundation/NSPropertyListQuickReader.cpp
     Platform/Foundation/NSPropertyListSerialization.cpp
     Platform/Foundation/NSPropertyListWriter.cpp
     Platform/Foundation/NSPropertyListXMLReader.cpp

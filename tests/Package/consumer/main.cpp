@@ -4,8 +4,24 @@
 #include <KTUtility/Additions/NSString_KTNaming.h>
 #include <KTUtility/KTAssert.h>
 #include <KTUtility/KTLogger.h>
+#include <KTUtility/PlugIns/KTPlugInManager.h>
 
 #include <cstdio>
+
+namespace {
+/// What the plug-in calls itself, or why it is not there.
+QString greetings()
+{
+    KTPlugInManager manager;
+    const NSBundle bundle(QStringLiteral(PLUGIN_FOLDER));
+    manager.registerBundle(bundle);
+    const QObject *const plugin =
+        manager.loadPluginWithIdentifier(QStringLiteral("org.example.greetings & more"));
+    const bool hasResource =
+        !bundle.pathForResource(QStringLiteral("main"), QStringLiteral("cpp")).isNull();
+    return plugin && hasResource ? plugin->objectName() : manager.pluginStatus().value(0).lastError;
+}
+} // namespace
 
 int main()
 {
@@ -15,6 +31,7 @@ int main()
     logger->setLevelOfComponent(4, kLog_SchemaManager);
     KTLog(kLog_SchemaManager, 4, u"made %@", name);
     KTAssert::KTVerifyCondition(name == u"Field 1", u"unexpected name %@", name);
-    std::printf("%s %s\n", qPrintable(name), qPrintable(KTAdditions::tableColumnString(name)));
+    std::printf("%s %s %s\n", qPrintable(name), qPrintable(KTAdditions::tableColumnString(name)),
+                qPrintable(greetings()));
     return 0;
 }

@@ -1,10 +1,12 @@
 target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSAssertionHandlerTests.cpp
     Platform/Foundation/NSAttributedStringTests.cpp
+    Platform/Foundation/NSBundleCodeTests.cpp
     Platform/Foundation/NSBundleTests.cpp
     Platform/Foundation/NSCalendarDateFormatTests.cpp
     Platform/Foundation/NSCalendarTests.cpp
     Platform/Foundation/NSCivilDateTests.cpp
+    Platform/Foundation/NSClassTests.cpp
     Platform/Foundation/NSDateCharactersTests.cpp
     Platform/Foundation/NSDateFormatterICUTests.cpp
     Platform/Foundation/NSDateFormatterPlatformTests.cpp
@@ -34,6 +36,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSPathUtilitiesTests.cpp
     Platform/Foundation/NSPropertyListBinaryReaderTests.cpp
     Platform/Foundation/NSPropertyListFileTests.cpp
+    Platform/Foundation/NSPropertyListQuickReaderTests.cpp
     Platform/Foundation/NSPropertyListWriterTests.cpp
     Platform/Foundation/NSPropertyListXMLReaderTests.cpp
     Platform/Foundation/NSScannerTests.cpp

@@ -1,0 +1,3 @@
+#include "KTPlugInClass.h"
+
+KTPlugInClass::~KTPlugInClass() = default;

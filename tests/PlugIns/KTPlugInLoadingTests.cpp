@@ -1,0 +1,352 @@
+#include <KTUtility/PlugIns/KTPlugInManager.h>
+
+#include "PlugIns/PlugInSupport.h"
+#include "support/TestSupport.h"
+
+#include <KTUtility/KTLogCapture.h>
+
+#include <QDir>
+#include <QFile>
+
+using namespace plugin_support;
+using namespace testing_support;
+
+namespace {
+KTPlugInStatus onlyStatus(const KTPlugInManager &manager)
+{
+    const QList<KTPlugInStatus> all = manager.pluginStatus();
+    EXPECT_EQ(all.size(), 1);
+    return all.value(0);
+}
+
+/// A manager with a bundle that is registered, and nothing recorded.
+void registerOnly(RecordingManager &manager, const QString &bundle)
+{
+    manager.registerBundle(NSBundle(bundle));
+    manager.takeEvents();
+}
+} // namespace
+
+TEST(KTPlugInLoading, APlugInIsLoadedInOrder)
+{
+    const QString bundle = makeGoodBundle(useFreshHome());
+    RecordingManager manager;
+    registerOnly(manager, bundle);
+    EXPECT_FALSE(manager.isPluginLoaded(goodIdentifier));
+    EXPECT_EQ(onlyStatus(manager).state, KTPlugInState::Registered);
+
+    QObject *const plugin = manager.loadPluginWithIdentifier(goodIdentifier);
+    ASSERT_NE(plugin, nullptr);
+    const QStringList expected = {QStringLiteral("1 pluginDidLoadBundle org.example.good"),
+                                  QStringLiteral("1 made"),
+                                  QStringLiteral("didLoadPlugin org.example.good")};
+    EXPECT_EQ(manager.takeEvents(), expected);
+    EXPECT_EQ(manager.lastPlugin, plugin);
+    EXPECT_EQ(manager.lastBundlePath, bundle);
+    EXPECT_TRUE(manager.isPluginLoaded(goodIdentifier));
+    EXPECT_EQ(manager.pluginWithIdentifier(goodIdentifier), plugin);
+    EXPECT_EQ(manager.allLoadedPlugins(), QList<QObject *>{plugin});
+    EXPECT_EQ(onlyStatus(manager),
+              (KTPlugInStatus{bundle, goodIdentifier, KTPlugInState::Loaded, QString()}));
+    // Loading is not enabling.
+    EXPECT_FALSE(manager.isPluginEnabled(goodIdentifier));
+}
+
+TEST(KTPlugInLoading, APlugInIsReachedAsWhatItPromises)
+{
+    RecordingManager manager;
+    registerOnly(manager, makeGoodBundle(useFreshHome()));
+    EXPECT_EQ(manager.pluginWithIdentifier<TestExporter>(goodIdentifier), nullptr);
+    manager.loadPluginWithIdentifier(goodIdentifier);
+    auto *const exporter = manager.pluginWithIdentifier<TestExporter>(goodIdentifier);
+    ASSERT_NE(exporter, nullptr);
+    EXPECT_TRUE(exporter->fileType().startsWith(u"1/"));
+    EXPECT_EQ(manager.pluginWithIdentifier<TestImporter>(goodIdentifier), nullptr);
+}
+
+TEST(KTPlugInLoading, LoadingALoadedPlugInGivesNilAndLeavesIt)
+{
+    RecordingManager manager;
+    registerOnly(manager, makeGoodBundle(useFreshHome()));
+    QObject *const plugin = manager.loadPluginWithIdentifier(goodIdentifier);
+    manager.takeEvents();
+    EXPECT_EQ(manager.loadPluginWithIdentifier(goodIdentifier), nullptr);
+    EXPECT_EQ(manager.pluginWithIdentifier(goodIdentifier), plugin);
+    EXPECT_TRUE(manager.takeEvents().isEmpty());
+}
+
+TEST(KTPlugInLoading, WhatIsNotRegisteredIsNotLoaded)
+{
+    useFreshHome();
+    RecordingManager manager;
+    for (const QString &identifier : hostileTexts()) {
+        EXPECT_EQ(manager.loadPluginWithIdentifier(identifier), nullptr);
+        EXPECT_EQ(manager.pluginWithIdentifier(identifier), nullptr);
+        EXPECT_FALSE(manager.isPluginLoaded(identifier));
+        manager.unloadPluginWithIdentifier(identifier, true);
+        manager.unregisterBundleWithIdentifier(identifier);
+    }
+    EXPECT_TRUE(manager.takeEvents().isEmpty());
+    EXPECT_TRUE(manager.pluginStatus().isEmpty());
+}
+
+TEST(KTPlugInLoading, AClassThatDoesNotConformIsLoggedAndLoadedAllTheSame)
+{
+    RecordingManager manager;
+    registerOnly(manager, makeOddBundle(useFreshHome(), QStringLiteral("NonconformingExporter")));
+    KTLogCapture capture(kLog_invalid, 4);
+    EXPECT_NE(manager.loadPluginWithIdentifier(oddIdentifier), nullptr);
+
+    const QList<KTLogCapture::Entry> entries = capture.entries();
+    ASSERT_FALSE(entries.isEmpty());
+    const KTLogCapture::Entry &warning = entries.first();
+    EXPECT_EQ(warning.message,
+              QStringLiteral("Plug-in does not conform to org.cobble.tests.Exporter"));
+    EXPECT_EQ(warning.component, QStringLiteral("invalid"));
+    EXPECT_EQ(warning.level, 4);
+    EXPECT_EQ(warning.file, QStringLiteral("KTPlugInManager"));
+    EXPECT_EQ(warning.lineNumber, 150);
+    const QStringList expected = {QStringLiteral("nonconforming did load"),
+                                  QStringLiteral("didLoadPlugin org.example.odd")};
+    EXPECT_EQ(manager.takeEvents(), expected);
+    EXPECT_EQ(onlyStatus(manager).state, KTPlugInState::Loaded);
+    EXPECT_EQ(onlyStatus(manager).lastError,
+              QStringLiteral("does not conform to org.cobble.tests.Exporter"));
+}
+
+TEST(KTPlugInLoading, WithoutAProtocolNothingIsTested)
+{
+    RecordingManager manager;
+    manager.setProtocol(NSProtocol());
+    registerOnly(manager, makeOddBundle(useFreshHome(), QStringLiteral("NonconformingExporter")));
+    KTLogCapture capture(kLog_invalid);
+    EXPECT_NE(manager.loadPluginWithIdentifier(oddIdentifier), nullptr);
+    EXPECT_TRUE(capture.messages().isEmpty());
+    EXPECT_TRUE(onlyStatus(manager).lastError.isNull());
+}
+
+TEST(KTPlugInLoading, TheWordAboutLoadingIsOptional)
+{
+    for (const char16_t *name : {u"QuietExporter", u"Acme::Exporter", u"BareExporter"}) {
+        RecordingManager manager;
+        registerOnly(manager, makeOddBundle(useFreshHome(), QString::fromUtf16(name)));
+        EXPECT_NE(manager.loadPluginWithIdentifier(oddIdentifier), nullptr);
+        EXPECT_TRUE(onlyStatus(manager).lastError.isNull());
+        manager.unloadPluginWithIdentifier(oddIdentifier, false);
+        EXPECT_TRUE(onlyStatus(manager).lastError.isNull());
+    }
+}
+
+TEST(KTPlugInLoading, AClassThatCannotBeMadeLeavesThePlugInUnloaded)
+{
+    const QList<std::pair<QString, QString>> rows = {
+        {QStringLiteral("ThrowingExporter"), QStringLiteral("threw no licence")},
+        {QStringLiteral("RaisingExporter"), QStringLiteral("threw NSRangeException: too far")},
+        {QStringLiteral("ThrowingNumbersExporter"),
+         QStringLiteral("threw something that is no std::exception")},
+        {QStringLiteral("DemandingExporter"), QStringLiteral("cannot be made")},
+    };
+    for (const auto &[name, reason] : rows) {
+        const QString bundle = makeOddBundle(useFreshHome(), name);
+        RecordingManager manager;
+        registerOnly(manager, bundle);
+        KTLogCapture capture(kLog_invalid, 4);
+        EXPECT_EQ(manager.loadPluginWithIdentifier(oddIdentifier), nullptr);
+        EXPECT_FALSE(manager.isPluginLoaded(oddIdentifier));
+        EXPECT_TRUE(manager.allLoadedPlugins().isEmpty());
+        EXPECT_TRUE(manager.takeEvents().isEmpty());
+        const QString error = name + u' ' + reason;
+        EXPECT_EQ(onlyStatus(manager),
+                  (KTPlugInStatus{bundle, oddIdentifier, KTPlugInState::Failed, error}));
+        EXPECT_EQ(capture.messages(), QStringList{u"Plug-in " + bundle + u": " + error});
+    }
+}
+
+TEST(KTPlugInLoading, AFailureTakesNoOtherPlugInWithIt)
+{
+    const QString folder = useFreshHome();
+    RecordingManager manager;
+    manager.registerBundle(NSBundle(makeOddBundle(folder, QStringLiteral("ThrowingExporter"))));
+    manager.registerBundle(NSBundle(makeGoodBundle(folder)));
+    manager.setEnabledForPlugin(true, oddIdentifier);
+    manager.setEnabledForPlugin(true, goodIdentifier);
+    manager.loadAllPlugins();
+    EXPECT_FALSE(manager.isPluginLoaded(oddIdentifier));
+    EXPECT_TRUE(manager.isPluginLoaded(goodIdentifier));
+}
+
+TEST(KTPlugInLoading, UnloadingTellsTheClassBeforeAndAfter)
+{
+    RecordingManager manager;
+    registerOnly(manager, makeGoodBundle(useFreshHome()));
+    for (const bool deletes : {true, false}) {
+        const QPointer<QObject> plugin = manager.loadPluginWithIdentifier(goodIdentifier);
+        manager.takeEvents();
+        manager.unloadPluginWithIdentifier(goodIdentifier, deletes);
+        const QStringList expected = {
+            QStringLiteral("1 pluginWillUnload"),
+            deletes ? QStringLiteral("willUnloadPlugin, delete")
+                    : QStringLiteral("willUnloadPlugin, keep"),
+            QStringLiteral("1 pluginDidUnload"),
+            QStringLiteral("1 gone"),
+        };
+        EXPECT_EQ(manager.takeEvents(), expected);
+        EXPECT_TRUE(plugin.isNull());
+        EXPECT_FALSE(manager.isPluginLoaded(goodIdentifier));
+        EXPECT_EQ(onlyStatus(manager).state, KTPlugInState::Registered);
+        manager.unloadPluginWithIdentifier(goodIdentifier, deletes);
+        EXPECT_TRUE(manager.takeEvents().isEmpty());
+    }
+}
+
+TEST(KTPlugInLoading, UnloadingKeepsTheCodeLoaded)
+{
+    const NSBundle bundle(makeGoodBundle(useFreshHome()));
+    RecordingManager manager;
+    manager.registerBundle(bundle);
+    EXPECT_FALSE(bundle.isLoaded());
+    manager.loadPluginWithIdentifier(goodIdentifier);
+    EXPECT_TRUE(bundle.isLoaded());
+    manager.unloadPluginWithIdentifier(goodIdentifier, false);
+    EXPECT_TRUE(bundle.isLoaded());
+    manager.unregisterBundleWithIdentifier(goodIdentifier);
+    EXPECT_FALSE(bundle.isLoaded());
+}
+
+TEST(KTPlugInLoading, ReloadingTellsTheClassAndKeepsTheInstance)
+{
+    RecordingManager manager;
+    registerOnly(manager, makeGoodBundle(useFreshHome()));
+    manager.reloadPlugins();
+    EXPECT_EQ(manager.takeEvents(), QStringList{QStringLiteral("finishedLoadingPlugins")});
+
+    QObject *const plugin = manager.loadPluginWithIdentifier(goodIdentifier);
+    manager.takeEvents();
+    manager.reloadPlugins();
+    const QStringList expected = {QStringLiteral("1 pluginWillUnload"),
+                                  QStringLiteral("1 pluginDidLoadBundle org.example.good"),
+                                  QStringLiteral("didLoadPlugin org.example.good"),
+                                  QStringLiteral("finishedLoadingPlugins")};
+    EXPECT_EQ(manager.takeEvents(), expected);
+    EXPECT_EQ(manager.lastPlugin, plugin);
+    EXPECT_EQ(manager.pluginWithIdentifier(goodIdentifier), plugin);
+}
+
+TEST(KTPlugInLoading, ReloadingAsksForTheWordThatIsOptionalOtherwise)
+{
+    for (const char16_t *name : {u"QuietExporter", u"BareExporter"}) {
+        RecordingManager manager;
+        registerOnly(manager, makeOddBundle(useFreshHome(), QString::fromUtf16(name)));
+        QObject *const plugin = manager.loadPluginWithIdentifier(oddIdentifier);
+        manager.takeEvents();
+        manager.reloadPlugins();
+        const QStringList expected = {QStringLiteral("didLoadPlugin org.example.odd"),
+                                      QStringLiteral("finishedLoadingPlugins")};
+        EXPECT_EQ(manager.takeEvents(), expected);
+        EXPECT_EQ(manager.pluginWithIdentifier(oddIdentifier), plugin);
+        EXPECT_EQ(onlyStatus(manager).state, KTPlugInState::Loaded);
+        EXPECT_EQ(onlyStatus(manager).lastError,
+                  QString::fromUtf16(name) +
+                      QStringLiteral(" does not answer pluginDidLoadBundle:updateHandler:"));
+    }
+}
+
+TEST(KTPlugInLoading, AClassThatThrowsWhenItIsToldSomethingIsContained)
+{
+    RecordingManager manager;
+    registerOnly(manager, makeOddBundle(useFreshHome(), QStringLiteral("NervousExporter")));
+    manager.coordinator()->setProperty("nervous", true);
+    EXPECT_EQ(manager.loadPluginWithIdentifier(oddIdentifier), nullptr);
+    EXPECT_EQ(onlyStatus(manager).lastError, QStringLiteral("NervousExporter threw not now"));
+
+    manager.coordinator()->setProperty("nervous", false);
+    EXPECT_NE(manager.loadPluginWithIdentifier(oddIdentifier), nullptr);
+    EXPECT_TRUE(onlyStatus(manager).lastError.isNull());
+    manager.coordinator()->setProperty("nervous", true);
+    manager.reloadPlugins();
+    EXPECT_TRUE(manager.isPluginLoaded(oddIdentifier));
+    EXPECT_EQ(onlyStatus(manager).lastError, QStringLiteral("pluginDidLoadBundle threw not now"));
+
+    KTLogCapture capture(kLog_invalid, 4);
+    manager.unloadPluginWithIdentifier(oddIdentifier, false);
+    EXPECT_FALSE(manager.isPluginLoaded(oddIdentifier));
+    EXPECT_EQ(capture.messages().size(), 2);
+    EXPECT_EQ(onlyStatus(manager).lastError, QStringLiteral("NervousExporter threw not ever"));
+}
+
+TEST(KTPlugInLoading, WithoutACoordinatorClassesAreHandedNone)
+{
+    RecordingManager manager;
+    manager.setCoordinator(nullptr);
+    EXPECT_EQ(manager.coordinator(), nullptr);
+    registerOnly(manager, makeOddBundle(useFreshHome(), QStringLiteral("NervousExporter")));
+    EXPECT_EQ(manager.loadPluginWithIdentifier(oddIdentifier), nullptr);
+}
+
+TEST(KTPlugInLoading, AnInstanceThatSomebodyDestroyedIsNotLoaded)
+{
+    RecordingManager manager;
+    registerOnly(manager, makeGoodBundle(useFreshHome()));
+    delete manager.loadPluginWithIdentifier(goodIdentifier);
+    EXPECT_FALSE(manager.isPluginLoaded(goodIdentifier));
+    EXPECT_TRUE(manager.allLoadedPlugins().isEmpty());
+    EXPECT_EQ(onlyStatus(manager).state, KTPlugInState::Registered);
+    manager.takeEvents();
+    manager.reloadPlugins();
+    manager.unloadPluginWithIdentifier(goodIdentifier, false);
+    EXPECT_EQ(manager.takeEvents(), QStringList{QStringLiteral("finishedLoadingPlugins")});
+    EXPECT_NE(manager.loadPluginWithIdentifier(goodIdentifier), nullptr);
+}
+
+TEST(KTPlugInLoading, TheManagerTakesItsInstancesAlong)
+{
+    QPointer<QObject> plugin;
+    QObject host;
+    {
+        RecordingManager manager;
+        manager.setCoordinator(&host);
+        registerOnly(manager, makeGoodBundle(useFreshHome()));
+        plugin = manager.loadPluginWithIdentifier(goodIdentifier);
+    }
+    EXPECT_TRUE(plugin.isNull());
+    EXPECT_EQ(host.property("events").toStringList().last(), QStringLiteral("1 gone"));
+    EXPECT_FALSE(
+        host.property("events").toStringList().contains(QStringLiteral("1 pluginWillUnload")));
+}
+
+TEST(KTPlugInLoading, APlugInThatCannotBeLoadedSaysWhy)
+{
+    struct Row
+    {
+        QString principalClass;
+        QString module;
+        QString error;
+    };
+    const QString text = useFreshHome() + QStringLiteral("/text.so");
+    writeFile(text, "no code at all");
+    const QList<Row> rows = {
+        {QStringLiteral("GoodExporter"), QString(), QStringLiteral("there is no executable in ")},
+        {QStringLiteral("GoodExporter"), text, QStringLiteral("file too short")},
+        {QStringLiteral("NoSuchExporter"), builtModule(QStringLiteral("GoodPlugIn1")),
+         QStringLiteral("registers no class NoSuchExporter")},
+    };
+    for (const Row &row : rows) {
+        const QString bundle =
+            makeBundle(useFreshHome(), QStringLiteral("Bad"),
+                       information(goodIdentifier, row.principalClass), row.module);
+        RecordingManager manager;
+        registerOnly(manager, bundle);
+        KTLogCapture capture(kLog_invalid, 4);
+        EXPECT_EQ(manager.loadPluginWithIdentifier(goodIdentifier), nullptr);
+        EXPECT_EQ(onlyStatus(manager).state, KTPlugInState::Failed);
+        const QString error = onlyStatus(manager).lastError;
+        EXPECT_TRUE(error.contains(row.error)) << error.toStdString();
+        EXPECT_TRUE(error.contains(bundle)) << error.toStdString();
+        // Nothing conforms to nothing.
+        const QStringList expected = {
+            u"Plug-in " + bundle + u": " + error,
+            QStringLiteral("Plug-in does not conform to org.cobble.tests.Exporter")};
+        EXPECT_EQ(capture.messages(), expected);
+        EXPECT_TRUE(manager.takeEvents().isEmpty());
+    }
+}

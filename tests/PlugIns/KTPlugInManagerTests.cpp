@@ -1,0 +1,492 @@
+#include <KTUtility/PlugIns/KTPlugInManager.h>
+
+#include "PlugIns/PlugInSupport.h"
+#include "support/TestSupport.h"
+
+#include <KTUtility/KTLogCapture.h>
+#include <KTUtility/Platform/Foundation/NSPropertyListSerialization.h>
+
+#include <QDir>
+#include <QUuid>
+
+#include <sys/stat.h>
+
+using namespace plugin_support;
+using namespace testing_support;
+
+namespace {
+const QString finished = QStringLiteral("finishedLoadingPlugins");
+
+/// A manager with a search folder of its own, since the application's folders are everybody's.
+class SearchingManager : public RecordingManager
+{
+public:
+    SearchingManager()
+    {
+        useFreshHome();
+        setSearchFolder(QUuid::createUuid().toString(QUuid::WithoutBraces));
+    }
+    ~SearchingManager() override
+    {
+        for (const QString &folder : searchFolders())
+            QDir(folder).removeRecursively();
+    }
+
+    QString supportFolder() const { return searchFolders().at(0); }
+    QString applicationFolder() const { return searchFolders().at(1); }
+    QString neighbourFolder() const { return searchFolders().at(2); }
+    QString version() const
+    {
+        const auto *const exporter = pluginWithIdentifier<TestExporter>(goodIdentifier);
+        return exporter ? exporter->fileType().section(u'/', 0, 0) : QString();
+    }
+};
+
+KTPlugInStatus statusOf(const KTPlugInManager &manager, const QString &path)
+{
+    for (const KTPlugInStatus &status : manager.pluginStatus()) {
+        if (status.path == path)
+            return status;
+    }
+    ADD_FAILURE() << "no status of " << path.toStdString();
+    return {};
+}
+
+/// A bundle of an identifier that has the information only.
+QString makeManifest(const QString &folder, const QString &name, const QString &identifier)
+{
+    return makeBundle(folder, name, information(identifier, QStringLiteral("GoodExporter")),
+                      QString());
+}
+} // namespace
+
+TEST(KTPlugInManager, StartsEmpty)
+{
+    useFreshHome();
+    QObject host;
+    KTPlugInManager manager(&host);
+    EXPECT_EQ(manager.coordinator(), &host);
+    EXPECT_TRUE(manager.protocol().isNil());
+    EXPECT_TRUE(manager.searchFolder().isNull());
+    EXPECT_TRUE(manager.enabledKey().isNull());
+    EXPECT_TRUE(manager.allLoadedPlugins().isEmpty());
+    EXPECT_TRUE(manager.pluginStatus().isEmpty());
+    manager.registerPlugins();
+    manager.loadAllPlugins();
+    manager.reloadPlugins();
+    EXPECT_TRUE(manager.pluginStatus().isEmpty());
+}
+
+TEST(KTPlugInManager, KeepsItsSettings)
+{
+    KTPlugInManager manager;
+    EXPECT_EQ(manager.coordinator(), nullptr);
+    {
+        QObject host;
+        manager.setCoordinator(&host);
+        EXPECT_EQ(manager.coordinator(), &host);
+    }
+    EXPECT_EQ(manager.coordinator(), nullptr);
+    manager.setProtocol(NSProtocol::of<TestExporter>());
+    EXPECT_EQ(manager.protocol(), NSProtocol::of<TestExporter>());
+    manager.setSearchFolder(QStringLiteral("Importers"));
+    EXPECT_EQ(manager.property("searchFolder"), QVariant(QStringLiteral("Importers")));
+    manager.setEnabledKey(QStringLiteral("enabled"));
+    EXPECT_EQ(manager.property("enabledKey"), QVariant(QStringLiteral("enabled")));
+}
+
+TEST(KTPlugInManager, SearchesThreeFolders)
+{
+    const QString home = useFreshHome();
+    KTPlugInManager manager;
+    manager.setSearchFolder(QStringLiteral("Exporters"));
+    const QString contents =
+        QDir::cleanPath(QStringLiteral(KTUTILITY_FRAMEWORK_FOLDER) + QStringLiteral("/../.."));
+    const QStringList expected = {
+        home + u"/.local/share/Cobble/PlugIns/Exporters",
+        contents + u"/PlugIns/Exporters",
+        contents + u"/Frameworks/Cobble.app/Contents/PlugIns/Exporters",
+    };
+    EXPECT_EQ(manager.searchFolders(), expected);
+}
+
+TEST(KTPlugInManager, FindsBundlesInAllFoldersAndNowhereElse)
+{
+    SearchingManager manager;
+    manager.registerPlugins();
+    EXPECT_TRUE(manager.takeEvents().isEmpty());
+
+    makeManifest(manager.supportFolder(), QStringLiteral("One"), QStringLiteral("org.one"));
+    makeManifest(manager.applicationFolder(), QStringLiteral("Two"), QStringLiteral("org.two"));
+    makeManifest(manager.neighbourFolder(), QStringLiteral("Three"), QStringLiteral("org.three"));
+    makeManifest(manager.supportFolder() + u"/deeper", QStringLiteral("Four"),
+                 QStringLiteral("org.four"));
+    makeManifest(manager.supportFolder() + u"/..", QStringLiteral("Five"),
+                 QStringLiteral("org.five"));
+    QDir(manager.supportFolder()).mkpath(QStringLiteral("Six.plugin"));
+    writeFile(manager.supportFolder() + u"/Seven.bundle", "a file");
+
+    manager.registerPlugins();
+    QStringList found;
+    for (const KTPlugInStatus &status : manager.pluginStatus()) {
+        if (status.state == KTPlugInState::Registered)
+            found += status.identifier;
+    }
+    found.sort();
+    const QStringList expected = {QStringLiteral("org.one"), QStringLiteral("org.three"),
+                                  QStringLiteral("org.two")};
+    EXPECT_EQ(found, expected);
+    // After each bundle that was registered.
+    EXPECT_EQ(manager.takeEvents(), QStringList(3, finished));
+}
+
+TEST(KTPlugInManager, TheApplicationsOwnPlugInsWin)
+{
+    SearchingManager manager;
+    const QString user = makeGoodBundle(manager.supportFolder(), QStringLiteral("Good"), 1);
+    const QString own = makeGoodBundle(manager.applicationFolder(), QStringLiteral("Good"), 2);
+    manager.registerPlugins();
+    EXPECT_EQ(manager.takeEvents(), QStringList(2, finished));
+    EXPECT_EQ(
+        statusOf(manager, user),
+        (KTPlugInStatus{user, goodIdentifier, KTPlugInState::Replaced, u"replaced by " + own}));
+    EXPECT_EQ(statusOf(manager, own).state, KTPlugInState::Registered);
+    ASSERT_NE(manager.loadPluginWithIdentifier(goodIdentifier), nullptr);
+    EXPECT_EQ(manager.version(), u"2");
+    EXPECT_EQ(manager.lastBundlePath, own);
+}
+
+TEST(KTPlugInManager, AReplacedPlugInStaysLoaded)
+{
+    SearchingManager manager;
+    const QString user = makeGoodBundle(manager.supportFolder(), QStringLiteral("Good"), 1);
+    manager.registerPlugins();
+    manager.loadPluginWithIdentifier(goodIdentifier);
+    EXPECT_EQ(manager.version(), u"1");
+    manager.takeEvents();
+
+    const NSBundle own(makeGoodBundle(manager.applicationFolder(), QStringLiteral("Good"), 2));
+    manager.registerBundle(own);
+    EXPECT_EQ(manager.version(), u"2");
+    const QStringList expected = {
+        QStringLiteral("1 pluginWillUnload"),
+        QStringLiteral("willUnloadPlugin, keep"),
+        QStringLiteral("1 pluginDidUnload"),
+        QStringLiteral("1 gone"),
+        QStringLiteral("2 pluginDidLoadBundle org.example.good"),
+        QStringLiteral("2 made"),
+        QStringLiteral("didLoadPlugin org.example.good"),
+        finished,
+    };
+    EXPECT_EQ(manager.takeEvents(), expected);
+    EXPECT_EQ(statusOf(manager, user).state, KTPlugInState::Replaced);
+    EXPECT_EQ(statusOf(manager, own.bundlePath()).state, KTPlugInState::Loaded);
+}
+
+TEST(KTPlugInManager, AReplacementThatCannotBeLoadedLeavesNone)
+{
+    SearchingManager manager;
+    manager.registerBundle(NSBundle(makeGoodBundle(manager.supportFolder())));
+    manager.loadPluginWithIdentifier(goodIdentifier);
+    const QString broken =
+        makeManifest(manager.applicationFolder(), QStringLiteral("Good"), goodIdentifier);
+    manager.registerBundle(NSBundle(broken));
+    EXPECT_FALSE(manager.isPluginLoaded(goodIdentifier));
+    EXPECT_EQ(statusOf(manager, broken).state, KTPlugInState::Failed);
+}
+
+TEST(KTPlugInManager, ManifestsAreReadWithoutOpeningCode)
+{
+    SearchingManager manager;
+    const QString path = makeGoodBundle(manager.supportFolder());
+    const NSBundle bundle(path);
+    manager.registerBundle(bundle);
+    manager.registerPlugins();
+    EXPECT_FALSE(bundle.isLoaded());
+    EXPECT_FALSE(contentsOf(QStringLiteral("/proc/self/maps")).contains(path.toUtf8()));
+}
+
+TEST(KTPlugInManager, BundlesWithoutIdentifierOrPrincipalClassAreSkipped)
+{
+    SearchingManager manager;
+    const QString folder = manager.supportFolder();
+    const QVariantMap whole = information(goodIdentifier, QStringLiteral("GoodExporter"));
+    QVariantMap unnamed = whole;
+    unnamed.remove(QStringLiteral("CFBundleIdentifier"));
+    QVariantMap headless = whole;
+    headless.remove(QStringLiteral("NSPrincipalClass"));
+    const QString module = builtModule(QStringLiteral("GoodPlugIn1"));
+    makeBundle(folder, QStringLiteral("Headless"), headless, module);
+    makeBundle(folder, QStringLiteral("Unnamed"), unnamed, module);
+    QDir().mkpath(folder + u"/Empty.bundle");
+    writeFile(folder + u"/Broken.bundle/Contents/Info.plist", "<plist><dict>");
+    writeFile(folder + u"/Huge.bundle/Contents/Info.plist", QByteArray(17 << 20, ' '));
+    QDir().mkpath(folder + u"/Folder.bundle/Contents/Info.plist");
+    writeFile(folder + u"/lower.bundle/contents/info.plist",
+              contentsOf(folder + u"/Headless.bundle/Contents/Info.plist"));
+
+    KTLogCapture ordinary(kLog_invalid, 4);
+    manager.registerPlugins();
+    EXPECT_TRUE(ordinary.messages().isEmpty());
+    EXPECT_TRUE(manager.takeEvents().isEmpty());
+
+    const QString damaged = QStringLiteral("Contents/Info.plist is missing, empty or damaged");
+    const QMap<QString, QString> expected = {
+        {QStringLiteral("Broken"), damaged},
+        {QStringLiteral("Empty"), damaged},
+        {QStringLiteral("Folder"), damaged},
+        {QStringLiteral("Huge"), damaged},
+        {QStringLiteral("lower"), damaged},
+        {QStringLiteral("Headless"), QStringLiteral("NSPrincipalClass is missing")},
+        {QStringLiteral("Unnamed"), QStringLiteral("CFBundleIdentifier is missing")}};
+    ASSERT_EQ(manager.pluginStatus().size(), expected.size());
+    for (auto row = expected.begin(); row != expected.end(); ++row) {
+        const KTPlugInStatus status =
+            statusOf(manager, folder + u'/' + row.key() + QStringLiteral(".bundle"));
+        EXPECT_EQ(status.state, KTPlugInState::Skipped);
+        EXPECT_EQ(status.lastError, row.value());
+    }
+
+    KTLogCapture detailed(kLog_invalid, 7);
+    manager.registerPlugins();
+    EXPECT_EQ(detailed.messages().size(), expected.size());
+    EXPECT_TRUE(detailed.messages().contains(
+        u"Plug-in " + folder + u"/Unnamed.bundle is skipped: CFBundleIdentifier is missing"));
+}
+
+TEST(KTPlugInManager, CodeThatOthersMayWriteIsRefusedAndSaysSo)
+{
+    SearchingManager manager;
+    const QString path = makeGoodBundle(manager.supportFolder());
+    const QString module = path + u"/Contents/Linux/Code";
+    ASSERT_EQ(::chmod(QFile::encodeName(module).constData(), 0666), 0);
+    manager.registerPlugins();
+    KTLogCapture capture(kLog_invalid, 4);
+    EXPECT_EQ(manager.loadPluginWithIdentifier(goodIdentifier), nullptr);
+    const QString reason = module + u" is writable by others";
+    EXPECT_EQ(statusOf(manager, path),
+              (KTPlugInStatus{path, goodIdentifier, KTPlugInState::Failed, reason}));
+    EXPECT_EQ(capture.messages().value(0), u"Plug-in " + path + u": " + reason);
+
+    // What was mended is loaded.
+    ASSERT_EQ(::chmod(QFile::encodeName(module).constData(), 0644), 0);
+    EXPECT_NE(manager.loadPluginWithIdentifier(goodIdentifier), nullptr);
+    EXPECT_TRUE(statusOf(manager, path).lastError.isNull());
+}
+
+TEST(KTPlugInManager, UnregisteringUnloadsAndForgets)
+{
+    SearchingManager manager;
+    const NSBundle bundle(makeGoodBundle(manager.supportFolder()));
+    manager.registerBundle(bundle);
+    manager.loadPluginWithIdentifier(goodIdentifier);
+    manager.takeEvents();
+    manager.unregisterBundleWithIdentifier(goodIdentifier);
+    const QStringList expected = {QStringLiteral("1 pluginWillUnload"),
+                                  QStringLiteral("willUnloadPlugin, keep"),
+                                  QStringLiteral("1 pluginDidUnload"), QStringLiteral("1 gone")};
+    EXPECT_EQ(manager.takeEvents(), expected);
+    EXPECT_FALSE(bundle.isLoaded());
+    EXPECT_TRUE(manager.pluginStatus().isEmpty());
+    EXPECT_EQ(manager.loadPluginWithIdentifier(goodIdentifier), nullptr);
+    manager.unregisterBundleWithIdentifier(goodIdentifier);
+    EXPECT_TRUE(manager.takeEvents().isEmpty());
+}
+
+TEST(KTPlugInManager, EnabledPlugInsAreLoadedInTheOrderOfTheirIdentifiers)
+{
+    SearchingManager manager;
+    // Capitals come before small letters; the order of the files is another one.
+    const QList<std::pair<QString, QString>> bundles = {{QStringLiteral("1"), QStringLiteral("b")},
+                                                        {QStringLiteral("2"), QStringLiteral("B")},
+                                                        {QStringLiteral("3"), QStringLiteral("a")},
+                                                        {QStringLiteral("4"), QStringLiteral("é")},
+                                                        {QStringLiteral("5"), QStringLiteral("c")}};
+    for (const auto &[name, identifier] : bundles) {
+        makeBundle(manager.supportFolder(), name,
+                   information(identifier, QStringLiteral("GoodExporter")),
+                   builtModule(QStringLiteral("GoodPlugIn1")));
+        if (identifier != u"c")
+            manager.setEnabledForPlugin(true, identifier);
+    }
+    manager.setEnabledForPlugin(true, QStringLiteral("not there"));
+    manager.registerPlugins();
+    manager.takeEvents();
+    manager.loadAllPlugins();
+    QStringList expected;
+    for (const char16_t *identifier : {u"B", u"a", u"b", u"é"}) {
+        expected += u"1 pluginDidLoadBundle " + QString::fromUtf16(identifier);
+        expected += QStringLiteral("1 made");
+        expected += u"didLoadPlugin " + QString::fromUtf16(identifier);
+    }
+    EXPECT_EQ(manager.takeEvents(), expected << finished);
+    EXPECT_EQ(manager.allLoadedPlugins().size(), 4);
+    // Once more: all are loaded.
+    manager.loadAllPlugins();
+    EXPECT_EQ(manager.takeEvents(), QStringList{finished});
+}
+
+TEST(KTPlugInManager, EnablingLoadsAndKeeps)
+{
+    SearchingManager manager;
+    makeGoodBundle(manager.supportFolder());
+    manager.registerPlugins();
+    manager.takeEvents();
+    manager.enablePluginWithIdentifier(goodIdentifier);
+    const QStringList expected = {QStringLiteral("willEnable org.example.good"),
+                                  QStringLiteral("1 pluginDidLoadBundle org.example.good"),
+                                  QStringLiteral("1 made"),
+                                  QStringLiteral("didLoadPlugin org.example.good"), finished};
+    EXPECT_EQ(manager.takeEvents(), expected);
+    EXPECT_TRUE(manager.isPluginEnabled(goodIdentifier));
+
+    // Enabled already: nothing at all; nor for one that is loaded or enabled only.
+    manager.enablePluginWithIdentifier(goodIdentifier);
+    manager.setEnabledForPlugin(false, goodIdentifier);
+    manager.enablePluginWithIdentifier(goodIdentifier);
+    EXPECT_FALSE(manager.isPluginEnabled(goodIdentifier));
+    manager.unloadPluginWithIdentifier(goodIdentifier, false);
+    manager.setEnabledForPlugin(true, goodIdentifier);
+    manager.takeEvents();
+    manager.enablePluginWithIdentifier(goodIdentifier);
+    EXPECT_FALSE(manager.isPluginLoaded(goodIdentifier));
+    EXPECT_TRUE(manager.takeEvents().isEmpty());
+}
+
+TEST(KTPlugInManager, EnablingSurvivesARestart)
+{
+    SearchingManager first;
+    makeGoodBundle(first.supportFolder());
+    first.registerPlugins();
+    first.enablePluginWithIdentifier(goodIdentifier);
+
+    RecordingManager second;
+    second.setSearchFolder(first.searchFolder());
+    second.registerPlugins();
+    second.loadAllPlugins();
+    EXPECT_TRUE(second.isPluginLoaded(goodIdentifier));
+}
+
+TEST(KTPlugInManager, EnablingWhatCannotBeMadeLeavesItDisabled)
+{
+    SearchingManager manager;
+    makeOddBundle(manager.supportFolder(), QStringLiteral("ThrowingExporter"));
+    manager.registerPlugins();
+    manager.takeEvents();
+    manager.enablePluginWithIdentifier(oddIdentifier);
+    const QStringList expected = {QStringLiteral("willEnable org.example.odd"), finished};
+    EXPECT_EQ(manager.takeEvents(), expected);
+    EXPECT_FALSE(manager.isPluginEnabled(oddIdentifier));
+    manager.enablePluginWithIdentifier(QStringLiteral("unknown"));
+    EXPECT_FALSE(manager.isPluginEnabled(QStringLiteral("unknown")));
+}
+
+TEST(KTPlugInManager, DisablingUnloadsWithTheData)
+{
+    SearchingManager manager;
+    makeGoodBundle(manager.supportFolder());
+    manager.registerPlugins();
+    manager.enablePluginWithIdentifier(goodIdentifier);
+    manager.takeEvents();
+    manager.disablePluginWithIdentifier(goodIdentifier);
+    const QStringList expected = {QStringLiteral("willDisable org.example.good"),
+                                  QStringLiteral("1 pluginWillUnload"),
+                                  QStringLiteral("willUnloadPlugin, delete"),
+                                  QStringLiteral("1 pluginDidUnload"), QStringLiteral("1 gone")};
+    EXPECT_EQ(manager.takeEvents(), expected);
+    EXPECT_FALSE(manager.isPluginEnabled(goodIdentifier));
+    manager.disablePluginWithIdentifier(goodIdentifier);
+    EXPECT_TRUE(manager.takeEvents().isEmpty());
+}
+
+TEST(KTPlugInManager, DisablingWantsBothEnabledAndLoaded)
+{
+    SearchingManager manager;
+    makeOddBundle(manager.supportFolder(), QStringLiteral("ThrowingExporter"));
+    makeGoodBundle(manager.supportFolder());
+    manager.setEnabledForPlugin(true, oddIdentifier);
+    manager.registerPlugins();
+    manager.loadAllPlugins();
+    manager.loadPluginWithIdentifier(goodIdentifier);
+    manager.takeEvents();
+    // Deliberate: what failed to load stays enabled.
+    manager.disablePluginWithIdentifier(oddIdentifier);
+    EXPECT_TRUE(manager.isPluginEnabled(oddIdentifier));
+    manager.disablePluginWithIdentifier(goodIdentifier);
+    EXPECT_TRUE(manager.isPluginLoaded(goodIdentifier));
+    EXPECT_TRUE(manager.takeEvents().isEmpty());
+}
+
+TEST(KTPlugInManager, SearchFoldersMayBeAnything)
+{
+    useFreshHome();
+    RecordingManager manager;
+    for (const QString &name : hostileTexts()) {
+        manager.setSearchFolder(u"no such folder" + name);
+        EXPECT_EQ(manager.searchFolders().size(), 3);
+        manager.registerPlugins();
+    }
+    EXPECT_TRUE(manager.pluginStatus().isEmpty());
+}
+
+TEST(KTPlugInManager, AFolderThatIsAFileHoldsNone)
+{
+    SearchingManager manager;
+    writeFile(manager.supportFolder(), "a file");
+    manager.registerPlugins();
+    EXPECT_TRUE(manager.pluginStatus().isEmpty());
+    QFile::remove(manager.supportFolder());
+}
+
+TEST(KTPlugInManager, TheBaseHooksDoNothing)
+{
+    KTPlugInManager manager;
+    manager.setEnabledKey(QStringLiteral("enabled"));
+    const QString path = makeGoodBundle(useFreshHome());
+    manager.registerBundle(NSBundle(path));
+    manager.enablePluginWithIdentifier(goodIdentifier);
+    EXPECT_TRUE(manager.isPluginLoaded(goodIdentifier));
+    manager.reloadPlugins();
+    manager.disablePluginWithIdentifier(goodIdentifier);
+    EXPECT_FALSE(manager.isPluginLoaded(goodIdentifier));
+}
+
+namespace {
+/// Hooks that call the manager back.
+class BusyManager : public RecordingManager
+{
+public:
+    void didLoadPlugin(QObject *, const NSBundle &) override
+    {
+        if (unregisters)
+            unregisterBundleWithIdentifier(goodIdentifier);
+    }
+    void willUnloadPlugin(QObject *, bool) override
+    {
+        if (deletes)
+            delete pluginWithIdentifier(goodIdentifier);
+    }
+
+    bool unregisters = false;
+    bool deletes = false;
+};
+} // namespace
+
+TEST(KTPlugInManager, HooksMayCallTheManager)
+{
+    const QString path = makeGoodBundle(useFreshHome());
+    BusyManager manager;
+    manager.registerBundle(NSBundle(path));
+    manager.unregisters = true;
+    EXPECT_EQ(manager.loadPluginWithIdentifier(goodIdentifier), nullptr);
+    EXPECT_TRUE(manager.pluginStatus().isEmpty());
+
+    manager.unregisters = false;
+    manager.deletes = true;
+    manager.registerBundle(NSBundle(path));
+    EXPECT_NE(manager.loadPluginWithIdentifier(goodIdentifier), nullptr);
+    manager.unregisters = true;
+    manager.reloadPlugins();
+    EXPECT_TRUE(manager.pluginStatus().isEmpty());
+    EXPECT_TRUE(manager.allLoadedPlugins().isEmpty());
+}

@@ -1,0 +1,104 @@
+#include "PlugIns/PlugInSupport.h"
+#include "support/TestSupport.h"
+
+#include <KTUtility/Platform/Foundation/NSClass.h>
+
+#include <QCoreApplication>
+#include <QDir>
+
+using namespace plugin_support;
+using namespace testing_support;
+
+// What unloading means: classes leave reach and instances go, but code stays. Under the sanitizers,
+// a use of code or data that went would end these tests.
+
+namespace {
+constexpr int Rounds = 100;
+
+QString fileType(const KTPlugInManager &manager)
+{
+    const auto *const exporter = manager.pluginWithIdentifier<TestExporter>(goodIdentifier);
+    return exporter ? exporter->fileType() : QString();
+}
+
+qsizetype openFiles()
+{
+    return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::AllEntries | QDir::System).size();
+}
+} // namespace
+
+TEST(KTPlugInRounds, LoadingAndUnloadingAHundredTimes)
+{
+    RecordingManager manager;
+    manager.registerBundle(NSBundle(makeGoodBundle(useFreshHome())));
+    for (int round = 1; round <= Rounds; ++round) {
+        const QPointer<QObject> plugin = manager.loadPluginWithIdentifier(goodIdentifier);
+        ASSERT_FALSE(plugin.isNull());
+        // One module: its count goes on.
+        EXPECT_EQ(fileType(manager), u"1/" + QString::number(round));
+        manager.unloadPluginWithIdentifier(goodIdentifier, false);
+        ASSERT_TRUE(plugin.isNull());
+    }
+}
+
+TEST(KTPlugInRounds, ReplacingALoadedPlugInAHundredTimes)
+{
+    const QString home = useFreshHome();
+    RecordingManager manager;
+    manager.registerBundle(NSBundle(makeGoodBundle(home)));
+    ASSERT_NE(manager.loadPluginWithIdentifier(goodIdentifier), nullptr);
+    const qsizetype filesBefore = openFiles();
+    for (int round = 1; round <= Rounds; ++round) {
+        const QString version = QString::number(round % 2 + 1);
+        const QPointer<QObject> before = manager.pluginWithIdentifier(goodIdentifier);
+        manager.registerBundle(
+            NSBundle(makeGoodBundle(home, QStringLiteral("Good"), round % 2 + 1)));
+        EXPECT_TRUE(before.isNull());
+        // A new module: it counts from one.
+        ASSERT_EQ(fileType(manager), version + u"/1");
+    }
+    EXPECT_EQ(openFiles(), filesBefore);
+}
+
+TEST(KTPlugInRounds, RegisteringAllAgainAHundredTimes)
+{
+    const QString home = useFreshHome();
+    const QString folder = home + u"/.local/share/Cobble/PlugIns/Exporters";
+    makeGoodBundle(folder);
+    makeOddBundle(folder, QStringLiteral("ThrowingExporter"));
+    RecordingManager manager;
+    manager.setEnabledForPlugin(true, goodIdentifier);
+    manager.setEnabledForPlugin(true, oddIdentifier);
+    for (int round = 1; round <= Rounds; ++round) {
+        manager.registerPlugins();
+        manager.loadAllPlugins();
+        manager.reloadPlugins();
+        ASSERT_EQ(manager.allLoadedPlugins().size(), 1);
+    }
+    EXPECT_EQ(manager.pluginStatus().size(), 2);
+}
+
+TEST(KTPlugInRounds, WhatAPlugInLeftBehindLivesOn)
+{
+    const QString home = useFreshHome();
+    RecordingManager manager;
+    manager.registerBundle(NSBundle(makeGoodBundle(home)));
+    manager.loadPluginWithIdentifier(goodIdentifier);
+    NSBundle bundle(home + u"/Good.bundle");
+    const NSClass *const principalClass = bundle.principalClass();
+    ASSERT_NE(principalClass, nullptr);
+    // An object, its class name and an event for it outlive plug-in, bundle and file.
+    QObject *const left = principalClass->newInstance().release();
+    const QVariant value = QVariant::fromValue(left);
+    left->deleteLater();
+    bundle.unload();
+    manager.unregisterBundleWithIdentifier(goodIdentifier);
+    ASSERT_TRUE(QDir(home + u"/Good.bundle").removeRecursively());
+
+    EXPECT_STREQ(value.value<QObject *>()->metaObject()->className(), "GoodExporter");
+    EXPECT_TRUE(qobject_cast<TestExporter *>(left)->fileType().startsWith(u"1/"));
+    const QPointer<QObject> watched = left;
+    needApplication();
+    QCoreApplication::sendPostedEvents(left, QEvent::DeferredDelete);
+    EXPECT_TRUE(watched.isNull());
+}
