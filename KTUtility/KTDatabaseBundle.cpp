@@ -58,8 +58,10 @@ QString KTDatabaseBundle::chosenBundlePath(const QString &factoryPath)
 
 bool KTDatabaseBundle::_ensureDirectoryExistsAtPath(const QString &path)
 {
+    // Another process may make it in between.
     return NSFileManager::fileExistsAtPath(path) ||
-           NSFileManager::createDirectoryAtPath(path, false);
+           NSFileManager::createDirectoryAtPath(path, false) ||
+           NSFileManager::fileExistsAtPath(path);
 }
 
 KTDatabaseBundle::KTDatabaseBundle(const QString &bundlePath) : _bundlePath(bundlePath) {}

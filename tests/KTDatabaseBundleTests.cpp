@@ -153,6 +153,22 @@ TEST(DatabaseBundle, IsMadeAndRemoved)
     EXPECT_TRUE(bundle.tree().contents().isEmpty());
 }
 
+TEST(DatabaseBundle, ManyProcessesMakeOneBundle)
+{
+    for (int round = 0; round < 20; ++round) {
+        const FileTree tree;
+        const KTDatabaseBundle bundle(tree.path(QStringLiteral("b.cobbledb")));
+        const pid_t child = ::fork();
+        const bool isBuilt = bundle.buildDatabaseBundleOnDisk();
+        if (child == 0)
+            ::_exit(isBuilt ? 0 : 1);
+        EXPECT_TRUE(isBuilt);
+        int status = -1;
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        EXPECT_EQ(status, 0);
+    }
+}
+
 TEST(DatabaseBundle, NumbersOfCopies)
 {
     const QList<std::pair<QList<int>, int>> cases = {

@@ -48,6 +48,17 @@ TEST_F(MediaCommand, AddsFilesAndDownloads)
               QStringLiteral("7  cobblemedia://a%20b.0.png\n3  cobblemedia://pic.0.jpg\n"));
 }
 
+TEST_F(MediaCommand, TheDefaultBundleIsMade)
+{
+    const QString home = testing_support::useFreshHome();
+    const CommandResult result = runInProcess(
+        {QStringLiteral("media"), QStringLiteral("add"), tree.path(QStringLiteral("a b.png"))});
+    EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
+    EXPECT_EQ(contentsOf(home + u"/.local/share/Cobble/cobble.cobbledb/Contents/Resources/Media/"
+                                u"a b.0.png"),
+              "picture");
+}
+
 TEST_F(MediaCommand, WhatCannotBeAddedIsToldAndTheRestIsAdded)
 {
     const CommandResult result =

@@ -1,5 +1,8 @@
 #include "BundleOption.h"
 
+#include <KTUtility/Platform/Foundation/NSFileManager.h>
+#include <KTUtility/Platform/Foundation/NSPathUtilities.h>
+
 #include <QFileInfo>
 
 namespace {
@@ -22,4 +25,11 @@ KTDatabaseBundle BundleOption::bundleIn(const QCommandLineParser &parser)
     if (!parser.isSet(Name))
         return KTDatabaseBundle::defaultDatabaseBundle();
     return KTDatabaseBundle(QFileInfo(parser.value(Name)).absoluteFilePath());
+}
+
+void BundleOption::needFolderOf(const KTDatabaseBundle &bundle)
+{
+    const QString folder = NSString::stringByDeletingLastPathComponent(bundle.bundlePath());
+    if (folder == KTDatabaseBundle::cobbleSupportFolder())
+        NSFileManager::createDirectoryAtPath(folder, true);
 }

@@ -13,4 +13,8 @@ void add(QCommandLineParser *parser);
 QString mistakeIn(const QCommandLineParser &parser);
 /// The bundle at the path given, else the user's default bundle.
 KTDatabaseBundle bundleIn(const QCommandLineParser &parser);
+
+/// Makes the folder for the application's own bundles, with those on the way to it (XDG Base
+/// Directory rules); the folders of other bundles are the user's business.
+void needFolderOf(const KTDatabaseBundle &bundle);
 } // namespace BundleOption

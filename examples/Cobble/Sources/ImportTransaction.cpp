@@ -1,18 +1,9 @@
 #include "ImportTransaction.h"
 
+#include "BundleOption.h"
+
 #include <KTUtility/Platform/Foundation/NSFileManager.h>
 #include <KTUtility/Platform/Foundation/NSPathUtilities.h>
-
-namespace {
-/// Makes the folder for an application's own bundles, as deep as it may be (XDG Base Directory
-/// rules); other folders are the user's business.
-void needFolderOf(const KTDatabaseBundle &bundle)
-{
-    const QString folder = NSString::stringByDeletingLastPathComponent(bundle.bundlePath());
-    if (folder == KTDatabaseBundle::cobbleSupportFolder())
-        NSFileManager::createDirectoryAtPath(folder, true);
-}
-} // namespace
 
 std::unique_ptr<ImportTransaction> ImportTransaction::begin(const KTDatabaseBundle &bundle,
                                                             QString *error, int patience)
@@ -53,7 +44,7 @@ bool ImportTransaction::lock(QString *error, int patience)
 
 bool ImportTransaction::prepare(QString *error, int patience)
 {
-    needFolderOf(_bundle);
+    BundleOption::needFolderOf(_bundle);
     if (!lock(error, patience))
         return false;
     _isNewBundle = !NSFileManager::fileExistsAtPath(_bundle.bundlePath());

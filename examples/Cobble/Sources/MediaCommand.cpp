@@ -98,6 +98,7 @@ ExitCode runMedia(const QCommandLineParser &parser, CommandContext &context)
         return context.wrongUsage(QStringLiteral("media needs one of list, add, path, delete"));
     if (words.isEmpty())
         return context.wrongUsage(QStringLiteral("media %1 needs a name").arg(name));
+    BundleOption::needFolderOf(bundle);
     if (action == addMedia && !bundle.buildDatabaseBundleOnDisk())
         return context.fail(bundle.bundlePath(),
                             QStringLiteral("the database bundle cannot be made"));
