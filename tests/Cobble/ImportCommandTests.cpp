@@ -13,9 +13,11 @@ QString newFile(const QString &name, const QByteArray &contents)
     return path;
 }
 
+/// Imports without storing.
 CommandResult import(const QString &path, const QStringList &options = {})
 {
-    return runInProcess(QStringList({QStringLiteral("import"), path}) + options);
+    return runInProcess(QStringList({QStringLiteral("import"), path, QStringLiteral("--dry-run")}) +
+                        options);
 }
 
 /// What the summary says behind a title.

@@ -8,11 +8,18 @@ target_sources(CobbleTests PRIVATE
     Cobble/ImportCommandTests.cpp
     Cobble/ImportSchemaTests.cpp
     Cobble/ImportSourceTests.cpp
+    Cobble/ImportStoringTests.cpp
+    Cobble/ImportTransactionTests.cpp
     Cobble/ImportValuesTests.cpp
+    Cobble/LibraryStoreTests.cpp
     Cobble/LogCommandTests.cpp
+    Cobble/MediaCommandTests.cpp
+    Cobble/MediaReferenceTests.cpp
     Cobble/NamesCommandTests.cpp
     Cobble/ParseCommandTests.cpp
+    Cobble/ShowCommandTests.cpp
     Cobble/StandardStreamsTests.cpp
+    Cobble/StoredValueTests.cpp
     Cobble/TextFileTests.cpp
 )
 target_link_libraries(CobbleTests PRIVATE CobbleHost)

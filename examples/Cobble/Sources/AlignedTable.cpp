@@ -86,6 +86,11 @@ qsizetype displayWidth(const QString &text)
     return width;
 }
 
+QString recordCountText(qint64 count)
+{
+    return count == 1 ? QStringLiteral("1 record") : QStringLiteral("%1 records").arg(count);
+}
+
 void AlignedTable::addRow(const QStringList &cells)
 {
     QStringList row;

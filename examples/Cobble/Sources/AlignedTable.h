@@ -13,6 +13,9 @@ QString printableText(const QString &text);
 /// and most emoji, none for combining marks and format characters, one for the rest.
 qsizetype displayWidth(const QString &text);
 
+/// "1 record", "2 records".
+QString recordCountText(qint64 count);
+
 /// Rows of cells printed in aligned columns, two blanks apart.
 ///
 /// A cell that is wider than WidestAligned is printed whole and moves the rest of its row only.

@@ -4,8 +4,10 @@
 #include "CommandContext.h"
 #include "ImportCommand.h"
 #include "LogCommand.h"
+#include "MediaCommand.h"
 #include "NamesCommand.h"
 #include "ParseCommand.h"
+#include "ShowCommand.h"
 #include "StandardStreams.h"
 #include "Usage.h"
 
@@ -32,8 +34,11 @@ ExitCode runVersion(const QStringList &, CommandContext &context)
     return ExitCode::Success;
 }
 
-constexpr std::array<Command, 9> Commands = {{
+constexpr std::array<Command, 12> Commands = {{
     {u"import", runImportCommand},
+    {u"show", runShowCommand},
+    {u"media", runMediaCommand},
+    {u"upgrade-copy", runUpgradeCopyCommand},
     {u"parse", runParseCommand},
     {u"format", runFormatCommand},
     {u"names", runNamesCommand},

@@ -11,7 +11,7 @@
 #include <utility>
 
 namespace {
-constexpr std::array<std::pair<FieldType, QStringView>, 8> Names{{
+constexpr std::array<std::pair<FieldType, QStringView>, 9> Names{{
     {FieldType::Number, u"number"},
     {FieldType::Currency, u"currency"},
     {FieldType::Duration, u"duration"},
@@ -19,6 +19,7 @@ constexpr std::array<std::pair<FieldType, QStringView>, 8> Names{{
     {FieldType::Date, u"date"},
     {FieldType::DateTime, u"date+time"},
     {FieldType::Phone, u"phone"},
+    {FieldType::Media, u"media"},
     {FieldType::Text, u"text"},
 }};
 
@@ -36,6 +37,10 @@ std::unique_ptr<NSFormatter> phoneFormatter()
         PhoneLayouts::indexForCountry(NSLocale::currentLocale().countryCode()));
     return formatter;
 }
+bool hasFormatter(FieldType type)
+{
+    return type != FieldType::Text && type != FieldType::Media;
+}
 } // namespace
 
 QString FieldTypes::nameOf(FieldType type)
@@ -51,17 +56,26 @@ std::optional<FieldType> FieldTypes::typeNamed(const QString &name)
 {
     const QStringView wanted = name == u"datetime" ? QStringView(u"date+time") : QStringView(name);
     for (const auto &[type, known] : Names) {
-        if (known == wanted && type != FieldType::Text)
+        if (known == wanted && hasFormatter(type))
             return type;
     }
     return std::nullopt;
+}
+
+FieldType FieldTypes::storedTypeNamed(const QString &name)
+{
+    for (const auto &[type, known] : Names) {
+        if (known == name)
+            return type;
+    }
+    return FieldType::Text;
 }
 
 QStringList FieldTypes::names()
 {
     QStringList names;
     for (const auto &[type, name] : Names) {
-        if (type != FieldType::Text)
+        if (hasFormatter(type))
             names.append(name.toString());
     }
     return names;
@@ -84,6 +98,7 @@ std::unique_ptr<NSFormatter> FieldTypes::formatterFor(FieldType type)
         return dateTimeFormatter();
     case FieldType::Phone:
         return phoneFormatter();
+    case FieldType::Media:
     case FieldType::Text:
         return nullptr;
     }

@@ -1,10 +1,10 @@
 #include "ImportCommand.h"
 
 #include "AlignedTable.h"
-#include "CSVSeparator.h"
-#include "ImportSchema.h"
-#include "ImportSource.h"
-#include "ImportValues.h"
+#include "ImportReport.h"
+#include "ImportRequest.h"
+#include "LibraryImport.h"
+#include "MediaReference.h"
 #include "TextFile.h"
 #include "Usage.h"
 #include "UserSettings.h"
@@ -14,183 +14,116 @@
 #include <QTextStream>
 
 namespace {
-const QString LibraryOption = QStringLiteral("library");
-const QString SeparatorOption = QStringLiteral("separator");
-const QString HelpOption = QStringLiteral("help");
-
-/// What the command line asks for.
-struct ImportRequest
+/// A file that was read once, and how it is to be read again.
+struct ImportFile
 {
-    QString path;
-    QString libraryName;
-    std::optional<QChar> separator;
-    QString locale;
+    QString text;
+    ImportSource source;
+    ImportSchema schema;
+    /// Where relative paths of media begin.
+    QString folder;
+    ImportValues::Settings settings;
 };
 
-void addOptions(QCommandLineParser *parser)
+/// \return the first header that no column has; nil if there is none.
+QString addMediaColumns(const QStringList &headers, ImportFile *file)
 {
-    parser->addOption({HelpOption, QString()});
-    parser->addOption({LibraryOption, QString(), QStringLiteral("NAME")});
-    parser->addOption({SeparatorOption, QString(), QStringLiteral("C")});
-    UserSettings::addLocaleOption(parser);
-}
-
-/// The file's name without its extension; the whole name if nothing else is left.
-QString libraryNameForFile(const QString &path)
-{
-    const QFileInfo file(path);
-    const QString name = file.completeBaseName();
-    return name.isEmpty() ? file.fileName() : name;
-}
-
-/// What is wrong with the values given; nil if nothing is.
-QString mistakeIn(const QCommandLineParser &parser)
-{
-    const QStringList files = parser.positionalArguments();
-    if (files.isEmpty() || files.first().isEmpty())
-        return QStringLiteral("import needs the name of a file");
-    if (files.size() > 1)
-        return QStringLiteral("import takes one file, not also '%1'").arg(files.at(1));
-    if (parser.isSet(LibraryOption) && parser.value(LibraryOption).trimmed().isEmpty())
-        return QStringLiteral("--library needs a name");
-    const QString separator = parser.value(SeparatorOption);
-    if (parser.isSet(SeparatorOption) && !CSVSeparator::fromName(separator))
-        return QStringLiteral("bad separator '%1'").arg(separator);
-    return UserSettings::mistakeInLocale(UserSettings::localeIn(parser));
-}
-
-ImportRequest requestFrom(const QCommandLineParser &parser)
-{
-    ImportRequest request;
-    request.path = parser.positionalArguments().first();
-    request.libraryName = parser.isSet(LibraryOption) ? parser.value(LibraryOption)
-                                                      : libraryNameForFile(request.path);
-    request.separator = CSVSeparator::fromName(parser.value(SeparatorOption));
-    request.locale = UserSettings::localeIn(parser);
-    return request;
-}
-
-QString raggedRowsText(const ImportSource &source)
-{
-    if (source.raggedRowCount == 0)
-        return QStringLiteral("none");
-    return QStringLiteral("%1 with fewer or more fields than there are headers")
-        .arg(source.raggedRowCount);
-}
-
-void printSummary(const ImportSource &source, const ImportSchema &schema, QTextStream &out)
-{
-    AlignedTable summary;
-    summary.addRow({QStringLiteral("Library:"), schema.libraryName});
-    summary.addRow({QStringLiteral("Library entity:"), schema.libraryEntityName});
-    summary.addRow({QStringLiteral("Entity:"), schema.entityName});
-    summary.addRow({QStringLiteral("Table:"), schema.tableName});
-    summary.addRow({QStringLiteral("Separator:"), CSVSeparator::nameOf(source.separator)});
-    summary.addRow({QStringLiteral("Rows read:"), QString::number(source.rowCount)});
-    summary.addRow({QStringLiteral("Ragged rows:"), raggedRowsText(source)});
-    summary.addRow({QStringLiteral("Columns:"), QString::number(schema.columns.size())});
-    summary.print(out);
-}
-
-void printColumns(const QList<ImportColumn> &columns, QTextStream &out)
-{
-    const auto digits = int(QString::number(columns.size()).size());
-    AlignedTable table;
-    table.addRow({QStringLiteral("#").rightJustified(digits), QStringLiteral("Header"),
-                  QStringLiteral("Label"), QStringLiteral("Property"),
-                  QStringLiteral("Internal name"), QStringLiteral("Column name")});
-    for (qsizetype index = 0; index < columns.size(); ++index) {
-        const ImportColumn &column = columns.at(index);
-        table.addRow({QString::number(index + 1).rightJustified(digits), column.header,
-                      column.label, column.propertyString, column.internalName, column.columnName});
+    for (const QString &header : headers) {
+        const qsizetype column = file->source.headers.indexOf(header);
+        if (column < 0)
+            return header;
+        file->settings.mediaColumns += column;
     }
-    table.print(out);
+    return {};
 }
 
-void printTypes(const QList<ImportColumn> &columns, const ImportValues &values, QTextStream &out)
-{
-    AlignedTable table;
-    table.addRow({QStringLiteral("Column name"), QStringLiteral("Type"), QStringLiteral("Read"),
-                  QStringLiteral("Not read"), QStringLiteral("Empty")});
-    for (qsizetype index = 0; index < columns.size(); ++index) {
-        const ImportValues::Column &counts = values.columns.at(index);
-        table.addRow({columns.at(index).columnName, counts.typeName, QString::number(counts.read),
-                      QString::number(counts.unread), QString::number(counts.empty)});
-    }
-    table.print(out);
-}
-
-void printUnread(const QList<ImportColumn> &columns, const ImportValues &values, QTextStream &out)
-{
-    AlignedTable table;
-    table.addRow({QStringLiteral("Row"), QStringLiteral("Column name"), QStringLiteral("Text"),
-                  QStringLiteral("Not read, since")});
-    for (const ImportValues::Unread &unread : values.unread)
-        table.addRow({QString::number(unread.row), columns.at(unread.column).columnName,
-                      unread.text, unread.reason});
-    table.print(out);
-}
-
-void printValues(const ImportSchema &schema, const ImportValues &values, QTextStream &out)
-{
-    out << '\n';
-    printTypes(schema.columns, values, out);
-    if (values.unread.isEmpty())
-        return;
-    out << '\n';
-    printUnread(schema.columns, values, out);
-}
-
-void logImport(const ImportRequest &request, const ImportSource &source, const ImportSchema &schema)
-{
-    KTLog(kLog_ImportDialog, 4, u"%@: separator %@, %d rows, %d columns",
-          printableText(request.path), CSVSeparator::nameOf(source.separator), source.rowCount,
-          schema.columns.size());
-    for (const ImportColumn &column : schema.columns)
-        KTLog(kLog_ImportDialog, 7, u"'%@': label '%@', property %@, internal name %@, column %@",
-              printableText(column.header), column.label, column.propertyString,
-              column.internalName, column.columnName);
-    KTLog(kLog_SchemaManager, 4, u"library '%@': library entity %@, entity %@, table %@",
-          printableText(schema.libraryName), schema.libraryEntityName, schema.entityName,
-          schema.tableName);
-}
-
-ExitCode import(const ImportRequest &request, CommandContext &context)
+/// \return why the file cannot be imported; nil if it can be.
+QString readFile(const ImportRequest &request, CommandContext &context, ImportFile *file)
 {
     QString reason;
-    const QString text = TextFile::textOfFile(request.path, &reason);
-    if (text.isNull())
-        return context.fail(request.path, reason);
-    const ImportSource source = ImportSource::fromText(text, request.separator);
-    if (!source.errorDescription.isNull())
-        return context.fail(request.path, source.errorDescription);
+    file->text = TextFile::textOfFile(request.path, &reason);
+    if (file->text.isNull())
+        return reason;
+    file->source = ImportSource::fromText(file->text, request.separator);
+    if (!file->source.errorDescription.isNull())
+        return file->source.errorDescription;
+    const QString missing = addMediaColumns(request.mediaHeaders, file);
+    if (!missing.isNull())
+        return QStringLiteral("there is no column '%1'").arg(missing);
+    file->schema = ImportSchema::fromHeaders(request.libraryName, file->source.headers);
+    const QString folder = QFileInfo(request.path).absolutePath();
+    file->folder = folder;
+    file->settings.isMedia = [folder](const QString &text) {
+        return MediaReference::isObvious(text, folder);
+    };
+    file->settings.progress = context.progress();
+    return {};
+}
+
+void warnOfQuote(const ImportRequest &request, const ImportSource &source, CommandContext &context)
+{
     if (source.unclosedQuoteLine > 0)
         context.warn(request.path,
                      QStringLiteral("line %1: a quote is never closed; everything to the end of "
                                     "the file was read as one field")
                          .arg(source.unclosedQuoteLine));
-    const ImportSchema schema = ImportSchema::fromHeaders(request.libraryName, source.headers);
-    logImport(request, source, schema);
-    printSummary(source, schema, context.out());
-    context.out() << '\n';
-    printColumns(schema.columns, context.out());
-    const LocaleScope scope(request.locale);
-    const ImportValues values = ImportValues::fromText(text, source, context.progress());
-    printValues(schema, values, context.out());
+}
+
+ExitCode showOnly(const ImportFile &file, CommandContext &context)
+{
+    ImportReport::printValues(
+        file.schema, ImportValues::fromText(file.text, file.source, file.settings), context.out());
     return ExitCode::Success;
+}
+
+ExitCode store(const ImportRequest &request, const ImportFile &file, CommandContext &context)
+{
+    const QString &bundlePath = request.bundle.bundlePath();
+    QString error;
+    const auto transaction = ImportTransaction::begin(request.bundle, &error);
+    if (!transaction)
+        return context.fail(bundlePath, error);
+    LibraryImport import(*transaction, file.schema, file.folder, request.replaces);
+    ImportValues::Settings settings = file.settings;
+    settings.sink = &import;
+    const ImportValues values = ImportValues::fromText(file.text, file.source, settings);
+    if (!values.errorDescription.isNull())
+        return context.fail(bundlePath, values.errorDescription);
+    if (!transaction->commit())
+        return context.fail(bundlePath, transaction->store().errorText());
+    ImportReport::printValues(file.schema, values, context.out());
+    context.out() << '\n'
+                  << QStringLiteral("Stored %1 in the library '%2' of %3\n")
+                         .arg(recordCountText(import.recordCount()),
+                              printableText(import.library().name), printableText(bundlePath));
+    return ExitCode::Success;
+}
+
+ExitCode import(const ImportRequest &request, CommandContext &context)
+{
+    ImportFile file;
+    const LocaleScope scope(request.locale);
+    const QString mistake = readFile(request, context, &file);
+    if (!mistake.isNull())
+        return context.fail(request.path, mistake);
+    warnOfQuote(request, file.source, context);
+    ImportReport::log(request.path, file.source, file.schema);
+    ImportReport::printSchema(file.source, file.schema, context.out());
+    return request.isDryRun ? showOnly(file, context) : store(request, file, context);
 }
 } // namespace
 
 ExitCode runImportCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
-    addOptions(&parser);
+    ImportRequest::addOptions(&parser);
     if (!context.parse(arguments, &parser))
         return ExitCode::WrongUsage;
-    if (parser.isSet(HelpOption)) {
+    if (parser.isSet(QStringLiteral("help"))) {
         context.out() << usageText();
         return ExitCode::Success;
     }
-    const QString mistake = mistakeIn(parser);
-    return mistake.isNull() ? import(requestFrom(parser), context) : context.wrongUsage(mistake);
+    const QString mistake = ImportRequest::mistakeIn(parser);
+    return mistake.isNull() ? import(ImportRequest::from(parser), context)
+                            : context.wrongUsage(mistake);
 }

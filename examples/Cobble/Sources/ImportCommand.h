@@ -2,7 +2,8 @@
 
 #include "CommandContext.h"
 
-/// `cobble import FILE.csv [--library NAME] [--separator C] [--locale ID]`: reads the file and
-/// shows the library that it would become, with the types of its columns and what cannot be read in
-/// them. Nothing is written anywhere.
+/// `cobble import FILE [--library NAME] [--separator C] [--locale ID] [--media HEADER]
+/// [--replace] [--bundle PATH] [--dry-run]`: reads the file and stores it as a library of the
+/// database, all of it or nothing. Shows its names, the types of its columns, and what cannot be
+/// read in them.
 ExitCode runImportCommand(const QStringList &arguments, CommandContext &context);

@@ -16,8 +16,8 @@
 /// \endcode
 struct ImportSource
 {
-    /// A library holds at most this many columns.
-    static constexpr qsizetype ColumnLimit = 2000;
+    /// A library holds at most this many columns: SQLite takes 2,000, and one is the record's own.
+    static constexpr qsizetype ColumnLimit = 1999;
 
     /// Reads \a text: a "sep=" line if there is one, a row of headers, rows of values.
     /// \param separator what to use instead of the one that the text names or seems to use.

@@ -10,16 +10,22 @@
 namespace {
 using Readers = std::vector<std::unique_ptr<FieldReader>>;
 
-Readers readersFor(QStringView text, const ImportSource &source)
+Readers readersFor(QStringView text, const ImportSource &source,
+                   const ImportValues::Settings &settings)
 {
-    std::vector<TypeInference> inferences(size_t(source.headers.size()));
+    std::vector<TypeInference> inferences;
+    for (qsizetype column = 0; column < source.headers.size(); ++column)
+        inferences.emplace_back(settings.isMedia);
     source.forEachRow(text, [&](qint64, const QStringList &fields) {
         for (qsizetype column = 0; column < fields.size(); ++column)
             inferences[size_t(column)].add(fields.at(column));
     });
     Readers readers;
-    for (const TypeInference &inference : inferences)
-        readers.push_back(inference.reader());
+    for (const TypeInference &inference : inferences) {
+        const bool isMedia = settings.mediaColumns.contains(qsizetype(readers.size()));
+        readers.push_back(isMedia ? std::make_unique<FieldReader>(FieldType::Media)
+                                  : inference.reader());
+    }
     return readers;
 }
 
@@ -34,48 +40,71 @@ QString typeNameOf(const FieldReader &reader)
 class ValueReading
 {
 public:
-    ValueReading(const Readers &readers, ImportValues &values) : _readers(readers), _values(values)
+    ValueReading(const Readers &readers, ImportSink *sink, ImportValues &values)
+        : _readers(readers), _sink(sink), _values(values)
     {
         for (const auto &reader : readers) {
             ImportValues::Column column;
             column.typeName = typeNameOf(*reader);
             _values.columns.append(column);
         }
+        check(!sink || sink->begin(readers));
     }
 
     void readRow(qint64 row, const QStringList &fields)
     {
+        if (!_values.errorDescription.isNull())
+            return;
+        QVariantList record;
         for (qsizetype column = 0; column < _values.columns.size(); ++column) {
             const QString text = fields.value(column);
-            if (text.trimmed().isEmpty())
+            if (text.trimmed().isEmpty()) {
                 ++_values.columns[column].empty;
-            else
-                readValue(row, column, text);
+                record.append(text.isEmpty() ? QVariant() : QVariant(text));
+            } else {
+                record.append(readValue(row, column, text));
+            }
         }
+        check(!_sink || _sink->addRow(record));
     }
 
 private:
-    void readValue(qint64 row, qsizetype column, const QString &text)
+    void check(bool isDone)
     {
-        const FieldReading reading = _readers[size_t(column)]->read(text, true);
+        if (!isDone)
+            _values.errorDescription = _sink->errorText();
+    }
+
+    FieldReading reading(const FieldReader &reader, const QString &text)
+    {
+        return reader.type() == FieldType::Media && _sink ? _sink->storeMedia(text)
+                                                          : reader.read(text, true);
+    }
+
+    QVariant readValue(qint64 row, qsizetype column, const QString &text)
+    {
+        FieldReading result = reading(*_readers[size_t(column)], text);
         ImportValues::Column &counts = _values.columns[column];
-        ++(reading.isRead ? counts.read : counts.unread);
-        if (!reading.isRead)
-            _values.unread.append({row, column, text, reading.reason});
+        ++(result.isRead ? counts.read : counts.unread);
+        if (result.isRead)
+            return result.value;
+        _values.unread.append({row, column, text, result.reason});
+        return text;
     }
 
     const Readers &_readers;
+    ImportSink *_sink;
     ImportValues &_values;
 };
 } // namespace
 
 ImportValues ImportValues::fromText(QStringView text, const ImportSource &source,
-                                    QTextStream *progress)
+                                    const Settings &settings)
 {
     ImportValues values;
-    const Readers readers = readersFor(text, source);
-    ValueReading reading(readers, values);
-    ProgressLine line(progress, QStringLiteral("Reading values"), source.rowCount);
+    const Readers readers = readersFor(text, source, settings);
+    ValueReading reading(readers, settings.sink, values);
+    ProgressLine line(settings.progress, QStringLiteral("Reading values"), source.rowCount);
     source.forEachRow(text, [&](qint64 row, const QStringList &fields) {
         reading.readRow(row, fields);
         line.show(row);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ImportSink.h"
 #include "ImportSource.h"
 
 #include <QList>
@@ -35,11 +36,29 @@ struct ImportValues
         QString reason;
     };
 
+    /// How an import is to be made.
+    struct Settings
+    {
+        /// Gets a line that tells how far it is; may be null.
+        QTextStream *progress = nullptr;
+        /// Whether a text names a media file; without it, none does.
+        std::function<bool(const QString &)> isMedia;
+        /// The columns that are media whatever they hold.
+        QList<qsizetype> mediaColumns;
+        /// Gets the values; may be null.
+        ImportSink *sink = nullptr;
+    };
+
     /// Reads the rows twice: the beginning to find the types, then all of them.
-    /// \param progress gets a line that tells how far it is; may be null.
     static ImportValues fromText(QStringView text, const ImportSource &source,
-                                 QTextStream *progress = nullptr);
+                                 const Settings &settings);
+    static ImportValues fromText(QStringView text, const ImportSource &source)
+    {
+        return fromText(text, source, Settings());
+    }
 
     QList<Column> columns;
     QList<Unread> unread;
+    /// Why the sink ended it; nil if it did not.
+    QString errorDescription;
 };

@@ -44,7 +44,11 @@ Parts partsOf(const FieldReading &reading, const QString &text)
 }
 } // namespace
 
-TypeInference::TypeInference() = default;
+TypeInference::TypeInference(std::function<bool(const QString &)> isMedia)
+    : _isMedia(std::move(isMedia))
+{
+}
+
 TypeInference::~TypeInference() = default;
 TypeInference::TypeInference(TypeInference &&other) noexcept = default;
 
@@ -77,8 +81,16 @@ std::unique_ptr<FieldReader> TypeInference::reader() const
         return duration;
     if (auto date = dateReader())
         return date;
-    const auto phones = std::count_if(_values.begin(), _values.end(), looksLikePhone);
-    return std::make_unique<FieldReader>(fits(phones) ? FieldType::Phone : FieldType::Text);
+    return std::make_unique<FieldReader>(textType());
+}
+
+/// Of the types whose formatters read every text.
+FieldType TypeInference::textType() const
+{
+    if (fits(std::count_if(_values.begin(), _values.end(), looksLikePhone)))
+        return FieldType::Phone;
+    const bool isMedia = _isMedia && fits(std::count_if(_values.begin(), _values.end(), _isMedia));
+    return isMedia ? FieldType::Media : FieldType::Text;
 }
 
 /// In the user's currency, or in that which most of the values name.

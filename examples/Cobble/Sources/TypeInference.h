@@ -4,14 +4,15 @@
 
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 /// Finds the type of a column from some of its values.
 ///
 /// A column has the first of these types that nine in ten of its values have: number, currency,
-/// duration, date, time, date+time, phone; otherwise it is text. A number may have a currency's
-/// sign; then the column is money, in the currency that most of its values name. Of dates and
-/// times mixed, a column of dates with some times is date+time.
+/// duration, date, time, date+time, phone, media; otherwise it is text. A number may have a
+/// currency's sign; then the column is money, in the currency that most of its values name. Of
+/// dates and times mixed, a column of dates with some times is date+time.
 ///
 /// \code
 /// TypeInference inference;
@@ -25,7 +26,8 @@ public:
     /// How many values are looked at.
     static constexpr qsizetype SampleSize = 1000;
 
-    TypeInference();
+    /// \param isMedia says whether a text names a media file; without it, none does.
+    explicit TypeInference(std::function<bool(const QString &)> isMedia = {});
     ~TypeInference();
     TypeInference(TypeInference &&other) noexcept;
 
@@ -43,5 +45,8 @@ private:
     std::unique_ptr<FieldReader> currencyReader() const;
     std::unique_ptr<FieldReader> dateReader() const;
 
+    FieldType textType() const;
+
+    std::function<bool(const QString &)> _isMedia;
     QStringList _values;
 };

@@ -1,0 +1,131 @@
+#include "ImportTransaction.h"
+
+#include <KTUtility/Platform/Foundation/NSFileManager.h>
+#include <KTUtility/Platform/Foundation/NSPathUtilities.h>
+
+namespace {
+/// Makes the folder for an application's own bundles, as deep as it may be (XDG Base Directory
+/// rules); other folders are the user's business.
+void needFolderOf(const KTDatabaseBundle &bundle)
+{
+    const QString folder = NSString::stringByDeletingLastPathComponent(bundle.bundlePath());
+    if (folder == KTDatabaseBundle::cobbleSupportFolder())
+        NSFileManager::createDirectoryAtPath(folder, true);
+}
+} // namespace
+
+std::unique_ptr<ImportTransaction> ImportTransaction::begin(const KTDatabaseBundle &bundle,
+                                                            QString *error, int patience)
+{
+    std::unique_ptr<ImportTransaction> transaction(new ImportTransaction(bundle));
+    return transaction->prepare(error, patience) ? std::move(transaction) : nullptr;
+}
+
+ImportTransaction::ImportTransaction(const KTDatabaseBundle &bundle)
+    : _bundle(bundle), _lock(bundle.bundlePath() + u".lock"), _mediaList(mediaListPath())
+{
+    // A lock is stale when its process is gone, however long an import takes.
+    _lock.setStaleLockTime(0);
+}
+
+ImportTransaction::~ImportTransaction()
+{
+    if (!_isDone)
+        takeBack();
+}
+
+QString ImportTransaction::mediaListPath() const
+{
+    return NSString::stringByAppendingPathComponent(_bundle._resourcesFolderPath(),
+                                                    QStringLiteral("ImportedMedia"));
+}
+
+/// Keeps other imports out. Where no lock can be made, the database's own lock has to do.
+bool ImportTransaction::lock(QString *error, int patience)
+{
+    if (_lock.tryLock(patience) || _lock.error() == QLockFile::PermissionError)
+        return true;
+    *error = _lock.error() == QLockFile::LockFailedError
+                 ? QStringLiteral("another import is running")
+                 : QStringLiteral("there is no folder for the database bundle");
+    return false;
+}
+
+bool ImportTransaction::prepare(QString *error, int patience)
+{
+    needFolderOf(_bundle);
+    if (!lock(error, patience))
+        return false;
+    _isNewBundle = !NSFileManager::fileExistsAtPath(_bundle.bundlePath());
+    _isNewDatabase = !NSFileManager::fileExistsAtPath(_bundle.databaseFilePath());
+    if (!_bundle.buildDatabaseBundleOnDisk()) {
+        *error = QStringLiteral("the database bundle cannot be made");
+        return false;
+    }
+    _store = LibraryStore::open(_bundle, LibraryStore::Mode::Create, error);
+    if (!_store)
+        return false;
+    if (!_store->begin()) {
+        *error = _store->errorText();
+        return false;
+    }
+    removeMediaInList(false);
+    _isListing =
+        _mediaList.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered);
+    if (!_isListing)
+        *error = _mediaList.errorString();
+    return _isListing;
+}
+
+std::optional<NSURL> ImportTransaction::storeMedia(const NSURL &url)
+{
+    if (_bundle.isMediaURL(url)) {
+        const QString path = _bundle.filePathFromMediaUrl(url);
+        return NSFileManager::fileExistsAtPath(path) ? std::optional(url) : std::nullopt;
+    }
+    const std::optional<NSURL> stored = _bundle.storeFileFromURL(url);
+    if (stored)
+        _mediaList.write(stored->absoluteString().toLatin1() + '\n');
+    return stored;
+}
+
+bool ImportTransaction::commit()
+{
+    _isDone = _store->commit();
+    if (_isDone)
+        _mediaList.remove();
+    return _isDone;
+}
+
+/// Removes the media files of an import that came to nothing.
+/// \param evenIfUsed whether records may still refer to them, as they never will be written.
+void ImportTransaction::removeMediaInList(bool evenIfUsed)
+{
+    QFile list(mediaListPath());
+    if (!list.open(QIODevice::ReadOnly))
+        return;
+    while (!list.atEnd()) {
+        const QString text = QString::fromLatin1(list.readLine().chopped(1));
+        const std::optional<NSURL> url = NSURL::URLWithString(text);
+        if (url && (evenIfUsed || !_store->refersToMedia(text)))
+            _bundle.deleteFileFromMediaFolder(
+                NSString::lastPathComponent(_bundle.filePathFromMediaUrl(*url)));
+    }
+}
+
+void ImportTransaction::takeBack()
+{
+    if (_store)
+        _store->rollback();
+    if (_isListing) {
+        removeMediaInList(true);
+        _mediaList.remove();
+    }
+    _store.reset();
+    if (!_lock.isLocked())
+        return;
+    if (_isNewDatabase)
+        NSFileManager::removeItemAtPath(_bundle.databaseFilePath());
+    if (_isNewBundle)
+        _bundle.removeDatabaseBundleOnDisk();
+}

@@ -1,0 +1,107 @@
+#include "ShowCommand.h"
+
+#include "AlignedTable.h"
+#include "BundleOption.h"
+#include "LibraryStore.h"
+#include "RecordTexts.h"
+#include "Usage.h"
+#include "UserSettings.h"
+
+#include <QTextStream>
+
+namespace {
+const QString HelpOption = QStringLiteral("help");
+const QString LimitOption = QStringLiteral("limit");
+
+/// The number of records that are wanted, −1 for all; nothing if what was typed is no number.
+std::optional<qint64> limitIn(const QCommandLineParser &parser)
+{
+    if (!parser.isSet(LimitOption))
+        return -1;
+    bool isNumber = false;
+    const qint64 limit = parser.value(LimitOption).toLongLong(&isNumber);
+    return isNumber && limit >= 0 ? std::optional(limit) : std::nullopt;
+}
+
+QString mistakeIn(const QCommandLineParser &parser)
+{
+    const QStringList names = parser.positionalArguments();
+    if (names.size() > 1)
+        return QStringLiteral("show takes one library, not also '%1'").arg(names.at(1));
+    if (!limitIn(parser))
+        return QStringLiteral("bad limit '%1'").arg(parser.value(LimitOption));
+    const QString mistake = BundleOption::mistakeIn(parser);
+    return mistake.isNull() ? UserSettings::mistakeInLocale(UserSettings::localeIn(parser))
+                            : mistake;
+}
+
+ExitCode showLibraries(LibraryStore &store, CommandContext &context)
+{
+    AlignedTable table;
+    table.addRow({QStringLiteral("Library"), QStringLiteral("Table"), QStringLiteral("Fields"),
+                  QStringLiteral("Records")});
+    const QList<Library> libraries = store.libraries();
+    for (const Library &library : libraries)
+        table.addRow({library.name, library.tableName, QString::number(library.fields.size()),
+                      QString::number(store.recordCount(library))});
+    table.print(context.out());
+    return ExitCode::Success;
+}
+
+QString countText(qint64 shown, qint64 all)
+{
+    const QString text = recordCountText(all);
+    return shown == all ? text : QStringLiteral("%1 of %2").arg(QString::number(shown), text);
+}
+
+ExitCode showRecords(LibraryStore &store, const Library &library, qint64 limit,
+                     CommandContext &context)
+{
+    const RecordTexts texts(library);
+    AlignedTable table;
+    table.addRow(texts.titles());
+    RecordCursor records = store.records(library, limit);
+    qint64 count = 0;
+    for (; records.next(); ++count)
+        table.addRow(texts.textsOf(records));
+    if (const QString reason = records.errorText(); !reason.isNull())
+        return context.fail(library.name, reason);
+    table.print(context.out());
+    context.out() << '\n' << countText(count, store.recordCount(library)) << '\n';
+    return ExitCode::Success;
+}
+
+ExitCode show(const QCommandLineParser &parser, CommandContext &context)
+{
+    const KTDatabaseBundle bundle = BundleOption::bundleIn(parser);
+    QString error;
+    const auto store = LibraryStore::open(bundle, LibraryStore::Mode::Existing, &error);
+    if (!store)
+        return context.fail(bundle.bundlePath(), error);
+    if (parser.positionalArguments().isEmpty())
+        return showLibraries(*store, context);
+    const QString name = parser.positionalArguments().first();
+    const std::optional<Library> library = store->libraryNamed(name);
+    if (!library)
+        return context.fail(bundle.bundlePath(), QStringLiteral("no library '%1'").arg(name));
+    const LocaleScope scope(UserSettings::localeIn(parser));
+    return showRecords(*store, *library, *limitIn(parser), context);
+}
+} // namespace
+
+ExitCode runShowCommand(const QStringList &arguments, CommandContext &context)
+{
+    QCommandLineParser parser;
+    parser.addOption({HelpOption, QString()});
+    parser.addOption({LimitOption, QString(), QStringLiteral("N")});
+    BundleOption::add(&parser);
+    UserSettings::addLocaleOption(&parser);
+    if (!context.parse(arguments, &parser))
+        return ExitCode::WrongUsage;
+    if (parser.isSet(HelpOption)) {
+        context.out() << usageText();
+        return ExitCode::Success;
+    }
+    const QString mistake = mistakeIn(parser);
+    return mistake.isNull() ? show(parser, context) : context.wrongUsage(mistake);
+}
