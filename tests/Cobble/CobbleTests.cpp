@@ -48,7 +48,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         UsageCase{"NoArguments", {}, QString()},
         UsageCase{"EmptyCommand", {QStringLiteral("")}, QStringLiteral("unknown command ''")},
-        UsageCase{"UnknownCommand", words(u"export x"), QStringLiteral("unknown command 'export'")},
+        UsageCase{"UnknownCommand", words(u"publish x"),
+                  QStringLiteral("unknown command 'publish'")},
         UsageCase{"CommandInCapitals", words(u"Import x"),
                   QStringLiteral("unknown command 'Import'")},
         UsageCase{"UnknownOption", words(u"--bogus"), QStringLiteral("unknown option '--bogus'")},
@@ -143,8 +144,8 @@ TEST(Cobble, AProcessLogsItsStartAndExitCode)
     const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
     ASSERT_GE(nowhere, 0);
     KTLogCapture capture(kLog_Lifecycle, 4);
-    EXPECT_EQ(runCobbleProcess(words(u"export a\tb"), nowhere, nowhere), 2);
-    EXPECT_EQ(capture.messages(), QStringList({QStringLiteral("start: cobble export a\\tb"),
+    EXPECT_EQ(runCobbleProcess(words(u"publish a\tb"), nowhere, nowhere), 2);
+    EXPECT_EQ(capture.messages(), QStringList({QStringLiteral("start: cobble publish a\\tb"),
                                                QStringLiteral("exit code 2")}));
     ::close(nowhere);
 }

@@ -5,23 +5,35 @@ target_sources(CobbleTests PRIVATE
     Cobble/CobbleTests.cpp
     Cobble/ComponentNamesTests.cpp
     Cobble/ExecutableTests.cpp
+    Cobble/ExportCommandTests.cpp
     Cobble/ImportCommandTests.cpp
     Cobble/ImportSchemaTests.cpp
     Cobble/ImportSourceTests.cpp
     Cobble/ImportStoringTests.cpp
     Cobble/ImportTransactionTests.cpp
     Cobble/ImportValuesTests.cpp
+    Cobble/JSONTextTests.cpp
     Cobble/LibraryStoreTests.cpp
     Cobble/LogCommandTests.cpp
     Cobble/MediaCommandTests.cpp
     Cobble/MediaReferenceTests.cpp
     Cobble/NamesCommandTests.cpp
     Cobble/ParseCommandTests.cpp
+    Cobble/PlugInsCommandTests.cpp
     Cobble/ShowCommandTests.cpp
     Cobble/StandardStreamsTests.cpp
     Cobble/StoredValueTests.cpp
     Cobble/TextFileTests.cpp
+    Cobble/TypeInferenceTests.cpp
+    Cobble/VCardTests.cpp
+    # The parts of the plug-ins.
+    "${PROJECT_SOURCE_DIR}/examples/Cobble/PlugIns/TextExporter/JSONText.cpp"
+    "${PROJECT_SOURCE_DIR}/examples/Cobble/PlugIns/VCardImporter/VCardLine.cpp"
+    "${PROJECT_SOURCE_DIR}/examples/Cobble/PlugIns/VCardImporter/VCardTable.cpp"
 )
+target_include_directories(CobbleTests PRIVATE
+    "${PROJECT_SOURCE_DIR}/examples/Cobble/PlugIns/TextExporter"
+    "${PROJECT_SOURCE_DIR}/examples/Cobble/PlugIns/VCardImporter")
 target_link_libraries(CobbleTests PRIVATE CobbleHost)
 target_compile_definitions(CobbleTests PRIVATE
     COBBLE_BUNDLE_CONTENTS="${KTUTILITY_BUNDLE_CONTENTS}"
@@ -29,4 +41,4 @@ target_compile_definitions(CobbleTests PRIVATE
     COBBLE_VERSION="${PROJECT_VERSION}"
     COBBLE_SAMPLES="${PROJECT_SOURCE_DIR}/examples/Cobble/Samples")
 # They start it.
-add_dependencies(CobbleTests cobble CobbleResources)
+add_dependencies(CobbleTests cobble CobbleResources TextExporter VCardImporter)

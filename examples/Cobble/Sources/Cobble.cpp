@@ -2,11 +2,13 @@
 
 #include "AlignedTable.h"
 #include "CommandContext.h"
+#include "ExportCommand.h"
 #include "ImportCommand.h"
 #include "LogCommand.h"
 #include "MediaCommand.h"
 #include "NamesCommand.h"
 #include "ParseCommand.h"
+#include "PlugInsCommand.h"
 #include "ShowCommand.h"
 #include "StandardStreams.h"
 #include "Usage.h"
@@ -34,11 +36,13 @@ ExitCode runVersion(const QStringList &, CommandContext &context)
     return ExitCode::Success;
 }
 
-constexpr std::array<Command, 12> Commands = {{
+constexpr std::array<Command, 14> Commands = {{
     {u"import", runImportCommand},
     {u"show", runShowCommand},
+    {u"export", runExportCommand},
     {u"media", runMediaCommand},
     {u"upgrade-copy", runUpgradeCopyCommand},
+    {u"plugins", runPlugInsCommand},
     {u"parse", runParseCommand},
     {u"format", runFormatCommand},
     {u"names", runNamesCommand},

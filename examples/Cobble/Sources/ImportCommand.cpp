@@ -1,10 +1,12 @@
 #include "ImportCommand.h"
 
 #include "AlignedTable.h"
+#include "CSVText.h"
 #include "ImportReport.h"
 #include "ImportRequest.h"
 #include "LibraryImport.h"
 #include "MediaReference.h"
+#include "PlugIns.h"
 #include "TextFile.h"
 #include "Usage.h"
 #include "UserSettings.h"
@@ -14,6 +16,14 @@
 #include <QTextStream>
 
 namespace {
+/// Whether a file type needs no importer.
+bool isSeparatedText(const QString &fileType)
+{
+    static const QStringList types = {QStringLiteral(""), QStringLiteral("csv"),
+                                      QStringLiteral("tsv"), QStringLiteral("txt")};
+    return types.contains(fileType);
+}
+
 /// A file that was read once, and how it is to be read again.
 struct ImportFile
 {
@@ -22,8 +32,58 @@ struct ImportFile
     ImportSchema schema;
     /// Where relative paths of media begin.
     QString folder;
+    /// The files that an importer took out of it.
+    std::shared_ptr<QTemporaryDir> extracted;
     ImportValues::Settings settings;
 };
+
+/// A table as separated values.
+QString separatedText(const CobbleTable &table)
+{
+    QString text;
+    const auto addRow = [&text](const QStringList &fields) {
+        QStringList quoted;
+        for (const QString &field : fields)
+            quoted += CSVText::quoted(field);
+        // A row without anything is a row, too.
+        const QString row = quoted.join(u',');
+        text += (row.isEmpty() ? QStringLiteral("\"\"") : row) + u'\n';
+    };
+    addRow(table.titles);
+    for (const QStringList &row : table.rows)
+        addRow(row);
+    return text;
+}
+
+/// Turns the text of a file into separated values, if there is an importer for its extension.
+/// \return why that failed; nil if it did not.
+QString useImporter(const QString &path, ImportFile *file, std::optional<QChar> *separator)
+{
+    const QString fileType = QFileInfo(path).suffix().toLower();
+    if (isSeparatedText(fileType))
+        return {};
+    const PlugIns plugIns;
+    CobbleImporter *const importer = plugIns.importerFor(fileType);
+    if (!importer)
+        return {};
+    CobbleTable table;
+    QString error;
+    try {
+        if (!importer->readTable(file->text, &table, &error))
+            return error;
+    } catch (const std::exception &exception) {
+        return QStringLiteral("the importer failed: %1").arg(QString::fromUtf8(exception.what()));
+    }
+    file->text = separatedText(table);
+    file->extracted = table.files;
+    for (qsizetype column = 0; column < table.typeNames.size(); ++column) {
+        if (!table.typeNames.at(column).isEmpty())
+            file->settings.types.insert(column,
+                                        FieldTypes::storedTypeNamed(table.typeNames.at(column)));
+    }
+    *separator = u',';
+    return {};
+}
 
 /// \return the first header that no column has; nil if there is none.
 QString addMediaColumns(const QStringList &headers, ImportFile *file)
@@ -32,7 +92,7 @@ QString addMediaColumns(const QStringList &headers, ImportFile *file)
         const qsizetype column = file->source.headers.indexOf(header);
         if (column < 0)
             return header;
-        file->settings.mediaColumns += column;
+        file->settings.types.insert(column, FieldType::Media);
     }
     return {};
 }
@@ -44,7 +104,11 @@ QString readFile(const ImportRequest &request, CommandContext &context, ImportFi
     file->text = TextFile::textOfFile(request.path, &reason);
     if (file->text.isNull())
         return reason;
-    file->source = ImportSource::fromText(file->text, request.separator);
+    std::optional<QChar> separator = request.separator;
+    const QString failure = useImporter(request.path, file, &separator);
+    if (!failure.isNull())
+        return failure;
+    file->source = ImportSource::fromText(file->text, separator);
     if (!file->source.errorDescription.isNull())
         return file->source.errorDescription;
     const QString missing = addMediaColumns(request.mediaHeaders, file);

@@ -22,9 +22,9 @@ Readers readersFor(QStringView text, const ImportSource &source,
     });
     Readers readers;
     for (const TypeInference &inference : inferences) {
-        const bool isMedia = settings.mediaColumns.contains(qsizetype(readers.size()));
-        readers.push_back(isMedia ? std::make_unique<FieldReader>(FieldType::Media)
-                                  : inference.reader());
+        const auto known = settings.types.find(qsizetype(readers.size()));
+        readers.push_back(known == settings.types.end() ? inference.reader()
+                                                        : std::make_unique<FieldReader>(*known));
     }
     return readers;
 }

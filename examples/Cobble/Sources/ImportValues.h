@@ -4,6 +4,7 @@
 #include "ImportSource.h"
 
 #include <QList>
+#include <QMap>
 #include <QString>
 
 class QTextStream;
@@ -43,8 +44,8 @@ struct ImportValues
         QTextStream *progress = nullptr;
         /// Whether a text names a media file; without it, none does.
         std::function<bool(const QString &)> isMedia;
-        /// The columns that are media whatever they hold.
-        QList<qsizetype> mediaColumns;
+        /// The types of columns that are known beforehand.
+        QMap<qsizetype, FieldType> types;
         /// Gets the values; may be null.
         ImportSink *sink = nullptr;
     };

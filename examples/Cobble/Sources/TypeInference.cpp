@@ -26,6 +26,13 @@ bool looksLikePhone(const QString &text)
     return form.match(text).hasMatch();
 }
 
+/// Digits that are no number: "01067", "+49 170 1234567". As a number they would lose something.
+bool looksLikeCode(const QString &text)
+{
+    static const QRegularExpression form(QStringLiteral(R"(\A\s*(\+|0\s*\d))"));
+    return form.match(text).hasMatch();
+}
+
 /// What of date and time a value that was read has.
 struct Parts
 {
@@ -69,13 +76,18 @@ qsizetype TypeInference::countRead(const FieldReader &reader) const
                          [&](const QString &value) { return reader.read(value, true).isRead; });
 }
 
+std::unique_ptr<FieldReader> TypeInference::numberReader() const
+{
+    if (std::any_of(_values.begin(), _values.end(), looksLikeCode))
+        return nullptr;
+    auto number = std::make_unique<FieldReader>(FieldType::Number);
+    return fits(countRead(*number)) ? std::move(number) : currencyReader();
+}
+
 std::unique_ptr<FieldReader> TypeInference::reader() const
 {
-    auto number = std::make_unique<FieldReader>(FieldType::Number);
-    if (fits(countRead(*number)))
+    if (auto number = numberReader())
         return number;
-    if (auto currency = currencyReader())
-        return currency;
     auto duration = std::make_unique<FieldReader>(FieldType::Duration);
     if (fits(countRead(*duration)))
         return duration;

@@ -10,9 +10,10 @@
 /// Finds the type of a column from some of its values.
 ///
 /// A column has the first of these types that nine in ten of its values have: number, currency,
-/// duration, date, time, date+time, phone, media; otherwise it is text. A number may have a
-/// currency's sign; then the column is money, in the currency that most of its values name. Of
-/// dates and times mixed, a column of dates with some times is date+time.
+/// duration, date, time, date+time, phone, media; otherwise it is text. Digits with a zero or
+/// a plus before them ("01067", "+49 170") are never numbers, which would lose it. A number may
+/// have a currency's sign; then the column is money, in the currency that most of its values name.
+/// Of dates and times mixed, a column of dates with some times is date+time.
 ///
 /// \code
 /// TypeInference inference;
@@ -42,6 +43,7 @@ public:
 private:
     bool fits(qsizetype count) const;
     qsizetype countRead(const FieldReader &reader) const;
+    std::unique_ptr<FieldReader> numberReader() const;
     std::unique_ptr<FieldReader> currencyReader() const;
     std::unique_ptr<FieldReader> dateReader() const;
 

@@ -7,26 +7,33 @@ QString usageText()
 
   cobble import FILE [--library NAME] [--separator C] [--locale ID]
                 [--media HEADER]… [--replace] [--bundle PATH] [--dry-run]
-      Stores a file of separated values as a library of the database, all of it
-      or nothing, and shows its names, the types of its columns, and each value
-      that its column's type cannot read (it is kept as it was typed). NAME is
-      the file's name without its extension unless given, with a number if
-      there is one, or in its place with --replace. C is one character, or
-      comma, semicolon, tab, pipe or space; it is found out unless given. ID is
-      the locale that the values were typed in, such as de_DE; it is yours
-      unless given. Files that a column names by their paths, file: or http:
-      URLs are copied into the bundle; --media says that a column does. PATH is
-      the database bundle; it is your default one unless given. --dry-run shows
-      and stores nothing.
+      Stores a file of separated values, or one that an importer reads (vcf), as
+      a library of the database, all of it or nothing. Shows its names, the
+      types of its columns, and each value that its column's type cannot read
+      (it is kept as it was typed). NAME is the file's name without its
+      extension unless given, with a number if there is one, or in its place
+      with --replace. C is one character, or comma, semicolon, tab, pipe or
+      space; it is found out unless given. ID is the locale that the values
+      were typed in, such as de_DE; it is yours unless given. Files that a
+      column names by their paths, file: or http: URLs are copied into the
+      bundle; --media says that a column does. PATH is the database bundle; it
+      is your default one unless given. --dry-run shows and stores nothing.
   cobble show [LIBRARY] [--locale ID] [--limit N] [--bundle PATH]
       Prints the records of a library as its fields display them; without a
       name, the libraries.
+  cobble export LIBRARY --to FILE [--locale ID] [--bundle PATH]
+      Writes the records of a library to a file of the kind that its extension
+      names: csv or json, or what else an exporter writes.
   cobble media list [--bundle PATH]
   cobble media add FILE-OR-URL… | path URL… | delete NAME-OR-URL…
       Lists, stores, finds and deletes the media files of the bundle.
   cobble upgrade-copy [--bundle PATH]
       Moves the bundle aside before an upgrade, and prints the path of a second
       copy, the one to upgrade.
+
+  cobble plugins [list | enable ID… | disable ID…]
+      Lists the exporters and importers with what became of them, and says
+      which are to be used.
 
   cobble parse TYPE TEXT… [--locale ID] [--option KEY=VALUE…]
       Shows what a field of a type reads: number, currency, duration, time,

@@ -1,0 +1,75 @@
+#include "JSONText.h"
+
+#include <KTUtility/Platform/Foundation/NSCalendar.h>
+#include <KTUtility/Platform/Foundation/NSDecimalNumber.h>
+#include <KTUtility/Platform/Foundation/NSObject.h>
+
+#include <QDateTime>
+
+namespace {
+/// The letter behind "\" for the units that have one; 0 for others.
+char16_t shortEscape(char16_t unit)
+{
+    switch (unit) {
+    case u'"':
+    case u'\\':
+        return unit;
+    case u'\n':
+        return u'n';
+    case u'\r':
+        return u'r';
+    case u'\t':
+        return u't';
+    default:
+        return 0;
+    }
+}
+
+bool isLoneSurrogate(QStringView text, qsizetype index)
+{
+    const QChar unit = text[index];
+    if (unit.isHighSurrogate())
+        return index + 1 == text.size() || !text[index + 1].isLowSurrogate();
+    return unit.isLowSurrogate() && (index == 0 || !text[index - 1].isHighSurrogate());
+}
+
+QString quoted(const QString &text)
+{
+    QString result = QStringLiteral("\"");
+    for (qsizetype index = 0; index < text.size(); ++index) {
+        const char16_t unit = text[index].unicode();
+        if (const char16_t letter = shortEscape(unit)) {
+            result += u'\\';
+            result += QChar(letter);
+        } else if (unit < 0x20 || isLoneSurrogate(text, index)) {
+            result += QStringLiteral("\\u%1").arg(uint(unit), 4, 16, QLatin1Char('0'));
+        } else {
+            result += QChar(unit);
+        }
+    }
+    return result + u'"';
+}
+
+QString numberText(const QVariant &number)
+{
+    const NSDecimalNumber decimal = NSDecimalNumber::decimalNumberWithNumber(number);
+    return decimal.isNaN() ? QStringLiteral("null") : decimal.description();
+}
+
+QString dateText(const QDateTime &date)
+{
+    const QDateTime zoned = date.toTimeZone(NSCalendar::systemTimeZone());
+    return date.toOffsetFromUtc(zoned.offsetFromUtc()).toString(Qt::ISODate);
+}
+} // namespace
+
+QString JSONText::of(const QVariant &value)
+{
+    if (NSObject::isNil(value))
+        return QStringLiteral("null");
+    if (NSObject::isNumber(value))
+        return numberText(value);
+    if (value.metaType() == QMetaType::fromType<QDateTime>())
+        return quoted(dateText(value.toDateTime()));
+    return quoted(value.toString());
+}

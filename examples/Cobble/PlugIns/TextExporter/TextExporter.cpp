@@ -1,0 +1,85 @@
+#include "TextExporter.h"
+
+#include "CSVText.h"
+#include "JSONText.h"
+
+#include <KTUtility/PlugIns/KTPlugInClass.h>
+
+namespace {
+/// Writes texts and remembers whether all of them arrived.
+class Writer
+{
+public:
+    explicit Writer(QIODevice *device) : _device(device) {}
+
+    void write(const QString &text)
+    {
+        const QByteArray bytes = text.toUtf8();
+        _isDone = _isDone && _device->write(bytes) == bytes.size();
+    }
+    bool isDone() const { return _isDone; }
+
+private:
+    QIODevice *_device;
+    bool _isDone = true;
+};
+
+QString csvRow(const QStringList &fields)
+{
+    QStringList quoted;
+    for (const QString &field : fields)
+        quoted += CSVText::quoted(field);
+    return quoted.join(u',') + u"\r\n";
+}
+
+void writeCSV(CobbleRecordSource &records, Writer &writer)
+{
+    const QStringList titles = records.fieldTitles();
+    writer.write(csvRow(titles));
+    while (records.next() && writer.isDone()) {
+        QStringList texts;
+        for (qsizetype field = 0; field < titles.size(); ++field)
+            texts += records.text(field);
+        writer.write(csvRow(texts));
+    }
+}
+
+QString jsonObject(const CobbleRecordSource &records, const QStringList &names)
+{
+    QStringList members;
+    for (qsizetype field = 0; field < names.size(); ++field)
+        members += JSONText::of(names.at(field)) + u": " + JSONText::of(records.value(field));
+    return u"  {" + members.join(QStringLiteral(", ")) + u'}';
+}
+
+void writeJSON(CobbleRecordSource &records, Writer &writer)
+{
+    const QStringList names = records.fieldNames();
+    QString before = QStringLiteral("[\n");
+    while (records.next() && writer.isDone()) {
+        writer.write(before + jsonObject(records, names));
+        before = QStringLiteral(",\n");
+    }
+    writer.write(before.startsWith(u'[') ? QStringLiteral("[]\n") : QStringLiteral("\n]\n"));
+}
+} // namespace
+
+QStringList TextExporter::fileTypes() const
+{
+    return {QStringLiteral("csv"), QStringLiteral("json")};
+}
+
+bool TextExporter::exportRecords(CobbleRecordSource &records, const QString &fileType,
+                                 QIODevice *to, QString *error)
+{
+    Writer writer(to);
+    if (fileType == u"json")
+        writeJSON(records, writer);
+    else
+        writeCSV(records, writer);
+    if (!writer.isDone())
+        *error = to->errorString();
+    return writer.isDone();
+}
+
+KT_PRINCIPAL_CLASS(TextExporter, CobbleExporter)

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+#include <algorithm>
+
+// Writing separated values (RFC 4180).
+
+namespace CSVText {
+/// A field as it stands between commas: in quotes if it holds a comma, a quote, a line break, or
+/// blanks at its ends, with its quotes doubled.
+inline QString quoted(const QString &field)
+{
+    const auto isSpecial = [](QChar unit) {
+        return unit == u',' || unit == u';' || unit == u'\t' || unit == u'"' || unit == u'\n' ||
+               unit == u'\r';
+    };
+    const bool isPlain = std::none_of(field.begin(), field.end(), isSpecial) &&
+                         (field.isEmpty() || (!field.front().isSpace() && !field.back().isSpace()));
+    if (isPlain)
+        return field;
+    return u'"' + QString(field).replace(u'"', QStringLiteral("\"\"")) + u'"';
+}
+} // namespace CSVText

@@ -1,0 +1,125 @@
+#include "PlugInsCommand.h"
+
+#include "AlignedTable.h"
+#include "PlugIns.h"
+#include "Usage.h"
+
+#include <QCommandLineParser>
+#include <QTextStream>
+
+namespace {
+const QString HelpOption = QStringLiteral("help");
+
+QString stateText(KTPlugInState state)
+{
+    switch (state) {
+    case KTPlugInState::Skipped:
+        return QStringLiteral("skipped");
+    case KTPlugInState::Replaced:
+        return QStringLiteral("replaced");
+    case KTPlugInState::Registered:
+        return QStringLiteral("not loaded");
+    case KTPlugInState::Failed:
+        return QStringLiteral("failed");
+    case KTPlugInState::Loaded:
+        return QStringLiteral("loaded");
+    }
+    return {};
+}
+
+void addPlugIns(const QString &kind, const KTPlugInManager &manager, AlignedTable *table)
+{
+    const QList<KTPlugInStatus> all = manager.pluginStatus();
+    for (const KTPlugInStatus &status : all) {
+        const bool isEnabled = manager.isPluginEnabled(status.identifier);
+        table->addRow({status.identifier.isNull() ? QStringLiteral("-") : status.identifier, kind,
+                       isEnabled ? QStringLiteral("yes") : QStringLiteral("no"),
+                       stateText(status.state), status.path, status.lastError});
+    }
+}
+
+ExitCode listPlugIns(PlugIns &plugIns, CommandContext &context)
+{
+    AlignedTable table;
+    table.addRow({QStringLiteral("Identifier"), QStringLiteral("Kind"), QStringLiteral("Enabled"),
+                  QStringLiteral("State"), QStringLiteral("Path"), QStringLiteral("Last error")});
+    for (const auto &[kind, manager] : plugIns.managers())
+        addPlugIns(kind, *manager, &table);
+    table.print(context.out());
+    return ExitCode::Success;
+}
+
+/// The manager that has registered a plug-in; null if none has.
+KTPlugInManager *managerOf(const QString &identifier, PlugIns &plugIns)
+{
+    for (const auto &[kind, manager] : plugIns.managers()) {
+        const QList<KTPlugInStatus> all = manager->pluginStatus();
+        for (const KTPlugInStatus &status : all) {
+            if (status.identifier == identifier && !identifier.isEmpty())
+                return manager;
+        }
+    }
+    return nullptr;
+}
+
+QString lastErrorOf(const QString &identifier, const KTPlugInManager &manager)
+{
+    const QList<KTPlugInStatus> all = manager.pluginStatus();
+    for (const KTPlugInStatus &status : all) {
+        if (status.identifier == identifier && !status.lastError.isNull())
+            return status.lastError;
+    }
+    return QStringLiteral("the settings cannot be written");
+}
+
+/// \return false, told, if the plug-in is not as it should be then.
+bool setEnabled(const QString &identifier, bool isEnabled, PlugIns &plugIns,
+                CommandContext &context)
+{
+    KTPlugInManager *const manager = managerOf(identifier, plugIns);
+    if (!manager) {
+        context.warn(identifier, QStringLiteral("there is no such plug-in"));
+        return false;
+    }
+    if (isEnabled)
+        manager->enablePluginWithIdentifier(identifier);
+    else if (manager->isPluginLoaded(identifier))
+        manager->disablePluginWithIdentifier(identifier);
+    else
+        manager->setEnabledForPlugin(false, identifier); // one that cannot be loaded
+    const bool isDone = manager->isPluginEnabled(identifier) == isEnabled;
+    if (!isDone)
+        context.warn(identifier, lastErrorOf(identifier, *manager));
+    return isDone;
+}
+
+ExitCode setAllEnabled(const QStringList &identifiers, bool isEnabled, PlugIns &plugIns,
+                       CommandContext &context)
+{
+    bool isDone = true;
+    for (const QString &identifier : identifiers)
+        isDone = setEnabled(identifier, isEnabled, plugIns, context) && isDone;
+    return isDone ? ExitCode::Success : ExitCode::Failure;
+}
+} // namespace
+
+ExitCode runPlugInsCommand(const QStringList &arguments, CommandContext &context)
+{
+    QCommandLineParser parser;
+    parser.addOption({HelpOption, QString()});
+    if (!context.parse(arguments, &parser))
+        return ExitCode::WrongUsage;
+    if (parser.isSet(HelpOption)) {
+        context.out() << usageText();
+        return ExitCode::Success;
+    }
+    QStringList words = parser.positionalArguments();
+    const QString name = words.isEmpty() ? QStringLiteral("list") : words.takeFirst();
+    const bool isList = name == u"list" && words.isEmpty();
+    const bool isSetting = (name == u"enable" || name == u"disable") && !words.isEmpty();
+    if (!isList && !isSetting)
+        return context.wrongUsage(QStringLiteral("plugins takes list, enable ID or disable ID"));
+    PlugIns plugIns;
+    return isList ? listPlugIns(plugIns, context)
+                  : setAllEnabled(words, name == u"enable", plugIns, context);
+}
