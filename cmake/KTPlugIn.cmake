@@ -15,7 +15,6 @@
 #
 # Copy or install that folder as a whole. More libraries, definitions and AUTOMOC are set on the
 # target as usual. What the module needs must be found without $ORIGIN: it is opened by descriptor.
-set(KT_PLUGIN_INFORMATION "${CMAKE_CURRENT_LIST_DIR}/KTPlugInInfo.plist.in")
 
 # The text as it stands in XML.
 function(kt_escape_xml text result)
@@ -44,7 +43,7 @@ function(kt_add_plugin name)
     kt_escape_xml("${name}" executable)
     kt_escape_xml("${plugin_IDENTIFIER}" identifier)
     kt_escape_xml("${plugin_PRINCIPAL_CLASS}" principal_class)
-    configure_file("${KT_PLUGIN_INFORMATION}" "${contents}/Info.plist" @ONLY)
+    configure_file("${CMAKE_CURRENT_FUNCTION_LIST_DIR}/KTPlugInInfo.plist.in" "${contents}/Info.plist" @ONLY)
 
     add_library(${name} MODULE ${plugin_SOURCES})
     target_link_libraries(${name} PRIVATE KTUtility::KTUtility)
@@ -59,9 +58,16 @@ function(kt_add_plugin name)
 
     file(MAKE_DIRECTORY "${contents}/Resources")
     foreach(resource IN LISTS plugin_RESOURCES)
-        add_custom_command(TARGET ${name} POST_BUILD
-            COMMAND "${CMAKE_COMMAND}" -E copy
-                "${CMAKE_CURRENT_SOURCE_DIR}/${resource}" "${contents}/Resources"
+        cmake_path(ABSOLUTE_PATH resource BASE_DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}"
+            OUTPUT_VARIABLE original)
+        cmake_path(GET resource FILENAME file)
+        set(copy "${contents}/Resources/${file}")
+        add_custom_command(OUTPUT "${copy}"
+            COMMAND "${CMAKE_COMMAND}" -E copy "${original}" "${copy}"
+            DEPENDS "${original}"
             VERBATIM)
+        # Whatever it is, it is not compiled.
+        set_source_files_properties("${copy}" PROPERTIES HEADER_FILE_ONLY ON SKIP_AUTOGEN ON)
+        target_sources(${name} PRIVATE "${copy}")
     endforeach()
 endfunction()

@@ -130,7 +130,8 @@ void KTPlugInManager::unloadPluginWithIdentifier(const QString &identifier, bool
     const QString path = pathOfPlugin(identifier);
     const Instance instance = _instancesByIdentifier.value(identifier);
     tell(path, instance.principalClass, &KTPlugInClass::pluginWillUnload);
-    willUnloadPlugin(instance.object, deleteFromDatabase);
+    if (instance.object)
+        willUnloadPlugin(instance.object, deleteFromDatabase);
     _instancesByIdentifier.remove(identifier);
     setState(path, KTPlugInState::Registered);
     tell(path, instance.principalClass, &KTPlugInClass::pluginDidUnload);
@@ -156,7 +157,8 @@ void KTPlugInManager::reloadPlugin(const QString &identifier)
     tell(bundle.bundlePath(), principalClass, &KTPlugInClass::pluginWillUnload);
     if (principalClass)
         tellDidLoad(bundle, *principalClass);
-    didLoadPlugin(plugin, bundle);
+    if (plugin)
+        didLoadPlugin(plugin, bundle);
 }
 
 /// Tells a class that it was loaded, which it must be able to hear here.

@@ -4,6 +4,8 @@
 #include <KTUtility/KTLogger.h>
 #include <KTUtility/Platform/Foundation/NSPathUtilities.h>
 
+#include <utility>
+
 // Which plug-ins there are, and which of them the user wants. How they are loaded is in
 // KTPlugInLoading.cpp, their settings are in KTPlugInDefaults.cpp.
 
@@ -31,7 +33,9 @@ KTPlugInManager::KTPlugInManager(QObject *instanceCoordinator) : _coordinator(in
 
 KTPlugInManager::~KTPlugInManager()
 {
-    for (const Instance &instance : std::as_const(_instancesByIdentifier))
+    // What an instance does while it goes must not find those that went before.
+    const QMap<QString, Instance> instances = std::exchange(_instancesByIdentifier, {});
+    for (const Instance &instance : instances)
         delete instance.object.data();
 }
 
@@ -105,7 +109,10 @@ void KTPlugInManager::unregisterBundleWithIdentifier(const QString &identifier)
     if (bundle == _pluginsByIdentifier.end())
         return;
     bundle->unload();
-    _statusByPath.remove(bundle->bundlePath());
+    // Meanwhile, the folder may hold another plug-in.
+    const QString path = bundle->bundlePath();
+    if (_statusByPath.value(path).identifier == identifier)
+        _statusByPath.remove(path);
     _pluginsByIdentifier.erase(bundle);
 }
 

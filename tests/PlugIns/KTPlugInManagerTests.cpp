@@ -77,6 +77,17 @@ TEST(KTPlugInManager, StartsEmpty)
     EXPECT_TRUE(manager.pluginStatus().isEmpty());
 }
 
+TEST(KTPlugInManager, LoadingAllOfNothingIsFinishedOnce)
+{
+    useFreshHome();
+    RecordingManager manager;
+    manager.loadAllPlugins();
+    EXPECT_EQ(manager.takeEvents(), QStringList{finished});
+    manager.setEnabledForPlugin(true, goodIdentifier);
+    manager.loadAllPlugins();
+    EXPECT_EQ(manager.takeEvents(), QStringList{finished});
+}
+
 TEST(KTPlugInManager, KeepsItsSettings)
 {
     KTPlugInManager manager;
@@ -449,6 +460,47 @@ TEST(KTPlugInManager, TheBaseHooksDoNothing)
     manager.reloadPlugins();
     manager.disablePluginWithIdentifier(goodIdentifier);
     EXPECT_FALSE(manager.isPluginLoaded(goodIdentifier));
+}
+
+TEST(KTPlugInManager, AFolderThatHoldsAnotherPlugInNowKeepsItsStatus)
+{
+    const QString folder = useFreshHome();
+    RecordingManager manager;
+    const QString path =
+        makeManifest(folder, QStringLiteral("Renamed"), QStringLiteral("org.before"));
+    manager.registerBundle(NSBundle(path));
+    makeManifest(folder, QStringLiteral("Renamed"), QStringLiteral("org.after"));
+    manager.registerBundle(NSBundle(path));
+    manager.unregisterBundleWithIdentifier(QStringLiteral("org.before"));
+    EXPECT_EQ(statusOf(manager, path).identifier, QStringLiteral("org.after"));
+}
+
+// The example of the header, with a host that is a plain object.
+TEST(KTPlugInManager, IsUsedLikeThis)
+{
+    SearchingManager folders;
+    makeGoodBundle(folders.supportFolder());
+    makeOddBundle(folders.applicationFolder(), QStringLiteral("ThrowingExporter"));
+
+    QObject application;
+    KTPlugInManager exporters(&application);
+    exporters.setProtocol(NSProtocol::of<TestExporter>());
+    exporters.setSearchFolder(folders.searchFolder());
+    exporters.setEnabledKey(QStringLiteral("enabledExporters"));
+    exporters.registerPlugins();
+    exporters.loadAllPlugins();
+
+    exporters.enablePluginWithIdentifier(goodIdentifier);
+    exporters.enablePluginWithIdentifier(oddIdentifier);
+    auto *good = exporters.pluginWithIdentifier<TestExporter>(goodIdentifier);
+    ASSERT_NE(good, nullptr);
+    EXPECT_TRUE(good->fileType().startsWith(u"1/"));
+    QStringList errors;
+    for (const KTPlugInStatus &status : exporters.pluginStatus())
+        errors += status.lastError;
+    errors.sort();
+    EXPECT_EQ(errors,
+              (QStringList{QString(), QStringLiteral("ThrowingExporter threw no licence")}));
 }
 
 namespace {

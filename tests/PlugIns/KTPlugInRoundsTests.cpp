@@ -63,7 +63,7 @@ TEST(KTPlugInRounds, ReplacingALoadedPlugInAHundredTimes)
 TEST(KTPlugInRounds, RegisteringAllAgainAHundredTimes)
 {
     const QString home = useFreshHome();
-    const QString folder = home + u"/.local/share/Cobble/PlugIns/Exporters";
+    const QString folder = home + u"/.local/share/Cobble/PlugIns/TestExporters";
     makeGoodBundle(folder);
     makeOddBundle(folder, QStringLiteral("ThrowingExporter"));
     RecordingManager manager;

@@ -63,7 +63,7 @@ RecordingManager::RecordingManager()
 {
     setCoordinator(&_host);
     setProtocol(NSProtocol::of<TestExporter>());
-    setSearchFolder(QStringLiteral("Exporters"));
+    setSearchFolder(QStringLiteral("TestExporters"));
     setEnabledKey(QStringLiteral("enabledExporters"));
 }
 

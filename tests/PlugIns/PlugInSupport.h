@@ -9,7 +9,8 @@
 // What the tests of plug-ins share: bundles made of the modules that are built beside the tests.
 
 namespace plugin_support {
-/// The folder of the bundles that the build makes: GoodPlugIn1, GoodPlugIn2, OddPlugIns.
+/// The folder of the bundles that the build makes: GoodPlugIn1, GoodPlugIn2, OddPlugIns,
+/// EmptyPlugIn.
 QString builtFolder();
 /// The module of one of them.
 QString builtModule(const QString &name);

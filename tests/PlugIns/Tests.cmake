@@ -29,6 +29,7 @@ foreach(version 1 2)
     target_compile_definitions(GoodPlugIn${version} PRIVATE KT_TEST_VERSION="${version}")
 endforeach()
 kt_add_test_plugin(OddPlugIns QuietExporter org.example.odd PlugIns/Modules/OddPlugIns.cpp)
+kt_add_test_plugin(EmptyPlugIn Nothing org.example.empty PlugIns/Modules/EmptyPlugIn.cpp)
 
 # Classes that must not compile, and the one that must, so that the others fail for their reason.
 function(kt_add_compile_test class expected)

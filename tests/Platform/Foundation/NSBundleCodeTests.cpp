@@ -193,6 +193,22 @@ TEST(NSBundleCode, LoadingFindsClassesAndUnloadingTakesThemOutOfReach)
     EXPECT_EQ(bundle.principalClass(), found);
 }
 
+// The examples of the headers of NSBundle and NSClass.
+TEST(NSBundleCode, IsUsedLikeThis)
+{
+    NSBundle plugIn(makeGoodBundle(useFreshHome()));
+    QString error;
+    std::unique_ptr<QObject> exporter;
+    if (const NSClass *exporterClass = plugIn.principalClass(&error))
+        exporter = exporterClass->newInstance();
+    ASSERT_NE(exporter.get(), nullptr) << error.toStdString();
+
+    const NSClass *exporterClass = plugIn.classNamed(QStringLiteral("GoodExporter"));
+    ASSERT_NE(exporterClass, nullptr);
+    EXPECT_TRUE(exporterClass->conformsToProtocol(NSProtocol::of<TestExporter>()));
+    EXPECT_NE(qobject_cast<TestExporter *>(exporterClass->newInstance().get()), nullptr);
+}
+
 TEST(NSBundleCode, TwoBundlesMayHoldClassesOfTheSameName)
 {
     const QString home = useFreshHome();
@@ -320,16 +336,13 @@ TEST(NSBundleCode, ACutOffModuleIsRefused)
 
 TEST(NSBundleCode, AModuleWithoutClassesHasNone)
 {
-    // Any shared object will do.
-    const QString path = makeBundle(
-        useFreshHome(), QStringLiteral("Other"),
-        information(goodIdentifier, QStringLiteral("KTLogger")),
-        QFileInfo(QStringLiteral(KTUTILITY_FRAMEWORK_FOLDER) + QStringLiteral("/libKTUtility.so"))
-            .canonicalFilePath());
-    NSBundle bundle(path);
+    NSBundle bundle(makeBundle(useFreshHome(), QStringLiteral("Other"),
+                               information(goodIdentifier, goodClass),
+                               builtModule(QStringLiteral("EmptyPlugIn"))));
     QString error;
     EXPECT_EQ(bundle.principalClass(&error), nullptr);
-    EXPECT_FALSE(error.isNull());
+    EXPECT_TRUE(bundle.isLoaded());
+    EXPECT_EQ(error, bundle.executablePath() + u" registers no class GoodExporter");
 }
 
 TEST(NSBundleCode, OnlyTextsNameAClass)
