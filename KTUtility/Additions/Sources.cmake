@@ -6,6 +6,7 @@ target_sources(KTUtility PRIVATE
     Additions/NSAttributedString_KTAdditions.cpp
     Additions/NSData_KTArchives.cpp
     Additions/NSData_KTBase64.cpp
+    Additions/NSDate_KTAdditions.cpp
     Additions/NSString_KTAdditions.cpp
     Additions/NSString_KTNaming.cpp
 )

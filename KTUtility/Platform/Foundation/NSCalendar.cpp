@@ -207,6 +207,24 @@ QDateTime NSCalendar::dateFromComponents(const NSDateComponents &components) con
     return dateOf(time, status);
 }
 
+namespace {
+/// Adds an amount of one unit.
+/// \return false if that is beyond the calendar's end, where ICU goes on from the other one.
+bool add(icu::Calendar &calendar, UCalendarDateFields field, int amount, UErrorCode *status)
+{
+    // Less than all the years of a calendar, so that going round shows as going the wrong way.
+    constexpr int MostYears = 11'000'000;
+    const int most = field == UCAL_YEAR ? MostYears : 12 * MostYears;
+    const bool isCounted = field == UCAL_YEAR || field == UCAL_MONTH;
+    if (isCounted && (amount > most || amount < -most))
+        return false;
+    const double before = calendar.getTime(*status);
+    calendar.add(field, amount, *status);
+    const double after = calendar.getTime(*status);
+    return amount >= 0 ? after >= before : after <= before;
+}
+} // namespace
+
 QDateTime NSCalendar::dateByAddingComponents(const NSDateComponents &components,
                                              const QDateTime &toDate) const
 {
@@ -217,8 +235,9 @@ QDateTime NSCalendar::dateByAddingComponents(const NSDateComponents &components,
     calendar->setTime(double(toDate.toMSecsSinceEpoch()), status);
     for (const Component &component : Components) {
         const int value = components.*component.member;
-        if (value != NSUndefinedDateComponent)
-            calendar->add(component.field, value, status);
+        if (value != NSUndefinedDateComponent &&
+            !add(*calendar.operator->(), component.field, value, &status))
+            return {};
     }
     const double time = calendar->getTime(status);
     return dateOf(time, status);

@@ -26,6 +26,8 @@ bool NSString::canBeConvertedToEncoding(const QString &text, NSStringEncoding en
 {
     switch (encoding) {
     case NSASCIIStringEncoding:
+    case NSShiftJISStringEncoding:
+    case NSMacOSRomanStringEncoding:
         return isBelow(text, 0x80);
     case NSISOLatin1StringEncoding:
         return isLatin1(text);

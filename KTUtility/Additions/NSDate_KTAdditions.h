@@ -1,0 +1,44 @@
+#pragma once
+
+#include <KTUtility/KTUtilityExport.h>
+
+#include <QDateTime>
+
+/// Days for searches, and times of day as numbers.
+///
+/// Everything is computed with the components of the user's calendar
+/// (NSCalendar::currentCalendar()) in its time zone, so that days of 23 and 25 hours come out
+/// right. The receiver is an instant, whatever zone it carries; results are instants in UTC, and
+/// invalid if the receiver is, or if they would be out of the calendar's range.
+///
+/// \code
+/// const QDateTime now = QDateTime::currentDateTime();
+/// const QDateTime from = KTAdditions::beginningOfDay(now);
+/// const QDateTime to = KTAdditions::endOfDay(now);                   // 23:59:59
+/// const QDateTime nextMonth = KTAdditions::dateByAddingMonths(now, 1);
+/// KTAdditions::secondsSinceMidnight(now);                            // 49530 at 13:45:30.75
+/// \endcode
+namespace KTAdditions {
+/// The first instant of the receiver's day: midnight, or what follows it in zones whose summer time
+/// begins at midnight.
+KTUTILITY_EXPORT QDateTime beginningOfDay(const QDateTime &receiver);
+/// The last whole second of the receiver's day: a second before the next day begins.
+KTUTILITY_EXPORT QDateTime endOfDay(const QDateTime &receiver);
+
+// The receiver and a number of units, which may be negative. A day that the month reached does not
+// have becomes its last: 31 January and one month is the last day of February.
+
+KTUTILITY_EXPORT QDateTime dateByAddingYears(const QDateTime &receiver, int years);
+KTUTILITY_EXPORT QDateTime dateByAddingMonths(const QDateTime &receiver, int months);
+KTUTILITY_EXPORT QDateTime dateByAddingDays(const QDateTime &receiver, int days);
+KTUTILITY_EXPORT QDateTime dateByAddingHours(const QDateTime &receiver, int hours);
+KTUTILITY_EXPORT QDateTime dateByAddingSeconds(const QDateTime &receiver, int seconds);
+
+/// The time that the user's clock shows, in whole seconds; 0 for an invalid date. On a day with a
+/// change of summer time that is not the time that has passed.
+KTUTILITY_EXPORT double secondsSinceMidnight(const QDateTime &receiver);
+
+/// The time that a clock in the receiver's own time zone shows, in whole seconds; 0 for an invalid
+/// date.
+KTUTILITY_EXPORT int secondOfDay(const QDateTime &receiver);
+} // namespace KTAdditions

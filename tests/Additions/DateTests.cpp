@@ -1,0 +1,192 @@
+#include <KTUtility/Additions/NSDate_KTAdditions.h>
+
+#include <KTUtility/Platform/Foundation/NSCalendar.h>
+
+#include "support/TestSupport.h"
+
+#include <QTimeZone>
+
+#include <limits>
+#include <map>
+
+using namespace testing_support;
+
+namespace {
+/// Sets the zone of the machine as long as it lives.
+class ZoneScope
+{
+public:
+    explicit ZoneScope(const QString &zone) : _before(qgetenv("TZ")) { set(zone.toUtf8()); }
+    ~ZoneScope() { set(_before); }
+    ZoneScope(const ZoneScope &) = delete;
+    ZoneScope &operator=(const ZoneScope &) = delete;
+
+private:
+    static void set(const QByteArray &zone)
+    {
+        qputenv("TZ", zone);
+        tzset();
+        NSCalendar::resetSystemTimeZone();
+    }
+
+    QByteArray _before;
+};
+
+QDateTime instant(double secondsSince1970)
+{
+    return QDateTime::fromMSecsSinceEpoch(qRound64(secondsSince1970 * 1000), Qt::UTC);
+}
+
+double secondsOf(const QDateTime &date)
+{
+    return double(date.toMSecsSinceEpoch()) / 1000;
+}
+
+QDateTime local(int year, int month, int day, int hour = 0, int minute = 0, int second = 0)
+{
+    return NSCalendar::currentCalendar().dateFromComponents({.year = year,
+                                                             .month = month,
+                                                             .day = day,
+                                                             .hour = hour,
+                                                             .minute = minute,
+                                                             .second = second});
+}
+
+using Adding = QDateTime (*)(const QDateTime &, int);
+
+double answerOf(const QString &operation, const QJsonObject &arguments)
+{
+    const QDateTime date = instant(arguments.value(u"t").toDouble());
+    const std::map<QString, Adding> adding = {
+        {QStringLiteral("dateByAddingYears:"), KTAdditions::dateByAddingYears},
+        {QStringLiteral("dateByAddingMonths:"), KTAdditions::dateByAddingMonths},
+        {QStringLiteral("dateByAddingDays:"), KTAdditions::dateByAddingDays},
+        {QStringLiteral("dateByAddingHours:"), KTAdditions::dateByAddingHours},
+        {QStringLiteral("dateByAddingSeconds:"), KTAdditions::dateByAddingSeconds},
+    };
+    if (const auto found = adding.find(operation); found != adding.end())
+        return secondsOf(found->second(date, arguments.value(u"n").toInt()));
+    if (operation == u"beginningOfDay")
+        return secondsOf(KTAdditions::beginningOfDay(date));
+    if (operation == u"endOfDay")
+        return secondsOf(KTAdditions::endOfDay(date));
+    if (operation == u"secondsSinceMidnight")
+        return KTAdditions::secondsSinceMidnight(date);
+    EXPECT_EQ(operation, QStringLiteral("secondOfDay"));
+    const QTimeZone zone(arguments.value(u"dateTimeZone").toString().toUtf8());
+    return KTAdditions::secondOfDay(date.toTimeZone(zone));
+}
+} // namespace
+
+TEST(DateAdditions, AsInTheTable)
+{
+    const QList<QJsonObject> rows = rowsOf(QStringLiteral("system/dates.jsonl"));
+    EXPECT_EQ(rows.size(), 138);
+    for (const QJsonObject &row : rows) {
+        SCOPED_TRACE(row.value(u"op").toString().toStdString() + ' ' +
+                     std::to_string(row.value(u"args")[u"t"].toDouble()) + ' ' +
+                     row.value(u"tz").toString().toStdString());
+        const ZoneScope zone(row.value(u"tz").toString());
+        EXPECT_EQ(answerOf(row.value(u"op").toString(), row.value(u"args").toObject()),
+                  row.value(u"out").toDouble());
+    }
+}
+
+TEST(DateAdditions, HeaderExample)
+{
+    const QDateTime now = local(2008, 3, 5, 13, 45, 30).addMSecs(750);
+    EXPECT_EQ(KTAdditions::beginningOfDay(now), local(2008, 3, 5));
+    EXPECT_EQ(KTAdditions::endOfDay(now), local(2008, 3, 5, 23, 59, 59));
+    EXPECT_EQ(KTAdditions::dateByAddingMonths(now, 1), local(2008, 4, 5, 13, 45, 30).addMSecs(750));
+    EXPECT_EQ(KTAdditions::secondsSinceMidnight(now), 49530.0);
+}
+
+TEST(DateAdditions, MonthsThatAreTooShort)
+{
+    EXPECT_EQ(KTAdditions::dateByAddingMonths(local(2008, 1, 31), 1), local(2008, 2, 29));
+    EXPECT_EQ(KTAdditions::dateByAddingMonths(local(2007, 1, 31), 1), local(2007, 2, 28));
+    EXPECT_EQ(KTAdditions::dateByAddingYears(local(2008, 2, 29), 1), local(2009, 2, 28));
+    EXPECT_EQ(KTAdditions::dateByAddingMonths(local(2008, 3, 31), -1), local(2008, 2, 29));
+}
+
+TEST(DateAdditions, NegativeAmountsMoveBackwards)
+{
+    const QDateTime date = local(2008, 3, 5, 12);
+    EXPECT_EQ(KTAdditions::dateByAddingYears(date, -1), local(2007, 3, 5, 12));
+    EXPECT_EQ(KTAdditions::dateByAddingDays(date, -5), local(2008, 2, 29, 12));
+    EXPECT_EQ(KTAdditions::dateByAddingHours(date, -13), local(2008, 3, 4, 23));
+    EXPECT_EQ(KTAdditions::dateByAddingSeconds(date, -1), local(2008, 3, 5, 11, 59, 59));
+    EXPECT_EQ(KTAdditions::dateByAddingDays(date, 0), date);
+}
+
+TEST(DateAdditions, DaysOf23And25Hours)
+{
+    const ZoneScope zone(QStringLiteral("America/New_York"));
+    for (const auto &[day, hours] :
+         {std::pair(local(2008, 3, 9, 12), 23), std::pair(local(2008, 11, 2, 12), 25)}) {
+        const QDateTime begin = KTAdditions::beginningOfDay(day);
+        const QDateTime end = KTAdditions::endOfDay(day);
+        EXPECT_EQ(begin.secsTo(end), hours * 3600 - 1);
+        EXPECT_EQ(KTAdditions::secondsSinceMidnight(begin), 0);
+        EXPECT_EQ(KTAdditions::secondsSinceMidnight(end), 86399);
+        EXPECT_EQ(KTAdditions::secondsSinceMidnight(day), 43200);
+    }
+}
+
+TEST(DateAdditions, ZonesWithoutMidnight)
+{
+    const ZoneScope zone(QStringLiteral("America/Sao_Paulo"));
+    // Summer time began at midnight, so that the day begins at one o'clock.
+    const QDateTime noon = local(2008, 10, 19, 12);
+    const QDateTime begin = KTAdditions::beginningOfDay(noon);
+    EXPECT_EQ(KTAdditions::secondsSinceMidnight(begin), 3600);
+    EXPECT_EQ(KTAdditions::endOfDay(local(2008, 10, 18, 12)), begin.addSecs(-1));
+    EXPECT_EQ(KTAdditions::secondsSinceMidnight(begin.addSecs(-1)), 86399);
+}
+
+TEST(DateAdditions, OtherCalendars)
+{
+    NSLocale::setCurrentLocale(NSLocale(QStringLiteral("ja_JP@calendar=japanese")));
+    const QDateTime date = instant(1204718400);
+    EXPECT_EQ(KTAdditions::secondsSinceMidnight(KTAdditions::beginningOfDay(date)), 0);
+    EXPECT_EQ(KTAdditions::dateByAddingYears(KTAdditions::dateByAddingYears(date, 30), -30), date);
+    NSLocale::resetCurrentLocale();
+}
+
+TEST(DateAdditions, CalendarDatesCountInTheirOwnZone)
+{
+    const QDateTime date(QDate(2008, 3, 5), QTime(13, 45, 30, 750), QTimeZone("Asia/Kolkata"));
+    EXPECT_EQ(KTAdditions::secondOfDay(date), 49530);
+    EXPECT_EQ(KTAdditions::secondOfDay(date.toUTC()), 49530 - 19800);
+}
+
+TEST(DateAdditions, InvalidDatesAndTheLimitsOfTheCalendar)
+{
+    const QDateTime none;
+    EXPECT_FALSE(KTAdditions::beginningOfDay(none).isValid());
+    EXPECT_FALSE(KTAdditions::endOfDay(none).isValid());
+    EXPECT_FALSE(KTAdditions::dateByAddingDays(none, 1).isValid());
+    EXPECT_EQ(KTAdditions::secondsSinceMidnight(none), 0);
+    EXPECT_EQ(KTAdditions::secondOfDay(none), 0);
+    const int most = std::numeric_limits<int>::max() - 1;
+    const QDateTime date = local(2008, 3, 5);
+    for (const int years : {5'900'000, 11'000'000, 12'000'000, most}) {
+        EXPECT_FALSE(KTAdditions::dateByAddingYears(date, years).isValid()) << years;
+        EXPECT_FALSE(KTAdditions::dateByAddingYears(date, -years).isValid()) << years;
+    }
+    EXPECT_FALSE(KTAdditions::dateByAddingMonths(date, most).isValid());
+    EXPECT_FALSE(KTAdditions::dateByAddingMonths(date, -most).isValid());
+    EXPECT_TRUE(KTAdditions::dateByAddingYears(date, 5'000'000).isValid());
+    EXPECT_EQ(KTAdditions::dateByAddingSeconds(date, most), date.addSecs(most));
+    EXPECT_EQ(KTAdditions::dateByAddingSeconds(date, -most), date.addSecs(-most));
+}
+
+TEST(DateAdditions, AllIntegersAreAmounts)
+{
+    // The greatest one is also what marks a component as missing.
+    const QDateTime date = local(2008, 3, 5);
+    const int greatest = std::numeric_limits<int>::max();
+    EXPECT_EQ(KTAdditions::dateByAddingSeconds(date, greatest), date.addSecs(greatest));
+    EXPECT_EQ(KTAdditions::dateByAddingSeconds(date, std::numeric_limits<int>::min()),
+              date.addSecs(std::numeric_limits<int>::min()));
+}
