@@ -3,6 +3,7 @@ target_sources(KTUtility PRIVATE
     KTDatabaseBundle.cpp
     KTDatabaseBundleStoring.cpp
     KTInstanceNumbers.cpp
+    KTInternational.cpp
     KTLogCapture.cpp
     KTLogLine.cpp
     KTLogger.cpp
