@@ -4,6 +4,7 @@ target_sources(KTUtility PRIVATE
     Additions/NSArray_KTAdditions.cpp
     Additions/NSArray_KTUniqueNames.cpp
     Additions/NSAttributedString_KTAdditions.cpp
+    Additions/NSColor_KTAdditions.cpp
     Additions/NSData_KTArchives.cpp
     Additions/NSData_KTBase64.cpp
     Additions/NSDate_KTAdditions.cpp

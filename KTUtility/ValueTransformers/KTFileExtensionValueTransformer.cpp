@@ -1,0 +1,25 @@
+#include "KTFileExtensionValueTransformer.h"
+
+#include <KTUtility/Platform/Foundation/NSPathUtilities.h>
+#include <KTUtility/Platform/Foundation/NSUserDefaults.h>
+
+std::shared_ptr<KTFileExtensionValueTransformer> KTFileExtensionValueTransformer::valueTransformer()
+{
+    return std::make_shared<KTFileExtensionValueTransformer>();
+}
+
+QMetaType KTFileExtensionValueTransformer::transformedValueClass() const
+{
+    return QMetaType::fromType<QString>();
+}
+
+QVariant KTFileExtensionValueTransformer::transformedValue(const QVariant &value) const
+{
+    const bool showsAll = NSUserDefaults::standardUserDefaults()->boolForKey(
+        QStringLiteral("AppleShowAllExtensions"));
+    if (showsAll || value.typeId() != QMetaType::QString)
+        return value;
+    return NSString::stringByDeletingPathExtension(value.toString());
+}
+
+KT_REGISTER_VALUE_TRANSFORMER(KTFileExtensionValueTransformer)

@@ -1,0 +1,38 @@
+#include "KTNewlineTabCharTransformer.h"
+
+#include "KTTransformerAssert_p.h"
+
+#include <KTUtility/Platform/Foundation/NSObject.h>
+
+const QString KTNewlineTabCharTransformerName = QStringLiteral("KTNewlineTabCharTransformer");
+
+namespace {
+bool isText(const QVariant &value, const QString &method, int line)
+{
+    return value.typeId() == QMetaType::QString ||
+           KTFailTransformation(KTNewlineTabCharTransformerName, method, line,
+                                QStringLiteral("value must be NSString"));
+}
+} // namespace
+
+QMetaType KTNewlineTabCharTransformer::transformedValueClass() const
+{
+    return QMetaType::fromType<QString>();
+}
+
+QVariant KTNewlineTabCharTransformer::transformedValue(const QVariant &value) const
+{
+    if (NSObject::isNil(value) || !isText(value, QStringLiteral("transformedValue:"), __LINE__))
+        return {};
+    return value.toString().replace(u'\n', u'\t');
+}
+
+QVariant KTNewlineTabCharTransformer::reverseTransformedValue(const QVariant &value) const
+{
+    if (NSObject::isNil(value) ||
+        !isText(value, QStringLiteral("reverseTransformedValue:"), __LINE__))
+        return {};
+    return value.toString().replace(u'\t', u'\n');
+}
+
+KT_REGISTER_VALUE_TRANSFORMER(KTNewlineTabCharTransformer)
