@@ -1,6 +1,7 @@
 #include "NSKeyAccessor.h"
 
 #include "NSException.h"
+#include "NSKeyValueCodingObject.h"
 #include "NSKeyValueOperators_p.h"
 #include "NSObject.h"
 #include "NSStringFormat.h"
@@ -86,6 +87,18 @@ bool NSKeyAccessor::resolveDynamic(const NSKeyValueTarget &target)
         return false;
     _source = Source::Dynamic;
     return true;
+}
+
+/// Whether the object answers the key by itself; then the value is read.
+bool NSKeyAccessor::readFromCodingObject(const NSKeyValueTarget &target)
+{
+    if (target.kind != NSKeyValueTarget::Kind::Object)
+        return false;
+    const auto *const object = qobject_cast<NSKeyValueCodingObject *>(target.object());
+    std::optional<QVariant> value = object ? object->valueForKey(_key) : std::nullopt;
+    if (value)
+        _value = boxed(*value);
+    return value.has_value();
 }
 
 void NSKeyAccessor::resolveClass(const NSKeyValueTarget &target)
@@ -176,6 +189,10 @@ const QVariant &NSKeyAccessor::readOther(const NSKeyValueTarget &target)
     case Kind::Object:
     case Kind::Gadget:
         break;
+    }
+    if (readFromCodingObject(target)) {
+        _metaObject = nullptr;
+        return _value;
     }
     resolveClass(target);
     if (_source == Source::Dynamic)

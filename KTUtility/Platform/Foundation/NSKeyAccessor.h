@@ -15,10 +15,10 @@
 /// again. Make one for each pass over a collection and throw it away; it must not outlive the
 /// classes that it has seen.
 ///
-/// A key is found, in this order, as a property; as an invokable method without parameters named
-/// get<Key>, <key>, is<Key> or _<key>; as a dynamic property. Maps answer their entries. Lists and
-/// sets answer a list of their elements' values with NSNull() for nil. A nil key has the value nil
-/// on every object.
+/// A key is found, in this order, by the object itself (NSKeyValueCodingObject); as a property; as
+/// an invokable method without parameters named get<Key>, <key>, is<Key> or _<key>; as a dynamic
+/// property. Maps answer their entries. Lists and sets answer a list of their elements' values with
+/// NSNull() for nil. A nil key has the value nil on every object.
 ///
 /// \code
 /// NSKeyAccessor name(QStringLiteral("name"));
@@ -53,6 +53,7 @@ private:
     const QVariant &readOther(const NSKeyValueTarget &target);
     const QVariant &readMetaCall(const NSKeyValueTarget &target, int call);
     const QVariant &readCollection(const QVariant &collection);
+    bool readFromCodingObject(const NSKeyValueTarget &target);
     void resolveClass(const NSKeyValueTarget &target);
     bool resolveProperty(const QMetaObject *metaObject);
     bool resolveMethod(const QMetaObject *metaObject);

@@ -1,11 +1,14 @@
 #include "NSKeyValueCoding.h"
 
 #include "NSException.h"
+#include "NSKeyValueCodingObject.h"
 #include "NSObject.h"
 #include "NSStringFormat.h"
 
 #include <QMetaMethod>
 #include <QMetaProperty>
+
+#include <algorithm>
 
 namespace {
 using Kind = NSKeyValueTarget::Kind;
@@ -107,6 +110,16 @@ void setValueOfElements(QVariant &receiver, const QVariant &value, const QString
 }
 } // namespace
 
+namespace {
+bool setInCodingObject(const NSKeyValueTarget &receiver, const QVariant &value, const QString &key)
+{
+    if (receiver.kind != Kind::Object)
+        return false;
+    auto *const object = qobject_cast<NSKeyValueCodingObject *>(receiver.object());
+    return object && object->setValueForKey(value, key);
+}
+} // namespace
+
 void NSKeyValueCoding::setValueOfTarget(const NSKeyValueTarget &receiver, const QVariant &value,
                                         const QString &forKey)
 {
@@ -114,8 +127,8 @@ void NSKeyValueCoding::setValueOfTarget(const NSKeyValueTarget &receiver, const 
         return;
     const bool isObject = receiver.metaObject && !forKey.isEmpty();
     if (!isObject ||
-        (!setProperty(receiver, value, forKey) && !callSetter(receiver, value, forKey) &&
-         !setDynamicProperty(receiver, value, forKey)))
+        (!setInCodingObject(receiver, value, forKey) && !setProperty(receiver, value, forKey) &&
+         !callSetter(receiver, value, forKey) && !setDynamicProperty(receiver, value, forKey)))
         raiseUndefinedKey(receiver, forKey);
 }
 
@@ -148,4 +161,53 @@ void NSKeyValueCoding::setValue(QVariant &receiver, const QVariant &value, const
     default:
         setValueOfTarget(target, value, forKey);
     }
+}
+
+namespace {
+void setInVariant(QVariant &receiver, const QVariant &value, const QString &path);
+
+/// Whether what a variant holds was changed in a copy, so that it must be put back.
+bool isCopy(const QVariant &value)
+{
+    const Kind kind = NSKeyValueTarget::ofVariant(value).kind;
+    if (kind != Kind::Collection)
+        return kind == Kind::Map || kind == Kind::Hash || kind == Kind::Gadget;
+    const QVariantList elements = value.value<QVariantList>();
+    return std::any_of(elements.begin(), elements.end(), isCopy);
+}
+
+void setInElements(QVariant &receiver, const QVariant &value, const QString &path)
+{
+    QVariantList elements = receiver.value<QVariantList>();
+    for (QVariant &element : elements)
+        setInVariant(element, value, path);
+    if (receiver.typeId() == QMetaType::QVariantList)
+        receiver = elements;
+}
+
+/// Sets the end of a path in what a variant holds.
+void setInVariant(QVariant &receiver, const QVariant &value, const QString &path)
+{
+    const qsizetype dot = path.indexOf(u'.');
+    if (dot < 0) {
+        NSKeyValueCoding::setValue(receiver, value, path);
+        return;
+    }
+    if (NSKeyValueTarget::ofVariant(receiver).kind == Kind::Collection) {
+        setInElements(receiver, value, path);
+        return;
+    }
+    const QString first = path.left(dot);
+    QVariant next = NSKeyValueCoding::valueForKey(receiver, first);
+    setInVariant(next, value, path.mid(dot + 1));
+    if (isCopy(next))
+        NSKeyValueCoding::setValue(receiver, next, first);
+}
+} // namespace
+
+void NSKeyValueCoding::setValueForKeyPath(QObject *receiver, const QVariant &value,
+                                          const QString &path)
+{
+    QVariant object = QVariant::fromValue(receiver);
+    setInVariant(object, value, path);
 }

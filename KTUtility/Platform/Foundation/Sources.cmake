@@ -32,7 +32,10 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSInvoker.cpp
     Platform/Foundation/NSKeyAccessor.cpp
     Platform/Foundation/NSKeyPath.cpp
+    Platform/Foundation/NSKeyPathObserver.cpp
     Platform/Foundation/NSKeyValueCoding.cpp
+    Platform/Foundation/NSKeyValueObservation.cpp
+    Platform/Foundation/NSKeyValueObserving.cpp
     Platform/Foundation/NSKeyValueTarget.cpp
     Platform/Foundation/NSLocale.cpp
     Platform/Foundation/NSLog.cpp
@@ -50,6 +53,7 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSNumberText.cpp
     Platform/Foundation/NSNumberWriter.cpp
     Platform/Foundation/NSObject.cpp
+    Platform/Foundation/NSObservedKey.cpp
     Platform/Foundation/NSPathUtilities.cpp
     Platform/Foundation/NSPercentEscapes.cpp
     Platform/Foundation/NSPropertyListBinaryReader.cpp

@@ -25,6 +25,8 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSFileManagerTests.cpp
     Platform/Foundation/NSInvokerTests.cpp
     Platform/Foundation/NSKeyValueCodingTests.cpp
+    Platform/Foundation/NSKeyValueObservationTests.cpp
+    Platform/Foundation/NSKeyValueObservingTests.cpp
     Platform/Foundation/NSLocaleTests.cpp
     Platform/Foundation/NSNaturalLanguageDateTests.cpp
     Platform/Foundation/NSNaturalLanguageReaderTests.cpp
@@ -52,4 +54,5 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSUserDefaultsTests.cpp
     Platform/Foundation/NSValueMatcherTests.cpp
     Platform/Foundation/TableTests.cpp
+    support/ObservedModel.h
 )

@@ -1,0 +1,197 @@
+#include "NSObservedKey_p.h"
+
+#include "NSKeyPathObserver_p.h"
+#include "NSKeyValueCodingObject.h"
+
+#include <QDynamicPropertyChangeEvent>
+#include <QHash>
+#include <QMetaMethod>
+#include <QMetaProperty>
+
+#include <algorithm>
+
+namespace {
+using KeysOfObject = QHash<QString, NSObservedKey *>;
+
+QHash<const QObject *, KeysOfObject> &observedKeys()
+{
+    static auto *const keys = new QHash<const QObject *, KeysOfObject>;
+    return *keys;
+}
+
+NSKeyValueCodingObject *codingObject(QObject *object)
+{
+    return qobject_cast<NSKeyValueCodingObject *>(object);
+}
+
+int indexOfSlot(const char *name)
+{
+    return NSObservedKey::staticMetaObject.indexOfSlot(name);
+}
+} // namespace
+
+NSKeyValueCodingObject::~NSKeyValueCodingObject() = default;
+void NSKeyValueCodingObject::firstObserverCame(const QString &) {}
+void NSKeyValueCodingObject::lastObserverWent(const QString &) {}
+
+/// While changes are told, entries keep their places.
+class NSObservedKey::Telling
+{
+public:
+    explicit Telling(NSObservedKey *key) : _key(key) { ++key->_telling; }
+    ~Telling()
+    {
+        if (--_key->_telling == 0)
+            _key->settle();
+    }
+    Telling(const Telling &) = delete;
+    Telling &operator=(const Telling &) = delete;
+
+private:
+    NSObservedKey *_key;
+};
+
+NSObservedKey *NSObservedKey::of(QObject *object, const QString &key)
+{
+    NSObservedKey *const known = existing(object, key);
+    return known ? known : new NSObservedKey(object, key);
+}
+
+NSObservedKey *NSObservedKey::existing(const QObject *object, const QString &key)
+{
+    const auto keys = observedKeys().constFind(object);
+    return keys == observedKeys().constEnd() ? nullptr : keys->value(key);
+}
+
+QList<NSObservedKey *> NSObservedKey::allOf(const QObject *object)
+{
+    return observedKeys().value(object).values();
+}
+
+NSObservedKey::NSObservedKey(QObject *object, const QString &key)
+    : _object(object), _address(object), _key(key)
+{
+    observedKeys()[object].insert(key, this);
+    connectTo(object);
+}
+
+NSObservedKey::~NSObservedKey()
+{
+    const auto keys = observedKeys().find(_address);
+    if (keys == observedKeys().end())
+        return;
+    if (keys->value(_key) == this)
+        keys->remove(_key);
+    if (keys->isEmpty())
+        observedKeys().erase(keys);
+}
+
+void NSObservedKey::connectTo(QObject *object)
+{
+    QObject::connect(object, &QObject::destroyed, this, &NSObservedKey::objectIsGone);
+    const QMetaObject *const type = object->metaObject();
+    const int index = type->indexOfProperty(_key.toUtf8().constData());
+    if (index >= 0 && type->property(index).hasNotifySignal()) {
+        static const int slot = indexOfSlot("notified()");
+        QMetaObject::connect(object, type->property(index).notifySignalIndex(), this, slot);
+    } else if (index < 0) {
+        object->installEventFilter(this);
+    }
+    if (NSKeyValueCodingObject *const coding = codingObject(object))
+        coding->firstObserverCame(_key);
+}
+
+bool NSObservedKey::eventFilter(QObject *, QEvent *event)
+{
+    if (event->type() == QEvent::DynamicPropertyChange &&
+        static_cast<QDynamicPropertyChangeEvent *>(event)->propertyName() == _key.toUtf8())
+        notified();
+    return false;
+}
+
+void NSObservedKey::insert(const Entry &entry)
+{
+    const auto isBefore = [](const Entry &left, const Entry &right) {
+        return left.observer->serial() < right.observer->serial();
+    };
+    _entries.insert(std::upper_bound(_entries.begin(), _entries.end(), entry, isBefore), entry);
+}
+
+void NSObservedKey::add(NSKeyPathObserver *observer, size_t step)
+{
+    if (_telling > 0)
+        _added.push_back({observer, step});
+    else
+        insert({observer, step});
+}
+
+void NSObservedKey::remove(NSKeyPathObserver *observer, size_t step)
+{
+    const auto isIt = [&](const Entry &entry) {
+        return entry.observer == observer && entry.step == step;
+    };
+    std::erase_if(_added, isIt);
+    for (Entry &entry : _entries) {
+        if (isIt(entry))
+            entry.observer = nullptr;
+    }
+    _hasGaps = true;
+    if (_telling == 0)
+        settle();
+}
+
+/// Takes in what changed while changes were told. Without observers it goes, so that this is the
+/// last thing that any function does.
+void NSObservedKey::settle()
+{
+    if (std::exchange(_hasGaps, false))
+        std::erase_if(_entries, [](const Entry &entry) { return !entry.observer; });
+    for (const Entry &entry : std::exchange(_added, {}))
+        insert(entry);
+    if (!_entries.empty())
+        return;
+    if (_object) {
+        if (NSKeyValueCodingObject *const coding = codingObject(_object))
+            coding->lastObserverWent(_key);
+    }
+    delete this;
+}
+
+void NSObservedKey::tell(const NSKeyValueChange &change)
+{
+    const Telling telling(this);
+    for (size_t index = 0; index < _entries.size(); ++index) {
+        const Entry entry = _entries[index];
+        if (entry.observer)
+            entry.observer->keyChanged(entry.step, change);
+    }
+}
+
+void NSObservedKey::notified()
+{
+    if (_changing == 0)
+        tell({});
+}
+
+void NSObservedKey::objectIsGone()
+{
+    const Telling telling(this);
+    for (size_t index = 0; index < _entries.size(); ++index) {
+        const Entry entry = _entries[index];
+        if (entry.observer)
+            entry.observer->objectIsGone(entry.step);
+    }
+}
+
+void NSObservedKey::willChange(NSKeyValueChangeKind kind, const QList<qsizetype> &indexes)
+{
+    ++_changing;
+    tell({kind, {}, {}, indexes, true});
+}
+
+void NSObservedKey::didChange(NSKeyValueChangeKind kind, const QList<qsizetype> &indexes)
+{
+    _changing = std::max(0, _changing - 1);
+    if (_changing == 0)
+        tell({kind, {}, {}, indexes, false});
+}
