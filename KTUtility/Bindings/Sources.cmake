@@ -1,3 +1,4 @@
 target_sources(KTUtility PRIVATE
+    Bindings/KTFieldDetailBinder.cpp
     Bindings/KTPropertyBinder.cpp
 )

@@ -52,6 +52,12 @@ NSInvoker::NSInvoker(const NSSelector &selector, std::initializer_list<QVariant>
     std::copy_n(arguments.begin(), _argumentCount, _arguments.begin());
 }
 
+bool NSInvoker::respondsTo(const NSKeyValueTarget &receiver, const NSSelector &selector)
+{
+    NSInvoker invoker(selector, {QVariant(), QVariant()});
+    return invoker.resolve(receiver);
+}
+
 void NSInvoker::setArgument(int index, const QVariant &value)
 {
     _arguments[size_t(index)] = value;

@@ -33,6 +33,10 @@ public:
     /// no parameter for is not passed.
     NSInvoker(const NSSelector &selector, std::initializer_list<QVariant> arguments);
 
+    /// Whether a receiver has the method of a selector; not for nil.
+    /// \throws NSException NSInvalidArgumentException if two overloads fit.
+    static bool respondsTo(const NSKeyValueTarget &receiver, const NSSelector &selector);
+
     /// Replaces an argument.
     void setArgument(int index, const QVariant &value);
 

@@ -56,6 +56,8 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSObservedKey.cpp
     Platform/Foundation/NSPathUtilities.cpp
     Platform/Foundation/NSPercentEscapes.cpp
+    Platform/Foundation/NSPredicate.cpp
+    Platform/Foundation/NSPredicateParser.cpp
     Platform/Foundation/NSPropertyListBinaryReader.cpp
     Platform/Foundation/NSPropertyListQuickReader.cpp
     Platform/Foundation/NSPropertyListSerialization.cpp

@@ -36,6 +36,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSNumberFormatterTests.cpp
     Platform/Foundation/NSObjectTests.cpp
     Platform/Foundation/NSPathUtilitiesTests.cpp
+    Platform/Foundation/NSPredicateTests.cpp
     Platform/Foundation/NSPropertyListBinaryReaderTests.cpp
     Platform/Foundation/NSPropertyListFileTests.cpp
     Platform/Foundation/NSPropertyListQuickReaderTests.cpp

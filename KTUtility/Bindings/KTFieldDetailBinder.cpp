@@ -1,0 +1,379 @@
+#include "KTFieldDetailBinder.h"
+
+#include "KTPropertyBinder.h"
+
+#include <KTUtility/Platform/AppKit/NSKeyValueBinding.h>
+#include <KTUtility/Platform/Foundation/NSAssertionHandler.h>
+#include <KTUtility/Platform/Foundation/NSInvoker.h>
+#include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>
+#include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Foundation/NSStringFormat.h>
+
+#include <QSet>
+
+namespace {
+constexpr const char *Create = "createNewFieldDetailObjectForField:";
+constexpr const char *WasBound = "fieldDetailObjectWasBound:toField:";
+constexpr const char *WillBeDestroyed = "fieldDetailObjectWillBeDestroyed:";
+constexpr const char *FinishedAdding = "fieldDetailObjectsFinishedAdding";
+constexpr const char *FinishedRemoving = "fieldDetailObjectsFinishedRemoving";
+constexpr const char *FinishedRearrange = "fieldDetailObjectsFinishedRearrange";
+constexpr const char *SetAutoScroll = "setAutoScrollToInsertedObject:";
+
+void fail(const QString &method, int line, const QString &description,
+          std::initializer_list<NSFormatArgument> arguments = {})
+{
+    NSAssertionHandler::currentHandler()->handleFailureInMethod(
+        method, NSAssertionSubject::instanceOf(QStringLiteral("KTFieldDetailBinder")),
+        QStringLiteral("Bindings/KTFieldDetailBinder"), line, description,
+        std::span(arguments.begin(), arguments.size()));
+}
+
+void failParameter(int line, const char *condition)
+{
+    fail(QStringLiteral("bind:toObject:withKeyPath:options:"), line,
+         QStringLiteral("Invalid parameter not satisfying: %s"), {condition});
+}
+
+void need(const NSKeyValueTarget &owner, const char *selector, int line)
+{
+    if (!NSInvoker::respondsTo(owner, selector))
+        fail(QStringLiteral("initWithOwner:"), line,
+             QStringLiteral("Owner does not respond to selector \"%@\""),
+             {QString::fromLatin1(selector)});
+}
+
+QVariant boxed(QObject *object)
+{
+    return QVariant::fromValue(object);
+}
+
+} // namespace
+
+KTFieldDetailBinder::KTFieldDetailBinder(QObject *owner) : _owner(owner)
+{
+    const NSKeyValueTarget target = NSKeyValueTarget::of(owner);
+    need(target, Create, 44);
+    need(target, WasBound, 45);
+    need(target, WillBeDestroyed, 46);
+}
+
+KTFieldDetailBinder::~KTFieldDetailBinder()
+{
+    unbind(_fieldsBindingName);
+}
+
+void KTFieldDetailBinder::setFieldDetailValuesValueTransformer(
+    const std::shared_ptr<NSValueTransformer> &transformer, const NSPredicate &usingPredicate)
+{
+    _fieldDetailValuesValueTransformer = transformer;
+    _fieldDetailValuesValueTransformerPredicate = usingPredicate;
+}
+
+bool KTFieldDetailBinder::willHandleBindingName(const QString &name) const
+{
+    return name == _fieldsBindingName || name == _valueSourceBindingName ||
+           name == _fieldDetailValuesBindingName || _fieldDependentBindingNames.contains(name);
+}
+
+// --- Binding ------------------------------------------------------------------------------------
+
+void KTFieldDetailBinder::bind(const QString &binding, QObject *toObject,
+                               const QString &withKeyPath, const QVariantMap &options)
+{
+    if (binding == _fieldsBindingName)
+        bindFields(toObject, withKeyPath, options);
+    else if (_fieldDependentBindingNames.contains(binding))
+        bindFieldDependent(binding, toObject, withKeyPath, options);
+    else if (binding == _valueSourceBindingName)
+        bindValueSource(toObject, withKeyPath, options);
+}
+
+void KTFieldDetailBinder::bindFields(QObject *object, const QString &keyPath,
+                                     const QVariantMap &options)
+{
+    if (!object)
+        failParameter(120, "observableController != nil");
+    if (keyPath.isEmpty())
+        failParameter(121, "[keyPath length] > 0");
+    unbind(_fieldsBindingName);
+    NSKeyValueObserving::addObserver(object, this, keyPath,
+                                     NSKeyValueObservingOptionNew | NSKeyValueObservingOptionOld,
+                                     _fieldsBindingName);
+    _observedObjectForFields = object;
+    _observedKeyPathForFields = keyPath;
+    // A name of a transformer is deliberately not looked at.
+    _valueTransformerForFields = NSBindingOptions::transformerIn(options);
+    _fieldDependentBinders.clear();
+    _fieldDetailObjects.removeAllObjects();
+    observeValueForKeyPath(keyPath, object, {}, _fieldsBindingName);
+}
+
+void KTFieldDetailBinder::bindFieldDependent(const QString &name, QObject *object,
+                                             const QString &keyPath, const QVariantMap &options)
+{
+    if (!_observedObjectForFields) {
+        fail(QStringLiteral("bind:toObject:withKeyPath:options:"), 144,
+             QStringLiteral("%@ binding is only valid when %@ binding is set."),
+             {name, _fieldsBindingName});
+        return;
+    }
+    unbind(name);
+    auto binder = std::make_unique<KTPropertyBinder>(name, name, nullptr);
+    binder->setShouldObserveKeyPath(false);
+    binder->bind(name, object, keyPath, options);
+    const KTPropertyBinder *const bound = binder.get();
+    _fieldDependentBinders[name] = std::move(binder);
+    const QString subBinding = _fieldDependentBindingNames.value(name);
+    const Fields fields = _currentValueForFields;
+    for (const Field &field : fields)
+        _bindFieldDetail(subBinding, _fieldDetailObjects.objectForKey(field.object), field.object,
+                         bound);
+}
+
+void KTFieldDetailBinder::bindValueSource(QObject *object, const QString &keyPath,
+                                          const QVariantMap &options)
+{
+    unbind(_valueSourceBindingName);
+    _valueSourceBinder = std::make_unique<KTPropertyBinder>();
+    _valueSourceBinder->setShouldObserveKeyPath(false);
+    _valueSourceBinder->bind(_valueSourceBindingName, object, keyPath, options);
+}
+
+void KTFieldDetailBinder::unbind(const QString &binding)
+{
+    if (binding == _fieldsBindingName)
+        unbindFields();
+    else if (_fieldDependentBindingNames.contains(binding))
+        _fieldDependentBinders.erase(binding);
+    else if (binding == _valueSourceBindingName)
+        _valueSourceBinder.reset();
+}
+
+/// The list of fields deliberately stays as it was.
+void KTFieldDetailBinder::unbindFields()
+{
+    if (_observedKeyPathForFields.isNull())
+        return;
+    _processRemovedFields(_currentValueForFields);
+    tellOwner(FinishedRearrange);
+    _fieldDependentBinders.clear();
+    _fieldDetailObjects.removeAllObjects();
+    NSKeyValueObserving::removeObserver(_observedObjectForFields, this, _observedKeyPathForFields);
+    _observedObjectForFields = nullptr;
+    _observedKeyPathForFields = QString();
+    _valueTransformerForFields = nullptr;
+}
+
+QObject *KTFieldDetailBinder::valueSourceObject() const
+{
+    return _valueSourceBinder ? _valueSourceBinder->observedObject() : nullptr;
+}
+
+QString KTFieldDetailBinder::valueSourceKeyPath() const
+{
+    return _valueSourceBinder ? _valueSourceBinder->keyPath() : QString();
+}
+
+// --- Detail objects -----------------------------------------------------------------------------
+
+/// What of a binder's path lies behind the path of the fields; nil if it does not lead over them.
+QString KTFieldDetailBinder::restBehindFields(const KTPropertyBinder &binder) const
+{
+    const QString fields = _observedKeyPathForFields + u'.';
+    const bool leadsOverFields =
+        binder.observedObject() == _observedObjectForFields && binder.keyPath().startsWith(fields);
+    return leadsOverFields ? binder.keyPath().sliced(fields.size()) : QString();
+}
+
+void KTFieldDetailBinder::_bindFieldDetail(const QString &subBinding, QObject *fieldDetail,
+                                           QObject *field,
+                                           const KTPropertyBinder *withPropertyBinder) const
+{
+    auto *const detail = qobject_cast<NSKeyValueBinding *>(fieldDetail);
+    if (!withPropertyBinder || !detail || !detail->exposedBindings().contains(subBinding))
+        return;
+    const QString rest = restBehindFields(*withPropertyBinder);
+    if (rest.isEmpty())
+        detail->bind(subBinding, withPropertyBinder->observedObject(),
+                     withPropertyBinder->keyPath(), withPropertyBinder->bindingOptions());
+    else
+        detail->bind(subBinding, field, rest, withPropertyBinder->bindingOptions());
+}
+
+/// Under which key the value of a field is found in the value source; nil if it has none.
+QVariant KTFieldDetailBinder::fieldDetailValueFor(QObject *field) const
+{
+    const auto found = _fieldDependentBinders.find(_fieldDetailValuesBindingName);
+    if (found == _fieldDependentBinders.end())
+        return {};
+    const KTPropertyBinder &binder = *found->second;
+    const QString rest = restBehindFields(binder);
+    if (rest.isEmpty())
+        return binder.currentValue();
+    const QVariant value = NSKeyValueCoding::valueForKeyPath(field, rest);
+    return binder.valueTransformer() ? binder.valueTransformer()->transformedValue(value) : value;
+}
+
+QVariantMap KTFieldDetailBinder::valueOptionsFor(QObject *fieldDetail) const
+{
+    const NSPredicate &predicate = _fieldDetailValuesValueTransformerPredicate;
+    const bool isMeant = predicate.isNil() || predicate.evaluateWithObject(fieldDetail);
+    return isMeant ? NSBindingOptions::withTransformer(_fieldDetailValuesValueTransformer)
+                   : QVariantMap();
+}
+
+void KTFieldDetailBinder::bindValue(QObject *fieldDetail, QObject *field) const
+{
+    const QVariant key = fieldDetailValueFor(field);
+    auto *const detail = qobject_cast<NSKeyValueBinding *>(fieldDetail);
+    if (NSObject::isNil(key) || !detail || !valueSourceObject())
+        return;
+    detail->bind(NSValueBinding, valueSourceObject(),
+                 NSString::stringWithFormat(u"%@.%@", valueSourceKeyPath(), key),
+                 valueOptionsFor(fieldDetail));
+}
+
+// --- Changes of the fields ----------------------------------------------------------------------
+
+/// The objects among the elements of a collection.
+KTFieldDetailBinder::Fields KTFieldDetailBinder::fieldsIn(const QVariantList &elements)
+{
+    Fields fields;
+    fields.reserve(elements.size());
+    for (const QVariant &element : elements) {
+        const NSKeyValueTarget target = NSKeyValueTarget::ofVariant(element);
+        if (target.kind == NSKeyValueTarget::Kind::Object)
+            fields += Field{target.object(), target.object()};
+    }
+    return fields;
+}
+
+/// The fields, in order and with repeats, that \a others does not hold; all that are gone are among
+/// them.
+KTFieldDetailBinder::Fields KTFieldDetailBinder::fieldsNotIn(const Fields &fields,
+                                                             const Fields &others)
+{
+    QSet<const QObject *> known;
+    for (const Field &other : others) {
+        if (other.object)
+            known.insert(other.address);
+    }
+    Fields result;
+    for (const Field &field : fields) {
+        if (!field.object || !known.contains(field.address))
+            result += field;
+    }
+    return result;
+}
+
+QVariantList KTFieldDetailBinder::_fieldsBindingValue() const
+{
+    if (!_observedObjectForFields)
+        return {};
+    QVariant value =
+        NSKeyValueCoding::valueForKeyPath(_observedObjectForFields, _observedKeyPathForFields);
+    if (_valueTransformerForFields)
+        value = _valueTransformerForFields->transformedValue(value);
+    const bool isCollection =
+        NSKeyValueTarget::ofVariant(value).kind == NSKeyValueTarget::Kind::Collection;
+    return isCollection ? value.value<QVariantList>() : QVariantList();
+}
+
+void KTFieldDetailBinder::observeValueForKeyPath(const QString &keyPath, QObject *ofObject,
+                                                 const NSKeyValueChange &change,
+                                                 const QString &context)
+{
+    const QString method = QStringLiteral("observeValueForKeyPath:ofObject:change:context:");
+    const QString unsupported = QStringLiteral("Change type no longer supported");
+    if (context != _fieldsBindingName) {
+        NSKeyValueObserver::observeValueForKeyPath(keyPath, ofObject, change, context);
+        return;
+    }
+    switch (change.kind) {
+    case NSKeyValueChangeSetting:
+        setFields();
+        break;
+    case NSKeyValueChangeInsertion:
+        fail(method, 256, unsupported);
+        break;
+    case NSKeyValueChangeRemoval:
+        fail(method, 260, unsupported);
+        break;
+    case NSKeyValueChangeReplacement:
+        fail(method, 264, unsupported);
+        break;
+    }
+}
+
+void KTFieldDetailBinder::setFields()
+{
+    const Fields fields = fieldsIn(_fieldsBindingValue());
+    const Fields removed = fieldsNotIn(_currentValueForFields, fields);
+    const Fields added = fieldsNotIn(fields, _currentValueForFields);
+    if (removed.size() == _currentValueForFields.size())
+        tellOwner(SetAutoScroll, {false});
+    _processRemovedFields(removed);
+    _currentValueForFields = fields;
+    _processAddedFields(added);
+    tellOwner(FinishedRearrange);
+    tellOwner(SetAutoScroll, {true});
+}
+
+void KTFieldDetailBinder::_processAddedFields(const Fields &fields)
+{
+    for (const Field &field : fields) {
+        if (field.object)
+            addField(field.object);
+    }
+    tellOwner(FinishedAdding);
+}
+
+void KTFieldDetailBinder::addField(QObject *field)
+{
+    if (!_owner)
+        return;
+    const QPointer<QObject> detail =
+        NSInvoker(Create, {boxed(field)}).perform(NSKeyValueTarget::of(_owner)).value<QObject *>();
+    if (!detail)
+        return;
+    for (auto name = _fieldDependentBindingNames.constBegin();
+         name != _fieldDependentBindingNames.constEnd(); ++name) {
+        const auto binder = _fieldDependentBinders.find(name.key());
+        if (name.key() != _fieldDetailValuesBindingName && binder != _fieldDependentBinders.end())
+            _bindFieldDetail(name.value(), detail, field, binder->second.get());
+    }
+    bindValue(detail, field);
+    _fieldDetailObjects.setObject(detail, field);
+    tellOwner(WasBound, {boxed(detail), boxed(field)});
+}
+
+void KTFieldDetailBinder::_processRemovedFields(const Fields &fields)
+{
+    for (const Field &field : fields)
+        removeField(field.address);
+    tellOwner(FinishedRemoving);
+}
+
+void KTFieldDetailBinder::removeField(const QObject *address)
+{
+    const QPointer<QObject> detail = _fieldDetailObjects.objectForAddress(address);
+    _fieldDetailObjects.removeObjectForKey(address);
+    auto *const bound = qobject_cast<NSKeyValueBinding *>(detail.data());
+    for (const QString &subBinding : std::as_const(_fieldDependentBindingNames)) {
+        if (bound && detail)
+            bound->unbind(subBinding);
+    }
+    if (detail)
+        tellOwner(WillBeDestroyed, {boxed(detail)});
+}
+
+/// Calls a method of the owner, if it has it.
+void KTFieldDetailBinder::tellOwner(const char *selector, const QVariantList &arguments) const
+{
+    const NSKeyValueTarget owner = NSKeyValueTarget::of(_owner.data());
+    if (!NSInvoker::respondsTo(owner, selector))
+        return;
+    NSInvoker invoker(selector, {arguments.value(0), arguments.value(1)});
+    invoker.perform(owner);
+}

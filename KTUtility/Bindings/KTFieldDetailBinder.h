@@ -1,0 +1,164 @@
+#pragma once
+
+#include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/Foundation/NSKeyValueObserving.h>
+#include <KTUtility/Platform/Foundation/NSMapTable.h>
+#include <KTUtility/Platform/Foundation/NSPredicate.h>
+#include <KTUtility/Platform/Foundation/NSValueTransformer.h>
+
+#include <QList>
+#include <QMap>
+#include <QPointer>
+#include <QVariantMap>
+
+#include <map>
+#include <memory>
+
+class KTPropertyBinder;
+
+/// Lets a view (the owner) show one detail object for each field of a collection, such as an editor
+/// for each column of a record, and keeps these bound while fields come and go.
+///
+/// The owner exposes a binding for the collection of fields; one for the object whose values are
+/// shown, the value source; one that says under which key a field's value is found there; and any
+/// number that are passed on to every detail object under a name of theirs. A binding that begins
+/// where the fields do ("arrangedObjects.label" beside "arrangedObjects") is bound to each field
+/// ("label"), others to their own object.
+///
+/// Fields and detail objects are QObjects; other elements of the collection are passed over. Detail
+/// objects implement NSKeyValueBinding, and belong to the owner. Objects that are bound to are not
+/// kept alive. The collection is replaced as a whole; changes of single elements fail an assertion.
+/// For the main thread.
+///
+/// The owner has these invokable methods; without the first three, the constructor fails:
+///
+/// | method | |
+/// |---|---|
+/// | `QObject *createNewFieldDetailObjectForField(field)` | makes the detail object of a field |
+/// | `fieldDetailObjectWasBound(detail, toField)` | it is bound: show it |
+/// | `fieldDetailObjectWillBeDestroyed(detail)` | it is not needed any more |
+/// | `fieldDetailObjectsFinishedAdding()` | after all that came |
+/// | `fieldDetailObjectsFinishedRemoving()` | after all that went |
+/// | `fieldDetailObjectsFinishedRearrange()` | after every change of the collection |
+/// | `setAutoScrollToInsertedObject(bool)` | off while everything is replaced, on after each change
+/// |
+///
+/// An owner that holds the binder as a member declares it behind the members that these methods
+/// use.
+///
+/// \code
+/// KTFieldDetailBinder binder(form);
+/// binder.setFieldsBindingName(QStringLiteral("fields"));
+/// binder.setValueSourceBindingName(QStringLiteral("record"));
+/// binder.setFieldDetailValuesBindingName(QStringLiteral("keys"));
+/// binder.addFieldDependentBindingName(QStringLiteral("keys"), QStringLiteral("key"));
+/// binder.addFieldDependentBindingName(QStringLiteral("labels"), QStringLiteral("label"));
+///
+/// binder.bind(QStringLiteral("record"), controller, QStringLiteral("selection"));
+/// binder.bind(QStringLiteral("fields"), library, QStringLiteral("fields"));
+/// binder.bind(QStringLiteral("keys"), library, QStringLiteral("fields.key"));
+/// binder.bind(QStringLiteral("labels"), library, QStringLiteral("fields.label"));
+/// library->setFields(fields);    // values are bound for fields that come after the keys
+/// \endcode
+class KTUTILITY_EXPORT KTFieldDetailBinder : public NSKeyValueObserver
+{
+public:
+    /// \throws NSException NSInternalInconsistencyException "Owner does not respond to selector …"
+    /// if the owner lacks a method that it needs (through the assertion handler).
+    explicit KTFieldDetailBinder(QObject *owner);
+    /// Unbinds the fields, with all calls to the owner, if that is still there.
+    ~KTFieldDetailBinder() override;
+
+    // --- Which bindings of the owner are what; set before binding
+
+    void setFieldsBindingName(const QString &name) { _fieldsBindingName = name; }
+    void setValueSourceBindingName(const QString &name) { _valueSourceBindingName = name; }
+    void setFieldDetailValuesBindingName(const QString &name)
+    {
+        _fieldDetailValuesBindingName = name;
+    }
+    /// A binding of the owner that is passed on to the detail objects as their \a forSubBinding.
+    void addFieldDependentBindingName(const QString &name, const QString &forSubBinding)
+    {
+        _fieldDependentBindingNames.insert(name, forSubBinding);
+    }
+    /// The transformer for the detail objects' values.
+    /// \param transformer null for none.
+    /// \param usingPredicate which detail objects it is for; nil for all.
+    void
+    setFieldDetailValuesValueTransformer(const std::shared_ptr<NSValueTransformer> &transformer,
+                                         const NSPredicate &usingPredicate = {});
+
+    /// Whether this binder is for a binding of the owner.
+    bool willHandleBindingName(const QString &name) const;
+
+    // --- Binding
+
+    /// Binds one of the owner's bindings, in place of what it was bound to; other names are
+    /// ignored. Bound to fields, all detail objects that are needed are made. \param options
+    /// NSValueTransformerBindingOption says which transformer makes the collection. \throws
+    /// NSException NSInternalInconsistencyException (through the assertion handler) if the fields
+    /// are bound to no object or an empty path, or if a binding for detail objects comes before the
+    /// fields; NSUndefinedKeyException for unknown keys.
+    void bind(const QString &binding, QObject *toObject, const QString &withKeyPath,
+              const QVariantMap &options = {});
+    /// Ends a binding. Without fields, no detail object stays; without a binding that is passed on,
+    /// those that there are keep it.
+    void unbind(const QString &binding);
+
+    /// What the values are read from; null and nil if nothing is bound.
+    QObject *valueSourceObject() const;
+    QString valueSourceKeyPath() const;
+
+    /// The collection as it is now.
+    QVariantList _fieldsBindingValue() const;
+
+    /// The fields have changed. Other contexts are not for this class.
+    void observeValueForKeyPath(const QString &keyPath, QObject *ofObject,
+                                const NSKeyValueChange &change, const QString &context) override;
+
+private:
+    /// A field, which may be gone while its detail object is still there.
+    struct Field
+    {
+        QPointer<QObject> object;
+        const QObject *address = nullptr;
+    };
+    using Fields = QList<Field>;
+
+    static Fields fieldsIn(const QVariantList &elements);
+    static Fields fieldsNotIn(const Fields &fields, const Fields &others);
+
+    void bindFields(QObject *object, const QString &keyPath, const QVariantMap &options);
+    void bindFieldDependent(const QString &name, QObject *object, const QString &keyPath,
+                            const QVariantMap &options);
+    void bindValueSource(QObject *object, const QString &keyPath, const QVariantMap &options);
+    void unbindFields();
+    void _bindFieldDetail(const QString &subBinding, QObject *fieldDetail, QObject *field,
+                          const KTPropertyBinder *withPropertyBinder) const;
+    void bindValue(QObject *fieldDetail, QObject *field) const;
+    QVariant fieldDetailValueFor(QObject *field) const;
+    QString restBehindFields(const KTPropertyBinder &binder) const;
+    QVariantMap valueOptionsFor(QObject *fieldDetail) const;
+    void setFields();
+    void _processAddedFields(const Fields &fields);
+    void addField(QObject *field);
+    void _processRemovedFields(const Fields &fields);
+    void removeField(const QObject *address);
+    void tellOwner(const char *selector, const QVariantList &arguments = {}) const;
+
+    QPointer<QObject> _owner;
+    QString _fieldsBindingName;
+    QString _valueSourceBindingName;
+    QString _fieldDetailValuesBindingName;
+    QMap<QString, QString> _fieldDependentBindingNames;
+    std::shared_ptr<NSValueTransformer> _fieldDetailValuesValueTransformer;
+    NSPredicate _fieldDetailValuesValueTransformerPredicate;
+    Fields _currentValueForFields;
+    QPointer<QObject> _observedObjectForFields;
+    QString _observedKeyPathForFields;
+    std::shared_ptr<NSValueTransformer> _valueTransformerForFields;
+    std::unique_ptr<KTPropertyBinder> _valueSourceBinder;
+    std::map<QString, std::unique_ptr<KTPropertyBinder>> _fieldDependentBinders;
+    NSMapTable<QObject, QObject> _fieldDetailObjects;
+};

@@ -1,0 +1,290 @@
+#include <KTUtility/Bindings/KTPropertyBinder.h>
+
+#include <KTUtility/Platform/AppKit/NSSelectionMarker.h>
+#include <KTUtility/Platform/Foundation/NSException.h>
+#include <KTUtility/ValueTransformers/KTBaseValueTransformer.h>
+#include <KTUtility/ValueTransformers/KTFileExtensionValueTransformer.h>
+
+#include "Bindings/BinderSupport.h"
+#include "support/ObservedModel.h"
+#include "support/TestSupport.h"
+
+#include <QEvent>
+
+namespace {
+const QString Number = QStringLiteral("number");
+const QString Name = QStringLiteral("name");
+
+QVariantMap named(const QString &transformer)
+{
+    return {{NSValueTransformerNameBindingOption, transformer}};
+}
+} // namespace
+
+TEST(PropertyBinder, CopiesTheValueAndItsChanges)
+{
+    ObservedRecord record(Name, 1);
+    BoundView view;
+    view.bind(NSValueBinding, &record, Number, {});
+    EXPECT_EQ(view.value(), QVariant(1));
+    record.setNumber(2);
+    EXPECT_EQ(view.value(), QVariant(2));
+    EXPECT_EQ(view.sets, 2);
+}
+
+TEST(PropertyBinder, CopiesBackWhatTheOwnerChanges)
+{
+    ObservedRecord record(Name, 1);
+    BoundView view;
+    view.bind(NSValueBinding, &record, Number, {});
+    view.type(7);
+    EXPECT_EQ(record.number(), 7);
+    // The record tells of it, and the view gets it once more.
+    EXPECT_EQ(view.sets, 2);
+}
+
+TEST(PropertyBinder, ThereIsNoEcho)
+{
+    ObservedRecord record(Name, 1);
+    BoundView view;
+    view.changesBackAtOnce = true;
+    view.bind(NSValueBinding, &record, Number,
+              NSBindingOptions::withTransformer(KTBaseValueTransformer::valueTransformer()));
+    EXPECT_EQ(record.number(), 1);
+    record.setNumber(5);
+    EXPECT_EQ(view.value(), QVariant(6U));
+    EXPECT_EQ(record.number(), 5);
+}
+
+TEST(PropertyBinder, PathsAreFollowed)
+{
+    ObservedRecord record, first(QStringLiteral("first")), second(QStringLiteral("second"));
+    record.setNext(&first);
+    BoundView view;
+    view.bind(NSValueBinding, &record, QStringLiteral("next.name"), {});
+    EXPECT_EQ(view.value(), QVariant(QStringLiteral("first")));
+    record.setNext(&second);
+    EXPECT_EQ(view.value(), QVariant(QStringLiteral("second")));
+    view.type(QStringLiteral("typed"));
+    EXPECT_EQ(second.name(), QStringLiteral("typed"));
+    record.setNext(nullptr);
+    EXPECT_FALSE(view.value().isValid());
+    view.type(QStringLiteral("lost"));
+    EXPECT_EQ(second.name(), QStringLiteral("typed"));
+}
+
+TEST(PropertyBinder, MarkersLeaveTheOwnerAlone)
+{
+    ObservedRecord record;
+    BoundView view;
+    record.setAny(QStringLiteral("shown"));
+    view.bind(NSValueBinding, &record, QStringLiteral("any"), {});
+    for (const QVariant &marker :
+         {NSNoSelectionMarker(), NSNotApplicableMarker(), NSMultipleValuesMarker()}) {
+        record.setAny(marker);
+        EXPECT_EQ(view.value(), QVariant(QStringLiteral("shown")));
+    }
+    EXPECT_EQ(view.sets, 1);
+    record.setAny(QVariant());
+    EXPECT_FALSE(view.value().isValid());
+}
+
+TEST(PropertyBinder, WithoutObservingTheValueIsReadOnly)
+{
+    ObservedRecord record(Name, 1);
+    BoundView view;
+    view.valueBinder.setShouldObserveKeyPath(false);
+    view.bind(NSValueBinding, &record, Number, {});
+    record.setNumber(2);
+    EXPECT_EQ(view.sets, 0);
+    EXPECT_FALSE(view.value().isValid());
+    EXPECT_EQ(view.valueBinder.currentValue(), QVariant(2));
+    EXPECT_EQ(record.receivers(SIGNAL(numberChanged())), 0);
+    view.type(9);
+    EXPECT_EQ(record.number(), 9);
+    view.unbind(NSValueBinding);
+    EXPECT_FALSE(view.valueBinder.currentValue().isValid());
+}
+
+TEST(PropertyBinder, TransformersOfTheOptions)
+{
+    ObservedRecord record(Name, 1);
+    BoundView view;
+    const auto reversed = KTBaseValueTransformer::reversedValueTransformer();
+    view.bind(NSValueBinding, &record, Number, NSBindingOptions::withTransformer(reversed));
+    EXPECT_EQ(view.value(), QVariant(0U));
+    EXPECT_EQ(view.valueBinder.valueTransformer(), reversed);
+    view.type(4);
+    EXPECT_EQ(record.number(), 5);
+    view.bind(NSValueBinding, &record, Number, named(QStringLiteral("KTBaseValueTransformer")));
+    EXPECT_EQ(view.value(), QVariant(6U));
+    // The object wins over the name.
+    QVariantMap both = NSBindingOptions::withTransformer(reversed);
+    both.insert(named(QStringLiteral("KTBaseValueTransformer")));
+    view.bind(NSValueBinding, &record, Number, both);
+    EXPECT_EQ(view.value(), QVariant(4U));
+    EXPECT_EQ(view.valueBinder.bindingOptions(), both);
+    view.bind(NSValueBinding, &record, Number, named(QStringLiteral("none")));
+    EXPECT_EQ(view.valueBinder.valueTransformer(), nullptr);
+    EXPECT_EQ(view.value(), QVariant(5));
+}
+
+TEST(PropertyBinder, TransformersWithoutAWayBackAreNotUsedForIt)
+{
+    ObservedRecord record(QStringLiteral("Report.cobble"));
+    BoundView view;
+    view.bind(
+        NSValueBinding, &record, Name,
+        NSBindingOptions::withTransformer(KTFileExtensionValueTransformer::valueTransformer()));
+    EXPECT_EQ(view.value(), QVariant(QStringLiteral("Report")));
+    view.type(QStringLiteral("Other"));
+    EXPECT_EQ(record.name(), QStringLiteral("Other"));
+}
+
+TEST(PropertyBinder, CurrentValueBothWays)
+{
+    ObservedRecord record(Name, 1);
+    KTPropertyBinder binder;
+    EXPECT_FALSE(binder.currentValue().isValid());
+    binder.setCurrentValue(5);
+    binder.bind(QStringLiteral("anything"), &record, Number,
+                NSBindingOptions::withTransformer(KTBaseValueTransformer::valueTransformer()));
+    EXPECT_EQ(binder.currentValue(), QVariant(2U));
+    binder.setCurrentValue(10);
+    EXPECT_EQ(record.number(), 9);
+    EXPECT_EQ(binder.observedObject(), &record);
+    EXPECT_EQ(binder.keyPath(), Number);
+}
+
+TEST(PropertyBinder, BindingAgainReplaces)
+{
+    ObservedRecord first(Name, 1), second(Name, 2);
+    BoundView view;
+    view.bind(NSValueBinding, &first, Number, {});
+    view.bind(NSValueBinding, &second, Number, {});
+    first.setNumber(10);
+    EXPECT_EQ(view.value(), QVariant(2));
+    EXPECT_EQ(first.receivers(SIGNAL(numberChanged())), 0);
+}
+
+TEST(PropertyBinder, UnbindingTwiceIsHarmless)
+{
+    ObservedRecord record(Name, 1);
+    BoundView view;
+    view.unbind(NSValueBinding);
+    view.bind(NSValueBinding, &record, Number, {});
+    view.unbind(NSValueBinding);
+    view.unbind(NSValueBinding);
+    record.setNumber(2);
+    EXPECT_EQ(view.value(), QVariant(1));
+    EXPECT_EQ(view.valueBinder.observedObject(), nullptr);
+    EXPECT_TRUE(view.valueBinder.keyPath().isNull());
+    view.type(3);
+    EXPECT_EQ(record.number(), 2);
+    EXPECT_EQ(record.receivers(SIGNAL(numberChanged())), 0);
+}
+
+TEST(PropertyBinder, EitherSideMayGoFirst)
+{
+    ObservedRecord record(Name, 1);
+    {
+        BoundView view;
+        view.bind(NSValueBinding, &record, Number, {});
+        EXPECT_EQ(record.receivers(SIGNAL(numberChanged())), 1);
+    }
+    EXPECT_EQ(record.receivers(SIGNAL(numberChanged())), 0);
+    record.setNumber(2);
+    BoundView view;
+    {
+        ObservedRecord shortLived(Name, 3);
+        view.bind(NSValueBinding, &shortLived, Number, {});
+    }
+    EXPECT_EQ(view.valueBinder.observedObject(), nullptr);
+    EXPECT_FALSE(view.valueBinder.currentValue().isValid());
+    view.type(4);
+    view.unbind(NSValueBinding);
+    view.bind(NSValueBinding, &record, Number, {});
+    EXPECT_EQ(view.value(), QVariant(2));
+}
+
+TEST(PropertyBinder, TheOwnerMayGoWhileItIsSet)
+{
+    class Suicidal : public QObject
+    {
+    public:
+        KTPropertyBinder binder{QStringLiteral("text"), NSValueBinding, this};
+    };
+    ObservedRecord record(Name, 1);
+    auto *const owner = new Suicidal;
+    owner->setProperty("text", 0);
+    testing_support::needApplication();
+    // The event of the dynamic property deletes it.
+    class Killer : public QObject
+    {
+    public:
+        bool eventFilter(QObject *object, QEvent *event) override
+        {
+            const bool isItsEnd = event->type() == QEvent::DynamicPropertyChange && kills;
+            if (isItsEnd)
+                delete object;
+            return isItsEnd;
+        }
+        bool kills = false;
+    } killer;
+    owner->installEventFilter(&killer);
+    owner->binder.bind(NSValueBinding, &record, Number);
+    EXPECT_EQ(owner->property("text"), QVariant(1));
+    killer.kills = true;
+    record.setNumber(2);
+    EXPECT_EQ(record.receivers(SIGNAL(numberChanged())), 0);
+}
+
+TEST(PropertyBinder, BindingInsideOfANotification)
+{
+    ObservedRecord record(Name, 1), other(Name, 100);
+    BoundView view, second;
+    view.bind(NSValueBinding, &record, Number, {});
+    const NSKeyValueObservation rebinds(&record, Number, 0, [&](const NSKeyValueChange &) {
+        view.bind(NSValueBinding, &other, Number, {});
+        second.bind(NSValueBinding, &record, Number, {});
+    });
+    record.setNumber(2);
+    EXPECT_EQ(view.value(), QVariant(100));
+    EXPECT_EQ(second.value(), QVariant(2));
+}
+
+TEST(PropertyBinder, ExceptionsOfTheOwnerLeaveTheFlagClear)
+{
+    ObservedRecord record(Name, 1);
+    QObject owner; // has no key
+    KTPropertyBinder binder(QStringLiteral("none"), NSValueBinding, &owner);
+    EXPECT_THROW(binder.bind(NSValueBinding, &record, Number), NSException);
+    owner.setProperty("none", 5);
+    binder.ownerKeyPathChanged();
+    EXPECT_EQ(record.number(), 5);
+}
+
+TEST(PropertyBinder, UnknownKeysRaiseAndBindNothing)
+{
+    ObservedRecord record;
+    BoundView view;
+    for (const char16_t *path : {u"none", u"name.none", u""}) {
+        EXPECT_THROW(view.bind(NSValueBinding, &record, QString::fromUtf16(path), {}), NSException)
+            << QString::fromUtf16(path).toStdString();
+        EXPECT_EQ(view.valueBinder.observedObject(), nullptr);
+    }
+    view.bind(NSValueBinding, nullptr, Number, {});
+    EXPECT_EQ(view.valueBinder.observedObject(), nullptr);
+    EXPECT_EQ(view.sets, 0);
+}
+
+TEST(SelectionMarker, AreValuesOfTheirOwn)
+{
+    EXPECT_EQ(NSNoSelectionMarker(), NSNoSelectionMarker());
+    EXPECT_NE(NSNoSelectionMarker(), NSMultipleValuesMarker());
+    EXPECT_TRUE(NSIsControllerMarker(NSNotApplicableMarker()));
+    for (const QVariant &value : {QVariant(), QVariant(0), QVariant(QStringLiteral("x"))})
+        EXPECT_FALSE(NSIsControllerMarker(value));
+    EXPECT_FALSE(NSNoSelectionMarker().canConvert<int>());
+    EXPECT_FALSE(NSNoSelectionMarker().canConvert<QString>());
+}
