@@ -49,6 +49,8 @@ void setLimits(CURL *transfer, double timeoutInterval)
     const long milliseconds = std::max(1L, std::lround(timeoutInterval * 1000));
     curl_easy_setopt(transfer, CURLOPT_TIMEOUT_MS, milliseconds);
     curl_easy_setopt(transfer, CURLOPT_NOSIGNAL, 1L);
+    // Without it, the end of the transfer waits for a name server that does not answer.
+    curl_easy_setopt(transfer, CURLOPT_QUICK_EXIT, 1L);
     curl_easy_setopt(transfer, CURLOPT_MAXFILESIZE_LARGE, curl_off_t(NSURLConnection::MaximumSize));
     curl_easy_setopt(transfer, CURLOPT_PROTOCOLS_STR, "http");
     curl_easy_setopt(transfer, CURLOPT_REDIR_PROTOCOLS_STR, "http");
