@@ -59,6 +59,27 @@ TEST_F(MediaCommand, TheDefaultBundleIsMade)
               "picture");
 }
 
+TEST_F(MediaCommand, ABundleMayBeNamedWithASlash)
+{
+    tree.add(QStringLiteral("Names.csv"), "Name\nAnn\n");
+    const QString path = bundle;
+    bundle += u'/';
+    const CommandResult result =
+        run({QStringLiteral("import"), tree.path(QStringLiteral("Names.csv"))});
+    EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
+    EXPECT_TRUE(result.output.endsWith(u" of " + path + u'\n'));
+    EXPECT_TRUE(QFile::exists(path + u"/Contents/Resources/Database"));
+}
+
+TEST_F(MediaCommand, ListsNamesThatBeginWithADot)
+{
+    tree.add(QStringLiteral(".png"), "hidden");
+    media({QStringLiteral("add"), tree.path(QStringLiteral(".png"))});
+    // What a copy that was interrupted leaves is no media.
+    testing_support::writeFile(folder + u".cobble-1234", "half");
+    EXPECT_EQ(media({QStringLiteral("list")}).output, QStringLiteral("6  cobblemedia://.png.0\n"));
+}
+
 TEST_F(MediaCommand, WhatCannotBeAddedIsToldAndTheRestIsAdded)
 {
     const CommandResult result =

@@ -14,6 +14,12 @@
 namespace {
 const QString HelpOption = QStringLiteral("help");
 
+/// Whether it is what an interrupted copy has left.
+bool isUnfinished(const QFileInfo &file)
+{
+    return file.fileName().startsWith(u".cobble-");
+}
+
 ExitCode listMedia(const KTDatabaseBundle &bundle, CommandContext &context)
 {
     const QDir folder(bundle.mediaFolderPath());
@@ -21,10 +27,11 @@ ExitCode listMedia(const KTDatabaseBundle &bundle, CommandContext &context)
         return context.fail(bundle.bundlePath(), QStringLiteral("there is no media folder"));
     AlignedTable table;
     const QFileInfoList files =
-        folder.entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name);
+        folder.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
     for (const QFileInfo &file : files) {
         const auto url = bundle.mediaUrlFromFilePath(file.filePath());
-        table.addRow({QString::number(file.size()), url ? url->absoluteString() : QString()});
+        if (url && !isUnfinished(file))
+            table.addRow({QString::number(file.size()), url->absoluteString()});
     }
     table.print(context.out());
     return ExitCode::Success;
