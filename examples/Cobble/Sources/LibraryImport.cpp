@@ -5,6 +5,7 @@
 #include <KTUtility/Additions/NSArray_KTAdditions.h>
 #include <KTUtility/Additions/NSString_KTNaming.h>
 #include <KTUtility/Formatters/KTCurrencyFormatter.h>
+#include <KTUtility/Platform/Foundation/NSFileManager.h>
 
 namespace {
 LibraryField fieldFor(const ImportColumn &column)
@@ -80,8 +81,11 @@ FieldReading LibraryImport::storeMedia(const QString &text)
     const std::optional<NSURL> stored = _transaction.storeMedia(*url);
     if (stored)
         return {true, stored->absoluteString(), {}, {}};
-    return notStored(url->scheme() == u"http" ? QStringLiteral("it cannot be downloaded")
-                                              : QStringLiteral("there is no such file"));
+    if (url->scheme() == u"http")
+        return notStored(QStringLiteral("it cannot be downloaded"));
+    return notStored(NSFileManager::fileExistsAtPath(url->path())
+                         ? QStringLiteral("it cannot be copied")
+                         : QStringLiteral("there is no such file"));
 }
 
 bool LibraryImport::addRow(const QVariantList &values)
