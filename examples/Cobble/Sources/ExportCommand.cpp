@@ -123,7 +123,7 @@ ExitCode runExport(const QCommandLineParser &parser, CommandContext &context)
     const QString name = parser.positionalArguments().first();
     const std::optional<Library> library = store->libraryNamed(name);
     if (!library)
-        return context.fail(bundle.bundlePath(), QStringLiteral("no library '%1'").arg(name));
+        return context.fail(bundle.bundlePath(), store->reasonForNo(name));
     const LocaleScope scope(UserSettings::localeIn(parser));
     return exportLibrary(*store, *library, parser.value(ToOption), context);
 }

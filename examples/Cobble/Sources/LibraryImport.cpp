@@ -49,15 +49,17 @@ LibraryImport::LibraryImport(ImportTransaction &transaction, const ImportSchema 
 bool LibraryImport::removeOther()
 {
     const std::optional<Library> other = _transaction.store().libraryNamed(_library.name);
-    return !other || _transaction.store().remove(*other);
+    return other ? _transaction.store().remove(*other) : errorText().isNull();
 }
 
-void LibraryImport::makeNamesUnique()
+/// \return false if the other names cannot be read.
+bool LibraryImport::makeNamesUnique()
 {
     const QList<Library> others = _transaction.store().libraries();
     _library.name = KTAdditions::uniqueStringWithBase(others, _library.name);
     _library.tableName = KTAdditions::internalCaseInsensitiveUniqueStringWithBase(
         others, _library.tableName, QStringLiteral("tableName"));
+    return errorText().isNull();
 }
 
 bool LibraryImport::begin(const std::vector<std::unique_ptr<FieldReader>> &readers)
@@ -69,8 +71,7 @@ bool LibraryImport::begin(const std::vector<std::unique_ptr<FieldReader>> &reade
     }
     if (_replaces && !removeOther())
         return false;
-    makeNamesUnique();
-    return _transaction.store().create(_library);
+    return makeNamesUnique() && _transaction.store().create(_library);
 }
 
 FieldReading LibraryImport::storeMedia(const QString &text)
