@@ -4,6 +4,9 @@
 #include "support/LoopbackServer.h"
 #include "support/TestSupport.h"
 
+#include <csignal>
+#include <sys/resource.h>
+
 using testing_support::contentsOf;
 using testing_support::FileTree;
 using testing_support::LoopbackServer;
@@ -151,4 +154,32 @@ TEST_F(MediaCommand, UpgradeCopy)
         EXPECT_EQ(contentsOf(
                       tree.path(QString::fromUtf16(copy) + u"/Contents/Resources/Media/a b.0.png")),
                   "picture");
+}
+
+TEST_F(MediaCommand, ABundleThatCannotBeCopiedStaysInItsPlace)
+{
+    media({QStringLiteral("add"), tree.path(QStringLiteral("a b.png"))});
+    struct rlimit before = {};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const struct rlimit small = {rlim_t(3), before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    const CommandResult result = run({QStringLiteral("upgrade-copy")});
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.errors, u"cobble: " + tree.path(QStringLiteral("b_PreUpgrade.cobbledb")) +
+                                 u": the copy could not be made\n");
+    EXPECT_EQ(contentsOf(folder + u"a b.0.png"), "picture");
+    EXPECT_FALSE(QFile::exists(tree.path(QStringLiteral("b1Backup.cobbledb"))));
+}
+
+TEST_F(MediaCommand, WhatCannotBeDeletedIsNotCalledMissing)
+{
+    // Nobody, not even root, removes a file of "/proc".
+    media({QStringLiteral("add"), tree.path(QStringLiteral("a b.png"))});
+    QDir(folder).removeRecursively();
+    ASSERT_TRUE(QFile::link(QStringLiteral("/proc"), folder.chopped(1)));
+    EXPECT_EQ(media({QStringLiteral("delete"), QStringLiteral("version")}).errors,
+              QStringLiteral("cobble: version: it cannot be deleted\n"));
 }

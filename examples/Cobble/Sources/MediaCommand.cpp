@@ -5,6 +5,7 @@
 #include "MediaReference.h"
 #include "Usage.h"
 
+#include <KTUtility/Additions/NSString_KTAdditions.h>
 #include <KTUtility/Platform/Foundation/NSFileManager.h>
 #include <KTUtility/Platform/Foundation/NSPathUtilities.h>
 
@@ -69,10 +70,12 @@ bool deleteMedia(const KTDatabaseBundle &bundle, const QString &text, CommandCon
     const bool isURL = url && bundle.isMediaURL(*url);
     const QString name =
         isURL ? NSString::lastPathComponent(bundle.filePathFromMediaUrl(*url)) : text;
-    const bool isDeleted = bundle.deleteFileFromMediaFolder(name);
-    if (!isDeleted)
-        context.warn(text, QStringLiteral("there is no such media file"));
-    return isDeleted;
+    if (bundle.deleteFileFromMediaFolder(name))
+        return true;
+    context.warn(text, bundle.isFileNameInMediaFolder(name)
+                           ? QStringLiteral("it cannot be deleted")
+                           : QStringLiteral("there is no such media file"));
+    return false;
 }
 
 ExitCode runForEach(const QStringList &texts, Action action, const KTDatabaseBundle &bundle,
@@ -112,6 +115,13 @@ ExitCode runMedia(const QCommandLineParser &parser, CommandContext &context)
     return runForEach(words, action, bundle, context);
 }
 
+/// Where a bundle is moved to before it is copied.
+QString asidePathOf(const KTDatabaseBundle &bundle)
+{
+    return KTAdditions::uniqueFilePathForFilePath(
+        KTAdditions::stringByAppendingToFilename(bundle.bundlePath(), QStringLiteral("1Backup")));
+}
+
 ExitCode copyForUpgrade(const QCommandLineParser &parser, CommandContext &context)
 {
     if (!parser.positionalArguments().isEmpty())
@@ -119,9 +129,13 @@ ExitCode copyForUpgrade(const QCommandLineParser &parser, CommandContext &contex
     const KTDatabaseBundle bundle = BundleOption::bundleIn(parser);
     if (!bundle.doesExist())
         return context.fail(bundle.bundlePath(), QStringLiteral("there is no database bundle"));
+    const QString aside = asidePathOf(bundle);
     const QString copy = bundle.moveDatabaseToPreUpgradePath();
-    if (!NSFileManager::fileExistsAtPath(copy))
+    if (!NSFileManager::fileExistsAtPath(copy)) {
+        // Where nothing can be upgraded, the bundle must not seem lost.
+        NSFileManager::moveItemAtPath(aside, bundle.bundlePath());
         return context.fail(copy, QStringLiteral("the copy could not be made"));
+    }
     context.out() << printableText(copy) << '\n';
     return ExitCode::Success;
 }
