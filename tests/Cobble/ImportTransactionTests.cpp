@@ -142,6 +142,17 @@ TEST_F(ImportTransactionTest, ANameThatWasCutOffIsNoName)
     EXPECT_EQ(mediaNames(), QStringList({QStringLiteral("notes."), QStringLiteral("notes.1")}));
 }
 
+TEST_F(ImportTransactionTest, AListDeletesNothingThroughALink)
+{
+    ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
+    ASSERT_TRUE(QDir().rmdir(bundle.mediaFolderPath()));
+    tree.add(QStringLiteral("documents/letter"));
+    ASSERT_TRUE(QFile::link(tree.path(QStringLiteral("documents")), bundle.mediaFolderPath()));
+    writeFile(bundle._resourcesFolderPath() + u"/ImportedMedia", "cobblemedia://letter\n");
+    ASSERT_TRUE(begin());
+    EXPECT_TRUE(QFile::exists(tree.path(QStringLiteral("documents/letter"))));
+}
+
 TEST_F(ImportTransactionTest, ALinkInPlaceOfTheListIsNotFollowed)
 {
     ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());

@@ -63,7 +63,9 @@ bool ImportTransaction::prepare(QString *error, int patience)
         *error = _store->errorText();
         return false;
     }
-    removeMediaInList(false);
+    // A bundle from elsewhere may bring a list, and a link to a folder of the user's.
+    if (!QFileInfo(_bundle.mediaFolderPath()).isSymLink())
+        removeMediaInList(false);
     return beginList(error);
 }
 
