@@ -15,8 +15,14 @@ std::unique_ptr<ImportTransaction> ImportTransaction::begin(const KTDatabaseBund
     return transaction->prepare(error, patience) ? std::move(transaction) : nullptr;
 }
 
+/// The lock lies beside the bundle, also if its path ends with "/".
+QString ImportTransaction::lockPath() const
+{
+    return NSString::stringByAppendingPathComponent(_bundle.bundlePath(), QString()) + u".lock";
+}
+
 ImportTransaction::ImportTransaction(const KTDatabaseBundle &bundle)
-    : _bundle(bundle), _lock(bundle.bundlePath() + u".lock"), _mediaList(mediaListPath())
+    : _bundle(bundle), _lock(lockPath()), _mediaList(mediaListPath())
 {
     // A lock is stale when its process is gone, however long an import takes.
     _lock.setStaleLockTime(0);

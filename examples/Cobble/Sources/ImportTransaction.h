@@ -41,6 +41,7 @@ public:
 private:
     explicit ImportTransaction(const KTDatabaseBundle &bundle);
     bool prepare(QString *error, int patience);
+    QString lockPath() const;
     QString mediaListPath() const;
     bool beginList(QString *error);
     bool addToList(const NSURL &url);
