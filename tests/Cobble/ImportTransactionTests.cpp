@@ -220,6 +220,16 @@ TEST_F(ImportTransactionTest, FilesOfTheBundleAreNotCopiedAgain)
     EXPECT_EQ(mediaNames(), QStringList(QStringLiteral("b.0.png")));
 }
 
+TEST_F(ImportTransactionTest, ASlashBehindTheBundleIsNotPartOfItsName)
+{
+    const KTDatabaseBundle same = bundle;
+    bundle = KTDatabaseBundle(bundle.bundlePath() + u'/');
+    const auto import = begin();
+    ASSERT_TRUE(import) << error.toStdString();
+    EXPECT_EQ(ImportTransaction::begin(same, &error, 10), nullptr);
+    EXPECT_EQ(error, QStringLiteral("another import is running"));
+}
+
 TEST_F(ImportTransactionTest, PathsThatAreNoBundle)
 {
     bundle = KTDatabaseBundle(tree.path(QStringLiteral("a.png")));

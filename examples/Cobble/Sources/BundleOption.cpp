@@ -24,8 +24,7 @@ KTDatabaseBundle BundleOption::bundleIn(const QCommandLineParser &parser)
 {
     if (!parser.isSet(Name))
         return KTDatabaseBundle::defaultDatabaseBundle();
-    // Shells put a "/" behind the names of folders; what lies beside the bundle must not go into
-    // it.
+    // Shells put a "/" behind the names of folders.
     const QString path = QFileInfo(parser.value(Name)).absoluteFilePath();
     return KTDatabaseBundle(NSString::stringByAppendingPathComponent(path, QString()));
 }

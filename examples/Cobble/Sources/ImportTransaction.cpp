@@ -143,12 +143,13 @@ void ImportTransaction::removeMediaInList(bool evenIfUsed)
 
 void ImportTransaction::takeBack()
 {
-    if (_store)
-        _store->rollback();
+    // First, while the database keeps others from making a list of their own.
     if (_isListing) {
         removeMediaInList(true);
         _mediaList.remove();
     }
+    if (_store)
+        _store->rollback();
     _store.reset();
     if (!_lock.isLocked())
         return;
