@@ -20,13 +20,13 @@ using Headers = std::unique_ptr<curl_slist, FreeHeaders>;
 
 constexpr long MaximumRedirections = 16;
 
-/// Takes a part of the body; anything but \a size ends the transfer.
-size_t takePart(const char *part, size_t one, size_t size, void *body)
+/// Takes a part of the body, whose units are bytes; anything but \a size ends the transfer.
+size_t takePart(const char *part, size_t /*unit*/, size_t size, void *body)
 {
     QByteArray &data = *static_cast<QByteArray *>(body);
     if (size > size_t(NSURLConnection::MaximumSize - data.size()))
         return 0;
-    data.append(part, qsizetype(one * size));
+    data.append(part, qsizetype(size));
     return size;
 }
 
