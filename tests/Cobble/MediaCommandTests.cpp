@@ -77,10 +77,13 @@ TEST_F(MediaCommand, ABundleMayBeNamedWithASlash)
 TEST_F(MediaCommand, ListsNamesThatBeginWithADot)
 {
     tree.add(QStringLiteral(".png"), "hidden");
-    media({QStringLiteral("add"), tree.path(QStringLiteral(".png"))});
+    tree.add(QStringLiteral(".cobble-12"), "mine");
+    media({QStringLiteral("add"), tree.path(QStringLiteral(".png")),
+           tree.path(QStringLiteral(".cobble-12"))});
     // What a copy that was interrupted leaves is no media.
     testing_support::writeFile(folder + u".cobble-1234", "half");
-    EXPECT_EQ(media({QStringLiteral("list")}).output, QStringLiteral("6  cobblemedia://.png.0\n"));
+    EXPECT_EQ(media({QStringLiteral("list")}).output,
+              QStringLiteral("4  cobblemedia://.cobble-12.0\n6  cobblemedia://.png.0\n"));
 }
 
 TEST_F(MediaCommand, WhatCannotBeAddedIsToldAndTheRestIsAdded)

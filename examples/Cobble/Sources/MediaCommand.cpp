@@ -15,10 +15,10 @@
 namespace {
 const QString HelpOption = QStringLiteral("help");
 
-/// Whether it is what an interrupted copy has left.
+/// Whether it is what an interrupted copy has left; stored files have a number behind a dot.
 bool isUnfinished(const QFileInfo &file)
 {
-    return file.fileName().startsWith(u".cobble-");
+    return file.fileName().startsWith(u".cobble-") && file.fileName().lastIndexOf(u'.') == 0;
 }
 
 ExitCode listMedia(const KTDatabaseBundle &bundle, CommandContext &context)
