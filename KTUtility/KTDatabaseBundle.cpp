@@ -20,6 +20,12 @@ QString applicationSupportFolder()
         NSSearchPathForDirectoriesInDomains(NSApplicationSupportDirectory, NSUserDomainMask, true);
     return folders.isEmpty() ? NSTemporaryDirectory() : folders.first();
 }
+
+/// What is in a folder; nil in nil, which is not the current folder.
+QString pathIn(const QString &folder, const QString &name)
+{
+    return folder.isNull() ? QString() : NSString::stringByAppendingPathComponent(folder, name);
+}
 } // namespace
 
 QString KTDatabaseBundle::databaseBundleFileType()
@@ -68,25 +74,22 @@ KTDatabaseBundle::KTDatabaseBundle(const QString &bundlePath) : _bundlePath(bund
 
 QString KTDatabaseBundle::_contentsFolderPath() const
 {
-    return NSString::stringByAppendingPathComponent(_bundlePath, QStringLiteral("Contents"));
+    return pathIn(_bundlePath, QStringLiteral("Contents"));
 }
 
 QString KTDatabaseBundle::_resourcesFolderPath() const
 {
-    return NSString::stringByAppendingPathComponent(_contentsFolderPath(),
-                                                    QStringLiteral("Resources"));
+    return pathIn(_contentsFolderPath(), QStringLiteral("Resources"));
 }
 
 QString KTDatabaseBundle::databaseFilePath() const
 {
-    return NSString::stringByAppendingPathComponent(_resourcesFolderPath(),
-                                                    QStringLiteral("Database"));
+    return pathIn(_resourcesFolderPath(), QStringLiteral("Database"));
 }
 
 QString KTDatabaseBundle::mediaFolderPath() const
 {
-    return NSString::stringByAppendingPathComponent(_resourcesFolderPath(),
-                                                    QStringLiteral("Media"));
+    return pathIn(_resourcesFolderPath(), QStringLiteral("Media"));
 }
 
 bool KTDatabaseBundle::doesExist() const
@@ -148,9 +151,7 @@ QString KTDatabaseBundle::fileNameWithMediaInstanceNumber(const QString &fileNam
 /// The path of a media file; nil for names that could lead out of the media folder.
 QString KTDatabaseBundle::mediaPath(const QString &name) const
 {
-    return KTMediaNames::isFileName(name)
-               ? NSString::stringByAppendingPathComponent(mediaFolderPath(), name)
-               : QString();
+    return KTMediaNames::isFileName(name) ? pathIn(mediaFolderPath(), name) : QString();
 }
 
 bool KTDatabaseBundle::isMediaURL(const NSURL &url) const

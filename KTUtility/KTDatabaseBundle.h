@@ -89,7 +89,8 @@ public:
 
     // --- The bundle
 
-    /// \param bundlePath the absolute path of the bundle folder.
+    /// \param bundlePath the absolute path of the bundle folder. A bundle at nil does not exist,
+    /// its paths are nil, and it stores nothing.
     explicit KTDatabaseBundle(const QString &bundlePath);
 
     const QString &bundlePath() const { return _bundlePath; }

@@ -44,9 +44,11 @@ QString KTDatabaseBundle::numberedMediaPath(const QString &name) const
 QString KTDatabaseBundle::placeInMediaFolder(const QString &name,
                                              const std::function<bool(KTStagedFile &)> &fill) const
 {
+    if (mediaPath(name).isNull())
+        return {};
     const auto target = [&] { return numberedMediaPath(name); };
     KTStagedFile file(mediaFolderPath());
-    return KTMediaNames::isFileName(name) && fill(file) ? file.place(target(), target) : QString();
+    return fill(file) ? file.place(target(), target) : QString();
 }
 
 QString KTDatabaseBundle::copyFilePathToMediaFolderAndReturnMediaPath(const QString &path) const

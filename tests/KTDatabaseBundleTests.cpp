@@ -372,6 +372,24 @@ TEST(DatabaseBundle, WithoutAMediaFolderNothingIsStored)
     EXPECT_FALSE(bundle.doesExist());
 }
 
+TEST(DatabaseBundle, ABundleAtNilIsNotTheCurrentFolder)
+{
+    const FileTree tree({{QStringLiteral("cwd"), true}});
+    tree.add(QStringLiteral("Contents/Resources/Media/a.0.png"));
+    tree.add(QStringLiteral("b.png"));
+    const QJsonObject before = tree.contents();
+    const KTDatabaseBundle bundle{QString()};
+    EXPECT_TRUE(bundle._contentsFolderPath().isNull());
+    EXPECT_TRUE(bundle.databaseFilePath().isNull());
+    EXPECT_TRUE(bundle.mediaFolderPath().isNull());
+    EXPECT_FALSE(bundle.buildDatabaseBundleOnDisk());
+    EXPECT_FALSE(bundle.isFileNameInMediaFolder(QStringLiteral("a.0.png")));
+    EXPECT_FALSE(bundle.deleteFileFromMediaFolder(QStringLiteral("a.0.png")));
+    const QString source = tree.path(QStringLiteral("b.png"));
+    EXPECT_TRUE(bundle.copyFilePathToMediaFolderAndReturnMediaPath(source).isNull());
+    EXPECT_EQ(tree.contents(), before);
+}
+
 TEST(DatabaseBundle, EmptyPicturesAreNil)
 {
     const BundleOnDisk bundle;

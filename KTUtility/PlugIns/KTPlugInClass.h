@@ -11,12 +11,12 @@
 /// The class derives from QObject, has a constructor without arguments, and has these public static
 /// functions; without one that is needed, or if one is declared otherwise, it does not compile:
 ///
-/// | function | sent |
-/// |---|---|
-/// | `void pluginDidLoadBundle(const NSBundle &bundle, QObject *updateHandler)` | before an
-/// instance is made, and when plug-ins are reloaded; may be left out | | `void pluginWillUnload()`
-/// | while the instance is still there | | `void pluginDidUnload()` | when the manager has let go
-/// of the instance, just before it goes |
+/// - `void pluginDidLoadBundle(const NSBundle &bundle, QObject *updateHandler)`: sent before an
+///   instance is made, and when plug-ins are reloaded; may be left out.
+/// - `void pluginWillUnload()`: sent while the instance is still there, also when plug-ins are
+///   reloaded.
+/// - `void pluginDidUnload()`: sent when the manager has let go of the instance, just before it
+///   goes.
 ///
 /// \code
 /// class CSVExporter : public QObject, public Exporter

@@ -139,19 +139,23 @@ TEST_F(ImportStoring, MediaThatCannotBeStoredAreListed)
 {
     const LoopbackServer silent([](int, const QByteArray &) {});
     tree.add(QStringLiteral("a.png"));
+    // A number makes this name longer than names may be.
+    const QByteArray longest = QByteArray(251, 'x') + ".png";
+    tree.add(QString::fromLatin1(longest));
     const QByteArray web = silent.url(QStringLiteral("/pic.jpg")).toUtf8();
-    const CommandResult result =
-        import("Picture\na.png\nnone.png\n" + web + "\nhttps://example.org/a.png\n",
-               {QStringLiteral("--media"), QStringLiteral("Picture")});
+    const CommandResult result = import("Picture\na.png\nnone.png\n" + longest + '\n' + web +
+                                            "\nhttps://example.org/a.png\n",
+                                        {QStringLiteral("--media"), QStringLiteral("Picture")});
     EXPECT_EQ(result.exitCode, 0);
-    EXPECT_TRUE(result.output.contains(u"kt_picture   media  1     3         0\n"));
+    EXPECT_TRUE(result.output.contains(u"kt_picture   media  1     4         0\n"));
     EXPECT_TRUE(result.output.contains(u"none.png"));
     EXPECT_TRUE(result.output.contains(u"there is no such file"));
+    EXPECT_TRUE(result.output.contains(u"it cannot be copied"));
     EXPECT_TRUE(result.output.contains(u"it cannot be downloaded"));
     EXPECT_TRUE(result.output.contains(u"it names no file"));
     // Nothing that was typed is lost.
     EXPECT_EQ(firstFieldsOf(QStringLiteral("Things")), u"cobblemedia://a.0.png,none.png," +
-                                                           QString::fromUtf8(web) +
+                                                           QString::fromUtf8(longest + ',' + web) +
                                                            u",https://example.org/a.png");
 }
 

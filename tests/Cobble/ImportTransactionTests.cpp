@@ -5,6 +5,10 @@
 
 #include <QElapsedTimer>
 
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
 using testing_support::FileTree;
 using testing_support::writeFile;
 
@@ -127,6 +131,83 @@ TEST_F(ImportTransactionTest, CleansUpAfterOneThatDied)
     EXPECT_EQ(libraryNames(), QStringList(QStringLiteral("one")));
 }
 
+TEST_F(ImportTransactionTest, ANameThatWasCutOffIsNoName)
+{
+    ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
+    // The disk was full in the middle of "notes.12".
+    writeFile(bundle.mediaFolderPath() + u"/notes.1", "the user's");
+    writeFile(bundle.mediaFolderPath() + u"/notes.", "the user's");
+    writeFile(bundle._resourcesFolderPath() + u"/ImportedMedia", "cobblemedia://notes.1");
+    ASSERT_TRUE(begin());
+    EXPECT_EQ(mediaNames(), QStringList({QStringLiteral("notes."), QStringLiteral("notes.1")}));
+}
+
+TEST_F(ImportTransactionTest, AListDeletesNothingThroughALink)
+{
+    ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
+    ASSERT_TRUE(QDir().rmdir(bundle.mediaFolderPath()));
+    tree.add(QStringLiteral("documents/letter"));
+    ASSERT_TRUE(QFile::link(tree.path(QStringLiteral("documents")), bundle.mediaFolderPath()));
+    writeFile(bundle._resourcesFolderPath() + u"/ImportedMedia", "cobblemedia://letter\n");
+    ASSERT_TRUE(begin());
+    EXPECT_TRUE(QFile::exists(tree.path(QStringLiteral("documents/letter"))));
+}
+
+TEST_F(ImportTransactionTest, ALinkInPlaceOfTheListIsNotFollowed)
+{
+    ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
+    const QString list = bundle._resourcesFolderPath() + u"/ImportedMedia";
+    ASSERT_TRUE(QFile::link(tree.path(QStringLiteral("a.png")), list));
+    const auto import = begin();
+    ASSERT_TRUE(import) << error.toStdString();
+    store(*import, QStringLiteral("one"));
+    EXPECT_TRUE(import->commit());
+    EXPECT_EQ(testing_support::contentsOf(tree.path(QStringLiteral("a.png"))), "picture");
+}
+
+TEST_F(ImportTransactionTest, APipeInPlaceOfTheListIsNotWaitedFor)
+{
+    ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
+    const QString list = bundle._resourcesFolderPath() + u"/ImportedMedia";
+    ASSERT_EQ(::mkfifo(QFile::encodeName(list).constData(), 0600), 0);
+    EXPECT_TRUE(begin());
+    EXPECT_FALSE(QFile::exists(list));
+}
+
+TEST_F(ImportTransactionTest, WhatOthersPutIntoANewBundleStays)
+{
+    {
+        const auto import = begin();
+        ASSERT_TRUE(import);
+        store(*import, QStringLiteral("one"));
+        writeFile(bundle.mediaFolderPath() + u"/b.0.png", "the user's");
+    }
+    EXPECT_EQ(mediaNames(), QStringList(QStringLiteral("b.0.png")));
+    EXPECT_FALSE(QFile::exists(bundle.databaseFilePath()));
+}
+
+TEST_F(ImportTransactionTest, MediaThatCannotBeListedAreNotStored)
+{
+    const auto import = begin();
+    ASSERT_TRUE(import);
+    const NSURL picture = *NSURL::fileURLWithPath(tree.path(QStringLiteral("a.png")));
+    struct rlimit before = {};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    // Room for the picture, not for its name.
+    const struct rlimit small = {rlim_t(10), before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    const std::optional<NSURL> none = import->storeMedia(picture);
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_FALSE(none.has_value());
+    EXPECT_TRUE(mediaNames().isEmpty());
+    EXPECT_EQ(testing_support::contentsOf(bundle._resourcesFolderPath() + u"/ImportedMedia"), "");
+    EXPECT_TRUE(import->storeMedia(picture).has_value());
+    EXPECT_EQ(testing_support::contentsOf(bundle._resourcesFolderPath() + u"/ImportedMedia"),
+              "cobblemedia://a.0.png\n");
+}
+
 TEST_F(ImportTransactionTest, FilesOfTheBundleAreNotCopiedAgain)
 {
     const auto import = begin();
@@ -137,6 +218,16 @@ TEST_F(ImportTransactionTest, FilesOfTheBundleAreNotCopiedAgain)
         import->storeMedia(*NSURL::URLWithString(QStringLiteral("cobblemedia://c.0.png"))));
     EXPECT_FALSE(import->storeMedia(*NSURL::URLWithString(QStringLiteral("https://a/b"))));
     EXPECT_EQ(mediaNames(), QStringList(QStringLiteral("b.0.png")));
+}
+
+TEST_F(ImportTransactionTest, ASlashBehindTheBundleIsNotPartOfItsName)
+{
+    const KTDatabaseBundle same = bundle;
+    bundle = KTDatabaseBundle(bundle.bundlePath() + u'/');
+    const auto import = begin();
+    ASSERT_TRUE(import) << error.toStdString();
+    EXPECT_EQ(ImportTransaction::begin(same, &error, 10), nullptr);
+    EXPECT_EQ(error, QStringLiteral("another import is running"));
 }
 
 TEST_F(ImportTransactionTest, PathsThatAreNoBundle)

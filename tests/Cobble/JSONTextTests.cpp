@@ -33,6 +33,14 @@ TEST(JSONText, Values)
               QStringLiteral("\"2008-03-04T00:06:00-05:00\""));
 }
 
+TEST(JSONText, DatesKeepTheirInstant)
+{
+    const QDateTime early(QDate(1880, 5, 5), QTime(10, 0, 45, 7), QTimeZone("America/New_York"));
+    const QString text = parsed(JSONText::of(early));
+    EXPECT_EQ(text, QStringLiteral("1880-05-05T10:00:47.007-04:56"));
+    EXPECT_EQ(QDateTime::fromString(text, Qt::ISODateWithMs), early);
+}
+
 TEST(JSONText, TextsComeBack)
 {
     for (const QString &text : {QStringLiteral(""), QStringLiteral("a\"b\\c/d\n\r\t\x01é😀"),

@@ -136,6 +136,63 @@ TEST_F(LibraryStoreTest, KnowsWhichMediaAreUsed)
     EXPECT_FALSE(store->refersToMedia(QStringLiteral("Ann")));
 }
 
+TEST_F(LibraryStoreTest, MediaThatMayBeUsedCountAsUsed)
+{
+    storeContacts();
+    const auto store = open();
+    ASSERT_TRUE(store->begin());
+    QSqlQuery(QSqlDatabase::database(QSqlDatabase::connectionNames().last()))
+        .exec(QStringLiteral("ALTER TABLE kt_contacts RENAME TO lost"));
+    EXPECT_TRUE(store->refersToMedia(QStringLiteral("cobblemedia://b")));
+    EXPECT_EQ(store->recordCount(contacts()), 0);
+    EXPECT_EQ(store->errorText(), QStringLiteral("no such table: kt_contacts"));
+    EXPECT_EQ(store->records(contacts()).errorText(), QStringLiteral("no such table: kt_contacts"));
+    EXPECT_EQ(store->libraries().size(), 1);
+    EXPECT_TRUE(store->errorText().isNull());
+}
+
+TEST_F(LibraryStoreTest, APageThatIsDamagedIsAnError)
+{
+    storeContacts();
+    QByteArray bytes = testing_support::contentsOf(bundle.databaseFilePath());
+    constexpr qsizetype PageSize = 4096;
+    ASSERT_GT(bytes.size(), PageSize);
+    // The first page says where everything is, and stays.
+    bytes.replace(PageSize, bytes.size() - PageSize, QByteArray(bytes.size() - PageSize, '\xAA'));
+    testing_support::writeFile(bundle.databaseFilePath(), bytes);
+    const auto store = open(LibraryStore::Mode::Existing);
+    ASSERT_TRUE(store) << error.toStdString();
+    EXPECT_TRUE(store->libraries().isEmpty());
+    EXPECT_EQ(store->errorText(), QStringLiteral("database disk image is malformed"));
+    EXPECT_EQ(store->reasonForNo(QStringLiteral("x")), store->errorText());
+    EXPECT_TRUE(store->refersToMedia(QStringLiteral("cobblemedia://b")));
+    EXPECT_FALSE(store->libraryNamed(QStringLiteral("Contacts")).has_value());
+}
+
+TEST_F(LibraryStoreTest, ASchemaThatIsDamagedIsAnError)
+{
+    storeContacts();
+    QByteArray bytes = testing_support::contentsOf(bundle.databaseFilePath());
+    bytes.replace("CREATE TABLE cobble_library", "CREATE FABLE cobble_library");
+    testing_support::writeFile(bundle.databaseFilePath(), bytes);
+    const auto store = open(LibraryStore::Mode::Existing);
+    ASSERT_TRUE(store) << error.toStdString();
+    EXPECT_TRUE(store->libraries().isEmpty());
+    EXPECT_TRUE(store->errorText().startsWith(u"malformed database schema"))
+        << store->errorText().toStdString();
+}
+
+TEST_F(LibraryStoreTest, ADatabaseWithoutACatalogueHasNoLibraries)
+{
+    testing_support::writeFile(bundle.databaseFilePath(), "");
+    const auto store = open(LibraryStore::Mode::Existing);
+    ASSERT_TRUE(store) << error.toStdString();
+    EXPECT_TRUE(store->libraries().isEmpty());
+    EXPECT_TRUE(store->errorText().isNull());
+    EXPECT_EQ(store->reasonForNo(QStringLiteral("x")), QStringLiteral("no library 'x'"));
+    EXPECT_FALSE(store->refersToMedia(QStringLiteral("cobblemedia://b")));
+}
+
 TEST_F(LibraryStoreTest, MissingAndDamagedDatabasesAreErrors)
 {
     EXPECT_EQ(open(LibraryStore::Mode::Existing), nullptr);

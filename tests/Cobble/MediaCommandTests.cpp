@@ -4,6 +4,9 @@
 #include "support/LoopbackServer.h"
 #include "support/TestSupport.h"
 
+#include <csignal>
+#include <sys/resource.h>
+
 using testing_support::contentsOf;
 using testing_support::FileTree;
 using testing_support::LoopbackServer;
@@ -57,6 +60,30 @@ TEST_F(MediaCommand, TheDefaultBundleIsMade)
     EXPECT_EQ(contentsOf(home + u"/.local/share/Cobble/cobble.cobbledb/Contents/Resources/Media/"
                                 u"a b.0.png"),
               "picture");
+}
+
+TEST_F(MediaCommand, ABundleMayBeNamedWithASlash)
+{
+    tree.add(QStringLiteral("Names.csv"), "Name\nAnn\n");
+    const QString path = bundle;
+    bundle += u'/';
+    const CommandResult result =
+        run({QStringLiteral("import"), tree.path(QStringLiteral("Names.csv"))});
+    EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
+    EXPECT_TRUE(result.output.endsWith(u" of " + path + u'\n'));
+    EXPECT_TRUE(QFile::exists(path + u"/Contents/Resources/Database"));
+}
+
+TEST_F(MediaCommand, ListsNamesThatBeginWithADot)
+{
+    tree.add(QStringLiteral(".png"), "hidden");
+    tree.add(QStringLiteral(".cobble-12"), "mine");
+    media({QStringLiteral("add"), tree.path(QStringLiteral(".png")),
+           tree.path(QStringLiteral(".cobble-12"))});
+    // What a copy that was interrupted leaves is no media.
+    testing_support::writeFile(folder + u".cobble-1234", "half");
+    EXPECT_EQ(media({QStringLiteral("list")}).output,
+              QStringLiteral("4  cobblemedia://.cobble-12.0\n6  cobblemedia://.png.0\n"));
 }
 
 TEST_F(MediaCommand, WhatCannotBeAddedIsToldAndTheRestIsAdded)
@@ -130,4 +157,32 @@ TEST_F(MediaCommand, UpgradeCopy)
         EXPECT_EQ(contentsOf(
                       tree.path(QString::fromUtf16(copy) + u"/Contents/Resources/Media/a b.0.png")),
                   "picture");
+}
+
+TEST_F(MediaCommand, ABundleThatCannotBeCopiedStaysInItsPlace)
+{
+    media({QStringLiteral("add"), tree.path(QStringLiteral("a b.png"))});
+    struct rlimit before = {};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const struct rlimit small = {rlim_t(3), before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    const CommandResult result = run({QStringLiteral("upgrade-copy")});
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.errors, u"cobble: " + tree.path(QStringLiteral("b_PreUpgrade.cobbledb")) +
+                                 u": the copy could not be made\n");
+    EXPECT_EQ(contentsOf(folder + u"a b.0.png"), "picture");
+    EXPECT_FALSE(QFile::exists(tree.path(QStringLiteral("b1Backup.cobbledb"))));
+}
+
+TEST_F(MediaCommand, WhatCannotBeDeletedIsNotCalledMissing)
+{
+    // Nobody, not even root, removes a file of "/proc".
+    media({QStringLiteral("add"), tree.path(QStringLiteral("a b.png"))});
+    QDir(folder).removeRecursively();
+    ASSERT_TRUE(QFile::link(QStringLiteral("/proc"), folder.chopped(1)));
+    EXPECT_EQ(media({QStringLiteral("delete"), QStringLiteral("version")}).errors,
+              QStringLiteral("cobble: version: it cannot be deleted\n"));
 }

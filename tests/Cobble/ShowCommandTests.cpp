@@ -98,6 +98,20 @@ TEST_F(ShowCommand, WhatCannotBeShown)
     EXPECT_EQ(none.errors, u"cobble: " + bundle + u": no library 'x\\ny'\n");
 }
 
+TEST_F(ShowCommand, ADamagedDatabaseIsNotAnEmptyOne)
+{
+    import(QStringLiteral("b.csv"), "Name\nAnn\n");
+    const QString path = bundle + u"/Contents/Resources/Database";
+    QByteArray bytes = testing_support::contentsOf(path);
+    bytes.replace(4096, bytes.size() - 4096, QByteArray(bytes.size() - 4096, '\xAA'));
+    testing_support::writeFile(path, bytes);
+    for (const QStringList &arguments : {QStringList(), QStringList{QStringLiteral("b")}}) {
+        const CommandResult result = show(arguments);
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_EQ(result.errors, u"cobble: " + bundle + u": database disk image is malformed\n");
+    }
+}
+
 TEST_F(ShowCommand, WrongUsage)
 {
     for (const QStringList &arguments :

@@ -79,6 +79,14 @@ TEST(StoredValue, DatesAreISOAndKeepTheirInstant)
     EXPECT_EQ(thereAndBack(FieldType::Date, precise).toDateTime(), precise);
 }
 
+TEST(StoredValue, DatesBeforeThereWereZonesKeepTheirInstant)
+{
+    // New York was 4:56:02 behind until 1883.
+    const QDateTime early(QDate(1880, 5, 5), QTime(10, 0, 45), QTimeZone("America/New_York"));
+    ASSERT_EQ(early.offsetFromUtc() % 60, -2);
+    EXPECT_EQ(thereAndBack(FieldType::DateTime, early).toDateTime(), early);
+}
+
 TEST(StoredValue, NilIsNil)
 {
     EXPECT_TRUE(StoredValue::forDatabase(QVariant()).isNull());

@@ -24,6 +24,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/StandardStreamsTests.cpp
     Cobble/StoredValueTests.cpp
     Cobble/TextFileTests.cpp
+    Cobble/ThrowingPlugInsTests.cpp
     Cobble/TypeInferenceTests.cpp
     Cobble/VCardTests.cpp
     # The parts of the plug-ins.
@@ -40,5 +41,18 @@ target_compile_definitions(CobbleTests PRIVATE
     COBBLE_EXECUTABLE="$<TARGET_FILE:cobble>"
     COBBLE_VERSION="${PROJECT_VERSION}"
     COBBLE_SAMPLES="${PROJECT_SOURCE_DIR}/examples/Cobble/Samples")
+# Plug-ins that fail when they are used.
+kt_add_plugin(ThrowingPlugIns
+    IDENTIFIER org.example.throwing
+    PRINCIPAL_CLASS ThrowingExporter
+    SOURCES Cobble/Modules/ThrowingPlugIns.cpp
+    OUTPUT_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/plugins")
+kt_configure_target(ThrowingPlugIns)
+set_target_properties(ThrowingPlugIns PROPERTIES AUTOMOC ON)
+target_include_directories(ThrowingPlugIns PRIVATE "${PROJECT_SOURCE_DIR}/examples/Cobble/Sources")
+target_compile_definitions(CobbleTests PRIVATE
+    COBBLE_THROWING_PLUGINS="$<TARGET_FILE:ThrowingPlugIns>")
+add_dependencies(CobbleTests ThrowingPlugIns)
+
 # They start it.
 add_dependencies(CobbleTests cobble CobbleResources TextExporter VCardImporter)

@@ -6,6 +6,8 @@
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
 
+#include <QElapsedTimer>
+
 using testing_support::contentsOf;
 using testing_support::FileTree;
 
@@ -84,6 +86,21 @@ TEST(VCardLine, QuotedPrintable)
               QStringLiteral("Müller"));
 }
 
+TEST(VCardLine, ManyFoldedLinesTakeNoLonger)
+{
+    constexpr int Count = 200'000;
+    QElapsedTimer timer;
+    timer.start();
+    const QString printable =
+        u"NOTE;ENCODING=QUOTED-PRINTABLE:=\n" + QStringLiteral("ab=\n").repeated(Count) + u"c\n";
+    EXPECT_EQ(VCardLine::linesOf(printable).first().value,
+              QStringLiteral("ab").repeated(Count) + u'c');
+    // Each of them could be the end of a name that asks for the same.
+    const QString nameless = u"NOTE\n" + QStringLiteral(" =\n").repeated(Count);
+    EXPECT_TRUE(VCardLine::linesOf(nameless).isEmpty());
+    EXPECT_LT(timer.elapsed(), 5000);
+}
+
 TEST(VCardLine, LinesThatAreNone)
 {
     for (const char16_t *text : {u"", u":", u"no colon", u";:"})
@@ -103,6 +120,16 @@ TEST(VCardTable, CardsBecomeRows)
     ASSERT_EQ(table.rows.size(), 2);
     EXPECT_EQ(table.rows[1],
               QStringList({QStringLiteral("Bob"), QString(), QStringLiteral("1985-04-12")}));
+}
+
+TEST(VCardTable, BirthdaysWithoutAYearAreNoNumbers)
+{
+    for (const QString &typed : {QStringLiteral("--0412"), QStringLiteral("--04-12")})
+        EXPECT_EQ(valueIn(tableOf(card(u"BDAY:" + typed + u"\r\n")), u"Birthday"),
+                  QStringLiteral("--04-12"));
+    for (const QString &typed : {QStringLiteral("-0412"), QStringLiteral("---12"),
+                                 QStringLiteral("1985-04"), QStringLiteral("in spring")})
+        EXPECT_EQ(valueIn(tableOf(card(u"BDAY:" + typed + u"\r\n")), u"Birthday"), typed);
 }
 
 TEST(VCardTable, NamesAddressesAndOrganizations)

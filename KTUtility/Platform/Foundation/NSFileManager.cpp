@@ -1,6 +1,7 @@
 #include "NSFileManager.h"
 
 #include "NSFileOperations_p.h"
+#include "NSPathUtilities.h"
 
 #include <QDir>
 #include <QFile>
@@ -46,7 +47,9 @@ bool NSFileManager::removeItemAtPath(const QString &path)
 {
     if (!NSCanBePath(path))
         return false;
+    // With a "/" at the end, a link would be the folder that it leads to.
+    const QString entry = NSString::stringByAppendingPathComponent(path, QString());
     std::error_code error;
-    const auto count = std::filesystem::remove_all(QFile::encodeName(path).toStdString(), error);
+    const auto count = std::filesystem::remove_all(QFile::encodeName(entry).toStdString(), error);
     return !error && count > 0;
 }

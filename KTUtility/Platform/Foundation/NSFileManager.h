@@ -41,7 +41,8 @@ KTUTILITY_EXPORT bool copyItemAtPath(const QString &path, const QString &toPath)
 /// another process makes something at \a toPath at the same moment.
 KTUTILITY_EXPORT bool moveItemAtPath(const QString &path, const QString &toPath);
 
-/// Removes a file, a link (not what it leads to), or a folder with all that it holds.
+/// Removes a file, a link (not what it leads to, also if "/" follows its name), or a folder with
+/// all that it holds.
 /// \return false if there is nothing, or if something could not be removed.
 KTUTILITY_EXPORT bool removeItemAtPath(const QString &path);
 } // namespace NSFileManager

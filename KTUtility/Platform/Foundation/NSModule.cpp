@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <dlfcn.h>
@@ -94,6 +95,22 @@ bool isWritableByOthers(const QString &folder)
            (status.st_mode & S_IWOTH) != 0;
 }
 
+/// The folders that a bundle is reached through: its own and, if it is a link, those of the links
+/// on the way to it. Who may write there decides what is loaded.
+QStringList foldersHolding(const QString &bundlePath)
+{
+    constexpr qsizetype MostLinks = 40;
+    QStringList folders;
+    // A "/" at the end would lead through the link.
+    QFileInfo entry(NSString::stringByAppendingPathComponent(bundlePath, QString()));
+    folders += entry.absolutePath();
+    while (entry.isSymLink() && folders.size() < MostLinks) {
+        entry = QFileInfo(entry.symLinkTarget());
+        folders += entry.absolutePath();
+    }
+    return folders;
+}
+
 /// Why the folders that lead to a file must not be trusted; nil if they may.
 QString refusalOfFolders(const QString &file, const QString &bundlePath)
 {
@@ -101,12 +118,13 @@ QString refusalOfFolders(const QString &file, const QString &bundlePath)
     if (bundle.isEmpty() || !file.startsWith(bundle + u'/'))
         return file + QStringLiteral(" lies outside of the bundle");
     const QString last = NSString::stringByDeletingLastPathComponent(bundle);
-    for (QString folder = file; folder != last;) {
+    QStringList folders;
+    for (QString folder = file; folder != last; folders += folder)
         folder = NSString::stringByDeletingLastPathComponent(folder);
-        if (isWritableByOthers(folder))
-            return folder + QStringLiteral(" is writable by others");
-    }
-    return {};
+    folders += foldersHolding(bundlePath);
+    const auto found = std::find_if(folders.cbegin(), folders.cend(), isWritableByOthers);
+    return found == folders.cend() ? QString()
+                                   : QString(*found + QStringLiteral(" is writable by others"));
 }
 
 QString refusalOf(const Descriptor &file, const QString &executable, const QString &bundlePath)

@@ -16,8 +16,8 @@ class NSModule
 {
 public:
     /// Opens the executable of a bundle. It is refused if it is no file, is incomplete, lies
-    /// outside of the bundle, or if others (the world) may write to it or to a folder from its own
-    /// up to the one that holds the bundle.
+    /// outside of the bundle, or if others (the world) may write to it, to a folder from its own
+    /// up to the one that holds the bundle, or to one that holds a link to the bundle.
     /// \param error receives why it cannot be opened.
     /// \return null if it cannot be opened.
     static std::unique_ptr<NSModule> open(const QString &executable, const QString &bundlePath,

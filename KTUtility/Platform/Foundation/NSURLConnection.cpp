@@ -20,13 +20,13 @@ using Headers = std::unique_ptr<curl_slist, FreeHeaders>;
 
 constexpr long MaximumRedirections = 16;
 
-/// Takes a part of the body; anything but \a size ends the transfer.
-size_t takePart(const char *part, size_t one, size_t size, void *body)
+/// Takes a part of the body, whose units are bytes; anything but \a size ends the transfer.
+size_t takePart(const char *part, size_t /*unit*/, size_t size, void *body)
 {
     QByteArray &data = *static_cast<QByteArray *>(body);
     if (size > size_t(NSURLConnection::MaximumSize - data.size()))
         return 0;
-    data.append(part, qsizetype(one * size));
+    data.append(part, qsizetype(size));
     return size;
 }
 
@@ -49,6 +49,8 @@ void setLimits(CURL *transfer, double timeoutInterval)
     const long milliseconds = std::max(1L, std::lround(timeoutInterval * 1000));
     curl_easy_setopt(transfer, CURLOPT_TIMEOUT_MS, milliseconds);
     curl_easy_setopt(transfer, CURLOPT_NOSIGNAL, 1L);
+    // Without it, the end of the transfer waits for a name server that does not answer.
+    curl_easy_setopt(transfer, CURLOPT_QUICK_EXIT, 1L);
     curl_easy_setopt(transfer, CURLOPT_MAXFILESIZE_LARGE, curl_off_t(NSURLConnection::MaximumSize));
     curl_easy_setopt(transfer, CURLOPT_PROTOCOLS_STR, "http");
     curl_easy_setopt(transfer, CURLOPT_REDIR_PROTOCOLS_STR, "http");

@@ -24,7 +24,9 @@ KTDatabaseBundle BundleOption::bundleIn(const QCommandLineParser &parser)
 {
     if (!parser.isSet(Name))
         return KTDatabaseBundle::defaultDatabaseBundle();
-    return KTDatabaseBundle(QFileInfo(parser.value(Name)).absoluteFilePath());
+    // Shells put a "/" behind the names of folders.
+    const QString path = QFileInfo(parser.value(Name)).absoluteFilePath();
+    return KTDatabaseBundle(NSString::stringByAppendingPathComponent(path, QString()));
 }
 
 void BundleOption::needFolderOf(const KTDatabaseBundle &bundle)

@@ -78,12 +78,12 @@ QString mistakeIn(const QCommandLineParser &parser)
 bool runExporter(CobbleExporter &exporter, CobbleRecordSource &records, const QString &fileType,
                  QIODevice *to, QString *error)
 {
-    try {
-        return exporter.exportRecords(records, fileType, to, error);
-    } catch (const std::exception &exception) {
-        *error = QStringLiteral("the exporter failed: %1").arg(QString::fromUtf8(exception.what()));
-        return false;
-    }
+    bool isDone = false;
+    const QString failure =
+        PlugIns::failureOf([&] { isDone = exporter.exportRecords(records, fileType, to, error); });
+    if (!failure.isNull())
+        *error = QStringLiteral("the exporter failed: %1").arg(failure);
+    return isDone;
 }
 
 ExitCode exportLibrary(LibraryStore &store, const Library &library, const QString &path,
@@ -123,7 +123,7 @@ ExitCode runExport(const QCommandLineParser &parser, CommandContext &context)
     const QString name = parser.positionalArguments().first();
     const std::optional<Library> library = store->libraryNamed(name);
     if (!library)
-        return context.fail(bundle.bundlePath(), QStringLiteral("no library '%1'").arg(name));
+        return context.fail(bundle.bundlePath(), store->reasonForNo(name));
     const LocaleScope scope(UserSettings::localeIn(parser));
     return exportLibrary(*store, *library, parser.value(ToOption), context);
 }

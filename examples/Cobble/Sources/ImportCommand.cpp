@@ -68,12 +68,13 @@ QString useImporter(const QString &path, ImportFile *file, std::optional<QChar> 
         return {};
     CobbleTable table;
     QString error;
-    try {
-        if (!importer->readTable(file->text, &table, &error))
-            return error;
-    } catch (const std::exception &exception) {
-        return QStringLiteral("the importer failed: %1").arg(QString::fromUtf8(exception.what()));
-    }
+    bool isRead = false;
+    const QString failure =
+        PlugIns::failureOf([&] { isRead = importer->readTable(file->text, &table, &error); });
+    if (!failure.isNull())
+        return QStringLiteral("the importer failed: %1").arg(failure);
+    if (!isRead)
+        return error.isNull() ? QStringLiteral("the importer failed") : error;
     file->text = separatedText(table);
     file->extracted = table.files;
     for (qsizetype column = 0; column < table.typeNames.size(); ++column) {

@@ -5,6 +5,9 @@
 #include <KTUtility/Platform/Foundation/NSFileManager.h>
 #include <KTUtility/Platform/Foundation/NSPathUtilities.h>
 
+#include <QDir>
+#include <QFileInfo>
+
 std::unique_ptr<ImportTransaction> ImportTransaction::begin(const KTDatabaseBundle &bundle,
                                                             QString *error, int patience)
 {
@@ -12,8 +15,14 @@ std::unique_ptr<ImportTransaction> ImportTransaction::begin(const KTDatabaseBund
     return transaction->prepare(error, patience) ? std::move(transaction) : nullptr;
 }
 
+/// The lock lies beside the bundle, also if its path ends with "/".
+QString ImportTransaction::lockPath() const
+{
+    return NSString::stringByAppendingPathComponent(_bundle.bundlePath(), QString()) + u".lock";
+}
+
 ImportTransaction::ImportTransaction(const KTDatabaseBundle &bundle)
-    : _bundle(bundle), _lock(bundle.bundlePath() + u".lock"), _mediaList(mediaListPath())
+    : _bundle(bundle), _lock(lockPath()), _mediaList(mediaListPath())
 {
     // A lock is stale when its process is gone, however long an import takes.
     _lock.setStaleLockTime(0);
@@ -60,9 +69,17 @@ bool ImportTransaction::prepare(QString *error, int patience)
         *error = _store->errorText();
         return false;
     }
-    removeMediaInList(false);
-    _isListing =
-        _mediaList.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered);
+    // A bundle from elsewhere may bring a list, and a link to a folder of the user's.
+    if (!QFileInfo(_bundle.mediaFolderPath()).isSymLink())
+        removeMediaInList(false);
+    return beginList(error);
+}
+
+/// Makes the list anew: a link in its place must not lead to another file.
+bool ImportTransaction::beginList(QString *error)
+{
+    _mediaList.remove();
+    _isListing = _mediaList.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered);
     if (!_isListing)
         *error = _mediaList.errorString();
     return _isListing;
@@ -75,9 +92,29 @@ std::optional<NSURL> ImportTransaction::storeMedia(const NSURL &url)
         return NSFileManager::fileExistsAtPath(path) ? std::optional(url) : std::nullopt;
     }
     const std::optional<NSURL> stored = _bundle.storeFileFromURL(url);
-    if (stored)
-        _mediaList.write(stored->absoluteString().toLatin1() + '\n');
-    return stored;
+    if (!stored || addToList(*stored))
+        return stored;
+    // What is not in the list could not be taken back.
+    removeMedia(*stored);
+    return std::nullopt;
+}
+
+/// \return false if the disk is full; then the list is as it was.
+bool ImportTransaction::addToList(const NSURL &url)
+{
+    const QByteArray line = url.absoluteString().toLatin1() + '\n';
+    const qint64 size = _mediaList.size();
+    if (_mediaList.write(line) == line.size())
+        return true;
+    _mediaList.resize(size);
+    _mediaList.seek(size);
+    return false;
+}
+
+void ImportTransaction::removeMedia(const NSURL &url) const
+{
+    _bundle.deleteFileFromMediaFolder(
+        NSString::lastPathComponent(_bundle.filePathFromMediaUrl(url)));
 }
 
 bool ImportTransaction::commit()
@@ -93,30 +130,39 @@ bool ImportTransaction::commit()
 void ImportTransaction::removeMediaInList(bool evenIfUsed)
 {
     QFile list(mediaListPath());
-    if (!list.open(QIODevice::ReadOnly))
+    if (!QFileInfo(list).isFile() || !list.open(QIODevice::ReadOnly))
         return;
-    while (!list.atEnd()) {
-        const QString text = QString::fromLatin1(list.readLine().chopped(1));
+    // A last line that was cut off would name another file.
+    for (QByteArray line = list.readLine(); line.endsWith('\n'); line = list.readLine()) {
+        const QString text = QString::fromLatin1(line.chopped(1));
         const std::optional<NSURL> url = NSURL::URLWithString(text);
         if (url && (evenIfUsed || !_store->refersToMedia(text)))
-            _bundle.deleteFileFromMediaFolder(
-                NSString::lastPathComponent(_bundle.filePathFromMediaUrl(*url)));
+            removeMedia(*url);
     }
 }
 
 void ImportTransaction::takeBack()
 {
-    if (_store)
-        _store->rollback();
+    // First, while the database keeps others from making a list of their own.
     if (_isListing) {
         removeMediaInList(true);
         _mediaList.remove();
     }
+    if (_store)
+        _store->rollback();
     _store.reset();
     if (!_lock.isLocked())
         return;
     if (_isNewDatabase)
         NSFileManager::removeItemAtPath(_bundle.databaseFilePath());
     if (_isNewBundle)
-        _bundle.removeDatabaseBundleOnDisk();
+        removeEmptyBundle();
+}
+
+/// Removes the folders that were made, except those that hold what another process has put there.
+void ImportTransaction::removeEmptyBundle() const
+{
+    for (const QString &folder : {_bundle.mediaFolderPath(), _bundle._resourcesFolderPath(),
+                                  _bundle._contentsFolderPath(), _bundle.bundlePath()})
+        QDir().rmdir(folder);
 }

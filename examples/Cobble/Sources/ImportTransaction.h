@@ -41,9 +41,14 @@ public:
 private:
     explicit ImportTransaction(const KTDatabaseBundle &bundle);
     bool prepare(QString *error, int patience);
+    QString lockPath() const;
     QString mediaListPath() const;
+    bool beginList(QString *error);
+    bool addToList(const NSURL &url);
+    void removeMedia(const NSURL &url) const;
     void removeMediaInList(bool evenIfUsed);
     void takeBack();
+    void removeEmptyBundle() const;
 
     bool lock(QString *error, int patience);
 

@@ -5,6 +5,7 @@
 #include <KTUtility/Additions/NSArray_KTAdditions.h>
 #include <KTUtility/Additions/NSString_KTNaming.h>
 #include <KTUtility/Formatters/KTCurrencyFormatter.h>
+#include <KTUtility/Platform/Foundation/NSFileManager.h>
 
 namespace {
 LibraryField fieldFor(const ImportColumn &column)
@@ -48,15 +49,17 @@ LibraryImport::LibraryImport(ImportTransaction &transaction, const ImportSchema 
 bool LibraryImport::removeOther()
 {
     const std::optional<Library> other = _transaction.store().libraryNamed(_library.name);
-    return !other || _transaction.store().remove(*other);
+    return other ? _transaction.store().remove(*other) : errorText().isNull();
 }
 
-void LibraryImport::makeNamesUnique()
+/// \return false if the other names cannot be read.
+bool LibraryImport::makeNamesUnique()
 {
     const QList<Library> others = _transaction.store().libraries();
     _library.name = KTAdditions::uniqueStringWithBase(others, _library.name);
     _library.tableName = KTAdditions::internalCaseInsensitiveUniqueStringWithBase(
         others, _library.tableName, QStringLiteral("tableName"));
+    return errorText().isNull();
 }
 
 bool LibraryImport::begin(const std::vector<std::unique_ptr<FieldReader>> &readers)
@@ -68,8 +71,7 @@ bool LibraryImport::begin(const std::vector<std::unique_ptr<FieldReader>> &reade
     }
     if (_replaces && !removeOther())
         return false;
-    makeNamesUnique();
-    return _transaction.store().create(_library);
+    return makeNamesUnique() && _transaction.store().create(_library);
 }
 
 FieldReading LibraryImport::storeMedia(const QString &text)
@@ -80,8 +82,11 @@ FieldReading LibraryImport::storeMedia(const QString &text)
     const std::optional<NSURL> stored = _transaction.storeMedia(*url);
     if (stored)
         return {true, stored->absoluteString(), {}, {}};
-    return notStored(url->scheme() == u"http" ? QStringLiteral("it cannot be downloaded")
-                                              : QStringLiteral("there is no such file"));
+    if (url->scheme() == u"http")
+        return notStored(QStringLiteral("it cannot be downloaded"));
+    return notStored(NSFileManager::fileExistsAtPath(url->path())
+                         ? QStringLiteral("it cannot be copied")
+                         : QStringLiteral("there is no such file"));
 }
 
 bool LibraryImport::addRow(const QVariantList &values)

@@ -26,7 +26,7 @@ public:
 
 private:
     bool removeOther();
-    void makeNamesUnique();
+    bool makeNamesUnique();
 
     ImportTransaction &_transaction;
     QString _folder;

@@ -135,6 +135,14 @@ bool LibraryStore::hasKnownVersion()
     return true;
 }
 
+bool LibraryStore::run(const QString &statement, QSqlQuery &query)
+{
+    if (query.prepare(statement))
+        return run(query);
+    _errorText = reasonOf(query.lastError());
+    return false;
+}
+
 bool LibraryStore::run(QSqlQuery &query)
 {
     if (query.exec())
@@ -169,18 +177,41 @@ QList<LibraryField> LibraryStore::fieldsOf(const QString &tableName)
                                  "cobble_field WHERE table_name = ? ORDER BY position"));
     query.addBindValue(tableName);
     QList<LibraryField> fields;
-    for (run(query); query.next();)
+    for (run(query); goToNext(query);)
         fields += fieldIn(query);
     return fields;
 }
 
+/// Whether there is a catalogue; not in a database that nothing was stored in yet.
+bool LibraryStore::hasCatalogue()
+{
+    QSqlQuery query(_database);
+    return run(QStringLiteral("SELECT 1 FROM sqlite_master WHERE type = 'table' AND "
+                              "name = 'cobble_library'"),
+               query) &&
+           goToNext(query);
+}
+
+/// \return false at the end, and if the database cannot be read.
+bool LibraryStore::goToNext(QSqlQuery &query)
+{
+    const bool hasNext = query.next();
+    if (query.lastError().isValid())
+        _errorText = reasonOf(query.lastError());
+    return hasNext;
+}
+
 QList<Library> LibraryStore::libraries()
 {
+    _errorText = QString();
     QList<Library> libraries;
     QSqlQuery query(_database);
-    query.exec(QStringLiteral("SELECT name, library_entity, entity, table_name FROM cobble_library "
-                              "ORDER BY name COLLATE NOCASE"));
-    while (query.next()) {
+    if (!hasCatalogue() ||
+        !run(QStringLiteral("SELECT name, library_entity, entity, table_name FROM cobble_library "
+                            "ORDER BY name COLLATE NOCASE"),
+             query))
+        return {};
+    while (goToNext(query)) {
         Library library;
         library.name = query.value(0).toString();
         library.libraryEntityName = query.value(1).toString();
@@ -189,7 +220,7 @@ QList<Library> LibraryStore::libraries()
         library.fields = fieldsOf(library.tableName);
         libraries += library;
     }
-    return libraries;
+    return _errorText.isNull() ? libraries : QList<Library>();
 }
 
 std::optional<Library> LibraryStore::libraryNamed(const QString &name)
@@ -205,38 +236,54 @@ std::optional<Library> LibraryStore::libraryNamed(const QString &name)
     return std::nullopt;
 }
 
+QString LibraryStore::reasonForNo(const QString &name) const
+{
+    return _errorText.isNull() ? QStringLiteral("no library '%1'").arg(name) : _errorText;
+}
+
 qint64 LibraryStore::recordCount(const Library &library)
 {
     QSqlQuery query(_database);
-    query.exec(u"SELECT count(*) FROM " + quoted(library.tableName));
-    return query.next() ? query.value(0).toLongLong() : 0;
+    const bool isCounted = run(u"SELECT count(*) FROM " + quoted(library.tableName), query);
+    return isCounted && goToNext(query) ? query.value(0).toLongLong() : 0;
 }
 
 RecordCursor LibraryStore::records(const Library &library, qint64 limit)
 {
     QSqlQuery query(_database);
     query.setForwardOnly(true);
-    query.prepare(u"SELECT " + columnsOf(library) + u" FROM " + quoted(library.tableName) +
-                  u" ORDER BY id LIMIT ?");
-    query.addBindValue(limit);
-    run(query);
+    if (query.prepare(u"SELECT " + columnsOf(library) + u" FROM " + quoted(library.tableName) +
+                      u" ORDER BY id LIMIT ?")) {
+        query.addBindValue(limit);
+        run(query);
+    }
     return {std::move(query), library};
 }
 
 bool LibraryStore::refersToMedia(const QString &url)
 {
     const QList<Library> all = libraries();
+    if (!_errorText.isNull())
+        return true;
     for (const Library &library : all) {
         for (const LibraryField &field : library.fields) {
-            QSqlQuery query(_database);
-            query.prepare(u"SELECT 1 FROM " + quoted(library.tableName) + u" WHERE " +
-                          quoted(field.columnName) + u" = ? LIMIT 1");
-            query.addBindValue(url);
-            if (field.type == FieldType::Media && run(query) && query.next())
+            if (field.type == FieldType::Media && mayHold(library.tableName, field.columnName, url))
                 return true;
         }
     }
     return false;
+}
+
+/// Whether a column has a value, or cannot be searched.
+bool LibraryStore::mayHold(const QString &tableName, const QString &columnName,
+                           const QString &value)
+{
+    QSqlQuery query(_database);
+    if (!query.prepare(u"SELECT 1 FROM " + quoted(tableName) + u" WHERE " + quoted(columnName) +
+                       u" = ? LIMIT 1"))
+        return true;
+    query.addBindValue(value);
+    return !run(query) || query.next() || query.lastError().isValid();
 }
 
 bool LibraryStore::begin()

@@ -59,14 +59,20 @@ public:
     LibraryStore(const LibraryStore &) = delete;
     LibraryStore &operator=(const LibraryStore &) = delete;
 
-    /// All libraries, by name.
+    /// All libraries, by name. None if the database cannot be read; errorText(), which is nil
+    /// otherwise, tells.
     QList<Library> libraries();
-    /// The library with a name; if no other, the one whose name differs in case only.
+    /// The library with a name; if no other, the one whose name differs in case only. None also as
+    /// for libraries().
     std::optional<Library> libraryNamed(const QString &name);
+    /// Why libraryNamed() has just found none, for a person to read.
+    QString reasonForNo(const QString &name) const;
+    /// 0 also if the table cannot be read; then errorText() tells.
     qint64 recordCount(const Library &library);
     /// \param limit the most records that are wanted; all if negative.
     RecordCursor records(const Library &library, qint64 limit = -1);
-    /// Whether any library has the value in a field of media.
+    /// Whether any library has the value in a field of media; true also if that cannot be found
+    /// out, as files that are in use must stay.
     bool refersToMedia(const QString &url);
 
     /// Begins to write; nobody else can until commit() or rollback().
@@ -86,6 +92,10 @@ private:
     bool connect();
     bool hasKnownVersion();
     bool makeCatalogue();
+    bool hasCatalogue();
+    bool goToNext(QSqlQuery &query);
+    bool mayHold(const QString &tableName, const QString &columnName, const QString &value);
+    bool run(const QString &statement, QSqlQuery &query);
     bool run(QSqlQuery &query);
     bool run(const QString &statement);
     QList<LibraryField> fieldsOf(const QString &tableName);

@@ -5,6 +5,7 @@
 #include "MediaReference.h"
 #include "Usage.h"
 
+#include <KTUtility/Additions/NSString_KTAdditions.h>
 #include <KTUtility/Platform/Foundation/NSFileManager.h>
 #include <KTUtility/Platform/Foundation/NSPathUtilities.h>
 
@@ -14,6 +15,12 @@
 namespace {
 const QString HelpOption = QStringLiteral("help");
 
+/// Whether it is what an interrupted copy has left; stored files have a number behind a dot.
+bool isUnfinished(const QFileInfo &file)
+{
+    return file.fileName().startsWith(u".cobble-") && file.fileName().lastIndexOf(u'.') == 0;
+}
+
 ExitCode listMedia(const KTDatabaseBundle &bundle, CommandContext &context)
 {
     const QDir folder(bundle.mediaFolderPath());
@@ -21,10 +28,11 @@ ExitCode listMedia(const KTDatabaseBundle &bundle, CommandContext &context)
         return context.fail(bundle.bundlePath(), QStringLiteral("there is no media folder"));
     AlignedTable table;
     const QFileInfoList files =
-        folder.entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name);
+        folder.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
     for (const QFileInfo &file : files) {
         const auto url = bundle.mediaUrlFromFilePath(file.filePath());
-        table.addRow({QString::number(file.size()), url ? url->absoluteString() : QString()});
+        if (url && !isUnfinished(file))
+            table.addRow({QString::number(file.size()), url->absoluteString()});
     }
     table.print(context.out());
     return ExitCode::Success;
@@ -62,10 +70,12 @@ bool deleteMedia(const KTDatabaseBundle &bundle, const QString &text, CommandCon
     const bool isURL = url && bundle.isMediaURL(*url);
     const QString name =
         isURL ? NSString::lastPathComponent(bundle.filePathFromMediaUrl(*url)) : text;
-    const bool isDeleted = bundle.deleteFileFromMediaFolder(name);
-    if (!isDeleted)
-        context.warn(text, QStringLiteral("there is no such media file"));
-    return isDeleted;
+    if (bundle.deleteFileFromMediaFolder(name))
+        return true;
+    context.warn(text, bundle.isFileNameInMediaFolder(name)
+                           ? QStringLiteral("it cannot be deleted")
+                           : QStringLiteral("there is no such media file"));
+    return false;
 }
 
 ExitCode runForEach(const QStringList &texts, Action action, const KTDatabaseBundle &bundle,
@@ -105,6 +115,13 @@ ExitCode runMedia(const QCommandLineParser &parser, CommandContext &context)
     return runForEach(words, action, bundle, context);
 }
 
+/// Where a bundle is moved to before it is copied.
+QString asidePathOf(const KTDatabaseBundle &bundle)
+{
+    return KTAdditions::uniqueFilePathForFilePath(
+        KTAdditions::stringByAppendingToFilename(bundle.bundlePath(), QStringLiteral("1Backup")));
+}
+
 ExitCode copyForUpgrade(const QCommandLineParser &parser, CommandContext &context)
 {
     if (!parser.positionalArguments().isEmpty())
@@ -112,9 +129,13 @@ ExitCode copyForUpgrade(const QCommandLineParser &parser, CommandContext &contex
     const KTDatabaseBundle bundle = BundleOption::bundleIn(parser);
     if (!bundle.doesExist())
         return context.fail(bundle.bundlePath(), QStringLiteral("there is no database bundle"));
+    const QString aside = asidePathOf(bundle);
     const QString copy = bundle.moveDatabaseToPreUpgradePath();
-    if (!NSFileManager::fileExistsAtPath(copy))
+    if (!NSFileManager::fileExistsAtPath(copy)) {
+        // Where nothing can be upgraded, the bundle must not seem lost.
+        NSFileManager::moveItemAtPath(aside, bundle.bundlePath());
         return context.fail(copy, QStringLiteral("the copy could not be made"));
+    }
     context.out() << printableText(copy) << '\n';
     return ExitCode::Success;
 }

@@ -37,12 +37,21 @@ QList<Interface *> loadedIn(const KTPlugInManager &manager)
     return plugIns;
 }
 
+/// The extensions that a plug-in is for; none if it does not say.
+template<typename Interface>
+QStringList fileTypesOf(const Interface *plugIn)
+{
+    QStringList types;
+    PlugIns::failureOf([&] { types = plugIn->fileTypes(); });
+    return types;
+}
+
 template<typename Interface>
 Interface *plugInFor(const KTPlugInManager &manager, const QString &fileType)
 {
     const QList<Interface *> plugIns = loadedIn<Interface>(manager);
     const auto found = std::find_if(plugIns.begin(), plugIns.end(), [&](Interface *plugIn) {
-        return plugIn->fileTypes().contains(fileType);
+        return fileTypesOf(plugIn).contains(fileType);
     });
     return found == plugIns.end() ? nullptr : *found;
 }
@@ -57,6 +66,18 @@ PlugIns::PlugIns()
             ExportersKey);
     prepare(_importers, NSProtocol::of<CobbleImporter>(), QStringLiteral("Importers"),
             ImportersKey);
+}
+
+QString PlugIns::failureOf(const std::function<void()> &code)
+{
+    try {
+        code();
+        return {};
+    } catch (const std::exception &exception) {
+        return QString::fromUtf8(exception.what());
+    } catch (...) {
+        return QStringLiteral("it threw something that is no std::exception");
+    }
 }
 
 CobbleExporter *PlugIns::exporterFor(const QString &fileType) const
@@ -74,7 +95,7 @@ QStringList PlugIns::exportedTypes() const
     QStringList types;
     const QList<CobbleExporter *> exporters = loadedIn<CobbleExporter>(_exporters);
     for (const CobbleExporter *exporter : exporters)
-        types += exporter->fileTypes();
+        types += fileTypesOf(exporter);
     types.sort();
     types.removeDuplicates();
     return types;

@@ -5,6 +5,8 @@
 
 #include <KTUtility/PlugIns/KTPlugInManager.h>
 
+#include <functional>
+
 /// The plug-ins of the host: a manager for exporters and one for importers, with everything loaded
 /// that is enabled. The plug-ins that come with the host are enabled until someone disables them.
 ///
@@ -27,6 +29,10 @@ public:
 
     /// The managers with what they are for, "exporter" and "importer".
     QList<std::pair<QString, KTPlugInManager *>> managers();
+
+    /// Runs code of a plug-in.
+    /// \return what it threw, for a person to read; nil if it threw nothing.
+    static QString failureOf(const std::function<void()> &code);
 
 private:
     KTPlugInManager _exporters;

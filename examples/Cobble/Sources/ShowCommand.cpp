@@ -35,15 +35,18 @@ QString mistakeIn(const QCommandLineParser &parser)
                             : mistake;
 }
 
-ExitCode showLibraries(LibraryStore &store, CommandContext &context)
+ExitCode showLibraries(LibraryStore &store, const QString &bundlePath, CommandContext &context)
 {
     AlignedTable table;
     table.addRow({QStringLiteral("Library"), QStringLiteral("Table"), QStringLiteral("Fields"),
                   QStringLiteral("Records")});
     const QList<Library> libraries = store.libraries();
+    // Of tables that cannot be read, the last one is told.
     for (const Library &library : libraries)
         table.addRow({library.name, library.tableName, QString::number(library.fields.size()),
                       QString::number(store.recordCount(library))});
+    if (!store.errorText().isNull())
+        return context.fail(bundlePath, store.errorText());
     table.print(context.out());
     return ExitCode::Success;
 }
@@ -79,11 +82,11 @@ ExitCode show(const QCommandLineParser &parser, CommandContext &context)
     if (!store)
         return context.fail(bundle.bundlePath(), error);
     if (parser.positionalArguments().isEmpty())
-        return showLibraries(*store, context);
+        return showLibraries(*store, bundle.bundlePath(), context);
     const QString name = parser.positionalArguments().first();
     const std::optional<Library> library = store->libraryNamed(name);
     if (!library)
-        return context.fail(bundle.bundlePath(), QStringLiteral("no library '%1'").arg(name));
+        return context.fail(bundle.bundlePath(), store->reasonForNo(name));
     const LocaleScope scope(UserSettings::localeIn(parser));
     return showRecords(*store, *library, *limitIn(parser), context);
 }

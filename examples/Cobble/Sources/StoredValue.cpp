@@ -1,6 +1,7 @@
 #include "StoredValue.h"
 
-#include <KTUtility/Platform/Foundation/NSCalendar.h>
+#include "ISODateText.h"
+
 #include <KTUtility/Platform/Foundation/NSDecimalNumber.h>
 #include <KTUtility/Platform/Foundation/NSObject.h>
 
@@ -69,14 +70,6 @@ QVariant dateFrom(const QVariant &stored)
     const QDateTime date = QDateTime::fromString(text, Qt::ISODateWithMs);
     return form.match(text).hasMatch() && date.isValid() ? QVariant(date) : QVariant(text);
 }
-
-QVariant forDate(const QDateTime &date)
-{
-    const QDateTime zoned = date.toTimeZone(NSCalendar::systemTimeZone());
-    const QDateTime local = date.toOffsetFromUtc(zoned.offsetFromUtc());
-    const bool isWhole = local.time().msec() == 0;
-    return local.toString(isWhole ? Qt::ISODate : Qt::ISODateWithMs);
-}
 } // namespace
 
 QVariant StoredValue::forDatabase(const QVariant &value)
@@ -86,7 +79,7 @@ QVariant StoredValue::forDatabase(const QVariant &value)
     if (NSObject::isNumber(value))
         return forNumber(value);
     if (value.metaType() == QMetaType::fromType<QDateTime>())
-        return forDate(value.toDateTime());
+        return isoDateText(value.toDateTime());
     return value.toString();
 }
 

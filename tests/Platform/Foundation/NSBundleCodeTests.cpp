@@ -291,6 +291,21 @@ TEST(NSBundleCode, ALinkToABundleIsThatBundle)
     EXPECT_EQ(loadError(link), home + u"/real is writable by others");
 }
 
+TEST(NSBundleCode, ALinkThatOthersMayChangeIsNotFollowed)
+{
+    const QString home = useFreshHome();
+    const QString path = makeGoodBundle(home + QStringLiteral("/real"));
+    const QString open = home + u"/open";
+    const QString link = open + u"/Link.bundle";
+    const QString linkToLink = home + u"/Link.bundle";
+    ASSERT_TRUE(QDir().mkdir(open) && QFile::link(path, link) && QFile::link(link, linkToLink));
+    EXPECT_TRUE(NSBundle(linkToLink).load());
+    setMode(open, 0777);
+    for (const QString &way : {link, QString(link + u'/'), linkToLink})
+        EXPECT_EQ(loadError(way), open + u" is writable by others");
+    EXPECT_TRUE(NSBundle(path).load());
+}
+
 TEST(NSBundleCode, APipeInPlaceOfTheCodeIsRefusedAtOnce)
 {
     const QString path = makeBundle(useFreshHome(), QStringLiteral("Pipe"),

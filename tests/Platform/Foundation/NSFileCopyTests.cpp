@@ -170,6 +170,11 @@ TEST_F(FileOperations, RemovesFoldersButNotWhatLinksLeadTo)
     EXPECT_FALSE(QFile::exists(at("folder")));
     EXPECT_TRUE(QFile::exists(at("outside/kept")));
     EXPECT_FALSE(removeItemAtPath(at("folder")));
+    // A "/" at the end is not part of the name.
+    QFile::link(at("outside"), at("link"));
+    EXPECT_TRUE(removeItemAtPath(at("link//")));
+    EXPECT_FALSE(QFileInfo(at("link")).isSymLink());
+    EXPECT_TRUE(QFile::exists(at("outside/kept")));
 }
 
 TEST_F(FileOperations, HostilePathsAreRefused)

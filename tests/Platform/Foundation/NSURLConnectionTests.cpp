@@ -4,17 +4,45 @@
 #include "support/TestSupport.h"
 
 #include <QElapsedTimer>
+#include <QSemaphore>
+
+#include <dlfcn.h>
+#include <netdb.h>
 
 using testing_support::LoopbackServer;
 
 namespace {
 constexpr double Soon = 0.2;
 
+/// A name that is looked up until the test has seen enough, in milliseconds at most.
+const QString SilentHost = QStringLiteral("silent.test");
+constexpr int LongestSilence = 4000;
+QSemaphore answersWanted;
+QSemaphore answersGiven;
+
+int answerWhenWanted()
+{
+    answersWanted.tryAcquire(1, LongestSilence);
+    answersGiven.release();
+    return EAI_AGAIN;
+}
+
 std::optional<QByteArray> get(const QString &url, double timeout = 5)
 {
     return NSURLConnection::sendSynchronousRequest(*NSURL::URLWithString(url), timeout);
 }
 } // namespace
+
+/// Stands before the system's own function, for one name.
+extern "C" __attribute__((visibility("default"))) int
+getaddrinfo(const char *name, const char *service, const addrinfo *hints, addrinfo **result)
+{
+    if (name && QLatin1String(name) == SilentHost)
+        return answerWhenWanted();
+    static const auto next =
+        reinterpret_cast<decltype(&getaddrinfo)>(::dlsym(RTLD_NEXT, "getaddrinfo"));
+    return next(name, service, hints, result);
+}
 
 TEST(NSURLConnection, GivesTheBody)
 {
@@ -96,6 +124,16 @@ TEST(NSURLConnection, AnswersThatNeverComeAreNothing)
     EXPECT_FALSE(get(server.url(QStringLiteral("/a")), Soon).has_value());
     EXPECT_GE(timer.elapsed(), 190);
     EXPECT_LT(timer.elapsed(), 5000);
+}
+
+TEST(NSURLConnection, ANameServerThatNeverAnswersIsNotWaitedFor)
+{
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_FALSE(get(u"http://" + SilentHost + u"/a", Soon).has_value());
+    EXPECT_LT(timer.elapsed(), LongestSilence);
+    answersWanted.release();
+    EXPECT_TRUE(answersGiven.tryAcquire(1, LongestSilence));
 }
 
 TEST(NSURLConnection, TheTimeIsThatOfTheWholeDownload)

@@ -1,6 +1,7 @@
 #include "JSONText.h"
 
-#include <KTUtility/Platform/Foundation/NSCalendar.h>
+#include "ISODateText.h"
+
 #include <KTUtility/Platform/Foundation/NSDecimalNumber.h>
 #include <KTUtility/Platform/Foundation/NSObject.h>
 
@@ -55,12 +56,6 @@ QString numberText(const QVariant &number)
     const NSDecimalNumber decimal = NSDecimalNumber::decimalNumberWithNumber(number);
     return decimal.isNaN() ? QStringLiteral("null") : decimal.description();
 }
-
-QString dateText(const QDateTime &date)
-{
-    const QDateTime zoned = date.toTimeZone(NSCalendar::systemTimeZone());
-    return date.toOffsetFromUtc(zoned.offsetFromUtc()).toString(Qt::ISODate);
-}
 } // namespace
 
 QString JSONText::of(const QVariant &value)
@@ -70,6 +65,6 @@ QString JSONText::of(const QVariant &value)
     if (NSObject::isNumber(value))
         return numberText(value);
     if (value.metaType() == QMetaType::fromType<QDateTime>())
-        return quoted(dateText(value.toDateTime()));
+        return quoted(isoDateText(value.toDateTime()));
     return quoted(value.toString());
 }

@@ -52,9 +52,12 @@ QStringList unescapedParts(const QString &value, bool splits)
     return parts;
 }
 
+/// Looks at the beginning only: it is asked again for each line that is put to a value.
 bool isQuotedPrintable(const QString &line)
 {
-    return line.left(colonIn(line)).contains(u"QUOTED-PRINTABLE", Qt::CaseInsensitive);
+    constexpr qsizetype LongestHead = 1000;
+    const QString head = line.left(LongestHead);
+    return head.left(colonIn(head)).contains(u"QUOTED-PRINTABLE", Qt::CaseInsensitive);
 }
 
 /// "=C3=BC" are the bytes of "ü", in the set of characters that the line names.
@@ -79,7 +82,7 @@ QStringList unfolded(const QString &text)
         const bool isSoftBreak =
             !lines.isEmpty() && lines.last().endsWith(u'=') && isQuotedPrintable(lines.last());
         if (isSoftBreak)
-            lines.last() = lines.last().chopped(1) + line;
+            lines.last().replace(lines.last().size() - 1, 1, line);
         else if (!lines.isEmpty() && (line.startsWith(u' ') || line.startsWith(u'\t')))
             lines.last() += QStringView(line).sliced(1);
         else

@@ -54,10 +54,12 @@ QString phoneNumber(const VCardLine &line)
     return text.startsWith(u"tel:", Qt::CaseInsensitive) ? text.mid(4) : text;
 }
 
-/// "19850412" and "1985-04-12T00:00:00Z" are 1985-04-12.
+/// "19850412" and "1985-04-12T00:00:00Z" are 1985-04-12; "--0412", a day of every year, which looks
+/// like a number, is --04-12.
 QString dateText(const QString &text)
 {
-    static const QRegularExpression form(QStringLiteral(R"(\A(\d{4})-?(\d\d)-?(\d\d)(T.*)?\z)"));
+    static const QRegularExpression form(
+        QStringLiteral(R"(\A(\d{4}|-(?=-))-?(\d\d)-?(\d\d)(T.*)?\z)"));
     const QRegularExpressionMatch match = form.match(text);
     return match.hasMatch()
                ? QStringList{match.captured(1), match.captured(2), match.captured(3)}.join(u'-')

@@ -1,0 +1,71 @@
+#include "Interfaces/CobbleExporter.h"
+#include "Interfaces/CobbleImporter.h"
+
+#include <KTUtility/PlugIns/KTPlugInClass.h>
+
+#include <stdexcept>
+
+// Plug-ins that load, and then fail in every way that C++ has.
+
+/// Throws what is no std::exception; for files named ".fails", one.
+class ThrowingExporter : public QObject, public CobbleExporter
+{
+    Q_OBJECT
+    Q_INTERFACES(CobbleExporter)
+
+public:
+    static void pluginWillUnload() {}
+    static void pluginDidUnload() {}
+
+    QStringList fileTypes() const override
+    {
+        return {QStringLiteral("throws"), QStringLiteral("fails")};
+    }
+    bool exportRecords(CobbleRecordSource &, const QString &fileType, QIODevice *to,
+                       QString *) override
+    {
+        to->write("half");
+        if (fileType == u"fails")
+            throw std::runtime_error("no paper");
+        throw 42;
+    }
+};
+
+/// The same for what stands in a file; "quiet" fails without a word.
+class ThrowingImporter : public QObject, public CobbleImporter
+{
+    Q_OBJECT
+    Q_INTERFACES(CobbleImporter)
+
+public:
+    static void pluginWillUnload() {}
+    static void pluginDidUnload() {}
+
+    QStringList fileTypes() const override
+    {
+        return {QStringLiteral("throws"), QStringLiteral("fails"), QStringLiteral("quiet")};
+    }
+    bool readTable(const QString &text, CobbleTable *, QString *) override
+    {
+        if (text == u"quiet")
+            return false;
+        if (text == u"fails")
+            throw std::runtime_error("no paper");
+        throw 42;
+    }
+};
+
+/// Cannot even say what it is for.
+class SpeechlessExporter : public ThrowingExporter
+{
+    Q_OBJECT
+
+public:
+    QStringList fileTypes() const override { throw 42; }
+};
+
+KT_PRINCIPAL_CLASS(ThrowingExporter, CobbleExporter)
+KT_PRINCIPAL_CLASS(ThrowingImporter, CobbleImporter)
+KT_PRINCIPAL_CLASS(SpeechlessExporter, CobbleExporter)
+
+#include "ThrowingPlugIns.moc"
