@@ -1,3 +1,4 @@
 target_sources(KTUtilityTests PRIVATE
+    Platform/AppKit/NSArrayControllerTests.cpp
     Platform/AppKit/NSMenuItemTests.cpp
 )

@@ -1,0 +1,132 @@
+#include "NSArrayController.h"
+
+#include "NSSelectionProxy_p.h"
+
+#include <KTUtility/Platform/Foundation/NSCollections.h>
+#include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>
+
+#include <algorithm>
+#include <set>
+
+NSArrayController::NSArrayController() : _selection(std::make_unique<NSSelectionProxy>()) {}
+NSArrayController::~NSArrayController() = default;
+
+void NSArrayController::setContent(const QVariantList &content)
+{
+    const QVariantList selected = selectedObjects();
+    _content = content;
+    Q_EMIT contentChanged();
+    rearrangeAndSelect(selected);
+}
+
+void NSArrayController::addObject(const QVariant &object)
+{
+    _content.append(object);
+    Q_EMIT contentChanged();
+    rearrangeAndSelect({object});
+}
+
+void NSArrayController::removeObject(const QVariant &object)
+{
+    const QVariantList selected = selectedObjects();
+    _content.removeIf([&](const QVariant &each) { return NSObject::isEqual(each, object); });
+    Q_EMIT contentChanged();
+    rearrangeAndSelect(selected);
+}
+
+void NSArrayController::setFilterPredicate(const NSPredicate &predicate)
+{
+    _filterPredicate = predicate;
+    rearrangeObjects();
+}
+
+void NSArrayController::setSortDescriptors(const QList<NSSortDescriptor> &descriptors)
+{
+    _sortDescriptors = descriptors;
+    rearrangeObjects();
+}
+
+void NSArrayController::rearrangeObjects()
+{
+    rearrangeAndSelect(selectedObjects());
+}
+
+/// Filters and sorts, and selects those of some objects that are shown.
+void NSArrayController::rearrangeAndSelect(const QVariantList &selected)
+{
+    QVariantList shown;
+    for (const QVariant &object : std::as_const(_content)) {
+        if (_filterPredicate.isNil() || _filterPredicate.evaluateWithObject(object))
+            shown += object;
+    }
+    _arrangedObjects = NSSortDescriptor::sorted(shown, _sortDescriptors);
+    NSSet wanted;
+    for (const QVariant &object : selected)
+        wanted.addObject(object);
+    QList<qsizetype> indexes;
+    for (qsizetype index = 0; index < _arrangedObjects.size(); ++index) {
+        if (wanted.contains(_arrangedObjects.at(index)))
+            indexes += index;
+    }
+    // Whoever is told of one finds the other as it will be.
+    _selectionIndexes = indexes;
+    Q_EMIT arrangedObjectsChanged();
+    tellSelection();
+}
+
+void NSArrayController::setSelectionIndexes(const QList<qsizetype> &indexes)
+{
+    const std::set<qsizetype> ascending(indexes.begin(), indexes.end());
+    _selectionIndexes.clear();
+    for (const qsizetype index : ascending) {
+        if (index >= 0 && index < _arrangedObjects.size())
+            _selectionIndexes += index;
+    }
+    tellSelection();
+}
+
+void NSArrayController::tellSelection()
+{
+    _selection->setObjects(selectedObjects());
+    Q_EMIT selectionChanged();
+}
+
+qsizetype NSArrayController::selectionIndex() const
+{
+    return _selectionIndexes.isEmpty() ? -1 : _selectionIndexes.first();
+}
+
+QVariantList NSArrayController::selectedObjects() const
+{
+    QVariantList objects;
+    for (const qsizetype index : _selectionIndexes)
+        objects += _arrangedObjects.at(index);
+    return objects;
+}
+
+bool NSArrayController::canSelectNext() const
+{
+    return !_selectionIndexes.isEmpty() && _selectionIndexes.last() + 1 < _arrangedObjects.size();
+}
+
+bool NSArrayController::canSelectPrevious() const
+{
+    return !_selectionIndexes.isEmpty() && _selectionIndexes.first() > 0;
+}
+
+void NSArrayController::selectNext()
+{
+    if (canSelectNext())
+        setSelectionIndex(_selectionIndexes.last() + 1);
+}
+
+void NSArrayController::selectPrevious()
+{
+    if (canSelectPrevious())
+        setSelectionIndex(_selectionIndexes.first() - 1);
+}
+
+QObject *NSArrayController::selection() const
+{
+    return _selection.get();
+}

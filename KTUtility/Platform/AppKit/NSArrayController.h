@@ -1,0 +1,96 @@
+#pragma once
+
+#include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/AppKit/NSSelectionMarker.h>
+#include <KTUtility/Platform/Foundation/NSPredicate.h>
+#include <KTUtility/Platform/Foundation/NSSortDescriptor.h>
+
+#include <QObject>
+#include <QVariantList>
+
+#include <memory>
+
+class NSSelectionProxy;
+
+/// What stands between a list of records and the views that show it: filters and sorts the list,
+/// and keeps what is selected.
+///
+/// Bind tables to "arrangedObjects", details to "selection" and a key: "selection.name" is the
+/// value of the selected object. It is a marker if nothing is selected, if several objects with
+/// different values are, or if one lacks the key; setting it sets all selected objects. All of it
+/// can be observed. The objects are not owned; take them out of the content before they go. For the
+/// main thread.
+///
+/// \code
+/// NSArrayController controller;
+/// controller.setContent({QVariant::fromValue(ada), QVariant::fromValue(bob)});
+/// controller.setSelectionIndexes({0});
+/// view->bind(NSValueBinding, &controller, QStringLiteral("selection.name"), {});
+/// \endcode
+class KTUTILITY_EXPORT NSArrayController : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QVariantList content READ content WRITE setContent NOTIFY contentChanged)
+    Q_PROPERTY(QVariantList arrangedObjects READ arrangedObjects NOTIFY arrangedObjectsChanged)
+    Q_PROPERTY(QObject *selection READ selection CONSTANT)
+    Q_PROPERTY(QVariantList selectedObjects READ selectedObjects NOTIFY selectionChanged)
+    Q_PROPERTY(qsizetype selectionIndex READ selectionIndex WRITE setSelectionIndex NOTIFY
+                   selectionChanged)
+    Q_PROPERTY(bool canSelectNext READ canSelectNext NOTIFY selectionChanged)
+    Q_PROPERTY(bool canSelectPrevious READ canSelectPrevious NOTIFY selectionChanged)
+
+public:
+    NSArrayController();
+    ~NSArrayController() override;
+
+    /// All objects, in the order in which they were given.
+    const QVariantList &content() const { return _content; }
+    /// Replaces all objects. Those that were selected stay so, if they are still there.
+    void setContent(const QVariantList &content);
+    /// Appends an object and selects it.
+    void addObject(const QVariant &object);
+    /// Takes an object away, wherever it is.
+    void removeObject(const QVariant &object);
+
+    /// The objects that fulfil the filter, in the order of the sort descriptors.
+    const QVariantList &arrangedObjects() const { return _arrangedObjects; }
+    /// Which objects are shown; nil shows all.
+    void setFilterPredicate(const NSPredicate &predicate);
+    /// The order; without any, it is that of the content.
+    void setSortDescriptors(const QList<NSSortDescriptor> &descriptors);
+    /// Filters and sorts again, after objects have changed.
+    void rearrangeObjects();
+
+    /// The positions of the selected objects among the arranged ones, ascending.
+    const QList<qsizetype> &selectionIndexes() const { return _selectionIndexes; }
+    /// Selects these objects only; positions that there are not are left out.
+    void setSelectionIndexes(const QList<qsizetype> &indexes);
+    /// The first selected position, −1 if nothing is selected.
+    qsizetype selectionIndex() const;
+    /// Selects one object, or nothing for a position that there is not.
+    void setSelectionIndex(qsizetype index) { setSelectionIndexes({index}); }
+    QVariantList selectedObjects() const;
+    bool canSelectNext() const;
+    bool canSelectPrevious() const;
+    void selectNext();
+    void selectPrevious();
+
+    /// What answers the keys of the selected objects.
+    QObject *selection() const;
+
+Q_SIGNALS:
+    void contentChanged();
+    void arrangedObjectsChanged();
+    void selectionChanged();
+
+private:
+    void rearrangeAndSelect(const QVariantList &selected);
+    void tellSelection();
+
+    QVariantList _content;
+    QVariantList _arrangedObjects;
+    NSPredicate _filterPredicate;
+    QList<NSSortDescriptor> _sortDescriptors;
+    QList<qsizetype> _selectionIndexes;
+    std::unique_ptr<NSSelectionProxy> _selection;
+};

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <KTUtility/Platform/Foundation/NSKeyValueCodingObject.h>
+#include <KTUtility/Platform/Foundation/NSKeyValueObservation.h>
+
+#include <QVariantList>
+
+#include <map>
+#include <vector>
+
+/// Stands for the selected objects of a controller: answers their keys, and tells when they change.
+class NSSelectionProxy : public QObject, public NSKeyValueCodingObject
+{
+    Q_OBJECT
+    Q_INTERFACES(NSKeyValueCodingObject)
+
+public:
+    /// Stands for other objects from now on.
+    void setObjects(const QVariantList &objects);
+
+    std::optional<QVariant> valueForKey(const QString &key) const override;
+    bool setValueForKey(const QVariant &value, const QString &key) override;
+    void firstObserverCame(const QString &key) override;
+    void lastObserverWent(const QString &key) override;
+
+private:
+    void observe(const QString &key);
+
+    QVariantList _objects;
+    std::map<QString, std::vector<NSKeyValueObservation>> _observations;
+};
