@@ -1,0 +1,185 @@
+#include "Report.h"
+
+#include <KTUtility/Bindings/KTFieldDetailBinder.h>
+#include <KTUtility/Bindings/KTPropertyBinder.h>
+#include <KTUtility/Platform/AppKit/NSKeyValueBinding.h>
+
+#include <QPointer>
+
+#include <benchmark/benchmark.h>
+
+#include <memory>
+#include <vector>
+
+namespace {
+/// A record in a chain.
+class Link : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(int number READ number WRITE setNumber NOTIFY numberChanged)
+    Q_PROPERTY(QString name MEMBER name NOTIFY nameChanged)
+    Q_PROPERTY(Link *next READ next NOTIFY nextChanged)
+
+public:
+    int number() const { return _number; }
+    void setNumber(int number)
+    {
+        _number = number;
+        Q_EMIT numberChanged();
+    }
+    Link *next() const { return _next; }
+    void setNext(Link *next) { _next = next; }
+
+    QString name;
+
+Q_SIGNALS:
+    void numberChanged();
+    void nameChanged();
+    void nextChanged();
+
+private:
+    int _number = 0;
+    QPointer<Link> _next;
+};
+
+/// What a slot of a view would do at least.
+class Listener : public QObject
+{
+    Q_OBJECT
+
+public Q_SLOTS:
+    void changed() { ++_count; }
+
+public:
+    int _count = 0;
+};
+
+/// A chain of three, of which the last one changes.
+struct Chain
+{
+    Chain()
+    {
+        first.setNext(&second);
+        second.setNext(&last);
+    }
+
+    Link first, second, last;
+};
+
+void peerSignal(benchmark::State &state)
+{
+    Link record;
+    Listener listener;
+    QObject::connect(&record, &Link::numberChanged, &listener, &Listener::changed);
+    for (auto _ : state)
+        record.setNumber(listener._count);
+}
+
+void notification(benchmark::State &state)
+{
+    Chain chain;
+    qint64 sum = 0;
+    const NSKeyValueObservation observation(
+        &chain.first, QStringLiteral("next.next.number"),
+        NSKeyValueObservingOptionNew | NSKeyValueObservingOptionOld,
+        [&sum](const NSKeyValueChange &change) { sum += change.newValue->toInt(); });
+    int number = 0;
+    for (auto _ : state)
+        chain.last.setNumber(++number);
+    benchmark::DoNotOptimize(sum);
+}
+
+/// A row of a form: a binding that remembers what it is bound to, as views do.
+class Row : public QObject, public NSKeyValueBinding
+{
+    Q_OBJECT
+    Q_INTERFACES(NSKeyValueBinding)
+    Q_PROPERTY(QVariant label MEMBER label)
+
+public:
+    QStringList exposedBindings() const override { return {QStringLiteral("label")}; }
+    void bind(const QString &binding, QObject *toObject, const QString &withKeyPath,
+              const QVariantMap &options) override
+    {
+        binder.bind(binding, toObject, withKeyPath, options);
+    }
+    void unbind(const QString &binding) override { binder.unbind(binding); }
+
+    QVariant label;
+    KTPropertyBinder binder{QStringLiteral("label"), QStringLiteral("label"), this};
+};
+
+class Form : public QObject
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE QObject *createNewFieldDetailObjectForField(QObject *) { return new Row; }
+    Q_INVOKABLE void fieldDetailObjectWasBound(QObject *, QObject *) {}
+    Q_INVOKABLE void fieldDetailObjectWillBeDestroyed(QObject *detail) { delete detail; }
+};
+
+class Library : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QVariantList fields MEMBER fields NOTIFY fieldsChanged)
+
+public:
+    void setFields(const QVariantList &list)
+    {
+        fields = list;
+        Q_EMIT fieldsChanged();
+    }
+
+    QVariantList fields;
+
+Q_SIGNALS:
+    void fieldsChanged();
+};
+
+QVariantList boxed(const std::vector<std::unique_ptr<Link>> &links)
+{
+    QVariantList list;
+    for (const auto &link : links)
+        list += QVariant::fromValue(link.get());
+    return list;
+}
+
+std::vector<std::unique_ptr<Link>> someFields(int count)
+{
+    std::vector<std::unique_ptr<Link>> links;
+    for (int index = 0; index < count; ++index)
+        links.push_back(std::make_unique<Link>());
+    return links;
+}
+
+/// All fields of a form give way to others.
+template<int Count>
+void replaceFields(benchmark::State &state)
+{
+    const auto one = someFields(Count);
+    const auto other = someFields(Count);
+    const QVariantList lists[] = {boxed(one), boxed(other)};
+    Library library;
+    Form form;
+    KTFieldDetailBinder binder(&form);
+    binder.setFieldsBindingName(QStringLiteral("fields"));
+    binder.addFieldDependentBindingName(QStringLiteral("labels"), QStringLiteral("label"));
+    binder.bind(QStringLiteral("fields"), &library, QStringLiteral("fields"));
+    binder.bind(QStringLiteral("labels"), &library, QStringLiteral("fields.name"));
+    size_t turn = 0;
+    for (auto _ : state)
+        library.setFields(lists[++turn % 2]);
+}
+
+BENCHMARK(peerSignal)->Name("Bindings/peer: signal and slot");
+BENCHMARK(notification)->Name("Bindings/notification along three keys");
+BENCHMARK(replaceFields<1000>)->Name("Bindings/1,000 fields replaced");
+BENCHMARK(replaceFields<10000>)->Name("Bindings/10,000 fields replaced");
+
+const bool isRegistered =
+    compareWith("Bindings/notification along three keys", "Bindings/peer: signal and slot", 5) &&
+    compareWith("Bindings/10,000 fields replaced", "Bindings/1,000 fields replaced", 13);
+} // namespace
+
+#include "BindingBenchmarks.moc"
