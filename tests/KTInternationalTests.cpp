@@ -41,6 +41,8 @@ private:
 class InternationalTest : public testing::Test
 {
 protected:
+    // In place of the one that other tests may have made.
+    InternationalTest() { delete KTInternational::instance(); }
     ~InternationalTest() override
     {
         NSLocale::resetCurrentLocale();

@@ -2,9 +2,9 @@
 
 #include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Foundation/NSKeyValueObserving.h>
-#include <KTUtility/Platform/Foundation/NSMapTable.h>
 #include <KTUtility/Platform/Foundation/NSPredicate.h>
 #include <KTUtility/Platform/Foundation/NSValueTransformer.h>
+#include <KTUtility/Platform/Foundation/NSWeakMapTable.h>
 
 #include <QList>
 #include <QMap>
@@ -160,5 +160,5 @@ private:
     std::shared_ptr<NSValueTransformer> _valueTransformerForFields;
     std::unique_ptr<KTPropertyBinder> _valueSourceBinder;
     std::map<QString, std::unique_ptr<KTPropertyBinder>> _fieldDependentBinders;
-    NSMapTable<QObject, QObject> _fieldDetailObjects;
+    NSWeakMapTable<QObject, QObject> _fieldDetailObjects;
 };

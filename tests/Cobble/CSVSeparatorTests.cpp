@@ -1,5 +1,8 @@
 #include "CSVSeparator.h"
 
+#include <KTUtility/KTInternational.h>
+#include <KTUtility/Platform/Foundation/NSLocale.h>
+
 #include "support/TestSupport.h"
 
 namespace {
@@ -156,4 +159,81 @@ TEST(CSVSeparator, HostileTextsGiveAnAnswer)
 {
     for (const QString &text : testing_support::hostileTexts())
         EXPECT_EQ(CSVSeparator::sniffed(text), u',');
+}
+
+namespace {
+/// The host as it finds its own list of separators.
+class HostSeparators : public KTInternational
+{
+protected:
+    QString separatorsPath() const override
+    {
+        return QStringLiteral(COBBLE_BUNDLE_CONTENTS "/Resources/separators.plist");
+    }
+};
+
+class LocalizedSeparators : public testing::Test
+{
+protected:
+    LocalizedSeparators()
+    {
+        // In place of the one that other tests may have made.
+        delete KTInternational::instance();
+        host = new HostSeparators;
+    }
+    ~LocalizedSeparators() override
+    {
+        NSLocale::resetCurrentLocale();
+        delete KTInternational::instance();
+    }
+
+    KTInternational *host = nullptr;
+};
+} // namespace
+
+TEST_F(LocalizedSeparators, EachRowIsWhatTheNumbersOfTheLocaleSay)
+{
+    const std::optional<QVariantMap> list = host->separatorsDict();
+    ASSERT_TRUE(list.has_value());
+    EXPECT_GE(list->size(), 31);
+    for (auto row = list->begin(); row != list->end(); ++row) {
+        if (row.key() == KTInternationalSeparatorsListKey)
+            continue;
+        const bool hasDecimalComma = NSLocale(row.key()).decimalSeparator() == u",";
+        EXPECT_EQ(row.value().toString(),
+                  hasDecimalComma ? QStringLiteral(";") : QStringLiteral(","))
+            << row.key().toStdString();
+    }
+}
+
+TEST_F(LocalizedSeparators, TheLocaleDecidesWhereTheTextDoesNot)
+{
+    // One row that both divide alike.
+    const QString text = QStringLiteral("a;b,c\n");
+    for (const auto &[locale, separator] :
+         {std::pair(u"de_DE", u';'), std::pair(u"fr_FR", u';'), std::pair(u"en_US", u','),
+          std::pair(u"ja_JP", u','), std::pair(u"es_MX", u','), std::pair(u"es_ES", u';'),
+          std::pair(u"xx_YY", u',')}) {
+        NSLocale::setCurrentLocale(NSLocale(QString::fromUtf16(locale)));
+        EXPECT_EQ(CSVSeparator::sniffed(text), separator)
+            << QString::fromUtf16(locale).toStdString();
+        EXPECT_EQ(CSVSeparator::candidates().size(), 4);
+    }
+}
+
+TEST_F(LocalizedSeparators, ATextThatFitsAnotherWins)
+{
+    NSLocale::setCurrentLocale(NSLocale(QStringLiteral("de_DE")));
+    EXPECT_EQ(CSVSeparator::sniffed(u"a,b\n1,2\n3,4\n"), u',');
+    EXPECT_EQ(CSVSeparator::sniffed(u"a\tb\n1;5\t2\n3\t4\n"), u'\t');
+    NSLocale::setCurrentLocale(NSLocale(QStringLiteral("en_US")));
+    EXPECT_EQ(CSVSeparator::sniffed(u"a;b\n1,5;2,5\n3;4\n"), u';');
+    EXPECT_EQ(CSVSeparator::sniffed(u"a|b\n1|2\n"), u'|');
+}
+
+TEST_F(LocalizedSeparators, WithoutAnySeparatorItIsThatOfTheLocale)
+{
+    NSLocale::setCurrentLocale(NSLocale(QStringLiteral("de_DE")));
+    EXPECT_EQ(CSVSeparator::sniffed(u"a\nb\n"), u';');
+    EXPECT_EQ(CSVSeparator::sniffed(u""), u';');
 }

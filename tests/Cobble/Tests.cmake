@@ -4,6 +4,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/CSVSeparatorTests.cpp
     Cobble/CobbleTests.cpp
     Cobble/ComponentNamesTests.cpp
+    Cobble/DetailFormTests.cpp
     Cobble/ExecutableTests.cpp
     Cobble/ExportCommandTests.cpp
     Cobble/ImportCommandTests.cpp

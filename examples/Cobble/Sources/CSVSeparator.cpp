@@ -2,6 +2,8 @@
 
 #include "CSVReader.h"
 
+#include <KTUtility/KTInternational.h>
+
 #include <QHash>
 
 #include <algorithm>
@@ -109,12 +111,28 @@ std::optional<CSVSeparator::Directive> CSVSeparator::directiveOf(QStringView tex
     return Directive{directive.back(), line.size() + lengthOfLineBreak(text.sliced(line.size()))};
 }
 
+QList<QChar> CSVSeparator::candidates()
+{
+    QStringList alternates;
+    const QString localized =
+        KTInternational::instance()->localizedCSVSeparatorAndAlternates(&alternates);
+    for (size_t known = 0; known < SniffedCount; ++known)
+        alternates += QString(NamedSeparators[known].separator);
+    QList<QChar> separators;
+    for (const QString &text : QStringList(localized) + alternates) {
+        const bool isUsable = text.size() == 1 && CSVSeparator::isUsable(text.front());
+        if (isUsable && !separators.contains(text.front()))
+            separators += text.front();
+    }
+    return separators;
+}
+
 QChar CSVSeparator::sniffed(QStringView text)
 {
-    QChar best = NamedSeparators.front().separator;
+    const QList<QChar> separators = candidates();
+    QChar best = separators.first();
     int most = 0;
-    for (size_t candidate = 0; candidate < SniffedCount; ++candidate) {
-        const QChar separator = NamedSeparators[candidate].separator;
+    for (const QChar separator : separators) {
         const int rows = agreeingRows(text, separator);
         if (rows > most) {
             best = separator;

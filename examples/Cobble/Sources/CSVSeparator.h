@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 
 #include <optional>
@@ -33,8 +34,12 @@ QString nameOf(QChar separator);
 /// The directive that \a text begins with, if it does.
 std::optional<Directive> directiveOf(QStringView text);
 
-/// The separator that \a text seems to be written with: the one of comma, semicolon, tab and pipe
-/// that stands equally often, outside of quotes and at least once, in most of the first rows that
-/// hold any text. The earlier in this order wins a tie; the comma wins where there is none of them.
+/// The separators that files of the user's locale may have, the likeliest first: what
+/// KTInternational says, then comma, semicolon, tab and pipe.
+QList<QChar> candidates();
+
+/// The separator that \a text seems to be written with: the one of candidates() that stands equally
+/// often, outside of quotes and at least once, in most of the first rows that hold any text. The
+/// earlier in their order wins a tie, and the first one where there is none of them.
 QChar sniffed(QStringView text);
 } // namespace CSVSeparator

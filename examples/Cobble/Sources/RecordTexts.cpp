@@ -19,14 +19,18 @@ RecordTexts::RecordTexts(const Library &library)
     }
 }
 
-QString RecordTexts::textOf(qsizetype field, const QVariant &value) const
+QString RecordTexts::textOf(const FieldReader &reader, const QVariant &value)
 {
-    const FieldReader &reader = *_readers[size_t(field)];
     if (NSObject::isNil(value))
         return QStringLiteral("");
     if (!reader.formatter() || isShownAsItIs(reader.type(), value))
         return value.toString();
     return reader.formatter()->stringForObjectValue(value);
+}
+
+QString RecordTexts::textOf(qsizetype field, const QVariant &value) const
+{
+    return textOf(*_readers[size_t(field)], value);
 }
 
 QStringList RecordTexts::textsOf(const RecordCursor &record) const

@@ -20,6 +20,8 @@ public:
 
     /// What stands above the fields.
     QStringList titles() const { return _titles; }
+    /// A value as text, as a field shows it; texts that it could not read as they are, "" for nil.
+    static QString textOf(const FieldReader &reader, const QVariant &value);
     /// A field's value as text; texts that the field could not read as they are, "" for nil.
     QString textOf(qsizetype field, const QVariant &value) const;
     /// All of the current record.

@@ -1,7 +1,7 @@
 #include <KTUtility/Platform/Foundation/NSPredicate.h>
 
 #include <KTUtility/Platform/Foundation/NSException.h>
-#include <KTUtility/Platform/Foundation/NSMapTable.h>
+#include <KTUtility/Platform/Foundation/NSWeakMapTable.h>
 
 #include "support/ObservedModel.h"
 #include "support/TestSupport.h"
@@ -128,9 +128,9 @@ TEST(NSPredicate, UnknownKeysRaise)
                  NSException);
 }
 
-TEST(NSMapTable, HoldsBothSidesWeakly)
+TEST(NSWeakMapTable, HoldsBothSidesWeakly)
 {
-    NSMapTable<QObject, ObservedRecord> table;
+    NSWeakMapTable<QObject, ObservedRecord> table;
     QObject key, other;
     auto object = std::make_unique<ObservedRecord>();
     table.setObject(object.get(), &key);

@@ -9,12 +9,12 @@
 /// Objects by object, both held weakly: an entry is gone when either is.
 ///
 /// \code
-/// NSMapTable<Field, RowView> rows;
+/// NSWeakMapTable<Field, RowView> rows;
 /// rows.setObject(row, field);
 /// rows.objectForKey(field);    // null once the row or the field is deleted
 /// \endcode
 template<typename Key, typename Object>
-class NSMapTable
+class NSWeakMapTable
 {
 public:
     /// The object for a key; null if there is none.

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "FormField.h"
+#include "FormRow.h"
+
+#include <KTUtility/Bindings/KTFieldDetailBinder.h>
+#include <KTUtility/Platform/AppKit/NSArrayController.h>
+
+#include <memory>
+#include <vector>
+
+/// A form without a window: a row for each field, which shows and edits the value of the selected
+/// record.
+///
+/// \code
+/// NSArrayController records;
+/// DetailForm form(&records);
+/// form.setFields(fields);
+/// records.setSelectionIndex(0);
+/// form.rows().at(1)->text();                          // "3/4/2008"
+/// form.rows().at(1)->setText(QStringLiteral("5 May")); // changes the record
+/// \endcode
+class DetailForm : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// \param records whose selection is shown; must outlive the form.
+    explicit DetailForm(NSArrayController *records);
+    ~DetailForm() override;
+
+    /// Replaces the fields; they must live as long as they are shown.
+    void setFields(const QList<FormField *> &fields);
+    /// The rows, in the order of the fields.
+    QList<FormRow *> rows() const;
+
+    // --- What the binder calls
+
+    Q_INVOKABLE QObject *createNewFieldDetailObjectForField(QObject *field);
+    Q_INVOKABLE void fieldDetailObjectWasBound(QObject *detail, QObject *toField);
+    Q_INVOKABLE void fieldDetailObjectWillBeDestroyed(QObject *detail);
+    Q_INVOKABLE void fieldDetailObjectsFinishedRearrange();
+
+Q_SIGNALS:
+    /// Rows came, went or changed places.
+    void rowsChanged();
+
+private:
+    NSArrayController _fields;
+    std::vector<std::unique_ptr<FormRow>> _rows;
+    // Behind what its calls use.
+    std::unique_ptr<KTFieldDetailBinder> _binder;
+};
