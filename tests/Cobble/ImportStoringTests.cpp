@@ -117,6 +117,19 @@ TEST_F(ImportStoring, ReplacingALibrary)
     EXPECT_TRUE(firstFieldsOf(QStringLiteral("Things 1")).isNull());
 }
 
+TEST_F(ImportStoring, MediaOfAReplacedLibraryGo)
+{
+    tree.add(QStringLiteral("a.png"), "picture");
+    import("Picture\na.png\n", {QStringLiteral("--library"), QStringLiteral("Other")});
+    import("Picture\na.png\ncobblemedia://a.0.png\n",
+           {QStringLiteral("--media"), QStringLiteral("Picture")});
+    EXPECT_EQ(mediaNames(), QStringList({QStringLiteral("a.0.png"), QStringLiteral("a.1.png")}));
+    import("Name\nBob\n", {QStringLiteral("--replace")});
+    // Another library has the first one, too.
+    EXPECT_EQ(mediaNames(), QStringList(QStringLiteral("a.0.png")));
+    EXPECT_EQ(firstFieldsOf(QStringLiteral("Other")), QStringLiteral("cobblemedia://a.0.png"));
+}
+
 TEST_F(ImportStoring, CopiesMediaOfAllKinds)
 {
     const LoopbackServer server;

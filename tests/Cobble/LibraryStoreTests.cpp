@@ -131,19 +131,22 @@ TEST_F(LibraryStoreTest, KnowsWhichMediaAreUsed)
 {
     storeContacts();
     const auto store = open();
-    EXPECT_TRUE(store->refersToMedia(QStringLiteral("cobblemedia://a")));
-    EXPECT_FALSE(store->refersToMedia(QStringLiteral("cobblemedia://b")));
-    EXPECT_FALSE(store->refersToMedia(QStringLiteral("Ann")));
+    const std::optional<QSet<QString>> used = store->usedMedia();
+    ASSERT_TRUE(used.has_value());
+    EXPECT_TRUE(used->contains(QStringLiteral("cobblemedia://a")));
+    EXPECT_FALSE(used->contains(QStringLiteral("cobblemedia://b")));
+    EXPECT_FALSE(used->contains(QStringLiteral("Ann")));
+    EXPECT_EQ(store->mediaOf(contacts()), used);
 }
 
-TEST_F(LibraryStoreTest, MediaThatMayBeUsedCountAsUsed)
+TEST_F(LibraryStoreTest, MediaThatMayBeUsedAreNotKnown)
 {
     storeContacts();
     const auto store = open();
     ASSERT_TRUE(store->begin());
     QSqlQuery(QSqlDatabase::database(QSqlDatabase::connectionNames().last()))
         .exec(QStringLiteral("ALTER TABLE kt_contacts RENAME TO lost"));
-    EXPECT_TRUE(store->refersToMedia(QStringLiteral("cobblemedia://b")));
+    EXPECT_FALSE(store->usedMedia().has_value());
     EXPECT_EQ(store->recordCount(contacts()), 0);
     EXPECT_EQ(store->errorText(), QStringLiteral("no such table: kt_contacts"));
     EXPECT_EQ(store->records(contacts()).errorText(), QStringLiteral("no such table: kt_contacts"));
@@ -165,7 +168,7 @@ TEST_F(LibraryStoreTest, APageThatIsDamagedIsAnError)
     EXPECT_TRUE(store->libraries().isEmpty());
     EXPECT_EQ(store->errorText(), QStringLiteral("database disk image is malformed"));
     EXPECT_EQ(store->reasonForNo(QStringLiteral("x")), store->errorText());
-    EXPECT_TRUE(store->refersToMedia(QStringLiteral("cobblemedia://b")));
+    EXPECT_FALSE(store->usedMedia().has_value());
     EXPECT_FALSE(store->libraryNamed(QStringLiteral("Contacts")).has_value());
 }
 
@@ -190,7 +193,7 @@ TEST_F(LibraryStoreTest, ADatabaseWithoutACatalogueHasNoLibraries)
     EXPECT_TRUE(store->libraries().isEmpty());
     EXPECT_TRUE(store->errorText().isNull());
     EXPECT_EQ(store->reasonForNo(QStringLiteral("x")), QStringLiteral("no library 'x'"));
-    EXPECT_FALSE(store->refersToMedia(QStringLiteral("cobblemedia://b")));
+    EXPECT_EQ(store->usedMedia(), QSet<QString>());
 }
 
 TEST_F(LibraryStoreTest, MissingAndDamagedDatabasesAreErrors)

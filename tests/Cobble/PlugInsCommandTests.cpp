@@ -47,6 +47,15 @@ TEST(PlugInsCommand, WhatIsDisabledStaysSo)
     EXPECT_NE(PlugIns().exporterFor(QStringLiteral("csv")), nullptr);
 }
 
+TEST(PlugInsCommand, OnesThatAreGoneCanBeDisabled)
+{
+    testing_support::useFreshHome();
+    PlugIns().managers().first().second->setEnabledForPlugin(true, QStringLiteral("org.gone"));
+    EXPECT_EQ(plugIns({QStringLiteral("disable"), QStringLiteral("org.gone")}).exitCode, 0);
+    EXPECT_FALSE(PlugIns().managers().first().second->isPluginEnabled(QStringLiteral("org.gone")));
+    EXPECT_EQ(plugIns({QStringLiteral("disable"), QStringLiteral("org.gone")}).exitCode, 1);
+}
+
 TEST(PlugInsCommand, OnesThatDoNotExist)
 {
     testing_support::useFreshHome();

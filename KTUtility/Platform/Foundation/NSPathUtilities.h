@@ -6,7 +6,8 @@
 #include <QStringList>
 
 /// Paths as texts. Nothing here looks at the file system, except that a tilde asks for the home
-/// folder. Runs of "/" count as one, and a "/" at the end is dropped first. Nil gives nil.
+/// folder. Runs of "/" count as one, and a "/" at the end is dropped first. A nil
+/// path gives nil; a component that is appended to nil or "" stands alone.
 ///
 /// \code
 /// NSString::lastPathComponent(QStringLiteral("/tmp/photo.0.jpg"));             // "photo.0.jpg"

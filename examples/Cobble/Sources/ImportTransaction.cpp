@@ -15,17 +15,9 @@ std::unique_ptr<ImportTransaction> ImportTransaction::begin(const KTDatabaseBund
     return transaction->prepare(error, patience) ? std::move(transaction) : nullptr;
 }
 
-/// The lock lies beside the bundle, also if its path ends with "/".
-QString ImportTransaction::lockPath() const
-{
-    return NSString::stringByAppendingPathComponent(_bundle.bundlePath(), QString()) + u".lock";
-}
-
 ImportTransaction::ImportTransaction(const KTDatabaseBundle &bundle)
-    : _bundle(bundle), _lock(lockPath()), _mediaList(mediaListPath())
+    : _bundle(bundle), _lock(bundle), _mediaList(mediaListPath())
 {
-    // A lock is stale when its process is gone, however long an import takes.
-    _lock.setStaleLockTime(0);
 }
 
 ImportTransaction::~ImportTransaction()
@@ -40,21 +32,10 @@ QString ImportTransaction::mediaListPath() const
                                                     QStringLiteral("ImportedMedia"));
 }
 
-/// Keeps other imports out. Where no lock can be made, the database's own lock has to do.
-bool ImportTransaction::lock(QString *error, int patience)
-{
-    if (_lock.tryLock(patience) || _lock.error() == QLockFile::PermissionError)
-        return true;
-    *error = _lock.error() == QLockFile::LockFailedError
-                 ? QStringLiteral("another import is running")
-                 : QStringLiteral("there is no folder for the database bundle");
-    return false;
-}
-
 bool ImportTransaction::prepare(QString *error, int patience)
 {
     BundleOption::needFolderOf(_bundle);
-    if (!lock(error, patience))
+    if (!_lock.lock(patience, error))
         return false;
     _isNewBundle = !NSFileManager::fileExistsAtPath(_bundle.bundlePath());
     _isNewDatabase = !NSFileManager::fileExistsAtPath(_bundle.databaseFilePath());
@@ -120,9 +101,30 @@ void ImportTransaction::removeMedia(const NSURL &url) const
 bool ImportTransaction::commit()
 {
     _isDone = _store->commit();
-    if (_isDone)
+    if (_isDone) {
         _mediaList.remove();
+        removeMediaOfRemovedLibraries();
+    }
     return _isDone;
+}
+
+bool ImportTransaction::removeLibrary(const Library &library)
+{
+    _mediaOfRemovedLibraries += _store->mediaOf(library).value_or(QSet<QString>());
+    return _store->remove(library);
+}
+
+void ImportTransaction::removeMediaOfRemovedLibraries()
+{
+    if (_mediaOfRemovedLibraries.isEmpty())
+        return;
+    // If they cannot be read, everything counts as used.
+    const QSet<QString> used = _store->usedMedia().value_or(_mediaOfRemovedLibraries);
+    for (const QString &text : std::as_const(_mediaOfRemovedLibraries)) {
+        const std::optional<NSURL> url = NSURL::URLWithString(text);
+        if (url && !used.contains(text))
+            removeMedia(*url);
+    }
 }
 
 /// Removes the media files of an import that came to nothing.
@@ -132,11 +134,13 @@ void ImportTransaction::removeMediaInList(bool evenIfUsed)
     QFile list(mediaListPath());
     if (!QFileInfo(list).isFile() || !list.open(QIODevice::ReadOnly))
         return;
+    const std::optional<QSet<QString>> used =
+        evenIfUsed ? std::optional(QSet<QString>()) : _store->usedMedia();
     // A last line that was cut off would name another file.
     for (QByteArray line = list.readLine(); line.endsWith('\n'); line = list.readLine()) {
         const QString text = QString::fromLatin1(line.chopped(1));
         const std::optional<NSURL> url = NSURL::URLWithString(text);
-        if (url && (evenIfUsed || !_store->refersToMedia(text)))
+        if (url && used && !used->contains(text))
             removeMedia(*url);
     }
 }

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "BundleLock.h"
 #include "LibraryStore.h"
 
 #include <QFile>
-#include <QLockFile>
+#include <QSet>
 
 /// An import into a bundle: all of it, or nothing.
 ///
@@ -33,6 +34,8 @@ public:
     ImportTransaction &operator=(const ImportTransaction &) = delete;
 
     LibraryStore &store() { return *_store; }
+    /// Takes a library away; its media files go after commit(), unless others have them, too.
+    bool removeLibrary(const Library &library);
     /// Puts a file into the media folder. \return its URL; nothing if that failed.
     std::optional<NSURL> storeMedia(const NSURL &url);
     /// \return false if it could not be written; then nothing is.
@@ -41,23 +44,22 @@ public:
 private:
     explicit ImportTransaction(const KTDatabaseBundle &bundle);
     bool prepare(QString *error, int patience);
-    QString lockPath() const;
     QString mediaListPath() const;
     bool beginList(QString *error);
     bool addToList(const NSURL &url);
     void removeMedia(const NSURL &url) const;
     void removeMediaInList(bool evenIfUsed);
+    void removeMediaOfRemovedLibraries();
     void takeBack();
     void removeEmptyBundle() const;
 
-    bool lock(QString *error, int patience);
-
     KTDatabaseBundle _bundle;
-    QLockFile _lock;
+    BundleLock _lock;
     bool _isNewBundle = false;
     bool _isNewDatabase = false;
     bool _isDone = false;
     bool _isListing = false;
     std::unique_ptr<LibraryStore> _store;
     QFile _mediaList;
+    QSet<QString> _mediaOfRemovedLibraries;
 };

@@ -49,7 +49,7 @@ LibraryImport::LibraryImport(ImportTransaction &transaction, const ImportSchema 
 bool LibraryImport::removeOther()
 {
     const std::optional<Library> other = _transaction.store().libraryNamed(_library.name);
-    return other ? _transaction.store().remove(*other) : errorText().isNull();
+    return other ? _transaction.removeLibrary(*other) : errorText().isNull();
 }
 
 /// \return false if the other names cannot be read.

@@ -260,30 +260,44 @@ RecordCursor LibraryStore::records(const Library &library, qint64 limit)
     return {std::move(query), library};
 }
 
-bool LibraryStore::refersToMedia(const QString &url)
+std::optional<QSet<QString>> LibraryStore::usedMedia()
 {
+    QSet<QString> values;
     const QList<Library> all = libraries();
     if (!_errorText.isNull())
-        return true;
+        return std::nullopt;
     for (const Library &library : all) {
-        for (const LibraryField &field : library.fields) {
-            if (field.type == FieldType::Media && mayHold(library.tableName, field.columnName, url))
-                return true;
-        }
+        const std::optional<QSet<QString>> media = mediaOf(library);
+        if (!media)
+            return std::nullopt;
+        values += *media;
     }
-    return false;
+    return values;
 }
 
-/// Whether a column has a value, or cannot be searched.
-bool LibraryStore::mayHold(const QString &tableName, const QString &columnName,
-                           const QString &value)
+std::optional<QSet<QString>> LibraryStore::mediaOf(const Library &library)
+{
+    QSet<QString> values;
+    for (const LibraryField &field : library.fields) {
+        if (field.type == FieldType::Media &&
+            !addValues(library.tableName, field.columnName, &values))
+            return std::nullopt;
+    }
+    return values;
+}
+
+/// \return false if the column cannot be read.
+bool LibraryStore::addValues(const QString &tableName, const QString &columnName,
+                             QSet<QString> *values)
 {
     QSqlQuery query(_database);
-    if (!query.prepare(u"SELECT 1 FROM " + quoted(tableName) + u" WHERE " + quoted(columnName) +
-                       u" = ? LIMIT 1"))
-        return true;
-    query.addBindValue(value);
-    return !run(query) || query.next() || query.lastError().isValid();
+    query.setForwardOnly(true);
+    if (!query.prepare(u"SELECT " + quoted(columnName) + u" FROM " + quoted(tableName)) ||
+        !run(query))
+        return false;
+    while (query.next())
+        values->insert(query.value(0).toString());
+    return !query.lastError().isValid();
 }
 
 bool LibraryStore::begin()

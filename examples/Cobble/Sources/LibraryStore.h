@@ -4,6 +4,7 @@
 
 #include <KTUtility/KTDatabaseBundle.h>
 
+#include <QSet>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 
@@ -71,9 +72,10 @@ public:
     qint64 recordCount(const Library &library);
     /// \param limit the most records that are wanted; all if negative.
     RecordCursor records(const Library &library, qint64 limit = -1);
-    /// Whether any library has the value in a field of media; true also if that cannot be found
-    /// out, as files that are in use must stay.
-    bool refersToMedia(const QString &url);
+    /// The values in the fields of media of a library; nothing if they cannot be read.
+    std::optional<QSet<QString>> mediaOf(const Library &library);
+    /// Those of all libraries.
+    std::optional<QSet<QString>> usedMedia();
 
     /// Begins to write; nobody else can until commit() or rollback().
     bool begin();
@@ -94,7 +96,7 @@ private:
     bool makeCatalogue();
     bool hasCatalogue();
     bool goToNext(QSqlQuery &query);
-    bool mayHold(const QString &tableName, const QString &columnName, const QString &value);
+    bool addValues(const QString &tableName, const QString &columnName, QSet<QString> *values);
     bool run(const QString &statement, QSqlQuery &query);
     bool run(QSqlQuery &query);
     bool run(const QString &statement);

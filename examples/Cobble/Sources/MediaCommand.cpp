@@ -1,6 +1,7 @@
 #include "MediaCommand.h"
 
 #include "AlignedTable.h"
+#include "BundleLock.h"
 #include "BundleOption.h"
 #include "MediaReference.h"
 #include "Usage.h"
@@ -14,6 +15,8 @@
 
 namespace {
 const QString HelpOption = QStringLiteral("help");
+/// How long to wait for an import to end, in milliseconds.
+constexpr int Patience = 5000;
 
 /// Whether it is what an interrupted copy has left; stored files have a number behind a dot.
 bool isUnfinished(const QFileInfo &file)
@@ -129,6 +132,10 @@ ExitCode copyForUpgrade(const QCommandLineParser &parser, CommandContext &contex
     const KTDatabaseBundle bundle = BundleOption::bundleIn(parser);
     if (!bundle.doesExist())
         return context.fail(bundle.bundlePath(), QStringLiteral("there is no database bundle"));
+    BundleLock lock(bundle);
+    QString error;
+    if (!lock.lock(Patience, &error))
+        return context.fail(bundle.bundlePath(), error);
     const QString aside = asidePathOf(bundle);
     const QString copy = bundle.moveDatabaseToPreUpgradePath();
     if (!NSFileManager::fileExistsAtPath(copy)) {

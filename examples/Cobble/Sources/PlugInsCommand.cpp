@@ -49,15 +49,20 @@ ExitCode listPlugIns(PlugIns &plugIns, CommandContext &context)
     return ExitCode::Success;
 }
 
-/// The manager that has registered a plug-in; null if none has.
+/// The manager that knows a plug-in; null if none does.
 KTPlugInManager *managerOf(const QString &identifier, PlugIns &plugIns)
 {
+    if (identifier.isEmpty())
+        return nullptr;
     for (const auto &[kind, manager] : plugIns.managers()) {
         const QList<KTPlugInStatus> all = manager->pluginStatus();
         for (const KTPlugInStatus &status : all) {
-            if (status.identifier == identifier && !identifier.isEmpty())
+            if (status.identifier == identifier)
                 return manager;
         }
+        // One whose folder is gone may still be enabled.
+        if (manager->isPluginEnabled(identifier))
+            return manager;
     }
     return nullptr;
 }

@@ -1,0 +1,31 @@
+#include "BundleLock.h"
+
+#include <KTUtility/Platform/Foundation/NSFileManager.h>
+#include <KTUtility/Platform/Foundation/NSPathUtilities.h>
+
+namespace {
+/// Beside the bundle, also if its path ends with "/".
+QString pathFor(const KTDatabaseBundle &bundle)
+{
+    return NSString::stringByAppendingPathComponent(bundle.bundlePath(), QString()) + u".lock";
+}
+} // namespace
+
+BundleLock::BundleLock(const KTDatabaseBundle &bundle) : _file(pathFor(bundle))
+{
+    // A lock is stale when its process is gone, however long an import takes.
+    _file.setStaleLockTime(0);
+}
+
+bool BundleLock::lock(int patience, QString *error)
+{
+    *error = QString();
+    const QString folder = NSString::stringByDeletingLastPathComponent(_file.fileName());
+    if (_file.tryLock(patience))
+        return true;
+    if (_file.error() == QLockFile::LockFailedError)
+        *error = QStringLiteral("another import is running");
+    else if (!NSFileManager::fileExistsAtPath(folder))
+        *error = QStringLiteral("there is no folder for the database bundle");
+    return error->isNull();
+}
