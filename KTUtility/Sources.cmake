@@ -1,7 +1,10 @@
 target_sources(KTUtility PRIVATE
+    KTAlertPanelDialogController.cpp
     KTAssert.cpp
     KTDatabaseBundle.cpp
     KTDatabaseBundleStoring.cpp
+    KTDialogController.cpp
+    KTDoNotShowAlert.cpp
     KTInstanceNumbers.cpp
     KTInternational.cpp
     KTLogCapture.cpp
@@ -12,4 +15,6 @@ target_sources(KTUtility PRIVATE
     KTMediaFilenameMunger.cpp
     KTMediaNames.cpp
     KTStagedFile.cpp
+    KTWindowController.cpp
+    KTWindowManager.cpp
 )

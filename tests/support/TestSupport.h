@@ -27,6 +27,13 @@ QString useFreshHome();
 /// The one QApplication of the process (offscreen), made on first use.
 void needApplication();
 
+/// A test that has windows: there is an application before its members are made.
+class WindowedTest : public testing::Test
+{
+protected:
+    WindowedTest() { needApplication(); }
+};
+
 /// The rows of a table in tests/data: one JSON object a line.
 QList<QJsonObject> rowsOf(const QString &table);
 

@@ -1,8 +1,11 @@
 target_sources(KTUtility PRIVATE
+    Platform/AppKit/NSAlert.cpp
+    Platform/AppKit/NSApplication.cpp
     Platform/AppKit/NSArrayController.cpp
     Platform/AppKit/NSFont.cpp
     Platform/AppKit/NSKeyValueBinding.cpp
     Platform/AppKit/NSMenuItem.cpp
     Platform/AppKit/NSSelectionMarker.cpp
     Platform/AppKit/NSSelectionProxy.cpp
+    Platform/AppKit/NSWindowController.cpp
 )

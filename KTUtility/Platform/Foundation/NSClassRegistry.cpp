@@ -45,3 +45,10 @@ const NSClass *NSClassRegistry::classNamed(const QString &name, const void *inMo
     });
     return found == entries().end() || name.isNull() ? nullptr : found->classObject;
 }
+
+const NSClass *NSClassRegistry::classNamed(const QString &name)
+{
+    const auto found = std::ranges::find_if(
+        entries(), [&](const Entry &entry) { return entry.classObject->name() == name; });
+    return found == entries().end() || name.isNull() ? nullptr : found->classObject;
+}

@@ -32,6 +32,8 @@ KTUTILITY_EXPORT void addClass(const NSClass &classObject, const void *addressIn
 KTUTILITY_EXPORT void removeClass(const NSClass &classObject);
 /// The module that an address lies in, to compare only; null if it lies in none.
 KTUTILITY_EXPORT const void *moduleOfAddress(const void *address);
+/// The first class that was registered with a name, in whatever module; null if there is none.
+KTUTILITY_EXPORT const NSClass *classNamed(const QString &name);
 /// The class of a module with a name; null if there is none.
 KTUTILITY_EXPORT const NSClass *classNamed(const QString &name, const void *inModule);
 } // namespace NSClassRegistry

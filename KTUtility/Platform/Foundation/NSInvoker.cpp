@@ -54,7 +54,7 @@ NSInvoker::NSInvoker(const NSSelector &selector, std::initializer_list<QVariant>
 
 bool NSInvoker::respondsTo(const NSKeyValueTarget &receiver, const NSSelector &selector)
 {
-    NSInvoker invoker(selector, {QVariant(), QVariant()});
+    NSInvoker invoker(selector, {QVariant(), QVariant(), QVariant()});
     return invoker.resolve(receiver);
 }
 

@@ -27,7 +27,7 @@ class KTUTILITY_EXPORT NSInvoker
 {
 public:
     /// At most this many arguments are passed.
-    static constexpr int MaximumArguments = 2;
+    static constexpr int MaximumArguments = 3;
 
     /// \param arguments what is passed to the method's parameters, from the first on; what it has
     /// no parameter for is not passed.

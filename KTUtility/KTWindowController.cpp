@@ -1,0 +1,100 @@
+#include "KTWindowController.h"
+
+#include "KTDialogController.h"
+#include "KTWindowManager.h"
+#include "Platform/Foundation/NSKeyValueTarget.h"
+#include "Platform/Foundation/NSObject.h"
+#include "Platform/Foundation/NSStringFormat.h"
+
+namespace {
+/// The controller that a notification's window tells.
+KTWindowController *delegateIn(const NSNotification &notification)
+{
+    return qobject_cast<KTWindowController *>(NSWindowController::delegateOf(notification.window));
+}
+} // namespace
+
+KTWindowController::KTWindowController(QWidget *window) : NSWindowController(window) {}
+KTWindowController::KTWindowController(const QString &interfaceFile)
+    : NSWindowController(interfaceFile)
+{
+}
+
+KTWindowController::~KTWindowController()
+{
+    KTWindowManager::sharedWindowManager()->windowControllerBecameVisible(this, false);
+}
+
+void KTWindowController::addDialogControllerToQueue(KTDialogController *dialog)
+{
+    _dialogQueue.append(dialog);
+}
+
+QList<KTDialogController *> KTWindowController::dialogQueue() const
+{
+    QList<KTDialogController *> dialogs;
+    for (const QPointer<KTDialogController> &dialog : _dialogQueue) {
+        if (dialog)
+            dialogs += dialog;
+    }
+    return dialogs;
+}
+
+void KTWindowController::runDialogQueue()
+{
+    _continueRunningQueue = true;
+    runNextDialogInQueue();
+}
+
+void KTWindowController::runNextDialogInQueue()
+{
+    _dialogQueue.removeAll(nullptr);
+    if (_dialogQueue.isEmpty()) {
+        _continueRunningQueue = false;
+        return;
+    }
+    const QPointer<KTDialogController> dialog = _dialogQueue.takeFirst();
+    dialog->_configDialog(this);
+    // Configuring may have ended or even destroyed it.
+    if (dialog && dialog->hostWindowController() == this)
+        dialog->runDialog();
+}
+
+void KTWindowController::dialogClosed(KTDialogController * /*dialog*/)
+{
+    if (_continueRunningQueue)
+        runNextDialogInQueue();
+}
+
+void KTWindowController::exposeObjectToDialog(const QVariant &object, const QString &forKey)
+{
+    if (NSObject::isNil(object))
+        _exposedDialogDatasource.remove(forKey);
+    else
+        _exposedDialogDatasource.insert(forKey, object);
+}
+
+QString KTWindowController::description() const
+{
+    QVariantList dialogs;
+    for (KTDialogController *const dialog : dialogQueue())
+        dialogs += NSKeyValueTarget::of(dialog).description();
+    return NSString::stringWithFormat(u"%@\nDialogQueue:%@\n",
+                                      NSKeyValueTarget::of(this).description(), QVariant(dialogs));
+}
+
+void KTWindowController::windowDidBecomeKey(const NSNotification &notification)
+{
+    KTWindowManager::sharedWindowManager()->windowControllerBecameMain(delegateIn(notification));
+}
+
+void KTWindowController::windowWillClose(const NSNotification &notification)
+{
+    KTWindowManager::sharedWindowManager()->windowControllerBecameVisible(delegateIn(notification),
+                                                                          false);
+}
+
+void KTWindowController::windowDidLoad()
+{
+    KTWindowManager::sharedWindowManager()->windowControllerBecameMain(this);
+}

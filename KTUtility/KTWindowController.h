@@ -1,0 +1,66 @@
+#pragma once
+
+#include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/AppKit/NSWindowController.h>
+
+#include <QList>
+#include <QPointer>
+#include <QVariantMap>
+
+class KTDialogController;
+
+/// A controller of a main window: it keeps a queue of dialogs that run over the window one after
+/// another, and lends them objects by key.
+///
+/// Windows enter themselves in the KTWindowManager when they are loaded, move to its front when
+/// they get the keyboard, and leave it when they close. A dialog that is destroyed while it waits
+/// is passed over.
+///
+/// \code
+/// windowController->exposeObjectToDialog(QVariant::fromValue(record), QStringLiteral("record"));
+/// windowController->addDialogControllerToQueue(&deleteDialog);
+/// windowController->addDialogControllerToQueue(&doneDialog);
+/// windowController->runDialogQueue();    // the first appears, and the second when it is closed
+/// \endcode
+class KTUTILITY_EXPORT KTWindowController : public NSWindowController
+{
+    Q_OBJECT
+
+public:
+    /// \param window may be null for a window that is loaded later.
+    explicit KTWindowController(QWidget *window = nullptr);
+    explicit KTWindowController(const QString &interfaceFile);
+    /// Leaves the window manager.
+    ~KTWindowController() override;
+
+    /// Puts a dialog behind those that wait. The same one may wait several times.
+    void addDialogControllerToQueue(KTDialogController *dialog);
+    /// Starts with the first dialog that waits; each that closes starts the next one.
+    void runDialogQueue();
+    /// Takes the first dialog from the queue and runs it; without one, the queue comes to rest.
+    void runNextDialogInQueue();
+    /// A dialog tells that it has closed.
+    Q_INVOKABLE void dialogClosed(KTDialogController *dialog);
+    /// The dialogs that wait, in their order.
+    QList<KTDialogController *> dialogQueue() const;
+    /// Whether closing a dialog starts the next one.
+    bool continueRunningQueue() const { return _continueRunningQueue; }
+
+    /// Lends an object to dialogs; nil takes it back.
+    void exposeObjectToDialog(const QVariant &object, const QString &forKey);
+    const QVariantMap &exposedDialogDatasource() const { return _exposedDialogDatasource; }
+
+    /// What NSWindowController's would be, and the dialogs that wait.
+    Q_INVOKABLE virtual QString description() const;
+
+    void windowDidBecomeKey(const NSNotification &notification) override;
+    void windowWillClose(const NSNotification &notification) override;
+
+protected:
+    void windowDidLoad() override;
+
+private:
+    QList<QPointer<KTDialogController>> _dialogQueue;
+    QVariantMap _exposedDialogDatasource;
+    bool _continueRunningQueue = false;
+};

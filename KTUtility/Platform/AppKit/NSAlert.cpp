@@ -1,0 +1,134 @@
+#include "NSAlert.h"
+
+#include "NSApplication.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+
+namespace {
+QMessageBox::Icon iconFor(NSAlertStyle style)
+{
+    switch (style) {
+    case NSInformationalAlertStyle:
+        return QMessageBox::Information;
+    case NSCriticalAlertStyle:
+        return QMessageBox::Critical;
+    default:
+        return QMessageBox::Warning;
+    }
+}
+
+/// A title in which "&" is a letter like others.
+QString buttonText(const QString &title)
+{
+    return QString(title).replace(u'&', QStringLiteral("&&"));
+}
+
+void addButtons(QMessageBox &box, const QString &defaultButton, const QString &alternateButton,
+                const QString &otherButton)
+{
+    const QString first = defaultButton.isNull() ? NSAlert::tr("OK") : defaultButton;
+    QPushButton *const main = box.addButton(buttonText(first), QMessageBox::AcceptRole);
+    QPushButton *escape = main;
+    if (!alternateButton.isNull())
+        escape = box.addButton(buttonText(alternateButton), QMessageBox::RejectRole);
+    if (!otherButton.isNull())
+        box.addButton(buttonText(otherButton), QMessageBox::DestructiveRole);
+    box.setDefaultButton(main);
+    box.setEscapeButton(escape);
+}
+
+/// The box makes its second label when it has a text, and guesses what kind of text it is.
+void setInformativeText(QMessageBox &box, const QString &text)
+{
+    box.setInformativeText(text);
+    if (auto *const label = box.findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel")))
+        label->setTextFormat(Qt::PlainText);
+}
+} // namespace
+
+NSAlert::NSAlert(const QString &messageText, const QString &defaultButton,
+                 const QString &alternateButton, const QString &otherButton,
+                 const QString &informativeText)
+    : _box(std::make_unique<QMessageBox>())
+{
+    _box->setTextFormat(Qt::PlainText);
+    _box->setText(messageText);
+    setInformativeText(*_box, informativeText);
+    addButtons(*_box, defaultButton, alternateButton, otherButton);
+    setAlertStyle(NSWarningAlertStyle);
+}
+
+NSAlert::~NSAlert() = default;
+
+QString NSAlert::messageText() const
+{
+    return _box->text();
+}
+
+QString NSAlert::informativeText() const
+{
+    return _box->informativeText();
+}
+
+void NSAlert::setAlertStyle(NSAlertStyle style)
+{
+    _alertStyle = style;
+    _box->setIcon(iconFor(style));
+}
+
+bool NSAlert::showsSuppressionButton() const
+{
+    return _box->checkBox() != nullptr;
+}
+
+void NSAlert::setShowsSuppressionButton(bool shows)
+{
+    if (shows != showsSuppressionButton())
+        _box->setCheckBox(shows ? new QCheckBox(tr("Do not show this message again")) : nullptr);
+}
+
+QCheckBox *NSAlert::suppressionButton() const
+{
+    return _box->checkBox();
+}
+
+QWidget *NSAlert::window() const
+{
+    return _box.get();
+}
+
+/// By the button, whose number means nothing: closing the box has that of the first one.
+int NSAlert::returnCode() const
+{
+    const QAbstractButton *const clicked =
+        _box->clickedButton() ? _box->clickedButton() : _box->escapeButton();
+    switch (clicked ? _box->buttonRole(const_cast<QAbstractButton *>(clicked))
+                    : QMessageBox::AcceptRole) {
+    case QMessageBox::RejectRole:
+        return NSAlertAlternateReturn;
+    case QMessageBox::DestructiveRole:
+        return NSAlertOtherReturn;
+    default:
+        return NSAlertDefaultReturn;
+    }
+}
+
+void NSAlert::beginSheetModalForWindow(QWidget *window, DidEnd didEnd)
+{
+    QObject::connect(_box.get(), &QDialog::finished, this, [this, didEnd = std::move(didEnd)] {
+        const QPointer<NSAlert> self(this);
+        NSApplication::endSheet(_box.get());
+        if (didEnd)
+            didEnd(this, returnCode());
+        if (self)
+            deleteLater();
+    });
+    if (window)
+        NSApplication::beginSheet(_box.get(), window);
+    else
+        _box->show();
+}

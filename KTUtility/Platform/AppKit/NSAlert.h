@@ -1,0 +1,76 @@
+#pragma once
+
+#include <KTUtility/KTUtilityExport.h>
+
+#include <QObject>
+#include <QString>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+class QCheckBox;
+class QMessageBox;
+
+/// What ended an alert: the place of the button, whatever its title is.
+enum NSAlertReturnCode {
+    NSAlertDefaultReturn = 1,
+    NSAlertAlternateReturn = 0,
+    NSAlertOtherReturn = -1,
+};
+
+enum NSAlertStyle {
+    NSWarningAlertStyle = 0,
+    NSInformationalAlertStyle = 1,
+    NSCriticalAlertStyle = 2,
+};
+
+/// A question or message over a window, with up to three buttons and, if wanted, a check box by
+/// which the user need not see it again. All texts are shown as they are, never as HTML.
+///
+/// Return presses the default button, Escape the alternate one, or the only one there is; closing
+/// the alert is like Escape.
+///
+/// \code
+/// auto *alert = new NSAlert(QStringLiteral("Delete the record?"), QStringLiteral("Delete"),
+///                           QStringLiteral("Keep"), QString(),
+///                           QStringLiteral("This cannot be undone."));
+/// alert->setShowsSuppressionButton(true);
+/// alert->beginSheetModalForWindow(window, [](NSAlert *alert, int returnCode) { … });
+/// \endcode
+class KTUTILITY_EXPORT NSAlert : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// \param defaultButton nil is "OK".
+    /// \param alternateButton,otherButton nil for none.
+    NSAlert(const QString &messageText, const QString &defaultButton,
+            const QString &alternateButton, const QString &otherButton,
+            const QString &informativeText);
+    ~NSAlert() override;
+
+    QString messageText() const;
+    QString informativeText() const;
+    NSAlertStyle alertStyle() const { return _alertStyle; }
+    void setAlertStyle(NSAlertStyle style);
+    /// Whether there is a check box "Do not show this message again".
+    bool showsSuppressionButton() const;
+    void setShowsSuppressionButton(bool shows);
+    /// The check box; null if there is none.
+    QCheckBox *suppressionButton() const;
+    /// The window of the alert.
+    QWidget *window() const;
+
+    using DidEnd = std::function<void(NSAlert *alert, int returnCode)>;
+
+    /// Shows the alert over a window, which it blocks, and returns at once. When it has ended, \a
+    /// didEnd is called, and then the alert destroys itself. Without a window it is on its own.
+    void beginSheetModalForWindow(QWidget *window, DidEnd didEnd);
+
+private:
+    int returnCode() const;
+
+    std::unique_ptr<QMessageBox> _box;
+    NSAlertStyle _alertStyle = NSWarningAlertStyle;
+};

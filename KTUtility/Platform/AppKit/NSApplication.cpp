@@ -1,0 +1,154 @@
+#include "NSApplication.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QPointer>
+#include <QWindow>
+
+#include <deque>
+
+namespace {
+constexpr const char *SheetProperty = "_NSApplicationSheet";
+
+/// A modal session, which ends with its window.
+class ModalSession : public QObject
+{
+public:
+    explicit ModalSession(QWidget *window) : _window(window)
+    {
+        window->installEventFilter(this);
+        QObject::connect(window, &QObject::destroyed, &_loop, [this] { stop(0); });
+    }
+
+    QWidget *window() const { return _window; }
+    int run()
+    {
+        _loop.exec();
+        return _code;
+    }
+    void stop(int code)
+    {
+        _code = code;
+        _loop.quit();
+    }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Hide)
+            _loop.quit();
+        return false;
+    }
+
+private:
+    QPointer<QWidget> _window;
+    QEventLoop _loop;
+    int _code = 0;
+};
+
+QList<ModalSession *> &sessions()
+{
+    static QList<ModalSession *> list;
+    return list;
+}
+
+struct Perform
+{
+    QPointer<QObject> receiver;
+    std::function<void()> perform;
+};
+
+std::deque<Perform> &waiting()
+{
+    static std::deque<Perform> queue;
+    return queue;
+}
+
+/// Calls what waited when this was scheduled. What is added meanwhile has a turn of its own.
+void flush()
+{
+    for (size_t count = waiting().size(); count > 0 && sessions().isEmpty(); --count) {
+        if (waiting().empty())
+            return;
+        const Perform next = std::move(waiting().front());
+        waiting().pop_front();
+        if (next.receiver)
+            next.perform();
+    }
+}
+
+void scheduleFlush()
+{
+    if (QCoreApplication::instance())
+        QMetaObject::invokeMethod(QCoreApplication::instance(), flush, Qt::QueuedConnection);
+}
+
+void present(QWidget *window)
+{
+    window->show();
+    window->raise();
+    window->activateWindow();
+}
+} // namespace
+
+int NSApplication::runModalForWindow(QWidget *window)
+{
+    const QPointer<QWidget> guard(window);
+    window->hide();
+    window->setWindowModality(Qt::ApplicationModal);
+    ModalSession session(window);
+    sessions().append(&session);
+    present(window);
+    const int code = session.run();
+    sessions().removeLast();
+    if (guard)
+        guard->setWindowModality(Qt::NonModal);
+    if (!waiting().empty())
+        scheduleFlush();
+    return code;
+}
+
+void NSApplication::stopModal(int code)
+{
+    if (!sessions().isEmpty())
+        sessions().last()->stop(code);
+}
+
+QWidget *NSApplication::modalWindow()
+{
+    return sessions().isEmpty() ? nullptr : sessions().last()->window();
+}
+
+void NSApplication::beginSheet(QWidget *sheet, QWidget *modalForWindow)
+{
+    QWidget *const host = modalForWindow->window();
+    sheet->hide();
+    sheet->setWindowModality(Qt::WindowModal);
+    sheet->setProperty(SheetProperty, true);
+    // The host does not become the sheet's parent, which would own it.
+    sheet->winId();
+    host->winId();
+    if (sheet != host)
+        sheet->windowHandle()->setTransientParent(host->windowHandle());
+    present(sheet);
+}
+
+void NSApplication::endSheet(QWidget *sheet)
+{
+    if (!isSheet(sheet))
+        return;
+    sheet->setProperty(SheetProperty, QVariant());
+    sheet->setWindowModality(Qt::NonModal);
+    if (sheet->windowHandle())
+        sheet->windowHandle()->setTransientParent(nullptr);
+}
+
+bool NSApplication::isSheet(const QWidget *window)
+{
+    return window && window->property(SheetProperty).toBool();
+}
+
+void NSApplication::performOnNextTurn(QObject *receiver, std::function<void()> perform)
+{
+    waiting().push_back({receiver, std::move(perform)});
+    scheduleFlush();
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <KTUtility/KTUtilityExport.h>
+
+#include <QObject>
+#include <QWidget>
+
+#include <functional>
+
+/// Modal sessions, sheets, and what waits for the next turn of the run loop. For the main thread.
+///
+/// \code
+/// NSApplication::beginSheet(dialog, window);       // blocks the window only, returns at once
+/// …
+/// NSApplication::endSheet(dialog);
+///
+/// NSApplication::runModalForWindow(dialog);        // blocks all other windows until stopModal()
+/// \endcode
+namespace NSApplication {
+/// Shows a window and blocks all others until the session stops: by stopModal(), or because the
+/// window is hidden or destroyed. Sessions nest.
+/// \return the code that the session was stopped with; 0 for the latter.
+KTUTILITY_EXPORT int runModalForWindow(QWidget *window);
+/// Stops the innermost session; nothing without one.
+KTUTILITY_EXPORT void stopModal(int code = 0);
+/// The window of the innermost session; null without one.
+KTUTILITY_EXPORT QWidget *modalWindow();
+
+/// Shows a window as a sheet of another one, which it blocks.
+KTUTILITY_EXPORT void beginSheet(QWidget *sheet, QWidget *modalForWindow);
+/// Takes the block away; hiding the sheet is the caller's business. Nothing for other windows.
+KTUTILITY_EXPORT void endSheet(QWidget *sheet);
+/// Whether a window is a sheet now.
+KTUTILITY_EXPORT bool isSheet(const QWidget *window);
+
+/// Has a function called on a later turn of the run loop, unless the receiver is gone by then. What
+/// is asked for first is called first. During modal sessions nothing is called; it waits for their
+/// end.
+KTUTILITY_EXPORT void performOnNextTurn(QObject *receiver, std::function<void()> perform);
+} // namespace NSApplication

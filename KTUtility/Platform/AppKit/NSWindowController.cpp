@@ -1,0 +1,105 @@
+#include "NSWindowController.h"
+
+#include <QCloseEvent>
+#include <QFile>
+#include <QUiLoader>
+
+namespace {
+constexpr const char *DelegateProperty = "_NSWindowDelegate";
+}
+
+NSWindowController::NSWindowController(QWidget *window)
+{
+    setWindow(window);
+}
+
+NSWindowController::NSWindowController(const QString &interfaceFile) : _interfaceFile(interfaceFile)
+{
+}
+
+NSWindowController::~NSWindowController()
+{
+    setWindow(nullptr);
+}
+
+QWidget *NSWindowController::window()
+{
+    if (_window)
+        return _window;
+    loadWindow();
+    if (_window)
+        windowDidLoad();
+    return _window;
+}
+
+void NSWindowController::setWindow(QWidget *window)
+{
+    if (window == _window)
+        return;
+    if (_window) {
+        _window->removeEventFilter(this);
+        delete _window.data();
+    }
+    _window = window;
+    if (!window)
+        return;
+    window->setProperty(DelegateProperty, QVariant::fromValue<QObject *>(this));
+    window->installEventFilter(this);
+}
+
+void NSWindowController::loadWindow()
+{
+    QFile file(_interfaceFile);
+    if (_interfaceFile.isEmpty() || !file.open(QIODevice::ReadOnly))
+        return;
+    QUiLoader loader;
+    setWindow(loader.load(&file));
+}
+
+void NSWindowController::windowDidLoad() {}
+void NSWindowController::windowDidBecomeKey(const NSNotification &) {}
+void NSWindowController::windowWillClose(const NSNotification &) {}
+
+void NSWindowController::showWindow()
+{
+    if (QWidget *const shown = window()) {
+        shown->show();
+        shown->raise();
+        shown->activateWindow();
+    }
+}
+
+void NSWindowController::close()
+{
+    if (_window)
+        _window->close();
+}
+
+NSWindowController *NSWindowController::delegateOf(const QWidget *window)
+{
+    if (!window)
+        return nullptr;
+    return qobject_cast<NSWindowController *>(
+        window->property(DelegateProperty).value<QObject *>());
+}
+
+bool NSWindowController::eventFilter(QObject *object, QEvent *event)
+{
+    if (object != _window)
+        return false;
+    // The news may come late, when the window is hidden again.
+    if (event->type() == QEvent::WindowActivate && _window->isVisible())
+        windowDidBecomeKey({_window});
+    if (event->type() != QEvent::Close || _isClosing)
+        return false;
+    // The window itself decides first.
+    _isClosing = true;
+    const QPointer<NSWindowController> self(this);
+    object->event(event);
+    if (!self)
+        return true;
+    _isClosing = false;
+    if (event->isAccepted() && _window)
+        windowWillClose({_window});
+    return true;
+}
