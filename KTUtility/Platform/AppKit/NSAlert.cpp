@@ -8,6 +8,8 @@
 #include <QPointer>
 #include <QPushButton>
 
+#include <utility>
+
 namespace {
 QMessageBox::Icon iconFor(NSAlertStyle style)
 {
@@ -119,16 +121,22 @@ int NSAlert::returnCode() const
 
 void NSAlert::beginSheetModalForWindow(QWidget *window, DidEnd didEnd)
 {
-    QObject::connect(_box.get(), &QDialog::finished, this, [this, didEnd = std::move(didEnd)] {
-        const QPointer<NSAlert> self(this);
-        NSApplication::endSheet(_box.get());
-        if (didEnd)
-            didEnd(this, returnCode());
-        if (self)
-            deleteLater();
-    });
+    _didEnd = std::move(didEnd);
+    QObject::connect(_box.get(), &QDialog::finished, this, &NSAlert::end);
     if (window)
         NSApplication::beginSheet(_box.get(), window);
     else
         _box->show();
+}
+
+void NSAlert::end()
+{
+    const QPointer<NSAlert> self(this);
+    NSApplication::endSheet(_box.get());
+    // The function may destroy the alert, and itself with it.
+    const DidEnd didEnd = std::exchange(_didEnd, {});
+    if (didEnd)
+        didEnd(this, returnCode());
+    if (self)
+        deleteLater();
 }

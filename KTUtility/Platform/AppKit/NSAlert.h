@@ -69,8 +69,10 @@ public:
     void beginSheetModalForWindow(QWidget *window, DidEnd didEnd);
 
 private:
+    void end();
     int returnCode() const;
 
     std::unique_ptr<QMessageBox> _box;
+    DidEnd _didEnd;
     NSAlertStyle _alertStyle = NSWarningAlertStyle;
 };

@@ -53,7 +53,7 @@ QStringList NSValueTransformer::valueTransformerNames()
     return transformers().keys();
 }
 
-void NSValueTransformer::registerClass(const QString &name, Make make)
+void NSValueTransformer::registerClass(const QString &name, const Make &make)
 {
-    classes().insert(name, std::move(make));
+    classes().insert(name, make);
 }

@@ -54,7 +54,7 @@ public:
 
     /// Makes a class of transformers known by name; see KT_REGISTER_VALUE_TRANSFORMER.
     static void registerClass(const QString &name,
-                              std::function<std::shared_ptr<NSValueTransformer>()> make);
+                              const std::function<std::shared_ptr<NSValueTransformer>()> &make);
 };
 
 /// A transformer in a variant, as the options of bindings hold it.
