@@ -19,7 +19,7 @@
 /// | = == != <> < <= > >= | numbers by value, texts by UTF-16 unit, dates |
 /// | BEGINSWITH ENDSWITH CONTAINS | texts; CONTAINS also lists |
 /// | LIKE | texts; "?" is any character, "*" any number of them |
-/// | MATCHES | the whole of a text against a regular expression |
+/// | MATCHES | the whole of a text against a regular expression; false where that takes too long |
 /// | IN | an element of a list, or a part of a text |
 ///
 /// Behind an operator for texts, [c] ignores case, [d] diacritics, [cd] both. Operands are key

@@ -190,8 +190,8 @@ NSPredicateParser::Operand NSPredicateParser::parseOperand()
         return parseArgument();
     if (first == u'"' || first == u'\'')
         return parseText(first);
-    const bool isSigned = first == u'-' || first == u'+';
-    if (isSigned || (first >= u'0' && first <= u'9'))
+    const bool isPrefix = first == u'-' || first == u'+' || first == u'.';
+    if (isPrefix || (first >= u'0' && first <= u'9'))
         return parseNumber();
     return parseWord();
 }

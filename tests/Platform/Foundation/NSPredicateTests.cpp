@@ -37,14 +37,28 @@ TEST(NSPredicate, HeaderExample)
 
 TEST(NSPredicate, Comparisons)
 {
-    for (const char16_t *format :
-         {u"age = 36",        u"age == 36.0",      u"age != 37",
-          u"age <> 37",       u"age < 37",         u"age <= 36",
-          u"age > 35",        u"age >= 36",        u"36 == age",
-          u"height > 1.5",    u"age > -1",         u"isFriend == YES",
-          u"isFriend = true", u"none == nil",      u"none = NULL",
-          u"name == 'Zoë'",   u"name != nil",      u"home.city == \"Berlin\"",
-          u"SELF.age == 36",  u"tags.@count == 2", u"name = 'Zo\\ë'"})
+    for (const char16_t *format : {u"age = 36",
+                                   u"age == 36.0",
+                                   u"age != 37",
+                                   u"age <> 37",
+                                   u"age < 37",
+                                   u"age <= 36",
+                                   u"age > 35",
+                                   u"age >= 36",
+                                   u"36 == age",
+                                   u"height > 1.5",
+                                   u"height > .5",
+                                   u"age > -1",
+                                   u"isFriend == YES",
+                                   u"isFriend = true",
+                                   u"none == nil",
+                                   u"none = NULL",
+                                   u"name == 'Zoë'",
+                                   u"name != nil",
+                                   u"home.city == \"Berlin\"",
+                                   u"SELF.age == 36",
+                                   u"tags.@count == 2",
+                                   u"name = 'Zo\\ë'"})
         EXPECT_TRUE(isTrue(format)) << QString::fromUtf16(format).toStdString();
     for (const char16_t *format : {u"age = 37", u"age == '36'", u"none < 5", u"none > 5",
                                    u"name == 'zoë'", u"age > 36", u"none != nil", u"name < nil"})
@@ -109,7 +123,7 @@ TEST(NSPredicate, WhatIsNoFormat)
 {
     for (const char16_t *format :
          {u"", u"age", u"age =", u"= 5", u"age = 5 AND", u"(age = 5", u"age = 5)", u"age ~ 5",
-          u"name = 'open", u"name ==[x] 'a'", u"name ==[c 'a'", u"age = %@", u"%d = 5",
+          u"age = .", u"name = 'open", u"name ==[x] 'a'", u"name ==[c 'a'", u"age = %@", u"%d = 5",
           u"age = 1-2", u"age == 36 name == 'x'", u"NOT"})
         EXPECT_RAISES(NSPredicate::predicateWithFormat(format), NSInvalidArgumentException,
                       u"Unable to parse the format string \"" + QString::fromUtf16(format) + u'"');
