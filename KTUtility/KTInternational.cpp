@@ -40,17 +40,20 @@ QString textOf(const QVariant &value, const QString &key)
     return value.toString();
 }
 
-void appendAll(const QVariant &list, QStringList *alternates)
+/// The texts of a list.
+QStringList textsOf(const QVariant &list)
 {
     if (NSObject::isNil(list))
-        return;
+        return {};
     if (list.typeId() != QMetaType::QVariantList)
         NSException::raise(NSInvalidArgumentException,
                            NSString::stringWithFormat(u"%@ is no list in the separators under %@",
                                                       list, KTInternationalSeparatorsListKey));
     const QVariantList entries = list.toList();
+    QStringList texts;
     for (const QVariant &entry : entries)
-        alternates->append(textOf(entry, KTInternationalSeparatorsListKey));
+        texts += textOf(entry, KTInternationalSeparatorsListKey);
+    return texts;
 }
 
 NSCharacterSet makeIllegalCSVCharacterSet()
@@ -120,15 +123,17 @@ QString KTInternational::localizedCSVSeparatorAndAlternates(QStringList *alterna
              QStringLiteral("KTInternational: localizedCSVSeparatorAndAlternates: alternates param "
                             "can't be nil"));
     QString result = KTInternationalDefaultCSVSeparator;
-    const std::optional<QVariantMap> list = separatorsDict();
-    if (!list || !alternates)
+    if (!alternates)
         return result;
     try {
+        const std::optional<QVariantMap> list = separatorsDict();
+        if (!list)
+            return result;
         const QString separator = separatorFor(*list);
         if (separator.isNull())
             return result;
         result = separator;
-        appendAll(list->value(KTInternationalSeparatorsListKey), alternates);
+        *alternates += textsOf(list->value(KTInternationalSeparatorsListKey));
         alternates->removeAll(result);
     } catch (const NSException &exception) {
         KTLog(kLog_invalid, 4, u"%@", exception.reason());

@@ -163,6 +163,15 @@ TEST_F(InternationalTest, ListsOfWrongTypesAreLogged)
     }
 }
 
+TEST_F(InternationalTest, AListThatIsPartlyWrongAddsNothing)
+{
+    new Application("<key>de</key><string>;</string>"
+                    "<key>List</key><array><string>;</string><integer>5</integer></array>");
+    useLocale(u"de_DE");
+    EXPECT_EQ(separator({QStringLiteral("mine")}), QStringLiteral(";"));
+    EXPECT_EQ(alternates, QStringList(QStringLiteral("mine")));
+}
+
 TEST_F(InternationalTest, AListWithoutAlternatives)
 {
     new Application("<key>de</key><string>;</string>");

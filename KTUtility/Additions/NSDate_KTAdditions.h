@@ -20,7 +20,7 @@
 /// \endcode
 namespace KTAdditions {
 /// The first instant of the receiver's day: midnight, or what follows it in zones whose summer time
-/// begins at midnight.
+/// begins at midnight. Where it ends with a second midnight, it is the first one.
 KTUTILITY_EXPORT QDateTime beginningOfDay(const QDateTime &receiver);
 /// The last whole second of the receiver's day: a second before the next day begins.
 KTUTILITY_EXPORT QDateTime endOfDay(const QDateTime &receiver);

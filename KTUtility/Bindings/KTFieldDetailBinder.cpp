@@ -9,7 +9,10 @@
 #include <KTUtility/Platform/Foundation/NSObject.h>
 #include <KTUtility/Platform/Foundation/NSStringFormat.h>
 
+#include <QScopedValueRollback>
 #include <QSet>
+
+#include <utility>
 
 namespace {
 constexpr const char *Create = "createNewFieldDetailObjectForField:";
@@ -96,10 +99,11 @@ void KTFieldDetailBinder::bindFields(QObject *object, const QString &keyPath,
         failParameter(120, "observableController != nil");
     if (keyPath.isEmpty())
         failParameter(121, "[keyPath length] > 0");
-    unbind(_fieldsBindingName);
+    unbindFields();
     NSKeyValueObserving::addObserver(object, this, keyPath,
                                      NSKeyValueObservingOptionNew | NSKeyValueObservingOptionOld,
                                      _fieldsBindingName);
+    _fieldsBinding = std::make_shared<FieldsBinding>();
     _observedObjectForFields = object;
     _observedKeyPathForFields = keyPath;
     // A name of a transformer is deliberately not looked at.
@@ -119,16 +123,19 @@ void KTFieldDetailBinder::bindFieldDependent(const QString &name, QObject *objec
         return;
     }
     unbind(name);
-    auto binder = std::make_unique<KTPropertyBinder>(name, name, nullptr);
+    const auto binder = std::make_shared<KTPropertyBinder>(name, name, nullptr);
     binder->setShouldObserveKeyPath(false);
     binder->bind(name, object, keyPath, options);
-    const KTPropertyBinder *const bound = binder.get();
-    _fieldDependentBinders[name] = std::move(binder);
+    _fieldDependentBinders[name] = binder;
     const QString subBinding = _fieldDependentBindingNames.value(name);
     const Fields fields = _currentValueForFields;
-    for (const Field &field : fields)
+    const std::shared_ptr<FieldsBinding> fieldsBinding = _fieldsBinding;
+    for (const Field &field : fields) {
+        if (fieldsBinding->isOver)
+            return;
         _bindFieldDetail(subBinding, _fieldDetailObjects.objectForKey(field.object), field.object,
-                         bound);
+                         binder.get());
+    }
 }
 
 void KTFieldDetailBinder::bindValueSource(QObject *object, const QString &keyPath,
@@ -153,10 +160,18 @@ void KTFieldDetailBinder::unbind(const QString &binding)
 /// The list of fields deliberately stays as it was.
 void KTFieldDetailBinder::unbindFields()
 {
-    if (_observedKeyPathForFields.isNull())
+    const std::shared_ptr<FieldsBinding> binding = _fieldsBinding;
+    if (!binding)
         return;
-    _processRemovedFields(_currentValueForFields);
-    tellOwner(FinishedRearrange);
+    // Nothing is added any more.
+    const QScopedValueRollback<bool> setting(binding->isSetting, true);
+    if (_processRemovedFields(_currentValueForFields))
+        tellOwner(FinishedRearrange);
+    // The owner may have ended it already.
+    if (binding->isOver)
+        return;
+    binding->isOver = true;
+    _fieldsBinding = nullptr;
     _fieldDependentBinders.clear();
     _fieldDetailObjects.removeAllObjects();
     NSKeyValueObserving::removeObserver(_observedObjectForFields, this, _observedKeyPathForFields);
@@ -306,53 +321,96 @@ void KTFieldDetailBinder::observeValueForKeyPath(const QString &keyPath, QObject
     }
 }
 
+/// A change that is told while the owner is called waits until the one before it is done.
 void KTFieldDetailBinder::setFields()
+{
+    const std::shared_ptr<FieldsBinding> binding = _fieldsBinding;
+    if (!binding)
+        return;
+    binding->mustBeSet = true;
+    if (binding->isSetting)
+        return;
+    const QScopedValueRollback<bool> setting(binding->isSetting, true);
+    while (!binding->isOver && std::exchange(binding->mustBeSet, false))
+        setFieldsOnce(*binding);
+}
+
+void KTFieldDetailBinder::setFieldsOnce(const FieldsBinding &binding)
 {
     const Fields fields = fieldsIn(_fieldsBindingValue());
     const Fields removed = fieldsNotIn(_currentValueForFields, fields);
     const Fields added = fieldsNotIn(fields, _currentValueForFields);
     if (removed.size() == _currentValueForFields.size())
         tellOwner(SetAutoScroll, {false});
-    _processRemovedFields(removed);
+    if (binding.isOver || !_processRemovedFields(removed))
+        return;
     _currentValueForFields = fields;
-    _processAddedFields(added);
+    if (!_processAddedFields(added))
+        return;
     tellOwner(FinishedRearrange);
-    tellOwner(SetAutoScroll, {true});
+    if (!binding.isOver)
+        tellOwner(SetAutoScroll, {true});
 }
 
-void KTFieldDetailBinder::_processAddedFields(const Fields &fields)
+/// \return false if the owner has ended the binding; this object may be gone then.
+bool KTFieldDetailBinder::_processAddedFields(const Fields &fields)
 {
+    const std::shared_ptr<FieldsBinding> binding = _fieldsBinding;
     for (const Field &field : fields) {
         if (field.object)
-            addField(field.object);
+            addField(field.object, *binding);
+        if (binding->isOver)
+            return false;
     }
     tellOwner(FinishedAdding);
+    return !binding->isOver;
 }
 
-void KTFieldDetailBinder::addField(QObject *field)
+void KTFieldDetailBinder::addField(const QPointer<QObject> &field, const FieldsBinding &binding)
 {
     if (!_owner)
         return;
     const QPointer<QObject> detail =
         NSInvoker(Create, {boxed(field)}).perform(NSKeyValueTarget::of(_owner)).value<QObject *>();
-    if (!detail)
+    if (binding.isOver || !detail || !field)
         return;
-    for (auto name = _fieldDependentBindingNames.constBegin();
-         name != _fieldDependentBindingNames.constEnd(); ++name) {
-        const auto binder = _fieldDependentBinders.find(name.key());
-        if (name.key() != _fieldDetailValuesBindingName && binder != _fieldDependentBinders.end())
-            _bindFieldDetail(name.value(), detail, field, binder->second.get());
-    }
-    bindValue(detail, field);
+    bindNewDetail(detail, field, binding);
+    if (binding.isOver || !detail || !field)
+        return;
     _fieldDetailObjects.setObject(detail, field);
     tellOwner(WasBound, {boxed(detail), boxed(field)});
 }
 
-void KTFieldDetailBinder::_processRemovedFields(const Fields &fields)
+void KTFieldDetailBinder::bindNewDetail(const QPointer<QObject> &detail,
+                                        const QPointer<QObject> &field,
+                                        const FieldsBinding &binding)
 {
-    for (const Field &field : fields)
+    const QMap<QString, QString> names = _fieldDependentBindingNames;
+    for (auto name = names.constBegin(); name != names.constEnd(); ++name) {
+        if (binding.isOver || !detail || !field)
+            return;
+        const auto found = _fieldDependentBinders.find(name.key());
+        if (name.key() == _fieldDetailValuesBindingName || found == _fieldDependentBinders.end())
+            continue;
+        const std::shared_ptr<KTPropertyBinder> binder = found->second;
+        _bindFieldDetail(name.value(), detail, field, binder.get());
+    }
+    if (!binding.isOver && detail && field)
+        bindValue(detail, field);
+}
+
+/// \return false if the owner has ended the binding; this object may be gone then.
+bool KTFieldDetailBinder::_processRemovedFields(const Fields &fields)
+{
+    const std::shared_ptr<FieldsBinding> binding = _fieldsBinding;
+    const Fields removed = fields;
+    for (const Field &field : removed) {
         removeField(field.address);
+        if (binding->isOver)
+            return false;
+    }
     tellOwner(FinishedRemoving);
+    return !binding->isOver;
 }
 
 void KTFieldDetailBinder::removeField(const QObject *address)
@@ -360,7 +418,8 @@ void KTFieldDetailBinder::removeField(const QObject *address)
     const QPointer<QObject> detail = _fieldDetailObjects.objectForAddress(address);
     _fieldDetailObjects.removeObjectForKey(address);
     auto *const bound = qobject_cast<NSKeyValueBinding *>(detail.data());
-    for (const QString &subBinding : std::as_const(_fieldDependentBindingNames)) {
+    const QMap<QString, QString> names = _fieldDependentBindingNames;
+    for (const QString &subBinding : names) {
         if (bound && detail)
             bound->unbind(subBinding);
     }

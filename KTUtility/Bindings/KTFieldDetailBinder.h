@@ -28,7 +28,7 @@ class KTPropertyBinder;
 /// Fields and detail objects are QObjects; other elements of the collection are passed over. Detail
 /// objects implement NSKeyValueBinding, and belong to the owner. Objects that are bound to are not
 /// kept alive. The collection is replaced as a whole; changes of single elements fail an assertion.
-/// For the main thread.
+/// What the owner changes in it while it is called is done after that. For the main thread.
 ///
 /// The owner has these invokable methods; without the first three, the constructor fails:
 ///
@@ -125,6 +125,14 @@ private:
         const QObject *address = nullptr;
     };
     using Fields = QList<Field>;
+    /// How far a binding of the fields is, for the time while the owner is called: that may change
+    /// the fields, end the binding, or delete this object.
+    struct FieldsBinding
+    {
+        bool isOver = false;
+        bool isSetting = false;
+        bool mustBeSet = false;
+    };
 
     static Fields fieldsIn(const QVariantList &elements);
     static Fields fieldsNotIn(const Fields &fields, const Fields &others);
@@ -141,9 +149,12 @@ private:
     QString restBehindFields(const KTPropertyBinder &binder) const;
     QVariantMap valueOptionsFor(QObject *fieldDetail) const;
     void setFields();
-    void _processAddedFields(const Fields &fields);
-    void addField(QObject *field);
-    void _processRemovedFields(const Fields &fields);
+    void setFieldsOnce(const FieldsBinding &binding);
+    bool _processAddedFields(const Fields &fields);
+    void addField(const QPointer<QObject> &field, const FieldsBinding &binding);
+    void bindNewDetail(const QPointer<QObject> &detail, const QPointer<QObject> &field,
+                       const FieldsBinding &binding);
+    bool _processRemovedFields(const Fields &fields);
     void removeField(const QObject *address);
     void tellOwner(const char *selector, const QVariantList &arguments = {}) const;
 
@@ -155,10 +166,11 @@ private:
     std::shared_ptr<NSValueTransformer> _fieldDetailValuesValueTransformer;
     NSPredicate _fieldDetailValuesValueTransformerPredicate;
     Fields _currentValueForFields;
+    std::shared_ptr<FieldsBinding> _fieldsBinding; // null while the fields are not bound
     QPointer<QObject> _observedObjectForFields;
     QString _observedKeyPathForFields;
     std::shared_ptr<NSValueTransformer> _valueTransformerForFields;
     std::unique_ptr<KTPropertyBinder> _valueSourceBinder;
-    std::map<QString, std::unique_ptr<KTPropertyBinder>> _fieldDependentBinders;
+    std::map<QString, std::shared_ptr<KTPropertyBinder>> _fieldDependentBinders;
     NSWeakMapTable<QObject, QObject> _fieldDetailObjects;
 };

@@ -34,16 +34,19 @@ KTPropertyBinder::~KTPropertyBinder()
 void KTPropertyBinder::bind(const QString & /*binding*/, QObject *toObject,
                             const QString &withKeyPath, const QVariantMap &options)
 {
+    // They may be this binder's own.
+    const QString keyPath = withKeyPath;
+    const QVariantMap newOptions = options;
     _unbind();
     if (_shouldObserveKeyPath)
-        NSKeyValueObserving::addObserver(toObject, this, withKeyPath, NSKeyValueObservingOptionNew);
+        NSKeyValueObserving::addObserver(toObject, this, keyPath, NSKeyValueObservingOptionNew);
     _isObserving = _shouldObserveKeyPath && toObject;
     _observedObject = toObject;
-    _observedKeyPath = withKeyPath;
-    _valueTransformer = transformerOf(options);
-    _bindingOptions = options;
+    _observedKeyPath = keyPath;
+    _valueTransformer = transformerOf(newOptions);
+    _bindingOptions = newOptions;
     if (_isObserving)
-        observeValueForKeyPath(withKeyPath, toObject, {}, {});
+        observeValueForKeyPath(keyPath, toObject, {}, {});
 }
 
 void KTPropertyBinder::unbind(const QString & /*binding*/)

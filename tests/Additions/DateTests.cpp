@@ -144,6 +144,26 @@ TEST(DateAdditions, ZonesWithoutMidnight)
     EXPECT_EQ(KTAdditions::secondsSinceMidnight(begin.addSecs(-1)), 86399);
 }
 
+TEST(DateAdditions, ZonesWithTwoMidnights)
+{
+    for (const auto &[name, year, month, day] :
+         {std::tuple("America/Havana", 2008, 10, 26), std::tuple("Asia/Amman", 2000, 9, 29),
+          std::tuple("Atlantic/Azores", 2000, 10, 29), std::tuple("Asia/Gaza", 2004, 10, 1)}) {
+        SCOPED_TRACE(name);
+        const ZoneScope zone(QString::fromLatin1(name));
+        const QDateTime begin = KTAdditions::beginningOfDay(local(year, month, day, 12));
+        const QDateTime end = KTAdditions::endOfDay(local(year, month, day, 12));
+        EXPECT_EQ(begin.secsTo(end), 25 * 3600 - 1);
+        EXPECT_EQ(KTAdditions::secondsSinceMidnight(begin), 0);
+        EXPECT_EQ(KTAdditions::secondsSinceMidnight(begin.addSecs(-1)), 86399);
+        EXPECT_EQ(KTAdditions::endOfDay(begin.addSecs(-1)), begin.addSecs(-1));
+        for (const int seconds : {0, 1800, 3599, 3600, 5400, 90000 - 1}) {
+            EXPECT_EQ(KTAdditions::beginningOfDay(begin.addSecs(seconds)), begin) << seconds;
+            EXPECT_EQ(KTAdditions::endOfDay(begin.addSecs(seconds)), end) << seconds;
+        }
+    }
+}
+
 TEST(DateAdditions, OtherCalendars)
 {
     NSLocale::setCurrentLocale(NSLocale(QStringLiteral("ja_JP@calendar=japanese")));

@@ -86,6 +86,17 @@ TEST_F(DetailFormTest, FollowsTheFields)
     EXPECT_EQ(shown(), QStringLiteral("Years: 1,234"));
 }
 
+TEST_F(DetailFormTest, TellsNobodyWhenItGoes)
+{
+    int changes = 0;
+    auto other = std::make_unique<DetailForm>(&records);
+    QObject::connect(other.get(), &DetailForm::rowsChanged, other.get(), [&changes] { ++changes; });
+    other->setFields({&name});
+    EXPECT_EQ(changes, 1);
+    other.reset();
+    EXPECT_EQ(changes, 1);
+}
+
 TEST_F(DetailFormTest, WhatIsTypedGoesToTheRecord)
 {
     records.setSelectionIndex(0);

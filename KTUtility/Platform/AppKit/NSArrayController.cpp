@@ -5,6 +5,8 @@
 #include <KTUtility/Platform/Foundation/NSCollections.h>
 #include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>
 
+#include <QPointer>
+
 #include <algorithm>
 #include <set>
 
@@ -15,23 +17,29 @@ void NSArrayController::setContent(const QVariantList &content)
 {
     const QVariantList selected = selectedObjects();
     _content = content;
-    Q_EMIT contentChanged();
-    rearrangeAndSelect(selected);
+    tellContent(selected);
 }
 
 void NSArrayController::addObject(const QVariant &object)
 {
     _content.append(object);
-    Q_EMIT contentChanged();
-    rearrangeAndSelect({object});
+    tellContent({object});
 }
 
 void NSArrayController::removeObject(const QVariant &object)
 {
     const QVariantList selected = selectedObjects();
     _content.removeIf([&](const QVariant &each) { return NSObject::isEqual(each, object); });
+    tellContent(selected);
+}
+
+/// Tells of the content, and shows it. Whoever is told may delete this object, here and below.
+void NSArrayController::tellContent(const QVariantList &selected)
+{
+    const QPointer<NSArrayController> self = this;
     Q_EMIT contentChanged();
-    rearrangeAndSelect(selected);
+    if (self)
+        rearrangeAndSelect(selected);
 }
 
 void NSArrayController::setFilterPredicate(const NSPredicate &predicate)
@@ -70,8 +78,10 @@ void NSArrayController::rearrangeAndSelect(const QVariantList &selected)
     }
     // Whoever is told of one finds the other as it will be.
     _selectionIndexes = indexes;
+    const QPointer<NSArrayController> self = this;
     Q_EMIT arrangedObjectsChanged();
-    tellSelection();
+    if (self)
+        tellSelection();
 }
 
 void NSArrayController::setSelectionIndexes(const QList<qsizetype> &indexes)
@@ -87,8 +97,10 @@ void NSArrayController::setSelectionIndexes(const QList<qsizetype> &indexes)
 
 void NSArrayController::tellSelection()
 {
+    const QPointer<NSArrayController> self = this;
     _selection->setObjects(selectedObjects());
-    Q_EMIT selectionChanged();
+    if (self)
+        Q_EMIT selectionChanged();
 }
 
 qsizetype NSArrayController::selectionIndex() const

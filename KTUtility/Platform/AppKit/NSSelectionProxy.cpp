@@ -7,6 +7,10 @@
 #include <KTUtility/Platform/Foundation/NSKeyValueObserving.h>
 #include <KTUtility/Platform/Foundation/NSObject.h>
 
+#include <QPointer>
+
+#include <utility>
+
 namespace {
 /// The value that all of the objects have; a marker if they have not one.
 QVariant commonValue(const QVariantList &objects, const QString &key)
@@ -46,9 +50,40 @@ std::optional<QVariant> NSSelectionProxy::valueForKey(const QString &key) const
 bool NSSelectionProxy::setValueForKey(const QVariant &value, const QString &key)
 {
     QVariantList objects = _objects;
-    for (QVariant &object : objects)
-        NSKeyValueCoding::setValue(object, value, key);
+    const QPointer<NSSelectionProxy> self = this;
+    ++_setting;
+    try {
+        for (QVariant &object : objects)
+            NSKeyValueCoding::setValue(object, value, key);
+    } catch (...) {
+        if (self)
+            finishSetting();
+        throw;
+    }
+    if (self)
+        finishSetting();
     return true;
+}
+
+/// Tells what has changed, once for all objects: each notice has all of them read again.
+void NSSelectionProxy::finishSetting()
+{
+    if (--_setting > 0)
+        return;
+    const QPointer<NSSelectionProxy> self = this;
+    const QStringList keys = std::exchange(_changedWhileSetting, {});
+    for (const QString &key : keys) {
+        if (self)
+            NSKeyValueObserving::didChangeValueForKey(self, key);
+    }
+}
+
+void NSSelectionProxy::valueHasChanged(const QString &key)
+{
+    if (_setting == 0)
+        NSKeyValueObserving::didChangeValueForKey(this, key);
+    else if (!_changedWhileSetting.contains(key))
+        _changedWhileSetting += key;
 }
 
 void NSSelectionProxy::firstObserverCame(const QString &key)
@@ -65,9 +100,7 @@ void NSSelectionProxy::lastObserverWent(const QString &key)
 /// Listens to a key of each object that has it.
 void NSSelectionProxy::observe(const QString &key)
 {
-    const auto tell = [this, key](const NSKeyValueChange &) {
-        NSKeyValueObserving::didChangeValueForKey(this, key);
-    };
+    const auto tell = [this, key](const NSKeyValueChange &) { valueHasChanged(key); };
     for (const QVariant &each : std::as_const(_objects)) {
         const NSKeyValueTarget target = NSKeyValueTarget::ofVariant(each);
         if (target.kind != NSKeyValueTarget::Kind::Object)

@@ -3,6 +3,7 @@
 #include <KTUtility/Platform/Foundation/NSKeyValueCodingObject.h>
 #include <KTUtility/Platform/Foundation/NSKeyValueObservation.h>
 
+#include <QStringList>
 #include <QVariantList>
 
 #include <map>
@@ -25,7 +26,12 @@ public:
 
 private:
     void observe(const QString &key);
+    void finishSetting();
+    void valueHasChanged(const QString &key);
 
     QVariantList _objects;
     std::map<QString, std::vector<NSKeyValueObservation>> _observations;
+    // While the objects are being set.
+    int _setting = 0;
+    QStringList _changedWhileSetting;
 };

@@ -104,8 +104,10 @@ bool NSKeyAccessor::readFromCodingObject(const NSKeyValueTarget &target)
 void NSKeyAccessor::resolveClass(const NSKeyValueTarget &target)
 {
     _metaObject = nullptr;
-    if (_key.isEmpty() || (!resolveProperty(target.metaObject) &&
-                           !resolveMethod(target.metaObject) && !resolveDynamic(target)))
+    // Qt's look-ups end at a NUL.
+    if (_key.isEmpty() || _key.contains(QChar::Null) ||
+        (!resolveProperty(target.metaObject) && !resolveMethod(target.metaObject) &&
+         !resolveDynamic(target)))
         raiseUndefinedKey(target);
     // Dynamic properties belong to one object, not to its class.
     if (_source == Source::Dynamic)

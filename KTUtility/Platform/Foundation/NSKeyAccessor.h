@@ -84,10 +84,9 @@ public:
 
     /// The value at the end of the path. The reference holds until the next read.
     /// \throws NSException NSUndefinedKeyException if an object on the way has no such key.
-    const QVariant &read(const NSKeyValueTarget &target) { return readFrom(target, 0); }
+    const QVariant &read(const NSKeyValueTarget &target);
 
 private:
-    const QVariant &readFrom(const NSKeyValueTarget &target, size_t step);
     const QVariant &readCollection(const QVariant &collection, size_t step);
     QString remainder(size_t step) const;
 

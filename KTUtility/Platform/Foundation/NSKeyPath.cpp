@@ -96,14 +96,17 @@ QString NSKeyPath::remainder(size_t step) const
     return keys.join(u'.');
 }
 
-const QVariant &NSKeyPath::readFrom(const NSKeyValueTarget &target, size_t step)
+const QVariant &NSKeyPath::read(const NSKeyValueTarget &target)
 {
-    if (target.kind == NSKeyValueTarget::Kind::Collection)
-        return readCollection(*static_cast<const QVariant *>(target.instance), step);
-    const QVariant &value = _steps[step].read(target);
-    if (step + 1 == _steps.size())
-        return value;
-    return readFrom(NSKeyValueTarget::ofVariant(value), step + 1);
+    NSKeyValueTarget here = target;
+    for (size_t step = 0;; ++step) {
+        if (here.kind == NSKeyValueTarget::Kind::Collection)
+            return readCollection(*static_cast<const QVariant *>(here.instance), step);
+        const QVariant &value = _steps[step].read(here);
+        if (step + 1 == _steps.size())
+            return value;
+        here = NSKeyValueTarget::ofVariant(value);
+    }
 }
 
 /// The rest of the path, applied to each element or to an operator.

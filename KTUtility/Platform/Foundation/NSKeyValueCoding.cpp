@@ -1,5 +1,7 @@
 #include "NSKeyValueCoding.h"
 
+#include "../AppKit/NSSelectionMarker.h"
+
 #include "NSException.h"
 #include "NSKeyValueCodingObject.h"
 #include "NSObject.h"
@@ -125,8 +127,8 @@ void NSKeyValueCoding::setValueOfTarget(const NSKeyValueTarget &receiver, const 
 {
     if (receiver.kind == Kind::Nil)
         return;
-    const bool isObject = receiver.metaObject && !forKey.isEmpty();
-    if (!isObject ||
+    const bool isKey = !forKey.isEmpty() && !forKey.contains(QChar::Null);
+    if (!receiver.metaObject || !isKey ||
         (!setInCodingObject(receiver, value, forKey) && !setProperty(receiver, value, forKey) &&
          !callSetter(receiver, value, forKey) && !setDynamicProperty(receiver, value, forKey)))
         raiseUndefinedKey(receiver, forKey);
@@ -188,6 +190,9 @@ void setInElements(QVariant &receiver, const QVariant &value, const QString &pat
 /// Sets the end of a path in what a variant holds.
 void setInVariant(QVariant &receiver, const QVariant &value, const QString &path)
 {
+    const bool isNothing = NSKeyValueTarget::ofVariant(receiver).kind == Kind::Nil;
+    if (isNothing || NSIsControllerMarker(receiver))
+        return;
     const qsizetype dot = path.indexOf(u'.');
     if (dot < 0) {
         NSKeyValueCoding::setValue(receiver, value, path);

@@ -1,5 +1,7 @@
 #include "NSKeyValueTarget.h"
 
+#include "../AppKit/NSSelectionMarker.h"
+
 namespace {
 /// A list or set of anything, but no text and no data.
 bool isCollection(const QVariant &value)
@@ -25,6 +27,8 @@ NSKeyValueTarget targetOfOther(const QVariant &value)
 {
     using Kind = NSKeyValueTarget::Kind;
     const QMetaType type = value.metaType();
+    if (NSIsControllerMarker(value))
+        return {Kind::Null, nullptr, &value};
     if (type.flags() & QMetaType::IsGadget)
         return NSKeyValueTarget::ofGadget(type.metaObject(), value.constData());
     if (type.flags() & QMetaType::PointerToGadget)

@@ -24,6 +24,12 @@ NSKeyValueCodingObject *codingObject(QObject *object)
     return qobject_cast<NSKeyValueCodingObject *>(object);
 }
 
+quint64 nextSerial()
+{
+    static quint64 serial = 0;
+    return ++serial;
+}
+
 int indexOfSlot(const char *name)
 {
     return NSObservedKey::staticMetaObject.indexOfSlot(name);
@@ -65,17 +71,34 @@ NSObservedKey *NSObservedKey::existing(const QObject *object, const QString &key
 
 QList<NSObservedKey *> NSObservedKey::allOf(const QObject *object)
 {
-    return observedKeys().value(object).values();
+    QList<NSObservedKey *> keys = observedKeys().value(object).values();
+    std::sort(keys.begin(), keys.end(), [](const NSObservedKey *left, const NSObservedKey *right) {
+        return left->_serial < right->_serial;
+    });
+    return keys;
 }
 
 NSObservedKey::NSObservedKey(QObject *object, const QString &key)
-    : _object(object), _address(object), _key(key)
+    : _object(object), _address(object), _key(key), _serial(nextSerial())
 {
-    observedKeys()[object].insert(key, this);
     connectTo(object);
+    observedKeys()[object].insert(key, this);
+    if (NSKeyValueCodingObject *const coding = codingObject(object)) {
+        try {
+            coding->firstObserverCame(_key);
+        } catch (...) {
+            forget();
+            throw;
+        }
+    }
 }
 
 NSObservedKey::~NSObservedKey()
+{
+    forget();
+}
+
+void NSObservedKey::forget()
 {
     const auto keys = observedKeys().find(_address);
     if (keys == observedKeys().end())
@@ -97,8 +120,6 @@ void NSObservedKey::connectTo(QObject *object)
     } else if (index < 0) {
         object->installEventFilter(this);
     }
-    if (NSKeyValueCodingObject *const coding = codingObject(object))
-        coding->firstObserverCame(_key);
 }
 
 bool NSObservedKey::eventFilter(QObject *, QEvent *event)
@@ -150,6 +171,8 @@ void NSObservedKey::settle()
         insert(entry);
     if (!_entries.empty())
         return;
+    // Out of the table first: whoever begins to observe the key now begins anew.
+    forget();
     if (_object) {
         if (NSKeyValueCodingObject *const coding = codingObject(_object))
             coding->lastObserverWent(_key);
@@ -180,6 +203,12 @@ void NSObservedKey::objectIsGone()
         const Entry entry = _entries[index];
         if (entry.observer)
             entry.observer->objectIsGone(entry.step);
+    }
+    // One may take others along.
+    while (!_added.empty()) {
+        const Entry entry = _added.back();
+        _added.pop_back();
+        entry.observer->objectIsGone(entry.step);
     }
 }
 

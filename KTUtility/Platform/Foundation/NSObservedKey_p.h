@@ -24,7 +24,7 @@ public:
     static NSObservedKey *of(QObject *object, const QString &key);
     /// The same, null if nobody observes it.
     static NSObservedKey *existing(const QObject *object, const QString &key);
-    /// All observed keys of an object.
+    /// All observed keys of an object, in the order in which they came to be observed.
     static QList<NSObservedKey *> allOf(const QObject *object);
 
     ~NSObservedKey() override;
@@ -53,6 +53,7 @@ private:
 
     NSObservedKey(QObject *object, const QString &key);
     void connectTo(QObject *object);
+    void forget();
     void insert(const Entry &entry);
     void tell(const NSKeyValueChange &change);
     void settle();
@@ -60,6 +61,7 @@ private:
     QPointer<QObject> _object;
     const QObject *_address;
     QString _key;
+    quint64 _serial;
     std::vector<Entry> _entries;
     // What was added while changes are told.
     std::vector<Entry> _added;

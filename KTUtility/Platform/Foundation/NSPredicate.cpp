@@ -59,12 +59,39 @@ bool matches(const QString &text, const QString &pattern)
     return expression.isValid() && expression.match(text).hasMatch();
 }
 
-/// "?" and "*" as a regular expression.
-QString wildcards(const QString &pattern)
+/// The place behind a character, which may be a surrogate pair.
+qsizetype behind(QStringView text, qsizetype position)
 {
-    QString expression = QRegularExpression::escape(pattern);
-    expression.replace(QStringLiteral("\\*"), QStringLiteral(".*"));
-    return expression.replace(QStringLiteral("\\?"), QStringLiteral("."));
+    const bool isPair = text[position].isHighSurrogate() && position + 1 < text.size() &&
+                        text[position + 1].isLowSurrogate();
+    return position + (isPair ? 2 : 1);
+}
+
+/// Whether "?" and "*" of a pattern can stand for what a text has there. Only the last "*" is ever
+/// tried again, so that the time is bounded by the product of the lengths.
+bool isLike(QStringView text, QStringView pattern)
+{
+    qsizetype position = 0;
+    qsizetype index = 0;
+    qsizetype starIndex = -1;
+    qsizetype starPosition = 0;
+    while (position < text.size()) {
+        const QChar unit = index < pattern.size() ? pattern[index] : QChar();
+        if (index < pattern.size() && unit == u'*') {
+            starIndex = index++;
+            starPosition = position;
+        } else if (index < pattern.size() && (unit == u'?' || unit == text[position])) {
+            position = unit == u'?' ? behind(text, position) : position + 1;
+            ++index;
+        } else if (starIndex >= 0) {
+            index = starIndex + 1;
+            position = starPosition = behind(text, starPosition);
+        } else {
+            return false;
+        }
+    }
+    const QStringView rest = pattern.sliced(index);
+    return std::all_of(rest.begin(), rest.end(), [](QChar unit) { return unit == u'*'; });
 }
 
 bool compareTexts(const QString &comparison, const QString &left, const QString &right)
@@ -75,7 +102,7 @@ bool compareTexts(const QString &comparison, const QString &left, const QString 
         return left.endsWith(right);
     if (comparison == u"CONTAINS")
         return left.contains(right);
-    return matches(left, comparison == u"LIKE" ? wildcards(right) : right);
+    return comparison == u"LIKE" ? isLike(left, right) : matches(left, right);
 }
 } // namespace
 

@@ -19,13 +19,13 @@
 /// | = == != <> < <= > >= | numbers by value, texts by UTF-16 unit, dates |
 /// | BEGINSWITH ENDSWITH CONTAINS | texts; CONTAINS also lists |
 /// | LIKE | texts; "?" is any character, "*" any number of them |
-/// | MATCHES | the whole of a text against a regular expression |
+/// | MATCHES | the whole of a text against a regular expression; false where that takes too long |
 /// | IN | an element of a list, or a part of a text |
 ///
 /// Behind an operator for texts, [c] ignores case, [d] diacritics, [cd] both. Operands are key
-/// paths, SELF, texts in single or double quotes (with "\" before quotes in them), numbers, TRUE,
-/// FALSE, YES, NO, nil, NULL; "%@" stands for the next argument, "%K" for a key path that is one.
-/// TRUEPREDICATE and FALSEPREDICATE are conditions. Nil equals nil only, and is in no order.
+/// paths, SELF, texts in single or double quotes (with "\" before quotes and "\" in them), numbers,
+/// TRUE, FALSE, YES, NO, nil, NULL; "%@" stands for the next argument, "%K" for a key path that is
+/// one. TRUEPREDICATE and FALSEPREDICATE are conditions. Nil equals nil only, and is in no order.
 ///
 /// \code
 /// const NSPredicate grownUps =

@@ -5,6 +5,9 @@
 #include "NSKeyValueCoding.h"
 #include "NSStringFormat.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace {
 /// Deeper parentheses are refused.
 constexpr int MaximumDepth = 100;
@@ -89,26 +92,33 @@ NSPredicate::Block NSPredicateParser::parse()
     return block;
 }
 
+// Conditions that are joined stand side by side: as pairs of pairs, a long row of them would need
+// as many nested calls.
+
 NSPredicate::Block NSPredicateParser::parseOr()
 {
-    NSPredicate::Block left = parseAnd();
-    while (skipWord(u"OR") || skip(u"||")) {
-        left = [left, right = parseAnd()](const QVariant &object) {
-            return left(object) || right(object);
-        };
-    }
-    return left;
+    std::vector<NSPredicate::Block> blocks{parseAnd()};
+    while (skipWord(u"OR") || skip(u"||"))
+        blocks.push_back(parseAnd());
+    if (blocks.size() == 1)
+        return blocks.front();
+    return [blocks = std::move(blocks)](const QVariant &object) {
+        return std::any_of(blocks.begin(), blocks.end(),
+                           [&](const NSPredicate::Block &block) { return block(object); });
+    };
 }
 
 NSPredicate::Block NSPredicateParser::parseAnd()
 {
-    NSPredicate::Block left = parseNot();
-    while (skipWord(u"AND") || skip(u"&&")) {
-        left = [left, right = parseNot()](const QVariant &object) {
-            return left(object) && right(object);
-        };
-    }
-    return left;
+    std::vector<NSPredicate::Block> blocks{parseNot()};
+    while (skipWord(u"AND") || skip(u"&&"))
+        blocks.push_back(parseNot());
+    if (blocks.size() == 1)
+        return blocks.front();
+    return [blocks = std::move(blocks)](const QVariant &object) {
+        return std::all_of(blocks.begin(), blocks.end(),
+                           [&](const NSPredicate::Block &block) { return block(object); });
+    };
 }
 
 NSPredicate::Block NSPredicateParser::parseNot()
@@ -180,8 +190,8 @@ NSPredicateParser::Operand NSPredicateParser::parseOperand()
         return parseArgument();
     if (first == u'"' || first == u'\'')
         return parseText(first);
-    const bool isSigned = first == u'-' || first == u'+';
-    if (isSigned || (first >= u'0' && first <= u'9'))
+    const bool isPrefix = first == u'-' || first == u'+' || first == u'.';
+    if (isPrefix || (first >= u'0' && first <= u'9'))
         return parseNumber();
     return parseWord();
 }

@@ -23,7 +23,11 @@ DetailForm::DetailForm(NSArrayController *records)
     _binder->bind(Titles, &_fields, QStringLiteral("arrangedObjects.title"));
 }
 
-DetailForm::~DetailForm() = default;
+DetailForm::~DetailForm()
+{
+    // Nobody is told of the rows that go with it.
+    blockSignals(true);
+}
 
 void DetailForm::setFields(const QList<FormField *> &fields)
 {

@@ -1,6 +1,7 @@
 #include <KTUtility/Platform/AppKit/NSArrayController.h>
 
 #include <KTUtility/Bindings/KTPropertyBinder.h>
+#include <KTUtility/Platform/Foundation/NSException.h>
 #include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>
 #include <KTUtility/Platform/Foundation/NSKeyValueObservation.h>
 
@@ -65,6 +66,45 @@ TEST_F(ArrayController, SelectionsHaveMarkers)
     NSKeyValueCoding::setValueForKeyPath(&controller, 9, QStringLiteral("selection.number"));
     EXPECT_EQ(ada.number() + cay.number(), 18);
     EXPECT_EQ(bob.number(), 1);
+}
+
+TEST_F(ArrayController, MarkersAnswerWhatLiesBehindThem)
+{
+    ObservedRecord next(QStringLiteral("N"));
+    BoundView view;
+    view.bind(NSValueBinding, &controller, QStringLiteral("selection.next.name"), {});
+    EXPECT_EQ(view.sets, 0);
+    EXPECT_EQ(selection(u"next.name"), NSNoSelectionMarker());
+    view.type(QStringLiteral("lost"));
+    controller.setSelectionIndex(0);
+    EXPECT_FALSE(view.value().isValid());
+    ada.setNext(&next);
+    EXPECT_EQ(view.value(), QVariant(QStringLiteral("N")));
+    controller.setSelectionIndexes({0, 1});
+    EXPECT_EQ(selection(u"next.name"), NSMultipleValuesMarker());
+    EXPECT_EQ(view.value(), QVariant(QStringLiteral("N")));
+    view.type(QStringLiteral("lost"));
+    EXPECT_EQ(next.name(), QStringLiteral("N"));
+}
+
+TEST_F(ArrayController, SettingTheSelectionIsToldOnce)
+{
+    controller.setSelectionIndexes({0, 1, 2});
+    QVariantList told;
+    const auto note = [&](const NSKeyValueChange &change) { told += *change.newValue; };
+    const NSKeyValueObservation names(&controller, QStringLiteral("selection.name"),
+                                      NSKeyValueObservingOptionNew, note);
+    const NSKeyValueObservation greetings(&controller, QStringLiteral("selection.greeting"),
+                                          NSKeyValueObservingOptionNew, note);
+    NSKeyValueCoding::setValueForKeyPath(&controller, QStringLiteral("X"),
+                                         QStringLiteral("selection.name"));
+    EXPECT_EQ(told, QVariantList({QStringLiteral("X"), QStringLiteral("Hello X")}));
+    told.clear();
+    EXPECT_THROW(
+        NSKeyValueCoding::setValueForKeyPath(&controller, 1, QStringLiteral("selection.greeting")),
+        NSException);
+    cay.setName(QStringLiteral("Y"));
+    EXPECT_EQ(told, QVariantList({NSMultipleValuesMarker(), NSMultipleValuesMarker()}));
 }
 
 TEST_F(ArrayController, SelectionsCanBeObserved)

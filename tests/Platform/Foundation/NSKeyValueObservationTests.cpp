@@ -335,6 +335,81 @@ TEST(NSKeyValueObservation, TheObjectMayGoInsideOfANotification)
     EXPECT_FALSE(behind.isActive());
 }
 
+TEST(NSKeyValueObservation, TheObjectMayGoWithWhatWasAddedInsideOfTheNotification)
+{
+    auto *const record = new ObservedRecord;
+    NSKeyValueObservation added;
+    const NSKeyValueObservation adds(record, q(u"name"), 0, [&](const NSKeyValueChange &) {
+        added = NSKeyValueObservation(record, q(u"name"), 0, [](const NSKeyValueChange &) {});
+    });
+    const NSKeyValueObservation deletes(record, q(u"name"), 0,
+                                        [&](const NSKeyValueChange &) { delete record; });
+    NSKeyValueObserving::didChangeValueForKey(record, q(u"name"));
+    EXPECT_FALSE(adds.isActive());
+    EXPECT_FALSE(added.isActive());
+}
+
+TEST(NSKeyValueObservation, AllKeysAreToldInTheOrderInWhichTheyCameToBeObserved)
+{
+    ObservedStandIn object;
+    QStringList keys, told;
+    for (int number = 0; number < 20; ++number)
+        keys += u"key" + QString::number(number * 7 % 20);
+    std::vector<NSKeyValueObservation> observations;
+    for (const QString &key : std::as_const(keys)) {
+        object.values.insert(key, 1);
+        observations.emplace_back(&object, key, 0,
+                                  [&told, key](const NSKeyValueChange &) { told += key; });
+    }
+    NSKeyValueObserving::didChangeAllValues(&object);
+    EXPECT_EQ(told, keys);
+}
+
+TEST(NSKeyValueObservation, TheLastObserverMayBeFollowedByAnother)
+{
+    class Follower : public ObservedStandIn
+    {
+    public:
+        void lastObserverWent(const QString &key) override
+        {
+            ObservedStandIn::lastObserverWent(key);
+            if (follows)
+                next = NSKeyValueObservation(this, key, 0,
+                                             [this](const NSKeyValueChange &) { ++calls; });
+            follows = false;
+        }
+        NSKeyValueObservation next;
+        bool follows = true;
+        int calls = 0;
+    } object;
+    object.values = {{q(u"x"), 1}};
+    NSKeyValueObservation(&object, q(u"x"), 0, [](const NSKeyValueChange &) {}).invalidate();
+    EXPECT_EQ(object.observedKeys, words(u"x"));
+    NSKeyValueObserving::didChangeValueForKey(&object, q(u"x"));
+    EXPECT_EQ(object.calls, 1);
+}
+
+TEST(NSKeyValueObservation, ObjectsThatRefuseToBeObserved)
+{
+    class Refuser : public ObservedStandIn
+    {
+    public:
+        void firstObserverCame(const QString &key) override
+        {
+            if (refuses)
+                throw std::runtime_error("no");
+            ObservedStandIn::firstObserverCame(key);
+        }
+        bool refuses = true;
+    } object;
+    object.values = {{q(u"x"), 1}};
+    EXPECT_THROW(Recorder(&object, q(u"x")), std::runtime_error);
+    NSKeyValueObserving::didChangeAllValues(&object);
+    object.refuses = false;
+    Recorder recorder(&object, q(u"x"));
+    EXPECT_EQ(object.observedKeys, words(u"x"));
+}
+
 TEST(NSKeyValueObservation, ExceptionsPassAndHarmNothing)
 {
     ObservedRecord record;

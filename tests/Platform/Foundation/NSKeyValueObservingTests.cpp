@@ -131,6 +131,24 @@ TEST(KeyPathSetting, ListsHaveEveryElementSet)
         EXPECT_EQ(element.toMap().value(Name), QVariant(2));
 }
 
+TEST(KeyPathSetting, LongPathsEndWhereNothingIs)
+{
+    const QString path = QStringLiteral("map") + QStringLiteral(".a").repeated(300000);
+    ObservedRecord record;
+    EXPECT_FALSE(NSKeyValueCoding::valueForKeyPath(&record, path).isValid());
+    NSKeyValueCoding::setValueForKeyPath(&record, 1, path);
+    EXPECT_TRUE(record.map().isEmpty());
+}
+
+TEST(KeyPathSetting, KeysDoNotEndAtANul)
+{
+    ObservedRecord record(QStringLiteral("A"));
+    const QString key = QStringLiteral("name") + QChar(u'\0') + QStringLiteral("x");
+    EXPECT_THROW(NSKeyValueCoding::valueForKey(&record, key), NSException);
+    EXPECT_THROW(NSKeyValueCoding::setValue(&record, 1, key), NSException);
+    EXPECT_EQ(record.name(), QStringLiteral("A"));
+}
+
 TEST(KeyPathSetting, UnknownKeysRaise)
 {
     ObservedRecord record, next;

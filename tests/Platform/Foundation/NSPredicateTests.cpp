@@ -37,14 +37,28 @@ TEST(NSPredicate, HeaderExample)
 
 TEST(NSPredicate, Comparisons)
 {
-    for (const char16_t *format :
-         {u"age = 36",        u"age == 36.0",      u"age != 37",
-          u"age <> 37",       u"age < 37",         u"age <= 36",
-          u"age > 35",        u"age >= 36",        u"36 == age",
-          u"height > 1.5",    u"age > -1",         u"isFriend == YES",
-          u"isFriend = true", u"none == nil",      u"none = NULL",
-          u"name == 'Zoë'",   u"name != nil",      u"home.city == \"Berlin\"",
-          u"SELF.age == 36",  u"tags.@count == 2", u"name = 'Zo\\ë'"})
+    for (const char16_t *format : {u"age = 36",
+                                   u"age == 36.0",
+                                   u"age != 37",
+                                   u"age <> 37",
+                                   u"age < 37",
+                                   u"age <= 36",
+                                   u"age > 35",
+                                   u"age >= 36",
+                                   u"36 == age",
+                                   u"height > 1.5",
+                                   u"height > .5",
+                                   u"age > -1",
+                                   u"isFriend == YES",
+                                   u"isFriend = true",
+                                   u"none == nil",
+                                   u"none = NULL",
+                                   u"name == 'Zoë'",
+                                   u"name != nil",
+                                   u"home.city == \"Berlin\"",
+                                   u"SELF.age == 36",
+                                   u"tags.@count == 2",
+                                   u"name = 'Zo\\ë'"})
         EXPECT_TRUE(isTrue(format)) << QString::fromUtf16(format).toStdString();
     for (const char16_t *format : {u"age = 37", u"age == '36'", u"none < 5", u"none > 5",
                                    u"name == 'zoë'", u"age > 36", u"none != nil", u"name < nil"})
@@ -109,7 +123,7 @@ TEST(NSPredicate, WhatIsNoFormat)
 {
     for (const char16_t *format :
          {u"", u"age", u"age =", u"= 5", u"age = 5 AND", u"(age = 5", u"age = 5)", u"age ~ 5",
-          u"name = 'open", u"name ==[x] 'a'", u"name ==[c 'a'", u"age = %@", u"%d = 5",
+          u"age = .", u"name = 'open", u"name ==[x] 'a'", u"name ==[c 'a'", u"age = %@", u"%d = 5",
           u"age = 1-2", u"age == 36 name == 'x'", u"NOT"})
         EXPECT_RAISES(NSPredicate::predicateWithFormat(format), NSInvalidArgumentException,
                       u"Unable to parse the format string \"" + QString::fromUtf16(format) + u'"');
@@ -117,8 +131,39 @@ TEST(NSPredicate, WhatIsNoFormat)
         EXPECT_THROW(NSPredicate::predicateWithFormat(text), NSException);
     const QString deep(200000, u'(');
     EXPECT_THROW(NSPredicate::predicateWithFormat(deep), NSException);
-    const QString wide = QStringLiteral("age = 36") + QStringLiteral(" AND age = 36").repeated(500);
-    EXPECT_TRUE(NSPredicate::predicateWithFormat(wide).evaluateWithObject(person()));
+}
+
+TEST(NSPredicate, LongRowsOfConditions)
+{
+    for (const char16_t *const each : {u" AND age = 36", u" OR age = 37", u" && NOT age = 37"}) {
+        const QString format =
+            QStringLiteral("age = 36") + QString::fromUtf16(each).repeated(50000);
+        const NSPredicate predicate = NSPredicate::predicateWithFormat(format);
+        EXPECT_TRUE(predicate.evaluateWithObject(person()));
+        EXPECT_FALSE(predicate.evaluateWithObject(QVariantMap()));
+    }
+}
+
+TEST(NSPredicate, LikeTakesTextsAsTheyAre)
+{
+    const NSPredicate like = NSPredicate::predicateWithFormat(u"SELF.text LIKE SELF.pattern");
+    const auto isLike = [&](const QString &text, const QString &pattern) {
+        return like.evaluateWithObject(
+            QVariantMap{{QStringLiteral("text"), text}, {QStringLiteral("pattern"), pattern}});
+    };
+    const QString smiley = QString::fromUtf8("\xF0\x9F\x98\x80");
+    for (const QString &text : {QStringLiteral(""), QStringLiteral("a\nb"), smiley,
+                                QString(QChar(0xD83D)), QString(QString(QChar(0)) + u'x')}) {
+        EXPECT_TRUE(isLike(text, QStringLiteral("*")));
+        EXPECT_TRUE(isLike(text, text));
+        EXPECT_TRUE(isLike(text + text, text + u"**"));
+        EXPECT_FALSE(isLike(text, text + u'?'));
+    }
+    EXPECT_TRUE(isLike(smiley, QStringLiteral("?")));
+    EXPECT_FALSE(isLike(smiley, QStringLiteral("??")));
+    EXPECT_TRUE(isLike(QStringLiteral("mississippi"), QStringLiteral("m*iss*p?")));
+    EXPECT_FALSE(isLike(QStringLiteral("mississippi"), QStringLiteral("m*iss*x?")));
+    EXPECT_FALSE(isLike(QString(20000, u'a'), QStringLiteral("*a").repeated(20) + u'b'));
 }
 
 TEST(NSPredicate, UnknownKeysRaise)

@@ -1,0 +1,249 @@
+// Owners, detail objects, fields and binders that end each other while they are called.
+
+#include <KTUtility/Bindings/KTFieldDetailBinder.h>
+#include <KTUtility/Platform/AppKit/NSArrayController.h>
+
+#include "Bindings/BinderSupport.h"
+#include "support/ObservedModel.h"
+#include "support/TestSupport.h"
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace {
+const QString Fields = QStringLiteral("fields");
+const QString Labels = QStringLiteral("labels");
+const QString List = QStringLiteral("list");
+const QString ListNames = QStringLiteral("list.name");
+
+/// An owner that does what a test wants as soon as it is called with some method.
+class ActingForm : public QObject
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE QObject *createNewFieldDetailObjectForField(QObject *field)
+    {
+        views.push_back(std::make_unique<BoundView>());
+        BoundView *const view = views.back().get();
+        view->setObjectName(static_cast<ObservedRecord *>(field)->name());
+        act("create");
+        return view;
+    }
+    Q_INVOKABLE void fieldDetailObjectWasBound(QObject *, QObject *) { act("bound"); }
+    Q_INVOKABLE void fieldDetailObjectWillBeDestroyed(QObject *detail)
+    {
+        std::erase_if(views, [&](const auto &view) { return view.get() == detail; });
+        act("destroy");
+    }
+    Q_INVOKABLE void fieldDetailObjectsFinishedAdding() { act("added"); }
+    Q_INVOKABLE void fieldDetailObjectsFinishedRemoving() { act("removed"); }
+    Q_INVOKABLE void fieldDetailObjectsFinishedRearrange() { act("rearranged"); }
+    Q_INVOKABLE void setAutoScrollToInsertedObject(bool scrolls)
+    {
+        act(scrolls ? "scroll on" : "scroll off");
+    }
+
+    /// Has something done once, at the next call of a method.
+    void at(const char *method, std::function<void()> action)
+    {
+        _method = method;
+        _action = std::move(action);
+    }
+    bool hasActed() const { return !_action; }
+    QString shown() const
+    {
+        QStringList names;
+        for (const auto &view : views)
+            names += view->label().toString();
+        names.sort();
+        return names.join(QString());
+    }
+
+    std::vector<std::unique_ptr<BoundView>> views;
+
+private:
+    void act(const char *method)
+    {
+        if (!_action || _method != method)
+            return;
+        const auto action = std::exchange(_action, nullptr);
+        action();
+    }
+
+    std::string _method;
+    std::function<void()> _action;
+};
+
+const std::vector<const char *> Methods{"create",  "bound",      "destroy",    "added",
+                                        "removed", "rearranged", "scroll off", "scroll on"};
+
+/// A library with two fields that a form shows.
+struct Scene
+{
+    Scene()
+    {
+        binder->setFieldsBindingName(Fields);
+        binder->addFieldDependentBindingName(Labels, BoundView::Label);
+        setFields({&a, &b});
+        bind();
+    }
+
+    void bind()
+    {
+        binder->bind(Fields, library.get(), List);
+        binder->bind(Labels, library.get(), ListNames);
+    }
+    void setFields(const QList<ObservedRecord *> &fields) const
+    {
+        QVariantList list;
+        for (ObservedRecord *const field : fields)
+            list += QVariant::fromValue(field);
+        library->setList(list);
+    }
+
+    ObservedRecord a{QStringLiteral("A")}, b{QStringLiteral("B")}, c{QStringLiteral("C")},
+        d{QStringLiteral("D")};
+    std::unique_ptr<ObservedRecord> library = std::make_unique<ObservedRecord>();
+    std::unique_ptr<ActingForm> form = std::make_unique<ActingForm>();
+    std::unique_ptr<KTFieldDetailBinder> binder = std::make_unique<KTFieldDetailBinder>(form.get());
+};
+} // namespace
+
+TEST(BinderLifetime, TheBinderMayBeDeletedInEachOfItsCalls)
+{
+    for (const char *const method : Methods) {
+        Scene scene;
+        scene.form->at(method, [&] { scene.binder.reset(); });
+        scene.setFields({&scene.c, &scene.d});
+        EXPECT_TRUE(scene.form->hasActed()) << method;
+        EXPECT_FALSE(scene.binder) << method;
+        EXPECT_EQ(scene.library->receivers(SIGNAL(listChanged())), 0) << method;
+    }
+}
+
+TEST(BinderLifetime, TheFieldsMayBeUnboundInEachOfTheCalls)
+{
+    for (const char *const method : Methods) {
+        Scene scene;
+        scene.form->at(method, [&] { scene.binder->unbind(Fields); });
+        scene.setFields({&scene.c, &scene.d});
+        EXPECT_TRUE(scene.form->hasActed()) << method;
+        EXPECT_EQ(scene.library->receivers(SIGNAL(listChanged())), 0) << method;
+        scene.setFields({&scene.a});
+        EXPECT_TRUE(scene.binder->_fieldsBindingValue().isEmpty());
+    }
+}
+
+TEST(BinderLifetime, WhatTheOwnerChangesMeanwhileIsShownInTheEnd)
+{
+    for (const char *const method : Methods) {
+        Scene scene;
+        scene.form->at(method, [&] { scene.setFields({&scene.b, &scene.d}); });
+        scene.setFields({&scene.c, &scene.d});
+        EXPECT_TRUE(scene.form->hasActed()) << method;
+        EXPECT_EQ(scene.form->shown(), QStringLiteral("BD")) << method;
+        scene.setFields({});
+        EXPECT_TRUE(scene.form->views.empty()) << method;
+    }
+}
+
+TEST(BinderLifetime, ChangesWhileTheFieldsAreUnboundBringNothing)
+{
+    for (const char *const method : {"destroy", "removed", "rearranged"}) {
+        Scene scene;
+        scene.form->at(method, [&] { scene.setFields({&scene.c, &scene.d}); });
+        scene.binder->unbind(Fields);
+        EXPECT_TRUE(scene.form->hasActed()) << method;
+        EXPECT_TRUE(scene.form->views.empty()) << method;
+        EXPECT_EQ(scene.library->receivers(SIGNAL(listChanged())), 0) << method;
+    }
+}
+
+TEST(BinderLifetime, UnbindingInsideOfUnbinding)
+{
+    for (const char *const method : {"destroy", "removed", "rearranged"}) {
+        Scene scene;
+        scene.form->at(method, [&] { scene.binder->unbind(Fields); });
+        scene.binder->unbind(Fields);
+        EXPECT_TRUE(scene.form->views.empty()) << method;
+    }
+}
+
+TEST(BinderLifetime, TheObservedObjectMayGoInEachOfTheCalls)
+{
+    for (const char *const method : Methods) {
+        Scene scene;
+        scene.form->at(method, [&] { scene.library.reset(); });
+        // Through a copy of the list: the object that holds it is deleted while it says so.
+        scene.binder->observeValueForKeyPath(List, scene.library.get(), {}, Fields);
+        ObservedRecord *const library = scene.library.get();
+        if (library)
+            library->setList({QVariant::fromValue(&scene.c)});
+        EXPECT_TRUE(scene.form->hasActed()) << method;
+        scene.binder.reset();
+        EXPECT_TRUE(scene.form->views.empty()) << method;
+    }
+}
+
+TEST(BinderLifetime, TheFieldMayGoWhileItsDetailObjectIsMade)
+{
+    Scene scene;
+    auto field = std::make_unique<ObservedRecord>(QStringLiteral("Short"));
+    ObservedRecord *const shortLived = field.get();
+    scene.form->at("create", [&] { field.reset(); });
+    scene.setFields({&scene.a, shortLived});
+    EXPECT_TRUE(scene.form->hasActed());
+    scene.setFields({&scene.a});
+    EXPECT_EQ(scene.form->views.front()->label(), QVariant(QStringLiteral("A")));
+}
+
+TEST(BinderLifetime, ExceptionsOfTheOwnerLeaveTheBinderUsable)
+{
+    Scene scene;
+    scene.form->at("bound", [] { throw std::runtime_error("no"); });
+    EXPECT_THROW(scene.setFields({&scene.c, &scene.d}), std::runtime_error);
+    scene.setFields({&scene.a, &scene.b});
+    EXPECT_EQ(scene.form->shown(), QStringLiteral("AB"));
+    scene.form->at("destroy", [] { throw std::runtime_error("no"); });
+    EXPECT_THROW(scene.binder->unbind(Fields), std::runtime_error);
+    scene.setFields({&scene.c});
+    EXPECT_EQ(scene.form->shown(), QStringLiteral("C"));
+}
+
+TEST(BinderLifetime, BindingAgainWithTheBindersOwnPathAndOptions)
+{
+    ObservedRecord first(QStringLiteral("A"), 1), second(QStringLiteral("B"), 2);
+    BoundView view;
+    const QVariantMap options{
+        {NSValueTransformerNameBindingOption, QStringLiteral("KTBaseValueTransformer")}};
+    KTPropertyBinder &binder = view.valueBinder;
+    binder.bind(NSValueBinding, &first, QStringLiteral("number"), options);
+    EXPECT_EQ(view.value(), QVariant(2U));
+    binder.bind(NSValueBinding, &second, binder.keyPath(), binder.bindingOptions());
+    EXPECT_EQ(view.value(), QVariant(3U));
+    EXPECT_EQ(binder.keyPath(), QStringLiteral("number"));
+    EXPECT_EQ(first.receivers(SIGNAL(numberChanged())), 0);
+}
+
+TEST(BinderLifetime, TheControllerMayGoInItsOwnNotifications)
+{
+    ObservedRecord record(QStringLiteral("A"), 1), other(QStringLiteral("B"), 2);
+    for (const char16_t *const path :
+         {u"content", u"arrangedObjects", u"selection.name", u"selectedObjects"}) {
+        auto controller = std::make_unique<NSArrayController>();
+        controller->setContent({QVariant::fromValue(&record)});
+        controller->setSelectionIndex(0);
+        const NSKeyValueObservation observation(
+            controller.get(), QString::fromUtf16(path), 0,
+            [&](const NSKeyValueChange &) { controller.reset(); });
+        controller->addObject(QVariant::fromValue(&other));
+        EXPECT_FALSE(controller) << QString::fromUtf16(path).toStdString();
+        EXPECT_FALSE(observation.isActive());
+        EXPECT_EQ(record.receivers(SIGNAL(nameChanged())), 0);
+        EXPECT_EQ(other.receivers(SIGNAL(nameChanged())), 0);
+    }
+}
+
+#include "BinderLifetimeTests.moc"
