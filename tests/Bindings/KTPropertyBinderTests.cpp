@@ -1,7 +1,7 @@
 #include <KTUtility/Bindings/KTPropertyBinder.h>
 
-#include <KTUtility/Platform/AppKit/NSSelectionMarker.h>
 #include <KTUtility/Platform/Foundation/NSException.h>
+#include <KTUtility/Platform/Foundation/NSSelectionMarker.h>
 #include <KTUtility/ValueTransformers/KTBaseValueTransformer.h>
 #include <KTUtility/ValueTransformers/KTFileExtensionValueTransformer.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/AppKit/NSSelectionMarker.h>
 #include <KTUtility/Platform/Foundation/NSPredicate.h>
+#include <KTUtility/Platform/Foundation/NSSelectionMarker.h>
 #include <KTUtility/Platform/Foundation/NSSortDescriptor.h>
 
 #include <QObject>

@@ -1,6 +1,6 @@
 #include "NSSelectionProxy_p.h"
 
-#include "NSSelectionMarker.h"
+#include <KTUtility/Platform/Foundation/NSSelectionMarker.h>
 
 #include <KTUtility/Platform/Foundation/NSException.h>
 #include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>

@@ -1,6 +1,6 @@
 #include "NSKeyValueCoding.h"
 
-#include "../AppKit/NSSelectionMarker.h"
+#include "../Foundation/NSSelectionMarker.h"
 
 #include "NSException.h"
 #include "NSKeyValueCodingObject.h"

@@ -1,6 +1,6 @@
 #include "NSKeyValueTarget.h"
 
-#include "../AppKit/NSSelectionMarker.h"
+#include "../Foundation/NSSelectionMarker.h"
 
 namespace {
 /// A list or set of anything, but no text and no data.

@@ -65,6 +65,7 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSPropertyListXMLReader.cpp
     Platform/Foundation/NSScanner.cpp
     Platform/Foundation/NSSearchPath.cpp
+    Platform/Foundation/NSSelectionMarker.cpp
     Platform/Foundation/NSSelector.cpp
     Platform/Foundation/NSSeptember.cpp
     Platform/Foundation/NSStringCase.cpp
