@@ -19,3 +19,13 @@ int main(int argc, char **argv)
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }
+
+#ifdef __SANITIZE_ADDRESS__
+extern "C" const char *__lsan_default_suppressions();
+
+/// What fontconfig keeps of its configuration is its own affair.
+extern "C" const char *__lsan_default_suppressions()
+{
+    return "leak:libfontconfig\n";
+}
+#endif
