@@ -21,7 +21,7 @@ int main(int argc, char **argv)
 }
 
 #ifdef __SANITIZE_ADDRESS__
-extern "C" const char *__lsan_default_suppressions();
+extern "C" __attribute__((visibility("default"))) const char *__lsan_default_suppressions();
 
 /// What fontconfig keeps of its configuration is its own affair.
 extern "C" const char *__lsan_default_suppressions()
