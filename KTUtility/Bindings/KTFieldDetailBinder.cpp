@@ -165,7 +165,9 @@ void KTFieldDetailBinder::unbindFields()
         return;
     // Nothing is added any more.
     const QScopedValueRollback<bool> setting(binding->isSetting, true);
-    if (_processRemovedFields(_currentValueForFields))
+    // A copy: the owner may change the fields meanwhile.
+    const Fields current = _currentValueForFields;
+    if (_processRemovedFields(current))
         tellOwner(FinishedRearrange);
     // The owner may have ended it already.
     if (binding->isOver)
@@ -403,8 +405,7 @@ void KTFieldDetailBinder::bindNewDetail(const QPointer<QObject> &detail,
 bool KTFieldDetailBinder::_processRemovedFields(const Fields &fields)
 {
     const std::shared_ptr<FieldsBinding> binding = _fieldsBinding;
-    const Fields removed = fields;
-    for (const Field &field : removed) {
+    for (const Field &field : fields) {
         removeField(field.address);
         if (binding->isOver)
             return false;

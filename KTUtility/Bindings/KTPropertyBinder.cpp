@@ -35,18 +35,18 @@ void KTPropertyBinder::bind(const QString & /*binding*/, QObject *toObject,
                             const QString &withKeyPath, const QVariantMap &options)
 {
     // They may be this binder's own.
-    const QString keyPath = withKeyPath;
-    const QVariantMap newOptions = options;
+    QString keyPath = withKeyPath;
+    QVariantMap newOptions = options;
     _unbind();
     if (_shouldObserveKeyPath)
         NSKeyValueObserving::addObserver(toObject, this, keyPath, NSKeyValueObservingOptionNew);
     _isObserving = _shouldObserveKeyPath && toObject;
     _observedObject = toObject;
-    _observedKeyPath = keyPath;
+    _observedKeyPath = std::move(keyPath);
     _valueTransformer = transformerOf(newOptions);
-    _bindingOptions = newOptions;
+    _bindingOptions = std::move(newOptions);
     if (_isObserving)
-        observeValueForKeyPath(keyPath, toObject, {}, {});
+        observeValueForKeyPath(_observedKeyPath, toObject, {}, {});
 }
 
 void KTPropertyBinder::unbind(const QString & /*binding*/)
