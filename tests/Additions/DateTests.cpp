@@ -2,6 +2,7 @@
 
 #include <KTUtility/Platform/Foundation/NSCalendar.h>
 
+#include "Formatters/FormatterSupport.h"
 #include "support/TestSupport.h"
 
 #include <QTimeZone>
@@ -12,26 +13,6 @@
 using namespace testing_support;
 
 namespace {
-/// Sets the zone of the machine as long as it lives.
-class ZoneScope
-{
-public:
-    explicit ZoneScope(const QString &zone) : _before(qgetenv("TZ")) { set(zone.toUtf8()); }
-    ~ZoneScope() { set(_before); }
-    ZoneScope(const ZoneScope &) = delete;
-    ZoneScope &operator=(const ZoneScope &) = delete;
-
-private:
-    static void set(const QByteArray &zone)
-    {
-        qputenv("TZ", zone);
-        tzset();
-        NSCalendar::resetSystemTimeZone();
-    }
-
-    QByteArray _before;
-};
-
 QDateTime instant(double secondsSince1970)
 {
     return QDateTime::fromMSecsSinceEpoch(qRound64(secondsSince1970 * 1000), Qt::UTC);
@@ -86,7 +67,7 @@ TEST(DateAdditions, AsInTheTable)
         SCOPED_TRACE(row.value(u"op").toString().toStdString() + ' ' +
                      std::to_string(row.value(u"args")[u"t"].toDouble()) + ' ' +
                      row.value(u"tz").toString().toStdString());
-        const ZoneScope zone(row.value(u"tz").toString());
+        const MachineZone zone(row.value(u"tz").toString().toUtf8());
         EXPECT_EQ(answerOf(row.value(u"op").toString(), row.value(u"args").toObject()),
                   row.value(u"out").toDouble());
     }
@@ -121,7 +102,7 @@ TEST(DateAdditions, NegativeAmountsMoveBackwards)
 
 TEST(DateAdditions, DaysOf23And25Hours)
 {
-    const ZoneScope zone(QStringLiteral("America/New_York"));
+    const MachineZone zone("America/New_York");
     for (const auto &[day, hours] :
          {std::pair(local(2008, 3, 9, 12), 23), std::pair(local(2008, 11, 2, 12), 25)}) {
         const QDateTime begin = KTAdditions::beginningOfDay(day);
@@ -135,7 +116,7 @@ TEST(DateAdditions, DaysOf23And25Hours)
 
 TEST(DateAdditions, ZonesWithoutMidnight)
 {
-    const ZoneScope zone(QStringLiteral("America/Sao_Paulo"));
+    const MachineZone zone("America/Sao_Paulo");
     // Summer time began at midnight, so that the day begins at one o'clock.
     const QDateTime noon = local(2008, 10, 19, 12);
     const QDateTime begin = KTAdditions::beginningOfDay(noon);
@@ -150,7 +131,7 @@ TEST(DateAdditions, ZonesWithTwoMidnights)
          {std::tuple("America/Havana", 2008, 10, 26), std::tuple("Asia/Amman", 2000, 9, 29),
           std::tuple("Atlantic/Azores", 2000, 10, 29), std::tuple("Asia/Gaza", 2004, 10, 1)}) {
         SCOPED_TRACE(name);
-        const ZoneScope zone(QString::fromLatin1(name));
+        const MachineZone zone(name);
         const QDateTime begin = KTAdditions::beginningOfDay(local(year, month, day, 12));
         const QDateTime end = KTAdditions::endOfDay(local(year, month, day, 12));
         EXPECT_EQ(begin.secsTo(end), 25 * 3600 - 1);

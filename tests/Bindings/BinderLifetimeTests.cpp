@@ -92,20 +92,20 @@ struct Scene
 
     void bind()
     {
-        binder->bind(Fields, library.get(), List);
-        binder->bind(Labels, library.get(), ListNames);
+        binder->bind(Fields, model.get(), List);
+        binder->bind(Labels, model.get(), ListNames);
     }
     void setFields(const QList<ObservedRecord *> &fields) const
     {
         QVariantList list;
         for (ObservedRecord *const field : fields)
             list += QVariant::fromValue(field);
-        library->setList(list);
+        model->setList(list);
     }
 
     ObservedRecord a{QStringLiteral("A")}, b{QStringLiteral("B")}, c{QStringLiteral("C")},
         d{QStringLiteral("D")};
-    std::unique_ptr<ObservedRecord> library = std::make_unique<ObservedRecord>();
+    std::unique_ptr<ObservedRecord> model = std::make_unique<ObservedRecord>();
     std::unique_ptr<ActingForm> form = std::make_unique<ActingForm>();
     std::unique_ptr<KTFieldDetailBinder> binder = std::make_unique<KTFieldDetailBinder>(form.get());
 };
@@ -119,7 +119,7 @@ TEST(BinderLifetime, TheBinderMayBeDeletedInEachOfItsCalls)
         scene.setFields({&scene.c, &scene.d});
         EXPECT_TRUE(scene.form->hasActed()) << method;
         EXPECT_FALSE(scene.binder) << method;
-        EXPECT_EQ(scene.library->receivers(SIGNAL(listChanged())), 0) << method;
+        EXPECT_EQ(scene.model->receivers(SIGNAL(listChanged())), 0) << method;
     }
 }
 
@@ -130,7 +130,7 @@ TEST(BinderLifetime, TheFieldsMayBeUnboundInEachOfTheCalls)
         scene.form->at(method, [&] { scene.binder->unbind(Fields); });
         scene.setFields({&scene.c, &scene.d});
         EXPECT_TRUE(scene.form->hasActed()) << method;
-        EXPECT_EQ(scene.library->receivers(SIGNAL(listChanged())), 0) << method;
+        EXPECT_EQ(scene.model->receivers(SIGNAL(listChanged())), 0) << method;
         scene.setFields({&scene.a});
         EXPECT_TRUE(scene.binder->_fieldsBindingValue().isEmpty());
     }
@@ -157,7 +157,7 @@ TEST(BinderLifetime, ChangesWhileTheFieldsAreUnboundBringNothing)
         scene.binder->unbind(Fields);
         EXPECT_TRUE(scene.form->hasActed()) << method;
         EXPECT_TRUE(scene.form->views.empty()) << method;
-        EXPECT_EQ(scene.library->receivers(SIGNAL(listChanged())), 0) << method;
+        EXPECT_EQ(scene.model->receivers(SIGNAL(listChanged())), 0) << method;
     }
 }
 
@@ -175,12 +175,12 @@ TEST(BinderLifetime, TheObservedObjectMayGoInEachOfTheCalls)
 {
     for (const char *const method : Methods) {
         Scene scene;
-        scene.form->at(method, [&] { scene.library.reset(); });
+        scene.form->at(method, [&] { scene.model.reset(); });
         // Through a copy of the list: the object that holds it is deleted while it says so.
-        scene.binder->observeValueForKeyPath(List, scene.library.get(), {}, Fields);
-        ObservedRecord *const library = scene.library.get();
-        if (library)
-            library->setList({QVariant::fromValue(&scene.c)});
+        scene.binder->observeValueForKeyPath(List, scene.model.get(), {}, Fields);
+        ObservedRecord *const model = scene.model.get();
+        if (model)
+            model->setList({QVariant::fromValue(&scene.c)});
         EXPECT_TRUE(scene.form->hasActed()) << method;
         scene.binder.reset();
         EXPECT_TRUE(scene.form->views.empty()) << method;

@@ -32,6 +32,23 @@ bool CommandContext::parse(const QStringList &arguments, QCommandLineParser *par
     return false;
 }
 
+ExitCode CommandContext::run(const QStringList &arguments, QCommandLineParser *parser,
+                             QString (*mistakeIn)(const QCommandLineParser &parser),
+                             ExitCode (*perform)(const QCommandLineParser &parser,
+                                                 CommandContext &context))
+{
+    const QString help = QStringLiteral("help");
+    parser->addOption({help, QString()});
+    if (!parse(arguments, parser))
+        return ExitCode::WrongUsage;
+    if (parser->isSet(help)) {
+        _out << usageText();
+        return ExitCode::Success;
+    }
+    const QString mistake = mistakeIn(*parser);
+    return mistake.isNull() ? perform(*parser, *this) : wrongUsage(mistake);
+}
+
 void CommandContext::warn(const QString &message)
 {
     _err << "cobble: " << printableText(message) << '\n';

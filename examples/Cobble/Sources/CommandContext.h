@@ -24,6 +24,12 @@ public:
     /// \return false if there is an unknown option or one lacks its value; that is reported then.
     bool parse(const QStringList &arguments, QCommandLineParser *parser);
 
+    /// The same for a command whose options, without --help, \a parser has: parses, shows the usage
+    /// if that is asked for, and runs \a perform unless \a mistakeIn tells of a mistake.
+    ExitCode run(const QStringList &arguments, QCommandLineParser *parser,
+                 QString (*mistakeIn)(const QCommandLineParser &parser),
+                 ExitCode (*perform)(const QCommandLineParser &parser, CommandContext &context));
+
     /// Prints the line "cobble: message" on the error output.
     void warn(const QString &message);
     /// The same for something about a file: "cobble: path: message".

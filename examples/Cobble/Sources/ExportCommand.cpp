@@ -5,7 +5,7 @@
 #include "LibraryStore.h"
 #include "PlugIns.h"
 #include "RecordTexts.h"
-#include "Usage.h"
+#include "StoredLibrary.h"
 #include "UserSettings.h"
 
 #include <QFileInfo>
@@ -13,7 +13,6 @@
 #include <QTextStream>
 
 namespace {
-const QString HelpOption = QStringLiteral("help");
 const QString ToOption = QStringLiteral("to");
 
 /// The records of a library for an exporter.
@@ -116,14 +115,13 @@ ExitCode exportLibrary(LibraryStore &store, const Library &library, const QStrin
 ExitCode runExport(const QCommandLineParser &parser, CommandContext &context)
 {
     const KTDatabaseBundle bundle = BundleOption::bundleIn(parser);
-    QString error;
-    const auto store = LibraryStore::open(bundle, LibraryStore::Mode::Existing, &error);
+    const auto store = StoredLibrary::openStore(bundle, context);
     if (!store)
-        return context.fail(bundle.bundlePath(), error);
+        return ExitCode::Failure;
     const QString name = parser.positionalArguments().first();
-    const std::optional<Library> library = store->libraryNamed(name);
+    const std::optional<Library> library = StoredLibrary::find(*store, bundle, name, context);
     if (!library)
-        return context.fail(bundle.bundlePath(), store->reasonForNo(name));
+        return ExitCode::Failure;
     const LocaleScope scope(UserSettings::localeIn(parser));
     return exportLibrary(*store, *library, parser.value(ToOption), context);
 }
@@ -132,16 +130,8 @@ ExitCode runExport(const QCommandLineParser &parser, CommandContext &context)
 ExitCode runExportCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
-    parser.addOption({HelpOption, QString()});
     parser.addOption({ToOption, QString(), QStringLiteral("FILE")});
     BundleOption::add(&parser);
     UserSettings::addLocaleOption(&parser);
-    if (!context.parse(arguments, &parser))
-        return ExitCode::WrongUsage;
-    if (parser.isSet(HelpOption)) {
-        context.out() << usageText();
-        return ExitCode::Success;
-    }
-    const QString mistake = mistakeIn(parser);
-    return mistake.isNull() ? runExport(parser, context) : context.wrongUsage(mistake);
+    return context.run(arguments, &parser, mistakeIn, runExport);
 }

@@ -8,7 +8,6 @@
 #include "MediaReference.h"
 #include "PlugIns.h"
 #include "TextFile.h"
-#include "Usage.h"
 #include "UserSettings.h"
 
 #include <QCommandLineParser>
@@ -160,7 +159,8 @@ ExitCode store(const ImportRequest &request, const ImportFile &file, CommandCont
     context.out() << '\n'
                   << QStringLiteral("Stored %1 in the library '%2' of %3\n")
                          .arg(recordCountText(import.recordCount()),
-                              printableText(import.library().name), printableText(bundlePath));
+                              printableText(import.storedLibrary().name),
+                              printableText(bundlePath));
     return ExitCode::Success;
 }
 
@@ -182,13 +182,8 @@ ExitCode runImportCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
     ImportRequest::addOptions(&parser);
-    if (!context.parse(arguments, &parser))
-        return ExitCode::WrongUsage;
-    if (parser.isSet(QStringLiteral("help"))) {
-        context.out() << usageText();
-        return ExitCode::Success;
-    }
-    const QString mistake = ImportRequest::mistakeIn(parser);
-    return mistake.isNull() ? import(ImportRequest::from(parser), context)
-                            : context.wrongUsage(mistake);
+    return context.run(arguments, &parser, ImportRequest::mistakeIn,
+                       [](const QCommandLineParser &parsed, CommandContext &target) {
+                           return import(ImportRequest::from(parsed), target);
+                       });
 }

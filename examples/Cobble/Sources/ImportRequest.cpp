@@ -12,7 +12,6 @@ const QString SeparatorOption = QStringLiteral("separator");
 const QString MediaOption = QStringLiteral("media");
 const QString ReplaceOption = QStringLiteral("replace");
 const QString DryRunOption = QStringLiteral("dry-run");
-const QString HelpOption = QStringLiteral("help");
 
 /// The file's name without its extension; the whole name if nothing else is left.
 QString libraryNameForFile(const QString &path)
@@ -25,7 +24,6 @@ QString libraryNameForFile(const QString &path)
 
 void ImportRequest::addOptions(QCommandLineParser *parser)
 {
-    parser->addOption({HelpOption, QString()});
     parser->addOption({LibraryOption, QString(), QStringLiteral("NAME")});
     parser->addOption({SeparatorOption, QString(), QStringLiteral("C")});
     parser->addOption({MediaOption, QString(), QStringLiteral("HEADER")});

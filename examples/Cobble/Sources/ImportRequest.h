@@ -25,7 +25,7 @@ struct ImportRequest
     bool isDryRun = false;
     KTDatabaseBundle bundle = KTDatabaseBundle(QString());
 
-    /// Adds the options of the command, also --help.
+    /// Adds the options of the command.
     static void addOptions(QCommandLineParser *parser);
     /// What is wrong with the values given; nil if nothing is.
     static QString mistakeIn(const QCommandLineParser &parser);

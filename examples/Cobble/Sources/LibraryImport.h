@@ -21,7 +21,7 @@ public:
     QString errorText() const override;
 
     /// As it was made, with the names that it got.
-    const Library &library() const { return _library; }
+    const Library &storedLibrary() const { return _library; }
     qint64 recordCount() const { return _recordCount; }
 
 private:

@@ -4,7 +4,6 @@
 #include "BundleLock.h"
 #include "BundleOption.h"
 #include "MediaReference.h"
-#include "Usage.h"
 
 #include <KTUtility/Additions/NSString_KTAdditions.h>
 #include <KTUtility/Platform/Foundation/NSFileManager.h>
@@ -14,7 +13,6 @@
 #include <QTextStream>
 
 namespace {
-const QString HelpOption = QStringLiteral("help");
 /// How long to wait for an import to end, in milliseconds.
 constexpr int Patience = 5000;
 
@@ -147,21 +145,13 @@ ExitCode copyForUpgrade(const QCommandLineParser &parser, CommandContext &contex
     return ExitCode::Success;
 }
 
-/// Understands the arguments, which are words and --bundle, and runs \a run.
+/// For commands whose arguments are words and --bundle.
 ExitCode runWithBundle(const QStringList &arguments, CommandContext &context,
                        ExitCode (*run)(const QCommandLineParser &parser, CommandContext &context))
 {
     QCommandLineParser parser;
-    parser.addOption({HelpOption, QString()});
     BundleOption::add(&parser);
-    if (!context.parse(arguments, &parser))
-        return ExitCode::WrongUsage;
-    if (parser.isSet(HelpOption)) {
-        context.out() << usageText();
-        return ExitCode::Success;
-    }
-    const QString mistake = BundleOption::mistakeIn(parser);
-    return mistake.isNull() ? run(parser, context) : context.wrongUsage(mistake);
+    return context.run(arguments, &parser, BundleOption::mistakeIn, run);
 }
 } // namespace
 

@@ -2,14 +2,11 @@
 
 #include "AlignedTable.h"
 #include "PlugIns.h"
-#include "Usage.h"
 
 #include <QCommandLineParser>
 #include <QTextStream>
 
 namespace {
-const QString HelpOption = QStringLiteral("help");
-
 QString stateText(KTPlugInState state)
 {
     switch (state) {
@@ -106,25 +103,30 @@ ExitCode setAllEnabled(const QStringList &identifiers, bool isEnabled, PlugIns &
         isDone = setEnabled(identifier, isEnabled, plugIns, context) && isDone;
     return isDone ? ExitCode::Success : ExitCode::Failure;
 }
+
+/// "list", also without a word, or "enable" and "disable" with identifiers.
+QString mistakeIn(const QCommandLineParser &parser)
+{
+    const QStringList words = parser.positionalArguments();
+    const QString name = words.value(0, QStringLiteral("list"));
+    const bool isList = name == u"list" && words.size() <= 1;
+    const bool isSetting = (name == u"enable" || name == u"disable") && words.size() > 1;
+    return isList || isSetting ? QString()
+                               : QStringLiteral("plugins takes list, enable ID or disable ID");
+}
+
+ExitCode runPlugIns(const QCommandLineParser &parser, CommandContext &context)
+{
+    const QStringList words = parser.positionalArguments();
+    PlugIns plugIns;
+    return words.size() <= 1
+               ? listPlugIns(plugIns, context)
+               : setAllEnabled(words.sliced(1), words.first() == u"enable", plugIns, context);
+}
 } // namespace
 
 ExitCode runPlugInsCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
-    parser.addOption({HelpOption, QString()});
-    if (!context.parse(arguments, &parser))
-        return ExitCode::WrongUsage;
-    if (parser.isSet(HelpOption)) {
-        context.out() << usageText();
-        return ExitCode::Success;
-    }
-    QStringList words = parser.positionalArguments();
-    const QString name = words.isEmpty() ? QStringLiteral("list") : words.takeFirst();
-    const bool isList = name == u"list" && words.isEmpty();
-    const bool isSetting = (name == u"enable" || name == u"disable") && !words.isEmpty();
-    if (!isList && !isSetting)
-        return context.wrongUsage(QStringLiteral("plugins takes list, enable ID or disable ID"));
-    PlugIns plugIns;
-    return isList ? listPlugIns(plugIns, context)
-                  : setAllEnabled(words, name == u"enable", plugIns, context);
+    return context.run(arguments, &parser, mistakeIn, runPlugIns);
 }

@@ -4,13 +4,12 @@
 #include "BundleOption.h"
 #include "LibraryStore.h"
 #include "RecordTexts.h"
-#include "Usage.h"
+#include "StoredLibrary.h"
 #include "UserSettings.h"
 
 #include <QTextStream>
 
 namespace {
-const QString HelpOption = QStringLiteral("help");
 const QString LimitOption = QStringLiteral("limit");
 
 /// The number of records that are wanted, −1 for all; nothing if what was typed is no number.
@@ -77,16 +76,15 @@ ExitCode showRecords(LibraryStore &store, const Library &library, qint64 limit,
 ExitCode show(const QCommandLineParser &parser, CommandContext &context)
 {
     const KTDatabaseBundle bundle = BundleOption::bundleIn(parser);
-    QString error;
-    const auto store = LibraryStore::open(bundle, LibraryStore::Mode::Existing, &error);
+    const auto store = StoredLibrary::openStore(bundle, context);
     if (!store)
-        return context.fail(bundle.bundlePath(), error);
+        return ExitCode::Failure;
     if (parser.positionalArguments().isEmpty())
         return showLibraries(*store, bundle.bundlePath(), context);
     const QString name = parser.positionalArguments().first();
-    const std::optional<Library> library = store->libraryNamed(name);
+    const std::optional<Library> library = StoredLibrary::find(*store, bundle, name, context);
     if (!library)
-        return context.fail(bundle.bundlePath(), store->reasonForNo(name));
+        return ExitCode::Failure;
     const LocaleScope scope(UserSettings::localeIn(parser));
     return showRecords(*store, *library, *limitIn(parser), context);
 }
@@ -95,16 +93,8 @@ ExitCode show(const QCommandLineParser &parser, CommandContext &context)
 ExitCode runShowCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
-    parser.addOption({HelpOption, QString()});
     parser.addOption({LimitOption, QString(), QStringLiteral("N")});
     BundleOption::add(&parser);
     UserSettings::addLocaleOption(&parser);
-    if (!context.parse(arguments, &parser))
-        return ExitCode::WrongUsage;
-    if (parser.isSet(HelpOption)) {
-        context.out() << usageText();
-        return ExitCode::Success;
-    }
-    const QString mistake = mistakeIn(parser);
-    return mistake.isNull() ? show(parser, context) : context.wrongUsage(mistake);
+    return context.run(arguments, &parser, mistakeIn, show);
 }
