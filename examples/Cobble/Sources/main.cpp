@@ -1,13 +1,12 @@
 #include "Cobble.h"
+#include "HostApplication.h"
 #include "StandardStreams.h"
-
-#include <QCoreApplication>
 
 #include <unistd.h>
 
 int main(int argc, char **argv)
 {
     reserveStandardDescriptors();
-    const QCoreApplication application(argc, argv);
+    const auto application = makeHostApplication(argc, argv);
     return runCobbleProcess(QCoreApplication::arguments().sliced(1), STDOUT_FILENO, STDERR_FILENO);
 }

@@ -1,0 +1,52 @@
+#include "HostApplication.h"
+
+#include <QApplication>
+
+#include <algorithm>
+#include <span>
+#include <string_view>
+
+namespace {
+constexpr const char *PlatformVariable = "QT_QPA_PLATFORM";
+
+bool isDrawingCommand(std::string_view name)
+{
+    return name == "window" || name == "gallery";
+}
+
+bool asksForPictures(std::span<char *const> arguments)
+{
+    return std::any_of(arguments.begin(), arguments.end(), [](std::string_view argument) {
+        return argument == "--screenshot" || argument.starts_with("--screenshot=");
+    });
+}
+
+/// The ways to a display, in the order in which Qt is to try them. It ends the process if none
+/// works, so that the last one always does.
+QByteArray platformsFor(std::span<char *const> arguments)
+{
+    if (asksForPictures(arguments))
+        return "offscreen";
+    QByteArray platforms;
+    if (!qEnvironmentVariableIsEmpty("DISPLAY"))
+        platforms += "xcb;";
+    if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        platforms += "wayland;";
+    return platforms + "offscreen";
+}
+} // namespace
+
+std::unique_ptr<QCoreApplication> makeHostApplication(int &argc, char **argv)
+{
+    const std::span<char *const> arguments(argv, size_t(argc));
+    if (argc < 2 || !isDrawingCommand(arguments[1]))
+        return std::make_unique<QCoreApplication>(argc, argv);
+    if (!qEnvironmentVariableIsSet(PlatformVariable))
+        qputenv(PlatformVariable, platformsFor(arguments));
+    return std::make_unique<QApplication>(argc, argv);
+}
+
+bool isWithoutDisplay()
+{
+    return QGuiApplication::platformName() == u"offscreen";
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QCoreApplication>
+
+#include <memory>
+
+/// Makes the application object that a command line needs: one with windows for the commands that
+/// draw, on the desktop's display or, where they only make pictures, on none; without windows for
+/// all others.
+///
+/// \code
+/// int main(int argc, char **argv)
+/// {
+///     const auto application = makeHostApplication(argc, argv);
+///     …
+/// \endcode
+std::unique_ptr<QCoreApplication> makeHostApplication(int &argc, char **argv);
+
+/// Whether the program has windows that nobody sees.
+bool isWithoutDisplay();
