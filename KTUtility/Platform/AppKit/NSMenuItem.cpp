@@ -24,13 +24,26 @@ void validate(QAction *item)
     item->setEnabled(validator.isTrue(NSKeyValueTarget::of(target)));
 }
 
-/// Sends the item's action. Qt has toggled the check mark of a checkable item by now; whose mark
+/// Lets the items be chosen by their shortcuts again, which ask the targets then.
+void letBeAsked(const QMenu *menu)
+{
+    for (QAction *const item : menu->actions()) {
+        if (answers(NSMenuItem::target(item), "validateMenuItem(QAction*)"))
+            item->setEnabled(true);
+    }
+}
+
+/// Sends the item's action unless its target does not want it now. Qt has toggled the check mark of a checkable item by now; whose mark
 /// stands is for the target to say, so it is asked again.
 void send(QAction *item)
 {
     const QPointer<QAction> guard(item);
     NSInvoker action(NSMenuItem::action(item), {QVariant::fromValue(item)});
     validate(item);
+    if (!item->isEnabled()) {
+        item->setEnabled(true);
+        return;
+    }
     action.perform(NSKeyValueTarget::of(NSMenuItem::target(item)));
     if (guard)
         validate(item);
@@ -43,6 +56,7 @@ void keepValidated(QMenu *menu)
         return;
     menu->setProperty(ValidatedProperty, true);
     QObject::connect(menu, &QMenu::aboutToShow, menu, [menu] { NSMenuItem::validateMenu(menu); });
+    QObject::connect(menu, &QMenu::aboutToHide, menu, [menu] { letBeAsked(menu); });
 }
 } // namespace
 

@@ -1,6 +1,5 @@
 #include "ImportValues.h"
 
-#include "ProgressLine.h"
 #include "TypeInference.h"
 
 #include <KTUtility/Formatters/KTCurrencyFormatter.h>
@@ -68,6 +67,13 @@ public:
         check(!_sink || _sink->addRow(record));
     }
 
+    void cancel()
+    {
+        _values.isCancelled = true;
+        if (_values.errorDescription.isNull())
+            _values.errorDescription = QStringLiteral("it was cancelled");
+    }
+
 private:
     void check(bool isDone)
     {
@@ -104,10 +110,10 @@ ImportValues ImportValues::fromText(QStringView text, const ImportSource &source
     ImportValues values;
     const Readers readers = readersFor(text, source, settings);
     ValueReading reading(readers, settings.sink, values);
-    ProgressLine line(settings.progress, QStringLiteral("Reading values"), source.rowCount);
     source.forEachRow(text, [&](qint64 row, const QStringList &fields) {
         reading.readRow(row, fields);
-        line.show(row);
+        if (settings.progress && !values.isCancelled && !settings.progress(row, source.rowCount))
+            reading.cancel();
     });
     return values;
 }

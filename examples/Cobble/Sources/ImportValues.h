@@ -7,8 +7,6 @@
 #include <QMap>
 #include <QString>
 
-class QTextStream;
-
 /// The values of an import: the type of each column, and what its formatter reads of it.
 ///
 /// \code
@@ -40,8 +38,9 @@ struct ImportValues
     /// How an import is to be made.
     struct Settings
     {
-        /// Gets a line that tells how far it is; may be null.
-        QTextStream *progress = nullptr;
+        /// Is told of each row that was read, with the number of all, and says whether to go on.
+        /// May be empty.
+        std::function<bool(qint64 row, qint64 rowCount)> progress;
         /// Whether a text names a media file; without it, none does.
         std::function<bool(const QString &)> isMedia;
         /// The types of columns that are known beforehand.
@@ -60,6 +59,7 @@ struct ImportValues
 
     QList<Column> columns;
     QList<Unread> unread;
-    /// Why the sink ended it; nil if it did not.
+    /// Why the sink ended it, or that it was cancelled; nil if neither.
     QString errorDescription;
+    bool isCancelled = false;
 };

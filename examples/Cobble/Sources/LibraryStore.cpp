@@ -72,9 +72,14 @@ bool RecordCursor::next()
     return _query.next();
 }
 
+qint64 RecordCursor::id() const
+{
+    return _query.value(0).toLongLong();
+}
+
 QVariant RecordCursor::value(qsizetype field) const
 {
-    return StoredValue::fromDatabase(_types.at(field), _query.value(int(field)));
+    return StoredValue::fromDatabase(_types.at(field), _query.value(int(field) + 1));
 }
 
 QString RecordCursor::errorText() const
@@ -252,7 +257,7 @@ RecordCursor LibraryStore::records(const Library &library, qint64 limit)
 {
     QSqlQuery query(_database);
     query.setForwardOnly(true);
-    if (query.prepare(u"SELECT " + columnsOf(library) + u" FROM " + quoted(library.tableName) +
+    if (query.prepare(u"SELECT id, " + columnsOf(library) + u" FROM " + quoted(library.tableName) +
                       u" ORDER BY id LIMIT ?")) {
         query.addBindValue(limit);
         run(query);
@@ -372,4 +377,38 @@ bool LibraryStore::insert(const QVariantList &values)
     for (qsizetype column = 0; column < values.size(); ++column)
         _insertion->bindValue(int(column), StoredValue::forDatabase(values.at(column)));
     return run(*_insertion);
+}
+
+bool LibraryStore::update(const Library &library, qint64 id, qsizetype field, const QVariant &value)
+{
+    QSqlQuery query(_database);
+    if (!query.prepare(u"UPDATE " + quoted(library.tableName) + u" SET " +
+                       quoted(library.fields.at(field).columnName) + u" = ? WHERE id = ?")) {
+        _errorText = reasonOf(query.lastError());
+        return false;
+    }
+    query.addBindValue(StoredValue::forDatabase(value));
+    query.addBindValue(id);
+    return runOnOneRecord(query);
+}
+
+bool LibraryStore::removeRecord(const Library &library, qint64 id)
+{
+    QSqlQuery query(_database);
+    if (!query.prepare(u"DELETE FROM " + quoted(library.tableName) + u" WHERE id = ?")) {
+        _errorText = reasonOf(query.lastError());
+        return false;
+    }
+    query.addBindValue(id);
+    return runOnOneRecord(query);
+}
+
+bool LibraryStore::runOnOneRecord(QSqlQuery &query)
+{
+    if (!run(query))
+        return false;
+    if (query.numRowsAffected() == 1)
+        return true;
+    _errorText = QStringLiteral("the record is no longer there");
+    return false;
 }

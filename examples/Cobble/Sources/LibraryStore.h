@@ -25,6 +25,8 @@ public:
 
     /// Goes to the next record, at first to the first one. \return false if there is none.
     bool next();
+    /// The number by which the database knows the record.
+    qint64 id() const;
     /// The value of a field, as StoredValue::fromDatabase() has it.
     QVariant value(qsizetype field) const;
     /// Why the records end early; nil if they do not.
@@ -87,6 +89,13 @@ public:
     /// Adds a record to the library that was created last.
     bool insert(const QVariantList &values);
 
+    // --- Single records
+
+    /// Writes one value of a record. A record that is gone is an error.
+    bool update(const Library &library, qint64 id, qsizetype field, const QVariant &value);
+    /// Takes a record away. One that is gone already is an error.
+    bool removeRecord(const Library &library, qint64 id);
+
     const QString &errorText() const { return _errorText; }
 
 private:
@@ -100,6 +109,7 @@ private:
     bool run(const QString &statement, QSqlQuery &query);
     bool run(QSqlQuery &query);
     bool run(const QString &statement);
+    bool runOnOneRecord(QSqlQuery &query);
     QList<LibraryField> fieldsOf(const QString &tableName);
     bool addField(const QString &tableName, qsizetype position, const LibraryField &field);
 
