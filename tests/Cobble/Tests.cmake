@@ -28,6 +28,9 @@ target_sources(CobbleTests PRIVATE
     Cobble/ThrowingPlugInsTests.cpp
     Cobble/TypeInferenceTests.cpp
     Cobble/VCardTests.cpp
+    Cobble/Window/MainWindowTests.cpp
+    Cobble/Window/SheetTests.cpp
+    Cobble/Window/WindowCommandTests.cpp
     # The parts of the plug-ins.
     "${PROJECT_SOURCE_DIR}/examples/Cobble/PlugIns/TextExporter/JSONText.cpp"
     "${PROJECT_SOURCE_DIR}/examples/Cobble/PlugIns/VCardImporter/VCardLine.cpp"

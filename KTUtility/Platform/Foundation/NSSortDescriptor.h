@@ -11,11 +11,17 @@
 
 /// How to sort objects: by the value of a key, ascending or descending.
 ///
-/// Values are compared by NSObject::compare(): nil first, numbers by value, texts by UTF-16 unit.
+/// Values are compared by NSObject::compare() unless a comparator is given: nil first, numbers by
+/// value, texts by UTF-16 unit.
 struct NSSortDescriptor
 {
+    /// Says which of two values comes first.
+    using Comparator = std::weak_ordering (*)(const QVariant &left, const QVariant &right);
+
     QString key;
     bool ascending = true;
+    /// In place of NSObject::compare().
+    Comparator comparator = NSObject::compare;
 
     friend bool operator==(const NSSortDescriptor &, const NSSortDescriptor &) = default;
 
@@ -50,9 +56,10 @@ private:
                          const QList<NSSortDescriptor> &descriptors)
     {
         for (size_t level = 0; level < left.size(); ++level) {
-            const auto order = NSObject::compare(left[level], right[level]);
+            const NSSortDescriptor &descriptor = descriptors.at(qsizetype(level));
+            const auto order = descriptor.comparator(left[level], right[level]);
             if (order != 0)
-                return descriptors.at(qsizetype(level)).ascending ? order < 0 : order > 0;
+                return descriptor.ascending ? order < 0 : order > 0;
         }
         return false;
     }

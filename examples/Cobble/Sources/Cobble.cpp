@@ -12,6 +12,7 @@
 #include "ShowCommand.h"
 #include "StandardStreams.h"
 #include "Usage.h"
+#include "WindowCommand.h"
 
 #include <array>
 
@@ -36,7 +37,8 @@ ExitCode runVersion(const QStringList &, CommandContext &context)
     return ExitCode::Success;
 }
 
-constexpr std::array<Command, 14> Commands = {{
+constexpr std::array<Command, 15> Commands = {{
+    {u"window", runWindowCommand},
     {u"import", runImportCommand},
     {u"show", runShowCommand},
     {u"export", runExportCommand},

@@ -3,11 +3,14 @@
 #include "FormField.h"
 #include "RecordTexts.h"
 
+#include <KTUtility/Platform/Foundation/NSSelectionMarker.h>
+
 FormRow::FormRow(FormField *field) : _field(field), _reader(field->field().reader()) {}
 
 QString FormRow::text() const
 {
-    return RecordTexts::textOf(*_reader, _value);
+    return NSIsControllerMarker(_value) ? QStringLiteral("")
+                                        : RecordTexts::textOf(*_reader, _value);
 }
 
 bool FormRow::setText(const QString &text, QString *reason)

@@ -25,7 +25,7 @@ public:
     explicit FormRow(FormField *field);
 
     FormField *field() const { return _field; }
-    /// The value as it is shown; "" for nil.
+    /// The value as it is shown; "" for nil, and where there is no single value.
     QString text() const;
     /// What a user has typed.
     /// \param reason receives why it was not taken; may be null.

@@ -34,6 +34,21 @@ QByteArray platformsFor(std::span<char *const> arguments)
         platforms += "wayland;";
     return platforms + "offscreen";
 }
+
+QtMessageHandler &otherHandler()
+{
+    static QtMessageHandler handler = nullptr;
+    return handler;
+}
+
+/// Windows that nobody sees cannot be raised and so on, of which nobody needs to be told.
+void passMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    const bool isOfNoUse =
+        isWithoutDisplay() && message.startsWith(u"This plugin does not support");
+    if (!isOfNoUse && otherHandler())
+        otherHandler()(type, context, message);
+}
 } // namespace
 
 std::unique_ptr<QCoreApplication> makeHostApplication(int &argc, char **argv)
@@ -43,7 +58,9 @@ std::unique_ptr<QCoreApplication> makeHostApplication(int &argc, char **argv)
         return std::make_unique<QCoreApplication>(argc, argv);
     if (!qEnvironmentVariableIsSet(PlatformVariable))
         qputenv(PlatformVariable, platformsFor(arguments));
-    return std::make_unique<QApplication>(argc, argv);
+    auto application = std::make_unique<QApplication>(argc, argv);
+    otherHandler() = qInstallMessageHandler(passMessage);
+    return application;
 }
 
 bool isWithoutDisplay()

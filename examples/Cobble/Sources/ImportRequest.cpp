@@ -12,15 +12,15 @@ const QString SeparatorOption = QStringLiteral("separator");
 const QString MediaOption = QStringLiteral("media");
 const QString ReplaceOption = QStringLiteral("replace");
 const QString DryRunOption = QStringLiteral("dry-run");
+} // namespace
 
 /// The file's name without its extension; the whole name if nothing else is left.
-QString libraryNameForFile(const QString &path)
+QString ImportRequest::libraryNameForFile(const QString &path)
 {
     const QFileInfo file(path);
     const QString name = file.completeBaseName();
     return name.isEmpty() ? file.fileName() : name;
 }
-} // namespace
 
 void ImportRequest::addOptions(QCommandLineParser *parser)
 {

@@ -25,6 +25,8 @@ struct ImportRequest
     bool isDryRun = false;
     KTDatabaseBundle bundle = KTDatabaseBundle(QString());
 
+    /// What a library is called unless it is given a name.
+    static QString libraryNameForFile(const QString &path);
     /// Adds the options of the command.
     static void addOptions(QCommandLineParser *parser);
     /// What is wrong with the values given; nil if nothing is.

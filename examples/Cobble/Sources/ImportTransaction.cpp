@@ -1,6 +1,7 @@
 #include "ImportTransaction.h"
 
 #include "BundleOption.h"
+#include "UnusedMedia.h"
 
 #include <KTUtility/Platform/Foundation/NSFileManager.h>
 #include <KTUtility/Platform/Foundation/NSPathUtilities.h>
@@ -76,7 +77,7 @@ std::optional<NSURL> ImportTransaction::storeMedia(const NSURL &url)
     if (!stored || addToList(*stored))
         return stored;
     // What is not in the list could not be taken back.
-    removeMedia(*stored);
+    UnusedMedia::removeFile(_bundle, stored->absoluteString());
     return std::nullopt;
 }
 
@@ -92,18 +93,12 @@ bool ImportTransaction::addToList(const NSURL &url)
     return false;
 }
 
-void ImportTransaction::removeMedia(const NSURL &url) const
-{
-    _bundle.deleteFileFromMediaFolder(
-        NSString::lastPathComponent(_bundle.filePathFromMediaUrl(url)));
-}
-
 bool ImportTransaction::commit()
 {
     _isDone = _store->commit();
     if (_isDone) {
         _mediaList.remove();
-        removeMediaOfRemovedLibraries();
+        UnusedMedia::remove(_bundle, *_store, _mediaOfRemovedLibraries);
     }
     return _isDone;
 }
@@ -112,19 +107,6 @@ bool ImportTransaction::removeLibrary(const Library &library)
 {
     _mediaOfRemovedLibraries += _store->mediaOf(library).value_or(QSet<QString>());
     return _store->remove(library);
-}
-
-void ImportTransaction::removeMediaOfRemovedLibraries()
-{
-    if (_mediaOfRemovedLibraries.isEmpty())
-        return;
-    // If they cannot be read, everything counts as used.
-    const QSet<QString> used = _store->usedMedia().value_or(_mediaOfRemovedLibraries);
-    for (const QString &text : std::as_const(_mediaOfRemovedLibraries)) {
-        const std::optional<NSURL> url = NSURL::URLWithString(text);
-        if (url && !used.contains(text))
-            removeMedia(*url);
-    }
 }
 
 /// Removes the media files of an import that came to nothing.
@@ -139,9 +121,8 @@ void ImportTransaction::removeMediaInList(bool evenIfUsed)
     // A last line that was cut off would name another file.
     for (QByteArray line = list.readLine(); line.endsWith('\n'); line = list.readLine()) {
         const QString text = QString::fromLatin1(line.chopped(1));
-        const std::optional<NSURL> url = NSURL::URLWithString(text);
-        if (url && used && !used->contains(text))
-            removeMedia(*url);
+        if (used && !used->contains(text))
+            UnusedMedia::removeFile(_bundle, text);
     }
 }
 

@@ -47,9 +47,7 @@ private:
     QString mediaListPath() const;
     bool beginList(QString *error);
     bool addToList(const NSURL &url);
-    void removeMedia(const NSURL &url) const;
     void removeMediaInList(bool evenIfUsed);
-    void removeMediaOfRemovedLibraries();
     void takeBack();
     void removeEmptyBundle() const;
 

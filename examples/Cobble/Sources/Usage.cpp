@@ -5,6 +5,12 @@ QString usageText()
     return QStringLiteral(
         R"(Usage: cobble COMMAND [ARGUMENT…]
 
+  cobble window [LIBRARY] [--search TEXT] [--locale ID] [--bundle PATH]
+                [--screenshot FILE [--sheet NAME]]
+      Opens the main window. With --screenshot, draws it into a file (PNG) and
+      needs no display; NAME is a sheet to lie over it: import, export, delete
+      or about.
+
   cobble import FILE [--library NAME] [--separator C] [--locale ID]
                 [--media HEADER]… [--replace] [--bundle PATH] [--dry-run]
       Stores a file of separated values, or one that an importer reads (vcf), as

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "OpenBundle.h"
+
+#include <QAction>
+
+#include <memory>
+#include <vector>
+
+class KTLogger;
+class MainWindowController;
+
+/// The application with its windows, which show one bundle.
+///
+/// \code
+/// DesktopApplication application(bundle, KTLogger::sharedLogger());
+/// application.newWindow();
+/// QApplication::exec();    // until the last window is closed
+/// \endcode
+class DesktopApplication : public QObject
+{
+    Q_OBJECT
+
+public:
+    DesktopApplication(const KTDatabaseBundle &bundle, KTLogger *logger);
+    ~DesktopApplication() override;
+
+    OpenBundle *bundle() { return &_bundle; }
+    KTLogger *logger() const { return _logger; }
+    QList<MainWindowController *> windows() const;
+
+    /// Opens one more window, with the library that the current one shows.
+    Q_INVOKABLE void newWindow(QAction *sender = nullptr);
+    /// Lists the silenced alerts over the current window.
+    Q_INVOKABLE void showSilencedAlerts(QAction *sender = nullptr);
+    /// Closes all windows; the last one that closes ends the program.
+    Q_INVOKABLE void terminate(QAction *sender = nullptr);
+    /// Asks the dialog that has the keyboard, if one has. Nothing ends while an import is stored.
+    Q_INVOKABLE bool validateMenuItem(QAction *item);
+
+Q_SIGNALS:
+    void lastWindowClosed();
+
+private:
+    void remove(MainWindowController *controller);
+
+    OpenBundle _bundle;
+    KTLogger *_logger;
+    std::vector<std::unique_ptr<MainWindowController>> _windows;
+};

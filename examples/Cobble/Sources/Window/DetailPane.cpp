@@ -1,0 +1,93 @@
+#include "DetailPane.h"
+
+#include "FieldEditor.h"
+
+#include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>
+#include <KTUtility/Platform/Foundation/NSSelectionMarker.h>
+
+#include <QFormLayout>
+#include <QLabel>
+
+namespace {
+/// What stands in an empty editor.
+QString placeholderFor(const QVariant &value)
+{
+    if (!NSIsControllerMarker(value))
+        return {};
+    return value.value<NSSelectionMarker>().kind == NSSelectionMarker::Kind::MultipleValues
+               ? QStringLiteral("Multiple values")
+               : QString();
+}
+} // namespace
+
+DetailPane::DetailPane(NSArrayController *records, QWidget *parent)
+    : QWidget(parent), _records(records), _form(records), _layout(new QFormLayout(this))
+{
+    _layout->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    QObject::connect(&_form, &DetailForm::rowsChanged, this, &DetailPane::rebuild);
+}
+
+DetailPane::~DetailPane()
+{
+    // The rows go before the editors, which look at them.
+    qDeleteAll(_editors);
+}
+
+void DetailPane::setFields(const QList<FormField *> &fields)
+{
+    _form.setFields(fields);
+}
+
+FieldEditor *DetailPane::editor(qsizetype field) const
+{
+    return _editors.value(field);
+}
+
+void DetailPane::rebuild()
+{
+    while (_layout->rowCount() > 0)
+        _layout->removeRow(0);
+    _editors.clear();
+    for (FormRow *const row : _form.rows())
+        addRow(row);
+}
+
+void DetailPane::addRow(FormRow *row)
+{
+    auto *const editor = new FieldEditor(row->field()->field().type, this);
+    auto *const label = new QLabel(this);
+    label->setTextFormat(Qt::PlainText);
+    label->setBuddy(editor->input());
+    _layout->addRow(label, editor);
+    _editors += editor;
+    const auto refresh = [this, row, editor, label] {
+        label->setText(row->label().toString() + u':');
+        editor->setTitle(row->label().toString());
+        show(row, editor);
+    };
+    refresh();
+    QObject::connect(row, &FormRow::changed, editor, refresh);
+    QObject::connect(_records, &NSArrayController::selectionChanged, editor, refresh);
+    QObject::connect(editor, &FieldEditor::committed, row,
+                     [row, editor](const QString &text) { take(row, editor, text); });
+}
+
+// A row keeps the value that it has when what is selected has none, or several.
+void DetailPane::show(FormRow *row, FieldEditor *editor) const
+{
+    const QVariant value =
+        NSKeyValueCoding::valueForKey(_records->selection(), row->field()->key());
+    editor->setText(NSIsControllerMarker(value) ? QString() : row->text());
+    editor->setPlaceholderText(placeholderFor(value));
+    const bool isMedia = row->field()->field().type == FieldType::Media;
+    editor->setEnabled(!isMedia && !_records->selectionIndexes().isEmpty());
+}
+
+void DetailPane::take(FormRow *row, FieldEditor *editor, const QString &text)
+{
+    QString reason;
+    if (row->setText(text, &reason))
+        editor->setText(row->text());
+    else
+        editor->setProblem(reason);
+}

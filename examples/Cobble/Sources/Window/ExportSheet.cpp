@@ -1,0 +1,59 @@
+#include "ExportSheet.h"
+
+#include "LibraryExport.h"
+#include "PlugIns.h"
+
+#include <QDir>
+#include <QFileDialog>
+
+namespace {
+/// A name for the file, in which "/" is no folder.
+QString suggestedFile(const QString &libraryName)
+{
+    return QDir::home().filePath(QString(libraryName).replace(u'/', u'_') + u".csv");
+}
+} // namespace
+
+ExportSheet::ExportSheet(OpenBundle *bundle)
+    : TransferSheet(QStringLiteral(":/Cobble/ExportSheet.ui"), bundle)
+{
+}
+
+void ExportSheet::configDialog()
+{
+    TransferSheet::configDialog();
+    _libraryName = windowDataSourceObjectForKey(LibraryKey).toString();
+    setFile(suggestedFile(_libraryName));
+}
+
+QString ExportSheet::work()
+{
+    if (file().isEmpty())
+        return QStringLiteral("Please choose a file.");
+    LibraryStore *const store = bundle()->store();
+    const std::optional<Library> library = store ? store->libraryNamed(_libraryName) : std::nullopt;
+    if (!library)
+        return store ? store->reasonForNo(_libraryName) : QStringLiteral("There is no database.");
+    const LibraryExport::Outcome outcome = LibraryExport::run(
+        *store, *library, file(), [this](qint64 done, qint64 total) { return goOn(done, total); });
+    if (outcome.isCancelled)
+        return QStringLiteral("Cancelled. The file was not written.");
+    if (!outcome.errorDescription.isNull())
+        return QStringLiteral("%1: %2").arg(outcome.subject, outcome.errorDescription);
+    Q_EMIT exported(outcome.recordCount, file());
+    return {};
+}
+
+void ExportSheet::choose()
+{
+    auto *const chooser = new QFileDialog(window(), QStringLiteral("Export"));
+    chooser->setAttribute(Qt::WA_DeleteOnClose);
+    chooser->setAcceptMode(QFileDialog::AcceptSave);
+    chooser->selectFile(file());
+    QStringList filters;
+    for (const QString &type : PlugIns().exportedTypes())
+        filters += QStringLiteral("%1 (*.%2)").arg(type.toUpper(), type);
+    chooser->setNameFilters(filters);
+    QObject::connect(chooser, &QFileDialog::fileSelected, this, &TransferSheet::setFile);
+    chooser->open();
+}

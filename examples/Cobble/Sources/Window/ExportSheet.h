@@ -1,0 +1,26 @@
+#pragma once
+
+#include "TransferSheet.h"
+
+/// Exports the library that the window shows, which the host lends under LibraryKey.
+class ExportSheet : public TransferSheet
+{
+    Q_OBJECT
+
+public:
+    inline static const QString LibraryKey = QStringLiteral("library");
+
+    explicit ExportSheet(OpenBundle *bundle);
+
+    void configDialog() override;
+
+Q_SIGNALS:
+    void exported(qint64 recordCount, const QString &path);
+
+protected:
+    QString work() override;
+    void choose() override;
+
+private:
+    QString _libraryName;
+};

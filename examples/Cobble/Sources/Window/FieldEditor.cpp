@@ -1,0 +1,135 @@
+#include "FieldEditor.h"
+
+#include "TextInput.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+namespace {
+constexpr int MostLines = 5;
+} // namespace
+
+FieldEditor::FieldEditor(FieldType type, QWidget *parent) : QWidget(parent)
+{
+    auto *const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(2);
+    if (type == FieldType::Text)
+        makeTextInput();
+    else
+        addInput(_line = new QLineEdit(this));
+    _problem = new QLabel(this);
+    _problem->setTextFormat(Qt::PlainText);
+    _problem->setWordWrap(true);
+    _problem->setStyleSheet(QStringLiteral("color: #c0392b"));
+    _problem->hide();
+    layout->addWidget(_problem);
+}
+
+void FieldEditor::addInput(QWidget *input)
+{
+    layout()->addWidget(input);
+    input->installEventFilter(this);
+    setFocusProxy(input);
+}
+
+void FieldEditor::makeTextInput()
+{
+    _lines = new TextInput(this);
+    _lines->setTabChangesFocus(true);
+    _lines->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    addInput(_lines);
+    QObject::connect(_lines, &TextInput::textChanged, this, &FieldEditor::fitHeight);
+    fitHeight();
+}
+
+void FieldEditor::fitHeight()
+{
+    const int lines = qBound(1, _lines->blockCount(), MostLines);
+    const int around = 2 * int(_lines->document()->documentMargin()) + 2 * _lines->frameWidth();
+    _lines->setFixedHeight(lines * _lines->fontMetrics().lineSpacing() + around);
+    _lines->setVerticalScrollBarPolicy(_lines->blockCount() > MostLines ? Qt::ScrollBarAsNeeded
+                                                                        : Qt::ScrollBarAlwaysOff);
+}
+
+QWidget *FieldEditor::input() const
+{
+    return focusProxy();
+}
+
+QString FieldEditor::text() const
+{
+    return _line ? _line->text() : _lines->toPlainText();
+}
+
+void FieldEditor::setText(const QString &text)
+{
+    setProblem(QString());
+    if (_line)
+        _line->setText(text);
+    else if (_lines->toPlainText() != text)
+        _lines->setText(text);
+    // As the input has it, which turns some line breaks into others.
+    _text = this->text();
+}
+
+void FieldEditor::setPlaceholderText(const QString &text)
+{
+    if (_line)
+        _line->setPlaceholderText(text);
+    else
+        _lines->setPlaceholderText(text);
+}
+
+void FieldEditor::setProblem(const QString &reason)
+{
+    _problem->setText(reason);
+    _problem->setVisible(!reason.isEmpty());
+    input()->setAccessibleDescription(reason);
+    input()->setToolTip(reason);
+}
+
+QString FieldEditor::problem() const
+{
+    return _problem->isHidden() ? QString() : _problem->text();
+}
+
+void FieldEditor::setTitle(const QString &title)
+{
+    input()->setAccessibleName(title);
+}
+
+void FieldEditor::commit()
+{
+    if (isEdited())
+        Q_EMIT committed(text());
+}
+
+/// \return whether the key is for the editor and not for its input.
+bool FieldEditor::handleKey(int key, Qt::KeyboardModifiers modifiers)
+{
+    if (key == Qt::Key_Escape && isEdited()) {
+        setText(_text);
+        return true;
+    }
+    const bool isReturn = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (!isReturn || (_lines && modifiers.testFlag(Qt::ShiftModifier)))
+        return false;
+    commit();
+    return true;
+}
+
+bool FieldEditor::eventFilter(QObject *object, QEvent *event)
+{
+    if (object != input())
+        return false;
+    if (event->type() == QEvent::FocusOut)
+        commit();
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    const auto *const press = static_cast<QKeyEvent *>(event);
+    return handleKey(press->key(), press->modifiers());
+}

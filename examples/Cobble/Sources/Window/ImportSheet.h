@@ -1,0 +1,36 @@
+#pragma once
+
+#include "ImportFile.h"
+#include "TransferSheet.h"
+
+#include <QMetaType>
+
+/// What an import was and gave, as the sheets behind it get it under ImportSheet::ResultKey.
+struct ImportResult
+{
+    ImportSchema schema;
+    ImportFile::Outcome outcome;
+};
+Q_DECLARE_METATYPE(ImportResult)
+
+/// Imports a file as a library of the bundle that the window shows.
+class ImportSheet : public TransferSheet
+{
+    Q_OBJECT
+
+public:
+    inline static const QString ResultKey = QStringLiteral("importResult");
+
+    explicit ImportSheet(OpenBundle *bundle);
+
+Q_SIGNALS:
+    /// A library was stored; the host lends the ImportResult to the next dialogs.
+    void imported(const QString &libraryName);
+
+protected:
+    QString work() override;
+    void choose() override;
+
+private:
+    ImportRequest request();
+};

@@ -1,0 +1,69 @@
+#include "MainMenu.h"
+
+#include <KTUtility/KTLogger.h>
+#include <KTUtility/Platform/AppKit/NSMenuItem.h>
+
+#include <QMainWindow>
+#include <QMenuBar>
+
+namespace {
+struct Item
+{
+    /// With "&" before the letter that chooses it; nil for a line between items.
+    QString title;
+    const char *action;
+    QObject *target;
+    QKeySequence shortcut;
+};
+
+void addItems(QMenu *menu, const QList<Item> &items)
+{
+    for (const Item &item : items) {
+        if (item.title.isNull()) {
+            menu->addSeparator();
+            continue;
+        }
+        QAction *const added =
+            NSMenuItem::addItem(menu, QString(), NSSelector(item.action), item.target);
+        added->setText(item.title);
+        added->setShortcut(item.shortcut);
+        added->setObjectName(QString::fromLatin1(item.action));
+    }
+}
+
+const Item Line{{}, nullptr, nullptr, {}};
+
+void addLoggingMenu(QMenu *help, KTLogger *logger)
+{
+    // The menu saves the levels, which there have to be.
+    if (!logger->components())
+        logger->setLevelOfComponent(0, kLog_Lifecycle);
+    QMenu *const logging = help->addMenu(QStringLiteral("&Logging"));
+    logging->setObjectName(QStringLiteral("logging"));
+    logger->populateComponentLoggingMenu(logging->menuAction());
+}
+} // namespace
+
+void MainMenu::add(QMainWindow *window, QObject *controller, QObject *application, KTLogger *logger)
+{
+    QMenuBar *const bar = window->menuBar();
+    addItems(bar->addMenu(QStringLiteral("&File")),
+             {{QStringLiteral("&New Window"), "newWindow:", application, QKeySequence::New},
+              {QStringLiteral("&Close Window"), "closeWindow:", controller, QKeySequence::Close},
+              Line,
+              {QStringLiteral("&Import…"), "importFile:", controller, QKeySequence(u"Ctrl+I"_qs)},
+              {QStringLiteral("&Export…"), "exportFile:", controller, QKeySequence(u"Ctrl+E"_qs)},
+              Line,
+              {QStringLiteral("&Quit"), "terminate:", application, QKeySequence(u"Ctrl+Q"_qs)}});
+    addItems(bar->addMenu(QStringLiteral("&Edit")),
+             {{QStringLiteral("&Find"), "findRecords:", controller, QKeySequence::Find},
+              Line,
+              {QStringLiteral("&Delete Record…"), "deleteRecords:", controller,
+               QKeySequence(u"Ctrl+Backspace"_qs)},
+              Line,
+              {QStringLiteral("&Silenced Alerts…"), "showSilencedAlerts:", application,
+               QKeySequence()}});
+    QMenu *const help = bar->addMenu(QStringLiteral("&Help"));
+    addItems(help, {{QStringLiteral("&About Cobble"), "showAbout:", controller, QKeySequence()}});
+    addLoggingMenu(help, logger);
+}

@@ -1,0 +1,119 @@
+#include "MainWindow.h"
+
+#include "DetailPane.h"
+#include "FieldDelegate.h"
+#include "RecordTableModel.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTableView>
+#include <QToolBar>
+
+namespace {
+constexpr int WidestColumn = 240;
+constexpr int RowsLookedAt = 100;
+} // namespace
+
+MainWindow::MainWindow(NSArrayController *records, RecordTableModel *model)
+{
+    auto *const below = new QSplitter(Qt::Vertical);
+    below->addWidget(makeRecords(model));
+    below->addWidget(makeDetail(records));
+    below->setStretchFactor(0, 1);
+    below->setSizes({400, 240});
+    _notice = new QLabel;
+    _notice->setTextFormat(Qt::PlainText);
+    _notice->setAlignment(Qt::AlignCenter);
+    _notice->setWordWrap(true);
+    _pages = new QStackedWidget;
+    _pages->addWidget(below);
+    _pages->addWidget(_notice);
+    auto *const beside = new QSplitter;
+    beside->addWidget(makeLibraries());
+    beside->addWidget(_pages);
+    beside->setStretchFactor(1, 1);
+    beside->setSizes({180, 820});
+    setCentralWidget(beside);
+    makeSearch();
+    makeCount();
+    resize(1000, 700);
+}
+
+QWidget *MainWindow::makeLibraries()
+{
+    _libraries = new QListWidget;
+    _libraries->setAccessibleName(QStringLiteral("Libraries"));
+    return _libraries;
+}
+
+QWidget *MainWindow::makeRecords(RecordTableModel *model)
+{
+    _table = new QTableView;
+    _table->setAccessibleName(QStringLiteral("Records"));
+    _table->setModel(model);
+    _table->setItemDelegate(new FieldDelegate(_table));
+    _table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    _table->setAlternatingRowColors(true);
+    _table->setWordWrap(false);
+    _table->setTabKeyNavigation(false);
+    _table->verticalHeader()->hide();
+    _table->verticalHeader()->setDefaultSectionSize(_table->fontMetrics().height() + 8);
+    _table->horizontalHeader()->setSortIndicatorClearable(true);
+    _table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    _table->horizontalHeader()->setResizeContentsPrecision(RowsLookedAt);
+    _table->setSortingEnabled(true);
+    return _table;
+}
+
+QWidget *MainWindow::makeDetail(NSArrayController *records)
+{
+    auto *const scroller = new QScrollArea;
+    scroller->setWidgetResizable(true);
+    scroller->setAccessibleName(QStringLiteral("Record"));
+    scroller->setFocusPolicy(Qt::NoFocus);
+    _detail = new DetailPane(records);
+    scroller->setWidget(_detail);
+    return scroller;
+}
+
+void MainWindow::makeSearch()
+{
+    auto *const bar = addToolBar(QStringLiteral("Search"));
+    bar->setObjectName(QStringLiteral("searchBar"));
+    bar->setMovable(false);
+    auto *const spacer = new QWidget;
+    spacer->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    bar->addWidget(spacer);
+    _search = new QLineEdit;
+    _search->setPlaceholderText(QStringLiteral("Search"));
+    _search->setAccessibleName(QStringLiteral("Search"));
+    _search->setClearButtonEnabled(true);
+    _search->setMaximumWidth(280);
+    bar->addWidget(_search);
+}
+
+void MainWindow::makeCount()
+{
+    _count = new QLabel;
+    _count->setTextFormat(Qt::PlainText);
+    statusBar()->addPermanentWidget(_count);
+}
+
+void MainWindow::setNotice(const QString &text)
+{
+    _notice->setText(text);
+    _pages->setCurrentIndex(text.isNull() ? 0 : 1);
+}
+
+void MainWindow::fitColumns()
+{
+    _table->resizeColumnsToContents();
+    for (int column = 0; column < _table->model()->columnCount(); ++column)
+        _table->setColumnWidth(column, qMin(_table->columnWidth(column), WidestColumn));
+}

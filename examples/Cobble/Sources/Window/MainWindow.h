@@ -1,0 +1,49 @@
+#pragma once
+
+#include <KTUtility/Platform/AppKit/NSArrayController.h>
+
+#include <QMainWindow>
+
+class DetailPane;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QStackedWidget;
+class QTableView;
+class RecordTableModel;
+
+/// What a main window is made of: the list of libraries, the table of records, the form for what is
+/// selected in it, the search field and the count. What they do is MainWindowController's business.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    MainWindow(NSArrayController *records, RecordTableModel *model);
+
+    QListWidget *libraries() const { return _libraries; }
+    QTableView *table() const { return _table; }
+    DetailPane *detail() const { return _detail; }
+    QLineEdit *search() const { return _search; }
+    QLabel *count() const { return _count; }
+
+    /// Shows a text in place of the records; nil shows the records.
+    void setNotice(const QString &text);
+    /// Makes the columns as wide as their texts, within reason.
+    void fitColumns();
+
+private:
+    QWidget *makeLibraries();
+    QWidget *makeRecords(RecordTableModel *model);
+    QWidget *makeDetail(NSArrayController *records);
+    void makeSearch();
+    void makeCount();
+
+    QListWidget *_libraries = nullptr;
+    QTableView *_table = nullptr;
+    DetailPane *_detail = nullptr;
+    QLineEdit *_search = nullptr;
+    QLabel *_count = nullptr;
+    QLabel *_notice = nullptr;
+    QStackedWidget *_pages = nullptr;
+};

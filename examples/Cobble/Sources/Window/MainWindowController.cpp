@@ -1,0 +1,331 @@
+#include "MainWindowController.h"
+
+#include "AlignedTable.h"
+#include "DesktopApplication.h"
+#include "DetailPane.h"
+#include "MainMenu.h"
+#include "MainWindow.h"
+#include "RecordSearch.h"
+#include "RecordTableModel.h"
+#include "TableSelection.h"
+
+#include <KTUtility/KTDoNotShowAlert.h>
+#include <KTUtility/Platform/AppKit/NSAlert.h>
+#include <KTUtility/Platform/AppKit/NSMenuItem.h>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QStatusBar>
+
+namespace {
+/// How long to wait for more letters before a search, in milliseconds.
+constexpr int SearchDelay = 150;
+/// How long messages stay in the status bar, in milliseconds.
+constexpr int MessageTime = 8000;
+} // namespace
+
+MainWindowController::MainWindowController(DesktopApplication *application)
+    : _application(application)
+    , _model(std::make_unique<RecordTableModel>(&_records))
+    , _importSheet(application->bundle())
+    , _exportSheet(application->bundle())
+{
+    _searchTimer.setSingleShot(true);
+    _searchTimer.setInterval(SearchDelay);
+    QObject::connect(&_searchTimer, &QTimer::timeout, this, &MainWindowController::search);
+}
+
+MainWindowController::~MainWindowController()
+{
+    forget();
+    _selection.reset();
+    // Before the model that its table shows.
+    setWindow(nullptr);
+}
+
+MainWindow *MainWindowController::mainWindow()
+{
+    return qobject_cast<MainWindow *>(window());
+}
+
+void MainWindowController::loadWindow()
+{
+    auto *const made = new MainWindow(&_records, _model.get());
+    setWindow(made);
+    MainMenu::add(made, this, _application, _application->logger());
+}
+
+void MainWindowController::windowDidLoad()
+{
+    KTWindowController::windowDidLoad();
+    _selection = std::make_unique<TableSelection>(mainWindow()->table(), &_records);
+    connectParts();
+    connectSheets();
+    listLibraries();
+    const QList<Library> &libraries = _application->bundle()->libraries();
+    showLibrary(libraries.isEmpty() ? QString() : libraries.first().name);
+}
+
+void MainWindowController::connectParts()
+{
+    MainWindow *const shown = mainWindow();
+    QObject::connect(shown->libraries(), &QListWidget::currentItemChanged, this,
+                     [this](const QListWidgetItem *item) {
+                         showLibrary(item ? item->data(Qt::UserRole).toString() : QString());
+                     });
+    QObject::connect(shown->search(), &QLineEdit::textChanged, &_searchTimer,
+                     qOverload<>(&QTimer::start));
+    QObject::connect(shown->search(), &QLineEdit::returnPressed, this,
+                     &MainWindowController::search);
+    QObject::connect(&_records, &NSArrayController::arrangedObjectsChanged, this,
+                     &MainWindowController::showCount);
+    QObject::connect(_application->bundle(), &OpenBundle::librariesChanged, this,
+                     &MainWindowController::listLibraries);
+}
+
+void MainWindowController::connectSheets()
+{
+    QObject::connect(&_importSheet, &ImportSheet::imported, this,
+                     &MainWindowController::queueAfterImport);
+    QObject::connect(
+        &_exportSheet, &ExportSheet::exported, this, [this](qint64 count, const QString &path) {
+            tell(QStringLiteral("Exported %1 to %2").arg(recordCountText(count), path));
+        });
+    QObject::connect(&_showLibraryAlert, &ShowLibraryAlert::chosen, this,
+                     &MainWindowController::showLibrary);
+}
+
+// --- Libraries ----------------------------------------------------------------------------------
+
+/// Fills the list anew, and shows the library of the same name again.
+void MainWindowController::listLibraries()
+{
+    const QString shown = _library ? _library->library().name : QString();
+    QListWidget *const list = mainWindow()->libraries();
+    {
+        const QSignalBlocker blocker(list);
+        list->clear();
+        for (const Library &library : _application->bundle()->libraries()) {
+            auto *const item = new QListWidgetItem(printableText(library.name), list);
+            item->setData(Qt::UserRole, library.name);
+        }
+    }
+    forget();
+    showLibrary(shown);
+}
+
+void MainWindowController::showLibrary(const QString &name)
+{
+    if (_library && _library->library().name == name)
+        return;
+    QString error;
+    std::shared_ptr<OpenLibrary> library =
+        name.isNull() ? nullptr : _application->bundle()->open(name, &error);
+    QListWidget *const list = mainWindow()->libraries();
+    const QSignalBlocker blocker(list);
+    list->setCurrentRow(-1);
+    for (int row = 0; row < list->count(); ++row) {
+        if (library && list->item(row)->data(Qt::UserRole).toString() == library->library().name)
+            list->setCurrentRow(row);
+    }
+    setLibrary(library);
+    showNotice(error);
+}
+
+/// Lets go of the library, before its records go.
+void MainWindowController::forget()
+{
+    _toDelete.clear();
+    _records.setContent({});
+    _records.setFilterPredicate({});
+    _model->setLibrary(nullptr);
+    if (isWindowLoaded())
+        mainWindow()->detail()->setFields({});
+    if (_library)
+        QObject::disconnect(_library.get(), nullptr, this, nullptr);
+    _library.reset();
+}
+
+void MainWindowController::setLibrary(const std::shared_ptr<OpenLibrary> &library)
+{
+    forget();
+    _library = library;
+    mainWindow()->setWindowTitle(library ? printableText(library->library().name) + u" – Cobble"
+                                         : QStringLiteral("Cobble"));
+    if (!library) {
+        showCount();
+        return;
+    }
+    QObject::connect(library.get(), &OpenLibrary::recordsWillGo, this,
+                     &MainWindowController::showRecords);
+    QObject::connect(library.get(), &OpenLibrary::refused, this, &MainWindowController::tell);
+    mainWindow()->detail()->setFields(library->fields());
+    _model->setLibrary(library);
+    showRecords();
+    search();
+    mainWindow()->fitColumns();
+    _records.setSelectionIndex(0);
+}
+
+void MainWindowController::showRecords()
+{
+    const qsizetype place = _records.selectionIndex();
+    _records.setContent(_library->records());
+    // Where the selected ones were, if they are gone.
+    if (place >= 0 && _records.selectionIndexes().isEmpty())
+        _records.setSelectionIndex(qMin(place, _records.arrangedObjects().size() - 1));
+}
+
+void MainWindowController::showCount()
+{
+    QString text;
+    if (_library) {
+        const qsizetype shown = _records.arrangedObjects().size();
+        const qsizetype all = _library->recordCount();
+        text = shown == all ? recordCountText(all)
+                            : QStringLiteral("%1 of %2").arg(shown).arg(recordCountText(all));
+    }
+    mainWindow()->count()->setText(text);
+}
+
+void MainWindowController::showNotice(const QString &error)
+{
+    const QString problem = error.isNull() ? _application->bundle()->errorText() : error;
+    if (_library)
+        mainWindow()->setNotice(QString());
+    else if (!problem.isNull())
+        mainWindow()->setNotice(problem);
+    else if (_application->bundle()->libraries().isEmpty())
+        mainWindow()->setNotice(
+            QStringLiteral("There are no libraries yet.\nFile ▸ Import… makes one of a table or of "
+                           "address cards."));
+    else
+        mainWindow()->setNotice(QStringLiteral("Choose a library at the left."));
+}
+
+void MainWindowController::tell(const QString &message)
+{
+    mainWindow()->statusBar()->showMessage(printableText(message), MessageTime);
+}
+
+void MainWindowController::search()
+{
+    _searchTimer.stop();
+    if (!_library)
+        return;
+    _records.setFilterPredicate(
+        RecordSearch::predicateFor(*_library, mainWindow()->search()->text()));
+    if (_records.selectionIndexes().isEmpty())
+        _records.setSelectionIndex(0);
+}
+
+// --- Menu ---------------------------------------------------------------------------------------
+
+bool MainWindowController::validateMenuItem(QAction *item)
+{
+    const NSSelector action = NSMenuItem::action(item);
+    if (action == NSSelector("exportFile:"))
+        return _library != nullptr;
+    if (action == NSSelector("deleteRecords:"))
+        return !_records.selectionIndexes().isEmpty();
+    return true;
+}
+
+void MainWindowController::closeWindow(QAction *)
+{
+    close();
+}
+
+/// Queues a dialog and runs it, unless it is waiting or running already.
+void MainWindowController::run(KTDialogController *dialog)
+{
+    if (dialog->isRunningAsDialog() || dialogQueue().contains(dialog))
+        return;
+    addDialogControllerToQueue(dialog);
+    if (!continueRunningQueue())
+        runDialogQueue();
+}
+
+void MainWindowController::importFile(QAction *)
+{
+    run(&_importSheet);
+}
+
+void MainWindowController::exportFile(QAction *)
+{
+    if (!_library)
+        return;
+    exposeObjectToDialog(_library->library().name, ExportSheet::LibraryKey);
+    run(&_exportSheet);
+}
+
+void MainWindowController::queueAfterImport(const QString &libraryName)
+{
+    _application->bundle()->reload();
+    addDialogControllerToQueue(&_importSummary);
+    if (!_library || _library->library().name != libraryName)
+        addDialogControllerToQueue(&_showLibraryAlert);
+}
+
+void MainWindowController::findRecords(QAction *)
+{
+    mainWindow()->search()->setFocus(Qt::ShortcutFocusReason);
+    mainWindow()->search()->selectAll();
+}
+
+QList<StoredRecord *> MainWindowController::selectedRecords() const
+{
+    QList<StoredRecord *> selected;
+    for (const QVariant &record : _records.selectedObjects())
+        selected += record.value<StoredRecord *>();
+    return selected;
+}
+
+void MainWindowController::deleteRecords(QAction *)
+{
+    _toDelete.clear();
+    for (StoredRecord *const record : selectedRecords())
+        _toDelete += record;
+    if (_toDelete.isEmpty())
+        return;
+    KTDoNotShowAlert::beginCriticalAlertSheet(
+        {.title = QStringLiteral("Delete %1?").arg(recordCountText(_toDelete.size())),
+         .defaultButton = QStringLiteral("Delete"),
+         .alternateButton = QStringLiteral("Cancel"),
+         .otherButton = QString(),
+         .window = mainWindow(),
+         .modalDelegate = this,
+         .didEndSelector = NSSelector("deleteAlertDidEnd:returnCode:contextInfo:"),
+         .contextInfo = nullptr,
+         .msg =
+             QStringLiteral("This cannot be undone. Media files that nothing else uses go, too."),
+         .suppressionKey = DeleteSuppressionKey});
+}
+
+void MainWindowController::deleteAlertDidEnd(NSAlert *, int returnCode, void *)
+{
+    QList<StoredRecord *> records;
+    for (const QPointer<StoredRecord> &record : std::exchange(_toDelete, {})) {
+        if (record)
+            records += record;
+    }
+    if (returnCode != NSAlertDefaultReturn || !_library || records.isEmpty())
+        return;
+    if (_library->removeRecords(records))
+        tell(QStringLiteral("Deleted %1").arg(recordCountText(records.size())));
+}
+
+void MainWindowController::showAbout(QAction *)
+{
+    auto *const alert = new NSAlert(QStringLiteral("Cobble " COBBLE_VERSION), QString(), QString(),
+                                    QString(), QStringLiteral("A database for one person."));
+    alert->setAlertStyle(NSInformationalAlertStyle);
+    alert->beginSheetModalForWindow(mainWindow(), {});
+}
+
+void MainWindowController::windowWillClose(const NSNotification &notification)
+{
+    KTWindowController::windowWillClose(notification);
+    Q_EMIT closed(this);
+}

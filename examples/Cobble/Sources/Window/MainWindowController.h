@@ -1,0 +1,101 @@
+#pragma once
+
+#include "ExportSheet.h"
+#include "ImportSummary.h"
+#include "ShowLibraryAlert.h"
+
+#include <KTUtility/KTWindowController.h>
+#include <KTUtility/Platform/AppKit/NSArrayController.h>
+
+#include <QAction>
+#include <QTimer>
+
+class DesktopApplication;
+class MainWindow;
+class NSAlert;
+class OpenLibrary;
+class RecordTableModel;
+class StoredRecord;
+class TableSelection;
+
+/// A main window: shows the libraries of a bundle and the records of one of them, and lets the user
+/// search, edit, import, export and delete. It has a queue of dialogs of its own.
+///
+/// \code
+/// MainWindowController controller(&application);
+/// controller.showWindow();
+/// controller.showLibrary(QStringLiteral("contacts"));
+/// \endcode
+class MainWindowController : public KTWindowController
+{
+    Q_OBJECT
+
+public:
+    inline static const QString DeleteSuppressionKey = QStringLiteral("deleteRecords");
+
+    /// \param application must outlive the controller.
+    explicit MainWindowController(DesktopApplication *application);
+    ~MainWindowController() override;
+
+    MainWindow *mainWindow();
+    NSArrayController *records() { return &_records; }
+    RecordTableModel *model() { return _model.get(); }
+    ImportSheet *importSheet() { return &_importSheet; }
+    ExportSheet *exportSheet() { return &_exportSheet; }
+    ImportSummary *importSummary() { return &_importSummary; }
+    /// The library that is shown; null if there is none.
+    const std::shared_ptr<OpenLibrary> &library() const { return _library; }
+
+    /// Shows a library; nil shows none.
+    void showLibrary(const QString &name);
+    /// Shows the records that the typed text finds.
+    void search();
+
+    // --- What the menu sends
+
+    Q_INVOKABLE bool validateMenuItem(QAction *item);
+    Q_INVOKABLE void closeWindow(QAction *sender = nullptr);
+    Q_INVOKABLE void importFile(QAction *sender = nullptr);
+    Q_INVOKABLE void exportFile(QAction *sender = nullptr);
+    Q_INVOKABLE void findRecords(QAction *sender = nullptr);
+    Q_INVOKABLE void deleteRecords(QAction *sender = nullptr);
+    Q_INVOKABLE void showAbout(QAction *sender = nullptr);
+    /// The answer to the question of deleteRecords().
+    Q_INVOKABLE void deleteAlertDidEnd(NSAlert *alert, int returnCode, void *contextInfo);
+
+    void windowWillClose(const NSNotification &notification) override;
+
+Q_SIGNALS:
+    void closed(MainWindowController *controller);
+
+protected:
+    void loadWindow() override;
+    void windowDidLoad() override;
+
+private:
+    void run(KTDialogController *dialog);
+    void listLibraries();
+    void connectParts();
+    void connectSheets();
+    void setLibrary(const std::shared_ptr<OpenLibrary> &library);
+    void forget();
+    void showRecords();
+    void showCount();
+    void showNotice(const QString &error);
+    void tell(const QString &message);
+    void queueAfterImport(const QString &libraryName);
+    QList<StoredRecord *> selectedRecords() const;
+
+    DesktopApplication *_application;
+    NSArrayController _records;
+    std::unique_ptr<RecordTableModel> _model;
+    std::unique_ptr<TableSelection> _selection;
+    std::shared_ptr<OpenLibrary> _library;
+    QTimer _searchTimer;
+    /// What the question of deleteRecords() is about.
+    QList<QPointer<StoredRecord>> _toDelete;
+    ImportSheet _importSheet;
+    ExportSheet _exportSheet;
+    ImportSummary _importSummary;
+    ShowLibraryAlert _showLibraryAlert;
+};

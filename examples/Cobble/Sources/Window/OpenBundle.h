@@ -1,0 +1,55 @@
+#pragma once
+
+#include "LibraryStore.h"
+
+#include <QHash>
+#include <QObject>
+
+class OpenLibrary;
+
+/// The database bundle that the windows of the application show.
+///
+/// \code
+/// OpenBundle bundle(KTDatabaseBundle::defaultDatabaseBundle());
+/// for (const Library &library : bundle.libraries())
+///     list->addItem(library.name);
+/// \endcode
+class OpenBundle : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit OpenBundle(const KTDatabaseBundle &bundle);
+    ~OpenBundle() override;
+
+    const KTDatabaseBundle &bundle() const { return _bundle; }
+    /// The database; null if there is none yet, or it cannot be opened.
+    LibraryStore *store() const { return _store.get(); }
+    /// Why the database cannot be opened; nil if it can be, or if there is none yet.
+    const QString &errorText() const { return _errorText; }
+
+    const QList<Library> &libraries() const { return _libraries; }
+    /// A library with its records, the same one for all that ask while it is open.
+    /// \param error receives why there is no result.
+    std::shared_ptr<OpenLibrary> open(const QString &name, QString *error);
+    /// Looks at the database again, after an import: libraries are opened anew.
+    void reload();
+
+    /// Whether an import or an export is on its way. Only one can be.
+    bool isBusy() const { return _isBusy; }
+    void setBusy(bool isBusy);
+    /// Why records cannot be changed now; nil if they can be.
+    QString reasonNotToWrite() const;
+
+Q_SIGNALS:
+    void librariesChanged();
+    void busyChanged();
+
+private:
+    KTDatabaseBundle _bundle;
+    std::unique_ptr<LibraryStore> _store;
+    QString _errorText;
+    QList<Library> _libraries;
+    QHash<QString, std::weak_ptr<OpenLibrary>> _open;
+    bool _isBusy = false;
+};

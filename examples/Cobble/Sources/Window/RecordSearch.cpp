@@ -1,0 +1,47 @@
+#include "RecordSearch.h"
+
+#include <KTUtility/Platform/Foundation/NSObject.h>
+
+namespace {
+/// What the fields read of a text.
+struct TypedValue
+{
+    qsizetype field;
+    QVariant value;
+};
+
+QList<TypedValue> valuesOf(const OpenLibrary &library, const QString &typed)
+{
+    QList<TypedValue> values;
+    for (qsizetype field = 0; field < library.library().fields.size(); ++field) {
+        const FieldReader &reader = library.reader(field);
+        const FieldReading reading = reader.formatter() ? reader.read(typed) : FieldReading();
+        if (reading.isRead && !NSObject::isNil(reading.value))
+            values += {field, reading.value};
+    }
+    return values;
+}
+
+bool holdsAll(const QString &text, const QStringList &words)
+{
+    return std::all_of(words.begin(), words.end(),
+                       [&text](const QString &word) { return text.contains(word); });
+}
+} // namespace
+
+NSPredicate RecordSearch::predicateFor(const OpenLibrary &library, const QString &typed)
+{
+    const QStringList words =
+        OpenLibrary::folded(typed.simplified()).split(u' ', Qt::SkipEmptyParts);
+    if (words.isEmpty())
+        return {};
+    return NSPredicate::predicateWithBlock(
+        [&library, words, values = valuesOf(library, typed.trimmed())](const QVariant &object) {
+            const StoredRecord *const record = object.value<StoredRecord *>();
+            return holdsAll(library.searchText(*record), words) ||
+                   std::any_of(values.begin(), values.end(), [&](const TypedValue &typedValue) {
+                       return NSObject::isEqual(library.value(*record, typedValue.field),
+                                                typedValue.value);
+                   });
+        });
+}

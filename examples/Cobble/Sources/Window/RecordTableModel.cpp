@@ -1,0 +1,169 @@
+#include "RecordTableModel.h"
+
+#include "ValueOrder.h"
+
+#include <KTUtility/Platform/Foundation/NSObject.h>
+
+#include <QBrush>
+
+namespace {
+/// A cell is one line, and no wider than a screen.
+constexpr qsizetype LongestShown = 300;
+
+QString firstLine(const QString &text)
+{
+    qsizetype end = 0;
+    while (end < text.size() && end < LongestShown && text.at(end) != u'\n' &&
+           text.at(end) != u'\r')
+        ++end;
+    return end == text.size() ? text : QString(QStringView(text).first(end) + QChar(0x2026));
+}
+} // namespace
+
+RecordTableModel::RecordTableModel(NSArrayController *records) : _records(records)
+{
+    QObject::connect(records, &NSArrayController::arrangedObjectsChanged, this,
+                     &RecordTableModel::reset);
+}
+
+void RecordTableModel::setLibrary(const std::shared_ptr<OpenLibrary> &library)
+{
+    if (_library)
+        QObject::disconnect(_library.get(), nullptr, this, nullptr);
+    _library = library;
+    if (_library)
+        QObject::connect(_library.get(), &OpenLibrary::recordChanged, this,
+                         &RecordTableModel::showChange);
+    reset();
+}
+
+void RecordTableModel::reset()
+{
+    beginResetModel();
+    _rows.clear();
+    endResetModel();
+}
+
+StoredRecord *RecordTableModel::recordAt(qsizetype row) const
+{
+    return _records->arrangedObjects().value(row).value<StoredRecord *>();
+}
+
+int RecordTableModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() || !_library ? 0 : int(_records->arrangedObjects().size());
+}
+
+int RecordTableModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() || !_library ? 0 : int(_library->library().fields.size());
+}
+
+QString RecordTableModel::shownText(const StoredRecord &record, qsizetype field) const
+{
+    return firstLine(_library->text(record, field));
+}
+
+bool RecordTableModel::isNumber(qsizetype field) const
+{
+    const FieldType type = _library->reader(field).type();
+    return type == FieldType::Number || type == FieldType::Currency || type == FieldType::Duration;
+}
+
+/// What the formatter writes the text in, as negative numbers.
+QVariant RecordTableModel::colour(const StoredRecord &record, qsizetype field) const
+{
+    const NSFormatter *const formatter = _library->reader(field).formatter();
+    const QVariant value = _library->value(record, field);
+    if (!formatter || NSObject::isNil(value))
+        return {};
+    const auto text = formatter->attributedStringForObjectValue(value);
+    return text ? text->attribute(NSForegroundColorAttributeName, 0) : QVariant();
+}
+
+QVariant RecordTableModel::data(const QModelIndex &index, int role) const
+{
+    const StoredRecord *const record = recordAt(index.row());
+    if (!record || !_library)
+        return {};
+    switch (role) {
+    case Qt::DisplayRole:
+        return shownText(*record, index.column());
+    case Qt::EditRole:
+        return _library->text(*record, index.column());
+    case Qt::TextAlignmentRole:
+        return QVariant((isNumber(index.column()) ? Qt::AlignRight : Qt::AlignLeft) |
+                        Qt::AlignVCenter);
+    case Qt::ForegroundRole:
+        return colour(*record, index.column());
+    default:
+        return {};
+    }
+}
+
+QVariant RecordTableModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || !_library)
+        return QAbstractTableModel::headerData(section, orientation, role);
+    if (role == Qt::DisplayRole)
+        return firstLine(_library->library().fields.at(section).title());
+    if (role == Qt::TextAlignmentRole)
+        return QVariant((isNumber(section) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    return {};
+}
+
+Qt::ItemFlags RecordTableModel::flags(const QModelIndex &index) const
+{
+    const Qt::ItemFlags flags = QAbstractTableModel::flags(index) | Qt::ItemIsDragEnabled;
+    // Media are files that were stored; a name that somebody types is none of them.
+    const bool isMedia =
+        _library && _library->library().fields.at(index.column()).type == FieldType::Media;
+    return isMedia ? flags : flags | Qt::ItemIsEditable;
+}
+
+QString RecordTableModel::reasonNotToTake(const QString &text, qsizetype field) const
+{
+    if (text.isEmpty())
+        return {};
+    const FieldReading reading = _library->reader(field).read(text);
+    if (reading.isRead)
+        return {};
+    return reading.reason.isEmpty() ? QStringLiteral("it cannot be read") : reading.reason;
+}
+
+bool RecordTableModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    StoredRecord *const record = recordAt(index.row());
+    const QString text = value.toString();
+    if (!record || role != Qt::EditRole || text == data(index, Qt::EditRole).toString())
+        return false;
+    const FieldReading reading = text.isEmpty() ? FieldReading{true, {}, {}, {}}
+                                                : _library->reader(index.column()).read(text);
+    if (!reading.isRead) {
+        Q_EMIT _library->refused(reading.reason);
+        return false;
+    }
+    return record->setValueForKey(reading.value,
+                                  _library->library().fields.at(index.column()).columnName);
+}
+
+void RecordTableModel::sort(int column, Qt::SortOrder order)
+{
+    if (!_library || column < 0 || column >= columnCount()) {
+        _records->setSortDescriptors({});
+        return;
+    }
+    _records->setSortDescriptors({{_library->library().fields.at(column).columnName,
+                                   order == Qt::AscendingOrder, ValueOrder::compare}});
+}
+
+void RecordTableModel::showChange(StoredRecord *record, const QString &)
+{
+    if (_rows.isEmpty()) {
+        for (int row = 0; row < rowCount(); ++row)
+            _rows.insert(recordAt(row), row);
+    }
+    const int row = _rows.value(record, -1);
+    if (row >= 0)
+        Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1));
+}

@@ -1,0 +1,24 @@
+#include "StoredRecord.h"
+
+#include "OpenLibrary.h"
+
+#include <KTUtility/Platform/AppKit/NSApplication.h>
+#include <KTUtility/Platform/Foundation/NSKeyValueObserving.h>
+#include <KTUtility/Platform/Foundation/NSObject.h>
+
+bool StoredRecord::setValueForKey(const QVariant &value, const QString &key)
+{
+    if (!values().contains(key))
+        return false;
+    if (NSObject::isEqual(values().value(key), value))
+        return true;
+    if (!_library->save(*this, key, value)) {
+        NSApplication::performOnNextTurn(
+            this, [this, key] { NSKeyValueObserving::didChangeValueForKey(this, key); });
+        return true;
+    }
+    _searchText = QString();
+    FormRecord::setValueForKey(value, key);
+    Q_EMIT _library->recordChanged(this, key);
+    return true;
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "FormField.h"
+
+class OpenLibrary;
+
+/// A record of an open library: setting a value writes it to the database.
+///
+/// A value that cannot be written is not taken; OpenLibrary::refused() tells why, and whoever
+/// observes the record is told of the value that it has, on the next turn of the run loop.
+class StoredRecord : public FormRecord
+{
+    Q_OBJECT
+
+public:
+    StoredRecord(OpenLibrary *library, qint64 id, const QVariantMap &values)
+        : FormRecord(values), _library(library), _number(id)
+    {
+    }
+
+    qint64 id() const { return _number; }
+    bool setValueForKey(const QVariant &value, const QString &key) override;
+
+    /// What a search looks through: the texts of all fields. Nil until it is asked for.
+    const QString &searchText() const { return _searchText; }
+    void setSearchText(const QString &text) const { _searchText = text; }
+
+private:
+    OpenLibrary *_library;
+    qint64 _number;
+    mutable QString _searchText;
+};

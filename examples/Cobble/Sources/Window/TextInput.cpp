@@ -1,0 +1,42 @@
+#include "TextInput.h"
+
+#include <QMimeData>
+
+#include <algorithm>
+
+namespace {
+/// The longest word that lines are broken around.
+constexpr qsizetype LongestWord = 2000;
+
+bool hasLongWord(const QString &text)
+{
+    qsizetype length = 0;
+    return std::any_of(text.begin(), text.end(), [&length](QChar unit) {
+        length = unit.isSpace() ? 0 : length + 1;
+        return length > LongestWord;
+    });
+}
+} // namespace
+
+TextInput::TextInput(QWidget *parent) : QPlainTextEdit(parent) {}
+
+void TextInput::setWrapModeFor(const QString &text)
+{
+    setLineWrapMode(hasLongWord(text) ? NoWrap : WidgetWidth);
+}
+
+void TextInput::setText(const QString &text)
+{
+    // Nothing is to be broken anew while the mode changes.
+    clear();
+    setWrapModeFor(text);
+    setPlainText(text);
+}
+
+void TextInput::insertFromMimeData(const QMimeData *source)
+{
+    // As if it came into the longest word.
+    if (source->hasText())
+        setWrapModeFor(toPlainText() + source->text());
+    QPlainTextEdit::insertFromMimeData(source);
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QPlainTextEdit>
+
+/// A text edit that stays quick with texts of any length: Qt takes a minute to break a line in
+/// which there is no blank for a million letters, so that such lines are not broken.
+class TextInput : public QPlainTextEdit
+{
+    Q_OBJECT
+
+public:
+    explicit TextInput(QWidget *parent = nullptr);
+
+    /// Replaces the text.
+    void setText(const QString &text);
+
+protected:
+    void insertFromMimeData(const QMimeData *source) override;
+
+private:
+    void setWrapModeFor(const QString &text);
+};

@@ -1,0 +1,130 @@
+#include "TransferSheet.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+
+namespace {
+bool isEscape(const QEvent *event)
+{
+    return event->type() == QEvent::KeyPress &&
+           static_cast<const QKeyEvent *>(event)->key() == Qt::Key_Escape;
+}
+} // namespace
+
+TransferSheet::TransferSheet(const QString &interfaceFile, OpenBundle *bundle)
+    : KTDialogController(interfaceFile), _bundle(bundle)
+{
+}
+
+void TransferSheet::windowDidLoad()
+{
+    KTDialogController::windowDidLoad();
+    const auto connectButton = [this](const QString &name, void (TransferSheet::*slot)()) {
+        QObject::connect(outlet<QPushButton>(name), &QPushButton::clicked, this, slot);
+    };
+    connectButton(QStringLiteral("goButton"), &TransferSheet::go);
+    connectButton(QStringLiteral("cancelButton"), &TransferSheet::cancel);
+    connectButton(QStringLiteral("chooseButton"), &TransferSheet::choose);
+}
+
+void TransferSheet::configDialog()
+{
+    KTDialogController::configDialog();
+    showProblem(QString());
+    setWorking(false);
+    outlet<QLineEdit>(QStringLiteral("fileEdit"))->setFocus();
+}
+
+QString TransferSheet::file()
+{
+    return outlet<QLineEdit>(QStringLiteral("fileEdit"))->text();
+}
+
+void TransferSheet::setFile(const QString &path)
+{
+    outlet<QLineEdit>(QStringLiteral("fileEdit"))->setText(path);
+}
+
+QString TransferSheet::problem()
+{
+    return outlet<QLabel>(QStringLiteral("problemLabel"))->text();
+}
+
+void TransferSheet::showProblem(const QString &problem)
+{
+    auto *const label = outlet<QLabel>(QStringLiteral("problemLabel"));
+    label->setText(problem);
+    label->setVisible(!problem.isEmpty());
+}
+
+void TransferSheet::setWorking(bool isWorking)
+{
+    _isWorking = isWorking;
+    _isCancelled = false;
+    auto *const bar = outlet<QProgressBar>(QStringLiteral("progressBar"));
+    bar->setVisible(isWorking);
+    bar->setRange(0, 0);
+    for (QWidget *const part : window()->findChildren<QWidget *>()) {
+        const bool isInput =
+            qobject_cast<QLineEdit *>(part) || qobject_cast<QAbstractButton *>(part);
+        if (isInput && part->objectName() != u"cancelButton")
+            part->setEnabled(!isWorking);
+    }
+}
+
+void TransferSheet::go()
+{
+    if (_isWorking)
+        return;
+    if (_bundle->isBusy()) {
+        showProblem(QStringLiteral("Another window is importing or exporting. Please wait until "
+                                   "it is done."));
+        return;
+    }
+    showProblem(QString());
+    setWorking(true);
+    _bundle->setBusy(true);
+    _lastLook.start();
+    const QString problem = work();
+    _bundle->setBusy(false);
+    setWorking(false);
+    if (problem.isNull())
+        endDialog();
+    else
+        showProblem(problem);
+}
+
+void TransferSheet::cancel()
+{
+    if (_isWorking)
+        _isCancelled = true;
+    else
+        endDialog();
+}
+
+bool TransferSheet::goOn(qint64 done, qint64 total)
+{
+    if (_lastLook.elapsed() < _lookInterval)
+        return true;
+    auto *const bar = outlet<QProgressBar>(QStringLiteral("progressBar"));
+    bar->setRange(0, 1000);
+    bar->setValue(total > 0 ? int(done * 1000 / total) : 0);
+    QCoreApplication::processEvents();
+    _lastLook.start();
+    return !_isCancelled;
+}
+
+bool TransferSheet::eventFilter(QObject *object, QEvent *event)
+{
+    const bool ends = isEscape(event) || event->type() == QEvent::Close;
+    if (_isWorking && isWindowLoaded() && object == window() && ends) {
+        _isCancelled = true;
+        event->ignore();
+        return true;
+    }
+    return KTDialogController::eventFilter(object, event);
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "OpenBundle.h"
+
+#include <KTUtility/KTDialogController.h>
+
+#include <QElapsedTimer>
+
+/// A sheet that asks for a file and then shows how far the work with it is. Cancel and Escape end
+/// the sheet, or the work while there is some.
+///
+/// The window is that of an interface file with the parts fileEdit, chooseButton, progressBar,
+/// problemLabel, goButton and cancelButton.
+class TransferSheet : public KTDialogController
+{
+    Q_OBJECT
+
+public:
+    TransferSheet(const QString &interfaceFile, OpenBundle *bundle);
+
+    /// The path that is typed in.
+    QString file();
+    void setFile(const QString &path);
+    /// What stands below the fields; nil if all is well.
+    QString problem();
+    bool isWorking() const { return _isWorking; }
+
+    void configDialog() override;
+    /// How often the work stops to look at what the user does, in milliseconds.
+    void setLookInterval(qint64 interval) { _lookInterval = interval; }
+    /// Begins the work, as the button does.
+    void go();
+    /// Ends the work, or else the sheet.
+    void cancel();
+
+    bool eventFilter(QObject *object, QEvent *event) override;
+
+protected:
+    void windowDidLoad() override;
+
+    /// Does the work, and ends the sheet if it went well.
+    /// \return why it did not; nil if it did.
+    virtual QString work() = 0;
+    /// Asks for the file.
+    virtual void choose() = 0;
+
+    /// Shows how far the work is, and lets the user see and cancel it.
+    /// \return whether to go on.
+    bool goOn(qint64 done, qint64 total);
+    OpenBundle *bundle() const { return _bundle; }
+
+private:
+    void showProblem(const QString &problem);
+    void setWorking(bool isWorking);
+
+    OpenBundle *_bundle;
+    QElapsedTimer _lastLook;
+    qint64 _lookInterval = 40;
+    bool _isWorking = false;
+    bool _isCancelled = false;
+};

@@ -1,0 +1,48 @@
+#include "WindowPicture.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QWidget>
+#include <QWindow>
+
+namespace {
+constexpr int ShadowWidth = 12;
+
+bool isSheetOf(const QWidget *sheet, const QWidget *window)
+{
+    return sheet->isVisible() && sheet->isWindow() && sheet->windowHandle() &&
+           window->windowHandle() &&
+           sheet->windowHandle()->transientParent() == window->windowHandle();
+}
+
+void drawShadow(QPainter &painter, const QRect &around)
+{
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0, 0, 0, 12));
+    for (int distance = ShadowWidth; distance > 0; --distance)
+        painter.drawRoundedRect(around.adjusted(-distance, -distance, distance, distance), distance,
+                                distance);
+}
+
+void drawSheet(QPainter &painter, const QRect &window, QWidget *sheet)
+{
+    const QPixmap picture = sheet->grab();
+    painter.fillRect(window, QColor(0, 0, 0, 70));
+    QRect place(QPoint(), sheet->size());
+    place.moveCenter(window.center());
+    drawShadow(painter, place);
+    painter.drawPixmap(place.topLeft(), picture);
+}
+} // namespace
+
+QImage WindowPicture::of(QWidget *window)
+{
+    QPixmap picture = window->grab();
+    QPainter painter(&picture);
+    for (QWidget *const sheet : QApplication::topLevelWidgets()) {
+        if (isSheetOf(sheet, window))
+            drawSheet(painter, window->rect(), sheet);
+    }
+    painter.end();
+    return picture.toImage();
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QImage>
+
+class QWidget;
+
+// Pictures of windows, also where there is no display.
+
+namespace WindowPicture {
+/// A window with the sheets that lie over it, as a desktop shows them: the window behind a sheet is
+/// darkened.
+QImage of(QWidget *window);
+} // namespace WindowPicture

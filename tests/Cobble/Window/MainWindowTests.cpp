@@ -1,0 +1,453 @@
+// The main window of the host.
+
+#include "Cobble/Window/WindowSupport.h"
+
+#include "Window/DetailPane.h"
+
+#include <KTUtility/KTWindowManager.h>
+#include <KTUtility/Platform/AppKit/NSMenuItem.h>
+
+#include <QClipboard>
+#include <QHeaderView>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QSignalSpy>
+#include <QStatusBar>
+
+class MainWindowTest : public HostWindowTest
+{
+};
+
+TEST_F(MainWindowTest, ShowsLibrariesRecordsAndTheForm)
+{
+    import(QStringLiteral("Animals.csv"), "Name\nCat\n");
+    MainWindowController *const window = openThings();
+    EXPECT_EQ(librariesIn(window),
+              QStringList({QStringLiteral("Animals"), QStringLiteral("Things")}));
+    EXPECT_EQ(window->mainWindow()->windowTitle(), QStringLiteral("Animals – Cobble"));
+    EXPECT_EQ(countIn(window), QStringLiteral("1 record"));
+    window->showLibrary(QStringLiteral("Things"));
+    EXPECT_EQ(window->mainWindow()->libraries()->currentRow(), 1);
+    EXPECT_EQ(countIn(window), QStringLiteral("4 records"));
+    EXPECT_EQ(column(window, 0), QStringList({QStringLiteral("Ann"), QStringLiteral("Bjørn"),
+                                              QStringLiteral("Céline"), QStringLiteral("Ann")}));
+    EXPECT_EQ(column(window, 2), QStringList({QStringLiteral("$5.50"), QStringLiteral("$1.00"),
+                                              QStringLiteral("$2.00"), QStringLiteral("-$40.00")}));
+    // The first record is selected.
+    EXPECT_EQ(editor(window, 1)->text(), QStringLiteral("7"));
+    EXPECT_EQ(editor(window, 4)->text(), QStringLiteral("first\nsecond"));
+}
+
+TEST_F(MainWindowTest, ClickingOnALibraryShowsIt)
+{
+    import(QStringLiteral("Animals.csv"), "Name\nCat\n");
+    MainWindowController *const window = openThings();
+    QListWidget *const list = window->mainWindow()->libraries();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualItemRect(list->item(1)).center());
+    EXPECT_EQ(window->library()->library().name, QStringLiteral("Things"));
+    QTest::keyClick(list, Qt::Key_Up);
+    EXPECT_EQ(window->library()->library().name, QStringLiteral("Animals"));
+}
+
+TEST_F(MainWindowTest, WithoutLibrariesItSaysSo)
+{
+    MainWindowController *const window = open();
+    EXPECT_TRUE(librariesIn(window).isEmpty());
+    EXPECT_EQ(countIn(window), QString());
+    bool isSaid = false;
+    for (const QLabel *const label : window->mainWindow()->findChildren<QLabel *>())
+        isSaid |= label->isVisible() && label->text().contains(u"no libraries yet");
+    EXPECT_TRUE(isSaid);
+    EXPECT_FALSE(window->validateMenuItem(menuItem(window, "exportFile:")));
+    EXPECT_FALSE(window->validateMenuItem(menuItem(window, "deleteRecords:")));
+    // Nothing of this does harm.
+    window->exportFile();
+    window->deleteRecords();
+    window->search();
+    window->showLibrary(QStringLiteral("no such"));
+    EXPECT_EQ(window->library(), nullptr);
+}
+
+TEST_F(MainWindowTest, ABundleThatIsAFileIsToldOf)
+{
+    tree.add(QStringLiteral("b.cobbledb"), "no folder");
+    EXPECT_TRUE(librariesIn(open()).isEmpty());
+}
+
+TEST_F(MainWindowTest, ADatabaseThatIsNoneIsToldOf)
+{
+    tree.add(QStringLiteral("b.cobbledb/Contents/Resources/cobble.sql"), "");
+    QString path = bundle.databaseFilePath();
+    testing_support::writeFile(path, QByteArray(4096, 'x'));
+    MainWindowController *const window = open();
+    bool isSaid = false;
+    for (const QLabel *const label : window->mainWindow()->findChildren<QLabel *>())
+        isSaid |= label->isVisible() && label->text().contains(u"not a database");
+    EXPECT_TRUE(isSaid);
+}
+
+// --- Editing ------------------------------------------------------------------------------------
+
+TEST_F(MainWindowTest, CellsReadWhatIsTyped)
+{
+    MainWindowController *const window = openThings();
+    QTableView *const table = window->mainWindow()->table();
+    table->edit(window->model()->index(2, 2));
+    auto *const line = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+    ASSERT_NE(line, nullptr);
+    EXPECT_EQ(line->text(), QStringLiteral("$2.00"));
+    EXPECT_EQ(line->accessibleName(), QStringLiteral("Paid"));
+    type(line, QStringLiteral("1234.5"));
+    QTest::keyClick(line, Qt::Key_Return);
+    EXPECT_EQ(cell(window, 2, 2), QStringLiteral("$1,234.50"));
+    EXPECT_EQ(stored(3, 2), QStringLiteral("$1,234.50"));
+}
+
+TEST_F(MainWindowTest, ACellThatCannotBeReadStaysOpen)
+{
+    MainWindowController *const window = openThings();
+    window->mainWindow()->table()->edit(window->model()->index(0, 1));
+    QPointer<QWidget> line = QApplication::focusWidget();
+    ASSERT_NE(qobject_cast<QLineEdit *>(line), nullptr);
+    type(line, QStringLiteral("many"));
+    QTest::keyClick(line, Qt::Key_Return);
+    turn();
+    ASSERT_FALSE(line.isNull());
+    EXPECT_TRUE(line->isVisible());
+    EXPECT_FALSE(line->accessibleDescription().isEmpty());
+    QTest::keyClick(line, Qt::Key_Escape);
+    turn();
+    EXPECT_EQ(cell(window, 0, 1), QStringLiteral("7"));
+    EXPECT_EQ(stored(1, 1), QStringLiteral("7"));
+}
+
+TEST_F(MainWindowTest, ACellLeftWithSomethingUnreadableKeepsItsValueAndSaysWhy)
+{
+    MainWindowController *const window = openThings();
+    EXPECT_FALSE(window->model()->setData(window->model()->index(0, 1), QStringLiteral("many"),
+                                          Qt::EditRole));
+    EXPECT_EQ(window->mainWindow()->statusBar()->currentMessage(),
+              QStringLiteral("it is no number"));
+    EXPECT_EQ(stored(1, 1), QStringLiteral("7"));
+}
+
+TEST_F(MainWindowTest, CellsWithLineBreaksKeepThem)
+{
+    MainWindowController *const window = openThings();
+    EXPECT_EQ(cell(window, 0, 4), QStringLiteral("first…"));
+    window->mainWindow()->table()->edit(window->model()->index(0, 4));
+    auto *const lines = qobject_cast<QPlainTextEdit *>(QApplication::focusWidget());
+    ASSERT_NE(lines, nullptr);
+    EXPECT_EQ(lines->toPlainText(), QStringLiteral("first\nsecond"));
+    lines->moveCursor(QTextCursor::End);
+    QTest::keyClick(lines, Qt::Key_Return, Qt::ShiftModifier);
+    QTest::keyClicks(lines, QStringLiteral("third"));
+    QTest::keyClick(lines, Qt::Key_Return);
+    EXPECT_EQ(stored(1, 4), QStringLiteral("first\nsecond\nthird"));
+}
+
+TEST_F(MainWindowTest, AnEmptyCellIsNoValue)
+{
+    MainWindowController *const window = openThings();
+    EXPECT_TRUE(window->model()->setData(window->model()->index(0, 3), QString(), Qt::EditRole));
+    EXPECT_EQ(cell(window, 0, 3), QString());
+    EXPECT_EQ(stored(1, 3), QString());
+}
+
+TEST_F(MainWindowTest, NumbersStandAtTheRightAndNegativeAmountsMayHaveAColour)
+{
+    MainWindowController *const window = openThings();
+    const auto alignment = [window](int column) {
+        return window->model()->index(0, column).data(Qt::TextAlignmentRole).toInt();
+    };
+    EXPECT_TRUE(alignment(1) & Qt::AlignRight);
+    EXPECT_TRUE(alignment(2) & Qt::AlignRight);
+    EXPECT_TRUE(alignment(0) & Qt::AlignLeft);
+    EXPECT_TRUE(alignment(3) & Qt::AlignLeft);
+}
+
+TEST_F(MainWindowTest, TheFormReadsWhatIsTyped)
+{
+    MainWindowController *const window = openThings();
+    window->records()->setSelectionIndex(1);
+    FieldEditor *const since = editor(window, 3);
+    type(since->input(), QStringLiteral("March 5, 2010"));
+    EXPECT_TRUE(since->isEdited());
+    QTest::keyClick(since->input(), Qt::Key_Return);
+    EXPECT_EQ(since->text(), QStringLiteral("3/5/2010"));
+    EXPECT_EQ(cell(window, 1, 3), QStringLiteral("3/5/2010"));
+    EXPECT_EQ(stored(2, 3), QStringLiteral("3/5/2010"));
+}
+
+TEST_F(MainWindowTest, TheFormSaysWhatItCannotRead)
+{
+    MainWindowController *const window = openThings();
+    FieldEditor *const visits = editor(window, 1);
+    type(visits->input(), QStringLiteral("12abc"));
+    QTest::keyClick(visits->input(), Qt::Key_Return);
+    EXPECT_EQ(visits->problem(), QStringLiteral("there is more than a number"));
+    EXPECT_EQ(visits->input()->accessibleDescription(), visits->problem());
+    // What was typed is still there, and the value is what it was.
+    EXPECT_EQ(visits->text(), QStringLiteral("12abc"));
+    EXPECT_EQ(stored(1, 1), QStringLiteral("7"));
+    QTest::keyClick(visits->input(), Qt::Key_Escape);
+    EXPECT_EQ(visits->text(), QStringLiteral("7"));
+    EXPECT_TRUE(visits->problem().isNull());
+}
+
+TEST_F(MainWindowTest, LeavingAnEditorCommits)
+{
+    MainWindowController *const window = openThings();
+    window->mainWindow()->activateWindow();
+    editor(window, 0)->input()->setFocus();
+    turn();
+    type(editor(window, 0)->input(), QStringLiteral("Anne"));
+    EXPECT_EQ(stored(1, 0), QStringLiteral("Ann"));
+    QTest::keyClick(editor(window, 0)->input(), Qt::Key_Tab);
+    EXPECT_EQ(stored(1, 0), QStringLiteral("Anne"));
+    EXPECT_EQ(QApplication::focusWidget(), editor(window, 1)->input());
+}
+
+TEST_F(MainWindowTest, SeveralRecordsAreEditedAtOnce)
+{
+    MainWindowController *const window = openThings();
+    window->mainWindow()->table()->selectAll();
+    EXPECT_EQ(window->records()->selectionIndexes().size(), 4);
+    EXPECT_EQ(editor(window, 0)->text(), QString());
+    auto *const visits = qobject_cast<QLineEdit *>(editor(window, 1)->input());
+    EXPECT_EQ(visits->placeholderText(), QStringLiteral("Multiple values"));
+    type(visits, QStringLiteral("5"));
+    QTest::keyClick(visits, Qt::Key_Return);
+    EXPECT_EQ(column(window, 1), QStringList(4, QStringLiteral("5")));
+    EXPECT_EQ(stored(4, 1), QStringLiteral("5"));
+    EXPECT_EQ(visits->text(), QStringLiteral("5"));
+}
+
+TEST_F(MainWindowTest, WithoutASelectionTheFormIsEmpty)
+{
+    MainWindowController *const window = openThings();
+    window->mainWindow()->table()->clearSelection();
+    EXPECT_EQ(editor(window, 0)->text(), QString());
+    EXPECT_FALSE(editor(window, 0)->isEnabled());
+    window->records()->setSelectionIndex(2);
+    EXPECT_EQ(editor(window, 0)->text(), QStringLiteral("Céline"));
+    EXPECT_TRUE(editor(window, 0)->isEnabled());
+    EXPECT_TRUE(window->mainWindow()->table()->selectionModel()->isRowSelected(2, {}));
+}
+
+TEST_F(MainWindowTest, WhatTheDatabaseRefusesIsNotShown)
+{
+    MainWindowController *const window = openThings();
+    // Somebody else has taken the record away.
+    QString error;
+    const auto store = LibraryStore::open(bundle, LibraryStore::Mode::Existing, &error);
+    ASSERT_TRUE(store->removeRecord(*store->libraryNamed(QStringLiteral("Things")), 1));
+    QTest::keyClick(editor(window, 0)->input(), Qt::Key_X);
+    QTest::keyClick(editor(window, 0)->input(), Qt::Key_Return);
+    EXPECT_EQ(window->mainWindow()->statusBar()->currentMessage(),
+              QStringLiteral("the record is no longer there"));
+    turn();
+    EXPECT_EQ(editor(window, 0)->text(), QStringLiteral("Ann"));
+    EXPECT_EQ(cell(window, 0, 0), QStringLiteral("Ann"));
+}
+
+TEST_F(MainWindowTest, NothingIsWrittenDuringAnImport)
+{
+    MainWindowController *const window = openThings();
+    application->bundle()->setBusy(true);
+    window->model()->setData(window->model()->index(0, 0), QStringLiteral("Anne"), Qt::EditRole);
+    EXPECT_EQ(cell(window, 0, 0), QStringLiteral("Ann"));
+    EXPECT_TRUE(window->mainWindow()->statusBar()->currentMessage().contains(u"import"));
+    EXPECT_FALSE(application->validateMenuItem(menuItem(window, "terminate:")));
+    application->bundle()->setBusy(false);
+    EXPECT_TRUE(application->validateMenuItem(menuItem(window, "terminate:")));
+}
+
+// --- Searching and sorting ----------------------------------------------------------------------
+
+TEST_F(MainWindowTest, SearchingFindsWordsWhateverTheirCaseAndAccents)
+{
+    MainWindowController *const window = openThings();
+    search(window, QStringLiteral("CELINE"));
+    EXPECT_EQ(column(window, 0), QStringList(QStringLiteral("Céline")));
+    EXPECT_EQ(countIn(window), QStringLiteral("1 of 4 records"));
+    EXPECT_EQ(editor(window, 0)->text(), QStringLiteral("Céline"));
+    search(window, QStringLiteral("ann 2008"));
+    EXPECT_EQ(column(window, 1), QStringList({QStringLiteral("7"), QStringLiteral("3")}));
+    search(window, QStringLiteral("ann tall"));
+    EXPECT_EQ(window->model()->rowCount(), 0);
+    search(window, QStringLiteral("   "));
+    EXPECT_EQ(window->model()->rowCount(), 4);
+}
+
+TEST_F(MainWindowTest, SearchingFindsTypedValues)
+{
+    MainWindowController *const window = openThings();
+    search(window, QStringLiteral("April 5, 2008"));
+    EXPECT_EQ(column(window, 0), QStringList(QStringLiteral("Bjørn")));
+    search(window, QStringLiteral("1000"));
+    EXPECT_EQ(column(window, 0), QStringList(QStringLiteral("Céline")));
+}
+
+TEST_F(MainWindowTest, SearchingWaitsForMoreLetters)
+{
+    MainWindowController *const window = openThings();
+    QSignalSpy arranged(window->records(), &NSArrayController::arrangedObjectsChanged);
+    type(window->mainWindow()->search(), QStringLiteral("ann"));
+    EXPECT_EQ(window->model()->rowCount(), 4);
+    ASSERT_TRUE(arranged.count() > 0 || arranged.wait());
+    EXPECT_EQ(window->model()->rowCount(), 2);
+}
+
+TEST_F(MainWindowTest, SearchingFindsChangedTexts)
+{
+    MainWindowController *const window = openThings();
+    search(window, QStringLiteral("ann"));
+    window->model()->setData(window->model()->index(0, 4), QStringLiteral("purple"), Qt::EditRole);
+    search(window, QStringLiteral("purple"));
+    EXPECT_EQ(window->model()->rowCount(), 1);
+}
+
+TEST_F(MainWindowTest, HostileSearchesFindNothing)
+{
+    MainWindowController *const window = openThings();
+    for (const QString &text : testing_support::hostileTexts()) {
+        window->mainWindow()->search()->setText(text);
+        window->search();
+        EXPECT_LE(window->model()->rowCount(), 4);
+    }
+}
+
+TEST_F(MainWindowTest, HeadersSort)
+{
+    MainWindowController *const window = openThings();
+    QHeaderView *const header = window->mainWindow()->table()->horizontalHeader();
+    const auto click = [header](int column) {
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                          QPoint(header->sectionViewportPosition(column) + 10, 5));
+    };
+    click(1);
+    EXPECT_EQ(column(window, 1), QStringList({QStringLiteral("-12"), QStringLiteral("3"),
+                                              QStringLiteral("7"), QStringLiteral("1,000")}));
+    // What is selected stays so.
+    EXPECT_EQ(window->records()->selectionIndexes(), QList<qsizetype>({2}));
+    click(1);
+    EXPECT_EQ(cell(window, 0, 1), QStringLiteral("1,000"));
+    // As the language orders names, not as their codes do.
+    window->model()->setData(window->model()->index(0, 0), QStringLiteral("éva"), Qt::EditRole);
+    window->model()->setData(window->model()->index(1, 0), QStringLiteral("Zoe"), Qt::EditRole);
+    window->model()->sort(0, Qt::AscendingOrder);
+    EXPECT_EQ(column(window, 0), QStringList({QStringLiteral("Ann"), QStringLiteral("Bjørn"),
+                                              QStringLiteral("éva"), QStringLiteral("Zoe")}));
+}
+
+// --- Windows ------------------------------------------------------------------------------------
+
+TEST_F(MainWindowTest, TwoWindowsShareTheRecordsAndNothingElse)
+{
+    MainWindowController *const first = openThings();
+    MainWindowController *const second = open();
+    EXPECT_EQ(second->library(), first->library());
+    second->records()->setSelectionIndex(2);
+    EXPECT_EQ(first->records()->selectionIndex(), 0);
+    search(second, QStringLiteral("ann"));
+    EXPECT_EQ(first->model()->rowCount(), 4);
+    second->model()->setData(second->model()->index(0, 0), QStringLiteral("Anne"), Qt::EditRole);
+    EXPECT_EQ(cell(first, 0, 0), QStringLiteral("Anne"));
+    EXPECT_EQ(editor(first, 0)->text(), QStringLiteral("Anne"));
+    first->importFile();
+    turn();
+    EXPECT_TRUE(first->continueRunningQueue());
+    EXPECT_FALSE(second->continueRunningQueue());
+    first->importSheet()->endDialog();
+    turn();
+}
+
+TEST_F(MainWindowTest, TheLastWindowThatClosesEndsTheProgram)
+{
+    MainWindowController *const first = openThings();
+    open();
+    QSignalSpy ended(application.get(), &DesktopApplication::lastWindowClosed);
+    first->closeWindow();
+    turn();
+    EXPECT_EQ(application->windows().size(), 1);
+    EXPECT_EQ(ended.count(), 0);
+    EXPECT_EQ(KTWindowManager::sharedWindowManager()->mainWindowArray().size(), 1);
+    menuItem(application->windows().first(), "terminate:")->trigger();
+    turn();
+    EXPECT_TRUE(application->windows().isEmpty());
+    EXPECT_EQ(ended.count(), 1);
+}
+
+TEST_F(MainWindowTest, AWindowMayCloseUnderItsSheet)
+{
+    MainWindowController *const window = openThings();
+    window->importFile();
+    turn();
+    QPointer<QWidget> sheet = window->importSheet()->window();
+    window->closeWindow();
+    turn();
+    EXPECT_TRUE(application->windows().isEmpty());
+    EXPECT_TRUE(sheet.isNull());
+}
+
+TEST_F(MainWindowTest, TheMenuOpensWindows)
+{
+    openThings();
+    menuItem(application->windows().first(), "newWindow:")->trigger();
+    EXPECT_EQ(application->windows().size(), 2);
+}
+
+TEST_F(MainWindowTest, LevelsAreChosenUnderHelp)
+{
+    MainWindowController *const window = openThings();
+    auto *const logging = window->mainWindow()->findChild<QMenu *>(QStringLiteral("logging"));
+    ASSERT_NE(logging, nullptr);
+    const auto items = logging->actions();
+    const auto component = std::find_if(items.begin(), items.end(), [](const QAction *item) {
+        return NSMenuItem::title(item) == QString(kLog_FormattersNumbers);
+    });
+    ASSERT_NE(component, items.end());
+    QAction *const five = (*component)->menu()->actions().at(2);
+    EXPECT_EQ(NSMenuItem::title(five), QStringLiteral("5"));
+    five->trigger();
+    EXPECT_EQ(logger.levelOfComponent(kLog_FormattersNumbers), 5);
+    EXPECT_TRUE(five->isChecked());
+}
+
+TEST_F(MainWindowTest, EverythingHasANameForScreenReaders)
+{
+    MainWindowController *const window = openThings();
+    const MainWindow *const shown = window->mainWindow();
+    for (const QWidget *const part : {static_cast<const QWidget *>(shown->libraries()),
+                                      static_cast<const QWidget *>(shown->table()),
+                                      static_cast<const QWidget *>(shown->search()),
+                                      static_cast<const QWidget *>(editor(window, 0)->input())})
+        EXPECT_FALSE(part->accessibleName().isEmpty()) << part->metaObject()->className();
+    EXPECT_EQ(editor(window, 1)->input()->accessibleName(), QStringLiteral("Visits"));
+}
+
+TEST_F(MainWindowTest, HostileTextsAreShown)
+{
+    import(QStringLiteral("Odd.csv"),
+           "Name,Text\n\"\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D\",\"%d %@ 100%\"\n\"" +
+               QByteArray(1 << 20, 'w') + "\",<b>bold</b>\n");
+    MainWindowController *const window = open();
+    EXPECT_EQ(cell(window, 0, 1), QStringLiteral("%d %@ 100%"));
+    EXPECT_LT(cell(window, 1, 0).size(), 400);
+    window->records()->setSelectionIndex(1);
+    EXPECT_EQ(editor(window, 0)->text().size(), 1 << 20);
+    EXPECT_EQ(editor(window, 1)->text(), QStringLiteral("<b>bold</b>"));
+    EXPECT_FALSE(window->mainWindow()->grab().isNull());
+}
+
+TEST_F(MainWindowTest, PastedTextsMayBeLongToo)
+{
+    MainWindowController *const window = openThings();
+    QGuiApplication::clipboard()->setText(testing_support::megabyteOf(QStringLiteral("w")));
+    auto *const lines = qobject_cast<QPlainTextEdit *>(editor(window, 4)->input());
+    lines->paste();
+    EXPECT_GT(editor(window, 4)->text().size(), 1 << 20);
+    EXPECT_FALSE(window->mainWindow()->grab().isNull());
+}

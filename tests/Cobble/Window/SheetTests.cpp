@@ -1,0 +1,453 @@
+// The sheets and alerts of the host's main window.
+
+#include "Cobble/Window/WindowSupport.h"
+
+#include "Window/SilencedAlerts.h"
+
+#include <KTUtility/KTDoNotShowAlert.h>
+#include <KTUtility/KTWindowManager.h>
+#include <KTUtility/Platform/AppKit/NSApplication.h>
+#include <KTUtility/Platform/AppKit/NSMenuItem.h>
+#include <KTUtility/Platform/Foundation/NSURL.h>
+
+#include <QCheckBox>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QStatusBar>
+#include <QTableWidget>
+
+using testing_support::contentsOf;
+
+class SheetTest : public HostWindowTest
+{
+protected:
+    static QMessageBox *alertBox()
+    {
+        for (QWidget *const window : QApplication::topLevelWidgets()) {
+            auto *const box = qobject_cast<QMessageBox *>(window);
+            if (box && box->isVisible())
+                return box;
+        }
+        return nullptr;
+    }
+    static QWidget *openImport(MainWindowController *window)
+    {
+        window->importFile();
+        turn();
+        return window->importSheet()->window();
+    }
+    static QLineEdit *field(QWidget *sheet, const QString &name)
+    {
+        return sheet->findChild<QLineEdit *>(name);
+    }
+    /// Imports a file through the sheet.
+    static void importThrough(MainWindowController *window, const QString &path)
+    {
+        QWidget *const sheet = openImport(window);
+        type(field(sheet, QStringLiteral("fileEdit")), path);
+        QTest::keyClick(field(sheet, QStringLiteral("fileEdit")), Qt::Key_Return);
+        turn();
+    }
+    QString path(const QString &name) const { return tree.path(name); }
+};
+
+// --- Import -------------------------------------------------------------------------------------
+
+TEST_F(SheetTest, TwoDialogsFollowAnImport)
+{
+    MainWindowController *const window = openThings();
+    tree.add(QStringLiteral("Pets.csv"), "Pet,Age\nCat,3\nDog,many\nHen,4\nOwl,5\nPig,6\nEel,7\n"
+                                         "Ant,8\nApe,9\nBat,1\nBee,2\nCow,3\nElk,4\n");
+    importThrough(window, path(QStringLiteral("Pets.csv")));
+    EXPECT_FALSE(window->importSheet()->isRunningAsDialog());
+    QWidget *const summary = window->importSummary()->window();
+    ASSERT_TRUE(summary->isVisible());
+    EXPECT_TRUE(NSApplication::isSheet(summary));
+    EXPECT_EQ(alertBox(), nullptr);
+    EXPECT_EQ(summary->findChild<QLabel *>(QStringLiteral("titleLabel"))->text(),
+              QStringLiteral("Stored 12 records in the library “Pets”."));
+    const auto *const columns = summary->findChild<QTableWidget *>(QStringLiteral("columnsTable"));
+    EXPECT_EQ(columns->item(1, 1)->text(), QStringLiteral("number"));
+    EXPECT_EQ(columns->item(1, 3)->text(), QStringLiteral("1"));
+    const auto *const unread = summary->findChild<QTableWidget *>(QStringLiteral("unreadTable"));
+    ASSERT_EQ(unread->rowCount(), 1);
+    EXPECT_EQ(unread->item(0, 2)->text(), QStringLiteral("many"));
+    QTest::keyClick(summary, Qt::Key_Return);
+    EXPECT_FALSE(summary->isVisible());
+    turn();
+    QMessageBox *const question = alertBox();
+    ASSERT_NE(question, nullptr);
+    EXPECT_EQ(question->text(), QStringLiteral("Show the library “Pets” now?"));
+    EXPECT_EQ(librariesIn(window), QStringList({QStringLiteral("Pets"), QStringLiteral("Things")}));
+    QTest::keyClick(question, Qt::Key_Return);
+    turn();
+    EXPECT_EQ(window->library()->library().name, QStringLiteral("Pets"));
+    EXPECT_EQ(countIn(window), QStringLiteral("12 records"));
+    EXPECT_FALSE(window->continueRunningQueue());
+}
+
+TEST_F(SheetTest, TheQuestionMayBeDenied)
+{
+    MainWindowController *const window = openThings();
+    tree.add(QStringLiteral("Pets.csv"), "Pet\nCat\n");
+    importThrough(window, path(QStringLiteral("Pets.csv")));
+    QTest::keyClick(window->importSummary()->window(), Qt::Key_Escape);
+    turn();
+    ASSERT_NE(alertBox(), nullptr);
+    QTest::keyClick(alertBox(), Qt::Key_Escape);
+    turn();
+    EXPECT_EQ(window->library()->library().name, QStringLiteral("Things"));
+    EXPECT_FALSE(window->continueRunningQueue());
+}
+
+TEST_F(SheetTest, ALibraryIsReplacedUnderItsWindows)
+{
+    MainWindowController *const window = openThings();
+    MainWindowController *const other = open();
+    tree.add(QStringLiteral("New.csv"), "Name\nZoe\n");
+    QWidget *const sheet = openImport(window);
+    type(field(sheet, QStringLiteral("fileEdit")), path(QStringLiteral("New.csv")));
+    type(field(sheet, QStringLiteral("nameEdit")), QStringLiteral("Things"));
+    sheet->findChild<QCheckBox *>(QStringLiteral("replaceBox"))->setChecked(true);
+    press(sheet, QStringLiteral("Import"));
+    turn();
+    EXPECT_EQ(column(window, 0), QStringList(QStringLiteral("Zoe")));
+    EXPECT_EQ(column(other, 0), QStringList(QStringLiteral("Zoe")));
+    // What is shown already need not be asked about.
+    window->importSummary()->endDialog();
+    turn();
+    EXPECT_EQ(alertBox(), nullptr);
+    EXPECT_FALSE(window->continueRunningQueue());
+}
+
+TEST_F(SheetTest, WhatCannotBeImportedIsToldInTheSheet)
+{
+    MainWindowController *const window = openThings();
+    QWidget *const sheet = openImport(window);
+    press(sheet, QStringLiteral("Import"));
+    EXPECT_EQ(window->importSheet()->problem(), QStringLiteral("Please choose a file."));
+    for (const auto &[name, reason] :
+         {std::pair(QStringLiteral("missing.csv"), QStringLiteral("No such file")),
+          std::pair(QStringLiteral("."), QStringLiteral("is a folder"))}) {
+        type(field(sheet, QStringLiteral("fileEdit")), path(name));
+        press(sheet, QStringLiteral("Import"));
+        EXPECT_TRUE(window->importSheet()->problem().contains(reason, Qt::CaseInsensitive))
+            << window->importSheet()->problem().toStdString();
+        EXPECT_TRUE(sheet->isVisible());
+    }
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    turn();
+    EXPECT_FALSE(window->continueRunningQueue());
+    // The next time it begins anew.
+    openImport(window);
+    EXPECT_EQ(window->importSheet()->problem(), QString());
+    window->importSheet()->endDialog();
+    turn();
+}
+
+TEST_F(SheetTest, AnImportCanBeCancelled)
+{
+    MainWindowController *const window = openThings();
+    QByteArray rows = "Number,Text\n";
+    for (int row = 0; row < 500; ++row)
+        rows += QByteArray::number(row) + ",text\n";
+    tree.add(QStringLiteral("Long.csv"), rows);
+    QWidget *const sheet = openImport(window);
+    window->importSheet()->setLookInterval(0);
+    field(sheet, QStringLiteral("fileEdit"))->setText(path(QStringLiteral("Long.csv")));
+    bool wasWorking = false;
+    // By its own button, while the rest is not to be touched.
+    QMetaObject::invokeMethod(
+        sheet,
+        [&] {
+            wasWorking = window->importSheet()->isWorking() &&
+                         sheet->findChild<QProgressBar *>()->isVisible() &&
+                         !button(sheet, QStringLiteral("Import"))->isEnabled() &&
+                         application->bundle()->isBusy();
+            press(sheet, QStringLiteral("Cancel"));
+        },
+        Qt::QueuedConnection);
+    window->importSheet()->go();
+    EXPECT_TRUE(wasWorking);
+    EXPECT_EQ(window->importSheet()->problem(), QStringLiteral("Cancelled. Nothing was stored."));
+    EXPECT_FALSE(application->bundle()->isBusy());
+    EXPECT_TRUE(sheet->isVisible());
+    application->bundle()->reload();
+    EXPECT_EQ(librariesIn(window), QStringList(QStringLiteral("Things")));
+    window->importSheet()->endDialog();
+    turn();
+}
+
+TEST_F(SheetTest, EscapeAndClosingCancelTheWorkFirst)
+{
+    MainWindowController *const window = openThings();
+    QByteArray rows = "Number\n";
+    for (int row = 0; row < 500; ++row)
+        rows += QByteArray::number(row) + '\n';
+    tree.add(QStringLiteral("Long.csv"), rows);
+    const std::function<void(QWidget *)> ways[] = {
+        [](QWidget *sheet) { QTest::keyClick(sheet, Qt::Key_Escape); },
+        [](QWidget *sheet) { sheet->close(); },
+    };
+    for (const auto &way : ways) {
+        QWidget *const sheet = openImport(window);
+        window->importSheet()->setLookInterval(0);
+        field(sheet, QStringLiteral("fileEdit"))->setText(path(QStringLiteral("Long.csv")));
+        QMetaObject::invokeMethod(
+            sheet, [&] { way(sheet); }, Qt::QueuedConnection);
+        window->importSheet()->go();
+        EXPECT_TRUE(sheet->isVisible());
+        EXPECT_EQ(window->importSheet()->problem(),
+                  QStringLiteral("Cancelled. Nothing was stored."));
+        way(sheet);
+        turn();
+        EXPECT_FALSE(sheet->isVisible());
+    }
+}
+
+TEST_F(SheetTest, OneWindowImportsAtATime)
+{
+    MainWindowController *const window = openThings();
+    application->bundle()->setBusy(true);
+    QWidget *const sheet = openImport(window);
+    field(sheet, QStringLiteral("fileEdit"))->setText(path(QStringLiteral("Things.csv")));
+    press(sheet, QStringLiteral("Import"));
+    EXPECT_TRUE(window->importSheet()->problem().contains(u"Another window"));
+    EXPECT_TRUE(application->bundle()->isBusy());
+    application->bundle()->setBusy(false);
+    window->importSheet()->endDialog();
+    turn();
+}
+
+TEST_F(SheetTest, OpeningASheetTwiceShowsItOnce)
+{
+    MainWindowController *const window = openThings();
+    openImport(window);
+    window->importFile();
+    EXPECT_TRUE(window->dialogQueue().isEmpty());
+    window->importSheet()->endDialog();
+    turn();
+    EXPECT_FALSE(window->continueRunningQueue());
+}
+
+// --- Export -------------------------------------------------------------------------------------
+
+TEST_F(SheetTest, ExportsWhatIsShown)
+{
+    MainWindowController *const window = openThings();
+    window->exportFile();
+    turn();
+    QWidget *const sheet = window->exportSheet()->window();
+    EXPECT_TRUE(field(sheet, QStringLiteral("fileEdit"))->text().endsWith(u"/Things.csv"));
+    type(field(sheet, QStringLiteral("fileEdit")), path(QStringLiteral("out.csv")));
+    press(sheet, QStringLiteral("Export"));
+    turn();
+    EXPECT_FALSE(sheet->isVisible());
+    EXPECT_TRUE(contentsOf(path(QStringLiteral("out.csv"))).contains("Ann,7,$5.50,3/4/2008,"));
+    EXPECT_TRUE(
+        window->mainWindow()->statusBar()->currentMessage().startsWith(u"Exported 4 records to "));
+}
+
+TEST_F(SheetTest, WhatCannotBeExportedIsToldInTheSheet)
+{
+    MainWindowController *const window = openThings();
+    window->exportFile();
+    turn();
+    QWidget *const sheet = window->exportSheet()->window();
+    type(field(sheet, QStringLiteral("fileEdit")), path(QStringLiteral("out.zip")));
+    press(sheet, QStringLiteral("Export"));
+    EXPECT_TRUE(window->exportSheet()->problem().contains(u"no exporter for 'zip'"));
+    type(field(sheet, QStringLiteral("fileEdit")), path(QStringLiteral("missing/out.csv")));
+    press(sheet, QStringLiteral("Export"));
+    EXPECT_TRUE(window->exportSheet()->problem().contains(u"missing/out.csv"));
+    press(sheet, QStringLiteral("Cancel"));
+    turn();
+    EXPECT_FALSE(sheet->isVisible());
+}
+
+TEST_F(SheetTest, AnExportCanBeCancelled)
+{
+    MainWindowController *const window = openThings();
+    tree.add(QStringLiteral("out.csv"), "old");
+    window->exportFile();
+    turn();
+    QWidget *const sheet = window->exportSheet()->window();
+    window->exportSheet()->setLookInterval(0);
+    field(sheet, QStringLiteral("fileEdit"))->setText(path(QStringLiteral("out.csv")));
+    QMetaObject::invokeMethod(window->exportSheet(), &TransferSheet::cancel, Qt::QueuedConnection);
+    window->exportSheet()->go();
+    EXPECT_EQ(window->exportSheet()->problem(),
+              QStringLiteral("Cancelled. The file was not written."));
+    EXPECT_EQ(contentsOf(path(QStringLiteral("out.csv"))), "old");
+    window->exportSheet()->endDialog();
+    turn();
+}
+
+// --- Deleting -----------------------------------------------------------------------------------
+
+TEST_F(SheetTest, DeletingAsksFirst)
+{
+    MainWindowController *const window = openThings();
+    window->records()->setSelectionIndexes({0, 3});
+    menuItem(window, "deleteRecords:")->trigger();
+    turn();
+    QMessageBox *const question = alertBox();
+    ASSERT_NE(question, nullptr);
+    EXPECT_EQ(question->text(), QStringLiteral("Delete 2 records?"));
+    QTest::keyClick(question, Qt::Key_Escape);
+    turn();
+    EXPECT_EQ(countIn(window), QStringLiteral("4 records"));
+    window->deleteRecords();
+    turn();
+    press(alertBox(), QStringLiteral("Delete"));
+    turn();
+    EXPECT_EQ(column(window, 0), QStringList({QStringLiteral("Bjørn"), QStringLiteral("Céline")}));
+    EXPECT_EQ(stored(1, 0), QString());
+    EXPECT_EQ(stored(2, 0), QStringLiteral("Bjørn"));
+    EXPECT_EQ(window->mainWindow()->statusBar()->currentMessage(),
+              QStringLiteral("Deleted 2 records"));
+}
+
+TEST_F(SheetTest, TheQuestionCanBeSilencedAndHeardAgain)
+{
+    MainWindowController *const window = openThings();
+    window->records()->setSelectionIndex(0);
+    window->deleteRecords();
+    turn();
+    alertBox()->checkBox()->setChecked(true);
+    press(alertBox(), QStringLiteral("Delete"));
+    turn();
+    // The next one is selected.
+    EXPECT_EQ(window->records()->selectionIndex(), 0);
+    window->deleteRecords();
+    EXPECT_EQ(alertBox(), nullptr);
+    EXPECT_EQ(countIn(window), QStringLiteral("2 records"));
+
+    menuItem(window, "showSilencedAlerts:")->trigger();
+    turn();
+    auto *const dialog = qobject_cast<SilencedAlerts *>(
+        KTWindowManager::sharedWindowManager()->dialogControllerForKey(
+            QStringLiteral("SilencedAlerts")));
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->hostWindowController(), window);
+    auto *const list = dialog->window()->findChild<QListWidget *>();
+    ASSERT_EQ(list->count(), 1);
+    EXPECT_EQ(list->item(0)->text(), QStringLiteral("Delete 1 record?"));
+    EXPECT_FALSE(button(dialog->window(), QStringLiteral("Show Again"))->isEnabled());
+    list->setCurrentRow(0);
+    press(dialog->window(), QStringLiteral("Show Again"));
+    EXPECT_EQ(list->count(), 0);
+    press(dialog->window(), QStringLiteral("Close"));
+    turn();
+    EXPECT_FALSE(
+        KTDoNotShowAlert::boolForSuppressionKey(MainWindowController::DeleteSuppressionKey));
+    window->deleteRecords();
+    turn();
+    ASSERT_NE(alertBox(), nullptr);
+    QTest::keyClick(alertBox(), Qt::Key_Escape);
+    turn();
+}
+
+TEST_F(SheetTest, MediaOfDeletedRecordsGoUnlessOthersHaveThem)
+{
+    tree.add(QStringLiteral("a.png"), "a");
+    tree.add(QStringLiteral("b.png"), "b");
+    import(QStringLiteral("Pictures.csv"),
+           "Name,Picture\nA," + tree.path(QStringLiteral("a.png")).toUtf8() + "\nB," +
+               tree.path(QStringLiteral("b.png")).toUtf8() + "\nC,\n");
+    MainWindowController *const window = open();
+    ASSERT_TRUE(bundle.isFileNameInMediaFolder(QStringLiteral("a.0.png")));
+    // The third has the picture of the second, too.
+    FormRecord *const third = window->model()->recordAt(2);
+    ASSERT_TRUE(third->setValueForKey(window->library()->value(*window->model()->recordAt(1), 1),
+                                      window->library()->library().fields.at(1).columnName));
+    KTDoNotShowAlert::setBoolForSuppressionKey(MainWindowController::DeleteSuppressionKey, true);
+    window->records()->setSelectionIndexes({0, 1});
+    window->deleteRecords();
+    EXPECT_EQ(countIn(window), QStringLiteral("1 record"));
+    EXPECT_FALSE(bundle.isFileNameInMediaFolder(QStringLiteral("a.0.png")));
+    EXPECT_TRUE(bundle.isFileNameInMediaFolder(QStringLiteral("b.0.png")));
+}
+
+TEST_F(SheetTest, DeletingIsAllOrNothing)
+{
+    MainWindowController *const window = openThings();
+    KTDoNotShowAlert::setBoolForSuppressionKey(MainWindowController::DeleteSuppressionKey, true);
+    QString error;
+    const auto store = LibraryStore::open(bundle, LibraryStore::Mode::Existing, &error);
+    ASSERT_TRUE(store->removeRecord(*store->libraryNamed(QStringLiteral("Things")), 4));
+    window->mainWindow()->table()->selectAll();
+    window->deleteRecords();
+    EXPECT_EQ(countIn(window), QStringLiteral("4 records"));
+    EXPECT_EQ(window->mainWindow()->statusBar()->currentMessage(),
+              QStringLiteral("the record is no longer there"));
+    EXPECT_EQ(stored(1, 0), QStringLiteral("Ann"));
+}
+
+TEST_F(SheetTest, RecordsThatGoMeanwhileAreNotDeletedTwice)
+{
+    MainWindowController *const first = openThings();
+    MainWindowController *const second = open();
+    first->deleteRecords();
+    turn();
+    ASSERT_TRUE(second->library()->removeRecords({second->model()->recordAt(0)}));
+    press(alertBox(), QStringLiteral("Delete"));
+    turn();
+    EXPECT_EQ(countIn(first), QStringLiteral("3 records"));
+    EXPECT_EQ(countIn(second), QStringLiteral("3 records"));
+}
+
+// --- The program --------------------------------------------------------------------------------
+
+TEST_F(SheetTest, QuittingWaitsForTheSheetThatHasTheKeyboard)
+{
+    MainWindowController *const window = openThings();
+    QAction *const quit = menuItem(window, "terminate:");
+    EXPECT_TRUE(application->validateMenuItem(quit));
+    QWidget *const sheet = openImport(window);
+    sheet->activateWindow();
+    turn();
+    ASSERT_EQ(QApplication::activeWindow(), sheet);
+    EXPECT_FALSE(application->validateMenuItem(quit));
+    quit->trigger();
+    turn();
+    EXPECT_EQ(application->windows().size(), 1);
+    EXPECT_TRUE(application->validateMenuItem(menuItem(window, "newWindow:")));
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    turn();
+    window->mainWindow()->activateWindow();
+    turn();
+    quit->trigger();
+    turn();
+    EXPECT_TRUE(application->windows().isEmpty());
+}
+
+TEST_F(SheetTest, TheVersionIsShownAboutTheProgram)
+{
+    MainWindowController *const window = openThings();
+    menuItem(window, "showAbout:")->trigger();
+    turn();
+    ASSERT_NE(alertBox(), nullptr);
+    EXPECT_EQ(alertBox()->text(), QStringLiteral("Cobble " COBBLE_VERSION));
+    QTest::keyClick(alertBox(), Qt::Key_Return);
+    turn();
+    EXPECT_EQ(alertBox(), nullptr);
+}
+
+TEST_F(SheetTest, TabsGoThroughTheSheetInOrder)
+{
+    MainWindowController *const window = openThings();
+    QWidget *const sheet = openImport(window);
+    sheet->activateWindow();
+    turn();
+    QStringList visited;
+    for (int press = 0; press < 6; ++press) {
+        visited += QApplication::focusWidget()->objectName();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_EQ(visited, QStringList({QStringLiteral("fileEdit"), QStringLiteral("chooseButton"),
+                                    QStringLiteral("nameEdit"), QStringLiteral("replaceBox"),
+                                    QStringLiteral("goButton"), QStringLiteral("cancelButton")}));
+    window->importSheet()->endDialog();
+    turn();
+}
