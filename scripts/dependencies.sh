@@ -6,6 +6,7 @@ debian_packages=(
     libqt6opengl6-dev libqt6sql6-sqlite
     libicu-dev libssl-dev libcurl4-openssl-dev
     libgtest-dev librapidcheck-dev libbenchmark-dev
+    xvfb openbox
 )
 
 say() { printf '%s\n' "$*" >&2; }

@@ -1,21 +1,8 @@
 #include "support/TestSupport.h"
 
-#include <QLocale>
-
-#include <ctime>
-
-/// Pins locale, time zone, platform plug-in and home folder before anything runs.
 int main(int argc, char **argv)
 {
-    qputenv("LC_ALL", "C.UTF-8");
-    qputenv("LANG", "C.UTF-8");
-    qunsetenv("LANGUAGE");
-    qputenv("TZ", "America/New_York");
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    ::tzset();
-    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    testing_support::useFreshHome();
-
+    testing_support::pinEnvironment("offscreen");
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

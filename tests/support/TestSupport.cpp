@@ -7,7 +7,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
+#include <QLocale>
 
+#include <ctime>
 #include <memory>
 
 void PrintTo(const QString &text, std::ostream *stream)
@@ -30,6 +32,18 @@ void PrintTo(const QVariant &value, std::ostream *stream)
 }
 
 namespace testing_support {
+void pinEnvironment(const char *platform)
+{
+    qputenv("LC_ALL", "C.UTF-8");
+    qputenv("LANG", "C.UTF-8");
+    qunsetenv("LANGUAGE");
+    qputenv("TZ", "America/New_York");
+    qputenv("QT_QPA_PLATFORM", platform);
+    ::tzset();
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    useFreshHome();
+}
+
 QString useFreshHome()
 {
     static QList<std::shared_ptr<QTemporaryDir>> homes;

@@ -20,6 +20,9 @@ class QVariant;
 void PrintTo(const QVariant &value, std::ostream *stream);
 
 namespace testing_support {
+/// Pins locale, time zone, home folder and Qt's platform plug-in, before anything runs.
+void pinEnvironment(const char *platform);
+
 /// Points the home folder at a new empty folder and returns it; the environment of the process is
 /// pinned to it until the next call. All tests start with one.
 QString useFreshHome();

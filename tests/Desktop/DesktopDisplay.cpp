@@ -1,0 +1,45 @@
+#include "DesktopDisplay.h"
+
+#include <QApplication>
+#include <QTest>
+
+namespace {
+/// How long a program may take to start, in milliseconds.
+constexpr int Patience = 30000;
+} // namespace
+
+DesktopDisplay::~DesktopDisplay()
+{
+    stop(_windowManager);
+    stop(_server);
+}
+
+void DesktopDisplay::stop(QProcess &process)
+{
+    process.terminate();
+    if (!process.waitForFinished(5000))
+        process.kill();
+    process.waitForFinished(5000);
+}
+
+bool DesktopDisplay::start()
+{
+    // The server finds a free number by itself and tells it when it is ready.
+    _server.start(QStringLiteral(DESKTOP_SERVER),
+                  {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                   QStringLiteral("0"), QStringLiteral("1280x900x24"), QStringLiteral("-nolisten"),
+                   QStringLiteral("tcp")});
+    if (!_server.waitForReadyRead(Patience))
+        return false;
+    qputenv("DISPLAY", ":" + _server.readLine().trimmed());
+    _windowManager.start(QStringLiteral(DESKTOP_WINDOW_MANAGER), {QStringLiteral("--sm-disable")});
+    return _windowManager.waitForStarted(Patience);
+}
+
+bool desktop_support::becomesActive(const QWidget *window)
+{
+    return QTest::qWaitFor([window] {
+        return QApplication::activeWindow() == window &&
+               QGuiApplication::focusWindow() == window->windowHandle();
+    });
+}

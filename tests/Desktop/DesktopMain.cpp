@@ -1,0 +1,53 @@
+#include "Desktop/DesktopDisplay.h"
+
+#include "support/TestSupport.h"
+
+#include <QTest>
+#include <QWidget>
+
+namespace {
+/// The display is there while tests run, and not while they are only listed.
+class DesktopEnvironment : public testing::Environment
+{
+public:
+    void SetUp() override
+    {
+        ASSERT_TRUE(_display.start()) << "there is no X server or window manager to test with";
+        testing_support::needApplication();
+        waitForWindowManager();
+    }
+
+private:
+    /// It is there when a window that is shown gets the keyboard.
+    static void waitForWindowManager()
+    {
+        for (int attempt = 0; attempt < 100; ++attempt) {
+            QWidget probe;
+            probe.show();
+            if (QTest::qWaitForWindowActive(&probe, 300))
+                return;
+        }
+        FAIL() << "the window manager does not answer";
+    }
+
+    DesktopDisplay _display;
+};
+} // namespace
+
+int main(int argc, char **argv)
+{
+    testing_support::pinEnvironment("xcb");
+    ::testing::InitGoogleTest(&argc, argv);
+    ::testing::AddGlobalTestEnvironment(new DesktopEnvironment);
+    return RUN_ALL_TESTS();
+}
+
+#ifdef __SANITIZE_ADDRESS__
+extern "C" __attribute__((visibility("default"))) const char *__lsan_default_suppressions();
+
+/// What these libraries keep is their own affair.
+extern "C" const char *__lsan_default_suppressions()
+{
+    return "leak:libfontconfig\nleak:libdbus-1\n";
+}
+#endif

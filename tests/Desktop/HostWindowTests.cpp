@@ -1,0 +1,145 @@
+// The host as a user has it before them: with the keyboard, on a desktop.
+
+#include "Cobble/Window/WindowSupport.h"
+#include "Desktop/DesktopDisplay.h"
+
+#include <KTUtility/KTWindowManager.h>
+
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QScreen>
+#include <QWindow>
+
+class DesktopHost : public HostWindowTest
+{
+protected:
+    MainWindowController *openActive()
+    {
+        MainWindowController *const window = openThings();
+        EXPECT_TRUE(becomesActive(window->mainWindow()));
+        return window;
+    }
+    /// Presses a key as a keyboard does: for the window that has it.
+    static void press(int key, Qt::KeyboardModifiers modifiers = {})
+    {
+        ASSERT_NE(QGuiApplication::focusWindow(), nullptr);
+        QTest::keyClick(QGuiApplication::focusWindow(), Qt::Key(key), modifiers);
+    }
+    static void write(const QString &text)
+    {
+        for (const QChar letter : text)
+            QTest::sendKeyEvent(QTest::Click, QGuiApplication::focusWindow(), Qt::Key_unknown,
+                                QString(letter), Qt::NoModifier);
+    }
+    static bool becomesActive(QWidget *window) { return desktop_support::becomesActive(window); }
+    /// The same for a dialog whose turn is yet to come. Its window is not asked for before, which
+    /// would load it.
+    static bool becomesActive(KTDialogController *dialog)
+    {
+        return QTest::qWaitFor([dialog] { return dialog->isRunningAsDialog(); }) &&
+               becomesActive(dialog->window());
+    }
+    static QWidget *activeAlert()
+    {
+        EXPECT_TRUE(QTest::qWaitFor(
+            [] { return qobject_cast<QMessageBox *>(QApplication::activeWindow()); }));
+        return QApplication::activeWindow();
+    }
+};
+
+TEST_F(DesktopHost, ImportsByTheKeyboardAlone)
+{
+    MainWindowController *const window = openActive();
+    tree.add(QStringLiteral("Pets.csv"), "Pet,Age\nCat,3\nDog,4\n");
+    press(Qt::Key_I, Qt::ControlModifier);
+    ASSERT_TRUE(becomesActive(window->importSheet()));
+    write(tree.path(QStringLiteral("Pets.csv")));
+    press(Qt::Key_Return);
+    ASSERT_TRUE(becomesActive(window->importSummary()));
+    press(Qt::Key_Return);
+    EXPECT_EQ(activeAlert()->windowHandle()->transientParent(),
+              window->mainWindow()->windowHandle());
+    press(Qt::Key_Return);
+    ASSERT_TRUE(becomesActive(window->mainWindow()));
+    EXPECT_EQ(window->library()->library().name, QStringLiteral("Pets"));
+    EXPECT_EQ(countIn(window), QStringLiteral("2 records"));
+}
+
+TEST_F(DesktopHost, SearchesEditsAndDeletesByTheKeyboardAlone)
+{
+    MainWindowController *const window = openActive();
+    press(Qt::Key_F, Qt::ControlModifier);
+    write(QStringLiteral("tall"));
+    press(Qt::Key_Return);
+    EXPECT_EQ(countIn(window), QStringLiteral("1 of 4 records"));
+    editor(window, 0)->input()->setFocus();
+    press(Qt::Key_Tab);
+    press(Qt::Key_A, Qt::ControlModifier);
+    write(QStringLiteral("2,500"));
+    press(Qt::Key_Return);
+    EXPECT_EQ(stored(3, 1), QStringLiteral("2,500"));
+    window->mainWindow()->table()->setFocus();
+    press(Qt::Key_Backspace, Qt::ControlModifier);
+    activeAlert();
+    press(Qt::Key_Return);
+    ASSERT_TRUE(becomesActive(window->mainWindow()));
+    EXPECT_EQ(countIn(window), QStringLiteral("0 of 3 records"));
+    EXPECT_EQ(QApplication::focusWidget(), window->mainWindow()->table());
+}
+
+TEST_F(DesktopHost, QuittingWaitsForTheSheet)
+{
+    MainWindowController *const window = openActive();
+    press(Qt::Key_I, Qt::ControlModifier);
+    ASSERT_TRUE(becomesActive(window->importSheet()));
+    press(Qt::Key_Q, Qt::ControlModifier);
+    turn();
+    EXPECT_EQ(application->windows().size(), 1);
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(becomesActive(window->mainWindow()));
+    press(Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return application->windows().isEmpty(); }));
+}
+
+TEST_F(DesktopHost, TheMenuIsReachedByItsLetters)
+{
+    MainWindowController *const window = openActive();
+    press(Qt::Key_F, Qt::AltModifier);
+    ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_I);
+    EXPECT_TRUE(becomesActive(window->importSheet()));
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(becomesActive(window->mainWindow()));
+}
+
+TEST_F(DesktopHost, EachWindowHasItsQueue)
+{
+    MainWindowController *const first = openActive();
+    press(Qt::Key_N, Qt::ControlModifier);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return application->windows().size() == 2; }));
+    MainWindowController *const second = application->windows().last();
+    ASSERT_TRUE(becomesActive(second->mainWindow()));
+    press(Qt::Key_I, Qt::ControlModifier);
+    ASSERT_TRUE(becomesActive(second->importSheet()));
+    EXPECT_FALSE(first->continueRunningQueue());
+    EXPECT_TRUE(second->continueRunningQueue());
+    first->mainWindow()->activateWindow();
+    ASSERT_TRUE(becomesActive(first->mainWindow()));
+    press(Qt::Key_W, Qt::ControlModifier);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return application->windows().size() == 1; }));
+    EXPECT_TRUE(second->importSheet()->isRunningAsDialog());
+}
+
+TEST_F(DesktopHost, TheScreenShowsIt)
+{
+    MainWindowController *const window = openActive();
+    const QRect frame = window->mainWindow()->frameGeometry();
+    const auto differs = [&frame] {
+        const QImage screen = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
+        QSet<QRgb> colours;
+        for (int y = frame.top(); y < frame.bottom(); ++y)
+            colours.insert(screen.pixel(frame.center().x(), y));
+        return colours.size() > 5;
+    };
+    EXPECT_TRUE(QTest::qWaitFor(differs));
+}

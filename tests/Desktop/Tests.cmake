@@ -1,0 +1,6 @@
+target_sources(DesktopTests PRIVATE
+    Desktop/DesktopDisplay.cpp
+    Desktop/DesktopMain.cpp
+    Desktop/HostWindowTests.cpp
+    Desktop/WindowTests.cpp
+)
