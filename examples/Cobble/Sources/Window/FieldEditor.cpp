@@ -62,13 +62,13 @@ QWidget *FieldEditor::input() const
 
 QString FieldEditor::text() const
 {
-    return _line ? _line->text() : _lines->toPlainText();
+    return _lines ? _lines->toPlainText() : _line->text();
 }
 
 void FieldEditor::setText(const QString &text)
 {
     setProblem(QString());
-    if (_line)
+    if (!_lines)
         _line->setText(text);
     else if (_lines->toPlainText() != text)
         _lines->setText(text);
@@ -78,10 +78,10 @@ void FieldEditor::setText(const QString &text)
 
 void FieldEditor::setPlaceholderText(const QString &text)
 {
-    if (_line)
-        _line->setPlaceholderText(text);
-    else
+    if (_lines)
         _lines->setPlaceholderText(text);
+    else
+        _line->setPlaceholderText(text);
 }
 
 void FieldEditor::setProblem(const QString &reason)
