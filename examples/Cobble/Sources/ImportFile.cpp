@@ -97,8 +97,8 @@ QString ImportFile::read(const ImportRequest &request, ImportFile *file)
         return QStringLiteral("there is no column '%1'").arg(missing);
     file->schema = ImportSchema::fromHeaders(request.libraryName, file->source.headers);
     file->folder = QFileInfo(request.path).absolutePath();
-    file->settings.isMedia = [folder = file->folder](const QString &text) {
-        return MediaReference::isObvious(text, folder);
+    file->settings.isMedia = [start = file->folder](const QString &value) {
+        return MediaReference::isObvious(value, start);
     };
     return {};
 }
