@@ -17,6 +17,12 @@ KTDialogController::KTDialogController(const QString &interfaceFile)
     setRunAsSheet(true);
 }
 
+KTDialogController::~KTDialogController()
+{
+    if (_isRunningAsDialog)
+        tellHostOfEnd();
+}
+
 QVariant KTDialogController::windowDataSourceObjectForKey(const QString &key) const
 {
     return _hostWindow ? _hostWindow->exposedDialogDatasource().value(key) : QVariant();
@@ -51,10 +57,18 @@ void KTDialogController::setRunAsModal(bool runAsModal)
 void KTDialogController::runDialog()
 {
     QWidget *const dialog = window();
-    if (!dialog)
+    if (!dialog) {
+        endDialog();
         return;
+    }
     QWidget *const host = _hostWindow ? _hostWindow->window() : nullptr;
-    if (_runAsSheet && host)
+    // A dialog that is shown already is hidden first, which is no end.
+    _isBeginning = true;
+    const bool isSheet = _runAsSheet && host;
+    if (isSheet || _runAsModal)
+        dialog->hide();
+    _isBeginning = false;
+    if (isSheet)
         NSApplication::beginSheet(dialog, host);
     else if (_runAsModal)
         NSApplication::runModalForWindow(dialog);
@@ -74,6 +88,8 @@ void KTDialogController::endDialog(const QVariant & /*sender*/)
         // A window that is just being hidden does not close once more.
         if (!_hasToldHost)
             windowWillClose({dialog});
+    } else {
+        tellHostOfEnd();
     }
     _hostWindow = nullptr;
     _isRunningAsDialog = false;
@@ -92,7 +108,7 @@ bool KTDialogController::eventFilter(QObject *object, QEvent *event)
 {
     const bool isHidden = event->type() == QEvent::Hide && !event->spontaneous();
     if (isHidden && isWindowLoaded() && object == window() && _isRunningAsDialog && !_isEnding &&
-        !isClosing())
+        !_isBeginning && !isClosing())
         endDialog();
     return KTWindowController::eventFilter(object, event);
 }

@@ -37,6 +37,8 @@ class KTUTILITY_EXPORT KTDialogController : public KTWindowController
 public:
     explicit KTDialogController(QWidget *window = nullptr);
     explicit KTDialogController(const QString &interfaceFile);
+    /// A dialog that goes while it runs has ended: the host is told.
+    ~KTDialogController() override;
 
     /// Whether it was configured, and has not ended since.
     bool isRunningAsDialog() const { return _isRunningAsDialog; }
@@ -50,7 +52,7 @@ public:
     /// Prepares the dialog to be shown: loads its window.
     virtual void configDialog();
     /// Shows the dialog. Returns at once for sheets and plain windows, after the end for modal
-    /// ones.
+    /// ones. Without a window, as its interface file is missing, it ends at once.
     virtual void runDialog();
     /// Takes the dialog away; the next one of the host's queue follows on the next turn of the run
     /// loop. \param sender is ignored; it lets a button call this.
@@ -85,6 +87,7 @@ private:
     bool _isRunningAsDialog = false;
     bool _runAsSheet = true;
     bool _runAsModal = true;
+    bool _isBeginning = false;
     bool _isEnding = false;
     bool _hasToldHost = false;
 };

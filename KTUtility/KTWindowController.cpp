@@ -6,6 +6,8 @@
 #include "Platform/Foundation/NSObject.h"
 #include "Platform/Foundation/NSStringFormat.h"
 
+#include <algorithm>
+
 namespace {
 /// The controller that a notification's window tells.
 KTWindowController *delegateIn(const NSNotification &notification)
@@ -27,7 +29,15 @@ KTWindowController::~KTWindowController()
 
 void KTWindowController::addDialogControllerToQueue(KTDialogController *dialog)
 {
-    _dialogQueue.append(dialog);
+    if (!_refusesDuplicateDialogs || !isQueuedOrRunning(dialog))
+        _dialogQueue.append(dialog);
+}
+
+bool KTWindowController::isQueuedOrRunning(const KTDialogController *dialog) const
+{
+    const bool isRunning = dialog->isRunningAsDialog() && dialog->hostWindowController() == this;
+    return isRunning || std::any_of(_dialogQueue.begin(), _dialogQueue.end(),
+                                    [dialog](const auto &each) { return each == dialog; });
 }
 
 QList<KTDialogController *> KTWindowController::dialogQueue() const
@@ -62,6 +72,9 @@ void KTWindowController::runNextDialogInQueue()
 
 void KTWindowController::dialogClosed(KTDialogController * /*dialog*/)
 {
+    // No dialog appears over a window that the user has closed.
+    if (_wasClosed && isWindowLoaded() && !window()->isVisible())
+        _dialogQueue.clear();
     if (_continueRunningQueue)
         runNextDialogInQueue();
 }
@@ -92,6 +105,7 @@ void KTWindowController::windowWillClose(const NSNotification &notification)
 {
     KTWindowManager::sharedWindowManager()->windowControllerBecameVisible(delegateIn(notification),
                                                                           false);
+    _wasClosed = true;
 }
 
 void KTWindowController::windowDidLoad()

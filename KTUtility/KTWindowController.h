@@ -33,13 +33,19 @@ public:
     /// Leaves the window manager.
     ~KTWindowController() override;
 
-    /// Puts a dialog behind those that wait. The same one may wait several times.
+    /// Puts a dialog behind those that wait. The same one may wait several times, unless
+    /// refusesDuplicateDialogs().
     void addDialogControllerToQueue(KTDialogController *dialog);
+    /// Whether a dialog that waits for this window or runs over it is not queued once more. Off
+    /// unless set.
+    bool refusesDuplicateDialogs() const { return _refusesDuplicateDialogs; }
+    void setRefusesDuplicateDialogs(bool refuses) { _refusesDuplicateDialogs = refuses; }
     /// Starts with the first dialog that waits; each that closes starts the next one.
     void runDialogQueue();
     /// Takes the first dialog from the queue and runs it; without one, the queue comes to rest.
     void runNextDialogInQueue();
-    /// A dialog tells that it has closed.
+    /// A dialog tells that it has closed. If the window itself was closed meanwhile, what still
+    /// waits is given up.
     Q_INVOKABLE void dialogClosed(KTDialogController *dialog);
     /// The dialogs that wait, in their order.
     QList<KTDialogController *> dialogQueue() const;
@@ -60,7 +66,11 @@ protected:
     void windowDidLoad() override;
 
 private:
+    bool isQueuedOrRunning(const KTDialogController *dialog) const;
+
     QList<QPointer<KTDialogController>> _dialogQueue;
     QVariantMap _exposedDialogDatasource;
     bool _continueRunningQueue = false;
+    bool _refusesDuplicateDialogs = false;
+    bool _wasClosed = false;
 };

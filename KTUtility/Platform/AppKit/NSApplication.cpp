@@ -14,11 +14,11 @@ constexpr const char *SheetProperty = "_NSApplicationSheet";
 class ModalSession : public QObject
 {
 public:
-    explicit ModalSession(QWidget *window) : _window(window)
-    {
-        window->installEventFilter(this);
-        QObject::connect(window, &QObject::destroyed, &_loop, [this] { stop(0); });
-    }
+    explicit ModalSession(QWidget *window);
+    /// The session is over, also if an exception ends it.
+    ~ModalSession() override;
+    ModalSession(const ModalSession &) = delete;
+    ModalSession &operator=(const ModalSession &) = delete;
 
     QWidget *window() const { return _window; }
     int run()
@@ -82,6 +82,23 @@ void scheduleFlush()
         QMetaObject::invokeMethod(QCoreApplication::instance(), flush, Qt::QueuedConnection);
 }
 
+ModalSession::ModalSession(QWidget *window) : _window(window)
+{
+    window->installEventFilter(this);
+    QObject::connect(window, &QObject::destroyed, &_loop, [this] { stop(0); });
+    window->setWindowModality(Qt::ApplicationModal);
+    sessions().append(this);
+}
+
+ModalSession::~ModalSession()
+{
+    sessions().removeOne(this);
+    if (_window)
+        _window->setWindowModality(Qt::NonModal);
+    if (!waiting().empty())
+        scheduleFlush();
+}
+
 void present(QWidget *window)
 {
     window->show();
@@ -92,19 +109,10 @@ void present(QWidget *window)
 
 int NSApplication::runModalForWindow(QWidget *window)
 {
-    const QPointer<QWidget> guard(window);
     window->hide();
-    window->setWindowModality(Qt::ApplicationModal);
     ModalSession session(window);
-    sessions().append(&session);
     present(window);
-    const int code = session.run();
-    sessions().removeLast();
-    if (guard)
-        guard->setWindowModality(Qt::NonModal);
-    if (!waiting().empty())
-        scheduleFlush();
-    return code;
+    return session.run();
 }
 
 void NSApplication::stopModal(int code)

@@ -4,6 +4,8 @@
 
 #include <QPointer>
 
+#include <algorithm>
+
 namespace {
 constexpr char ActionProperty[] = "_ns_action";
 constexpr char TargetProperty[] = "_ns_target";
@@ -24,6 +26,15 @@ void validate(QAction *item)
     item->setEnabled(validator.isTrue(NSKeyValueTarget::of(target)));
 }
 
+bool isInVisibleMenu(const QAction *item)
+{
+    const QObjectList holders = item->associatedObjects();
+    return std::any_of(holders.begin(), holders.end(), [](const QObject *holder) {
+        const auto *const menu = qobject_cast<const QMenu *>(holder);
+        return menu && menu->isVisible();
+    });
+}
+
 /// Lets the items be chosen by their shortcuts again, which ask the targets then.
 void letBeAsked(const QMenu *menu)
 {
@@ -33,8 +44,8 @@ void letBeAsked(const QMenu *menu)
     }
 }
 
-/// Sends the item's action unless its target does not want it now. Qt has toggled the check mark of a checkable item by now; whose mark
-/// stands is for the target to say, so it is asked again.
+/// Sends the item's action unless its target does not want it now. Qt has toggled the check mark of
+/// a checkable item by now; whose mark stands is for the target to say, so it is asked again.
 void send(QAction *item)
 {
     const QPointer<QAction> guard(item);
@@ -45,8 +56,12 @@ void send(QAction *item)
         return;
     }
     action.perform(NSKeyValueTarget::of(NSMenuItem::target(item)));
-    if (guard)
-        validate(item);
+    if (!guard)
+        return;
+    validate(item);
+    // A shortcut asks again, by itself; only a menu that is seen shows what cannot be chosen.
+    if (!isInVisibleMenu(item))
+        item->setEnabled(true);
 }
 
 /// Makes \a menu ask its targets whenever it is about to be shown.

@@ -13,13 +13,15 @@
 /// Choosing an item calls the target's invokable method of the action's name with the item as its
 /// argument. Before a menu is shown, and before an item is chosen by its shortcut or by code, the
 /// target is asked `validateMenuItem(QAction *)`, if it answers that: it may set the check mark,
-/// and its answer enables the item.
+/// and its answer enables the item in the menu; chosen by its shortcut,
+/// an item that the target does not want does nothing.
 ///
 /// \code
 /// QMenu menu;
-/// QAction *item = NSMenuItem::addItem(&menu, QStringLiteral("3"), "setComponentLogLevel:",
-/// logger); NSMenuItem::setTag(item, 173); item->trigger();    //
-/// logger->setComponentLogLevel(item) \endcode
+/// QAction *item = NSMenuItem::addItem(&menu, title, "setComponentLogLevel:", logger);
+/// NSMenuItem::setTag(item, 173);
+/// item->trigger();    // calls logger->setComponentLogLevel(item)
+/// \endcode
 namespace NSMenuItem {
 /// Appends an item to \a menu.
 /// \param action the selector that \a target is sent; a null one for items that only hold a menu.

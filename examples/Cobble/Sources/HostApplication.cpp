@@ -1,8 +1,11 @@
 #include "HostApplication.h"
 
+#include <KTUtility/KTLogger.h>
+
 #include <QApplication>
 
 #include <algorithm>
+#include <exception>
 #include <span>
 #include <string_view>
 
@@ -35,6 +38,24 @@ QByteArray platformsFor(std::span<char *const> arguments)
     return platforms + "offscreen";
 }
 
+/// Goes on after a mistake in what one event does; it is told and logged.
+class DesktopQtApplication : public QApplication
+{
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject *receiver, QEvent *event) override
+    {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::exception &failure) {
+            qWarning("cobble: %s", failure.what());
+            KTLog(kLog_Lifecycle, 1, u"exception in an event: %s", failure.what());
+            return false;
+        }
+    }
+};
+
 QtMessageHandler &otherHandler()
 {
     static QtMessageHandler handler = nullptr;
@@ -58,7 +79,7 @@ std::unique_ptr<QCoreApplication> makeHostApplication(int &argc, char **argv)
         return std::make_unique<QCoreApplication>(argc, argv);
     if (!qEnvironmentVariableIsSet(PlatformVariable))
         qputenv(PlatformVariable, platformsFor(arguments));
-    auto application = std::make_unique<QApplication>(argc, argv);
+    auto application = std::make_unique<DesktopQtApplication>(argc, argv);
     otherHandler() = qInstallMessageHandler(passMessage);
     return application;
 }

@@ -35,6 +35,31 @@ QString separatedText(const CobbleTable &table)
     return text;
 }
 
+/// Lets an importer read a file's text. \return why it failed; nil if it did not.
+QString readTable(CobbleImporter &importer, const QString &text, CobbleTable *table)
+{
+    QString error;
+    bool isRead = false;
+    const QString failure =
+        PlugIns::failureOf([&] { isRead = importer.readTable(text, table, &error); });
+    if (!failure.isNull())
+        return QStringLiteral("the importer failed: %1").arg(failure);
+    if (isRead)
+        return {};
+    return error.isNull() ? QStringLiteral("the importer failed") : error;
+}
+
+void useTable(const CobbleTable &table, ImportFile *file)
+{
+    file->text = separatedText(table);
+    file->extracted = table.files;
+    for (qsizetype column = 0; column < table.typeNames.size(); ++column) {
+        const QString &type = table.typeNames.at(column);
+        if (!type.isEmpty())
+            file->settings.types.insert(column, FieldTypes::storedTypeNamed(type));
+    }
+}
+
 /// Turns the text of a file into separated values, if there is an importer for its extension.
 /// \return why that failed; nil if it did not.
 QString useImporter(const QString &path, ImportFile *file, std::optional<QChar> *separator)
@@ -47,21 +72,10 @@ QString useImporter(const QString &path, ImportFile *file, std::optional<QChar> 
     if (!importer)
         return {};
     CobbleTable table;
-    QString error;
-    bool isRead = false;
-    const QString failure =
-        PlugIns::failureOf([&] { isRead = importer->readTable(file->text, &table, &error); });
+    const QString failure = readTable(*importer, file->text, &table);
     if (!failure.isNull())
-        return QStringLiteral("the importer failed: %1").arg(failure);
-    if (!isRead)
-        return error.isNull() ? QStringLiteral("the importer failed") : error;
-    file->text = separatedText(table);
-    file->extracted = table.files;
-    for (qsizetype column = 0; column < table.typeNames.size(); ++column) {
-        if (!table.typeNames.at(column).isEmpty())
-            file->settings.types.insert(column,
-                                        FieldTypes::storedTypeNamed(table.typeNames.at(column)));
-    }
+        return failure;
+    useTable(table, file);
     *separator = u',';
     return {};
 }
@@ -103,10 +117,11 @@ QString ImportFile::read(const ImportRequest &request, ImportFile *file)
     return {};
 }
 
-ImportFile::Outcome ImportFile::store(const ImportRequest &request) const
+ImportFile::Outcome ImportFile::store(const ImportRequest &request, int patience) const
 {
     Outcome outcome;
-    const auto transaction = ImportTransaction::begin(request.bundle, &outcome.errorDescription);
+    const auto transaction =
+        ImportTransaction::begin(request.bundle, &outcome.errorDescription, patience);
     if (!transaction)
         return outcome;
     LibraryImport import(*transaction, schema, folder, request.replaces);

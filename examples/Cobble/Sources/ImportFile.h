@@ -16,7 +16,7 @@
 /// ImportFile file;
 /// const QString reason = ImportFile::read(request, &file);
 /// if (reason.isNull())
-///     const ImportOutcome outcome = file.store(request);
+///     const ImportFile::Outcome outcome = file.store(request);
 /// \endcode
 struct ImportFile
 {
@@ -36,7 +36,8 @@ struct ImportFile
     };
 
     /// Stores it as a library of the request's bundle: all of it or nothing.
-    Outcome store(const ImportRequest &request) const;
+    /// \param patience how long to wait for another import, in milliseconds.
+    Outcome store(const ImportRequest &request, int patience = 5000) const;
 
     QString text;
     ImportSource source;

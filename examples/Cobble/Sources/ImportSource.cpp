@@ -22,13 +22,22 @@ ImportSource ImportSource::fromText(QStringView text, std::optional<QChar> separ
 void ImportSource::forEachRow(
     QStringView text, const std::function<void(qint64 row, const QStringList &fields)> &use) const
 {
+    whileRows(text, [&use](qint64 row, const QStringList &fields) {
+        use(row, fields);
+        return true;
+    });
+}
+
+void ImportSource::whileRows(
+    QStringView text, const std::function<bool(qint64 row, const QStringList &fields)> &use) const
+{
     if (const auto directive = CSVSeparator::directiveOf(text))
         text = text.sliced(directive->length);
     CSVReader reader(text, separator);
     QStringList fields;
     reader.readRow(&fields); // the headers
-    for (qint64 row = 1; reader.readRow(&fields); ++row)
-        use(row, fields);
+    for (qint64 row = 1; reader.readRow(&fields) && use(row, fields); ++row) {
+    }
 }
 
 void ImportSource::readRows(QStringView text, qint64 firstLine)

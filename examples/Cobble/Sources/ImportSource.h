@@ -27,6 +27,9 @@ struct ImportSource
     /// \param text what fromText() read.
     void forEachRow(QStringView text,
                     const std::function<void(qint64 row, const QStringList &fields)> &use) const;
+    /// The same until \a use gives false.
+    void whileRows(QStringView text,
+                   const std::function<bool(qint64 row, const QStringList &fields)> &use) const;
 
     /// Why the text cannot be imported; nil if it can be.
     QString errorDescription;

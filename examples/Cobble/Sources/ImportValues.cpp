@@ -4,23 +4,39 @@
 
 #include <KTUtility/Formatters/KTCurrencyFormatter.h>
 
+#include <algorithm>
 #include <vector>
 
 namespace {
 using Readers = std::vector<std::unique_ptr<FieldReader>>;
 
-Readers readersFor(QStringView text, const ImportSource &source,
-                   const ImportValues::Settings &settings)
+bool areComplete(const std::vector<TypeInference> &inferences)
+{
+    return std::all_of(inferences.begin(), inferences.end(),
+                       [](const TypeInference &inference) { return inference.isComplete(); });
+}
+
+/// Looks at as many rows as it takes to know the types.
+std::vector<TypeInference> inferencesFor(QStringView text, const ImportSource &source,
+                                         const ImportValues::Settings &settings)
 {
     std::vector<TypeInference> inferences;
     for (qsizetype column = 0; column < source.headers.size(); ++column)
         inferences.emplace_back(settings.isMedia);
-    source.forEachRow(text, [&](qint64, const QStringList &fields) {
+    source.whileRows(text, [&](qint64, const QStringList &fields) {
         for (qsizetype column = 0; column < fields.size(); ++column)
             inferences[size_t(column)].add(fields.at(column));
+        return !areComplete(inferences) &&
+               (!settings.progress || settings.progress(0, source.rowCount));
     });
+    return inferences;
+}
+
+Readers readersFor(QStringView text, const ImportSource &source,
+                   const ImportValues::Settings &settings)
+{
     Readers readers;
-    for (const TypeInference &inference : inferences) {
+    for (const TypeInference &inference : inferencesFor(text, source, settings)) {
         const auto known = settings.types.find(qsizetype(readers.size()));
         readers.push_back(known == settings.types.end() ? inference.reader()
                                                         : std::make_unique<FieldReader>(*known));
@@ -50,10 +66,9 @@ public:
         check(!sink || sink->begin(readers));
     }
 
-    void readRow(qint64 row, const QStringList &fields)
+    /// \return whether to go on.
+    bool readRow(qint64 row, const QStringList &fields)
     {
-        if (!_values.errorDescription.isNull())
-            return;
         QVariantList record;
         for (qsizetype column = 0; column < _values.columns.size(); ++column) {
             const QString text = fields.value(column);
@@ -65,13 +80,13 @@ public:
             }
         }
         check(!_sink || _sink->addRow(record));
+        return _values.errorDescription.isNull();
     }
 
     void cancel()
     {
         _values.isCancelled = true;
-        if (_values.errorDescription.isNull())
-            _values.errorDescription = QStringLiteral("it was cancelled");
+        _values.errorDescription = QStringLiteral("it was cancelled");
     }
 
 private:
@@ -110,10 +125,10 @@ ImportValues ImportValues::fromText(QStringView text, const ImportSource &source
     ImportValues values;
     const Readers readers = readersFor(text, source, settings);
     ValueReading reading(readers, settings.sink, values);
-    source.forEachRow(text, [&](qint64 row, const QStringList &fields) {
-        reading.readRow(row, fields);
-        if (settings.progress && !values.isCancelled && !settings.progress(row, source.rowCount))
+    source.whileRows(text, [&](qint64 row, const QStringList &fields) {
+        if (settings.progress && !settings.progress(row, source.rowCount))
             reading.cancel();
+        return values.errorDescription.isNull() && reading.readRow(row, fields);
     });
     return values;
 }

@@ -307,7 +307,14 @@ bool LibraryStore::addValues(const QString &tableName, const QString &columnName
 
 bool LibraryStore::begin()
 {
-    return run(QStringLiteral("BEGIN IMMEDIATE")) && makeCatalogue();
+    // Others can read until all is written.
+    run(QStringLiteral("PRAGMA cache_spill = OFF"));
+    return beginChange() && makeCatalogue();
+}
+
+bool LibraryStore::beginChange()
+{
+    return run(QStringLiteral("BEGIN IMMEDIATE"));
 }
 
 bool LibraryStore::commit()
@@ -411,4 +418,16 @@ bool LibraryStore::runOnOneRecord(QSqlQuery &query)
         return true;
     _errorText = QStringLiteral("the record is no longer there");
     return false;
+}
+
+qint64 LibraryStore::dataVersion()
+{
+    QSqlQuery query(_database);
+    const bool isRead = run(QStringLiteral("PRAGMA data_version"), query) && goToNext(query);
+    return isRead ? query.value(0).toLongLong() : -1;
+}
+
+void LibraryStore::setPatience(int milliseconds)
+{
+    run(QStringLiteral("PRAGMA busy_timeout = %1").arg(milliseconds));
 }

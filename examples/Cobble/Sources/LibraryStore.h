@@ -81,6 +81,8 @@ public:
 
     /// Begins to write; nobody else can until commit() or rollback().
     bool begin();
+    /// The same for changes to records that are there.
+    bool beginChange();
     bool commit();
     void rollback();
     /// Makes the table of a library, and its entries in the catalogue.
@@ -95,6 +97,11 @@ public:
     bool update(const Library &library, qint64 id, qsizetype field, const QVariant &value);
     /// Takes a record away. One that is gone already is an error.
     bool removeRecord(const Library &library, qint64 id);
+    /// How long to wait for somebody else who writes, in milliseconds; 5,000 unless set.
+    void setPatience(int milliseconds);
+    /// A number that is another one when somebody else has written since it was asked for last
+    /// (SQLite's data_version); −1 if the database cannot be read.
+    qint64 dataVersion();
 
     const QString &errorText() const { return _errorText; }
 

@@ -61,9 +61,9 @@ QString prepare(MainWindowController *window, const QCommandLineParser &parser)
 {
     const QString name = parser.positionalArguments().value(0);
     if (!name.isNull()) {
-        window->showLibrary(name);
-        if (!window->library())
-            return QStringLiteral("no library '%1'").arg(name);
+        const QString reason = window->showLibrary(name);
+        if (!reason.isNull())
+            return reason;
     }
     window->mainWindow()->search()->setText(parser.value(SearchOption));
     window->search();
@@ -71,6 +71,8 @@ QString prepare(MainWindowController *window, const QCommandLineParser &parser)
         if (sheet == parser.value(SheetOption))
             (window->*open)(nullptr);
     }
+    if (parser.isSet(SheetOption) && !WindowPicture::hasSheet(window->mainWindow()))
+        return QStringLiteral("there is nothing to %1").arg(parser.value(SheetOption));
     return {};
 }
 

@@ -3,11 +3,16 @@
 #include "Cobble/Window/WindowSupport.h"
 
 #include "Window/DetailPane.h"
+#include "Window/MainMenu.h"
 
+#include <KTUtility/KTDoNotShowAlert.h>
 #include <KTUtility/KTWindowManager.h>
 #include <KTUtility/Platform/AppKit/NSMenuItem.h>
 
+#include <QBrush>
 #include <QClipboard>
+#include <QFile>
+#include <QFocusEvent>
 #include <QHeaderView>
 #include <QMenu>
 #include <QPlainTextEdit>
@@ -16,6 +21,21 @@
 
 class MainWindowTest : public HostWindowTest
 {
+protected:
+    /// Whether a text can be read in the window.
+    static bool says(MainWindowController *window, const QString &text)
+    {
+        const QList<QLabel *> labels = window->mainWindow()->findChildren<QLabel *>();
+        return std::any_of(labels.begin(), labels.end(), [&text](const QLabel *label) {
+            return label->isVisible() && label->text().contains(text);
+        });
+    }
+    /// A connection of another program to the database.
+    std::unique_ptr<LibraryStore> otherProgram() const
+    {
+        QString error;
+        return LibraryStore::open(bundle, LibraryStore::Mode::Existing, &error);
+    }
 };
 
 TEST_F(MainWindowTest, ShowsLibrariesRecordsAndTheForm)
@@ -55,10 +75,7 @@ TEST_F(MainWindowTest, WithoutLibrariesItSaysSo)
     MainWindowController *const window = open();
     EXPECT_TRUE(librariesIn(window).isEmpty());
     EXPECT_EQ(countIn(window), QString());
-    bool isSaid = false;
-    for (const QLabel *const label : window->mainWindow()->findChildren<QLabel *>())
-        isSaid |= label->isVisible() && label->text().contains(u"no libraries yet");
-    EXPECT_TRUE(isSaid);
+    EXPECT_TRUE(says(window, QStringLiteral("no libraries yet")));
     EXPECT_FALSE(window->validateMenuItem(menuItem(window, "exportFile:")));
     EXPECT_FALSE(window->validateMenuItem(menuItem(window, "deleteRecords:")));
     // Nothing of this does harm.
@@ -72,7 +89,9 @@ TEST_F(MainWindowTest, WithoutLibrariesItSaysSo)
 TEST_F(MainWindowTest, ABundleThatIsAFileIsToldOf)
 {
     tree.add(QStringLiteral("b.cobbledb"), "no folder");
-    EXPECT_TRUE(librariesIn(open()).isEmpty());
+    MainWindowController *const window = open();
+    EXPECT_TRUE(librariesIn(window).isEmpty());
+    EXPECT_TRUE(says(window, bundle.bundlePath() + u" is no folder"));
 }
 
 TEST_F(MainWindowTest, ADatabaseThatIsNoneIsToldOf)
@@ -81,10 +100,7 @@ TEST_F(MainWindowTest, ADatabaseThatIsNoneIsToldOf)
     QString path = bundle.databaseFilePath();
     testing_support::writeFile(path, QByteArray(4096, 'x'));
     MainWindowController *const window = open();
-    bool isSaid = false;
-    for (const QLabel *const label : window->mainWindow()->findChildren<QLabel *>())
-        isSaid |= label->isVisible() && label->text().contains(u"not a database");
-    EXPECT_TRUE(isSaid);
+    EXPECT_TRUE(says(window, QStringLiteral("not a database")));
 }
 
 // --- Editing ------------------------------------------------------------------------------------
@@ -125,8 +141,12 @@ TEST_F(MainWindowTest, ACellThatCannotBeReadStaysOpen)
 TEST_F(MainWindowTest, ACellLeftWithSomethingUnreadableKeepsItsValueAndSaysWhy)
 {
     MainWindowController *const window = openThings();
-    EXPECT_FALSE(window->model()->setData(window->model()->index(0, 1), QStringLiteral("many"),
-                                          Qt::EditRole));
+    window->mainWindow()->activateWindow();
+    turn();
+    window->mainWindow()->table()->edit(window->model()->index(0, 1));
+    type(QApplication::focusWidget(), QStringLiteral("many"));
+    window->mainWindow()->search()->setFocus();
+    turn();
     EXPECT_EQ(window->mainWindow()->statusBar()->currentMessage(),
               QStringLiteral("it is no number"));
     EXPECT_EQ(stored(1, 1), QStringLiteral("7"));
@@ -165,6 +185,12 @@ TEST_F(MainWindowTest, NumbersStandAtTheRightAndNegativeAmountsMayHaveAColour)
     EXPECT_TRUE(alignment(2) & Qt::AlignRight);
     EXPECT_TRUE(alignment(0) & Qt::AlignLeft);
     EXPECT_TRUE(alignment(3) & Qt::AlignLeft);
+    const auto colour = [window](int row, int column) {
+        return window->model()->index(row, column).data(Qt::ForegroundRole).value<QBrush>().color();
+    };
+    EXPECT_EQ(colour(1, 1), QColor(Qt::red));
+    EXPECT_EQ(colour(3, 2), QColor(Qt::red));
+    EXPECT_FALSE(window->model()->index(0, 1).data(Qt::ForegroundRole).isValid());
 }
 
 TEST_F(MainWindowTest, TheFormReadsWhatIsTyped)
@@ -239,17 +265,99 @@ TEST_F(MainWindowTest, WithoutASelectionTheFormIsEmpty)
 TEST_F(MainWindowTest, WhatTheDatabaseRefusesIsNotShown)
 {
     MainWindowController *const window = openThings();
-    // Somebody else has taken the record away.
-    QString error;
-    const auto store = LibraryStore::open(bundle, LibraryStore::Mode::Existing, &error);
-    ASSERT_TRUE(store->removeRecord(*store->libraryNamed(QStringLiteral("Things")), 1));
-    QTest::keyClick(editor(window, 0)->input(), Qt::Key_X);
+    const auto store = otherProgram();
+    ASSERT_TRUE(store->beginChange());
+    application->bundle()->store()->setPatience(1);
+    type(editor(window, 0)->input(), QStringLiteral("Anne"));
     QTest::keyClick(editor(window, 0)->input(), Qt::Key_Return);
-    EXPECT_EQ(window->mainWindow()->statusBar()->currentMessage(),
-              QStringLiteral("the record is no longer there"));
     turn();
-    EXPECT_EQ(editor(window, 0)->text(), QStringLiteral("Ann"));
     EXPECT_EQ(cell(window, 0, 0), QStringLiteral("Ann"));
+    // What was typed is not lost.
+    EXPECT_EQ(editor(window, 0)->text(), QStringLiteral("Anne"));
+    EXPECT_TRUE(editor(window, 0)->problem().contains(u"locked"))
+        << editor(window, 0)->problem().toStdString();
+    store->rollback();
+    QTest::keyClick(editor(window, 0)->input(), Qt::Key_Return);
+    EXPECT_EQ(cell(window, 0, 0), QStringLiteral("Anne"));
+    EXPECT_EQ(stored(1, 0), QStringLiteral("Anne"));
+}
+
+TEST_F(MainWindowTest, WhatAnotherProgramHasReplacedIsNotWrittenOver)
+{
+    MainWindowController *const window = openThings();
+    tree.add(QStringLiteral("New.csv"), "Name,Visits\nYan,1\n");
+    ASSERT_EQ(
+        runInProcess({QStringLiteral("import"), tree.path(QStringLiteral("New.csv")),
+                      QStringLiteral("--library"), QStringLiteral("Things"),
+                      QStringLiteral("--replace"), QStringLiteral("--bundle"), bundle.bundlePath()})
+            .exitCode,
+        0);
+    const QString reason =
+        window->model()->take(QStringLiteral("Anne"), window->model()->index(0, 0));
+    EXPECT_TRUE(reason.contains(u"another program")) << reason.toStdString();
+    EXPECT_EQ(stored(1, 0), QStringLiteral("Yan"));
+    turn();
+    EXPECT_EQ(column(window, 0), QStringList(QStringLiteral("Yan")));
+}
+
+TEST_F(MainWindowTest, SeveralRecordsChangeAllOrNotAtAll)
+{
+    MainWindowController *const window = openThings();
+    window->mainWindow()->table()->selectAll();
+    // The last one is gone, in a way that nobody can see.
+    LibraryStore *const store = application->bundle()->store();
+    ASSERT_TRUE(store->removeRecord(window->library()->library(), 4));
+    type(editor(window, 1)->input(), QStringLiteral("5"));
+    QTest::keyClick(editor(window, 1)->input(), Qt::Key_Return);
+    turn();
+    EXPECT_EQ(editor(window, 1)->problem(), QStringLiteral("the record is no longer there"));
+    EXPECT_EQ(column(window, 1), QStringList({QStringLiteral("7"), QStringLiteral("-12"),
+                                              QStringLiteral("1,000"), QStringLiteral("3")}));
+    EXPECT_EQ(stored(1, 1), QStringLiteral("7"));
+}
+
+TEST_F(MainWindowTest, WhatIsBeingTypedStaysWhenOtherRecordsGo)
+{
+    MainWindowController *const first = openThings();
+    MainWindowController *const second = open();
+    type(editor(first, 0)->input(), QStringLiteral("half ty"));
+    EXPECT_EQ(second->library()->removeRecords({second->model()->recordAt(3)}), QString());
+    EXPECT_EQ(editor(first, 0)->text(), QStringLiteral("half ty"));
+    first->records()->setSelectionIndex(1);
+    EXPECT_EQ(editor(first, 0)->text(), QStringLiteral("Bjørn"));
+}
+
+TEST_F(MainWindowTest, BlanksThatDoNotBreakStay)
+{
+    MainWindowController *const window = openThings();
+    const QString text = QStringLiteral("price\u00A05 EUR\u2028more");
+    ASSERT_EQ(window->model()->take(text, window->model()->index(1, 4)), QString());
+    window->records()->setSelectionIndex(1);
+    EXPECT_EQ(editor(window, 4)->text(), text);
+    QTest::keyClick(editor(window, 4)->input(), Qt::Key_End, Qt::ControlModifier);
+    QTest::keyClick(editor(window, 4)->input(), Qt::Key_Exclam, Qt::NoModifier);
+    QTest::keyClick(editor(window, 4)->input(), Qt::Key_Return);
+    EXPECT_EQ(stored(2, 4), QString(text + u'!'));
+}
+
+TEST_F(MainWindowTest, AMenuOverAnEditorCommitsNothing)
+{
+    MainWindowController *const window = openThings();
+    type(editor(window, 1)->input(), QStringLiteral("1234"));
+    QFocusEvent menu(QEvent::FocusOut, Qt::PopupFocusReason);
+    QCoreApplication::sendEvent(editor(window, 1)->input(), &menu);
+    EXPECT_EQ(stored(1, 1), QStringLiteral("7"));
+    QFocusEvent leaving(QEvent::FocusOut, Qt::TabFocusReason);
+    QCoreApplication::sendEvent(editor(window, 1)->input(), &leaving);
+    EXPECT_EQ(stored(1, 1), QStringLiteral("1,234"));
+}
+
+TEST_F(MainWindowTest, TitlesMayHoldAmpersands)
+{
+    import(QStringLiteral("Odd.csv"), "R&D\n5\n");
+    MainWindowController *const window = open();
+    EXPECT_TRUE(says(window, QStringLiteral("R&&D:")));
+    EXPECT_EQ(editor(window, 0)->input()->accessibleName(), QStringLiteral("R&D"));
 }
 
 TEST_F(MainWindowTest, NothingIsWrittenDuringAnImport)
@@ -309,13 +417,27 @@ TEST_F(MainWindowTest, SearchingFindsChangedTexts)
     EXPECT_EQ(window->model()->rowCount(), 1);
 }
 
-TEST_F(MainWindowTest, HostileSearchesFindNothing)
+TEST_F(MainWindowTest, HostileSearchesFindWhatHoldsTheirWords)
 {
     MainWindowController *const window = openThings();
+    QStringList rows;
+    for (int row = 0; row < 4; ++row) {
+        rows += QString();
+        for (int column = 0; column < 5; ++column)
+            rows.last() += OpenLibrary::folded(
+                window->model()->index(row, column).data(Qt::EditRole).toString() + u'|');
+    }
     for (const QString &text : testing_support::hostileTexts()) {
         window->mainWindow()->search()->setText(text);
         window->search();
-        EXPECT_LE(window->model()->rowCount(), 4);
+        const QStringList words =
+            OpenLibrary::folded(window->mainWindow()->search()->text()).simplified().split(u' ');
+        const auto holdsAll = [&words](const QString &row) {
+            return std::all_of(words.begin(), words.end(),
+                               [&row](const QString &word) { return row.contains(word); });
+        };
+        EXPECT_EQ(window->model()->rowCount(), std::count_if(rows.begin(), rows.end(), holdsAll))
+            << text.left(20).toStdString();
     }
 }
 
@@ -340,6 +462,27 @@ TEST_F(MainWindowTest, HeadersSort)
     window->model()->sort(0, Qt::AscendingOrder);
     EXPECT_EQ(column(window, 0), QStringList({QStringLiteral("Ann"), QStringLiteral("Bjørn"),
                                               QStringLiteral("éva"), QStringLiteral("Zoe")}));
+}
+
+TEST_F(MainWindowTest, TheOrderGoesWithItsLibrary)
+{
+    import(QStringLiteral("Animals.csv"), "Kind,Legs\nCat,4\nAnt,6\n");
+    MainWindowController *const window = openThings();
+    window->showLibrary(QStringLiteral("Things"));
+    window->mainWindow()->table()->sortByColumn(4, Qt::DescendingOrder);
+    EXPECT_EQ(cell(window, 0, 4), QStringLiteral("tall"));
+    window->showLibrary(QStringLiteral("Animals"));
+    EXPECT_EQ(column(window, 0), QStringList({QStringLiteral("Cat"), QStringLiteral("Ant")}));
+    EXPECT_EQ(window->mainWindow()->table()->horizontalHeader()->sortIndicatorSection(), -1);
+}
+
+TEST_F(MainWindowTest, ALibraryIsOneWhateverItsCase)
+{
+    MainWindowController *const first = openThings();
+    EXPECT_EQ(first->showLibrary(QStringLiteral("THINGS")), QString());
+    MainWindowController *const second = open();
+    second->showLibrary(QStringLiteral("things"));
+    EXPECT_EQ(first->library(), second->library());
 }
 
 // --- Windows ------------------------------------------------------------------------------------
@@ -414,6 +557,41 @@ TEST_F(MainWindowTest, LevelsAreChosenUnderHelp)
     five->trigger();
     EXPECT_EQ(logger.levelOfComponent(kLog_FormattersNumbers), 5);
     EXPECT_TRUE(five->isChecked());
+}
+
+TEST_F(MainWindowTest, OpeningAWindowWritesNoLogSettings)
+{
+    openThings();
+    EXPECT_FALSE(QFile::exists(logger.userFile()));
+    EXPECT_FALSE(logger.components().has_value());
+}
+
+TEST_F(MainWindowTest, TheLoggingMenuIsOffWhereItCannotSave)
+{
+    qputenv("HOME", "/proc/nohome");
+    KTLogger unsaved;
+    QMainWindow window;
+    QObject target;
+    MainMenu::add(&window, &target, &target, &unsaved);
+    auto *const logging = window.findChild<QMenu *>(QStringLiteral("logging"));
+    Q_EMIT logging->aboutToShow();
+    for (const QAction *const item : logging->actions())
+        EXPECT_EQ(item->isEnabled(), unsaved.components().has_value());
+    testing_support::useFreshHome();
+}
+
+TEST_F(MainWindowTest, AShortcutWorksAgainAfterItWasRefused)
+{
+    MainWindowController *const window = openThings();
+    QAction *const item = menuItem(window, "deleteRecords:");
+    KTDoNotShowAlert::setBoolForSuppressionKey(MainWindowController::DeleteSuppressionKey, true);
+    search(window, QStringLiteral("tall"));
+    item->trigger();
+    EXPECT_EQ(countIn(window), QStringLiteral("0 of 3 records"));
+    item->trigger();
+    search(window, QString());
+    item->trigger();
+    EXPECT_EQ(countIn(window), QStringLiteral("2 records"));
 }
 
 TEST_F(MainWindowTest, EverythingHasANameForScreenReaders)

@@ -139,8 +139,13 @@ TEST_F(SheetTest, WhatCannotBeImportedIsToldInTheSheet)
     turn();
     EXPECT_FALSE(window->continueRunningQueue());
     // The next time it begins anew.
+    sheet->findChild<QCheckBox *>(QStringLiteral("replaceBox"))->setChecked(true);
+    field(sheet, QStringLiteral("nameEdit"))->setText(QStringLiteral("Things"));
     openImport(window);
     EXPECT_EQ(window->importSheet()->problem(), QString());
+    EXPECT_EQ(window->importSheet()->file(), QString());
+    EXPECT_EQ(field(sheet, QStringLiteral("nameEdit"))->text(), QString());
+    EXPECT_FALSE(sheet->findChild<QCheckBox *>(QStringLiteral("replaceBox"))->isChecked());
     window->importSheet()->endDialog();
     turn();
 }
@@ -274,12 +279,96 @@ TEST_F(SheetTest, AnExportCanBeCancelled)
     QWidget *const sheet = window->exportSheet()->window();
     window->exportSheet()->setLookInterval(0);
     field(sheet, QStringLiteral("fileEdit"))->setText(path(QStringLiteral("out.csv")));
+    // It asks before it replaces a file.
+    window->exportSheet()->go();
+    EXPECT_EQ(window->exportSheet()->problem(),
+              QStringLiteral("There is a file of that name. Export once more to replace it."));
+    EXPECT_EQ(contentsOf(path(QStringLiteral("out.csv"))), "old");
     QMetaObject::invokeMethod(window->exportSheet(), &TransferSheet::cancel, Qt::QueuedConnection);
     window->exportSheet()->go();
     EXPECT_EQ(window->exportSheet()->problem(),
               QStringLiteral("Cancelled. The file was not written."));
     EXPECT_EQ(contentsOf(path(QStringLiteral("out.csv"))), "old");
     window->exportSheet()->endDialog();
+    turn();
+}
+
+TEST_F(SheetTest, AFileIsReplacedWhenThatIsAskedForTwice)
+{
+    MainWindowController *const window = openThings();
+    tree.add(QStringLiteral("out.csv"), "old");
+    window->exportFile();
+    turn();
+    QWidget *const sheet = window->exportSheet()->window();
+    field(sheet, QStringLiteral("fileEdit"))->setText(path(QStringLiteral("out.csv")));
+    press(sheet, QStringLiteral("Export"));
+    EXPECT_EQ(contentsOf(path(QStringLiteral("out.csv"))), "old");
+    press(sheet, QStringLiteral("Export"));
+    turn();
+    EXPECT_FALSE(sheet->isVisible());
+    EXPECT_TRUE(contentsOf(path(QStringLiteral("out.csv"))).startsWith("Name,Visits"));
+}
+
+TEST_F(SheetTest, TheKeyboardStaysWhereItWasAfterAMistake)
+{
+    MainWindowController *const window = openThings();
+    QWidget *const sheet = openImport(window);
+    sheet->activateWindow();
+    turn();
+    QLineEdit *const file = field(sheet, QStringLiteral("fileEdit"));
+    file->setFocus();
+    QTest::keyClicks(file, QStringLiteral("/no such file"));
+    QTest::keyClick(file, Qt::Key_Return);
+    EXPECT_EQ(QApplication::focusWidget(), file);
+    EXPECT_EQ(file->accessibleDescription(), window->importSheet()->problem());
+    EXPECT_FALSE(file->accessibleDescription().isEmpty());
+    window->importSheet()->endDialog();
+    turn();
+}
+
+TEST_F(SheetTest, AWindowStaysWhileItsSheetWorks)
+{
+    MainWindowController *const window = openThings();
+    window->importFile();
+    turn();
+    window->importSheet()->setLookInterval(0);
+    tree.add(QStringLiteral("Pets.csv"), "Pet\nCat\nDog\n");
+    field(window->importSheet()->window(), QStringLiteral("fileEdit"))
+        ->setText(path(QStringLiteral("Pets.csv")));
+    bool wasAllowed = true;
+    QMetaObject::invokeMethod(
+        window,
+        [&] {
+            wasAllowed = window->validateMenuItem(menuItem(window, "closeWindow:"));
+            window->closeWindow();
+        },
+        Qt::QueuedConnection);
+    window->importSheet()->go();
+    turn();
+    EXPECT_FALSE(wasAllowed);
+    EXPECT_EQ(application->windows().size(), 1);
+    EXPECT_EQ(librariesIn(window).size(), 2);
+    window->importSummary()->endDialog();
+    turn();
+    QTest::keyClick(alertBox(), Qt::Key_Escape);
+    turn();
+}
+
+TEST_F(SheetTest, HugeValuesAreShortInTheSummary)
+{
+    MainWindowController *const window = openThings();
+    QByteArray rows = "Age\n";
+    for (int row = 0; row < 20; ++row)
+        rows += QByteArray::number(row) + '\n';
+    tree.add(QStringLiteral("Pets.csv"), rows + QByteArray(1 << 20, 'x') + '\n');
+    importThrough(window, path(QStringLiteral("Pets.csv")));
+    const auto *const unread =
+        window->importSummary()->window()->findChild<QTableWidget *>(QStringLiteral("unreadTable"));
+    ASSERT_EQ(unread->rowCount(), 1);
+    EXPECT_LT(unread->item(0, 2)->text().size(), 400);
+    window->importSummary()->endDialog();
+    turn();
+    QTest::keyClick(alertBox(), Qt::Key_Escape);
     turn();
 }
 
@@ -378,10 +467,12 @@ TEST_F(SheetTest, DeletingIsAllOrNothing)
     ASSERT_TRUE(store->removeRecord(*store->libraryNamed(QStringLiteral("Things")), 4));
     window->mainWindow()->table()->selectAll();
     window->deleteRecords();
-    EXPECT_EQ(countIn(window), QStringLiteral("4 records"));
-    EXPECT_EQ(window->mainWindow()->statusBar()->currentMessage(),
-              QStringLiteral("the record is no longer there"));
+    EXPECT_TRUE(window->mainWindow()->statusBar()->currentMessage().contains(
+        u"another program has changed the database"));
     EXPECT_EQ(stored(1, 0), QStringLiteral("Ann"));
+    // What the other program has left is shown now.
+    turn();
+    EXPECT_EQ(countIn(window), QStringLiteral("3 records"));
 }
 
 TEST_F(SheetTest, RecordsThatGoMeanwhileAreNotDeletedTwice)
@@ -390,7 +481,7 @@ TEST_F(SheetTest, RecordsThatGoMeanwhileAreNotDeletedTwice)
     MainWindowController *const second = open();
     first->deleteRecords();
     turn();
-    ASSERT_TRUE(second->library()->removeRecords({second->model()->recordAt(0)}));
+    EXPECT_EQ(second->library()->removeRecords({second->model()->recordAt(0)}), QString());
     press(alertBox(), QStringLiteral("Delete"));
     turn();
     EXPECT_EQ(countIn(first), QStringLiteral("3 records"));

@@ -56,6 +56,12 @@ TEST_F(WindowCommand, SaysWhatIsWrong)
     EXPECT_EQ(sheet.exitCode, 2);
     EXPECT_TRUE(sheet.errors.startsWith(
         u"cobble: no sheet 'x'; there are import, export, delete, about\n"));
+    const CommandResult nothing =
+        run({QStringLiteral("--search"), QStringLiteral("nobody"), QStringLiteral("--sheet"),
+             QStringLiteral("delete"), QStringLiteral("--screenshot"),
+             tree.path(QStringLiteral("n.png"))});
+    EXPECT_EQ(nothing.exitCode, 1);
+    EXPECT_TRUE(nothing.errors.contains(u"there is nothing to delete"));
     const QString picture = tree.path(QStringLiteral("w.png"));
     const CommandResult missing =
         run({QStringLiteral("nothing"), QStringLiteral("--screenshot"), picture});

@@ -18,6 +18,11 @@ QString placeholderFor(const QVariant &value)
                ? QStringLiteral("Multiple values")
                : QString();
 }
+/// A title in which "&" is a letter like others.
+QString labelText(const QVariant &title)
+{
+    return title.toString().replace(u'&', QStringLiteral("&&")) + u':';
+}
 } // namespace
 
 DetailPane::DetailPane(NSArrayController *records, QWidget *parent)
@@ -25,6 +30,8 @@ DetailPane::DetailPane(NSArrayController *records, QWidget *parent)
 {
     _layout->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
     QObject::connect(&_form, &DetailForm::rowsChanged, this, &DetailPane::rebuild);
+    QObject::connect(records, &NSArrayController::selectionChanged, this,
+                     &DetailPane::showSelection);
 }
 
 DetailPane::~DetailPane()
@@ -50,6 +57,7 @@ void DetailPane::rebuild()
     _editors.clear();
     for (FormRow *const row : _form.rows())
         addRow(row);
+    _shown = _records->selectedObjects();
 }
 
 void DetailPane::addRow(FormRow *row)
@@ -61,15 +69,29 @@ void DetailPane::addRow(FormRow *row)
     _layout->addRow(label, editor);
     _editors += editor;
     const auto refresh = [this, row, editor, label] {
-        label->setText(row->label().toString() + u':');
+        label->setText(labelText(row->label()));
         editor->setTitle(row->label().toString());
-        show(row, editor);
+        // What is being typed is not taken away.
+        if (!editor->isEdited())
+            show(row, editor);
     };
     refresh();
     QObject::connect(row, &FormRow::changed, editor, refresh);
-    QObject::connect(_records, &NSArrayController::selectionChanged, editor, refresh);
     QObject::connect(editor, &FieldEditor::committed, row,
-                     [row, editor](const QString &text) { take(row, editor, text); });
+                     [this, row, editor](const QString &text) { take(row, editor, text); });
+}
+
+/// Shows other records than before; if they are the same, what is being typed stays.
+void DetailPane::showSelection()
+{
+    const QVariantList selected = _records->selectedObjects();
+    const bool areOthers = selected != _shown;
+    _shown = selected;
+    const QList<FormRow *> rows = _form.rows();
+    for (qsizetype field = 0; field < qMin(rows.size(), _editors.size()); ++field) {
+        if (areOthers || !_editors.at(field)->isEdited())
+            show(rows.at(field), _editors.at(field));
+    }
 }
 
 // A row keeps the value that it has when what is selected has none, or several.
@@ -86,8 +108,13 @@ void DetailPane::show(FormRow *row, FieldEditor *editor) const
 void DetailPane::take(FormRow *row, FieldEditor *editor, const QString &text)
 {
     QString reason;
-    if (row->setText(text, &reason))
-        editor->setText(row->text());
+    bool isRead = false;
+    const auto read = [&] { isRead = row->setText(text, &reason); };
+    const QString refusal = _changer ? _changer(read) : (read(), QString());
+    if (!isRead && refusal.isNull())
+        editor->setProblem(reason.isEmpty() ? QStringLiteral("it cannot be read") : reason);
+    else if (!refusal.isNull())
+        editor->setProblem(refusal);
     else
-        editor->setProblem(reason);
+        editor->setText(row->text());
 }

@@ -24,12 +24,23 @@ void ExportSheet::configDialog()
     TransferSheet::configDialog();
     _libraryName = windowDataSourceObjectForKey(LibraryKey).toString();
     setFile(suggestedFile(_libraryName));
+    _confirmed = QString();
+}
+
+/// Whether there is nothing in the way, or the user has seen that there is.
+bool ExportSheet::mayWrite(const QString &path)
+{
+    const bool may = !QFileInfo::exists(path) || path == _confirmed;
+    _confirmed = path;
+    return may;
 }
 
 QString ExportSheet::work()
 {
     if (file().isEmpty())
         return QStringLiteral("Please choose a file.");
+    if (!mayWrite(file()))
+        return QStringLiteral("There is a file of that name. Export once more to replace it.");
     LibraryStore *const store = bundle()->store();
     const std::optional<Library> library = store ? store->libraryNamed(_libraryName) : std::nullopt;
     if (!library)
@@ -54,6 +65,10 @@ void ExportSheet::choose()
     for (const QString &type : PlugIns().exportedTypes())
         filters += QStringLiteral("%1 (*.%2)").arg(type.toUpper(), type);
     chooser->setNameFilters(filters);
-    QObject::connect(chooser, &QFileDialog::fileSelected, this, &TransferSheet::setFile);
+    // The chooser has asked.
+    QObject::connect(chooser, &QFileDialog::fileSelected, this, [this](const QString &path) {
+        _confirmed = path;
+        setFile(path);
+    });
     chooser->open();
 }

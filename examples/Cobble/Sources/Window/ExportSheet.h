@@ -22,5 +22,9 @@ protected:
     void choose() override;
 
 private:
+    bool mayWrite(const QString &path);
+
     QString _libraryName;
+    /// The file that the user agrees to replace.
+    QString _confirmed;
 };

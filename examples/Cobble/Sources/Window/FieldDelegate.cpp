@@ -13,12 +13,12 @@ constexpr const char *FieldProperty = "_field";
 QString textIn(const QWidget *editor)
 {
     const auto *const line = qobject_cast<const QLineEdit *>(editor);
-    return line ? line->text() : static_cast<const TextInput *>(editor)->toPlainText();
+    return line ? line->text() : static_cast<const TextInput *>(editor)->text();
 }
 
-const RecordTableModel *modelOf(const QModelIndex &index)
+RecordTableModel *modelOf(const QModelIndex &index)
 {
-    return qobject_cast<const RecordTableModel *>(index.model());
+    return const_cast<RecordTableModel *>(qobject_cast<const RecordTableModel *>(index.model()));
 }
 
 bool isReturn(const QEvent *event)
@@ -80,15 +80,13 @@ bool FieldDelegate::eventFilter(QObject *object, QEvent *event)
     if (!editor || !isReturn(event))
         return QStyledItemDelegate::eventFilter(object, event);
     const QModelIndex index = editor->property(FieldProperty).value<QPersistentModelIndex>();
-    const RecordTableModel *const model = modelOf(index);
-    const QString reason =
-        model ? model->reasonNotToTake(textIn(editor), index.column()) : QString();
+    RecordTableModel *const model = modelOf(index);
+    const QString reason = model ? model->take(textIn(editor), index) : QString();
     if (!reason.isNull()) {
         editor->setAccessibleDescription(reason);
         QToolTip::showText(editor->mapToGlobal(QPoint(0, editor->height())), reason, editor);
         return true;
     }
-    Q_EMIT commitData(editor);
     Q_EMIT closeEditor(editor, QAbstractItemDelegate::NoHint);
     return true;
 }

@@ -62,7 +62,7 @@ QWidget *FieldEditor::input() const
 
 QString FieldEditor::text() const
 {
-    return _lines ? _lines->toPlainText() : _line->text();
+    return _lines ? _lines->text() : _line->text();
 }
 
 void FieldEditor::setText(const QString &text)
@@ -70,7 +70,7 @@ void FieldEditor::setText(const QString &text)
     setProblem(QString());
     if (!_lines)
         _line->setText(text);
-    else if (_lines->toPlainText() != text)
+    else if (_lines->text() != text)
         _lines->setText(text);
     // As the input has it, which turns some line breaks into others.
     _text = this->text();
@@ -126,7 +126,9 @@ bool FieldEditor::eventFilter(QObject *object, QEvent *event)
 {
     if (object != input())
         return false;
-    if (event->type() == QEvent::FocusOut)
+    // A menu that opens over the editor takes the focus for a while only.
+    if (event->type() == QEvent::FocusOut &&
+        static_cast<const QFocusEvent *>(event)->reason() != Qt::PopupFocusReason)
         commit();
     if (event->type() != QEvent::KeyPress)
         return false;

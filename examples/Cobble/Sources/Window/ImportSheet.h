@@ -23,6 +23,9 @@ public:
 
     explicit ImportSheet(OpenBundle *bundle);
 
+    /// Begins with nothing chosen.
+    void configDialog() override;
+
 Q_SIGNALS:
     /// A library was stored; the host lends the ImportResult to the next dialogs.
     void imported(const QString &libraryName);

@@ -1,6 +1,7 @@
 #include "ImportSummary.h"
 
 #include "AlignedTable.h"
+#include "ShortText.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -76,7 +77,7 @@ void ImportSummary::showUnread(const ImportResult &result)
                        QStringLiteral("Why")});
     for (const ImportValues::Unread &value : unread.first(qMin(unread.size(), MostShown)))
         addRow(table, {QString::number(value.row), titleOf(result.schema.columns.at(value.column)),
-                       value.text, value.reason});
+                       ShortText::firstLine(value.text), value.reason});
     if (unread.size() > MostShown)
         addRow(table, {QStringLiteral("…"), QString(),
                        QStringLiteral("%1 more").arg(unread.size() - MostShown), QString()});

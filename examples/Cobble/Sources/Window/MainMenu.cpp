@@ -35,12 +35,16 @@ const Item Line{{}, nullptr, nullptr, {}};
 
 void addLoggingMenu(QMenu *help, KTLogger *logger)
 {
-    // The menu saves the levels, which there have to be.
-    if (!logger->components())
-        logger->setLevelOfComponent(0, kLog_Lifecycle);
     QMenu *const logging = help->addMenu(QStringLiteral("&Logging"));
     logging->setObjectName(QStringLiteral("logging"));
     logger->populateComponentLoggingMenu(logging->menuAction());
+    // The items save the levels, which there have to be.
+    QObject::connect(logging, &QMenu::aboutToShow, logging, [logging, logger] {
+        if (!logger->components())
+            logger->setLevelOfComponent(0, kLog_Lifecycle);
+        for (QAction *const item : logging->actions())
+            item->setEnabled(logger->components().has_value());
+    });
 }
 } // namespace
 

@@ -13,10 +13,13 @@
 #include <KTUtility/Platform/AppKit/NSAlert.h>
 #include <KTUtility/Platform/AppKit/NSMenuItem.h>
 
+#include <QEvent>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QStatusBar>
+#include <QTableView>
 
 namespace {
 /// How long to wait for more letters before a search, in milliseconds.
@@ -31,6 +34,7 @@ MainWindowController::MainWindowController(DesktopApplication *application)
     , _importSheet(application->bundle())
     , _exportSheet(application->bundle())
 {
+    setRefusesDuplicateDialogs(true);
     _searchTimer.setSingleShot(true);
     _searchTimer.setInterval(SearchDelay);
     QObject::connect(&_searchTimer, &QTimer::timeout, this, &MainWindowController::search);
@@ -80,6 +84,10 @@ void MainWindowController::connectParts()
                      &MainWindowController::search);
     QObject::connect(&_records, &NSArrayController::arrangedObjectsChanged, this,
                      &MainWindowController::showCount);
+    QObject::connect(_model.get(), &RecordTableModel::refused, this, &MainWindowController::tell);
+    shown->detail()->setChanger([this](const std::function<void()> &changes) {
+        return _library ? _library->change(changes) : QString();
+    });
     QObject::connect(_application->bundle(), &OpenBundle::librariesChanged, this,
                      &MainWindowController::listLibraries);
 }
@@ -115,33 +123,42 @@ void MainWindowController::listLibraries()
     showLibrary(shown);
 }
 
-void MainWindowController::showLibrary(const QString &name)
+QString MainWindowController::showLibrary(const QString &name)
 {
-    if (_library && _library->library().name == name)
-        return;
     QString error;
-    std::shared_ptr<OpenLibrary> library =
+    const std::shared_ptr<OpenLibrary> library =
         name.isNull() ? nullptr : _application->bundle()->open(name, &error);
+    selectInList(library ? library->library().name : QString());
+    if (!library || library != _library)
+        setLibrary(library);
+    showNotice(error);
+    return error;
+}
+
+void MainWindowController::selectInList(const QString &name)
+{
     QListWidget *const list = mainWindow()->libraries();
     const QSignalBlocker blocker(list);
     list->setCurrentRow(-1);
     for (int row = 0; row < list->count(); ++row) {
-        if (library && list->item(row)->data(Qt::UserRole).toString() == library->library().name)
+        if (!name.isNull() && list->item(row)->data(Qt::UserRole).toString() == name)
             list->setCurrentRow(row);
     }
-    setLibrary(library);
-    showNotice(error);
 }
 
 /// Lets go of the library, before its records go.
 void MainWindowController::forget()
 {
     _toDelete.clear();
+    // The next records may lack the keys of these.
     _records.setContent({});
     _records.setFilterPredicate({});
+    _records.setSortDescriptors({});
     _model->setLibrary(nullptr);
-    if (isWindowLoaded())
+    if (isWindowLoaded()) {
+        mainWindow()->table()->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
         mainWindow()->detail()->setFields({});
+    }
     if (_library)
         QObject::disconnect(_library.get(), nullptr, this, nullptr);
     _library.reset();
@@ -229,6 +246,22 @@ bool MainWindowController::validateMenuItem(QAction *item)
         return _library != nullptr;
     if (action == NSSelector("deleteRecords:"))
         return !_records.selectionIndexes().isEmpty();
+    if (action == NSSelector("closeWindow:"))
+        return !isWorking();
+    return true;
+}
+
+bool MainWindowController::isWorking() const
+{
+    return _importSheet.isWorking() || _exportSheet.isWorking();
+}
+
+/// What the window's sheets are doing needs the window.
+bool MainWindowController::eventFilter(QObject *object, QEvent *event)
+{
+    if (event->type() != QEvent::Close || !isWorking())
+        return KTWindowController::eventFilter(object, event);
+    event->ignore();
     return true;
 }
 
@@ -237,11 +270,8 @@ void MainWindowController::closeWindow(QAction *)
     close();
 }
 
-/// Queues a dialog and runs it, unless it is waiting or running already.
 void MainWindowController::run(KTDialogController *dialog)
 {
-    if (dialog->isRunningAsDialog() || dialogQueue().contains(dialog))
-        return;
     addDialogControllerToQueue(dialog);
     if (!continueRunningQueue())
         runDialogQueue();
@@ -312,8 +342,9 @@ void MainWindowController::deleteAlertDidEnd(NSAlert *, int returnCode, void *)
     }
     if (returnCode != NSAlertDefaultReturn || !_library || records.isEmpty())
         return;
-    if (_library->removeRecords(records))
-        tell(QStringLiteral("Deleted %1").arg(recordCountText(records.size())));
+    const QString reason = _library->removeRecords(records);
+    tell(reason.isNull() ? QStringLiteral("Deleted %1").arg(recordCountText(records.size()))
+                         : reason);
 }
 
 void MainWindowController::showAbout(QAction *)

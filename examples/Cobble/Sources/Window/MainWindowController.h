@@ -47,7 +47,10 @@ public:
     const std::shared_ptr<OpenLibrary> &library() const { return _library; }
 
     /// Shows a library; nil shows none.
-    void showLibrary(const QString &name);
+    /// \return why it cannot be shown; nil if it can be.
+    QString showLibrary(const QString &name);
+    /// Whether a sheet of the window is importing or exporting, so that it has to stay.
+    bool isWorking() const;
     /// Shows the records that the typed text finds.
     void search();
 
@@ -69,11 +72,13 @@ Q_SIGNALS:
     void closed(MainWindowController *controller);
 
 protected:
+    bool eventFilter(QObject *object, QEvent *event) override;
     void loadWindow() override;
     void windowDidLoad() override;
 
 private:
     void run(KTDialogController *dialog);
+    void selectInList(const QString &name);
     void listLibraries();
     void connectParts();
     void connectSheets();

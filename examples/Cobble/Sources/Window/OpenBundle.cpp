@@ -2,7 +2,15 @@
 
 #include "OpenLibrary.h"
 
+#include <KTUtility/Platform/AppKit/NSApplication.h>
 #include <KTUtility/Platform/Foundation/NSFileManager.h>
+
+#include <QFileInfo>
+
+namespace {
+/// How long windows stand still for another program that writes, in milliseconds.
+constexpr int Patience = 500;
+} // namespace
 
 OpenBundle::OpenBundle(const KTDatabaseBundle &bundle) : _bundle(bundle)
 {
@@ -16,9 +24,14 @@ void OpenBundle::reload()
     _open.clear();
     _libraries.clear();
     _errorText = QString();
-    if (!_store && NSFileManager::fileExistsAtPath(_bundle.databaseFilePath()))
+    const QFileInfo bundlePath(_bundle.bundlePath());
+    if (bundlePath.exists() && !bundlePath.isDir())
+        _errorText = QStringLiteral("%1 is no folder").arg(_bundle.bundlePath());
+    else if (!_store && NSFileManager::fileExistsAtPath(_bundle.databaseFilePath()))
         _store = LibraryStore::open(_bundle, LibraryStore::Mode::Existing, &_errorText);
     if (_store) {
+        _store->setPatience(Patience);
+        _dataVersion = _store->dataVersion();
         _libraries = _store->libraries();
         _errorText = _store->errorText();
     }
@@ -27,16 +40,18 @@ void OpenBundle::reload()
 
 std::shared_ptr<OpenLibrary> OpenBundle::open(const QString &name, QString *error)
 {
-    if (std::shared_ptr<OpenLibrary> opened = _open.value(name).lock())
-        return opened;
     const std::optional<Library> library = _store ? _store->libraryNamed(name) : std::nullopt;
     if (!library) {
-        *error = _store ? _store->reasonForNo(name) : QStringLiteral("there is no database");
+        *error = _store                ? _store->reasonForNo(name)
+                 : _errorText.isNull() ? QStringLiteral("there is no database")
+                                       : _errorText;
         return nullptr;
     }
+    if (std::shared_ptr<OpenLibrary> opened = _open.value(library->name).lock())
+        return opened;
     std::shared_ptr<OpenLibrary> opened = OpenLibrary::load(this, *library, error);
     if (opened)
-        _open.insert(name, opened);
+        _open.insert(library->name, opened);
     return opened;
 }
 
@@ -48,8 +63,37 @@ void OpenBundle::setBusy(bool isBusy)
     Q_EMIT busyChanged();
 }
 
-QString OpenBundle::reasonNotToWrite() const
+QString OpenBundle::reasonNotToWrite()
 {
-    return _isBusy ? QStringLiteral("an import is being stored; please wait until it is done")
-                   : QString();
+    if (_isBusy)
+        return QStringLiteral("an import or export is on its way; please wait until it is done");
+    return _store ? QString() : QStringLiteral("there is no database");
+}
+
+/// Begins to write, if what the windows show is what the database holds.
+QString OpenBundle::beginChange()
+{
+    const QString reason = reasonNotToWrite();
+    if (!reason.isNull())
+        return reason;
+    if (!_store->beginChange())
+        return _store->errorText();
+    if (_store->dataVersion() == _dataVersion)
+        return {};
+    _store->rollback();
+    NSApplication::performOnNextTurn(this, [this] { reload(); });
+    return QStringLiteral("another program has changed the database, which is read again; please "
+                          "try once more");
+}
+
+QString OpenBundle::change(const std::function<bool()> &changes)
+{
+    QString reason = beginChange();
+    if (!reason.isNull())
+        return reason;
+    if (changes() && _store->commit())
+        return {};
+    reason = _store->errorText();
+    _store->rollback();
+    return reason;
 }

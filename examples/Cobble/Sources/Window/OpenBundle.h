@@ -5,6 +5,8 @@
 #include <QHash>
 #include <QObject>
 
+#include <functional>
+
 class OpenLibrary;
 
 /// The database bundle that the windows of the application show.
@@ -38,18 +40,26 @@ public:
     /// Whether an import or an export is on its way. Only one can be.
     bool isBusy() const { return _isBusy; }
     void setBusy(bool isBusy);
-    /// Why records cannot be changed now; nil if they can be.
-    QString reasonNotToWrite() const;
+    /// Makes changes to records, all of them or none.
+    /// \param changes gives false for a change that the store has refused.
+    /// \return why nothing was changed; nil if all was. If another program has written meanwhile,
+    /// that is why, and the libraries are read again on the next turn of the run loop.
+    QString change(const std::function<bool()> &changes);
 
 Q_SIGNALS:
     void librariesChanged();
     void busyChanged();
 
 private:
+    QString reasonNotToWrite();
+    QString beginChange();
+
     KTDatabaseBundle _bundle;
     std::unique_ptr<LibraryStore> _store;
     QString _errorText;
     QList<Library> _libraries;
     QHash<QString, std::weak_ptr<OpenLibrary>> _open;
     bool _isBusy = false;
+    /// The store's, when it was read last.
+    qint64 _dataVersion = 0;
 };

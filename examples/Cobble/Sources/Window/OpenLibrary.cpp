@@ -3,7 +3,10 @@
 #include "OpenBundle.h"
 #include "UnusedMedia.h"
 
+#include <QScopedValueRollback>
+
 #include <algorithm>
+#include <utility>
 
 namespace {
 /// What stands between the texts of two fields, so that nothing is found across them.
@@ -102,13 +105,46 @@ qsizetype OpenLibrary::fieldWithKey(const QString &key) const
     return field - _library.fields.begin();
 }
 
-bool OpenLibrary::save(const StoredRecord &record, const QString &key, const QVariant &value)
+QString OpenLibrary::change(const std::function<void()> &changes)
 {
-    const QString reason = _bundle->reasonNotToWrite();
-    const bool isSaved = reason.isNull() &&
-                         _bundle->store()->update(_library, record.id(), fieldWithKey(key), value);
-    if (!isSaved)
-        Q_EMIT refused(reason.isNull() ? _bundle->store()->errorText() : reason);
+    if (_isChanging) {
+        changes();
+        return {};
+    }
+    _replaced.clear();
+    _isRefused = false;
+    const QString reason = _bundle->change([&] {
+        const QScopedValueRollback<bool> changing(_isChanging, true);
+        changes();
+        return !_isRefused;
+    });
+    if (!reason.isNull())
+        takeBack();
+    _replaced.clear();
+    return reason;
+}
+
+/// Gives the records the values that the database still has.
+void OpenLibrary::takeBack()
+{
+    const std::vector<Replaced> replaced = std::exchange(_replaced, {});
+    for (auto each = replaced.rbegin(); each != replaced.rend(); ++each)
+        each->record->setSavedValue(each->value, each->key);
+}
+
+bool OpenLibrary::save(StoredRecord &record, const QString &key, const QVariant &value)
+{
+    if (!_isChanging) {
+        const QString reason = change([&] { save(record, key, value); });
+        if (!reason.isNull())
+            Q_EMIT refused(reason);
+        return reason.isNull();
+    }
+    const bool isSaved =
+        !_isRefused && _bundle->store()->update(_library, record.id(), fieldWithKey(key), value);
+    _isRefused = !isSaved;
+    if (isSaved)
+        _replaced.push_back({&record, key, record.values().value(key)});
     return isSaved;
 }
 
@@ -121,29 +157,18 @@ void OpenLibrary::addMediaOf(const FormRecord &record, QSet<QString> *media) con
     }
 }
 
-/// \return why they are still there; nil if they are not.
-QString OpenLibrary::removeFromDatabase(const QList<StoredRecord *> &records)
+bool OpenLibrary::removeFromDatabase(const QList<StoredRecord *> &records)
 {
-    LibraryStore &store = *_bundle->store();
-    bool isDone = store.begin();
-    for (const StoredRecord *const record : records)
-        isDone = isDone && store.removeRecord(_library, record->id());
-    if (isDone && store.commit())
-        return {};
-    const QString reason = store.errorText();
-    store.rollback();
-    return reason;
+    return std::all_of(records.begin(), records.end(), [this](const StoredRecord *record) {
+        return _bundle->store()->removeRecord(_library, record->id());
+    });
 }
 
-bool OpenLibrary::removeRecords(const QList<StoredRecord *> &records)
+QString OpenLibrary::removeRecords(const QList<StoredRecord *> &records)
 {
-    QString reason = _bundle->reasonNotToWrite();
-    if (reason.isNull())
-        reason = removeFromDatabase(records);
-    if (!reason.isNull()) {
-        Q_EMIT refused(reason);
-        return false;
-    }
+    const QString reason = _bundle->change([&] { return removeFromDatabase(records); });
+    if (!reason.isNull())
+        return reason;
     const QSet<StoredRecord *> gone(records.begin(), records.end());
     const auto firstGone =
         std::stable_partition(_records.begin(), _records.end(),
@@ -156,5 +181,5 @@ bool OpenLibrary::removeRecords(const QList<StoredRecord *> &records)
     _records.erase(firstGone, _records.end());
     Q_EMIT recordsWillGo();
     UnusedMedia::remove(_bundle->bundle(), *_bundle->store(), media);
-    return true;
+    return {};
 }

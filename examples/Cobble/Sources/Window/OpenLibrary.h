@@ -3,6 +3,7 @@
 #include "RecordTexts.h"
 #include "StoredRecord.h"
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -44,17 +45,21 @@ public:
     /// A text without the differences that a search passes over: those of case, accents and width.
     static QString folded(const QString &text);
 
-    /// Writes a value of a record to the database. \return false after refused().
-    bool save(const StoredRecord &record, const QString &key, const QVariant &value);
+    /// Makes changes to records of the library, all of them or none.
+    /// \param changes sets values of records.
+    /// \return why nothing was changed; nil if all was.
+    QString change(const std::function<void()> &changes);
     /// Takes records away, all of them or none, with their media files that no other record uses.
-    /// \return false after refused().
-    bool removeRecords(const QList<StoredRecord *> &records);
+    /// \return why they are still there; nil if they are not.
+    QString removeRecords(const QList<StoredRecord *> &records);
+    /// For records: writes a value to the database. \return false if that was refused.
+    bool save(StoredRecord &record, const QString &key, const QVariant &value);
 
 Q_SIGNALS:
     void recordChanged(StoredRecord *record, const QString &key);
     /// Records are gone from records(), and will be destroyed when the signal has been handled.
     void recordsWillGo();
-    /// A change could not be stored.
+    /// A value that was set outside of change() could not be stored.
     void refused(const QString &reason);
 
 private:
@@ -63,10 +68,22 @@ private:
     QString readRecords();
     qsizetype fieldWithKey(const QString &key) const;
     void addMediaOf(const FormRecord &record, QSet<QString> *media) const;
-    QString removeFromDatabase(const QList<StoredRecord *> &records);
+    bool removeFromDatabase(const QList<StoredRecord *> &records);
+    void takeBack();
+
+    /// A value that change() has replaced.
+    struct Replaced
+    {
+        StoredRecord *record;
+        QString key;
+        QVariant value;
+    };
 
     OpenBundle *_bundle;
     Library _library;
+    bool _isChanging = false;
+    bool _isRefused = false;
+    std::vector<Replaced> _replaced;
     std::vector<std::unique_ptr<FormField>> _fields;
     std::vector<std::unique_ptr<FieldReader>> _readers;
     std::vector<std::unique_ptr<StoredRecord>> _records;

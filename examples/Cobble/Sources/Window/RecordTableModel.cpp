@@ -1,24 +1,11 @@
 #include "RecordTableModel.h"
 
+#include "ShortText.h"
 #include "ValueOrder.h"
 
 #include <KTUtility/Platform/Foundation/NSObject.h>
 
 #include <QBrush>
-
-namespace {
-/// A cell is one line, and no wider than a screen.
-constexpr qsizetype LongestShown = 300;
-
-QString firstLine(const QString &text)
-{
-    qsizetype end = 0;
-    while (end < text.size() && end < LongestShown && text.at(end) != u'\n' &&
-           text.at(end) != u'\r')
-        ++end;
-    return end == text.size() ? text : QString(QStringView(text).first(end) + QChar(0x2026));
-}
-} // namespace
 
 RecordTableModel::RecordTableModel(NSArrayController *records) : _records(records)
 {
@@ -61,7 +48,7 @@ int RecordTableModel::columnCount(const QModelIndex &parent) const
 
 QString RecordTableModel::shownText(const StoredRecord &record, qsizetype field) const
 {
-    return firstLine(_library->text(record, field));
+    return ShortText::firstLine(_library->text(record, field));
 }
 
 bool RecordTableModel::isNumber(qsizetype field) const
@@ -106,7 +93,7 @@ QVariant RecordTableModel::headerData(int section, Qt::Orientation orientation, 
     if (orientation != Qt::Horizontal || !_library)
         return QAbstractTableModel::headerData(section, orientation, role);
     if (role == Qt::DisplayRole)
-        return firstLine(_library->library().fields.at(section).title());
+        return ShortText::firstLine(_library->library().fields.at(section).title());
     if (role == Qt::TextAlignmentRole)
         return QVariant((isNumber(section) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     return {};
@@ -121,30 +108,27 @@ Qt::ItemFlags RecordTableModel::flags(const QModelIndex &index) const
     return isMedia ? flags : flags | Qt::ItemIsEditable;
 }
 
-QString RecordTableModel::reasonNotToTake(const QString &text, qsizetype field) const
+QString RecordTableModel::take(const QString &text, const QModelIndex &at)
 {
-    if (text.isEmpty())
+    StoredRecord *const record = recordAt(at.row());
+    if (!record || text == data(at, Qt::EditRole).toString())
         return {};
-    const FieldReading reading = _library->reader(field).read(text);
-    if (reading.isRead)
-        return {};
-    return reading.reason.isEmpty() ? QStringLiteral("it cannot be read") : reading.reason;
+    const FieldReading reading =
+        text.isEmpty() ? FieldReading{true, {}, {}, {}} : _library->reader(at.column()).read(text);
+    if (!reading.isRead)
+        return reading.reason.isEmpty() ? QStringLiteral("it cannot be read") : reading.reason;
+    const QString key = _library->library().fields.at(at.column()).columnName;
+    return _library->change([&] { record->setValueForKey(reading.value, key); });
 }
 
 bool RecordTableModel::setData(const QModelIndex &index, const QVariant &value, int role)
 {
-    StoredRecord *const record = recordAt(index.row());
-    const QString text = value.toString();
-    if (!record || role != Qt::EditRole || text == data(index, Qt::EditRole).toString())
+    if (role != Qt::EditRole)
         return false;
-    const FieldReading reading = text.isEmpty() ? FieldReading{true, {}, {}, {}}
-                                                : _library->reader(index.column()).read(text);
-    if (!reading.isRead) {
-        Q_EMIT _library->refused(reading.reason);
-        return false;
-    }
-    return record->setValueForKey(reading.value,
-                                  _library->library().fields.at(index.column()).columnName);
+    const QString reason = take(value.toString(), index);
+    if (!reason.isNull())
+        Q_EMIT refused(reason);
+    return reason.isNull();
 }
 
 void RecordTableModel::sort(int column, Qt::SortOrder order)

@@ -23,8 +23,9 @@ public:
     /// \param library what the records belong to; null if there are none.
     void setLibrary(const std::shared_ptr<OpenLibrary> &library);
     StoredRecord *recordAt(qsizetype row) const;
-    /// Why a field cannot read a text; nil if it can. An empty text is no value.
-    QString reasonNotToTake(const QString &text, qsizetype field) const;
+    /// Has a cell's field read a text; an empty one is no value.
+    /// \return why it was not taken; nil if it was, or is what the cell shows.
+    QString take(const QString &text, const QModelIndex &at);
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
@@ -33,6 +34,10 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
     void sort(int column, Qt::SortOrder order) override;
+
+Q_SIGNALS:
+    /// A cell could not read what was typed into it, or it could not be stored.
+    void refused(const QString &reason);
 
 private:
     void reset();

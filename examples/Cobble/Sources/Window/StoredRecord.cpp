@@ -12,13 +12,17 @@ bool StoredRecord::setValueForKey(const QVariant &value, const QString &key)
         return false;
     if (NSObject::isEqual(values().value(key), value))
         return true;
-    if (!_library->save(*this, key, value)) {
+    if (_library->save(*this, key, value))
+        setSavedValue(value, key);
+    else
         NSApplication::performOnNextTurn(
             this, [this, key] { NSKeyValueObserving::didChangeValueForKey(this, key); });
-        return true;
-    }
+    return true;
+}
+
+void StoredRecord::setSavedValue(const QVariant &value, const QString &key)
+{
     _searchText = QString();
     FormRecord::setValueForKey(value, key);
     Q_EMIT _library->recordChanged(this, key);
-    return true;
 }

@@ -6,8 +6,8 @@ class OpenLibrary;
 
 /// A record of an open library: setting a value writes it to the database.
 ///
-/// A value that cannot be written is not taken; OpenLibrary::refused() tells why, and whoever
-/// observes the record is told of the value that it has, on the next turn of the run loop.
+/// A value that cannot be written is not taken; OpenLibrary::change() or refused() tells why, and
+/// whoever observes the record is told of the value that it has, on the next turn of the run loop.
 class StoredRecord : public FormRecord
 {
     Q_OBJECT
@@ -20,6 +20,8 @@ public:
 
     qint64 id() const { return _number; }
     bool setValueForKey(const QVariant &value, const QString &key) override;
+    /// Takes a value that the database has.
+    void setSavedValue(const QVariant &value, const QString &key);
 
     /// What a search looks through: the texts of all fields. Nil until it is asked for.
     const QString &searchText() const { return _searchText; }

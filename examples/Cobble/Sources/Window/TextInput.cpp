@@ -1,5 +1,6 @@
 #include "TextInput.h"
 
+#include <QKeyEvent>
 #include <QMimeData>
 
 #include <algorithm>
@@ -25,6 +26,11 @@ void TextInput::setWrapModeFor(const QString &text)
     setLineWrapMode(hasLongWord(text) ? NoWrap : WidgetWidth);
 }
 
+QString TextInput::text() const
+{
+    return document()->toRawText().replace(QChar::ParagraphSeparator, u'\n');
+}
+
 void TextInput::setText(const QString &text)
 {
     // Nothing is to be broken anew while the mode changes.
@@ -33,10 +39,19 @@ void TextInput::setText(const QString &text)
     setPlainText(text);
 }
 
+void TextInput::keyPressEvent(QKeyEvent *event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && event->modifiers().testFlag(Qt::ShiftModifier))
+        insertPlainText(QStringLiteral("\n"));
+    else
+        QPlainTextEdit::keyPressEvent(event);
+}
+
 void TextInput::insertFromMimeData(const QMimeData *source)
 {
     // As if it came into the longest word.
     if (source->hasText())
-        setWrapModeFor(toPlainText() + source->text());
+        setWrapModeFor(text() + source->text());
     QPlainTextEdit::insertFromMimeData(source);
 }

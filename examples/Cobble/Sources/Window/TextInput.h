@@ -11,10 +11,14 @@ class TextInput : public QPlainTextEdit
 public:
     explicit TextInput(QWidget *parent = nullptr);
 
+    /// The text with all its characters; toPlainText() makes blanks of those that do not break.
+    QString text() const;
     /// Replaces the text.
     void setText(const QString &text);
 
 protected:
+    /// Shift+Return begins a new line, as Return does.
+    void keyPressEvent(QKeyEvent *event) override;
     void insertFromMimeData(const QMimeData *source) override;
 
 private:

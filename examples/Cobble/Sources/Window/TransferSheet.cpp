@@ -7,6 +7,8 @@
 #include <QProgressBar>
 #include <QPushButton>
 
+#include <exception>
+
 namespace {
 bool isEscape(const QEvent *event)
 {
@@ -59,20 +61,41 @@ void TransferSheet::showProblem(const QString &problem)
     auto *const label = outlet<QLabel>(QStringLiteral("problemLabel"));
     label->setText(problem);
     label->setVisible(!problem.isEmpty());
+    outlet<QLineEdit>(QStringLiteral("fileEdit"))->setAccessibleDescription(problem);
+}
+
+void TransferSheet::setInputsEnabled(bool isEnabled)
+{
+    for (QWidget *const part : window()->findChildren<QWidget *>()) {
+        const bool isInput =
+            qobject_cast<QLineEdit *>(part) || qobject_cast<QAbstractButton *>(part);
+        if (isInput && part->objectName() != u"cancelButton")
+            part->setEnabled(isEnabled);
+    }
 }
 
 void TransferSheet::setWorking(bool isWorking)
 {
     _isWorking = isWorking;
     _isCancelled = false;
+    if (isWorking)
+        _lastFocus = window()->focusWidget();
     auto *const bar = outlet<QProgressBar>(QStringLiteral("progressBar"));
     bar->setVisible(isWorking);
     bar->setRange(0, 0);
-    for (QWidget *const part : window()->findChildren<QWidget *>()) {
-        const bool isInput =
-            qobject_cast<QLineEdit *>(part) || qobject_cast<QAbstractButton *>(part);
-        if (isInput && part->objectName() != u"cancelButton")
-            part->setEnabled(!isWorking);
+    setInputsEnabled(!isWorking);
+    // A widget that cannot be used for a while loses the keyboard.
+    if (!isWorking && _lastFocus)
+        _lastFocus->setFocus();
+}
+
+/// Does the work, in which code of plug-ins may fail.
+QString TransferSheet::workSafely()
+{
+    try {
+        return work();
+    } catch (const std::exception &failure) {
+        return QString::fromUtf8(failure.what());
     }
 }
 
@@ -89,7 +112,7 @@ void TransferSheet::go()
     setWorking(true);
     _bundle->setBusy(true);
     _lastLook.start();
-    const QString problem = work();
+    const QString problem = workSafely();
     _bundle->setBusy(false);
     setWorking(false);
     if (problem.isNull())

@@ -5,6 +5,7 @@
 #include <KTUtility/KTDialogController.h>
 
 #include <QElapsedTimer>
+#include <QPointer>
 
 /// A sheet that asks for a file and then shows how far the work with it is. Cancel and Escape end
 /// the sheet, or the work while there is some.
@@ -52,8 +53,11 @@ protected:
 private:
     void showProblem(const QString &problem);
     void setWorking(bool isWorking);
+    void setInputsEnabled(bool isEnabled);
+    QString workSafely();
 
     OpenBundle *_bundle;
+    QPointer<QWidget> _lastFocus;
     QElapsedTimer _lastLook;
     qint64 _lookInterval = 40;
     bool _isWorking = false;

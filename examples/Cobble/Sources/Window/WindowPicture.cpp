@@ -5,6 +5,8 @@
 #include <QWidget>
 #include <QWindow>
 
+#include <algorithm>
+
 namespace {
 constexpr int ShadowWidth = 12;
 
@@ -34,6 +36,13 @@ void drawSheet(QPainter &painter, const QRect &window, QWidget *sheet)
     painter.drawPixmap(place.topLeft(), picture);
 }
 } // namespace
+
+bool WindowPicture::hasSheet(const QWidget *window)
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.begin(), windows.end(),
+                       [window](const QWidget *each) { return isSheetOf(each, window); });
+}
 
 QImage WindowPicture::of(QWidget *window)
 {

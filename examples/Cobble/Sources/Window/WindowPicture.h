@@ -10,4 +10,6 @@ namespace WindowPicture {
 /// A window with the sheets that lie over it, as a desktop shows them: the window behind a sheet is
 /// darkened.
 QImage of(QWidget *window);
+/// Whether a sheet lies over a window.
+bool hasSheet(const QWidget *window);
 } // namespace WindowPicture
