@@ -1,8 +1,8 @@
 #include "NSWindowController.h"
 
+#include "NSNib.h"
+
 #include <QCloseEvent>
-#include <QFile>
-#include <QUiLoader>
 
 namespace {
 constexpr const char *DelegateProperty = "_NSWindowDelegate";
@@ -49,11 +49,8 @@ void NSWindowController::setWindow(QWidget *window)
 
 void NSWindowController::loadWindow()
 {
-    QFile file(_interfaceFile);
-    if (_interfaceFile.isEmpty() || !file.open(QIODevice::ReadOnly))
-        return;
-    QUiLoader loader;
-    setWindow(loader.load(&file));
+    if (!_interfaceFile.isEmpty())
+        setWindow(NSNib::instantiate(_interfaceFile, this).release());
 }
 
 void NSWindowController::windowDidLoad() {}

@@ -29,6 +29,7 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSFileManager.cpp
     Platform/Foundation/NSFileRename.cpp
     Platform/Foundation/NSFormatter.cpp
+    Platform/Foundation/NSIndexPath.cpp
     Platform/Foundation/NSInvoker.cpp
     Platform/Foundation/NSKeyAccessor.cpp
     Platform/Foundation/NSKeyPath.cpp

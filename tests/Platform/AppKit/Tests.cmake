@@ -1,4 +1,6 @@
 target_sources(KTUtilityTests PRIVATE
     Platform/AppKit/NSArrayControllerTests.cpp
+    Platform/AppKit/NSImageTests.cpp
     Platform/AppKit/NSMenuItemTests.cpp
+    Platform/AppKit/NSNibTests.cpp
 )

@@ -1,0 +1,76 @@
+#include "KTMediaFieldSlider.h"
+
+#include "KTMediaFieldSliderCell.h"
+#include "Platform/AppKit/NSImage.h"
+#include "Platform/Foundation/NSClassRegistry.h"
+
+#include <QPainter>
+
+namespace {
+/// Gives a slider the settings of one that was just made.
+void resetSettings(QSlider &slider)
+{
+    const QSlider fresh(slider.orientation());
+    slider.setRange(fresh.minimum(), fresh.maximum());
+    slider.setValue(fresh.value());
+    slider.setSingleStep(fresh.singleStep());
+    slider.setPageStep(fresh.pageStep());
+    slider.setTickPosition(fresh.tickPosition());
+    slider.setTickInterval(fresh.tickInterval());
+    slider.setTracking(fresh.hasTracking());
+    slider.setInvertedAppearance(fresh.invertedAppearance());
+    slider.setInvertedControls(fresh.invertedControls());
+}
+
+QSize withRoomForPicture(const QSize &size, const NSSliderCell *cell)
+{
+    const auto *const pictured = dynamic_cast<const KTMediaFieldSliderCell *>(cell);
+    // The picture stands a point above the lower edge of the knob.
+    const QSizeF picture = pictured ? NSImage::sizeOf(pictured->knobImage()) : QSizeF();
+    return size.expandedTo((picture + QSizeF(2, 4)).toSize());
+}
+} // namespace
+
+KTMediaFieldSlider::KTMediaFieldSlider(QWidget *parent) : QSlider(Qt::Horizontal, parent)
+{
+    setCell(std::make_unique<KTMediaFieldSliderCell>());
+}
+
+KTMediaFieldSlider::~KTMediaFieldSlider() = default;
+
+void KTMediaFieldSlider::setCell(std::unique_ptr<NSSliderCell> cell)
+{
+    _cell = std::move(cell);
+    if (_cell)
+        _cell->setControlView(this);
+    resetSettings(*this);
+    updateGeometry();
+    update();
+}
+
+void KTMediaFieldSlider::awakeFromNib()
+{
+    setCell(std::make_unique<KTMediaFieldSliderCell>());
+}
+
+QSize KTMediaFieldSlider::sizeHint() const
+{
+    return withRoomForPicture(QSlider::sizeHint(), _cell.get());
+}
+
+QSize KTMediaFieldSlider::minimumSizeHint() const
+{
+    return withRoomForPicture(QSlider::minimumSizeHint(), _cell.get());
+}
+
+void KTMediaFieldSlider::paintEvent(QPaintEvent *event)
+{
+    if (!_cell) {
+        QSlider::paintEvent(event);
+        return;
+    }
+    QPainter painter(this);
+    _cell->drawInterior(painter);
+}
+
+KT_REGISTER_CLASS(KTMediaFieldSlider)

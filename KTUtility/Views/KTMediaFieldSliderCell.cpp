@@ -1,0 +1,21 @@
+#include "KTMediaFieldSliderCell.h"
+
+#include "Platform/AppKit/NSImage.h"
+
+KTMediaFieldSliderCell::KTMediaFieldSliderCell()
+    : _knobImage(NSImage::imageNamed(QStringLiteral("book_dash_sliderthumb")))
+{
+}
+
+QPointF KTMediaFieldSliderCell::knobOrigin(const QRectF &knobRect) const
+{
+    return {knobRect.x() + knobRect.width() * 0.5 - NSImage::sizeOf(_knobImage).width() * 0.5,
+            knobRect.y() + knobRect.height() - 1.0};
+}
+
+void KTMediaFieldSliderCell::drawKnob(QPainter &painter, const QRectF &knobRect)
+{
+    if (!_knobImage.isNull() && NSImage::isFinite(knobRect))
+        painter.drawImage(knobOrigin(knobRect) - QPointF(0, NSImage::sizeOf(_knobImage).height()),
+                          _knobImage);
+}

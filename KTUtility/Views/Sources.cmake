@@ -1,0 +1,7 @@
+target_sources(KTUtility PRIVATE
+    Views/KTFocusRing.cpp
+    Views/KTFocusRingScrollView.cpp
+    Views/KTFocusRingView.cpp
+    Views/KTMediaFieldSlider.cpp
+    Views/KTMediaFieldSliderCell.cpp
+)

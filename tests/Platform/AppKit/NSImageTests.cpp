@@ -1,0 +1,159 @@
+// Pictures of the ground floor, and the coordinates they are drawn in.
+
+#include <KTUtility/Platform/AppKit/CIImage.h>
+#include <KTUtility/Platform/AppKit/NSFont.h>
+#include <KTUtility/Platform/AppKit/NSGraphicsContext.h>
+#include <KTUtility/Platform/AppKit/NSImage.h>
+
+#include "support/PictureSupport.h"
+#include "support/TestSupport.h"
+
+#include <QFontMetricsF>
+#include <QGuiApplication>
+
+using namespace testing_support;
+
+TEST(NSImage, PicturesAreFoundByName)
+{
+    needApplication();
+    EXPECT_EQ(NSImage::imageNamed(QStringLiteral("dragBadge3.tif")).size(), QSize(40, 22));
+    EXPECT_EQ(NSImage::imageNamed(QStringLiteral("book_dash_sliderthumb")).size(), QSize(15, 16));
+    EXPECT_TRUE(NSImage::imageNamed(QStringLiteral("nothing")).isNull());
+    EXPECT_TRUE(NSImage::imageNamed(QStringLiteral("nothing.png")).isNull());
+    EXPECT_TRUE(NSImage::imageNamed(QString()).isNull());
+}
+
+TEST(NSImage, SharpPicturesHaveTwiceThePixels)
+{
+    for (const char16_t *const name :
+         {u"dragBadge1-2", u"dragBadge3", u"dragBadge4", u"dragBadge5"}) {
+        const QString file = QString::fromUtf16(name);
+        const QSize size = NSImage::imageNamed(file + u".tif").size();
+        EXPECT_FALSE(size.isEmpty());
+        EXPECT_EQ(NSImage::imageNamed(file + u"@2x.tif").size(), size * 2) << file.toStdString();
+    }
+    EXPECT_EQ(NSImage::imageNamed(QStringLiteral("book_dash_sliderthumb@2x")).size(),
+              QSize(30, 32));
+}
+
+TEST(NSImage, SizesAreInPoints)
+{
+    const QImage image = NSImage::imageOfSize({100, 50}, 2);
+    EXPECT_EQ(image.size(), QSize(200, 100));
+    EXPECT_EQ(NSImage::sizeOf(image), QSizeF(100, 50));
+    EXPECT_EQ(inkOf(image), 0);
+    EXPECT_EQ(NSImage::imageOfSize({10.2, 10}).size(), QSize(11, 10));
+}
+
+TEST(NSImage, ImpossiblePicturesAreNull)
+{
+    for (const QSizeF &size :
+         {QSizeF(), QSizeF(0, 5), QSizeF(-5, 5), QSizeF(NotANumber, 5), QSizeF(Infinite, 5),
+          QSizeF(20000, 20000), QSizeF(40000, 1), QSizeF(1e300, 1e300)}) {
+        EXPECT_FALSE(NSImage::canMakeImageOfPixels(size));
+        EXPECT_TRUE(NSImage::imageOfSize(size).isNull());
+    }
+    EXPECT_TRUE(NSImage::canMakeImageOfPixels({5700, 5700}));
+    EXPECT_TRUE(NSImage::drawableCopy(QImage()).isNull());
+    EXPECT_TRUE(NSImage::TIFFRepresentation(QImage()).isEmpty());
+}
+
+TEST(NSImage, UprightCoordinatesStartAtTheBottom)
+{
+    QImage image = NSImage::imageOfSize({10, 10});
+    QPainter painter(&image);
+    NSGraphicsContext::turnUpright(painter, 10);
+    painter.fillRect(0, 0, 2, 2, Qt::red);
+    painter.end();
+    EXPECT_COLOR(image.pixelColor(0, 9), Qt::red, 0);
+    EXPECT_COLOR(image.pixelColor(0, 0), Qt::transparent, 0);
+}
+
+TEST(NSImage, DrawsUprightWhereYPointsUp)
+{
+    const QImage picture = quarters(4, 4);
+    QImage canvas = NSImage::imageOfSize({10, 10});
+    {
+        QPainter painter(&canvas);
+        NSGraphicsContext::turnUpright(painter, 10);
+        NSImage::drawInRect(picture, painter, {1, 2, 4, 4});
+    }
+    EXPECT_COLOR(pixelFromBottom(canvas, 1, 2), Qt::red, 0);
+    EXPECT_COLOR(pixelFromBottom(canvas, 4, 5), Qt::white, 0);
+    EXPECT_EQ(inkOf(canvas), 16);
+    QImage flipped = NSImage::imageOfSize({10, 10});
+    QPainter painter(&flipped);
+    NSImage::drawInRect(picture, painter, {0, 0, 4, 4});
+    EXPECT_COLOR(flipped.pixelColor(0, 0), Qt::red, 0);
+}
+
+TEST(NSImage, PartsAreMeasuredFromTheBottomLeft)
+{
+    QImage canvas = NSImage::imageOfSize({4, 4});
+    QPainter painter(&canvas);
+    NSGraphicsContext::turnUpright(painter, 4);
+    NSImage::drawInRect(quarters(8, 8), painter, {0, 0, 4, 4}, {4, 0, 4, 4});
+    painter.end();
+    EXPECT_COLOR(canvas.pixelColor(1, 1), Qt::green, 0);
+    EXPECT_COLOR(canvas.pixelColor(3, 3), Qt::green, 0);
+}
+
+TEST(NSImage, NothingIsDrawnOfNonsense)
+{
+    QImage canvas = NSImage::imageOfSize({4, 4});
+    QPainter painter(&canvas);
+    const QImage picture = quarters(4, 4);
+    NSImage::drawInRect(QImage(), painter, {0, 0, 4, 4});
+    NSImage::drawInRect(picture, painter, {0, NotANumber, 4, 4});
+    NSImage::drawInRect(picture, painter, {0, 0, Infinite, 4});
+    NSImage::drawInRect(picture, painter, {0, 0, 4, 4}, {NotANumber, 0, 4, 4});
+    NSImage::drawInRect(picture, painter, {0, 0, 0, 0});
+    NSImage::drawInRect(picture, painter, {0, 0, 4, 4}, {}, QPainter::CompositionMode_SourceOver,
+                        NotANumber);
+    painter.end();
+    NSImage::drawInRect(picture, painter, {0, 0, 4, 4});
+    EXPECT_EQ(inkOf(canvas), 0);
+}
+
+TEST(NSImage, TheStateOfThePainterIsKept)
+{
+    QImage canvas = NSImage::imageOfSize({4, 4});
+    QPainter painter(&canvas);
+    painter.setOpacity(0.25);
+    NSImage::drawInRect(quarters(4, 4), painter, {1, 1, 2, 2}, {}, QPainter::CompositionMode_Source,
+                        0.5);
+    EXPECT_EQ(painter.opacity(), 0.25);
+    EXPECT_TRUE(painter.transform().isIdentity());
+    EXPECT_EQ(painter.compositionMode(), QPainter::CompositionMode_SourceOver);
+}
+
+TEST(CIImage, CoversItsPixels)
+{
+    EXPECT_TRUE(CIImage().isNull());
+    EXPECT_TRUE(CIImage().extent().isEmpty());
+    EXPECT_EQ(CIImage(quarters(6, 4), {-3, 2}).extent(), QRectF(-3, 2, 6, 4));
+}
+
+TEST(NSFont, FontsOfSize)
+{
+    needApplication();
+    EXPECT_EQ(NSFont::userFontOfSize(11).pixelSize(), 11);
+    EXPECT_EQ(NSFont::userFontOfSize(11).family(), QGuiApplication::font().family());
+    EXPECT_EQ(NSFont::systemFontOfSize(0).pixelSize(), NSFont::systemFontSize);
+    EXPECT_EQ(NSFont::systemFontOfSize(-7).pixelSize(), NSFont::systemFontSize);
+}
+
+TEST(NSFont, TheBoundingRectangleHoldsEveryCharacter)
+{
+    needApplication();
+    const QFont font = NSFont::systemFontOfSize(100);
+    const QRectF box = NSFont::boundingRectForFont(font);
+    const QRectF letters = QFontMetricsF(font).tightBoundingRect(QStringLiteral("ÅgjQ|"));
+    EXPECT_LE(box.top(), -letters.bottom() + 1);
+    EXPECT_GE(box.bottom(), -letters.top() - 1);
+    EXPECT_NEAR(NSFont::boundingRectForFont(NSFont::systemFontOfSize(200)).height(),
+                2 * box.height(), 0.01);
+    QFont missing(QStringLiteral("No Such Font At All"));
+    missing.setPixelSize(100);
+    EXPECT_GT(NSFont::boundingRectForFont(missing).height(), 50);
+}

@@ -1,0 +1,144 @@
+// Interface files: registered classes, outlets, delegates, and waking.
+
+#include <KTUtility/Platform/AppKit/NSNib.h>
+#include <KTUtility/Platform/AppKit/NSWindowController.h>
+#include <KTUtility/Platform/Foundation/NSClassRegistry.h>
+
+#include "support/TestSupport.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+namespace {
+QStringList &awakened()
+{
+    static QStringList names;
+    return names;
+}
+
+/// A view that only this test knows.
+class NibView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE void setDelegate(QObject *object) { delegate = object; }
+    Q_INVOKABLE void awakeFromNib() { awakened() += objectName(); }
+
+    QObject *delegate = nullptr;
+};
+KT_REGISTER_CLASS(NibView)
+
+class NibOwner : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(NibView *panel MEMBER panel)
+    Q_PROPERTY(QLabel *label MEMBER label)
+    Q_PROPERTY(QPushButton *missing MEMBER missing)
+    Q_PROPERTY(QPushButton *wrongClass MEMBER wrongClass)
+    Q_PROPERTY(QString text MEMBER text)
+
+public:
+    Q_INVOKABLE void awakeFromNib() { awakened() += QStringLiteral("owner"); }
+
+    NibView *panel = nullptr;
+    QLabel *label = nullptr;
+    QPushButton *missing = nullptr;
+    QPushButton *wrongClass = nullptr;
+    QString text;
+};
+
+constexpr char Form[] = R"(<?xml version="1.0" encoding="UTF-8"?>
+<ui version="4.0"><class>Form</class>
+ <widget class="QWidget" name="form">
+  <widget class="NibView" name="panel">
+   <property name="delegateOutlet" stdset="0"><string>owner</string></property>
+   <widget class="QLabel" name="label"><property name="text"><string>Hello</string></property></widget>
+   <widget class="QLabel" name="wrongClass"/>
+   <widget class="NibView" name="inner"/>
+  </widget>
+ </widget>
+</ui>)";
+
+class NibTest : public testing_support::WindowedTest
+{
+protected:
+    NibTest() { awakened().clear(); }
+    QString fileOf(const QByteArray &contents)
+    {
+        const QString path = folder.filePath(QStringLiteral("Form.ui"));
+        testing_support::writeFile(path, contents);
+        return path;
+    }
+
+    QTemporaryDir folder;
+    QString error;
+};
+} // namespace
+
+TEST_F(NibTest, MakesRegisteredClassesAndConnectsOutlets)
+{
+    NibOwner owner;
+    const auto root = NSNib::instantiate(fileOf(Form), &owner, &error);
+    ASSERT_NE(root, nullptr);
+    EXPECT_EQ(error, QString());
+    ASSERT_NE(owner.panel, nullptr);
+    EXPECT_EQ(owner.panel->parentWidget(), root.get());
+    ASSERT_NE(owner.label, nullptr);
+    EXPECT_EQ(owner.label->text(), QStringLiteral("Hello"));
+    EXPECT_EQ(owner.missing, nullptr);
+    EXPECT_EQ(owner.wrongClass, nullptr);
+}
+
+TEST_F(NibTest, DelegatesAreTheOwnerWhereTheFormSaysSo)
+{
+    NibOwner owner;
+    const auto root = NSNib::instantiate(fileOf(Form), &owner);
+    EXPECT_EQ(owner.panel->delegate, &owner);
+    EXPECT_EQ(root->findChild<NibView *>(QStringLiteral("inner"))->delegate, nullptr);
+}
+
+TEST_F(NibTest, WakesTheInnermostFirstAndTheOwnerLast)
+{
+    NibOwner owner;
+    const auto root = NSNib::instantiate(fileOf(Form), &owner);
+    EXPECT_EQ(awakened(), QStringList({QStringLiteral("inner"), QStringLiteral("panel"),
+                                       QStringLiteral("owner")}));
+}
+
+TEST_F(NibTest, WorksWithoutOwner)
+{
+    const auto root = NSNib::instantiate(fileOf(Form), nullptr);
+    ASSERT_NE(root, nullptr);
+    EXPECT_EQ(root->findChild<NibView *>(QStringLiteral("panel"))->delegate, nullptr);
+    EXPECT_EQ(awakened().size(), 2);
+}
+
+TEST_F(NibTest, BrokenFilesAreNull)
+{
+    NibOwner owner;
+    EXPECT_EQ(NSNib::instantiate(QString(), &owner, &error), nullptr);
+    EXPECT_EQ(error, QStringLiteral("there is no such file"));
+    EXPECT_EQ(NSNib::instantiate(folder.filePath(QStringLiteral("none.ui")), &owner, &error),
+              nullptr);
+    EXPECT_FALSE(error.isEmpty());
+    for (const QByteArray &contents :
+         {QByteArray(), QByteArray("no form"), QByteArray(Form).left(300),
+          QByteArray("<ui version=\"4.0\"></ui>"), QByteArray("\x00\xff\x01", 3)}) {
+        error.clear();
+        testing_support::standardErrorOf(
+            [&] { EXPECT_EQ(NSNib::instantiate(fileOf(contents), &owner, &error), nullptr); });
+        EXPECT_FALSE(error.isEmpty());
+    }
+    EXPECT_EQ(owner.panel, nullptr);
+    EXPECT_TRUE(awakened().isEmpty());
+}
+
+TEST_F(NibTest, WindowControllersLoadRegisteredClasses)
+{
+    NSWindowController controller(fileOf(Form));
+    EXPECT_NE(controller.outlet<NibView>(QStringLiteral("panel")), nullptr);
+    EXPECT_EQ(awakened().size(), 2);
+}
+
+#include "NSNibTests.moc"

@@ -1,0 +1,4 @@
+target_sources(KTUtilityTests PRIVATE
+    Views/FocusRingTests.cpp
+    Views/SliderTests.cpp
+)
