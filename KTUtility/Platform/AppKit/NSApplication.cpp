@@ -126,6 +126,11 @@ QWidget *NSApplication::modalWindow()
     return sessions().isEmpty() ? nullptr : sessions().last()->window();
 }
 
+bool NSApplication::isModalSessionRunning()
+{
+    return !sessions().isEmpty();
+}
+
 void NSApplication::beginSheet(QWidget *sheet, QWidget *modalForWindow)
 {
     QWidget *const host = modalForWindow->window();

@@ -25,6 +25,8 @@ KTUTILITY_EXPORT int runModalForWindow(QWidget *window);
 KTUTILITY_EXPORT void stopModal(int code = 0);
 /// The window of the innermost session; null without one.
 KTUTILITY_EXPORT QWidget *modalWindow();
+/// Whether there is a session that has not ended.
+KTUTILITY_EXPORT bool isModalSessionRunning();
 
 /// Shows a window as a sheet of another one, which it blocks.
 KTUTILITY_EXPORT void beginSheet(QWidget *sheet, QWidget *modalForWindow);

@@ -20,7 +20,8 @@ public:
         QWidget *const made = createRegistered(className);
         if (!made)
             return QUiLoader::createWidget(className, parent, name);
-        made->setParent(parent, made->windowFlags());
+        if (parent)
+            made->setParent(parent);
         made->setObjectName(name);
         return made;
     }

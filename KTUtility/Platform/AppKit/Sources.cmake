@@ -1,5 +1,6 @@
 target_sources(KTUtility PRIVATE
     Platform/AppKit/NSAlert.cpp
+    Platform/AppKit/NSAnimation.cpp
     Platform/AppKit/NSApplication.cpp
     Platform/AppKit/NSArrayController.cpp
     Platform/AppKit/NSBezierPath.cpp
@@ -9,7 +10,13 @@ target_sources(KTUtility PRIVATE
     Platform/AppKit/NSKeyValueBinding.cpp
     Platform/AppKit/NSMenuItem.cpp
     Platform/AppKit/NSNib.cpp
+    Platform/AppKit/NSScreen.cpp
     Platform/AppKit/NSSelectionProxy.cpp
     Platform/AppKit/NSSliderCell.cpp
+    Platform/AppKit/NSTextField.cpp
+    Platform/AppKit/NSTimer.cpp
+    Platform/AppKit/NSViewAnimation.cpp
+    Platform/AppKit/NSWindow.cpp
     Platform/AppKit/NSWindowController.cpp
+    Platform/AppKit/NSWorkspace.cpp
 )

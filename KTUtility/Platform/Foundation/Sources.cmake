@@ -9,6 +9,7 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSCharacterSet.cpp
     Platform/Foundation/NSClass.cpp
     Platform/Foundation/NSClassRegistry.cpp
+    Platform/Foundation/NSClock.cpp
     Platform/Foundation/NSDateEngine.cpp
     Platform/Foundation/NSDateEnvironment.cpp
     Platform/Foundation/NSDateFormatter.cpp
@@ -40,6 +41,7 @@ target_sources(KTUtility PRIVATE
     Platform/Foundation/NSKeyValueTarget.cpp
     Platform/Foundation/NSLocale.cpp
     Platform/Foundation/NSLog.cpp
+    Platform/Foundation/NSManualClock.cpp
     Platform/Foundation/NSModule.cpp
     Platform/Foundation/NSNaturalLanguageDate.cpp
     Platform/Foundation/NSNaturalLanguageReader.cpp

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <KTUtility/KTUtilityExport.h>
+
+#include <QLabel>
+
+/// A label of one line that shortens what is too long for it. Line breaks and tabs are shown as
+/// blanks. The text is never taken for HTML, and "&" marks no letter.
+///
+/// In forms of Qt Designer that NSNib loads it is made by its class name.
+///
+/// \code
+/// NSTextField field;
+/// field.setStringValue(path);
+/// field.sizeToFit();
+/// field.resize(200, field.height());    // "/home/…/photo.jpg"
+/// \endcode
+class KTUTILITY_EXPORT NSTextField : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit NSTextField(QWidget *parent = nullptr);
+
+    QString stringValue() const { return text(); }
+    void setStringValue(const QString &string) { setText(string); }
+
+    /// Where a text that is too long is shortened; in the middle unless set.
+    Qt::TextElideMode lineBreakMode() const { return _lineBreakMode; }
+    void setLineBreakMode(Qt::TextElideMode mode);
+
+    /// How wide the whole text is, in whole points. Of texts of more than 32,768 units, only so
+    /// many are measured.
+    int stringWidth() const;
+    /// Gives the field the size of its whole text.
+    void sizeToFit();
+    /// The text as it is shown at the present width.
+    QString shownText() const;
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QString oneLine() const;
+
+    Qt::TextElideMode _lineBreakMode = Qt::ElideMiddle;
+};

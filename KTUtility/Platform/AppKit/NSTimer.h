@@ -1,0 +1,47 @@
+#pragma once
+
+#include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/Foundation/NSClock.h>
+
+#include <QObject>
+
+#include <functional>
+
+/// When a timer may fire.
+enum class NSRunLoopMode {
+    /// Not while a modal session runs (see NSApplication): it waits for the end.
+    Default,
+    /// Also while a modal session runs.
+    ModalPanel,
+};
+
+/// Calls a function once, after a time. It runs by the current NSClock. For the main thread.
+///
+/// \code
+/// _timer = std::make_unique<NSTimer>(1.5, NSRunLoopMode::Default, [this] { hide(); });
+/// …
+/// if (_timer->isValid())
+///     _timer->fire();    // now, and not again
+/// \endcode
+class KTUTILITY_EXPORT NSTimer : public QObject
+{
+public:
+    /// \param seconds below 0 and not a number count as 0.
+    /// \param perform may destroy the timer.
+    NSTimer(double seconds, NSRunLoopMode mode, std::function<void()> perform);
+    ~NSTimer() override;
+
+    /// Whether it is still to fire.
+    bool isValid() const { return bool(_perform); }
+    /// Fires at once; nothing if it is not valid any more.
+    void fire();
+    /// Keeps it from firing.
+    void invalidate();
+
+private:
+    void fallDue();
+
+    NSRunLoopMode _mode;
+    std::function<void()> _perform;
+    NSClock::Alarm _alarm;
+};

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <KTUtility/KTUtilityExport.h>
+
+#include <QColor>
+#include <QPainterPath>
+#include <QPointer>
+#include <QWidget>
+
+/// The panel of the status display: a rounded rectangle in one colour, which tells its delegate of
+/// clicks.
+///
+/// \code
+/// KTStatusHUDView panel;
+/// panel.setBackgroundColor(QColor(0, 0, 0, 153));
+/// panel.setDelegate(controller);    // has Q_INVOKABLE void userClickedHUDOnEvent(QMouseEvent *)
+/// \endcode
+class KTUTILITY_EXPORT KTStatusHUDView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit KTStatusHUDView(QWidget *parent = nullptr);
+
+    /// The colour of the panel; none is drawn unless set.
+    QColor backgroundColor() const { return _bgColor; }
+    void setBackgroundColor(const QColor &color);
+
+    /// Who is told of clicks, by the invokable method `userClickedHUDOnEvent(QMouseEvent *)` if it
+    /// has that. It is not owned, and may be destroyed before.
+    QObject *delegate() const { return _delegate; }
+    Q_INVOKABLE void setDelegate(QObject *delegate) { _delegate = delegate; }
+
+    /// Fills the rounded rectangle, with a radius of 8, that is built on a rectangle.
+    virtual void drawRect(QPainter &painter, const QRectF &rect) const;
+
+    /// A rectangle with round corners, made of arcs that touch its sides. Coordinates may have y in
+    /// either direction.
+    /// \param radius what is below 0 or not finite makes square corners; the caller takes care
+    /// that it fits.
+    /// \return the empty path for rectangles that are not finite.
+    static QPainterPath bezierPathWithRoundRectInRect(const QRectF &rect, float radius);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+
+private:
+    QColor _bgColor;
+    QPointer<QObject> _delegate;
+};

@@ -1,0 +1,71 @@
+#include "KTStatusHUDWindow.h"
+
+#include "KTStatusHUDView.h"
+#include "Platform/AppKit/NSImage.h"
+#include "Platform/AppKit/NSWindow.h"
+#include "Platform/Foundation/NSClassRegistry.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QBitmap>
+#include <QGuiApplication>
+#include <QPainter>
+
+namespace {
+constexpr float CornerRadius = 8;
+
+QAccessibleInterface *makeAccessible(const QString & /*className*/, QObject *object)
+{
+    auto *const window = qobject_cast<KTStatusHUDWindow *>(object);
+    return window ? new QAccessibleWidget(window, QAccessible::Notification) : nullptr;
+}
+
+void introduceToScreenReaders()
+{
+    static const bool isInstalled = [] {
+        QAccessible::installFactory(makeAccessible);
+        return true;
+    }();
+    Q_UNUSED(isInstalled)
+}
+
+/// Every pixel that a rounded rectangle touches.
+QRegion regionOfRoundRect(const QSize &size)
+{
+    QImage shape = NSImage::imageOfSize(size);
+    if (shape.isNull())
+        return QRegion(QRect(QPoint(), size));
+    QPainter painter(&shape);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(
+        KTStatusHUDView::bezierPathWithRoundRectInRect(QRectF(shape.rect()), CornerRadius),
+        Qt::black);
+    painter.end();
+    return QRegion(
+        QBitmap::fromImage(shape.createMaskFromColor(qRgba(0, 0, 0, 0), Qt::MaskOutColor)));
+}
+} // namespace
+
+KTStatusHUDWindow::KTStatusHUDWindow(QWidget *parent)
+    : QWidget(parent, Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint |
+                          Qt::WindowDoesNotAcceptFocus)
+{
+    introduceToScreenReaders();
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setAttribute(Qt::WA_QuitOnClose, false);
+}
+
+KTStatusHUDWindow::KTStatusHUDWindow(const QRectF &contentRect, Qt::WindowFlags /*styleMask*/)
+    : KTStatusHUDWindow(nullptr)
+{
+    NSWindow::setFrame(this, contentRect);
+}
+
+void KTStatusHUDWindow::resizeEvent(QResizeEvent *)
+{
+    if (QGuiApplication::platformName() == u"xcb")
+        setMask(regionOfRoundRect(size()));
+}
+
+KT_REGISTER_CLASS(KTStatusHUDWindow)

@@ -1,0 +1,5 @@
+target_sources(KTUtility PRIVATE
+    StatusHUD/KTStatusHUDController.cpp
+    StatusHUD/KTStatusHUDView.cpp
+    StatusHUD/KTStatusHUDWindow.cpp
+)

@@ -1,0 +1,397 @@
+// How large the display is, where it lies, and what it looks like.
+
+#include "StatusHUD/HUDSupport.h"
+
+#include <KTUtility/Platform/AppKit/NSFont.h>
+
+#include "support/PictureSupport.h"
+
+#include <QAccessible>
+#include <QElapsedTimer>
+#include <QFontMetricsF>
+#include <QTest>
+
+using namespace testing_support;
+
+namespace {
+int widthOf(const QString &text, int fontSize)
+{
+    return int(
+        std::ceil(QFontMetricsF(NSFont::systemFontOfSize(fontSize)).horizontalAdvance(text)));
+}
+
+int heightOf(int fontSize)
+{
+    return int(std::ceil(QFontMetricsF(NSFont::systemFontOfSize(fontSize)).height()));
+}
+
+class HUDLayout : public HUDTest
+{
+protected:
+    QSize sizeFor(const QString &text, bool large = false)
+    {
+        hud.setLargeText(large);
+        show(text);
+        const QSize size = hud.window()->size();
+        hud.dismissStatusWindow();
+        clock.advance(0.5);
+        return size;
+    }
+    int fontSize() const { return hud.text()->font().pixelSize(); }
+};
+
+struct AlertSeen
+{
+    QObject *object = nullptr;
+    QString name;
+};
+AlertSeen &alertSeen()
+{
+    static AlertSeen seen;
+    return seen;
+}
+
+void noteAlert(QAccessibleEvent *event)
+{
+    if (event->type() == QAccessible::Alert)
+        alertSeen() = {event->object(), event->accessibleInterface()->text(QAccessible::Name)};
+}
+} // namespace
+
+TEST_F(HUDLayout, NormalTextsAre24HighIn104)
+{
+    const QString text = QStringLiteral("247 records");
+    EXPECT_EQ(sizeFor(text), QSize(widthOf(text, 24) + 32, 104));
+    EXPECT_EQ(fontSize(), 24);
+    EXPECT_EQ(hud.text()->geometry(),
+              QRect(0, (104 - heightOf(24)) / 2, widthOf(text, 24) + 32, heightOf(24)));
+    EXPECT_EQ(hud.content()->geometry(), hud.window()->rect());
+    EXPECT_EQ(hud.text()->shownText(), text);
+}
+
+TEST_F(HUDLayout, WideTextsTakeTheScreenAndAreCutInTheMiddle)
+{
+    const QString text = QStringLiteral("first ") + QString(300, u'm') + QStringLiteral(" last");
+    EXPECT_EQ(sizeFor(text), QSize(1280, 104));
+    const QString shown = hud.text()->shownText();
+    EXPECT_TRUE(shown.startsWith(QStringLiteral("first")));
+    EXPECT_TRUE(shown.endsWith(QStringLiteral("last")));
+    EXPECT_TRUE(shown.contains(u'…'));
+    EXPECT_EQ(hud.text()->stringValue(), text);
+}
+
+TEST_F(HUDLayout, TheScreenLeaves32Points)
+{
+    const QString text = QStringLiteral("just so wide");
+    hud.screen.setWidth(widthOf(text, 24) + 32);
+    EXPECT_EQ(sizeFor(text).width(), hud.screen.width());
+    hud.screen.setWidth(widthOf(text, 24) + 33);
+    EXPECT_EQ(sizeFor(text).width(), hud.screen.width() - 1);
+    hud.screen.setWidth(widthOf(text, 24) + 10);
+    EXPECT_EQ(sizeFor(text).width(), hud.screen.width());
+    EXPECT_EQ(hud.text()->shownText(), text);
+}
+
+TEST_F(HUDLayout, ShortLargeTextsAre166High)
+{
+    const QString text = QStringLiteral("12");
+    EXPECT_EQ(sizeFor(text, true), QSize(widthOf(text, 166) + 32, heightOf(166) + 16));
+    EXPECT_EQ(fontSize(), 166);
+    EXPECT_EQ(hud.text()->y(), 8);
+}
+
+TEST_F(HUDLayout, LongLargeTextsShrinkToTheScreen)
+{
+    const QString text = QStringLiteral("1,234,567 records in all");
+    const QSize size = sizeFor(text, true);
+    const int expected = int(166.0 * (1280 - 96) / widthOf(text, 166));
+    EXPECT_LT(expected, 166);
+    EXPECT_EQ(fontSize(), expected);
+    EXPECT_EQ(size.height(), heightOf(expected) + 16);
+    EXPECT_EQ(size.width(), widthOf(text, expected) + 32);
+    EXPECT_LE(widthOf(text, expected), 1280 - 96 + 2);
+    hud.screen.setWidth(2560);
+    sizeFor(text, true);
+    EXPECT_GT(fontSize(), expected);
+}
+
+TEST_F(HUDLayout, LargeTextIsForOneDisplay)
+{
+    hud.setLargeText(true);
+    EXPECT_TRUE(hud.largeText());
+    show(QStringLiteral("12"));
+    EXPECT_FALSE(hud.largeText());
+    clock.advance(2);
+    show(QStringLiteral("12"));
+    EXPECT_EQ(fontSize(), 24);
+    EXPECT_EQ(hud.window()->height(), 104);
+}
+
+TEST_F(HUDLayout, RequestsThatAreIgnoredKeepTheFlag)
+{
+    show(QStringLiteral("12"));
+    hud.setLargeText(true);
+    show(QStringLiteral("34"));
+    EXPECT_TRUE(hud.largeText());
+    clock.advance(2);
+    show(QStringLiteral("34"));
+    EXPECT_EQ(fontSize(), 166);
+}
+
+TEST_F(HUDLayout, IsCentredOverTheRectangle)
+{
+    show(QStringLiteral("247 records"));
+    const QRectF frame = NSWindow::frame(hud.window());
+    EXPECT_NEAR(frame.center().x(), parent.center().x(), 1);
+    EXPECT_NEAR(frame.center().y(), parent.center().y(), 1);
+    hud.setParentRect({0, 0, 10, 10});
+    EXPECT_NEAR(NSWindow::frame(hud.window()).center().x(), 5, 1);
+    EXPECT_EQ(hud.window()->size(), frame.size().toSize());
+}
+
+TEST_F(HUDLayout, IsCentredOverAWindow)
+{
+    QWidget window;
+    window.setGeometry(120, 60, 400, 300);
+    parent = NSWindow::frame(&window);
+    show(QStringLiteral("247 records"));
+    EXPECT_NEAR(hud.window()->geometry().center().x(), window.geometry().center().x(), 1);
+    EXPECT_NEAR(hud.window()->geometry().center().y(), window.geometry().center().y(), 1);
+}
+
+TEST_F(HUDLayout, RectanglesWithoutSizeOrEnd)
+{
+    parent = QRectF(400, 300, 0, 0);
+    show(QStringLiteral("here"));
+    EXPECT_NEAR(NSWindow::frame(hud.window()).center().x(), 400, 1);
+    for (const QRectF &rect : {QRectF(NotANumber, 0, 5, 5), QRectF(0, 0, Infinite, 5)}) {
+        hud.setParentRect(rect);
+        EXPECT_NEAR(NSWindow::frame(hud.window()).center().x(), 640, 1);
+        EXPECT_NEAR(NSWindow::frame(hud.window()).center().y(), 400, 1);
+    }
+    hud.setParentRect({1e300, -1e300, 5, 5});
+    EXPECT_TRUE(hud.window()->isVisible());
+}
+
+TEST_F(HUDLayout, ASmallScreen)
+{
+    hud.screen = {320, 200};
+    EXPECT_EQ(sizeFor(QStringLiteral("A text that is wider than so small a screen")),
+              QSize(320, 104));
+    const QSize large = sizeFor(QStringLiteral("247 records"), true);
+    EXPECT_LE(large.width(), 320);
+    EXPECT_LE(large.height(), 200);
+    EXPECT_EQ(fontSize(), int(166.0 * (320 - 96) / widthOf(QStringLiteral("247 records"), 166)));
+}
+
+TEST_F(HUDLayout, ScreensNarrowerThanTheMargins)
+{
+    hud.screen = {50, 40};
+    EXPECT_EQ(sizeFor(QStringLiteral("247 records"), true).width(), 50);
+    EXPECT_EQ(fontSize(), NSFont::systemFontSize);
+    EXPECT_EQ(sizeFor(QStringLiteral("247 records")).width(), 50);
+}
+
+TEST_F(HUDLayout, EmptyTexts)
+{
+    EXPECT_EQ(sizeFor(QStringLiteral("")), QSize(32, 104));
+    EXPECT_EQ(sizeFor(QStringLiteral(""), true), QSize(32, heightOf(166) + 16));
+    EXPECT_EQ(fontSize(), 166);
+}
+
+TEST_F(HUDLayout, HugeTexts)
+{
+    QElapsedTimer timer;
+    timer.start();
+    const QString text = megabyteOf(QStringLiteral("records "));
+    EXPECT_EQ(sizeFor(text), QSize(1280, 104));
+    EXPECT_LT(hud.text()->shownText().size(), 300);
+    EXPECT_EQ(sizeFor(text, true).width(), 1280);
+    EXPECT_EQ(fontSize(), NSFont::systemFontSize);
+    EXPECT_LT(timer.elapsed(), 10000);
+}
+
+TEST_F(HUDLayout, TextsOfSeveralLinesAreOne)
+{
+    const QString lines = QStringLiteral("one\ntwo\tthree\u2028four");
+    const QString line = QStringLiteral("one two three four");
+    EXPECT_EQ(sizeFor(lines), QSize(widthOf(line, 24) + 32, 104));
+    EXPECT_EQ(hud.text()->shownText(), line);
+    EXPECT_EQ(hud.text()->stringValue(), lines);
+    EXPECT_EQ(sizeFor(QString(10000, u'\n'), true).height(), heightOf(NSFont::systemFontSize) + 16);
+}
+
+TEST_F(HUDLayout, HostileTextsAreShown)
+{
+    for (const QString &text : hostileTexts()) {
+        if (text.isNull())
+            continue;
+        const QSize size = sizeFor(text);
+        EXPECT_EQ(size.height(), 104);
+        EXPECT_LE(size.width(), 1280);
+        EXPECT_LE(sizeFor(text, true).width(), 1280);
+    }
+}
+
+TEST_F(HUDLayout, TextsAreNoHTMLAndMarkNoLetters)
+{
+    const QString text = QStringLiteral("<b>R&D</b> & more");
+    EXPECT_EQ(sizeFor(text).width(), widthOf(text, 24) + 32);
+    EXPECT_EQ(hud.text()->shownText(), text);
+}
+
+// --- What it looks like
+
+TEST_F(HUDLayout, ThePanelIsDarkTranslucentAndRound)
+{
+    show(QStringLiteral("247 records"));
+    clock.advance(0.3);
+    const QImage image = hud.window()->grab().toImage();
+    EXPECT_COLOR(image.pixelColor(10, 10), QColor(0, 0, 0, 153), 1);
+    EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0);
+    EXPECT_EQ(image.pixelColor(image.width() - 1, image.height() - 1).alpha(), 0);
+    EXPECT_GT(image.pixelColor(8, 0).alpha(), 140);
+    const QRect field = hud.text()->geometry();
+    int bright = 0;
+    for (int y = field.top(); y <= field.bottom(); ++y)
+        for (int x = field.left(); x <= field.right(); ++x)
+            bright +=
+                image.pixelColor(x, y).lightness() > 240 && image.pixelColor(x, y).alpha() > 240;
+    EXPECT_GT(bright, 100);
+}
+
+TEST_F(HUDLayout, ThePanelFadesAsAWhole)
+{
+    show(QStringLiteral("247 records"));
+    clock.advance(0.3);
+    hud.dismissStatusWindow();
+    clock.advance(0.2);
+    const double half = opacity();
+    const QImage image = hud.window()->grab().toImage();
+    EXPECT_NEAR(image.pixelColor(10, 10).alpha(), 153 * half, 3);
+}
+
+TEST_F(HUDLayout, TheWindowHasNoFrameAndTakesNoFocus)
+{
+    const KTStatusHUDWindow window({10, 20, 300, 100}, Qt::Window | Qt::WindowTitleHint);
+    EXPECT_TRUE(window.windowFlags().testFlag(Qt::FramelessWindowHint));
+    EXPECT_TRUE(window.windowFlags().testFlag(Qt::NoDropShadowWindowHint));
+    EXPECT_TRUE(window.windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus));
+    EXPECT_FALSE(window.windowFlags().testFlag(Qt::WindowTitleHint));
+    EXPECT_TRUE(window.testAttribute(Qt::WA_TranslucentBackground));
+    EXPECT_EQ(NSWindow::frame(&window), QRectF(10, 20, 300, 100));
+    show(QStringLiteral("247 records"));
+    EXPECT_TRUE(hud.window()->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+}
+
+TEST(HUDPanel, RoundsItsCornersByTouchingArcs)
+{
+    const QRectF rect(3, 5, 100, 60);
+    const QPainterPath path = KTStatusHUDView::bezierPathWithRoundRectInRect(rect, 8);
+    EXPECT_EQ(QPointF(path.elementAt(0)), QPointF(11, 5));
+    EXPECT_EQ(QPointF(path.elementAt(1)), QPointF(95, 5));
+    EXPECT_NEAR(path.boundingRect().width(), 100, 1e-9);
+    EXPECT_NEAR(path.boundingRect().bottom(), 65, 1e-9);
+    EXPECT_TRUE(path.contains(QPointF(6, 8)));
+    EXPECT_FALSE(path.contains(QPointF(4, 6)));
+    EXPECT_EQ(QPointF(path.currentPosition()), QPointF(11, 5));
+}
+
+TEST(HUDPanel, OddRadiiAndRectangles)
+{
+    for (const float radius : {0.0F, -3.0F, float(NotANumber), float(Infinite)})
+        EXPECT_TRUE(KTStatusHUDView::bezierPathWithRoundRectInRect({0, 0, 10, 10}, radius)
+                        .contains(QPointF(0.1, 0.1)));
+    EXPECT_EQ(
+        KTStatusHUDView::bezierPathWithRoundRectInRect({0, NotANumber, 5, 5}, 2).elementCount(), 0);
+    EXPECT_EQ(KTStatusHUDView::bezierPathWithRoundRectInRect({0, 0, Infinite, 5}, 2).elementCount(),
+              0);
+    EXPECT_TRUE(
+        KTStatusHUDView::bezierPathWithRoundRectInRect({5, 5, 0, 0}, 0).boundingRect().isEmpty());
+}
+
+TEST_F(HUDLayout, ThePanelDrawsTheRectangleThatItIsAsked)
+{
+    KTStatusHUDView panel;
+    QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    panel.drawRect(painter, {0, 0, 40, 40});
+    EXPECT_EQ(inkOf(image), 0);
+    panel.setBackgroundColor(Qt::red);
+    EXPECT_EQ(panel.backgroundColor(), QColor(Qt::red));
+    panel.drawRect(painter, {10, 10, 20, 20});
+    painter.end();
+    EXPECT_COLOR(image.pixelColor(20, 20), Qt::red, 0);
+    EXPECT_EQ(image.pixelColor(10, 10).alpha(), 0);
+    EXPECT_EQ(image.pixelColor(5, 20).alpha(), 0);
+}
+
+namespace {
+/// Counts clicks.
+class Clicked : public QObject
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE void userClickedHUDOnEvent(QMouseEvent *event)
+    {
+        ++clicks;
+        position = event->position();
+    }
+    int clicks = 0;
+    QPointF position;
+};
+} // namespace
+
+TEST_F(HUDLayout, ThePanelTellsItsDelegateOfClicks)
+{
+    KTStatusHUDView panel;
+    panel.resize(50, 50);
+    QTest::mouseClick(&panel, Qt::LeftButton);
+    auto delegate = std::make_unique<Clicked>();
+    panel.setDelegate(delegate.get());
+    EXPECT_EQ(panel.delegate(), delegate.get());
+    QTest::mouseClick(&panel, Qt::LeftButton, {}, {7, 9});
+    EXPECT_EQ(delegate->clicks, 1);
+    EXPECT_EQ(delegate->position, QPointF(7, 9));
+    QObject other;
+    panel.setDelegate(&other);
+    QTest::mouseClick(&panel, Qt::LeftButton);
+    EXPECT_EQ(delegate->clicks, 1);
+    panel.setDelegate(delegate.get());
+    delegate.reset();
+    EXPECT_EQ(panel.delegate(), nullptr);
+    QTest::mouseClick(&panel, Qt::LeftButton);
+}
+
+// --- Screen readers
+
+TEST_F(HUDLayout, ScreenReadersAreToldTheText)
+{
+    QAccessible::setActive(true);
+    QAccessible::installUpdateHandler(noteAlert);
+    alertSeen() = {};
+    show(QStringLiteral("247 records"));
+    QAccessible::installUpdateHandler(nullptr);
+    QAccessible::setActive(false);
+    EXPECT_EQ(alertSeen().object, hud.text());
+    EXPECT_EQ(alertSeen().name, QStringLiteral("247 records"));
+    QAccessibleInterface *const window = QAccessible::queryAccessibleInterface(hud.window());
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->role(), QAccessible::Notification);
+    EXPECT_EQ(window->text(QAccessible::Name), QStringLiteral("247 records"));
+}
+
+TEST_F(HUDLayout, WithoutAScreenReaderNobodyIsTold)
+{
+    QAccessible::setActive(false);
+    QAccessible::installUpdateHandler(noteAlert);
+    alertSeen() = {};
+    show(QStringLiteral("247 records"));
+    QAccessible::installUpdateHandler(nullptr);
+    EXPECT_EQ(alertSeen().object, nullptr);
+    EXPECT_TRUE(isVisible());
+}
+
+#include "HUDLayoutTests.moc"

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <KTUtility/Platform/AppKit/NSScreen.h>
+#include <KTUtility/Platform/AppKit/NSViewAnimation.h>
+#include <KTUtility/Platform/AppKit/NSWindow.h>
+#include <KTUtility/Platform/Foundation/NSManualClock.h>
+#include <KTUtility/StatusHUD/KTStatusHUDController.h>
+
+#include "support/TestSupport.h"
+
+/// A controller with a screen and a resource folder that the test chooses.
+class TestHUD : public KTStatusHUDController
+{
+public:
+    using KTStatusHUDController::fadeIn;
+    using KTStatusHUDController::fadeOut;
+    using KTStatusHUDController::setParentRect;
+
+    QSizeF screen{1280, 800};
+    QString bundlePath = NSBundle::frameworkBundle().bundlePath();
+    int fadesEnded = 0;
+
+protected:
+    QRectF mainScreenFrame() const override { return {QPointF(), screen}; }
+    NSBundle interfaceBundle() const override { return NSBundle(bundlePath); }
+    void animationDidEnd(NSAnimation *animation) override
+    {
+        ++fadesEnded;
+        KTStatusHUDController::animationDidEnd(animation);
+    }
+};
+
+class HUDTest : public testing_support::WindowedTest
+{
+protected:
+    void show(const QString &text, double seconds = 1)
+    {
+        hud.showStatusWindowWithString(text, parent, false, seconds);
+    }
+    bool isVisible() const { return hud.window() && hud.window()->isVisible(); }
+    double opacity() const { return NSViewAnimation::opacityOf(hud.content()); }
+
+    NSManualClock clock;
+    TestHUD hud;
+    QRectF parent{100, 100, 600, 400};
+};

@@ -1,0 +1,4 @@
+target_sources(KTUtilityTests PRIVATE
+    StatusHUD/HUDLayoutTests.cpp
+    StatusHUD/HUDLifecycleTests.cpp
+)
