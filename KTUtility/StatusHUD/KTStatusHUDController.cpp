@@ -185,13 +185,12 @@ void KTStatusHUDController::startFadeOutTimer(double seconds, NSRunLoopMode mode
     _fadeOutTimer = std::make_unique<NSTimer>(seconds, mode, [this] { fadeOut(); });
 }
 
-/// Tells screen readers: the window is a notification of this name, and the text an alert.
+/// The window is a notification of this name, and the text an alert. Where nobody listens, Qt drops
+/// both.
 void KTStatusHUDController::announce(const QString &string)
 {
     _window->setAccessibleName(string);
     _text->setAccessibleName(string);
-    if (!QAccessible::isActive())
-        return;
     QAccessibleEvent alert(_text, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }

@@ -102,6 +102,8 @@ protected:
     virtual QRectF mainScreenFrame() const;
     /// The bundle whose resources hold "StatusHUD.ui": the framework's.
     virtual NSBundle interfaceBundle() const;
+    /// Tells screen readers the text that is shown from now on.
+    virtual void announce(const QString &string);
 
     // --- Private category
 
@@ -127,7 +129,6 @@ private:
     int layOutLargeText(qreal screenWidth);
     int layOutNormalText();
     void startFadeOutTimer(double seconds, NSRunLoopMode mode);
-    void announce(const QString &string);
 
     // The window holds the other two.
     QPointer<KTStatusHUDWindow> _window;

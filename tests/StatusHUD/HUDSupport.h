@@ -19,10 +19,17 @@ public:
     QSizeF screen{1280, 800};
     QString bundlePath = NSBundle::frameworkBundle().bundlePath();
     int fadesEnded = 0;
+    QStringList announced;
 
 protected:
     QRectF mainScreenFrame() const override { return {QPointF(), screen}; }
     NSBundle interfaceBundle() const override { return NSBundle(bundlePath); }
+    void announce(const QString &string) override
+    {
+        EXPECT_TRUE(window()->isVisible());
+        announced += string;
+        KTStatusHUDController::announce(string);
+    }
     void animationDidEnd(NSAnimation *animation) override
     {
         ++fadesEnded;

@@ -1,0 +1,87 @@
+// The plug-in that shows the framework's views in Qt Designer.
+
+#include <KTUtility/Views/KTFocusRingScrollView.h>
+
+#include "support/TestSupport.h"
+
+#include <QBuffer>
+#include <QFileInfo>
+#include <QPluginLoader>
+#include <QUiLoader>
+#include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
+
+namespace {
+const QString PlugIn = QStringLiteral(KTUTILITY_DESIGNER_PLUGIN);
+
+class DesignerPlugIn : public testing_support::WindowedTest
+{
+protected:
+    DesignerPlugIn() : loader(PlugIn)
+    {
+        auto *const collection =
+            qobject_cast<QDesignerCustomWidgetCollectionInterface *>(loader.instance());
+        if (collection)
+            widgets = collection->customWidgets();
+    }
+
+    QPluginLoader loader;
+    QList<QDesignerCustomWidgetInterface *> widgets;
+};
+} // namespace
+
+TEST_F(DesignerPlugIn, HasEveryView)
+{
+    ASSERT_TRUE(loader.isLoaded()) << loader.errorString().toStdString();
+    QStringList names;
+    for (const QDesignerCustomWidgetInterface *const widget : widgets)
+        names += widget->name();
+    EXPECT_EQ(names, QStringList({QStringLiteral("KTFocusRingView"),
+                                  QStringLiteral("KTFocusRingScrollView"),
+                                  QStringLiteral("KTMediaFieldSlider")}));
+}
+
+TEST_F(DesignerPlugIn, MakesEachOfThem)
+{
+    ASSERT_EQ(widgets.size(), 3);
+    QWidget parent;
+    for (QDesignerCustomWidgetInterface *const widget : widgets) {
+        const QWidget *const made = widget->createWidget(&parent);
+        ASSERT_NE(made, nullptr);
+        EXPECT_EQ(QString::fromLatin1(made->metaObject()->className()), widget->name());
+        EXPECT_EQ(made->parentWidget(), &parent);
+        EXPECT_EQ(widget->group(), QStringLiteral("KTUtility"));
+        EXPECT_FALSE(widget->toolTip().isEmpty());
+        EXPECT_FALSE(widget->whatsThis().isEmpty());
+        EXPECT_TRUE(widget->icon().isNull());
+    }
+    EXPECT_TRUE(widgets.at(0)->isContainer() && widgets.at(1)->isContainer());
+    EXPECT_FALSE(widgets.at(2)->isContainer());
+}
+
+TEST_F(DesignerPlugIn, NamesHeadersThatExist)
+{
+    for (const QDesignerCustomWidgetInterface *const widget : widgets) {
+        const QString header =
+            QStringLiteral(KTUTILITY_TEST_DATA "/../../") + widget->includeFile();
+        EXPECT_TRUE(QFileInfo::exists(header)) << header.toStdString();
+    }
+}
+
+TEST_F(DesignerPlugIn, FormsOfItAreRead)
+{
+    QUiLoader forms;
+    forms.addPluginPath(QFileInfo(PlugIn).path());
+    for (const QDesignerCustomWidgetInterface *const widget : widgets) {
+        EXPECT_TRUE(forms.availableWidgets().contains(widget->name()));
+        QByteArray xml = widget->domXml().toUtf8();
+        xml.replace("<ui language=\"c++\">", "<ui version=\"4.0\">");
+        QBuffer form(&xml);
+        form.open(QIODevice::ReadOnly);
+        const std::unique_ptr<QWidget> made(forms.load(&form));
+        ASSERT_NE(made, nullptr) << forms.errorString().toStdString();
+        EXPECT_EQ(QString::fromLatin1(made->metaObject()->className()), widget->name());
+        EXPECT_TRUE(made->objectName().front().isLower());
+        const auto *const area = qobject_cast<KTFocusRingScrollView *>(made.get());
+        EXPECT_TRUE(!area || area->widget());
+    }
+}
