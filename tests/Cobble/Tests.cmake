@@ -7,6 +7,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/DetailFormTests.cpp
     Cobble/ExecutableTests.cpp
     Cobble/ExportCommandTests.cpp
+    Cobble/GalleryCommandTests.cpp
     Cobble/ImportCommandTests.cpp
     Cobble/ImportSchemaTests.cpp
     Cobble/ImportSourceTests.cpp

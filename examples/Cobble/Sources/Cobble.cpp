@@ -3,6 +3,7 @@
 #include "AlignedTable.h"
 #include "CommandContext.h"
 #include "ExportCommand.h"
+#include "GalleryCommand.h"
 #include "ImportCommand.h"
 #include "LogCommand.h"
 #include "MediaCommand.h"
@@ -37,7 +38,7 @@ ExitCode runVersion(const QStringList &, CommandContext &context)
     return ExitCode::Success;
 }
 
-constexpr std::array<Command, 15> Commands = {{
+constexpr std::array<Command, 16> Commands = {{
     {u"window", runWindowCommand},
     {u"import", runImportCommand},
     {u"show", runShowCommand},
@@ -49,6 +50,7 @@ constexpr std::array<Command, 15> Commands = {{
     {u"format", runFormatCommand},
     {u"names", runNamesCommand},
     {u"log", runLogCommand},
+    {u"gallery", runGalleryCommand},
     {u"help", runHelp},
     {u"--help", runHelp},
     {u"-h", runHelp},

@@ -60,6 +60,10 @@ QString usageText()
       Says where messages go, whether those on the console name their source
       line, and switches all components off.
 
+  cobble gallery --screenshot DIR
+      Draws what the framework draws, one file (PNG) each and a page of all,
+      into a folder, which is made if need be. It needs no display.
+
   cobble help, --help, -h      Shows this text.
   cobble --version             Shows the version.
 )");

@@ -1,0 +1,82 @@
+#include "Gallery/GallerySample.h"
+
+#include <KTUtility/Platform/AppKit/NSFont.h>
+#include <KTUtility/Platform/AppKit/NSImage.h>
+
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPainterPath>
+
+namespace {
+constexpr int RowHeight = 24;
+constexpr QSize PhotoSize(96, 72);
+
+const QStringList &sampleNames()
+{
+    static const QStringList names = {
+        QStringLiteral("Ada Berger"),     QStringLiteral("Ben Carver"),
+        QStringLiteral("Cleo Dahl"),      QStringLiteral("Dario Esposito"),
+        QStringLiteral("Edith Fournier"), QStringLiteral("Finn Gardner"),
+        QStringLiteral("Grete Holm"),     QStringLiteral("Hugo Ivanov"),
+        QStringLiteral("Iris Jansen"),    QStringLiteral("Jonas Keller")};
+    return names;
+}
+
+void drawRow(QPainter &painter, int row)
+{
+    const QRect line(0, row * RowHeight, GallerySize.width(), RowHeight);
+    painter.fillRect(line, row % 2 == 0 ? QColor(255, 255, 255) : QColor(240, 244, 250));
+    painter.setPen(QColor(70, 74, 82));
+    painter.drawText(line.adjusted(14, 0, 0, 0), Qt::AlignVCenter, sampleNames().value(row));
+    painter.drawText(line.adjusted(0, 0, -14, 0), int(Qt::AlignVCenter | Qt::AlignRight),
+                     QStringLiteral("+1 555 01%1").arg(row * 7 + 10));
+}
+
+void drawHills(QPainter &painter)
+{
+    QPainterPath hills(QPointF(0, PhotoSize.height()));
+    hills.lineTo(0, 46);
+    hills.cubicTo(24, 24, 40, 62, 60, 44);
+    hills.cubicTo(74, 32, 84, 40, PhotoSize.width(), 30);
+    hills.lineTo(PhotoSize.width(), PhotoSize.height());
+    painter.fillPath(hills, QColor(78, 140, 86));
+}
+} // namespace
+
+qreal galleryScale()
+{
+    return qGuiApp->devicePixelRatio();
+}
+
+QImage gallerySample(const std::function<void(QPainter &)> &draw)
+{
+    QImage image = NSImage::imageOfSize(GallerySize, galleryScale());
+    image.fill(QColor(236, 238, 242));
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setFont(NSFont::systemFontOfSize(NSFont::systemFontSize));
+    draw(painter);
+    return image;
+}
+
+void drawSampleTable(QPainter &painter)
+{
+    for (int row = 0; row * RowHeight < GallerySize.height(); ++row)
+        drawRow(painter, row);
+}
+
+QImage samplePhoto()
+{
+    QImage photo = NSImage::imageOfSize(PhotoSize, galleryScale());
+    QPainter painter(&photo);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(QRect(QPoint(), PhotoSize), QColor(150, 200, 240));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(255, 212, 80));
+    painter.drawEllipse(QPointF(20, 18), 11, 11);
+    drawHills(painter);
+    painter.setPen(Qt::white);
+    painter.setFont(NSFont::systemFontOfSize(24));
+    painter.drawText(QPointF(70, 66), QStringLiteral("R"));
+    return photo;
+}
