@@ -41,8 +41,9 @@ QRegion regionOfRoundRect(const QSize &size)
         KTStatusHUDView::bezierPathWithRoundRectInRect(QRectF(shape.rect()), CornerRadius),
         Qt::black);
     painter.end();
+    // The bits of a mask image are white for what they choose, and those of a bitmap black.
     return QRegion(
-        QBitmap::fromImage(shape.createMaskFromColor(qRgba(0, 0, 0, 0), Qt::MaskOutColor)));
+        QBitmap::fromImage(shape.createMaskFromColor(qRgba(0, 0, 0, 0), Qt::MaskInColor)));
 }
 } // namespace
 

@@ -14,7 +14,8 @@
 /// picture.
 ///
 /// No picture is made that would take more memory than QImageReader::allocationLimit() allows
-/// (128 MB unless set: about 5,790 × 5,790 pixels); it is null instead.
+/// (128 MB unless set: about 5,790 × 5,790 pixels; 1 GB where there is no limit); it is null
+/// instead.
 ///
 /// \code
 /// QImage canvas = NSImage::imageOfSize({100, 50}, 2);    // 200 × 100 pixels

@@ -97,7 +97,7 @@ QImage drawPictures()
         for (const auto &[image, caption] : images) {
             const QPointF center(74.0 + index % 3 * 126, 56.0 + int(index / 3) * 116);
             drawImageCentered(painter, image, center);
-            drawCaption(painter, center + QPointF(0, 57), caption);
+            drawCaption(painter, center + QPointF(0, 55), caption);
             ++index;
         }
     });

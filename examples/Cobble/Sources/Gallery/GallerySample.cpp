@@ -9,7 +9,7 @@
 
 namespace {
 constexpr int RowHeight = 24;
-constexpr QSize PhotoSize(96, 72);
+constexpr QSize PhotoSize(80, 60);
 
 const QStringList &sampleNames()
 {
@@ -35,9 +35,9 @@ void drawRow(QPainter &painter, int row)
 void drawHills(QPainter &painter)
 {
     QPainterPath hills(QPointF(0, PhotoSize.height()));
-    hills.lineTo(0, 46);
-    hills.cubicTo(24, 24, 40, 62, 60, 44);
-    hills.cubicTo(74, 32, 84, 40, PhotoSize.width(), 30);
+    hills.lineTo(0, 38);
+    hills.cubicTo(20, 20, 33, 52, 50, 37);
+    hills.cubicTo(62, 27, 70, 33, PhotoSize.width(), 25);
     hills.lineTo(PhotoSize.width(), PhotoSize.height());
     painter.fillPath(hills, QColor(78, 140, 86));
 }
@@ -73,10 +73,10 @@ QImage samplePhoto()
     painter.fillRect(QRect(QPoint(), PhotoSize), QColor(150, 200, 240));
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(255, 212, 80));
-    painter.drawEllipse(QPointF(20, 18), 11, 11);
+    painter.drawEllipse(QPointF(60, 13), 9, 9);
     drawHills(painter);
     painter.setPen(Qt::white);
-    painter.setFont(NSFont::systemFontOfSize(24));
-    painter.drawText(QPointF(70, 66), QStringLiteral("R"));
+    painter.setFont(NSFont::systemFontOfSize(20));
+    painter.drawText(QPointF(8, 55), QStringLiteral("R"));
     return photo;
 }
