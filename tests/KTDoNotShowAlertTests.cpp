@@ -241,4 +241,22 @@ TEST_F(DoNotShowAlert, MessagesAreFormats)
     EXPECT_EQ(delegate.calls, 2);
 }
 
+TEST_F(DoNotShowAlert, LongAndRightToLeftTextsAreShown)
+{
+    KTDoNotShowAlert::Alert odd = alert();
+    const QString hebrew = QStringLiteral("\u05DE\u05D7\u05D9\u05E7\u05D4 100%% \u202E");
+    odd.title = hebrew;
+    for (const QString &text : testing_support::hostileTexts()) {
+        odd.msg = QString(text).replace(u'%', QStringLiteral("%%"));
+        KTDoNotShowAlert::beginCriticalAlertSheet(odd);
+        ASSERT_NE(box(), nullptr);
+        EXPECT_EQ(box()->text(), hebrew);
+        // Whatever the text, the buttons are within reach.
+        EXPECT_LT(box()->sizeHint().height(), 1200);
+        EXPECT_LT(box()->informativeText().size(), 2000);
+        click(QStringLiteral("Keep"));
+    }
+    EXPECT_EQ(delegate.code, NSAlertAlternateReturn);
+}
+
 #include "KTDoNotShowAlertTests.moc"

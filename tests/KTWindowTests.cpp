@@ -16,6 +16,8 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include <stdexcept>
+
 namespace {
 /// Lets everything happen that waits for the run loop.
 void turn()
@@ -257,6 +259,121 @@ TEST_F(WindowTest, TheHostMayGoFirst)
     EXPECT_EQ(second.runs, 0);
 }
 
+TEST_F(WindowTest, AQueueRunTwiceShowsTheNextDialogToo)
+{
+    host->addDialogControllerToQueue(&first);
+    host->addDialogControllerToQueue(&second);
+    host->runDialogQueue();
+    host->runDialogQueue();
+    EXPECT_TRUE(first.window()->isVisible());
+    EXPECT_TRUE(second.window()->isVisible());
+    second.endDialog();
+    first.endDialog();
+    turn();
+    EXPECT_FALSE(host->continueRunningQueue());
+}
+
+TEST_F(WindowTest, ARunningDialogThatIsRunAgainEndsOnce)
+{
+    host->addDialogControllerToQueue(&first);
+    host->addDialogControllerToQueue(&first);
+    host->addDialogControllerToQueue(&second);
+    host->runDialogQueue();
+    host->runDialogQueue();
+    EXPECT_TRUE(first.window()->isVisible());
+    EXPECT_TRUE(first.isRunningAsDialog());
+    EXPECT_EQ(first.hostWindowController(), host.get());
+    first.endDialog();
+    turn();
+    EXPECT_EQ(second.runs, 1);
+    second.endDialog();
+    turn();
+    EXPECT_FALSE(host->continueRunningQueue());
+}
+
+TEST_F(WindowTest, AShownWindowMayBeQueued)
+{
+    second.showWindow();
+    host->addDialogControllerToQueue(&second);
+    host->runDialogQueue();
+    EXPECT_TRUE(second.isRunningAsDialog());
+    EXPECT_TRUE(NSApplication::isSheet(second.window()));
+    EXPECT_EQ(second.hostWindowController(), host.get());
+    second.endDialog();
+    turn();
+    EXPECT_FALSE(host->continueRunningQueue());
+    manager->windowControllerBecameVisible(&second, false);
+}
+
+TEST_F(WindowTest, ADialogWithoutAWindowLetsTheNextOneRun)
+{
+    KTDialogController missing(QStringLiteral("/no/such/file.ui"));
+    host->addDialogControllerToQueue(&missing);
+    host->addDialogControllerToQueue(&first);
+    host->runDialogQueue();
+    EXPECT_FALSE(missing.isRunningAsDialog());
+    turn();
+    EXPECT_TRUE(first.window()->isVisible());
+    first.endDialog();
+    turn();
+    EXPECT_FALSE(host->continueRunningQueue());
+}
+
+TEST_F(WindowTest, ADialogDestroyedWhileItRunsLetsTheNextOneRun)
+{
+    auto doomed = std::make_unique<TestDialog>();
+    host->addDialogControllerToQueue(doomed.get());
+    host->addDialogControllerToQueue(&first);
+    host->runDialogQueue();
+    EXPECT_TRUE(doomed->window()->isVisible());
+    doomed.reset();
+    turn();
+    EXPECT_TRUE(first.window()->isVisible());
+    first.endDialog();
+    turn();
+    EXPECT_FALSE(host->continueRunningQueue());
+}
+
+TEST_F(WindowTest, NoDialogFollowsOverAClosedWindow)
+{
+    host->addDialogControllerToQueue(&first);
+    host->addDialogControllerToQueue(&second);
+    host->runDialogQueue();
+    host->close();
+    first.endDialog();
+    turn();
+    EXPECT_EQ(second.runs, 0);
+    EXPECT_FALSE(host->continueRunningQueue());
+    // It may be opened again.
+    host->showWindow();
+    host->addDialogControllerToQueue(&second);
+    host->runDialogQueue();
+    EXPECT_TRUE(second.window()->isVisible());
+    second.endDialog();
+    turn();
+}
+
+TEST_F(WindowTest, DuplicatesAreRefusedWhereTheHostWantsThat)
+{
+    EXPECT_FALSE(host->refusesDuplicateDialogs());
+    host->setRefusesDuplicateDialogs(true);
+    host->addDialogControllerToQueue(&first);
+    host->addDialogControllerToQueue(&first);
+    EXPECT_EQ(host->dialogQueue().size(), 1);
+    host->runDialogQueue();
+    host->addDialogControllerToQueue(&first);
+    host->addDialogControllerToQueue(&second);
+    EXPECT_EQ(host->dialogQueue(), QList<KTDialogController *>({&second}));
+    first.endDialog();
+    turn();
+    host->addDialogControllerToQueue(&first);
+    EXPECT_EQ(host->dialogQueue(), QList<KTDialogController *>({&first}));
+    second.endDialog();
+    turn();
+    first.endDialog();
+    turn();
+}
+
 TEST_F(WindowTest, AnEmptyQueueComesToRest)
 {
     host->runDialogQueue();
@@ -459,6 +576,22 @@ TEST(Application, ModalSessionsNestAndEndWithTheirWindow)
     EXPECT_EQ(log.last(), QStringLiteral("waited"));
     EXPECT_EQ(log.size(), 4);
     NSApplication::stopModal(1);
+}
+
+TEST(Application, AnExceptionEndsTheModalSession)
+{
+    testing_support::needApplication();
+    QDialog dialog;
+    QMetaObject::invokeMethod(
+        &dialog, [] { throw std::runtime_error("mistake"); }, Qt::QueuedConnection);
+    testing_support::standardErrorOf(
+        [&dialog] { EXPECT_THROW(NSApplication::runModalForWindow(&dialog), std::runtime_error); });
+    EXPECT_EQ(NSApplication::modalWindow(), nullptr);
+    EXPECT_EQ(dialog.windowModality(), Qt::NonModal);
+    bool isPerformed = false;
+    NSApplication::performOnNextTurn(&dialog, [&isPerformed] { isPerformed = true; });
+    turn();
+    EXPECT_TRUE(isPerformed);
 }
 
 TEST(Application, WhatWaitsGoesWithItsReceiver)

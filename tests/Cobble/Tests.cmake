@@ -30,7 +30,9 @@ target_sources(CobbleTests PRIVATE
     Cobble/TypeInferenceTests.cpp
     Cobble/VCardTests.cpp
     Cobble/Window/MainWindowTests.cpp
+    Cobble/Window/MediaFieldTests.cpp
     Cobble/Window/SheetTests.cpp
+    Cobble/Window/VisualTests.cpp
     Cobble/Window/WindowCommandTests.cpp
     # The parts of the plug-ins.
     "${PROJECT_SOURCE_DIR}/examples/Cobble/PlugIns/TextExporter/JSONText.cpp"

@@ -43,10 +43,26 @@ void addButtons(QMessageBox &box, const QString &defaultButton, const QString &a
     box.setEscapeButton(escape);
 }
 
+/// More than that does not fit on a screen, and takes long to break into lines.
+constexpr qsizetype LongestShown = 1500;
+constexpr qsizetype LongestDetail = 20000;
+
+/// The beginning of a text that is too long to be shown.
+QString beginningOf(const QString &text, qsizetype length)
+{
+    if (text.size() <= length)
+        return text;
+    const bool isWithinPair = text.at(length).isLowSurrogate();
+    return QString(QStringView(text).first(length - isWithinPair) + QChar(0x2026));
+}
+
 /// The box makes its second label when it has a text, and guesses what kind of text it is.
 void setInformativeText(QMessageBox &box, const QString &text)
 {
-    box.setInformativeText(text);
+    box.setInformativeText(beginningOf(text, LongestShown));
+    // The rest, behind a button.
+    if (text.size() > LongestShown)
+        box.setDetailedText(beginningOf(text, LongestDetail));
     if (auto *const label = box.findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel")))
         label->setTextFormat(Qt::PlainText);
 }
@@ -56,25 +72,17 @@ NSAlert::NSAlert(const QString &messageText, const QString &defaultButton,
                  const QString &alternateButton, const QString &otherButton,
                  const QString &informativeText)
     : _box(std::make_unique<QMessageBox>())
+    , _messageText(messageText)
+    , _informativeText(informativeText)
 {
     _box->setTextFormat(Qt::PlainText);
-    _box->setText(messageText);
+    _box->setText(beginningOf(messageText, LongestShown));
     setInformativeText(*_box, informativeText);
     addButtons(*_box, defaultButton, alternateButton, otherButton);
     setAlertStyle(NSWarningAlertStyle);
 }
 
 NSAlert::~NSAlert() = default;
-
-QString NSAlert::messageText() const
-{
-    return _box->text();
-}
-
-QString NSAlert::informativeText() const
-{
-    return _box->informativeText();
-}
 
 void NSAlert::setAlertStyle(NSAlertStyle style)
 {

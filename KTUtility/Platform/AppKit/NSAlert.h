@@ -28,6 +28,8 @@ enum NSAlertStyle {
 /// A question or message over a window, with up to three buttons and, if wanted, a check box by
 /// which the user need not see it again. All texts are shown as they are, never as HTML.
 ///
+/// Of texts that are too long for a screen the beginning is shown, the rest on demand.
+///
 /// Return presses the default button, Escape the alternate one, or the only one there is; closing
 /// the alert is like Escape.
 ///
@@ -50,8 +52,8 @@ public:
             const QString &informativeText);
     ~NSAlert() override;
 
-    QString messageText() const;
-    QString informativeText() const;
+    const QString &messageText() const { return _messageText; }
+    const QString &informativeText() const { return _informativeText; }
     NSAlertStyle alertStyle() const { return _alertStyle; }
     void setAlertStyle(NSAlertStyle style);
     /// Whether there is a check box "Do not show this message again".
@@ -73,6 +75,8 @@ private:
     int returnCode() const;
 
     std::unique_ptr<QMessageBox> _box;
+    QString _messageText;
+    QString _informativeText;
     DidEnd _didEnd;
     NSAlertStyle _alertStyle = NSWarningAlertStyle;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <algorithm>
 
@@ -20,5 +21,14 @@ inline QString quoted(const QString &field)
     if (isPlain)
         return field;
     return u'"' + QString(field).replace(u'"', QStringLiteral("\"\"")) + u'"';
+}
+
+/// A row of fields, with the end of its line.
+inline QString row(const QStringList &fields)
+{
+    QStringList texts;
+    for (const QString &field : fields)
+        texts += quoted(field);
+    return QString(texts.join(u',') + u"\r\n");
 }
 } // namespace CSVText

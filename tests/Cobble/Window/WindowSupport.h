@@ -12,6 +12,7 @@
 #include "Window/MainWindowController.h"
 #include "Window/OpenLibrary.h"
 #include "Window/RecordTableModel.h"
+#include "Window/RecordTableView.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -7,6 +7,7 @@
 #include <KTUtility/KTWindowManager.h>
 #include <KTUtility/Platform/AppKit/NSApplication.h>
 #include <KTUtility/Platform/AppKit/NSMenuItem.h>
+#include <KTUtility/Platform/AppKit/NSWindow.h>
 
 #include <QApplication>
 
@@ -69,6 +70,13 @@ void DesktopApplication::showSilencedAlerts(QAction *)
         dialog->showWindow();
     else
         manager->queueDialogToCurrentMainWindowForKey(SilencedAlertsKey, true);
+}
+
+void DesktopApplication::showStatus(const QString &text, QWidget *over, bool isLarge)
+{
+    _hud.setLargeText(isLarge);
+    _hud.showStatusWindowWithString(text, NSWindow::frame(over), NSApplication::modalWindow(),
+                                    isLarge ? 2.5 : 1.0);
 }
 
 void DesktopApplication::terminate(QAction *)

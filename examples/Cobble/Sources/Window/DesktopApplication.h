@@ -2,6 +2,8 @@
 
 #include "OpenBundle.h"
 
+#include <KTUtility/StatusHUD/KTStatusHUDController.h>
+
 #include <QAction>
 
 #include <memory>
@@ -27,6 +29,10 @@ public:
 
     OpenBundle *bundle() { return &_bundle; }
     KTLogger *logger() const { return _logger; }
+    /// Where windows tell what is done.
+    KTStatusHUDController *hud() { return &_hud; }
+    /// Shows a text over a window for a while. \param isLarge as large as the screen allows.
+    void showStatus(const QString &text, QWidget *over, bool isLarge = false);
     QList<MainWindowController *> windows() const;
 
     /// Opens one more window, with the library that the current one shows.
@@ -46,5 +52,6 @@ private:
 
     OpenBundle _bundle;
     KTLogger *_logger;
+    KTStatusHUDController _hud;
     std::vector<std::unique_ptr<MainWindowController>> _windows;
 };

@@ -1,12 +1,14 @@
 #include "DetailPane.h"
 
 #include "FieldEditor.h"
+#include "MediaField.h"
 
 #include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>
 #include <KTUtility/Platform/Foundation/NSSelectionMarker.h>
 
 #include <QFormLayout>
 #include <QLabel>
+#include <QVBoxLayout>
 
 namespace {
 /// What stands in an empty editor.
@@ -55,6 +57,7 @@ void DetailPane::rebuild()
     while (_layout->rowCount() > 0)
         _layout->removeRow(0);
     _editors.clear();
+    _mediaFields.clear();
     for (FormRow *const row : _form.rows())
         addRow(row);
     _shown = _records->selectedObjects();
@@ -66,7 +69,7 @@ void DetailPane::addRow(FormRow *row)
     auto *const label = new QLabel(this);
     label->setTextFormat(Qt::PlainText);
     label->setBuddy(editor->input());
-    _layout->addRow(label, editor);
+    _layout->addRow(label, inputFor(row, editor));
     _editors += editor;
     const auto refresh = [this, row, editor, label] {
         label->setText(labelText(row->label()));
@@ -79,6 +82,27 @@ void DetailPane::addRow(FormRow *row)
     QObject::connect(row, &FormRow::changed, editor, refresh);
     QObject::connect(editor, &FieldEditor::committed, row,
                      [this, row, editor](const QString &text) { take(row, editor, text); });
+}
+
+/// The editor, for media with their picture below.
+QWidget *DetailPane::inputFor(FormRow *row, FieldEditor *editor)
+{
+    const bool isMedia = row->field()->field().type == FieldType::Media;
+    auto *const media = isMedia ? new MediaField : nullptr;
+    _mediaFields += media;
+    if (!media)
+        return editor;
+    auto *const both = new QWidget(this);
+    auto *const layout = new QVBoxLayout(both);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(editor);
+    layout->addWidget(media);
+    return both;
+}
+
+MediaField *DetailPane::mediaField(qsizetype field) const
+{
+    return _mediaFields.value(field);
 }
 
 /// Shows other records than before; if they are the same, what is being typed stays.
@@ -103,6 +127,16 @@ void DetailPane::show(FormRow *row, FieldEditor *editor) const
     editor->setPlaceholderText(placeholderFor(value));
     const bool isMedia = row->field()->field().type == FieldType::Media;
     editor->setEnabled(!isMedia && !_records->selectionIndexes().isEmpty());
+    showMedia(row, editor);
+}
+
+void DetailPane::showMedia(const FormRow *row, const FieldEditor *editor) const
+{
+    const qsizetype position = _form.rows().indexOf(row);
+    MediaField *const media = _mediaFields.value(position);
+    if (media)
+        media->setFile(_fileFinder && !editor->text().isEmpty() ? _fileFinder(editor->text())
+                                                                : QString());
 }
 
 void DetailPane::take(FormRow *row, FieldEditor *editor, const QString &text)

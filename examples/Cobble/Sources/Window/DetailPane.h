@@ -8,6 +8,7 @@
 #include <functional>
 
 class FieldEditor;
+class MediaField;
 class QFormLayout;
 
 /// The form below a table of records: an editor for each field of what is selected.
@@ -32,18 +33,29 @@ public:
     /// The editor of a field by its position; null if there is none.
     FieldEditor *editor(qsizetype field) const;
 
+    /// Finds the file that a media URL stands for; nil if there is none.
+    using FileFinder = std::function<QString(const QString &url)>;
+    void setFileFinder(const FileFinder &finder) { _fileFinder = finder; }
+    /// The picture of a media field by its position; null for other fields.
+    MediaField *mediaField(qsizetype field) const;
+
 private:
     void rebuild();
     void addRow(FormRow *row);
     void showSelection();
+    QWidget *inputFor(FormRow *row, FieldEditor *editor);
     void show(FormRow *row, FieldEditor *editor) const;
+    void showMedia(const FormRow *row, const FieldEditor *editor) const;
     void take(FormRow *row, FieldEditor *editor, const QString &text);
 
     NSArrayController *_records;
     DetailForm _form;
     QFormLayout *_layout;
     QList<QPointer<FieldEditor>> _editors;
+    /// Null for fields that are no media.
+    QList<QPointer<MediaField>> _mediaFields;
     /// What the editors show.
     QVariantList _shown;
     Changer _changer;
+    FileFinder _fileFinder;
 };

@@ -67,6 +67,9 @@ void MainMenu::add(QMainWindow *window, QObject *controller, QObject *applicatio
               Line,
               {QStringLiteral("&Silenced Alerts…"), "showSilencedAlerts:", application,
                QKeySequence()}});
+    addItems(bar->addMenu(QStringLiteral("&View")),
+             {{QStringLiteral("&Record Count"), "showRecordCount:", controller,
+               QKeySequence(u"Ctrl+Shift+C"_qs)}});
     QMenu *const help = bar->addMenu(QStringLiteral("&Help"));
     addItems(help, {{QStringLiteral("&About Cobble"), "showAbout:", controller, QKeySequence()}});
     addLoggingMenu(help, logger);

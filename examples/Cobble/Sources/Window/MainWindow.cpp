@@ -3,17 +3,19 @@
 #include "DetailPane.h"
 #include "FieldDelegate.h"
 #include "RecordTableModel.h"
+#include "RecordTableView.h"
+
+#include <KTUtility/Views/KTFocusRingScrollView.h>
 
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QScrollArea>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
-#include <QTableView>
 #include <QToolBar>
+#include <QVBoxLayout>
 
 namespace {
 constexpr int WidestColumn = 240;
@@ -54,7 +56,7 @@ QWidget *MainWindow::makeLibraries()
 
 QWidget *MainWindow::makeRecords(RecordTableModel *model)
 {
-    _table = new QTableView;
+    _table = new RecordTableView;
     _table->setAccessibleName(QStringLiteral("Records"));
     _table->setModel(model);
     _table->setItemDelegate(new FieldDelegate(_table));
@@ -73,13 +75,18 @@ QWidget *MainWindow::makeRecords(RecordTableModel *model)
 
 QWidget *MainWindow::makeDetail(NSArrayController *records)
 {
-    auto *const scroller = new QScrollArea;
+    // The ring lies around the view.
+    auto *const margin = new QWidget;
+    auto *const layout = new QVBoxLayout(margin);
+    layout->setContentsMargins(4, 4, 4, 4);
+    auto *const scroller = new KTFocusRingScrollView(margin);
+    layout->addWidget(scroller);
     scroller->setWidgetResizable(true);
     scroller->setAccessibleName(QStringLiteral("Record"));
     scroller->setFocusPolicy(Qt::NoFocus);
     _detail = new DetailPane(records);
     scroller->setWidget(_detail);
-    return scroller;
+    return margin;
 }
 
 void MainWindow::makeSearch()

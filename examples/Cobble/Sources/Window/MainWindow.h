@@ -9,8 +9,8 @@ class QLabel;
 class QLineEdit;
 class QListWidget;
 class QStackedWidget;
-class QTableView;
 class RecordTableModel;
+class RecordTableView;
 
 /// What a main window is made of: the list of libraries, the table of records, the form for what is
 /// selected in it, the search field and the count. What they do is MainWindowController's business.
@@ -22,7 +22,7 @@ public:
     MainWindow(NSArrayController *records, RecordTableModel *model);
 
     QListWidget *libraries() const { return _libraries; }
-    QTableView *table() const { return _table; }
+    RecordTableView *table() const { return _table; }
     DetailPane *detail() const { return _detail; }
     QLineEdit *search() const { return _search; }
     QLabel *count() const { return _count; }
@@ -40,7 +40,7 @@ private:
     void makeCount();
 
     QListWidget *_libraries = nullptr;
-    QTableView *_table = nullptr;
+    RecordTableView *_table = nullptr;
     DetailPane *_detail = nullptr;
     QLineEdit *_search = nullptr;
     QLabel *_count = nullptr;

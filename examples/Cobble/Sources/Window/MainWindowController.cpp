@@ -7,11 +7,13 @@
 #include "MainWindow.h"
 #include "RecordSearch.h"
 #include "RecordTableModel.h"
+#include "RecordTableView.h"
 #include "TableSelection.h"
 
 #include <KTUtility/KTDoNotShowAlert.h>
 #include <KTUtility/Platform/AppKit/NSAlert.h>
 #include <KTUtility/Platform/AppKit/NSMenuItem.h>
+#include <KTUtility/Platform/Foundation/NSURL.h>
 
 #include <QEvent>
 #include <QHeaderView>
@@ -19,7 +21,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QStatusBar>
-#include <QTableView>
 
 namespace {
 /// How long to wait for more letters before a search, in milliseconds.
@@ -81,12 +82,16 @@ void MainWindowController::connectParts()
     QObject::connect(shown->search(), &QLineEdit::textChanged, &_searchTimer,
                      qOverload<>(&QTimer::start));
     QObject::connect(shown->search(), &QLineEdit::returnPressed, this,
-                     &MainWindowController::search);
+                     &MainWindowController::searchAndTell);
     QObject::connect(&_records, &NSArrayController::arrangedObjectsChanged, this,
                      &MainWindowController::showCount);
     QObject::connect(_model.get(), &RecordTableModel::refused, this, &MainWindowController::tell);
     shown->detail()->setChanger([this](const std::function<void()> &changes) {
         return _library ? _library->change(changes) : QString();
+    });
+    shown->detail()->setFileFinder([this](const QString &url) {
+        const std::optional<NSURL> media = NSURL::URLWithString(url);
+        return media ? _application->bundle()->bundle().filePathFromMediaUrl(*media) : QString();
     });
     QObject::connect(_application->bundle(), &OpenBundle::librariesChanged, this,
                      &MainWindowController::listLibraries);
@@ -226,6 +231,31 @@ void MainWindowController::tell(const QString &message)
     mainWindow()->statusBar()->showMessage(printableText(message), MessageTime);
 }
 
+/// Tells it in the middle of the window, too.
+void MainWindowController::tellDone(const QString &message)
+{
+    tell(message);
+    _application->showStatus(message, mainWindow());
+}
+
+QString MainWindowController::foundText() const
+{
+    return recordCountText(_records.arrangedObjects().size());
+}
+
+void MainWindowController::searchAndTell()
+{
+    search();
+    if (_library)
+        tellDone(foundText());
+}
+
+void MainWindowController::showRecordCount(QAction *)
+{
+    if (_library)
+        _application->showStatus(foundText(), mainWindow(), true);
+}
+
 void MainWindowController::search()
 {
     _searchTimer.stop();
@@ -242,7 +272,7 @@ void MainWindowController::search()
 bool MainWindowController::validateMenuItem(QAction *item)
 {
     const NSSelector action = NSMenuItem::action(item);
-    if (action == NSSelector("exportFile:"))
+    if (action == NSSelector("exportFile:") || action == NSSelector("showRecordCount:"))
         return _library != nullptr;
     if (action == NSSelector("deleteRecords:"))
         return !_records.selectionIndexes().isEmpty();
@@ -293,6 +323,9 @@ void MainWindowController::exportFile(QAction *)
 void MainWindowController::queueAfterImport(const QString &libraryName)
 {
     _application->bundle()->reload();
+    const auto result =
+        exposedDialogDatasource().value(ImportSheet::ResultKey).value<ImportResult>();
+    tellDone(QStringLiteral("Imported %1").arg(recordCountText(result.outcome.recordCount)));
     addDialogControllerToQueue(&_importSummary);
     if (!_library || _library->library().name != libraryName)
         addDialogControllerToQueue(&_showLibraryAlert);

@@ -62,6 +62,8 @@ public:
     Q_INVOKABLE void exportFile(QAction *sender = nullptr);
     Q_INVOKABLE void findRecords(QAction *sender = nullptr);
     Q_INVOKABLE void deleteRecords(QAction *sender = nullptr);
+    /// Shows how many records there are, in large type.
+    Q_INVOKABLE void showRecordCount(QAction *sender = nullptr);
     Q_INVOKABLE void showAbout(QAction *sender = nullptr);
     /// The answer to the question of deleteRecords().
     Q_INVOKABLE void deleteAlertDidEnd(NSAlert *alert, int returnCode, void *contextInfo);
@@ -88,6 +90,9 @@ private:
     void showCount();
     void showNotice(const QString &error);
     void tell(const QString &message);
+    void tellDone(const QString &message);
+    void searchAndTell();
+    QString foundText() const;
     void queueAfterImport(const QString &libraryName);
     QList<StoredRecord *> selectedRecords() const;
 

@@ -1,11 +1,14 @@
 #include "RecordTableModel.h"
 
+#include "CSVText.h"
 #include "ShortText.h"
 #include "ValueOrder.h"
 
 #include <KTUtility/Platform/Foundation/NSObject.h>
 
 #include <QBrush>
+#include <QMap>
+#include <QMimeData>
 
 RecordTableModel::RecordTableModel(NSArrayController *records) : _records(records)
 {
@@ -139,6 +142,40 @@ void RecordTableModel::sort(int column, Qt::SortOrder order)
     }
     _records->setSortDescriptors({{_library->library().fields.at(column).columnName,
                                    order == Qt::AscendingOrder, ValueOrder::compare}});
+}
+
+QStringList RecordTableModel::mimeTypes() const
+{
+    return {QStringLiteral("text/csv"), QStringLiteral("text/plain")};
+}
+
+QStringList RecordTableModel::texts(int row) const
+{
+    QStringList texts;
+    for (int column = 0; column < columnCount(); ++column)
+        texts += index(row, column).data(Qt::EditRole).toString();
+    return texts;
+}
+
+QMimeData *RecordTableModel::mimeData(const QModelIndexList &indexes) const
+{
+    QMap<int, bool> rows;
+    for (const QModelIndex &index : indexes)
+        rows.insert(index.row(), true);
+    QStringList titles;
+    for (int column = 0; column < columnCount(); ++column)
+        titles += _library->library().fields.at(column).title();
+    QString separated = CSVText::row(titles);
+    QString plain;
+    for (auto row = rows.begin(); row != rows.end(); ++row) {
+        const QStringList cells = texts(row.key());
+        separated += CSVText::row(cells);
+        plain += cells.join(u'\t') + u'\n';
+    }
+    auto *const data = new QMimeData;
+    data->setText(plain);
+    data->setData(QStringLiteral("text/csv"), separated.toUtf8());
+    return data;
 }
 
 void RecordTableModel::showChange(StoredRecord *record, const QString &)

@@ -34,6 +34,9 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
     void sort(int column, Qt::SortOrder order) override;
+    /// The rows of cells, as text with tabs and as separated values with the titles above.
+    QMimeData *mimeData(const QModelIndexList &indexes) const override;
+    QStringList mimeTypes() const override;
 
 Q_SIGNALS:
     /// A cell could not read what was typed into it, or it could not be stored.
@@ -43,6 +46,7 @@ private:
     void reset();
     void showChange(StoredRecord *record, const QString &key);
     QString shownText(const StoredRecord &record, qsizetype field) const;
+    QStringList texts(int row) const;
     QVariant colour(const StoredRecord &record, qsizetype field) const;
     bool isNumber(qsizetype field) const;
 

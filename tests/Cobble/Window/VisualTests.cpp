@@ -1,0 +1,140 @@
+// What the host's main window shows beyond texts: displays, badges, pictures, rings.
+
+#include "Cobble/Window/WindowSupport.h"
+
+#include "Window/MediaField.h"
+#include "Window/RecordTableView.h"
+
+#include <KTUtility/Additions/KTImageBadger.h>
+#include <KTUtility/Views/KTFocusRingScrollView.h>
+
+#include <QBuffer>
+#include <QMimeData>
+
+class HostVisualTest : public HostWindowTest
+{
+protected:
+    /// What is told over the window now; nil if nothing is.
+    QString told() const
+    {
+        KTStatusHUDController *const hud = application->hud();
+        return hud->isDisplayingWindow() ? hud->text()->text() : QString();
+    }
+};
+
+TEST_F(HostVisualTest, ASearchTellsHowManyRecordsItFound)
+{
+    MainWindowController *const window = openThings();
+    search(window, QStringLiteral("ann"));
+    EXPECT_EQ(told(), QStringLiteral("2 records"));
+    const int size = application->hud()->text()->font().pixelSize();
+    // What is asked for meanwhile is not shown.
+    search(window, QStringLiteral("tall"));
+    EXPECT_EQ(told(), QStringLiteral("2 records"));
+    EXPECT_EQ(size, 24);
+}
+
+TEST_F(HostVisualTest, TheCountIsShownInLargeTypeOnDemand)
+{
+    MainWindowController *const window = openThings();
+    menuItem(window, "showRecordCount:")->trigger();
+    EXPECT_EQ(told(), QStringLiteral("4 records"));
+    EXPECT_GT(application->hud()->text()->font().pixelSize(), 24);
+    EXPECT_FALSE(application->hud()->largeText());
+}
+
+TEST_F(HostVisualTest, WithoutALibraryThereIsNoCount)
+{
+    MainWindowController *const window = open();
+    EXPECT_FALSE(window->validateMenuItem(menuItem(window, "showRecordCount:")));
+    window->showRecordCount();
+    EXPECT_EQ(told(), QString());
+}
+
+TEST_F(HostVisualTest, ImportsAndExportsAreTold)
+{
+    MainWindowController *const window = openThings();
+    window->exportFile();
+    turn();
+    window->exportSheet()->setFile(tree.path(QStringLiteral("out.csv")));
+    window->exportSheet()->go();
+    EXPECT_EQ(told(), QStringLiteral("Exported 4 records"));
+    turn();
+    application->hud()->dismissStatusWindow();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !application->hud()->window()->isVisible(); }));
+    tree.add(QStringLiteral("Pets.csv"), "Pet\nCat\nDog\n");
+    window->importFile();
+    turn();
+    window->importSheet()->setFile(tree.path(QStringLiteral("Pets.csv")));
+    window->importSheet()->go();
+    EXPECT_EQ(told(), QStringLiteral("Imported 2 records"));
+}
+
+TEST_F(HostVisualTest, DraggedRowsCarryTheirNumber)
+{
+    MainWindowController *const window = openThings();
+    RecordTableView *const table = window->mainWindow()->table();
+    table->selectAll();
+    const QImage four = table->dragPicture(4);
+    ASSERT_FALSE(four.isNull());
+    EXPECT_EQ(four.height(), table->rowHeight(0));
+    // The badge lies at the bottom right, and tells numbers apart.
+    EXPECT_NE(four, table->dragPicture(5));
+    const QImage badge = KTImageBadger::badgeWithString(QStringLiteral("4"));
+    EXPECT_NE(four.pixel(four.width() - badge.width() / 2, four.height() - 3),
+              four.pixel(four.width() / 4, four.height() - 3));
+    table->clearSelection();
+    EXPECT_TRUE(table->dragPicture(0).isNull());
+}
+
+TEST_F(HostVisualTest, DraggedRowsAreTexts)
+{
+    MainWindowController *const window = openThings();
+    RecordTableModel *const model = window->model();
+    const std::unique_ptr<QMimeData> data(model->mimeData(
+        {model->index(1, 0), model->index(1, 1), model->index(0, 0), model->index(0, 4)}));
+    EXPECT_EQ(data->text(), QStringLiteral("Ann\t7\t$5.50\t3/4/2008\tfirst\nsecond\n"
+                                           "Bjørn\t-12\t$1.00\t4/5/2008\t\n"));
+    EXPECT_EQ(data->data(QStringLiteral("text/csv")),
+              QStringLiteral("Name,Visits,Paid,Since,Notes\r\n"
+                             "Ann,7,$5.50,3/4/2008,\"first\nsecond\"\r\n"
+                             "Bjørn,-12,$1.00,4/5/2008,\r\n")
+                  .toUtf8());
+}
+
+TEST_F(HostVisualTest, TheFormHasARingWhileTheKeyboardIsInIt)
+{
+    MainWindowController *const window = openThings();
+    window->mainWindow()->activateWindow();
+    turn();
+    auto *const ring = window->mainWindow()->findChild<KTFocusRingScrollView *>();
+    ASSERT_NE(ring, nullptr);
+    window->mainWindow()->search()->setFocus();
+    turn();
+    EXPECT_FALSE(ring->shouldDrawFocusRing());
+    editor(window, 2)->input()->setFocus();
+    turn();
+    EXPECT_TRUE(ring->shouldDrawFocusRing());
+    EXPECT_EQ(ring->previousResponder(), editor(window, 2)->input());
+}
+
+TEST_F(HostVisualTest, MediaFieldsShowTheirPicture)
+{
+    QImage image(30, 10, QImage::Format_RGB32);
+    image.fill(Qt::green);
+    ASSERT_TRUE(image.save(tree.path(QStringLiteral("a.png"))));
+    import(QStringLiteral("Pictures.csv"),
+           "Name,Picture\nA," + tree.path(QStringLiteral("a.png")).toUtf8() + "\nB,\n");
+    MainWindowController *const window = open();
+    EXPECT_EQ(window->mainWindow()->detail()->mediaField(0), nullptr);
+    MediaField *const media = window->mainWindow()->detail()->mediaField(1);
+    ASSERT_NE(media, nullptr);
+    EXPECT_EQ(media->picture().size(), QSize(30, 10));
+    EXPECT_EQ(media->caption(), QStringLiteral("a.0.png"));
+    window->records()->setSelectionIndex(1);
+    EXPECT_TRUE(media->picture().isNull());
+    window->records()->setSelectionIndex(0);
+    EXPECT_EQ(media->picture().size(), QSize(30, 10));
+    window->records()->setSelectionIndexes({});
+    EXPECT_TRUE(media->picture().isNull());
+}
