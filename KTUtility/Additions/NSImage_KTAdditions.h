@@ -28,7 +28,8 @@ KTUTILITY_EXPORT CIImage toCIImage(const QImage &receiver);
 /// Draws a picture upside down in the coordinates of the painter. This is for flipped views, where
 /// y points down: a plain QPainter shows it upright. Nothing is drawn for rectangles that are not
 /// finite.
-/// \param fromRect the part to draw, y upwards; the whole picture if it is empty.
+/// \param fromRect the part to draw, y upwards; the whole picture if it has neither width
+/// nor height, and nothing if one of them is not above 0.
 /// \param fraction how opaque it is, 0 to 1.
 KTUTILITY_EXPORT void drawFlippedInRect(const QImage &receiver, QPainter &painter,
                                         const QRectF &rect, const QRectF &fromRect,

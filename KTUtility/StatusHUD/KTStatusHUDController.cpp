@@ -115,14 +115,16 @@ void KTStatusHUDController::showStatusWindowWithString(const QString &string,
     // Nothing is shown for nil, and yet it runs: that is deliberate.
     if (string.isNull() || !loadInterface())
         return;
+    // A fade-out that nobody sees would take this display away at its end.
+    _fadeOut->stopAnimation();
     setBlocking(inModalRunLoop);
     layOut(string);
     setParentRect(inParentRect);
     _content->setBackgroundColor(panelColor());
     NSWindow::setLevel(_window, NSStatusWindowLevel);
     fadeIn();
-    NSWindow::orderFront(_window);
     announce(string);
+    NSWindow::orderFront(_window);
     startFadeOutTimer(forSeconds,
                       inModalRunLoop ? NSRunLoopMode::ModalPanel : NSRunLoopMode::Default);
     _largeText = false;
@@ -185,8 +187,8 @@ void KTStatusHUDController::startFadeOutTimer(double seconds, NSRunLoopMode mode
     _fadeOutTimer = std::make_unique<NSTimer>(seconds, mode, [this] { fadeOut(); });
 }
 
-/// The window is a notification of this name, and the text an alert. Where nobody listens, Qt drops
-/// both.
+/// The window is a notification, whose name has to stand when it is shown. The alert is for systems
+/// whose screen readers are told of alerts; Qt passes none on to those of Linux.
 void KTStatusHUDController::announce(const QString &string)
 {
     _window->setAccessibleName(string);
@@ -205,6 +207,7 @@ void KTStatusHUDController::dismissStatusWindow()
         fadeOut();
 }
 
+// Deliberate: what runs without a display, as after nil, counts as one.
 bool KTStatusHUDController::isDisplayingWindow()
 {
     if (_isRunning)
@@ -259,6 +262,9 @@ void KTStatusHUDController::fadeIn()
 
 void KTStatusHUDController::fadeOut()
 {
+    // Nobody is to wait for what cannot be seen.
+    if (_window && !_window->isVisible())
+        setBlocking(false);
     if (_fadeOut)
         _fadeOut->startAnimation();
     _isRunning = false;

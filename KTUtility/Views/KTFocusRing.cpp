@@ -123,6 +123,7 @@ bool KTFocusRing::eventFilter(QObject *, QEvent *event)
     case QEvent::ParentChange:
         follow();
         _changed();
+        place();
         break;
     case QEvent::WindowActivate:
     case QEvent::WindowDeactivate:

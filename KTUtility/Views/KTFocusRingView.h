@@ -37,7 +37,7 @@ public:
     virtual void viewWillDraw();
 
     /// What had the focus when the ring was last turned on; null while there is no ring. Focus
-    /// that moves inside does not change it.
+    /// that moves inside does not change it. It may have been destroyed since: compare it only.
     QWidget *previousResponder() const { return _previousResponder; }
 
 protected:

@@ -22,12 +22,17 @@ void resetSettings(QSlider &slider)
     slider.setInvertedControls(fresh.invertedControls());
 }
 
-QSize withRoomForPicture(const QSize &size, const NSSliderCell *cell)
+/// The picture stands a point above the lower edge of the knob, which lies in the middle of the
+/// slider's height: above the middle there has to be as much room as the picture rises over it.
+QSize withRoomForPicture(const QSize &size, const NSSliderCell *cell, bool isHorizontal)
 {
     const auto *const pictured = dynamic_cast<const KTMediaFieldSliderCell *>(cell);
-    // The picture stands a point above the lower edge of the knob.
-    const QSizeF picture = pictured ? NSImage::sizeOf(pictured->knobImage()) : QSizeF();
-    return size.expandedTo((picture + QSizeF(2, 4)).toSize());
+    if (!pictured)
+        return size;
+    const QSizeF picture = NSImage::sizeOf(pictured->knobImage());
+    const qreal knobHeight = isHorizontal ? cell->knobRect().height() : picture.height();
+    const qreal height = qMax(picture.height() + 4, 2 * (picture.height() + 1) - knobHeight);
+    return size.expandedTo(QSizeF(picture.width() + 2, height).toSize());
 }
 } // namespace
 
@@ -55,12 +60,13 @@ void KTMediaFieldSlider::awakeFromNib()
 
 QSize KTMediaFieldSlider::sizeHint() const
 {
-    return withRoomForPicture(QSlider::sizeHint(), _cell.get());
+    return withRoomForPicture(QSlider::sizeHint(), _cell.get(), orientation() == Qt::Horizontal);
 }
 
 QSize KTMediaFieldSlider::minimumSizeHint() const
 {
-    return withRoomForPicture(QSlider::minimumSizeHint(), _cell.get());
+    return withRoomForPicture(QSlider::minimumSizeHint(), _cell.get(),
+                              orientation() == Qt::Horizontal);
 }
 
 void KTMediaFieldSlider::paintEvent(QPaintEvent *event)

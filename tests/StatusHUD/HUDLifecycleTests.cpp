@@ -220,6 +220,33 @@ TEST_F(HUDTest, DismissingWithoutADisplayFadesUnseen)
     EXPECT_EQ(hud.fadesEnded, 1);
 }
 
+TEST_F(HUDTest, AFadeOutThatNobodySeesTakesNoLaterDisplayAway)
+{
+    show(Text);
+    clock.advance(2);
+    hud.dismissStatusWindow();
+    clock.advance(0.1);
+    show(QStringLiteral("later"));
+    clock.advance(0.5);
+    EXPECT_TRUE(isVisible());
+    EXPECT_EQ(opacity(), 1);
+    EXPECT_TRUE(hud.isDisplayingWindow());
+    clock.advance(1);
+    EXPECT_FALSE(isVisible());
+    show(Text);
+    EXPECT_TRUE(isVisible());
+}
+
+TEST_F(HUDTest, NobodyWaitsForAFadeOutThatCannotBeSeen)
+{
+    hud.showStatusWindowWithString(Text, parent, true, 1);
+    clock.advance(2);
+    EXPECT_FALSE(isVisible());
+    const double slept = clock.secondsSlept();
+    hud.dismissStatusWindow();
+    EXPECT_EQ(clock.secondsSlept(), slept);
+}
+
 TEST_F(HUDTest, AClickDismisses)
 {
     show(Text, 60);

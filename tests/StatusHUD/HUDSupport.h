@@ -26,9 +26,11 @@ protected:
     NSBundle interfaceBundle() const override { return NSBundle(bundlePath); }
     void announce(const QString &string) override
     {
-        EXPECT_TRUE(window()->isVisible());
+        // The name stands before the window is shown.
+        EXPECT_FALSE(window()->isVisible());
         announced += string;
         KTStatusHUDController::announce(string);
+        EXPECT_EQ(window()->accessibleName(), string);
     }
     void animationDidEnd(NSAnimation *animation) override
     {

@@ -92,17 +92,22 @@ bool NSAnimation::step()
 
 void NSAnimation::runBlocking()
 {
-    while (!step()) {
+    while (!step() && _isAnimating) {
         flush();
         NSClock::currentClock().sleepForSeconds(BlockingStepInterval);
     }
     flush();
-    end();
+    // Whoever stops an animation is not told of its end.
+    if (_isAnimating)
+        end();
 }
 
 void NSAnimation::runStep()
 {
-    if (step()) {
+    const bool isEnd = step();
+    if (!_isAnimating)
+        return;
+    if (isEnd) {
         end();
         return;
     }

@@ -7,9 +7,9 @@
 
 /// How an animation runs.
 enum NSAnimationBlockingMode {
-    /// start() returns at the end; nothing else happens meanwhile.
+    /// startAnimation() returns at the end; nothing else happens meanwhile.
     NSAnimationBlocking = 0,
-    /// start() returns at once; the run loop makes the steps.
+    /// startAnimation() returns at once; the run loop makes the steps.
     NSAnimationNonblocking = 1,
 };
 

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QGuiApplication>
 #include <QPointer>
 #include <QWindow>
 
@@ -151,8 +152,13 @@ void NSApplication::endSheet(QWidget *sheet)
         return;
     sheet->setProperty(SheetProperty, QVariant());
     sheet->setWindowModality(Qt::NonModal);
-    if (sheet->windowHandle())
-        sheet->windowHandle()->setTransientParent(nullptr);
+    QWindow *const handle = sheet->windowHandle();
+    QWindow *const host = handle ? handle->transientParent() : nullptr;
+    if (handle)
+        handle->setTransientParent(nullptr);
+    // The keyboard goes back, unless the user is with another program.
+    if (host && QGuiApplication::applicationState() == Qt::ApplicationActive)
+        host->requestActivate();
 }
 
 bool NSApplication::isSheet(const QWidget *window)

@@ -30,7 +30,8 @@ KTUTILITY_EXPORT bool isModalSessionRunning();
 
 /// Shows a window as a sheet of another one, which it blocks.
 KTUTILITY_EXPORT void beginSheet(QWidget *sheet, QWidget *modalForWindow);
-/// Takes the block away; hiding the sheet is the caller's business. Nothing for other windows.
+/// Takes the block away, and gives the keyboard back to the window that was blocked; hiding the
+/// sheet is the caller's business. Nothing for other windows.
 KTUTILITY_EXPORT void endSheet(QWidget *sheet);
 /// Whether a window is a sheet now.
 KTUTILITY_EXPORT bool isSheet(const QWidget *window);

@@ -48,7 +48,7 @@ QImage imageWithExtension(const QString &name, const QString &extension)
 QRectF pixelsOfPart(const QImage &image, const QRectF &part)
 {
     const qreal scale = image.devicePixelRatio();
-    if (part.isEmpty())
+    if (part.isNull())
         return QRectF(image.rect());
     return {part.x() * scale, image.height() - (part.y() + part.height()) * scale,
             part.width() * scale, part.height() * scale};
@@ -119,6 +119,9 @@ void NSImage::drawInRect(const QImage &image, QPainter &painter, const QRectF &r
                          qreal fraction)
 {
     if (image.isNull() || !painter.isActive() || !isFinite(rect) || !isFinite(fromRect))
+        return;
+    const bool isWhole = fromRect.isNull();
+    if (!isWhole && fromRect.isEmpty())
         return;
     const NSGraphicsState state(painter);
     painter.setCompositionMode(operation);

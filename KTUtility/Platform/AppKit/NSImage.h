@@ -48,7 +48,8 @@ KTUTILITY_EXPORT QByteArray TIFFRepresentation(const QImage &image);
 /// Draws a picture into a rectangle of the painter's coordinates. As on the platform, its bottom
 /// lies at the rectangle's smaller y: it is upright where y points up (see NSGraphicsContext), and
 /// upside down in a plain QPainter. Nothing is drawn for rectangles that are not finite.
-/// \param fromRect the part to draw, in points with y upwards; the whole picture if it is empty.
+/// \param fromRect the part to draw, in points with y upwards; the whole picture if
+/// it has neither width nor height, and nothing if one of them is not above 0.
 /// \param fraction how opaque it is, 0 to 1.
 KTUTILITY_EXPORT void
 drawInRect(const QImage &image, QPainter &painter, const QRectF &rect, const QRectF &fromRect = {},

@@ -31,7 +31,8 @@ QRectF turnedOver(const QRectF &rect)
 
 int wholePoints(qreal number)
 {
-    constexpr qreal Farthest = 1e6;
+    // Window systems count places with 16 bits.
+    constexpr qreal Farthest = 30000;
     return std::isfinite(number) ? int(std::lround(std::clamp(number, -Farthest, Farthest))) : 0;
 }
 } // namespace

@@ -25,6 +25,8 @@ protected:
 TEST_F(HostVisualTest, ASearchTellsHowManyRecordsItFound)
 {
     MainWindowController *const window = openThings();
+    window->mainWindow()->activateWindow();
+    turn();
     search(window, QStringLiteral("ann"));
     EXPECT_EQ(told(), QStringLiteral("2 records"));
     const int size = application->hud()->text()->font().pixelSize();
@@ -51,23 +53,31 @@ TEST_F(HostVisualTest, WithoutALibraryThereIsNoCount)
     EXPECT_EQ(told(), QString());
 }
 
-TEST_F(HostVisualTest, ImportsAndExportsAreTold)
+TEST_F(HostVisualTest, ExportsAreTold)
 {
     MainWindowController *const window = openThings();
-    window->exportFile();
+    window->mainWindow()->activateWindow();
     turn();
-    window->exportSheet()->setFile(tree.path(QStringLiteral("out.csv")));
-    window->exportSheet()->go();
+    Q_EMIT window->exportSheet()->exported(4, tree.path(QStringLiteral("out.csv")));
     EXPECT_EQ(told(), QStringLiteral("Exported 4 records"));
-    turn();
     application->hud()->dismissStatusWindow();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !application->hud()->window()->isVisible(); }));
-    tree.add(QStringLiteral("Pets.csv"), "Pet\nCat\nDog\n");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !application->hud()->window()->isVisible(); }));
+}
+
+TEST_F(HostVisualTest, WhatIsDoneUnderASheetIsToldBehindIt)
+{
+    MainWindowController *const window = openThings();
     window->importFile();
     turn();
-    window->importSheet()->setFile(tree.path(QStringLiteral("Pets.csv")));
-    window->importSheet()->go();
-    EXPECT_EQ(told(), QStringLiteral("Imported 2 records"));
+    window->importSheet()->window()->activateWindow();
+    turn();
+    Q_EMIT window->exportSheet()->exported(4, tree.path(QStringLiteral("out.csv")));
+    EXPECT_EQ(told(), QString());
+    window->mainWindow()->activateWindow();
+    turn();
+    EXPECT_EQ(told(), QStringLiteral("Exported 4 records"));
+    window->importSheet()->endDialog();
+    turn();
 }
 
 TEST_F(HostVisualTest, DraggedRowsCarryTheirNumber)

@@ -95,7 +95,7 @@ TEST(SystemCoordinates, CountFromTheBottomLeft)
 TEST(SystemCoordinates, FarAwayIsStillSomewhere)
 {
     needApplication();
-    EXPECT_EQ(NSScreen::qtRect({1e300, 0, 10, 10}).x(), 1000000);
+    EXPECT_EQ(NSScreen::qtRect({1e300, 0, 10, 10}).x(), 30000);
     EXPECT_EQ(NSScreen::qtRect({NotANumber, 0, 10, 10}).x(), 0);
     EXPECT_EQ(NSScreen::qtRect({0, 0, -Infinite, 10}).width(), 0);
 }

@@ -15,12 +15,15 @@
 #include <KTUtility/Platform/AppKit/NSMenuItem.h>
 #include <KTUtility/Platform/Foundation/NSURL.h>
 
+#include <QApplication>
 #include <QEvent>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QStatusBar>
+
+#include <utility>
 
 namespace {
 /// How long to wait for more letters before a search, in milliseconds.
@@ -103,6 +106,7 @@ void MainWindowController::connectSheets()
                      &MainWindowController::queueAfterImport);
     QObject::connect(
         &_exportSheet, &ExportSheet::exported, this, [this](qint64 count, const QString &path) {
+            tellDone(QStringLiteral("Exported %1").arg(recordCountText(count)));
             tell(QStringLiteral("Exported %1 to %2").arg(recordCountText(count), path));
         });
     QObject::connect(&_showLibraryAlert, &ShowLibraryAlert::chosen, this,
@@ -231,11 +235,26 @@ void MainWindowController::tell(const QString &message)
     mainWindow()->statusBar()->showMessage(printableText(message), MessageTime);
 }
 
-/// Tells it in the middle of the window, too.
+/// Tells it in the middle of the window, too, as soon as the user is with it.
 void MainWindowController::tellDone(const QString &message)
 {
     tell(message);
-    _application->showStatus(message, mainWindow());
+    _done = message;
+    if (QApplication::activeWindow() == mainWindow())
+        showDone();
+}
+
+void MainWindowController::showDone()
+{
+    const QString message = std::exchange(_done, QString());
+    if (!message.isNull())
+        _application->showStatus(message, mainWindow());
+}
+
+void MainWindowController::windowDidBecomeKey(const NSNotification &notification)
+{
+    KTWindowController::windowDidBecomeKey(notification);
+    showDone();
 }
 
 QString MainWindowController::foundText() const

@@ -68,6 +68,7 @@ public:
     /// The answer to the question of deleteRecords().
     Q_INVOKABLE void deleteAlertDidEnd(NSAlert *alert, int returnCode, void *contextInfo);
 
+    void windowDidBecomeKey(const NSNotification &notification) override;
     void windowWillClose(const NSNotification &notification) override;
 
 Q_SIGNALS:
@@ -91,6 +92,7 @@ private:
     void showNotice(const QString &error);
     void tell(const QString &message);
     void tellDone(const QString &message);
+    void showDone();
     void searchAndTell();
     QString foundText() const;
     void queueAfterImport(const QString &libraryName);
@@ -102,6 +104,8 @@ private:
     std::unique_ptr<TableSelection> _selection;
     std::shared_ptr<OpenLibrary> _library;
     QTimer _searchTimer;
+    /// What was done and is still to be told.
+    QString _done;
     /// What the question of deleteRecords() is about.
     QList<QPointer<StoredRecord>> _toDelete;
     ImportSheet _importSheet;
