@@ -113,6 +113,15 @@ TEST(RoundedRect, RectanglesWithoutAreaOrEnd)
         EXPECT_EQ(KTAdditions::bezierPathWithRoundedRect(rect, 4).elementCount(), 0);
 }
 
+TEST(RoundedRect, RectanglesBeyondAllCanvases)
+{
+    for (const double far : {1e9, 1e100}) {
+        const QPainterPath path =
+            KTAdditions::bezierPathWithRoundedRect({-far, -far, 2 * far, 2 * far}, far);
+        EXPECT_TRUE(path.isEmpty() || path.contains(QPointF(0, 0))) << far;
+    }
+}
+
 TEST(Gradient, RunsFromTheBottomToTheTop)
 {
     QPainterPath path;

@@ -303,6 +303,43 @@ TEST(ApplyBadge, NilAndNonsense)
     EXPECT_COLOR(covered.pixelColor(0, 0), Qt::red, 1);
 }
 
+TEST(ApplyBadge, ScalesBeyondAllPictures)
+{
+    const QImage picture = solid(4, 4, Qt::black);
+    const QImage badged = KTAdditions::applyBadge(picture, solid(2, 2, Qt::red), 1, 1e30F, true);
+    EXPECT_EQ(badged.size(), picture.size());
+}
+
+TEST(DrawFlipped, RectanglesBeyondAllCanvases)
+{
+    const QImage picture = solid(4, 4, Qt::red);
+    for (const double far : {1e9, 1e300}) {
+        QImage canvas = solid(8, 8, Qt::black);
+        QPainter painter(&canvas);
+        KTAdditions::drawFlippedInRect(picture, painter, {far, far, 4, 4},
+                                       QPainter::CompositionMode_SourceOver);
+        painter.end();
+        EXPECT_EQ(canvas, solid(8, 8, Qt::black)) << far;
+    }
+}
+
+TEST(DrawFlipped, OnlyTheZeroRectangleIsTheWholePicture)
+{
+    const QImage picture = solid(4, 4, Qt::red);
+    const auto draws = [&picture](const QRectF &part) {
+        QImage canvas = solid(8, 8, Qt::black);
+        QPainter painter(&canvas);
+        KTAdditions::drawFlippedInRect(picture, painter, {0, 0, 8, 8}, part,
+                                       QPainter::CompositionMode_SourceOver);
+        painter.end();
+        return canvas != solid(8, 8, Qt::black);
+    };
+    EXPECT_TRUE(draws({}));
+    EXPECT_TRUE(draws({0, 0, 4, 4}));
+    EXPECT_FALSE(draws({1, 1, 0, 2}));
+    EXPECT_FALSE(draws({1, 1, -2, 2}));
+}
+
 TEST(ApplyBadge, MixedResolutions)
 {
     QImage sharp = solid(40, 20, Qt::black);
