@@ -1,17 +1,8 @@
-// The entry of the plug-in: the framework's views for Qt Designer.
-
-#include "KTDesignerWidget_p.h"
+#include "KTDesignerCollection_p.h"
 
 #include <KTUtility/Views/KTFocusRingScrollView.h>
 #include <KTUtility/Views/KTFocusRingView.h>
 #include <KTUtility/Views/KTMediaFieldSlider.h>
-
-#include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
-
-#include <QObject>
-
-#include <array>
-#include <memory>
 
 namespace {
 template<typename View>
@@ -57,27 +48,17 @@ KTDesignerDescription mediaFieldSlider()
 }
 } // namespace
 
-/// All of them.
-class KTDesignerCollection : public QObject, public QDesignerCustomWidgetCollectionInterface
+KTDesignerCollection::KTDesignerCollection()
+    : _widgets{std::make_unique<KTDesignerWidget>(focusRingView()),
+               std::make_unique<KTDesignerWidget>(focusRingScrollView()),
+               std::make_unique<KTDesignerWidget>(mediaFieldSlider())}
 {
-    Q_OBJECT
-    Q_PLUGIN_METADATA(IID QDesignerCustomWidgetCollectionInterface_iid)
-    Q_INTERFACES(QDesignerCustomWidgetCollectionInterface)
+}
 
-public:
-    QList<QDesignerCustomWidgetInterface *> customWidgets() const override
-    {
-        QList<QDesignerCustomWidgetInterface *> widgets;
-        for (const auto &widget : _widgets)
-            widgets += widget.get();
-        return widgets;
-    }
-
-private:
-    std::array<std::unique_ptr<KTDesignerWidget>, 3> _widgets = {
-        std::make_unique<KTDesignerWidget>(focusRingView()),
-        std::make_unique<KTDesignerWidget>(focusRingScrollView()),
-        std::make_unique<KTDesignerWidget>(mediaFieldSlider())};
-};
-
-#include "KTDesignerCollection.moc"
+QList<QDesignerCustomWidgetInterface *> KTDesignerCollection::customWidgets() const
+{
+    QList<QDesignerCustomWidgetInterface *> widgets;
+    for (const auto &widget : _widgets)
+        widgets += widget.get();
+    return widgets;
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "KTDesignerWidget_p.h"
+
+#include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
+
+#include <QObject>
+
+#include <array>
+#include <memory>
+
+/// The entry of the plug-in: the framework's views for Qt Designer.
+class KTDesignerCollection : public QObject, public QDesignerCustomWidgetCollectionInterface
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QDesignerCustomWidgetCollectionInterface_iid)
+    Q_INTERFACES(QDesignerCustomWidgetCollectionInterface)
+
+public:
+    KTDesignerCollection();
+
+    QList<QDesignerCustomWidgetInterface *> customWidgets() const override;
+
+private:
+    std::array<std::unique_ptr<KTDesignerWidget>, 3> _widgets;
+};
