@@ -79,7 +79,8 @@ QWidget *KTFocusRing::firstResponder() const
 bool KTFocusRing::shouldDraw() const
 {
     const QWidget *const responder = firstResponder();
-    return _view->isActiveWindow() && responder &&
+    // Some styles call tool windows active together with their parent.
+    return QApplication::activeWindow() == _view->window() && responder &&
            (responder == _view || _view->isAncestorOf(responder));
 }
 

@@ -63,6 +63,29 @@ TEST_F(HUDLayout, WideTextsTakeTheScreenAndAreCutInTheMiddle)
     EXPECT_EQ(hud.text()->stringValue(), text);
 }
 
+TEST_F(HUDLayout, RightToLeft)
+{
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    const QString text = QStringLiteral("\u05E9\u05DC\u05D5\u05DD 247");
+    EXPECT_EQ(sizeFor(text), QSize(widthOf(text, 24) + 32, 104));
+    EXPECT_EQ(hud.text()->geometry().x(), 0);
+    EXPECT_EQ(hud.text()->width(), hud.window()->width());
+    EXPECT_EQ(hud.text()->shownText(), text);
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
+TEST_F(HUDLayout, AnotherWidthShortensAnew)
+{
+    const QString text = QString(300, u'm');
+    sizeFor(text);
+    const QString wide = hud.text()->shownText();
+    EXPECT_EQ(hud.text()->shownText(), wide);
+    hud.text()->resize(200, 30);
+    EXPECT_LT(hud.text()->shownText().size(), wide.size());
+    hud.text()->setStringValue(QStringLiteral("short"));
+    EXPECT_EQ(hud.text()->shownText(), QStringLiteral("short"));
+}
+
 TEST_F(HUDLayout, TheScreenLeaves32Points)
 {
     const QString text = QStringLiteral("just so wide");

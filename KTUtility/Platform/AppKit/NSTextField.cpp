@@ -55,7 +55,12 @@ void NSTextField::sizeToFit()
 
 QString NSTextField::shownText() const
 {
-    return QFontMetricsF(font()).elidedText(oneLine(), _lineBreakMode, width());
+    const Shortened wanted{text(), font(), width(), _lineBreakMode};
+    if (wanted == _shortened)
+        return _shownText;
+    _shortened = wanted;
+    _shownText = QFontMetricsF(font()).elidedText(oneLine(), _lineBreakMode, width());
+    return _shownText;
 }
 
 QSize NSTextField::sizeHint() const

@@ -2,6 +2,7 @@
 
 #include <KTUtility/KTUtilityExport.h>
 
+#include <QFont>
 #include <QLabel>
 
 /// A label of one line that shortens what is too long for it. Line breaks and tabs are shown as
@@ -44,7 +45,20 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    /// What was shortened last, for which the field is painted many times while it fades.
+    struct Shortened
+    {
+        QString text;
+        QFont font;
+        int width = -1;
+        Qt::TextElideMode mode = Qt::ElideMiddle;
+
+        friend bool operator==(const Shortened &, const Shortened &) = default;
+    };
+
     QString oneLine() const;
 
     Qt::TextElideMode _lineBreakMode = Qt::ElideMiddle;
+    mutable Shortened _shortened;
+    mutable QString _shownText;
 };
