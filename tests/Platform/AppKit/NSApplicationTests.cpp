@@ -1,0 +1,75 @@
+#include <KTUtility/Platform/AppKit/NSApplication.h>
+
+#include "support/TestSupport.h"
+
+#include <QCoreApplication>
+#include <QDialog>
+
+#include <memory>
+#include <stdexcept>
+
+namespace {
+/// Lets everything happen that waits for the run loop.
+void turn()
+{
+    for (int round = 0; round < 5; ++round)
+        QCoreApplication::processEvents();
+}
+} // namespace
+
+TEST(Application, ModalSessionsNestAndEndWithTheirWindow)
+{
+    testing_support::needApplication();
+    QWidget outer, inner;
+    QStringList log;
+    NSApplication::performOnNextTurn(&outer, [&] { log += QStringLiteral("before"); });
+    QMetaObject::invokeMethod(
+        &outer,
+        [&] {
+            NSApplication::performOnNextTurn(&outer, [&] { log += QStringLiteral("waited"); });
+            QMetaObject::invokeMethod(
+                &inner, [&] { NSApplication::stopModal(7); }, Qt::QueuedConnection);
+            log += QString::number(NSApplication::runModalForWindow(&inner));
+            EXPECT_EQ(NSApplication::modalWindow(), &outer);
+            outer.hide();
+        },
+        Qt::QueuedConnection);
+    log += QString::number(NSApplication::runModalForWindow(&outer));
+    EXPECT_EQ(log, QStringList({QStringLiteral("7"), QStringLiteral("0")}));
+    turn();
+    EXPECT_EQ(log.last(), QStringLiteral("waited"));
+    EXPECT_EQ(log.size(), 4);
+    NSApplication::stopModal(1);
+}
+
+TEST(Application, AnExceptionEndsTheModalSession)
+{
+    testing_support::needApplication();
+    QDialog dialog;
+    QMetaObject::invokeMethod(
+        &dialog, [] { throw std::runtime_error("mistake"); }, Qt::QueuedConnection);
+    testing_support::standardErrorOf(
+        [&dialog] { EXPECT_THROW(NSApplication::runModalForWindow(&dialog), std::runtime_error); });
+    EXPECT_EQ(NSApplication::modalWindow(), nullptr);
+    EXPECT_EQ(dialog.windowModality(), Qt::NonModal);
+    bool isPerformed = false;
+    NSApplication::performOnNextTurn(&dialog, [&isPerformed] { isPerformed = true; });
+    turn();
+    EXPECT_TRUE(isPerformed);
+}
+
+TEST(Application, WhatWaitsGoesWithItsReceiver)
+{
+    testing_support::needApplication();
+    int calls = 0;
+    auto receiver = std::make_unique<QObject>();
+    NSApplication::performOnNextTurn(receiver.get(), [&] { ++calls; });
+    receiver.reset();
+    turn();
+    EXPECT_EQ(calls, 0);
+    QObject lasting;
+    NSApplication::performOnNextTurn(&lasting, [&] { ++calls; });
+    EXPECT_EQ(calls, 0);
+    turn();
+    EXPECT_EQ(calls, 1);
+}
