@@ -61,7 +61,7 @@ TEST_F(DesktopHost, ImportsByTheKeyboardAlone)
               window->mainWindow()->windowHandle());
     press(Qt::Key_Return);
     ASSERT_TRUE(becomesActive(window->mainWindow()));
-    EXPECT_EQ(window->library()->library().name, QStringLiteral("Pets"));
+    EXPECT_EQ(window->library()->definition().name, QStringLiteral("Pets"));
     EXPECT_EQ(countIn(window), QStringLiteral("2 records"));
     // What was done is told when the window has the keyboard again.
     EXPECT_TRUE(QTest::qWaitFor([this] { return application->hud()->isDisplayingWindow(); }));

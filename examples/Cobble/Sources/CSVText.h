@@ -23,12 +23,14 @@ inline QString quoted(const QString &field)
     return u'"' + QString(field).replace(u'"', QStringLiteral("\"\"")) + u'"';
 }
 
-/// A row of fields, with the end of its line.
+/// A row of fields, with the end of its line. A row without anything is a row, too, and no blank
+/// line, which readers pass over.
 inline QString row(const QStringList &fields)
 {
     QStringList texts;
     for (const QString &field : fields)
         texts += quoted(field);
-    return QString(texts.join(u',') + u"\r\n");
+    const QString row = texts.join(u',');
+    return QString((row.isEmpty() ? QStringLiteral("\"\"") : row) + u"\r\n");
 }
 } // namespace CSVText

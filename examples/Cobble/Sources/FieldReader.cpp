@@ -69,3 +69,13 @@ FieldReading FieldReader::read(const QString &text, bool isImported) const
         reading.reason = reasonFor(_type, errorDescription);
     return reading;
 }
+
+FieldReading FieldReader::readTyped(const QString &text) const
+{
+    if (text.isEmpty())
+        return {true, {}, {}, {}};
+    FieldReading reading = read(text);
+    if (!reading.isRead && reading.reason.isEmpty())
+        reading.reason = QStringLiteral("it cannot be read");
+    return reading;
+}

@@ -34,6 +34,8 @@ public:
 
     /// Reads one value; values of imported fields may be typed as other programs write them.
     FieldReading read(const QString &text, bool isImported = false) const;
+    /// Reads what a person types into a field: nothing is nil, and what is not read has a reason.
+    FieldReading readTyped(const QString &text) const;
 
 private:
     FieldType _type;

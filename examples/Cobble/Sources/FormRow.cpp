@@ -15,8 +15,7 @@ QString FormRow::text() const
 
 bool FormRow::setText(const QString &text, QString *reason)
 {
-    const FieldReading reading =
-        text.isEmpty() ? FieldReading{true, {}, {}, {}} : _reader->read(text);
+    const FieldReading reading = _reader->readTyped(text);
     if (reason)
         *reason = reading.reason;
     if (!reading.isRead)

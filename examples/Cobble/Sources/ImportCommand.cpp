@@ -36,7 +36,7 @@ ExitCode store(const ImportRequest &request, const ImportFile &file, CommandCont
     context.out() << '\n'
                   << QStringLiteral("Stored %1 in the library '%2' of %3\n")
                          .arg(recordCountText(outcome.recordCount),
-                              printableText(outcome.library.name), printableText(bundlePath));
+                              printableText(outcome.stored.name), printableText(bundlePath));
     return ExitCode::Success;
 }
 

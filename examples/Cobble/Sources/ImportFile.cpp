@@ -20,18 +20,9 @@ bool isSeparatedText(const QString &fileType)
 /// A table as separated values.
 QString separatedText(const CobbleTable &table)
 {
-    QString text;
-    const auto addRow = [&text](const QStringList &fields) {
-        QStringList quoted;
-        for (const QString &field : fields)
-            quoted += CSVText::quoted(field);
-        // A row without anything is a row, too.
-        const QString row = quoted.join(u',');
-        text += (row.isEmpty() ? QStringLiteral("\"\"") : row) + u'\n';
-    };
-    addRow(table.titles);
+    QString text = CSVText::row(table.titles);
     for (const QStringList &row : table.rows)
-        addRow(row);
+        text += CSVText::row(row);
     return text;
 }
 
@@ -131,7 +122,7 @@ ImportFile::Outcome ImportFile::store(const ImportRequest &request, int patience
     outcome.errorDescription = outcome.values.errorDescription;
     if (outcome.errorDescription.isNull() && !transaction->commit())
         outcome.errorDescription = transaction->store().errorText();
-    outcome.library = import.storedLibrary();
+    outcome.stored = import.storedLibrary();
     outcome.recordCount = import.recordCount();
     return outcome;
 }

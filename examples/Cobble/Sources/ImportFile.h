@@ -31,7 +31,7 @@ struct ImportFile
         QString errorDescription;
         ImportValues values;
         /// With the names that it got.
-        Library library;
+        Library stored;
         qint64 recordCount = 0;
     };
 

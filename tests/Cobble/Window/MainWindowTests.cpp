@@ -65,9 +65,9 @@ TEST_F(MainWindowTest, ClickingOnALibraryShowsIt)
     QListWidget *const list = window->mainWindow()->libraries();
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                       list->visualItemRect(list->item(1)).center());
-    EXPECT_EQ(window->library()->library().name, QStringLiteral("Things"));
+    EXPECT_EQ(window->library()->definition().name, QStringLiteral("Things"));
     QTest::keyClick(list, Qt::Key_Up);
-    EXPECT_EQ(window->library()->library().name, QStringLiteral("Animals"));
+    EXPECT_EQ(window->library()->definition().name, QStringLiteral("Animals"));
 }
 
 TEST_F(MainWindowTest, WithoutLibrariesItSaysSo)
@@ -306,7 +306,7 @@ TEST_F(MainWindowTest, SeveralRecordsChangeAllOrNotAtAll)
     window->mainWindow()->table()->selectAll();
     // The last one is gone, in a way that nobody can see.
     LibraryStore *const store = application->bundle()->store();
-    ASSERT_TRUE(store->removeRecord(window->library()->library(), 4));
+    ASSERT_TRUE(store->removeRecord(window->library()->definition(), 4));
     type(editor(window, 1)->input(), QStringLiteral("5"));
     QTest::keyClick(editor(window, 1)->input(), Qt::Key_Return);
     turn();

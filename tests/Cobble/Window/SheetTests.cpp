@@ -81,7 +81,7 @@ TEST_F(SheetTest, TwoDialogsFollowAnImport)
     EXPECT_EQ(librariesIn(window), QStringList({QStringLiteral("Pets"), QStringLiteral("Things")}));
     QTest::keyClick(question, Qt::Key_Return);
     turn();
-    EXPECT_EQ(window->library()->library().name, QStringLiteral("Pets"));
+    EXPECT_EQ(window->library()->definition().name, QStringLiteral("Pets"));
     EXPECT_EQ(countIn(window), QStringLiteral("12 records"));
     EXPECT_FALSE(window->continueRunningQueue());
 }
@@ -96,7 +96,7 @@ TEST_F(SheetTest, TheQuestionMayBeDenied)
     ASSERT_NE(alertBox(), nullptr);
     QTest::keyClick(alertBox(), Qt::Key_Escape);
     turn();
-    EXPECT_EQ(window->library()->library().name, QStringLiteral("Things"));
+    EXPECT_EQ(window->library()->definition().name, QStringLiteral("Things"));
     EXPECT_FALSE(window->continueRunningQueue());
 }
 
@@ -449,7 +449,7 @@ TEST_F(SheetTest, MediaOfDeletedRecordsGoUnlessOthersHaveThem)
     // The third has the picture of the second, too.
     FormRecord *const third = window->model()->recordAt(2);
     ASSERT_TRUE(third->setValueForKey(window->library()->value(*window->model()->recordAt(1), 1),
-                                      window->library()->library().fields.at(1).columnName));
+                                      window->library()->definition().fields.at(1).columnName));
     KTDoNotShowAlert::setBoolForSuppressionKey(MainWindowController::DeleteSuppressionKey, true);
     window->records()->setSelectionIndexes({0, 1});
     window->deleteRecords();

@@ -24,23 +24,15 @@ private:
     bool _isDone = true;
 };
 
-QString csvRow(const QStringList &fields)
-{
-    QStringList quoted;
-    for (const QString &field : fields)
-        quoted += CSVText::quoted(field);
-    return quoted.join(u',') + u"\r\n";
-}
-
 void writeCSV(CobbleRecordSource &records, Writer &writer)
 {
     const QStringList titles = records.fieldTitles();
-    writer.write(csvRow(titles));
+    writer.write(CSVText::row(titles));
     while (records.next() && writer.isDone()) {
         QStringList texts;
         for (qsizetype field = 0; field < titles.size(); ++field)
             texts += records.text(field);
-        writer.write(csvRow(texts));
+        writer.write(CSVText::row(texts));
     }
 }
 

@@ -42,7 +42,7 @@ void DesktopApplication::newWindow(QAction *)
     auto *const current = qobject_cast<MainWindowController *>(
         KTWindowManager::sharedWindowManager()->currentMainWindowController());
     const QString library =
-        current && current->library() ? current->library()->library().name : QString();
+        current && current->library() ? current->library()->definition().name : QString();
     _windows.push_back(std::make_unique<MainWindowController>(this));
     MainWindowController *const opened = _windows.back().get();
     QObject::connect(opened, &MainWindowController::closed, this, &DesktopApplication::remove);

@@ -39,7 +39,8 @@ DetailPane::DetailPane(NSArrayController *records, QWidget *parent)
 DetailPane::~DetailPane()
 {
     // The rows go before the editors, which look at them.
-    qDeleteAll(_editors);
+    for (const Row &row : _rows)
+        delete row.editor.data();
 }
 
 void DetailPane::setFields(const QList<FormField *> &fields)
@@ -49,60 +50,58 @@ void DetailPane::setFields(const QList<FormField *> &fields)
 
 FieldEditor *DetailPane::editor(qsizetype field) const
 {
-    return _editors.value(field);
+    return _rows.value(field).editor;
 }
 
 void DetailPane::rebuild()
 {
     while (_layout->rowCount() > 0)
         _layout->removeRow(0);
-    _editors.clear();
-    _mediaFields.clear();
+    _rows.clear();
     for (FormRow *const row : _form.rows())
         addRow(row);
     _shown = _records->selectedObjects();
 }
 
-void DetailPane::addRow(FormRow *row)
+void DetailPane::addRow(FormRow *formRow)
 {
-    auto *const editor = new FieldEditor(row->field()->field().type, this);
+    const FieldType type = formRow->field()->field().type;
+    auto *const editor = new FieldEditor(type, this);
+    const Row row{formRow, editor, type == FieldType::Media ? new MediaField : nullptr};
     auto *const label = new QLabel(this);
     label->setTextFormat(Qt::PlainText);
     label->setBuddy(editor->input());
-    _layout->addRow(label, inputFor(row, editor));
-    _editors += editor;
-    const auto refresh = [this, row, editor, label] {
-        label->setText(labelText(row->label()));
-        editor->setTitle(row->label().toString());
+    _layout->addRow(label, inputFor(row));
+    _rows += row;
+    const auto refresh = [this, row, label] {
+        label->setText(labelText(row.row->label()));
+        row.editor->setTitle(row.row->label().toString());
         // What is being typed is not taken away.
-        if (!editor->isEdited())
-            show(row, editor);
+        if (!row.editor->isEdited())
+            show(row);
     };
     refresh();
-    QObject::connect(row, &FormRow::changed, editor, refresh);
-    QObject::connect(editor, &FieldEditor::committed, row,
-                     [this, row, editor](const QString &text) { take(row, editor, text); });
+    QObject::connect(formRow, &FormRow::changed, editor, refresh);
+    QObject::connect(editor, &FieldEditor::committed, formRow,
+                     [this, row](const QString &text) { take(row, text); });
 }
 
 /// The editor, for media with their picture below.
-QWidget *DetailPane::inputFor(FormRow *row, FieldEditor *editor)
+QWidget *DetailPane::inputFor(const Row &row)
 {
-    const bool isMedia = row->field()->field().type == FieldType::Media;
-    auto *const media = isMedia ? new MediaField : nullptr;
-    _mediaFields += media;
-    if (!media)
-        return editor;
+    if (!row.mediaField)
+        return row.editor;
     auto *const both = new QWidget(this);
     auto *const layout = new QVBoxLayout(both);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(editor);
-    layout->addWidget(media);
+    layout->addWidget(row.editor);
+    layout->addWidget(row.mediaField);
     return both;
 }
 
 MediaField *DetailPane::mediaField(qsizetype field) const
 {
-    return _mediaFields.value(field);
+    return _rows.value(field).mediaField;
 }
 
 /// Shows other records than before; if they are the same, what is being typed stays.
@@ -111,44 +110,42 @@ void DetailPane::showSelection()
     const QVariantList selected = _records->selectedObjects();
     const bool areOthers = selected != _shown;
     _shown = selected;
-    const QList<FormRow *> rows = _form.rows();
-    for (qsizetype field = 0; field < qMin(rows.size(), _editors.size()); ++field) {
-        if (areOthers || !_editors.at(field)->isEdited())
-            show(rows.at(field), _editors.at(field));
+    for (const Row &row : std::as_const(_rows)) {
+        if (row.row && (areOthers || !row.editor->isEdited()))
+            show(row);
     }
 }
 
 // A row keeps the value that it has when what is selected has none, or several.
-void DetailPane::show(FormRow *row, FieldEditor *editor) const
+void DetailPane::show(const Row &row) const
 {
-    const QVariant value =
-        NSKeyValueCoding::valueForKey(_records->selection(), row->field()->key());
-    editor->setText(NSIsControllerMarker(value) ? QString() : row->text());
-    editor->setPlaceholderText(placeholderFor(value));
-    const bool isMedia = row->field()->field().type == FieldType::Media;
-    editor->setEnabled(!isMedia && !_records->selectionIndexes().isEmpty());
-    showMedia(row, editor);
+    const FormField *const field = row.row->field();
+    const QVariant value = NSKeyValueCoding::valueForKey(_records->selection(), field->key());
+    row.editor->setText(NSIsControllerMarker(value) ? QString() : row.row->text());
+    row.editor->setPlaceholderText(placeholderFor(value));
+    const bool isMedia = field->field().type == FieldType::Media;
+    row.editor->setEnabled(!isMedia && !_records->selectionIndexes().isEmpty());
+    showMedia(row);
 }
 
-void DetailPane::showMedia(const FormRow *row, const FieldEditor *editor) const
+void DetailPane::showMedia(const Row &row) const
 {
-    const qsizetype position = _form.rows().indexOf(row);
-    MediaField *const media = _mediaFields.value(position);
-    if (media)
-        media->setFile(_fileFinder && !editor->text().isEmpty() ? _fileFinder(editor->text())
-                                                                : QString());
+    if (!row.mediaField)
+        return;
+    const QString url = row.editor->text();
+    row.mediaField->setFile(_fileFinder && !url.isEmpty() ? _fileFinder(url) : QString());
 }
 
-void DetailPane::take(FormRow *row, FieldEditor *editor, const QString &text)
+void DetailPane::take(const Row &row, const QString &text)
 {
     QString reason;
     bool isRead = false;
-    const auto read = [&] { isRead = row->setText(text, &reason); };
+    const auto read = [&] { isRead = row.row->setText(text, &reason); };
     const QString refusal = _changer ? _changer(read) : (read(), QString());
-    if (!isRead && refusal.isNull())
-        editor->setProblem(reason.isEmpty() ? QStringLiteral("it cannot be read") : reason);
-    else if (!refusal.isNull())
-        editor->setProblem(refusal);
+    if (!refusal.isNull())
+        row.editor->setProblem(refusal);
+    else if (!isRead)
+        row.editor->setProblem(reason);
     else
-        editor->setText(row->text());
+        row.editor->setText(row.row->text());
 }

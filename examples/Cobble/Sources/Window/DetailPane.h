@@ -40,20 +40,27 @@ public:
     MediaField *mediaField(qsizetype field) const;
 
 private:
+    /// What one field is edited by.
+    struct Row
+    {
+        QPointer<FormRow> row;
+        QPointer<FieldEditor> editor;
+        /// Null for fields that are no media.
+        QPointer<MediaField> mediaField;
+    };
+
     void rebuild();
-    void addRow(FormRow *row);
+    void addRow(FormRow *formRow);
     void showSelection();
-    QWidget *inputFor(FormRow *row, FieldEditor *editor);
-    void show(FormRow *row, FieldEditor *editor) const;
-    void showMedia(const FormRow *row, const FieldEditor *editor) const;
-    void take(FormRow *row, FieldEditor *editor, const QString &text);
+    QWidget *inputFor(const Row &row);
+    void show(const Row &row) const;
+    void showMedia(const Row &row) const;
+    void take(const Row &row, const QString &text);
 
     NSArrayController *_records;
     DetailForm _form;
     QFormLayout *_layout;
-    QList<QPointer<FieldEditor>> _editors;
-    /// Null for fields that are no media.
-    QList<QPointer<MediaField>> _mediaFields;
+    QList<Row> _rows;
     /// What the editors show.
     QVariantList _shown;
     Changer _changer;

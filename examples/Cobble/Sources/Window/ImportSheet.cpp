@@ -56,7 +56,7 @@ QString ImportSheet::work()
     if (KTWindowController *const host = hostWindowController())
         host->exposeObjectToDialog(QVariant::fromValue(ImportResult{importFile.schema, outcome}),
                                    ResultKey);
-    Q_EMIT imported(outcome.library.name);
+    Q_EMIT imported(outcome.stored.name);
     return {};
 }
 

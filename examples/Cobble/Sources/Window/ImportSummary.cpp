@@ -49,7 +49,7 @@ void ImportSummary::configDialog()
     outlet<QLabel>(QStringLiteral("titleLabel"))
         ->setText(
             QStringLiteral("Stored %1 in the library “%2”.")
-                .arg(recordCountText(result.outcome.recordCount), result.outcome.library.name));
+                .arg(recordCountText(result.outcome.recordCount), result.outcome.stored.name));
     showColumns(result);
     showUnread(result);
 }

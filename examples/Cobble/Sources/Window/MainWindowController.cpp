@@ -118,7 +118,7 @@ void MainWindowController::connectSheets()
 /// Fills the list anew, and shows the library of the same name again.
 void MainWindowController::listLibraries()
 {
-    const QString shown = _library ? _library->library().name : QString();
+    const QString shown = _library ? _library->definition().name : QString();
     QListWidget *const list = mainWindow()->libraries();
     {
         const QSignalBlocker blocker(list);
@@ -137,7 +137,7 @@ QString MainWindowController::showLibrary(const QString &name)
     QString error;
     const std::shared_ptr<OpenLibrary> library =
         name.isNull() ? nullptr : _application->bundle()->open(name, &error);
-    selectInList(library ? library->library().name : QString());
+    selectInList(library ? library->definition().name : QString());
     if (!library || library != _library)
         setLibrary(library);
     showNotice(error);
@@ -177,7 +177,7 @@ void MainWindowController::setLibrary(const std::shared_ptr<OpenLibrary> &librar
 {
     forget();
     _library = library;
-    mainWindow()->setWindowTitle(library ? printableText(library->library().name) + u" – Cobble"
+    mainWindow()->setWindowTitle(library ? printableText(library->definition().name) + u" – Cobble"
                                          : QStringLiteral("Cobble"));
     if (!library) {
         showCount();
@@ -335,7 +335,7 @@ void MainWindowController::exportFile(QAction *)
 {
     if (!_library)
         return;
-    exposeObjectToDialog(_library->library().name, ExportSheet::LibraryKey);
+    exposeObjectToDialog(_library->definition().name, ExportSheet::LibraryKey);
     run(&_exportSheet);
 }
 
@@ -346,7 +346,7 @@ void MainWindowController::queueAfterImport(const QString &libraryName)
         exposedDialogDatasource().value(ImportSheet::ResultKey).value<ImportResult>();
     tellDone(QStringLiteral("Imported %1").arg(recordCountText(result.outcome.recordCount)));
     addDialogControllerToQueue(&_importSummary);
-    if (!_library || _library->library().name != libraryName)
+    if (!_library || _library->definition().name != libraryName)
         addDialogControllerToQueue(&_showLibraryAlert);
 }
 

@@ -55,14 +55,6 @@ std::shared_ptr<OpenLibrary> OpenBundle::open(const QString &name, QString *erro
     return opened;
 }
 
-void OpenBundle::setBusy(bool isBusy)
-{
-    if (_isBusy == isBusy)
-        return;
-    _isBusy = isBusy;
-    Q_EMIT busyChanged();
-}
-
 QString OpenBundle::reasonNotToWrite()
 {
     if (_isBusy)

@@ -39,7 +39,7 @@ public:
 
     /// Whether an import or an export is on its way. Only one can be.
     bool isBusy() const { return _isBusy; }
-    void setBusy(bool isBusy);
+    void setBusy(bool isBusy) { _isBusy = isBusy; }
     /// Makes changes to records, all of them or none.
     /// \param changes gives false for a change that the store has refused.
     /// \return why nothing was changed; nil if all was. If another program has written meanwhile,
@@ -48,7 +48,6 @@ public:
 
 Q_SIGNALS:
     void librariesChanged();
-    void busyChanged();
 
 private:
     QString reasonNotToWrite();

@@ -28,7 +28,8 @@ public:
     static std::shared_ptr<OpenLibrary> load(OpenBundle *bundle, const Library &library,
                                              QString *error);
 
-    const Library &library() const { return _library; }
+    /// Its names and fields, as the catalogue has them.
+    const Library &definition() const { return _library; }
     /// The fields, in their order; they live as long as the library.
     QList<FormField *> fields() const;
     /// The records, in the order in which they were stored, as pointers to StoredRecord.

@@ -13,7 +13,7 @@ struct TypedValue
 QList<TypedValue> valuesOf(const OpenLibrary &library, const QString &typed)
 {
     QList<TypedValue> values;
-    for (qsizetype field = 0; field < library.library().fields.size(); ++field) {
+    for (qsizetype field = 0; field < library.definition().fields.size(); ++field) {
         const FieldReader &reader = library.reader(field);
         const FieldReading reading = reader.formatter() ? reader.read(typed) : FieldReading();
         if (reading.isRead && !NSObject::isNil(reading.value))

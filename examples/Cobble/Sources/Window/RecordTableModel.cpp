@@ -46,7 +46,7 @@ int RecordTableModel::rowCount(const QModelIndex &parent) const
 
 int RecordTableModel::columnCount(const QModelIndex &parent) const
 {
-    return parent.isValid() || !_library ? 0 : int(_library->library().fields.size());
+    return parent.isValid() || !_library ? 0 : int(_library->definition().fields.size());
 }
 
 QString RecordTableModel::shownText(const StoredRecord &record, qsizetype field) const
@@ -96,7 +96,7 @@ QVariant RecordTableModel::headerData(int section, Qt::Orientation orientation, 
     if (orientation != Qt::Horizontal || !_library)
         return QAbstractTableModel::headerData(section, orientation, role);
     if (role == Qt::DisplayRole)
-        return ShortText::firstLine(_library->library().fields.at(section).title());
+        return ShortText::firstLine(_library->definition().fields.at(section).title());
     if (role == Qt::TextAlignmentRole)
         return QVariant((isNumber(section) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     return {};
@@ -107,7 +107,7 @@ Qt::ItemFlags RecordTableModel::flags(const QModelIndex &index) const
     const Qt::ItemFlags flags = QAbstractTableModel::flags(index) | Qt::ItemIsDragEnabled;
     // Media are files that were stored; a name that somebody types is none of them.
     const bool isMedia =
-        _library && _library->library().fields.at(index.column()).type == FieldType::Media;
+        _library && _library->definition().fields.at(index.column()).type == FieldType::Media;
     return isMedia ? flags : flags | Qt::ItemIsEditable;
 }
 
@@ -116,11 +116,10 @@ QString RecordTableModel::take(const QString &text, const QModelIndex &at)
     StoredRecord *const record = recordAt(at.row());
     if (!record || text == data(at, Qt::EditRole).toString())
         return {};
-    const FieldReading reading =
-        text.isEmpty() ? FieldReading{true, {}, {}, {}} : _library->reader(at.column()).read(text);
+    const FieldReading reading = _library->reader(at.column()).readTyped(text);
     if (!reading.isRead)
-        return reading.reason.isEmpty() ? QStringLiteral("it cannot be read") : reading.reason;
-    const QString key = _library->library().fields.at(at.column()).columnName;
+        return reading.reason;
+    const QString key = _library->definition().fields.at(at.column()).columnName;
     return _library->change([&] { record->setValueForKey(reading.value, key); });
 }
 
@@ -140,7 +139,7 @@ void RecordTableModel::sort(int column, Qt::SortOrder order)
         _records->setSortDescriptors({});
         return;
     }
-    _records->setSortDescriptors({{_library->library().fields.at(column).columnName,
+    _records->setSortDescriptors({{_library->definition().fields.at(column).columnName,
                                    order == Qt::AscendingOrder, ValueOrder::compare}});
 }
 
@@ -164,7 +163,7 @@ QMimeData *RecordTableModel::mimeData(const QModelIndexList &indexes) const
         rows.insert(index.row(), true);
     QStringList titles;
     for (int column = 0; column < columnCount(); ++column)
-        titles += _library->library().fields.at(column).title();
+        titles += _library->definition().fields.at(column).title();
     QString separated = CSVText::row(titles);
     QString plain;
     for (auto row = rows.begin(); row != rows.end(); ++row) {

@@ -10,7 +10,7 @@ void ShowLibraryAlert::configDialog()
     KTAlertPanelDialogController::configDialog();
     _libraryName = windowDataSourceObjectForKey(ImportSheet::ResultKey)
                        .value<ImportResult>()
-                       .outcome.library.name;
+                       .outcome.stored.name;
 }
 
 void ShowLibraryAlert::runDialog()

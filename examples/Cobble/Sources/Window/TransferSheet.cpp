@@ -111,7 +111,8 @@ void TransferSheet::go()
     showProblem(QString());
     setWorking(true);
     _bundle->setBusy(true);
-    _lastLook.start();
+    // The first look is at once.
+    _lastLook.invalidate();
     const QString problem = workSafely();
     _bundle->setBusy(false);
     setWorking(false);
@@ -131,8 +132,8 @@ void TransferSheet::cancel()
 
 bool TransferSheet::goOn(qint64 done, qint64 total)
 {
-    if (_lastLook.elapsed() < _lookInterval)
-        return true;
+    if (_lastLook.isValid() && _lastLook.elapsed() < _lookInterval)
+        return !_isCancelled;
     auto *const bar = outlet<QProgressBar>(QStringLiteral("progressBar"));
     bar->setRange(0, 1000);
     bar->setValue(total > 0 ? int(done * 1000 / total) : 0);
