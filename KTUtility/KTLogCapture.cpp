@@ -43,9 +43,9 @@ void KTLogCapture::clear()
 }
 
 void KTLogCapture::add(const QString &component, int level, std::string_view file, int lineNumber,
-                       const QString &message)
+                       QStringView message)
 {
     const QMutexLocker lock(&_mutex);
     _entries.append({component, level, QString::fromUtf8(file.data(), qsizetype(file.size())),
-                     lineNumber, message});
+                     lineNumber, message.toString()});
 }

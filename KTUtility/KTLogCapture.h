@@ -51,7 +51,7 @@ public:
 private:
     friend class KTLogger;
     void add(const QString &component, int level, std::string_view file, int lineNumber,
-             const QString &message);
+             QStringView message);
 
     KTLogger *_logger;
     KTLogCapture *_outer;

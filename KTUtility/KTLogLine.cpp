@@ -3,25 +3,56 @@
 #include <QStringEncoder>
 
 #include <algorithm>
-#include <array>
+#include <bit>
 #include <charconv>
+#include <cstdio>
 #include <cstring>
 
 namespace {
-/// Enough bytes for a date and time, whatever the year.
-constexpr size_t DateSize = 64;
-
 constexpr std::array<const char *, 7> Weekdays = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
 constexpr std::array<const char *, 12> Months = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                                  "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 
-/// Without a branch for each unit, so that the compiler makes vector code of it.
-bool isAscii(QStringView text)
+/// Four UTF-16 units as they lie in memory.
+using Block = quint64;
+constexpr size_t BlockSize = sizeof(Block) / sizeof(char16_t);
+
+/// What is not ASCII has one of these bits.
+constexpr Block NotASCII = 0xFF80FF80FF80FF80;
+
+/// Narrows four ASCII units and gives them back, to be tested.
+Block narrowBlock(char *to, const char16_t *from)
 {
-    char16_t bits = 0;
-    for (const QChar unit : text)
-        bits = char16_t(bits | unit.unicode());
-    return bits < 0x80;
+    Block units = 0;
+    std::memcpy(&units, from, sizeof units);
+    if constexpr (std::endian::native == std::endian::little) {
+        const Block pairs = (units | units >> 8) & 0x0000FFFF0000FFFF;
+        const auto bytes = quint32(pairs | pairs >> 16);
+        std::memcpy(to, &bytes, sizeof bytes);
+    } else {
+        std::copy(from, from + BlockSize, to);
+    }
+    return units;
+}
+
+/// Narrows a text; false, with bytes that mean nothing, if it is not ASCII.
+bool narrow(char *to, QStringView text)
+{
+    const size_t size = size_t(text.size());
+    const char16_t *const from = text.utf16();
+    Block bits = 0;
+    if (size < BlockSize) {
+        for (size_t unit = 0; unit < size; ++unit) {
+            bits |= from[unit];
+            to[unit] = char(from[unit]);
+        }
+        return (bits & NotASCII) == 0;
+    }
+    for (size_t unit = 0; unit < size - BlockSize; unit += BlockSize)
+        bits |= narrowBlock(to + unit, from + unit);
+    // The last block may overlap with the one before.
+    bits |= narrowBlock(to + size - BlockSize, from + size - BlockSize);
+    return (bits & NotASCII) == 0;
 }
 
 /// A line while it is written: a buffer with room for all that will come.
@@ -38,7 +69,7 @@ public:
 
     void text(std::string_view bytes)
     {
-        std::memcpy(_end, bytes.data(), bytes.size());
+        NSCopyShort(_end, bytes.data(), bytes.size());
         _end += bytes.size();
     }
 
@@ -49,26 +80,25 @@ public:
         _end += Size - 1;
     }
 
+    /// The first bytes of an array, which is copied whole.
+    template<size_t Size>
+    void text(const std::array<char, Size> &bytes, size_t size)
+    {
+        std::memcpy(_end, bytes.data(), Size);
+        _end += size;
+    }
+
     void utf8(QStringView text)
     {
-        if (isAscii(text)) {
-            for (const QChar unit : text)
-                *_end++ = char(unit.unicode());
+        if (narrow(_end, text)) {
+            _end += text.size();
             return;
         }
         QStringEncoder encoder(QStringEncoder::Utf8);
         _end = encoder.appendToBuffer(_end, text);
     }
 
-    /// A number in at least \a width digits.
-    void digits(long number, long width)
-    {
-        std::array<char, 20> digits{};
-        const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
-        for (auto missing = width - (end - digits.begin()); missing > 0; --missing)
-            *_end++ = '0';
-        _end = std::copy(digits.begin(), end, _end);
-    }
+    void number(int number) { _end = std::to_chars(_end, _end + 12, number).ptr; }
 
     /// A number below 1,000 in three digits.
     void milliseconds(long number)
@@ -85,58 +115,35 @@ private:
     char *_end;
 };
 
-/// "Sun Nov 15 2026 16:28:00." for a second.
-std::string dateText(time_t second)
+/// Writes "Sun Nov 15 2026 16:28:00." for a second into the state.
+void setDate(KTLogLine::State &state, time_t second)
 {
     std::tm parts{};
     ::localtime_r(&second, &parts);
-    std::vector<char> bytes;
-    LineWriter date(bytes, DateSize);
-    date.text(std::string_view(Weekdays[size_t(parts.tm_wday)]));
-    date.text(" ");
-    date.text(std::string_view(Months[size_t(parts.tm_mon)]));
-    date.text(" ");
-    date.digits(parts.tm_mday, 2);
-    date.text(" ");
-    date.digits(1900L + parts.tm_year, 4);
-    date.text(" ");
-    date.digits(parts.tm_hour, 2);
-    date.text(":");
-    date.digits(parts.tm_min, 2);
-    date.text(":");
-    date.digits(parts.tm_sec, 2);
-    date.text(".");
-    return std::string(date.written());
+    state.second = second;
+    state.dateSize = size_t(
+        std::snprintf(state.date.data(), state.date.size(), "%s %s %02d %04ld %02d:%02d:%02d.",
+                      Weekdays[size_t(parts.tm_wday)], Months[size_t(parts.tm_mon)], parts.tm_mday,
+                      1900L + parts.tm_year, parts.tm_hour, parts.tm_min, parts.tm_sec));
 }
 } // namespace
-
-std::string_view KTLogLine::lastPathComponent(const char *path)
-{
-    std::string_view rest = path ? path : "";
-    while (rest.size() > 1 && rest.ends_with('/'))
-        rest.remove_suffix(1);
-    const size_t slash = rest.rfind('/');
-    return slash == std::string_view::npos || rest.size() == 1 ? rest : rest.substr(slash + 1);
-}
 
 QByteArrayView KTLogLine::line(State &state, QStringView component, std::string_view fileName,
                                int lineNumber, QStringView message)
 {
     std::timespec now{};
     ::clock_gettime(CLOCK_REALTIME, &now);
-    if (now.tv_sec != state.second) {
-        state.date = dateText(now.tv_sec);
-        state.second = now.tv_sec;
-    }
+    if (now.tv_sec != state.second)
+        setDate(state, now.tv_sec);
     // Three bytes of UTF-8 at most for each UTF-16 unit.
     const size_t units = size_t(component.size()) + size_t(message.size());
-    LineWriter line(state.bytes, DateSize + fileName.size() + 3 * units + 64);
-    line.text(std::string_view(state.date));
+    LineWriter line(state.bytes, state.date.size() + fileName.size() + 3 * units + 64);
+    line.text(state.date, state.dateSize);
     line.milliseconds(now.tv_nsec / 1'000'000);
     line.text(" [");
     line.text(fileName);
     line.text(":");
-    line.digits(lineNumber, 1);
+    line.number(lineNumber);
     line.text("][");
     line.utf8(component);
     line.text("] ");

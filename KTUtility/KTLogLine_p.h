@@ -1,10 +1,11 @@
 #pragma once
 
-#include <QByteArrayView>
-#include <QString>
+#include "Platform/Foundation/NSUnitBuffer_p.h"
 
+#include <QByteArrayView>
+
+#include <array>
 #include <ctime>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -14,13 +15,12 @@ namespace KTLogLine {
 struct State
 {
     std::vector<char> bytes;
-    QString message;
+    NSUnitBuffer message;
     time_t second = -1;
-    std::string date;
+    /// Longer than any date, so that it is copied as it stands.
+    std::array<char, 48> date{};
+    size_t dateSize = 0;
 };
-
-/// The last component of a source path, as the compiler or a caller gave it.
-std::string_view lastPathComponent(const char *path);
 
 /// "Sun Nov 15 2026 16:28:00.123 [File.cpp:42][Component] message\n" in UTF-8, at the current time
 /// in the local zone, with English names. The bytes are those of \a state.

@@ -222,7 +222,7 @@ bool KTLogger::isLevelReached(const QString &component, int logLevel) const
     return level != 0 && logLevel <= level;
 }
 
-void KTLogger::logArguments(const QString &component, int logLevel, const char *file,
+void KTLogger::logArguments(const QString &component, int logLevel, std::string_view fileName,
                             int lineNumber, QStringView format,
                             std::span<const NSFormatArgument> arguments)
 {
@@ -231,13 +231,12 @@ void KTLogger::logArguments(const QString &component, int logLevel, const char *
     std::unique_ptr<KTLogLine::State> state = std::move(spare);
     if (!state)
         state = std::make_unique<KTLogLine::State>();
-    QString &message = state->message;
-    message.resize(0);
+    state->message.clear();
     if (format.isNull())
-        message += u"<null>";
+        state->message.append(QLatin1String("<null>"));
     else
-        NSString::appendFormatArguments(message, format, arguments);
-    const std::string_view fileName = KTLogLine::lastPathComponent(file);
+        NSString::appendFormatArguments(state->message, format, arguments);
+    const QStringView message = state->message.view();
     if (_capture)
         _capture->add(component, logLevel, fileName, lineNumber, message);
     else if (_writeToFile)

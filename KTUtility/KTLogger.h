@@ -13,6 +13,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -42,9 +43,11 @@ KTUTILITY_EXPORT extern const QString KTLoggerComponentsKey;
         KTLogger *const ktLogger_ = KTLogger::sharedLogger();                                      \
         const QString &ktComponent_ = (component);                                                 \
         const int ktLevel_ = (level);                                                              \
-        if (ktLogger_->shouldLogComponent(ktComponent_, ktLevel_))                                 \
-            ktLogger_->logComponent(ktComponent_, ktLevel_, __FILE__, __LINE__,                    \
+        if (ktLogger_->shouldLogComponent(ktComponent_, ktLevel_)) {                               \
+            constexpr std::string_view ktFileName_ = KTLogger::fileNameOf(__FILE__);               \
+            ktLogger_->writeMessage(ktComponent_, ktLevel_, ktFileName_, __LINE__,                 \
                                     (format)__VA_OPT__(, ) __VA_ARGS__);                           \
+        }                                                                                          \
     } while (false)
 
 /// The process-wide logger: a level for each component, changed at run time from a menu.
@@ -98,14 +101,33 @@ public:
     void logComponent(const QString &component, int logLevel, const char *file, int lineNumber,
                       QStringView format, const Arguments &...arguments)
     {
-        if (!shouldLogComponent(component, logLevel))
-            return;
+        if (shouldLogComponent(component, logLevel))
+            writeMessage(component, logLevel, fileNameOf(file ? file : ""), lineNumber, format,
+                         arguments...);
+    }
+
+    /// Writes one message, which shouldLogComponent() has been asked for: what KTLog() calls.
+    /// \param fileName what is shown of the path of the source file.
+    template<typename... Arguments>
+    void writeMessage(const QString &component, int logLevel, std::string_view fileName,
+                      int lineNumber, QStringView format, const Arguments &...arguments)
+    {
         if constexpr (sizeof...(Arguments) == 0) {
-            logArguments(component, logLevel, file, lineNumber, format, {});
+            logArguments(component, logLevel, fileName, lineNumber, format, {});
         } else {
             const NSFormatArgument collected[] = {NSFormatArgument(arguments)...};
-            logArguments(component, logLevel, file, lineNumber, format, collected);
+            logArguments(component, logLevel, fileName, lineNumber, format, collected);
         }
+    }
+
+    /// The last component of a source path.
+    static constexpr std::string_view fileNameOf(std::string_view path)
+    {
+        while (path.size() > 1 && path.ends_with('/'))
+            path.remove_suffix(1);
+        const size_t slash = path.rfind('/');
+        const bool isWhole = slash == std::string_view::npos || path.size() == 1;
+        return isWhole ? path : path.substr(slash + 1);
     }
 
     // --- Configuration
@@ -170,8 +192,9 @@ private:
 
     static KTLogger *createSharedLogger();
     bool isLevelReached(const QString &component, int logLevel) const;
-    void logArguments(const QString &component, int logLevel, const char *file, int lineNumber,
-                      QStringView format, std::span<const NSFormatArgument> arguments);
+    void logArguments(const QString &component, int logLevel, std::string_view fileName,
+                      int lineNumber, QStringView format,
+                      std::span<const NSFormatArgument> arguments);
     void writeLineToConsole(const QString &component, std::string_view fileName, int lineNumber,
                             QStringView message);
     void setComponents(const std::optional<QVariantMap> &components);

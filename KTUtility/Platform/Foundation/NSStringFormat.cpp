@@ -1,5 +1,7 @@
 #include "NSStringFormat.h"
 
+#include "NSUnitBuffer_p.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -55,7 +57,7 @@ NSFormatArgument::NSFormatArgument(const QVariant &value) : _kind(Kind::Object),
         break;
     case QMetaType::QString:
         _kind = NSObject::isNil(value) ? Kind::Nil : Kind::Text;
-        _text = *static_cast<const QString *>(_object.constData());
+        _text = *static_cast<const QString *>(_object->constData());
         break;
     default:
         if (NSObject::isNil(value))
@@ -292,7 +294,8 @@ QString print(const NSFormatArgument &argument, const Conversion &conversion)
 class FormatReader
 {
 public:
-    FormatReader(QString &text, QStringView format, std::span<const NSFormatArgument> arguments)
+    FormatReader(NSUnitBuffer &text, QStringView format,
+                 std::span<const NSFormatArgument> arguments)
         : _text(text), _format(format), _arguments(arguments)
     {
     }
@@ -305,7 +308,7 @@ public:
             while (_position < _format.size() && _format[_position] != u'%')
                 ++_position;
             if (_position > start)
-                _text += _format.sliced(start, _position - start);
+                _text.append(_format.sliced(start, _position - start));
             if (_position < _format.size())
                 readConversion();
         }
@@ -440,25 +443,25 @@ private:
     {
         const bool isBare = conversion.width == 0 && conversion.precision < 0;
         if (argument && isBare && argument->kind() == Kind::Text)
-            _text += argument->text();
+            _text.append(argument->text());
         else if (argument && isPlain(conversion) && argument->kind() == Kind::Signed)
             appendDigits(argument->signedValue());
         else
-            _text += argument ? print(*argument, conversion) : printMissing(conversion);
+            _text.append(argument ? print(*argument, conversion) : printMissing(conversion));
     }
 
     void appendDigits(qint64 number)
     {
         std::array<char, 20> digits{};
         const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
-        _text += QLatin1String(digits.data(), end - digits.data());
+        _text.append(QLatin1String(digits.data(), end - digits.data()));
     }
 
     void readConversion()
     {
         const qsizetype start = _position++;
         if (accept(u'%')) {
-            _text += u'%';
+            _text.append(u'%');
             return;
         }
         Conversion conversion;
@@ -475,14 +478,14 @@ private:
         readLetter(conversion);
         if (familyOf(conversion.letter) == Family::None) {
             _position = start + 1;
-            _text += u'%';
+            _text.append(u'%');
             return;
         }
         ++_position;
         append(argument(position), conversion);
     }
 
-    QString &_text;
+    NSUnitBuffer &_text;
     QStringView _format;
     std::span<const NSFormatArgument> _arguments;
     qsizetype _position = 0;
@@ -490,7 +493,7 @@ private:
 };
 } // namespace
 
-void NSString::appendFormatArguments(QString &text, QStringView format,
+void NSString::appendFormatArguments(NSUnitBuffer &text, QStringView format,
                                      std::span<const NSFormatArgument> arguments)
 {
     FormatReader(text, format, arguments).run();
@@ -499,8 +502,8 @@ void NSString::appendFormatArguments(QString &text, QStringView format,
 QString NSString::stringWithFormatArguments(QStringView format,
                                             std::span<const NSFormatArgument> arguments)
 {
-    QString text;
-    text.reserve(format.size() + 16 * qsizetype(arguments.size()));
+    NSUnitBuffer text;
     appendFormatArguments(text, format, arguments);
-    return text;
+    // What is made from a format is empty at least, and never nil.
+    return text.view().toString();
 }

@@ -8,10 +8,13 @@
 
 #include <bit>
 #include <concepts>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
+
+class NSUnitBuffer;
 
 /// One argument of a format string, with its type kept: the reason why a wrong conversion can
 /// misprint but never read memory that is not there.
@@ -83,7 +86,7 @@ public:
     quint64 address() const noexcept { return _bits; }
     QStringView text() const noexcept { return _text; }
     std::string_view utf8() const noexcept { return _utf8; }
-    const QVariant &object() const noexcept { return _object; }
+    const QVariant &object() const noexcept { return *_object; }
 
 private:
     Kind _kind;
@@ -91,7 +94,8 @@ private:
     quint64 _bits = 0;
     QStringView _text;
     std::string_view _utf8;
-    QVariant _object;
+    /// Most arguments are none, and cost no call to be destroyed.
+    std::optional<QVariant> _object;
 };
 
 namespace NSString {
@@ -100,8 +104,8 @@ namespace NSString {
 KTUTILITY_EXPORT QString stringWithFormatArguments(QStringView format,
                                                    std::span<const NSFormatArgument> arguments);
 
-/// Appends that text to \a text; for callers that use a buffer again.
-KTUTILITY_EXPORT void appendFormatArguments(QString &text, QStringView format,
+/// Appends that text to a buffer that is used again. For use within the framework.
+KTUTILITY_EXPORT void appendFormatArguments(NSUnitBuffer &text, QStringView format,
                                             std::span<const NSFormatArgument> arguments);
 
 /// The text made from an object-format string and its arguments.
