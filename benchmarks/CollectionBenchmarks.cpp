@@ -43,6 +43,15 @@ void peerReadProperty(benchmark::State &state)
     }
 }
 
+/// What a program writes that has a name and nothing cached.
+void peerReadByName(benchmark::State &state)
+{
+    for (auto _ : state) {
+        for (const BenchmarkField *field : fields())
+            benchmark::DoNotOptimize(field->property("size"));
+    }
+}
+
 void peerInvokeMethod(benchmark::State &state)
 {
     const QMetaObject &metaObject = BenchmarkField::staticMetaObject;
@@ -94,6 +103,7 @@ void uniqueName(benchmark::State &state)
 
 BENCHMARK(peerReadProperty<0>)->Name("Lists/peer: QMetaProperty::read, int");
 BENCHMARK(peerReadProperty<1>)->Name("Lists/peer: QMetaProperty::read, text");
+BENCHMARK(peerReadByName)->Name("Lists/peer: QObject::property by name");
 BENCHMARK(peerInvokeMethod)->Name("Lists/peer: QMetaMethod::invoke");
 BENCHMARK(find)->Name("Lists/find by key, 100,000");
 BENCHMARK(findText)->Name("Lists/find by text, 100,000");
@@ -105,6 +115,7 @@ constexpr char ReadInt[] = "Lists/peer: QMetaProperty::read, int";
 constexpr char ReadText[] = "Lists/peer: QMetaProperty::read, text";
 const bool isRegistered =
     compareWith("Lists/find by key, 100,000", ReadInt, 0.9) &&
+    compareWith("Lists/find by key, 100,000", "Lists/peer: QObject::property by name", 0.5) &&
     compareWith("Lists/find by text, 100,000", ReadText, 0.9) &&
     compareWith("Lists/filter by key, 100,000", ReadInt, 0.9) &&
     compareWith("Lists/filter by selector, 100,000", "Lists/peer: QMetaMethod::invoke", 1.2) &&

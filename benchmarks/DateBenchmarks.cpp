@@ -1,12 +1,16 @@
 // The peers are ICU's own formatter, ready: one parse of the same text in the pattern that reads
-// it, one format of the same date, or the creation of one formatter.
+// it, one format of the same date, or the creation of one formatter; and what Qt and GLib have for
+// the same date.
 
 #include "Report.h"
 
 #include <KTUtility/Platform/Foundation/NSDateFormatterAccess_p.h>
 
+#include <QLocale>
+
 #include <benchmark/benchmark.h>
 
+#include <glib.h>
 #include <unicode/smpdtfmt.h>
 
 #include <memory>
@@ -200,6 +204,35 @@ void show(benchmark::State &state)
     }
 }
 
+void peerQtFormat(benchmark::State &state)
+{
+    const QLocale locale(QLocale::English, QLocale::UnitedStates);
+    const QDateTime date = QDateTime::fromMSecsSinceEpoch(DefaultTime);
+    const QString pattern = QStringLiteral("M/d/yyyy");
+    for (auto _ : state)
+        benchmark::DoNotOptimize(locale.toString(date, pattern));
+}
+
+void peerQtParse(benchmark::State &state)
+{
+    const QLocale locale(QLocale::English, QLocale::UnitedStates);
+    const QString pattern = QStringLiteral("M/d/yy");
+    const QString text = QStringLiteral("3/4/08");
+    for (auto _ : state)
+        benchmark::DoNotOptimize(locale.toDateTime(text, pattern));
+}
+
+void peerGLibFormat(benchmark::State &state)
+{
+    const std::unique_ptr<GDateTime, decltype(&g_date_time_unref)> date(
+        g_date_time_new_from_unix_local(DefaultTime / 1000), g_date_time_unref);
+    for (auto _ : state) {
+        const std::unique_ptr<gchar, decltype(&g_free)> text(
+            g_date_time_format(date.get(), "%m/%d/%Y"), g_free);
+        benchmark::DoNotOptimize(text);
+    }
+}
+
 void peerCreate(benchmark::State &state)
 {
     const icu::Locale locale("en_US");
@@ -253,11 +286,12 @@ constexpr char16_t Displayed[] = u"M/d/yyyy";
 constexpr char16_t DisplayedName[] = u"EEEE, MMMM d, y";
 constexpr char16_t DisplayedZone[] = u"h:mm:ss a zzzz";
 
-/// Registers a way of ours beside its peer.
+/// Registers a way of ours beside its peer; null for what is registered already.
 bool pair(const char *operation, const char *peer, double limit, void (*ours)(benchmark::State &),
           void (*other)(benchmark::State &))
 {
-    benchmark::RegisterBenchmark(operation, ours);
+    if (ours)
+        benchmark::RegisterBenchmark(operation, ours);
     if (other)
         benchmark::RegisterBenchmark(peer, other);
     return compareWith(operation, peer, limit);
@@ -265,22 +299,35 @@ bool pair(const char *operation, const char *peer, double limit, void (*ours)(be
 
 const bool registered = [] {
     qputenv("TZ", "America/New_York");
-    pair("Date/firstPattern", "Date/peerNumeric", 0.2, one<NumericPattern, Numeric>,
-         peerParse<NumericPattern, Numeric>);
-    pair("Date/mostRecent", "Date/peerBoth", 0.2, one<BothPattern, Both>,
-         peerParse<BothPattern, Both>);
-    pair("Date/cascadeNumeric", "Date/peerNumeric", 0.2, cascade<Numeric>, nullptr);
-    pair("Date/cascadeBoth", "Date/peerBoth", 0.5, cascade<Both>, nullptr);
-    pair("Date/cascadeTime", "Date/peerTime", 0.5, cascade<Time>, peerParse<TimePattern, Time>);
-    pair("Date/cascadeName", "Date/peerName", 3, cascade<Name>, peerParse<NamePattern, Name>);
-    pair("Date/rejected", "Date/peerNumeric", 2, cascade<Junk>, nullptr);
-    pair("Date/rejectedMonthLike", "Date/peerNumeric", 15, cascade<MonthLike>, nullptr);
-    pair("Date/rejectedDateAndJunk", "Date/peerNumeric", 5, cascade<DateAndJunk>, nullptr);
-    pair("Date/showNumeric", "Date/peerShowNumeric", 0.25, show<Displayed>, peerFormat<Displayed>);
-    pair("Date/showNames", "Date/peerShowNames", 1.2, show<DisplayedName>,
+    pair("Dates/read, first pattern", "Dates/peer: ICU parse of a date", 0.2,
+         one<NumericPattern, Numeric>, peerParse<NumericPattern, Numeric>);
+    pair("Dates/read, first pattern", "Dates/peer: QLocale::toDateTime", 0.2, nullptr, peerQtParse);
+    pair("Dates/read, most recent", "Dates/peer: ICU parse of date and time", 0.2,
+         one<BothPattern, Both>, peerParse<BothPattern, Both>);
+    pair("Dates/read, date among all", "Dates/peer: ICU parse of a date", 0.2, cascade<Numeric>,
+         nullptr);
+    pair("Dates/read, date and time among all", "Dates/peer: ICU parse of date and time", 0.5,
+         cascade<Both>, nullptr);
+    pair("Dates/read, time alone among all", "Dates/peer: ICU parse of a time", 0.5, cascade<Time>,
+         peerParse<TimePattern, Time>);
+    pair("Dates/read, month name among all", "Dates/peer: ICU parse of a month name", 3,
+         cascade<Name>, peerParse<NamePattern, Name>);
+    pair("Dates/refused", "Dates/peer: ICU parse of a date", 2, cascade<Junk>, nullptr);
+    pair("Dates/refused, begins as a month", "Dates/peer: ICU parse of a date", 15,
+         cascade<MonthLike>, nullptr);
+    pair("Dates/refused, date, time and junk", "Dates/peer: ICU parse of a date", 5,
+         cascade<DateAndJunk>, nullptr);
+    pair("Dates/show, numeric", "Dates/peer: ICU format, numeric", 0.25, show<Displayed>,
+         peerFormat<Displayed>);
+    pair("Dates/show, numeric", "Dates/peer: QLocale::toString", 1, nullptr, peerQtFormat);
+    pair("Dates/show, numeric", "Dates/peer: g_date_time_format", 1, nullptr, peerGLibFormat);
+    pair("Dates/show, with names", "Dates/peer: ICU format with names", 1.2, show<DisplayedName>,
          peerFormat<DisplayedName>);
-    pair("Date/showZone", "Date/peerShowZone", 1.2, show<DisplayedZone>, peerFormat<DisplayedZone>);
-    pair("Date/firstParseOfField", "Date/peerCreate", 1.5, firstParse, peerCreate);
-    return pair("Date/newEnvironment", "Date/peerCreate", 20, makeEnvironment, nullptr);
+    pair("Dates/show, with zone", "Dates/peer: ICU format with zone", 1.2, show<DisplayedZone>,
+         peerFormat<DisplayedZone>);
+    pair("Dates/first text of new formatters", "Dates/peer: SimpleDateFormat made", 1.5, firstParse,
+         peerCreate);
+    return pair("Dates/first text in a new locale", "Dates/peer: SimpleDateFormat made", 20,
+                makeEnvironment, nullptr);
 }();
 } // namespace

@@ -1,11 +1,13 @@
-// The peers are ICU's own formatters, ready: one parse of the same text, one format of the same
-// number.
+// The peers are ICU's own formatters and Qt's locale, ready: one parse of the same text, one format
+// of the same number.
 
 #include "Report.h"
 
 #include <KTUtility/Formatters/KTCurrencyFormatter.h>
 #include <KTUtility/Platform/Foundation/NSDecimalNumber.h>
 #include <KTUtility/Platform/Foundation/NSNumberFormatter.h>
+
+#include <QLocale>
 
 #include <benchmark/benchmark.h>
 
@@ -134,6 +136,44 @@ void walk(benchmark::State &state)
         benchmark::DoNotOptimize(formatter.adjustForValue(text, nullptr));
 }
 
+// --- Qt -----------------------------------------------------------------------------------------
+
+QLocale american()
+{
+    return QLocale(QLocale::English, QLocale::UnitedStates);
+}
+
+void peerQtParse(benchmark::State &state)
+{
+    const QLocale locale = american();
+    const QString text = QString::fromUtf16(Plain);
+    for (auto _ : state) {
+        bool isRead = false;
+        benchmark::DoNotOptimize(locale.toDouble(text, &isRead));
+    }
+}
+
+void peerQtFormat(benchmark::State &state)
+{
+    const QLocale locale = american();
+    double number = 1234567.891;
+    benchmark::DoNotOptimize(number);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(locale.toString(number, 'f', 2));
+}
+
+void peerQtCurrency(benchmark::State &state)
+{
+    const QLocale locale = american();
+    double number = 1234567.891;
+    benchmark::DoNotOptimize(number);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(locale.toCurrencyString(number));
+}
+
+BENCHMARK(peerQtParse)->Name("Numbers/peer: QLocale::toDouble");
+BENCHMARK(peerQtFormat)->Name("Numbers/peer: QLocale::toString");
+BENCHMARK(peerQtCurrency)->Name("Numbers/peer: QLocale::toCurrencyString");
 BENCHMARK(peerParse<Plain>)->Name("Numbers/peer: ICU parse");
 BENCHMARK(peerParse<Special>)->Name("Numbers/peer: ICU parse of special blanks");
 BENCHMARK(peerFormat)->Name("Numbers/peer: ICU format");
@@ -152,12 +192,15 @@ constexpr char Parse[] = "Numbers/peer: ICU parse";
 constexpr char Format[] = "Numbers/peer: ICU format";
 const bool isRegistered =
     compareWith("Numbers/read, first pass", Parse, 0.25) &&
+    compareWith("Numbers/read, first pass", "Numbers/peer: QLocale::toDouble", 1) &&
     compareWith("Numbers/read, third pass", Parse, 1) &&
     compareWith("Numbers/read, refused", Parse, 1) &&
     compareWith("Numbers/read with ICU", "Numbers/peer: ICU parse of special blanks", 5.5) &&
     compareWith("Numbers/show, ASCII digits", Format, 0.15) &&
+    compareWith("Numbers/show, ASCII digits", "Numbers/peer: QLocale::toString", 1) &&
     compareWith("Numbers/show, Arabic digits", Format, 1.3) &&
     compareWith("Numbers/show money", Format, 1.3) &&
+    compareWith("Numbers/show money", "Numbers/peer: QLocale::toCurrencyString", 1) &&
     compareWith("Numbers/show with ICU", "Numbers/peer: ICU format, significant digits", 1.3) &&
     compareWith("Numbers/currency walk without a hit", Parse, 10);
 } // namespace

@@ -5,7 +5,7 @@ debian_packages=(
     qt6-base-dev qt6-image-formats-plugins qt6-l10n-tools qt6-tools-dev
     libqt6opengl6-dev libqt6sql6-sqlite
     libicu-dev libssl-dev libcurl4-openssl-dev
-    libgtest-dev librapidcheck-dev libbenchmark-dev
+    libgtest-dev librapidcheck-dev
     xvfb openbox
 )
 

@@ -14,9 +14,10 @@
 ///
 /// \code
 /// KTStringTransformCache *cache = KTStringTransformCache::sharedCache();
-/// cache->addTransformedString(QStringLiteral("kt_a"), QStringLiteral("A"),
-/// QStringLiteral("mine")); cache->transformedStringForOriginalString(QStringLiteral("A"),
-/// QStringLiteral("mine")); // "kt_a" \endcode
+/// const QString domain = QStringLiteral("mine");
+/// cache->addTransformedString(QStringLiteral("kt_a"), QStringLiteral("A"), domain);
+/// cache->transformedStringForOriginalString(QStringLiteral("A"), domain); // "kt_a"
+/// \endcode
 class KTUTILITY_EXPORT KTStringTransformCache
 {
 public:

@@ -4,6 +4,7 @@
 #include "NSDecimalParts_p.h"
 #include "NSLocale.h"
 #include "NSObject.h"
+#include "NSUnitBuffer_p.h"
 
 #include <algorithm>
 #include <array>
@@ -280,20 +281,23 @@ QString NSDecimalNumber::description() const
         return QStringLiteral("NaN");
     std::array<char, 40> buffer;
     const std::string_view digits = NSDecimalArithmetic::digits(joined(_high, _low), buffer);
-    const auto count = qsizetype(digits.size());
-    const qsizetype zeros = std::max<qsizetype>(_exponent, 0);
-    const qsizetype places = std::max<qsizetype>(-_exponent, 0);
-    const qsizetype leading = std::max<qsizetype>(places + 1 - count, 0);
-    QString text;
-    text.reserve(count + zeros + leading + 2);
+    const int zeros = std::max<int>(_exponent, 0);
+    const int places = std::max<int>(-_exponent, 0);
+    const int leading = std::max(places + 1 - int(digits.size()), 0);
+    std::array<char, 320> padded;
+    char *end = std::fill_n(padded.data(), leading, '0');
+    end = std::copy(digits.begin(), digits.end(), end);
+    end = std::fill_n(end, zeros, '0');
+    const char *const point = end - places;
+
+    NSUnitBuffer text;
     if (_isNegative)
-        text += u'-';
-    text += QString(leading, u'0');
-    text += QLatin1String(digits.data(), count);
-    text += QString(zeros, u'0');
+        text.append(u'-');
+    text.append(QLatin1String(padded.data(), point));
     if (places > 0)
-        text.insert(text.size() - places, u'.');
-    return text;
+        text.append(u'.');
+    text.append(QLatin1String(point, end));
+    return text.view().toString();
 }
 
 QString NSDecimalNumber::descriptionWithLocale(const NSLocale &locale) const

@@ -1,0 +1,249 @@
+#include "Memory.h"
+
+#include <KTUtility/Additions/NSString_KTNaming.h>
+#include <KTUtility/Bindings/KTPropertyBinder.h>
+#include <KTUtility/Formatters/KTCurrencyFormatter.h>
+#include <KTUtility/Formatters/KTDateTimeFormatter.h>
+#include <KTUtility/Formatters/KTDurationFormatter.h>
+#include <KTUtility/Formatters/KTNumberFormatter.h>
+#include <KTUtility/Formatters/KTPhoneNumberFormatter.h>
+#include <KTUtility/Formatters/KTTimeFormatter.h>
+#include <KTUtility/KTLogger.h>
+#include <KTUtility/Platform/Foundation/NSKeyValueObservation.h>
+
+#include <QDateTime>
+#include <QLoggingCategory>
+
+#include <cstdio>
+#include <functional>
+#include <malloc.h>
+#include <memory>
+#include <unicode/decimfmt.h>
+#include <unicode/smpdtfmt.h>
+#include <vector>
+
+namespace {
+/// The bytes that are in use, with what malloc needs to manage them.
+size_t bytesInUse()
+{
+    const struct mallinfo2 info = ::mallinfo2();
+    return info.uordblks + info.hblkhd;
+}
+
+// --- Bytes of one object ------------------------------------------------------------------------
+
+constexpr int ObjectCount = 1000;
+
+/// The bytes that each of many objects takes, with all that it owns. What all share is made before.
+template<typename Make>
+double bytesOfEach(const Make &make)
+{
+    using Object = decltype(make());
+    std::vector<Object> objects;
+    objects.reserve(ObjectCount + 1);
+    objects.push_back(make());
+    const size_t before = bytesInUse();
+    for (int index = 0; index < ObjectCount; ++index)
+        objects.push_back(make());
+    return double(bytesInUse() - before) / ObjectCount;
+}
+
+template<typename Formatter>
+double bytesOfFormatter(const QString &text)
+{
+    return bytesOfEach([&text] {
+        auto formatter = std::make_unique<Formatter>();
+        // Used, so that what is made on demand is there.
+        QVariant value;
+        formatter->getObjectValue(&value, text);
+        formatter->stringForObjectValue(value);
+        return formatter;
+    });
+}
+
+double bytesOfDecimalFormat()
+{
+    return bytesOfEach([] {
+        UErrorCode status = U_ZERO_ERROR;
+        return std::unique_ptr<icu::NumberFormat>(
+            icu::NumberFormat::createInstance(icu::Locale("en_US"), UNUM_DECIMAL, status));
+    });
+}
+
+double bytesOfDateFormat()
+{
+    return bytesOfEach([] {
+        UErrorCode status = U_ZERO_ERROR;
+        return std::make_unique<icu::SimpleDateFormat>(icu::UnicodeString(u"M/d/yy"),
+                                                       icu::Locale("en_US"), status);
+    });
+}
+
+/// A component with a level, as setLevelOfComponent() keeps it.
+double bytesOfComponent()
+{
+    constexpr int Count = 200;
+    KTLogger logger;
+    logger.setLevelOfComponent(1, QStringLiteral("Component"));
+    const size_t before = bytesInUse();
+    for (int index = 0; index < Count; ++index)
+        logger.setLevelOfComponent(1, QStringLiteral("Component %1").arg(index));
+    return double(bytesInUse() - before) / Count;
+}
+
+double bytesOfCategory()
+{
+    return bytesOfEach([] { return std::make_unique<QLoggingCategory>("category"); });
+}
+
+/// What stands in for a view and for a record.
+class Observed : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString name MEMBER name NOTIFY nameChanged)
+
+public:
+    QString name;
+
+Q_SIGNALS:
+    void nameChanged();
+};
+
+double bytesOfBinder()
+{
+    static Observed view;
+    static Observed record;
+    const QString name = QStringLiteral("name");
+    return bytesOfEach([&name] {
+        auto binder = std::make_unique<KTPropertyBinder>(name, name, &view);
+        binder->bind(name, &record, name, {});
+        return binder;
+    });
+}
+
+double bytesOfObservation()
+{
+    static Observed record;
+    return bytesOfEach([] {
+        return std::make_unique<NSKeyValueObservation>(&record, QStringLiteral("name"),
+                                                       NSKeyValueObservingOptionNew,
+                                                       [](const NSKeyValueChange &) {});
+    });
+}
+
+double bytesOfConnection()
+{
+    static Observed record;
+    return bytesOfEach([] {
+        auto receiver = std::make_unique<QObject>();
+        QObject::connect(&record, &Observed::nameChanged, receiver.get(), [] {});
+        return receiver;
+    });
+}
+
+void printObject(const char *object, double ours, const char *peer, double peers)
+{
+    std::printf("%-46s %12.0f %12.0f %7.2f  %s\n", object, ours, peers, ours / peers, peer);
+}
+
+void printObjects()
+{
+    const QString date = QStringLiteral("3/4/08");
+    const QString time = QStringLiteral("9:05");
+    const QString number = QStringLiteral("1,234.5");
+    std::printf("\n%-46s %12s %12s %7s  %s\n", "one object (bytes, with all that it owns)", "ours",
+                "peer", "ratio", "peer");
+    const double decimalFormat = bytesOfDecimalFormat();
+    const double dateFormat = bytesOfDateFormat();
+    const double connection = bytesOfConnection();
+    printObject("KTNumberFormatter", bytesOfFormatter<KTNumberFormatter>(number), "DecimalFormat",
+                decimalFormat);
+    printObject("KTCurrencyFormatter", bytesOfFormatter<KTCurrencyFormatter>(number),
+                "DecimalFormat", decimalFormat);
+    printObject("KTDateTimeFormatter", bytesOfFormatter<KTDateTimeFormatter>(date),
+                "SimpleDateFormat", dateFormat);
+    printObject("KTTimeFormatter", bytesOfFormatter<KTTimeFormatter>(time), "SimpleDateFormat",
+                dateFormat);
+    printObject("KTDurationFormatter", bytesOfFormatter<KTDurationFormatter>(time),
+                "SimpleDateFormat", dateFormat);
+    printObject("KTPhoneNumberFormatter", bytesOfFormatter<KTPhoneNumberFormatter>(number),
+                "DecimalFormat", decimalFormat);
+    printObject("component of the logger that is on", bytesOfComponent(), "QLoggingCategory",
+                bytesOfCategory());
+    printObject("KTPropertyBinder, bound", bytesOfBinder(), "QObject with a connection",
+                connection);
+    printObject("NSKeyValueObservation", bytesOfObservation(), "QObject with a connection",
+                connection);
+}
+
+// --- Growth -------------------------------------------------------------------------------------
+
+constexpr int ConversionCount = 1'000'000;
+/// Before the count begins: what is made once is made.
+constexpr int FirstCount = 20'000;
+
+/// Bytes by which a million turns make the process larger, no two of them of the same text.
+void printGrowth(const char *conversion, const std::function<void(int)> &convert)
+{
+    for (int turn = 0; turn < FirstCount; ++turn)
+        convert(turn);
+    const size_t before = bytesInUse();
+    for (int turn = FirstCount; turn < FirstCount + ConversionCount; ++turn)
+        convert(turn);
+    const auto growth = qint64(bytesInUse()) - qint64(before);
+    std::printf("%-46s %12lld%s\n", conversion, static_cast<long long>(growth),
+                growth > ConversionCount / 100 ? "  GROWS" : "");
+}
+
+/// A text is read and shown again.
+void printGrowthOf(const char *conversion, const NSFormatter &formatter,
+                   const std::function<QString(int)> &text)
+{
+    printGrowth(conversion, [&](int turn) {
+        QVariant value;
+        formatter.getObjectValue(&value, text(turn));
+        formatter.stringForObjectValue(value);
+    });
+}
+
+void printGrowths()
+{
+    std::printf("\n%-46s %12s\n", "growth over 1,000,000 conversions", "bytes");
+    const auto number = [](int turn) { return QString::number(turn); };
+    const auto clock = [](int turn) {
+        return QStringLiteral("%1:%2").arg(turn / 60 % 24).arg(turn % 60, 2, 10, QChar(u'0'));
+    };
+    const auto date = [](int turn) {
+        return QDate(1950, 1, 1).addDays(turn % 36'000).toString(QStringLiteral("M/d/yyyy"));
+    };
+    printGrowthOf("numbers, read and shown", KTNumberFormatter(), number);
+    printGrowthOf("money, read and shown", KTCurrencyFormatter(), number);
+    printGrowthOf("dates, read and shown", KTDateTimeFormatter(), date);
+    printGrowthOf("texts that are no date", KTDateTimeFormatter(), number);
+    printGrowthOf("times, read and shown", KTTimeFormatter(), clock);
+    printGrowthOf("durations, read and shown", KTDurationFormatter(), clock);
+    printGrowthOf("phone numbers, shown", KTPhoneNumberFormatter(), number);
+    printGrowth("names of 1,000 fields made identifiers", [](int turn) {
+        KTAdditions::propertyString(QStringLiteral("Field Name %1").arg(turn % 1000));
+    });
+    KTLogger logger;
+    logger.setLevelOfComponent(4, kLog_Tests);
+    printGrowth("lines of the log", [&logger](int turn) {
+        logger.logComponent(kLog_Tests, 4, __FILE__, __LINE__, u"%d", turn);
+    });
+    Observed view;
+    Observed record;
+    KTPropertyBinder binder(QStringLiteral("name"), QStringLiteral("name"), &view);
+    binder.bind(QStringLiteral("name"), &record, QStringLiteral("name"), {});
+    printGrowth("values through a binder",
+                [&record](int turn) { record.setProperty("name", QString::number(turn)); });
+}
+} // namespace
+
+void printMemory()
+{
+    printObjects();
+    printGrowths();
+}
+
+#include "Memory.moc"
