@@ -106,11 +106,13 @@ public:
                          arguments...);
     }
 
-    /// Writes one message, which shouldLogComponent() has been asked for: what KTLog() calls.
+    /// Writes one message, which shouldLogComponent() has been asked for: what KTLog() calls. Never
+    /// inlined, so that a call site that is off is a comparison and no more.
     /// \param fileName what is shown of the path of the source file.
     template<typename... Arguments>
-    void writeMessage(const QString &component, int logLevel, std::string_view fileName,
-                      int lineNumber, QStringView format, const Arguments &...arguments)
+    [[gnu::noinline]] void writeMessage(const QString &component, int logLevel,
+                                        std::string_view fileName, int lineNumber,
+                                        QStringView format, const Arguments &...arguments)
     {
         if constexpr (sizeof...(Arguments) == 0) {
             logArguments(component, logLevel, fileName, lineNumber, format, {});

@@ -100,7 +100,9 @@ QString NSDateEngine::stringOf(const NSDatePattern &pattern, qint64 time)
     setPattern(pattern);
     UErrorCode status = U_ZERO_ERROR;
     _calendar->setTime(double(time), status);
-    icu::UnicodeString text;
+    // ICU allocates for what is longer than this.
+    std::array<char16_t, 128> buffer;
+    icu::UnicodeString text(buffer.data(), 0, int32_t(buffer.size()));
     icu::FieldPosition position(icu::FieldPosition::DONT_CARE);
     _format->format(*_calendar, text, position);
     return NSICU::stringOf(text);

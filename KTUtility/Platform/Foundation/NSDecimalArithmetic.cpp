@@ -1,7 +1,9 @@
 #include "NSDecimalParts_p.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
+#include <cstring>
 
 namespace {
 constexpr quint64 TenToNineteen = 10'000'000'000'000'000'000ULL;
@@ -348,19 +350,39 @@ NSDecimalIntermediate NSDecimalArithmetic::quotient(const NSDecimalParts &left,
     return result;
 }
 
+namespace {
+/// "00", "01" … "99" in a row.
+constexpr std::array<char, 200> DigitPairs = [] {
+    std::array<char, 200> pairs{};
+    for (size_t number = 0; number < 100; ++number) {
+        pairs[2 * number] = char('0' + number / 10);
+        pairs[2 * number + 1] = char('0' + number % 10);
+    }
+    return pairs;
+}();
+
+/// Writes the last two digits of a number before \a at.
+char *writePair(char *at, quint64 number)
+{
+    std::memcpy(at - 2, &DigitPairs[2 * (number % 100)], 2);
+    return at - 2;
+}
+} // namespace
+
 std::string_view NSDecimalArithmetic::digits(NSCoefficient value, std::span<char> buffer)
 {
-    char *at = buffer.data() + buffer.size();
+    char *const end = buffer.data() + buffer.size();
+    char *at = end;
     while (value >> 64 != 0) { // nineteen digits at a time, since small divisions are fast ones
-        auto chunk = quint64(value % TenToNineteen);
-        value /= TenToNineteen;
-        for (int digit = 0; digit < ChunkDigits; ++digit, chunk /= 10)
-            *--at = char('0' + chunk % 10);
+        quint64 chunk = divide(value, TenToNineteen);
+        for (int digit = 0; digit < ChunkDigits - 1; digit += 2, chunk /= 100)
+            at = writePair(at, chunk);
+        *--at = char('0' + chunk);
     }
     auto rest = quint64(value);
-    do {
-        *--at = char('0' + rest % 10);
-        rest /= 10;
-    } while (rest != 0);
-    return {at, size_t(buffer.data() + buffer.size() - at)};
+    for (; rest >= 10; rest /= 100)
+        at = writePair(at, rest);
+    if (rest > 0 || at == end)
+        *--at = char('0' + rest);
+    return {at, size_t(end - at)};
 }
