@@ -1,5 +1,6 @@
 target_sources(KTUtilityTests PRIVATE
     Additions/BezierPathTests.cpp
+    Additions/CollectionModelTests.cpp
     Additions/CollectionRows.cpp
     Additions/CollectionTableTests.cpp
     Additions/CollectionTests.cpp

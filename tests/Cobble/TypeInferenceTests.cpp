@@ -2,6 +2,7 @@
 
 #include "TypeInference.h"
 
+#include "Formatters/FormatterSupport.h"
 #include "support/TestSupport.h"
 
 namespace {
@@ -35,6 +36,22 @@ TEST(TypeInference, CodesAreNoNumbers)
               QStringLiteral("phone"));
     EXPECT_EQ(typeOf({QStringLiteral("0"), QStringLiteral("0.5"), QStringLiteral("-3")}),
               QStringLiteral("number"));
+}
+
+TEST(TypeInference, DatesAreNoNumbersWithOddGroups)
+{
+    // Where the point separates thousands, a formatter of numbers would read them.
+    for (const char *const locale : {"de_DE", "tr_TR", "es_ES", "da_DK"}) {
+        const UserLocale user(locale);
+        EXPECT_EQ(typeOf({QStringLiteral("26.05.2014"), QStringLiteral("14.04.2012")}),
+                  QStringLiteral("date"));
+        EXPECT_EQ(typeOf({QStringLiteral("6.06.1984"), QStringLiteral("31.12.1951")}),
+                  QStringLiteral("date"));
+        EXPECT_EQ(typeOf({QStringLiteral("1.234.567"), QStringLiteral("12.345")}),
+                  QStringLiteral("number"));
+        EXPECT_EQ(typeOf(times(9, QStringLiteral("12")) + times(1, QStringLiteral("1.1.2008"))),
+                  QStringLiteral("number"));
+    }
 }
 
 TEST(TypeInference, NineInTenDecide)

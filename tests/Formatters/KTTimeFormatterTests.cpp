@@ -69,3 +69,15 @@ TEST(KTTimeFormatter, FillsInTodayInJapanToo)
     EXPECT_EQ(formatter.stringForObjectValue(QDateTime(QDate(2001, 1, 1), QTime(22, 30), Qt::UTC)),
               u"17:30");
 }
+
+TEST(KTTimeFormatter, TheReferenceDayIsTheSameInAllCalendars)
+{
+    for (const char *const locale : {"en_US", "ja_JP@calendar=japanese", "th_TH", "fa_IR",
+                                     "ar_SA@calendar=islamic-umalqura"}) {
+        const UserLocale user(locale);
+        const KTTimeFormatter formatter;
+        QVariant value;
+        ASSERT_TRUE(formatter.getObjectValue(&value, QStringLiteral("17:30"))) << locale;
+        EXPECT_EQ(wallTime(value.toDateTime()), u"2001-01-01T17:30:00") << locale;
+    }
+}

@@ -1,4 +1,5 @@
 target_sources(KTUtilityTests PRIVATE
+    Formatters/DurationModelTests.cpp
     Formatters/KTCurrencyFormatterTests.cpp
     Formatters/KTDateTimeFormatterTests.cpp
     Formatters/KTDateTimeReadingTests.cpp
@@ -6,6 +7,8 @@ target_sources(KTUtilityTests PRIVATE
     Formatters/KTNumberFormatterTests.cpp
     Formatters/KTPhoneNumberFormatterTests.cpp
     Formatters/KTTimeFormatterTests.cpp
+    Formatters/OptionsRoundTripTests.cpp
     Formatters/OptionsTests.cpp
+    Formatters/PhoneNumberModelTests.cpp
     Formatters/RoundTripTests.cpp
 )

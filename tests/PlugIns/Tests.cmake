@@ -3,6 +3,7 @@ target_sources(KTUtilityTests PRIVATE
     PlugIns/KTPlugInDefaultsTests.cpp
     PlugIns/KTPlugInLoadingTests.cpp
     PlugIns/KTPlugInManagerTests.cpp
+    PlugIns/KTPlugInModelTests.cpp
     PlugIns/KTPlugInRoundsTests.cpp
     PlugIns/PlugInSupport.cpp
 )

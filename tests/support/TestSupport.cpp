@@ -36,11 +36,17 @@ void pinEnvironment(const char *platform)
 {
     qputenv("LC_ALL", "C.UTF-8");
     qputenv("LANG", "C.UTF-8");
-    qunsetenv("LANGUAGE");
     qputenv("TZ", "America/New_York");
-    qputenv("QT_QPA_PLATFORM", platform);
     ::tzset();
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    pinAllButLocaleAndZone(platform);
+}
+
+void pinAllButLocaleAndZone(const char *platform)
+{
+    // It would go before the language of the locale.
+    qunsetenv("LANGUAGE");
+    qputenv("QT_QPA_PLATFORM", platform);
     useFreshHome();
 }
 

@@ -23,6 +23,10 @@ namespace testing_support {
 /// Pins locale, time zone, home folder and Qt's platform plug-in, before anything runs.
 void pinEnvironment(const char *platform);
 
+/// The same but for locale and time zone, which stay those that the environment sets, for tests of
+/// what has to hold in all of them.
+void pinAllButLocaleAndZone(const char *platform);
+
 /// Points the home folder at a new empty folder and returns it; the environment of the process is
 /// pinned to it until the next call. All tests start with one.
 QString useFreshHome();

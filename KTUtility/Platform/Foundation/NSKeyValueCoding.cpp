@@ -113,6 +113,16 @@ void setValueOfElements(QVariant &receiver, const QVariant &value, const QString
 } // namespace
 
 namespace {
+/// Of a map or a hash.
+template<typename Dictionary>
+void setEntry(Dictionary &dictionary, const QVariant &value, const QString &key)
+{
+    if (NSObject::isNil(value))
+        dictionary.remove(key);
+    else
+        dictionary.insert(key, value);
+}
+
 bool setInCodingObject(const NSKeyValueTarget &receiver, const QVariant &value, const QString &key)
 {
     if (receiver.kind != Kind::Object)
@@ -136,10 +146,7 @@ void NSKeyValueCoding::setValueOfTarget(const NSKeyValueTarget &receiver, const 
 
 void NSKeyValueCoding::setValue(QVariantMap &receiver, const QVariant &value, const QString &forKey)
 {
-    if (NSObject::isNil(value))
-        receiver.remove(forKey);
-    else
-        receiver.insert(forKey, value);
+    setEntry(receiver, value, forKey);
 }
 
 void NSKeyValueCoding::setValue(QVariant &receiver, const QVariant &value, const QString &forKey)
@@ -147,7 +154,10 @@ void NSKeyValueCoding::setValue(QVariant &receiver, const QVariant &value, const
     const NSKeyValueTarget target = NSKeyValueTarget::ofVariant(receiver);
     switch (target.kind) {
     case Kind::Map:
-        setValue(*static_cast<QVariantMap *>(receiver.data()), value, forKey);
+        setEntry(*static_cast<QVariantMap *>(receiver.data()), value, forKey);
+        break;
+    case Kind::Hash:
+        setEntry(*static_cast<QVariantHash *>(receiver.data()), value, forKey);
         break;
     case Kind::Collection:
         setValueOfElements(receiver, value, forKey);

@@ -42,7 +42,7 @@ KTUTILITY_EXPORT void setValueOfTarget(const NSKeyValueTarget &receiver, const Q
 
 /// Sets an entry of a map; nil removes it.
 KTUTILITY_EXPORT void setValue(QVariantMap &receiver, const QVariant &value, const QString &forKey);
-/// Sets a key of what the variant holds: an object, a map, or every element of a list.
+/// Sets a key of what the variant holds: an object, a map or hash, or every element of a list.
 KTUTILITY_EXPORT void setValue(QVariant &receiver, const QVariant &value, const QString &forKey);
 
 /// Sets a key of an object or gadget; see setValueOfTarget().

@@ -33,6 +33,14 @@ bool looksLikeCode(const QString &text)
     return form.match(text).hasMatch();
 }
 
+/// "26.05.2014": a date, which a formatter of numbers takes for one with groups of odd lengths.
+bool looksLikeDate(const QString &text)
+{
+    static const QRegularExpression form(
+        QStringLiteral(R"(\A\s*\d{1,4}([./-])\d{1,2}\1\d{2,4}\s*\z)"));
+    return form.match(text).hasMatch();
+}
+
 /// What of date and time a value that was read has.
 struct Parts
 {
@@ -72,8 +80,11 @@ bool TypeInference::fits(qsizetype count) const
 
 qsizetype TypeInference::countRead(const FieldReader &reader) const
 {
-    return std::count_if(_values.begin(), _values.end(),
-                         [&](const QString &value) { return reader.read(value, true).isRead; });
+    const bool isNumeric =
+        reader.type() == FieldType::Number || reader.type() == FieldType::Currency;
+    return std::count_if(_values.begin(), _values.end(), [&](const QString &value) {
+        return !(isNumeric && looksLikeDate(value)) && reader.read(value, true).isRead;
+    });
 }
 
 std::unique_ptr<FieldReader> TypeInference::numberReader() const

@@ -11,7 +11,8 @@
 ///
 /// A column has the first of these types that nine in ten of its values have: number, currency,
 /// duration, date, time, date+time, phone, media; otherwise it is text. Digits with a zero or
-/// a plus before them ("01067", "+49 170") are never numbers, which would lose it. A number may
+/// a plus before them ("01067", "+49 170") are never numbers, which would lose it, nor are digits
+/// that are grouped as in a date ("26.05.2014"). A number may
 /// have a currency's sign; then the column is money, in the currency that most of its values name.
 /// Of dates and times mixed, a column of dates with some times is date+time.
 ///

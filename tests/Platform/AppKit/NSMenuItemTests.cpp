@@ -73,6 +73,25 @@ TEST(NSMenuItem, TitlesKeepTheirAmpersands)
         EXPECT_EQ(NSMenuItem::title(NSMenuItem::addItem(&menu, title, NSSelector(), nullptr)),
                   title);
 }
+TEST(NSMenuItem, ShortcutsAskAgainAfterTheMenuWasSeen)
+{
+    testing_support::needApplication();
+    QMenu menu;
+    Target target;
+    QObject indifferent;
+    QAction *refused = NSMenuItem::addItem(&menu, QStringLiteral("a"), "choose:", &target);
+    NSMenuItem::setTag(refused, 13);
+    QAction *other = NSMenuItem::addItem(&menu, QStringLiteral("b"), "choose:", &indifferent);
+    other->setEnabled(false);
+    menu.popup(QPoint());
+    EXPECT_FALSE(refused->isEnabled());
+    menu.hide();
+    EXPECT_TRUE(refused->isEnabled());
+    EXPECT_FALSE(other->isEnabled());
+    refused->trigger();
+    EXPECT_TRUE(target.chosen.isEmpty());
+    EXPECT_TRUE(refused->isEnabled());
+}
 
 TEST(NSFont, HasTheAskedSizeWithAndWithoutAnApplication)
 {

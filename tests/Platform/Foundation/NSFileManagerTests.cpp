@@ -100,3 +100,17 @@ TEST(NSFileManager, AFileInTheWayIsAFailure)
     }
     EXPECT_EQ(contentsOf(file), QByteArray("kept"));
 }
+
+TEST(NSFileManager, PermissionsAreSet)
+{
+    const QString file = useFreshHome() + QStringLiteral("/file");
+    EXPECT_FALSE(NSFileManager::setPosixPermissions(file, 0600));
+    EXPECT_FALSE(NSFileManager::setPosixPermissions(QString(), 0600));
+    writeFile(file, "kept");
+    for (const unsigned permissions : {0600U, 0400U, 0755U}) {
+        EXPECT_TRUE(NSFileManager::setPosixPermissions(file, permissions));
+        const QFile::Permissions found = QFile::permissions(file);
+        EXPECT_EQ(found.testFlag(QFile::WriteOwner), (permissions & 0200) != 0);
+        EXPECT_EQ(found.testFlag(QFile::ExeOther), (permissions & 0001) != 0);
+    }
+}

@@ -125,3 +125,21 @@ TEST(NSStringFormat, HostileTextsAsFormatAndArgument)
     EXPECT_EQ(stringWithFormat(testing_support::megabyteOf(QStringLiteral("%@")), 1).left(7),
               QStringLiteral("1(null)"));
 }
+
+TEST(NSStringFormat, VariantsAreWhatTheyHold)
+{
+    EXPECT_EQ(format(u"%d %d %d", QVariant(-5), QVariant(true), QVariant(qlonglong(7))), "-5 1 7");
+    EXPECT_EQ(format(u"%u %llu %x", QVariant(5U), QVariant(ULLONG_MAX), QVariant(ushort(255))),
+              "5 18446744073709551615 ff");
+    EXPECT_EQ(format(u"%.2f %@ %g", QVariant(1.5), QVariant(0.1), QVariant(2.5F)), "1.50 0.1 2.5");
+    EXPECT_EQ(format(u"%@ %s", QVariant(QStringLiteral("a")), QVariant(QString())), "a (null)");
+    EXPECT_EQ(format(u"%@", QByteArray("\x01z")), "<017a>");
+    EXPECT_EQ(format(u"%@ %@ %@", 'x', u'é', U'😀'), "x é 😀");
+}
+
+TEST(NSStringFormat, LengthsAndGroupingsThatChangeNothing)
+{
+    EXPECT_EQ(format(u"%'d %Lf %lld", 1234567, 0.5, 3), "1234567 0.500000 3");
+    EXPECT_EQ(format(u"%zu %td %jd", size_t(7), -7, 7), "7 -7 7");
+    EXPECT_EQ(format(u"%U %O %D", 8U, 8U, -8), "8 10 -8");
+}

@@ -5,6 +5,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSBundleTests.cpp
     Platform/Foundation/NSCalendarDateFormatTests.cpp
     Platform/Foundation/NSCalendarTests.cpp
+    Platform/Foundation/NSCharacterSetTests.cpp
     Platform/Foundation/NSCivilDateTests.cpp
     Platform/Foundation/NSClassTests.cpp
     Platform/Foundation/NSDateCharactersTests.cpp
@@ -27,14 +28,17 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Foundation/NSKeyValueCodingTests.cpp
     Platform/Foundation/NSKeyValueObservationTests.cpp
     Platform/Foundation/NSKeyValueObservingTests.cpp
+    Platform/Foundation/NSKeyValueSettersTests.cpp
     Platform/Foundation/NSLocaleTests.cpp
     Platform/Foundation/NSNaturalLanguageDateTests.cpp
     Platform/Foundation/NSNaturalLanguageReaderTests.cpp
     Platform/Foundation/NSNumberFormatterDifferentialTests.cpp
     Platform/Foundation/NSNumberFormatterReadingTests.cpp
+    Platform/Foundation/NSNumberFormatterSettingsTests.cpp
     Platform/Foundation/NSNumberFormatterTableTests.cpp
     Platform/Foundation/NSNumberFormatterTests.cpp
     Platform/Foundation/NSObjectTests.cpp
+    Platform/Foundation/NSObjectValuesTests.cpp
     Platform/Foundation/NSPathUtilitiesTests.cpp
     Platform/Foundation/NSPredicateTests.cpp
     Platform/Foundation/NSPropertyListBinaryReaderTests.cpp

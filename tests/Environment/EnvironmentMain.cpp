@@ -1,0 +1,49 @@
+#include "Environment/EnvironmentSupport.h"
+
+#include "support/TestSupport.h"
+
+#include <QDateTime>
+
+namespace environment_support {
+QString expectedLocale()
+{
+    return qEnvironmentVariable("KTUTILITY_TEST_LOCALE");
+}
+
+QTimeZone zone()
+{
+    const QTimeZone found(qgetenv("TZ"));
+    return found.isValid() ? found : QTimeZone::systemTimeZone();
+}
+
+QString wallTime(const QDateTime &date)
+{
+    if (!date.isValid())
+        return QStringLiteral("NO");
+    return date.toTimeZone(zone()).toString(QStringLiteral("yyyy-MM-ddTHH:mm:ss"));
+}
+
+void chooseCalendar()
+{
+    if (expectedLocale().contains(u'@'))
+        NSLocale::setCurrentLocale(NSLocale(expectedLocale()));
+}
+} // namespace environment_support
+
+int main(int argc, char **argv)
+{
+    testing_support::pinAllButLocaleAndZone("offscreen");
+    environment_support::chooseCalendar();
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
+
+#ifdef __SANITIZE_ADDRESS__
+extern "C" __attribute__((visibility("default"))) const char *__lsan_default_suppressions();
+
+/// What fontconfig keeps of its configuration is its own affair.
+extern "C" const char *__lsan_default_suppressions()
+{
+    return "leak:libfontconfig\n";
+}
+#endif

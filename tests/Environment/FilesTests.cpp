@@ -1,0 +1,173 @@
+// What is written is the same, byte for byte, whatever the environment.
+
+#include "Environment/EnvironmentSupport.h"
+
+#include <KTUtility/Additions/NSArray_KTAdditions.h>
+#include <KTUtility/Additions/NSData_KTAdditions.h>
+#include <KTUtility/Additions/NSString_KTNaming.h>
+#include <KTUtility/KTDatabaseBundle.h>
+#include <KTUtility/KTLogger.h>
+#include <KTUtility/KTMediaFilenameMunger.h>
+#include <KTUtility/Platform/Foundation/NSPropertyListSerialization.h>
+#include <KTUtility/Platform/Foundation/NSUserDefaults.h>
+
+#include "support/FileTree.h"
+#include "support/TestSupport.h"
+
+#include <QFileInfo>
+
+using testing_support::contentsOf;
+using testing_support::FileTree;
+
+namespace {
+/// Letters whose case Turkish has otherwise, and values that locales write in their own ways.
+QVariantMap values()
+{
+    return {{QStringLiteral("INFO"), QStringLiteral("Iıİi ٣")},
+            {QStringLiteral("date"), QDateTime(QDate(2008, 3, 5), QTime(16, 27, 1), Qt::UTC)},
+            {QStringLiteral("number"), 1234567},
+            {QStringLiteral("real"), 1234.5},
+            {QStringLiteral("yes"), true}};
+}
+
+QByteArray document(const QByteArray &dictionary)
+{
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+           "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+           "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+           "<plist version=\"1.0\">\n<dict>\n" +
+           dictionary + "</dict>\n</plist>\n";
+}
+
+const QByteArray &valuesAsXML()
+{
+    static const QByteArray xml =
+        document("\t<key>INFO</key>\n\t<string>Iıİi ٣</string>\n"
+                 "\t<key>date</key>\n\t<date>2008-03-05T16:27:01Z</date>\n"
+                 "\t<key>number</key>\n\t<integer>1234567</integer>\n"
+                 "\t<key>real</key>\n\t<real>1234.5</real>\n"
+                 "\t<key>yes</key>\n\t<true/>\n");
+    return xml;
+}
+
+QString preferences(const QString &home, const QString &domain)
+{
+    return home + u"/.local/share/Cobble/Preferences/" + domain + u".plist";
+}
+
+struct Naming
+{
+    const char16_t *title;
+    const char16_t *property;
+    const char16_t *entity;
+    const char16_t *table;
+    const char16_t *column;
+};
+constexpr Naming Names[] = {
+    {u"TITLE INFO", u"titleInfo", u"TitleInfo", u"kt_title_info", u"kt_titleInfo"},
+    {u"image id", u"imageId", u"ImageId", u"kt_image_id", u"kt_imageId"},
+    {u"ISBN", u"iSBN", u"Isbn", u"kt_isbn", u"kt_iSBN"},
+    {u"Field ٣", u"field٣", u"Field٣", u"kt_field_٣", u"kt_field٣"},
+    {u"ID I İ", u"idII\u0307", u"IdII\u0307", u"kt_id_i_i\u0307", u"kt_idII\u0307"},
+};
+} // namespace
+
+TEST(EnvironmentFiles, PropertyLists)
+{
+    EXPECT_EQ(NSPropertyListSerialization::dataWithPropertyList(values()), valuesAsXML());
+    EXPECT_EQ(NSPropertyListSerialization::propertyListFromData(valuesAsXML())
+                  .toMap()
+                  .value(QStringLiteral("date")),
+              values().value(QStringLiteral("date")));
+}
+
+TEST(EnvironmentFiles, UserDefaults)
+{
+    const QString home = testing_support::useFreshHome();
+    const QString domain = QStringLiteral("org.example.INFO");
+    {
+        NSUserDefaults defaults(domain);
+        const QVariantMap given = values();
+        for (auto each = given.begin(); each != given.end(); ++each)
+            defaults.setObject(each.value(), each.key());
+        EXPECT_EQ(defaults.stringForKey(QStringLiteral("real")), u"1234.5");
+        EXPECT_EQ(defaults.stringForKey(QStringLiteral("number")), u"1234567");
+    }
+    EXPECT_EQ(contentsOf(preferences(home, domain)), valuesAsXML());
+    EXPECT_EQ(NSUserDefaults(domain).doubleForKey(QStringLiteral("real")), 1234.5);
+}
+
+TEST(EnvironmentFiles, LoggerSettings)
+{
+    const QString home = testing_support::useFreshHome();
+    KTLogger logger;
+    logger.setLevelOfComponent(4, kLog_ImportDialog);
+    EXPECT_EQ(contentsOf(preferences(home, QStringLiteral("org.cobble.Cobble.ktlogger"))),
+              document("\t<key>components</key>\n\t<dict>\n\t\t<key>Import Dialog</key>\n"
+                       "\t\t<integer>4</integer>\n\t</dict>\n\t<key>displayFileLine</key>\n"
+                       "\t<false/>\n\t<key>writeToFile</key>\n\t<true/>\n"));
+}
+
+TEST(EnvironmentFiles, LogLinesHaveEnglishDatesOfTheZonesClock)
+{
+    const QString home = testing_support::useFreshHome();
+    KTLogger logger;
+    logger.setLevelOfComponent(4, kLog_ImportDialog);
+    const QDateTime before = QDateTime::currentDateTimeUtc();
+    logger.logComponent(kLog_ImportDialog, 4, "INFO.cpp", 42, u"%@ %d %.2f %05d %@", u"Iıİi",
+                        1234567, 1234.5, -42, 0.5);
+    const QDateTime after = QDateTime::currentDateTimeUtc();
+    const QString line =
+        QString::fromUtf8(contentsOf(home + u"/.local/share/Cobble/Logs/cobble.log"));
+    constexpr qsizetype DateLength = 28;
+    EXPECT_EQ(line.mid(DateLength),
+              u" [INFO.cpp:42][Import Dialog] Iıİi 1234567 1234.50 -0042 0.5\n");
+    const QDateTime clock = QLocale::c().toDateTime(line.left(DateLength),
+                                                    QStringLiteral("ddd MMM dd yyyy HH:mm:ss.zzz"));
+    ASSERT_TRUE(clock.isValid()) << line.toStdString();
+    const auto clockOf = [](const QDateTime &instant) {
+        const QDateTime zoned = instant.toTimeZone(environment_support::zone());
+        return QDateTime(zoned.date(), zoned.time(), Qt::UTC);
+    };
+    const QDateTime shown(clock.date(), clock.time(), Qt::UTC);
+    EXPECT_GE(shown, clockOf(before));
+    EXPECT_LE(shown, clockOf(after));
+}
+
+TEST(EnvironmentFiles, MediaNames)
+{
+    const FileTree tree;
+    tree.add(QStringLiteral("IMAGE İı.JPG"));
+    const QString stored = KTMediaFilenameMunger::copyFileToDbAndReturnDBStoredName(
+        tree.path(QStringLiteral("IMAGE İı.JPG")));
+    EXPECT_EQ(QFileInfo(stored).fileName(), u"IMAGE İı.0.JPG");
+    tree.addCopies(QStringLiteral("IMAGE İı.%d.JPG"), 0, 12);
+    EXPECT_EQ(QFileInfo(KTMediaFilenameMunger::makeDBStoredNamefromOriginalFileName(
+                            tree.path(QStringLiteral("IMAGE İı.JPG"))))
+                  .fileName(),
+              u"IMAGE İı.13.JPG");
+    const KTDatabaseBundle bundle(tree.path(QStringLiteral("INFO.cobbledb")));
+    ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
+    EXPECT_EQ(QFileInfo(bundle.copyFilePathToMediaFolderAndReturnMediaPath(
+                            tree.path(QStringLiteral("IMAGE İı.JPG"))))
+                  .fileName(),
+              u"IMAGE İı.0.JPG");
+}
+
+TEST(EnvironmentFiles, InternalNames)
+{
+    for (const Naming &name : Names) {
+        const QString title = QString::fromUtf16(name.title);
+        EXPECT_EQ(KTAdditions::propertyString(title), QString::fromUtf16(name.property));
+        EXPECT_EQ(KTAdditions::entityString(title), QString::fromUtf16(name.entity));
+        EXPECT_EQ(KTAdditions::tableNameString(title), QString::fromUtf16(name.table));
+        EXPECT_EQ(KTAdditions::tableColumnString(title), QString::fromUtf16(name.column));
+    }
+    EXPECT_EQ(KTAdditions::labelString(QStringLiteral("titleInfo")), u"Title Info");
+    EXPECT_EQ(KTAdditions::properNounString(QStringLiteral("image")), u"Image");
+    const QVariantList taken = {QVariantMap{{QStringLiteral("name"), QStringLiteral("title")}},
+                                QVariantMap{{QStringLiteral("name"), QStringLiteral("TITLE1")}}};
+    EXPECT_EQ(KTAdditions::internalCaseInsensitiveUniqueStringWithBase(
+                  taken, QStringLiteral("TITLE"), QStringLiteral("name")),
+              u"TITLE2");
+}

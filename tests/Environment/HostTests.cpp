@@ -1,0 +1,136 @@
+// The host stores the same values of the same file in every environment.
+
+#include "Environment/EnvironmentSupport.h"
+
+#include "Cobble/CommandSupport.h"
+#include "LibraryStore.h"
+
+#include <KTUtility/Platform/Foundation/NSObject.h>
+
+#include "support/FileTree.h"
+#include "support/TestSupport.h"
+
+using testing_support::contentsOf;
+using testing_support::FileTree;
+
+namespace {
+class EnvironmentHost : public testing::Test
+{
+protected:
+    EnvironmentHost() : bundle(tree.path(QStringLiteral("b.cobbledb")))
+    {
+        testing_support::needApplication();
+        testing_support::useFreshHome();
+    }
+    /// The host goes back to the environment's locale after its own.
+    ~EnvironmentHost() override { environment_support::chooseCalendar(); }
+
+    void run(const QStringList &arguments)
+    {
+        const CommandResult result =
+            runInProcess(arguments + QStringList({QStringLiteral("--bundle"), bundle}));
+        EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
+    }
+    void import(const QByteArray &contents)
+    {
+        tree.add(QStringLiteral("SIZE INFO.csv"), contents);
+        run({QStringLiteral("import"), tree.path(QStringLiteral("SIZE INFO.csv"))});
+    }
+    std::unique_ptr<LibraryStore> store() const
+    {
+        QString error;
+        auto opened =
+            LibraryStore::open(KTDatabaseBundle(bundle), LibraryStore::Mode::Existing, &error);
+        EXPECT_NE(opened, nullptr) << error.toStdString();
+        return opened;
+    }
+
+    FileTree tree;
+    QString bundle;
+};
+
+/// A stored value as text: dates at the zone's clock. Days alone have no time that counts (noon,
+/// but the beginning of the day in Japan).
+QString canonical(const LibraryField &field, const QVariant &value)
+{
+    if (value.typeId() != QMetaType::QDateTime)
+        return NSObject::description(value);
+    const QString text = environment_support::wallTime(value.toDateTime());
+    return field.header == u"Born" ? text.left(10) : text;
+}
+
+const QByteArray Unambiguous = "TITLE ID;Count;Born;Seen;Notes;Phone\n"
+                               "IIıİi;5;1984-06-06;2008-03-05 17:30:00;x 1;555-0125 x31\n"
+                               "i;42;2024-02-29;2018-07-01T00:15:30;;+1 212 555 0135\n"
+                               "٣;-7;1951-12-31;2001-01-01 12:00:00;1.;555 0195\n";
+} // namespace
+
+TEST_F(EnvironmentHost, StoresTheSameValuesOfUnambiguousTexts)
+{
+    import(Unambiguous);
+    const auto opened = store();
+    ASSERT_NE(opened, nullptr);
+    const auto library = opened->libraryNamed(QStringLiteral("SIZE INFO"));
+    ASSERT_TRUE(library.has_value());
+    QStringList rows;
+    for (RecordCursor records = opened->records(*library); records.next();) {
+        QStringList values;
+        for (qsizetype field = 0; field < library->fields.size(); ++field)
+            values += canonical(library->fields.at(field), records.value(field));
+        rows += values.join(u'|');
+    }
+    const QStringList expected = {
+        QStringLiteral("IIıİi|5|1984-06-06|2008-03-05T17:30:00|x 1|555-0125 x31"),
+        QStringLiteral("i|42|2024-02-29|2018-07-01T00:15:30|(null)|+1 212 555 0135"),
+        QStringLiteral("٣|-7|1951-12-31|2001-01-01T12:00:00|1.|555 0195"),
+    };
+    EXPECT_EQ(rows, expected);
+}
+
+TEST_F(EnvironmentHost, NamesTheTablesTheSame)
+{
+    import(Unambiguous);
+    const auto opened = store();
+    ASSERT_NE(opened, nullptr);
+    const auto library = opened->libraryNamed(QStringLiteral("size info"));
+    ASSERT_TRUE(library.has_value());
+    EXPECT_EQ(library->tableName, u"kt_size_info");
+    EXPECT_EQ(library->libraryEntityName, u"lib_size_info");
+    QStringList columns;
+    for (const LibraryField &field : library->fields)
+        columns += field.columnName;
+    EXPECT_EQ(columns.join(u' '), u"kt_titleId kt_count kt_born kt_seen kt_notes kt_phone");
+}
+
+TEST_F(EnvironmentHost, ExportsTheSameBytesForOneLocale)
+{
+    import(Unambiguous);
+    run({QStringLiteral("export"), QStringLiteral("SIZE INFO"), QStringLiteral("--locale"),
+         QStringLiteral("en_US"), QStringLiteral("--to"), tree.path(QStringLiteral("out.csv"))});
+    EXPECT_EQ(QString::fromUtf8(contentsOf(tree.path(QStringLiteral("out.csv")))),
+              u"TITLE ID,Count,Born,Seen,Notes,Phone\r\n"
+              u"IIıİi,5,6/6/1984,3/5/2008 5:30 PM,x 1,555-0125 x31\r\n"
+              u"i,42,2/29/2024,7/1/2018 12:15 AM,,+1 (212) 555-0135\r\n"
+              u"٣,-7,12/31/1951,1/1/2001 12:00 PM,1.,555-0195\r\n");
+}
+
+TEST_F(EnvironmentHost, ExportsValuesWithoutTheLocalesWriting)
+{
+    import("Count;Half\n1234;0.5\n5;1.25\n");
+    run({QStringLiteral("export"), QStringLiteral("SIZE INFO"), QStringLiteral("--to"),
+         tree.path(QStringLiteral("out.json"))});
+    const QByteArray text = contentsOf(tree.path(QStringLiteral("out.json")));
+    EXPECT_TRUE(text.contains("1234")) << text.constData();
+}
+
+TEST_F(EnvironmentHost, WhatIsShownComesBackFromItsOwnExport)
+{
+    import(Unambiguous);
+    const auto exportTo = [this](const QString &library, const QString &file) {
+        run({QStringLiteral("export"), library, QStringLiteral("--to"), tree.path(file)});
+        return QString::fromUtf8(contentsOf(tree.path(file)));
+    };
+    const QString first = exportTo(QStringLiteral("SIZE INFO"), QStringLiteral("Again.csv"));
+    run({QStringLiteral("import"), tree.path(QStringLiteral("Again.csv"))});
+    EXPECT_EQ(exportTo(QStringLiteral("Again"), QStringLiteral("2.csv")), first);
+}
