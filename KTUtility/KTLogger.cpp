@@ -8,6 +8,7 @@
 #include "Platform/Foundation/NSFileManager.h"
 #include "Platform/Foundation/NSLog.h"
 #include "Platform/Foundation/NSPathUtilities.h"
+#include "Platform/Foundation/NSPropertyListFile_p.h"
 #include "Platform/Foundation/NSPropertyListSerialization.h"
 #include "Platform/Foundation/NSSearchPath.h"
 
@@ -16,6 +17,7 @@
 #include <algorithm>
 #include <climits>
 #include <fcntl.h>
+#include <unistd.h>
 
 const QString KTLoggerWriteToFileKey = QStringLiteral("writeToFile");
 const QString KTLoggerDisplayFileLineKey = QStringLiteral("displayFileLine");
@@ -165,11 +167,13 @@ void KTLogger::setComponents(const std::optional<QVariantMap> &components)
 
 void KTLogger::loadConfigFile(const QString &path)
 {
-    setComponents(std::nullopt);
-    if (path.isNull() || !NSFileManager::fileExistsAtPath(path))
+    using Result = NSDictionaryReading::Result;
+    const auto [result, settings] = NSReadDictionary(path);
+    if (result == Result::Unreadable)
         return;
-    const QVariantMap settings =
-        NSDictionary::dictionaryWithContentsOfFile(path).value_or(QVariantMap());
+    setComponents(std::nullopt);
+    if (result == Result::NoFile)
+        return;
     _writeToFile = booleanSetting(settings, KTLoggerWriteToFileKey, true);
     _displayFileLine = booleanSetting(settings, KTLoggerDisplayFileLineKey, false);
     const QVariant components = settings.value(KTLoggerComponentsKey);
@@ -242,10 +246,29 @@ void KTLogger::logArguments(const QString &component, int logLevel, const char *
         _capture->add(component, logLevel, fileName, lineNumber, message);
     else if (_writeToFile)
         // Deliberate: lines in the file always carry file and line, whatever _displayFileLine says.
-        _fileHandle->writeData(KTLogLine::line(*state, component, fileName, lineNumber, message));
+        writeLineToFile(KTLogLine::line(*state, component, fileName, lineNumber, message));
     else
         writeLineToConsole(component, fileName, lineNumber, message);
     spare = std::move(state);
+}
+
+void KTLogger::writeLineToFile(QByteArrayView line)
+{
+    const bool isAtStart = !_isLineTorn.load(std::memory_order_relaxed) || endTornLine();
+    if (!isAtStart || !_fileHandle->writeData(line))
+        _isLineTorn.store(true, std::memory_order_relaxed);
+}
+
+/// Sees to it that the next line starts at the beginning of one. \return false if it cannot.
+bool KTLogger::endTornLine()
+{
+    const int file = _fileHandle->fileDescriptor();
+    const off_t end = ::lseek(file, 0, SEEK_END);
+    char last = '\n';
+    const bool isKnown = end == 0 || (end > 0 && ::pread(file, &last, 1, end - 1) == 1);
+    const bool isAtStart = isKnown && (last == '\n' || _fileHandle->writeData("\n"));
+    _isLineTorn.store(!isAtStart, std::memory_order_relaxed);
+    return isAtStart;
 }
 
 void KTLogger::writeLineToConsole(const QString &component, std::string_view fileName,

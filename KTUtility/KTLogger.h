@@ -54,7 +54,8 @@ KTUTILITY_EXPORT extern const QString KTLoggerComponentsKey;
 /// without buffering, or to the console. Settings live in a property list in the user's Preferences
 /// folder; each change is saved at once.
 ///
-/// Settings belong to the main thread. Log calls may come from any thread: a line is one write.
+/// Settings belong to the main thread. Log calls may come from any thread: a line is one write. A
+/// line that the disk does not take is lost; where half of it was taken, the next one starts anew.
 ///
 /// \code
 /// KTLogger *logger = KTLogger::sharedLogger();
@@ -118,8 +119,9 @@ public:
     QString logFolder() const;
     /// Fills allComponentsArray().
     void initializeAllComponentsArray();
-    /// Reads settings. What is there replaces what was set; a file that cannot be read counts as
-    /// an empty one; without a file, components are off and the rest stays.
+    /// Reads settings. What is there replaces what was set; a damaged file counts as an empty one;
+    /// without a file, components are off and the rest stays. If the system does not let the file
+    /// be read, everything stays.
     void loadConfigFile(const QString &path);
     /// Writes the settings and reads them back.
     /// \throws NSException NSInvalidArgumentException if no component was ever given a level:
@@ -172,6 +174,8 @@ private:
     bool isLevelReached(const QString &component, int logLevel) const;
     void logArguments(const QString &component, int logLevel, const char *file, int lineNumber,
                       QStringView format, std::span<const NSFormatArgument> arguments);
+    void writeLineToFile(QByteArrayView line);
+    bool endTornLine();
     void writeLineToConsole(const QString &component, std::string_view fileName, int lineNumber,
                             QStringView message);
     void setComponents(const std::optional<QVariantMap> &components);
@@ -181,6 +185,8 @@ private:
 
     std::optional<QVariantMap> _components;
     std::unique_ptr<NSFileHandle> _fileHandle;
+    // Whether the last line may have stopped half-way, on a full disk.
+    std::atomic<bool> _isLineTorn = false;
     bool _writeToFile = true;
     bool _displayFileLine = false;
     QString _userFile;
