@@ -1,0 +1,8 @@
+// What the host writes.
+
+#include "FaultScenario.h"
+
+QList<FaultRow> hostScenarios()
+{
+    return {};
+}
