@@ -68,6 +68,7 @@ KTLogger *KTLogger::createSharedLogger()
 
 KTLogger::KTLogger() : _highestLevel(NothingIsOn)
 {
+    setComponents(std::nullopt);
     initializeAllComponentsArray();
     const QString logFile = NSString::stringWithFormat(u"%@/cobble.log", logFolder());
     _fileHandle = std::make_unique<NSFileHandle>(openLogFile(logFile));
@@ -147,7 +148,7 @@ void KTLogger::initializeAllComponentsArray()
 void KTLogger::setComponents(const std::optional<QVariantMap> &components)
 {
     _components = components;
-    _activeLevels.clear();
+    Levels levels;
     int highest = NothingIsOn;
     const QVariantMap entries = components.value_or(QVariantMap());
     const auto shared = [this](const QString &name) {
@@ -159,10 +160,20 @@ void KTLogger::setComponents(const std::optional<QVariantMap> &components)
         const int level = levelSetting(entry.value());
         if (level == 0)
             continue;
-        _activeLevels.emplace_back(shared(entry.key()), level);
+        levels.emplace_back(shared(entry.key()), level);
         highest = std::max(highest, level);
     }
+    setActiveLevels(std::move(levels));
     _highestLevel.store(highest, std::memory_order_relaxed);
+}
+
+void KTLogger::setActiveLevels(Levels levels)
+{
+    auto known = std::find_if(_knownLevels.begin(), _knownLevels.end(),
+                              [&levels](const auto &list) { return *list == levels; });
+    if (known == _knownLevels.end())
+        known = _knownLevels.insert(known, std::make_unique<const Levels>(std::move(levels)));
+    _activeLevels.store(known->get(), std::memory_order_release);
 }
 
 void KTLogger::loadConfigFile(const QString &path)
@@ -171,14 +182,16 @@ void KTLogger::loadConfigFile(const QString &path)
     const auto [result, settings] = NSReadDictionary(path);
     if (result == Result::Unreadable)
         return;
-    setComponents(std::nullopt);
-    if (result == Result::NoFile)
+    if (result == Result::NoFile) {
+        setComponents(std::nullopt);
         return;
+    }
     _writeToFile = booleanSetting(settings, KTLoggerWriteToFileKey, true);
     _displayFileLine = booleanSetting(settings, KTLoggerDisplayFileLineKey, false);
     const QVariant components = settings.value(KTLoggerComponentsKey);
-    if (components.typeId() == QMetaType::QVariantMap)
-        setComponents(components.toMap());
+    // Once: a component that stays on is on for other threads all the time.
+    const bool areComponents = components.typeId() == QMetaType::QVariantMap;
+    setComponents(areComponents ? std::optional(components.toMap()) : std::nullopt);
 }
 
 void KTLogger::writeConfigFile()
@@ -191,8 +204,8 @@ void KTLogger::writeConfigFile()
                                u"*** -[NSMutableDictionary setObject:forKey:]: attempt to insert "
                                u"nil value (key: %@)",
                                KTLoggerComponentsKey));
-    const QVariantMap settings = {{KTLoggerWriteToFileKey, _writeToFile},
-                                  {KTLoggerDisplayFileLineKey, _displayFileLine},
+    const QVariantMap settings = {{KTLoggerWriteToFileKey, _writeToFile.load()},
+                                  {KTLoggerDisplayFileLineKey, _displayFileLine.load()},
                                   {KTLoggerComponentsKey, *_components}};
     if (!_userFile.isNull())
         NSDictionary::writeToFile(settings, _userFile, true);
@@ -211,7 +224,7 @@ void KTLogger::setLevelOfComponent(int level, const QString &component)
 
 int KTLogger::levelOfComponent(const QString &component) const
 {
-    for (const auto &[name, level] : _activeLevels) {
+    for (const auto &[name, level] : *_activeLevels.load(std::memory_order_acquire)) {
         const bool isSameStorage =
             name.constData() == component.constData() && name.size() == component.size();
         if (isSameStorage || name == component)
@@ -242,8 +255,8 @@ void KTLogger::logArguments(const QString &component, int logLevel, const char *
     else
         NSString::appendFormatArguments(message, format, arguments);
     const std::string_view fileName = KTLogLine::lastPathComponent(file);
-    if (_capture)
-        _capture->add(component, logLevel, fileName, lineNumber, message);
+    if (KTLogCapture *const capture = _capture)
+        capture->add(component, logLevel, fileName, lineNumber, message);
     else if (_writeToFile)
         // Deliberate: lines in the file always carry file and line, whatever _displayFileLine says.
         writeLineToFile(KTLogLine::line(*state, component, fileName, lineNumber, message));
