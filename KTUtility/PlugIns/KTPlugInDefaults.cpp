@@ -16,25 +16,22 @@ QString domainName()
     return NSHostIdentifier() + QStringLiteral(".plugins");
 }
 
-/// What is stored; empty if nothing is or it cannot be read.
-QVariantMap domain()
+/// What is stored; nothing if it cannot be read, also at a second attempt. To write that back as
+/// if it were empty would lose what is there, and to take it for empty would switch plug-ins off.
+std::optional<QVariantMap> storedDomain()
 {
-    return NSUserDefaults::standardUserDefaults()
-        ->persistentDomainForName(domainName())
-        .value_or(QVariantMap());
-}
-
-/// What is stored, to be written back with a change; nothing if it cannot be read: what others
-/// stored would be lost.
-std::optional<QVariantMap> domainToChange()
-{
-    const auto stored =
+    const auto known =
         NSUserDefaults::standardUserDefaults()->persistentDomainForName(domainName());
-    if (stored)
-        return stored;
+    if (known)
+        return known;
     const NSDictionaryReading reading = NSDefaultsFile::read(domainName());
     const bool isRead = reading.result != NSDictionaryReading::Result::Unreadable;
     return isRead ? std::optional(reading.dictionary) : std::nullopt;
+}
+
+QVariantMap domain()
+{
+    return storedDomain().value_or(QVariantMap());
 }
 
 void setObject(const QVariant &object, const QString &key, QVariantMap &values)
@@ -74,7 +71,7 @@ QVariant KTPlugInManager::pluginDefaultsObjectForKey(const QString &key) const
 
 bool KTPlugInManager::pluginDefaultsSetObject(const QVariant &object, const QString &forKey)
 {
-    std::optional<QVariantMap> values = domainToChange();
+    std::optional<QVariantMap> values = storedDomain();
     if (forKey.isNull() || !values)
         return false;
     setObject(object, forKey, *values);
@@ -83,7 +80,7 @@ bool KTPlugInManager::pluginDefaultsSetObject(const QVariant &object, const QStr
 
 bool KTPlugInManager::pluginDefaultsRegisterDefaults(const QVariantMap &defaults)
 {
-    const std::optional<QVariantMap> stored = domainToChange();
+    const std::optional<QVariantMap> stored = storedDomain();
     if (!stored)
         return false;
     QVariantMap values = defaults;
@@ -108,7 +105,7 @@ bool KTPlugInManager::isPluginEnabled(const QString &identifier) const
 // Deliberate: enabling twice lists a plug-in twice; disabling removes both.
 bool KTPlugInManager::setEnabledForPlugin(bool enabled, const QString &identifier)
 {
-    std::optional<QVariantMap> values = domainToChange();
+    std::optional<QVariantMap> values = storedDomain();
     if (identifier.isNull() || _enabledKey.isNull() || !values)
         return false;
     QVariantList identifiers = listIn(*values, _enabledKey);
