@@ -39,6 +39,11 @@ public:
     virtual void settle() {}
     /// Whether it should succeed after it has failed.
     virtual bool canBeTriedAgain() const { return true; }
+    /// Whether what was asked for has happened, and nothing else that matters.
+    virtual bool isAsAfter(const FileState &now, const FileState &after) const
+    {
+        return now == after;
+    }
     /// Whether nothing has happened, or nothing that matters.
     virtual bool isAsBefore(const FileState &now, const FileState &before) const
     {
@@ -53,6 +58,8 @@ struct FaultRow
     std::function<std::unique_ptr<FaultScenario>(const QString &home)> make;
     /// Whether a failure comes with a reason.
     bool givesReasons = false;
+    /// Whether a database is written, which gives up where its flushing is interrupted.
+    bool usesDatabase = false;
 };
 
 inline void PrintTo(const FaultRow &row, std::ostream *stream)
@@ -61,10 +68,9 @@ inline void PrintTo(const FaultRow &row, std::ostream *stream)
 }
 
 template<typename Scenario>
-FaultRow faultRow(const char *name, bool givesReasons = false)
+FaultRow faultRow(const char *name)
 {
-    return {name, [](const QString &home) { return std::make_unique<Scenario>(home); },
-            givesReasons};
+    return {name, [](const QString &home) { return std::make_unique<Scenario>(home); }};
 }
 
 QList<FaultRow> platformScenarios();

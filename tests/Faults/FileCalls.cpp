@@ -36,9 +36,15 @@ Result failure()
         return Result(-1);
 }
 
+/// Whether a file is made, perhaps one without a name yet.
+bool makesFile(int flags)
+{
+    return (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
+}
+
 FileCall openingWith(int flags)
 {
-    return (flags & O_CREAT) != 0 ? FileCall::Create : FileCall::Open;
+    return makesFile(flags) ? FileCall::Create : FileCall::Open;
 }
 
 /// How much of a write is done.
@@ -80,7 +86,7 @@ size_t sizeToWrite(Answer answer, size_t size)
         static const auto next = systemsOwn<int parameters>(#name);                                \
         std::va_list rest;                                                                         \
         va_start(rest, flags);                                                                     \
-        const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : 0;       \
+        const mode_t mode = makesFile(flags) ? va_arg(rest, mode_t) : 0;                           \
         va_end(rest);                                                                              \
         return fails(openingWith(flags), Place(__VA_ARGS__)) ? -1 : next arguments;                \
     }

@@ -8,6 +8,7 @@
 #include <KTUtility/KTDatabaseBundle.h>
 #include <KTUtility/KTLogger.h>
 #include <KTUtility/KTMediaFilenameMunger.h>
+#include <KTUtility/Platform/Foundation/NSUserDefaults.h>
 #include <KTUtility/PlugIns/KTPlugInManager.h>
 
 #include <QDir>
@@ -42,6 +43,28 @@ public:
     Answer act() override
     {
         return {_manager.pluginDefaultsSetObject(7, QStringLiteral("number")), {}};
+    }
+
+private:
+    KTPlugInManager _manager;
+};
+
+const QString Added = QStringLiteral("org.example.two");
+
+class PlugInEnabled : public FaultScenario
+{
+public:
+    explicit PlugInEnabled(const QString & /*home*/)
+    {
+        _manager.setEnabledKey(QStringLiteral("enabled"));
+        EXPECT_TRUE(_manager.setEnabledForPlugin(true, QStringLiteral("org.example.one")));
+    }
+    Answer act() override
+    {
+        // What could not be written is kept in memory; a second time would list it twice.
+        if (_manager.isPluginEnabled(Added))
+            return {NSUserDefaults::standardUserDefaults()->synchronize(), {}};
+        return {_manager.setEnabledForPlugin(true, Added), {}};
     }
 
 private:
@@ -132,6 +155,18 @@ private:
     LoopbackServer _server;
 };
 
+/// Names of files without a bundle, beside their originals.
+class MungerCopy : public BundleScenario
+{
+public:
+    using BundleScenario::BundleScenario;
+    Answer act() override
+    {
+        return answerFor(
+            KTMediaFilenameMunger::copyFileToDbAndReturnDBStoredName(path(u"photo.jpg")));
+    }
+};
+
 class MediaRemoved : public BundleScenario
 {
 public:
@@ -193,10 +228,11 @@ private:
 QList<FaultRow> frameworkScenarios()
 {
     return {
-        faultRow<LoggerSettings>("LoggerSettings"), faultRow<PlugInDefaults>("PlugInDefaults"),
-        faultRow<MediaCopy>("MediaCopy"),           faultRow<MediaFolderCopy>("MediaFolderCopy"),
-        faultRow<MediaOfURL>("MediaOfURL"),         faultRow<MediaPicture>("MediaPicture"),
-        faultRow<MediaDownload>("MediaDownload"),   faultRow<MediaRemoved>("MediaRemoved"),
-        faultRow<PreUpgradeCopy>("PreUpgradeCopy"), faultRow<NewBundle>("NewBundle"),
+        faultRow<LoggerSettings>("LoggerSettings"),   faultRow<PlugInDefaults>("PlugInDefaults"),
+        faultRow<PlugInEnabled>("PlugInEnabled"),     faultRow<MediaCopy>("MediaCopy"),
+        faultRow<MediaFolderCopy>("MediaFolderCopy"), faultRow<MediaOfURL>("MediaOfURL"),
+        faultRow<MediaPicture>("MediaPicture"),       faultRow<MediaDownload>("MediaDownload"),
+        faultRow<MungerCopy>("MungerCopy"),           faultRow<MediaRemoved>("MediaRemoved"),
+        faultRow<PreUpgradeCopy>("PreUpgradeCopy"),   faultRow<NewBundle>("NewBundle"),
     };
 }
