@@ -118,9 +118,11 @@ QString KTDatabaseBundle::moveDatabaseToPreUpgradePath() const
             KTAdditions::stringByAppendingToFilename(_bundlePath, suffix));
     };
     const QString backup = freePath(QStringLiteral("1Backup"));
-    NSFileManager::moveItemAtPath(_bundlePath, backup);
+    const bool isMoved = NSFileManager::moveItemAtPath(_bundlePath, backup);
     const QString preUpgrade = freePath(QStringLiteral("_PreUpgrade"));
-    NSFileManager::copyItemAtPath(backup, preUpgrade);
+    // What is at the backup's path otherwise is another one.
+    if (isMoved)
+        NSFileManager::copyItemAtPath(backup, preUpgrade);
     return preUpgrade;
 }
 
@@ -162,8 +164,12 @@ bool KTDatabaseBundle::isMediaURL(const NSURL &url) const
 std::optional<NSURL> KTDatabaseBundle::mediaUrlFromFilePath(const QString &path) const
 {
     const QString name = NSString::lastPathComponent(path);
-    if (!isFileNameInMediaFolder(name))
-        return std::nullopt;
+    return isFileNameInMediaFolder(name) ? mediaURLNamed(name) : std::nullopt;
+}
+
+/// The URL of a media file, whether there is one or not.
+std::optional<NSURL> KTDatabaseBundle::mediaURLNamed(const QString &name)
+{
     return NSURL::URLWithString(MediaScheme + u"://" +
                                 NSString::stringByAddingPercentEscapes(name));
 }

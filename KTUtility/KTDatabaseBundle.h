@@ -176,6 +176,7 @@ private:
     static QString pathInSupportFolder(const QString &name);
     static QString chosenBundlePath(const QString &factoryPath);
     QString mediaPath(const QString &name) const;
+    static std::optional<NSURL> mediaURLNamed(const QString &name);
     QString numberedMediaPath(const QString &name) const;
     QString placeInMediaFolder(const QString &name,
                                const std::function<bool(KTStagedFile &)> &fill) const;

@@ -94,5 +94,6 @@ std::optional<NSURL> KTDatabaseBundle::storeFileFromURL(const NSURL &url) const
 {
     const QString path = url.isFileURL() ? copyFilePathToMediaFolderAndReturnMediaPath(url.path())
                                          : downloadHttpFileToBundleAndReturnPath(url);
-    return path.isNull() ? std::nullopt : mediaUrlFromFilePath(path);
+    // The file is there: to ask again might fail, and leave a file that nobody knows.
+    return path.isNull() ? std::nullopt : mediaURLNamed(NSString::lastPathComponent(path));
 }

@@ -8,6 +8,7 @@
 #include "Platform/Foundation/NSFileManager.h"
 #include "Platform/Foundation/NSLog.h"
 #include "Platform/Foundation/NSPathUtilities.h"
+#include "Platform/Foundation/NSPropertyListFile_p.h"
 #include "Platform/Foundation/NSPropertyListSerialization.h"
 #include "Platform/Foundation/NSSearchPath.h"
 
@@ -16,6 +17,7 @@
 #include <algorithm>
 #include <climits>
 #include <fcntl.h>
+#include <unistd.h>
 
 const QString KTLoggerWriteToFileKey = QStringLiteral("writeToFile");
 const QString KTLoggerDisplayFileLineKey = QStringLiteral("displayFileLine");
@@ -66,6 +68,7 @@ KTLogger *KTLogger::createSharedLogger()
 
 KTLogger::KTLogger() : _highestLevel(NothingIsOn)
 {
+    setComponents(std::nullopt);
     initializeAllComponentsArray();
     const QString logFile = NSString::stringWithFormat(u"%@/cobble.log", logFolder());
     _fileHandle = std::make_unique<NSFileHandle>(openLogFile(logFile));
@@ -145,7 +148,7 @@ void KTLogger::initializeAllComponentsArray()
 void KTLogger::setComponents(const std::optional<QVariantMap> &components)
 {
     _components = components;
-    _activeLevels.clear();
+    Levels levels;
     int highest = NothingIsOn;
     const QVariantMap entries = components.value_or(QVariantMap());
     const auto shared = [this](const QString &name) {
@@ -157,24 +160,38 @@ void KTLogger::setComponents(const std::optional<QVariantMap> &components)
         const int level = levelSetting(entry.value());
         if (level == 0)
             continue;
-        _activeLevels.emplace_back(shared(entry.key()), level);
+        levels.emplace_back(shared(entry.key()), level);
         highest = std::max(highest, level);
     }
+    setActiveLevels(std::move(levels));
     _highestLevel.store(highest, std::memory_order_relaxed);
+}
+
+void KTLogger::setActiveLevels(Levels levels)
+{
+    auto known = std::find_if(_knownLevels.begin(), _knownLevels.end(),
+                              [&levels](const auto &list) { return *list == levels; });
+    if (known == _knownLevels.end())
+        known = _knownLevels.insert(known, std::make_unique<const Levels>(std::move(levels)));
+    _activeLevels.store(known->get(), std::memory_order_release);
 }
 
 void KTLogger::loadConfigFile(const QString &path)
 {
-    setComponents(std::nullopt);
-    if (path.isNull() || !NSFileManager::fileExistsAtPath(path))
+    using Result = NSDictionaryReading::Result;
+    const auto [result, settings] = NSReadDictionary(path);
+    if (result == Result::Unreadable)
         return;
-    const QVariantMap settings =
-        NSDictionary::dictionaryWithContentsOfFile(path).value_or(QVariantMap());
+    if (result == Result::NoFile) {
+        setComponents(std::nullopt);
+        return;
+    }
     _writeToFile = booleanSetting(settings, KTLoggerWriteToFileKey, true);
     _displayFileLine = booleanSetting(settings, KTLoggerDisplayFileLineKey, false);
     const QVariant components = settings.value(KTLoggerComponentsKey);
-    if (components.typeId() == QMetaType::QVariantMap)
-        setComponents(components.toMap());
+    // Once: a component that stays on is on for other threads all the time.
+    const bool areComponents = components.typeId() == QMetaType::QVariantMap;
+    setComponents(areComponents ? std::optional(components.toMap()) : std::nullopt);
 }
 
 void KTLogger::writeConfigFile()
@@ -187,8 +204,8 @@ void KTLogger::writeConfigFile()
                                u"*** -[NSMutableDictionary setObject:forKey:]: attempt to insert "
                                u"nil value (key: %@)",
                                KTLoggerComponentsKey));
-    const QVariantMap settings = {{KTLoggerWriteToFileKey, _writeToFile},
-                                  {KTLoggerDisplayFileLineKey, _displayFileLine},
+    const QVariantMap settings = {{KTLoggerWriteToFileKey, _writeToFile.load()},
+                                  {KTLoggerDisplayFileLineKey, _displayFileLine.load()},
                                   {KTLoggerComponentsKey, *_components}};
     if (!_userFile.isNull())
         NSDictionary::writeToFile(settings, _userFile, true);
@@ -207,7 +224,7 @@ void KTLogger::setLevelOfComponent(int level, const QString &component)
 
 int KTLogger::levelOfComponent(const QString &component) const
 {
-    for (const auto &[name, level] : _activeLevels) {
+    for (const auto &[name, level] : *_activeLevels.load(std::memory_order_acquire)) {
         const bool isSameStorage =
             name.constData() == component.constData() && name.size() == component.size();
         if (isSameStorage || name == component)
@@ -237,14 +254,33 @@ void KTLogger::logArguments(const QString &component, int logLevel, std::string_
     else
         NSString::appendFormatArguments(state->message, format, arguments);
     const QStringView message = state->message.view();
-    if (_capture)
-        _capture->add(component, logLevel, fileName, lineNumber, message);
+    if (KTLogCapture *const capture = _capture)
+        capture->add(component, logLevel, fileName, lineNumber, message);
     else if (_writeToFile)
         // Deliberate: lines in the file always carry file and line, whatever _displayFileLine says.
-        _fileHandle->writeData(KTLogLine::line(*state, component, fileName, lineNumber, message));
+        writeLineToFile(KTLogLine::line(*state, component, fileName, lineNumber, message));
     else
         writeLineToConsole(component, fileName, lineNumber, message);
     spare = std::move(state);
+}
+
+void KTLogger::writeLineToFile(QByteArrayView line)
+{
+    const bool isAtStart = !_isLineTorn.load(std::memory_order_relaxed) || endTornLine();
+    if (!isAtStart || !_fileHandle->writeData(line))
+        _isLineTorn.store(true, std::memory_order_relaxed);
+}
+
+/// Sees to it that the next line starts at the beginning of one. \return false if it cannot.
+bool KTLogger::endTornLine()
+{
+    const int file = _fileHandle->fileDescriptor();
+    const off_t end = ::lseek(file, 0, SEEK_END);
+    char last = '\n';
+    const bool isKnown = end == 0 || (end > 0 && ::pread(file, &last, 1, end - 1) == 1);
+    const bool isAtStart = isKnown && (last == '\n' || _fileHandle->writeData("\n"));
+    _isLineTorn.store(!isAtStart, std::memory_order_relaxed);
+    return isAtStart;
 }
 
 void KTLogger::writeLineToConsole(const QString &component, std::string_view fileName,

@@ -57,7 +57,9 @@ KTUTILITY_EXPORT extern const QString KTLoggerComponentsKey;
 /// without buffering, or to the console. Settings live in a property list in the user's Preferences
 /// folder; each change is saved at once.
 ///
-/// Settings belong to the main thread. Log calls may come from any thread: a line is one write.
+/// Settings belong to the main thread. Log calls may come from any thread, also while levels
+/// change: a line is one write. A line that the disk does not take is lost; where half of it was
+/// taken, the next one starts anew.
 ///
 /// \code
 /// KTLogger *logger = KTLogger::sharedLogger();
@@ -142,8 +144,9 @@ public:
     QString logFolder() const;
     /// Fills allComponentsArray().
     void initializeAllComponentsArray();
-    /// Reads settings. What is there replaces what was set; a file that cannot be read counts as
-    /// an empty one; without a file, components are off and the rest stays.
+    /// Reads settings. What is there replaces what was set; a damaged file counts as an empty one;
+    /// without a file, components are off and the rest stays. If the system does not let the file
+    /// be read, everything stays.
     void loadConfigFile(const QString &path);
     /// Writes the settings and reads them back.
     /// \throws NSException NSInvalidArgumentException if no component was ever given a level:
@@ -191,30 +194,38 @@ public:
 
 private:
     friend class KTLogCapture;
+    using Levels = std::vector<std::pair<QString, int>>;
 
     static KTLogger *createSharedLogger();
     bool isLevelReached(const QString &component, int logLevel) const;
     void logArguments(const QString &component, int logLevel, std::string_view fileName,
                       int lineNumber, QStringView format,
                       std::span<const NSFormatArgument> arguments);
+    void writeLineToFile(QByteArrayView line);
+    bool endTornLine();
     void writeLineToConsole(const QString &component, std::string_view fileName, int lineNumber,
                             QStringView message);
     void setComponents(const std::optional<QVariantMap> &components);
+    void setActiveLevels(Levels levels);
     const QString &componentForTag(int tag) const;
 
     static std::atomic<KTLogger *> _sharedLogger;
 
     std::optional<QVariantMap> _components;
     std::unique_ptr<NSFileHandle> _fileHandle;
-    bool _writeToFile = true;
-    bool _displayFileLine = false;
+    // Whether the last line may have stopped half-way, on a full disk.
+    std::atomic<bool> _isLineTorn = false;
+    std::atomic<bool> _writeToFile = true;
+    std::atomic<bool> _displayFileLine = false;
     QString _userFile;
     QStringList _allComponentsArray;
 
     // Taken from _components for the test at each call site: the components that are on. They are
     // few, and most differ from the one that is asked for in length or first letter, so that a walk
-    // is faster than a hash.
-    std::vector<std::pair<QString, int>> _activeLevels;
+    // is faster than a hash. Other threads may be walking a list while the levels change, so that
+    // lists stay once they are made, and are used again when the same components are on.
+    std::atomic<const Levels *> _activeLevels = nullptr;
+    std::vector<std::unique_ptr<const Levels>> _knownLevels;
     std::atomic<int> _highestLevel;
-    KTLogCapture *_capture = nullptr;
+    std::atomic<KTLogCapture *> _capture = nullptr;
 };

@@ -41,10 +41,8 @@ bool KTStagedFile::write(const QByteArray &data)
 {
     if (!NSCanBePath(_path))
         return false;
-    NSFileHandle file(::open(QFile::encodeName(_path).constData(),
-                             O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-    return file.fileDescriptor() >= 0 && file.writeData(data) &&
-           ::fsync(file.fileDescriptor()) == 0;
+    NSFileHandle file(NSOpen(QFile::encodeName(_path), O_WRONLY | O_CREAT | O_EXCL, 0666));
+    return file.fileDescriptor() >= 0 && file.writeData(data) && file.synchronizeFile();
 }
 
 bool KTStagedFile::copy(const QString &source)
@@ -55,15 +53,15 @@ bool KTStagedFile::copy(const QString &source)
 /// Brings the copy to the disk before it gets its name.
 bool KTStagedFile::flush() const
 {
-    const QByteArray path = QFile::encodeName(_path);
-    NSFileHandle copy(::open(path.constData(), O_RDONLY | O_CLOEXEC));
+    NSFileHandle copy(NSOpen(QFile::encodeName(_path), O_RDONLY));
     // A copy that may not be read has no descriptor to flush by.
     if (copy.fileDescriptor() < 0)
         return errno == EACCES;
     struct stat status = {};
     ::fstat(copy.fileDescriptor(), &status);
-    return (S_ISDIR(status.st_mode) ? ::syncfs(copy.fileDescriptor())
-                                    : ::fsync(copy.fileDescriptor())) == 0;
+    if (!S_ISDIR(status.st_mode))
+        return copy.synchronizeFile();
+    return NSUninterrupted([&copy] { return ::syncfs(copy.fileDescriptor()); }) == 0;
 }
 
 QString KTStagedFile::place(const QString &path, const std::function<QString()> &anotherPath)

@@ -1,5 +1,7 @@
 #include "KTPlugInManager.h"
 
+#include "../Platform/Foundation/NSDefaultsFile_p.h"
+
 #include <KTUtility/Platform/Foundation/NSException.h>
 #include <KTUtility/Platform/Foundation/NSObject.h>
 #include <KTUtility/Platform/Foundation/NSUserDefaults.h>
@@ -14,11 +16,39 @@ QString domainName()
     return NSHostIdentifier() + QStringLiteral(".plugins");
 }
 
+/// What is stored; nothing if it cannot be read, also at a second attempt. To write that back as
+/// if it were empty would lose what is there, and to take it for empty would switch plug-ins off.
+std::optional<QVariantMap> storedDomain()
+{
+    const auto known =
+        NSUserDefaults::standardUserDefaults()->persistentDomainForName(domainName());
+    if (known)
+        return known;
+    const NSDictionaryReading reading = NSDefaultsFile::read(domainName());
+    const bool isRead = reading.result != NSDictionaryReading::Result::Unreadable;
+    return isRead ? std::optional(reading.dictionary) : std::nullopt;
+}
+
 QVariantMap domain()
 {
-    return NSUserDefaults::standardUserDefaults()
-        ->persistentDomainForName(domainName())
-        .value_or(QVariantMap());
+    return storedDomain().value_or(QVariantMap());
+}
+
+void setObject(const QVariant &object, const QString &key, QVariantMap &values)
+{
+    if (NSObject::isNil(object))
+        values.remove(key);
+    else
+        values.insert(key, object);
+}
+
+/// A list that is stored; empty if something else is.
+QVariantList listIn(const QVariantMap &values, const QString &key)
+{
+    const QVariant stored = values.value(key);
+    const bool isList =
+        stored.typeId() == QMetaType::QVariantList || stored.typeId() == QMetaType::QStringList;
+    return isList ? stored.toList() : QVariantList();
 }
 
 bool storeDomain(const QVariantMap &values)
@@ -41,30 +71,27 @@ QVariant KTPlugInManager::pluginDefaultsObjectForKey(const QString &key) const
 
 bool KTPlugInManager::pluginDefaultsSetObject(const QVariant &object, const QString &forKey)
 {
-    if (forKey.isNull())
+    std::optional<QVariantMap> values = storedDomain();
+    if (forKey.isNull() || !values)
         return false;
-    QVariantMap values = domain();
-    if (NSObject::isNil(object))
-        values.remove(forKey);
-    else
-        values.insert(forKey, object);
-    return storeDomain(values);
+    setObject(object, forKey, *values);
+    return storeDomain(*values);
 }
 
 bool KTPlugInManager::pluginDefaultsRegisterDefaults(const QVariantMap &defaults)
 {
+    const std::optional<QVariantMap> stored = storedDomain();
+    if (!stored)
+        return false;
     QVariantMap values = defaults;
-    values.insert(domain());
+    values.insert(*stored);
     return storeDomain(values);
 }
 
 /// The list of enabled plug-ins; empty if something else is stored.
 QVariantList KTPlugInManager::enabledIdentifiers() const
 {
-    const QVariant stored = pluginDefaultsObjectForKey(_enabledKey);
-    const bool isList =
-        stored.typeId() == QMetaType::QVariantList || stored.typeId() == QMetaType::QStringList;
-    return isList ? stored.toList() : QVariantList();
+    return listIn(domain(), _enabledKey);
 }
 
 bool KTPlugInManager::isPluginEnabled(const QString &identifier) const
@@ -78,13 +105,15 @@ bool KTPlugInManager::isPluginEnabled(const QString &identifier) const
 // Deliberate: enabling twice lists a plug-in twice; disabling removes both.
 bool KTPlugInManager::setEnabledForPlugin(bool enabled, const QString &identifier)
 {
-    if (identifier.isNull())
+    std::optional<QVariantMap> values = storedDomain();
+    if (identifier.isNull() || _enabledKey.isNull() || !values)
         return false;
-    QVariantList identifiers = enabledIdentifiers();
+    QVariantList identifiers = listIn(*values, _enabledKey);
     if (enabled)
         identifiers.append(identifier);
     else
         identifiers.removeIf(
             [&](const QVariant &entry) { return NSObject::isEqualTo(entry, identifier); });
-    return pluginDefaultsSetObject(identifiers, _enabledKey);
+    setObject(identifiers, _enabledKey, *values);
+    return storeDomain(*values);
 }

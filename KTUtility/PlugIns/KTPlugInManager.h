@@ -76,8 +76,8 @@ public:
     /// The value of a key; nil if there is none.
     QVariant pluginDefaultsObjectForKey(const QString &key) const;
     /// Sets the value of a key, nil removes it, and writes the domain.
-    /// \return false if the key is nil, the value is no property list, or the file cannot be
-    /// written; the value is kept in memory in the last case only.
+    /// \return false if the key is nil, the value is no property list, or the file cannot be read
+    /// or written; the value is kept in memory if it was read and cannot be written.
     bool pluginDefaultsSetObject(const QVariant &object, const QString &forKey);
     /// Adds the keys that the domain lacks and writes it. Unlike
     /// NSUserDefaults::registerDefaults(), these values are written, and existing ones stay even if

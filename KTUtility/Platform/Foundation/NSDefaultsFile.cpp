@@ -5,8 +5,12 @@
 #include "NSSearchPath.h"
 #include "NSStringFormat.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QLockFile>
+
+#include <cerrno>
+#include <unistd.h>
 
 namespace {
 constexpr int LockMilliseconds = 2000;
@@ -25,6 +29,30 @@ bool moveDamagedFileAside(const QString &path)
     }
     return false;
 }
+
+bool updateLocked(const QString &file, const std::function<void(QVariantMap &)> &change)
+{
+    using Result = NSDictionaryReading::Result;
+    NSDictionaryReading stored = NSReadDictionary(file);
+    // What cannot be read now may be whole.
+    if (stored.result == Result::Unreadable ||
+        (stored.result == Result::NoDictionary && !moveDamagedFileAside(file)))
+        return false;
+    change(stored.dictionary);
+    return NSDictionary::writeToFile(stored.dictionary, file, true);
+}
+
+/// Tries again where the lock's file could not be removed: as that of a process that lives, it
+/// would keep this one from writing, too.
+void unlock(QLockFile &lock)
+{
+    lock.unlock();
+    qint64 process = 0;
+    QString host;
+    QString name;
+    if (lock.getLockInfo(&process, &host, &name) && process == QCoreApplication::applicationPid())
+        lock.removeStaleLockFile();
+}
 } // namespace
 
 QString NSDefaultsFile::folder()
@@ -40,9 +68,9 @@ QString NSDefaultsFile::path(const QString &domain)
     return where.isNull() ? where : NSString::stringWithFormat(u"%@/%@.plist", where, domain);
 }
 
-std::optional<QVariantMap> NSDefaultsFile::read(const QString &domain)
+NSDictionaryReading NSDefaultsFile::read(const QString &domain)
 {
-    return NSDictionary::dictionaryWithContentsOfFile(path(domain));
+    return NSReadDictionary(path(domain));
 }
 
 bool NSDefaultsFile::update(const QString &domain, const std::function<void(QVariantMap &)> &change)
@@ -53,16 +81,14 @@ bool NSDefaultsFile::update(const QString &domain, const std::function<void(QVar
     QLockFile lock(file + u".lock");
     if (!lock.tryLock(LockMilliseconds))
         return false;
-    const std::optional<QVariantMap> stored = read(domain);
-    if (!stored && NSFileManager::fileExistsAtPath(file) && !moveDamagedFileAside(file))
-        return false;
-    QVariantMap values = stored.value_or(QVariantMap());
-    change(values);
-    return NSDictionary::writeToFile(values, file, true);
+    const bool isDone = updateLocked(file, change);
+    unlock(lock);
+    return isDone;
 }
 
 bool NSDefaultsFile::remove(const QString &domain)
 {
-    const QString file = path(domain);
-    return !file.isNull() && (!NSFileManager::fileExistsAtPath(file) || QFile::remove(file));
+    const QByteArray file = QFile::encodeName(path(domain));
+    return !file.isEmpty() &&
+           (::unlink(file.constData()) == 0 || errno == ENOENT || errno == ENOTDIR);
 }

@@ -3,8 +3,9 @@
 #include <QString>
 #include <QVariantMap>
 
+#include "NSPropertyListFile_p.h"
+
 #include <functional>
-#include <optional>
 
 // Private to NSUserDefaults: the file of a persistent domain.
 namespace NSDefaultsFile {
@@ -13,13 +14,13 @@ QString folder();
 /// The path of a domain's file; nil if there is no folder.
 QString path(const QString &domain);
 
-/// What the file holds; nothing if there is none or it is damaged.
-std::optional<QVariantMap> read(const QString &domain);
+/// What the file holds.
+NSDictionaryReading read(const QString &domain);
 
 /// Changes the file under its lock: reads it, lets \a change change it, and writes it. A damaged
 /// file is moved aside first.
-/// \return false if it is locked for more than two seconds, cannot be written, or is damaged and
-/// cannot be moved aside.
+/// \return false if it is locked for more than two seconds, cannot be read or written, or is
+/// damaged and cannot be moved aside.
 bool update(const QString &domain, const std::function<void(QVariantMap &)> &change);
 
 /// Removes the file.

@@ -31,9 +31,8 @@ bool copyThroughBuffer(int from, NSFileHandle &to)
 {
     std::array<char, 1 << 16> buffer;
     for (;;) {
-        const ssize_t size = ::read(from, buffer.data(), buffer.size());
-        if (size < 0 && errno == EINTR)
-            continue;
+        const ssize_t size =
+            NSUninterrupted([&] { return ::read(from, buffer.data(), buffer.size()); });
         if (size <= 0)
             return size == 0;
         if (!to.writeData(QByteArrayView(buffer.data(), size)))
@@ -46,8 +45,10 @@ bool copyContents(int from, NSFileHandle &to)
     constexpr size_t Step = size_t(1) << 30;
     ssize_t size = 0;
     do {
-        size = ::copy_file_range(from, nullptr, to.fileDescriptor(), nullptr, Step, 0);
-    } while (size > 0 || (size < 0 && errno == EINTR));
+        size = NSUninterrupted([&] {
+            return ::copy_file_range(from, nullptr, to.fileDescriptor(), nullptr, Step, 0);
+        });
+    } while (size > 0);
     // What the kernel cannot copy by itself is copied from where it stopped; at the end of the file
     // that is nothing.
     const bool isFull = size < 0 && (errno == ENOSPC || errno == EDQUOT || errno == EFBIG);
@@ -63,11 +64,11 @@ void keepTimes(int file, const struct stat &status)
 bool copyFile(const QByteArray &source, const QByteArray &target, const struct stat &status)
 {
     // Without O_NONBLOCK a pipe that has taken the file's place would hold up the process.
-    const NSFileHandle from(::open(source.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const NSFileHandle from(NSOpen(source, O_RDONLY | O_NONBLOCK));
     struct stat opened = {};
     if (::fstat(from.fileDescriptor(), &opened) != 0 || !S_ISREG(opened.st_mode))
         return false;
-    NSFileHandle to(::open(target.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    NSFileHandle to(NSOpen(target, O_WRONLY | O_CREAT | O_EXCL, 0600));
     const bool isCopied = to.fileDescriptor() >= 0 && copyContents(from.fileDescriptor(), to) &&
                           ::fchmod(to.fileDescriptor(), status.st_mode & KeptMode) == 0;
     keepTimes(to.fileDescriptor(), status);
@@ -104,12 +105,22 @@ bool copyEntries(DIR *folder, const QByteArray &source, const QByteArray &target
     return errno == 0;
 }
 
+/// nil if it cannot be opened; signals do not keep it from that.
+DIR *openFolder(const QByteArray &path)
+{
+    const int file = NSOpen(path, O_RDONLY | O_DIRECTORY);
+    DIR *const folder = file < 0 ? nullptr : ::fdopendir(file);
+    if (!folder && file >= 0)
+        ::close(file);
+    return folder;
+}
+
 bool copyFolder(const QByteArray &source, const QByteArray &target, const struct stat &status)
 {
-    const Folder folder(::opendir(source.constData()));
+    const Folder folder(openFolder(source));
     if (!folder || ::mkdir(target.constData(), 0700) != 0)
         return false;
-    const NSFileHandle made(::open(target.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const NSFileHandle made(NSOpen(target, O_RDONLY | O_DIRECTORY));
     const bool isCopied = copyEntries(folder.get(), source, target) &&
                           ::fchmod(made.fileDescriptor(), status.st_mode & KeptMode) == 0;
     keepTimes(made.fileDescriptor(), status);

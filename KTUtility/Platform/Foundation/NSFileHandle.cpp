@@ -1,6 +1,7 @@
 #include "NSFileHandle.h"
 
-#include <cerrno>
+#include "NSFileOperations_p.h"
+
 #include <unistd.h>
 
 NSFileHandle::NSFileHandle(int descriptor, Ownership ownership) noexcept
@@ -17,12 +18,16 @@ NSFileHandle::~NSFileHandle()
 bool NSFileHandle::writeData(QByteArrayView data) noexcept
 {
     while (!data.isEmpty()) {
-        const ssize_t written = ::write(_descriptor, data.data(), size_t(data.size()));
-        if (written < 0 && errno == EINTR)
-            continue;
+        const ssize_t written =
+            NSUninterrupted([&] { return ::write(_descriptor, data.data(), size_t(data.size())); });
         if (written <= 0)
             return false;
         data = data.sliced(written);
     }
     return true;
+}
+
+bool NSFileHandle::synchronizeFile() noexcept
+{
+    return NSUninterrupted([this] { return ::fsync(_descriptor); }) == 0;
 }

@@ -33,6 +33,10 @@ public:
     /// \return false if the system refused (disk full, file closed); the rest is dropped.
     bool writeData(QByteArrayView data) noexcept;
 
+    /// Waits until what was written is on the disk, going on after interruptions.
+    /// \return false if it may not be there; a file that is to replace another one must not, then.
+    bool synchronizeFile() noexcept;
+
 private:
     int _descriptor;
     Ownership _ownership;

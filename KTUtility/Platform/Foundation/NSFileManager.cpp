@@ -49,7 +49,12 @@ bool NSFileManager::removeItemAtPath(const QString &path)
         return false;
     // With a "/" at the end, a link would be the folder that it leads to.
     const QString entry = NSString::stringByAppendingPathComponent(path, QString());
+    const std::filesystem::path name = QFile::encodeName(entry).toStdString();
     std::error_code error;
-    const auto count = std::filesystem::remove_all(QFile::encodeName(entry).toStdString(), error);
-    return !error && count > 0;
+    bool wasThere = false;
+    do {
+        const auto count = std::filesystem::remove_all(name, error);
+        wasThere = wasThere || error || count > 0;
+    } while (error == std::errc::interrupted);
+    return !error && wasThere;
 }

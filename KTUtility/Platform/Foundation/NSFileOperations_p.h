@@ -7,11 +7,31 @@
 #include <QByteArray>
 #include <QString>
 
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/types.h>
+
 /// Whether a text can be the path of a file. Lone surrogates have no bytes, and would become the
 /// name of another file.
 inline bool NSCanBePath(const QString &path)
 {
     return !path.isEmpty() && path.isValidUtf16() && !path.contains(QChar(u'\0'));
+}
+
+/// What a call of the system gives, made again for as long as signals interrupt it.
+template<typename Call>
+auto NSUninterrupted(const Call &call)
+{
+    auto result = call();
+    while (result < 0 && errno == EINTR)
+        result = call();
+    return result;
+}
+
+/// Opens a file, in spite of signals. \return its descriptor; below 0 if it cannot be opened.
+inline int NSOpen(const QByteArray &path, int flags, mode_t mode = 0)
+{
+    return NSUninterrupted([&] { return ::open(path.constData(), flags | O_CLOEXEC, mode); });
 }
 
 /// Renames a file or folder unless the new name is taken.

@@ -22,9 +22,8 @@ int NSRenameOverPlaceholder(const QByteArray &path, const QByteArray &toPath)
     if (::lstat(path.constData(), &status) != 0)
         return errno;
     const bool isFolder = S_ISDIR(status.st_mode);
-    const int made =
-        isFolder ? ::mkdir(toPath.constData(), 0700)
-                 : ::open(toPath.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    const int made = isFolder ? ::mkdir(toPath.constData(), 0700)
+                              : NSOpen(toPath, O_WRONLY | O_CREAT | O_EXCL, 0600);
     if (made < 0)
         return errno;
     if (!isFolder)

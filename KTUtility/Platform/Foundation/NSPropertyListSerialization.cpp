@@ -1,7 +1,10 @@
 #include "NSPropertyListSerialization.h"
 
+#include "NSFileHandle.h"
 #include "NSFileManager.h"
+#include "NSFileOperations_p.h"
 #include "NSPathUtilities.h"
+#include "NSPropertyListFile_p.h"
 #include "NSPropertyListReaders_p.h"
 
 #include <QFile>
@@ -15,6 +18,7 @@
 
 namespace {
 using NSPropertyListSerialization::MaximumSize;
+using Result = NSDictionaryReading::Result;
 
 bool writeAtomically(const QByteArray &bytes, const QString &path)
 {
@@ -22,48 +26,67 @@ bool writeAtomically(const QByteArray &bytes, const QString &path)
     // Without this, QSaveFile writes in place where it cannot make a temporary file.
     file.setDirectWriteFallback(false);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() &&
-           ::fsync(file.handle()) == 0 && file.commit();
+           NSFileHandle(file.handle(), NSFileHandle::Ownership::Borrowed).synchronizeFile() &&
+           file.commit();
 }
 
-bool canBePath(const QString &path)
-{
-    return !path.isEmpty() && path.isValidUtf16() && !path.contains(QChar(u'\0'));
-}
-
-/// The bytes of an open file, up to one more than may be read.
+/// The bytes of an open file, up to one more than may be read; null if it cannot be read.
 QByteArray bytesOf(int file, qsizetype expected)
 {
     // One more than expected shows the end at once.
     QByteArray bytes(std::min(expected, MaximumSize) + 1, Qt::Uninitialized);
     qsizetype size = 0;
-    for (ssize_t count = 1; count > 0 && size < bytes.size(); size += count)
-        count =
-            std::max<ssize_t>(::read(file, bytes.data() + size, size_t(bytes.size() - size)), 0);
+    for (ssize_t count = 1; count > 0 && size < bytes.size(); size += count) {
+        count = NSUninterrupted(
+            [&] { return ::read(file, bytes.data() + size, size_t(bytes.size() - size)); });
+        if (count < 0)
+            return {};
+    }
     bytes.truncate(size);
     return bytes;
 }
 
-/// The bytes of a regular file; null for anything else. Manifests are read by the hundred, so that
-/// this takes the fewest calls.
-QByteArray bytesOfFile(const QString &path)
+/// Why a file that cannot be opened has no dictionary.
+Result resultOfOpening(int error)
 {
-    if (!canBePath(path))
-        return {};
-    // Without O_NONBLOCK, a pipe would wait for a writer; and a device may never end.
-    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (file < 0)
-        return {};
+    if (error == ENOENT || error == ENOTDIR || error == ELOOP || error == ENAMETOOLONG)
+        return Result::NoFile;
+    // A socket cannot be opened at all.
+    return error == ENXIO ? Result::NoDictionary : Result::Unreadable;
+}
+
+/// Reads an open file if it is a regular one.
+Result readFile(int file, QByteArray *bytes)
+{
     struct stat status = {};
-    const bool isFile = ::fstat(file, &status) == 0 && S_ISREG(status.st_mode);
-    const QByteArray bytes = isFile ? bytesOf(file, status.st_size) : QByteArray();
+    if (::fstat(file, &status) != 0)
+        return Result::Unreadable;
+    if (!S_ISREG(status.st_mode))
+        return Result::NoDictionary;
+    *bytes = bytesOf(file, status.st_size);
+    return bytes->isNull() ? Result::Unreadable : Result::Dictionary;
+}
+
+/// The bytes of a regular file. Manifests are read by the hundred, so that this takes the fewest
+/// calls.
+Result readFileAt(const QString &path, QByteArray *bytes)
+{
+    if (!NSCanBePath(path))
+        return Result::NoFile;
+    // Without O_NONBLOCK, a pipe would wait for a writer; and a device may never end.
+    const int file = NSOpen(QFile::encodeName(path), O_RDONLY | O_NONBLOCK);
+    if (file < 0)
+        return resultOfOpening(errno);
+    const Result result = readFile(file, bytes);
     ::close(file);
-    return bytes;
+    return result;
 }
 
 /// A new name or a regular file. To replace anything else (a folder, a device) would destroy it.
 bool isWritableTarget(const QString &path)
 {
-    return canBePath(path) && (!NSFileManager::fileExistsAtPath(path) || QFileInfo(path).isFile());
+    return NSCanBePath(path) &&
+           (!NSFileManager::fileExistsAtPath(path) || QFileInfo(path).isFile());
 }
 
 bool writeInPlace(const QByteArray &bytes, const QString &path)
@@ -89,14 +112,22 @@ QVariant NSPropertyListSerialization::propertyListFromData(const QByteArray &dat
     return readXMLPropertyList(data, text);
 }
 
+NSDictionaryReading NSReadDictionary(const QString &path)
+{
+    QByteArray bytes;
+    const Result result = readFileAt(path, &bytes);
+    if (result != Result::Dictionary)
+        return {result, {}};
+    const QVariant value = NSPropertyListSerialization::propertyListFromData(bytes);
+    if (value.typeId() != QMetaType::QVariantMap)
+        return {Result::NoDictionary, {}};
+    return {Result::Dictionary, value.toMap()};
+}
+
 std::optional<QVariantMap> NSDictionary::dictionaryWithContentsOfFile(const QString &path)
 {
-    const QByteArray data = bytesOfFile(path);
-    const QVariant value =
-        data.isNull() ? QVariant() : NSPropertyListSerialization::propertyListFromData(data);
-    if (value.typeId() != QMetaType::QVariantMap)
-        return std::nullopt;
-    return value.toMap();
+    const NSDictionaryReading reading = NSReadDictionary(path);
+    return reading.result == Result::Dictionary ? std::optional(reading.dictionary) : std::nullopt;
 }
 
 bool NSDictionary::writeToFile(const QVariantMap &dictionary, const QString &path, bool atomically)

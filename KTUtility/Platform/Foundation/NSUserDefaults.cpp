@@ -190,15 +190,18 @@ void NSUserDefaults::merge(QVariantMap &stored)
 
 void NSUserDefaults::load()
 {
-    const auto domainNamed = [this](const QString &name) {
-        const auto unsaved = _unsavedDomains.constFind(name);
-        const auto domain =
-            unsaved == _unsavedDomains.constEnd() ? NSDefaultsFile::read(name) : *unsaved;
-        return domain.value_or(QVariantMap());
+    // What cannot be read now is what it was.
+    const auto domainNamed = [this](const QString &name, const QVariantMap &before) {
+        if (const auto unsaved = _unsavedDomains.constFind(name);
+            unsaved != _unsavedDomains.constEnd())
+            return unsaved->value_or(QVariantMap());
+        const NSDictionaryReading reading = NSDefaultsFile::read(name);
+        const bool isRead = reading.result != NSDictionaryReading::Result::Unreadable;
+        return isRead ? reading.dictionary : before;
     };
-    QVariantMap stored = domainNamed(_domainName);
+    QVariantMap stored = domainNamed(_domainName, _application);
     merge(stored);
-    _global = domainNamed(NSGlobalDomain);
+    _global = domainNamed(NSGlobalDomain, _global);
 }
 
 /// Writes the unsaved keys into what the file holds now, and takes over the rest of it.
@@ -241,15 +244,20 @@ std::optional<QVariantMap> NSUserDefaults::persistentDomainForName(const QString
     checkDomainName(name);
     if (name == _domainName && !_application.isEmpty())
         return _application;
-    const auto unsaved = _unsavedDomains.constFind(name);
-    return unsaved == _unsavedDomains.constEnd() ? NSDefaultsFile::read(name) : *unsaved;
+    if (const auto unsaved = _unsavedDomains.constFind(name); unsaved != _unsavedDomains.constEnd())
+        return *unsaved;
+    const NSDictionaryReading reading = NSDefaultsFile::read(name);
+    const bool isStored = reading.result == NSDictionaryReading::Result::Dictionary;
+    return isStored ? std::optional(reading.dictionary) : std::nullopt;
 }
 
 /// Replaces a domain in memory and in its file; no map removes it.
 void NSUserDefaults::replaceDomain(const std::optional<QVariantMap> &domain, const QString &name)
 {
-    if (name == _domainName)
+    if (name == _domainName) {
         _unsavedKeys.clear();
+        _application = domain.value_or(QVariantMap());
+    }
     _unsavedDomains.insert(name, domain);
     saveDomains();
     load();

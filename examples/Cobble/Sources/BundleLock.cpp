@@ -3,6 +3,8 @@
 #include <KTUtility/Platform/Foundation/NSFileManager.h>
 #include <KTUtility/Platform/Foundation/NSPathUtilities.h>
 
+#include <QCoreApplication>
+
 namespace {
 /// Beside the bundle, also if its path ends with "/".
 QString pathFor(const KTDatabaseBundle &bundle)
@@ -15,6 +17,19 @@ BundleLock::BundleLock(const KTDatabaseBundle &bundle) : _file(pathFor(bundle))
 {
     // A lock is stale when its process is gone, however long an import takes.
     _file.setStaleLockTime(0);
+}
+
+BundleLock::~BundleLock()
+{
+    if (!_file.isLocked())
+        return;
+    _file.unlock();
+    // If the file could not be removed, it would keep this process from importing again.
+    qint64 process = 0;
+    QString host;
+    QString name;
+    if (_file.getLockInfo(&process, &host, &name) && process == QCoreApplication::applicationPid())
+        _file.removeStaleLockFile();
 }
 
 bool BundleLock::lock(int patience, QString *error)

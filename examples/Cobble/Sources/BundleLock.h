@@ -12,6 +12,9 @@ class BundleLock
 {
 public:
     explicit BundleLock(const KTDatabaseBundle &bundle);
+    ~BundleLock();
+    BundleLock(const BundleLock &) = delete;
+    BundleLock &operator=(const BundleLock &) = delete;
 
     /// \param patience how long to wait for another process, in milliseconds.
     /// \param error receives why the result is false.

@@ -46,9 +46,11 @@ private:
     bool prepare(QString *error, int patience);
     QString mediaListPath() const;
     bool beginList(QString *error);
-    bool addToList(const NSURL &url);
-    void removeMediaInList(bool evenIfUsed);
+    bool addToList(const QString &url);
+    bool removeMediaInList(bool evenIfUsed);
+    bool removeMediaBefore(QString *error);
     void takeBack();
+    void removeDatabase() const;
     void removeEmptyBundle() const;
 
     KTDatabaseBundle _bundle;

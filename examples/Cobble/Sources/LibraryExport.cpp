@@ -4,8 +4,12 @@
 #include "PlugIns.h"
 #include "RecordTexts.h"
 
+#include <KTUtility/Platform/Foundation/NSFileHandle.h>
+
 #include <QFileInfo>
 #include <QSaveFile>
+
+#include <cerrno>
 
 namespace {
 /// The records of a library for an exporter.
@@ -76,6 +80,17 @@ bool runExporter(CobbleExporter &exporter, CobbleRecordSource &records, const QS
     return isDone;
 }
 
+/// Lets the new file take the old one's place when it is on the disk.
+/// \return why it does not; nil if it does.
+QString commit(QSaveFile &file)
+{
+    if (!file.flush())
+        return file.errorString();
+    if (!NSFileHandle(file.handle(), NSFileHandle::Ownership::Borrowed).synchronizeFile())
+        return qt_error_string(errno);
+    return file.commit() ? QString() : file.errorString();
+}
+
 LibraryExport::Outcome failure(const QString &subject, const QString &reason)
 {
     LibraryExport::Outcome outcome;
@@ -121,7 +136,8 @@ LibraryExport::Outcome LibraryExport::run(LibraryStore &store, const Library &li
         return failure(path, file.errorString());
     LibraryRecords records(store, library, progress);
     Outcome outcome = write(records, *exporter, file);
-    if (outcome.errorDescription.isNull() && !file.commit())
-        return failure(path, file.errorString());
-    return outcome;
+    if (!outcome.errorDescription.isNull())
+        return outcome;
+    const QString reason = commit(file);
+    return reason.isNull() ? outcome : failure(path, reason);
 }

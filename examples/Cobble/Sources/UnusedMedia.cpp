@@ -4,22 +4,27 @@
 
 #include <KTUtility/Platform/Foundation/NSPathUtilities.h>
 
-void UnusedMedia::removeFile(const KTDatabaseBundle &bundle, const QString &url)
+bool UnusedMedia::removeFile(const KTDatabaseBundle &bundle, const QString &url)
 {
     const std::optional<NSURL> media = NSURL::URLWithString(url);
-    if (media && bundle.isMediaURL(*media))
-        bundle.deleteFileFromMediaFolder(
-            NSString::lastPathComponent(bundle.filePathFromMediaUrl(*media)));
+    if (!media || !bundle.isMediaURL(*media))
+        return true;
+    const QString name = NSString::lastPathComponent(bundle.filePathFromMediaUrl(*media));
+    return bundle.deleteFileFromMediaFolder(name) || !bundle.isFileNameInMediaFolder(name);
 }
 
-void UnusedMedia::remove(const KTDatabaseBundle &bundle, LibraryStore &store,
-                         const QSet<QString> &urls)
+QSet<QString> UnusedMedia::remove(const KTDatabaseBundle &bundle, LibraryStore &store,
+                                  const QSet<QString> &urls)
 {
     if (urls.isEmpty())
-        return;
-    const QSet<QString> used = store.usedMedia().value_or(urls);
+        return {};
+    const std::optional<QSet<QString>> used = store.usedMedia();
+    if (!used)
+        return urls;
+    QSet<QString> left;
     for (const QString &url : urls) {
-        if (!used.contains(url))
-            removeFile(bundle, url);
+        if (!used->contains(url) && !removeFile(bundle, url))
+            left += url;
     }
+    return left;
 }

@@ -2,6 +2,8 @@
 
 #include "support/TestSupport.h"
 
+#include <QTemporaryFile>
+
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -62,4 +64,14 @@ TEST(NSFileHandle, ClosesOnlyWhatItOwns)
         EXPECT_EQ(owner.fileDescriptor(), descriptor);
     }
     EXPECT_EQ(::fcntl(descriptor, F_GETFD), -1);
+}
+
+TEST(NSFileHandle, SynchronizesWhatIsOpen)
+{
+    QTemporaryFile file;
+    ASSERT_TRUE(file.open());
+    NSFileHandle handle(file.handle(), NSFileHandle::Ownership::Borrowed);
+    EXPECT_TRUE(handle.writeData("text"));
+    EXPECT_TRUE(handle.synchronizeFile());
+    EXPECT_FALSE(NSFileHandle(-1).synchronizeFile());
 }

@@ -19,6 +19,11 @@ bool VCardImporter::readTable(const QString &text, CobbleTable *table, QString *
         *error = QStringLiteral("there is no vCard in it");
         return false;
     }
+    // Cards without their pictures would look like all that there is.
+    if (!cards.errorText().isNull()) {
+        *error = cards.errorText();
+        return false;
+    }
     *table = cards.table();
     return true;
 }

@@ -156,11 +156,16 @@ QString VCardTable::pathOfPicture(const QByteArray &data, const QString &extensi
 {
     if (!_table.files)
         _table.files = std::make_shared<QTemporaryDir>();
+    if (!_table.files->isValid()) {
+        _errorText = u"a picture cannot be unpacked: " + _table.files->errorString();
+        return {};
+    }
     const QString name = QStringLiteral("Photo %1.").arg(++_pictures) + extension;
     QFile file(_table.files->filePath(name));
-    const bool isWritten =
-        file.open(QIODevice::WriteOnly) && file.write(data) == data.size() && file.flush();
-    return isWritten ? file.fileName() : QString();
+    if (file.open(QIODevice::WriteOnly) && file.write(data) == data.size() && file.flush())
+        return file.fileName();
+    _errorText = u"a picture cannot be unpacked: " + file.errorString();
+    return {};
 }
 
 /// Puts a value into the row of the current card: into the column of the title, or if that has one

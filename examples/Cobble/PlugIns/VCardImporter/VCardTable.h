@@ -19,6 +19,8 @@ public:
     /// Whether there was no card.
     bool isEmpty() const { return _table.rows.isEmpty(); }
     const CobbleTable &table() const { return _table; }
+    /// Why a picture that a card holds is not in the table; nil if all are.
+    const QString &errorText() const { return _errorText; }
 
 private:
     void addProperty(const VCardLine &line);
@@ -33,4 +35,5 @@ private:
     CobbleTable _table;
     bool _isInCard = false;
     int _pictures = 0;
+    QString _errorText;
 };

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+#include <QVariantMap>
+
+// Private to the platform and the logger: reading a file of settings, which must not be taken for
+// empty where nobody knows what it holds.
+
+/// What came of reading a dictionary from a file.
+struct NSDictionaryReading
+{
+    enum class Result {
+        Dictionary,
+        NoFile,
+        NoDictionary, ///< what is there is something else, or damaged
+        Unreadable,   ///< the system does not let it be read, perhaps for now only
+    };
+
+    Result result = Result::NoFile;
+    /// Empty without Result::Dictionary.
+    QVariantMap dictionary;
+};
+
+NSDictionaryReading NSReadDictionary(const QString &path);

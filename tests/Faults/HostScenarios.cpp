@@ -1,0 +1,319 @@
+// What the host writes: imports, exports and single records.
+
+#include "FaultScenario.h"
+#include "ImportFile.h"
+#include "LibraryExport.h"
+#include "LibraryStore.h"
+#include "PlugIns.h"
+
+#include "support/TestSupport.h"
+
+#include <KTUtility/Platform/Foundation/NSPathUtilities.h>
+
+#include <QDir>
+#include <QFile>
+
+using testing_support::writeFile;
+
+namespace {
+const QString MediaList = QStringLiteral("things.cobbledb/Contents/Resources/ImportedMedia");
+const QString MediaFolder = QStringLiteral("things.cobbledb/Contents/Resources/Media/");
+const QByteArray People = "Name,Picture\nAnn,a.png\nBob,b.png\nCay,\n";
+
+/// A bundle that gets libraries.
+class LibraryScenario : public FaultScenario
+{
+public:
+    explicit LibraryScenario(const QString &home)
+        : _home(home), _bundle(QString(home + u"/things.cobbledb"))
+    {
+        // Plug-ins keep settings, too.
+        const PlugIns plugIns;
+        writeFile(path(u"People.csv"), People);
+        writeFile(path(u"Others.csv"), "Name,Picture\nDan,a.png\n");
+        writeFile(path(u"a.png"), "picture a");
+        writeFile(path(u"b.png"), QByteArray(100'000, 'b'));
+    }
+
+    /// Whoever opens the database next takes back what an unfinished change left in it.
+    void settle() override
+    {
+        QString error;
+        if (const auto store = LibraryStore::open(_bundle, LibraryStore::Mode::Existing, &error))
+            store->libraries();
+    }
+
+protected:
+    QString path(QStringView name) const { return QString(_home + u'/' + name); }
+    const KTDatabaseBundle &bundle() const { return _bundle; }
+
+    ImportFile::Outcome import(const QString &file, bool replaces = false,
+                               const std::function<bool(qint64 row)> &goesOn = {}) const
+    {
+        ImportRequest request;
+        request.path = path(file);
+        request.libraryName = QStringLiteral("People");
+        request.replaces = replaces;
+        request.bundle = _bundle;
+        if (file.endsWith(u".csv"))
+            request.mediaHeaders = {QStringLiteral("Picture")};
+        ImportFile read;
+        ImportFile::Outcome outcome;
+        outcome.errorDescription = ImportFile::read(request, &read);
+        if (!outcome.errorDescription.isNull())
+            return outcome;
+        if (goesOn)
+            read.settings.progress = [goesOn](qint64 row, qint64) { return goesOn(row); };
+        return read.store(request, 100);
+    }
+
+    std::unique_ptr<LibraryStore> openStore() const
+    {
+        QString error;
+        auto store = LibraryStore::open(_bundle, LibraryStore::Mode::Existing, &error);
+        EXPECT_TRUE(store) << error.toStdString();
+        return store;
+    }
+
+private:
+    QString _home;
+    KTDatabaseBundle _bundle;
+};
+
+/// An import. Pictures that cannot be copied are listed; then the import is done without them.
+class ImportScenario : public LibraryScenario
+{
+public:
+    using LibraryScenario::LibraryScenario;
+
+    bool canBeTriedAgain() const override { return !_isPartial; }
+    /// Media that could not be removed are in a list for the next import.
+    bool isAsAfter(const FileState &now, const FileState &after) const override
+    {
+        FileState rest = now;
+        const QList<QByteArray> lines = rest.take(MediaList).split('\n');
+        for (const QByteArray &url : lines) {
+            const QString file = MediaFolder + NSString::lastPathComponent(QString::fromUtf8(url));
+            if (!after.contains(file))
+                rest.remove(file);
+        }
+        return rest == after;
+    }
+    bool isAsBefore(const FileState &now, const FileState &before) const override
+    {
+        return _isPartial ? isWholeWithoutPictures(now) : now == before;
+    }
+
+protected:
+    Answer answerFor(const ImportFile::Outcome &outcome)
+    {
+        _isPartial = outcome.errorDescription.isNull() && !outcome.values.unread.isEmpty();
+        if (!_isPartial)
+            return {outcome.errorDescription.isNull(), outcome.errorDescription};
+        return {false, outcome.values.unread.first().reason};
+    }
+
+private:
+    /// All records are there, and exactly the files that they name.
+    bool isWholeWithoutPictures(const FileState &now) const
+    {
+        const auto store = openStore();
+        const auto library = store ? store->libraryNamed(QStringLiteral("People")) : std::nullopt;
+        const auto used = store ? store->usedMedia() : std::nullopt;
+        if (!library || !used || store->recordCount(*library) == 0)
+            return false;
+        QSet<QString> named;
+        for (const QString &url : *used) {
+            if (url.startsWith(u"cobblemedia:"))
+                named += NSString::lastPathComponent(url);
+        }
+        const QStringList files =
+            QDir(bundle().mediaFolderPath()).entryList(QDir::Files | QDir::Hidden);
+        return named == QSet<QString>(files.begin(), files.end()) && !now.contains(MediaList) &&
+               !now.contains(QStringLiteral("things.cobbledb.lock"));
+    }
+
+    bool _isPartial = false;
+};
+
+class ImportIntoNewBundle : public ImportScenario
+{
+public:
+    using ImportScenario::ImportScenario;
+    Answer act() override { return answerFor(import(QStringLiteral("People.csv"))); }
+};
+
+class ImportIntoBundle : public ImportScenario
+{
+public:
+    explicit ImportIntoBundle(const QString &home) : ImportScenario(home)
+    {
+        EXPECT_TRUE(import(QStringLiteral("Others.csv")).errorDescription.isNull());
+    }
+    Answer act() override { return answerFor(import(QStringLiteral("People.csv"))); }
+};
+
+class ImportThatReplaces : public ImportIntoBundle
+{
+public:
+    using ImportIntoBundle::ImportIntoBundle;
+    Answer act() override { return answerFor(import(QStringLiteral("People.csv"), true)); }
+};
+
+/// The import before was killed when it had stored one file.
+class ImportAfterKilledOne : public ImportIntoBundle
+{
+public:
+    explicit ImportAfterKilledOne(const QString &home) : ImportIntoBundle(home)
+    {
+        writeFile(bundle().mediaFolderPath() + u"/left.0.png", "left");
+        writeFile(bundle()._resourcesFolderPath() + u"/ImportedMedia",
+                  "cobblemedia://left.0.png\n");
+    }
+    /// The file that was left may be gone before the import fails, and its name with it.
+    bool isAsBefore(const FileState &now, const FileState &before) const override
+    {
+        FileState cleaned = before;
+        cleaned.remove(QStringLiteral("things.cobbledb/Contents/Resources/Media/left.0.png"));
+        FileState unlisted = cleaned;
+        unlisted.remove(MediaList);
+        return now == cleaned || now == unlisted || ImportIntoBundle::isAsBefore(now, before);
+    }
+};
+
+/// Cancelled when it has stored a file. What the one before had left goes all the same.
+class ImportThatIsCancelled : public ImportAfterKilledOne
+{
+public:
+    using ImportAfterKilledOne::ImportAfterKilledOne;
+    Answer act() override
+    {
+        const auto outcome =
+            import(QStringLiteral("People.csv"), false, [](qint64 row) { return row < 3; });
+        return {outcome.values.isCancelled, outcome.errorDescription};
+    }
+    bool isAsAfter(const FileState &now, const FileState &after) const override
+    {
+        return ImportAfterKilledOne::isAsAfter(withoutIdleJournal(now), after);
+    }
+    bool isAsBefore(const FileState &now, const FileState &before) const override
+    {
+        return ImportAfterKilledOne::isAsBefore(withoutIdleJournal(now), before);
+    }
+
+private:
+    /// The database has been read: a journal that is still there has nothing that it would need. It
+    /// stays where taking a change back failed, until the next change.
+    static FileState withoutIdleJournal(FileState state)
+    {
+        state.remove(QStringLiteral("things.cobbledb/Contents/Resources/Database-journal"));
+        return state;
+    }
+};
+
+class ImportVCards : public ImportScenario
+{
+public:
+    explicit ImportVCards(const QString &home) : ImportScenario(home)
+    {
+        writeFile(path(u"People.vcf"),
+                  "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Ann\r\nPHOTO;ENCODING=b;TYPE=PNG:" +
+                      QByteArray("picture").toBase64() + "\r\nEND:VCARD\r\n");
+    }
+    Answer act() override { return answerFor(import(QStringLiteral("People.vcf"))); }
+    // What is left in the temporary folder is the system's to clear.
+    bool isAsAfter(const FileState &now, const FileState &after) const override
+    {
+        return ImportScenario::isAsAfter(withoutTemporaryFiles(now), after);
+    }
+    bool isAsBefore(const FileState &now, const FileState &before) const override
+    {
+        return ImportScenario::isAsBefore(withoutTemporaryFiles(now), before);
+    }
+
+private:
+    static FileState withoutTemporaryFiles(FileState state)
+    {
+        state.removeIf([](const auto &file) {
+            return file.key().startsWith(u"tmp/") && file.key().size() > 4;
+        });
+        return state;
+    }
+};
+
+class Export : public LibraryScenario
+{
+public:
+    Export(const QString &home, const QString &name) : LibraryScenario(home), _name(name)
+    {
+        EXPECT_TRUE(import(QStringLiteral("People.csv")).errorDescription.isNull());
+        writeFile(path(name), "old");
+    }
+    Answer act() override
+    {
+        QString error;
+        const auto store = LibraryStore::open(bundle(), LibraryStore::Mode::Existing, &error);
+        if (!store)
+            return {false, error};
+        const auto library = store->libraryNamed(QStringLiteral("People"));
+        if (!library)
+            return {false, store->reasonForNo(QStringLiteral("People"))};
+        const auto outcome = LibraryExport::run(*store, *library, path(_name));
+        return {outcome.errorDescription.isNull(), outcome.errorDescription};
+    }
+
+private:
+    QString _name;
+};
+
+class ExportToCSV : public Export
+{
+public:
+    explicit ExportToCSV(const QString &home) : Export(home, QStringLiteral("out.csv")) {}
+};
+
+class ExportToJSON : public Export
+{
+public:
+    explicit ExportToJSON(const QString &home) : Export(home, QStringLiteral("out.json")) {}
+};
+
+class RecordChange : public LibraryScenario
+{
+public:
+    explicit RecordChange(const QString &home) : LibraryScenario(home)
+    {
+        EXPECT_TRUE(import(QStringLiteral("People.csv")).errorDescription.isNull());
+    }
+    Answer act() override
+    {
+        QString error;
+        const auto store = LibraryStore::open(bundle(), LibraryStore::Mode::Existing, &error);
+        if (!store)
+            return {false, error};
+        const auto library = store->libraryNamed(QStringLiteral("People"));
+        const bool isDone = library && store->beginChange() &&
+                            store->update(*library, 1, 0, QStringLiteral("Eve")) &&
+                            store->removeRecord(*library, 2) && store->commit();
+        return {isDone, store->errorText()};
+    }
+};
+} // namespace
+
+QList<FaultRow> hostScenarios()
+{
+    QList<FaultRow> rows = {
+        faultRow<ImportIntoNewBundle>("ImportIntoNewBundle"),
+        faultRow<ImportIntoBundle>("ImportIntoBundle"),
+        faultRow<ImportThatReplaces>("ImportThatReplaces"),
+        faultRow<ImportAfterKilledOne>("ImportAfterKilledOne"),
+        faultRow<ImportThatIsCancelled>("ImportThatIsCancelled"),
+        faultRow<ImportVCards>("ImportVCards"),
+        faultRow<ExportToCSV>("ExportToCSV"),
+        faultRow<ExportToJSON>("ExportToJSON"),
+        faultRow<RecordChange>("RecordChange"),
+    };
+    for (FaultRow &row : rows)
+        row.givesReasons = row.usesDatabase = true;
+    return rows;
+}

@@ -1,0 +1,4 @@
+target_sources(ThreadTests PRIVATE
+    Threads/FormatterThreadsTests.cpp
+    Threads/KTLoggerThreadsTests.cpp
+)
