@@ -7,6 +7,8 @@ target_sources(EnvironmentTests PRIVATE
     Environment/ReadingTests.cpp
 )
 target_link_libraries(EnvironmentTests PRIVATE CobbleHost)
+# The files that it exports are written by a plug-in.
+add_dependencies(EnvironmentTests TextExporter)
 
 # The program runs once in each environment. The calendar is no part of what the environment says
 # of a locale; the program chooses it.
