@@ -10,9 +10,11 @@
 #include <KTUtility/Formatters/KTTimeFormatter.h>
 #include <KTUtility/KTLogger.h>
 #include <KTUtility/Platform/Foundation/NSKeyValueObservation.h>
+#include <KTUtility/Platform/Foundation/NSPropertyListSerialization.h>
 
 #include <QDateTime>
 #include <QLoggingCategory>
+#include <QTemporaryDir>
 
 #include <cstdio>
 #include <functional>
@@ -79,16 +81,20 @@ double bytesOfDateFormat()
     });
 }
 
-/// A component with a level, as setLevelOfComponent() keeps it.
+/// A component with a level, as the logger keeps it once its settings are read.
 double bytesOfComponent()
 {
-    constexpr int Count = 200;
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("levels.plist"));
+    QVariantMap levels;
+    for (int index = 0; index < ObjectCount; ++index)
+        levels.insert(QStringLiteral("Component %1").arg(index), 1);
+    NSDictionary::writeToFile({{KTLoggerComponentsKey, levels}}, path, true);
+    levels.clear();
     KTLogger logger;
-    logger.setLevelOfComponent(1, QStringLiteral("Component"));
     const size_t before = bytesInUse();
-    for (int index = 0; index < Count; ++index)
-        logger.setLevelOfComponent(1, QStringLiteral("Component %1").arg(index));
-    return double(bytesInUse() - before) / Count;
+    logger.loadConfigFile(path);
+    return double(bytesInUse() - before) / ObjectCount;
 }
 
 double bytesOfCategory()

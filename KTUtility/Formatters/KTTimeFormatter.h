@@ -6,9 +6,8 @@
 
 /// Formats the times of day of a field: short times without a date.
 ///
-/// Reads what KTDateTimeFormatter reads, and puts every time on one day, 1 January 2001 (also where
-/// the user's calendar is not the Gregorian one), so that times compare with each other. A date
-/// that is typed with the time is dropped.
+/// Reads what KTDateTimeFormatter reads, and puts every time on one day, the first of the year
+/// 2001, so that times compare with each other. A date that is typed with the time is dropped.
 ///
 /// \code
 /// const auto formatter = KTTimeFormatter::createTimeFormatter();   // in the user's locale

@@ -6,6 +6,8 @@
 #include <KTUtility/Formatters/KTDurationFormatter.h>
 #include <KTUtility/Formatters/KTPhoneNumberFormatter.h>
 #include <KTUtility/Formatters/KTTimeFormatter.h>
+#include <KTUtility/Platform/Foundation/NSCalendar.h>
+#include <KTUtility/Platform/Foundation/NSLocale.h>
 #include <KTUtility/Platform/Foundation/NSDecimalNumber.h>
 
 #include "support/TestSupport.h"
@@ -144,10 +146,13 @@ TEST(EnvironmentReading, DatesWithTimesComeBackToTheMinute)
 TEST(EnvironmentReading, TimesComeBackOnTheirDay)
 {
     const KTTimeFormatter formatter;
+    const NSCalendar calendar = NSCalendar::calendarOfLocale(NSLocale::currentLocale());
+    NSDateComponents time;
+    time.year = 2001;
     for (int minutes = 0; minutes < 24 * 60; minutes += 7) {
-        const QDateTime time(QDate(2001, 1, 1), QTime::fromMSecsSinceStartOfDay(minutes * 60'000),
-                             environment_support::zone());
-        expectDateBack(formatter, time, MinuteLength);
+        time.hour = minutes / 60;
+        time.minute = minutes % 60;
+        expectDateBack(formatter, calendar.dateFromComponents(time), MinuteLength);
     }
 }
 
