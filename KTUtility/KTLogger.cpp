@@ -56,6 +56,38 @@ int openLogFile(const QString &path)
     return ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC,
                   0644);
 }
+
+/// Whether a thread is at its end and has dropped what it kept. Needs no destructor, and so can be
+/// asked until the very end.
+thread_local bool isSpareGone = false;
+
+/// What a thread keeps for its next line. Objects that are destroyed after it may log, too.
+struct SpareState
+{
+    ~SpareState() { isSpareGone = true; }
+
+    std::unique_ptr<KTLogLine::State> state;
+};
+
+std::unique_ptr<KTLogLine::State> &spareState()
+{
+    thread_local SpareState spare;
+    return spare.state;
+}
+
+std::unique_ptr<KTLogLine::State> takeState()
+{
+    std::unique_ptr<KTLogLine::State> state;
+    if (!isSpareGone)
+        state = std::move(spareState());
+    return state ? std::move(state) : std::make_unique<KTLogLine::State>();
+}
+
+void keepState(std::unique_ptr<KTLogLine::State> state)
+{
+    if (!isSpareGone)
+        spareState() = std::move(state);
+}
 } // namespace
 
 KTLogger *KTLogger::createSharedLogger()
@@ -244,10 +276,7 @@ void KTLogger::logArguments(const QString &component, int logLevel, std::string_
                             std::span<const NSFormatArgument> arguments)
 {
     // The state is taken while it is in use: describing an argument may log, too.
-    thread_local std::unique_ptr<KTLogLine::State> spare;
-    std::unique_ptr<KTLogLine::State> state = std::move(spare);
-    if (!state)
-        state = std::make_unique<KTLogLine::State>();
+    std::unique_ptr<KTLogLine::State> state = takeState();
     state->message.clear();
     if (format.isNull())
         state->message.append(QLatin1String("<null>"));
@@ -261,7 +290,7 @@ void KTLogger::logArguments(const QString &component, int logLevel, std::string_
         writeLineToFile(KTLogLine::line(*state, component, fileName, lineNumber, message));
     else
         writeLineToConsole(component, fileName, lineNumber, message);
-    spare = std::move(state);
+    keepState(std::move(state));
 }
 
 void KTLogger::writeLineToFile(QByteArrayView line)
