@@ -212,6 +212,7 @@ void KTLogger::loadConfigFile(const QString &path)
 {
     using Result = NSDictionaryReading::Result;
     const auto [result, settings] = NSReadDictionary(path);
+    _isUserFileUnread = result == Result::Unreadable && path == _userFile;
     if (result == Result::Unreadable)
         return;
     if (result == Result::NoFile) {
@@ -224,6 +225,14 @@ void KTLogger::loadConfigFile(const QString &path)
     // Once: a component that stays on is on for other threads all the time.
     const bool areComponents = components.typeId() == QMetaType::QVariantMap;
     setComponents(areComponents ? std::optional(components.toMap()) : std::nullopt);
+}
+
+/// To be called before a change: to write the rest of the settings as they are would lose those of
+/// the file.
+void KTLogger::readMissedSettings()
+{
+    if (_isUserFileUnread)
+        loadConfigFile(_userFile);
 }
 
 void KTLogger::writeConfigFile()
@@ -239,13 +248,14 @@ void KTLogger::writeConfigFile()
     const QVariantMap settings = {{KTLoggerWriteToFileKey, _writeToFile.load()},
                                   {KTLoggerDisplayFileLineKey, _displayFileLine.load()},
                                   {KTLoggerComponentsKey, *_components}};
-    if (!_userFile.isNull())
+    if (!_userFile.isNull() && !_isUserFileUnread)
         NSDictionary::writeToFile(settings, _userFile, true);
     loadConfigFile(_userFile);
 }
 
 void KTLogger::setLevelOfComponent(int level, const QString &component)
 {
+    readMissedSettings();
     QVariantMap components = _components.value_or(QVariantMap());
     components.insert(component, level);
     setComponents(components);
