@@ -56,6 +56,38 @@ int openLogFile(const QString &path)
     return ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC,
                   0644);
 }
+
+/// Whether a thread is at its end and has dropped what it kept. Needs no destructor, and so can be
+/// asked until the very end.
+thread_local bool isSpareGone = false;
+
+/// What a thread keeps for its next line. Objects that are destroyed after it may log, too.
+struct SpareState
+{
+    ~SpareState() { isSpareGone = true; }
+
+    std::unique_ptr<KTLogLine::State> state;
+};
+
+std::unique_ptr<KTLogLine::State> &spareState()
+{
+    thread_local SpareState spare;
+    return spare.state;
+}
+
+std::unique_ptr<KTLogLine::State> takeState()
+{
+    std::unique_ptr<KTLogLine::State> state;
+    if (!isSpareGone)
+        state = std::move(spareState());
+    return state ? std::move(state) : std::make_unique<KTLogLine::State>();
+}
+
+void keepState(std::unique_ptr<KTLogLine::State> state)
+{
+    if (!isSpareGone)
+        spareState() = std::move(state);
+}
 } // namespace
 
 KTLogger *KTLogger::createSharedLogger()
@@ -180,6 +212,7 @@ void KTLogger::loadConfigFile(const QString &path)
 {
     using Result = NSDictionaryReading::Result;
     const auto [result, settings] = NSReadDictionary(path);
+    _isUserFileUnread = result == Result::Unreadable && path == _userFile;
     if (result == Result::Unreadable)
         return;
     if (result == Result::NoFile) {
@@ -192,6 +225,14 @@ void KTLogger::loadConfigFile(const QString &path)
     // Once: a component that stays on is on for other threads all the time.
     const bool areComponents = components.typeId() == QMetaType::QVariantMap;
     setComponents(areComponents ? std::optional(components.toMap()) : std::nullopt);
+}
+
+/// To be called before a change: to write the rest of the settings as they are would lose those of
+/// the file.
+void KTLogger::readMissedSettings()
+{
+    if (_isUserFileUnread)
+        loadConfigFile(_userFile);
 }
 
 void KTLogger::writeConfigFile()
@@ -207,13 +248,14 @@ void KTLogger::writeConfigFile()
     const QVariantMap settings = {{KTLoggerWriteToFileKey, _writeToFile.load()},
                                   {KTLoggerDisplayFileLineKey, _displayFileLine.load()},
                                   {KTLoggerComponentsKey, *_components}};
-    if (!_userFile.isNull())
+    if (!_userFile.isNull() && !_isUserFileUnread)
         NSDictionary::writeToFile(settings, _userFile, true);
     loadConfigFile(_userFile);
 }
 
 void KTLogger::setLevelOfComponent(int level, const QString &component)
 {
+    readMissedSettings();
     QVariantMap components = _components.value_or(QVariantMap());
     components.insert(component, level);
     setComponents(components);
@@ -244,10 +286,7 @@ void KTLogger::logArguments(const QString &component, int logLevel, std::string_
                             std::span<const NSFormatArgument> arguments)
 {
     // The state is taken while it is in use: describing an argument may log, too.
-    thread_local std::unique_ptr<KTLogLine::State> spare;
-    std::unique_ptr<KTLogLine::State> state = std::move(spare);
-    if (!state)
-        state = std::make_unique<KTLogLine::State>();
+    std::unique_ptr<KTLogLine::State> state = takeState();
     state->message.clear();
     if (format.isNull())
         state->message.append(QLatin1String("<null>"));
@@ -261,7 +300,7 @@ void KTLogger::logArguments(const QString &component, int logLevel, std::string_
         writeLineToFile(KTLogLine::line(*state, component, fileName, lineNumber, message));
     else
         writeLineToConsole(component, fileName, lineNumber, message);
-    spare = std::move(state);
+    keepState(std::move(state));
 }
 
 void KTLogger::writeLineToFile(QByteArrayView line)

@@ -146,9 +146,10 @@ public:
     void initializeAllComponentsArray();
     /// Reads settings. What is there replaces what was set; a damaged file counts as an empty one;
     /// without a file, components are off and the rest stays. If the system does not let the file
-    /// be read, everything stays.
+    /// be read, everything stays; if it is that of the user, it is read again before the next
+    /// change.
     void loadConfigFile(const QString &path);
-    /// Writes the settings and reads them back.
+    /// Writes the settings and reads them back. A file that could not be read is not written over.
     /// \throws NSException NSInvalidArgumentException if no component was ever given a level:
     /// there are no components to write then. Set a level first.
     void writeConfigFile();
@@ -207,6 +208,7 @@ private:
                             QStringView message);
     void setComponents(const std::optional<QVariantMap> &components);
     void setActiveLevels(Levels levels);
+    void readMissedSettings();
     const QString &componentForTag(int tag) const;
 
     static std::atomic<KTLogger *> _sharedLogger;
@@ -218,6 +220,8 @@ private:
     std::atomic<bool> _writeToFile = true;
     std::atomic<bool> _displayFileLine = false;
     QString _userFile;
+    // Whether the system did not let it be read, so that nobody knows what it holds.
+    bool _isUserFileUnread = false;
     QStringList _allComponentsArray;
 
     // Taken from _components for the test at each call site: the components that are on. They are

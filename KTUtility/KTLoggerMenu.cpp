@@ -90,24 +90,28 @@ bool KTLogger::validateMenuItem(QAction *item)
 
 void KTLogger::setOutputToConsole(QAction *)
 {
+    readMissedSettings();
     _writeToFile = false;
     writeConfigFile();
 }
 
 void KTLogger::setOutputToFile(QAction *)
 {
+    readMissedSettings();
     _writeToFile = true;
     writeConfigFile();
 }
 
 void KTLogger::setDisplayFileLine(QAction *)
 {
+    readMissedSettings();
     _displayFileLine = !_displayFileLine;
     writeConfigFile();
 }
 
 void KTLogger::clearAllLoggingState(QAction *)
 {
+    readMissedSettings();
     if (_components) {
         QVariantMap components = *_components;
         for (const QString &component : std::as_const(_allComponentsArray))

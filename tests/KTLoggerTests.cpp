@@ -43,6 +43,19 @@ protected:
     QString home = testing_support::useFreshHome();
 };
 
+/// Logs when its thread ends: after what the logger keeps for the thread is gone, if it was there
+/// first.
+struct LogsAtTheEnd
+{
+    ~LogsAtTheEnd()
+    {
+        for (const int number : {2, 3})
+            logger->logComponent(kLog_Tests, 1, "f", 1, u"<%d>", number);
+    }
+
+    KTLogger *logger = nullptr;
+};
+
 QVariantMap componentsAt(const QString &component, const QVariant &level)
 {
     return {{KTLoggerComponentsKey, QVariantMap{{component, level}}}};
@@ -335,6 +348,20 @@ TEST_F(KTLoggerTest, LinesOfSeveralThreadsDoNotMix)
     EXPECT_EQ(lines.size(), 800);
     for (const QString &line : lines)
         EXPECT_TRUE(form.match(line).hasMatch()) << line.toStdString();
+}
+
+TEST_F(KTLoggerTest, WhatIsDestroyedLastMayLog)
+{
+    KTLogger logger;
+    logger.setLevelOfComponent(1, kLog_Tests);
+    std::thread([&logger] {
+        thread_local LogsAtTheEnd last;
+        last.logger = &logger;
+        logger.logComponent(kLog_Tests, 1, "f", 1, u"<%d>", 1);
+    }).join();
+    static const QRegularExpression form(
+        QStringLiteral("\\A[^<]* <1>\\n[^<]* <2>\\n[^<]* <3>\\n\\z"));
+    EXPECT_TRUE(form.match(log()).hasMatch()) << log().toStdString();
 }
 
 // --- The call site and the capture --------------------------------------------------------------

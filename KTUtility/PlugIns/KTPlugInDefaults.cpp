@@ -20,13 +20,13 @@ QString domainName()
 /// if it were empty would lose what is there, and to take it for empty would switch plug-ins off.
 std::optional<QVariantMap> storedDomain()
 {
-    const auto known =
-        NSUserDefaults::standardUserDefaults()->persistentDomainForName(domainName());
-    if (known)
+    NSUserDefaults *const defaults = NSUserDefaults::standardUserDefaults();
+    if (const auto known = defaults->persistentDomainForName(domainName()))
         return known;
-    const NSDictionaryReading reading = NSDefaultsFile::read(domainName());
-    const bool isRead = reading.result != NSDictionaryReading::Result::Unreadable;
-    return isRead ? std::optional(reading.dictionary) : std::nullopt;
+    if (NSDefaultsFile::read(domainName()).result == NSDictionaryReading::Result::Unreadable)
+        return std::nullopt;
+    // Not what was just read: a domain that was removed may still have its file.
+    return defaults->persistentDomainForName(domainName()).value_or(QVariantMap());
 }
 
 QVariantMap domain()

@@ -45,8 +45,25 @@ public:
         return {_manager.pluginDefaultsSetObject(7, QStringLiteral("number")), {}};
     }
 
+protected:
+    KTPlugInManager &manager() { return _manager; }
+
 private:
     KTPlugInManager _manager;
+};
+
+/// What was removed stays so, also while its file cannot be.
+class PlugInDefaultsRemoved : public PlugInDefaults
+{
+public:
+    using PlugInDefaults::PlugInDefaults;
+    Answer act() override
+    {
+        NSUserDefaults *const defaults = NSUserDefaults::standardUserDefaults();
+        defaults->removePersistentDomainForName(QStringLiteral("org.cobble.Cobble.plugins"));
+        EXPECT_FALSE(manager().pluginDefaultsObjectForKey(QStringLiteral("kept")).isValid());
+        return {defaults->synchronize(), {}};
+    }
 };
 
 const QString Added = QStringLiteral("org.example.two");
@@ -228,11 +245,18 @@ private:
 QList<FaultRow> frameworkScenarios()
 {
     return {
-        faultRow<LoggerSettings>("LoggerSettings"),   faultRow<PlugInDefaults>("PlugInDefaults"),
-        faultRow<PlugInEnabled>("PlugInEnabled"),     faultRow<MediaCopy>("MediaCopy"),
-        faultRow<MediaFolderCopy>("MediaFolderCopy"), faultRow<MediaOfURL>("MediaOfURL"),
-        faultRow<MediaPicture>("MediaPicture"),       faultRow<MediaDownload>("MediaDownload"),
-        faultRow<MungerCopy>("MungerCopy"),           faultRow<MediaRemoved>("MediaRemoved"),
-        faultRow<PreUpgradeCopy>("PreUpgradeCopy"),   faultRow<NewBundle>("NewBundle"),
+        faultRow<LoggerSettings>("LoggerSettings"),
+        faultRow<PlugInDefaults>("PlugInDefaults"),
+        faultRow<PlugInDefaultsRemoved>("PlugInDefaultsRemoved"),
+        faultRow<PlugInEnabled>("PlugInEnabled"),
+        faultRow<MediaCopy>("MediaCopy"),
+        faultRow<MediaFolderCopy>("MediaFolderCopy"),
+        faultRow<MediaOfURL>("MediaOfURL"),
+        faultRow<MediaPicture>("MediaPicture"),
+        faultRow<MediaDownload>("MediaDownload"),
+        faultRow<MungerCopy>("MungerCopy"),
+        faultRow<MediaRemoved>("MediaRemoved"),
+        faultRow<PreUpgradeCopy>("PreUpgradeCopy"),
+        faultRow<NewBundle>("NewBundle"),
     };
 }

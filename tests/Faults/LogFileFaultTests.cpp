@@ -83,6 +83,35 @@ TEST_P(LogFileFaultTest, WithoutAFileLinesAreLostAndTheProgramGoesOn)
     EXPECT_TRUE(text.endsWith("<one>\n"));
 }
 
+TEST_P(LogFileFaultTest, SettingsThatWereMissedAtTheStartAreKept)
+{
+    std::unique_ptr<KTLogger> made;
+    for (int number = 1;; ++number) {
+        const auto outcome = FaultInjector::during(
+            home, GetParam(), number, [&made] { made = std::make_unique<KTLogger>(); });
+        made->setLevelOfComponent(number, kLog_Undo);
+        EXPECT_EQ(KTLogger().levelOfComponent(kLog_Undo), number) << nameOf(outcome.call);
+        EXPECT_EQ(KTLogger().levelOfComponent(kLog_Tests), 4) << nameOf(outcome.call);
+        if (!outcome.wasHit)
+            break;
+    }
+}
+
+TEST_P(LogFileFaultTest, SettingsThatCannotBeReadAreNotWrittenOver)
+{
+    for (int number = 1;; ++number) {
+        std::unique_ptr<KTLogger> made;
+        const auto outcome = FaultInjector::during(
+            home, GetParam(), number, [&made] { made = std::make_unique<KTLogger>(); });
+        // The first call is that which reads what was missed, if something was.
+        FaultInjector::during(home, GetParam(), 1,
+                              [&made] { made->setLevelOfComponent(2, kLog_Undo); });
+        EXPECT_EQ(KTLogger().levelOfComponent(kLog_Tests), 4) << nameOf(outcome.call);
+        if (!outcome.wasHit)
+            break;
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Faults, LogFileFaultTest,
                          testing::Values(Fault::InputOutput, Fault::NoSpace, Fault::DiskFull,
                                          Fault::Interrupted, Fault::ShortWrite),

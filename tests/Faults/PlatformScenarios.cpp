@@ -98,6 +98,18 @@ public:
     }
 };
 
+class DefaultsGlobalDomain : public Defaults
+{
+public:
+    using Defaults::Defaults;
+    Answer act() override
+    {
+        defaults().setPersistentDomain({{QStringLiteral("number"), 7}}, NSGlobalDomain);
+        EXPECT_EQ(defaults().integerForKey(QStringLiteral("number")), 7);
+        return {defaults().synchronize(), {}};
+    }
+};
+
 class DefaultsDomainRemoved : public Defaults
 {
 public:
@@ -117,6 +129,7 @@ QList<FaultRow> platformScenarios()
         faultRow<NewPropertyListFile>("NewPropertyListFile"),
         faultRow<DefaultsKey>("DefaultsKey"),
         faultRow<DefaultsDomain>("DefaultsDomain"),
+        faultRow<DefaultsGlobalDomain>("DefaultsGlobalDomain"),
         faultRow<DefaultsDomainRemoved>("DefaultsDomainRemoved"),
     };
 }

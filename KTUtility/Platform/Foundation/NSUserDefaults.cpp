@@ -254,9 +254,12 @@ std::optional<QVariantMap> NSUserDefaults::persistentDomainForName(const QString
 /// Replaces a domain in memory and in its file; no map removes it.
 void NSUserDefaults::replaceDomain(const std::optional<QVariantMap> &domain, const QString &name)
 {
+    // For load(), which keeps what it cannot read.
     if (name == _domainName) {
         _unsavedKeys.clear();
         _application = domain.value_or(QVariantMap());
+    } else if (name == NSGlobalDomain) {
+        _global = domain.value_or(QVariantMap());
     }
     _unsavedDomains.insert(name, domain);
     saveDomains();
