@@ -316,7 +316,8 @@ bool KTLogger::endTornLine()
     const int file = _fileHandle->fileDescriptor();
     const off_t end = ::lseek(file, 0, SEEK_END);
     char last = '\n';
-    const bool isKnown = end == 0 || (end > 0 && ::pread(file, &last, 1, end - 1) == 1);
+    // A log that leads to a terminal or a pipe cannot tell how its last line ended.
+    const bool isKnown = end <= 0 || ::pread(file, &last, 1, end - 1) == 1;
     const bool isAtStart = isKnown && (last == '\n' || _fileHandle->writeData("\n"));
     _isLineTorn.store(!isAtStart, std::memory_order_relaxed);
     return isAtStart;

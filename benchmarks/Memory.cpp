@@ -152,30 +152,35 @@ void printObject(const char *object, double ours, const char *peer, double peers
     std::printf("%-46s %12.0f %12.0f %7.2f  %s\n", object, ours, peers, ours / peers, peer);
 }
 
-void printObjects()
+void printFormatters()
 {
     const QString date = QStringLiteral("3/4/08");
     const QString time = QStringLiteral("9:05");
     const QString number = QStringLiteral("1,234.5");
+    const double decimal = bytesOfDecimalFormat();
+    const double simple = bytesOfDateFormat();
+    const auto besideDecimal = [decimal](const char *object, double bytes) {
+        printObject(object, bytes, "DecimalFormat", decimal);
+    };
+    const auto besideSimple = [simple](const char *object, double bytes) {
+        printObject(object, bytes, "SimpleDateFormat", simple);
+    };
+    besideDecimal("KTNumberFormatter", bytesOfFormatter<KTNumberFormatter>(number));
+    besideDecimal("KTCurrencyFormatter", bytesOfFormatter<KTCurrencyFormatter>(number));
+    besideDecimal("KTPhoneNumberFormatter", bytesOfFormatter<KTPhoneNumberFormatter>(number));
+    besideSimple("KTDateTimeFormatter", bytesOfFormatter<KTDateTimeFormatter>(date));
+    besideSimple("KTTimeFormatter", bytesOfFormatter<KTTimeFormatter>(time));
+    besideSimple("KTDurationFormatter", bytesOfFormatter<KTDurationFormatter>(time));
+}
+
+void printObjects()
+{
     std::printf("\n%-46s %12s %12s %7s  %s\n", "one object (bytes, with all that it owns)", "ours",
                 "peer", "ratio", "peer");
-    const double decimalFormat = bytesOfDecimalFormat();
-    const double dateFormat = bytesOfDateFormat();
-    const double connection = bytesOfConnection();
-    printObject("KTNumberFormatter", bytesOfFormatter<KTNumberFormatter>(number), "DecimalFormat",
-                decimalFormat);
-    printObject("KTCurrencyFormatter", bytesOfFormatter<KTCurrencyFormatter>(number),
-                "DecimalFormat", decimalFormat);
-    printObject("KTDateTimeFormatter", bytesOfFormatter<KTDateTimeFormatter>(date),
-                "SimpleDateFormat", dateFormat);
-    printObject("KTTimeFormatter", bytesOfFormatter<KTTimeFormatter>(time), "SimpleDateFormat",
-                dateFormat);
-    printObject("KTDurationFormatter", bytesOfFormatter<KTDurationFormatter>(time),
-                "SimpleDateFormat", dateFormat);
-    printObject("KTPhoneNumberFormatter", bytesOfFormatter<KTPhoneNumberFormatter>(number),
-                "DecimalFormat", decimalFormat);
+    printFormatters();
     printObject("component of the logger that is on", bytesOfComponent(), "QLoggingCategory",
                 bytesOfCategory());
+    const double connection = bytesOfConnection();
     printObject("KTPropertyBinder, bound", bytesOfBinder(), "QObject with a connection",
                 connection);
     printObject("NSKeyValueObservation", bytesOfObservation(), "QObject with a connection",
@@ -212,23 +217,36 @@ void printGrowthOf(const char *conversion, const NSFormatter &formatter,
     });
 }
 
+QString numberText(int turn)
+{
+    return QString::number(turn);
+}
+
+QString timeText(int turn)
+{
+    return QStringLiteral("%1:%2").arg(turn / 60 % 24).arg(turn % 60, 2, 10, QChar(u'0'));
+}
+
+QString dateText(int turn)
+{
+    return QDate(1950, 1, 1).addDays(turn % 36'000).toString(QStringLiteral("M/d/yyyy"));
+}
+
+void printGrowthsOfFormatters()
+{
+    printGrowthOf("numbers, read and shown", KTNumberFormatter(), numberText);
+    printGrowthOf("money, read and shown", KTCurrencyFormatter(), numberText);
+    printGrowthOf("dates, read and shown", KTDateTimeFormatter(), dateText);
+    printGrowthOf("texts that are no date", KTDateTimeFormatter(), numberText);
+    printGrowthOf("times, read and shown", KTTimeFormatter(), timeText);
+    printGrowthOf("durations, read and shown", KTDurationFormatter(), timeText);
+    printGrowthOf("phone numbers, shown", KTPhoneNumberFormatter(), numberText);
+}
+
 void printGrowths()
 {
     std::printf("\n%-46s %12s\n", "growth over 1,000,000 conversions", "bytes");
-    const auto number = [](int turn) { return QString::number(turn); };
-    const auto clock = [](int turn) {
-        return QStringLiteral("%1:%2").arg(turn / 60 % 24).arg(turn % 60, 2, 10, QChar(u'0'));
-    };
-    const auto date = [](int turn) {
-        return QDate(1950, 1, 1).addDays(turn % 36'000).toString(QStringLiteral("M/d/yyyy"));
-    };
-    printGrowthOf("numbers, read and shown", KTNumberFormatter(), number);
-    printGrowthOf("money, read and shown", KTCurrencyFormatter(), number);
-    printGrowthOf("dates, read and shown", KTDateTimeFormatter(), date);
-    printGrowthOf("texts that are no date", KTDateTimeFormatter(), number);
-    printGrowthOf("times, read and shown", KTTimeFormatter(), clock);
-    printGrowthOf("durations, read and shown", KTDurationFormatter(), clock);
-    printGrowthOf("phone numbers, shown", KTPhoneNumberFormatter(), number);
+    printGrowthsOfFormatters();
     printGrowth("names of 1,000 fields made identifiers", [](int turn) {
         KTAdditions::propertyString(QStringLiteral("Field Name %1").arg(turn % 1000));
     });

@@ -70,8 +70,10 @@ private:
             return;
         }
         const auto peer = _medians.find(row.peer);
-        if (peer == _medians.end())
+        if (peer == _medians.end()) {
+            std::printf("%-46s was measured without its peer %s\n", row.operation, row.peer);
             return;
+        }
         const double ratio = ours->second / peer->second;
         std::printf("%-46s %12.1f %12.1f %7.2f %7.2f", row.operation, ours->second, peer->second,
                     ratio, row.limit);
