@@ -10,7 +10,7 @@
 ///
 /// The components given are on for its lifetime, whatever the settings say; messages go to it and
 /// neither to the file nor to the console; no settings are written. Captures may be nested: the
-/// innermost one catches. Messages of other threads are caught, too.
+/// innermost one catches. Messages of other threads are caught, too; let them end before it does.
 ///
 /// \code
 /// KTLogCapture capture(kLog_ImportDialog, 4);

