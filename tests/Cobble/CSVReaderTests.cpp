@@ -2,7 +2,6 @@
 
 #include "support/TestSupport.h"
 
-
 using Rows = QList<QStringList>;
 
 namespace {

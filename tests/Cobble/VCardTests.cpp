@@ -6,7 +6,6 @@
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
 
-
 using testing_support::contentsOf;
 using testing_support::FileTree;
 
