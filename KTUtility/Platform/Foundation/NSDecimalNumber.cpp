@@ -4,7 +4,6 @@
 #include "NSDecimalParts_p.h"
 #include "NSLocale.h"
 #include "NSObject.h"
-#include "NSUnitBuffer_p.h"
 
 #include <algorithm>
 #include <array>
@@ -281,23 +280,22 @@ QString NSDecimalNumber::description() const
         return QStringLiteral("NaN");
     std::array<char, 40> buffer;
     const std::string_view digits = NSDecimalArithmetic::digits(joined(_high, _low), buffer);
+    const int count = int(digits.size());
     const int zeros = std::max<int>(_exponent, 0);
     const int places = std::max<int>(-_exponent, 0);
-    const int leading = std::max(places + 1 - int(digits.size()), 0);
-    std::array<char, 320> padded;
-    char *end = std::fill_n(padded.data(), leading, '0');
-    end = std::copy(digits.begin(), digits.end(), end);
-    end = std::fill_n(end, zeros, '0');
-    const char *const point = end - places;
-
-    NSUnitBuffer text;
+    const int leading = std::max(places + 1 - count, 0);
+    const int point = places > 0 ? leading + count - places : -1;
+    QString text(int(_isNegative) + leading + count + zeros + int(places > 0), Qt::Uninitialized);
+    QChar *at = text.data();
     if (_isNegative)
-        text.append(u'-');
-    text.append(QLatin1String(padded.data(), point));
-    if (places > 0)
-        text.append(u'.');
-    text.append(QLatin1String(point, end));
-    return text.view().toString();
+        *at++ = u'-';
+    for (int place = 0; place < leading + count + zeros; ++place) {
+        if (place == point)
+            *at++ = u'.';
+        const bool isDigit = place >= leading && place < leading + count;
+        *at++ = QLatin1Char(isDigit ? digits[size_t(place - leading)] : '0');
+    }
+    return text;
 }
 
 QString NSDecimalNumber::descriptionWithLocale(const NSLocale &locale) const
