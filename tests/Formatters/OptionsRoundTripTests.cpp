@@ -103,24 +103,21 @@ TEST(OptionsRoundTrip, MoneyComesBack)
     });
 }
 
-TEST(OptionsRoundTrip, DatesComeBack)
+template<typename Formatter>
+void checkDateOptions(const char *name)
 {
-    checkProperty("options of date formatters", 150, [] {
+    checkProperty(name, 150, [] {
         const UserLocale user(someOf(locales()));
-        KTDateTimeFormatter formatter;
+        Formatter formatter;
         setAnyDateOptions(formatter);
         requireTwin(formatter);
     });
 }
 
-TEST(OptionsRoundTrip, TimesComeBack)
+TEST(OptionsRoundTrip, DatesAndTimesComeBack)
 {
-    checkProperty("options of time formatters", 150, [] {
-        const UserLocale user(someOf(locales()));
-        KTTimeFormatter formatter;
-        setAnyDateOptions(formatter);
-        requireTwin(formatter);
-    });
+    checkDateOptions<KTDateTimeFormatter>("options of date formatters");
+    checkDateOptions<KTTimeFormatter>("options of time formatters");
 }
 
 TEST(OptionsRoundTrip, DurationsAndPhoneNumbersComeBack)
