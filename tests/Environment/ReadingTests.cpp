@@ -7,8 +7,8 @@
 #include <KTUtility/Formatters/KTPhoneNumberFormatter.h>
 #include <KTUtility/Formatters/KTTimeFormatter.h>
 #include <KTUtility/Platform/Foundation/NSCalendar.h>
-#include <KTUtility/Platform/Foundation/NSLocale.h>
 #include <KTUtility/Platform/Foundation/NSDecimalNumber.h>
+#include <KTUtility/Platform/Foundation/NSLocale.h>
 
 #include "support/TestSupport.h"
 
