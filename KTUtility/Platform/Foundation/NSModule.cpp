@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QFile>
 #include <QFileInfo>
+#include <QSet>
 
 #include <algorithm>
 #include <cerrno>
@@ -13,6 +14,7 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <link.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -35,6 +37,8 @@ public:
     Descriptor &operator=(const Descriptor &) = delete;
 
     int number() const { return _number; }
+    /// Leaves the file open for as long as the process lives.
+    void keepOpen() { _number = -1; }
     /// The path of the file that is open.
     QString path() const
     {
@@ -150,12 +154,37 @@ QString loaderError(const QByteArray &path, const QString &executable)
 {
     return QString::fromLocal8Bit(dlerror()).replace(QString::fromLatin1(path), executable);
 }
+/// The record of the loader about what it has loaded; null if it has none.
+const link_map *recordOf(void *handle)
+{
+    link_map *record = nullptr;
+    return dlinfo(handle, RTLD_DI_LINKMAP, &record) == 0 ? record : nullptr;
+}
+
+/// Whether there will be enough descriptors for other uses if this one stays open.
+bool maySpare(int descriptor)
+{
+    rlimit limit{};
+    return ::getrlimit(RLIMIT_NOFILE, &limit) == 0 && rlim_t(descriptor) < limit.rlim_cur / 2;
+}
+
+/// Keeps the file of code that is new in the process. The code stays, and what looks for its file
+/// under the path that the loader was given (debuggers, reports of crashes, sanitizers) must not
+/// find whatever has got the number of the descriptor since.
+void keepOpenForCode(const link_map *record, Descriptor *file)
+{
+    static QSet<const link_map *> known;
+    if (!record || known.contains(record) || !maySpare(file->number()))
+        return;
+    known.insert(record);
+    file->keepOpen();
+}
 } // namespace
 
 std::unique_ptr<NSModule> NSModule::open(const QString &executable, const QString &bundlePath,
                                          QString *error)
 {
-    const Descriptor file(executable);
+    Descriptor file(executable);
     if (file.number() < 0) {
         *error = executable + QStringLiteral(": ") + qt_error_string(errno);
         return nullptr;
@@ -169,15 +198,11 @@ std::unique_ptr<NSModule> NSModule::open(const QString &executable, const QStrin
         *error = loaderError(path, executable);
         return nullptr;
     }
+    keepOpenForCode(recordOf(handle), &file);
     return std::unique_ptr<NSModule>(new NSModule(handle));
 }
 
-NSModule::NSModule(void *handle) : _handle(handle)
-{
-    link_map *map = nullptr;
-    if (dlinfo(handle, RTLD_DI_LINKMAP, &map) == 0)
-        _module = map;
-}
+NSModule::NSModule(void *handle) : _handle(handle), _module(recordOf(handle)) {}
 
 NSModule::~NSModule()
 {

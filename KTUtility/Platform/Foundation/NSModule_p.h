@@ -11,7 +11,8 @@
 /// The file is opened first, then looked at, and what was looked at is loaded: nobody can exchange
 /// it in between. A file that was replaced by renaming another one onto it is other code; the same
 /// file is the same code. Closing gives the module back, but its code stays in the process: what
-/// Qt keeps of it (types, text literals, pending events) would otherwise point nowhere.
+/// Qt keeps of it (types, text literals, pending events) would otherwise point nowhere. With the
+/// code stays a descriptor of its file.
 class NSModule
 {
 public:
@@ -33,5 +34,5 @@ private:
     explicit NSModule(void *handle);
 
     void *_handle;
-    const void *_module = nullptr;
+    const void *_module;
 };

@@ -9,8 +9,13 @@
 
 #include <algorithm>
 #include <cstring>
+#include <fcntl.h>
 #include <link.h>
+#include <memory>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
 
 using namespace plugin_support;
 using namespace testing_support;
@@ -51,6 +56,21 @@ qsizetype endOfSegments(const QByteArray &module)
 void setMode(const QString &path, mode_t mode)
 {
     ASSERT_EQ(::chmod(QFile::encodeName(path).constData(), mode), 0) << path.toStdString();
+}
+
+/// The paths of what was opened by descriptor, as the loader keeps them, in order.
+QList<QByteArray> modulesLoadedByDescriptor()
+{
+    QList<QByteArray> paths;
+    dl_iterate_phdr(
+        [](dl_phdr_info *module, size_t, void *list) {
+            const QByteArray path(module->dlpi_name);
+            if (path.startsWith("/proc/self/fd/"))
+                static_cast<QList<QByteArray> *>(list)->append(path);
+            return 0;
+        },
+        &paths);
+    return paths;
 }
 
 /// Why the code of a bundle cannot be loaded.
@@ -240,6 +260,50 @@ TEST(NSBundleCode, AFileThatWasReplacedIsOtherCode)
         classes.insert(found);
     }
     EXPECT_EQ(classes.size(), 4);
+}
+
+TEST(NSBundleCode, ThePathThatTheLoaderKnowsStaysThatOfTheCode)
+{
+    const QString home = useFreshHome();
+    const qsizetype before = modulesLoadedByDescriptor().size();
+    QSet<QByteArray> added;
+    for (const int version : {1, 2}) {
+        NSBundle bundle(makeGoodBundle(home, QStringLiteral("Good"), version));
+        ASSERT_NE(bundle.principalClass(), nullptr);
+        // Others may come to be opened in its place.
+        std::vector<std::unique_ptr<QFile>> others;
+        for (int number = 0; number < 20; ++number) {
+            others.push_back(std::make_unique<QFile>(QStringLiteral("/dev/null")));
+            ASSERT_TRUE(others.back()->open(QIODevice::ReadOnly));
+        }
+        const QList<QByteArray> paths = modulesLoadedByDescriptor();
+        ASSERT_EQ(paths.size(), before + version);
+        const QByteArray path = paths.last();
+        const QByteArray code = contentsOf(builtModule(u"GoodPlugIn" + QString::number(version)));
+        EXPECT_EQ(contentsOf(QString::fromLatin1(path)), code);
+        added.insert(path);
+    }
+    EXPECT_EQ(added.size(), 2);
+}
+
+TEST(NSBundleCode, CodeDoesNotTakeTheLastDescriptors)
+{
+    const QString home = useFreshHome();
+    rlimit usual{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
+    const int next = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+    ASSERT_GE(next, 0);
+    ::close(next);
+    // What is opened now has one of the upper half of the numbers.
+    const rlimit tight{2 * rlim_t(next), usual.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &tight), 0);
+    NSBundle bundle(makeGoodBundle(home));
+    const bool isLoaded = bundle.load();
+    const int after = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+    ::close(after);
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &usual), 0);
+    EXPECT_TRUE(isLoaded);
+    EXPECT_EQ(after, next);
 }
 
 TEST(NSBundleCode, TheSameFileIsTheSameCode)
