@@ -14,7 +14,7 @@ const QString KTDefaultDatabaseBundlePath = QStringLiteral("KTDefaultDatabaseBun
 namespace {
 constexpr QStringView MediaScheme = u"cobblemedia";
 
-QString applicationSupportFolder()
+QString userSupportFolder()
 {
     const QStringList folders =
         NSSearchPathForDirectoriesInDomains(NSApplicationSupportDirectory, NSUserDomainMask, true);
@@ -35,7 +35,7 @@ QString KTDatabaseBundle::databaseBundleFileType()
 
 QString KTDatabaseBundle::cobbleSupportFolder()
 {
-    const QString support = applicationSupportFolder();
+    const QString support = userSupportFolder();
     _ensureDirectoryExistsAtPath(support);
     const QString folder =
         NSString::stringByAppendingPathComponent(support, QStringLiteral("Cobble"));

@@ -18,7 +18,7 @@ namespace {
 constexpr unsigned UnreadableCopyPermissions = 775;
 
 template<typename... Arguments>
-void logLine(int line, QStringView format, const Arguments &...arguments)
+void logStoring(int line, QStringView format, const Arguments &...arguments)
 {
     KTLogger *const logger = KTLogger::sharedLogger();
     if (logger->shouldLogComponent(kLog_MediaFilenames, 4))
@@ -67,15 +67,15 @@ QString KTDatabaseBundle::downloadHttpFileToBundleAndReturnPath(const NSURL &url
         return {};
     const std::optional<QByteArray> data = KTMediaDownload::dataFrom(url);
     if (!data) {
-        logLine(203, u"Download of file %@ failed.", url.absoluteString());
+        logStoring(203, u"Download of file %@ failed.", url.absoluteString());
         return {};
     }
     const QString target = numberedMediaPath(name);
-    logLine(210, u"Writing file to %@", target);
+    logStoring(210, u"Writing file to %@", target);
     const QString path =
         placeInMediaFolder(name, [&data](KTStagedFile &file) { return file.write(*data); });
     if (path.isNull())
-        logLine(215, u"Writing file to %@ failed.", target);
+        logStoring(215, u"Writing file to %@ failed.", target);
     return path;
 }
 

@@ -10,7 +10,7 @@
 #include <QPointer>
 
 namespace {
-const QString ListKey = QStringLiteral("doNotShowList");
+const QString SilencedAlertsKey = QStringLiteral("doNotShowList");
 const QString TitlesKey = QStringLiteral("doNotShowTitles");
 
 NSUserDefaults *defaults()
@@ -89,25 +89,25 @@ void KTDoNotShowAlert::alertDidEnd(NSAlert *alert, int returnCode, const Context
 
 void KTDoNotShowAlert::clearDoNotShowList()
 {
-    defaults()->removeObjectForKey(ListKey);
+    defaults()->removeObjectForKey(SilencedAlertsKey);
     defaults()->removeObjectForKey(TitlesKey);
 }
 
 bool KTDoNotShowAlert::boolForSuppressionKey(const QString &key)
 {
-    return NSObject::boolValue(defaults()->dictionaryForKey(ListKey).value(key));
+    return NSObject::boolValue(defaults()->dictionaryForKey(SilencedAlertsKey).value(key));
 }
 
 void KTDoNotShowAlert::setBoolForSuppressionKey(const QString &key, bool suppress)
 {
-    QVariantMap list = defaults()->dictionaryForKey(ListKey);
+    QVariantMap list = defaults()->dictionaryForKey(SilencedAlertsKey);
     list.insert(key, suppress);
-    defaults()->setObject(list, ListKey);
+    defaults()->setObject(list, SilencedAlertsKey);
 }
 
 QList<KTDoNotShowAlert::Suppressed> KTDoNotShowAlert::suppressedAlerts()
 {
-    const QVariantMap list = defaults()->dictionaryForKey(ListKey);
+    const QVariantMap list = defaults()->dictionaryForKey(SilencedAlertsKey);
     const QVariantMap titles = defaults()->dictionaryForKey(TitlesKey);
     QList<Suppressed> alerts;
     for (auto entry = list.begin(); entry != list.end(); ++entry) {

@@ -1,15 +1,14 @@
 #include "KTMediaNames_p.h"
 
 #include "Platform/Foundation/NSFileOperations_p.h"
+#include "Platform/Foundation/NSFolderStream_p.h"
 #include "Platform/Foundation/NSPathUtilities.h"
 
 #include <QFile>
 
 #include <charconv>
 #include <climits>
-#include <dirent.h>
 #include <fcntl.h>
-#include <memory>
 #include <unistd.h>
 
 namespace {
@@ -18,13 +17,7 @@ constexpr int LongestWalk = 1000;
 /// Where the search begins to double.
 constexpr int FirstDoubled = 4;
 
-struct CloseFolder
-{
-    void operator()(DIR *folder) const { ::closedir(folder); }
-};
-using Folder = std::unique_ptr<DIR, CloseFolder>;
-
-int openFolder(const QByteArray &path)
+int descriptorOfFolder(const QByteArray &path)
 {
     return ::open(path.isEmpty() ? "." : path.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC);
 }
@@ -39,7 +32,7 @@ KTInstanceNumbers::KTInstanceNumbers(const QString &path) : _folder(-1)
         return;
     const QByteArray encoded = QFile::encodeName(base);
     const qsizetype name = encoded.lastIndexOf('/') + 1;
-    _folder = openFolder(encoded.first(name));
+    _folder = descriptorOfFolder(encoded.first(name));
     _prefix = encoded.mid(name).chopped(1);
     _name = _prefix;
     _suffix = extension.isEmpty() ? QByteArray() : '.' + QFile::encodeName(extension);
@@ -119,7 +112,7 @@ bool KTInstanceNumbers::existsInFolder(const char *name) const
 void KTInstanceNumbers::listFolder(int from, int to)
 {
     const int descriptor = ::openat(_folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    const Folder folder(descriptor < 0 ? nullptr : ::fdopendir(descriptor));
+    const NSFolderStream folder(descriptor < 0 ? nullptr : ::fdopendir(descriptor));
     // A folder that may be searched and not be listed is asked on.
     if (!folder)
         return;

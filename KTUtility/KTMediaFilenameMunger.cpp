@@ -16,7 +16,7 @@ bool isLogging()
 }
 
 template<typename... Arguments>
-void logLine(int line, QStringView format, const Arguments &...arguments)
+void logMunging(int line, QStringView format, const Arguments &...arguments)
 {
     if (isLogging())
         KTLogger::sharedLogger()->logComponent(kLog_MediaFilenames, 4, "KTMediaFilenameMunger",
@@ -37,7 +37,7 @@ QString folderOf(const QString &path)
 void deleteIfThere(const QString &path, int line)
 {
     if (NSFileManager::fileExistsAtPath(path) && !NSFileManager::removeItemAtPath(path))
-        logLine(line, u"deleting %@ failed.", path);
+        logMunging(line, u"deleting %@ failed.", path);
 }
 } // namespace
 
@@ -49,7 +49,7 @@ QString KTMediaFilenameMunger::pathRelativeToDBStore(const QString &storedName)
 QString KTMediaFilenameMunger::makeDBStoredNamefromOriginalFileName(const QString &originalName)
 {
     const int number = nextInstanceNumberForOriginalFilename(originalName);
-    logLine(38, u"call for new instancenumber: %d", number);
+    logMunging(38, u"call for new instancenumber: %d", number);
     return stringByAddingExtComment(originalName, QString::number(number));
 }
 
@@ -62,14 +62,14 @@ QString KTMediaFilenameMunger::stringByAddingExtComment(const QString &path,
                                                         const QString &inputComment)
 {
     const QString result = KTMediaNames::pathByAddingExtComment(path, inputComment);
-    logLine(104, u"stringByAddingExtComment %@", result);
+    logMunging(104, u"stringByAddingExtComment %@", result);
     return result;
 }
 
 QString KTMediaFilenameMunger::stringByRemovingExtComment(const QString &path)
 {
     const QString result = KTMediaNames::pathByRemovingExtComment(path);
-    logLine(110, u"stringByRemovingExtComment %@", result);
+    logMunging(110, u"stringByRemovingExtComment %@", result);
     return result;
 }
 
@@ -86,7 +86,7 @@ int KTMediaFilenameMunger::nextInstanceNumberForOriginalFilename(const QString &
 QString KTMediaFilenameMunger::fileToLoadFromDBStoredName(const QString &storedName)
 {
     const QString path = pathRelativeToDBStore(storedName);
-    logLine(47, u"fileToLoadFromDBStoredName:filepath = %@", path);
+    logMunging(47, u"fileToLoadFromDBStoredName:filepath = %@", path);
     if (!mayTouch(path))
         return {};
     if (NSFileManager::fileExistsAtPath(path))
@@ -106,15 +106,15 @@ QString KTMediaFilenameMunger::copyFileToDbAndReturnDBStoredName(const QString &
     KTStagedFile copy(folderOf(target));
     const QString stored = copy.copy(source) ? copy.place(target, makeTarget) : QString();
     const QString original = originalFileNameFromDBStoredName(stored.isNull() ? target : stored);
-    logLine(68, u"Attempt to copy %@ succeed? %d (and testing roundtrip)",
-            NSString::lastPathComponent(original), int(!stored.isNull()));
+    logMunging(68, u"Attempt to copy %@ succeed? %d (and testing roundtrip)",
+               NSString::lastPathComponent(original), int(!stored.isNull()));
     return stored;
 }
 
 void KTMediaFilenameMunger::deleteFileByDBStoredName(const QString &storedName)
 {
     const QString path = pathRelativeToDBStore(storedName);
-    logLine(77, u"deleteFileByDBStoredName:filepath = %@", path);
+    logMunging(77, u"deleteFileByDBStoredName:filepath = %@", path);
     if (!mayTouch(path))
         return;
     deleteIfThere(path, 85);
@@ -128,17 +128,17 @@ QString KTMediaFilenameMunger::downloadHttpFileToBundleAndReturnPath(const NSURL
         return {};
     const std::optional<QByteArray> data = KTMediaDownload::dataFrom(url);
     if (!data) {
-        logLine(173, u"Download of file %@ failed.", url.absoluteString());
+        logMunging(173, u"Download of file %@ failed.", url.absoluteString());
         return {};
     }
     const auto makeTarget = [&name] {
         return pathRelativeToDBStore(makeDBStoredNamefromOriginalFileName(name));
     };
     const QString target = makeTarget();
-    logLine(179, u"Writing file to %@", target);
+    logMunging(179, u"Writing file to %@", target);
     KTStagedFile file(folderOf(target));
     const QString path = file.write(*data) ? file.place(target, makeTarget) : QString();
     if (path.isNull())
-        logLine(184, u"Writing file to %@ failed.", target);
+        logMunging(184, u"Writing file to %@ failed.", target);
     return path;
 }

@@ -1,5 +1,7 @@
 #include "NSData_KTAdditions.h"
 
+#include "Platform/Foundation/NSASCII_p.h"
+
 #include <KTUtility/KTLogger.h>
 
 #include <algorithm>
@@ -230,14 +232,6 @@ private:
     QByteArray _data;
     Byte *_out;
 };
-
-bool isASCII(const QString &text)
-{
-    char16_t all = 0;
-    for (const QChar unit : text)
-        all = char16_t(all | unit.unicode());
-    return all < 0x80;
-}
 } // namespace
 
 QString KTAdditions::base64String(const QByteArray &data)
@@ -247,5 +241,5 @@ QString KTAdditions::base64String(const QByteArray &data)
 
 QByteArray KTAdditions::initWithBase64String(const QString &string)
 {
-    return isASCII(string) ? Decoder(string).run() : QByteArray("");
+    return NSASCII::isAllOf(string) ? Decoder(string).run() : QByteArray("");
 }

@@ -1,6 +1,7 @@
 #include "KTCurrencyFormatter.h"
 
 #include "KTCurrencyFormatter_p.h"
+#include "KTNumberTexts_p.h"
 #include "NSNumberFormatter_KTCurrency.h"
 
 #include <KTUtility/KTLogger.h>
@@ -8,13 +9,7 @@
 #include <KTUtility/Platform/Foundation/NSStringNormalization.h>
 
 namespace {
-constexpr int AllFractionDigits = 100;
 constexpr int DetailLevel = 7;
-
-QString nilIfEmpty(QString &&text)
-{
-    return text.isEmpty() ? QString() : std::move(text);
-}
 
 const QString &replacementCurrency()
 {
@@ -165,7 +160,7 @@ uint KTCurrencyFormatter::decimalPlaces() const
 
 void KTCurrencyFormatter::setDisplayAllDecimalPlaces()
 {
-    _currencyFormatter->setMaximumFractionDigits(AllFractionDigits);
+    _currencyFormatter->setMaximumFractionDigits(KTNumberTexts::AllFractionDigits);
 }
 
 std::optional<QStringList> KTCurrencyFormatter::optionsKeys() const
@@ -207,7 +202,7 @@ QString KTCurrencyFormatter::stringForObjectValue(const QVariant &value) const
         return {};
     if (KTLogger::sharedLogger()->shouldLogComponent(kLog_FormattersCurrency, DetailLevel))
         logLocales();
-    const QString text = nilIfEmpty(_currencyFormatter->stringForObjectValue(value));
+    const QString text = KTNumberTexts::nilIfEmpty(_currencyFormatter->stringForObjectValue(value));
     KTLog(kLog_FormattersCurrency, 4, u"KTCurrencyFormatter stringForObjectValue returns:%@", text);
     return text;
 }

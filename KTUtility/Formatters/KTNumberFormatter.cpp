@@ -1,6 +1,7 @@
 #include "KTNumberFormatter.h"
 
 #include "KTNumberFormatter_p.h"
+#include "KTNumberTexts_p.h"
 
 #include <KTUtility/KTLogger.h>
 #include <KTUtility/Platform/Foundation/NSCharacterSet.h>
@@ -13,7 +14,6 @@
 
 namespace {
 constexpr int MaximumInputFractionDigits = 111;
-constexpr int AllFractionDigits = 100;
 
 /// \a text without blanks and line ends at both ends.
 QStringView trimmed(QStringView text)
@@ -24,11 +24,6 @@ QStringView trimmed(QStringView text)
     while (!text.isEmpty() && blanks.characterIsMember(text.back().unicode()))
         text.chop(1);
     return text;
-}
-
-QString nilIfEmpty(QString &&text)
-{
-    return text.isEmpty() ? QString() : std::move(text);
 }
 } // namespace
 
@@ -144,7 +139,7 @@ void KTNumberFormatter::setDecimalPlaces(uint decimalPlaces)
 
 void KTNumberFormatter::setDisplayAllDecimalPlaces()
 {
-    _numberFormatter->setMaximumFractionDigits(AllFractionDigits);
+    _numberFormatter->setMaximumFractionDigits(KTNumberTexts::AllFractionDigits);
 }
 
 void KTNumberFormatter::setUseDisplayStringForEditingString(bool useDisplayStringForEditingString)
@@ -165,7 +160,7 @@ QString KTNumberFormatter::stringForObjectValue(const QVariant &value) const
 {
     if (!NSObject::isNumber(value))
         return {};
-    const QString text = nilIfEmpty(_numberFormatter->stringForObjectValue(value));
+    const QString text = KTNumberTexts::nilIfEmpty(_numberFormatter->stringForObjectValue(value));
     KTLog(kLog_FormattersNumbers, 4, u"KTNumberFormatter stringForObjectValue returns:%@", text);
     return text;
 }

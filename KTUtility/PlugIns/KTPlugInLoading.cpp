@@ -67,7 +67,7 @@ QObject *KTPlugInManager::loadPluginWithIdentifier(const QString &identifier)
     const NSClass *const principalClass = loadClass(bundle);
     std::unique_ptr<QObject> object =
         principalClass ? makeInstance(bundle, *principalClass) : nullptr;
-    if (!object) {
+    if (!principalClass || !object) {
         setState(bundle.bundlePath(), KTPlugInState::Failed);
         return nullptr;
     }

@@ -1,5 +1,6 @@
 #include "KTStatusHUDView.h"
 
+#include "KTStatusHUDShape_p.h"
 #include "Platform/AppKit/NSBezierPath.h"
 #include "Platform/AppKit/NSImage.h"
 #include "Platform/Foundation/NSClassRegistry.h"
@@ -11,7 +12,6 @@
 #include <cmath>
 
 namespace {
-constexpr float CornerRadius = 8;
 constexpr const char *ClickSelector = "userClickedHUDOnEvent:";
 } // namespace
 
@@ -28,7 +28,7 @@ void KTStatusHUDView::drawRect(QPainter &painter, const QRectF &rect) const
     if (!_bgColor.isValid())
         return;
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(bezierPathWithRoundRectInRect(rect, CornerRadius), _bgColor);
+    painter.fillPath(bezierPathWithRoundRectInRect(rect, KTStatusHUDCornerRadius), _bgColor);
 }
 
 QPainterPath KTStatusHUDView::bezierPathWithRoundRectInRect(const QRectF &rect, float radius)

@@ -1,5 +1,6 @@
 #include "KTStatusHUDWindow.h"
 
+#include "KTStatusHUDShape_p.h"
 #include "KTStatusHUDView.h"
 #include "Platform/AppKit/NSImage.h"
 #include "Platform/AppKit/NSWindow.h"
@@ -12,8 +13,6 @@
 #include <QPainter>
 
 namespace {
-constexpr float CornerRadius = 8;
-
 QAccessibleInterface *makeAccessible(const QString & /*className*/, QObject *object)
 {
     auto *const window = qobject_cast<KTStatusHUDWindow *>(object);
@@ -37,9 +36,9 @@ QRegion regionOfRoundRect(const QSize &size)
         return QRegion(QRect(QPoint(), size));
     QPainter painter(&shape);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(
-        KTStatusHUDView::bezierPathWithRoundRectInRect(QRectF(shape.rect()), CornerRadius),
-        Qt::black);
+    painter.fillPath(KTStatusHUDView::bezierPathWithRoundRectInRect(QRectF(shape.rect()),
+                                                                    KTStatusHUDCornerRadius),
+                     Qt::black);
     painter.end();
     // The bits of a mask image are white for what they choose, and those of a bitmap black.
     return QRegion(

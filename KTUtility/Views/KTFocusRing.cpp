@@ -11,7 +11,7 @@
 namespace {
 /// How far it reaches beyond the view, in points.
 constexpr int RingWidth = 3;
-constexpr qreal CornerRadius = 3;
+constexpr qreal RingRadius = 3;
 
 /// Draws nothing but the ring, and lets the mouse through.
 class Overlay : public QWidget
@@ -47,8 +47,8 @@ private:
         QColor color = palette().color(QPalette::Highlight);
         color.setAlphaF(float(strength));
         painter.setPen(QPen(color, 1));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), CornerRadius,
-                                CornerRadius);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), RingRadius,
+                                RingRadius);
     }
 };
 

@@ -9,7 +9,7 @@
 #include <QUiLoader>
 
 namespace {
-constexpr const char *DelegateProperty = "delegateOutlet";
+constexpr const char *DelegateOutlet = "delegateOutlet";
 
 /// Knows the registered classes beside those of Qt.
 class NibLoader : public QUiLoader
@@ -64,7 +64,7 @@ void connectOutlets(QObject *owner, QWidget *root)
 
 void connectDelegate(QWidget *widget, QObject *owner)
 {
-    if (widget->property(DelegateProperty).toString() == u"owner")
+    if (widget->property(DelegateOutlet).toString() == u"owner")
         QMetaObject::invokeMethod(widget, "setDelegate", Qt::DirectConnection,
                                   Q_ARG(QObject *, owner));
 }

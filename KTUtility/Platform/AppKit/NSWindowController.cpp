@@ -5,7 +5,7 @@
 #include <QCloseEvent>
 
 namespace {
-constexpr const char *DelegateProperty = "_NSWindowDelegate";
+constexpr const char *WindowDelegate = "_NSWindowDelegate";
 }
 
 NSWindowController::NSWindowController(QWidget *window)
@@ -43,7 +43,7 @@ void NSWindowController::setWindow(QWidget *window)
     _window = window;
     if (!window)
         return;
-    window->setProperty(DelegateProperty, QVariant::fromValue<QObject *>(this));
+    window->setProperty(WindowDelegate, QVariant::fromValue<QObject *>(this));
     window->installEventFilter(this);
 }
 
@@ -76,8 +76,7 @@ NSWindowController *NSWindowController::delegateOf(const QWidget *window)
 {
     if (!window)
         return nullptr;
-    return qobject_cast<NSWindowController *>(
-        window->property(DelegateProperty).value<QObject *>());
+    return qobject_cast<NSWindowController *>(window->property(WindowDelegate).value<QObject *>());
 }
 
 bool NSWindowController::eventFilter(QObject *object, QEvent *event)

@@ -8,10 +8,10 @@
 
 namespace {
 /// A date on its way to text: the wall clock, and what names things.
-class Writer
+class CalendarWriter
 {
 public:
-    Writer(qint64 time, const NSDateEnvironment &environment, const NSTimeZoneRules &rules)
+    CalendarWriter(qint64 time, const NSDateEnvironment &environment, const NSTimeZoneRules &rules)
         : _time(time)
         , _environment(environment)
         , _rules(rules)
@@ -146,7 +146,7 @@ QString NSCalendarDateFormat::stringOf(const QString &pattern, qint64 time,
                                        const NSDateEnvironment &environment,
                                        const NSTimeZoneRules &rules)
 {
-    const Writer writer(time, environment, rules);
+    const CalendarWriter writer(time, environment, rules);
     QString result = QStringLiteral("");
     for (qsizetype at = 0; at < pattern.size(); ++at) {
         const bool isDirective = pattern[at] == u'%' && at + 1 < pattern.size();

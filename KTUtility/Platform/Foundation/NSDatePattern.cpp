@@ -1,5 +1,6 @@
 #include "NSDatePattern_p.h"
 
+#include "NSASCII_p.h"
 #include "NSDateCharacters_p.h"
 
 #include <QMutex>
@@ -10,6 +11,8 @@
 #include <unordered_map>
 
 namespace {
+using ElementKind = NSDateElement::Kind;
+
 /// More patterns than any application has; the texts of patterns may come from outside.
 constexpr size_t Capacity = 4096;
 constexpr qsizetype LongestKept = 256;
@@ -31,11 +34,6 @@ quint64 nextNumber()
 {
     static std::atomic<quint64> last = 0;
     return ++last;
-}
-
-bool isLetter(char16_t unit)
-{
-    return (unit >= u'A' && unit <= u'Z') || (unit >= u'a' && unit <= u'z');
 }
 
 /// Whether ICU takes a field for a number when it stands beside another one.
@@ -61,13 +59,11 @@ qsizetype endOfLiteral(QStringView text, qsizetype start)
     for (; end < text.size(); ++end) {
         if (text[end] == u'\'')
             isQuoted = !isQuoted;
-        else if (!isQuoted && isLetter(text[end].unicode()))
+        else if (!isQuoted && NSASCII::isLetter(text[end].unicode()))
             break;
     }
     return end;
 }
-
-using Kind = NSDateElement::Kind;
 
 bool isReadableNumber(char16_t letter, int count)
 {
@@ -76,20 +72,20 @@ bool isReadableNumber(char16_t letter, int count)
     return QStringView(u"dhHkKms").contains(letter);
 }
 
-Kind kindOf(char16_t letter, int count)
+ElementKind kindOf(char16_t letter, int count)
 {
     if (letter == u'M' || letter == u'L')
-        return count <= 2 ? Kind::Number : Kind::MonthName;
+        return count <= 2 ? ElementKind::Number : ElementKind::MonthName;
     if (letter == u'E')
-        return Kind::Weekday;
+        return ElementKind::Weekday;
     if (letter == u'a')
-        return Kind::HalfOfDay;
-    return isReadableNumber(letter, count) ? Kind::Number : Kind::Other;
+        return ElementKind::HalfOfDay;
+    return isReadableNumber(letter, count) ? ElementKind::Number : ElementKind::Other;
 }
 
 bool isNumber(const NSDateElement &element)
 {
-    return element.kind != Kind::Literal && isNumberField(element.letter, element.count);
+    return element.kind != ElementKind::Literal && isNumberField(element.letter, element.count);
 }
 
 /// The letters of the number fields that follow each other from \a start.
@@ -110,7 +106,7 @@ NSDatePattern::NSDatePattern(const QString &pattern)
     : text(pattern), number(nextNumber()), isBareHour(pattern == u"ha")
 {
     for (qsizetype at = 0; at < text.size();) {
-        const bool isField = isLetter(text[at].unicode());
+        const bool isField = NSASCII::isLetter(text[at].unicode());
         const qsizetype end = isField ? endOfRun(text, at) : endOfLiteral(text, at);
         if (isField)
             appendField(at, end);
@@ -124,7 +120,9 @@ NSDatePattern::NSDatePattern(const QString &pattern)
 
 void NSDatePattern::noteLead()
 {
-    const auto isOther = [](const NSDateElement &element) { return element.kind == Kind::Other; };
+    const auto isOther = [](const NSDateElement &element) {
+        return element.kind == ElementKind::Other;
+    };
     _needsICU = std::any_of(_elements.begin(), _elements.end(), isOther);
     if (_elements.empty())
         return;
@@ -132,8 +130,8 @@ void NSDatePattern::noteLead()
     _leadingKind = first.kind;
     _isLedByMonth = first.letter == u'M' || first.letter == u'L';
     // A text may end within the last literal; only one that a field follows has to be there.
-    if (first.kind == Kind::Number && _elements.size() > 2 && _elements[1].kind == Kind::Literal &&
-        !_elements[1].sought.isEmpty())
+    if (first.kind == ElementKind::Number && _elements.size() > 2 &&
+        _elements[1].kind == ElementKind::Literal && !_elements[1].sought.isEmpty())
         _unitAfterLeadingNumber = _elements[1].sought[0].unicode();
 }
 
@@ -143,8 +141,8 @@ void NSDatePattern::appendField(qsizetype at, qsizetype end)
     const int count = int(end - at);
     if (letter == u'y' && yearLetters == 0)
         setYear(at, end);
-    const Kind kind = kindOf(letter, count);
-    hasMonthName = hasMonthName || kind == Kind::MonthName;
+    const ElementKind kind = kindOf(letter, count);
+    hasMonthName = hasMonthName || kind == ElementKind::MonthName;
     hasDayPeriod = hasDayPeriod || letter == u'b' || letter == u'B';
     hasZone = hasZone || QStringView(u"zZOvVXx").contains(letter);
     const bool isWide = letter == u'd' || letter == u'm' || letter == u's';
@@ -155,7 +153,7 @@ void NSDatePattern::appendField(qsizetype at, qsizetype end)
 void NSDatePattern::appendLiteral(QStringView source)
 {
     NSDateElement element;
-    element.kind = Kind::Literal;
+    element.kind = ElementKind::Literal;
     for (qsizetype at = 0; at < source.size(); ++at) {
         const bool isQuote = source[at] == u'\'';
         const bool isDoubled = isQuote && at + 1 < source.size() && source[at + 1] == u'\'';
@@ -186,7 +184,7 @@ void NSDatePattern::leaveAdjacentNumbersToICU()
         NSDateElement &left = _elements[index - 1];
         NSDateElement &right = _elements[index];
         if (isNumber(left) && isNumber(right))
-            left.kind = right.kind = Kind::Other;
+            left.kind = right.kind = ElementKind::Other;
     }
 }
 

@@ -6,7 +6,7 @@
 
 namespace {
 using icu::DateFormatSymbols;
-using Kind = NSDateFormatterSymbols;
+using SymbolKind = NSDateFormatterSymbols;
 
 /// A list of months, weekdays or quarters: which kind of names of it.
 struct List
@@ -16,7 +16,7 @@ struct List
 };
 
 /// The three widths of a group stand behind each other in the enumeration.
-List listOf(Kind kind, Kind first, Kind firstStandalone)
+List listOf(SymbolKind kind, SymbolKind first, SymbolKind firstStandalone)
 {
     constexpr std::array Widths{DateFormatSymbols::WIDE, DateFormatSymbols::ABBREVIATED,
                                 DateFormatSymbols::NARROW};
@@ -26,39 +26,40 @@ List listOf(Kind kind, Kind first, Kind firstStandalone)
             Widths[size_t(width)]};
 }
 
-bool isMonth(Kind kind)
+bool isMonth(SymbolKind kind)
 {
-    return kind >= Kind::Month && kind <= Kind::VeryShortStandaloneMonth;
+    return kind >= SymbolKind::Month && kind <= SymbolKind::VeryShortStandaloneMonth;
 }
 
-bool isWeekday(Kind kind)
+bool isWeekday(SymbolKind kind)
 {
-    return kind >= Kind::Weekday && kind <= Kind::VeryShortStandaloneWeekday;
+    return kind >= SymbolKind::Weekday && kind <= SymbolKind::VeryShortStandaloneWeekday;
 }
 
-List monthList(Kind kind)
+List monthList(SymbolKind kind)
 {
-    return listOf(kind, Kind::Month, Kind::StandaloneMonth);
+    return listOf(kind, SymbolKind::Month, SymbolKind::StandaloneMonth);
 }
 
-List weekdayList(Kind kind)
+List weekdayList(SymbolKind kind)
 {
-    return listOf(kind, Kind::Weekday, Kind::StandaloneWeekday);
+    return listOf(kind, SymbolKind::Weekday, SymbolKind::StandaloneWeekday);
 }
 
-List quarterList(Kind kind)
+List quarterList(SymbolKind kind)
 {
-    return listOf(kind, Kind::Quarter, Kind::StandaloneQuarter);
+    return listOf(kind, SymbolKind::Quarter, SymbolKind::StandaloneQuarter);
 }
 
-const icu::UnicodeString *othersOf(const DateFormatSymbols &symbols, Kind kind, int32_t *count)
+const icu::UnicodeString *othersOf(const DateFormatSymbols &symbols, SymbolKind kind,
+                                   int32_t *count)
 {
     switch (kind) {
-    case Kind::Era:
+    case SymbolKind::Era:
         return symbols.getEras(*count);
-    case Kind::LongEra:
+    case SymbolKind::LongEra:
         return symbols.getEraNames(*count);
-    case Kind::AMPM:
+    case SymbolKind::AMPM:
         return symbols.getAmPmStrings(*count);
     default:
         const List list = quarterList(kind);
@@ -66,7 +67,7 @@ const icu::UnicodeString *othersOf(const DateFormatSymbols &symbols, Kind kind, 
     }
 }
 
-const icu::UnicodeString *arrayOf(const DateFormatSymbols &symbols, Kind kind, int32_t *count)
+const icu::UnicodeString *arrayOf(const DateFormatSymbols &symbols, SymbolKind kind, int32_t *count)
 {
     if (isMonth(kind)) {
         const List list = monthList(kind);
@@ -90,7 +91,7 @@ std::vector<icu::UnicodeString> copyOf(const QStringList &names, bool isOfWeekda
 }
 } // namespace
 
-QStringList NSDateSymbols::names(const DateFormatSymbols &symbols, Kind kind)
+QStringList NSDateSymbols::names(const DateFormatSymbols &symbols, SymbolKind kind)
 {
     int32_t count = 0;
     const icu::UnicodeString *const array = arrayOf(symbols, kind, &count);
@@ -100,7 +101,7 @@ QStringList NSDateSymbols::names(const DateFormatSymbols &symbols, Kind kind)
     return names;
 }
 
-void NSDateSymbols::setNames(DateFormatSymbols *symbols, Kind kind, const QStringList &names)
+void NSDateSymbols::setNames(DateFormatSymbols *symbols, SymbolKind kind, const QStringList &names)
 {
     const std::vector<icu::UnicodeString> copy = copyOf(names, isWeekday(kind));
     const auto count = int32_t(copy.size());
@@ -110,11 +111,11 @@ void NSDateSymbols::setNames(DateFormatSymbols *symbols, Kind kind, const QStrin
     } else if (isWeekday(kind)) {
         const List list = weekdayList(kind);
         symbols->setWeekdays(copy.data(), count, list.context, list.width);
-    } else if (kind == Kind::Era) {
+    } else if (kind == SymbolKind::Era) {
         symbols->setEras(copy.data(), count);
-    } else if (kind == Kind::LongEra) {
+    } else if (kind == SymbolKind::LongEra) {
         symbols->setEraNames(copy.data(), count);
-    } else if (kind == Kind::AMPM) {
+    } else if (kind == SymbolKind::AMPM) {
         symbols->setAmPmStrings(copy.data(), count);
     } else {
         const List list = quarterList(kind);

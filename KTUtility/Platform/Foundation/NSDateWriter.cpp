@@ -8,12 +8,12 @@ namespace {
 /// Room for a date without allocating twice.
 constexpr qsizetype UsualLength = 32;
 /// More letters are left to ICU.
-constexpr int MaximalDigits = 9;
+constexpr int LongestNumber = 9;
 
-class Writer
+class GregorianWriter
 {
 public:
-    Writer(const NSDateEnvironment &environment, qint64 localTime)
+    GregorianWriter(const NSDateEnvironment &environment, qint64 localTime)
         : _names(environment.shownNames()), _fields(NSDateFields::fieldsOf(localTime))
     {
         _text.reserve(UsualLength);
@@ -46,7 +46,7 @@ public:
 private:
     bool writeNumber(char16_t letter, int digits)
     {
-        if (digits > MaximalDigits)
+        if (digits > LongestNumber)
             return false;
         if (letter == u'y' && digits == 2)
             append(int(_fields.year % 100), 2);
@@ -90,7 +90,7 @@ private:
 
     void append(int value, int digits)
     {
-        std::array<char16_t, size_t(MaximalDigits)> buffer;
+        std::array<char16_t, size_t(LongestNumber)> buffer;
         size_t start = buffer.size();
         while (value > 0 || digits > 0) {
             buffer[--start] = char16_t(u'0' + value % 10);
@@ -134,7 +134,7 @@ bool NSDateWriter::write(const NSDatePattern &pattern, const NSDateEnvironment &
     if (pattern.needsICU() || !environment.isGregorian || !environment.hasASCIIDigits ||
         !NSCivil::isSafe(time))
         return false;
-    Writer writer(environment, rules.localTimeOf(time));
+    GregorianWriter writer(environment, rules.localTimeOf(time));
     for (const NSDateElement &element : pattern.elements()) {
         if (!writer.write(element))
             return false;

@@ -17,7 +17,7 @@ using Coefficient = NSCoefficient;
 
 using NSDecimalArithmetic::powerOfTen;
 
-constexpr int MaximumDigits = 38;
+constexpr int MaximumDigits = NSDecimalParts::MaximumDigits;
 constexpr int MinimumExponent = -128;
 constexpr int MaximumExponent = 127;
 

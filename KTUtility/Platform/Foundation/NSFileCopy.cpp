@@ -1,6 +1,7 @@
 #include "NSFileHandle.h"
 #include "NSFileManager.h"
 #include "NSFileOperations_p.h"
+#include "NSFolderStream_p.h"
 
 #include <QFile>
 
@@ -8,22 +9,14 @@
 #include <cerrno>
 #include <climits>
 #include <cstring>
-#include <dirent.h>
 #include <fcntl.h>
 #include <filesystem>
-#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 /// Bits of the mode that a copy takes over; a copy never runs with its owner's rights.
 constexpr mode_t KeptMode = 0777;
-
-struct CloseFolder
-{
-    void operator()(DIR *folder) const { ::closedir(folder); }
-};
-using Folder = std::unique_ptr<DIR, CloseFolder>;
 
 bool copyItem(const QByteArray &source, const QByteArray &target, const struct stat &status);
 
@@ -117,7 +110,7 @@ DIR *openFolder(const QByteArray &path)
 
 bool copyFolder(const QByteArray &source, const QByteArray &target, const struct stat &status)
 {
-    const Folder folder(openFolder(source));
+    const NSFolderStream folder(openFolder(source));
     if (!folder || ::mkdir(target.constData(), 0700) != 0)
         return false;
     const NSFileHandle made(NSOpen(target, O_RDONLY | O_DIRECTORY));

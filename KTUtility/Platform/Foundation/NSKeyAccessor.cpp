@@ -10,12 +10,12 @@
 #include <QMetaProperty>
 
 namespace {
-const QVariant nil;
+const QVariant Nil;
 
 /// A null text is nil wherever it comes from.
 const QVariant &boxed(const QVariant &value)
 {
-    return value.typeId() == QMetaType::QString && NSObject::isNil(value) ? nil : value;
+    return value.typeId() == QMetaType::QString && NSObject::isNil(value) ? Nil : value;
 }
 
 QByteArray capitalised(const QByteArray &key)
@@ -173,10 +173,10 @@ const QVariant &NSKeyAccessor::readOther(const NSKeyValueTarget &target)
 {
     using Kind = NSKeyValueTarget::Kind;
     if (_key.isNull())
-        return nil;
+        return Nil;
     switch (target.kind) {
     case Kind::Nil:
-        return nil;
+        return Nil;
     case Kind::Null:
         return *static_cast<const QVariant *>(target.instance);
     case Kind::Map:

@@ -9,8 +9,6 @@
 #include <cmath>
 
 namespace {
-const QVariant nil;
-
 double numberOf(const QVariant &value)
 {
     return NSObject::isNumber(value) ? NSObject::description(value).toDouble()

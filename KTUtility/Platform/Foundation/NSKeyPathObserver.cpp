@@ -7,7 +7,7 @@
 #include <utility>
 
 namespace {
-quint64 nextSerial()
+quint64 nextObserverSerial()
 {
     static quint64 serial = 0;
     return ++serial;
@@ -24,7 +24,10 @@ QObject *objectIn(const QVariant &value)
 NSKeyPathObserver::NSKeyPathObserver(QObject *object, const QString &keyPath,
                                      NSKeyValueObservingOptions options,
                                      NSKeyValueObservation::Callback callback)
-    : _root(object), _options(options), _callback(std::move(callback)), _serial(nextSerial())
+    : _root(object)
+    , _options(options)
+    , _callback(std::move(callback))
+    , _serial(nextObserverSerial())
 {
     const QStringList keys = keyPath.split(u'.');
     _steps.reserve(size_t(keys.size()));

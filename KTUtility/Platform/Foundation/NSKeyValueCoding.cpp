@@ -13,8 +13,6 @@
 #include <algorithm>
 
 namespace {
-using Kind = NSKeyValueTarget::Kind;
-
 [[noreturn]] void raiseUndefinedKey(const NSKeyValueTarget &receiver, const QString &key)
 {
     NSException::raise(
@@ -58,7 +56,7 @@ bool setProperty(const NSKeyValueTarget &receiver, const QVariant &value, const 
         return false;
     const QMetaProperty property = receiver.metaObject->property(index);
     const QVariant typed = converted(receiver, value, property.metaType(), key);
-    if (receiver.kind == Kind::Object)
+    if (receiver.kind == NSKeyValueTarget::Kind::Object)
         return property.write(receiver.object(), typed);
     return property.writeOnGadget(const_cast<void *>(receiver.instance), typed);
 }
@@ -88,7 +86,7 @@ bool callSetter(const NSKeyValueTarget &receiver, const QVariant &value, const Q
     QVariant typed = converted(receiver, value, type, key);
     const bool isVariant = type.id() == QMetaType::QVariant;
     const QGenericArgument argument(type.name(), isVariant ? &typed : typed.constData());
-    return receiver.kind == Kind::Object
+    return receiver.kind == NSKeyValueTarget::Kind::Object
                ? method.invoke(receiver.object(), Qt::DirectConnection, argument)
                : method.invokeOnGadget(const_cast<void *>(receiver.instance), argument);
 }
@@ -96,7 +94,8 @@ bool callSetter(const NSKeyValueTarget &receiver, const QVariant &value, const Q
 bool setDynamicProperty(const NSKeyValueTarget &receiver, const QVariant &value, const QString &key)
 {
     const QByteArray name = key.toUtf8();
-    if (receiver.kind != Kind::Object || !receiver.object()->dynamicPropertyNames().contains(name))
+    if (receiver.kind != NSKeyValueTarget::Kind::Object ||
+        !receiver.object()->dynamicPropertyNames().contains(name))
         return false;
     receiver.object()->setProperty(name.constData(), value);
     return true;
@@ -125,7 +124,7 @@ void setEntry(Dictionary &dictionary, const QVariant &value, const QString &key)
 
 bool setInCodingObject(const NSKeyValueTarget &receiver, const QVariant &value, const QString &key)
 {
-    if (receiver.kind != Kind::Object)
+    if (receiver.kind != NSKeyValueTarget::Kind::Object)
         return false;
     auto *const object = qobject_cast<NSKeyValueCodingObject *>(receiver.object());
     return object && object->setValueForKey(value, key);
@@ -135,7 +134,7 @@ bool setInCodingObject(const NSKeyValueTarget &receiver, const QVariant &value, 
 void NSKeyValueCoding::setValueOfTarget(const NSKeyValueTarget &receiver, const QVariant &value,
                                         const QString &forKey)
 {
-    if (receiver.kind == Kind::Nil)
+    if (receiver.kind == NSKeyValueTarget::Kind::Nil)
         return;
     const bool isKey = !forKey.isEmpty() && !forKey.contains(QChar::Null);
     if (!receiver.metaObject || !isKey ||
@@ -153,16 +152,16 @@ void NSKeyValueCoding::setValue(QVariant &receiver, const QVariant &value, const
 {
     const NSKeyValueTarget target = NSKeyValueTarget::ofVariant(receiver);
     switch (target.kind) {
-    case Kind::Map:
+    case NSKeyValueTarget::Kind::Map:
         setEntry(*static_cast<QVariantMap *>(receiver.data()), value, forKey);
         break;
-    case Kind::Hash:
+    case NSKeyValueTarget::Kind::Hash:
         setEntry(*static_cast<QVariantHash *>(receiver.data()), value, forKey);
         break;
-    case Kind::Collection:
+    case NSKeyValueTarget::Kind::Collection:
         setValueOfElements(receiver, value, forKey);
         break;
-    case Kind::Gadget: {
+    case NSKeyValueTarget::Kind::Gadget: {
         // A gadget inside of a variant: write to the variant's own copy.
         const bool isPointer = receiver.metaType().flags() & QMetaType::PointerToGadget;
         setValueOfTarget(isPointer ? target
@@ -181,9 +180,10 @@ void setInVariant(QVariant &receiver, const QVariant &value, const QString &path
 /// Whether what a variant holds was changed in a copy, so that it must be put back.
 bool isCopy(const QVariant &value)
 {
-    const Kind kind = NSKeyValueTarget::ofVariant(value).kind;
-    if (kind != Kind::Collection)
-        return kind == Kind::Map || kind == Kind::Hash || kind == Kind::Gadget;
+    const NSKeyValueTarget::Kind kind = NSKeyValueTarget::ofVariant(value).kind;
+    if (kind != NSKeyValueTarget::Kind::Collection)
+        return kind == NSKeyValueTarget::Kind::Map || kind == NSKeyValueTarget::Kind::Hash ||
+               kind == NSKeyValueTarget::Kind::Gadget;
     const QVariantList elements = value.value<QVariantList>();
     return std::any_of(elements.begin(), elements.end(), isCopy);
 }
@@ -200,7 +200,8 @@ void setInElements(QVariant &receiver, const QVariant &value, const QString &pat
 /// Sets the end of a path in what a variant holds.
 void setInVariant(QVariant &receiver, const QVariant &value, const QString &path)
 {
-    const bool isNothing = NSKeyValueTarget::ofVariant(receiver).kind == Kind::Nil;
+    const bool isNothing =
+        NSKeyValueTarget::ofVariant(receiver).kind == NSKeyValueTarget::Kind::Nil;
     if (isNothing || NSIsControllerMarker(receiver))
         return;
     const qsizetype dot = path.indexOf(u'.');
@@ -208,7 +209,7 @@ void setInVariant(QVariant &receiver, const QVariant &value, const QString &path
         NSKeyValueCoding::setValue(receiver, value, path);
         return;
     }
-    if (NSKeyValueTarget::ofVariant(receiver).kind == Kind::Collection) {
+    if (NSKeyValueTarget::ofVariant(receiver).kind == NSKeyValueTarget::Kind::Collection) {
         setInElements(receiver, value, path);
         return;
     }

@@ -2,7 +2,7 @@
 
 namespace {
 /// More digits than any number here has.
-constexpr int MaximalDigits = 5;
+constexpr int TooManyDigits = 5;
 
 bool isSeparator(char16_t unit)
 {
@@ -337,10 +337,10 @@ std::optional<int> NSNaturalLanguageReader::takeDigits(int *digits)
 {
     const qsizetype start = _at;
     int number = 0;
-    while (_at < _text.size() && _text[_at].digitValue() >= 0 && _at - start < MaximalDigits)
+    while (_at < _text.size() && _text[_at].digitValue() >= 0 && _at - start < TooManyDigits)
         number = number * 10 + _text[_at++].digitValue();
     const qsizetype count = _at - start;
     if (digits)
         *digits = int(count);
-    return count > 0 && count < MaximalDigits ? std::optional(number) : std::nullopt;
+    return count > 0 && count < TooManyDigits ? std::optional(number) : std::nullopt;
 }

@@ -5,7 +5,7 @@ using Kind = NSNaturalLanguageMeaning::Kind;
 
 constexpr int Second = int(NSSecondCalendarUnit);
 constexpr int Minute = int(NSMinuteCalendarUnit);
-constexpr int Hour = int(NSHourCalendarUnit);
+constexpr int HourUnit = int(NSHourCalendarUnit);
 constexpr int Day = int(NSDayCalendarUnit);
 constexpr int Week = int(NSWeekCalendarUnit);
 constexpr int Month = int(NSMonthCalendarUnit);
@@ -20,7 +20,7 @@ const std::vector<NSNaturalLanguageRow> &NSNaturalLanguageTable()
         {"en", u"the day before yesterday|day before yesterday", {Kind::Day, -2}},
         {"en", u"second|seconds", {Kind::Unit, Second}},
         {"en", u"minute|minutes", {Kind::Unit, Minute}},
-        {"en", u"hour|hours", {Kind::Unit, Hour}},
+        {"en", u"hour|hours", {Kind::Unit, HourUnit}},
         {"en", u"day|days", {Kind::Unit, Day}},
         {"en", u"week|weeks", {Kind::Unit, Week}},
         {"en", u"month|months", {Kind::Unit, Month}},
@@ -47,7 +47,7 @@ const std::vector<NSNaturalLanguageRow> &NSNaturalLanguageTable()
         {"de", u"vorgestern", {Kind::Day, -2}},
         {"de", u"sekunde|sekunden", {Kind::Unit, Second}},
         {"de", u"minute|minuten", {Kind::Unit, Minute}},
-        {"de", u"stunde|stunden", {Kind::Unit, Hour}},
+        {"de", u"stunde|stunden", {Kind::Unit, HourUnit}},
         {"de", u"tag|tage|tagen", {Kind::Unit, Day}},
         {"de", u"woche|wochen", {Kind::Unit, Week}},
         {"de", u"monat|monate|monaten|monats", {Kind::Unit, Month}},

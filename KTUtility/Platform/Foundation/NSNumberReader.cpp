@@ -1,10 +1,10 @@
 #include "NSNumberReader_p.h"
 
-namespace {
-using Result = NSNumberReader::Result;
+#include "NSASCII_p.h"
 
+namespace {
 /// The coefficient holds this many digits for certain.
-constexpr int MaximumDigits = 18;
+constexpr int CertainDigits = 18;
 constexpr int GroupSize = 3;
 
 bool isBlank(char16_t unit)
@@ -15,11 +15,6 @@ bool isBlank(char16_t unit)
 bool isDigit(char16_t unit)
 {
     return unit >= u'0' && unit <= u'9';
-}
-
-bool isLetter(char16_t unit)
-{
-    return (unit >= u'A' && unit <= u'Z') || (unit >= u'a' && unit <= u'z');
 }
 
 bool isExponent(char16_t unit)
@@ -38,7 +33,7 @@ class Reading
 public:
     Reading(QStringView text, const NSNumberReader &reader) : _text(text), _reader(reader) {}
 
-    Result run()
+    NSNumberReader::Result run()
     {
         skipBlanks();
         _result.begin = _at;
@@ -49,8 +44,8 @@ public:
         if (const bool isMinus = unit() == u'-'; isMinus || unit() == u'+')
             return readSigned(isMinus);
         if (startsNumber())
-            return readNumber() ? stopAfterNumber() : Result();
-        return isCertainlyNoNumber() ? failedAt(_at) : Result();
+            return readNumber() ? stopAfterNumber() : NSNumberReader::Result();
+        return isCertainlyNoNumber() ? failedAt(_at) : NSNumberReader::Result();
     }
 
 private:
@@ -70,7 +65,7 @@ private:
             ++_at;
     }
 
-    Result failedAt(qsizetype position)
+    NSNumberReader::Result failedAt(qsizetype position)
     {
         _result.outcome = NSNumberReader::NoNumber;
         _result.end = position;
@@ -81,26 +76,27 @@ private:
     bool isCertainlyNoNumber() const
     {
         const char16_t first = unit();
-        if (isLetter(first))
+        if (NSASCII::isLetter(first))
             return upperCase(first) != _reader.notANumberStart && !isExponent(first);
         if (first == u'(')
             return !_reader.usesParentheses;
         return QStringView(u"$/:;<=>?@[]^{|}~!\"#&*").contains(QChar(first));
     }
 
-    Result readSigned(bool isMinus)
+    NSNumberReader::Result readSigned(bool isMinus)
     {
         const qsizetype behindSign = ++_at;
         skipBlanks();
         _result.isNegative = isMinus;
         if (startsNumber())
-            return readNumber() ? stopAfterNumber() : Result();
-        if (_at >= _text.size() || isLetter(unit()))
-            return isCertainlyNoNumber() || _at >= _text.size() ? failedAt(behindSign) : Result();
+            return readNumber() ? stopAfterNumber() : NSNumberReader::Result();
+        if (_at >= _text.size() || NSASCII::isLetter(unit()))
+            return isCertainlyNoNumber() || _at >= _text.size() ? failedAt(behindSign)
+                                                                : NSNumberReader::Result();
         return {};
     }
 
-    Result readParentheses()
+    NSNumberReader::Result readParentheses()
     {
         ++_at;
         skipBlanks();
@@ -114,7 +110,7 @@ private:
         return finished();
     }
 
-    Result finished()
+    NSNumberReader::Result finished()
     {
         _result.outcome = NSNumberReader::Number;
         _result.end = _at;
@@ -123,7 +119,7 @@ private:
 
     bool addDigit()
     {
-        if (_digits >= MaximumDigits)
+        if (_digits >= CertainDigits)
             return false;
         _result.coefficient = _result.coefficient * 10 + unsigned(unit() - u'0');
         _digits += _result.coefficient != 0;
@@ -175,7 +171,7 @@ private:
     }
 
     /// What follows must not be able to belong to the number.
-    Result stopAfterNumber()
+    NSNumberReader::Result stopAfterNumber()
     {
         const qsizetype end = _at;
         const bool isBehindBlank = isBlank(unit());
@@ -183,7 +179,7 @@ private:
         const bool isSafe =
             _at >= _text.size() || isSafeTail(isBehindBlank, isDigit(_text[end - 1].unicode()));
         _at = end;
-        return isSafe ? finished() : Result();
+        return isSafe ? finished() : NSNumberReader::Result();
     }
 
     /// Blanks between two digits stay a blank; all others vanish.
@@ -192,7 +188,7 @@ private:
         const char16_t next = unit();
         if (isDigit(next))
             return isBehindBlank && isBehindDigit && !_reader.usesGrouping;
-        if (isLetter(next))
+        if (NSASCII::isLetter(next))
             return !isExponent(next);
         if (next == u'.' || next == u',')
             return !isBehindBlank && !_reader.usesGrouping;
@@ -205,7 +201,7 @@ private:
     const NSNumberReader &_reader;
     qsizetype _at = 0;
     int _digits = 0;
-    Result _result;
+    NSNumberReader::Result _result;
 };
 } // namespace
 

@@ -263,7 +263,7 @@ bool needsQuotes(const QString &text)
            });
 }
 
-constexpr int MaximumDepth = 64;
+constexpr int DeepestDescription = 64;
 
 QString describeAtDepth(const QVariant &value, int depth);
 
@@ -325,7 +325,7 @@ QString describeAtDepth(const QVariant &value, int depth)
         return QStringLiteral("(null)");
     if (isNSNull(value))
         return QStringLiteral("<null>");
-    if (depth > MaximumDepth)
+    if (depth > DeepestDescription)
         return QStringLiteral("...");
     switch (const Family family = familyOf(value)) {
     case Family::Text:

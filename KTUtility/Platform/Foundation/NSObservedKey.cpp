@@ -24,7 +24,7 @@ NSKeyValueCodingObject *codingObject(QObject *object)
     return qobject_cast<NSKeyValueCodingObject *>(object);
 }
 
-quint64 nextSerial()
+quint64 nextKeySerial()
 {
     static quint64 serial = 0;
     return ++serial;
@@ -79,7 +79,7 @@ QList<NSObservedKey *> NSObservedKey::allOf(const QObject *object)
 }
 
 NSObservedKey::NSObservedKey(QObject *object, const QString &key)
-    : _object(object), _address(object), _key(key), _serial(nextSerial())
+    : _object(object), _address(object), _key(key), _serial(nextKeySerial())
 {
     connectTo(object);
     observedKeys()[object].insert(key, this);

@@ -10,7 +10,7 @@
 
 namespace {
 /// Deeper parentheses are refused.
-constexpr int MaximumDepth = 100;
+constexpr int DeepestPredicate = 100;
 
 bool isWordUnit(QChar unit)
 {
@@ -123,7 +123,7 @@ NSPredicate::Block NSPredicateParser::parseAnd()
 
 NSPredicate::Block NSPredicateParser::parseNot()
 {
-    if (++_depth > MaximumDepth)
+    if (++_depth > DeepestPredicate)
         fail();
     NSPredicate::Block block;
     if (skipWord(u"NOT") || skip(u"!")) {

@@ -17,8 +17,8 @@
 #include <unistd.h>
 
 namespace {
+using ReadingResult = NSDictionaryReading::Result;
 using NSPropertyListSerialization::MaximumSize;
-using Result = NSDictionaryReading::Result;
 
 bool writeAtomically(const QByteArray &bytes, const QString &path)
 {
@@ -47,37 +47,37 @@ QByteArray bytesOf(int file, qsizetype expected)
 }
 
 /// Why a file that cannot be opened has no dictionary.
-Result resultOfOpening(int error)
+ReadingResult resultOfOpening(int error)
 {
     if (error == ENOENT || error == ENOTDIR || error == ELOOP || error == ENAMETOOLONG)
-        return Result::NoFile;
+        return ReadingResult::NoFile;
     // A socket cannot be opened at all.
-    return error == ENXIO ? Result::NoDictionary : Result::Unreadable;
+    return error == ENXIO ? ReadingResult::NoDictionary : ReadingResult::Unreadable;
 }
 
 /// Reads an open file if it is a regular one.
-Result readFile(int file, QByteArray *bytes)
+ReadingResult readFile(int file, QByteArray *bytes)
 {
     struct stat status = {};
     if (::fstat(file, &status) != 0)
-        return Result::Unreadable;
+        return ReadingResult::Unreadable;
     if (!S_ISREG(status.st_mode))
-        return Result::NoDictionary;
+        return ReadingResult::NoDictionary;
     *bytes = bytesOf(file, status.st_size);
-    return bytes->isNull() ? Result::Unreadable : Result::Dictionary;
+    return bytes->isNull() ? ReadingResult::Unreadable : ReadingResult::Dictionary;
 }
 
 /// The bytes of a regular file. Manifests are read by the hundred, so that this takes the fewest
 /// calls.
-Result readFileAt(const QString &path, QByteArray *bytes)
+ReadingResult readFileAt(const QString &path, QByteArray *bytes)
 {
     if (!NSCanBePath(path))
-        return Result::NoFile;
+        return ReadingResult::NoFile;
     // Without O_NONBLOCK, a pipe would wait for a writer; and a device may never end.
     const int file = NSOpen(QFile::encodeName(path), O_RDONLY | O_NONBLOCK);
     if (file < 0)
         return resultOfOpening(errno);
-    const Result result = readFile(file, bytes);
+    const ReadingResult result = readFile(file, bytes);
     ::close(file);
     return result;
 }
@@ -115,19 +115,20 @@ QVariant NSPropertyListSerialization::propertyListFromData(const QByteArray &dat
 NSDictionaryReading NSReadDictionary(const QString &path)
 {
     QByteArray bytes;
-    const Result result = readFileAt(path, &bytes);
-    if (result != Result::Dictionary)
+    const ReadingResult result = readFileAt(path, &bytes);
+    if (result != ReadingResult::Dictionary)
         return {result, {}};
     const QVariant value = NSPropertyListSerialization::propertyListFromData(bytes);
     if (value.typeId() != QMetaType::QVariantMap)
-        return {Result::NoDictionary, {}};
-    return {Result::Dictionary, value.toMap()};
+        return {ReadingResult::NoDictionary, {}};
+    return {ReadingResult::Dictionary, value.toMap()};
 }
 
 std::optional<QVariantMap> NSDictionary::dictionaryWithContentsOfFile(const QString &path)
 {
     const NSDictionaryReading reading = NSReadDictionary(path);
-    return reading.result == Result::Dictionary ? std::optional(reading.dictionary) : std::nullopt;
+    return reading.result == ReadingResult::Dictionary ? std::optional(reading.dictionary)
+                                                       : std::nullopt;
 }
 
 bool NSDictionary::writeToFile(const QVariantMap &dictionary, const QString &path, bool atomically)

@@ -66,7 +66,7 @@ NSFormatArgument::NSFormatArgument(const QVariant &value) : _kind(Kind::Object),
 }
 
 namespace {
-using Kind = NSFormatArgument::Kind;
+using ArgumentKind = NSFormatArgument::Kind;
 
 constexpr int MaximumWidth = 4096;
 
@@ -85,32 +85,32 @@ struct Conversion
 
 QString describeInteger(const NSFormatArgument &argument)
 {
-    return argument.kind() == Kind::Signed ? QString::number(argument.signedValue())
-                                           : QString::number(argument.unsignedValue());
+    return argument.kind() == ArgumentKind::Signed ? QString::number(argument.signedValue())
+                                                   : QString::number(argument.unsignedValue());
 }
 
 /// What `%@` prints for any argument.
 QString describe(const NSFormatArgument &argument)
 {
     switch (argument.kind()) {
-    case Kind::Signed:
-    case Kind::Unsigned:
+    case ArgumentKind::Signed:
+    case ArgumentKind::Unsigned:
         return describeInteger(argument);
-    case Kind::Double:
+    case ArgumentKind::Double:
         return NSObject::description(argument.doubleValue());
-    case Kind::Character: {
+    case ArgumentKind::Character: {
         const char32_t character = char32_t(argument.unsignedValue());
         return QString::fromUcs4(&character, 1);
     }
-    case Kind::Text:
+    case ArgumentKind::Text:
         return argument.text().toString();
-    case Kind::Utf8:
+    case ArgumentKind::Utf8:
         return QString::fromUtf8(argument.utf8().data(), qsizetype(argument.utf8().size()));
-    case Kind::Object:
+    case ArgumentKind::Object:
         return NSObject::description(argument.object());
-    case Kind::Pointer:
+    case ArgumentKind::Pointer:
         return QStringLiteral("0x") + QString::number(argument.address(), 16);
-    case Kind::Nil:
+    case ArgumentKind::Nil:
         break;
     }
     return QStringLiteral("(null)");
@@ -179,8 +179,8 @@ quint64 unsignedBits(const NSFormatArgument &argument, int bytes)
 
 bool isInteger(const NSFormatArgument &argument)
 {
-    return argument.kind() == Kind::Signed || argument.kind() == Kind::Unsigned ||
-           argument.kind() == Kind::Character;
+    return argument.kind() == ArgumentKind::Signed || argument.kind() == ArgumentKind::Unsigned ||
+           argument.kind() == ArgumentKind::Character;
 }
 
 /// Whether a conversion is "%d", without anything that printf would be needed for.
@@ -192,14 +192,15 @@ bool isPlain(const Conversion &conversion)
 
 QString printInteger(const NSFormatArgument &argument, const Conversion &conversion)
 {
-    if (isPlain(conversion) && argument.kind() != Kind::Double)
+    if (isPlain(conversion) && argument.kind() != ArgumentKind::Double)
         return describeInteger(argument);
     QByteArray pattern = nativeConversion(conversion) + "ll";
     const bool isSigned = conversion.letter == u'd';
     pattern += char(conversion.letter);
-    if (argument.kind() == Kind::Double)
+    if (argument.kind() == ArgumentKind::Double)
         return pad(describe(argument), conversion);
-    if (isSigned && argument.kind() == Kind::Unsigned && argument.unsignedValue() > INT64_MAX)
+    if (isSigned && argument.kind() == ArgumentKind::Unsigned &&
+        argument.unsignedValue() > INT64_MAX)
         return printNative(pattern.replace("lld", "llu"), argument.unsignedValue());
     if (isSigned)
         return printNative<long long>(pattern, signedBits(argument, conversion.bytes));
@@ -208,9 +209,10 @@ QString printInteger(const NSFormatArgument &argument, const Conversion &convers
 
 QString printReal(const NSFormatArgument &argument, const Conversion &conversion)
 {
-    const double value = argument.kind() == Kind::Double     ? argument.doubleValue()
-                         : argument.kind() == Kind::Unsigned ? double(argument.unsignedValue())
-                                                             : double(argument.signedValue());
+    const double value = argument.kind() == ArgumentKind::Double ? argument.doubleValue()
+                         : argument.kind() == ArgumentKind::Unsigned
+                             ? double(argument.unsignedValue())
+                             : double(argument.signedValue());
     return printNative(nativeConversion(conversion) + char(conversion.letter), value);
 }
 
@@ -220,9 +222,9 @@ QString printCharacter(const NSFormatArgument &argument, const Conversion &conve
     return pad(character < 0x110000 ? QString::fromUcs4(&character, 1) : QString(), conversion);
 }
 
-enum class Family { Integer, Real, Character, Text, None };
+enum class ConversionFamily { Integer, Real, Character, Text, None };
 
-Family familyOf(char16_t letter)
+ConversionFamily familyOf(char16_t letter)
 {
     switch (letter) {
     case u'd':
@@ -230,7 +232,7 @@ Family familyOf(char16_t letter)
     case u'o':
     case u'x':
     case u'X':
-        return Family::Integer;
+        return ConversionFamily::Integer;
     case u'f':
     case u'F':
     case u'e':
@@ -239,17 +241,17 @@ Family familyOf(char16_t letter)
     case u'G':
     case u'a':
     case u'A':
-        return Family::Real;
+        return ConversionFamily::Real;
     case u'c':
     case u'C':
-        return Family::Character;
+        return ConversionFamily::Character;
     case u'@':
     case u's':
     case u'S':
     case u'p':
-        return Family::Text;
+        return ConversionFamily::Text;
     default:
-        return Family::None;
+        return ConversionFamily::None;
     }
 }
 
@@ -257,11 +259,11 @@ Family familyOf(char16_t letter)
 QString printMissing(const Conversion &conversion)
 {
     switch (familyOf(conversion.letter)) {
-    case Family::Integer:
+    case ConversionFamily::Integer:
         return printInteger(NSFormatArgument(0), conversion);
-    case Family::Real:
+    case ConversionFamily::Real:
         return printReal(NSFormatArgument(0.0), conversion);
-    case Family::Character:
+    case ConversionFamily::Character:
         return pad(QString(), conversion);
     default:
         return pad(QStringLiteral("(null)"), conversion);
@@ -270,17 +272,17 @@ QString printMissing(const Conversion &conversion)
 
 QString print(const NSFormatArgument &argument, const Conversion &conversion)
 {
-    const bool isNumber = isInteger(argument) || argument.kind() == Kind::Double;
+    const bool isNumber = isInteger(argument) || argument.kind() == ArgumentKind::Double;
     switch (familyOf(conversion.letter)) {
-    case Family::Integer:
+    case ConversionFamily::Integer:
         if (isNumber)
             return printInteger(argument, conversion);
         break;
-    case Family::Real:
+    case ConversionFamily::Real:
         if (isNumber)
             return printReal(argument, conversion);
         break;
-    case Family::Character:
+    case ConversionFamily::Character:
         if (isInteger(argument))
             return printCharacter(argument, conversion);
         break;
@@ -442,9 +444,9 @@ private:
     void append(const NSFormatArgument *argument, const Conversion &conversion)
     {
         const bool isBare = conversion.width == 0 && conversion.precision < 0;
-        if (argument && isBare && argument->kind() == Kind::Text)
+        if (argument && isBare && argument->kind() == ArgumentKind::Text)
             _text.append(argument->text());
-        else if (argument && isPlain(conversion) && argument->kind() == Kind::Signed)
+        else if (argument && isPlain(conversion) && argument->kind() == ArgumentKind::Signed)
             appendDigits(argument->signedValue());
         else
             _text.append(argument ? print(*argument, conversion) : printMissing(conversion));
@@ -476,7 +478,7 @@ private:
         readWidthAndPrecision(conversion);
         readLength(conversion);
         readLetter(conversion);
-        if (familyOf(conversion.letter) == Family::None) {
+        if (familyOf(conversion.letter) == ConversionFamily::None) {
             _position = start + 1;
             _text.append(u'%');
             return;

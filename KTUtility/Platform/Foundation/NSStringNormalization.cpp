@@ -1,17 +1,11 @@
 #include "NSStringNormalization.h"
 
+#include "NSASCII_p.h"
 #include "NSICU_p.h"
 
 #include <unicode/normalizer2.h>
 
-#include <algorithm>
-
 namespace {
-bool isASCII(const QString &text)
-{
-    return std::all_of(text.begin(), text.end(), [](QChar unit) { return unit < QChar(0x80); });
-}
-
 QString normalized(const icu::Normalizer2 *normalizer, const QString &text)
 {
     UErrorCode status = U_ZERO_ERROR;
@@ -23,12 +17,14 @@ QString normalized(const icu::Normalizer2 *normalizer, const QString &text)
 QString NSString::decomposedStringWithCompatibilityMapping(const QString &text)
 {
     UErrorCode status = U_ZERO_ERROR;
-    return isASCII(text) ? text : normalized(icu::Normalizer2::getNFKDInstance(status), text);
+    return NSASCII::isAllOf(text) ? text
+                                  : normalized(icu::Normalizer2::getNFKDInstance(status), text);
 }
 
 QString NSString::foldedStringWithCompatibilityMapping(const QString &text)
 {
     UErrorCode status = U_ZERO_ERROR;
-    return isASCII(text) ? text.toLower()
-                         : normalized(icu::Normalizer2::getNFKCCasefoldInstance(status), text);
+    return NSASCII::isAllOf(text)
+               ? text.toLower()
+               : normalized(icu::Normalizer2::getNFKCCasefoldInstance(status), text);
 }

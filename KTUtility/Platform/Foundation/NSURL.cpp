@@ -1,5 +1,6 @@
 #include "NSURL.h"
 
+#include "NSASCII_p.h"
 #include "NSPercentEscapes.h"
 
 #include <algorithm>
@@ -11,11 +12,6 @@ bool isHexDigit(char16_t unit)
            (unit >= u'A' && unit <= u'F');
 }
 
-bool isLetter(char16_t unit)
-{
-    return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
-}
-
 bool isAllowed(char16_t unit)
 {
     return unit > u' ' && unit < 0x7F && !QStringView(u"\"<>\\^`{|}").contains(QChar(unit));
@@ -23,8 +19,8 @@ bool isAllowed(char16_t unit)
 
 bool isSchemeUnit(char16_t unit)
 {
-    return isLetter(unit) || (unit >= u'0' && unit <= u'9') || unit == u'+' || unit == u'-' ||
-           unit == u'.';
+    return NSASCII::isLetter(unit) || (unit >= u'0' && unit <= u'9') || unit == u'+' ||
+           unit == u'-' || unit == u'.';
 }
 
 bool areEscapesComplete(QStringView text)
@@ -51,7 +47,7 @@ QString NSURL::scheme() const
 {
     const qsizetype colon = _text.indexOf(u':');
     const QStringView name = QStringView(_text).first(std::max<qsizetype>(colon, 0));
-    const bool isScheme = !name.isEmpty() && isLetter(name[0].unicode()) &&
+    const bool isScheme = !name.isEmpty() && NSASCII::isLetter(name[0].unicode()) &&
                           std::all_of(name.begin(), name.end(),
                                       [](QChar unit) { return isSchemeUnit(unit.unicode()); });
     return isScheme ? name.toString() : QString();

@@ -1,6 +1,7 @@
 #include "CommandContext.h"
 
 #include "AlignedTable.h"
+#include "OptionNames.h"
 #include "Usage.h"
 
 #include <QCommandLineParser>
@@ -37,11 +38,10 @@ ExitCode CommandContext::run(const QStringList &arguments, QCommandLineParser *p
                              ExitCode (*perform)(const QCommandLineParser &parser,
                                                  CommandContext &context))
 {
-    const QString help = QStringLiteral("help");
-    parser->addOption({help, QString()});
+    parser->addOption({HelpOption, QString()});
     if (!parse(arguments, parser))
         return ExitCode::WrongUsage;
-    if (parser->isSet(help)) {
+    if (parser->isSet(HelpOption)) {
         _out << usageText();
         return ExitCode::Success;
     }

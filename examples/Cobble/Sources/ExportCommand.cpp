@@ -3,15 +3,14 @@
 #include "AlignedTable.h"
 #include "BundleOption.h"
 #include "LibraryExport.h"
+#include "OptionNames.h"
 #include "StoredLibrary.h"
 #include "UserSettings.h"
 
 #include <QTextStream>
 
 namespace {
-const QString ToOption = QStringLiteral("to");
-
-QString mistakeIn(const QCommandLineParser &parser)
+QString mistakeInExport(const QCommandLineParser &parser)
 {
     const QStringList names = parser.positionalArguments();
     if (names.size() != 1)
@@ -56,5 +55,5 @@ ExitCode runExportCommand(const QStringList &arguments, CommandContext &context)
     parser.addOption({ToOption, QString(), QStringLiteral("FILE")});
     BundleOption::add(&parser);
     UserSettings::addLocaleOption(&parser);
-    return context.run(arguments, &parser, mistakeIn, runExport);
+    return context.run(arguments, &parser, mistakeInExport, runExport);
 }

@@ -2,6 +2,7 @@
 
 #include "AlignedTable.h"
 #include "Gallery/GalleryPage.h"
+#include "OptionNames.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -11,9 +12,7 @@
 #include <QTextStream>
 
 namespace {
-const QString ScreenshotOption = QStringLiteral("screenshot");
-
-QString mistakeIn(const QCommandLineParser &parser)
+QString mistakeInGallery(const QCommandLineParser &parser)
 {
     if (!parser.positionalArguments().isEmpty())
         return QStringLiteral("gallery takes no arguments");
@@ -66,5 +65,5 @@ ExitCode runGalleryCommand(const QStringList &arguments, CommandContext &context
 {
     QCommandLineParser parser;
     parser.addOption({ScreenshotOption, QString(), QStringLiteral("DIR")});
-    return context.run(arguments, &parser, mistakeIn, runGallery);
+    return context.run(arguments, &parser, mistakeInGallery, runGallery);
 }

@@ -2,6 +2,7 @@
 
 #include "AlignedTable.h"
 #include "ComponentNames.h"
+#include "OptionNames.h"
 #include "Usage.h"
 
 #include <QCommandLineParser>
@@ -11,8 +12,6 @@
 #include <optional>
 
 namespace {
-const QString HelpOption = QStringLiteral("help");
-const QString ToOption = QStringLiteral("to");
 const QString FileLineOption = QStringLiteral("file-line");
 const QString ClearOption = QStringLiteral("clear");
 

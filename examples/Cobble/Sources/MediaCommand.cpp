@@ -14,7 +14,7 @@
 
 namespace {
 /// How long to wait for an import to end, in milliseconds.
-constexpr int Patience = 5000;
+constexpr int PatienceWithLock = 5000;
 
 /// Whether it is what an interrupted copy has left; stored files have a number behind a dot.
 bool isUnfinished(const QFileInfo &file)
@@ -132,7 +132,7 @@ ExitCode copyForUpgrade(const QCommandLineParser &parser, CommandContext &contex
         return context.fail(bundle.bundlePath(), QStringLiteral("there is no database bundle"));
     BundleLock lock(bundle);
     QString error;
-    if (!lock.lock(Patience, &error))
+    if (!lock.lock(PatienceWithLock, &error))
         return context.fail(bundle.bundlePath(), error);
     const QString aside = asidePathOf(bundle);
     const QString copy = bundle.moveDatabaseToPreUpgradePath();

@@ -2,6 +2,7 @@
 
 #include "AlignedTable.h"
 #include "ImportSchema.h"
+#include "OptionNames.h"
 #include "Usage.h"
 
 #include <KTUtility/Additions/NSString_KTNaming.h>
@@ -10,8 +11,6 @@
 #include <QTextStream>
 
 namespace {
-const QString HelpOption = QStringLiteral("help");
-
 void printNames(const QString &text, QTextStream &out)
 {
     AlignedTable table;

@@ -4,6 +4,7 @@
 #include "CommandContext.h"
 #include "FieldReader.h"
 #include "FieldValue.h"
+#include "OptionNames.h"
 #include "Usage.h"
 #include "UserSettings.h"
 
@@ -11,7 +12,6 @@
 #include <QTextStream>
 
 namespace {
-const QString HelpOption = QStringLiteral("help");
 const QString SettingOption = QStringLiteral("option");
 
 /// What the two commands are asked: a type, texts, a locale and settings.

@@ -105,7 +105,7 @@ ExitCode setAllEnabled(const QStringList &identifiers, bool isEnabled, PlugIns &
 }
 
 /// "list", also without a word, or "enable" and "disable" with identifiers.
-QString mistakeIn(const QCommandLineParser &parser)
+QString mistakeInPlugIns(const QCommandLineParser &parser)
 {
     const QStringList words = parser.positionalArguments();
     const QString name = words.value(0, QStringLiteral("list"));
@@ -128,5 +128,5 @@ ExitCode runPlugIns(const QCommandLineParser &parser, CommandContext &context)
 ExitCode runPlugInsCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
-    return context.run(arguments, &parser, mistakeIn, runPlugIns);
+    return context.run(arguments, &parser, mistakeInPlugIns, runPlugIns);
 }

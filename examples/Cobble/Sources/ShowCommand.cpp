@@ -22,7 +22,7 @@ std::optional<qint64> limitIn(const QCommandLineParser &parser)
     return isNumber && limit >= 0 ? std::optional(limit) : std::nullopt;
 }
 
-QString mistakeIn(const QCommandLineParser &parser)
+QString mistakeInShow(const QCommandLineParser &parser)
 {
     const QStringList names = parser.positionalArguments();
     if (names.size() > 1)
@@ -96,5 +96,5 @@ ExitCode runShowCommand(const QStringList &arguments, CommandContext &context)
     parser.addOption({LimitOption, QString(), QStringLiteral("N")});
     BundleOption::add(&parser);
     UserSettings::addLocaleOption(&parser);
-    return context.run(arguments, &parser, mistakeIn, show);
+    return context.run(arguments, &parser, mistakeInShow, show);
 }

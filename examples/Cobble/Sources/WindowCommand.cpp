@@ -2,6 +2,7 @@
 
 #include "BundleOption.h"
 #include "HostApplication.h"
+#include "OptionNames.h"
 #include "UserSettings.h"
 #include "Window/DesktopApplication.h"
 #include "Window/MainWindow.h"
@@ -14,7 +15,6 @@
 #include <QSaveFile>
 
 namespace {
-const QString ScreenshotOption = QStringLiteral("screenshot");
 const QString SheetOption = QStringLiteral("sheet");
 const QString SearchOption = QStringLiteral("search");
 
@@ -40,7 +40,7 @@ QString mistakeInSheet(const QString &name)
                                       .arg(name, names.join(QStringLiteral(", ")));
 }
 
-QString mistakeIn(const QCommandLineParser &parser)
+QString mistakeInWindow(const QCommandLineParser &parser)
 {
     if (parser.positionalArguments().size() > 1)
         return QStringLiteral("window takes the name of one library");
@@ -124,5 +124,5 @@ ExitCode runWindowCommand(const QStringList &arguments, CommandContext &context)
         parser.addOption({option, QString(), QString::fromUtf16(value)});
     BundleOption::add(&parser);
     UserSettings::addLocaleOption(&parser);
-    return context.run(arguments, &parser, mistakeIn, runWindow);
+    return context.run(arguments, &parser, mistakeInWindow, runWindow);
 }

@@ -9,7 +9,7 @@
 
 namespace {
 /// How long windows stand still for another program that writes, in milliseconds.
-constexpr int Patience = 500;
+constexpr int PatienceWithStore = 500;
 } // namespace
 
 OpenBundle::OpenBundle(const KTDatabaseBundle &bundle) : _bundle(bundle)
@@ -30,7 +30,7 @@ void OpenBundle::reload()
     else if (!_store && NSFileManager::fileExistsAtPath(_bundle.databaseFilePath()))
         _store = LibraryStore::open(_bundle, LibraryStore::Mode::Existing, &_errorText);
     if (_store) {
-        _store->setPatience(Patience);
+        _store->setPatience(PatienceWithStore);
         _dataVersion = _store->dataVersion();
         _libraries = _store->libraries();
         _errorText = _store->errorText();
