@@ -193,6 +193,21 @@ TEST_F(DoNotShowAlert, DelegatesMayGoFirst)
     EXPECT_EQ(box(), nullptr);
 }
 
+TEST_F(DoNotShowAlert, WithItsWindowGoesTheAlert)
+{
+    auto shortLived = std::make_unique<QWidget>();
+    shortLived->show();
+    KTDoNotShowAlert::Alert shown = alert();
+    shown.window = shortLived.get();
+    KTDoNotShowAlert::beginCriticalAlertSheet(shown);
+    const QPointer<QMessageBox> shownBox = box();
+    ASSERT_FALSE(shownBox.isNull());
+    shortLived.reset();
+    EXPECT_TRUE(shownBox.isNull());
+    EXPECT_EQ(delegate.calls, 0);
+    EXPECT_FALSE(KTDoNotShowAlert::boolForSuppressionKey(Key));
+}
+
 TEST_F(DoNotShowAlert, TheList)
 {
     EXPECT_FALSE(KTDoNotShowAlert::boolForSuppressionKey(Key));

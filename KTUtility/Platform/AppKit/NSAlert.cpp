@@ -131,10 +131,12 @@ void NSAlert::beginSheetModalForWindow(QWidget *window, DidEnd didEnd)
 {
     _didEnd = std::move(didEnd);
     QObject::connect(_box.get(), &QDialog::finished, this, &NSAlert::end);
-    if (window)
-        NSApplication::beginSheet(_box.get(), window);
-    else
+    if (!window) {
         _box->show();
+        return;
+    }
+    QObject::connect(window->window(), &QObject::destroyed, this, [this] { delete this; });
+    NSApplication::beginSheet(_box.get(), window);
 }
 
 void NSAlert::end()
