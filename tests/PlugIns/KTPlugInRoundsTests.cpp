@@ -31,6 +31,7 @@ TEST(KTPlugInRounds, LoadingAndUnloadingAHundredTimes)
 {
     RecordingManager manager;
     manager.registerBundle(NSBundle(makeGoodBundle(useFreshHome())));
+    qsizetype filesAfterTheFirst = 0;
     for (int round = 1; round <= Rounds; ++round) {
         const QPointer<QObject> plugin = manager.loadPluginWithIdentifier(goodIdentifier);
         ASSERT_FALSE(plugin.isNull());
@@ -38,7 +39,10 @@ TEST(KTPlugInRounds, LoadingAndUnloadingAHundredTimes)
         EXPECT_EQ(fileType(manager), u"1/" + QString::number(round));
         manager.unloadPluginWithIdentifier(goodIdentifier, false);
         ASSERT_TRUE(plugin.isNull());
+        if (round == 1)
+            filesAfterTheFirst = openFiles();
     }
+    EXPECT_EQ(openFiles(), filesAfterTheFirst);
 }
 
 TEST(KTPlugInRounds, ReplacingALoadedPlugInAHundredTimes)

@@ -14,7 +14,6 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <link.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -61,14 +60,17 @@ bool readRecord(int file, quint64 offset, Record *record)
     return ::pread(file, record, sizeof(Record), off_t(offset)) == ssize_t(sizeof(Record));
 }
 
-/// Whether all that the loader would map is in the file; it crashes on what was cut off. Files that
-/// are no modules of this machine are left to the loader, which says what they are.
+/// Whether all that is mapped is in the file, since reading what was cut off crashes: the segments,
+/// which the loader maps, and the table of sections behind them, which backtraces look at. Files
+/// that are no modules of this machine are left to the loader, which says what they are.
 bool isWhole(int file, quint64 size)
 {
     ElfW(Ehdr) header{};
     if (!readRecord(file, 0, &header) || std::memcmp(header.e_ident, ELFMAG, SELFMAG) != 0 ||
         header.e_phentsize != sizeof(ElfW(Phdr)))
         return true;
+    if (!hasBytes(header.e_shoff, quint64(header.e_shnum) * header.e_shentsize, size))
+        return false;
     for (unsigned index = 0; index < header.e_phnum; ++index) {
         ElfW(Phdr) segment{};
         if (!readRecord(file, header.e_phoff + index * sizeof(segment), &segment))
@@ -143,7 +145,8 @@ QString refusalOf(const Descriptor &file, const QString &executable, const QStri
 QByteArray newPathOf(int file)
 {
     static quint64 count = 0;
-    QByteArray path("/proc/self/fd/");
+    // Not "self": debuggers read the path, too.
+    QByteArray path = "/proc/" + QByteArray::number(::getpid()) + "/fd/";
     for (quint64 digits = ++count; digits != 0; digits >>= 1)
         path += (digits & 1) != 0 ? "./" : ".//";
     return path + QByteArray::number(file);
@@ -161,20 +164,13 @@ const link_map *recordOf(void *handle)
     return dlinfo(handle, RTLD_DI_LINKMAP, &record) == 0 ? record : nullptr;
 }
 
-/// Whether there will be enough descriptors for other uses if this one stays open.
-bool maySpare(int descriptor)
-{
-    rlimit limit{};
-    return ::getrlimit(RLIMIT_NOFILE, &limit) == 0 && rlim_t(descriptor) < limit.rlim_cur / 2;
-}
-
 /// Keeps the file of code that is new in the process. The code stays, and what looks for its file
-/// under the path that the loader was given (debuggers, reports of crashes, sanitizers) must not
-/// find whatever has got the number of the descriptor since.
+/// under the path that the loader was given (debuggers, backtraces, sanitizers) must not find
+/// whatever has got the number of the descriptor since.
 void keepOpenForCode(const link_map *record, Descriptor *file)
 {
     static QSet<const link_map *> known;
-    if (!record || known.contains(record) || !maySpare(file->number()))
+    if (!record || known.contains(record))
         return;
     known.insert(record);
     file->keepOpen();

@@ -9,10 +9,8 @@
 
 #include <algorithm>
 #include <cstring>
-#include <fcntl.h>
 #include <link.h>
 #include <memory>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
@@ -65,7 +63,8 @@ QList<QByteArray> modulesLoadedByDescriptor()
     dl_iterate_phdr(
         [](dl_phdr_info *module, size_t, void *list) {
             const QByteArray path(module->dlpi_name);
-            if (path.startsWith("/proc/self/fd/"))
+            const QByteArray start = "/proc/" + QByteArray::number(::getpid()) + "/fd/";
+            if (path.startsWith(start))
                 static_cast<QList<QByteArray> *>(list)->append(path);
             return 0;
         },
@@ -266,7 +265,6 @@ TEST(NSBundleCode, ThePathThatTheLoaderKnowsStaysThatOfTheCode)
 {
     const QString home = useFreshHome();
     const qsizetype before = modulesLoadedByDescriptor().size();
-    QSet<QByteArray> added;
     for (const int version : {1, 2}) {
         NSBundle bundle(makeGoodBundle(home, QStringLiteral("Good"), version));
         ASSERT_NE(bundle.principalClass(), nullptr);
@@ -281,29 +279,7 @@ TEST(NSBundleCode, ThePathThatTheLoaderKnowsStaysThatOfTheCode)
         const QByteArray path = paths.last();
         const QByteArray code = contentsOf(builtModule(u"GoodPlugIn" + QString::number(version)));
         EXPECT_EQ(contentsOf(QString::fromLatin1(path)), code);
-        added.insert(path);
     }
-    EXPECT_EQ(added.size(), 2);
-}
-
-TEST(NSBundleCode, CodeDoesNotTakeTheLastDescriptors)
-{
-    const QString home = useFreshHome();
-    rlimit usual{};
-    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
-    const int next = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
-    ASSERT_GE(next, 0);
-    ::close(next);
-    // What is opened now has one of the upper half of the numbers.
-    const rlimit tight{2 * rlim_t(next), usual.rlim_max};
-    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &tight), 0);
-    NSBundle bundle(makeGoodBundle(home));
-    const bool isLoaded = bundle.load();
-    const int after = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
-    ::close(after);
-    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &usual), 0);
-    EXPECT_TRUE(isLoaded);
-    EXPECT_EQ(after, next);
 }
 
 TEST(NSBundleCode, TheSameFileIsTheSameCode)
@@ -405,12 +381,25 @@ TEST(NSBundleCode, ACutOffModuleIsRefused)
     const QByteArray whole = contentsOf(goodModule());
     const qsizetype end = endOfSegments(whole);
     ASSERT_GT(end, 4096);
-    for (const qsizetype size : {qsizetype(70), qsizetype(4096), end - 1}) {
+    ASSERT_GT(whole.size(), end);
+    for (const qsizetype size : {qsizetype(70), qsizetype(4096), end - 1, end, whole.size() - 1}) {
         const QString path = bundleWithModule(whole.left(size));
         EXPECT_EQ(loadError(path), QString(path + u"/Contents/Linux/Code is incomplete"));
     }
-    // What comes behind is for debuggers.
-    EXPECT_TRUE(NSBundle(bundleWithModule(whole.left(end))).load());
+    EXPECT_TRUE(NSBundle(bundleWithModule(whole)).load());
+}
+
+TEST(NSBundleCode, AModuleWithoutASectionTableIsLoaded)
+{
+    QByteArray module = contentsOf(goodModule());
+    module.truncate(endOfSegments(module));
+    ElfW(Ehdr) header{};
+    std::memcpy(&header, module.constData(), sizeof(header));
+    header.e_shoff = 0;
+    header.e_shnum = 0;
+    header.e_shstrndx = 0;
+    std::memcpy(module.data(), &header, sizeof(header));
+    EXPECT_TRUE(NSBundle(bundleWithModule(module)).load());
 }
 
 TEST(NSBundleCode, AModuleWithoutClassesHasNone)
