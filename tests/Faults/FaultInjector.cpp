@@ -62,6 +62,7 @@ int errorOf(Fault fault)
     case Fault::NoSpace:
     case Fault::DiskFull:
     case Fault::ShortWrite:
+    case Fault::ShortRead:
         break;
     }
     return ENOSPC;
@@ -81,8 +82,8 @@ bool isDue(Armed &state, FileCall call)
 
 const char *nameOf(Fault fault)
 {
-    static constexpr std::array<const char *, 6> Names = {
-        "InputOutput", "NoSpace", "DiskFull", "NoAccess", "Interrupted", "ShortWrite"};
+    static constexpr std::array<const char *, 7> Names = {
+        "InputOutput", "NoSpace", "DiskFull", "NoAccess", "Interrupted", "ShortWrite", "ShortRead"};
     return Names.at(size_t(fault));
 }
 
@@ -90,7 +91,7 @@ const char *nameOf(FileCall call)
 {
     static constexpr std::array<const char *, FileCallKinds> Names = {
         "open",  "create", "read",        "write",  "flush", "rename", "remove",
-        "mkdir", "resize", "permissions", "status", "list",  "lock"};
+        "mkdir", "resize", "permissions", "status", "list",  "lock",   "close"};
     return Names.at(size_t(call));
 }
 
@@ -101,15 +102,17 @@ bool FaultInjector::canHit(Fault fault, FileCall call)
     case Fault::InputOutput:
         return true;
     case Fault::NoSpace:
-        return isOneOf(call, {Create, Write, Flush, Rename, MakeFolder, Resize});
+        return isOneOf(call, {Create, Write, Flush, Rename, MakeFolder, Resize, Close});
     case Fault::DiskFull:
         return isOneOf(call, {Create, Write, MakeFolder});
     case Fault::NoAccess:
         return isOneOf(call, {Open, Create, Rename, Remove, MakeFolder, Permissions, Status, List});
     case Fault::Interrupted:
-        return isOneOf(call, {Open, Create, Read, Write, Flush, Resize});
+        return isOneOf(call, {Open, Create, Read, Write, Flush, Resize, Close});
     case Fault::ShortWrite:
         return call == Write;
+    case Fault::ShortRead:
+        return call == Read;
     }
     return false;
 }
@@ -142,8 +145,9 @@ FaultInjector::Answer FaultInjector::answerTo(FileCall call, const Place &place)
     if (isFirst)
         state->outcome.call = call;
     state->outcome.wasHit = true;
-    const bool isPartial = state->fault == Fault::ShortWrite || state->fault == Fault::DiskFull;
-    if (isPartial && isFirst && call == FileCall::Write)
+    const bool isPartial = state->fault == Fault::DiskFull && call == FileCall::Write;
+    const bool isShort = state->fault == Fault::ShortWrite || state->fault == Fault::ShortRead;
+    if (isFirst && (isPartial || isShort))
         return Answer::DoHalf;
     errno = errorOf(state->fault);
     return Answer::Fail;

@@ -17,6 +17,7 @@ enum class Fault {
     NoAccess,    ///< EACCES, once
     Interrupted, ///< EINTR, once
     ShortWrite,  ///< half of the bytes are written, once
+    ShortRead,   ///< half of the bytes are read, once
 };
 
 /// The kinds of calls.
@@ -34,8 +35,9 @@ enum class FileCall {
     Status,
     List,
     Lock,
+    Close,
 };
-inline constexpr size_t FileCallKinds = size_t(FileCall::Lock) + 1;
+inline constexpr size_t FileCallKinds = size_t(FileCall::Close) + 1;
 
 const char *nameOf(Fault fault);
 const char *nameOf(FileCall call);

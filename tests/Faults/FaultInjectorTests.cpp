@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cerrno>
 #include <fcntl.h>
 #include <thread>
@@ -61,14 +62,14 @@ TEST_F(FaultInjectorTest, FailsTheCallThatIsAskedFor)
     int first = 0;
     int second = 0;
     int error = 0;
-    const auto outcome = FaultInjector::during(home, Fault::NoSpace, 2, [&] {
+    const auto outcome = FaultInjector::during(home, Fault::NoAccess, 2, [&] {
         first = create("one");
         second = create("two");
         error = errno;
     });
     EXPECT_GE(first, 0);
     EXPECT_EQ(second, -1);
-    EXPECT_EQ(error, ENOSPC);
+    EXPECT_EQ(error, EACCES);
     EXPECT_TRUE(outcome.wasHit);
     EXPECT_EQ(outcome.call, FileCall::Create);
     EXPECT_EQ(outcome.seen[size_t(FileCall::Create)], 2);
@@ -103,6 +104,40 @@ TEST_F(FaultInjectorTest, AFullDiskTakesHalfAndNothingMore)
     EXPECT_EQ(testing_support::contentsOf(home + u"/file"), "1234");
 }
 
+TEST_F(FaultInjectorTest, AShortReadGivesHalfAndTheRestAtTheNextOne)
+{
+    testing_support::writeFile(home + u"/file", "12345678");
+    QFile file(home + u"/file");
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
+    std::array<char, 8> bytes{};
+    ssize_t first = 0;
+    ssize_t second = 0;
+    const auto outcome = FaultInjector::during(home, Fault::ShortRead, 1, [&] {
+        first = ::read(file.handle(), bytes.data(), bytes.size());
+        second = ::read(file.handle(), bytes.data() + 4, bytes.size());
+    });
+    EXPECT_EQ(outcome.call, FileCall::Read);
+    EXPECT_EQ(first, 4);
+    EXPECT_EQ(second, 4);
+    EXPECT_EQ(QByteArray(bytes.data(), 8), "12345678");
+}
+
+TEST_F(FaultInjectorTest, ACloseThatFailsClosesAllTheSame)
+{
+    const int file = ::open(path("file").constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+    ASSERT_GE(file, 0);
+    int result = 0;
+    int error = 0;
+    const auto outcome = FaultInjector::during(home, Fault::InputOutput, 1, [&] {
+        result = ::close(file);
+        error = errno;
+    });
+    EXPECT_EQ(outcome.call, FileCall::Close);
+    EXPECT_EQ(result, -1);
+    EXPECT_EQ(error, EIO);
+    EXPECT_EQ(::fcntl(file, F_GETFD), -1);
+}
+
 TEST_F(FaultInjectorTest, SeesWhatQtDoes)
 {
     QDir().mkpath(home + u"/folder");
@@ -117,7 +152,7 @@ TEST_F(FaultInjectorTest, SeesWhatQtDoes)
     });
     for (const FileCall call :
          {FileCall::Create, FileCall::Write, FileCall::Flush, FileCall::Rename, FileCall::Remove,
-          FileCall::MakeFolder, FileCall::Status, FileCall::List})
+          FileCall::MakeFolder, FileCall::Status, FileCall::List, FileCall::Close})
         EXPECT_GT(outcome.seen[size_t(call)], 0) << nameOf(call);
 }
 

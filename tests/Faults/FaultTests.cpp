@@ -10,9 +10,9 @@
 #include <gtest/gtest.h>
 
 namespace {
-constexpr std::array<Fault, 6> AllFaults = {Fault::InputOutput, Fault::NoSpace,
-                                            Fault::DiskFull,    Fault::NoAccess,
-                                            Fault::Interrupted, Fault::ShortWrite};
+constexpr std::array<Fault, 7> AllFaults = {
+    Fault::InputOutput, Fault::NoSpace,    Fault::DiskFull, Fault::NoAccess,
+    Fault::Interrupted, Fault::ShortWrite, Fault::ShortRead};
 
 /// Far more calls than any of them makes.
 constexpr int MostCalls = 5000;
@@ -109,7 +109,8 @@ protected:
     /// Whether going on is all that there is to do.
     bool mustSucceed(FileCall call) const
     {
-        const bool isPassing = fault == Fault::ShortWrite || fault == Fault::Interrupted;
+        const bool isPassing =
+            fault == Fault::ShortWrite || fault == Fault::ShortRead || fault == Fault::Interrupted;
         return isPassing && !(row.usesDatabase && call == FileCall::Flush);
     }
 

@@ -3,6 +3,7 @@
 
 #include "FaultInjector.h"
 
+#include <cerrno>
 #include <cstdarg>
 #include <dirent.h>
 #include <dlfcn.h>
@@ -47,8 +48,8 @@ FileCall openingWith(int flags)
     return makesFile(flags) ? FileCall::Create : FileCall::Open;
 }
 
-/// How much of a write is done.
-size_t sizeToWrite(Answer answer, size_t size)
+/// How much of what is to be read or written is.
+size_t sizeToDo(Answer answer, size_t size)
 {
     return answer == Answer::DoHalf && size > 1 ? size / 2 : size;
 }
@@ -65,16 +66,16 @@ size_t sizeToWrite(Answer answer, size_t size)
         return fails(call, Place(__VA_ARGS__)) ? failure<Result>() : next arguments;               \
     }
 
-/// The same for what writes \a size bytes.
-#define MAY_WRITE(name, parameters, arguments, file)                                               \
+/// The same for what reads or writes \a size bytes.
+#define MAY_TRANSFER(name, parameters, arguments, call, file)                                      \
     BEFORE_SYSTEM ssize_t before_##name parameters __asm__(#name);                                 \
     ssize_t before_##name parameters                                                               \
     {                                                                                              \
         static const auto next = systemsOwn<ssize_t parameters>(#name);                            \
-        const Answer answer = FaultInjector::answerTo(FileCall::Write, Place(file));               \
+        const Answer answer = FaultInjector::answerTo(call, Place(file));                          \
         if (answer == Answer::Fail)                                                                \
             return -1;                                                                             \
-        size = sizeToWrite(answer, size);                                                          \
+        size = sizeToDo(answer, size);                                                             \
         return next arguments;                                                                     \
     }
 
@@ -109,23 +110,27 @@ MAY_OPEN(openat64, (int folder, const char *path, int flags, ...), (folder, path
 MAY_FAIL(int, creat, (const char *path, mode_t mode), (path, mode), FileCall::Create, path)
 MAY_FAIL(int, creat64, (const char *path, mode_t mode), (path, mode), FileCall::Create, path)
 
-MAY_FAIL(ssize_t, read, (int file, void *to, size_t size), (file, to, size), FileCall::Read, file)
-MAY_FAIL(ssize_t, pread, (int file, void *to, size_t size, off_t at), (file, to, size, at),
-         FileCall::Read, file)
-MAY_FAIL(ssize_t, pread64, (int file, void *to, size_t size, off_t at), (file, to, size, at),
-         FileCall::Read, file)
+MAY_TRANSFER(read, (int file, void *to, size_t size), (file, to, size), FileCall::Read, file)
+MAY_TRANSFER(pread, (int file, void *to, size_t size, off_t at), (file, to, size, at),
+             FileCall::Read, file)
+MAY_TRANSFER(pread64, (int file, void *to, size_t size, off_t at), (file, to, size, at),
+             FileCall::Read, file)
 MAY_FAIL(ssize_t, readv, (int file, const iovec *to, int count), (file, to, count), FileCall::Read,
          file)
 
-MAY_WRITE(write, (int file, const void *from, size_t size), (file, from, size), file)
-MAY_WRITE(pwrite, (int file, const void *from, size_t size, off_t at), (file, from, size, at), file)
-MAY_WRITE(pwrite64, (int file, const void *from, size_t size, off_t at), (file, from, size, at),
-          file)
-MAY_WRITE(copy_file_range,
-          (int from, off_t *fromAt, int to, off_t *toAt, size_t size, unsigned flags),
-          (from, fromAt, to, toAt, size, flags), to)
-MAY_WRITE(sendfile, (int to, int from, off_t *at, size_t size), (to, from, at, size), to)
-MAY_WRITE(sendfile64, (int to, int from, off_t *at, size_t size), (to, from, at, size), to)
+MAY_TRANSFER(write, (int file, const void *from, size_t size), (file, from, size), FileCall::Write,
+             file)
+MAY_TRANSFER(pwrite, (int file, const void *from, size_t size, off_t at), (file, from, size, at),
+             FileCall::Write, file)
+MAY_TRANSFER(pwrite64, (int file, const void *from, size_t size, off_t at), (file, from, size, at),
+             FileCall::Write, file)
+MAY_TRANSFER(copy_file_range,
+             (int from, off_t *fromAt, int to, off_t *toAt, size_t size, unsigned flags),
+             (from, fromAt, to, toAt, size, flags), FileCall::Write, to)
+MAY_TRANSFER(sendfile, (int to, int from, off_t *at, size_t size), (to, from, at, size),
+             FileCall::Write, to)
+MAY_TRANSFER(sendfile64, (int to, int from, off_t *at, size_t size), (to, from, at, size),
+             FileCall::Write, to)
 MAY_FAIL(ssize_t, writev, (int file, const iovec *from, int count), (file, from, count),
          FileCall::Write, file)
 
@@ -181,3 +186,17 @@ MAY_FAIL(dirent *, readdir, (DIR * folder), (folder), FileCall::List, ::dirfd(fo
 MAY_FAIL(dirent *, readdir64, (DIR * folder), (folder), FileCall::List, ::dirfd(folder))
 
 MAY_FAIL(int, flock, (int file, int how), (file, how), FileCall::Lock, file)
+
+/// A descriptor is gone even if closing it fails.
+BEFORE_SYSTEM int before_close(int file) __asm__("close");
+int before_close(int file)
+{
+    static const auto next = systemsOwn<int(int)>("close");
+    const bool isFailing = fails(FileCall::Close, Place(file));
+    const int error = errno;
+    const int result = next(file);
+    if (!isFailing)
+        return result;
+    errno = error;
+    return -1;
+}
