@@ -47,13 +47,14 @@ need_dependencies() {
     done
 }
 
-# Configures a preset once and builds it; prints the build's output only if it fails.
+# Configures a preset, again when presets have changed, and builds it; prints the build's output only if
+# it fails.
 build_preset() {
     local preset=$1 log
     shift
     mkdir -p "build/$preset"
     log="build/$preset/build.log"
-    if [ ! -f "build/$preset/build.ninja" ]; then
+    if [ ! "build/$preset/build.ninja" -nt CMakePresets.json ]; then
         say "Configuring the $preset preset."
         cmake --preset "$preset" >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
     fi

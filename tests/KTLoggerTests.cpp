@@ -297,6 +297,7 @@ TEST_F(KTLoggerTest, WithoutALibraryFolderNothingIsSaved)
     logger.setLevelOfComponent(4, kLog_Undo);
     EXPECT_FALSE(logger.components().has_value());
     qunsetenv("TMPDIR");
+    testing_support::useFreshHome();
 }
 
 TEST_F(KTLoggerTest, ALogFolderThatCannotBeMadeIsNoLogFile)

@@ -37,17 +37,6 @@ private:
 int main(int argc, char **argv)
 {
     testing_support::pinEnvironment("xcb");
-    ::testing::InitGoogleTest(&argc, argv);
     ::testing::AddGlobalTestEnvironment(new DesktopEnvironment);
-    return RUN_ALL_TESTS();
+    return testing_support::runTests(argc, argv);
 }
-
-#ifdef __SANITIZE_ADDRESS__
-extern "C" __attribute__((visibility("default"))) const char *__lsan_default_suppressions();
-
-/// What these libraries keep is their own affair.
-extern "C" const char *__lsan_default_suppressions()
-{
-    return "leak:libfontconfig\nleak:libdbus-1\n";
-}
-#endif

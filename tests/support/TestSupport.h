@@ -27,6 +27,10 @@ void pinEnvironment(const char *platform);
 /// what has to hold in all of them.
 void pinAllButLocaleAndZone(const char *platform);
 
+/// Runs the tests of a program, and does not let it end well before they are over: a test that
+/// leaves the process takes those behind it along. \return what main() returns.
+int runTests(int argc, char **argv);
+
 /// Points the home folder at a new empty folder and returns it; the environment of the process is
 /// pinned to it until the next call. All tests start with one.
 QString useFreshHome();
