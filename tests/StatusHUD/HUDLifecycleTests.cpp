@@ -26,6 +26,12 @@ public:
     }
 };
 
+void turn()
+{
+    for (int round = 0; round < 3; ++round)
+        QCoreApplication::processEvents();
+}
+
 /// Runs a modal session, in which a function is called.
 void inModalSession(const std::function<void()> &perform)
 {
@@ -33,17 +39,13 @@ void inModalSession(const std::function<void()> &perform)
     QMetaObject::invokeMethod(
         &dialog,
         [&perform] {
+            // The window of the session has the keyboard before anything is shown.
+            turn();
             perform();
             NSApplication::stopModal();
         },
         Qt::QueuedConnection);
     NSApplication::runModalForWindow(&dialog);
-}
-
-void turn()
-{
-    for (int round = 0; round < 3; ++round)
-        QCoreApplication::processEvents();
 }
 } // namespace
 
