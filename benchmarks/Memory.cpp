@@ -2,15 +2,15 @@
 
 #include <KTUtility/Additions/NSString_KTNaming.h>
 #include <KTUtility/Bindings/KTPropertyBinder.h>
+#include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Formatters/KTCurrencyFormatter.h>
 #include <KTUtility/Formatters/KTDateTimeFormatter.h>
 #include <KTUtility/Formatters/KTDurationFormatter.h>
 #include <KTUtility/Formatters/KTNumberFormatter.h>
 #include <KTUtility/Formatters/KTPhoneNumberFormatter.h>
 #include <KTUtility/Formatters/KTTimeFormatter.h>
-#include <KTUtility/KTLogger.h>
-#include <KTUtility/Platform/Foundation/NSKeyValueObservation.h>
-#include <KTUtility/Platform/Foundation/NSPropertyListSerialization.h>
+#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+#include <KTUtility/Platform/Keys/NSKeyValueObservation.h>
 
 #include <QDateTime>
 #include <QLoggingCategory>

@@ -1,7 +1,7 @@
 #include "CIImage_KTAdditions.h"
 
-#include "Platform/AppKit/NSGraphicsContext.h"
-#include "Platform/AppKit/NSImage.h"
+#include <KTUtility/Platform/AppKit/NSGraphicsContext.h>
+#include <KTUtility/Platform/AppKit/NSImage.h>
 
 QImage KTAdditions::toNSImageFromRect(const CIImage &receiver, const QRectF &rect)
 {

@@ -1,8 +1,8 @@
 #include "KTImageBadger.h"
 
-#include "Platform/AppKit/NSFont.h"
-#include "Platform/AppKit/NSGraphicsContext.h"
-#include "Platform/AppKit/NSImage.h"
+#include <KTUtility/Platform/AppKit/NSFont.h>
+#include <KTUtility/Platform/AppKit/NSGraphicsContext.h>
+#include <KTUtility/Platform/AppKit/NSImage.h>
 
 #include <QFontMetricsF>
 #include <QGuiApplication>

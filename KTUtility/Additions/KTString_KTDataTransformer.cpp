@@ -1,7 +1,7 @@
 #include "KTString_KTDataTransformer.h"
 
-#include "Platform/Foundation/NSObject.h"
-#include "Platform/Foundation/NSStringEncoding.h"
+#include <KTUtility/Platform/Text/NSStringEncoding.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
 QMetaType KTString_KTDataTransformer::transformedValueClass() const
 {

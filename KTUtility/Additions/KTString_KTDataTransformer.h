@@ -1,7 +1,7 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSValueTransformer.h>
+#include <KTUtility/Platform/Keys/NSValueTransformer.h>
 
 /// Between data and the text that it holds in UTF-8, for bindings of text views to data columns.
 ///

@@ -1,15 +1,15 @@
 #pragma once
 
-#include <KTUtility/Additions/NSArray_KTSelectors.h>
-#include <KTUtility/Additions/NSArray_KTUniqueNames.h>
+#include "NSArray_KTSelectors.h"
+#include "NSArray_KTUniqueNames.h"
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSCollections.h>
-#include <KTUtility/Platform/Foundation/NSKeyAccessor.h>
-#include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>
-#include <KTUtility/Platform/Foundation/NSSortDescriptor.h>
-#include <KTUtility/Platform/Foundation/NSStringCompare.h>
-#include <KTUtility/Platform/Foundation/NSStringFormat.h>
-#include <KTUtility/Platform/Foundation/NSValueMatcher.h>
+#include <KTUtility/Platform/Keys/NSCollections.h>
+#include <KTUtility/Platform/Keys/NSKeyAccessor.h>
+#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
+#include <KTUtility/Platform/Keys/NSSortDescriptor.h>
+#include <KTUtility/Platform/Keys/NSValueMatcher.h>
+#include <KTUtility/Platform/Text/NSStringCompare.h>
+#include <KTUtility/Platform/Values/NSStringFormat.h>
 
 #include <QList>
 #include <QSet>
@@ -308,4 +308,4 @@ void adjustOrder(QList<T> &list)
 }
 } // namespace KTAdditions
 
-#include <KTUtility/Additions/NSMutableArray_KTAdditions.h>
+#include "NSMutableArray_KTAdditions.h"

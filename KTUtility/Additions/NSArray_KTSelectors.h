@@ -1,9 +1,9 @@
 #pragma once
 
-#include <KTUtility/Platform/Foundation/NSCollections.h>
-#include <KTUtility/Platform/Foundation/NSInvoker.h>
-#include <KTUtility/Platform/Foundation/NSKeyValueTarget.h>
-#include <KTUtility/Platform/Foundation/NSSelector.h>
+#include <KTUtility/Platform/Keys/NSCollections.h>
+#include <KTUtility/Platform/Keys/NSInvoker.h>
+#include <KTUtility/Platform/Keys/NSKeyValueTarget.h>
+#include <KTUtility/Platform/Keys/NSSelector.h>
 
 #include <QList>
 #include <QVariant>

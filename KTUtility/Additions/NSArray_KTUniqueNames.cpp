@@ -1,9 +1,9 @@
 #include "NSArray_KTUniqueNames.h"
 
 #include "NSString_KTAdditions.h"
-#include "Platform/Foundation/NSAssertionHandler.h"
-#include "Platform/Foundation/NSStringCase.h"
-#include "Platform/Foundation/NSStringTrim.h"
+#include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
+#include <KTUtility/Platform/Text/NSStringCase.h>
+#include <KTUtility/Platform/Text/NSStringTrim.h>
 
 #include <algorithm>
 

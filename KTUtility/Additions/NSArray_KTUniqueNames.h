@@ -1,8 +1,8 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSCollections.h>
-#include <KTUtility/Platform/Foundation/NSKeyAccessor.h>
+#include <KTUtility/Platform/Keys/NSCollections.h>
+#include <KTUtility/Platform/Keys/NSKeyAccessor.h>
 
 #include <QList>
 #include <QString>

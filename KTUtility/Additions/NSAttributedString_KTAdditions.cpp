@@ -1,7 +1,7 @@
 #include "NSAttributedString_KTAdditions.h"
 
-#include "Platform/Foundation/NSScanner.h"
-#include "Platform/Foundation/NSStringFormat.h"
+#include <KTUtility/Platform/Values/NSScanner.h>
+#include <KTUtility/Platform/Values/NSStringFormat.h>
 
 NSAttributedString KTAdditions::attributedStringWithString(const QString &string)
 {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSAttributedString.h>
-#include <KTUtility/Platform/Foundation/NSURL.h>
+#include <KTUtility/Platform/Files/NSURL.h>
+#include <KTUtility/Platform/Values/NSAttributedString.h>
 
 #include <compare>
 #include <optional>

@@ -1,8 +1,8 @@
 #include "NSBezierPath_KTAdditions.h"
 
-#include "Platform/AppKit/NSBezierPath.h"
-#include "Platform/AppKit/NSGraphicsContext.h"
-#include "Platform/AppKit/NSImage.h"
+#include <KTUtility/Platform/AppKit/NSBezierPath.h>
+#include <KTUtility/Platform/AppKit/NSGraphicsContext.h>
+#include <KTUtility/Platform/AppKit/NSImage.h>
 
 #include <QLinearGradient>
 

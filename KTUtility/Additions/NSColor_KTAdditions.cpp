@@ -1,6 +1,6 @@
 #include "NSColor_KTAdditions.h"
 
-#include <KTUtility/Platform/Foundation/NSStringValues.h>
+#include <KTUtility/Platform/Values/NSStringValues.h>
 
 #include <QStringList>
 

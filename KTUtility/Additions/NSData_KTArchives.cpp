@@ -1,6 +1,6 @@
 #include "NSData_KTAdditions.h"
 
-#include <KTUtility/Platform/Foundation/NSPropertyListSerialization.h>
+#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
 
 #include <openssl/evp.h>
 

@@ -1,8 +1,8 @@
 #include "NSData_KTAdditions.h"
 
-#include "Platform/Foundation/NSASCII_p.h"
+#include <KTUtility/Platform/Text/NSASCII_p.h>
 
-#include <KTUtility/KTLogger.h>
+#include <KTUtility/Diagnostics/KTLogger.h>
 
 #include <algorithm>
 #include <array>

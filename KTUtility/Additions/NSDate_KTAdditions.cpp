@@ -1,6 +1,6 @@
 #include "NSDate_KTAdditions.h"
 
-#include <KTUtility/Platform/Foundation/NSCalendar.h>
+#include <KTUtility/Platform/Dates/NSCalendar.h>
 
 namespace {
 constexpr int SecondsPerMinute = 60;

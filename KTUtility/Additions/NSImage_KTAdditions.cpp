@@ -1,7 +1,7 @@
 #include "NSImage_KTAdditions.h"
 
-#include "Platform/AppKit/NSGraphicsContext.h"
-#include "Platform/AppKit/NSImage.h"
+#include <KTUtility/Platform/AppKit/NSGraphicsContext.h>
+#include <KTUtility/Platform/AppKit/NSImage.h>
 
 #include <QTransform>
 #include <QtMath>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSIndexPath.h>
+#include <KTUtility/Platform/Values/NSIndexPath.h>
 
 /// Paths into a tree that becomes a branch of a larger one.
 ///

@@ -1,6 +1,6 @@
 #include "NSMenu_KTAdditions.h"
 
-#include "Platform/AppKit/NSFont.h"
+#include <KTUtility/Platform/AppKit/NSFont.h>
 
 #include <QMenu>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <KTUtility/Platform/Foundation/NSCollections.h>
-#include <KTUtility/Platform/Foundation/NSException.h>
+#include <KTUtility/Platform/Keys/NSCollections.h>
+#include <KTUtility/Platform/Values/NSException.h>
 
 #include <QList>
 

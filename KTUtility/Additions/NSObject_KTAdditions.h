@@ -1,7 +1,7 @@
 #pragma once
 
-#include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>
-#include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
 #include <QStringList>
 #include <QVariantMap>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <KTUtility/Additions/NSArray_KTAdditions.h>
-#include <KTUtility/Platform/Foundation/NSCollections.h>
+#include "NSArray_KTAdditions.h"
+#include <KTUtility/Platform/Keys/NSCollections.h>
 
 #include <QList>
 #include <QSet>

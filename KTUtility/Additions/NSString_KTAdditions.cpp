@@ -1,13 +1,13 @@
 #include "NSString_KTAdditions.h"
 
-#include "Platform/AppKit/NSFont.h"
-#include "Platform/Foundation/NSDecimalNumber.h"
-#include "Platform/Foundation/NSFileManager.h"
-#include "Platform/Foundation/NSPathUtilities.h"
-#include "Platform/Foundation/NSScanner.h"
-#include "Platform/Foundation/NSStringEncoding.h"
-#include "Platform/Foundation/NSStringFormat.h"
-#include "Platform/Foundation/NSStringValues.h"
+#include <KTUtility/Platform/AppKit/NSFont.h>
+#include <KTUtility/Platform/Files/NSFileManager.h>
+#include <KTUtility/Platform/Files/NSPathUtilities.h>
+#include <KTUtility/Platform/Text/NSStringEncoding.h>
+#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+#include <KTUtility/Platform/Values/NSScanner.h>
+#include <KTUtility/Platform/Values/NSStringFormat.h>
+#include <KTUtility/Platform/Values/NSStringValues.h>
 
 #include <QTextCharFormat>
 #include <QUuid>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSAttributedString.h>
-#include <KTUtility/Platform/Foundation/NSCharacterSet.h>
+#include <KTUtility/Platform/Text/NSCharacterSet.h>
+#include <KTUtility/Platform/Values/NSAttributedString.h>
 
 #include <QString>
 #include <QVariant>

@@ -1,10 +1,10 @@
 #include "NSString_KTNaming.h"
 
 #include "KTStringTransformCache.h"
-#include "Platform/Foundation/NSScanner.h"
-#include "Platform/Foundation/NSStringCase.h"
-#include "Platform/Foundation/NSStringEncoding.h"
-#include "Platform/Foundation/NSStringTrim.h"
+#include <KTUtility/Platform/Text/NSStringCase.h>
+#include <KTUtility/Platform/Text/NSStringEncoding.h>
+#include <KTUtility/Platform/Text/NSStringTrim.h>
+#include <KTUtility/Platform/Values/NSScanner.h>
 
 namespace {
 using Domain = KTStringTransformCache::Domain;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSCharacterSet.h>
+#include <KTUtility/Platform/Text/NSCharacterSet.h>
 
 #include <QString>
 

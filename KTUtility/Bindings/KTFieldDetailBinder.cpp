@@ -3,11 +3,11 @@
 #include "KTPropertyBinder.h"
 
 #include <KTUtility/Platform/AppKit/NSKeyValueBinding.h>
-#include <KTUtility/Platform/Foundation/NSAssertionHandler.h>
-#include <KTUtility/Platform/Foundation/NSInvoker.h>
-#include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>
-#include <KTUtility/Platform/Foundation/NSObject.h>
-#include <KTUtility/Platform/Foundation/NSStringFormat.h>
+#include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
+#include <KTUtility/Platform/Keys/NSInvoker.h>
+#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
+#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/Platform/Values/NSStringFormat.h>
 
 #include <QScopedValueRollback>
 #include <QSet>

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSKeyValueObserving.h>
-#include <KTUtility/Platform/Foundation/NSPredicate.h>
-#include <KTUtility/Platform/Foundation/NSValueTransformer.h>
-#include <KTUtility/Platform/Foundation/NSWeakMapTable.h>
+#include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
+#include <KTUtility/Platform/Keys/NSPredicate.h>
+#include <KTUtility/Platform/Keys/NSValueTransformer.h>
+#include <KTUtility/Platform/Keys/NSWeakMapTable.h>
 
 #include <QList>
 #include <QMap>

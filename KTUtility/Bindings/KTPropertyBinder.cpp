@@ -1,8 +1,8 @@
 #include "KTPropertyBinder.h"
 
 #include <KTUtility/Platform/AppKit/NSKeyValueBinding.h>
-#include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>
-#include <KTUtility/Platform/Foundation/NSSelectionMarker.h>
+#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
+#include <KTUtility/Platform/Keys/NSSelectionMarker.h>
 
 #include <QScopedValueRollback>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSKeyValueObserving.h>
-#include <KTUtility/Platform/Foundation/NSValueTransformer.h>
+#include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
+#include <KTUtility/Platform/Keys/NSValueTransformer.h>
 
 #include <QPointer>
 #include <QVariantMap>

@@ -4,9 +4,9 @@
 #include "KTNumberTexts_p.h"
 #include "NSNumberFormatter_KTCurrency.h"
 
-#include <KTUtility/KTLogger.h>
-#include <KTUtility/Platform/Foundation/NSObject.h>
-#include <KTUtility/Platform/Foundation/NSStringNormalization.h>
+#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Text/NSStringNormalization.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
 namespace {
 constexpr int DetailLevel = 7;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/Formatters/KTNumberFormatter.h>
+#include "KTNumberFormatter.h"
 
 /// Formats the money of a field in one currency, and reads amounts with and without its sign.
 ///

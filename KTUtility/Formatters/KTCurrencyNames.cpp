@@ -1,6 +1,6 @@
 #include "KTCurrencyFormatter_p.h"
 
-#include <KTUtility/Platform/Foundation/NSStringNormalization.h>
+#include <KTUtility/Platform/Text/NSStringNormalization.h>
 
 #include <unicode/ucurr.h>
 

@@ -1,9 +1,9 @@
 #include "KTDateTimeFormatter.h"
 
-#include <KTUtility/KTLogger.h>
-#include <KTUtility/Platform/Foundation/NSAssertionHandler.h>
-#include <KTUtility/Platform/Foundation/NSScanner.h>
-#include <KTUtility/Platform/Foundation/NSStringFormat.h>
+#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
+#include <KTUtility/Platform/Values/NSScanner.h>
+#include <KTUtility/Platform/Values/NSStringFormat.h>
 
 #include <mutex>
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <KTUtility/Formatters/KTOptionsKeys.h>
+#include "KTOptionsKeys.h"
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSCalendar.h>
-#include <KTUtility/Platform/Foundation/NSDateFormatter.h>
-#include <KTUtility/Platform/Foundation/NSFormatter.h>
-#include <KTUtility/Platform/Foundation/NSLocale.h>
+#include <KTUtility/Platform/Dates/NSCalendar.h>
+#include <KTUtility/Platform/Dates/NSDateFormatter.h>
+#include <KTUtility/Platform/Numbers/NSFormatter.h>
+#include <KTUtility/Platform/Text/NSLocale.h>
 
 #include <QDateTime>
 #include <QHash>

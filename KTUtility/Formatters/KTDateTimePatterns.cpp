@@ -1,7 +1,7 @@
 #include "KTDateTimeFormatter.h"
 
-#include <KTUtility/KTLogger.h>
-#include <KTUtility/Platform/Foundation/NSDateFormatter_p.h>
+#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Dates/NSDateFormatter_p.h>
 
 #include <array>
 #include <mutex>

@@ -1,9 +1,9 @@
 #include "KTDateTimeFormatter.h"
 
-#include <KTUtility/KTLogger.h>
-#include <KTUtility/Platform/Foundation/NSCharacterSet.h>
-#include <KTUtility/Platform/Foundation/NSDateFormatter_p.h>
-#include <KTUtility/Platform/Foundation/NSScanner.h>
+#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Dates/NSDateFormatter_p.h>
+#include <KTUtility/Platform/Text/NSCharacterSet.h>
+#include <KTUtility/Platform/Values/NSScanner.h>
 
 // How typed dates are read: formatters are tried one after the other, and the first that takes all
 // of the text wins.

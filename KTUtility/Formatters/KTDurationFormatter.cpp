@@ -2,10 +2,10 @@
 
 #include "KTDurationTables_p.h"
 
-#include <KTUtility/Platform/Foundation/NSBundle.h>
-#include <KTUtility/Platform/Foundation/NSCharacterSet.h>
-#include <KTUtility/Platform/Foundation/NSObject.h>
-#include <KTUtility/Platform/Foundation/NSScanner.h>
+#include <KTUtility/Platform/Files/NSBundle.h>
+#include <KTUtility/Platform/Text/NSCharacterSet.h>
+#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/Platform/Values/NSScanner.h>
 
 #include <algorithm>
 #include <array>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <KTUtility/Formatters/KTOptionsKeys.h>
+#include "KTOptionsKeys.h"
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSDecimalNumber.h>
-#include <KTUtility/Platform/Foundation/NSFormatter.h>
-#include <KTUtility/Platform/Foundation/NSLocale.h>
+#include <KTUtility/Platform/Numbers/NSFormatter.h>
+#include <KTUtility/Platform/Text/NSLocale.h>
+#include <KTUtility/Platform/Values/NSDecimalNumber.h>
 
 class KTDurationTables;
 

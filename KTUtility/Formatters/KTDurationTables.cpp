@@ -1,6 +1,6 @@
 #include "KTDurationTables_p.h"
 
-#include <KTUtility/Platform/Foundation/NSBundle.h>
+#include <KTUtility/Platform/Files/NSBundle.h>
 
 #include <array>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSDecimalNumber.h>
+#include <KTUtility/Platform/Values/NSDecimalNumber.h>
 
 #include <QHash>
 #include <QStringList>

@@ -3,10 +3,10 @@
 #include "KTNumberFormatter_p.h"
 #include "KTNumberTexts_p.h"
 
-#include <KTUtility/KTLogger.h>
-#include <KTUtility/Platform/Foundation/NSCharacterSet.h>
-#include <KTUtility/Platform/Foundation/NSObject.h>
-#include <KTUtility/Platform/Foundation/NSStringNormalization.h>
+#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Text/NSCharacterSet.h>
+#include <KTUtility/Platform/Text/NSStringNormalization.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
 #include <QBrush>
 

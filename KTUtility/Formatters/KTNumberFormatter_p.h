@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/Platform/Foundation/NSNumberFormatter.h>
+#include <KTUtility/Platform/Numbers/NSNumberFormatter.h>
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSFormatter.h>
+#include <KTUtility/Platform/Numbers/NSFormatter.h>
 
 #include <QString>
 

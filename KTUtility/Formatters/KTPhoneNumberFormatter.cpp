@@ -1,11 +1,11 @@
 #include "KTPhoneNumberFormatter.h"
 
-#include <KTUtility/KTLogger.h>
-#include <KTUtility/Platform/Foundation/NSAssertionHandler.h>
-#include <KTUtility/Platform/Foundation/NSBundle.h>
-#include <KTUtility/Platform/Foundation/NSCharacterSet.h>
-#include <KTUtility/Platform/Foundation/NSPropertyListSerialization.h>
-#include <KTUtility/Platform/Foundation/NSStringFormat.h>
+#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
+#include <KTUtility/Platform/Files/NSBundle.h>
+#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+#include <KTUtility/Platform/Text/NSCharacterSet.h>
+#include <KTUtility/Platform/Values/NSStringFormat.h>
 
 #include <QFile>
 

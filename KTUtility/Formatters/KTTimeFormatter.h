@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/Formatters/KTDateTimeFormatter.h>
+#include "KTDateTimeFormatter.h"
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 #include "NSNumberFormatter_KTCurrency.h"
 
-#include <KTUtility/Platform/Foundation/NSNumberFormatter.h>
+#include <KTUtility/Platform/Numbers/NSNumberFormatter.h>
 
 namespace {
 constexpr char16_t MinusSign = u'\u2212';

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "KTPlugInClassMethods.h"
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSClassRegistry.h>
-#include <KTUtility/PlugIns/KTPlugInClassMethods.h>
+#include <KTUtility/Platform/Keys/NSClassRegistry.h>
 
 /// Makes a class the principal class of a plug-in. Write it once, in a source file of the plug-in,
 /// outside of functions, with the protocols that the class conforms to; Info.plist names the class

@@ -1,10 +1,10 @@
 #include "KTPlugInManager.h"
 
-#include "../Platform/Foundation/NSDefaultsFile_p.h"
+#include <KTUtility/Platform/Files/NSDefaultsFile_p.h>
 
-#include <KTUtility/Platform/Foundation/NSException.h>
-#include <KTUtility/Platform/Foundation/NSObject.h>
-#include <KTUtility/Platform/Foundation/NSUserDefaults.h>
+#include <KTUtility/Platform/Files/NSUserDefaults.h>
+#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
 #include <algorithm>
 

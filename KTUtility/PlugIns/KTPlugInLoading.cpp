@@ -1,7 +1,7 @@
 #include "KTPlugInClass.h"
 #include "KTPlugInManager.h"
 
-#include <KTUtility/KTLogger.h>
+#include <KTUtility/Diagnostics/KTLogger.h>
 
 // From a bundle to an instance, and back. Hooks and plug-ins may call the manager, so that nothing
 // here keeps references into its dictionaries across such a call.

@@ -1,8 +1,8 @@
 #include "KTPlugInManager.h"
 
-#include <KTUtility/KTDatabaseBundle.h>
-#include <KTUtility/KTLogger.h>
-#include <KTUtility/Platform/Foundation/NSPathUtilities.h>
+#include <KTUtility/Bundle/KTDatabaseBundle.h>
+#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Files/NSPathUtilities.h>
 
 #include <utility>
 

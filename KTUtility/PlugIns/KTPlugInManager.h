@@ -1,9 +1,9 @@
 #pragma once
 
+#include "KTPlugInStatus.h"
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSBundle.h>
-#include <KTUtility/Platform/Foundation/NSProtocol.h>
-#include <KTUtility/PlugIns/KTPlugInStatus.h>
+#include <KTUtility/Platform/Files/NSBundle.h>
+#include <KTUtility/Platform/Keys/NSProtocol.h>
 
 #include <QList>
 #include <QMap>

@@ -1,12 +1,12 @@
 #include "KTStatusHUDController.h"
 
-#include "KTLogger.h"
-#include "Platform/AppKit/NSFont.h"
-#include "Platform/AppKit/NSImage.h"
-#include "Platform/AppKit/NSNib.h"
-#include "Platform/AppKit/NSScreen.h"
-#include "Platform/AppKit/NSViewAnimation.h"
-#include "Platform/AppKit/NSWindow.h"
+#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/AppKit/NSFont.h>
+#include <KTUtility/Platform/AppKit/NSImage.h>
+#include <KTUtility/Platform/AppKit/NSNib.h>
+#include <KTUtility/Platform/AppKit/NSScreen.h>
+#include <KTUtility/Platform/AppKit/NSViewAnimation.h>
+#include <KTUtility/Platform/AppKit/NSWindow.h>
 
 #include <QAccessible>
 #include <QGuiApplication>

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "KTStatusHUDView.h"
+#include "KTStatusHUDWindow.h"
 #include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/AppKit/NSAnimation.h>
 #include <KTUtility/Platform/AppKit/NSTextField.h>
 #include <KTUtility/Platform/AppKit/NSTimer.h>
 #include <KTUtility/Platform/AppKit/NSWindowController.h>
-#include <KTUtility/Platform/Foundation/NSBundle.h>
-#include <KTUtility/StatusHUD/KTStatusHUDView.h>
-#include <KTUtility/StatusHUD/KTStatusHUDWindow.h>
+#include <KTUtility/Platform/Files/NSBundle.h>
 
 #include <QObject>
 #include <QPointer>

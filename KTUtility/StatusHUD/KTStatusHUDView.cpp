@@ -1,10 +1,10 @@
 #include "KTStatusHUDView.h"
 
 #include "KTStatusHUDShape_p.h"
-#include "Platform/AppKit/NSBezierPath.h"
-#include "Platform/AppKit/NSImage.h"
-#include "Platform/Foundation/NSClassRegistry.h"
-#include "Platform/Foundation/NSInvoker.h"
+#include <KTUtility/Platform/AppKit/NSBezierPath.h>
+#include <KTUtility/Platform/AppKit/NSImage.h>
+#include <KTUtility/Platform/Keys/NSClassRegistry.h>
+#include <KTUtility/Platform/Keys/NSInvoker.h>
 
 #include <QMouseEvent>
 #include <QPainter>

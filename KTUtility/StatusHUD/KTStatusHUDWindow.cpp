@@ -2,9 +2,9 @@
 
 #include "KTStatusHUDShape_p.h"
 #include "KTStatusHUDView.h"
-#include "Platform/AppKit/NSImage.h"
-#include "Platform/AppKit/NSWindow.h"
-#include "Platform/Foundation/NSClassRegistry.h"
+#include <KTUtility/Platform/AppKit/NSImage.h>
+#include <KTUtility/Platform/AppKit/NSWindow.h>
+#include <KTUtility/Platform/Keys/NSClassRegistry.h>
 
 #include <QAccessible>
 #include <QAccessibleWidget>

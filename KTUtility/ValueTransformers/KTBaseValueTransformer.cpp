@@ -1,6 +1,6 @@
 #include "KTBaseValueTransformer.h"
 
-#include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
 namespace {
 QVariant moved(const QVariant &value, bool isUp)

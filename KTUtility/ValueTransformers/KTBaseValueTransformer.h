@@ -1,7 +1,7 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSValueTransformer.h>
+#include <KTUtility/Platform/Keys/NSValueTransformer.h>
 
 /// Between counting from 0, as records do, and counting from 1, as people do.
 ///

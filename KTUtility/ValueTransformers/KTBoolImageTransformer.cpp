@@ -1,6 +1,6 @@
 #include "KTBoolImageTransformer.h"
 
-#include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
 namespace {
 bool answersBoolValue(const QVariant &value)

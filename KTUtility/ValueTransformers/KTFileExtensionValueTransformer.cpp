@@ -1,7 +1,7 @@
 #include "KTFileExtensionValueTransformer.h"
 
-#include <KTUtility/Platform/Foundation/NSPathUtilities.h>
-#include <KTUtility/Platform/Foundation/NSUserDefaults.h>
+#include <KTUtility/Platform/Files/NSPathUtilities.h>
+#include <KTUtility/Platform/Files/NSUserDefaults.h>
 
 std::shared_ptr<KTFileExtensionValueTransformer> KTFileExtensionValueTransformer::valueTransformer()
 {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSValueTransformer.h>
+#include <KTUtility/Platform/Keys/NSValueTransformer.h>
 
 /// Shows file names without their extension, unless the user wants to see all extensions: that is
 /// the flag "AppleShowAllExtensions" of the user defaults, which is asked each time.

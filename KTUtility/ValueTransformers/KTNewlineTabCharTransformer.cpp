@@ -2,7 +2,7 @@
 
 #include "KTTransformerAssert_p.h"
 
-#include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
 const QString KTNewlineTabCharTransformerName = QStringLiteral("KTNewlineTabCharTransformer");
 

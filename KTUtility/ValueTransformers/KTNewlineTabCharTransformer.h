@@ -1,7 +1,7 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSValueTransformer.h>
+#include <KTUtility/Platform/Keys/NSValueTransformer.h>
 
 /// Lets a control of one line show and edit a text of several: line feeds are tabs there.
 ///

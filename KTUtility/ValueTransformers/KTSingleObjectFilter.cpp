@@ -1,7 +1,7 @@
 #include "KTSingleObjectFilter.h"
 
-#include <KTUtility/Platform/Foundation/NSKeyValueTarget.h>
-#include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Keys/NSKeyValueTarget.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
 #include <QScopedValueRollback>
 

@@ -1,6 +1,6 @@
 #include "KTSingleObjectFilterNegated.h"
 
-#include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
 std::shared_ptr<KTSingleObjectFilterNegated> KTSingleObjectFilterNegated::valueTransformer()
 {

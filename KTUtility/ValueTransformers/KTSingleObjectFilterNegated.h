@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/ValueTransformers/KTSingleObjectFilter.h>
+#include "KTSingleObjectFilter.h"
 
 /// Whether to hide or disable a control, from the flag that is the only selected object.
 ///

@@ -3,7 +3,7 @@
 #include "KTTransformerAssert_p.h"
 
 #include <KTUtility/Additions/NSColor_KTAdditions.h>
-#include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
 const QString KTStringColorTransformerName = QStringLiteral("KTStringColorTransformer");
 

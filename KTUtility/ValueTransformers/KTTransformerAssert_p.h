@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/Platform/Foundation/NSAssertionHandler.h>
+#include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
 
 /// Reports a value of a wrong type to the assertion handler, which raises.
 /// \return false if a handler of somebody's own does not.

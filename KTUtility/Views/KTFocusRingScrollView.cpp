@@ -1,7 +1,7 @@
 #include "KTFocusRingScrollView.h"
 
 #include "KTFocusRing_p.h"
-#include "Platform/Foundation/NSClassRegistry.h"
+#include <KTUtility/Platform/Keys/NSClassRegistry.h>
 
 KTFocusRingScrollView::KTFocusRingScrollView(QWidget *parent)
     : QScrollArea(parent), _ring(std::make_unique<KTFocusRing>(this, [this] { viewWillDraw(); }))

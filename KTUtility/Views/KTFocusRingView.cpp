@@ -1,7 +1,7 @@
 #include "KTFocusRingView.h"
 
 #include "KTFocusRing_p.h"
-#include "Platform/Foundation/NSClassRegistry.h"
+#include <KTUtility/Platform/Keys/NSClassRegistry.h>
 
 KTFocusRingView::KTFocusRingView(QWidget *parent)
     : QWidget(parent), _ring(std::make_unique<KTFocusRing>(this, [this] { viewWillDraw(); }))

@@ -1,8 +1,8 @@
 #include "KTMediaFieldSlider.h"
 
 #include "KTMediaFieldSliderCell.h"
-#include "Platform/AppKit/NSImage.h"
-#include "Platform/Foundation/NSClassRegistry.h"
+#include <KTUtility/Platform/AppKit/NSImage.h>
+#include <KTUtility/Platform/Keys/NSClassRegistry.h>
 
 #include <QPainter>
 

@@ -1,6 +1,6 @@
 #include "KTMediaFieldSliderCell.h"
 
-#include "Platform/AppKit/NSImage.h"
+#include <KTUtility/Platform/AppKit/NSImage.h>
 
 KTMediaFieldSliderCell::KTMediaFieldSliderCell()
     : _knobImage(NSImage::imageNamed(QStringLiteral("book_dash_sliderthumb")))

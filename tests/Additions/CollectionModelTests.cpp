@@ -1,8 +1,8 @@
 // Unique names and moves over random lists, beside the rules written out step by step.
 
 #include <KTUtility/Additions/NSArray_KTAdditions.h>
-#include <KTUtility/Platform/Foundation/NSException.h>
-#include <KTUtility/Platform/Foundation/NSStringCase.h>
+#include <KTUtility/Platform/Text/NSStringCase.h>
+#include <KTUtility/Platform/Values/NSException.h>
 
 #include "support/Properties.h"
 #include "support/TestSupport.h"

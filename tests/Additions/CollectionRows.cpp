@@ -1,4 +1,4 @@
-#include "Additions/CollectionRows.h"
+#include "CollectionRows.h"
 
 #include <algorithm>
 

@@ -2,9 +2,9 @@
 
 #include <KTUtility/Additions/NSObject_KTAdditions.h>
 #include <KTUtility/Additions/NSSet_KTAdditions.h>
-#include <KTUtility/Platform/Foundation/NSException.h>
+#include <KTUtility/Platform/Values/NSException.h>
 
-#include "Additions/CollectionRows.h"
+#include "CollectionRows.h"
 #include "support/TestSupport.h"
 
 #include <QJsonDocument>

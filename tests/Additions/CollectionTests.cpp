@@ -2,7 +2,7 @@
 
 #include <KTUtility/Additions/NSObject_KTAdditions.h>
 #include <KTUtility/Additions/NSSet_KTAdditions.h>
-#include <KTUtility/Platform/Foundation/NSException.h>
+#include <KTUtility/Platform/Values/NSException.h>
 
 #include "support/TestField.h"
 #include "support/TestSupport.h"

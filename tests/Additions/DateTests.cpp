@@ -1,6 +1,6 @@
 #include <KTUtility/Additions/NSDate_KTAdditions.h>
 
-#include <KTUtility/Platform/Foundation/NSCalendar.h>
+#include <KTUtility/Platform/Dates/NSCalendar.h>
 
 #include "Formatters/FormatterSupport.h"
 #include "support/TestSupport.h"

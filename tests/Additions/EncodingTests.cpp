@@ -1,6 +1,6 @@
 #include <KTUtility/Additions/NSData_KTAdditions.h>
-#include <KTUtility/KTLogCapture.h>
-#include <KTUtility/KTLoggerComponents.h>
+#include <KTUtility/Diagnostics/KTLogCapture.h>
+#include <KTUtility/Diagnostics/KTLoggerComponents.h>
 
 #include "support/TestSupport.h"
 

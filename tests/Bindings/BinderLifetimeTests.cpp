@@ -3,7 +3,7 @@
 #include <KTUtility/Bindings/KTFieldDetailBinder.h>
 #include <KTUtility/Platform/AppKit/NSArrayController.h>
 
-#include "Bindings/BinderSupport.h"
+#include "BinderSupport.h"
 #include "support/ObservedModel.h"
 #include "support/TestSupport.h"
 

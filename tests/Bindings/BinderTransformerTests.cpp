@@ -2,7 +2,7 @@
 
 #include <KTUtility/Bindings/KTPropertyBinder.h>
 
-#include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 #include <KTUtility/ValueTransformers/KTBaseValueTransformer.h>
 #include <KTUtility/ValueTransformers/KTBoolImageTransformer.h>
 #include <KTUtility/ValueTransformers/KTFileExtensionValueTransformer.h>
@@ -10,7 +10,7 @@
 #include <KTUtility/ValueTransformers/KTSingleObjectFilterNegated.h>
 #include <KTUtility/ValueTransformers/KTStringColorTransformer.h>
 
-#include "Bindings/BinderSupport.h"
+#include "BinderSupport.h"
 #include "support/ObservedModel.h"
 #include "support/TestSupport.h"
 

@@ -1,10 +1,10 @@
 #include <KTUtility/Bindings/KTFieldDetailBinder.h>
 
-#include <KTUtility/Platform/Foundation/NSException.h>
+#include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/ValueTransformers/KTBaseValueTransformer.h>
 #include <KTUtility/ValueTransformers/KTSingleObjectFilter.h>
 
-#include "Bindings/BinderSupport.h"
+#include "BinderSupport.h"
 #include "support/ObservedModel.h"
 #include "support/TestSupport.h"
 

@@ -1,11 +1,11 @@
 #include <KTUtility/Bindings/KTPropertyBinder.h>
 
-#include <KTUtility/Platform/Foundation/NSException.h>
-#include <KTUtility/Platform/Foundation/NSSelectionMarker.h>
+#include <KTUtility/Platform/Keys/NSSelectionMarker.h>
+#include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/ValueTransformers/KTBaseValueTransformer.h>
 #include <KTUtility/ValueTransformers/KTFileExtensionValueTransformer.h>
 
-#include "Bindings/BinderSupport.h"
+#include "BinderSupport.h"
 #include "support/ObservedModel.h"
 #include "support/TestSupport.h"
 

@@ -1,4 +1,4 @@
-#include "Desktop/DesktopDisplay.h"
+#include "DesktopDisplay.h"
 
 #include "support/TestSupport.h"
 

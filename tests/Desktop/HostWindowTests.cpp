@@ -1,9 +1,9 @@
 // The host as a user has it before them: with the keyboard, on a desktop.
 
 #include "Cobble/Window/WindowSupport.h"
-#include "Desktop/DesktopDisplay.h"
+#include "DesktopDisplay.h"
 
-#include <KTUtility/KTWindowManager.h>
+#include <KTUtility/Windows/KTWindowManager.h>
 
 #include <QMenuBar>
 #include <QMessageBox>

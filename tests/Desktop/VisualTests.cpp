@@ -1,11 +1,11 @@
 // The status display and focus rings where there is a window system.
 
 #include <KTUtility/Platform/AppKit/NSWindow.h>
-#include <KTUtility/Platform/Foundation/NSManualClock.h>
+#include <KTUtility/Platform/Dates/NSManualClock.h>
 #include <KTUtility/StatusHUD/KTStatusHUDController.h>
 #include <KTUtility/Views/KTFocusRingView.h>
 
-#include "Desktop/DesktopDisplay.h"
+#include "DesktopDisplay.h"
 
 #include "support/TestSupport.h"
 

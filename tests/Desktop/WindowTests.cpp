@@ -1,12 +1,12 @@
 // Windows, sheets and modal sessions where a window manager gives the keyboard away.
 
-#include <KTUtility/KTDialogController.h>
-#include <KTUtility/KTDoNotShowAlert.h>
-#include <KTUtility/KTWindowManager.h>
 #include <KTUtility/Platform/AppKit/NSAlert.h>
 #include <KTUtility/Platform/AppKit/NSApplication.h>
+#include <KTUtility/Windows/KTDialogController.h>
+#include <KTUtility/Windows/KTDoNotShowAlert.h>
+#include <KTUtility/Windows/KTWindowManager.h>
 
-#include "Desktop/DesktopDisplay.h"
+#include "DesktopDisplay.h"
 
 #include "support/TestSupport.h"
 

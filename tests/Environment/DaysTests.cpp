@@ -1,6 +1,6 @@
 // Days that the zone makes longer or shorter, beside Qt's own reckoning.
 
-#include "Environment/EnvironmentSupport.h"
+#include "EnvironmentSupport.h"
 
 #include <KTUtility/Additions/NSDate_KTAdditions.h>
 #include <KTUtility/Formatters/KTDateTimeFormatter.h>

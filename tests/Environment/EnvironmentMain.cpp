@@ -1,4 +1,4 @@
-#include "Environment/EnvironmentSupport.h"
+#include "EnvironmentSupport.h"
 
 #include "support/TestSupport.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/Platform/Foundation/NSLocale.h>
+#include <KTUtility/Platform/Text/NSLocale.h>
 
 #include <QByteArray>
 #include <QString>

@@ -1,15 +1,15 @@
 // What is written is the same, byte for byte, whatever the environment.
 
-#include "Environment/EnvironmentSupport.h"
+#include "EnvironmentSupport.h"
 
 #include <KTUtility/Additions/NSArray_KTAdditions.h>
 #include <KTUtility/Additions/NSData_KTAdditions.h>
 #include <KTUtility/Additions/NSString_KTNaming.h>
-#include <KTUtility/KTDatabaseBundle.h>
-#include <KTUtility/KTLogger.h>
-#include <KTUtility/KTMediaFilenameMunger.h>
-#include <KTUtility/Platform/Foundation/NSPropertyListSerialization.h>
-#include <KTUtility/Platform/Foundation/NSUserDefaults.h>
+#include <KTUtility/Bundle/KTDatabaseBundle.h>
+#include <KTUtility/Bundle/KTMediaFilenameMunger.h>
+#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+#include <KTUtility/Platform/Files/NSUserDefaults.h>
 
 #include "support/FileTree.h"
 #include "support/TestSupport.h"

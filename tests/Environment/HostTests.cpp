@@ -1,11 +1,11 @@
 // The host stores the same values of the same file in every environment.
 
-#include "Environment/EnvironmentSupport.h"
+#include "EnvironmentSupport.h"
 
-#include "Cobble/CommandSupport.h"
-#include "LibraryStore.h"
+#include "Cobble/Commands/CommandSupport.h"
+#include "Library/LibraryStore.h"
 
-#include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
 #include "support/FileTree.h"
 #include "support/TestSupport.h"

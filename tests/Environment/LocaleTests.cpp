@@ -1,9 +1,9 @@
 // The user's locale and zone are those of the environment.
 
-#include "Environment/EnvironmentSupport.h"
+#include "EnvironmentSupport.h"
 
 #include <KTUtility/Formatters/KTCurrencyFormatter.h>
-#include <KTUtility/Platform/Foundation/NSCalendar.h>
+#include <KTUtility/Platform/Dates/NSCalendar.h>
 
 #include "support/TestSupport.h"
 

@@ -1,14 +1,14 @@
 // What is shown reads back, in the environment's locale and zone.
 
-#include "Environment/EnvironmentSupport.h"
+#include "EnvironmentSupport.h"
 
 #include <KTUtility/Formatters/KTCurrencyFormatter.h>
 #include <KTUtility/Formatters/KTDurationFormatter.h>
 #include <KTUtility/Formatters/KTPhoneNumberFormatter.h>
 #include <KTUtility/Formatters/KTTimeFormatter.h>
-#include <KTUtility/Platform/Foundation/NSCalendar.h>
-#include <KTUtility/Platform/Foundation/NSDecimalNumber.h>
-#include <KTUtility/Platform/Foundation/NSLocale.h>
+#include <KTUtility/Platform/Dates/NSCalendar.h>
+#include <KTUtility/Platform/Text/NSLocale.h>
+#include <KTUtility/Platform/Values/NSDecimalNumber.h>
 
 #include "support/TestSupport.h"
 

@@ -4,7 +4,7 @@
 
 #include "support/TestSupport.h"
 
-#include <KTUtility/Platform/Foundation/NSPropertyListSerialization.h>
+#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
 
 #include <QDir>
 #include <QFile>

@@ -5,10 +5,10 @@
 #include "support/LoopbackServer.h"
 #include "support/TestSupport.h"
 
-#include <KTUtility/KTDatabaseBundle.h>
-#include <KTUtility/KTLogger.h>
-#include <KTUtility/KTMediaFilenameMunger.h>
-#include <KTUtility/Platform/Foundation/NSUserDefaults.h>
+#include <KTUtility/Bundle/KTDatabaseBundle.h>
+#include <KTUtility/Bundle/KTMediaFilenameMunger.h>
+#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Files/NSUserDefaults.h>
 #include <KTUtility/PlugIns/KTPlugInManager.h>
 
 #include <QDir>

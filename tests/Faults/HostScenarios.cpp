@@ -1,14 +1,14 @@
 // What the host writes: imports, exports and single records.
 
 #include "FaultScenario.h"
-#include "ImportFile.h"
-#include "LibraryExport.h"
-#include "LibraryStore.h"
-#include "PlugIns.h"
+#include "Import/ImportFile.h"
+#include "Library/LibraryExport.h"
+#include "Library/LibraryStore.h"
+#include "Library/PlugIns.h"
 
 #include "support/TestSupport.h"
 
-#include <KTUtility/Platform/Foundation/NSPathUtilities.h>
+#include <KTUtility/Platform/Files/NSPathUtilities.h>
 
 #include <QDir>
 #include <QFile>

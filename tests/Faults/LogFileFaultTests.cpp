@@ -4,7 +4,7 @@
 
 #include "support/TestSupport.h"
 
-#include <KTUtility/KTLogger.h>
+#include <KTUtility/Diagnostics/KTLogger.h>
 
 #include <gtest/gtest.h>
 

@@ -4,8 +4,8 @@
 
 #include "support/TestSupport.h"
 
-#include <KTUtility/Platform/Foundation/NSPropertyListSerialization.h>
-#include <KTUtility/Platform/Foundation/NSUserDefaults.h>
+#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+#include <KTUtility/Platform/Files/NSUserDefaults.h>
 
 using testing_support::writeFile;
 

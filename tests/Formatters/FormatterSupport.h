@@ -1,7 +1,7 @@
 #pragma once
 
-#include <KTUtility/Platform/Foundation/NSCalendar.h>
-#include <KTUtility/Platform/Foundation/NSLocale.h>
+#include <KTUtility/Platform/Dates/NSCalendar.h>
+#include <KTUtility/Platform/Text/NSLocale.h>
 
 #include <QByteArray>
 #include <QDateTime>

@@ -1,9 +1,9 @@
+#include <KTUtility/Diagnostics/KTLogCapture.h>
+#include <KTUtility/Diagnostics/KTLoggerComponents.h>
 #include <KTUtility/Formatters/KTCurrencyFormatter.h>
 #include <KTUtility/Formatters/NSNumberFormatter_KTCurrency.h>
-#include <KTUtility/KTLogCapture.h>
-#include <KTUtility/KTLoggerComponents.h>
-#include <KTUtility/Platform/Foundation/NSDecimalNumber.h>
-#include <KTUtility/Platform/Foundation/NSNumberFormatter.h>
+#include <KTUtility/Platform/Numbers/NSNumberFormatter.h>
+#include <KTUtility/Platform/Values/NSDecimalNumber.h>
 
 #include "FormatterSupport.h"
 #include "support/TestSupport.h"

@@ -1,10 +1,10 @@
+#include <KTUtility/Diagnostics/KTLogCapture.h>
+#include <KTUtility/Diagnostics/KTLoggerComponents.h>
 #include <KTUtility/Formatters/KTDateTimeFormatter.h>
-#include <KTUtility/KTLogCapture.h>
-#include <KTUtility/KTLoggerComponents.h>
-#include <KTUtility/Platform/Foundation/NSAssertionHandler.h>
-#include <KTUtility/Platform/Foundation/NSException.h>
-#include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>
-#include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
+#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
+#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
 #include "FormatterSupport.h"
 #include "support/TestSupport.h"

@@ -1,6 +1,6 @@
+#include <KTUtility/Diagnostics/KTLogCapture.h>
+#include <KTUtility/Diagnostics/KTLoggerComponents.h>
 #include <KTUtility/Formatters/KTDateTimeFormatter.h>
-#include <KTUtility/KTLogCapture.h>
-#include <KTUtility/KTLoggerComponents.h>
 
 #include "FormatterSupport.h"
 #include "support/TestSupport.h"

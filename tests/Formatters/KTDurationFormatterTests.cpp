@@ -1,6 +1,6 @@
 #include <KTUtility/Formatters/KTDurationFormatter.h>
 #include <KTUtility/Formatters/KTDurationTables_p.h>
-#include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>
+#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
 
 #include "support/TestSupport.h"
 

@@ -1,9 +1,9 @@
+#include <KTUtility/Diagnostics/KTLogCapture.h>
+#include <KTUtility/Diagnostics/KTLoggerComponents.h>
 #include <KTUtility/Formatters/KTNumberFormatter.h>
-#include <KTUtility/KTLogCapture.h>
-#include <KTUtility/KTLoggerComponents.h>
-#include <KTUtility/Platform/Foundation/NSDecimalNumber.h>
-#include <KTUtility/Platform/Foundation/NSException.h>
-#include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>
+#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
+#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+#include <KTUtility/Platform/Values/NSException.h>
 
 #include "support/TestSupport.h"
 

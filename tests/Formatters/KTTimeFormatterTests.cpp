@@ -1,6 +1,6 @@
 #include <KTUtility/Formatters/KTTimeFormatter.h>
-#include <KTUtility/Platform/Foundation/NSCalendar.h>
-#include <KTUtility/Platform/Foundation/NSLocale.h>
+#include <KTUtility/Platform/Dates/NSCalendar.h>
+#include <KTUtility/Platform/Text/NSLocale.h>
 
 #include "FormatterSupport.h"
 #include "support/TestSupport.h"

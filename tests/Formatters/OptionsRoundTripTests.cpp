@@ -4,7 +4,7 @@
 #include <KTUtility/Formatters/KTDurationFormatter.h>
 #include <KTUtility/Formatters/KTPhoneNumberFormatter.h>
 #include <KTUtility/Formatters/KTTimeFormatter.h>
-#include <KTUtility/Platform/Foundation/NSPropertyListSerialization.h>
+#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
 
 #include "FormatterSupport.h"
 #include "support/Properties.h"

@@ -1,6 +1,6 @@
 #include <KTUtility/Formatters/KTOptionsKeys.h>
-#include <KTUtility/Platform/Foundation/NSException.h>
-#include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>
+#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
+#include <KTUtility/Platform/Values/NSException.h>
 
 #include "support/TestSupport.h"
 

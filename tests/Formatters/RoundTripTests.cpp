@@ -1,7 +1,7 @@
 #include <KTUtility/Formatters/KTCurrencyFormatter.h>
 #include <KTUtility/Formatters/KTDurationFormatter.h>
 #include <KTUtility/Formatters/KTTimeFormatter.h>
-#include <KTUtility/Platform/Foundation/NSDecimalNumber.h>
+#include <KTUtility/Platform/Values/NSDecimalNumber.h>
 
 #include "FormatterSupport.h"
 #include "support/Properties.h"

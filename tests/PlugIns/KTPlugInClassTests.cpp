@@ -3,7 +3,7 @@
 #include "PlugIns/Modules/TestExporter.h"
 #include "support/TestSupport.h"
 
-#include <KTUtility/Platform/Foundation/NSBundle.h>
+#include <KTUtility/Platform/Files/NSBundle.h>
 
 using namespace testing_support;
 

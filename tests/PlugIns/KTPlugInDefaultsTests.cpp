@@ -1,10 +1,10 @@
 #include <KTUtility/PlugIns/KTPlugInManager.h>
 
-#include "PlugIns/PlugInSupport.h"
+#include "PlugInSupport.h"
 #include "support/TestSupport.h"
 
-#include <KTUtility/Platform/Foundation/NSPropertyListSerialization.h>
-#include <KTUtility/Platform/Foundation/NSUserDefaults.h>
+#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+#include <KTUtility/Platform/Files/NSUserDefaults.h>
 
 #include <QFile>
 #include <QPoint>

@@ -1,9 +1,9 @@
 #include <KTUtility/PlugIns/KTPlugInManager.h>
 
-#include "PlugIns/PlugInSupport.h"
+#include "PlugInSupport.h"
 #include "support/TestSupport.h"
 
-#include <KTUtility/KTLogCapture.h>
+#include <KTUtility/Diagnostics/KTLogCapture.h>
 
 #include <QDir>
 #include <QFile>

@@ -1,10 +1,10 @@
 #include <KTUtility/PlugIns/KTPlugInManager.h>
 
-#include "PlugIns/PlugInSupport.h"
+#include "PlugInSupport.h"
 #include "support/TestSupport.h"
 
-#include <KTUtility/KTLogCapture.h>
-#include <KTUtility/Platform/Foundation/NSPropertyListSerialization.h>
+#include <KTUtility/Diagnostics/KTLogCapture.h>
+#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
 
 #include <QDir>
 #include <QUuid>

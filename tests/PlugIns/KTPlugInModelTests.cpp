@@ -1,6 +1,6 @@
 // Random lives of a plug-in manager beside a model: which plug-ins are registered, loaded, enabled.
 
-#include "PlugIns/PlugInSupport.h"
+#include "PlugInSupport.h"
 #include "support/Properties.h"
 #include "support/TestSupport.h"
 

@@ -1,7 +1,7 @@
-#include "PlugIns/PlugInSupport.h"
+#include "PlugInSupport.h"
 #include "support/TestSupport.h"
 
-#include <KTUtility/Platform/Foundation/NSClass.h>
+#include <KTUtility/Platform/Keys/NSClass.h>
 
 #include <QCoreApplication>
 #include <QDir>

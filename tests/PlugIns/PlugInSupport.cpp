@@ -1,8 +1,8 @@
-#include "PlugIns/PlugInSupport.h"
+#include "PlugInSupport.h"
 
 #include "support/TestSupport.h"
 
-#include <KTUtility/Platform/Foundation/NSPropertyListSerialization.h>
+#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
 
 #include <QDir>
 #include <QFile>

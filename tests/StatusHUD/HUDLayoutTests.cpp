@@ -1,6 +1,6 @@
 // How large the display is, where it lies, and what it looks like.
 
-#include "StatusHUD/HUDSupport.h"
+#include "HUDSupport.h"
 
 #include <KTUtility/Platform/AppKit/NSFont.h>
 

@@ -1,8 +1,8 @@
 // What is shown when, and what takes it away. Time passes when the tests say so.
 
-#include "StatusHUD/HUDSupport.h"
+#include "HUDSupport.h"
 
-#include <KTUtility/KTLogCapture.h>
+#include <KTUtility/Diagnostics/KTLogCapture.h>
 #include <KTUtility/Platform/AppKit/NSApplication.h>
 
 #include <QDialog>

@@ -3,7 +3,7 @@
 #include <KTUtility/Platform/AppKit/NSScreen.h>
 #include <KTUtility/Platform/AppKit/NSViewAnimation.h>
 #include <KTUtility/Platform/AppKit/NSWindow.h>
-#include <KTUtility/Platform/Foundation/NSManualClock.h>
+#include <KTUtility/Platform/Dates/NSManualClock.h>
 #include <KTUtility/StatusHUD/KTStatusHUDController.h>
 
 #include "support/TestSupport.h"

@@ -1,7 +1,7 @@
 #include <KTUtility/Additions/NSColor_KTAdditions.h>
-#include <KTUtility/Platform/Foundation/NSException.h>
-#include <KTUtility/Platform/Foundation/NSObject.h>
-#include <KTUtility/Platform/Foundation/NSUserDefaults.h>
+#include <KTUtility/Platform/Files/NSUserDefaults.h>
+#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 #include <KTUtility/ValueTransformers/KTBaseValueTransformer.h>
 #include <KTUtility/ValueTransformers/KTBoolImageTransformer.h>
 #include <KTUtility/ValueTransformers/KTFileExtensionValueTransformer.h>

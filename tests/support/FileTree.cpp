@@ -1,6 +1,6 @@
-#include "support/FileTree.h"
+#include "FileTree.h"
 
-#include "support/TestSupport.h"
+#include "TestSupport.h"
 
 #include <QDirIterator>
 #include <QJsonArray>

@@ -1,4 +1,4 @@
-#include "support/NamedCharacterSets.h"
+#include "NamedCharacterSets.h"
 
 #include <map>
 #include <stdexcept>

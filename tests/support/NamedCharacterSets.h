@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/Platform/Foundation/NSCharacterSet.h>
+#include <KTUtility/Platform/Text/NSCharacterSet.h>
 
 #include <QJsonObject>
 #include <QString>

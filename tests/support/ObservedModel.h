@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/Platform/Foundation/NSKeyValueCodingObject.h>
+#include <KTUtility/Platform/Keys/NSKeyValueCodingObject.h>
 
 #include <QObject>
 #include <QPointer>

@@ -1,4 +1,4 @@
-#include "support/TestField.h"
+#include "TestField.h"
 
 void TestField::setOrder(const QVariant &order)
 {

@@ -1,4 +1,4 @@
-#include "support/TestSupport.h"
+#include "TestSupport.h"
 
 int main(int argc, char **argv)
 {

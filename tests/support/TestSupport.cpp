@@ -1,6 +1,6 @@
-#include "support/TestSupport.h"
+#include "TestSupport.h"
 
-#include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
 #include <QApplication>
 #include <QDir>

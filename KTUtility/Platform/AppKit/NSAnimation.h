@@ -1,7 +1,7 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSClock.h>
+#include <KTUtility/Platform/Dates/NSClock.h>
 
 #include <QObject>
 

@@ -2,8 +2,8 @@
 
 #include "NSSelectionProxy_p.h"
 
-#include <KTUtility/Platform/Foundation/NSCollections.h>
-#include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>
+#include <KTUtility/Platform/Keys/NSCollections.h>
+#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
 
 #include <QPointer>
 

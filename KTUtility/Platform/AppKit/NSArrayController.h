@@ -1,9 +1,9 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSPredicate.h>
-#include <KTUtility/Platform/Foundation/NSSelectionMarker.h>
-#include <KTUtility/Platform/Foundation/NSSortDescriptor.h>
+#include <KTUtility/Platform/Keys/NSPredicate.h>
+#include <KTUtility/Platform/Keys/NSSelectionMarker.h>
+#include <KTUtility/Platform/Keys/NSSortDescriptor.h>
 
 #include <QObject>
 #include <QVariantList>

@@ -1,8 +1,8 @@
 #include "NSImage.h"
 
 #include "NSGraphicsContext.h"
-#include "Platform/Foundation/NSBundle.h"
-#include "Platform/Foundation/NSPathUtilities.h"
+#include <KTUtility/Platform/Files/NSBundle.h>
+#include <KTUtility/Platform/Files/NSPathUtilities.h>
 
 #include <QBuffer>
 #include <QGuiApplication>

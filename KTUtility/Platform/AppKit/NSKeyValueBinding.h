@@ -1,7 +1,7 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSValueTransformer.h>
+#include <KTUtility/Platform/Keys/NSValueTransformer.h>
 
 #include <QObject>
 #include <QStringList>

@@ -1,6 +1,6 @@
 #include "NSMenuItem.h"
 
-#include "Platform/Foundation/NSInvoker.h"
+#include <KTUtility/Platform/Keys/NSInvoker.h>
 
 #include <QPointer>
 

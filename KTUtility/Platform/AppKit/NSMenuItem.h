@@ -1,7 +1,7 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Foundation/NSSelector.h>
+#include <KTUtility/Platform/Keys/NSSelector.h>
 
 #include <QAction>
 #include <QMenu>

@@ -1,6 +1,6 @@
 #include "NSNib.h"
 
-#include "Platform/Foundation/NSClassRegistry.h"
+#include <KTUtility/Platform/Keys/NSClassRegistry.h>
 
 #include <QApplication>
 #include <QFile>

@@ -1,11 +1,11 @@
 #include "NSSelectionProxy_p.h"
 
-#include <KTUtility/Platform/Foundation/NSSelectionMarker.h>
+#include <KTUtility/Platform/Keys/NSSelectionMarker.h>
 
-#include <KTUtility/Platform/Foundation/NSException.h>
-#include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>
-#include <KTUtility/Platform/Foundation/NSKeyValueObserving.h>
-#include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
+#include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
+#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
 #include <QPointer>
 

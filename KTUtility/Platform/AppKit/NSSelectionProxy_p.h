@@ -1,7 +1,7 @@
 #pragma once
 
-#include <KTUtility/Platform/Foundation/NSKeyValueCodingObject.h>
-#include <KTUtility/Platform/Foundation/NSKeyValueObservation.h>
+#include <KTUtility/Platform/Keys/NSKeyValueCodingObject.h>
+#include <KTUtility/Platform/Keys/NSKeyValueObservation.h>
 
 #include <QStringList>
 #include <QVariantList>

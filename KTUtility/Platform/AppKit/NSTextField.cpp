@@ -1,6 +1,6 @@
 #include "NSTextField.h"
 
-#include "Platform/Foundation/NSClassRegistry.h"
+#include <KTUtility/Platform/Keys/NSClassRegistry.h>
 
 #include <QFontMetricsF>
 #include <QPainter>

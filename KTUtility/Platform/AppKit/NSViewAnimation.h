@@ -1,7 +1,7 @@
 #pragma once
 
+#include "NSAnimation.h"
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/AppKit/NSAnimation.h>
 
 #include <QPointer>
 #include <QWidget>

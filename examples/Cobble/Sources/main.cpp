@@ -1,6 +1,6 @@
-#include "Cobble.h"
-#include "HostApplication.h"
-#include "StandardStreams.h"
+#include "Commands/Cobble.h"
+#include "Commands/HostApplication.h"
+#include "Commands/StandardStreams.h"
 
 #include <unistd.h>
 

@@ -1,13 +1,13 @@
 // The main window of the host.
 
-#include "Cobble/Window/WindowSupport.h"
+#include "WindowSupport.h"
 
 #include "Window/DetailPane.h"
 #include "Window/MainMenu.h"
 
-#include <KTUtility/KTDoNotShowAlert.h>
-#include <KTUtility/KTWindowManager.h>
 #include <KTUtility/Platform/AppKit/NSMenuItem.h>
+#include <KTUtility/Windows/KTDoNotShowAlert.h>
+#include <KTUtility/Windows/KTWindowManager.h>
 
 #include <QBrush>
 #include <QClipboard>

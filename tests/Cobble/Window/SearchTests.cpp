@@ -1,6 +1,6 @@
 // Finding and ordering records in the host's main window.
 
-#include "Cobble/Window/WindowSupport.h"
+#include "WindowSupport.h"
 
 #include <QHeaderView>
 #include <QSignalSpy>

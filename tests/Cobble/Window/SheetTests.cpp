@@ -1,14 +1,14 @@
 // The sheets and alerts of the host's main window.
 
-#include "Cobble/Window/WindowSupport.h"
+#include "WindowSupport.h"
 
 #include "Window/SilencedAlerts.h"
 
-#include <KTUtility/KTDoNotShowAlert.h>
-#include <KTUtility/KTWindowManager.h>
 #include <KTUtility/Platform/AppKit/NSApplication.h>
 #include <KTUtility/Platform/AppKit/NSMenuItem.h>
-#include <KTUtility/Platform/Foundation/NSURL.h>
+#include <KTUtility/Platform/Files/NSURL.h>
+#include <KTUtility/Windows/KTDoNotShowAlert.h>
+#include <KTUtility/Windows/KTWindowManager.h>
 
 #include <QCheckBox>
 #include <QMessageBox>

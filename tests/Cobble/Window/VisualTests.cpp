@@ -1,6 +1,6 @@
 // What the host's main window shows beyond texts: displays, badges, pictures, rings.
 
-#include "Cobble/Window/WindowSupport.h"
+#include "WindowSupport.h"
 
 #include "Window/MediaField.h"
 #include "Window/RecordTableView.h"

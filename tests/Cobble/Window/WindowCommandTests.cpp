@@ -1,6 +1,6 @@
 // The command `cobble window`.
 
-#include "Cobble/Window/WindowSupport.h"
+#include "WindowSupport.h"
 
 #include "Window/WindowPicture.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Cobble/CommandSupport.h"
+#include "Cobble/Commands/CommandSupport.h"
 
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
@@ -14,7 +14,7 @@
 #include "Window/RecordTableModel.h"
 #include "Window/RecordTableView.h"
 
-#include <KTUtility/KTDoNotShowAlert.h>
+#include <KTUtility/Windows/KTDoNotShowAlert.h>
 
 #include <QAbstractButton>
 #include <QApplication>

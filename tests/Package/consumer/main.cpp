@@ -2,8 +2,8 @@
 
 #include <KTUtility/Additions/NSArray_KTAdditions.h>
 #include <KTUtility/Additions/NSString_KTNaming.h>
-#include <KTUtility/KTAssert.h>
-#include <KTUtility/KTLogger.h>
+#include <KTUtility/Diagnostics/KTAssert.h>
+#include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/PlugIns/KTPlugInManager.h>
 
 #include <cstdio>

@@ -3,7 +3,7 @@
 #include <KTUtility/Platform/AppKit/NSApplication.h>
 #include <KTUtility/Platform/AppKit/NSTimer.h>
 #include <KTUtility/Platform/AppKit/NSViewAnimation.h>
-#include <KTUtility/Platform/Foundation/NSManualClock.h>
+#include <KTUtility/Platform/Dates/NSManualClock.h>
 
 #include "support/TestSupport.h"
 

@@ -1,9 +1,9 @@
 #include <KTUtility/Platform/AppKit/NSArrayController.h>
 
 #include <KTUtility/Bindings/KTPropertyBinder.h>
-#include <KTUtility/Platform/Foundation/NSException.h>
-#include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>
-#include <KTUtility/Platform/Foundation/NSKeyValueObservation.h>
+#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
+#include <KTUtility/Platform/Keys/NSKeyValueObservation.h>
+#include <KTUtility/Platform/Values/NSException.h>
 
 #include "Bindings/BinderSupport.h"
 #include "support/ObservedModel.h"

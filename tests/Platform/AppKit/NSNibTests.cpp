@@ -2,7 +2,7 @@
 
 #include <KTUtility/Platform/AppKit/NSNib.h>
 #include <KTUtility/Platform/AppKit/NSWindowController.h>
-#include <KTUtility/Platform/Foundation/NSClassRegistry.h>
+#include <KTUtility/Platform/Keys/NSClassRegistry.h>
 
 #include "support/TestSupport.h"
 

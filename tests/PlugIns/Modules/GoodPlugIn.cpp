@@ -2,7 +2,7 @@
 
 #include "TestExporter.h"
 
-#include <KTUtility/Platform/Foundation/NSBundle.h>
+#include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/PlugIns/KTPlugInClass.h>
 
 #include <QPointer>

@@ -2,8 +2,8 @@
 
 #include "TestExporter.h"
 
-#include <KTUtility/Platform/Foundation/NSBundle.h>
-#include <KTUtility/Platform/Foundation/NSException.h>
+#include <KTUtility/Platform/Files/NSBundle.h>
+#include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/PlugIns/KTPlugInClass.h>
 
 #include <stdexcept>

@@ -1,9 +1,9 @@
 #include "JSONText.h"
 
-#include "ISODateText.h"
+#include "Text/ISODateText.h"
 
-#include <KTUtility/Platform/Foundation/NSDecimalNumber.h>
-#include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
 #include <QDateTime>
 

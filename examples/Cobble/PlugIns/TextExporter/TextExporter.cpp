@@ -1,7 +1,7 @@
 #include "TextExporter.h"
 
-#include "CSVText.h"
 #include "JSONText.h"
+#include "Text/CSVText.h"
 
 #include <KTUtility/PlugIns/KTPlugInClass.h>
 

@@ -1,6 +1,6 @@
-#include "Gallery/DrawingSamples.h"
+#include "DrawingSamples.h"
 
-#include "Gallery/GallerySample.h"
+#include "GallerySample.h"
 
 #include <KTUtility/Additions/KTImageBadger.h>
 #include <KTUtility/Additions/NSBezierPath_KTAdditions.h>

@@ -1,8 +1,8 @@
-#include "Gallery/GalleryPage.h"
+#include "GalleryPage.h"
 
-#include "Gallery/DrawingSamples.h"
-#include "Gallery/GallerySample.h"
-#include "Gallery/ViewSamples.h"
+#include "DrawingSamples.h"
+#include "GallerySample.h"
+#include "ViewSamples.h"
 
 #include <KTUtility/Platform/AppKit/NSFont.h>
 #include <KTUtility/Platform/AppKit/NSImage.h>

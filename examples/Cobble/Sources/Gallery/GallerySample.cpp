@@ -1,4 +1,4 @@
-#include "Gallery/GallerySample.h"
+#include "GallerySample.h"
 
 #include <KTUtility/Platform/AppKit/NSFont.h>
 #include <KTUtility/Platform/AppKit/NSImage.h>

@@ -1,8 +1,8 @@
-#include "Gallery/ViewSamples.h"
+#include "ViewSamples.h"
 
-#include "Gallery/GallerySample.h"
+#include "GallerySample.h"
 
-#include <KTUtility/Platform/Foundation/NSManualClock.h>
+#include <KTUtility/Platform/Dates/NSManualClock.h>
 #include <KTUtility/StatusHUD/KTStatusHUDController.h>
 #include <KTUtility/Views/KTFocusRingScrollView.h>
 #include <KTUtility/Views/KTFocusRingView.h>

@@ -3,8 +3,8 @@
 #include "FieldEditor.h"
 #include "MediaField.h"
 
-#include <KTUtility/Platform/Foundation/NSKeyValueCoding.h>
-#include <KTUtility/Platform/Foundation/NSSelectionMarker.h>
+#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
+#include <KTUtility/Platform/Keys/NSSelectionMarker.h>
 
 #include <QFormLayout>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DetailForm.h"
+#include "Forms/DetailForm.h"
 
 #include <QPointer>
 #include <QWidget>

@@ -1,7 +1,7 @@
 #include "ExportSheet.h"
 
-#include "LibraryExport.h"
-#include "PlugIns.h"
+#include "Library/LibraryExport.h"
+#include "Library/PlugIns.h"
 
 #include <QDir>
 #include <QFileDialog>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FieldType.h"
+#include "Fields/FieldType.h"
 
 #include <QWidget>
 

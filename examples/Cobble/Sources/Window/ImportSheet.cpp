@@ -1,6 +1,6 @@
 #include "ImportSheet.h"
 
-#include <KTUtility/KTWindowController.h>
+#include <KTUtility/Windows/KTWindowController.h>
 
 #include <QCheckBox>
 #include <QFileDialog>

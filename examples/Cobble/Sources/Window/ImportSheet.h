@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ImportFile.h"
+#include "Import/ImportFile.h"
 #include "TransferSheet.h"
 
 #include <QMetaType>

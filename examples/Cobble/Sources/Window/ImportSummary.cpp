@@ -1,7 +1,7 @@
 #include "ImportSummary.h"
 
-#include "AlignedTable.h"
 #include "ShortText.h"
+#include "Text/AlignedTable.h"
 
 #include <QHeaderView>
 #include <QLabel>

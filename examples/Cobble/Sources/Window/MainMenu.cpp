@@ -1,6 +1,6 @@
 #include "MainMenu.h"
 
-#include <KTUtility/KTLogger.h>
+#include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/AppKit/NSMenuItem.h>
 
 #include <QMainWindow>

@@ -1,6 +1,5 @@
 #include "MainWindowController.h"
 
-#include "AlignedTable.h"
 #include "DesktopApplication.h"
 #include "DetailPane.h"
 #include "MainMenu.h"
@@ -9,11 +8,12 @@
 #include "RecordTableModel.h"
 #include "RecordTableView.h"
 #include "TableSelection.h"
+#include "Text/AlignedTable.h"
 
-#include <KTUtility/KTDoNotShowAlert.h>
 #include <KTUtility/Platform/AppKit/NSAlert.h>
 #include <KTUtility/Platform/AppKit/NSMenuItem.h>
-#include <KTUtility/Platform/Foundation/NSURL.h>
+#include <KTUtility/Platform/Files/NSURL.h>
+#include <KTUtility/Windows/KTDoNotShowAlert.h>
 
 #include <QApplication>
 #include <QEvent>

@@ -4,8 +4,8 @@
 #include "ImportSummary.h"
 #include "ShowLibraryAlert.h"
 
-#include <KTUtility/KTWindowController.h>
 #include <KTUtility/Platform/AppKit/NSArrayController.h>
+#include <KTUtility/Windows/KTWindowController.h>
 
 #include <QAction>
 #include <QTimer>

@@ -3,7 +3,7 @@
 #include "OpenLibrary.h"
 
 #include <KTUtility/Platform/AppKit/NSApplication.h>
-#include <KTUtility/Platform/Foundation/NSFileManager.h>
+#include <KTUtility/Platform/Files/NSFileManager.h>
 
 #include <QFileInfo>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "LibraryStore.h"
+#include "Library/LibraryStore.h"
 
 #include <QHash>
 #include <QObject>

@@ -1,7 +1,7 @@
 #include "OpenLibrary.h"
 
+#include "Import/UnusedMedia.h"
 #include "OpenBundle.h"
-#include "UnusedMedia.h"
 
 #include <QScopedValueRollback>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "RecordTexts.h"
+#include "Library/RecordTexts.h"
 #include "StoredRecord.h"
 
 #include <functional>

@@ -1,6 +1,6 @@
 #include "RecordSearch.h"
 
-#include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
 namespace {
 /// What the fields read of a text.

@@ -2,7 +2,7 @@
 
 #include "OpenLibrary.h"
 
-#include <KTUtility/Platform/Foundation/NSPredicate.h>
+#include <KTUtility/Platform/Keys/NSPredicate.h>
 
 // Finding records by a typed text.
 

@@ -1,10 +1,10 @@
 #include "RecordTableModel.h"
 
-#include "CSVText.h"
 #include "ShortText.h"
+#include "Text/CSVText.h"
 #include "ValueOrder.h"
 
-#include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
 #include <QBrush>
 #include <QMap>

@@ -1,7 +1,7 @@
 #include "SilencedAlerts.h"
 
-#include <KTUtility/KTDoNotShowAlert.h>
-#include <KTUtility/Platform/Foundation/NSClassRegistry.h>
+#include <KTUtility/Platform/Keys/NSClassRegistry.h>
+#include <KTUtility/Windows/KTDoNotShowAlert.h>
 
 #include <QListWidget>
 #include <QPushButton>

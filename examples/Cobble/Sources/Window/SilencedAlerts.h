@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/KTDialogController.h>
+#include <KTUtility/Windows/KTDialogController.h>
 
 /// Lists the alerts that the user has silenced, and lets them speak again.
 class SilencedAlerts : public KTDialogController

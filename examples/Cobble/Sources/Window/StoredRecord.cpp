@@ -3,8 +3,8 @@
 #include "OpenLibrary.h"
 
 #include <KTUtility/Platform/AppKit/NSApplication.h>
-#include <KTUtility/Platform/Foundation/NSKeyValueObserving.h>
-#include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
 bool StoredRecord::setValueForKey(const QVariant &value, const QString &key)
 {

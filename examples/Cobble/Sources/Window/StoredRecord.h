@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FormField.h"
+#include "Forms/FormField.h"
 
 class OpenLibrary;
 

@@ -2,7 +2,7 @@
 
 #include "OpenBundle.h"
 
-#include <KTUtility/KTDialogController.h>
+#include <KTUtility/Windows/KTDialogController.h>
 
 #include <QElapsedTimer>
 #include <QPointer>

@@ -1,7 +1,7 @@
 #include "ValueOrder.h"
 
-#include <KTUtility/Platform/Foundation/NSLocale.h>
-#include <KTUtility/Platform/Foundation/NSObject.h>
+#include <KTUtility/Platform/Text/NSLocale.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
 #include <QCollator>
 

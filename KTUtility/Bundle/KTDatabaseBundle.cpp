@@ -1,0 +1,208 @@
+#include "KTDatabaseBundle.h"
+
+#include "KTMediaNames_p.h"
+#include <KTUtility/Additions/NSString_KTAdditions.h>
+#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Files/NSFileManager.h>
+#include <KTUtility/Platform/Files/NSPathUtilities.h>
+#include <KTUtility/Platform/Files/NSSearchPath.h>
+#include <KTUtility/Platform/Files/NSUserDefaults.h>
+#include <KTUtility/Platform/Text/NSPercentEscapes.h>
+
+const QString KTDefaultDatabaseBundlePath = QStringLiteral("KTDefaultDatabaseBundlePath");
+
+namespace {
+constexpr QStringView MediaScheme = u"cobblemedia";
+
+QString userSupportFolder()
+{
+    const QStringList folders =
+        NSSearchPathForDirectoriesInDomains(NSApplicationSupportDirectory, NSUserDomainMask, true);
+    return folders.isEmpty() ? NSTemporaryDirectory() : folders.first();
+}
+
+/// What is in a folder; nil in nil, which is not the current folder.
+QString pathIn(const QString &folder, const QString &name)
+{
+    return folder.isNull() ? QString() : NSString::stringByAppendingPathComponent(folder, name);
+}
+} // namespace
+
+QString KTDatabaseBundle::databaseBundleFileType()
+{
+    return QStringLiteral("cobbledb");
+}
+
+QString KTDatabaseBundle::cobbleSupportFolder()
+{
+    const QString support = userSupportFolder();
+    _ensureDirectoryExistsAtPath(support);
+    const QString folder =
+        NSString::stringByAppendingPathComponent(support, QStringLiteral("Cobble"));
+    _ensureDirectoryExistsAtPath(folder);
+    return folder;
+}
+
+QString KTDatabaseBundle::factoryDefaultDatabaseBundleName()
+{
+    return QStringLiteral("cobble");
+}
+
+QString KTDatabaseBundle::pathInSupportFolder(const QString &name)
+{
+    return NSString::stringByAppendingPathExtension(
+        NSString::stringByAppendingPathComponent(cobbleSupportFolder(), name),
+        databaseBundleFileType());
+}
+
+QString KTDatabaseBundle::chosenBundlePath(const QString &factoryPath)
+{
+    NSUserDefaults *const defaults = NSUserDefaults::standardUserDefaults();
+    defaults->registerDefaults({{KTDefaultDatabaseBundlePath, factoryPath}});
+    return defaults->stringForKey(KTDefaultDatabaseBundlePath);
+}
+
+bool KTDatabaseBundle::_ensureDirectoryExistsAtPath(const QString &path)
+{
+    // Another process may make it in between.
+    return NSFileManager::fileExistsAtPath(path) ||
+           NSFileManager::createDirectoryAtPath(path, false) ||
+           NSFileManager::fileExistsAtPath(path);
+}
+
+KTDatabaseBundle::KTDatabaseBundle(const QString &bundlePath) : _bundlePath(bundlePath) {}
+
+QString KTDatabaseBundle::_contentsFolderPath() const
+{
+    return pathIn(_bundlePath, QStringLiteral("Contents"));
+}
+
+QString KTDatabaseBundle::_resourcesFolderPath() const
+{
+    return pathIn(_contentsFolderPath(), QStringLiteral("Resources"));
+}
+
+QString KTDatabaseBundle::databaseFilePath() const
+{
+    return pathIn(_resourcesFolderPath(), QStringLiteral("Database"));
+}
+
+QString KTDatabaseBundle::mediaFolderPath() const
+{
+    return pathIn(_resourcesFolderPath(), QStringLiteral("Media"));
+}
+
+bool KTDatabaseBundle::doesExist() const
+{
+    bool isFolder = false;
+    return NSFileManager::fileExistsAtPath(_bundlePath, &isFolder) && isFolder;
+}
+
+bool KTDatabaseBundle::buildDatabaseBundleOnDisk(const QVariant & /*sender*/) const
+{
+    return _ensureDirectoryExistsAtPath(_bundlePath) &&
+           _ensureDirectoryExistsAtPath(_contentsFolderPath()) &&
+           _ensureDirectoryExistsAtPath(_resourcesFolderPath()) &&
+           _ensureDirectoryExistsAtPath(mediaFolderPath());
+}
+
+bool KTDatabaseBundle::removeDatabaseBundleOnDisk(const QVariant & /*sender*/) const
+{
+    return !doesExist() || NSFileManager::removeItemAtPath(_bundlePath);
+}
+
+QString KTDatabaseBundle::moveDatabaseToPreUpgradePath() const
+{
+    const auto freePath = [this](const QString &suffix) {
+        return KTAdditions::uniqueFilePathForFilePath(
+            KTAdditions::stringByAppendingToFilename(_bundlePath, suffix));
+    };
+    const QString backup = freePath(QStringLiteral("1Backup"));
+    const bool isMoved = NSFileManager::moveItemAtPath(_bundlePath, backup);
+    const QString preUpgrade = freePath(QStringLiteral("_PreUpgrade"));
+    // What is at the backup's path otherwise is another one.
+    if (isMoved)
+        NSFileManager::copyItemAtPath(backup, preUpgrade);
+    return preUpgrade;
+}
+
+QString KTDatabaseBundle::filePathByAddingExtComment(const QString &path,
+                                                     const QString &comment) const
+{
+    return KTMediaNames::pathByAddingExtComment(path, comment);
+}
+
+QString KTDatabaseBundle::filePathByRemovingExtComment(const QString &path) const
+{
+    return KTMediaNames::pathByRemovingExtComment(path);
+}
+
+int KTDatabaseBundle::nextInstanceNumberForFilePath(const QString &path) const
+{
+    // Of a name that is refused no copy exists.
+    const QString media = mediaPath(NSString::lastPathComponent(path));
+    return media.isNull() ? 0 : KTInstanceNumbers(media).next();
+}
+
+QString KTDatabaseBundle::fileNameWithMediaInstanceNumber(const QString &fileName) const
+{
+    return filePathByAddingExtComment(fileName,
+                                      QString::number(nextInstanceNumberForFilePath(fileName)));
+}
+
+/// The path of a media file; nil for names that could lead out of the media folder.
+QString KTDatabaseBundle::mediaPath(const QString &name) const
+{
+    return KTMediaNames::isFileName(name) ? pathIn(mediaFolderPath(), name) : QString();
+}
+
+bool KTDatabaseBundle::isMediaURL(const NSURL &url) const
+{
+    return url.scheme() == MediaScheme;
+}
+
+std::optional<NSURL> KTDatabaseBundle::mediaUrlFromFilePath(const QString &path) const
+{
+    const QString name = NSString::lastPathComponent(path);
+    return isFileNameInMediaFolder(name) ? mediaURLNamed(name) : std::nullopt;
+}
+
+/// The URL of a media file, whether there is one or not.
+std::optional<NSURL> KTDatabaseBundle::mediaURLNamed(const QString &name)
+{
+    return NSURL::URLWithString(MediaScheme + u"://" +
+                                NSString::stringByAddingPercentEscapes(name));
+}
+
+QString KTDatabaseBundle::filePathFromMediaUrl(const NSURL &url) const
+{
+    if (!isMediaURL(url))
+        return {};
+    return mediaPath(NSString::stringByReplacingPercentEscapes(
+        NSString::lastPathComponent(url.absoluteString())));
+}
+
+bool KTDatabaseBundle::isFileNameInMediaFolder(const QString &fileName) const
+{
+    return NSFileManager::fileExistsAtPath(mediaPath(fileName));
+}
+
+bool KTDatabaseBundle::deleteFileFromMediaFolder(const QString &fileName) const
+{
+    return NSFileManager::removeItemAtPath(mediaPath(fileName));
+}
+
+bool KTDatabaseBundle::isFilenameInBundle(const QString &fileName) const
+{
+    return isFileNameInMediaFolder(fileName);
+}
+
+QString KTDatabaseBundle::filepathFromBundleURL(const NSURL &url) const
+{
+    return filePathFromMediaUrl(url);
+}
+
+bool KTDatabaseBundle::deleteFileFromBundle(const QString &fileName) const
+{
+    return deleteFileFromMediaFolder(fileName);
+}

@@ -1,0 +1,23 @@
+#include "KTAssert.h"
+
+#include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
+#include <KTUtility/Platform/Diagnostics/NSLog.h>
+
+namespace {
+/// The line that every assertion reports.
+constexpr int AssertionLine = 28;
+} // namespace
+
+void KTAssert::failAssertion(const QString &message)
+{
+    NSLog(u"ASSERTION FAILED: %@", message);
+    NSAssertionHandler::currentHandler()->handleFailureInMethod(
+        QStringLiteral("KTAssertWithFormat:"),
+        NSAssertionSubject::classNamed(QStringLiteral("KTAssert")), QString::fromUtf8(__FILE__),
+        AssertionLine, message);
+}
+
+void KTAssert::reportVerification(const QString &message)
+{
+    NSLog(u"VERIFICATION FAILED: %@", message);
+}

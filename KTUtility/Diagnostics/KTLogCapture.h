@@ -1,0 +1,61 @@
+#pragma once
+
+#include "KTLogger.h"
+
+#include <QList>
+#include <QMutex>
+#include <QStringList>
+
+/// Catches what is logged while it lives, for tests of code that logs.
+///
+/// The components given are on for its lifetime, whatever the settings say; messages go to it and
+/// neither to the file nor to the console; no settings are written. Captures may be nested: the
+/// innermost one catches. Messages of other threads are caught, too; let them end before it does.
+///
+/// \code
+/// KTLogCapture capture(kLog_ImportDialog, 4);
+/// importer.read(path);
+/// EXPECT_EQ(capture.messages(), QStringList{"contacts.csv: 300 rows"});
+/// \endcode
+class KTUTILITY_EXPORT KTLogCapture
+{
+public:
+    /// One caught message.
+    struct Entry
+    {
+        QString component;
+        int level = 0;
+        QString file;
+        int lineNumber = 0;
+        QString message;
+    };
+
+    /// Catches messages of \a component up to \a level.
+    explicit KTLogCapture(const QString &component, int level = 7,
+                          KTLogger *logger = KTLogger::sharedLogger());
+    /// Puts the logger back as it was.
+    ~KTLogCapture();
+    KTLogCapture(const KTLogCapture &) = delete;
+    KTLogCapture &operator=(const KTLogCapture &) = delete;
+
+    /// Catches another component, too, or the same one at another level.
+    void setLevelOfComponent(int level, const QString &component);
+
+    /// What was caught so far, in order.
+    QList<Entry> entries() const;
+    /// The texts of what was caught so far, in order.
+    QStringList messages() const;
+    /// Forgets what was caught so far.
+    void clear();
+
+private:
+    friend class KTLogger;
+    void add(const QString &component, int level, std::string_view file, int lineNumber,
+             QStringView message);
+
+    KTLogger *_logger;
+    KTLogCapture *_outer;
+    std::optional<QVariantMap> _savedComponents;
+    mutable QMutex _mutex;
+    QList<Entry> _entries;
+};

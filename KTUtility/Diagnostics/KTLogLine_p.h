@@ -1,0 +1,29 @@
+#pragma once
+
+#include <KTUtility/Platform/Text/NSUnitBuffer_p.h>
+
+#include <QByteArrayView>
+
+#include <array>
+#include <ctime>
+#include <string_view>
+#include <vector>
+
+// Private to the logger: how a line of the log file is made.
+namespace KTLogLine {
+/// What a thread keeps from line to line, so that a line allocates nothing.
+struct State
+{
+    std::vector<char> bytes;
+    NSUnitBuffer message;
+    time_t second = -1;
+    /// Longer than any date, so that it is copied as it stands.
+    std::array<char, 48> date{};
+    size_t dateSize = 0;
+};
+
+/// "Sun Nov 15 2026 16:28:00.123 [File.cpp:42][Component] message\n" in UTF-8, at the current time
+/// in the local zone, with English names. The bytes are those of \a state.
+QByteArrayView line(State &state, QStringView component, std::string_view fileName, int lineNumber,
+                    QStringView message);
+} // namespace KTLogLine

@@ -1,0 +1,235 @@
+#pragma once
+
+#include "KTLoggerComponents.h"
+#include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/Files/NSFileHandle.h>
+#include <KTUtility/Platform/Values/NSStringFormat.h>
+
+#include <QObject>
+#include <QStringList>
+#include <QVariantMap>
+
+#include <atomic>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+class KTLogCapture;
+class QAction;
+class QMenu;
+
+/// "writeToFile": whether messages go to the log file (true when missing) or to the console.
+KTUTILITY_EXPORT extern const QString KTLoggerWriteToFileKey;
+/// "displayFileLine": whether console lines carry source file and line (false when missing).
+KTUTILITY_EXPORT extern const QString KTLoggerDisplayFileLineKey;
+/// "components": component name to level; missing when no component was ever set.
+KTUTILITY_EXPORT extern const QString KTLoggerComponentsKey;
+
+/// Logs a message if its component is on at its level; otherwise evaluates nothing but the first
+/// two arguments. This is how every call site logs.
+///
+/// \param component one of the kLog_ constants.
+/// \param level 1 to 7; 7 is the most detail. 4 is for ordinary traces, 7 for dumps.
+/// \param format an object-format string as for NSString::stringWithFormat(), and its arguments.
+///
+/// \code
+/// KTLog(kLog_ImportDialog, 4, u"%@: %d rows", path, rows.size());
+/// \endcode
+#define KTLog(component, level, format, ...)                                                       \
+    do {                                                                                           \
+        KTLogger *const ktLogger_ = KTLogger::sharedLogger();                                      \
+        const QString &ktComponent_ = (component);                                                 \
+        const int ktLevel_ = (level);                                                              \
+        if (ktLogger_->shouldLogComponent(ktComponent_, ktLevel_)) {                               \
+            constexpr std::string_view ktFileName_ = KTLogger::fileNameOf(__FILE__);               \
+            ktLogger_->writeMessage(ktComponent_, ktLevel_, ktFileName_, __LINE__,                 \
+                                    (format)__VA_OPT__(, ) __VA_ARGS__);                           \
+        }                                                                                          \
+    } while (false)
+
+/// The process-wide logger: a level for each component, changed at run time from a menu.
+///
+/// A component's level is 0 (off) or 1 to 7; a message is written if its level is at most that of
+/// its component. Output goes to "cobble.log" in the user's Logs folder, a write call a line and
+/// without buffering, or to the console. Settings live in a property list in the user's Preferences
+/// folder; each change is saved at once.
+///
+/// Settings belong to the main thread. Log calls may come from any thread, also while levels
+/// change: a line is one write. A line that the disk does not take is lost; where half of it was
+/// taken, the next one starts anew.
+///
+/// \code
+/// KTLogger *logger = KTLogger::sharedLogger();
+/// logger->populateComponentLoggingMenu(helpMenu->addMenu(tr("Logging"))->menuAction());
+/// logger->setLevelOfComponent(4, kLog_ImportDialog);
+/// KTLog(kLog_ImportDialog, 4, u"read %@", path);
+/// // Sun Nov 15 2026 16:28:00.123 [Import.cpp:42][Import Dialog] read /tmp/contacts.csv
+/// \endcode
+class KTUTILITY_EXPORT KTLogger : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The logger of the process, made on first use: that is when the settings are read and the
+    /// log file is emptied.
+    static KTLogger *sharedLogger()
+    {
+        KTLogger *logger = _sharedLogger.load(std::memory_order_acquire);
+        return logger ? logger : createSharedLogger();
+    }
+
+    /// A logger of its own; for tests. It reads the settings and empties the log file.
+    KTLogger();
+    ~KTLogger() override;
+
+    // --- Logging
+
+    /// Whether a message would be written: the component has a level other than 0 and \a logLevel
+    /// is at most that. When nothing is on, this is one comparison.
+    bool shouldLogComponent(const QString &component, int logLevel) const
+    {
+        return logLevel <= _highestLevel.load(std::memory_order_relaxed) &&
+               isLevelReached(component, logLevel);
+    }
+
+    /// Writes one message, if shouldLogComponent() allows it.
+    /// \param file the path of the source file; its last component is shown.
+    /// \param lineNumber the line in it.
+    /// \param format an object-format string for \a arguments; "<null>" is written for nil.
+    template<typename... Arguments>
+    void logComponent(const QString &component, int logLevel, const char *file, int lineNumber,
+                      QStringView format, const Arguments &...arguments)
+    {
+        if (shouldLogComponent(component, logLevel))
+            writeMessage(component, logLevel, fileNameOf(file ? file : ""), lineNumber, format,
+                         arguments...);
+    }
+
+    /// Writes one message, which shouldLogComponent() has been asked for: what KTLog() calls. Never
+    /// inlined, so that a call site that is off is a comparison and no more.
+    /// \param fileName what is shown of the path of the source file.
+    template<typename... Arguments>
+    [[gnu::noinline]] void writeMessage(const QString &component, int logLevel,
+                                        std::string_view fileName, int lineNumber,
+                                        QStringView format, const Arguments &...arguments)
+    {
+        if constexpr (sizeof...(Arguments) == 0) {
+            logArguments(component, logLevel, fileName, lineNumber, format, {});
+        } else {
+            const NSFormatArgument collected[] = {NSFormatArgument(arguments)...};
+            logArguments(component, logLevel, fileName, lineNumber, format, collected);
+        }
+    }
+
+    /// The last component of a source path.
+    static constexpr std::string_view fileNameOf(std::string_view path)
+    {
+        while (path.size() > 1 && path.ends_with('/'))
+            path.remove_suffix(1);
+        const size_t slash = path.rfind('/');
+        const bool isWhole = slash == std::string_view::npos || path.size() == 1;
+        return isWhole ? path : path.substr(slash + 1);
+    }
+
+    // --- Configuration
+
+    /// The path of the settings file: "Preferences/<host identifier>.ktlogger.plist" in the user's
+    /// Library folder; nil if there is no Library folder.
+    QString configFilePath() const;
+    /// The folder of the log file: "Logs" in the user's Library folder, or in the temporary folder
+    /// if there is no Library folder. It is made if nothing exists there.
+    QString logFolder() const;
+    /// Fills allComponentsArray().
+    void initializeAllComponentsArray();
+    /// Reads settings. What is there replaces what was set; a damaged file counts as an empty one;
+    /// without a file, components are off and the rest stays. If the system does not let the file
+    /// be read, everything stays; if it is that of the user, it is read again before the next
+    /// change.
+    void loadConfigFile(const QString &path);
+    /// Writes the settings and reads them back. A file that could not be read is not written over.
+    /// \throws NSException NSInvalidArgumentException if no component was ever given a level:
+    /// there are no components to write then. Set a level first.
+    void writeConfigFile();
+
+    /// The names that have a menu entry, in menu order.
+    const QStringList &allComponentsArray() const { return _allComponentsArray; }
+    /// The level of a component, 0 unless set.
+    int levelOfComponent(const QString &component) const;
+    /// Sets the level of any component, also one without a menu entry, and saves.
+    void setLevelOfComponent(int level, const QString &component);
+    /// The levels as loaded and set; nothing if none ever was.
+    const std::optional<QVariantMap> &components() const { return _components; }
+    /// Whether messages go to the log file; if not, they go to the console.
+    bool writeToFile() const { return _writeToFile; }
+    /// Whether console lines carry file and line. Lines in the log file always do.
+    bool displayFileLine() const { return _displayFileLine; }
+    /// The settings file; nil if there is no Library folder.
+    const QString &userFile() const { return _userFile; }
+
+    // --- Menu
+
+    /// Appends the logging menu to the submenu of \a item, which the host supplies.
+    void populateComponentLoggingMenu(QAction *item);
+    /// A menu of the eight levels for the component whose position is base / 10.
+    std::unique_ptr<QMenu> createLogLevelSubmenuWithBase(int base);
+    /// Sets the check mark of an item of the logging menu. Every item stays enabled.
+    Q_INVOKABLE bool validateMenuItem(QAction *item);
+
+    // The actions of the menu. Each saves, and so needs that a level was set; see
+    // writeConfigFile().
+
+    /// Sends messages to the console from now on.
+    Q_INVOKABLE void setOutputToConsole(QAction *sender);
+    /// Sends messages to the log file from now on.
+    Q_INVOKABLE void setOutputToFile(QAction *sender);
+    /// Switches file and line on console lines on or off.
+    Q_INVOKABLE void setDisplayFileLine(QAction *sender);
+    /// Switches off every component that has a menu entry.
+    Q_INVOKABLE void clearAllLoggingState(QAction *sender);
+    /// Sets the component at position tag / 10 to the level tag modulo 10, by the sender's tag.
+    /// \throws NSException NSRangeException if there is no such position.
+    Q_INVOKABLE void setComponentLogLevel(QAction *sender);
+
+private:
+    friend class KTLogCapture;
+    using Levels = std::vector<std::pair<QString, int>>;
+
+    static KTLogger *createSharedLogger();
+    bool isLevelReached(const QString &component, int logLevel) const;
+    void logArguments(const QString &component, int logLevel, std::string_view fileName,
+                      int lineNumber, QStringView format,
+                      std::span<const NSFormatArgument> arguments);
+    void writeLineToFile(QByteArrayView line);
+    bool endTornLine();
+    void writeLineToConsole(const QString &component, std::string_view fileName, int lineNumber,
+                            QStringView message);
+    void setComponents(const std::optional<QVariantMap> &components);
+    void setActiveLevels(Levels levels);
+    void readMissedSettings();
+    const QString &componentForTag(int tag) const;
+
+    static std::atomic<KTLogger *> _sharedLogger;
+
+    std::optional<QVariantMap> _components;
+    std::unique_ptr<NSFileHandle> _fileHandle;
+    // Whether the last line may have stopped half-way, on a full disk.
+    std::atomic<bool> _isLineTorn = false;
+    std::atomic<bool> _writeToFile = true;
+    std::atomic<bool> _displayFileLine = false;
+    QString _userFile;
+    // Whether the system did not let it be read, so that nobody knows what it holds.
+    bool _isUserFileUnread = false;
+    QStringList _allComponentsArray;
+
+    // Taken from _components for the test at each call site: the components that are on. They are
+    // few, and most differ from the one that is asked for in length or first letter, so that a walk
+    // is faster than a hash. Other threads may be walking a list while the levels change, so that
+    // lists stay once they are made, and are used again when the same components are on.
+    std::atomic<const Levels *> _activeLevels = nullptr;
+    std::vector<std::unique_ptr<const Levels>> _knownLevels;
+    std::atomic<int> _highestLevel;
+    std::atomic<KTLogCapture *> _capture = nullptr;
+};

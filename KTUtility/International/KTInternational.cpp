@@ -1,0 +1,156 @@
+#include "KTInternational.h"
+
+#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
+#include <KTUtility/Platform/Files/NSBundle.h>
+#include <KTUtility/Platform/Files/NSFileManager.h>
+#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+#include <KTUtility/Platform/Text/NSLocale.h>
+#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/Platform/Values/NSStringFormat.h>
+
+const QString KTInternationalSeparatorsFileName = QStringLiteral("separators");
+const QString KTInternationalSeparatorsFileType = QStringLiteral("plist");
+const QString KTInternationalSeparatorsListKey = QStringLiteral("List");
+const QString KTInternationalDefaultCSVSeparator = QStringLiteral(",");
+const QString KTInternationalSecondDefaultCSVSeparator = QStringLiteral(";");
+const QString KTInternationalCSVIllegalCharacters = QStringLiteral(",;\"\r\n\t ");
+const QString KTInternationalEmptyString = QStringLiteral("");
+const QString KTInternationalJapaneseLanguageCode = QStringLiteral("jp");
+const QString kJapaneseContryCode = QStringLiteral("JP");
+
+namespace {
+KTInternational *sharedInstance = nullptr;
+
+void fail(const QString &method, int line, const QString &description)
+{
+    NSAssertionHandler::currentHandler()->handleFailureInMethod(
+        method, NSAssertionSubject::instanceOf(QStringLiteral("KTInternational")),
+        QStringLiteral("KTInternational"), line, description);
+}
+
+/// A value of the list that must be a text.
+QString textOf(const QVariant &value, const QString &key)
+{
+    if (value.typeId() != QMetaType::QString)
+        NSException::raise(
+            NSInvalidArgumentException,
+            NSString::stringWithFormat(u"%@ is no text in the separators under %@", value, key));
+    return value.toString();
+}
+
+/// The texts of a list.
+QStringList textsOf(const QVariant &list)
+{
+    if (NSObject::isNil(list))
+        return {};
+    if (list.typeId() != QMetaType::QVariantList)
+        NSException::raise(NSInvalidArgumentException,
+                           NSString::stringWithFormat(u"%@ is no list in the separators under %@",
+                                                      list, KTInternationalSeparatorsListKey));
+    const QVariantList entries = list.toList();
+    QStringList texts;
+    for (const QVariant &entry : entries)
+        texts += textOf(entry, KTInternationalSeparatorsListKey);
+    return texts;
+}
+
+NSCharacterSet makeIllegalCSVCharacterSet()
+{
+    QStringList alternates;
+    const QString separator =
+        KTInternational::instance()->localizedCSVSeparatorAndAlternates(&alternates);
+    return NSCharacterSet::characterSetWithCharactersInString(
+        NSString::stringWithFormat(u"%@%@%@", KTInternationalCSVIllegalCharacters, separator,
+                                   alternates.join(KTInternationalEmptyString)));
+}
+} // namespace
+
+KTInternational *KTInternational::instance()
+{
+    // It registers itself.
+    return sharedInstance ? sharedInstance : new KTInternational;
+}
+
+KTInternational::KTInternational()
+{
+    if (sharedInstance)
+        fail(QStringLiteral("init"), 29,
+             QStringLiteral("Should not be creating multiple KTInternational objects."));
+    sharedInstance = this;
+}
+
+KTInternational::~KTInternational()
+{
+    if (sharedInstance == this)
+        sharedInstance = nullptr;
+}
+
+QString KTInternational::separatorsPath() const
+{
+    return NSBundle::mainBundle().pathForResource(KTInternationalSeparatorsFileName,
+                                                  KTInternationalSeparatorsFileType);
+}
+
+std::optional<QVariantMap> KTInternational::separatorsDict()
+{
+    if (_separators)
+        return _separators;
+    const QString path = separatorsPath();
+    if (NSFileManager::fileExistsAtPath(path))
+        _separators = NSDictionary::dictionaryWithContentsOfFile(path);
+    return _separators;
+}
+
+/// The separator of the current locale; nil if the list does not know it.
+QString KTInternational::separatorFor(const QVariantMap &list) const
+{
+    const NSLocale locale = NSLocale::currentLocale();
+    const QString &language = locale.languageCode();
+    for (const QString &key :
+         {NSString::stringWithFormat(u"%@_%@", language, locale.countryCode()), language}) {
+        if (list.contains(key))
+            return textOf(list.value(key), key);
+    }
+    return {};
+}
+
+QString KTInternational::localizedCSVSeparatorAndAlternates(QStringList *alternates)
+{
+    if (!alternates)
+        fail(QStringLiteral("localizedCSVSeparatorAndAlternates:"), 75,
+             QStringLiteral("KTInternational: localizedCSVSeparatorAndAlternates: alternates param "
+                            "can't be nil"));
+    QString result = KTInternationalDefaultCSVSeparator;
+    if (!alternates)
+        return result;
+    try {
+        const std::optional<QVariantMap> list = separatorsDict();
+        if (!list)
+            return result;
+        const QString separator = separatorFor(*list);
+        if (separator.isNull())
+            return result;
+        result = separator;
+        *alternates += textsOf(list->value(KTInternationalSeparatorsListKey));
+        alternates->removeAll(result);
+    } catch (const NSException &exception) {
+        KTLog(kLog_invalid, 4, u"%@", exception.reason());
+    }
+    return result;
+}
+
+const NSCharacterSet &KTInternational::illegalCSVCharacterSet()
+{
+    static const NSCharacterSet set = makeIllegalCSVCharacterSet();
+    return set;
+}
+
+NSStringEncoding KTInternational::stringEncodingForCurrentLanguage()
+{
+    const NSLocale locale = NSLocale::currentLocale();
+    const bool isThatObject = NSObject::isIdenticalTo(
+        QVariant(locale.languageCode()), QVariant(KTInternationalJapaneseLanguageCode));
+    return isThatObject ? NSShiftJISStringEncoding : NSMacOSRomanStringEncoding;
+}

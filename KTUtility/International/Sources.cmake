@@ -1,0 +1,3 @@
+target_sources(KTUtility PRIVATE
+    International/KTInternational.cpp
+)

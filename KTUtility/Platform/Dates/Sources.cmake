@@ -1,0 +1,23 @@
+target_sources(KTUtility PRIVATE
+    Platform/Dates/NSCalendar.cpp
+    Platform/Dates/NSCalendarDateReader.cpp
+    Platform/Dates/NSCalendarDateWriter.cpp
+    Platform/Dates/NSCalendarEngine.cpp
+    Platform/Dates/NSClock.cpp
+    Platform/Dates/NSDateEngine.cpp
+    Platform/Dates/NSDateEnvironment.cpp
+    Platform/Dates/NSDateFormatter.cpp
+    Platform/Dates/NSDateFormatterPrivate.cpp
+    Platform/Dates/NSDateMatcher.cpp
+    Platform/Dates/NSDateNames.cpp
+    Platform/Dates/NSDatePattern.cpp
+    Platform/Dates/NSDateSymbols.cpp
+    Platform/Dates/NSDateWriter.cpp
+    Platform/Dates/NSManualClock.cpp
+    Platform/Dates/NSNaturalLanguageDate.cpp
+    Platform/Dates/NSNaturalLanguageReader.cpp
+    Platform/Dates/NSNaturalLanguageTable.cpp
+    Platform/Dates/NSNaturalLanguageWords.cpp
+    Platform/Dates/NSSeptember.cpp
+    Platform/Dates/NSTimeZoneRules.cpp
+)

@@ -1,0 +1,25 @@
+#include "NSLog.h"
+
+#include <KTUtility/Platform/Files/NSFileHandle.h>
+
+#include <QDateTime>
+
+#include <cerrno>
+#include <unistd.h>
+
+namespace {
+QString linePrefix()
+{
+    const QString time =
+        QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"));
+    return time + u' ' + QString::fromLocal8Bit(program_invocation_short_name) + u'[' +
+           QString::number(::getpid()) + u':' + QString::number(::gettid(), 16) +
+           QStringLiteral("] ");
+}
+} // namespace
+
+void NSLogText(QStringView text)
+{
+    const QString line = linePrefix() + text + u'\n';
+    NSFileHandle(STDERR_FILENO, NSFileHandle::Ownership::Borrowed).writeData(line.toUtf8());
+}

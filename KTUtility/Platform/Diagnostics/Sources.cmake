@@ -1,0 +1,4 @@
+target_sources(KTUtility PRIVATE
+    Platform/Diagnostics/NSAssertionHandler.cpp
+    Platform/Diagnostics/NSLog.cpp
+)

@@ -1,0 +1,321 @@
+#include "NSUserDefaults.h"
+
+#include "NSBundle.h"
+#include "NSDefaultsFile_p.h"
+#include "NSPropertyListSerialization.h"
+#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/Platform/Values/NSStringFormat.h>
+#include <KTUtility/Platform/Values/NSStringValues.h>
+
+#include <QCoreApplication>
+#include <QDir>
+
+const QString NSArgumentDomain = QStringLiteral("NSArgumentDomain");
+const QString NSGlobalDomain = QStringLiteral("NSGlobalDomain");
+const QString NSRegistrationDomain = QStringLiteral("NSRegistrationDomain");
+
+namespace {
+void checkDomainName(const QString &name)
+{
+    if (name.isEmpty() || name == u"." || name == u".." || name.contains(u'/') ||
+        name.contains(QChar(u'\0')) || !name.isValidUtf16())
+        NSException::raise(NSInvalidArgumentException,
+                           NSString::stringWithFormat(u"\"%@\" cannot be a domain", name));
+}
+
+void checkPropertyList(const QVariant &value, const QString &key)
+{
+    QString error;
+    if (NSPropertyListSerialization::dataWithPropertyList(value, &error).isNull())
+        NSException::raise(NSInvalidArgumentException,
+                           NSString::stringWithFormat(
+                               u"Attempt to insert a value that is no property list for the key "
+                               u"%@: %@",
+                               key, error));
+}
+
+/// "-key value" pairs; the program's name is not among the arguments.
+QVariantMap parsedArguments(const QStringList &arguments)
+{
+    QVariantMap values;
+    for (qsizetype index = 0; index + 1 < arguments.size(); ++index) {
+        const QString &word = arguments.at(index);
+        const bool isKey = word.size() > 1 && word.startsWith(u'-') && !word.startsWith(u"--");
+        if (isKey && !arguments.at(index + 1).startsWith(u'-'))
+            values.insert(word.mid(1), arguments.at(++index));
+    }
+    return values;
+}
+} // namespace
+
+NSUserDefaults *NSUserDefaults::standardUserDefaults()
+{
+    static auto *const defaults = [] {
+        const bool hasApplication = QCoreApplication::instance();
+        return new NSUserDefaults(NSHostIdentifier(), hasApplication
+                                                          ? QCoreApplication::arguments().mid(1)
+                                                          : QStringList());
+    }();
+    return defaults;
+}
+
+NSUserDefaults::NSUserDefaults(const QString &applicationDomain, const QStringList &arguments)
+    : _domainName(applicationDomain), _arguments(parsedArguments(arguments))
+{
+    checkDomainName(applicationDomain);
+    load();
+}
+
+// --- Reading ------------------------------------------------------------------------------------
+
+QVariant NSUserDefaults::objectForKey(const QString &key) const
+{
+    for (const QVariantMap *domain : {&_arguments, &_application, &_global, &_registered}) {
+        if (const auto entry = domain->constFind(key); entry != domain->constEnd())
+            return *entry;
+    }
+    return {};
+}
+
+QString NSUserDefaults::stringForKey(const QString &key) const
+{
+    const QVariant value = objectForKey(key);
+    const bool isText = value.typeId() == QMetaType::QString || NSObject::isNumber(value);
+    return isText ? NSObject::description(value) : QString();
+}
+
+bool NSUserDefaults::boolForKey(const QString &key) const
+{
+    return NSObject::boolValue(objectForKey(key));
+}
+
+qint64 NSUserDefaults::integerForKey(const QString &key) const
+{
+    return NSObject::integerValue(objectForKey(key));
+}
+
+double NSUserDefaults::doubleForKey(const QString &key) const
+{
+    const QVariant value = objectForKey(key);
+    if (value.metaType() == QMetaType::fromType<NSDecimalNumber>())
+        return value.value<NSDecimalNumber>().doubleValue();
+    return value.typeId() == QMetaType::QString ? NSString::doubleValue(value.toString())
+           : NSObject::isNumber(value)          ? value.toDouble()
+                                                : 0;
+}
+
+QVariantList NSUserDefaults::arrayForKey(const QString &key) const
+{
+    const QVariant value = objectForKey(key);
+    const bool isArray =
+        value.typeId() == QMetaType::QVariantList || value.typeId() == QMetaType::QStringList;
+    return isArray ? value.toList() : QVariantList();
+}
+
+QStringList NSUserDefaults::stringArrayForKey(const QString &key) const
+{
+    QStringList texts;
+    for (const QVariant &element : arrayForKey(key)) {
+        if (element.typeId() != QMetaType::QString)
+            return {};
+        texts += element.toString();
+    }
+    return texts;
+}
+
+QVariantMap NSUserDefaults::dictionaryForKey(const QString &key) const
+{
+    const QVariant value = objectForKey(key);
+    return value.typeId() == QMetaType::QVariantMap ? value.toMap() : QVariantMap();
+}
+
+QByteArray NSUserDefaults::dataForKey(const QString &key) const
+{
+    const QVariant value = objectForKey(key);
+    return value.typeId() == QMetaType::QByteArray ? value.toByteArray() : QByteArray();
+}
+
+QVariantMap NSUserDefaults::dictionaryRepresentation() const
+{
+    QVariantMap all = _registered;
+    all.insert(_global);
+    all.insert(_application);
+    all.insert(_arguments);
+    return all;
+}
+
+// --- Writing ------------------------------------------------------------------------------------
+
+void NSUserDefaults::setObject(const QVariant &value, const QString &forKey)
+{
+    if (!NSObject::isNil(value))
+        checkPropertyList(QVariantMap{{forKey, value}}, forKey);
+    setValue(NSObject::isNil(value) ? QVariant() : value, forKey);
+}
+
+void NSUserDefaults::removeObjectForKey(const QString &key)
+{
+    setValue(QVariant(), key);
+}
+
+void NSUserDefaults::setValue(const QVariant &value, const QString &key)
+{
+    if (value.isValid())
+        _application.insert(key, value);
+    else
+        _application.remove(key);
+    _unsavedKeys.insert(key);
+    save();
+    Q_EMIT didChange();
+}
+
+void NSUserDefaults::registerDefaults(const QVariantMap &defaults)
+{
+    _registered.insert(defaults);
+}
+
+/// Puts the unsaved keys into \a stored and takes over the result.
+void NSUserDefaults::merge(QVariantMap &stored)
+{
+    for (const QString &key : std::as_const(_unsavedKeys)) {
+        if (_application.contains(key))
+            stored.insert(key, _application.value(key));
+        else
+            stored.remove(key);
+    }
+    _application = stored;
+}
+
+void NSUserDefaults::load()
+{
+    // What cannot be read now is what it was.
+    const auto domainNamed = [this](const QString &name, const QVariantMap &before) {
+        if (const auto unsaved = _unsavedDomains.constFind(name);
+            unsaved != _unsavedDomains.constEnd())
+            return unsaved->value_or(QVariantMap());
+        const NSDictionaryReading reading = NSDefaultsFile::read(name);
+        const bool isRead = reading.result != NSDictionaryReading::Result::Unreadable;
+        return isRead ? reading.dictionary : before;
+    };
+    QVariantMap stored = domainNamed(_domainName, _application);
+    merge(stored);
+    _global = domainNamed(NSGlobalDomain, _global);
+}
+
+/// Writes the unsaved keys into what the file holds now, and takes over the rest of it.
+bool NSUserDefaults::save()
+{
+    if (_unsavedDomains.contains(_domainName) && !saveDomains())
+        return false;
+    const bool isSaved =
+        NSDefaultsFile::update(_domainName, [this](QVariantMap &stored) { merge(stored); });
+    if (isSaved)
+        _unsavedKeys.clear();
+    return isSaved;
+}
+
+bool NSUserDefaults::synchronize()
+{
+    const bool domainsAreSaved = saveDomains();
+    const bool keysAreSaved =
+        _unsavedKeys.isEmpty() || (!_unsavedDomains.contains(_domainName) && save());
+    load();
+    return domainsAreSaved && keysAreSaved && !NSDefaultsFile::folder().isNull();
+}
+
+/// Writes or removes the domains that wait for it.
+bool NSUserDefaults::saveDomains()
+{
+    _unsavedDomains.removeIf([](const auto &entry) {
+        const std::optional<QVariantMap> &domain = entry.value();
+        if (!domain)
+            return NSDefaultsFile::remove(entry.key());
+        return NSDefaultsFile::update(entry.key(), [&](QVariantMap &stored) { stored = *domain; });
+    });
+    return _unsavedDomains.isEmpty();
+}
+
+// --- Domains ------------------------------------------------------------------------------------
+
+std::optional<QVariantMap> NSUserDefaults::persistentDomainForName(const QString &name) const
+{
+    checkDomainName(name);
+    if (name == _domainName && !_application.isEmpty())
+        return _application;
+    if (const auto unsaved = _unsavedDomains.constFind(name); unsaved != _unsavedDomains.constEnd())
+        return *unsaved;
+    const NSDictionaryReading reading = NSDefaultsFile::read(name);
+    const bool isStored = reading.result == NSDictionaryReading::Result::Dictionary;
+    return isStored ? std::optional(reading.dictionary) : std::nullopt;
+}
+
+/// Replaces a domain in memory and in its file; no map removes it.
+void NSUserDefaults::replaceDomain(const std::optional<QVariantMap> &domain, const QString &name)
+{
+    // For load(), which keeps what it cannot read.
+    if (name == _domainName) {
+        _unsavedKeys.clear();
+        _application = domain.value_or(QVariantMap());
+    } else if (name == NSGlobalDomain) {
+        _global = domain.value_or(QVariantMap());
+    }
+    _unsavedDomains.insert(name, domain);
+    saveDomains();
+    load();
+    Q_EMIT didChange();
+}
+
+void NSUserDefaults::setPersistentDomain(const QVariantMap &domain, const QString &forName)
+{
+    checkDomainName(forName);
+    checkPropertyList(domain, forName);
+    replaceDomain(domain, forName);
+}
+
+void NSUserDefaults::removePersistentDomainForName(const QString &name)
+{
+    checkDomainName(name);
+    replaceDomain(std::nullopt, name);
+}
+
+QStringList NSUserDefaults::persistentDomainNames() const
+{
+    QStringList names;
+    const QString folder = NSDefaultsFile::folder();
+    if (folder.isNull())
+        return names;
+    for (const QString &file :
+         QDir(folder).entryList({QStringLiteral("*.plist")}, QDir::Files, QDir::Name))
+        names += file.chopped(6);
+    return names;
+}
+
+std::optional<QVariantMap> NSUserDefaults::volatileDomainForName(const QString &name) const
+{
+    if (name == NSArgumentDomain)
+        return _arguments;
+    if (name == NSRegistrationDomain)
+        return _registered;
+    const auto domain = _volatileDomains.constFind(name);
+    return domain == _volatileDomains.constEnd() ? std::nullopt : std::optional(*domain);
+}
+
+void NSUserDefaults::setVolatileDomain(const QVariantMap &domain, const QString &forName)
+{
+    if (volatileDomainForName(forName))
+        NSException::raise(NSInvalidArgumentException,
+                           NSString::stringWithFormat(u"volatile domain %@ exists", forName));
+    _volatileDomains.insert(forName, domain);
+}
+
+void NSUserDefaults::removeVolatileDomainForName(const QString &name)
+{
+    _volatileDomains.remove(name);
+}
+
+QStringList NSUserDefaults::volatileDomainNames() const
+{
+    return QStringList{NSArgumentDomain, NSRegistrationDomain} + _volatileDomains.keys();
+}

@@ -1,0 +1,19 @@
+target_sources(KTUtility PRIVATE
+    Platform/Files/NSBundle.cpp
+    Platform/Files/NSDefaultsFile.cpp
+    Platform/Files/NSFileCopy.cpp
+    Platform/Files/NSFileHandle.cpp
+    Platform/Files/NSFileManager.cpp
+    Platform/Files/NSFileRename.cpp
+    Platform/Files/NSModule.cpp
+    Platform/Files/NSPathUtilities.cpp
+    Platform/Files/NSPropertyListBinaryReader.cpp
+    Platform/Files/NSPropertyListQuickReader.cpp
+    Platform/Files/NSPropertyListSerialization.cpp
+    Platform/Files/NSPropertyListWriter.cpp
+    Platform/Files/NSPropertyListXMLReader.cpp
+    Platform/Files/NSSearchPath.cpp
+    Platform/Files/NSURL.cpp
+    Platform/Files/NSURLConnection.cpp
+    Platform/Files/NSUserDefaults.cpp
+)

@@ -1,0 +1,203 @@
+#include "NSKeyAccessor.h"
+
+#include "NSKeyValueCodingObject.h"
+#include "NSKeyValueOperators_p.h"
+#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/Platform/Values/NSStringFormat.h>
+
+#include <QMetaMethod>
+#include <QMetaProperty>
+
+namespace {
+const QVariant Nil;
+
+/// A null text is nil wherever it comes from.
+const QVariant &boxed(const QVariant &value)
+{
+    return value.typeId() == QMetaType::QString && NSObject::isNil(value) ? Nil : value;
+}
+
+QByteArray capitalised(const QByteArray &key)
+{
+    return key.isEmpty() ? key : key.left(1).toUpper() + key.mid(1);
+}
+
+/// The most derived invokable method of this name without parameters that returns something.
+int indexOfGetter(const QMetaObject *metaObject, const QByteArray &name)
+{
+    const int index = metaObject->indexOfMethod(QByteArray(name + "()").constData());
+    if (index < 0)
+        return -1;
+    const QMetaMethod method = metaObject->method(index);
+    const bool isGetter = method.methodType() != QMetaMethod::Signal &&
+                          method.returnMetaType().id() != QMetaType::Void &&
+                          method.returnMetaType().isValid();
+    return isGetter ? index : -1;
+}
+} // namespace
+
+NSKeyAccessor::NSKeyAccessor(const QString &key) : _key(key), _utf8Key(key.toUtf8()) {}
+
+void NSKeyAccessor::raiseUndefinedKey(const NSKeyValueTarget &target) const
+{
+    NSException::raise(
+        NSUndefinedKeyException,
+        NSString::stringWithFormat(u"[%@ valueForUndefinedKey:]: this class is not key value "
+                                   u"coding-compliant for the key %@.",
+                                   target.description(), _key));
+}
+
+bool NSKeyAccessor::resolveProperty(const QMetaObject *metaObject)
+{
+    const int index = metaObject->indexOfProperty(_utf8Key.constData());
+    if (index < 0 || !metaObject->property(index).isReadable())
+        return false;
+    const QMetaProperty property = metaObject->property(index);
+    _source = Source::Property;
+    _declaringClass = property.enclosingMetaObject();
+    _index = property.relativePropertyIndex();
+    _type = property.metaType();
+    return true;
+}
+
+bool NSKeyAccessor::resolveMethod(const QMetaObject *metaObject)
+{
+    const QByteArray capitalisedKey = capitalised(_utf8Key);
+    const QByteArray names[] = {"get" + capitalisedKey, _utf8Key, "is" + capitalisedKey,
+                                "_" + _utf8Key};
+    for (const QByteArray &name : names) {
+        const int index = indexOfGetter(metaObject, name);
+        if (index < 0)
+            continue;
+        const QMetaMethod method = metaObject->method(index);
+        _source = Source::Method;
+        _declaringClass = method.enclosingMetaObject();
+        _index = method.relativeMethodIndex();
+        _type = method.returnMetaType();
+        return true;
+    }
+    return false;
+}
+
+bool NSKeyAccessor::resolveDynamic(const NSKeyValueTarget &target)
+{
+    if (target.kind != NSKeyValueTarget::Kind::Object ||
+        !target.object()->dynamicPropertyNames().contains(_utf8Key))
+        return false;
+    _source = Source::Dynamic;
+    return true;
+}
+
+/// Whether the object answers the key by itself; then the value is read.
+bool NSKeyAccessor::readFromCodingObject(const NSKeyValueTarget &target)
+{
+    if (target.kind != NSKeyValueTarget::Kind::Object)
+        return false;
+    const auto *const object = qobject_cast<NSKeyValueCodingObject *>(target.object());
+    std::optional<QVariant> value = object ? object->valueForKey(_key) : std::nullopt;
+    if (value)
+        _value = boxed(*value);
+    return value.has_value();
+}
+
+void NSKeyAccessor::resolveClass(const NSKeyValueTarget &target)
+{
+    _metaObject = nullptr;
+    // Qt's look-ups end at a NUL.
+    if (_key.isEmpty() || _key.contains(QChar::Null) ||
+        (!resolveProperty(target.metaObject) && !resolveMethod(target.metaObject) &&
+         !resolveDynamic(target)))
+        raiseUndefinedKey(target);
+    // Dynamic properties belong to one object, not to its class.
+    if (_source == Source::Dynamic)
+        return;
+    _metaObject = target.metaObject;
+    _isVariant = _type.id() == QMetaType::QVariant;
+    _isText = _type.id() == QMetaType::QString;
+    _value = _isVariant ? QVariant() : QVariant(_type);
+}
+
+void NSKeyAccessor::resolve(const NSKeyValueTarget &target)
+{
+    const bool isSameClass = target.metaObject && target.metaObject == _metaObject;
+    if (!isSameClass && (target.metaObject || target.kind == NSKeyValueTarget::Kind::Opaque))
+        readOther(target);
+}
+
+const QVariant &NSKeyAccessor::readResolved(const NSKeyValueTarget &target)
+{
+    return readMetaCall(target, _source == Source::Property ? QMetaObject::ReadProperty
+                                                            : QMetaObject::InvokeMetaMethod);
+}
+
+/// Lets the generated code write into _value. The third argument is what QMetaProperty passes: a
+/// status that some classes set.
+const QVariant &NSKeyAccessor::readMetaCall(const NSKeyValueTarget &target, int call)
+{
+    int status = -1;
+    void *const storage = _isVariant ? &_value : _value.data();
+    void *arguments[] = {storage, &_value, &status};
+    const auto metaCall = QMetaObject::Call(call);
+    if (_declaringClass->d.static_metacall) {
+        _declaringClass->d.static_metacall(target.object(), metaCall, _index, arguments);
+    } else {
+        const int offset = metaCall == QMetaObject::ReadProperty ? _declaringClass->propertyOffset()
+                                                                 : _declaringClass->methodOffset();
+        QMetaObject::metacall(target.object(), metaCall, _index + offset, arguments);
+    }
+    // A getter that returns a pointer to its value hands out that pointer.
+    if (arguments[0] != storage)
+        _value = QVariant(_type, arguments[0]);
+    if (_isVariant || _isText)
+        return boxed(_value);
+    return _value;
+}
+
+const QVariant &NSKeyAccessor::readCollection(const QVariant &collection)
+{
+    const QVariantList elements = collection.value<QVariantList>();
+    if (_key == u"@count")
+        return _value = QVariant(elements.size());
+    QVariantList values;
+    values.reserve(elements.size());
+    NSKeyAccessor each(_key);
+    for (const QVariant &element : elements) {
+        const QVariant &value = each.read(NSKeyValueTarget::ofVariant(element));
+        values += NSObject::isNil(value) ? NSNull() : value;
+    }
+    return _value = values;
+}
+
+const QVariant &NSKeyAccessor::readOther(const NSKeyValueTarget &target)
+{
+    using Kind = NSKeyValueTarget::Kind;
+    if (_key.isNull())
+        return Nil;
+    switch (target.kind) {
+    case Kind::Nil:
+        return Nil;
+    case Kind::Null:
+        return *static_cast<const QVariant *>(target.instance);
+    case Kind::Map:
+        return readEntry(*static_cast<const QVariantMap *>(target.instance), _key, _value);
+    case Kind::Hash:
+        return readEntry(*static_cast<const QVariantHash *>(target.instance), _key, _value);
+    case Kind::Collection:
+        _metaObject = nullptr;
+        return readCollection(*static_cast<const QVariant *>(target.instance));
+    case Kind::Opaque:
+        raiseUndefinedKey(target);
+    case Kind::Object:
+    case Kind::Gadget:
+        break;
+    }
+    if (readFromCodingObject(target)) {
+        _metaObject = nullptr;
+        return _value;
+    }
+    resolveClass(target);
+    if (_source == Source::Dynamic)
+        return boxed(_value = target.object()->property(_utf8Key.constData()));
+    return readResolved(target);
+}

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "NSKeyValueTarget.h"
+#include <KTUtility/KTUtilityExport.h>
+
+#include <QByteArray>
+#include <QString>
+
+#include <vector>
+
+/// Reads one key of many objects fast.
+///
+/// The class of the last object and where the key was found in it are remembered, so that a run of
+/// objects of one class costs one look-up by name; the value is read into storage that is used
+/// again. Make one for each pass over a collection and throw it away; it must not outlive the
+/// classes that it has seen.
+///
+/// A key is found, in this order, by the object itself (NSKeyValueCodingObject); as a property; as
+/// an invokable method without parameters named get<Key>, <key>, is<Key> or _<key>; as a dynamic
+/// property. Maps answer their entries. Lists and sets answer a list of their elements' values with
+/// NSNull() for nil. A nil key has the value nil on every object.
+///
+/// \code
+/// NSKeyAccessor name(QStringLiteral("name"));
+/// for (const Field *field : fields)
+///     names += name.read(NSKeyValueTarget::of(field)).toString();
+/// \endcode
+class KTUTILITY_EXPORT NSKeyAccessor
+{
+public:
+    explicit NSKeyAccessor(const QString &key);
+
+    const QString &key() const { return _key; }
+
+    /// The value of the key; nil for nil. The reference holds until the next read.
+    /// \throws NSException NSUndefinedKeyException if the object has no such key.
+    const QVariant &read(const NSKeyValueTarget &target)
+    {
+        // The same class as last time is the rule; everything else is out of line.
+        if (target.metaObject && target.metaObject == _metaObject)
+            return readResolved(target);
+        return readOther(target);
+    }
+
+    /// Checks that the object has the key, without reading it.
+    /// \throws NSException NSUndefinedKeyException if it has not.
+    void resolve(const NSKeyValueTarget &target);
+
+private:
+    enum class Source : quint8 { None, Property, Method, Dynamic };
+
+    const QVariant &readResolved(const NSKeyValueTarget &target);
+    const QVariant &readOther(const NSKeyValueTarget &target);
+    const QVariant &readMetaCall(const NSKeyValueTarget &target, int call);
+    const QVariant &readCollection(const QVariant &collection);
+    bool readFromCodingObject(const NSKeyValueTarget &target);
+    void resolveClass(const NSKeyValueTarget &target);
+    bool resolveProperty(const QMetaObject *metaObject);
+    bool resolveMethod(const QMetaObject *metaObject);
+    bool resolveDynamic(const NSKeyValueTarget &target);
+    [[noreturn]] void raiseUndefinedKey(const NSKeyValueTarget &target) const;
+
+    QString _key;
+    QByteArray _utf8Key;
+    const QMetaObject *_metaObject = nullptr;
+    const QMetaObject *_declaringClass = nullptr;
+    Source _source = Source::None;
+    bool _isVariant = false;
+    bool _isText = false;
+    int _index = -1;
+    QMetaType _type;
+    QVariant _value;
+};
+
+/// Reads one key path of many objects: keys joined by ".", from left to right.
+///
+/// A nil on the way gives nil. On a collection the rest of the path is applied to each element, or
+/// to an operator: "@count", "@sum.path", "@avg.path", "@min.path", "@max.path",
+/// "@distinctUnionOfObjects.path", "@unionOfObjects.path".
+class KTUTILITY_EXPORT NSKeyPath
+{
+public:
+    explicit NSKeyPath(const QString &path);
+
+    /// The value at the end of the path. The reference holds until the next read.
+    /// \throws NSException NSUndefinedKeyException if an object on the way has no such key.
+    const QVariant &read(const NSKeyValueTarget &target);
+
+private:
+    const QVariant &readCollection(const QVariant &collection, size_t step);
+    QString remainder(size_t step) const;
+
+    std::vector<NSKeyAccessor> _steps;
+    QVariant _collected;
+};

@@ -1,0 +1,127 @@
+#include "NSKeyAccessor.h"
+
+#include "NSCollections.h"
+#include "NSKeyValueOperators_p.h"
+#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/Platform/Values/NSStringValues.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+double numberOf(const QVariant &value)
+{
+    return NSObject::isNumber(value) ? NSObject::description(value).toDouble()
+                                     : NSString::doubleValue(value.toString());
+}
+
+double sumOf(const QVariantList &values)
+{
+    double sum = 0;
+    for (const QVariant &value : values)
+        sum += numberOf(value);
+    return sum;
+}
+
+QVariant extremeOf(const QVariantList &values, bool isMaximum)
+{
+    QVariant extreme;
+    for (const QVariant &value : values) {
+        const auto order = NSObject::compare(value, extreme);
+        if (!NSObject::isNil(value) && !isNSNull(value) &&
+            (NSObject::isNil(extreme) || (isMaximum ? order > 0 : order < 0)))
+            extreme = value;
+    }
+    return extreme;
+}
+
+QVariantList distinct(const QVariantList &values)
+{
+    NSSet seen;
+    QVariantList result;
+    for (const QVariant &value : values) {
+        if (!isNSNull(value) && seen.addObject(value))
+            result += value;
+    }
+    return result;
+}
+
+QVariantList withoutNull(QVariantList values)
+{
+    values.removeIf(isNSNull);
+    return values;
+}
+} // namespace
+
+bool isCollectionOperator(const QString &key)
+{
+    return key.startsWith(u'@') && key != u"@count";
+}
+
+QVariant applyCollectionOperator(const QString &key, const QVariantList &values)
+{
+    if (key == u"@sum")
+        return sumOf(values);
+    if (key == u"@avg")
+        return values.isEmpty() ? 0.0 : sumOf(values) / double(values.size());
+    if (key == u"@min" || key == u"@max")
+        return extremeOf(values, key == u"@max");
+    if (key == u"@distinctUnionOfObjects")
+        return distinct(values);
+    if (key == u"@unionOfObjects")
+        return withoutNull(values);
+    NSException::raise(NSInvalidArgumentException,
+                       QStringLiteral("unknown collection operator ") + key);
+}
+
+NSKeyPath::NSKeyPath(const QString &path)
+{
+    if (path.isNull()) {
+        _steps.emplace_back(path);
+        return;
+    }
+    const QStringList keys = path.split(u'.');
+    _steps.reserve(size_t(keys.size()));
+    for (const QString &key : keys)
+        _steps.emplace_back(key);
+}
+
+QString NSKeyPath::remainder(size_t step) const
+{
+    QStringList keys;
+    for (; step < _steps.size(); ++step)
+        keys += _steps[step].key();
+    return keys.join(u'.');
+}
+
+const QVariant &NSKeyPath::read(const NSKeyValueTarget &target)
+{
+    NSKeyValueTarget here = target;
+    for (size_t step = 0;; ++step) {
+        if (here.kind == NSKeyValueTarget::Kind::Collection)
+            return readCollection(*static_cast<const QVariant *>(here.instance), step);
+        const QVariant &value = _steps[step].read(here);
+        if (step + 1 == _steps.size())
+            return value;
+        here = NSKeyValueTarget::ofVariant(value);
+    }
+}
+
+/// The rest of the path, applied to each element or to an operator.
+const QVariant &NSKeyPath::readCollection(const QVariant &collection, size_t step)
+{
+    const QString &key = _steps[step].key();
+    const QVariantList elements = collection.value<QVariantList>();
+    if (key == u"@count")
+        return _collected = QVariant(elements.size());
+    const bool isOperator = isCollectionOperator(key);
+    NSKeyPath rest(remainder(step + isOperator));
+    QVariantList values;
+    for (const QVariant &element : elements) {
+        const bool isElement = isOperator && step + 1 == _steps.size();
+        const QVariant &value =
+            isElement ? element : rest.read(NSKeyValueTarget::ofVariant(element));
+        values += NSObject::isNil(value) ? NSNull() : value;
+    }
+    return _collected = isOperator ? applyCollectionOperator(key, values) : QVariant(values);
+}

@@ -1,0 +1,229 @@
+#include "NSKeyValueCoding.h"
+
+#include "NSSelectionMarker.h"
+
+#include "NSKeyValueCodingObject.h"
+#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/Platform/Values/NSStringFormat.h>
+
+#include <QMetaMethod>
+#include <QMetaProperty>
+
+#include <algorithm>
+
+namespace {
+[[noreturn]] void raiseUndefinedKey(const NSKeyValueTarget &receiver, const QString &key)
+{
+    NSException::raise(
+        NSUndefinedKeyException,
+        NSString::stringWithFormat(u"[%@ setValue:forUndefinedKey:]: this class is not key value "
+                                   u"coding-compliant for the key %@.",
+                                   receiver.description(), key));
+}
+
+bool isScalar(QMetaType type)
+{
+    return NSObject::isNumber(QVariant(type)) || (type.flags() & QMetaType::IsEnumeration);
+}
+
+/// The value as the type that a setter takes.
+QVariant converted(const NSKeyValueTarget &receiver, const QVariant &value, QMetaType type,
+                   const QString &key)
+{
+    if (type.id() == QMetaType::QVariant)
+        return value;
+    const bool isNil = NSObject::isNil(value) || isNSNull(value);
+    if (isNil && isScalar(type))
+        NSException::raise(
+            NSInvalidArgumentException,
+            NSString::stringWithFormat(
+                u"[%@ setNilValueForKey]: could not set nil as the value for the key %@.",
+                receiver.description(), key));
+    QVariant result = isNil ? QVariant(type) : value;
+    if (result.metaType() != type && !result.convert(type))
+        NSException::raise(
+            NSInvalidArgumentException,
+            NSString::stringWithFormat(u"[%@ setValue:forKey:]: a value of type %s for the key %@.",
+                                       receiver.description(), value.typeName(), key));
+    return result;
+}
+
+bool setProperty(const NSKeyValueTarget &receiver, const QVariant &value, const QString &key)
+{
+    const int index = receiver.metaObject->indexOfProperty(key.toUtf8().constData());
+    if (index < 0 || !receiver.metaObject->property(index).isWritable())
+        return false;
+    const QMetaProperty property = receiver.metaObject->property(index);
+    const QVariant typed = converted(receiver, value, property.metaType(), key);
+    if (receiver.kind == NSKeyValueTarget::Kind::Object)
+        return property.write(receiver.object(), typed);
+    return property.writeOnGadget(const_cast<void *>(receiver.instance), typed);
+}
+
+/// An invokable method of this name with one parameter, or an invalid one.
+QMetaMethod setterNamed(const QMetaObject *metaObject, const QByteArray &name)
+{
+    for (int index = metaObject->methodCount() - 1; index >= 0; --index) {
+        const QMetaMethod method = metaObject->method(index);
+        if (method.name() == name && method.parameterCount() == 1 &&
+            method.methodType() != QMetaMethod::Signal)
+            return method;
+    }
+    return {};
+}
+
+bool callSetter(const NSKeyValueTarget &receiver, const QVariant &value, const QString &key)
+{
+    const QByteArray utf8 = key.toUtf8();
+    const QByteArray capitalised = utf8.left(1).toUpper() + utf8.mid(1);
+    QMetaMethod method = setterNamed(receiver.metaObject, "set" + capitalised);
+    if (!method.isValid())
+        method = setterNamed(receiver.metaObject, "_set" + capitalised);
+    if (!method.isValid())
+        return false;
+    const QMetaType type = method.parameterMetaType(0);
+    QVariant typed = converted(receiver, value, type, key);
+    const bool isVariant = type.id() == QMetaType::QVariant;
+    const QGenericArgument argument(type.name(), isVariant ? &typed : typed.constData());
+    return receiver.kind == NSKeyValueTarget::Kind::Object
+               ? method.invoke(receiver.object(), Qt::DirectConnection, argument)
+               : method.invokeOnGadget(const_cast<void *>(receiver.instance), argument);
+}
+
+bool setDynamicProperty(const NSKeyValueTarget &receiver, const QVariant &value, const QString &key)
+{
+    const QByteArray name = key.toUtf8();
+    if (receiver.kind != NSKeyValueTarget::Kind::Object ||
+        !receiver.object()->dynamicPropertyNames().contains(name))
+        return false;
+    receiver.object()->setProperty(name.constData(), value);
+    return true;
+}
+
+void setValueOfElements(QVariant &receiver, const QVariant &value, const QString &key)
+{
+    QVariantList elements = receiver.value<QVariantList>();
+    for (QVariant &element : elements)
+        NSKeyValueCoding::setValue(element, value, key);
+    if (receiver.typeId() == QMetaType::QVariantList)
+        receiver = elements;
+}
+} // namespace
+
+namespace {
+/// Of a map or a hash.
+template<typename Dictionary>
+void setEntry(Dictionary &dictionary, const QVariant &value, const QString &key)
+{
+    if (NSObject::isNil(value))
+        dictionary.remove(key);
+    else
+        dictionary.insert(key, value);
+}
+
+bool setInCodingObject(const NSKeyValueTarget &receiver, const QVariant &value, const QString &key)
+{
+    if (receiver.kind != NSKeyValueTarget::Kind::Object)
+        return false;
+    auto *const object = qobject_cast<NSKeyValueCodingObject *>(receiver.object());
+    return object && object->setValueForKey(value, key);
+}
+} // namespace
+
+void NSKeyValueCoding::setValueOfTarget(const NSKeyValueTarget &receiver, const QVariant &value,
+                                        const QString &forKey)
+{
+    if (receiver.kind == NSKeyValueTarget::Kind::Nil)
+        return;
+    const bool isKey = !forKey.isEmpty() && !forKey.contains(QChar::Null);
+    if (!receiver.metaObject || !isKey ||
+        (!setInCodingObject(receiver, value, forKey) && !setProperty(receiver, value, forKey) &&
+         !callSetter(receiver, value, forKey) && !setDynamicProperty(receiver, value, forKey)))
+        raiseUndefinedKey(receiver, forKey);
+}
+
+void NSKeyValueCoding::setValue(QVariantMap &receiver, const QVariant &value, const QString &forKey)
+{
+    setEntry(receiver, value, forKey);
+}
+
+void NSKeyValueCoding::setValue(QVariant &receiver, const QVariant &value, const QString &forKey)
+{
+    const NSKeyValueTarget target = NSKeyValueTarget::ofVariant(receiver);
+    switch (target.kind) {
+    case NSKeyValueTarget::Kind::Map:
+        setEntry(*static_cast<QVariantMap *>(receiver.data()), value, forKey);
+        break;
+    case NSKeyValueTarget::Kind::Hash:
+        setEntry(*static_cast<QVariantHash *>(receiver.data()), value, forKey);
+        break;
+    case NSKeyValueTarget::Kind::Collection:
+        setValueOfElements(receiver, value, forKey);
+        break;
+    case NSKeyValueTarget::Kind::Gadget: {
+        // A gadget inside of a variant: write to the variant's own copy.
+        const bool isPointer = receiver.metaType().flags() & QMetaType::PointerToGadget;
+        setValueOfTarget(isPointer ? target
+                                   : NSKeyValueTarget::ofGadget(target.metaObject, receiver.data()),
+                         value, forKey);
+        break;
+    }
+    default:
+        setValueOfTarget(target, value, forKey);
+    }
+}
+
+namespace {
+void setInVariant(QVariant &receiver, const QVariant &value, const QString &path);
+
+/// Whether what a variant holds was changed in a copy, so that it must be put back.
+bool isCopy(const QVariant &value)
+{
+    const NSKeyValueTarget::Kind kind = NSKeyValueTarget::ofVariant(value).kind;
+    if (kind != NSKeyValueTarget::Kind::Collection)
+        return kind == NSKeyValueTarget::Kind::Map || kind == NSKeyValueTarget::Kind::Hash ||
+               kind == NSKeyValueTarget::Kind::Gadget;
+    const QVariantList elements = value.value<QVariantList>();
+    return std::any_of(elements.begin(), elements.end(), isCopy);
+}
+
+void setInElements(QVariant &receiver, const QVariant &value, const QString &path)
+{
+    QVariantList elements = receiver.value<QVariantList>();
+    for (QVariant &element : elements)
+        setInVariant(element, value, path);
+    if (receiver.typeId() == QMetaType::QVariantList)
+        receiver = elements;
+}
+
+/// Sets the end of a path in what a variant holds.
+void setInVariant(QVariant &receiver, const QVariant &value, const QString &path)
+{
+    const bool isNothing =
+        NSKeyValueTarget::ofVariant(receiver).kind == NSKeyValueTarget::Kind::Nil;
+    if (isNothing || NSIsControllerMarker(receiver))
+        return;
+    const qsizetype dot = path.indexOf(u'.');
+    if (dot < 0) {
+        NSKeyValueCoding::setValue(receiver, value, path);
+        return;
+    }
+    if (NSKeyValueTarget::ofVariant(receiver).kind == NSKeyValueTarget::Kind::Collection) {
+        setInElements(receiver, value, path);
+        return;
+    }
+    const QString first = path.left(dot);
+    QVariant next = NSKeyValueCoding::valueForKey(receiver, first);
+    setInVariant(next, value, path.mid(dot + 1));
+    if (isCopy(next))
+        NSKeyValueCoding::setValue(receiver, next, first);
+}
+} // namespace
+
+void NSKeyValueCoding::setValueForKeyPath(QObject *receiver, const QVariant &value,
+                                          const QString &path)
+{
+    QVariant object = QVariant::fromValue(receiver);
+    setInVariant(object, value, path);
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "NSKeyAccessor.h"
+#include "NSKeyValueTarget.h"
+#include <KTUtility/KTUtilityExport.h>
+
+/// Reading and writing objects by the names of their properties.
+///
+/// Use it where the key is known only at run time. To read one key of many objects, make an
+/// NSKeyAccessor instead.
+///
+/// \code
+/// NSKeyValueCoding::valueForKey(field, QStringLiteral("name"));
+/// NSKeyValueCoding::valueForKeyPath(field, QStringLiteral("library.name"));
+/// NSKeyValueCoding::setValue(field, 3, QStringLiteral("order"));
+/// \endcode
+namespace NSKeyValueCoding {
+/// The value of \a key; see NSKeyAccessor for where it is looked for.
+/// \throws NSException NSUndefinedKeyException if the receiver has no such key.
+template<NSKeyValueCodable T>
+QVariant valueForKey(const T &receiver, const QString &key)
+{
+    return NSKeyAccessor(key).read(NSKeyValueTargets::target(receiver));
+}
+
+/// The value at the end of \a path; see NSKeyPath.
+/// \throws NSException NSUndefinedKeyException if an object on the way has no such key.
+template<NSKeyValueCodable T>
+QVariant valueForKeyPath(const T &receiver, const QString &path)
+{
+    return NSKeyPath(path).read(NSKeyValueTargets::target(receiver));
+}
+
+/// Sets a property of an object or gadget, or calls its invokable set<Key> or _set<Key>, or sets a
+/// dynamic property that the object already has. Values are converted to the property's type.
+/// nil receivers ignore it.
+/// \throws NSException NSUndefinedKeyException if there is no such key or it cannot be written;
+/// NSInvalidArgumentException if \a value is nil and the property is a number, or if the value
+/// cannot be converted.
+KTUTILITY_EXPORT void setValueOfTarget(const NSKeyValueTarget &receiver, const QVariant &value,
+                                       const QString &forKey);
+
+/// Sets an entry of a map; nil removes it.
+KTUTILITY_EXPORT void setValue(QVariantMap &receiver, const QVariant &value, const QString &forKey);
+/// Sets a key of what the variant holds: an object, a map or hash, or every element of a list.
+KTUTILITY_EXPORT void setValue(QVariant &receiver, const QVariant &value, const QString &forKey);
+
+/// Sets a key of an object or gadget; see setValueOfTarget().
+template<NSKeyValueCodable T>
+    requires(!std::same_as<T, QVariant> && !std::same_as<T, QVariantMap> &&
+             !std::same_as<T, QVariantHash>)
+void setValue(const T &receiver, const QVariant &value, const QString &forKey)
+{
+    setValueOfTarget(NSKeyValueTargets::target(receiver), value, forKey);
+}
+
+/// Sets the key at the end of a path. Maps and gadgets on the way are copies that are put back. A
+/// nil on the way ignores it; a list there has the rest set on every element. \throws NSException
+/// as setValueOfTarget().
+KTUTILITY_EXPORT void setValueForKeyPath(QObject *receiver, const QVariant &value,
+                                         const QString &path);
+} // namespace NSKeyValueCoding

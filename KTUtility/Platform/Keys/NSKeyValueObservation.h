@@ -1,0 +1,58 @@
+#pragma once
+
+#include "NSKeyValueChange.h"
+#include <KTUtility/KTUtilityExport.h>
+
+#include <QObject>
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+class NSKeyPathObserver;
+
+/// Calls a function whenever the value at a key path of an object changes, as long as it lives.
+///
+/// The path is followed through QObjects: a key is observed by the NOTIFY signal of its property, a
+/// dynamic property by its events, every other key by
+/// NSKeyValueObserving::didChangeValueForKey(). When an object in the middle is replaced, the new
+/// one is followed from there. What lies beyond a map, list or gadget changes when that does. A nil
+/// in the middle makes the value nil; so does an object there that lacks the key.
+///
+/// A property without NOTIFY signal changes in silence. Properties that hold objects must give null
+/// once the object is gone: keep them in a QPointer.
+///
+/// The observed object may go first; nothing is called then any more. Functions are called in the
+/// order in which observations were made. An observation that is made or ended while a change is
+/// told is not called for it. What a function changes itself is told at once, so that the ones
+/// behind it see the newer value twice. For the main thread.
+///
+/// \code
+/// const NSKeyValueObservation observation(
+///     record, QStringLiteral("library.name"),
+///     NSKeyValueObservingOptionNew | NSKeyValueObservingOptionOld,
+///     [&](const NSKeyValueChange &change) { show(*change.oldValue, *change.newValue); });
+/// \endcode
+class KTUTILITY_EXPORT NSKeyValueObservation
+{
+public:
+    using Callback = std::function<void(const NSKeyValueChange &change)>;
+
+    /// An observation of nothing.
+    NSKeyValueObservation();
+    /// \throws NSException NSUndefinedKeyException if an object on the path lacks its key, nil if
+    /// the path is empty; nothing is observed then.
+    NSKeyValueObservation(QObject *object, const QString &keyPath,
+                          NSKeyValueObservingOptions options, Callback callback);
+    ~NSKeyValueObservation();
+    NSKeyValueObservation(NSKeyValueObservation &&other) noexcept;
+    NSKeyValueObservation &operator=(NSKeyValueObservation &&other) noexcept;
+
+    /// Whether something is observed: not after the object has gone.
+    bool isActive() const;
+    /// Ends it.
+    void invalidate();
+
+private:
+    std::shared_ptr<NSKeyPathObserver> _observer;
+};

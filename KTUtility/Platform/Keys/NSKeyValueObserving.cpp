@@ -1,0 +1,103 @@
+#include "NSKeyValueObserving.h"
+
+#include "NSKeyValueTarget.h"
+#include "NSObservedKey_p.h"
+#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/Platform/Values/NSStringFormat.h>
+
+#include <algorithm>
+
+NSKeyValueObserver::NSKeyValueObserver() = default;
+NSKeyValueObserver::~NSKeyValueObserver() = default;
+
+void NSKeyValueObserver::observeValueForKeyPath(const QString &, QObject *,
+                                                const NSKeyValueChange &, const QString &)
+{
+}
+
+/// Adds to and takes from an observer's registrations.
+class NSKeyValueObserverAccess
+{
+public:
+    static void add(NSKeyValueObserver *observer, QObject *object, const QString &keyPath,
+                    NSKeyValueObservingOptions options, const QString &context)
+    {
+        auto tell = [observer, object, keyPath, context](const NSKeyValueChange &change) {
+            observer->observeValueForKeyPath(keyPath, object, change, context);
+        };
+        // One whose object is gone is of no use any more.
+        observer->_registrations.remove_if([](const NSKeyValueObserver::Registration &known) {
+            return !known.observation.isActive();
+        });
+        NSKeyValueObservation observation(object, keyPath, options, std::move(tell));
+        observer->_registrations.push_back({keyPath, object, std::move(observation)});
+    }
+
+    /// \return false if there is none.
+    static bool remove(NSKeyValueObserver *observer, const QObject *object, const QString &keyPath)
+    {
+        auto &known = observer->_registrations;
+        const auto found = std::find_if(known.rbegin(), known.rend(), [&](const auto &each) {
+            return each.object == object && each.keyPath == keyPath;
+        });
+        if (found == known.rend())
+            return false;
+        known.erase(std::next(found).base());
+        return true;
+    }
+};
+
+void NSKeyValueObserving::addObserver(QObject *object, NSKeyValueObserver *observer,
+                                      const QString &forKeyPath, NSKeyValueObservingOptions options,
+                                      const QString &context)
+{
+    if (object && observer)
+        NSKeyValueObserverAccess::add(observer, object, forKeyPath, options, context);
+}
+
+void NSKeyValueObserving::removeObserver(QObject *object, NSKeyValueObserver *observer,
+                                         const QString &forKeyPath)
+{
+    if (!object || NSKeyValueObserverAccess::remove(observer, object, forKeyPath))
+        return;
+    NSException::raise(
+        NSRangeException,
+        NSString::stringWithFormat(u"Cannot remove an observer for the key path \"%@\" from %@ "
+                                   u"because it is not registered as an observer.",
+                                   forKeyPath, NSKeyValueTarget::of(object).description()));
+}
+
+void NSKeyValueObserving::willChangeValueForKey(QObject *object, const QString &key)
+{
+    willChange(NSKeyValueChangeSetting, object, {}, key);
+}
+
+void NSKeyValueObserving::didChangeValueForKey(QObject *object, const QString &key)
+{
+    didChange(NSKeyValueChangeSetting, object, {}, key);
+}
+
+void NSKeyValueObserving::willChange(NSKeyValueChangeKind kind, QObject *object,
+                                     const QList<qsizetype> &valuesAtIndexes, const QString &forKey)
+{
+    if (NSObservedKey *const observed = NSObservedKey::existing(object, forKey))
+        observed->willChange(kind, valuesAtIndexes);
+}
+
+void NSKeyValueObserving::didChange(NSKeyValueChangeKind kind, QObject *object,
+                                    const QList<qsizetype> &valuesAtIndexes, const QString &forKey)
+{
+    if (NSObservedKey *const observed = NSObservedKey::existing(object, forKey))
+        observed->didChange(kind, valuesAtIndexes);
+}
+
+void NSKeyValueObserving::didChangeAllValues(QObject *object)
+{
+    QList<QPointer<NSObservedKey>> keys;
+    for (NSObservedKey *const key : NSObservedKey::allOf(object))
+        keys += key;
+    for (const QPointer<NSObservedKey> &key : std::as_const(keys)) {
+        if (key)
+            key->didChange(NSKeyValueChangeSetting, {});
+    }
+}

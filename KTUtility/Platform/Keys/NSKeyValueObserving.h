@@ -1,0 +1,77 @@
+#pragma once
+
+#include "NSKeyValueObservation.h"
+#include <KTUtility/KTUtilityExport.h>
+
+#include <QPointer>
+#include <QString>
+
+#include <list>
+
+/// Is told of changes to what it observes; see NSKeyValueObserving::addObserver(). Its observations
+/// end with it.
+///
+/// Use it where one object observes many things, or where a class shows the outside that it
+/// observes. For a single function, NSKeyValueObservation is shorter.
+class KTUTILITY_EXPORT NSKeyValueObserver
+{
+public:
+    NSKeyValueObserver();
+    virtual ~NSKeyValueObserver();
+    NSKeyValueObserver(const NSKeyValueObserver &) = delete;
+    NSKeyValueObserver &operator=(const NSKeyValueObserver &) = delete;
+
+    /// A value has changed.
+    /// \param keyPath,ofObject,context as they were given to addObserver().
+    virtual void observeValueForKeyPath(const QString &keyPath, QObject *ofObject,
+                                        const NSKeyValueChange &change, const QString &context);
+
+private:
+    friend class NSKeyValueObserverAccess;
+    struct Registration
+    {
+        QString keyPath;
+        const QObject *object = nullptr;
+        NSKeyValueObservation observation;
+    };
+
+    std::list<Registration> _registrations;
+};
+
+/// Observing values by key path, and telling observers of changes that no signal tells.
+///
+/// \code
+/// NSKeyValueObserving::addObserver(record, this, QStringLiteral("library.name"),
+///                                  NSKeyValueObservingOptionNew, QStringLiteral("title"));
+/// …
+/// NSKeyValueObserving::removeObserver(record, this, QStringLiteral("library.name"));
+/// \endcode
+namespace NSKeyValueObserving {
+/// Has an observer told of changes; see NSKeyValueObservation. The same may be added several times,
+/// and is told as often then.
+/// \param context is handed to the observer, to tell its observations apart.
+/// \throws NSException as NSKeyValueObservation does.
+KTUTILITY_EXPORT void addObserver(QObject *object, NSKeyValueObserver *observer,
+                                  const QString &forKeyPath, NSKeyValueObservingOptions options,
+                                  const QString &context = {});
+/// Takes back the last addObserver() with that object and path. A nil object is ignored.
+/// \throws NSException NSRangeException if there was none.
+KTUTILITY_EXPORT void removeObserver(QObject *object, NSKeyValueObserver *observer,
+                                     const QString &forKeyPath);
+
+// --- Explicit notices, for keys without NOTIFY signal, and to tell of a change before it
+
+/// Announces a change: observers that want to know before are told. Until didChangeValueForKey(),
+/// the signal of the property is not listened to.
+KTUTILITY_EXPORT void willChangeValueForKey(QObject *object, const QString &key);
+/// Tells of a change. Without willChangeValueForKey() before, it is a notice like a signal.
+KTUTILITY_EXPORT void didChangeValueForKey(QObject *object, const QString &key);
+/// The same for elements of a list.
+KTUTILITY_EXPORT void willChange(NSKeyValueChangeKind kind, QObject *object,
+                                 const QList<qsizetype> &valuesAtIndexes, const QString &forKey);
+KTUTILITY_EXPORT void didChange(NSKeyValueChangeKind kind, QObject *object,
+                                const QList<qsizetype> &valuesAtIndexes, const QString &forKey);
+/// Tells of a change of every key of an object that is observed: it has become a stand-in for
+/// something else.
+KTUTILITY_EXPORT void didChangeAllValues(QObject *object);
+} // namespace NSKeyValueObserving

@@ -1,0 +1,146 @@
+#include "NSPredicate.h"
+
+#include "NSKeyValueCoding.h"
+#include "NSPredicateParser_p.h"
+#include <KTUtility/Platform/Values/NSObject.h>
+
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace {
+/// A text as it is compared: without case or diacritics where they do not count.
+QString folded(const QVariant &value, const QString &options)
+{
+    QString text = value.toString();
+    if (options.contains(u'd')) {
+        text = text.normalized(QString::NormalizationForm_D);
+        text.removeIf([](QChar unit) { return unit.category() == QChar::Mark_NonSpacing; });
+    }
+    return options.contains(u'c') ? text.toCaseFolded() : text;
+}
+
+bool isList(const QVariant &value)
+{
+    return NSKeyValueTarget::ofVariant(value).kind == NSKeyValueTarget::Kind::Collection;
+}
+
+bool isElement(const QVariant &element, const QVariant &list)
+{
+    const QVariantList elements = list.value<QVariantList>();
+    return std::any_of(elements.begin(), elements.end(),
+                       [&](const QVariant &each) { return NSObject::isEqualTo(each, element); });
+}
+
+bool isInOrder(const QString &comparison, const QVariant &left, const QVariant &right)
+{
+    if (NSObject::isNil(left) || NSObject::isNil(right))
+        return false;
+    const auto order = NSObject::compare(left, right);
+    if (comparison == u"<")
+        return order < 0;
+    if (comparison == u"<=")
+        return order <= 0;
+    return comparison == u">" ? order > 0 : order >= 0;
+}
+
+bool isEqual(const QVariant &left, const QVariant &right, const QString &options)
+{
+    const bool areTexts =
+        left.typeId() == QMetaType::QString && right.typeId() == QMetaType::QString;
+    return areTexts && !options.isEmpty() ? folded(left, options) == folded(right, options)
+                                          : NSObject::isEqual(left, right);
+}
+
+bool matches(const QString &text, const QString &pattern)
+{
+    const QRegularExpression expression(QRegularExpression::anchoredPattern(pattern),
+                                        QRegularExpression::DotMatchesEverythingOption);
+    return expression.isValid() && expression.match(text).hasMatch();
+}
+
+/// The place behind a character, which may be a surrogate pair.
+qsizetype behind(QStringView text, qsizetype position)
+{
+    const bool isPair = text[position].isHighSurrogate() && position + 1 < text.size() &&
+                        text[position + 1].isLowSurrogate();
+    return position + (isPair ? 2 : 1);
+}
+
+/// Whether "?" and "*" of a pattern can stand for what a text has there. Only the last "*" is ever
+/// tried again, so that the time is bounded by the product of the lengths.
+bool isLike(QStringView text, QStringView pattern)
+{
+    qsizetype position = 0;
+    qsizetype index = 0;
+    qsizetype starIndex = -1;
+    qsizetype starPosition = 0;
+    while (position < text.size()) {
+        const QChar unit = index < pattern.size() ? pattern[index] : QChar();
+        if (index < pattern.size() && unit == u'*') {
+            starIndex = index++;
+            starPosition = position;
+        } else if (index < pattern.size() && (unit == u'?' || unit == text[position])) {
+            position = unit == u'?' ? behind(text, position) : position + 1;
+            ++index;
+        } else if (starIndex >= 0) {
+            index = starIndex + 1;
+            position = starPosition = behind(text, starPosition);
+        } else {
+            return false;
+        }
+    }
+    const QStringView rest = pattern.sliced(index);
+    return std::all_of(rest.begin(), rest.end(), [](QChar unit) { return unit == u'*'; });
+}
+
+bool compareTexts(const QString &comparison, const QString &left, const QString &right)
+{
+    if (comparison == u"BEGINSWITH")
+        return left.startsWith(right);
+    if (comparison == u"ENDSWITH")
+        return left.endsWith(right);
+    if (comparison == u"CONTAINS")
+        return left.contains(right);
+    return comparison == u"LIKE" ? isLike(left, right) : matches(left, right);
+}
+} // namespace
+
+bool NSPredicateOperators::compare(const QString &comparison, const QString &options,
+                                   const QVariant &left, const QVariant &right)
+{
+    if (comparison == u"=" || comparison == u"==")
+        return isEqual(left, right, options);
+    if (comparison == u"!=" || comparison == u"<>")
+        return !isEqual(left, right, options);
+    if (comparison.startsWith(u'<') || comparison.startsWith(u'>'))
+        return isInOrder(comparison, left, right);
+    if (comparison == u"IN" && isList(right))
+        return isElement(left, right);
+    if (comparison == u"CONTAINS" && isList(left))
+        return isElement(right, left);
+    const bool areTexts =
+        left.typeId() == QMetaType::QString && right.typeId() == QMetaType::QString;
+    if (!areTexts || NSObject::isNil(left) || NSObject::isNil(right))
+        return false;
+    if (comparison == u"IN")
+        return folded(right, options).contains(folded(left, options));
+    return compareTexts(comparison, folded(left, options),
+                        comparison == u"MATCHES" && options.isEmpty() ? right.toString()
+                                                                      : folded(right, options));
+}
+
+NSPredicate NSPredicate::predicateWithBlock(Block block)
+{
+    return NSPredicate(std::move(block));
+}
+
+NSPredicate NSPredicate::predicateWithFormat(QStringView format, const QVariantList &arguments)
+{
+    return NSPredicate(NSPredicateParser(format, arguments).parse());
+}
+
+NSPredicate NSPredicate::predicateWithValue(bool value)
+{
+    return NSPredicate([value](const QVariant &) { return value; });
+}

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "NSKeyValueTarget.h"
+#include <KTUtility/KTUtilityExport.h>
+
+#include <QString>
+#include <QVariantList>
+
+#include <functional>
+
+/// A condition that objects fulfil or not: a function, or a comparison of what lies at key paths.
+///
+/// A format compares two operands, and joins comparisons with AND, OR, NOT and parentheses (also
+/// &&,
+/// ||, !). Words are not case-sensitive.
+///
+/// | operators | |
+/// |---|---|
+/// | = == != <> < <= > >= | numbers by value, texts by UTF-16 unit, dates |
+/// | BEGINSWITH ENDSWITH CONTAINS | texts; CONTAINS also lists |
+/// | LIKE | texts; "?" is any character, "*" any number of them |
+/// | MATCHES | the whole of a text against a regular expression; false where that takes too long |
+/// | IN | an element of a list, or a part of a text |
+///
+/// Behind an operator for texts, [c] ignores case, [d] diacritics, [cd] both. Operands are key
+/// paths, SELF, texts in single or double quotes (with "\" before quotes and "\" in them), numbers,
+/// TRUE, FALSE, YES, NO, nil, NULL; "%@" stands for the next argument, "%K" for a key path that is
+/// one. TRUEPREDICATE and FALSEPREDICATE are conditions. Nil equals nil only, and is in no order.
+///
+/// \code
+/// const NSPredicate grownUps =
+///     NSPredicate::predicateWithFormat(u"age >= %@ AND name BEGINSWITH[c] 'a'", {18});
+/// grownUps.evaluateWithObject(person);
+/// \endcode
+class KTUTILITY_EXPORT NSPredicate
+{
+public:
+    using Block = std::function<bool(const QVariant &object)>;
+
+    /// No condition, which nothing fulfils; see isNil().
+    NSPredicate() = default;
+    /// The condition of a function.
+    static NSPredicate predicateWithBlock(Block block);
+    /// The condition that a format says.
+    /// \throws NSException NSInvalidArgumentException if it is none, or an argument is missing.
+    static NSPredicate predicateWithFormat(QStringView format, const QVariantList &arguments = {});
+    /// What everything fulfils, or nothing.
+    static NSPredicate predicateWithValue(bool value);
+
+    bool isNil() const { return !_block; }
+
+    /// Whether an object fulfils the condition.
+    /// \throws NSException NSUndefinedKeyException if it lacks a key.
+    bool evaluateWithObject(const QVariant &object) const { return _block && _block(object); }
+    bool evaluateWithObject(QObject *object) const
+    {
+        return evaluateWithObject(QVariant::fromValue(object));
+    }
+
+private:
+    explicit NSPredicate(Block block) : _block(std::move(block)) {}
+
+    Block _block;
+};

@@ -1,0 +1,293 @@
+#pragma once
+
+// Longer than most headers: every setting of the platform's class stands here with its meaning.
+
+#include "NSFormatter.h"
+#include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/Text/NSLocale.h>
+#include <KTUtility/Platform/Text/NSRange.h>
+#include <KTUtility/Platform/Values/NSError.h>
+
+#include <memory>
+#include <optional>
+
+/// Which contract a formatter follows; only that of 10.4 exists for numbers.
+enum NSNumberFormatterBehavior {
+    NSNumberFormatterBehaviorDefault = 0,
+    NSNumberFormatterBehavior10_0 = 1000,
+    NSNumberFormatterBehavior10_4 = 1040
+};
+
+/// Kinds of number texts.
+enum NSNumberFormatterStyle {
+    NSNumberFormatterNoStyle = 0,         ///< "1235"
+    NSNumberFormatterDecimalStyle = 1,    ///< "1,234.568"
+    NSNumberFormatterCurrencyStyle = 2,   ///< "$1,234.57"
+    NSNumberFormatterPercentStyle = 3,    ///< "12%"
+    NSNumberFormatterScientificStyle = 4, ///< "1.234568E3"
+    NSNumberFormatterSpellOutStyle = 5,   ///< "twelve"
+    NSNumberFormatterOrdinalStyle = 6,    ///< "12th"
+    NSNumberFormatterCurrencyISOCodeStyle = 8,
+    NSNumberFormatterCurrencyPluralStyle = 9,
+    NSNumberFormatterCurrencyAccountingStyle = 10
+};
+
+/// Where digits that are not shown go. A tie is what lies exactly between two candidates.
+enum NSNumberFormatterRoundingMode {
+    NSNumberFormatterRoundCeiling = 0,
+    NSNumberFormatterRoundFloor = 1,
+    NSNumberFormatterRoundDown = 2,     ///< towards zero
+    NSNumberFormatterRoundUp = 3,       ///< away from zero
+    NSNumberFormatterRoundHalfEven = 4, ///< ties to the even digit; the default
+    NSNumberFormatterRoundHalfDown = 5, ///< ties towards zero
+    NSNumberFormatterRoundHalfUp = 6    ///< ties away from zero
+};
+
+/// Where padding goes.
+enum NSNumberFormatterPadPosition {
+    NSNumberFormatterPadBeforePrefix = 0,
+    NSNumberFormatterPadAfterPrefix = 1,
+    NSNumberFormatterPadBeforeSuffix = 2,
+    NSNumberFormatterPadAfterSuffix = 3
+};
+
+/// The platform's number formatter: numbers and money in the conventions of a locale.
+///
+/// Use KTNumberFormatter and KTCurrencyFormatter for fields of forms; they are made of this class
+/// and forgive what people type. Use this one where you need a setting that they do not have, a
+/// percentage, a spelled-out number, or to know how much of a text is a number.
+///
+/// Every setting is set or not set. What is not set is the locale's and style's own, also after
+/// the locale or style has changed; giving nil (a null text) unsets a text again. Setters only
+/// take notes: set as many as you like. Formatters with the same settings share the costly part.
+///
+/// Plain ASCII texts are read and all usual numbers written without ICU, with ICU's results;
+/// everything else is ICU's business (its patterns: UTS #35, part 3).
+///
+/// \code
+/// NSNumberFormatter formatter;
+/// formatter.setLocale(NSLocale(QStringLiteral("de_DE")));
+/// formatter.setNumberStyle(NSNumberFormatterDecimalStyle);
+/// formatter.stringFromNumber(1234.5);                     // "1.234,5"
+/// formatter.numberFromString(QStringLiteral("1.234,5"));  // 1234.5
+/// \endcode
+class KTUTILITY_EXPORT NSNumberFormatter : public NSFormatter
+{
+    Q_OBJECT
+
+public:
+    /// A formatter without style in the current locale.
+    NSNumberFormatter();
+    ~NSNumberFormatter() override;
+
+    // --- Numbers to texts
+
+    /// The text of a number; nil for what is none. nil itself has the text nilSymbol().
+    QString stringForObjectValue(const QVariant &value) const override;
+    /// The same for a number.
+    QString stringFromNumber(const QVariant &number) const { return stringForObjectValue(number); }
+    /// The text with \a withDefaultAttributes, or with those for negative or positive values
+    /// where they are set. What is no number has the text for not-a-number.
+    std::optional<NSAttributedString> attributedStringForObjectValue(
+        const QVariant &value, const QTextCharFormat &withDefaultAttributes = {}) const override;
+
+    // --- Texts to numbers
+
+    /// Reads a number at the start of a part of a text.
+    /// \param value receives an integer (qint64) if all of the part is one, else a double; or an
+    /// NSDecimalNumber of 38 digits if generatesDecimalNumbers(). May be null.
+    /// \param range the part to read, all of the text if null. On return, on success and failure:
+    /// where the number begins behind leading blanks, and how many units were read. Only the
+    /// first 1,024 units are looked at.
+    /// \param error receives why there is no number; nil if there is one. May be null.
+    /// \return whether there is a number, also if text is left over behind it.
+    bool getObjectValue(QVariant *value, const QString &forString, NSRange *range,
+                        NSError *error) const;
+    /// Reads a text that has to be a number from start to end, but for blanks at the end. If it
+    /// is a number with something behind it, the error description is left as it is.
+    bool getObjectValue(QVariant *value, const QString &forString,
+                        QString *errorDescription = nullptr) const override;
+    /// The number that a text is; nil if it is none.
+    QVariant numberFromString(const QString &string) const;
+
+    // --- Kind
+
+    int formatterBehavior() const { return _formatterBehavior; }
+    void setFormatterBehavior(int behavior) { _formatterBehavior = behavior; }
+    int numberStyle() const;
+    void setNumberStyle(int style);
+    const NSLocale &locale() const;
+    void setLocale(const NSLocale &locale);
+    /// Whether texts are read leniently: signs of other scripts, other group separators, blanks
+    /// between sign, currency and digits, a currency that is missing.
+    bool isLenient() const;
+    void setLenient(bool lenient);
+    /// Whether texts become NSDecimalNumber, digit by digit.
+    bool generatesDecimalNumbers() const { return _generatesDecimalNumbers; }
+    void setGeneratesDecimalNumbers(bool generates) { _generatesDecimalNumbers = generates; }
+    /// Whether texts with a fraction are numbers.
+    bool allowsFloats() const { return _allowsFloats; }
+    void setAllowsFloats(bool allows) { _allowsFloats = allows; }
+    /// The least and greatest numbers that texts may be; none if nil.
+    QVariant minimum() const { return _minimum; }
+    void setMinimum(const QVariant &minimum) { _minimum = minimum; }
+    QVariant maximum() const { return _maximum; }
+    void setMaximum(const QVariant &maximum) { _maximum = maximum; }
+
+    // --- Digits
+
+    bool usesGroupingSeparator() const;
+    void setUsesGroupingSeparator(bool uses);
+    /// How many digits make a group: the first left of the point, and the others (0: the same).
+    int groupingSize() const;
+    void setGroupingSize(int size);
+    int secondaryGroupingSize() const;
+    void setSecondaryGroupingSize(int size);
+    int minimumIntegerDigits() const;
+    void setMinimumIntegerDigits(int count);
+    int maximumIntegerDigits() const;
+    void setMaximumIntegerDigits(int count);
+    /// Fewer digits are filled up with zeros, up to 999. A minimum above the maximum raises it.
+    int minimumFractionDigits() const;
+    void setMinimumFractionDigits(int count);
+    /// More digits are rounded. A maximum below the minimum lowers it.
+    int maximumFractionDigits() const;
+    void setMaximumFractionDigits(int count);
+    /// Whether the significant digits count instead of those before and behind the point.
+    bool usesSignificantDigits() const;
+    void setUsesSignificantDigits(bool uses);
+    /// -1 unless set.
+    int minimumSignificantDigits() const;
+    void setMinimumSignificantDigits(int count);
+    int maximumSignificantDigits() const;
+    void setMaximumSignificantDigits(int count);
+    /// A NSNumberFormatterRoundingMode.
+    int roundingMode() const;
+    void setRoundingMode(int mode);
+    double roundingIncrement() const;
+    void setRoundingIncrement(double increment);
+    /// What numbers are multiplied with before they are shown; nil unless set or percent (100).
+    std::optional<int> multiplier() const;
+    void setMultiplier(std::optional<int> multiplier);
+    bool alwaysShowsDecimalSeparator() const;
+    void setAlwaysShowsDecimalSeparator(bool shows);
+
+    // --- Signs and separators. Giving nil brings the locale's own back.
+
+    /// What stands before and behind numbers. A currency's sign in it follows the currency.
+    QString positivePrefix() const;
+    void setPositivePrefix(const QString &prefix);
+    QString positiveSuffix() const;
+    void setPositiveSuffix(const QString &suffix);
+    QString negativePrefix() const;
+    void setNegativePrefix(const QString &prefix);
+    QString negativeSuffix() const;
+    void setNegativeSuffix(const QString &suffix);
+    QString decimalSeparator() const;
+    void setDecimalSeparator(const QString &separator);
+    QString groupingSeparator() const;
+    void setGroupingSeparator(const QString &separator);
+    QString minusSign() const;
+    void setMinusSign(const QString &sign);
+    QString plusSign() const;
+    void setPlusSign(const QString &sign);
+    QString percentSymbol() const;
+    void setPercentSymbol(const QString &symbol);
+    QString perMillSymbol() const;
+    void setPerMillSymbol(const QString &symbol);
+    QString exponentSymbol() const;
+    void setExponentSymbol(const QString &symbol);
+
+    // --- Money
+
+    /// ISO 4217. Codes that are not three letters are kept but have no effect. Brings its own
+    /// digits behind the point, unless those are set, and its sign, unless that is set.
+    QString currencyCode() const;
+    void setCurrencyCode(const QString &code);
+    QString currencySymbol() const;
+    void setCurrencySymbol(const QString &symbol);
+    QString internationalCurrencySymbol() const;
+    void setInternationalCurrencySymbol(const QString &symbol);
+    QString currencyDecimalSeparator() const;
+    void setCurrencyDecimalSeparator(const QString &separator);
+    QString currencyGroupingSeparator() const;
+    void setCurrencyGroupingSeparator(const QString &separator);
+
+    // --- Texts of their own
+
+    /// The text of zero; nil (the default) formats it as a number.
+    QString zeroSymbol() const;
+    void setZeroSymbol(const QString &symbol) { _zeroSymbol = symbol; }
+    /// The text of nil, "" unless set.
+    QString nilSymbol() const { return _nilSymbol; }
+    void setNilSymbol(const QString &symbol) { _nilSymbol = symbol; }
+    QString notANumberSymbol() const;
+    void setNotANumberSymbol(const QString &symbol);
+    /// "+∞" and "-∞" unless set; the locale's sign is shown then.
+    QString positiveInfinitySymbol() const;
+    void setPositiveInfinitySymbol(const QString &symbol) { _positiveInfinitySymbol = symbol; }
+    QString negativeInfinitySymbol() const;
+    void setNegativeInfinitySymbol(const QString &symbol) { _negativeInfinitySymbol = symbol; }
+
+    // --- Width
+
+    /// The least number of units; -1 unless set.
+    int formatWidth() const;
+    void setFormatWidth(int width);
+    QString paddingCharacter() const;
+    void setPaddingCharacter(const QString &character);
+    /// A NSNumberFormatterPadPosition.
+    int paddingPosition() const;
+    void setPaddingPosition(int position);
+
+    // --- Patterns (UTS #35, part 3)
+
+    /// Positive pattern, text of zero and negative pattern, with ";" between.
+    QString format() const;
+    /// Of one part: the positive pattern; of two: positive and negative; of three: with the text
+    /// of zero between them. Texts of more than 1,024 units are ignored.
+    void setFormat(const QString &format);
+    QString positiveFormat() const;
+    void setPositiveFormat(const QString &format);
+    QString negativeFormat() const;
+    void setNegativeFormat(const QString &format);
+
+    // --- Attributes
+
+    /// What replaces the default attributes of negative numbers; none unless set.
+    const std::optional<QTextCharFormat> &textAttributesForNegativeValues() const
+    {
+        return _textAttributesForNegativeValues;
+    }
+    void setTextAttributesForNegativeValues(const std::optional<QTextCharFormat> &attributes)
+    {
+        _textAttributesForNegativeValues = attributes;
+    }
+    const std::optional<QTextCharFormat> &textAttributesForPositiveValues() const
+    {
+        return _textAttributesForPositiveValues;
+    }
+    void setTextAttributesForPositiveValues(const std::optional<QTextCharFormat> &attributes)
+    {
+        _textAttributesForPositiveValues = attributes;
+    }
+
+private:
+    struct Private;
+
+    QString specialString(const QVariant &value) const;
+    bool isWithinBounds(const QVariant &value) const;
+
+    std::unique_ptr<Private> _private;
+    int _formatterBehavior = NSNumberFormatterBehavior10_4;
+    bool _generatesDecimalNumbers = false;
+    bool _allowsFloats = true;
+    QVariant _minimum;
+    QVariant _maximum;
+    QString _zeroSymbol;
+    QString _nilSymbol = QStringLiteral("");
+    QString _positiveInfinitySymbol;
+    QString _negativeInfinitySymbol;
+    std::optional<QTextCharFormat> _textAttributesForNegativeValues;
+    std::optional<QTextCharFormat> _textAttributesForPositiveValues;
+};

@@ -1,0 +1,187 @@
+#include "NSNumberEngine_p.h"
+#include "NSNumberText_p.h"
+#include <KTUtility/Platform/Text/NSICU_p.h>
+
+#include <unicode/dcfmtsym.h>
+
+#include <algorithm>
+
+// How an engine's numbers are read and written without it: what the quick paths need is taken from
+// ICU's own symbols and texts.
+
+using icu::DecimalFormat;
+using icu::DecimalFormatSymbols;
+
+namespace {
+bool isPlainStyle(int style)
+{
+    return style == NSNumberFormatterNoStyle || style == NSNumberFormatterDecimalStyle;
+}
+
+/// ICU's text of a number, cut at its digits.
+struct Sample
+{
+    QString prefix;
+    QString suffix;
+    bool hasDigits = false;
+};
+
+Sample sampleOf(const DecimalFormat &format, int64_t number, char16_t zeroDigit)
+{
+    icu::UnicodeString text;
+    const QString sample = NSICU::stringOf(format.format(number, text));
+    const auto isDigit = [zeroDigit](QChar unit) {
+        return unit.unicode() >= zeroDigit && unit.unicode() <= zeroDigit + 9;
+    };
+    const auto first = std::find_if(sample.cbegin(), sample.cend(), isDigit);
+    const auto last = std::find_if(sample.crbegin(), sample.crend(), isDigit);
+    if (first == sample.cend())
+        return {};
+    return {sample.left(first - sample.cbegin()), sample.right(last - sample.crbegin()), true};
+}
+
+/// The digit zero of a script whose ten digits stand in a row in the basic plane.
+std::optional<char16_t> zeroDigitOf(const DecimalFormatSymbols &symbols)
+{
+    const icu::UnicodeString &zero = symbols.getConstSymbol(DecimalFormatSymbols::kZeroDigitSymbol);
+    const icu::UnicodeString &nine = symbols.getConstSymbol(DecimalFormatSymbols::kNineDigitSymbol);
+    if (zero.length() != 1 || nine.length() != 1 || nine[0] != zero[0] + 9)
+        return std::nullopt;
+    return zero[0];
+}
+
+/// A currency's sign keeps a distance from digits only, so that money has to start with one.
+bool hasQuickText(const NSNumberSettings &settings, const DecimalFormat &format)
+{
+    const bool isMoney =
+        settings.style == NSNumberFormatterCurrencyStyle && format.getMinimumIntegerDigits() > 0;
+    return (isPlainStyle(settings.style) || isMoney) && settings.positiveFormat.isNull() &&
+           settings.negativeFormat.isNull() && !settings.multiplier &&
+           !settings.roundingIncrement && !settings.formatWidth &&
+           !format.areSignificantDigitsUsed() && !format.isDecimalSeparatorAlwaysShown();
+}
+
+/// \return false if ICU's text has no digits of the writer's script.
+bool takeAffixes(NSNumberWriter &writer, const DecimalFormat &format)
+{
+    const Sample positive = sampleOf(format, 1, writer.zeroDigit);
+    const Sample negative = sampleOf(format, -1, writer.zeroDigit);
+    writer.positivePrefix = positive.prefix;
+    writer.positiveSuffix = positive.suffix;
+    writer.negativePrefix = negative.prefix;
+    writer.negativeSuffix = negative.suffix;
+    return positive.hasDigits && negative.hasDigits;
+}
+
+void takeSeparators(NSNumberWriter &writer, const DecimalFormatSymbols &symbols, bool isForMoney)
+{
+    writer.decimalSeparator = NSICU::stringOf(
+        symbols.getConstSymbol(isForMoney ? DecimalFormatSymbols::kMonetarySeparatorSymbol
+                                          : DecimalFormatSymbols::kDecimalSeparatorSymbol));
+    writer.groupingSeparator = NSICU::stringOf(
+        symbols.getConstSymbol(isForMoney ? DecimalFormatSymbols::kMonetaryGroupingSeparatorSymbol
+                                          : DecimalFormatSymbols::kGroupingSeparatorSymbol));
+}
+
+void takeDigits(NSNumberWriter &writer, const DecimalFormat &format)
+{
+    writer.roundingMode = int(format.getRoundingMode());
+    writer.minimumIntegerDigits = format.getMinimumIntegerDigits();
+    writer.maximumIntegerDigits = format.getMaximumIntegerDigits();
+    writer.minimumFractionDigits = format.getMinimumFractionDigits();
+    writer.maximumFractionDigits = format.getMaximumFractionDigits();
+}
+
+/// Some locales do not group numbers of four digits; a sample tells.
+bool groupsLeastNumber(const NSNumberWriter &writer, const DecimalFormat &format)
+{
+    constexpr int MaximumPower = 15;
+    int64_t leastGrouped = 1;
+    for (int digit = 0; digit < std::min(writer.groupingSize, MaximumPower); ++digit)
+        leastGrouped *= 10;
+    icu::UnicodeString text;
+    return NSICU::stringOf(format.format(leastGrouped, text)).contains(writer.groupingSeparator);
+}
+
+void takeGroups(NSNumberWriter &writer, const DecimalFormat &format)
+{
+    if (format.isGroupingUsed())
+        writer.groupingSize = std::max(format.getGroupingSize(), 0);
+    const int secondary = format.getSecondaryGroupingSize();
+    writer.secondaryGroupingSize = secondary > 0 ? secondary : writer.groupingSize;
+    if (!groupsLeastNumber(writer, format))
+        writer.minimumGroupingDigits = 2;
+}
+
+std::optional<NSNumberWriter> writerFor(const NSNumberSettings &settings,
+                                        const DecimalFormat &format)
+{
+    const DecimalFormatSymbols &symbols = *format.getDecimalFormatSymbols();
+    const std::optional<char16_t> zeroDigit = zeroDigitOf(symbols);
+    NSNumberWriter writer;
+    writer.zeroDigit = zeroDigit.value_or(u'0');
+    if (!zeroDigit || !hasQuickText(settings, format) || !takeAffixes(writer, format))
+        return std::nullopt;
+    takeSeparators(writer, symbols, settings.isForMoney());
+    takeDigits(writer, format);
+    takeGroups(writer, format);
+    return writer;
+}
+
+bool hasQuickReading(const NSNumberSettings &settings)
+{
+    const bool isMinus = settings.negativePrefix.isNull() || settings.negativePrefix == u"-";
+    const bool isPlainSuffix = settings.negativeSuffix.isEmpty();
+    const bool isParentheses = settings.negativePrefix == u"(" && settings.negativeSuffix == u")";
+    const bool hasOwnSymbols =
+        !settings.decimalSeparator.isNull() || !settings.groupingSeparator.isNull() ||
+        !settings.minusSign.isNull() || !settings.plusSign.isNull() ||
+        !settings.exponentSymbol.isNull() || !settings.notANumberSymbol.isNull() ||
+        !settings.positivePrefix.isNull() || !settings.positiveSuffix.isNull() ||
+        !settings.positiveFormat.isNull() || !settings.negativeFormat.isNull();
+    return settings.lenient && isPlainStyle(settings.style) && !hasOwnSymbols &&
+           !settings.multiplier && ((isMinus && isPlainSuffix) || isParentheses);
+}
+
+char16_t asciiSeparator(const icu::UnicodeString &symbol)
+{
+    const bool isKnown = symbol.length() == 1 && (symbol[0] == u'.' || symbol[0] == u',');
+    return isKnown ? symbol[0] : u'\0';
+}
+
+std::optional<NSNumberReader> readerFor(const NSNumberSettings &settings,
+                                        const DecimalFormat &format)
+{
+    const DecimalFormatSymbols &symbols = *format.getDecimalFormatSymbols();
+    NSNumberReader reader;
+    reader.decimalSeparator =
+        asciiSeparator(symbols.getConstSymbol(DecimalFormatSymbols::kDecimalSeparatorSymbol));
+    if (!hasQuickReading(settings) || reader.decimalSeparator == 0)
+        return std::nullopt;
+    reader.usesGrouping = format.isGroupingUsed();
+    const bool isRegular =
+        format.getGroupingSize() == 3 &&
+        (format.getSecondaryGroupingSize() == 3 || format.getSecondaryGroupingSize() <= 0);
+    if (reader.usesGrouping && isRegular)
+        reader.groupingSeparator =
+            asciiSeparator(symbols.getConstSymbol(DecimalFormatSymbols::kGroupingSeparatorSymbol));
+    reader.usesParentheses = settings.negativePrefix == u"(";
+    const icu::UnicodeString &notANumber = symbols.getConstSymbol(DecimalFormatSymbols::kNaNSymbol);
+    if (!notANumber.isEmpty())
+        reader.notANumberStart = QChar(notANumber[0]).toUpper().unicode();
+    return reader;
+}
+} // namespace
+
+void NSNumberEngine::preparePaths(const NSNumberSettings &settings)
+{
+    const auto separator = settings.isForMoney() ? DecimalFormatSymbols::kMonetarySeparatorSymbol
+                                                 : DecimalFormatSymbols::kDecimalSeparatorSymbol;
+    const icu::UnicodeString &text = symbols()->getConstSymbol(separator);
+    _decimalSeparator = text.isEmpty() ? u'.' : text[0];
+    const QString sign = symbol(DecimalFormatSymbols::kCurrencySymbol);
+    _hasBlankInCurrencySign =
+        settings.isForMoney() && std::any_of(sign.begin(), sign.end(), NSNumberText::isBlank);
+    _writer = writerFor(settings, *_decimalFormat);
+    _reader = readerFor(settings, *_decimalFormat);
+}

@@ -1,0 +1,10 @@
+target_sources(KTUtility PRIVATE
+    Platform/Text/NSCharacterSet.cpp
+    Platform/Text/NSLocale.cpp
+    Platform/Text/NSPercentEscapes.cpp
+    Platform/Text/NSStringCase.cpp
+    Platform/Text/NSStringCompare.cpp
+    Platform/Text/NSStringEncoding.cpp
+    Platform/Text/NSStringNormalization.cpp
+    Platform/Text/NSStringTrim.cpp
+)

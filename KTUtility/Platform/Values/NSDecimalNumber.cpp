@@ -1,0 +1,364 @@
+#include "NSDecimalNumber.h"
+
+#include "NSDecimalParts_p.h"
+#include "NSObject.h"
+#include <KTUtility/Platform/Text/NSCharacterSet.h>
+#include <KTUtility/Platform/Text/NSLocale.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+namespace {
+using Coefficient = NSCoefficient;
+
+using NSDecimalArithmetic::powerOfTen;
+
+constexpr int MaximumDigits = NSDecimalParts::MaximumDigits;
+constexpr int MinimumExponent = -128;
+constexpr int MaximumExponent = 127;
+
+/// Reads the parts of a typed number from left to right.
+class DecimalReader
+{
+public:
+    explicit DecimalReader(QStringView text) : _text(text) {}
+
+    bool read()
+    {
+        skipBlanks();
+        isNegative = accept(u'-');
+        if (!isNegative)
+            accept(u'+');
+        readDigits(false);
+        if (accept(u'.'))
+            readDigits(true);
+        if (!_sawDigit)
+            return false;
+        readExponent();
+        return true;
+    }
+
+    Coefficient coefficient = 0;
+    qint64 exponent = 0;
+    bool isNegative = false;
+
+private:
+    void skipBlanks()
+    {
+        const NSCharacterSet &blanks = NSCharacterSet::whitespaceAndNewlineCharacterSet();
+        while (_position < _text.size() && blanks.characterIsMember(_text[_position].unicode()))
+            ++_position;
+    }
+
+    bool accept(char16_t unit)
+    {
+        if (_position >= _text.size() || _text[_position] != unit)
+            return false;
+        ++_position;
+        return true;
+    }
+
+    std::optional<int> nextDigit()
+    {
+        if (_position >= _text.size())
+            return std::nullopt;
+        const int digit = _text[_position].unicode() - u'0';
+        if (digit < 0 || digit > 9)
+            return std::nullopt;
+        ++_position;
+        return digit;
+    }
+
+    void readDigits(bool isFraction)
+    {
+        while (const auto digit = nextDigit()) {
+            _sawDigit = true;
+            if (_significantDigits < MaximumDigits)
+                addDigit(*digit, isFraction);
+            else
+                dropDigit(*digit, isFraction);
+        }
+    }
+
+    void addDigit(int digit, bool isFraction)
+    {
+        coefficient = coefficient * 10 + unsigned(digit);
+        _significantDigits += coefficient != 0;
+        exponent -= isFraction;
+    }
+
+    /// The first digit that does not fit rounds the others, half away from zero.
+    void dropDigit(int digit, bool isFraction)
+    {
+        exponent += !isFraction;
+        if (_rounded)
+            return;
+        _rounded = true;
+        coefficient += digit >= 5;
+        if (coefficient == powerOfTen(MaximumDigits)) { // all nines went up
+            coefficient /= 10;
+            ++exponent;
+        }
+    }
+
+    void readExponent()
+    {
+        const qsizetype start = _position;
+        if (!accept(u'e') && !accept(u'E'))
+            return;
+        const bool isMinus = accept(u'-');
+        if (!isMinus)
+            accept(u'+');
+        std::optional<int> digit = nextDigit();
+        if (!digit) {
+            _position = start;
+            return;
+        }
+        qint64 typed = 0;
+        for (; digit; digit = nextDigit())
+            typed = std::min<qint64>(typed * 10 + *digit, 1'000'000'000);
+        exponent += isMinus ? -typed : typed;
+    }
+
+    QStringView _text;
+    qsizetype _position = 0;
+    int _significantDigits = 0;
+    bool _sawDigit = false;
+    bool _rounded = false;
+};
+
+bool endsInZero(quint64 value)
+{
+    return value % 2 == 0 && value % 5 == 0;
+}
+
+/// Without a division of 128 bits: 2^64 is one more than a multiple of 5.
+bool endsInZero(Coefficient value)
+{
+    const auto low = quint64(value);
+    return low % 2 == 0 && (low % 5 + quint64(value >> 64) % 5) % 5 == 0;
+}
+
+template<typename Unsigned>
+void dropZeros(Unsigned &coefficient, qint64 &exponent)
+{
+    while (exponent < MaximumExponent && endsInZero(coefficient)) {
+        coefficient /= 10;
+        ++exponent;
+    }
+}
+
+/// Drops trailing zeros while the exponent can take them.
+void normalise(Coefficient &coefficient, qint64 &exponent)
+{
+    if (coefficient >> 64 != 0)
+        return dropZeros(coefficient, exponent);
+    auto low = quint64(coefficient);
+    if (low != 0)
+        dropZeros(low, exponent);
+    coefficient = low;
+}
+
+/// Moves an exponent above the range into the coefficient, as far as 38 digits allow.
+void lowerExponent(Coefficient &coefficient, qint64 &exponent)
+{
+    while (exponent > MaximumExponent && coefficient < powerOfTen(MaximumDigits - 1)) {
+        coefficient *= 10;
+        --exponent;
+    }
+}
+
+Coefficient joined(quint64 high, quint64 low)
+{
+    return (Coefficient(high) << 64) | low;
+}
+
+/// Not-a-number if the exponent is out of range, even for zero.
+NSDecimalNumber checked(Coefficient coefficient, qint64 exponent, bool isNegative)
+{
+    normalise(coefficient, exponent);
+    if (coefficient != 0)
+        lowerExponent(coefficient, exponent);
+    if (exponent < MinimumExponent || exponent > MaximumExponent)
+        return NSDecimalNumber::notANumber();
+    return NSDecimalParts{coefficient, int(exponent), isNegative}.number();
+}
+} // namespace
+
+NSDecimalNumber::NSDecimalNumber(qint64 value) noexcept : _isNegative(value < 0)
+{
+    const quint64 magnitude = value < 0 ? 0 - quint64(value) : quint64(value);
+    Coefficient coefficient = magnitude;
+    qint64 exponent = 0;
+    normalise(coefficient, exponent);
+    _low = quint64(coefficient);
+    _exponent = qint16(exponent);
+}
+
+NSDecimalNumber NSDecimalNumber::notANumber() noexcept
+{
+    NSDecimalNumber number;
+    number._isNaN = true;
+    return number;
+}
+
+NSDecimalNumber NSDecimalNumber::decimalNumberWithString(QStringView text)
+{
+    DecimalReader reader(text);
+    if (!reader.read())
+        return notANumber();
+    return checked(reader.coefficient, reader.exponent, reader.isNegative);
+}
+
+NSDecimalNumber NSDecimalNumber::decimalNumberWithMantissa(quint64 mantissa, int exponent,
+                                                           bool isNegative)
+{
+    return checked(mantissa, exponent, isNegative);
+}
+
+NSDecimalParts NSDecimalParts::of(const NSDecimalNumber &number)
+{
+    return {joined(number._high, number._low), number._exponent, number._isNegative};
+}
+
+NSDecimalNumber NSDecimalParts::number() const
+{
+    Coefficient digits = coefficient;
+    qint64 power = exponent;
+    normalise(digits, power);
+    NSDecimalNumber number;
+    if (digits == 0)
+        return number;
+    number._high = quint64(digits >> 64);
+    number._low = quint64(digits);
+    number._exponent = qint16(power);
+    number._isNegative = isNegative;
+    return number;
+}
+
+NSDecimalNumber NSDecimalNumber::decimalNumberWithDouble(double value)
+{
+    if (!std::isfinite(value))
+        return notANumber();
+    std::array<char, 64> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
+                                   std::chars_format::scientific, MaximumDigits - 1);
+    return decimalNumberWithString(QString::fromLatin1(text.data(), end.ptr - text.data()));
+}
+
+NSDecimalNumber NSDecimalNumber::decimalNumberWithNumber(const QVariant &number)
+{
+    const int type = number.metaType().id();
+    if (type == qMetaTypeId<NSDecimalNumber>())
+        return number.value<NSDecimalNumber>();
+    if (!NSObject::isNumber(number))
+        return notANumber();
+    if (type == QMetaType::Double || type == QMetaType::Float)
+        return decimalNumberWithDouble(number.toDouble());
+    if (type == QMetaType::ULongLong || type == QMetaType::ULong)
+        return decimalNumberWithMantissa(number.toULongLong(), 0, false);
+    return NSDecimalNumber(number.toLongLong());
+}
+
+NSDecimalNumber NSDecimalNumber::maximumDecimalNumber()
+{
+    return NSDecimalParts{powerOfTen(MaximumDigits) - 1, MaximumExponent, false}.number();
+}
+
+NSDecimalNumber NSDecimalNumber::minimumDecimalNumber()
+{
+    return maximumDecimalNumber().decimalNumberByNegating();
+}
+
+QString NSDecimalNumber::description() const
+{
+    if (_isNaN)
+        return QStringLiteral("NaN");
+    std::array<char, 40> buffer;
+    const std::string_view digits = NSDecimalArithmetic::digits(joined(_high, _low), buffer);
+    const int count = int(digits.size());
+    const int zeros = std::max<int>(_exponent, 0);
+    const int places = std::max<int>(-_exponent, 0);
+    const int leading = std::max(places + 1 - count, 0);
+    const int point = places > 0 ? leading + count - places : -1;
+    QString text(int(_isNegative) + leading + count + zeros + int(places > 0), Qt::Uninitialized);
+    QChar *at = text.data();
+    if (_isNegative)
+        *at++ = u'-';
+    for (int place = 0; place < leading + count + zeros; ++place) {
+        if (place == point)
+            *at++ = u'.';
+        const bool isDigit = place >= leading && place < leading + count;
+        *at++ = QLatin1Char(isDigit ? digits[size_t(place - leading)] : '0');
+    }
+    return text;
+}
+
+QString NSDecimalNumber::descriptionWithLocale(const NSLocale &locale) const
+{
+    return description().replace(u'.', locale.decimalSeparator());
+}
+
+double NSDecimalNumber::doubleValue() const
+{
+    if (_isNaN)
+        return std::numeric_limits<double>::quiet_NaN();
+    std::array<char, 40> buffer;
+    const std::string_view digits = NSDecimalArithmetic::digits(joined(_high, _low), buffer);
+    std::array<char, 64> text{};
+    char *end = std::copy(digits.begin(), digits.end(), text.data());
+    *end++ = 'e';
+    end = std::to_chars(end, text.data() + text.size(), _exponent).ptr;
+    double value = 0;
+    std::from_chars(text.data(), end, value);
+    return _isNegative ? -value : value;
+}
+
+qint64 NSDecimalNumber::integerValue() const
+{
+    if (_isNaN)
+        return 0;
+    Coefficient magnitude = joined(_high, _low);
+    if (_exponent < 0)
+        magnitude = _exponent < -MaximumDigits ? 0 : magnitude / powerOfTen(-_exponent);
+    const Coefficient limit = quint64(std::numeric_limits<qint64>::max()) + quint64(_isNegative);
+    for (int power = _exponent; power > 0 && magnitude != 0 && magnitude <= limit; --power)
+        magnitude *= 10;
+    if (magnitude > limit)
+        return 0;
+    return qint64(_isNegative ? 0 - quint64(magnitude) : quint64(magnitude));
+}
+
+namespace {
+/// Orders magnitudes: the place of the first digit decides, then the digits from there on.
+std::strong_ordering compareMagnitudes(const NSDecimalParts &left, const NSDecimalParts &right)
+{
+    if (left.coefficient == 0 || right.coefficient == 0)
+        return left.coefficient <=> right.coefficient;
+    const int leftPlace = NSDecimalArithmetic::digitCount(left.coefficient) + left.exponent;
+    const int rightPlace = NSDecimalArithmetic::digitCount(right.coefficient) + right.exponent;
+    if (leftPlace != rightPlace)
+        return leftPlace <=> rightPlace;
+    const int distance = left.exponent - right.exponent;
+    const Coefficient leftDigits = left.coefficient * powerOfTen(std::max(distance, 0));
+    const Coefficient rightDigits = right.coefficient * powerOfTen(std::max(-distance, 0));
+    return leftDigits <=> rightDigits;
+}
+} // namespace
+
+std::strong_ordering operator<=>(const NSDecimalNumber &left, const NSDecimalNumber &right)
+{
+    if (left == right)
+        return std::strong_ordering::equal;
+    if (left._isNaN || right._isNaN)
+        return left._isNaN <=> right._isNaN;
+    if (left._isNegative != right._isNegative)
+        return right._isNegative <=> left._isNegative;
+    const std::strong_ordering order =
+        compareMagnitudes(NSDecimalParts::of(left), NSDecimalParts::of(right));
+    return left._isNegative ? 0 <=> order : order;
+}

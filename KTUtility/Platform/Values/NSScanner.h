@@ -1,0 +1,85 @@
+#pragma once
+
+#include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/Text/NSCharacterSet.h>
+
+#include <QString>
+
+/// The first index at or after \a index whose code point is not in \a set; the size at the end.
+KTUTILITY_EXPORT qsizetype NSSkipCharacters(QStringView text, qsizetype index,
+                                            const NSCharacterSet &set);
+/// The first index at or after \a index whose code point is in \a set; the size if there is none.
+KTUTILITY_EXPORT qsizetype NSFindCharacter(QStringView text, qsizetype index,
+                                           const NSCharacterSet &set);
+
+/// Reads a text from left to right, a piece a call.
+///
+/// Every call first skips the characters of charactersToBeSkipped() (blanks and newlines unless
+/// set otherwise); a call that finds nothing returns false and leaves the location where it was
+/// before the skip. Results are written only on success, and each may be null. Locations count
+/// UTF-16 units. Linear in the length of the text.
+///
+/// \code
+/// NSScanner scanner(u"  width: 12.5 mm");
+/// QString name;
+/// double width = 0;
+/// scanner.scanUpToString(u":", &name);    // "width"
+/// scanner.scanString(u":");
+/// scanner.scanDouble(&width);             // 12.5
+/// scanner.isAtEnd();                      // false: "mm" is left
+/// \endcode
+class KTUTILITY_EXPORT NSScanner
+{
+public:
+    /// A scanner over a copy of \a text, at its start.
+    explicit NSScanner(const QString &text);
+    explicit NSScanner(QStringView text);
+
+    const QString &string() const { return _text; }
+
+    qsizetype scanLocation() const { return _location; }
+    /// Moves to \a location, at most the length of the text.
+    /// \throws NSException NSRangeException beyond it.
+    void setScanLocation(qsizetype location);
+
+    const NSCharacterSet &charactersToBeSkipped() const { return _skipped; }
+    /// The empty set switches the skipping off.
+    void setCharactersToBeSkipped(const NSCharacterSet &set);
+
+    bool caseSensitive() const { return _caseSensitive; }
+    /// Whether scanString() and scanUpToString() tell cases apart; they do not at first. Scans of
+    /// character sets always do.
+    void setCaseSensitive(bool caseSensitive) { _caseSensitive = caseSensitive; }
+
+    /// True if nothing but skippable characters is left.
+    bool isAtEnd() const;
+
+    /// The run of members of \a set that starts here.
+    bool scanCharactersFromSet(const NSCharacterSet &set, QString *intoString = nullptr);
+    /// The run up to the next member of \a set, or to the end; false if a member stands here.
+    bool scanUpToCharactersFromSet(const NSCharacterSet &set, QString *intoString = nullptr);
+    /// \a string itself, in a canonically equivalent form (Unicode, chapter 3.7); the result is
+    /// the text as it stands in the source.
+    bool scanString(QStringView string, QString *intoString = nullptr);
+    /// The text up to \a string, or to the end; false if \a string stands here.
+    bool scanUpToString(QStringView string, QString *intoString = nullptr);
+
+    /// A decimal integer with a sign and blanks after it; too large ones become the limits.
+    bool scanInt(qint32 *value = nullptr);
+    bool scanLongLong(qint64 *value = nullptr);
+    /// A hexadecimal integer, "0x" or "0X" before it or not; too large ones become the maximum.
+    bool scanHexInt(quint32 *value = nullptr);
+    bool scanHexLongLong(quint64 *value = nullptr);
+    /// A floating point number with "." and an exponent that counts only if digits follow it.
+    bool scanDouble(double *value = nullptr);
+
+private:
+    qsizetype skipped() const;
+    bool finish(qsizetype start, qsizetype end, QString *result);
+    qsizetype lengthOfMatch(QStringView string, qsizetype at) const;
+
+    QString _text;
+    qsizetype _location = 0;
+    NSCharacterSet _skipped = NSCharacterSet::whitespaceAndNewlineCharacterSet();
+    bool _caseSensitive = false;
+};

@@ -1,0 +1,511 @@
+#include "NSStringFormat.h"
+
+#include <KTUtility/Platform/Text/NSUnitBuffer_p.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdio>
+
+NSFormatArgument::NSFormatArgument(const char *utf8) noexcept
+    : _kind(utf8 ? Kind::Utf8 : Kind::Nil)
+    , _utf8(utf8 ? std::string_view(utf8) : std::string_view())
+{
+}
+
+NSFormatArgument::NSFormatArgument(std::string_view utf8) noexcept : _kind(Kind::Utf8), _utf8(utf8)
+{
+}
+
+NSFormatArgument::NSFormatArgument(const QByteArray &data) : _kind(Kind::Object), _object(data) {}
+
+NSFormatArgument::NSFormatArgument(const QObject *object) : _kind(object ? Kind::Object : Kind::Nil)
+{
+    if (object)
+        _object = QVariant::fromValue(const_cast<QObject *>(object));
+}
+
+NSFormatArgument::NSFormatArgument(const void *pointer) noexcept
+    : _kind(pointer ? Kind::Pointer : Kind::Nil), _bits(reinterpret_cast<quintptr>(pointer))
+{
+}
+
+NSFormatArgument::NSFormatArgument(const QVariant &value) : _kind(Kind::Object), _object(value)
+{
+    switch (value.typeId()) {
+    case QMetaType::Bool:
+    case QMetaType::Int:
+    case QMetaType::Long:
+    case QMetaType::LongLong:
+    case QMetaType::Short:
+        _kind = Kind::Signed;
+        _bits = quint64(value.toLongLong());
+        _bytes = int(value.metaType().sizeOf());
+        break;
+    case QMetaType::UInt:
+    case QMetaType::ULong:
+    case QMetaType::ULongLong:
+    case QMetaType::UShort:
+        _kind = Kind::Unsigned;
+        _bits = value.toULongLong();
+        _bytes = int(value.metaType().sizeOf());
+        break;
+    case QMetaType::Double:
+    case QMetaType::Float:
+        _kind = Kind::Double;
+        _bits = std::bit_cast<quint64>(value.toDouble());
+        break;
+    case QMetaType::QString:
+        _kind = NSObject::isNil(value) ? Kind::Nil : Kind::Text;
+        _text = *static_cast<const QString *>(_object->constData());
+        break;
+    default:
+        if (NSObject::isNil(value))
+            _kind = Kind::Nil;
+    }
+}
+
+namespace {
+using ArgumentKind = NSFormatArgument::Kind;
+
+constexpr int MaximumWidth = 4096;
+
+struct Conversion
+{
+    bool leftAligned = false;
+    bool plus = false;
+    bool blank = false;
+    bool alternate = false;
+    bool zeroPadded = false;
+    int width = 0;
+    int precision = -1;
+    int bytes = 4;
+    char16_t letter = 0;
+};
+
+QString describeInteger(const NSFormatArgument &argument)
+{
+    return argument.kind() == ArgumentKind::Signed ? QString::number(argument.signedValue())
+                                                   : QString::number(argument.unsignedValue());
+}
+
+/// What `%@` prints for any argument.
+QString describe(const NSFormatArgument &argument)
+{
+    switch (argument.kind()) {
+    case ArgumentKind::Signed:
+    case ArgumentKind::Unsigned:
+        return describeInteger(argument);
+    case ArgumentKind::Double:
+        return NSObject::description(argument.doubleValue());
+    case ArgumentKind::Character: {
+        const char32_t character = char32_t(argument.unsignedValue());
+        return QString::fromUcs4(&character, 1);
+    }
+    case ArgumentKind::Text:
+        return argument.text().toString();
+    case ArgumentKind::Utf8:
+        return QString::fromUtf8(argument.utf8().data(), qsizetype(argument.utf8().size()));
+    case ArgumentKind::Object:
+        return NSObject::description(argument.object());
+    case ArgumentKind::Pointer:
+        return QStringLiteral("0x") + QString::number(argument.address(), 16);
+    case ArgumentKind::Nil:
+        break;
+    }
+    return QStringLiteral("(null)");
+}
+
+/// The printf pattern for \a conversion, without its letter.
+QByteArray nativeConversion(const Conversion &conversion)
+{
+    QByteArray text("%");
+    if (conversion.leftAligned)
+        text += '-';
+    if (conversion.plus)
+        text += '+';
+    if (conversion.blank)
+        text += ' ';
+    if (conversion.alternate)
+        text += '#';
+    if (conversion.zeroPadded)
+        text += '0';
+    if (conversion.width > 0)
+        text += QByteArray::number(conversion.width);
+    if (conversion.precision >= 0)
+        text += '.' + QByteArray::number(conversion.precision);
+    return text;
+}
+
+// The pattern is made of checked flags and numbers by nativeConversion(), and the value's
+// type is fixed by the caller.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+template<typename Value>
+QString printNative(const QByteArray &pattern, Value value)
+{
+    std::array<char, 512> buffer;
+    const int length = std::snprintf(buffer.data(), buffer.size(), pattern.constData(), value);
+    if (length < int(buffer.size()))
+        return QString::fromLatin1(buffer.data(), length);
+    QByteArray large(length + 1, Qt::Uninitialized);
+    std::snprintf(large.data(), size_t(large.size()), pattern.constData(), value);
+    return QString::fromLatin1(large.constData(), length);
+}
+#pragma GCC diagnostic pop
+
+QString pad(const QString &text, const Conversion &conversion)
+{
+    if (conversion.width == 0 && conversion.precision < 0)
+        return text;
+    QString shown = conversion.precision >= 0 ? text.left(conversion.precision) : text;
+    return conversion.leftAligned ? shown.leftJustified(conversion.width)
+                                  : shown.rightJustified(conversion.width);
+}
+
+/// The value for %d: the whole one, or what "h" and "hh" leave of it.
+qint64 signedBits(const NSFormatArgument &argument, int bytes)
+{
+    const qint64 value = argument.signedValue();
+    return bytes == 1 ? qint8(value) : bytes == 2 ? qint16(value) : value;
+}
+
+/// The value for %u, %o and %x: a negative argument shows the bits of its own width.
+quint64 unsignedBits(const NSFormatArgument &argument, int bytes)
+{
+    const int width = bytes < 4 ? bytes : std::max(4, argument.bytes());
+    return argument.unsignedValue() & (~quint64(0) >> (64 - 8 * width));
+}
+
+bool isInteger(const NSFormatArgument &argument)
+{
+    return argument.kind() == ArgumentKind::Signed || argument.kind() == ArgumentKind::Unsigned ||
+           argument.kind() == ArgumentKind::Character;
+}
+
+/// Whether a conversion is "%d", without anything that printf would be needed for.
+bool isPlain(const Conversion &conversion)
+{
+    return conversion.letter == u'd' && conversion.bytes >= 4 && conversion.width == 0 &&
+           conversion.precision < 0 && !conversion.plus && !conversion.blank;
+}
+
+QString printInteger(const NSFormatArgument &argument, const Conversion &conversion)
+{
+    if (isPlain(conversion) && argument.kind() != ArgumentKind::Double)
+        return describeInteger(argument);
+    QByteArray pattern = nativeConversion(conversion) + "ll";
+    const bool isSigned = conversion.letter == u'd';
+    pattern += char(conversion.letter);
+    if (argument.kind() == ArgumentKind::Double)
+        return pad(describe(argument), conversion);
+    if (isSigned && argument.kind() == ArgumentKind::Unsigned &&
+        argument.unsignedValue() > INT64_MAX)
+        return printNative(pattern.replace("lld", "llu"), argument.unsignedValue());
+    if (isSigned)
+        return printNative<long long>(pattern, signedBits(argument, conversion.bytes));
+    return printNative<unsigned long long>(pattern, unsignedBits(argument, conversion.bytes));
+}
+
+QString printReal(const NSFormatArgument &argument, const Conversion &conversion)
+{
+    const double value = argument.kind() == ArgumentKind::Double ? argument.doubleValue()
+                         : argument.kind() == ArgumentKind::Unsigned
+                             ? double(argument.unsignedValue())
+                             : double(argument.signedValue());
+    return printNative(nativeConversion(conversion) + char(conversion.letter), value);
+}
+
+QString printCharacter(const NSFormatArgument &argument, const Conversion &conversion)
+{
+    const char32_t character = char32_t(argument.unsignedValue());
+    return pad(character < 0x110000 ? QString::fromUcs4(&character, 1) : QString(), conversion);
+}
+
+enum class ConversionFamily { Integer, Real, Character, Text, None };
+
+ConversionFamily familyOf(char16_t letter)
+{
+    switch (letter) {
+    case u'd':
+    case u'u':
+    case u'o':
+    case u'x':
+    case u'X':
+        return ConversionFamily::Integer;
+    case u'f':
+    case u'F':
+    case u'e':
+    case u'E':
+    case u'g':
+    case u'G':
+    case u'a':
+    case u'A':
+        return ConversionFamily::Real;
+    case u'c':
+    case u'C':
+        return ConversionFamily::Character;
+    case u'@':
+    case u's':
+    case u'S':
+    case u'p':
+        return ConversionFamily::Text;
+    default:
+        return ConversionFamily::None;
+    }
+}
+
+/// What a conversion prints when there is no argument for it.
+QString printMissing(const Conversion &conversion)
+{
+    switch (familyOf(conversion.letter)) {
+    case ConversionFamily::Integer:
+        return printInteger(NSFormatArgument(0), conversion);
+    case ConversionFamily::Real:
+        return printReal(NSFormatArgument(0.0), conversion);
+    case ConversionFamily::Character:
+        return pad(QString(), conversion);
+    default:
+        return pad(QStringLiteral("(null)"), conversion);
+    }
+}
+
+QString print(const NSFormatArgument &argument, const Conversion &conversion)
+{
+    const bool isNumber = isInteger(argument) || argument.kind() == ArgumentKind::Double;
+    switch (familyOf(conversion.letter)) {
+    case ConversionFamily::Integer:
+        if (isNumber)
+            return printInteger(argument, conversion);
+        break;
+    case ConversionFamily::Real:
+        if (isNumber)
+            return printReal(argument, conversion);
+        break;
+    case ConversionFamily::Character:
+        if (isInteger(argument))
+            return printCharacter(argument, conversion);
+        break;
+    default:
+        break;
+    }
+    return pad(describe(argument), conversion);
+}
+
+/// Reads a format string from left to right and writes the text.
+class FormatReader
+{
+public:
+    FormatReader(NSUnitBuffer &text, QStringView format,
+                 std::span<const NSFormatArgument> arguments)
+        : _text(text), _format(format), _arguments(arguments)
+    {
+    }
+
+    void run()
+    {
+        while (_position < _format.size()) {
+            const qsizetype start = _position;
+            // Formats are short: looking for the sign unit by unit beats calling a vector routine.
+            while (_position < _format.size() && _format[_position] != u'%')
+                ++_position;
+            if (_position > start)
+                _text.append(_format.sliced(start, _position - start));
+            if (_position < _format.size())
+                readConversion();
+        }
+    }
+
+private:
+    char16_t peek() const
+    {
+        return _position < _format.size() ? _format[_position].unicode() : u'\0';
+    }
+
+    bool accept(char16_t unit)
+    {
+        if (_position >= _format.size() || _format[_position] != unit)
+            return false;
+        ++_position;
+        return true;
+    }
+
+    /// A run of ASCII digits as a number, at most MaximumWidth; -1 if there is none.
+    int readNumber()
+    {
+        int number = -1;
+        for (; peek() >= u'0' && peek() <= u'9'; ++_position)
+            number = std::min(std::max(number, 0) * 10 + (peek() - u'0'), MaximumWidth);
+        return number;
+    }
+
+    /// "n$", the position of an argument counted from 1; 0 if there is none.
+    int readPosition()
+    {
+        const qsizetype start = _position;
+        const int number = readNumber();
+        if (number > 0 && accept(u'$'))
+            return number;
+        _position = start;
+        return 0;
+    }
+
+    const NSFormatArgument *argument(int position)
+    {
+        const size_t index = position > 0 ? size_t(position) - 1 : _next++;
+        return index < _arguments.size() ? &_arguments[index] : nullptr;
+    }
+
+    /// A number written in the format, or "*" with the argument that it takes.
+    int readNumberOrArgument(int missing)
+    {
+        if (!accept(u'*'))
+            return std::max(readNumber(), missing);
+        const NSFormatArgument *value = argument(readPosition());
+        if (!value || !isInteger(*value))
+            return missing;
+        return int(std::clamp<qint64>(value->signedValue(), -MaximumWidth, MaximumWidth));
+    }
+
+    void readFlags(Conversion &conversion)
+    {
+        for (;; ++_position) {
+            switch (peek()) {
+            case u'-':
+                conversion.leftAligned = true;
+                break;
+            case u'+':
+                conversion.plus = true;
+                break;
+            case u' ':
+                conversion.blank = true;
+                break;
+            case u'#':
+                conversion.alternate = true;
+                break;
+            case u'0':
+                conversion.zeroPadded = true;
+                break;
+            case u'\'':
+                break; // grouping: numbers never follow the locale
+            default:
+                return;
+            }
+        }
+    }
+
+    void readWidthAndPrecision(Conversion &conversion)
+    {
+        conversion.width = readNumberOrArgument(0);
+        if (conversion.width < 0) {
+            conversion.leftAligned = true;
+            conversion.width = -conversion.width;
+        }
+        if (accept(u'.'))
+            conversion.precision = readNumberOrArgument(0);
+    }
+
+    void readLength(Conversion &conversion)
+    {
+        for (;; ++_position) {
+            switch (peek()) {
+            case u'h':
+                conversion.bytes = conversion.bytes == 2 ? 1 : 2;
+                break;
+            case u'l':
+            case u'q':
+            case u'j':
+            case u'z':
+            case u't':
+                conversion.bytes = 8;
+                break;
+            case u'L':
+                break;
+            default:
+                return;
+            }
+        }
+    }
+
+    /// The letter of the conversion, with the spellings that mean the same made one.
+    void readLetter(Conversion &conversion)
+    {
+        char16_t letter = peek();
+        const bool isLong = letter == u'D' || letter == u'U' || letter == u'O';
+        if (isLong)
+            conversion.bytes = 8;
+        if (letter == u'i' || letter == u'D')
+            letter = u'd';
+        else if (isLong)
+            letter = char16_t(letter + (u'a' - u'A'));
+        conversion.letter = letter;
+    }
+
+    void append(const NSFormatArgument *argument, const Conversion &conversion)
+    {
+        const bool isBare = conversion.width == 0 && conversion.precision < 0;
+        if (argument && isBare && argument->kind() == ArgumentKind::Text)
+            _text.append(argument->text());
+        else if (argument && isPlain(conversion) && argument->kind() == ArgumentKind::Signed)
+            appendDigits(argument->signedValue());
+        else
+            _text.append(argument ? print(*argument, conversion) : printMissing(conversion));
+    }
+
+    void appendDigits(qint64 number)
+    {
+        std::array<char, 20> digits{};
+        const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+        _text.append(QLatin1String(digits.data(), end - digits.data()));
+    }
+
+    void readConversion()
+    {
+        const qsizetype start = _position++;
+        if (accept(u'%')) {
+            _text.append(u'%');
+            return;
+        }
+        Conversion conversion;
+        // Most conversions are one of these two, with nothing between.
+        if (accept(u'@') || accept(u'd')) {
+            conversion.letter = _format[_position - 1].unicode();
+            append(argument(0), conversion);
+            return;
+        }
+        const int position = readPosition();
+        readFlags(conversion);
+        readWidthAndPrecision(conversion);
+        readLength(conversion);
+        readLetter(conversion);
+        if (familyOf(conversion.letter) == ConversionFamily::None) {
+            _position = start + 1;
+            _text.append(u'%');
+            return;
+        }
+        ++_position;
+        append(argument(position), conversion);
+    }
+
+    NSUnitBuffer &_text;
+    QStringView _format;
+    std::span<const NSFormatArgument> _arguments;
+    qsizetype _position = 0;
+    size_t _next = 0;
+};
+} // namespace
+
+void NSString::appendFormatArguments(NSUnitBuffer &text, QStringView format,
+                                     std::span<const NSFormatArgument> arguments)
+{
+    FormatReader(text, format, arguments).run();
+}
+
+QString NSString::stringWithFormatArguments(QStringView format,
+                                            std::span<const NSFormatArgument> arguments)
+{
+    NSUnitBuffer text;
+    appendFormatArguments(text, format, arguments);
+    // What is made from a format is empty at least, and never nil.
+    return text.view().toString();
+}

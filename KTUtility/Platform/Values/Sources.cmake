@@ -1,0 +1,13 @@
+target_sources(KTUtility PRIVATE
+    Platform/Values/NSAttributedString.cpp
+    Platform/Values/NSDecimalArithmetic.cpp
+    Platform/Values/NSDecimalNumber.cpp
+    Platform/Values/NSDecimalNumberOperations.cpp
+    Platform/Values/NSError.cpp
+    Platform/Values/NSException.cpp
+    Platform/Values/NSIndexPath.cpp
+    Platform/Values/NSObject.cpp
+    Platform/Values/NSScanner.cpp
+    Platform/Values/NSStringFormat.cpp
+    Platform/Values/NSStringValues.cpp
+)

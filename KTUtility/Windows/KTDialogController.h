@@ -1,0 +1,93 @@
+#pragma once
+
+#include "KTWindowController.h"
+#include <KTUtility/KTUtilityExport.h>
+
+#include <QAction>
+
+/// A dialog, which runs as a sheet of the window that it was queued to, or application-modal, or as
+/// a plain window. The same object serves again and again.
+///
+/// Subclasses fill the dialog in configDialog(), from the objects that the host window lends, and
+/// have their buttons call endDialog(). While it runs, the dialog is no main window.
+///
+/// A sheet is always modal, and what is not modal is no sheet: setting one flag sets the other.
+/// Without a host window, a sheet becomes a modal window.
+///
+/// \code
+/// class NameDialog : public KTDialogController
+/// {
+///     Q_OBJECT
+///
+/// public:
+///     NameDialog() : KTDialogController(new QDialog) {}
+///     void configDialog() override
+///     {
+///         KTDialogController::configDialog();
+///         show(windowDataSourceObjectForKey(QStringLiteral("record")));
+///     }
+/// };
+/// \endcode
+class KTUTILITY_EXPORT KTDialogController : public KTWindowController
+{
+    Q_OBJECT
+    Q_PROPERTY(bool runAsSheet READ runAsSheet WRITE setRunAsSheet)
+    Q_PROPERTY(bool runAsModal READ runAsModal WRITE setRunAsModal)
+
+public:
+    explicit KTDialogController(QWidget *window = nullptr);
+    explicit KTDialogController(const QString &interfaceFile);
+    /// A dialog that goes while it runs has ended: the host is told.
+    ~KTDialogController() override;
+
+    /// Whether it was configured, and has not ended since.
+    bool isRunningAsDialog() const { return _isRunningAsDialog; }
+    /// The controller of the window over which it runs; null if it does not.
+    KTWindowController *hostWindowController() const { return _hostWindow; }
+    /// What the host lends under a key; nil without a host.
+    QVariant windowDataSourceObjectForKey(const QString &key) const;
+
+    /// Sets the host and calls configDialog().
+    void _configDialog(KTWindowController *hostWindowController);
+    /// Prepares the dialog to be shown: loads its window.
+    virtual void configDialog();
+    /// Shows the dialog. Returns at once for sheets and plain windows, after the end for modal
+    /// ones. Without a window, as its interface file is missing, it ends at once.
+    virtual void runDialog();
+    /// Takes the dialog away; the next one of the host's queue follows on the next turn of the run
+    /// loop. \param sender is ignored; it lets a button call this.
+    Q_INVOKABLE virtual void endDialog(const QVariant &sender = {});
+
+    bool runAsSheet() const { return _runAsSheet; }
+    void setRunAsSheet(bool runAsSheet);
+    bool runAsModal() const { return _runAsModal; }
+    void setRunAsModal(bool runAsModal);
+
+    /// False for the item that ends the application: that waits for the dialog.
+    Q_INVOKABLE virtual bool validateMenuItem(QAction *item);
+
+    void windowDidBecomeKey(const NSNotification &notification) override;
+    void windowWillClose(const NSNotification &notification) override;
+
+protected:
+    void windowDidLoad() override;
+
+    /// A dialog that is hidden in another way, such as by Escape, has ended, too.
+    bool eventFilter(QObject *object, QEvent *event) override;
+
+    /// Tells the host of the end, on the next turn of the run loop.
+    void tellHostOfEnd();
+    void setHostWindowController(KTWindowController *host) { _hostWindow = host; }
+    void setRunningAsDialog(bool isRunning) { _isRunningAsDialog = isRunning; }
+
+private:
+    static void unblock(QWidget *dialog);
+
+    QPointer<KTWindowController> _hostWindow;
+    bool _isRunningAsDialog = false;
+    bool _runAsSheet = true;
+    bool _runAsModal = true;
+    bool _isBeginning = false;
+    bool _isEnding = false;
+    bool _hasToldHost = false;
+};

@@ -1,0 +1,118 @@
+#include "KTDoNotShowAlert.h"
+
+#include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
+#include <KTUtility/Platform/Files/NSUserDefaults.h>
+#include <KTUtility/Platform/Keys/NSInvoker.h>
+#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/Platform/Values/NSStringFormat.h>
+
+#include <QCheckBox>
+#include <QPointer>
+
+namespace {
+const QString SilencedAlertsKey = QStringLiteral("doNotShowList");
+const QString TitlesKey = QStringLiteral("doNotShowTitles");
+
+NSUserDefaults *defaults()
+{
+    return NSUserDefaults::standardUserDefaults();
+}
+
+bool responds(QObject *delegate, const NSSelector &selector)
+{
+    return delegate && NSInvoker::respondsTo(NSKeyValueTarget::of(delegate), selector);
+}
+
+void tell(QObject *delegate, const NSSelector &selector, NSAlert *alert, int returnCode,
+          void *contextInfo)
+{
+    NSInvoker invoker(selector,
+                      {QVariant::fromValue(alert), returnCode, QVariant::fromValue(contextInfo)});
+    invoker.perform(NSKeyValueTarget::of(delegate));
+}
+
+void rememberTitle(const QString &key, const QString &title)
+{
+    QVariantMap titles = defaults()->dictionaryForKey(TitlesKey);
+    titles.insert(key, title);
+    defaults()->setObject(titles, TitlesKey);
+}
+} // namespace
+
+/// What is kept until an alert ends.
+struct KTDoNotShowAlert::Context
+{
+    QPointer<QObject> modalDelegate;
+    NSSelector didEndSelector;
+    void *contextInfo = nullptr;
+    QString suppressionKey;
+};
+
+void KTDoNotShowAlert::beginCriticalAlertSheet(const Alert &alert)
+{
+    if (!boolForSuppressionKey(alert.suppressionKey)) {
+        auto *const shown = new NSAlert(alert.title, alert.defaultButton, alert.alternateButton,
+                                        alert.otherButton, NSString::stringWithFormat(alert.msg));
+        shown->setAlertStyle(NSCriticalAlertStyle);
+        shown->setShowsSuppressionButton(true);
+        const Context context{alert.modalDelegate, alert.didEndSelector, alert.contextInfo,
+                              alert.suppressionKey};
+        shown->beginSheetModalForWindow(alert.window, [context](NSAlert *ended, int returnCode) {
+            alertDidEnd(ended, returnCode, context);
+        });
+        return;
+    }
+    if (!alert.modalDelegate)
+        return;
+    if (!responds(alert.modalDelegate, alert.didEndSelector)) {
+        NSAssertionHandler::currentHandler()->handleFailureInMethod(
+            QStringLiteral("beginCriticalAlertSheet:defaultButton:alternateButton:otherButton:"
+                           "window:modalDelegate:didEndSelector:contextInfo:msg:suppressionKey:"),
+            NSAssertionSubject::classNamed(QStringLiteral("KTDoNotShowAlert")),
+            QStringLiteral("KTDoNotShowAlert"), 29, QStringLiteral("methodSig is nil"));
+        return;
+    }
+    tell(alert.modalDelegate, alert.didEndSelector, nullptr, NSAlertDefaultReturn,
+         alert.contextInfo);
+}
+
+// Deliberate: a delegate without the method is an error only if the alert is skipped.
+void KTDoNotShowAlert::alertDidEnd(NSAlert *alert, int returnCode, const Context &context)
+{
+    if (alert->suppressionButton() && alert->suppressionButton()->checkState() != Qt::Unchecked) {
+        setBoolForSuppressionKey(context.suppressionKey, true);
+        rememberTitle(context.suppressionKey, alert->messageText());
+    }
+    if (responds(context.modalDelegate, context.didEndSelector))
+        tell(context.modalDelegate, context.didEndSelector, alert, returnCode, context.contextInfo);
+}
+
+void KTDoNotShowAlert::clearDoNotShowList()
+{
+    defaults()->removeObjectForKey(SilencedAlertsKey);
+    defaults()->removeObjectForKey(TitlesKey);
+}
+
+bool KTDoNotShowAlert::boolForSuppressionKey(const QString &key)
+{
+    return NSObject::boolValue(defaults()->dictionaryForKey(SilencedAlertsKey).value(key));
+}
+
+void KTDoNotShowAlert::setBoolForSuppressionKey(const QString &key, bool suppress)
+{
+    QVariantMap list = defaults()->dictionaryForKey(SilencedAlertsKey);
+    list.insert(key, suppress);
+    defaults()->setObject(list, SilencedAlertsKey);
+}
+
+QList<KTDoNotShowAlert::Suppressed> KTDoNotShowAlert::suppressedAlerts()
+{
+    const QVariantMap list = defaults()->dictionaryForKey(SilencedAlertsKey);
+    const QVariantMap titles = defaults()->dictionaryForKey(TitlesKey);
+    QList<Suppressed> alerts;
+    for (auto entry = list.begin(); entry != list.end(); ++entry) {
+        if (NSObject::boolValue(entry.value()))
+            alerts += {entry.key(), titles.value(entry.key()).toString()};
+    }
+    return alerts;
+}

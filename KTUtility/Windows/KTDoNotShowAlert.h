@@ -1,0 +1,77 @@
+#pragma once
+
+#include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/AppKit/NSAlert.h>
+#include <KTUtility/Platform/Keys/NSSelector.h>
+
+#include <QList>
+#include <QString>
+
+/// A critical alert that the user can silence: it has a check box, and once that was ticked, the
+/// alert is skipped and the caller told at once that its default button was pressed.
+///
+/// What is silenced is kept in the user defaults, by suppression key. For the main thread.
+///
+/// \code
+/// KTDoNotShowAlert::beginCriticalAlertSheet({
+///     .title = tr("Delete the record?"),
+///     .defaultButton = tr("Delete"),
+///     .alternateButton = tr("Keep"),
+///     .window = window,
+///     .modalDelegate = this,
+///     .didEndSelector = "deleteAlertDidEnd:returnCode:contextInfo:",
+///     .msg = tr("This cannot be undone."),
+///     .suppressionKey = QStringLiteral("deleteRecord"),
+/// });
+/// \endcode
+class KTUTILITY_EXPORT KTDoNotShowAlert
+{
+public:
+    /// What an alert is made of.
+    struct Alert
+    {
+        QString title;
+        QString defaultButton;
+        QString alternateButton;
+        QString otherButton;
+        QWidget *window = nullptr;
+        /// Is told of the end by didEndSelector; may be null.
+        QObject *modalDelegate = nullptr;
+        /// An invokable method of the delegate: the alert (NSAlert *, null if it was skipped), the
+        /// return code (int), and contextInfo (void *).
+        NSSelector didEndSelector;
+        void *contextInfo = nullptr;
+        /// An object-format string without arguments: "%%" is a percent sign.
+        QString msg;
+        QString suppressionKey;
+    };
+
+    KTDoNotShowAlert() = delete;
+
+    /// Shows an alert, or if its key is suppressed, tells the delegate before it returns.
+    /// \throws NSException NSInternalInconsistencyException "methodSig is nil" (through the
+    /// assertion handler) if it is suppressed and the delegate lacks the method.
+    static void beginCriticalAlertSheet(const Alert &alert);
+
+    /// Forgets all that is suppressed.
+    static void clearDoNotShowList();
+    /// Whether an alert is suppressed.
+    static bool boolForSuppressionKey(const QString &key);
+    static void setBoolForSuppressionKey(const QString &key, bool suppress);
+
+    /// An alert that the user has silenced.
+    struct Suppressed
+    {
+        QString key;
+        /// The title that it had then; nil if it was suppressed without being shown.
+        QString title;
+
+        friend bool operator==(const Suppressed &, const Suppressed &) = default;
+    };
+    /// The alerts that are suppressed, by key. To show one again, set its key to false.
+    static QList<Suppressed> suppressedAlerts();
+
+private:
+    struct Context;
+    static void alertDidEnd(NSAlert *alert, int returnCode, const Context &context);
+};

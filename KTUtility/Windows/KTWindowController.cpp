@@ -1,0 +1,114 @@
+#include "KTWindowController.h"
+
+#include "KTDialogController.h"
+#include "KTWindowManager.h"
+#include <KTUtility/Platform/Keys/NSKeyValueTarget.h>
+#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/Platform/Values/NSStringFormat.h>
+
+#include <algorithm>
+
+namespace {
+/// The controller that a notification's window tells.
+KTWindowController *delegateIn(const NSNotification &notification)
+{
+    return qobject_cast<KTWindowController *>(NSWindowController::delegateOf(notification.window));
+}
+} // namespace
+
+KTWindowController::KTWindowController(QWidget *window) : NSWindowController(window) {}
+KTWindowController::KTWindowController(const QString &interfaceFile)
+    : NSWindowController(interfaceFile)
+{
+}
+
+KTWindowController::~KTWindowController()
+{
+    KTWindowManager::sharedWindowManager()->windowControllerBecameVisible(this, false);
+}
+
+void KTWindowController::addDialogControllerToQueue(KTDialogController *dialog)
+{
+    if (!_refusesDuplicateDialogs || !isQueuedOrRunning(dialog))
+        _dialogQueue.append(dialog);
+}
+
+bool KTWindowController::isQueuedOrRunning(const KTDialogController *dialog) const
+{
+    const bool isRunning = dialog->isRunningAsDialog() && dialog->hostWindowController() == this;
+    return isRunning || std::any_of(_dialogQueue.begin(), _dialogQueue.end(),
+                                    [dialog](const auto &each) { return each == dialog; });
+}
+
+QList<KTDialogController *> KTWindowController::dialogQueue() const
+{
+    QList<KTDialogController *> dialogs;
+    for (const QPointer<KTDialogController> &dialog : _dialogQueue) {
+        if (dialog)
+            dialogs += dialog;
+    }
+    return dialogs;
+}
+
+void KTWindowController::runDialogQueue()
+{
+    _continueRunningQueue = true;
+    runNextDialogInQueue();
+}
+
+void KTWindowController::runNextDialogInQueue()
+{
+    _dialogQueue.removeAll(nullptr);
+    if (_dialogQueue.isEmpty()) {
+        _continueRunningQueue = false;
+        return;
+    }
+    const QPointer<KTDialogController> dialog = _dialogQueue.takeFirst();
+    dialog->_configDialog(this);
+    // Configuring may have ended or even destroyed it.
+    if (dialog && dialog->hostWindowController() == this)
+        dialog->runDialog();
+}
+
+void KTWindowController::dialogClosed(KTDialogController * /*dialog*/)
+{
+    // No dialog appears over a window that the user has closed.
+    if (_wasClosed && isWindowLoaded() && !window()->isVisible())
+        _dialogQueue.clear();
+    if (_continueRunningQueue)
+        runNextDialogInQueue();
+}
+
+void KTWindowController::exposeObjectToDialog(const QVariant &object, const QString &forKey)
+{
+    if (NSObject::isNil(object))
+        _exposedDialogDatasource.remove(forKey);
+    else
+        _exposedDialogDatasource.insert(forKey, object);
+}
+
+QString KTWindowController::description() const
+{
+    QVariantList dialogs;
+    for (KTDialogController *const dialog : dialogQueue())
+        dialogs += NSKeyValueTarget::of(dialog).description();
+    return NSString::stringWithFormat(u"%@\nDialogQueue:%@\n",
+                                      NSKeyValueTarget::of(this).description(), QVariant(dialogs));
+}
+
+void KTWindowController::windowDidBecomeKey(const NSNotification &notification)
+{
+    KTWindowManager::sharedWindowManager()->windowControllerBecameMain(delegateIn(notification));
+}
+
+void KTWindowController::windowWillClose(const NSNotification &notification)
+{
+    KTWindowManager::sharedWindowManager()->windowControllerBecameVisible(delegateIn(notification),
+                                                                          false);
+    _wasClosed = true;
+}
+
+void KTWindowController::windowDidLoad()
+{
+    KTWindowManager::sharedWindowManager()->windowControllerBecameMain(this);
+}

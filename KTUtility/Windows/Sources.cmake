@@ -1,0 +1,7 @@
+target_sources(KTUtility PRIVATE
+    Windows/KTAlertPanelDialogController.cpp
+    Windows/KTDialogController.cpp
+    Windows/KTDoNotShowAlert.cpp
+    Windows/KTWindowController.cpp
+    Windows/KTWindowManager.cpp
+)

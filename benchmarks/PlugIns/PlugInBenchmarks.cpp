@@ -1,0 +1,86 @@
+// Finding a hundred plug-ins beside reading their hundred small files.
+
+#include "Report.h"
+
+#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+#include <KTUtility/PlugIns/KTPlugInManager.h>
+
+#include <benchmark/benchmark.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace {
+constexpr int Count = 100;
+
+QString folder(const QString &home)
+{
+    return home + QStringLiteral("/Cobble/PlugIns/Benchmark");
+}
+
+QString information(const QString &home, int index)
+{
+    return folder(home) + QStringLiteral("/%1.bundle/Contents/Info.plist").arg(index);
+}
+
+/// A data folder of its own for the time of a benchmark, with plug-ins in it.
+class DataFolder
+{
+public:
+    DataFolder() : _before(qgetenv("XDG_DATA_HOME"))
+    {
+        for (int index = 0; index < Count; ++index) {
+            NSDictionary::writeToFile(
+                {{QStringLiteral("CFBundleExecutable"), QStringLiteral("Code")},
+                 {QStringLiteral("CFBundleIdentifier"), QString::number(index)},
+                 {QStringLiteral("NSPrincipalClass"), QStringLiteral("Exporter")}},
+                information(_folder.path(), index), false);
+        }
+        qputenv("XDG_DATA_HOME", _folder.path().toLocal8Bit());
+    }
+    ~DataFolder()
+    {
+        if (_before.isNull())
+            qunsetenv("XDG_DATA_HOME");
+        else
+            qputenv("XDG_DATA_HOME", _before);
+    }
+
+    QString path() const { return _folder.path(); }
+
+private:
+    QTemporaryDir _folder;
+    QByteArray _before;
+};
+
+void peerReadFiles(benchmark::State &state)
+{
+    const DataFolder data;
+    for (auto _ : state) {
+        for (int index = 0; index < Count; ++index) {
+            QFile file(information(data.path(), index));
+            const bool isOpen = file.open(QIODevice::ReadOnly);
+            benchmark::DoNotOptimize(isOpen);
+            benchmark::DoNotOptimize(file.readAll());
+        }
+    }
+}
+
+void discover(benchmark::State &state)
+{
+    const DataFolder data;
+    for (auto _ : state) {
+        KTPlugInManager manager;
+        manager.setSearchFolder(QStringLiteral("Benchmark"));
+        manager.registerPlugins();
+        if (manager.pluginStatus().size() != Count)
+            state.SkipWithError("plug-ins are missing");
+    }
+}
+
+BENCHMARK(peerReadFiles)->Name("Plug-ins/peer: reading 100 small files");
+BENCHMARK(discover)->Name("Plug-ins/discovery of 100 bundles");
+
+const bool isRegistered =
+    compareWith("Plug-ins/discovery of 100 bundles", "Plug-ins/peer: reading 100 small files", 2);
+} // namespace

@@ -1,0 +1,102 @@
+#include "Cobble.h"
+
+#include "CommandContext.h"
+#include "ExportCommand.h"
+#include "GalleryCommand.h"
+#include "ImportCommand.h"
+#include "LogCommand.h"
+#include "MediaCommand.h"
+#include "NamesCommand.h"
+#include "ParseCommand.h"
+#include "PlugInsCommand.h"
+#include "ShowCommand.h"
+#include "StandardStreams.h"
+#include "Text/AlignedTable.h"
+#include "Usage.h"
+#include "WindowCommand.h"
+
+#include <array>
+
+#include <unistd.h>
+
+namespace {
+struct Command
+{
+    QStringView name;
+    ExitCode (*run)(const QStringList &arguments, CommandContext &context);
+};
+
+ExitCode runHelp(const QStringList &, CommandContext &context)
+{
+    context.out() << usageText();
+    return ExitCode::Success;
+}
+
+ExitCode runVersion(const QStringList &, CommandContext &context)
+{
+    context.out() << QStringLiteral("Cobble " COBBLE_VERSION "\n");
+    return ExitCode::Success;
+}
+
+constexpr std::array<Command, 16> Commands = {{
+    {u"window", runWindowCommand},
+    {u"import", runImportCommand},
+    {u"show", runShowCommand},
+    {u"export", runExportCommand},
+    {u"media", runMediaCommand},
+    {u"upgrade-copy", runUpgradeCopyCommand},
+    {u"plugins", runPlugInsCommand},
+    {u"parse", runParseCommand},
+    {u"format", runFormatCommand},
+    {u"names", runNamesCommand},
+    {u"log", runLogCommand},
+    {u"gallery", runGalleryCommand},
+    {u"help", runHelp},
+    {u"--help", runHelp},
+    {u"-h", runHelp},
+    {u"--version", runVersion},
+}};
+
+ExitCode runUnknown(const QString &name, CommandContext &context)
+{
+    const QString kind =
+        name.startsWith(u'-') ? QStringLiteral("option") : QStringLiteral("command");
+    return context.wrongUsage(QStringLiteral("unknown %1 '%2'").arg(kind, name));
+}
+
+ExitCode runCommand(const QStringList &arguments, CommandContext &context)
+{
+    if (arguments.isEmpty())
+        return context.wrongUsage(QString());
+    const QString &name = arguments.first();
+    for (const Command &command : Commands) {
+        if (command.name == name)
+            return command.run(arguments.sliced(1), context);
+    }
+    return runUnknown(name, context);
+}
+} // namespace
+
+int runCobble(const QStringList &arguments, QTextStream &out, QTextStream &err, KTLogger *logger,
+              bool showsProgress)
+{
+    CommandContext context(out, err, logger, showsProgress);
+    return int(runCommand(arguments, context));
+}
+
+int runCobbleProcess(const QStringList &arguments, int outputDescriptor, int errorDescriptor)
+{
+    KTLog(kLog_Lifecycle, 4, u"start: cobble %@", printableText(arguments.join(u' ')));
+    DescriptorStream output(outputDescriptor);
+    DescriptorStream errors(errorDescriptor);
+    int exitCode = runCobble(arguments, output.stream(), errors.stream(), KTLogger::sharedLogger(),
+                             isatty(errorDescriptor) == 1);
+    const QString reason = output.finish();
+    if (!reason.isNull()) {
+        errors.stream() << "cobble: standard output: " << reason << '\n';
+        exitCode = exitCode == int(ExitCode::Success) ? int(ExitCode::Failure) : exitCode;
+    }
+    errors.finish();
+    KTLog(kLog_Lifecycle, 4, u"exit code %d", exitCode);
+    return exitCode;
+}

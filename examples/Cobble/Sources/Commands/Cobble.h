@@ -1,0 +1,35 @@
+#pragma once
+
+#include <KTUtility/Diagnostics/KTLogger.h>
+
+#include <QStringList>
+
+class QTextStream;
+
+/// What a run of cobble ends with.
+enum class ExitCode {
+    Success = 0,
+    /// What was asked for could not be done: a file is missing, settings cannot be saved.
+    Failure = 1,
+    /// It was not clear what was asked for.
+    WrongUsage = 2,
+};
+
+/// Runs one command line and returns what the process ends with, an ExitCode.
+///
+/// \param arguments those of the command line, without the name of the program.
+/// \param out gets the results.
+/// \param err gets errors and warnings, each a line beginning with "cobble: ", and the usage where
+/// that was wrong.
+/// \param logger whose settings the command `log` shows and changes.
+/// \param showsProgress whether long commands tell on \a err how far they are.
+///
+/// \code
+/// const int exitCode = runCobble({u"import"_s, u"contacts.csv"_s}, out, err);
+/// \endcode
+int runCobble(const QStringList &arguments, QTextStream &out, QTextStream &err,
+              KTLogger *logger = KTLogger::sharedLogger(), bool showsProgress = false);
+
+/// The same for a process: writes to two open descriptors, logs start and end, and counts it as a
+/// failure, told on the error output, if results could not be written.
+int runCobbleProcess(const QStringList &arguments, int outputDescriptor, int errorDescriptor);

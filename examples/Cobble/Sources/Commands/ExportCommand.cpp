@@ -1,0 +1,59 @@
+#include "ExportCommand.h"
+
+#include "Library/BundleOption.h"
+#include "Library/LibraryExport.h"
+#include "OptionNames.h"
+#include "StoredLibrary.h"
+#include "Text/AlignedTable.h"
+#include "UserSettings.h"
+
+#include <QTextStream>
+
+namespace {
+QString mistakeInExport(const QCommandLineParser &parser)
+{
+    const QStringList names = parser.positionalArguments();
+    if (names.size() != 1)
+        return QStringLiteral("export needs the name of one library");
+    if (parser.value(ToOption).isEmpty())
+        return QStringLiteral("export needs --to and the name of a file");
+    const QString mistake = BundleOption::mistakeIn(parser);
+    return mistake.isNull() ? UserSettings::mistakeInLocale(UserSettings::localeIn(parser))
+                            : mistake;
+}
+
+ExitCode exportLibrary(LibraryStore &store, const Library &library, const QString &path,
+                       CommandContext &context)
+{
+    const LibraryExport::Outcome outcome = LibraryExport::run(store, library, path);
+    if (!outcome.errorDescription.isNull())
+        return context.fail(outcome.subject, outcome.errorDescription);
+    context.out() << QStringLiteral("Exported %1 of the library '%2' to %3\n")
+                         .arg(recordCountText(outcome.recordCount), printableText(library.name),
+                              printableText(path));
+    return ExitCode::Success;
+}
+
+ExitCode runExport(const QCommandLineParser &parser, CommandContext &context)
+{
+    const KTDatabaseBundle bundle = BundleOption::bundleIn(parser);
+    const auto store = StoredLibrary::openStore(bundle, context);
+    if (!store)
+        return ExitCode::Failure;
+    const QString name = parser.positionalArguments().first();
+    const std::optional<Library> library = StoredLibrary::find(*store, bundle, name, context);
+    if (!library)
+        return ExitCode::Failure;
+    const LocaleScope scope(UserSettings::localeIn(parser));
+    return exportLibrary(*store, *library, parser.value(ToOption), context);
+}
+} // namespace
+
+ExitCode runExportCommand(const QStringList &arguments, CommandContext &context)
+{
+    QCommandLineParser parser;
+    parser.addOption({ToOption, QString(), QStringLiteral("FILE")});
+    BundleOption::add(&parser);
+    UserSettings::addLocaleOption(&parser);
+    return context.run(arguments, &parser, mistakeInExport, runExport);
+}

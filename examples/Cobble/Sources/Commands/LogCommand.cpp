@@ -1,0 +1,206 @@
+#include "LogCommand.h"
+
+#include "ComponentNames.h"
+#include "OptionNames.h"
+#include "Text/AlignedTable.h"
+#include "Usage.h"
+
+#include <QCommandLineParser>
+#include <QTextStream>
+
+#include <algorithm>
+#include <optional>
+
+namespace {
+const QString FileLineOption = QStringLiteral("file-line");
+const QString ClearOption = QStringLiteral("clear");
+
+/// What the command line asks to change.
+struct LogChanges
+{
+    bool clears = false;
+    QString component;
+    int level = 0;
+    std::optional<bool> writesToFile;
+    std::optional<bool> displaysFileLine;
+
+    bool isEmpty() const
+    {
+        return !clears && component.isNull() && !writesToFile && !displaysFileLine;
+    }
+};
+
+void addOptions(QCommandLineParser *parser)
+{
+    parser->addOption({HelpOption, QString()});
+    parser->addOption({ToOption, QString(), QStringLiteral("PLACE")});
+    parser->addOption({FileLineOption, QString(), QStringLiteral("SWITCH")});
+    parser->addOption({ClearOption, QString()});
+}
+
+/// The level written as one digit, 0 to 7.
+std::optional<int> levelFromText(const QString &text)
+{
+    const bool isLevel = text.size() == 1 && text.front() >= u'0' && text.front() <= u'7';
+    return isLevel ? std::optional<int>(text.front().unicode() - u'0') : std::nullopt;
+}
+
+/// Reads an option with two values. \return the mistake; nil if there is none.
+QString readSwitch(const QCommandLineParser &parser, const QString &option, const QString &whenTrue,
+                   const QString &whenFalse, std::optional<bool> *result)
+{
+    if (!parser.isSet(option))
+        return {};
+    const QString value = parser.value(option);
+    if (value != whenTrue && value != whenFalse)
+        return QStringLiteral("--%1 takes %2 or %3, not '%4'")
+            .arg(option, whenTrue, whenFalse, value);
+    *result = value == whenTrue;
+    return {};
+}
+
+QString readLevel(const QStringList &texts, const QStringList &components, LogChanges *changes)
+{
+    if (texts.isEmpty())
+        return {};
+    if (texts.size() != 2)
+        return QStringLiteral("log takes a component and a level");
+    changes->component = componentNamed(texts.first(), components);
+    if (changes->component.isNull())
+        return unknownComponentText(texts.first(), components);
+    const std::optional<int> level = levelFromText(texts.last());
+    if (!level)
+        return QStringLiteral("bad level '%1': levels are 0 to 7").arg(texts.last());
+    changes->level = *level;
+    return {};
+}
+
+QString readChanges(const QCommandLineParser &parser, const QStringList &components,
+                    LogChanges *changes)
+{
+    changes->clears = parser.isSet(ClearOption);
+    QString mistake = readLevel(parser.positionalArguments(), components, changes);
+    if (mistake.isNull())
+        mistake = readSwitch(parser, ToOption, QStringLiteral("file"), QStringLiteral("console"),
+                             &changes->writesToFile);
+    if (mistake.isNull())
+        mistake = readSwitch(parser, FileLineOption, QStringLiteral("on"), QStringLiteral("off"),
+                             &changes->displaysFileLine);
+    return mistake;
+}
+
+/// The logger saves nothing before some component has a level, and says so by an exception.
+void ensureComponents(KTLogger *logger)
+{
+    if (!logger->components())
+        logger->setLevelOfComponent(0, kLog_Tests);
+}
+
+/// Makes the changes, as far as they can be saved: the logger reads back what it wrote.
+void apply(const LogChanges &changes, KTLogger *logger)
+{
+    ensureComponents(logger);
+    if (changes.clears && logger->components())
+        logger->clearAllLoggingState(nullptr);
+    if (!changes.component.isNull())
+        logger->setLevelOfComponent(changes.level, changes.component);
+    if (changes.writesToFile && logger->components()) {
+        if (*changes.writesToFile)
+            logger->setOutputToFile(nullptr);
+        else
+            logger->setOutputToConsole(nullptr);
+    }
+    const bool togglesFileLine =
+        changes.displaysFileLine && *changes.displaysFileLine != logger->displayFileLine();
+    if (togglesFileLine && logger->components())
+        logger->setDisplayFileLine(nullptr);
+}
+
+bool isCleared(const LogChanges &changes, const KTLogger &logger)
+{
+    const QStringList &components = logger.allComponentsArray();
+    return std::all_of(components.begin(), components.end(), [&](const QString &component) {
+        return component == changes.component || logger.levelOfComponent(component) == 0;
+    });
+}
+
+/// Whether the settings, as read back, are as asked for.
+bool isApplied(const LogChanges &changes, const KTLogger &logger)
+{
+    return logger.components() && (!changes.clears || isCleared(changes, logger)) &&
+           (changes.component.isNull() ||
+            logger.levelOfComponent(changes.component) == changes.level) &&
+           logger.writeToFile() == changes.writesToFile.value_or(logger.writeToFile()) &&
+           logger.displayFileLine() == changes.displaysFileLine.value_or(logger.displayFileLine());
+}
+
+QString outputText(const KTLogger &logger)
+{
+    if (logger.writeToFile())
+        return QString(logger.logFolder() + u"/cobble.log");
+    return logger.displayFileLine() ? QStringLiteral("console, with file and line")
+                                    : QStringLiteral("console");
+}
+
+void printPlaces(const KTLogger &logger, QTextStream &out)
+{
+    const QString &settings = logger.userFile();
+    AlignedTable places;
+    places.addRow({QStringLiteral("Output:"), outputText(logger)});
+    places.addRow(
+        {QStringLiteral("Settings:"),
+         settings.isNull() ? QStringLiteral("none, as there is no home folder") : settings});
+    places.print(out);
+}
+
+void printLevels(const KTLogger &logger, QTextStream &out)
+{
+    AlignedTable levels;
+    levels.addRow({QStringLiteral("Level"), QStringLiteral("Component")});
+    for (const QString &component : logger.allComponentsArray())
+        levels.addRow({QString::number(logger.levelOfComponent(component)), component});
+    levels.print(out);
+}
+
+ExitCode show(const KTLogger &logger, QTextStream &out)
+{
+    printPlaces(logger, out);
+    out << '\n';
+    printLevels(logger, out);
+    return ExitCode::Success;
+}
+
+ExitCode change(const LogChanges &changes, CommandContext &context)
+{
+    KTLogger *logger = context.logger();
+    apply(changes, logger);
+    if (!isApplied(changes, *logger))
+        return context.fail(logger->userFile().isNull() ? QStringLiteral("settings")
+                                                        : logger->userFile(),
+                            QStringLiteral("cannot be saved"));
+    if (changes.clears)
+        context.out() << "All components: 0\n";
+    if (!changes.component.isNull())
+        context.out() << changes.component << ": " << changes.level << '\n';
+    if (changes.writesToFile || changes.displaysFileLine)
+        context.out() << "Output: " << printableText(outputText(*logger)) << '\n';
+    return ExitCode::Success;
+}
+} // namespace
+
+ExitCode runLogCommand(const QStringList &arguments, CommandContext &context)
+{
+    QCommandLineParser parser;
+    addOptions(&parser);
+    if (!context.parse(arguments, &parser))
+        return ExitCode::WrongUsage;
+    if (parser.isSet(HelpOption)) {
+        context.out() << usageText();
+        return ExitCode::Success;
+    }
+    LogChanges changes;
+    const QString mistake = readChanges(parser, context.logger()->allComponentsArray(), &changes);
+    if (!mistake.isNull())
+        return context.wrongUsage(mistake);
+    return changes.isEmpty() ? show(*context.logger(), context.out()) : change(changes, context);
+}

@@ -1,0 +1,166 @@
+#include "MediaCommand.h"
+
+#include "Import/MediaReference.h"
+#include "Library/BundleLock.h"
+#include "Library/BundleOption.h"
+#include "Text/AlignedTable.h"
+
+#include <KTUtility/Additions/NSString_KTAdditions.h>
+#include <KTUtility/Platform/Files/NSFileManager.h>
+#include <KTUtility/Platform/Files/NSPathUtilities.h>
+
+#include <QDir>
+#include <QTextStream>
+
+namespace {
+/// How long to wait for an import to end, in milliseconds.
+constexpr int PatienceWithLock = 5000;
+
+/// Whether it is what an interrupted copy has left; stored files have a number behind a dot.
+bool isUnfinished(const QFileInfo &file)
+{
+    return file.fileName().startsWith(u".cobble-") && file.fileName().lastIndexOf(u'.') == 0;
+}
+
+ExitCode listMedia(const KTDatabaseBundle &bundle, CommandContext &context)
+{
+    const QDir folder(bundle.mediaFolderPath());
+    if (!folder.exists())
+        return context.fail(bundle.bundlePath(), QStringLiteral("there is no media folder"));
+    AlignedTable table;
+    const QFileInfoList files =
+        folder.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+    for (const QFileInfo &file : files) {
+        const auto url = bundle.mediaUrlFromFilePath(file.filePath());
+        if (url && !isUnfinished(file))
+            table.addRow({QString::number(file.size()), url->absoluteString()});
+    }
+    table.print(context.out());
+    return ExitCode::Success;
+}
+
+/// One of the subcommands that take names: false if it could not be done, which is told.
+using Action = bool (*)(const KTDatabaseBundle &bundle, const QString &text,
+                        CommandContext &context);
+
+bool addMedia(const KTDatabaseBundle &bundle, const QString &text, CommandContext &context)
+{
+    const std::optional<NSURL> source = MediaReference::urlIn(text, QDir::currentPath());
+    const std::optional<NSURL> url = source ? bundle.storeFileFromURL(*source) : std::nullopt;
+    if (url)
+        context.out() << url->absoluteString() << '\n';
+    else
+        context.warn(text, QStringLiteral("it cannot be stored"));
+    return url.has_value();
+}
+
+bool printPath(const KTDatabaseBundle &bundle, const QString &text, CommandContext &context)
+{
+    const std::optional<NSURL> url = NSURL::URLWithString(text);
+    const QString path = url ? bundle.filePathFromMediaUrl(*url) : QString();
+    if (path.isNull())
+        context.warn(text, QStringLiteral("that is no media URL"));
+    else
+        context.out() << printableText(path) << '\n';
+    return !path.isNull();
+}
+
+bool deleteMedia(const KTDatabaseBundle &bundle, const QString &text, CommandContext &context)
+{
+    const std::optional<NSURL> url = NSURL::URLWithString(text);
+    const bool isURL = url && bundle.isMediaURL(*url);
+    const QString name =
+        isURL ? NSString::lastPathComponent(bundle.filePathFromMediaUrl(*url)) : text;
+    if (bundle.deleteFileFromMediaFolder(name))
+        return true;
+    context.warn(text, bundle.isFileNameInMediaFolder(name)
+                           ? QStringLiteral("it cannot be deleted")
+                           : QStringLiteral("there is no such media file"));
+    return false;
+}
+
+ExitCode runForEach(const QStringList &texts, Action action, const KTDatabaseBundle &bundle,
+                    CommandContext &context)
+{
+    bool isDone = true;
+    for (const QString &text : texts)
+        isDone = action(bundle, text, context) && isDone;
+    return isDone ? ExitCode::Success : ExitCode::Failure;
+}
+
+Action actionNamed(const QString &name)
+{
+    if (name == u"add")
+        return addMedia;
+    if (name == u"path")
+        return printPath;
+    return name == u"delete" ? deleteMedia : nullptr;
+}
+
+ExitCode runMedia(const QCommandLineParser &parser, CommandContext &context)
+{
+    QStringList words = parser.positionalArguments();
+    const QString name = words.isEmpty() ? QString() : words.takeFirst();
+    const KTDatabaseBundle bundle = BundleOption::bundleIn(parser);
+    if (name == u"list" && words.isEmpty())
+        return listMedia(bundle, context);
+    const Action action = actionNamed(name);
+    if (!action)
+        return context.wrongUsage(QStringLiteral("media needs one of list, add, path, delete"));
+    if (words.isEmpty())
+        return context.wrongUsage(QStringLiteral("media %1 needs a name").arg(name));
+    BundleOption::needFolderOf(bundle);
+    if (action == addMedia && !bundle.buildDatabaseBundleOnDisk())
+        return context.fail(bundle.bundlePath(),
+                            QStringLiteral("the database bundle cannot be made"));
+    return runForEach(words, action, bundle, context);
+}
+
+/// Where a bundle is moved to before it is copied.
+QString asidePathOf(const KTDatabaseBundle &bundle)
+{
+    return KTAdditions::uniqueFilePathForFilePath(
+        KTAdditions::stringByAppendingToFilename(bundle.bundlePath(), QStringLiteral("1Backup")));
+}
+
+ExitCode copyForUpgrade(const QCommandLineParser &parser, CommandContext &context)
+{
+    if (!parser.positionalArguments().isEmpty())
+        return context.wrongUsage(QStringLiteral("upgrade-copy takes options only"));
+    const KTDatabaseBundle bundle = BundleOption::bundleIn(parser);
+    if (!bundle.doesExist())
+        return context.fail(bundle.bundlePath(), QStringLiteral("there is no database bundle"));
+    BundleLock lock(bundle);
+    QString error;
+    if (!lock.lock(PatienceWithLock, &error))
+        return context.fail(bundle.bundlePath(), error);
+    const QString aside = asidePathOf(bundle);
+    const QString copy = bundle.moveDatabaseToPreUpgradePath();
+    if (!NSFileManager::fileExistsAtPath(copy)) {
+        // Where nothing can be upgraded, the bundle must not seem lost.
+        NSFileManager::moveItemAtPath(aside, bundle.bundlePath());
+        return context.fail(copy, QStringLiteral("the copy could not be made"));
+    }
+    context.out() << printableText(copy) << '\n';
+    return ExitCode::Success;
+}
+
+/// For commands whose arguments are words and --bundle.
+ExitCode runWithBundle(const QStringList &arguments, CommandContext &context,
+                       ExitCode (*run)(const QCommandLineParser &parser, CommandContext &context))
+{
+    QCommandLineParser parser;
+    BundleOption::add(&parser);
+    return context.run(arguments, &parser, BundleOption::mistakeIn, run);
+}
+} // namespace
+
+ExitCode runMediaCommand(const QStringList &arguments, CommandContext &context)
+{
+    return runWithBundle(arguments, context, runMedia);
+}
+
+ExitCode runUpgradeCopyCommand(const QStringList &arguments, CommandContext &context)
+{
+    return runWithBundle(arguments, context, copyForUpgrade);
+}

@@ -1,0 +1,56 @@
+#include "NamesCommand.h"
+
+#include "Import/ImportSchema.h"
+#include "OptionNames.h"
+#include "Text/AlignedTable.h"
+#include "Usage.h"
+
+#include <KTUtility/Additions/NSString_KTNaming.h>
+
+#include <QCommandLineParser>
+#include <QTextStream>
+
+namespace {
+void printNames(const QString &text, QTextStream &out)
+{
+    AlignedTable table;
+    const auto add = [&table](const char16_t *title, const QString &name) {
+        table.addRow({QString::fromUtf16(title), name});
+    };
+    add(u"propertyString", KTAdditions::propertyString(text));
+    // Entities and library entities share a cache, on purpose; entityNameForText() bypasses it, so
+    // that each line shows its own transform.
+    add(u"entityString", entityNameForText(text));
+    add(u"libraryEntityName", KTAdditions::libraryEntityName(text));
+    add(u"lowerCaseName", KTAdditions::lowerCaseNameFromString(text));
+    add(u"tableName", KTAdditions::tableNameString(text));
+    add(u"tableColumn", KTAdditions::tableColumnString(text));
+    add(u"label", KTAdditions::labelString(text));
+    add(u"bumpyCase (first small)", KTAdditions::bumpyCaseStringFromString(text, false));
+    add(u"bumpyCase (first capital)", KTAdditions::bumpyCaseStringFromString(text, true));
+    add(u"properNoun", KTAdditions::properNounString(text));
+    out << printableText(text) << '\n';
+    table.print(out, 2);
+}
+} // namespace
+
+ExitCode runNamesCommand(const QStringList &arguments, CommandContext &context)
+{
+    QCommandLineParser parser;
+    parser.addOption({HelpOption, QString()});
+    if (!context.parse(arguments, &parser))
+        return ExitCode::WrongUsage;
+    if (parser.isSet(HelpOption)) {
+        context.out() << usageText();
+        return ExitCode::Success;
+    }
+    const QStringList texts = parser.positionalArguments();
+    if (texts.isEmpty())
+        return context.wrongUsage(QStringLiteral("names needs a text"));
+    for (qsizetype index = 0; index < texts.size(); ++index) {
+        if (index > 0)
+            context.out() << '\n';
+        printNames(texts.at(index), context.out());
+    }
+    return ExitCode::Success;
+}

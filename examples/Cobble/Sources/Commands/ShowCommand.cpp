@@ -1,0 +1,100 @@
+#include "ShowCommand.h"
+
+#include "Library/BundleOption.h"
+#include "Library/LibraryStore.h"
+#include "Library/RecordTexts.h"
+#include "StoredLibrary.h"
+#include "Text/AlignedTable.h"
+#include "UserSettings.h"
+
+#include <QTextStream>
+
+namespace {
+const QString LimitOption = QStringLiteral("limit");
+
+/// The number of records that are wanted, −1 for all; nothing if what was typed is no number.
+std::optional<qint64> limitIn(const QCommandLineParser &parser)
+{
+    if (!parser.isSet(LimitOption))
+        return -1;
+    bool isNumber = false;
+    const qint64 limit = parser.value(LimitOption).toLongLong(&isNumber);
+    return isNumber && limit >= 0 ? std::optional(limit) : std::nullopt;
+}
+
+QString mistakeInShow(const QCommandLineParser &parser)
+{
+    const QStringList names = parser.positionalArguments();
+    if (names.size() > 1)
+        return QStringLiteral("show takes one library, not also '%1'").arg(names.at(1));
+    if (!limitIn(parser))
+        return QStringLiteral("bad limit '%1'").arg(parser.value(LimitOption));
+    const QString mistake = BundleOption::mistakeIn(parser);
+    return mistake.isNull() ? UserSettings::mistakeInLocale(UserSettings::localeIn(parser))
+                            : mistake;
+}
+
+ExitCode showLibraries(LibraryStore &store, const QString &bundlePath, CommandContext &context)
+{
+    AlignedTable table;
+    table.addRow({QStringLiteral("Library"), QStringLiteral("Table"), QStringLiteral("Fields"),
+                  QStringLiteral("Records")});
+    const QList<Library> libraries = store.libraries();
+    // Of tables that cannot be read, the last one is told.
+    for (const Library &library : libraries)
+        table.addRow({library.name, library.tableName, QString::number(library.fields.size()),
+                      QString::number(store.recordCount(library))});
+    if (!store.errorText().isNull())
+        return context.fail(bundlePath, store.errorText());
+    table.print(context.out());
+    return ExitCode::Success;
+}
+
+QString countText(qint64 shown, qint64 all)
+{
+    const QString text = recordCountText(all);
+    return shown == all ? text : QStringLiteral("%1 of %2").arg(QString::number(shown), text);
+}
+
+ExitCode showRecords(LibraryStore &store, const Library &library, qint64 limit,
+                     CommandContext &context)
+{
+    const RecordTexts texts(library);
+    AlignedTable table;
+    table.addRow(texts.titles());
+    RecordCursor records = store.records(library, limit);
+    qint64 count = 0;
+    for (; records.next(); ++count)
+        table.addRow(texts.textsOf(records));
+    if (const QString reason = records.errorText(); !reason.isNull())
+        return context.fail(library.name, reason);
+    table.print(context.out());
+    context.out() << '\n' << countText(count, store.recordCount(library)) << '\n';
+    return ExitCode::Success;
+}
+
+ExitCode show(const QCommandLineParser &parser, CommandContext &context)
+{
+    const KTDatabaseBundle bundle = BundleOption::bundleIn(parser);
+    const auto store = StoredLibrary::openStore(bundle, context);
+    if (!store)
+        return ExitCode::Failure;
+    if (parser.positionalArguments().isEmpty())
+        return showLibraries(*store, bundle.bundlePath(), context);
+    const QString name = parser.positionalArguments().first();
+    const std::optional<Library> library = StoredLibrary::find(*store, bundle, name, context);
+    if (!library)
+        return ExitCode::Failure;
+    const LocaleScope scope(UserSettings::localeIn(parser));
+    return showRecords(*store, *library, *limitIn(parser), context);
+}
+} // namespace
+
+ExitCode runShowCommand(const QStringList &arguments, CommandContext &context)
+{
+    QCommandLineParser parser;
+    parser.addOption({LimitOption, QString(), QStringLiteral("N")});
+    BundleOption::add(&parser);
+    UserSettings::addLocaleOption(&parser);
+    return context.run(arguments, &parser, mistakeInShow, show);
+}

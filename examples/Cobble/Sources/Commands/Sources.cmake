@@ -1,0 +1,23 @@
+target_sources(CobbleHost PRIVATE
+    Sources/Commands/Cobble.cpp
+    Sources/Commands/CommandContext.cpp
+    Sources/Commands/ComponentNames.cpp
+    Sources/Commands/ExportCommand.cpp
+    Sources/Commands/GalleryCommand.cpp
+    Sources/Commands/HostApplication.cpp
+    Sources/Commands/ImportCommand.cpp
+    Sources/Commands/ImportReport.cpp
+    Sources/Commands/LogCommand.cpp
+    Sources/Commands/MediaCommand.cpp
+    Sources/Commands/NamesCommand.cpp
+    Sources/Commands/ParseCommand.cpp
+    Sources/Commands/PlugInsCommand.cpp
+    Sources/Commands/ProgressLine.cpp
+    Sources/Commands/ShowCommand.cpp
+    Sources/Commands/StandardStreams.cpp
+    Sources/Commands/StoredLibrary.cpp
+    Sources/Commands/Translations.cpp
+    Sources/Commands/Usage.cpp
+    Sources/Commands/UserSettings.cpp
+    Sources/Commands/WindowCommand.cpp
+)

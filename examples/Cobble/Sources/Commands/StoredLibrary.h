@@ -1,0 +1,14 @@
+#pragma once
+
+#include "CommandContext.h"
+#include "Library/LibraryStore.h"
+
+// What commands about stored libraries begin with. What is missing is told, and fails.
+
+namespace StoredLibrary {
+/// The database of a bundle; null if there is none.
+std::unique_ptr<LibraryStore> openStore(const KTDatabaseBundle &bundle, CommandContext &context);
+/// A library in it; nothing if there is none of that name.
+std::optional<Library> find(LibraryStore &store, const KTDatabaseBundle &bundle,
+                            const QString &name, CommandContext &context);
+} // namespace StoredLibrary

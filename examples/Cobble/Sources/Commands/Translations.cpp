@@ -1,0 +1,26 @@
+#include "Translations.h"
+
+#include <KTUtility/Platform/Files/NSBundle.h>
+#include <KTUtility/Platform/Text/NSLocale.h>
+
+#include <QCoreApplication>
+#include <QTranslator>
+
+#include <memory>
+
+void installTranslations(const NSLocale &locale)
+{
+    static std::unique_ptr<QTranslator> installed;
+    if (installed)
+        QCoreApplication::removeTranslator(installed.get());
+    installed.reset();
+    const QString path = NSBundle::mainBundle().pathForResource(
+        QStringLiteral("cobble_") + locale.languageCode(), QStringLiteral("qm"));
+    if (path.isNull())
+        return;
+    auto translator = std::make_unique<QTranslator>();
+    if (!translator->load(path))
+        return;
+    installed = std::move(translator);
+    QCoreApplication::installTranslator(installed.get());
+}

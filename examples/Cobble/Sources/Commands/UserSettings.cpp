@@ -1,0 +1,126 @@
+#include "UserSettings.h"
+
+#include "Translations.h"
+
+#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
+#include <KTUtility/Platform/Text/NSLocale.h>
+#include <KTUtility/Platform/Values/NSException.h>
+
+#include <QMetaProperty>
+
+#include <optional>
+
+namespace {
+const QString LocaleOption = QStringLiteral("locale");
+
+std::optional<bool> flagIn(const QString &text)
+{
+    static const QStringList yes{QStringLiteral("yes"), QStringLiteral("true"),
+                                 QStringLiteral("on"), QStringLiteral("1")};
+    static const QStringList no{QStringLiteral("no"), QStringLiteral("false"),
+                                QStringLiteral("off"), QStringLiteral("0")};
+    if (yes.contains(text.toLower()))
+        return true;
+    return no.contains(text.toLower()) ? std::optional(false) : std::nullopt;
+}
+
+/// A typed value in the type of a property; nil if it is none.
+QVariant valueFor(const QMetaProperty &property, const QString &text)
+{
+    bool isNumber = false;
+    switch (property.metaType().id()) {
+    case QMetaType::Bool: {
+        const std::optional<bool> flag = flagIn(text);
+        return flag ? QVariant(*flag) : QVariant();
+    }
+    case QMetaType::UInt: {
+        const uint number = text.toUInt(&isNumber);
+        return isNumber ? QVariant(number) : QVariant();
+    }
+    case QMetaType::Int: {
+        const int number = text.toInt(&isNumber);
+        return isNumber ? QVariant(number) : QVariant();
+    }
+    case QMetaType::QString:
+        return text;
+    default:
+        return {};
+    }
+}
+
+/// The settings that can be typed.
+QStringList keysOf(const NSFormatter &formatter)
+{
+    QStringList keys;
+    const QMetaObject *const type = formatter.metaObject();
+    for (int index = NSFormatter::staticMetaObject.propertyCount(); index < type->propertyCount();
+         ++index) {
+        const QMetaProperty property = type->property(index);
+        if (property.metaType().id() < QMetaType::User)
+            keys.append(QString::fromLatin1(property.name()));
+    }
+    return keys;
+}
+
+QString applyOne(const QString &option, NSFormatter *formatter)
+{
+    const QString key = option.section(u'=', 0, 0);
+    const QString text = option.section(u'=', 1);
+    const int index = formatter->metaObject()->indexOfProperty(key.toLatin1().constData());
+    if (!option.contains(u'=') || index < 0 || !keysOf(*formatter).contains(key)) {
+        const QString known = keysOf(*formatter).join(QStringLiteral(", "));
+        return QStringLiteral("bad option '%1'; there are %2")
+            .arg(option, known.isEmpty() ? QStringLiteral("none") : known);
+    }
+    const QVariant value = valueFor(formatter->metaObject()->property(index), text);
+    if (!value.isValid())
+        return QStringLiteral("bad value '%1' for %2").arg(text, key);
+    NSKeyValueCoding::setValue(formatter, value, key);
+    return {};
+}
+} // namespace
+
+LocaleScope::LocaleScope(const QString &identifier) : _isSet(!identifier.isNull())
+{
+    if (_isSet)
+        NSLocale::setCurrentLocale(NSLocale(identifier));
+    installTranslations(NSLocale::currentLocale());
+}
+
+LocaleScope::~LocaleScope()
+{
+    if (!_isSet)
+        return;
+    NSLocale::resetCurrentLocale();
+    installTranslations(NSLocale::currentLocale());
+}
+
+void UserSettings::addLocaleOption(QCommandLineParser *parser)
+{
+    parser->addOption({LocaleOption, QString(), QStringLiteral("ID")});
+}
+
+QString UserSettings::localeIn(const QCommandLineParser &parser)
+{
+    return parser.isSet(LocaleOption) ? parser.value(LocaleOption) : QString();
+}
+
+QString UserSettings::mistakeInLocale(const QString &identifier)
+{
+    if (identifier.isNull())
+        return {};
+    const QString &language = NSLocale(identifier).languageCode();
+    if (!language.isEmpty() && NSLocale::availableLocaleIdentifiers().contains(language))
+        return {};
+    return QStringLiteral("unknown locale '%1'").arg(identifier);
+}
+
+QString UserSettings::apply(const QStringList &options, NSFormatter *formatter)
+{
+    for (const QString &option : options) {
+        const QString mistake = applyOne(option, formatter);
+        if (!mistake.isNull())
+            return mistake;
+    }
+    return {};
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <KTUtility/Platform/Numbers/NSFormatter.h>
+
+#include <QCommandLineParser>
+#include <QString>
+#include <QStringList>
+
+// The options that commands about values share: --locale and --option.
+
+/// The user's locale for the length of a command.
+///
+/// \code
+/// const LocaleScope scope(QStringLiteral("de_DE"));
+/// KTNumberFormatter formatter;    // German
+/// \endcode
+class LocaleScope
+{
+public:
+    /// \param identifier nil leaves the locale as it is.
+    explicit LocaleScope(const QString &identifier);
+    ~LocaleScope();
+    LocaleScope(const LocaleScope &) = delete;
+    LocaleScope &operator=(const LocaleScope &) = delete;
+
+private:
+    bool _isSet;
+};
+
+namespace UserSettings {
+/// Adds --locale ID.
+void addLocaleOption(QCommandLineParser *parser);
+/// The identifier given; nil if none is.
+QString localeIn(const QCommandLineParser &parser);
+/// What is wrong with it; nil if nothing is. Every language that there is data for will do.
+QString mistakeInLocale(const QString &identifier);
+
+/// Sets options of a formatter, each typed as "key=value": flags as yes or no, counts, texts.
+/// \return what is wrong with the first one that cannot be set; nil if all are.
+QString apply(const QStringList &options, NSFormatter *formatter);
+} // namespace UserSettings

@@ -1,0 +1,128 @@
+#include "WindowCommand.h"
+
+#include "HostApplication.h"
+#include "Library/BundleOption.h"
+#include "OptionNames.h"
+#include "UserSettings.h"
+#include "Window/DesktopApplication.h"
+#include "Window/MainWindow.h"
+#include "Window/MainWindowController.h"
+#include "Window/WindowPicture.h"
+
+#include <QApplication>
+#include <QImageWriter>
+#include <QLineEdit>
+#include <QSaveFile>
+
+namespace {
+const QString SheetOption = QStringLiteral("sheet");
+const QString SearchOption = QStringLiteral("search");
+
+/// What may lie over the window in a picture, by its name.
+const QList<std::pair<QString, void (MainWindowController::*)(QAction *)>> &sheets()
+{
+    static const QList<std::pair<QString, void (MainWindowController::*)(QAction *)>> known = {
+        {QStringLiteral("import"), &MainWindowController::importFile},
+        {QStringLiteral("export"), &MainWindowController::exportFile},
+        {QStringLiteral("delete"), &MainWindowController::deleteRecords},
+        {QStringLiteral("about"), &MainWindowController::showAbout},
+    };
+    return known;
+}
+
+QString mistakeInSheet(const QString &name)
+{
+    QStringList names;
+    for (const auto &[known, open] : sheets())
+        names += known;
+    return names.contains(name) ? QString()
+                                : QStringLiteral("no sheet '%1'; there are %2")
+                                      .arg(name, names.join(QStringLiteral(", ")));
+}
+
+QString mistakeInWindow(const QCommandLineParser &parser)
+{
+    if (parser.positionalArguments().size() > 1)
+        return QStringLiteral("window takes the name of one library");
+    if (parser.isSet(ScreenshotOption) && parser.value(ScreenshotOption).isEmpty())
+        return QStringLiteral("--screenshot needs the name of a file");
+    const QString sheetMistake =
+        parser.isSet(SheetOption) ? mistakeInSheet(parser.value(SheetOption)) : QString();
+    if (!sheetMistake.isNull())
+        return sheetMistake;
+    const QString mistake = BundleOption::mistakeIn(parser);
+    return mistake.isNull() ? UserSettings::mistakeInLocale(UserSettings::localeIn(parser))
+                            : mistake;
+}
+
+/// Brings the window into the state that was asked for.
+/// \return why that is not possible; nil if it is.
+QString prepare(MainWindowController *window, const QCommandLineParser &parser)
+{
+    const QString name = parser.positionalArguments().value(0);
+    if (!name.isNull()) {
+        const QString reason = window->showLibrary(name);
+        if (!reason.isNull())
+            return reason;
+    }
+    window->mainWindow()->search()->setText(parser.value(SearchOption));
+    window->search();
+    for (const auto &[sheet, open] : sheets()) {
+        if (sheet == parser.value(SheetOption))
+            (window->*open)(nullptr);
+    }
+    if (parser.isSet(SheetOption) && !WindowPicture::hasSheet(window->mainWindow()))
+        return QStringLiteral("there is nothing to %1").arg(parser.value(SheetOption));
+    return {};
+}
+
+ExitCode savePicture(MainWindowController *window, const QString &path, CommandContext &context)
+{
+    // Sheets are laid out when they have been shown.
+    QCoreApplication::processEvents();
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return context.fail(path, file.errorString());
+    QImageWriter writer(&file, "png");
+    if (!writer.write(WindowPicture::of(window->mainWindow())))
+        return context.fail(path, writer.errorString());
+    return file.commit() ? ExitCode::Success : context.fail(path, file.errorString());
+}
+
+ExitCode waitForEnd(const DesktopApplication &application)
+{
+    QObject::connect(&application, &DesktopApplication::lastWindowClosed, qApp,
+                     &QCoreApplication::quit, Qt::QueuedConnection);
+    return QApplication::exec() == 0 ? ExitCode::Success : ExitCode::Failure;
+}
+
+ExitCode runWindow(const QCommandLineParser &parser, CommandContext &context)
+{
+    const bool isPicture = parser.isSet(ScreenshotOption);
+    if (!qobject_cast<QApplication *>(qApp) || (isWithoutDisplay() && !isPicture))
+        return context.fail(QStringLiteral("window"),
+                            QStringLiteral("there is no display; --screenshot FILE draws the "
+                                           "window without one"));
+    const LocaleScope scope(UserSettings::localeIn(parser));
+    DesktopApplication application(BundleOption::bundleIn(parser), context.logger());
+    application.newWindow();
+    MainWindowController *const window = application.windows().first();
+    const QString mistake = prepare(window, parser);
+    if (!mistake.isNull())
+        return context.fail(application.bundle()->bundle().bundlePath(), mistake);
+    return isPicture ? savePicture(window, parser.value(ScreenshotOption), context)
+                     : waitForEnd(application);
+}
+} // namespace
+
+ExitCode runWindowCommand(const QStringList &arguments, CommandContext &context)
+{
+    QCommandLineParser parser;
+    for (const auto &[option, value] :
+         {std::pair(ScreenshotOption, u"FILE"), std::pair(SheetOption, u"NAME"),
+          std::pair(SearchOption, u"TEXT")})
+        parser.addOption({option, QString(), QString::fromUtf16(value)});
+    BundleOption::add(&parser);
+    UserSettings::addLocaleOption(&parser);
+    return context.run(arguments, &parser, mistakeInWindow, runWindow);
+}

@@ -1,0 +1,6 @@
+target_sources(CobbleHost PRIVATE
+    Sources/Fields/FieldReader.cpp
+    Sources/Fields/FieldType.cpp
+    Sources/Fields/FieldValue.cpp
+    Sources/Fields/PhoneLayouts.cpp
+)

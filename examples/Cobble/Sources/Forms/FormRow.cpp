@@ -1,0 +1,58 @@
+#include "FormRow.h"
+
+#include "FormField.h"
+#include "Library/RecordTexts.h"
+
+#include <KTUtility/Platform/Keys/NSSelectionMarker.h>
+
+FormRow::FormRow(FormField *field) : _field(field), _reader(field->field().reader()) {}
+
+QString FormRow::text() const
+{
+    return NSIsControllerMarker(_value) ? QStringLiteral("")
+                                        : RecordTexts::textOf(*_reader, _value);
+}
+
+bool FormRow::setText(const QString &text, QString *reason)
+{
+    const FieldReading reading = _reader->readTyped(text);
+    if (reason)
+        *reason = reading.reason;
+    if (!reading.isRead)
+        return false;
+    setValue(reading.value);
+    _valueBinder.ownerKeyPathChanged();
+    return true;
+}
+
+void FormRow::setValue(const QVariant &value)
+{
+    _value = value;
+    Q_EMIT changed();
+}
+
+void FormRow::setLabel(const QVariant &label)
+{
+    _label = label;
+    Q_EMIT changed();
+}
+
+KTPropertyBinder *FormRow::binderFor(const QString &binding)
+{
+    if (_valueBinder.willHandleBindingName(binding))
+        return &_valueBinder;
+    return _labelBinder.willHandleBindingName(binding) ? &_labelBinder : nullptr;
+}
+
+void FormRow::bind(const QString &binding, QObject *toObject, const QString &withKeyPath,
+                   const QVariantMap &options)
+{
+    if (KTPropertyBinder *const binder = binderFor(binding))
+        binder->bind(binding, toObject, withKeyPath, options);
+}
+
+void FormRow::unbind(const QString &binding)
+{
+    if (KTPropertyBinder *const binder = binderFor(binding))
+        binder->unbind(binding);
+}

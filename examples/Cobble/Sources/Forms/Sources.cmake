@@ -1,0 +1,5 @@
+target_sources(CobbleHost PRIVATE
+    Sources/Forms/DetailForm.cpp
+    Sources/Forms/FormField.cpp
+    Sources/Forms/FormRow.cpp
+)

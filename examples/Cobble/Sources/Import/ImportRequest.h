@@ -1,0 +1,35 @@
+#pragma once
+
+#include <KTUtility/Bundle/KTDatabaseBundle.h>
+
+#include <QChar>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+class QCommandLineParser;
+
+/// What the command line asks an import for.
+struct ImportRequest
+{
+    QString path;
+    QString libraryName;
+    std::optional<QChar> separator;
+    QString locale;
+    /// The headers of the columns that hold media, whatever their values look like.
+    QStringList mediaHeaders;
+    /// Whether a library of the same name goes.
+    bool replaces = false;
+    /// Whether nothing is to be written.
+    bool isDryRun = false;
+    KTDatabaseBundle bundle = KTDatabaseBundle(QString());
+
+    /// What a library is called unless it is given a name.
+    static QString libraryNameForFile(const QString &path);
+    /// Adds the options of the command.
+    static void addOptions(QCommandLineParser *parser);
+    /// What is wrong with the values given; nil if nothing is.
+    static QString mistakeIn(const QCommandLineParser &parser);
+    static ImportRequest from(const QCommandLineParser &parser);
+};

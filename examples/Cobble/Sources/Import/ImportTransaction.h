@@ -1,0 +1,65 @@
+#pragma once
+
+#include "Library/BundleLock.h"
+#include "Library/LibraryStore.h"
+
+#include <QFile>
+#include <QSet>
+
+/// An import into a bundle: all of it, or nothing.
+///
+/// What is written becomes visible with commit(). Without that, or if the process dies, the
+/// database stays as it was. The names of the media files that were stored are kept in a file
+/// beside the database, so that the next import removes those of one that was interrupted. Imports
+/// wait for each other.
+///
+/// \code
+/// QString error;
+/// const auto import = ImportTransaction::begin(bundle, &error);
+/// import->store().create(library);
+/// import->store().insert({"Ada", import->storeMedia(url)->absoluteString()});
+/// import->commit();
+/// \endcode
+class ImportTransaction
+{
+public:
+    /// Makes the bundle if there is none, and the folder for it if that is the application's own.
+    /// \param error receives why there is no result.
+    /// \param patience how long to wait for another import, in milliseconds.
+    static std::unique_ptr<ImportTransaction> begin(const KTDatabaseBundle &bundle, QString *error,
+                                                    int patience = 5000);
+    /// Takes everything back unless it was committed.
+    ~ImportTransaction();
+    ImportTransaction(const ImportTransaction &) = delete;
+    ImportTransaction &operator=(const ImportTransaction &) = delete;
+
+    LibraryStore &store() { return *_store; }
+    /// Takes a library away; its media files go after commit(), unless others have them, too.
+    bool removeLibrary(const Library &library);
+    /// Puts a file into the media folder. \return its URL; nothing if that failed.
+    std::optional<NSURL> storeMedia(const NSURL &url);
+    /// \return false if it could not be written; then nothing is.
+    bool commit();
+
+private:
+    explicit ImportTransaction(const KTDatabaseBundle &bundle);
+    bool prepare(QString *error, int patience);
+    QString mediaListPath() const;
+    bool beginList(QString *error);
+    bool addToList(const QString &url);
+    bool removeMediaInList(bool evenIfUsed);
+    bool removeMediaBefore(QString *error);
+    void takeBack();
+    void removeDatabase() const;
+    void removeEmptyBundle() const;
+
+    KTDatabaseBundle _bundle;
+    BundleLock _lock;
+    bool _isNewBundle = false;
+    bool _isNewDatabase = false;
+    bool _isDone = false;
+    bool _isListing = false;
+    std::unique_ptr<LibraryStore> _store;
+    QFile _mediaList;
+    QSet<QString> _mediaOfRemovedLibraries;
+};

@@ -1,0 +1,13 @@
+target_sources(CobbleHost PRIVATE
+    Sources/Import/ImportColumn.h
+    Sources/Import/ImportFile.cpp
+    Sources/Import/ImportRequest.cpp
+    Sources/Import/ImportSchema.cpp
+    Sources/Import/ImportSource.cpp
+    Sources/Import/ImportTransaction.cpp
+    Sources/Import/ImportValues.cpp
+    Sources/Import/LibraryImport.cpp
+    Sources/Import/MediaReference.cpp
+    Sources/Import/TypeInference.cpp
+    Sources/Import/UnusedMedia.cpp
+)

@@ -1,0 +1,46 @@
+#include "BundleLock.h"
+
+#include <KTUtility/Platform/Files/NSFileManager.h>
+#include <KTUtility/Platform/Files/NSPathUtilities.h>
+
+#include <QCoreApplication>
+
+namespace {
+/// Beside the bundle, also if its path ends with "/".
+QString pathFor(const KTDatabaseBundle &bundle)
+{
+    return NSString::stringByAppendingPathComponent(bundle.bundlePath(), QString()) + u".lock";
+}
+} // namespace
+
+BundleLock::BundleLock(const KTDatabaseBundle &bundle) : _file(pathFor(bundle))
+{
+    // A lock is stale when its process is gone, however long an import takes.
+    _file.setStaleLockTime(0);
+}
+
+BundleLock::~BundleLock()
+{
+    if (!_file.isLocked())
+        return;
+    _file.unlock();
+    // If the file could not be removed, it would keep this process from importing again.
+    qint64 process = 0;
+    QString host;
+    QString name;
+    if (_file.getLockInfo(&process, &host, &name) && process == QCoreApplication::applicationPid())
+        _file.removeStaleLockFile();
+}
+
+bool BundleLock::lock(int patience, QString *error)
+{
+    *error = QString();
+    const QString folder = NSString::stringByDeletingLastPathComponent(_file.fileName());
+    if (_file.tryLock(patience))
+        return true;
+    if (_file.error() == QLockFile::LockFailedError)
+        *error = QStringLiteral("another import is running");
+    else if (!NSFileManager::fileExistsAtPath(folder))
+        *error = QStringLiteral("there is no folder for the database bundle");
+    return error->isNull();
+}

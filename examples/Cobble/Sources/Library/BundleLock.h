@@ -1,0 +1,27 @@
+#pragma once
+
+#include <KTUtility/Bundle/KTDatabaseBundle.h>
+
+#include <QLockFile>
+
+/// Keeps other processes from importing into a bundle, or moving it, at the same time.
+///
+/// The lock is a file beside the bundle, which goes with it. Where none can be made, the database's
+/// own lock has to do.
+class BundleLock
+{
+public:
+    explicit BundleLock(const KTDatabaseBundle &bundle);
+    ~BundleLock();
+    BundleLock(const BundleLock &) = delete;
+    BundleLock &operator=(const BundleLock &) = delete;
+
+    /// \param patience how long to wait for another process, in milliseconds.
+    /// \param error receives why the result is false.
+    bool lock(int patience, QString *error);
+    /// Whether there is a file.
+    bool isLocked() const { return _file.isLocked(); }
+
+private:
+    QLockFile _file;
+};

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <KTUtility/Bundle/KTDatabaseBundle.h>
+
+#include <QCommandLineParser>
+
+// The option --bundle PATH that commands about the database share.
+
+namespace BundleOption {
+/// Adds it.
+void add(QCommandLineParser *parser);
+/// What is wrong with the path given; nil if nothing is.
+QString mistakeIn(const QCommandLineParser &parser);
+/// The bundle at the path given, else the user's default bundle.
+KTDatabaseBundle bundleIn(const QCommandLineParser &parser);
+
+/// Makes the folder for the application's own bundles, with those on the way to it (XDG Base
+/// Directory rules); the folders of other bundles are the user's business.
+void needFolderOf(const KTDatabaseBundle &bundle);
+} // namespace BundleOption

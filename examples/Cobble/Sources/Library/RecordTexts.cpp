@@ -1,0 +1,42 @@
+#include "RecordTexts.h"
+
+#include <KTUtility/Platform/Values/NSObject.h>
+
+namespace {
+/// Phone numbers are texts that their field knows how to show; of other types a text is what could
+/// not be read.
+bool isShownAsItIs(FieldType type, const QVariant &value)
+{
+    return value.typeId() == QMetaType::QString && type != FieldType::Phone;
+}
+} // namespace
+
+RecordTexts::RecordTexts(const Library &library)
+{
+    for (const LibraryField &field : library.fields) {
+        _titles += field.title();
+        _readers.push_back(field.reader());
+    }
+}
+
+QString RecordTexts::textOf(const FieldReader &reader, const QVariant &value)
+{
+    if (NSObject::isNil(value))
+        return QStringLiteral("");
+    if (!reader.formatter() || isShownAsItIs(reader.type(), value))
+        return value.toString();
+    return reader.formatter()->stringForObjectValue(value);
+}
+
+QString RecordTexts::textOf(qsizetype field, const QVariant &value) const
+{
+    return textOf(*_readers[size_t(field)], value);
+}
+
+QStringList RecordTexts::textsOf(const RecordCursor &record) const
+{
+    QStringList texts;
+    for (qsizetype field = 0; field < _titles.size(); ++field)
+        texts += textOf(field, record.value(field));
+    return texts;
+}

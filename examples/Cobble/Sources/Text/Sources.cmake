@@ -1,0 +1,6 @@
+target_sources(CobbleHost PRIVATE
+    Sources/Text/AlignedTable.cpp
+    Sources/Text/CSVReader.cpp
+    Sources/Text/CSVSeparator.cpp
+    Sources/Text/TextFile.cpp
+)

@@ -1,0 +1,27 @@
+target_sources(CobbleHost PRIVATE
+    Sources/Window/DesktopApplication.cpp
+    Sources/Window/DetailPane.cpp
+    Sources/Window/ExportSheet.cpp
+    Sources/Window/FieldDelegate.cpp
+    Sources/Window/FieldEditor.cpp
+    Sources/Window/ImportSheet.cpp
+    Sources/Window/ImportSummary.cpp
+    Sources/Window/MainMenu.cpp
+    Sources/Window/MainWindow.cpp
+    Sources/Window/MainWindowController.cpp
+    Sources/Window/MediaField.cpp
+    Sources/Window/OpenBundle.cpp
+    Sources/Window/OpenLibrary.cpp
+    Sources/Window/RecordSearch.cpp
+    Sources/Window/RecordTableModel.cpp
+    Sources/Window/RecordTableView.cpp
+    Sources/Window/ShortText.cpp
+    Sources/Window/ShowLibraryAlert.cpp
+    Sources/Window/SilencedAlerts.cpp
+    Sources/Window/StoredRecord.cpp
+    Sources/Window/TableSelection.cpp
+    Sources/Window/TextInput.cpp
+    Sources/Window/TransferSheet.cpp
+    Sources/Window/ValueOrder.cpp
+    Sources/Window/WindowPicture.cpp
+)

@@ -1,0 +1,92 @@
+#include "FuzzTarget.h"
+#include "Targets.h"
+
+#include <KTUtility/Formatters/KTCurrencyFormatter.h>
+#include <KTUtility/Formatters/KTDurationFormatter.h>
+#include <KTUtility/Formatters/KTPhoneNumberFormatter.h>
+#include <KTUtility/Formatters/KTTimeFormatter.h>
+#include <KTUtility/Platform/Values/NSObject.h>
+
+namespace {
+/// Reads a text, shows what was read, and reads that.
+/// \return the first reading; nil if there was none.
+QVariant readShowRead(const NSFormatter &formatter, const QString &text)
+{
+    QVariant value;
+    QString error;
+    if (!formatter.getObjectValue(&value, text, &error))
+        return {};
+    const QString shown = formatter.stringForObjectValue(value);
+    formatter.attributedStringForObjectValue(value);
+    formatter.editingStringForObjectValue(value);
+    QVariant again;
+    formatter.getObjectValue(&again, shown, &error);
+    return value;
+}
+
+/// Options come back as they were set.
+void requireOptionsRoundTrip(NSFormatter &formatter)
+{
+    const QVariantMap options = formatter.options();
+    formatter.setOptions(options);
+    FUZZ_REQUIRE(formatter.options() == options);
+}
+} // namespace
+
+void fuzzNumber(FuzzInput &input)
+{
+    KTNumberFormatter formatter;
+    formatter.setLocale(NSLocale(input.locale()));
+    input.setOptions(&formatter);
+    requireOptionsRoundTrip(formatter);
+    readShowRead(formatter, input.text());
+}
+
+void fuzzCurrency(FuzzInput &input)
+{
+    KTCurrencyFormatter formatter;
+    formatter.setLocale(NSLocale(input.locale()));
+    formatter.setCurrencyLocale(NSLocale(input.locale()));
+    input.setOptions(&formatter);
+    readShowRead(formatter, input.text());
+}
+
+void fuzzDateTime(FuzzInput &input)
+{
+    KTDateTimeFormatter dates;
+    const std::unique_ptr<KTTimeFormatter> times = KTTimeFormatter::createTimeFormatter();
+    KTDateTimeFormatter &formatter = input.flag() ? dates : *times;
+    formatter.setLocale(NSLocale(input.locale()));
+    input.setOptions(&formatter);
+    // A field that shows neither date nor time is a broken contract.
+    if (formatter.dateStyle() == NSDateFormatterNoStyle)
+        formatter.setTimeStyle(NSDateFormatterShortStyle);
+    const QVariant value = readShowRead(formatter, input.text());
+    FUZZ_REQUIRE(NSObject::isNil(value) || value.toDateTime().isValid());
+}
+
+void fuzzDuration(FuzzInput &input)
+{
+    KTDurationFormatter formatter;
+    input.setOptions(&formatter);
+    const bool isImported = input.flag();
+    const QString text = input.text();
+    if (isImported)
+        formatter.willFormatString(text, QVariant());
+    readShowRead(formatter, text);
+    if (isImported)
+        formatter.didFormatString(text, QVariant());
+}
+
+void fuzzPhone(FuzzInput &input)
+{
+    KTPhoneNumberFormatter formatter;
+    input.setOptions(&formatter);
+    formatter.setFormatIndex(input.below(8));
+    const QString text = input.text();
+    const QVariant value = readShowRead(formatter, text);
+    const QString shown = formatter.stringForObjectValue(text);
+    // What is shown is bounded by what was typed and the layout.
+    FUZZ_REQUIRE(shown.size() <= text.size() * 2 + 64);
+    Q_UNUSED(value);
+}

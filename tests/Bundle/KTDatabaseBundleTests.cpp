@@ -1,0 +1,552 @@
+#include <KTUtility/Bundle/KTDatabaseBundle.h>
+#include <KTUtility/Diagnostics/KTLogCapture.h>
+#include <KTUtility/Platform/Files/NSFileManager.h>
+#include <KTUtility/Platform/Files/NSSearchPath.h>
+#include <KTUtility/Platform/Files/NSUserDefaults.h>
+
+#include "support/FileTree.h"
+#include "support/LoopbackServer.h"
+#include "support/TestSupport.h"
+
+#include <QFile>
+#include <QImage>
+#include <QRandomGenerator>
+
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using testing_support::contentsOf;
+using testing_support::FileTree;
+using testing_support::LoopbackServer;
+
+namespace {
+/// A bundle on the disk, in a folder of its own.
+class BundleOnDisk : public KTDatabaseBundle
+{
+public:
+    BundleOnDisk() : KTDatabaseBundle(QString()), _tree()
+    {
+        static_cast<KTDatabaseBundle &>(*this) =
+            KTDatabaseBundle(_tree.path(QStringLiteral("b.cobbledb")));
+        EXPECT_TRUE(buildDatabaseBundleOnDisk());
+    }
+
+    const FileTree &tree() const { return _tree; }
+    /// A file outside of the bundle.
+    QString source(const QString &name, const QByteArray &contents = "picture") const
+    {
+        _tree.add(QStringLiteral("sources/") + name, contents);
+        return _tree.path(QStringLiteral("sources/") + name);
+    }
+    QString media(const QString &name) const { return mediaFolderPath() + u'/' + name; }
+    void addMedia(const QString &name) const { testing_support::writeFile(media(name), "x"); }
+    void addNumbers(const QList<int> &numbers) const
+    {
+        for (const int number : numbers)
+            addMedia(QStringLiteral("a.%1.jpg").arg(number));
+    }
+    QStringList mediaNames() const
+    {
+        return QDir(mediaFolderPath())
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    }
+
+private:
+    FileTree _tree;
+};
+
+NSURL urlOf(const QString &text)
+{
+    return *NSURL::URLWithString(text);
+}
+
+/// Runs \a action in another process, which may change its user.
+int exitStatusOf(const std::function<int()> &action)
+{
+    const pid_t child = ::fork();
+    if (child == 0)
+        ::_exit(action());
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+} // namespace
+
+TEST(DatabaseBundle, HeaderExample)
+{
+    testing_support::useFreshHome();
+    const KTDatabaseBundle bundle = KTDatabaseBundle::defaultDatabaseBundle();
+    NSFileManager::createDirectoryAtPath(
+        NSSearchPathForDirectoriesInDomains(NSLibraryDirectory, NSUserDomainMask, true).first(),
+        true);
+    EXPECT_TRUE(bundle.buildDatabaseBundleOnDisk());
+    const FileTree tree;
+    tree.add(QStringLiteral("My photo.jpg"), "picture");
+    const std::optional<NSURL> url =
+        bundle.storeFileFromURL(*NSURL::fileURLWithPath(tree.path(QStringLiteral("My photo.jpg"))));
+    ASSERT_TRUE(url.has_value());
+    EXPECT_EQ(url->absoluteString(), QStringLiteral("cobblemedia://My%20photo.0.jpg"));
+    EXPECT_EQ(bundle.filePathFromMediaUrl(*url),
+              bundle.bundlePath() + u"/Contents/Resources/Media/My photo.0.jpg");
+    EXPECT_EQ(contentsOf(bundle.filePathFromMediaUrl(*url)), "picture");
+}
+
+TEST(DatabaseBundle, TheUserMayChooseAnother)
+{
+    testing_support::useFreshHome();
+    NSUserDefaults *const defaults = NSUserDefaults::standardUserDefaults();
+    defaults->setObject(QStringLiteral("/elsewhere/my.db"), KTDefaultDatabaseBundlePath);
+    EXPECT_EQ(KTDatabaseBundle::defaultDatabaseBundle().bundlePath(),
+              QStringLiteral("/elsewhere/my.db"));
+    defaults->removeObjectForKey(KTDefaultDatabaseBundlePath);
+    EXPECT_TRUE(KTDatabaseBundle::defaultDatabaseBundle().bundlePath().endsWith(
+        u"/Cobble/cobble.cobbledb"));
+}
+
+TEST(DatabaseBundle, WithoutHomeItLiesAmongTemporaryFiles)
+{
+    qunsetenv("HOME");
+    const FileTree tree;
+    const QByteArray temporary = qgetenv("TMPDIR");
+    qputenv("TMPDIR", tree.root().toUtf8());
+    EXPECT_EQ(KTDatabaseBundle::cobbleSupportFolder(), tree.path(QStringLiteral("Cobble")));
+    EXPECT_TRUE(QDir(tree.path(QStringLiteral("Cobble"))).exists());
+    temporary.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", temporary);
+    testing_support::useFreshHome();
+}
+
+TEST(DatabaseBundle, FoldersAreMadeOneLevelDeep)
+{
+    const FileTree tree;
+    EXPECT_FALSE(
+        KTDatabaseBundle::_ensureDirectoryExistsAtPath(tree.path(QStringLiteral("no/where"))));
+    EXPECT_FALSE(
+        KTDatabaseBundle(tree.path(QStringLiteral("no/b.cobbledb"))).buildDatabaseBundleOnDisk());
+    EXPECT_TRUE(tree.contents().isEmpty());
+    EXPECT_TRUE(KTDatabaseBundle::_ensureDirectoryExistsAtPath(tree.path(QStringLiteral("no"))));
+    EXPECT_FALSE(KTDatabaseBundle::_ensureDirectoryExistsAtPath(QString()));
+}
+
+TEST(DatabaseBundle, ThePathMayBeAFile)
+{
+    const FileTree tree;
+    tree.add(QStringLiteral("b.cobbledb"), "mine");
+    const KTDatabaseBundle bundle(tree.path(QStringLiteral("b.cobbledb")));
+    EXPECT_FALSE(bundle.doesExist());
+    EXPECT_FALSE(bundle.buildDatabaseBundleOnDisk());
+    EXPECT_TRUE(bundle.removeDatabaseBundleOnDisk());
+    EXPECT_EQ(contentsOf(bundle.bundlePath()), "mine");
+}
+
+TEST(DatabaseBundle, IsMadeAndRemoved)
+{
+    const BundleOnDisk bundle;
+    EXPECT_TRUE(bundle.doesExist());
+    EXPECT_TRUE(bundle.buildDatabaseBundleOnDisk());
+    EXPECT_FALSE(QFile::exists(bundle.databaseFilePath()));
+    EXPECT_TRUE(bundle.removeDatabaseBundleOnDisk());
+    EXPECT_FALSE(bundle.doesExist());
+    EXPECT_TRUE(bundle.removeDatabaseBundleOnDisk());
+    EXPECT_TRUE(bundle.tree().contents().isEmpty());
+}
+
+TEST(DatabaseBundle, ManyProcessesMakeOneBundle)
+{
+    for (int round = 0; round < 20; ++round) {
+        const FileTree tree;
+        const KTDatabaseBundle bundle(tree.path(QStringLiteral("b.cobbledb")));
+        const pid_t child = ::fork();
+        const bool isBuilt = bundle.buildDatabaseBundleOnDisk();
+        if (child == 0)
+            ::_exit(isBuilt ? 0 : 1);
+        EXPECT_TRUE(isBuilt);
+        int status = -1;
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        EXPECT_EQ(status, 0);
+    }
+}
+
+TEST(DatabaseBundle, NumbersOfCopies)
+{
+    const QList<std::pair<QList<int>, int>> cases = {
+        {{}, 0},
+        {{0, 1, 2, 3}, 4},
+        {{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}, 10},
+        {{0, 1, 2, 3, 5}, 4},
+        // 5 is between two that the search sees, and stays unused.
+        {{0, 1, 2, 3, 4, 6, 7, 8}, 9},
+        {{1, 2, 3}, 0},
+    };
+    for (const auto &[numbers, next] : cases) {
+        const BundleOnDisk bundle;
+        bundle.addNumbers(numbers);
+        EXPECT_EQ(bundle.nextInstanceNumberForFilePath(QStringLiteral("/some/where/a.jpg")), next);
+        EXPECT_EQ(bundle.fileNameWithMediaInstanceNumber(QStringLiteral("a.jpg")),
+                  QStringLiteral("a.%1.jpg").arg(next));
+    }
+}
+
+TEST(DatabaseBundle, TwentyThousandCopiesWithGaps)
+{
+    const BundleOnDisk bundle;
+    QList<int> numbers;
+    for (int number = 0; number < 20000; ++number) {
+        if (number != 7 && number != 12345)
+            numbers += number;
+    }
+    bundle.addNumbers(numbers);
+    EXPECT_EQ(bundle.nextInstanceNumberForFilePath(QStringLiteral("a.jpg")), 20000);
+    const QString copy =
+        bundle.copyFilePathToMediaFolderAndReturnMediaPath(bundle.source(QStringLiteral("a.jpg")));
+    EXPECT_EQ(copy, bundle.media(QStringLiteral("a.20000.jpg")));
+}
+
+TEST(DatabaseBundle, CommentsInNames)
+{
+    const KTDatabaseBundle bundle(QStringLiteral("/nowhere"));
+    EXPECT_EQ(bundle.filePathByAddingExtComment(QStringLiteral("a/b.jpg"), QStringLiteral("2")),
+              QStringLiteral("a/b.2.jpg"));
+    EXPECT_EQ(bundle.filePathByRemovingExtComment(QStringLiteral("photo.3.jpg")),
+              QStringLiteral("photo.jpg"));
+    EXPECT_EQ(bundle.filePathByRemovingExtComment(QStringLiteral("photo.jpg")),
+              QStringLiteral("photo.jpg"));
+    EXPECT_EQ(bundle.filePathByRemovingExtComment(QStringLiteral("my.photo.3.jpg")),
+              QStringLiteral("my.jpg"));
+}
+
+TEST(DatabaseBundle, NamesOfAllKindsAreStored)
+{
+    const BundleOnDisk bundle;
+    const QStringList names = {QStringLiteral("a b.jpg"),
+                               QStringLiteral("a.b.c.jpg"),
+                               QStringLiteral("noextension"),
+                               QStringLiteral(".jpg"),
+                               QStringLiteral("100%.png"),
+                               QStringLiteral("%2e%2E.png"),
+                               QStringLiteral("名前.tiff"),
+                               QStringLiteral("a?b#c.gif"),
+                               QStringLiteral("..x"),
+                               QStringLiteral("x.."),
+                               QStringLiteral(" "),
+                               QStringLiteral("\n.txt"),
+                               QString(250, u'y') + QStringLiteral(".p")};
+    for (const QString &name : names) {
+        const auto source = NSURL::fileURLWithPath(bundle.source(name, name.toUtf8()));
+        const auto url = bundle.storeFileFromURL(*source);
+        ASSERT_TRUE(url.has_value()) << name.toStdString();
+        EXPECT_EQ(contentsOf(bundle.filePathFromMediaUrl(*url)), name.toUtf8());
+        EXPECT_EQ(bundle.mediaUrlFromFilePath(bundle.filePathFromMediaUrl(*url)), url);
+    }
+    EXPECT_EQ(bundle.mediaNames().size(), names.size());
+}
+
+TEST(DatabaseBundle, NamesThatWouldBecomeTooLongAreNil)
+{
+    const BundleOnDisk bundle;
+    const QString source = bundle.source(QString(251, u'x') + QStringLiteral(".jpg"));
+    EXPECT_TRUE(bundle.copyFilePathToMediaFolderAndReturnMediaPath(source).isNull());
+    EXPECT_TRUE(bundle.mediaNames().isEmpty());
+}
+
+TEST(DatabaseBundle, NamesCannotLeadOut)
+{
+    const BundleOnDisk bundle;
+    testing_support::writeFile(bundle.databaseFilePath(), "data");
+    for (const QString &name : {QStringLiteral(""), QStringLiteral("."), QStringLiteral(".."),
+                                QStringLiteral("../Database"), QStringLiteral("a/b"),
+                                QString(u'a' + QString(QChar(u'\0')))}) {
+        EXPECT_FALSE(bundle.isFileNameInMediaFolder(name)) << name.toStdString();
+        EXPECT_FALSE(bundle.isFilenameInBundle(name));
+        EXPECT_FALSE(bundle.deleteFileFromMediaFolder(name));
+        EXPECT_FALSE(bundle.deleteFileFromBundle(name));
+    }
+    for (const char16_t *text : {u"cobblemedia://..", u"cobblemedia://.", u"cobblemedia://%2E%2E",
+                                 u"cobblemedia://..%2FDatabase", u"cobblemedia://%2F",
+                                 u"cobblemedia://a%00b", u"cobblemedia://%FF"}) {
+        const NSURL url = urlOf(QString::fromUtf16(text));
+        EXPECT_TRUE(bundle.filePathFromMediaUrl(url).isNull());
+        EXPECT_TRUE(bundle.filepathFromBundleURL(url).isNull());
+    }
+    for (const QString &path :
+         {bundle.tree().path(QStringLiteral("..")), bundle.tree().path(QStringLiteral(".")),
+          QStringLiteral("/"), QString(), QStringLiteral("")}) {
+        EXPECT_TRUE(bundle.copyFilePathToMediaFolderAndReturnMediaPath(path).isNull());
+        EXPECT_FALSE(bundle.mediaUrlFromFilePath(path).has_value());
+        EXPECT_EQ(bundle.nextInstanceNumberForFilePath(path), 0);
+    }
+    EXPECT_EQ(contentsOf(bundle.databaseFilePath()), "data");
+    EXPECT_TRUE(bundle.mediaNames().isEmpty());
+}
+
+TEST(DatabaseBundle, TheLastComponentOfAMediaURLIsTheName)
+{
+    const KTDatabaseBundle bundle(QStringLiteral("/b"));
+    const QString media = QStringLiteral("/b/Contents/Resources/Media/");
+    EXPECT_EQ(bundle.filePathFromMediaUrl(urlOf(QStringLiteral("cobblemedia://dir/a.png"))),
+              media + u"a.png");
+    EXPECT_EQ(bundle.filePathFromMediaUrl(urlOf(QStringLiteral("cobblemedia://a.png/"))),
+              media + u"a.png");
+    EXPECT_EQ(bundle.filePathFromMediaUrl(urlOf(QStringLiteral("cobblemedia://a?b#c"))),
+              media + u"a?b#c");
+    // Without a name it is the scheme's end.
+    EXPECT_EQ(bundle.filePathFromMediaUrl(urlOf(QStringLiteral("cobblemedia://"))),
+              media + u"cobblemedia:");
+}
+
+TEST(DatabaseBundle, DownloadsWithoutANameAreRefused)
+{
+    const BundleOnDisk bundle;
+    const LoopbackServer server;
+    for (const char16_t *path : {u"", u"/", u"/..", u"/a/..", u"/a%2F..", u"/%2e%2e"}) {
+        const NSURL url = urlOf(server.url(QString::fromUtf16(path)));
+        EXPECT_TRUE(bundle.downloadHttpFileToBundleAndReturnPath(url).isNull());
+    }
+    EXPECT_TRUE(server.requests().isEmpty());
+    EXPECT_TRUE(bundle.mediaNames().isEmpty());
+}
+
+TEST(DatabaseBundle, OnlyHTTPInLowerCaseIsDownloaded)
+{
+    const BundleOnDisk bundle;
+    const LoopbackServer server;
+    const QString url = server.url(QStringLiteral("/pic.jpg"));
+    const KTLogCapture capture(kLog_MediaFilenames);
+    for (const QString &scheme : {QStringLiteral("https"), QStringLiteral("HTTP"),
+                                  QStringLiteral("Http"), QStringLiteral("ftp")}) {
+        const NSURL other = urlOf(scheme + url.mid(4));
+        EXPECT_TRUE(bundle.downloadHttpFileToBundleAndReturnPath(other).isNull());
+        EXPECT_FALSE(bundle.storeFileFromURL(other).has_value());
+    }
+    EXPECT_FALSE(bundle.storeFileFromURL(urlOf(QStringLiteral("pic.jpg"))).has_value());
+    EXPECT_FALSE(bundle.storeFileFromURL(urlOf(QStringLiteral("mailto:ada"))).has_value());
+    EXPECT_TRUE(server.requests().isEmpty());
+    EXPECT_TRUE(capture.entries().isEmpty());
+}
+
+TEST(DatabaseBundle, FailedDownloadsAreLogged)
+{
+    const BundleOnDisk bundle;
+    const LoopbackServer silent([](int, const QByteArray &) {});
+    const NSURL url = urlOf(silent.url(QStringLiteral("/a.jpg")));
+    const KTLogCapture capture(kLog_MediaFilenames, 4);
+    EXPECT_FALSE(bundle.storeFileFromURL(url).has_value());
+    ASSERT_EQ(capture.entries().size(), 1);
+    EXPECT_EQ(capture.entries().first().lineNumber, 203);
+    EXPECT_EQ(capture.entries().first().file, QStringLiteral("KTDatabaseBundle"));
+    EXPECT_EQ(capture.entries().first().message,
+              u"Download of file " + url.absoluteString() + u" failed.");
+    EXPECT_TRUE(bundle.mediaNames().isEmpty());
+}
+
+TEST(DatabaseBundle, DownloadsThatCannotBeWrittenAreLogged)
+{
+    const BundleOnDisk bundle;
+    const LoopbackServer server;
+    bundle.removeDatabaseBundleOnDisk();
+    const KTLogCapture capture(kLog_MediaFilenames, 4);
+    const NSURL url = urlOf(server.url(QStringLiteral("/pic.jpg")));
+    EXPECT_TRUE(bundle.downloadHttpFileToBundleAndReturnPath(url).isNull());
+    ASSERT_EQ(capture.entries().size(), 2);
+    EXPECT_EQ(capture.entries()[0].lineNumber, 210);
+    EXPECT_EQ(capture.entries()[0].message,
+              u"Writing file to " + bundle.media(QStringLiteral("pic.0.jpg")));
+    EXPECT_EQ(capture.entries()[1].lineNumber, 215);
+    EXPECT_EQ(capture.entries()[1].message,
+              u"Writing file to " + bundle.media(QStringLiteral("pic.0.jpg")) + u" failed.");
+}
+
+TEST(DatabaseBundle, WithoutAMediaFolderNothingIsStored)
+{
+    const BundleOnDisk bundle;
+    const QString source = bundle.source(QStringLiteral("a.jpg"));
+    bundle.removeDatabaseBundleOnDisk();
+    testing_support::needApplication();
+    EXPECT_TRUE(bundle.copyFilePathToMediaFolderAndReturnMediaPath(source).isNull());
+    EXPECT_TRUE(
+        bundle.saveTIFFImageToMediaFolderAndReturnMediaPath(QImage(1, 1, QImage::Format_RGB32))
+            .isNull());
+    EXPECT_FALSE(bundle.deleteFileFromMediaFolder(QStringLiteral("a.0.jpg")));
+    EXPECT_FALSE(bundle.doesExist());
+}
+
+TEST(DatabaseBundle, ABundleAtNilIsNotTheCurrentFolder)
+{
+    const FileTree tree({{QStringLiteral("cwd"), true}});
+    tree.add(QStringLiteral("Contents/Resources/Media/a.0.png"));
+    tree.add(QStringLiteral("b.png"));
+    const QJsonObject before = tree.contents();
+    const KTDatabaseBundle bundle{QString()};
+    EXPECT_TRUE(bundle._contentsFolderPath().isNull());
+    EXPECT_TRUE(bundle.databaseFilePath().isNull());
+    EXPECT_TRUE(bundle.mediaFolderPath().isNull());
+    EXPECT_FALSE(bundle.buildDatabaseBundleOnDisk());
+    EXPECT_FALSE(bundle.isFileNameInMediaFolder(QStringLiteral("a.0.png")));
+    EXPECT_FALSE(bundle.deleteFileFromMediaFolder(QStringLiteral("a.0.png")));
+    const QString source = tree.path(QStringLiteral("b.png"));
+    EXPECT_TRUE(bundle.copyFilePathToMediaFolderAndReturnMediaPath(source).isNull());
+    EXPECT_EQ(tree.contents(), before);
+}
+
+TEST(DatabaseBundle, EmptyPicturesAreNil)
+{
+    const BundleOnDisk bundle;
+    testing_support::needApplication();
+    EXPECT_TRUE(bundle.saveTIFFImageToMediaFolderAndReturnMediaPath(QImage()).isNull());
+    EXPECT_TRUE(bundle.mediaNames().isEmpty());
+}
+
+TEST(DatabaseBundle, PicturesAreTIFFFiles)
+{
+    const BundleOnDisk bundle;
+    testing_support::needApplication();
+    QImage image(3, 2, QImage::Format_ARGB32);
+    image.fill(QColor(10, 20, 30, 128));
+    for (const QString &name :
+         {QStringLiteral("iSight Picture.0.tiff"), QStringLiteral("iSight Picture.1.tiff")}) {
+        const QString path = bundle.saveTIFFImageToMediaFolderAndReturnMediaPath(image);
+        EXPECT_EQ(path, bundle.media(name));
+        EXPECT_EQ(QImage(path).size(), QSize(3, 2));
+        EXPECT_EQ(QImage(path).pixelColor(2, 1).alpha(), 128);
+    }
+}
+
+TEST(DatabaseBundle, CopiesKeepTheirModeAndFoldersTheirContents)
+{
+    const BundleOnDisk bundle;
+    const QString source = bundle.source(QStringLiteral("run.sh"), "#!/bin/sh");
+    QFile::setPermissions(source, QFile::ReadOwner | QFile::ExeOwner);
+    const QString copy = bundle.copyFilePathToMediaFolderAndReturnMediaPath(source);
+    EXPECT_EQ(QFile::permissions(copy), QFile::permissions(source));
+    bundle.source(QStringLiteral("notes.rtfd/deep/text"), "text");
+    const QString folder = bundle.copyFilePathToMediaFolderAndReturnMediaPath(
+        bundle.tree().path(QStringLiteral("sources/notes.rtfd")));
+    EXPECT_EQ(folder, bundle.media(QStringLiteral("notes.0.rtfd")));
+    EXPECT_EQ(contentsOf(folder + QStringLiteral("/deep/text")), "text");
+    EXPECT_TRUE(bundle.deleteFileFromMediaFolder(QStringLiteral("notes.0.rtfd")));
+    EXPECT_FALSE(QFile::exists(folder));
+}
+
+TEST(DatabaseBundle, CopiesThatCannotBeReadGetTheirOddPermissions)
+{
+    const BundleOnDisk bundle;
+    const QString source = bundle.source(QStringLiteral("secret.txt"));
+    QFile::setPermissions(source, QFile::WriteOwner);
+    const bool isAdministrator = ::geteuid() == 0;
+    const int status = exitStatusOf([&] {
+        // The rights are the administrator's, the user is another one.
+        if (isAdministrator && ::setresuid(65534, 0, 0) != 0)
+            return 1;
+        return bundle.copyFilePathToMediaFolderAndReturnMediaPath(source).isNull() ? 2 : 0;
+    });
+    // Nobody else can copy it in the first place.
+    EXPECT_EQ(status, isAdministrator ? 0 : 2);
+    struct stat copied = {};
+    const QByteArray copy = QFile::encodeName(bundle.media(QStringLiteral("secret.0.txt")));
+    EXPECT_EQ(::stat(copy.constData(), &copied) == 0, isAdministrator);
+    EXPECT_EQ(copied.st_mode & 07777, isAdministrator ? 01407U : 0U);
+}
+
+TEST(DatabaseBundle, MediaURLsAreOfFilesThatExist)
+{
+    const BundleOnDisk bundle;
+    EXPECT_FALSE(bundle.mediaUrlFromFilePath(QStringLiteral("a b.0.png")).has_value());
+    bundle.addMedia(QStringLiteral("a b.0.png"));
+    const auto url = bundle.mediaUrlFromFilePath(QStringLiteral("Media/a b.0.png"));
+    ASSERT_TRUE(url.has_value());
+    EXPECT_EQ(url->absoluteString(), QStringLiteral("cobblemedia://a%20b.0.png"));
+    EXPECT_EQ(bundle.filePathFromMediaUrl(*url), bundle.media(QStringLiteral("a b.0.png")));
+    EXPECT_TRUE(bundle.isMediaURL(*url));
+    EXPECT_FALSE(bundle.isMediaURL(urlOf(QStringLiteral("Cobblemedia://a"))));
+    EXPECT_TRUE(bundle.filePathFromMediaUrl(urlOf(QStringLiteral("http://a/b"))).isNull());
+}
+
+TEST(DatabaseBundle, AFullDiskLeavesNothingBehind)
+{
+    const BundleOnDisk bundle;
+    const QByteArray large(1 << 20, 'x');
+    const QString source = bundle.source(QStringLiteral("large.bin"), large);
+    const LoopbackServer server(
+        [&large](int socket, const QByteArray &) { LoopbackServer::sendBody(socket, large); });
+    const NSURL url = urlOf(server.url(QStringLiteral("/large.bin")));
+    // The limit on the size of files fails a write half-way, as a full disk does.
+    // Not in a child process: the server's thread may hold a lock while one is made.
+    rlimit before = {};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = ::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit = {1 << 16, before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    const bool isCopied = !bundle.copyFilePathToMediaFolderAndReturnMediaPath(source).isNull();
+    const bool isLoaded = !bundle.downloadHttpFileToBundleAndReturnPath(url).isNull();
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    ::signal(SIGXFSZ, handler);
+    EXPECT_FALSE(isCopied);
+    EXPECT_FALSE(isLoaded);
+    EXPECT_TRUE(bundle.mediaNames().isEmpty());
+    EXPECT_EQ(server.requests().size(), 1);
+}
+
+TEST(DatabaseBundle, ManyProcessesNeverTakeOneName)
+{
+    constexpr int Copies = 100;
+    const BundleOnDisk bundle;
+    const QString source = bundle.source(QStringLiteral("a.jpg"));
+    const auto store = [&] {
+        int failed = 0;
+        for (int count = 0; count < Copies; ++count)
+            failed += bundle.copyFilePathToMediaFolderAndReturnMediaPath(source).isNull() ? 1 : 0;
+        return failed;
+    };
+    const pid_t child = ::fork();
+    if (child == 0)
+        ::_exit(store());
+    EXPECT_EQ(store(), 0);
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(bundle.mediaNames().size(), 2 * Copies);
+}
+
+TEST(DatabaseBundle, BeforeAnUpgrade)
+{
+    const BundleOnDisk bundle;
+    testing_support::writeFile(bundle.databaseFilePath(), "data");
+    bundle.addMedia(QStringLiteral("a.0.jpg"));
+    const QString first = bundle.moveDatabaseToPreUpgradePath();
+    EXPECT_EQ(first, bundle.tree().path(QStringLiteral("b_PreUpgrade.cobbledb")));
+    EXPECT_FALSE(bundle.doesExist());
+    const KTDatabaseBundle backup(bundle.tree().path(QStringLiteral("b1Backup.cobbledb")));
+    for (const KTDatabaseBundle &copy : {KTDatabaseBundle(first), backup}) {
+        EXPECT_EQ(contentsOf(copy.databaseFilePath()), "data");
+        EXPECT_TRUE(copy.isFileNameInMediaFolder(QStringLiteral("a.0.jpg")));
+    }
+    EXPECT_TRUE(bundle.buildDatabaseBundleOnDisk());
+    EXPECT_EQ(bundle.moveDatabaseToPreUpgradePath(),
+              bundle.tree().path(QStringLiteral("b_PreUpgrade 2.cobbledb")));
+}
+
+TEST(DatabaseBundle, NothingToUpgradeIsNoError)
+{
+    const FileTree tree;
+    const KTDatabaseBundle bundle(tree.path(QStringLiteral("b.cobbledb")));
+    EXPECT_EQ(bundle.moveDatabaseToPreUpgradePath(),
+              tree.path(QStringLiteral("b_PreUpgrade.cobbledb")));
+    EXPECT_TRUE(tree.contents().isEmpty());
+}
+
+TEST(DatabaseBundle, HostileTextsGetAnAnswer)
+{
+    const BundleOnDisk bundle;
+    bundle.addMedia(QStringLiteral("kept"));
+    for (const QString &text : testing_support::hostileTexts()) {
+        EXPECT_FALSE(bundle.isFileNameInMediaFolder(text));
+        EXPECT_FALSE(bundle.deleteFileFromMediaFolder(text));
+        EXPECT_TRUE(bundle.copyFilePathToMediaFolderAndReturnMediaPath(text).isNull());
+        EXPECT_FALSE(bundle.mediaUrlFromFilePath(text).has_value());
+        EXPECT_FALSE(KTDatabaseBundle(text).doesExist());
+        EXPECT_LE(bundle.filePathByRemovingExtComment(text).size(), text.size());
+    }
+    EXPECT_EQ(bundle.mediaNames(), QStringList(QStringLiteral("kept")));
+}

@@ -1,0 +1,5 @@
+target_sources(KTUtilityTests PRIVATE
+    Bundle/KTDatabaseBundleTableTests.cpp
+    Bundle/KTDatabaseBundleTests.cpp
+    Bundle/KTMediaFilenameMungerTests.cpp
+)

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "Commands/Cobble.h"
+
+#include <QTextStream>
+
+/// What a command line run within the test leaves.
+struct CommandResult
+{
+    int exitCode = -1;
+    QString output;
+    QString errors;
+};
+
+/// Runs a command line with a logger of its own, whose settings lie in the current home.
+inline CommandResult runInProcess(const QStringList &arguments)
+{
+    KTLogger logger;
+    CommandResult result;
+    QTextStream out(&result.output);
+    QTextStream err(&result.errors);
+    result.exitCode = runCobble(arguments, out, err, &logger);
+    return result;
+}

@@ -1,0 +1,170 @@
+// The program itself, started as people start it.
+
+#include "support/TestSupport.h"
+
+#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+
+#include <QProcess>
+
+namespace {
+struct ProcessResult
+{
+    int exitCode = -1;
+    QByteArray output;
+    QByteArray errors;
+};
+
+ProcessResult run(const QString &program, const QStringList &arguments)
+{
+    testing_support::needApplication();
+    testing_support::useFreshHome();
+    QProcess process;
+    process.start(program, arguments);
+    EXPECT_TRUE(process.waitForFinished()) << process.errorString().toStdString();
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+ProcessResult runCobbleProgram(const QStringList &arguments)
+{
+    return run(QStringLiteral(COBBLE_EXECUTABLE), arguments);
+}
+
+/// Runs a line for the shell in which $COBBLE is the program and $SAMPLE the sample.
+ProcessResult runShell(const QString &line)
+{
+    qputenv("COBBLE", COBBLE_EXECUTABLE);
+    qputenv("SAMPLE", COBBLE_SAMPLES "/contacts.csv");
+    return run(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), line});
+}
+} // namespace
+
+TEST(Executable, ImportsTheSample)
+{
+    const ProcessResult result = runCobbleProgram(
+        {QStringLiteral("import"), QStringLiteral(COBBLE_SAMPLES "/contacts.csv")});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.errors, QByteArray());
+    EXPECT_TRUE(result.output.contains("Rows read:       302\n"));
+    EXPECT_TRUE(result.output.contains("kt_téléphone\n"));
+}
+
+TEST(Executable, ImportsTheGermanSampleInGerman)
+{
+    const ProcessResult result = runCobbleProgram(
+        {QStringLiteral("import"), QStringLiteral(COBBLE_SAMPLES "/contacts-de.csv"),
+         QStringLiteral("--locale"), QStringLiteral("de_DE")});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.errors, QByteArray());
+    for (const char *line :
+         {"kt_besuche         number          273   2         27\n",
+          "kt_spende          currency (EUR)  280   3         19\n",
+          "kt_mitgliedSeit    date            276   2         24\n",
+          "kt_stehtAuf        time            271   1         30\n",
+          "kt_zuletztGesehen  date+time       273   1         28\n",
+          "kt_gesprächszeit   duration        277   2         23\n",
+          "kt_mobil           phone           270   0         32\n",
+          "30   kt_gesprächszeit   90                  Das ist keine Zeitdauer\n"})
+        EXPECT_TRUE(result.output.contains(line)) << line;
+}
+
+TEST(Executable, SpeaksFrenchAndJapaneseOfDurations)
+{
+    const auto display = [](const char *locale) {
+        return runCobbleProgram({QStringLiteral("format"), QStringLiteral("duration"),
+                                 QStringLiteral("93784"), QStringLiteral("--locale"),
+                                 QString::fromLatin1(locale), QStringLiteral("--option"),
+                                 QStringLiteral("useAbbreviations=no")})
+            .output;
+    };
+    EXPECT_TRUE(display("fr_FR").contains("1 jour 2 heures 3 minutes 4 secondes\n"));
+    EXPECT_TRUE(display("ja_JP").contains("1 日間 2 時間 3 分間 4 秒間\n"));
+    EXPECT_TRUE(display("sv_SE").contains("1 day 2 hours 3 minutes 4 seconds\n"));
+}
+
+TEST(Executable, MissingFile)
+{
+    const ProcessResult result =
+        runCobbleProgram({QStringLiteral("import"), QStringLiteral("/no/such.csv")});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.output, QByteArray());
+    EXPECT_EQ(result.errors, QByteArray("cobble: /no/such.csv: No such file or directory\n"));
+}
+
+TEST(Executable, Folder)
+{
+    const ProcessResult result = runCobbleProgram({QStringLiteral("import"), QStringLiteral("/")});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.errors, QByteArray("cobble: /: is a folder, not a file\n"));
+}
+
+TEST(Executable, NoArguments)
+{
+    const ProcessResult result = runCobbleProgram({});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.output, QByteArray());
+    EXPECT_TRUE(result.errors.startsWith("Usage: cobble "));
+}
+
+TEST(Executable, FullOutput)
+{
+    const ProcessResult result =
+        runShell(QStringLiteral("\"$COBBLE\" import \"$SAMPLE\" >/dev/full"));
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.errors, QByteArray("cobble: standard output: No space left on device\n"));
+}
+
+TEST(Executable, ClosedOutput)
+{
+    const ProcessResult result = runShell(QStringLiteral("\"$COBBLE\" import \"$SAMPLE\" >&-"));
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.errors, QByteArray("cobble: standard output: Bad file descriptor\n"));
+}
+
+TEST(Executable, AllStreamsClosed)
+{
+    EXPECT_EQ(runShell(QStringLiteral("\"$COBBLE\" --version <&- >&- 2>&-")).exitCode, 1);
+    EXPECT_EQ(runShell(QStringLiteral("\"$COBBLE\" bogus <&- >&- 2>&-")).exitCode, 2);
+}
+
+TEST(Executable, ReadsWhatIsPipedIn)
+{
+    const ProcessResult result =
+        runShell(QStringLiteral("cat \"$SAMPLE\" | \"$COBBLE\" import /dev/stdin --library piped"));
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_TRUE(result.output.contains("Table:           kt_piped\n"));
+    EXPECT_TRUE(result.output.contains("Rows read:       302\n"));
+}
+
+TEST(Executable, LogsToTheFileWhenAComponentIsOn)
+{
+    const ProcessResult result = runShell(
+        QStringLiteral("\"$COBBLE\" log lifecycle 4 >/dev/null && \"$COBBLE\" --version >/dev/null "
+                       "&& cat \"$HOME/.local/share/Cobble/Logs/cobble.log\""));
+    EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
+    EXPECT_TRUE(result.output.contains("[Lifecycle] start: cobble --version\n"))
+        << result.output.toStdString();
+    EXPECT_TRUE(result.output.endsWith("[Lifecycle] exit code 0\n"));
+}
+
+TEST(Executable, TheBundleDescribesItself)
+{
+    const auto description = NSDictionary::dictionaryWithContentsOfFile(
+        QStringLiteral(COBBLE_BUNDLE_CONTENTS "/Info.plist"));
+    ASSERT_TRUE(description);
+    const QVariantMap expected = {
+        {QStringLiteral("CFBundleIdentifier"), QStringLiteral("org.cobble.Cobble")},
+        {QStringLiteral("CFBundleName"), QStringLiteral("Cobble")},
+        {QStringLiteral("CFBundleExecutable"), QStringLiteral("cobble")},
+        {QStringLiteral("CFBundleShortVersionString"), QStringLiteral(COBBLE_VERSION)},
+        {QStringLiteral("CFBundlePackageType"), QStringLiteral("APPL")},
+    };
+    EXPECT_EQ(*description, expected);
+}
+
+TEST(Executable, TheBundleHoldsTheSample)
+{
+    EXPECT_EQ(testing_support::contentsOf(
+                  QStringLiteral(COBBLE_BUNDLE_CONTENTS "/Resources/Samples/contacts.csv")),
+              testing_support::contentsOf(QStringLiteral(COBBLE_SAMPLES "/contacts.csv")));
+}

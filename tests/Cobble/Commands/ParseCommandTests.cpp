@@ -1,0 +1,158 @@
+#include "CommandSupport.h"
+
+#include "Formatters/FormatterSupport.h"
+#include "support/TestSupport.h"
+
+using namespace testing_support;
+
+namespace {
+/// A command line typed with blanks between its arguments; "·" stands for a blank in one.
+CommandResult runLine(const char16_t *line)
+{
+    QStringList arguments = QString::fromUtf16(line).split(u' ');
+    for (QString &argument : arguments)
+        argument.replace(u'·', u' ');
+    return runInProcess(arguments);
+}
+} // namespace
+
+TEST(ParseCommand, ShowsValueDisplayEditingTextAndPattern)
+{
+    const CommandResult result = runLine(u"parse date 3/4/08·5:30·PM --locale en_US");
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.errors, QString());
+    EXPECT_EQ(result.output, QStringLiteral("3/4/08 5:30 PM\n"
+                                            "  value:    2008-03-04 17:30:00 -0500\n"
+                                            "  display:  3/4/2008\n"
+                                            "  editing:  3/4/2008\n"
+                                            "  pattern:  M/d/yy h:m a\n"));
+}
+
+TEST(ParseCommand, ReadsEveryType)
+{
+    const std::tuple<const char16_t *, QString, QString> lines[] = {
+        {u"parse number (1,234.5)", QStringLiteral("-1234.5"), QStringLiteral("-1,235")},
+        {u"parse number -5", QStringLiteral("-5"), QStringLiteral("-5")},
+        {u"parse number -- --5", QStringLiteral("-5"), QStringLiteral("-5")},
+        {u"parse number 1.234,5 --locale de_DE", QStringLiteral("1234.5"), QStringLiteral("1.235")},
+        {u"parse currency ($12.50)", QStringLiteral("-12.5"), QStringLiteral("-$12.50")},
+        {u"parse currency €5 --option currencyType=EUR", QStringLiteral("5"),
+         QStringLiteral("€5.00")},
+        {u"parse duration 2h·30m", QStringLiteral("9000"), QStringLiteral("2h 30m")},
+        {u"parse phone 2125550168", QStringLiteral("2125550168"), QStringLiteral("(212) 555-0168")},
+        {u"parse phone +442079460944 --locale=en_GB", QStringLiteral("+442079460944"),
+         QStringLiteral("+44 20 7946 0944")},
+        {u"parse time 5:30pm", QStringLiteral("2001-01-01 17:30:00 -0500"),
+         QStringLiteral("5:30 PM")},
+        {u"parse datetime 3/4/08·5pm", QStringLiteral("2008-03-04 17:00:00 -0500"),
+         QStringLiteral("3/4/2008 5:00 PM")}};
+    for (const auto &[line, value, display] : lines) {
+        const CommandResult result = runLine(line);
+        EXPECT_EQ(result.exitCode, 0) << qPrintable(QString::fromUtf16(line));
+        EXPECT_TRUE(result.output.contains(u"  value:    " + value + u'\n'))
+            << qPrintable(result.output);
+        EXPECT_TRUE(result.output.contains(u"  display:  " + display + u'\n'))
+            << qPrintable(result.output);
+    }
+    EXPECT_EQ(NSLocale::currentLocale().localeIdentifier(), u"en_US"); // as it was
+}
+
+TEST(ParseCommand, NamesNoPatternForIsoDates)
+{
+    EXPECT_TRUE(runLine(u"parse date 2008-03-05")
+                    .output.endsWith(QStringLiteral(
+                        "  pattern:  ISO 8601, or one that took only a part of the text\n")));
+    EXPECT_FALSE(runLine(u"parse date tomorrow").output.contains(QStringLiteral("pattern:")));
+}
+
+TEST(ParseCommand, TellsWhatIsNotRead)
+{
+    const CommandResult result = runLine(u"parse number 12abc abc 7");
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.output, QStringLiteral("12abc\n"
+                                            "  not read:  there is more than a number\n"
+                                            "abc\n"
+                                            "  not read:  it is no number\n"
+                                            "7\n"
+                                            "  value:    7\n"
+                                            "  display:  7\n"
+                                            "  editing:  7\n"));
+    EXPECT_TRUE(runLine(u"parse duration 90")
+                    .output.contains(QStringLiteral("Could not convert to a time")));
+    EXPECT_TRUE(
+        runLine(u"parse date tomorrow").output.contains(QStringLiteral("it is no date or time")));
+    EXPECT_TRUE(runLine(u"parse currency €5")
+                    .output.contains(QStringLiteral("it is no amount in this currency")));
+}
+
+TEST(ParseCommand, SaysWhatIsWrongWithItself)
+{
+    const std::pair<const char16_t *, const char16_t *> lines[] = {
+        {u"parse", u"parse needs a type: number, currency, duration, time, date, date+time, phone"},
+        {u"parse money 5", u"unknown type 'money'"},
+        {u"parse text 5", u"unknown type 'text'"},
+        {u"parse number", u"parse needs something to parse"},
+        {u"format number", u"format needs something to format"},
+        {u"parse number 5 --locale xx_YY", u"unknown locale 'xx_YY'"},
+        {u"parse number 5 --option decimalPlaces", u"bad option 'decimalPlaces'; there are "},
+        {u"parse number 5 --option shoeSize=42", u"bad option 'shoeSize=42'"},
+        {u"parse number 5 --option objectName=x", u"bad option 'objectName=x'"},
+        {u"parse number 5 --option decimalPlaces=many", u"bad value 'many' for decimalPlaces"},
+        {u"parse number 5 --option highlightNegative=maybe", u"bad value 'maybe'"},
+        {u"parse phone 5 --option x=1", u"bad option 'x=1'; there are none"}};
+    for (const auto &[line, mistake] : lines) {
+        const CommandResult result = runLine(line);
+        EXPECT_EQ(result.exitCode, 2) << qPrintable(QString::fromUtf16(line));
+        EXPECT_TRUE(result.errors.startsWith(u"cobble: " + QString::fromUtf16(mistake)))
+            << qPrintable(result.errors.left(200));
+        EXPECT_TRUE(result.errors.contains(u"Usage:"));
+    }
+    EXPECT_EQ(runLine(u"parse --help").exitCode, 0);
+}
+
+TEST(FormatCommand, ShowsValues)
+{
+    const std::tuple<const char16_t *, QString> lines[] = {
+        {u"format number -1234567.891 --option decimalPlaces=2 --option "
+         u"formatNegativeUsingParens=yes",
+         QStringLiteral("(1,234,567.89)")},
+        {u"format currency 1234.5 --option currencyType=JPY", QStringLiteral("¥1,234")},
+        {u"format duration 93784 --option useAbbreviations=no",
+         QStringLiteral("1 day 2 hours 3 minutes 4 seconds")},
+        {u"format date 2008-03-05T17:30 --option dateStyle=4 --locale fr_FR",
+         QStringLiteral("mercredi 5 mars 2008")},
+        {u"format date 2008-03-05 --option displayYear=false", QStringLiteral("March 5")},
+        {u"format date+time 2008-03-05T17:30Z", QStringLiteral("3/5/2008 12:30 PM")},
+        {u"format time 17:30", QStringLiteral("5:30 PM")},
+        {u"format phone 2125550168", QStringLiteral("(212) 555-0168")},
+        {u"format number 1e3", QStringLiteral("1,000")}};
+    for (const auto &[line, display] : lines) {
+        const CommandResult result = runLine(line);
+        EXPECT_EQ(result.exitCode, 0) << qPrintable(QString::fromUtf16(line));
+        EXPECT_TRUE(result.output.contains(u"  display:  " + display + u'\n'))
+            << qPrintable(result.output);
+    }
+}
+
+TEST(FormatCommand, RefusesWhatIsNoValue)
+{
+    for (const char16_t *line :
+         {u"format number 4a2", u"format number 1,5", u"format date 5/3/08", u"format time noon",
+          u"format duration 1h", u"format date 2008-02-30"}) {
+        const CommandResult result = runLine(line);
+        EXPECT_EQ(result.exitCode, 1) << qPrintable(QString::fromUtf16(line));
+        EXPECT_TRUE(result.errors.contains(QStringLiteral("is no value of type")));
+        EXPECT_EQ(result.output, QString());
+    }
+}
+
+TEST(ParseCommand, SurvivesAnyText)
+{
+    for (const QString &text : hostileTexts()) {
+        for (const QString &type : {QStringLiteral("number"), QStringLiteral("currency"),
+                                    QStringLiteral("date"), QStringLiteral("duration")})
+            EXPECT_NE(
+                runInProcess({QStringLiteral("parse"), type, QStringLiteral("--"), text}).exitCode,
+                2);
+    }
+}

@@ -1,0 +1,71 @@
+#include "Commands/StandardStreams.h"
+
+#include "support/TestSupport.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+int openedForWriting(const QString &path)
+{
+    return ::open(path.toLocal8Bit().constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+}
+} // namespace
+
+TEST(DescriptorStream, WritesUtf8AndLeavesTheDescriptorOpen)
+{
+    const QString path = testing_support::useFreshHome() + u"/out";
+    const int descriptor = openedForWriting(path);
+    for (const char16_t *text : {u"Größe", u" 公司\n"}) {
+        DescriptorStream output(descriptor);
+        output.stream() << QStringView(text);
+        EXPECT_EQ(output.finish(), QString());
+    }
+    EXPECT_EQ(::close(descriptor), 0);
+    EXPECT_EQ(testing_support::contentsOf(path), QByteArray("Größe 公司\n"));
+}
+
+TEST(DescriptorStream, WritingNothingSucceeds)
+{
+    const int descriptor = openedForWriting(QStringLiteral("/dev/full"));
+    DescriptorStream output(descriptor);
+    EXPECT_EQ(output.finish(), QString());
+    ::close(descriptor);
+}
+
+TEST(DescriptorStream, TellsOfAFullDisk)
+{
+    const int descriptor = openedForWriting(QStringLiteral("/dev/full"));
+    DescriptorStream output(descriptor);
+    output.stream() << "text";
+    EXPECT_EQ(output.finish(), QStringLiteral("No space left on device"));
+    ::close(descriptor);
+}
+
+TEST(DescriptorStream, TellsOfAFullDiskAlsoAfterMoreThanABuffer)
+{
+    const int descriptor = openedForWriting(QStringLiteral("/dev/full"));
+    DescriptorStream output(descriptor);
+    output.stream() << testing_support::megabyteOf(QStringLiteral("x")) << Qt::flush << "y";
+    EXPECT_EQ(output.finish(), QStringLiteral("No space left on device"));
+    ::close(descriptor);
+}
+
+TEST(DescriptorStream, TellsOfADescriptorForReading)
+{
+    const int descriptor = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+    DescriptorStream output(descriptor);
+    output.stream() << "text";
+    EXPECT_EQ(output.finish(), QStringLiteral("Bad file descriptor"));
+    ::close(descriptor);
+}
+
+TEST(StandardDescriptors, AreLeftAloneWhenTheyAreThere)
+{
+    const int before = ::dup(STDERR_FILENO);
+    ::close(before);
+    reserveStandardDescriptors();
+    const int after = ::dup(STDERR_FILENO);
+    ::close(after);
+    EXPECT_EQ(before, after);
+}

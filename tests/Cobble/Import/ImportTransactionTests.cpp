@@ -1,0 +1,273 @@
+#include "Import/ImportTransaction.h"
+
+#include "support/FileTree.h"
+#include "support/TestSupport.h"
+
+#include <QElapsedTimer>
+
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+using testing_support::FileTree;
+using testing_support::writeFile;
+
+namespace {
+Library libraryNamed(const QString &name)
+{
+    Library library;
+    library.name = name;
+    library.tableName = QString(u"kt_" + name);
+    LibraryField field;
+    field.columnName = QStringLiteral("kt_picture");
+    field.type = FieldType::Media;
+    library.fields = {field};
+    return library;
+}
+
+class ImportTransactionTest : public testing::Test
+{
+protected:
+    ImportTransactionTest() : bundle(tree.path(QStringLiteral("b.cobbledb")))
+    {
+        testing_support::needApplication();
+        tree.add(QStringLiteral("a.png"), "picture");
+    }
+
+    std::unique_ptr<ImportTransaction> begin()
+    {
+        error = QString();
+        return ImportTransaction::begin(bundle, &error);
+    }
+
+    /// Makes a library with one record that has a picture. \return the picture's URL.
+    QString store(ImportTransaction &import, const QString &name)
+    {
+        const auto url =
+            import.storeMedia(*NSURL::fileURLWithPath(tree.path(QStringLiteral("a.png"))));
+        EXPECT_TRUE(import.store().create(libraryNamed(name)));
+        EXPECT_TRUE(url && import.store().insert({url->absoluteString()}));
+        return url ? url->absoluteString() : QString();
+    }
+
+    QStringList libraryNames()
+    {
+        QStringList names;
+        const auto store = LibraryStore::open(bundle, LibraryStore::Mode::Existing, &error);
+        const QList<Library> libraries = store ? store->libraries() : QList<Library>();
+        for (const Library &library : libraries)
+            names += library.name;
+        return names;
+    }
+
+    QStringList mediaNames() const
+    {
+        return QDir(bundle.mediaFolderPath())
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+
+    FileTree tree;
+    KTDatabaseBundle bundle;
+    QString error;
+};
+} // namespace
+
+TEST_F(ImportTransactionTest, StoresWhatIsCommitted)
+{
+    const auto import = begin();
+    ASSERT_TRUE(import);
+    EXPECT_EQ(store(*import, QStringLiteral("one")), QStringLiteral("cobblemedia://a.0.png"));
+    EXPECT_TRUE(import->commit());
+    EXPECT_EQ(libraryNames(), QStringList(QStringLiteral("one")));
+    EXPECT_EQ(mediaNames(), QStringList(QStringLiteral("a.0.png")));
+    EXPECT_FALSE(QFile::exists(bundle._resourcesFolderPath() + u"/ImportedMedia"));
+}
+
+TEST_F(ImportTransactionTest, LeavesNothingOfANewBundle)
+{
+    {
+        const auto import = begin();
+        ASSERT_TRUE(import);
+        store(*import, QStringLiteral("one"));
+    }
+    EXPECT_EQ(tree.contents().keys(), QStringList(QStringLiteral("a.png")));
+}
+
+TEST_F(ImportTransactionTest, LeavesABundleAsItWas)
+{
+    {
+        const auto import = begin();
+        store(*import, QStringLiteral("one"));
+        ASSERT_TRUE(import->commit());
+    }
+    {
+        const auto import = begin();
+        ASSERT_TRUE(import->store().remove(libraryNamed(QStringLiteral("one"))));
+        EXPECT_EQ(store(*import, QStringLiteral("two")), QStringLiteral("cobblemedia://a.1.png"));
+        EXPECT_EQ(mediaNames().size(), 2);
+    }
+    EXPECT_EQ(libraryNames(), QStringList(QStringLiteral("one")));
+    EXPECT_EQ(mediaNames(), QStringList(QStringLiteral("a.0.png")));
+}
+
+TEST_F(ImportTransactionTest, CleansUpAfterOneThatDied)
+{
+    {
+        const auto import = begin();
+        store(*import, QStringLiteral("one"));
+        ASSERT_TRUE(import->commit());
+    }
+    // What a process leaves that is killed: its files, and their list. One that died after it had
+    // committed leaves the names of files that are in use.
+    writeFile(bundle.mediaFolderPath() + u"/b.0.png", "left");
+    writeFile(bundle.mediaFolderPath() + u"/c.0.png", "the user's");
+    writeFile(bundle._resourcesFolderPath() + u"/ImportedMedia",
+              "cobblemedia://a.0.png\ncobblemedia://b.0.png\ncobblemedia://none\nhttp://x/y\n"
+              "cobblemedia://..%2FDatabase\ncobblemedia://unfini");
+    const auto import = begin();
+    ASSERT_TRUE(import);
+    EXPECT_EQ(mediaNames(), QStringList({QStringLiteral("a.0.png"), QStringLiteral("c.0.png")}));
+    EXPECT_TRUE(import->commit());
+    EXPECT_EQ(libraryNames(), QStringList(QStringLiteral("one")));
+}
+
+TEST_F(ImportTransactionTest, ANameThatWasCutOffIsNoName)
+{
+    ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
+    // The disk was full in the middle of "notes.12".
+    writeFile(bundle.mediaFolderPath() + u"/notes.1", "the user's");
+    writeFile(bundle.mediaFolderPath() + u"/notes.", "the user's");
+    writeFile(bundle._resourcesFolderPath() + u"/ImportedMedia", "cobblemedia://notes.1");
+    ASSERT_TRUE(begin());
+    EXPECT_EQ(mediaNames(), QStringList({QStringLiteral("notes."), QStringLiteral("notes.1")}));
+}
+
+TEST_F(ImportTransactionTest, AListDeletesNothingThroughALink)
+{
+    ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
+    ASSERT_TRUE(QDir().rmdir(bundle.mediaFolderPath()));
+    tree.add(QStringLiteral("documents/letter"));
+    ASSERT_TRUE(QFile::link(tree.path(QStringLiteral("documents")), bundle.mediaFolderPath()));
+    writeFile(bundle._resourcesFolderPath() + u"/ImportedMedia", "cobblemedia://letter\n");
+    ASSERT_TRUE(begin());
+    EXPECT_TRUE(QFile::exists(tree.path(QStringLiteral("documents/letter"))));
+}
+
+TEST_F(ImportTransactionTest, ALinkInPlaceOfTheListIsNotFollowed)
+{
+    ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
+    const QString list = bundle._resourcesFolderPath() + u"/ImportedMedia";
+    ASSERT_TRUE(QFile::link(tree.path(QStringLiteral("a.png")), list));
+    const auto import = begin();
+    ASSERT_TRUE(import) << error.toStdString();
+    store(*import, QStringLiteral("one"));
+    EXPECT_TRUE(import->commit());
+    EXPECT_EQ(testing_support::contentsOf(tree.path(QStringLiteral("a.png"))), "picture");
+}
+
+TEST_F(ImportTransactionTest, APipeInPlaceOfTheListIsNotWaitedFor)
+{
+    ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
+    const QString list = bundle._resourcesFolderPath() + u"/ImportedMedia";
+    ASSERT_EQ(::mkfifo(QFile::encodeName(list).constData(), 0600), 0);
+    EXPECT_TRUE(begin());
+    EXPECT_FALSE(QFile::exists(list));
+}
+
+TEST_F(ImportTransactionTest, WhatOthersPutIntoANewBundleStays)
+{
+    {
+        const auto import = begin();
+        ASSERT_TRUE(import);
+        store(*import, QStringLiteral("one"));
+        writeFile(bundle.mediaFolderPath() + u"/b.0.png", "the user's");
+    }
+    EXPECT_EQ(mediaNames(), QStringList(QStringLiteral("b.0.png")));
+    EXPECT_FALSE(QFile::exists(bundle.databaseFilePath()));
+}
+
+TEST_F(ImportTransactionTest, MediaThatCannotBeListedAreNotStored)
+{
+    const auto import = begin();
+    ASSERT_TRUE(import);
+    const NSURL picture = *NSURL::fileURLWithPath(tree.path(QStringLiteral("a.png")));
+    struct rlimit before = {};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    // Room for the picture, not for its name.
+    const struct rlimit small = {rlim_t(10), before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    const std::optional<NSURL> none = import->storeMedia(picture);
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_FALSE(none.has_value());
+    EXPECT_TRUE(mediaNames().isEmpty());
+    EXPECT_EQ(testing_support::contentsOf(bundle._resourcesFolderPath() + u"/ImportedMedia"), "");
+    EXPECT_TRUE(import->storeMedia(picture).has_value());
+    EXPECT_EQ(testing_support::contentsOf(bundle._resourcesFolderPath() + u"/ImportedMedia"),
+              "cobblemedia://a.0.png\n");
+}
+
+TEST_F(ImportTransactionTest, FilesOfTheBundleAreNotCopiedAgain)
+{
+    const auto import = begin();
+    writeFile(bundle.mediaFolderPath() + u"/b.0.png", "there");
+    const NSURL there = *NSURL::URLWithString(QStringLiteral("cobblemedia://b.0.png"));
+    EXPECT_EQ(import->storeMedia(there), there);
+    EXPECT_FALSE(
+        import->storeMedia(*NSURL::URLWithString(QStringLiteral("cobblemedia://c.0.png"))));
+    EXPECT_FALSE(import->storeMedia(*NSURL::URLWithString(QStringLiteral("https://a/b"))));
+    EXPECT_EQ(mediaNames(), QStringList(QStringLiteral("b.0.png")));
+}
+
+TEST_F(ImportTransactionTest, ASlashBehindTheBundleIsNotPartOfItsName)
+{
+    const KTDatabaseBundle same = bundle;
+    bundle = KTDatabaseBundle(bundle.bundlePath() + u'/');
+    const auto import = begin();
+    ASSERT_TRUE(import) << error.toStdString();
+    EXPECT_EQ(ImportTransaction::begin(same, &error, 10), nullptr);
+    EXPECT_EQ(error, QStringLiteral("another import is running"));
+}
+
+TEST_F(ImportTransactionTest, PathsThatAreNoBundle)
+{
+    bundle = KTDatabaseBundle(tree.path(QStringLiteral("a.png")));
+    EXPECT_EQ(begin(), nullptr);
+    EXPECT_EQ(error, QStringLiteral("the database bundle cannot be made"));
+    bundle = KTDatabaseBundle(tree.path(QStringLiteral("none/b.cobbledb")));
+    EXPECT_EQ(begin(), nullptr);
+    EXPECT_EQ(error, QStringLiteral("there is no folder for the database bundle"));
+    EXPECT_EQ(tree.contents().keys(), QStringList(QStringLiteral("a.png")));
+}
+
+TEST_F(ImportTransactionTest, DamagedDatabasesStay)
+{
+    ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
+    writeFile(bundle.databaseFilePath(), QByteArray(5000, 'x'));
+    EXPECT_EQ(begin(), nullptr);
+    EXPECT_EQ(error, QStringLiteral("file is not a database"));
+    EXPECT_EQ(testing_support::contentsOf(bundle.databaseFilePath()).size(), 5000);
+}
+
+TEST_F(ImportTransactionTest, OneAtATime)
+{
+    const auto first = begin();
+    ASSERT_TRUE(first);
+    EXPECT_EQ(ImportTransaction::begin(bundle, &error, 10), nullptr);
+    EXPECT_EQ(error, QStringLiteral("another import is running"));
+    store(*first, QStringLiteral("one"));
+    EXPECT_TRUE(first->commit());
+    EXPECT_EQ(libraryNames(), QStringList(QStringLiteral("one")));
+}
+
+TEST_F(ImportTransactionTest, TheApplicationsFolderIsMade)
+{
+    const QString home = testing_support::useFreshHome();
+    bundle = KTDatabaseBundle::factoryDefaultDatabaseBundle();
+    const auto import = begin();
+    ASSERT_TRUE(import) << error.toStdString();
+    EXPECT_TRUE(import->commit());
+    EXPECT_TRUE(QFile::exists(home + u"/.local/share/Cobble/cobble.cobbledb/Contents/Resources/"
+                                     u"Database"));
+}

@@ -1,0 +1,4 @@
+target_sources(CobbleTests PRIVATE
+    Cobble/Library/LibraryStoreTests.cpp
+    Cobble/Library/StoredValueTests.cpp
+)

@@ -1,0 +1,200 @@
+#include "Text/TextFile.h"
+
+#include "support/TestSupport.h"
+
+#include <QDir>
+
+#include <sys/stat.h>
+#include <thread>
+
+namespace {
+QString decodedText(const char *bytes, qsizetype size)
+{
+    QString reason;
+    const QString text = TextFile::textOfData(QByteArray(bytes, size), &reason);
+    EXPECT_EQ(reason, QString());
+    return text;
+}
+
+QString reasonForData(const QByteArray &data)
+{
+    QString reason;
+    EXPECT_EQ(TextFile::textOfData(data, &reason), QString());
+    return reason;
+}
+
+QString reasonForFile(const QString &path)
+{
+    QString reason;
+    EXPECT_EQ(TextFile::textOfFile(path, &reason), QString());
+    return reason;
+}
+
+QByteArray utf16Of(const QString &text, bool isBigEndian)
+{
+    QByteArray data(isBigEndian ? "\xfe\xff" : "\xff\xfe", 2);
+    for (const QChar character : text) {
+        const char low = char(character.unicode() & 0xff);
+        const char high = char(character.unicode() >> 8);
+        data += isBigEndian ? high : low;
+        data += isBigEndian ? low : high;
+    }
+    return data;
+}
+
+#define DECODED(literal) decodedText(literal, sizeof(literal) - 1)
+} // namespace
+
+TEST(TextFile, ReadsUtf8)
+{
+    EXPECT_EQ(DECODED("abc"), QStringLiteral("abc"));
+    EXPECT_EQ(DECODED("\xc3\xa9\xe5\x85\xac\xf0\x9f\x98\x80"), QStringLiteral("é公😀"));
+}
+
+TEST(TextFile, TheByteOrderMarkIsNoText)
+{
+    EXPECT_EQ(DECODED("\xef\xbb\xbf"
+                      "abc"),
+              QStringLiteral("abc"));
+    EXPECT_EQ(DECODED("\xff\xfe"
+                      "a\0b\0"),
+              QStringLiteral("ab"));
+    EXPECT_EQ(DECODED("\xfe\xff"
+                      "\0a\0b"),
+              QStringLiteral("ab"));
+}
+
+TEST(TextFile, ASecondMarkIsText)
+{
+    EXPECT_EQ(DECODED("\xef\xbb\xbf\xef\xbb\xbf"
+                      "a"),
+              QStringLiteral("\ufeff"
+                             "a"));
+}
+
+TEST(TextFile, NothingAndAMarkAloneAreEmptyTexts)
+{
+    for (const QString &text :
+         {DECODED(""), DECODED("\xef\xbb\xbf"), DECODED("\xff\xfe"), DECODED("\xfe\xff")}) {
+        EXPECT_TRUE(text.isEmpty());
+        EXPECT_FALSE(text.isNull());
+    }
+}
+
+TEST(TextFile, EveryTextIsReadBackInEachEncoding)
+{
+    for (const QString &text : testing_support::hostileTexts()) {
+        if (!text.isValidUtf16() || text.contains(QChar::Null))
+            continue;
+        EXPECT_TRUE(TextFile::textOfData(text.toUtf8()) == text);
+        EXPECT_TRUE(TextFile::textOfData(utf16Of(text, true)) == text);
+        EXPECT_TRUE(TextFile::textOfData(utf16Of(text, false)) == text);
+    }
+}
+
+TEST(TextFile, NamesTheLineThatIsNotUtf8)
+{
+    const QString reason = QStringLiteral("not a text file in UTF-8 (line %1)");
+    EXPECT_EQ(reasonForData("\xff"), reason.arg(1));
+    EXPECT_EQ(reasonForData("a\nb\n\xe9t\xe9\n"), reason.arg(3));
+    EXPECT_EQ(reasonForData("a\r\nb\rc\n\nStra\xdf"
+                            "e"),
+              reason.arg(5));
+    EXPECT_EQ(reasonForData("\xef\xbb\xbf"
+                            "a\n\x80"),
+              reason.arg(2));
+}
+
+TEST(TextFile, DoubtfulUtf8IsRefused)
+{
+    const QByteArrayList sequences = {"\xc0\xaf",         // overlong
+                                      "\xe0\x80\xaf",     // overlong
+                                      "\xed\xa0\x80",     // half of a surrogate pair
+                                      "\xf4\x90\x80\x80", // above the last code point
+                                      "\xe5\x85",         // cut off
+                                      "\xf8\x88\x80\x80\x80"};
+    for (const QByteArray &sequence : sequences)
+        EXPECT_EQ(reasonForData("a\n" + sequence),
+                  QStringLiteral("not a text file in UTF-8 (line 2)"));
+}
+
+TEST(TextFile, NulBytesAreNoText)
+{
+    EXPECT_EQ(reasonForData(QByteArray("a\0b", 3)), QStringLiteral("not a text file"));
+    EXPECT_EQ(reasonForData(QByteArray("\x7f"
+                                       "ELF\0\xff",
+                                       6)),
+              QStringLiteral("not a text file"));
+    // Also UTF-16 without a mark, and UTF-32 with one.
+    EXPECT_EQ(reasonForData(QByteArray("a\0b\0", 4)), QStringLiteral("not a text file"));
+    EXPECT_EQ(reasonForData(QByteArray("\xff\xfe\0\0a\0\0\0", 8)),
+              QStringLiteral("not a text file"));
+}
+
+TEST(TextFile, NamesTheLineThatIsNotUtf16)
+{
+    const QString reason = QStringLiteral("not a text file in UTF-16 (line %1)");
+    const QString text = QStringLiteral("a\nb");
+    for (const bool isBigEndian : {true, false}) {
+        EXPECT_EQ(reasonForData(utf16Of(text + QChar(0xD800), isBigEndian)), reason.arg(2));
+        EXPECT_EQ(reasonForData(utf16Of(QChar(0xDC00) + text, isBigEndian)), reason.arg(1));
+        EXPECT_EQ(reasonForData(utf16Of(text, isBigEndian) + 'x'), reason.arg(2));
+    }
+}
+
+TEST(TextFile, TheReasonMayBeLeftOut)
+{
+    EXPECT_EQ(TextFile::textOfData("\xff"), QString());
+    EXPECT_EQ(TextFile::textOfFile(QStringLiteral("/no/such/file")), QString());
+}
+
+TEST(TextFile, ReadsFiles)
+{
+    const QString path = testing_support::useFreshHome() + u"/Café 公司.csv";
+    testing_support::writeFile(path, "a,b\r\n");
+    EXPECT_EQ(TextFile::textOfFile(path), QStringLiteral("a,b\r\n"));
+}
+
+TEST(TextFile, FilesOfSeveralChunks)
+{
+    const QString path = testing_support::useFreshHome() + u"/long.csv";
+    // Three bytes a character, so that chunks end within characters.
+    const QByteArray bytes = QByteArray("\xe5\x85\xac").repeated(1 << 20);
+    testing_support::writeFile(path, bytes);
+    EXPECT_TRUE(TextFile::textOfFile(path).toUtf8() == bytes);
+}
+
+TEST(TextFile, TellsWhyAFileCannotBeRead)
+{
+    const QString home = testing_support::useFreshHome();
+    EXPECT_EQ(reasonForFile(home + u"/missing.csv"), QStringLiteral("No such file or directory"));
+    EXPECT_EQ(reasonForFile(home), QStringLiteral("is a folder, not a file"));
+    testing_support::writeFile(home + u"/empty.csv", QByteArray());
+    EXPECT_EQ(reasonForFile(home + u"/empty.csv"), QStringLiteral("the file is empty"));
+    testing_support::writeFile(home + u"/mark.csv", "\xef\xbb\xbf");
+    EXPECT_EQ(reasonForFile(home + u"/mark.csv"), QStringLiteral("the file is empty"));
+    EXPECT_EQ(reasonForFile(home + u"/empty.csv/x.csv"), QStringLiteral("Not a directory"));
+    EXPECT_FALSE(reasonForFile(QString()).isNull());
+}
+
+TEST(TextFile, AReadErrorIsNotTheEnd)
+{
+    // It can be opened, but nothing can be read at its beginning.
+    EXPECT_EQ(reasonForFile(QStringLiteral("/proc/self/mem")),
+              QStringLiteral("Input/output error"));
+}
+
+TEST(TextFile, ADeviceWithoutAnEndIsRefused)
+{
+    EXPECT_EQ(reasonForFile(QStringLiteral("/dev/zero")), QStringLiteral("not a text file"));
+}
+
+TEST(TextFile, ReadsPipes)
+{
+    const QString path = testing_support::useFreshHome() + u"/pipe";
+    ASSERT_EQ(::mkfifo(path.toLocal8Bit().constData(), 0600), 0);
+    std::thread writer([&] { testing_support::writeFile(path, "a,b\n1,2\n"); });
+    const QString text = TextFile::textOfFile(path);
+    writer.join();
+    EXPECT_EQ(text, QStringLiteral("a,b\n1,2\n"));
+}

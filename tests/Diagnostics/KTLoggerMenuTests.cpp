@@ -1,0 +1,170 @@
+#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/AppKit/NSMenuItem.h>
+#include <KTUtility/Platform/Values/NSException.h>
+
+#include "support/TestSupport.h"
+
+#include <QMenu>
+
+namespace {
+/// A logger in a fresh home folder, and its menu.
+class KTLoggerMenuTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        testing_support::useFreshHome();
+        testing_support::needApplication();
+        logger = std::make_unique<KTLogger>();
+        menu = std::make_unique<QMenu>();
+        logger->populateComponentLoggingMenu(menu->menuAction());
+    }
+
+    QAction *item(const QString &title) const
+    {
+        for (QAction *action : menu->actions()) {
+            if (NSMenuItem::title(action) == title)
+                return action;
+        }
+        return nullptr;
+    }
+
+    /// The item of a component's submenu that sets a level.
+    QAction *levelItem(const QString &component, int level) const
+    {
+        return item(component)->menu()->actions().at(7 - level);
+    }
+
+    /// The titles of the checked items of a menu that is about to be shown.
+    static QStringList checkedTitles(QMenu *shown)
+    {
+        Q_EMIT shown->aboutToShow();
+        QStringList titles;
+        for (QAction *action : shown->actions()) {
+            if (action->isChecked())
+                titles += NSMenuItem::title(action);
+        }
+        return titles;
+    }
+
+    std::unique_ptr<KTLogger> logger;
+    std::unique_ptr<QMenu> menu;
+};
+} // namespace
+
+TEST_F(KTLoggerMenuTest, HoldsItsItemsInOrder)
+{
+    const QList<QAction *> actions = menu->actions();
+    ASSERT_EQ(actions.size(), 7 + 39);
+    QStringList titles;
+    for (QAction *action : actions)
+        titles += action->isSeparator() ? QStringLiteral("-") : NSMenuItem::title(action);
+    EXPECT_EQ(titles.mid(0, 7),
+              QStringList({QStringLiteral("Log To Console"), QStringLiteral("Log To File"),
+                           QStringLiteral("-"), QStringLiteral("Display File and Line"),
+                           QStringLiteral("-"), QStringLiteral("Clear all logging state"),
+                           QStringLiteral("-")}));
+    EXPECT_EQ(titles.mid(7), logger->allComponentsArray());
+    for (QAction *action : actions)
+        EXPECT_TRUE(action->shortcut().isEmpty());
+    EXPECT_EQ(NSMenuItem::action(actions[0]), NSSelector("setOutputToConsole:"));
+    EXPECT_EQ(NSMenuItem::action(actions[1]), NSSelector("setOutputToFile:"));
+    EXPECT_EQ(NSMenuItem::action(actions[3]), NSSelector("setDisplayFileLine:"));
+    EXPECT_EQ(NSMenuItem::action(actions[5]), NSSelector("clearAllLoggingState:"));
+    EXPECT_TRUE(NSMenuItem::action(actions[7]).isNull());
+    EXPECT_EQ(NSMenuItem::target(actions[0]), logger.get());
+}
+
+TEST_F(KTLoggerMenuTest, AmpersandsAreShownAndMarkNoShortcut)
+{
+    EXPECT_EQ(item(kLog_DragDrop)->text(), QStringLiteral("Drag && Drop"));
+}
+
+TEST_F(KTLoggerMenuTest, SubmenusHoldEightLevelsWithTheirTags)
+{
+    const auto submenu = logger->createLogLevelSubmenuWithBase(170);
+    EXPECT_EQ(submenu->title(), QStringLiteral("submenu"));
+    const QList<QAction *> actions = submenu->actions();
+    ASSERT_EQ(actions.size(), 8);
+    EXPECT_EQ(NSMenuItem::title(actions[0]), QStringLiteral("7 (most detail)"));
+    EXPECT_EQ(NSMenuItem::title(actions[7]), QStringLiteral("0 (off)"));
+    for (int index = 0; index < 8; ++index) {
+        EXPECT_EQ(NSMenuItem::tag(actions[index]), 177 - index);
+        EXPECT_EQ(NSMenuItem::action(actions[index]), NSSelector("setComponentLogLevel:"));
+        EXPECT_EQ(NSMenuItem::target(actions[index]), logger.get());
+        if (index > 0 && index < 7) {
+            EXPECT_EQ(NSMenuItem::title(actions[index]), QString::number(7 - index));
+        }
+    }
+}
+
+TEST_F(KTLoggerMenuTest, ChoosingALevelStoresIt)
+{
+    QAction *three = levelItem(kLog_FormattersCurrency, 3);
+    EXPECT_EQ(NSMenuItem::tag(three), 173);
+    three->trigger();
+    EXPECT_EQ(logger->levelOfComponent(kLog_FormattersCurrency), 3);
+    EXPECT_EQ(checkedTitles(item(kLog_FormattersCurrency)->menu()),
+              QStringList{QStringLiteral("3")});
+    levelItem(kLog_FormattersCurrency, 0)->trigger();
+    EXPECT_EQ(logger->levelOfComponent(kLog_FormattersCurrency), 0);
+}
+
+TEST_F(KTLoggerMenuTest, WithoutSettingsEverySubmenuMarksOff)
+{
+    for (const QString &component : logger->allComponentsArray())
+        EXPECT_EQ(checkedTitles(item(component)->menu()), QStringList{QStringLiteral("0 (off)")});
+    EXPECT_EQ(checkedTitles(menu.get()), QStringList{QStringLiteral("Log To File")});
+}
+
+TEST_F(KTLoggerMenuTest, MarksFollowTheSettings)
+{
+    levelItem(kLog_Undo, 7)->trigger();
+    item(QStringLiteral("Log To Console"))->trigger();
+    item(QStringLiteral("Display File and Line"))->trigger();
+    EXPECT_EQ(checkedTitles(menu.get()), QStringList({QStringLiteral("Log To Console"),
+                                                      QStringLiteral("Display File and Line")}));
+    item(QStringLiteral("Log To Console"))->trigger();
+    EXPECT_FALSE(logger->writeToFile());
+    EXPECT_TRUE(item(QStringLiteral("Log To Console"))->isChecked());
+    item(QStringLiteral("Clear all logging state"))->trigger();
+    EXPECT_EQ(logger->levelOfComponent(kLog_Undo), 0);
+}
+
+TEST_F(KTLoggerMenuTest, EveryItemStaysEnabledAndOthersKeepTheirMark)
+{
+    QAction foreign(QStringLiteral("foreign"));
+    foreign.setCheckable(true);
+    foreign.setChecked(true);
+    EXPECT_TRUE(logger->validateMenuItem(&foreign));
+    EXPECT_TRUE(foreign.isChecked());
+    EXPECT_TRUE(logger->validateMenuItem(nullptr));
+    for (QAction *action : menu->actions())
+        EXPECT_TRUE(logger->validateMenuItem(action));
+}
+
+TEST_F(KTLoggerMenuTest, TagsBeyondTheComponentsRaise)
+{
+    QAction stray;
+    NSMenuItem::setTag(&stray, 391);
+    EXPECT_RAISES(logger->setComponentLogLevel(&stray), NSRangeException,
+                  QStringLiteral("index (39) beyond bounds (39)"));
+    logger->setComponentLogLevel(nullptr);
+    EXPECT_EQ(logger->components()->value(kLog_AppleScript), QVariant(0));
+}
+
+TEST_F(KTLoggerMenuTest, AnItemWithoutSubmenuIsLeftAlone)
+{
+    QAction plain;
+    logger->populateComponentLoggingMenu(&plain);
+    logger->populateComponentLoggingMenu(nullptr);
+    EXPECT_EQ(plain.menu(), nullptr);
+}
+
+TEST_F(KTLoggerMenuTest, AMenuOutlivesItsLogger)
+{
+    logger.reset();
+    EXPECT_TRUE(checkedTitles(menu.get()).isEmpty());
+    item(QStringLiteral("Log To Console"))->trigger();
+    EXPECT_EQ(NSMenuItem::target(item(QStringLiteral("Log To File"))), nullptr);
+}

@@ -1,0 +1,429 @@
+#include <KTUtility/Diagnostics/KTLogCapture.h>
+#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/Platform/Values/NSObject.h>
+
+#include "support/TestSupport.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+
+#include <climits>
+#include <memory>
+#include <thread>
+#include <vector>
+
+using testing_support::contentsOf;
+using testing_support::standardErrorOf;
+using testing_support::writeFile;
+
+namespace {
+/// A fresh home folder and a logger that starts in it.
+class KTLoggerTest : public testing::Test
+{
+protected:
+    QString library() const { return home + QStringLiteral("/.local/share/Cobble"); }
+    QString settingsPath() const
+    {
+        return library() + QStringLiteral("/Preferences/org.cobble.Cobble.ktlogger.plist");
+    }
+    QString logPath() const { return library() + QStringLiteral("/Logs/cobble.log"); }
+    QString log() const { return QString::fromUtf8(contentsOf(logPath())); }
+    QVariantMap settings() const
+    {
+        return NSDictionary::dictionaryWithContentsOfFile(settingsPath()).value_or(QVariantMap());
+    }
+    void writeSettings(const QVariantMap &values)
+    {
+        ASSERT_TRUE(NSDictionary::writeToFile(values, settingsPath(), true));
+    }
+
+    QString home = testing_support::useFreshHome();
+};
+
+/// Logs when its thread ends: after what the logger keeps for the thread is gone, if it was there
+/// first.
+struct LogsAtTheEnd
+{
+    ~LogsAtTheEnd()
+    {
+        for (const int number : {2, 3})
+            logger->logComponent(kLog_Tests, 1, "f", 1, u"<%d>", number);
+    }
+
+    KTLogger *logger = nullptr;
+};
+
+QVariantMap componentsAt(const QString &component, const QVariant &level)
+{
+    return {{KTLoggerComponentsKey, QVariantMap{{component, level}}}};
+}
+} // namespace
+
+TEST_F(KTLoggerTest, AFreshUserHasEverythingOffAndAnEmptyLogFile)
+{
+    const KTLogger logger;
+    EXPECT_FALSE(logger.components().has_value());
+    for (const QString &component : logger.allComponentsArray()) {
+        for (int level = -1; level <= 8; ++level)
+            EXPECT_FALSE(logger.shouldLogComponent(component, level));
+    }
+    EXPECT_FALSE(logger.shouldLogComponent(kLog_invalid, INT_MIN));
+    EXPECT_TRUE(QFile::exists(logPath()));
+    EXPECT_TRUE(log().isEmpty());
+    EXPECT_FALSE(QFile::exists(settingsPath()));
+    EXPECT_TRUE(logger.writeToFile());
+    EXPECT_FALSE(logger.displayFileLine());
+}
+
+TEST_F(KTLoggerTest, ComponentsStandInTheirOrder)
+{
+    const KTLogger logger;
+    const QStringList &all = logger.allComponentsArray();
+    ASSERT_EQ(all.size(), 39);
+    EXPECT_EQ(all[0], kLog_AppleScript);
+    EXPECT_EQ(all[1], QStringLiteral("validateMenuItem"));
+    EXPECT_EQ(all[4], QStringLiteral("Drag & Drop"));
+    EXPECT_EQ(all[5], QStringLiteral("DataMap"));
+    EXPECT_EQ(all[17], QStringLiteral("Formatters -- Currency"));
+    EXPECT_EQ(all[33], QStringLiteral("SourceList"));
+    EXPECT_EQ(all[34], QStringLiteral("SourceItem"));
+    EXPECT_EQ(all[38], kLog_Upgrade);
+    EXPECT_FALSE(all.contains(kLog_invalid));
+    EXPECT_EQ(QSet<QString>(all.begin(), all.end()).size(), 39);
+}
+
+TEST_F(KTLoggerTest, ALevelLogsUpToItself)
+{
+    KTLogger logger;
+    logger.setLevelOfComponent(4, kLog_ImportDialog);
+    logger.setLevelOfComponent(0, kLog_Undo);
+    for (int level = -3; level <= 9; ++level) {
+        EXPECT_EQ(logger.shouldLogComponent(kLog_ImportDialog, level), level <= 4);
+        EXPECT_FALSE(logger.shouldLogComponent(kLog_Undo, level));
+    }
+}
+
+TEST_F(KTLoggerTest, NegativeLevelsCompareAsSignedNumbers)
+{
+    KTLogger logger;
+    logger.setLevelOfComponent(-2, kLog_Undo);
+    EXPECT_TRUE(logger.shouldLogComponent(kLog_Undo, -2));
+    EXPECT_TRUE(logger.shouldLogComponent(kLog_Undo, INT_MIN));
+    EXPECT_FALSE(logger.shouldLogComponent(kLog_Undo, -1));
+    EXPECT_FALSE(logger.shouldLogComponent(kLog_Printing, INT_MIN));
+}
+
+TEST_F(KTLoggerTest, AFileLineHoldsDateFileLineComponentAndMessage)
+{
+    KTLogger logger;
+    logger.setLevelOfComponent(4, kLog_ImportDialog);
+    logger.logComponent(kLog_ImportDialog, 4, "/some/where/Import.cpp", 42, u"%@ read %d%%", u"é",
+                        7);
+    static const QRegularExpression form(QStringLiteral(
+        "^(Sun|Mon|Tue|Wed|Thu|Fri|Sat) "
+        "(Jan|Feb|Mar|Apr|May|Jun|Jul|Aug|Sep|Oct|Nov|Dec) \\d\\d \\d{4} "
+        "\\d\\d:\\d\\d:\\d\\d\\.\\d{3} \\[Import\\.cpp:42\\]\\[Import Dialog\\] é read 7%\\n$"));
+    EXPECT_FALSE(logger.displayFileLine());
+    EXPECT_TRUE(form.match(log()).hasMatch()) << log().toStdString();
+}
+
+TEST_F(KTLoggerTest, NothingIsWrittenBelowTheLevelOrToTheConsole)
+{
+    KTLogger logger;
+    logger.setLevelOfComponent(4, kLog_ImportDialog);
+    const QString console = standardErrorOf([&] {
+        logger.logComponent(kLog_ImportDialog, 5, __FILE__, __LINE__, u"too deep");
+        logger.logComponent(kLog_Undo, 1, __FILE__, __LINE__, u"off");
+        logger.logComponent(kLog_ImportDialog, 4, __FILE__, __LINE__, u"written");
+    });
+    EXPECT_TRUE(console.isEmpty());
+    EXPECT_EQ(log().count(u'\n'), 1);
+}
+
+TEST_F(KTLoggerTest, ANilFormatLogsNull)
+{
+    KTLogger logger;
+    logger.setLevelOfComponent(1, kLog_Tests);
+    logger.logComponent(kLog_Tests, 1, nullptr, 0, QStringView());
+    EXPECT_TRUE(log().endsWith(u"[:0][Tests] <null>\n")) << log().toStdString();
+}
+
+TEST_F(KTLoggerTest, ConsoleLinesCarryFileAndLineIfAsked)
+{
+    KTLogger logger;
+    logger.setLevelOfComponent(1, kLog_Tests);
+    logger.setOutputToConsole(nullptr);
+    const auto write = [&] { logger.logComponent(kLog_Tests, 1, "a/b.cpp", 5, u"%d", 1); };
+    EXPECT_TRUE(standardErrorOf(write).endsWith(u"] [Tests] 1\n"));
+    logger.setDisplayFileLine(nullptr);
+    EXPECT_TRUE(standardErrorOf(write).endsWith(u"] [b.cpp:5][Tests] 1\n"));
+    logger.setDisplayFileLine(nullptr);
+    EXPECT_TRUE(standardErrorOf(write).endsWith(u"] [Tests] 1\n"));
+    EXPECT_TRUE(log().isEmpty());
+    logger.setOutputToFile(nullptr);
+    EXPECT_TRUE(standardErrorOf(write).isEmpty());
+    EXPECT_EQ(log().count(u'\n'), 1);
+}
+
+TEST_F(KTLoggerTest, SettingsAreSavedAtOnceAndReadByTheNextLogger)
+{
+    {
+        KTLogger logger;
+        logger.setLevelOfComponent(3, kLog_FormattersCurrency);
+        logger.setLevelOfComponent(7, kLog_invalid);
+        logger.setDisplayFileLine(nullptr);
+        logger.setOutputToConsole(nullptr);
+    }
+    const QVariantMap saved = settings();
+    EXPECT_EQ(saved.value(KTLoggerWriteToFileKey), QVariant(false));
+    EXPECT_EQ(saved.value(KTLoggerDisplayFileLineKey), QVariant(true));
+    EXPECT_EQ(saved.value(KTLoggerComponentsKey).toMap().size(), 2);
+    const KTLogger next;
+    EXPECT_FALSE(next.writeToFile());
+    EXPECT_TRUE(next.displayFileLine());
+    EXPECT_EQ(next.levelOfComponent(kLog_FormattersCurrency), 3);
+    EXPECT_TRUE(next.shouldLogComponent(kLog_invalid, 7));
+}
+
+TEST_F(KTLoggerTest, EveryStartEmptiesTheLogFile)
+{
+    writeFile(logPath(), "from last time\n");
+    const KTLogger logger;
+    EXPECT_TRUE(contentsOf(logPath()).isEmpty());
+}
+
+TEST_F(KTLoggerTest, WithoutComponentsSavingRaises)
+{
+    KTLogger logger;
+    const QString reason =
+        QStringLiteral("*** -[NSMutableDictionary setObject:forKey:]: attempt to "
+                       "insert nil value (key: components)");
+    EXPECT_RAISES(logger.writeConfigFile(), NSInvalidArgumentException, reason);
+    EXPECT_RAISES(logger.setOutputToConsole(nullptr), NSInvalidArgumentException, reason);
+    EXPECT_RAISES(logger.setOutputToFile(nullptr), NSInvalidArgumentException, reason);
+    EXPECT_RAISES(logger.setDisplayFileLine(nullptr), NSInvalidArgumentException, reason);
+    EXPECT_RAISES(logger.clearAllLoggingState(nullptr), NSInvalidArgumentException, reason);
+    EXPECT_FALSE(QFile::exists(settingsPath()));
+    // The setting was changed before the saving failed.
+    EXPECT_TRUE(logger.displayFileLine());
+}
+
+TEST_F(KTLoggerTest, ClearingSetsEveryListedComponentToZero)
+{
+    KTLogger logger;
+    logger.setLevelOfComponent(5, kLog_Undo);
+    logger.setLevelOfComponent(6, kLog_invalid);
+    logger.clearAllLoggingState(nullptr);
+    for (const QString &component : logger.allComponentsArray())
+        EXPECT_EQ(logger.components()->value(component), QVariant(0));
+    EXPECT_EQ(logger.levelOfComponent(kLog_invalid), 6);
+    EXPECT_EQ(settings().value(KTLoggerComponentsKey).toMap().size(), 40);
+}
+
+TEST_F(KTLoggerTest, SettingsOfWrongTypesCountAsMissing)
+{
+    writeSettings({{KTLoggerWriteToFileKey, QVariantList{1}},
+                   {KTLoggerDisplayFileLineKey, QStringLiteral("YES")},
+                   {KTLoggerComponentsKey, QStringLiteral("all")}});
+    const KTLogger logger;
+    EXPECT_TRUE(logger.writeToFile());
+    EXPECT_TRUE(logger.displayFileLine());
+    EXPECT_FALSE(logger.components().has_value());
+}
+
+TEST_F(KTLoggerTest, LevelsOfOtherTypesAreReadAsIntegers)
+{
+    for (const auto &[stored, level] :
+         std::vector<std::pair<QVariant, int>>{{QStringLiteral("4"), 4},
+                                               {3.9, 3},
+                                               {true, 1},
+                                               {QVariantList{5}, 0},
+                                               {qlonglong(1) << 40, INT_MAX},
+                                               {QByteArray("7"), 0}}) {
+        writeSettings(componentsAt(kLog_Undo, stored));
+        const KTLogger logger;
+        EXPECT_EQ(logger.levelOfComponent(kLog_Undo), level) << testing::PrintToString(stored);
+        EXPECT_EQ(logger.components()->value(kLog_Undo).metaType().id(), stored.metaType().id());
+    }
+}
+
+TEST_F(KTLoggerTest, DamagedSettingsLeaveEverythingOff)
+{
+    writeSettings(componentsAt(kLog_Undo, 4));
+    const QByteArray whole = contentsOf(settingsPath());
+    for (qsizetype length = 0; length < whole.size() - 9; length += 7) {
+        writeFile(settingsPath(), whole.first(length));
+        const KTLogger logger;
+        EXPECT_FALSE(logger.shouldLogComponent(kLog_Undo, 1)) << length;
+        EXPECT_TRUE(logger.writeToFile());
+    }
+}
+
+TEST_F(KTLoggerTest, SettingsThatAreAFolderAreNoSettings)
+{
+    QDir().mkpath(settingsPath());
+    KTLogger logger;
+    EXPECT_FALSE(logger.components().has_value());
+    // What cannot be saved is not kept: the settings are what the file says.
+    logger.setLevelOfComponent(4, kLog_Undo);
+    EXPECT_EQ(logger.levelOfComponent(kLog_Undo), 0);
+}
+
+TEST_F(KTLoggerTest, WithoutASettingsFileOtherSettingsStay)
+{
+    KTLogger logger;
+    logger.setLevelOfComponent(2, kLog_Undo);
+    logger.setOutputToConsole(nullptr);
+    logger.loadConfigFile(home + QStringLiteral("/nothing.plist"));
+    EXPECT_FALSE(logger.writeToFile());
+    EXPECT_FALSE(logger.components().has_value());
+    logger.loadConfigFile(QString());
+    EXPECT_FALSE(logger.writeToFile());
+}
+
+TEST_F(KTLoggerTest, WithoutALibraryFolderNothingIsSaved)
+{
+    qputenv("HOME", "");
+    const QTemporaryDir temporary;
+    qputenv("TMPDIR", temporary.path().toLocal8Bit());
+    KTLogger logger;
+    EXPECT_TRUE(logger.configFilePath().isNull());
+    EXPECT_TRUE(logger.userFile().isNull());
+    EXPECT_EQ(logger.logFolder(), temporary.filePath(QStringLiteral("Logs")));
+    EXPECT_TRUE(QFile::exists(temporary.filePath(QStringLiteral("Logs/cobble.log"))));
+    logger.setLevelOfComponent(4, kLog_Undo);
+    EXPECT_FALSE(logger.components().has_value());
+    qunsetenv("TMPDIR");
+    testing_support::useFreshHome();
+}
+
+TEST_F(KTLoggerTest, ALogFolderThatCannotBeMadeIsNoLogFile)
+{
+    writeFile(library() + QStringLiteral("/Logs"), "a file");
+    KTLogger logger;
+    logger.setLevelOfComponent(1, kLog_Tests);
+    logger.logComponent(kLog_Tests, 1, "f", 1, u"dropped");
+    EXPECT_EQ(contentsOf(library() + QStringLiteral("/Logs")), "a file");
+}
+
+TEST_F(KTLoggerTest, AFullDiskDropsTheLine)
+{
+    QDir().mkpath(library() + QStringLiteral("/Logs"));
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/full"), logPath()));
+    KTLogger logger;
+    logger.setLevelOfComponent(1, kLog_Tests);
+    for (int line = 0; line < 3; ++line)
+        logger.logComponent(kLog_Tests, 1, "f", 1, u"dropped");
+    EXPECT_TRUE(logger.shouldLogComponent(kLog_Tests, 1));
+}
+
+TEST_F(KTLoggerTest, HostileMessagesAndNames)
+{
+    KTLogger logger;
+    for (const QString &text : testing_support::hostileTexts()) {
+        logger.setLevelOfComponent(1, kLog_Tests);
+        const qsizetype before = contentsOf(logPath()).size();
+        logger.logComponent(kLog_Tests, 1, "f", 1, u"%@", text);
+        EXPECT_GE(contentsOf(logPath()).size() - before, text.size());
+        EXPECT_FALSE(logger.shouldLogComponent(text, 1));
+    }
+}
+
+TEST_F(KTLoggerTest, LinesOfSeveralThreadsDoNotMix)
+{
+    KTLogger logger;
+    logger.setLevelOfComponent(1, kLog_Tests);
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < 4; ++thread)
+        threads.emplace_back([&logger, thread] {
+            for (int line = 0; line < 200; ++line)
+                logger.logComponent(kLog_Tests, 1, "f", 1, u"<%d %@>", thread, QString(50, u'x'));
+        });
+    for (std::thread &thread : threads)
+        thread.join();
+    static const QRegularExpression form(QStringLiteral("\\] <\\d x{50}>$"));
+    const QStringList lines = log().split(u'\n', Qt::SkipEmptyParts);
+    EXPECT_EQ(lines.size(), 800);
+    for (const QString &line : lines)
+        EXPECT_TRUE(form.match(line).hasMatch()) << line.toStdString();
+}
+
+TEST_F(KTLoggerTest, WhatIsDestroyedLastMayLog)
+{
+    KTLogger logger;
+    logger.setLevelOfComponent(1, kLog_Tests);
+    std::thread([&logger] {
+        thread_local LogsAtTheEnd last;
+        last.logger = &logger;
+        logger.logComponent(kLog_Tests, 1, "f", 1, u"<%d>", 1);
+    }).join();
+    static const QRegularExpression form(
+        QStringLiteral("\\A[^<]* <1>\\n[^<]* <2>\\n[^<]* <3>\\n\\z"));
+    EXPECT_TRUE(form.match(log()).hasMatch()) << log().toStdString();
+}
+
+// --- The call site and the capture --------------------------------------------------------------
+
+TEST(KTLog, EvaluatesNoArgumentWhenOff)
+{
+    int evaluations = 0;
+    const auto argument = [&] { return ++evaluations; };
+    KTLog(kLog_Printing, 4, u"%d", argument());
+    EXPECT_EQ(evaluations, 0);
+    KTLogCapture capture(kLog_Printing, 4);
+    KTLog(kLog_Printing, 4, u"%d", argument());
+    KTLog(kLog_Printing, 5, u"%d", argument());
+    EXPECT_EQ(evaluations, 1);
+    EXPECT_EQ(capture.messages(), QStringList{QStringLiteral("1")});
+}
+
+TEST(KTLog, EvaluatesComponentAndLevelOnce)
+{
+    KTLogCapture capture(kLog_Printing, 7);
+    int evaluations = 0;
+    KTLog(kLog_Printing, ++evaluations, u"once");
+    EXPECT_EQ(evaluations, 1);
+    ASSERT_EQ(capture.entries().size(), 1);
+    EXPECT_EQ(capture.entries()[0].level, 1);
+    EXPECT_EQ(capture.entries()[0].file, QStringLiteral("KTLoggerTests.cpp"));
+    EXPECT_EQ(capture.entries()[0].component, kLog_Printing);
+    EXPECT_GT(capture.entries()[0].lineNumber, 1);
+}
+
+TEST(KTLog, IsOneStatement)
+{
+    KTLogCapture capture(kLog_Printing);
+    if (capture.messages().isEmpty())
+        KTLog(kLog_Printing, 1, u"then");
+    else
+        KTLog(kLog_Printing, 1, u"else");
+    EXPECT_EQ(capture.messages(), QStringList{QStringLiteral("then")});
+}
+
+TEST(KTLogCapture, RestoresWhatWasThere)
+{
+    KTLogger *logger = KTLogger::sharedLogger();
+    const auto before = logger->components();
+    {
+        KTLogCapture outer(kLog_Undo, 2);
+        {
+            KTLogCapture inner(kLog_Printing, 7);
+            KTLog(kLog_Printing, 7, u"inner");
+            KTLog(kLog_Undo, 2, u"also inner");
+            EXPECT_EQ(inner.messages().size(), 2);
+            inner.clear();
+            EXPECT_TRUE(inner.entries().isEmpty());
+        }
+        KTLog(kLog_Printing, 7, u"nobody");
+        KTLog(kLog_Undo, 2, u"outer");
+        EXPECT_EQ(outer.messages(), QStringList{QStringLiteral("outer")});
+        outer.setLevelOfComponent(3, kLog_Printing);
+        KTLog(kLog_Printing, 3, u"more");
+        EXPECT_EQ(outer.messages().size(), 2);
+    }
+    EXPECT_EQ(logger->components(), before);
+    EXPECT_FALSE(logger->shouldLogComponent(kLog_Undo, 1));
+}

@@ -1,0 +1,5 @@
+target_sources(KTUtilityTests PRIVATE
+    Diagnostics/KTAssertTests.cpp
+    Diagnostics/KTLoggerMenuTests.cpp
+    Diagnostics/KTLoggerTests.cpp
+)

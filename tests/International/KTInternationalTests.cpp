@@ -1,0 +1,240 @@
+#include <KTUtility/International/KTInternational.h>
+
+#include <KTUtility/Diagnostics/KTLogCapture.h>
+#include <KTUtility/Platform/Text/NSLocale.h>
+#include <KTUtility/Platform/Values/NSException.h>
+
+#include "support/FileTree.h"
+#include "support/TestSupport.h"
+
+#include <memory>
+#include <string>
+
+using testing_support::FileTree;
+
+namespace {
+/// An application whose list lies in a temporary folder.
+class Application : public KTInternational
+{
+public:
+    explicit Application(const QByteArray &list = {})
+    {
+        if (!list.isNull())
+            setList(list);
+    }
+    void setList(const QByteArray &entries) const
+    {
+        _tree.add(QStringLiteral("separators.plist"),
+                  "<plist version=\"1.0\"><dict>" + entries + "</dict></plist>");
+    }
+
+protected:
+    QString separatorsPath() const override
+    {
+        return _tree.path(QStringLiteral("separators.plist"));
+    }
+
+private:
+    FileTree _tree;
+};
+
+class InternationalTest : public testing::Test
+{
+protected:
+    // In place of the one that other tests may have made.
+    InternationalTest() { delete KTInternational::instance(); }
+    ~InternationalTest() override
+    {
+        NSLocale::resetCurrentLocale();
+        // The next test makes its own.
+        delete KTInternational::instance();
+    }
+
+    void useLocale(const char16_t *identifier)
+    {
+        NSLocale::setCurrentLocale(NSLocale(QString::fromUtf16(identifier)));
+    }
+    QString separator(QStringList before = {})
+    {
+        alternates = before;
+        return KTInternational::instance()->localizedCSVSeparatorAndAlternates(&alternates);
+    }
+
+    QStringList alternates;
+};
+
+const QByteArray Sample = "<key>List</key><array><string>,</string><string>;</string>"
+                          "<string>&#9;</string><string>;</string></array>"
+                          "<key>de</key><string>;</string>"
+                          "<key>de_CH</key><string>,</string>"
+                          "<key>xx_YY</key><string>|</string>";
+} // namespace
+
+TEST_F(InternationalTest, HeaderExample)
+{
+    auto *const application = new Application(Sample);
+    EXPECT_EQ(KTInternational::instance(), application);
+    useLocale(u"de_DE");
+    EXPECT_EQ(separator(), QStringLiteral(";"));
+    EXPECT_EQ(alternates, QStringList({QStringLiteral(","), QStringLiteral("\t")}));
+    EXPECT_TRUE(KTInternational::illegalCSVCharacterSet().characterIsMember(U'"'));
+}
+
+TEST_F(InternationalTest, TheCountryWinsOverTheLanguage)
+{
+    new Application(Sample);
+    useLocale(u"de_CH");
+    EXPECT_EQ(separator(), QStringLiteral(","));
+    EXPECT_EQ(alternates,
+              QStringList({QStringLiteral(";"), QStringLiteral("\t"), QStringLiteral(";")}));
+    useLocale(u"de_AT");
+    EXPECT_EQ(separator(), QStringLiteral(";"));
+    useLocale(u"de");
+    EXPECT_EQ(separator(), QStringLiteral(";"));
+}
+
+TEST_F(InternationalTest, UnknownLocalesLeaveTheArrayAlone)
+{
+    new Application(Sample);
+    useLocale(u"fr_FR");
+    EXPECT_EQ(separator({QStringLiteral("mine")}), QStringLiteral(","));
+    EXPECT_EQ(alternates, QStringList(QStringLiteral("mine")));
+}
+
+TEST_F(InternationalTest, TheSeparatorLeavesTheArrayWhereverItIs)
+{
+    new Application(Sample);
+    useLocale(u"de_DE");
+    separator({QStringLiteral(";"), QStringLiteral("mine")});
+    EXPECT_EQ(alternates,
+              QStringList({QStringLiteral("mine"), QStringLiteral(","), QStringLiteral("\t")}));
+}
+
+TEST_F(InternationalTest, ASeparatorThatIsNotInTheList)
+{
+    new Application(Sample);
+    useLocale(u"xx_YY");
+    EXPECT_EQ(separator(), QStringLiteral("|"));
+    EXPECT_EQ(alternates.size(), 4);
+}
+
+TEST_F(InternationalTest, WithoutAListItIsTheComma)
+{
+    auto *const application = new Application;
+    useLocale(u"de_DE");
+    EXPECT_FALSE(application->separatorsDict().has_value());
+    EXPECT_EQ(separator({QStringLiteral("mine")}), QStringLiteral(","));
+    EXPECT_EQ(alternates, QStringList(QStringLiteral("mine")));
+}
+
+TEST_F(InternationalTest, AMissingListIsLookedForAgainAndAFoundOneIsKept)
+{
+    auto *const application = new Application;
+    useLocale(u"de_DE");
+    EXPECT_EQ(separator(), QStringLiteral(","));
+    application->setList(Sample);
+    EXPECT_EQ(separator(), QStringLiteral(";"));
+    application->setList("<key>de</key><string>|</string>");
+    EXPECT_EQ(separator(), QStringLiteral(";"));
+}
+
+TEST_F(InternationalTest, ListsOfWrongTypesAreLogged)
+{
+    useLocale(u"de_DE");
+    struct Case
+    {
+        QByteArray list;
+        QString separator;
+        QString reason;
+    };
+    const QList<Case> cases = {
+        {"<key>de</key><integer>5</integer>", QStringLiteral(","),
+         QStringLiteral("5 is no text in the separators under de")},
+        {"<key>de</key><string>;</string><key>List</key><string>x%@</string>", QStringLiteral(";"),
+         QStringLiteral("x%@ is no list in the separators under List")},
+        {"<key>de</key><string>;</string><key>List</key><array><true/></array>",
+         QStringLiteral(";"), QStringLiteral("1 is no text in the separators under List")},
+    };
+    for (const Case &each : cases) {
+        const std::unique_ptr<Application> application(new Application(each.list));
+        const KTLogCapture capture(kLog_invalid, 4);
+        EXPECT_EQ(separator(), each.separator);
+        EXPECT_EQ(capture.messages(), QStringList(each.reason));
+    }
+}
+
+TEST_F(InternationalTest, AListThatIsPartlyWrongAddsNothing)
+{
+    new Application("<key>de</key><string>;</string>"
+                    "<key>List</key><array><string>;</string><integer>5</integer></array>");
+    useLocale(u"de_DE");
+    EXPECT_EQ(separator({QStringLiteral("mine")}), QStringLiteral(";"));
+    EXPECT_EQ(alternates, QStringList(QStringLiteral("mine")));
+}
+
+TEST_F(InternationalTest, AListWithoutAlternatives)
+{
+    new Application("<key>de</key><string>;</string>");
+    useLocale(u"de_DE");
+    EXPECT_EQ(separator({QStringLiteral("mine")}), QStringLiteral(";"));
+    EXPECT_EQ(alternates, QStringList(QStringLiteral("mine")));
+}
+
+TEST_F(InternationalTest, DamagedListsAreNone)
+{
+    auto *const application = new Application("<key>de</key>");
+    EXPECT_FALSE(application->separatorsDict().has_value());
+    EXPECT_EQ(separator(), QStringLiteral(","));
+}
+
+TEST_F(InternationalTest, OneObjectOnly)
+{
+    KTInternational *const first = KTInternational::instance();
+    EXPECT_EQ(KTInternational::instance(), first);
+    const QString output = testing_support::standardErrorOf([] {
+        EXPECT_RAISES(KTInternational(), NSInternalInconsistencyException,
+                      QStringLiteral("Should not be creating multiple KTInternational objects."));
+    });
+    EXPECT_TRUE(output.contains(u"KTInternational:29"));
+    EXPECT_EQ(KTInternational::instance(), first);
+}
+
+TEST_F(InternationalTest, TheArrayMustBeThere)
+{
+    const QString output = testing_support::standardErrorOf([] {
+        EXPECT_RAISES(
+            KTInternational::instance()->localizedCSVSeparatorAndAlternates(nullptr),
+            NSInternalInconsistencyException,
+            QStringLiteral("KTInternational: localizedCSVSeparatorAndAlternates: alternates param "
+                           "can't be nil"));
+    });
+    EXPECT_TRUE(output.contains(u"KTInternational:75"));
+}
+
+TEST_F(InternationalTest, IllegalCharactersAreThoseOfTheFirstCall)
+{
+    const NSCharacterSet &set = KTInternational::illegalCSVCharacterSet();
+    for (const char32_t character : std::u32string(U",;\"\r\n\t "))
+        EXPECT_TRUE(set.characterIsMember(character)) << unsigned(character);
+    EXPECT_FALSE(set.characterIsMember(U'a'));
+    EXPECT_EQ(&KTInternational::illegalCSVCharacterSet(), &set);
+}
+
+TEST_F(InternationalTest, TheEncodingIsMacRomanInPractice)
+{
+    for (const char16_t *locale : {u"en_US", u"ja_JP", u"de_DE", u"jp_JP"}) {
+        useLocale(locale);
+        EXPECT_EQ(KTInternational::stringEncodingForCurrentLanguage(), NSMacOSRomanStringEncoding);
+    }
+    EXPECT_EQ(int(NSMacOSRomanStringEncoding), 30);
+    EXPECT_EQ(int(NSShiftJISStringEncoding), 8);
+}
+
+TEST_F(InternationalTest, Constants)
+{
+    EXPECT_EQ(KTInternationalCSVIllegalCharacters, QStringLiteral(",;\"\r\n\t "));
+    EXPECT_EQ(KTInternationalSecondDefaultCSVSeparator, QStringLiteral(";"));
+    EXPECT_EQ(KTInternationalJapaneseLanguageCode, QStringLiteral("jp"));
+    EXPECT_EQ(kJapaneseContryCode, QStringLiteral("JP"));
+    EXPECT_FALSE(KTInternationalEmptyString.isNull());
+}

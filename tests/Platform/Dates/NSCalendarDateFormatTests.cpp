@@ -1,0 +1,145 @@
+// The patterns of the behaviour 10.0.
+
+#include <KTUtility/Platform/Dates/NSDateFormatter.h>
+
+#include "support/TestSupport.h"
+
+using namespace testing_support;
+
+namespace {
+QTimeZone newYork()
+{
+    return QTimeZone("America/New_York");
+}
+
+QDateTime sample()
+{
+    return QDateTime(QDate(2008, 3, 5), QTime(17, 4, 9, 7), newYork());
+}
+
+/// A formatter of the behaviour 10.0 for the United States.
+struct OldFormatter : NSDateFormatter
+{
+    explicit OldFormatter(const char16_t *pattern)
+        : NSDateFormatter(QString::fromUtf16(pattern), false)
+    {
+        setLocale(NSLocale(QStringLiteral("en_US")));
+        setTimeZone(newYork());
+    }
+};
+
+QString written(const char16_t *pattern)
+{
+    return OldFormatter(pattern).stringFromDate(sample());
+}
+
+QString read(const char16_t *pattern, const QString &text)
+{
+    const QDateTime date = OldFormatter(pattern).dateFromString(text);
+    return date.toTimeZone(newYork()).toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"));
+}
+} // namespace
+
+TEST(NSCalendarDateFormat, WritesEveryDirective)
+{
+    EXPECT_EQ(written(u"%a %A"), u"Wed Wednesday");
+    EXPECT_EQ(written(u"%b %B"), u"Mar March");
+    EXPECT_EQ(written(u"%d %e %j"), u"05 5 065");
+    EXPECT_EQ(written(u"%m %w %y %Y"), u"03 3 08 2008");
+    EXPECT_EQ(written(u"%H %I %M %S %F %p"), u"17 05 04 09 007 PM");
+    EXPECT_EQ(written(u"%z %Z"), u"-0500 EST");
+    EXPECT_EQ(written(u"%x"), u"3/5/08");
+    EXPECT_EQ(written(u"%X"), u"5:04:09 PM");
+    EXPECT_EQ(written(u"%c"), u"3/5/08 5:04:09 PM");
+    EXPECT_EQ(written(u"100%%"), u"100%");
+    EXPECT_EQ(written(u"%m/%d/%y %I:%M:%S %p"), u"03/05/08 05:04:09 PM");
+}
+
+TEST(NSCalendarDateFormat, LeavesWhatItDoesNotKnow)
+{
+    EXPECT_EQ(written(u""), u"");
+    EXPECT_EQ(written(u"%"), u"%");
+    EXPECT_EQ(written(u"%q%Q"), u"%q%Q");
+    EXPECT_EQ(written(u"日%d月"), u"日05月");
+}
+
+TEST(NSCalendarDateFormat, ReadsWhatItWrites)
+{
+    EXPECT_EQ(read(u"%m/%d/%y", QStringLiteral("3/5/08")), u"2008-03-05 00:00:00.000");
+    EXPECT_EQ(read(u"%m/%d/%y", QStringLiteral("03/05/50")), u"1950-03-05 00:00:00.000");
+    EXPECT_EQ(read(u"%m/%d/%y", QStringLiteral("03/05/49")), u"2049-03-05 00:00:00.000");
+    EXPECT_EQ(read(u"%m/%d/%y %I:%M:%S %p", QStringLiteral("03/05/08 05:04:09 PM")),
+              u"2008-03-05 17:04:09.000");
+    EXPECT_EQ(read(u"%A, %B %d, %Y", QStringLiteral("Wednesday, March 5, 2008")),
+              u"2008-03-05 00:00:00.000");
+    EXPECT_EQ(read(u"%a %b %e %Y", QStringLiteral("wed mar 5 2008")), u"2008-03-05 00:00:00.000");
+    EXPECT_EQ(read(u"%Y %j", QStringLiteral("2008 65")), u"2008-03-05 00:00:00.000");
+    EXPECT_EQ(read(u"%Y-%m-%dT%H:%M:%S.%F", QStringLiteral("2008-03-05T17:04:09.007")),
+              u"2008-03-05 17:04:09.007");
+    EXPECT_EQ(read(u"%Y-%m-%d %H:%M %z", QStringLiteral("2008-03-05 17:04 +0100")),
+              u"2008-03-05 11:04:00.000");
+    EXPECT_EQ(read(u"%Y-%m-%d %H:%M %Z", QStringLiteral("2008-03-05 17:04 Europe/Berlin")),
+              u"2008-03-05 11:04:00.000");
+    EXPECT_EQ(read(u"%Y-%m-%d %H:%M %Z", QStringLiteral("2008-03-05 17:04 GMT-0100")),
+              u"2008-03-05 13:04:00.000");
+    EXPECT_EQ(read(u"%w %d%%", QStringLiteral("3 5%")), u"2000-01-05 00:00:00.000");
+}
+
+TEST(NSCalendarDateFormat, RefusesWhatDoesNotFit)
+{
+    EXPECT_EQ(read(u"%m/%d/%y", QStringLiteral("3/5")), u"");
+    EXPECT_EQ(read(u"%m/%d/%y", QStringLiteral("3/5/08 x")), u"");
+    EXPECT_EQ(read(u"%m/%d/%y", QStringLiteral("2/30/08")), u"");
+    EXPECT_EQ(read(u"%m/%d/%y", QStringLiteral("0/1/08")), u"");
+    EXPECT_EQ(read(u"%m/%d/%y", QStringLiteral("13/1/08")), u"");
+    EXPECT_EQ(read(u"%H:%M", QStringLiteral("25:00")), u"");
+    EXPECT_EQ(read(u"%I:%M %p", QStringLiteral("13:00 PM")), u"");
+    EXPECT_EQ(read(u"%I:%M %p", QStringLiteral("12:00 XM")), u"");
+    EXPECT_EQ(read(u"%b", QStringLiteral("Mrz")), u"");
+    EXPECT_EQ(read(u"%z", QStringLiteral("+99")), u"");
+    EXPECT_EQ(read(u"%Z", QStringLiteral("Nowhere/Land")), u"");
+    EXPECT_EQ(read(u"%x", QStringLiteral("3/5/08")), u"");
+    EXPECT_EQ(read(u"", QStringLiteral("3/5/08")), u"");
+}
+
+TEST(NSCalendarDateFormat, ReportsHowFarItRead)
+{
+    const OldFormatter formatter(u"%m/%d/%y");
+    NSRange range{2, 12};
+    QVariant value;
+    EXPECT_TRUE(formatter.getObjectValue(&value, QStringLiteral("x 3/5/08 more"), &range, nullptr));
+    EXPECT_EQ(range, (NSRange{2, 6}));
+    EXPECT_EQ(value.toDateTime(), QDateTime(QDate(2008, 3, 5), QTime(), newYork()));
+}
+
+TEST(NSCalendarDateFormat, UsesTheNamesThatWereSet)
+{
+    OldFormatter formatter(u"%p %b");
+    formatter.setAMSymbol(QStringLiteral("vorm."));
+    formatter.setPMSymbol(QStringLiteral("nachm."));
+    EXPECT_EQ(formatter.stringFromDate(sample()), u"nachm. Mar");
+    EXPECT_EQ(formatter.AMSymbol(), u"vorm.");
+    EXPECT_EQ(formatter.PMSymbol(), u"nachm.");
+}
+
+TEST(NSCalendarDateFormat, SurvivesHostileTextsAndPatterns)
+{
+    const OldFormatter formatter(u"%A %d %B %Y %Z");
+    for (const QString &text : hostileTexts()) {
+        EXPECT_FALSE(formatter.dateFromString(text).isValid());
+        NSDateFormatter hostile(text, true);
+        EXPECT_FALSE(hostile.stringFromDate(sample()).isNull());
+        EXPECT_FALSE(hostile.dateFromString(QStringLiteral("no date")).isValid());
+    }
+}
+
+TEST(NSCalendarDateFormat, MakesCalendarDates)
+{
+    OldFormatter formatter(u"%m/%d/%y");
+    EXPECT_TRUE(formatter.generatesCalendarDates());
+    EXPECT_EQ(formatter.dateFromString(QStringLiteral("3/5/08")).timeZone(), newYork());
+    formatter.setGeneratesCalendarDates(false);
+    const QDateTime date = formatter.dateFromString(QStringLiteral("3/5/08"));
+    EXPECT_EQ(date.timeSpec(), Qt::UTC);
+    EXPECT_EQ(date, QDateTime(QDate(2008, 3, 5), QTime(), newYork()));
+}

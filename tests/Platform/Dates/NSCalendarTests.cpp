@@ -1,0 +1,287 @@
+#include <KTUtility/Platform/Dates/NSCalendar.h>
+
+#include "support/TestSupport.h"
+
+#include <random>
+
+using namespace testing_support;
+
+namespace {
+NSCalendar calendarOf(const char *zone, const QString &identifier = NSGregorianCalendar)
+{
+    NSCalendar calendar(identifier);
+    calendar.setLocale(NSLocale(QStringLiteral("en_US")));
+    calendar.setTimeZone(QTimeZone(zone));
+    return calendar;
+}
+
+QDateTime utc(const char *text)
+{
+    QDateTime date = QDateTime::fromString(QString::fromLatin1(text), Qt::ISODate);
+    date.setTimeSpec(Qt::UTC);
+    return date;
+}
+
+constexpr NSCalendarUnits AllUnits = NSDateCalendarUnits | NSTimeCalendarUnits |
+                                     NSWeekCalendarUnit | NSWeekdayCalendarUnit |
+                                     NSWeekdayOrdinalCalendarUnit;
+
+/// Back to the pinned environment, however a test ends.
+struct ZoneGuard
+{
+    explicit ZoneGuard(const char *zone) { qputenv("TZ", zone); }
+    ~ZoneGuard()
+    {
+        if (before.isNull())
+            qunsetenv("TZ");
+        else
+            qputenv("TZ", before);
+    }
+    const QByteArray before = qgetenv("TZ");
+};
+} // namespace
+
+TEST(NSCalendar, RunsItsExample)
+{
+    NSCalendar calendar = calendarOf("America/New_York");
+    NSDateComponents day = calendar.components(NSDateCalendarUnits, utc("2008-03-05T02:00:00"));
+    EXPECT_EQ(day, (NSDateComponents{.era = 1, .year = 2008, .month = 3, .day = 4}));
+    day.hour = 12;
+    EXPECT_EQ(calendar.dateFromComponents(day), utc("2008-03-04T17:00:00"));
+}
+
+TEST(NSCalendar, UnitsAreTheBitsOfThePlatform)
+{
+    EXPECT_EQ(NSDateCalendarUnits, 30U);
+    EXPECT_EQ(NSTimeCalendarUnits, 224U);
+    EXPECT_EQ(NSEraCalendarUnit | NSYearCalendarUnit | NSMonthCalendarUnit | NSDayCalendarUnit,
+              NSDateCalendarUnits);
+    EXPECT_EQ(NSHourCalendarUnit | NSMinuteCalendarUnit | NSSecondCalendarUnit,
+              NSTimeCalendarUnits);
+    EXPECT_EQ(NSWeekCalendarUnit + NSWeekdayCalendarUnit + NSWeekdayOrdinalCalendarUnit, 1792U);
+}
+
+TEST(NSCalendar, TakesInstantsApart)
+{
+    const NSCalendar calendar = calendarOf("UTC");
+    const NSDateComponents components = calendar.components(AllUnits, utc("2008-03-05T14:30:15"));
+    const NSDateComponents expected{1, 2008, 3, 5, 14, 30, 15, 10, 4, 1};
+    EXPECT_EQ(components, expected);
+    EXPECT_EQ(calendar.components(NSYearCalendarUnit, utc("2008-03-05T14:30:15")),
+              (NSDateComponents{.year = 2008}));
+    EXPECT_EQ(calendar.components(AllUnits, QDateTime()), NSDateComponents());
+    EXPECT_EQ(calendar.components(NSYearCalendarUnit | NSEraCalendarUnit,
+                                  utc("0001-01-01T00:00:00").addDays(-400)),
+              (NSDateComponents{.era = 0, .year = 2}));
+}
+
+TEST(NSCalendar, FillsInTheStartOfEverything)
+{
+    const NSCalendar calendar = calendarOf("UTC");
+    EXPECT_EQ(calendar.dateFromComponents({.year = 2001}), utc("2001-01-01T00:00:00"));
+    EXPECT_EQ(calendar.dateFromComponents({.year = 2001, .month = 2}), utc("2001-02-01T00:00:00"));
+    EXPECT_EQ(calendar.dateFromComponents({.year = 2001, .hour = 12}), utc("2001-01-01T12:00:00"));
+    EXPECT_EQ(calendar.dateFromComponents({.year = 2001, .month = 4, .day = 31}),
+              utc("2001-05-01T00:00:00"));
+    EXPECT_EQ(calendar.dateFromComponents({.year = 2001, .month = 14}), utc("2002-02-01T00:00:00"));
+    EXPECT_FALSE(calendar.dateFromComponents({}).isValid());
+    EXPECT_EQ(calendar.components(NSYearCalendarUnit, calendar.dateFromComponents({.hour = 3})),
+              (NSDateComponents{.year = 1}));
+}
+
+TEST(NSCalendar, MendsSkippedAndDoubledTimes)
+{
+    const NSCalendar calendar = calendarOf("America/New_York");
+    const auto at = [&](int month, int day, int hour, int minute) {
+        return calendar.dateFromComponents(
+            {.year = 2008, .month = month, .day = day, .hour = hour, .minute = minute});
+    };
+    EXPECT_EQ(at(3, 9, 2, 30), utc("2008-03-09T07:30:00"));
+    EXPECT_EQ(at(3, 9, 3, 30), utc("2008-03-09T07:30:00"));
+    EXPECT_EQ(at(11, 2, 1, 30), utc("2008-11-02T06:30:00"));
+}
+
+TEST(NSCalendar, KnowsOddZones)
+{
+    const auto noon = [](const char *zone, int year, int month, int day) {
+        return calendarOf(zone).dateFromComponents(
+            {.year = year, .month = month, .day = day, .hour = 12});
+    };
+    EXPECT_EQ(noon("Asia/Kathmandu", 2008, 3, 5), utc("2008-03-05T06:15:00"));
+    EXPECT_EQ(noon("America/St_Johns", 2008, 1, 5), utc("2008-01-05T15:30:00"));
+    EXPECT_EQ(noon("Australia/Lord_Howe", 2008, 1, 5), utc("2008-01-05T01:00:00"));
+    EXPECT_EQ(noon("Australia/Lord_Howe", 2008, 7, 5), utc("2008-07-05T01:30:00"));
+    EXPECT_EQ(noon("Pacific/Apia", 2011, 12, 29), utc("2011-12-29T22:00:00"));
+    // Samoa had no 30 December 2011.
+    EXPECT_EQ(noon("Pacific/Apia", 2011, 12, 30), utc("2011-12-30T22:00:00"));
+    EXPECT_EQ(noon("Pacific/Apia", 2011, 12, 31), utc("2011-12-30T22:00:00"));
+    EXPECT_EQ(noon("UTC+05:30", 2008, 1, 5), utc("2008-01-05T06:30:00"));
+}
+
+TEST(NSCalendar, ChangesToTheJulianCalendarBefore1582)
+{
+    const NSCalendar calendar = calendarOf("UTC");
+    const QDateTime first = calendar.dateFromComponents({.year = 1582, .month = 10, .day = 15});
+    EXPECT_EQ(first, utc("1582-10-15T00:00:00"));
+    EXPECT_EQ(calendar.components(NSDateCalendarUnits, first.addDays(-1)),
+              (NSDateComponents{.era = 1, .year = 1582, .month = 10, .day = 4}));
+    const QDateTime last = calendar.dateFromComponents({.year = 9999, .month = 12, .day = 31});
+    EXPECT_EQ(last, utc("9999-12-31T00:00:00"));
+}
+
+TEST(NSCalendar, CountsJapaneseYearsInEras)
+{
+    const NSCalendar calendar = calendarOf("Asia/Tokyo", NSJapaneseCalendar);
+    const NSDateComponents heisei =
+        calendar.components(NSDateCalendarUnits, utc("2008-03-05T03:00:00"));
+    EXPECT_EQ(heisei.year, 20);
+    EXPECT_EQ(calendar.dateFromComponents(heisei), utc("2008-03-04T15:00:00"));
+    // Without an era, the year is one of the current era.
+    const NSDateComponents bare = calendar.components(
+        NSEraCalendarUnit, calendar.dateFromComponents({.year = 3, .month = 6}));
+    EXPECT_EQ(bare, calendar.components(NSEraCalendarUnit, QDateTime::currentDateTimeUtc()));
+}
+
+TEST(NSCalendar, CountsInOtherCalendars)
+{
+    const QDateTime date = utc("2008-03-05T12:00:00");
+    const auto yearIn = [&](const QString &identifier) {
+        return calendarOf("UTC", identifier).components(NSYearCalendarUnit, date).year;
+    };
+    EXPECT_EQ(yearIn(QStringLiteral("buddhist")), 2551);
+    EXPECT_EQ(yearIn(QStringLiteral("hebrew")), 5768);
+    EXPECT_EQ(yearIn(QStringLiteral("persian")), 1386);
+    EXPECT_EQ(yearIn(QStringLiteral("no calendar at all")), 2008);
+    EXPECT_EQ(yearIn(QString()), 2008);
+}
+
+TEST(NSCalendar, AddsComponents)
+{
+    const NSCalendar calendar = calendarOf("America/New_York");
+    const QDateTime date = utc("2008-01-31T17:00:00");
+    EXPECT_EQ(calendar.dateByAddingComponents({.month = 1}, date), utc("2008-02-29T17:00:00"));
+    EXPECT_EQ(calendar.dateByAddingComponents({.year = 1, .day = -1}, date),
+              utc("2009-01-30T17:00:00"));
+    EXPECT_EQ(calendar.dateByAddingComponents({.week = 10}, date), utc("2008-04-10T16:00:00"));
+    EXPECT_EQ(calendar.dateByAddingComponents({.hour = 24}, utc("2008-03-08T17:00:00")),
+              utc("2008-03-09T17:00:00"));
+    EXPECT_EQ(calendar.dateByAddingComponents({.day = 1}, utc("2008-03-08T17:00:00")),
+              utc("2008-03-09T16:00:00"));
+    EXPECT_EQ(calendar.dateByAddingComponents({}, date), date);
+    EXPECT_FALSE(calendar.dateByAddingComponents({.day = 1}, QDateTime()).isValid());
+}
+
+TEST(NSCalendar, MeasuresTheTimeBetween)
+{
+    const NSCalendar calendar = calendarOf("UTC");
+    const QDateTime start = utc("2008-01-31T12:00:00");
+    const QDateTime end = utc("2009-03-05T14:30:15");
+    EXPECT_EQ(calendar.components(NSDateCalendarUnits & ~NSEraCalendarUnit, start, end),
+              (NSDateComponents{.year = 1, .month = 1, .day = 5}));
+    EXPECT_EQ(calendar.components(NSDayCalendarUnit | NSTimeCalendarUnits, start, end),
+              (NSDateComponents{.day = 399, .hour = 2, .minute = 30, .second = 15}));
+    EXPECT_EQ(calendar.components(NSWeekCalendarUnit, end, start), (NSDateComponents{.week = -57}));
+    EXPECT_EQ(calendar.components(NSDayCalendarUnit, start, QDateTime()), NSDateComponents());
+}
+
+TEST(NSCalendar, TakesTheWeekFromTheLocale)
+{
+    const NSCalendar america = NSCalendar::calendarOfLocale(NSLocale(QStringLiteral("en_US")));
+    EXPECT_EQ(america.calendarIdentifier(), NSGregorianCalendar);
+    EXPECT_EQ(america.firstWeekday(), 1);
+    EXPECT_EQ(america.minimumDaysInFirstWeek(), 1);
+    NSCalendar germany = NSCalendar::calendarOfLocale(NSLocale(QStringLiteral("de_DE")));
+    EXPECT_EQ(germany.firstWeekday(), 2);
+    EXPECT_EQ(germany.minimumDaysInFirstWeek(), 4);
+    germany.setTimeZone(QTimeZone::utc());
+    EXPECT_EQ(germany.components(NSWeekCalendarUnit, utc("2008-01-01T12:00:00")).week, 1);
+    EXPECT_EQ(germany.components(NSWeekCalendarUnit, utc("2010-01-01T12:00:00")).week, 53);
+    germany.setMinimumDaysInFirstWeek(1);
+    EXPECT_EQ(germany.components(NSWeekCalendarUnit, utc("2010-01-01T12:00:00")).week, 1);
+    germany.setFirstWeekday(7);
+    EXPECT_EQ(germany.firstWeekday(), 7);
+}
+
+TEST(NSCalendar, IsTheLocalesOwn)
+{
+    const NSLocale japan(QStringLiteral("ja_JP@calendar=japanese"));
+    EXPECT_EQ(NSCalendar::calendarOfLocale(japan).calendarIdentifier(), NSJapaneseCalendar);
+    EXPECT_EQ(NSCalendar::calendarOfLocale(japan).locale(), japan);
+    EXPECT_EQ(NSCalendar::currentCalendar().calendarIdentifier(), NSGregorianCalendar);
+    EXPECT_EQ(NSCalendar(), NSCalendar::currentCalendar());
+    EXPECT_NE(NSCalendar(NSJapaneseCalendar), NSCalendar(NSGregorianCalendar));
+}
+
+TEST(NSCalendar, FollowsTheVariableOfTheZone)
+{
+    const ZoneGuard guard("Asia/Kathmandu");
+    EXPECT_EQ(NSCalendar::systemTimeZone().id(), "Asia/Kathmandu");
+    qputenv("TZ", "Europe/Berlin");
+    EXPECT_EQ(NSCalendar::systemTimeZone().id(), "Europe/Berlin");
+    EXPECT_EQ(NSCalendar(NSGregorianCalendar).timeZone().id(), "Europe/Berlin");
+    NSCalendar::resetSystemTimeZone();
+    EXPECT_EQ(NSCalendar::systemTimeZone().id(), "Europe/Berlin");
+    EXPECT_EQ(
+        NSCalendar(NSGregorianCalendar).dateFromComponents({.year = 2008, .month = 1, .day = 1}),
+        utc("2007-12-31T23:00:00"));
+}
+
+TEST(NSCalendar, AgreesWithQtOnDaysOfTheGregorianCalendar)
+{
+    const NSCalendar calendar = calendarOf("UTC");
+    for (QDate day(1900, 1, 1); day.year() < 2101; day = day.addDays(37)) {
+        const QDateTime noon(day, QTime(12, 0), Qt::UTC);
+        const NSDateComponents components =
+            calendar.components(NSDateCalendarUnits | NSWeekdayCalendarUnit, noon);
+        const NSDateComponents expected{.era = 1,
+                                        .year = day.year(),
+                                        .month = day.month(),
+                                        .day = day.day(),
+                                        .weekday = day.dayOfWeek() % 7 + 1};
+        ASSERT_EQ(components, expected);
+    }
+}
+
+TEST(NSCalendar, ComputesPlainDatesAsICUDoes)
+{
+    // The ISO calendar has the same days, and no way of its own in our code.
+    std::mt19937 random(1582);
+    std::uniform_int_distribution<qint64> seconds(-12'300'000'000, 253'000'000'000);
+    constexpr NSCalendarUnits Units =
+        NSDateCalendarUnits | NSTimeCalendarUnits | NSWeekdayCalendarUnit;
+    for (const char *const zone : {"America/New_York", "Australia/Lord_Howe", "Pacific/Apia"}) {
+        const NSCalendar ours = calendarOf(zone);
+        const NSCalendar other = calendarOf(zone, QStringLiteral("iso8601"));
+        for (int count = 0; count < 3000; ++count) {
+            const qint64 time = count % 2 == 0 ? seconds(random) : seconds(random) / 100;
+            const QDateTime date = QDateTime::fromMSecsSinceEpoch(time * 1000, Qt::UTC);
+            NSDateComponents components = ours.components(Units, date);
+            ASSERT_EQ(components, other.components(Units, date)) << time;
+            components.weekday = NSUndefinedDateComponent;
+            ASSERT_EQ(ours.dateFromComponents(components), other.dateFromComponents(components));
+        }
+    }
+}
+
+TEST(NSCalendar, FindsTheInstantsAroundEveryChangeOfClocks)
+{
+    for (const char *const zone : {"America/New_York", "Australia/Lord_Howe", "Pacific/Apia",
+                                   "Africa/Casablanca", "America/St_Johns", "Europe/Dublin"}) {
+        const NSCalendar ours = calendarOf(zone);
+        const NSCalendar other = calendarOf(zone, QStringLiteral("iso8601"));
+        for (const auto &change :
+             QTimeZone(zone).transitions(utc("1960-01-01T00:00:00"), utc("2036-12-31T00:00:00"))) {
+            for (int minutes = -180; minutes <= 180; minutes += 15) {
+                const QDateTime local = change.atUtc.addSecs(change.offsetFromUtc + minutes * 60);
+                const NSDateComponents components{.year = local.date().year(),
+                                                  .month = local.date().month(),
+                                                  .day = local.date().day(),
+                                                  .hour = local.time().hour(),
+                                                  .minute = local.time().minute(),
+                                                  .second = local.time().second()};
+                ASSERT_EQ(ours.dateFromComponents(components), other.dateFromComponents(components))
+                    << zone << ' ' << qPrintable(local.toString(Qt::ISODate));
+            }
+        }
+    }
+}

@@ -1,0 +1,311 @@
+// What is read and written without ICU must be what ICU would have read and written. These tests
+// compare the two on random texts and patterns, a test for each locale.
+
+#include <KTUtility/Platform/Dates/NSDateFormatterAccess_p.h>
+
+#include "support/TestSupport.h"
+
+#include <QStringList>
+
+#include <array>
+#include <memory>
+#include <random>
+#include <string>
+#include <vector>
+
+using namespace testing_support;
+
+namespace {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr int Pairs = 20'000;
+#else
+constexpr int Pairs = 200'000;
+#endif
+constexpr int PatternsPerText = 25;
+
+struct Setting
+{
+    const char *locale;
+    const char *zone;
+};
+
+class NSDateFormatterBesideICU : public testing::TestWithParam<Setting>
+{
+protected:
+    int below(int limit) { return int(_random() % unsigned(limit)); }
+
+    template<typename List>
+    const auto &oneOf(const List &list)
+    {
+        return list[typename List::size_type(below(int(list.size())))];
+    }
+
+    QStringList patterns() const
+    {
+        QStringList result;
+        const QStringList dates{QStringLiteral("M-d-yy"),
+                                QStringLiteral("M/d/yy"),
+                                QStringLiteral("M.d.yyyy"),
+                                QStringLiteral("M/d"),
+                                QStringLiteral("MMM d, yy"),
+                                QStringLiteral("MMMM d, yyyy"),
+                                QStringLiteral("MMM d"),
+                                QStringLiteral("yy.M.d"),
+                                QStringLiteral("yyyy-M-d"),
+                                QStringLiteral("yyyy/M/d"),
+                                QStringLiteral("d.M"),
+                                QStringLiteral("d/M/yy"),
+                                QStringLiteral("d.M.yyyy"),
+                                QStringLiteral("d MMM yy"),
+                                QStringLiteral("d MMMM yyyy"),
+                                QStringLiteral("yy/d/M"),
+                                QStringLiteral("EEEE, MMMM d, y"),
+                                QStringLiteral("M月d日"),
+                                QStringLiteral("d LLL y"),
+                                QStringLiteral("EEE d MMM")};
+        const QStringList times{QStringLiteral("h:m:s a"),  QStringLiteral("h:ma"),
+                                QStringLiteral("k:m:s"),    QStringLiteral("k:m"),
+                                QStringLiteral("h a"),      QStringLiteral("ha"),
+                                QStringLiteral("HH:mm:ss"), QStringLiteral("K:mm a"),
+                                QStringLiteral("h:m"),      QStringLiteral("h:mm:ss a z")};
+        result = dates + times;
+        for (const QString &date : dates)
+            result += date + u' ' + times[result.size() % times.size()];
+        result += {QStringLiteral("yyyy-MM-dd'T'HH:mm:ss"),
+                   QStringLiteral("yyyyMMdd"),
+                   QStringLiteral("'on' d 'of' MMMM"),
+                   QStringLiteral("G y-M-d"),
+                   QStringLiteral("d''M"),
+                   QStringLiteral("  M  / d"),
+                   QStringLiteral("a h"),
+                   QStringLiteral("H'h'mm"),
+                   QStringLiteral("dd.MM.yy"),
+                   QStringLiteral("'x'MMM"),
+                   QStringLiteral("EEE"),
+                   QStringLiteral("y"),
+                   QStringLiteral("yyy"),
+                   QStringLiteral("M/d/yy 'E'"),
+                   QStringLiteral("d.MMM."),
+                   QStringLiteral("H k h"),
+                   QStringLiteral("h H"),
+                   QStringLiteral("dMMM"),
+                   QStringLiteral("aMd"),
+                   QStringLiteral("d M, 'q"),
+                   QStringLiteral("LLLL EEEEE"),
+                   QStringLiteral("SSS")};
+        return result + stylePatterns();
+    }
+
+    QStringList stylePatterns() const
+    {
+        QStringList result;
+        NSDateFormatter formatter;
+        formatter.setLocale(locale());
+        for (unsigned style = 1; style <= 4; ++style) {
+            formatter.setDateStyle(style);
+            formatter.setTimeStyle(0);
+            result += formatter.dateFormat();
+            formatter.setTimeStyle(style);
+            result += formatter.dateFormat();
+            formatter.setDateStyle(0);
+            result += formatter.dateFormat();
+        }
+        return result;
+    }
+
+    static NSLocale locale() { return NSLocale(QString::fromLatin1(GetParam().locale)); }
+
+    /// A formatter for each pattern, with and without a default date.
+    std::vector<std::unique_ptr<NSDateFormatter>> formatters()
+    {
+        std::vector<std::unique_ptr<NSDateFormatter>> result;
+        for (const QString &pattern : patterns()) {
+            result.push_back(std::make_unique<NSDateFormatter>());
+            result.back()->setLocale(locale());
+            result.back()->setTimeZone(QTimeZone(GetParam().zone));
+            result.back()->setDateFormat(pattern);
+            if (below(4) > 0)
+                result.back()->setDefaultDate(randomDate());
+        }
+        return result;
+    }
+
+    /// Mostly of our days, at times of the years from 1400 to 9999, often near a change of clocks.
+    QDateTime randomDate()
+    {
+        const bool isOfToday = below(4) > 0;
+        const qint64 seconds =
+            isOfToday
+                ? std::uniform_int_distribution<qint64>(-1'000'000'000, 2'500'000'000)(_random)
+                : std::uniform_int_distribution<qint64>(-17'000'000'000, 253'370'000'000)(_random);
+        return QDateTime::fromMSecsSinceEpoch(seconds * 1000, Qt::UTC);
+    }
+
+    /// The pattern of a formatter with any numbers in the places of its fields.
+    QString randomNumbers(const NSDateFormatter &formatter)
+    {
+        const QString pattern = formatter.dateFormat();
+        QString text;
+        for (qsizetype at = 0; at < pattern.size();) {
+            const QChar unit = pattern[at];
+            if (!unit.isLetter() || unit.unicode() >= 0x80) {
+                text += unit;
+                ++at;
+                continue;
+            }
+            text += unit == u'a' ? QStringLiteral("pm") : QString::number(randomNumber());
+            while (at < pattern.size() && pattern[at] == unit)
+                ++at;
+        }
+        return text;
+    }
+
+    int randomNumber()
+    {
+        constexpr std::array Limits{13, 13, 32, 32, 61, 100, 3000, 10'000};
+        return below(oneOf(Limits));
+    }
+
+    QString randomPart(const std::vector<std::unique_ptr<NSDateFormatter>> &formatters)
+    {
+        switch (below(8)) {
+        case 0:
+            return randomHeap();
+        case 1:
+        case 2:
+            return randomNumbers(*oneOf(formatters));
+        default:
+            return oneOf(formatters)->stringFromDate(randomDate());
+        }
+    }
+
+    /// A date in one of the patterns, spoilt now and then; or a heap of pieces.
+    QString randomText(const std::vector<std::unique_ptr<NSDateFormatter>> &formatters)
+    {
+        QString text;
+        const int parts = 1 + below(5) / 4;
+        for (int part = 0; part < parts; ++part)
+            text += randomPart(formatters);
+        for (int change = below(3); change > 0 && !text.isEmpty(); --change)
+            spoil(&text);
+        return text;
+    }
+
+    QString randomHeap()
+    {
+        QString text;
+        for (int count = 1 + below(7); count > 0; --count)
+            text += oneOf(pieces());
+        return text;
+    }
+
+    void spoil(QString *text)
+    {
+        const int at = below(int(text->size()));
+        switch (below(5)) {
+        case 0:
+            text->remove(at, 1 + below(3));
+            break;
+        case 1:
+            text->insert(at, oneOf(pieces()));
+            break;
+        case 2:
+            text->truncate(at);
+            break;
+        case 3:
+            *text = below(2) == 0 ? text->toUpper() : text->toLower();
+            break;
+        default:
+            text->replace(at, 1, oneOf(pieces()));
+        }
+    }
+
+    static const QStringList &pieces()
+    {
+        static const QStringList list =
+            QStringLiteral(
+                "0|1|2|3|5|9|00|04|08|12|13|24|25|29|30|31|59|60|99|1999|2008|0005|123456789012|/"
+                "|-|.|,|"
+                ":|/| |  "
+                "|\t|\u00A0|\u202F|\u3000|\u200E|e|E|E5|+|%|x|T|a|p|am|PM|AM|p.m.|sep|Sept|SEPT.|"
+                "May|may be|Mar.|März|août|juil|juil.|S|M|ß|ſ|İ|月|日|年|午後|木|٣|३|１|"
+                "𝟗|'|''|\u0301|N|NaN|∞|Wednesday|mercredi|Mi|Mo.|onsdag|\u061C")
+                .split(u'|');
+        return list;
+    }
+
+    std::mt19937 _random{20080305};
+};
+
+QString describe(const NSDateFormatter &formatter, const QString &text)
+{
+    return formatter.dateFormat() + u" <" + text + u'>';
+}
+
+struct Counts
+{
+    int decided = 0;
+    int matched = 0;
+};
+
+/// Whether only ICU can tell, or both agree.
+bool agree(const NSDateFormatter &formatter, const QString &text, Counts *counts)
+{
+    NSDateMatch own;
+    const std::optional<bool> answer =
+        NSDateFormatterAccess::parseWithoutICU(formatter, NSDateText(text), &own);
+    if (!answer)
+        return true;
+    ++counts->decided;
+    counts->matched += *answer ? 1 : 0;
+    NSDateMatch other;
+    if (NSDateFormatterAccess::parseWithICU(formatter, NSDateText(text), &other) != *answer)
+        return false;
+    return !*answer || (own.time == other.time && own.length == other.length);
+}
+} // namespace
+
+TEST_P(NSDateFormatterBesideICU, ReadsTheSame)
+{
+    const auto all = formatters();
+    Counts counts;
+    int failures = 0;
+    for (int pair = 0; pair < Pairs && failures < 10; pair += PatternsPerText) {
+        const QString text = randomText(all);
+        for (int count = 0; count < PatternsPerText; ++count) {
+            const NSDateFormatter &formatter = *oneOf(all);
+            if (agree(formatter, text, &counts))
+                continue;
+            ++failures;
+            ADD_FAILURE() << qPrintable(describe(formatter, text));
+        }
+    }
+    EXPECT_GT(counts.decided, Pairs / 4);
+    EXPECT_GT(counts.matched, Pairs / 1000);
+}
+
+TEST_P(NSDateFormatterBesideICU, WritesTheSame)
+{
+    int decided = 0;
+    for (const auto &formatter : formatters()) {
+        for (int count = 0; count < Pairs / 2000; ++count) {
+            const QDateTime date = randomDate();
+            const QString text = NSDateFormatterAccess::stringWithoutICU(*formatter, date);
+            if (text.isNull())
+                continue;
+            ++decided;
+            ASSERT_EQ(text, NSDateFormatterAccess::stringWithICU(*formatter, date))
+                << qPrintable(formatter->dateFormat() + u' ' + date.toString(Qt::ISODate));
+        }
+    }
+    const bool hasOwnDigits = locale().languageCode() == u"ar";
+    EXPECT_EQ(decided > 0, !hasOwnDigits);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Locales, NSDateFormatterBesideICU,
+    testing::Values(Setting{"en_US", "America/New_York"}, Setting{"en_GB", "Europe/London"},
+                    Setting{"de_DE", "Europe/Berlin"}, Setting{"fr_FR", "Pacific/Apia"},
+                    Setting{"ja_JP", "Australia/Lord_Howe"}, Setting{"sv_SE", "Asia/Kathmandu"},
+                    Setting{"ar_EG", "America/St_Johns"}, Setting{"zh_CN", "Asia/Shanghai"}),
+    [](const auto &setting) { return std::string(setting.param.locale); });

@@ -1,0 +1,332 @@
+// Reading with behaviour 10.4: the platform's rules where they differ from ICU's, odd zones, odd
+// years, and texts that are no dates at all.
+
+#include <KTUtility/Platform/Dates/NSDateFormatterAccess_p.h>
+
+#include "support/TestSupport.h"
+
+#include <atomic>
+#include <thread>
+
+using namespace testing_support;
+
+namespace {
+/// The wall time in a formatter's zone; null if the text is not read to its end.
+QString read(const NSDateFormatter &formatter, const QString &text)
+{
+    NSRange range{0, text.size()};
+    QVariant value;
+    if (!formatter.getObjectValue(&value, text, &range, nullptr) || range.length != text.size())
+        return QString();
+    const QDateTime date = value.toDateTime().toTimeZone(formatter.timeZone());
+    return date.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+}
+
+struct Reader : NSDateFormatter
+{
+    explicit Reader(const char *locale, const char *zone = "America/New_York")
+    {
+        setLocale(NSLocale(QString::fromLatin1(locale)));
+        setTimeZone(QTimeZone(zone));
+    }
+
+    QString operator()(const char16_t *pattern, const char16_t *text)
+    {
+        setDateFormat(QString::fromUtf16(pattern));
+        return read(*this, QString::fromUtf16(text));
+    }
+
+    void setDefault(int year, int month, int day, int hour = 12)
+    {
+        setDefaultDate(QDateTime(QDate(year, month, day), QTime(hour, 0), timeZone()));
+    }
+};
+} // namespace
+
+TEST(NSDateFormatterReading, TakesSkippedTimesAnHourOn)
+{
+    Reader reader("en_US");
+    EXPECT_EQ(reader(u"M/d/yy h:m a", u"3/9/08 1:59 AM"), u"2008-03-09 01:59:00");
+    EXPECT_EQ(reader(u"M/d/yy h:m a", u"3/9/08 2:30 AM"), u"2008-03-09 03:30:00");
+    EXPECT_EQ(reader(u"M/d/yy h:m a", u"3/9/08 3:30 AM"), u"2008-03-09 03:30:00");
+    // Through ICU, since the digits are not 0 to 9.
+    EXPECT_EQ(reader(u"M/d/yy h:m a", u"3/９/08 2:30 AM"), u"2008-03-09 03:30:00");
+    EXPECT_EQ(reader(u"M/d/yy h:m a", u"2/３0/08 2:30 AM"), QString());
+    // Half an hour, and a whole day.
+    Reader lordHowe("en_AU", "Australia/Lord_Howe");
+    EXPECT_EQ(lordHowe(u"d/M/yyyy H:m", u"5/10/2008 2:15"), u"2008-10-05 02:45:00");
+    Reader samoa("en_US", "Pacific/Apia");
+    EXPECT_EQ(samoa(u"yyyy-M-d H:m", u"2011-12-30 5:00"), u"2011-12-31 05:00:00");
+}
+
+TEST(NSDateFormatterReading, TakesTheLaterOfDoubledTimes)
+{
+    Reader reader("en_US");
+    reader.setDateFormat(QStringLiteral("M/d/yy h:m a"));
+    const QDateTime later = reader.dateFromString(QStringLiteral("11/2/08 1:30 AM"));
+    EXPECT_EQ(later, QDateTime(QDate(2008, 11, 2), QTime(6, 30), Qt::UTC));
+    EXPECT_EQ(reader.dateFromString(QStringLiteral("11/2/08 1:3０ AM")), later);
+}
+
+TEST(NSDateFormatterReading, KnowsOddZones)
+{
+    const auto utcOf = [](const char *zone) {
+        Reader reader("en_US", zone);
+        reader.setDateFormat(QStringLiteral("M/d/yy H:m"));
+        return reader.dateFromString(QStringLiteral("7/5/08 12:00"))
+            .toUTC()
+            .toString(QStringLiteral("dd HH:mm"));
+    };
+    EXPECT_EQ(utcOf("Asia/Kathmandu"), u"05 06:15");
+    EXPECT_EQ(utcOf("America/St_Johns"), u"05 14:30");
+    EXPECT_EQ(utcOf("Australia/Lord_Howe"), u"05 01:30");
+    EXPECT_EQ(utcOf("Pacific/Apia"), u"05 23:00");
+    EXPECT_EQ(utcOf("UTC+05:30"), u"05 06:30");
+}
+
+TEST(NSDateFormatterReading, KnowsSeptemberByBothNames)
+{
+    for (const char *const locale : {"en_US", "en_GB"}) {
+        Reader reader(locale);
+        for (const char16_t *const text :
+             {u"Sep 5, 2008", u"Sept 5, 2008", u"SEPT 5, 2008", u"September 5, 2008"}) {
+            EXPECT_EQ(reader(u"MMM d, yyyy", text), u"2008-09-05 00:00:00");
+            EXPECT_EQ(reader(u"MMMM d, yyyy", text), u"2008-09-05 00:00:00");
+        }
+        EXPECT_EQ(reader(u"MMM d", u"Septe 5"), QString());
+        EXPECT_EQ(reader(u"MMM d", u"Sept. 5"), QString());
+        // Through ICU, since the digits are not 0 to 9.
+        EXPECT_EQ(reader(u"d MMM yyyy", u"５ Sept 2008"), u"2008-09-05 00:00:00");
+        EXPECT_EQ(reader(u"d MMM yyyy", u"５ sep 2008"), u"2008-09-05 00:00:00");
+    }
+    EXPECT_EQ(Reader("de_DE")(u"d MMM yyyy", u"5 Sep 2008"), QString());
+}
+
+TEST(NSDateFormatterReading, ReportsLengthsOfTheSourceForSeptember)
+{
+    Reader reader("en_GB");
+    reader.setDateFormat(QStringLiteral("d MMM"));
+    NSRange range{0, 12};
+    EXPECT_TRUE(reader.getObjectValue(nullptr, QStringLiteral("５ Sep at noon"), &range, nullptr));
+    EXPECT_EQ(range, (NSRange{0, 5}));
+}
+
+TEST(NSDateFormatterReading, ReadsWhatStylesShow)
+{
+    for (const char *const name :
+         {"en_US", "en_GB", "de_DE", "fr_FR", "ja_JP", "sv_SE", "zh_CN", "ko_KR", "pl_PL"}) {
+        Reader reader(name);
+        reader.setDefault(2008, 2, 20);
+        const QDateTime date(QDate(2008, 9, 5), QTime(17, 30), reader.timeZone());
+        for (unsigned style = 1; style <= 4; ++style) {
+            reader.setDateStyle(style);
+            reader.setTimeStyle(1);
+            EXPECT_EQ(read(reader, reader.stringFromDate(date)), u"2008-09-05 17:30:00")
+                << name << ' ' << qPrintable(reader.stringFromDate(date));
+        }
+    }
+}
+
+TEST(NSDateFormatterReading, IsStrictUnlessLenient)
+{
+    Reader reader("en_US");
+    EXPECT_EQ(reader(u"M/d/yy", u"2/30/08"), QString());
+    EXPECT_EQ(reader(u"M/d/yy", u"13/1/08"), QString());
+    EXPECT_EQ(reader(u"M/d/yy", u"3 / 4 / 08"), QString());
+    EXPECT_EQ(reader(u"H:m", u"25:00"), QString());
+    EXPECT_EQ(reader(u"k:m", u"24:00"), u"2000-01-01 00:00:00");
+    reader.setLenient(true);
+    EXPECT_TRUE(reader.isLenient());
+    EXPECT_EQ(reader(u"M/d/yy", u"2/30/08"), u"2008-03-01 00:00:00");
+    EXPECT_EQ(reader(u"M/d/yy", u"13/1/08"), u"2009-01-01 00:00:00");
+    EXPECT_EQ(reader(u"M/d/yy", u"3 / 4 / 08"), u"2008-03-04 00:00:00");
+    reader.setLenient(false);
+    EXPECT_EQ(reader(u"M/d/yy", u"2/30/08"), QString());
+}
+
+TEST(NSDateFormatterReading, MovesTheHundredYears)
+{
+    Reader reader("en_US");
+    EXPECT_EQ(reader(u"M/d/yy", u"1/1/50"), u"1950-01-01 00:00:00");
+    EXPECT_EQ(reader(u"M/d/yy", u"12/31/49"), u"2049-12-31 00:00:00");
+    reader.setTwoDigitStartDate(QDateTime(QDate(2000, 6, 1), QTime(), Qt::UTC));
+    EXPECT_EQ(reader(u"M/d/yy", u"1/1/50"), u"2050-01-01 00:00:00");
+    EXPECT_EQ(reader(u"M/d/yy", u"1/1/99"), u"2099-01-01 00:00:00");
+    reader.setTwoDigitStartDate(QDateTime());
+    EXPECT_EQ(reader(u"M/d/yy", u"1/1/99"), u"1999-01-01 00:00:00");
+}
+
+TEST(NSDateFormatterReading, KnowsEarlyAndLateYears)
+{
+    Reader reader("en_US", "UTC");
+    reader.setDateFormat(QStringLiteral("yyyy-M-d"));
+    const auto days = [&](const char16_t *text) {
+        const QDateTime date = reader.dateFromString(QString::fromUtf16(text));
+        return date.isValid() ? date.date().toString(Qt::ISODate) : QString();
+    };
+    EXPECT_EQ(days(u"9999-12-31"), u"9999-12-31");
+    EXPECT_EQ(days(u"1583-1-1"), u"1583-01-01");
+    EXPECT_EQ(days(u"1582-10-15"), u"1582-10-15");
+    // The day before was 4 October; Qt counts in the Gregorian calendar even then.
+    EXPECT_EQ(days(u"1582-10-4"), u"1582-10-14");
+    EXPECT_EQ(reader.dateFromString(QStringLiteral("0001-1-1")).date(), QDate(-1, 12, 30));
+    EXPECT_EQ(days(u"0000-1-1"), QString());
+    EXPECT_EQ(reader.stringFromDate(reader.dateFromString(QStringLiteral("1582-10-4"))),
+              u"1582-10-4");
+}
+
+TEST(NSDateFormatterReading, ReadsZones)
+{
+    Reader reader("en_US");
+    EXPECT_EQ(reader(u"M/d/yy H:m z", u"3/5/08 12:00 PST"), u"2008-03-05 15:00:00");
+    EXPECT_EQ(reader(u"M/d/yy H:m zzzz", u"3/5/08 12:00 Pacific Standard Time"),
+              u"2008-03-05 15:00:00");
+    EXPECT_EQ(reader(u"M/d/yy H:m Z", u"3/5/08 12:00 +0100"), u"2008-03-05 06:00:00");
+    // The zone of one text is not that of the next.
+    EXPECT_EQ(reader(u"M/d/yy H:m", u"3/5/08 12:0０"), u"2008-03-05 12:00:00");
+}
+
+TEST(NSDateFormatterReading, ReadsJapaneseYears)
+{
+    Reader reader("ja_JP@calendar=japanese", "Asia/Tokyo");
+    EXPECT_EQ(reader(u"Gy年M月d日", u"平成20年3月5日"), u"2008-03-05 00:00:00");
+    EXPECT_EQ(reader(u"Gy年M月d日", u"令和元年5月1日"), u"2019-05-01 00:00:00");
+    EXPECT_EQ(reader.calendar().calendarIdentifier(), NSJapaneseCalendar);
+    // The same locale with the other calendar.
+    reader.setCalendar(NSCalendar(NSGregorianCalendar));
+    EXPECT_EQ(reader(u"yyyy-MM-dd", u"2008-03-05"), u"2008-03-05 00:00:00");
+}
+
+TEST(NSDateFormatterReading, KeepsTheDigitsOfOtherScripts)
+{
+    Reader reader("ar_EG");
+    EXPECT_EQ(reader(u"d/M/yyyy", u"٥/٣/٢٠٠٨"), u"2008-03-05 00:00:00");
+    EXPECT_EQ(reader(u"d/M/yyyy", u"5/3/2008"), u"2008-03-05 00:00:00");
+    EXPECT_EQ(reader(u"d/M/yy", u"٥/٣/٢٠٠٨"), QString());
+    reader.setDateFormat(QStringLiteral("d/M/yyyy"));
+    EXPECT_EQ(reader.stringFromDate(QDateTime(QDate(2008, 3, 5), QTime(12, 0), Qt::UTC)),
+              u"٥/٣/٢٠٠٨");
+}
+
+TEST(NSDateFormatterReading, ReadsWithinARange)
+{
+    Reader reader("en_US");
+    reader.setDateFormat(QStringLiteral("M/d/yy"));
+    const QString text = QStringLiteral("on 3/5/08, say");
+    const auto rangeAfter = [&](NSRange range) {
+        const bool isRead = reader.getObjectValue(nullptr, text, &range, nullptr);
+        return isRead ? range : NSRange{-1, range.length};
+    };
+    EXPECT_EQ(rangeAfter({3, 11}), (NSRange{3, 6}));
+    EXPECT_EQ(rangeAfter({2, 12}), (NSRange{2, 7}));
+    EXPECT_EQ(rangeAfter({0, 14}).location, -1);
+    EXPECT_EQ(rangeAfter({3, 5}).location, -1);
+    EXPECT_EQ(rangeAfter({3, 1000}), (NSRange{3, 6}));
+    EXPECT_EQ(rangeAfter({99, 5}), (NSRange{-1, 0}));
+    EXPECT_EQ(rangeAfter({-5, 3}), (NSRange{-1, 0}));
+}
+
+TEST(NSDateFormatterReading, SaysWhyItFailed)
+{
+    Reader reader("en_US");
+    reader.setDateFormat(QStringLiteral("M/d/yy"));
+    QVariant value = 5;
+    NSError error;
+    NSRange range{0, 8};
+    EXPECT_FALSE(reader.getObjectValue(&value, QStringLiteral("3/5/2008"), &range, &error));
+    EXPECT_EQ(value, QVariant(5));
+    EXPECT_EQ(error.domain(), NSCocoaErrorDomain);
+    EXPECT_EQ(error.code(), NSFormattingError);
+    EXPECT_TRUE(error.localizedDescription().startsWith(u"Formatting error"));
+    QString description;
+    EXPECT_FALSE(reader.getObjectValue(&value, QStringLiteral("3/5/08 x"), &description));
+    EXPECT_EQ(description, error.localizedDescription());
+    EXPECT_FALSE(reader.getObjectValue(nullptr, QString(), nullptr));
+    EXPECT_TRUE(reader.getObjectValue(&value, QStringLiteral(" 3/5/08\n"), nullptr));
+    EXPECT_TRUE(value.toDateTime().isValid());
+}
+
+TEST(NSDateFormatterReading, SurvivesHostileTexts)
+{
+    for (const char *const locale : {"en_US", "ja_JP@calendar=japanese", "ar_EG", "he_IL", ""}) {
+        Reader reader(locale);
+        for (const char16_t *const pattern :
+             {u"M/d/yy", u"EEEE, MMMM d, y", u"h:m:s a zzzz", u"ha", u"yyyyMMdd", u" ", u"'x"}) {
+            reader.setDateFormat(QString::fromUtf16(pattern));
+            for (const QString &text : hostileTexts())
+                EXPECT_FALSE(reader.dateFromString(text).isValid())
+                    << qPrintable(reader.dateFormat() + u" <" + text.left(20) + u'>');
+        }
+    }
+}
+
+TEST(NSDateFormatterReading, SurvivesHostilePatterns)
+{
+    Reader reader("en_US");
+    const QDateTime date(QDate(2008, 3, 5), QTime(), Qt::UTC);
+    for (const QString &pattern : hostileTexts()) {
+        reader.setDateFormat(pattern);
+        reader.dateFromString(QStringLiteral("3/5/08"));
+        EXPECT_FALSE(reader.stringFromDate(date).isNull());
+    }
+    for (const char16_t *const pattern : {u"'", u"''", u"'''", u"yyyyyyyyyyyyyyyyyyyy", u"dddddddd",
+                                          u"MMMMMMMMMM", u"aaaaaaaaaa", u"l", u"ll", u"%%"}) {
+        const QString text = reader(pattern, u"3/5/08");
+        EXPECT_EQ(text, QString()) << qPrintable(text);
+        EXPECT_FALSE(reader.stringFromDate(date).isNull());
+    }
+}
+
+TEST(NSDateFormatterReading, LooksAtTheStartOfLongTextsOnly)
+{
+    Reader reader("en_US");
+    reader.setDateFormat(QStringLiteral("M/d/yy"));
+    const QString text = QStringLiteral("3/5/08 ") + megabyteOf(QStringLiteral("x"));
+    NSRange range{0, text.size()};
+    EXPECT_TRUE(reader.getObjectValue(nullptr, text, &range, nullptr));
+    EXPECT_EQ(range.length, 6);
+    const QString digits = megabyteOf(QStringLiteral("3"));
+    EXPECT_FALSE(reader.dateFromString(digits).isValid());
+    reader.setDateFormat(QStringLiteral("ha"));
+    EXPECT_FALSE(reader.dateFromString(megabyteOf(QStringLiteral(" ")) + u'5').isValid());
+}
+
+TEST(NSDateFormatterReading, WorksInManyThreads)
+{
+    std::atomic<int> failures = 0;
+    const auto work = [&failures](const char *locale) {
+        for (int count = 0; count < 50; ++count) {
+            Reader reader(locale, count % 2 == 0 ? "Europe/Berlin" : "Asia/Kathmandu");
+            if (reader(u"d.M.yyyy", u"5.3.2008") != u"2008-03-05 00:00:00" ||
+                reader(u"d.M.yyyy", u"５.3.2008") != u"2008-03-05 00:00:00")
+                ++failures;
+        }
+    };
+    std::vector<std::thread> threads;
+    for (const char *const locale : {"de_DE", "fr_FR", "en_US", "nb_NO"})
+        threads.emplace_back(work, locale);
+    for (std::thread &thread : threads)
+        thread.join();
+    EXPECT_EQ(failures, 0);
+}
+
+TEST(NSDateFormatterReading, OffersABatchForCascades)
+{
+    Reader reader("en_US");
+    reader.setDateFormat(QStringLiteral("M/d/yy"));
+    const QString typed = QStringLiteral("  3/5/08 x");
+    const NSDateText text(typed);
+    EXPECT_EQ(text.length(), 10);
+    EXPECT_EQ(text.lead(), 2);
+    EXPECT_EQ(text.leadingUnit(), u'3');
+    EXPECT_EQ(text.leadingDigits(), 1);
+    EXPECT_EQ(text.unitAfterDigits(), u'/');
+    NSDateMatch match;
+    ASSERT_TRUE(NSDateFormatterAccess::parse(reader, text, &match));
+    EXPECT_EQ(match.length, 8);
+    EXPECT_EQ(NSDateFormatterAccess::dateOf(reader, match.time),
+              QDateTime(QDate(2008, 3, 5), QTime(), reader.timeZone()));
+    const NSDateText empty{QStringView()};
+    EXPECT_FALSE(NSDateFormatterAccess::parse(reader, empty, &match));
+    EXPECT_EQ(match.length, 0);
+}

@@ -1,0 +1,121 @@
+#include <KTUtility/Platform/Dates/NSDateNames_p.h>
+
+#include "support/TestSupport.h"
+
+#include <vector>
+
+using namespace testing_support;
+
+namespace {
+NSDateNameList listOf(const std::vector<const char16_t *> &names, int first = 0)
+{
+    std::vector<icu::UnicodeString> strings;
+    for (const char16_t *const name : names)
+        strings.emplace_back(name);
+    return {strings.data(), int32_t(strings.size()), first};
+}
+
+/// "index:length", or "?" if only ICU can tell.
+QString find(const NSDateNameList &list, const QString &text)
+{
+    const NSDateName name = list.find(text);
+    if (!name.isDecided)
+        return QStringLiteral("?");
+    return QStringLiteral("%1:%2").arg(name.index).arg(name.length);
+}
+
+QString find(const NSDateNameList &list, const char16_t *text)
+{
+    return find(list, QString::fromUtf16(text));
+}
+} // namespace
+
+TEST(NSDateNames, FindsTheLongest)
+{
+    const NSDateNameList list = listOf({u"červen", u"červenec", u"Mar", u"March"});
+    EXPECT_EQ(find(list, u"červenec 5"), u"1:8");
+    EXPECT_EQ(find(list, u"červen 5"), u"0:6");
+    EXPECT_EQ(find(list, u"Marching"), u"3:5");
+    EXPECT_EQ(find(list, u"Mark"), u"2:3");
+    EXPECT_EQ(find(list, u"Ma"), u"-1:0");
+    EXPECT_EQ(find(list, u""), u"-1:0");
+}
+
+TEST(NSDateNames, IgnoresCase)
+{
+    const NSDateNameList list = listOf({u"März", u"Août", u"ΜΆΙΟΣ"});
+    EXPECT_EQ(find(list, u"mÄRZ"), u"0:4");
+    EXPECT_EQ(find(list, u"AOÛT"), u"1:4");
+    EXPECT_EQ(find(list, u"μάιος"), u"2:5");
+}
+
+TEST(NSDateNames, ForgivesAMissingPoint)
+{
+    const NSDateNameList list = listOf({u"juil.", u"mai"});
+    EXPECT_EQ(find(list, u"juil. 5"), u"0:5");
+    EXPECT_EQ(find(list, u"juil 5"), u"0:4");
+    EXPECT_EQ(find(list, u"juillet"), u"0:4");
+    EXPECT_EQ(find(list, u"mai."), u"1:3");
+}
+
+TEST(NSDateNames, LeavesLettersThatFoldToManyToICU)
+{
+    const NSDateNameList list = listOf({u"Strasse", u"Mai"});
+    EXPECT_EQ(find(list, u"Straße"), u"?");
+    EXPECT_EQ(find(list, u"Stram"), u"-1:0");
+    EXPECT_EQ(find(list, u"Maiß"), u"?");
+    EXPECT_EQ(find(list, u"ﬀ"), u"?");
+    EXPECT_EQ(find(list, u"x"), u"-1:0");
+}
+
+TEST(NSDateNames, CountsFromWhereItIsTold)
+{
+    const NSDateNameList weekdays = listOf({u"", u"Sunday", u"Monday"}, 1);
+    EXPECT_EQ(find(weekdays, u"monday"), u"2:6");
+    EXPECT_EQ(find(weekdays, u""), u"-1:0");
+    EXPECT_EQ(find(listOf({}), u"monday"), u"-1:0");
+    EXPECT_EQ(find(listOf({u"", u""}), u"monday"), u"-1:0");
+}
+
+TEST(NSDateNames, LeavesVeryLongNamesToICU)
+{
+    const QString name(100, u'x');
+    const auto list = listOf({reinterpret_cast<const char16_t *>(name.utf16())});
+    EXPECT_EQ(find(list, name), u"?");
+}
+
+TEST(NSDateNames, TriesListsInOrder)
+{
+    const std::array lists{listOf({u"AM", u"PM"}), listOf({u"a", u"p"})};
+    EXPECT_EQ(findName(lists, u"pm").length, 2);
+    EXPECT_EQ(findName(lists, u"p.m.").length, 1);
+    EXPECT_EQ(findName(lists, u"p.m.").index, 1);
+    EXPECT_EQ(findName(lists, u"x").index, -1);
+}
+
+TEST(NSDateNames, KnowsWhatNamesStartWith)
+{
+    NSDateNames names;
+    names.months[0] = listOf({u"January", u"März"});
+    names.standaloneMonths[1] = listOf({u"4月"});
+    names.weekdays[3] = listOf({u"W"});
+    names.halvesOfDay[1] = listOf({u"a"});
+    names.noteStarts();
+    const auto has = [](quint64 starts, char16_t unit) {
+        return (starts & NSDateNameList::bitOf(unit)) != 0;
+    };
+    EXPECT_TRUE(has(names.startsOfMonths, u'J'));
+    EXPECT_TRUE(has(names.startsOfMonths, u'j'));
+    EXPECT_TRUE(has(names.startsOfMonths, u'4'));
+    EXPECT_FALSE(has(names.startsOfMonths, u'w'));
+    EXPECT_TRUE(has(names.startsOfWeekdays, u'w'));
+    EXPECT_TRUE(has(names.startsOfHalves, u'A'));
+    EXPECT_FALSE(has(names.startsOfHalves, u'P'));
+}
+
+TEST(NSDateNames, SurvivesHostileTexts)
+{
+    const NSDateNameList list = listOf({u"January", u"\u0000", u"𝟗", u"\u0301"});
+    for (const QString &text : hostileTexts())
+        EXPECT_LE(list.find(text).length, 7);
+}

@@ -1,0 +1,237 @@
+// What the reader of natural language makes of texts, before any date is computed.
+
+#include <KTUtility/Platform/Dates/NSNaturalLanguageReader_p.h>
+
+#include "support/TestSupport.h"
+
+using namespace testing_support;
+
+namespace {
+std::shared_ptr<const NSDateEnvironment> environmentOf(const char *locale)
+{
+    return NSDateEnvironment::environmentOf(NSLocale(QString::fromLatin1(locale)),
+                                            NSGregorianCalendar);
+}
+
+NSNaturalLanguageWords wordsOf(const char *locale)
+{
+    return NSNaturalLanguageWords(*environmentOf(locale));
+}
+
+std::optional<NSNaturalLanguageSaid> read(const QString &text,
+                                          const QString &order = QStringLiteral("mdy"))
+{
+    static const NSNaturalLanguageWords words = wordsOf("en_US");
+    return NSNaturalLanguageReader(words, text, order, 1950).read();
+}
+
+QString partOf(const char *name, const std::optional<int> &value)
+{
+    return value ? QStringLiteral("%1=%2 ").arg(QLatin1String(name)).arg(*value) : QString();
+}
+
+/// Everything that was said, in one line; null if nothing was understood.
+QString describe(const std::optional<NSNaturalLanguageSaid> &said)
+{
+    if (!said)
+        return QString();
+    QString text = said->isNow ? QStringLiteral("now ") : QStringLiteral("");
+    text += partOf("days", said->daysFromToday) + partOf("weekday", said->weekday);
+    text += said->weekdayDirection != 0 ? partOf("direction", said->weekdayDirection) : QString();
+    text += partOf("y", said->year) + partOf("m", said->month) + partOf("d", said->day);
+    for (const NSNaturalLanguageSaid::Move &move : said->moves)
+        text += QStringLiteral("move=%1*%2 ").arg(move.unit).arg(move.amount);
+    text += partOf("h", said->hour);
+    if (said->hour)
+        text += QStringLiteral("%1:%2 ").arg(said->minute).arg(said->second);
+    text += partOf("half", said->half);
+    return text.trimmed();
+}
+
+QString understood(const char16_t *text, const char16_t *order = u"mdy")
+{
+    return describe(read(QString::fromUtf16(text), QString::fromUtf16(order)));
+}
+} // namespace
+
+TEST(NSNaturalLanguageReader, ReadsNumbersInTheGivenOrder)
+{
+    EXPECT_EQ(understood(u"3/4"), u"m=3 d=4");
+    EXPECT_EQ(understood(u"3/4", u"dmy"), u"m=4 d=3");
+    EXPECT_EQ(understood(u"3/4", u"ymd"), u"m=3 d=4");
+    EXPECT_EQ(understood(u"3/4", u"ydm"), u"m=4 d=3");
+    EXPECT_EQ(understood(u"3/4/08"), u"y=2008 m=3 d=4");
+    EXPECT_EQ(understood(u"3/4/08", u"dmy"), u"y=2008 m=4 d=3");
+    EXPECT_EQ(understood(u"08-3-4", u"ymd"), u"y=2008 m=3 d=4");
+    EXPECT_EQ(understood(u"08.3.4", u"ydm"), u"y=2008 m=4 d=3");
+    EXPECT_EQ(understood(u"2008-3-4", u"dmy"), u"y=2008 m=4 d=3");
+    EXPECT_EQ(understood(u"3/4/2008", u"ymd"), u"y=2008 m=3 d=4");
+}
+
+TEST(NSNaturalLanguageReader, PutsYearsIntoTheirCentury)
+{
+    EXPECT_EQ(understood(u"1/1/50"), u"y=1950 m=1 d=1");
+    EXPECT_EQ(understood(u"1/1/49"), u"y=2049 m=1 d=1");
+    EXPECT_EQ(understood(u"1/1/1850"), u"y=1850 m=1 d=1");
+    EXPECT_EQ(understood(u"may 5 08"), u"y=2008 m=5 d=5");
+    EXPECT_EQ(understood(u"may 5 2008"), u"y=2008 m=5 d=5");
+    EXPECT_EQ(understood(u"may 2008"), u"y=2008 m=5");
+}
+
+TEST(NSNaturalLanguageReader, ReadsTimes)
+{
+    EXPECT_EQ(understood(u"5:30"), u"h=5 30:0");
+    EXPECT_EQ(understood(u"5:30:15"), u"h=5 30:15");
+    EXPECT_EQ(understood(u"5pm"), u"h=5 0:0 half=1");
+    EXPECT_EQ(understood(u"5 AM"), u"h=5 0:0 half=0");
+    EXPECT_EQ(understood(u"5:30 p.m."), u"h=5 30:0 half=1");
+    EXPECT_EQ(understood(u"noon"), u"h=12 0:0");
+    EXPECT_EQ(understood(u"5:"), u"h=5 0:0");
+    EXPECT_EQ(understood(u"5 o'clock"), u"h=5 0:0");
+    EXPECT_EQ(understood(u"5 o’clock pm"), u"h=5 0:0 half=1");
+    EXPECT_EQ(understood(u"23"), u"h=23 0:0");
+}
+
+TEST(NSNaturalLanguageReader, ReadsMoves)
+{
+    EXPECT_EQ(understood(u"in 3 days"), u"move=16*3");
+    EXPECT_EQ(understood(u"3 days ago"), u"move=16*-3");
+    EXPECT_EQ(understood(u"in 1 day"), u"move=16*1");
+    EXPECT_EQ(understood(u"a week ago"), u"move=256*-1");
+    EXPECT_EQ(understood(u"in an hour"), u"move=32*1");
+    EXPECT_EQ(understood(u"2 months from now"), u"move=8*2");
+    EXPECT_EQ(understood(u"5 minutes later"), u"move=64*5");
+    EXPECT_EQ(understood(u"next year"), u"move=4*1");
+    EXPECT_EQ(understood(u"this month"), u"move=8*0");
+    EXPECT_EQ(understood(u"last second"), u"move=128*-1");
+}
+
+TEST(NSNaturalLanguageReader, ReadsDaysByName)
+{
+    EXPECT_EQ(understood(u"now"), u"now");
+    EXPECT_EQ(understood(u"TODAY"), u"days=0");
+    EXPECT_EQ(understood(u"tomorrow morning"), u"days=1 h=10 0:0");
+    EXPECT_EQ(understood(u"Mon"), u"weekday=1");
+    EXPECT_EQ(understood(u"Mon. 5:30"), u"weekday=1 h=5 30:0");
+    EXPECT_EQ(understood(u"next sunday"), u"weekday=0 direction=1");
+    EXPECT_EQ(understood(u"last Saturday"), u"weekday=6 direction=-1");
+    EXPECT_EQ(understood(u"prior Saturday"), u"weekday=6 direction=-1");
+    EXPECT_EQ(understood(u"this saturday"), u"weekday=6");
+    EXPECT_EQ(understood(u"March 4th"), u"m=3 d=4");
+    EXPECT_EQ(understood(u"the 1st of May"), u"m=5 d=1");
+}
+
+TEST(NSNaturalLanguageReader, RefusesWordsOutOfPlace)
+{
+    for (const char16_t *const text : {u"",
+                                       u" , ",
+                                       u"on",
+                                       u"may may",
+                                       u"today today",
+                                       u"5 6",
+                                       u"in",
+                                       u"in may",
+                                       u"3 days",
+                                       u"next 5",
+                                       u"next next week",
+                                       u"5:3:4:2",
+                                       u"5:60",
+                                       u"5:30:60",
+                                       u"5:x",
+                                       u"3/x",
+                                       u"1/2/3/4",
+                                       u"pm",
+                                       u"5 pm am",
+                                       u"hello",
+                                       u"12345",
+                                       u"123456789",
+                                       u"a",
+                                       u"a may",
+                                       u"ago",
+                                       u"24",
+                                       u"-3"})
+        EXPECT_EQ(understood(text), QString()) << qPrintable(QString::fromUtf16(text));
+}
+
+TEST(NSNaturalLanguageReader, ReadsDigitsOfOtherScripts)
+{
+    EXPECT_EQ(understood(u"３/４/０８"), u"y=2008 m=3 d=4");
+    EXPECT_EQ(understood(u"٥:٣٠"), u"h=5 30:0");
+    EXPECT_EQ(understood(u"in ３ days"), u"move=16*3");
+}
+
+TEST(NSNaturalLanguageWords, PreferTheLongest)
+{
+    using Kind = NSNaturalLanguageMeaning::Kind;
+    const NSNaturalLanguageWords words = wordsOf("en_US");
+    const NSNaturalLanguageWord day = words.find(u"day after tomorrow at five");
+    EXPECT_EQ(day.meaning.kind, Kind::Day);
+    EXPECT_EQ(day.meaning.value, 2);
+    EXPECT_EQ(day.length, 18);
+    EXPECT_EQ(words.find(u"day after next").meaning.kind, Kind::Unit);
+    EXPECT_EQ(words.find(u"in 12 days.").meaning.kind, Kind::Amount);
+    EXPECT_EQ(words.find(u"in 12 days.").length, 10);
+    EXPECT_EQ(words.find(u"in twelve days").meaning.kind, Kind::InFuture);
+}
+
+TEST(NSNaturalLanguageWords, EndWhereWordsEnd)
+{
+    const NSNaturalLanguageWords english = wordsOf("en_US");
+    EXPECT_EQ(english.find(u"today's").length, 5);
+    EXPECT_EQ(english.find(u"todays").length, 0);
+    EXPECT_EQ(english.find(u"monday").length, 6);
+    EXPECT_EQ(english.find(u"monda").length, 0);
+    EXPECT_EQ(english.find(u"").length, 0);
+    const NSNaturalLanguageWords japanese = wordsOf("ja_JP");
+    EXPECT_EQ(japanese.find(u"明日の午後").length, 2);
+    EXPECT_EQ(japanese.find(u"明後日の午後").length, 3);
+}
+
+TEST(NSNaturalLanguageWords, FindOneKindOnly)
+{
+    using Kind = NSNaturalLanguageMeaning::Kind;
+    const NSNaturalLanguageWords words = wordsOf("en_US");
+    EXPECT_EQ(words.find(u"second", Kind::Unit).length, 6);
+    EXPECT_EQ(words.find(u"second", Kind::Month).length, 0);
+    EXPECT_EQ(words.find(u"mar", Kind::Month).meaning.value, 3);
+    EXPECT_EQ(words.find(u"sunday", Kind::Weekday).meaning.value, 0);
+    EXPECT_EQ(words.find(u"pm", Kind::HalfOfDay).meaning.value, 1);
+}
+
+TEST(NSNaturalLanguageWords, HaveRelativeDaysInEveryLanguage)
+{
+    using Kind = NSNaturalLanguageMeaning::Kind;
+    for (const char *const locale : {"en_US", "de_DE", "fr_FR", "ja_JP", "es_ES", "it_IT", "nl_NL",
+                                     "pt_BR", "sv_SE", "fi_FI", "pl_PL", "ru_RU", "tr_TR", "ar_EG",
+                                     "he_IL", "hi_IN", "ko_KR", "zh_CN", "th_TH", "el_GR"}) {
+        const NSNaturalLanguageWords words = wordsOf(locale);
+        const auto names = environmentOf(locale)->symbolsOf(NSDateFormatterSymbols::Month);
+        const QString march = NSNaturalLanguageWords::folded(names.value(2));
+        EXPECT_EQ(words.find(march, Kind::Month).meaning.value, 3) << locale;
+        const auto days = environmentOf(locale)->symbolsOf(NSDateFormatterSymbols::Weekday);
+        const QString friday = NSNaturalLanguageWords::folded(days.value(5));
+        EXPECT_EQ(words.find(friday, Kind::Weekday).meaning.value, 5) << locale;
+    }
+}
+
+TEST(NSNaturalLanguageWords, AreSharedByLanguage)
+{
+    const auto environment = environmentOf("en_US");
+    EXPECT_EQ(NSNaturalLanguageWords::wordsOf(*environment),
+              NSNaturalLanguageWords::wordsOf(*environment));
+    EXPECT_NE(NSNaturalLanguageWords::wordsOf(*environment),
+              NSNaturalLanguageWords::wordsOf(*environmentOf("en_GB")));
+}
+
+TEST(NSNaturalLanguageWords, FollowTheNamesOfAFormatter)
+{
+    NSDateFormatter formatter(QStringLiteral("%m/%d/%y"), true);
+    formatter.setLocale(NSLocale(QStringLiteral("en_US")));
+    QStringList months = formatter.symbols(NSDateFormatterSymbols::Month);
+    months[2] = QStringLiteral("Ventôse");
+    formatter.setSymbols(NSDateFormatterSymbols::Month, months);
+    EXPECT_TRUE(formatter.dateFromString(QStringLiteral("5 ventôse 2008")).isValid());
+    NSDateFormatter other(QStringLiteral("%m/%d/%y"), true);
+    other.setLocale(NSLocale(QStringLiteral("en_US")));
+    EXPECT_FALSE(other.dateFromString(QStringLiteral("5 ventôse 2008")).isValid());
+}

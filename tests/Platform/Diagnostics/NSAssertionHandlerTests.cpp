@@ -1,0 +1,71 @@
+#include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
+#include <KTUtility/Platform/Diagnostics/NSLog.h>
+#include <KTUtility/Platform/Values/NSException.h>
+
+#include "support/TestField.h"
+#include "support/TestSupport.h"
+
+#include <QRegularExpression>
+
+#include <thread>
+
+namespace {
+class RecordingHandler : public NSAssertionHandler
+{
+public:
+    void handleFailureInMethod(const QString &method, const NSAssertionSubject &, const QString &,
+                               int lineNumber, const QString &description,
+                               std::span<const NSFormatArgument>) override
+    {
+        record = NSString::stringWithFormat(u"%@ %d %@", method, lineNumber, description);
+    }
+    QString record;
+};
+
+void fail(const NSAssertionSubject &subject)
+{
+    NSAssertionHandler::currentHandler()->handleFailureInMethod(QStringLiteral("check:"), subject,
+                                                                QStringLiteral("dir/File.cpp"), 9,
+                                                                QStringLiteral("why"));
+}
+} // namespace
+
+TEST(NSAssertionHandler, LogsAndRaises)
+{
+    const TestField field;
+    const QString log = testing_support::standardErrorOf([&] {
+        EXPECT_RAISES(fail(NSAssertionSubject(&field)), NSInternalInconsistencyException,
+                      QStringLiteral("why"));
+    });
+    EXPECT_TRUE(log.endsWith(u"*** Assertion failure in -[TestField check:], dir/File.cpp:9\n"))
+        << log.toStdString();
+}
+
+TEST(NSAssertionHandler, ClassesAreMarkedWithAPlus)
+{
+    const QString log = testing_support::standardErrorOf([] {
+        EXPECT_THROW(fail(NSAssertionSubject::classNamed(QStringLiteral("A"))), NSException);
+    });
+    EXPECT_TRUE(log.contains(u"in +[A check:]"));
+}
+
+TEST(NSAssertionHandler, CanBeReplacedForOneThread)
+{
+    RecordingHandler handler;
+    NSAssertionHandler::setCurrentHandler(&handler);
+    fail(NSAssertionSubject::classNamed(QStringLiteral("A")));
+    bool isOwnInThread = false;
+    std::thread([&] { isOwnInThread = NSAssertionHandler::currentHandler() != &handler; }).join();
+    NSAssertionHandler::setCurrentHandler(nullptr);
+    EXPECT_EQ(handler.record, QStringLiteral("check: 9 why"));
+    EXPECT_TRUE(isOwnInThread);
+    EXPECT_NE(NSAssertionHandler::currentHandler(), &handler);
+}
+
+TEST(NSLog, WritesOneLineInThePlatformsForm)
+{
+    const QString log = testing_support::standardErrorOf([] { NSLog(u"%@ is %d", u"é", 7); });
+    static const QRegularExpression form(QStringLiteral(
+        "^\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\.\\d{3} \\S+\\[\\d+:[0-9a-f]+\\] é is 7\\n$"));
+    EXPECT_TRUE(form.match(log).hasMatch()) << log.toStdString();
+}

@@ -1,0 +1,3 @@
+target_sources(KTUtilityTests PRIVATE
+    Platform/Diagnostics/NSAssertionHandlerTests.cpp
+)

@@ -1,0 +1,436 @@
+#include <KTUtility/Platform/Files/NSBundle.h>
+#include <KTUtility/Platform/Keys/NSClass.h>
+
+#include "PlugIns/PlugInSupport.h"
+#include "support/TestSupport.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <algorithm>
+#include <cstring>
+#include <link.h>
+#include <memory>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+using namespace plugin_support;
+using namespace testing_support;
+
+namespace {
+const QString goodClass = QStringLiteral("GoodExporter");
+
+QString goodModule()
+{
+    return builtModule(QStringLiteral("GoodPlugIn1"));
+}
+
+/// A bundle whose module is these bytes.
+QString bundleWithModule(const QByteArray &bytes)
+{
+    const QString home = useFreshHome();
+    const QString module = home + QStringLiteral("/module");
+    writeFile(module, bytes);
+    return makeBundle(home, QStringLiteral("Made"), information(goodIdentifier, goodClass), module);
+}
+
+/// How much of a module is mapped.
+qsizetype endOfSegments(const QByteArray &module)
+{
+    ElfW(Ehdr) header{};
+    std::memcpy(&header, module.constData(), sizeof(header));
+    qsizetype end = 0;
+    for (unsigned index = 0; index < header.e_phnum; ++index) {
+        ElfW(Phdr) segment{};
+        std::memcpy(&segment, module.constData() + header.e_phoff + index * sizeof(segment),
+                    sizeof(segment));
+        if (segment.p_type == PT_LOAD)
+            end = std::max(end, qsizetype(segment.p_offset + segment.p_filesz));
+    }
+    return end;
+}
+
+void setMode(const QString &path, mode_t mode)
+{
+    ASSERT_EQ(::chmod(QFile::encodeName(path).constData(), mode), 0) << path.toStdString();
+}
+
+/// The paths of what was opened by descriptor, as the loader keeps them, in order.
+QList<QByteArray> modulesLoadedByDescriptor()
+{
+    QList<QByteArray> paths;
+    dl_iterate_phdr(
+        [](dl_phdr_info *module, size_t, void *list) {
+            const QByteArray path(module->dlpi_name);
+            const QByteArray start = "/proc/" + QByteArray::number(::getpid()) + "/fd/";
+            if (path.startsWith(start))
+                static_cast<QList<QByteArray> *>(list)->append(path);
+            return 0;
+        },
+        &paths);
+    return paths;
+}
+
+/// Why the code of a bundle cannot be loaded.
+QString loadError(const QString &bundlePath)
+{
+    NSBundle bundle(bundlePath);
+    QString error;
+    EXPECT_FALSE(bundle.load(&error));
+    EXPECT_FALSE(bundle.isLoaded());
+    EXPECT_FALSE(error.isNull());
+    EXPECT_FALSE(bundle.load());
+    EXPECT_EQ(bundle.principalClass(), nullptr);
+    return error;
+}
+} // namespace
+
+TEST(NSBundleCode, EntriesOfAFolderAreFoundByTypeInOrder)
+{
+    const QString folder = useFreshHome() + QStringLiteral("/entries");
+    for (const char16_t *name : {u"b.bundle", u"a.b.bundle", u"C.bundle", u"ä.bundle"})
+        QDir().mkpath(folder + u'/' + QString::fromUtf16(name) + u"/inner.bundle");
+    for (const char16_t *name : {u"file.bundle", u".bundle", u"x.Bundle", u"bundle", u"x.bundles"})
+        writeFile(folder + u'/' + QString::fromUtf16(name), "");
+    QFile::link(QStringLiteral("/nowhere"), folder + u"/link.bundle");
+
+    QStringList names;
+    for (const QString &path :
+         NSBundle::pathsForResourcesOfType(QStringLiteral("bundle"), folder)) {
+        EXPECT_TRUE(path.startsWith(folder + u'/'));
+        names += path.mid(folder.size() + 1);
+    }
+    const QStringList expected = {QStringLiteral("C.bundle"),    QStringLiteral("a.b.bundle"),
+                                  QStringLiteral("b.bundle"),    QStringLiteral("file.bundle"),
+                                  QStringLiteral("link.bundle"), QStringLiteral("ä.bundle")};
+    EXPECT_EQ(names, expected);
+}
+
+TEST(NSBundleCode, WhatIsNoFolderHasNoEntries)
+{
+    const QString home = useFreshHome();
+    writeFile(home + u"/file", "");
+    for (const QString &folder : {QString(home + u"/none"), QString(home + u"/file")})
+        EXPECT_TRUE(NSBundle::pathsForResourcesOfType(QStringLiteral("bundle"), folder).isEmpty());
+    for (const QString &text : hostileTexts()) {
+        EXPECT_TRUE(NSBundle::pathsForResourcesOfType(QStringLiteral("bundle"), text).isEmpty());
+        EXPECT_TRUE(NSBundle::pathsForResourcesOfType(u"no such" + text, home).isEmpty());
+    }
+}
+
+TEST(NSBundleCode, TheExecutableIsLookedForInThreeFoldersUnderTwoNames)
+{
+    const QString bundle = makeBundle(useFreshHome(), QStringLiteral("Probe"),
+                                      information(goodIdentifier, goodClass), QString());
+    const QStringList inOrderOfPreference = {QStringLiteral("/Contents/Linux/Code"),
+                                             QStringLiteral("/Contents/Linux/libCode.so"),
+                                             QStringLiteral("/Contents/Code"),
+                                             QStringLiteral("/Contents/libCode.so"),
+                                             QStringLiteral("/Code"),
+                                             QStringLiteral("/libCode.so")};
+    for (const char16_t *other :
+         {u"/Contents/Linux/Code.so", u"/Contents/MacOS/Code", u"/Contents/Linux/Probe"})
+        writeFile(bundle + QString::fromUtf16(other), "");
+    EXPECT_TRUE(NSBundle(bundle).executablePath().isNull());
+    for (auto place = inOrderOfPreference.rbegin(); place != inOrderOfPreference.rend(); ++place) {
+        writeFile(bundle + *place, "");
+        EXPECT_EQ(NSBundle(bundle).executablePath(), bundle + *place);
+    }
+}
+
+TEST(NSBundleCode, WithoutANameTheExecutableIsNamedAfterTheBundle)
+{
+    const QString bundle =
+        makeBundle(useFreshHome(), QStringLiteral("My.Own"),
+                   {{QStringLiteral("CFBundleIdentifier"), goodIdentifier}}, QString());
+    const QString executable = bundle + u"/Contents/Linux/libMy.Own.so";
+    writeFile(executable, "");
+    EXPECT_EQ(NSBundle(bundle).executablePath(), executable);
+    EXPECT_EQ(NSBundle(bundle + u'/').executablePath().isNull(), false);
+}
+
+TEST(NSBundleCode, NamesThatLeaveTheBundleNameNoExecutable)
+{
+    for (const QString &name :
+         {QStringLiteral("../Linux/Code"), QStringLiteral("/bin/ls"), QStringLiteral(".."),
+          QStringLiteral("."), QStringLiteral("Linux/Code")}) {
+        QVariantMap entries = information(goodIdentifier, goodClass);
+        entries.insert(QStringLiteral("CFBundleExecutable"), name);
+        const QString bundle =
+            makeBundle(useFreshHome(), QStringLiteral("Leaving"), entries, goodModule());
+        EXPECT_TRUE(NSBundle(bundle).executablePath().isNull());
+        EXPECT_TRUE(loadError(bundle).contains(u"there is no executable"));
+    }
+}
+
+TEST(NSBundleCode, AFolderIsNoExecutable)
+{
+    const QString bundle = makeBundle(useFreshHome(), QStringLiteral("Folder"),
+                                      information(goodIdentifier, goodClass), QString());
+    QDir().mkpath(bundle + u"/Contents/Linux/Code");
+    EXPECT_TRUE(NSBundle(bundle).executablePath().isNull());
+}
+
+TEST(NSBundleCode, TheBuildMakesBundles)
+{
+    NSBundle bundle(builtFolder() + u"/GoodPlugIn1.bundle");
+    EXPECT_EQ(bundle.bundleIdentifier(), goodIdentifier);
+    EXPECT_EQ(bundle.principalClassName(), goodClass);
+    EXPECT_EQ(bundle.executablePath(), goodModule());
+    EXPECT_EQ(contentsOf(bundle.pathForResource(QStringLiteral("Hello"), QStringLiteral("txt"))),
+              "Hello from a plug-in.\n");
+    QString error;
+    EXPECT_NE(bundle.principalClass(&error), nullptr) << error.toStdString();
+}
+
+TEST(NSBundleCode, LoadingFindsClassesAndUnloadingTakesThemOutOfReach)
+{
+    NSBundle bundle(makeGoodBundle(useFreshHome()));
+    const NSBundle copy = bundle;
+    EXPECT_FALSE(bundle.isLoaded());
+    QString error = QStringLiteral("old");
+    EXPECT_TRUE(bundle.load(&error));
+    EXPECT_TRUE(error.isNull());
+    EXPECT_TRUE(bundle.load());
+    EXPECT_TRUE(bundle.isLoaded());
+    EXPECT_TRUE(copy.isLoaded());
+
+    const NSClass *const found = bundle.principalClass();
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(found->name(), goodClass);
+    EXPECT_EQ(bundle.classNamed(goodClass), found);
+    EXPECT_EQ(bundle.classNamed(QStringLiteral("Other"), &error), nullptr);
+    EXPECT_EQ(error, bundle.executablePath() + u" registers no class Other");
+
+    bundle.unload();
+    EXPECT_FALSE(bundle.isLoaded());
+    EXPECT_FALSE(copy.isLoaded());
+    bundle.unload();
+    // The code stays, and loading finds it again.
+    EXPECT_NE(found->newInstance().get(), nullptr);
+    EXPECT_EQ(bundle.principalClass(), found);
+}
+
+// The examples of the headers of NSBundle and NSClass.
+TEST(NSBundleCode, IsUsedLikeThis)
+{
+    NSBundle plugIn(makeGoodBundle(useFreshHome()));
+    QString error;
+    std::unique_ptr<QObject> exporter;
+    if (const NSClass *exporterClass = plugIn.principalClass(&error))
+        exporter = exporterClass->newInstance();
+    ASSERT_NE(exporter.get(), nullptr) << error.toStdString();
+
+    const NSClass *exporterClass = plugIn.classNamed(QStringLiteral("GoodExporter"));
+    ASSERT_NE(exporterClass, nullptr);
+    EXPECT_TRUE(exporterClass->conformsToProtocol(NSProtocol::of<TestExporter>()));
+    EXPECT_NE(qobject_cast<TestExporter *>(exporterClass->newInstance().get()), nullptr);
+}
+
+TEST(NSBundleCode, TwoBundlesMayHoldClassesOfTheSameName)
+{
+    const QString home = useFreshHome();
+    NSBundle first(makeGoodBundle(home, QStringLiteral("One"), 1));
+    NSBundle second(makeGoodBundle(home, QStringLiteral("Two"), 2));
+    const NSClass *const firstClass = first.principalClass();
+    const NSClass *const secondClass = second.principalClass();
+    ASSERT_NE(firstClass, nullptr);
+    ASSERT_NE(secondClass, nullptr);
+    EXPECT_NE(firstClass, secondClass);
+    const std::unique_ptr<QObject> firstObject = firstClass->newInstance();
+    const std::unique_ptr<QObject> secondObject = secondClass->newInstance();
+    // Neither sees the other's version or count.
+    EXPECT_EQ(qobject_cast<TestExporter *>(firstObject.get())->fileType(), u"1/1");
+    EXPECT_EQ(qobject_cast<TestExporter *>(secondObject.get())->fileType(), u"2/1");
+}
+
+TEST(NSBundleCode, AFileThatWasReplacedIsOtherCode)
+{
+    const QString home = useFreshHome();
+    QSet<const NSClass *> classes;
+    for (const int version : {1, 2, 1, 2}) {
+        NSBundle bundle(makeGoodBundle(home, QStringLiteral("Good"), version));
+        const NSClass *const found = bundle.principalClass();
+        ASSERT_NE(found, nullptr);
+        const std::unique_ptr<QObject> object = found->newInstance();
+        EXPECT_EQ(qobject_cast<TestExporter *>(object.get())->fileType(),
+                  QString::number(version) + u"/1");
+        classes.insert(found);
+    }
+    EXPECT_EQ(classes.size(), 4);
+}
+
+TEST(NSBundleCode, ThePathThatTheLoaderKnowsStaysThatOfTheCode)
+{
+    const QString home = useFreshHome();
+    const qsizetype before = modulesLoadedByDescriptor().size();
+    for (const int version : {1, 2}) {
+        NSBundle bundle(makeGoodBundle(home, QStringLiteral("Good"), version));
+        ASSERT_NE(bundle.principalClass(), nullptr);
+        // Others may come to be opened in its place.
+        std::vector<std::unique_ptr<QFile>> others;
+        for (int number = 0; number < 20; ++number) {
+            others.push_back(std::make_unique<QFile>(QStringLiteral("/dev/null")));
+            ASSERT_TRUE(others.back()->open(QIODevice::ReadOnly));
+        }
+        const QList<QByteArray> paths = modulesLoadedByDescriptor();
+        ASSERT_EQ(paths.size(), before + version);
+        const QByteArray path = paths.last();
+        const QByteArray code = contentsOf(builtModule(u"GoodPlugIn" + QString::number(version)));
+        EXPECT_EQ(contentsOf(QString::fromLatin1(path)), code);
+    }
+}
+
+TEST(NSBundleCode, TheSameFileIsTheSameCode)
+{
+    const QString path = makeGoodBundle(useFreshHome());
+    NSBundle first(path);
+    NSBundle second(path);
+    EXPECT_EQ(first.principalClass(), second.principalClass());
+    first.unload();
+    EXPECT_TRUE(second.isLoaded());
+}
+
+TEST(NSBundleCode, WhatOthersMayWriteIsNotLoaded)
+{
+    const QString folder = useFreshHome() + QStringLiteral("/folder");
+    const QString path = makeGoodBundle(folder);
+    const QStringList places = {folder, path, QString(path + u"/Contents"),
+                                QString(path + u"/Contents/Linux"),
+                                QString(path + u"/Contents/Linux/Code")};
+    for (const QString &place : places) {
+        setMode(place, 0777);
+        EXPECT_EQ(loadError(path), place + u" is writable by others");
+        setMode(place, 0755);
+    }
+    // A sticky bit keeps others from removing, not from adding.
+    setMode(folder, 01777);
+    EXPECT_EQ(loadError(path), folder + u" is writable by others");
+    setMode(folder, 0755);
+    EXPECT_TRUE(NSBundle(path).load());
+}
+
+TEST(NSBundleCode, CodeOutsideOfTheBundleIsNotLoaded)
+{
+    const QString home = useFreshHome();
+    const QString path = makeBundle(home, QStringLiteral("Linked"),
+                                    information(goodIdentifier, goodClass), QString());
+    ASSERT_TRUE(QFile::link(goodModule(), path + u"/Contents/Linux/Code"));
+    EXPECT_EQ(loadError(path), goodModule() + u" lies outside of the bundle");
+}
+
+TEST(NSBundleCode, ALinkToABundleIsThatBundle)
+{
+    const QString home = useFreshHome();
+    const QString path = makeGoodBundle(home + QStringLiteral("/real"));
+    const QString link = home + u"/Link.bundle";
+    ASSERT_TRUE(QFile::link(path, link));
+    EXPECT_TRUE(NSBundle(link).load());
+    setMode(home + u"/real", 0777);
+    EXPECT_EQ(loadError(link), home + u"/real is writable by others");
+}
+
+TEST(NSBundleCode, ALinkThatOthersMayChangeIsNotFollowed)
+{
+    const QString home = useFreshHome();
+    const QString path = makeGoodBundle(home + QStringLiteral("/real"));
+    const QString open = home + u"/open";
+    const QString link = open + u"/Link.bundle";
+    const QString linkToLink = home + u"/Link.bundle";
+    ASSERT_TRUE(QDir().mkdir(open) && QFile::link(path, link) && QFile::link(link, linkToLink));
+    EXPECT_TRUE(NSBundle(linkToLink).load());
+    setMode(open, 0777);
+    for (const QString &way : {link, QString(link + u'/'), linkToLink})
+        EXPECT_EQ(loadError(way), open + u" is writable by others");
+    EXPECT_TRUE(NSBundle(path).load());
+}
+
+TEST(NSBundleCode, APipeInPlaceOfTheCodeIsRefusedAtOnce)
+{
+    const QString path = makeBundle(useFreshHome(), QStringLiteral("Pipe"),
+                                    information(goodIdentifier, goodClass), QString());
+    const QString pipe = path + u"/Contents/Linux/Code";
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    EXPECT_EQ(loadError(path), pipe + u" is not a file");
+}
+
+TEST(NSBundleCode, WhatIsNoModuleIsRefused)
+{
+    QByteArray otherMachine = contentsOf(goodModule());
+    otherMachine[EI_NIDENT + 2] = EM_S390;
+    QByteArray otherClass = contentsOf(goodModule());
+    otherClass[EI_CLASS] = otherClass[EI_CLASS] == ELFCLASS64 ? ELFCLASS32 : ELFCLASS64;
+    const QList<QByteArray> files = {QByteArray(),
+                                     QByteArray("MZ"),
+                                     QByteArray(100'000, 'x'),
+                                     QByteArray(ELFMAG),
+                                     QByteArray(100'000, '\xFF').prepend(ELFMAG),
+                                     otherMachine,
+                                     otherClass};
+    for (const QByteArray &bytes : files) {
+        const QString path = bundleWithModule(bytes);
+        const QString error = loadError(path);
+        EXPECT_TRUE(error.startsWith(path)) << error.toStdString();
+        EXPECT_FALSE(error.contains(u"/proc/")) << error.toStdString();
+    }
+}
+
+TEST(NSBundleCode, ACutOffModuleIsRefused)
+{
+    const QByteArray whole = contentsOf(goodModule());
+    const qsizetype end = endOfSegments(whole);
+    ASSERT_GT(end, 4096);
+    ASSERT_GT(whole.size(), end);
+    for (const qsizetype size : {qsizetype(70), qsizetype(4096), end - 1, end, whole.size() - 1}) {
+        const QString path = bundleWithModule(whole.left(size));
+        EXPECT_EQ(loadError(path), QString(path + u"/Contents/Linux/Code is incomplete"));
+    }
+    EXPECT_TRUE(NSBundle(bundleWithModule(whole)).load());
+}
+
+TEST(NSBundleCode, AModuleWithoutASectionTableIsLoaded)
+{
+    QByteArray module = contentsOf(goodModule());
+    module.truncate(endOfSegments(module));
+    ElfW(Ehdr) header{};
+    std::memcpy(&header, module.constData(), sizeof(header));
+    header.e_shoff = 0;
+    header.e_shnum = 0;
+    header.e_shstrndx = 0;
+    std::memcpy(module.data(), &header, sizeof(header));
+    EXPECT_TRUE(NSBundle(bundleWithModule(module)).load());
+}
+
+TEST(NSBundleCode, AModuleWithoutClassesHasNone)
+{
+    NSBundle bundle(makeBundle(useFreshHome(), QStringLiteral("Other"),
+                               information(goodIdentifier, goodClass),
+                               builtModule(QStringLiteral("EmptyPlugIn"))));
+    QString error;
+    EXPECT_EQ(bundle.principalClass(&error), nullptr);
+    EXPECT_TRUE(bundle.isLoaded());
+    EXPECT_EQ(error, bundle.executablePath() + u" registers no class GoodExporter");
+}
+
+TEST(NSBundleCode, OnlyTextsNameAClass)
+{
+    for (const QVariant &value : {QVariant(5), QVariant(QStringLiteral("")), QVariant(true)}) {
+        QVariantMap entries = information(goodIdentifier, goodClass);
+        entries.insert(QStringLiteral("NSPrincipalClass"), value);
+        NSBundle bundle(makeBundle(useFreshHome(), QStringLiteral("Odd"), entries, goodModule()));
+        EXPECT_TRUE(bundle.principalClassName().isNull());
+        EXPECT_EQ(bundle.principalClass(), nullptr);
+    }
+}
+
+TEST(NSBundleCode, NonsenseHasNoCode)
+{
+    useFreshHome();
+    for (const QString &path : hostileTexts()) {
+        NSBundle bundle(path);
+        EXPECT_TRUE(bundle.executablePath().isNull());
+        EXPECT_TRUE(bundle.infoDictionary().isEmpty());
+        EXPECT_FALSE(bundle.load());
+    }
+}

@@ -1,0 +1,192 @@
+// Copying, moving and removing files and folders.
+
+#include <KTUtility/Platform/Files/NSFileManager.h>
+#include <KTUtility/Platform/Files/NSFileOperations_p.h>
+
+#include "support/FileTree.h"
+#include "support/TestSupport.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace NSFileManager;
+using testing_support::contentsOf;
+using testing_support::FileTree;
+
+namespace {
+class FileOperations : public testing::Test
+{
+protected:
+    QString at(const char *name) const { return tree.path(QString::fromUtf8(name)); }
+    bool copy(const char *from, const char *to) const { return copyItemAtPath(at(from), at(to)); }
+    mode_t modeOf(const char *name) const
+    {
+        struct stat status = {};
+        ::lstat(QFile::encodeName(at(name)).constData(), &status);
+        return status.st_mode & 07777;
+    }
+
+    const FileTree tree;
+};
+} // namespace
+
+TEST_F(FileOperations, CopiesKeepContentsModesAndTimes)
+{
+    const QByteArray large(qsizetype(3) << 20, 'x');
+    tree.add(QStringLiteral("a"), large);
+    ::chmod(QFile::encodeName(at("a")).constData(), 04640);
+    QFile file(at("a"));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    const QDateTime then = QDateTime::fromSecsSinceEpoch(1'000'000'000);
+    ASSERT_TRUE(file.setFileTime(then, QFileDevice::FileModificationTime));
+    file.close();
+    EXPECT_TRUE(copy("a", "b"));
+    EXPECT_TRUE(contentsOf(at("b")) == large);
+    EXPECT_EQ(modeOf("b"), 0640U);
+    EXPECT_EQ(QFileInfo(at("b")).lastModified(), then);
+}
+
+TEST_F(FileOperations, NothingIsCopiedOverAnything)
+{
+    tree.add(QStringLiteral("a"), "new");
+    tree.add(QStringLiteral("b"), "old");
+    tree.add(QStringLiteral("folder/"));
+    QFile::link(at("nowhere"), at("link"));
+    EXPECT_FALSE(copy("a", "b"));
+    EXPECT_FALSE(copy("a", "folder"));
+    EXPECT_FALSE(copy("a", "link"));
+    EXPECT_FALSE(copy("folder", "b"));
+    EXPECT_FALSE(copy("a", "a"));
+    EXPECT_EQ(contentsOf(at("b")), "old");
+    EXPECT_EQ(contentsOf(at("a")), "new");
+}
+
+TEST_F(FileOperations, FoldersAreCopiedWithAllTheyHold)
+{
+    tree.add(QStringLiteral("from/deep/er/a"), "a");
+    tree.add(QStringLiteral("from/.hidden"), "h");
+    tree.add(QStringLiteral("from/empty/"));
+    ASSERT_EQ(::symlink("deep/er/a", QFile::encodeName(at("from/link")).constData()), 0);
+    ::chmod(QFile::encodeName(at("from/deep")).constData(), 0750);
+    EXPECT_TRUE(copy("from", "to"));
+    EXPECT_EQ(contentsOf(at("to/deep/er/a")), "a");
+    EXPECT_EQ(contentsOf(at("to/.hidden")), "h");
+    EXPECT_TRUE(QFileInfo(at("to/empty")).isDir());
+    EXPECT_EQ(QFileInfo(at("to/link")).symLinkTarget(), at("to/deep/er/a"));
+    EXPECT_EQ(modeOf("to/deep"), 0750U);
+}
+
+TEST_F(FileOperations, LinksAtTheTopAreFollowed)
+{
+    tree.add(QStringLiteral("a"), "a");
+    QFile::link(at("a"), at("link"));
+    EXPECT_TRUE(copy("link", "b"));
+    EXPECT_FALSE(QFileInfo(at("b")).isSymLink());
+    EXPECT_EQ(contentsOf(at("b")), "a");
+}
+
+TEST_F(FileOperations, FoldersAreNotCopiedIntoThemselves)
+{
+    tree.add(QStringLiteral("folder/sub/a"));
+    const QJsonObject before = tree.contents();
+    EXPECT_FALSE(copy("folder", "folder/sub/copy"));
+    EXPECT_FALSE(copy("folder", "folder/copy"));
+    EXPECT_EQ(tree.contents(), before);
+    EXPECT_TRUE(copy("folder", "folder2"));
+}
+
+TEST_F(FileOperations, PipesAndMissingFilesAreRefused)
+{
+    ASSERT_EQ(::mkfifo(QFile::encodeName(at("pipe")).constData(), 0600), 0);
+    tree.add(QStringLiteral("folder/a"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(at("folder/pipe")).constData(), 0600), 0);
+    EXPECT_FALSE(copy("pipe", "copy"));
+    EXPECT_FALSE(copy("folder", "copy"));
+    EXPECT_FALSE(copy("none", "copy"));
+    EXPECT_FALSE(copy("folder/a", "none/copy"));
+    EXPECT_FALSE(QFile::exists(at("copy")));
+}
+
+TEST_F(FileOperations, AFullDiskLeavesNothing)
+{
+    // A limit on the size of files ends writing in the middle, as a full disk does.
+    tree.add(QStringLiteral("a"), QByteArray(qsizetype(1) << 16, 'x'));
+    struct rlimit limit = {};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
+    const auto before = std::signal(SIGXFSZ, SIG_IGN);
+    const struct rlimit small = {1024, limit.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    EXPECT_FALSE(copy("a", "b"));
+    EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+    std::signal(SIGXFSZ, before);
+    EXPECT_FALSE(QFile::exists(at("b")));
+}
+
+TEST_F(FileOperations, MovesNeverReplace)
+{
+    tree.add(QStringLiteral("a"), "a");
+    tree.add(QStringLiteral("b"), "b");
+    EXPECT_FALSE(moveItemAtPath(at("a"), at("b")));
+    EXPECT_FALSE(moveItemAtPath(at("none"), at("c")));
+    EXPECT_TRUE(moveItemAtPath(at("a"), at("c")));
+    EXPECT_EQ(contentsOf(at("b")), "b");
+    EXPECT_EQ(contentsOf(at("c")), "a");
+    EXPECT_FALSE(QFile::exists(at("a")));
+}
+
+TEST_F(FileOperations, RenamingWithPlaceholders)
+{
+    tree.add(QStringLiteral("a"), "a");
+    tree.add(QStringLiteral("b"), "b");
+    tree.add(QStringLiteral("folder/x"), "x");
+    const auto rename = [this](const char *from, const char *to) {
+        return NSRenameOverPlaceholder(QFile::encodeName(at(from)), QFile::encodeName(at(to)));
+    };
+    EXPECT_EQ(rename("a", "b"), EEXIST);
+    EXPECT_EQ(rename("folder", "b"), EEXIST);
+    EXPECT_EQ(rename("none", "c"), ENOENT);
+    EXPECT_EQ(rename("a", "none/c"), ENOENT);
+    EXPECT_EQ(rename("a", "c"), 0);
+    EXPECT_EQ(rename("folder", "moved"), 0);
+    EXPECT_NE(rename("moved", "moved/inside"), 0);
+    EXPECT_EQ(tree.contents().keys(),
+              QStringList({QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("moved"),
+                           QStringLiteral("moved/x")}));
+}
+
+TEST_F(FileOperations, RemovesFoldersButNotWhatLinksLeadTo)
+{
+    tree.add(QStringLiteral("outside/kept"));
+    tree.add(QStringLiteral("folder/deep/a"));
+    QFile::link(at("outside"), at("folder/link"));
+    EXPECT_TRUE(removeItemAtPath(at("folder")));
+    EXPECT_FALSE(QFile::exists(at("folder")));
+    EXPECT_TRUE(QFile::exists(at("outside/kept")));
+    EXPECT_FALSE(removeItemAtPath(at("folder")));
+    // A "/" at the end is not part of the name.
+    QFile::link(at("outside"), at("link"));
+    EXPECT_TRUE(removeItemAtPath(at("link//")));
+    EXPECT_FALSE(QFileInfo(at("link")).isSymLink());
+    EXPECT_TRUE(QFile::exists(at("outside/kept")));
+}
+
+TEST_F(FileOperations, HostilePathsAreRefused)
+{
+    tree.add(QStringLiteral("a"));
+    for (const QString &text : testing_support::hostileTexts()) {
+        EXPECT_FALSE(copyItemAtPath(text, at("b")));
+        EXPECT_FALSE(moveItemAtPath(text, at("b")));
+        EXPECT_FALSE(removeItemAtPath(text));
+        const QString missing = at("none/") + text;
+        EXPECT_FALSE(copyItemAtPath(at("a"), missing));
+        EXPECT_FALSE(moveItemAtPath(at("a"), missing));
+    }
+    EXPECT_EQ(tree.contents().size(), 1);
+}

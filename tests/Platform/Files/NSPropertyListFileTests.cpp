@@ -1,0 +1,172 @@
+#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+
+#include "support/TestSupport.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+using namespace testing_support;
+
+namespace {
+const QVariantMap &settings()
+{
+    static const QVariantMap map = {{QStringLiteral("rows"), 20LL},
+                                    {QStringLiteral("name"), QStringLiteral("Ada")}};
+    return map;
+}
+
+/// While it lives, no file of this process grows beyond a size: the disk is full.
+class FullDisk
+{
+public:
+    explicit FullDisk(rlim_t bytes)
+    {
+        _handler = std::signal(SIGXFSZ, SIG_IGN);
+        ::getrlimit(RLIMIT_FSIZE, &_before);
+        const rlimit limit = {bytes, _before.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &_before);
+        std::signal(SIGXFSZ, _handler);
+    }
+    FullDisk(const FullDisk &) = delete;
+    FullDisk &operator=(const FullDisk &) = delete;
+
+private:
+    rlimit _before = {};
+    void (*_handler)(int) = nullptr;
+};
+
+QStringList filesIn(const QString &folder)
+{
+    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System |
+                                  QDir::NoDotAndDotDot);
+}
+
+QByteArray bytesOf(const QString &path)
+{
+    return QFile::encodeName(path);
+}
+} // namespace
+
+TEST(NSPropertyListFile, DictionariesComeBack)
+{
+    const QString home = useFreshHome();
+    for (const bool atomically : {true, false}) {
+        const QString path = home + QStringLiteral("/made/on the way/%1.plist").arg(atomically);
+        EXPECT_TRUE(NSDictionary::writeToFile(settings(), path, atomically));
+        EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(path), settings());
+        EXPECT_EQ(contentsOf(path), NSPropertyListSerialization::dataWithPropertyList(settings()));
+    }
+    EXPECT_EQ(filesIn(home + QStringLiteral("/made/on the way")).size(), 2);
+}
+
+TEST(NSPropertyListFile, WhatIsNoDictionaryIsNothing)
+{
+    const QString home = useFreshHome();
+    const QString path = home + QStringLiteral("/a.plist");
+    EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(path), std::nullopt);
+    EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(home), std::nullopt);
+    for (const QByteArray &bytes :
+         {QByteArray(), QByteArray("x"), QByteArray("bplist00"),
+          QByteArray("<plist><true/></plist>"), QByteArray("<plist><array/></plist>"),
+          QByteArray("<plist><dict>")}) {
+        writeFile(path, bytes);
+        EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(path), std::nullopt);
+    }
+    writeFile(path, "<plist><dict/></plist>");
+    EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(path), QVariantMap());
+}
+
+TEST(NSPropertyListFile, PipesAndDevicesAreNotRead)
+{
+    const QString pipe = useFreshHome() + QStringLiteral("/pipe");
+    ASSERT_EQ(::mkfifo(bytesOf(pipe).constData(), 0600), 0);
+    EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(pipe), std::nullopt);
+    EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(QStringLiteral("/dev/zero")),
+              std::nullopt);
+}
+
+TEST(NSPropertyListFile, OnlyFilesAreReplaced)
+{
+    const QString home = useFreshHome();
+    const QString pipe = home + QStringLiteral("/pipe");
+    const QString folder = home + QStringLiteral("/folder");
+    ASSERT_EQ(::mkfifo(bytesOf(pipe).constData(), 0600), 0);
+    ASSERT_TRUE(QDir().mkdir(folder));
+    for (const bool atomically : {true, false}) {
+        EXPECT_FALSE(NSDictionary::writeToFile(settings(), pipe, atomically));
+        EXPECT_FALSE(NSDictionary::writeToFile(settings(), folder, atomically));
+        EXPECT_FALSE(
+            NSDictionary::writeToFile(settings(), QStringLiteral("/dev/full"), atomically));
+    }
+    struct stat status = {};
+    ASSERT_EQ(::stat("/dev/full", &status), 0);
+    EXPECT_TRUE(S_ISCHR(status.st_mode));
+    EXPECT_EQ(filesIn(home), (QStringList{QStringLiteral("folder"), QStringLiteral("pipe")}));
+}
+
+TEST(NSPropertyListFile, HostilePathsAndValuesAreRefused)
+{
+    const QString home = useFreshHome();
+    const QString path = home + QStringLiteral("/a.plist");
+    writeFile(path, "old");
+    for (const bool atomically : {true, false}) {
+        for (const QString &hostile :
+             {QString(), QStringLiteral(""), QString(path + QChar(0)),
+              QString(home + u'/' + QChar(0xD800)), QString(path + u"/below a file"),
+              QString(home + u'/' + QStringLiteral("n").repeated(300))})
+            EXPECT_FALSE(NSDictionary::writeToFile(settings(), hostile, atomically));
+        const QVariantMap unwritable = {{QStringLiteral("a"), QString(QChar(0))}};
+        EXPECT_FALSE(NSDictionary::writeToFile(unwritable, path, atomically));
+    }
+    EXPECT_EQ(contentsOf(path), QByteArray("old"));
+    EXPECT_EQ(filesIn(home), QStringList{QStringLiteral("a.plist")});
+}
+
+TEST(NSPropertyListFile, TheModeOfTheFileStays)
+{
+    const QString path = useFreshHome() + QStringLiteral("/a.plist");
+    for (const mode_t mode : {0600u, 0664u, 0640u}) {
+        writeFile(path, "old");
+        ASSERT_EQ(::chmod(bytesOf(path).constData(), mode), 0);
+        EXPECT_TRUE(NSDictionary::writeToFile(settings(), path, true));
+        struct stat status = {};
+        ASSERT_EQ(::stat(bytesOf(path).constData(), &status), 0);
+        EXPECT_EQ(status.st_mode & 0777, mode);
+    }
+}
+
+TEST(NSPropertyListFile, ALinkToTheFileStaysALink)
+{
+    const QString home = useFreshHome();
+    const QString link = home + QStringLiteral("/link.plist");
+    writeFile(home + QStringLiteral("/kept/file.plist"), "old");
+    ASSERT_TRUE(QFile::link(home + QStringLiteral("/kept/file.plist"), link));
+    EXPECT_TRUE(NSDictionary::writeToFile(settings(), link, true));
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+    EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(home + QStringLiteral("/kept/file.plist")),
+              settings());
+}
+
+TEST(NSPropertyListFile, AFullDiskLeavesTheOldBytes)
+{
+    const QString home = useFreshHome();
+    const QString path = home + QStringLiteral("/a.plist");
+    writeFile(path, "old");
+    const QVariantMap large = {{QStringLiteral("a"), QStringLiteral("x").repeated(100'000)}};
+    {
+        const FullDisk disk(1000);
+        EXPECT_FALSE(NSDictionary::writeToFile(large, path, true));
+    }
+    EXPECT_EQ(contentsOf(path), QByteArray("old"));
+    EXPECT_EQ(filesIn(home), QStringList{QStringLiteral("a.plist")});
+    EXPECT_TRUE(NSDictionary::writeToFile(large, path, true));
+}

@@ -1,0 +1,247 @@
+#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+
+#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+#include <KTUtility/Platform/Values/NSObject.h>
+
+#include "support/TestSupport.h"
+
+#include <QDateTime>
+#include <QMap>
+
+#include <cmath>
+#include <limits>
+
+using namespace NSPropertyListSerialization;
+using namespace testing_support;
+
+namespace {
+QVariantMap mapOf(const QString &key, const QVariant &value)
+{
+    return {{key, value}};
+}
+
+/// The lines between the plist tags.
+QByteArray bodyOf(const QVariant &value)
+{
+    QString error;
+    const QByteArray xml = dataWithPropertyList(value, &error);
+    EXPECT_TRUE(error.isEmpty()) << error.toStdString();
+    const QByteArray begin = "<plist version=\"1.0\">\n";
+    const QByteArray end = "</plist>\n";
+    EXPECT_TRUE(xml.endsWith(end));
+    const qsizetype start = xml.indexOf(begin) + begin.size();
+    return xml.sliced(start, xml.size() - start - end.size());
+}
+
+QString errorOf(const QVariant &value)
+{
+    QString error;
+    EXPECT_TRUE(dataWithPropertyList(value, &error).isNull());
+    EXPECT_TRUE(dataWithPropertyList(value).isNull());
+    EXPECT_FALSE(isPropertyList(value));
+    return error;
+}
+
+QVariant thereAndBack(const QVariant &value)
+{
+    QString error;
+    const QVariant back = propertyListFromData(dataWithPropertyList(value, &error), &error);
+    EXPECT_TRUE(error.isEmpty()) << error.toStdString();
+    return back;
+}
+
+const QMap<QString, QVariant> &valuesOfRows()
+{
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    static const QMap<QString, QVariant> values = {
+        {QStringLiteral("nested"),
+         QVariantMap{
+             {QStringLiteral("list"),
+              QVariantList{mapOf(QStringLiteral("k"), QStringLiteral("v")), QVariantList()}},
+             {QStringLiteral("d"), QVariantMap()}}},
+        {QStringLiteral("empty dictionary"), QVariantMap()},
+        {QStringLiteral("empty data"), QVariantList{QByteArray("")}},
+        {QStringLiteral("reals"),
+         QVariantList{0.0, 0.5, 0.1, -1.0, 1e100, std::nan(""), infinity, -infinity}},
+    };
+    return values;
+}
+} // namespace
+
+TEST(NSPropertyListWriter, RowsAreMet)
+{
+    int checked = 0;
+    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/property_list.jsonl"))) {
+        if (row.value(u"op").toString() != u"write XML")
+            continue;
+        const QVariant value = valuesOfRows().value(row.value(u"case").toString());
+        EXPECT_EQ(QString::fromUtf8(dataWithPropertyList(value)),
+                  row.value(u"expected").toString());
+        ++checked;
+    }
+    EXPECT_EQ(checked, 4);
+}
+
+TEST(NSPropertyListWriter, ScalarsAreWrittenInThePlatformsForm)
+{
+    EXPECT_EQ(bodyOf(true), "<true/>\n");
+    EXPECT_EQ(bodyOf(false), "<false/>\n");
+    EXPECT_EQ(bodyOf(-7), "<integer>-7</integer>\n");
+    EXPECT_EQ(bodyOf(std::numeric_limits<qint64>::min()),
+              "<integer>-9223372036854775808</integer>\n");
+    EXPECT_EQ(bodyOf(std::numeric_limits<quint64>::max()),
+              "<integer>18446744073709551615</integer>\n");
+    EXPECT_EQ(bodyOf(QVariant::fromValue(short(3))), "<integer>3</integer>\n");
+    EXPECT_EQ(bodyOf(QVariant::fromValue(uchar(200))), "<integer>200</integer>\n");
+    EXPECT_EQ(bodyOf(QVariant::fromValue(0.5f)), "<real>0.5</real>\n");
+    EXPECT_EQ(bodyOf(1e-5), "<real>1.0000000000000001e-05</real>\n");
+    EXPECT_EQ(bodyOf(QStringLiteral("")), "<string></string>\n");
+    EXPECT_EQ(bodyOf(QStringLiteral("a<b>&\"'é")), "<string>a&lt;b&gt;&amp;\"'\xC3\xA9</string>\n");
+    EXPECT_EQ(bodyOf(QVariantList()), "<array/>\n");
+    EXPECT_EQ(bodyOf(QStringList{QStringLiteral("a")}),
+              "<array>\n\t<string>a</string>\n</array>\n");
+}
+
+TEST(NSPropertyListWriter, ZeroLosesItsSign)
+{
+    EXPECT_EQ(bodyOf(-0.0), "<real>0.0</real>\n");
+}
+
+TEST(NSPropertyListWriter, DecimalsAreNumbers)
+{
+    const auto bodyOfDecimal = [](QStringView text) {
+        return bodyOf(QVariant::fromValue(NSDecimalNumber::decimalNumberWithString(text)));
+    };
+    EXPECT_EQ(bodyOfDecimal(u"12"), "<integer>12</integer>\n");
+    EXPECT_EQ(bodyOfDecimal(u"0.5"), "<real>0.5</real>\n");
+    EXPECT_EQ(bodyOfDecimal(u"1e30"), "<real>1e+30</real>\n");
+}
+
+TEST(NSPropertyListWriter, DatesAreWrittenInUniversalTime)
+{
+    const QDateTime here(QDate(2008, 3, 4), QTime(7, 0, 0, 999), Qt::OffsetFromUTC, -5 * 3600);
+    EXPECT_EQ(bodyOf(here), "<date>2008-03-04T12:00:00Z</date>\n");
+    EXPECT_EQ(bodyOf(QDateTime(QDate(900, 1, 2), QTime(0, 0), Qt::UTC)),
+              "<date>0900-01-02T00:00:00Z</date>\n");
+    // The year before the year 1 is 0 in a file, and -1 in Qt.
+    EXPECT_EQ(bodyOf(QDateTime(QDate(-1, 12, 30), QTime(0, 0), Qt::UTC)),
+              "<date>0000-12-30T00:00:00Z</date>\n");
+    EXPECT_EQ(bodyOf(QDateTime(QDate(-101, 1, 1), QTime(0, 0), Qt::UTC)),
+              "<date>-100-01-01T00:00:00Z</date>\n");
+    EXPECT_EQ(bodyOf(QDateTime(QDate(12345, 1, 1), QTime(0, 0), Qt::UTC)),
+              "<date>12345-01-01T00:00:00Z</date>\n");
+}
+
+TEST(NSPropertyListWriter, DataIsWrappedAtAWidthThatShrinksWithTheIndent)
+{
+    QVariant value = QByteArray(120, 'x');
+    for (int depth = 0; depth < 12; ++depth) {
+        const QList<QByteArray> lines = bodyOf(value).split('\n');
+        const QByteArray indent(depth, '\t');
+        const QByteArray first = lines.at(depth + 1);
+        EXPECT_EQ(lines.at(depth), QByteArray(indent + "<data>"));
+        EXPECT_EQ(first.size(), depth + 76 - 8 * std::min(depth, 8));
+        EXPECT_TRUE(first.startsWith(indent) && first.at(depth) != '\t');
+        value = QVariantList{value};
+    }
+}
+
+TEST(NSPropertyListWriter, KeysAreSortedByUnit)
+{
+    const QVariantMap map = {{QStringLiteral("b"), 1},      {QStringLiteral("B"), 2},
+                             {QStringLiteral("é"), 3},      {QStringLiteral(""), 4},
+                             {QStringLiteral("\uFF01"), 5}, {QStringLiteral("😀"), 6}};
+    QList<QByteArray> keys;
+    for (const QByteArray &line : bodyOf(map).split('\n')) {
+        if (line.startsWith("\t<key>"))
+            keys += line.sliced(6).chopped(6);
+    }
+    const QList<QByteArray> expected = {"", "B", "b", "é", "😀", "\uFF01"};
+    EXPECT_EQ(keys, expected);
+}
+
+TEST(NSPropertyListWriter, WhatXMLCannotHoldIsRefusedByKey)
+{
+    const QList<QString> texts = {
+        QString(QChar(0)),      QStringLiteral("a\u0001b"), QStringLiteral("\u001F"),
+        QString(QChar(0xD800)), QString(QChar(0xDC00)),     QString(QChar(0xFFFE)),
+        QString(QChar(0xFFFF)),
+    };
+    for (const QString &text : texts) {
+        const QVariantMap inside = mapOf(QStringLiteral("Notes"), text);
+        EXPECT_TRUE(errorOf(inside).contains(QStringLiteral("Notes")));
+        EXPECT_TRUE(errorOf(mapOf(QStringLiteral("a"), QVariantList{inside}))
+                        .contains(QStringLiteral("Notes")));
+        EXPECT_FALSE(errorOf(mapOf(text, 1)).isEmpty());
+        EXPECT_FALSE(errorOf(text).isEmpty());
+    }
+}
+
+TEST(NSPropertyListWriter, WhatIsNoPropertyListIsRefusedByKey)
+{
+    const QList<QVariant> values = {
+        QVariant(),
+        QVariant(QString()),
+        QVariant(QDateTime()),
+        QVariant(QChar(u'a')),
+        NSNull(),
+        QVariant::fromValue(static_cast<QObject *>(nullptr)),
+    };
+    for (const QVariant &value : values) {
+        EXPECT_TRUE(
+            errorOf(mapOf(QStringLiteral("Field"), value)).contains(QStringLiteral("Field")));
+        EXPECT_FALSE(errorOf(QVariantList{1, value}).isEmpty());
+        EXPECT_FALSE(errorOf(value).isEmpty());
+    }
+}
+
+TEST(NSPropertyListWriter, DepthAndSizeAreThoseThatCanBeReadBack)
+{
+    QVariant value = 1;
+    for (int depth = 0; depth < MaximumDepth; ++depth)
+        value = QVariantList{value};
+    EXPECT_TRUE(thereAndBack(value).isValid());
+    EXPECT_FALSE(errorOf(QVariantList{value}).isEmpty());
+    EXPECT_FALSE(errorOf(QByteArray(MaximumSize, 'x')).isEmpty());
+}
+
+TEST(NSPropertyListWriter, HostileTextsComeBackOrAreRefused)
+{
+    int refused = 0;
+    for (const QString &text : hostileTexts()) {
+        const QVariantMap map = {{text, QVariantList{text, text}}};
+        if (!isPropertyList(map)) {
+            ++refused;
+            continue;
+        }
+        EXPECT_TRUE(thereAndBack(map).toMap() == map);
+    }
+    EXPECT_EQ(refused, 4); // nil, two with lone surrogates, one with NUL
+}
+
+TEST(NSPropertyListWriter, ValuesComeBackAsTheyWere)
+{
+    const QList<QVariant> values = {
+        QVariant(true),
+        QVariant(std::numeric_limits<qlonglong>::min()),
+        QVariant(std::numeric_limits<qulonglong>::max()),
+        QVariant(0.1),
+        QVariant(std::numeric_limits<double>::denorm_min()),
+        QVariant(-std::numeric_limits<double>::max()),
+        QVariant(-std::numeric_limits<double>::infinity()),
+        QVariant(QStringLiteral("\r\n\t \r]]>&#0;<![CDATA[")),
+        QVariant(QStringLiteral("\u0085\u2028\uFEFF\U0001FFFE\uFFFD")),
+        QVariant(QByteArray("")),
+        QVariant(QByteArray(1 << 20, '\xFF')),
+        QVariant(QDateTime(QDate(1999, 12, 31), QTime(23, 59, 59), Qt::UTC)),
+        QVariant(QDateTime(QDate(-101, 2, 28), QTime(1, 2, 3), Qt::UTC)),
+        QVariant(mapOf(QStringLiteral("CF$UID"), 5LL)),
+    };
+    for (const QVariant &value : values) {
+        const QVariant back = thereAndBack(value);
+        EXPECT_EQ(back.typeId(), value.typeId());
+        EXPECT_TRUE(back == value) << value.typeName();
+        EXPECT_FALSE(NSObject::isNil(back));
+    }
+    EXPECT_TRUE(std::isnan(thereAndBack(std::nan("")).toDouble()));
+}

@@ -1,0 +1,234 @@
+#include <KTUtility/Platform/Files/NSUserDefaults.h>
+
+#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+
+#include "support/TestSupport.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QLockFile>
+
+#include <functional>
+#include <sys/wait.h>
+#include <unistd.h>
+
+// What user defaults do with their files: other writers, damage, and places that cannot be written.
+
+using namespace testing_support;
+
+namespace {
+const QString Domain = QStringLiteral("org.example.Tests");
+const QString Key = QStringLiteral("key");
+const QString OtherKey = QStringLiteral("other");
+
+QString preferencesIn(const QString &home)
+{
+    return home + QStringLiteral("/.local/share/Cobble/Preferences");
+}
+
+QString fileIn(const QString &home)
+{
+    return preferencesIn(home) + u'/' + Domain + QStringLiteral(".plist");
+}
+
+/// Runs \a action in another process, which ends without unwinding.
+pid_t startProcess(const std::function<void()> &action)
+{
+    const pid_t child = ::fork();
+    if (child == 0) {
+        action();
+        ::_exit(0);
+    }
+    return child;
+}
+
+bool endedWell(pid_t child)
+{
+    int status = -1;
+    return ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+} // namespace
+
+TEST(NSUserDefaultsFile, ASetIsWrittenAtOnce)
+{
+    const QString home = useFreshHome();
+    NSUserDefaults defaults(Domain);
+    EXPECT_FALSE(QFileInfo::exists(preferencesIn(home))) << "reading makes no folders";
+    defaults.setInteger(1, Key);
+    const QVariantMap expected = {{Key, 1LL}};
+    EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(fileIn(home)), expected);
+    EXPECT_EQ(QDir(preferencesIn(home)).entryList(QDir::Files),
+              QStringList{Domain + QStringLiteral(".plist")});
+}
+
+TEST(NSUserDefaultsFile, TwoInstancesLoseNothing)
+{
+    useFreshHome();
+    NSUserDefaults one(Domain);
+    NSUserDefaults two(Domain);
+    one.setInteger(1, Key);
+    two.setInteger(2, OtherKey);
+    EXPECT_EQ(two.integerForKey(Key), 1) << "a write takes over what others wrote";
+    EXPECT_FALSE(one.objectForKey(OtherKey).isValid());
+    EXPECT_TRUE(one.synchronize());
+    EXPECT_EQ(one.integerForKey(OtherKey), 2);
+    one.removeObjectForKey(Key);
+    two.setInteger(3, OtherKey);
+    EXPECT_FALSE(two.objectForKey(Key).isValid()) << "a removal is not undone by another writer";
+    const QVariantMap expected = {{OtherKey, 3LL}};
+    EXPECT_EQ(NSUserDefaults(Domain).dictionaryRepresentation(), expected);
+}
+
+TEST(NSUserDefaultsFile, TwoProcessesLoseNothing)
+{
+    useFreshHome();
+    constexpr int Count = 40;
+    const auto writeKeys = [](const QString &prefix) {
+        NSUserDefaults defaults(Domain);
+        for (int index = 0; index < Count; ++index)
+            defaults.setInteger(index, prefix + QString::number(index));
+        // A busy machine may have let one wait for the lock too long.
+        for (int attempt = 0; attempt < 5 && !defaults.synchronize(); ++attempt)
+            continue;
+    };
+    const pid_t child = startProcess([&] { writeKeys(QStringLiteral("child")); });
+    writeKeys(QStringLiteral("parent"));
+    ASSERT_TRUE(endedWell(child));
+    EXPECT_EQ(NSUserDefaults(Domain).dictionaryRepresentation().size(), 2 * Count);
+}
+
+TEST(NSUserDefaultsFile, TheGlobalDomainIsTakenOver)
+{
+    useFreshHome();
+    NSUserDefaults one(Domain);
+    NSUserDefaults two(Domain);
+    one.setPersistentDomain({{Key, 1}}, NSGlobalDomain);
+    EXPECT_FALSE(two.objectForKey(Key).isValid());
+    EXPECT_TRUE(two.synchronize());
+    EXPECT_EQ(two.integerForKey(Key), 1);
+}
+
+TEST(NSUserDefaultsFile, DamagedFilesCountAsEmptyAndAreKept)
+{
+    const QByteArray valid =
+        NSPropertyListSerialization::dataWithPropertyList(QVariantMap{{OtherKey, 1}});
+    for (const QByteArray &bytes :
+         {QByteArray("damaged"), QByteArray(), valid.chopped(20),
+          QByteArray("<plist><array/></plist>"), QByteArray("bplist00x")}) {
+        const QString home = useFreshHome();
+        writeFile(fileIn(home), bytes);
+        NSUserDefaults defaults(Domain);
+        EXPECT_TRUE(defaults.dictionaryRepresentation().isEmpty());
+        EXPECT_TRUE(defaults.synchronize());
+        EXPECT_EQ(contentsOf(fileIn(home)), bytes) << "reading changes nothing";
+        defaults.setInteger(1, Key);
+        EXPECT_EQ(contentsOf(fileIn(home) + QStringLiteral(".damaged")), bytes);
+        EXPECT_EQ(NSUserDefaults(Domain).integerForKey(Key), 1);
+    }
+}
+
+TEST(NSUserDefaultsFile, AnEarlierDamagedFileIsNotLost)
+{
+    const QString home = useFreshHome();
+    for (const QByteArray &bytes : {QByteArray("first"), QByteArray("second")}) {
+        writeFile(fileIn(home), bytes);
+        NSUserDefaults(Domain).setInteger(1, Key);
+    }
+    EXPECT_EQ(contentsOf(fileIn(home) + QStringLiteral(".damaged")), QByteArray("first"));
+    EXPECT_EQ(contentsOf(fileIn(home) + QStringLiteral(".damaged.2")), QByteArray("second"));
+}
+
+TEST(NSUserDefaultsFile, AFolderInPlaceOfTheFileIsKept)
+{
+    const QString home = useFreshHome();
+    writeFile(fileIn(home) + QStringLiteral("/inside"), "kept");
+    NSUserDefaults defaults(Domain);
+    defaults.setInteger(1, Key);
+    EXPECT_EQ(contentsOf(fileIn(home) + QStringLiteral(".damaged/inside")), QByteArray("kept"));
+    EXPECT_EQ(NSUserDefaults(Domain).integerForKey(Key), 1);
+}
+
+TEST(NSUserDefaultsFile, WithoutAHomeValuesLiveInMemory)
+{
+    useFreshHome();
+    qunsetenv("HOME");
+    NSUserDefaults defaults(Domain);
+    EXPECT_FALSE(defaults.synchronize());
+    defaults.setInteger(1, Key);
+    defaults.setPersistentDomain({{Key, 2}}, QStringLiteral("D"));
+    EXPECT_EQ(defaults.persistentDomainForName(QStringLiteral("D")).value_or(QVariantMap()).size(),
+              1);
+    EXPECT_FALSE(defaults.synchronize());
+    EXPECT_EQ(defaults.integerForKey(Key), 1);
+    EXPECT_TRUE(defaults.persistentDomainNames().isEmpty());
+    useFreshHome();
+    EXPECT_TRUE(defaults.synchronize()) << "what could not be written is written later";
+    EXPECT_EQ(NSUserDefaults(Domain).integerForKey(Key), 1);
+    EXPECT_EQ(NSUserDefaults(QStringLiteral("D")).integerForKey(Key), 2);
+}
+
+TEST(NSUserDefaultsFile, AFileInPlaceOfTheFolderKeepsValuesInMemory)
+{
+    const QString home = useFreshHome();
+    writeFile(preferencesIn(home), "in the way");
+    NSUserDefaults defaults(Domain);
+    defaults.setInteger(1, Key);
+    EXPECT_EQ(defaults.integerForKey(Key), 1);
+    EXPECT_FALSE(defaults.synchronize());
+    EXPECT_EQ(contentsOf(preferencesIn(home)), QByteArray("in the way"));
+    ASSERT_TRUE(QFile::remove(preferencesIn(home)));
+    EXPECT_TRUE(defaults.synchronize());
+    EXPECT_EQ(NSUserDefaults(Domain).integerForKey(Key), 1);
+}
+
+TEST(NSUserDefaultsFile, ADomainOfItsOwnThatCannotBeWrittenIsWrittenLater)
+{
+    const QString home = useFreshHome();
+    writeFile(preferencesIn(home), "in the way");
+    NSUserDefaults defaults(Domain);
+    defaults.setPersistentDomain({{Key, 1}}, Domain);
+    defaults.setInteger(2, OtherKey);
+    EXPECT_EQ(defaults.integerForKey(Key), 1);
+    EXPECT_FALSE(defaults.synchronize());
+    ASSERT_TRUE(QFile::remove(preferencesIn(home)));
+    EXPECT_TRUE(defaults.synchronize());
+    const QVariantMap expected = {{Key, 1LL}, {OtherKey, 2LL}};
+    EXPECT_EQ(NSUserDefaults(Domain).dictionaryRepresentation(), expected);
+}
+
+TEST(NSUserDefaultsFile, AHeldLockIsWaitedForTwoSeconds)
+{
+    const QString home = useFreshHome();
+    QDir().mkpath(preferencesIn(home));
+    NSUserDefaults defaults(Domain);
+    QLockFile lock(fileIn(home) + QStringLiteral(".lock"));
+    ASSERT_TRUE(lock.tryLock());
+    QElapsedTimer timer;
+    timer.start();
+    defaults.setInteger(1, Key);
+    EXPECT_GE(timer.restart(), 1900);
+    EXPECT_FALSE(defaults.synchronize());
+    EXPECT_GE(timer.elapsed(), 1900);
+    EXPECT_LT(timer.elapsed(), 3900) << "waited for once";
+    EXPECT_EQ(defaults.integerForKey(Key), 1);
+    EXPECT_FALSE(QFileInfo::exists(fileIn(home)));
+    lock.unlock();
+    EXPECT_TRUE(defaults.synchronize());
+    EXPECT_EQ(NSUserDefaults(Domain).integerForKey(Key), 1);
+}
+
+TEST(NSUserDefaultsFile, TheLockOfADeadProcessDoesNotBlock)
+{
+    const QString home = useFreshHome();
+    QDir().mkpath(preferencesIn(home));
+    const QString path = fileIn(home) + QStringLiteral(".lock");
+    ASSERT_TRUE(endedWell(startProcess([&] {
+        QLockFile lock(path);
+        ::_exit(lock.tryLock() ? 0 : 1);
+    })));
+    ASSERT_TRUE(QFileInfo::exists(path));
+    NSUserDefaults defaults(Domain);
+    defaults.setInteger(1, Key);
+    EXPECT_EQ(NSUserDefaults(Domain).integerForKey(Key), 1);
+}

@@ -1,0 +1,317 @@
+#include <KTUtility/Platform/Files/NSUserDefaults.h>
+
+#include <KTUtility/Platform/Files/NSBundle.h>
+#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/Platform/Values/NSObject.h>
+
+#include "support/TestSupport.h"
+
+#include <QDateTime>
+#include <QMap>
+
+#include <functional>
+#include <limits>
+
+using namespace testing_support;
+
+namespace {
+const QString Domain = QStringLiteral("org.example.Tests");
+const QString Key = QStringLiteral("key");
+
+/// Counts change notifications while it lives.
+class ChangeCounter
+{
+public:
+    explicit ChangeCounter(NSUserDefaults *defaults)
+    {
+        QObject::connect(defaults, &NSUserDefaults::didChange, &_context, [this] { ++_count; });
+    }
+    int count() const { return _count; }
+
+private:
+    QObject _context;
+    int _count = 0;
+};
+
+QVariantMap everything()
+{
+    return {
+        {QStringLiteral("date"), QDateTime(QDate(2008, 3, 4), QTime(12, 0), Qt::UTC)},
+        {QStringLiteral("text"), QStringLiteral("é😀")},
+        {QStringLiteral("array"), QVariantList{1LL, QStringLiteral("a")}},
+        {QStringLiteral("dictionary"), QVariantMap{{QStringLiteral("k"), 2.5}}},
+        {QStringLiteral("data"), QByteArray("\0\xFF", 2)},
+        {QStringLiteral("bool"), true},
+    };
+}
+
+/// The value that a row's query reads, as a JSON value.
+QJsonValue answerTo(const QString &query, const NSUserDefaults &defaults)
+{
+    const QString function = query.section(u' ', 0, 0);
+    const QString key = query.section(u' ', 1);
+    const QMap<QString, std::function<QJsonValue()>> functions = {
+        {QStringLiteral("integerForKey"), [&] { return QJsonValue(defaults.integerForKey(key)); }},
+        {QStringLiteral("boolForKey"), [&] { return QJsonValue(defaults.boolForKey(key)); }},
+        {QStringLiteral("doubleForKey"), [&] { return QJsonValue(defaults.doubleForKey(key)); }},
+        {QStringLiteral("stringForKey"),
+         [&] {
+             const QString text = defaults.stringForKey(key);
+             return text.isNull() ? QJsonValue() : QJsonValue(text);
+         }},
+    };
+    EXPECT_TRUE(functions.contains(function)) << query.toStdString();
+    return functions.contains(function) ? functions.value(function)() : QJsonValue();
+}
+
+QStringList argumentsOf(const QJsonObject &setup)
+{
+    return setup.value(u"arguments").toVariant().toStringList();
+}
+
+void prepare(NSUserDefaults &defaults, const QJsonObject &setup)
+{
+    defaults.registerDefaults(setup.value(u"registered").toObject().toVariantMap());
+    const QVariantMap values = setup.value(u"set").toObject().toVariantMap();
+    for (auto entry = values.begin(); entry != values.end(); ++entry)
+        defaults.setObject(entry.value(), entry.key());
+    const QString then = setup.value(u"then").toString();
+    if (then.startsWith(u"removeObjectForKey "))
+        defaults.removeObjectForKey(then.section(u' ', 1));
+}
+} // namespace
+
+TEST(NSUserDefaults, RowsAreMet)
+{
+    int checked = 0;
+    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/user_defaults.jsonl"))) {
+        const QString query = row.value(u"query").toString();
+        if (!query.contains(u"ForKey ")) // the first line, and rows that have tests of their own
+            continue;
+        useFreshHome();
+        const QJsonObject setup = row.value(u"setup").toObject();
+        NSUserDefaults defaults(Domain, argumentsOf(setup));
+        prepare(defaults, setup);
+        EXPECT_EQ(answerTo(query, defaults), row.value(u"expected")) << query.toStdString();
+        ++checked;
+    }
+    EXPECT_EQ(checked, 12);
+}
+
+TEST(NSUserDefaults, NilRemoves)
+{
+    useFreshHome();
+    NSUserDefaults defaults(Domain);
+    for (const QVariant &nil : {QVariant(), QVariant(QString())}) {
+        defaults.setInteger(34, Key);
+        defaults.setObject(nil, Key);
+        EXPECT_FALSE(defaults.objectForKey(Key).isValid());
+    }
+}
+
+TEST(NSUserDefaults, TheExampleInTheHeaderHolds)
+{
+    useFreshHome();
+    NSUserDefaults defaults(Domain);
+    const QString rows = QStringLiteral("rows");
+    defaults.registerDefaults({{rows, 20}});
+    EXPECT_EQ(defaults.integerForKey(rows), 20);
+    defaults.setObject(50, rows);
+    EXPECT_EQ(defaults.integerForKey(rows), 50);
+    defaults.removeObjectForKey(rows);
+    EXPECT_EQ(defaults.integerForKey(rows), 20);
+}
+
+TEST(NSUserDefaults, DomainsAreSearchedInOrder)
+{
+    useFreshHome();
+    NSUserDefaults defaults(Domain, {QStringLiteral("-key"), QStringLiteral("argument")});
+    defaults.registerDefaults({{Key, QStringLiteral("registered")}});
+    defaults.setPersistentDomain({{Key, QStringLiteral("global")}}, NSGlobalDomain);
+    defaults.setObject(QStringLiteral("application"), Key);
+    EXPECT_EQ(defaults.stringForKey(Key), QStringLiteral("argument"));
+
+    NSUserDefaults withoutArguments(Domain);
+    withoutArguments.registerDefaults({{Key, QStringLiteral("registered")}});
+    EXPECT_EQ(withoutArguments.stringForKey(Key), QStringLiteral("application"));
+    withoutArguments.removeObjectForKey(Key);
+    EXPECT_EQ(withoutArguments.stringForKey(Key), QStringLiteral("global"));
+    withoutArguments.removePersistentDomainForName(NSGlobalDomain);
+    EXPECT_EQ(withoutArguments.stringForKey(Key), QStringLiteral("registered"));
+}
+
+TEST(NSUserDefaults, ArgumentsArePairs)
+{
+    useFreshHome();
+    const QStringList arguments = {
+        QStringLiteral("file"), QStringLiteral("-a"),  QStringLiteral("1"),    QStringLiteral("-b"),
+        QStringLiteral("-c"),   QStringLiteral("YES"), QStringLiteral("--d"),  QStringLiteral("x"),
+        QStringLiteral("-"),    QStringLiteral("y"),   QStringLiteral("-end"),
+    };
+    const QVariantMap expected = {{QStringLiteral("a"), QStringLiteral("1")},
+                                  {QStringLiteral("c"), QStringLiteral("YES")}};
+    const NSUserDefaults defaults(Domain, arguments);
+    EXPECT_EQ(defaults.volatileDomainForName(NSArgumentDomain), expected);
+    EXPECT_TRUE(defaults.boolForKey(QStringLiteral("c")));
+}
+
+TEST(NSUserDefaults, ValuesAreConverted)
+{
+    useFreshHome();
+    NSUserDefaults defaults(Domain);
+    defaults.setDouble(2.75, Key);
+    EXPECT_EQ(defaults.integerForKey(Key), 2);
+    EXPECT_EQ(defaults.stringForKey(Key), QStringLiteral("2.75"));
+    EXPECT_TRUE(defaults.boolForKey(Key));
+    defaults.setObject(QStringLiteral(" 12abc"), Key);
+    EXPECT_EQ(defaults.integerForKey(Key), 12);
+    EXPECT_EQ(defaults.doubleForKey(Key), 12);
+    defaults.setInteger(std::numeric_limits<qint64>::min(), Key);
+    EXPECT_EQ(defaults.integerForKey(Key), std::numeric_limits<qint64>::min());
+    defaults.setObject(QVariant::fromValue(NSDecimalNumber::decimalNumberWithString(u"0.5")), Key);
+    EXPECT_EQ(defaults.doubleForKey(Key), 0.5);
+    defaults.setBool(false, Key);
+    EXPECT_EQ(defaults.stringForKey(Key), QStringLiteral("0"));
+}
+
+TEST(NSUserDefaults, ValuesOfAnotherKindAreNil)
+{
+    useFreshHome();
+    NSUserDefaults defaults(Domain);
+    for (const QVariant &value : everything()) {
+        defaults.setObject(value, Key);
+        const int type = value.typeId();
+        EXPECT_EQ(defaults.arrayForKey(Key).isEmpty(), type != QMetaType::QVariantList);
+        EXPECT_EQ(defaults.dictionaryForKey(Key).isEmpty(), type != QMetaType::QVariantMap);
+        EXPECT_EQ(defaults.dataForKey(Key).isNull(), type != QMetaType::QByteArray);
+        EXPECT_EQ(defaults.stringForKey(Key).isNull(),
+                  type != QMetaType::QString && type != QMetaType::Bool);
+        EXPECT_TRUE(defaults.stringArrayForKey(Key).isEmpty());
+        EXPECT_EQ(defaults.integerForKey(Key), type == QMetaType::Bool ? 1 : 0);
+    }
+    const QStringList texts = {QStringLiteral("a"), QStringLiteral("")};
+    defaults.setObject(texts, Key);
+    EXPECT_EQ(defaults.stringArrayForKey(Key), texts);
+}
+
+TEST(NSUserDefaults, ValuesThatAreNoPropertyListRaiseAndChangeNothing)
+{
+    useFreshHome();
+    NSUserDefaults defaults(Domain);
+    defaults.setInteger(1, Key);
+    const ChangeCounter changes(&defaults);
+    for (const QVariant &value :
+         {NSNull(), QVariant(QChar(u'a')), QVariant(QString(QChar(0))),
+          QVariant(QString(QChar(0xD800))), QVariant(QVariantList{QVariant()})})
+        EXPECT_THROW(defaults.setObject(value, Key), NSException);
+    EXPECT_THROW(defaults.setInteger(1, QString(QChar(0))), NSException);
+    EXPECT_THROW(defaults.setPersistentDomain({{Key, QVariant()}}, Domain), NSException);
+    EXPECT_EQ(changes.count(), 0);
+    EXPECT_EQ(NSUserDefaults(Domain).integerForKey(Key), 1);
+    EXPECT_TRUE(defaults.synchronize());
+}
+
+TEST(NSUserDefaults, EachChangeIsNotifiedOnce)
+{
+    useFreshHome();
+    NSUserDefaults defaults(Domain);
+    const ChangeCounter changes(&defaults);
+    defaults.setInteger(1, Key);
+    EXPECT_EQ(changes.count(), 1);
+    defaults.removeObjectForKey(Key);
+    EXPECT_EQ(changes.count(), 2);
+    defaults.setPersistentDomain({{Key, 1}}, QStringLiteral("D"));
+    EXPECT_EQ(changes.count(), 3);
+    defaults.removePersistentDomainForName(QStringLiteral("D"));
+    EXPECT_EQ(changes.count(), 4);
+    defaults.registerDefaults({{Key, 1}});
+    defaults.setVolatileDomain({{Key, 1}}, QStringLiteral("V"));
+    EXPECT_EQ(changes.count(), 4);
+}
+
+TEST(NSUserDefaults, PersistentDomainsAreSeenByOtherInstances)
+{
+    useFreshHome();
+    NSUserDefaults defaults(Domain);
+    const QString name = QStringLiteral("D");
+    EXPECT_EQ(defaults.persistentDomainForName(name), std::nullopt);
+    defaults.setPersistentDomain(everything(), name);
+    EXPECT_EQ(NSUserDefaults(Domain).persistentDomainForName(name), everything());
+    EXPECT_EQ(NSUserDefaults(name).dictionaryRepresentation(), everything());
+    EXPECT_EQ(defaults.persistentDomainNames(), QStringList{name});
+    defaults.setPersistentDomain({}, name);
+    EXPECT_EQ(defaults.persistentDomainForName(name), QVariantMap());
+    defaults.removePersistentDomainForName(name);
+    EXPECT_EQ(NSUserDefaults(Domain).persistentDomainForName(name), std::nullopt);
+    EXPECT_TRUE(defaults.persistentDomainNames().isEmpty());
+}
+
+TEST(NSUserDefaults, ReplacingTheOwnDomainReplacesAllOfIt)
+{
+    useFreshHome();
+    NSUserDefaults defaults(Domain);
+    defaults.setInteger(1, QStringLiteral("old"));
+    defaults.setPersistentDomain({{Key, 2}}, Domain);
+    EXPECT_FALSE(defaults.objectForKey(QStringLiteral("old")).isValid());
+    EXPECT_EQ(defaults.integerForKey(Key), 2);
+    defaults.removePersistentDomainForName(Domain);
+    EXPECT_FALSE(defaults.objectForKey(Key).isValid());
+}
+
+TEST(NSUserDefaults, VolatileDomainsLiveInMemory)
+{
+    useFreshHome();
+    NSUserDefaults defaults(Domain);
+    const QString name = QStringLiteral("TestDomain");
+    EXPECT_FALSE(defaults.volatileDomainNames().contains(name));
+    defaults.setVolatileDomain(everything(), name);
+    EXPECT_EQ(defaults.volatileDomainForName(name), everything());
+    EXPECT_TRUE(defaults.volatileDomainNames().contains(name));
+    EXPECT_FALSE(defaults.objectForKey(QStringLiteral("text")).isValid());
+    EXPECT_THROW(defaults.setVolatileDomain({}, name), NSException);
+    EXPECT_THROW(defaults.setVolatileDomain({}, NSRegistrationDomain), NSException);
+    defaults.removeVolatileDomainForName(name);
+    EXPECT_EQ(defaults.volatileDomainForName(name), std::nullopt);
+    EXPECT_TRUE(defaults.persistentDomainNames().isEmpty());
+}
+
+TEST(NSUserDefaults, NamesThatCannotBeFilesRaise)
+{
+    useFreshHome();
+    NSUserDefaults defaults(Domain);
+    for (const QString &name : {QString(), QStringLiteral(""), QStringLiteral("."),
+                                QStringLiteral(".."), QStringLiteral("a/b"), QStringLiteral("../a"),
+                                QString(QChar(0)), QString(QChar(0xD800))}) {
+        EXPECT_THROW(NSUserDefaults{name}, NSException);
+        EXPECT_THROW(defaults.persistentDomainForName(name), NSException);
+        EXPECT_THROW(defaults.setPersistentDomain({}, name), NSException);
+        EXPECT_THROW(defaults.removePersistentDomainForName(name), NSException);
+    }
+}
+
+TEST(NSUserDefaults, HostileKeysAndTextsSurvive)
+{
+    useFreshHome();
+    for (const QString &text : hostileTexts()) {
+        NSUserDefaults defaults(Domain);
+        const bool canBeKept = text.isValidUtf16() && !text.contains(QChar(0));
+        if (!canBeKept || text.isNull()) // these raise, and nil removes
+            continue;
+        defaults.setObject(text, text);
+        const QVariant value = NSUserDefaults(Domain).objectForKey(text);
+        EXPECT_TRUE(value == QVariant(text)) << text.left(20).toStdString();
+    }
+}
+
+TEST(NSUserDefaults, TheStandardDefaultsAreTheHosts)
+{
+    useFreshHome();
+    NSUserDefaults *defaults = NSUserDefaults::standardUserDefaults();
+    EXPECT_EQ(defaults, NSUserDefaults::standardUserDefaults());
+    const QString key = QStringLiteral("NSUserDefaultsTests");
+    defaults->setInteger(5, key);
+    const auto domain = NSUserDefaults(Domain).persistentDomainForName(NSHostIdentifier());
+    EXPECT_EQ(domain.value_or(QVariantMap()).value(key), QVariant(5LL));
+    defaults->removeObjectForKey(key);
+}

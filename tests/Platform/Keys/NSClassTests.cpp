@@ -1,0 +1,128 @@
+#include <KTUtility/Platform/Keys/NSClass.h>
+#include <KTUtility/Platform/Keys/NSClassRegistry.h>
+
+#include "support/TestSupport.h"
+
+using namespace testing_support;
+
+namespace {
+class Shape
+{
+public:
+    virtual ~Shape() = default;
+};
+class Colour
+{
+public:
+    virtual ~Colour() = default;
+};
+} // namespace
+Q_DECLARE_INTERFACE(Shape, "org.cobble.tests.Shape")
+Q_DECLARE_INTERFACE(Colour, "org.cobble.tests.Colour")
+
+namespace {
+class Square : public QObject, public Shape, public Colour
+{
+};
+
+class Sized : public QObject
+{
+public:
+    explicit Sized(int) {}
+};
+
+class Loud : public QObject
+{
+public:
+    Loud() { throw 5; }
+};
+
+int here = 0;
+
+const void *thisModule()
+{
+    return NSClassRegistry::moduleOfAddress(&here);
+}
+} // namespace
+
+KT_REGISTER_CLASS(Square, Shape, Colour)
+KT_REGISTER_CLASS(Sized)
+KT_REGISTER_CLASS(Loud)
+
+TEST(NSProtocol, IsTheNameOfAnInterface)
+{
+    EXPECT_EQ(NSProtocol::of<Shape>().description(), QStringLiteral("org.cobble.tests.Shape"));
+    EXPECT_EQ(NSProtocol::of<Shape>(), NSProtocol(QStringLiteral("org.cobble.tests.Shape")));
+    EXPECT_FALSE(NSProtocol::of<Shape>().isNil());
+    EXPECT_TRUE(NSProtocol().isNil());
+    EXPECT_TRUE(NSProtocol().description().isNull());
+}
+
+TEST(NSClass, IsFoundByNameInItsModule)
+{
+    const NSClass *const square =
+        NSClassRegistry::classNamed(QStringLiteral("Square"), thisModule());
+    ASSERT_NE(square, nullptr);
+    EXPECT_EQ(square->name(), QStringLiteral("Square"));
+    EXPECT_EQ(NSClassRegistry::classNamed(QStringLiteral("square"), thisModule()), nullptr);
+    EXPECT_EQ(NSClassRegistry::classNamed(QStringLiteral("Square"), nullptr), nullptr);
+    const void *const other = NSClassRegistry::moduleOfAddress(&QObject::staticMetaObject);
+    EXPECT_NE(other, thisModule());
+    EXPECT_EQ(NSClassRegistry::classNamed(QStringLiteral("Square"), other), nullptr);
+    for (const QString &name : hostileTexts())
+        EXPECT_EQ(NSClassRegistry::classNamed(name, thisModule()), nullptr);
+}
+
+TEST(NSClass, AddressesOutsideOfModulesHaveNone)
+{
+    EXPECT_NE(thisModule(), nullptr);
+    EXPECT_EQ(NSClassRegistry::moduleOfAddress(nullptr), nullptr);
+    EXPECT_EQ(NSClassRegistry::moduleOfAddress(std::make_unique<int>(5).get()), nullptr);
+}
+
+TEST(NSClass, ConformsToWhatItWasRegisteredWith)
+{
+    const NSClass *const square =
+        NSClassRegistry::classNamed(QStringLiteral("Square"), thisModule());
+    ASSERT_NE(square, nullptr);
+    EXPECT_TRUE(square->conformsToProtocol(NSProtocol::of<Shape>()));
+    EXPECT_FALSE(square->conformsToProtocol(NSProtocol(QStringLiteral("another"))));
+    EXPECT_FALSE(square->conformsToProtocol(NSProtocol(QStringLiteral(""))));
+    EXPECT_FALSE(square->conformsToProtocol(NSProtocol()));
+    EXPECT_TRUE(square->conformsToProtocol(NSProtocol::of<Colour>()));
+}
+
+TEST(NSClass, MakesInstances)
+{
+    const NSClass *const square =
+        NSClassRegistry::classNamed(QStringLiteral("Square"), thisModule());
+    ASSERT_NE(square, nullptr);
+    const std::unique_ptr<QObject> first = square->newInstance();
+    const std::unique_ptr<QObject> second = square->newInstance();
+    EXPECT_NE(dynamic_cast<Square *>(first.get()), nullptr);
+    EXPECT_NE(first, second);
+
+    const NSClass *const sized = NSClassRegistry::classNamed(QStringLiteral("Sized"), thisModule());
+    ASSERT_NE(sized, nullptr);
+    EXPECT_EQ(sized->newInstance(), nullptr);
+    const NSClass *const loud = NSClassRegistry::classNamed(QStringLiteral("Loud"), thisModule());
+    ASSERT_NE(loud, nullptr);
+    EXPECT_THROW(loud->newInstance(), int);
+}
+
+TEST(NSClass, IsFoundAsLongAsItIsRegisteredAndTheFirstCounts)
+{
+    const QString name = QStringLiteral("Passing");
+    using Registration = NSClassRegistration<NSClassOf<NSClass, Square>>;
+    static std::optional<Registration> first;
+    static std::optional<Registration> second;
+    first.emplace(name);
+    const NSClass *const firstClass = NSClassRegistry::classNamed(name, thisModule());
+    second.emplace(name);
+    ASSERT_NE(firstClass, nullptr);
+    EXPECT_EQ(NSClassRegistry::classNamed(name, thisModule()), firstClass);
+    first.reset();
+    EXPECT_NE(NSClassRegistry::classNamed(name, thisModule()), nullptr);
+    second.reset();
+    EXPECT_EQ(NSClassRegistry::classNamed(name, thisModule()), nullptr);
+}

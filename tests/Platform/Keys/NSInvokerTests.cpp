@@ -1,0 +1,107 @@
+#include <KTUtility/Platform/Keys/NSInvoker.h>
+#include <KTUtility/Platform/Values/NSException.h>
+
+#include "support/TestField.h"
+#include "support/TestSupport.h"
+
+namespace {
+bool isTrue(TestField &field, const char *selector, const QVariant &argument = {})
+{
+    return NSInvoker(selector, {argument}).isTrue(NSKeyValueTarget::of(&field));
+}
+
+QVariant perform(TestField &field, const char *selector, const QVariant &argument = {})
+{
+    return NSInvoker(selector, {argument}).perform(NSKeyValueTarget::of(&field));
+}
+} // namespace
+
+TEST(NSSelector, CountsColons)
+{
+    EXPECT_EQ(NSSelector("accept:over:").name(), "accept");
+    EXPECT_EQ(NSSelector("accept:over:").colons(), 2);
+    EXPECT_EQ(NSSelector("flagged").colons(), 0);
+    EXPECT_EQ(NSSelector("flagged").name(), "flagged");
+    EXPECT_EQ(NSSelector("accept:over:").text(), QStringLiteral("accept:over:"));
+    EXPECT_TRUE(NSSelector().isNull());
+    EXPECT_EQ(NSSelector(QStringLiteral("a:")), NSSelector("a:"));
+}
+
+TEST(NSInvoker, TestsResultsByTheirWidth)
+{
+    struct Case
+    {
+        int size;
+        bool isChar, isShort, isInt;
+    };
+    for (const Case &row : {Case{0, false, false, false}, Case{1, true, true, true},
+                            Case{256, false, true, true}, Case{65536, false, false, true},
+                            Case{-1, true, true, true}, Case{-65536, false, false, true}}) {
+        TestField field(QString(), row.size);
+        EXPECT_EQ(isTrue(field, "sizeChar"), row.isChar) << row.size;
+        EXPECT_EQ(isTrue(field, "sizeUShort"), row.isShort) << row.size;
+        EXPECT_EQ(isTrue(field, "sizeInt"), row.isInt) << row.size;
+        EXPECT_EQ(isTrue(field, "sizeUInt"), row.isInt) << row.size;
+        EXPECT_EQ(isTrue(field, "size"), row.isInt) << row.size;
+    }
+}
+
+TEST(NSInvoker, OtherReturnTypesAreNoConditions)
+{
+    TestField field(QStringLiteral("x"), 5);
+    for (const char *selector :
+         {"sizeLong", "sizeObject", "doNothing", "name", "weight", "missing", "missing:", "", ":"})
+        EXPECT_FALSE(isTrue(field, selector)) << selector;
+}
+
+TEST(NSInvoker, ConvertsArguments)
+{
+    TestField field(QString(), 5);
+    EXPECT_TRUE(isTrue(field, "sizeOver:", 4));
+    EXPECT_TRUE(isTrue(field, "sizeOver:", 4.0));
+    EXPECT_TRUE(isTrue(field, "sizeOver:", QStringLiteral("4")));
+    EXPECT_FALSE(isTrue(field, "sizeOver:", QStringLiteral("9")));
+    EXPECT_TRUE(isTrue(field, "sizeOver:", QVariant()));
+    EXPECT_TRUE(isTrue(field, "sizeOver:", QVariantList{9}));
+    EXPECT_TRUE(isTrue(field, "sizeOver", 4));
+    EXPECT_FALSE(isTrue(field, "sizeOver::", 4));
+}
+
+TEST(NSInvoker, Performs)
+{
+    TestField field(QStringLiteral("x"), 5);
+    field._label = QStringLiteral("L");
+    EXPECT_EQ(perform(field, "sizeLong"), QVariant(qlonglong(5)));
+    EXPECT_EQ(perform(field, "sizeObject"), QVariant(5));
+    EXPECT_EQ(perform(field, "labelIfSmall:", 6), QVariant(QStringLiteral("L")));
+    EXPECT_FALSE(perform(field, "labelIfSmall:", 5).isValid());
+    EXPECT_FALSE(perform(field, "doNothing").isValid());
+    EXPECT_EQ(perform(field, "name"), QVariant(QStringLiteral("x")));
+    EXPECT_FALSE(NSInvoker("name", {}).perform(NSKeyValueTarget()).isValid());
+}
+
+TEST(NSInvoker, UnknownSelectorsRaise)
+{
+    TestField field;
+    EXPECT_THROW(perform(field, "missing"), NSException);
+    EXPECT_THROW(perform(field, "destroyed:"), NSException);
+    const QVariant number = 5;
+    EXPECT_THROW(NSInvoker("name", {}).perform(NSKeyValueTarget::ofVariant(number)), NSException);
+}
+
+TEST(NSInvoker, AmbiguousOverloadsRaiseWithBothNames)
+{
+    TestField field;
+    EXPECT_RAISES(isTrue(field, "ambiguous:", 1), NSInvalidArgumentException,
+                  QStringLiteral("TestField: the selector fits both ambiguous(int) and "
+                                 "ambiguous(QString)"));
+}
+
+TEST(NSInvoker, CallsMethodsOfGadgets)
+{
+    const TestPoint right{1, 0};
+    const TestPoint left{-1, 0};
+    NSInvoker isRight("isRight", {});
+    EXPECT_TRUE(isRight.isTrue(NSKeyValueTargets::target(right)));
+    EXPECT_FALSE(isRight.isTrue(NSKeyValueTargets::target(left)));
+}

@@ -1,0 +1,201 @@
+#include <KTUtility/Platform/Keys/NSPredicate.h>
+
+#include <KTUtility/Platform/Keys/NSWeakMapTable.h>
+#include <KTUtility/Platform/Values/NSException.h>
+
+#include "support/ObservedModel.h"
+#include "support/TestSupport.h"
+
+namespace {
+QVariant person()
+{
+    return QVariantMap{
+        {QStringLiteral("name"), QStringLiteral("Zoë")},
+        {QStringLiteral("age"), 36},
+        {QStringLiteral("height"), 1.75},
+        {QStringLiteral("isFriend"), true},
+        {QStringLiteral("none"), QVariant()},
+        {QStringLiteral("tags"), QVariantList{QStringLiteral("a"), QStringLiteral("b")}},
+        {QStringLiteral("home"), QVariantMap{{QStringLiteral("city"), QStringLiteral("Berlin")}}}};
+}
+
+bool isTrue(const char16_t *format, const QVariantList &arguments = {})
+{
+    return NSPredicate::predicateWithFormat(format, arguments).evaluateWithObject(person());
+}
+} // namespace
+
+TEST(NSPredicate, HeaderExample)
+{
+    const NSPredicate grownUps =
+        NSPredicate::predicateWithFormat(u"age >= %@ AND name BEGINSWITH[c] 'a'", {18});
+    EXPECT_FALSE(grownUps.evaluateWithObject(person()));
+    ObservedRecord record(QStringLiteral("Ada"), 36);
+    EXPECT_TRUE(NSPredicate::predicateWithFormat(u"number = 36 and name beginswith[c] 'a'")
+                    .evaluateWithObject(&record));
+}
+
+TEST(NSPredicate, Comparisons)
+{
+    for (const char16_t *format : {u"age = 36",
+                                   u"age == 36.0",
+                                   u"age != 37",
+                                   u"age <> 37",
+                                   u"age < 37",
+                                   u"age <= 36",
+                                   u"age > 35",
+                                   u"age >= 36",
+                                   u"36 == age",
+                                   u"height > 1.5",
+                                   u"height > .5",
+                                   u"age > -1",
+                                   u"isFriend == YES",
+                                   u"isFriend = true",
+                                   u"none == nil",
+                                   u"none = NULL",
+                                   u"name == 'Zoë'",
+                                   u"name != nil",
+                                   u"home.city == \"Berlin\"",
+                                   u"SELF.age == 36",
+                                   u"tags.@count == 2",
+                                   u"name = 'Zo\\ë'"})
+        EXPECT_TRUE(isTrue(format)) << QString::fromUtf16(format).toStdString();
+    for (const char16_t *format : {u"age = 37", u"age == '36'", u"none < 5", u"none > 5",
+                                   u"name == 'zoë'", u"age > 36", u"none != nil", u"name < nil"})
+        EXPECT_FALSE(isTrue(format)) << QString::fromUtf16(format).toStdString();
+}
+
+TEST(NSPredicate, Texts)
+{
+    for (const char16_t *format :
+         {u"name BEGINSWITH 'Zo'", u"name ENDSWITH 'ë'", u"name CONTAINS 'o'",
+          u"name ENDSWITH[d] 'e'", u"name CONTAINS[cd] 'OE'", u"name ==[cd] 'ZOE'",
+          u"name LIKE 'Z*'", u"name LIKE 'Z?ë'", u"name LIKE[cd] '*OE'", u"name MATCHES 'Z.+'",
+          u"'o' IN name", u"'O' IN[c] name", u"home.city LIKE '*'"})
+        EXPECT_TRUE(isTrue(format)) << QString::fromUtf16(format).toStdString();
+    for (const char16_t *format :
+         {u"name BEGINSWITH 'zo'", u"name LIKE 'Z?'", u"name MATCHES 'Z'", u"name MATCHES '('",
+          u"age BEGINSWITH '3'", u"none CONTAINS 'a'", u"name LIKE 'Z.*'", u"'x' IN name"})
+        EXPECT_FALSE(isTrue(format)) << QString::fromUtf16(format).toStdString();
+}
+
+TEST(NSPredicate, Lists)
+{
+    EXPECT_TRUE(isTrue(u"tags CONTAINS 'a'"));
+    EXPECT_TRUE(isTrue(u"'b' IN tags"));
+    EXPECT_FALSE(isTrue(u"'c' IN tags"));
+    EXPECT_TRUE(isTrue(u"age IN %@", {QVariant(QVariantList{35, 36})}));
+    EXPECT_FALSE(isTrue(u"age IN %@", {QVariant(QVariantList())}));
+}
+
+TEST(NSPredicate, Joining)
+{
+    EXPECT_TRUE(isTrue(u"age = 1 OR age = 36"));
+    EXPECT_TRUE(isTrue(u"age = 1 || age = 2 || age = 36"));
+    EXPECT_FALSE(isTrue(u"age = 36 AND age = 1 OR age = 2"));
+    EXPECT_TRUE(isTrue(u"age = 36 && (age = 1 || age = 36)"));
+    EXPECT_TRUE(isTrue(u"NOT age = 1 and !(age = 2)"));
+    EXPECT_TRUE(isTrue(u"TRUEPREDICATE"));
+    EXPECT_FALSE(isTrue(u"falsepredicate or not truepredicate"));
+}
+
+TEST(NSPredicate, Arguments)
+{
+    EXPECT_TRUE(isTrue(u"%K == %@", {QStringLiteral("home.city"), QStringLiteral("Berlin")}));
+    // What is in an argument is never read as a format.
+    EXPECT_FALSE(isTrue(u"name == %@", {QStringLiteral("x' OR TRUEPREDICATE OR name == 'x")}));
+    EXPECT_TRUE(isTrue(u"none == %@", {QVariant()}));
+}
+
+TEST(NSPredicate, FunctionsAndValues)
+{
+    const NSPredicate even = NSPredicate::predicateWithBlock(
+        [](const QVariant &object) { return object.toInt() % 2 == 0; });
+    EXPECT_TRUE(even.evaluateWithObject(QVariant(2)));
+    EXPECT_FALSE(even.evaluateWithObject(QVariant(3)));
+    EXPECT_TRUE(NSPredicate::predicateWithValue(true).evaluateWithObject(QVariant()));
+    EXPECT_FALSE(NSPredicate::predicateWithValue(false).evaluateWithObject(QVariant()));
+    EXPECT_TRUE(NSPredicate().isNil());
+    EXPECT_FALSE(NSPredicate().evaluateWithObject(QVariant()));
+}
+
+TEST(NSPredicate, WhatIsNoFormat)
+{
+    for (const char16_t *format :
+         {u"", u"age", u"age =", u"= 5", u"age = 5 AND", u"(age = 5", u"age = 5)", u"age ~ 5",
+          u"age = .", u"name = 'open", u"name ==[x] 'a'", u"name ==[c 'a'", u"age = %@", u"%d = 5",
+          u"age = 1-2", u"age == 36 name == 'x'", u"NOT"})
+        EXPECT_RAISES(NSPredicate::predicateWithFormat(format), NSInvalidArgumentException,
+                      u"Unable to parse the format string \"" + QString::fromUtf16(format) + u'"');
+    for (const QString &text : testing_support::hostileTexts())
+        EXPECT_THROW(NSPredicate::predicateWithFormat(text), NSException);
+    const QString deep(200000, u'(');
+    EXPECT_THROW(NSPredicate::predicateWithFormat(deep), NSException);
+}
+
+TEST(NSPredicate, LongRowsOfConditions)
+{
+    for (const char16_t *const each : {u" AND age = 36", u" OR age = 37", u" && NOT age = 37"}) {
+        const QString format =
+            QStringLiteral("age = 36") + QString::fromUtf16(each).repeated(50000);
+        const NSPredicate predicate = NSPredicate::predicateWithFormat(format);
+        EXPECT_TRUE(predicate.evaluateWithObject(person()));
+        EXPECT_FALSE(predicate.evaluateWithObject(QVariantMap()));
+    }
+}
+
+TEST(NSPredicate, LikeTakesTextsAsTheyAre)
+{
+    const NSPredicate like = NSPredicate::predicateWithFormat(u"SELF.text LIKE SELF.pattern");
+    const auto isLike = [&](const QString &text, const QString &pattern) {
+        return like.evaluateWithObject(
+            QVariantMap{{QStringLiteral("text"), text}, {QStringLiteral("pattern"), pattern}});
+    };
+    const QString smiley = QString::fromUtf8("\xF0\x9F\x98\x80");
+    for (const QString &text : {QStringLiteral(""), QStringLiteral("a\nb"), smiley,
+                                QString(QChar(0xD83D)), QString(QString(QChar(0)) + u'x')}) {
+        EXPECT_TRUE(isLike(text, QStringLiteral("*")));
+        EXPECT_TRUE(isLike(text, text));
+        EXPECT_TRUE(isLike(text + text, text + u"**"));
+        EXPECT_FALSE(isLike(text, text + u'?'));
+    }
+    EXPECT_TRUE(isLike(smiley, QStringLiteral("?")));
+    EXPECT_FALSE(isLike(smiley, QStringLiteral("??")));
+    EXPECT_TRUE(isLike(QStringLiteral("mississippi"), QStringLiteral("m*iss*p?")));
+    EXPECT_FALSE(isLike(QStringLiteral("mississippi"), QStringLiteral("m*iss*x?")));
+    EXPECT_FALSE(isLike(QString(20000, u'a'), QStringLiteral("*a").repeated(20) + u'b'));
+}
+
+TEST(NSPredicate, UnknownKeysRaise)
+{
+    ObservedRecord record;
+    EXPECT_THROW(NSPredicate::predicateWithFormat(u"nothing = 1").evaluateWithObject(&record),
+                 NSException);
+}
+
+TEST(NSWeakMapTable, HoldsBothSidesWeakly)
+{
+    NSWeakMapTable<QObject, ObservedRecord> table;
+    QObject key, other;
+    auto object = std::make_unique<ObservedRecord>();
+    table.setObject(object.get(), &key);
+    EXPECT_EQ(table.objectForKey(&key), object.get());
+    EXPECT_EQ(table.objectForKey(&other), nullptr);
+    EXPECT_EQ(table.count(), 1);
+    object.reset();
+    EXPECT_EQ(table.objectForKey(&key), nullptr);
+    EXPECT_EQ(table.count(), 0);
+    ObservedRecord another;
+    auto shortLived = std::make_unique<QObject>();
+    const QObject *const address = shortLived.get();
+    table.setObject(&another, shortLived.get());
+    EXPECT_EQ(table.objectForKey(address), &another);
+    shortLived.reset();
+    EXPECT_EQ(table.objectForKey(address), nullptr);
+    EXPECT_EQ(table.objectForAddress(address), &another);
+    table.setObject(&another, &key);
+    table.setObject(nullptr, &key);
+    EXPECT_EQ(table.objectForKey(&key), nullptr);
+    table.removeAllObjects();
+    EXPECT_EQ(table.objectForAddress(address), nullptr);
+}

@@ -1,0 +1,200 @@
+#include <KTUtility/Platform/Numbers/NSNumberFormatter.h>
+#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+
+#include "support/TestSupport.h"
+
+#include <limits>
+#include <random>
+
+// The quick ways to read and write against ICU's: whatever they decide, ICU decides the same.
+// A formatter with a multiplier always goes to ICU; multiplied by 1, it must agree.
+
+namespace {
+// A million texts; fewer where every instruction is watched.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr int TextsPerFormatter = 3'000;
+#else
+constexpr int TextsPerFormatter = 42'000;
+#endif
+
+using Random = std::mt19937_64;
+
+int below(Random &random, int limit)
+{
+    return int(random() % quint64(limit));
+}
+
+/// Mostly digits, with everything that a number may hold and some that it may not.
+QString randomSoup(Random &random)
+{
+    static const QString units = QStringLiteral("0123456789.,-+() eEaNn%$'\t/:_;!*x\u00A0");
+    QString text;
+    const int length = 1 + below(random, 10);
+    for (int index = 0; index < length; ++index) {
+        const int digits = 10;
+        const int choice =
+            below(random, 3) == 0 ? below(random, int(units.size())) : below(random, digits + 4);
+        text += units[choice];
+    }
+    return text;
+}
+
+/// A number as people write it: sign, groups, point, parentheses, blanks, something behind it.
+QString randomNumber(Random &random)
+{
+    static const QStringList starts{
+        QString(),           QString(),           QStringLiteral("-"),  QStringLiteral("+"),
+        QStringLiteral(" "), QStringLiteral("("), QStringLiteral("- "), QStringLiteral("(")};
+    static const QStringList ends{QString(),
+                                  QString(),
+                                  QStringLiteral(")"),
+                                  QStringLiteral(" "),
+                                  QStringLiteral("abc"),
+                                  QStringLiteral(" x"),
+                                  QStringLiteral("e3"),
+                                  QStringLiteral(")"),
+                                  QStringLiteral("%"),
+                                  QStringLiteral(" 5"),
+                                  QStringLiteral("-"),
+                                  QStringLiteral("/2")};
+    const QChar group = below(random, 2) ? u',' : u'.';
+    const QChar point = group == u',' ? u'.' : u',';
+    QString text = starts[below(random, int(starts.size()))];
+    text += QString::number(random() % (1ULL << below(random, 40)));
+    if (below(random, 2)) {
+        for (qsizetype at = text.size() - 3; at > 0 && text[at - 1].isDigit(); at -= 3)
+            text.insert(at, group);
+    }
+    if (below(random, 2))
+        text += point + QString::number(random() % (1ULL << below(random, 30)));
+    return text + ends[below(random, int(ends.size()))];
+}
+
+struct Setting
+{
+    const char *locale;
+    bool usesParentheses;
+    bool usesGrouping;
+};
+
+void PrintTo(const Setting &setting, std::ostream *stream)
+{
+    *stream << setting.locale << (setting.usesParentheses ? " ()" : "")
+            << (setting.usesGrouping ? " grouped" : "");
+}
+
+std::vector<Setting> settings()
+{
+    std::vector<Setting> all;
+    for (const char *locale : {"en_US", "de_DE", "fr_FR", "ja_JP", "sv_SE", "hi_IN"}) {
+        for (const bool usesParentheses : {false, true}) {
+            for (const bool usesGrouping : {false, true})
+                all.push_back({locale, usesParentheses, usesGrouping});
+        }
+    }
+    return all;
+}
+
+void setUp(NSNumberFormatter &formatter, const Setting &setting)
+{
+    formatter.setLocale(NSLocale(QString::fromLatin1(setting.locale)));
+    formatter.setNumberStyle(NSNumberFormatterDecimalStyle);
+    formatter.setLenient(true);
+    formatter.setGeneratesDecimalNumbers(true);
+    formatter.setMaximumFractionDigits(111);
+    formatter.setNegativePrefix(setting.usesParentheses ? QStringLiteral("(")
+                                                        : QStringLiteral("-"));
+    formatter.setNegativeSuffix(setting.usesParentheses ? QStringLiteral(")") : QStringLiteral(""));
+    formatter.setUsesGroupingSeparator(setting.usesGrouping);
+}
+
+class QuickReading : public testing::TestWithParam<Setting>
+{
+};
+
+class QuickWriting : public testing::TestWithParam<const char *>
+{
+};
+
+QVariant randomValue(Random &random)
+{
+    const auto bits = qint64(random());
+    switch (below(random, 4)) {
+    case 0:
+        return bits >> below(random, 64);
+    case 1:
+        return double(bits >> below(random, 64)) / double(1ULL << below(random, 40));
+    case 2:
+        return double(bits >> 20) / 1000.0;
+    default:
+        return QVariant::fromValue(NSDecimalNumber::decimalNumberWithMantissa(
+            random() >> below(random, 64), below(random, 40) - 20, below(random, 2) == 1));
+    }
+}
+} // namespace
+
+TEST_P(QuickReading, AgreesWithICU)
+{
+    NSNumberFormatter quick;
+    setUp(quick, GetParam());
+    NSNumberFormatter thorough;
+    setUp(thorough, GetParam());
+    thorough.setMultiplier(1);
+    Random random(20080220);
+    int numbers = 0;
+    for (int round = 0; round < TextsPerFormatter; ++round) {
+        const QString text = round % 2 ? randomSoup(random) : randomNumber(random);
+        QVariant quickValue;
+        QVariant thoroughValue;
+        NSRange quickRange{0, text.size()};
+        NSRange thoroughRange = quickRange;
+        const bool isRead = quick.getObjectValue(&quickValue, text, &quickRange, nullptr);
+        ASSERT_EQ(isRead, thorough.getObjectValue(&thoroughValue, text, &thoroughRange, nullptr))
+            << '"' << qPrintable(text) << '"';
+        ASSERT_EQ(quickRange.location, thoroughRange.location) << qPrintable(text);
+        ASSERT_EQ(quickRange.length, thoroughRange.length) << '"' << qPrintable(text) << '"';
+        ASSERT_EQ(quickValue.value<NSDecimalNumber>(), thoroughValue.value<NSDecimalNumber>())
+            << '"' << qPrintable(text) << '"';
+        numbers += isRead;
+    }
+    EXPECT_GT(numbers, TextsPerFormatter / 4);
+}
+
+INSTANTIATE_TEST_SUITE_P(NSNumberFormatter, QuickReading, testing::ValuesIn(settings()));
+
+TEST_P(QuickWriting, AgreesWithICU)
+{
+    Random random(19780101);
+    const NSLocale locale(QString::fromLatin1(GetParam()));
+    for (int variant = 0; variant < 60; ++variant) {
+        NSNumberFormatter quick;
+        quick.setLocale(locale);
+        quick.setNumberStyle(variant % 3);
+        quick.setUsesGroupingSeparator(variant % 2);
+        quick.setRoundingMode(variant % 7);
+        if (variant % 3 != NSNumberFormatterCurrencyStyle || variant % 5 == 0) {
+            quick.setMinimumFractionDigits(below(random, 4));
+            quick.setMaximumFractionDigits(quick.minimumFractionDigits() + below(random, 12));
+        }
+        if (variant % 4 == 0)
+            quick.setMinimumIntegerDigits(below(random, 6));
+        NSNumberFormatter thorough;
+        thorough.setLocale(locale);
+        thorough.setNumberStyle(quick.numberStyle());
+        thorough.setUsesGroupingSeparator(quick.usesGroupingSeparator());
+        thorough.setRoundingMode(quick.roundingMode());
+        thorough.setMinimumIntegerDigits(quick.minimumIntegerDigits());
+        thorough.setMinimumFractionDigits(quick.minimumFractionDigits());
+        thorough.setMaximumFractionDigits(quick.maximumFractionDigits());
+        thorough.setMultiplier(1);
+        for (int round = 0; round < TextsPerFormatter / 60; ++round) {
+            const QVariant value = randomValue(random);
+            ASSERT_EQ(quick.stringForObjectValue(value), thorough.stringForObjectValue(value))
+                << value.typeName() << ' ' << variant;
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(NSNumberFormatter, QuickWriting,
+                         testing::Values("en_US", "de_DE", "fr_FR", "ja_JP", "sv_SE", "hi_IN",
+                                         "ar_EG", "es_ES", "de_CH", "pl_PL", "fa_IR", "de_AT"));

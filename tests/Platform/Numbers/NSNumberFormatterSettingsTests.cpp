@@ -1,0 +1,92 @@
+// Settings that the tables do not reach: what is set is told, and shows.
+
+#include <KTUtility/Platform/Numbers/NSNumberFormatter.h>
+
+#include "support/TestSupport.h"
+
+namespace {
+class NSNumberFormatterSettings : public testing::Test
+{
+protected:
+    NSNumberFormatterSettings()
+    {
+        formatter.setLocale(NSLocale(QStringLiteral("en_US")));
+        formatter.setNumberStyle(NSNumberFormatterDecimalStyle);
+    }
+
+    QString shown(const QVariant &number) const { return formatter.stringFromNumber(number); }
+
+    NSNumberFormatter formatter;
+};
+} // namespace
+
+TEST_F(NSNumberFormatterSettings, GroupsBeyondTheFirstMayHaveAnotherSize)
+{
+    EXPECT_EQ(shown(12345678), u"12,345,678");
+    formatter.setSecondaryGroupingSize(2);
+    EXPECT_EQ(formatter.secondaryGroupingSize(), 2);
+    EXPECT_EQ(shown(12345678), u"1,23,45,678");
+    EXPECT_EQ(formatter.numberFromString(QStringLiteral("1,23,45,678")), 12345678);
+}
+
+TEST_F(NSNumberFormatterSettings, NumbersMayBeRoundedToMultiples)
+{
+    EXPECT_EQ(formatter.roundingIncrement(), 0);
+    formatter.setRoundingIncrement(0.25);
+    EXPECT_EQ(formatter.roundingIncrement(), 0.25);
+    EXPECT_EQ(shown(1.1), u"1");
+    EXPECT_EQ(shown(1.2), u"1.25");
+    EXPECT_EQ(shown(-1.7), u"-1.75");
+}
+
+TEST_F(NSNumberFormatterSettings, TheDecimalSeparatorMayAlwaysBeShown)
+{
+    EXPECT_FALSE(formatter.alwaysShowsDecimalSeparator());
+    EXPECT_EQ(shown(12), u"12");
+    formatter.setAlwaysShowsDecimalSeparator(true);
+    EXPECT_TRUE(formatter.alwaysShowsDecimalSeparator());
+    EXPECT_EQ(shown(12), u"12.");
+    formatter.setAlwaysShowsDecimalSeparator(false);
+    EXPECT_EQ(shown(12), u"12");
+}
+
+TEST_F(NSNumberFormatterSettings, SymbolsAreTold)
+{
+    formatter.setPerMillSymbol(QStringLiteral("pm"));
+    EXPECT_EQ(formatter.perMillSymbol(), u"pm");
+    formatter.setInternationalCurrencySymbol(QStringLiteral("EUR"));
+    EXPECT_EQ(formatter.internationalCurrencySymbol(), u"EUR");
+    formatter.setExponentSymbol(QStringLiteral("e"));
+    EXPECT_EQ(formatter.exponentSymbol(), u"e");
+    formatter.setNumberStyle(NSNumberFormatterScientificStyle);
+    EXPECT_EQ(shown(1500), u"1.5e3");
+}
+
+TEST_F(NSNumberFormatterSettings, PaddingStandsWhereItIsAsked)
+{
+    formatter.setFormatWidth(6);
+    formatter.setPaddingCharacter(QStringLiteral("*"));
+    EXPECT_EQ(formatter.paddingPosition(), NSNumberFormatterPadBeforePrefix);
+    EXPECT_EQ(shown(-42), u"***-42");
+    formatter.setPaddingPosition(NSNumberFormatterPadAfterPrefix);
+    EXPECT_EQ(formatter.paddingPosition(), NSNumberFormatterPadAfterPrefix);
+    EXPECT_EQ(shown(-42), u"-***42");
+    formatter.setPaddingPosition(NSNumberFormatterPadAfterSuffix);
+    EXPECT_EQ(shown(-42), u"-42***");
+}
+
+TEST_F(NSNumberFormatterSettings, CountsOfDigitsGiveWay)
+{
+    formatter.setMaximumIntegerDigits(4);
+    formatter.setMinimumIntegerDigits(6);
+    EXPECT_EQ(formatter.maximumIntegerDigits(), 6);
+    EXPECT_EQ(shown(42), u"000,042");
+    formatter.setMaximumIntegerDigits(2);
+    EXPECT_EQ(formatter.minimumIntegerDigits(), 2);
+    EXPECT_EQ(shown(1234), u"34");
+    formatter.setMaximumFractionDigits(1);
+    formatter.setMinimumFractionDigits(3);
+    EXPECT_EQ(formatter.maximumFractionDigits(), 3);
+    formatter.setMaximumFractionDigits(1);
+    EXPECT_EQ(formatter.minimumFractionDigits(), 1);
+}

@@ -1,0 +1,3 @@
+target_sources(KTUtilityTests PRIVATE
+    Platform/TableTests.cpp
+)

@@ -1,0 +1,6 @@
+target_sources(KTUtilityTests PRIVATE
+    Platform/Text/NSCharacterSetTests.cpp
+    Platform/Text/NSLocaleTests.cpp
+    Platform/Text/NSStringNormalizationTests.cpp
+    Platform/Text/NSStringTests.cpp
+)

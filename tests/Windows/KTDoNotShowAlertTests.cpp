@@ -1,0 +1,277 @@
+#include <KTUtility/Windows/KTDoNotShowAlert.h>
+
+#include <KTUtility/Platform/Files/NSUserDefaults.h>
+#include <KTUtility/Platform/Values/NSException.h>
+
+#include "support/TestSupport.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+
+namespace {
+class Delegate : public QObject
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE void alertDidEnd(NSAlert *alert, int returnCode, void *contextInfo)
+    {
+        hadAlert = alert != nullptr;
+        code = returnCode;
+        context = contextInfo;
+        ++calls;
+    }
+
+    int calls = 0;
+    int code = 99;
+    bool hadAlert = false;
+    void *context = nullptr;
+};
+
+const QString Key = QStringLiteral("deleteRecord");
+
+class DoNotShowAlert : public testing_support::WindowedTest
+{
+protected:
+    DoNotShowAlert()
+    {
+        QApplication::setQuitOnLastWindowClosed(false);
+        KTDoNotShowAlert::clearDoNotShowList();
+        window.show();
+    }
+    ~DoNotShowAlert() override
+    {
+        KTDoNotShowAlert::clearDoNotShowList();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    KTDoNotShowAlert::Alert alert()
+    {
+        return {.title = QStringLiteral("Delete <b>it</b> & all?"),
+                .defaultButton = QStringLiteral("Delete"),
+                .alternateButton = QStringLiteral("Keep"),
+                .otherButton = QStringLiteral("Ask & wait"),
+                .window = &window,
+                .modalDelegate = &delegate,
+                .didEndSelector = "alertDidEnd:returnCode:contextInfo:",
+                .contextInfo = &window,
+                .msg = QStringLiteral("100%% of <i>it</i> goes."),
+                .suppressionKey = Key};
+    }
+    /// The box that is shown; null if there is none.
+    static QMessageBox *box()
+    {
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        for (QWidget *const each : windows) {
+            if (auto *const found = qobject_cast<QMessageBox *>(each); found && found->isVisible())
+                return found;
+        }
+        return nullptr;
+    }
+    static QPushButton *button(const QString &text)
+    {
+        const auto buttons = box()->findChildren<QPushButton *>();
+        for (QPushButton *const each : buttons) {
+            if (each->text() == text)
+                return each;
+        }
+        return nullptr;
+    }
+    void click(const QString &text) { QTest::mouseClick(button(text), Qt::LeftButton); }
+
+    QWidget window;
+    Delegate delegate;
+};
+} // namespace
+
+TEST_F(DoNotShowAlert, ShowsTheAlert)
+{
+    KTDoNotShowAlert::beginCriticalAlertSheet(alert());
+    ASSERT_NE(box(), nullptr);
+    EXPECT_EQ(box()->text(), QStringLiteral("Delete <b>it</b> & all?"));
+    EXPECT_EQ(box()->textFormat(), Qt::PlainText);
+    EXPECT_EQ(box()->informativeText(), QStringLiteral("100% of <i>it</i> goes."));
+    EXPECT_EQ(
+        box()->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"))->textFormat(),
+        Qt::PlainText);
+    EXPECT_EQ(box()->icon(), QMessageBox::Critical);
+    EXPECT_EQ(box()->windowModality(), Qt::WindowModal);
+    EXPECT_FALSE(box()->checkBox()->isChecked());
+    EXPECT_EQ(delegate.calls, 0);
+    click(QStringLiteral("Delete"));
+    EXPECT_EQ(delegate.calls, 1);
+    EXPECT_EQ(delegate.code, 1);
+    EXPECT_TRUE(delegate.hadAlert);
+    EXPECT_EQ(delegate.context, &window);
+    EXPECT_FALSE(KTDoNotShowAlert::boolForSuppressionKey(Key));
+}
+
+TEST_F(DoNotShowAlert, EachButtonHasItsCode)
+{
+    for (const auto &[text, code] :
+         {std::pair(QStringLiteral("Delete"), 1), std::pair(QStringLiteral("Keep"), 0),
+          std::pair(QStringLiteral("Ask && wait"), -1)}) {
+        KTDoNotShowAlert::beginCriticalAlertSheet(alert());
+        click(text);
+        EXPECT_EQ(delegate.code, code) << text.toStdString();
+    }
+}
+
+TEST_F(DoNotShowAlert, KeysAndClosing)
+{
+    KTDoNotShowAlert::beginCriticalAlertSheet(alert());
+    QTest::keyClick(box(), Qt::Key_Return);
+    EXPECT_EQ(delegate.code, 1);
+    KTDoNotShowAlert::beginCriticalAlertSheet(alert());
+    QTest::keyClick(box(), Qt::Key_Escape);
+    EXPECT_EQ(delegate.code, 0);
+    delegate.code = 99;
+    KTDoNotShowAlert::beginCriticalAlertSheet(alert());
+    box()->close();
+    EXPECT_EQ(delegate.code, 0);
+    KTDoNotShowAlert::Alert single = alert();
+    single.defaultButton = single.alternateButton = single.otherButton = QString();
+    KTDoNotShowAlert::beginCriticalAlertSheet(single);
+    EXPECT_NE(button(QStringLiteral("OK")), nullptr);
+    QTest::keyClick(box(), Qt::Key_Escape);
+    EXPECT_EQ(delegate.code, 1);
+}
+
+TEST_F(DoNotShowAlert, TickedItIsSkippedWhicheverButtonEndsIt)
+{
+    KTDoNotShowAlert::beginCriticalAlertSheet(alert());
+    box()->checkBox()->setChecked(true);
+    click(QStringLiteral("Keep"));
+    EXPECT_EQ(delegate.code, 0);
+    EXPECT_TRUE(KTDoNotShowAlert::boolForSuppressionKey(Key));
+    KTDoNotShowAlert::beginCriticalAlertSheet(alert());
+    EXPECT_EQ(box(), nullptr);
+    EXPECT_EQ(delegate.calls, 2);
+    EXPECT_EQ(delegate.code, 1);
+    EXPECT_FALSE(delegate.hadAlert);
+    EXPECT_EQ(delegate.context, &window);
+}
+
+TEST_F(DoNotShowAlert, SkippedWithoutDelegateNothingHappens)
+{
+    KTDoNotShowAlert::setBoolForSuppressionKey(Key, true);
+    KTDoNotShowAlert::Alert quiet = alert();
+    quiet.modalDelegate = nullptr;
+    KTDoNotShowAlert::beginCriticalAlertSheet(quiet);
+    EXPECT_EQ(box(), nullptr);
+    EXPECT_EQ(delegate.calls, 0);
+}
+
+TEST_F(DoNotShowAlert, OnlyASkippedAlertNeedsTheMethod)
+{
+    KTDoNotShowAlert::Alert wrong = alert();
+    wrong.didEndSelector = "nothing:returnCode:contextInfo:";
+    KTDoNotShowAlert::beginCriticalAlertSheet(wrong);
+    click(QStringLiteral("Keep"));
+    EXPECT_EQ(delegate.calls, 0);
+    KTDoNotShowAlert::setBoolForSuppressionKey(Key, true);
+    const QString output = testing_support::standardErrorOf([&] {
+        EXPECT_RAISES(KTDoNotShowAlert::beginCriticalAlertSheet(wrong),
+                      NSInternalInconsistencyException, QStringLiteral("methodSig is nil"));
+    });
+    EXPECT_TRUE(output.contains(u"KTDoNotShowAlert:29"));
+}
+
+TEST_F(DoNotShowAlert, DelegatesMayGoFirst)
+{
+    auto shortLived = std::make_unique<Delegate>();
+    KTDoNotShowAlert::Alert shown = alert();
+    shown.modalDelegate = shortLived.get();
+    KTDoNotShowAlert::beginCriticalAlertSheet(shown);
+    shortLived.reset();
+    click(QStringLiteral("Delete"));
+    EXPECT_EQ(box(), nullptr);
+}
+
+TEST_F(DoNotShowAlert, WithItsWindowGoesTheAlert)
+{
+    auto shortLived = std::make_unique<QWidget>();
+    shortLived->show();
+    KTDoNotShowAlert::Alert shown = alert();
+    shown.window = shortLived.get();
+    KTDoNotShowAlert::beginCriticalAlertSheet(shown);
+    const QPointer<QMessageBox> shownBox = box();
+    ASSERT_FALSE(shownBox.isNull());
+    shortLived.reset();
+    EXPECT_TRUE(shownBox.isNull());
+    EXPECT_EQ(delegate.calls, 0);
+    EXPECT_FALSE(KTDoNotShowAlert::boolForSuppressionKey(Key));
+}
+
+TEST_F(DoNotShowAlert, TheList)
+{
+    EXPECT_FALSE(KTDoNotShowAlert::boolForSuppressionKey(Key));
+    EXPECT_FALSE(KTDoNotShowAlert::boolForSuppressionKey(QString()));
+    KTDoNotShowAlert::setBoolForSuppressionKey(Key, true);
+    KTDoNotShowAlert::setBoolForSuppressionKey(QStringLiteral("other"), true);
+    EXPECT_EQ(NSUserDefaults::standardUserDefaults()
+                  ->dictionaryForKey(QStringLiteral("doNotShowList"))
+                  .size(),
+              2);
+    KTDoNotShowAlert::setBoolForSuppressionKey(Key, false);
+    EXPECT_FALSE(KTDoNotShowAlert::boolForSuppressionKey(Key));
+    KTDoNotShowAlert::clearDoNotShowList();
+    EXPECT_FALSE(KTDoNotShowAlert::boolForSuppressionKey(QStringLiteral("other")));
+    EXPECT_FALSE(NSUserDefaults::standardUserDefaults()
+                     ->objectForKey(QStringLiteral("doNotShowList"))
+                     .isValid());
+}
+
+TEST_F(DoNotShowAlert, SuppressedAlertsAreListedWithTheirTitles)
+{
+    EXPECT_TRUE(KTDoNotShowAlert::suppressedAlerts().isEmpty());
+    KTDoNotShowAlert::beginCriticalAlertSheet(alert());
+    box()->checkBox()->setChecked(true);
+    click(QStringLiteral("Delete"));
+    KTDoNotShowAlert::setBoolForSuppressionKey(QStringLiteral("silent"), true);
+    const QList<KTDoNotShowAlert::Suppressed> expected = {
+        {Key, QStringLiteral("Delete <b>it</b> & all?")}, {QStringLiteral("silent"), QString()}};
+    EXPECT_EQ(KTDoNotShowAlert::suppressedAlerts(), expected);
+    KTDoNotShowAlert::setBoolForSuppressionKey(Key, false);
+    EXPECT_EQ(KTDoNotShowAlert::suppressedAlerts().size(), 1);
+}
+
+TEST_F(DoNotShowAlert, MessagesAreFormats)
+{
+    KTDoNotShowAlert::Alert odd = alert();
+    odd.msg = QStringLiteral("%d and %@");
+    KTDoNotShowAlert::beginCriticalAlertSheet(odd);
+    EXPECT_EQ(box()->informativeText(), QStringLiteral("0 and (null)"));
+    click(QStringLiteral("Delete"));
+    odd.msg = QString();
+    odd.window = nullptr;
+    KTDoNotShowAlert::beginCriticalAlertSheet(odd);
+    ASSERT_NE(box(), nullptr);
+    click(QStringLiteral("Delete"));
+    EXPECT_EQ(delegate.calls, 2);
+}
+
+TEST_F(DoNotShowAlert, LongAndRightToLeftTextsAreShown)
+{
+    KTDoNotShowAlert::Alert odd = alert();
+    const QString hebrew = QStringLiteral("\u05DE\u05D7\u05D9\u05E7\u05D4 100%% \u202E");
+    odd.title = hebrew;
+    for (const QString &text : testing_support::hostileTexts()) {
+        odd.msg = QString(text).replace(u'%', QStringLiteral("%%"));
+        KTDoNotShowAlert::beginCriticalAlertSheet(odd);
+        ASSERT_NE(box(), nullptr);
+        EXPECT_EQ(box()->text(), hebrew);
+        // Whatever the text, the buttons are within reach.
+        EXPECT_LT(box()->sizeHint().height(), 1200);
+        EXPECT_LT(box()->informativeText().size(), 2000);
+        click(QStringLiteral("Keep"));
+    }
+    EXPECT_EQ(delegate.code, NSAlertAlternateReturn);
+}
+
+#include "KTDoNotShowAlertTests.moc"

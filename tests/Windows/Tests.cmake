@@ -1,0 +1,5 @@
+target_sources(KTUtilityTests PRIVATE
+    Windows/KTDialogQueueModelTests.cpp
+    Windows/KTDoNotShowAlertTests.cpp
+    Windows/KTWindowTests.cpp
+)
