@@ -1,16 +1,16 @@
 #include "Memory.h"
 
-#include <KTUtility/Additions/NSString_KTNaming.h>
-#include <KTUtility/Bindings/KTPropertyBinder.h>
-#include <KTUtility/Diagnostics/KTLogger.h>
-#include <KTUtility/Formatters/KTCurrencyFormatter.h>
-#include <KTUtility/Formatters/KTDateTimeFormatter.h>
-#include <KTUtility/Formatters/KTDurationFormatter.h>
-#include <KTUtility/Formatters/KTNumberFormatter.h>
-#include <KTUtility/Formatters/KTPhoneNumberFormatter.h>
-#include <KTUtility/Formatters/KTTimeFormatter.h>
-#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
-#include <KTUtility/Platform/Keys/NSKeyValueObservation.h>
+#include <KTUtility/KTCurrencyFormatter>
+#include <KTUtility/KTDateTimeFormatter>
+#include <KTUtility/KTDurationFormatter>
+#include <KTUtility/KTLogger>
+#include <KTUtility/KTNumberFormatter>
+#include <KTUtility/KTPhoneNumberFormatter>
+#include <KTUtility/KTPropertyBinder>
+#include <KTUtility/KTTimeFormatter>
+#include <KTUtility/NSKeyValueObservation>
+#include <KTUtility/NSPropertyListSerialization>
+#include <KTUtility/NSString_KTNaming>
 
 #include <QDateTime>
 #include <QLoggingCategory>

@@ -1,6 +1,6 @@
 #include "FuzzInput.h"
 
-#include <KTUtility/Platform/Numbers/NSFormatter.h>
+#include <KTUtility/NSFormatter>
 
 #include <QMetaProperty>
 

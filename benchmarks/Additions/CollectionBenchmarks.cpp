@@ -1,7 +1,7 @@
 #include "BenchmarkField.h"
 #include "Report.h"
 
-#include <KTUtility/Additions/NSArray_KTAdditions.h>
+#include <KTUtility/NSArray_KTAdditions>
 
 #include <QMetaMethod>
 #include <QMetaProperty>

@@ -3,7 +3,7 @@
 
 #include "Report.h"
 
-#include <KTUtility/Additions/NSData_KTAdditions.h>
+#include <KTUtility/NSData_KTAdditions>
 
 #include <QCryptographicHash>
 

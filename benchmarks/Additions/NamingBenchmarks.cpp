@@ -1,7 +1,7 @@
 #include "Report.h"
 
-#include <KTUtility/Additions/KTStringTransformCache.h>
-#include <KTUtility/Additions/NSString_KTNaming.h>
+#include <KTUtility/KTStringTransformCache>
+#include <KTUtility/NSString_KTNaming>
 
 #include <QHash>
 #include <QStringList>

@@ -1,8 +1,8 @@
 #include "Report.h"
 
-#include <KTUtility/Bindings/KTFieldDetailBinder.h>
-#include <KTUtility/Bindings/KTPropertyBinder.h>
-#include <KTUtility/Platform/AppKit/NSKeyValueBinding.h>
+#include <KTUtility/KTFieldDetailBinder>
+#include <KTUtility/KTPropertyBinder>
+#include <KTUtility/NSKeyValueBinding>
 
 #include <QPointer>
 

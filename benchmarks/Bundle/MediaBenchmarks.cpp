@@ -1,6 +1,6 @@
 #include "Report.h"
 
-#include <KTUtility/Bundle/KTMediaFilenameMunger.h>
+#include <KTUtility/KTMediaFilenameMunger>
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,6 +1,6 @@
 #include "Report.h"
 
-#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/KTLogger>
 
 #include <QLoggingCategory>
 #include <QTemporaryDir>

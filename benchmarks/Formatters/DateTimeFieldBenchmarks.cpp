@@ -3,7 +3,7 @@
 
 #include "Report.h"
 
-#include <KTUtility/Formatters/KTDateTimeFormatter.h>
+#include <KTUtility/KTDateTimeFormatter>
 
 #include <benchmark/benchmark.h>
 

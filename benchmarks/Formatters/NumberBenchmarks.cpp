@@ -3,9 +3,9 @@
 
 #include "Report.h"
 
-#include <KTUtility/Formatters/KTCurrencyFormatter.h>
-#include <KTUtility/Platform/Numbers/NSNumberFormatter.h>
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+#include <KTUtility/KTCurrencyFormatter>
+#include <KTUtility/NSDecimalNumber>
+#include <KTUtility/NSNumberFormatter>
 
 #include <QLocale>
 

@@ -3,7 +3,7 @@
 
 #include "Report.h"
 
-#include <KTUtility/Formatters/KTPhoneNumberFormatter.h>
+#include <KTUtility/KTPhoneNumberFormatter>
 
 #include <benchmark/benchmark.h>
 

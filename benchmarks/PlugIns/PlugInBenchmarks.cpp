@@ -2,8 +2,8 @@
 
 #include "Report.h"
 
-#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
-#include <KTUtility/PlugIns/KTPlugInManager.h>
+#include <KTUtility/KTPlugInManager>
+#include <KTUtility/NSPropertyListSerialization>
 
 #include <benchmark/benchmark.h>
 

@@ -1,12 +1,12 @@
 #include "FuzzTarget.h"
 #include "Targets.h"
 
-#include <KTUtility/Additions/NSAttributedString_KTAdditions.h>
-#include <KTUtility/Additions/NSData_KTAdditions.h>
-#include <KTUtility/Additions/NSString_KTAdditions.h>
-#include <KTUtility/Additions/NSString_KTNaming.h>
-#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
-#include <KTUtility/Platform/Values/NSStringFormat.h>
+#include <KTUtility/NSAttributedString_KTAdditions>
+#include <KTUtility/NSData_KTAdditions>
+#include <KTUtility/NSPropertyListSerialization>
+#include <KTUtility/NSStringFormat>
+#include <KTUtility/NSString_KTAdditions>
+#include <KTUtility/NSString_KTNaming>
 
 #include <limits>
 

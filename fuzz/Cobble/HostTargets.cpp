@@ -5,9 +5,9 @@
 #include "Targets.h"
 #include "Text/CSVReader.h"
 
-#include <KTUtility/Bundle/KTDatabaseBundle.h>
-#include <KTUtility/Bundle/KTMediaFilenameMunger.h>
-#include <KTUtility/Platform/Files/NSURL.h>
+#include <KTUtility/KTDatabaseBundle>
+#include <KTUtility/KTMediaFilenameMunger>
+#include <KTUtility/NSURL>
 
 #include <QDir>
 #include <QSet>

@@ -1,11 +1,11 @@
 #include "FuzzTarget.h"
 #include "Targets.h"
 
-#include <KTUtility/Formatters/KTCurrencyFormatter.h>
-#include <KTUtility/Formatters/KTDurationFormatter.h>
-#include <KTUtility/Formatters/KTPhoneNumberFormatter.h>
-#include <KTUtility/Formatters/KTTimeFormatter.h>
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/KTCurrencyFormatter>
+#include <KTUtility/KTDurationFormatter>
+#include <KTUtility/KTPhoneNumberFormatter>
+#include <KTUtility/KTTimeFormatter>
+#include <KTUtility/NSObject>
 
 namespace {
 /// Reads a text, shows what was read, and reads that.

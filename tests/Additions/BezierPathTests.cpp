@@ -1,9 +1,9 @@
 // Rounded rectangles and gradients.
 
-#include <KTUtility/Additions/NSBezierPath_KTAdditions.h>
-#include <KTUtility/Platform/AppKit/NSBezierPath.h>
-#include <KTUtility/Platform/AppKit/NSGraphicsContext.h>
-#include <KTUtility/Platform/AppKit/NSImage.h>
+#include <KTUtility/NSBezierPath>
+#include <KTUtility/NSBezierPath_KTAdditions>
+#include <KTUtility/NSGraphicsContext>
+#include <KTUtility/NSImage>
 
 #include "support/PictureSupport.h"
 #include "support/TestSupport.h"

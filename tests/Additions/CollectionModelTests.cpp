@@ -1,8 +1,8 @@
 // Unique names and moves over random lists, beside the rules written out step by step.
 
-#include <KTUtility/Additions/NSArray_KTAdditions.h>
-#include <KTUtility/Platform/Text/NSStringCase.h>
-#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/NSArray_KTAdditions>
+#include <KTUtility/NSException>
+#include <KTUtility/NSStringCase>
 
 #include "support/Properties.h"
 #include "support/TestSupport.h"

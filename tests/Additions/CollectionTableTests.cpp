@@ -1,8 +1,8 @@
 // Every row of the collection tables, over dynamic lists and, where they hold objects, typed ones.
 
-#include <KTUtility/Additions/NSObject_KTAdditions.h>
-#include <KTUtility/Additions/NSSet_KTAdditions.h>
-#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/NSException>
+#include <KTUtility/NSObject_KTAdditions>
+#include <KTUtility/NSSet_KTAdditions>
 
 #include "CollectionRows.h"
 #include "support/TestSupport.h"

@@ -1,8 +1,8 @@
 // What the tables do not show: typed lists, callables, errors, elements of mixed classes.
 
-#include <KTUtility/Additions/NSObject_KTAdditions.h>
-#include <KTUtility/Additions/NSSet_KTAdditions.h>
-#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/NSException>
+#include <KTUtility/NSObject_KTAdditions>
+#include <KTUtility/NSSet_KTAdditions>
 
 #include "support/TestField.h"
 #include "support/TestSupport.h"

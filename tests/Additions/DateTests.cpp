@@ -1,6 +1,6 @@
-#include <KTUtility/Additions/NSDate_KTAdditions.h>
+#include <KTUtility/NSDate_KTAdditions>
 
-#include <KTUtility/Platform/Dates/NSCalendar.h>
+#include <KTUtility/NSCalendar>
 
 #include "Formatters/FormatterSupport.h"
 #include "support/TestSupport.h"

@@ -1,6 +1,6 @@
-#include <KTUtility/Additions/NSData_KTAdditions.h>
-#include <KTUtility/Diagnostics/KTLogCapture.h>
-#include <KTUtility/Diagnostics/KTLoggerComponents.h>
+#include <KTUtility/KTLogCapture>
+#include <KTUtility/KTLoggerComponents>
+#include <KTUtility/NSData_KTAdditions>
 
 #include "support/TestSupport.h"
 

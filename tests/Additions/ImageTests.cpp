@@ -1,11 +1,11 @@
 // Pictures turned over, turned round, and badged.
 
-#include <KTUtility/Additions/CIImage_KTAdditions.h>
-#include <KTUtility/Additions/KTImageBadger.h>
-#include <KTUtility/Additions/NSImage_KTAdditions.h>
-#include <KTUtility/Platform/AppKit/NSFont.h>
-#include <KTUtility/Platform/AppKit/NSGraphicsContext.h>
-#include <KTUtility/Platform/AppKit/NSImage.h>
+#include <KTUtility/CIImage_KTAdditions>
+#include <KTUtility/KTImageBadger>
+#include <KTUtility/NSFont>
+#include <KTUtility/NSGraphicsContext>
+#include <KTUtility/NSImage>
+#include <KTUtility/NSImage_KTAdditions>
 
 #include "support/PictureSupport.h"
 #include "support/TestSupport.h"

@@ -1,7 +1,7 @@
-#include <KTUtility/Additions/NSColor_KTAdditions.h>
-#include <KTUtility/Additions/NSIndexPath_KTAdditions.h>
-#include <KTUtility/Additions/NSMenu_KTAdditions.h>
-#include <KTUtility/Platform/AppKit/NSFont.h>
+#include <KTUtility/NSColor_KTAdditions>
+#include <KTUtility/NSFont>
+#include <KTUtility/NSIndexPath_KTAdditions>
+#include <KTUtility/NSMenu_KTAdditions>
 
 #include "support/TestSupport.h"
 

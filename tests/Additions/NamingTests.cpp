@@ -1,6 +1,6 @@
-#include <KTUtility/Additions/KTStringTransformCache.h>
-#include <KTUtility/Additions/KTString_KTDataTransformer.h>
-#include <KTUtility/Additions/NSString_KTNaming.h>
+#include <KTUtility/KTStringTransformCache>
+#include <KTUtility/KTString_KTDataTransformer>
+#include <KTUtility/NSString_KTNaming>
 
 #include "support/NamedCharacterSets.h"
 #include "support/TestSupport.h"

@@ -1,7 +1,7 @@
-#include <KTUtility/Additions/NSAttributedString_KTAdditions.h>
-#include <KTUtility/Additions/NSString_KTAdditions.h>
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/NSAttributedString_KTAdditions>
+#include <KTUtility/NSDecimalNumber>
+#include <KTUtility/NSObject>
+#include <KTUtility/NSString_KTAdditions>
 
 #include "support/NamedCharacterSets.h"
 #include "support/TestSupport.h"

@@ -1,7 +1,7 @@
 // Owners, detail objects, fields and binders that end each other while they are called.
 
-#include <KTUtility/Bindings/KTFieldDetailBinder.h>
-#include <KTUtility/Platform/AppKit/NSArrayController.h>
+#include <KTUtility/KTFieldDetailBinder>
+#include <KTUtility/NSArrayController>
 
 #include "BinderSupport.h"
 #include "support/ObservedModel.h"

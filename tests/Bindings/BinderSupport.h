@@ -1,7 +1,7 @@
 #pragma once
 
-#include <KTUtility/Bindings/KTPropertyBinder.h>
-#include <KTUtility/Platform/AppKit/NSKeyValueBinding.h>
+#include <KTUtility/KTPropertyBinder>
+#include <KTUtility/NSKeyValueBinding>
 
 #include <QObject>
 #include <QVariant>

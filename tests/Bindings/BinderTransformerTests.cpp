@@ -1,14 +1,14 @@
 // Every transformer through every way that a binder has, there and back.
 
-#include <KTUtility/Bindings/KTPropertyBinder.h>
+#include <KTUtility/KTPropertyBinder>
 
-#include <KTUtility/Platform/Values/NSObject.h>
-#include <KTUtility/ValueTransformers/KTBaseValueTransformer.h>
-#include <KTUtility/ValueTransformers/KTBoolImageTransformer.h>
-#include <KTUtility/ValueTransformers/KTFileExtensionValueTransformer.h>
-#include <KTUtility/ValueTransformers/KTNewlineTabCharTransformer.h>
-#include <KTUtility/ValueTransformers/KTSingleObjectFilterNegated.h>
-#include <KTUtility/ValueTransformers/KTStringColorTransformer.h>
+#include <KTUtility/KTBaseValueTransformer>
+#include <KTUtility/KTBoolImageTransformer>
+#include <KTUtility/KTFileExtensionValueTransformer>
+#include <KTUtility/KTNewlineTabCharTransformer>
+#include <KTUtility/KTSingleObjectFilterNegated>
+#include <KTUtility/KTStringColorTransformer>
+#include <KTUtility/NSObject>
 
 #include "BinderSupport.h"
 #include "support/ObservedModel.h"

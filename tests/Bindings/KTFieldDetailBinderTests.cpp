@@ -1,8 +1,8 @@
-#include <KTUtility/Bindings/KTFieldDetailBinder.h>
+#include <KTUtility/KTFieldDetailBinder>
 
-#include <KTUtility/Platform/Values/NSException.h>
-#include <KTUtility/ValueTransformers/KTBaseValueTransformer.h>
-#include <KTUtility/ValueTransformers/KTSingleObjectFilter.h>
+#include <KTUtility/KTBaseValueTransformer>
+#include <KTUtility/KTSingleObjectFilter>
+#include <KTUtility/NSException>
 
 #include "BinderSupport.h"
 #include "support/ObservedModel.h"

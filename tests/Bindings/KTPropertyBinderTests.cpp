@@ -1,9 +1,9 @@
-#include <KTUtility/Bindings/KTPropertyBinder.h>
+#include <KTUtility/KTPropertyBinder>
 
-#include <KTUtility/Platform/Keys/NSSelectionMarker.h>
-#include <KTUtility/Platform/Values/NSException.h>
-#include <KTUtility/ValueTransformers/KTBaseValueTransformer.h>
-#include <KTUtility/ValueTransformers/KTFileExtensionValueTransformer.h>
+#include <KTUtility/KTBaseValueTransformer>
+#include <KTUtility/KTFileExtensionValueTransformer>
+#include <KTUtility/NSException>
+#include <KTUtility/NSSelectionMarker>
 
 #include "BinderSupport.h"
 #include "support/ObservedModel.h"

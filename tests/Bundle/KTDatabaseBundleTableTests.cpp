@@ -1,10 +1,10 @@
 // The table of what a bundle answers to paths, names, URLs and files.
 
-#include <KTUtility/Bundle/KTDatabaseBundle.h>
 #include <KTUtility/Bundle/KTMediaNames_p.h>
-#include <KTUtility/Diagnostics/KTLogCapture.h>
-#include <KTUtility/Platform/Files/NSPathUtilities.h>
-#include <KTUtility/Platform/Files/NSUserDefaults.h>
+#include <KTUtility/KTDatabaseBundle>
+#include <KTUtility/KTLogCapture>
+#include <KTUtility/NSPathUtilities>
+#include <KTUtility/NSUserDefaults>
 
 #include "support/FileTree.h"
 #include "support/LoopbackServer.h"

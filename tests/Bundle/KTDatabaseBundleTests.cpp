@@ -1,8 +1,8 @@
-#include <KTUtility/Bundle/KTDatabaseBundle.h>
-#include <KTUtility/Diagnostics/KTLogCapture.h>
-#include <KTUtility/Platform/Files/NSFileManager.h>
-#include <KTUtility/Platform/Files/NSSearchPath.h>
-#include <KTUtility/Platform/Files/NSUserDefaults.h>
+#include <KTUtility/KTDatabaseBundle>
+#include <KTUtility/KTLogCapture>
+#include <KTUtility/NSFileManager>
+#include <KTUtility/NSSearchPath>
+#include <KTUtility/NSUserDefaults>
 
 #include "support/FileTree.h"
 #include "support/LoopbackServer.h"

@@ -1,8 +1,8 @@
-#include <KTUtility/Bundle/KTMediaFilenameMunger.h>
 #include <KTUtility/Bundle/KTMediaNames_p.h>
-#include <KTUtility/Diagnostics/KTLogCapture.h>
-#include <KTUtility/Platform/Files/NSFileManager.h>
-#include <KTUtility/Platform/Files/NSPathUtilities.h>
+#include <KTUtility/KTLogCapture>
+#include <KTUtility/KTMediaFilenameMunger>
+#include <KTUtility/NSFileManager>
+#include <KTUtility/NSPathUtilities>
 
 #include "support/FileTree.h"
 #include "support/LoopbackServer.h"

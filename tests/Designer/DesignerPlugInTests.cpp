@@ -1,6 +1,6 @@
 // The plug-in that shows the framework's views in Qt Designer.
 
-#include <KTUtility/Views/KTFocusRingScrollView.h>
+#include <KTUtility/KTFocusRingScrollView>
 
 #include "support/TestSupport.h"
 

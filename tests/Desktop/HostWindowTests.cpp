@@ -3,7 +3,7 @@
 #include "Cobble/Window/WindowSupport.h"
 #include "DesktopDisplay.h"
 
-#include <KTUtility/Windows/KTWindowManager.h>
+#include <KTUtility/KTWindowManager>
 
 #include <QMenuBar>
 #include <QMessageBox>

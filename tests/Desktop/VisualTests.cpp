@@ -1,9 +1,9 @@
 // The status display and focus rings where there is a window system.
 
-#include <KTUtility/Platform/AppKit/NSWindow.h>
-#include <KTUtility/Platform/Dates/NSManualClock.h>
-#include <KTUtility/StatusHUD/KTStatusHUDController.h>
-#include <KTUtility/Views/KTFocusRingView.h>
+#include <KTUtility/KTFocusRingView>
+#include <KTUtility/KTStatusHUDController>
+#include <KTUtility/NSManualClock>
+#include <KTUtility/NSWindow>
 
 #include "DesktopDisplay.h"
 

@@ -1,10 +1,10 @@
 // Windows, sheets and modal sessions where a window manager gives the keyboard away.
 
-#include <KTUtility/Platform/AppKit/NSAlert.h>
-#include <KTUtility/Platform/AppKit/NSApplication.h>
-#include <KTUtility/Windows/KTDialogController.h>
-#include <KTUtility/Windows/KTDoNotShowAlert.h>
-#include <KTUtility/Windows/KTWindowManager.h>
+#include <KTUtility/KTDialogController>
+#include <KTUtility/KTDoNotShowAlert>
+#include <KTUtility/KTWindowManager>
+#include <KTUtility/NSAlert>
+#include <KTUtility/NSApplication>
 
 #include "DesktopDisplay.h"
 

@@ -1,6 +1,6 @@
-#include <KTUtility/Diagnostics/KTAssert.h>
-#include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
-#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/KTAssert>
+#include <KTUtility/NSAssertionHandler>
+#include <KTUtility/NSException>
 
 #include "support/TestSupport.h"
 

@@ -1,6 +1,6 @@
-#include <KTUtility/Diagnostics/KTLogger.h>
-#include <KTUtility/Platform/AppKit/NSMenuItem.h>
-#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/KTLogger>
+#include <KTUtility/NSException>
+#include <KTUtility/NSMenuItem>
 
 #include "support/TestSupport.h"
 

@@ -1,8 +1,8 @@
-#include <KTUtility/Diagnostics/KTLogCapture.h>
-#include <KTUtility/Diagnostics/KTLogger.h>
-#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
-#include <KTUtility/Platform/Values/NSException.h>
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/KTLogCapture>
+#include <KTUtility/KTLogger>
+#include <KTUtility/NSException>
+#include <KTUtility/NSObject>
+#include <KTUtility/NSPropertyListSerialization>
 
 #include "support/TestSupport.h"
 

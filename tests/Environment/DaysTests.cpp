@@ -2,8 +2,8 @@
 
 #include "EnvironmentSupport.h"
 
-#include <KTUtility/Additions/NSDate_KTAdditions.h>
-#include <KTUtility/Formatters/KTDateTimeFormatter.h>
+#include <KTUtility/KTDateTimeFormatter>
+#include <KTUtility/NSDate_KTAdditions>
 
 #include "support/TestSupport.h"
 

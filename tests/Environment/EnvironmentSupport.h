@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/Platform/Text/NSLocale.h>
+#include <KTUtility/NSLocale>
 
 #include <QByteArray>
 #include <QString>

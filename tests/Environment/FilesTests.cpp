@@ -2,14 +2,14 @@
 
 #include "EnvironmentSupport.h"
 
-#include <KTUtility/Additions/NSArray_KTAdditions.h>
-#include <KTUtility/Additions/NSData_KTAdditions.h>
-#include <KTUtility/Additions/NSString_KTNaming.h>
-#include <KTUtility/Bundle/KTDatabaseBundle.h>
-#include <KTUtility/Bundle/KTMediaFilenameMunger.h>
-#include <KTUtility/Diagnostics/KTLogger.h>
-#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
-#include <KTUtility/Platform/Files/NSUserDefaults.h>
+#include <KTUtility/KTDatabaseBundle>
+#include <KTUtility/KTLogger>
+#include <KTUtility/KTMediaFilenameMunger>
+#include <KTUtility/NSArray_KTAdditions>
+#include <KTUtility/NSData_KTAdditions>
+#include <KTUtility/NSPropertyListSerialization>
+#include <KTUtility/NSString_KTNaming>
+#include <KTUtility/NSUserDefaults>
 
 #include "support/FileTree.h"
 #include "support/TestSupport.h"

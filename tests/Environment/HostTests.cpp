@@ -5,7 +5,7 @@
 #include "Cobble/Commands/CommandSupport.h"
 #include "Library/LibraryStore.h"
 
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/NSObject>
 
 #include "support/FileTree.h"
 #include "support/TestSupport.h"

@@ -2,8 +2,8 @@
 
 #include "EnvironmentSupport.h"
 
-#include <KTUtility/Formatters/KTCurrencyFormatter.h>
-#include <KTUtility/Platform/Dates/NSCalendar.h>
+#include <KTUtility/KTCurrencyFormatter>
+#include <KTUtility/NSCalendar>
 
 #include "support/TestSupport.h"
 

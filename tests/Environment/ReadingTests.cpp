@@ -2,13 +2,13 @@
 
 #include "EnvironmentSupport.h"
 
-#include <KTUtility/Formatters/KTCurrencyFormatter.h>
-#include <KTUtility/Formatters/KTDurationFormatter.h>
-#include <KTUtility/Formatters/KTPhoneNumberFormatter.h>
-#include <KTUtility/Formatters/KTTimeFormatter.h>
-#include <KTUtility/Platform/Dates/NSCalendar.h>
-#include <KTUtility/Platform/Text/NSLocale.h>
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+#include <KTUtility/KTCurrencyFormatter>
+#include <KTUtility/KTDurationFormatter>
+#include <KTUtility/KTPhoneNumberFormatter>
+#include <KTUtility/KTTimeFormatter>
+#include <KTUtility/NSCalendar>
+#include <KTUtility/NSDecimalNumber>
+#include <KTUtility/NSLocale>
 
 #include "support/TestSupport.h"
 

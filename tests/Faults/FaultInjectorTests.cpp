@@ -4,7 +4,7 @@
 
 #include "support/TestSupport.h"
 
-#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+#include <KTUtility/NSPropertyListSerialization>
 
 #include <QDir>
 #include <QFile>

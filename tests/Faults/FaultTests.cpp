@@ -3,7 +3,7 @@
 
 #include "support/TestSupport.h"
 
-#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/KTLogger>
 
 #include <QDir>
 

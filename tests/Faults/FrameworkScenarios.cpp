@@ -5,11 +5,11 @@
 #include "support/LoopbackServer.h"
 #include "support/TestSupport.h"
 
-#include <KTUtility/Bundle/KTDatabaseBundle.h>
-#include <KTUtility/Bundle/KTMediaFilenameMunger.h>
-#include <KTUtility/Diagnostics/KTLogger.h>
-#include <KTUtility/Platform/Files/NSUserDefaults.h>
-#include <KTUtility/PlugIns/KTPlugInManager.h>
+#include <KTUtility/KTDatabaseBundle>
+#include <KTUtility/KTLogger>
+#include <KTUtility/KTMediaFilenameMunger>
+#include <KTUtility/KTPlugInManager>
+#include <KTUtility/NSUserDefaults>
 
 #include <QDir>
 #include <QImage>

@@ -8,7 +8,7 @@
 
 #include "support/TestSupport.h"
 
-#include <KTUtility/Platform/Files/NSPathUtilities.h>
+#include <KTUtility/NSPathUtilities>
 
 #include <QDir>
 #include <QFile>

@@ -4,7 +4,7 @@
 
 #include "support/TestSupport.h"
 
-#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/KTLogger>
 
 #include <gtest/gtest.h>
 

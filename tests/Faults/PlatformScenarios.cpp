@@ -4,8 +4,8 @@
 
 #include "support/TestSupport.h"
 
-#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
-#include <KTUtility/Platform/Files/NSUserDefaults.h>
+#include <KTUtility/NSPropertyListSerialization>
+#include <KTUtility/NSUserDefaults>
 
 using testing_support::writeFile;
 

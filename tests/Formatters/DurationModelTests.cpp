@@ -1,6 +1,6 @@
 // Durations beside whole-number arithmetic written out.
 
-#include <KTUtility/Formatters/KTDurationFormatter.h>
+#include <KTUtility/KTDurationFormatter>
 
 #include "support/Properties.h"
 #include "support/TestSupport.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <KTUtility/Platform/Dates/NSCalendar.h>
-#include <KTUtility/Platform/Text/NSLocale.h>
+#include <KTUtility/NSCalendar>
+#include <KTUtility/NSLocale>
 
 #include <QByteArray>
 #include <QDateTime>

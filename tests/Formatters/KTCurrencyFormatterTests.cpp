@@ -1,9 +1,9 @@
-#include <KTUtility/Diagnostics/KTLogCapture.h>
-#include <KTUtility/Diagnostics/KTLoggerComponents.h>
-#include <KTUtility/Formatters/KTCurrencyFormatter.h>
-#include <KTUtility/Formatters/NSNumberFormatter_KTCurrency.h>
-#include <KTUtility/Platform/Numbers/NSNumberFormatter.h>
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+#include <KTUtility/KTCurrencyFormatter>
+#include <KTUtility/KTLogCapture>
+#include <KTUtility/KTLoggerComponents>
+#include <KTUtility/NSDecimalNumber>
+#include <KTUtility/NSNumberFormatter>
+#include <KTUtility/NSNumberFormatter_KTCurrency>
 
 #include "FormatterSupport.h"
 #include "support/TestSupport.h"

@@ -1,10 +1,10 @@
-#include <KTUtility/Diagnostics/KTLogCapture.h>
-#include <KTUtility/Diagnostics/KTLoggerComponents.h>
-#include <KTUtility/Formatters/KTDateTimeFormatter.h>
-#include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
-#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
-#include <KTUtility/Platform/Values/NSException.h>
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/KTDateTimeFormatter>
+#include <KTUtility/KTLogCapture>
+#include <KTUtility/KTLoggerComponents>
+#include <KTUtility/NSAssertionHandler>
+#include <KTUtility/NSException>
+#include <KTUtility/NSKeyValueCoding>
+#include <KTUtility/NSObject>
 
 #include "FormatterSupport.h"
 #include "support/TestSupport.h"

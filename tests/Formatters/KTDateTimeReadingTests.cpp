@@ -1,6 +1,6 @@
-#include <KTUtility/Diagnostics/KTLogCapture.h>
-#include <KTUtility/Diagnostics/KTLoggerComponents.h>
-#include <KTUtility/Formatters/KTDateTimeFormatter.h>
+#include <KTUtility/KTDateTimeFormatter>
+#include <KTUtility/KTLogCapture>
+#include <KTUtility/KTLoggerComponents>
 
 #include "FormatterSupport.h"
 #include "support/TestSupport.h"

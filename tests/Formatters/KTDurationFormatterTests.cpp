@@ -1,6 +1,6 @@
-#include <KTUtility/Formatters/KTDurationFormatter.h>
 #include <KTUtility/Formatters/KTDurationTables_p.h>
-#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
+#include <KTUtility/KTDurationFormatter>
+#include <KTUtility/NSKeyValueCoding>
 
 #include "support/TestSupport.h"
 

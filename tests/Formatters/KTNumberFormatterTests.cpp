@@ -1,9 +1,9 @@
-#include <KTUtility/Diagnostics/KTLogCapture.h>
-#include <KTUtility/Diagnostics/KTLoggerComponents.h>
-#include <KTUtility/Formatters/KTNumberFormatter.h>
-#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
-#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/KTLogCapture>
+#include <KTUtility/KTLoggerComponents>
+#include <KTUtility/KTNumberFormatter>
+#include <KTUtility/NSDecimalNumber>
+#include <KTUtility/NSException>
+#include <KTUtility/NSKeyValueCoding>
 
 #include "support/TestSupport.h"
 

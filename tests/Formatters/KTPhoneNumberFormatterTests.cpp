@@ -1,8 +1,8 @@
-#include <KTUtility/Diagnostics/KTLogCapture.h>
-#include <KTUtility/Diagnostics/KTLoggerComponents.h>
-#include <KTUtility/Formatters/KTPhoneNumberFormatter.h>
-#include <KTUtility/Platform/Values/NSException.h>
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/KTLogCapture>
+#include <KTUtility/KTLoggerComponents>
+#include <KTUtility/KTPhoneNumberFormatter>
+#include <KTUtility/NSException>
+#include <KTUtility/NSObject>
 
 #include "support/TestSupport.h"
 

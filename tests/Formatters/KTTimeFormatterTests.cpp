@@ -1,6 +1,6 @@
-#include <KTUtility/Formatters/KTTimeFormatter.h>
-#include <KTUtility/Platform/Dates/NSCalendar.h>
-#include <KTUtility/Platform/Text/NSLocale.h>
+#include <KTUtility/KTTimeFormatter>
+#include <KTUtility/NSCalendar>
+#include <KTUtility/NSLocale>
 
 #include "FormatterSupport.h"
 #include "support/TestSupport.h"

@@ -1,10 +1,10 @@
 // Options go through a file and come back: random settings of every formatter.
 
-#include <KTUtility/Formatters/KTCurrencyFormatter.h>
-#include <KTUtility/Formatters/KTDurationFormatter.h>
-#include <KTUtility/Formatters/KTPhoneNumberFormatter.h>
-#include <KTUtility/Formatters/KTTimeFormatter.h>
-#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+#include <KTUtility/KTCurrencyFormatter>
+#include <KTUtility/KTDurationFormatter>
+#include <KTUtility/KTPhoneNumberFormatter>
+#include <KTUtility/KTTimeFormatter>
+#include <KTUtility/NSPropertyListSerialization>
 
 #include "FormatterSupport.h"
 #include "support/Properties.h"

@@ -1,6 +1,6 @@
-#include <KTUtility/Formatters/KTOptionsKeys.h>
-#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
-#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/KTOptionsKeys>
+#include <KTUtility/NSException>
+#include <KTUtility/NSKeyValueCoding>
 
 #include "support/TestSupport.h"
 

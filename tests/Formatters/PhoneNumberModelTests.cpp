@@ -1,6 +1,6 @@
 // Phone numbers beside the rules of patterns, written out step by step.
 
-#include <KTUtility/Formatters/KTPhoneNumberFormatter.h>
+#include <KTUtility/KTPhoneNumberFormatter>
 
 #include "support/Properties.h"
 #include "support/TestSupport.h"

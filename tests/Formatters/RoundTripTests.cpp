@@ -1,7 +1,7 @@
-#include <KTUtility/Formatters/KTCurrencyFormatter.h>
-#include <KTUtility/Formatters/KTDurationFormatter.h>
-#include <KTUtility/Formatters/KTTimeFormatter.h>
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+#include <KTUtility/KTCurrencyFormatter>
+#include <KTUtility/KTDurationFormatter>
+#include <KTUtility/KTTimeFormatter>
+#include <KTUtility/NSDecimalNumber>
 
 #include "FormatterSupport.h"
 #include "support/Properties.h"

@@ -1,8 +1,8 @@
-#include <KTUtility/International/KTInternational.h>
+#include <KTUtility/KTInternational>
 
-#include <KTUtility/Diagnostics/KTLogCapture.h>
-#include <KTUtility/Platform/Text/NSLocale.h>
-#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/KTLogCapture>
+#include <KTUtility/NSException>
+#include <KTUtility/NSLocale>
 
 #include "support/FileTree.h"
 #include "support/TestSupport.h"

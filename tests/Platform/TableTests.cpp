@@ -1,16 +1,16 @@
 // The tables of platform facts: scanners, character sets, values of texts, URLs, decimals.
 
-#include <KTUtility/Platform/Files/NSURL.h>
-#include <KTUtility/Platform/Text/NSCharacterSet.h>
-#include <KTUtility/Platform/Text/NSStringCase.h>
-#include <KTUtility/Platform/Text/NSStringCompare.h>
-#include <KTUtility/Platform/Text/NSStringEncoding.h>
-#include <KTUtility/Platform/Text/NSStringTrim.h>
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
-#include <KTUtility/Platform/Values/NSException.h>
-#include <KTUtility/Platform/Values/NSObject.h>
-#include <KTUtility/Platform/Values/NSScanner.h>
-#include <KTUtility/Platform/Values/NSStringValues.h>
+#include <KTUtility/NSCharacterSet>
+#include <KTUtility/NSDecimalNumber>
+#include <KTUtility/NSException>
+#include <KTUtility/NSObject>
+#include <KTUtility/NSScanner>
+#include <KTUtility/NSStringCase>
+#include <KTUtility/NSStringCompare>
+#include <KTUtility/NSStringEncoding>
+#include <KTUtility/NSStringTrim>
+#include <KTUtility/NSStringValues>
+#include <KTUtility/NSURL>
 
 #include "support/NamedCharacterSets.h"
 #include "support/TestSupport.h"

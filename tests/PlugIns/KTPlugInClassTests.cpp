@@ -1,9 +1,9 @@
-#include <KTUtility/PlugIns/KTPlugInClass.h>
+#include <KTUtility/KTPlugInClass>
 
 #include "PlugIns/Modules/TestExporter.h"
 #include "support/TestSupport.h"
 
-#include <KTUtility/Platform/Files/NSBundle.h>
+#include <KTUtility/NSBundle>
 
 using namespace testing_support;
 

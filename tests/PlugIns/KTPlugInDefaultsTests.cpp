@@ -1,10 +1,10 @@
-#include <KTUtility/PlugIns/KTPlugInManager.h>
+#include <KTUtility/KTPlugInManager>
 
 #include "PlugInSupport.h"
 #include "support/TestSupport.h"
 
-#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
-#include <KTUtility/Platform/Files/NSUserDefaults.h>
+#include <KTUtility/NSPropertyListSerialization>
+#include <KTUtility/NSUserDefaults>
 
 #include <QFile>
 #include <QPoint>

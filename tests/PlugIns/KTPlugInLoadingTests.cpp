@@ -1,9 +1,9 @@
-#include <KTUtility/PlugIns/KTPlugInManager.h>
+#include <KTUtility/KTPlugInManager>
 
 #include "PlugInSupport.h"
 #include "support/TestSupport.h"
 
-#include <KTUtility/Diagnostics/KTLogCapture.h>
+#include <KTUtility/KTLogCapture>
 
 #include <QDir>
 #include <QFile>

@@ -1,10 +1,10 @@
-#include <KTUtility/PlugIns/KTPlugInManager.h>
+#include <KTUtility/KTPlugInManager>
 
 #include "PlugInSupport.h"
 #include "support/TestSupport.h"
 
-#include <KTUtility/Diagnostics/KTLogCapture.h>
-#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+#include <KTUtility/KTLogCapture>
+#include <KTUtility/NSPropertyListSerialization>
 
 #include <QDir>
 #include <QUuid>

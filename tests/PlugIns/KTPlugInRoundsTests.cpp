@@ -1,7 +1,7 @@
 #include "PlugInSupport.h"
 #include "support/TestSupport.h"
 
-#include <KTUtility/Platform/Keys/NSClass.h>
+#include <KTUtility/NSClass>
 
 #include <QCoreApplication>
 #include <QDir>

@@ -2,7 +2,7 @@
 
 #include "support/TestSupport.h"
 
-#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+#include <KTUtility/NSPropertyListSerialization>
 
 #include <QDir>
 #include <QFile>

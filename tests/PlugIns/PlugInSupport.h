@@ -2,7 +2,7 @@
 
 #include "PlugIns/Modules/TestExporter.h"
 
-#include <KTUtility/PlugIns/KTPlugInManager.h>
+#include <KTUtility/KTPlugInManager>
 
 #include <QVariantMap>
 

@@ -37,7 +37,7 @@ function(kt_add_compile_test class expected)
     set(includes "$<TARGET_PROPERTY:Qt6::Core,INTERFACE_INCLUDE_DIRECTORIES>")
     add_test(NAME KTPlugInClass.Compiling${class}
         COMMAND "${CMAKE_CXX_COMPILER}" -std=c++20 -fsyntax-only -fPIC
-            "-I${PROJECT_SOURCE_DIR}" "-I$<JOIN:${includes},;-I>" -DPRINCIPAL_CLASS=${class}
+            "-I${PROJECT_SOURCE_DIR}" "-I${KTUTILITY_FORWARDING_HEADERS}" "-I$<JOIN:${includes},;-I>" -DPRINCIPAL_CLASS=${class}
             "${CMAKE_CURRENT_SOURCE_DIR}/PlugIns/Compiling/PrincipalClasses.cpp"
         COMMAND_EXPAND_LISTS)
     if(expected)

@@ -2,7 +2,7 @@
 
 #include "HUDSupport.h"
 
-#include <KTUtility/Platform/AppKit/NSFont.h>
+#include <KTUtility/NSFont>
 
 #include "support/PictureSupport.h"
 

@@ -2,8 +2,8 @@
 
 #include "HUDSupport.h"
 
-#include <KTUtility/Diagnostics/KTLogCapture.h>
-#include <KTUtility/Platform/AppKit/NSApplication.h>
+#include <KTUtility/KTLogCapture>
+#include <KTUtility/NSApplication>
 
 #include <QDialog>
 #include <QMouseEvent>

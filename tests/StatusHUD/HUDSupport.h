@@ -1,10 +1,10 @@
 #pragma once
 
-#include <KTUtility/Platform/AppKit/NSScreen.h>
-#include <KTUtility/Platform/AppKit/NSViewAnimation.h>
-#include <KTUtility/Platform/AppKit/NSWindow.h>
-#include <KTUtility/Platform/Dates/NSManualClock.h>
-#include <KTUtility/StatusHUD/KTStatusHUDController.h>
+#include <KTUtility/KTStatusHUDController>
+#include <KTUtility/NSManualClock>
+#include <KTUtility/NSScreen>
+#include <KTUtility/NSViewAnimation>
+#include <KTUtility/NSWindow>
 
 #include "support/TestSupport.h"
 

@@ -2,12 +2,12 @@
 
 #include "Formatters/FormatterSupport.h"
 
-#include <KTUtility/Formatters/KTCurrencyFormatter.h>
-#include <KTUtility/Formatters/KTDateTimeFormatter.h>
-#include <KTUtility/Formatters/KTDurationFormatter.h>
-#include <KTUtility/Formatters/KTPhoneNumberFormatter.h>
-#include <KTUtility/Formatters/KTTimeFormatter.h>
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/KTCurrencyFormatter>
+#include <KTUtility/KTDateTimeFormatter>
+#include <KTUtility/KTDurationFormatter>
+#include <KTUtility/KTPhoneNumberFormatter>
+#include <KTUtility/KTTimeFormatter>
+#include <KTUtility/NSObject>
 
 #include <gtest/gtest.h>
 

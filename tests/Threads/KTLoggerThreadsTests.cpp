@@ -2,7 +2,7 @@
 
 #include "support/TestSupport.h"
 
-#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/KTLogger>
 
 #include <QRegularExpression>
 

@@ -1,13 +1,13 @@
-#include <KTUtility/Additions/NSColor_KTAdditions.h>
-#include <KTUtility/Platform/Files/NSUserDefaults.h>
-#include <KTUtility/Platform/Values/NSException.h>
-#include <KTUtility/Platform/Values/NSObject.h>
-#include <KTUtility/ValueTransformers/KTBaseValueTransformer.h>
-#include <KTUtility/ValueTransformers/KTBoolImageTransformer.h>
-#include <KTUtility/ValueTransformers/KTFileExtensionValueTransformer.h>
-#include <KTUtility/ValueTransformers/KTNewlineTabCharTransformer.h>
-#include <KTUtility/ValueTransformers/KTSingleObjectFilterNegated.h>
-#include <KTUtility/ValueTransformers/KTStringColorTransformer.h>
+#include <KTUtility/KTBaseValueTransformer>
+#include <KTUtility/KTBoolImageTransformer>
+#include <KTUtility/KTFileExtensionValueTransformer>
+#include <KTUtility/KTNewlineTabCharTransformer>
+#include <KTUtility/KTSingleObjectFilterNegated>
+#include <KTUtility/KTStringColorTransformer>
+#include <KTUtility/NSColor_KTAdditions>
+#include <KTUtility/NSException>
+#include <KTUtility/NSObject>
+#include <KTUtility/NSUserDefaults>
 
 #include "support/TestSupport.h"
 

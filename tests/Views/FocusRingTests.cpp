@@ -1,8 +1,8 @@
 // One ring around a view while the keyboard focus is inside.
 
-#include <KTUtility/Platform/AppKit/NSNib.h>
-#include <KTUtility/Views/KTFocusRingScrollView.h>
-#include <KTUtility/Views/KTFocusRingView.h>
+#include <KTUtility/KTFocusRingScrollView>
+#include <KTUtility/KTFocusRingView>
+#include <KTUtility/NSNib>
 
 #include "support/PictureSupport.h"
 #include "support/TestSupport.h"

@@ -1,10 +1,10 @@
 // A slider with a picture for its knob.
 
-#include <KTUtility/Platform/AppKit/NSImage.h>
-#include <KTUtility/Platform/AppKit/NSNib.h>
-#include <KTUtility/Platform/AppKit/NSWindowController.h>
-#include <KTUtility/Views/KTMediaFieldSlider.h>
-#include <KTUtility/Views/KTMediaFieldSliderCell.h>
+#include <KTUtility/KTMediaFieldSlider>
+#include <KTUtility/KTMediaFieldSliderCell>
+#include <KTUtility/NSImage>
+#include <KTUtility/NSNib>
+#include <KTUtility/NSWindowController>
 
 #include "support/PictureSupport.h"
 #include "support/TestSupport.h"

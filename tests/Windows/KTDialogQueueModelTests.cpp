@@ -1,7 +1,7 @@
 // Random sequences of what may happen to a queue of dialogs, beside a model of it.
 
-#include <KTUtility/Windows/KTAlertPanelDialogController.h>
-#include <KTUtility/Windows/KTWindowManager.h>
+#include <KTUtility/KTAlertPanelDialogController>
+#include <KTUtility/KTWindowManager>
 
 #include "support/Properties.h"
 #include "support/TestSupport.h"

@@ -1,7 +1,7 @@
-#include <KTUtility/Windows/KTDoNotShowAlert.h>
+#include <KTUtility/KTDoNotShowAlert>
 
-#include <KTUtility/Platform/Files/NSUserDefaults.h>
-#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/NSException>
+#include <KTUtility/NSUserDefaults>
 
 #include "support/TestSupport.h"
 

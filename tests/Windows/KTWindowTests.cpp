@@ -1,10 +1,10 @@
 // Windows, dialogs and their queue.
 
-#include <KTUtility/Platform/AppKit/NSApplication.h>
-#include <KTUtility/Platform/AppKit/NSMenuItem.h>
-#include <KTUtility/Platform/Keys/NSClassRegistry.h>
-#include <KTUtility/Windows/KTAlertPanelDialogController.h>
-#include <KTUtility/Windows/KTWindowManager.h>
+#include <KTUtility/KTAlertPanelDialogController>
+#include <KTUtility/KTWindowManager>
+#include <KTUtility/NSApplication>
+#include <KTUtility/NSClassRegistry>
+#include <KTUtility/NSMenuItem>
 
 #include "support/FileTree.h"
 #include "support/TestSupport.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/Platform/Text/NSCharacterSet.h>
+#include <KTUtility/NSCharacterSet>
 
 #include <QJsonObject>
 #include <QString>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/Platform/Keys/NSKeyValueCodingObject.h>
+#include <KTUtility/NSKeyValueCodingObject>
 
 #include <QObject>
 #include <QPointer>

@@ -1,6 +1,6 @@
 #include "TestSupport.h"
 
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/NSObject>
 
 #include <QApplication>
 #include <QDir>

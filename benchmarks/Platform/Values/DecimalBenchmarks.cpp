@@ -3,7 +3,7 @@
 
 #include "Report.h"
 
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+#include <KTUtility/NSDecimalNumber>
 
 #include <benchmark/benchmark.h>
 

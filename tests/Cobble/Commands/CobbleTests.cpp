@@ -4,7 +4,7 @@
 
 #include "support/TestSupport.h"
 
-#include <KTUtility/Diagnostics/KTLogCapture.h>
+#include <KTUtility/KTLogCapture>
 
 #include <fcntl.h>
 #include <unistd.h>

@@ -2,7 +2,7 @@
 
 #include "support/TestSupport.h"
 
-#include <KTUtility/Diagnostics/KTLogCapture.h>
+#include <KTUtility/KTLogCapture>
 
 namespace {
 /// The path of a new file with these contents.

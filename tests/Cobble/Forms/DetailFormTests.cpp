@@ -2,10 +2,10 @@
 
 #include "support/TestSupport.h"
 
-#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
-#include <KTUtility/Platform/Text/NSLocale.h>
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/NSDecimalNumber>
+#include <KTUtility/NSKeyValueCoding>
+#include <KTUtility/NSLocale>
+#include <KTUtility/NSObject>
 
 namespace {
 LibraryField fieldNamed(const QString &title, FieldType type)

@@ -2,7 +2,7 @@
 
 #include "support/TestSupport.h"
 
-#include <KTUtility/Additions/NSArray_KTAdditions.h>
+#include <KTUtility/NSArray_KTAdditions>
 
 #include <QSet>
 

@@ -7,7 +7,7 @@
 #include "support/LoopbackServer.h"
 #include "support/TestSupport.h"
 
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/NSObject>
 
 #include <QProcess>
 #include <QSemaphore>

@@ -3,7 +3,7 @@
 #include "Import/ImportValues.h"
 #include "Import/TypeInference.h"
 
-#include <KTUtility/Formatters/KTCurrencyFormatter.h>
+#include <KTUtility/KTCurrencyFormatter>
 
 #include "support/TestSupport.h"
 

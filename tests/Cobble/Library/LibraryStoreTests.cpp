@@ -3,7 +3,7 @@
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
 
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/NSObject>
 
 using testing_support::FileTree;
 

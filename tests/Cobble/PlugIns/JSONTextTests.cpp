@@ -3,7 +3,7 @@
 
 #include "support/TestSupport.h"
 
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+#include <KTUtility/NSDecimalNumber>
 
 #include <QDateTime>
 #include <QJsonArray>

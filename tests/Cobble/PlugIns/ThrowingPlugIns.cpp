@@ -1,7 +1,7 @@
 #include "Interfaces/CobbleExporter.h"
 #include "Interfaces/CobbleImporter.h"
 
-#include <KTUtility/PlugIns/KTPlugInClass.h>
+#include <KTUtility/KTPlugInClass>
 
 #include <stdexcept>
 

@@ -1,7 +1,7 @@
 #include "Text/CSVSeparator.h"
 
-#include <KTUtility/International/KTInternational.h>
-#include <KTUtility/Platform/Text/NSLocale.h>
+#include <KTUtility/KTInternational>
+#include <KTUtility/NSLocale>
 
 #include "support/TestSupport.h"
 

@@ -5,9 +5,9 @@
 #include "Window/DetailPane.h"
 #include "Window/MainMenu.h"
 
-#include <KTUtility/Platform/AppKit/NSMenuItem.h>
-#include <KTUtility/Windows/KTDoNotShowAlert.h>
-#include <KTUtility/Windows/KTWindowManager.h>
+#include <KTUtility/KTDoNotShowAlert>
+#include <KTUtility/KTWindowManager>
+#include <KTUtility/NSMenuItem>
 
 #include <QBrush>
 #include <QClipboard>

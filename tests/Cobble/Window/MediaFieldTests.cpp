@@ -3,7 +3,7 @@
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
 
-#include <KTUtility/Views/KTMediaFieldSlider.h>
+#include <KTUtility/KTMediaFieldSlider>
 
 #include <QTest>
 #include <QToolButton>

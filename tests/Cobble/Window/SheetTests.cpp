@@ -4,11 +4,11 @@
 
 #include "Window/SilencedAlerts.h"
 
-#include <KTUtility/Platform/AppKit/NSApplication.h>
-#include <KTUtility/Platform/AppKit/NSMenuItem.h>
-#include <KTUtility/Platform/Files/NSURL.h>
-#include <KTUtility/Windows/KTDoNotShowAlert.h>
-#include <KTUtility/Windows/KTWindowManager.h>
+#include <KTUtility/KTDoNotShowAlert>
+#include <KTUtility/KTWindowManager>
+#include <KTUtility/NSApplication>
+#include <KTUtility/NSMenuItem>
+#include <KTUtility/NSURL>
 
 #include <QCheckBox>
 #include <QMessageBox>

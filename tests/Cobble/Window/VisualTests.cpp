@@ -5,8 +5,8 @@
 #include "Window/MediaField.h"
 #include "Window/RecordTableView.h"
 
-#include <KTUtility/Additions/KTImageBadger.h>
-#include <KTUtility/Views/KTFocusRingScrollView.h>
+#include <KTUtility/KTFocusRingScrollView>
+#include <KTUtility/KTImageBadger>
 
 #include <QBuffer>
 #include <QMimeData>

@@ -14,7 +14,7 @@
 #include "Window/RecordTableModel.h"
 #include "Window/RecordTableView.h"
 
-#include <KTUtility/Windows/KTDoNotShowAlert.h>
+#include <KTUtility/KTDoNotShowAlert>
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,6 +1,6 @@
 // A plug-in of somebody else, built against the installed framework.
 
-#include <KTUtility/PlugIns/KTPlugInClass.h>
+#include <KTUtility/KTPlugInClass>
 
 class Greeter : public QObject
 {

@@ -1,10 +1,10 @@
 // A program of somebody else, built against the installed framework.
 
-#include <KTUtility/Additions/NSArray_KTAdditions.h>
-#include <KTUtility/Additions/NSString_KTNaming.h>
-#include <KTUtility/Diagnostics/KTAssert.h>
-#include <KTUtility/Diagnostics/KTLogger.h>
-#include <KTUtility/PlugIns/KTPlugInManager.h>
+#include <KTUtility/KTAssert>
+#include <KTUtility/KTLogger>
+#include <KTUtility/KTPlugInManager>
+#include <KTUtility/NSArray_KTAdditions>
+#include <KTUtility/NSString_KTNaming>
 
 #include <cstdio>
 

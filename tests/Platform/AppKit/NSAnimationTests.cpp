@@ -1,9 +1,9 @@
 // Clocks, timers and animations. Nothing here sleeps: time passes when the tests say so.
 
-#include <KTUtility/Platform/AppKit/NSApplication.h>
-#include <KTUtility/Platform/AppKit/NSTimer.h>
-#include <KTUtility/Platform/AppKit/NSViewAnimation.h>
-#include <KTUtility/Platform/Dates/NSManualClock.h>
+#include <KTUtility/NSApplication>
+#include <KTUtility/NSManualClock>
+#include <KTUtility/NSTimer>
+#include <KTUtility/NSViewAnimation>
 
 #include "support/TestSupport.h"
 

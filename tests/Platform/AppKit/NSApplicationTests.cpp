@@ -1,4 +1,4 @@
-#include <KTUtility/Platform/AppKit/NSApplication.h>
+#include <KTUtility/NSApplication>
 
 #include "support/TestSupport.h"
 

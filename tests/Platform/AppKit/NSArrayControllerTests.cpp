@@ -1,9 +1,9 @@
-#include <KTUtility/Platform/AppKit/NSArrayController.h>
+#include <KTUtility/NSArrayController>
 
-#include <KTUtility/Bindings/KTPropertyBinder.h>
-#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
-#include <KTUtility/Platform/Keys/NSKeyValueObservation.h>
-#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/KTPropertyBinder>
+#include <KTUtility/NSException>
+#include <KTUtility/NSKeyValueCoding>
+#include <KTUtility/NSKeyValueObservation>
 
 #include "Bindings/BinderSupport.h"
 #include "support/ObservedModel.h"

@@ -1,9 +1,9 @@
 // Pictures of the ground floor, and the coordinates they are drawn in.
 
-#include <KTUtility/Platform/AppKit/CIImage.h>
-#include <KTUtility/Platform/AppKit/NSFont.h>
-#include <KTUtility/Platform/AppKit/NSGraphicsContext.h>
-#include <KTUtility/Platform/AppKit/NSImage.h>
+#include <KTUtility/CIImage>
+#include <KTUtility/NSFont>
+#include <KTUtility/NSGraphicsContext>
+#include <KTUtility/NSImage>
 
 #include "support/PictureSupport.h"
 #include "support/TestSupport.h"

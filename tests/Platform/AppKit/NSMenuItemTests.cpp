@@ -1,5 +1,5 @@
-#include <KTUtility/Platform/AppKit/NSFont.h>
-#include <KTUtility/Platform/AppKit/NSMenuItem.h>
+#include <KTUtility/NSFont>
+#include <KTUtility/NSMenuItem>
 
 #include "support/TestSupport.h"
 

@@ -1,8 +1,8 @@
 // Interface files: registered classes, outlets, delegates, and waking.
 
-#include <KTUtility/Platform/AppKit/NSNib.h>
-#include <KTUtility/Platform/AppKit/NSWindowController.h>
-#include <KTUtility/Platform/Keys/NSClassRegistry.h>
+#include <KTUtility/NSClassRegistry>
+#include <KTUtility/NSNib>
+#include <KTUtility/NSWindowController>
 
 #include "support/TestSupport.h"
 

@@ -1,8 +1,8 @@
 // Text fields of one line, and the system's coordinates of windows.
 
-#include <KTUtility/Platform/AppKit/NSScreen.h>
-#include <KTUtility/Platform/AppKit/NSTextField.h>
-#include <KTUtility/Platform/AppKit/NSWindow.h>
+#include <KTUtility/NSScreen>
+#include <KTUtility/NSTextField>
+#include <KTUtility/NSWindow>
 
 #include "support/PictureSupport.h"
 #include "support/TestSupport.h"

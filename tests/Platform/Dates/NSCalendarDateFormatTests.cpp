@@ -1,6 +1,6 @@
 // The patterns of the behaviour 10.0.
 
-#include <KTUtility/Platform/Dates/NSDateFormatter.h>
+#include <KTUtility/NSDateFormatter>
 
 #include "support/TestSupport.h"
 

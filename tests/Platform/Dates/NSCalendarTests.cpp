@@ -1,4 +1,4 @@
-#include <KTUtility/Platform/Dates/NSCalendar.h>
+#include <KTUtility/NSCalendar>
 
 #include "support/TestSupport.h"
 

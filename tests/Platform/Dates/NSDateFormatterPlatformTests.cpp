@@ -1,6 +1,6 @@
 // The platform's own tables for date formatters and calendar dates.
 
-#include <KTUtility/Platform/Dates/NSDateFormatter.h>
+#include <KTUtility/NSDateFormatter>
 
 #include "support/TestSupport.h"
 

@@ -1,7 +1,7 @@
 // What a formatter shows, it reads again: for every pair of styles in many locales, at times of the
 // day and year that are easily got wrong.
 
-#include <KTUtility/Platform/Dates/NSDateFormatter.h>
+#include <KTUtility/NSDateFormatter>
 
 #include "support/TestSupport.h"
 

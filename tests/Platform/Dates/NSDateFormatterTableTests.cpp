@@ -1,7 +1,7 @@
 // Tables of observed dates. Where ours are meant to differ, a row belongs to a category with a
 // narrow condition, and every category has to occur.
 
-#include <KTUtility/Platform/Dates/NSDateFormatter.h>
+#include <KTUtility/NSDateFormatter>
 
 #include "support/TestSupport.h"
 

@@ -1,4 +1,4 @@
-#include <KTUtility/Platform/Dates/NSDateFormatter.h>
+#include <KTUtility/NSDateFormatter>
 
 #include "support/TestSupport.h"
 

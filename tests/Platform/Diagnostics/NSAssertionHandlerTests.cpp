@@ -1,6 +1,6 @@
-#include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
-#include <KTUtility/Platform/Diagnostics/NSLog.h>
-#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/NSAssertionHandler>
+#include <KTUtility/NSException>
+#include <KTUtility/NSLog>
 
 #include "support/TestField.h"
 #include "support/TestSupport.h"

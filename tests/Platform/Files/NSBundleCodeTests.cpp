@@ -1,5 +1,5 @@
-#include <KTUtility/Platform/Files/NSBundle.h>
-#include <KTUtility/Platform/Keys/NSClass.h>
+#include <KTUtility/NSBundle>
+#include <KTUtility/NSClass>
 
 #include "PlugIns/PlugInSupport.h"
 #include "support/TestSupport.h"

@@ -1,4 +1,4 @@
-#include <KTUtility/Platform/Files/NSBundle.h>
+#include <KTUtility/NSBundle>
 
 #include "support/TestSupport.h"
 

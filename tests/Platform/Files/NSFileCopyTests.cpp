@@ -1,6 +1,6 @@
 // Copying, moving and removing files and folders.
 
-#include <KTUtility/Platform/Files/NSFileManager.h>
+#include <KTUtility/NSFileManager>
 #include <KTUtility/Platform/Files/NSFileOperations_p.h>
 
 #include "support/FileTree.h"

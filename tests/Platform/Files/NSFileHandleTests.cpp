@@ -1,4 +1,4 @@
-#include <KTUtility/Platform/Files/NSFileHandle.h>
+#include <KTUtility/NSFileHandle>
 
 #include "support/TestSupport.h"
 

@@ -1,4 +1,4 @@
-#include <KTUtility/Platform/Files/NSFileManager.h>
+#include <KTUtility/NSFileManager>
 
 #include "support/TestSupport.h"
 

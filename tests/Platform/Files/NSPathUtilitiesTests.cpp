@@ -1,6 +1,6 @@
-#include <KTUtility/Platform/Files/NSPathUtilities.h>
+#include <KTUtility/NSPathUtilities>
 
-#include <KTUtility/Platform/Files/NSSearchPath.h>
+#include <KTUtility/NSSearchPath>
 
 #include "support/TestSupport.h"
 

@@ -1,6 +1,6 @@
-#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+#include <KTUtility/NSPropertyListSerialization>
 
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/NSObject>
 
 #include "support/TestSupport.h"
 

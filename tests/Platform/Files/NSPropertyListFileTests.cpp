@@ -1,4 +1,4 @@
-#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+#include <KTUtility/NSPropertyListSerialization>
 
 #include "support/TestSupport.h"
 

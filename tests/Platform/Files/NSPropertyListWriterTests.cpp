@@ -1,7 +1,7 @@
-#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+#include <KTUtility/NSPropertyListSerialization>
 
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/NSDecimalNumber>
+#include <KTUtility/NSObject>
 
 #include "support/TestSupport.h"
 

@@ -1,4 +1,4 @@
-#include <KTUtility/Platform/Files/NSSearchPath.h>
+#include <KTUtility/NSSearchPath>
 
 #include "support/TestSupport.h"
 

@@ -1,4 +1,4 @@
-#include <KTUtility/Platform/Files/NSURLConnection.h>
+#include <KTUtility/NSURLConnection>
 
 #include "support/LoopbackServer.h"
 #include "support/TestSupport.h"

@@ -1,7 +1,7 @@
 // Paths of URLs, and escapes. Which texts are URLs stands in TableTests.cpp.
 
-#include <KTUtility/Platform/Files/NSURL.h>
-#include <KTUtility/Platform/Text/NSPercentEscapes.h>
+#include <KTUtility/NSPercentEscapes>
+#include <KTUtility/NSURL>
 
 #include "support/TestSupport.h"
 

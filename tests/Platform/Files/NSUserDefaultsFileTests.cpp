@@ -1,6 +1,6 @@
-#include <KTUtility/Platform/Files/NSUserDefaults.h>
+#include <KTUtility/NSUserDefaults>
 
-#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+#include <KTUtility/NSPropertyListSerialization>
 
 #include "support/TestSupport.h"
 

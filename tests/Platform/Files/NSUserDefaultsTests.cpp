@@ -1,9 +1,9 @@
-#include <KTUtility/Platform/Files/NSUserDefaults.h>
+#include <KTUtility/NSUserDefaults>
 
-#include <KTUtility/Platform/Files/NSBundle.h>
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
-#include <KTUtility/Platform/Values/NSException.h>
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/NSBundle>
+#include <KTUtility/NSDecimalNumber>
+#include <KTUtility/NSException>
+#include <KTUtility/NSObject>
 
 #include "support/TestSupport.h"
 

@@ -1,5 +1,5 @@
-#include <KTUtility/Platform/Keys/NSClass.h>
-#include <KTUtility/Platform/Keys/NSClassRegistry.h>
+#include <KTUtility/NSClass>
+#include <KTUtility/NSClassRegistry>
 
 #include "support/TestSupport.h"
 

@@ -1,5 +1,5 @@
-#include <KTUtility/Platform/Keys/NSInvoker.h>
-#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/NSException>
+#include <KTUtility/NSInvoker>
 
 #include "support/TestField.h"
 #include "support/TestSupport.h"

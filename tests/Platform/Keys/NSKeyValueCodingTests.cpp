@@ -1,7 +1,7 @@
-#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
-#include <KTUtility/Platform/Values/NSException.h>
-#include <KTUtility/Platform/Values/NSObject.h>
-#include <KTUtility/Platform/Values/NSStringFormat.h>
+#include <KTUtility/NSException>
+#include <KTUtility/NSKeyValueCoding>
+#include <KTUtility/NSObject>
+#include <KTUtility/NSStringFormat>
 
 #include "support/TestField.h"
 #include "support/TestSupport.h"

@@ -1,9 +1,9 @@
-#include <KTUtility/Platform/Keys/NSKeyValueObservation.h>
+#include <KTUtility/NSKeyValueObservation>
 
-#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
-#include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
-#include <KTUtility/Platform/Values/NSException.h>
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/NSException>
+#include <KTUtility/NSKeyValueCoding>
+#include <KTUtility/NSKeyValueObserving>
+#include <KTUtility/NSObject>
 
 #include "support/ObservedModel.h"
 #include "support/TestSupport.h"

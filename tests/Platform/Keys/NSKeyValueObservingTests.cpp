@@ -1,7 +1,7 @@
-#include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
+#include <KTUtility/NSKeyValueObserving>
 
-#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
-#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/NSException>
+#include <KTUtility/NSKeyValueCoding>
 
 #include "support/ObservedModel.h"
 #include "support/TestSupport.h"

@@ -1,7 +1,7 @@
 // Values that are set through methods, along paths, and in lists and hashes.
 
-#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
-#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/NSException>
+#include <KTUtility/NSKeyValueCoding>
 
 #include "support/TestField.h"
 #include "support/TestSupport.h"

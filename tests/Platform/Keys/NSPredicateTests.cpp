@@ -1,7 +1,7 @@
-#include <KTUtility/Platform/Keys/NSPredicate.h>
+#include <KTUtility/NSPredicate>
 
-#include <KTUtility/Platform/Keys/NSWeakMapTable.h>
-#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/NSException>
+#include <KTUtility/NSWeakMapTable>
 
 #include "support/ObservedModel.h"
 #include "support/TestSupport.h"

@@ -1,7 +1,7 @@
-#include <KTUtility/Platform/Files/NSURL.h>
-#include <KTUtility/Platform/Keys/NSSortDescriptor.h>
-#include <KTUtility/Platform/Keys/NSValueMatcher.h>
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+#include <KTUtility/NSDecimalNumber>
+#include <KTUtility/NSSortDescriptor>
+#include <KTUtility/NSURL>
+#include <KTUtility/NSValueMatcher>
 
 #include "support/TestField.h"
 #include "support/TestSupport.h"

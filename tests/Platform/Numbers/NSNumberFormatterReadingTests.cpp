@@ -1,7 +1,7 @@
-#include <KTUtility/Formatters/NSNumberFormatter_KTCurrency.h>
-#include <KTUtility/Platform/Numbers/NSNumberFormatter.h>
-#include <KTUtility/Platform/Text/NSCharacterSet.h>
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+#include <KTUtility/NSCharacterSet>
+#include <KTUtility/NSDecimalNumber>
+#include <KTUtility/NSNumberFormatter>
+#include <KTUtility/NSNumberFormatter_KTCurrency>
 
 #include "support/TestSupport.h"
 

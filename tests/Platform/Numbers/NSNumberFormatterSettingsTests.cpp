@@ -1,6 +1,6 @@
 // Settings that the tables do not reach: what is set is told, and shows.
 
-#include <KTUtility/Platform/Numbers/NSNumberFormatter.h>
+#include <KTUtility/NSNumberFormatter>
 
 #include "support/TestSupport.h"
 

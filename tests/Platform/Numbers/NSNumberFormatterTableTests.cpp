@@ -1,6 +1,6 @@
-#include <KTUtility/Formatters/NSNumberFormatter_KTCurrency.h>
-#include <KTUtility/Platform/Numbers/NSNumberFormatter.h>
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+#include <KTUtility/NSDecimalNumber>
+#include <KTUtility/NSNumberFormatter>
+#include <KTUtility/NSNumberFormatter_KTCurrency>
 
 #include "support/TestSupport.h"
 

@@ -1,5 +1,5 @@
-#include <KTUtility/Platform/Numbers/NSNumberFormatter.h>
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+#include <KTUtility/NSDecimalNumber>
+#include <KTUtility/NSNumberFormatter>
 
 #include "support/TestSupport.h"
 

@@ -1,4 +1,4 @@
-#include <KTUtility/Platform/Text/NSCharacterSet.h>
+#include <KTUtility/NSCharacterSet>
 
 #include "support/TestSupport.h"
 

@@ -1,4 +1,4 @@
-#include <KTUtility/Platform/Text/NSLocale.h>
+#include <KTUtility/NSLocale>
 
 #include "support/TestSupport.h"
 

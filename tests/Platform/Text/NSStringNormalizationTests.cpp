@@ -1,4 +1,4 @@
-#include <KTUtility/Platform/Text/NSStringNormalization.h>
+#include <KTUtility/NSStringNormalization>
 
 #include "support/TestSupport.h"
 

@@ -1,11 +1,11 @@
 // Texts beyond the tables: case, trimming, encodings, order, canonical searches.
 
-#include <KTUtility/Platform/Text/NSCharacterSet.h>
-#include <KTUtility/Platform/Text/NSStringCase.h>
-#include <KTUtility/Platform/Text/NSStringCompare.h>
-#include <KTUtility/Platform/Text/NSStringEncoding.h>
-#include <KTUtility/Platform/Text/NSStringTrim.h>
-#include <KTUtility/Platform/Values/NSStringValues.h>
+#include <KTUtility/NSCharacterSet>
+#include <KTUtility/NSStringCase>
+#include <KTUtility/NSStringCompare>
+#include <KTUtility/NSStringEncoding>
+#include <KTUtility/NSStringTrim>
+#include <KTUtility/NSStringValues>
 
 #include "support/TestSupport.h"
 

@@ -1,5 +1,5 @@
-#include <KTUtility/Platform/Values/NSAttributedString.h>
-#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/NSAttributedString>
+#include <KTUtility/NSException>
 
 #include "support/TestSupport.h"
 

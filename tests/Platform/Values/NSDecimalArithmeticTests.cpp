@@ -1,6 +1,6 @@
 // Decimals beside schoolbook arithmetic on digits, which is exact and rounds only at the end.
 
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+#include <KTUtility/NSDecimalNumber>
 
 #include "support/TestSupport.h"
 

@@ -1,6 +1,6 @@
-#include <KTUtility/Platform/Text/NSLocale.h>
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
-#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/NSDecimalNumber>
+#include <KTUtility/NSException>
+#include <KTUtility/NSLocale>
 
 #include "support/TestSupport.h"
 

@@ -1,4 +1,4 @@
-#include <KTUtility/Platform/Values/NSError.h>
+#include <KTUtility/NSError>
 
 #include "support/TestSupport.h"
 

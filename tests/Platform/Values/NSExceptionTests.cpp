@@ -1,4 +1,4 @@
-#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/NSException>
 
 #include "support/TestSupport.h"
 

@@ -1,6 +1,6 @@
-#include <KTUtility/Platform/Keys/NSCollections.h>
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/NSCollections>
+#include <KTUtility/NSDecimalNumber>
+#include <KTUtility/NSObject>
 
 #include "support/TestField.h"
 #include "support/TestSupport.h"

@@ -1,6 +1,6 @@
 // Equality, order, identity, hashes and descriptions of dates, data, lists and other values.
 
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/NSObject>
 
 #include "support/TestSupport.h"
 

@@ -1,5 +1,5 @@
-#include <KTUtility/Platform/Values/NSException.h>
-#include <KTUtility/Platform/Values/NSScanner.h>
+#include <KTUtility/NSException>
+#include <KTUtility/NSScanner>
 
 #include "support/TestSupport.h"
 

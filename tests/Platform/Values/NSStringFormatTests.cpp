@@ -1,5 +1,5 @@
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
-#include <KTUtility/Platform/Values/NSStringFormat.h>
+#include <KTUtility/NSDecimalNumber>
+#include <KTUtility/NSStringFormat>
 
 #include "support/TestField.h"
 #include "support/TestSupport.h"

@@ -1,6 +1,6 @@
 // Principal classes, one of which is registered: the compiler takes it or says what is missing.
 
-#include <KTUtility/PlugIns/KTPlugInClass.h>
+#include <KTUtility/KTPlugInClass>
 
 class WithoutDidLoad : public QObject
 {

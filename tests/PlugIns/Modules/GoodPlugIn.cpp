@@ -2,8 +2,8 @@
 
 #include "TestExporter.h"
 
-#include <KTUtility/Platform/Files/NSBundle.h>
-#include <KTUtility/PlugIns/KTPlugInClass.h>
+#include <KTUtility/KTPlugInClass>
+#include <KTUtility/NSBundle>
 
 #include <QPointer>
 

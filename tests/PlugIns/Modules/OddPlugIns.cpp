@@ -2,9 +2,9 @@
 
 #include "TestExporter.h"
 
-#include <KTUtility/Platform/Files/NSBundle.h>
-#include <KTUtility/Platform/Values/NSException.h>
-#include <KTUtility/PlugIns/KTPlugInClass.h>
+#include <KTUtility/KTPlugInClass>
+#include <KTUtility/NSBundle>
+#include <KTUtility/NSException>
 
 #include <stdexcept>
 

@@ -2,8 +2,8 @@
 
 #include "Text/ISODateText.h"
 
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/NSDecimalNumber>
+#include <KTUtility/NSObject>
 
 #include <QDateTime>
 

@@ -3,7 +3,7 @@
 #include "JSONText.h"
 #include "Text/CSVText.h"
 
-#include <KTUtility/PlugIns/KTPlugInClass.h>
+#include <KTUtility/KTPlugInClass>
 
 namespace {
 /// Writes texts and remembers whether all of them arrived.

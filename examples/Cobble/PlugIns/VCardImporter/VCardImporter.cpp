@@ -2,7 +2,7 @@
 
 #include "VCardTable.h"
 
-#include <KTUtility/PlugIns/KTPlugInClass.h>
+#include <KTUtility/KTPlugInClass>
 
 QStringList VCardImporter::fileTypes() const
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/KTLogger>
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
 #include "HostApplication.h"
 
-#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/KTLogger>
 
 #include <QApplication>
 

@@ -3,7 +3,7 @@
 #include "Text/AlignedTable.h"
 #include "Text/CSVSeparator.h"
 
-#include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/KTLogger>
 
 #include <QTextStream>
 

@@ -5,9 +5,9 @@
 #include "Library/BundleOption.h"
 #include "Text/AlignedTable.h"
 
-#include <KTUtility/Additions/NSString_KTAdditions.h>
-#include <KTUtility/Platform/Files/NSFileManager.h>
-#include <KTUtility/Platform/Files/NSPathUtilities.h>
+#include <KTUtility/NSFileManager>
+#include <KTUtility/NSPathUtilities>
+#include <KTUtility/NSString_KTAdditions>
 
 #include <QDir>
 #include <QTextStream>

@@ -5,7 +5,7 @@
 #include "Text/AlignedTable.h"
 #include "Usage.h"
 
-#include <KTUtility/Additions/NSString_KTNaming.h>
+#include <KTUtility/NSString_KTNaming>
 
 #include <QCommandLineParser>
 #include <QTextStream>

@@ -1,7 +1,7 @@
 #include "Translations.h"
 
-#include <KTUtility/Platform/Files/NSBundle.h>
-#include <KTUtility/Platform/Text/NSLocale.h>
+#include <KTUtility/NSBundle>
+#include <KTUtility/NSLocale>
 
 #include <QCoreApplication>
 #include <QTranslator>

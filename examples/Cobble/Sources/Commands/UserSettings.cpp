@@ -2,9 +2,9 @@
 
 #include "Translations.h"
 
-#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
-#include <KTUtility/Platform/Text/NSLocale.h>
-#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/NSException>
+#include <KTUtility/NSKeyValueCoding>
+#include <KTUtility/NSLocale>
 
 #include <QMetaProperty>
 

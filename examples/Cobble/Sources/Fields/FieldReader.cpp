@@ -1,7 +1,7 @@
 #include "FieldReader.h"
 
-#include <KTUtility/Formatters/KTDateTimeFormatter.h>
-#include <KTUtility/Formatters/KTDurationFormatter.h>
+#include <KTUtility/KTDateTimeFormatter>
+#include <KTUtility/KTDurationFormatter>
 
 namespace {
 /// The import hooks around one value, however reading it ends.

@@ -2,10 +2,10 @@
 
 #include "PhoneLayouts.h"
 
-#include <KTUtility/Formatters/KTCurrencyFormatter.h>
-#include <KTUtility/Formatters/KTDurationFormatter.h>
-#include <KTUtility/Formatters/KTPhoneNumberFormatter.h>
-#include <KTUtility/Formatters/KTTimeFormatter.h>
+#include <KTUtility/KTCurrencyFormatter>
+#include <KTUtility/KTDurationFormatter>
+#include <KTUtility/KTPhoneNumberFormatter>
+#include <KTUtility/KTTimeFormatter>
 
 #include <array>
 #include <utility>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/Platform/Numbers/NSFormatter.h>
+#include <KTUtility/NSFormatter>
 
 #include <QStringList>
 

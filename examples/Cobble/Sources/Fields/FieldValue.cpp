@@ -1,8 +1,8 @@
 #include "FieldValue.h"
 
-#include <KTUtility/Platform/Dates/NSCalendar.h>
-#include <KTUtility/Platform/Values/NSDecimalNumber.h>
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/NSCalendar>
+#include <KTUtility/NSDecimalNumber>
+#include <KTUtility/NSObject>
 
 #include <QDateTime>
 #include <QRegularExpression>

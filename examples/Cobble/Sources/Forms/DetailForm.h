@@ -3,8 +3,8 @@
 #include "FormField.h"
 #include "FormRow.h"
 
-#include <KTUtility/Bindings/KTFieldDetailBinder.h>
-#include <KTUtility/Platform/AppKit/NSArrayController.h>
+#include <KTUtility/KTFieldDetailBinder>
+#include <KTUtility/NSArrayController>
 
 #include <memory>
 #include <vector>

@@ -1,6 +1,6 @@
 #include "FormField.h"
 
-#include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
+#include <KTUtility/NSKeyValueObserving>
 
 std::optional<QVariant> FormRecord::valueForKey(const QString &key) const
 {

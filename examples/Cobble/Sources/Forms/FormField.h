@@ -2,7 +2,7 @@
 
 #include "Library/Library.h"
 
-#include <KTUtility/Platform/Keys/NSKeyValueCodingObject.h>
+#include <KTUtility/NSKeyValueCodingObject>
 
 #include <QObject>
 

@@ -3,7 +3,7 @@
 #include "FormField.h"
 #include "Library/RecordTexts.h"
 
-#include <KTUtility/Platform/Keys/NSSelectionMarker.h>
+#include <KTUtility/NSSelectionMarker>
 
 FormRow::FormRow(FormField *field) : _field(field), _reader(field->field().reader()) {}
 

@@ -2,8 +2,8 @@
 
 #include "Fields/FieldReader.h"
 
-#include <KTUtility/Bindings/KTPropertyBinder.h>
-#include <KTUtility/Platform/AppKit/NSKeyValueBinding.h>
+#include <KTUtility/KTPropertyBinder>
+#include <KTUtility/NSKeyValueBinding>
 
 class FormField;
 

@@ -2,11 +2,11 @@
 
 #include "GallerySample.h"
 
-#include <KTUtility/Additions/KTImageBadger.h>
-#include <KTUtility/Additions/NSBezierPath_KTAdditions.h>
-#include <KTUtility/Additions/NSImage_KTAdditions.h>
-#include <KTUtility/Platform/AppKit/NSGraphicsContext.h>
-#include <KTUtility/Platform/AppKit/NSImage.h>
+#include <KTUtility/KTImageBadger>
+#include <KTUtility/NSBezierPath_KTAdditions>
+#include <KTUtility/NSGraphicsContext>
+#include <KTUtility/NSImage>
+#include <KTUtility/NSImage_KTAdditions>
 
 #include <QPainter>
 

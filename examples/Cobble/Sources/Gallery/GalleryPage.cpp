@@ -4,8 +4,8 @@
 #include "GallerySample.h"
 #include "ViewSamples.h"
 
-#include <KTUtility/Platform/AppKit/NSFont.h>
-#include <KTUtility/Platform/AppKit/NSImage.h>
+#include <KTUtility/NSFont>
+#include <KTUtility/NSImage>
 
 namespace {
 constexpr int Columns = 3;

@@ -1,7 +1,7 @@
 #include "GallerySample.h"
 
-#include <KTUtility/Platform/AppKit/NSFont.h>
-#include <KTUtility/Platform/AppKit/NSImage.h>
+#include <KTUtility/NSFont>
+#include <KTUtility/NSImage>
 
 #include <QGuiApplication>
 #include <QPainter>

@@ -2,11 +2,11 @@
 
 #include "GallerySample.h"
 
-#include <KTUtility/Platform/Dates/NSManualClock.h>
-#include <KTUtility/StatusHUD/KTStatusHUDController.h>
-#include <KTUtility/Views/KTFocusRingScrollView.h>
-#include <KTUtility/Views/KTFocusRingView.h>
-#include <KTUtility/Views/KTMediaFieldSlider.h>
+#include <KTUtility/KTFocusRingScrollView>
+#include <KTUtility/KTFocusRingView>
+#include <KTUtility/KTMediaFieldSlider>
+#include <KTUtility/KTStatusHUDController>
+#include <KTUtility/NSManualClock>
 
 #include <QApplication>
 #include <QFormLayout>

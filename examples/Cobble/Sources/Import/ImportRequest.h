@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/Bundle/KTDatabaseBundle.h>
+#include <KTUtility/KTDatabaseBundle>
 
 #include <QChar>
 #include <QString>

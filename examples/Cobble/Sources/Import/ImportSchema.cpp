@@ -1,7 +1,7 @@
 #include "ImportSchema.h"
 
-#include <KTUtility/Additions/NSArray_KTAdditions.h>
-#include <KTUtility/Additions/NSString_KTNaming.h>
+#include <KTUtility/NSArray_KTAdditions>
+#include <KTUtility/NSString_KTNaming>
 
 namespace {
 /// The name of a column whose header gives no identifier.

@@ -3,8 +3,8 @@
 #include "Library/BundleOption.h"
 #include "UnusedMedia.h"
 
-#include <KTUtility/Platform/Files/NSFileManager.h>
-#include <KTUtility/Platform/Files/NSPathUtilities.h>
+#include <KTUtility/NSFileManager>
+#include <KTUtility/NSPathUtilities>
 
 #include <QDir>
 

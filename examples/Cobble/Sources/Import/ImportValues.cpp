@@ -2,7 +2,7 @@
 
 #include "TypeInference.h"
 
-#include <KTUtility/Formatters/KTCurrencyFormatter.h>
+#include <KTUtility/KTCurrencyFormatter>
 
 #include <algorithm>
 #include <vector>

@@ -2,10 +2,10 @@
 
 #include "MediaReference.h"
 
-#include <KTUtility/Additions/NSArray_KTAdditions.h>
-#include <KTUtility/Additions/NSString_KTNaming.h>
-#include <KTUtility/Formatters/KTCurrencyFormatter.h>
-#include <KTUtility/Platform/Files/NSFileManager.h>
+#include <KTUtility/KTCurrencyFormatter>
+#include <KTUtility/NSArray_KTAdditions>
+#include <KTUtility/NSFileManager>
+#include <KTUtility/NSString_KTNaming>
 
 namespace {
 LibraryField fieldFor(const ImportColumn &column)

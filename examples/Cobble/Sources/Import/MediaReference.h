@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/Platform/Files/NSURL.h>
+#include <KTUtility/NSURL>
 
 #include <QString>
 

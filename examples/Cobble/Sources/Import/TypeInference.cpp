@@ -1,7 +1,7 @@
 #include "TypeInference.h"
 
-#include <KTUtility/Formatters/KTCurrencyFormatter.h>
-#include <KTUtility/Formatters/KTDateTimeFormatter.h>
+#include <KTUtility/KTCurrencyFormatter>
+#include <KTUtility/KTDateTimeFormatter>
 
 #include <QHash>
 #include <QRegularExpression>

@@ -2,7 +2,7 @@
 
 #include "Library/LibraryStore.h"
 
-#include <KTUtility/Platform/Files/NSPathUtilities.h>
+#include <KTUtility/NSPathUtilities>
 
 bool UnusedMedia::removeFile(const KTDatabaseBundle &bundle, const QString &url)
 {

@@ -1,7 +1,7 @@
 #include "BundleOption.h"
 
-#include <KTUtility/Platform/Files/NSFileManager.h>
-#include <KTUtility/Platform/Files/NSPathUtilities.h>
+#include <KTUtility/NSFileManager>
+#include <KTUtility/NSPathUtilities>
 
 #include <QFileInfo>
 

@@ -4,7 +4,7 @@
 #include "PlugIns.h"
 #include "RecordTexts.h"
 
-#include <KTUtility/Platform/Files/NSFileHandle.h>
+#include <KTUtility/NSFileHandle>
 
 #include <QFileInfo>
 #include <QSaveFile>

@@ -2,7 +2,7 @@
 
 #include "StoredValue.h"
 
-#include <KTUtility/Platform/Files/NSFileManager.h>
+#include <KTUtility/NSFileManager>
 
 #include <QJsonDocument>
 #include <QJsonObject>

@@ -2,7 +2,7 @@
 
 #include "Library.h"
 
-#include <KTUtility/Bundle/KTDatabaseBundle.h>
+#include <KTUtility/KTDatabaseBundle>
 
 #include <QSet>
 #include <QSqlDatabase>

@@ -1,6 +1,6 @@
 #include "PlugIns.h"
 
-#include <KTUtility/Platform/Keys/NSProtocol.h>
+#include <KTUtility/NSProtocol>
 
 #include <algorithm>
 

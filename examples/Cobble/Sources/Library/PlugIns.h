@@ -3,7 +3,7 @@
 #include "Interfaces/CobbleExporter.h"
 #include "Interfaces/CobbleImporter.h"
 
-#include <KTUtility/PlugIns/KTPlugInManager.h>
+#include <KTUtility/KTPlugInManager>
 
 #include <functional>
 

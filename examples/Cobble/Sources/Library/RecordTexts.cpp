@@ -1,6 +1,6 @@
 #include "RecordTexts.h"
 
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/NSObject>
 
 namespace {
 /// Phone numbers are texts that their field knows how to show; of other types a text is what could

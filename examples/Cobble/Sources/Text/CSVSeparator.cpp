@@ -2,7 +2,7 @@
 
 #include "CSVReader.h"
 
-#include <KTUtility/International/KTInternational.h>
+#include <KTUtility/KTInternational>
 
 #include <QHash>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/Platform/Dates/NSCalendar.h>
+#include <KTUtility/NSCalendar>
 
 #include <QDateTime>
 

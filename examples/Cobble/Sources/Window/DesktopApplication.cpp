@@ -4,10 +4,10 @@
 #include "OpenLibrary.h"
 #include "SilencedAlerts.h"
 
-#include <KTUtility/Platform/AppKit/NSApplication.h>
-#include <KTUtility/Platform/AppKit/NSMenuItem.h>
-#include <KTUtility/Platform/AppKit/NSWindow.h>
-#include <KTUtility/Windows/KTWindowManager.h>
+#include <KTUtility/KTWindowManager>
+#include <KTUtility/NSApplication>
+#include <KTUtility/NSMenuItem>
+#include <KTUtility/NSWindow>
 
 #include <QApplication>
 

@@ -2,7 +2,7 @@
 
 #include "OpenBundle.h"
 
-#include <KTUtility/StatusHUD/KTStatusHUDController.h>
+#include <KTUtility/KTStatusHUDController>
 
 #include <QAction>
 

@@ -3,8 +3,8 @@
 #include "FieldEditor.h"
 #include "MediaField.h"
 
-#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
-#include <KTUtility/Platform/Keys/NSSelectionMarker.h>
+#include <KTUtility/NSKeyValueCoding>
+#include <KTUtility/NSSelectionMarker>
 
 #include <QFormLayout>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #include "ImportSheet.h"
 
-#include <KTUtility/Windows/KTWindowController.h>
+#include <KTUtility/KTWindowController>
 
 #include <QCheckBox>
 #include <QFileDialog>

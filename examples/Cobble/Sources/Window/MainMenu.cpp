@@ -1,7 +1,7 @@
 #include "MainMenu.h"
 
-#include <KTUtility/Diagnostics/KTLogger.h>
-#include <KTUtility/Platform/AppKit/NSMenuItem.h>
+#include <KTUtility/KTLogger>
+#include <KTUtility/NSMenuItem>
 
 #include <QMainWindow>
 #include <QMenuBar>

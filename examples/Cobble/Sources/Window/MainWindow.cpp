@@ -5,7 +5,7 @@
 #include "RecordTableModel.h"
 #include "RecordTableView.h"
 
-#include <KTUtility/Views/KTFocusRingScrollView.h>
+#include <KTUtility/KTFocusRingScrollView>
 
 #include <QHeaderView>
 #include <QLabel>

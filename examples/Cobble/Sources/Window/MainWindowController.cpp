@@ -10,10 +10,10 @@
 #include "TableSelection.h"
 #include "Text/AlignedTable.h"
 
-#include <KTUtility/Platform/AppKit/NSAlert.h>
-#include <KTUtility/Platform/AppKit/NSMenuItem.h>
-#include <KTUtility/Platform/Files/NSURL.h>
-#include <KTUtility/Windows/KTDoNotShowAlert.h>
+#include <KTUtility/KTDoNotShowAlert>
+#include <KTUtility/NSAlert>
+#include <KTUtility/NSMenuItem>
+#include <KTUtility/NSURL>
 
 #include <QApplication>
 #include <QEvent>

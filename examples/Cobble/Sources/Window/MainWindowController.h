@@ -4,8 +4,8 @@
 #include "ImportSummary.h"
 #include "ShowLibraryAlert.h"
 
-#include <KTUtility/Platform/AppKit/NSArrayController.h>
-#include <KTUtility/Windows/KTWindowController.h>
+#include <KTUtility/KTWindowController>
+#include <KTUtility/NSArrayController>
 
 #include <QAction>
 #include <QTimer>

@@ -1,8 +1,8 @@
 #include "MediaField.h"
 
-#include <KTUtility/Additions/NSImage_KTAdditions.h>
-#include <KTUtility/Platform/AppKit/NSImage.h>
-#include <KTUtility/Views/KTMediaFieldSlider.h>
+#include <KTUtility/KTMediaFieldSlider>
+#include <KTUtility/NSImage>
+#include <KTUtility/NSImage_KTAdditions>
 
 #include <QFileInfo>
 #include <QHBoxLayout>

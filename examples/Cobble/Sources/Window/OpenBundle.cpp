@@ -2,8 +2,8 @@
 
 #include "OpenLibrary.h"
 
-#include <KTUtility/Platform/AppKit/NSApplication.h>
-#include <KTUtility/Platform/Files/NSFileManager.h>
+#include <KTUtility/NSApplication>
+#include <KTUtility/NSFileManager>
 
 #include <QFileInfo>
 

@@ -1,6 +1,6 @@
 #include "RecordSearch.h"
 
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/NSObject>
 
 namespace {
 /// What the fields read of a text.

@@ -2,7 +2,7 @@
 
 #include "OpenLibrary.h"
 
-#include <KTUtility/Platform/Keys/NSPredicate.h>
+#include <KTUtility/NSPredicate>
 
 // Finding records by a typed text.
 

@@ -4,7 +4,7 @@
 #include "Text/CSVText.h"
 #include "ValueOrder.h"
 
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/NSObject>
 
 #include <QBrush>
 #include <QMap>

@@ -2,7 +2,7 @@
 
 #include "OpenLibrary.h"
 
-#include <KTUtility/Platform/AppKit/NSArrayController.h>
+#include <KTUtility/NSArrayController>
 
 #include <QAbstractTableModel>
 #include <QHash>

@@ -1,7 +1,7 @@
 #include "RecordTableView.h"
 
-#include <KTUtility/Additions/KTImageBadger.h>
-#include <KTUtility/Additions/NSImage_KTAdditions.h>
+#include <KTUtility/KTImageBadger>
+#include <KTUtility/NSImage_KTAdditions>
 
 #include <QDrag>
 #include <QMimeData>

@@ -1,7 +1,7 @@
 #include "ShowLibraryAlert.h"
 
-#include <KTUtility/Platform/AppKit/NSAlert.h>
-#include <KTUtility/Windows/KTWindowController.h>
+#include <KTUtility/KTWindowController>
+#include <KTUtility/NSAlert>
 
 #include <QPointer>
 

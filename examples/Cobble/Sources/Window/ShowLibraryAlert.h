@@ -2,7 +2,7 @@
 
 #include "ImportSheet.h"
 
-#include <KTUtility/Windows/KTAlertPanelDialogController.h>
+#include <KTUtility/KTAlertPanelDialogController>
 
 /// Asks after an import whether its library is to be shown: an alert that takes its turn behind the
 /// summary.

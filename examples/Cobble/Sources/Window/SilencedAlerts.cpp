@@ -1,7 +1,7 @@
 #include "SilencedAlerts.h"
 
-#include <KTUtility/Platform/Keys/NSClassRegistry.h>
-#include <KTUtility/Windows/KTDoNotShowAlert.h>
+#include <KTUtility/KTDoNotShowAlert>
+#include <KTUtility/NSClassRegistry>
 
 #include <QListWidget>
 #include <QPushButton>

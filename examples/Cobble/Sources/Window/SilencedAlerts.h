@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/Windows/KTDialogController.h>
+#include <KTUtility/KTDialogController>
 
 /// Lists the alerts that the user has silenced, and lets them speak again.
 class SilencedAlerts : public KTDialogController

@@ -2,9 +2,9 @@
 
 #include "OpenLibrary.h"
 
-#include <KTUtility/Platform/AppKit/NSApplication.h>
-#include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/NSApplication>
+#include <KTUtility/NSKeyValueObserving>
+#include <KTUtility/NSObject>
 
 bool StoredRecord::setValueForKey(const QVariant &value, const QString &key)
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/Platform/AppKit/NSArrayController.h>
+#include <KTUtility/NSArrayController>
 
 class QTableView;
 

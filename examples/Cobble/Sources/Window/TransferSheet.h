@@ -2,7 +2,7 @@
 
 #include "OpenBundle.h"
 
-#include <KTUtility/Windows/KTDialogController.h>
+#include <KTUtility/KTDialogController>
 
 #include <QElapsedTimer>
 #include <QPointer>

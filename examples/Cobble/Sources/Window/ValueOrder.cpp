@@ -1,7 +1,7 @@
 #include "ValueOrder.h"
 
-#include <KTUtility/Platform/Text/NSLocale.h>
-#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/NSLocale>
+#include <KTUtility/NSObject>
 
 #include <QCollator>
 
