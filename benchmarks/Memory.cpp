@@ -24,6 +24,8 @@
 #include <unicode/smpdtfmt.h>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// The bytes that are in use, with what malloc needs to manage them.
 size_t bytesInUse()
@@ -85,10 +87,10 @@ double bytesOfDateFormat()
 double bytesOfComponent()
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("levels.plist"));
+    const QString path = folder.filePath(u"levels.plist"_s);
     QVariantMap levels;
     for (int index = 0; index < ObjectCount; ++index)
-        levels.insert(QStringLiteral("Component %1").arg(index), 1);
+        levels.insert(u"Component %1"_s.arg(index), 1);
     NSDictionary::writeToFile({{KTLoggerComponentsKey, levels}}, path, true);
     levels.clear();
     KTLogger logger;
@@ -119,7 +121,7 @@ double bytesOfBinder()
 {
     static Observed view;
     static Observed record;
-    const QString name = QStringLiteral("name");
+    const QString name = u"name"_s;
     return bytesOfEach([&name] {
         auto binder = std::make_unique<KTPropertyBinder>(name, name, &view);
         binder->bind(name, &record, name, {});
@@ -131,9 +133,8 @@ double bytesOfObservation()
 {
     static Observed record;
     return bytesOfEach([] {
-        return std::make_unique<NSKeyValueObservation>(&record, QStringLiteral("name"),
-                                                       NSKeyValueObservingOptionNew,
-                                                       [](const NSKeyValueChange &) {});
+        return std::make_unique<NSKeyValueObservation>(
+            &record, u"name"_s, NSKeyValueObservingOptionNew, [](const NSKeyValueChange &) {});
     });
 }
 
@@ -154,9 +155,9 @@ void printObject(const char *object, double ours, const char *peer, double peers
 
 void printFormatters()
 {
-    const QString date = QStringLiteral("3/4/08");
-    const QString time = QStringLiteral("9:05");
-    const QString number = QStringLiteral("1,234.5");
+    const QString date = u"3/4/08"_s;
+    const QString time = u"9:05"_s;
+    const QString number = u"1,234.5"_s;
     const double decimal = bytesOfDecimalFormat();
     const double simple = bytesOfDateFormat();
     const auto besideDecimal = [decimal](const char *object, double bytes) {
@@ -224,12 +225,12 @@ QString numberText(int turn)
 
 QString timeText(int turn)
 {
-    return QStringLiteral("%1:%2").arg(turn / 60 % 24).arg(turn % 60, 2, 10, QChar(u'0'));
+    return u"%1:%2"_s.arg(turn / 60 % 24).arg(turn % 60, 2, 10, QChar(u'0'));
 }
 
 QString dateText(int turn)
 {
-    return QDate(1950, 1, 1).addDays(turn % 36'000).toString(QStringLiteral("M/d/yyyy"));
+    return QDate(1950, 1, 1).addDays(turn % 36'000).toString(u"M/d/yyyy"_s);
 }
 
 void printGrowthsOfFormatters()
@@ -247,9 +248,8 @@ void printGrowths()
 {
     std::printf("\n%-46s %12s\n", "growth over 1,000,000 conversions", "bytes");
     printGrowthsOfFormatters();
-    printGrowth("names of 1,000 fields made identifiers", [](int turn) {
-        KTAdditions::propertyString(QStringLiteral("Field Name %1").arg(turn % 1000));
-    });
+    printGrowth("names of 1,000 fields made identifiers",
+                [](int turn) { KTAdditions::propertyString(u"Field Name %1"_s.arg(turn % 1000)); });
     KTLogger logger;
     logger.setLevelOfComponent(4, kLog_Tests);
     printGrowth("lines of the log", [&logger](int turn) {
@@ -257,8 +257,8 @@ void printGrowths()
     });
     Observed view;
     Observed record;
-    KTPropertyBinder binder(QStringLiteral("name"), QStringLiteral("name"), &view);
-    binder.bind(QStringLiteral("name"), &record, QStringLiteral("name"), {});
+    KTPropertyBinder binder(u"name"_s, u"name"_s, &view);
+    binder.bind(u"name"_s, &record, u"name"_s, {});
     printGrowth("values through a binder",
                 [&record](int turn) { record.setProperty("name", QString::number(turn)); });
 }

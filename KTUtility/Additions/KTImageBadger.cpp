@@ -7,6 +7,8 @@
 #include <QFontMetricsF>
 #include <QGuiApplication>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr int FontSize = 11;
 
@@ -19,9 +21,9 @@ QString nameForLength(unsigned length)
     case 3:
     case 4:
     case 5:
-        return QStringLiteral("dragBadge%1.tif").arg(length);
+        return u"dragBadge%1.tif"_s.arg(length);
     default:
-        return QStringLiteral("dragBadge1-2.tif");
+        return u"dragBadge1-2.tif"_s;
     }
 }
 
@@ -59,7 +61,7 @@ QImage KTImageBadger::badgeOfSize(unsigned countOfCharacters)
 
 QImage KTImageBadger::badgeWithString(const QString &string)
 {
-    const QString text = string.size() > MaximumLength ? QStringLiteral("?!") : string;
+    const QString text = string.size() > MaximumLength ? u"?!"_s : string;
     QImage image = copyOfPill(badgeOfSize(unsigned(text.size())));
     if (image.isNull() || !qobject_cast<QGuiApplication *>(QCoreApplication::instance()))
         return image;

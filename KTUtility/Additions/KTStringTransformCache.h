@@ -14,9 +14,9 @@
 ///
 /// \code
 /// KTStringTransformCache *cache = KTStringTransformCache::sharedCache();
-/// const QString domain = QStringLiteral("mine");
-/// cache->addTransformedString(QStringLiteral("kt_a"), QStringLiteral("A"), domain);
-/// cache->transformedStringForOriginalString(QStringLiteral("A"), domain); // "kt_a"
+/// const QString domain = u"mine"_s;
+/// cache->addTransformedString(u"kt_a"_s, u"A"_s, domain);
+/// cache->transformedStringForOriginalString(u"A"_s, domain); // "kt_a"
 /// \endcode
 class KTUTILITY_EXPORT KTStringTransformCache
 {

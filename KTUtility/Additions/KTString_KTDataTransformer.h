@@ -8,7 +8,7 @@
 /// \code
 /// KTString_KTDataTransformer transformer;
 /// transformer.transformedValue(QByteArray("\xC3\xA9"));    // "é"
-/// transformer.reverseTransformedValue(QStringLiteral("é"));    // the two bytes
+/// transformer.reverseTransformedValue(u"é"_s);    // the two bytes
 /// \endcode
 class KTUTILITY_EXPORT KTString_KTDataTransformer : public NSValueTransformer
 {

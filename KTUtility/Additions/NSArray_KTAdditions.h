@@ -39,7 +39,7 @@ inline QList<NSSortDescriptor> makeSortDescriptorForKey(const QString &key)
 /// nil (NSObject::isEqualTo()).
 ///
 /// \code
-/// Field *price = KTAdditions::objectWithValue(fields, QStringLiteral("Price"), u"name"_s);
+/// Field *price = KTAdditions::objectWithValue(fields, u"Price"_s, u"name"_s);
 /// QList<Field *> mine = KTAdditions::objectsWithValue(fields, 7, u"library.number"_s);
 /// QList<Field *> inOrder = KTAdditions::sortByOrder(fields);
 /// KTAdditions::adjustOrder(inOrder);    // 1, 2, 3 …

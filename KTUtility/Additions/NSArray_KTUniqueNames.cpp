@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 // What a failed precondition reports as its place.
 constexpr char16_t SourceFile[] = u"Additions/NSArray_KTAdditions";
@@ -16,9 +18,8 @@ constexpr int EmptyBaseLine = 156;
 void failPrecondition(int line, const QString &description)
 {
     NSAssertionHandler::currentHandler()->handleFailureInMethod(
-        QStringLiteral("uniqueStringWithBase:forKey:"),
-        NSAssertionSubject::instanceOf(QStringLiteral("NSArray")), QString::fromUtf16(SourceFile),
-        line, description);
+        u"uniqueStringWithBase:forKey:"_s, NSAssertionSubject::instanceOf(u"NSArray"_s),
+        QString::fromUtf16(SourceFile), line, description);
 }
 
 /// A number as it is written behind a name, from 1 to \a limit; 0 for anything else.
@@ -77,11 +78,10 @@ QString KTAdditions::NameClashes::name(int number) const
 QString KTAdditions::trimmedUniqueBase(const QString &base)
 {
     if (base.isNull())
-        failPrecondition(NilBaseLine, QStringLiteral("NSArray_KTAdditions basename can't be null"));
+        failPrecondition(NilBaseLine, u"NSArray_KTAdditions basename can't be null"_s);
     const QString trimmed = NSString::stringByTrimmingWhitespaceAndNewlines(base);
     if (trimmed.isEmpty())
-        failPrecondition(EmptyBaseLine,
-                         QStringLiteral("NSArray_KTAdditions basename can't be empty"));
+        failPrecondition(EmptyBaseLine, u"NSArray_KTAdditions basename can't be empty"_s);
     return trimmed;
 }
 

@@ -14,9 +14,9 @@
 /// The cost is one pass over the values, however many of them clash.
 ///
 /// \code
-/// KTAdditions::uniqueStringWithBase(fields, QStringLiteral(" Field "));    // "Field 2" beside
+/// KTAdditions::uniqueStringWithBase(fields, u" Field "_s);    // "Field 2" beside
 ///                                                                          // Field and Field 1
-/// KTAdditions::internalUniqueStringWithBase(fields, QStringLiteral("My Field"), u"name"_s);
+/// KTAdditions::internalUniqueStringWithBase(fields, u"My Field"_s, u"name"_s);
 ///     // "MyField", then "MyField1"
 /// \endcode
 namespace KTAdditions {

@@ -20,7 +20,7 @@ KTUTILITY_EXPORT std::strong_ordering compare(const NSAttributedString &receiver
 /// Links in text.
 ///
 /// \code
-/// NSAttributedString note(QStringLiteral("see www.example.com today"));
+/// NSAttributedString note(u"see www.example.com today"_s);
 /// KTURLTextAdditions::detectURLs(note);
 /// note.attribute(NSLinkAttributeName, 4).toString();    // "http://www.example.com"
 /// \endcode

@@ -9,7 +9,7 @@
 /// locale, with a blank between.
 ///
 /// \code
-/// KTAdditions::ktColorWithString(QStringLiteral("1 0.5 0 1"));    // orange
+/// KTAdditions::ktColorWithString(u"1 0.5 0 1"_s);    // orange
 /// KTAdditions::ktStringRepresentation(QColor(Qt::red));           // "1 0 0 1"
 /// \endcode
 namespace KTAdditions {

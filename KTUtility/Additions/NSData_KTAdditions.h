@@ -18,7 +18,7 @@ namespace KTAdditions {
 /// \code
 /// KTAdditions::base64String("ABC");         // "QUJD"
 /// KTAdditions::base64String("A\xFF" "B");   // "QQ==Qg=="
-/// KTAdditions::initWithBase64String(QStringLiteral("QUJD"));    // "ABC"
+/// KTAdditions::initWithBase64String(u"QUJD"_s);    // "ABC"
 /// \endcode
 KTUTILITY_EXPORT QString base64String(const QByteArray &data);
 

@@ -7,11 +7,13 @@
 #include <algorithm>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 // Data as a keyed archive, and digests.
 
 namespace {
-const QString ArchiveKey = QStringLiteral("__xml__archive__");
-const QString ReferenceKey = QStringLiteral("CF$UID");
+const QString ArchiveKey = u"__xml__archive__"_s;
+const QString ReferenceKey = u"CF$UID"_s;
 constexpr int DataIndex = 1;
 constexpr int ArchiverVersion = 100'000;
 
@@ -62,11 +64,10 @@ QByteArray digest(const EVP_MD *kind, const QByteArray &data)
 QString KTAdditions::archiveToString(const QByteArray &data)
 {
     const QVariantMap archive{
-        {QStringLiteral("$archiver"), QStringLiteral("NSKeyedArchiver")},
-        {QStringLiteral("$version"), ArchiverVersion},
-        {QStringLiteral("$objects"),
-         QVariantList{QStringLiteral("$null"), data.isNull() ? QByteArray("") : data}},
-        {QStringLiteral("$top"), QVariantMap{{ArchiveKey, referenceTo(DataIndex)}}}};
+        {u"$archiver"_s, u"NSKeyedArchiver"_s},
+        {u"$version"_s, ArchiverVersion},
+        {u"$objects"_s, QVariantList{u"$null"_s, data.isNull() ? QByteArray("") : data}},
+        {u"$top"_s, QVariantMap{{ArchiveKey, referenceTo(DataIndex)}}}};
     return QString::fromLatin1(NSPropertyListSerialization::dataWithPropertyList(archive));
 }
 
@@ -78,8 +79,8 @@ QByteArray KTAdditions::initWithStringArchive(const QString &string)
         return {};
     const QVariantMap archive =
         NSPropertyListSerialization::propertyListFromData(string.toLatin1()).toMap();
-    const QVariantList objects = archive.value(QStringLiteral("$objects")).toList();
-    const QVariantMap top = archive.value(QStringLiteral("$top")).toMap();
+    const QVariantList objects = archive.value(u"$objects"_s).toList();
+    const QVariantMap top = archive.value(u"$top"_s).toMap();
     return dataOf(objects, objectAt(objects, top.value(ArchiveKey)));
 }
 

@@ -8,6 +8,8 @@
 #include <array>
 #include <cstring>
 
+using namespace Qt::StringLiterals;
+
 // Base64 with an end mark. Between end marks whole groups go through tables: two letters for each
 // twelve bits, and back four letters with one look at each.
 
@@ -75,7 +77,7 @@ public:
             writeLastOfRun();
         }
         _text.truncate(_out - reinterpret_cast<const char16_t *>(_text.constData()));
-        return _text.isEmpty() ? QStringLiteral("") : _text;
+        return _text.isEmpty() ? u""_s : _text;
     }
 
 private:

@@ -9,7 +9,7 @@ class QMenu;
 ///
 /// \code
 /// QMenu menu;
-/// menu.addAction(QStringLiteral("Cut"));
+/// menu.addAction(u"Cut"_s);
 /// menu.addSeparator();
 /// // In a font whose bounding rectangle is 20 high:
 /// KTAdditions::heightAdjustmentForItemAtIndex(menu, 0, font);    // 15

@@ -11,7 +11,7 @@
 ///
 /// \code
 /// QSet<Field *> visible = KTAdditions::objectsSatisfyingCondition(fields, "isVisible");
-/// QList<Field *> inOrder = KTAdditions::sortedArrayUsingKey(fields, QStringLiteral("order"));
+/// QList<Field *> inOrder = KTAdditions::sortedArrayUsingKey(fields, u"order"_s);
 /// \endcode
 namespace KTAdditions {
 namespace Detail {

@@ -12,6 +12,8 @@
 #include <QTextCharFormat>
 #include <QUuid>
 
+using namespace Qt::StringLiterals;
+
 NSAttributedString KTAdditions::hyperlink(const QString &receiver)
 {
     QTextCharFormat format;
@@ -39,7 +41,7 @@ QString KTAdditions::stringByStrippingCharactersInSet(const QString &receiver,
     if (receiver.isNull())
         return {};
     const NSCharacterSet &blanks = NSCharacterSet::whitespaceAndNewlineCharacterSet();
-    QString result = QStringLiteral("");
+    QString result = u""_s;
     result.reserve(receiver.size());
     for (qsizetype index = NSSkipCharacters(receiver, 0, blanks); index < receiver.size();) {
         const qsizetype end = NSFindCharacter(receiver, index, set);

@@ -11,10 +11,10 @@
 ///
 /// \code
 /// KTAdditions::stringByStrippingCharactersInSet(
-///     QStringLiteral("(06) 12-34"), NSCharacterSet::punctuationCharacterSet());    // "0612" "34"
-/// KTAdditions::uniqueFilePathForFilePath(QStringLiteral("/tmp/Report.txt"));
+///     u"(06) 12-34"_s, NSCharacterSet::punctuationCharacterSet());    // "0612" "34"
+/// KTAdditions::uniqueFilePathForFilePath(u"/tmp/Report.txt"_s);
 ///     // "/tmp/Report 2.txt" if that file exists
-/// KTAdditions::integerNumberValue(QStringLiteral("12 pieces"));    // 12
+/// KTAdditions::integerNumberValue(u"12 pieces"_s);    // 12
 /// \endcode
 namespace KTAdditions {
 /// The receiver as a link: blue, underlined, in the small system font, with itself as the link.

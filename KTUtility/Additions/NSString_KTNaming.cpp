@@ -6,6 +6,8 @@
 #include <KTUtility/Platform/Text/NSStringTrim.h>
 #include <KTUtility/Platform/Values/NSScanner.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 using Domain = KTStringTransformCache::Domain;
 
@@ -13,10 +15,10 @@ using Domain = KTStringTransformCache::Domain;
 struct Domains
 {
     KTStringTransformCache &cache = *KTStringTransformCache::sharedCache();
-    Domain &properties = cache.domain(QStringLiteral("properties"));
-    Domain &entities = cache.domain(QStringLiteral("entities"));
-    Domain &tableColumns = cache.domain(QStringLiteral("tableColumns"));
-    Domain &tableNames = cache.domain(QStringLiteral("tableNames"));
+    Domain &properties = cache.domain(u"properties"_s);
+    Domain &entities = cache.domain(u"entities"_s);
+    Domain &tableColumns = cache.domain(u"tableColumns"_s);
+    Domain &tableNames = cache.domain(u"tableNames"_s);
 };
 
 const Domains &domains()
@@ -70,7 +72,7 @@ QString makeLibraryEntityName(const QString &string)
 {
     QString name = KTAdditions::lowerCaseNameFromString(lastPiece(string));
     if (name.isEmpty() || !NSString::canBeConvertedToEncoding(name, NSASCIIStringEncoding))
-        name = QStringLiteral("library");
+        name = u"library"_s;
     return name.startsWith(u"lib_") ? name : QString(u"lib_" + name);
 }
 } // namespace
@@ -115,7 +117,7 @@ QString KTAdditions::stringWithString(const QString &string, const NSCharacterSe
     if (string.isNull())
         return {};
     const NSCharacterSet &blanks = NSCharacterSet::whitespaceAndNewlineCharacterSet();
-    QString result = QStringLiteral("");
+    QString result = u""_s;
     result.reserve(string.size());
     for (qsizetype index = 0; index < string.size();) {
         const NSCodePoint point = NSCodePointAt(string, index);
@@ -133,7 +135,7 @@ QString KTAdditions::lowerCaseNameFromString(const QString &string)
     if (string.isNull())
         return {};
     const NSCharacterSet &alphanumerics = NSCharacterSet::alphanumericCharacterSet();
-    QString result = QStringLiteral("");
+    QString result = u""_s;
     qsizetype start = NSFindCharacter(string, 0, alphanumerics);
     while (start < string.size()) {
         const qsizetype end = NSSkipCharacters(string, start, alphanumerics);

@@ -13,12 +13,12 @@
 /// remembered in KTStringTransformCache, so that asking again costs a look-up. nil gives nil.
 ///
 /// \code
-/// KTAdditions::propertyString(QStringLiteral("Date of birth"));     // "dateOfBirth"
-/// KTAdditions::entityString(QStringLiteral("My Library"));          // "MyLibrary"
-/// KTAdditions::libraryEntityName(QStringLiteral("Bücher"));         // "lib_library"
-/// KTAdditions::tableNameString(QStringLiteral("My Library"));       // "kt_my_library"
-/// KTAdditions::tableColumnString(QStringLiteral("First Name"));     // "kt_firstName"
-/// KTAdditions::labelString(QStringLiteral("firstName"));            // "First Name"
+/// KTAdditions::propertyString(u"Date of birth"_s);     // "dateOfBirth"
+/// KTAdditions::entityString(u"My Library"_s);          // "MyLibrary"
+/// KTAdditions::libraryEntityName(u"Bücher"_s);         // "lib_library"
+/// KTAdditions::tableNameString(u"My Library"_s);       // "kt_my_library"
+/// KTAdditions::tableColumnString(u"First Name"_s);     // "kt_firstName"
+/// KTAdditions::labelString(u"firstName"_s);            // "First Name"
 /// \endcode
 namespace KTAdditions {
 /// The name of a property: blanks trimmed, camel case beginning with a small letter, alphanumerics

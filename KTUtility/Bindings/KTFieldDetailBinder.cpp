@@ -14,6 +14,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr const char *Create = "createNewFieldDetailObjectForField:";
 constexpr const char *WasBound = "fieldDetailObjectWasBound:toField:";
@@ -27,22 +29,21 @@ void fail(const QString &method, int line, const QString &description,
           std::initializer_list<NSFormatArgument> arguments = {})
 {
     NSAssertionHandler::currentHandler()->handleFailureInMethod(
-        method, NSAssertionSubject::instanceOf(QStringLiteral("KTFieldDetailBinder")),
-        QStringLiteral("Bindings/KTFieldDetailBinder"), line, description,
+        method, NSAssertionSubject::instanceOf(u"KTFieldDetailBinder"_s),
+        u"Bindings/KTFieldDetailBinder"_s, line, description,
         std::span(arguments.begin(), arguments.size()));
 }
 
 void failParameter(int line, const char *condition)
 {
-    fail(QStringLiteral("bind:toObject:withKeyPath:options:"), line,
-         QStringLiteral("Invalid parameter not satisfying: %s"), {condition});
+    fail(u"bind:toObject:withKeyPath:options:"_s, line, u"Invalid parameter not satisfying: %s"_s,
+         {condition});
 }
 
 void need(const NSKeyValueTarget &owner, const char *selector, int line)
 {
     if (!NSInvoker::respondsTo(owner, selector))
-        fail(QStringLiteral("initWithOwner:"), line,
-             QStringLiteral("Owner does not respond to selector \"%@\""),
+        fail(u"initWithOwner:"_s, line, u"Owner does not respond to selector \"%@\""_s,
              {QString::fromLatin1(selector)});
 }
 
@@ -117,9 +118,8 @@ void KTFieldDetailBinder::bindFieldDependent(const QString &name, QObject *objec
                                              const QString &keyPath, const QVariantMap &options)
 {
     if (!_observedObjectForFields) {
-        fail(QStringLiteral("bind:toObject:withKeyPath:options:"), 144,
-             QStringLiteral("%@ binding is only valid when %@ binding is set."),
-             {name, _fieldsBindingName});
+        fail(u"bind:toObject:withKeyPath:options:"_s, 144,
+             u"%@ binding is only valid when %@ binding is set."_s, {name, _fieldsBindingName});
         return;
     }
     unbind(name);
@@ -301,8 +301,8 @@ void KTFieldDetailBinder::observeValueForKeyPath(const QString &keyPath, QObject
                                                  const NSKeyValueChange &change,
                                                  const QString &context)
 {
-    const QString method = QStringLiteral("observeValueForKeyPath:ofObject:change:context:");
-    const QString unsupported = QStringLiteral("Change type no longer supported");
+    const QString method = u"observeValueForKeyPath:ofObject:change:context:"_s;
+    const QString unsupported = u"Change type no longer supported"_s;
     if (context != _fieldsBindingName) {
         NSKeyValueObserver::observeValueForKeyPath(keyPath, ofObject, change, context);
         return;

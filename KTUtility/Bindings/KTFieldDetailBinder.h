@@ -48,16 +48,16 @@ class KTPropertyBinder;
 ///
 /// \code
 /// KTFieldDetailBinder binder(form);
-/// binder.setFieldsBindingName(QStringLiteral("fields"));
-/// binder.setValueSourceBindingName(QStringLiteral("record"));
-/// binder.setFieldDetailValuesBindingName(QStringLiteral("keys"));
-/// binder.addFieldDependentBindingName(QStringLiteral("keys"), QStringLiteral("key"));
-/// binder.addFieldDependentBindingName(QStringLiteral("labels"), QStringLiteral("label"));
+/// binder.setFieldsBindingName(u"fields"_s);
+/// binder.setValueSourceBindingName(u"record"_s);
+/// binder.setFieldDetailValuesBindingName(u"keys"_s);
+/// binder.addFieldDependentBindingName(u"keys"_s, u"key"_s);
+/// binder.addFieldDependentBindingName(u"labels"_s, u"label"_s);
 ///
-/// binder.bind(QStringLiteral("record"), controller, QStringLiteral("selection"));
-/// binder.bind(QStringLiteral("fields"), library, QStringLiteral("fields"));
-/// binder.bind(QStringLiteral("keys"), library, QStringLiteral("fields.key"));
-/// binder.bind(QStringLiteral("labels"), library, QStringLiteral("fields.label"));
+/// binder.bind(u"record"_s, controller, u"selection"_s);
+/// binder.bind(u"fields"_s, library, u"fields"_s);
+/// binder.bind(u"keys"_s, library, u"fields.key"_s);
+/// binder.bind(u"labels"_s, library, u"fields.label"_s);
 /// library->setFields(fields);    // values are bound for fields that come after the keys
 /// \endcode
 class KTUTILITY_EXPORT KTFieldDetailBinder : public NSKeyValueObserver

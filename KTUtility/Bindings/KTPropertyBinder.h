@@ -21,7 +21,7 @@
 ///
 /// \code
 /// // in the owner
-/// KTPropertyBinder _valueBinder{QStringLiteral("text"), NSValueBinding, this};
+/// KTPropertyBinder _valueBinder{u"text"_s, NSValueBinding, this};
 ///
 /// void RowView::bind(const QString &binding, QObject *toObject, const QString &withKeyPath,
 ///                    const QVariantMap &options)

@@ -9,7 +9,9 @@
 #include <KTUtility/Platform/Files/NSUserDefaults.h>
 #include <KTUtility/Platform/Text/NSPercentEscapes.h>
 
-const QString KTDefaultDatabaseBundlePath = QStringLiteral("KTDefaultDatabaseBundlePath");
+using namespace Qt::StringLiterals;
+
+const QString KTDefaultDatabaseBundlePath = u"KTDefaultDatabaseBundlePath"_s;
 
 namespace {
 constexpr QStringView MediaScheme = u"cobblemedia";
@@ -30,22 +32,21 @@ QString pathIn(const QString &folder, const QString &name)
 
 QString KTDatabaseBundle::databaseBundleFileType()
 {
-    return QStringLiteral("cobbledb");
+    return u"cobbledb"_s;
 }
 
 QString KTDatabaseBundle::cobbleSupportFolder()
 {
     const QString support = userSupportFolder();
     _ensureDirectoryExistsAtPath(support);
-    const QString folder =
-        NSString::stringByAppendingPathComponent(support, QStringLiteral("Cobble"));
+    const QString folder = NSString::stringByAppendingPathComponent(support, u"Cobble"_s);
     _ensureDirectoryExistsAtPath(folder);
     return folder;
 }
 
 QString KTDatabaseBundle::factoryDefaultDatabaseBundleName()
 {
-    return QStringLiteral("cobble");
+    return u"cobble"_s;
 }
 
 QString KTDatabaseBundle::pathInSupportFolder(const QString &name)
@@ -74,22 +75,22 @@ KTDatabaseBundle::KTDatabaseBundle(const QString &bundlePath) : _bundlePath(bund
 
 QString KTDatabaseBundle::_contentsFolderPath() const
 {
-    return pathIn(_bundlePath, QStringLiteral("Contents"));
+    return pathIn(_bundlePath, u"Contents"_s);
 }
 
 QString KTDatabaseBundle::_resourcesFolderPath() const
 {
-    return pathIn(_contentsFolderPath(), QStringLiteral("Resources"));
+    return pathIn(_contentsFolderPath(), u"Resources"_s);
 }
 
 QString KTDatabaseBundle::databaseFilePath() const
 {
-    return pathIn(_resourcesFolderPath(), QStringLiteral("Database"));
+    return pathIn(_resourcesFolderPath(), u"Database"_s);
 }
 
 QString KTDatabaseBundle::mediaFolderPath() const
 {
-    return pathIn(_resourcesFolderPath(), QStringLiteral("Media"));
+    return pathIn(_resourcesFolderPath(), u"Media"_s);
 }
 
 bool KTDatabaseBundle::doesExist() const
@@ -117,9 +118,9 @@ QString KTDatabaseBundle::moveDatabaseToPreUpgradePath() const
         return KTAdditions::uniqueFilePathForFilePath(
             KTAdditions::stringByAppendingToFilename(_bundlePath, suffix));
     };
-    const QString backup = freePath(QStringLiteral("1Backup"));
+    const QString backup = freePath(u"1Backup"_s);
     const bool isMoved = NSFileManager::moveItemAtPath(_bundlePath, backup);
-    const QString preUpgrade = freePath(QStringLiteral("_PreUpgrade"));
+    const QString preUpgrade = freePath(u"_PreUpgrade"_s);
     // What is at the backup's path otherwise is another one.
     if (isMoved)
         NSFileManager::copyItemAtPath(backup, preUpgrade);

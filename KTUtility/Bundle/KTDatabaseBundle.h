@@ -36,7 +36,7 @@ class QImage;
 /// const KTDatabaseBundle bundle = KTDatabaseBundle::defaultDatabaseBundle();
 /// bundle.buildDatabaseBundleOnDisk();
 /// const std::optional<NSURL> url =
-///     bundle.storeFileFromURL(*NSURL::fileURLWithPath(QStringLiteral("/tmp/My photo.jpg")));
+///     bundle.storeFileFromURL(*NSURL::fileURLWithPath(u"/tmp/My photo.jpg"_s));
 /// url->absoluteString();                 // "cobblemedia://My%20photo.0.jpg"
 /// bundle.filePathFromMediaUrl(*url);     // "…/cobble.cobbledb/Contents/Resources/Media/My photo…"
 /// \endcode

@@ -11,6 +11,8 @@
 #include <QBuffer>
 #include <QImage>
 
+using namespace Qt::StringLiterals;
+
 // How files come into the media folder.
 
 namespace {
@@ -84,9 +86,8 @@ QString KTDatabaseBundle::saveTIFFImageToMediaFolderAndReturnMediaPath(const QIm
     const QByteArray bytes = TIFFRepresentation(image);
     if (bytes.isEmpty())
         return {};
-    const QString base =
-        NSBundle::mainBundle().localizedStringForKey(QStringLiteral("iSight Picture"));
-    const QString name = NSString::stringByAppendingPathExtension(base, QStringLiteral("tiff"));
+    const QString base = NSBundle::mainBundle().localizedStringForKey(u"iSight Picture"_s);
+    const QString name = NSString::stringByAppendingPathExtension(base, u"tiff"_s);
     return placeInMediaFolder(name, [&bytes](KTStagedFile &file) { return file.write(bytes); });
 }
 

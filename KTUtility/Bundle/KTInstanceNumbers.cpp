@@ -11,6 +11,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// How many taken numbers in a row are asked for one by one before the folder is listed.
 constexpr int LongestWalk = 1000;
@@ -26,7 +28,7 @@ int descriptorOfFolder(const QByteArray &path)
 KTInstanceNumbers::KTInstanceNumbers(const QString &path) : _folder(-1)
 {
     const QString base = NSString::stringByAppendingPathExtension(
-        NSString::stringByDeletingPathExtension(path), QStringLiteral("0"));
+        NSString::stringByDeletingPathExtension(path), u"0"_s);
     const QString extension = NSString::pathExtension(path);
     if (!NSCanBePath(base) || !extension.isValidUtf16())
         return;

@@ -7,8 +7,10 @@
 #include <KTUtility/Platform/Files/NSFileManager.h>
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString OriginalComment = QStringLiteral("orig");
+const QString OriginalComment = u"orig"_s;
 
 bool isLogging()
 {

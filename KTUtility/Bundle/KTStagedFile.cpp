@@ -13,6 +13,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// So many other processes would have to be quicker, one after the other. A name that is taken by
 /// a link to nothing is found free again each time.
@@ -26,7 +28,7 @@ QString temporaryName()
 } // namespace
 
 KTStagedFile::KTStagedFile(const QString &folder)
-    : _path(NSString::stringByAppendingPathComponent(folder.isNull() ? QStringLiteral("") : folder,
+    : _path(NSString::stringByAppendingPathComponent(folder.isNull() ? u""_s : folder,
                                                      temporaryName()))
 {
 }

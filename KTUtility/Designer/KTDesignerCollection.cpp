@@ -4,6 +4,8 @@
 #include <KTUtility/Views/KTFocusRingView.h>
 #include <KTUtility/Views/KTMediaFieldSlider.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 template<typename View>
 QWidget *create(QWidget *parent)
@@ -13,10 +15,10 @@ QWidget *create(QWidget *parent)
 
 KTDesignerDescription focusRingView()
 {
-    return {.className = QStringLiteral("KTFocusRingView"),
-            .baseName = QStringLiteral("QWidget"),
-            .header = QStringLiteral("KTUtility/Views/KTFocusRingView.h"),
-            .explanation = QStringLiteral("Shows a ring while the focus is inside of it"),
+    return {.className = u"KTFocusRingView"_s,
+            .baseName = u"QWidget"_s,
+            .header = u"KTUtility/Views/KTFocusRingView.h"_s,
+            .explanation = u"Shows a ring while the focus is inside of it"_s,
             .isContainer = true,
             .contents = {},
             .create = create<KTFocusRingView>};
@@ -24,24 +26,23 @@ KTDesignerDescription focusRingView()
 
 KTDesignerDescription focusRingScrollView()
 {
-    return {.className = QStringLiteral("KTFocusRingScrollView"),
-            .baseName = QStringLiteral("QScrollArea"),
-            .header = QStringLiteral("KTUtility/Views/KTFocusRingScrollView.h"),
-            .explanation =
-                QStringLiteral("Scrolls, and shows a ring while the focus is inside of it"),
+    return {.className = u"KTFocusRingScrollView"_s,
+            .baseName = u"QScrollArea"_s,
+            .header = u"KTUtility/Views/KTFocusRingScrollView.h"_s,
+            .explanation = u"Scrolls, and shows a ring while the focus is inside of it"_s,
             .isContainer = true,
-            .contents = QStringLiteral("<property name=\"widgetResizable\"><bool>true</bool>"
-                                       "</property><widget class=\"QWidget\" name=\"contents\"/>"),
+            .contents = u"<property name=\"widgetResizable\"><bool>true</bool>"
+                        "</property><widget class=\"QWidget\" name=\"contents\"/>"_s,
             .create = create<KTFocusRingScrollView>};
 }
 
 KTDesignerDescription mediaFieldSlider()
 {
-    return {.className = QStringLiteral("KTMediaFieldSlider"),
-            .baseName = QStringLiteral("QSlider"),
-            .header = QStringLiteral("KTUtility/Views/KTMediaFieldSlider.h"),
-            .explanation = QStringLiteral("A slider with a picture for its knob; set its range in "
-                                          "the code"),
+    return {.className = u"KTMediaFieldSlider"_s,
+            .baseName = u"QSlider"_s,
+            .header = u"KTUtility/Views/KTMediaFieldSlider.h"_s,
+            .explanation = u"A slider with a picture for its knob; set its range in "
+                           "the code"_s,
             .isContainer = false,
             .contents = {},
             .create = create<KTMediaFieldSlider>};

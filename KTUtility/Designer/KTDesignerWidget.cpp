@@ -2,6 +2,8 @@
 
 #include <QIcon>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// The name that a new object gets: the class without its prefix, with a small letter.
 QString objectNameFor(const QString &className)
@@ -23,9 +25,9 @@ QIcon KTDesignerWidget::icon() const
 
 QString KTDesignerWidget::domXml() const
 {
-    return QStringLiteral("<ui language=\"c++\"><widget class=\"%1\" name=\"%2\">%3</widget>"
-                          "<customwidgets><customwidget><class>%1</class><extends>%4</extends>"
-                          "</customwidget></customwidgets></ui>")
-        .arg(_description.className, objectNameFor(_description.className), _description.contents,
-             _description.baseName);
+    return u"<ui language=\"c++\"><widget class=\"%1\" name=\"%2\">%3</widget>"
+           "<customwidgets><customwidget><class>%1</class><extends>%4</extends>"
+           "</customwidget></customwidgets></ui>"_s.arg(
+               _description.className, objectNameFor(_description.className), _description.contents,
+               _description.baseName);
 }

@@ -19,9 +19,11 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-const QString KTLoggerWriteToFileKey = QStringLiteral("writeToFile");
-const QString KTLoggerDisplayFileLineKey = QStringLiteral("displayFileLine");
-const QString KTLoggerComponentsKey = QStringLiteral("components");
+using namespace Qt::StringLiterals;
+
+const QString KTLoggerWriteToFileKey = u"writeToFile"_s;
+const QString KTLoggerDisplayFileLineKey = u"displayFileLine"_s;
+const QString KTLoggerComponentsKey = u"components"_s;
 
 std::atomic<KTLogger *> KTLogger::_sharedLogger = nullptr;
 

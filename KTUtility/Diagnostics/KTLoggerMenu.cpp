@@ -7,6 +7,8 @@
 
 #include <QMenu>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// A tag holds a component's position and a level: position * TagsPerComponent + level.
 constexpr int TagsPerComponent = 10;
@@ -21,9 +23,9 @@ QString titleOfLevel(int level)
 {
     switch (level) {
     case 7:
-        return QStringLiteral("7 (most detail)");
+        return u"7 (most detail)"_s;
     case 0:
-        return QStringLiteral("0 (off)");
+        return u"0 (off)"_s;
     default:
         return QString::number(level);
     }
@@ -45,12 +47,12 @@ void KTLogger::populateComponentLoggingMenu(QAction *item)
     QMenu *const menu = item ? item->menu() : nullptr;
     if (!menu)
         return;
-    NSMenuItem::addItem(menu, QStringLiteral("Log To Console"), ConsoleAction, this);
-    NSMenuItem::addItem(menu, QStringLiteral("Log To File"), FileAction, this);
+    NSMenuItem::addItem(menu, u"Log To Console"_s, ConsoleAction, this);
+    NSMenuItem::addItem(menu, u"Log To File"_s, FileAction, this);
     menu->addSeparator();
-    NSMenuItem::addItem(menu, QStringLiteral("Display File and Line"), FileLineAction, this);
+    NSMenuItem::addItem(menu, u"Display File and Line"_s, FileLineAction, this);
     menu->addSeparator();
-    NSMenuItem::addItem(menu, QStringLiteral("Clear all logging state"), ClearAction, this);
+    NSMenuItem::addItem(menu, u"Clear all logging state"_s, ClearAction, this);
     menu->addSeparator();
     for (int position = 0; position < _allComponentsArray.size(); ++position) {
         QAction *component =
@@ -63,7 +65,7 @@ void KTLogger::populateComponentLoggingMenu(QAction *item)
 
 std::unique_ptr<QMenu> KTLogger::createLogLevelSubmenuWithBase(int base)
 {
-    auto menu = std::make_unique<QMenu>(QStringLiteral("submenu"));
+    auto menu = std::make_unique<QMenu>(u"submenu"_s);
     for (int level = 7; level >= 0; --level) {
         QAction *item = NSMenuItem::addItem(menu.get(), titleOfLevel(level), LevelAction, this);
         NSMenuItem::setTag(item, base + level);

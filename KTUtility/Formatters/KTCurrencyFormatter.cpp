@@ -8,12 +8,14 @@
 #include <KTUtility/Platform/Text/NSStringNormalization.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr int DetailLevel = 7;
 
 const QString &replacementCurrency()
 {
-    static const QString code = QStringLiteral("USD");
+    static const QString code = u"USD"_s;
     return code;
 }
 

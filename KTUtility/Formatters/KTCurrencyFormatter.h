@@ -17,8 +17,8 @@
 /// KTCurrencyFormatter formatter;                           // in the user's locale, here en_US
 /// formatter.stringForObjectValue(1234.5);                  // "$1,234.50"
 /// QVariant value;
-/// formatter.getObjectValue(&value, QStringLiteral("($12.50)"));      // -12.5
-/// formatter.setCurrencyType(QStringLiteral("JPY"));
+/// formatter.getObjectValue(&value, u"($12.50)"_s);      // -12.5
+/// formatter.setCurrencyType(u"JPY"_s);
 /// formatter.stringForObjectValue(1234.5);                  // "¥1,234"
 /// \endcode
 class KTUTILITY_EXPORT KTCurrencyFormatter : public KTNumberFormatter

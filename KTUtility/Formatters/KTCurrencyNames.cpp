@@ -15,6 +15,8 @@
 #include <utility>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 // Which currencies a typed text can mean.
 
 namespace {
@@ -59,8 +61,8 @@ QString folded(const QString &text)
 {
     return NSString::foldedStringWithCompatibilityMapping(text)
         .replace(QChar(u'₤'), QChar(u'£'))
-        .replace(QChar(u'₨'), QStringLiteral("rs"))
-        .replace(QChar(u'₹'), QStringLiteral("rs"));
+        .replace(QChar(u'₨'), u"rs"_s)
+        .replace(QChar(u'₹'), u"rs"_s);
 }
 
 QString pluralName(const QByteArray &locale, const QString &code, const char *count)

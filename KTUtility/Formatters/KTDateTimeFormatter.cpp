@@ -7,6 +7,8 @@
 
 #include <mutex>
 
+using namespace Qt::StringLiterals;
+
 // Settings, display and the formatters made for them. Reading is in KTDateTimeReading.cpp, the
 // patterns are in KTDateTimePatterns.cpp.
 
@@ -22,7 +24,7 @@ std::recursive_mutex &classLock()
 
 const QString &lenientTimePattern()
 {
-    static const QString pattern = QStringLiteral("%I:%M:%S %p");
+    static const QString pattern = u"%I:%M:%S %p"_s;
     return pattern;
 }
 
@@ -245,9 +247,8 @@ NSDateFormatter *KTDateTimeFormatter::displayFormatter() const
           _displayTime);
     if (_dateStyle == NSDateFormatterNoStyle && _timeStyle == NSDateFormatterNoStyle)
         NSAssertionHandler::currentHandler()->handleFailureInMethod(
-            QStringLiteral("displayFormatter"), this,
-            QStringLiteral("Formatters/KTDateTimeFormatter"), __LINE__,
-            QStringLiteral("date/time cannot both have NoStyle"));
+            u"displayFormatter"_s, this, u"Formatters/KTDateTimeFormatter"_s, __LINE__,
+            u"date/time cannot both have NoStyle"_s);
     formatter->setDateStyle(_dateStyle);
     formatter->setTimeStyle(_timeStyle);
     KTLog(kLog_FormattersDateTimes, 4, u"_displayFormatter, format=%@", formatter->dateFormat());
@@ -286,11 +287,11 @@ QString KTDateTimeFormatter::getMonthAndDayFormat() const
     displayFormatter(); // knows the input order
     const QString &country = _locale.countryCode();
     const bool isMonthFirst = _inputOrder == MonthDayYear || _inputOrder == YearMonthDay;
-    const QString separator = country == u"DE" ? QStringLiteral(".") : QStringLiteral(" ");
+    const QString separator = country == u"DE" ? u"."_s : u" "_s;
     QString pattern =
         isMonthFirst ? QString(u"MMMM" + separator + u'd') : QString(u'd' + separator + u"MMMM");
     if (country == u"JP")
-        pattern = isMonthFirst ? QStringLiteral("M月d日") : QStringLiteral("d日M月");
+        pattern = isMonthFirst ? u"M月d日"_s : u"d日M月"_s;
     if (_timeStyle == NSDateFormatterNoStyle)
         return pattern;
     return pattern + u' ' + timePattern();

@@ -32,7 +32,7 @@ using KTDateFormatterList = std::vector<std::shared_ptr<const NSDateFormatter>>;
 /// \code
 /// KTDateTimeFormatter formatter;                           // in the user's locale, here en_US
 /// QVariant value;
-/// formatter.getObjectValue(&value, QStringLiteral("March 5, 2008"));
+/// formatter.getObjectValue(&value, u"March 5, 2008"_s);
 /// formatter.stringForObjectValue(value);                   // "3/5/2008"
 /// formatter.setDateStyle(NSDateFormatterLongStyle);
 /// formatter.stringForObjectValue(value);                   // "March 5, 2008"

@@ -6,6 +6,8 @@
 #include <array>
 #include <mutex>
 
+using namespace Qt::StringLiterals;
+
 // The patterns that typed dates are tried with, in their orders, and the formatters made of them.
 
 namespace {
@@ -13,16 +15,15 @@ namespace {
 const std::array<QStringList, 9> &patternGroups()
 {
     static const std::array<QStringList, 9> groups{
-        QStringList(),
-        QStringLiteral("M-d-yy|M/d/yy|M.d.yy|M-d-yyyy|M/d/yyyy|M.d.yyyy").split(u'|'),
-        QStringLiteral("M-d|M/d|M.d").split(u'|'),
-        QStringLiteral("MMM d, yy|MMMM d, yy|MMM d, yyyy|MMMM d, yyyy|MMM d|MMMM d").split(u'|'),
-        QStringLiteral("yy.M.d|yy-M-d|yy/M/d|yyyy.M.d|yyyy-M-d|yyyy/M/d").split(u'|'),
-        QStringLiteral("d-M|d/M|d.M").split(u'|'),
+        QStringList(), u"M-d-yy|M/d/yy|M.d.yy|M-d-yyyy|M/d/yyyy|M.d.yyyy"_s.split(u'|'),
+        u"M-d|M/d|M.d"_s.split(u'|'),
+        u"MMM d, yy|MMMM d, yy|MMM d, yyyy|MMMM d, yyyy|MMM d|MMMM d"_s.split(u'|'),
+        u"yy.M.d|yy-M-d|yy/M/d|yyyy.M.d|yyyy-M-d|yyyy/M/d"_s.split(u'|'),
+        u"d-M|d/M|d.M"_s.split(u'|'),
         // No "d MMMM" without a year, on purpose: "d MMM" takes whole names, too.
-        QStringLiteral("d MMM yy|d MMMM yy|d MMM yyyy|d MMMM yyyy|d MMM").split(u'|'),
-        QStringLiteral("d-M-yy|d/M/yy|d.M.yy|d-M-yyyy|d/M/yyyy|d.M.yyyy").split(u'|'),
-        QStringLiteral("yy.d.M|yy-d-M|yy/d/M|yyyy.d.M|yyyy-d-M|yyyy/d/M").split(u'|')};
+        u"d MMM yy|d MMMM yy|d MMM yyyy|d MMMM yyyy|d MMM"_s.split(u'|'),
+        u"d-M-yy|d/M/yy|d.M.yy|d-M-yyyy|d/M/yyyy|d.M.yyyy"_s.split(u'|'),
+        u"yy.d.M|yy-d-M|yy/d/M|yyyy.d.M|yyyy-d-M|yyyy/d/M"_s.split(u'|')};
     return groups;
 }
 
@@ -124,8 +125,7 @@ const QStringList &KTDateTimeFormatter::dateFormatsForYearDayMonth()
 
 const QStringList &KTDateTimeFormatter::timeFormats()
 {
-    static const QStringList patterns =
-        QStringLiteral("h:m:s a|h:m:sa|k:m:s|h:m a|h:ma|k:m|h a|ha").split(u'|');
+    static const QStringList patterns = u"h:m:s a|h:m:sa|k:m:s|h:m a|h:ma|k:m|h a|ha"_s.split(u'|');
     return patterns;
 }
 
@@ -150,13 +150,13 @@ QString KTDateTimeFormatter::formatStringForInputOrder(int inputOrder) const
 {
     switch (inputOrder) {
     case DayMonthYear:
-        return QStringLiteral("%d/%m/%y");
+        return u"%d/%m/%y"_s;
     case YearMonthDay:
-        return QStringLiteral("%y/%m/%d");
+        return u"%y/%m/%d"_s;
     case YearDayMonth:
-        return QStringLiteral("%y/%d/%m");
+        return u"%y/%d/%m"_s;
     default:
-        return QStringLiteral("%m/%d/%y");
+        return u"%m/%d/%y"_s;
     }
 }
 
@@ -238,7 +238,7 @@ KTDateFormatterList KTDateTimeFormatter::localeStrictDateFormatters() const
         formatters.push_back(formatterWithDateStyle(style, NSDateFormatterNoStyle, isLenient));
     if (_locale.countryCode() != u"JP")
         return formatters;
-    for (const QString &pattern : {QStringLiteral("M月d日"), QStringLiteral("d日M月")}) {
+    for (const QString &pattern : {u"M月d日"_s, u"d日M月"_s}) {
         const auto formatter = _formatterWithDateFormat(pattern, isLenient);
         formatter->setDefaultDate(today());
         formatters.push_back(formatter);
@@ -281,8 +281,7 @@ KTDateFormatterList KTDateTimeFormatter::makeStrictIsoFormatters() const
     const NSCalendar gregorian(NSGregorianCalendar);
     KTDateFormatterList formatters;
     for (const QString &pattern :
-         {QStringLiteral("yyyy-MM-dd'T'HH:mm:ss"), QStringLiteral("yyyy-MM-dd HH:mm:ss"),
-          QStringLiteral("yyyy-MM-dd")}) {
+         {u"yyyy-MM-dd'T'HH:mm:ss"_s, u"yyyy-MM-dd HH:mm:ss"_s, u"yyyy-MM-dd"_s}) {
         const auto formatter = _formatterWithDateFormat(pattern, false);
         formatter->setCalendar(gregorian);
         formatters.push_back(formatter);
@@ -307,22 +306,19 @@ const KTDateFormatterList &KTDateTimeFormatter::strictDateFormatters() const
     if (_strictDateFormatters)
         return *_strictDateFormatters;
     displayFormatter(); // knows the input order
-    static const QStringList kinds{QStringLiteral("dates 0"), QStringLiteral("dates 1"),
-                                   QStringLiteral("dates 2"), QStringLiteral("dates 3")};
+    static const QStringList kinds{u"dates 0"_s, u"dates 1"_s, u"dates 2"_s, u"dates 3"_s};
     return list(_strictDateFormatters, kinds.value(_inputOrder),
                 [this] { return makeStrictDateFormatters(); });
 }
 
 const KTDateFormatterList &KTDateTimeFormatter::strictTimeFormatters() const
 {
-    return list(_strictTimeFormatters, QStringLiteral("times"),
-                [this] { return makeStrictTimeFormatters(); });
+    return list(_strictTimeFormatters, u"times"_s, [this] { return makeStrictTimeFormatters(); });
 }
 
 const KTDateFormatterList &KTDateTimeFormatter::strictIsoFormatters() const
 {
-    return list(_strictIsoFormatters, QStringLiteral("iso"),
-                [this] { return makeStrictIsoFormatters(); });
+    return list(_strictIsoFormatters, u"iso"_s, [this] { return makeStrictIsoFormatters(); });
 }
 
 const KTDateFormatterList &

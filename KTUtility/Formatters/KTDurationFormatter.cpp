@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr qsizetype SecondsIndex = 4;
 
@@ -76,7 +78,7 @@ QString KTDurationFormatter::stringForObjectValue(const QVariant &value) const
     if (!NSObject::isNumber(value))
         return {};
     NSDecimalNumber rest = NSDecimalNumber::decimalNumberWithNumber(value);
-    QString text = QStringLiteral("");
+    QString text = u""_s;
     if (!isPositive(rest))
         return text;
     for (qsizetype index = 0; index <= SecondsIndex; ++index) {
@@ -188,7 +190,7 @@ bool KTDurationFormatter::getObjectValue(QVariant *value, const QString &forStri
         return true;
     }
     if (errorDescription)
-        *errorDescription = NSBundle::mainBundle().localizedStringForKey(
-            QStringLiteral("Could not convert to a time"), QStringLiteral(""));
+        *errorDescription =
+            NSBundle::mainBundle().localizedStringForKey(u"Could not convert to a time"_s, u""_s);
     return false;
 }

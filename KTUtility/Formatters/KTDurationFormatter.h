@@ -25,7 +25,7 @@ class KTDurationTables;
 /// KTDurationFormatter formatter;
 /// formatter.stringForObjectValue(93784);                   // "1d 2h 3m 4s"
 /// QVariant value;
-/// formatter.getObjectValue(&value, QStringLiteral("2 hours, 30 minutes"));    // 9000
+/// formatter.getObjectValue(&value, u"2 hours, 30 minutes"_s);    // 9000
 /// \endcode
 class KTUTILITY_EXPORT KTDurationFormatter : public NSFormatter, public NSDecimalNumberBehaviors
 {

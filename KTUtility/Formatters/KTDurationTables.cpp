@@ -4,6 +4,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr std::array<qint64, 5> SecondsOfUnits{604'800, 86'400, 3'600, 60, 1};
 
@@ -11,8 +13,8 @@ QStringList translated(const std::array<const char *, 5> &keys)
 {
     QStringList words;
     for (const char *key : keys)
-        words.append(NSBundle::mainBundle().localizedStringForKey(
-            QString::fromLatin1(key), QStringLiteral(""), QStringLiteral("Durations")));
+        words.append(NSBundle::mainBundle().localizedStringForKey(QString::fromLatin1(key), u""_s,
+                                                                  u"Durations"_s));
     return words;
 }
 } // namespace

@@ -12,6 +12,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr int MaximumInputFractionDigits = 111;
 
@@ -55,8 +57,8 @@ KTNumberFormatter::KTNumberFormatter()
     , _inputFormatter(KTNumberFormatter_Private::createInputFormatterWithLocale(_locale))
     , _numberFormatter(KTNumberFormatter_Private::createNumberFormatterWithLocale(_locale))
 {
-    _inputFormatter->setNegativePrefix(QStringLiteral("-"));
-    _inputFormatter->setNegativeSuffix(QStringLiteral(""));
+    _inputFormatter->setNegativePrefix(u"-"_s);
+    _inputFormatter->setNegativeSuffix(u""_s);
     _inputFormatter->setUsesGroupingSeparator(false);
     _inputFormatter->setRoundingMode(NSNumberFormatterRoundHalfUp);
     _numberFormatter->setRoundingMode(NSNumberFormatterRoundHalfUp);
@@ -106,10 +108,8 @@ void KTNumberFormatter::setTextAttributesForNegativeValues(
 void KTNumberFormatter::setFormatNegativeUsingParens(bool formatNegativeUsingParens)
 {
     _formatNegativeUsingParens = formatNegativeUsingParens;
-    _numberFormatter->setNegativePrefix(formatNegativeUsingParens ? QStringLiteral("(")
-                                                                  : QStringLiteral("-"));
-    _numberFormatter->setNegativeSuffix(formatNegativeUsingParens ? QStringLiteral(")")
-                                                                  : QStringLiteral(""));
+    _numberFormatter->setNegativePrefix(formatNegativeUsingParens ? u"("_s : u"-"_s);
+    _numberFormatter->setNegativeSuffix(formatNegativeUsingParens ? u")"_s : u""_s);
     Q_EMIT formatNegativeUsingParensChanged();
 }
 
@@ -239,16 +239,16 @@ bool KTNumberFormatter::run(const Pass &pass, const QString &string, Attempt &at
 {
     attempt.error = NSError();
     if (pass.usesParentheses) {
-        _inputFormatter->setNegativePrefix(QStringLiteral("("));
-        _inputFormatter->setNegativeSuffix(QStringLiteral(")"));
+        _inputFormatter->setNegativePrefix(u"("_s);
+        _inputFormatter->setNegativeSuffix(u")"_s);
     }
     _inputFormatter->setUsesGroupingSeparator(pass.usesGroupingSeparator);
     NSRange range{0, string.size()};
     const bool isRead = _inputFormatter->getObjectValue(
         &attempt.value, string, &range, attempt.wantsError ? &attempt.error : nullptr);
     if (pass.usesParentheses) {
-        _inputFormatter->setNegativePrefix(QStringLiteral("-"));
-        _inputFormatter->setNegativeSuffix(QStringLiteral(""));
+        _inputFormatter->setNegativePrefix(u"-"_s);
+        _inputFormatter->setNegativeSuffix(u""_s);
     }
     _inputFormatter->setUsesGroupingSeparator(false);
     const bool isValid = _validateFormattedResult(isRead, range, string);

@@ -27,7 +27,7 @@ class NSNumberFormatter;
 /// formatter.setDecimalPlaces(2);
 /// formatter.stringForObjectValue(1234.5);                  // "1,234.50"
 /// QVariant value;
-/// formatter.getObjectValue(&value, QStringLiteral("(1,234.5678)"));    // -1234.5678, exactly
+/// formatter.getObjectValue(&value, u"(1,234.5678)"_s);    // -1234.5678, exactly
 /// \endcode
 class KTUTILITY_EXPORT KTNumberFormatter : public NSFormatter
 {

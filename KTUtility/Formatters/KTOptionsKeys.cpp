@@ -1,16 +1,16 @@
 #include "KTOptionsKeys.h"
 
-const QString kKTFieldOption_currencyType = QStringLiteral("currencyType");
-const QString kKTFieldOption_dateStyle = QStringLiteral("dateStyle");
-const QString kKTFieldOption_decimalPlaces = QStringLiteral("decimalPlaces");
-const QString kKTFieldOption_displayDate = QStringLiteral("displayDate");
-const QString kKTFieldOption_displayThousandsSeparator =
-    QStringLiteral("displayThousandsSeparator");
-const QString kKTFieldOption_displayTime = QStringLiteral("displayTime");
-const QString kKTFieldOption_displayYear = QStringLiteral("displayYear");
-const QString kKTFieldOption_formatNegativeUsingParens =
-    QStringLiteral("formatNegativeUsingParens");
-const QString kKTFieldOption_highlightNegative = QStringLiteral("highlightNegative");
-const QString kKTFieldOption_inputOrder = QStringLiteral("inputOrder");
-const QString kKTFieldOption_timeStyle = QStringLiteral("timeStyle");
-const QString kKTFieldOption_useAbbreviations = QStringLiteral("useAbbreviations");
+using namespace Qt::StringLiterals;
+
+const QString kKTFieldOption_currencyType = u"currencyType"_s;
+const QString kKTFieldOption_dateStyle = u"dateStyle"_s;
+const QString kKTFieldOption_decimalPlaces = u"decimalPlaces"_s;
+const QString kKTFieldOption_displayDate = u"displayDate"_s;
+const QString kKTFieldOption_displayThousandsSeparator = u"displayThousandsSeparator"_s;
+const QString kKTFieldOption_displayTime = u"displayTime"_s;
+const QString kKTFieldOption_displayYear = u"displayYear"_s;
+const QString kKTFieldOption_formatNegativeUsingParens = u"formatNegativeUsingParens"_s;
+const QString kKTFieldOption_highlightNegative = u"highlightNegative"_s;
+const QString kKTFieldOption_inputOrder = u"inputOrder"_s;
+const QString kKTFieldOption_timeStyle = u"timeStyle"_s;
+const QString kKTFieldOption_useAbbreviations = u"useAbbreviations"_s;

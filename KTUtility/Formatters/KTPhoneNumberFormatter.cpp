@@ -9,6 +9,8 @@
 
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr QStringView Separators = u" -,./()[]{}";
 constexpr QChar Placeholder = u'#';
@@ -42,10 +44,9 @@ std::optional<QList<int>> digitsOf(QStringView text)
 void failToLoad()
 {
     NSAssertionHandler::currentHandler()->handleFailureInMethod(
-        QStringLiteral("initialize"),
-        NSAssertionSubject::classNamed(QStringLiteral("KTPhoneNumberFormatter")),
-        QStringLiteral("Formatters/KTPhoneNumberFormatter"), __LINE__,
-        QStringLiteral("PhoneNumberFormats.plist could not be loaded."));
+        u"initialize"_s, NSAssertionSubject::classNamed(u"KTPhoneNumberFormatter"_s),
+        u"Formatters/KTPhoneNumberFormatter"_s, __LINE__,
+        u"PhoneNumberFormats.plist could not be loaded."_s);
 }
 
 QStringList patternsOf(const QVariant &set)
@@ -79,9 +80,8 @@ QList<QStringList> KTPhoneNumberFormatter::patternSetsOfFile(const QString &path
 
 const QList<QStringList> &KTPhoneNumberFormatter::patternSets()
 {
-    static const QList<QStringList> sets =
-        patternSetsOfFile(NSBundle::frameworkBundle().pathForResource(
-            QStringLiteral("PhoneNumberFormats"), QStringLiteral("plist")));
+    static const QList<QStringList> sets = patternSetsOfFile(
+        NSBundle::frameworkBundle().pathForResource(u"PhoneNumberFormats"_s, u"plist"_s));
     return sets;
 }
 
@@ -135,7 +135,7 @@ QString KTPhoneNumberFormatter::applyFormat(const QString &format, const QString
     const std::optional<QList<int>> digits = digitsOf(QStringView(typed).mid(literals.size()));
     if (!digits || digits->size() != format.count(Placeholder))
         return {};
-    QString result = format.isNull() ? QStringLiteral("") : format;
+    QString result = format.isNull() ? u""_s : format;
     qsizetype next = 0;
     for (QChar &unit : result) {
         if (unit == Placeholder)

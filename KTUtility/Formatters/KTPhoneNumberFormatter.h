@@ -21,8 +21,8 @@
 /// \code
 /// KTPhoneNumberFormatter formatter;
 /// formatter.setFormatIndex(0);                                              // North America
-/// formatter.stringForObjectValue(QStringLiteral("415.555.1234"));          // "(415) 555-1234"
-/// formatter.stringForObjectValue(QStringLiteral("555-1234 ask for Ann"));  // as it is
+/// formatter.stringForObjectValue(u"415.555.1234"_s);          // "(415) 555-1234"
+/// formatter.stringForObjectValue(u"555-1234 ask for Ann"_s);  // as it is
 /// \endcode
 class KTUTILITY_EXPORT KTPhoneNumberFormatter : public NSFormatter
 {

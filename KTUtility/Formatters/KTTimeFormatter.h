@@ -12,7 +12,7 @@
 /// \code
 /// const auto formatter = KTTimeFormatter::createTimeFormatter();   // in the user's locale
 /// QVariant value;
-/// formatter->getObjectValue(&value, QStringLiteral("5:30pm"));     // 2001-01-01 17:30
+/// formatter->getObjectValue(&value, u"5:30pm"_s);     // 2001-01-01 17:30
 /// formatter->stringForObjectValue(value);                          // "5:30 PM"
 /// \endcode
 class KTUTILITY_EXPORT KTTimeFormatter : public KTDateTimeFormatter

@@ -10,15 +10,17 @@
 #include <KTUtility/Platform/Values/NSObject.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 
-const QString KTInternationalSeparatorsFileName = QStringLiteral("separators");
-const QString KTInternationalSeparatorsFileType = QStringLiteral("plist");
-const QString KTInternationalSeparatorsListKey = QStringLiteral("List");
-const QString KTInternationalDefaultCSVSeparator = QStringLiteral(",");
-const QString KTInternationalSecondDefaultCSVSeparator = QStringLiteral(";");
-const QString KTInternationalCSVIllegalCharacters = QStringLiteral(",;\"\r\n\t ");
-const QString KTInternationalEmptyString = QStringLiteral("");
-const QString KTInternationalJapaneseLanguageCode = QStringLiteral("jp");
-const QString kJapaneseContryCode = QStringLiteral("JP");
+using namespace Qt::StringLiterals;
+
+const QString KTInternationalSeparatorsFileName = u"separators"_s;
+const QString KTInternationalSeparatorsFileType = u"plist"_s;
+const QString KTInternationalSeparatorsListKey = u"List"_s;
+const QString KTInternationalDefaultCSVSeparator = u","_s;
+const QString KTInternationalSecondDefaultCSVSeparator = u";"_s;
+const QString KTInternationalCSVIllegalCharacters = u",;\"\r\n\t "_s;
+const QString KTInternationalEmptyString = u""_s;
+const QString KTInternationalJapaneseLanguageCode = u"jp"_s;
+const QString kJapaneseContryCode = u"JP"_s;
 
 namespace {
 KTInternational *sharedInstance = nullptr;
@@ -26,8 +28,8 @@ KTInternational *sharedInstance = nullptr;
 void fail(const QString &method, int line, const QString &description)
 {
     NSAssertionHandler::currentHandler()->handleFailureInMethod(
-        method, NSAssertionSubject::instanceOf(QStringLiteral("KTInternational")),
-        QStringLiteral("KTInternational"), line, description);
+        method, NSAssertionSubject::instanceOf(u"KTInternational"_s), u"KTInternational"_s, line,
+        description);
 }
 
 /// A value of the list that must be a text.
@@ -76,8 +78,7 @@ KTInternational *KTInternational::instance()
 KTInternational::KTInternational()
 {
     if (sharedInstance)
-        fail(QStringLiteral("init"), 29,
-             QStringLiteral("Should not be creating multiple KTInternational objects."));
+        fail(u"init"_s, 29, u"Should not be creating multiple KTInternational objects."_s);
     sharedInstance = this;
 }
 
@@ -119,9 +120,9 @@ QString KTInternational::separatorFor(const QVariantMap &list) const
 QString KTInternational::localizedCSVSeparatorAndAlternates(QStringList *alternates)
 {
     if (!alternates)
-        fail(QStringLiteral("localizedCSVSeparatorAndAlternates:"), 75,
-             QStringLiteral("KTInternational: localizedCSVSeparatorAndAlternates: alternates param "
-                            "can't be nil"));
+        fail(u"localizedCSVSeparatorAndAlternates:"_s, 75,
+             u"KTInternational: localizedCSVSeparatorAndAlternates: alternates param "
+             "can't be nil"_s);
     QString result = KTInternationalDefaultCSVSeparator;
     if (!alternates)
         return result;

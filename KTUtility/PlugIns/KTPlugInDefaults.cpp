@@ -8,12 +8,14 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 // What plug-ins and their manager keep in "<host identifier>.plugins".
 
 namespace {
 QString domainName()
 {
-    return NSHostIdentifier() + QStringLiteral(".plugins");
+    return NSHostIdentifier() + u".plugins"_s;
 }
 
 /// What is stored; nothing if it cannot be read, also at a second attempt. To write that back as

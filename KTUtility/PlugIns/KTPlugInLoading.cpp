@@ -3,6 +3,8 @@
 
 #include <KTUtility/Diagnostics/KTLogger.h>
 
+using namespace Qt::StringLiterals;
+
 // From a bundle to an instance, and back. Hooks and plug-ins may call the manager, so that nothing
 // here keeps references into its dictionaries across such a call.
 
@@ -15,9 +17,9 @@ QString failureOf(const Action &action)
         action();
         return {};
     } catch (const std::exception &exception) {
-        return QStringLiteral("threw ") + QString::fromUtf8(exception.what());
+        return u"threw "_s + QString::fromUtf8(exception.what());
     } catch (...) {
-        return QStringLiteral("threw something that is no std::exception");
+        return u"threw something that is no std::exception"_s;
     }
 }
 
@@ -91,7 +93,7 @@ const NSClass *KTPlugInManager::loadClass(NSBundle &bundle)
     KTLogger::sharedLogger()->logComponent(kLog_invalid, 4, "PlugIns/KTPlugInManager", 150,
                                            u"Plug-in does not conform to %@", protocol);
     if (principalClass)
-        setFailure(bundle.bundlePath(), QStringLiteral("does not conform to ") + protocol);
+        setFailure(bundle.bundlePath(), u"does not conform to "_s + protocol);
     bundle.unload();
     return principalClass;
 }
@@ -106,7 +108,7 @@ std::unique_ptr<QObject> KTPlugInManager::makeInstance(const NSBundle &bundle,
         object = principalClass.newInstance();
     });
     if (!object) {
-        const QString reason = failure.isNull() ? QStringLiteral("cannot be made") : failure;
+        const QString reason = failure.isNull() ? u"cannot be made"_s : failure;
         setFailure(bundle.bundlePath(), principalClass.name() + u' ' + reason);
     }
     return object;
@@ -168,12 +170,12 @@ void KTPlugInManager::tellDidLoad(const NSBundle &bundle, const NSClass &princip
     if (!receiver || !receiver->respondsToPluginDidLoadBundle()) {
         setFailure(bundle.bundlePath(),
                    principalClass.name() +
-                       QStringLiteral(" does not answer pluginDidLoadBundle:updateHandler:"));
+                       u" does not answer pluginDidLoadBundle:updateHandler:"_s);
         return;
     }
     const QString failure = failureOf([&] { receiver->pluginDidLoadBundle(bundle, _coordinator); });
     if (!failure.isNull())
-        setFailure(bundle.bundlePath(), QStringLiteral("pluginDidLoadBundle ") + failure);
+        setFailure(bundle.bundlePath(), u"pluginDidLoadBundle "_s + failure);
 }
 
 /// Sends a class something, if it is more than a registered class.

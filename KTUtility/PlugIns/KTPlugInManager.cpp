@@ -6,6 +6,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 // Which plug-ins there are, and which of them the user wants. How they are loaded is in
 // KTPlugInLoading.cpp, their settings are in KTPlugInDefaults.cpp.
 
@@ -21,9 +23,9 @@ QString folderIn(const QString &folder, QStringView component, const QString &na
 QString reasonToSkip(const NSBundle &bundle)
 {
     if (bundle.infoDictionary().isEmpty())
-        return QStringLiteral("Contents/Info.plist is missing, empty or damaged");
-    return bundle.bundleIdentifier().isNull() ? QStringLiteral("CFBundleIdentifier is missing")
-                                              : QStringLiteral("NSPrincipalClass is missing");
+        return u"Contents/Info.plist is missing, empty or damaged"_s;
+    return bundle.bundleIdentifier().isNull() ? u"CFBundleIdentifier is missing"_s
+                                              : u"NSPrincipalClass is missing"_s;
 }
 } // namespace
 
@@ -52,8 +54,7 @@ QStringList KTPlugInManager::searchFolders() const
 void KTPlugInManager::registerPlugins()
 {
     for (const QString &folder : searchFolders()) {
-        for (const QString &path :
-             NSBundle::pathsForResourcesOfType(QStringLiteral("bundle"), folder))
+        for (const QString &path : NSBundle::pathsForResourcesOfType(u"bundle"_s, folder))
             registerBundle(NSBundle(path));
     }
 }
@@ -89,8 +90,8 @@ void KTPlugInManager::replaceBundle(const NSBundle &bundle, const QString &ident
 {
     const QString path = pathOfPlugin(identifier);
     unregisterBundleWithIdentifier(identifier);
-    _statusByPath.insert(path, {path, identifier, KTPlugInState::Replaced,
-                                QStringLiteral("replaced by ") + bundle.bundlePath()});
+    _statusByPath.insert(
+        path, {path, identifier, KTPlugInState::Replaced, u"replaced by "_s + bundle.bundlePath()});
 }
 
 /// The folder of a registered bundle; nil if there is none.

@@ -31,13 +31,13 @@ class KTPlugInClass;
 /// \code
 /// KTPlugInManager exporters(application);
 /// exporters.setProtocol(NSProtocol::of<Exporter>());
-/// exporters.setSearchFolder(QStringLiteral("Exporters"));
-/// exporters.setEnabledKey(QStringLiteral("enabledExporters"));
+/// exporters.setSearchFolder(u"Exporters"_s);
+/// exporters.setEnabledKey(u"enabledExporters"_s);
 /// exporters.registerPlugins();
 /// exporters.loadAllPlugins();
 ///
-/// exporters.enablePluginWithIdentifier(QStringLiteral("org.example.csv"));
-/// auto *csv = exporters.pluginWithIdentifier<Exporter>(QStringLiteral("org.example.csv"));
+/// exporters.enablePluginWithIdentifier(u"org.example.csv"_s);
+/// auto *csv = exporters.pluginWithIdentifier<Exporter>(u"org.example.csv"_s);
 /// for (const KTPlugInStatus &status : exporters.pluginStatus())
 ///     qInfo() << status.path << status.lastError;
 /// \endcode

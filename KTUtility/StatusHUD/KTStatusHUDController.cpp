@@ -13,6 +13,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr double DefaultSeconds = 1;
 constexpr double FadeInSeconds = 0.15;
@@ -72,8 +74,7 @@ bool KTStatusHUDController::loadInterface()
     if (_window && _content && _text)
         return true;
     delete _window;
-    const QString file =
-        interfaceBundle().pathForResource(QStringLiteral("StatusHUD"), QStringLiteral("ui"));
+    const QString file = interfaceBundle().pathForResource(u"StatusHUD"_s, u"ui"_s);
     std::unique_ptr<QWidget> root = NSNib::instantiate(file, this);
     if (!root || root.get() != _window || !_content || !_text) {
         KTLog(kLog_invalid, 4, u"could not load StatusHUD nib");

@@ -9,8 +9,8 @@
 ///
 /// \code
 /// KTBoolImageTransformer transformer;
-/// transformer.setOnImage(QImage(QStringLiteral("locked.png")));
-/// transformer.setOffImage(QImage(QStringLiteral("open.png")));
+/// transformer.setOnImage(QImage(u"locked.png"_s));
+/// transformer.setOffImage(QImage(u"open.png"_s));
 /// transformer.transformedValue(true);    // the first
 /// \endcode
 class KTUTILITY_EXPORT KTBoolImageTransformer : public NSValueTransformer

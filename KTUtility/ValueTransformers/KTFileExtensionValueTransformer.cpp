@@ -3,6 +3,8 @@
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
 #include <KTUtility/Platform/Files/NSUserDefaults.h>
 
+using namespace Qt::StringLiterals;
+
 std::shared_ptr<KTFileExtensionValueTransformer> KTFileExtensionValueTransformer::valueTransformer()
 {
     return std::make_shared<KTFileExtensionValueTransformer>();
@@ -15,8 +17,8 @@ QMetaType KTFileExtensionValueTransformer::transformedValueClass() const
 
 QVariant KTFileExtensionValueTransformer::transformedValue(const QVariant &value) const
 {
-    const bool showsAll = NSUserDefaults::standardUserDefaults()->boolForKey(
-        QStringLiteral("AppleShowAllExtensions"));
+    const bool showsAll =
+        NSUserDefaults::standardUserDefaults()->boolForKey(u"AppleShowAllExtensions"_s);
     if (showsAll || value.typeId() != QMetaType::QString)
         return value;
     return NSString::stringByDeletingPathExtension(value.toString());

@@ -8,7 +8,7 @@
 ///
 /// \code
 /// const auto transformer = KTFileExtensionValueTransformer::valueTransformer();
-/// transformer->transformedValue(QStringLiteral("Report.cobble"));    // "Report"
+/// transformer->transformedValue(u"Report.cobble"_s);    // "Report"
 /// \endcode
 class KTUTILITY_EXPORT KTFileExtensionValueTransformer : public NSValueTransformer
 {

@@ -4,14 +4,16 @@
 
 #include <KTUtility/Platform/Values/NSObject.h>
 
-const QString KTNewlineTabCharTransformerName = QStringLiteral("KTNewlineTabCharTransformer");
+using namespace Qt::StringLiterals;
+
+const QString KTNewlineTabCharTransformerName = u"KTNewlineTabCharTransformer"_s;
 
 namespace {
 bool isText(const QVariant &value, const QString &method, int line)
 {
     return value.typeId() == QMetaType::QString ||
            KTFailTransformation(KTNewlineTabCharTransformerName, method, line,
-                                QStringLiteral("value must be NSString"));
+                                u"value must be NSString"_s);
 }
 } // namespace
 
@@ -22,15 +24,14 @@ QMetaType KTNewlineTabCharTransformer::transformedValueClass() const
 
 QVariant KTNewlineTabCharTransformer::transformedValue(const QVariant &value) const
 {
-    if (NSObject::isNil(value) || !isText(value, QStringLiteral("transformedValue:"), __LINE__))
+    if (NSObject::isNil(value) || !isText(value, u"transformedValue:"_s, __LINE__))
         return {};
     return value.toString().replace(u'\n', u'\t');
 }
 
 QVariant KTNewlineTabCharTransformer::reverseTransformedValue(const QVariant &value) const
 {
-    if (NSObject::isNil(value) ||
-        !isText(value, QStringLiteral("reverseTransformedValue:"), __LINE__))
+    if (NSObject::isNil(value) || !isText(value, u"reverseTransformedValue:"_s, __LINE__))
         return {};
     return value.toString().replace(u'\t', u'\n');
 }

@@ -9,8 +9,8 @@
 ///
 /// \code
 /// KTNewlineTabCharTransformer transformer;
-/// transformer.transformedValue(QStringLiteral("one\ntwo"));           // "one\ttwo"
-/// transformer.reverseTransformedValue(QStringLiteral("one\ttwo"));    // "one\ntwo"
+/// transformer.transformedValue(u"one\ntwo"_s);           // "one\ttwo"
+/// transformer.reverseTransformedValue(u"one\ttwo"_s);    // "one\ntwo"
 /// \endcode
 class KTUTILITY_EXPORT KTNewlineTabCharTransformer : public NSValueTransformer
 {

@@ -5,7 +5,9 @@
 #include <KTUtility/Additions/NSColor_KTAdditions.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 
-const QString KTStringColorTransformerName = QStringLiteral("KTStringColorTransformer");
+using namespace Qt::StringLiterals;
+
+const QString KTStringColorTransformerName = u"KTStringColorTransformer"_s;
 
 QMetaType KTStringColorTransformer::transformedValueClass() const
 {
@@ -17,8 +19,8 @@ QVariant KTStringColorTransformer::transformedValue(const QVariant &value) const
     if (NSObject::isNil(value))
         return {};
     if (value.typeId() != QMetaType::QString &&
-        !KTFailTransformation(KTStringColorTransformerName, QStringLiteral("transformedValue:"),
-                              __LINE__, QStringLiteral("value must be NSString")))
+        !KTFailTransformation(KTStringColorTransformerName, u"transformedValue:"_s, __LINE__,
+                              u"value must be NSString"_s))
         return {};
     return KTAdditions::ktColorWithString(value.toString());
 }
@@ -28,9 +30,8 @@ QVariant KTStringColorTransformer::reverseTransformedValue(const QVariant &value
     if (NSObject::isNil(value))
         return {};
     if (value.typeId() != QMetaType::QColor &&
-        !KTFailTransformation(KTStringColorTransformerName,
-                              QStringLiteral("reverseTransformedValue:"), __LINE__,
-                              QStringLiteral("value must be NSColor")))
+        !KTFailTransformation(KTStringColorTransformerName, u"reverseTransformedValue:"_s, __LINE__,
+                              u"value must be NSColor"_s))
         return {};
     return KTAdditions::ktStringRepresentation(value.value<QColor>());
 }

@@ -7,7 +7,7 @@
 ///
 /// \code
 /// KTStringColorTransformer transformer;
-/// transformer.transformedValue(QStringLiteral("1 0 0 1")).value<QColor>();      // red
+/// transformer.transformedValue(u"1 0 0 1"_s).value<QColor>();      // red
 /// transformer.reverseTransformedValue(QVariant::fromValue(QColor(Qt::red)));    // "1 0 0 1"
 /// \endcode
 class KTUTILITY_EXPORT KTStringColorTransformer : public NSValueTransformer

@@ -8,6 +8,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// How far it reaches beyond the view, in points.
 constexpr int RingWidth = 3;
@@ -19,7 +21,7 @@ class Overlay : public QWidget
 public:
     explicit Overlay(QWidget *parent) : QWidget(parent)
     {
-        setObjectName(QStringLiteral("KTFocusRing"));
+        setObjectName(u"KTFocusRing"_s);
         setAttribute(Qt::WA_TransparentForMouseEvents);
         setFocusPolicy(Qt::NoFocus);
     }

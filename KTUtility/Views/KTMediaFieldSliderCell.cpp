@@ -2,8 +2,10 @@
 
 #include <KTUtility/Platform/AppKit/NSImage.h>
 
+using namespace Qt::StringLiterals;
+
 KTMediaFieldSliderCell::KTMediaFieldSliderCell()
-    : _knobImage(NSImage::imageNamed(QStringLiteral("book_dash_sliderthumb")))
+    : _knobImage(NSImage::imageNamed(u"book_dash_sliderthumb"_s))
 {
 }
 

@@ -24,7 +24,7 @@
 ///     void configDialog() override
 ///     {
 ///         KTDialogController::configDialog();
-///         show(windowDataSourceObjectForKey(QStringLiteral("record")));
+///         show(windowDataSourceObjectForKey(u"record"_s));
 ///     }
 /// };
 /// \endcode

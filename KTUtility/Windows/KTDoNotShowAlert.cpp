@@ -9,9 +9,11 @@
 #include <QCheckBox>
 #include <QPointer>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString SilencedAlertsKey = QStringLiteral("doNotShowList");
-const QString TitlesKey = QStringLiteral("doNotShowTitles");
+const QString SilencedAlertsKey = u"doNotShowList"_s;
+const QString TitlesKey = u"doNotShowTitles"_s;
 
 NSUserDefaults *defaults()
 {
@@ -66,10 +68,10 @@ void KTDoNotShowAlert::beginCriticalAlertSheet(const Alert &alert)
         return;
     if (!responds(alert.modalDelegate, alert.didEndSelector)) {
         NSAssertionHandler::currentHandler()->handleFailureInMethod(
-            QStringLiteral("beginCriticalAlertSheet:defaultButton:alternateButton:otherButton:"
-                           "window:modalDelegate:didEndSelector:contextInfo:msg:suppressionKey:"),
-            NSAssertionSubject::classNamed(QStringLiteral("KTDoNotShowAlert")),
-            QStringLiteral("KTDoNotShowAlert"), 29, QStringLiteral("methodSig is nil"));
+            u"beginCriticalAlertSheet:defaultButton:alternateButton:otherButton:"
+            "window:modalDelegate:didEndSelector:contextInfo:msg:suppressionKey:"_s,
+            NSAssertionSubject::classNamed(u"KTDoNotShowAlert"_s), u"KTDoNotShowAlert"_s, 29,
+            u"methodSig is nil"_s);
         return;
     }
     tell(alert.modalDelegate, alert.didEndSelector, nullptr, NSAlertDefaultReturn,

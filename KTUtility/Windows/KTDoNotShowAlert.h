@@ -21,7 +21,7 @@
 ///     .modalDelegate = this,
 ///     .didEndSelector = "deleteAlertDidEnd:returnCode:contextInfo:",
 ///     .msg = tr("This cannot be undone."),
-///     .suppressionKey = QStringLiteral("deleteRecord"),
+///     .suppressionKey = u"deleteRecord"_s,
 /// });
 /// \endcode
 class KTUTILITY_EXPORT KTDoNotShowAlert

@@ -17,7 +17,7 @@ class KTDialogController;
 /// is passed over.
 ///
 /// \code
-/// windowController->exposeObjectToDialog(QVariant::fromValue(record), QStringLiteral("record"));
+/// windowController->exposeObjectToDialog(QVariant::fromValue(record), u"record"_s);
 /// windowController->addDialogControllerToQueue(&deleteDialog);
 /// windowController->addDialogControllerToQueue(&doneDialog);
 /// windowController->runDialogQueue();    // the first appears, and the second when it is closed

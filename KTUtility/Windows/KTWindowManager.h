@@ -15,8 +15,8 @@
 ///
 /// \code
 /// KTWindowManager *manager = KTWindowManager::sharedWindowManager();
-/// manager->registerDialogControllerClassName(QStringLiteral("NameDialog"));
-/// manager->queueDialogToCurrentMainWindowForKey(QStringLiteral("NameDialog"), true);
+/// manager->registerDialogControllerClassName(u"NameDialog"_s);
+/// manager->queueDialogToCurrentMainWindowForKey(u"NameDialog"_s, true);
 /// \endcode
 class KTUTILITY_EXPORT KTWindowManager : public QObject
 {

@@ -11,6 +11,8 @@
 #include <memory>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr int Count = 100'000;
 
@@ -21,8 +23,7 @@ const QList<BenchmarkField *> &fields()
     static const QList<BenchmarkField *> list = [] {
         QList<BenchmarkField *> made;
         for (int index = 0; index < Count; ++index) {
-            const QString name =
-                index == 0 ? QStringLiteral("Field") : QStringLiteral("Field %1").arg(index);
+            const QString name = index == 0 ? u"Field"_s : u"Field %1"_s.arg(index);
             owned.push_back(std::make_unique<BenchmarkField>(index, name));
             made += owned.back().get();
         }
@@ -68,23 +69,20 @@ void peerInvokeMethod(benchmark::State &state)
 void find(benchmark::State &state)
 {
     for (auto _ : state)
-        benchmark::DoNotOptimize(
-            KTAdditions::objectWithValue(fields(), Count - 1, QStringLiteral("size")));
+        benchmark::DoNotOptimize(KTAdditions::objectWithValue(fields(), Count - 1, u"size"_s));
 }
 
 void findText(benchmark::State &state)
 {
-    const QString last = QStringLiteral("Field %1").arg(Count - 1);
+    const QString last = u"Field %1"_s.arg(Count - 1);
     for (auto _ : state)
-        benchmark::DoNotOptimize(
-            KTAdditions::objectWithValue(fields(), last, QStringLiteral("name")));
+        benchmark::DoNotOptimize(KTAdditions::objectWithValue(fields(), last, u"name"_s));
 }
 
 void filterByKey(benchmark::State &state)
 {
     for (auto _ : state)
-        benchmark::DoNotOptimize(
-            KTAdditions::objectsWithValue(fields(), 7, QStringLiteral("size")));
+        benchmark::DoNotOptimize(KTAdditions::objectsWithValue(fields(), 7, u"size"_s));
 }
 
 void filterBySelector(benchmark::State &state)
@@ -97,8 +95,7 @@ void filterBySelector(benchmark::State &state)
 void uniqueName(benchmark::State &state)
 {
     for (auto _ : state)
-        benchmark::DoNotOptimize(
-            KTAdditions::uniqueStringWithBase(fields(), QStringLiteral("Field")));
+        benchmark::DoNotOptimize(KTAdditions::uniqueStringWithBase(fields(), u"Field"_s));
 }
 
 BENCHMARK(peerReadProperty<0>)->Name("Lists/peer: QMetaProperty::read, int");

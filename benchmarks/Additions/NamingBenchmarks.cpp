@@ -8,13 +8,15 @@
 
 #include <benchmark/benchmark.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 const QStringList &names()
 {
     static const QStringList list = [] {
         QStringList made;
         for (int index = 0; index < 1000; ++index)
-            made += QStringLiteral("Field Name %1").arg(index);
+            made += u"Field Name %1"_s.arg(index);
         return made;
     }();
     return list;
@@ -44,7 +46,7 @@ void cached(benchmark::State &state)
 
 void cold(benchmark::State &state)
 {
-    auto &domain = KTStringTransformCache::sharedCache()->domain(QStringLiteral("properties"));
+    auto &domain = KTStringTransformCache::sharedCache()->domain(u"properties"_s);
     for (auto _ : state) {
         domain.clear();
         for (const QString &name : names())

@@ -11,6 +11,8 @@
 #include <memory>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// A record in a chain.
 class Link : public QObject
@@ -80,7 +82,7 @@ void notification(benchmark::State &state)
     Chain chain;
     qint64 sum = 0;
     const NSKeyValueObservation observation(
-        &chain.first, QStringLiteral("next.next.number"),
+        &chain.first, u"next.next.number"_s,
         NSKeyValueObservingOptionNew | NSKeyValueObservingOptionOld,
         [&sum](const NSKeyValueChange &change) { sum += change.newValue->toInt(); });
     int number = 0;
@@ -97,7 +99,7 @@ class Row : public QObject, public NSKeyValueBinding
     Q_PROPERTY(QVariant label MEMBER label)
 
 public:
-    QStringList exposedBindings() const override { return {QStringLiteral("label")}; }
+    QStringList exposedBindings() const override { return {u"label"_s}; }
     void bind(const QString &binding, QObject *toObject, const QString &withKeyPath,
               const QVariantMap &options) override
     {
@@ -106,7 +108,7 @@ public:
     void unbind(const QString &binding) override { binder.unbind(binding); }
 
     QVariant label;
-    KTPropertyBinder binder{QStringLiteral("label"), QStringLiteral("label"), this};
+    KTPropertyBinder binder{u"label"_s, u"label"_s, this};
 };
 
 class Form : public QObject
@@ -163,10 +165,10 @@ void replaceFields(benchmark::State &state)
     Library library;
     Form form;
     KTFieldDetailBinder binder(&form);
-    binder.setFieldsBindingName(QStringLiteral("fields"));
-    binder.addFieldDependentBindingName(QStringLiteral("labels"), QStringLiteral("label"));
-    binder.bind(QStringLiteral("fields"), &library, QStringLiteral("fields"));
-    binder.bind(QStringLiteral("labels"), &library, QStringLiteral("fields.name"));
+    binder.setFieldsBindingName(u"fields"_s);
+    binder.addFieldDependentBindingName(u"labels"_s, u"label"_s);
+    binder.bind(u"fields"_s, &library, u"fields"_s);
+    binder.bind(u"labels"_s, &library, u"fields.name"_s);
     size_t turn = 0;
     for (auto _ : state)
         library.setFields(lists[++turn % 2]);

@@ -9,6 +9,8 @@
 
 #include <dirent.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// A folder that holds "photo.0.jpg" and so on.
 class Copies
@@ -17,7 +19,7 @@ public:
     explicit Copies(int count)
     {
         for (int number = 0; number < count; ++number)
-            QFile(path(QStringLiteral("photo.%1.jpg").arg(number))).open(QIODevice::WriteOnly);
+            QFile(path(u"photo.%1.jpg"_s.arg(number))).open(QIODevice::WriteOnly);
     }
 
     QString path(const QString &name) const { return _folder.filePath(name); }
@@ -54,7 +56,7 @@ void peerListing(benchmark::State &state)
 template<const Copies &(*Folder)()>
 void nextNumber(benchmark::State &state)
 {
-    const QString path = Folder().path(QStringLiteral("photo.jpg"));
+    const QString path = Folder().path(u"photo.jpg"_s);
     for (auto _ : state)
         benchmark::DoNotOptimize(
             KTMediaFilenameMunger::nextInstanceNumberForOriginalFilename(path));

@@ -14,6 +14,8 @@
 #include <string>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// A home folder of its own, before the shared logger is made.
 KTLogger *loggerInTemporaryHome()
@@ -71,7 +73,7 @@ void fileLine(benchmark::State &state)
 {
     KTLogger *logger = loggerInTemporaryHome();
     logger->setLevelOfComponent(4, kLog_ImportDialog);
-    const QString path = QStringLiteral("contacts.csv");
+    const QString path = u"contacts.csv"_s;
     for (auto _ : state)
         KTLog(kLog_ImportDialog, 4, u"%@: %d rows", path, 300);
     logger->setLevelOfComponent(0, kLog_ImportDialog);
@@ -133,8 +135,8 @@ void peerCategoryLine(benchmark::State &state)
     loggerInTemporaryHome();
     const QByteArray path = qgetenv("HOME") + "/category.log";
     categoryFile = ::open(path.constData(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-    qSetMessagePattern(QStringLiteral(
-        "%{time ddd MMM dd yyyy hh:mm:ss.zzz} [%{file}:%{line}][%{category}] %{message}"));
+    qSetMessagePattern(
+        u"%{time ddd MMM dd yyyy hh:mm:ss.zzz} [%{file}:%{line}][%{category}] %{message}"_s);
     const QtMessageHandler before = qInstallMessageHandler(writeCategoryLine);
     const QLoggingCategory category("import", QtDebugMsg);
     const QByteArray name("contacts.csv");

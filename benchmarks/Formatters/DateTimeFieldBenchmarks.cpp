@@ -12,6 +12,8 @@
 #include <array>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr char16_t Numeric[] = u"3/4/08";
 constexpr char16_t NumericPattern[] = u"M/d/yy";
@@ -101,7 +103,7 @@ void readAnew(benchmark::State &state)
 {
     const KTDateTimeFormatter formatter;
     const QString text = QString::fromUtf16(Typed);
-    const QString iso = QStringLiteral("2008-03-04");
+    const QString iso = u"2008-03-04"_s;
     QVariant value;
     for (auto _ : state) {
         formatter.getObjectValue(&value, iso);

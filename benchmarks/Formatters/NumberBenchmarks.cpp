@@ -15,6 +15,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr char16_t Plain[] = u"1234.5678";
 constexpr char16_t Grouped[] = u"1,234";
@@ -94,7 +96,7 @@ void show(benchmark::State &state)
 {
     KTNumberFormatter formatter;
     if (IsArabic)
-        formatter.setLocale(NSLocale(QStringLiteral("ar_EG")));
+        formatter.setLocale(NSLocale(u"ar_EG"_s));
     formatter.setDecimalPlaces(2);
     const QVariant number = shownNumber();
     for (auto _ : state) {

@@ -12,6 +12,8 @@
 #include <phonenumbers/phonenumberutil.h>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 using i18n::phonenumbers::AsYouTypeFormatter;
 using i18n::phonenumbers::PhoneNumber;
@@ -61,7 +63,7 @@ void showUnfit(benchmark::State &state)
 {
     KTPhoneNumberFormatter formatter;
     formatter.setFormatIndex(0);
-    const QVariant number = QStringLiteral("555-1234 ask for Ann");
+    const QVariant number = u"555-1234 ask for Ann"_s;
     for (auto _ : state)
         benchmark::DoNotOptimize(formatter.stringForObjectValue(number));
 }

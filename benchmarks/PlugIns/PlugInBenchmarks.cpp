@@ -10,17 +10,19 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr int Count = 100;
 
 QString folder(const QString &home)
 {
-    return home + QStringLiteral("/Cobble/PlugIns/Benchmark");
+    return home + u"/Cobble/PlugIns/Benchmark"_s;
 }
 
 QString information(const QString &home, int index)
 {
-    return folder(home) + QStringLiteral("/%1.bundle/Contents/Info.plist").arg(index);
+    return folder(home) + u"/%1.bundle/Contents/Info.plist"_s.arg(index);
 }
 
 /// A data folder of its own for the time of a benchmark, with plug-ins in it.
@@ -30,11 +32,10 @@ public:
     DataFolder() : _before(qgetenv("XDG_DATA_HOME"))
     {
         for (int index = 0; index < Count; ++index) {
-            NSDictionary::writeToFile(
-                {{QStringLiteral("CFBundleExecutable"), QStringLiteral("Code")},
-                 {QStringLiteral("CFBundleIdentifier"), QString::number(index)},
-                 {QStringLiteral("NSPrincipalClass"), QStringLiteral("Exporter")}},
-                information(_folder.path(), index), false);
+            NSDictionary::writeToFile({{u"CFBundleExecutable"_s, u"Code"_s},
+                                       {u"CFBundleIdentifier"_s, QString::number(index)},
+                                       {u"NSPrincipalClass"_s, u"Exporter"_s}},
+                                      information(_folder.path(), index), false);
         }
         qputenv("XDG_DATA_HOME", _folder.path().toLocal8Bit());
     }
@@ -71,7 +72,7 @@ void discover(benchmark::State &state)
     const DataFolder data;
     for (auto _ : state) {
         KTPlugInManager manager;
-        manager.setSearchFolder(QStringLiteral("Benchmark"));
+        manager.setSearchFolder(u"Benchmark"_s);
         manager.registerPlugins();
         if (manager.pluginStatus().size() != Count)
             state.SkipWithError("plug-ins are missing");

@@ -12,9 +12,11 @@
 #include <QDir>
 #include <QSet>
 
+using namespace Qt::StringLiterals;
+
 void fuzzMedia(FuzzInput &input)
 {
-    const KTDatabaseBundle bundle(QStringLiteral("/nowhere/fuzz.cobbledb"));
+    const KTDatabaseBundle bundle(u"/nowhere/fuzz.cobbledb"_s);
     const QString folder = bundle.mediaFolderPath();
     const QString text = input.text();
     const auto isInside = [&folder](const QString &path) {
@@ -31,7 +33,7 @@ void fuzzMedia(FuzzInput &input)
     KTMediaFilenameMunger::originalFileNameFromDBStoredName(text);
     KTMediaFilenameMunger::makeDBStoredNamefromOriginalFileName(text);
     KTMediaFilenameMunger::stringByRemovingExtComment(
-        KTMediaFilenameMunger::stringByAddingExtComment(text, QStringLiteral("orig")));
+        KTMediaFilenameMunger::stringByAddingExtComment(text, u"orig"_s));
 }
 
 void fuzzCSV(FuzzInput &input)
@@ -49,7 +51,7 @@ void fuzzCSV(FuzzInput &input)
         FUZZ_REQUIRE(row == rows);
     });
     FUZZ_REQUIRE(rows == source.rowCount);
-    const ImportSchema schema = ImportSchema::fromHeaders(QStringLiteral("fuzz"), source.headers);
+    const ImportSchema schema = ImportSchema::fromHeaders(u"fuzz"_s, source.headers);
     QSet<QString> names;
     for (const ImportColumn &column : schema.columns)
         names += column.columnName.toCaseFolded();

@@ -11,6 +11,8 @@
 #include <cstdio>
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// A picture by its size in points, and how it is drawn there.
 struct Picture
@@ -74,14 +76,13 @@ QList<Picture> pictures()
 {
     // As wide as the widest characters of 11 pixels need.
     const auto pill = [](const QString &name, int width) {
-        return Picture{name, QStringLiteral("tif"), QSize(width, 22), drawPill};
+        return Picture{name, u"tif"_s, QSize(width, 22), drawPill};
     };
-    return {
-        pill(QStringLiteral("dragBadge1-2"), 30),
-        pill(QStringLiteral("dragBadge3"), 40),
-        pill(QStringLiteral("dragBadge4"), 50),
-        pill(QStringLiteral("dragBadge5"), 61),
-        {QStringLiteral("book_dash_sliderthumb"), QStringLiteral("png"), QSize(15, 16), drawKnob}};
+    return {pill(u"dragBadge1-2"_s, 30),
+            pill(u"dragBadge3"_s, 40),
+            pill(u"dragBadge4"_s, 50),
+            pill(u"dragBadge5"_s, 61),
+            {u"book_dash_sliderthumb"_s, u"png"_s, QSize(15, 16), drawKnob}};
 }
 
 QImage imageOf(const Picture &picture, int scale)
@@ -97,7 +98,7 @@ QImage imageOf(const Picture &picture, int scale)
 
 bool write(const Picture &picture, int scale, const QDir &folder)
 {
-    const QString suffix = scale > 1 ? QStringLiteral("@%1x").arg(scale) : QString();
+    const QString suffix = scale > 1 ? u"@%1x"_s.arg(scale) : QString();
     const QString name = picture.name + suffix + u'.' + picture.extension;
     QImageWriter writer(folder.filePath(name));
     writer.setCompression(1);

@@ -10,32 +10,30 @@
 #include <algorithm>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
-const QString Name = QStringLiteral("name");
+const QString Name = u"name"_s;
 
 /// Bases that clash with each other when blanks go, when letter case does, and with their numbers.
 const QStringList &bases()
 {
     static const QStringList texts = {
-        QStringLiteral("Field"),        QStringLiteral(" Field\n"), QStringLiteral("Fi eld"),
-        QStringLiteral("field"),        QStringLiteral("FIELD"),    QStringLiteral("Field 1"),
-        QStringLiteral("Field1"),       QStringLiteral("1"),        QStringLiteral("Straße"),
-        QStringLiteral("ΟΔΟΣ"),         QStringLiteral("İstanbul"), QStringLiteral("e\u0301"),
-        QStringLiteral("\u00a0姓\t名"), QStringLiteral("%@ %d"),
+        u"Field"_s,        u" Field\n"_s, u"Fi eld"_s, u"field"_s, u"FIELD"_s,    u"Field 1"_s,
+        u"Field1"_s,       u"1"_s,        u"Straße"_s, u"ΟΔΟΣ"_s,  u"İstanbul"_s, u"e\u0301"_s,
+        u"\u00a0姓\t名"_s, u"%@ %d"_s,
     };
     return texts;
 }
 
 QString someSuffix()
 {
-    static const QStringList suffixes = {QString(),           QStringLiteral(" 1"),
-                                         QStringLiteral("1"), QStringLiteral(" 01"),
-                                         QStringLiteral(" "), QStringLiteral(" 1 ")};
+    static const QStringList suffixes = {QString(), u" 1"_s, u"1"_s, u" 01"_s, u" "_s, u" 1 "_s};
     if (someBool())
         return someOf(suffixes);
-    return (someBool() ? QStringLiteral(" ") : QString()) + QString::number(someNumber(1, 12));
+    return (someBool() ? u" "_s : QString()) + QString::number(someNumber(1, 12));
 }
 
 QVariant someName(const QString &base)
@@ -140,8 +138,7 @@ TEST(CollectionModel, NamesForPeopleAreTheFirstFreeOnes)
         const QString base = someOf(bases());
         const QVariantList list = someNamed(base);
         const QString trimmed = base.trimmed();
-        const QString expected = numbered(trimmed, QStringLiteral(" "),
-                                          firstFree(list, trimmed, QStringLiteral(" "), false));
+        const QString expected = numbered(trimmed, u" "_s, firstFree(list, trimmed, u" "_s, false));
         requireSame(KTAdditions::uniqueStringWithBase(list, base), expected);
     });
 }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 CollectionRow::CollectionRow(const QJsonObject &row) : _row(row)
 {
     const QJsonArray elements = argument("elements").toArray();
@@ -21,21 +23,21 @@ TestField *CollectionRow::fieldFrom(const QJsonObject &json)
 {
     _objects.push_back(std::make_unique<TestField>());
     TestField *const field = _objects.back().get();
-    field->_identifier = json.value(QStringLiteral("id")).toInt();
-    field->_name = json.value(QStringLiteral("name")).toString(QString());
-    field->_label = json.value(QStringLiteral("label")).toString(QString());
-    field->_size = json.value(QStringLiteral("size")).toInt();
-    field->_flag = json.value(QStringLiteral("flag")).toBool();
-    if (json.value(QStringLiteral("order")).isDouble())
-        field->_order = json.value(QStringLiteral("order")).toInt();
-    if (json.value(QStringLiteral("parent")).isObject())
-        field->_parent = fieldFrom(json.value(QStringLiteral("parent")).toObject());
+    field->_identifier = json.value(u"id"_s).toInt();
+    field->_name = json.value(u"name"_s).toString(QString());
+    field->_label = json.value(u"label"_s).toString(QString());
+    field->_size = json.value(u"size"_s).toInt();
+    field->_flag = json.value(u"flag"_s).toBool();
+    if (json.value(u"order"_s).isDouble())
+        field->_order = json.value(u"order"_s).toInt();
+    if (json.value(u"parent"_s).isObject())
+        field->_parent = fieldFrom(json.value(u"parent"_s).toObject());
     return field;
 }
 
 QJsonValue CollectionRow::argument(const char *name) const
 {
-    return _row.value(QStringLiteral("args")).toObject().value(QLatin1String(name));
+    return _row.value(u"args"_s).toObject().value(QLatin1String(name));
 }
 
 QString CollectionRow::text(const char *name) const
@@ -47,7 +49,7 @@ QString CollectionRow::text(const char *name) const
 QVariant CollectionRow::valueOf(const QJsonValue &json) const
 {
     if (json.isObject())
-        return _elements.value(json.toObject().value(QStringLiteral("at")).toInt());
+        return _elements.value(json.toObject().value(u"at"_s).toInt());
     if (json.isString())
         return QString(json.toString().constData(), json.toString().size());
     return json.isNull() || json.isUndefined() ? QVariant() : json.toVariant();

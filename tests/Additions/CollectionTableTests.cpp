@@ -12,6 +12,8 @@
 #include <functional>
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 using namespace KTAdditions;
 using Row = CollectionRow;
@@ -159,132 +161,131 @@ QJsonValue changedSet(const Row &row, void (*change)(NSSet &, const QVariantList
 const std::map<QString, Handler> &handlers()
 {
     static const std::map<QString, Handler> table = {
-        {QStringLiteral("adjustOrder"), adjusted},
-        {QStringLiteral("arrayByPerformingSelector:withObject:"),
+        {u"adjustOrder"_s, adjusted},
+        {u"arrayByPerformingSelector:withObject:"_s,
          [](const Row &r) {
              return Row::jsonOf(arrayByPerformingSelector(
                  r.elements(), NSSelector(r.text("selector")), r.valueOf(r.argument("object"))));
          }},
-        {QStringLiteral("arrayByRemovingObjectsInArray:"),
+        {u"arrayByRemovingObjectsInArray:"_s,
          [](const Row &r) {
              return Row::jsonOf(arrayByRemovingObjectsInArray(r.elements(), r.values("other")));
          }},
-        {QStringLiteral("containsObjectWithValue:forKey:"),
+        {u"containsObjectWithValue:forKey:"_s,
          [](const Row &r) {
              return containsObjectWithValue(r.elements(), r.valueOf(r.argument("value")),
                                             r.text("key"));
          }},
-        {QStringLiteral("dictionaryIndexWithKey:"), indexedByKey},
-        {QStringLiteral("dictionaryWithValuesForKeyPaths:"), valuesForPaths},
-        {QStringLiteral("indexOfObjects:"),
+        {u"dictionaryIndexWithKey:"_s, indexedByKey},
+        {u"dictionaryWithValuesForKeyPaths:"_s, valuesForPaths},
+        {u"indexOfObjects:"_s,
          [](const Row &r) { return indexes(indexOfObjects(r.elements(), r.values("other"))); }},
-        {QStringLiteral("indexesOfExactObjects:"),
+        {u"indexesOfExactObjects:"_s,
          [](const Row &r) {
              return indexes(indexesOfExactObjects(r.elements(), r.values("other")));
          }},
-        {QStringLiteral("insertObjects:atIndex:"), inserted},
-        {QStringLiteral("internalCaseInsensitiveUniqueStringWithBase:forKey:"),
+        {u"insertObjects:atIndex:"_s, inserted},
+        {u"internalCaseInsensitiveUniqueStringWithBase:forKey:"_s,
          [](const Row &r) {
              return textOrNull(internalCaseInsensitiveUniqueStringWithBase(
                  r.elements(), r.text("base"), r.text("key")));
          }},
-        {QStringLiteral("internalUniqueStringWithBase:forKey:"),
+        {u"internalUniqueStringWithBase:forKey:"_s,
          [](const Row &r) {
              return textOrNull(
                  internalUniqueStringWithBase(r.elements(), r.text("base"), r.text("key")));
          }},
-        {QStringLiteral("listWithKey:prefix:postfix:condition:"),
+        {u"listWithKey:prefix:postfix:condition:"_s,
          [](const Row &r) {
              return listWithKey(r.elements(), r.text("key"), r.text("prefix"), r.text("postfix"),
                                 r.text("condition"));
          }},
-        {QStringLiteral("moveObject:toIndex:"), moved},
-        {QStringLiteral("objectWithValue:forKey:"),
+        {u"moveObject:toIndex:"_s, moved},
+        {u"objectWithValue:forKey:"_s,
          [](const Row &r) {
              return single(
                  objectWithValue(r.elements(), r.valueOf(r.argument("value")), r.text("key")));
          }},
-        {QStringLiteral("objectWithValue:forKey:usingKeyPath:"),
+        {u"objectWithValue:forKey:usingKeyPath:"_s,
          [](const Row &r) {
              return single(objectWithValue(r.elements(), r.valueOf(r.argument("value")),
                                            r.text("key"), r.text("path")));
          }},
-        {QStringLiteral("objectsNotInArray:"),
+        {u"objectsNotInArray:"_s,
          [](const Row &r) {
              return Row::jsonOf(objectsNotInArray(r.elements(), r.values("other")));
          }},
-        {QStringLiteral("objectsSatisfyingCondition:"), filtered},
-        {QStringLiteral("objectsSatisfyingCondition:withObject:"), filtered},
-        {QStringLiteral("objectsSatisfyingCondition:onTarget:withContext:"), filteredOnTarget},
-        {QStringLiteral("objectsWithValue:forKeyPath:"),
+        {u"objectsSatisfyingCondition:"_s, filtered},
+        {u"objectsSatisfyingCondition:withObject:"_s, filtered},
+        {u"objectsSatisfyingCondition:onTarget:withContext:"_s, filteredOnTarget},
+        {u"objectsWithValue:forKeyPath:"_s,
          [](const Row &r) {
              const QVariant value = r.valueOf(r.argument("value"));
              return both(r, Row::jsonOf(objectsWithValue(r.elements(), value, r.text("path"))),
                          objectsWithValue(r.fields(), value, r.text("path")));
          }},
-        {QStringLiteral("positionalDictionaryIndex"), indexedByElement},
-        {QStringLiteral("set.addObjectsFromArrayOptimized:"),
+        {u"positionalDictionaryIndex"_s, indexedByElement},
+        {u"set.addObjectsFromArrayOptimized:"_s,
          [](const Row &r) { return changedSet(r, addObjectsFromArrayOptimized<NSSet>); }},
-        {QStringLiteral("set.removeObjectsInArray:"),
+        {u"set.removeObjectsInArray:"_s,
          [](const Row &r) { return changedSet(r, removeObjectsInArray<NSSet>); }},
-        {QStringLiteral("set.containsObjectWithValue:forKey:"),
+        {u"set.containsObjectWithValue:forKey:"_s,
          [](const Row &r) {
              return containsObjectWithValue(NSSet(r.elements()), r.valueOf(r.argument("value")),
                                             r.text("key"));
          }},
-        {QStringLiteral("set.objectWithValue:forKey:"),
+        {u"set.objectWithValue:forKey:"_s,
          [](const Row &r) {
              return single(objectWithValue(NSSet(r.elements()), r.valueOf(r.argument("value")),
                                            r.text("key")));
          }},
-        {QStringLiteral("set.objectsSatisfyingCondition:onTarget:withContext:"),
+        {u"set.objectsSatisfyingCondition:onTarget:withContext:"_s,
          [](const Row &r) {
              TestJudge judge;
              return allOf(objectsSatisfyingCondition(NSSet(r.elements()),
                                                      NSSelector(r.text("selector")), &judge,
                                                      r.valueOf(r.argument("object"))));
          }},
-        {QStringLiteral("set.objectsSatisfyingCondition:withObject:"),
+        {u"set.objectsSatisfyingCondition:withObject:"_s,
          [](const Row &r) {
              return allOf(objectsSatisfyingCondition(NSSet(r.elements()),
                                                      NSSelector(r.text("selector")),
                                                      r.valueOf(r.argument("object"))));
          }},
-        {QStringLiteral("set.setByPerformingSelector:withObject:"),
+        {u"set.setByPerformingSelector:withObject:"_s,
          [](const Row &r) {
              return allOf(setByPerformingSelector(NSSet(r.elements()),
                                                   NSSelector(r.text("selector")),
                                                   r.valueOf(r.argument("object"))));
          }},
-        {QStringLiteral("set.setByRemovingObjectsInArray:"),
+        {u"set.setByRemovingObjectsInArray:"_s,
          [](const Row &r) {
              return allOf(setByRemovingObjectsInArray(NSSet(r.elements()), r.values("other")));
          }},
-        {QStringLiteral("set.setByRemovingObjectsInSet:"),
+        {u"set.setByRemovingObjectsInSet:"_s,
          [](const Row &r) {
              return allOf(setByRemovingObjectsInSet(NSSet(r.elements()), NSSet(r.values("other"))));
          }},
-        {QStringLiteral("set.singularObject"),
+        {u"set.singularObject"_s,
          [](const Row &r) { return single(singularObject(NSSet(r.elements()))); }},
-        {QStringLiteral("set.sortedArrayUsingKey:"),
+        {u"set.sortedArrayUsingKey:"_s,
          [](const Row &r) {
              return Row::jsonOf(sortedArrayUsingKey(NSSet(r.elements()), r.text("key")));
          }},
-        {QStringLiteral("sortByKey:"),
+        {u"sortByKey:"_s,
          [](const Row &r) {
              return both(r, Row::jsonOf(sortByKey(r.elements(), r.text("key"))),
                          sortByKey(r.fields(), r.text("key")));
          }},
-        {QStringLiteral("sortByOrder"),
-         [](const Row &r) { return Row::jsonOf(sortByOrder(r.elements())); }},
-        {QStringLiteral("sortInUserFieldOrder"),
+        {u"sortByOrder"_s, [](const Row &r) { return Row::jsonOf(sortByOrder(r.elements())); }},
+        {u"sortInUserFieldOrder"_s,
          [](const Row &r) { return Row::jsonOf(sortInUserFieldOrder(r.elements())); }},
-        {QStringLiteral("stack"), stacked},
-        {QStringLiteral("uniqueStringWithBase:"),
+        {u"stack"_s, stacked},
+        {u"uniqueStringWithBase:"_s,
          [](const Row &r) {
              return textOrNull(uniqueStringWithBase(r.elements(), r.text("base")));
          }},
-        {QStringLiteral("uniqueStringWithBase:forKey:"),
+        {u"uniqueStringWithBase:forKey:"_s,
          [](const Row &r) {
              return textOrNull(uniqueStringWithBase(r.elements(), r.text("base"), r.text("key")));
          }},
@@ -302,16 +303,15 @@ bool isSetRow(const Row &row)
 TEST(CollectionTable, EveryRowGivesItsResult)
 {
     int rows = 0;
-    for (const QJsonObject &json :
-         testing_support::rowsOf(QStringLiteral("system/collections.jsonl"))) {
+    for (const QJsonObject &json : testing_support::rowsOf(u"system/collections.jsonl"_s)) {
         const Row row(json);
         SCOPED_TRACE(text(json).toStdString().substr(0, 2000));
         const auto handler = handlers().find(row.operation());
         ASSERT_NE(handler, handlers().end()) << "no handler";
-        const QJsonValue raised = row.expected()[QStringLiteral("raises")];
+        const QJsonValue raised = row.expected()[u"raises"_s];
         if (raised.isObject()) {
-            EXPECT_RAISES(handler->second(row), raised[QStringLiteral("name")].toString(),
-                          raised[QStringLiteral("reason")].toString());
+            EXPECT_RAISES(handler->second(row), raised[u"name"_s].toString(),
+                          raised[u"reason"_s].toString());
         } else {
             const QJsonValue expected =
                 isSetRow(row) ? Row::sorted(row.expected().toArray()) : row.expected();

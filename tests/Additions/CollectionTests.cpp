@@ -10,12 +10,14 @@
 #include <memory>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 using namespace KTAdditions;
 
 namespace {
-const QString Name = QStringLiteral("name");
-const QString Size = QStringLiteral("size");
-const QString Unknown = QStringLiteral("nmae");
+const QString Name = u"name"_s;
+const QString Size = u"size"_s;
+const QString Unknown = u"nmae"_s;
 
 /// Fields by name, with their position as size.
 class CollectionTest : public testing::Test
@@ -35,7 +37,7 @@ private:
     std::vector<std::unique_ptr<TestField>> _owned;
 
 protected:
-    QList<TestField *> abc = fieldsNamed({QStringLiteral("a"), QStringLiteral("b"), QString()});
+    QList<TestField *> abc = fieldsNamed({u"a"_s, u"b"_s, QString()});
 };
 
 // Typed lists come out as they went in.
@@ -69,7 +71,7 @@ TEST_F(CollectionTest, FindingNeverMatchesNil)
     EXPECT_FALSE(containsObjectWithValue(abc, QVariant(), Name));
     EXPECT_TRUE(objectsWithValue(abc, QVariant(), Name).isEmpty());
     EXPECT_EQ(objectWithValue(abc, 1.0, Size), abc[1]);
-    EXPECT_EQ(objectWithValue(abc, QStringLiteral("1"), Size), nullptr);
+    EXPECT_EQ(objectWithValue(abc, u"1"_s, Size), nullptr);
 }
 
 TEST_F(CollectionTest, TheNullObjectFindsNilInListsOnly)
@@ -82,10 +84,10 @@ TEST_F(CollectionTest, TheNullObjectFindsNilInListsOnly)
 TEST_F(CollectionTest, ANilKeyAsksTheListItself)
 {
     EXPECT_TRUE(containsObjectWithValue(abc, QVariant::fromValue(abc[1]), QString()));
-    EXPECT_FALSE(containsObjectWithValue(abc, QStringLiteral("a"), QString()));
+    EXPECT_FALSE(containsObjectWithValue(abc, u"a"_s, QString()));
     const QVariantList numbers{1, 2};
     EXPECT_TRUE(containsObjectWithValue(numbers, 2.0, QString()));
-    EXPECT_EQ(objectWithValue(abc, QStringLiteral("a"), QString()), nullptr);
+    EXPECT_EQ(objectWithValue(abc, u"a"_s, QString()), nullptr);
 }
 
 TEST_F(CollectionTest, UnknownKeysRaiseEvenBehindAMatch)
@@ -98,37 +100,37 @@ TEST_F(CollectionTest, UnknownKeysRaiseEvenBehindAMatch)
     EXPECT_THROW(dictionaryWithValuesForKeyPaths(abc[0], {Unknown}), NSException);
     QObject stranger;
     const QVariantList mixed{QVariant::fromValue(abc[0]), QVariant::fromValue(&stranger)};
-    EXPECT_THROW(containsObjectWithValue(mixed, QStringLiteral("a"), Name), NSException);
-    EXPECT_EQ(objectWithValue(mixed, QStringLiteral("a"), Name), mixed[0]);
+    EXPECT_THROW(containsObjectWithValue(mixed, u"a"_s, Name), NSException);
+    EXPECT_EQ(objectWithValue(mixed, u"a"_s, Name), mixed[0]);
     EXPECT_NO_THROW(objectWithValue(Fields(), 1, Unknown));
 }
 
 TEST_F(CollectionTest, MixedClassesAndNilElements)
 {
-    const QVariantMap map{{Name, QStringLiteral("m")}, {Size, 9}};
+    const QVariantMap map{{Name, u"m"_s}, {Size, 9}};
     const QVariantList mixed{QVariant::fromValue(abc[0]), map, QVariant(),
                              QVariant::fromValue(TestPoint{1, 2})};
-    EXPECT_EQ(objectWithValue(mixed.mid(0, 3), QStringLiteral("m"), Name), QVariant(map));
+    EXPECT_EQ(objectWithValue(mixed.mid(0, 3), u"m"_s, Name), QVariant(map));
     EXPECT_EQ(objectsSatisfyingCondition(mixed, "flagged").size(), 0);
     EXPECT_EQ(objectsSatisfyingCondition(mixed, "isRight"), QVariantList{mixed[3]});
     EXPECT_EQ(sortByKey(mixed.mid(0, 3), Size).at(0), QVariant());
     const Fields withNull{abc[0], nullptr};
-    EXPECT_EQ(objectWithValue(withNull, QStringLiteral("b"), Name), nullptr);
+    EXPECT_EQ(objectWithValue(withNull, u"b"_s, Name), nullptr);
     EXPECT_TRUE(objectsSatisfyingCondition(withNull, "sizeInt").isEmpty());
 }
 
 TEST_F(CollectionTest, PathsAreJoinedWithADot)
 {
     abc[0]->_parent = abc[1];
-    EXPECT_EQ(objectWithValue(abc, QStringLiteral("b"), Name, QStringLiteral("parent")), abc[0]);
-    EXPECT_EQ(objectsWithValue(abc, 1, QStringLiteral("parent.size")), Fields{abc[0]});
+    EXPECT_EQ(objectWithValue(abc, u"b"_s, Name, u"parent"_s), abc[0]);
+    EXPECT_EQ(objectsWithValue(abc, 1, u"parent.size"_s), Fields{abc[0]});
 }
 
 TEST_F(CollectionTest, SortingIsStableAndPutsNilFirst)
 {
     const Fields sorted = sortByKey(abc, Name);
     EXPECT_EQ(sorted, Fields({abc[2], abc[0], abc[1]}));
-    EXPECT_EQ(sortByKey(abc, QStringLiteral("flag")), abc);
+    EXPECT_EQ(sortByKey(abc, u"flag"_s), abc);
     EXPECT_EQ(KTAdditions_Private::makeSortDescriptorForKey(Name),
               QList<NSSortDescriptor>({{Name, true}}));
     EXPECT_EQ(_makeSortDescriptorForKey(Name).size(), 1);
@@ -137,24 +139,22 @@ TEST_F(CollectionTest, SortingIsStableAndPutsNilFirst)
 
 TEST_F(CollectionTest, UserOrderFollowsTheLocale)
 {
-    const QStringList names{QStringLiteral("zebra"), QStringLiteral("Ärger"), QStringLiteral("b"),
-                            QStringLiteral("A"), QStringLiteral("a")};
+    const QStringList names{u"zebra"_s, u"Ärger"_s, u"b"_s, u"A"_s, u"a"_s};
     EXPECT_EQ(sortInUserFieldOrder(names),
-              QStringList({QStringLiteral("a"), QStringLiteral("A"), QStringLiteral("Ärger"),
-                           QStringLiteral("b"), QStringLiteral("zebra")}));
-    const QVariantList mixed{5, QStringLiteral("b"), QVariant(), QStringLiteral("a")};
-    EXPECT_EQ(sortInUserFieldOrder(mixed).first(), QVariant(QStringLiteral("a")));
+              QStringList({u"a"_s, u"A"_s, u"Ärger"_s, u"b"_s, u"zebra"_s}));
+    const QVariantList mixed{5, u"b"_s, QVariant(), u"a"_s};
+    EXPECT_EQ(sortInUserFieldOrder(mixed).first(), QVariant(u"a"_s));
 }
 
 TEST_F(CollectionTest, NamesAreComparedExactly)
 {
-    const QStringList names{QStringLiteral("Name"), QStringLiteral("")};
-    EXPECT_TRUE(containsName(names, QStringLiteral("Name")));
-    EXPECT_FALSE(containsName(names, QStringLiteral("name")));
-    EXPECT_TRUE(containsName(names, QStringLiteral("")));
+    const QStringList names{u"Name"_s, u""_s};
+    EXPECT_TRUE(containsName(names, u"Name"_s));
+    EXPECT_FALSE(containsName(names, u"name"_s));
+    EXPECT_TRUE(containsName(names, u""_s));
     EXPECT_FALSE(containsName(names, QString()));
-    EXPECT_TRUE(containsName(QVariantList{1, QStringLiteral("1")}, QStringLiteral("1")));
-    EXPECT_FALSE(containsName(QVariantList{1, QVariant()}, QStringLiteral("1")));
+    EXPECT_TRUE(containsName(QVariantList{1, u"1"_s}, u"1"_s));
+    EXPECT_FALSE(containsName(QVariantList{1, QVariant()}, u"1"_s));
 }
 
 TEST_F(CollectionTest, CallablesFilterAndMap)
@@ -162,8 +162,7 @@ TEST_F(CollectionTest, CallablesFilterAndMap)
     EXPECT_EQ(objectsSatisfyingCondition(abc, [](const TestField *f) { return f->size() > 1; }),
               Fields{abc[2]});
     EXPECT_EQ(objectsSatisfyingCondition(abc, &TestField::size), Fields({abc[1], abc[2]}));
-    EXPECT_EQ(arrayByPerformingSelector(abc, &TestField::name),
-              QList<QString>({QStringLiteral("a"), QStringLiteral("b")}));
+    EXPECT_EQ(arrayByPerformingSelector(abc, &TestField::name), QList<QString>({u"a"_s, u"b"_s}));
     EXPECT_TRUE(arrayByPerformingSelector(abc, [](TestField *f) { return f->_parent; }).isEmpty());
     const QSet<int> sizes =
         setByPerformingSelector(QSet<TestField *>{abc[1], abc[2]}, &TestField::size);
@@ -175,9 +174,9 @@ TEST_F(CollectionTest, SelectorsMapElementsAndTargets)
     EXPECT_EQ(arrayByPerformingSelector(abc, "name").size(), 2);
     EXPECT_EQ(arrayByPerformingSelector(abc, "labelIfSmall:", 5).size(), 0);
     TestJudge judge;
-    EXPECT_EQ(arrayByPerformingSelector(abc, "describe::", &judge, QStringLiteral("+")),
-              QVariantList({QStringLiteral("+a"), QStringLiteral("+b")}));
-    performSelector(abc, "describe::", &judge, QStringLiteral("+"));
+    EXPECT_EQ(arrayByPerformingSelector(abc, "describe::", &judge, u"+"_s),
+              QVariantList({u"+a"_s, u"+b"_s}));
+    performSelector(abc, "describe::", &judge, u"+"_s);
     EXPECT_EQ(judge.calls(), 6);
     EXPECT_THROW(arrayByPerformingSelector(abc, "missing"), NSException);
     EXPECT_THROW(performSelector(abc, "missing::", &judge, QVariant()), NSException);
@@ -220,10 +219,10 @@ TEST_F(CollectionTest, RenumberingReachesValues)
     QList<TestPoint> points{{1, 9}, {2, 2}};
     adjustOrder(points);
     EXPECT_EQ(points, QList<TestPoint>({{1, 1}, {2, 2}}));
-    QVariantList maps{QVariantMap(), QVariantMap{{QStringLiteral("order"), QStringLiteral("2")}}};
+    QVariantList maps{QVariantMap(), QVariantMap{{u"order"_s, u"2"_s}}};
     adjustOrder(maps);
-    EXPECT_EQ(maps[0].toMap().value(QStringLiteral("order")), QVariant(1));
-    EXPECT_EQ(maps[1].toMap().value(QStringLiteral("order")), QVariant(QStringLiteral("2")));
+    EXPECT_EQ(maps[0].toMap().value(u"order"_s), QVariant(1));
+    EXPECT_EQ(maps[1].toMap().value(u"order"_s), QVariant(u"2"_s));
 }
 
 TEST(MovingObjects, LandBeforeTheElementAtTheIndex)
@@ -232,29 +231,28 @@ TEST(MovingObjects, LandBeforeTheElementAtTheIndex)
         KTMutableArrayAdditions::moveObject(list, QString::fromUtf16(object), index);
         return list.join(QString());
     };
-    const QStringList letters{QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C"),
-                              QStringLiteral("D")};
-    EXPECT_EQ(moved(letters, u"A", 2), QStringLiteral("BACD"));
-    EXPECT_EQ(moved(letters, u"A", 9), QStringLiteral("BCDA"));
-    EXPECT_EQ(moved(letters, u"A", 4), QStringLiteral("BCDA"));
-    EXPECT_EQ(moved(letters, u"D", 0), QStringLiteral("DABC"));
-    EXPECT_EQ(moved(letters, u"B", 1), QStringLiteral("ABCD"));
-    EXPECT_EQ(moved(letters, u"X", 1), QStringLiteral("AXBCD"));
-    EXPECT_EQ(moved(letters, u"A", -1), QStringLiteral("BCDA"));
+    const QStringList letters{u"A"_s, u"B"_s, u"C"_s, u"D"_s};
+    EXPECT_EQ(moved(letters, u"A", 2), u"BACD"_s);
+    EXPECT_EQ(moved(letters, u"A", 9), u"BCDA"_s);
+    EXPECT_EQ(moved(letters, u"A", 4), u"BCDA"_s);
+    EXPECT_EQ(moved(letters, u"D", 0), u"DABC"_s);
+    EXPECT_EQ(moved(letters, u"B", 1), u"ABCD"_s);
+    EXPECT_EQ(moved(letters, u"X", 1), u"AXBCD"_s);
+    EXPECT_EQ(moved(letters, u"A", -1), u"BCDA"_s);
 }
 
 TEST(MovingObjects, TheObjectMayBeAReferenceIntoTheList)
 {
-    QStringList list{QStringLiteral("A"), QStringLiteral("B")};
+    QStringList list{u"A"_s, u"B"_s};
     KTMutableArrayAdditions::moveObject(list, list[0], 5);
-    EXPECT_EQ(list.join(QString()), QStringLiteral("BA"));
+    EXPECT_EQ(list.join(QString()), u"BA"_s);
     KTMutableArrayAdditions::insertObjects(list, list, 1);
-    EXPECT_EQ(list.join(QString()), QStringLiteral("BBAA"));
+    EXPECT_EQ(list.join(QString()), u"BBAA"_s);
 }
 
 TEST(MovingObjects, InsertingBeyondTheEndRaises)
 {
-    QStringList list{QStringLiteral("A")};
+    QStringList list{u"A"_s};
     EXPECT_THROW(KTMutableArrayAdditions::insertObjects(list, list, 2), NSException);
     EXPECT_THROW(KTMutableArrayAdditions::insertObjects(list, list, -1), NSException);
     EXPECT_EQ(list.size(), 1);
@@ -263,46 +261,34 @@ TEST(MovingObjects, InsertingBeyondTheEndRaises)
 TEST_F(CollectionTest, UniqueNamesFillTheFirstGap)
 {
     const auto names = [&](const QStringList &list) { return fieldsNamed(list); };
-    const QString base = QStringLiteral(" Field\n");
-    EXPECT_EQ(uniqueStringWithBase(names({}), base), QStringLiteral("Field"));
+    const QString base = u" Field\n"_s;
+    EXPECT_EQ(uniqueStringWithBase(names({}), base), u"Field"_s);
+    EXPECT_EQ(uniqueStringWithBase(names({u"Field"_s, u"Field 1"_s}), base), u"Field 2"_s);
+    EXPECT_EQ(uniqueStringWithBase(names({u"Field"_s, u"Field 2"_s}), base), u"Field 1"_s);
+    EXPECT_EQ(uniqueStringWithBase(names({u"Field 1"_s}), base), u"Field"_s);
     EXPECT_EQ(
-        uniqueStringWithBase(names({QStringLiteral("Field"), QStringLiteral("Field 1")}), base),
-        QStringLiteral("Field 2"));
-    EXPECT_EQ(
-        uniqueStringWithBase(names({QStringLiteral("Field"), QStringLiteral("Field 2")}), base),
-        QStringLiteral("Field 1"));
-    EXPECT_EQ(uniqueStringWithBase(names({QStringLiteral("Field 1")}), base),
-              QStringLiteral("Field"));
-    EXPECT_EQ(uniqueStringWithBase(names({QStringLiteral("Field"), QStringLiteral("Field 01"),
-                                          QStringLiteral("Field  1"), QStringLiteral("Field +1"),
-                                          QStringLiteral("Field 1 "), QStringLiteral("Field1"),
-                                          QStringLiteral("Field 99999999999999999999")}),
-                                   base),
-              QStringLiteral("Field 1"));
+        uniqueStringWithBase(names({u"Field"_s, u"Field 01"_s, u"Field  1"_s, u"Field +1"_s,
+                                    u"Field 1 "_s, u"Field1"_s, u"Field 99999999999999999999"_s}),
+                             base),
+        u"Field 1"_s);
 }
 
 TEST_F(CollectionTest, InternalUniqueNames)
 {
-    const QString base = QStringLiteral("My Field");
-    EXPECT_EQ(internalUniqueStringWithBase(Fields(), base, Name), QStringLiteral("MyField"));
-    EXPECT_EQ(internalUniqueStringWithBase(fieldsNamed({QStringLiteral("MyField")}), base, Name),
-              QStringLiteral("MyField1"));
-    const Fields taken = fieldsNamed({QStringLiteral("name"), QStringLiteral("NAME1")});
-    EXPECT_EQ(internalCaseInsensitiveUniqueStringWithBase(taken, QStringLiteral("Name"), Name),
-              QStringLiteral("Name2"));
-    EXPECT_EQ(internalUniqueStringWithBase(taken, QStringLiteral("Name"), Name),
-              QStringLiteral("Name"));
+    const QString base = u"My Field"_s;
+    EXPECT_EQ(internalUniqueStringWithBase(Fields(), base, Name), u"MyField"_s);
+    EXPECT_EQ(internalUniqueStringWithBase(fieldsNamed({u"MyField"_s}), base, Name), u"MyField1"_s);
+    const Fields taken = fieldsNamed({u"name"_s, u"NAME1"_s});
+    EXPECT_EQ(internalCaseInsensitiveUniqueStringWithBase(taken, u"Name"_s, Name), u"Name2"_s);
+    EXPECT_EQ(internalUniqueStringWithBase(taken, u"Name"_s, Name), u"Name"_s);
     EXPECT_TRUE(internalUniqueStringWithBase(abc, QString(), Name).isNull());
-    EXPECT_EQ(
-        internalUniqueStringWithBase(fieldsNamed({QStringLiteral("")}), QStringLiteral(" "), Name),
-        QStringLiteral("1"));
+    EXPECT_EQ(internalUniqueStringWithBase(fieldsNamed({u""_s}), u" "_s, Name), u"1"_s);
 }
 
 TEST_F(CollectionTest, UniqueNamesAgreeWithTryingThemOneByOne)
 {
     // The same answer as the plain way of asking for each candidate in turn.
-    const QStringList pool{QStringLiteral("a"),   QStringLiteral("a 1"), QStringLiteral("a 2"),
-                           QStringLiteral("a 3"), QStringLiteral("A 1"), QString()};
+    const QStringList pool{u"a"_s, u"a 1"_s, u"a 2"_s, u"a 3"_s, u"A 1"_s, QString()};
     for (unsigned mask = 0; mask < 64; ++mask) {
         QStringList names;
         for (int bit = 0; bit < 6; ++bit) {
@@ -310,10 +296,10 @@ TEST_F(CollectionTest, UniqueNamesAgreeWithTryingThemOneByOne)
                 names += pool[bit];
         }
         const Fields fields = fieldsNamed(names);
-        QString candidate = QStringLiteral("a");
+        QString candidate = u"a"_s;
         for (int number = 1; containsObjectWithValue(fields, candidate, Name); ++number)
-            candidate = QStringLiteral("a %1").arg(number);
-        EXPECT_EQ(uniqueStringWithBase(fields, QStringLiteral("a")), candidate) << mask;
+            candidate = u"a %1"_s.arg(number);
+        EXPECT_EQ(uniqueStringWithBase(fields, u"a"_s), candidate) << mask;
     }
 }
 
@@ -321,10 +307,9 @@ TEST_F(CollectionTest, UniqueNamesRefuseNilAndBlankBases)
 {
     testing_support::standardErrorOf([&] {
         EXPECT_RAISES(uniqueStringWithBase(abc, QString()), NSInternalInconsistencyException,
-                      QStringLiteral("NSArray_KTAdditions basename can't be null"));
-        EXPECT_RAISES(uniqueStringWithBase(abc, QStringLiteral(" \n")),
-                      NSInternalInconsistencyException,
-                      QStringLiteral("NSArray_KTAdditions basename can't be empty"));
+                      u"NSArray_KTAdditions basename can't be null"_s);
+        EXPECT_RAISES(uniqueStringWithBase(abc, u" \n"_s), NSInternalInconsistencyException,
+                      u"NSArray_KTAdditions basename can't be empty"_s);
     });
     const QString log = testing_support::standardErrorOf(
         [&] { EXPECT_THROW(uniqueStringWithBase(abc, QString()), NSException); });
@@ -346,15 +331,11 @@ TEST_F(CollectionTest, HostileNamesStayUnique)
 
 TEST_F(CollectionTest, ListsAsText)
 {
-    EXPECT_EQ(listWithKey(abc, Name, QStringLiteral("<"), QStringLiteral(">"), QString()),
-              QStringLiteral("<a><b><(null)>"));
+    EXPECT_EQ(listWithKey(abc, Name, u"<"_s, u">"_s, QString()), u"<a><b><(null)>"_s);
     abc[1]->_flag = true;
-    EXPECT_EQ(
-        listWithKey(abc, Name, QStringLiteral("-"), QStringLiteral(""), QStringLiteral("flag")),
-        QStringLiteral("-b"));
-    EXPECT_EQ(listWithKey(abc, Size, QString(), QStringLiteral(" %d "), QStringLiteral("name")),
-              QStringLiteral(""));
-    EXPECT_EQ(listWithKey(Fields(), Name, Name, Name, Name), QStringLiteral(""));
+    EXPECT_EQ(listWithKey(abc, Name, u"-"_s, u""_s, u"flag"_s), u"-b"_s);
+    EXPECT_EQ(listWithKey(abc, Size, QString(), u" %d "_s, u"name"_s), u""_s);
+    EXPECT_EQ(listWithKey(Fields(), Name, Name, Name, Name), u""_s);
 }
 
 TEST_F(CollectionTest, DictionariesByKeyAndPosition)

@@ -10,6 +10,8 @@
 #include <limits>
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -39,11 +41,11 @@ double answerOf(const QString &operation, const QJsonObject &arguments)
 {
     const QDateTime date = instant(arguments.value(u"t").toDouble());
     const std::map<QString, Adding> adding = {
-        {QStringLiteral("dateByAddingYears:"), KTAdditions::dateByAddingYears},
-        {QStringLiteral("dateByAddingMonths:"), KTAdditions::dateByAddingMonths},
-        {QStringLiteral("dateByAddingDays:"), KTAdditions::dateByAddingDays},
-        {QStringLiteral("dateByAddingHours:"), KTAdditions::dateByAddingHours},
-        {QStringLiteral("dateByAddingSeconds:"), KTAdditions::dateByAddingSeconds},
+        {u"dateByAddingYears:"_s, KTAdditions::dateByAddingYears},
+        {u"dateByAddingMonths:"_s, KTAdditions::dateByAddingMonths},
+        {u"dateByAddingDays:"_s, KTAdditions::dateByAddingDays},
+        {u"dateByAddingHours:"_s, KTAdditions::dateByAddingHours},
+        {u"dateByAddingSeconds:"_s, KTAdditions::dateByAddingSeconds},
     };
     if (const auto found = adding.find(operation); found != adding.end())
         return secondsOf(found->second(date, arguments.value(u"n").toInt()));
@@ -53,7 +55,7 @@ double answerOf(const QString &operation, const QJsonObject &arguments)
         return secondsOf(KTAdditions::endOfDay(date));
     if (operation == u"secondsSinceMidnight")
         return KTAdditions::secondsSinceMidnight(date);
-    EXPECT_EQ(operation, QStringLiteral("secondOfDay"));
+    EXPECT_EQ(operation, u"secondOfDay"_s);
     const QTimeZone zone(arguments.value(u"dateTimeZone").toString().toUtf8());
     return KTAdditions::secondOfDay(date.toTimeZone(zone));
 }
@@ -61,7 +63,7 @@ double answerOf(const QString &operation, const QJsonObject &arguments)
 
 TEST(DateAdditions, AsInTheTable)
 {
-    const QList<QJsonObject> rows = rowsOf(QStringLiteral("system/dates.jsonl"));
+    const QList<QJsonObject> rows = rowsOf(u"system/dates.jsonl"_s);
     EXPECT_EQ(rows.size(), 138);
     for (const QJsonObject &row : rows) {
         SCOPED_TRACE(row.value(u"op").toString().toStdString() + ' ' +
@@ -147,7 +149,7 @@ TEST(DateAdditions, ZonesWithTwoMidnights)
 
 TEST(DateAdditions, OtherCalendars)
 {
-    NSLocale::setCurrentLocale(NSLocale(QStringLiteral("ja_JP@calendar=japanese")));
+    NSLocale::setCurrentLocale(NSLocale(u"ja_JP@calendar=japanese"_s));
     const QDateTime date = instant(1204718400);
     EXPECT_EQ(KTAdditions::secondsSinceMidnight(KTAdditions::beginningOfDay(date)), 0);
     EXPECT_EQ(KTAdditions::dateByAddingYears(KTAdditions::dateByAddingYears(date, 30), -30), date);

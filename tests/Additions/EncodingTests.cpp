@@ -10,6 +10,8 @@
 
 #include <random>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -23,8 +25,7 @@ QString resultOf(const QString &operation, const QJsonObject &arguments)
     const QByteArray data = QByteArray::fromHex(arguments[u"hex"].toString().toLatin1());
     const QString text = arguments[u"s"].toString();
     const auto hexOf = [](const QByteArray &result) {
-        return result.isNull() ? QString()
-                               : QString(QStringLiteral("") + QString::fromLatin1(result.toHex()));
+        return result.isNull() ? QString() : QString(u""_s + QString::fromLatin1(result.toHex()));
     };
     if (operation == u"base64String")
         return KTAdditions::base64String(data);
@@ -72,7 +73,7 @@ TEST(Encodings, AreAsTheTableSays)
 {
     useFreshHome();
     int rows = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("system/encodings.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"system/encodings.jsonl"_s)) {
         const KTLogCapture log(kLog_invalid, 7);
         const QString found = resultOf(row[u"op"].toString(), row[u"args"].toObject());
         const QString where =
@@ -99,7 +100,7 @@ TEST(Encodings, RunTheirExamples)
 {
     EXPECT_EQ(KTAdditions::base64String("ABC"), u"QUJD");
     EXPECT_EQ(KTAdditions::base64String(bytes("41ff42")), u"QQ==Qg==");
-    EXPECT_EQ(KTAdditions::initWithBase64String(QStringLiteral("QUJD")), "ABC");
+    EXPECT_EQ(KTAdditions::initWithBase64String(u"QUJD"_s), "ABC");
     EXPECT_EQ(KTAdditions::md5Digest(QByteArray()).toHex(), "d41d8cd98f00b204e9800998ecf8427e");
     EXPECT_EQ(KTAdditions::sha1Digest("abc").toHex(), "a9993e364706816aba3e25717850c26c9cd0d89d");
     const QByteArray picture = bytes("00ff10");
@@ -133,23 +134,22 @@ TEST(Encodings, FollowTheRulesOfEndMarksWhateverComes)
 TEST(Encodings, PassOverWhatIsNoLetter)
 {
     const KTLogCapture log(kLog_invalid, 7);
-    EXPECT_EQ(KTAdditions::initWithBase64String(QStringLiteral(" Q\nU\tJ-D.")), "ABC");
-    EXPECT_EQ(KTAdditions::initWithBase64String(QStringLiteral("QQ==QUJD")), "A");
-    EXPECT_EQ(KTAdditions::initWithBase64String(QStringLiteral("QUJDQUI=")), "ABCAB");
+    EXPECT_EQ(KTAdditions::initWithBase64String(u" Q\nU\tJ-D."_s), "ABC");
+    EXPECT_EQ(KTAdditions::initWithBase64String(u"QQ==QUJD"_s), "A");
+    EXPECT_EQ(KTAdditions::initWithBase64String(u"QUJDQUI="_s), "ABCAB");
     EXPECT_TRUE(log.messages().isEmpty());
-    const QByteArray nothing = KTAdditions::initWithBase64String(QStringLiteral("QUJDé"));
+    const QByteArray nothing = KTAdditions::initWithBase64String(u"QUJDé"_s);
     EXPECT_TRUE(nothing.isEmpty());
     EXPECT_FALSE(nothing.isNull());
     EXPECT_EQ(KTAdditions::initWithBase64String(QString()), "");
-    KTAdditions::initWithBase64String(QStringLiteral("QUJDQ"));
-    EXPECT_EQ(log.messages(),
-              QStringList(QStringLiteral("Base64Error: Premature end of Base64 string")));
+    KTAdditions::initWithBase64String(u"QUJDQ"_s);
+    EXPECT_EQ(log.messages(), QStringList(u"Base64Error: Premature end of Base64 string"_s));
 }
 
 TEST(Encodings, ArchiveDataAsTheTableSays)
 {
     int rows = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/keyed_archive.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"platform/keyed_archive.jsonl"_s)) {
         const QString operation = row[u"op"].toString();
         if (!operation.startsWith(u"archive ") || !row.contains(u"input_hex"))
             continue;
@@ -171,19 +171,15 @@ TEST(Encodings, RefuseArchivesOfSomethingElse)
     const QString good = KTAdditions::archiveToString("ABC");
     const QStringList texts{
         QString(),
-        QStringLiteral(""),
-        QStringLiteral("no archive"),
-        QStringLiteral("é"),
-        QString(good).replace(QStringLiteral("<integer>1</integer>"),
-                              QStringLiteral("<integer>7</integer>")),
-        QString(good).replace(QStringLiteral("<integer>1</integer>"),
-                              QStringLiteral("<integer>-1</integer>")),
-        QString(good).replace(QStringLiteral("<integer>1</integer>"),
-                              QStringLiteral("<string>1</string>")),
-        QString(good).replace(QStringLiteral("<integer>1</integer>"),
-                              QStringLiteral("<integer>0</integer>")),
-        QString(good).replace(QStringLiteral("__xml__archive__"), QStringLiteral("other")),
-        QStringLiteral("<plist version=\"1.0\"><array/></plist>")};
+        u""_s,
+        u"no archive"_s,
+        u"é"_s,
+        QString(good).replace(u"<integer>1</integer>"_s, u"<integer>7</integer>"_s),
+        QString(good).replace(u"<integer>1</integer>"_s, u"<integer>-1</integer>"_s),
+        QString(good).replace(u"<integer>1</integer>"_s, u"<string>1</string>"_s),
+        QString(good).replace(u"<integer>1</integer>"_s, u"<integer>0</integer>"_s),
+        QString(good).replace(u"__xml__archive__"_s, u"other"_s),
+        u"<plist version=\"1.0\"><array/></plist>"_s};
     for (const QString &text : texts)
         EXPECT_TRUE(KTAdditions::initWithStringArchive(text).isNull() ||
                     text.contains(u"<string>1</string>"))

@@ -12,6 +12,8 @@
 
 #include <QFontMetricsF>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -372,10 +374,10 @@ TEST(ImageBadger, PillsByTheNumberOfCharacters)
     ASSERT_FALSE(one.isNull());
     for (const unsigned count : {0U, 2U, 6U, 7U, 4000000000U})
         EXPECT_EQ(KTImageBadger::badgeOfSize(count), one);
-    EXPECT_EQ(one, NSImage::imageNamed(QStringLiteral("dragBadge1-2.tif")));
+    EXPECT_EQ(one, NSImage::imageNamed(u"dragBadge1-2.tif"_s));
     for (const unsigned count : {3U, 4U, 5U}) {
         EXPECT_EQ(KTImageBadger::badgeOfSize(count),
-                  NSImage::imageNamed(QStringLiteral("dragBadge%1.tif").arg(count)));
+                  NSImage::imageNamed(u"dragBadge%1.tif"_s.arg(count)));
         EXPECT_GT(KTImageBadger::badgeOfSize(count).width(),
                   KTImageBadger::badgeOfSize(count - 1).width());
     }
@@ -404,7 +406,7 @@ TEST(ImageBadger, PillsHoldTheWidestCharacters)
 TEST(ImageBadger, TextStandsInTheMiddle)
 {
     needApplication();
-    const QString text = QStringLiteral("247");
+    const QString text = u"247"_s;
     const QImage pill = KTImageBadger::badgeOfSize(3);
     const QImage badge = KTImageBadger::badgeWithString(text);
     EXPECT_EQ(badge.size(), pill.size());
@@ -423,12 +425,12 @@ TEST(ImageBadger, TextStandsInTheMiddle)
 TEST(ImageBadger, LongTextsAreReplaced)
 {
     needApplication();
-    const QImage question = KTImageBadger::badgeWithString(QStringLiteral("?!"));
+    const QImage question = KTImageBadger::badgeWithString(u"?!"_s);
     EXPECT_EQ(question.size(), KTImageBadger::badgeOfSize(2).size());
-    EXPECT_EQ(KTImageBadger::badgeWithString(QStringLiteral("123456")), question);
-    EXPECT_EQ(KTImageBadger::badgeWithString(megabyteOf(QStringLiteral("12"))), question);
-    EXPECT_NE(KTImageBadger::badgeWithString(QStringLiteral("12345")), question);
-    EXPECT_EQ(KTImageBadger::badgeWithString(QStringLiteral("12345")).size(),
+    EXPECT_EQ(KTImageBadger::badgeWithString(u"123456"_s), question);
+    EXPECT_EQ(KTImageBadger::badgeWithString(megabyteOf(u"12"_s)), question);
+    EXPECT_NE(KTImageBadger::badgeWithString(u"12345"_s), question);
+    EXPECT_EQ(KTImageBadger::badgeWithString(u"12345"_s).size(),
               KTImageBadger::badgeOfSize(5).size());
 }
 
@@ -436,18 +438,18 @@ TEST(ImageBadger, AnyTextIsTaken)
 {
     needApplication();
     const QImage empty = KTImageBadger::badgeWithString(QString());
-    EXPECT_EQ(empty, KTImageBadger::badgeWithString(QStringLiteral("")));
+    EXPECT_EQ(empty, KTImageBadger::badgeWithString(u""_s));
     EXPECT_EQ(empty.size(), KTImageBadger::badgeOfSize(0).size());
     for (const QString &text : hostileTexts())
         EXPECT_FALSE(KTImageBadger::badgeWithString(text).isNull());
-    EXPECT_FALSE(KTImageBadger::badgeWithString(QStringLiteral("1\n2")).isNull());
+    EXPECT_FALSE(KTImageBadger::badgeWithString(u"1\n2"_s).isNull());
 }
 
 TEST(ImageBadger, ABadgedPicture)
 {
     needApplication();
     const QImage picture = solid(64, 64, Qt::black);
-    const QImage badge = KTImageBadger::badgeWithString(QStringLiteral("12"));
+    const QImage badge = KTImageBadger::badgeWithString(u"12"_s);
     const QImage dragged = KTAdditions::applyBadge(picture, badge, 1, 0, false);
     const QColor corner = pixelFromBottom(dragged, 63 - badge.width() + 6, 10);
     EXPECT_GT(corner.red(), 150);

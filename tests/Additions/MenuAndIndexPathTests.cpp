@@ -9,6 +9,8 @@
 
 #include <climits>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// A font whose bounding rectangle is 20 pixels high, as far as whole pixels allow.
 QFont twentyHigh()
@@ -23,9 +25,9 @@ class MenuHeight : public testing_support::WindowedTest
 protected:
     MenuHeight()
     {
-        menu.addAction(QStringLiteral("Cut"));
+        menu.addAction(u"Cut"_s);
         menu.addSeparator();
-        menu.addAction(QStringLiteral("Paste"));
+        menu.addAction(u"Paste"_s);
     }
     float upTo(int index) { return KTAdditions::heightAdjustmentForItemAtIndex(menu, index, font); }
 
@@ -60,7 +62,7 @@ TEST_F(MenuHeight, HiddenItemsCount)
 
 TEST_F(MenuHeight, FontsThatDoNotExistHaveAStandIn)
 {
-    font = QFont(QStringLiteral("No Such Font"));
+    font = QFont(u"No Such Font"_s);
     EXPECT_GT(upTo(0), 0);
 }
 
@@ -89,7 +91,6 @@ TEST(IndexPath, LevelsAndOrder)
 
 TEST(ColorText, IsRedGreenBlueAndAlpha)
 {
-    EXPECT_EQ(KTAdditions::ktColorWithString(QStringLiteral("1 0.5 0 1")),
-              QColor::fromRgbF(1, 0.5F, 0));
-    EXPECT_EQ(KTAdditions::ktStringRepresentation(QColor(Qt::red)), QStringLiteral("1 0 0 1"));
+    EXPECT_EQ(KTAdditions::ktColorWithString(u"1 0.5 0 1"_s), QColor::fromRgbF(1, 0.5F, 0));
+    EXPECT_EQ(KTAdditions::ktStringRepresentation(QColor(Qt::red)), u"1 0 0 1"_s);
 }

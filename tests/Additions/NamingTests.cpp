@@ -8,6 +8,8 @@
 #include <functional>
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 using namespace KTAdditions;
 using testing_support::rowsOf;
 
@@ -16,17 +18,17 @@ namespace {
 const std::map<QString, QString (*)(const QString &)> &transforms()
 {
     static const std::map<QString, QString (*)(const QString &)> table = {
-        {QStringLiteral("entityString"), entityString},
-        {QStringLiteral("entityStringFromString:"), entityStringFromString},
-        {QStringLiteral("labelString"), labelString},
-        {QStringLiteral("libraryEntityName"), libraryEntityName},
-        {QStringLiteral("libraryEntityNameFromString:"), libraryEntityNameFromString},
-        {QStringLiteral("lowerCaseNameFromString:"), lowerCaseNameFromString},
-        {QStringLiteral("properNounString"), properNounString},
-        {QStringLiteral("propertyStringFromString:"), propertyStringFromString},
-        {QStringLiteral("stringFromBumpyCaseString:"), stringFromBumpyCaseString},
-        {QStringLiteral("tableColumnString"), tableColumnString},
-        {QStringLiteral("tableNameString"), tableNameString},
+        {u"entityString"_s, entityString},
+        {u"entityStringFromString:"_s, entityStringFromString},
+        {u"labelString"_s, labelString},
+        {u"libraryEntityName"_s, libraryEntityName},
+        {u"libraryEntityNameFromString:"_s, libraryEntityNameFromString},
+        {u"lowerCaseNameFromString:"_s, lowerCaseNameFromString},
+        {u"properNounString"_s, properNounString},
+        {u"propertyStringFromString:"_s, propertyStringFromString},
+        {u"stringFromBumpyCaseString:"_s, stringFromBumpyCaseString},
+        {u"tableColumnString"_s, tableColumnString},
+        {u"tableNameString"_s, tableNameString},
     };
     return table;
 }
@@ -40,10 +42,9 @@ void forgetEverything()
 
 QString resultOf(const QString &operation, const QJsonObject &arguments)
 {
-    const QString text = arguments.value(QStringLiteral("s")).toString();
+    const QString text = arguments.value(u"s"_s).toString();
     if (operation == u"bumpyCaseStringFromString:uppercaseFirst:")
-        return bumpyCaseStringFromString(
-            text, arguments.value(QStringLiteral("uppercaseFirst")).toBool());
+        return bumpyCaseStringFromString(text, arguments.value(u"uppercaseFirst"_s).toBool());
     if (operation == u"stringWithString:andFilter:")
         return stringWithString(text, testing_support::characterSetFrom(arguments));
     return transforms().at(operation)(text);
@@ -53,10 +54,10 @@ QString resultOf(const QString &operation, const QJsonObject &arguments)
 const std::map<QString, QString> &otherwiseCapitalized()
 {
     static const std::map<QString, QString> table = {
-        {QStringLiteral("12  g-g\t"), QStringLiteral("12  G-G\t")},
-        {QStringLiteral(" a--b "), QStringLiteral(" A--B ")},
-        {QStringLiteral("under_score Name"), QStringLiteral("Under_Score  Name")},
-        {QStringLiteral("foo-bar Baz"), QStringLiteral("Foo-Bar  Baz")},
+        {u"12  g-g\t"_s, u"12  G-G\t"_s},
+        {u" a--b "_s, u" A--B "_s},
+        {u"under_score Name"_s, u"Under_Score  Name"_s},
+        {u"foo-bar Baz"_s, u"Foo-Bar  Baz"_s},
     };
     return table;
 }
@@ -64,23 +65,21 @@ const std::map<QString, QString> &otherwiseCapitalized()
 QString expectedOf(const QJsonObject &row, const QString &text)
 {
     const auto other = otherwiseCapitalized().find(text);
-    const bool isLabel =
-        row.value(QStringLiteral("op")).toString() == u"stringFromBumpyCaseString:";
-    return isLabel && other != otherwiseCapitalized().end()
-               ? other->second
-               : row.value(QStringLiteral("out")).toString();
+    const bool isLabel = row.value(u"op"_s).toString() == u"stringFromBumpyCaseString:";
+    return isLabel && other != otherwiseCapitalized().end() ? other->second
+                                                            : row.value(u"out"_s).toString();
 }
 } // namespace
 
 TEST(Naming, EveryRowGivesItsResult)
 {
     int rows = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("system/naming.jsonl"))) {
-        const QString operation = row.value(QStringLiteral("op")).toString();
+    for (const QJsonObject &row : rowsOf(u"system/naming.jsonl"_s)) {
+        const QString operation = row.value(u"op"_s).toString();
         if (operation == u"calls" || operation.contains(u"ransformedValue:"))
             continue;
-        const QJsonObject arguments = row.value(QStringLiteral("args")).toObject();
-        const QString text = arguments.value(QStringLiteral("s")).toString();
+        const QJsonObject arguments = row.value(u"args"_s).toObject();
+        const QString text = arguments.value(u"s"_s).toString();
         SCOPED_TRACE(operation.toStdString() + ' ' + text.toStdString());
         forgetEverything();
         EXPECT_EQ(resultOf(operation, arguments), expectedOf(row, text));
@@ -92,12 +91,12 @@ TEST(Naming, EveryRowGivesItsResult)
 TEST(Naming, TheExamplesOfTheHeaderHold)
 {
     forgetEverything();
-    EXPECT_EQ(propertyString(QStringLiteral("Date of birth")), QStringLiteral("dateOfBirth"));
-    EXPECT_EQ(entityString(QStringLiteral("My Library")), QStringLiteral("MyLibrary"));
-    EXPECT_EQ(libraryEntityName(QStringLiteral("Bücher")), QStringLiteral("lib_library"));
-    EXPECT_EQ(tableNameString(QStringLiteral("My Library")), QStringLiteral("kt_my_library"));
-    EXPECT_EQ(tableColumnString(QStringLiteral("First Name")), QStringLiteral("kt_firstName"));
-    EXPECT_EQ(labelString(QStringLiteral("firstName")), QStringLiteral("First Name"));
+    EXPECT_EQ(propertyString(u"Date of birth"_s), u"dateOfBirth"_s);
+    EXPECT_EQ(entityString(u"My Library"_s), u"MyLibrary"_s);
+    EXPECT_EQ(libraryEntityName(u"Bücher"_s), u"lib_library"_s);
+    EXPECT_EQ(tableNameString(u"My Library"_s), u"kt_my_library"_s);
+    EXPECT_EQ(tableColumnString(u"First Name"_s), u"kt_firstName"_s);
+    EXPECT_EQ(labelString(u"firstName"_s), u"First Name"_s);
 }
 
 TEST(Naming, BumpyCase)
@@ -133,59 +132,53 @@ TEST(Naming, BumpyCase)
 
 TEST(Naming, LabelsFromCamelCase)
 {
-    EXPECT_EQ(stringFromBumpyCaseString(QStringLiteral("ID")), QStringLiteral("I D"));
-    EXPECT_EQ(stringFromBumpyCaseString(QStringLiteral("URLField")), QStringLiteral("U R L Field"));
-    EXPECT_EQ(stringFromBumpyCaseString(QStringLiteral("First Name")),
-              QStringLiteral("First  Name"));
-    EXPECT_EQ(stringFromBumpyCaseString(QStringLiteral("")), QStringLiteral(""));
-    EXPECT_EQ(stringFromBumpyCaseString(QStringLiteral("don't stop")),
-              QStringLiteral("Don't Stop"));
+    EXPECT_EQ(stringFromBumpyCaseString(u"ID"_s), u"I D"_s);
+    EXPECT_EQ(stringFromBumpyCaseString(u"URLField"_s), u"U R L Field"_s);
+    EXPECT_EQ(stringFromBumpyCaseString(u"First Name"_s), u"First  Name"_s);
+    EXPECT_EQ(stringFromBumpyCaseString(u""_s), u""_s);
+    EXPECT_EQ(stringFromBumpyCaseString(u"don't stop"_s), u"Don't Stop"_s);
 }
 
 TEST(Naming, SnakeCase)
 {
-    EXPECT_EQ(lowerCaseNameFromString(QStringLiteral("First Name!")), QStringLiteral("first_name"));
-    EXPECT_EQ(lowerCaseNameFromString(QStringLiteral(" a--b ")), QStringLiteral("a_b"));
-    EXPECT_EQ(lowerCaseNameFromString(QStringLiteral("!?")), QStringLiteral(""));
-    EXPECT_FALSE(lowerCaseNameFromString(QStringLiteral("!?")).isNull());
+    EXPECT_EQ(lowerCaseNameFromString(u"First Name!"_s), u"first_name"_s);
+    EXPECT_EQ(lowerCaseNameFromString(u" a--b "_s), u"a_b"_s);
+    EXPECT_EQ(lowerCaseNameFromString(u"!?"_s), u""_s);
+    EXPECT_FALSE(lowerCaseNameFromString(u"!?"_s).isNull());
 }
 
 TEST(Naming, LibraryEntityNames)
 {
     forgetEverything();
-    EXPECT_EQ(libraryEntityNameFromString(QStringLiteral("Sales.Contacts 2")),
-              QStringLiteral("lib_contacts_2"));
-    EXPECT_EQ(libraryEntityNameFromString(QStringLiteral("lib_x")), QStringLiteral("lib_x"));
-    EXPECT_EQ(libraryEntityNameFromString(QStringLiteral("")), QStringLiteral("lib_library"));
-    EXPECT_EQ(libraryEntityNameFromString(QStringLiteral("Sales.")), QStringLiteral("lib_library"));
+    EXPECT_EQ(libraryEntityNameFromString(u"Sales.Contacts 2"_s), u"lib_contacts_2"_s);
+    EXPECT_EQ(libraryEntityNameFromString(u"lib_x"_s), u"lib_x"_s);
+    EXPECT_EQ(libraryEntityNameFromString(u""_s), u"lib_library"_s);
+    EXPECT_EQ(libraryEntityNameFromString(u"Sales."_s), u"lib_library"_s);
 }
 
 TEST(Naming, TheFirstConversionOfAnEntityStays)
 {
     forgetEverything();
-    EXPECT_EQ(entityStringFromString(QStringLiteral("Books")), QStringLiteral("Books"));
-    EXPECT_EQ(libraryEntityNameFromString(QStringLiteral("Books")), QStringLiteral("Books"));
-    EXPECT_EQ(libraryEntityNameFromString(QStringLiteral("Films")), QStringLiteral("lib_films"));
-    EXPECT_EQ(entityStringFromString(QStringLiteral("Films")), QStringLiteral("lib_films"));
+    EXPECT_EQ(entityStringFromString(u"Books"_s), u"Books"_s);
+    EXPECT_EQ(libraryEntityNameFromString(u"Books"_s), u"Books"_s);
+    EXPECT_EQ(libraryEntityNameFromString(u"Films"_s), u"lib_films"_s);
+    EXPECT_EQ(entityStringFromString(u"Films"_s), u"lib_films"_s);
 }
 
 TEST(Naming, TrimmedTextsShareTheCachedObject)
 {
     forgetEverything();
-    const QString plain = propertyStringFromString(QStringLiteral("First Name"));
-    const QString padded = propertyStringFromString(QStringLiteral(" \n First Name\t"));
+    const QString plain = propertyStringFromString(u"First Name"_s);
+    const QString padded = propertyStringFromString(u" \n First Name\t"_s);
     EXPECT_EQ(padded.constData(), plain.constData());
-    EXPECT_EQ(KTStringTransformCache::sharedCache()->domain(QStringLiteral("properties")).size(),
-              1);
+    EXPECT_EQ(KTStringTransformCache::sharedCache()->domain(u"properties"_s).size(), 1);
 }
 
 TEST(Naming, FiltersNeverPassBlanks)
 {
     const NSCharacterSet everything([](char32_t) { return true; });
-    EXPECT_EQ(stringWithString(QStringLiteral(" a b\n\u00A0c\u2003"), everything),
-              QStringLiteral("abc"));
-    EXPECT_EQ(stringWithString(QStringLiteral("a😀b"), NSCharacterSet::symbolCharacterSet()),
-              QStringLiteral("😀"));
+    EXPECT_EQ(stringWithString(u" a b\n\u00A0c\u2003"_s, everything), u"abc"_s);
+    EXPECT_EQ(stringWithString(u"a😀b"_s, NSCharacterSet::symbolCharacterSet()), u"😀"_s);
 }
 
 TEST(Naming, NilStaysNilAndIsNotRemembered)
@@ -195,8 +188,7 @@ TEST(Naming, NilStaysNilAndIsNotRemembered)
         EXPECT_TRUE(transform(QString()).isNull()) << name.toStdString();
     EXPECT_TRUE(stringWithString(QString(), NSCharacterSet()).isNull());
     EXPECT_TRUE(bumpyCaseStringFromString(QString(), true).isNull());
-    EXPECT_TRUE(
-        KTStringTransformCache::sharedCache()->domain(QStringLiteral("entities")).isEmpty());
+    EXPECT_TRUE(KTStringTransformCache::sharedCache()->domain(u"entities"_s).isEmpty());
 }
 
 TEST(Naming, HostileTextsGetAnAnswer)
@@ -214,66 +206,61 @@ TEST(Naming, HostileTextsGetAnAnswer)
 TEST(KTStringTransformCache, StoresPerDomainAndReplaces)
 {
     KTStringTransformCache cache;
-    const QString domain = QStringLiteral("mine");
-    EXPECT_TRUE(cache.transformedStringForOriginalString(QStringLiteral("A"), domain).isNull());
-    cache.addTransformedString(QStringLiteral("kt_a"), QStringLiteral("A"), domain);
-    EXPECT_EQ(cache.transformedStringForOriginalString(QStringLiteral("A"), domain),
-              QStringLiteral("kt_a"));
-    cache.addTransformedString(QStringLiteral("kt_b"), QStringLiteral("A"), domain);
-    EXPECT_EQ(cache.transformedStringForOriginalString(QStringLiteral("A"), domain),
-              QStringLiteral("kt_b"));
-    EXPECT_TRUE(
-        cache.transformedStringForOriginalString(QStringLiteral("A"), QStringLiteral("other"))
-            .isNull());
+    const QString domain = u"mine"_s;
+    EXPECT_TRUE(cache.transformedStringForOriginalString(u"A"_s, domain).isNull());
+    cache.addTransformedString(u"kt_a"_s, u"A"_s, domain);
+    EXPECT_EQ(cache.transformedStringForOriginalString(u"A"_s, domain), u"kt_a"_s);
+    cache.addTransformedString(u"kt_b"_s, u"A"_s, domain);
+    EXPECT_EQ(cache.transformedStringForOriginalString(u"A"_s, domain), u"kt_b"_s);
+    EXPECT_TRUE(cache.transformedStringForOriginalString(u"A"_s, u"other"_s).isNull());
 }
 
 TEST(KTStringTransformCache, FindsTheSmallestOriginal)
 {
     KTStringTransformCache cache;
-    const QString domain = QStringLiteral("mine");
+    const QString domain = u"mine"_s;
     for (const char16_t *original : {u"b", u"a", u"Z", u"ä"})
-        cache.addTransformedString(QStringLiteral("x"), QString::fromUtf16(original), domain);
-    EXPECT_EQ(cache.originalStringForTransformedString(QStringLiteral("x"), domain),
-              QStringLiteral("Z"));
-    EXPECT_TRUE(cache.originalStringForTransformedString(QStringLiteral("y"), domain).isNull());
-    EXPECT_TRUE(cache.originalStringForTransformedString(QStringLiteral("x"), QString()).isNull());
+        cache.addTransformedString(u"x"_s, QString::fromUtf16(original), domain);
+    EXPECT_EQ(cache.originalStringForTransformedString(u"x"_s, domain), u"Z"_s);
+    EXPECT_TRUE(cache.originalStringForTransformedString(u"y"_s, domain).isNull());
+    EXPECT_TRUE(cache.originalStringForTransformedString(u"x"_s, QString()).isNull());
 }
 
 TEST(KTStringTransformCache, TakesNoNil)
 {
     KTStringTransformCache cache;
-    cache.addTransformedString(QString(), QStringLiteral("a"), QStringLiteral("d"));
-    cache.addTransformedString(QStringLiteral("a"), QString(), QStringLiteral("d"));
-    EXPECT_TRUE(cache.domain(QStringLiteral("d")).isEmpty());
+    cache.addTransformedString(QString(), u"a"_s, u"d"_s);
+    cache.addTransformedString(u"a"_s, QString(), u"d"_s);
+    EXPECT_TRUE(cache.domain(u"d"_s).isEmpty());
 }
 
 TEST(KTStringTransformCache, IsOneForTheProcessAndDomainsStay)
 {
     auto *cache = KTStringTransformCache::sharedCache();
     EXPECT_EQ(cache, KTStringTransformCache::sharedCache());
-    auto &domain = cache->domain(QStringLiteral("stays"));
+    auto &domain = cache->domain(u"stays"_s);
     for (int index = 0; index < 1000; ++index)
         cache->domain(QString::number(index));
-    EXPECT_EQ(&domain, &cache->domain(QStringLiteral("stays")));
+    EXPECT_EQ(&domain, &cache->domain(u"stays"_s));
 }
 
 TEST(KTString_KTDataTransformer, EveryRowGivesItsResult)
 {
     const KTString_KTDataTransformer transformer;
     int rows = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("system/naming.jsonl"))) {
-        const QString operation = row.value(QStringLiteral("op")).toString();
-        const QJsonObject arguments = row.value(QStringLiteral("args")).toObject();
-        const QVariant expected = row.value(QStringLiteral("out")).toVariant();
+    for (const QJsonObject &row : rowsOf(u"system/naming.jsonl"_s)) {
+        const QString operation = row.value(u"op"_s).toString();
+        const QJsonObject arguments = row.value(u"args"_s).toObject();
+        const QVariant expected = row.value(u"out"_s).toVariant();
         if (operation == u"transformedValue:") {
             const QByteArray data =
-                QByteArray::fromHex(arguments.value(QStringLiteral("hex")).toString().toLatin1());
+                QByteArray::fromHex(arguments.value(u"hex"_s).toString().toLatin1());
             const QVariant result = transformer.transformedValue(data);
             EXPECT_EQ(result.isValid(), !expected.isNull());
             EXPECT_EQ(result.toString(), expected.toString());
         } else if (operation == u"reverseTransformedValue:") {
-            const QVariant result = transformer.reverseTransformedValue(
-                arguments.value(QStringLiteral("s")).toVariant());
+            const QVariant result =
+                transformer.reverseTransformedValue(arguments.value(u"s"_s).toVariant());
             EXPECT_EQ(result.toByteArray().toHex(), expected.toByteArray());
         } else {
             continue;

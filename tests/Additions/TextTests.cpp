@@ -12,6 +12,8 @@
 #include <QRegularExpression>
 #include <QSet>
 
+using namespace Qt::StringLiterals;
+
 using namespace KTAdditions;
 using testing_support::rowsOf;
 
@@ -23,16 +25,16 @@ struct TextRow
     QJsonObject arguments;
     QJsonObject row;
 
-    QJsonValue expected() const { return row.value(QStringLiteral("out")); }
+    QJsonValue expected() const { return row.value(u"out"_s); }
 };
 
 QList<TextRow> textRows(const QString &operation)
 {
     QList<TextRow> rows;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("system/text.jsonl"))) {
-        const QJsonObject arguments = row.value(QStringLiteral("args")).toObject();
-        if (row.value(QStringLiteral("op")).toString() == operation)
-            rows += {operation, arguments.value(QStringLiteral("s")).toString(), arguments, row};
+    for (const QJsonObject &row : rowsOf(u"system/text.jsonl"_s)) {
+        const QJsonObject arguments = row.value(u"args"_s).toObject();
+        if (row.value(u"op"_s).toString() == operation)
+            rows += {operation, arguments.value(u"s"_s).toString(), arguments, row};
     }
     EXPECT_FALSE(rows.isEmpty()) << operation.toStdString();
     return rows;
@@ -43,8 +45,8 @@ QJsonArray linksOf(const NSAttributedString &text)
 {
     QJsonArray links;
     for (const auto &run : text.formats())
-        links += QJsonArray{run.start, run.length,
-                            QJsonObject{{QStringLiteral("NSLink"), run.format.anchorHref()}}};
+        links +=
+            QJsonArray{run.start, run.length, QJsonObject{{u"NSLink"_s, run.format.anchorHref()}}};
     return links;
 }
 
@@ -57,7 +59,7 @@ QString stripped(const char16_t *text, const char16_t *characters)
 
 TEST(TextAdditions, StripsAsInTheTable)
 {
-    for (const TextRow &row : textRows(QStringLiteral("stringByStrippingCharactersInSet:")))
+    for (const TextRow &row : textRows(u"stringByStrippingCharactersInSet:"_s))
         EXPECT_EQ(stringByStrippingCharactersInSet(
                       row.text, testing_support::characterSetFrom(row.arguments)),
                   row.expected().toString())
@@ -66,24 +68,24 @@ TEST(TextAdditions, StripsAsInTheTable)
 
 TEST(TextAdditions, StrippingTakesBlanksBehindWhatItRemoves)
 {
-    EXPECT_EQ(stripped(u"a - b", u"-"), QStringLiteral("a b"));
-    EXPECT_EQ(stripped(u"  a b", u"-"), QStringLiteral("a b"));
-    EXPECT_EQ(stripped(u" a\tb c\n", u" \t\n"), QStringLiteral("abc"));
-    EXPECT_EQ(stripped(u"--", u"-"), QStringLiteral(""));
-    EXPECT_EQ(stripped(u"", u"-"), QStringLiteral(""));
-    EXPECT_EQ(stripped(u"a😀b", u"😀"), QStringLiteral("ab"));
+    EXPECT_EQ(stripped(u"a - b", u"-"), u"a b"_s);
+    EXPECT_EQ(stripped(u"  a b", u"-"), u"a b"_s);
+    EXPECT_EQ(stripped(u" a\tb c\n", u" \t\n"), u"abc"_s);
+    EXPECT_EQ(stripped(u"--", u"-"), u""_s);
+    EXPECT_EQ(stripped(u"", u"-"), u""_s);
+    EXPECT_EQ(stripped(u"a😀b", u"😀"), u"ab"_s);
     EXPECT_TRUE(stringByStrippingCharactersInSet(QString(), NSCharacterSet()).isNull());
 }
 
 TEST(TextAdditions, NumbersAsInTheTable)
 {
-    for (const TextRow &row : textRows(QStringLiteral("integerNumberValue")))
+    for (const TextRow &row : textRows(u"integerNumberValue"_s))
         EXPECT_EQ(integerNumberValue(row.text), row.expected().toVariant())
             << row.text.toStdString();
-    for (const TextRow &row : textRows(QStringLiteral("boolNumberValue")))
+    for (const TextRow &row : textRows(u"boolNumberValue"_s))
         EXPECT_EQ(boolNumberValue(row.text), QVariant(row.expected().toBool()))
             << row.text.toStdString();
-    for (const TextRow &row : textRows(QStringLiteral("decimalNumberValue")))
+    for (const TextRow &row : textRows(u"decimalNumberValue"_s))
         EXPECT_EQ(NSObject::description(decimalNumberValue(row.text)), row.expected().toString())
             << row.text.toStdString();
 }
@@ -92,45 +94,40 @@ TEST(TextAdditions, NumbersAreNumbersWhateverTheText)
 {
     EXPECT_TRUE(NSObject::isNumber(integerNumberValue(QString())));
     EXPECT_TRUE(NSObject::isNumber(boolNumberValue(QString())));
-    EXPECT_TRUE(decimalNumberValue(QStringLiteral("abc")).value<NSDecimalNumber>().isNaN());
-    EXPECT_TRUE(decimalNumberValue(QStringLiteral("1,5")).value<NSDecimalNumber>() ==
-                NSDecimalNumber(1));
+    EXPECT_TRUE(decimalNumberValue(u"abc"_s).value<NSDecimalNumber>().isNaN());
+    EXPECT_TRUE(decimalNumberValue(u"1,5"_s).value<NSDecimalNumber>() == NSDecimalNumber(1));
 }
 
 TEST(TextAdditions, SearchWithCDAsInTheTable)
 {
-    for (const TextRow &row : textRows(QStringLiteral("shouldSearchWithCD")))
+    for (const TextRow &row : textRows(u"shouldSearchWithCD"_s))
         EXPECT_EQ(shouldSearchWithCD(row.text), row.expected().toBool()) << row.text.toStdString();
-    EXPECT_FALSE(shouldSearchWithCD(QStringLiteral("日本")));
-    EXPECT_TRUE(shouldSearchWithCD(QStringLiteral("Ünïcödé")));
-    EXPECT_TRUE(shouldSearchWithCD(QStringLiteral("e\u0301")));
-    EXPECT_FALSE(shouldSearchWithCD(QStringLiteral("a\u0328")));
+    EXPECT_FALSE(shouldSearchWithCD(u"日本"_s));
+    EXPECT_TRUE(shouldSearchWithCD(u"Ünïcödé"_s));
+    EXPECT_TRUE(shouldSearchWithCD(u"e\u0301"_s));
+    EXPECT_FALSE(shouldSearchWithCD(u"a\u0328"_s));
 }
 
 TEST(TextAdditions, FileNameSuffixesAsInTheTable)
 {
-    for (const TextRow &row : textRows(QStringLiteral("stringByAppendingToFilename:"))) {
-        const QString suffix = row.arguments.value(QStringLiteral("suffix")).toString();
+    for (const TextRow &row : textRows(u"stringByAppendingToFilename:"_s)) {
+        const QString suffix = row.arguments.value(u"suffix"_s).toString();
         const QString expected = row.expected().toString();
         // An empty extension appends nothing here: no dot is left at the end.
         const bool hasNoExtension = expected.endsWith(u'.');
         EXPECT_EQ(stringByAppendingToFilename(row.text, suffix),
                   hasNoExtension ? expected.chopped(1) : expected);
     }
-    EXPECT_EQ(stringByAppendingToFilename(QStringLiteral("Notes.txt"), QStringLiteral("(old)")),
-              QStringLiteral("Notes(old).txt"));
-    EXPECT_EQ(stringByAppendingToFilename(QStringLiteral("Report"), QStringLiteral(" 2")),
-              QStringLiteral("Report 2"));
+    EXPECT_EQ(stringByAppendingToFilename(u"Notes.txt"_s, u"(old)"_s), u"Notes(old).txt"_s);
+    EXPECT_EQ(stringByAppendingToFilename(u"Report"_s, u" 2"_s), u"Report 2"_s);
 }
 
 TEST(TextAdditions, UniquePathsAsInTheTable)
 {
-    for (const TextRow &row : textRows(QStringLiteral("uniqueFilePathForFilePath"))) {
+    for (const TextRow &row : textRows(u"uniqueFilePathForFilePath"_s)) {
         const QTemporaryDir root;
-        const auto inRoot = [&](QString path) {
-            return path.replace(QStringLiteral("{root}"), root.path());
-        };
-        const QJsonArray files = row.row.value(QStringLiteral("tree")).toArray();
+        const auto inRoot = [&](QString path) { return path.replace(u"{root}"_s, root.path()); };
+        const QJsonArray files = row.row.value(u"tree"_s).toArray();
         for (const QJsonValue file : files) {
             const QString path = root.filePath(file.toString());
             if (path.endsWith(u'/'))
@@ -149,19 +146,19 @@ TEST(TextAdditions, UniquePathsAsInTheTable)
 TEST(TextAdditions, UniquePathsBeginWithTwo)
 {
     const QTemporaryDir root;
-    const QString report = root.filePath(QStringLiteral("Report.txt"));
+    const QString report = root.filePath(u"Report.txt"_s);
     EXPECT_EQ(uniqueFilePathForFilePath(report), report);
     testing_support::writeFile(report, "x");
-    EXPECT_EQ(uniqueFilePathForFilePath(report), root.filePath(QStringLiteral("Report 2.txt")));
-    testing_support::writeFile(root.filePath(QStringLiteral("Report 2.txt")), "x");
-    EXPECT_EQ(uniqueFilePathForFilePath(report), root.filePath(QStringLiteral("Report 3.txt")));
-    EXPECT_EQ(uniqueFilePathForFilePath(root.path()), root.path() + QStringLiteral(" 2"));
+    EXPECT_EQ(uniqueFilePathForFilePath(report), root.filePath(u"Report 2.txt"_s));
+    testing_support::writeFile(root.filePath(u"Report 2.txt"_s), "x");
+    EXPECT_EQ(uniqueFilePathForFilePath(report), root.filePath(u"Report 3.txt"_s));
+    EXPECT_EQ(uniqueFilePathForFilePath(root.path()), root.path() + u" 2"_s);
 }
 
 TEST(TextAdditions, UUIDs)
 {
     static const QRegularExpression form(
-        QStringLiteral("^[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}$"));
+        u"^[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}$"_s);
     QSet<QString> seen;
     for (int index = 0; index < 100; ++index) {
         const QString plain = UUID();
@@ -175,7 +172,7 @@ TEST(TextAdditions, UUIDs)
 
 TEST(TextAdditions, HyperlinkIsStyledAsALink)
 {
-    const QString text = QStringLiteral("www.example.com");
+    const QString text = u"www.example.com"_s;
     const NSAttributedString link = hyperlink(text);
     EXPECT_EQ(link.string(), text);
     ASSERT_EQ(link.formats().size(), 1);
@@ -190,22 +187,21 @@ TEST(TextAdditions, HyperlinkIsStyledAsALink)
 
 TEST(URLDetection, FindsURLsInWordsAsInTheTable)
 {
-    for (const TextRow &row : textRows(QStringLiteral("_findURLInString:"))) {
+    for (const TextRow &row : textRows(u"_findURLInString:"_s)) {
         const auto url = KTURLTextAdditions::_findURLInString(row.text);
         EXPECT_EQ(url.has_value(), !row.expected().isNull()) << row.text.toStdString();
         if (url) {
             EXPECT_EQ(url->absoluteString(), row.expected().toString());
         }
     }
-    EXPECT_EQ(KTURLTextAdditions::_findURLInString(QStringLiteral("awww.b"))->absoluteString(),
-              QStringLiteral("http://awww.b"));
-    EXPECT_EQ(KTURLTextAdditions::_findURLInString(QStringLiteral("x://"))->absoluteString(),
-              QStringLiteral("x://"));
+    EXPECT_EQ(KTURLTextAdditions::_findURLInString(u"awww.b"_s)->absoluteString(),
+              u"http://awww.b"_s);
+    EXPECT_EQ(KTURLTextAdditions::_findURLInString(u"x://"_s)->absoluteString(), u"x://"_s);
 }
 
 TEST(URLDetection, DetectsAsInTheTable)
 {
-    for (const TextRow &row : textRows(QStringLiteral("detectURLs"))) {
+    for (const TextRow &row : textRows(u"detectURLs"_s)) {
         NSAttributedString text(row.text);
         KTURLTextAdditions::detectURLs(text);
         EXPECT_EQ(linksOf(text), row.expected().toArray()) << row.text.toStdString();
@@ -215,11 +211,10 @@ TEST(URLDetection, DetectsAsInTheTable)
 
 TEST(URLDetection, LinksOnlyTheWordThatLooksLikeAURL)
 {
-    NSAttributedString note(QStringLiteral("see www.example.com, today"));
+    NSAttributedString note(u"see www.example.com, today"_s);
     KTURLTextAdditions::detectURLs(note);
     ASSERT_EQ(note.formats().size(), 1);
-    EXPECT_EQ(note.attribute(NSLinkAttributeName, 4).toString(),
-              QStringLiteral("http://www.example.com,"));
+    EXPECT_EQ(note.attribute(NSLinkAttributeName, 4).toString(), u"http://www.example.com,"_s);
     EXPECT_TRUE(note.attributesAtIndex(4).isAnchor());
     EXPECT_FALSE(note.attribute(NSLinkAttributeName, 3).isValid());
     EXPECT_FALSE(note.attribute(NSLinkAttributeName, 20).isValid());
@@ -227,27 +222,26 @@ TEST(URLDetection, LinksOnlyTheWordThatLooksLikeAURL)
 
 TEST(URLDetection, LeavesOtherAttributes)
 {
-    NSAttributedString note(QStringLiteral("a http://b c"));
+    NSAttributedString note(u"a http://b c"_s);
     note.addAttribute(NSForegroundColorAttributeName, QBrush(Qt::red), {0, 5});
     KTURLTextAdditions::detectURLs(note);
     EXPECT_EQ(note.attribute(NSForegroundColorAttributeName, 3), QVariant(QBrush(Qt::red)));
-    EXPECT_EQ(note.attribute(NSLinkAttributeName, 3).toString(), QStringLiteral("http://b"));
-    EXPECT_EQ(note.attribute(NSLinkAttributeName, 9).toString(), QStringLiteral("http://b"));
+    EXPECT_EQ(note.attribute(NSLinkAttributeName, 3).toString(), u"http://b"_s);
+    EXPECT_EQ(note.attribute(NSLinkAttributeName, 9).toString(), u"http://b"_s);
     EXPECT_FALSE(note.attribute(NSForegroundColorAttributeName, 9).isValid());
 }
 
 TEST(URLDetection, FindsEveryOneOfManyLinks)
 {
-    NSAttributedString note(QStringLiteral("http://a.b ").repeated(40000));
+    NSAttributedString note(u"http://a.b "_s.repeated(40000));
     KTURLTextAdditions::detectURLs(note);
     EXPECT_EQ(note.formats().size(), 40000);
-    EXPECT_EQ(note.attribute(NSLinkAttributeName, note.length() - 2).toString(),
-              QStringLiteral("http://a.b"));
+    EXPECT_EQ(note.attribute(NSLinkAttributeName, note.length() - 2).toString(), u"http://a.b"_s);
 }
 
 TEST(URLDetection, RejectedWordsGetNoLink)
 {
-    NSAttributedString note(QStringLiteral("\"http://x.y\" http://a%zz http://ü.de www.<b>"));
+    NSAttributedString note(u"\"http://x.y\" http://a%zz http://ü.de www.<b>"_s);
     KTURLTextAdditions::detectURLs(note);
     EXPECT_TRUE(note.formats().isEmpty());
 }
@@ -262,7 +256,7 @@ TEST(AttributedStringAdditions, ComparesPlainTexts)
     EXPECT_TRUE(compareTexts(u"a", u"B") > 0);
     EXPECT_TRUE(compareTexts(u"a", u"a") == 0);
     EXPECT_TRUE(compareTexts(u"é", u"e\u0301") != 0);
-    EXPECT_TRUE(attributedStringWithString(QStringLiteral("x")).formats().isEmpty());
+    EXPECT_TRUE(attributedStringWithString(u"x"_s).formats().isEmpty());
 }
 
 TEST(TextAdditions, HostileTextsGetAnAnswer)
@@ -275,7 +269,7 @@ TEST(TextAdditions, HostileTextsGetAnAnswer)
         EXPECT_TRUE(NSObject::isNumber(integerNumberValue(text)));
         EXPECT_TRUE(NSObject::isNumber(decimalNumberValue(text)));
         EXPECT_EQ(boolNumberValue(text).typeId(), int(QMetaType::Bool));
-        EXPECT_GE(stringByAppendingToFilename(text, QStringLiteral("x")).size(), 1);
+        EXPECT_GE(stringByAppendingToFilename(text, u"x"_s).size(), 1);
         NSAttributedString note(text);
         KTURLTextAdditions::detectURLs(note);
         EXPECT_TRUE(note.formats().isEmpty());

@@ -11,11 +11,13 @@
 #include <memory>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString Fields = QStringLiteral("fields");
-const QString Labels = QStringLiteral("labels");
-const QString List = QStringLiteral("list");
-const QString ListNames = QStringLiteral("list.name");
+const QString Fields = u"fields"_s;
+const QString Labels = u"labels"_s;
+const QString List = u"list"_s;
+const QString ListNames = u"list.name"_s;
 
 /// An owner that does what a test wants as soon as it is called with some method.
 class ActingForm : public QObject
@@ -103,8 +105,7 @@ struct Scene
         model->setList(list);
     }
 
-    ObservedRecord a{QStringLiteral("A")}, b{QStringLiteral("B")}, c{QStringLiteral("C")},
-        d{QStringLiteral("D")};
+    ObservedRecord a{u"A"_s}, b{u"B"_s}, c{u"C"_s}, d{u"D"_s};
     std::unique_ptr<ObservedRecord> model = std::make_unique<ObservedRecord>();
     std::unique_ptr<ActingForm> form = std::make_unique<ActingForm>();
     std::unique_ptr<KTFieldDetailBinder> binder = std::make_unique<KTFieldDetailBinder>(form.get());
@@ -143,7 +144,7 @@ TEST(BinderLifetime, WhatTheOwnerChangesMeanwhileIsShownInTheEnd)
         scene.form->at(method, [&] { scene.setFields({&scene.b, &scene.d}); });
         scene.setFields({&scene.c, &scene.d});
         EXPECT_TRUE(scene.form->hasActed()) << method;
-        EXPECT_EQ(scene.form->shown(), QStringLiteral("BD")) << method;
+        EXPECT_EQ(scene.form->shown(), u"BD"_s) << method;
         scene.setFields({});
         EXPECT_TRUE(scene.form->views.empty()) << method;
     }
@@ -190,13 +191,13 @@ TEST(BinderLifetime, TheObservedObjectMayGoInEachOfTheCalls)
 TEST(BinderLifetime, TheFieldMayGoWhileItsDetailObjectIsMade)
 {
     Scene scene;
-    auto field = std::make_unique<ObservedRecord>(QStringLiteral("Short"));
+    auto field = std::make_unique<ObservedRecord>(u"Short"_s);
     ObservedRecord *const shortLived = field.get();
     scene.form->at("create", [&] { field.reset(); });
     scene.setFields({&scene.a, shortLived});
     EXPECT_TRUE(scene.form->hasActed());
     scene.setFields({&scene.a});
-    EXPECT_EQ(scene.form->views.front()->label(), QVariant(QStringLiteral("A")));
+    EXPECT_EQ(scene.form->views.front()->label(), QVariant(u"A"_s));
 }
 
 TEST(BinderLifetime, ExceptionsOfTheOwnerLeaveTheBinderUsable)
@@ -205,31 +206,30 @@ TEST(BinderLifetime, ExceptionsOfTheOwnerLeaveTheBinderUsable)
     scene.form->at("bound", [] { throw std::runtime_error("no"); });
     EXPECT_THROW(scene.setFields({&scene.c, &scene.d}), std::runtime_error);
     scene.setFields({&scene.a, &scene.b});
-    EXPECT_EQ(scene.form->shown(), QStringLiteral("AB"));
+    EXPECT_EQ(scene.form->shown(), u"AB"_s);
     scene.form->at("destroy", [] { throw std::runtime_error("no"); });
     EXPECT_THROW(scene.binder->unbind(Fields), std::runtime_error);
     scene.setFields({&scene.c});
-    EXPECT_EQ(scene.form->shown(), QStringLiteral("C"));
+    EXPECT_EQ(scene.form->shown(), u"C"_s);
 }
 
 TEST(BinderLifetime, BindingAgainWithTheBindersOwnPathAndOptions)
 {
-    ObservedRecord first(QStringLiteral("A"), 1), second(QStringLiteral("B"), 2);
+    ObservedRecord first(u"A"_s, 1), second(u"B"_s, 2);
     BoundView view;
-    const QVariantMap options{
-        {NSValueTransformerNameBindingOption, QStringLiteral("KTBaseValueTransformer")}};
+    const QVariantMap options{{NSValueTransformerNameBindingOption, u"KTBaseValueTransformer"_s}};
     KTPropertyBinder &binder = view.valueBinder;
-    binder.bind(NSValueBinding, &first, QStringLiteral("number"), options);
+    binder.bind(NSValueBinding, &first, u"number"_s, options);
     EXPECT_EQ(view.value(), QVariant(2U));
     binder.bind(NSValueBinding, &second, binder.keyPath(), binder.bindingOptions());
     EXPECT_EQ(view.value(), QVariant(3U));
-    EXPECT_EQ(binder.keyPath(), QStringLiteral("number"));
+    EXPECT_EQ(binder.keyPath(), u"number"_s);
     EXPECT_EQ(first.receivers(SIGNAL(numberChanged())), 0);
 }
 
 TEST(BinderLifetime, TheControllerMayGoInItsOwnNotifications)
 {
-    ObservedRecord record(QStringLiteral("A"), 1), other(QStringLiteral("B"), 2);
+    ObservedRecord record(u"A"_s, 1), other(u"B"_s, 2);
     for (const char16_t *const path :
          {u"content", u"arrangedObjects", u"selection.name", u"selectedObjects"}) {
         auto controller = std::make_unique<NSArrayController>();

@@ -16,6 +16,8 @@
 
 #include <QColor>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 struct Case
 {
@@ -53,7 +55,7 @@ QList<Case> cases()
     };
 }
 
-const QString Any = QStringLiteral("any");
+const QString Any = u"any"_s;
 } // namespace
 
 TEST(BinderTransformers, IntoTheOwnerWhenBoundAndWhenChanged)

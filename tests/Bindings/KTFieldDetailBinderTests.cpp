@@ -12,6 +12,8 @@
 #include <memory>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// A form that makes a view for each field, and writes down what it is told.
 class Form : public QObject
@@ -38,12 +40,12 @@ public:
         log += u"destroy " + detail->objectName();
         std::erase_if(views, [&](const auto &view) { return view.get() == detail; });
     }
-    Q_INVOKABLE void fieldDetailObjectsFinishedAdding() { log += QStringLiteral("added"); }
-    Q_INVOKABLE void fieldDetailObjectsFinishedRemoving() { log += QStringLiteral("removed"); }
-    Q_INVOKABLE void fieldDetailObjectsFinishedRearrange() { log += QStringLiteral("rearranged"); }
+    Q_INVOKABLE void fieldDetailObjectsFinishedAdding() { log += u"added"_s; }
+    Q_INVOKABLE void fieldDetailObjectsFinishedRemoving() { log += u"removed"_s; }
+    Q_INVOKABLE void fieldDetailObjectsFinishedRearrange() { log += u"rearranged"_s; }
     Q_INVOKABLE void setAutoScrollToInsertedObject(bool scrolls)
     {
-        log += scrolls ? QStringLiteral("scroll on") : QStringLiteral("scroll off");
+        log += scrolls ? u"scroll on"_s : u"scroll off"_s;
     }
 
     QStringList takeLog() { return std::exchange(log, {}); }
@@ -88,10 +90,10 @@ public:
     Q_INVOKABLE void fieldDetailObjectWasBound(QObject *) {}
 };
 
-const QString Fields = QStringLiteral("fields");
-const QString Source = QStringLiteral("source");
-const QString Keys = QStringLiteral("keys");
-const QString Labels = QStringLiteral("labels");
+const QString Fields = u"fields"_s;
+const QString Source = u"source"_s;
+const QString Keys = u"keys"_s;
+const QString Labels = u"labels"_s;
 
 class FieldDetailBinder : public testing::Test
 {
@@ -102,7 +104,7 @@ protected:
         binder->setFieldsBindingName(Fields);
         binder->setValueSourceBindingName(Source);
         binder->setFieldDetailValuesBindingName(Keys);
-        binder->addFieldDependentBindingName(Keys, QStringLiteral("key"));
+        binder->addFieldDependentBindingName(Keys, u"key"_s);
         binder->addFieldDependentBindingName(Labels, BoundView::Label);
     }
 
@@ -114,22 +116,22 @@ protected:
             list += QVariant::fromValue(field);
         library.setList(list);
     }
-    void bindFields() { binder->bind(Fields, &library, QStringLiteral("list")); }
+    void bindFields() { binder->bind(Fields, &library, u"list"_s); }
     void bindAll()
     {
-        binder->bind(Source, &sourceHolder, QStringLiteral("next"));
+        binder->bind(Source, &sourceHolder, u"next"_s);
         bindFields();
-        binder->bind(Keys, &library, QStringLiteral("list.any"));
-        binder->bind(Labels, &library, QStringLiteral("list.name"));
+        binder->bind(Keys, &library, u"list.any"_s);
+        binder->bind(Labels, &library, u"list.name"_s);
         form.takeLog();
     }
     static QStringList lines(const char16_t *text)
     {
-        return QString::fromUtf16(text).split(QStringLiteral(", "));
+        return QString::fromUtf16(text).split(u", "_s);
     }
 
-    ObservedRecord library, sourceHolder, record{QStringLiteral("Ada"), 36};
-    ObservedRecord a{QStringLiteral("A")}, b{QStringLiteral("B")}, c{QStringLiteral("C")};
+    ObservedRecord library, sourceHolder, record{u"Ada"_s, 36};
+    ObservedRecord a{u"A"_s}, b{u"B"_s}, c{u"C"_s};
     Form form;
     std::unique_ptr<KTFieldDetailBinder> binder;
 };
@@ -154,12 +156,12 @@ TEST_F(FieldDetailBinder, FieldsThatStayKeepTheirs)
 {
     setFields({&a, &b});
     bindFields();
-    BoundView *const viewOfB = form.view(QStringLiteral("B"));
+    BoundView *const viewOfB = form.view(u"B"_s);
     form.takeLog();
     setFields({&b, &c});
     EXPECT_EQ(form.takeLog(), lines(u"destroy A, removed, create C, bound C C, added, rearranged, "
                                     u"scroll on"));
-    EXPECT_EQ(form.view(QStringLiteral("B")), viewOfB);
+    EXPECT_EQ(form.view(u"B"_s), viewOfB);
     setFields({&c, &b});
     EXPECT_EQ(form.takeLog(), lines(u"removed, added, rearranged, scroll on"));
 }
@@ -178,87 +180,87 @@ TEST_F(FieldDetailBinder, BindsLabelsToEachField)
 {
     bindAll();
     setFields({&a, &b});
-    EXPECT_EQ(form.view(QStringLiteral("A"))->label(), QVariant(QStringLiteral("A")));
-    b.setName(QStringLiteral("Bee"));
-    EXPECT_EQ(form.view(QStringLiteral("B"))->label(), QVariant(QStringLiteral("Bee")));
+    EXPECT_EQ(form.view(u"A"_s)->label(), QVariant(u"A"_s));
+    b.setName(u"Bee"_s);
+    EXPECT_EQ(form.view(u"B"_s)->label(), QVariant(u"Bee"_s));
 }
 
 TEST_F(FieldDetailBinder, BindsFieldsThatAreThereAlready)
 {
     setFields({&a});
     bindFields();
-    binder->bind(Labels, &library, QStringLiteral("list.name"));
-    EXPECT_EQ(form.view(QStringLiteral("A"))->label(), QVariant(QStringLiteral("A")));
+    binder->bind(Labels, &library, u"list.name"_s);
+    EXPECT_EQ(form.view(u"A"_s)->label(), QVariant(u"A"_s));
 }
 
 TEST_F(FieldDetailBinder, OtherPathsAreBoundToTheirOwnObject)
 {
     bindAll();
-    binder->bind(Labels, &record, QStringLiteral("name"));
+    binder->bind(Labels, &record, u"name"_s);
     setFields({&a, &b});
-    record.setName(QStringLiteral("Common"));
-    EXPECT_EQ(form.view(QStringLiteral("A"))->label(), QVariant(QStringLiteral("Common")));
-    EXPECT_EQ(form.view(QStringLiteral("B"))->label(), QVariant(QStringLiteral("Common")));
+    record.setName(u"Common"_s);
+    EXPECT_EQ(form.view(u"A"_s)->label(), QVariant(u"Common"_s));
+    EXPECT_EQ(form.view(u"B"_s)->label(), QVariant(u"Common"_s));
     // The same object, and a path that only begins alike.
-    library.setProperty("listener", QStringLiteral("x"));
-    binder->bind(Labels, &library, QStringLiteral("listener"));
-    EXPECT_EQ(form.view(QStringLiteral("A"))->label(), QVariant(QStringLiteral("x")));
+    library.setProperty("listener", u"x"_s);
+    binder->bind(Labels, &library, u"listener"_s);
+    EXPECT_EQ(form.view(u"A"_s)->label(), QVariant(u"x"_s));
 }
 
 TEST_F(FieldDetailBinder, ShowsTheValuesOfTheSource)
 {
     sourceHolder.setNext(&record);
-    a.setAny(QStringLiteral("name"));
-    b.setAny(QStringLiteral("number"));
+    a.setAny(u"name"_s);
+    b.setAny(u"number"_s);
     bindAll();
     setFields({&a, &b, &c});
-    EXPECT_EQ(form.view(QStringLiteral("A"))->value(), QVariant(QStringLiteral("Ada")));
-    EXPECT_EQ(form.view(QStringLiteral("B"))->value(), QVariant(36));
+    EXPECT_EQ(form.view(u"A"_s)->value(), QVariant(u"Ada"_s));
+    EXPECT_EQ(form.view(u"B"_s)->value(), QVariant(36));
     // A field without a key stays unbound.
-    EXPECT_EQ(form.view(QStringLiteral("C"))->valueBinder.observedObject(), nullptr);
-    form.view(QStringLiteral("B"))->type(37);
+    EXPECT_EQ(form.view(u"C"_s)->valueBinder.observedObject(), nullptr);
+    form.view(u"B"_s)->type(37);
     EXPECT_EQ(record.number(), 37);
-    ObservedRecord other(QStringLiteral("Bob"), 1);
+    ObservedRecord other(u"Bob"_s, 1);
     sourceHolder.setNext(&other);
-    EXPECT_EQ(form.view(QStringLiteral("A"))->value(), QVariant(QStringLiteral("Bob")));
+    EXPECT_EQ(form.view(u"A"_s)->value(), QVariant(u"Bob"_s));
     EXPECT_EQ(binder->valueSourceObject(), &sourceHolder);
-    EXPECT_EQ(binder->valueSourceKeyPath(), QStringLiteral("next"));
+    EXPECT_EQ(binder->valueSourceKeyPath(), u"next"_s);
 }
 
 TEST_F(FieldDetailBinder, KeysThroughTheirTransformer)
 {
     sourceHolder.setNext(&record);
-    a.setAny(QVariantList{QStringLiteral("name")});
+    a.setAny(QVariantList{u"name"_s});
     bindAll();
-    binder->bind(Keys, &library, QStringLiteral("list.any"),
+    binder->bind(Keys, &library, u"list.any"_s,
                  NSBindingOptions::withTransformer(KTSingleObjectFilter::valueTransformer()));
     setFields({&a});
-    EXPECT_EQ(form.view(QStringLiteral("A"))->value(), QVariant(QStringLiteral("Ada")));
+    EXPECT_EQ(form.view(u"A"_s)->value(), QVariant(u"Ada"_s));
 }
 
 TEST_F(FieldDetailBinder, ValuesThroughATransformerWhereThePredicateSaysSo)
 {
     sourceHolder.setNext(&record);
-    a.setAny(QStringLiteral("number"));
-    b.setAny(QStringLiteral("number"));
+    a.setAny(u"number"_s);
+    b.setAny(u"number"_s);
     binder->setFieldDetailValuesValueTransformer(KTBaseValueTransformer::valueTransformer(),
                                                  NSPredicate::predicateWithFormat(u"row == 2"));
     bindAll();
     setFields({&a, &b});
-    EXPECT_EQ(form.view(QStringLiteral("A"))->value(), QVariant(36));
-    EXPECT_EQ(form.view(QStringLiteral("B"))->value(), QVariant(37U));
+    EXPECT_EQ(form.view(u"A"_s)->value(), QVariant(36));
+    EXPECT_EQ(form.view(u"B"_s)->value(), QVariant(37U));
     binder->setFieldDetailValuesValueTransformer(KTBaseValueTransformer::valueTransformer());
     setFields({&c});
     setFields({&a});
-    EXPECT_EQ(form.view(QStringLiteral("A"))->value(), QVariant(37U));
+    EXPECT_EQ(form.view(u"A"_s)->value(), QVariant(37U));
 }
 
 TEST_F(FieldDetailBinder, DependentBindingsNeedTheFields)
 {
     const QString output = testing_support::standardErrorOf([&] {
-        EXPECT_RAISES(binder->bind(Labels, &library, QStringLiteral("list.name")),
+        EXPECT_RAISES(binder->bind(Labels, &library, u"list.name"_s),
                       NSInternalInconsistencyException,
-                      QStringLiteral("labels binding is only valid when fields binding is set."));
+                      u"labels binding is only valid when fields binding is set."_s);
     });
     EXPECT_TRUE(output.contains(u"Bindings/KTFieldDetailBinder:144"));
 }
@@ -266,16 +268,15 @@ TEST_F(FieldDetailBinder, DependentBindingsNeedTheFields)
 TEST_F(FieldDetailBinder, FieldsNeedAnObjectAndAPath)
 {
     const QString output = testing_support::standardErrorOf([&] {
-        EXPECT_RAISES(binder->bind(Fields, nullptr, QStringLiteral("list")),
-                      NSInternalInconsistencyException,
-                      QStringLiteral("Invalid parameter not satisfying: observableController != "
-                                     "nil"));
+        EXPECT_RAISES(binder->bind(Fields, nullptr, u"list"_s), NSInternalInconsistencyException,
+                      u"Invalid parameter not satisfying: observableController != "
+                      "nil"_s);
         EXPECT_RAISES(binder->bind(Fields, &library, QString()), NSInternalInconsistencyException,
-                      QStringLiteral("Invalid parameter not satisfying: [keyPath length] > 0"));
+                      u"Invalid parameter not satisfying: [keyPath length] > 0"_s);
     });
     EXPECT_TRUE(output.contains(u"Bindings/KTFieldDetailBinder:120"));
     EXPECT_TRUE(output.contains(u"Bindings/KTFieldDetailBinder:121"));
-    EXPECT_THROW(binder->bind(Fields, &library, QStringLiteral("none")), NSException);
+    EXPECT_THROW(binder->bind(Fields, &library, u"none"_s), NSException);
     EXPECT_TRUE(form.log.isEmpty());
 }
 
@@ -285,11 +286,11 @@ TEST_F(FieldDetailBinder, OwnersMustAnswer)
     QObject nothing;
     const QString output = testing_support::standardErrorOf([&] {
         EXPECT_RAISES(KTFieldDetailBinder{&nothing}, NSInternalInconsistencyException,
-                      QStringLiteral("Owner does not respond to selector "
-                                     "\"createNewFieldDetailObjectForField:\""));
+                      u"Owner does not respond to selector "
+                      "\"createNewFieldDetailObjectForField:\""_s);
         EXPECT_RAISES(KTFieldDetailBinder{&incomplete}, NSInternalInconsistencyException,
-                      QStringLiteral("Owner does not respond to selector "
-                                     "\"fieldDetailObjectWasBound:toField:\""));
+                      u"Owner does not respond to selector "
+                      "\"fieldDetailObjectWasBound:toField:\""_s);
     });
     EXPECT_TRUE(output.contains(u"Bindings/KTFieldDetailBinder:44"));
     EXPECT_TRUE(output.contains(u"Bindings/KTFieldDetailBinder:45"));
@@ -301,7 +302,7 @@ TEST_F(FieldDetailBinder, OwnersWithOnlyWhatIsRequired)
     KTFieldDetailBinder other(&plain);
     other.setFieldsBindingName(Fields);
     setFields({&a});
-    other.bind(Fields, &library, QStringLiteral("list"));
+    other.bind(Fields, &library, u"list"_s);
     EXPECT_EQ(plain.bound, 1);
     setFields({});
     EXPECT_EQ(plain.bound, 0);
@@ -314,16 +315,14 @@ TEST_F(FieldDetailBinder, OtherKindsOfChangesAreNotSupported)
     const QString output = testing_support::standardErrorOf([&] {
         for (const NSKeyValueChangeKind kind :
              {NSKeyValueChangeInsertion, NSKeyValueChangeRemoval, NSKeyValueChangeReplacement})
-            EXPECT_RAISES(
-                NSKeyValueObserving::didChange(kind, &library, {0}, QStringLiteral("list")),
-                NSInternalInconsistencyException,
-                QStringLiteral("Change type no longer supported"));
+            EXPECT_RAISES(NSKeyValueObserving::didChange(kind, &library, {0}, u"list"_s),
+                          NSInternalInconsistencyException, u"Change type no longer supported"_s);
     });
     for (const char16_t *line : {u":256", u":260", u":264"})
         EXPECT_TRUE(output.contains(u"Bindings/KTFieldDetailBinder" + QString::fromUtf16(line)));
-    binder->observeValueForKeyPath(QStringLiteral("list"), &library,
+    binder->observeValueForKeyPath(u"list"_s, &library,
                                    {NSKeyValueChangeKind(5), {}, {}, {}, false}, Fields);
-    binder->observeValueForKeyPath(QStringLiteral("list"), &library, {}, QStringLiteral("other"));
+    binder->observeValueForKeyPath(u"list"_s, &library, {}, u"other"_s);
     EXPECT_TRUE(form.log.isEmpty());
 }
 
@@ -331,9 +330,9 @@ TEST_F(FieldDetailBinder, WhichBindingsItHandles)
 {
     for (const QString &name : {Fields, Source, Keys, Labels})
         EXPECT_TRUE(binder->willHandleBindingName(name));
-    EXPECT_FALSE(binder->willHandleBindingName(QStringLiteral("label")));
-    binder->bind(QStringLiteral("other"), &library, QStringLiteral("list"));
-    binder->unbind(QStringLiteral("other"));
+    EXPECT_FALSE(binder->willHandleBindingName(u"label"_s));
+    binder->bind(u"other"_s, &library, u"list"_s);
+    binder->unbind(u"other"_s);
     EXPECT_TRUE(form.log.isEmpty());
 }
 
@@ -362,10 +361,10 @@ TEST_F(FieldDetailBinder, UnbindingADependentBindingLeavesTheDetailObjects)
     bindAll();
     setFields({&a});
     binder->unbind(Labels);
-    a.setName(QStringLiteral("Still"));
-    EXPECT_EQ(form.view(QStringLiteral("A"))->label(), QVariant(QStringLiteral("Still")));
+    a.setName(u"Still"_s);
+    EXPECT_EQ(form.view(u"A"_s)->label(), QVariant(u"Still"_s));
     setFields({&a, &b});
-    EXPECT_FALSE(form.view(QStringLiteral("B"))->label().isValid());
+    EXPECT_FALSE(form.view(u"B"_s)->label().isValid());
     binder->unbind(Source);
     EXPECT_EQ(binder->valueSourceObject(), nullptr);
     EXPECT_TRUE(binder->valueSourceKeyPath().isNull());
@@ -375,12 +374,12 @@ TEST_F(FieldDetailBinder, TheCollectionMayBeMadeByATransformer)
 {
     library.setAny(QVariant::fromValue(&a));
     binder->bind(
-        Fields, &library, QStringLiteral("any"),
+        Fields, &library, u"any"_s,
         NSBindingOptions::withTransformer(KTSingleObjectFilter::reversedValueTransformer()));
-    EXPECT_NE(form.view(QStringLiteral("A")), nullptr);
+    EXPECT_NE(form.view(u"A"_s), nullptr);
     // A name is not looked up.
-    binder->bind(Fields, &library, QStringLiteral("any"),
-                 {{NSValueTransformerNameBindingOption, QStringLiteral("KTSingleObjectFilter")}});
+    binder->bind(Fields, &library, u"any"_s,
+                 {{NSValueTransformerNameBindingOption, u"KTSingleObjectFilter"_s}});
     EXPECT_TRUE(form.views.empty());
 }
 
@@ -388,8 +387,7 @@ TEST_F(FieldDetailBinder, WhatIsNoFieldIsPassedOver)
 {
     bindFields();
     form.takeLog();
-    library.setList({1, QStringLiteral("x"), QVariant::fromValue(&a), QVariant(),
-                     QVariantMap{{QStringLiteral("name"), 1}}});
+    library.setList({1, u"x"_s, QVariant::fromValue(&a), QVariant(), QVariantMap{{u"name"_s, 1}}});
     EXPECT_EQ(form.views.size(), 1U);
     library.setList({});
     EXPECT_TRUE(form.views.empty());
@@ -404,13 +402,13 @@ TEST_F(FieldDetailBinder, TheSameFieldTwice)
     setFields({&a});
     EXPECT_EQ(form.takeLog(), lines(u"removed, added, rearranged, scroll on"));
     setFields({});
-    EXPECT_EQ(form.takeLog().count(QStringLiteral("destroy A")), 1);
+    EXPECT_EQ(form.takeLog().count(u"destroy A"_s), 1);
 }
 
 TEST_F(FieldDetailBinder, FieldsMayGoBeforeTheyAreTakenAway)
 {
     bindAll();
-    auto field = std::make_unique<ObservedRecord>(QStringLiteral("Gone"));
+    auto field = std::make_unique<ObservedRecord>(u"Gone"_s);
     setFields({field.get(), &a});
     form.takeLog();
     field.reset();
@@ -426,7 +424,7 @@ TEST_F(FieldDetailBinder, OwnersMayMakeNothing)
     EXPECT_EQ(form.takeLog(),
               lines(u"scroll off, removed, create A, added, rearranged, scroll on"));
     setFields({});
-    EXPECT_FALSE(form.takeLog().contains(QStringLiteral("destroy A")));
+    EXPECT_FALSE(form.takeLog().contains(u"destroy A"_s));
 }
 
 TEST_F(FieldDetailBinder, OwnersMayDeleteDetailObjectsThemselves)
@@ -453,7 +451,7 @@ TEST_F(FieldDetailBinder, EitherSideMayGoFirst)
     KTFieldDetailBinder other(owner.get());
     other.setFieldsBindingName(Fields);
     observed->setList({QVariant::fromValue(&a)});
-    other.bind(Fields, observed.get(), QStringLiteral("list"));
+    other.bind(Fields, observed.get(), u"list"_s);
     owner.reset();
     observed->setList({QVariant::fromValue(&b)});
     observed.reset();
@@ -464,7 +462,7 @@ TEST_F(FieldDetailBinder, EitherSideMayGoFirst)
 TEST_F(FieldDetailBinder, NoObserverIsLeftBehind)
 {
     sourceHolder.setNext(&record);
-    a.setAny(QStringLiteral("name"));
+    a.setAny(u"name"_s);
     bindAll();
     setFields({&a});
     EXPECT_GT(record.receivers(SIGNAL(nameChanged())), 0);

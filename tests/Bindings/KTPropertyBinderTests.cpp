@@ -11,9 +11,11 @@
 
 #include <QEvent>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString Number = QStringLiteral("number");
-const QString Name = QStringLiteral("name");
+const QString Number = u"number"_s;
+const QString Name = u"name"_s;
 
 QVariantMap named(const QString &transformer)
 {
@@ -58,31 +60,31 @@ TEST(PropertyBinder, ThereIsNoEcho)
 
 TEST(PropertyBinder, PathsAreFollowed)
 {
-    ObservedRecord record, first(QStringLiteral("first")), second(QStringLiteral("second"));
+    ObservedRecord record, first(u"first"_s), second(u"second"_s);
     record.setNext(&first);
     BoundView view;
-    view.bind(NSValueBinding, &record, QStringLiteral("next.name"), {});
-    EXPECT_EQ(view.value(), QVariant(QStringLiteral("first")));
+    view.bind(NSValueBinding, &record, u"next.name"_s, {});
+    EXPECT_EQ(view.value(), QVariant(u"first"_s));
     record.setNext(&second);
-    EXPECT_EQ(view.value(), QVariant(QStringLiteral("second")));
-    view.type(QStringLiteral("typed"));
-    EXPECT_EQ(second.name(), QStringLiteral("typed"));
+    EXPECT_EQ(view.value(), QVariant(u"second"_s));
+    view.type(u"typed"_s);
+    EXPECT_EQ(second.name(), u"typed"_s);
     record.setNext(nullptr);
     EXPECT_FALSE(view.value().isValid());
-    view.type(QStringLiteral("lost"));
-    EXPECT_EQ(second.name(), QStringLiteral("typed"));
+    view.type(u"lost"_s);
+    EXPECT_EQ(second.name(), u"typed"_s);
 }
 
 TEST(PropertyBinder, MarkersLeaveTheOwnerAlone)
 {
     ObservedRecord record;
     BoundView view;
-    record.setAny(QStringLiteral("shown"));
-    view.bind(NSValueBinding, &record, QStringLiteral("any"), {});
+    record.setAny(u"shown"_s);
+    view.bind(NSValueBinding, &record, u"any"_s, {});
     for (const QVariant &marker :
          {NSNoSelectionMarker(), NSNotApplicableMarker(), NSMultipleValuesMarker()}) {
         record.setAny(marker);
-        EXPECT_EQ(view.value(), QVariant(QStringLiteral("shown")));
+        EXPECT_EQ(view.value(), QVariant(u"shown"_s));
     }
     EXPECT_EQ(view.sets, 1);
     record.setAny(QVariant());
@@ -116,29 +118,29 @@ TEST(PropertyBinder, TransformersOfTheOptions)
     EXPECT_EQ(view.valueBinder.valueTransformer(), reversed);
     view.type(4);
     EXPECT_EQ(record.number(), 5);
-    view.bind(NSValueBinding, &record, Number, named(QStringLiteral("KTBaseValueTransformer")));
+    view.bind(NSValueBinding, &record, Number, named(u"KTBaseValueTransformer"_s));
     EXPECT_EQ(view.value(), QVariant(6U));
     // The object wins over the name.
     QVariantMap both = NSBindingOptions::withTransformer(reversed);
-    both.insert(named(QStringLiteral("KTBaseValueTransformer")));
+    both.insert(named(u"KTBaseValueTransformer"_s));
     view.bind(NSValueBinding, &record, Number, both);
     EXPECT_EQ(view.value(), QVariant(4U));
     EXPECT_EQ(view.valueBinder.bindingOptions(), both);
-    view.bind(NSValueBinding, &record, Number, named(QStringLiteral("none")));
+    view.bind(NSValueBinding, &record, Number, named(u"none"_s));
     EXPECT_EQ(view.valueBinder.valueTransformer(), nullptr);
     EXPECT_EQ(view.value(), QVariant(5));
 }
 
 TEST(PropertyBinder, TransformersWithoutAWayBackAreNotUsedForIt)
 {
-    ObservedRecord record(QStringLiteral("Report.cobble"));
+    ObservedRecord record(u"Report.cobble"_s);
     BoundView view;
     view.bind(
         NSValueBinding, &record, Name,
         NSBindingOptions::withTransformer(KTFileExtensionValueTransformer::valueTransformer()));
-    EXPECT_EQ(view.value(), QVariant(QStringLiteral("Report")));
-    view.type(QStringLiteral("Other"));
-    EXPECT_EQ(record.name(), QStringLiteral("Other"));
+    EXPECT_EQ(view.value(), QVariant(u"Report"_s));
+    view.type(u"Other"_s);
+    EXPECT_EQ(record.name(), u"Other"_s);
 }
 
 TEST(PropertyBinder, CurrentValueBothWays)
@@ -147,7 +149,7 @@ TEST(PropertyBinder, CurrentValueBothWays)
     KTPropertyBinder binder;
     EXPECT_FALSE(binder.currentValue().isValid());
     binder.setCurrentValue(5);
-    binder.bind(QStringLiteral("anything"), &record, Number,
+    binder.bind(u"anything"_s, &record, Number,
                 NSBindingOptions::withTransformer(KTBaseValueTransformer::valueTransformer()));
     EXPECT_EQ(binder.currentValue(), QVariant(2U));
     binder.setCurrentValue(10);
@@ -212,7 +214,7 @@ TEST(PropertyBinder, TheOwnerMayGoWhileItIsSet)
     class Suicidal : public QObject
     {
     public:
-        KTPropertyBinder binder{QStringLiteral("text"), NSValueBinding, this};
+        KTPropertyBinder binder{u"text"_s, NSValueBinding, this};
     };
     ObservedRecord record(Name, 1);
     auto *const owner = new Suicidal;
@@ -257,7 +259,7 @@ TEST(PropertyBinder, ExceptionsOfTheOwnerLeaveTheFlagClear)
 {
     ObservedRecord record(Name, 1);
     QObject owner; // has no key
-    KTPropertyBinder binder(QStringLiteral("none"), NSValueBinding, &owner);
+    KTPropertyBinder binder(u"none"_s, NSValueBinding, &owner);
     EXPECT_THROW(binder.bind(NSValueBinding, &record, Number), NSException);
     owner.setProperty("none", 5);
     binder.ownerKeyPathChanged();
@@ -283,7 +285,7 @@ TEST(SelectionMarker, AreValuesOfTheirOwn)
     EXPECT_EQ(NSNoSelectionMarker(), NSNoSelectionMarker());
     EXPECT_NE(NSNoSelectionMarker(), NSMultipleValuesMarker());
     EXPECT_TRUE(NSIsControllerMarker(NSNotApplicableMarker()));
-    for (const QVariant &value : {QVariant(), QVariant(0), QVariant(QStringLiteral("x"))})
+    for (const QVariant &value : {QVariant(), QVariant(0), QVariant(u"x"_s)})
         EXPECT_FALSE(NSIsControllerMarker(value));
     EXPECT_FALSE(NSNoSelectionMarker().canConvert<int>());
     EXPECT_FALSE(NSNoSelectionMarker().canConvert<QString>());

@@ -16,6 +16,8 @@
 
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 using testing_support::FileTree;
 using testing_support::LoopbackServer;
 using testing_support::rowsOf;
@@ -26,7 +28,7 @@ class RenamedBundle : public KTDatabaseBundle
 {
 public:
     using KTDatabaseBundle::KTDatabaseBundle;
-    static QString factoryDefaultDatabaseBundleName() { return QStringLiteral("custom"); }
+    static QString factoryDefaultDatabaseBundleName() { return u"custom"_s; }
 };
 
 struct Call
@@ -56,7 +58,7 @@ QJsonValue valueOf(const std::optional<NSURL> &url)
 
 QJsonValue supportFolder(const Call &call)
 {
-    const QString support = call.arguments.value(u"support").toString(QStringLiteral("{root}"));
+    const QString support = call.arguments.value(u"support").toString(u"{root}"_s);
     qputenv("XDG_DATA_HOME", call.tree.inRoot(support).toUtf8());
     return KTDatabaseBundle::cobbleSupportFolder();
 }
@@ -134,54 +136,50 @@ using Bundle = KTDatabaseBundle;
 const std::map<QString, Function> &functions()
 {
     static const std::map<QString, Function> table = {
-        {QStringLiteral("_ensureDirectoryExistsAtPath:"),
+        {u"_ensureDirectoryExistsAtPath:"_s,
          [](const Call &call) {
              return QJsonValue(Bundle::_ensureDirectoryExistsAtPath(call.text));
          }},
-        {QStringLiteral("cobbleSupportFolder"), supportFolder},
-        {QStringLiteral("factoryDefaultDatabaseBundle"),
+        {u"cobbleSupportFolder"_s, supportFolder},
+        {u"factoryDefaultDatabaseBundle"_s,
          bundlePath<Bundle::factoryDefaultDatabaseBundle<>,
                     Bundle::factoryDefaultDatabaseBundle<RenamedBundle>>},
-        {QStringLiteral("defaultDatabaseBundleForDeployment"),
+        {u"defaultDatabaseBundleForDeployment"_s,
          bundlePath<Bundle::defaultDatabaseBundleForDeployment<>,
                     Bundle::defaultDatabaseBundleForDeployment<RenamedBundle>>},
-        {QStringLiteral("defaultDatabaseBundle"),
+        {u"defaultDatabaseBundle"_s,
          bundlePath<Bundle::defaultDatabaseBundle<>, Bundle::defaultDatabaseBundle<RenamedBundle>>},
-        {QStringLiteral("paths"), paths},
-        {QStringLiteral("doesExist"),
-         [](const Call &call) { return QJsonValue(call.bundle.doesExist()); }},
-        {QStringLiteral("buildDatabaseBundleOnDisk:"),
+        {u"paths"_s, paths},
+        {u"doesExist"_s, [](const Call &call) { return QJsonValue(call.bundle.doesExist()); }},
+        {u"buildDatabaseBundleOnDisk:"_s,
          [](const Call &call) { return QJsonValue(call.bundle.buildDatabaseBundleOnDisk()); }},
-        {QStringLiteral("removeDatabaseBundleOnDisk:"),
+        {u"removeDatabaseBundleOnDisk:"_s,
          [](const Call &call) { return QJsonValue(call.bundle.removeDatabaseBundleOnDisk()); }},
-        {QStringLiteral("moveDatabaseToPreUpgradePath"),
+        {u"moveDatabaseToPreUpgradePath"_s,
          [](const Call &call) { return valueOf(call.bundle.moveDatabaseToPreUpgradePath()); }},
-        {QStringLiteral("filePathByAddingExtComment:comment:"),
+        {u"filePathByAddingExtComment:comment:"_s,
          [](const Call &call) {
              return valueOf(call.bundle.filePathByAddingExtComment(
                  call.text, call.arguments.value(u"comment").toString()));
          }},
-        {QStringLiteral("filePathByRemovingExtComment:"),
-         withText<&Bundle::filePathByRemovingExtComment>},
-        {QStringLiteral("nextInstanceNumberForFilePath:"), nextNumber},
-        {QStringLiteral("fileNameWithMediaInstanceNumber:"),
-         withText<&Bundle::fileNameWithMediaInstanceNumber>},
-        {QStringLiteral("copyFilePathToMediaFolderAndReturnMediaPath:"),
+        {u"filePathByRemovingExtComment:"_s, withText<&Bundle::filePathByRemovingExtComment>},
+        {u"nextInstanceNumberForFilePath:"_s, nextNumber},
+        {u"fileNameWithMediaInstanceNumber:"_s, withText<&Bundle::fileNameWithMediaInstanceNumber>},
+        {u"copyFilePathToMediaFolderAndReturnMediaPath:"_s,
          withText<&Bundle::copyFilePathToMediaFolderAndReturnMediaPath>},
-        {QStringLiteral("downloadHttpFileToBundleAndReturnPath:"),
+        {u"downloadHttpFileToBundleAndReturnPath:"_s,
          withURL<&Bundle::downloadHttpFileToBundleAndReturnPath>},
-        {QStringLiteral("saveTIFF"), savedPicture},
-        {QStringLiteral("storeFileFromURL:"), withURL<&Bundle::storeFileFromURL>},
-        {QStringLiteral("isMediaURL:"), withURL<&Bundle::isMediaURL>},
-        {QStringLiteral("mediaUrlFromFilePath:"), withText<&Bundle::mediaUrlFromFilePath>},
-        {QStringLiteral("mediaUrlRoundTrip"), thereAndBack},
-        {QStringLiteral("filePathFromMediaUrl:"), withURL<&Bundle::filePathFromMediaUrl>},
-        {QStringLiteral("filepathFromBundleURL:"), withURL<&Bundle::filepathFromBundleURL>},
-        {QStringLiteral("isFileNameInMediaFolder:"), withText<&Bundle::isFileNameInMediaFolder>},
-        {QStringLiteral("isFilenameInBundle:"), withText<&Bundle::isFilenameInBundle>},
-        {QStringLiteral("deleteFileFromMediaFolder:"),
-         withText<&Bundle::deleteFileFromMediaFolder>},
-        {QStringLiteral("deleteFileFromBundle:"), withText<&Bundle::deleteFileFromBundle>},
+        {u"saveTIFF"_s, savedPicture},
+        {u"storeFileFromURL:"_s, withURL<&Bundle::storeFileFromURL>},
+        {u"isMediaURL:"_s, withURL<&Bundle::isMediaURL>},
+        {u"mediaUrlFromFilePath:"_s, withText<&Bundle::mediaUrlFromFilePath>},
+        {u"mediaUrlRoundTrip"_s, thereAndBack},
+        {u"filePathFromMediaUrl:"_s, withURL<&Bundle::filePathFromMediaUrl>},
+        {u"filepathFromBundleURL:"_s, withURL<&Bundle::filepathFromBundleURL>},
+        {u"isFileNameInMediaFolder:"_s, withText<&Bundle::isFileNameInMediaFolder>},
+        {u"isFilenameInBundle:"_s, withText<&Bundle::isFilenameInBundle>},
+        {u"deleteFileFromMediaFolder:"_s, withText<&Bundle::deleteFileFromMediaFolder>},
+        {u"deleteFileFromBundle:"_s, withText<&Bundle::deleteFileFromBundle>},
     };
     return table;
 }
@@ -198,12 +196,10 @@ QString textOf(const QJsonObject &row)
 QJsonValue expectedOf(const QJsonObject &row)
 {
     static const std::map<std::pair<QString, QString>, QJsonValue> others = {
-        {{QStringLiteral("isFileNameInMediaFolder:"), QStringLiteral("")}, false},
-        {{QStringLiteral("isFileNameInMediaFolder:"), QStringLiteral("dir/x")}, false},
-        {{QStringLiteral("filepathFromBundleURL:"), QStringLiteral("cobblemedia://a%2Fb.png")},
-         QJsonValue()},
-        {{QStringLiteral("filePathByRemovingExtComment:"), QStringLiteral("a.")},
-         QStringLiteral("a")},
+        {{u"isFileNameInMediaFolder:"_s, u""_s}, false},
+        {{u"isFileNameInMediaFolder:"_s, u"dir/x"_s}, false},
+        {{u"filepathFromBundleURL:"_s, u"cobblemedia://a%2Fb.png"_s}, QJsonValue()},
+        {{u"filePathByRemovingExtComment:"_s, u"a."_s}, u"a"_s},
     };
     const auto other = others.find({row.value(u"op").toString(), textOf(row)});
     if (other != others.end())
@@ -247,10 +243,9 @@ void expectRow(const QJsonObject &row, const LoopbackServer &server)
     const FileTree tree(row);
     const KTLogCapture capture(kLog_MediaFilenames, 4);
     QString text = tree.inRoot(textOf(row));
-    text.replace(QStringLiteral("{port}"), QString::number(server.port()));
+    text.replace(u"{port}"_s, QString::number(server.port()));
     ASSERT_TRUE(functions().contains(operation));
-    const Call call{tree, KTDatabaseBundle(tree.path(QStringLiteral("b.cobbledb"))), arguments,
-                    text};
+    const Call call{tree, KTDatabaseBundle(tree.path(u"b.cobbledb"_s)), arguments, text};
     EXPECT_EQ(printed(outOfRoot(functions().at(operation)(call), tree)), printed(expectedOf(row)));
     if (row.contains(u"logs"))
         expectLogs(capture, tree, row);
@@ -263,7 +258,7 @@ void expectRow(const QJsonObject &row, const LoopbackServer &server)
 TEST(DatabaseBundle, AsInTheTable)
 {
     const LoopbackServer server;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("system/bundle.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"system/bundle.jsonl"_s)) {
         SCOPED_TRACE(QJsonDocument(row).toJson(QJsonDocument::Compact).toStdString());
         expectRow(row, server);
     }

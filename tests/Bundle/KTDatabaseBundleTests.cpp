@@ -18,6 +18,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 using testing_support::contentsOf;
 using testing_support::FileTree;
 using testing_support::LoopbackServer;
@@ -29,8 +31,7 @@ class BundleOnDisk : public KTDatabaseBundle
 public:
     BundleOnDisk() : KTDatabaseBundle(QString()), _tree()
     {
-        static_cast<KTDatabaseBundle &>(*this) =
-            KTDatabaseBundle(_tree.path(QStringLiteral("b.cobbledb")));
+        static_cast<KTDatabaseBundle &>(*this) = KTDatabaseBundle(_tree.path(u"b.cobbledb"_s));
         EXPECT_TRUE(buildDatabaseBundleOnDisk());
     }
 
@@ -38,15 +39,15 @@ public:
     /// A file outside of the bundle.
     QString source(const QString &name, const QByteArray &contents = "picture") const
     {
-        _tree.add(QStringLiteral("sources/") + name, contents);
-        return _tree.path(QStringLiteral("sources/") + name);
+        _tree.add(u"sources/"_s + name, contents);
+        return _tree.path(u"sources/"_s + name);
     }
     QString media(const QString &name) const { return mediaFolderPath() + u'/' + name; }
     void addMedia(const QString &name) const { testing_support::writeFile(media(name), "x"); }
     void addNumbers(const QList<int> &numbers) const
     {
         for (const int number : numbers)
-            addMedia(QStringLiteral("a.%1.jpg").arg(number));
+            addMedia(u"a.%1.jpg"_s.arg(number));
     }
     QStringList mediaNames() const
     {
@@ -84,11 +85,11 @@ TEST(DatabaseBundle, HeaderExample)
         true);
     EXPECT_TRUE(bundle.buildDatabaseBundleOnDisk());
     const FileTree tree;
-    tree.add(QStringLiteral("My photo.jpg"), "picture");
+    tree.add(u"My photo.jpg"_s, "picture");
     const std::optional<NSURL> url =
-        bundle.storeFileFromURL(*NSURL::fileURLWithPath(tree.path(QStringLiteral("My photo.jpg"))));
+        bundle.storeFileFromURL(*NSURL::fileURLWithPath(tree.path(u"My photo.jpg"_s)));
     ASSERT_TRUE(url.has_value());
-    EXPECT_EQ(url->absoluteString(), QStringLiteral("cobblemedia://My%20photo.0.jpg"));
+    EXPECT_EQ(url->absoluteString(), u"cobblemedia://My%20photo.0.jpg"_s);
     EXPECT_EQ(bundle.filePathFromMediaUrl(*url),
               bundle.bundlePath() + u"/Contents/Resources/Media/My photo.0.jpg");
     EXPECT_EQ(contentsOf(bundle.filePathFromMediaUrl(*url)), "picture");
@@ -98,9 +99,8 @@ TEST(DatabaseBundle, TheUserMayChooseAnother)
 {
     testing_support::useFreshHome();
     NSUserDefaults *const defaults = NSUserDefaults::standardUserDefaults();
-    defaults->setObject(QStringLiteral("/elsewhere/my.db"), KTDefaultDatabaseBundlePath);
-    EXPECT_EQ(KTDatabaseBundle::defaultDatabaseBundle().bundlePath(),
-              QStringLiteral("/elsewhere/my.db"));
+    defaults->setObject(u"/elsewhere/my.db"_s, KTDefaultDatabaseBundlePath);
+    EXPECT_EQ(KTDatabaseBundle::defaultDatabaseBundle().bundlePath(), u"/elsewhere/my.db"_s);
     defaults->removeObjectForKey(KTDefaultDatabaseBundlePath);
     EXPECT_TRUE(KTDatabaseBundle::defaultDatabaseBundle().bundlePath().endsWith(
         u"/Cobble/cobble.cobbledb"));
@@ -112,8 +112,8 @@ TEST(DatabaseBundle, WithoutHomeItLiesAmongTemporaryFiles)
     const FileTree tree;
     const QByteArray temporary = qgetenv("TMPDIR");
     qputenv("TMPDIR", tree.root().toUtf8());
-    EXPECT_EQ(KTDatabaseBundle::cobbleSupportFolder(), tree.path(QStringLiteral("Cobble")));
-    EXPECT_TRUE(QDir(tree.path(QStringLiteral("Cobble"))).exists());
+    EXPECT_EQ(KTDatabaseBundle::cobbleSupportFolder(), tree.path(u"Cobble"_s));
+    EXPECT_TRUE(QDir(tree.path(u"Cobble"_s)).exists());
     temporary.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", temporary);
     testing_support::useFreshHome();
 }
@@ -121,20 +121,18 @@ TEST(DatabaseBundle, WithoutHomeItLiesAmongTemporaryFiles)
 TEST(DatabaseBundle, FoldersAreMadeOneLevelDeep)
 {
     const FileTree tree;
-    EXPECT_FALSE(
-        KTDatabaseBundle::_ensureDirectoryExistsAtPath(tree.path(QStringLiteral("no/where"))));
-    EXPECT_FALSE(
-        KTDatabaseBundle(tree.path(QStringLiteral("no/b.cobbledb"))).buildDatabaseBundleOnDisk());
+    EXPECT_FALSE(KTDatabaseBundle::_ensureDirectoryExistsAtPath(tree.path(u"no/where"_s)));
+    EXPECT_FALSE(KTDatabaseBundle(tree.path(u"no/b.cobbledb"_s)).buildDatabaseBundleOnDisk());
     EXPECT_TRUE(tree.contents().isEmpty());
-    EXPECT_TRUE(KTDatabaseBundle::_ensureDirectoryExistsAtPath(tree.path(QStringLiteral("no"))));
+    EXPECT_TRUE(KTDatabaseBundle::_ensureDirectoryExistsAtPath(tree.path(u"no"_s)));
     EXPECT_FALSE(KTDatabaseBundle::_ensureDirectoryExistsAtPath(QString()));
 }
 
 TEST(DatabaseBundle, ThePathMayBeAFile)
 {
     const FileTree tree;
-    tree.add(QStringLiteral("b.cobbledb"), "mine");
-    const KTDatabaseBundle bundle(tree.path(QStringLiteral("b.cobbledb")));
+    tree.add(u"b.cobbledb"_s, "mine");
+    const KTDatabaseBundle bundle(tree.path(u"b.cobbledb"_s));
     EXPECT_FALSE(bundle.doesExist());
     EXPECT_FALSE(bundle.buildDatabaseBundleOnDisk());
     EXPECT_TRUE(bundle.removeDatabaseBundleOnDisk());
@@ -157,7 +155,7 @@ TEST(DatabaseBundle, ManyProcessesMakeOneBundle)
 {
     for (int round = 0; round < 20; ++round) {
         const FileTree tree;
-        const KTDatabaseBundle bundle(tree.path(QStringLiteral("b.cobbledb")));
+        const KTDatabaseBundle bundle(tree.path(u"b.cobbledb"_s));
         const pid_t child = ::fork();
         const bool isBuilt = bundle.buildDatabaseBundleOnDisk();
         if (child == 0)
@@ -183,9 +181,8 @@ TEST(DatabaseBundle, NumbersOfCopies)
     for (const auto &[numbers, next] : cases) {
         const BundleOnDisk bundle;
         bundle.addNumbers(numbers);
-        EXPECT_EQ(bundle.nextInstanceNumberForFilePath(QStringLiteral("/some/where/a.jpg")), next);
-        EXPECT_EQ(bundle.fileNameWithMediaInstanceNumber(QStringLiteral("a.jpg")),
-                  QStringLiteral("a.%1.jpg").arg(next));
+        EXPECT_EQ(bundle.nextInstanceNumberForFilePath(u"/some/where/a.jpg"_s), next);
+        EXPECT_EQ(bundle.fileNameWithMediaInstanceNumber(u"a.jpg"_s), u"a.%1.jpg"_s.arg(next));
     }
 }
 
@@ -198,41 +195,37 @@ TEST(DatabaseBundle, TwentyThousandCopiesWithGaps)
             numbers += number;
     }
     bundle.addNumbers(numbers);
-    EXPECT_EQ(bundle.nextInstanceNumberForFilePath(QStringLiteral("a.jpg")), 20000);
+    EXPECT_EQ(bundle.nextInstanceNumberForFilePath(u"a.jpg"_s), 20000);
     const QString copy =
-        bundle.copyFilePathToMediaFolderAndReturnMediaPath(bundle.source(QStringLiteral("a.jpg")));
-    EXPECT_EQ(copy, bundle.media(QStringLiteral("a.20000.jpg")));
+        bundle.copyFilePathToMediaFolderAndReturnMediaPath(bundle.source(u"a.jpg"_s));
+    EXPECT_EQ(copy, bundle.media(u"a.20000.jpg"_s));
 }
 
 TEST(DatabaseBundle, CommentsInNames)
 {
-    const KTDatabaseBundle bundle(QStringLiteral("/nowhere"));
-    EXPECT_EQ(bundle.filePathByAddingExtComment(QStringLiteral("a/b.jpg"), QStringLiteral("2")),
-              QStringLiteral("a/b.2.jpg"));
-    EXPECT_EQ(bundle.filePathByRemovingExtComment(QStringLiteral("photo.3.jpg")),
-              QStringLiteral("photo.jpg"));
-    EXPECT_EQ(bundle.filePathByRemovingExtComment(QStringLiteral("photo.jpg")),
-              QStringLiteral("photo.jpg"));
-    EXPECT_EQ(bundle.filePathByRemovingExtComment(QStringLiteral("my.photo.3.jpg")),
-              QStringLiteral("my.jpg"));
+    const KTDatabaseBundle bundle(u"/nowhere"_s);
+    EXPECT_EQ(bundle.filePathByAddingExtComment(u"a/b.jpg"_s, u"2"_s), u"a/b.2.jpg"_s);
+    EXPECT_EQ(bundle.filePathByRemovingExtComment(u"photo.3.jpg"_s), u"photo.jpg"_s);
+    EXPECT_EQ(bundle.filePathByRemovingExtComment(u"photo.jpg"_s), u"photo.jpg"_s);
+    EXPECT_EQ(bundle.filePathByRemovingExtComment(u"my.photo.3.jpg"_s), u"my.jpg"_s);
 }
 
 TEST(DatabaseBundle, NamesOfAllKindsAreStored)
 {
     const BundleOnDisk bundle;
-    const QStringList names = {QStringLiteral("a b.jpg"),
-                               QStringLiteral("a.b.c.jpg"),
-                               QStringLiteral("noextension"),
-                               QStringLiteral(".jpg"),
-                               QStringLiteral("100%.png"),
-                               QStringLiteral("%2e%2E.png"),
-                               QStringLiteral("名前.tiff"),
-                               QStringLiteral("a?b#c.gif"),
-                               QStringLiteral("..x"),
-                               QStringLiteral("x.."),
-                               QStringLiteral(" "),
-                               QStringLiteral("\n.txt"),
-                               QString(250, u'y') + QStringLiteral(".p")};
+    const QStringList names = {u"a b.jpg"_s,
+                               u"a.b.c.jpg"_s,
+                               u"noextension"_s,
+                               u".jpg"_s,
+                               u"100%.png"_s,
+                               u"%2e%2E.png"_s,
+                               u"名前.tiff"_s,
+                               u"a?b#c.gif"_s,
+                               u"..x"_s,
+                               u"x.."_s,
+                               u" "_s,
+                               u"\n.txt"_s,
+                               QString(250, u'y') + u".p"_s};
     for (const QString &name : names) {
         const auto source = NSURL::fileURLWithPath(bundle.source(name, name.toUtf8()));
         const auto url = bundle.storeFileFromURL(*source);
@@ -246,7 +239,7 @@ TEST(DatabaseBundle, NamesOfAllKindsAreStored)
 TEST(DatabaseBundle, NamesThatWouldBecomeTooLongAreNil)
 {
     const BundleOnDisk bundle;
-    const QString source = bundle.source(QString(251, u'x') + QStringLiteral(".jpg"));
+    const QString source = bundle.source(QString(251, u'x') + u".jpg"_s);
     EXPECT_TRUE(bundle.copyFilePathToMediaFolderAndReturnMediaPath(source).isNull());
     EXPECT_TRUE(bundle.mediaNames().isEmpty());
 }
@@ -255,8 +248,7 @@ TEST(DatabaseBundle, NamesCannotLeadOut)
 {
     const BundleOnDisk bundle;
     testing_support::writeFile(bundle.databaseFilePath(), "data");
-    for (const QString &name : {QStringLiteral(""), QStringLiteral("."), QStringLiteral(".."),
-                                QStringLiteral("../Database"), QStringLiteral("a/b"),
+    for (const QString &name : {u""_s, u"."_s, u".."_s, u"../Database"_s, u"a/b"_s,
                                 QString(u'a' + QString(QChar(u'\0')))}) {
         EXPECT_FALSE(bundle.isFileNameInMediaFolder(name)) << name.toStdString();
         EXPECT_FALSE(bundle.isFilenameInBundle(name));
@@ -271,8 +263,7 @@ TEST(DatabaseBundle, NamesCannotLeadOut)
         EXPECT_TRUE(bundle.filepathFromBundleURL(url).isNull());
     }
     for (const QString &path :
-         {bundle.tree().path(QStringLiteral("..")), bundle.tree().path(QStringLiteral(".")),
-          QStringLiteral("/"), QString(), QStringLiteral("")}) {
+         {bundle.tree().path(u".."_s), bundle.tree().path(u"."_s), u"/"_s, QString(), u""_s}) {
         EXPECT_TRUE(bundle.copyFilePathToMediaFolderAndReturnMediaPath(path).isNull());
         EXPECT_FALSE(bundle.mediaUrlFromFilePath(path).has_value());
         EXPECT_EQ(bundle.nextInstanceNumberForFilePath(path), 0);
@@ -283,17 +274,13 @@ TEST(DatabaseBundle, NamesCannotLeadOut)
 
 TEST(DatabaseBundle, TheLastComponentOfAMediaURLIsTheName)
 {
-    const KTDatabaseBundle bundle(QStringLiteral("/b"));
-    const QString media = QStringLiteral("/b/Contents/Resources/Media/");
-    EXPECT_EQ(bundle.filePathFromMediaUrl(urlOf(QStringLiteral("cobblemedia://dir/a.png"))),
-              media + u"a.png");
-    EXPECT_EQ(bundle.filePathFromMediaUrl(urlOf(QStringLiteral("cobblemedia://a.png/"))),
-              media + u"a.png");
-    EXPECT_EQ(bundle.filePathFromMediaUrl(urlOf(QStringLiteral("cobblemedia://a?b#c"))),
-              media + u"a?b#c");
+    const KTDatabaseBundle bundle(u"/b"_s);
+    const QString media = u"/b/Contents/Resources/Media/"_s;
+    EXPECT_EQ(bundle.filePathFromMediaUrl(urlOf(u"cobblemedia://dir/a.png"_s)), media + u"a.png");
+    EXPECT_EQ(bundle.filePathFromMediaUrl(urlOf(u"cobblemedia://a.png/"_s)), media + u"a.png");
+    EXPECT_EQ(bundle.filePathFromMediaUrl(urlOf(u"cobblemedia://a?b#c"_s)), media + u"a?b#c");
     // Without a name it is the scheme's end.
-    EXPECT_EQ(bundle.filePathFromMediaUrl(urlOf(QStringLiteral("cobblemedia://"))),
-              media + u"cobblemedia:");
+    EXPECT_EQ(bundle.filePathFromMediaUrl(urlOf(u"cobblemedia://"_s)), media + u"cobblemedia:");
 }
 
 TEST(DatabaseBundle, DownloadsWithoutANameAreRefused)
@@ -312,16 +299,15 @@ TEST(DatabaseBundle, OnlyHTTPInLowerCaseIsDownloaded)
 {
     const BundleOnDisk bundle;
     const LoopbackServer server;
-    const QString url = server.url(QStringLiteral("/pic.jpg"));
+    const QString url = server.url(u"/pic.jpg"_s);
     const KTLogCapture capture(kLog_MediaFilenames);
-    for (const QString &scheme : {QStringLiteral("https"), QStringLiteral("HTTP"),
-                                  QStringLiteral("Http"), QStringLiteral("ftp")}) {
+    for (const QString &scheme : {u"https"_s, u"HTTP"_s, u"Http"_s, u"ftp"_s}) {
         const NSURL other = urlOf(scheme + url.mid(4));
         EXPECT_TRUE(bundle.downloadHttpFileToBundleAndReturnPath(other).isNull());
         EXPECT_FALSE(bundle.storeFileFromURL(other).has_value());
     }
-    EXPECT_FALSE(bundle.storeFileFromURL(urlOf(QStringLiteral("pic.jpg"))).has_value());
-    EXPECT_FALSE(bundle.storeFileFromURL(urlOf(QStringLiteral("mailto:ada"))).has_value());
+    EXPECT_FALSE(bundle.storeFileFromURL(urlOf(u"pic.jpg"_s)).has_value());
+    EXPECT_FALSE(bundle.storeFileFromURL(urlOf(u"mailto:ada"_s)).has_value());
     EXPECT_TRUE(server.requests().isEmpty());
     EXPECT_TRUE(capture.entries().isEmpty());
 }
@@ -330,12 +316,12 @@ TEST(DatabaseBundle, FailedDownloadsAreLogged)
 {
     const BundleOnDisk bundle;
     const LoopbackServer silent([](int, const QByteArray &) {});
-    const NSURL url = urlOf(silent.url(QStringLiteral("/a.jpg")));
+    const NSURL url = urlOf(silent.url(u"/a.jpg"_s));
     const KTLogCapture capture(kLog_MediaFilenames, 4);
     EXPECT_FALSE(bundle.storeFileFromURL(url).has_value());
     ASSERT_EQ(capture.entries().size(), 1);
     EXPECT_EQ(capture.entries().first().lineNumber, 203);
-    EXPECT_EQ(capture.entries().first().file, QStringLiteral("KTDatabaseBundle"));
+    EXPECT_EQ(capture.entries().first().file, u"KTDatabaseBundle"_s);
     EXPECT_EQ(capture.entries().first().message,
               u"Download of file " + url.absoluteString() + u" failed.");
     EXPECT_TRUE(bundle.mediaNames().isEmpty());
@@ -347,45 +333,44 @@ TEST(DatabaseBundle, DownloadsThatCannotBeWrittenAreLogged)
     const LoopbackServer server;
     bundle.removeDatabaseBundleOnDisk();
     const KTLogCapture capture(kLog_MediaFilenames, 4);
-    const NSURL url = urlOf(server.url(QStringLiteral("/pic.jpg")));
+    const NSURL url = urlOf(server.url(u"/pic.jpg"_s));
     EXPECT_TRUE(bundle.downloadHttpFileToBundleAndReturnPath(url).isNull());
     ASSERT_EQ(capture.entries().size(), 2);
     EXPECT_EQ(capture.entries()[0].lineNumber, 210);
-    EXPECT_EQ(capture.entries()[0].message,
-              u"Writing file to " + bundle.media(QStringLiteral("pic.0.jpg")));
+    EXPECT_EQ(capture.entries()[0].message, u"Writing file to " + bundle.media(u"pic.0.jpg"_s));
     EXPECT_EQ(capture.entries()[1].lineNumber, 215);
     EXPECT_EQ(capture.entries()[1].message,
-              u"Writing file to " + bundle.media(QStringLiteral("pic.0.jpg")) + u" failed.");
+              u"Writing file to " + bundle.media(u"pic.0.jpg"_s) + u" failed.");
 }
 
 TEST(DatabaseBundle, WithoutAMediaFolderNothingIsStored)
 {
     const BundleOnDisk bundle;
-    const QString source = bundle.source(QStringLiteral("a.jpg"));
+    const QString source = bundle.source(u"a.jpg"_s);
     bundle.removeDatabaseBundleOnDisk();
     testing_support::needApplication();
     EXPECT_TRUE(bundle.copyFilePathToMediaFolderAndReturnMediaPath(source).isNull());
     EXPECT_TRUE(
         bundle.saveTIFFImageToMediaFolderAndReturnMediaPath(QImage(1, 1, QImage::Format_RGB32))
             .isNull());
-    EXPECT_FALSE(bundle.deleteFileFromMediaFolder(QStringLiteral("a.0.jpg")));
+    EXPECT_FALSE(bundle.deleteFileFromMediaFolder(u"a.0.jpg"_s));
     EXPECT_FALSE(bundle.doesExist());
 }
 
 TEST(DatabaseBundle, ABundleAtNilIsNotTheCurrentFolder)
 {
-    const FileTree tree({{QStringLiteral("cwd"), true}});
-    tree.add(QStringLiteral("Contents/Resources/Media/a.0.png"));
-    tree.add(QStringLiteral("b.png"));
+    const FileTree tree({{u"cwd"_s, true}});
+    tree.add(u"Contents/Resources/Media/a.0.png"_s);
+    tree.add(u"b.png"_s);
     const QJsonObject before = tree.contents();
     const KTDatabaseBundle bundle{QString()};
     EXPECT_TRUE(bundle._contentsFolderPath().isNull());
     EXPECT_TRUE(bundle.databaseFilePath().isNull());
     EXPECT_TRUE(bundle.mediaFolderPath().isNull());
     EXPECT_FALSE(bundle.buildDatabaseBundleOnDisk());
-    EXPECT_FALSE(bundle.isFileNameInMediaFolder(QStringLiteral("a.0.png")));
-    EXPECT_FALSE(bundle.deleteFileFromMediaFolder(QStringLiteral("a.0.png")));
-    const QString source = tree.path(QStringLiteral("b.png"));
+    EXPECT_FALSE(bundle.isFileNameInMediaFolder(u"a.0.png"_s));
+    EXPECT_FALSE(bundle.deleteFileFromMediaFolder(u"a.0.png"_s));
+    const QString source = tree.path(u"b.png"_s);
     EXPECT_TRUE(bundle.copyFilePathToMediaFolderAndReturnMediaPath(source).isNull());
     EXPECT_EQ(tree.contents(), before);
 }
@@ -404,8 +389,7 @@ TEST(DatabaseBundle, PicturesAreTIFFFiles)
     testing_support::needApplication();
     QImage image(3, 2, QImage::Format_ARGB32);
     image.fill(QColor(10, 20, 30, 128));
-    for (const QString &name :
-         {QStringLiteral("iSight Picture.0.tiff"), QStringLiteral("iSight Picture.1.tiff")}) {
+    for (const QString &name : {u"iSight Picture.0.tiff"_s, u"iSight Picture.1.tiff"_s}) {
         const QString path = bundle.saveTIFFImageToMediaFolderAndReturnMediaPath(image);
         EXPECT_EQ(path, bundle.media(name));
         EXPECT_EQ(QImage(path).size(), QSize(3, 2));
@@ -416,23 +400,23 @@ TEST(DatabaseBundle, PicturesAreTIFFFiles)
 TEST(DatabaseBundle, CopiesKeepTheirModeAndFoldersTheirContents)
 {
     const BundleOnDisk bundle;
-    const QString source = bundle.source(QStringLiteral("run.sh"), "#!/bin/sh");
+    const QString source = bundle.source(u"run.sh"_s, "#!/bin/sh");
     QFile::setPermissions(source, QFile::ReadOwner | QFile::ExeOwner);
     const QString copy = bundle.copyFilePathToMediaFolderAndReturnMediaPath(source);
     EXPECT_EQ(QFile::permissions(copy), QFile::permissions(source));
-    bundle.source(QStringLiteral("notes.rtfd/deep/text"), "text");
+    bundle.source(u"notes.rtfd/deep/text"_s, "text");
     const QString folder = bundle.copyFilePathToMediaFolderAndReturnMediaPath(
-        bundle.tree().path(QStringLiteral("sources/notes.rtfd")));
-    EXPECT_EQ(folder, bundle.media(QStringLiteral("notes.0.rtfd")));
-    EXPECT_EQ(contentsOf(folder + QStringLiteral("/deep/text")), "text");
-    EXPECT_TRUE(bundle.deleteFileFromMediaFolder(QStringLiteral("notes.0.rtfd")));
+        bundle.tree().path(u"sources/notes.rtfd"_s));
+    EXPECT_EQ(folder, bundle.media(u"notes.0.rtfd"_s));
+    EXPECT_EQ(contentsOf(folder + u"/deep/text"_s), "text");
+    EXPECT_TRUE(bundle.deleteFileFromMediaFolder(u"notes.0.rtfd"_s));
     EXPECT_FALSE(QFile::exists(folder));
 }
 
 TEST(DatabaseBundle, CopiesThatCannotBeReadGetTheirOddPermissions)
 {
     const BundleOnDisk bundle;
-    const QString source = bundle.source(QStringLiteral("secret.txt"));
+    const QString source = bundle.source(u"secret.txt"_s);
     QFile::setPermissions(source, QFile::WriteOwner);
     const bool isAdministrator = ::geteuid() == 0;
     const int status = exitStatusOf([&] {
@@ -444,7 +428,7 @@ TEST(DatabaseBundle, CopiesThatCannotBeReadGetTheirOddPermissions)
     // Nobody else can copy it in the first place.
     EXPECT_EQ(status, isAdministrator ? 0 : 2);
     struct stat copied = {};
-    const QByteArray copy = QFile::encodeName(bundle.media(QStringLiteral("secret.0.txt")));
+    const QByteArray copy = QFile::encodeName(bundle.media(u"secret.0.txt"_s));
     EXPECT_EQ(::stat(copy.constData(), &copied) == 0, isAdministrator);
     EXPECT_EQ(copied.st_mode & 07777, isAdministrator ? 01407U : 0U);
 }
@@ -452,25 +436,25 @@ TEST(DatabaseBundle, CopiesThatCannotBeReadGetTheirOddPermissions)
 TEST(DatabaseBundle, MediaURLsAreOfFilesThatExist)
 {
     const BundleOnDisk bundle;
-    EXPECT_FALSE(bundle.mediaUrlFromFilePath(QStringLiteral("a b.0.png")).has_value());
-    bundle.addMedia(QStringLiteral("a b.0.png"));
-    const auto url = bundle.mediaUrlFromFilePath(QStringLiteral("Media/a b.0.png"));
+    EXPECT_FALSE(bundle.mediaUrlFromFilePath(u"a b.0.png"_s).has_value());
+    bundle.addMedia(u"a b.0.png"_s);
+    const auto url = bundle.mediaUrlFromFilePath(u"Media/a b.0.png"_s);
     ASSERT_TRUE(url.has_value());
-    EXPECT_EQ(url->absoluteString(), QStringLiteral("cobblemedia://a%20b.0.png"));
-    EXPECT_EQ(bundle.filePathFromMediaUrl(*url), bundle.media(QStringLiteral("a b.0.png")));
+    EXPECT_EQ(url->absoluteString(), u"cobblemedia://a%20b.0.png"_s);
+    EXPECT_EQ(bundle.filePathFromMediaUrl(*url), bundle.media(u"a b.0.png"_s));
     EXPECT_TRUE(bundle.isMediaURL(*url));
-    EXPECT_FALSE(bundle.isMediaURL(urlOf(QStringLiteral("Cobblemedia://a"))));
-    EXPECT_TRUE(bundle.filePathFromMediaUrl(urlOf(QStringLiteral("http://a/b"))).isNull());
+    EXPECT_FALSE(bundle.isMediaURL(urlOf(u"Cobblemedia://a"_s)));
+    EXPECT_TRUE(bundle.filePathFromMediaUrl(urlOf(u"http://a/b"_s)).isNull());
 }
 
 TEST(DatabaseBundle, AFullDiskLeavesNothingBehind)
 {
     const BundleOnDisk bundle;
     const QByteArray large(1 << 20, 'x');
-    const QString source = bundle.source(QStringLiteral("large.bin"), large);
+    const QString source = bundle.source(u"large.bin"_s, large);
     const LoopbackServer server(
         [&large](int socket, const QByteArray &) { LoopbackServer::sendBody(socket, large); });
-    const NSURL url = urlOf(server.url(QStringLiteral("/large.bin")));
+    const NSURL url = urlOf(server.url(u"/large.bin"_s));
     // The limit on the size of files fails a write half-way, as a full disk does.
     // Not in a child process: the server's thread may hold a lock while one is made.
     rlimit before = {};
@@ -492,7 +476,7 @@ TEST(DatabaseBundle, ManyProcessesNeverTakeOneName)
 {
     constexpr int Copies = 100;
     const BundleOnDisk bundle;
-    const QString source = bundle.source(QStringLiteral("a.jpg"));
+    const QString source = bundle.source(u"a.jpg"_s);
     const auto store = [&] {
         int failed = 0;
         for (int count = 0; count < Copies; ++count)
@@ -513,33 +497,32 @@ TEST(DatabaseBundle, BeforeAnUpgrade)
 {
     const BundleOnDisk bundle;
     testing_support::writeFile(bundle.databaseFilePath(), "data");
-    bundle.addMedia(QStringLiteral("a.0.jpg"));
+    bundle.addMedia(u"a.0.jpg"_s);
     const QString first = bundle.moveDatabaseToPreUpgradePath();
-    EXPECT_EQ(first, bundle.tree().path(QStringLiteral("b_PreUpgrade.cobbledb")));
+    EXPECT_EQ(first, bundle.tree().path(u"b_PreUpgrade.cobbledb"_s));
     EXPECT_FALSE(bundle.doesExist());
-    const KTDatabaseBundle backup(bundle.tree().path(QStringLiteral("b1Backup.cobbledb")));
+    const KTDatabaseBundle backup(bundle.tree().path(u"b1Backup.cobbledb"_s));
     for (const KTDatabaseBundle &copy : {KTDatabaseBundle(first), backup}) {
         EXPECT_EQ(contentsOf(copy.databaseFilePath()), "data");
-        EXPECT_TRUE(copy.isFileNameInMediaFolder(QStringLiteral("a.0.jpg")));
+        EXPECT_TRUE(copy.isFileNameInMediaFolder(u"a.0.jpg"_s));
     }
     EXPECT_TRUE(bundle.buildDatabaseBundleOnDisk());
     EXPECT_EQ(bundle.moveDatabaseToPreUpgradePath(),
-              bundle.tree().path(QStringLiteral("b_PreUpgrade 2.cobbledb")));
+              bundle.tree().path(u"b_PreUpgrade 2.cobbledb"_s));
 }
 
 TEST(DatabaseBundle, NothingToUpgradeIsNoError)
 {
     const FileTree tree;
-    const KTDatabaseBundle bundle(tree.path(QStringLiteral("b.cobbledb")));
-    EXPECT_EQ(bundle.moveDatabaseToPreUpgradePath(),
-              tree.path(QStringLiteral("b_PreUpgrade.cobbledb")));
+    const KTDatabaseBundle bundle(tree.path(u"b.cobbledb"_s));
+    EXPECT_EQ(bundle.moveDatabaseToPreUpgradePath(), tree.path(u"b_PreUpgrade.cobbledb"_s));
     EXPECT_TRUE(tree.contents().isEmpty());
 }
 
 TEST(DatabaseBundle, HostileTextsGetAnAnswer)
 {
     const BundleOnDisk bundle;
-    bundle.addMedia(QStringLiteral("kept"));
+    bundle.addMedia(u"kept"_s);
     for (const QString &text : testing_support::hostileTexts()) {
         EXPECT_FALSE(bundle.isFileNameInMediaFolder(text));
         EXPECT_FALSE(bundle.deleteFileFromMediaFolder(text));
@@ -548,5 +531,5 @@ TEST(DatabaseBundle, HostileTextsGetAnAnswer)
         EXPECT_FALSE(KTDatabaseBundle(text).doesExist());
         EXPECT_LE(bundle.filePathByRemovingExtComment(text).size(), text.size());
     }
-    EXPECT_EQ(bundle.mediaNames(), QStringList(QStringLiteral("kept")));
+    EXPECT_EQ(bundle.mediaNames(), QStringList(u"kept"_s));
 }

@@ -18,6 +18,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 using Munger = KTMediaFilenameMunger;
 using testing_support::FileTree;
 using testing_support::LoopbackServer;
@@ -51,25 +53,23 @@ QJsonValue call(const QString &text, const QString &)
 const std::map<QString, Function> &functions()
 {
     static const std::map<QString, Function> table = {
-        {QStringLiteral("pathRelativeToDBStore:"), call<Munger::pathRelativeToDBStore>},
-        {QStringLiteral("makeDBStoredNamefromOriginalFileName:"),
+        {u"pathRelativeToDBStore:"_s, call<Munger::pathRelativeToDBStore>},
+        {u"makeDBStoredNamefromOriginalFileName:"_s,
          call<Munger::makeDBStoredNamefromOriginalFileName>},
-        {QStringLiteral("originalFileNameFromDBStoredName:"),
-         call<Munger::originalFileNameFromDBStoredName>},
-        {QStringLiteral("fileToLoadFromDBStoredName:"), call<Munger::fileToLoadFromDBStoredName>},
-        {QStringLiteral("copyFileToDbAndReturnDBStoredName:"),
-         call<Munger::copyFileToDbAndReturnDBStoredName>},
-        {QStringLiteral("deleteFileByDBStoredName:"), deleted},
-        {QStringLiteral("stringByRemovingExtComment:"), call<Munger::stringByRemovingExtComment>},
-        {QStringLiteral("stringByAddingExtComment:inputComment:"),
+        {u"originalFileNameFromDBStoredName:"_s, call<Munger::originalFileNameFromDBStoredName>},
+        {u"fileToLoadFromDBStoredName:"_s, call<Munger::fileToLoadFromDBStoredName>},
+        {u"copyFileToDbAndReturnDBStoredName:"_s, call<Munger::copyFileToDbAndReturnDBStoredName>},
+        {u"deleteFileByDBStoredName:"_s, deleted},
+        {u"stringByRemovingExtComment:"_s, call<Munger::stringByRemovingExtComment>},
+        {u"stringByAddingExtComment:inputComment:"_s,
          [](const QString &text, const QString &comment) {
              return valueOf(Munger::stringByAddingExtComment(text, comment));
          }},
-        {QStringLiteral("nextInstanceNumberForOriginalFilename:"),
+        {u"nextInstanceNumberForOriginalFilename:"_s,
          [](const QString &text, const QString &) {
              return QJsonValue(Munger::nextInstanceNumberForOriginalFilename(text));
          }},
-        {QStringLiteral("downloadHttpFileToBundleAndReturnPath:"), downloaded},
+        {u"downloadHttpFileToBundleAndReturnPath:"_s, downloaded},
     };
     return table;
 }
@@ -114,13 +114,13 @@ int nextNumberStepByStep(const QString &path, QList<int> *asked)
 /// A folder of copies with random gaps; each call makes another kind.
 void addRandomCopies(const FileTree &tree, QRandomGenerator &random, int dense, int scattered)
 {
-    tree.addCopies(QStringLiteral("photo.%d.jpg"), 0, dense - 1);
+    tree.addCopies(u"photo.%d.jpg"_s, 0, dense - 1);
     for (int count = 0; count < scattered; ++count) {
         const int number = random.bounded(2 * dense + 10);
-        tree.addCopies(QStringLiteral("photo.%d.jpg"), number, number);
+        tree.addCopies(u"photo.%d.jpg"_s, number, number);
     }
     for (int count = random.bounded(4); count > 0; --count)
-        QFile::remove(tree.path(QStringLiteral("photo.%1.jpg").arg(random.bounded(dense + 1))));
+        QFile::remove(tree.path(u"photo.%1.jpg"_s.arg(random.bounded(dense + 1))));
 }
 
 void expectSameSearch(const QString &path)
@@ -137,12 +137,10 @@ void expectSameSearch(const QString &path)
 TEST(MediaFilenameMunger, HeaderExample)
 {
     const FileTree tree;
-    tree.add(QStringLiteral("photo.jpg"), "picture");
-    const QString stored =
-        Munger::copyFileToDbAndReturnDBStoredName(tree.path(QStringLiteral("photo.jpg")));
-    EXPECT_EQ(stored, tree.path(QStringLiteral("photo.0.jpg")));
-    EXPECT_EQ(Munger::originalFileNameFromDBStoredName(stored),
-              tree.path(QStringLiteral("photo.jpg")));
+    tree.add(u"photo.jpg"_s, "picture");
+    const QString stored = Munger::copyFileToDbAndReturnDBStoredName(tree.path(u"photo.jpg"_s));
+    EXPECT_EQ(stored, tree.path(u"photo.0.jpg"_s));
+    EXPECT_EQ(Munger::originalFileNameFromDBStoredName(stored), tree.path(u"photo.jpg"_s));
     EXPECT_EQ(Munger::fileToLoadFromDBStoredName(stored), stored);
     EXPECT_EQ(testing_support::contentsOf(stored), "picture");
     Munger::deleteFileByDBStoredName(stored);
@@ -152,28 +150,27 @@ TEST(MediaFilenameMunger, HeaderExample)
 TEST(MediaFilenameMunger, AsInTheTable)
 {
     const LoopbackServer server;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("system/munger.jsonl"))) {
-        const QString operation = row.value(QStringLiteral("op")).toString();
+    for (const QJsonObject &row : rowsOf(u"system/munger.jsonl"_s)) {
+        const QString operation = row.value(u"op"_s).toString();
         SCOPED_TRACE(operation.toStdString() + ' ' +
-                     QJsonValue(row.value(QStringLiteral("args")))[u"s"].toString().toStdString());
+                     QJsonValue(row.value(u"args"_s))[u"s"].toString().toStdString());
         const FileTree tree(row);
         const KTLogCapture capture(kLog_MediaFilenames, 4);
-        const QJsonObject arguments = row.value(QStringLiteral("args")).toObject();
-        const bool isURL = arguments.contains(QStringLiteral("url"));
-        QString text = tree.inRoot(
-            arguments.value(isURL ? QStringLiteral("url") : QStringLiteral("s")).toString());
-        text.replace(QStringLiteral("{port}"), QString::number(server.port()));
+        const QJsonObject arguments = row.value(u"args"_s).toObject();
+        const bool isURL = arguments.contains(u"url"_s);
+        QString text = tree.inRoot(arguments.value(isURL ? u"url"_s : u"s"_s).toString());
+        text.replace(u"{port}"_s, QString::number(server.port()));
         ASSERT_TRUE(functions().contains(operation));
         QJsonValue result =
-            functions().at(operation)(text, arguments.value(QStringLiteral("comment")).toString());
+            functions().at(operation)(text, arguments.value(u"comment"_s).toString());
         if (result.isString())
             result = tree.outOfRoot(result.toString());
-        EXPECT_EQ(result, row.value(QStringLiteral("out")));
-        if (row.contains(QStringLiteral("logs"))) {
-            EXPECT_EQ(logsOf(capture, tree), row.value(QStringLiteral("logs")).toArray());
+        EXPECT_EQ(result, row.value(u"out"_s));
+        if (row.contains(u"logs"_s)) {
+            EXPECT_EQ(logsOf(capture, tree), row.value(u"logs"_s).toArray());
         }
-        if (row.value(QStringLiteral("list")).toBool()) {
-            EXPECT_EQ(tree.contents(), row.value(QStringLiteral("after")).toObject());
+        if (row.value(u"list"_s).toBool()) {
+            EXPECT_EQ(tree.contents(), row.value(u"after"_s).toObject());
         }
     }
 }
@@ -181,12 +178,12 @@ TEST(MediaFilenameMunger, AsInTheTable)
 TEST(MediaFilenameMunger, StoredNameWinsOverItsVariant)
 {
     const FileTree tree;
-    const QString stored = tree.path(QStringLiteral("a.0.jpg"));
-    const QString variant = tree.path(QStringLiteral("a.0.orig.jpg"));
+    const QString stored = tree.path(u"a.0.jpg"_s);
+    const QString variant = tree.path(u"a.0.orig.jpg"_s);
     EXPECT_TRUE(Munger::fileToLoadFromDBStoredName(stored).isNull());
-    tree.add(QStringLiteral("a.0.orig.jpg"));
+    tree.add(u"a.0.orig.jpg"_s);
     EXPECT_EQ(Munger::fileToLoadFromDBStoredName(stored), variant);
-    tree.add(QStringLiteral("a.0.jpg"));
+    tree.add(u"a.0.jpg"_s);
     EXPECT_EQ(Munger::fileToLoadFromDBStoredName(stored), stored);
     Munger::deleteFileByDBStoredName(stored);
     EXPECT_TRUE(tree.contents().isEmpty());
@@ -194,34 +191,27 @@ TEST(MediaFilenameMunger, StoredNameWinsOverItsVariant)
 
 TEST(MediaFilenameMunger, NamesLoseThreeExtensions)
 {
-    EXPECT_EQ(Munger::originalFileNameFromDBStoredName(QStringLiteral("a.0.jpg")),
-              QStringLiteral("a.jpg"));
-    EXPECT_EQ(Munger::originalFileNameFromDBStoredName(QStringLiteral("a.0.orig.jpg")),
-              QStringLiteral("a.jpg"));
-    EXPECT_EQ(Munger::stringByRemovingExtComment(QStringLiteral("my.photo.3.jpg")),
-              QStringLiteral("my.jpg"));
+    EXPECT_EQ(Munger::originalFileNameFromDBStoredName(u"a.0.jpg"_s), u"a.jpg"_s);
+    EXPECT_EQ(Munger::originalFileNameFromDBStoredName(u"a.0.orig.jpg"_s), u"a.jpg"_s);
+    EXPECT_EQ(Munger::stringByRemovingExtComment(u"my.photo.3.jpg"_s), u"my.jpg"_s);
 }
 
 TEST(MediaFilenameMunger, NamesWithoutExtensionGetNoDotAtTheEnd)
 {
-    EXPECT_EQ(Munger::stringByAddingExtComment(QStringLiteral("photo"), QStringLiteral("0")),
-              QStringLiteral("photo.0"));
-    EXPECT_EQ(Munger::stringByAddingExtComment(QStringLiteral(".jpg"), QStringLiteral("0")),
-              QStringLiteral(".jpg.0"));
-    EXPECT_TRUE(
-        Munger::stringByAddingExtComment(QStringLiteral("/"), QStringLiteral("0")).isNull());
-    EXPECT_TRUE(Munger::stringByAddingExtComment(QString(), QStringLiteral("0")).isNull());
+    EXPECT_EQ(Munger::stringByAddingExtComment(u"photo"_s, u"0"_s), u"photo.0"_s);
+    EXPECT_EQ(Munger::stringByAddingExtComment(u".jpg"_s, u"0"_s), u".jpg.0"_s);
+    EXPECT_TRUE(Munger::stringByAddingExtComment(u"/"_s, u"0"_s).isNull());
+    EXPECT_TRUE(Munger::stringByAddingExtComment(QString(), u"0"_s).isNull());
     const FileTree tree;
-    tree.addCopies(QStringLiteral("photo.%d"), 0, 5);
-    EXPECT_EQ(Munger::nextInstanceNumberForOriginalFilename(tree.path(QStringLiteral("photo"))), 6);
+    tree.addCopies(u"photo.%d"_s, 0, 5);
+    EXPECT_EQ(Munger::nextInstanceNumberForOriginalFilename(tree.path(u"photo"_s)), 6);
 }
 
 TEST(MediaFilenameMunger, MissingSourcesAreNilAndNotLogged)
 {
     const FileTree tree;
     const KTLogCapture capture(kLog_MediaFilenames);
-    EXPECT_TRUE(
-        Munger::copyFileToDbAndReturnDBStoredName(tree.path(QStringLiteral("none.jpg"))).isNull());
+    EXPECT_TRUE(Munger::copyFileToDbAndReturnDBStoredName(tree.path(u"none.jpg"_s)).isNull());
     for (const QString &message : capture.messages())
         EXPECT_FALSE(message.startsWith(u"Attempt to copy"));
     EXPECT_TRUE(tree.contents().isEmpty());
@@ -233,7 +223,7 @@ TEST(InstanceNumbers, AreThoseOfTheSteps)
     for (int round = 0; round < 60; ++round) {
         const FileTree tree;
         addRandomCopies(tree, random, random.bounded(1, 90), random.bounded(40));
-        expectSameSearch(tree.path(QStringLiteral("photo.jpg")));
+        expectSameSearch(tree.path(u"photo.jpg"_s));
     }
 }
 
@@ -242,34 +232,30 @@ TEST(InstanceNumbers, AreThoseOfTheStepsInLargeFolders)
     // The copies on which the search comes to a long walk, from 10,240 up to the first gap.
     for (const int gap : {10500, 11239, 11240, 11241, 11800, 12287, 12288}) {
         const FileTree tree;
-        tree.addCopies(QStringLiteral("photo.%d.jpg"), 0, 3);
+        tree.addCopies(u"photo.%d.jpg"_s, 0, 3);
         for (int number = 4; number <= 8192; number *= 2)
-            tree.addCopies(QStringLiteral("photo.%d.jpg"), number, number);
-        tree.addCopies(QStringLiteral("photo.%d.jpg"), 10240, gap - 1);
-        tree.addCopies(QStringLiteral("photo.%d.jpg"), gap + 1, std::min(gap + 20, 12287));
-        tree.addCopies(QStringLiteral("photo.0%d.jpg"), gap, gap);
-        tree.addCopies(QStringLiteral("photo.%d.jpg.jpg"), gap, gap);
-        tree.addCopies(QStringLiteral("other.%d.jpg"), gap, gap);
-        QFile::link(tree.path(QStringLiteral("nowhere")),
-                    tree.path(QStringLiteral("photo.%1.jpg").arg(gap)));
-        expectSameSearch(tree.path(QStringLiteral("photo.jpg")));
-        expectSameSearch(tree.path(QStringLiteral("photo.jpg")) + u'/');
-        expectSameSearch(tree.path(QStringLiteral("none/../photo.jpg")));
-        QFile::link(tree.path(QStringLiteral("photo.0.jpg")),
-                    tree.path(QStringLiteral("photo.%1.jpg").arg(gap + 100)));
-        expectSameSearch(tree.path(QStringLiteral("photo.jpg")));
+            tree.addCopies(u"photo.%d.jpg"_s, number, number);
+        tree.addCopies(u"photo.%d.jpg"_s, 10240, gap - 1);
+        tree.addCopies(u"photo.%d.jpg"_s, gap + 1, std::min(gap + 20, 12287));
+        tree.addCopies(u"photo.0%d.jpg"_s, gap, gap);
+        tree.addCopies(u"photo.%d.jpg.jpg"_s, gap, gap);
+        tree.addCopies(u"other.%d.jpg"_s, gap, gap);
+        QFile::link(tree.path(u"nowhere"_s), tree.path(u"photo.%1.jpg"_s.arg(gap)));
+        expectSameSearch(tree.path(u"photo.jpg"_s));
+        expectSameSearch(tree.path(u"photo.jpg"_s) + u'/');
+        expectSameSearch(tree.path(u"none/../photo.jpg"_s));
+        QFile::link(tree.path(u"photo.0.jpg"_s), tree.path(u"photo.%1.jpg"_s.arg(gap + 100)));
+        expectSameSearch(tree.path(u"photo.jpg"_s));
     }
 }
 
 TEST(InstanceNumbers, GapsBelowAreNotReused)
 {
     const FileTree tree;
-    tree.addCopies(QStringLiteral("a.%d.jpg"), 0, 8);
-    QFile::remove(tree.path(QStringLiteral("a.5.jpg")));
+    tree.addCopies(u"a.%d.jpg"_s, 0, 8);
+    QFile::remove(tree.path(u"a.5.jpg"_s));
     QList<int> asked;
-    EXPECT_EQ(KTInstanceNumbers(tree.path(QStringLiteral("a.jpg"))).next([&](int number) {
-        asked += number;
-    }),
+    EXPECT_EQ(KTInstanceNumbers(tree.path(u"a.jpg"_s)).next([&](int number) { asked += number; }),
               9);
     EXPECT_EQ(asked, QList<int>({0, 1, 2, 3, 4, 8, 16, 16, 12, 10, 9, 8, 8, 9}));
 }
@@ -277,72 +263,68 @@ TEST(InstanceNumbers, GapsBelowAreNotReused)
 TEST(InstanceNumbers, LinksCountIfTheyLeadSomewhere)
 {
     const FileTree tree;
-    QFile::link(tree.path(QStringLiteral("nowhere")), tree.path(QStringLiteral("a.0.jpg")));
-    const QString path = tree.path(QStringLiteral("a.jpg"));
+    QFile::link(tree.path(u"nowhere"_s), tree.path(u"a.0.jpg"_s));
+    const QString path = tree.path(u"a.jpg"_s);
     EXPECT_EQ(Munger::nextInstanceNumberForOriginalFilename(path), 0);
-    tree.add(QStringLiteral("nowhere"));
+    tree.add(u"nowhere"_s);
     EXPECT_EQ(Munger::nextInstanceNumberForOriginalFilename(path), 1);
 }
 
 TEST(InstanceNumbers, NumbersEndBeforeTheyOverflow)
 {
     const FileTree tree;
-    tree.addCopies(QStringLiteral("a.%d.jpg"), 0, 3);
+    tree.addCopies(u"a.%d.jpg"_s, 0, 3);
     for (int number = 4; number > 0 && number <= 1 << 30; number += number < 1 << 30 ? number : 1)
-        tree.addCopies(QStringLiteral("a.%d.jpg"), number, number);
-    EXPECT_EQ(Munger::nextInstanceNumberForOriginalFilename(tree.path(QStringLiteral("a.jpg"))),
-              -1);
+        tree.addCopies(u"a.%d.jpg"_s, number, number);
+    EXPECT_EQ(Munger::nextInstanceNumberForOriginalFilename(tree.path(u"a.jpg"_s)), -1);
 }
 
 TEST(MediaFilenameMunger, ADanglingLinkIsNotWrittenThrough)
 {
     const FileTree tree;
-    tree.add(QStringLiteral("a.jpg"), "mine");
-    QFile::link(tree.path(QStringLiteral("elsewhere")), tree.path(QStringLiteral("a.0.jpg")));
-    EXPECT_TRUE(
-        Munger::copyFileToDbAndReturnDBStoredName(tree.path(QStringLiteral("a.jpg"))).isNull());
+    tree.add(u"a.jpg"_s, "mine");
+    QFile::link(tree.path(u"elsewhere"_s), tree.path(u"a.0.jpg"_s));
+    EXPECT_TRUE(Munger::copyFileToDbAndReturnDBStoredName(tree.path(u"a.jpg"_s)).isNull());
     EXPECT_EQ(QDir(tree.root())
                   .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot),
-              QStringList({QStringLiteral("a.0.jpg"), QStringLiteral("a.jpg")}));
+              QStringList({u"a.0.jpg"_s, u"a.jpg"_s}));
 }
 
 TEST(MediaFilenameMunger, PathsThatNameNoFileAreLeftAlone)
 {
     const FileTree tree;
-    tree.add(QStringLiteral("sub/a.0.jpg"));
+    tree.add(u"sub/a.0.jpg"_s);
     const QJsonObject before = tree.contents();
-    for (const QString &name :
-         {QStringLiteral("sub/.."), QStringLiteral("sub/."), QStringLiteral("sub/a.0.jpg/../..")}) {
+    for (const QString &name : {u"sub/.."_s, u"sub/."_s, u"sub/a.0.jpg/../.."_s}) {
         const QString path = tree.path(name);
         Munger::deleteFileByDBStoredName(path);
         EXPECT_TRUE(Munger::fileToLoadFromDBStoredName(path).isNull());
         EXPECT_TRUE(Munger::copyFileToDbAndReturnDBStoredName(path).isNull());
     }
-    Munger::deleteFileByDBStoredName(QStringLiteral(""));
-    EXPECT_TRUE(Munger::fileToLoadFromDBStoredName(QStringLiteral("/")).isNull());
+    Munger::deleteFileByDBStoredName(u""_s);
+    EXPECT_TRUE(Munger::fileToLoadFromDBStoredName(u"/"_s).isNull());
     EXPECT_EQ(tree.contents(), before);
 }
 
 TEST(MediaFilenameMunger, FoldersAreCopiedAndDeletedWhole)
 {
     const FileTree tree;
-    tree.add(QStringLiteral("notes.rtfd/text.rtf"), "text");
-    tree.add(QStringLiteral("notes.rtfd/deep/er/a.png"), "a");
-    const QString stored =
-        Munger::copyFileToDbAndReturnDBStoredName(tree.path(QStringLiteral("notes.rtfd")));
-    EXPECT_EQ(stored, tree.path(QStringLiteral("notes.0.rtfd")));
-    EXPECT_EQ(testing_support::contentsOf(stored + QStringLiteral("/deep/er/a.png")), "a");
+    tree.add(u"notes.rtfd/text.rtf"_s, "text");
+    tree.add(u"notes.rtfd/deep/er/a.png"_s, "a");
+    const QString stored = Munger::copyFileToDbAndReturnDBStoredName(tree.path(u"notes.rtfd"_s));
+    EXPECT_EQ(stored, tree.path(u"notes.0.rtfd"_s));
+    EXPECT_EQ(testing_support::contentsOf(stored + u"/deep/er/a.png"_s), "a");
     Munger::deleteFileByDBStoredName(stored);
     EXPECT_FALSE(QFile::exists(stored));
-    EXPECT_TRUE(QFile::exists(tree.path(QStringLiteral("notes.rtfd/text.rtf"))));
+    EXPECT_TRUE(QFile::exists(tree.path(u"notes.rtfd/text.rtf"_s)));
 }
 
 TEST(MediaFilenameMunger, DownloadsFailWithALogLine)
 {
     const LoopbackServer server([](int, const QByteArray &) {});
-    const FileTree tree(QJsonObject{{QStringLiteral("cwd"), true}});
+    const FileTree tree(QJsonObject{{u"cwd"_s, true}});
     const KTLogCapture capture(kLog_MediaFilenames, 4);
-    const auto url = NSURL::URLWithString(server.url(QStringLiteral("/a.jpg")));
+    const auto url = NSURL::URLWithString(server.url(u"/a.jpg"_s));
     EXPECT_TRUE(Munger::downloadHttpFileToBundleAndReturnPath(*url).isNull());
     ASSERT_EQ(capture.entries().size(), 1);
     EXPECT_EQ(capture.entries().first().message,
@@ -355,8 +337,8 @@ TEST(MediaFilenameMunger, TwoProcessesNeverTakeOneName)
 {
     constexpr int Copies = 200;
     const FileTree tree;
-    tree.add(QStringLiteral("a.jpg"), "picture");
-    const QString source = tree.path(QStringLiteral("a.jpg"));
+    tree.add(u"a.jpg"_s, "picture");
+    const QString source = tree.path(u"a.jpg"_s);
     const auto store = [&source] {
         int stored = 0;
         for (int count = 0; count < Copies; ++count)
@@ -375,8 +357,8 @@ TEST(MediaFilenameMunger, TwoProcessesNeverTakeOneName)
 
 TEST(MediaFilenameMunger, HostileTextsGetAnAnswer)
 {
-    const FileTree tree(QJsonObject{{QStringLiteral("cwd"), true}});
-    tree.add(QStringLiteral("kept"));
+    const FileTree tree(QJsonObject{{u"cwd"_s, true}});
+    tree.add(u"kept"_s);
     for (const QString &text : testing_support::hostileTexts()) {
         EXPECT_EQ(Munger::nextInstanceNumberForOriginalFilename(text), 0);
         EXPECT_TRUE(Munger::fileToLoadFromDBStoredName(text).isNull());
@@ -384,13 +366,13 @@ TEST(MediaFilenameMunger, HostileTextsGetAnAnswer)
         Munger::deleteFileByDBStoredName(text);
         EXPECT_LE(Munger::stringByRemovingExtComment(text).size(), text.size());
     }
-    EXPECT_EQ(tree.contents().keys(), QStringList(QStringLiteral("kept")));
+    EXPECT_EQ(tree.contents().keys(), QStringList(u"kept"_s));
 }
 
 TEST(MediaFilenameMunger, NamesThatAreTooLongAreNil)
 {
     const FileTree tree;
-    const QString longest = QString(251, u'x') + QStringLiteral(".jpg");
+    const QString longest = QString(251, u'x') + u".jpg"_s;
     tree.add(longest);
     EXPECT_TRUE(Munger::copyFileToDbAndReturnDBStoredName(tree.path(longest)).isNull());
     EXPECT_EQ(tree.contents().size(), 1);

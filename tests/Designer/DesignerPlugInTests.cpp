@@ -10,6 +10,8 @@
 #include <QUiLoader>
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 const QString PlugIn = QStringLiteral(KTUTILITY_DESIGNER_PLUGIN);
 
@@ -35,9 +37,8 @@ TEST_F(DesignerPlugIn, HasEveryView)
     QStringList names;
     for (const QDesignerCustomWidgetInterface *const widget : widgets)
         names += widget->name();
-    EXPECT_EQ(names, QStringList({QStringLiteral("KTFocusRingView"),
-                                  QStringLiteral("KTFocusRingScrollView"),
-                                  QStringLiteral("KTMediaFieldSlider")}));
+    EXPECT_EQ(names, QStringList({u"KTFocusRingView"_s, u"KTFocusRingScrollView"_s,
+                                  u"KTMediaFieldSlider"_s}));
 }
 
 TEST_F(DesignerPlugIn, MakesEachOfThem)
@@ -49,7 +50,7 @@ TEST_F(DesignerPlugIn, MakesEachOfThem)
         ASSERT_NE(made, nullptr);
         EXPECT_EQ(QString::fromLatin1(made->metaObject()->className()), widget->name());
         EXPECT_EQ(made->parentWidget(), &parent);
-        EXPECT_EQ(widget->group(), QStringLiteral("KTUtility"));
+        EXPECT_EQ(widget->group(), u"KTUtility"_s);
         EXPECT_FALSE(widget->toolTip().isEmpty());
         EXPECT_FALSE(widget->whatsThis().isEmpty());
         EXPECT_TRUE(widget->icon().isNull());

@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// How long a program may take to start, in milliseconds.
 constexpr int Patience = 30000;
@@ -25,14 +27,12 @@ void DesktopDisplay::stop(QProcess &process)
 bool DesktopDisplay::start()
 {
     // The server finds a free number by itself and tells it when it is ready.
-    _server.start(QStringLiteral(DESKTOP_SERVER),
-                  {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                   QStringLiteral("0"), QStringLiteral("1280x900x24"), QStringLiteral("-nolisten"),
-                   QStringLiteral("tcp")});
+    _server.start(QStringLiteral(DESKTOP_SERVER), {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s,
+                                                   u"1280x900x24"_s, u"-nolisten"_s, u"tcp"_s});
     if (!_server.waitForReadyRead(Patience))
         return false;
     qputenv("DISPLAY", ":" + _server.readLine().trimmed());
-    _windowManager.start(QStringLiteral(DESKTOP_WINDOW_MANAGER), {QStringLiteral("--sm-disable")});
+    _windowManager.start(QStringLiteral(DESKTOP_WINDOW_MANAGER), {u"--sm-disable"_s});
     return _windowManager.waitForStarted(Patience);
 }
 

@@ -10,6 +10,8 @@
 #include <QScreen>
 #include <QWindow>
 
+using namespace Qt::StringLiterals;
+
 class DesktopHost : public HostWindowTest
 {
 protected:
@@ -50,10 +52,10 @@ protected:
 TEST_F(DesktopHost, ImportsByTheKeyboardAlone)
 {
     MainWindowController *const window = openActive();
-    tree.add(QStringLiteral("Pets.csv"), "Pet,Age\nCat,3\nDog,4\n");
+    tree.add(u"Pets.csv"_s, "Pet,Age\nCat,3\nDog,4\n");
     press(Qt::Key_I, Qt::ControlModifier);
     ASSERT_TRUE(becomesActive(window->importSheet()));
-    write(tree.path(QStringLiteral("Pets.csv")));
+    write(tree.path(u"Pets.csv"_s));
     press(Qt::Key_Return);
     ASSERT_TRUE(becomesActive(window->importSummary()));
     press(Qt::Key_Return);
@@ -61,32 +63,32 @@ TEST_F(DesktopHost, ImportsByTheKeyboardAlone)
               window->mainWindow()->windowHandle());
     press(Qt::Key_Return);
     ASSERT_TRUE(becomesActive(window->mainWindow()));
-    EXPECT_EQ(window->library()->definition().name, QStringLiteral("Pets"));
-    EXPECT_EQ(countIn(window), QStringLiteral("2 records"));
+    EXPECT_EQ(window->library()->definition().name, u"Pets"_s);
+    EXPECT_EQ(countIn(window), u"2 records"_s);
     // What was done is told when the window has the keyboard again.
     EXPECT_TRUE(QTest::qWaitFor([this] { return application->hud()->isDisplayingWindow(); }));
-    EXPECT_EQ(application->hud()->text()->text(), QStringLiteral("Imported 2 records"));
+    EXPECT_EQ(application->hud()->text()->text(), u"Imported 2 records"_s);
 }
 
 TEST_F(DesktopHost, SearchesEditsAndDeletesByTheKeyboardAlone)
 {
     MainWindowController *const window = openActive();
     press(Qt::Key_F, Qt::ControlModifier);
-    write(QStringLiteral("tall"));
+    write(u"tall"_s);
     press(Qt::Key_Return);
-    EXPECT_EQ(countIn(window), QStringLiteral("1 of 4 records"));
+    EXPECT_EQ(countIn(window), u"1 of 4 records"_s);
     editor(window, 0)->input()->setFocus();
     press(Qt::Key_Tab);
     press(Qt::Key_A, Qt::ControlModifier);
-    write(QStringLiteral("2,500"));
+    write(u"2,500"_s);
     press(Qt::Key_Return);
-    EXPECT_EQ(stored(3, 1), QStringLiteral("2,500"));
+    EXPECT_EQ(stored(3, 1), u"2,500"_s);
     window->mainWindow()->table()->setFocus();
     press(Qt::Key_Backspace, Qt::ControlModifier);
     activeAlert();
     press(Qt::Key_Return);
     ASSERT_TRUE(becomesActive(window->mainWindow()));
-    EXPECT_EQ(countIn(window), QStringLiteral("0 of 3 records"));
+    EXPECT_EQ(countIn(window), u"0 of 3 records"_s);
     EXPECT_EQ(QApplication::focusWidget(), window->mainWindow()->table());
 }
 

@@ -15,6 +15,8 @@
 #include <QTest>
 #include <QWindow>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// What the screen shows.
 QImage screenShot()
@@ -44,8 +46,7 @@ protected:
 TEST_F(DesktopVisual, TheDisplayLiesOverTheWindowAndTakesNoKeyboard)
 {
     KTStatusHUDController hud;
-    hud.showStatusWindowWithString(QStringLiteral("247 records"), NSWindow::frame(&window), false,
-                                   60);
+    hud.showStatusWindowWithString(u"247 records"_s, NSWindow::frame(&window), false, 60);
     clock.advance(0.5);
     ASSERT_TRUE(QTest::qWaitForWindowExposed(hud.window()));
     EXPECT_TRUE(window.isActiveWindow());
@@ -58,8 +59,7 @@ TEST_F(DesktopVisual, TheDisplayLiesOverTheWindowAndTakesNoKeyboard)
 TEST_F(DesktopVisual, CornersAreRoundWithoutACompositor)
 {
     KTStatusHUDController hud;
-    hud.showStatusWindowWithString(QStringLiteral("247 records"), NSWindow::frame(&window), false,
-                                   60);
+    hud.showStatusWindowWithString(u"247 records"_s, NSWindow::frame(&window), false, 60);
     clock.advance(0.5);
     ASSERT_TRUE(QTest::qWaitForWindowExposed(hud.window()));
     EXPECT_FALSE(hud.window()->mask().isEmpty());
@@ -77,8 +77,7 @@ TEST_F(DesktopVisual, CornersAreRoundWithoutACompositor)
 TEST_F(DesktopVisual, AClickThroughTheWindowSystemDismisses)
 {
     KTStatusHUDController hud;
-    hud.showStatusWindowWithString(QStringLiteral("247 records"), NSWindow::frame(&window), false,
-                                   60);
+    hud.showStatusWindowWithString(u"247 records"_s, NSWindow::frame(&window), false, 60);
     clock.advance(0.5);
     ASSERT_TRUE(QTest::qWaitForWindowExposed(hud.window()));
     QTest::mouseClick(hud.window()->windowHandle(), Qt::LeftButton, {}, QPoint(30, 50));

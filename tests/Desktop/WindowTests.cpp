@@ -19,6 +19,8 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// A window with a button.
 class ButtonWindow : public QWidget
@@ -27,7 +29,7 @@ public:
     explicit ButtonWindow(const QPoint &place)
     {
         auto *const layout = new QVBoxLayout(this);
-        layout->addWidget(button = new QPushButton(QStringLiteral("Press")));
+        layout->addWidget(button = new QPushButton(u"Press"_s));
         setGeometry(QRect(place, QSize(300, 200)));
     }
 
@@ -200,8 +202,7 @@ TEST_F(DesktopWindow, TwoWindowsHaveSheetsAtOnce)
 
 TEST_F(DesktopWindow, AnAlertIsASheetWithTheKeyboardOnItsDefaultButton)
 {
-    auto *const alert = new NSAlert(QStringLiteral("Delete?"), QStringLiteral("Delete"),
-                                    QStringLiteral("Keep"), QString(), QString());
+    auto *const alert = new NSAlert(u"Delete?"_s, u"Delete"_s, u"Keep"_s, QString(), QString());
     QPointer<NSAlert> guard(alert);
     int code = 99;
     alert->beginSheetModalForWindow(first.window(),

@@ -4,6 +4,8 @@
 
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 using testing_support::standardErrorOf;
 
 namespace {
@@ -36,7 +38,7 @@ TEST(KTAssert, AssertionsLogFirstAndThenRaise)
 {
     const QString log = standardErrorOf([] {
         EXPECT_RAISES(KTAssert::KTAssertWithFormat(u"kind %d of %@", 7, u"é"),
-                      NSInternalInconsistencyException, QStringLiteral("kind 7 of é"));
+                      NSInternalInconsistencyException, u"kind 7 of é"_s);
     });
     const QStringList lines = log.split(u'\n', Qt::SkipEmptyParts);
     ASSERT_EQ(lines.size(), 2);
@@ -50,10 +52,9 @@ TEST(KTAssert, TheHandlerLearnsThePlaceOfTheClassAndTheMessageAsFormat)
 {
     KeepingHandler handler;
     standardErrorOf([] { KTAssert::KTAssertWithFormat(u"%@", u"100%d"); });
-    EXPECT_EQ(handler.place,
-              QStringLiteral("KTAssert KTAssertWithFormat: KTUtility/KTAssert.cpp:28"));
+    EXPECT_EQ(handler.place, u"KTAssert KTAssertWithFormat: KTUtility/KTAssert.cpp:28"_s);
     EXPECT_TRUE(handler.isClass);
-    EXPECT_EQ(handler.text, QStringLiteral("100%d"));
+    EXPECT_EQ(handler.text, u"100%d"_s);
     EXPECT_EQ(handler.argumentCount, 0U);
 }
 
@@ -61,7 +62,7 @@ TEST(KTAssert, PercentSequencesAreFormattedASecondTime)
 {
     standardErrorOf([] {
         EXPECT_RAISES(KTAssert::KTAssertWithFormat(u"%@", u"a %d %@ %% %s %n"),
-                      NSInternalInconsistencyException, QStringLiteral("a 0 (null) % (null) %n"));
+                      NSInternalInconsistencyException, u"a 0 (null) % (null) %n"_s);
     });
 }
 

@@ -6,6 +6,8 @@
 
 #include <QMenu>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// A logger in a fresh home folder, and its menu.
 class KTLoggerMenuTest : public testing::Test
@@ -58,12 +60,10 @@ TEST_F(KTLoggerMenuTest, HoldsItsItemsInOrder)
     ASSERT_EQ(actions.size(), 7 + 39);
     QStringList titles;
     for (QAction *action : actions)
-        titles += action->isSeparator() ? QStringLiteral("-") : NSMenuItem::title(action);
-    EXPECT_EQ(titles.mid(0, 7),
-              QStringList({QStringLiteral("Log To Console"), QStringLiteral("Log To File"),
-                           QStringLiteral("-"), QStringLiteral("Display File and Line"),
-                           QStringLiteral("-"), QStringLiteral("Clear all logging state"),
-                           QStringLiteral("-")}));
+        titles += action->isSeparator() ? u"-"_s : NSMenuItem::title(action);
+    EXPECT_EQ(titles.mid(0, 7), QStringList({u"Log To Console"_s, u"Log To File"_s, u"-"_s,
+                                             u"Display File and Line"_s, u"-"_s,
+                                             u"Clear all logging state"_s, u"-"_s}));
     EXPECT_EQ(titles.mid(7), logger->allComponentsArray());
     for (QAction *action : actions)
         EXPECT_TRUE(action->shortcut().isEmpty());
@@ -77,17 +77,17 @@ TEST_F(KTLoggerMenuTest, HoldsItsItemsInOrder)
 
 TEST_F(KTLoggerMenuTest, AmpersandsAreShownAndMarkNoShortcut)
 {
-    EXPECT_EQ(item(kLog_DragDrop)->text(), QStringLiteral("Drag && Drop"));
+    EXPECT_EQ(item(kLog_DragDrop)->text(), u"Drag && Drop"_s);
 }
 
 TEST_F(KTLoggerMenuTest, SubmenusHoldEightLevelsWithTheirTags)
 {
     const auto submenu = logger->createLogLevelSubmenuWithBase(170);
-    EXPECT_EQ(submenu->title(), QStringLiteral("submenu"));
+    EXPECT_EQ(submenu->title(), u"submenu"_s);
     const QList<QAction *> actions = submenu->actions();
     ASSERT_EQ(actions.size(), 8);
-    EXPECT_EQ(NSMenuItem::title(actions[0]), QStringLiteral("7 (most detail)"));
-    EXPECT_EQ(NSMenuItem::title(actions[7]), QStringLiteral("0 (off)"));
+    EXPECT_EQ(NSMenuItem::title(actions[0]), u"7 (most detail)"_s);
+    EXPECT_EQ(NSMenuItem::title(actions[7]), u"0 (off)"_s);
     for (int index = 0; index < 8; ++index) {
         EXPECT_EQ(NSMenuItem::tag(actions[index]), 177 - index);
         EXPECT_EQ(NSMenuItem::action(actions[index]), NSSelector("setComponentLogLevel:"));
@@ -104,8 +104,7 @@ TEST_F(KTLoggerMenuTest, ChoosingALevelStoresIt)
     EXPECT_EQ(NSMenuItem::tag(three), 173);
     three->trigger();
     EXPECT_EQ(logger->levelOfComponent(kLog_FormattersCurrency), 3);
-    EXPECT_EQ(checkedTitles(item(kLog_FormattersCurrency)->menu()),
-              QStringList{QStringLiteral("3")});
+    EXPECT_EQ(checkedTitles(item(kLog_FormattersCurrency)->menu()), QStringList{u"3"_s});
     levelItem(kLog_FormattersCurrency, 0)->trigger();
     EXPECT_EQ(logger->levelOfComponent(kLog_FormattersCurrency), 0);
 }
@@ -113,27 +112,27 @@ TEST_F(KTLoggerMenuTest, ChoosingALevelStoresIt)
 TEST_F(KTLoggerMenuTest, WithoutSettingsEverySubmenuMarksOff)
 {
     for (const QString &component : logger->allComponentsArray())
-        EXPECT_EQ(checkedTitles(item(component)->menu()), QStringList{QStringLiteral("0 (off)")});
-    EXPECT_EQ(checkedTitles(menu.get()), QStringList{QStringLiteral("Log To File")});
+        EXPECT_EQ(checkedTitles(item(component)->menu()), QStringList{u"0 (off)"_s});
+    EXPECT_EQ(checkedTitles(menu.get()), QStringList{u"Log To File"_s});
 }
 
 TEST_F(KTLoggerMenuTest, MarksFollowTheSettings)
 {
     levelItem(kLog_Undo, 7)->trigger();
-    item(QStringLiteral("Log To Console"))->trigger();
-    item(QStringLiteral("Display File and Line"))->trigger();
-    EXPECT_EQ(checkedTitles(menu.get()), QStringList({QStringLiteral("Log To Console"),
-                                                      QStringLiteral("Display File and Line")}));
-    item(QStringLiteral("Log To Console"))->trigger();
+    item(u"Log To Console"_s)->trigger();
+    item(u"Display File and Line"_s)->trigger();
+    EXPECT_EQ(checkedTitles(menu.get()),
+              QStringList({u"Log To Console"_s, u"Display File and Line"_s}));
+    item(u"Log To Console"_s)->trigger();
     EXPECT_FALSE(logger->writeToFile());
-    EXPECT_TRUE(item(QStringLiteral("Log To Console"))->isChecked());
-    item(QStringLiteral("Clear all logging state"))->trigger();
+    EXPECT_TRUE(item(u"Log To Console"_s)->isChecked());
+    item(u"Clear all logging state"_s)->trigger();
     EXPECT_EQ(logger->levelOfComponent(kLog_Undo), 0);
 }
 
 TEST_F(KTLoggerMenuTest, EveryItemStaysEnabledAndOthersKeepTheirMark)
 {
-    QAction foreign(QStringLiteral("foreign"));
+    QAction foreign(u"foreign"_s);
     foreign.setCheckable(true);
     foreign.setChecked(true);
     EXPECT_TRUE(logger->validateMenuItem(&foreign));
@@ -148,7 +147,7 @@ TEST_F(KTLoggerMenuTest, TagsBeyondTheComponentsRaise)
     QAction stray;
     NSMenuItem::setTag(&stray, 391);
     EXPECT_RAISES(logger->setComponentLogLevel(&stray), NSRangeException,
-                  QStringLiteral("index (39) beyond bounds (39)"));
+                  u"index (39) beyond bounds (39)"_s);
     logger->setComponentLogLevel(nullptr);
     EXPECT_EQ(logger->components()->value(kLog_AppleScript), QVariant(0));
 }
@@ -165,6 +164,6 @@ TEST_F(KTLoggerMenuTest, AMenuOutlivesItsLogger)
 {
     logger.reset();
     EXPECT_TRUE(checkedTitles(menu.get()).isEmpty());
-    item(QStringLiteral("Log To Console"))->trigger();
-    EXPECT_EQ(NSMenuItem::target(item(QStringLiteral("Log To File"))), nullptr);
+    item(u"Log To Console"_s)->trigger();
+    EXPECT_EQ(NSMenuItem::target(item(u"Log To File"_s)), nullptr);
 }

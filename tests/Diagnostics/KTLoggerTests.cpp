@@ -15,6 +15,8 @@
 #include <thread>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 using testing_support::contentsOf;
 using testing_support::standardErrorOf;
 using testing_support::writeFile;
@@ -24,12 +26,12 @@ namespace {
 class KTLoggerTest : public testing::Test
 {
 protected:
-    QString library() const { return home + QStringLiteral("/.local/share/Cobble"); }
+    QString library() const { return home + u"/.local/share/Cobble"_s; }
     QString settingsPath() const
     {
-        return library() + QStringLiteral("/Preferences/org.cobble.Cobble.ktlogger.plist");
+        return library() + u"/Preferences/org.cobble.Cobble.ktlogger.plist"_s;
     }
-    QString logPath() const { return library() + QStringLiteral("/Logs/cobble.log"); }
+    QString logPath() const { return library() + u"/Logs/cobble.log"_s; }
     QString log() const { return QString::fromUtf8(contentsOf(logPath())); }
     QVariantMap settings() const
     {
@@ -84,12 +86,12 @@ TEST_F(KTLoggerTest, ComponentsStandInTheirOrder)
     const QStringList &all = logger.allComponentsArray();
     ASSERT_EQ(all.size(), 39);
     EXPECT_EQ(all[0], kLog_AppleScript);
-    EXPECT_EQ(all[1], QStringLiteral("validateMenuItem"));
-    EXPECT_EQ(all[4], QStringLiteral("Drag & Drop"));
-    EXPECT_EQ(all[5], QStringLiteral("DataMap"));
-    EXPECT_EQ(all[17], QStringLiteral("Formatters -- Currency"));
-    EXPECT_EQ(all[33], QStringLiteral("SourceList"));
-    EXPECT_EQ(all[34], QStringLiteral("SourceItem"));
+    EXPECT_EQ(all[1], u"validateMenuItem"_s);
+    EXPECT_EQ(all[4], u"Drag & Drop"_s);
+    EXPECT_EQ(all[5], u"DataMap"_s);
+    EXPECT_EQ(all[17], u"Formatters -- Currency"_s);
+    EXPECT_EQ(all[33], u"SourceList"_s);
+    EXPECT_EQ(all[34], u"SourceItem"_s);
     EXPECT_EQ(all[38], kLog_Upgrade);
     EXPECT_FALSE(all.contains(kLog_invalid));
     EXPECT_EQ(QSet<QString>(all.begin(), all.end()).size(), 39);
@@ -122,10 +124,10 @@ TEST_F(KTLoggerTest, AFileLineHoldsDateFileLineComponentAndMessage)
     logger.setLevelOfComponent(4, kLog_ImportDialog);
     logger.logComponent(kLog_ImportDialog, 4, "/some/where/Import.cpp", 42, u"%@ read %d%%", u"é",
                         7);
-    static const QRegularExpression form(QStringLiteral(
-        "^(Sun|Mon|Tue|Wed|Thu|Fri|Sat) "
+    static const QRegularExpression form(
+        u"^(Sun|Mon|Tue|Wed|Thu|Fri|Sat) "
         "(Jan|Feb|Mar|Apr|May|Jun|Jul|Aug|Sep|Oct|Nov|Dec) \\d\\d \\d{4} "
-        "\\d\\d:\\d\\d:\\d\\d\\.\\d{3} \\[Import\\.cpp:42\\]\\[Import Dialog\\] é read 7%\\n$"));
+        "\\d\\d:\\d\\d:\\d\\d\\.\\d{3} \\[Import\\.cpp:42\\]\\[Import Dialog\\] é read 7%\\n$"_s);
     EXPECT_FALSE(logger.displayFileLine());
     EXPECT_TRUE(form.match(log()).hasMatch()) << log().toStdString();
 }
@@ -198,9 +200,8 @@ TEST_F(KTLoggerTest, EveryStartEmptiesTheLogFile)
 TEST_F(KTLoggerTest, WithoutComponentsSavingRaises)
 {
     KTLogger logger;
-    const QString reason =
-        QStringLiteral("*** -[NSMutableDictionary setObject:forKey:]: attempt to "
-                       "insert nil value (key: components)");
+    const QString reason = u"*** -[NSMutableDictionary setObject:forKey:]: attempt to "
+                           "insert nil value (key: components)"_s;
     EXPECT_RAISES(logger.writeConfigFile(), NSInvalidArgumentException, reason);
     EXPECT_RAISES(logger.setOutputToConsole(nullptr), NSInvalidArgumentException, reason);
     EXPECT_RAISES(logger.setOutputToFile(nullptr), NSInvalidArgumentException, reason);
@@ -226,8 +227,8 @@ TEST_F(KTLoggerTest, ClearingSetsEveryListedComponentToZero)
 TEST_F(KTLoggerTest, SettingsOfWrongTypesCountAsMissing)
 {
     writeSettings({{KTLoggerWriteToFileKey, QVariantList{1}},
-                   {KTLoggerDisplayFileLineKey, QStringLiteral("YES")},
-                   {KTLoggerComponentsKey, QStringLiteral("all")}});
+                   {KTLoggerDisplayFileLineKey, u"YES"_s},
+                   {KTLoggerComponentsKey, u"all"_s}});
     const KTLogger logger;
     EXPECT_TRUE(logger.writeToFile());
     EXPECT_TRUE(logger.displayFileLine());
@@ -237,7 +238,7 @@ TEST_F(KTLoggerTest, SettingsOfWrongTypesCountAsMissing)
 TEST_F(KTLoggerTest, LevelsOfOtherTypesAreReadAsIntegers)
 {
     for (const auto &[stored, level] :
-         std::vector<std::pair<QVariant, int>>{{QStringLiteral("4"), 4},
+         std::vector<std::pair<QVariant, int>>{{u"4"_s, 4},
                                                {3.9, 3},
                                                {true, 1},
                                                {QVariantList{5}, 0},
@@ -277,7 +278,7 @@ TEST_F(KTLoggerTest, WithoutASettingsFileOtherSettingsStay)
     KTLogger logger;
     logger.setLevelOfComponent(2, kLog_Undo);
     logger.setOutputToConsole(nullptr);
-    logger.loadConfigFile(home + QStringLiteral("/nothing.plist"));
+    logger.loadConfigFile(home + u"/nothing.plist"_s);
     EXPECT_FALSE(logger.writeToFile());
     EXPECT_FALSE(logger.components().has_value());
     logger.loadConfigFile(QString());
@@ -292,8 +293,8 @@ TEST_F(KTLoggerTest, WithoutALibraryFolderNothingIsSaved)
     KTLogger logger;
     EXPECT_TRUE(logger.configFilePath().isNull());
     EXPECT_TRUE(logger.userFile().isNull());
-    EXPECT_EQ(logger.logFolder(), temporary.filePath(QStringLiteral("Logs")));
-    EXPECT_TRUE(QFile::exists(temporary.filePath(QStringLiteral("Logs/cobble.log"))));
+    EXPECT_EQ(logger.logFolder(), temporary.filePath(u"Logs"_s));
+    EXPECT_TRUE(QFile::exists(temporary.filePath(u"Logs/cobble.log"_s)));
     logger.setLevelOfComponent(4, kLog_Undo);
     EXPECT_FALSE(logger.components().has_value());
     qunsetenv("TMPDIR");
@@ -302,17 +303,17 @@ TEST_F(KTLoggerTest, WithoutALibraryFolderNothingIsSaved)
 
 TEST_F(KTLoggerTest, ALogFolderThatCannotBeMadeIsNoLogFile)
 {
-    writeFile(library() + QStringLiteral("/Logs"), "a file");
+    writeFile(library() + u"/Logs"_s, "a file");
     KTLogger logger;
     logger.setLevelOfComponent(1, kLog_Tests);
     logger.logComponent(kLog_Tests, 1, "f", 1, u"dropped");
-    EXPECT_EQ(contentsOf(library() + QStringLiteral("/Logs")), "a file");
+    EXPECT_EQ(contentsOf(library() + u"/Logs"_s), "a file");
 }
 
 TEST_F(KTLoggerTest, AFullDiskDropsTheLine)
 {
-    QDir().mkpath(library() + QStringLiteral("/Logs"));
-    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/full"), logPath()));
+    QDir().mkpath(library() + u"/Logs"_s);
+    ASSERT_TRUE(QFile::link(u"/dev/full"_s, logPath()));
     KTLogger logger;
     logger.setLevelOfComponent(1, kLog_Tests);
     for (int line = 0; line < 3; ++line)
@@ -344,7 +345,7 @@ TEST_F(KTLoggerTest, LinesOfSeveralThreadsDoNotMix)
         });
     for (std::thread &thread : threads)
         thread.join();
-    static const QRegularExpression form(QStringLiteral("\\] <\\d x{50}>$"));
+    static const QRegularExpression form(u"\\] <\\d x{50}>$"_s);
     const QStringList lines = log().split(u'\n', Qt::SkipEmptyParts);
     EXPECT_EQ(lines.size(), 800);
     for (const QString &line : lines)
@@ -360,8 +361,7 @@ TEST_F(KTLoggerTest, WhatIsDestroyedLastMayLog)
         last.logger = &logger;
         logger.logComponent(kLog_Tests, 1, "f", 1, u"<%d>", 1);
     }).join();
-    static const QRegularExpression form(
-        QStringLiteral("\\A[^<]* <1>\\n[^<]* <2>\\n[^<]* <3>\\n\\z"));
+    static const QRegularExpression form(u"\\A[^<]* <1>\\n[^<]* <2>\\n[^<]* <3>\\n\\z"_s);
     EXPECT_TRUE(form.match(log()).hasMatch()) << log().toStdString();
 }
 
@@ -377,7 +377,7 @@ TEST(KTLog, EvaluatesNoArgumentWhenOff)
     KTLog(kLog_Printing, 4, u"%d", argument());
     KTLog(kLog_Printing, 5, u"%d", argument());
     EXPECT_EQ(evaluations, 1);
-    EXPECT_EQ(capture.messages(), QStringList{QStringLiteral("1")});
+    EXPECT_EQ(capture.messages(), QStringList{u"1"_s});
 }
 
 TEST(KTLog, EvaluatesComponentAndLevelOnce)
@@ -388,7 +388,7 @@ TEST(KTLog, EvaluatesComponentAndLevelOnce)
     EXPECT_EQ(evaluations, 1);
     ASSERT_EQ(capture.entries().size(), 1);
     EXPECT_EQ(capture.entries()[0].level, 1);
-    EXPECT_EQ(capture.entries()[0].file, QStringLiteral("KTLoggerTests.cpp"));
+    EXPECT_EQ(capture.entries()[0].file, u"KTLoggerTests.cpp"_s);
     EXPECT_EQ(capture.entries()[0].component, kLog_Printing);
     EXPECT_GT(capture.entries()[0].lineNumber, 1);
 }
@@ -400,7 +400,7 @@ TEST(KTLog, IsOneStatement)
         KTLog(kLog_Printing, 1, u"then");
     else
         KTLog(kLog_Printing, 1, u"else");
-    EXPECT_EQ(capture.messages(), QStringList{QStringLiteral("then")});
+    EXPECT_EQ(capture.messages(), QStringList{u"then"_s});
 }
 
 TEST(KTLogCapture, RestoresWhatWasThere)
@@ -419,7 +419,7 @@ TEST(KTLogCapture, RestoresWhatWasThere)
         }
         KTLog(kLog_Printing, 7, u"nobody");
         KTLog(kLog_Undo, 2, u"outer");
-        EXPECT_EQ(outer.messages(), QStringList{QStringLiteral("outer")});
+        EXPECT_EQ(outer.messages(), QStringList{u"outer"_s});
         outer.setLevelOfComponent(3, kLog_Printing);
         KTLog(kLog_Printing, 3, u"more");
         EXPECT_EQ(outer.messages().size(), 2);

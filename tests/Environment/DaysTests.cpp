@@ -7,6 +7,8 @@
 
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 using environment_support::wallTime;
 using environment_support::zone;
 
@@ -106,7 +108,7 @@ TEST(EnvironmentDays, TimesThatTheClockSkipsAreTheGapLater)
             // What the clock would have shown without the change.
             const QDateTime typed =
                 change.atUtc.addSecs(skipped).toOffsetFromUtc(secondsAhead(change.atUtc) - gap);
-            const QString text = typed.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+            const QString text = typed.toString(u"yyyy-MM-dd HH:mm:ss"_s);
             QVariant value;
             ASSERT_TRUE(formatter.getObjectValue(&value, text)) << text.toStdString();
             EXPECT_EQ(value.toDateTime(), change.atUtc.addSecs(skipped)) << text.toStdString();

@@ -4,6 +4,8 @@
 
 #include <QDateTime>
 
+using namespace Qt::StringLiterals;
+
 namespace environment_support {
 QString expectedLocale()
 {
@@ -19,8 +21,8 @@ QTimeZone zone()
 QString wallTime(const QDateTime &date)
 {
     if (!date.isValid())
-        return QStringLiteral("NO");
-    return date.toTimeZone(zone()).toString(QStringLiteral("yyyy-MM-ddTHH:mm:ss"));
+        return u"NO"_s;
+    return date.toTimeZone(zone()).toString(u"yyyy-MM-ddTHH:mm:ss"_s);
 }
 
 void chooseCalendar()

@@ -16,6 +16,8 @@
 
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 using testing_support::contentsOf;
 using testing_support::FileTree;
 
@@ -23,11 +25,11 @@ namespace {
 /// Letters whose case Turkish has otherwise, and values that locales write in their own ways.
 QVariantMap values()
 {
-    return {{QStringLiteral("INFO"), QStringLiteral("Iıİi ٣")},
-            {QStringLiteral("date"), QDateTime(QDate(2008, 3, 5), QTime(16, 27, 1), Qt::UTC)},
-            {QStringLiteral("number"), 1234567},
-            {QStringLiteral("real"), 1234.5},
-            {QStringLiteral("yes"), true}};
+    return {{u"INFO"_s, u"Iıİi ٣"_s},
+            {u"date"_s, QDateTime(QDate(2008, 3, 5), QTime(16, 27, 1), Qt::UTC)},
+            {u"number"_s, 1234567},
+            {u"real"_s, 1234.5},
+            {u"yes"_s, true}};
 }
 
 QByteArray document(const QByteArray &dictionary)
@@ -75,26 +77,25 @@ constexpr Naming Names[] = {
 TEST(EnvironmentFiles, PropertyLists)
 {
     EXPECT_EQ(NSPropertyListSerialization::dataWithPropertyList(values()), valuesAsXML());
-    EXPECT_EQ(NSPropertyListSerialization::propertyListFromData(valuesAsXML())
-                  .toMap()
-                  .value(QStringLiteral("date")),
-              values().value(QStringLiteral("date")));
+    EXPECT_EQ(
+        NSPropertyListSerialization::propertyListFromData(valuesAsXML()).toMap().value(u"date"_s),
+        values().value(u"date"_s));
 }
 
 TEST(EnvironmentFiles, UserDefaults)
 {
     const QString home = testing_support::useFreshHome();
-    const QString domain = QStringLiteral("org.example.INFO");
+    const QString domain = u"org.example.INFO"_s;
     {
         NSUserDefaults defaults(domain);
         const QVariantMap given = values();
         for (auto each = given.begin(); each != given.end(); ++each)
             defaults.setObject(each.value(), each.key());
-        EXPECT_EQ(defaults.stringForKey(QStringLiteral("real")), u"1234.5");
-        EXPECT_EQ(defaults.stringForKey(QStringLiteral("number")), u"1234567");
+        EXPECT_EQ(defaults.stringForKey(u"real"_s), u"1234.5");
+        EXPECT_EQ(defaults.stringForKey(u"number"_s), u"1234567");
     }
     EXPECT_EQ(contentsOf(preferences(home, domain)), valuesAsXML());
-    EXPECT_EQ(NSUserDefaults(domain).doubleForKey(QStringLiteral("real")), 1234.5);
+    EXPECT_EQ(NSUserDefaults(domain).doubleForKey(u"real"_s), 1234.5);
 }
 
 TEST(EnvironmentFiles, LoggerSettings)
@@ -102,7 +103,7 @@ TEST(EnvironmentFiles, LoggerSettings)
     const QString home = testing_support::useFreshHome();
     KTLogger logger;
     logger.setLevelOfComponent(4, kLog_ImportDialog);
-    EXPECT_EQ(contentsOf(preferences(home, QStringLiteral("org.cobble.Cobble.ktlogger"))),
+    EXPECT_EQ(contentsOf(preferences(home, u"org.cobble.Cobble.ktlogger"_s)),
               document("\t<key>components</key>\n\t<dict>\n\t\t<key>Import Dialog</key>\n"
                        "\t\t<integer>4</integer>\n\t</dict>\n\t<key>displayFileLine</key>\n"
                        "\t<false/>\n\t<key>writeToFile</key>\n\t<true/>\n"));
@@ -122,8 +123,8 @@ TEST(EnvironmentFiles, LogLinesHaveEnglishDatesOfTheZonesClock)
     constexpr qsizetype DateLength = 28;
     EXPECT_EQ(line.mid(DateLength),
               u" [INFO.cpp:42][Import Dialog] Iıİi 1234567 1234.50 -0042 0.5\n");
-    const QDateTime clock = QLocale::c().toDateTime(line.left(DateLength),
-                                                    QStringLiteral("ddd MMM dd yyyy HH:mm:ss.zzz"));
+    const QDateTime clock =
+        QLocale::c().toDateTime(line.left(DateLength), u"ddd MMM dd yyyy HH:mm:ss.zzz"_s);
     ASSERT_TRUE(clock.isValid()) << line.toStdString();
     const auto clockOf = [](const QDateTime &instant) {
         const QDateTime zoned = instant.toTimeZone(environment_support::zone());
@@ -137,21 +138,21 @@ TEST(EnvironmentFiles, LogLinesHaveEnglishDatesOfTheZonesClock)
 TEST(EnvironmentFiles, MediaNames)
 {
     const FileTree tree;
-    tree.add(QStringLiteral("IMAGE İı.JPG"));
-    const QString stored = KTMediaFilenameMunger::copyFileToDbAndReturnDBStoredName(
-        tree.path(QStringLiteral("IMAGE İı.JPG")));
+    tree.add(u"IMAGE İı.JPG"_s);
+    const QString stored =
+        KTMediaFilenameMunger::copyFileToDbAndReturnDBStoredName(tree.path(u"IMAGE İı.JPG"_s));
     EXPECT_EQ(QFileInfo(stored).fileName(), u"IMAGE İı.0.JPG");
-    tree.addCopies(QStringLiteral("IMAGE İı.%d.JPG"), 0, 12);
+    tree.addCopies(u"IMAGE İı.%d.JPG"_s, 0, 12);
     EXPECT_EQ(QFileInfo(KTMediaFilenameMunger::makeDBStoredNamefromOriginalFileName(
-                            tree.path(QStringLiteral("IMAGE İı.JPG"))))
+                            tree.path(u"IMAGE İı.JPG"_s)))
                   .fileName(),
               u"IMAGE İı.13.JPG");
-    const KTDatabaseBundle bundle(tree.path(QStringLiteral("INFO.cobbledb")));
+    const KTDatabaseBundle bundle(tree.path(u"INFO.cobbledb"_s));
     ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
-    EXPECT_EQ(QFileInfo(bundle.copyFilePathToMediaFolderAndReturnMediaPath(
-                            tree.path(QStringLiteral("IMAGE İı.JPG"))))
-                  .fileName(),
-              u"IMAGE İı.0.JPG");
+    EXPECT_EQ(
+        QFileInfo(bundle.copyFilePathToMediaFolderAndReturnMediaPath(tree.path(u"IMAGE İı.JPG"_s)))
+            .fileName(),
+        u"IMAGE İı.0.JPG");
 }
 
 TEST(EnvironmentFiles, InternalNames)
@@ -163,11 +164,11 @@ TEST(EnvironmentFiles, InternalNames)
         EXPECT_EQ(KTAdditions::tableNameString(title), QString::fromUtf16(name.table));
         EXPECT_EQ(KTAdditions::tableColumnString(title), QString::fromUtf16(name.column));
     }
-    EXPECT_EQ(KTAdditions::labelString(QStringLiteral("titleInfo")), u"Title Info");
-    EXPECT_EQ(KTAdditions::properNounString(QStringLiteral("image")), u"Image");
-    const QVariantList taken = {QVariantMap{{QStringLiteral("name"), QStringLiteral("title")}},
-                                QVariantMap{{QStringLiteral("name"), QStringLiteral("TITLE1")}}};
-    EXPECT_EQ(KTAdditions::internalCaseInsensitiveUniqueStringWithBase(
-                  taken, QStringLiteral("TITLE"), QStringLiteral("name")),
-              u"TITLE2");
+    EXPECT_EQ(KTAdditions::labelString(u"titleInfo"_s), u"Title Info");
+    EXPECT_EQ(KTAdditions::properNounString(u"image"_s), u"Image");
+    const QVariantList taken = {QVariantMap{{u"name"_s, u"title"_s}},
+                                QVariantMap{{u"name"_s, u"TITLE1"_s}}};
+    EXPECT_EQ(
+        KTAdditions::internalCaseInsensitiveUniqueStringWithBase(taken, u"TITLE"_s, u"name"_s),
+        u"TITLE2");
 }

@@ -10,6 +10,8 @@
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 using testing_support::contentsOf;
 using testing_support::FileTree;
 
@@ -17,7 +19,7 @@ namespace {
 class EnvironmentHost : public testing::Test
 {
 protected:
-    EnvironmentHost() : bundle(tree.path(QStringLiteral("b.cobbledb")))
+    EnvironmentHost() : bundle(tree.path(u"b.cobbledb"_s))
     {
         testing_support::needApplication();
         testing_support::useFreshHome();
@@ -27,14 +29,13 @@ protected:
 
     void run(const QStringList &arguments)
     {
-        const CommandResult result =
-            runInProcess(arguments + QStringList({QStringLiteral("--bundle"), bundle}));
+        const CommandResult result = runInProcess(arguments + QStringList({u"--bundle"_s, bundle}));
         EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
     }
     void import(const QByteArray &contents)
     {
-        tree.add(QStringLiteral("SIZE INFO.csv"), contents);
-        run({QStringLiteral("import"), tree.path(QStringLiteral("SIZE INFO.csv"))});
+        tree.add(u"SIZE INFO.csv"_s, contents);
+        run({u"import"_s, tree.path(u"SIZE INFO.csv"_s)});
     }
     std::unique_ptr<LibraryStore> store() const
     {
@@ -70,7 +71,7 @@ TEST_F(EnvironmentHost, StoresTheSameValuesOfUnambiguousTexts)
     import(Unambiguous);
     const auto opened = store();
     ASSERT_NE(opened, nullptr);
-    const auto library = opened->libraryNamed(QStringLiteral("SIZE INFO"));
+    const auto library = opened->libraryNamed(u"SIZE INFO"_s);
     ASSERT_TRUE(library.has_value());
     QStringList rows;
     for (RecordCursor records = opened->records(*library); records.next();) {
@@ -80,9 +81,9 @@ TEST_F(EnvironmentHost, StoresTheSameValuesOfUnambiguousTexts)
         rows += values.join(u'|');
     }
     const QStringList expected = {
-        QStringLiteral("IIıİi|5|1984-06-06|2008-03-05T17:30:00|x 1|555-0125 x31"),
-        QStringLiteral("i|42|2024-02-29|2018-07-01T00:15:30|(null)|+1 212 555 0135"),
-        QStringLiteral("٣|-7|1951-12-31|2001-01-01T12:00:00|1.|555 0195"),
+        u"IIıİi|5|1984-06-06|2008-03-05T17:30:00|x 1|555-0125 x31"_s,
+        u"i|42|2024-02-29|2018-07-01T00:15:30|(null)|+1 212 555 0135"_s,
+        u"٣|-7|1951-12-31|2001-01-01T12:00:00|1.|555 0195"_s,
     };
     EXPECT_EQ(rows, expected);
 }
@@ -92,7 +93,7 @@ TEST_F(EnvironmentHost, NamesTheTablesTheSame)
     import(Unambiguous);
     const auto opened = store();
     ASSERT_NE(opened, nullptr);
-    const auto library = opened->libraryNamed(QStringLiteral("size info"));
+    const auto library = opened->libraryNamed(u"size info"_s);
     ASSERT_TRUE(library.has_value());
     EXPECT_EQ(library->tableName, u"kt_size_info");
     EXPECT_EQ(library->libraryEntityName, u"lib_size_info");
@@ -105,9 +106,9 @@ TEST_F(EnvironmentHost, NamesTheTablesTheSame)
 TEST_F(EnvironmentHost, ExportsTheSameBytesForOneLocale)
 {
     import(Unambiguous);
-    run({QStringLiteral("export"), QStringLiteral("SIZE INFO"), QStringLiteral("--locale"),
-         QStringLiteral("en_US"), QStringLiteral("--to"), tree.path(QStringLiteral("out.csv"))});
-    EXPECT_EQ(QString::fromUtf8(contentsOf(tree.path(QStringLiteral("out.csv")))),
+    run({u"export"_s, u"SIZE INFO"_s, u"--locale"_s, u"en_US"_s, u"--to"_s,
+         tree.path(u"out.csv"_s)});
+    EXPECT_EQ(QString::fromUtf8(contentsOf(tree.path(u"out.csv"_s))),
               u"TITLE ID,Count,Born,Seen,Notes,Phone\r\n"
               u"IIıİi,5,6/6/1984,3/5/2008 5:30 PM,x 1,555-0125 x31\r\n"
               u"i,42,2/29/2024,7/1/2018 12:15 AM,,+1 (212) 555-0135\r\n"
@@ -117,9 +118,8 @@ TEST_F(EnvironmentHost, ExportsTheSameBytesForOneLocale)
 TEST_F(EnvironmentHost, ExportsValuesWithoutTheLocalesWriting)
 {
     import("Count;Note\n1234;a\n5;b\n");
-    run({QStringLiteral("export"), QStringLiteral("SIZE INFO"), QStringLiteral("--to"),
-         tree.path(QStringLiteral("out.json"))});
-    const QByteArray text = contentsOf(tree.path(QStringLiteral("out.json")));
+    run({u"export"_s, u"SIZE INFO"_s, u"--to"_s, tree.path(u"out.json"_s)});
+    const QByteArray text = contentsOf(tree.path(u"out.json"_s));
     EXPECT_EQ(QString::fromUtf8(text.simplified()),
               uR"([ {"count": 1234, "note": "a"}, {"count": 5, "note": "b"} ])");
 }
@@ -128,10 +128,10 @@ TEST_F(EnvironmentHost, WhatIsShownComesBackFromItsOwnExport)
 {
     import(Unambiguous);
     const auto exportTo = [this](const QString &library, const QString &file) {
-        run({QStringLiteral("export"), library, QStringLiteral("--to"), tree.path(file)});
+        run({u"export"_s, library, u"--to"_s, tree.path(file)});
         return QString::fromUtf8(contentsOf(tree.path(file)));
     };
-    const QString first = exportTo(QStringLiteral("SIZE INFO"), QStringLiteral("Again.csv"));
-    run({QStringLiteral("import"), tree.path(QStringLiteral("Again.csv"))});
-    EXPECT_EQ(exportTo(QStringLiteral("Again"), QStringLiteral("2.csv")), first);
+    const QString first = exportTo(u"SIZE INFO"_s, u"Again.csv"_s);
+    run({u"import"_s, tree.path(u"Again.csv"_s)});
+    EXPECT_EQ(exportTo(u"Again"_s, u"2.csv"_s), first);
 }

@@ -9,6 +9,8 @@
 
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// What people see of the number -1234.5, of money, and of a date.
 struct Shown
@@ -21,13 +23,13 @@ struct Shown
 const std::map<QString, Shown> &shownByLocale()
 {
     static const std::map<QString, Shown> table = {
-        {QStringLiteral("en_US"), {u"-1,234.5", u"$1,234.50", u"gregorian"}},
-        {QStringLiteral("de_DE"), {u"-1.234,5", u"1.234,50 €", u"gregorian"}},
-        {QStringLiteral("fr_CH"), {u"-1 234,5", u"1 234.50 CHF", u"gregorian"}},
-        {QStringLiteral("ja_JP@calendar=japanese"), {u"-1,234.5", u"￥1,234", u"japanese"}},
-        {QStringLiteral("tr_TR"), {u"-1.234,5", u"₺1.234,50", u"gregorian"}},
-        {QStringLiteral("ar_EG"), {u"-١٬٢٣٤٫٥", u"١٬٢٣٤٫٥٠ ج.م.", u"gregorian"}},
-        {QStringLiteral("hi_IN"), {u"-1,234.5", u"$1,234.50", u"gregorian"}},
+        {u"en_US"_s, {u"-1,234.5", u"$1,234.50", u"gregorian"}},
+        {u"de_DE"_s, {u"-1.234,5", u"1.234,50 €", u"gregorian"}},
+        {u"fr_CH"_s, {u"-1 234,5", u"1 234.50 CHF", u"gregorian"}},
+        {u"ja_JP@calendar=japanese"_s, {u"-1,234.5", u"￥1,234", u"japanese"}},
+        {u"tr_TR"_s, {u"-1.234,5", u"₺1.234,50", u"gregorian"}},
+        {u"ar_EG"_s, {u"-١٬٢٣٤٫٥", u"١٬٢٣٤٫٥٠ ج.م.", u"gregorian"}},
+        {u"hi_IN"_s, {u"-1,234.5", u"$1,234.50", u"gregorian"}},
     };
     return table;
 }

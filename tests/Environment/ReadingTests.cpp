@@ -12,6 +12,8 @@
 
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 using environment_support::wallTime;
 
 namespace {
@@ -118,8 +120,8 @@ TEST(EnvironmentReading, PhoneNumbersAreTheSameEverywhere)
 {
     KTPhoneNumberFormatter formatter;
     formatter.setFormatIndex(0);
-    EXPECT_EQ(formatter.stringForObjectValue(QStringLiteral("4155551234")), u"(415) 555-1234");
-    EXPECT_EQ(formatter.stringForObjectValue(QStringLiteral("٤١٥٥٥٥١٢٣٤")), u"(415) 555-1234");
+    EXPECT_EQ(formatter.stringForObjectValue(u"4155551234"_s), u"(415) 555-1234");
+    EXPECT_EQ(formatter.stringForObjectValue(u"٤١٥٥٥٥١٢٣٤"_s), u"(415) 555-1234");
 }
 
 TEST(EnvironmentReading, DatesOfAllStylesComeBack)

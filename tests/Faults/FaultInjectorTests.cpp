@@ -18,6 +18,8 @@
 #include <thread>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 class FaultInjectorTest : public testing::Test
 {
@@ -43,7 +45,7 @@ TEST_F(FaultInjectorTest, HeaderExample)
 {
     int number = 1;
     const auto save = [this] {
-        return NSDictionary::writeToFile({{QStringLiteral("a"), 1}}, home + u"/a.plist", true);
+        return NSDictionary::writeToFile({{u"a"_s, 1}}, home + u"/a.plist", true);
     };
     for (;; ++number) {
         bool isSaved = false;
@@ -80,7 +82,7 @@ TEST_F(FaultInjectorTest, LooksAtOneFolderAndOneThread)
 {
     const auto outcome = FaultInjector::during(home + u"/inner", Fault::InputOutput, 1, [this] {
         EXPECT_GE(create("one"), 0);
-        EXPECT_TRUE(QDir(QStringLiteral("/")).exists());
+        EXPECT_TRUE(QDir(u"/"_s).exists());
     });
     EXPECT_FALSE(outcome.wasHit);
     int made = -1;

@@ -14,6 +14,8 @@
 #include <QDir>
 #include <QImage>
 
+using namespace Qt::StringLiterals;
+
 using testing_support::LoopbackServer;
 using testing_support::writeFile;
 
@@ -38,12 +40,9 @@ class PlugInDefaults : public FaultScenario
 public:
     explicit PlugInDefaults(const QString & /*home*/)
     {
-        EXPECT_TRUE(_manager.pluginDefaultsSetObject(1, QStringLiteral("kept")));
+        EXPECT_TRUE(_manager.pluginDefaultsSetObject(1, u"kept"_s));
     }
-    Answer act() override
-    {
-        return {_manager.pluginDefaultsSetObject(7, QStringLiteral("number")), {}};
-    }
+    Answer act() override { return {_manager.pluginDefaultsSetObject(7, u"number"_s), {}}; }
 
 protected:
     KTPlugInManager &manager() { return _manager; }
@@ -60,21 +59,21 @@ public:
     Answer act() override
     {
         NSUserDefaults *const defaults = NSUserDefaults::standardUserDefaults();
-        defaults->removePersistentDomainForName(QStringLiteral("org.cobble.Cobble.plugins"));
-        EXPECT_FALSE(manager().pluginDefaultsObjectForKey(QStringLiteral("kept")).isValid());
+        defaults->removePersistentDomainForName(u"org.cobble.Cobble.plugins"_s);
+        EXPECT_FALSE(manager().pluginDefaultsObjectForKey(u"kept"_s).isValid());
         return {defaults->synchronize(), {}};
     }
 };
 
-const QString Added = QStringLiteral("org.example.two");
+const QString Added = u"org.example.two"_s;
 
 class PlugInEnabled : public FaultScenario
 {
 public:
     explicit PlugInEnabled(const QString & /*home*/)
     {
-        _manager.setEnabledKey(QStringLiteral("enabled"));
-        EXPECT_TRUE(_manager.setEnabledForPlugin(true, QStringLiteral("org.example.one")));
+        _manager.setEnabledKey(u"enabled"_s);
+        EXPECT_TRUE(_manager.setEnabledForPlugin(true, u"org.example.one"_s));
     }
     Answer act() override
     {
@@ -164,7 +163,7 @@ public:
     using BundleScenario::BundleScenario;
     Answer act() override
     {
-        const auto url = NSURL::URLWithString(_server.url(QStringLiteral("/pic.jpg")));
+        const auto url = NSURL::URLWithString(_server.url(u"/pic.jpg"_s));
         return answerFor(bundle().downloadHttpFileToBundleAndReturnPath(*url));
     }
 
@@ -188,10 +187,7 @@ class MediaRemoved : public BundleScenario
 {
 public:
     using BundleScenario::BundleScenario;
-    Answer act() override
-    {
-        return {bundle().deleteFileFromMediaFolder(QStringLiteral("photo.0.jpg")), {}};
-    }
+    Answer act() override { return {bundle().deleteFileFromMediaFolder(u"photo.0.jpg"_s), {}}; }
 };
 
 class PreUpgradeCopy : public BundleScenario
@@ -212,7 +208,7 @@ public:
         for (auto file = before.begin(); file != before.end(); ++file) {
             QString name = file.key();
             if (name.startsWith(u"things.cobbledb"))
-                name.insert(6, u'1').insert(7, QStringLiteral("Backup"));
+                name.insert(6, u'1').insert(7, u"Backup"_s);
             backedUp.insert(name, *file);
         }
         return now == before || now == backedUp;

@@ -13,11 +13,13 @@
 #include <QDir>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 using testing_support::writeFile;
 
 namespace {
-const QString MediaList = QStringLiteral("things.cobbledb/Contents/Resources/ImportedMedia");
-const QString MediaFolder = QStringLiteral("things.cobbledb/Contents/Resources/Media/");
+const QString MediaList = u"things.cobbledb/Contents/Resources/ImportedMedia"_s;
+const QString MediaFolder = u"things.cobbledb/Contents/Resources/Media/"_s;
 const QByteArray People = "Name,Picture\nAnn,a.png\nBob,b.png\nCay,\n";
 
 /// A bundle that gets libraries.
@@ -52,11 +54,11 @@ protected:
     {
         ImportRequest request;
         request.path = path(file);
-        request.libraryName = QStringLiteral("People");
+        request.libraryName = u"People"_s;
         request.replaces = replaces;
         request.bundle = _bundle;
         if (file.endsWith(u".csv"))
-            request.mediaHeaders = {QStringLiteral("Picture")};
+            request.mediaHeaders = {u"Picture"_s};
         ImportFile read;
         ImportFile::Outcome outcome;
         outcome.errorDescription = ImportFile::read(request, &read);
@@ -118,7 +120,7 @@ private:
     bool isWholeWithoutPictures(const FileState &now) const
     {
         const auto store = openStore();
-        const auto library = store ? store->libraryNamed(QStringLiteral("People")) : std::nullopt;
+        const auto library = store ? store->libraryNamed(u"People"_s) : std::nullopt;
         const auto used = store ? store->usedMedia() : std::nullopt;
         if (!library || !used || store->recordCount(*library) == 0)
             return false;
@@ -130,7 +132,7 @@ private:
         const QStringList files =
             QDir(bundle().mediaFolderPath()).entryList(QDir::Files | QDir::Hidden);
         return named == QSet<QString>(files.begin(), files.end()) && !now.contains(MediaList) &&
-               !now.contains(QStringLiteral("things.cobbledb.lock"));
+               !now.contains(u"things.cobbledb.lock"_s);
     }
 
     bool _isPartial = false;
@@ -140,7 +142,7 @@ class ImportIntoNewBundle : public ImportScenario
 {
 public:
     using ImportScenario::ImportScenario;
-    Answer act() override { return answerFor(import(QStringLiteral("People.csv"))); }
+    Answer act() override { return answerFor(import(u"People.csv"_s)); }
 };
 
 class ImportIntoBundle : public ImportScenario
@@ -148,16 +150,16 @@ class ImportIntoBundle : public ImportScenario
 public:
     explicit ImportIntoBundle(const QString &home) : ImportScenario(home)
     {
-        EXPECT_TRUE(import(QStringLiteral("Others.csv")).errorDescription.isNull());
+        EXPECT_TRUE(import(u"Others.csv"_s).errorDescription.isNull());
     }
-    Answer act() override { return answerFor(import(QStringLiteral("People.csv"))); }
+    Answer act() override { return answerFor(import(u"People.csv"_s)); }
 };
 
 class ImportThatReplaces : public ImportIntoBundle
 {
 public:
     using ImportIntoBundle::ImportIntoBundle;
-    Answer act() override { return answerFor(import(QStringLiteral("People.csv"), true)); }
+    Answer act() override { return answerFor(import(u"People.csv"_s, true)); }
 };
 
 /// The import before was killed when it had stored one file.
@@ -174,7 +176,7 @@ public:
     bool isAsBefore(const FileState &now, const FileState &before) const override
     {
         FileState cleaned = before;
-        cleaned.remove(QStringLiteral("things.cobbledb/Contents/Resources/Media/left.0.png"));
+        cleaned.remove(u"things.cobbledb/Contents/Resources/Media/left.0.png"_s);
         FileState unlisted = cleaned;
         unlisted.remove(MediaList);
         return now == cleaned || now == unlisted || ImportIntoBundle::isAsBefore(now, before);
@@ -188,8 +190,7 @@ public:
     using ImportAfterKilledOne::ImportAfterKilledOne;
     Answer act() override
     {
-        const auto outcome =
-            import(QStringLiteral("People.csv"), false, [](qint64 row) { return row < 3; });
+        const auto outcome = import(u"People.csv"_s, false, [](qint64 row) { return row < 3; });
         return {outcome.values.isCancelled, outcome.errorDescription};
     }
     bool isAsAfter(const FileState &now, const FileState &after) const override
@@ -206,7 +207,7 @@ private:
     /// stays where taking a change back failed, until the next change.
     static FileState withoutIdleJournal(FileState state)
     {
-        state.remove(QStringLiteral("things.cobbledb/Contents/Resources/Database-journal"));
+        state.remove(u"things.cobbledb/Contents/Resources/Database-journal"_s);
         return state;
     }
 };
@@ -220,7 +221,7 @@ public:
                   "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Ann\r\nPHOTO;ENCODING=b;TYPE=PNG:" +
                       QByteArray("picture").toBase64() + "\r\nEND:VCARD\r\n");
     }
-    Answer act() override { return answerFor(import(QStringLiteral("People.vcf"))); }
+    Answer act() override { return answerFor(import(u"People.vcf"_s)); }
     // What is left in the temporary folder is the system's to clear.
     bool isAsAfter(const FileState &now, const FileState &after) const override
     {
@@ -246,7 +247,7 @@ class Export : public LibraryScenario
 public:
     Export(const QString &home, const QString &name) : LibraryScenario(home), _name(name)
     {
-        EXPECT_TRUE(import(QStringLiteral("People.csv")).errorDescription.isNull());
+        EXPECT_TRUE(import(u"People.csv"_s).errorDescription.isNull());
         writeFile(path(name), "old");
     }
     Answer act() override
@@ -255,9 +256,9 @@ public:
         const auto store = LibraryStore::open(bundle(), LibraryStore::Mode::Existing, &error);
         if (!store)
             return {false, error};
-        const auto library = store->libraryNamed(QStringLiteral("People"));
+        const auto library = store->libraryNamed(u"People"_s);
         if (!library)
-            return {false, store->reasonForNo(QStringLiteral("People"))};
+            return {false, store->reasonForNo(u"People"_s)};
         const auto outcome = LibraryExport::run(*store, *library, path(_name));
         return {outcome.errorDescription.isNull(), outcome.errorDescription};
     }
@@ -269,13 +270,13 @@ private:
 class ExportToCSV : public Export
 {
 public:
-    explicit ExportToCSV(const QString &home) : Export(home, QStringLiteral("out.csv")) {}
+    explicit ExportToCSV(const QString &home) : Export(home, u"out.csv"_s) {}
 };
 
 class ExportToJSON : public Export
 {
 public:
-    explicit ExportToJSON(const QString &home) : Export(home, QStringLiteral("out.json")) {}
+    explicit ExportToJSON(const QString &home) : Export(home, u"out.json"_s) {}
 };
 
 class RecordChange : public LibraryScenario
@@ -283,7 +284,7 @@ class RecordChange : public LibraryScenario
 public:
     explicit RecordChange(const QString &home) : LibraryScenario(home)
     {
-        EXPECT_TRUE(import(QStringLiteral("People.csv")).errorDescription.isNull());
+        EXPECT_TRUE(import(u"People.csv"_s).errorDescription.isNull());
     }
     Answer act() override
     {
@@ -291,9 +292,9 @@ public:
         const auto store = LibraryStore::open(bundle(), LibraryStore::Mode::Existing, &error);
         if (!store)
             return {false, error};
-        const auto library = store->libraryNamed(QStringLiteral("People"));
+        const auto library = store->libraryNamed(u"People"_s);
         const bool isDone = library && store->beginChange() &&
-                            store->update(*library, 1, 0, QStringLiteral("Eve")) &&
+                            store->update(*library, 1, 0, u"Eve"_s) &&
                             store->removeRecord(*library, 2) && store->commit();
         return {isDone, store->errorText()};
     }

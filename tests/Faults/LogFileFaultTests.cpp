@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 class LogFileFaultTest : public testing::TestWithParam<Fault>
 {
@@ -58,12 +60,12 @@ TEST_P(LogFileFaultTest, LaterLinesArriveWhole)
     log(u"four");
     QStringList lines = messages();
     const bool isPassing = GetParam() == Fault::Interrupted || GetParam() == Fault::ShortWrite;
-    EXPECT_EQ(lines.removeAll(QStringLiteral("<one>")), isPassing ? 1 : 0);
+    EXPECT_EQ(lines.removeAll(u"<one>"_s), isPassing ? 1 : 0);
     // Half of a line may be there, but nothing hangs on it.
     const bool isFull = GetParam() == Fault::DiskFull;
-    EXPECT_EQ(lines.removeAll(QStringLiteral("<two>")), isFull ? 0 : 1);
+    EXPECT_EQ(lines.removeAll(u"<two>"_s), isFull ? 0 : 1);
     EXPECT_FALSE(isFull && lines.takeFirst().contains(u'<'));
-    EXPECT_EQ(lines, QStringList({QStringLiteral("<three>"), QStringLiteral("<four>")}));
+    EXPECT_EQ(lines, QStringList({u"<three>"_s, u"<four>"_s}));
 }
 
 TEST_P(LogFileFaultTest, WithoutAFileLinesAreLostAndTheProgramGoesOn)

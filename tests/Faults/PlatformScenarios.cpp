@@ -7,15 +7,17 @@
 #include <KTUtility/NSPropertyListSerialization>
 #include <KTUtility/NSUserDefaults>
 
+using namespace Qt::StringLiterals;
+
 using testing_support::writeFile;
 
 namespace {
-const QString Domain = QStringLiteral("org.example.Faults");
-const QString OtherDomain = QStringLiteral("org.example.Others");
+const QString Domain = u"org.example.Faults"_s;
+const QString OtherDomain = u"org.example.Others"_s;
 
 QVariantMap oldValues()
 {
-    return {{QStringLiteral("kept"), 1}, {QStringLiteral("name"), QStringLiteral("Ada")}};
+    return {{u"kept"_s, 1}, {u"name"_s, u"Ada"_s}};
 }
 
 class PropertyListFile : public FaultScenario
@@ -25,7 +27,7 @@ public:
         : _path(QString(home + u"/Lists/values.plist")), _new(oldValues())
     {
         NSDictionary::writeToFile(oldValues(), _path, true);
-        _new.insert(QStringLiteral("long"), QString(100'000, u'x'));
+        _new.insert(u"long"_s, QString(100'000, u'x'));
     }
     Answer act() override { return {NSDictionary::writeToFile(_new, _path, true), {}}; }
 
@@ -68,14 +70,14 @@ public:
     using Defaults::Defaults;
     Answer act() override
     {
-        defaults().setInteger(7, QStringLiteral("number"));
+        defaults().setInteger(7, u"number"_s);
         return {defaults().synchronize(), {}};
     }
     /// What the program has set stays set, whatever becomes of the file.
     Answer seenAfter(const Answer &told) override
     {
-        EXPECT_EQ(defaults().integerForKey(QStringLiteral("number")), 7);
-        EXPECT_EQ(defaults().integerForKey(QStringLiteral("kept")), 1);
+        EXPECT_EQ(defaults().integerForKey(u"number"_s), 7);
+        EXPECT_EQ(defaults().integerForKey(u"kept"_s), 1);
         return told;
     }
 };
@@ -86,14 +88,14 @@ public:
     using Defaults::Defaults;
     Answer act() override
     {
-        defaults().setPersistentDomain({{QStringLiteral("number"), 7}}, OtherDomain);
+        defaults().setPersistentDomain({{u"number"_s, 7}}, OtherDomain);
         return {defaults().synchronize(), {}};
     }
     Answer seenAfter(const Answer &told) override
     {
-        const QVariantMap domain = {{QStringLiteral("number"), 7}};
+        const QVariantMap domain = {{u"number"_s, 7}};
         EXPECT_EQ(defaults().persistentDomainForName(OtherDomain), domain);
-        EXPECT_EQ(defaults().integerForKey(QStringLiteral("kept")), 1);
+        EXPECT_EQ(defaults().integerForKey(u"kept"_s), 1);
         return told;
     }
 };
@@ -104,8 +106,8 @@ public:
     using Defaults::Defaults;
     Answer act() override
     {
-        defaults().setPersistentDomain({{QStringLiteral("number"), 7}}, NSGlobalDomain);
-        EXPECT_EQ(defaults().integerForKey(QStringLiteral("number")), 7);
+        defaults().setPersistentDomain({{u"number"_s, 7}}, NSGlobalDomain);
+        EXPECT_EQ(defaults().integerForKey(u"number"_s), 7);
         return {defaults().synchronize(), {}};
     }
 };

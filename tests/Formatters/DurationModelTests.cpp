@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -60,7 +62,7 @@ void requireValue(const KTDurationFormatter &formatter, const QString &text, qin
 {
     QVariant value;
     if (!formatter.getObjectValue(&value, text))
-        RC_FAIL(qPrintable(QStringLiteral("\"%1\" is not read").arg(text)));
+        RC_FAIL(qPrintable(u"\"%1\" is not read"_s.arg(text)));
     RC_ASSERT((value.value<NSDecimalNumber>() == NSDecimalNumber(seconds)));
 }
 
@@ -73,8 +75,7 @@ QString somePart(qint64 *seconds)
     const char16_t *const words[] = {unit.abbreviation, unit.singular, unit.plural};
     const QString word = QString::fromUtf16(words[someNumber(0, 2)]);
     const QString number = QString::number(count).rightJustified(someNumber(1, 6), u'0');
-    return number + (someBool() ? QStringLiteral(" ") : QString()) +
-           (someBool() ? word : word.toUpper());
+    return number + (someBool() ? u" "_s : QString()) + (someBool() ? word : word.toUpper());
 }
 } // namespace
 
@@ -111,19 +112,15 @@ TEST(DurationModel, NothingAndLessAreShownAsNothing)
 {
     checkProperty("display of zero and below", 500, [] {
         const KTDurationFormatter formatter;
-        requireSame(formatter.stringForObjectValue(-*rc::gen::inRange<qint64>(0, Most)),
-                    QStringLiteral(""));
-        requireSame(formatter.stringForObjectValue(someNumber(-1000, 999) / 1000.0),
-                    QStringLiteral(""));
+        requireSame(formatter.stringForObjectValue(-*rc::gen::inRange<qint64>(0, Most)), u""_s);
+        requireSame(formatter.stringForObjectValue(someNumber(-1000, 999) / 1000.0), u""_s);
     });
 }
 
 TEST(DurationModel, UnitsAreReadInAnyOrderAndRepeated)
 {
     checkProperty("reading of units in any order, words and punctuation", 2000, [] {
-        static const QStringList separators = {QStringLiteral(" "), QStringLiteral(", "),
-                                               QStringLiteral(" - "), QStringLiteral("\t;"),
-                                               QStringLiteral("")};
+        static const QStringList separators = {u" "_s, u", "_s, u" - "_s, u"\t;"_s, u""_s};
         const KTDurationFormatter formatter;
         QString text;
         qint64 seconds = 0;
@@ -137,9 +134,8 @@ TEST(DurationModel, ANumberWithoutAUnitSpoilsTheText)
 {
     checkProperty("refused durations", 1000, [] {
         const KTDurationFormatter formatter;
-        static const QStringList spoilers = {QStringLiteral("90"),   QStringLiteral("0h"),
-                                             QStringLiteral("1.5h"), QStringLiteral("3 moons"),
-                                             QStringLiteral("h"),    QStringLiteral("2 2h")};
+        static const QStringList spoilers = {u"90"_s,      u"0h"_s, u"1.5h"_s,
+                                             u"3 moons"_s, u"h"_s,  u"2 2h"_s};
         qint64 seconds = 0;
         QStringList parts = {someOf(spoilers)};
         for (int count = someNumber(0, 3); count > 0; --count)
@@ -148,6 +144,6 @@ TEST(DurationModel, ANumberWithoutAUnitSpoilsTheText)
         QString error;
         RC_ASSERT(!formatter.getObjectValue(&value, parts.join(u' '), &error));
         RC_ASSERT((value == QVariant(7)));
-        requireSame(error, QStringLiteral("Could not convert to a time"));
+        requireSame(error, u"Could not convert to a time"_s);
     });
 }

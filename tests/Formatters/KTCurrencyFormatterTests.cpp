@@ -13,6 +13,8 @@
 #include <QJsonObject>
 #include <QSignalSpy>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -20,7 +22,7 @@ QString reading(const KTCurrencyFormatter &formatter, const QString &text)
 {
     QVariant value;
     if (!formatter.getObjectValue(&value, text))
-        return QStringLiteral("NO");
+        return u"NO"_s;
     return value.value<NSDecimalNumber>().description();
 }
 
@@ -75,7 +77,7 @@ TEST(KTCurrencyFormatter, StartsWithTheCurrencyOfTheUser)
     EXPECT_EQ(formatter.stringForObjectValue(-2), u"-$2.00");
     EXPECT_EQ(formatter.stringForObjectValue(0.125), u"$0.12"); // ties to even
     EXPECT_EQ(formatter.decimalPlaces(), 2U);
-    const QVariantMap expected{{kKTFieldOption_currencyType, QStringLiteral("USD")},
+    const QVariantMap expected{{kKTFieldOption_currencyType, u"USD"_s},
                                {kKTFieldOption_displayThousandsSeparator, true},
                                {kKTFieldOption_highlightNegative, true},
                                {kKTFieldOption_formatNegativeUsingParens, false}};
@@ -90,7 +92,7 @@ TEST(KTCurrencyFormatter, RunsItsExample)
     KTCurrencyFormatter formatter;
     EXPECT_EQ(formatter.stringForObjectValue(1234.5), u"$1,234.50");
     EXPECT_EQ(reading(formatter, u"($12.50)"), u"-12.5");
-    formatter.setCurrencyType(QStringLiteral("JPY"));
+    formatter.setCurrencyType(u"JPY"_s);
     EXPECT_EQ(formatter.stringForObjectValue(1234.5), u"¥1,234");
 }
 
@@ -103,10 +105,10 @@ TEST(KTCurrencyFormatter, OffersNeitherRupeesNorLei)
         EXPECT_EQ(formatter.currencyLocale().currencyCode(), u"USD") << locale;
     }
     KTCurrencyFormatter formatter;
-    formatter.setCurrencyType(QStringLiteral("RON"));
+    formatter.setCurrencyType(u"RON"_s);
     EXPECT_EQ(formatter.currencyType(), u"USD");
-    formatter.setCurrencyType(QStringLiteral("EUR"));
-    formatter.setCurrencyType(QStringLiteral("INR"));
+    formatter.setCurrencyType(u"EUR"_s);
+    formatter.setCurrencyType(u"INR"_s);
     EXPECT_EQ(formatter.currencyType(), u"USD");
     EXPECT_EQ(formatter.stringForObjectValue(5), u"$5.00");
 }
@@ -116,10 +118,10 @@ TEST(KTCurrencyFormatter, TakesDollarsWhereTheLocaleHasNoCurrency)
     const UserLocale user("en");
     KTCurrencyFormatter formatter;
     EXPECT_EQ(formatter.currencyLocale().localeIdentifier(), u"en@currency=USD");
-    formatter.setCurrencyType(QStringLiteral("EUR"));
+    formatter.setCurrencyType(u"EUR"_s);
     formatter.setCurrencyType(QString());
     EXPECT_EQ(formatter.currencyType(), u"USD");
-    formatter.setCurrencyType(QStringLiteral("XXX")); // a code like others, if it is asked for
+    formatter.setCurrencyType(u"XXX"_s); // a code like others, if it is asked for
     EXPECT_EQ(formatter.currencyType(), u"XXX");
 }
 
@@ -135,7 +137,7 @@ TEST(KTCurrencyFormatter, TakesTheCurrencyOfTheLocaleForNil)
 {
     const UserLocale user("de_DE");
     KTCurrencyFormatter formatter;
-    formatter.setCurrencyType(QStringLiteral("USD"));
+    formatter.setCurrencyType(u"USD"_s);
     EXPECT_EQ(shown(formatter, 5), u"5,00 $");
     formatter.setCurrencyType(QString());
     EXPECT_EQ(formatter.currencyType(), u"EUR");
@@ -146,13 +148,13 @@ TEST(KTCurrencyFormatter, WritesItsOwnMoneyShortAndOthersUnmistakably)
 {
     const UserLocale user("en_CA");
     KTCurrencyFormatter formatter;
-    formatter.setCurrencyType(QStringLiteral("CAD"));
+    formatter.setCurrencyType(u"CAD"_s);
     EXPECT_EQ(formatter.stringForObjectValue(5), u"$5.00");
-    formatter.setCurrencyType(QStringLiteral("USD"));
+    formatter.setCurrencyType(u"USD"_s);
     EXPECT_EQ(formatter.stringForObjectValue(5), u"US$5.00");
-    formatter.setCurrencyType(QStringLiteral("KWD"));
+    formatter.setCurrencyType(u"KWD"_s);
     EXPECT_EQ(shown(formatter, 5), u"KWD 5.000");
-    formatter.setCurrencyType(QStringLiteral("XYZ"));
+    formatter.setCurrencyType(u"XYZ"_s);
     EXPECT_EQ(shown(formatter, 5), u"XYZ 5.00");
 }
 
@@ -204,15 +206,15 @@ TEST(KTCurrencyFormatter, PutsNegativesInParenthesesAndKeepsTheSign)
     KTCurrencyFormatter formatter;
     formatter.setFormatNegativeUsingParens(true);
     EXPECT_EQ(formatter.stringForObjectValue(-2), u"($2.00)");
-    formatter.setCurrencyType(QStringLiteral("EUR"));
+    formatter.setCurrencyType(u"EUR"_s);
     EXPECT_EQ(formatter.stringForObjectValue(-2), u"(€2.00)");
     formatter.setFormatNegativeUsingParens(false);
     EXPECT_EQ(formatter.stringForObjectValue(-2), u"-€2.00");
     const std::pair<const char *, QString> locales[] = {
-        {"de_DE", QStringLiteral("(2,00) €")},
-        {"sv_SE", QStringLiteral("(2,00) kr")}, // its minus sign is U+2212
-        {"nl_NL", QStringLiteral("€ (2,00)")},
-        {"ja_JP", QStringLiteral("(￥2)")}};
+        {"de_DE", u"(2,00) €"_s},
+        {"sv_SE", u"(2,00) kr"_s}, // its minus sign is U+2212
+        {"nl_NL", u"€ (2,00)"_s},
+        {"ja_JP", u"(￥2)"_s}};
     for (const auto &[locale, expected] : locales) {
         const UserLocale user(locale);
         KTCurrencyFormatter local;
@@ -247,16 +249,16 @@ TEST(KTCurrencyFormatter, AdjustsOnlyWhatItCannotRead)
             << qPrintable(QString::fromUtf16(text));
         EXPECT_EQ(formatter.currencyType(), u"USD");
     }
-    EXPECT_EQ(formatter.adjustForValue(QStringLiteral("€5"), nullptr), &formatter);
+    EXPECT_EQ(formatter.adjustForValue(u"€5"_s, nullptr), &formatter);
 }
 
 TEST(KTCurrencyFormatter, AdjustsAlsoAfterACurrencyWasSet)
 {
     KTCurrencyFormatter formatter;
-    formatter.setCurrencyType(QStringLiteral("EUR"));
+    formatter.setCurrencyType(u"EUR"_s);
     QVariantMap options;
-    ASSERT_EQ(formatter.adjustForValue(QStringLiteral("$5"), &options), &formatter);
-    EXPECT_EQ(options.value(kKTFieldOption_currencyType), QStringLiteral("USD"));
+    ASSERT_EQ(formatter.adjustForValue(u"$5"_s, &options), &formatter);
+    EXPECT_EQ(options.value(kKTFieldOption_currencyType), u"USD"_s);
     EXPECT_EQ(formatter.stringForObjectValue(5), u"€5.00"); // the sign comes with the options
     formatter.setOptions(options);
     EXPECT_EQ(formatter.stringForObjectValue(5), u"$5.00");
@@ -265,7 +267,7 @@ TEST(KTCurrencyFormatter, AdjustsAlsoAfterACurrencyWasSet)
 TEST(KTCurrencyFormatter, LeavesTheLastCurrencyItTriedForReading)
 {
     KTCurrencyFormatter formatter;
-    EXPECT_EQ(formatter.adjustForValue(QStringLiteral("5 cows"), nullptr), nullptr);
+    EXPECT_EQ(formatter.adjustForValue(u"5 cows"_s, nullptr), nullptr);
     EXPECT_EQ(reading(formatter, u"ZMW 5"), u"5");
     EXPECT_EQ(reading(formatter, u"$5"), u"NO");
     EXPECT_EQ(formatter.currencyType(), u"USD");
@@ -273,11 +275,9 @@ TEST(KTCurrencyFormatter, LeavesTheLastCurrencyItTriedForReading)
 
 TEST(KTCurrencyFormatter, FindsTheSameCurrencyWhetherOrNotItLogs)
 {
-    const QStringList texts{QStringLiteral("€5"),      QStringLiteral("5 zł"),
-                            QStringLiteral("kr 5"),    QStringLiteral("A$5"),
-                            QStringLiteral("usd 5 5"), QStringLiteral("5 Swiss francs"),
-                            QStringLiteral("₩500"),    QStringLiteral("NT$5"),
-                            QStringLiteral("xaf5"),    QStringLiteral("FCFA 5")};
+    const QStringList texts{u"€5"_s,      u"5 zł"_s,           u"kr 5"_s, u"A$5"_s,
+                            u"usd 5 5"_s, u"5 Swiss francs"_s, u"₩500"_s, u"NT$5"_s,
+                            u"xaf5"_s,    u"FCFA 5"_s};
     for (const char *locale : {"en_US", "de_DE", "fr_FR", "ja_JP", "sv_SE", "ar_EG"}) {
         const UserLocale user(locale);
         for (const QString &text : texts) {
@@ -298,19 +298,18 @@ TEST(KTCurrencyFormatter, LogsTheWalk)
     useFreshHome();
     KTCurrencyFormatter formatter;
     const KTLogCapture log(kLog_FormattersCurrency, 4);
-    formatter.adjustForValue(QStringLiteral("€5"), nullptr);
+    formatter.adjustForValue(u"€5"_s, nullptr);
     const QStringList messages = log.messages();
-    EXPECT_TRUE(messages.contains(QStringLiteral("currencyCode: AED")));
-    EXPECT_FALSE(messages.contains(QStringLiteral("currencyCode: GBP"))); // behind the winner
-    EXPECT_TRUE(messages.contains(
-        QStringLiteral("KTCurrencyFormatter getObjectValue forString:€5 returns 1")));
+    EXPECT_TRUE(messages.contains(u"currencyCode: AED"_s));
+    EXPECT_FALSE(messages.contains(u"currencyCode: GBP"_s)); // behind the winner
+    EXPECT_TRUE(messages.contains(u"KTCurrencyFormatter getObjectValue forString:€5 returns 1"_s));
     const qsizetype end = messages.size();
     EXPECT_EQ(messages[end - 4],
               u"KTCurrencyFormatter attributedStringForObjectValue returns:$5.00");
     EXPECT_EQ(messages[end - 3], u"attributed value: $5.00");
     EXPECT_EQ(messages[end - 2], u"KTCurrencyFormatter stringForObjectValue returns:$5.00");
     EXPECT_EQ(messages[end - 1], u"string value: $5.00");
-    EXPECT_EQ(messages.filter(QStringLiteral("currencyCode: INR")).size(), 0);
+    EXPECT_EQ(messages.filter(u"currencyCode: INR"_s).size(), 0);
 }
 
 TEST(KTCurrencyFormatter, LogsItsLocalesInFullDetail)
@@ -319,25 +318,24 @@ TEST(KTCurrencyFormatter, LogsItsLocalesInFullDetail)
     const KTLogCapture log(kLog_FormattersCurrency, 7);
     const KTCurrencyFormatter formatter;
     formatter.stringForObjectValue(5);
-    const QStringList expected{
-        QStringLiteral("filterCurrency _currencyLocale locale ID en_US"),
-        QStringLiteral("filterCurrency _currencyLocale currency code USD"),
-        QStringLiteral("filterCurrency _currencyLocale currency symbol $"),
-        QStringLiteral("filterCurrency filter _currencyLocale locale ID en_US"),
-        QStringLiteral("filterCurrency filter _currencyLocale currency code USD"),
-        QStringLiteral("filterCurrency filter _currencyLocale currency symbol $"),
-        QStringLiteral("_currencyFormatter locale ID en_US"),
-        QStringLiteral("_currencyFormatter currency code USD"),
-        QStringLiteral("_currencyFormatter currency symbol $"),
-        QStringLiteral(""),
-        QStringLiteral("_currencyLocale locale ID en_US"),
-        QStringLiteral("_currencyLocale currency code USD"),
-        QStringLiteral("_currencyLocale currency symbol $"),
-        QStringLiteral(""),
-        QStringLiteral("_locale (current) locale ID en_US"),
-        QStringLiteral("_locale (current) currency code USD"),
-        QStringLiteral("_locale (current) currency symbol $"),
-        QStringLiteral("KTCurrencyFormatter stringForObjectValue returns:$5.00")};
+    const QStringList expected{u"filterCurrency _currencyLocale locale ID en_US"_s,
+                               u"filterCurrency _currencyLocale currency code USD"_s,
+                               u"filterCurrency _currencyLocale currency symbol $"_s,
+                               u"filterCurrency filter _currencyLocale locale ID en_US"_s,
+                               u"filterCurrency filter _currencyLocale currency code USD"_s,
+                               u"filterCurrency filter _currencyLocale currency symbol $"_s,
+                               u"_currencyFormatter locale ID en_US"_s,
+                               u"_currencyFormatter currency code USD"_s,
+                               u"_currencyFormatter currency symbol $"_s,
+                               u""_s,
+                               u"_currencyLocale locale ID en_US"_s,
+                               u"_currencyLocale currency code USD"_s,
+                               u"_currencyLocale currency symbol $"_s,
+                               u""_s,
+                               u"_locale (current) locale ID en_US"_s,
+                               u"_locale (current) currency code USD"_s,
+                               u"_locale (current) currency symbol $"_s,
+                               u"KTCurrencyFormatter stringForObjectValue returns:$5.00"_s};
     EXPECT_EQ(log.messages(), expected);
 }
 
@@ -347,11 +345,11 @@ TEST(KTCurrencyFormatter, LogsFailures)
     const KTCurrencyFormatter formatter;
     const KTLogCapture log(kLog_FormattersCurrency, 4);
     QString error;
-    EXPECT_FALSE(formatter.getObjectValue(nullptr, QStringLiteral("x"), &error));
+    EXPECT_FALSE(formatter.getObjectValue(nullptr, u"x"_s, &error));
     EXPECT_EQ(error, u"The text is not a number.");
     const QStringList once{
-        QStringLiteral("KTCurrencyFormatter getObjectValue forString:x returns 0"),
-        QStringLiteral("KTCurrencyFormatter getObjectValue error: The text is not a number.")};
+        u"KTCurrencyFormatter getObjectValue forString:x returns 0"_s,
+        u"KTCurrencyFormatter getObjectValue error: The text is not a number."_s};
     EXPECT_EQ(log.messages(), once + once);
 }
 
@@ -383,17 +381,17 @@ TEST(KTCurrencyFormatter, CanLeaveThousandsTogether)
 TEST(KTCurrencyFormatter, GivesItsFormattersTheLocaleOfNumbers)
 {
     KTCurrencyFormatter formatter;
-    formatter.setCurrencyLocale(NSLocale(QStringLiteral("de_DE")));
+    formatter.setCurrencyLocale(NSLocale(u"de_DE"_s));
     EXPECT_EQ(formatter.currencyLocale().localeIdentifier(), u"de_DE");
     EXPECT_EQ(formatter.stringForObjectValue(5), u"$5.00");
-    formatter.setCurrencyLocale(NSLocale(QStringLiteral("en_IN")));
+    formatter.setCurrencyLocale(NSLocale(u"en_IN"_s));
     EXPECT_EQ(formatter.currencyLocale().localeIdentifier(), u"en_IN@currency=USD");
 }
 
 TEST(KTCurrencyFormatter, ShowsNumbersOnly)
 {
     const KTCurrencyFormatter formatter;
-    EXPECT_EQ(formatter.stringForObjectValue(QStringLiteral("5")), QString());
+    EXPECT_EQ(formatter.stringForObjectValue(u"5"_s), QString());
     EXPECT_EQ(formatter.stringForObjectValue(QVariant()), QString());
     EXPECT_FALSE(formatter.attributedStringForObjectValue(QVariant()).has_value());
 }
@@ -402,8 +400,7 @@ TEST(KTCurrencyFormatter, SurvivesAnyText)
 {
     KTCurrencyFormatter formatter;
     QList<QString> texts = hostileTexts();
-    texts << megabyteOf(QStringLiteral("9")) << megabyteOf(QStringLiteral("$"))
-          << megabyteOf(QStringLiteral("€5")) << megabyteOf(QStringLiteral(" "));
+    texts << megabyteOf(u"9"_s) << megabyteOf(u"$"_s) << megabyteOf(u"€5"_s) << megabyteOf(u" "_s);
     for (const QString &text : texts) {
         QVariant value;
         formatter.getObjectValue(&value, text);
@@ -425,7 +422,7 @@ TEST(CurrencyParentheses, EditTheAffixesThatAreThere)
     KTCurrency::setFormatNegativeUsingParens(formatter, false);
     EXPECT_EQ(formatter.negativePrefix(), u"-$");
     EXPECT_EQ(formatter.negativeSuffix(), u"");
-    formatter.setNegativePrefix(QStringLiteral("minus "));
+    formatter.setNegativePrefix(u"minus "_s);
     KTCurrency::setFormatNegativeUsingParens(formatter, true);
     EXPECT_EQ(formatter.negativePrefix(), u"minus ");
     EXPECT_EQ(formatter.negativeSuffix(), u"");
@@ -434,7 +431,7 @@ TEST(CurrencyParentheses, EditTheAffixesThatAreThere)
 TEST(CurrencyAffixes, AreWhatTheTableSays)
 {
     int cells = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("formatters/currency_affixes.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"formatters/currency_affixes.jsonl"_s)) {
         NSNumberFormatter formatter;
         formatter.setNumberStyle(NSNumberFormatterCurrencyStyle);
         formatter.setLocale(NSLocale(row[u"locale"].toString()));
@@ -472,15 +469,14 @@ TEST(CurrencyAffixes, AreWhatTheTableSays)
 
 TEST(CurrencyCodes, AreThoseOfTheTable)
 {
-    const QList<QJsonObject> rows =
-        rowsOf(QStringLiteral("formatters/currency_common_codes.jsonl"));
+    const QList<QJsonObject> rows = rowsOf(u"formatters/currency_common_codes.jsonl"_s);
     const QStringList codes = rows.first()[u"codes"].toVariant().toStringList();
     EXPECT_EQ(NSLocale::commonISOCurrencyCodes(), codes);
 }
 
 TEST(CurrencySymbols, AreThoseOfTheTable)
 {
-    for (const QJsonObject &row : rowsOf(QStringLiteral("formatters/locales.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"formatters/locales.jsonl"_s)) {
         const NSLocale locale(row[u"identifier"].toString());
         EXPECT_EQ(locale.currencyCode(), row[u"currencyCode"].toString());
         EXPECT_EQ(locale.currencySymbol(), row[u"currencySymbol"].toString());

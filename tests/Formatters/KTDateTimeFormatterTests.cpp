@@ -11,6 +11,8 @@
 
 #include <QSignalSpy>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 // Settings and display; reading is tested in KTDateTimeReadingTests.cpp.
@@ -53,7 +55,7 @@ TEST(KTDateTimeFormatter, RunsItsExample)
 {
     KTDateTimeFormatter formatter;
     QVariant value;
-    EXPECT_TRUE(formatter.getObjectValue(&value, QStringLiteral("March 5, 2008")));
+    EXPECT_TRUE(formatter.getObjectValue(&value, u"March 5, 2008"_s));
     EXPECT_EQ(formatter.stringForObjectValue(value), u"3/5/2008");
     formatter.setDateStyle(NSDateFormatterLongStyle);
     EXPECT_EQ(formatter.stringForObjectValue(value), u"March 5, 2008");
@@ -64,12 +66,9 @@ TEST(KTDateTimeFormatter, RunsItsExample)
 TEST(KTDateTimeFormatter, ShowsFourDigitsOfTheYear)
 {
     const std::pair<QString, QString> patterns[] = {
-        {QStringLiteral("en_US"), QStringLiteral("M/d/yyyy")},
-        {QStringLiteral("de_DE"), QStringLiteral("dd.MM.yyyy")},
-        {QStringLiteral("en_GB"), QStringLiteral("dd/MM/yyyy")},
-        {QStringLiteral("sv_SE"), QStringLiteral("yyyy-MM-dd")},
-        {QStringLiteral("ja_JP"), QStringLiteral("yyyy/MM/dd")},
-        {QStringLiteral("ja_JP@calendar=japanese"), QStringLiteral("GGGGGy/M/d")}};
+        {u"en_US"_s, u"M/d/yyyy"_s},   {u"de_DE"_s, u"dd.MM.yyyy"_s},
+        {u"en_GB"_s, u"dd/MM/yyyy"_s}, {u"sv_SE"_s, u"yyyy-MM-dd"_s},
+        {u"ja_JP"_s, u"yyyy/MM/dd"_s}, {u"ja_JP@calendar=japanese"_s, u"GGGGGy/M/d"_s}};
     for (const auto &[locale, pattern] : patterns)
         EXPECT_EQ(displayPattern(*formatterIn(locale)), pattern) << qPrintable(locale);
 }
@@ -115,7 +114,7 @@ TEST(KTDateTimeFormatter, ShowsDatesOnly)
 {
     const KTDateTimeFormatter formatter;
     EXPECT_EQ(formatter.stringForObjectValue(5), QString());
-    EXPECT_EQ(formatter.stringForObjectValue(QStringLiteral("3/4/08")), QString());
+    EXPECT_EQ(formatter.stringForObjectValue(u"3/4/08"_s), QString());
     EXPECT_EQ(formatter.stringForObjectValue(QVariant()), QString());
     EXPECT_EQ(formatter.stringForObjectValue(QDateTime()), QString());
     EXPECT_FALSE(formatter.attributedStringForObjectValue(someDate()).has_value());
@@ -230,7 +229,7 @@ TEST(KTDateTimeFormatter, KnowsTheOrderOfAPattern)
 
 TEST(KTDateTimeFormatter, TakesTheInputOrderFromTheLocale)
 {
-    const auto formatter = formatterIn(QStringLiteral("de_DE"));
+    const auto formatter = formatterIn(u"de_DE"_s);
     EXPECT_EQ(formatter->inputOrder(), 0); // nothing was made yet
     formatter->stringForObjectValue(someDate());
     EXPECT_EQ(formatter->inputOrder(), 1);
@@ -238,7 +237,7 @@ TEST(KTDateTimeFormatter, TakesTheInputOrderFromTheLocale)
     EXPECT_EQ(formatter->inputOrder(), 3);
     EXPECT_EQ(formatter->dateFormats(), KTDateTimeFormatter::dateFormatsForDayMonthYear());
     EXPECT_EQ(formatter->inputOrder(), 1);
-    EXPECT_EQ(formatterIn(QStringLiteral("sv_SE"))->dateFormats(),
+    EXPECT_EQ(formatterIn(u"sv_SE"_s)->dateFormats(),
               KTDateTimeFormatter::dateFormatsForYearMonthDay());
     const KTDateTimeFormatter american;
     EXPECT_EQ(american.dateFormats(), KTDateTimeFormatter::dateFormatsForMonthDayYear());
@@ -264,7 +263,7 @@ TEST(KTDateTimeFormatter, HasFortyOnePatternsInEachOrder)
     EXPECT_EQ(lists[1][13], u"d MMM");
     EXPECT_EQ(lists[2].mid(5, 2).join(u' '), u"yyyy/M/d yy.d.M");
     EXPECT_EQ(lists[3].mid(11, 2).join(u' '), u"yyyy/M/d d-M-yy");
-    EXPECT_FALSE(sorted.contains(QStringLiteral("d MMMM")));
+    EXPECT_FALSE(sorted.contains(u"d MMMM"_s));
     EXPECT_EQ(KTDateTimeFormatter::timeFormats().join(u'|'),
               u"h:m:s a|h:m:sa|k:m:s|h:m a|h:ma|k:m|h a|ha");
 }
@@ -288,16 +287,15 @@ TEST(KTDateTimeFormatter, TriesThePatternsThenTheLocalesOwn)
     ASSERT_EQ(iso.size(), 3U);
     EXPECT_EQ(iso[0]->dateFormat(), u"yyyy-MM-dd'T'HH:mm:ss");
     EXPECT_EQ(iso[2]->calendar().calendarIdentifier(), NSGregorianCalendar);
-    const KTDateFormatterList &both =
-        formatter.strictFormattersForDateFormat(QStringLiteral("M/d/yy"));
+    const KTDateFormatterList &both = formatter.strictFormattersForDateFormat(u"M/d/yy"_s);
     ASSERT_EQ(both.size(), 12U);
     EXPECT_EQ(both[3]->dateFormat(), u"M/d/yy h:m a");
-    EXPECT_EQ(&both, &formatter.strictFormattersForDateFormat(QStringLiteral("M/d/yy")));
+    EXPECT_EQ(&both, &formatter.strictFormattersForDateFormat(u"M/d/yy"_s));
 }
 
 TEST(KTDateTimeFormatter, TriesJapaneseDatesInJapan)
 {
-    const auto formatter = formatterIn(QStringLiteral("ja_JP@calendar=japanese"));
+    const auto formatter = formatterIn(u"ja_JP@calendar=japanese"_s);
     const KTDateFormatterList own = formatter->localeStrictDateFormatters();
     ASSERT_EQ(own.size(), 6U);
     EXPECT_TRUE(own[0]->isLenient());
@@ -305,10 +303,9 @@ TEST(KTDateTimeFormatter, TriesJapaneseDatesInJapan)
     EXPECT_EQ(own[5]->dateFormat(), u"d日M月");
     EXPECT_EQ(own[5]->defaultDate(), formatter->today());
     EXPECT_FALSE(own[0]->defaultDate().isValid());
-    EXPECT_TRUE(formatter->strictFormattersForDateFormat(QStringLiteral("M/d"))[0]->isLenient());
+    EXPECT_TRUE(formatter->strictFormattersForDateFormat(u"M/d"_s)[0]->isLenient());
     EXPECT_FALSE(formatter->localeStrictTimeFormatters()[0]->isLenient());
-    EXPECT_FALSE(
-        formatterIn(QStringLiteral("ja_JP"))->localeStrictDateFormatters()[0]->isLenient());
+    EXPECT_FALSE(formatterIn(u"ja_JP"_s)->localeStrictDateFormatters()[0]->isLenient());
 }
 
 TEST(KTDateTimeFormatter, FillsInTodayAtNoonButNotInJapan)
@@ -316,7 +313,7 @@ TEST(KTDateTimeFormatter, FillsInTodayAtNoonButNotInJapan)
     const KTDateTimeFormatter formatter;
     EXPECT_EQ(wallTime(formatter.today()), todayText() + u"T12:00:00");
     EXPECT_EQ(formatter.defaultDate(), formatter.today());
-    const auto japanese = formatterIn(QStringLiteral("ja_JP"));
+    const auto japanese = formatterIn(u"ja_JP"_s);
     EXPECT_FALSE(japanese->defaultDate().isValid());
     EXPECT_TRUE(japanese->today().isValid());
 }
@@ -329,7 +326,7 @@ TEST(KTDateTimeFormatter, ReadsNaturalLanguageInTheOrderOfTheLocale)
     EXPECT_EQ(formatter.formatStringForInputOrder(2), u"%y/%m/%d");
     EXPECT_EQ(formatter.formatStringForInputOrder(3), u"%y/%d/%m");
     EXPECT_EQ(formatter.formatStringForInputOrder(-1), u"%m/%d/%y");
-    const auto german = formatterIn(QStringLiteral("de_DE"));
+    const auto german = formatterIn(u"de_DE"_s);
     EXPECT_EQ(german->lenientFormatter()->dateFormat(), u"%d/%m/%y");
     german->setDisplayTime(true);
     EXPECT_EQ(german->lenientFormatter()->dateFormat(), u"%d/%m/%y %I:%M:%S %p");
@@ -344,12 +341,12 @@ TEST(KTDateTimeFormatter, MakesFormattersAnewAfterEachSetting)
     KTDateTimeFormatter formatter;
     const auto isMadeAnew = [&](const std::function<void()> &change) {
         QVariant value;
-        EXPECT_TRUE(formatter.getObjectValue(&value, QStringLiteral("3/4/08")));
+        EXPECT_TRUE(formatter.getObjectValue(&value, u"3/4/08"_s));
         EXPECT_NE(formatter.mostRecentFormatter(), nullptr);
         change();
         return formatter.mostRecentFormatter() == nullptr;
     };
-    EXPECT_TRUE(isMadeAnew([&] { formatter.setLocale(NSLocale(QStringLiteral("en_US"))); }));
+    EXPECT_TRUE(isMadeAnew([&] { formatter.setLocale(NSLocale(u"en_US"_s)); }));
     EXPECT_TRUE(isMadeAnew([&] { formatter.setDateStyle(2); }));
     EXPECT_TRUE(isMadeAnew([&] { formatter.setTimeStyle(1); }));
     EXPECT_TRUE(isMadeAnew([&] { formatter.setDisplayDate(true); }));
@@ -367,11 +364,11 @@ TEST(KTDateTimeFormatter, LogsWhatItMakes)
     formatter.stringForObjectValue(someDate());
     formatter.lenientFormatter();
     const QStringList expected{
-        QStringLiteral("KTDateTimeFormatter creating _displayFormatter, showDate:1, showTime:0"),
-        QStringLiteral("_displayFormatter, format=M/d/yy"),
-        QStringLiteral("KTDateTimeFormatter stringForObjectValue returns:3/5/2008, value:") +
+        u"KTDateTimeFormatter creating _displayFormatter, showDate:1, showTime:0"_s,
+        u"_displayFormatter, format=M/d/yy"_s,
+        u"KTDateTimeFormatter stringForObjectValue returns:3/5/2008, value:"_s +
             NSObject::description(someDate()),
-        QStringLiteral("KTDateTimeFormatter creating _lenientFormatter, format=%m/%d/%y"),
-        QStringLiteral("KTDateTimeFormatter _lenientFormatter: showDate=1, showTime=0")};
+        u"KTDateTimeFormatter creating _lenientFormatter, format=%m/%d/%y"_s,
+        u"KTDateTimeFormatter _lenientFormatter: showDate=1, showTime=0"_s};
     EXPECT_EQ(log.messages(), expected);
 }

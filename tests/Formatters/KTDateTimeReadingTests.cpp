@@ -9,6 +9,8 @@
 #include <QJsonObject>
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -76,7 +78,7 @@ void expectRows(const QString &locale, const std::vector<Row> &rows)
 /// One pattern for "yy" and "yyyy".
 QString withAnyYear(QString pattern)
 {
-    return pattern.replace(QRegularExpression(QStringLiteral("y+")), QStringLiteral("y"));
+    return pattern.replace(QRegularExpression(u"y+"_s), u"y"_s);
 }
 
 /// What is wanted otherwise than the table says. "yy" takes two digits here and "yyyy" four, so
@@ -85,37 +87,32 @@ QString withAnyYear(QString pattern)
 QString wantedOtherwise(const QString &locale, const QString &text)
 {
     static const QHash<QString, QString> everywhere{
-        {QStringLiteral("1"), QStringLiteral("T01:00:00")},
-        {QStringLiteral("12"), QStringLiteral("T12:00:00")},
-        {QStringLiteral("5"), QStringLiteral("T05:00:00")},
-        {QStringLiteral("5:"), QStringLiteral("T05:00:00")},
-        {QStringLiteral("2/29/07"), QStringLiteral("NO")},
-        {QStringLiteral("2/30/08"), QStringLiteral("NO")},
-        {QStringLiteral("3/4/8"), QStringLiteral("NO")},
-        {QStringLiteral("3/4/108"), QStringLiteral("NO")}};
+        {u"1"_s, u"T01:00:00"_s},  {u"12"_s, u"T12:00:00"_s}, {u"5"_s, u"T05:00:00"_s},
+        {u"5:"_s, u"T05:00:00"_s}, {u"2/29/07"_s, u"NO"_s},   {u"2/30/08"_s, u"NO"_s},
+        {u"3/4/8"_s, u"NO"_s},     {u"3/4/108"_s, u"NO"_s}};
     static const QHash<QString, QString> inLocales{
-        {QStringLiteral("en_US 08/3/4"), QStringLiteral("2008-03-04T12:00:00")},
-        {QStringLiteral("en_US 3/4/0008"), QStringLiteral("0008-03-02T12:00:00")},
-        {QStringLiteral("en_US Sept 4, 2008"), QStringLiteral("2008-09-04T12:00:00")},
-        {QStringLiteral("de_DE 08/3/4"), QStringLiteral("2008-04-03T12:00:00")},
-        {QStringLiteral("de_DE 2/29/08"), QStringLiteral("2008-02-29T12:00:00")},
-        {QStringLiteral("de_DE 20/3/4"), QStringLiteral("2020-04-03T12:00:00")},
-        {QStringLiteral("de_DE 20/3/4 17:30"), QStringLiteral("2020-04-03T17:30:00")},
-        {QStringLiteral("de_DE 3/4/0008"), QStringLiteral("0008-04-01T12:00:00")},
-        {QStringLiteral("de_DE 4/13/08"), QStringLiteral("2008-04-13T12:00:00")},
-        {QStringLiteral("ja_JP  3/4/08"), QStringLiteral("2008-03-04T00:00:00")},
-        {QStringLiteral("ja_JP 1/1/50"), QStringLiteral("1950-01-01T00:00:00")},
-        {QStringLiteral("ja_JP 2/29/08"), QStringLiteral("2008-02-29T00:00:00")},
-        {QStringLiteral("ja_JP 3-4-08"), QStringLiteral("2008-03-04T00:00:00")},
-        {QStringLiteral("ja_JP 3.4.08"), QStringLiteral("2008-03-04T00:00:00")},
-        {QStringLiteral("ja_JP 3/ 4/08"), QStringLiteral("2008-03-04T00:00:00")},
-        {QStringLiteral("ja_JP 3/4/0008"), QStringLiteral("0008-03-02T00:00:00")},
-        {QStringLiteral("ja_JP 3/4/08"), QStringLiteral("2008-03-04T00:00:00")},
-        {QStringLiteral("ja_JP 3/4/08 17:30"), QStringLiteral("2008-03-04T17:30:00")},
-        {QStringLiteral("ja_JP 4.3.08"), QStringLiteral("2008-04-03T00:00:00")},
-        {QStringLiteral("ja_JP 4.3.08 17:30"), QStringLiteral("2008-04-03T17:30:00")},
-        {QStringLiteral("ja_JP 4/13/08"), QStringLiteral("2008-04-13T00:00:00")},
-        {QStringLiteral("ja_JP ３/４/０８"), QStringLiteral("2008-03-04T00:00:00")}};
+        {u"en_US 08/3/4"_s, u"2008-03-04T12:00:00"_s},
+        {u"en_US 3/4/0008"_s, u"0008-03-02T12:00:00"_s},
+        {u"en_US Sept 4, 2008"_s, u"2008-09-04T12:00:00"_s},
+        {u"de_DE 08/3/4"_s, u"2008-04-03T12:00:00"_s},
+        {u"de_DE 2/29/08"_s, u"2008-02-29T12:00:00"_s},
+        {u"de_DE 20/3/4"_s, u"2020-04-03T12:00:00"_s},
+        {u"de_DE 20/3/4 17:30"_s, u"2020-04-03T17:30:00"_s},
+        {u"de_DE 3/4/0008"_s, u"0008-04-01T12:00:00"_s},
+        {u"de_DE 4/13/08"_s, u"2008-04-13T12:00:00"_s},
+        {u"ja_JP  3/4/08"_s, u"2008-03-04T00:00:00"_s},
+        {u"ja_JP 1/1/50"_s, u"1950-01-01T00:00:00"_s},
+        {u"ja_JP 2/29/08"_s, u"2008-02-29T00:00:00"_s},
+        {u"ja_JP 3-4-08"_s, u"2008-03-04T00:00:00"_s},
+        {u"ja_JP 3.4.08"_s, u"2008-03-04T00:00:00"_s},
+        {u"ja_JP 3/ 4/08"_s, u"2008-03-04T00:00:00"_s},
+        {u"ja_JP 3/4/0008"_s, u"0008-03-02T00:00:00"_s},
+        {u"ja_JP 3/4/08"_s, u"2008-03-04T00:00:00"_s},
+        {u"ja_JP 3/4/08 17:30"_s, u"2008-03-04T17:30:00"_s},
+        {u"ja_JP 4.3.08"_s, u"2008-04-03T00:00:00"_s},
+        {u"ja_JP 4.3.08 17:30"_s, u"2008-04-03T17:30:00"_s},
+        {u"ja_JP 4/13/08"_s, u"2008-04-13T00:00:00"_s},
+        {u"ja_JP ３/４/０８"_s, u"2008-03-04T00:00:00"_s}};
     const QString known = everywhere.value(text);
     return known.isNull() ? inLocales.value(locale + u' ' + text) : known;
 }
@@ -134,7 +131,7 @@ TEST(KTDateTimeReading, ReadsAsTheTableSays)
 {
     int cells = 0;
     int otherwise = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("formatters/date_cascade.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"formatters/date_cascade.jsonl"_s)) {
         const bool isBerlin = row[u"ctx"].toString() == u"berlin";
         const MachineZone zone(isBerlin ? "Europe/Berlin" : "America/New_York");
         const QString locale = row[u"locale"].toString();
@@ -166,7 +163,7 @@ TEST(KTDateTimeReading, ReadsAsTheTableSays)
 
 TEST(KTDateTimeReading, ReadsDatesAndTimesInAmericanOrder)
 {
-    expectRows(QStringLiteral("en_US"),
+    expectRows(u"en_US"_s,
                {{u"3/4/08", u"2008-03-04T12:00:00", u"M/d/yy"},
                 {u"3-4-2008", u"2008-03-04T12:00:00", u"M-d-yyyy"},
                 {u"3.4", u"-03-04T12:00:00", u"M.d"},
@@ -206,27 +203,24 @@ TEST(KTDateTimeReading, ReadsDatesAndTimesInAmericanOrder)
 
 TEST(KTDateTimeReading, ReadsInTheOrderOfTheLocale)
 {
-    const QString text = QStringLiteral("3/4/08");
+    const QString text = u"3/4/08"_s;
     EXPECT_EQ(reading(*formatterWithOrder(0), text), u"2008-03-04T12:00:00");
     EXPECT_EQ(reading(*formatterWithOrder(1), text), u"2008-04-03T12:00:00");
-    expectRows(QStringLiteral("de_DE"),
-               {{u"5.3.2008 17:30", u"2008-03-05T17:30:00", u"d.M.yyyy k:m"},
-                {u"5. März 2008", u"2008-03-05T12:00:00", u"d. MMMM y"},
-                {u"2008/03/05", u"2008-05-03T12:00:00", u"yyyy/d/M"}});
-    expectRows(QStringLiteral("ja_JP"), {{u"3月5日", u"-03-05T12:00:00", u"M月d日"},
-                                         {u"2008年3月5日", u"2008-03-05T00:00:00", u"y年M月d日"},
-                                         {u"3/4", u"2000-03-04T00:00:00", u"M/d"}});
-    expectRows(QStringLiteral("ja_JP@calendar=japanese"),
+    expectRows(u"de_DE"_s, {{u"5.3.2008 17:30", u"2008-03-05T17:30:00", u"d.M.yyyy k:m"},
+                            {u"5. März 2008", u"2008-03-05T12:00:00", u"d. MMMM y"},
+                            {u"2008/03/05", u"2008-05-03T12:00:00", u"yyyy/d/M"}});
+    expectRows(u"ja_JP"_s, {{u"3月5日", u"-03-05T12:00:00", u"M月d日"},
+                            {u"2008年3月5日", u"2008-03-05T00:00:00", u"y年M月d日"},
+                            {u"3/4", u"2000-03-04T00:00:00", u"M/d"}});
+    expectRows(u"ja_JP@calendar=japanese"_s,
                {{u"平成20年3月5日", u"2008-03-05T00:00:00", u"Gy年M月d日"}});
-    expectRows(QStringLiteral("ar_EG"), {{u"٥/٣/٢٠٠٨", u"2008-03-05T12:00:00", u"d/M/yyyy"}});
+    expectRows(u"ar_EG"_s, {{u"٥/٣/٢٠٠٨", u"2008-03-05T12:00:00", u"d/M/yyyy"}});
 }
 
 TEST(KTDateTimeReading, ReadsIsoDatesEverywhere)
 {
-    const QStringList locales{QStringLiteral("en_US"), QStringLiteral("de_DE"),
-                              QStringLiteral("sv_SE"), QStringLiteral("ar_EG"),
-                              QStringLiteral("th_TH"), QStringLiteral("fa_IR"),
-                              QStringLiteral("he_IL"), QStringLiteral("hi_IN")};
+    const QStringList locales{u"en_US"_s, u"de_DE"_s, u"sv_SE"_s, u"ar_EG"_s,
+                              u"th_TH"_s, u"fa_IR"_s, u"he_IL"_s, u"hi_IN"_s};
     for (const QString &locale : locales)
         expectRows(locale, {{u"2008-03-05T14:30:00", u"2008-03-05T14:30:00", nullptr},
                             {u"2008-03-05 14:30:00", u"2008-03-05T14:30:00", nullptr},
@@ -239,13 +233,13 @@ TEST(KTDateTimeReading, ReadsNothingFromNothing)
     const KTDateTimeFormatter formatter;
     for (const char16_t *text : {u"", u"   ", u"\t\n", u"\u00A0"}) {
         QVariant value = 7;
-        QString error = QStringLiteral("before");
+        QString error = u"before"_s;
         EXPECT_FALSE(formatter.getObjectValue(&value, QString::fromUtf16(text), &error));
         EXPECT_FALSE(value.isValid());
         EXPECT_EQ(error, u"before");
     }
     EXPECT_FALSE(formatter.getObjectValue(nullptr, QString()));
-    EXPECT_TRUE(formatter.getObjectValue(nullptr, QStringLiteral("3/4/08")));
+    EXPECT_TRUE(formatter.getObjectValue(nullptr, u"3/4/08"_s));
 }
 
 TEST(KTDateTimeReading, RemembersTheFormatterThatTookAll)
@@ -261,7 +255,7 @@ TEST(KTDateTimeReading, RemembersTheFormatterThatTookAll)
         const KTLogCapture log(kLog_FormattersDateTimes, 4);
         EXPECT_EQ(reading(formatter, u"12/31/09 11:05 AM"), u"2009-12-31T11:05:00");
         EXPECT_EQ(log.messages(),
-                  QStringList{QStringLiteral("using _mostRecentFormatter, format: M/d/yy h:m a")});
+                  QStringList{u"using _mostRecentFormatter, format: M/d/yy h:m a"_s});
     }
     EXPECT_EQ(reading(formatter, u"2008-03-05"), u"2008-03-05T12:00:00");
     EXPECT_EQ(formatter.mostRecentFormatter(), nullptr); // ISO forgets it
@@ -297,8 +291,7 @@ TEST(KTDateTimeReading, ReadsBareHoursOnTheDefaultDay)
 {
     const KTDateTimeFormatter formatter;
     for (int hour = 1; hour <= 12; ++hour) {
-        const QString expected =
-            todayText() + QStringLiteral("T%1:00:00").arg(hour, 2, 10, QLatin1Char('0'));
+        const QString expected = todayText() + u"T%1:00:00"_s.arg(hour, 2, 10, QLatin1Char('0'));
         EXPECT_EQ(reading(formatter, QString::number(hour)), expected);
         EXPECT_EQ(reading(formatter, QString::number(hour) + u':'), expected);
         EXPECT_EQ(reading(formatter, QString(u' ' + QString::number(hour))), expected);
@@ -312,12 +305,12 @@ TEST(KTDateTimeReading, ReadsLenientlyWhenAsked)
     const KTDateTimeFormatter formatter;
     QVariant value;
     QString error;
-    EXPECT_TRUE(formatter.getLenientDateValue(&value, QStringLiteral("today"), &error));
+    EXPECT_TRUE(formatter.getLenientDateValue(&value, u"today"_s, &error));
     EXPECT_EQ(wallTime(value.toDateTime()), todayText() + u"T12:00:00");
-    EXPECT_FALSE(formatter.getLenientDateValue(&value, QStringLiteral("a cow"), &error));
+    EXPECT_FALSE(formatter.getLenientDateValue(&value, u"a cow"_s, &error));
     EXPECT_FALSE(error.isEmpty());
     EXPECT_FALSE(value.isValid());
-    EXPECT_FALSE(formatter.getLenientDateValue(nullptr, QStringLiteral("a cow")));
+    EXPECT_FALSE(formatter.getLenientDateValue(nullptr, u"a cow"_s));
 }
 
 TEST(KTDateTimeReading, LogsEveryAttempt)
@@ -337,18 +330,18 @@ TEST(KTDateTimeReading, LogsEveryAttempt)
         }
         return true;
     };
-    EXPECT_TRUE(isInOrder(
-        {QStringLiteral("KTDateTimeFormatter creating formatter, format=M-d-yy"),
-         QStringLiteral("KTDateTimeFormatter creating date/time formatter, format=EEEE, MMMM d, y"),
-         QStringLiteral("parsing date 3/4/08 5pm using format: M-d-yy"),
-         QStringLiteral("parsing date 3/4/08 5pm using format: M/d/yy"),
-         QStringLiteral("date matches"), QStringLiteral("adding date/time format: M/d/yy h:m:s a"),
-         QStringLiteral("KTDateTimeFormatter creating formatter, format=M/d/yy h:m:s a"),
-         QStringLiteral("parsing date 3/4/08 5pm using format: M/d/yy h:m:s a"),
-         QStringLiteral("parsing date 3/4/08 5pm using format: M/d/yy ha"),
-         QStringLiteral("date/time matches"), QStringLiteral("exact match (date/time)")}));
-    EXPECT_EQ(messages.filter(QStringLiteral("got strict date/time formatters: ")).size(), 1);
-    EXPECT_EQ(messages.filter(QStringLiteral("parsing time")).size(), 0);
+    EXPECT_TRUE(
+        isInOrder({u"KTDateTimeFormatter creating formatter, format=M-d-yy"_s,
+                   u"KTDateTimeFormatter creating date/time formatter, format=EEEE, MMMM d, y"_s,
+                   u"parsing date 3/4/08 5pm using format: M-d-yy"_s,
+                   u"parsing date 3/4/08 5pm using format: M/d/yy"_s, u"date matches"_s,
+                   u"adding date/time format: M/d/yy h:m:s a"_s,
+                   u"KTDateTimeFormatter creating formatter, format=M/d/yy h:m:s a"_s,
+                   u"parsing date 3/4/08 5pm using format: M/d/yy h:m:s a"_s,
+                   u"parsing date 3/4/08 5pm using format: M/d/yy ha"_s, u"date/time matches"_s,
+                   u"exact match (date/time)"_s}));
+    EXPECT_EQ(messages.filter(u"got strict date/time formatters: "_s).size(), 1);
+    EXPECT_EQ(messages.filter(u"parsing time"_s).size(), 0);
 }
 
 TEST(KTDateTimeReading, LogsBareHours)
@@ -369,10 +362,9 @@ TEST(KTDateTimeReading, SurvivesAnyText)
 {
     const KTDateTimeFormatter formatter;
     QList<QString> texts = hostileTexts();
-    texts << megabyteOf(QStringLiteral("9")) << megabyteOf(QStringLiteral("3/4/08 "))
-          << megabyteOf(QStringLiteral("Mar ")) << megabyteOf(QStringLiteral("\u0301"))
-          << megabyteOf(QStringLiteral(" ")) << megabyteOf(QStringLiteral("5:"))
-          << QStringLiteral("3/4/08") + QChar(0xD800) << QStringLiteral("\u200E3/4/08");
+    texts << megabyteOf(u"9"_s) << megabyteOf(u"3/4/08 "_s) << megabyteOf(u"Mar "_s)
+          << megabyteOf(u"\u0301"_s) << megabyteOf(u" "_s) << megabyteOf(u"5:"_s)
+          << u"3/4/08"_s + QChar(0xD800) << u"\u200E3/4/08"_s;
     for (const QString &text : texts)
         reading(formatter, text);
     EXPECT_EQ(reading(formatter, u"3/4/08"), u"2008-03-04T12:00:00");

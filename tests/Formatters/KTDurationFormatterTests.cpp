@@ -11,6 +11,8 @@
 #include <QSignalSpy>
 #include <QTranslator>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -49,7 +51,7 @@ public:
 
 QString reading(const KTDurationFormatter &formatter, const QString &text)
 {
-    QVariant value = QStringLiteral("untouched");
+    QVariant value = u"untouched"_s;
     QString error;
     const bool isRead = formatter.getObjectValue(&value, text, &error);
     EXPECT_EQ(isRead, error.isNull());
@@ -131,7 +133,7 @@ void checkRow(const QJsonObject &row)
 TEST(KTDurationFormatter, DoesAsTheTableSays)
 {
     needApplication();
-    const QList<QJsonObject> rows = rowsOf(QStringLiteral("system/duration.jsonl"));
+    const QList<QJsonObject> rows = rowsOf(u"system/duration.jsonl"_s);
     EXPECT_EQ(rows.size(), 117);
     for (const QJsonObject &row : rows) {
         const RowTranslator translator(row[u"tables"].toObject());
@@ -163,7 +165,7 @@ TEST(KTDurationFormatter, ShowsUnitsThatAreThere)
     EXPECT_EQ(formatter.stringForObjectValue(1'209'600), u"2 weeks");
     EXPECT_EQ(formatter.stringForObjectValue(60), u"1 minute");
     EXPECT_EQ(formatter.stringForObjectValue(93784), u"1 day 2 hours 3 minutes 4 seconds");
-    EXPECT_EQ(formatter.stringForObjectValue(QStringLiteral("60")), QString());
+    EXPECT_EQ(formatter.stringForObjectValue(u"60"_s), QString());
     EXPECT_EQ(formatter.stringForObjectValue(QVariant()), QString());
     EXPECT_FALSE(formatter.attributedStringForObjectValue(60).has_value());
     EXPECT_EQ(formatter.stringForObjectValue(QVariant::fromValue(NSDecimalNumber::notANumber())),
@@ -176,31 +178,29 @@ TEST(KTDurationFormatter, ReadsUnitsInAnyOrder)
     for (const char16_t *text :
          {u"2h 30m", u"2 hours, 30 minutes", u"2H30M", u"30m2h", u"- 2h30m", u"1h 1h 30 MINUTES"})
         EXPECT_EQ(reading(formatter, text), u"9000") << qPrintable(QString::fromUtf16(text));
-    const QString refusal = QStringLiteral("Could not convert to a time");
+    const QString refusal = u"Could not convert to a time"_s;
     for (const char16_t *text : {u"90", u"h", u"1.5h", u"0m", u"3 fortnights", u"٣h", u"2h 5"})
         EXPECT_EQ(reading(formatter, text), refusal) << qPrintable(QString::fromUtf16(text));
     EXPECT_EQ(reading(formatter, u""), u"untouched");
     EXPECT_EQ(reading(formatter, u"  "), u"0");
     EXPECT_EQ(reading(formatter, u"1d 2h 3m 4s"), u"93784");
-    EXPECT_FALSE(formatter.getObjectValue(nullptr, QStringLiteral("1h")));
+    EXPECT_FALSE(formatter.getObjectValue(nullptr, u"1h"_s));
 }
 
 TEST(KTDurationFormatter, HelpsImportsInOtherLanguages)
 {
     needApplication();
-    const QJsonObject words{
-        {QStringLiteral("Durations"), QJsonObject{{QStringLiteral("s"), QStringLiteral("Sek")},
-                                                  {QStringLiteral("h"), QStringLiteral("Std")}}}};
+    const QJsonObject words{{u"Durations"_s, QJsonObject{{u"s"_s, u"Sek"_s}, {u"h"_s, u"Std"_s}}}};
     const RowTranslator translator(words);
     TranslatedFormatter formatter;
-    const QString refusal = QStringLiteral("Could not convert to a time");
+    const QString refusal = u"Could not convert to a time"_s;
     EXPECT_EQ(reading(formatter, u"45s"), refusal);
-    formatter.willFormatString(QStringLiteral("45s"), QVariant());
+    formatter.willFormatString(u"45s"_s, QVariant());
     EXPECT_EQ(reading(formatter, u"45s"), u"45");
     EXPECT_EQ(reading(formatter, u"3Std 45s"), u"10845");
     EXPECT_EQ(reading(formatter, u"45s 3Std"), refusal);
     EXPECT_EQ(reading(formatter, u"45S"), refusal);
-    formatter.didFormatString(QStringLiteral("45s"), QVariant());
+    formatter.didFormatString(u"45s"_s, QVariant());
     EXPECT_EQ(reading(formatter, u"45s"), refusal);
 }
 
@@ -210,7 +210,7 @@ TEST(KTDurationFormatter, ComputesInWholeSeconds)
     EXPECT_EQ(formatter.roundingMode(), NSRoundDown);
     EXPECT_EQ(formatter.scale(), 0);
     EXPECT_FALSE(formatter
-                     .exceptionDuringOperation(QStringLiteral("decimalNumberByDividingBy:"),
+                     .exceptionDuringOperation(u"decimalNumberByDividingBy:"_s,
                                                NSCalculationDivideByZero, NSDecimalNumber(1),
                                                NSDecimalNumber())
                      .has_value());
@@ -240,10 +240,10 @@ TEST(KTDurationFormatter, SurvivesAnyText)
 {
     const KTDurationFormatter formatter;
     QList<QString> texts = hostileTexts();
-    texts << megabyteOf(QStringLiteral("9")) << megabyteOf(QStringLiteral("1h "))
-          << megabyteOf(QStringLiteral("h")) << megabyteOf(QStringLiteral(", "));
+    texts << megabyteOf(u"9"_s) << megabyteOf(u"1h "_s) << megabyteOf(u"h"_s)
+          << megabyteOf(u", "_s);
     for (const QString &text : texts)
         reading(formatter, text);
-    EXPECT_EQ(reading(formatter, megabyteOf(QStringLiteral("1s "))),
-              QString::number(megabyteOf(QStringLiteral("1s ")).size() / 3));
+    EXPECT_EQ(reading(formatter, megabyteOf(u"1s "_s)),
+              QString::number(megabyteOf(u"1s "_s).size() / 3));
 }

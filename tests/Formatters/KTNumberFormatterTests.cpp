@@ -11,6 +11,8 @@
 #include <QJsonObject>
 #include <QSignalSpy>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -28,7 +30,7 @@ QString reading(const KTNumberFormatter &formatter, const QString &text)
     QVariant value;
     if (!formatter.getObjectValue(&value, text)) {
         EXPECT_FALSE(value.isValid());
-        return QStringLiteral("NO");
+        return u"NO"_s;
     }
     EXPECT_EQ(value.metaType(), QMetaType::fromType<NSDecimalNumber>());
     return value.value<NSDecimalNumber>().description();
@@ -83,14 +85,14 @@ TEST(KTNumberFormatter, RunsItsExample)
     formatter.setDecimalPlaces(2);
     EXPECT_EQ(formatter.stringForObjectValue(1234.5), u"1,234.50");
     QVariant value;
-    EXPECT_TRUE(formatter.getObjectValue(&value, QStringLiteral("(1,234.5678)")));
+    EXPECT_TRUE(formatter.getObjectValue(&value, u"(1,234.5678)"_s));
     EXPECT_EQ(value.value<NSDecimalNumber>(), decimal(u"-1234.5678"));
 }
 
 TEST(KTNumberFormatter, ShowsNumbersOnly)
 {
     const KTNumberFormatter formatter;
-    EXPECT_EQ(formatter.stringForObjectValue(QStringLiteral("12")), QString());
+    EXPECT_EQ(formatter.stringForObjectValue(u"12"_s), QString());
     EXPECT_EQ(formatter.stringForObjectValue(QVariant()), QString());
     EXPECT_EQ(formatter.stringForObjectValue(QVariantList{1}), QString());
     EXPECT_EQ(formatter.stringForObjectValue(true), u"1");
@@ -142,7 +144,7 @@ TEST(KTNumberFormatter, EditsWithoutGroupsAndWithAllPlaces)
     EXPECT_EQ(formatter.editingStringForObjectValue(
                   QVariant::fromValue(decimal(u"0.12345678901234567890123456789012345678"))),
               u"0.12345678901234567890123456789012345678");
-    EXPECT_EQ(formatter.editingStringForObjectValue(QStringLiteral("x")), QString());
+    EXPECT_EQ(formatter.editingStringForObjectValue(u"x"_s), QString());
     EXPECT_EQ(formatterIn("de_DE")->editingStringForObjectValue(-1234.5), u"-1234,5");
     formatter.setUseDisplayStringForEditingString(true);
     EXPECT_EQ(formatter.editingStringForObjectValue(1234.5), u"1,235");
@@ -188,16 +190,15 @@ TEST(KTNumberFormatter, ReadsWhatPeopleType)
 TEST(KTNumberFormatter, ReadsInFourPassesAsTheTableSays)
 {
     // An unpaired parenthesis and what follows a leading blank are refused here.
-    const QStringList refused{QStringLiteral("(12"), QStringLiteral("12)"), QStringLiteral(" 12x"),
-                              QStringLiteral("  12ab")};
+    const QStringList refused{u"(12"_s, u"12)"_s, u" 12x"_s, u"  12ab"_s};
     int cells = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("formatters/number_four_passes.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"formatters/number_four_passes.jsonl"_s)) {
         const auto formatter = formatterIn(qPrintable(row[u"locale"].toString()));
         const QJsonObject texts = row[u"cells"].toObject();
         for (auto it = texts.begin(); it != texts.end(); ++it, ++cells) {
             const bool isWanted = !it.value().isNull() && !refused.contains(it.key());
-            const QString expected = isWanted ? decimal(it.value()[u"dec"].toString()).description()
-                                              : QStringLiteral("NO");
+            const QString expected =
+                isWanted ? decimal(it.value()[u"dec"].toString()).description() : u"NO"_s;
             EXPECT_EQ(reading(*formatter, it.key()), expected)
                 << qPrintable(row[u"locale"].toString() + u" \"" + it.key() + u'"');
         }
@@ -209,17 +210,17 @@ TEST(KTNumberFormatter, TellsWhyAsThePlatformDoes)
 {
     const KTNumberFormatter formatter;
     QVariant value = 7;
-    QString error = QStringLiteral("before");
-    EXPECT_FALSE(formatter.getObjectValue(&value, QStringLiteral("abc"), &error));
+    QString error = u"before"_s;
+    EXPECT_FALSE(formatter.getObjectValue(&value, u"abc"_s, &error));
     EXPECT_FALSE(value.isValid());
     EXPECT_EQ(error, u"Error Domain=NSCocoaErrorDomain Code=2048 \"The text is not a number.\"");
-    EXPECT_FALSE(formatter.getObjectValue(&value, QStringLiteral("12abc"), &error));
+    EXPECT_FALSE(formatter.getObjectValue(&value, u"12abc"_s, &error));
     EXPECT_EQ(error, QString()); // a number was read, but not all of the text
-    error = QStringLiteral("before");
-    EXPECT_TRUE(formatter.getObjectValue(&value, QStringLiteral("5"), &error));
+    error = u"before"_s;
+    EXPECT_TRUE(formatter.getObjectValue(&value, u"5"_s, &error));
     EXPECT_EQ(error, u"before");
-    EXPECT_TRUE(formatter.getObjectValue(nullptr, QStringLiteral("5")));
-    EXPECT_FALSE(formatter.getObjectValue(nullptr, QStringLiteral("x")));
+    EXPECT_TRUE(formatter.getObjectValue(nullptr, u"5"_s));
+    EXPECT_FALSE(formatter.getObjectValue(nullptr, u"x"_s));
 }
 
 TEST(KTNumberFormatter, LogsItsPasses)
@@ -229,17 +230,17 @@ TEST(KTNumberFormatter, LogsItsPasses)
     const KTNumberFormatter formatter;
     QVariant value;
     QString error;
-    formatter.getObjectValue(&value, QStringLiteral("12x"), &error);
+    formatter.getObjectValue(&value, u"12x"_s, &error);
     formatter.stringForObjectValue(5);
     formatter.attributedStringForObjectValue(6);
     QStringList expected;
     for (int pass = 0; pass < 8; ++pass)
-        expected << QStringLiteral("extra characters found in number string: x")
-                 << QStringLiteral("KTNumberFormatter getObjectValue forString:12x returns 0");
-    const QString noError = QStringLiteral("KTNumberFormatter getObjectValue error: (null)");
+        expected << u"extra characters found in number string: x"_s
+                 << u"KTNumberFormatter getObjectValue forString:12x returns 0"_s;
+    const QString noError = u"KTNumberFormatter getObjectValue error: (null)"_s;
     expected.insert(8, noError);
-    expected << noError << QStringLiteral("KTNumberFormatter stringForObjectValue returns:5")
-             << QStringLiteral("KTNumberFormatter attributedStringForObjectValue returns:6");
+    expected << noError << u"KTNumberFormatter stringForObjectValue returns:5"_s
+             << u"KTNumberFormatter attributedStringForObjectValue returns:6"_s;
     EXPECT_EQ(log.messages(), expected);
 }
 
@@ -250,7 +251,7 @@ TEST(KTNumberFormatter, IsSetByOptionKeysAndTellsObservers)
     QSignalSpy highlight(&formatter, &KTNumberFormatter::highlightNegativeChanged);
     formatter.setOptions({{kKTFieldOption_highlightNegative, false},
                           {kKTFieldOption_decimalPlaces, 3},
-                          {kKTFieldOption_currencyType, QStringLiteral("EUR")}});
+                          {kKTFieldOption_currencyType, u"EUR"_s}});
     EXPECT_EQ(places.count(), 1);
     EXPECT_EQ(highlight.count(), 1);
     EXPECT_FALSE(formatter.textAttributesForNegativeValues().has_value());
@@ -291,10 +292,9 @@ TEST(KTNumberFormatter, SurvivesAnyText)
 {
     const KTNumberFormatter formatter;
     QList<QString> texts = hostileTexts();
-    texts << megabyteOf(QStringLiteral("9")) << megabyteOf(QStringLiteral("9,999"))
-          << megabyteOf(QStringLiteral("(")) << megabyteOf(QStringLiteral("1\u0301"))
-          << megabyteOf(QStringLiteral(" ")) << megabyteOf(QStringLiteral("-"))
-          << megabyteOf(QStringLiteral("\u200E")) << QString(QChar(0xD800)) + u'5';
+    texts << megabyteOf(u"9"_s) << megabyteOf(u"9,999"_s) << megabyteOf(u"("_s)
+          << megabyteOf(u"1\u0301"_s) << megabyteOf(u" "_s) << megabyteOf(u"-"_s)
+          << megabyteOf(u"\u200E"_s) << QString(QChar(0xD800)) + u'5';
     for (const QString &text : texts) {
         QString error;
         QVariant value;

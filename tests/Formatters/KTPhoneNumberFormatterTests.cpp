@@ -10,6 +10,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -67,13 +69,13 @@ QString resultOf(KTPhoneNumberFormatter &formatter, const QJsonObject &row)
 TEST(KTPhoneNumberFormatter, DoesAsTheTableSays)
 {
     int checked = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("system/phone.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"system/phone.jsonl"_s)) {
         if (row[u"op"].toString().startsWith(u"getObjectValue"))
             continue;
         SetsFormatter formatter(setsOf(row[u"args"][u"sets"].toArray()));
         QString expected = row[u"out"].isNull() ? QString() : row[u"out"].toString();
         if (row[u"args"][u"value"].toString() == u"٣" && expected == u"0")
-            expected = QStringLiteral("3"); // digits of other scripts keep their value
+            expected = u"3"_s; // digits of other scripts keep their value
         const QString found = resultOf(formatter, row);
         EXPECT_EQ(found, expected)
             << qPrintable(QString::fromUtf8(QJsonDocument(row).toJson(QJsonDocument::Compact)));
@@ -87,20 +89,19 @@ TEST(KTPhoneNumberFormatter, RunsItsExample)
 {
     KTPhoneNumberFormatter formatter;
     formatter.setFormatIndex(0);
-    EXPECT_EQ(formatter.stringForObjectValue(QStringLiteral("415.555.1234")), u"(415) 555-1234");
-    EXPECT_EQ(formatter.stringForObjectValue(QStringLiteral("555-1234 ask for Ann")),
-              u"555-1234 ask for Ann");
+    EXPECT_EQ(formatter.stringForObjectValue(u"415.555.1234"_s), u"(415) 555-1234");
+    EXPECT_EQ(formatter.stringForObjectValue(u"555-1234 ask for Ann"_s), u"555-1234 ask for Ann");
 }
 
 TEST(KTPhoneNumberFormatter, PoursDigitsIntoThePattern)
 {
-    const QStringList american{QStringLiteral("(###) ###-####")};
+    const QStringList american{u"(###) ###-####"_s};
     for (const char16_t *text : {u"4155551234", u"415.555.1234", u"(415) 555 1234"})
         EXPECT_EQ(shown(american, text), u"(415) 555-1234");
     EXPECT_EQ(shown(american, u"415555123"), u"415555123");
     EXPECT_EQ(shown(american, u"41555512345"), u"41555512345");
     EXPECT_EQ(shown(american, u"415555123a"), u"415555123a");
-    const QStringList international{QStringLiteral("+1 ### ### ####")};
+    const QStringList international{u"+1 ### ### ####"_s};
     EXPECT_EQ(shown(international, u"+1 415 555 1234"), u"+1 415 555 1234");
     EXPECT_EQ(shown(international, u"415 555 1234"), u"415 555 1234");
     EXPECT_EQ(shown(american, u"٤١٥٥٥٥١٢٣٤"), u"(415) 555-1234");
@@ -109,16 +110,16 @@ TEST(KTPhoneNumberFormatter, PoursDigitsIntoThePattern)
 
 TEST(KTPhoneNumberFormatter, LetsTheFirstFittingPatternDecide)
 {
-    EXPECT_EQ(shown({QStringLiteral("##"), QStringLiteral("#-#")}, u"12"), u"12");
-    EXPECT_EQ(shown({QStringLiteral("###"), QStringLiteral("#-#")}, u"12"), u"1-2");
-    EXPECT_EQ(shown({QStringLiteral(""), QStringLiteral("###")}, u" "),
+    EXPECT_EQ(shown({u"##"_s, u"#-#"_s}, u"12"), u"12");
+    EXPECT_EQ(shown({u"###"_s, u"#-#"_s}, u"12"), u"1-2");
+    EXPECT_EQ(shown({u""_s, u"###"_s}, u" "),
               QString()); // fits, but is empty
 }
 
 TEST(KTPhoneNumberFormatter, ShowsNumbersAsTypedWithoutASet)
 {
     KTPhoneNumberFormatter formatter;
-    const QString number = QStringLiteral("4155551234");
+    const QString number = u"4155551234"_s;
     EXPECT_EQ(formatter.stringForObjectValue(number), number);
     formatter.setFormatIndex(0);
     EXPECT_NE(formatter.stringForObjectValue(number), number);
@@ -126,8 +127,8 @@ TEST(KTPhoneNumberFormatter, ShowsNumbersAsTypedWithoutASet)
         formatter.setFormatIndex(index);
         EXPECT_EQ(formatter.stringForObjectValue(number), number);
     }
-    EXPECT_EQ(formatter.stringForObjectValue(QStringLiteral("")), u"");
-    EXPECT_FALSE(formatter.stringForObjectValue(QStringLiteral("")).isNull());
+    EXPECT_EQ(formatter.stringForObjectValue(u""_s), u"");
+    EXPECT_FALSE(formatter.stringForObjectValue(u""_s).isNull());
     EXPECT_EQ(formatter.stringForObjectValue(4155551234LL), QString());
     EXPECT_EQ(formatter.stringForObjectValue(QVariant()), QString());
 }
@@ -137,12 +138,12 @@ TEST(KTPhoneNumberFormatter, StoresWhatWasTyped)
     const KTPhoneNumberFormatter formatter;
     for (const QString &text : hostileTexts()) {
         QVariant value;
-        QString error = QStringLiteral("before");
+        QString error = u"before"_s;
         EXPECT_TRUE(formatter.getObjectValue(&value, text, &error));
         EXPECT_EQ(value.toString(), text);
         EXPECT_EQ(error, u"before");
     }
-    EXPECT_TRUE(formatter.getObjectValue(nullptr, QStringLiteral("1")));
+    EXPECT_TRUE(formatter.getObjectValue(nullptr, u"1"_s));
     EXPECT_TRUE(formatter.options().isEmpty());
     EXPECT_FALSE(formatter.optionsKeys().has_value());
 }
@@ -150,24 +151,24 @@ TEST(KTPhoneNumberFormatter, StoresWhatWasTyped)
 TEST(KTPhoneNumberFormatter, DescribesAndLogsItself)
 {
     useFreshHome();
-    const std::unique_ptr<SetsFormatter> formatter(formatterWith({QStringLiteral("##")}));
-    const QString list = NSObject::description(QVariant(QStringList{QStringLiteral("##")}));
+    const std::unique_ptr<SetsFormatter> formatter(formatterWith({u"##"_s}));
+    const QString list = NSObject::description(QVariant(QStringList{u"##"_s}));
     EXPECT_EQ(formatter->description(), u"format strings: " + list);
     EXPECT_EQ(KTPhoneNumberFormatter().description(), u"format strings: (null)");
     const KTLogCapture log(kLog_FormattersPhoneNumbers, 4);
     formatter->setFormatIndex(5);
     formatter->setFormatIndex(0);
-    formatter->stringForObjectValue(QStringLiteral("12"));
-    EXPECT_EQ(log.messages(),
-              QStringList({QStringLiteral("setFormatIndex: 5"), QStringLiteral("setFormatIndex: 0"),
-                           u"format strings: " + list, QStringLiteral("stringForObjectValue: 12"),
-                           QStringLiteral("applyFormat: ## toString: 12")}));
+    formatter->stringForObjectValue(u"12"_s);
+    EXPECT_EQ(
+        log.messages(),
+        QStringList({u"setFormatIndex: 5"_s, u"setFormatIndex: 0"_s, u"format strings: " + list,
+                     u"stringForObjectValue: 12"_s, u"applyFormat: ## toString: 12"_s}));
 }
 
 TEST(KTPhoneNumberFormatter, FailsWithoutItsResource)
 {
     const QString folder = useFreshHome();
-    const QString text = QStringLiteral("PhoneNumberFormats.plist could not be loaded.");
+    const QString text = u"PhoneNumberFormats.plist could not be loaded."_s;
     writeFile(folder + u"/dictionary.plist",
               "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict/></plist>");
     writeFile(folder + u"/broken.plist", "<plist>");

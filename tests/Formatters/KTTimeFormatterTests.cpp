@@ -5,6 +5,8 @@
 #include "FormatterSupport.h"
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -35,7 +37,7 @@ TEST(KTTimeFormatter, RunsItsExample)
 {
     const auto formatter = KTTimeFormatter::createTimeFormatter();
     QVariant value;
-    EXPECT_TRUE(formatter->getObjectValue(&value, QStringLiteral("5:30pm")));
+    EXPECT_TRUE(formatter->getObjectValue(&value, u"5:30pm"_s));
     EXPECT_EQ(wallTime(value.toDateTime()), u"2001-01-01T17:30:00");
     EXPECT_EQ(formatter->stringForObjectValue(value), u"5:30 PM");
 }
@@ -59,12 +61,12 @@ TEST(KTTimeFormatter, RefusesWhatIsNoTime)
     EXPECT_EQ(reading(formatter, u"  "), u"NO");
     EXPECT_EQ(reading(formatter, u"noon"), u"NO");
     EXPECT_EQ(reading(formatter, u"25:00"), u"NO");
-    EXPECT_TRUE(formatter.getObjectValue(nullptr, QStringLiteral("9:05")));
+    EXPECT_TRUE(formatter.getObjectValue(nullptr, u"9:05"_s));
 }
 
 TEST(KTTimeFormatter, FillsInTodayInJapanToo)
 {
-    const UserLocale user(QStringLiteral("ja_JP"));
+    const UserLocale user(u"ja_JP"_s);
     const KTTimeFormatter formatter;
     EXPECT_EQ(formatter.defaultDate(), formatter.today());
     EXPECT_EQ(reading(formatter, u"17:30"), u"2001-01-01T17:30:00");
@@ -81,7 +83,7 @@ TEST(KTTimeFormatter, TheReferenceDayIsTheFirstOf2001InTheLocalesCalendar)
         const UserLocale user(locale);
         const KTTimeFormatter formatter;
         QVariant value;
-        ASSERT_TRUE(formatter.getObjectValue(&value, QStringLiteral("17:30"))) << locale;
+        ASSERT_TRUE(formatter.getObjectValue(&value, u"17:30"_s)) << locale;
         const NSCalendar calendar = NSCalendar::calendarOfLocale(NSLocale::currentLocale());
         const NSDateComponents parts =
             calendar.components(NSYearCalendarUnit | NSMonthCalendarUnit | NSDayCalendarUnit |

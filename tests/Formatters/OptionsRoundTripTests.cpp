@@ -10,14 +10,15 @@
 #include "support/Properties.h"
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
 const QStringList &locales()
 {
     static const QStringList identifiers =
-        QStringLiteral("en_US de_DE fr_CH ja_JP ja_JP@calendar=japanese tr_TR ar_EG hi_IN he_IL")
-            .split(u' ');
+        u"en_US de_DE fr_CH ja_JP ja_JP@calendar=japanese tr_TR ar_EG hi_IN he_IL"_s.split(u' ');
     return identifiers;
 }
 
@@ -29,7 +30,7 @@ const QList<QVariant> &values()
         -1234567.891,
         NSDateFormatterShortStyle,
         QDateTime(QDate(2008, 3, 5), QTime(17, 30, 15), Qt::UTC),
-        QStringLiteral("4155551234"),
+        u"4155551234"_s,
         QVariant(),
     };
     return samples;

@@ -4,6 +4,8 @@
 
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// A formatter of a user: two options that write down in which order they were set.
 class RecordingFormatter : public NSFormatter
@@ -17,20 +19,20 @@ public:
     void setUseAbbreviations(bool value)
     {
         abbreviates = value;
-        order.append(QStringLiteral("useAbbreviations"));
+        order.append(u"useAbbreviations"_s);
     }
     QString currencyType() const { return type; }
     void setCurrencyType(const QString &value)
     {
         type = value;
-        order.append(QStringLiteral("currencyType"));
+        order.append(u"currencyType"_s);
     }
     std::optional<QStringList> optionsKeys() const override { return keys; }
 
     QStringList keys{kKTFieldOption_useAbbreviations, kKTFieldOption_currencyType};
     QStringList order;
     bool abbreviates = true;
-    QString type = QStringLiteral("EUR");
+    QString type = u"EUR"_s;
 };
 } // namespace
 
@@ -47,15 +49,15 @@ TEST(FormatterOptions, ReadEveryListedProperty)
 {
     const RecordingFormatter formatter;
     const QVariantMap expected{{kKTFieldOption_useAbbreviations, true},
-                               {kKTFieldOption_currencyType, QStringLiteral("EUR")}};
+                               {kKTFieldOption_currencyType, u"EUR"_s}};
     EXPECT_EQ(formatter.options(), expected);
 }
 
 TEST(FormatterOptions, AreSetInTheOrderOfTheList)
 {
     RecordingFormatter formatter;
-    formatter.setOptions({{kKTFieldOption_currencyType, QStringLiteral("USD")},
-                          {kKTFieldOption_useAbbreviations, false}});
+    formatter.setOptions(
+        {{kKTFieldOption_currencyType, u"USD"_s}, {kKTFieldOption_useAbbreviations, false}});
     EXPECT_EQ(formatter.order, formatter.keys);
     EXPECT_FALSE(formatter.abbreviates);
     EXPECT_EQ(formatter.type, u"USD");
@@ -73,7 +75,7 @@ TEST(FormatterOptions, WhatIsMissingStaysAndWhatIsUnknownIsIgnored)
 TEST(FormatterOptions, MakeAnotherFormatterAlike)
 {
     RecordingFormatter one;
-    one.setCurrencyType(QStringLiteral("CHF"));
+    one.setCurrencyType(u"CHF"_s);
     RecordingFormatter other;
     other.setOptions(one.options());
     EXPECT_EQ(other.type, u"CHF");
@@ -85,26 +87,26 @@ TEST(FormatterOptions, RefuseNilAndUnknownProperties)
     formatter.type = QString();
     EXPECT_RAISES(formatter.options(), NSInvalidArgumentException,
                   u"the option \"currencyType\" is nil");
-    formatter.keys = {QStringLiteral("shoeSize")};
+    formatter.keys = {u"shoeSize"_s};
     EXPECT_THROW(formatter.options(), NSException);
-    EXPECT_THROW(formatter.setOptions({{QStringLiteral("shoeSize"), 42}}), NSException);
+    EXPECT_THROW(formatter.setOptions({{u"shoeSize"_s, 42}}), NSException);
 }
 
 TEST(FormatterOptions, AreNamedAfterTheProperties)
 {
     const QList<std::pair<QString, QString>> names{
-        {kKTFieldOption_currencyType, QStringLiteral("currencyType")},
-        {kKTFieldOption_dateStyle, QStringLiteral("dateStyle")},
-        {kKTFieldOption_decimalPlaces, QStringLiteral("decimalPlaces")},
-        {kKTFieldOption_displayDate, QStringLiteral("displayDate")},
-        {kKTFieldOption_displayThousandsSeparator, QStringLiteral("displayThousandsSeparator")},
-        {kKTFieldOption_displayTime, QStringLiteral("displayTime")},
-        {kKTFieldOption_displayYear, QStringLiteral("displayYear")},
-        {kKTFieldOption_formatNegativeUsingParens, QStringLiteral("formatNegativeUsingParens")},
-        {kKTFieldOption_highlightNegative, QStringLiteral("highlightNegative")},
-        {kKTFieldOption_inputOrder, QStringLiteral("inputOrder")},
-        {kKTFieldOption_timeStyle, QStringLiteral("timeStyle")},
-        {kKTFieldOption_useAbbreviations, QStringLiteral("useAbbreviations")}};
+        {kKTFieldOption_currencyType, u"currencyType"_s},
+        {kKTFieldOption_dateStyle, u"dateStyle"_s},
+        {kKTFieldOption_decimalPlaces, u"decimalPlaces"_s},
+        {kKTFieldOption_displayDate, u"displayDate"_s},
+        {kKTFieldOption_displayThousandsSeparator, u"displayThousandsSeparator"_s},
+        {kKTFieldOption_displayTime, u"displayTime"_s},
+        {kKTFieldOption_displayYear, u"displayYear"_s},
+        {kKTFieldOption_formatNegativeUsingParens, u"formatNegativeUsingParens"_s},
+        {kKTFieldOption_highlightNegative, u"highlightNegative"_s},
+        {kKTFieldOption_inputOrder, u"inputOrder"_s},
+        {kKTFieldOption_timeStyle, u"timeStyle"_s},
+        {kKTFieldOption_useAbbreviations, u"useAbbreviations"_s}};
     for (const auto &[constant, value] : names)
         EXPECT_EQ(constant, value);
 }
@@ -116,7 +118,7 @@ TEST(NSFormatter, ShowsAndReadsNothingByItself)
     EXPECT_EQ(formatter.editingStringForObjectValue(1), QString());
     EXPECT_FALSE(formatter.attributedStringForObjectValue(1).has_value());
     QVariant value = 7;
-    EXPECT_FALSE(formatter.getObjectValue(&value, QStringLiteral("1")));
+    EXPECT_FALSE(formatter.getObjectValue(&value, u"1"_s));
     EXPECT_EQ(value, 7);
 }
 

@@ -5,10 +5,12 @@
 #include "support/Properties.h"
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
-const QString Separators = QStringLiteral(" -,./()[]{}");
+const QString Separators = u" -,./()[]{}"_s;
 
 class SetFormatter : public KTPhoneNumberFormatter
 {
@@ -46,7 +48,7 @@ QString inPattern(const QString &pattern, const QString &text)
     }
     if (digits.size() != pattern.count(u'#'))
         return {};
-    QString result = QStringLiteral("");
+    QString result = u""_s;
     for (const QChar character : pattern) {
         if (character == u'#') {
             result += QString::number(digits.front().digitValue());
@@ -61,7 +63,7 @@ QString inPattern(const QString &pattern, const QString &text)
 QString shownBy(const QStringList &patterns, const QString &text)
 {
     if (text.isEmpty())
-        return QStringLiteral("");
+        return u""_s;
     for (const QString &pattern : patterns) {
         const QString fitted = inPattern(pattern, text);
         if (!fitted.isNull())
@@ -72,7 +74,7 @@ QString shownBy(const QStringList &patterns, const QString &text)
 
 QString someTextOf(const QString &characters, int longest)
 {
-    QString text = QStringLiteral("");
+    QString text = u""_s;
     for (int count = someNumber(0, longest); count > 0; --count)
         text += characters.at(someNumber(0, int(characters.size()) - 1));
     return text;
@@ -82,11 +84,11 @@ QString someTextOf(const QString &characters, int longest)
 QString someNumberFor(const QString &pattern)
 {
     if (someNumber(0, 3) == 0)
-        return someTextOf(QStringLiteral("0123456789+ -()x٣"), 12);
-    QString text = QStringLiteral("");
+        return someTextOf(u"0123456789+ -()x٣"_s, 12);
+    QString text = u""_s;
     for (const QChar character : pattern) {
         if (character == u'#')
-            text += QStringLiteral("0123456789٤९").at(someNumber(0, 11));
+            text += u"0123456789٤९"_s.at(someNumber(0, 11));
         else if (someBool() || !Separators.contains(character))
             text += character;
         if (someNumber(0, 5) == 0)
@@ -101,10 +103,9 @@ TEST(PhoneNumberModel, DigitsArePouredAsTheStepsSay)
     checkProperty("numbers in random patterns", 4000, [] {
         QStringList patterns;
         for (int count = someNumber(0, 4); count > 0; --count)
-            patterns += someTextOf(QStringLiteral("#####+1 -().a"), 9);
+            patterns += someTextOf(u"#####+1 -().a"_s, 9);
         const SetFormatter formatter(patterns);
-        const QString text =
-            someNumberFor(patterns.isEmpty() ? QStringLiteral("###") : someOf(patterns));
+        const QString text = someNumberFor(patterns.isEmpty() ? u"###"_s : someOf(patterns));
         requireSame(formatter.stringForObjectValue(text), shownBy(patterns, text));
         for (const QString &pattern : std::as_const(patterns))
             requireSame(formatter.applyFormat(pattern, text), inPattern(pattern, text));
@@ -118,8 +119,7 @@ TEST(PhoneNumberModel, WhatIsShownIsKeptAndShownTheSameAgain)
         const int index = someNumber(-1, int(KTPhoneNumberFormatter::patternSets().size()));
         formatter.setFormatIndex(index);
         const QStringList patterns = KTPhoneNumberFormatter::patternSets().value(index);
-        const QString typed =
-            someNumberFor(patterns.isEmpty() ? QStringLiteral("### ####") : someOf(patterns));
+        const QString typed = someNumberFor(patterns.isEmpty() ? u"### ####"_s : someOf(patterns));
         const QString shown = formatter.stringForObjectValue(typed);
         requireSame(shown, shownBy(patterns, typed));
         QVariant value;

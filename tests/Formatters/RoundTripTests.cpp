@@ -9,6 +9,8 @@
 
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 // Whatever a formatter shows, it reads back to the same value: random values in many locales and
 // settings. What cannot be so is listed where it is left out.
 
@@ -18,21 +20,19 @@ namespace {
 const QStringList &locales()
 {
     static const QStringList identifiers =
-        QStringLiteral("en_US en_GB en_IN de_DE de_CH de_AT fr_FR fr_CH fr_CA es_ES es_MX it_IT "
-                       "pt_BR pt_PT nl_NL sv_SE nb_NO da_DK fi_FI pl_PL cs_CZ hu_HU ru_RU uk_UA "
-                       "el_GR tr_TR he_IL ar_EG ar_SA fa_IR hi_IN bn_BD th_TH vi_VN ja_JP ko_KR "
-                       "zh_CN zh_TW et_EE lt_LT hr_HR bg_BG ka_GE ur_PK mr_IN "
-                       "ja_JP@calendar=japanese de_DE@calendar=buddhist")
-            .split(u' ');
+        u"en_US en_GB en_IN de_DE de_CH de_AT fr_FR fr_CH fr_CA es_ES es_MX it_IT "
+        "pt_BR pt_PT nl_NL sv_SE nb_NO da_DK fi_FI pl_PL cs_CZ hu_HU ru_RU uk_UA "
+        "el_GR tr_TR he_IL ar_EG ar_SA fa_IR hi_IN bn_BD th_TH vi_VN ja_JP ko_KR "
+        "zh_CN zh_TW et_EE lt_LT hr_HR bg_BG ka_GE ur_PK mr_IN "
+        "ja_JP@calendar=japanese de_DE@calendar=buddhist"_s.split(u' ');
     return identifiers;
 }
 
 const QStringList &currencies()
 {
     static const QStringList codes =
-        QStringLiteral("USD EUR GBP JPY CHF SEK KWD CAD BRL PLN CNY KRW ILS AED THB ZAR CLP HUF "
-                       "EGP TRY MXN")
-            .split(u' ');
+        u"USD EUR GBP JPY CHF SEK KWD CAD BRL PLN CNY KRW ILS AED THB ZAR CLP HUF "
+        "EGP TRY MXN"_s.split(u' ');
     return codes;
 }
 
@@ -55,7 +55,7 @@ NSDecimalNumber readBack(const NSFormatter &formatter, const QString &text)
 {
     QVariant value;
     if (!formatter.getObjectValue(&value, text))
-        RC_FAIL(qPrintable(QStringLiteral("\"%1\" is not read").arg(text)));
+        RC_FAIL(qPrintable(u"\"%1\" is not read"_s.arg(text)));
     return value.value<NSDecimalNumber>();
 }
 
@@ -92,9 +92,9 @@ bool isKnownLoss(const QString &locale, uint dateStyle, uint timeStyle, const QS
     if (dateStyle == 0 && !text.contains(u':') && text.contains(u'.'))
         return true;
     // ISO 8601 needs seconds; without them, and with words, the date alone is read.
-    static const QRegularExpression iso(QStringLiteral("^\\d{4}-\\d{2}-\\d{2} "));
+    static const QRegularExpression iso(u"^\\d{4}-\\d{2}-\\d{2} "_s);
     const bool isComplete =
-        QRegularExpression(QStringLiteral("^\\S+ \\d\\d:\\d\\d:\\d\\d")).match(text).hasMatch();
+        QRegularExpression(u"^\\S+ \\d\\d:\\d\\d:\\d\\d"_s).match(text).hasMatch();
     return iso.match(text).hasMatch() && !isComplete && !locale.isEmpty();
 }
 } // namespace
@@ -178,7 +178,7 @@ TEST(RoundTrip, DatesAndTimesComeBack)
         RC_PRE((!isKnownLoss(locale, dateStyle, timeStyle, text)));
         QVariant value;
         if (!formatter.getObjectValue(&value, text))
-            RC_FAIL(qPrintable(QStringLiteral("%1 \"%2\" is not read").arg(locale, text)));
+            RC_FAIL(qPrintable(u"%1 \"%2\" is not read"_s.arg(locale, text)));
         RC_ASSERT((formatter.stringForObjectValue(value) == text));
         if (dateStyle != 0)
             RC_ASSERT((wallTime(value.toDateTime()).left(10) == wallTime(date).left(10)));
@@ -188,7 +188,7 @@ TEST(RoundTrip, DatesAndTimesComeBack)
 TEST(RoundTrip, DatesWithoutYearComeBackInThisYear)
 {
     check("a displayed day is read as that day of this year", [] {
-        const UserLocale user(someOf(QStringLiteral("en_US en_GB fr_FR ja_JP").split(u' ')));
+        const UserLocale user(someOf(u"en_US en_GB fr_FR ja_JP"_s.split(u' ')));
         KTDateTimeFormatter formatter;
         formatter.setDisplayYear(false);
         const QDateTime date = someDate();
@@ -211,7 +211,7 @@ TEST(RoundTrip, TimesComeBackOnTheReferenceDay)
         RC_PRE((!isKnownLoss(locale, 0, formatter.timeStyle(), text)));
         QVariant value;
         if (!formatter.getObjectValue(&value, text))
-            RC_FAIL(qPrintable(QStringLiteral("%1 \"%2\" is not read").arg(locale, text)));
+            RC_FAIL(qPrintable(u"%1 \"%2\" is not read"_s.arg(locale, text)));
         RC_ASSERT((formatter.stringForObjectValue(value) == text));
         RC_ASSERT((wallTime(value.toDateTime()).mid(11, 5) == wallTime(time).mid(11, 5)));
     });
@@ -223,41 +223,41 @@ TEST(RoundTripExceptions, TimesInAZoneOfTheOtherHalfOfTheYearMoveAnHour)
     formatter.setTimeStyle(NSDateFormatterLongStyle);
     QVariant summer;
     QVariant winter;
-    ASSERT_TRUE(formatter.getObjectValue(&summer, QStringLiteral("5:30:15 PM EDT")));
-    ASSERT_TRUE(formatter.getObjectValue(&winter, QStringLiteral("5:30:15 PM EST")));
+    ASSERT_TRUE(formatter.getObjectValue(&summer, u"5:30:15 PM EDT"_s));
+    ASSERT_TRUE(formatter.getObjectValue(&winter, u"5:30:15 PM EST"_s));
     EXPECT_EQ(summer.toDateTime().secsTo(winter.toDateTime()), 3600);
 }
 
 TEST(RoundTripExceptions, TimesWithPointsAreDates)
 {
-    const UserLocale user(QStringLiteral("fi_FI"));
+    const UserLocale user(u"fi_FI"_s);
     KTDateTimeFormatter formatter;
     formatter.setDisplayTime(true);
     formatter.setDisplayDate(false);
     const QDateTime time(QDate(2008, 3, 5), QTime(16, 27), Qt::UTC); // 11.27 in New York
     EXPECT_EQ(formatter.stringForObjectValue(time), u"11.27");
     QVariant value;
-    ASSERT_TRUE(formatter.getObjectValue(&value, QStringLiteral("11.27")));
+    ASSERT_TRUE(formatter.getObjectValue(&value, u"11.27"_s));
     EXPECT_EQ(wallTime(value.toDateTime()).mid(4), u"-11-27T12:00:00");
 }
 
 TEST(RoundTripExceptions, IsoDatesWithoutSecondsLoseTheirTime)
 {
-    const UserLocale user(QStringLiteral("sv_SE"));
+    const UserLocale user(u"sv_SE"_s);
     KTDateTimeFormatter formatter;
     formatter.setDisplayTime(true);
     const QDateTime date(QDate(2008, 3, 5), QTime(22, 30), Qt::UTC);
     EXPECT_EQ(formatter.stringForObjectValue(date), u"2008-03-05 17:30");
     QVariant value;
-    ASSERT_TRUE(formatter.getObjectValue(&value, QStringLiteral("2008-03-05 17:30")));
+    ASSERT_TRUE(formatter.getObjectValue(&value, u"2008-03-05 17:30"_s));
     EXPECT_EQ(wallTime(value.toDateTime()), u"2008-03-05T12:00:00");
 }
 
 TEST(RoundTripExceptions, HebrewYuanInParenthesesAreNotRead)
 {
-    const UserLocale user(QStringLiteral("he_IL"));
+    const UserLocale user(u"he_IL"_s);
     KTCurrencyFormatter formatter;
-    formatter.setCurrencyType(QStringLiteral("CNY"));
+    formatter.setCurrencyType(u"CNY"_s);
     formatter.setFormatNegativeUsingParens(true);
     EXPECT_FALSE(formatter.getObjectValue(nullptr, formatter.stringForObjectValue(-5)));
     formatter.setFormatNegativeUsingParens(false);

@@ -10,6 +10,8 @@
 #include <memory>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 using testing_support::FileTree;
 
 namespace {
@@ -24,15 +26,12 @@ public:
     }
     void setList(const QByteArray &entries) const
     {
-        _tree.add(QStringLiteral("separators.plist"),
+        _tree.add(u"separators.plist"_s,
                   "<plist version=\"1.0\"><dict>" + entries + "</dict></plist>");
     }
 
 protected:
-    QString separatorsPath() const override
-    {
-        return _tree.path(QStringLiteral("separators.plist"));
-    }
+    QString separatorsPath() const override { return _tree.path(u"separators.plist"_s); }
 
 private:
     FileTree _tree;
@@ -75,8 +74,8 @@ TEST_F(InternationalTest, HeaderExample)
     auto *const application = new Application(Sample);
     EXPECT_EQ(KTInternational::instance(), application);
     useLocale(u"de_DE");
-    EXPECT_EQ(separator(), QStringLiteral(";"));
-    EXPECT_EQ(alternates, QStringList({QStringLiteral(","), QStringLiteral("\t")}));
+    EXPECT_EQ(separator(), u";"_s);
+    EXPECT_EQ(alternates, QStringList({u","_s, u"\t"_s}));
     EXPECT_TRUE(KTInternational::illegalCSVCharacterSet().characterIsMember(U'"'));
 }
 
@@ -84,37 +83,35 @@ TEST_F(InternationalTest, TheCountryWinsOverTheLanguage)
 {
     new Application(Sample);
     useLocale(u"de_CH");
-    EXPECT_EQ(separator(), QStringLiteral(","));
-    EXPECT_EQ(alternates,
-              QStringList({QStringLiteral(";"), QStringLiteral("\t"), QStringLiteral(";")}));
+    EXPECT_EQ(separator(), u","_s);
+    EXPECT_EQ(alternates, QStringList({u";"_s, u"\t"_s, u";"_s}));
     useLocale(u"de_AT");
-    EXPECT_EQ(separator(), QStringLiteral(";"));
+    EXPECT_EQ(separator(), u";"_s);
     useLocale(u"de");
-    EXPECT_EQ(separator(), QStringLiteral(";"));
+    EXPECT_EQ(separator(), u";"_s);
 }
 
 TEST_F(InternationalTest, UnknownLocalesLeaveTheArrayAlone)
 {
     new Application(Sample);
     useLocale(u"fr_FR");
-    EXPECT_EQ(separator({QStringLiteral("mine")}), QStringLiteral(","));
-    EXPECT_EQ(alternates, QStringList(QStringLiteral("mine")));
+    EXPECT_EQ(separator({u"mine"_s}), u","_s);
+    EXPECT_EQ(alternates, QStringList(u"mine"_s));
 }
 
 TEST_F(InternationalTest, TheSeparatorLeavesTheArrayWhereverItIs)
 {
     new Application(Sample);
     useLocale(u"de_DE");
-    separator({QStringLiteral(";"), QStringLiteral("mine")});
-    EXPECT_EQ(alternates,
-              QStringList({QStringLiteral("mine"), QStringLiteral(","), QStringLiteral("\t")}));
+    separator({u";"_s, u"mine"_s});
+    EXPECT_EQ(alternates, QStringList({u"mine"_s, u","_s, u"\t"_s}));
 }
 
 TEST_F(InternationalTest, ASeparatorThatIsNotInTheList)
 {
     new Application(Sample);
     useLocale(u"xx_YY");
-    EXPECT_EQ(separator(), QStringLiteral("|"));
+    EXPECT_EQ(separator(), u"|"_s);
     EXPECT_EQ(alternates.size(), 4);
 }
 
@@ -123,19 +120,19 @@ TEST_F(InternationalTest, WithoutAListItIsTheComma)
     auto *const application = new Application;
     useLocale(u"de_DE");
     EXPECT_FALSE(application->separatorsDict().has_value());
-    EXPECT_EQ(separator({QStringLiteral("mine")}), QStringLiteral(","));
-    EXPECT_EQ(alternates, QStringList(QStringLiteral("mine")));
+    EXPECT_EQ(separator({u"mine"_s}), u","_s);
+    EXPECT_EQ(alternates, QStringList(u"mine"_s));
 }
 
 TEST_F(InternationalTest, AMissingListIsLookedForAgainAndAFoundOneIsKept)
 {
     auto *const application = new Application;
     useLocale(u"de_DE");
-    EXPECT_EQ(separator(), QStringLiteral(","));
+    EXPECT_EQ(separator(), u","_s);
     application->setList(Sample);
-    EXPECT_EQ(separator(), QStringLiteral(";"));
+    EXPECT_EQ(separator(), u";"_s);
     application->setList("<key>de</key><string>|</string>");
-    EXPECT_EQ(separator(), QStringLiteral(";"));
+    EXPECT_EQ(separator(), u";"_s);
 }
 
 TEST_F(InternationalTest, ListsOfWrongTypesAreLogged)
@@ -148,12 +145,11 @@ TEST_F(InternationalTest, ListsOfWrongTypesAreLogged)
         QString reason;
     };
     const QList<Case> cases = {
-        {"<key>de</key><integer>5</integer>", QStringLiteral(","),
-         QStringLiteral("5 is no text in the separators under de")},
-        {"<key>de</key><string>;</string><key>List</key><string>x%@</string>", QStringLiteral(";"),
-         QStringLiteral("x%@ is no list in the separators under List")},
-        {"<key>de</key><string>;</string><key>List</key><array><true/></array>",
-         QStringLiteral(";"), QStringLiteral("1 is no text in the separators under List")},
+        {"<key>de</key><integer>5</integer>", u","_s, u"5 is no text in the separators under de"_s},
+        {"<key>de</key><string>;</string><key>List</key><string>x%@</string>", u";"_s,
+         u"x%@ is no list in the separators under List"_s},
+        {"<key>de</key><string>;</string><key>List</key><array><true/></array>", u";"_s,
+         u"1 is no text in the separators under List"_s},
     };
     for (const Case &each : cases) {
         const std::unique_ptr<Application> application(new Application(each.list));
@@ -168,23 +164,23 @@ TEST_F(InternationalTest, AListThatIsPartlyWrongAddsNothing)
     new Application("<key>de</key><string>;</string>"
                     "<key>List</key><array><string>;</string><integer>5</integer></array>");
     useLocale(u"de_DE");
-    EXPECT_EQ(separator({QStringLiteral("mine")}), QStringLiteral(";"));
-    EXPECT_EQ(alternates, QStringList(QStringLiteral("mine")));
+    EXPECT_EQ(separator({u"mine"_s}), u";"_s);
+    EXPECT_EQ(alternates, QStringList(u"mine"_s));
 }
 
 TEST_F(InternationalTest, AListWithoutAlternatives)
 {
     new Application("<key>de</key><string>;</string>");
     useLocale(u"de_DE");
-    EXPECT_EQ(separator({QStringLiteral("mine")}), QStringLiteral(";"));
-    EXPECT_EQ(alternates, QStringList(QStringLiteral("mine")));
+    EXPECT_EQ(separator({u"mine"_s}), u";"_s);
+    EXPECT_EQ(alternates, QStringList(u"mine"_s));
 }
 
 TEST_F(InternationalTest, DamagedListsAreNone)
 {
     auto *const application = new Application("<key>de</key>");
     EXPECT_FALSE(application->separatorsDict().has_value());
-    EXPECT_EQ(separator(), QStringLiteral(","));
+    EXPECT_EQ(separator(), u","_s);
 }
 
 TEST_F(InternationalTest, OneObjectOnly)
@@ -193,7 +189,7 @@ TEST_F(InternationalTest, OneObjectOnly)
     EXPECT_EQ(KTInternational::instance(), first);
     const QString output = testing_support::standardErrorOf([] {
         EXPECT_RAISES(KTInternational(), NSInternalInconsistencyException,
-                      QStringLiteral("Should not be creating multiple KTInternational objects."));
+                      u"Should not be creating multiple KTInternational objects."_s);
     });
     EXPECT_TRUE(output.contains(u"KTInternational:29"));
     EXPECT_EQ(KTInternational::instance(), first);
@@ -202,11 +198,10 @@ TEST_F(InternationalTest, OneObjectOnly)
 TEST_F(InternationalTest, TheArrayMustBeThere)
 {
     const QString output = testing_support::standardErrorOf([] {
-        EXPECT_RAISES(
-            KTInternational::instance()->localizedCSVSeparatorAndAlternates(nullptr),
-            NSInternalInconsistencyException,
-            QStringLiteral("KTInternational: localizedCSVSeparatorAndAlternates: alternates param "
-                           "can't be nil"));
+        EXPECT_RAISES(KTInternational::instance()->localizedCSVSeparatorAndAlternates(nullptr),
+                      NSInternalInconsistencyException,
+                      u"KTInternational: localizedCSVSeparatorAndAlternates: alternates param "
+                      "can't be nil"_s);
     });
     EXPECT_TRUE(output.contains(u"KTInternational:75"));
 }
@@ -232,9 +227,9 @@ TEST_F(InternationalTest, TheEncodingIsMacRomanInPractice)
 
 TEST_F(InternationalTest, Constants)
 {
-    EXPECT_EQ(KTInternationalCSVIllegalCharacters, QStringLiteral(",;\"\r\n\t "));
-    EXPECT_EQ(KTInternationalSecondDefaultCSVSeparator, QStringLiteral(";"));
-    EXPECT_EQ(KTInternationalJapaneseLanguageCode, QStringLiteral("jp"));
-    EXPECT_EQ(kJapaneseContryCode, QStringLiteral("JP"));
+    EXPECT_EQ(KTInternationalCSVIllegalCharacters, u",;\"\r\n\t "_s);
+    EXPECT_EQ(KTInternationalSecondDefaultCSVSeparator, u";"_s);
+    EXPECT_EQ(KTInternationalJapaneseLanguageCode, u"jp"_s);
+    EXPECT_EQ(kJapaneseContryCode, u"JP"_s);
     EXPECT_FALSE(KTInternationalEmptyString.isNull());
 }

@@ -21,12 +21,14 @@
 #include <functional>
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 using testing_support::rowsOf;
 
 namespace {
 QString operationOf(const QJsonObject &row)
 {
-    return row.value(QStringLiteral("op")).toString();
+    return row.value(u"op"_s).toString();
 }
 
 // --- Values of texts
@@ -45,39 +47,35 @@ QVariant localizedOrder(const QJsonValue &pair, const char *locale)
 const std::map<QString, TextFunction> &textFunctions()
 {
     static const std::map<QString, TextFunction> table = {
-        {QStringLiteral("boolValue"),
-         [](const QJsonValue &v) { return NSString::boolValue(v.toString()); }},
-        {QStringLiteral("integerValue"),
+        {u"boolValue"_s, [](const QJsonValue &v) { return NSString::boolValue(v.toString()); }},
+        {u"integerValue"_s,
          [](const QJsonValue &v) { return NSString::integerValue(v.toString()); }},
-        {QStringLiteral("longLongValue"),
+        {u"longLongValue"_s,
          [](const QJsonValue &v) { return NSString::integerValue(v.toString()); }},
-        {QStringLiteral("intValue"),
-         [](const QJsonValue &v) { return NSString::integerValue(v.toString()); }},
-        {QStringLiteral("doubleValue"),
-         [](const QJsonValue &v) { return NSString::doubleValue(v.toString()); }},
-        {QStringLiteral("floatValue"),
-         [](const QJsonValue &v) { return NSString::doubleValue(v.toString()); }},
-        {QStringLiteral("lowercaseString"),
+        {u"intValue"_s, [](const QJsonValue &v) { return NSString::integerValue(v.toString()); }},
+        {u"doubleValue"_s, [](const QJsonValue &v) { return NSString::doubleValue(v.toString()); }},
+        {u"floatValue"_s, [](const QJsonValue &v) { return NSString::doubleValue(v.toString()); }},
+        {u"lowercaseString"_s,
          [](const QJsonValue &v) { return NSString::lowercaseString(v.toString()); }},
-        {QStringLiteral("uppercaseString"),
+        {u"uppercaseString"_s,
          [](const QJsonValue &v) { return NSString::uppercaseString(v.toString()); }},
-        {QStringLiteral("capitalizedString"),
+        {u"capitalizedString"_s,
          [](const QJsonValue &v) { return NSString::capitalizedString(v.toString()); }},
-        {QStringLiteral("stringByTrimmingCharactersInSet:whitespaceAndNewline"),
+        {u"stringByTrimmingCharactersInSet:whitespaceAndNewline"_s,
          [](const QJsonValue &v) {
              return NSString::stringByTrimmingWhitespaceAndNewlines(v.toString());
          }},
-        {QStringLiteral("canBeConvertedToEncoding:ISOLatin1"),
+        {u"canBeConvertedToEncoding:ISOLatin1"_s,
          [](const QJsonValue &v) {
              return NSString::canBeConvertedToEncoding(v.toString(), NSISOLatin1StringEncoding);
          }},
-        {QStringLiteral("canBeConvertedToEncoding:ASCII"),
+        {u"canBeConvertedToEncoding:ASCII"_s,
          [](const QJsonValue &v) {
              return NSString::canBeConvertedToEncoding(v.toString(), NSASCIIStringEncoding);
          }},
-        {QStringLiteral("localizedCompare en_US"),
+        {u"localizedCompare en_US"_s,
          [](const QJsonValue &v) { return localizedOrder(v, "en_US"); }},
-        {QStringLiteral("localizedCompare sv_SE"),
+        {u"localizedCompare sv_SE"_s,
          [](const QJsonValue &v) { return localizedOrder(v, "sv_SE"); }},
     };
     return table;
@@ -104,10 +102,9 @@ NSCharacterSet setFrom(const QString &text)
 class ScannerSteps
 {
 public:
-    explicit ScannerSteps(const QJsonObject &row)
-        : _scanner(row.value(QStringLiteral("input")).toString())
+    explicit ScannerSteps(const QJsonObject &row) : _scanner(row.value(u"input"_s).toString())
     {
-        const QJsonValue skip = row.value(QStringLiteral("skip"));
+        const QJsonValue skip = row.value(u"skip"_s);
         if (!skip.toString().startsWith(u"whitespaceAndNewline"))
             _scanner.setCharactersToBeSkipped(NSCharacterSet());
     }
@@ -116,7 +113,7 @@ public:
     bool run(const QJsonObject &step, QVariant *result)
     {
         const QString operation = operationOf(step);
-        const QString argument = step.value(QStringLiteral("arg")).toString();
+        const QString argument = step.value(u"arg"_s).toString();
         QString text;
         const auto textIf = [&](bool isFound) { *result = isFound ? QVariant(text) : QVariant(); };
         if (operation == u"scanString")
@@ -169,16 +166,16 @@ private:
 TEST(PlatformTables, ValuesOfTexts)
 {
     int rows = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/string_values.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"platform/string_values.jsonl"_s)) {
         const auto function = textFunctions().find(operationOf(row));
         // Rows about functions that QString has itself, and readings of "-y" that are not ours.
-        if (function == textFunctions().end() || row.contains(QStringLiteral("difference")))
+        if (function == textFunctions().end() || row.contains(u"difference"_s))
             continue;
-        const QVariant result = function->second(row.value(QStringLiteral("input")));
-        EXPECT_TRUE(NSObject::isEqual(result, row.value(QStringLiteral("expected")).toVariant()) ||
-                    result.toDouble() == row.value(QStringLiteral("expected")).toDouble())
+        const QVariant result = function->second(row.value(u"input"_s));
+        EXPECT_TRUE(NSObject::isEqual(result, row.value(u"expected"_s).toVariant()) ||
+                    result.toDouble() == row.value(u"expected"_s).toDouble())
             << function->first.toStdString() << ' '
-            << row.value(QStringLiteral("input")).toVariant().toString().toStdString() << " gives "
+            << row.value(u"input"_s).toVariant().toString().toStdString() << " gives "
             << NSObject::description(result).toStdString();
         ++rows;
     }
@@ -188,14 +185,14 @@ TEST(PlatformTables, ValuesOfTexts)
 TEST(PlatformTables, MembersOfCharacterSets)
 {
     int rows = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/character_sets.jsonl"))) {
-        const QString code = row.value(QStringLiteral("codepoint")).toString();
-        const QString name = row.value(QStringLiteral("set")).toString();
+    for (const QJsonObject &row : rowsOf(u"platform/character_sets.jsonl"_s)) {
+        const QString code = row.value(u"codepoint"_s).toString();
+        const QString name = row.value(u"set"_s).toString();
         if (!code.startsWith(u"U+"))
             continue;
         const char32_t character = code.mid(2).toUInt(nullptr, 16);
         EXPECT_EQ(testing_support::characterSetNamed(name).characterIsMember(character),
-                  row.value(QStringLiteral("member")).toBool())
+                  row.value(u"member"_s).toBool())
             << name.toStdString() << ' ' << code.toStdString();
         ++rows;
     }
@@ -205,11 +202,11 @@ TEST(PlatformTables, MembersOfCharacterSets)
 TEST(PlatformTables, ScannerSteps)
 {
     int steps = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/scanner.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"platform/scanner.jsonl"_s)) {
         ScannerSteps scanner(row);
-        const QJsonArray sequence = row.value(QStringLiteral("steps")).toArray();
+        const QJsonArray sequence = row.value(u"steps"_s).toArray();
         for (const QJsonValue step : sequence) {
-            const QJsonValue expected = step[QStringLiteral("expected")];
+            const QJsonValue expected = step[u"expected"_s];
             QVariant result;
             // Steps of operations that this scanner does not have end the row.
             if (!scanner.run(step.toObject(), &result))
@@ -220,7 +217,7 @@ TEST(PlatformTables, ScannerSteps)
                                            (result.isValid() && expected.isDouble() &&
                                             result.toDouble() == expected.toDouble()) ||
                                            (!result.isValid() && expected.isNull()))
-                << row.value(QStringLiteral("input")).toString().toStdString() << ": "
+                << row.value(u"input"_s).toString().toStdString() << ": "
                 << operationOf(step.toObject()).toStdString() << " gives "
                 << NSObject::description(result).toStdString();
             ++steps;
@@ -231,15 +228,14 @@ TEST(PlatformTables, ScannerSteps)
 
 TEST(PlatformTables, URLs)
 {
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/url_parse.jsonl"))) {
-        const QString text = row.value(QStringLiteral("input")).toString(QString());
+    for (const QJsonObject &row : rowsOf(u"platform/url_parse.jsonl"_s)) {
+        const QString text = row.value(u"input"_s).toString(QString());
         const auto url = NSURL::URLWithString(text);
-        EXPECT_EQ(url.has_value(), row.value(QStringLiteral("accepted")).toBool())
-            << text.toStdString();
+        EXPECT_EQ(url.has_value(), row.value(u"accepted"_s).toBool()) << text.toStdString();
         if (url) {
             EXPECT_EQ(url->absoluteString(), text);
-            if (row.contains(QStringLiteral("scheme"))) {
-                EXPECT_EQ(url->scheme(), row.value(QStringLiteral("scheme")).toString(QString()));
+            if (row.contains(u"scheme"_s)) {
+                EXPECT_EQ(url->scheme(), row.value(u"scheme"_s).toString(QString()));
             }
         }
     }
@@ -251,14 +247,14 @@ TEST(PlatformTables, Decimals)
         return NSDecimalNumber::decimalNumberWithString(text.toString());
     };
     int rows = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/decimal.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"platform/decimal.jsonl"_s)) {
         const QString operation = operationOf(row);
-        const QJsonArray arguments = row.value(QStringLiteral("args")).toArray();
-        const QJsonValue expected = row.value(QStringLiteral("expected"));
+        const QJsonArray arguments = row.value(u"args"_s).toArray();
+        const QJsonValue expected = row.value(u"expected"_s);
         SCOPED_TRACE(operation.toStdString() + ' ' + arguments.at(0).toString().toStdString());
         // A number keeps 38 digits here, also where 39 would fit its 128 bits.
         const bool has39Digits = arguments.at(0).toString().size() == 40;
-        if (row.contains(QStringLiteral("difference")) || has39Digits)
+        if (row.contains(u"difference"_s) || has39Digits)
             continue;
         ++rows;
         if (operation == u"description") {

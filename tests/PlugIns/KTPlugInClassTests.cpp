@@ -5,6 +5,8 @@
 
 #include <KTUtility/NSBundle>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -17,9 +19,9 @@ public:
         handler = updateHandler;
         addEvent(handler, u"did load " + bundle.bundlePath());
     }
-    static void pluginWillUnload() { addEvent(handler, QStringLiteral("will unload")); }
-    static void pluginDidUnload() { addEvent(handler, QStringLiteral("did unload")); }
-    QString fileType() const override { return QStringLiteral("told"); }
+    static void pluginWillUnload() { addEvent(handler, u"will unload"_s); }
+    static void pluginDidUnload() { addEvent(handler, u"did unload"_s); }
+    QString fileType() const override { return u"told"_s; }
 
     static inline QObject *handler = nullptr;
 };
@@ -35,25 +37,24 @@ public:
 
 TEST(KTPlugInClass, ForwardsToTheClassMethods)
 {
-    const KTPlugInClassOf<Told, TestExporter> told(QStringLiteral("Told"));
+    const KTPlugInClassOf<Told, TestExporter> told(u"Told"_s);
     const KTPlugInClass &classObject = told;
     EXPECT_TRUE(classObject.respondsToPluginDidLoadBundle());
     QObject host;
     useFreshHome();
-    classObject.pluginDidLoadBundle(NSBundle(QStringLiteral("/x.bundle")), &host);
+    classObject.pluginDidLoadBundle(NSBundle(u"/x.bundle"_s), &host);
     classObject.pluginWillUnload();
     classObject.pluginDidUnload();
-    const QStringList expected = {QStringLiteral("did load /x.bundle"),
-                                  QStringLiteral("will unload"), QStringLiteral("did unload")};
+    const QStringList expected = {u"did load /x.bundle"_s, u"will unload"_s, u"did unload"_s};
     EXPECT_EQ(host.property("events").toStringList(), expected);
     Told::handler = nullptr;
 }
 
 TEST(KTPlugInClass, IsAClassAsAnyOther)
 {
-    const KTPlugInClassOf<Told, TestExporter> told(QStringLiteral("Told"));
+    const KTPlugInClassOf<Told, TestExporter> told(u"Told"_s);
     const NSClass &classObject = told;
-    EXPECT_EQ(classObject.name(), QStringLiteral("Told"));
+    EXPECT_EQ(classObject.name(), u"Told"_s);
     EXPECT_TRUE(classObject.conformsToProtocol(NSProtocol::of<TestExporter>()));
     EXPECT_FALSE(classObject.conformsToProtocol(NSProtocol::of<TestImporter>()));
     EXPECT_NE(dynamic_cast<Told *>(classObject.newInstance().get()), nullptr);
@@ -61,11 +62,11 @@ TEST(KTPlugInClass, IsAClassAsAnyOther)
 
 TEST(KTPlugInClass, WhatIsOptionalMayBeLeftOut)
 {
-    const KTPlugInClassOf<Untold> untold(QStringLiteral("Untold"));
+    const KTPlugInClassOf<Untold> untold(u"Untold"_s);
     const KTPlugInClass &classObject = untold;
     EXPECT_FALSE(classObject.respondsToPluginDidLoadBundle());
     QObject host;
-    classObject.pluginDidLoadBundle(NSBundle(QStringLiteral("/x.bundle")), &host);
+    classObject.pluginDidLoadBundle(NSBundle(u"/x.bundle"_s), &host);
     EXPECT_FALSE(host.property("events").isValid());
     EXPECT_FALSE(classObject.conformsToProtocol(NSProtocol::of<TestExporter>()));
 }

@@ -9,15 +9,17 @@
 #include <QFile>
 #include <QPoint>
 
+using namespace Qt::StringLiterals;
+
 using namespace plugin_support;
 using namespace testing_support;
 
 namespace {
-const QString listKey = QStringLiteral("enabledExporters");
+const QString listKey = u"enabledExporters"_s;
 
 QString domainName()
 {
-    return NSHostIdentifier() + QStringLiteral(".plugins");
+    return NSHostIdentifier() + u".plugins"_s;
 }
 
 /// The file of the domain in a home folder.
@@ -41,28 +43,28 @@ TEST(KTPlugInDefaults, ValuesAreWrittenAtOnce)
 {
     const QString home = useFreshHome();
     KTPlugInManager manager;
-    const QString key = QStringLiteral("org.example.good.delimiter");
+    const QString key = u"org.example.good.delimiter"_s;
     EXPECT_FALSE(manager.pluginDefaultsObjectForKey(key).isValid());
     EXPECT_FALSE(QFile::exists(domainFile(home)));
 
-    EXPECT_TRUE(manager.pluginDefaultsSetObject(QStringLiteral(";"), key));
-    EXPECT_EQ(manager.pluginDefaultsObjectForKey(key), QVariant(QStringLiteral(";")));
-    EXPECT_EQ(storedIn(home), (QVariantMap{{key, QStringLiteral(";")}}));
-    EXPECT_EQ(KTPlugInManager().pluginDefaultsObjectForKey(key), QVariant(QStringLiteral(";")));
+    EXPECT_TRUE(manager.pluginDefaultsSetObject(u";"_s, key));
+    EXPECT_EQ(manager.pluginDefaultsObjectForKey(key), QVariant(u";"_s));
+    EXPECT_EQ(storedIn(home), (QVariantMap{{key, u";"_s}}));
+    EXPECT_EQ(KTPlugInManager().pluginDefaultsObjectForKey(key), QVariant(u";"_s));
 
-    EXPECT_TRUE(manager.pluginDefaultsSetObject(QVariantList{1, 2}, QStringLiteral("other")));
+    EXPECT_TRUE(manager.pluginDefaultsSetObject(QVariantList{1, 2}, u"other"_s));
     EXPECT_EQ(storedIn(home).size(), 2);
     EXPECT_TRUE(manager.pluginDefaultsSetObject(QVariant(), key));
     EXPECT_FALSE(manager.pluginDefaultsObjectForKey(key).isValid());
-    EXPECT_EQ(storedIn(home).keys(), QStringList{QStringLiteral("other")});
-    EXPECT_TRUE(manager.pluginDefaultsSetObject(QString(), QStringLiteral("never there")));
+    EXPECT_EQ(storedIn(home).keys(), QStringList{u"other"_s});
+    EXPECT_TRUE(manager.pluginDefaultsSetObject(QString(), u"never there"_s));
 }
 
 TEST(KTPlugInDefaults, TheDomainIsThePlugInsAlone)
 {
     useFreshHome();
     KTPlugInManager manager;
-    const QString key = QStringLiteral("shared");
+    const QString key = u"shared"_s;
     NSUserDefaults::standardUserDefaults()->setPersistentDomain({{key, 1}}, NSGlobalDomain);
     NSUserDefaults::standardUserDefaults()->registerDefaults({{key, 2}});
     EXPECT_FALSE(manager.pluginDefaultsObjectForKey(key).isValid());
@@ -77,12 +79,11 @@ TEST(KTPlugInDefaults, RegisteredDefaultsAreWrittenAndReplaceNothing)
 {
     const QString home = useFreshHome();
     KTPlugInManager manager;
-    manager.pluginDefaultsSetObject(5, QStringLiteral("rows"));
-    EXPECT_TRUE(manager.pluginDefaultsRegisterDefaults(
-        {{QStringLiteral("rows"), 20}, {QStringLiteral("header"), true}}));
-    const QVariantMap expected = {{QStringLiteral("rows"), 5LL}, {QStringLiteral("header"), true}};
+    manager.pluginDefaultsSetObject(5, u"rows"_s);
+    EXPECT_TRUE(manager.pluginDefaultsRegisterDefaults({{u"rows"_s, 20}, {u"header"_s, true}}));
+    const QVariantMap expected = {{u"rows"_s, 5LL}, {u"header"_s, true}};
     EXPECT_EQ(storedIn(home), expected);
-    EXPECT_TRUE(manager.pluginDefaultsRegisterDefaults({{QStringLiteral("header"), false}}));
+    EXPECT_TRUE(manager.pluginDefaultsRegisterDefaults({{u"header"_s, false}}));
     EXPECT_TRUE(manager.pluginDefaultsRegisterDefaults({}));
     EXPECT_EQ(storedIn(home), expected);
 }
@@ -91,23 +92,23 @@ TEST(KTPlugInDefaults, WhatNoFileCanHoldIsRefused)
 {
     const QString home = useFreshHome();
     KTPlugInManager manager;
-    manager.pluginDefaultsSetObject(1, QStringLiteral("kept"));
-    const QString key = QStringLiteral("key");
+    manager.pluginDefaultsSetObject(1, u"kept"_s);
+    const QString key = u"key"_s;
     const QList<QVariant> values = {QVariant::fromValue<QObject *>(nullptr), QVariant(QPoint(1, 2)),
                                     QVariant(QString(QChar(0xD800))),
                                     QVariant(QStringList{QString(QChar(0))})};
     for (const QVariant &value : values) {
         manager.pluginDefaultsSetObject(value, key);
         EXPECT_FALSE(manager.pluginDefaultsObjectForKey(key).isValid());
-        manager.pluginDefaultsRegisterDefaults({{key, value}, {QStringLiteral("more"), 1}});
+        manager.pluginDefaultsRegisterDefaults({{key, value}, {u"more"_s, 1}});
         EXPECT_FALSE(manager.pluginDefaultsObjectForKey(key).isValid());
-        manager.pluginDefaultsSetObject(QVariant(), QStringLiteral("more"));
+        manager.pluginDefaultsSetObject(QVariant(), u"more"_s);
     }
     EXPECT_FALSE(manager.pluginDefaultsSetObject(QPoint(1, 2), key));
     EXPECT_FALSE(manager.pluginDefaultsSetObject(1, QString(QChar(0xD800))));
     EXPECT_FALSE(manager.pluginDefaultsSetObject(1, QString()));
     EXPECT_FALSE(manager.pluginDefaultsObjectForKey(QString()).isValid());
-    EXPECT_EQ(storedIn(home), (QVariantMap{{QStringLiteral("kept"), 1LL}}));
+    EXPECT_EQ(storedIn(home), (QVariantMap{{u"kept"_s, 1LL}}));
 }
 
 TEST(KTPlugInDefaults, AnyTextCanBeAKey)
@@ -127,14 +128,14 @@ TEST(KTPlugInDefaults, WithoutAFolderToWriteToItSaysSo)
     KTPlugInManager manager;
     manager.setEnabledKey(listKey);
     qunsetenv("HOME");
-    EXPECT_FALSE(manager.pluginDefaultsSetObject(1, QStringLiteral("a")));
-    EXPECT_EQ(manager.pluginDefaultsObjectForKey(QStringLiteral("a")), QVariant(1));
+    EXPECT_FALSE(manager.pluginDefaultsSetObject(1, u"a"_s));
+    EXPECT_EQ(manager.pluginDefaultsObjectForKey(u"a"_s), QVariant(1));
     EXPECT_FALSE(manager.setEnabledForPlugin(true, goodIdentifier));
     EXPECT_TRUE(manager.isPluginEnabled(goodIdentifier));
 
     // What was kept in memory is written as soon as it can be.
     const QString home = useFreshHome();
-    EXPECT_TRUE(manager.pluginDefaultsSetObject(2, QStringLiteral("b")));
+    EXPECT_TRUE(manager.pluginDefaultsSetObject(2, u"b"_s));
     EXPECT_EQ(storedIn(home).size(), 3);
 }
 
@@ -147,11 +148,11 @@ TEST(KTPlugInDefaults, EnabledPlugInsAreAListUnderTheKey)
     EXPECT_TRUE(manager.setEnabledForPlugin(true, goodIdentifier));
     EXPECT_TRUE(manager.setEnabledForPlugin(true, oddIdentifier));
     EXPECT_TRUE(manager.isPluginEnabled(goodIdentifier));
-    EXPECT_FALSE(manager.isPluginEnabled(QStringLiteral("org.example")));
+    EXPECT_FALSE(manager.isPluginEnabled(u"org.example"_s));
     EXPECT_EQ(storedIn(home).value(listKey).toList(), identifiers({goodIdentifier, oddIdentifier}));
 
     // Another kind of plug-in has another list.
-    manager.setEnabledKey(QStringLiteral("enabledImporters"));
+    manager.setEnabledKey(u"enabledImporters"_s);
     EXPECT_FALSE(manager.isPluginEnabled(goodIdentifier));
 }
 
@@ -202,7 +203,7 @@ TEST(KTPlugInDefaults, AListThatIsNoneCountsAsEmpty)
     }
     manager.pluginDefaultsSetObject(QVariantList{5, goodIdentifier, QVariantList()}, listKey);
     EXPECT_TRUE(manager.isPluginEnabled(goodIdentifier));
-    EXPECT_FALSE(manager.isPluginEnabled(QStringLiteral("5")));
+    EXPECT_FALSE(manager.isPluginEnabled(u"5"_s));
 }
 
 TEST(KTPlugInDefaults, ADamagedFileCountsAsEmptyAndIsKeptBeside)

@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 using namespace plugin_support;
 using namespace testing_support;
 
@@ -37,9 +39,8 @@ TEST(KTPlugInLoading, APlugInIsLoadedInOrder)
 
     QObject *const plugin = manager.loadPluginWithIdentifier(goodIdentifier);
     ASSERT_NE(plugin, nullptr);
-    const QStringList expected = {QStringLiteral("1 pluginDidLoadBundle org.example.good"),
-                                  QStringLiteral("1 made"),
-                                  QStringLiteral("didLoadPlugin org.example.good")};
+    const QStringList expected = {u"1 pluginDidLoadBundle org.example.good"_s, u"1 made"_s,
+                                  u"didLoadPlugin org.example.good"_s};
     EXPECT_EQ(manager.takeEvents(), expected);
     EXPECT_EQ(manager.lastPlugin, plugin);
     EXPECT_EQ(manager.lastBundlePath, bundle);
@@ -93,32 +94,29 @@ TEST(KTPlugInLoading, WhatIsNotRegisteredIsNotLoaded)
 TEST(KTPlugInLoading, AClassThatDoesNotConformIsLoggedAndLoadedAllTheSame)
 {
     RecordingManager manager;
-    registerOnly(manager, makeOddBundle(useFreshHome(), QStringLiteral("NonconformingExporter")));
+    registerOnly(manager, makeOddBundle(useFreshHome(), u"NonconformingExporter"_s));
     KTLogCapture capture(kLog_invalid, 4);
     EXPECT_NE(manager.loadPluginWithIdentifier(oddIdentifier), nullptr);
 
     const QList<KTLogCapture::Entry> entries = capture.entries();
     ASSERT_FALSE(entries.isEmpty());
     const KTLogCapture::Entry &warning = entries.first();
-    EXPECT_EQ(warning.message,
-              QStringLiteral("Plug-in does not conform to org.cobble.tests.Exporter"));
-    EXPECT_EQ(warning.component, QStringLiteral("invalid"));
+    EXPECT_EQ(warning.message, u"Plug-in does not conform to org.cobble.tests.Exporter"_s);
+    EXPECT_EQ(warning.component, u"invalid"_s);
     EXPECT_EQ(warning.level, 4);
-    EXPECT_EQ(warning.file, QStringLiteral("KTPlugInManager"));
+    EXPECT_EQ(warning.file, u"KTPlugInManager"_s);
     EXPECT_EQ(warning.lineNumber, 150);
-    const QStringList expected = {QStringLiteral("nonconforming did load"),
-                                  QStringLiteral("didLoadPlugin org.example.odd")};
+    const QStringList expected = {u"nonconforming did load"_s, u"didLoadPlugin org.example.odd"_s};
     EXPECT_EQ(manager.takeEvents(), expected);
     EXPECT_EQ(onlyStatus(manager).state, KTPlugInState::Loaded);
-    EXPECT_EQ(onlyStatus(manager).lastError,
-              QStringLiteral("does not conform to org.cobble.tests.Exporter"));
+    EXPECT_EQ(onlyStatus(manager).lastError, u"does not conform to org.cobble.tests.Exporter"_s);
 }
 
 TEST(KTPlugInLoading, WithoutAProtocolNothingIsTested)
 {
     RecordingManager manager;
     manager.setProtocol(NSProtocol());
-    registerOnly(manager, makeOddBundle(useFreshHome(), QStringLiteral("NonconformingExporter")));
+    registerOnly(manager, makeOddBundle(useFreshHome(), u"NonconformingExporter"_s));
     KTLogCapture capture(kLog_invalid);
     EXPECT_NE(manager.loadPluginWithIdentifier(oddIdentifier), nullptr);
     EXPECT_TRUE(capture.messages().isEmpty());
@@ -140,11 +138,10 @@ TEST(KTPlugInLoading, TheWordAboutLoadingIsOptional)
 TEST(KTPlugInLoading, AClassThatCannotBeMadeLeavesThePlugInUnloaded)
 {
     const QList<std::pair<QString, QString>> rows = {
-        {QStringLiteral("ThrowingExporter"), QStringLiteral("threw no licence")},
-        {QStringLiteral("RaisingExporter"), QStringLiteral("threw NSRangeException: too far")},
-        {QStringLiteral("ThrowingNumbersExporter"),
-         QStringLiteral("threw something that is no std::exception")},
-        {QStringLiteral("DemandingExporter"), QStringLiteral("cannot be made")},
+        {u"ThrowingExporter"_s, u"threw no licence"_s},
+        {u"RaisingExporter"_s, u"threw NSRangeException: too far"_s},
+        {u"ThrowingNumbersExporter"_s, u"threw something that is no std::exception"_s},
+        {u"DemandingExporter"_s, u"cannot be made"_s},
     };
     for (const auto &[name, reason] : rows) {
         const QString bundle = makeOddBundle(useFreshHome(), name);
@@ -166,7 +163,7 @@ TEST(KTPlugInLoading, AFailureTakesNoOtherPlugInWithIt)
 {
     const QString folder = useFreshHome();
     RecordingManager manager;
-    manager.registerBundle(NSBundle(makeOddBundle(folder, QStringLiteral("ThrowingExporter"))));
+    manager.registerBundle(NSBundle(makeOddBundle(folder, u"ThrowingExporter"_s)));
     manager.registerBundle(NSBundle(makeGoodBundle(folder)));
     manager.setEnabledForPlugin(true, oddIdentifier);
     manager.setEnabledForPlugin(true, goodIdentifier);
@@ -184,11 +181,10 @@ TEST(KTPlugInLoading, UnloadingTellsTheClassBeforeAndAfter)
         manager.takeEvents();
         manager.unloadPluginWithIdentifier(goodIdentifier, deletes);
         const QStringList expected = {
-            QStringLiteral("1 pluginWillUnload"),
-            deletes ? QStringLiteral("willUnloadPlugin, delete")
-                    : QStringLiteral("willUnloadPlugin, keep"),
-            QStringLiteral("1 pluginDidUnload"),
-            QStringLiteral("1 gone"),
+            u"1 pluginWillUnload"_s,
+            deletes ? u"willUnloadPlugin, delete"_s : u"willUnloadPlugin, keep"_s,
+            u"1 pluginDidUnload"_s,
+            u"1 gone"_s,
         };
         EXPECT_EQ(manager.takeEvents(), expected);
         EXPECT_TRUE(plugin.isNull());
@@ -218,15 +214,14 @@ TEST(KTPlugInLoading, ReloadingTellsTheClassAndKeepsTheInstance)
     RecordingManager manager;
     registerOnly(manager, makeGoodBundle(useFreshHome()));
     manager.reloadPlugins();
-    EXPECT_EQ(manager.takeEvents(), QStringList{QStringLiteral("finishedLoadingPlugins")});
+    EXPECT_EQ(manager.takeEvents(), QStringList{u"finishedLoadingPlugins"_s});
 
     QObject *const plugin = manager.loadPluginWithIdentifier(goodIdentifier);
     manager.takeEvents();
     manager.reloadPlugins();
-    const QStringList expected = {QStringLiteral("1 pluginWillUnload"),
-                                  QStringLiteral("1 pluginDidLoadBundle org.example.good"),
-                                  QStringLiteral("didLoadPlugin org.example.good"),
-                                  QStringLiteral("finishedLoadingPlugins")};
+    const QStringList expected = {u"1 pluginWillUnload"_s,
+                                  u"1 pluginDidLoadBundle org.example.good"_s,
+                                  u"didLoadPlugin org.example.good"_s, u"finishedLoadingPlugins"_s};
     EXPECT_EQ(manager.takeEvents(), expected);
     EXPECT_EQ(manager.lastPlugin, plugin);
     EXPECT_EQ(manager.pluginWithIdentifier(goodIdentifier), plugin);
@@ -240,24 +235,24 @@ TEST(KTPlugInLoading, ReloadingAsksForTheWordThatIsOptionalOtherwise)
         QObject *const plugin = manager.loadPluginWithIdentifier(oddIdentifier);
         manager.takeEvents();
         manager.reloadPlugins();
-        const QStringList expected = {QStringLiteral("didLoadPlugin org.example.odd"),
-                                      QStringLiteral("finishedLoadingPlugins")};
+        const QStringList expected = {u"didLoadPlugin org.example.odd"_s,
+                                      u"finishedLoadingPlugins"_s};
         EXPECT_EQ(manager.takeEvents(), expected);
         EXPECT_EQ(manager.pluginWithIdentifier(oddIdentifier), plugin);
         EXPECT_EQ(onlyStatus(manager).state, KTPlugInState::Loaded);
         EXPECT_EQ(onlyStatus(manager).lastError,
                   QString::fromUtf16(name) +
-                      QStringLiteral(" does not answer pluginDidLoadBundle:updateHandler:"));
+                      u" does not answer pluginDidLoadBundle:updateHandler:"_s);
     }
 }
 
 TEST(KTPlugInLoading, AClassThatThrowsWhenItIsToldSomethingIsContained)
 {
     RecordingManager manager;
-    registerOnly(manager, makeOddBundle(useFreshHome(), QStringLiteral("NervousExporter")));
+    registerOnly(manager, makeOddBundle(useFreshHome(), u"NervousExporter"_s));
     manager.coordinator()->setProperty("nervous", true);
     EXPECT_EQ(manager.loadPluginWithIdentifier(oddIdentifier), nullptr);
-    EXPECT_EQ(onlyStatus(manager).lastError, QStringLiteral("NervousExporter threw not now"));
+    EXPECT_EQ(onlyStatus(manager).lastError, u"NervousExporter threw not now"_s);
 
     manager.coordinator()->setProperty("nervous", false);
     EXPECT_NE(manager.loadPluginWithIdentifier(oddIdentifier), nullptr);
@@ -265,13 +260,13 @@ TEST(KTPlugInLoading, AClassThatThrowsWhenItIsToldSomethingIsContained)
     manager.coordinator()->setProperty("nervous", true);
     manager.reloadPlugins();
     EXPECT_TRUE(manager.isPluginLoaded(oddIdentifier));
-    EXPECT_EQ(onlyStatus(manager).lastError, QStringLiteral("pluginDidLoadBundle threw not now"));
+    EXPECT_EQ(onlyStatus(manager).lastError, u"pluginDidLoadBundle threw not now"_s);
 
     KTLogCapture capture(kLog_invalid, 4);
     manager.unloadPluginWithIdentifier(oddIdentifier, false);
     EXPECT_FALSE(manager.isPluginLoaded(oddIdentifier));
     EXPECT_EQ(capture.messages().size(), 2);
-    EXPECT_EQ(onlyStatus(manager).lastError, QStringLiteral("NervousExporter threw not ever"));
+    EXPECT_EQ(onlyStatus(manager).lastError, u"NervousExporter threw not ever"_s);
 }
 
 TEST(KTPlugInLoading, WithoutACoordinatorClassesAreHandedNone)
@@ -279,7 +274,7 @@ TEST(KTPlugInLoading, WithoutACoordinatorClassesAreHandedNone)
     RecordingManager manager;
     manager.setCoordinator(nullptr);
     EXPECT_EQ(manager.coordinator(), nullptr);
-    registerOnly(manager, makeOddBundle(useFreshHome(), QStringLiteral("NervousExporter")));
+    registerOnly(manager, makeOddBundle(useFreshHome(), u"NervousExporter"_s));
     EXPECT_EQ(manager.loadPluginWithIdentifier(oddIdentifier), nullptr);
 }
 
@@ -294,7 +289,7 @@ TEST(KTPlugInLoading, AnInstanceThatSomebodyDestroyedIsNotLoaded)
     manager.takeEvents();
     manager.reloadPlugins();
     manager.unloadPluginWithIdentifier(goodIdentifier, false);
-    EXPECT_EQ(manager.takeEvents(), QStringList{QStringLiteral("finishedLoadingPlugins")});
+    EXPECT_EQ(manager.takeEvents(), QStringList{u"finishedLoadingPlugins"_s});
     EXPECT_NE(manager.loadPluginWithIdentifier(goodIdentifier), nullptr);
 }
 
@@ -309,9 +304,8 @@ TEST(KTPlugInLoading, TheManagerTakesItsInstancesAlong)
         plugin = manager.loadPluginWithIdentifier(goodIdentifier);
     }
     EXPECT_TRUE(plugin.isNull());
-    EXPECT_EQ(host.property("events").toStringList().last(), QStringLiteral("1 gone"));
-    EXPECT_FALSE(
-        host.property("events").toStringList().contains(QStringLiteral("1 pluginWillUnload")));
+    EXPECT_EQ(host.property("events").toStringList().last(), u"1 gone"_s);
+    EXPECT_FALSE(host.property("events").toStringList().contains(u"1 pluginWillUnload"_s));
 }
 
 TEST(KTPlugInLoading, APlugInThatCannotBeLoadedSaysWhy)
@@ -322,18 +316,17 @@ TEST(KTPlugInLoading, APlugInThatCannotBeLoadedSaysWhy)
         QString module;
         QString error;
     };
-    const QString text = useFreshHome() + QStringLiteral("/text.so");
+    const QString text = useFreshHome() + u"/text.so"_s;
     writeFile(text, "no code at all");
     const QList<Row> rows = {
-        {QStringLiteral("GoodExporter"), QString(), QStringLiteral("there is no executable in ")},
-        {QStringLiteral("GoodExporter"), text, QStringLiteral("file too short")},
-        {QStringLiteral("NoSuchExporter"), builtModule(QStringLiteral("GoodPlugIn1")),
-         QStringLiteral("registers no class NoSuchExporter")},
+        {u"GoodExporter"_s, QString(), u"there is no executable in "_s},
+        {u"GoodExporter"_s, text, u"file too short"_s},
+        {u"NoSuchExporter"_s, builtModule(u"GoodPlugIn1"_s),
+         u"registers no class NoSuchExporter"_s},
     };
     for (const Row &row : rows) {
-        const QString bundle =
-            makeBundle(useFreshHome(), QStringLiteral("Bad"),
-                       information(goodIdentifier, row.principalClass), row.module);
+        const QString bundle = makeBundle(
+            useFreshHome(), u"Bad"_s, information(goodIdentifier, row.principalClass), row.module);
         RecordingManager manager;
         registerOnly(manager, bundle);
         KTLogCapture capture(kLog_invalid, 4);
@@ -343,9 +336,8 @@ TEST(KTPlugInLoading, APlugInThatCannotBeLoadedSaysWhy)
         EXPECT_TRUE(error.contains(row.error)) << error.toStdString();
         EXPECT_TRUE(error.contains(bundle)) << error.toStdString();
         // Nothing conforms to nothing.
-        const QStringList expected = {
-            u"Plug-in " + bundle + u": " + error,
-            QStringLiteral("Plug-in does not conform to org.cobble.tests.Exporter")};
+        const QStringList expected = {u"Plug-in " + bundle + u": " + error,
+                                      u"Plug-in does not conform to org.cobble.tests.Exporter"_s};
         EXPECT_EQ(capture.messages(), expected);
         EXPECT_TRUE(manager.takeEvents().isEmpty());
     }

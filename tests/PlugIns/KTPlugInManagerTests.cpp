@@ -11,11 +11,13 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace plugin_support;
 using namespace testing_support;
 
 namespace {
-const QString finished = QStringLiteral("finishedLoadingPlugins");
+const QString finished = u"finishedLoadingPlugins"_s;
 
 /// A manager with a search folder of its own, since the application's folders are everybody's.
 class SearchingManager : public RecordingManager
@@ -55,8 +57,7 @@ KTPlugInStatus statusOf(const KTPlugInManager &manager, const QString &path)
 /// A bundle of an identifier that has the information only.
 QString makeManifest(const QString &folder, const QString &name, const QString &identifier)
 {
-    return makeBundle(folder, name, information(identifier, QStringLiteral("GoodExporter")),
-                      QString());
+    return makeBundle(folder, name, information(identifier, u"GoodExporter"_s), QString());
 }
 } // namespace
 
@@ -100,19 +101,19 @@ TEST(KTPlugInManager, KeepsItsSettings)
     EXPECT_EQ(manager.coordinator(), nullptr);
     manager.setProtocol(NSProtocol::of<TestExporter>());
     EXPECT_EQ(manager.protocol(), NSProtocol::of<TestExporter>());
-    manager.setSearchFolder(QStringLiteral("Importers"));
-    EXPECT_EQ(manager.property("searchFolder"), QVariant(QStringLiteral("Importers")));
-    manager.setEnabledKey(QStringLiteral("enabled"));
-    EXPECT_EQ(manager.property("enabledKey"), QVariant(QStringLiteral("enabled")));
+    manager.setSearchFolder(u"Importers"_s);
+    EXPECT_EQ(manager.property("searchFolder"), QVariant(u"Importers"_s));
+    manager.setEnabledKey(u"enabled"_s);
+    EXPECT_EQ(manager.property("enabledKey"), QVariant(u"enabled"_s));
 }
 
 TEST(KTPlugInManager, SearchesThreeFolders)
 {
     const QString home = useFreshHome();
     KTPlugInManager manager;
-    manager.setSearchFolder(QStringLiteral("Exporters"));
+    manager.setSearchFolder(u"Exporters"_s);
     const QString contents =
-        QDir::cleanPath(QStringLiteral(KTUTILITY_FRAMEWORK_FOLDER) + QStringLiteral("/../.."));
+        QDir::cleanPath(QStringLiteral(KTUTILITY_FRAMEWORK_FOLDER) + u"/../.."_s);
     const QStringList expected = {
         home + u"/.local/share/Cobble/PlugIns/Exporters",
         contents + u"/PlugIns/Exporters",
@@ -127,14 +128,12 @@ TEST(KTPlugInManager, FindsBundlesInAllFoldersAndNowhereElse)
     manager.registerPlugins();
     EXPECT_TRUE(manager.takeEvents().isEmpty());
 
-    makeManifest(manager.supportFolder(), QStringLiteral("One"), QStringLiteral("org.one"));
-    makeManifest(manager.applicationFolder(), QStringLiteral("Two"), QStringLiteral("org.two"));
-    makeManifest(manager.neighbourFolder(), QStringLiteral("Three"), QStringLiteral("org.three"));
-    makeManifest(manager.supportFolder() + u"/deeper", QStringLiteral("Four"),
-                 QStringLiteral("org.four"));
-    makeManifest(manager.supportFolder() + u"/..", QStringLiteral("Five"),
-                 QStringLiteral("org.five"));
-    QDir(manager.supportFolder()).mkpath(QStringLiteral("Six.plugin"));
+    makeManifest(manager.supportFolder(), u"One"_s, u"org.one"_s);
+    makeManifest(manager.applicationFolder(), u"Two"_s, u"org.two"_s);
+    makeManifest(manager.neighbourFolder(), u"Three"_s, u"org.three"_s);
+    makeManifest(manager.supportFolder() + u"/deeper", u"Four"_s, u"org.four"_s);
+    makeManifest(manager.supportFolder() + u"/..", u"Five"_s, u"org.five"_s);
+    QDir(manager.supportFolder()).mkpath(u"Six.plugin"_s);
     writeFile(manager.supportFolder() + u"/Seven.bundle", "a file");
 
     manager.registerPlugins();
@@ -144,8 +143,7 @@ TEST(KTPlugInManager, FindsBundlesInAllFoldersAndNowhereElse)
             found += status.identifier;
     }
     found.sort();
-    const QStringList expected = {QStringLiteral("org.one"), QStringLiteral("org.three"),
-                                  QStringLiteral("org.two")};
+    const QStringList expected = {u"org.one"_s, u"org.three"_s, u"org.two"_s};
     EXPECT_EQ(found, expected);
     // After each bundle that was registered.
     EXPECT_EQ(manager.takeEvents(), QStringList(3, finished));
@@ -154,8 +152,8 @@ TEST(KTPlugInManager, FindsBundlesInAllFoldersAndNowhereElse)
 TEST(KTPlugInManager, TheApplicationsOwnPlugInsWin)
 {
     SearchingManager manager;
-    const QString user = makeGoodBundle(manager.supportFolder(), QStringLiteral("Good"), 1);
-    const QString own = makeGoodBundle(manager.applicationFolder(), QStringLiteral("Good"), 2);
+    const QString user = makeGoodBundle(manager.supportFolder(), u"Good"_s, 1);
+    const QString own = makeGoodBundle(manager.applicationFolder(), u"Good"_s, 2);
     manager.registerPlugins();
     EXPECT_EQ(manager.takeEvents(), QStringList(2, finished));
     EXPECT_EQ(
@@ -170,23 +168,23 @@ TEST(KTPlugInManager, TheApplicationsOwnPlugInsWin)
 TEST(KTPlugInManager, AReplacedPlugInStaysLoaded)
 {
     SearchingManager manager;
-    const QString user = makeGoodBundle(manager.supportFolder(), QStringLiteral("Good"), 1);
+    const QString user = makeGoodBundle(manager.supportFolder(), u"Good"_s, 1);
     manager.registerPlugins();
     manager.loadPluginWithIdentifier(goodIdentifier);
     EXPECT_EQ(manager.version(), u"1");
     manager.takeEvents();
 
-    const NSBundle own(makeGoodBundle(manager.applicationFolder(), QStringLiteral("Good"), 2));
+    const NSBundle own(makeGoodBundle(manager.applicationFolder(), u"Good"_s, 2));
     manager.registerBundle(own);
     EXPECT_EQ(manager.version(), u"2");
     const QStringList expected = {
-        QStringLiteral("1 pluginWillUnload"),
-        QStringLiteral("willUnloadPlugin, keep"),
-        QStringLiteral("1 pluginDidUnload"),
-        QStringLiteral("1 gone"),
-        QStringLiteral("2 pluginDidLoadBundle org.example.good"),
-        QStringLiteral("2 made"),
-        QStringLiteral("didLoadPlugin org.example.good"),
+        u"1 pluginWillUnload"_s,
+        u"willUnloadPlugin, keep"_s,
+        u"1 pluginDidUnload"_s,
+        u"1 gone"_s,
+        u"2 pluginDidLoadBundle org.example.good"_s,
+        u"2 made"_s,
+        u"didLoadPlugin org.example.good"_s,
         finished,
     };
     EXPECT_EQ(manager.takeEvents(), expected);
@@ -199,8 +197,7 @@ TEST(KTPlugInManager, AReplacementThatCannotBeLoadedLeavesNone)
     SearchingManager manager;
     manager.registerBundle(NSBundle(makeGoodBundle(manager.supportFolder())));
     manager.loadPluginWithIdentifier(goodIdentifier);
-    const QString broken =
-        makeManifest(manager.applicationFolder(), QStringLiteral("Good"), goodIdentifier);
+    const QString broken = makeManifest(manager.applicationFolder(), u"Good"_s, goodIdentifier);
     manager.registerBundle(NSBundle(broken));
     EXPECT_FALSE(manager.isPluginLoaded(goodIdentifier));
     EXPECT_EQ(statusOf(manager, broken).state, KTPlugInState::Failed);
@@ -214,21 +211,21 @@ TEST(KTPlugInManager, ManifestsAreReadWithoutOpeningCode)
     manager.registerBundle(bundle);
     manager.registerPlugins();
     EXPECT_FALSE(bundle.isLoaded());
-    EXPECT_FALSE(contentsOf(QStringLiteral("/proc/self/maps")).contains(path.toUtf8()));
+    EXPECT_FALSE(contentsOf(u"/proc/self/maps"_s).contains(path.toUtf8()));
 }
 
 TEST(KTPlugInManager, BundlesWithoutIdentifierOrPrincipalClassAreSkipped)
 {
     SearchingManager manager;
     const QString folder = manager.supportFolder();
-    const QVariantMap whole = information(goodIdentifier, QStringLiteral("GoodExporter"));
+    const QVariantMap whole = information(goodIdentifier, u"GoodExporter"_s);
     QVariantMap unnamed = whole;
-    unnamed.remove(QStringLiteral("CFBundleIdentifier"));
+    unnamed.remove(u"CFBundleIdentifier"_s);
     QVariantMap headless = whole;
-    headless.remove(QStringLiteral("NSPrincipalClass"));
-    const QString module = builtModule(QStringLiteral("GoodPlugIn1"));
-    makeBundle(folder, QStringLiteral("Headless"), headless, module);
-    makeBundle(folder, QStringLiteral("Unnamed"), unnamed, module);
+    headless.remove(u"NSPrincipalClass"_s);
+    const QString module = builtModule(u"GoodPlugIn1"_s);
+    makeBundle(folder, u"Headless"_s, headless, module);
+    makeBundle(folder, u"Unnamed"_s, unnamed, module);
     QDir().mkpath(folder + u"/Empty.bundle");
     writeFile(folder + u"/Broken.bundle/Contents/Info.plist", "<plist><dict>");
     writeFile(folder + u"/Huge.bundle/Contents/Info.plist", QByteArray(17 << 20, ' '));
@@ -241,19 +238,17 @@ TEST(KTPlugInManager, BundlesWithoutIdentifierOrPrincipalClassAreSkipped)
     EXPECT_TRUE(ordinary.messages().isEmpty());
     EXPECT_TRUE(manager.takeEvents().isEmpty());
 
-    const QString damaged = QStringLiteral("Contents/Info.plist is missing, empty or damaged");
-    const QMap<QString, QString> expected = {
-        {QStringLiteral("Broken"), damaged},
-        {QStringLiteral("Empty"), damaged},
-        {QStringLiteral("Folder"), damaged},
-        {QStringLiteral("Huge"), damaged},
-        {QStringLiteral("lower"), damaged},
-        {QStringLiteral("Headless"), QStringLiteral("NSPrincipalClass is missing")},
-        {QStringLiteral("Unnamed"), QStringLiteral("CFBundleIdentifier is missing")}};
+    const QString damaged = u"Contents/Info.plist is missing, empty or damaged"_s;
+    const QMap<QString, QString> expected = {{u"Broken"_s, damaged},
+                                             {u"Empty"_s, damaged},
+                                             {u"Folder"_s, damaged},
+                                             {u"Huge"_s, damaged},
+                                             {u"lower"_s, damaged},
+                                             {u"Headless"_s, u"NSPrincipalClass is missing"_s},
+                                             {u"Unnamed"_s, u"CFBundleIdentifier is missing"_s}};
     ASSERT_EQ(manager.pluginStatus().size(), expected.size());
     for (auto row = expected.begin(); row != expected.end(); ++row) {
-        const KTPlugInStatus status =
-            statusOf(manager, folder + u'/' + row.key() + QStringLiteral(".bundle"));
+        const KTPlugInStatus status = statusOf(manager, folder + u'/' + row.key() + u".bundle"_s);
         EXPECT_EQ(status.state, KTPlugInState::Skipped);
         EXPECT_EQ(status.lastError, row.value());
     }
@@ -293,9 +288,8 @@ TEST(KTPlugInManager, UnregisteringUnloadsAndForgets)
     manager.loadPluginWithIdentifier(goodIdentifier);
     manager.takeEvents();
     manager.unregisterBundleWithIdentifier(goodIdentifier);
-    const QStringList expected = {QStringLiteral("1 pluginWillUnload"),
-                                  QStringLiteral("willUnloadPlugin, keep"),
-                                  QStringLiteral("1 pluginDidUnload"), QStringLiteral("1 gone")};
+    const QStringList expected = {u"1 pluginWillUnload"_s, u"willUnloadPlugin, keep"_s,
+                                  u"1 pluginDidUnload"_s, u"1 gone"_s};
     EXPECT_EQ(manager.takeEvents(), expected);
     EXPECT_FALSE(bundle.isLoaded());
     EXPECT_TRUE(manager.pluginStatus().isEmpty());
@@ -308,26 +302,22 @@ TEST(KTPlugInManager, EnabledPlugInsAreLoadedInTheOrderOfTheirIdentifiers)
 {
     SearchingManager manager;
     // Capitals come before small letters; the order of the files is another one.
-    const QList<std::pair<QString, QString>> bundles = {{QStringLiteral("1"), QStringLiteral("b")},
-                                                        {QStringLiteral("2"), QStringLiteral("B")},
-                                                        {QStringLiteral("3"), QStringLiteral("a")},
-                                                        {QStringLiteral("4"), QStringLiteral("é")},
-                                                        {QStringLiteral("5"), QStringLiteral("c")}};
+    const QList<std::pair<QString, QString>> bundles = {
+        {u"1"_s, u"b"_s}, {u"2"_s, u"B"_s}, {u"3"_s, u"a"_s}, {u"4"_s, u"é"_s}, {u"5"_s, u"c"_s}};
     for (const auto &[name, identifier] : bundles) {
-        makeBundle(manager.supportFolder(), name,
-                   information(identifier, QStringLiteral("GoodExporter")),
-                   builtModule(QStringLiteral("GoodPlugIn1")));
+        makeBundle(manager.supportFolder(), name, information(identifier, u"GoodExporter"_s),
+                   builtModule(u"GoodPlugIn1"_s));
         if (identifier != u"c")
             manager.setEnabledForPlugin(true, identifier);
     }
-    manager.setEnabledForPlugin(true, QStringLiteral("not there"));
+    manager.setEnabledForPlugin(true, u"not there"_s);
     manager.registerPlugins();
     manager.takeEvents();
     manager.loadAllPlugins();
     QStringList expected;
     for (const char16_t *identifier : {u"B", u"a", u"b", u"é"}) {
         expected += u"1 pluginDidLoadBundle " + QString::fromUtf16(identifier);
-        expected += QStringLiteral("1 made");
+        expected += u"1 made"_s;
         expected += u"didLoadPlugin " + QString::fromUtf16(identifier);
     }
     EXPECT_EQ(manager.takeEvents(), expected << finished);
@@ -344,10 +334,9 @@ TEST(KTPlugInManager, EnablingLoadsAndKeeps)
     manager.registerPlugins();
     manager.takeEvents();
     manager.enablePluginWithIdentifier(goodIdentifier);
-    const QStringList expected = {QStringLiteral("willEnable org.example.good"),
-                                  QStringLiteral("1 pluginDidLoadBundle org.example.good"),
-                                  QStringLiteral("1 made"),
-                                  QStringLiteral("didLoadPlugin org.example.good"), finished};
+    const QStringList expected = {u"willEnable org.example.good"_s,
+                                  u"1 pluginDidLoadBundle org.example.good"_s, u"1 made"_s,
+                                  u"didLoadPlugin org.example.good"_s, finished};
     EXPECT_EQ(manager.takeEvents(), expected);
     EXPECT_TRUE(manager.isPluginEnabled(goodIdentifier));
 
@@ -381,15 +370,15 @@ TEST(KTPlugInManager, EnablingSurvivesARestart)
 TEST(KTPlugInManager, EnablingWhatCannotBeMadeLeavesItDisabled)
 {
     SearchingManager manager;
-    makeOddBundle(manager.supportFolder(), QStringLiteral("ThrowingExporter"));
+    makeOddBundle(manager.supportFolder(), u"ThrowingExporter"_s);
     manager.registerPlugins();
     manager.takeEvents();
     manager.enablePluginWithIdentifier(oddIdentifier);
-    const QStringList expected = {QStringLiteral("willEnable org.example.odd"), finished};
+    const QStringList expected = {u"willEnable org.example.odd"_s, finished};
     EXPECT_EQ(manager.takeEvents(), expected);
     EXPECT_FALSE(manager.isPluginEnabled(oddIdentifier));
-    manager.enablePluginWithIdentifier(QStringLiteral("unknown"));
-    EXPECT_FALSE(manager.isPluginEnabled(QStringLiteral("unknown")));
+    manager.enablePluginWithIdentifier(u"unknown"_s);
+    EXPECT_FALSE(manager.isPluginEnabled(u"unknown"_s));
 }
 
 TEST(KTPlugInManager, DisablingUnloadsWithTheData)
@@ -400,10 +389,9 @@ TEST(KTPlugInManager, DisablingUnloadsWithTheData)
     manager.enablePluginWithIdentifier(goodIdentifier);
     manager.takeEvents();
     manager.disablePluginWithIdentifier(goodIdentifier);
-    const QStringList expected = {QStringLiteral("willDisable org.example.good"),
-                                  QStringLiteral("1 pluginWillUnload"),
-                                  QStringLiteral("willUnloadPlugin, delete"),
-                                  QStringLiteral("1 pluginDidUnload"), QStringLiteral("1 gone")};
+    const QStringList expected = {u"willDisable org.example.good"_s, u"1 pluginWillUnload"_s,
+                                  u"willUnloadPlugin, delete"_s, u"1 pluginDidUnload"_s,
+                                  u"1 gone"_s};
     EXPECT_EQ(manager.takeEvents(), expected);
     EXPECT_FALSE(manager.isPluginEnabled(goodIdentifier));
     manager.disablePluginWithIdentifier(goodIdentifier);
@@ -413,7 +401,7 @@ TEST(KTPlugInManager, DisablingUnloadsWithTheData)
 TEST(KTPlugInManager, DisablingWantsBothEnabledAndLoaded)
 {
     SearchingManager manager;
-    makeOddBundle(manager.supportFolder(), QStringLiteral("ThrowingExporter"));
+    makeOddBundle(manager.supportFolder(), u"ThrowingExporter"_s);
     makeGoodBundle(manager.supportFolder());
     manager.setEnabledForPlugin(true, oddIdentifier);
     manager.registerPlugins();
@@ -452,7 +440,7 @@ TEST(KTPlugInManager, AFolderThatIsAFileHoldsNone)
 TEST(KTPlugInManager, TheBaseHooksDoNothing)
 {
     KTPlugInManager manager;
-    manager.setEnabledKey(QStringLiteral("enabled"));
+    manager.setEnabledKey(u"enabled"_s);
     const QString path = makeGoodBundle(useFreshHome());
     manager.registerBundle(NSBundle(path));
     manager.enablePluginWithIdentifier(goodIdentifier);
@@ -466,13 +454,12 @@ TEST(KTPlugInManager, AFolderThatHoldsAnotherPlugInNowKeepsItsStatus)
 {
     const QString folder = useFreshHome();
     RecordingManager manager;
-    const QString path =
-        makeManifest(folder, QStringLiteral("Renamed"), QStringLiteral("org.before"));
+    const QString path = makeManifest(folder, u"Renamed"_s, u"org.before"_s);
     manager.registerBundle(NSBundle(path));
-    makeManifest(folder, QStringLiteral("Renamed"), QStringLiteral("org.after"));
+    makeManifest(folder, u"Renamed"_s, u"org.after"_s);
     manager.registerBundle(NSBundle(path));
-    manager.unregisterBundleWithIdentifier(QStringLiteral("org.before"));
-    EXPECT_EQ(statusOf(manager, path).identifier, QStringLiteral("org.after"));
+    manager.unregisterBundleWithIdentifier(u"org.before"_s);
+    EXPECT_EQ(statusOf(manager, path).identifier, u"org.after"_s);
 }
 
 // The example of the header, with a host that is a plain object.
@@ -480,13 +467,13 @@ TEST(KTPlugInManager, IsUsedLikeThis)
 {
     SearchingManager folders;
     makeGoodBundle(folders.supportFolder());
-    makeOddBundle(folders.applicationFolder(), QStringLiteral("ThrowingExporter"));
+    makeOddBundle(folders.applicationFolder(), u"ThrowingExporter"_s);
 
     QObject application;
     KTPlugInManager exporters(&application);
     exporters.setProtocol(NSProtocol::of<TestExporter>());
     exporters.setSearchFolder(folders.searchFolder());
-    exporters.setEnabledKey(QStringLiteral("enabledExporters"));
+    exporters.setEnabledKey(u"enabledExporters"_s);
     exporters.registerPlugins();
     exporters.loadAllPlugins();
 
@@ -499,8 +486,7 @@ TEST(KTPlugInManager, IsUsedLikeThis)
     for (const KTPlugInStatus &status : exporters.pluginStatus())
         errors += status.lastError;
     errors.sort();
-    EXPECT_EQ(errors,
-              (QStringList{QString(), QStringLiteral("ThrowingExporter threw no licence")}));
+    EXPECT_EQ(errors, (QStringList{QString(), u"ThrowingExporter threw no licence"_s}));
 }
 
 namespace {

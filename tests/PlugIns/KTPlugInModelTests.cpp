@@ -9,13 +9,15 @@
 #include <map>
 #include <set>
 
+using namespace Qt::StringLiterals;
+
 using namespace plugin_support;
 using namespace testing_support;
 
 namespace {
-const QString otherIdentifier = QStringLiteral("org.example.other");
-const QString unknownIdentifier = QStringLiteral("org.example.unknown");
-const QString finished = QStringLiteral("finishedLoadingPlugins");
+const QString otherIdentifier = u"org.example.other"_s;
+const QString unknownIdentifier = u"org.example.unknown"_s;
+const QString finished = u"finishedLoadingPlugins"_s;
 
 const QStringList &identifiers()
 {
@@ -32,11 +34,10 @@ struct Bundles
         : home(useFreshHome())
         , folder(home + u"/.local/share/Cobble/PlugIns/TestExporters")
         , good(makeGoodBundle(folder))
-        , odd(makeOddBundle(folder, QStringLiteral("DemandingExporter")))
-        , other(makeBundle(folder, QStringLiteral("Other"),
-                           information(otherIdentifier, QStringLiteral("GoodExporter")),
-                           builtModule(QStringLiteral("GoodPlugIn1"))))
-        , replacement(makeGoodBundle(home, QStringLiteral("Good"), 2))
+        , odd(makeOddBundle(folder, u"DemandingExporter"_s))
+        , other(makeBundle(folder, u"Other"_s, information(otherIdentifier, u"GoodExporter"_s),
+                           builtModule(u"GoodPlugIn1"_s)))
+        , replacement(makeGoodBundle(home, u"Good"_s, 2))
     {
     }
 
@@ -76,7 +77,7 @@ public:
     {
         const bool canLoad = registered.count(identifier) > 0 && identifier != oddIdentifier;
         if (canLoad && loaded.insert(identifier).second)
-            events += QStringLiteral("didLoadPlugin ") + identifier;
+            events += u"didLoadPlugin "_s + identifier;
     }
     void loadAll()
     {
@@ -89,20 +90,19 @@ public:
     void reload()
     {
         for (const QString &identifier : loaded)
-            events += QStringLiteral("didLoadPlugin ") + identifier;
+            events += u"didLoadPlugin "_s + identifier;
         events += finished;
     }
     void unload(const QString &identifier, bool deletes)
     {
         if (loaded.erase(identifier) > 0)
-            events += deletes ? QStringLiteral("willUnloadPlugin, delete")
-                              : QStringLiteral("willUnloadPlugin, keep");
+            events += deletes ? u"willUnloadPlugin, delete"_s : u"willUnloadPlugin, keep"_s;
     }
     void enable(const QString &identifier)
     {
         if (enabled.contains(identifier) || loaded.count(identifier) > 0)
             return;
-        events += QStringLiteral("willEnable ") + identifier;
+        events += u"willEnable "_s + identifier;
         load(identifier);
         if (loaded.count(identifier) > 0)
             enabled += identifier;
@@ -112,7 +112,7 @@ public:
     {
         if (!enabled.contains(identifier) || loaded.count(identifier) == 0)
             return;
-        events += QStringLiteral("willDisable ") + identifier;
+        events += u"willDisable "_s + identifier;
         unload(identifier, true);
         enabled.removeAll(identifier);
     }

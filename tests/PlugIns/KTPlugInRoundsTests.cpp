@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 using namespace plugin_support;
 using namespace testing_support;
 
@@ -23,7 +25,7 @@ QString fileType(const KTPlugInManager &manager)
 
 qsizetype openFiles()
 {
-    return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::AllEntries | QDir::System).size();
+    return QDir(u"/proc/self/fd"_s).entryList(QDir::AllEntries | QDir::System).size();
 }
 } // namespace
 
@@ -55,8 +57,7 @@ TEST(KTPlugInRounds, ReplacingALoadedPlugInAHundredTimes)
     for (int round = 1; round <= Rounds; ++round) {
         const QString version = QString::number(round % 2 + 1);
         const QPointer<QObject> before = manager.pluginWithIdentifier(goodIdentifier);
-        manager.registerBundle(
-            NSBundle(makeGoodBundle(home, QStringLiteral("Good"), round % 2 + 1)));
+        manager.registerBundle(NSBundle(makeGoodBundle(home, u"Good"_s, round % 2 + 1)));
         EXPECT_TRUE(before.isNull());
         // A new module: it counts from one.
         ASSERT_EQ(fileType(manager), version + u"/1");
@@ -70,7 +71,7 @@ TEST(KTPlugInRounds, RegisteringAllAgainAHundredTimes)
     const QString home = useFreshHome();
     const QString folder = home + u"/.local/share/Cobble/PlugIns/TestExporters";
     makeGoodBundle(folder);
-    makeOddBundle(folder, QStringLiteral("ThrowingExporter"));
+    makeOddBundle(folder, u"ThrowingExporter"_s);
     RecordingManager manager;
     manager.setEnabledForPlugin(true, goodIdentifier);
     manager.setEnabledForPlugin(true, oddIdentifier);

@@ -9,9 +9,11 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace plugin_support {
-const QString goodIdentifier = QStringLiteral("org.example.good");
-const QString oddIdentifier = QStringLiteral("org.example.odd");
+const QString goodIdentifier = u"org.example.good"_s;
+const QString oddIdentifier = u"org.example.odd"_s;
 
 QString builtFolder()
 {
@@ -25,9 +27,9 @@ QString builtModule(const QString &name)
 
 QVariantMap information(const QString &identifier, const QString &principalClass)
 {
-    return {{QStringLiteral("CFBundleExecutable"), QStringLiteral("Code")},
-            {QStringLiteral("CFBundleIdentifier"), identifier},
-            {QStringLiteral("NSPrincipalClass"), principalClass}};
+    return {{u"CFBundleExecutable"_s, u"Code"_s},
+            {u"CFBundleIdentifier"_s, identifier},
+            {u"NSPrincipalClass"_s, principalClass}};
 }
 
 QString makeBundle(const QString &folder, const QString &name, const QVariantMap &information,
@@ -48,23 +50,22 @@ QString makeBundle(const QString &folder, const QString &name, const QVariantMap
 
 QString makeGoodBundle(const QString &folder, const QString &name, int version)
 {
-    return makeBundle(folder, name, information(goodIdentifier, QStringLiteral("GoodExporter")),
-                      builtModule(QStringLiteral("GoodPlugIn") + QString::number(version)));
+    return makeBundle(folder, name, information(goodIdentifier, u"GoodExporter"_s),
+                      builtModule(u"GoodPlugIn"_s + QString::number(version)));
 }
 
 QString makeOddBundle(const QString &folder, const QString &principalClass)
 {
     return makeBundle(folder, principalClass.section(u':', 0, 0),
-                      information(oddIdentifier, principalClass),
-                      builtModule(QStringLiteral("OddPlugIns")));
+                      information(oddIdentifier, principalClass), builtModule(u"OddPlugIns"_s));
 }
 
 RecordingManager::RecordingManager()
 {
     setCoordinator(&_host);
     setProtocol(NSProtocol::of<TestExporter>());
-    setSearchFolder(QStringLiteral("TestExporters"));
-    setEnabledKey(QStringLiteral("enabledExporters"));
+    setSearchFolder(u"TestExporters"_s);
+    setEnabledKey(u"enabledExporters"_s);
 }
 
 QStringList RecordingManager::events() const
@@ -81,30 +82,30 @@ QStringList RecordingManager::takeEvents()
 
 void RecordingManager::finishedLoadingPlugins()
 {
-    addEvent(&_host, QStringLiteral("finishedLoadingPlugins"));
+    addEvent(&_host, u"finishedLoadingPlugins"_s);
 }
 
 void RecordingManager::didLoadPlugin(QObject *plugin, const NSBundle &fromBundle)
 {
     lastPlugin = plugin;
     lastBundlePath = fromBundle.bundlePath();
-    addEvent(&_host, QStringLiteral("didLoadPlugin ") + fromBundle.bundleIdentifier());
+    addEvent(&_host, u"didLoadPlugin "_s + fromBundle.bundleIdentifier());
 }
 
 void RecordingManager::willUnloadPlugin(QObject *plugin, bool deleteFromDatabase)
 {
     lastPlugin = plugin;
-    addEvent(&_host, deleteFromDatabase ? QStringLiteral("willUnloadPlugin, delete")
-                                        : QStringLiteral("willUnloadPlugin, keep"));
+    addEvent(&_host,
+             deleteFromDatabase ? u"willUnloadPlugin, delete"_s : u"willUnloadPlugin, keep"_s);
 }
 
 void RecordingManager::willEnablePluginWithIdentifier(const QString &identifier)
 {
-    addEvent(&_host, QStringLiteral("willEnable ") + identifier);
+    addEvent(&_host, u"willEnable "_s + identifier);
 }
 
 void RecordingManager::willDisablePluginWithIdentifier(const QString &identifier)
 {
-    addEvent(&_host, QStringLiteral("willDisable ") + identifier);
+    addEvent(&_host, u"willDisable "_s + identifier);
 }
 } // namespace plugin_support

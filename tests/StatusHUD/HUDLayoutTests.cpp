@@ -11,6 +11,8 @@
 #include <QPainter>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -43,7 +45,7 @@ protected:
 
 TEST_F(HUDLayout, NormalTextsAre24HighIn104)
 {
-    const QString text = QStringLiteral("247 records");
+    const QString text = u"247 records"_s;
     EXPECT_EQ(sizeFor(text), QSize(widthOf(text, 24) + 32, 104));
     EXPECT_EQ(fontSize(), 24);
     EXPECT_EQ(hud.text()->geometry(),
@@ -54,11 +56,11 @@ TEST_F(HUDLayout, NormalTextsAre24HighIn104)
 
 TEST_F(HUDLayout, WideTextsTakeTheScreenAndAreCutInTheMiddle)
 {
-    const QString text = QStringLiteral("first ") + QString(300, u'm') + QStringLiteral(" last");
+    const QString text = u"first "_s + QString(300, u'm') + u" last"_s;
     EXPECT_EQ(sizeFor(text), QSize(1280, 104));
     const QString shown = hud.text()->shownText();
-    EXPECT_TRUE(shown.startsWith(QStringLiteral("first")));
-    EXPECT_TRUE(shown.endsWith(QStringLiteral("last")));
+    EXPECT_TRUE(shown.startsWith(u"first"_s));
+    EXPECT_TRUE(shown.endsWith(u"last"_s));
     EXPECT_TRUE(shown.contains(u'…'));
     EXPECT_EQ(hud.text()->stringValue(), text);
 }
@@ -66,7 +68,7 @@ TEST_F(HUDLayout, WideTextsTakeTheScreenAndAreCutInTheMiddle)
 TEST_F(HUDLayout, RightToLeft)
 {
     QGuiApplication::setLayoutDirection(Qt::RightToLeft);
-    const QString text = QStringLiteral("\u05E9\u05DC\u05D5\u05DD 247");
+    const QString text = u"\u05E9\u05DC\u05D5\u05DD 247"_s;
     EXPECT_EQ(sizeFor(text), QSize(widthOf(text, 24) + 32, 104));
     EXPECT_EQ(hud.text()->geometry().x(), 0);
     EXPECT_EQ(hud.text()->width(), hud.window()->width());
@@ -82,13 +84,13 @@ TEST_F(HUDLayout, AnotherWidthShortensAnew)
     EXPECT_EQ(hud.text()->shownText(), wide);
     hud.text()->resize(200, 30);
     EXPECT_LT(hud.text()->shownText().size(), wide.size());
-    hud.text()->setStringValue(QStringLiteral("short"));
-    EXPECT_EQ(hud.text()->shownText(), QStringLiteral("short"));
+    hud.text()->setStringValue(u"short"_s);
+    EXPECT_EQ(hud.text()->shownText(), u"short"_s);
 }
 
 TEST_F(HUDLayout, TheScreenLeaves32Points)
 {
-    const QString text = QStringLiteral("just so wide");
+    const QString text = u"just so wide"_s;
     hud.screen.setWidth(widthOf(text, 24) + 32);
     EXPECT_EQ(sizeFor(text).width(), hud.screen.width());
     hud.screen.setWidth(widthOf(text, 24) + 33);
@@ -100,7 +102,7 @@ TEST_F(HUDLayout, TheScreenLeaves32Points)
 
 TEST_F(HUDLayout, ShortLargeTextsAre166High)
 {
-    const QString text = QStringLiteral("12");
+    const QString text = u"12"_s;
     EXPECT_EQ(sizeFor(text, true), QSize(widthOf(text, 166) + 32, heightOf(166) + 16));
     EXPECT_EQ(fontSize(), 166);
     EXPECT_EQ(hud.text()->y(), 8);
@@ -108,7 +110,7 @@ TEST_F(HUDLayout, ShortLargeTextsAre166High)
 
 TEST_F(HUDLayout, LongLargeTextsShrinkToTheScreen)
 {
-    const QString text = QStringLiteral("1,234,567 records in all");
+    const QString text = u"1,234,567 records in all"_s;
     const QSize size = sizeFor(text, true);
     const int expected = int(166.0 * (1280 - 96) / widthOf(text, 166));
     EXPECT_LT(expected, 166);
@@ -125,28 +127,28 @@ TEST_F(HUDLayout, LargeTextIsForOneDisplay)
 {
     hud.setLargeText(true);
     EXPECT_TRUE(hud.largeText());
-    show(QStringLiteral("12"));
+    show(u"12"_s);
     EXPECT_FALSE(hud.largeText());
     clock.advance(2);
-    show(QStringLiteral("12"));
+    show(u"12"_s);
     EXPECT_EQ(fontSize(), 24);
     EXPECT_EQ(hud.window()->height(), 104);
 }
 
 TEST_F(HUDLayout, RequestsThatAreIgnoredKeepTheFlag)
 {
-    show(QStringLiteral("12"));
+    show(u"12"_s);
     hud.setLargeText(true);
-    show(QStringLiteral("34"));
+    show(u"34"_s);
     EXPECT_TRUE(hud.largeText());
     clock.advance(2);
-    show(QStringLiteral("34"));
+    show(u"34"_s);
     EXPECT_EQ(fontSize(), 166);
 }
 
 TEST_F(HUDLayout, IsCentredOverTheRectangle)
 {
-    show(QStringLiteral("247 records"));
+    show(u"247 records"_s);
     const QRectF frame = NSWindow::frame(hud.window());
     EXPECT_NEAR(frame.center().x(), parent.center().x(), 1);
     EXPECT_NEAR(frame.center().y(), parent.center().y(), 1);
@@ -160,7 +162,7 @@ TEST_F(HUDLayout, IsCentredOverAWindow)
     QWidget window;
     window.setGeometry(120, 60, 400, 300);
     parent = NSWindow::frame(&window);
-    show(QStringLiteral("247 records"));
+    show(u"247 records"_s);
     EXPECT_NEAR(hud.window()->geometry().center().x(), window.geometry().center().x(), 1);
     EXPECT_NEAR(hud.window()->geometry().center().y(), window.geometry().center().y(), 1);
 }
@@ -168,7 +170,7 @@ TEST_F(HUDLayout, IsCentredOverAWindow)
 TEST_F(HUDLayout, RectanglesWithoutSizeOrEnd)
 {
     parent = QRectF(400, 300, 0, 0);
-    show(QStringLiteral("here"));
+    show(u"here"_s);
     EXPECT_NEAR(NSWindow::frame(hud.window()).center().x(), 400, 1);
     for (const QRectF &rect : {QRectF(NotANumber, 0, 5, 5), QRectF(0, 0, Infinite, 5)}) {
         hud.setParentRect(rect);
@@ -182,32 +184,31 @@ TEST_F(HUDLayout, RectanglesWithoutSizeOrEnd)
 TEST_F(HUDLayout, ASmallScreen)
 {
     hud.screen = {320, 200};
-    EXPECT_EQ(sizeFor(QStringLiteral("A text that is wider than so small a screen")),
-              QSize(320, 104));
-    const QSize large = sizeFor(QStringLiteral("247 records"), true);
+    EXPECT_EQ(sizeFor(u"A text that is wider than so small a screen"_s), QSize(320, 104));
+    const QSize large = sizeFor(u"247 records"_s, true);
     EXPECT_LE(large.width(), 320);
     EXPECT_LE(large.height(), 200);
-    EXPECT_EQ(fontSize(), int(166.0 * (320 - 96) / widthOf(QStringLiteral("247 records"), 166)));
+    EXPECT_EQ(fontSize(), int(166.0 * (320 - 96) / widthOf(u"247 records"_s, 166)));
 }
 
 TEST_F(HUDLayout, ScreensNarrowerThanTheMargins)
 {
     hud.screen = {50, 40};
-    EXPECT_EQ(sizeFor(QStringLiteral("247 records"), true).width(), 50);
+    EXPECT_EQ(sizeFor(u"247 records"_s, true).width(), 50);
     EXPECT_EQ(fontSize(), NSFont::systemFontSize);
-    EXPECT_EQ(sizeFor(QStringLiteral("247 records")).width(), 50);
+    EXPECT_EQ(sizeFor(u"247 records"_s).width(), 50);
 }
 
 TEST_F(HUDLayout, EmptyTexts)
 {
-    EXPECT_EQ(sizeFor(QStringLiteral("")), QSize(32, 104));
-    EXPECT_EQ(sizeFor(QStringLiteral(""), true), QSize(32, heightOf(166) + 16));
+    EXPECT_EQ(sizeFor(u""_s), QSize(32, 104));
+    EXPECT_EQ(sizeFor(u""_s, true), QSize(32, heightOf(166) + 16));
     EXPECT_EQ(fontSize(), 166);
 }
 
 TEST_F(HUDLayout, HugeTexts)
 {
-    const QString text = megabyteOf(QStringLiteral("records "));
+    const QString text = megabyteOf(u"records "_s);
     EXPECT_EQ(sizeFor(text), QSize(1280, 104));
     EXPECT_LT(hud.text()->shownText().size(), 300);
     EXPECT_EQ(sizeFor(text, true).width(), 1280);
@@ -216,8 +217,8 @@ TEST_F(HUDLayout, HugeTexts)
 
 TEST_F(HUDLayout, TextsOfSeveralLinesAreOne)
 {
-    const QString lines = QStringLiteral("one\ntwo\tthree\u2028four");
-    const QString line = QStringLiteral("one two three four");
+    const QString lines = u"one\ntwo\tthree\u2028four"_s;
+    const QString line = u"one two three four"_s;
     EXPECT_EQ(sizeFor(lines), QSize(widthOf(line, 24) + 32, 104));
     EXPECT_EQ(hud.text()->shownText(), line);
     EXPECT_EQ(hud.text()->stringValue(), lines);
@@ -238,7 +239,7 @@ TEST_F(HUDLayout, HostileTextsAreShown)
 
 TEST_F(HUDLayout, TextsAreNoHTMLAndMarkNoLetters)
 {
-    const QString text = QStringLiteral("<b>R&D</b> & more");
+    const QString text = u"<b>R&D</b> & more"_s;
     EXPECT_EQ(sizeFor(text).width(), widthOf(text, 24) + 32);
     EXPECT_EQ(hud.text()->shownText(), text);
 }
@@ -247,7 +248,7 @@ TEST_F(HUDLayout, TextsAreNoHTMLAndMarkNoLetters)
 
 TEST_F(HUDLayout, ThePanelIsDarkTranslucentAndRound)
 {
-    show(QStringLiteral("247 records"));
+    show(u"247 records"_s);
     clock.advance(0.3);
     const QImage image = hud.window()->grab().toImage();
     EXPECT_COLOR(image.pixelColor(10, 10), QColor(0, 0, 0, 153), 1);
@@ -265,7 +266,7 @@ TEST_F(HUDLayout, ThePanelIsDarkTranslucentAndRound)
 
 TEST_F(HUDLayout, ThePanelFadesAsAWhole)
 {
-    show(QStringLiteral("247 records"));
+    show(u"247 records"_s);
     clock.advance(0.3);
     hud.dismissStatusWindow();
     clock.advance(0.2);
@@ -283,7 +284,7 @@ TEST_F(HUDLayout, TheWindowHasNoFrameAndTakesNoFocus)
     EXPECT_FALSE(window.windowFlags().testFlag(Qt::WindowTitleHint));
     EXPECT_TRUE(window.testAttribute(Qt::WA_TranslucentBackground));
     EXPECT_EQ(NSWindow::frame(&window), QRectF(10, 20, 300, 100));
-    show(QStringLiteral("247 records"));
+    show(u"247 records"_s);
     EXPECT_TRUE(hud.window()->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
 }
 
@@ -372,16 +373,16 @@ TEST_F(HUDLayout, ThePanelTellsItsDelegateOfClicks)
 
 TEST_F(HUDLayout, ScreenReadersAreToldTheText)
 {
-    show(QStringLiteral("247 records"));
-    show(QStringLiteral("ignored"));
-    EXPECT_EQ(hud.announced, QStringList{QStringLiteral("247 records")});
+    show(u"247 records"_s);
+    show(u"ignored"_s);
+    EXPECT_EQ(hud.announced, QStringList{u"247 records"_s});
     const QAccessibleInterface *const window = QAccessible::queryAccessibleInterface(hud.window());
     ASSERT_NE(window, nullptr);
     EXPECT_EQ(window->role(), QAccessible::Notification);
-    EXPECT_EQ(window->text(QAccessible::Name), QStringLiteral("247 records"));
+    EXPECT_EQ(window->text(QAccessible::Name), u"247 records"_s);
     const QAccessibleInterface *const text = QAccessible::queryAccessibleInterface(hud.text());
     ASSERT_NE(text, nullptr);
-    EXPECT_EQ(text->text(QAccessible::Name), QStringLiteral("247 records"));
+    EXPECT_EQ(text->text(QAccessible::Name), u"247 records"_s);
 }
 
 TEST_F(HUDLayout, NothingIsToldOfWhatIsNotShown)

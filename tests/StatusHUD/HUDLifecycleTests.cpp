@@ -10,8 +10,10 @@
 #include <QProxyStyle>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString Text = QStringLiteral("247 records");
+const QString Text = u"247 records"_s;
 
 /// A style of a desktop that wants nothing to move.
 class StillStyle : public QProxyStyle
@@ -113,17 +115,17 @@ TEST_F(HUDTest, ASecondRequestIsIgnored)
     show(Text);
     clock.advance(0.5);
     const QRect frame = hud.window()->geometry();
-    show(QStringLiteral("another, longer text"), 100);
+    show(u"another, longer text"_s, 100);
     EXPECT_EQ(hud.text()->stringValue(), Text);
     EXPECT_EQ(hud.window()->geometry(), frame);
     clock.advance(0.51);
     // It fades out, and is still in the way of the next.
-    show(QStringLiteral("a third one"));
+    show(u"a third one"_s);
     EXPECT_EQ(hud.text()->stringValue(), Text);
     EXPECT_FALSE(hud.isDisplayingWindow());
     clock.advance(0.3);
-    show(QStringLiteral("a fourth one"));
-    EXPECT_EQ(hud.text()->stringValue(), QStringLiteral("a fourth one"));
+    show(u"a fourth one"_s);
+    EXPECT_EQ(hud.text()->stringValue(), u"a fourth one"_s);
     EXPECT_TRUE(isVisible());
     clock.advance(0.2);
     EXPECT_EQ(opacity(), 1);
@@ -162,7 +164,7 @@ TEST_F(HUDTest, RunningStopsRequestsOnly)
     show(Text);
     hud.setRunning(false);
     EXPECT_TRUE(hud.isDisplayingWindow());
-    show(QStringLiteral("other"));
+    show(u"other"_s);
     EXPECT_EQ(hud.text()->stringValue(), Text);
 }
 
@@ -228,7 +230,7 @@ TEST_F(HUDTest, AFadeOutThatNobodySeesTakesNoLaterDisplayAway)
     clock.advance(2);
     hud.dismissStatusWindow();
     clock.advance(0.1);
-    show(QStringLiteral("later"));
+    show(u"later"_s);
     clock.advance(0.5);
     EXPECT_TRUE(isVisible());
     EXPECT_EQ(opacity(), 1);
@@ -388,7 +390,7 @@ TEST_F(HUDTest, AMissingFileIsLoggedOncePerAttempt)
     const QTemporaryDir empty;
     hud.bundlePath = empty.path();
     show(Text);
-    EXPECT_EQ(log.messages(), QStringList{QStringLiteral("could not load StatusHUD nib")});
+    EXPECT_EQ(log.messages(), QStringList{u"could not load StatusHUD nib"_s});
     EXPECT_EQ(log.entries().first().level, 4);
     EXPECT_EQ(hud.window(), nullptr);
     EXPECT_TRUE(hud.isDisplayingWindow());
@@ -409,7 +411,7 @@ TEST_F(HUDTest, BrokenFilesAreAsGoodAsMissing)
     KTLogCapture log(kLog_invalid, 4);
     const QTemporaryDir folder;
     hud.bundlePath = folder.path();
-    const QString path = folder.filePath(QStringLiteral("Resources/StatusHUD.ui"));
+    const QString path = folder.filePath(u"Resources/StatusHUD.ui"_s);
     qsizetype attempts = 0;
     for (const QByteArray &contents :
          {QByteArray(), QByteArray("<ui"),
@@ -467,7 +469,7 @@ TEST_F(HUDTest, TheSharedController)
     QWidget window;
     window.setGeometry(100, 100, 300, 200);
     shared->setLargeText(true);
-    shared->showStatusWindowWithString(QStringLiteral("1,204"), NSWindow::frame(&window), false, 3);
+    shared->showStatusWindowWithString(u"1,204"_s, NSWindow::frame(&window), false, 3);
     EXPECT_TRUE(shared->window()->isVisible());
     clock.advance(4);
     EXPECT_FALSE(shared->window()->isVisible());

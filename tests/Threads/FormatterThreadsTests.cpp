@@ -21,6 +21,8 @@
 #include <thread>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr int InstanceCount = 64;
 constexpr int ThreadCount = 4;
@@ -30,8 +32,7 @@ using Make = std::function<Formatter(int index)>;
 
 NSLocale localeOf(int index)
 {
-    static const QStringList Identifiers = {QStringLiteral("en_US"), QStringLiteral("de_DE"),
-                                            QStringLiteral("fr_FR"), QStringLiteral("ja_JP")};
+    static const QStringList Identifiers = {u"en_US"_s, u"de_DE"_s, u"fr_FR"_s, u"ja_JP"_s};
     return NSLocale(Identifiers.at(index % Identifiers.size()));
 }
 
@@ -49,8 +50,7 @@ Formatter numberFormatter(int index)
 
 Formatter currencyFormatter(int index)
 {
-    static const QStringList Currencies = {QStringLiteral("EUR"), QStringLiteral("USD"),
-                                           QStringLiteral("JPY"), QStringLiteral("CHF")};
+    static const QStringList Currencies = {u"EUR"_s, u"USD"_s, u"JPY"_s, u"CHF"_s};
     auto formatter = std::make_unique<KTCurrencyFormatter>();
     formatter->setCurrencyLocale(localeOf(index));
     formatter->setCurrencyType(Currencies.at(index / 4 % 4));
@@ -125,15 +125,14 @@ QList<QVariant> values()
             QVariant(-42.5),
             QVariant(93784),
             QVariant(QDateTime(QDate(2008, 3, 4), QTime(17, 30), QTimeZone("America/New_York"))),
-            QVariant(QStringLiteral("415.555.1234")),
+            QVariant(u"415.555.1234"_s),
             QVariant()};
 }
 
 QStringList texts()
 {
-    return {QStringLiteral("1,234.5"),  QStringLiteral("(1.234,56)"), QStringLiteral("$12.50"),
-            QStringLiteral("3/4/2008"), QStringLiteral("4.3.2008"),   QStringLiteral("5:30 PM"),
-            QStringLiteral("2h 30m"),   QStringLiteral("5 minutes"),  QStringLiteral("nonsense")};
+    return {u"1,234.5"_s, u"(1.234,56)"_s, u"$12.50"_s,    u"3/4/2008"_s, u"4.3.2008"_s,
+            u"5:30 PM"_s, u"2h 30m"_s,     u"5 minutes"_s, u"nonsense"_s};
 }
 
 /// What a formatter shows and reads.

@@ -10,6 +10,8 @@
 #include <thread>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr int ThreadCount = 8;
 constexpr int LinesOfAThread = 500;
@@ -60,9 +62,8 @@ protected:
 /// The number of lines of each thread, where all lines are whole and in their order.
 std::vector<int> countsIn(const QStringList &lines)
 {
-    static const QRegularExpression form(
-        QStringLiteral("^\\w{3} \\w{3} \\d\\d \\d{4} [\\d:]{8}\\.\\d{3} "
-                       "\\[File\\.cpp:7\\]\\[Tests\\] <(\\d) (\\d+) x{80}>$"));
+    static const QRegularExpression form(u"^\\w{3} \\w{3} \\d\\d \\d{4} [\\d:]{8}\\.\\d{3} "
+                                         "\\[File\\.cpp:7\\]\\[Tests\\] <(\\d) (\\d+) x{80}>$"_s);
     std::vector<int> counts(ThreadCount, 0);
     std::vector<int> last(ThreadCount, -1);
     for (const QString &line : lines) {

@@ -15,6 +15,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -31,7 +33,7 @@ public:
     ~ShowsAllExtensions() { NSUserDefaults::standardUserDefaults()->removeObjectForKey(Key); }
 
 private:
-    const QString Key = QStringLiteral("AppleShowAllExtensions");
+    const QString Key = u"AppleShowAllExtensions"_s;
 };
 
 Transformer transformerOf(const QString &className, bool isReversed)
@@ -52,7 +54,7 @@ QVariant answerOf(const QString &operation, const NSValueTransformer &transforme
         return transformer.reverseTransformedValue(value);
     if (operation == u"roundTrip")
         return transformer.reverseTransformedValue(transformer.transformedValue(value));
-    EXPECT_EQ(operation, QStringLiteral("allowsReverseTransformation"));
+    EXPECT_EQ(operation, u"allowsReverseTransformation"_s);
     return transformer.allowsReverseTransformation();
 }
 
@@ -66,7 +68,7 @@ const QVariant nil;
 
 TEST(ValueTransformers, AsInTheTable)
 {
-    const QList<QJsonObject> rows = rowsOf(QStringLiteral("system/transformers.jsonl"));
+    const QList<QJsonObject> rows = rowsOf(u"system/transformers.jsonl"_s);
     EXPECT_EQ(rows.size(), 67);
     for (const QJsonObject &row : rows) {
         const QJsonObject arguments = row.value(u"args").toObject();
@@ -86,10 +88,9 @@ TEST(ValueTransformers, AsInTheTable)
 TEST(ValueTransformers, AreFoundByTheNameOfTheirClass)
 {
     for (const QString &name :
-         {QStringLiteral("KTFileExtensionValueTransformer"),
-          QStringLiteral("KTBaseValueTransformer"), QStringLiteral("KTBoolImageTransformer"),
-          KTNewlineTabCharTransformerName, QStringLiteral("KTSingleObjectFilter"),
-          QStringLiteral("KTSingleObjectFilterNegated"), KTStringColorTransformerName}) {
+         {u"KTFileExtensionValueTransformer"_s, u"KTBaseValueTransformer"_s,
+          u"KTBoolImageTransformer"_s, KTNewlineTabCharTransformerName, u"KTSingleObjectFilter"_s,
+          u"KTSingleObjectFilterNegated"_s, KTStringColorTransformerName}) {
         const Transformer found = NSValueTransformer::valueTransformerForName(name);
         EXPECT_TRUE(found) << name.toStdString();
         EXPECT_EQ(NSValueTransformer::valueTransformerForName(name), found);
@@ -97,9 +98,9 @@ TEST(ValueTransformers, AreFoundByTheNameOfTheirClass)
         NSValueTransformer::setValueTransformer(nullptr, name);
         EXPECT_FALSE(NSValueTransformer::valueTransformerNames().contains(name));
     }
-    EXPECT_EQ(KTNewlineTabCharTransformerName, QStringLiteral("KTNewlineTabCharTransformer"));
-    EXPECT_EQ(KTStringColorTransformerName, QStringLiteral("KTStringColorTransformer"));
-    EXPECT_FALSE(NSValueTransformer::valueTransformerForName(QStringLiteral("none")));
+    EXPECT_EQ(KTNewlineTabCharTransformerName, u"KTNewlineTabCharTransformer"_s);
+    EXPECT_EQ(KTStringColorTransformerName, u"KTStringColorTransformer"_s);
+    EXPECT_FALSE(NSValueTransformer::valueTransformerForName(u"none"_s));
     EXPECT_FALSE(NSValueTransformer::valueTransformerForName(QString()));
 }
 
@@ -141,16 +142,13 @@ TEST(ValueTransformers, ClassesAndDirections)
 TEST(FileExtensionValueTransformer, HidesTheExtension)
 {
     const auto transformer = KTFileExtensionValueTransformer::valueTransformer();
-    EXPECT_EQ(transformer->transformedValue(QStringLiteral("Report.cobble")),
-              QVariant(QStringLiteral("Report")));
-    EXPECT_EQ(transformer->transformedValue(QStringLiteral("a.b.c")),
-              QVariant(QStringLiteral("a.b")));
+    EXPECT_EQ(transformer->transformedValue(u"Report.cobble"_s), QVariant(u"Report"_s));
+    EXPECT_EQ(transformer->transformedValue(u"a.b.c"_s), QVariant(u"a.b"_s));
     EXPECT_EQ(transformer->transformedValue(5), QVariant(5));
     EXPECT_FALSE(transformer->transformedValue(nil).isValid());
-    EXPECT_FALSE(transformer->reverseTransformedValue(QStringLiteral("a")).isValid());
+    EXPECT_FALSE(transformer->reverseTransformedValue(u"a"_s).isValid());
     const ShowsAllExtensions flag(true);
-    EXPECT_EQ(transformer->transformedValue(QStringLiteral("a.b.c")),
-              QVariant(QStringLiteral("a.b.c")));
+    EXPECT_EQ(transformer->transformedValue(u"a.b.c"_s), QVariant(u"a.b.c"_s));
 }
 
 TEST(BaseValueTransformer, CountsFromOneAndRunsOver)
@@ -160,7 +158,7 @@ TEST(BaseValueTransformer, CountsFromOneAndRunsOver)
     EXPECT_EQ(transformer->reverseTransformedValue(1), QVariant(0U));
     EXPECT_EQ(transformer->reverseTransformedValue(0), QVariant(4294967295U));
     EXPECT_EQ(transformer->transformedValue(4294967295U), QVariant(0U));
-    EXPECT_EQ(transformer->transformedValue(QStringLiteral("41")), QVariant(42U));
+    EXPECT_EQ(transformer->transformedValue(u"41"_s), QVariant(42U));
     EXPECT_FALSE(transformer->transformedValue(nil).isValid());
     EXPECT_FALSE(transformer->reverseTransformedValue(QVariant(QString())).isValid());
     const auto reversed = KTBaseValueTransformer::reversedValueTransformer();
@@ -178,11 +176,10 @@ TEST(BoolImageTransformer, ShowsOneOfTwoImages)
     transformer.setOnImage(on);
     EXPECT_FALSE(transformer.transformedValue(false).isValid());
     transformer.setOffImage(off);
-    for (const QVariant &value : {QVariant(true), QVariant(1), QVariant(-0.5),
-                                  QVariant(QStringLiteral("yes")), QVariant(QStringLiteral("1"))})
+    for (const QVariant &value :
+         {QVariant(true), QVariant(1), QVariant(-0.5), QVariant(u"yes"_s), QVariant(u"1"_s)})
         EXPECT_EQ(transformer.transformedValue(value).value<QImage>().size(), QSize(1, 1));
-    for (const QVariant &value : {QVariant(false), QVariant(0), QVariant(QStringLiteral("no")),
-                                  QVariant(QStringLiteral(""))})
+    for (const QVariant &value : {QVariant(false), QVariant(0), QVariant(u"no"_s), QVariant(u""_s)})
         EXPECT_EQ(transformer.transformedValue(value).value<QImage>().size(), QSize(2, 2));
     for (const QVariant &value : {nil, QVariant(QVariantList{true}), QVariant(QDate(2008, 3, 5)),
                                   QVariant(QByteArray("yes"))})
@@ -192,12 +189,9 @@ TEST(BoolImageTransformer, ShowsOneOfTwoImages)
 TEST(NewlineTabCharTransformer, ForthAndBack)
 {
     const KTNewlineTabCharTransformer transformer;
-    EXPECT_EQ(transformer.transformedValue(QStringLiteral("one\ntwo")),
-              QVariant(QStringLiteral("one\ttwo")));
-    EXPECT_EQ(transformer.reverseTransformedValue(QStringLiteral("one\ttwo")),
-              QVariant(QStringLiteral("one\ntwo")));
-    EXPECT_EQ(transformer.transformedValue(QStringLiteral("a\r\nb\r")),
-              QVariant(QStringLiteral("a\r\tb\r")));
+    EXPECT_EQ(transformer.transformedValue(u"one\ntwo"_s), QVariant(u"one\ttwo"_s));
+    EXPECT_EQ(transformer.reverseTransformedValue(u"one\ttwo"_s), QVariant(u"one\ntwo"_s));
+    EXPECT_EQ(transformer.transformedValue(u"a\r\nb\r"_s), QVariant(u"a\r\tb\r"_s));
     EXPECT_FALSE(transformer.transformedValue(nil).isValid());
     EXPECT_FALSE(transformer.reverseTransformedValue(nil).isValid());
     for (const QString &text : hostileTexts()) {
@@ -213,9 +207,9 @@ TEST(NewlineTabCharTransformer, OtherTypesAreAssertions)
     const KTNewlineTabCharTransformer transformer;
     const QString output = standardErrorOf([&] {
         EXPECT_RAISES(transformer.transformedValue(5), NSInternalInconsistencyException,
-                      QStringLiteral("value must be NSString"));
+                      u"value must be NSString"_s);
         EXPECT_RAISES(transformer.reverseTransformedValue(QVariantList()),
-                      NSInternalInconsistencyException, QStringLiteral("value must be NSString"));
+                      NSInternalInconsistencyException, u"value must be NSString"_s);
     });
     EXPECT_TRUE(output.contains(u"ValueTransformers/KTNewlineTabCharTransformer:"));
 }
@@ -227,9 +221,8 @@ TEST(SingleObjectFilter, HeaderExample)
     EXPECT_FALSE(filter->transformedValue(QVariantList()).isValid());
     EXPECT_EQ(filter->reverseTransformedValue(1), QVariant(QVariantList{1}));
     EXPECT_EQ(filter->reverseTransformedValue(nil), QVariant(QVariantList()));
-    EXPECT_EQ(filter->transformedValue(QStringLiteral("a")), QVariant(QStringLiteral("a")));
-    EXPECT_EQ(filter->reverseTransformedValue(QStringLiteral("a")),
-              QVariant(QVariantList{QStringLiteral("a")}));
+    EXPECT_EQ(filter->transformedValue(u"a"_s), QVariant(u"a"_s));
+    EXPECT_EQ(filter->reverseTransformedValue(u"a"_s), QVariant(QVariantList{u"a"_s}));
     EXPECT_FALSE(filter->transformedValue(nil).isValid());
 }
 
@@ -246,8 +239,7 @@ TEST(SingleObjectFilter, ReversedEachDirectionIsTheOther)
 TEST(SingleObjectFilter, ListsOfOtherTypes)
 {
     const auto filter = KTSingleObjectFilter::valueTransformer();
-    EXPECT_EQ(filter->transformedValue(QStringList{QStringLiteral("a"), QStringLiteral("b")}),
-              QVariant(QStringLiteral("a")));
+    EXPECT_EQ(filter->transformedValue(QStringList{u"a"_s, u"b"_s}), QVariant(u"a"_s));
     EXPECT_EQ(filter->reverseTransformedValue(QVariantList{1}),
               QVariant(QVariantList{QVariant(QVariantList{1})}));
 }
@@ -259,8 +251,7 @@ TEST(SingleObjectFilterNegated, NegatesNumbersOnly)
     EXPECT_EQ(filter->transformedValue(QVariantList{0.0}), QVariant(true));
     EXPECT_EQ(filter->transformedValue(5), QVariant(false));
     EXPECT_FALSE(filter->transformedValue(QVariantList()).isValid());
-    EXPECT_EQ(filter->transformedValue(QVariantList{QStringLiteral("YES")}),
-              QVariant(QStringLiteral("YES")));
+    EXPECT_EQ(filter->transformedValue(QVariantList{u"YES"_s}), QVariant(u"YES"_s));
     EXPECT_FALSE(filter->allowsReverseTransformation());
     // The inherited factory makes the plain class.
     const Transformer plain = KTSingleObjectFilterNegated::reversedValueTransformer();
@@ -276,21 +267,17 @@ TEST(StringColorTransformer, ForthAndBackKeepsTheComponents)
         EXPECT_EQ(transformer.transformedValue(transformer.reverseTransformedValue(color))
                       .value<QColor>(),
                   color);
-    EXPECT_EQ(transformer.reverseTransformedValue(QColor(Qt::red)),
-              QVariant(QStringLiteral("1 0 0 1")));
+    EXPECT_EQ(transformer.reverseTransformedValue(QColor(Qt::red)), QVariant(u"1 0 0 1"_s));
     EXPECT_FALSE(transformer.transformedValue(nil).isValid());
     EXPECT_FALSE(transformer.reverseTransformedValue(nil).isValid());
 }
 
 TEST(StringColorTransformer, ColorsOfOtherModels)
 {
-    EXPECT_EQ(KTAdditions::ktStringRepresentation(QColor::fromHsv(120, 255, 255)),
-              QStringLiteral("0 1 0 1"));
-    EXPECT_EQ(KTAdditions::ktStringRepresentation(QColor::fromCmyk(0, 255, 255, 0)),
-              QStringLiteral("1 0 0 1"));
-    EXPECT_EQ(KTAdditions::ktStringRepresentation(QColor()), QStringLiteral("0 0 0 0"));
-    EXPECT_EQ(KTStringColorTransformer().reverseTransformedValue(QColor()),
-              QVariant(QStringLiteral("0 0 0 0")));
+    EXPECT_EQ(KTAdditions::ktStringRepresentation(QColor::fromHsv(120, 255, 255)), u"0 1 0 1"_s);
+    EXPECT_EQ(KTAdditions::ktStringRepresentation(QColor::fromCmyk(0, 255, 255, 0)), u"1 0 0 1"_s);
+    EXPECT_EQ(KTAdditions::ktStringRepresentation(QColor()), u"0 0 0 0"_s);
+    EXPECT_EQ(KTStringColorTransformer().reverseTransformedValue(QColor()), QVariant(u"0 0 0 0"_s));
 }
 
 TEST(StringColorTransformer, TextsThatAreNoColors)
@@ -298,11 +285,11 @@ TEST(StringColorTransformer, TextsThatAreNoColors)
     const auto textOf = [](const QString &text) {
         return KTAdditions::ktStringRepresentation(KTAdditions::ktColorWithString(text));
     };
-    EXPECT_EQ(textOf(QStringLiteral("0.2 0.4 0.6")), QStringLiteral("0.2 0.4 0.6 1"));
-    EXPECT_EQ(textOf(QStringLiteral("  1\t0  0 1  ")), QStringLiteral("1 0 0 1"));
-    EXPECT_EQ(textOf(QStringLiteral("2 -1 0 9")), QStringLiteral("1 0 0 1"));
-    EXPECT_EQ(textOf(QStringLiteral("cow")), QStringLiteral("0 0 0 1"));
-    EXPECT_EQ(textOf(QStringLiteral("1e999 nan 0 1")), QStringLiteral("0 0 0 1"));
+    EXPECT_EQ(textOf(u"0.2 0.4 0.6"_s), u"0.2 0.4 0.6 1"_s);
+    EXPECT_EQ(textOf(u"  1\t0  0 1  "_s), u"1 0 0 1"_s);
+    EXPECT_EQ(textOf(u"2 -1 0 9"_s), u"1 0 0 1"_s);
+    EXPECT_EQ(textOf(u"cow"_s), u"0 0 0 1"_s);
+    EXPECT_EQ(textOf(u"1e999 nan 0 1"_s), u"0 0 0 1"_s);
     for (const QString &text : hostileTexts())
         EXPECT_TRUE(KTAdditions::ktColorWithString(text).isValid());
 }
@@ -312,9 +299,9 @@ TEST(StringColorTransformer, OtherTypesAreAssertions)
     const KTStringColorTransformer transformer;
     const QString output = standardErrorOf([&] {
         EXPECT_RAISES(transformer.transformedValue(QColor(Qt::red)),
-                      NSInternalInconsistencyException, QStringLiteral("value must be NSString"));
-        EXPECT_RAISES(transformer.reverseTransformedValue(QStringLiteral("1 0 0 1")),
-                      NSInternalInconsistencyException, QStringLiteral("value must be NSColor"));
+                      NSInternalInconsistencyException, u"value must be NSString"_s);
+        EXPECT_RAISES(transformer.reverseTransformedValue(u"1 0 0 1"_s),
+                      NSInternalInconsistencyException, u"value must be NSColor"_s);
     });
     EXPECT_TRUE(output.contains(u"ValueTransformers/KTStringColorTransformer:"));
 }

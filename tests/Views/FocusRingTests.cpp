@@ -14,6 +14,8 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// A container that counts what is asked for.
 template<typename View>
@@ -35,7 +37,7 @@ protected:
 
 QWidget *ringIn(QWidget *parent)
 {
-    return parent->findChild<QWidget *>(QStringLiteral("KTFocusRing"));
+    return parent->findChild<QWidget *>(u"KTFocusRing"_s);
 }
 
 void activate(QWidget *window)
@@ -297,7 +299,7 @@ TEST_F(FocusRingExamples, AFormInALayout)
 TEST_F(FocusRingExamples, InterfaceFilesMakeThem)
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("Form.ui"));
+    const QString path = folder.filePath(u"Form.ui"_s);
     testing_support::writeFile(path, R"(<ui version="4.0"><class>Form</class>
 <widget class="QWidget" name="form">
  <widget class="KTFocusRingScrollView" name="scroll">
@@ -308,11 +310,11 @@ TEST_F(FocusRingExamples, InterfaceFilesMakeThem)
 </widget></ui>)");
     const auto form = NSNib::instantiate(path, nullptr);
     ASSERT_NE(form, nullptr);
-    auto *const scroll = form->findChild<KTFocusRingScrollView *>(QStringLiteral("scroll"));
+    auto *const scroll = form->findChild<KTFocusRingScrollView *>(u"scroll"_s);
     ASSERT_NE(scroll, nullptr);
     ASSERT_NE(scroll->widget(), nullptr);
-    EXPECT_EQ(scroll->widget()->objectName(), QStringLiteral("contents"));
-    auto *const plain = form->findChild<KTFocusRingView *>(QStringLiteral("plain"));
+    EXPECT_EQ(scroll->widget()->objectName(), u"contents"_s);
+    auto *const plain = form->findChild<KTFocusRingView *>(u"plain"_s);
     ASSERT_NE(plain, nullptr);
     EXPECT_FALSE(plain->isWindow() || scroll->isWindow());
     activate(form.get());

@@ -12,6 +12,8 @@
 #include <QPainter>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 class MediaFieldSlider : public testing_support::WindowedTest
 {
@@ -128,10 +130,10 @@ TEST_F(MediaFieldSlider, TakesTheMouse)
 TEST_F(MediaFieldSlider, TheSettingsOfAnInterfaceFileAreNotCarriedOver)
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("Form.ui"));
+    const QString path = folder.filePath(u"Form.ui"_s);
     testing_support::writeFile(path, Form);
     NSWindowController controller(path);
-    auto *const zoom = controller.outlet<KTMediaFieldSlider>(QStringLiteral("zoom"));
+    auto *const zoom = controller.outlet<KTMediaFieldSlider>(u"zoom"_s);
     ASSERT_NE(zoom, nullptr);
     const QSlider fresh;
     EXPECT_EQ(zoom->minimum(), fresh.minimum());

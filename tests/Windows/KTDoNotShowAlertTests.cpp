@@ -13,6 +13,8 @@
 #include <QPushButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 class Delegate : public QObject
 {
@@ -33,7 +35,7 @@ public:
     void *context = nullptr;
 };
 
-const QString Key = QStringLiteral("deleteRecord");
+const QString Key = u"deleteRecord"_s;
 
 class DoNotShowAlert : public testing_support::WindowedTest
 {
@@ -52,15 +54,15 @@ protected:
 
     KTDoNotShowAlert::Alert alert()
     {
-        return {.title = QStringLiteral("Delete <b>it</b> & all?"),
-                .defaultButton = QStringLiteral("Delete"),
-                .alternateButton = QStringLiteral("Keep"),
-                .otherButton = QStringLiteral("Ask & wait"),
+        return {.title = u"Delete <b>it</b> & all?"_s,
+                .defaultButton = u"Delete"_s,
+                .alternateButton = u"Keep"_s,
+                .otherButton = u"Ask & wait"_s,
                 .window = &window,
                 .modalDelegate = &delegate,
                 .didEndSelector = "alertDidEnd:returnCode:contextInfo:",
                 .contextInfo = &window,
-                .msg = QStringLiteral("100%% of <i>it</i> goes."),
+                .msg = u"100%% of <i>it</i> goes."_s,
                 .suppressionKey = Key};
     }
     /// The box that is shown; null if there is none.
@@ -93,17 +95,16 @@ TEST_F(DoNotShowAlert, ShowsTheAlert)
 {
     KTDoNotShowAlert::beginCriticalAlertSheet(alert());
     ASSERT_NE(box(), nullptr);
-    EXPECT_EQ(box()->text(), QStringLiteral("Delete <b>it</b> & all?"));
+    EXPECT_EQ(box()->text(), u"Delete <b>it</b> & all?"_s);
     EXPECT_EQ(box()->textFormat(), Qt::PlainText);
-    EXPECT_EQ(box()->informativeText(), QStringLiteral("100% of <i>it</i> goes."));
-    EXPECT_EQ(
-        box()->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"))->textFormat(),
-        Qt::PlainText);
+    EXPECT_EQ(box()->informativeText(), u"100% of <i>it</i> goes."_s);
+    EXPECT_EQ(box()->findChild<QLabel *>(u"qt_msgbox_informativelabel"_s)->textFormat(),
+              Qt::PlainText);
     EXPECT_EQ(box()->icon(), QMessageBox::Critical);
     EXPECT_EQ(box()->windowModality(), Qt::WindowModal);
     EXPECT_FALSE(box()->checkBox()->isChecked());
     EXPECT_EQ(delegate.calls, 0);
-    click(QStringLiteral("Delete"));
+    click(u"Delete"_s);
     EXPECT_EQ(delegate.calls, 1);
     EXPECT_EQ(delegate.code, 1);
     EXPECT_TRUE(delegate.hadAlert);
@@ -114,8 +115,7 @@ TEST_F(DoNotShowAlert, ShowsTheAlert)
 TEST_F(DoNotShowAlert, EachButtonHasItsCode)
 {
     for (const auto &[text, code] :
-         {std::pair(QStringLiteral("Delete"), 1), std::pair(QStringLiteral("Keep"), 0),
-          std::pair(QStringLiteral("Ask && wait"), -1)}) {
+         {std::pair(u"Delete"_s, 1), std::pair(u"Keep"_s, 0), std::pair(u"Ask && wait"_s, -1)}) {
         KTDoNotShowAlert::beginCriticalAlertSheet(alert());
         click(text);
         EXPECT_EQ(delegate.code, code) << text.toStdString();
@@ -137,7 +137,7 @@ TEST_F(DoNotShowAlert, KeysAndClosing)
     KTDoNotShowAlert::Alert single = alert();
     single.defaultButton = single.alternateButton = single.otherButton = QString();
     KTDoNotShowAlert::beginCriticalAlertSheet(single);
-    EXPECT_NE(button(QStringLiteral("OK")), nullptr);
+    EXPECT_NE(button(u"OK"_s), nullptr);
     QTest::keyClick(box(), Qt::Key_Escape);
     EXPECT_EQ(delegate.code, 1);
 }
@@ -146,7 +146,7 @@ TEST_F(DoNotShowAlert, TickedItIsSkippedWhicheverButtonEndsIt)
 {
     KTDoNotShowAlert::beginCriticalAlertSheet(alert());
     box()->checkBox()->setChecked(true);
-    click(QStringLiteral("Keep"));
+    click(u"Keep"_s);
     EXPECT_EQ(delegate.code, 0);
     EXPECT_TRUE(KTDoNotShowAlert::boolForSuppressionKey(Key));
     KTDoNotShowAlert::beginCriticalAlertSheet(alert());
@@ -172,12 +172,12 @@ TEST_F(DoNotShowAlert, OnlyASkippedAlertNeedsTheMethod)
     KTDoNotShowAlert::Alert wrong = alert();
     wrong.didEndSelector = "nothing:returnCode:contextInfo:";
     KTDoNotShowAlert::beginCriticalAlertSheet(wrong);
-    click(QStringLiteral("Keep"));
+    click(u"Keep"_s);
     EXPECT_EQ(delegate.calls, 0);
     KTDoNotShowAlert::setBoolForSuppressionKey(Key, true);
     const QString output = testing_support::standardErrorOf([&] {
         EXPECT_RAISES(KTDoNotShowAlert::beginCriticalAlertSheet(wrong),
-                      NSInternalInconsistencyException, QStringLiteral("methodSig is nil"));
+                      NSInternalInconsistencyException, u"methodSig is nil"_s);
     });
     EXPECT_TRUE(output.contains(u"KTDoNotShowAlert:29"));
 }
@@ -189,7 +189,7 @@ TEST_F(DoNotShowAlert, DelegatesMayGoFirst)
     shown.modalDelegate = shortLived.get();
     KTDoNotShowAlert::beginCriticalAlertSheet(shown);
     shortLived.reset();
-    click(QStringLiteral("Delete"));
+    click(u"Delete"_s);
     EXPECT_EQ(box(), nullptr);
 }
 
@@ -213,18 +213,15 @@ TEST_F(DoNotShowAlert, TheList)
     EXPECT_FALSE(KTDoNotShowAlert::boolForSuppressionKey(Key));
     EXPECT_FALSE(KTDoNotShowAlert::boolForSuppressionKey(QString()));
     KTDoNotShowAlert::setBoolForSuppressionKey(Key, true);
-    KTDoNotShowAlert::setBoolForSuppressionKey(QStringLiteral("other"), true);
-    EXPECT_EQ(NSUserDefaults::standardUserDefaults()
-                  ->dictionaryForKey(QStringLiteral("doNotShowList"))
-                  .size(),
+    KTDoNotShowAlert::setBoolForSuppressionKey(u"other"_s, true);
+    EXPECT_EQ(NSUserDefaults::standardUserDefaults()->dictionaryForKey(u"doNotShowList"_s).size(),
               2);
     KTDoNotShowAlert::setBoolForSuppressionKey(Key, false);
     EXPECT_FALSE(KTDoNotShowAlert::boolForSuppressionKey(Key));
     KTDoNotShowAlert::clearDoNotShowList();
-    EXPECT_FALSE(KTDoNotShowAlert::boolForSuppressionKey(QStringLiteral("other")));
-    EXPECT_FALSE(NSUserDefaults::standardUserDefaults()
-                     ->objectForKey(QStringLiteral("doNotShowList"))
-                     .isValid());
+    EXPECT_FALSE(KTDoNotShowAlert::boolForSuppressionKey(u"other"_s));
+    EXPECT_FALSE(
+        NSUserDefaults::standardUserDefaults()->objectForKey(u"doNotShowList"_s).isValid());
 }
 
 TEST_F(DoNotShowAlert, SuppressedAlertsAreListedWithTheirTitles)
@@ -232,10 +229,10 @@ TEST_F(DoNotShowAlert, SuppressedAlertsAreListedWithTheirTitles)
     EXPECT_TRUE(KTDoNotShowAlert::suppressedAlerts().isEmpty());
     KTDoNotShowAlert::beginCriticalAlertSheet(alert());
     box()->checkBox()->setChecked(true);
-    click(QStringLiteral("Delete"));
-    KTDoNotShowAlert::setBoolForSuppressionKey(QStringLiteral("silent"), true);
-    const QList<KTDoNotShowAlert::Suppressed> expected = {
-        {Key, QStringLiteral("Delete <b>it</b> & all?")}, {QStringLiteral("silent"), QString()}};
+    click(u"Delete"_s);
+    KTDoNotShowAlert::setBoolForSuppressionKey(u"silent"_s, true);
+    const QList<KTDoNotShowAlert::Suppressed> expected = {{Key, u"Delete <b>it</b> & all?"_s},
+                                                          {u"silent"_s, QString()}};
     EXPECT_EQ(KTDoNotShowAlert::suppressedAlerts(), expected);
     KTDoNotShowAlert::setBoolForSuppressionKey(Key, false);
     EXPECT_EQ(KTDoNotShowAlert::suppressedAlerts().size(), 1);
@@ -244,32 +241,32 @@ TEST_F(DoNotShowAlert, SuppressedAlertsAreListedWithTheirTitles)
 TEST_F(DoNotShowAlert, MessagesAreFormats)
 {
     KTDoNotShowAlert::Alert odd = alert();
-    odd.msg = QStringLiteral("%d and %@");
+    odd.msg = u"%d and %@"_s;
     KTDoNotShowAlert::beginCriticalAlertSheet(odd);
-    EXPECT_EQ(box()->informativeText(), QStringLiteral("0 and (null)"));
-    click(QStringLiteral("Delete"));
+    EXPECT_EQ(box()->informativeText(), u"0 and (null)"_s);
+    click(u"Delete"_s);
     odd.msg = QString();
     odd.window = nullptr;
     KTDoNotShowAlert::beginCriticalAlertSheet(odd);
     ASSERT_NE(box(), nullptr);
-    click(QStringLiteral("Delete"));
+    click(u"Delete"_s);
     EXPECT_EQ(delegate.calls, 2);
 }
 
 TEST_F(DoNotShowAlert, LongAndRightToLeftTextsAreShown)
 {
     KTDoNotShowAlert::Alert odd = alert();
-    const QString hebrew = QStringLiteral("\u05DE\u05D7\u05D9\u05E7\u05D4 100%% \u202E");
+    const QString hebrew = u"\u05DE\u05D7\u05D9\u05E7\u05D4 100%% \u202E"_s;
     odd.title = hebrew;
     for (const QString &text : testing_support::hostileTexts()) {
-        odd.msg = QString(text).replace(u'%', QStringLiteral("%%"));
+        odd.msg = QString(text).replace(u'%', u"%%"_s);
         KTDoNotShowAlert::beginCriticalAlertSheet(odd);
         ASSERT_NE(box(), nullptr);
         EXPECT_EQ(box()->text(), hebrew);
         // Whatever the text, the buttons are within reach.
         EXPECT_LT(box()->sizeHint().height(), 1200);
         EXPECT_LT(box()->informativeText().size(), 2000);
-        click(QStringLiteral("Keep"));
+        click(u"Keep"_s);
     }
     EXPECT_EQ(delegate.code, NSAlertAlternateReturn);
 }

@@ -18,6 +18,8 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// Lets everything happen that waits for the run loop.
 void turn()
@@ -37,7 +39,7 @@ public:
     void configDialog() override
     {
         KTDialogController::configDialog();
-        lent = windowDataSourceObjectForKey(QStringLiteral("record"));
+        lent = windowDataSourceObjectForKey(u"record"_s);
         if (endsInConfiguration)
             endDialog();
     }
@@ -205,14 +207,14 @@ TEST_F(WindowTest, ASheetWithoutHostIsModal)
 
 TEST_F(WindowTest, ObjectsAreLentToDialogs)
 {
-    host->exposeObjectToDialog(5, QStringLiteral("record"));
+    host->exposeObjectToDialog(5, u"record"_s);
     host->addDialogControllerToQueue(&first);
     host->runDialogQueue();
     EXPECT_EQ(first.lent, QVariant(5));
     first.endDialog();
     turn();
-    EXPECT_FALSE(first.windowDataSourceObjectForKey(QStringLiteral("record")).isValid());
-    host->exposeObjectToDialog(QVariant(), QStringLiteral("record"));
+    EXPECT_FALSE(first.windowDataSourceObjectForKey(u"record"_s).isValid());
+    host->exposeObjectToDialog(QVariant(), u"record"_s);
     EXPECT_TRUE(host->exposedDialogDatasource().isEmpty());
 }
 
@@ -307,7 +309,7 @@ TEST_F(WindowTest, AShownWindowMayBeQueued)
 
 TEST_F(WindowTest, ADialogWithoutAWindowLetsTheNextOneRun)
 {
-    KTDialogController missing(QStringLiteral("/no/such/file.ui"));
+    KTDialogController missing(u"/no/such/file.ui"_s);
     host->addDialogControllerToQueue(&missing);
     host->addDialogControllerToQueue(&first);
     host->runDialogQueue();
@@ -425,24 +427,24 @@ TEST_F(WindowTest, RunningDialogsAreNoMainWindows)
 TEST_F(WindowTest, DialogsAreMadeOnceByTheirClass)
 {
     KTWindowManager fresh;
-    const QString name = QStringLiteral("TestDialog");
+    const QString name = u"TestDialog"_s;
     EXPECT_EQ(fresh.dialogControllerForKey(name), nullptr);
     fresh.registerDialogControllerClassName(name);
     KTDialogController *const made = fresh.dialogControllerForKey(name);
     ASSERT_NE(made, nullptr);
     EXPECT_EQ(fresh.dialogControllerForKey(name), made);
     EXPECT_TRUE(fresh.currentLoadedDialog().contains(name));
-    fresh.registerDialogControllerClassName(QStringLiteral("OtherObject"));
-    EXPECT_EQ(fresh.dialogControllerForKey(QStringLiteral("OtherObject")), nullptr);
-    fresh.registerDialogControllerClassName(QStringLiteral("Nobody"));
-    EXPECT_EQ(fresh.dialogControllerForKey(QStringLiteral("Nobody")), nullptr);
+    fresh.registerDialogControllerClassName(u"OtherObject"_s);
+    EXPECT_EQ(fresh.dialogControllerForKey(u"OtherObject"_s), nullptr);
+    fresh.registerDialogControllerClassName(u"Nobody"_s);
+    EXPECT_EQ(fresh.dialogControllerForKey(u"Nobody"_s), nullptr);
     fresh.registerDialogController(nullptr, name);
     EXPECT_FALSE(fresh.currentLoadedDialog().contains(name));
 }
 
 TEST_F(WindowTest, QueueingToTheCurrentWindow)
 {
-    const QString key = QStringLiteral("ready");
+    const QString key = u"ready"_s;
     const auto dialog = std::make_shared<TestDialog>();
     EXPECT_FALSE(manager->queueDialogToCurrentMainWindowForKey(key, true));
     manager->registerDialogController(dialog, key);
@@ -464,9 +466,9 @@ TEST_F(WindowTest, QueueingToTheCurrentWindow)
 TEST_F(WindowTest, WithoutAWindowNothingIsMade)
 {
     KTWindowManager fresh;
-    fresh.registerDialogControllerClassName(QStringLiteral("TestDialog"));
+    fresh.registerDialogControllerClassName(u"TestDialog"_s);
     EXPECT_EQ(fresh.currentMainWindowController(), nullptr);
-    EXPECT_FALSE(fresh.queueDialogToCurrentMainWindowForKey(QStringLiteral("TestDialog"), true));
+    EXPECT_FALSE(fresh.queueDialogToCurrentMainWindowForKey(u"TestDialog"_s, true));
     EXPECT_TRUE(fresh.currentLoadedDialog().isEmpty());
 }
 
@@ -502,8 +504,8 @@ TEST_F(WindowTest, AlertsTakeTheirTurn)
 TEST_F(WindowTest, QuittingWaitsForTheDialog)
 {
     QMenu menu;
-    QAction *const quit = NSMenuItem::addItem(&menu, QStringLiteral("Quit"), "terminate:", &first);
-    QAction *const other = NSMenuItem::addItem(&menu, QStringLiteral("Copy"), "copy:", &first);
+    QAction *const quit = NSMenuItem::addItem(&menu, u"Quit"_s, "terminate:", &first);
+    QAction *const other = NSMenuItem::addItem(&menu, u"Copy"_s, "copy:", &first);
     EXPECT_FALSE(first.validateMenuItem(quit));
     EXPECT_TRUE(first.validateMenuItem(other));
 }
@@ -525,7 +527,7 @@ TEST(WindowController, ReadsItsWindowFromAnInterfaceFile)
 {
     testing_support::needApplication();
     const testing_support::FileTree tree;
-    tree.add(QStringLiteral("Editor.ui"),
+    tree.add(u"Editor.ui"_s,
              "<ui version=\"4.0\"><class>Editor</class><widget class=\"QWidget\" name=\"Editor\">"
              "<layout class=\"QVBoxLayout\"><item><widget class=\"QLineEdit\" name=\"name\"/>"
              "</item></layout></widget></ui>");
@@ -538,18 +540,18 @@ TEST(WindowController, ReadsItsWindowFromAnInterfaceFile)
     protected:
         void windowDidLoad() override { ++loads; }
     };
-    Editor editor(tree.path(QStringLiteral("Editor.ui")));
+    Editor editor(tree.path(u"Editor.ui"_s));
     EXPECT_FALSE(editor.isWindowLoaded());
-    EXPECT_NE(editor.outlet<QLineEdit>(QStringLiteral("name")), nullptr);
-    EXPECT_EQ(editor.outlet<QDialog>(QStringLiteral("name")), nullptr);
+    EXPECT_NE(editor.outlet<QLineEdit>(u"name"_s), nullptr);
+    EXPECT_EQ(editor.outlet<QDialog>(u"name"_s), nullptr);
     EXPECT_EQ(editor.loads, 1);
     EXPECT_EQ(NSWindowController::delegateOf(editor.window()), &editor);
-    Editor missing(tree.path(QStringLiteral("None.ui")));
+    Editor missing(tree.path(u"None.ui"_s));
     EXPECT_EQ(missing.window(), nullptr);
     missing.showWindow();
     missing.close();
-    tree.add(QStringLiteral("Bad.ui"), "<ui");
-    Editor bad(tree.path(QStringLiteral("Bad.ui")));
+    tree.add(u"Bad.ui"_s, "<ui");
+    Editor bad(tree.path(u"Bad.ui"_s));
     EXPECT_EQ(bad.window(), nullptr);
 }
 

@@ -5,18 +5,19 @@
 #include <QDirIterator>
 #include <QJsonArray>
 
+using namespace Qt::StringLiterals;
+
 namespace testing_support {
 FileTree::FileTree(const QJsonObject &row)
 {
-    const QJsonArray paths = row.value(QStringLiteral("tree")).toArray();
+    const QJsonArray paths = row.value(u"tree"_s).toArray();
     for (const QJsonValue path : paths)
         add(path.toString(), path.toString().toUtf8());
-    const QJsonObject copies = row.value(QStringLiteral("copies")).toObject();
-    const QJsonArray ranges = copies.value(QStringLiteral("ranges")).toArray();
+    const QJsonObject copies = row.value(u"copies"_s).toObject();
+    const QJsonArray ranges = copies.value(u"ranges"_s).toArray();
     for (const QJsonValue range : ranges)
-        addCopies(copies.value(QStringLiteral("path")).toString(), range[0].toInt(),
-                  range[1].toInt());
-    if (row.value(QStringLiteral("cwd")).toBool()) {
+        addCopies(copies.value(u"path"_s).toString(), range[0].toInt(), range[1].toInt());
+    if (row.value(u"cwd"_s).toBool()) {
         _before = QDir::currentPath();
         QDir::setCurrent(root());
     }
@@ -39,8 +40,7 @@ void FileTree::add(const QString &relative, const QByteArray &contents) const
 void FileTree::addCopies(const QString &pattern, int first, int last) const
 {
     for (int number = first; number <= last; ++number) {
-        const QString name =
-            QString(pattern).replace(QStringLiteral("%d"), QString::number(number));
+        const QString name = QString(pattern).replace(u"%d"_s, QString::number(number));
         add(name, name.toUtf8());
     }
 }

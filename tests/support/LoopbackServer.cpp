@@ -7,6 +7,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace testing_support {
 namespace {
 void answerWithPicture(int socket, const QByteArray &path)
@@ -44,7 +46,7 @@ LoopbackServer::~LoopbackServer()
 
 QString LoopbackServer::url(const QString &path) const
 {
-    return QStringLiteral("http://127.0.0.1:%1").arg(_port) + path;
+    return u"http://127.0.0.1:%1"_s.arg(_port) + path;
 }
 
 QList<QByteArray> LoopbackServer::requests() const

@@ -3,24 +3,26 @@
 #include <map>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 NSCharacterSet testing_support::characterSetNamed(const QString &name)
 {
     using Factory = const NSCharacterSet &(*)();
     static const std::map<QString, Factory> sets = {
-        {QStringLiteral("alphanumeric"), NSCharacterSet::alphanumericCharacterSet},
-        {QStringLiteral("alphanumerics"), NSCharacterSet::alphanumericCharacterSet},
-        {QStringLiteral("capitalizedLetter"), NSCharacterSet::capitalizedLetterCharacterSet},
-        {QStringLiteral("control"), NSCharacterSet::controlCharacterSet},
-        {QStringLiteral("decimalDigit"), NSCharacterSet::decimalDigitCharacterSet},
-        {QStringLiteral("letter"), NSCharacterSet::letterCharacterSet},
-        {QStringLiteral("lowercaseLetter"), NSCharacterSet::lowercaseLetterCharacterSet},
-        {QStringLiteral("newline"), NSCharacterSet::newlineCharacterSet},
-        {QStringLiteral("nonBase"), NSCharacterSet::nonBaseCharacterSet},
-        {QStringLiteral("punctuation"), NSCharacterSet::punctuationCharacterSet},
-        {QStringLiteral("symbol"), NSCharacterSet::symbolCharacterSet},
-        {QStringLiteral("uppercaseLetter"), NSCharacterSet::uppercaseLetterCharacterSet},
-        {QStringLiteral("whitespace"), NSCharacterSet::whitespaceCharacterSet},
-        {QStringLiteral("whitespaceAndNewline"), NSCharacterSet::whitespaceAndNewlineCharacterSet},
+        {u"alphanumeric"_s, NSCharacterSet::alphanumericCharacterSet},
+        {u"alphanumerics"_s, NSCharacterSet::alphanumericCharacterSet},
+        {u"capitalizedLetter"_s, NSCharacterSet::capitalizedLetterCharacterSet},
+        {u"control"_s, NSCharacterSet::controlCharacterSet},
+        {u"decimalDigit"_s, NSCharacterSet::decimalDigitCharacterSet},
+        {u"letter"_s, NSCharacterSet::letterCharacterSet},
+        {u"lowercaseLetter"_s, NSCharacterSet::lowercaseLetterCharacterSet},
+        {u"newline"_s, NSCharacterSet::newlineCharacterSet},
+        {u"nonBase"_s, NSCharacterSet::nonBaseCharacterSet},
+        {u"punctuation"_s, NSCharacterSet::punctuationCharacterSet},
+        {u"symbol"_s, NSCharacterSet::symbolCharacterSet},
+        {u"uppercaseLetter"_s, NSCharacterSet::uppercaseLetterCharacterSet},
+        {u"whitespace"_s, NSCharacterSet::whitespaceCharacterSet},
+        {u"whitespaceAndNewline"_s, NSCharacterSet::whitespaceAndNewlineCharacterSet},
     };
     if (name.endsWith(u" inverted"))
         return characterSetNamed(name.chopped(9)).invertedSet();
@@ -32,10 +34,10 @@ NSCharacterSet testing_support::characterSetNamed(const QString &name)
 
 NSCharacterSet testing_support::characterSetFrom(const QJsonObject &arguments)
 {
-    if (arguments.contains(QStringLiteral("named"))) {
-        const auto set = characterSetNamed(arguments.value(QStringLiteral("named")).toString());
-        return arguments.value(QStringLiteral("inverted")).toBool() ? set.invertedSet() : set;
+    if (arguments.contains(u"named"_s)) {
+        const auto set = characterSetNamed(arguments.value(u"named"_s).toString());
+        return arguments.value(u"inverted"_s).toBool() ? set.invertedSet() : set;
     }
     return NSCharacterSet::characterSetWithCharactersInString(
-        arguments.value(QStringLiteral("chars")).toString());
+        arguments.value(u"chars"_s).toString());
 }

@@ -12,6 +12,8 @@
 #include <ctime>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 void PrintTo(const QString &text, std::ostream *stream)
 {
     if (text.isNull())
@@ -114,22 +116,22 @@ const QList<QString> &hostileTexts()
 {
     static const QList<QString> texts = {
         QString(),
-        QStringLiteral(""),
-        QStringLiteral(" \t\n"),
+        u""_s,
+        u" \t\n"_s,
         QString(QChar(0xD800)),
         QString(QChar(0xDC00)) + u'a' + QChar(0xD83D),
-        QStringLiteral("e\u0301\u0301\u0301"),
-        QStringLiteral("\u0301"),
-        QStringLiteral("a%1b").arg(QChar(0)),
-        QStringLiteral("\u202Eשם משפחה"),
-        QStringLiteral("الاسم الأول"),
-        QStringLiteral("姓 名"),
-        QStringLiteral("👩‍👩‍👧 😀"),
-        QStringLiteral("%@ %s %n %d"),
-        megabyteOf(QStringLiteral("a")),
-        megabyteOf(QStringLiteral(" a")),
-        megabyteOf(QStringLiteral(" ")),
-        megabyteOf(QStringLiteral("Ä-.😀")),
+        u"e\u0301\u0301\u0301"_s,
+        u"\u0301"_s,
+        u"a%1b"_s.arg(QChar(0)),
+        u"\u202Eשם משפחה"_s,
+        u"الاسم الأول"_s,
+        u"姓 名"_s,
+        u"👩‍👩‍👧 😀"_s,
+        u"%@ %s %n %d"_s,
+        megabyteOf(u"a"_s),
+        megabyteOf(u" a"_s),
+        megabyteOf(u" "_s),
+        megabyteOf(u"Ä-.😀"_s),
     };
     return texts;
 }

@@ -10,6 +10,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 QMessageBox::Icon iconFor(NSAlertStyle style)
 {
@@ -26,7 +28,7 @@ QMessageBox::Icon iconFor(NSAlertStyle style)
 /// A title in which "&" is a letter like others.
 QString buttonText(const QString &title)
 {
-    return QString(title).replace(u'&', QStringLiteral("&&"));
+    return QString(title).replace(u'&', u"&&"_s);
 }
 
 void addButtons(QMessageBox &box, const QString &defaultButton, const QString &alternateButton,
@@ -63,7 +65,7 @@ void setInformativeText(QMessageBox &box, const QString &text)
     // The rest, behind a button.
     if (text.size() > LongestShown)
         box.setDetailedText(beginningOf(text, LongestDetail));
-    if (auto *const label = box.findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel")))
+    if (auto *const label = box.findChild<QLabel *>(u"qt_msgbox_informativelabel"_s))
         label->setTextFormat(Qt::PlainText);
 }
 } // namespace

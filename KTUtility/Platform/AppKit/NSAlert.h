@@ -34,9 +34,9 @@ enum NSAlertStyle {
 /// the alert is like Escape.
 ///
 /// \code
-/// auto *alert = new NSAlert(QStringLiteral("Delete the record?"), QStringLiteral("Delete"),
-///                           QStringLiteral("Keep"), QString(),
-///                           QStringLiteral("This cannot be undone."));
+/// auto *alert = new NSAlert(u"Delete the record?"_s, u"Delete"_s,
+///                           u"Keep"_s, QString(),
+///                           u"This cannot be undone."_s);
 /// alert->setShowsSuppressionButton(true);
 /// alert->beginSheetModalForWindow(window, [](NSAlert *alert, int returnCode) { … });
 /// \endcode

@@ -26,7 +26,7 @@ class NSSelectionProxy;
 /// NSArrayController controller;
 /// controller.setContent({QVariant::fromValue(ada), QVariant::fromValue(bob)});
 /// controller.setSelectionIndexes({0});
-/// view->bind(NSValueBinding, &controller, QStringLiteral("selection.name"), {});
+/// view->bind(NSValueBinding, &controller, u"selection.name"_s, {});
 /// \endcode
 class KTUTILITY_EXPORT NSArrayController : public QObject
 {

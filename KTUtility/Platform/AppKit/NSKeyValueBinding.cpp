@@ -1,10 +1,12 @@
 #include "NSKeyValueBinding.h"
 
+using namespace Qt::StringLiterals;
+
 NSKeyValueBinding::~NSKeyValueBinding() = default;
 
-const QString NSValueBinding = QStringLiteral("value");
-const QString NSValueTransformerBindingOption = QStringLiteral("NSValueTransformer");
-const QString NSValueTransformerNameBindingOption = QStringLiteral("NSValueTransformerName");
+const QString NSValueBinding = u"value"_s;
+const QString NSValueTransformerBindingOption = u"NSValueTransformer"_s;
+const QString NSValueTransformerNameBindingOption = u"NSValueTransformerName"_s;
 
 QVariantMap
 NSBindingOptions::withTransformer(const std::shared_ptr<NSValueTransformer> &transformer)

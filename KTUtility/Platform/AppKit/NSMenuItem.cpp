@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr char ActionProperty[] = "_ns_action";
 constexpr char TargetProperty[] = "_ns_target";
@@ -80,7 +82,7 @@ QAction *NSMenuItem::addItem(QMenu *menu, const QString &title, const NSSelector
 {
     keepValidated(menu);
     // In Qt a "&" marks the letter of a shortcut; titles here have none.
-    QAction *item = menu->addAction(QString(title).replace(u'&', QStringLiteral("&&")));
+    QAction *item = menu->addAction(QString(title).replace(u'&', u"&&"_s));
     item->setProperty(TargetProperty, QVariant::fromValue(QPointer<QObject>(target)));
     if (!action.isNull()) {
         item->setProperty(ActionProperty, action.text());
@@ -91,7 +93,7 @@ QAction *NSMenuItem::addItem(QMenu *menu, const QString &title, const NSSelector
 
 QString NSMenuItem::title(const QAction *item)
 {
-    return item->text().replace(QStringLiteral("&&"), QStringLiteral("&"));
+    return item->text().replace(u"&&"_s, u"&"_s);
 }
 
 int NSMenuItem::tag(const QAction *item)

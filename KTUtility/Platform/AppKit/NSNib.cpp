@@ -8,6 +8,8 @@
 #include <QMetaProperty>
 #include <QUiLoader>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr const char *DelegateOutlet = "delegateOutlet";
 
@@ -92,14 +94,14 @@ void connectAndAwake(QWidget *root, QObject *owner)
 
 QString failureOfFile(const QFile &file)
 {
-    return file.fileName().isEmpty() ? QStringLiteral("there is no such file") : file.errorString();
+    return file.fileName().isEmpty() ? u"there is no such file"_s : file.errorString();
 }
 
 /// The form's widgets; null with the reason.
 std::unique_ptr<QWidget> load(const QString &path, QString *error)
 {
     if (!qobject_cast<QApplication *>(QCoreApplication::instance())) {
-        *error = QStringLiteral("there is no application for windows");
+        *error = u"there is no application for windows"_s;
         return nullptr;
     }
     QFile file(path);

@@ -24,7 +24,7 @@ struct NSNotification
 /// class EditorController : public NSWindowController
 /// {
 /// public:
-///     EditorController() : NSWindowController(QStringLiteral("/path/Editor.ui")) {}
+///     EditorController() : NSWindowController(u"/path/Editor.ui"_s) {}
 ///
 /// protected:
 ///     void windowDidLoad() override { outlet<QLineEdit>(u"name"_s)->setFocus(); }

@@ -6,6 +6,8 @@
 
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// A date on its way to text: the wall clock, and what names things.
 class CalendarWriter
@@ -29,12 +31,12 @@ public:
 private:
     static QString number(qint64 value, int digits)
     {
-        return QStringLiteral("%1").arg(value, digits, 10, QLatin1Char('0'));
+        return u"%1"_s.arg(value, digits, 10, QLatin1Char('0'));
     }
 
     QString name(NSDateFormatterSymbols kind, int index) const
     {
-        return _environment.symbolsOf(kind).value(index, QStringLiteral(""));
+        return _environment.symbolsOf(kind).value(index, u""_s);
     }
 
     QString dateText(char16_t directive) const
@@ -93,7 +95,7 @@ private:
     {
         switch (directive) {
         case u'%':
-            return QStringLiteral("%");
+            return u"%"_s;
         case u'c':
             return styledText(NSDateFormatterShortStyle, NSDateFormatterMediumStyle);
         case u'x':
@@ -147,7 +149,7 @@ QString NSCalendarDateFormat::stringOf(const QString &pattern, qint64 time,
                                        const NSTimeZoneRules &rules)
 {
     const CalendarWriter writer(time, environment, rules);
-    QString result = QStringLiteral("");
+    QString result = u""_s;
     for (qsizetype at = 0; at < pattern.size(); ++at) {
         const bool isDirective = pattern[at] == u'%' && at + 1 < pattern.size();
         const QString text = isDirective ? writer.textOf(pattern[at + 1].unicode()) : QString();

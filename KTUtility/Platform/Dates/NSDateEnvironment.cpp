@@ -12,6 +12,8 @@
 #include <QMutex>
 #include <QMutexLocker>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// Newer locale data separate with special spaces, which nobody can type.
 QString withPlainBlanks(QString pattern)
@@ -216,7 +218,7 @@ QString NSDateEnvironment::patternOfStyles(unsigned date, unsigned time) const
     const QString &datePattern = _datePatterns[date];
     const QString &timePattern = _timePatterns[time];
     if (datePattern.isEmpty() && timePattern.isEmpty())
-        return QStringLiteral("");
+        return u""_s;
     if (datePattern.isEmpty() || timePattern.isEmpty())
         return datePattern + timePattern;
     return datePattern + u' ' + timePattern;

@@ -4,11 +4,12 @@
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 #include <KTUtility/Platform/Values/NSScanner.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 const QString &formattingError()
 {
-    static const QString text =
-        QStringLiteral("Formatting error: the text cannot be read as a date.");
+    static const QString text = u"Formatting error: the text cannot be read as a date."_s;
     return text;
 }
 

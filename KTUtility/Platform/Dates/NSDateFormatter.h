@@ -68,10 +68,10 @@ enum class NSDateFormatterSymbols {
 ///
 /// \code
 /// NSDateFormatter formatter;
-/// formatter.setLocale(NSLocale(QStringLiteral("en_US")));
+/// formatter.setLocale(NSLocale(u"en_US"_s));
 /// formatter.setTimeZone(QTimeZone("America/New_York"));
-/// formatter.setDateFormat(QStringLiteral("M/d/yy"));
-/// const QDateTime date = formatter.dateFromString(QStringLiteral("3/5/08"));
+/// formatter.setDateFormat(u"M/d/yy"_s);
+/// const QDateTime date = formatter.dateFromString(u"3/5/08"_s);
 /// formatter.stringFromDate(date);     // "3/5/08"
 ///
 /// formatter.setDateStyle(NSDateFormatterLongStyle);
@@ -79,8 +79,8 @@ enum class NSDateFormatterSymbols {
 ///
 /// NSRange range{0, 14};
 /// QVariant value;
-/// formatter.setDateFormat(QStringLiteral("M/d/yy"));
-/// formatter.getObjectValue(&value, QStringLiteral("3/5/08 5:30 PM"), &range, nullptr);    // true
+/// formatter.setDateFormat(u"M/d/yy"_s);
+/// formatter.getObjectValue(&value, u"3/5/08 5:30 PM"_s, &range, nullptr);    // true
 /// range.length;   // 6: " 5:30 PM" is left
 /// \endcode
 class KTUTILITY_EXPORT NSDateFormatter : public NSFormatter

@@ -4,6 +4,8 @@
 #include "NSDateWriter_p.h"
 #include "NSNaturalLanguageDate_p.h"
 
+using namespace Qt::StringLiterals;
+
 const NSLocale &NSDateFormatter::Private::knownLocale() const
 {
     if (!locale)
@@ -76,7 +78,7 @@ QString NSDateFormatter::Private::stringOf(qint64 time) const
 {
     if (isOldBehavior())
         return NSCalendarDateFormat::stringOf(patternText(), time, environment(), rules());
-    QString text = QStringLiteral("");
+    QString text = u""_s;
     if (!NSDateWriter::write(pattern(), environment(), rules(), time, &text))
         text = NSDateEngine::engineOf(environment(), rules(), isLenient).stringOf(pattern(), time);
     return text;

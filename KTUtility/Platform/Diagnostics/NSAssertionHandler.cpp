@@ -5,13 +5,14 @@
 
 #include <QObject>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 thread_local NSAssertionHandler *replacement = nullptr;
 }
 
 NSAssertionSubject::NSAssertionSubject(const QObject *object)
-    : _className(object ? QString::fromLatin1(object->metaObject()->className())
-                        : QStringLiteral("(null)"))
+    : _className(object ? QString::fromLatin1(object->metaObject()->className()) : u"(null)"_s)
 {
 }
 

@@ -7,14 +7,14 @@
 #include <cerrno>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 QString linePrefix()
 {
-    const QString time =
-        QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"));
+    const QString time = QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH:mm:ss.zzz"_s);
     return time + u' ' + QString::fromLocal8Bit(program_invocation_short_name) + u'[' +
-           QString::number(::getpid()) + u':' + QString::number(::gettid(), 16) +
-           QStringLiteral("] ");
+           QString::number(::getpid()) + u':' + QString::number(::gettid(), 16) + u"] "_s;
 }
 } // namespace
 

@@ -13,6 +13,8 @@
 #include <dirent.h>
 #include <dlfcn.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// Settings files are named after the host, so that its name must be usable as a file name.
 bool canNameFile(const QString &name)
@@ -49,7 +51,7 @@ QString NSBundle::bundlePathForExecutable(const QString &executable)
 const NSBundle &NSBundle::mainBundle()
 {
     static const NSBundle bundle(
-        bundlePathForExecutable(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))));
+        bundlePathForExecutable(QFile::symLinkTarget(u"/proc/self/exe"_s)));
     return bundle;
 }
 
@@ -101,12 +103,12 @@ QString NSBundle::textForKey(const QString &key) const
 
 QString NSBundle::bundleIdentifier() const
 {
-    return textForKey(QStringLiteral("CFBundleIdentifier"));
+    return textForKey(u"CFBundleIdentifier"_s);
 }
 
 QString NSBundle::principalClassName() const
 {
-    return textForKey(QStringLiteral("NSPrincipalClass"));
+    return textForKey(u"NSPrincipalClass"_s);
 }
 
 QStringList NSBundle::pathsForResourcesOfType(const QString &type, const QString &inDirectory)
@@ -130,7 +132,7 @@ QStringList NSBundle::pathsForResourcesOfType(const QString &type, const QString
 
 QString NSBundle::executableName() const
 {
-    const QString named = textForKey(QStringLiteral("CFBundleExecutable"));
+    const QString named = textForKey(u"CFBundleExecutable"_s);
     if (!named.isNull())
         return canNameFile(named) ? named : QString();
     return NSString::stringByDeletingPathExtension(NSString::lastPathComponent(_path));
@@ -157,7 +159,7 @@ QString NSBundle::openCode()
 {
     const QString executable = executablePath();
     if (executable.isNull())
-        return QStringLiteral("there is no executable in ") + _path;
+        return u"there is no executable in "_s + _path;
     QString error;
     _code->module = NSModule::open(executable, _path, &error);
     return error;
@@ -187,7 +189,7 @@ const NSClass *NSBundle::classNamed(const QString &name, QString *error)
         return nullptr;
     const NSClass *const found = _code->module->classNamed(name);
     if (!found && error)
-        *error = executablePath() + QStringLiteral(" registers no class ") + name;
+        *error = executablePath() + u" registers no class "_s + name;
     return found;
 }
 
@@ -203,5 +205,5 @@ QString NSHostIdentifier()
         if (canNameFile(name))
             return name;
     }
-    return QStringLiteral("org.cobble.Cobble");
+    return u"org.cobble.Cobble"_s;
 }

@@ -19,7 +19,7 @@ class NSClass;
 /// \code
 /// NSBundle::mainBundle().bundleIdentifier();    // "org.cobble.Cobble"
 ///
-/// NSBundle plugIn(QStringLiteral("/opt/Cobble/PlugIns/CSV.bundle"));
+/// NSBundle plugIn(u"/opt/Cobble/PlugIns/CSV.bundle"_s);
 /// QString error;
 /// if (const NSClass *exporterClass = plugIn.principalClass(&error))
 ///     std::unique_ptr<QObject> exporter = exporterClass->newInstance();

@@ -8,7 +8,7 @@
 ///
 /// \code
 /// NSFileManager::createDirectoryAtPath(folder, false);
-/// NSFileManager::copyItemAtPath(QStringLiteral("/tmp/photo.jpg"), folder + u"/photo.jpg");
+/// NSFileManager::copyItemAtPath(u"/tmp/photo.jpg"_s, folder + u"/photo.jpg");
 /// NSFileManager::removeItemAtPath(folder);    // with all that it holds
 /// \endcode
 namespace NSFileManager {

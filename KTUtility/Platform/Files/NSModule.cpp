@@ -17,6 +17,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// A file descriptor that is closed at the end.
 class Descriptor
@@ -41,7 +43,7 @@ public:
     /// The path of the file that is open.
     QString path() const
     {
-        return QFile::symLinkTarget(QStringLiteral("/proc/self/fd/") + QString::number(_number));
+        return QFile::symLinkTarget(u"/proc/self/fd/"_s + QString::number(_number));
     }
 
 private:
@@ -86,11 +88,11 @@ QString refusalOfFile(int file)
 {
     struct stat status = {};
     if (::fstat(file, &status) != 0 || !S_ISREG(status.st_mode))
-        return QStringLiteral("is not a file");
+        return u"is not a file"_s;
     if ((status.st_mode & S_IWOTH) != 0)
-        return QStringLiteral("is writable by others");
+        return u"is writable by others"_s;
     if (!isWhole(file, quint64(status.st_size)))
-        return QStringLiteral("is incomplete");
+        return u"is incomplete"_s;
     return {};
 }
 
@@ -122,15 +124,14 @@ QString refusalOfFolders(const QString &file, const QString &bundlePath)
 {
     const QString bundle = QFileInfo(bundlePath).canonicalFilePath();
     if (bundle.isEmpty() || !file.startsWith(bundle + u'/'))
-        return file + QStringLiteral(" lies outside of the bundle");
+        return file + u" lies outside of the bundle"_s;
     const QString last = NSString::stringByDeletingLastPathComponent(bundle);
     QStringList folders;
     for (QString folder = file; folder != last; folders += folder)
         folder = NSString::stringByDeletingLastPathComponent(folder);
     folders += foldersHolding(bundlePath);
     const auto found = std::find_if(folders.cbegin(), folders.cend(), isWritableByOthers);
-    return found == folders.cend() ? QString()
-                                   : QString(*found + QStringLiteral(" is writable by others"));
+    return found == folders.cend() ? QString() : QString(*found + u" is writable by others"_s);
 }
 
 QString refusalOf(const Descriptor &file, const QString &executable, const QString &bundlePath)
@@ -182,7 +183,7 @@ std::unique_ptr<NSModule> NSModule::open(const QString &executable, const QStrin
 {
     Descriptor file(executable);
     if (file.number() < 0) {
-        *error = executable + QStringLiteral(": ") + qt_error_string(errno);
+        *error = executable + u": "_s + qt_error_string(errno);
         return nullptr;
     }
     *error = refusalOf(file, executable, bundlePath);

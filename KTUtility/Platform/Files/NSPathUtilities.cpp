@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// The path with runs of "/" made one. Nil stays nil, and "" stays "".
 QString withSingleSlashes(const QString &path)
@@ -64,9 +66,9 @@ QStringList NSString::pathComponents(const QString &path)
 {
     QStringList components = path.split(u'/', Qt::SkipEmptyParts);
     if (path.startsWith(u'/'))
-        components.prepend(QStringLiteral("/"));
+        components.prepend(u"/"_s);
     if (components.size() > 1 && path.endsWith(u'/'))
-        components.append(QStringLiteral("/"));
+        components.append(u"/"_s);
     return components;
 }
 
@@ -87,7 +89,7 @@ QString NSString::stringByDeletingLastPathComponent(const QString &path)
     if (whole.isEmpty())
         return whole;
     const qsizetype slash = whole.lastIndexOf(u'/');
-    return slash == 0 ? QStringLiteral("/") : whole.left(std::max<qsizetype>(slash, 0));
+    return slash == 0 ? u"/"_s : whole.left(std::max<qsizetype>(slash, 0));
 }
 
 QString NSString::stringByAppendingPathComponent(const QString &path, const QString &component)
@@ -102,7 +104,7 @@ QString NSString::pathExtension(const QString &path)
     const QString whole = compressed(path);
     const qsizetype dot = dotOf(whole);
     if (dot < 0)
-        return path.isNull() ? QString() : QStringLiteral("");
+        return path.isNull() ? QString() : u""_s;
     return whole.mid(dot + 1);
 }
 

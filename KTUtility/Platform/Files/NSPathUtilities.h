@@ -10,10 +10,10 @@
 /// path gives nil; a component that is appended to nil or "" stands alone.
 ///
 /// \code
-/// NSString::lastPathComponent(QStringLiteral("/tmp/photo.0.jpg"));             // "photo.0.jpg"
-/// NSString::pathExtension(QStringLiteral("/tmp/photo.0.jpg"));                 // "jpg"
-/// NSString::stringByDeletingPathExtension(QStringLiteral("photo.0.jpg"));      // "photo.0"
-/// NSString::stringByAppendingPathComponent(QStringLiteral("/tmp"), QStringLiteral("a"));
+/// NSString::lastPathComponent(u"/tmp/photo.0.jpg"_s);             // "photo.0.jpg"
+/// NSString::pathExtension(u"/tmp/photo.0.jpg"_s);                 // "jpg"
+/// NSString::stringByDeletingPathExtension(u"photo.0.jpg"_s);      // "photo.0"
+/// NSString::stringByAppendingPathComponent(u"/tmp"_s, u"a"_s);
 ///     // "/tmp/a"
 /// \endcode
 namespace NSString {

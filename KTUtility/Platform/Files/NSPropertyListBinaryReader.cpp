@@ -12,6 +12,8 @@
 #include <bit>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 using NSPropertyListSerialization::MaximumDepth;
 
@@ -200,8 +202,7 @@ private:
     QVariant readUID(quint64 offset) const
     {
         const quint64 size = (quint8(_data[qsizetype(offset)]) & 0x0F) + 1u;
-        return QVariantMap{
-            {QStringLiteral("CF$UID"), unsignedInteger(readNumber(offset + 1, size))}};
+        return QVariantMap{{u"CF$UID"_s, unsignedInteger(readNumber(offset + 1, size))}};
     }
 
     QVariant readConstant(quint8 marker) const
@@ -262,7 +263,7 @@ QVariant readBinaryPropertyList(const QByteArray &data, QString *error)
     try {
         return BinaryReader(data).read();
     } catch (const Failure &failure) {
-        *error = QStringLiteral("binary property list: ") + failure.reason;
+        *error = u"binary property list: "_s + failure.reason;
         return {};
     }
 }

@@ -16,6 +16,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 using ReadingResult = NSDictionaryReading::Result;
 using NSPropertyListSerialization::MaximumSize;
@@ -102,7 +104,7 @@ QVariant NSPropertyListSerialization::propertyListFromData(const QByteArray &dat
     QString ignored;
     QString *const text = error ? error : &ignored;
     if (data.size() > MaximumSize) {
-        *text = QStringLiteral("larger than %1 bytes").arg(MaximumSize);
+        *text = u"larger than %1 bytes"_s.arg(MaximumSize);
         return {};
     }
     if (data.startsWith("bplist00"))

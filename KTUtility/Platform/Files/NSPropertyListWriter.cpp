@@ -10,6 +10,8 @@
 #include <charconv>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 using NSPropertyListSerialization::MaximumDepth;
 
@@ -77,7 +79,7 @@ public:
         _bytes += "</plist>\n";
         if (_bytes.size() > NSPropertyListSerialization::MaximumSize) {
             if (error)
-                *error = QStringLiteral("larger than what can be read back");
+                *error = u"larger than what can be read back"_s;
             return {};
         }
         return _bytes;
@@ -98,8 +100,7 @@ private:
     bool writeText(const char *tag, const QString &text, int depth)
     {
         if (!fitsXML(text))
-            return fail(QStringLiteral("a text with characters that XML cannot hold: ") +
-                        text.left(40));
+            return fail(u"a text with characters that XML cannot hold: "_s + text.left(40));
         writeLine(depth, QByteArray("<") + tag + '>' + escaped(text) + "</" + tag + '>');
         return true;
     }
@@ -119,8 +120,8 @@ private:
     {
         const QDateTime utc = date.toUTC();
         if (!utc.isValid())
-            return fail(QStringLiteral("an invalid date"));
-        const QString rest = utc.toString(QStringLiteral("-MM-ddTHH:mm:ssZ"));
+            return fail(u"an invalid date"_s);
+        const QString rest = utc.toString(u"-MM-ddTHH:mm:ssZ"_s);
         writeLine(depth, "<date>" + yearText(utc.date().year()) + rest.toLatin1() + "</date>");
         return true;
     }
@@ -169,7 +170,7 @@ private:
     bool writeValue(const QVariant &value, int depth)
     {
         if (depth > MaximumDepth)
-            return fail(QStringLiteral("nested too deep"));
+            return fail(u"nested too deep"_s);
         switch (value.typeId()) {
         case QMetaType::Bool:
             writeLine(depth, value.toBool() ? "<true/>" : "<false/>");
@@ -194,7 +195,7 @@ private:
             writeLine(depth, "<real>" + realText(value.toDouble()) + "</real>");
             return true;
         case QMetaType::QString:
-            return value.toString().isNull() ? fail(QStringLiteral("nil"))
+            return value.toString().isNull() ? fail(u"nil"_s)
                                              : writeText("string", value.toString(), depth);
         case QMetaType::QDateTime:
             return writeDate(value.toDateTime(), depth);
@@ -209,9 +210,9 @@ private:
         default:
             if (value.metaType() == QMetaType::fromType<NSDecimalNumber>())
                 return writeDecimal(value.value<NSDecimalNumber>(), depth);
-            return fail(value.isValid() ? QStringLiteral("no property list type: ") +
-                                              QString::fromLatin1(value.typeName())
-                                        : QStringLiteral("nil"));
+            return fail(value.isValid()
+                            ? u"no property list type: "_s + QString::fromLatin1(value.typeName())
+                            : u"nil"_s);
         }
     }
 

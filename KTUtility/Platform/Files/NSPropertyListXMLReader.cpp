@@ -10,6 +10,8 @@
 #include <limits>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 using NSPropertyListSerialization::MaximumDepth;
 
@@ -66,7 +68,7 @@ std::optional<QVariant> realFrom(QStringView text)
 std::optional<QVariant> dateFrom(const QString &text)
 {
     static const QRegularExpression form(
-        QStringLiteral("\\A(-?)(\\d{1,9})-(\\d\\d)-(\\d\\d)T(\\d\\d):(\\d\\d):(\\d\\d)Z\\z"));
+        u"\\A(-?)(\\d{1,9})-(\\d\\d)-(\\d\\d)T(\\d\\d):(\\d\\d):(\\d\\d)Z\\z"_s);
     const QRegularExpressionMatch match = form.match(text);
     if (!match.hasMatch())
         return std::nullopt;
@@ -99,13 +101,13 @@ public:
         if (isInside || (!_xml.hasError() && _xml.isStartElement()))
             result = readValue(0);
         else
-            fail(QStringLiteral("no property list"));
+            fail(u"no property list"_s);
         if (!_xml.hasError() && readNextElement())
-            fail(QStringLiteral("more than one value"));
+            fail(u"more than one value"_s);
         while (!_xml.atEnd() && !_xml.hasError())
             _xml.readNext();
         if (_xml.hasError()) {
-            *error = QStringLiteral("line %1: %2").arg(_xml.lineNumber()).arg(_xml.errorString());
+            *error = u"line %1: %2"_s.arg(_xml.lineNumber()).arg(_xml.errorString());
             return {};
         }
         return result;
@@ -130,7 +132,7 @@ private:
                 return false;
             if (!_xml.entityDeclarations().isEmpty() || _xml.isEntityReference() ||
                 (_xml.isCharacters() && !_xml.isWhitespace()))
-                fail(QStringLiteral("text between elements"));
+                fail(u"text between elements"_s);
         }
         return false;
     }
@@ -138,12 +140,12 @@ private:
     /// The text of the current element; empty, but never nil.
     QString readText()
     {
-        QString text = QStringLiteral("");
+        QString text = u""_s;
         while (!_xml.hasError() && _xml.readNext() != QXmlStreamReader::EndElement) {
             if (_xml.isCharacters())
                 text += _xml.text();
             else if (!_xml.isComment() && !_xml.isProcessingInstruction())
-                fail(QStringLiteral("an element or entity inside of a value"));
+                fail(u"an element or entity inside of a value"_s);
         }
         return text;
     }
@@ -151,7 +153,7 @@ private:
     QVariant checked(const std::optional<QVariant> &value, const char *what)
     {
         if (!value)
-            fail(QStringLiteral("not %1").arg(QLatin1String(what)));
+            fail(u"not %1"_s.arg(QLatin1String(what)));
         return value.value_or(QVariant());
     }
 
@@ -168,14 +170,14 @@ private:
         QVariantMap dictionary;
         while (!_xml.hasError() && readNextElement()) {
             if (_xml.name() != u"key") {
-                fail(QStringLiteral("a value without a key"));
+                fail(u"a value without a key"_s);
                 break;
             }
             const QString key = readText();
             if (_xml.hasError())
                 break;
             if (!readNextElement()) {
-                fail(QStringLiteral("a key without a value"));
+                fail(u"a key without a value"_s);
                 break;
             }
             dictionary.insert(key, readValue(depth + 1));
@@ -186,7 +188,7 @@ private:
     QVariant readBoolean(bool value)
     {
         if (!readText().isEmpty())
-            fail(QStringLiteral("text in a boolean"));
+            fail(u"text in a boolean"_s);
         return value;
     }
 
@@ -196,7 +198,7 @@ private:
         const qint64 start = _xml.characterOffset();
         const QString text = readText();
         if (text.isEmpty() && _xml.characterOffset() == start)
-            fail(QStringLiteral("empty data element"));
+            fail(u"empty data element"_s);
         const QByteArray data = dataFrom(text);
         return data.isNull() ? QByteArray("") : data;
     }
@@ -204,7 +206,7 @@ private:
     QVariant readValue(int depth)
     {
         if (depth > MaximumDepth) {
-            fail(QStringLiteral("nested too deep"));
+            fail(u"nested too deep"_s);
             return {};
         }
         const QString name = _xml.name().toString();
@@ -224,7 +226,7 @@ private:
             return checked(dateFrom(readText()), "a date");
         if (name == u"data")
             return readData();
-        fail(QStringLiteral("unknown element <%1>").arg(name));
+        fail(u"unknown element <%1>"_s.arg(name));
         return {};
     }
 

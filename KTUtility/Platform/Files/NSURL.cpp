@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 bool isHexDigit(char16_t unit)
 {
@@ -59,7 +61,7 @@ std::optional<NSURL> NSURL::fileURLWithPath(const QString &path)
         return std::nullopt;
     QString escaped = NSString::stringByAddingPercentEscapes(path);
     // These may stand in a URL, but would end its path.
-    escaped.replace(u'?', QStringLiteral("%3F")).replace(u';', QStringLiteral("%3B"));
+    escaped.replace(u'?', u"%3F"_s).replace(u';', u"%3B"_s);
     return escaped.isNull() ? std::nullopt : URLWithString(u"file://" + escaped);
 }
 
@@ -83,6 +85,5 @@ QString NSURL::path() const
     }
     if (rest.size() > 1 && rest.endsWith(u'/'))
         rest.chop(1);
-    return NSString::stringByReplacingPercentEscapes(rest.isEmpty() ? QStringLiteral("")
-                                                                    : rest.toString());
+    return NSString::stringByReplacingPercentEscapes(rest.isEmpty() ? u""_s : rest.toString());
 }

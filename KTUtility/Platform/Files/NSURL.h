@@ -14,11 +14,11 @@
 /// which is which characters may stand in a URL, and no more.
 ///
 /// \code
-/// const auto url = NSURL::URLWithString(QStringLiteral("cobblemedia://Photo.0.jpg"));
+/// const auto url = NSURL::URLWithString(u"cobblemedia://Photo.0.jpg"_s);
 /// url->absoluteString();    // "cobblemedia://Photo.0.jpg"
 /// url->scheme();            // "cobblemedia"
-/// NSURL::URLWithString(QStringLiteral("http://a b"));    // std::nullopt
-/// NSURL::fileURLWithPath(QStringLiteral("/tmp/a b"))->absoluteString();    // "file:///tmp/a%20b"
+/// NSURL::URLWithString(u"http://a b"_s);    // std::nullopt
+/// NSURL::fileURLWithPath(u"/tmp/a b"_s)->absoluteString();    // "file:///tmp/a%20b"
 /// \endcode
 class KTUTILITY_EXPORT NSURL
 {

@@ -10,7 +10,7 @@
 /// Downloads, while the calling thread waits.
 ///
 /// \code
-/// const auto url = NSURL::URLWithString(QStringLiteral("http://example.com/photo.jpg"));
+/// const auto url = NSURL::URLWithString(u"http://example.com/photo.jpg"_s);
 /// const std::optional<QByteArray> photo = NSURLConnection::sendSynchronousRequest(*url, 5.0);
 /// \endcode
 namespace NSURLConnection {

@@ -12,9 +12,11 @@
 #include <QCoreApplication>
 #include <QDir>
 
-const QString NSArgumentDomain = QStringLiteral("NSArgumentDomain");
-const QString NSGlobalDomain = QStringLiteral("NSGlobalDomain");
-const QString NSRegistrationDomain = QStringLiteral("NSRegistrationDomain");
+using namespace Qt::StringLiterals;
+
+const QString NSArgumentDomain = u"NSArgumentDomain"_s;
+const QString NSGlobalDomain = u"NSGlobalDomain"_s;
+const QString NSRegistrationDomain = u"NSRegistrationDomain"_s;
 
 namespace {
 void checkDomainName(const QString &name)
@@ -286,8 +288,7 @@ QStringList NSUserDefaults::persistentDomainNames() const
     const QString folder = NSDefaultsFile::folder();
     if (folder.isNull())
         return names;
-    for (const QString &file :
-         QDir(folder).entryList({QStringLiteral("*.plist")}, QDir::Files, QDir::Name))
+    for (const QString &file : QDir(folder).entryList({u"*.plist"_s}, QDir::Files, QDir::Name))
         names += file.chopped(6);
     return names;
 }

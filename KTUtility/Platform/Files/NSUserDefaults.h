@@ -24,10 +24,10 @@
 ///
 /// \code
 /// NSUserDefaults *defaults = NSUserDefaults::standardUserDefaults();
-/// defaults->registerDefaults({{QStringLiteral("rows"), 20}});
-/// defaults->integerForKey(QStringLiteral("rows"));    // 20
-/// defaults->setObject(50, QStringLiteral("rows"));    // written
-/// defaults->removeObjectForKey(QStringLiteral("rows"));    // 20 again
+/// defaults->registerDefaults({{u"rows"_s, 20}});
+/// defaults->integerForKey(u"rows"_s);    // 20
+/// defaults->setObject(50, u"rows"_s);    // written
+/// defaults->removeObjectForKey(u"rows"_s);    // 20 again
 /// \endcode
 class KTUTILITY_EXPORT NSUserDefaults : public QObject
 {

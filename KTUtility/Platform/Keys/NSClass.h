@@ -17,7 +17,7 @@
 /// it through NSBundle::classNamed(). Do not use it for classes that the compiler knows.
 ///
 /// \code
-/// const NSClass *exporterClass = bundle.classNamed(QStringLiteral("CSVExporter"));
+/// const NSClass *exporterClass = bundle.classNamed(u"CSVExporter"_s);
 /// if (exporterClass && exporterClass->conformsToProtocol(NSProtocol::of<Exporter>()))
 ///     std::unique_ptr<QObject> exporter = exporterClass->newInstance();
 /// \endcode

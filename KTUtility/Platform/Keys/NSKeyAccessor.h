@@ -21,7 +21,7 @@
 /// NSNull() for nil. A nil key has the value nil on every object.
 ///
 /// \code
-/// NSKeyAccessor name(QStringLiteral("name"));
+/// NSKeyAccessor name(u"name"_s);
 /// for (const Field *field : fields)
 ///     names += name.read(NSKeyValueTarget::of(field)).toString();
 /// \endcode

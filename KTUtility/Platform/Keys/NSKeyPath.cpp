@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 double numberOf(const QVariant &value)
 {
@@ -70,8 +72,7 @@ QVariant applyCollectionOperator(const QString &key, const QVariantList &values)
         return distinct(values);
     if (key == u"@unionOfObjects")
         return withoutNull(values);
-    NSException::raise(NSInvalidArgumentException,
-                       QStringLiteral("unknown collection operator ") + key);
+    NSException::raise(NSInvalidArgumentException, u"unknown collection operator "_s + key);
 }
 
 NSKeyPath::NSKeyPath(const QString &path)

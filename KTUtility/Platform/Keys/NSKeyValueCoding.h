@@ -10,9 +10,9 @@
 /// NSKeyAccessor instead.
 ///
 /// \code
-/// NSKeyValueCoding::valueForKey(field, QStringLiteral("name"));
-/// NSKeyValueCoding::valueForKeyPath(field, QStringLiteral("library.name"));
-/// NSKeyValueCoding::setValue(field, 3, QStringLiteral("order"));
+/// NSKeyValueCoding::valueForKey(field, u"name"_s);
+/// NSKeyValueCoding::valueForKeyPath(field, u"library.name"_s);
+/// NSKeyValueCoding::setValue(field, 3, u"order"_s);
 /// \endcode
 namespace NSKeyValueCoding {
 /// The value of \a key; see NSKeyAccessor for where it is looked for.

@@ -29,7 +29,7 @@ class NSKeyPathObserver;
 ///
 /// \code
 /// const NSKeyValueObservation observation(
-///     record, QStringLiteral("library.name"),
+///     record, u"library.name"_s,
 ///     NSKeyValueObservingOptionNew | NSKeyValueObservingOptionOld,
 ///     [&](const NSKeyValueChange &change) { show(*change.oldValue, *change.newValue); });
 /// \endcode

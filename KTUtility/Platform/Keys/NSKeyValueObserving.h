@@ -41,10 +41,10 @@ private:
 /// Observing values by key path, and telling observers of changes that no signal tells.
 ///
 /// \code
-/// NSKeyValueObserving::addObserver(record, this, QStringLiteral("library.name"),
-///                                  NSKeyValueObservingOptionNew, QStringLiteral("title"));
+/// NSKeyValueObserving::addObserver(record, this, u"library.name"_s,
+///                                  NSKeyValueObservingOptionNew, u"title"_s);
 /// …
-/// NSKeyValueObserving::removeObserver(record, this, QStringLiteral("library.name"));
+/// NSKeyValueObserving::removeObserver(record, this, u"library.name"_s);
 /// \endcode
 namespace NSKeyValueObserving {
 /// Has an observer told of changes; see NSKeyValueObservation. The same may be added several times,

@@ -2,6 +2,8 @@
 
 #include "NSSelectionMarker.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// A list or set of anything, but no text and no data.
 bool isCollection(const QVariant &value)
@@ -60,12 +62,12 @@ NSKeyValueTarget NSKeyValueTarget::ofVariant(const QVariant &value)
 
 QString NSKeyValueTarget::description() const
 {
-    QString name = QStringLiteral("NSDictionary");
+    QString name = u"NSDictionary"_s;
     if (metaObject)
         name = QString::fromLatin1(metaObject->className());
     else if (kind == Kind::Collection || kind == Kind::Opaque)
         name = QString::fromLatin1(static_cast<const QVariant *>(instance)->typeName());
     else if (kind == Kind::Null)
-        name = QStringLiteral("NSNull");
-    return u'<' + name + QStringLiteral(" 0x") + QString::number(quintptr(instance), 16) + u'>';
+        name = u"NSNull"_s;
+    return u'<' + name + u" 0x"_s + QString::number(quintptr(instance), 16) + u'>';
 }

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// Deeper parentheses are refused.
 constexpr int DeepestPredicate = 100;
@@ -207,7 +209,7 @@ NSPredicateParser::Operand NSPredicateParser::parseArgument()
 
 NSPredicateParser::Operand NSPredicateParser::parseText(QChar quote)
 {
-    QString text = QStringLiteral("");
+    QString text = u""_s;
     for (++_position; _position < _format.size(); ++_position) {
         const QChar unit = _format[_position];
         if (unit == quote) {

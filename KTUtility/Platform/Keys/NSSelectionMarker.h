@@ -10,7 +10,7 @@
 ///
 /// \code
 /// const QVariant name =
-///     NSKeyValueCoding::valueForKeyPath(controller, QStringLiteral("selection.name"));
+///     NSKeyValueCoding::valueForKeyPath(controller, u"selection.name"_s);
 /// if (NSIsControllerMarker(name))
 ///     showNothing();
 /// \endcode

@@ -11,7 +11,7 @@
 /// values of one property are looked through, are compared directly.
 ///
 /// \code
-/// const NSValueMatcher matcher(QStringLiteral("Price"));
+/// const NSValueMatcher matcher(u"Price"_s);
 /// for (const QVariant &name : names)
 ///     count += matcher.matches(name);
 /// \endcode

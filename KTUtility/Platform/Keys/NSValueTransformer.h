@@ -20,8 +20,8 @@
 /// class YesNoTransformer : public NSValueTransformer { … };
 ///
 /// NSValueTransformer::setValueTransformer(std::make_shared<YesNoTransformer>(),
-///                                         QStringLiteral("YesNo"));
-/// NSValueTransformer::valueTransformerForName(QStringLiteral("YesNo"))->transformedValue(true);
+///                                         u"YesNo"_s);
+/// NSValueTransformer::valueTransformerForName(u"YesNo"_s)->transformedValue(true);
 /// \endcode
 class KTUTILITY_EXPORT NSValueTransformer
 {

@@ -19,6 +19,8 @@
 #include <charconv>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 using icu::DecimalFormat;
 using icu::DecimalFormatSymbols;
 
@@ -86,7 +88,7 @@ QString quoted(const QString &affix)
             flush();
             text += unit;
         } else {
-            literal += unit == u'\'' ? QStringLiteral("''") : QString(unit);
+            literal += unit == u'\'' ? u"''"_s : QString(unit);
         }
     }
     flush();
@@ -358,14 +360,13 @@ const DecimalFormatSymbols *NSNumberEngine::symbols() const
 QString NSNumberEngine::symbol(DecimalFormatSymbols::ENumberFormatSymbol symbol) const
 {
     const DecimalFormatSymbols *const all = symbols();
-    return all ? NSICU::stringOf(all->getConstSymbol(symbol)) : QStringLiteral("");
+    return all ? NSICU::stringOf(all->getConstSymbol(symbol)) : u""_s;
 }
 
 QString NSNumberEngine::pattern() const
 {
     icu::UnicodeString pattern;
-    return _decimalFormat ? NSICU::stringOf(_decimalFormat->toPattern(pattern))
-                          : QStringLiteral("");
+    return _decimalFormat ? NSICU::stringOf(_decimalFormat->toPattern(pattern)) : u""_s;
 }
 
 QString NSNumberEngine::stringFromNumber(const QVariant &number) const

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// A number in decimal digits, for the value that the caller wants.
 struct ReadNumber
@@ -77,7 +79,7 @@ ReadNumber readNumber(const NSNumberEngine &engine, QStringView text)
 const NSError &noNumberError()
 {
     static const NSError error(NSCocoaErrorDomain, NSFormattingError,
-                               QStringLiteral("The text is not a number."));
+                               u"The text is not a number."_s);
     return error;
 }
 

@@ -66,10 +66,10 @@ enum NSNumberFormatterPadPosition {
 ///
 /// \code
 /// NSNumberFormatter formatter;
-/// formatter.setLocale(NSLocale(QStringLiteral("de_DE")));
+/// formatter.setLocale(NSLocale(u"de_DE"_s));
 /// formatter.setNumberStyle(NSNumberFormatterDecimalStyle);
 /// formatter.stringFromNumber(1234.5);                     // "1.234,5"
-/// formatter.numberFromString(QStringLiteral("1.234,5"));  // 1234.5
+/// formatter.numberFromString(u"1.234,5"_s);  // 1234.5
 /// \endcode
 class KTUTILITY_EXPORT NSNumberFormatter : public NSFormatter
 {

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 // The settings of the number formatter: what is not set is asked of the engine.
 
 using icu::DecimalFormat;
@@ -20,8 +22,7 @@ QString affixOf(const NSNumberEngine &engine,
                 icu::UnicodeString &(DecimalFormat::*get)(icu::UnicodeString &) const)
 {
     icu::UnicodeString text;
-    return engine.decimalFormat() ? NSICU::stringOf((engine.decimalFormat()->*get)(text))
-                                  : QStringLiteral("");
+    return engine.decimalFormat() ? NSICU::stringOf((engine.decimalFormat()->*get)(text)) : u""_s;
 }
 
 /// A number of ICU's, 0 for numbers in words.
@@ -486,12 +487,12 @@ void NSNumberFormatter::setNotANumberSymbol(const QString &symbol)
 
 QString NSNumberFormatter::positiveInfinitySymbol() const
 {
-    return _positiveInfinitySymbol.isNull() ? QStringLiteral("+∞") : _positiveInfinitySymbol;
+    return _positiveInfinitySymbol.isNull() ? u"+∞"_s : _positiveInfinitySymbol;
 }
 
 QString NSNumberFormatter::negativeInfinitySymbol() const
 {
-    return _negativeInfinitySymbol.isNull() ? QStringLiteral("-∞") : _negativeInfinitySymbol;
+    return _negativeInfinitySymbol.isNull() ? u"-∞"_s : _negativeInfinitySymbol;
 }
 
 // --- Width
@@ -510,7 +511,7 @@ void NSNumberFormatter::setFormatWidth(int width)
 QString NSNumberFormatter::paddingCharacter() const
 {
     const QString &given = _private->settings.paddingCharacter;
-    return given.isNull() ? QStringLiteral(" ") : given;
+    return given.isNull() ? u" "_s : given;
 }
 
 void NSNumberFormatter::setPaddingCharacter(const QString &character)

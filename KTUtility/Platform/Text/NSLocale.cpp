@@ -15,18 +15,20 @@
 #include <functional>
 #include <optional>
 
-const QString NSLocaleIdentifier = QStringLiteral("identifier");
-const QString NSLocaleLanguageCode = QStringLiteral("languageCode");
-const QString NSLocaleScriptCode = QStringLiteral("scriptCode");
-const QString NSLocaleCountryCode = QStringLiteral("countryCode");
-const QString NSLocaleVariantCode = QStringLiteral("variantCode");
-const QString NSLocaleCalendar = QStringLiteral("calendar");
-const QString NSLocaleCurrencyCode = QStringLiteral("currency");
-const QString NSLocaleCurrencySymbol = QStringLiteral("currencySymbol");
-const QString NSLocaleDecimalSeparator = QStringLiteral("decimalSeparator");
-const QString NSLocaleGroupingSeparator = QStringLiteral("groupingSeparator");
-const QString NSGregorianCalendar = QStringLiteral("gregorian");
-const QString NSJapaneseCalendar = QStringLiteral("japanese");
+using namespace Qt::StringLiterals;
+
+const QString NSLocaleIdentifier = u"identifier"_s;
+const QString NSLocaleLanguageCode = u"languageCode"_s;
+const QString NSLocaleScriptCode = u"scriptCode"_s;
+const QString NSLocaleCountryCode = u"countryCode"_s;
+const QString NSLocaleVariantCode = u"variantCode"_s;
+const QString NSLocaleCalendar = u"calendar"_s;
+const QString NSLocaleCurrencyCode = u"currency"_s;
+const QString NSLocaleCurrencySymbol = u"currencySymbol"_s;
+const QString NSLocaleDecimalSeparator = u"decimalSeparator"_s;
+const QString NSLocaleGroupingSeparator = u"groupingSeparator"_s;
+const QString NSGregorianCalendar = u"gregorian"_s;
+const QString NSJapaneseCalendar = u"japanese"_s;
 
 struct NSLocale::Data
 {
@@ -144,7 +146,7 @@ ChosenLocale &chosenLocale()
 QString identifierOf(const QLocale &locale)
 {
     if (locale.language() == QLocale::C)
-        return QStringLiteral("en_US");
+        return u"en_US"_s;
     const QString name = locale.name();
     const QString script = QLocale::scriptToCode(locale.script());
     if (script.isEmpty() || QLocale(name).script() == locale.script())

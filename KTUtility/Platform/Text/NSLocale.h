@@ -35,10 +35,10 @@ KTUTILITY_EXPORT extern const QString NSJapaneseCalendar;
 /// nearest known locale, in the end of none in particular ("root").
 ///
 /// \code
-/// const NSLocale germany(QStringLiteral("de_DE"));
+/// const NSLocale germany(u"de_DE"_s);
 /// germany.currencyCode();        // "EUR"
 /// germany.decimalSeparator();    // ","
-/// germany.displayNameForKey(NSLocaleCurrencySymbol, QStringLiteral("GBP"));    // "£"
+/// germany.displayNameForKey(NSLocaleCurrencySymbol, u"GBP"_s);    // "£"
 /// \endcode
 class KTUTILITY_EXPORT NSLocale
 {

@@ -6,6 +6,8 @@
 
 #include <cstring>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr char HexDigits[] = "0123456789ABCDEF";
 
@@ -28,7 +30,7 @@ QString NSString::stringByAddingPercentEscapes(const QString &text)
 {
     if (text.isNull() || !text.isValidUtf16())
         return {};
-    QString escaped = QStringLiteral("");
+    QString escaped = u""_s;
     const QByteArray bytes = text.toUtf8();
     for (const char byte : bytes) {
         if (staysAsItIs(byte)) {

@@ -7,8 +7,8 @@
 /// Percent escapes in the texts of URLs (RFC 2396), always with UTF-8.
 ///
 /// \code
-/// NSString::stringByAddingPercentEscapes(QStringLiteral("My photo.jpg"));    // "My%20photo.jpg"
-/// NSString::stringByReplacingPercentEscapes(QStringLiteral("%C3%BC.png"));   // "ü.png"
+/// NSString::stringByAddingPercentEscapes(u"My photo.jpg"_s);    // "My%20photo.jpg"
+/// NSString::stringByReplacingPercentEscapes(u"%C3%BC.png"_s);   // "ü.png"
 /// \endcode
 namespace NSString {
 /// The text with everything escaped that may not stand in a URL. Letters, digits and

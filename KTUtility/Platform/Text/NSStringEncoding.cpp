@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 bool isBelow(QStringView text, char16_t limit)
 {
@@ -44,5 +46,5 @@ QString NSString::stringWithUTF8Data(const QByteArray &data)
     QString text = decoder.decode(data);
     if (decoder.hasError())
         return {};
-    return text.isNull() ? QStringLiteral("") : text;
+    return text.isNull() ? u""_s : text;
 }

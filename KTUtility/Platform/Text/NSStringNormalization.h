@@ -11,7 +11,7 @@ namespace NSString {
 /// characters, accents stand alone. A text that is in this form already is returned as it is.
 ///
 /// \code
-/// NSString::decomposedStringWithCompatibilityMapping(QStringLiteral("１²"));    // "12"
+/// NSString::decomposedStringWithCompatibilityMapping(u"１²"_s);    // "12"
 /// \endcode
 KTUTILITY_EXPORT QString decomposedStringWithCompatibilityMapping(const QString &text);
 
@@ -19,7 +19,7 @@ KTUTILITY_EXPORT QString decomposedStringWithCompatibilityMapping(const QString 
 /// type.
 ///
 /// \code
-/// NSString::foldedStringWithCompatibilityMapping(QStringLiteral("ＵＳＤ"));    // "usd"
+/// NSString::foldedStringWithCompatibilityMapping(u"ＵＳＤ"_s);    // "usd"
 /// \endcode
 KTUTILITY_EXPORT QString foldedStringWithCompatibilityMapping(const QString &text);
 } // namespace NSString

@@ -14,8 +14,8 @@
 /// the text, and cover only what has attributes. Positions count UTF-16 units.
 ///
 /// \code
-/// NSAttributedString note(QStringLiteral("see www.example.com"));
-/// note.addAttribute(NSLinkAttributeName, QStringLiteral("http://www.example.com"), {4, 15});
+/// NSAttributedString note(u"see www.example.com"_s);
+/// note.addAttribute(NSLinkAttributeName, u"http://www.example.com"_s, {4, 15});
 /// note.attribute(NSLinkAttributeName, 5).toString();    // "http://www.example.com"
 /// layout.setText(note.string());
 /// layout.setFormats(note.formats());

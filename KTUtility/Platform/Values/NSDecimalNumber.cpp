@@ -12,6 +12,8 @@
 #include <limits>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 using Coefficient = NSCoefficient;
 
@@ -277,7 +279,7 @@ NSDecimalNumber NSDecimalNumber::minimumDecimalNumber()
 QString NSDecimalNumber::description() const
 {
     if (_isNaN)
-        return QStringLiteral("NaN");
+        return u"NaN"_s;
     std::array<char, 40> buffer;
     const std::string_view digits = NSDecimalArithmetic::digits(joined(_high, _low), buffer);
     const int count = int(digits.size());

@@ -5,15 +5,14 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 // Arithmetic of decimals under a behaviour.
 
-const QString NSDecimalNumberExactnessException =
-    QStringLiteral("NSDecimalNumberExactnessException");
-const QString NSDecimalNumberOverflowException = QStringLiteral("NSDecimalNumberOverflowException");
-const QString NSDecimalNumberUnderflowException =
-    QStringLiteral("NSDecimalNumberUnderflowException");
-const QString NSDecimalNumberDivideByZeroException =
-    QStringLiteral("NSDecimalNumberDivideByZeroException");
+const QString NSDecimalNumberExactnessException = u"NSDecimalNumberExactnessException"_s;
+const QString NSDecimalNumberOverflowException = u"NSDecimalNumberOverflowException"_s;
+const QString NSDecimalNumberUnderflowException = u"NSDecimalNumberUnderflowException"_s;
+const QString NSDecimalNumberDivideByZeroException = u"NSDecimalNumberDivideByZeroException"_s;
 
 namespace {
 using Operand = std::optional<NSDecimalNumber>;
@@ -220,13 +219,13 @@ QString reasonOf(NSCalculationError error)
 {
     switch (error) {
     case NSCalculationOverflow:
-        return QStringLiteral("the result is too large for a decimal number");
+        return u"the result is too large for a decimal number"_s;
     case NSCalculationUnderflow:
-        return QStringLiteral("the result is too near to zero for a decimal number");
+        return u"the result is too near to zero for a decimal number"_s;
     case NSCalculationDivideByZero:
-        return QStringLiteral("a decimal number cannot be divided by zero");
+        return u"a decimal number cannot be divided by zero"_s;
     default:
-        return QStringLiteral("the result has more digits than a decimal number can hold");
+        return u"the result has more digits than a decimal number can hold"_s;
     }
 }
 } // namespace

@@ -2,7 +2,9 @@
 
 #include "NSStringFormat.h"
 
-const QString NSCocoaErrorDomain = QStringLiteral("NSCocoaErrorDomain");
+using namespace Qt::StringLiterals;
+
+const QString NSCocoaErrorDomain = u"NSCocoaErrorDomain"_s;
 
 QString NSError::description() const
 {

@@ -1,12 +1,14 @@
 #include "NSException.h"
 
-const QString NSInternalInconsistencyException = QStringLiteral("NSInternalInconsistencyException");
-const QString NSInvalidArgumentException = QStringLiteral("NSInvalidArgumentException");
-const QString NSRangeException = QStringLiteral("NSRangeException");
-const QString NSUndefinedKeyException = QStringLiteral("NSUnknownKeyException");
+using namespace Qt::StringLiterals;
+
+const QString NSInternalInconsistencyException = u"NSInternalInconsistencyException"_s;
+const QString NSInvalidArgumentException = u"NSInvalidArgumentException"_s;
+const QString NSRangeException = u"NSRangeException"_s;
+const QString NSUndefinedKeyException = u"NSUnknownKeyException"_s;
 
 NSException::NSException(const QString &name, const QString &reason)
-    : _name(name), _reason(reason), _what((name + QStringLiteral(": ") + reason).toUtf8())
+    : _name(name), _reason(reason), _what((name + u": "_s + reason).toUtf8())
 {
 }
 

@@ -15,7 +15,7 @@
 ///
 /// \code
 /// try {
-///     NSKeyValueCoding::valueForKey(field, QStringLiteral("nmae"));
+///     NSKeyValueCoding::valueForKey(field, u"nmae"_s);
 /// } catch (const NSException &exception) {
 ///     exception.name();   // NSUndefinedKeyException
 ///     exception.reason(); // "[<Field 0x…> valueForUndefinedKey:]: this class is not …"

@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 enum class Family {
     Nil,
@@ -231,9 +233,8 @@ size_t hashOfList(const QVariantList &list)
 QString describeDate(const QDateTime &date)
 {
     const int minutes = date.offsetFromUtc() / 60;
-    return date.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss ")) +
-           QStringLiteral("%1%2%3")
-               .arg(QChar(minutes < 0 ? u'-' : u'+'))
+    return date.toString(u"yyyy-MM-dd HH:mm:ss "_s) +
+           u"%1%2%3"_s.arg(QChar(minutes < 0 ? u'-' : u'+'))
                .arg(std::abs(minutes) / 60, 2, 10, QLatin1Char('0'))
                .arg(std::abs(minutes) % 60, 2, 10, QLatin1Char('0'));
 }
@@ -251,7 +252,7 @@ QString describeObject(QObject *object)
         QMetaObject::invokeMethod(object, "description", Qt::DirectConnection,
                                   Q_RETURN_ARG(QString, text)))
         return text;
-    return u'<' + QString::fromLatin1(metaObject->className()) + QStringLiteral(": 0x") +
+    return u'<' + QString::fromLatin1(metaObject->className()) + u": 0x"_s +
            QString::number(quintptr(object), 16) + u'>';
 }
 
@@ -282,18 +283,17 @@ QString describeList(const QVariantList &list, int depth)
     QStringList lines;
     for (const QVariant &element : list)
         lines += indent + describeElement(element, depth + 1);
-    return QStringLiteral("(\n") + lines.join(QStringLiteral(",\n")) +
-           (lines.isEmpty() ? QString() : QStringLiteral("\n")) +
+    return u"(\n"_s + lines.join(u",\n"_s) + (lines.isEmpty() ? QString() : u"\n"_s) +
            QString(qsizetype(depth) * 4, u' ') + u')';
 }
 
 QString describeMap(const QVariantMap &map, int depth)
 {
     const QString indent(qsizetype(depth + 1) * 4, u' ');
-    QString text = QStringLiteral("{\n");
+    QString text = u"{\n"_s;
     for (auto entry = map.begin(); entry != map.end(); ++entry)
-        text += indent + describeElement(entry.key(), depth + 1) + QStringLiteral(" = ") +
-                describeElement(entry.value(), depth + 1) + QStringLiteral(";\n");
+        text += indent + describeElement(entry.key(), depth + 1) + u" = "_s +
+                describeElement(entry.value(), depth + 1) + u";\n"_s;
     return text + QString(qsizetype(depth) * 4, u' ') + u'}';
 }
 
@@ -322,11 +322,11 @@ QString describeOther(const QVariant &value)
 QString describeAtDepth(const QVariant &value, int depth)
 {
     if (NSObject::isNil(value))
-        return QStringLiteral("(null)");
+        return u"(null)"_s;
     if (isNSNull(value))
-        return QStringLiteral("<null>");
+        return u"<null>"_s;
     if (depth > DeepestDescription)
-        return QStringLiteral("...");
+        return u"..."_s;
     switch (const Family family = familyOf(value)) {
     case Family::Text:
         return textOf(value);

@@ -7,6 +7,8 @@
 #include <charconv>
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 NSFormatArgument::NSFormatArgument(const char *utf8) noexcept
     : _kind(utf8 ? Kind::Utf8 : Kind::Nil)
     , _utf8(utf8 ? std::string_view(utf8) : std::string_view())
@@ -109,11 +111,11 @@ QString describe(const NSFormatArgument &argument)
     case ArgumentKind::Object:
         return NSObject::description(argument.object());
     case ArgumentKind::Pointer:
-        return QStringLiteral("0x") + QString::number(argument.address(), 16);
+        return u"0x"_s + QString::number(argument.address(), 16);
     case ArgumentKind::Nil:
         break;
     }
-    return QStringLiteral("(null)");
+    return u"(null)"_s;
 }
 
 /// The printf pattern for \a conversion, without its letter.
@@ -266,7 +268,7 @@ QString printMissing(const Conversion &conversion)
     case ConversionFamily::Character:
         return pad(QString(), conversion);
     default:
-        return pad(QStringLiteral("(null)"), conversion);
+        return pad(u"(null)"_s, conversion);
     }
 }
 

@@ -16,6 +16,8 @@
 #include <memory>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 using FormatterList = std::vector<std::unique_ptr<NSDateFormatter>>;
 
@@ -34,7 +36,7 @@ constexpr qint64 DefaultTime = 1'203'526'800'000;
 
 void configure(NSDateFormatter *formatter)
 {
-    static const NSLocale locale(QStringLiteral("en_US"));
+    static const NSLocale locale(u"en_US"_s);
     static const QDateTime date = QDateTime::fromMSecsSinceEpoch(DefaultTime, Qt::UTC);
     formatter->setFormatterBehavior(NSDateFormatterBehavior10_4);
     formatter->setLocale(locale);
@@ -208,7 +210,7 @@ void peerQtFormat(benchmark::State &state)
 {
     const QLocale locale(QLocale::English, QLocale::UnitedStates);
     const QDateTime date = QDateTime::fromMSecsSinceEpoch(DefaultTime);
-    const QString pattern = QStringLiteral("M/d/yyyy");
+    const QString pattern = u"M/d/yyyy"_s;
     for (auto _ : state)
         benchmark::DoNotOptimize(locale.toString(date, pattern));
 }
@@ -216,8 +218,8 @@ void peerQtFormat(benchmark::State &state)
 void peerQtParse(benchmark::State &state)
 {
     const QLocale locale(QLocale::English, QLocale::UnitedStates);
-    const QString pattern = QStringLiteral("M/d/yy");
-    const QString text = QStringLiteral("3/4/08");
+    const QString pattern = u"M/d/yy"_s;
+    const QString text = u"3/4/08"_s;
     for (auto _ : state)
         benchmark::DoNotOptimize(locale.toDateTime(text, pattern));
 }
@@ -247,7 +249,7 @@ void peerCreate(benchmark::State &state)
 /// A new field: its 60 or so formatters, and the first text that goes through all of them.
 void firstParse(benchmark::State &state)
 {
-    const QString typed = QStringLiteral("9:05");
+    const QString typed = u"9:05"_s;
     for (auto _ : state) {
         FormatterList dates = formattersOf(datePatterns);
         FormatterList times = formattersOf(timePatterns);
@@ -264,8 +266,8 @@ void makeEnvironment(benchmark::State &state)
 {
     const QDateTime date = QDateTime::fromMSecsSinceEpoch(DefaultTime, Qt::UTC);
     for (auto _ : state) {
-        const auto formatter = formatterOf(QStringLiteral("M/d/yy"));
-        formatter->setAMSymbol(QStringLiteral("am"));
+        const auto formatter = formatterOf(u"M/d/yy"_s);
+        formatter->setAMSymbol(u"am"_s);
         QString text = formatter->stringFromDate(date);
         benchmark::DoNotOptimize(text);
     }

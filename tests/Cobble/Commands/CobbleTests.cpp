@@ -9,6 +9,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 struct UsageCase
 {
@@ -47,56 +49,46 @@ INSTANTIATE_TEST_SUITE_P(
     All, WrongUsage,
     testing::Values(
         UsageCase{"NoArguments", {}, QString()},
-        UsageCase{"EmptyCommand", {QStringLiteral("")}, QStringLiteral("unknown command ''")},
-        UsageCase{"UnknownCommand", words(u"publish x"),
-                  QStringLiteral("unknown command 'publish'")},
-        UsageCase{"CommandInCapitals", words(u"Import x"),
-                  QStringLiteral("unknown command 'Import'")},
-        UsageCase{"UnknownOption", words(u"--bogus"), QStringLiteral("unknown option '--bogus'")},
-        UsageCase{"ImportWithoutFile", words(u"import"),
-                  QStringLiteral("import needs the name of a file")},
-        UsageCase{"ImportOfNoName",
-                  {QStringLiteral("import"), QStringLiteral("")},
-                  QStringLiteral("import needs the name of a file")},
+        UsageCase{"EmptyCommand", {u""_s}, u"unknown command ''"_s},
+        UsageCase{"UnknownCommand", words(u"publish x"), u"unknown command 'publish'"_s},
+        UsageCase{"CommandInCapitals", words(u"Import x"), u"unknown command 'Import'"_s},
+        UsageCase{"UnknownOption", words(u"--bogus"), u"unknown option '--bogus'"_s},
+        UsageCase{"ImportWithoutFile", words(u"import"), u"import needs the name of a file"_s},
+        UsageCase{"ImportOfNoName", {u"import"_s, u""_s}, u"import needs the name of a file"_s},
         UsageCase{"ImportOfTwoFiles", words(u"import a.csv b.csv"),
-                  QStringLiteral("import takes one file, not also 'b.csv'")},
+                  u"import takes one file, not also 'b.csv'"_s},
         UsageCase{"ImportUnknownOption", words(u"import a.csv --bogus"),
-                  QStringLiteral("unknown option 'bogus'")},
+                  u"unknown option 'bogus'"_s},
         UsageCase{"ImportLibraryWithoutName", words(u"import a.csv --library"),
-                  QStringLiteral("missing value after '--library'")},
+                  u"missing value after '--library'"_s},
         UsageCase{"ImportBlankLibrary",
-                  {QStringLiteral("import"), QStringLiteral("a.csv"), QStringLiteral("--library"),
-                   QStringLiteral(" ")},
-                  QStringLiteral("--library needs a name")},
+                  {u"import"_s, u"a.csv"_s, u"--library"_s, u" "_s},
+                  u"--library needs a name"_s},
         UsageCase{"ImportLongSeparator", words(u"import a.csv --separator ::"),
-                  QStringLiteral("bad separator '::'")},
+                  u"bad separator '::'"_s},
         UsageCase{"ImportEmptySeparator", words(u"import a.csv --separator="),
-                  QStringLiteral("bad separator ''")},
+                  u"bad separator ''"_s},
         UsageCase{"ImportQuoteAsSeparator", words(u"import a.csv --separator \""),
-                  QStringLiteral("bad separator '\"'")},
-        UsageCase{"NamesWithoutText", words(u"names"), QStringLiteral("names needs a text")},
-        UsageCase{"NamesUnknownOption", words(u"names --bogus"),
-                  QStringLiteral("unknown option 'bogus'")},
-        UsageCase{"LogComponentAlone", words(u"log Undo"),
-                  QStringLiteral("log takes a component and a level")},
+                  u"bad separator '\"'"_s},
+        UsageCase{"NamesWithoutText", words(u"names"), u"names needs a text"_s},
+        UsageCase{"NamesUnknownOption", words(u"names --bogus"), u"unknown option 'bogus'"_s},
+        UsageCase{"LogComponentAlone", words(u"log Undo"), u"log takes a component and a level"_s},
         UsageCase{"LogThreeTexts", words(u"log Import Dialog 4"),
-                  QStringLiteral("log takes a component and a level")},
+                  u"log takes a component and a level"_s},
         UsageCase{"LogUnknownComponent", words(u"log Undoo 4"),
-                  QStringLiteral("unknown component 'Undoo'; near it: Undo")},
+                  u"unknown component 'Undoo'; near it: Undo"_s},
         UsageCase{"LogLevelAboveSeven", words(u"log Undo 8"),
-                  QStringLiteral("bad level '8': levels are 0 to 7")},
+                  u"bad level '8': levels are 0 to 7"_s},
         UsageCase{"LogLevelNoNumber", words(u"log Undo high"),
-                  QStringLiteral("bad level 'high': levels are 0 to 7")},
+                  u"bad level 'high': levels are 0 to 7"_s},
         UsageCase{"LogLevelTwoDigits", words(u"log Undo 04"),
-                  QStringLiteral("bad level '04': levels are 0 to 7")},
+                  u"bad level '04': levels are 0 to 7"_s},
         UsageCase{"LogToNowhere", words(u"log --to printer"),
-                  QStringLiteral("--to takes file or console, not 'printer'")},
+                  u"--to takes file or console, not 'printer'"_s},
         UsageCase{"LogFileLine", words(u"log --file-line yes"),
-                  QStringLiteral("--file-line takes on or off, not 'yes'")},
-        UsageCase{"LogToWithoutValue", words(u"log --to"),
-                  QStringLiteral("missing value after '--to'")},
-        UsageCase{"LogUnknownOption", words(u"log --bogus"),
-                  QStringLiteral("unknown option 'bogus'")}),
+                  u"--file-line takes on or off, not 'yes'"_s},
+        UsageCase{"LogToWithoutValue", words(u"log --to"), u"missing value after '--to'"_s},
+        UsageCase{"LogUnknownOption", words(u"log --bogus"), u"unknown option 'bogus'"_s}),
     [](const auto &row) { return row.param.name; });
 
 TEST(Cobble, HelpIsTheUsageOnTheOutput)
@@ -134,8 +126,8 @@ TEST(Cobble, HostileArgumentsAreAnswered)
     testing_support::useFreshHome();
     for (const QString &text : testing_support::hostileTexts()) {
         EXPECT_EQ(runInProcess({text}).exitCode, 2);
-        EXPECT_EQ(runInProcess({QStringLiteral("log"), text, text}).exitCode, 2);
-        EXPECT_NE(runInProcess({QStringLiteral("import"), text}).exitCode, 0);
+        EXPECT_EQ(runInProcess({u"log"_s, text, text}).exitCode, 2);
+        EXPECT_NE(runInProcess({u"import"_s, text}).exitCode, 0);
     }
 }
 
@@ -145,8 +137,8 @@ TEST(Cobble, AProcessLogsItsStartAndExitCode)
     ASSERT_GE(nowhere, 0);
     KTLogCapture capture(kLog_Lifecycle, 4);
     EXPECT_EQ(runCobbleProcess(words(u"publish a\tb"), nowhere, nowhere), 2);
-    EXPECT_EQ(capture.messages(), QStringList({QStringLiteral("start: cobble publish a\\tb"),
-                                               QStringLiteral("exit code 2")}));
+    EXPECT_EQ(capture.messages(),
+              QStringList({u"start: cobble publish a\\tb"_s, u"exit code 2"_s}));
     ::close(nowhere);
 }
 
@@ -163,7 +155,7 @@ TEST(Cobble, ResultsThatCannotBeWrittenAreAFailure)
     EXPECT_EQ(runCobbleProcess(words(u"--version"), full, errors), 1);
     EXPECT_EQ(testing_support::contentsOf(errorPath),
               "cobble: standard output: No space left on device\n");
-    EXPECT_EQ(capture.messages().last(), QStringLiteral("exit code 1"));
+    EXPECT_EQ(capture.messages().last(), u"exit code 1"_s);
     ::close(full);
     ::close(errors);
 }

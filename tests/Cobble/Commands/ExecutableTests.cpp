@@ -6,6 +6,8 @@
 
 #include <QProcess>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 struct ProcessResult
 {
@@ -35,14 +37,14 @@ ProcessResult runShell(const QString &line)
 {
     qputenv("COBBLE", COBBLE_EXECUTABLE);
     qputenv("SAMPLE", COBBLE_SAMPLES "/contacts.csv");
-    return run(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), line});
+    return run(u"/bin/sh"_s, {u"-c"_s, line});
 }
 } // namespace
 
 TEST(Executable, ImportsTheSample)
 {
-    const ProcessResult result = runCobbleProgram(
-        {QStringLiteral("import"), QStringLiteral(COBBLE_SAMPLES "/contacts.csv")});
+    const ProcessResult result =
+        runCobbleProgram({u"import"_s, QStringLiteral(COBBLE_SAMPLES "/contacts.csv")});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.errors, QByteArray());
     EXPECT_TRUE(result.output.contains("Rows read:       302\n"));
@@ -51,9 +53,9 @@ TEST(Executable, ImportsTheSample)
 
 TEST(Executable, ImportsTheGermanSampleInGerman)
 {
-    const ProcessResult result = runCobbleProgram(
-        {QStringLiteral("import"), QStringLiteral(COBBLE_SAMPLES "/contacts-de.csv"),
-         QStringLiteral("--locale"), QStringLiteral("de_DE")});
+    const ProcessResult result =
+        runCobbleProgram({u"import"_s, QStringLiteral(COBBLE_SAMPLES "/contacts-de.csv"),
+                          u"--locale"_s, u"de_DE"_s});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.errors, QByteArray());
     for (const char *line :
@@ -71,10 +73,9 @@ TEST(Executable, ImportsTheGermanSampleInGerman)
 TEST(Executable, SpeaksFrenchAndJapaneseOfDurations)
 {
     const auto display = [](const char *locale) {
-        return runCobbleProgram({QStringLiteral("format"), QStringLiteral("duration"),
-                                 QStringLiteral("93784"), QStringLiteral("--locale"),
-                                 QString::fromLatin1(locale), QStringLiteral("--option"),
-                                 QStringLiteral("useAbbreviations=no")})
+        return runCobbleProgram({u"format"_s, u"duration"_s, u"93784"_s, u"--locale"_s,
+                                 QString::fromLatin1(locale), u"--option"_s,
+                                 u"useAbbreviations=no"_s})
             .output;
     };
     EXPECT_TRUE(display("fr_FR").contains("1 jour 2 heures 3 minutes 4 secondes\n"));
@@ -84,8 +85,7 @@ TEST(Executable, SpeaksFrenchAndJapaneseOfDurations)
 
 TEST(Executable, MissingFile)
 {
-    const ProcessResult result =
-        runCobbleProgram({QStringLiteral("import"), QStringLiteral("/no/such.csv")});
+    const ProcessResult result = runCobbleProgram({u"import"_s, u"/no/such.csv"_s});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.output, QByteArray());
     EXPECT_EQ(result.errors, QByteArray("cobble: /no/such.csv: No such file or directory\n"));
@@ -93,7 +93,7 @@ TEST(Executable, MissingFile)
 
 TEST(Executable, Folder)
 {
-    const ProcessResult result = runCobbleProgram({QStringLiteral("import"), QStringLiteral("/")});
+    const ProcessResult result = runCobbleProgram({u"import"_s, u"/"_s});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.errors, QByteArray("cobble: /: is a folder, not a file\n"));
 }
@@ -108,29 +108,28 @@ TEST(Executable, NoArguments)
 
 TEST(Executable, FullOutput)
 {
-    const ProcessResult result =
-        runShell(QStringLiteral("\"$COBBLE\" import \"$SAMPLE\" >/dev/full"));
+    const ProcessResult result = runShell(u"\"$COBBLE\" import \"$SAMPLE\" >/dev/full"_s);
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.errors, QByteArray("cobble: standard output: No space left on device\n"));
 }
 
 TEST(Executable, ClosedOutput)
 {
-    const ProcessResult result = runShell(QStringLiteral("\"$COBBLE\" import \"$SAMPLE\" >&-"));
+    const ProcessResult result = runShell(u"\"$COBBLE\" import \"$SAMPLE\" >&-"_s);
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.errors, QByteArray("cobble: standard output: Bad file descriptor\n"));
 }
 
 TEST(Executable, AllStreamsClosed)
 {
-    EXPECT_EQ(runShell(QStringLiteral("\"$COBBLE\" --version <&- >&- 2>&-")).exitCode, 1);
-    EXPECT_EQ(runShell(QStringLiteral("\"$COBBLE\" bogus <&- >&- 2>&-")).exitCode, 2);
+    EXPECT_EQ(runShell(u"\"$COBBLE\" --version <&- >&- 2>&-"_s).exitCode, 1);
+    EXPECT_EQ(runShell(u"\"$COBBLE\" bogus <&- >&- 2>&-"_s).exitCode, 2);
 }
 
 TEST(Executable, ReadsWhatIsPipedIn)
 {
     const ProcessResult result =
-        runShell(QStringLiteral("cat \"$SAMPLE\" | \"$COBBLE\" import /dev/stdin --library piped"));
+        runShell(u"cat \"$SAMPLE\" | \"$COBBLE\" import /dev/stdin --library piped"_s);
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_TRUE(result.output.contains("Table:           kt_piped\n"));
     EXPECT_TRUE(result.output.contains("Rows read:       302\n"));
@@ -138,9 +137,9 @@ TEST(Executable, ReadsWhatIsPipedIn)
 
 TEST(Executable, LogsToTheFileWhenAComponentIsOn)
 {
-    const ProcessResult result = runShell(
-        QStringLiteral("\"$COBBLE\" log lifecycle 4 >/dev/null && \"$COBBLE\" --version >/dev/null "
-                       "&& cat \"$HOME/.local/share/Cobble/Logs/cobble.log\""));
+    const ProcessResult result =
+        runShell(u"\"$COBBLE\" log lifecycle 4 >/dev/null && \"$COBBLE\" --version >/dev/null "
+                 "&& cat \"$HOME/.local/share/Cobble/Logs/cobble.log\""_s);
     EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
     EXPECT_TRUE(result.output.contains("[Lifecycle] start: cobble --version\n"))
         << result.output.toStdString();
@@ -153,11 +152,11 @@ TEST(Executable, TheBundleDescribesItself)
         QStringLiteral(COBBLE_BUNDLE_CONTENTS "/Info.plist"));
     ASSERT_TRUE(description);
     const QVariantMap expected = {
-        {QStringLiteral("CFBundleIdentifier"), QStringLiteral("org.cobble.Cobble")},
-        {QStringLiteral("CFBundleName"), QStringLiteral("Cobble")},
-        {QStringLiteral("CFBundleExecutable"), QStringLiteral("cobble")},
-        {QStringLiteral("CFBundleShortVersionString"), QStringLiteral(COBBLE_VERSION)},
-        {QStringLiteral("CFBundlePackageType"), QStringLiteral("APPL")},
+        {u"CFBundleIdentifier"_s, u"org.cobble.Cobble"_s},
+        {u"CFBundleName"_s, u"Cobble"_s},
+        {u"CFBundleExecutable"_s, u"cobble"_s},
+        {u"CFBundleShortVersionString"_s, QStringLiteral(COBBLE_VERSION)},
+        {u"CFBundlePackageType"_s, u"APPL"_s},
     };
     EXPECT_EQ(*description, expected);
 }

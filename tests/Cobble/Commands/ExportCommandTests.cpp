@@ -7,6 +7,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+using namespace Qt::StringLiterals;
+
 using testing_support::contentsOf;
 using testing_support::FileTree;
 
@@ -14,7 +16,7 @@ namespace {
 class ExportCommand : public testing::Test
 {
 protected:
-    ExportCommand() : bundle(tree.path(QStringLiteral("b.cobbledb")))
+    ExportCommand() : bundle(tree.path(u"b.cobbledb"_s))
     {
         testing_support::needApplication();
         testing_support::useFreshHome();
@@ -24,20 +26,18 @@ protected:
 
     void import(const QByteArray &contents)
     {
-        tree.add(QStringLiteral("Things.csv"), contents);
-        const CommandResult result =
-            run({QStringLiteral("import"), tree.path(QStringLiteral("Things.csv"))});
+        tree.add(u"Things.csv"_s, contents);
+        const CommandResult result = run({u"import"_s, tree.path(u"Things.csv"_s)});
         EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
     }
     CommandResult run(const QStringList &arguments)
     {
         return runInProcess(arguments +
-                            QStringList({QStringLiteral("--locale"), QStringLiteral("en_US"),
-                                         QStringLiteral("--bundle"), bundle}));
+                            QStringList({u"--locale"_s, u"en_US"_s, u"--bundle"_s, bundle}));
     }
-    CommandResult exportTo(const QString &file, const QString &library = QStringLiteral("things"))
+    CommandResult exportTo(const QString &file, const QString &library = u"things"_s)
     {
-        return run({QStringLiteral("export"), library, QStringLiteral("--to"), tree.path(file)});
+        return run({u"export"_s, library, u"--to"_s, tree.path(file)});
     }
 
     FileTree tree;
@@ -47,81 +47,76 @@ protected:
 
 TEST_F(ExportCommand, CSVIsWhatPeopleSee)
 {
-    const CommandResult result = exportTo(QStringLiteral("out.csv"));
+    const CommandResult result = exportTo(u"out.csv"_s);
     EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
-    EXPECT_EQ(result.output, u"Exported 3 records of the library 'Things' to " +
-                                 tree.path(QStringLiteral("out.csv\n")));
-    EXPECT_EQ(contentsOf(tree.path(QStringLiteral("out.csv"))),
+    EXPECT_EQ(result.output,
+              u"Exported 3 records of the library 'Things' to " + tree.path(u"out.csv\n"_s));
+    EXPECT_EQ(contentsOf(tree.path(u"out.csv"_s)),
               "Name,Paid,,Since\r\nAnn,$5.50,x,3/4/2008\r\n\"B\"\"o, b\",$1.00,,4/5/2008\r\n"
               "Cay,$2.00,,5/6/2008\r\n");
 }
 
 TEST_F(ExportCommand, CSVComesBack)
 {
-    exportTo(QStringLiteral("Again.csv"));
-    const CommandResult again =
-        run({QStringLiteral("import"), tree.path(QStringLiteral("Again.csv"))});
+    exportTo(u"Again.csv"_s);
+    const CommandResult again = run({u"import"_s, tree.path(u"Again.csv"_s)});
     EXPECT_EQ(again.exitCode, 0);
-    exportTo(QStringLiteral("1.csv"));
-    exportTo(QStringLiteral("2.csv"), QStringLiteral("Again"));
-    EXPECT_EQ(contentsOf(tree.path(QStringLiteral("1.csv"))),
-              contentsOf(tree.path(QStringLiteral("2.csv"))));
+    exportTo(u"1.csv"_s);
+    exportTo(u"2.csv"_s, u"Again"_s);
+    EXPECT_EQ(contentsOf(tree.path(u"1.csv"_s)), contentsOf(tree.path(u"2.csv"_s)));
 }
 
 TEST_F(ExportCommand, JSONHasTheValues)
 {
-    EXPECT_EQ(exportTo(QStringLiteral("out.JSON")).exitCode, 0);
-    const QByteArray text = contentsOf(tree.path(QStringLiteral("out.JSON")));
+    EXPECT_EQ(exportTo(u"out.JSON"_s).exitCode, 0);
+    const QByteArray text = contentsOf(tree.path(u"out.JSON"_s));
     const QJsonArray rows = QJsonDocument::fromJson(text).array();
     ASSERT_EQ(rows.size(), 3) << text.toStdString();
     const QJsonObject first = rows[0].toObject();
-    EXPECT_EQ(first.value(u"name"), QStringLiteral("Ann"));
+    EXPECT_EQ(first.value(u"name"), u"Ann"_s);
     EXPECT_EQ(first.value(u"paid"), 5.5);
     EXPECT_TRUE(first.value(u"since").toString().startsWith(u"2008-03-04T"));
-    EXPECT_EQ(first.value(u"field"), QStringLiteral("x"));
+    EXPECT_EQ(first.value(u"field"), u"x"_s);
     EXPECT_TRUE(rows[1].toObject().value(u"field").isNull());
 }
 
 TEST_F(ExportCommand, AnEmptyLibrary)
 {
-    tree.add(QStringLiteral("Nobody.csv"), "Name\n");
-    run({QStringLiteral("import"), tree.path(QStringLiteral("Nobody.csv"))});
-    EXPECT_EQ(exportTo(QStringLiteral("n.json"), QStringLiteral("Nobody")).exitCode, 0);
-    EXPECT_EQ(contentsOf(tree.path(QStringLiteral("n.json"))), "[]\n");
-    exportTo(QStringLiteral("n.csv"), QStringLiteral("Nobody"));
-    EXPECT_EQ(contentsOf(tree.path(QStringLiteral("n.csv"))), "Name\r\n");
+    tree.add(u"Nobody.csv"_s, "Name\n");
+    run({u"import"_s, tree.path(u"Nobody.csv"_s)});
+    EXPECT_EQ(exportTo(u"n.json"_s, u"Nobody"_s).exitCode, 0);
+    EXPECT_EQ(contentsOf(tree.path(u"n.json"_s)), "[]\n");
+    exportTo(u"n.csv"_s, u"Nobody"_s);
+    EXPECT_EQ(contentsOf(tree.path(u"n.csv"_s)), "Name\r\n");
 }
 
 TEST_F(ExportCommand, WhatCannotBeExported)
 {
-    EXPECT_EQ(exportTo(QStringLiteral("out.xyz")).errors,
-              u"cobble: " + tree.path(QStringLiteral("out.xyz")) +
+    EXPECT_EQ(exportTo(u"out.xyz"_s).errors,
+              u"cobble: " + tree.path(u"out.xyz"_s) +
                   u": there is no exporter for 'xyz'; there are csv, json\n");
-    EXPECT_EQ(exportTo(QStringLiteral("out.csv"), QStringLiteral("none")).errors,
+    EXPECT_EQ(exportTo(u"out.csv"_s, u"none"_s).errors,
               u"cobble: " + bundle + u": no library 'none'\n");
-    const CommandResult nowhere = exportTo(QStringLiteral("no/where.csv"));
+    const CommandResult nowhere = exportTo(u"no/where.csv"_s);
     EXPECT_EQ(nowhere.exitCode, 1);
     EXPECT_TRUE(nowhere.errors.contains(u"no/where.csv: "));
-    EXPECT_FALSE(QFile::exists(tree.path(QStringLiteral("out.xyz"))));
+    EXPECT_FALSE(QFile::exists(tree.path(u"out.xyz"_s)));
 }
 
 TEST_F(ExportCommand, AFileThatIsThereStaysIfItFails)
 {
-    QDir().mkdir(tree.path(QStringLiteral("folder.csv")));
-    EXPECT_EQ(exportTo(QStringLiteral("folder.csv")).exitCode, 1);
-    EXPECT_TRUE(QDir(tree.path(QStringLiteral("folder.csv"))).exists());
-    tree.add(QStringLiteral("old.csv"), "old");
-    EXPECT_EQ(exportTo(QStringLiteral("old.csv"), QStringLiteral("none")).exitCode, 1);
-    EXPECT_EQ(contentsOf(tree.path(QStringLiteral("old.csv"))), "old");
+    QDir().mkdir(tree.path(u"folder.csv"_s));
+    EXPECT_EQ(exportTo(u"folder.csv"_s).exitCode, 1);
+    EXPECT_TRUE(QDir(tree.path(u"folder.csv"_s)).exists());
+    tree.add(u"old.csv"_s, "old");
+    EXPECT_EQ(exportTo(u"old.csv"_s, u"none"_s).exitCode, 1);
+    EXPECT_EQ(contentsOf(tree.path(u"old.csv"_s)), "old");
 }
 
 TEST_F(ExportCommand, WrongUsage)
 {
-    EXPECT_EQ(run({QStringLiteral("export")}).exitCode, 2);
-    EXPECT_EQ(run({QStringLiteral("export"), QStringLiteral("things")}).exitCode, 2);
-    EXPECT_EQ(run({QStringLiteral("export"), QStringLiteral("things"), QStringLiteral("x"),
-                   QStringLiteral("--to"), QStringLiteral("a.csv")})
-                  .exitCode,
-              2);
-    EXPECT_EQ(run({QStringLiteral("export"), QStringLiteral("--help")}).exitCode, 0);
+    EXPECT_EQ(run({u"export"_s}).exitCode, 2);
+    EXPECT_EQ(run({u"export"_s, u"things"_s}).exitCode, 2);
+    EXPECT_EQ(run({u"export"_s, u"things"_s, u"x"_s, u"--to"_s, u"a.csv"_s}).exitCode, 2);
+    EXPECT_EQ(run({u"export"_s, u"--help"_s}).exitCode, 0);
 }

@@ -13,22 +13,17 @@
 #include <QProcess>
 #include <QSet>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
 const QStringList &names()
 {
     static const QStringList all = {
-        QStringLiteral("hud"),
-        QStringLiteral("hud-large"),
-        QStringLiteral("badges"),
-        QStringLiteral("rounded-rectangles"),
-        QStringLiteral("gradients"),
-        QStringLiteral("pictures"),
-        QStringLiteral("focus-ring-view"),
-        QStringLiteral("focus-ring-scroll-view"),
-        QStringLiteral("slider"),
-        QStringLiteral("gallery"),
+        u"hud"_s,       u"hud-large"_s, u"badges"_s,          u"rounded-rectangles"_s,
+        u"gradients"_s, u"pictures"_s,  u"focus-ring-view"_s, u"focus-ring-scroll-view"_s,
+        u"slider"_s,    u"gallery"_s,
     };
     return all;
 }
@@ -40,9 +35,9 @@ protected:
 
     static CommandResult run(const QStringList &arguments)
     {
-        return runInProcess(QStringList(QStringLiteral("gallery")) + arguments);
+        return runInProcess(QStringList(u"gallery"_s) + arguments);
     }
-    CommandResult draw(const QString &into) { return run({QStringLiteral("--screenshot"), into}); }
+    CommandResult draw(const QString &into) { return run({u"--screenshot"_s, into}); }
     QImage picture(const QString &name) const { return QImage(folder.filePath(name + u".png")); }
 
     QTemporaryDir folder;
@@ -79,8 +74,8 @@ TEST_F(GalleryCommand, DrawsAPictureOfEachHelperAndAPage)
         EXPECT_GT(coloursIn(picture(name)), 20) << name.toStdString();
     }
     EXPECT_EQ(result.output, expected);
-    EXPECT_EQ(picture(QStringLiteral("hud")).size(), QSize(400, 240));
-    EXPECT_GT(picture(QStringLiteral("gallery")).width(), 1200);
+    EXPECT_EQ(picture(u"hud"_s).size(), QSize(400, 240));
+    EXPECT_GT(picture(u"gallery"_s).width(), 1200);
 }
 
 TEST_F(GalleryCommand, TheSameEveryTime)
@@ -100,11 +95,11 @@ TEST_F(GalleryCommand, ShowsWhatTheHelpersDo)
 {
     ASSERT_EQ(draw(folder.path()).exitCode, 0);
     // The display is dark with white letters.
-    const QImage display = picture(QStringLiteral("hud"));
+    const QImage display = picture(u"hud"_s);
     EXPECT_LT(display.pixelColor(200, 80).lightness(), 110);
     EXPECT_TRUE(hasColourNear(display, {100, 100, 200, 40}, Qt::white, 10));
     // Pills are red, and none of the six is missing.
-    const QImage badges = picture(QStringLiteral("badges"));
+    const QImage badges = picture(u"badges"_s);
     for (int index = 0; index < 6; ++index)
         EXPECT_TRUE(hasColourNear(badges, {60 + index % 3 * 126, 60 + index / 3 * 98, 28, 24},
                                   QColor(230, 80, 38), 30))
@@ -117,24 +112,23 @@ TEST_F(GalleryCommand, ShowsWhatTheHelpersDo)
 
 TEST_F(GalleryCommand, MakesTheFolder)
 {
-    const QString deep = folder.filePath(QStringLiteral("a/b/c"));
+    const QString deep = folder.filePath(u"a/b/c"_s);
     EXPECT_EQ(draw(deep).exitCode, 0);
     EXPECT_EQ(QDir(deep).entryList(QDir::Files).size(), names().size());
 }
 
 TEST_F(GalleryCommand, SaysWhereItCannotWrite)
 {
-    const QString file = folder.filePath(QStringLiteral("file"));
+    const QString file = folder.filePath(u"file"_s);
     writeFile(file, "x");
     const CommandResult notMade = draw(file + u"/below");
     EXPECT_EQ(notMade.exitCode, 1);
     EXPECT_EQ(notMade.errors, QString(u"cobble: " + file + u"/below: the folder cannot be made\n"));
     // A folder has the name of a picture.
-    QDir(folder.path()).mkpath(QStringLiteral("badges.png/x"));
+    QDir(folder.path()).mkpath(u"badges.png/x"_s);
     const CommandResult taken = draw(folder.path());
     EXPECT_EQ(taken.exitCode, 1);
-    EXPECT_TRUE(
-        taken.errors.startsWith(u"cobble: " + folder.filePath(QStringLiteral("badges.png: "))));
+    EXPECT_TRUE(taken.errors.startsWith(u"cobble: " + folder.filePath(u"badges.png: "_s)));
 }
 
 TEST_F(GalleryCommand, SaysWhatIsWrong)
@@ -142,50 +136,48 @@ TEST_F(GalleryCommand, SaysWhatIsWrong)
     EXPECT_EQ(run({}).exitCode, 2);
     EXPECT_TRUE(run({}).errors.startsWith(
         u"cobble: gallery needs --screenshot with the name of a folder\n"));
-    EXPECT_EQ(run({QStringLiteral("--screenshot"), QString()}).exitCode, 2);
-    EXPECT_EQ(run({QStringLiteral("--screenshot")}).exitCode, 2);
-    EXPECT_EQ(run({QStringLiteral("x"), QStringLiteral("--screenshot"), folder.path()}).exitCode,
-              2);
-    EXPECT_TRUE(run({QStringLiteral("--help")}).output.contains(u"cobble gallery"));
+    EXPECT_EQ(run({u"--screenshot"_s, QString()}).exitCode, 2);
+    EXPECT_EQ(run({u"--screenshot"_s}).exitCode, 2);
+    EXPECT_EQ(run({u"x"_s, u"--screenshot"_s, folder.path()}).exitCode, 2);
+    EXPECT_TRUE(run({u"--help"_s}).output.contains(u"cobble gallery"));
 }
 
 TEST_F(GalleryCommand, SharpScreensGetSharpPictures)
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("2"));
+    environment.insert(u"QT_SCALE_FACTOR"_s, u"2"_s);
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral(COBBLE_EXECUTABLE),
-                  {QStringLiteral("gallery"), QStringLiteral("--screenshot"), folder.path()});
+                  {u"gallery"_s, u"--screenshot"_s, folder.path()});
     ASSERT_TRUE(process.waitForFinished());
     EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
-    const QImage sharp = picture(QStringLiteral("badges"));
+    const QImage sharp = picture(u"badges"_s);
     EXPECT_EQ(sharp.size(), QSize(800, 480));
     // Twice the pixels, and not each pixel twice.
     const QImage coarse = sharp.scaled(400, 240).scaled(800, 480);
     EXPECT_FALSE(areAlike(sharp, coarse, 8));
-    EXPECT_EQ(picture(QStringLiteral("hud")).size(), QSize(800, 480));
-    EXPECT_EQ(picture(QStringLiteral("focus-ring-view")).size(), QSize(800, 480));
+    EXPECT_EQ(picture(u"hud"_s).size(), QSize(800, 480));
+    EXPECT_EQ(picture(u"focus-ring-view"_s).size(), QSize(800, 480));
 }
 
 TEST_F(GalleryCommand, SmallScreensAreLargeEnough)
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    const QString configuration = folder.filePath(QStringLiteral("screen.json"));
+    const QString configuration = folder.filePath(u"screen.json"_s);
     writeFile(configuration, R"({"screens": [{"name": "small", "x": 0, "y": 0, "width": 320,
         "height": 200, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"),
-                       QString(u"offscreen:configfile=" + configuration));
+    environment.insert(u"QT_QPA_PLATFORM"_s, QString(u"offscreen:configfile=" + configuration));
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral(COBBLE_EXECUTABLE),
-                  {QStringLiteral("gallery"), QStringLiteral("--screenshot"), folder.path()});
+                  {u"gallery"_s, u"--screenshot"_s, folder.path()});
     ASSERT_TRUE(process.waitForFinished());
     EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
     // The large text shrinks to 320 - 96 points, so that less of the table is dark.
-    draw(folder.filePath(QStringLiteral("usual")));
-    const QImage usual(folder.filePath(QStringLiteral("usual/hud-large.png")));
-    const QImage small = picture(QStringLiteral("hud-large"));
+    draw(folder.filePath(u"usual"_s));
+    const QImage usual(folder.filePath(u"usual/hud-large.png"_s));
+    const QImage small = picture(u"hud-large"_s);
     EXPECT_LT(usual.pixelColor(45, 120).lightness(), small.pixelColor(45, 120).lightness());
     EXPECT_LT(small.pixelColor(90, 120).lightness(), 130);
 }

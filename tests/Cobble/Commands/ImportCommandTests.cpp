@@ -4,6 +4,8 @@
 
 #include <KTUtility/KTLogCapture>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// The path of a new file with these contents.
 QString newFile(const QString &name, const QByteArray &contents)
@@ -16,8 +18,7 @@ QString newFile(const QString &name, const QByteArray &contents)
 /// Imports without storing.
 CommandResult import(const QString &path, const QStringList &options = {})
 {
-    return runInProcess(QStringList({QStringLiteral("import"), path, QStringLiteral("--dry-run")}) +
-                        options);
+    return runInProcess(QStringList({u"import"_s, path, u"--dry-run"_s}) + options);
 }
 
 /// What the summary says behind a title.
@@ -34,13 +35,12 @@ QString valueOf(const CommandResult &result, const QString &title)
 
 TEST(ImportCommand, ShowsTheSchema)
 {
-    const QString path = newFile(QStringLiteral("My friends.csv"),
+    const QString path = newFile(u"My friends.csv"_s,
                                  "First Name;E-mail;e mail;\r\nAnn;a@example.com;;x\r\nBob\r\n");
     const CommandResult result = import(path);
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.errors, QString());
-    EXPECT_EQ(result.output,
-              QStringLiteral("Library:         My friends\n"
+    EXPECT_EQ(result.output, u"Library:         My friends\n"
                              "Library entity:  lib_my_friends\n"
                              "Entity:          MyFriends\n"
                              "Table:           kt_my_friends\n"
@@ -59,7 +59,7 @@ TEST(ImportCommand, ShowsTheSchema)
                              "kt_firstName  text  2     0         0\n"
                              "kt_email      text  1     0         1\n"
                              "kt_eMail1     text  0     0         2\n"
-                             "kt_field      text  1     0         1\n"));
+                             "kt_field      text  1     0         1\n"_s);
 }
 
 TEST(ImportCommand, ShowsTypesAndWhatIsNotRead)
@@ -67,86 +67,82 @@ TEST(ImportCommand, ShowsTypesAndWhatIsNotRead)
     QByteArray contents = "Paid;When\n";
     for (int row = 1; row <= 20; ++row)
         contents += QByteArray::number(row) + ",50 €;" + QByteArray::number(row) + ".3.2008\n";
-    const QString path = newFile(QStringLiteral("paid.csv"), contents + "a\ncow;30.2.2008\n");
-    const CommandResult result =
-        import(path, {QStringLiteral("--locale"), QStringLiteral("de_DE")});
+    const QString path = newFile(u"paid.csv"_s, contents + "a\ncow;30.2.2008\n");
+    const CommandResult result = import(path, {u"--locale"_s, u"de_DE"_s});
     EXPECT_EQ(result.exitCode, 0);
-    EXPECT_TRUE(result.output.endsWith(
-        QStringLiteral("Column name  Type            Read  Not read  Empty\n"
-                       "kt_paid      currency (EUR)  20    2         0\n"
-                       "kt_when      date            20    1         1\n"
-                       "\n"
-                       "Row  Column name  Text       Not read, since\n"
-                       "21   kt_paid      a          it is no amount in this currency\n"
-                       "22   kt_paid      cow        it is no amount in this currency\n"
-                       "22   kt_when      30.2.2008  it is no date or time\n")))
+    EXPECT_TRUE(
+        result.output.endsWith(u"Column name  Type            Read  Not read  Empty\n"
+                               "kt_paid      currency (EUR)  20    2         0\n"
+                               "kt_when      date            20    1         1\n"
+                               "\n"
+                               "Row  Column name  Text       Not read, since\n"
+                               "21   kt_paid      a          it is no amount in this currency\n"
+                               "22   kt_paid      cow        it is no amount in this currency\n"
+                               "22   kt_when      30.2.2008  it is no date or time\n"_s))
         << qPrintable(result.output);
 }
 
 TEST(ImportCommand, RefusesUnknownLocales)
 {
-    const QString path = newFile(QStringLiteral("a.csv"), "a\n1\n");
-    const CommandResult result = import(path, {QStringLiteral("--locale"), QStringLiteral("xx")});
+    const QString path = newFile(u"a.csv"_s, "a\n1\n");
+    const CommandResult result = import(path, {u"--locale"_s, u"xx"_s});
     EXPECT_EQ(result.exitCode, 2);
-    EXPECT_TRUE(result.errors.startsWith(QStringLiteral("cobble: unknown locale 'xx'\n")));
+    EXPECT_TRUE(result.errors.startsWith(u"cobble: unknown locale 'xx'\n"_s));
 }
 
 TEST(ImportCommand, TheLibraryIsNamedAfterTheFile)
 {
     const auto libraryOf = [](const char16_t *name) {
-        return valueOf(import(newFile(QString::fromUtf16(name), "a,b\n")),
-                       QStringLiteral("Library:"));
+        return valueOf(import(newFile(QString::fromUtf16(name), "a,b\n")), u"Library:"_s);
     };
-    EXPECT_EQ(libraryOf(u"wines.csv"), QStringLiteral("wines"));
-    EXPECT_EQ(libraryOf(u"wines.2024.csv"), QStringLiteral("wines.2024"));
-    EXPECT_EQ(libraryOf(u"wines"), QStringLiteral("wines"));
-    EXPECT_EQ(libraryOf(u".csv"), QStringLiteral(".csv"));
-    EXPECT_EQ(libraryOf(u"公司.csv"), QStringLiteral("公司"));
+    EXPECT_EQ(libraryOf(u"wines.csv"), u"wines"_s);
+    EXPECT_EQ(libraryOf(u"wines.2024.csv"), u"wines.2024"_s);
+    EXPECT_EQ(libraryOf(u"wines"), u"wines"_s);
+    EXPECT_EQ(libraryOf(u".csv"), u".csv"_s);
+    EXPECT_EQ(libraryOf(u"公司.csv"), u"公司"_s);
 }
 
 TEST(ImportCommand, TheLibraryCanBeNamed)
 {
-    const CommandResult result = import(newFile(QStringLiteral("a.csv"), "a,b\n"),
-                                        {QStringLiteral("--library"), QStringLiteral("Wine List")});
-    EXPECT_EQ(valueOf(result, QStringLiteral("Library:")), QStringLiteral("Wine List"));
-    EXPECT_EQ(valueOf(result, QStringLiteral("Table:")), QStringLiteral("kt_wine_list"));
+    const CommandResult result =
+        import(newFile(u"a.csv"_s, "a,b\n"), {u"--library"_s, u"Wine List"_s});
+    EXPECT_EQ(valueOf(result, u"Library:"_s), u"Wine List"_s);
+    EXPECT_EQ(valueOf(result, u"Table:"_s), u"kt_wine_list"_s);
 }
 
 TEST(ImportCommand, TheSeparatorCanBeGiven)
 {
-    const QString path = newFile(QStringLiteral("a.csv"), "a,b:c\n1,2:3\n");
+    const QString path = newFile(u"a.csv"_s, "a,b:c\n1,2:3\n");
     const auto separatorAndColumns = [&](const QString &option) {
         const CommandResult result = import(path, {option});
-        return QString(valueOf(result, QStringLiteral("Separator:")) + u' ' +
-                       valueOf(result, QStringLiteral("Columns:")));
+        return QString(valueOf(result, u"Separator:"_s) + u' ' + valueOf(result, u"Columns:"_s));
     };
-    EXPECT_EQ(separatorAndColumns(QStringLiteral("--separator=:")), QStringLiteral(": 2"));
-    EXPECT_EQ(separatorAndColumns(QStringLiteral("--separator=comma")), QStringLiteral("comma 2"));
-    EXPECT_EQ(separatorAndColumns(QStringLiteral("--separator=,")), QStringLiteral("comma 2"));
-    EXPECT_EQ(separatorAndColumns(QStringLiteral("--separator=\\t")), QStringLiteral("tab 1"));
-    EXPECT_EQ(separatorAndColumns(QStringLiteral("--separator=tab")), QStringLiteral("tab 1"));
-    EXPECT_EQ(separatorAndColumns(QStringLiteral("--separator=|")), QStringLiteral("pipe 1"));
+    EXPECT_EQ(separatorAndColumns(u"--separator=:"_s), u": 2"_s);
+    EXPECT_EQ(separatorAndColumns(u"--separator=comma"_s), u"comma 2"_s);
+    EXPECT_EQ(separatorAndColumns(u"--separator=,"_s), u"comma 2"_s);
+    EXPECT_EQ(separatorAndColumns(u"--separator=\\t"_s), u"tab 1"_s);
+    EXPECT_EQ(separatorAndColumns(u"--separator=tab"_s), u"tab 1"_s);
+    EXPECT_EQ(separatorAndColumns(u"--separator=|"_s), u"pipe 1"_s);
 }
 
 TEST(ImportCommand, HeadersCannotSteerTheTerminal)
 {
-    const CommandResult result =
-        import(newFile(QStringLiteral("a.csv"), "\"two\nlines\",\x1b[31mred\n"));
-    EXPECT_TRUE(result.output.contains(QStringLiteral("two\\nlines")));
-    EXPECT_TRUE(result.output.contains(QStringLiteral("\\u001b[31mred")));
+    const CommandResult result = import(newFile(u"a.csv"_s, "\"two\nlines\",\x1b[31mred\n"));
+    EXPECT_TRUE(result.output.contains(u"two\\nlines"_s));
+    EXPECT_TRUE(result.output.contains(u"\\u001b[31mred"_s));
     EXPECT_FALSE(result.output.contains(QChar(0x1b)));
 }
 
 TEST(ImportCommand, AnUnclosedQuoteIsAWarning)
 {
-    const QString path = newFile(QStringLiteral("a.csv"), "a,b\n1,2\n3,\"4\n5,6\n");
+    const QString path = newFile(u"a.csv"_s, "a,b\n1,2\n3,\"4\n5,6\n");
     const CommandResult result = import(path);
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.errors,
               QString(u"cobble: " + path +
                       u": line 3: a quote is never closed; everything to the end of the file "
                       u"was read as one field\n"));
-    EXPECT_EQ(valueOf(result, QStringLiteral("Rows read:")), QStringLiteral("2"));
+    EXPECT_EQ(valueOf(result, u"Rows read:"_s), u"2"_s);
 }
 
 TEST(ImportCommand, WhatCannotBeImportedIsOneLine)
@@ -167,7 +163,7 @@ TEST(ImportCommand, WhatCannotBeImportedIsOneLine)
          10, u"not a text file in UTF-8 (line 2)"},
     };
     for (const FailureCase &row : cases) {
-        const QString path = newFile(QStringLiteral("x.csv"), QByteArray(row.contents, row.size));
+        const QString path = newFile(u"x.csv"_s, QByteArray(row.contents, row.size));
         const CommandResult result = import(path);
         EXPECT_EQ(result.exitCode, 1);
         EXPECT_EQ(result.output, QString());
@@ -187,46 +183,44 @@ TEST(ImportCommand, MissingFilesAndFolders)
 
 TEST(ImportCommand, FileNamesCannotBreakTheMessage)
 {
-    const CommandResult result = import(QStringLiteral("/no/such\nfile"));
-    EXPECT_EQ(result.errors,
-              QStringLiteral("cobble: /no/such\\nfile: No such file or directory\n"));
+    const CommandResult result = import(u"/no/such\nfile"_s);
+    EXPECT_EQ(result.errors, u"cobble: /no/such\\nfile: No such file or directory\n"_s);
 }
 
 TEST(ImportCommand, AFileBehindTwoDashesMayBeginWithOne)
 {
-    const CommandResult result =
-        runInProcess({QStringLiteral("import"), QStringLiteral("--"), QStringLiteral("-no.csv")});
-    EXPECT_EQ(result.errors, QStringLiteral("cobble: -no.csv: No such file or directory\n"));
+    const CommandResult result = runInProcess({u"import"_s, u"--"_s, u"-no.csv"_s});
+    EXPECT_EQ(result.errors, u"cobble: -no.csv: No such file or directory\n"_s);
 }
 
 TEST(ImportCommand, LogsTheRunAndTheSchema)
 {
-    const QString path = newFile(QStringLiteral("contacts.csv"), "a,b\n1,2\n");
+    const QString path = newFile(u"contacts.csv"_s, "a,b\n1,2\n");
     KTLogCapture capture(kLog_ImportDialog, 4);
     capture.setLevelOfComponent(4, kLog_SchemaManager);
     import(path);
     EXPECT_EQ(capture.messages(),
               QStringList({QString(path + u": separator comma, 1 rows, 2 columns"),
-                           QStringLiteral("library 'contacts': library entity lib_contacts, "
-                                          "entity Contacts, table kt_contacts")}));
+                           u"library 'contacts': library entity lib_contacts, "
+                           "entity Contacts, table kt_contacts"_s}));
 }
 
 TEST(ImportCommand, LogsEachColumnInDetail)
 {
-    const QString path = newFile(QStringLiteral("a.csv"), "First Name,\n");
+    const QString path = newFile(u"a.csv"_s, "First Name,\n");
     KTLogCapture capture(kLog_ImportDialog, 7);
     import(path);
     EXPECT_EQ(capture.messages().sliced(1),
-              QStringList({QStringLiteral("'First Name': label 'First Name', property firstName, "
-                                          "internal name firstName, column kt_firstName"),
-                           QStringLiteral("'': label '', property , internal name field, "
-                                          "column kt_field")}));
+              QStringList({u"'First Name': label 'First Name', property firstName, "
+                           "internal name firstName, column kt_firstName"_s,
+                           u"'': label '', property , internal name field, "
+                           "column kt_field"_s}));
 }
 
 TEST(ImportCommand, LogsNothingOnFailure)
 {
     KTLogCapture capture(kLog_ImportDialog, 7);
-    import(QStringLiteral("/no/such/file"));
+    import(u"/no/such/file"_s);
     EXPECT_TRUE(capture.messages().isEmpty());
 }
 
@@ -236,16 +230,15 @@ TEST(ImportCommand, TheSample)
     const CommandResult result = import(QStringLiteral(COBBLE_SAMPLES "/contacts.csv"));
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.errors, QString());
-    EXPECT_EQ(valueOf(result, QStringLiteral("Separator:")), QStringLiteral("comma"));
-    EXPECT_EQ(valueOf(result, QStringLiteral("Rows read:")), QStringLiteral("302"));
-    EXPECT_EQ(valueOf(result, QStringLiteral("Ragged rows:")),
-              QStringLiteral("9 with fewer or more fields than there are headers"));
-    EXPECT_EQ(valueOf(result, QStringLiteral("Columns:")), QStringLiteral("24"));
-    EXPECT_TRUE(result.output.contains(QStringLiteral(
-        "11  balance        Balance        balance      balance1       kt_balance1")));
-    EXPECT_TRUE(result.output.contains(QStringLiteral("kt_公司\n")));
+    EXPECT_EQ(valueOf(result, u"Separator:"_s), u"comma"_s);
+    EXPECT_EQ(valueOf(result, u"Rows read:"_s), u"302"_s);
+    EXPECT_EQ(valueOf(result, u"Ragged rows:"_s),
+              u"9 with fewer or more fields than there are headers"_s);
+    EXPECT_EQ(valueOf(result, u"Columns:"_s), u"24"_s);
     EXPECT_TRUE(result.output.contains(
-        QStringLiteral("kt_donation     currency (USD)  280   3         19\n")));
+        u"11  balance        Balance        balance      balance1       kt_balance1"_s));
+    EXPECT_TRUE(result.output.contains(u"kt_公司\n"_s));
+    EXPECT_TRUE(result.output.contains(u"kt_donation     currency (USD)  280   3         19\n"_s));
     EXPECT_TRUE(result.output.contains(
-        QStringLiteral("9    kt_memberSince  2/30/2008           it is no date or time\n")));
+        u"9    kt_memberSince  2/30/2008           it is no date or time\n"_s));
 }

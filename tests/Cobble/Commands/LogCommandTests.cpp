@@ -4,10 +4,12 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 CommandResult log(const QStringList &arguments = {})
 {
-    return runInProcess(QStringList(QStringLiteral("log")) + arguments);
+    return runInProcess(QStringList(u"log"_s) + arguments);
 }
 
 CommandResult setLevel(const QString &component, const QString &level)
@@ -36,7 +38,7 @@ TEST(LogCommand, ListsPlacesAndComponents)
                 settingsPath(home) + u"\n\nLevel  Component\n0      AppleScript\n")))
         << result.output.toStdString();
     EXPECT_EQ(result.output.count(u'\n'), 4 + KTLogger().allComponentsArray().size());
-    EXPECT_TRUE(result.output.endsWith(QStringLiteral("\n0      Upgrade\n")));
+    EXPECT_TRUE(result.output.endsWith(u"\n0      Upgrade\n"_s));
 }
 
 TEST(LogCommand, ListingSavesNothing)
@@ -49,37 +51,35 @@ TEST(LogCommand, ListingSavesNothing)
 TEST(LogCommand, SetsAndSavesALevel)
 {
     testing_support::useFreshHome();
-    const CommandResult result = setLevel(QStringLiteral("Import Dialog"), QStringLiteral("4"));
+    const CommandResult result = setLevel(u"Import Dialog"_s, u"4"_s);
     EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.output, QStringLiteral("Import Dialog: 4\n"));
+    EXPECT_EQ(result.output, u"Import Dialog: 4\n"_s);
     EXPECT_EQ(result.errors, QString());
     EXPECT_EQ(levelOf(kLog_ImportDialog), 4);
-    EXPECT_TRUE(log().output.contains(QStringLiteral("\n4      Import Dialog\n")));
+    EXPECT_TRUE(log().output.contains(u"\n4      Import Dialog\n"_s));
 }
 
 TEST(LogCommand, ComponentsAreFoundWhateverTheCapitals)
 {
     testing_support::useFreshHome();
-    EXPECT_EQ(setLevel(QStringLiteral("DRAG & drop"), QStringLiteral("7")).output,
-              QStringLiteral("Drag & Drop: 7\n"));
+    EXPECT_EQ(setLevel(u"DRAG & drop"_s, u"7"_s).output, u"Drag & Drop: 7\n"_s);
     EXPECT_EQ(levelOf(kLog_DragDrop), 7);
 }
 
 TEST(LogCommand, AWrongComponentChangesNothing)
 {
     const QString home = testing_support::useFreshHome();
-    EXPECT_EQ(setLevel(QStringLiteral("invalid"), QStringLiteral("7")).exitCode, 2);
+    EXPECT_EQ(setLevel(u"invalid"_s, u"7"_s).exitCode, 2);
     EXPECT_FALSE(QFile::exists(settingsPath(home)));
 }
 
 TEST(LogCommand, OutputCanBeSetBeforeAnyLevel)
 {
     testing_support::useFreshHome();
-    EXPECT_EQ(log({QStringLiteral("--to"), QStringLiteral("console")}).output,
-              QStringLiteral("Output: console\n"));
+    EXPECT_EQ(log({u"--to"_s, u"console"_s}).output, u"Output: console\n"_s);
     EXPECT_FALSE(KTLogger().writeToFile());
-    EXPECT_TRUE(log().output.startsWith(QStringLiteral("Output:    console\n")));
-    EXPECT_EQ(log({QStringLiteral("--to"), QStringLiteral("file")}).exitCode, 0);
+    EXPECT_TRUE(log().output.startsWith(u"Output:    console\n"_s));
+    EXPECT_EQ(log({u"--to"_s, u"file"_s}).exitCode, 0);
     EXPECT_TRUE(KTLogger().writeToFile());
 }
 
@@ -87,11 +87,11 @@ TEST(LogCommand, FileAndLineIsSetNotToggled)
 {
     testing_support::useFreshHome();
     for (int round = 0; round < 2; ++round) {
-        EXPECT_EQ(log({QStringLiteral("--file-line"), QStringLiteral("on")}).exitCode, 0);
+        EXPECT_EQ(log({u"--file-line"_s, u"on"_s}).exitCode, 0);
         EXPECT_TRUE(KTLogger().displayFileLine());
     }
     for (int round = 0; round < 2; ++round) {
-        EXPECT_EQ(log({QStringLiteral("--file-line=off")}).exitCode, 0);
+        EXPECT_EQ(log({u"--file-line=off"_s}).exitCode, 0);
         EXPECT_FALSE(KTLogger().displayFileLine());
     }
 }
@@ -99,16 +99,16 @@ TEST(LogCommand, FileAndLineIsSetNotToggled)
 TEST(LogCommand, ConsoleWithFileAndLineInOneCall)
 {
     testing_support::useFreshHome();
-    EXPECT_EQ(log({QStringLiteral("--to=console"), QStringLiteral("--file-line=on")}).output,
-              QStringLiteral("Output: console, with file and line\n"));
+    EXPECT_EQ(log({u"--to=console"_s, u"--file-line=on"_s}).output,
+              u"Output: console, with file and line\n"_s);
 }
 
 TEST(LogCommand, ClearSwitchesEverythingOff)
 {
     testing_support::useFreshHome();
-    setLevel(QStringLiteral("Undo"), QStringLiteral("7"));
-    setLevel(QStringLiteral("Upgrade"), QStringLiteral("1"));
-    EXPECT_EQ(log({QStringLiteral("--clear")}).output, QStringLiteral("All components: 0\n"));
+    setLevel(u"Undo"_s, u"7"_s);
+    setLevel(u"Upgrade"_s, u"1"_s);
+    EXPECT_EQ(log({u"--clear"_s}).output, u"All components: 0\n"_s);
     EXPECT_EQ(levelOf(kLog_Undo), 0);
     EXPECT_EQ(levelOf(kLog_Upgrade), 0);
 }
@@ -116,16 +116,15 @@ TEST(LogCommand, ClearSwitchesEverythingOff)
 TEST(LogCommand, ClearWorksBeforeAnyLevel)
 {
     testing_support::useFreshHome();
-    EXPECT_EQ(log({QStringLiteral("--clear")}).exitCode, 0);
+    EXPECT_EQ(log({u"--clear"_s}).exitCode, 0);
 }
 
 TEST(LogCommand, ClearComesFirst)
 {
     testing_support::useFreshHome();
-    setLevel(QStringLiteral("Undo"), QStringLiteral("7"));
-    const CommandResult result =
-        log({QStringLiteral("Upgrade"), QStringLiteral("3"), QStringLiteral("--clear")});
-    EXPECT_EQ(result.output, QStringLiteral("All components: 0\nUpgrade: 3\n"));
+    setLevel(u"Undo"_s, u"7"_s);
+    const CommandResult result = log({u"Upgrade"_s, u"3"_s, u"--clear"_s});
+    EXPECT_EQ(result.output, u"All components: 0\nUpgrade: 3\n"_s);
     EXPECT_EQ(levelOf(kLog_Undo), 0);
     EXPECT_EQ(levelOf(kLog_Upgrade), 3);
 }
@@ -136,10 +135,10 @@ TEST(LogCommand, SettingsThatCannotBeSavedAreAFailure)
     // A folder in the place of the file.
     ASSERT_TRUE(QDir().mkpath(settingsPath(home) + u"/in the way"));
     const QList<QStringList> changes = {
-        {QStringLiteral("Undo"), QStringLiteral("4")},
-        {QStringLiteral("--to"), QStringLiteral("console")},
-        {QStringLiteral("--file-line"), QStringLiteral("on")},
-        {QStringLiteral("--clear")},
+        {u"Undo"_s, u"4"_s},
+        {u"--to"_s, u"console"_s},
+        {u"--file-line"_s, u"on"_s},
+        {u"--clear"_s},
     };
     for (const QStringList &change : changes) {
         const CommandResult result = log(change);
@@ -155,7 +154,7 @@ TEST(LogCommand, BrokenSettingsCountAsEmptyOnes)
     const QString home = testing_support::useFreshHome();
     testing_support::writeFile(settingsPath(home), "<plist><dict>\xff");
     EXPECT_EQ(log().exitCode, 0);
-    EXPECT_EQ(setLevel(QStringLiteral("Undo"), QStringLiteral("4")).exitCode, 0);
+    EXPECT_EQ(setLevel(u"Undo"_s, u"4"_s).exitCode, 0);
     EXPECT_EQ(levelOf(kLog_Undo), 4);
 }
 
@@ -164,11 +163,10 @@ TEST(LogCommand, WithoutAHomeThereAreNoSettings)
     testing_support::useFreshHome();
     qunsetenv("HOME");
     const CommandResult listed = log();
-    const CommandResult changed = setLevel(QStringLiteral("Undo"), QStringLiteral("4"));
+    const CommandResult changed = setLevel(u"Undo"_s, u"4"_s);
     testing_support::useFreshHome();
     EXPECT_EQ(listed.exitCode, 0);
-    EXPECT_TRUE(
-        listed.output.contains(QStringLiteral("\nSettings:  none, as there is no home folder\n")));
+    EXPECT_TRUE(listed.output.contains(u"\nSettings:  none, as there is no home folder\n"_s));
     EXPECT_EQ(changed.exitCode, 1);
-    EXPECT_EQ(changed.errors, QStringLiteral("cobble: settings: cannot be saved\n"));
+    EXPECT_EQ(changed.errors, u"cobble: settings: cannot be saved\n"_s);
 }

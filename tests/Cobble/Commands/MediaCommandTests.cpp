@@ -7,6 +7,8 @@
 #include <csignal>
 #include <sys/resource.h>
 
+using namespace Qt::StringLiterals;
+
 using testing_support::contentsOf;
 using testing_support::FileTree;
 using testing_support::LoopbackServer;
@@ -16,20 +18,19 @@ class MediaCommand : public testing::Test
 {
 protected:
     MediaCommand()
-        : bundle(tree.path(QStringLiteral("b.cobbledb")))
-        , folder(bundle + QStringLiteral("/Contents/Resources/Media/"))
+        : bundle(tree.path(u"b.cobbledb"_s)), folder(bundle + u"/Contents/Resources/Media/"_s)
     {
         testing_support::useFreshHome();
-        tree.add(QStringLiteral("a b.png"), "picture");
+        tree.add(u"a b.png"_s, "picture");
     }
 
     CommandResult run(const QStringList &arguments)
     {
-        return runInProcess(arguments + QStringList({QStringLiteral("--bundle"), bundle}));
+        return runInProcess(arguments + QStringList({u"--bundle"_s, bundle}));
     }
     CommandResult media(const QStringList &arguments)
     {
-        return run(QStringList({QStringLiteral("media")}) + arguments);
+        return run(QStringList({u"media"_s}) + arguments);
     }
 
     FileTree tree;
@@ -41,21 +42,20 @@ protected:
 TEST_F(MediaCommand, AddsFilesAndDownloads)
 {
     const LoopbackServer server;
-    const CommandResult result = media({QStringLiteral("add"), tree.path(QStringLiteral("a b.png")),
-                                        server.url(QStringLiteral("/pic.jpg"))});
+    const CommandResult result =
+        media({u"add"_s, tree.path(u"a b.png"_s), server.url(u"/pic.jpg"_s)});
     EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
-    EXPECT_EQ(result.output, QStringLiteral("cobblemedia://a%20b.0.png\n"
-                                            "cobblemedia://pic.0.jpg\n"));
+    EXPECT_EQ(result.output, u"cobblemedia://a%20b.0.png\n"
+                             "cobblemedia://pic.0.jpg\n"_s);
     EXPECT_EQ(contentsOf(folder + u"a b.0.png"), "picture");
-    EXPECT_EQ(media({QStringLiteral("list")}).output,
-              QStringLiteral("7  cobblemedia://a%20b.0.png\n3  cobblemedia://pic.0.jpg\n"));
+    EXPECT_EQ(media({u"list"_s}).output,
+              u"7  cobblemedia://a%20b.0.png\n3  cobblemedia://pic.0.jpg\n"_s);
 }
 
 TEST_F(MediaCommand, TheDefaultBundleIsMade)
 {
     const QString home = testing_support::useFreshHome();
-    const CommandResult result = runInProcess(
-        {QStringLiteral("media"), QStringLiteral("add"), tree.path(QStringLiteral("a b.png"))});
+    const CommandResult result = runInProcess({u"media"_s, u"add"_s, tree.path(u"a b.png"_s)});
     EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
     EXPECT_EQ(contentsOf(home + u"/.local/share/Cobble/cobble.cobbledb/Contents/Resources/Media/"
                                 u"a b.0.png"),
@@ -64,11 +64,10 @@ TEST_F(MediaCommand, TheDefaultBundleIsMade)
 
 TEST_F(MediaCommand, ABundleMayBeNamedWithASlash)
 {
-    tree.add(QStringLiteral("Names.csv"), "Name\nAnn\n");
+    tree.add(u"Names.csv"_s, "Name\nAnn\n");
     const QString path = bundle;
     bundle += u'/';
-    const CommandResult result =
-        run({QStringLiteral("import"), tree.path(QStringLiteral("Names.csv"))});
+    const CommandResult result = run({u"import"_s, tree.path(u"Names.csv"_s)});
     EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
     EXPECT_TRUE(result.output.endsWith(u" of " + path + u'\n'));
     EXPECT_TRUE(QFile::exists(path + u"/Contents/Resources/Database"));
@@ -76,51 +75,42 @@ TEST_F(MediaCommand, ABundleMayBeNamedWithASlash)
 
 TEST_F(MediaCommand, ListsNamesThatBeginWithADot)
 {
-    tree.add(QStringLiteral(".png"), "hidden");
-    tree.add(QStringLiteral(".cobble-12"), "mine");
-    media({QStringLiteral("add"), tree.path(QStringLiteral(".png")),
-           tree.path(QStringLiteral(".cobble-12"))});
+    tree.add(u".png"_s, "hidden");
+    tree.add(u".cobble-12"_s, "mine");
+    media({u"add"_s, tree.path(u".png"_s), tree.path(u".cobble-12"_s)});
     // What a copy that was interrupted leaves is no media.
     testing_support::writeFile(folder + u".cobble-1234", "half");
-    EXPECT_EQ(media({QStringLiteral("list")}).output,
-              QStringLiteral("4  cobblemedia://.cobble-12.0\n6  cobblemedia://.png.0\n"));
+    EXPECT_EQ(media({u"list"_s}).output,
+              u"4  cobblemedia://.cobble-12.0\n6  cobblemedia://.png.0\n"_s);
 }
 
 TEST_F(MediaCommand, WhatCannotBeAddedIsToldAndTheRestIsAdded)
 {
     const CommandResult result =
-        media({QStringLiteral("add"), QStringLiteral("/none.png"),
-               tree.path(QStringLiteral("a b.png")), QStringLiteral("https://a/b.png")});
+        media({u"add"_s, u"/none.png"_s, tree.path(u"a b.png"_s), u"https://a/b.png"_s});
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.output, QStringLiteral("cobblemedia://a%20b.0.png\n"));
-    EXPECT_EQ(result.errors, QStringLiteral("cobble: /none.png: it cannot be stored\n"
-                                            "cobble: https://a/b.png: it cannot be stored\n"));
+    EXPECT_EQ(result.output, u"cobblemedia://a%20b.0.png\n"_s);
+    EXPECT_EQ(result.errors, u"cobble: /none.png: it cannot be stored\n"
+                             "cobble: https://a/b.png: it cannot be stored\n"_s);
 }
 
 TEST_F(MediaCommand, Paths)
 {
-    EXPECT_EQ(media({QStringLiteral("path"), QStringLiteral("cobblemedia://a%20b.0.png")}).output,
-              folder + u"a b.0.png\n");
-    const CommandResult result =
-        media({QStringLiteral("path"), QStringLiteral("cobblemedia://..%2FDatabase")});
+    EXPECT_EQ(media({u"path"_s, u"cobblemedia://a%20b.0.png"_s}).output, folder + u"a b.0.png\n");
+    const CommandResult result = media({u"path"_s, u"cobblemedia://..%2FDatabase"_s});
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.errors,
-              QStringLiteral("cobble: cobblemedia://..%2FDatabase: that is no media URL\n"));
+    EXPECT_EQ(result.errors, u"cobble: cobblemedia://..%2FDatabase: that is no media URL\n"_s);
 }
 
 TEST_F(MediaCommand, Deletes)
 {
-    const QString file = tree.path(QStringLiteral("a b.png"));
-    media({QStringLiteral("add"), file, file});
-    EXPECT_EQ(media({QStringLiteral("delete"), QStringLiteral("cobblemedia://a%20b.0.png"),
-                     QStringLiteral("a b.1.png")})
-                  .exitCode,
-              0);
-    EXPECT_EQ(media({QStringLiteral("list")}).output, QString());
-    for (const QString &name :
-         {QStringLiteral("a b.0.png"), QStringLiteral(".."), QStringLiteral("../Media"),
-          QStringLiteral("cobblemedia://..%2FMedia"), QStringLiteral("cobblemedia://..")}) {
-        const CommandResult result = media({QStringLiteral("delete"), name});
+    const QString file = tree.path(u"a b.png"_s);
+    media({u"add"_s, file, file});
+    EXPECT_EQ(media({u"delete"_s, u"cobblemedia://a%20b.0.png"_s, u"a b.1.png"_s}).exitCode, 0);
+    EXPECT_EQ(media({u"list"_s}).output, QString());
+    for (const QString &name : {u"a b.0.png"_s, u".."_s, u"../Media"_s,
+                                u"cobblemedia://..%2FMedia"_s, u"cobblemedia://.."_s}) {
+        const CommandResult result = media({u"delete"_s, name});
         EXPECT_EQ(result.exitCode, 1) << name.toStdString();
         EXPECT_EQ(result.errors, u"cobble: " + name + u": there is no such media file\n");
     }
@@ -129,29 +119,28 @@ TEST_F(MediaCommand, Deletes)
 
 TEST_F(MediaCommand, WithoutABundle)
 {
-    const CommandResult result = media({QStringLiteral("list")});
+    const CommandResult result = media({u"list"_s});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.errors, u"cobble: " + bundle + u": there is no media folder\n");
 }
 
 TEST_F(MediaCommand, WrongUsage)
 {
-    for (const QStringList &arguments :
-         {QStringList(), QStringList{QStringLiteral("lost")}, QStringList{QStringLiteral("add")},
-          QStringList{QStringLiteral("list"), QStringLiteral("x")}})
+    for (const QStringList &arguments : {QStringList(), QStringList{u"lost"_s},
+                                         QStringList{u"add"_s}, QStringList{u"list"_s, u"x"_s}})
         EXPECT_EQ(media(arguments).exitCode, 2) << arguments.join(u' ').toStdString();
-    EXPECT_EQ(run({QStringLiteral("upgrade-copy"), QStringLiteral("x")}).exitCode, 2);
-    EXPECT_EQ(media({QStringLiteral("--help")}).exitCode, 0);
+    EXPECT_EQ(run({u"upgrade-copy"_s, u"x"_s}).exitCode, 2);
+    EXPECT_EQ(media({u"--help"_s}).exitCode, 0);
 }
 
 TEST_F(MediaCommand, UpgradeCopy)
 {
-    EXPECT_EQ(run({QStringLiteral("upgrade-copy")}).errors,
+    EXPECT_EQ(run({u"upgrade-copy"_s}).errors,
               u"cobble: " + bundle + u": there is no database bundle\n");
-    media({QStringLiteral("add"), tree.path(QStringLiteral("a b.png"))});
-    const CommandResult result = run({QStringLiteral("upgrade-copy")});
+    media({u"add"_s, tree.path(u"a b.png"_s)});
+    const CommandResult result = run({u"upgrade-copy"_s});
     EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.output, tree.path(QStringLiteral("b_PreUpgrade.cobbledb\n")));
+    EXPECT_EQ(result.output, tree.path(u"b_PreUpgrade.cobbledb\n"_s));
     EXPECT_FALSE(QFile::exists(bundle));
     for (const char16_t *copy : {u"b_PreUpgrade.cobbledb", u"b1Backup.cobbledb"})
         EXPECT_EQ(contentsOf(
@@ -161,28 +150,28 @@ TEST_F(MediaCommand, UpgradeCopy)
 
 TEST_F(MediaCommand, ABundleThatCannotBeCopiedStaysInItsPlace)
 {
-    media({QStringLiteral("add"), tree.path(QStringLiteral("a b.png"))});
+    media({u"add"_s, tree.path(u"a b.png"_s)});
     struct rlimit before = {};
     ::getrlimit(RLIMIT_FSIZE, &before);
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
     const struct rlimit small = {rlim_t(3), before.rlim_max};
     ::setrlimit(RLIMIT_FSIZE, &small);
-    const CommandResult result = run({QStringLiteral("upgrade-copy")});
+    const CommandResult result = run({u"upgrade-copy"_s});
     ::setrlimit(RLIMIT_FSIZE, &before);
     std::signal(SIGXFSZ, handler);
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.errors, u"cobble: " + tree.path(QStringLiteral("b_PreUpgrade.cobbledb")) +
+    EXPECT_EQ(result.errors, u"cobble: " + tree.path(u"b_PreUpgrade.cobbledb"_s) +
                                  u": the copy could not be made\n");
     EXPECT_EQ(contentsOf(folder + u"a b.0.png"), "picture");
-    EXPECT_FALSE(QFile::exists(tree.path(QStringLiteral("b1Backup.cobbledb"))));
+    EXPECT_FALSE(QFile::exists(tree.path(u"b1Backup.cobbledb"_s)));
 }
 
 TEST_F(MediaCommand, WhatCannotBeDeletedIsNotCalledMissing)
 {
     // Nobody, not even root, removes a file of "/proc".
-    media({QStringLiteral("add"), tree.path(QStringLiteral("a b.png"))});
+    media({u"add"_s, tree.path(u"a b.png"_s)});
     QDir(folder).removeRecursively();
-    ASSERT_TRUE(QFile::link(QStringLiteral("/proc"), folder.chopped(1)));
-    EXPECT_EQ(media({QStringLiteral("delete"), QStringLiteral("version")}).errors,
-              QStringLiteral("cobble: version: it cannot be deleted\n"));
+    ASSERT_TRUE(QFile::link(u"/proc"_s, folder.chopped(1)));
+    EXPECT_EQ(media({u"delete"_s, u"version"_s}).errors,
+              u"cobble: version: it cannot be deleted\n"_s);
 }

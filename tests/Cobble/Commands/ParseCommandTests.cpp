@@ -3,6 +3,8 @@
 #include "Formatters/FormatterSupport.h"
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -21,31 +23,27 @@ TEST(ParseCommand, ShowsValueDisplayEditingTextAndPattern)
     const CommandResult result = runLine(u"parse date 3/4/08·5:30·PM --locale en_US");
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.errors, QString());
-    EXPECT_EQ(result.output, QStringLiteral("3/4/08 5:30 PM\n"
-                                            "  value:    2008-03-04 17:30:00 -0500\n"
-                                            "  display:  3/4/2008\n"
-                                            "  editing:  3/4/2008\n"
-                                            "  pattern:  M/d/yy h:m a\n"));
+    EXPECT_EQ(result.output, u"3/4/08 5:30 PM\n"
+                             "  value:    2008-03-04 17:30:00 -0500\n"
+                             "  display:  3/4/2008\n"
+                             "  editing:  3/4/2008\n"
+                             "  pattern:  M/d/yy h:m a\n"_s);
 }
 
 TEST(ParseCommand, ReadsEveryType)
 {
     const std::tuple<const char16_t *, QString, QString> lines[] = {
-        {u"parse number (1,234.5)", QStringLiteral("-1234.5"), QStringLiteral("-1,235")},
-        {u"parse number -5", QStringLiteral("-5"), QStringLiteral("-5")},
-        {u"parse number -- --5", QStringLiteral("-5"), QStringLiteral("-5")},
-        {u"parse number 1.234,5 --locale de_DE", QStringLiteral("1234.5"), QStringLiteral("1.235")},
-        {u"parse currency ($12.50)", QStringLiteral("-12.5"), QStringLiteral("-$12.50")},
-        {u"parse currency €5 --option currencyType=EUR", QStringLiteral("5"),
-         QStringLiteral("€5.00")},
-        {u"parse duration 2h·30m", QStringLiteral("9000"), QStringLiteral("2h 30m")},
-        {u"parse phone 2125550168", QStringLiteral("2125550168"), QStringLiteral("(212) 555-0168")},
-        {u"parse phone +442079460944 --locale=en_GB", QStringLiteral("+442079460944"),
-         QStringLiteral("+44 20 7946 0944")},
-        {u"parse time 5:30pm", QStringLiteral("2001-01-01 17:30:00 -0500"),
-         QStringLiteral("5:30 PM")},
-        {u"parse datetime 3/4/08·5pm", QStringLiteral("2008-03-04 17:00:00 -0500"),
-         QStringLiteral("3/4/2008 5:00 PM")}};
+        {u"parse number (1,234.5)", u"-1234.5"_s, u"-1,235"_s},
+        {u"parse number -5", u"-5"_s, u"-5"_s},
+        {u"parse number -- --5", u"-5"_s, u"-5"_s},
+        {u"parse number 1.234,5 --locale de_DE", u"1234.5"_s, u"1.235"_s},
+        {u"parse currency ($12.50)", u"-12.5"_s, u"-$12.50"_s},
+        {u"parse currency €5 --option currencyType=EUR", u"5"_s, u"€5.00"_s},
+        {u"parse duration 2h·30m", u"9000"_s, u"2h 30m"_s},
+        {u"parse phone 2125550168", u"2125550168"_s, u"(212) 555-0168"_s},
+        {u"parse phone +442079460944 --locale=en_GB", u"+442079460944"_s, u"+44 20 7946 0944"_s},
+        {u"parse time 5:30pm", u"2001-01-01 17:30:00 -0500"_s, u"5:30 PM"_s},
+        {u"parse datetime 3/4/08·5pm", u"2008-03-04 17:00:00 -0500"_s, u"3/4/2008 5:00 PM"_s}};
     for (const auto &[line, value, display] : lines) {
         const CommandResult result = runLine(line);
         EXPECT_EQ(result.exitCode, 0) << qPrintable(QString::fromUtf16(line));
@@ -60,29 +58,27 @@ TEST(ParseCommand, ReadsEveryType)
 TEST(ParseCommand, NamesNoPatternForIsoDates)
 {
     EXPECT_TRUE(runLine(u"parse date 2008-03-05")
-                    .output.endsWith(QStringLiteral(
-                        "  pattern:  ISO 8601, or one that took only a part of the text\n")));
-    EXPECT_FALSE(runLine(u"parse date tomorrow").output.contains(QStringLiteral("pattern:")));
+                    .output.endsWith(
+                        u"  pattern:  ISO 8601, or one that took only a part of the text\n"_s));
+    EXPECT_FALSE(runLine(u"parse date tomorrow").output.contains(u"pattern:"_s));
 }
 
 TEST(ParseCommand, TellsWhatIsNotRead)
 {
     const CommandResult result = runLine(u"parse number 12abc abc 7");
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.output, QStringLiteral("12abc\n"
-                                            "  not read:  there is more than a number\n"
-                                            "abc\n"
-                                            "  not read:  it is no number\n"
-                                            "7\n"
-                                            "  value:    7\n"
-                                            "  display:  7\n"
-                                            "  editing:  7\n"));
-    EXPECT_TRUE(runLine(u"parse duration 90")
-                    .output.contains(QStringLiteral("Could not convert to a time")));
+    EXPECT_EQ(result.output, u"12abc\n"
+                             "  not read:  there is more than a number\n"
+                             "abc\n"
+                             "  not read:  it is no number\n"
+                             "7\n"
+                             "  value:    7\n"
+                             "  display:  7\n"
+                             "  editing:  7\n"_s);
+    EXPECT_TRUE(runLine(u"parse duration 90").output.contains(u"Could not convert to a time"_s));
+    EXPECT_TRUE(runLine(u"parse date tomorrow").output.contains(u"it is no date or time"_s));
     EXPECT_TRUE(
-        runLine(u"parse date tomorrow").output.contains(QStringLiteral("it is no date or time")));
-    EXPECT_TRUE(runLine(u"parse currency €5")
-                    .output.contains(QStringLiteral("it is no amount in this currency")));
+        runLine(u"parse currency €5").output.contains(u"it is no amount in this currency"_s));
 }
 
 TEST(ParseCommand, SaysWhatIsWrongWithItself)
@@ -115,17 +111,17 @@ TEST(FormatCommand, ShowsValues)
     const std::tuple<const char16_t *, QString> lines[] = {
         {u"format number -1234567.891 --option decimalPlaces=2 --option "
          u"formatNegativeUsingParens=yes",
-         QStringLiteral("(1,234,567.89)")},
-        {u"format currency 1234.5 --option currencyType=JPY", QStringLiteral("¥1,234")},
+         u"(1,234,567.89)"_s},
+        {u"format currency 1234.5 --option currencyType=JPY", u"¥1,234"_s},
         {u"format duration 93784 --option useAbbreviations=no",
-         QStringLiteral("1 day 2 hours 3 minutes 4 seconds")},
+         u"1 day 2 hours 3 minutes 4 seconds"_s},
         {u"format date 2008-03-05T17:30 --option dateStyle=4 --locale fr_FR",
-         QStringLiteral("mercredi 5 mars 2008")},
-        {u"format date 2008-03-05 --option displayYear=false", QStringLiteral("March 5")},
-        {u"format date+time 2008-03-05T17:30Z", QStringLiteral("3/5/2008 12:30 PM")},
-        {u"format time 17:30", QStringLiteral("5:30 PM")},
-        {u"format phone 2125550168", QStringLiteral("(212) 555-0168")},
-        {u"format number 1e3", QStringLiteral("1,000")}};
+         u"mercredi 5 mars 2008"_s},
+        {u"format date 2008-03-05 --option displayYear=false", u"March 5"_s},
+        {u"format date+time 2008-03-05T17:30Z", u"3/5/2008 12:30 PM"_s},
+        {u"format time 17:30", u"5:30 PM"_s},
+        {u"format phone 2125550168", u"(212) 555-0168"_s},
+        {u"format number 1e3", u"1,000"_s}};
     for (const auto &[line, display] : lines) {
         const CommandResult result = runLine(line);
         EXPECT_EQ(result.exitCode, 0) << qPrintable(QString::fromUtf16(line));
@@ -141,7 +137,7 @@ TEST(FormatCommand, RefusesWhatIsNoValue)
           u"format duration 1h", u"format date 2008-02-30"}) {
         const CommandResult result = runLine(line);
         EXPECT_EQ(result.exitCode, 1) << qPrintable(QString::fromUtf16(line));
-        EXPECT_TRUE(result.errors.contains(QStringLiteral("is no value of type")));
+        EXPECT_TRUE(result.errors.contains(u"is no value of type"_s));
         EXPECT_EQ(result.output, QString());
     }
 }
@@ -149,10 +145,7 @@ TEST(FormatCommand, RefusesWhatIsNoValue)
 TEST(ParseCommand, SurvivesAnyText)
 {
     for (const QString &text : hostileTexts()) {
-        for (const QString &type : {QStringLiteral("number"), QStringLiteral("currency"),
-                                    QStringLiteral("date"), QStringLiteral("duration")})
-            EXPECT_NE(
-                runInProcess({QStringLiteral("parse"), type, QStringLiteral("--"), text}).exitCode,
-                2);
+        for (const QString &type : {u"number"_s, u"currency"_s, u"date"_s, u"duration"_s})
+            EXPECT_NE(runInProcess({u"parse"_s, type, u"--"_s, text}).exitCode, 2);
     }
 }

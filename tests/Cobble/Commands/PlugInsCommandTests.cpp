@@ -4,14 +4,16 @@
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString Exporter = QStringLiteral("org.cobble.Cobble.TextExporter");
-const QString Importer = QStringLiteral("org.cobble.Cobble.VCardImporter");
+const QString Exporter = u"org.cobble.Cobble.TextExporter"_s;
+const QString Importer = u"org.cobble.Cobble.VCardImporter"_s;
 
 CommandResult plugIns(const QStringList &arguments = {})
 {
     testing_support::needApplication();
-    return runInProcess(QStringList({QStringLiteral("plugins")}) + arguments);
+    return runInProcess(QStringList({u"plugins"_s}) + arguments);
 }
 
 /// The line that tells of a plug-in; nil if there is none.
@@ -31,39 +33,38 @@ TEST(PlugInsCommand, ThoseOfTheHostAreLoaded)
     testing_support::useFreshHome();
     EXPECT_TRUE(lineOf(Exporter).startsWith(Exporter + u" exporter yes loaded /"));
     EXPECT_TRUE(lineOf(Importer).startsWith(Importer + u" importer yes loaded /"));
-    EXPECT_EQ(plugIns({QStringLiteral("list")}).output, plugIns().output);
+    EXPECT_EQ(plugIns({u"list"_s}).output, plugIns().output);
 }
 
 TEST(PlugInsCommand, WhatIsDisabledStaysSo)
 {
     const QString home = testing_support::useFreshHome();
-    EXPECT_EQ(plugIns({QStringLiteral("disable"), Exporter}).exitCode, 0);
+    EXPECT_EQ(plugIns({u"disable"_s, Exporter}).exitCode, 0);
     EXPECT_TRUE(lineOf(Exporter).startsWith(Exporter + u" exporter no not loaded /"));
-    EXPECT_EQ(PlugIns().exporterFor(QStringLiteral("csv")), nullptr);
+    EXPECT_EQ(PlugIns().exporterFor(u"csv"_s), nullptr);
     EXPECT_TRUE(QFile::exists(home + u"/.local/share/Cobble/Preferences/"
                                      u"org.cobble.Cobble.plugins.plist"));
-    EXPECT_EQ(plugIns({QStringLiteral("enable"), Exporter}).exitCode, 0);
-    EXPECT_EQ(plugIns({QStringLiteral("enable"), Exporter}).exitCode, 0);
-    EXPECT_NE(PlugIns().exporterFor(QStringLiteral("csv")), nullptr);
+    EXPECT_EQ(plugIns({u"enable"_s, Exporter}).exitCode, 0);
+    EXPECT_EQ(plugIns({u"enable"_s, Exporter}).exitCode, 0);
+    EXPECT_NE(PlugIns().exporterFor(u"csv"_s), nullptr);
 }
 
 TEST(PlugInsCommand, OnesThatAreGoneCanBeDisabled)
 {
     testing_support::useFreshHome();
-    PlugIns().managers().first().second->setEnabledForPlugin(true, QStringLiteral("org.gone"));
-    EXPECT_EQ(plugIns({QStringLiteral("disable"), QStringLiteral("org.gone")}).exitCode, 0);
-    EXPECT_FALSE(PlugIns().managers().first().second->isPluginEnabled(QStringLiteral("org.gone")));
-    EXPECT_EQ(plugIns({QStringLiteral("disable"), QStringLiteral("org.gone")}).exitCode, 1);
+    PlugIns().managers().first().second->setEnabledForPlugin(true, u"org.gone"_s);
+    EXPECT_EQ(plugIns({u"disable"_s, u"org.gone"_s}).exitCode, 0);
+    EXPECT_FALSE(PlugIns().managers().first().second->isPluginEnabled(u"org.gone"_s));
+    EXPECT_EQ(plugIns({u"disable"_s, u"org.gone"_s}).exitCode, 1);
 }
 
 TEST(PlugInsCommand, OnesThatDoNotExist)
 {
     testing_support::useFreshHome();
-    const CommandResult result =
-        plugIns({QStringLiteral("enable"), QStringLiteral("org.none"), QStringLiteral("")});
+    const CommandResult result = plugIns({u"enable"_s, u"org.none"_s, u""_s});
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.errors, QStringLiteral("cobble: org.none: there is no such plug-in\n"
-                                            "cobble: : there is no such plug-in\n"));
+    EXPECT_EQ(result.errors, u"cobble: org.none: there is no such plug-in\n"
+                             "cobble: : there is no such plug-in\n"_s);
 }
 
 TEST(PlugInsCommand, BrokenOnesAreListedWithTheReason)
@@ -76,9 +77,9 @@ TEST(PlugInsCommand, BrokenOnesAreListedWithTheReason)
         "<plist version=\"1.0\"><dict><key>CFBundleIdentifier</key><string>org.lost</string>"
         "<key>NSPrincipalClass</key><string>Lost</string></dict></plist>");
     EXPECT_TRUE(plugIns().output.contains(u"Empty.bundle"));
-    EXPECT_TRUE(lineOf(QStringLiteral("-")).startsWith(u"- exporter no skipped /"));
-    EXPECT_TRUE(lineOf(QStringLiteral("org.lost")).startsWith(u"org.lost exporter no not loaded"));
-    const CommandResult result = plugIns({QStringLiteral("enable"), QStringLiteral("org.lost")});
+    EXPECT_TRUE(lineOf(u"-"_s).startsWith(u"- exporter no skipped /"));
+    EXPECT_TRUE(lineOf(u"org.lost"_s).startsWith(u"org.lost exporter no not loaded"));
+    const CommandResult result = plugIns({u"enable"_s, u"org.lost"_s});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_TRUE(result.errors.startsWith(u"cobble: org.lost: ")) << result.errors.toStdString();
     EXPECT_TRUE(lineOf(Exporter).contains(u" yes loaded "));
@@ -87,8 +88,8 @@ TEST(PlugInsCommand, BrokenOnesAreListedWithTheReason)
 TEST(PlugInsCommand, WrongUsage)
 {
     testing_support::useFreshHome();
-    EXPECT_EQ(plugIns({QStringLiteral("enable")}).exitCode, 2);
-    EXPECT_EQ(plugIns({QStringLiteral("list"), QStringLiteral("x")}).exitCode, 2);
-    EXPECT_EQ(plugIns({QStringLiteral("other"), QStringLiteral("x")}).exitCode, 2);
-    EXPECT_EQ(plugIns({QStringLiteral("--help")}).exitCode, 0);
+    EXPECT_EQ(plugIns({u"enable"_s}).exitCode, 2);
+    EXPECT_EQ(plugIns({u"list"_s, u"x"_s}).exitCode, 2);
+    EXPECT_EQ(plugIns({u"other"_s, u"x"_s}).exitCode, 2);
+    EXPECT_EQ(plugIns({u"--help"_s}).exitCode, 0);
 }

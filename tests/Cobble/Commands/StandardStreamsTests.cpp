@@ -5,6 +5,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 int openedForWriting(const QString &path)
 {
@@ -27,7 +29,7 @@ TEST(DescriptorStream, WritesUtf8AndLeavesTheDescriptorOpen)
 
 TEST(DescriptorStream, WritingNothingSucceeds)
 {
-    const int descriptor = openedForWriting(QStringLiteral("/dev/full"));
+    const int descriptor = openedForWriting(u"/dev/full"_s);
     DescriptorStream output(descriptor);
     EXPECT_EQ(output.finish(), QString());
     ::close(descriptor);
@@ -35,19 +37,19 @@ TEST(DescriptorStream, WritingNothingSucceeds)
 
 TEST(DescriptorStream, TellsOfAFullDisk)
 {
-    const int descriptor = openedForWriting(QStringLiteral("/dev/full"));
+    const int descriptor = openedForWriting(u"/dev/full"_s);
     DescriptorStream output(descriptor);
     output.stream() << "text";
-    EXPECT_EQ(output.finish(), QStringLiteral("No space left on device"));
+    EXPECT_EQ(output.finish(), u"No space left on device"_s);
     ::close(descriptor);
 }
 
 TEST(DescriptorStream, TellsOfAFullDiskAlsoAfterMoreThanABuffer)
 {
-    const int descriptor = openedForWriting(QStringLiteral("/dev/full"));
+    const int descriptor = openedForWriting(u"/dev/full"_s);
     DescriptorStream output(descriptor);
-    output.stream() << testing_support::megabyteOf(QStringLiteral("x")) << Qt::flush << "y";
-    EXPECT_EQ(output.finish(), QStringLiteral("No space left on device"));
+    output.stream() << testing_support::megabyteOf(u"x"_s) << Qt::flush << "y";
+    EXPECT_EQ(output.finish(), u"No space left on device"_s);
     ::close(descriptor);
 }
 
@@ -56,7 +58,7 @@ TEST(DescriptorStream, TellsOfADescriptorForReading)
     const int descriptor = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
     DescriptorStream output(descriptor);
     output.stream() << "text";
-    EXPECT_EQ(output.finish(), QStringLiteral("Bad file descriptor"));
+    EXPECT_EQ(output.finish(), u"Bad file descriptor"_s);
     ::close(descriptor);
 }
 

@@ -7,6 +7,8 @@
 #include <KTUtility/NSLocale>
 #include <KTUtility/NSObject>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 LibraryField fieldNamed(const QString &title, FieldType type)
 {
@@ -32,18 +34,18 @@ protected:
         QStringList rows;
         for (const FormRow *const row : form.rows())
             rows += row->label().toString() + u": " + row->text();
-        return rows.join(QStringLiteral(", "));
+        return rows.join(u", "_s);
     }
 
     static QVariantMap values(const QString &name, int age)
     {
-        return {{QStringLiteral("kt_name"), name}, {QStringLiteral("kt_age"), age}};
+        return {{u"kt_name"_s, name}, {u"kt_age"_s, age}};
     }
 
-    FormField name{fieldNamed(QStringLiteral("Name"), FieldType::Text)};
-    FormField age{fieldNamed(QStringLiteral("Age"), FieldType::Number)};
-    FormRecord ada{values(QStringLiteral("Ada"), 1234)};
-    FormRecord bob{values(QStringLiteral("Bob"), 5)};
+    FormField name{fieldNamed(u"Name"_s, FieldType::Text)};
+    FormField age{fieldNamed(u"Age"_s, FieldType::Number)};
+    FormRecord ada{values(u"Ada"_s, 1234)};
+    FormRecord bob{values(u"Bob"_s, 5)};
     NSArrayController records;
     DetailForm form{&records};
 };
@@ -51,20 +53,20 @@ protected:
 
 TEST_F(DetailFormTest, FollowsTheSelection)
 {
-    EXPECT_EQ(shown(), QStringLiteral("Name: , Age: "));
+    EXPECT_EQ(shown(), u"Name: , Age: "_s);
     records.setSelectionIndex(0);
-    EXPECT_EQ(shown(), QStringLiteral("Name: Ada, Age: 1,234"));
+    EXPECT_EQ(shown(), u"Name: Ada, Age: 1,234"_s);
     records.selectNext();
-    EXPECT_EQ(shown(), QStringLiteral("Name: Bob, Age: 5"));
+    EXPECT_EQ(shown(), u"Name: Bob, Age: 5"_s);
 }
 
 TEST_F(DetailFormTest, FollowsTheValues)
 {
     records.setSelectionIndex(0);
-    NSKeyValueCoding::setValue(&ada, QStringLiteral("Augusta"), QStringLiteral("kt_name"));
-    EXPECT_EQ(shown(), QStringLiteral("Name: Augusta, Age: 1,234"));
-    NSKeyValueCoding::setValue(&bob, QStringLiteral("Robert"), QStringLiteral("kt_name"));
-    EXPECT_EQ(shown(), QStringLiteral("Name: Augusta, Age: 1,234"));
+    NSKeyValueCoding::setValue(&ada, u"Augusta"_s, u"kt_name"_s);
+    EXPECT_EQ(shown(), u"Name: Augusta, Age: 1,234"_s);
+    NSKeyValueCoding::setValue(&bob, u"Robert"_s, u"kt_name"_s);
+    EXPECT_EQ(shown(), u"Name: Augusta, Age: 1,234"_s);
 }
 
 TEST_F(DetailFormTest, FollowsTheFields)
@@ -74,16 +76,16 @@ TEST_F(DetailFormTest, FollowsTheFields)
     int changes = 0;
     QObject::connect(&form, &DetailForm::rowsChanged, &form, [&changes] { ++changes; });
     form.setFields({&age, &name});
-    EXPECT_EQ(shown(), QStringLiteral("Age: 1,234, Name: Ada"));
+    EXPECT_EQ(shown(), u"Age: 1,234, Name: Ada"_s);
     EXPECT_EQ(form.rows().last(), rowOfName);
     form.setFields({&name});
-    EXPECT_EQ(shown(), QStringLiteral("Name: Ada"));
+    EXPECT_EQ(shown(), u"Name: Ada"_s);
     form.setFields({});
     EXPECT_EQ(shown(), QString());
     EXPECT_EQ(changes, 3);
     form.setFields({&age});
-    age.setTitle(QStringLiteral("Years"));
-    EXPECT_EQ(shown(), QStringLiteral("Years: 1,234"));
+    age.setTitle(u"Years"_s);
+    EXPECT_EQ(shown(), u"Years: 1,234"_s);
 }
 
 TEST_F(DetailFormTest, TellsNobodyWhenItGoes)
@@ -100,38 +102,38 @@ TEST_F(DetailFormTest, TellsNobodyWhenItGoes)
 TEST_F(DetailFormTest, WhatIsTypedGoesToTheRecord)
 {
     records.setSelectionIndex(0);
-    EXPECT_TRUE(form.rows().at(1)->setText(QStringLiteral("2,000")));
-    EXPECT_TRUE(NSObject::isEqual(ada.values().value(QStringLiteral("kt_age")), 2000));
-    EXPECT_EQ(shown(), QStringLiteral("Name: Ada, Age: 2,000"));
+    EXPECT_TRUE(form.rows().at(1)->setText(u"2,000"_s));
+    EXPECT_TRUE(NSObject::isEqual(ada.values().value(u"kt_age"_s), 2000));
+    EXPECT_EQ(shown(), u"Name: Ada, Age: 2,000"_s);
     QString reason;
-    EXPECT_FALSE(form.rows().at(1)->setText(QStringLiteral("cow"), &reason));
-    EXPECT_EQ(reason, QStringLiteral("it is no number"));
-    EXPECT_EQ(shown(), QStringLiteral("Name: Ada, Age: 2,000"));
+    EXPECT_FALSE(form.rows().at(1)->setText(u"cow"_s, &reason));
+    EXPECT_EQ(reason, u"it is no number"_s);
+    EXPECT_EQ(shown(), u"Name: Ada, Age: 2,000"_s);
     EXPECT_TRUE(form.rows().at(1)->setText(QString()));
-    EXPECT_FALSE(ada.values().value(QStringLiteral("kt_age")).isValid());
-    EXPECT_EQ(shown(), QStringLiteral("Name: Ada, Age: "));
+    EXPECT_FALSE(ada.values().value(u"kt_age"_s).isValid());
+    EXPECT_EQ(shown(), u"Name: Ada, Age: "_s);
 }
 
 TEST_F(DetailFormTest, SeveralRecordsAreChangedAtOnce)
 {
     records.setSelectionIndexes({0, 1});
-    EXPECT_TRUE(form.rows().at(1)->setText(QStringLiteral("7")));
+    EXPECT_TRUE(form.rows().at(1)->setText(u"7"_s));
     for (const FormRecord *const record : {&ada, &bob})
-        EXPECT_TRUE(NSObject::isEqual(record->values().value(QStringLiteral("kt_age")), 7));
+        EXPECT_TRUE(NSObject::isEqual(record->values().value(u"kt_age"_s), 7));
 }
 
 TEST_F(DetailFormTest, TypedTextsThatWereNotReadAreShownAsTheyAre)
 {
-    NSKeyValueCoding::setValue(&ada, QStringLiteral("about 40"), QStringLiteral("kt_age"));
+    NSKeyValueCoding::setValue(&ada, u"about 40"_s, u"kt_age"_s);
     records.setSelectionIndex(0);
-    EXPECT_EQ(shown(), QStringLiteral("Name: Ada, Age: about 40"));
+    EXPECT_EQ(shown(), u"Name: Ada, Age: about 40"_s);
 }
 
 TEST(FormRecord, AnswersItsOwnKeysOnly)
 {
-    FormRecord record({{QStringLiteral("a"), QVariant()}});
-    EXPECT_TRUE(record.valueForKey(QStringLiteral("a")).has_value());
-    EXPECT_FALSE(record.valueForKey(QStringLiteral("b")).has_value());
-    EXPECT_TRUE(record.setValueForKey(1, QStringLiteral("a")));
-    EXPECT_FALSE(record.setValueForKey(1, QStringLiteral("b")));
+    FormRecord record({{u"a"_s, QVariant()}});
+    EXPECT_TRUE(record.valueForKey(u"a"_s).has_value());
+    EXPECT_FALSE(record.valueForKey(u"b"_s).has_value());
+    EXPECT_TRUE(record.setValueForKey(1, u"a"_s));
+    EXPECT_FALSE(record.setValueForKey(1, u"b"_s));
 }

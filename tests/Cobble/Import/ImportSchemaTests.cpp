@@ -6,12 +6,13 @@
 
 #include <QSet>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 QStringList internalNamesOf(const QStringList &headers)
 {
     QStringList names;
-    for (const ImportColumn &column :
-         ImportSchema::fromHeaders(QStringLiteral("contacts"), headers).columns)
+    for (const ImportColumn &column : ImportSchema::fromHeaders(u"contacts"_s, headers).columns)
         names += column.internalName;
     return names;
 }
@@ -40,40 +41,40 @@ void PrintTo(const ClashCase &row, std::ostream *stream)
 TEST(ImportSchema, TheExampleOfTheHeader)
 {
     const ImportSchema schema =
-        ImportSchema::fromHeaders(QStringLiteral("contacts"), texts({u"E-mail", u"e mail"}));
-    EXPECT_EQ(schema.tableName, QStringLiteral("kt_contacts"));
-    EXPECT_EQ(schema.columns.at(0).columnName, QStringLiteral("kt_email"));
-    EXPECT_EQ(schema.columns.at(1).columnName, QStringLiteral("kt_eMail1"));
+        ImportSchema::fromHeaders(u"contacts"_s, texts({u"E-mail", u"e mail"}));
+    EXPECT_EQ(schema.tableName, u"kt_contacts"_s);
+    EXPECT_EQ(schema.columns.at(0).columnName, u"kt_email"_s);
+    EXPECT_EQ(schema.columns.at(1).columnName, u"kt_eMail1"_s);
 }
 
 TEST(ImportSchema, NamesTheLibrary)
 {
-    const ImportSchema schema = ImportSchema::fromHeaders(QStringLiteral("My Contacts"), {});
-    EXPECT_EQ(schema.libraryName, QStringLiteral("My Contacts"));
-    EXPECT_EQ(schema.libraryEntityName, QStringLiteral("lib_my_contacts"));
-    EXPECT_EQ(schema.entityName, QStringLiteral("MyContacts"));
-    EXPECT_EQ(schema.tableName, QStringLiteral("kt_my_contacts"));
+    const ImportSchema schema = ImportSchema::fromHeaders(u"My Contacts"_s, {});
+    EXPECT_EQ(schema.libraryName, u"My Contacts"_s);
+    EXPECT_EQ(schema.libraryEntityName, u"lib_my_contacts"_s);
+    EXPECT_EQ(schema.entityName, u"MyContacts"_s);
+    EXPECT_EQ(schema.tableName, u"kt_my_contacts"_s);
     EXPECT_TRUE(schema.columns.isEmpty());
 }
 
 TEST(ImportSchema, EntityAndLibraryEntityDoNotDecideForEachOther)
 {
     for (int round = 0; round < 2; ++round) {
-        const ImportSchema schema = ImportSchema::fromHeaders(QStringLiteral("Garden Tools"), {});
-        EXPECT_EQ(schema.entityName, QStringLiteral("GardenTools"));
-        EXPECT_EQ(schema.libraryEntityName, QStringLiteral("lib_garden_tools"));
+        const ImportSchema schema = ImportSchema::fromHeaders(u"Garden Tools"_s, {});
+        EXPECT_EQ(schema.entityName, u"GardenTools"_s);
+        EXPECT_EQ(schema.libraryEntityName, u"lib_garden_tools"_s);
     }
 }
 
 TEST(ImportSchema, NamesOfAColumn)
 {
     const ImportColumn column =
-        ImportSchema::fromHeaders(QStringLiteral("x"), texts({u"Date of birth"})).columns.first();
-    EXPECT_EQ(column.header, QStringLiteral("Date of birth"));
-    EXPECT_EQ(column.label, QStringLiteral("Date Of Birth"));
-    EXPECT_EQ(column.propertyString, QStringLiteral("dateOfBirth"));
-    EXPECT_EQ(column.internalName, QStringLiteral("dateOfBirth"));
-    EXPECT_EQ(column.columnName, QStringLiteral("kt_dateOfBirth"));
+        ImportSchema::fromHeaders(u"x"_s, texts({u"Date of birth"})).columns.first();
+    EXPECT_EQ(column.header, u"Date of birth"_s);
+    EXPECT_EQ(column.label, u"Date Of Birth"_s);
+    EXPECT_EQ(column.propertyString, u"dateOfBirth"_s);
+    EXPECT_EQ(column.internalName, u"dateOfBirth"_s);
+    EXPECT_EQ(column.columnName, u"kt_dateOfBirth"_s);
 }
 
 class ImportSchemaClashes : public testing::TestWithParam<ClashCase>
@@ -109,8 +110,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(ImportSchema, ColumnNamesFollowTheInternalNames)
 {
     const QStringList headers = texts({u"First Name", u"first name", u"", u"?", u"URL", u"公司"});
-    for (const ImportColumn &column :
-         ImportSchema::fromHeaders(QStringLiteral("x"), headers).columns)
+    for (const ImportColumn &column : ImportSchema::fromHeaders(u"x"_s, headers).columns)
         EXPECT_EQ(column.columnName, QString(u"kt_" + column.internalName));
 }
 
@@ -118,13 +118,11 @@ TEST(ImportSchema, NoTwoColumnsShareANameWhateverTheHeaders)
 {
     QStringList headers;
     for (int number = 0; number < 300; ++number) {
-        headers +=
-            number % 3 == 0 ? QStringLiteral("A a") : QStringLiteral("aA%1").arg(number % 40);
+        headers += number % 3 == 0 ? u"A a"_s : u"aA%1"_s.arg(number % 40);
         headers += QString(number % 7, u' ');
     }
     QSet<QString> seen;
-    for (const ImportColumn &column :
-         ImportSchema::fromHeaders(QStringLiteral("x"), headers).columns)
+    for (const ImportColumn &column : ImportSchema::fromHeaders(u"x"_s, headers).columns)
         seen.insert(column.columnName.toLower());
     EXPECT_EQ(seen.size(), headers.size());
 }
@@ -132,19 +130,18 @@ TEST(ImportSchema, NoTwoColumnsShareANameWhateverTheHeaders)
 TEST(ImportSchema, ColumnsAnswerKeys)
 {
     const ImportSchema schema =
-        ImportSchema::fromHeaders(QStringLiteral("x"), texts({u"First Name", u"E-mail"}));
-    const auto found = KTAdditions::objectWithValue(schema.columns, QStringLiteral("kt_email"),
-                                                    QStringLiteral("columnName"));
-    EXPECT_EQ(NSKeyValueCoding::valueForKey(schema.columns.first(), QStringLiteral("label")),
-              QVariant(QStringLiteral("First Name")));
+        ImportSchema::fromHeaders(u"x"_s, texts({u"First Name", u"E-mail"}));
+    const auto found = KTAdditions::objectWithValue(schema.columns, u"kt_email"_s, u"columnName"_s);
+    EXPECT_EQ(NSKeyValueCoding::valueForKey(schema.columns.first(), u"label"_s),
+              QVariant(u"First Name"_s));
     ASSERT_TRUE(found);
-    EXPECT_EQ(found->header, QStringLiteral("E-mail"));
+    EXPECT_EQ(found->header, u"E-mail"_s);
 }
 
 TEST(ImportSchema, HostileHeadersGetUsableNames)
 {
     const QStringList headers(testing_support::hostileTexts());
-    const ImportSchema schema = ImportSchema::fromHeaders(QStringLiteral("x"), headers);
+    const ImportSchema schema = ImportSchema::fromHeaders(u"x"_s, headers);
     ASSERT_EQ(schema.columns.size(), headers.size());
     for (const ImportColumn &column : schema.columns)
         EXPECT_FALSE(column.internalName.isEmpty());
@@ -152,9 +149,8 @@ TEST(ImportSchema, HostileHeadersGetUsableNames)
 
 TEST(ImportSchema, EntityNames)
 {
-    EXPECT_EQ(entityNameForText(QStringLiteral("First Name")), QStringLiteral("FirstName"));
-    EXPECT_EQ(entityNameForText(QStringLiteral("org.example.wine list")),
-              QStringLiteral("WineList"));
-    EXPECT_EQ(entityNameForText(QStringLiteral("ends.")), QStringLiteral(""));
+    EXPECT_EQ(entityNameForText(u"First Name"_s), u"FirstName"_s);
+    EXPECT_EQ(entityNameForText(u"org.example.wine list"_s), u"WineList"_s);
+    EXPECT_EQ(entityNameForText(u"ends."_s), u""_s);
     EXPECT_TRUE(entityNameForText(QString()).isEmpty());
 }

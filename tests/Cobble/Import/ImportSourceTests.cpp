@@ -2,6 +2,8 @@
 
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 QStringList headersOf(const QString &text)
 {
@@ -31,7 +33,7 @@ TEST(ImportSource, TheExampleOfTheHeader)
 
 TEST(ImportSource, HeadersAreKeptAsTyped)
 {
-    EXPECT_EQ(headersOf(QStringLiteral(" First Name ,\"a\nb\",,\"\"\n")),
+    EXPECT_EQ(headersOf(u" First Name ,\"a\nb\",,\"\"\n"_s),
               texts({u" First Name ", u"a\nb", u"", u""}));
 }
 
@@ -74,10 +76,9 @@ TEST(ImportSource, LinesAreCountedFromTheDirective)
 
 TEST(ImportSource, ATextWithoutHeadersCannotBeImported)
 {
-    for (const QString &text : {QString(), QStringLiteral("\n\r\n\n"), QStringLiteral("  \n\t\n"),
-                                QStringLiteral("sep=;\n")}) {
+    for (const QString &text : {QString(), u"\n\r\n\n"_s, u"  \n\t\n"_s, u"sep=;\n"_s}) {
         EXPECT_EQ(ImportSource::fromText(text).errorDescription,
-                  QStringLiteral("there is nothing but blank lines"));
+                  u"there is nothing but blank lines"_s);
     }
 }
 
@@ -91,12 +92,10 @@ TEST(ImportSource, AsManyColumnsAsALibraryCanHave)
 TEST(ImportSource, MoreColumnsAreRefused)
 {
     const QString row = QString(ImportSource::ColumnLimit, u',');
-    EXPECT_EQ(
-        ImportSource::fromText(row).errorDescription,
-        QStringLiteral("line 1 has 2000 columns, more than the 1999 that a library can have"));
-    EXPECT_EQ(
-        ImportSource::fromText(QString(u"a,b\n\n" + row)).errorDescription,
-        QStringLiteral("line 3 has 2000 columns, more than the 1999 that a library can have"));
+    EXPECT_EQ(ImportSource::fromText(row).errorDescription,
+              u"line 1 has 2000 columns, more than the 1999 that a library can have"_s);
+    EXPECT_EQ(ImportSource::fromText(QString(u"a,b\n\n" + row)).errorDescription,
+              u"line 3 has 2000 columns, more than the 1999 that a library can have"_s);
 }
 
 TEST(ImportSource, HostileTextsGiveAnAnswer)

@@ -17,6 +17,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 using testing_support::contentsOf;
 using testing_support::FileTree;
 using testing_support::LoopbackServer;
@@ -25,7 +27,7 @@ namespace {
 class ImportStoring : public testing::Test
 {
 protected:
-    ImportStoring() : bundlePath(tree.path(QStringLiteral("b.cobbledb"))), bundle(bundlePath)
+    ImportStoring() : bundlePath(tree.path(u"b.cobbledb"_s)), bundle(bundlePath)
     {
         testing_support::needApplication();
         testing_support::useFreshHome();
@@ -33,8 +35,8 @@ protected:
 
     QStringList arguments(const QString &file, const QStringList &options = {}) const
     {
-        return QStringList({QStringLiteral("import"), tree.path(file), QStringLiteral("--bundle"),
-                            bundlePath, QStringLiteral("--locale"), QStringLiteral("en_US")}) +
+        return QStringList({u"import"_s, tree.path(file), u"--bundle"_s, bundlePath, u"--locale"_s,
+                            u"en_US"_s}) +
                options;
     }
     CommandResult importFile(const QString &file, const QStringList &options = {}) const
@@ -43,8 +45,8 @@ protected:
     }
     CommandResult import(const QByteArray &contents, const QStringList &options = {}) const
     {
-        tree.add(QStringLiteral("Things.csv"), contents);
-        return importFile(QStringLiteral("Things.csv"), options);
+        tree.add(u"Things.csv"_s, contents);
+        return importFile(u"Things.csv"_s, options);
     }
 
     /// The first field of the records of a library, joined with commas; nil if there is none.
@@ -78,15 +80,15 @@ TEST_F(ImportStoring, TellsWhatItStored)
 {
     const CommandResult result = import("Name;Visits\nAnn;1\nBob;2\n");
     EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
-    EXPECT_TRUE(result.output.endsWith(
-        QStringLiteral("\nStored 2 records in the library 'Things' of ") + bundlePath + u"\n"));
-    EXPECT_EQ(firstFieldsOf(QStringLiteral("Things")), QStringLiteral("Ann,Bob"));
+    EXPECT_TRUE(result.output.endsWith(u"\nStored 2 records in the library 'Things' of "_s +
+                                       bundlePath + u"\n"));
+    EXPECT_EQ(firstFieldsOf(u"Things"_s), u"Ann,Bob"_s);
 }
 
 TEST_F(ImportStoring, ADryRunWritesNothing)
 {
-    EXPECT_EQ(import("Name\nAnn\n", {QStringLiteral("--dry-run")}).exitCode, 0);
-    EXPECT_EQ(tree.contents().keys(), QStringList(QStringLiteral("Things.csv")));
+    EXPECT_EQ(import("Name\nAnn\n", {u"--dry-run"_s}).exitCode, 0);
+    EXPECT_EQ(tree.contents().keys(), QStringList(u"Things.csv"_s));
 }
 
 TEST_F(ImportStoring, TheSecondLibraryOfAName)
@@ -94,56 +96,52 @@ TEST_F(ImportStoring, TheSecondLibraryOfAName)
     import("Name\nAnn\n");
     const CommandResult result = import("Name\nBob\n");
     EXPECT_TRUE(result.output.contains(u"in the library 'Things 1' of "));
-    EXPECT_EQ(firstFieldsOf(QStringLiteral("Things")), QStringLiteral("Ann"));
-    EXPECT_EQ(firstFieldsOf(QStringLiteral("Things 1")), QStringLiteral("Bob"));
+    EXPECT_EQ(firstFieldsOf(u"Things"_s), u"Ann"_s);
+    EXPECT_EQ(firstFieldsOf(u"Things 1"_s), u"Bob"_s);
 }
 
 TEST_F(ImportStoring, LibrariesWhoseTablesWouldClash)
 {
-    for (const QString &name : {QStringLiteral("a b"), QStringLiteral("A_b"), QStringLiteral("a:b"),
-                                QStringLiteral("\"; DROP TABLE cobble_field; --")})
-        EXPECT_EQ(import("Name\nAnn\n", {QStringLiteral("--library"), name}).exitCode, 0);
-    for (const QString &name : {QStringLiteral("a b"), QStringLiteral("A_b"), QStringLiteral("a:b"),
-                                QStringLiteral("\"; DROP TABLE cobble_field; --")})
-        EXPECT_EQ(firstFieldsOf(name), QStringLiteral("Ann")) << name.toStdString();
+    for (const QString &name : {u"a b"_s, u"A_b"_s, u"a:b"_s, u"\"; DROP TABLE cobble_field; --"_s})
+        EXPECT_EQ(import("Name\nAnn\n", {u"--library"_s, name}).exitCode, 0);
+    for (const QString &name : {u"a b"_s, u"A_b"_s, u"a:b"_s, u"\"; DROP TABLE cobble_field; --"_s})
+        EXPECT_EQ(firstFieldsOf(name), u"Ann"_s) << name.toStdString();
 }
 
 TEST_F(ImportStoring, ReplacingALibrary)
 {
     import("Name\nAnn\n");
-    const CommandResult result = import("Other\nBob\n", {QStringLiteral("--replace")});
+    const CommandResult result = import("Other\nBob\n", {u"--replace"_s});
     EXPECT_TRUE(result.output.contains(u"in the library 'Things' of "));
-    EXPECT_EQ(firstFieldsOf(QStringLiteral("Things")), QStringLiteral("Bob"));
-    EXPECT_TRUE(firstFieldsOf(QStringLiteral("Things 1")).isNull());
+    EXPECT_EQ(firstFieldsOf(u"Things"_s), u"Bob"_s);
+    EXPECT_TRUE(firstFieldsOf(u"Things 1"_s).isNull());
 }
 
 TEST_F(ImportStoring, MediaOfAReplacedLibraryGo)
 {
-    tree.add(QStringLiteral("a.png"), "picture");
-    import("Picture\na.png\n", {QStringLiteral("--library"), QStringLiteral("Other")});
-    import("Picture\na.png\ncobblemedia://a.0.png\n",
-           {QStringLiteral("--media"), QStringLiteral("Picture")});
-    EXPECT_EQ(mediaNames(), QStringList({QStringLiteral("a.0.png"), QStringLiteral("a.1.png")}));
-    import("Name\nBob\n", {QStringLiteral("--replace")});
+    tree.add(u"a.png"_s, "picture");
+    import("Picture\na.png\n", {u"--library"_s, u"Other"_s});
+    import("Picture\na.png\ncobblemedia://a.0.png\n", {u"--media"_s, u"Picture"_s});
+    EXPECT_EQ(mediaNames(), QStringList({u"a.0.png"_s, u"a.1.png"_s}));
+    import("Name\nBob\n", {u"--replace"_s});
     // Another library has the first one, too.
-    EXPECT_EQ(mediaNames(), QStringList(QStringLiteral("a.0.png")));
-    EXPECT_EQ(firstFieldsOf(QStringLiteral("Other")), QStringLiteral("cobblemedia://a.0.png"));
+    EXPECT_EQ(mediaNames(), QStringList(u"a.0.png"_s));
+    EXPECT_EQ(firstFieldsOf(u"Other"_s), u"cobblemedia://a.0.png"_s);
 }
 
 TEST_F(ImportStoring, CopiesMediaOfAllKinds)
 {
     const LoopbackServer server;
-    tree.add(QStringLiteral("pics/a b.png"), "local");
-    tree.add(QStringLiteral("c.png"), "url");
-    const QByteArray web = server.url(QStringLiteral("/pic.jpg")).toUtf8();
-    const QByteArray file = "file://" + tree.path(QStringLiteral("c.png")).toUtf8();
+    tree.add(u"pics/a b.png"_s, "local");
+    tree.add(u"c.png"_s, "url");
+    const QByteArray web = server.url(u"/pic.jpg"_s).toUtf8();
+    const QByteArray file = "file://" + tree.path(u"c.png"_s).toUtf8();
     const CommandResult result = import("Picture,Name\npics/a b.png,Ann\n" + file + ",Bob\n" + web +
                                         ",Cay\n,Dan\npics/a b.png,Eve\n");
     EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
     EXPECT_TRUE(result.output.contains(u"kt_picture   media  4     0         1\n"));
-    EXPECT_EQ(firstFieldsOf(QStringLiteral("Things")),
-              QStringLiteral("cobblemedia://a%20b.0.png,cobblemedia://c.0.png,"
-                             "cobblemedia://pic.0.jpg,,cobblemedia://a%20b.1.png"));
+    EXPECT_EQ(firstFieldsOf(u"Things"_s), u"cobblemedia://a%20b.0.png,cobblemedia://c.0.png,"
+                                          "cobblemedia://pic.0.jpg,,cobblemedia://a%20b.1.png"_s);
     EXPECT_EQ(contentsOf(bundle.mediaFolderPath() + u"/pic.0.jpg"), "PIC");
     EXPECT_EQ(mediaNames().size(), 4);
 }
@@ -151,14 +149,14 @@ TEST_F(ImportStoring, CopiesMediaOfAllKinds)
 TEST_F(ImportStoring, MediaThatCannotBeStoredAreListed)
 {
     const LoopbackServer silent([](int, const QByteArray &) {});
-    tree.add(QStringLiteral("a.png"));
+    tree.add(u"a.png"_s);
     // A number makes this name longer than names may be.
     const QByteArray longest = QByteArray(251, 'x') + ".png";
     tree.add(QString::fromLatin1(longest));
-    const QByteArray web = silent.url(QStringLiteral("/pic.jpg")).toUtf8();
+    const QByteArray web = silent.url(u"/pic.jpg"_s).toUtf8();
     const CommandResult result = import("Picture\na.png\nnone.png\n" + longest + '\n' + web +
                                             "\nhttps://example.org/a.png\n",
-                                        {QStringLiteral("--media"), QStringLiteral("Picture")});
+                                        {u"--media"_s, u"Picture"_s});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_TRUE(result.output.contains(u"kt_picture   media  1     4         0\n"));
     EXPECT_TRUE(result.output.contains(u"none.png"));
@@ -167,30 +165,29 @@ TEST_F(ImportStoring, MediaThatCannotBeStoredAreListed)
     EXPECT_TRUE(result.output.contains(u"it cannot be downloaded"));
     EXPECT_TRUE(result.output.contains(u"it names no file"));
     // Nothing that was typed is lost.
-    EXPECT_EQ(firstFieldsOf(QStringLiteral("Things")), u"cobblemedia://a.0.png,none.png," +
-                                                           QString::fromUtf8(longest + ',' + web) +
-                                                           u",https://example.org/a.png");
+    EXPECT_EQ(firstFieldsOf(u"Things"_s), u"cobblemedia://a.0.png,none.png," +
+                                              QString::fromUtf8(longest + ',' + web) +
+                                              u",https://example.org/a.png");
 }
 
 TEST_F(ImportStoring, MediaColumnsMustExist)
 {
-    const CommandResult result =
-        import("Picture\na.png\n", {QStringLiteral("--media"), QStringLiteral("Photo")});
+    const CommandResult result = import("Picture\na.png\n", {u"--media"_s, u"Photo"_s});
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_TRUE(result.errors.endsWith(QStringLiteral("there is no column 'Photo'\n")));
+    EXPECT_TRUE(result.errors.endsWith(u"there is no column 'Photo'\n"_s));
 }
 
 TEST_F(ImportStoring, ADryRunCopiesNoMedia)
 {
-    tree.add(QStringLiteral("a.png"));
-    const CommandResult result = import("Picture\na.png\n", {QStringLiteral("--dry-run")});
+    tree.add(u"a.png"_s);
+    const CommandResult result = import("Picture\na.png\n", {u"--dry-run"_s});
     EXPECT_TRUE(result.output.contains(u"kt_picture   media  1     0         0\n"));
     EXPECT_FALSE(bundle.doesExist());
 }
 
 TEST_F(ImportStoring, PathsThatCannotHoldABundle)
 {
-    tree.add(QStringLiteral("b.cobbledb"), "a file");
+    tree.add(u"b.cobbledb"_s, "a file");
     const CommandResult result = import("Name\nAnn\n");
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.errors, u"cobble: " + bundlePath + u": the database bundle cannot be made\n");
@@ -199,27 +196,26 @@ TEST_F(ImportStoring, PathsThatCannotHoldABundle)
 
 TEST_F(ImportStoring, AFullDiskLeavesTheOldContent)
 {
-    tree.add(QStringLiteral("a.png"), "picture");
+    tree.add(u"a.png"_s, "picture");
     import("Name\nAnn\n");
     QByteArray large = "Name,Picture\n";
     for (int row = 0; row < 20000; ++row)
         large += "Somebody with a rather long name " + QByteArray::number(row) +
                  (row < 20 ? ",a.png\n" : ",\n");
-    tree.add(QStringLiteral("Things.csv"), large);
+    tree.add(u"Things.csv"_s, large);
     const pid_t child = ::fork();
     if (child == 0) {
         // The limit on the size of files fails a write half-way, as a full disk does.
         const rlimit limit = {1 << 18, 1 << 18};
         ::signal(SIGXFSZ, SIG_IGN);
         ::setrlimit(RLIMIT_FSIZE, &limit);
-        const CommandResult result =
-            importFile(QStringLiteral("Things.csv"), {QStringLiteral("--replace")});
+        const CommandResult result = importFile(u"Things.csv"_s, {u"--replace"_s});
         ::_exit(result.exitCode == 1 && !result.errors.isEmpty() ? 0 : 1);
     }
     int status = -1;
     ASSERT_EQ(::waitpid(child, &status, 0), child);
     EXPECT_EQ(status, 0);
-    EXPECT_EQ(firstFieldsOf(QStringLiteral("Things")), QStringLiteral("Ann"));
+    EXPECT_EQ(firstFieldsOf(u"Things"_s), u"Ann"_s);
     EXPECT_TRUE(mediaNames().isEmpty());
 }
 
@@ -230,25 +226,23 @@ TEST_F(ImportStoring, KilledHalfWayItLeavesTheOldContent)
         arrived.release();
         LoopbackServer::waitForClose(socket);
     });
-    tree.add(QStringLiteral("a.png"), "picture");
+    tree.add(u"a.png"_s, "picture");
     import("Name,Picture\nAnn,a.png\n");
-    const QByteArray web = slow.url(QStringLiteral("/b.png")).toUtf8();
-    tree.add(QStringLiteral("Things.csv"), "Name,Picture\nBob,a.png\nCay," + web + "\n");
+    const QByteArray web = slow.url(u"/b.png"_s).toUtf8();
+    tree.add(u"Things.csv"_s, "Name,Picture\nBob,a.png\nCay," + web + "\n");
     QProcess process;
-    process.start(QStringLiteral(COBBLE_EXECUTABLE),
-                  arguments(QStringLiteral("Things.csv"), {QStringLiteral("--replace")}));
+    process.start(QStringLiteral(COBBLE_EXECUTABLE), arguments(u"Things.csv"_s, {u"--replace"_s}));
     ASSERT_TRUE(arrived.tryAcquire(1, 30000));
     process.kill();
     ASSERT_TRUE(process.waitForFinished());
-    EXPECT_EQ(firstFieldsOf(QStringLiteral("Things")), QStringLiteral("Ann"));
-    EXPECT_TRUE(mediaNames().contains(QStringLiteral("a.1.png")));
+    EXPECT_EQ(firstFieldsOf(u"Things"_s), u"Ann"_s);
+    EXPECT_TRUE(mediaNames().contains(u"a.1.png"_s));
     // The next import removes the file that nobody knows any more, and what it was made under.
-    EXPECT_EQ(import("Name\nDan\n", {QStringLiteral("--library"), QStringLiteral("More")}).exitCode,
-              0);
-    EXPECT_FALSE(mediaNames().contains(QStringLiteral("a.1.png")));
-    EXPECT_TRUE(mediaNames().contains(QStringLiteral("a.0.png")));
-    EXPECT_EQ(firstFieldsOf(QStringLiteral("Things")), QStringLiteral("Ann"));
-    EXPECT_EQ(firstFieldsOf(QStringLiteral("More")), QStringLiteral("Dan"));
+    EXPECT_EQ(import("Name\nDan\n", {u"--library"_s, u"More"_s}).exitCode, 0);
+    EXPECT_FALSE(mediaNames().contains(u"a.1.png"_s));
+    EXPECT_TRUE(mediaNames().contains(u"a.0.png"_s));
+    EXPECT_EQ(firstFieldsOf(u"Things"_s), u"Ann"_s);
+    EXPECT_EQ(firstFieldsOf(u"More"_s), u"Dan"_s);
 }
 
 TEST_F(ImportStoring, AsManyColumnsAsThereMayBe)
@@ -259,14 +253,14 @@ TEST_F(ImportStoring, AsManyColumnsAsThereMayBe)
         row += QByteArray::number(column) + (column < 1999 ? "," : "\n");
     }
     EXPECT_EQ(import(header + row).exitCode, 0);
-    EXPECT_EQ(firstFieldsOf(QStringLiteral("Things")), QStringLiteral("1"));
+    EXPECT_EQ(firstFieldsOf(u"Things"_s), u"1"_s);
 }
 
 TEST_F(ImportStoring, TheSampleInTheDefaultBundle)
 {
     const QString home = testing_support::useFreshHome();
     const CommandResult result =
-        runInProcess({QStringLiteral("import"), QStringLiteral(COBBLE_SAMPLES "/contacts.csv")});
+        runInProcess({u"import"_s, QStringLiteral(COBBLE_SAMPLES "/contacts.csv")});
     EXPECT_EQ(result.exitCode, 0);
     const KTDatabaseBundle sample = KTDatabaseBundle::factoryDefaultDatabaseBundle();
     EXPECT_EQ(sample.bundlePath(), home + u"/.local/share/Cobble/cobble.cobbledb");

@@ -9,6 +9,8 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 using testing_support::FileTree;
 using testing_support::writeFile;
 
@@ -19,7 +21,7 @@ Library libraryNamed(const QString &name)
     library.name = name;
     library.tableName = QString(u"kt_" + name);
     LibraryField field;
-    field.columnName = QStringLiteral("kt_picture");
+    field.columnName = u"kt_picture"_s;
     field.type = FieldType::Media;
     library.fields = {field};
     return library;
@@ -28,10 +30,10 @@ Library libraryNamed(const QString &name)
 class ImportTransactionTest : public testing::Test
 {
 protected:
-    ImportTransactionTest() : bundle(tree.path(QStringLiteral("b.cobbledb")))
+    ImportTransactionTest() : bundle(tree.path(u"b.cobbledb"_s))
     {
         testing_support::needApplication();
-        tree.add(QStringLiteral("a.png"), "picture");
+        tree.add(u"a.png"_s, "picture");
     }
 
     std::unique_ptr<ImportTransaction> begin()
@@ -43,8 +45,7 @@ protected:
     /// Makes a library with one record that has a picture. \return the picture's URL.
     QString store(ImportTransaction &import, const QString &name)
     {
-        const auto url =
-            import.storeMedia(*NSURL::fileURLWithPath(tree.path(QStringLiteral("a.png"))));
+        const auto url = import.storeMedia(*NSURL::fileURLWithPath(tree.path(u"a.png"_s)));
         EXPECT_TRUE(import.store().create(libraryNamed(name)));
         EXPECT_TRUE(url && import.store().insert({url->absoluteString()}));
         return url ? url->absoluteString() : QString();
@@ -76,10 +77,10 @@ TEST_F(ImportTransactionTest, StoresWhatIsCommitted)
 {
     const auto import = begin();
     ASSERT_TRUE(import);
-    EXPECT_EQ(store(*import, QStringLiteral("one")), QStringLiteral("cobblemedia://a.0.png"));
+    EXPECT_EQ(store(*import, u"one"_s), u"cobblemedia://a.0.png"_s);
     EXPECT_TRUE(import->commit());
-    EXPECT_EQ(libraryNames(), QStringList(QStringLiteral("one")));
-    EXPECT_EQ(mediaNames(), QStringList(QStringLiteral("a.0.png")));
+    EXPECT_EQ(libraryNames(), QStringList(u"one"_s));
+    EXPECT_EQ(mediaNames(), QStringList(u"a.0.png"_s));
     EXPECT_FALSE(QFile::exists(bundle._resourcesFolderPath() + u"/ImportedMedia"));
 }
 
@@ -88,33 +89,33 @@ TEST_F(ImportTransactionTest, LeavesNothingOfANewBundle)
     {
         const auto import = begin();
         ASSERT_TRUE(import);
-        store(*import, QStringLiteral("one"));
+        store(*import, u"one"_s);
     }
-    EXPECT_EQ(tree.contents().keys(), QStringList(QStringLiteral("a.png")));
+    EXPECT_EQ(tree.contents().keys(), QStringList(u"a.png"_s));
 }
 
 TEST_F(ImportTransactionTest, LeavesABundleAsItWas)
 {
     {
         const auto import = begin();
-        store(*import, QStringLiteral("one"));
+        store(*import, u"one"_s);
         ASSERT_TRUE(import->commit());
     }
     {
         const auto import = begin();
-        ASSERT_TRUE(import->store().remove(libraryNamed(QStringLiteral("one"))));
-        EXPECT_EQ(store(*import, QStringLiteral("two")), QStringLiteral("cobblemedia://a.1.png"));
+        ASSERT_TRUE(import->store().remove(libraryNamed(u"one"_s)));
+        EXPECT_EQ(store(*import, u"two"_s), u"cobblemedia://a.1.png"_s);
         EXPECT_EQ(mediaNames().size(), 2);
     }
-    EXPECT_EQ(libraryNames(), QStringList(QStringLiteral("one")));
-    EXPECT_EQ(mediaNames(), QStringList(QStringLiteral("a.0.png")));
+    EXPECT_EQ(libraryNames(), QStringList(u"one"_s));
+    EXPECT_EQ(mediaNames(), QStringList(u"a.0.png"_s));
 }
 
 TEST_F(ImportTransactionTest, CleansUpAfterOneThatDied)
 {
     {
         const auto import = begin();
-        store(*import, QStringLiteral("one"));
+        store(*import, u"one"_s);
         ASSERT_TRUE(import->commit());
     }
     // What a process leaves that is killed: its files, and their list. One that died after it had
@@ -126,9 +127,9 @@ TEST_F(ImportTransactionTest, CleansUpAfterOneThatDied)
               "cobblemedia://..%2FDatabase\ncobblemedia://unfini");
     const auto import = begin();
     ASSERT_TRUE(import);
-    EXPECT_EQ(mediaNames(), QStringList({QStringLiteral("a.0.png"), QStringLiteral("c.0.png")}));
+    EXPECT_EQ(mediaNames(), QStringList({u"a.0.png"_s, u"c.0.png"_s}));
     EXPECT_TRUE(import->commit());
-    EXPECT_EQ(libraryNames(), QStringList(QStringLiteral("one")));
+    EXPECT_EQ(libraryNames(), QStringList(u"one"_s));
 }
 
 TEST_F(ImportTransactionTest, ANameThatWasCutOffIsNoName)
@@ -139,30 +140,30 @@ TEST_F(ImportTransactionTest, ANameThatWasCutOffIsNoName)
     writeFile(bundle.mediaFolderPath() + u"/notes.", "the user's");
     writeFile(bundle._resourcesFolderPath() + u"/ImportedMedia", "cobblemedia://notes.1");
     ASSERT_TRUE(begin());
-    EXPECT_EQ(mediaNames(), QStringList({QStringLiteral("notes."), QStringLiteral("notes.1")}));
+    EXPECT_EQ(mediaNames(), QStringList({u"notes."_s, u"notes.1"_s}));
 }
 
 TEST_F(ImportTransactionTest, AListDeletesNothingThroughALink)
 {
     ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
     ASSERT_TRUE(QDir().rmdir(bundle.mediaFolderPath()));
-    tree.add(QStringLiteral("documents/letter"));
-    ASSERT_TRUE(QFile::link(tree.path(QStringLiteral("documents")), bundle.mediaFolderPath()));
+    tree.add(u"documents/letter"_s);
+    ASSERT_TRUE(QFile::link(tree.path(u"documents"_s), bundle.mediaFolderPath()));
     writeFile(bundle._resourcesFolderPath() + u"/ImportedMedia", "cobblemedia://letter\n");
     ASSERT_TRUE(begin());
-    EXPECT_TRUE(QFile::exists(tree.path(QStringLiteral("documents/letter"))));
+    EXPECT_TRUE(QFile::exists(tree.path(u"documents/letter"_s)));
 }
 
 TEST_F(ImportTransactionTest, ALinkInPlaceOfTheListIsNotFollowed)
 {
     ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
     const QString list = bundle._resourcesFolderPath() + u"/ImportedMedia";
-    ASSERT_TRUE(QFile::link(tree.path(QStringLiteral("a.png")), list));
+    ASSERT_TRUE(QFile::link(tree.path(u"a.png"_s), list));
     const auto import = begin();
     ASSERT_TRUE(import) << error.toStdString();
-    store(*import, QStringLiteral("one"));
+    store(*import, u"one"_s);
     EXPECT_TRUE(import->commit());
-    EXPECT_EQ(testing_support::contentsOf(tree.path(QStringLiteral("a.png"))), "picture");
+    EXPECT_EQ(testing_support::contentsOf(tree.path(u"a.png"_s)), "picture");
 }
 
 TEST_F(ImportTransactionTest, APipeInPlaceOfTheListIsNotWaitedFor)
@@ -179,10 +180,10 @@ TEST_F(ImportTransactionTest, WhatOthersPutIntoANewBundleStays)
     {
         const auto import = begin();
         ASSERT_TRUE(import);
-        store(*import, QStringLiteral("one"));
+        store(*import, u"one"_s);
         writeFile(bundle.mediaFolderPath() + u"/b.0.png", "the user's");
     }
-    EXPECT_EQ(mediaNames(), QStringList(QStringLiteral("b.0.png")));
+    EXPECT_EQ(mediaNames(), QStringList(u"b.0.png"_s));
     EXPECT_FALSE(QFile::exists(bundle.databaseFilePath()));
 }
 
@@ -190,7 +191,7 @@ TEST_F(ImportTransactionTest, MediaThatCannotBeListedAreNotStored)
 {
     const auto import = begin();
     ASSERT_TRUE(import);
-    const NSURL picture = *NSURL::fileURLWithPath(tree.path(QStringLiteral("a.png")));
+    const NSURL picture = *NSURL::fileURLWithPath(tree.path(u"a.png"_s));
     struct rlimit before = {};
     ::getrlimit(RLIMIT_FSIZE, &before);
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
@@ -212,12 +213,11 @@ TEST_F(ImportTransactionTest, FilesOfTheBundleAreNotCopiedAgain)
 {
     const auto import = begin();
     writeFile(bundle.mediaFolderPath() + u"/b.0.png", "there");
-    const NSURL there = *NSURL::URLWithString(QStringLiteral("cobblemedia://b.0.png"));
+    const NSURL there = *NSURL::URLWithString(u"cobblemedia://b.0.png"_s);
     EXPECT_EQ(import->storeMedia(there), there);
-    EXPECT_FALSE(
-        import->storeMedia(*NSURL::URLWithString(QStringLiteral("cobblemedia://c.0.png"))));
-    EXPECT_FALSE(import->storeMedia(*NSURL::URLWithString(QStringLiteral("https://a/b"))));
-    EXPECT_EQ(mediaNames(), QStringList(QStringLiteral("b.0.png")));
+    EXPECT_FALSE(import->storeMedia(*NSURL::URLWithString(u"cobblemedia://c.0.png"_s)));
+    EXPECT_FALSE(import->storeMedia(*NSURL::URLWithString(u"https://a/b"_s)));
+    EXPECT_EQ(mediaNames(), QStringList(u"b.0.png"_s));
 }
 
 TEST_F(ImportTransactionTest, ASlashBehindTheBundleIsNotPartOfItsName)
@@ -227,18 +227,18 @@ TEST_F(ImportTransactionTest, ASlashBehindTheBundleIsNotPartOfItsName)
     const auto import = begin();
     ASSERT_TRUE(import) << error.toStdString();
     EXPECT_EQ(ImportTransaction::begin(same, &error, 10), nullptr);
-    EXPECT_EQ(error, QStringLiteral("another import is running"));
+    EXPECT_EQ(error, u"another import is running"_s);
 }
 
 TEST_F(ImportTransactionTest, PathsThatAreNoBundle)
 {
-    bundle = KTDatabaseBundle(tree.path(QStringLiteral("a.png")));
+    bundle = KTDatabaseBundle(tree.path(u"a.png"_s));
     EXPECT_EQ(begin(), nullptr);
-    EXPECT_EQ(error, QStringLiteral("the database bundle cannot be made"));
-    bundle = KTDatabaseBundle(tree.path(QStringLiteral("none/b.cobbledb")));
+    EXPECT_EQ(error, u"the database bundle cannot be made"_s);
+    bundle = KTDatabaseBundle(tree.path(u"none/b.cobbledb"_s));
     EXPECT_EQ(begin(), nullptr);
-    EXPECT_EQ(error, QStringLiteral("there is no folder for the database bundle"));
-    EXPECT_EQ(tree.contents().keys(), QStringList(QStringLiteral("a.png")));
+    EXPECT_EQ(error, u"there is no folder for the database bundle"_s);
+    EXPECT_EQ(tree.contents().keys(), QStringList(u"a.png"_s));
 }
 
 TEST_F(ImportTransactionTest, DamagedDatabasesStay)
@@ -246,7 +246,7 @@ TEST_F(ImportTransactionTest, DamagedDatabasesStay)
     ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
     writeFile(bundle.databaseFilePath(), QByteArray(5000, 'x'));
     EXPECT_EQ(begin(), nullptr);
-    EXPECT_EQ(error, QStringLiteral("file is not a database"));
+    EXPECT_EQ(error, u"file is not a database"_s);
     EXPECT_EQ(testing_support::contentsOf(bundle.databaseFilePath()).size(), 5000);
 }
 
@@ -255,10 +255,10 @@ TEST_F(ImportTransactionTest, OneAtATime)
     const auto first = begin();
     ASSERT_TRUE(first);
     EXPECT_EQ(ImportTransaction::begin(bundle, &error, 10), nullptr);
-    EXPECT_EQ(error, QStringLiteral("another import is running"));
-    store(*first, QStringLiteral("one"));
+    EXPECT_EQ(error, u"another import is running"_s);
+    store(*first, u"one"_s);
     EXPECT_TRUE(first->commit());
-    EXPECT_EQ(libraryNames(), QStringList(QStringLiteral("one")));
+    EXPECT_EQ(libraryNames(), QStringList(u"one"_s));
 }
 
 TEST_F(ImportTransactionTest, TheApplicationsFolderIsMade)

@@ -9,6 +9,8 @@
 
 #include <QTextStream>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -56,7 +58,7 @@ TEST(TypeInference, FindsTheTypeOfMostValues)
 
 TEST(TypeInference, FollowsTheLocale)
 {
-    const LocaleScope scope(QStringLiteral("de_DE"));
+    const LocaleScope scope(u"de_DE"_s);
     EXPECT_EQ(typeOf(u"1.234,5|2"), u"number");
     EXPECT_EQ(typeOf(u"12,50 €|3 €"), u"currency EUR");
     EXPECT_EQ(typeOf(u"31.12.2008|5. März 2008"), u"date");
@@ -66,19 +68,19 @@ TEST(TypeInference, LooksAtSoManyValuesOnly)
 {
     TypeInference inference;
     for (qsizetype count = 0; count < TypeInference::SampleSize; ++count)
-        inference.add(QStringLiteral("5"));
+        inference.add(u"5"_s);
     EXPECT_TRUE(inference.isComplete());
     for (qsizetype count = 0; count < TypeInference::SampleSize; ++count)
-        inference.add(QStringLiteral("five"));
+        inference.add(u"five"_s);
     EXPECT_EQ(inference.reader()->type(), FieldType::Number);
 }
 
 TEST(ImportValues, CountsWhatIsReadAndKeepsWhatIsNot)
 {
-    QString text = QStringLiteral("Name,Paid,When\n");
+    QString text = u"Name,Paid,When\n"_s;
     for (int row = 1; row <= 12; ++row)
-        text += QStringLiteral("Ann,$%1,3/%1/08\n").arg(row);
-    text += QStringLiteral("Bob,a cow,2/30/08,extra\nCy\nDee, ,\n");
+        text += u"Ann,$%1,3/%1/08\n"_s.arg(row);
+    text += u"Bob,a cow,2/30/08,extra\nCy\nDee, ,\n"_s;
     const ImportValues values = valuesOf(text);
     ASSERT_EQ(values.columns.size(), 4);
     EXPECT_EQ(values.columns[0].typeName, u"text");
@@ -98,19 +100,19 @@ TEST(ImportValues, CountsWhatIsReadAndKeepsWhatIsNot)
 
 TEST(ImportValues, HelpsSecondsThroughTheImportHooks)
 {
-    EXPECT_EQ(valuesOf(QStringLiteral("T\n45s\n1h 5s\n")).columns[0].typeName, u"duration");
+    EXPECT_EQ(valuesOf(u"T\n45s\n1h 5s\n"_s).columns[0].typeName, u"duration");
 }
 
 TEST(ImportValues, NeedsNoRows)
 {
-    const ImportValues values = valuesOf(QStringLiteral("a,b\n"));
+    const ImportValues values = valuesOf(u"a,b\n"_s);
     EXPECT_EQ(values.columns.size(), 2);
     EXPECT_TRUE(values.unread.isEmpty());
 }
 
 TEST(ImportValues, ReadsBehindASeparatorLine)
 {
-    const ImportValues values = valuesOf(QStringLiteral("sep=;\nN;M\n1;2\n3;4\n"));
+    const ImportValues values = valuesOf(u"sep=;\nN;M\n1;2\n3;4\n"_s);
     EXPECT_EQ(values.columns[1].typeName, u"number");
     EXPECT_EQ(values.columns[1].read, 2);
 }
@@ -120,7 +122,7 @@ TEST(ProgressLine, TellsHowFarItIsAndGoesAway)
     QString shown;
     QTextStream stream(&shown);
     {
-        ProgressLine line(&stream, QStringLiteral("Working"), 200);
+        ProgressLine line(&stream, u"Working"_s, 200);
         line.setDelay(0);
         line.show(2);
         line.show(3);
@@ -134,12 +136,12 @@ TEST(ProgressLine, KeepsQuietIfNobodyLooksOrWorkIsShort)
     QString shown;
     QTextStream stream(&shown);
     {
-        ProgressLine line(&stream, QStringLiteral("Working"), 10);
+        ProgressLine line(&stream, u"Working"_s, 10);
         line.show(5); // well within half a second
-        ProgressLine nobody(nullptr, QStringLiteral("Working"), 10);
+        ProgressLine nobody(nullptr, u"Working"_s, 10);
         nobody.setDelay(0);
         nobody.show(5);
-        ProgressLine nothing(&stream, QStringLiteral("Working"), 0);
+        ProgressLine nothing(&stream, u"Working"_s, 0);
         nothing.setDelay(0);
         nothing.show(5);
     }

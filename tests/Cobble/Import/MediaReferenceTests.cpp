@@ -3,10 +3,12 @@
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 using testing_support::FileTree;
 
 namespace {
-QString urlTextIn(const QString &text, const QString &folder = QStringLiteral("/from"))
+QString urlTextIn(const QString &text, const QString &folder = u"/from"_s)
 {
     const auto url = MediaReference::urlIn(text, folder);
     return url ? url->absoluteString() : QString();
@@ -16,25 +18,21 @@ QString urlTextIn(const QString &text, const QString &folder = QStringLiteral("/
 TEST(MediaReference, PathsAndURLs)
 {
     const QString home = testing_support::useFreshHome();
-    EXPECT_EQ(urlTextIn(QStringLiteral("/a b.png")), QStringLiteral("file:///a%20b.png"));
-    EXPECT_EQ(urlTextIn(QStringLiteral("pics/ü.png")),
-              QStringLiteral("file:///from/pics/%C3%BC.png"));
-    EXPECT_EQ(urlTextIn(QStringLiteral("~/a.png")), u"file://" + home + u"/a.png");
-    EXPECT_EQ(urlTextIn(QStringLiteral(" file:///a%20b.png ")),
-              QStringLiteral("file:///a%20b.png"));
-    EXPECT_EQ(urlTextIn(QStringLiteral("http://example.org/a")),
-              QStringLiteral("http://example.org/a"));
-    EXPECT_EQ(urlTextIn(QStringLiteral("cobblemedia://a.0.png")),
-              QStringLiteral("cobblemedia://a.0.png"));
-    EXPECT_TRUE(urlTextIn(QStringLiteral("https://example.org/a.png")).isNull());
-    EXPECT_TRUE(urlTextIn(QStringLiteral("ftp://example.org/a.png")).isNull());
+    EXPECT_EQ(urlTextIn(u"/a b.png"_s), u"file:///a%20b.png"_s);
+    EXPECT_EQ(urlTextIn(u"pics/ü.png"_s), u"file:///from/pics/%C3%BC.png"_s);
+    EXPECT_EQ(urlTextIn(u"~/a.png"_s), u"file://" + home + u"/a.png");
+    EXPECT_EQ(urlTextIn(u" file:///a%20b.png "_s), u"file:///a%20b.png"_s);
+    EXPECT_EQ(urlTextIn(u"http://example.org/a"_s), u"http://example.org/a"_s);
+    EXPECT_EQ(urlTextIn(u"cobblemedia://a.0.png"_s), u"cobblemedia://a.0.png"_s);
+    EXPECT_TRUE(urlTextIn(u"https://example.org/a.png"_s).isNull());
+    EXPECT_TRUE(urlTextIn(u"ftp://example.org/a.png"_s).isNull());
 }
 
 TEST(MediaReference, WhatIsObvious)
 {
     const FileTree tree;
-    tree.add(QStringLiteral("photo.png"));
-    tree.add(QStringLiteral("Ann/"));
+    tree.add(u"photo.png"_s);
+    tree.add(u"Ann/"_s);
     const auto isObvious = [&tree](const char16_t *text) {
         return MediaReference::isObvious(QString::fromUtf16(text), tree.root());
     };

@@ -5,6 +5,8 @@
 
 #include <KTUtility/NSObject>
 
+using namespace Qt::StringLiterals;
+
 using testing_support::FileTree;
 
 namespace {
@@ -21,21 +23,21 @@ LibraryField fieldNamed(const QString &name, FieldType type, const QVariantMap &
 Library contacts()
 {
     Library library;
-    library.name = QStringLiteral("Contacts");
-    library.libraryEntityName = QStringLiteral("lib_contacts");
-    library.entityName = QStringLiteral("Contacts");
-    library.tableName = QStringLiteral("kt_contacts");
-    library.fields = {fieldNamed(QStringLiteral("kt_name"), FieldType::Text),
-                      fieldNamed(QStringLiteral("kt_paid"), FieldType::Currency,
-                                 {{QStringLiteral("currencyType"), QStringLiteral("EUR")}}),
-                      fieldNamed(QStringLiteral("kt \"odd\" name"), FieldType::Media)};
+    library.name = u"Contacts"_s;
+    library.libraryEntityName = u"lib_contacts"_s;
+    library.entityName = u"Contacts"_s;
+    library.tableName = u"kt_contacts"_s;
+    library.fields = {
+        fieldNamed(u"kt_name"_s, FieldType::Text),
+        fieldNamed(u"kt_paid"_s, FieldType::Currency, {{u"currencyType"_s, u"EUR"_s}}),
+        fieldNamed(u"kt \"odd\" name"_s, FieldType::Media)};
     return library;
 }
 
 class LibraryStoreTest : public testing::Test
 {
 protected:
-    LibraryStoreTest() : bundle(tree.path(QStringLiteral("b.cobbledb")))
+    LibraryStoreTest() : bundle(tree.path(u"b.cobbledb"_s))
     {
         testing_support::needApplication();
         EXPECT_TRUE(bundle.buildDatabaseBundleOnDisk());
@@ -51,8 +53,8 @@ protected:
     {
         const auto store = open();
         ASSERT_TRUE(store && store->begin() && store->create(contacts()));
-        ASSERT_TRUE(store->insert({QStringLiteral("Ann"), 5, QStringLiteral("cobblemedia://a")}));
-        ASSERT_TRUE(store->insert({QStringLiteral("Bob"), QVariant(), QVariant()}));
+        ASSERT_TRUE(store->insert({u"Ann"_s, 5, u"cobblemedia://a"_s}));
+        ASSERT_TRUE(store->insert({u"Bob"_s, QVariant(), QVariant()}));
         ASSERT_TRUE(store->commit());
     }
 
@@ -69,14 +71,14 @@ TEST_F(LibraryStoreTest, KeepsLibrariesWithTheirFields)
     const QList<Library> libraries = store->libraries();
     ASSERT_EQ(libraries.size(), 1);
     const Library &library = libraries.first();
-    EXPECT_EQ(library.name, QStringLiteral("Contacts"));
-    EXPECT_EQ(library.libraryEntityName, QStringLiteral("lib_contacts"));
-    EXPECT_EQ(library.tableName, QStringLiteral("kt_contacts"));
+    EXPECT_EQ(library.name, u"Contacts"_s);
+    EXPECT_EQ(library.libraryEntityName, u"lib_contacts"_s);
+    EXPECT_EQ(library.tableName, u"kt_contacts"_s);
     ASSERT_EQ(library.fields.size(), 3);
     EXPECT_EQ(library.fields[1].type, FieldType::Currency);
-    EXPECT_EQ(library.fields[1].header, QStringLiteral("KT_PAID"));
+    EXPECT_EQ(library.fields[1].header, u"KT_PAID"_s);
     EXPECT_EQ(library.fields[1].options, contacts().fields[1].options);
-    EXPECT_EQ(library.fields[2].columnName, QStringLiteral("kt \"odd\" name"));
+    EXPECT_EQ(library.fields[2].columnName, u"kt \"odd\" name"_s);
 }
 
 TEST_F(LibraryStoreTest, KeepsRecordsInOrder)
@@ -86,7 +88,7 @@ TEST_F(LibraryStoreTest, KeepsRecordsInOrder)
     EXPECT_EQ(store->recordCount(contacts()), 2);
     RecordCursor records = store->records(contacts());
     ASSERT_TRUE(records.next());
-    EXPECT_EQ(records.value(0), QVariant(QStringLiteral("Ann")));
+    EXPECT_EQ(records.value(0), QVariant(u"Ann"_s));
     EXPECT_TRUE(NSObject::isEqual(records.value(1), 5));
     ASSERT_TRUE(records.next());
     EXPECT_FALSE(records.value(1).isValid());
@@ -103,15 +105,13 @@ TEST_F(LibraryStoreTest, FindsLibrariesByNameThenWithoutCase)
     storeContacts();
     const auto store = open();
     Library small = contacts();
-    small.name = QStringLiteral("contacts");
-    small.tableName = QStringLiteral("kt_contacts1");
+    small.name = u"contacts"_s;
+    small.tableName = u"kt_contacts1"_s;
     ASSERT_TRUE(store->begin() && store->create(small) && store->commit());
-    EXPECT_EQ(store->libraryNamed(QStringLiteral("contacts"))->tableName,
-              QStringLiteral("kt_contacts1"));
-    EXPECT_EQ(store->libraryNamed(QStringLiteral("Contacts"))->tableName,
-              QStringLiteral("kt_contacts"));
-    EXPECT_TRUE(store->libraryNamed(QStringLiteral("CONTACTS")).has_value());
-    EXPECT_FALSE(store->libraryNamed(QStringLiteral("Contact")).has_value());
+    EXPECT_EQ(store->libraryNamed(u"contacts"_s)->tableName, u"kt_contacts1"_s);
+    EXPECT_EQ(store->libraryNamed(u"Contacts"_s)->tableName, u"kt_contacts"_s);
+    EXPECT_TRUE(store->libraryNamed(u"CONTACTS"_s).has_value());
+    EXPECT_FALSE(store->libraryNamed(u"Contact"_s).has_value());
 }
 
 TEST_F(LibraryStoreTest, WhatIsRolledBackNeverWas)
@@ -133,9 +133,9 @@ TEST_F(LibraryStoreTest, KnowsWhichMediaAreUsed)
     const auto store = open();
     const std::optional<QSet<QString>> used = store->usedMedia();
     ASSERT_TRUE(used.has_value());
-    EXPECT_TRUE(used->contains(QStringLiteral("cobblemedia://a")));
-    EXPECT_FALSE(used->contains(QStringLiteral("cobblemedia://b")));
-    EXPECT_FALSE(used->contains(QStringLiteral("Ann")));
+    EXPECT_TRUE(used->contains(u"cobblemedia://a"_s));
+    EXPECT_FALSE(used->contains(u"cobblemedia://b"_s));
+    EXPECT_FALSE(used->contains(u"Ann"_s));
     EXPECT_EQ(store->mediaOf(contacts()), used);
 }
 
@@ -145,11 +145,11 @@ TEST_F(LibraryStoreTest, MediaThatMayBeUsedAreNotKnown)
     const auto store = open();
     ASSERT_TRUE(store->begin());
     QSqlQuery(QSqlDatabase::database(QSqlDatabase::connectionNames().last()))
-        .exec(QStringLiteral("ALTER TABLE kt_contacts RENAME TO lost"));
+        .exec(u"ALTER TABLE kt_contacts RENAME TO lost"_s);
     EXPECT_FALSE(store->usedMedia().has_value());
     EXPECT_EQ(store->recordCount(contacts()), 0);
-    EXPECT_EQ(store->errorText(), QStringLiteral("no such table: kt_contacts"));
-    EXPECT_EQ(store->records(contacts()).errorText(), QStringLiteral("no such table: kt_contacts"));
+    EXPECT_EQ(store->errorText(), u"no such table: kt_contacts"_s);
+    EXPECT_EQ(store->records(contacts()).errorText(), u"no such table: kt_contacts"_s);
     EXPECT_EQ(store->libraries().size(), 1);
     EXPECT_TRUE(store->errorText().isNull());
 }
@@ -166,10 +166,10 @@ TEST_F(LibraryStoreTest, APageThatIsDamagedIsAnError)
     const auto store = open(LibraryStore::Mode::Existing);
     ASSERT_TRUE(store) << error.toStdString();
     EXPECT_TRUE(store->libraries().isEmpty());
-    EXPECT_EQ(store->errorText(), QStringLiteral("database disk image is malformed"));
-    EXPECT_EQ(store->reasonForNo(QStringLiteral("x")), store->errorText());
+    EXPECT_EQ(store->errorText(), u"database disk image is malformed"_s);
+    EXPECT_EQ(store->reasonForNo(u"x"_s), store->errorText());
     EXPECT_FALSE(store->usedMedia().has_value());
-    EXPECT_FALSE(store->libraryNamed(QStringLiteral("Contacts")).has_value());
+    EXPECT_FALSE(store->libraryNamed(u"Contacts"_s).has_value());
 }
 
 TEST_F(LibraryStoreTest, ASchemaThatIsDamagedIsAnError)
@@ -192,37 +192,36 @@ TEST_F(LibraryStoreTest, ADatabaseWithoutACatalogueHasNoLibraries)
     ASSERT_TRUE(store) << error.toStdString();
     EXPECT_TRUE(store->libraries().isEmpty());
     EXPECT_TRUE(store->errorText().isNull());
-    EXPECT_EQ(store->reasonForNo(QStringLiteral("x")), QStringLiteral("no library 'x'"));
+    EXPECT_EQ(store->reasonForNo(u"x"_s), u"no library 'x'"_s);
     EXPECT_EQ(store->usedMedia(), QSet<QString>());
 }
 
 TEST_F(LibraryStoreTest, MissingAndDamagedDatabasesAreErrors)
 {
     EXPECT_EQ(open(LibraryStore::Mode::Existing), nullptr);
-    EXPECT_EQ(error, QStringLiteral("there is no database"));
+    EXPECT_EQ(error, u"there is no database"_s);
     testing_support::writeFile(bundle.databaseFilePath(), QByteArray(5000, 'x'));
     EXPECT_EQ(open(LibraryStore::Mode::Existing), nullptr);
-    EXPECT_EQ(error, QStringLiteral("file is not a database"));
+    EXPECT_EQ(error, u"file is not a database"_s);
     EXPECT_EQ(testing_support::contentsOf(bundle.databaseFilePath()), QByteArray(5000, 'x'));
     QFile::remove(bundle.databaseFilePath());
     QDir().mkdir(bundle.databaseFilePath());
     EXPECT_EQ(open(), nullptr);
-    EXPECT_EQ(error, QStringLiteral("unable to open database file"));
+    EXPECT_EQ(error, u"unable to open database file"_s);
 }
 
 TEST_F(LibraryStoreTest, DatabasesOfNewerVersionsAreLeftAlone)
 {
     storeContacts();
     {
-        QSqlDatabase database =
-            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("newer"));
+        QSqlDatabase database = QSqlDatabase::addDatabase(u"QSQLITE"_s, u"newer"_s);
         database.setDatabaseName(bundle.databaseFilePath());
         ASSERT_TRUE(database.open());
-        QSqlQuery(database).exec(QStringLiteral("PRAGMA user_version = 99"));
+        QSqlQuery(database).exec(u"PRAGMA user_version = 99"_s);
     }
-    QSqlDatabase::removeDatabase(QStringLiteral("newer"));
+    QSqlDatabase::removeDatabase(u"newer"_s);
     EXPECT_EQ(open(), nullptr);
-    EXPECT_EQ(error, QStringLiteral("the database was made by a newer version of Cobble"));
+    EXPECT_EQ(error, u"the database was made by a newer version of Cobble"_s);
 }
 
 TEST_F(LibraryStoreTest, ErrorsOfSQLiteAreTold)
@@ -234,19 +233,19 @@ TEST_F(LibraryStoreTest, ErrorsOfSQLiteAreTold)
     EXPECT_TRUE(store->errorText().contains(u"UNIQUE constraint failed"));
     store->rollback();
     Library none = contacts();
-    none.tableName = QStringLiteral("none");
+    none.tableName = u"none"_s;
     EXPECT_FALSE(store->records(none).next());
     EXPECT_FALSE(store->remove(none));
-    EXPECT_EQ(store->errorText(), QStringLiteral("no such table: none"));
+    EXPECT_EQ(store->errorText(), u"no such table: none"_s);
 }
 
 TEST(LibraryField, TitlesFallBack)
 {
     LibraryField field;
-    field.columnName = QStringLiteral("kt_field");
-    EXPECT_EQ(field.title(), QStringLiteral("kt_field"));
-    field.label = QStringLiteral("Label");
-    EXPECT_EQ(field.title(), QStringLiteral("Label"));
-    field.header = QStringLiteral("Header");
-    EXPECT_EQ(field.title(), QStringLiteral("Header"));
+    field.columnName = u"kt_field"_s;
+    EXPECT_EQ(field.title(), u"kt_field"_s);
+    field.label = u"Label"_s;
+    EXPECT_EQ(field.title(), u"Label"_s);
+    field.header = u"Header"_s;
+    EXPECT_EQ(field.title(), u"Header"_s);
 }

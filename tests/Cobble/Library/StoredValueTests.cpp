@@ -8,6 +8,8 @@
 #include <QDateTime>
 #include <QTimeZone>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 QVariant decimal(const char16_t *digits)
 {
@@ -28,9 +30,9 @@ TEST(StoredValue, NumbersAreSQLitesOwnWhereTheyFit)
     EXPECT_EQ(StoredValue::forDatabase(decimal(u"123456789012345678")),
               QVariant(qlonglong(123456789012345678)));
     EXPECT_EQ(StoredValue::forDatabase(decimal(u"1234567890123456789")),
-              QVariant(QStringLiteral("1234567890123456789")));
+              QVariant(u"1234567890123456789"_s));
     EXPECT_EQ(StoredValue::forDatabase(decimal(u"0.1234567890123456")),
-              QVariant(QStringLiteral("0.1234567890123456")));
+              QVariant(u"0.1234567890123456"_s));
 }
 
 TEST(StoredValue, NumbersComeBackExactly)
@@ -62,8 +64,7 @@ TEST(StoredValue, TypedTextsStayAsTheyAre)
          {FieldType::Number, FieldType::Currency, FieldType::Duration, FieldType::Date,
           FieldType::Time, FieldType::DateTime, FieldType::Phone, FieldType::Text}) {
         for (const QString &text :
-             {QStringLiteral("about 40"), QStringLiteral("12.5"), QStringLiteral("1,5"),
-              QStringLiteral("2/30/2008"), QStringLiteral("2008-03-05"), QStringLiteral("")})
+             {u"about 40"_s, u"12.5"_s, u"1,5"_s, u"2/30/2008"_s, u"2008-03-05"_s, u""_s})
             EXPECT_EQ(thereAndBack(type, text), QVariant(text)) << text.toStdString();
     }
 }

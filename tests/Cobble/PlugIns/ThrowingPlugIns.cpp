@@ -5,6 +5,8 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 // Plug-ins that load, and then fail in every way that C++ has.
 
 /// Throws what is no std::exception; for files named ".fails", one.
@@ -17,10 +19,7 @@ public:
     static void pluginWillUnload() {}
     static void pluginDidUnload() {}
 
-    QStringList fileTypes() const override
-    {
-        return {QStringLiteral("throws"), QStringLiteral("fails")};
-    }
+    QStringList fileTypes() const override { return {u"throws"_s, u"fails"_s}; }
     bool exportRecords(CobbleRecordSource &, const QString &fileType, QIODevice *to,
                        QString *) override
     {
@@ -41,10 +40,7 @@ public:
     static void pluginWillUnload() {}
     static void pluginDidUnload() {}
 
-    QStringList fileTypes() const override
-    {
-        return {QStringLiteral("throws"), QStringLiteral("fails"), QStringLiteral("quiet")};
-    }
+    QStringList fileTypes() const override { return {u"throws"_s, u"fails"_s, u"quiet"_s}; }
     bool readTable(const QString &text, CobbleTable *, QString *) override
     {
         if (text == u"quiet")

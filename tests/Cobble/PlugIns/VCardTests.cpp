@@ -6,6 +6,8 @@
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 using testing_support::contentsOf;
 using testing_support::FileTree;
 
@@ -39,49 +41,46 @@ QString valueIn(const CobbleTable &table, const char16_t *title)
 TEST(VCardLine, HeaderExample)
 {
     const VCardLine read = line(u"TEL;TYPE=home,voice:555-0101");
-    EXPECT_EQ(read.name, QStringLiteral("TEL"));
+    EXPECT_EQ(read.name, u"TEL"_s);
     EXPECT_TRUE(read.hasType(u"HOME"));
     EXPECT_TRUE(read.hasType(u"VOICE"));
     EXPECT_FALSE(read.hasType(u"CELL"));
-    EXPECT_EQ(read.parts(), QStringList(QStringLiteral("555-0101")));
+    EXPECT_EQ(read.parts(), QStringList(u"555-0101"_s));
 }
 
 TEST(VCardLine, GroupsParametersAndQuotes)
 {
     const VCardLine read = line(u"item1.email;TYPE=\"INTERNET,work\";X-A=\"a:b;c\":a@example.org");
-    EXPECT_EQ(read.name, QStringLiteral("EMAIL"));
+    EXPECT_EQ(read.name, u"EMAIL"_s);
     EXPECT_TRUE(read.hasType(u"WORK"));
-    EXPECT_EQ(read.parameter(u"X-A"), QStringLiteral("a:b;c"));
-    EXPECT_EQ(read.text(), QStringLiteral("a@example.org"));
+    EXPECT_EQ(read.parameter(u"X-A"), u"a:b;c"_s);
+    EXPECT_EQ(read.text(), u"a@example.org"_s);
     EXPECT_TRUE(line(u"TEL;HOME;FAX:1").hasType(u"FAX"));
 }
 
 TEST(VCardLine, Escapes)
 {
     EXPECT_EQ(line(u"N:M\\;ller;J\\,r\\\\gen;;").parts(),
-              QStringList({QStringLiteral("M;ller"), QStringLiteral("J,r\\gen"), QStringLiteral(""),
-                           QStringLiteral("")}));
-    EXPECT_EQ(line(u"NOTE:a\\nb\\Nc; d\\").text(), QStringLiteral("a\nb\nc; d\\"));
+              QStringList({u"M;ller"_s, u"J,r\\gen"_s, u""_s, u""_s}));
+    EXPECT_EQ(line(u"NOTE:a\\nb\\Nc; d\\").text(), u"a\nb\nc; d\\"_s);
 }
 
 TEST(VCardLine, FoldedLines)
 {
     const QList<VCardLine> lines = VCardLine::linesOf(
-        QStringLiteral("NOTE:one\r\n  two\r\n\tthree\nFN:x\rNICKNAME;QUOTED-PRINTABLE:a=\nb\n"));
+        u"NOTE:one\r\n  two\r\n\tthree\nFN:x\rNICKNAME;QUOTED-PRINTABLE:a=\nb\n"_s);
     ASSERT_EQ(lines.size(), 3);
-    EXPECT_EQ(lines[0].value, QStringLiteral("one twothree"));
-    EXPECT_EQ(lines[1].value, QStringLiteral("x"));
-    EXPECT_EQ(lines[2].value, QStringLiteral("ab"));
+    EXPECT_EQ(lines[0].value, u"one twothree"_s);
+    EXPECT_EQ(lines[1].value, u"x"_s);
+    EXPECT_EQ(lines[2].value, u"ab"_s);
 }
 
 TEST(VCardLine, QuotedPrintable)
 {
     EXPECT_EQ(line(u"N;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:M=C3=BCller=3B").value,
-              QStringLiteral("Müller;"));
-    EXPECT_EQ(line(u"N;CHARSET=ISO-8859-1;QUOTED-PRINTABLE:M=FCller 100%").value,
-              QStringLiteral("Müller 100%"));
-    EXPECT_EQ(line(u"N;CHARSET=X-NONE;QUOTED-PRINTABLE:M=C3=BCller").value,
-              QStringLiteral("Müller"));
+              u"Müller;"_s);
+    EXPECT_EQ(line(u"N;CHARSET=ISO-8859-1;QUOTED-PRINTABLE:M=FCller 100%").value, u"Müller 100%"_s);
+    EXPECT_EQ(line(u"N;CHARSET=X-NONE;QUOTED-PRINTABLE:M=C3=BCller").value, u"Müller"_s);
 }
 
 // What looks at all of a value for each line that is put to it takes minutes, and so comes to the
@@ -90,11 +89,10 @@ TEST(VCardLine, ManyFoldedLinesAreOneValue)
 {
     constexpr int Count = 200'000;
     const QString printable =
-        u"NOTE;ENCODING=QUOTED-PRINTABLE:=\n" + QStringLiteral("ab=\n").repeated(Count) + u"c\n";
-    EXPECT_EQ(VCardLine::linesOf(printable).first().value,
-              QStringLiteral("ab").repeated(Count) + u'c');
+        u"NOTE;ENCODING=QUOTED-PRINTABLE:=\n" + u"ab=\n"_s.repeated(Count) + u"c\n";
+    EXPECT_EQ(VCardLine::linesOf(printable).first().value, u"ab"_s.repeated(Count) + u'c');
     // Each of them could be the end of a name that asks for the same.
-    const QString nameless = u"NOTE\n" + QStringLiteral(" =\n").repeated(Count);
+    const QString nameless = u"NOTE\n" + u" =\n"_s.repeated(Count);
     EXPECT_TRUE(VCardLine::linesOf(nameless).isEmpty());
 }
 
@@ -108,34 +106,29 @@ TEST(VCardLine, LinesThatAreNone)
 
 TEST(VCardTable, CardsBecomeRows)
 {
-    const CobbleTable table = tableOf(card(QStringLiteral("FN:Ann\r\nTEL;TYPE=CELL:1\r\n")) +
-                                      card(QStringLiteral("FN:Bob\r\nBDAY:19850412\r\n")));
-    EXPECT_EQ(table.titles, QStringList({QStringLiteral("Name"), QStringLiteral("Mobile"),
-                                         QStringLiteral("Birthday")}));
-    EXPECT_EQ(table.typeNames,
-              QStringList({QStringLiteral("text"), QStringLiteral("phone"), QStringLiteral("")}));
+    const CobbleTable table =
+        tableOf(card(u"FN:Ann\r\nTEL;TYPE=CELL:1\r\n"_s) + card(u"FN:Bob\r\nBDAY:19850412\r\n"_s));
+    EXPECT_EQ(table.titles, QStringList({u"Name"_s, u"Mobile"_s, u"Birthday"_s}));
+    EXPECT_EQ(table.typeNames, QStringList({u"text"_s, u"phone"_s, u""_s}));
     ASSERT_EQ(table.rows.size(), 2);
-    EXPECT_EQ(table.rows[1],
-              QStringList({QStringLiteral("Bob"), QString(), QStringLiteral("1985-04-12")}));
+    EXPECT_EQ(table.rows[1], QStringList({u"Bob"_s, QString(), u"1985-04-12"_s}));
 }
 
 TEST(VCardTable, BirthdaysWithoutAYearAreNoNumbers)
 {
-    for (const QString &typed : {QStringLiteral("--0412"), QStringLiteral("--04-12")})
-        EXPECT_EQ(valueIn(tableOf(card(u"BDAY:" + typed + u"\r\n")), u"Birthday"),
-                  QStringLiteral("--04-12"));
-    for (const QString &typed : {QStringLiteral("-0412"), QStringLiteral("---12"),
-                                 QStringLiteral("1985-04"), QStringLiteral("in spring")})
+    for (const QString &typed : {u"--0412"_s, u"--04-12"_s})
+        EXPECT_EQ(valueIn(tableOf(card(u"BDAY:" + typed + u"\r\n")), u"Birthday"), u"--04-12"_s);
+    for (const QString &typed : {u"-0412"_s, u"---12"_s, u"1985-04"_s, u"in spring"_s})
         EXPECT_EQ(valueIn(tableOf(card(u"BDAY:" + typed + u"\r\n")), u"Birthday"), typed);
 }
 
 TEST(VCardTable, NamesAddressesAndOrganizations)
 {
-    const CobbleTable table = tableOf(card(
-        QStringLiteral("N:Public;John;Quinlan;Mr.;Esq.\r\nORG:ABC\\, Inc.;Sales\r\n"
-                       "ADR;TYPE=WORK:;;123 Main Street;Any Town;CA;91921-1234;U.S.A.\r\n"
-                       "ADR:PO 7;Suite 2;;;;;\r\nEMAIL:a@example.org\r\nEMAIL:b@example.org\r\n"
-                       "TEL;VALUE=uri:tel:+1-418-555-0101\r\nTEL;WORK;FAX:2\r\n")));
+    const CobbleTable table =
+        tableOf(card(u"N:Public;John;Quinlan;Mr.;Esq.\r\nORG:ABC\\, Inc.;Sales\r\n"
+                     "ADR;TYPE=WORK:;;123 Main Street;Any Town;CA;91921-1234;U.S.A.\r\n"
+                     "ADR:PO 7;Suite 2;;;;;\r\nEMAIL:a@example.org\r\nEMAIL:b@example.org\r\n"
+                     "TEL;VALUE=uri:tel:+1-418-555-0101\r\nTEL;WORK;FAX:2\r\n"_s));
     for (const auto &[title, value] :
          {std::pair(u"Last name", u"Public"), std::pair(u"First name", u"John"),
           std::pair(u"Middle name", u"Quinlan"), std::pair(u"Prefix", u"Mr."),
@@ -152,33 +145,31 @@ TEST(VCardTable, NamesAddressesAndOrganizations)
 
 TEST(VCardTable, PicturesInTheCardBecomeFiles)
 {
-    const CobbleTable table =
-        tableOf(card(QStringLiteral("PHOTO;ENCODING=b;TYPE=PNG:UE5H\r\n")) +
-                card(QStringLiteral("PHOTO:data:image/gif;base64,R0lG\r\n")) +
-                card(QStringLiteral("PHOTO;VALUE=URI:http://example.org/p.jpg\r\n")));
+    const CobbleTable table = tableOf(card(u"PHOTO;ENCODING=b;TYPE=PNG:UE5H\r\n"_s) +
+                                      card(u"PHOTO:data:image/gif;base64,R0lG\r\n"_s) +
+                                      card(u"PHOTO;VALUE=URI:http://example.org/p.jpg\r\n"_s));
     ASSERT_TRUE(table.files);
     EXPECT_TRUE(table.rows[0][0].endsWith(u"/Photo 1.png"));
     EXPECT_EQ(contentsOf(table.rows[0][0]), "PNG");
     EXPECT_TRUE(table.rows[1][0].endsWith(u"/Photo 2.gif"));
     EXPECT_EQ(contentsOf(table.rows[1][0]), "GIF");
-    EXPECT_EQ(table.rows[2][0], QStringLiteral("http://example.org/p.jpg"));
+    EXPECT_EQ(table.rows[2][0], u"http://example.org/p.jpg"_s);
 }
 
 TEST(VCardTable, WhatStandsOutsideOfCardsIsPassedOver)
 {
     const CobbleTable table =
-        tableOf(QStringLiteral("FN:no\r\n") + card(QStringLiteral("FN:Ann\r\n")) +
-                QStringLiteral("FN:no\r\nBEGIN:VEVENT\r\nFN:no\r\n"));
+        tableOf(u"FN:no\r\n"_s + card(u"FN:Ann\r\n"_s) + u"FN:no\r\nBEGIN:VEVENT\r\nFN:no\r\n"_s);
     ASSERT_EQ(table.rows.size(), 1);
-    EXPECT_EQ(table.rows[0], QStringList(QStringLiteral("Ann")));
-    EXPECT_TRUE(tableOf(QStringLiteral("FN:no\r\n")).rows.isEmpty());
+    EXPECT_EQ(table.rows[0], QStringList(u"Ann"_s));
+    EXPECT_TRUE(tableOf(u"FN:no\r\n"_s).rows.isEmpty());
 }
 
 TEST(VCardTable, TooManyOfAKindShareAColumn)
 {
     QString lines;
     for (int number = 0; number < 20000; ++number)
-        lines += QStringLiteral("TEL:%1\r\n").arg(number);
+        lines += u"TEL:%1\r\n"_s.arg(number);
     const CobbleTable table = tableOf(card(lines));
     EXPECT_EQ(table.titles.size(), 20);
     EXPECT_EQ(table.rows[0].last().count(u'\n'), 20000 - 20);
@@ -189,18 +180,15 @@ TEST(VCardImporter, ImportsThroughThePlugIn)
     testing_support::needApplication();
     testing_support::useFreshHome();
     const FileTree tree;
-    const QString bundle = tree.path(QStringLiteral("b.cobbledb"));
-    tree.add(QStringLiteral("People.VCF"),
-             card(QStringLiteral("FN:Ann, \"the\" one\r\nTEL:030 1234567\r\n"
-                                 "ADR:;;;;;01067;\r\nPHOTO;ENCODING=b:UE5H\r\n"))
-                 .toUtf8());
+    const QString bundle = tree.path(u"b.cobbledb"_s);
+    tree.add(u"People.VCF"_s, card(u"FN:Ann, \"the\" one\r\nTEL:030 1234567\r\n"
+                                   "ADR:;;;;;01067;\r\nPHOTO;ENCODING=b:UE5H\r\n"_s)
+                                  .toUtf8());
     const CommandResult result =
-        runInProcess({QStringLiteral("import"), tree.path(QStringLiteral("People.VCF")),
-                      QStringLiteral("--bundle"), bundle});
+        runInProcess({u"import"_s, tree.path(u"People.VCF"_s), u"--bundle"_s, bundle});
     EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
     const CommandResult shown =
-        runInProcess({QStringLiteral("show"), QStringLiteral("People"), QStringLiteral("--bundle"),
-                      bundle, QStringLiteral("--locale"), QStringLiteral("de_DE")});
+        runInProcess({u"show"_s, u"People"_s, u"--bundle"_s, bundle, u"--locale"_s, u"de_DE"_s});
     EXPECT_TRUE(shown.output.contains(u"Ann, \"the\" one")) << shown.output.toStdString();
     EXPECT_TRUE(shown.output.contains(u"01067"));
     EXPECT_TRUE(shown.output.contains(u"cobblemedia://Photo%201.0.jpg"));
@@ -211,9 +199,8 @@ TEST(VCardImporter, FilesWithoutCards)
 {
     testing_support::useFreshHome();
     const FileTree tree;
-    tree.add(QStringLiteral("x.vcf"), "Name,Age\nAnn,3\n");
-    const CommandResult result =
-        runInProcess({QStringLiteral("import"), tree.path(QStringLiteral("x.vcf"))});
+    tree.add(u"x.vcf"_s, "Name,Age\nAnn,3\n");
+    const CommandResult result = runInProcess({u"import"_s, tree.path(u"x.vcf"_s)});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_TRUE(result.errors.endsWith(u"x.vcf: there is no vCard in it\n"));
 }

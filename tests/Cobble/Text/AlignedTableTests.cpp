@@ -4,6 +4,8 @@
 
 #include <QTextStream>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 QString printed(const QList<QStringList> &rows, int indentation = 0)
 {
@@ -19,9 +21,8 @@ QString printed(const QList<QStringList> &rows, int indentation = 0)
 
 TEST(AlignedTable, TheExampleOfTheHeader)
 {
-    EXPECT_EQ(printed({{QStringLiteral("Table:"), QStringLiteral("kt_contacts")},
-                       {QStringLiteral("Rows read:"), QStringLiteral("300")}}),
-              QStringLiteral("Table:      kt_contacts\nRows read:  300\n"));
+    EXPECT_EQ(printed({{u"Table:"_s, u"kt_contacts"_s}, {u"Rows read:"_s, u"300"_s}}),
+              u"Table:      kt_contacts\nRows read:  300\n"_s);
 }
 
 TEST(AlignedTable, NothingPrintsNothing)
@@ -31,24 +32,20 @@ TEST(AlignedTable, NothingPrintsNothing)
 
 TEST(AlignedTable, IndentsAndLeavesNoTrailingBlanks)
 {
-    EXPECT_EQ(printed({{QStringLiteral("a"), QStringLiteral("")}, {QStringLiteral("bcd")}}, 2),
-              QStringLiteral("  a\n  bcd\n"));
-    EXPECT_EQ(printed({{QStringLiteral("")}}, 2), QStringLiteral("\n"));
+    EXPECT_EQ(printed({{u"a"_s, u""_s}, {u"bcd"_s}}, 2), u"  a\n  bcd\n"_s);
+    EXPECT_EQ(printed({{u""_s}}, 2), u"\n"_s);
 }
 
 TEST(AlignedTable, WideAndCombiningCharactersAreAligned)
 {
-    EXPECT_EQ(printed({{QStringLiteral("公司"), QStringLiteral("x")},
-                       {QStringLiteral("e\u0301"), QStringLiteral("y")},
-                       {QStringLiteral("abcd"), QStringLiteral("z")}}),
-              QStringLiteral("公司  x\ne\u0301     y\nabcd  z\n"));
+    EXPECT_EQ(printed({{u"公司"_s, u"x"_s}, {u"e\u0301"_s, u"y"_s}, {u"abcd"_s, u"z"_s}}),
+              u"公司  x\ne\u0301     y\nabcd  z\n"_s);
 }
 
 TEST(AlignedTable, ALongCellMovesItsOwnRowOnly)
 {
     const QString longest = QString(AlignedTable::WidestAligned + 10, u'w');
-    const QString text =
-        printed({{longest, QStringLiteral("x")}, {QStringLiteral("a"), QStringLiteral("y")}});
+    const QString text = printed({{longest, u"x"_s}, {u"a"_s, u"y"_s}});
     const QString padding = QString(AlignedTable::WidestAligned + 1, u' ');
     EXPECT_EQ(text, QString(longest + u"  x\na" + padding + u"y\n"));
 }
@@ -58,7 +55,7 @@ TEST(AlignedTable, HostileCellsStayOnOneLineEach)
     QList<QStringList> rows;
     qsizetype size = 0;
     for (const QString &text : testing_support::hostileTexts()) {
-        rows.append({text, QStringLiteral("x")});
+        rows.append({text, u"x"_s});
         size += text.size();
     }
     const QString text = printed(rows);
@@ -68,29 +65,27 @@ TEST(AlignedTable, HostileCellsStayOnOneLineEach)
 
 TEST(PrintableText, EscapesWhatSteersTheTerminal)
 {
-    EXPECT_EQ(printableText(QStringLiteral("a\r\n\tb")), QStringLiteral("a\\r\\n\\tb"));
-    EXPECT_EQ(printableText(QStringLiteral("\u001b[31m")), QStringLiteral("\\u001b[31m"));
-    EXPECT_EQ(printableText(QString(QChar(0))), QStringLiteral("\\u0000"));
-    EXPECT_EQ(printableText(QStringLiteral("\u0085\u007f")), QStringLiteral("\\u0085\\u007f"));
-    EXPECT_EQ(printableText(QStringLiteral("\u202e\u2066\u200f\u2028")),
-              QStringLiteral("\\u202e\\u2066\\u200f\\u2028"));
+    EXPECT_EQ(printableText(u"a\r\n\tb"_s), u"a\\r\\n\\tb"_s);
+    EXPECT_EQ(printableText(u"\u001b[31m"_s), u"\\u001b[31m"_s);
+    EXPECT_EQ(printableText(QString(QChar(0))), u"\\u0000"_s);
+    EXPECT_EQ(printableText(u"\u0085\u007f"_s), u"\\u0085\\u007f"_s);
+    EXPECT_EQ(printableText(u"\u202e\u2066\u200f\u2028"_s), u"\\u202e\\u2066\\u200f\\u2028"_s);
 }
 
 TEST(PrintableText, LeavesTextAlone)
 {
-    for (const QString &text : {QStringLiteral(""), QStringLiteral("Über Straße \\n"),
-                                QStringLiteral("公司 שם 👩‍👩‍👧")})
+    for (const QString &text : {u""_s, u"Über Straße \\n"_s, u"公司 שם 👩‍👩‍👧"_s})
         EXPECT_EQ(printableText(text), text);
 }
 
 TEST(DisplayWidth, CountsTerminalColumns)
 {
     EXPECT_EQ(displayWidth(QString()), 0);
-    EXPECT_EQ(displayWidth(QStringLiteral("abc")), 3);
-    EXPECT_EQ(displayWidth(QStringLiteral("e\u0301")), 1);
-    EXPECT_EQ(displayWidth(QStringLiteral("公司")), 4);
-    EXPECT_EQ(displayWidth(QStringLiteral("２１")), 4);
-    EXPECT_EQ(displayWidth(QStringLiteral("😀")), 2);
-    EXPECT_EQ(displayWidth(QStringLiteral("שם")), 2);
+    EXPECT_EQ(displayWidth(u"abc"_s), 3);
+    EXPECT_EQ(displayWidth(u"e\u0301"_s), 1);
+    EXPECT_EQ(displayWidth(u"公司"_s), 4);
+    EXPECT_EQ(displayWidth(u"２１"_s), 4);
+    EXPECT_EQ(displayWidth(u"😀"_s), 2);
+    EXPECT_EQ(displayWidth(u"שם"_s), 2);
     EXPECT_EQ(displayWidth(QString(QChar(0xD83D))), 1);
 }

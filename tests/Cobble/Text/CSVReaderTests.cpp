@@ -2,6 +2,8 @@
 
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 using Rows = QList<QStringList>;
 
 namespace {
@@ -88,7 +90,7 @@ TEST_P(CSVReaderTable, ReadsTheSameWithOtherSeparators)
         Rows expected = GetParam().rows;
         text.replace(u',', separator);
         for (QStringList &row : expected)
-            row.replaceInStrings(QStringLiteral(","), QString(separator));
+            row.replaceInStrings(u","_s, QString(separator));
         EXPECT_EQ(rowsOfText(text, separator), expected);
     }
 }
@@ -101,9 +103,9 @@ TEST(CSVReader, TheExampleOfTheHeader)
     CSVReader reader(u"name,note\nAnn,\"a, b\"\n", u',');
     QStringList fields;
     ASSERT_TRUE(reader.readRow(&fields));
-    EXPECT_EQ(fields, QStringList({QStringLiteral("name"), QStringLiteral("note")}));
+    EXPECT_EQ(fields, QStringList({u"name"_s, u"note"_s}));
     ASSERT_TRUE(reader.readRow(&fields));
-    EXPECT_EQ(fields, QStringList({QStringLiteral("Ann"), QStringLiteral("a, b")}));
+    EXPECT_EQ(fields, QStringList({u"Ann"_s, u"a, b"_s}));
     EXPECT_FALSE(reader.readRow(&fields));
     EXPECT_FALSE(reader.readRow(&fields));
 }
@@ -120,8 +122,7 @@ TEST(CSVReader, NoFieldIsNil)
 
 TEST(CSVReader, ATabCanSeparateEmptyFields)
 {
-    EXPECT_EQ(rowsOfText(u"a\tb\n\t\n", u'\t'), Rows({{QStringLiteral("a"), QStringLiteral("b")},
-                                                      {QStringLiteral(""), QStringLiteral("")}}));
+    EXPECT_EQ(rowsOfText(u"a\tb\n\t\n", u'\t'), Rows({{u"a"_s, u"b"_s}, {u""_s, u""_s}}));
 }
 
 TEST(CSVReader, CountsLinesAlsoWithinQuotes)
@@ -175,7 +176,7 @@ TEST(CSVReader, HostileTextsAreReadWhole)
 
 TEST(CSVReader, AFieldOfAMegabyte)
 {
-    const QString text = testing_support::megabyteOf(QStringLiteral("a\"b "));
+    const QString text = testing_support::megabyteOf(u"a\"b "_s);
     const Rows rows = rowsOfText(QString(text + u",x\n" + text));
     ASSERT_EQ(rows.size(), 2);
     EXPECT_TRUE(rows.at(0).at(0) == text);
@@ -185,28 +186,26 @@ TEST(CSVReader, AFieldOfAMegabyte)
 // A quadratic reader takes minutes, and so comes to the end of its time.
 TEST(CSVReader, MegabytesOfQuotesAndBreaksAreRead)
 {
-    const QString quotes = testing_support::megabyteOf(QStringLiteral("\""));
+    const QString quotes = testing_support::megabyteOf(u"\""_s);
     EXPECT_EQ(rowsOfText(quotes).size(), 1);
-    EXPECT_TRUE(rowsOfText(testing_support::megabyteOf(QStringLiteral("\n"))).isEmpty());
-    const QString opened = testing_support::megabyteOf(QStringLiteral("\"\n"));
+    EXPECT_TRUE(rowsOfText(testing_support::megabyteOf(u"\n"_s)).isEmpty());
+    const QString opened = testing_support::megabyteOf(u"\"\n"_s);
     EXPECT_GE(rowsOfText(opened).size(), 1);
 }
 
 TEST(CSVReader, WhatIsWrittenByTheRulesIsReadBack)
 {
-    const QStringList pieces = {QStringLiteral("a"),  QStringLiteral("\""), QStringLiteral(","),
-                                QStringLiteral("\r"), QStringLiteral("\n"), QStringLiteral(" "),
-                                QStringLiteral("é")};
+    const QStringList pieces = {u"a"_s, u"\""_s, u","_s, u"\r"_s, u"\n"_s, u" "_s, u"é"_s};
     // Every field of up to three pieces, quoted, between two others.
-    QStringList fields = {QStringLiteral("")};
+    QStringList fields = {u""_s};
     for (qsizetype next = 0; next < fields.size() && fields.size() < 400; ++next) {
         for (const QString &piece : pieces)
             fields += fields.at(next) + piece;
     }
     for (const QString &field : std::as_const(fields)) {
         QString quoted = field;
-        quoted.replace(u'"', QStringLiteral("\"\""));
+        quoted.replace(u'"', u"\"\""_s);
         EXPECT_EQ(rowsOfText(QString(u"x,\"" + quoted + u"\",y\r\n")),
-                  Rows({{QStringLiteral("x"), field, QStringLiteral("y")}}));
+                  Rows({{u"x"_s, field, u"y"_s}}));
     }
 }

@@ -5,6 +5,8 @@
 
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 struct NameCase
 {
@@ -28,13 +30,10 @@ void PrintTo(const SniffCase &row, std::ostream *stream)
 TEST(CSVSeparator, NamesAndCharacters)
 {
     const QList<NameCase> cases = {
-        {QStringLiteral("comma"), u','}, {QStringLiteral("Semicolon"), u';'},
-        {QStringLiteral("TAB"), u'\t'},  {QStringLiteral("pipe"), u'|'},
-        {QStringLiteral("space"), u' '}, {QStringLiteral("\\t"), u'\t'},
-        {QStringLiteral("\t"), u'\t'},   {QStringLiteral(","), u','},
-        {QStringLiteral(":"), u':'},     {QStringLiteral("\\"), u'\\'},
-        {QStringLiteral("x"), u'x'},     {QStringLiteral("\u2022"), QChar(0x2022)},
-        {QStringLiteral("-"), u'-'},
+        {u"comma"_s, u','}, {u"Semicolon"_s, u';'}, {u"TAB"_s, u'\t'}, {u"pipe"_s, u'|'},
+        {u"space"_s, u' '}, {u"\\t"_s, u'\t'},      {u"\t"_s, u'\t'},  {u","_s, u','},
+        {u":"_s, u':'},     {u"\\"_s, u'\\'},       {u"x"_s, u'x'},    {u"\u2022"_s, QChar(0x2022)},
+        {u"-"_s, u'-'},
     };
     for (const NameCase &row : cases)
         EXPECT_EQ(CSVSeparator::fromName(row.name), row.separator) << row.name.toStdString();
@@ -43,16 +42,16 @@ TEST(CSVSeparator, NamesAndCharacters)
 TEST(CSVSeparator, WhatCannotSeparateIsNone)
 {
     const QStringList texts = {QString(),
-                               QStringLiteral(""),
-                               QStringLiteral("\""),
-                               QStringLiteral("\n"),
-                               QStringLiteral("\r"),
+                               u""_s,
+                               u"\""_s,
+                               u"\n"_s,
+                               u"\r"_s,
                                QString(QChar(0)),
                                QString(QChar(0xD800)),
-                               QStringLiteral("😀"),
-                               QStringLiteral("::"),
-                               QStringLiteral("commas"),
-                               QStringLiteral(" comma")};
+                               u"😀"_s,
+                               u"::"_s,
+                               u"commas"_s,
+                               u" comma"_s};
     for (const QString &text : texts)
         EXPECT_FALSE(CSVSeparator::fromName(text)) << text.toStdString();
     for (const QString &text : testing_support::hostileTexts()) {
@@ -64,9 +63,9 @@ TEST(CSVSeparator, WhatCannotSeparateIsNone)
 
 TEST(CSVSeparator, NamesForPeople)
 {
-    EXPECT_EQ(CSVSeparator::nameOf(u','), QStringLiteral("comma"));
-    EXPECT_EQ(CSVSeparator::nameOf(u'\t'), QStringLiteral("tab"));
-    EXPECT_EQ(CSVSeparator::nameOf(u':'), QStringLiteral(":"));
+    EXPECT_EQ(CSVSeparator::nameOf(u','), u"comma"_s);
+    EXPECT_EQ(CSVSeparator::nameOf(u'\t'), u"tab"_s);
+    EXPECT_EQ(CSVSeparator::nameOf(u':'), u":"_s);
 }
 
 TEST(CSVSeparator, EveryNameIsReadBack)
@@ -84,10 +83,9 @@ TEST(CSVSeparator, DirectivesAreRead)
         qsizetype length;
     };
     const QList<DirectiveCase> cases = {
-        {QStringLiteral("sep=;\na;b"), u';', 6},   {QStringLiteral("sep=;\r\na;b"), u';', 7},
-        {QStringLiteral("sep=,\ra,b"), u',', 6},   {QStringLiteral("SEP=|\n"), u'|', 6},
-        {QStringLiteral("sep=\t\na"), u'\t', 6},   {QStringLiteral("sep=;"), u';', 5},
-        {QStringLiteral("\"sep=;\"\na"), u';', 8}, {QStringLiteral("sep==\na"), u'=', 6},
+        {u"sep=;\na;b"_s, u';', 6},   {u"sep=;\r\na;b"_s, u';', 7}, {u"sep=,\ra,b"_s, u',', 6},
+        {u"SEP=|\n"_s, u'|', 6},      {u"sep=\t\na"_s, u'\t', 6},   {u"sep=;"_s, u';', 5},
+        {u"\"sep=;\"\na"_s, u';', 8}, {u"sep==\na"_s, u'=', 6},
     };
     for (const DirectiveCase &row : cases) {
         const auto directive = CSVSeparator::directiveOf(row.text);
@@ -99,17 +97,9 @@ TEST(CSVSeparator, DirectivesAreRead)
 
 TEST(CSVSeparator, OtherFirstLinesAreNoDirectives)
 {
-    const QList<QString> texts = {QString(),
-                                  QStringLiteral(""),
-                                  QStringLiteral("sep="),
-                                  QStringLiteral("sep=\n;"),
-                                  QStringLiteral("sep=\"\n"),
-                                  QStringLiteral("sep=;;\n"),
-                                  QStringLiteral("sep=; \n"),
-                                  QStringLiteral("\nsep=;"),
-                                  QStringLiteral(" sep=;"),
-                                  QStringLiteral("a,sep=;\n"),
-                                  QStringLiteral("\"sep=;\n")};
+    const QList<QString> texts = {QString(),     u""_s,          u"sep="_s,     u"sep=\n;"_s,
+                                  u"sep=\"\n"_s, u"sep=;;\n"_s,  u"sep=; \n"_s, u"\nsep=;"_s,
+                                  u" sep=;"_s,   u"a,sep=;\n"_s, u"\"sep=;\n"_s};
     for (const QString &text : texts)
         EXPECT_FALSE(CSVSeparator::directiveOf(text)) << text.toStdString();
     for (const QString &text : testing_support::hostileTexts())
@@ -127,31 +117,27 @@ TEST_P(CSVSeparatorSniffing, FindsThisOne)
 
 INSTANTIATE_TEST_SUITE_P(
     All, CSVSeparatorSniffing,
-    testing::Values(SniffCase{"Nothing", QString(), u','},
-                    SniffCase{"OneColumn", QStringLiteral("a\nb\nc"), u','},
-                    SniffCase{"Comma", QStringLiteral("a,b\n1,2"), u','},
-                    SniffCase{"Semicolon", QStringLiteral("a;b\n1;2"), u';'},
-                    SniffCase{"Tab", QStringLiteral("a\tb\n1\t2"), u'\t'},
-                    SniffCase{"Pipe", QStringLiteral("a|b\n1|2"), u'|'},
-                    SniffCase{"SpaceIsNeverGuessed", QStringLiteral("a b\n1 2"), u','},
-                    SniffCase{"DecimalCommas", QStringLiteral("name;price\nA;1,50\nB;2,50"), u';'},
-                    SniffCase{"CommasInSomeRows", QStringLiteral("a;b\n1,5;2\n3;4\n5;6,5"), u';'},
-                    SniffCase{"QuotedCommas", QStringLiteral("\"a,b\"|c\n\"d,e\"|f"), u'|'},
-                    SniffCase{"QuotedBreaks", QStringLiteral("\"a\n,\n\";b\n\"c\n,\n\";d"), u';'},
-                    SniffCase{"TheFirstWinsATie", QStringLiteral("a,b;c\n1,2;3"), u','},
-                    SniffCase{"SemicolonBeforeTab", QStringLiteral("a\tb;c\n1\t2;3"), u';'},
-                    SniffCase{"TabBeforePipe", QStringLiteral("a|b\tc\n1|2\t3"), u'\t'},
-                    SniffCase{"MostRowsWin", QStringLiteral("a;b,c\n1;2\n3;4,5\n6;7"), u';'},
-                    SniffCase{"VaryingCountsLose", QStringLiteral("a,b,c|d\n1,2|3\n1|4"), u'|'},
-                    SniffCase{"RowsWithoutTextDoNotCount",
-                              QStringLiteral("\t\n \t\n\t\na;b\n1;2\n"), u';'},
-                    SniffCase{"BlankLinesDoNotCount", QStringLiteral("\n\n\na;b\n\n1;2\n"), u';'}),
+    testing::Values(
+        SniffCase{"Nothing", QString(), u','}, SniffCase{"OneColumn", u"a\nb\nc"_s, u','},
+        SniffCase{"Comma", u"a,b\n1,2"_s, u','}, SniffCase{"Semicolon", u"a;b\n1;2"_s, u';'},
+        SniffCase{"Tab", u"a\tb\n1\t2"_s, u'\t'}, SniffCase{"Pipe", u"a|b\n1|2"_s, u'|'},
+        SniffCase{"SpaceIsNeverGuessed", u"a b\n1 2"_s, u','},
+        SniffCase{"DecimalCommas", u"name;price\nA;1,50\nB;2,50"_s, u';'},
+        SniffCase{"CommasInSomeRows", u"a;b\n1,5;2\n3;4\n5;6,5"_s, u';'},
+        SniffCase{"QuotedCommas", u"\"a,b\"|c\n\"d,e\"|f"_s, u'|'},
+        SniffCase{"QuotedBreaks", u"\"a\n,\n\";b\n\"c\n,\n\";d"_s, u';'},
+        SniffCase{"TheFirstWinsATie", u"a,b;c\n1,2;3"_s, u','},
+        SniffCase{"SemicolonBeforeTab", u"a\tb;c\n1\t2;3"_s, u';'},
+        SniffCase{"TabBeforePipe", u"a|b\tc\n1|2\t3"_s, u'\t'},
+        SniffCase{"MostRowsWin", u"a;b,c\n1;2\n3;4,5\n6;7"_s, u';'},
+        SniffCase{"VaryingCountsLose", u"a,b,c|d\n1,2|3\n1|4"_s, u'|'},
+        SniffCase{"RowsWithoutTextDoNotCount", u"\t\n \t\n\t\na;b\n1;2\n"_s, u';'},
+        SniffCase{"BlankLinesDoNotCount", u"\n\n\na;b\n\n1;2\n"_s, u';'}),
     [](const auto &row) { return row.param.name; });
 
 TEST(CSVSeparator, OnlyTheFirstRowsAreLookedAt)
 {
-    const QString text =
-        QStringLiteral("a;b\n").repeated(100) + QStringLiteral("a,b\n").repeated(1000);
+    const QString text = u"a;b\n"_s.repeated(100) + u"a,b\n"_s.repeated(1000);
     EXPECT_EQ(CSVSeparator::sniffed(text), u';');
 }
 
@@ -200,8 +186,7 @@ TEST_F(LocalizedSeparators, EachRowIsWhatTheNumbersOfTheLocaleSay)
         if (row.key() == KTInternationalSeparatorsListKey)
             continue;
         const bool hasDecimalComma = NSLocale(row.key()).decimalSeparator() == u",";
-        EXPECT_EQ(row.value().toString(),
-                  hasDecimalComma ? QStringLiteral(";") : QStringLiteral(","))
+        EXPECT_EQ(row.value().toString(), hasDecimalComma ? u";"_s : u","_s)
             << row.key().toStdString();
     }
 }
@@ -209,7 +194,7 @@ TEST_F(LocalizedSeparators, EachRowIsWhatTheNumbersOfTheLocaleSay)
 TEST_F(LocalizedSeparators, TheLocaleDecidesWhereTheTextDoesNot)
 {
     // One row that both divide alike.
-    const QString text = QStringLiteral("a;b,c\n");
+    const QString text = u"a;b,c\n"_s;
     for (const auto &[locale, separator] :
          {std::pair(u"de_DE", u';'), std::pair(u"fr_FR", u';'), std::pair(u"en_US", u','),
           std::pair(u"ja_JP", u','), std::pair(u"es_MX", u','), std::pair(u"es_ES", u';'),
@@ -223,17 +208,17 @@ TEST_F(LocalizedSeparators, TheLocaleDecidesWhereTheTextDoesNot)
 
 TEST_F(LocalizedSeparators, ATextThatFitsAnotherWins)
 {
-    NSLocale::setCurrentLocale(NSLocale(QStringLiteral("de_DE")));
+    NSLocale::setCurrentLocale(NSLocale(u"de_DE"_s));
     EXPECT_EQ(CSVSeparator::sniffed(u"a,b\n1,2\n3,4\n"), u',');
     EXPECT_EQ(CSVSeparator::sniffed(u"a\tb\n1;5\t2\n3\t4\n"), u'\t');
-    NSLocale::setCurrentLocale(NSLocale(QStringLiteral("en_US")));
+    NSLocale::setCurrentLocale(NSLocale(u"en_US"_s));
     EXPECT_EQ(CSVSeparator::sniffed(u"a;b\n1,5;2,5\n3;4\n"), u';');
     EXPECT_EQ(CSVSeparator::sniffed(u"a|b\n1|2\n"), u'|');
 }
 
 TEST_F(LocalizedSeparators, WithoutAnySeparatorItIsThatOfTheLocale)
 {
-    NSLocale::setCurrentLocale(NSLocale(QStringLiteral("de_DE")));
+    NSLocale::setCurrentLocale(NSLocale(u"de_DE"_s));
     EXPECT_EQ(CSVSeparator::sniffed(u"a\nb\n"), u';');
     EXPECT_EQ(CSVSeparator::sniffed(u""), u';');
 }

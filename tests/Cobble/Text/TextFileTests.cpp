@@ -7,6 +7,8 @@
 #include <sys/stat.h>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 QString decodedText(const char *bytes, qsizetype size)
 {
@@ -47,29 +49,29 @@ QByteArray utf16Of(const QString &text, bool isBigEndian)
 
 TEST(TextFile, ReadsUtf8)
 {
-    EXPECT_EQ(DECODED("abc"), QStringLiteral("abc"));
-    EXPECT_EQ(DECODED("\xc3\xa9\xe5\x85\xac\xf0\x9f\x98\x80"), QStringLiteral("é公😀"));
+    EXPECT_EQ(DECODED("abc"), u"abc"_s);
+    EXPECT_EQ(DECODED("\xc3\xa9\xe5\x85\xac\xf0\x9f\x98\x80"), u"é公😀"_s);
 }
 
 TEST(TextFile, TheByteOrderMarkIsNoText)
 {
     EXPECT_EQ(DECODED("\xef\xbb\xbf"
                       "abc"),
-              QStringLiteral("abc"));
+              u"abc"_s);
     EXPECT_EQ(DECODED("\xff\xfe"
                       "a\0b\0"),
-              QStringLiteral("ab"));
+              u"ab"_s);
     EXPECT_EQ(DECODED("\xfe\xff"
                       "\0a\0b"),
-              QStringLiteral("ab"));
+              u"ab"_s);
 }
 
 TEST(TextFile, ASecondMarkIsText)
 {
     EXPECT_EQ(DECODED("\xef\xbb\xbf\xef\xbb\xbf"
                       "a"),
-              QStringLiteral("\ufeff"
-                             "a"));
+              u"\ufeff"
+              "a"_s);
 }
 
 TEST(TextFile, NothingAndAMarkAloneAreEmptyTexts)
@@ -94,7 +96,7 @@ TEST(TextFile, EveryTextIsReadBackInEachEncoding)
 
 TEST(TextFile, NamesTheLineThatIsNotUtf8)
 {
-    const QString reason = QStringLiteral("not a text file in UTF-8 (line %1)");
+    const QString reason = u"not a text file in UTF-8 (line %1)"_s;
     EXPECT_EQ(reasonForData("\xff"), reason.arg(1));
     EXPECT_EQ(reasonForData("a\nb\n\xe9t\xe9\n"), reason.arg(3));
     EXPECT_EQ(reasonForData("a\r\nb\rc\n\nStra\xdf"
@@ -114,27 +116,25 @@ TEST(TextFile, DoubtfulUtf8IsRefused)
                                       "\xe5\x85",         // cut off
                                       "\xf8\x88\x80\x80\x80"};
     for (const QByteArray &sequence : sequences)
-        EXPECT_EQ(reasonForData("a\n" + sequence),
-                  QStringLiteral("not a text file in UTF-8 (line 2)"));
+        EXPECT_EQ(reasonForData("a\n" + sequence), u"not a text file in UTF-8 (line 2)"_s);
 }
 
 TEST(TextFile, NulBytesAreNoText)
 {
-    EXPECT_EQ(reasonForData(QByteArray("a\0b", 3)), QStringLiteral("not a text file"));
+    EXPECT_EQ(reasonForData(QByteArray("a\0b", 3)), u"not a text file"_s);
     EXPECT_EQ(reasonForData(QByteArray("\x7f"
                                        "ELF\0\xff",
                                        6)),
-              QStringLiteral("not a text file"));
+              u"not a text file"_s);
     // Also UTF-16 without a mark, and UTF-32 with one.
-    EXPECT_EQ(reasonForData(QByteArray("a\0b\0", 4)), QStringLiteral("not a text file"));
-    EXPECT_EQ(reasonForData(QByteArray("\xff\xfe\0\0a\0\0\0", 8)),
-              QStringLiteral("not a text file"));
+    EXPECT_EQ(reasonForData(QByteArray("a\0b\0", 4)), u"not a text file"_s);
+    EXPECT_EQ(reasonForData(QByteArray("\xff\xfe\0\0a\0\0\0", 8)), u"not a text file"_s);
 }
 
 TEST(TextFile, NamesTheLineThatIsNotUtf16)
 {
-    const QString reason = QStringLiteral("not a text file in UTF-16 (line %1)");
-    const QString text = QStringLiteral("a\nb");
+    const QString reason = u"not a text file in UTF-16 (line %1)"_s;
+    const QString text = u"a\nb"_s;
     for (const bool isBigEndian : {true, false}) {
         EXPECT_EQ(reasonForData(utf16Of(text + QChar(0xD800), isBigEndian)), reason.arg(2));
         EXPECT_EQ(reasonForData(utf16Of(QChar(0xDC00) + text, isBigEndian)), reason.arg(1));
@@ -145,14 +145,14 @@ TEST(TextFile, NamesTheLineThatIsNotUtf16)
 TEST(TextFile, TheReasonMayBeLeftOut)
 {
     EXPECT_EQ(TextFile::textOfData("\xff"), QString());
-    EXPECT_EQ(TextFile::textOfFile(QStringLiteral("/no/such/file")), QString());
+    EXPECT_EQ(TextFile::textOfFile(u"/no/such/file"_s), QString());
 }
 
 TEST(TextFile, ReadsFiles)
 {
     const QString path = testing_support::useFreshHome() + u"/Café 公司.csv";
     testing_support::writeFile(path, "a,b\r\n");
-    EXPECT_EQ(TextFile::textOfFile(path), QStringLiteral("a,b\r\n"));
+    EXPECT_EQ(TextFile::textOfFile(path), u"a,b\r\n"_s);
 }
 
 TEST(TextFile, FilesOfSeveralChunks)
@@ -167,26 +167,25 @@ TEST(TextFile, FilesOfSeveralChunks)
 TEST(TextFile, TellsWhyAFileCannotBeRead)
 {
     const QString home = testing_support::useFreshHome();
-    EXPECT_EQ(reasonForFile(home + u"/missing.csv"), QStringLiteral("No such file or directory"));
-    EXPECT_EQ(reasonForFile(home), QStringLiteral("is a folder, not a file"));
+    EXPECT_EQ(reasonForFile(home + u"/missing.csv"), u"No such file or directory"_s);
+    EXPECT_EQ(reasonForFile(home), u"is a folder, not a file"_s);
     testing_support::writeFile(home + u"/empty.csv", QByteArray());
-    EXPECT_EQ(reasonForFile(home + u"/empty.csv"), QStringLiteral("the file is empty"));
+    EXPECT_EQ(reasonForFile(home + u"/empty.csv"), u"the file is empty"_s);
     testing_support::writeFile(home + u"/mark.csv", "\xef\xbb\xbf");
-    EXPECT_EQ(reasonForFile(home + u"/mark.csv"), QStringLiteral("the file is empty"));
-    EXPECT_EQ(reasonForFile(home + u"/empty.csv/x.csv"), QStringLiteral("Not a directory"));
+    EXPECT_EQ(reasonForFile(home + u"/mark.csv"), u"the file is empty"_s);
+    EXPECT_EQ(reasonForFile(home + u"/empty.csv/x.csv"), u"Not a directory"_s);
     EXPECT_FALSE(reasonForFile(QString()).isNull());
 }
 
 TEST(TextFile, AReadErrorIsNotTheEnd)
 {
     // It can be opened, but nothing can be read at its beginning.
-    EXPECT_EQ(reasonForFile(QStringLiteral("/proc/self/mem")),
-              QStringLiteral("Input/output error"));
+    EXPECT_EQ(reasonForFile(u"/proc/self/mem"_s), u"Input/output error"_s);
 }
 
 TEST(TextFile, ADeviceWithoutAnEndIsRefused)
 {
-    EXPECT_EQ(reasonForFile(QStringLiteral("/dev/zero")), QStringLiteral("not a text file"));
+    EXPECT_EQ(reasonForFile(u"/dev/zero"_s), u"not a text file"_s);
 }
 
 TEST(TextFile, ReadsPipes)
@@ -196,5 +195,5 @@ TEST(TextFile, ReadsPipes)
     std::thread writer([&] { testing_support::writeFile(path, "a,b\n1,2\n"); });
     const QString text = TextFile::textOfFile(path);
     writer.join();
-    EXPECT_EQ(text, QStringLiteral("a,b\n1,2\n"));
+    EXPECT_EQ(text, u"a,b\n1,2\n"_s);
 }

@@ -19,6 +19,8 @@
 #include <QSignalSpy>
 #include <QStatusBar>
 
+using namespace Qt::StringLiterals;
+
 class MainWindowTest : public HostWindowTest
 {
 protected:
@@ -40,34 +42,31 @@ protected:
 
 TEST_F(MainWindowTest, ShowsLibrariesRecordsAndTheForm)
 {
-    import(QStringLiteral("Animals.csv"), "Name\nCat\n");
+    import(u"Animals.csv"_s, "Name\nCat\n");
     MainWindowController *const window = openThings();
-    EXPECT_EQ(librariesIn(window),
-              QStringList({QStringLiteral("Animals"), QStringLiteral("Things")}));
-    EXPECT_EQ(window->mainWindow()->windowTitle(), QStringLiteral("Animals – Cobble"));
-    EXPECT_EQ(countIn(window), QStringLiteral("1 record"));
-    window->showLibrary(QStringLiteral("Things"));
+    EXPECT_EQ(librariesIn(window), QStringList({u"Animals"_s, u"Things"_s}));
+    EXPECT_EQ(window->mainWindow()->windowTitle(), u"Animals – Cobble"_s);
+    EXPECT_EQ(countIn(window), u"1 record"_s);
+    window->showLibrary(u"Things"_s);
     EXPECT_EQ(window->mainWindow()->libraries()->currentRow(), 1);
-    EXPECT_EQ(countIn(window), QStringLiteral("4 records"));
-    EXPECT_EQ(column(window, 0), QStringList({QStringLiteral("Ann"), QStringLiteral("Bjørn"),
-                                              QStringLiteral("Céline"), QStringLiteral("Ann")}));
-    EXPECT_EQ(column(window, 2), QStringList({QStringLiteral("$5.50"), QStringLiteral("$1.00"),
-                                              QStringLiteral("$2.00"), QStringLiteral("-$40.00")}));
+    EXPECT_EQ(countIn(window), u"4 records"_s);
+    EXPECT_EQ(column(window, 0), QStringList({u"Ann"_s, u"Bjørn"_s, u"Céline"_s, u"Ann"_s}));
+    EXPECT_EQ(column(window, 2), QStringList({u"$5.50"_s, u"$1.00"_s, u"$2.00"_s, u"-$40.00"_s}));
     // The first record is selected.
-    EXPECT_EQ(editor(window, 1)->text(), QStringLiteral("7"));
-    EXPECT_EQ(editor(window, 4)->text(), QStringLiteral("first\nsecond"));
+    EXPECT_EQ(editor(window, 1)->text(), u"7"_s);
+    EXPECT_EQ(editor(window, 4)->text(), u"first\nsecond"_s);
 }
 
 TEST_F(MainWindowTest, ClickingOnALibraryShowsIt)
 {
-    import(QStringLiteral("Animals.csv"), "Name\nCat\n");
+    import(u"Animals.csv"_s, "Name\nCat\n");
     MainWindowController *const window = openThings();
     QListWidget *const list = window->mainWindow()->libraries();
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                       list->visualItemRect(list->item(1)).center());
-    EXPECT_EQ(window->library()->definition().name, QStringLiteral("Things"));
+    EXPECT_EQ(window->library()->definition().name, u"Things"_s);
     QTest::keyClick(list, Qt::Key_Up);
-    EXPECT_EQ(window->library()->definition().name, QStringLiteral("Animals"));
+    EXPECT_EQ(window->library()->definition().name, u"Animals"_s);
 }
 
 TEST_F(MainWindowTest, WithoutLibrariesItSaysSo)
@@ -75,20 +74,20 @@ TEST_F(MainWindowTest, WithoutLibrariesItSaysSo)
     MainWindowController *const window = open();
     EXPECT_TRUE(librariesIn(window).isEmpty());
     EXPECT_EQ(countIn(window), QString());
-    EXPECT_TRUE(says(window, QStringLiteral("no libraries yet")));
+    EXPECT_TRUE(says(window, u"no libraries yet"_s));
     EXPECT_FALSE(window->validateMenuItem(menuItem(window, "exportFile:")));
     EXPECT_FALSE(window->validateMenuItem(menuItem(window, "deleteRecords:")));
     // Nothing of this does harm.
     window->exportFile();
     window->deleteRecords();
     window->search();
-    window->showLibrary(QStringLiteral("no such"));
+    window->showLibrary(u"no such"_s);
     EXPECT_EQ(window->library(), nullptr);
 }
 
 TEST_F(MainWindowTest, ABundleThatIsAFileIsToldOf)
 {
-    tree.add(QStringLiteral("b.cobbledb"), "no folder");
+    tree.add(u"b.cobbledb"_s, "no folder");
     MainWindowController *const window = open();
     EXPECT_TRUE(librariesIn(window).isEmpty());
     EXPECT_TRUE(says(window, bundle.bundlePath() + u" is no folder"));
@@ -96,11 +95,11 @@ TEST_F(MainWindowTest, ABundleThatIsAFileIsToldOf)
 
 TEST_F(MainWindowTest, ADatabaseThatIsNoneIsToldOf)
 {
-    tree.add(QStringLiteral("b.cobbledb/Contents/Resources/cobble.sql"), "");
+    tree.add(u"b.cobbledb/Contents/Resources/cobble.sql"_s, "");
     QString path = bundle.databaseFilePath();
     testing_support::writeFile(path, QByteArray(4096, 'x'));
     MainWindowController *const window = open();
-    EXPECT_TRUE(says(window, QStringLiteral("not a database")));
+    EXPECT_TRUE(says(window, u"not a database"_s));
 }
 
 // --- Editing ------------------------------------------------------------------------------------
@@ -112,12 +111,12 @@ TEST_F(MainWindowTest, CellsReadWhatIsTyped)
     table->edit(window->model()->index(2, 2));
     auto *const line = qobject_cast<QLineEdit *>(QApplication::focusWidget());
     ASSERT_NE(line, nullptr);
-    EXPECT_EQ(line->text(), QStringLiteral("$2.00"));
-    EXPECT_EQ(line->accessibleName(), QStringLiteral("Paid"));
-    type(line, QStringLiteral("1234.5"));
+    EXPECT_EQ(line->text(), u"$2.00"_s);
+    EXPECT_EQ(line->accessibleName(), u"Paid"_s);
+    type(line, u"1234.5"_s);
     QTest::keyClick(line, Qt::Key_Return);
-    EXPECT_EQ(cell(window, 2, 2), QStringLiteral("$1,234.50"));
-    EXPECT_EQ(stored(3, 2), QStringLiteral("$1,234.50"));
+    EXPECT_EQ(cell(window, 2, 2), u"$1,234.50"_s);
+    EXPECT_EQ(stored(3, 2), u"$1,234.50"_s);
 }
 
 TEST_F(MainWindowTest, ACellThatCannotBeReadStaysOpen)
@@ -126,7 +125,7 @@ TEST_F(MainWindowTest, ACellThatCannotBeReadStaysOpen)
     window->mainWindow()->table()->edit(window->model()->index(0, 1));
     QPointer<QWidget> line = QApplication::focusWidget();
     ASSERT_NE(qobject_cast<QLineEdit *>(line), nullptr);
-    type(line, QStringLiteral("many"));
+    type(line, u"many"_s);
     QTest::keyClick(line, Qt::Key_Return);
     turn();
     ASSERT_FALSE(line.isNull());
@@ -134,8 +133,8 @@ TEST_F(MainWindowTest, ACellThatCannotBeReadStaysOpen)
     EXPECT_FALSE(line->accessibleDescription().isEmpty());
     QTest::keyClick(line, Qt::Key_Escape);
     turn();
-    EXPECT_EQ(cell(window, 0, 1), QStringLiteral("7"));
-    EXPECT_EQ(stored(1, 1), QStringLiteral("7"));
+    EXPECT_EQ(cell(window, 0, 1), u"7"_s);
+    EXPECT_EQ(stored(1, 1), u"7"_s);
 }
 
 TEST_F(MainWindowTest, ACellLeftWithSomethingUnreadableKeepsItsValueAndSaysWhy)
@@ -144,27 +143,26 @@ TEST_F(MainWindowTest, ACellLeftWithSomethingUnreadableKeepsItsValueAndSaysWhy)
     window->mainWindow()->activateWindow();
     turn();
     window->mainWindow()->table()->edit(window->model()->index(0, 1));
-    type(QApplication::focusWidget(), QStringLiteral("many"));
+    type(QApplication::focusWidget(), u"many"_s);
     window->mainWindow()->search()->setFocus();
     turn();
-    EXPECT_EQ(window->mainWindow()->statusBar()->currentMessage(),
-              QStringLiteral("it is no number"));
-    EXPECT_EQ(stored(1, 1), QStringLiteral("7"));
+    EXPECT_EQ(window->mainWindow()->statusBar()->currentMessage(), u"it is no number"_s);
+    EXPECT_EQ(stored(1, 1), u"7"_s);
 }
 
 TEST_F(MainWindowTest, CellsWithLineBreaksKeepThem)
 {
     MainWindowController *const window = openThings();
-    EXPECT_EQ(cell(window, 0, 4), QStringLiteral("first…"));
+    EXPECT_EQ(cell(window, 0, 4), u"first…"_s);
     window->mainWindow()->table()->edit(window->model()->index(0, 4));
     auto *const lines = qobject_cast<QPlainTextEdit *>(QApplication::focusWidget());
     ASSERT_NE(lines, nullptr);
-    EXPECT_EQ(lines->toPlainText(), QStringLiteral("first\nsecond"));
+    EXPECT_EQ(lines->toPlainText(), u"first\nsecond"_s);
     lines->moveCursor(QTextCursor::End);
     QTest::keyClick(lines, Qt::Key_Return, Qt::ShiftModifier);
-    QTest::keyClicks(lines, QStringLiteral("third"));
+    QTest::keyClicks(lines, u"third"_s);
     QTest::keyClick(lines, Qt::Key_Return);
-    EXPECT_EQ(stored(1, 4), QStringLiteral("first\nsecond\nthird"));
+    EXPECT_EQ(stored(1, 4), u"first\nsecond\nthird"_s);
 }
 
 TEST_F(MainWindowTest, AnEmptyCellIsNoValue)
@@ -198,27 +196,27 @@ TEST_F(MainWindowTest, TheFormReadsWhatIsTyped)
     MainWindowController *const window = openThings();
     window->records()->setSelectionIndex(1);
     FieldEditor *const since = editor(window, 3);
-    type(since->input(), QStringLiteral("March 5, 2010"));
+    type(since->input(), u"March 5, 2010"_s);
     EXPECT_TRUE(since->isEdited());
     QTest::keyClick(since->input(), Qt::Key_Return);
-    EXPECT_EQ(since->text(), QStringLiteral("3/5/2010"));
-    EXPECT_EQ(cell(window, 1, 3), QStringLiteral("3/5/2010"));
-    EXPECT_EQ(stored(2, 3), QStringLiteral("3/5/2010"));
+    EXPECT_EQ(since->text(), u"3/5/2010"_s);
+    EXPECT_EQ(cell(window, 1, 3), u"3/5/2010"_s);
+    EXPECT_EQ(stored(2, 3), u"3/5/2010"_s);
 }
 
 TEST_F(MainWindowTest, TheFormSaysWhatItCannotRead)
 {
     MainWindowController *const window = openThings();
     FieldEditor *const visits = editor(window, 1);
-    type(visits->input(), QStringLiteral("12abc"));
+    type(visits->input(), u"12abc"_s);
     QTest::keyClick(visits->input(), Qt::Key_Return);
-    EXPECT_EQ(visits->problem(), QStringLiteral("there is more than a number"));
+    EXPECT_EQ(visits->problem(), u"there is more than a number"_s);
     EXPECT_EQ(visits->input()->accessibleDescription(), visits->problem());
     // What was typed is still there, and the value is what it was.
-    EXPECT_EQ(visits->text(), QStringLiteral("12abc"));
-    EXPECT_EQ(stored(1, 1), QStringLiteral("7"));
+    EXPECT_EQ(visits->text(), u"12abc"_s);
+    EXPECT_EQ(stored(1, 1), u"7"_s);
     QTest::keyClick(visits->input(), Qt::Key_Escape);
-    EXPECT_EQ(visits->text(), QStringLiteral("7"));
+    EXPECT_EQ(visits->text(), u"7"_s);
     EXPECT_TRUE(visits->problem().isNull());
 }
 
@@ -228,10 +226,10 @@ TEST_F(MainWindowTest, LeavingAnEditorCommits)
     window->mainWindow()->activateWindow();
     editor(window, 0)->input()->setFocus();
     turn();
-    type(editor(window, 0)->input(), QStringLiteral("Anne"));
-    EXPECT_EQ(stored(1, 0), QStringLiteral("Ann"));
+    type(editor(window, 0)->input(), u"Anne"_s);
+    EXPECT_EQ(stored(1, 0), u"Ann"_s);
     QTest::keyClick(editor(window, 0)->input(), Qt::Key_Tab);
-    EXPECT_EQ(stored(1, 0), QStringLiteral("Anne"));
+    EXPECT_EQ(stored(1, 0), u"Anne"_s);
     EXPECT_EQ(QApplication::focusWidget(), editor(window, 1)->input());
 }
 
@@ -242,12 +240,12 @@ TEST_F(MainWindowTest, SeveralRecordsAreEditedAtOnce)
     EXPECT_EQ(window->records()->selectionIndexes().size(), 4);
     EXPECT_EQ(editor(window, 0)->text(), QString());
     auto *const visits = qobject_cast<QLineEdit *>(editor(window, 1)->input());
-    EXPECT_EQ(visits->placeholderText(), QStringLiteral("Multiple values"));
-    type(visits, QStringLiteral("5"));
+    EXPECT_EQ(visits->placeholderText(), u"Multiple values"_s);
+    type(visits, u"5"_s);
     QTest::keyClick(visits, Qt::Key_Return);
-    EXPECT_EQ(column(window, 1), QStringList(4, QStringLiteral("5")));
-    EXPECT_EQ(stored(4, 1), QStringLiteral("5"));
-    EXPECT_EQ(visits->text(), QStringLiteral("5"));
+    EXPECT_EQ(column(window, 1), QStringList(4, u"5"_s));
+    EXPECT_EQ(stored(4, 1), u"5"_s);
+    EXPECT_EQ(visits->text(), u"5"_s);
 }
 
 TEST_F(MainWindowTest, WithoutASelectionTheFormIsEmpty)
@@ -257,7 +255,7 @@ TEST_F(MainWindowTest, WithoutASelectionTheFormIsEmpty)
     EXPECT_EQ(editor(window, 0)->text(), QString());
     EXPECT_FALSE(editor(window, 0)->isEnabled());
     window->records()->setSelectionIndex(2);
-    EXPECT_EQ(editor(window, 0)->text(), QStringLiteral("Céline"));
+    EXPECT_EQ(editor(window, 0)->text(), u"Céline"_s);
     EXPECT_TRUE(editor(window, 0)->isEnabled());
     EXPECT_TRUE(window->mainWindow()->table()->selectionModel()->isRowSelected(2, {}));
 }
@@ -268,36 +266,33 @@ TEST_F(MainWindowTest, WhatTheDatabaseRefusesIsNotShown)
     const auto store = otherProgram();
     ASSERT_TRUE(store->beginChange());
     application->bundle()->store()->setPatience(1);
-    type(editor(window, 0)->input(), QStringLiteral("Anne"));
+    type(editor(window, 0)->input(), u"Anne"_s);
     QTest::keyClick(editor(window, 0)->input(), Qt::Key_Return);
     turn();
-    EXPECT_EQ(cell(window, 0, 0), QStringLiteral("Ann"));
+    EXPECT_EQ(cell(window, 0, 0), u"Ann"_s);
     // What was typed is not lost.
-    EXPECT_EQ(editor(window, 0)->text(), QStringLiteral("Anne"));
+    EXPECT_EQ(editor(window, 0)->text(), u"Anne"_s);
     EXPECT_TRUE(editor(window, 0)->problem().contains(u"locked"))
         << editor(window, 0)->problem().toStdString();
     store->rollback();
     QTest::keyClick(editor(window, 0)->input(), Qt::Key_Return);
-    EXPECT_EQ(cell(window, 0, 0), QStringLiteral("Anne"));
-    EXPECT_EQ(stored(1, 0), QStringLiteral("Anne"));
+    EXPECT_EQ(cell(window, 0, 0), u"Anne"_s);
+    EXPECT_EQ(stored(1, 0), u"Anne"_s);
 }
 
 TEST_F(MainWindowTest, WhatAnotherProgramHasReplacedIsNotWrittenOver)
 {
     MainWindowController *const window = openThings();
-    tree.add(QStringLiteral("New.csv"), "Name,Visits\nYan,1\n");
-    ASSERT_EQ(
-        runInProcess({QStringLiteral("import"), tree.path(QStringLiteral("New.csv")),
-                      QStringLiteral("--library"), QStringLiteral("Things"),
-                      QStringLiteral("--replace"), QStringLiteral("--bundle"), bundle.bundlePath()})
-            .exitCode,
-        0);
-    const QString reason =
-        window->model()->take(QStringLiteral("Anne"), window->model()->index(0, 0));
+    tree.add(u"New.csv"_s, "Name,Visits\nYan,1\n");
+    ASSERT_EQ(runInProcess({u"import"_s, tree.path(u"New.csv"_s), u"--library"_s, u"Things"_s,
+                            u"--replace"_s, u"--bundle"_s, bundle.bundlePath()})
+                  .exitCode,
+              0);
+    const QString reason = window->model()->take(u"Anne"_s, window->model()->index(0, 0));
     EXPECT_TRUE(reason.contains(u"another program")) << reason.toStdString();
-    EXPECT_EQ(stored(1, 0), QStringLiteral("Yan"));
+    EXPECT_EQ(stored(1, 0), u"Yan"_s);
     turn();
-    EXPECT_EQ(column(window, 0), QStringList(QStringLiteral("Yan")));
+    EXPECT_EQ(column(window, 0), QStringList(u"Yan"_s));
 }
 
 TEST_F(MainWindowTest, SeveralRecordsChangeAllOrNotAtAll)
@@ -307,30 +302,29 @@ TEST_F(MainWindowTest, SeveralRecordsChangeAllOrNotAtAll)
     // The last one is gone, in a way that nobody can see.
     LibraryStore *const store = application->bundle()->store();
     ASSERT_TRUE(store->removeRecord(window->library()->definition(), 4));
-    type(editor(window, 1)->input(), QStringLiteral("5"));
+    type(editor(window, 1)->input(), u"5"_s);
     QTest::keyClick(editor(window, 1)->input(), Qt::Key_Return);
     turn();
-    EXPECT_EQ(editor(window, 1)->problem(), QStringLiteral("the record is no longer there"));
-    EXPECT_EQ(column(window, 1), QStringList({QStringLiteral("7"), QStringLiteral("-12"),
-                                              QStringLiteral("1,000"), QStringLiteral("3")}));
-    EXPECT_EQ(stored(1, 1), QStringLiteral("7"));
+    EXPECT_EQ(editor(window, 1)->problem(), u"the record is no longer there"_s);
+    EXPECT_EQ(column(window, 1), QStringList({u"7"_s, u"-12"_s, u"1,000"_s, u"3"_s}));
+    EXPECT_EQ(stored(1, 1), u"7"_s);
 }
 
 TEST_F(MainWindowTest, WhatIsBeingTypedStaysWhenOtherRecordsGo)
 {
     MainWindowController *const first = openThings();
     MainWindowController *const second = open();
-    type(editor(first, 0)->input(), QStringLiteral("half ty"));
+    type(editor(first, 0)->input(), u"half ty"_s);
     EXPECT_EQ(second->library()->removeRecords({second->model()->recordAt(3)}), QString());
-    EXPECT_EQ(editor(first, 0)->text(), QStringLiteral("half ty"));
+    EXPECT_EQ(editor(first, 0)->text(), u"half ty"_s);
     first->records()->setSelectionIndex(1);
-    EXPECT_EQ(editor(first, 0)->text(), QStringLiteral("Bjørn"));
+    EXPECT_EQ(editor(first, 0)->text(), u"Bjørn"_s);
 }
 
 TEST_F(MainWindowTest, BlanksThatDoNotBreakStay)
 {
     MainWindowController *const window = openThings();
-    const QString text = QStringLiteral("price\u00A05 EUR\u2028more");
+    const QString text = u"price\u00A05 EUR\u2028more"_s;
     ASSERT_EQ(window->model()->take(text, window->model()->index(1, 4)), QString());
     window->records()->setSelectionIndex(1);
     EXPECT_EQ(editor(window, 4)->text(), text);
@@ -343,29 +337,29 @@ TEST_F(MainWindowTest, BlanksThatDoNotBreakStay)
 TEST_F(MainWindowTest, AMenuOverAnEditorCommitsNothing)
 {
     MainWindowController *const window = openThings();
-    type(editor(window, 1)->input(), QStringLiteral("1234"));
+    type(editor(window, 1)->input(), u"1234"_s);
     QFocusEvent menu(QEvent::FocusOut, Qt::PopupFocusReason);
     QCoreApplication::sendEvent(editor(window, 1)->input(), &menu);
-    EXPECT_EQ(stored(1, 1), QStringLiteral("7"));
+    EXPECT_EQ(stored(1, 1), u"7"_s);
     QFocusEvent leaving(QEvent::FocusOut, Qt::TabFocusReason);
     QCoreApplication::sendEvent(editor(window, 1)->input(), &leaving);
-    EXPECT_EQ(stored(1, 1), QStringLiteral("1,234"));
+    EXPECT_EQ(stored(1, 1), u"1,234"_s);
 }
 
 TEST_F(MainWindowTest, TitlesMayHoldAmpersands)
 {
-    import(QStringLiteral("Odd.csv"), "R&D\n5\n");
+    import(u"Odd.csv"_s, "R&D\n5\n");
     MainWindowController *const window = open();
-    EXPECT_TRUE(says(window, QStringLiteral("R&&D:")));
-    EXPECT_EQ(editor(window, 0)->input()->accessibleName(), QStringLiteral("R&D"));
+    EXPECT_TRUE(says(window, u"R&&D:"_s));
+    EXPECT_EQ(editor(window, 0)->input()->accessibleName(), u"R&D"_s);
 }
 
 TEST_F(MainWindowTest, NothingIsWrittenDuringAnImport)
 {
     MainWindowController *const window = openThings();
     application->bundle()->setBusy(true);
-    window->model()->setData(window->model()->index(0, 0), QStringLiteral("Anne"), Qt::EditRole);
-    EXPECT_EQ(cell(window, 0, 0), QStringLiteral("Ann"));
+    window->model()->setData(window->model()->index(0, 0), u"Anne"_s, Qt::EditRole);
+    EXPECT_EQ(cell(window, 0, 0), u"Ann"_s);
     EXPECT_TRUE(window->mainWindow()->statusBar()->currentMessage().contains(u"import"));
     EXPECT_FALSE(application->validateMenuItem(menuItem(window, "terminate:")));
     application->bundle()->setBusy(false);
@@ -381,11 +375,11 @@ TEST_F(MainWindowTest, TwoWindowsShareTheRecordsAndNothingElse)
     EXPECT_EQ(second->library(), first->library());
     second->records()->setSelectionIndex(2);
     EXPECT_EQ(first->records()->selectionIndex(), 0);
-    search(second, QStringLiteral("ann"));
+    search(second, u"ann"_s);
     EXPECT_EQ(first->model()->rowCount(), 4);
-    second->model()->setData(second->model()->index(0, 0), QStringLiteral("Anne"), Qt::EditRole);
-    EXPECT_EQ(cell(first, 0, 0), QStringLiteral("Anne"));
-    EXPECT_EQ(editor(first, 0)->text(), QStringLiteral("Anne"));
+    second->model()->setData(second->model()->index(0, 0), u"Anne"_s, Qt::EditRole);
+    EXPECT_EQ(cell(first, 0, 0), u"Anne"_s);
+    EXPECT_EQ(editor(first, 0)->text(), u"Anne"_s);
     first->importFile();
     turn();
     EXPECT_TRUE(first->continueRunningQueue());
@@ -432,7 +426,7 @@ TEST_F(MainWindowTest, TheMenuOpensWindows)
 TEST_F(MainWindowTest, LevelsAreChosenUnderHelp)
 {
     MainWindowController *const window = openThings();
-    auto *const logging = window->mainWindow()->findChild<QMenu *>(QStringLiteral("logging"));
+    auto *const logging = window->mainWindow()->findChild<QMenu *>(u"logging"_s);
     ASSERT_NE(logging, nullptr);
     const auto items = logging->actions();
     const auto component = std::find_if(items.begin(), items.end(), [](const QAction *item) {
@@ -440,7 +434,7 @@ TEST_F(MainWindowTest, LevelsAreChosenUnderHelp)
     });
     ASSERT_NE(component, items.end());
     QAction *const five = (*component)->menu()->actions().at(2);
-    EXPECT_EQ(NSMenuItem::title(five), QStringLiteral("5"));
+    EXPECT_EQ(NSMenuItem::title(five), u"5"_s);
     five->trigger();
     EXPECT_EQ(logger.levelOfComponent(kLog_FormattersNumbers), 5);
     EXPECT_TRUE(five->isChecked());
@@ -460,7 +454,7 @@ TEST_F(MainWindowTest, TheLoggingMenuIsOffWhereItCannotSave)
     QMainWindow window;
     QObject target;
     MainMenu::add(&window, &target, &target, &unsaved);
-    auto *const logging = window.findChild<QMenu *>(QStringLiteral("logging"));
+    auto *const logging = window.findChild<QMenu *>(u"logging"_s);
     Q_EMIT logging->aboutToShow();
     for (const QAction *const item : logging->actions())
         EXPECT_EQ(item->isEnabled(), unsaved.components().has_value());
@@ -472,13 +466,13 @@ TEST_F(MainWindowTest, AShortcutWorksAgainAfterItWasRefused)
     MainWindowController *const window = openThings();
     QAction *const item = menuItem(window, "deleteRecords:");
     KTDoNotShowAlert::setBoolForSuppressionKey(MainWindowController::DeleteSuppressionKey, true);
-    search(window, QStringLiteral("tall"));
+    search(window, u"tall"_s);
     item->trigger();
-    EXPECT_EQ(countIn(window), QStringLiteral("0 of 3 records"));
+    EXPECT_EQ(countIn(window), u"0 of 3 records"_s);
     item->trigger();
     search(window, QString());
     item->trigger();
-    EXPECT_EQ(countIn(window), QStringLiteral("2 records"));
+    EXPECT_EQ(countIn(window), u"2 records"_s);
 }
 
 TEST_F(MainWindowTest, EverythingHasANameForScreenReaders)
@@ -490,27 +484,26 @@ TEST_F(MainWindowTest, EverythingHasANameForScreenReaders)
                                       static_cast<const QWidget *>(shown->search()),
                                       static_cast<const QWidget *>(editor(window, 0)->input())})
         EXPECT_FALSE(part->accessibleName().isEmpty()) << part->metaObject()->className();
-    EXPECT_EQ(editor(window, 1)->input()->accessibleName(), QStringLiteral("Visits"));
+    EXPECT_EQ(editor(window, 1)->input()->accessibleName(), u"Visits"_s);
 }
 
 TEST_F(MainWindowTest, HostileTextsAreShown)
 {
-    import(QStringLiteral("Odd.csv"),
-           "Name,Text\n\"\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D\",\"%d %@ 100%\"\n\"" +
-               QByteArray(1 << 20, 'w') + "\",<b>bold</b>\n");
+    import(u"Odd.csv"_s, "Name,Text\n\"\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D\",\"%d %@ 100%\"\n\"" +
+                             QByteArray(1 << 20, 'w') + "\",<b>bold</b>\n");
     MainWindowController *const window = open();
-    EXPECT_EQ(cell(window, 0, 1), QStringLiteral("%d %@ 100%"));
+    EXPECT_EQ(cell(window, 0, 1), u"%d %@ 100%"_s);
     EXPECT_LT(cell(window, 1, 0).size(), 400);
     window->records()->setSelectionIndex(1);
     EXPECT_EQ(editor(window, 0)->text().size(), 1 << 20);
-    EXPECT_EQ(editor(window, 1)->text(), QStringLiteral("<b>bold</b>"));
+    EXPECT_EQ(editor(window, 1)->text(), u"<b>bold</b>"_s);
     EXPECT_FALSE(window->mainWindow()->grab().isNull());
 }
 
 TEST_F(MainWindowTest, PastedTextsMayBeLongToo)
 {
     MainWindowController *const window = openThings();
-    QGuiApplication::clipboard()->setText(testing_support::megabyteOf(QStringLiteral("w")));
+    QGuiApplication::clipboard()->setText(testing_support::megabyteOf(u"w"_s));
     auto *const lines = qobject_cast<QPlainTextEdit *>(editor(window, 4)->input());
     lines->paste();
     EXPECT_GT(editor(window, 4)->text().size(), 1 << 20);

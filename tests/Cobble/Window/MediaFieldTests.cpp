@@ -8,6 +8,8 @@
 #include <QTest>
 #include <QToolButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 class MediaFieldTest : public testing_support::WindowedTest
 {
@@ -21,7 +23,7 @@ protected:
             for (int x = 0; x < 20; ++x)
                 image.setPixelColor(x, y, Qt::red);
         }
-        const QString path = tree.path(QStringLiteral("two.png"));
+        const QString path = tree.path(u"two.png"_s);
         EXPECT_TRUE(image.save(path));
         return path;
     }
@@ -50,7 +52,7 @@ protected:
 TEST_F(MediaFieldTest, HeaderExample)
 {
     field.setFile(twoColours());
-    EXPECT_EQ(field.caption(), QStringLiteral("two.png"));
+    EXPECT_EQ(field.caption(), u"two.png"_s);
     EXPECT_EQ(field.picture().size(), QSize(40, 20));
     field.turn(90);
     EXPECT_EQ(field.picture().size(), QSize(20, 40));
@@ -60,17 +62,17 @@ TEST_F(MediaFieldTest, ButtonsTurnAndMirror)
 {
     field.setFile(twoColours());
     EXPECT_EQ(at(0.1, 0.5), QColor(Qt::red));
-    press(QStringLiteral("Turn left"));
+    press(u"Turn left"_s);
     EXPECT_EQ(at(0.5, 0.9), QColor(Qt::red));
     EXPECT_EQ(at(0.5, 0.1), QColor(Qt::blue));
-    press(QStringLiteral("Turn right"));
+    press(u"Turn right"_s);
     EXPECT_EQ(at(0.1, 0.5), QColor(Qt::red));
-    press(QStringLiteral("Mirror left and right"));
+    press(u"Mirror left and right"_s);
     EXPECT_EQ(at(0.9, 0.5), QColor(Qt::red));
-    press(QStringLiteral("Mirror top and bottom"));
+    press(u"Mirror top and bottom"_s);
     EXPECT_EQ(at(0.9, 0.5), QColor(Qt::red));
     for (int turns = 0; turns < 4; ++turns)
-        press(QStringLiteral("Turn right"));
+        press(u"Turn right"_s);
     EXPECT_EQ(at(0.9, 0.5), QColor(Qt::red));
 }
 
@@ -94,7 +96,7 @@ TEST_F(MediaFieldTest, AnotherFileBeginsAnew)
     EXPECT_EQ(field.picture().size(), QSize(20, 40));
     field.setFile(QString());
     EXPECT_TRUE(field.picture().isNull());
-    EXPECT_EQ(field.caption(), QStringLiteral("No file"));
+    EXPECT_EQ(field.caption(), u"No file"_s);
     EXPECT_FALSE(field.zoom()->isEnabled());
     field.setFile(path);
     EXPECT_EQ(field.picture().size(), QSize(40, 20));
@@ -103,8 +105,8 @@ TEST_F(MediaFieldTest, AnotherFileBeginsAnew)
 
 TEST_F(MediaFieldTest, WhatIsNoPictureIsToldOf)
 {
-    tree.add(QStringLiteral("song.mp3"), "no picture");
-    tree.add(QStringLiteral("cut.png"), "\x89PNG\r\n\x1a\n");
+    tree.add(u"song.mp3"_s, "no picture");
+    tree.add(u"cut.png"_s, "\x89PNG\r\n\x1a\n");
     for (const char *const name : {"song.mp3", "cut.png", "missing.png", "."}) {
         field.setFile(tree.path(QString::fromLatin1(name)));
         EXPECT_TRUE(field.picture().isNull()) << name;
@@ -118,7 +120,7 @@ TEST_F(MediaFieldTest, LargePicturesAreReadSmaller)
 {
     QImage large(6000, 30, QImage::Format_RGB32);
     large.fill(Qt::red);
-    const QString path = tree.path(QStringLiteral("large.png"));
+    const QString path = tree.path(u"large.png"_s);
     ASSERT_TRUE(large.save(path));
     field.setFile(path);
     EXPECT_EQ(field.picture().size(), QSize(2000, 10));

@@ -5,6 +5,8 @@
 #include <QHeaderView>
 #include <QSignalSpy>
 
+using namespace Qt::StringLiterals;
+
 class SearchTest : public HostWindowTest
 {
 };
@@ -12,32 +14,32 @@ class SearchTest : public HostWindowTest
 TEST_F(SearchTest, SearchingFindsWordsWhateverTheirCaseAndAccents)
 {
     MainWindowController *const window = openThings();
-    search(window, QStringLiteral("CELINE"));
-    EXPECT_EQ(column(window, 0), QStringList(QStringLiteral("Céline")));
-    EXPECT_EQ(countIn(window), QStringLiteral("1 of 4 records"));
-    EXPECT_EQ(editor(window, 0)->text(), QStringLiteral("Céline"));
-    search(window, QStringLiteral("ann 2008"));
-    EXPECT_EQ(column(window, 1), QStringList({QStringLiteral("7"), QStringLiteral("3")}));
-    search(window, QStringLiteral("ann tall"));
+    search(window, u"CELINE"_s);
+    EXPECT_EQ(column(window, 0), QStringList(u"Céline"_s));
+    EXPECT_EQ(countIn(window), u"1 of 4 records"_s);
+    EXPECT_EQ(editor(window, 0)->text(), u"Céline"_s);
+    search(window, u"ann 2008"_s);
+    EXPECT_EQ(column(window, 1), QStringList({u"7"_s, u"3"_s}));
+    search(window, u"ann tall"_s);
     EXPECT_EQ(window->model()->rowCount(), 0);
-    search(window, QStringLiteral("   "));
+    search(window, u"   "_s);
     EXPECT_EQ(window->model()->rowCount(), 4);
 }
 
 TEST_F(SearchTest, SearchingFindsTypedValues)
 {
     MainWindowController *const window = openThings();
-    search(window, QStringLiteral("April 5, 2008"));
-    EXPECT_EQ(column(window, 0), QStringList(QStringLiteral("Bjørn")));
-    search(window, QStringLiteral("1000"));
-    EXPECT_EQ(column(window, 0), QStringList(QStringLiteral("Céline")));
+    search(window, u"April 5, 2008"_s);
+    EXPECT_EQ(column(window, 0), QStringList(u"Bjørn"_s));
+    search(window, u"1000"_s);
+    EXPECT_EQ(column(window, 0), QStringList(u"Céline"_s));
 }
 
 TEST_F(SearchTest, SearchingWaitsForMoreLetters)
 {
     MainWindowController *const window = openThings();
     QSignalSpy arranged(window->records(), &NSArrayController::arrangedObjectsChanged);
-    type(window->mainWindow()->search(), QStringLiteral("ann"));
+    type(window->mainWindow()->search(), u"ann"_s);
     EXPECT_EQ(window->model()->rowCount(), 4);
     ASSERT_TRUE(arranged.count() > 0 || arranged.wait());
     EXPECT_EQ(window->model()->rowCount(), 2);
@@ -46,9 +48,9 @@ TEST_F(SearchTest, SearchingWaitsForMoreLetters)
 TEST_F(SearchTest, SearchingFindsChangedTexts)
 {
     MainWindowController *const window = openThings();
-    search(window, QStringLiteral("ann"));
-    window->model()->setData(window->model()->index(0, 4), QStringLiteral("purple"), Qt::EditRole);
-    search(window, QStringLiteral("purple"));
+    search(window, u"ann"_s);
+    window->model()->setData(window->model()->index(0, 4), u"purple"_s, Qt::EditRole);
+    search(window, u"purple"_s);
     EXPECT_EQ(window->model()->rowCount(), 1);
 }
 
@@ -85,37 +87,35 @@ TEST_F(SearchTest, HeadersSort)
                           QPoint(header->sectionViewportPosition(column) + 10, 5));
     };
     click(1);
-    EXPECT_EQ(column(window, 1), QStringList({QStringLiteral("-12"), QStringLiteral("3"),
-                                              QStringLiteral("7"), QStringLiteral("1,000")}));
+    EXPECT_EQ(column(window, 1), QStringList({u"-12"_s, u"3"_s, u"7"_s, u"1,000"_s}));
     // What is selected stays so.
     EXPECT_EQ(window->records()->selectionIndexes(), QList<qsizetype>({2}));
     click(1);
-    EXPECT_EQ(cell(window, 0, 1), QStringLiteral("1,000"));
+    EXPECT_EQ(cell(window, 0, 1), u"1,000"_s);
     // As the language orders names, not as their codes do.
-    window->model()->setData(window->model()->index(0, 0), QStringLiteral("éva"), Qt::EditRole);
-    window->model()->setData(window->model()->index(1, 0), QStringLiteral("Zoe"), Qt::EditRole);
+    window->model()->setData(window->model()->index(0, 0), u"éva"_s, Qt::EditRole);
+    window->model()->setData(window->model()->index(1, 0), u"Zoe"_s, Qt::EditRole);
     window->model()->sort(0, Qt::AscendingOrder);
-    EXPECT_EQ(column(window, 0), QStringList({QStringLiteral("Ann"), QStringLiteral("Bjørn"),
-                                              QStringLiteral("éva"), QStringLiteral("Zoe")}));
+    EXPECT_EQ(column(window, 0), QStringList({u"Ann"_s, u"Bjørn"_s, u"éva"_s, u"Zoe"_s}));
 }
 
 TEST_F(SearchTest, TheOrderGoesWithItsLibrary)
 {
-    import(QStringLiteral("Animals.csv"), "Kind,Legs\nCat,4\nAnt,6\n");
+    import(u"Animals.csv"_s, "Kind,Legs\nCat,4\nAnt,6\n");
     MainWindowController *const window = openThings();
-    window->showLibrary(QStringLiteral("Things"));
+    window->showLibrary(u"Things"_s);
     window->mainWindow()->table()->sortByColumn(4, Qt::DescendingOrder);
-    EXPECT_EQ(cell(window, 0, 4), QStringLiteral("tall"));
-    window->showLibrary(QStringLiteral("Animals"));
-    EXPECT_EQ(column(window, 0), QStringList({QStringLiteral("Cat"), QStringLiteral("Ant")}));
+    EXPECT_EQ(cell(window, 0, 4), u"tall"_s);
+    window->showLibrary(u"Animals"_s);
+    EXPECT_EQ(column(window, 0), QStringList({u"Cat"_s, u"Ant"_s}));
     EXPECT_EQ(window->mainWindow()->table()->horizontalHeader()->sortIndicatorSection(), -1);
 }
 
 TEST_F(SearchTest, ALibraryIsOneWhateverItsCase)
 {
     MainWindowController *const first = openThings();
-    EXPECT_EQ(first->showLibrary(QStringLiteral("THINGS")), QString());
+    EXPECT_EQ(first->showLibrary(u"THINGS"_s), QString());
     MainWindowController *const second = open();
-    second->showLibrary(QStringLiteral("things"));
+    second->showLibrary(u"things"_s);
     EXPECT_EQ(first->library(), second->library());
 }

@@ -11,6 +11,8 @@
 #include <QBuffer>
 #include <QMimeData>
 
+using namespace Qt::StringLiterals;
+
 class HostVisualTest : public HostWindowTest
 {
 protected:
@@ -27,12 +29,12 @@ TEST_F(HostVisualTest, ASearchTellsHowManyRecordsItFound)
     MainWindowController *const window = openThings();
     window->mainWindow()->activateWindow();
     turn();
-    search(window, QStringLiteral("ann"));
-    EXPECT_EQ(told(), QStringLiteral("2 records"));
+    search(window, u"ann"_s);
+    EXPECT_EQ(told(), u"2 records"_s);
     const int size = application->hud()->text()->font().pixelSize();
     // What is asked for meanwhile is not shown.
-    search(window, QStringLiteral("tall"));
-    EXPECT_EQ(told(), QStringLiteral("2 records"));
+    search(window, u"tall"_s);
+    EXPECT_EQ(told(), u"2 records"_s);
     EXPECT_EQ(size, 24);
 }
 
@@ -40,7 +42,7 @@ TEST_F(HostVisualTest, TheCountIsShownInLargeTypeOnDemand)
 {
     MainWindowController *const window = openThings();
     menuItem(window, "showRecordCount:")->trigger();
-    EXPECT_EQ(told(), QStringLiteral("4 records"));
+    EXPECT_EQ(told(), u"4 records"_s);
     EXPECT_GT(application->hud()->text()->font().pixelSize(), 24);
     EXPECT_FALSE(application->hud()->largeText());
 }
@@ -58,8 +60,8 @@ TEST_F(HostVisualTest, ExportsAreTold)
     MainWindowController *const window = openThings();
     window->mainWindow()->activateWindow();
     turn();
-    Q_EMIT window->exportSheet()->exported(4, tree.path(QStringLiteral("out.csv")));
-    EXPECT_EQ(told(), QStringLiteral("Exported 4 records"));
+    Q_EMIT window->exportSheet()->exported(4, tree.path(u"out.csv"_s));
+    EXPECT_EQ(told(), u"Exported 4 records"_s);
     application->hud()->dismissStatusWindow();
     EXPECT_TRUE(QTest::qWaitFor([this] { return !application->hud()->window()->isVisible(); }));
 }
@@ -71,11 +73,11 @@ TEST_F(HostVisualTest, WhatIsDoneUnderASheetIsToldBehindIt)
     turn();
     window->importSheet()->window()->activateWindow();
     turn();
-    Q_EMIT window->exportSheet()->exported(4, tree.path(QStringLiteral("out.csv")));
+    Q_EMIT window->exportSheet()->exported(4, tree.path(u"out.csv"_s));
     EXPECT_EQ(told(), QString());
     window->mainWindow()->activateWindow();
     turn();
-    EXPECT_EQ(told(), QStringLiteral("Exported 4 records"));
+    EXPECT_EQ(told(), u"Exported 4 records"_s);
     window->importSheet()->endDialog();
     turn();
 }
@@ -90,7 +92,7 @@ TEST_F(HostVisualTest, DraggedRowsCarryTheirNumber)
     EXPECT_EQ(four.height(), table->rowHeight(0));
     // The badge lies at the bottom right, and tells numbers apart.
     EXPECT_NE(four, table->dragPicture(5));
-    const QImage badge = KTImageBadger::badgeWithString(QStringLiteral("4"));
+    const QImage badge = KTImageBadger::badgeWithString(u"4"_s);
     EXPECT_NE(four.pixel(four.width() - badge.width() / 2, four.height() - 3),
               four.pixel(four.width() / 4, four.height() - 3));
     table->clearSelection();
@@ -103,13 +105,11 @@ TEST_F(HostVisualTest, DraggedRowsAreTexts)
     RecordTableModel *const model = window->model();
     const std::unique_ptr<QMimeData> data(model->mimeData(
         {model->index(1, 0), model->index(1, 1), model->index(0, 0), model->index(0, 4)}));
-    EXPECT_EQ(data->text(), QStringLiteral("Ann\t7\t$5.50\t3/4/2008\tfirst\nsecond\n"
-                                           "Bjørn\t-12\t$1.00\t4/5/2008\t\n"));
-    EXPECT_EQ(data->data(QStringLiteral("text/csv")),
-              QStringLiteral("Name,Visits,Paid,Since,Notes\r\n"
-                             "Ann,7,$5.50,3/4/2008,\"first\nsecond\"\r\n"
-                             "Bjørn,-12,$1.00,4/5/2008,\r\n")
-                  .toUtf8());
+    EXPECT_EQ(data->text(), u"Ann\t7\t$5.50\t3/4/2008\tfirst\nsecond\n"
+                            "Bjørn\t-12\t$1.00\t4/5/2008\t\n"_s);
+    EXPECT_EQ(data->data(u"text/csv"_s), u"Name,Visits,Paid,Since,Notes\r\n"
+                                         "Ann,7,$5.50,3/4/2008,\"first\nsecond\"\r\n"
+                                         "Bjørn,-12,$1.00,4/5/2008,\r\n"_s.toUtf8());
 }
 
 TEST_F(HostVisualTest, TheFormHasARingWhileTheKeyboardIsInIt)
@@ -132,15 +132,14 @@ TEST_F(HostVisualTest, MediaFieldsShowTheirPicture)
 {
     QImage image(30, 10, QImage::Format_RGB32);
     image.fill(Qt::green);
-    ASSERT_TRUE(image.save(tree.path(QStringLiteral("a.png"))));
-    import(QStringLiteral("Pictures.csv"),
-           "Name,Picture\nA," + tree.path(QStringLiteral("a.png")).toUtf8() + "\nB,\n");
+    ASSERT_TRUE(image.save(tree.path(u"a.png"_s)));
+    import(u"Pictures.csv"_s, "Name,Picture\nA," + tree.path(u"a.png"_s).toUtf8() + "\nB,\n");
     MainWindowController *const window = open();
     EXPECT_EQ(window->mainWindow()->detail()->mediaField(0), nullptr);
     MediaField *const media = window->mainWindow()->detail()->mediaField(1);
     ASSERT_NE(media, nullptr);
     EXPECT_EQ(media->picture().size(), QSize(30, 10));
-    EXPECT_EQ(media->caption(), QStringLiteral("a.0.png"));
+    EXPECT_EQ(media->caption(), u"a.0.png"_s);
     window->records()->setSelectionIndex(1);
     EXPECT_TRUE(media->picture().isNull());
     window->records()->setSelectionIndex(0);

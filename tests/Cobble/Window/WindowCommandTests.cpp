@@ -6,22 +6,22 @@
 
 #include <QImage>
 
+using namespace Qt::StringLiterals;
+
 class WindowCommand : public HostWindowTest
 {
 protected:
-    WindowCommand() { import(QStringLiteral("Things.csv"), Things); }
+    WindowCommand() { import(u"Things.csv"_s, Things); }
 
     CommandResult run(const QStringList &arguments)
     {
-        return runInProcess(QStringList({QStringLiteral("window"), QStringLiteral("--bundle"),
-                                         bundle.bundlePath()}) +
+        return runInProcess(QStringList({u"window"_s, u"--bundle"_s, bundle.bundlePath()}) +
                             arguments);
     }
     QImage draw(const QStringList &arguments = {})
     {
-        const QString path = tree.path(QStringLiteral("window.png"));
-        const CommandResult result =
-            run(QStringList({QStringLiteral("--screenshot"), path}) + arguments);
+        const QString path = tree.path(u"window.png"_s);
+        const CommandResult result = run(QStringList({u"--screenshot"_s, path}) + arguments);
         EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
         EXPECT_EQ(result.output, QString());
         return QImage(path);
@@ -33,15 +33,15 @@ TEST_F(WindowCommand, DrawsTheWindow)
     const QImage picture = draw();
     EXPECT_EQ(picture.size(), QSize(1000, 700));
     // Something is drawn: neither all of one colour nor what an empty search shows.
-    EXPECT_NE(picture, draw({QStringLiteral("--search"), QStringLiteral("nobody")}));
-    EXPECT_EQ(picture, draw({QStringLiteral("things")}));
+    EXPECT_NE(picture, draw({u"--search"_s, u"nobody"_s}));
+    EXPECT_EQ(picture, draw({u"things"_s}));
 }
 
 TEST_F(WindowCommand, DrawsSheetsOverTheWindow)
 {
     const QImage plain = draw();
     for (const char *const sheet : {"import", "export", "delete", "about"}) {
-        const QImage picture = draw({QStringLiteral("--sheet"), QString::fromLatin1(sheet)});
+        const QImage picture = draw({u"--sheet"_s, QString::fromLatin1(sheet)});
         // The window behind is darker, the sheet is not.
         EXPECT_LT(qGray(picture.pixel(500, 690)), qGray(plain.pixel(500, 690))) << sheet;
         EXPECT_NE(picture.pixel(500, 350), plain.pixel(500, 350)) << sheet;
@@ -50,34 +50,29 @@ TEST_F(WindowCommand, DrawsSheetsOverTheWindow)
 
 TEST_F(WindowCommand, SaysWhatIsWrong)
 {
-    EXPECT_EQ(run({QStringLiteral("a"), QStringLiteral("b")}).exitCode, 2);
-    EXPECT_EQ(run({QStringLiteral("--screenshot"), QString()}).exitCode, 2);
-    const CommandResult sheet = run({QStringLiteral("--sheet"), QStringLiteral("x")});
+    EXPECT_EQ(run({u"a"_s, u"b"_s}).exitCode, 2);
+    EXPECT_EQ(run({u"--screenshot"_s, QString()}).exitCode, 2);
+    const CommandResult sheet = run({u"--sheet"_s, u"x"_s});
     EXPECT_EQ(sheet.exitCode, 2);
     EXPECT_TRUE(sheet.errors.startsWith(
         u"cobble: no sheet 'x'; there are import, export, delete, about\n"));
-    const CommandResult nothing =
-        run({QStringLiteral("--search"), QStringLiteral("nobody"), QStringLiteral("--sheet"),
-             QStringLiteral("delete"), QStringLiteral("--screenshot"),
-             tree.path(QStringLiteral("n.png"))});
+    const CommandResult nothing = run({u"--search"_s, u"nobody"_s, u"--sheet"_s, u"delete"_s,
+                                       u"--screenshot"_s, tree.path(u"n.png"_s)});
     EXPECT_EQ(nothing.exitCode, 1);
     EXPECT_TRUE(nothing.errors.contains(u"there is nothing to delete"));
-    const QString picture = tree.path(QStringLiteral("w.png"));
-    const CommandResult missing =
-        run({QStringLiteral("nothing"), QStringLiteral("--screenshot"), picture});
+    const QString picture = tree.path(u"w.png"_s);
+    const CommandResult missing = run({u"nothing"_s, u"--screenshot"_s, picture});
     EXPECT_EQ(missing.exitCode, 1);
     EXPECT_TRUE(missing.errors.contains(u"no library 'nothing'"));
-    const CommandResult folder =
-        run({QStringLiteral("--screenshot"), tree.path(QStringLiteral("none/w.png"))});
+    const CommandResult folder = run({u"--screenshot"_s, tree.path(u"none/w.png"_s)});
     EXPECT_EQ(folder.exitCode, 1);
-    EXPECT_TRUE(folder.errors.startsWith(u"cobble: " + tree.path(QStringLiteral("none/w.png: "))));
+    EXPECT_TRUE(folder.errors.startsWith(u"cobble: " + tree.path(u"none/w.png: "_s)));
 }
 
 TEST_F(WindowCommand, WithoutADisplayItSaysHowToDraw)
 {
     const CommandResult result = run({});
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.errors,
-              QStringLiteral("cobble: window: there is no display; --screenshot FILE "
-                             "draws the window without one\n"));
+    EXPECT_EQ(result.errors, u"cobble: window: there is no display; --screenshot FILE "
+                             "draws the window without one\n"_s);
 }

@@ -2,10 +2,12 @@
 
 #include <KTUtility/KTPlugInClass>
 
+using namespace Qt::StringLiterals;
+
 class Greeter : public QObject
 {
 public:
-    Greeter() { setObjectName(QStringLiteral("greetings")); }
+    Greeter() { setObjectName(u"greetings"_s); }
     static void pluginWillUnload() {}
     static void pluginDidUnload() {}
 };

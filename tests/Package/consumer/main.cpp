@@ -8,6 +8,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// What the plug-in calls itself, or why it is not there.
 QString greetings()
@@ -16,17 +18,16 @@ QString greetings()
     const NSBundle bundle(QStringLiteral(PLUGIN_FOLDER));
     manager.registerBundle(bundle);
     const QObject *const plugin =
-        manager.loadPluginWithIdentifier(QStringLiteral("org.example.greetings & more"));
-    const bool hasResource =
-        !bundle.pathForResource(QStringLiteral("main"), QStringLiteral("cpp")).isNull();
+        manager.loadPluginWithIdentifier(u"org.example.greetings & more"_s);
+    const bool hasResource = !bundle.pathForResource(u"main"_s, u"cpp"_s).isNull();
     return plugin && hasResource ? plugin->objectName() : manager.pluginStatus().value(0).lastError;
 }
 } // namespace
 
 int main()
 {
-    const QVariantList taken = {QVariantMap{{QStringLiteral("name"), QStringLiteral("Field")}}};
-    const QString name = KTAdditions::uniqueStringWithBase(taken, QStringLiteral("Field"));
+    const QVariantList taken = {QVariantMap{{u"name"_s, u"Field"_s}}};
+    const QString name = KTAdditions::uniqueStringWithBase(taken, u"Field"_s);
     KTLogger *logger = KTLogger::sharedLogger();
     logger->setLevelOfComponent(4, kLog_SchemaManager);
     KTLog(kLog_SchemaManager, 4, u"made %@", name);

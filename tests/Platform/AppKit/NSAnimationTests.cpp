@@ -13,6 +13,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// Keeps what it was given.
 class TestAnimation : public NSAnimation
@@ -54,14 +56,13 @@ protected:
 TEST_F(Time, AlarmsRingInTheirOrder)
 {
     QStringList rung;
-    const auto late = clock.alarmAfter(2, [&] { rung += QStringLiteral("late"); });
-    const auto early = clock.alarmAfter(1, [&] { rung += QStringLiteral("early"); });
-    const auto second = clock.alarmAfter(1, [&] { rung += QStringLiteral("second"); });
+    const auto late = clock.alarmAfter(2, [&] { rung += u"late"_s; });
+    const auto early = clock.alarmAfter(1, [&] { rung += u"early"_s; });
+    const auto second = clock.alarmAfter(1, [&] { rung += u"second"_s; });
     clock.advance(0.9);
     EXPECT_TRUE(rung.isEmpty());
     clock.advance(5);
-    EXPECT_EQ(rung, QStringList({QStringLiteral("early"), QStringLiteral("second"),
-                                 QStringLiteral("late")}));
+    EXPECT_EQ(rung, QStringList({u"early"_s, u"second"_s, u"late"_s}));
     EXPECT_NEAR(clock.seconds(), 5.9, 1e-9);
     EXPECT_EQ(clock.pendingAlarms(), 0);
 }
@@ -188,15 +189,15 @@ TEST_F(Time, DefaultTimersWaitForTheEndOfModalSessions)
 {
     QDialog dialog;
     QStringList fired;
-    NSTimer waiting(1, NSRunLoopMode::Default, [&] { fired += QStringLiteral("default"); });
-    NSTimer modal(1, NSRunLoopMode::ModalPanel, [&] { fired += QStringLiteral("modal"); });
+    NSTimer waiting(1, NSRunLoopMode::Default, [&] { fired += u"default"_s; });
+    NSTimer modal(1, NSRunLoopMode::ModalPanel, [&] { fired += u"modal"_s; });
     QMetaObject::invokeMethod(
         &dialog,
         [&] {
             EXPECT_TRUE(NSApplication::isModalSessionRunning());
             clock.advance(2);
             QCoreApplication::processEvents();
-            EXPECT_EQ(fired, QStringList{QStringLiteral("modal")});
+            EXPECT_EQ(fired, QStringList{u"modal"_s});
             EXPECT_TRUE(waiting.isValid());
             NSApplication::stopModal();
         },

@@ -8,6 +8,8 @@
 #include <memory>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// Lets everything happen that waits for the run loop.
 void turn()
@@ -22,11 +24,11 @@ TEST(Application, ModalSessionsNestAndEndWithTheirWindow)
     testing_support::needApplication();
     QWidget outer, inner;
     QStringList log;
-    NSApplication::performOnNextTurn(&outer, [&] { log += QStringLiteral("before"); });
+    NSApplication::performOnNextTurn(&outer, [&] { log += u"before"_s; });
     QMetaObject::invokeMethod(
         &outer,
         [&] {
-            NSApplication::performOnNextTurn(&outer, [&] { log += QStringLiteral("waited"); });
+            NSApplication::performOnNextTurn(&outer, [&] { log += u"waited"_s; });
             QMetaObject::invokeMethod(
                 &inner, [&] { NSApplication::stopModal(7); }, Qt::QueuedConnection);
             log += QString::number(NSApplication::runModalForWindow(&inner));
@@ -35,9 +37,9 @@ TEST(Application, ModalSessionsNestAndEndWithTheirWindow)
         },
         Qt::QueuedConnection);
     log += QString::number(NSApplication::runModalForWindow(&outer));
-    EXPECT_EQ(log, QStringList({QStringLiteral("7"), QStringLiteral("0")}));
+    EXPECT_EQ(log, QStringList({u"7"_s, u"0"_s}));
     turn();
-    EXPECT_EQ(log.last(), QStringLiteral("waited"));
+    EXPECT_EQ(log.last(), u"waited"_s);
     EXPECT_EQ(log.size(), 4);
     NSApplication::stopModal(1);
 }

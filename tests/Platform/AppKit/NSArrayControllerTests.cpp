@@ -9,6 +9,8 @@
 #include "support/ObservedModel.h"
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 class ArrayController : public testing::Test
 {
@@ -31,29 +33,28 @@ protected:
                                                  u"selection." + QString::fromUtf16(key));
     }
 
-    ObservedRecord ada{QStringLiteral("A"), 3}, bob{QStringLiteral("B"), 1},
-        cay{QStringLiteral("C"), 3};
+    ObservedRecord ada{u"A"_s, 3}, bob{u"B"_s, 1}, cay{u"C"_s, 3};
     NSArrayController controller;
 };
 
-const QString Number = QStringLiteral("number");
+const QString Number = u"number"_s;
 } // namespace
 
 TEST_F(ArrayController, HeaderExample)
 {
     controller.setSelectionIndexes({0});
     BoundView view;
-    view.bind(NSValueBinding, &controller, QStringLiteral("selection.name"), {});
-    EXPECT_EQ(view.value(), QVariant(QStringLiteral("A")));
+    view.bind(NSValueBinding, &controller, u"selection.name"_s, {});
+    EXPECT_EQ(view.value(), QVariant(u"A"_s));
     controller.setSelectionIndex(1);
-    EXPECT_EQ(view.value(), QVariant(QStringLiteral("B")));
-    bob.setName(QStringLiteral("Bob"));
-    EXPECT_EQ(view.value(), QVariant(QStringLiteral("Bob")));
-    view.type(QStringLiteral("Bobby"));
-    EXPECT_EQ(bob.name(), QStringLiteral("Bobby"));
+    EXPECT_EQ(view.value(), QVariant(u"B"_s));
+    bob.setName(u"Bob"_s);
+    EXPECT_EQ(view.value(), QVariant(u"Bob"_s));
+    view.type(u"Bobby"_s);
+    EXPECT_EQ(bob.name(), u"Bobby"_s);
     // Without selection, what is shown stays.
     controller.setSelectionIndexes({});
-    EXPECT_EQ(view.value(), QVariant(QStringLiteral("Bobby")));
+    EXPECT_EQ(view.value(), QVariant(u"Bobby"_s));
 }
 
 TEST_F(ArrayController, SelectionsHaveMarkers)
@@ -63,28 +64,28 @@ TEST_F(ArrayController, SelectionsHaveMarkers)
     EXPECT_EQ(selection(u"number"), QVariant(3));
     EXPECT_EQ(selection(u"name"), NSMultipleValuesMarker());
     EXPECT_EQ(selection(u"nothing"), NSNotApplicableMarker());
-    NSKeyValueCoding::setValueForKeyPath(&controller, 9, QStringLiteral("selection.number"));
+    NSKeyValueCoding::setValueForKeyPath(&controller, 9, u"selection.number"_s);
     EXPECT_EQ(ada.number() + cay.number(), 18);
     EXPECT_EQ(bob.number(), 1);
 }
 
 TEST_F(ArrayController, MarkersAnswerWhatLiesBehindThem)
 {
-    ObservedRecord next(QStringLiteral("N"));
+    ObservedRecord next(u"N"_s);
     BoundView view;
-    view.bind(NSValueBinding, &controller, QStringLiteral("selection.next.name"), {});
+    view.bind(NSValueBinding, &controller, u"selection.next.name"_s, {});
     EXPECT_EQ(view.sets, 0);
     EXPECT_EQ(selection(u"next.name"), NSNoSelectionMarker());
-    view.type(QStringLiteral("lost"));
+    view.type(u"lost"_s);
     controller.setSelectionIndex(0);
     EXPECT_FALSE(view.value().isValid());
     ada.setNext(&next);
-    EXPECT_EQ(view.value(), QVariant(QStringLiteral("N")));
+    EXPECT_EQ(view.value(), QVariant(u"N"_s));
     controller.setSelectionIndexes({0, 1});
     EXPECT_EQ(selection(u"next.name"), NSMultipleValuesMarker());
-    EXPECT_EQ(view.value(), QVariant(QStringLiteral("N")));
-    view.type(QStringLiteral("lost"));
-    EXPECT_EQ(next.name(), QStringLiteral("N"));
+    EXPECT_EQ(view.value(), QVariant(u"N"_s));
+    view.type(u"lost"_s);
+    EXPECT_EQ(next.name(), u"N"_s);
 }
 
 TEST_F(ArrayController, SettingTheSelectionIsToldOnce)
@@ -92,18 +93,16 @@ TEST_F(ArrayController, SettingTheSelectionIsToldOnce)
     controller.setSelectionIndexes({0, 1, 2});
     QVariantList told;
     const auto note = [&](const NSKeyValueChange &change) { told += *change.newValue; };
-    const NSKeyValueObservation names(&controller, QStringLiteral("selection.name"),
+    const NSKeyValueObservation names(&controller, u"selection.name"_s,
                                       NSKeyValueObservingOptionNew, note);
-    const NSKeyValueObservation greetings(&controller, QStringLiteral("selection.greeting"),
+    const NSKeyValueObservation greetings(&controller, u"selection.greeting"_s,
                                           NSKeyValueObservingOptionNew, note);
-    NSKeyValueCoding::setValueForKeyPath(&controller, QStringLiteral("X"),
-                                         QStringLiteral("selection.name"));
-    EXPECT_EQ(told, QVariantList({QStringLiteral("X"), QStringLiteral("Hello X")}));
+    NSKeyValueCoding::setValueForKeyPath(&controller, u"X"_s, u"selection.name"_s);
+    EXPECT_EQ(told, QVariantList({u"X"_s, u"Hello X"_s}));
     told.clear();
-    EXPECT_THROW(
-        NSKeyValueCoding::setValueForKeyPath(&controller, 1, QStringLiteral("selection.greeting")),
-        NSException);
-    cay.setName(QStringLiteral("Y"));
+    EXPECT_THROW(NSKeyValueCoding::setValueForKeyPath(&controller, 1, u"selection.greeting"_s),
+                 NSException);
+    cay.setName(u"Y"_s);
     EXPECT_EQ(told, QVariantList({NSMultipleValuesMarker(), NSMultipleValuesMarker()}));
 }
 
@@ -111,7 +110,7 @@ TEST_F(ArrayController, SelectionsCanBeObserved)
 {
     QVariantList told;
     const NSKeyValueObservation observation(
-        &controller, QStringLiteral("selection.number"), NSKeyValueObservingOptionNew,
+        &controller, u"selection.number"_s, NSKeyValueObservingOptionNew,
         [&](const NSKeyValueChange &change) { told += *change.newValue; });
     controller.setSelectionIndex(1);
     bob.setNumber(2);
@@ -127,7 +126,7 @@ TEST_F(ArrayController, NothingIsObservedAnyMoreAfterwards)
 {
     controller.setSelectionIndexes({0, 1});
     {
-        const NSKeyValueObservation observation(&controller, QStringLiteral("selection.number"), 0,
+        const NSKeyValueObservation observation(&controller, u"selection.number"_s, 0,
                                                 [](const NSKeyValueChange &) {});
         EXPECT_EQ(ada.receivers(SIGNAL(numberChanged())), 1);
         controller.setSelectionIndexes({1});
@@ -139,29 +138,29 @@ TEST_F(ArrayController, NothingIsObservedAnyMoreAfterwards)
 
 TEST_F(ArrayController, FiltersAndSorts)
 {
-    EXPECT_EQ(shown(), QStringLiteral("ABC"));
+    EXPECT_EQ(shown(), u"ABC"_s);
     controller.setSortDescriptors({{Number, true}});
-    EXPECT_EQ(shown(), QStringLiteral("BAC"));
-    controller.setSortDescriptors({{Number, false}, {QStringLiteral("name"), false}});
-    EXPECT_EQ(shown(), QStringLiteral("CAB"));
+    EXPECT_EQ(shown(), u"BAC"_s);
+    controller.setSortDescriptors({{Number, false}, {u"name"_s, false}});
+    EXPECT_EQ(shown(), u"CAB"_s);
     controller.setFilterPredicate(NSPredicate::predicateWithFormat(u"number = 3"));
-    EXPECT_EQ(shown(), QStringLiteral("CA"));
+    EXPECT_EQ(shown(), u"CA"_s);
     bob.setNumber(3);
-    EXPECT_EQ(shown(), QStringLiteral("CA"));
+    EXPECT_EQ(shown(), u"CA"_s);
     controller.rearrangeObjects();
-    EXPECT_EQ(shown(), QStringLiteral("CBA"));
+    EXPECT_EQ(shown(), u"CBA"_s);
     controller.setFilterPredicate({});
     controller.setSortDescriptors({});
-    EXPECT_EQ(shown(), QStringLiteral("ABC"));
+    EXPECT_EQ(shown(), u"ABC"_s);
 }
 
 TEST_F(ArrayController, TheSelectionStaysWithItsObjects)
 {
     controller.setSelectionIndexes({0, 2});
-    controller.setSortDescriptors({{QStringLiteral("name"), false}});
-    EXPECT_EQ(selected(), QStringLiteral("CA"));
+    controller.setSortDescriptors({{u"name"_s, false}});
+    EXPECT_EQ(selected(), u"CA"_s);
     controller.setFilterPredicate(NSPredicate::predicateWithFormat(u"name != 'C'"));
-    EXPECT_EQ(selected(), QStringLiteral("A"));
+    EXPECT_EQ(selected(), u"A"_s);
     EXPECT_EQ(controller.selectionIndexes(), QList<qsizetype>{1});
     controller.setContent({boxed(bob)});
     EXPECT_EQ(controller.selectionIndex(), -1);
@@ -169,12 +168,12 @@ TEST_F(ArrayController, TheSelectionStaysWithItsObjects)
 
 TEST_F(ArrayController, AddingAndRemoving)
 {
-    ObservedRecord dan(QStringLiteral("D"));
+    ObservedRecord dan(u"D"_s);
     controller.addObject(boxed(dan));
-    EXPECT_EQ(shown(), QStringLiteral("ABCD"));
-    EXPECT_EQ(selected(), QStringLiteral("D"));
+    EXPECT_EQ(shown(), u"ABCD"_s);
+    EXPECT_EQ(selected(), u"D"_s);
     controller.removeObject(boxed(dan));
-    EXPECT_EQ(shown(), QStringLiteral("ABC"));
+    EXPECT_EQ(shown(), u"ABC"_s);
     EXPECT_EQ(selected(), QString());
     EXPECT_EQ(controller.content().size(), 3);
 }
@@ -188,9 +187,9 @@ TEST_F(ArrayController, MovingTheSelection)
     EXPECT_TRUE(controller.canSelectNext() && controller.canSelectPrevious());
     controller.selectNext();
     controller.selectNext();
-    EXPECT_EQ(selected(), QStringLiteral("C"));
+    EXPECT_EQ(selected(), u"C"_s);
     controller.selectPrevious();
-    EXPECT_EQ(selected(), QStringLiteral("B"));
+    EXPECT_EQ(selected(), u"B"_s);
     controller.setSelectionIndexes({5, 1, -1, 1, 0});
     EXPECT_EQ(controller.selectionIndexes(), QList<qsizetype>({0, 1}));
 }
@@ -199,7 +198,7 @@ TEST_F(ArrayController, ListenersFindAConsistentController)
 {
     controller.setSelectionIndexes({2});
     const NSKeyValueObservation observation(
-        &controller, QStringLiteral("arrangedObjects"), 0, [&](const NSKeyValueChange &) {
+        &controller, u"arrangedObjects"_s, 0, [&](const NSKeyValueChange &) {
             EXPECT_LE(controller.selectedObjects().size(), controller.arrangedObjects().size());
         });
     controller.setContent({boxed(ada)});
@@ -209,8 +208,7 @@ TEST_F(ArrayController, ListenersFindAConsistentController)
 
 TEST_F(ArrayController, MapsAreObjectsToo)
 {
-    controller.setContent(
-        {QVariantMap{{QStringLiteral("name"), 1}}, QVariantMap{{QStringLiteral("name"), 2}}});
+    controller.setContent({QVariantMap{{u"name"_s, 1}}, QVariantMap{{u"name"_s, 2}}});
     controller.setSelectionIndexes({0});
     EXPECT_EQ(selection(u"name"), QVariant(1));
     controller.setSelectionIndexes({0, 1});

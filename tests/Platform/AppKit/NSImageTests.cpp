@@ -11,15 +11,17 @@
 #include <QFontMetricsF>
 #include <QGuiApplication>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 TEST(NSImage, PicturesAreFoundByName)
 {
     needApplication();
-    EXPECT_EQ(NSImage::imageNamed(QStringLiteral("dragBadge3.tif")).size(), QSize(40, 22));
-    EXPECT_EQ(NSImage::imageNamed(QStringLiteral("book_dash_sliderthumb")).size(), QSize(15, 16));
-    EXPECT_TRUE(NSImage::imageNamed(QStringLiteral("nothing")).isNull());
-    EXPECT_TRUE(NSImage::imageNamed(QStringLiteral("nothing.png")).isNull());
+    EXPECT_EQ(NSImage::imageNamed(u"dragBadge3.tif"_s).size(), QSize(40, 22));
+    EXPECT_EQ(NSImage::imageNamed(u"book_dash_sliderthumb"_s).size(), QSize(15, 16));
+    EXPECT_TRUE(NSImage::imageNamed(u"nothing"_s).isNull());
+    EXPECT_TRUE(NSImage::imageNamed(u"nothing.png"_s).isNull());
     EXPECT_TRUE(NSImage::imageNamed(QString()).isNull());
 }
 
@@ -32,8 +34,7 @@ TEST(NSImage, SharpPicturesHaveTwiceThePixels)
         EXPECT_FALSE(size.isEmpty());
         EXPECT_EQ(NSImage::imageNamed(file + u"@2x.tif").size(), size * 2) << file.toStdString();
     }
-    EXPECT_EQ(NSImage::imageNamed(QStringLiteral("book_dash_sliderthumb@2x")).size(),
-              QSize(30, 32));
+    EXPECT_EQ(NSImage::imageNamed(u"book_dash_sliderthumb@2x"_s).size(), QSize(30, 32));
 }
 
 TEST(NSImage, SizesAreInPoints)
@@ -148,12 +149,12 @@ TEST(NSFont, TheBoundingRectangleHoldsEveryCharacter)
     needApplication();
     const QFont font = NSFont::systemFontOfSize(100);
     const QRectF box = NSFont::boundingRectForFont(font);
-    const QRectF letters = QFontMetricsF(font).tightBoundingRect(QStringLiteral("ÅgjQ|"));
+    const QRectF letters = QFontMetricsF(font).tightBoundingRect(u"ÅgjQ|"_s);
     EXPECT_LE(box.top(), -letters.bottom() + 1);
     EXPECT_GE(box.bottom(), -letters.top() - 1);
     EXPECT_NEAR(NSFont::boundingRectForFont(NSFont::systemFontOfSize(200)).height(),
                 2 * box.height(), 0.01);
-    QFont missing(QStringLiteral("No Such Font At All"));
+    QFont missing(u"No Such Font At All"_s);
     missing.setPixelSize(100);
     EXPECT_GT(NSFont::boundingRectForFont(missing).height(), 50);
 }

@@ -5,6 +5,8 @@
 
 #include <QPointer>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// Takes actions and decides which are enabled.
 class Target : public QObject
@@ -25,7 +27,7 @@ TEST(NSMenuItem, SendsItsActionWithItself)
     testing_support::needApplication();
     QMenu menu;
     Target target;
-    QAction *item = NSMenuItem::addItem(&menu, QStringLiteral("3"), "choose:", &target);
+    QAction *item = NSMenuItem::addItem(&menu, u"3"_s, "choose:", &target);
     EXPECT_EQ(NSMenuItem::tag(item), 0);
     NSMenuItem::setTag(item, 173);
     item->trigger();
@@ -38,8 +40,8 @@ TEST(NSMenuItem, AsksItsTargetBeforeTheMenuIsShown)
     testing_support::needApplication();
     QMenu menu;
     Target target;
-    QAction *refused = NSMenuItem::addItem(&menu, QStringLiteral("a"), "choose:", &target);
-    QAction *allowed = NSMenuItem::addItem(&menu, QStringLiteral("b"), "choose:", &target);
+    QAction *refused = NSMenuItem::addItem(&menu, u"a"_s, "choose:", &target);
+    QAction *allowed = NSMenuItem::addItem(&menu, u"b"_s, "choose:", &target);
     NSMenuItem::setTag(refused, 13);
     Q_EMIT menu.aboutToShow();
     EXPECT_FALSE(refused->isEnabled());
@@ -53,11 +55,10 @@ TEST(NSMenuItem, TargetsMayDieAndItemsMayBeRemovedByTheirAction)
     testing_support::needApplication();
     QMenu menu;
     auto target = std::make_unique<Target>();
-    QPointer<QAction> item =
-        NSMenuItem::addItem(&menu, QStringLiteral("x"), "removeItem:", target.get());
+    QPointer<QAction> item = NSMenuItem::addItem(&menu, u"x"_s, "removeItem:", target.get());
     item->trigger();
     EXPECT_TRUE(item.isNull());
-    QAction *orphan = NSMenuItem::addItem(&menu, QStringLiteral("y"), "choose:", target.get());
+    QAction *orphan = NSMenuItem::addItem(&menu, u"y"_s, "choose:", target.get());
     target.reset();
     orphan->trigger();
     Q_EMIT menu.aboutToShow();
@@ -68,8 +69,7 @@ TEST(NSMenuItem, TitlesKeepTheirAmpersands)
 {
     testing_support::needApplication();
     QMenu menu;
-    for (const QString &title : {QStringLiteral("Drag & Drop"), QStringLiteral("&&"),
-                                 QStringLiteral("&a"), QStringLiteral("")})
+    for (const QString &title : {u"Drag & Drop"_s, u"&&"_s, u"&a"_s, u""_s})
         EXPECT_EQ(NSMenuItem::title(NSMenuItem::addItem(&menu, title, NSSelector(), nullptr)),
                   title);
 }
@@ -79,9 +79,9 @@ TEST(NSMenuItem, ShortcutsAskAgainAfterTheMenuWasSeen)
     QMenu menu;
     Target target;
     QObject indifferent;
-    QAction *refused = NSMenuItem::addItem(&menu, QStringLiteral("a"), "choose:", &target);
+    QAction *refused = NSMenuItem::addItem(&menu, u"a"_s, "choose:", &target);
     NSMenuItem::setTag(refused, 13);
-    QAction *other = NSMenuItem::addItem(&menu, QStringLiteral("b"), "choose:", &indifferent);
+    QAction *other = NSMenuItem::addItem(&menu, u"b"_s, "choose:", &indifferent);
     other->setEnabled(false);
     menu.popup(QPoint());
     EXPECT_FALSE(refused->isEnabled());

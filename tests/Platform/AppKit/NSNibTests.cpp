@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 QStringList &awakened()
 {
@@ -39,7 +41,7 @@ class NibOwner : public QObject
     Q_PROPERTY(QString text MEMBER text)
 
 public:
-    Q_INVOKABLE void awakeFromNib() { awakened() += QStringLiteral("owner"); }
+    Q_INVOKABLE void awakeFromNib() { awakened() += u"owner"_s; }
 
     NibView *panel = nullptr;
     QLabel *label = nullptr;
@@ -66,7 +68,7 @@ protected:
     NibTest() { awakened().clear(); }
     QString fileOf(const QByteArray &contents)
     {
-        const QString path = folder.filePath(QStringLiteral("Form.ui"));
+        const QString path = folder.filePath(u"Form.ui"_s);
         testing_support::writeFile(path, contents);
         return path;
     }
@@ -85,7 +87,7 @@ TEST_F(NibTest, MakesRegisteredClassesAndConnectsOutlets)
     ASSERT_NE(owner.panel, nullptr);
     EXPECT_EQ(owner.panel->parentWidget(), root.get());
     ASSERT_NE(owner.label, nullptr);
-    EXPECT_EQ(owner.label->text(), QStringLiteral("Hello"));
+    EXPECT_EQ(owner.label->text(), u"Hello"_s);
     EXPECT_EQ(owner.missing, nullptr);
     EXPECT_EQ(owner.wrongClass, nullptr);
 }
@@ -95,22 +97,21 @@ TEST_F(NibTest, DelegatesAreTheOwnerWhereTheFormSaysSo)
     NibOwner owner;
     const auto root = NSNib::instantiate(fileOf(Form), &owner);
     EXPECT_EQ(owner.panel->delegate, &owner);
-    EXPECT_EQ(root->findChild<NibView *>(QStringLiteral("inner"))->delegate, nullptr);
+    EXPECT_EQ(root->findChild<NibView *>(u"inner"_s)->delegate, nullptr);
 }
 
 TEST_F(NibTest, WakesTheInnermostFirstAndTheOwnerLast)
 {
     NibOwner owner;
     const auto root = NSNib::instantiate(fileOf(Form), &owner);
-    EXPECT_EQ(awakened(), QStringList({QStringLiteral("inner"), QStringLiteral("panel"),
-                                       QStringLiteral("owner")}));
+    EXPECT_EQ(awakened(), QStringList({u"inner"_s, u"panel"_s, u"owner"_s}));
 }
 
 TEST_F(NibTest, WorksWithoutOwner)
 {
     const auto root = NSNib::instantiate(fileOf(Form), nullptr);
     ASSERT_NE(root, nullptr);
-    EXPECT_EQ(root->findChild<NibView *>(QStringLiteral("panel"))->delegate, nullptr);
+    EXPECT_EQ(root->findChild<NibView *>(u"panel"_s)->delegate, nullptr);
     EXPECT_EQ(awakened().size(), 2);
 }
 
@@ -118,9 +119,8 @@ TEST_F(NibTest, BrokenFilesAreNull)
 {
     NibOwner owner;
     EXPECT_EQ(NSNib::instantiate(QString(), &owner, &error), nullptr);
-    EXPECT_EQ(error, QStringLiteral("there is no such file"));
-    EXPECT_EQ(NSNib::instantiate(folder.filePath(QStringLiteral("none.ui")), &owner, &error),
-              nullptr);
+    EXPECT_EQ(error, u"there is no such file"_s);
+    EXPECT_EQ(NSNib::instantiate(folder.filePath(u"none.ui"_s), &owner, &error), nullptr);
     EXPECT_FALSE(error.isEmpty());
     for (const QByteArray &contents :
          {QByteArray(), QByteArray("no form"), QByteArray(Form).left(300),
@@ -137,7 +137,7 @@ TEST_F(NibTest, BrokenFilesAreNull)
 TEST_F(NibTest, WindowControllersLoadRegisteredClasses)
 {
     NSWindowController controller(fileOf(Form));
-    EXPECT_NE(controller.outlet<NibView>(QStringLiteral("panel")), nullptr);
+    EXPECT_NE(controller.outlet<NibView>(u"panel"_s), nullptr);
     EXPECT_EQ(awakened().size(), 2);
 }
 

@@ -11,6 +11,8 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -23,21 +25,21 @@ protected:
 
 TEST_F(TextField, FitsItsText)
 {
-    field.setStringValue(QStringLiteral("247 records"));
+    field.setStringValue(u"247 records"_s);
     field.sizeToFit();
     const QFontMetricsF metrics(field.font());
-    EXPECT_EQ(field.width(), std::ceil(metrics.horizontalAdvance(QStringLiteral("247 records"))));
+    EXPECT_EQ(field.width(), std::ceil(metrics.horizontalAdvance(u"247 records"_s)));
     EXPECT_EQ(field.height(), std::ceil(metrics.height()));
-    EXPECT_EQ(field.shownText(), QStringLiteral("247 records"));
+    EXPECT_EQ(field.shownText(), u"247 records"_s);
     EXPECT_EQ(field.minimumSizeHint().width(), 0);
 }
 
 TEST_F(TextField, ShortensWhereItIsTold)
 {
-    field.setStringValue(QStringLiteral("/home/somebody/pictures/of/last/summer/photo.jpg"));
+    field.setStringValue(u"/home/somebody/pictures/of/last/summer/photo.jpg"_s);
     field.resize(150, 20);
-    EXPECT_TRUE(field.shownText().startsWith(QStringLiteral("/home")));
-    EXPECT_TRUE(field.shownText().endsWith(QStringLiteral(".jpg")));
+    EXPECT_TRUE(field.shownText().startsWith(u"/home"_s));
+    EXPECT_TRUE(field.shownText().endsWith(u".jpg"_s));
     field.setLineBreakMode(Qt::ElideRight);
     EXPECT_EQ(field.lineBreakMode(), Qt::ElideRight);
     EXPECT_TRUE(field.shownText().endsWith(u'…'));
@@ -45,20 +47,19 @@ TEST_F(TextField, ShortensWhereItIsTold)
 
 TEST_F(TextField, IsOneLine)
 {
-    field.setStringValue(QStringLiteral("one\r\ntwo\n\u2029three"));
+    field.setStringValue(u"one\r\ntwo\n\u2029three"_s);
     field.sizeToFit();
-    EXPECT_EQ(field.shownText(), QStringLiteral("one  two  three"));
-    EXPECT_EQ(field.stringValue(), QStringLiteral("one\r\ntwo\n\u2029three"));
+    EXPECT_EQ(field.shownText(), u"one  two  three"_s);
+    EXPECT_EQ(field.stringValue(), u"one\r\ntwo\n\u2029three"_s);
 }
 
 TEST_F(TextField, EndsOfHugeTextsAreShown)
 {
-    field.setStringValue(QStringLiteral("first ") + megabyteOf(QStringLiteral("word ")) +
-                         QStringLiteral(" last"));
+    field.setStringValue(u"first "_s + megabyteOf(u"word "_s) + u" last"_s);
     EXPECT_GT(field.stringWidth(), 32768);
     field.resize(400, 20);
-    EXPECT_TRUE(field.shownText().startsWith(QStringLiteral("first")));
-    EXPECT_TRUE(field.shownText().endsWith(QStringLiteral("last")));
+    EXPECT_TRUE(field.shownText().startsWith(u"first"_s));
+    EXPECT_TRUE(field.shownText().endsWith(u"last"_s));
 }
 
 TEST_F(TextField, DrawsInItsColour)
@@ -67,7 +68,7 @@ TEST_F(TextField, DrawsInItsColour)
     palette.setColor(QPalette::WindowText, Qt::red);
     palette.setColor(QPalette::Window, Qt::white);
     field.setPalette(palette);
-    field.setStringValue(QStringLiteral("MMMM"));
+    field.setStringValue(u"MMMM"_s);
     field.setAlignment(Qt::AlignCenter);
     field.resize(200, 40);
     const QImage image = field.grab().toImage();

@@ -4,6 +4,8 @@
 
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -23,7 +25,7 @@ struct OldFormatter : NSDateFormatter
     explicit OldFormatter(const char16_t *pattern)
         : NSDateFormatter(QString::fromUtf16(pattern), false)
     {
-        setLocale(NSLocale(QStringLiteral("en_US")));
+        setLocale(NSLocale(u"en_US"_s));
         setTimeZone(newYork());
     }
 };
@@ -36,7 +38,7 @@ QString written(const char16_t *pattern)
 QString read(const char16_t *pattern, const QString &text)
 {
     const QDateTime date = OldFormatter(pattern).dateFromString(text);
-    return date.toTimeZone(newYork()).toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"));
+    return date.toTimeZone(newYork()).toString(u"yyyy-MM-dd HH:mm:ss.zzz"_s);
 }
 } // namespace
 
@@ -65,41 +67,38 @@ TEST(NSCalendarDateFormat, LeavesWhatItDoesNotKnow)
 
 TEST(NSCalendarDateFormat, ReadsWhatItWrites)
 {
-    EXPECT_EQ(read(u"%m/%d/%y", QStringLiteral("3/5/08")), u"2008-03-05 00:00:00.000");
-    EXPECT_EQ(read(u"%m/%d/%y", QStringLiteral("03/05/50")), u"1950-03-05 00:00:00.000");
-    EXPECT_EQ(read(u"%m/%d/%y", QStringLiteral("03/05/49")), u"2049-03-05 00:00:00.000");
-    EXPECT_EQ(read(u"%m/%d/%y %I:%M:%S %p", QStringLiteral("03/05/08 05:04:09 PM")),
-              u"2008-03-05 17:04:09.000");
-    EXPECT_EQ(read(u"%A, %B %d, %Y", QStringLiteral("Wednesday, March 5, 2008")),
-              u"2008-03-05 00:00:00.000");
-    EXPECT_EQ(read(u"%a %b %e %Y", QStringLiteral("wed mar 5 2008")), u"2008-03-05 00:00:00.000");
-    EXPECT_EQ(read(u"%Y %j", QStringLiteral("2008 65")), u"2008-03-05 00:00:00.000");
-    EXPECT_EQ(read(u"%Y-%m-%dT%H:%M:%S.%F", QStringLiteral("2008-03-05T17:04:09.007")),
+    EXPECT_EQ(read(u"%m/%d/%y", u"3/5/08"_s), u"2008-03-05 00:00:00.000");
+    EXPECT_EQ(read(u"%m/%d/%y", u"03/05/50"_s), u"1950-03-05 00:00:00.000");
+    EXPECT_EQ(read(u"%m/%d/%y", u"03/05/49"_s), u"2049-03-05 00:00:00.000");
+    EXPECT_EQ(read(u"%m/%d/%y %I:%M:%S %p", u"03/05/08 05:04:09 PM"_s), u"2008-03-05 17:04:09.000");
+    EXPECT_EQ(read(u"%A, %B %d, %Y", u"Wednesday, March 5, 2008"_s), u"2008-03-05 00:00:00.000");
+    EXPECT_EQ(read(u"%a %b %e %Y", u"wed mar 5 2008"_s), u"2008-03-05 00:00:00.000");
+    EXPECT_EQ(read(u"%Y %j", u"2008 65"_s), u"2008-03-05 00:00:00.000");
+    EXPECT_EQ(read(u"%Y-%m-%dT%H:%M:%S.%F", u"2008-03-05T17:04:09.007"_s),
               u"2008-03-05 17:04:09.007");
-    EXPECT_EQ(read(u"%Y-%m-%d %H:%M %z", QStringLiteral("2008-03-05 17:04 +0100")),
+    EXPECT_EQ(read(u"%Y-%m-%d %H:%M %z", u"2008-03-05 17:04 +0100"_s), u"2008-03-05 11:04:00.000");
+    EXPECT_EQ(read(u"%Y-%m-%d %H:%M %Z", u"2008-03-05 17:04 Europe/Berlin"_s),
               u"2008-03-05 11:04:00.000");
-    EXPECT_EQ(read(u"%Y-%m-%d %H:%M %Z", QStringLiteral("2008-03-05 17:04 Europe/Berlin")),
-              u"2008-03-05 11:04:00.000");
-    EXPECT_EQ(read(u"%Y-%m-%d %H:%M %Z", QStringLiteral("2008-03-05 17:04 GMT-0100")),
+    EXPECT_EQ(read(u"%Y-%m-%d %H:%M %Z", u"2008-03-05 17:04 GMT-0100"_s),
               u"2008-03-05 13:04:00.000");
-    EXPECT_EQ(read(u"%w %d%%", QStringLiteral("3 5%")), u"2000-01-05 00:00:00.000");
+    EXPECT_EQ(read(u"%w %d%%", u"3 5%"_s), u"2000-01-05 00:00:00.000");
 }
 
 TEST(NSCalendarDateFormat, RefusesWhatDoesNotFit)
 {
-    EXPECT_EQ(read(u"%m/%d/%y", QStringLiteral("3/5")), u"");
-    EXPECT_EQ(read(u"%m/%d/%y", QStringLiteral("3/5/08 x")), u"");
-    EXPECT_EQ(read(u"%m/%d/%y", QStringLiteral("2/30/08")), u"");
-    EXPECT_EQ(read(u"%m/%d/%y", QStringLiteral("0/1/08")), u"");
-    EXPECT_EQ(read(u"%m/%d/%y", QStringLiteral("13/1/08")), u"");
-    EXPECT_EQ(read(u"%H:%M", QStringLiteral("25:00")), u"");
-    EXPECT_EQ(read(u"%I:%M %p", QStringLiteral("13:00 PM")), u"");
-    EXPECT_EQ(read(u"%I:%M %p", QStringLiteral("12:00 XM")), u"");
-    EXPECT_EQ(read(u"%b", QStringLiteral("Mrz")), u"");
-    EXPECT_EQ(read(u"%z", QStringLiteral("+99")), u"");
-    EXPECT_EQ(read(u"%Z", QStringLiteral("Nowhere/Land")), u"");
-    EXPECT_EQ(read(u"%x", QStringLiteral("3/5/08")), u"");
-    EXPECT_EQ(read(u"", QStringLiteral("3/5/08")), u"");
+    EXPECT_EQ(read(u"%m/%d/%y", u"3/5"_s), u"");
+    EXPECT_EQ(read(u"%m/%d/%y", u"3/5/08 x"_s), u"");
+    EXPECT_EQ(read(u"%m/%d/%y", u"2/30/08"_s), u"");
+    EXPECT_EQ(read(u"%m/%d/%y", u"0/1/08"_s), u"");
+    EXPECT_EQ(read(u"%m/%d/%y", u"13/1/08"_s), u"");
+    EXPECT_EQ(read(u"%H:%M", u"25:00"_s), u"");
+    EXPECT_EQ(read(u"%I:%M %p", u"13:00 PM"_s), u"");
+    EXPECT_EQ(read(u"%I:%M %p", u"12:00 XM"_s), u"");
+    EXPECT_EQ(read(u"%b", u"Mrz"_s), u"");
+    EXPECT_EQ(read(u"%z", u"+99"_s), u"");
+    EXPECT_EQ(read(u"%Z", u"Nowhere/Land"_s), u"");
+    EXPECT_EQ(read(u"%x", u"3/5/08"_s), u"");
+    EXPECT_EQ(read(u"", u"3/5/08"_s), u"");
 }
 
 TEST(NSCalendarDateFormat, ReportsHowFarItRead)
@@ -107,7 +106,7 @@ TEST(NSCalendarDateFormat, ReportsHowFarItRead)
     const OldFormatter formatter(u"%m/%d/%y");
     NSRange range{2, 12};
     QVariant value;
-    EXPECT_TRUE(formatter.getObjectValue(&value, QStringLiteral("x 3/5/08 more"), &range, nullptr));
+    EXPECT_TRUE(formatter.getObjectValue(&value, u"x 3/5/08 more"_s, &range, nullptr));
     EXPECT_EQ(range, (NSRange{2, 6}));
     EXPECT_EQ(value.toDateTime(), QDateTime(QDate(2008, 3, 5), QTime(), newYork()));
 }
@@ -115,8 +114,8 @@ TEST(NSCalendarDateFormat, ReportsHowFarItRead)
 TEST(NSCalendarDateFormat, UsesTheNamesThatWereSet)
 {
     OldFormatter formatter(u"%p %b");
-    formatter.setAMSymbol(QStringLiteral("vorm."));
-    formatter.setPMSymbol(QStringLiteral("nachm."));
+    formatter.setAMSymbol(u"vorm."_s);
+    formatter.setPMSymbol(u"nachm."_s);
     EXPECT_EQ(formatter.stringFromDate(sample()), u"nachm. Mar");
     EXPECT_EQ(formatter.AMSymbol(), u"vorm.");
     EXPECT_EQ(formatter.PMSymbol(), u"nachm.");
@@ -129,7 +128,7 @@ TEST(NSCalendarDateFormat, SurvivesHostileTextsAndPatterns)
         EXPECT_FALSE(formatter.dateFromString(text).isValid());
         NSDateFormatter hostile(text, true);
         EXPECT_FALSE(hostile.stringFromDate(sample()).isNull());
-        EXPECT_FALSE(hostile.dateFromString(QStringLiteral("no date")).isValid());
+        EXPECT_FALSE(hostile.dateFromString(u"no date"_s).isValid());
     }
 }
 
@@ -137,9 +136,9 @@ TEST(NSCalendarDateFormat, MakesCalendarDates)
 {
     OldFormatter formatter(u"%m/%d/%y");
     EXPECT_TRUE(formatter.generatesCalendarDates());
-    EXPECT_EQ(formatter.dateFromString(QStringLiteral("3/5/08")).timeZone(), newYork());
+    EXPECT_EQ(formatter.dateFromString(u"3/5/08"_s).timeZone(), newYork());
     formatter.setGeneratesCalendarDates(false);
-    const QDateTime date = formatter.dateFromString(QStringLiteral("3/5/08"));
+    const QDateTime date = formatter.dateFromString(u"3/5/08"_s);
     EXPECT_EQ(date.timeSpec(), Qt::UTC);
     EXPECT_EQ(date, QDateTime(QDate(2008, 3, 5), QTime(), newYork()));
 }

@@ -4,13 +4,15 @@
 
 #include <random>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
 NSCalendar calendarOf(const char *zone, const QString &identifier = NSGregorianCalendar)
 {
     NSCalendar calendar(identifier);
-    calendar.setLocale(NSLocale(QStringLiteral("en_US")));
+    calendar.setLocale(NSLocale(u"en_US"_s));
     calendar.setTimeZone(QTimeZone(zone));
     return calendar;
 }
@@ -148,10 +150,10 @@ TEST(NSCalendar, CountsInOtherCalendars)
     const auto yearIn = [&](const QString &identifier) {
         return calendarOf("UTC", identifier).components(NSYearCalendarUnit, date).year;
     };
-    EXPECT_EQ(yearIn(QStringLiteral("buddhist")), 2551);
-    EXPECT_EQ(yearIn(QStringLiteral("hebrew")), 5768);
-    EXPECT_EQ(yearIn(QStringLiteral("persian")), 1386);
-    EXPECT_EQ(yearIn(QStringLiteral("no calendar at all")), 2008);
+    EXPECT_EQ(yearIn(u"buddhist"_s), 2551);
+    EXPECT_EQ(yearIn(u"hebrew"_s), 5768);
+    EXPECT_EQ(yearIn(u"persian"_s), 1386);
+    EXPECT_EQ(yearIn(u"no calendar at all"_s), 2008);
     EXPECT_EQ(yearIn(QString()), 2008);
 }
 
@@ -186,11 +188,11 @@ TEST(NSCalendar, MeasuresTheTimeBetween)
 
 TEST(NSCalendar, TakesTheWeekFromTheLocale)
 {
-    const NSCalendar america = NSCalendar::calendarOfLocale(NSLocale(QStringLiteral("en_US")));
+    const NSCalendar america = NSCalendar::calendarOfLocale(NSLocale(u"en_US"_s));
     EXPECT_EQ(america.calendarIdentifier(), NSGregorianCalendar);
     EXPECT_EQ(america.firstWeekday(), 1);
     EXPECT_EQ(america.minimumDaysInFirstWeek(), 1);
-    NSCalendar germany = NSCalendar::calendarOfLocale(NSLocale(QStringLiteral("de_DE")));
+    NSCalendar germany = NSCalendar::calendarOfLocale(NSLocale(u"de_DE"_s));
     EXPECT_EQ(germany.firstWeekday(), 2);
     EXPECT_EQ(germany.minimumDaysInFirstWeek(), 4);
     germany.setTimeZone(QTimeZone::utc());
@@ -204,7 +206,7 @@ TEST(NSCalendar, TakesTheWeekFromTheLocale)
 
 TEST(NSCalendar, IsTheLocalesOwn)
 {
-    const NSLocale japan(QStringLiteral("ja_JP@calendar=japanese"));
+    const NSLocale japan(u"ja_JP@calendar=japanese"_s);
     EXPECT_EQ(NSCalendar::calendarOfLocale(japan).calendarIdentifier(), NSJapaneseCalendar);
     EXPECT_EQ(NSCalendar::calendarOfLocale(japan).locale(), japan);
     EXPECT_EQ(NSCalendar::currentCalendar().calendarIdentifier(), NSGregorianCalendar);
@@ -251,7 +253,7 @@ TEST(NSCalendar, ComputesPlainDatesAsICUDoes)
         NSDateCalendarUnits | NSTimeCalendarUnits | NSWeekdayCalendarUnit;
     for (const char *const zone : {"America/New_York", "Australia/Lord_Howe", "Pacific/Apia"}) {
         const NSCalendar ours = calendarOf(zone);
-        const NSCalendar other = calendarOf(zone, QStringLiteral("iso8601"));
+        const NSCalendar other = calendarOf(zone, u"iso8601"_s);
         for (int count = 0; count < 3000; ++count) {
             const qint64 time = count % 2 == 0 ? seconds(random) : seconds(random) / 100;
             const QDateTime date = QDateTime::fromMSecsSinceEpoch(time * 1000, Qt::UTC);
@@ -268,7 +270,7 @@ TEST(NSCalendar, FindsTheInstantsAroundEveryChangeOfClocks)
     for (const char *const zone : {"America/New_York", "Australia/Lord_Howe", "Pacific/Apia",
                                    "Africa/Casablanca", "America/St_Johns", "Europe/Dublin"}) {
         const NSCalendar ours = calendarOf(zone);
-        const NSCalendar other = calendarOf(zone, QStringLiteral("iso8601"));
+        const NSCalendar other = calendarOf(zone, u"iso8601"_s);
         for (const auto &change :
              QTimeZone(zone).transitions(utc("1960-01-01T00:00:00"), utc("2036-12-31T00:00:00"))) {
             for (int minutes = -180; minutes <= 180; minutes += 15) {

@@ -13,6 +13,8 @@
 #include <string>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -43,56 +45,39 @@ protected:
     QStringList patterns() const
     {
         QStringList result;
-        const QStringList dates{QStringLiteral("M-d-yy"),
-                                QStringLiteral("M/d/yy"),
-                                QStringLiteral("M.d.yyyy"),
-                                QStringLiteral("M/d"),
-                                QStringLiteral("MMM d, yy"),
-                                QStringLiteral("MMMM d, yyyy"),
-                                QStringLiteral("MMM d"),
-                                QStringLiteral("yy.M.d"),
-                                QStringLiteral("yyyy-M-d"),
-                                QStringLiteral("yyyy/M/d"),
-                                QStringLiteral("d.M"),
-                                QStringLiteral("d/M/yy"),
-                                QStringLiteral("d.M.yyyy"),
-                                QStringLiteral("d MMM yy"),
-                                QStringLiteral("d MMMM yyyy"),
-                                QStringLiteral("yy/d/M"),
-                                QStringLiteral("EEEE, MMMM d, y"),
-                                QStringLiteral("M月d日"),
-                                QStringLiteral("d LLL y"),
-                                QStringLiteral("EEE d MMM")};
-        const QStringList times{QStringLiteral("h:m:s a"),  QStringLiteral("h:ma"),
-                                QStringLiteral("k:m:s"),    QStringLiteral("k:m"),
-                                QStringLiteral("h a"),      QStringLiteral("ha"),
-                                QStringLiteral("HH:mm:ss"), QStringLiteral("K:mm a"),
-                                QStringLiteral("h:m"),      QStringLiteral("h:mm:ss a z")};
+        const QStringList dates{
+            u"M-d-yy"_s,       u"M/d/yy"_s,          u"M.d.yyyy"_s, u"M/d"_s,      u"MMM d, yy"_s,
+            u"MMMM d, yyyy"_s, u"MMM d"_s,           u"yy.M.d"_s,   u"yyyy-M-d"_s, u"yyyy/M/d"_s,
+            u"d.M"_s,          u"d/M/yy"_s,          u"d.M.yyyy"_s, u"d MMM yy"_s, u"d MMMM yyyy"_s,
+            u"yy/d/M"_s,       u"EEEE, MMMM d, y"_s, u"M月d日"_s,   u"d LLL y"_s,  u"EEE d MMM"_s};
+        const QStringList times{u"h:m:s a"_s, u"h:ma"_s,       u"k:m:s"_s,    u"k:m"_s,
+                                u"h a"_s,     u"ha"_s,         u"HH:mm:ss"_s, u"K:mm a"_s,
+                                u"h:m"_s,     u"h:mm:ss a z"_s};
         result = dates + times;
         for (const QString &date : dates)
             result += date + u' ' + times[result.size() % times.size()];
-        result += {QStringLiteral("yyyy-MM-dd'T'HH:mm:ss"),
-                   QStringLiteral("yyyyMMdd"),
-                   QStringLiteral("'on' d 'of' MMMM"),
-                   QStringLiteral("G y-M-d"),
-                   QStringLiteral("d''M"),
-                   QStringLiteral("  M  / d"),
-                   QStringLiteral("a h"),
-                   QStringLiteral("H'h'mm"),
-                   QStringLiteral("dd.MM.yy"),
-                   QStringLiteral("'x'MMM"),
-                   QStringLiteral("EEE"),
-                   QStringLiteral("y"),
-                   QStringLiteral("yyy"),
-                   QStringLiteral("M/d/yy 'E'"),
-                   QStringLiteral("d.MMM."),
-                   QStringLiteral("H k h"),
-                   QStringLiteral("h H"),
-                   QStringLiteral("dMMM"),
-                   QStringLiteral("aMd"),
-                   QStringLiteral("d M, 'q"),
-                   QStringLiteral("LLLL EEEEE"),
-                   QStringLiteral("SSS")};
+        result += {u"yyyy-MM-dd'T'HH:mm:ss"_s,
+                   u"yyyyMMdd"_s,
+                   u"'on' d 'of' MMMM"_s,
+                   u"G y-M-d"_s,
+                   u"d''M"_s,
+                   u"  M  / d"_s,
+                   u"a h"_s,
+                   u"H'h'mm"_s,
+                   u"dd.MM.yy"_s,
+                   u"'x'MMM"_s,
+                   u"EEE"_s,
+                   u"y"_s,
+                   u"yyy"_s,
+                   u"M/d/yy 'E'"_s,
+                   u"d.MMM."_s,
+                   u"H k h"_s,
+                   u"h H"_s,
+                   u"dMMM"_s,
+                   u"aMd"_s,
+                   u"d M, 'q"_s,
+                   u"LLLL EEEEE"_s,
+                   u"SSS"_s};
         return result + stylePatterns();
     }
 
@@ -153,7 +138,7 @@ protected:
                 ++at;
                 continue;
             }
-            text += unit == u'a' ? QStringLiteral("pm") : QString::number(randomNumber());
+            text += unit == u'a' ? u"pm"_s : QString::number(randomNumber());
             while (at < pattern.size() && pattern[at] == unit)
                 ++at;
         }
@@ -223,14 +208,12 @@ protected:
     static const QStringList &pieces()
     {
         static const QStringList list =
-            QStringLiteral(
-                "0|1|2|3|5|9|00|04|08|12|13|24|25|29|30|31|59|60|99|1999|2008|0005|123456789012|/"
-                "|-|.|,|"
-                ":|/| |  "
-                "|\t|\u00A0|\u202F|\u3000|\u200E|e|E|E5|+|%|x|T|a|p|am|PM|AM|p.m.|sep|Sept|SEPT.|"
-                "May|may be|Mar.|März|août|juil|juil.|S|M|ß|ſ|İ|月|日|年|午後|木|٣|३|１|"
-                "𝟗|'|''|\u0301|N|NaN|∞|Wednesday|mercredi|Mi|Mo.|onsdag|\u061C")
-                .split(u'|');
+            u"0|1|2|3|5|9|00|04|08|12|13|24|25|29|30|31|59|60|99|1999|2008|0005|123456789012|/"
+            "|-|.|,|"
+            ":|/| |  "
+            "|\t|\u00A0|\u202F|\u3000|\u200E|e|E|E5|+|%|x|T|a|p|am|PM|AM|p.m.|sep|Sept|SEPT.|"
+            "May|may be|Mar.|März|août|juil|juil.|S|M|ß|ſ|İ|月|日|年|午後|木|٣|३|１|"
+            "𝟗|'|''|\u0301|N|NaN|∞|Wednesday|mercredi|Mi|Mo.|onsdag|\u061C"_s.split(u'|');
         return list;
     }
 

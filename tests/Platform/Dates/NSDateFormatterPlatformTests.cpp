@@ -7,14 +7,14 @@
 #include <QJsonArray>
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
 unsigned styleNamed(const QString &name)
 {
-    static const QStringList names{QStringLiteral("none"), QStringLiteral("short"),
-                                   QStringLiteral("medium"), QStringLiteral("long"),
-                                   QStringLiteral("full")};
+    static const QStringList names{u"none"_s, u"short"_s, u"medium"_s, u"long"_s, u"full"_s};
     return unsigned(qMax(0, names.indexOf(name)));
 }
 
@@ -22,15 +22,15 @@ NSDateFormatterSymbols symbolsNamed(const QString &name)
 {
     using Symbols = NSDateFormatterSymbols;
     static const QHash<QString, Symbols> kinds{
-        {QStringLiteral("shortStandaloneMonthSymbols"), Symbols::ShortStandaloneMonth},
-        {QStringLiteral("shortWeekdaySymbols"), Symbols::ShortWeekday},
-        {QStringLiteral("eraSymbols"), Symbols::Era},
-        {QStringLiteral("veryShortMonthSymbols"), Symbols::VeryShortMonth},
-        {QStringLiteral("standaloneQuarterSymbols"), Symbols::StandaloneQuarter},
-        {QStringLiteral("standaloneWeekdaySymbols"), Symbols::StandaloneWeekday},
-        {QStringLiteral("longEraSymbols"), Symbols::LongEra},
-        {QStringLiteral("monthSymbols"), Symbols::Month},
-        {QStringLiteral("shortStandaloneQuarterSymbols"), Symbols::ShortStandaloneQuarter}};
+        {u"shortStandaloneMonthSymbols"_s, Symbols::ShortStandaloneMonth},
+        {u"shortWeekdaySymbols"_s, Symbols::ShortWeekday},
+        {u"eraSymbols"_s, Symbols::Era},
+        {u"veryShortMonthSymbols"_s, Symbols::VeryShortMonth},
+        {u"standaloneQuarterSymbols"_s, Symbols::StandaloneQuarter},
+        {u"standaloneWeekdaySymbols"_s, Symbols::StandaloneWeekday},
+        {u"longEraSymbols"_s, Symbols::LongEra},
+        {u"monthSymbols"_s, Symbols::Month},
+        {u"shortStandaloneQuarterSymbols"_s, Symbols::ShortStandaloneQuarter}};
     EXPECT_TRUE(kinds.contains(name)) << qPrintable(name);
     return kinds.value(name);
 }
@@ -43,7 +43,7 @@ QTimeZone zoneNamed(const QString &name)
 std::unique_ptr<NSDateFormatter> formatterOf(const QJsonObject &row)
 {
     auto formatter = std::make_unique<NSDateFormatter>();
-    formatter->setLocale(NSLocale(row[u"locale"].toString(QStringLiteral("en_US_POSIX"))));
+    formatter->setLocale(NSLocale(row[u"locale"].toString(u"en_US_POSIX"_s)));
     if (row.contains(u"timezone"))
         formatter->setTimeZone(zoneNamed(row[u"timezone"].toString()));
     const QJsonObject config = row[u"config"].toObject();
@@ -59,27 +59,26 @@ std::unique_ptr<NSDateFormatter> formatterOf(const QJsonObject &row)
 /// A pair of styles is joined by a plain blank here.
 QString withPlainJoint(QString text, const QJsonObject &row)
 {
-    static const QRegularExpression inText(QStringLiteral("(?<=\\d{2})(, | at )(?=\\d{1,2}:)"));
-    static const QRegularExpression inPattern(QStringLiteral("(?<=y)(, | 'at' )(?=h)"));
+    static const QRegularExpression inText(u"(?<=\\d{2})(, | at )(?=\\d{1,2}:)"_s);
+    static const QRegularExpression inPattern(u"(?<=y)(, | 'at' )(?=h)"_s);
     const QJsonObject config = row[u"config"].toObject();
     text.replace(u'\u202F', u' ');
     if (!config.contains(u"dateStyle"))
         return text;
-    return text.replace(row[u"op"].toString() == u"format" ? inText : inPattern,
-                        QStringLiteral(" "));
+    return text.replace(row[u"op"].toString() == u"format" ? inText : inPattern, u" "_s);
 }
 
 void expectState(const QJsonObject &row)
 {
     NSDateFormatter formatter;
-    formatter.setLocale(NSLocale(QStringLiteral("en_US")));
+    formatter.setLocale(NSLocale(u"en_US"_s));
     if (row[u"input"].toString() == u"fresh formatter") {
         EXPECT_EQ(formatter.dateFormat(), row[u"expected"][u"dateFormat"].toString());
         EXPECT_EQ(formatter.dateStyle(), 0U);
         EXPECT_EQ(formatter.timeStyle(), 0U);
         return;
     }
-    formatter.setDateFormat(QStringLiteral("MY"));
+    formatter.setDateFormat(u"MY"_s);
     formatter.setDateStyle(NSDateFormatterShortStyle);
     EXPECT_EQ(formatter.dateFormat(), u"M/d/yy");
 }
@@ -120,7 +119,7 @@ QDateTime expectedDate(const QJsonObject &row)
 TEST(NSDateFormatterPlatform, WritesAsTheTableSays)
 {
     int templates = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/date_format.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"platform/date_format.jsonl"_s)) {
         const QString op = row[u"op"].toString();
         if (op == u"format")
             expectText(row);
@@ -139,7 +138,7 @@ TEST(NSDateFormatterPlatform, WritesAsTheTableSays)
 
 TEST(NSDateFormatterPlatform, ReadsAsTheTableSays)
 {
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/date_parse.jsonl")))
+    for (const QJsonObject &row : rowsOf(u"platform/date_parse.jsonl"_s))
         EXPECT_EQ(formatterOf(row)->dateFromString(row[u"input"].toString()), expectedDate(row))
             << qPrintable(row[u"input"].toString());
 }
@@ -172,11 +171,10 @@ bool isNotOffered(const QString &format)
 void expectOldText(const QJsonObject &row)
 {
     NSDateFormatter formatter(row[u"format"].toString(), false);
-    formatter.setLocale(NSLocale(QStringLiteral("it_IT")));
-    formatter.setTimeZone(zoneNamed(QStringLiteral("CET")));
+    formatter.setLocale(NSLocale(u"it_IT"_s));
+    formatter.setTimeZone(zoneNamed(u"CET"_s));
     setItalianNames(&formatter);
-    const QDateTime date =
-        dateIn(row[u"date"].toString().section(u' ', 0, 0), QStringLiteral("CET"));
+    const QDateTime date = dateIn(row[u"date"].toString().section(u' ', 0, 0), u"CET"_s);
     const QString text = formatter.stringFromDate(date);
     EXPECT_EQ(text == row[u"expected"].toString(), !isNotOffered(row[u"format"].toString()))
         << qPrintable(row[u"format"].toString() + u' ' + text);
@@ -186,7 +184,7 @@ void expectOldDate(const QJsonObject &row)
 {
     const QString input = row[u"input"].toString();
     NSDateFormatter formatter(row[u"format"].toString(), false);
-    formatter.setLocale(NSLocale(QStringLiteral("en_US")));
+    formatter.setLocale(NSLocale(u"en_US"_s));
     formatter.setTimeZone(QTimeZone::utc());
     const QDateTime date = formatter.dateFromString(input);
     const QString expected = row[u"expected"].toString();
@@ -194,7 +192,7 @@ void expectOldDate(const QJsonObject &row)
     if (expected.startsWith(u"round-trips")) {
         EXPECT_EQ(formatter.dateFromString(formatter.stringFromDate(date)), date);
     } else if (!expected.isNull() && expected != u"non-nil") {
-        EXPECT_EQ(date, dateIn(expected, QStringLiteral("UTC"))) << qPrintable(input);
+        EXPECT_EQ(date, dateIn(expected, u"UTC"_s)) << qPrintable(input);
     }
     // Without a format there is nothing to read; the platform takes one from the user's defaults.
     EXPECT_EQ(date.isValid(), !row[u"format"].isNull() && !row[u"expected"].isNull())
@@ -223,7 +221,7 @@ void expectSums(const QJsonObject &row)
 
 TEST(NSDateFormatterPlatform, TreatsCalendarDatesAsTheTableSays)
 {
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/calendar_date.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"platform/calendar_date.jsonl"_s)) {
         const QString op = row[u"op"].toString();
         if (op == u"format")
             expectOldText(row);

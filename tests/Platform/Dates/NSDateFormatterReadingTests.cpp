@@ -8,6 +8,8 @@
 #include <atomic>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -19,7 +21,7 @@ QString read(const NSDateFormatter &formatter, const QString &text)
     if (!formatter.getObjectValue(&value, text, &range, nullptr) || range.length != text.size())
         return QString();
     const QDateTime date = value.toDateTime().toTimeZone(formatter.timeZone());
-    return date.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    return date.toString(u"yyyy-MM-dd HH:mm:ss"_s);
 }
 
 struct Reader : NSDateFormatter
@@ -62,20 +64,18 @@ TEST(NSDateFormatterReading, TakesSkippedTimesAnHourOn)
 TEST(NSDateFormatterReading, TakesTheLaterOfDoubledTimes)
 {
     Reader reader("en_US");
-    reader.setDateFormat(QStringLiteral("M/d/yy h:m a"));
-    const QDateTime later = reader.dateFromString(QStringLiteral("11/2/08 1:30 AM"));
+    reader.setDateFormat(u"M/d/yy h:m a"_s);
+    const QDateTime later = reader.dateFromString(u"11/2/08 1:30 AM"_s);
     EXPECT_EQ(later, QDateTime(QDate(2008, 11, 2), QTime(6, 30), Qt::UTC));
-    EXPECT_EQ(reader.dateFromString(QStringLiteral("11/2/08 1:3０ AM")), later);
+    EXPECT_EQ(reader.dateFromString(u"11/2/08 1:3０ AM"_s), later);
 }
 
 TEST(NSDateFormatterReading, KnowsOddZones)
 {
     const auto utcOf = [](const char *zone) {
         Reader reader("en_US", zone);
-        reader.setDateFormat(QStringLiteral("M/d/yy H:m"));
-        return reader.dateFromString(QStringLiteral("7/5/08 12:00"))
-            .toUTC()
-            .toString(QStringLiteral("dd HH:mm"));
+        reader.setDateFormat(u"M/d/yy H:m"_s);
+        return reader.dateFromString(u"7/5/08 12:00"_s).toUTC().toString(u"dd HH:mm"_s);
     };
     EXPECT_EQ(utcOf("Asia/Kathmandu"), u"05 06:15");
     EXPECT_EQ(utcOf("America/St_Johns"), u"05 14:30");
@@ -105,9 +105,9 @@ TEST(NSDateFormatterReading, KnowsSeptemberByBothNames)
 TEST(NSDateFormatterReading, ReportsLengthsOfTheSourceForSeptember)
 {
     Reader reader("en_GB");
-    reader.setDateFormat(QStringLiteral("d MMM"));
+    reader.setDateFormat(u"d MMM"_s);
     NSRange range{0, 12};
-    EXPECT_TRUE(reader.getObjectValue(nullptr, QStringLiteral("５ Sep at noon"), &range, nullptr));
+    EXPECT_TRUE(reader.getObjectValue(nullptr, u"５ Sep at noon"_s, &range, nullptr));
     EXPECT_EQ(range, (NSRange{0, 5}));
 }
 
@@ -159,7 +159,7 @@ TEST(NSDateFormatterReading, MovesTheHundredYears)
 TEST(NSDateFormatterReading, KnowsEarlyAndLateYears)
 {
     Reader reader("en_US", "UTC");
-    reader.setDateFormat(QStringLiteral("yyyy-M-d"));
+    reader.setDateFormat(u"yyyy-M-d"_s);
     const auto days = [&](const char16_t *text) {
         const QDateTime date = reader.dateFromString(QString::fromUtf16(text));
         return date.isValid() ? date.date().toString(Qt::ISODate) : QString();
@@ -169,10 +169,9 @@ TEST(NSDateFormatterReading, KnowsEarlyAndLateYears)
     EXPECT_EQ(days(u"1582-10-15"), u"1582-10-15");
     // The day before was 4 October; Qt counts in the Gregorian calendar even then.
     EXPECT_EQ(days(u"1582-10-4"), u"1582-10-14");
-    EXPECT_EQ(reader.dateFromString(QStringLiteral("0001-1-1")).date(), QDate(-1, 12, 30));
+    EXPECT_EQ(reader.dateFromString(u"0001-1-1"_s).date(), QDate(-1, 12, 30));
     EXPECT_EQ(days(u"0000-1-1"), QString());
-    EXPECT_EQ(reader.stringFromDate(reader.dateFromString(QStringLiteral("1582-10-4"))),
-              u"1582-10-4");
+    EXPECT_EQ(reader.stringFromDate(reader.dateFromString(u"1582-10-4"_s)), u"1582-10-4");
 }
 
 TEST(NSDateFormatterReading, ReadsZones)
@@ -203,7 +202,7 @@ TEST(NSDateFormatterReading, KeepsTheDigitsOfOtherScripts)
     EXPECT_EQ(reader(u"d/M/yyyy", u"٥/٣/٢٠٠٨"), u"2008-03-05 00:00:00");
     EXPECT_EQ(reader(u"d/M/yyyy", u"5/3/2008"), u"2008-03-05 00:00:00");
     EXPECT_EQ(reader(u"d/M/yy", u"٥/٣/٢٠٠٨"), QString());
-    reader.setDateFormat(QStringLiteral("d/M/yyyy"));
+    reader.setDateFormat(u"d/M/yyyy"_s);
     EXPECT_EQ(reader.stringFromDate(QDateTime(QDate(2008, 3, 5), QTime(12, 0), Qt::UTC)),
               u"٥/٣/٢٠٠٨");
 }
@@ -211,8 +210,8 @@ TEST(NSDateFormatterReading, KeepsTheDigitsOfOtherScripts)
 TEST(NSDateFormatterReading, ReadsWithinARange)
 {
     Reader reader("en_US");
-    reader.setDateFormat(QStringLiteral("M/d/yy"));
-    const QString text = QStringLiteral("on 3/5/08, say");
+    reader.setDateFormat(u"M/d/yy"_s);
+    const QString text = u"on 3/5/08, say"_s;
     const auto rangeAfter = [&](NSRange range) {
         const bool isRead = reader.getObjectValue(nullptr, text, &range, nullptr);
         return isRead ? range : NSRange{-1, range.length};
@@ -229,20 +228,20 @@ TEST(NSDateFormatterReading, ReadsWithinARange)
 TEST(NSDateFormatterReading, SaysWhyItFailed)
 {
     Reader reader("en_US");
-    reader.setDateFormat(QStringLiteral("M/d/yy"));
+    reader.setDateFormat(u"M/d/yy"_s);
     QVariant value = 5;
     NSError error;
     NSRange range{0, 8};
-    EXPECT_FALSE(reader.getObjectValue(&value, QStringLiteral("3/5/2008"), &range, &error));
+    EXPECT_FALSE(reader.getObjectValue(&value, u"3/5/2008"_s, &range, &error));
     EXPECT_EQ(value, QVariant(5));
     EXPECT_EQ(error.domain(), NSCocoaErrorDomain);
     EXPECT_EQ(error.code(), NSFormattingError);
     EXPECT_TRUE(error.localizedDescription().startsWith(u"Formatting error"));
     QString description;
-    EXPECT_FALSE(reader.getObjectValue(&value, QStringLiteral("3/5/08 x"), &description));
+    EXPECT_FALSE(reader.getObjectValue(&value, u"3/5/08 x"_s, &description));
     EXPECT_EQ(description, error.localizedDescription());
     EXPECT_FALSE(reader.getObjectValue(nullptr, QString(), nullptr));
-    EXPECT_TRUE(reader.getObjectValue(&value, QStringLiteral(" 3/5/08\n"), nullptr));
+    EXPECT_TRUE(reader.getObjectValue(&value, u" 3/5/08\n"_s, nullptr));
     EXPECT_TRUE(value.toDateTime().isValid());
 }
 
@@ -266,7 +265,7 @@ TEST(NSDateFormatterReading, SurvivesHostilePatterns)
     const QDateTime date(QDate(2008, 3, 5), QTime(), Qt::UTC);
     for (const QString &pattern : hostileTexts()) {
         reader.setDateFormat(pattern);
-        reader.dateFromString(QStringLiteral("3/5/08"));
+        reader.dateFromString(u"3/5/08"_s);
         EXPECT_FALSE(reader.stringFromDate(date).isNull());
     }
     for (const char16_t *const pattern : {u"'", u"''", u"'''", u"yyyyyyyyyyyyyyyyyyyy", u"dddddddd",
@@ -280,15 +279,15 @@ TEST(NSDateFormatterReading, SurvivesHostilePatterns)
 TEST(NSDateFormatterReading, LooksAtTheStartOfLongTextsOnly)
 {
     Reader reader("en_US");
-    reader.setDateFormat(QStringLiteral("M/d/yy"));
-    const QString text = QStringLiteral("3/5/08 ") + megabyteOf(QStringLiteral("x"));
+    reader.setDateFormat(u"M/d/yy"_s);
+    const QString text = u"3/5/08 "_s + megabyteOf(u"x"_s);
     NSRange range{0, text.size()};
     EXPECT_TRUE(reader.getObjectValue(nullptr, text, &range, nullptr));
     EXPECT_EQ(range.length, 6);
-    const QString digits = megabyteOf(QStringLiteral("3"));
+    const QString digits = megabyteOf(u"3"_s);
     EXPECT_FALSE(reader.dateFromString(digits).isValid());
-    reader.setDateFormat(QStringLiteral("ha"));
-    EXPECT_FALSE(reader.dateFromString(megabyteOf(QStringLiteral(" ")) + u'5').isValid());
+    reader.setDateFormat(u"ha"_s);
+    EXPECT_FALSE(reader.dateFromString(megabyteOf(u" "_s) + u'5').isValid());
 }
 
 TEST(NSDateFormatterReading, WorksInManyThreads)
@@ -313,8 +312,8 @@ TEST(NSDateFormatterReading, WorksInManyThreads)
 TEST(NSDateFormatterReading, OffersABatchForCascades)
 {
     Reader reader("en_US");
-    reader.setDateFormat(QStringLiteral("M/d/yy"));
-    const QString typed = QStringLiteral("  3/5/08 x");
+    reader.setDateFormat(u"M/d/yy"_s);
+    const QString typed = u"  3/5/08 x"_s;
     const NSDateText text(typed);
     EXPECT_EQ(text.length(), 10);
     EXPECT_EQ(text.lead(), 2);

@@ -5,6 +5,8 @@
 
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -88,9 +90,9 @@ INSTANTIATE_TEST_SUITE_P(Locales, NSDateFormatterRoundTrip,
 TEST(NSDateFormatterRoundTrips, TellMorningsFromAfternoons)
 {
     NSDateFormatter formatter;
-    formatter.setLocale(NSLocale(QStringLiteral("zh_TW")));
+    formatter.setLocale(NSLocale(u"zh_TW"_s));
     formatter.setTimeZone(berlin());
-    formatter.setDateFormat(QStringLiteral("y/M/d Bh:mm"));
+    formatter.setDateFormat(u"y/M/d Bh:mm"_s);
     for (const int defaultHour : {0, 6, 12, 23}) {
         formatter.setDefaultDate(inBerlin(2008, 2, 20, defaultHour, 0, 0));
         for (int hour = 0; hour < 24; ++hour) {
@@ -104,7 +106,7 @@ TEST(NSDateFormatterRoundTrips, TellMorningsFromAfternoons)
 TEST(NSDateFormatterRoundTrips, KeepInstantsThroughPatternsWithZones)
 {
     NSDateFormatter formatter;
-    formatter.setLocale(NSLocale(QStringLiteral("en_US")));
+    formatter.setLocale(NSLocale(u"en_US"_s));
     formatter.setTimeZone(QTimeZone("America/New_York"));
     for (const char16_t *const pattern :
          {u"yyyy-MM-dd'T'HH:mm:ssXXX", u"yyyy-MM-dd HH:mm:ss Z", u"M/d/yyyy h:mm:ss a z",
@@ -125,7 +127,7 @@ TEST(NSDateFormatterRoundTrips, KeepDatesInOtherCalendars)
         NSDateFormatter formatter;
         formatter.setLocale(NSLocale(QString::fromLatin1(identifier)));
         formatter.setTimeZone(berlin());
-        formatter.setDateFormat(QStringLiteral("G y-M-d HH:mm:ss"));
+        formatter.setDateFormat(u"G y-M-d HH:mm:ss"_s);
         for (const QDateTime &date : dates()) {
             const QString text = formatter.stringFromDate(date);
             EXPECT_EQ(formatter.dateFromString(text), date)

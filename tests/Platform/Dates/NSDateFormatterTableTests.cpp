@@ -9,6 +9,8 @@
 #include <QRegularExpression>
 #include <QSet>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -42,8 +44,7 @@ struct Case
     QString describe() const
     {
         return pattern + u" <" + text + u"> " + date.toString(Qt::ISODate) +
-               QStringLiteral(" %1; table: %2 %3")
-                   .arg(length)
+               u" %1; table: %2 %3"_s.arg(length)
                    .arg(expected[2].toString())
                    .arg(expected[0].toInt());
     }
@@ -52,7 +53,7 @@ struct Case
 /// The runs of digits in the part that was consumed.
 QStringList digitRunsOf(const Case &one)
 {
-    static const QRegularExpression digits(QStringLiteral("\\d+"),
+    static const QRegularExpression digits(u"\\d+"_s,
                                            QRegularExpression::UseUnicodePropertiesOption);
     QStringList runs;
     auto match = digits.globalMatch(one.text.left(one.expected[0].toInt()));
@@ -64,8 +65,8 @@ QStringList digitRunsOf(const Case &one)
 /// The fields of a pattern that were read as numbers, in order; a month may be named everywhere.
 QStringList numberFieldsOf(const Case &one)
 {
-    static const QRegularExpression fields(QStringLiteral("y+|M+|d+|h+|H+|k+|m+|s+"));
-    static const QRegularExpression letters(QStringLiteral("[A-Za-z]{3}"));
+    static const QRegularExpression fields(u"y+|M+|d+|h+|H+|k+|m+|s+"_s);
+    static const QRegularExpression letters(u"[A-Za-z]{3}"_s);
     const bool hasName = one.text.left(one.expected[0].toInt()).contains(letters);
     QStringList result;
     auto match = fields.globalMatch(one.pattern);
@@ -97,7 +98,7 @@ bool hasOtherYearWidth(const Case &one)
 
 bool isBareHour(const Case &one)
 {
-    static const QRegularExpression hour(QStringLiteral("^\\s*(0?[1-9]|1[0-2]):?$"));
+    static const QRegularExpression hour(u"^\\s*(0?[1-9]|1[0-2]):?$"_s);
     return one.pattern == u"ha" && one.isRead && !one.isExpected() &&
            hour.match(one.text).hasMatch();
 }
@@ -174,9 +175,9 @@ TEST(NSDateFormatterTables, ReadPrefixesAsObserved)
         {"year width", hasOtherYearWidth},           {"bare hour", isBareHour},
         {"special space", hasSpecialSpaceInPattern}, {"Sept", isSept},
         {"first day of 1950", isFirstDayOfCentury},  {"before 1582", isBeforeGregorianCalendar}};
-    const QList<QJsonObject> texts = rowsOf(QStringLiteral("formatters/date_texts.jsonl"));
+    const QList<QJsonObject> texts = rowsOf(u"formatters/date_texts.jsonl"_s);
     int same = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("formatters/date_parse.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"formatters/date_parse.jsonl"_s)) {
         NSDateFormatter formatter;
         configure(&formatter, row);
         for (const QJsonObject &text : texts) {
@@ -198,19 +199,17 @@ namespace {
 /// The pattern that ours has for what the locale data say.
 QString withPlainJoints(QString pattern)
 {
-    static const QRegularExpression special(QStringLiteral("[\u202F\u00A0\u2009]"));
-    static const QRegularExpression joint(
-        QStringLiteral("(?<=[yd]), (?=[hH])| 'at' | 'um' (?=[hH])"));
-    pattern.replace(special, QStringLiteral(" "));
-    return pattern.replace(joint, QStringLiteral(" "));
+    static const QRegularExpression special(u"[\u202F\u00A0\u2009]"_s);
+    static const QRegularExpression joint(u"(?<=[yd]), (?=[hH])| 'at' | 'um' (?=[hH])"_s);
+    pattern.replace(special, u" "_s);
+    return pattern.replace(joint, u" "_s);
 }
 
 QString withPlainJointsInText(QString text)
 {
-    static const QRegularExpression joint(
-        QStringLiteral("(?<=\\d), (?=\\d{1,2}:)| (at|um) (?=\\d{1,2}:)"));
+    static const QRegularExpression joint(u"(?<=\\d), (?=\\d{1,2}:)| (at|um) (?=\\d{1,2}:)"_s);
     text.replace(u'\u202F', u' ');
-    return text.replace(joint, QStringLiteral(" "));
+    return text.replace(joint, u" "_s);
 }
 
 bool isBeforeGregorianCalendar(double secondsSinceReference)
@@ -222,7 +221,7 @@ bool isBeforeGregorianCalendar(double secondsSinceReference)
 TEST(NSDateFormatterTables, HaveTheStylesOfLocales)
 {
     int joined = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("formatters/date_styles.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"formatters/date_styles.jsonl"_s)) {
         NSDateFormatter formatter;
         configure(&formatter, row);
         formatter.setDateStyle(unsigned(row[u"dateStyle"].toInt()));

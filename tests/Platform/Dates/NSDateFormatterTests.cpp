@@ -2,6 +2,8 @@
 
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -15,7 +17,7 @@ struct American : NSDateFormatter
 {
     American()
     {
-        setLocale(NSLocale(QStringLiteral("en_US")));
+        setLocale(NSLocale(u"en_US"_s));
         setTimeZone(newYork());
     }
 };
@@ -29,17 +31,16 @@ QDateTime inNewYork(int year, int month, int day, int hour = 0, int minute = 0, 
 TEST(NSDateFormatter, RunsItsExample)
 {
     American formatter;
-    formatter.setDateFormat(QStringLiteral("M/d/yy"));
-    const QDateTime date = formatter.dateFromString(QStringLiteral("3/5/08"));
+    formatter.setDateFormat(u"M/d/yy"_s);
+    const QDateTime date = formatter.dateFromString(u"3/5/08"_s);
     EXPECT_EQ(date, inNewYork(2008, 3, 5));
     EXPECT_EQ(formatter.stringFromDate(date), u"3/5/08");
     formatter.setDateStyle(NSDateFormatterLongStyle);
     EXPECT_EQ(formatter.stringFromDate(date), u"March 5, 2008");
-    formatter.setDateFormat(QStringLiteral("M/d/yy"));
+    formatter.setDateFormat(u"M/d/yy"_s);
     NSRange range{0, 14};
     QVariant value;
-    EXPECT_TRUE(
-        formatter.getObjectValue(&value, QStringLiteral("3/5/08 5:30 PM"), &range, nullptr));
+    EXPECT_TRUE(formatter.getObjectValue(&value, u"3/5/08 5:30 PM"_s, &range, nullptr));
     EXPECT_EQ(range, (NSRange{0, 6}));
     EXPECT_EQ(value.toDateTime(), date);
 }
@@ -61,30 +62,29 @@ TEST(NSDateFormatter, StartsWithNothing)
 TEST(NSDateFormatter, TakesMissingFieldsFromTheDefaultDate)
 {
     American formatter;
-    formatter.setDateFormat(QStringLiteral("M/d"));
-    EXPECT_EQ(formatter.dateFromString(QStringLiteral("3/5")), inNewYork(2000, 3, 5));
+    formatter.setDateFormat(u"M/d"_s);
+    EXPECT_EQ(formatter.dateFromString(u"3/5"_s), inNewYork(2000, 3, 5));
     formatter.setDefaultDate(inNewYork(2008, 2, 20, 12));
-    EXPECT_EQ(formatter.dateFromString(QStringLiteral("3/5")), inNewYork(2008, 3, 5, 12));
-    formatter.setDateFormat(QStringLiteral("k:m"));
-    EXPECT_EQ(formatter.dateFromString(QStringLiteral("9:05")), inNewYork(2008, 2, 20, 9, 5));
-    formatter.setDateFormat(QStringLiteral("h:m"));
-    EXPECT_EQ(formatter.dateFromString(QStringLiteral("9:05")), inNewYork(2008, 2, 20, 21, 5));
+    EXPECT_EQ(formatter.dateFromString(u"3/5"_s), inNewYork(2008, 3, 5, 12));
+    formatter.setDateFormat(u"k:m"_s);
+    EXPECT_EQ(formatter.dateFromString(u"9:05"_s), inNewYork(2008, 2, 20, 9, 5));
+    formatter.setDateFormat(u"h:m"_s);
+    EXPECT_EQ(formatter.dateFromString(u"9:05"_s), inNewYork(2008, 2, 20, 21, 5));
 }
 
 TEST(NSDateFormatter, KeepsTheDateWhenTheWeekdayComesLast)
 {
     American formatter;
-    formatter.setLocale(NSLocale(QStringLiteral("zh_CN")));
+    formatter.setLocale(NSLocale(u"zh_CN"_s));
     formatter.setDefaultDate(inNewYork(2008, 2, 20, 12));
     formatter.setDateStyle(NSDateFormatterFullStyle);
-    EXPECT_EQ(formatter.dateFromString(QStringLiteral("2008年9月5日星期五")),
-              inNewYork(2008, 9, 5, 12));
+    EXPECT_EQ(formatter.dateFromString(u"2008年9月5日星期五"_s), inNewYork(2008, 9, 5, 12));
 }
 
 TEST(NSDateFormatter, ReadsABareHourOnlyAsTheWholeText)
 {
     American formatter;
-    formatter.setDateFormat(QStringLiteral("ha"));
+    formatter.setDateFormat(u"ha"_s);
     formatter.setDefaultDate(inNewYork(2008, 2, 20, 12));
     for (const char16_t *const text : {u"5", u"05", u"12", u"5:", u" 5", u"5pm", u"5 PM"})
         EXPECT_TRUE(formatter.getObjectValue(nullptr, QString::fromUtf16(text), nullptr, nullptr))
@@ -121,12 +121,12 @@ TEST(NSDateFormatter, TakesThePatternFromTheStyles)
     formatter.setTimeStyle(NSDateFormatterShortStyle);
     EXPECT_EQ(formatter.dateFormat(), u"M/d/yy h:mm a");
     EXPECT_EQ(formatter.stringFromDate(date), u"3/5/08 5:30 PM");
-    formatter.setDateFormat(QStringLiteral("d MMM"));
+    formatter.setDateFormat(u"d MMM"_s);
     EXPECT_EQ(formatter.dateStyle(), 1U);
     EXPECT_EQ(formatter.stringFromDate(date), u"5 Mar");
     formatter.setDateFormat(QString());
     EXPECT_EQ(formatter.dateFormat(), u"M/d/yy h:mm a");
-    formatter.setDateFormat(QStringLiteral("d MMM"));
+    formatter.setDateFormat(u"d MMM"_s);
     formatter.setTimeStyle(NSDateFormatterNoStyle);
     EXPECT_EQ(formatter.dateFormat(), u"M/d/yy");
     formatter.setDateStyle(99);
@@ -142,11 +142,11 @@ TEST(NSDateFormatter, FollowsItsLocale)
     American formatter;
     const QDateTime date = inNewYork(2008, 3, 5, 17, 30, 15);
     formatter.setDateStyle(NSDateFormatterFullStyle);
-    formatter.setLocale(NSLocale(QStringLiteral("de_DE")));
+    formatter.setLocale(NSLocale(u"de_DE"_s));
     EXPECT_EQ(formatter.stringFromDate(date), u"Mittwoch, 5. März 2008");
-    formatter.setLocale(NSLocale(QStringLiteral("ja_JP")));
+    formatter.setLocale(NSLocale(u"ja_JP"_s));
     EXPECT_EQ(formatter.stringFromDate(date), u"2008年3月5日水曜日");
-    formatter.setLocale(NSLocale(QStringLiteral("ja_JP@calendar=japanese")));
+    formatter.setLocale(NSLocale(u"ja_JP@calendar=japanese"_s));
     EXPECT_EQ(formatter.stringFromDate(date), u"平成20年3月5日水曜日");
     EXPECT_EQ(formatter.locale().localeIdentifier(), u"ja_JP@calendar=japanese");
 }
@@ -154,8 +154,8 @@ TEST(NSDateFormatter, FollowsItsLocale)
 TEST(NSDateFormatter, IsOfTheUsersLocaleAtFirst)
 {
     NSDateFormatter formatter;
-    NSLocale::setCurrentLocale(NSLocale(QStringLiteral("fr_FR")));
-    formatter.setDateFormat(QStringLiteral("EEEE"));
+    NSLocale::setCurrentLocale(NSLocale(u"fr_FR"_s));
+    formatter.setDateFormat(u"EEEE"_s);
     EXPECT_EQ(formatter.stringFromDate(inNewYork(2008, 3, 5, 12)), u"mercredi");
     NSLocale::resetCurrentLocale();
     EXPECT_EQ(formatter.locale().localeIdentifier(), u"fr_FR");
@@ -164,7 +164,7 @@ TEST(NSDateFormatter, IsOfTheUsersLocaleAtFirst)
 TEST(NSDateFormatter, FollowsItsZoneAndCalendar)
 {
     American formatter;
-    formatter.setDateFormat(QStringLiteral("d HH:mm z"));
+    formatter.setDateFormat(u"d HH:mm z"_s);
     const QDateTime date = inNewYork(2008, 3, 5, 17, 30);
     EXPECT_EQ(formatter.stringFromDate(date), u"5 17:30 EST");
     formatter.setTimeZone(QTimeZone("Asia/Tokyo"));
@@ -182,7 +182,7 @@ TEST(NSDateFormatter, FollowsItsZoneAndCalendar)
 TEST(NSDateFormatter, TakesWhatACalendarSaysAboutWeeks)
 {
     American formatter;
-    formatter.setDateFormat(QStringLiteral("w"));
+    formatter.setDateFormat(u"w"_s);
     const QDateTime date = inNewYork(2010, 1, 1, 12);
     EXPECT_EQ(formatter.stringFromDate(date), u"1");
     NSCalendar calendar(NSGregorianCalendar);
@@ -198,14 +198,14 @@ TEST(NSDateFormatter, UsesTheNamesThatWereSet)
     American formatter;
     QStringList months = formatter.symbols(Symbols::Month);
     EXPECT_EQ(months.size(), 12);
-    months[2] = QStringLiteral("Ventôse");
+    months[2] = u"Ventôse"_s;
     formatter.setSymbols(Symbols::Month, months);
-    formatter.setDateFormat(QStringLiteral("d MMMM yyyy"));
+    formatter.setDateFormat(u"d MMMM yyyy"_s);
     EXPECT_EQ(formatter.stringFromDate(inNewYork(2008, 3, 5, 12)), u"5 Ventôse 2008");
-    EXPECT_EQ(formatter.dateFromString(QStringLiteral("5 ventôse 2008")), inNewYork(2008, 3, 5));
-    EXPECT_FALSE(formatter.dateFromString(QStringLiteral("5 march 2008")).isValid());
-    formatter.setPMSymbol(QStringLiteral("o'clock in the evening"));
-    formatter.setDateFormat(QStringLiteral("h a"));
+    EXPECT_EQ(formatter.dateFromString(u"5 ventôse 2008"_s), inNewYork(2008, 3, 5));
+    EXPECT_FALSE(formatter.dateFromString(u"5 march 2008"_s).isValid());
+    formatter.setPMSymbol(u"o'clock in the evening"_s);
+    formatter.setDateFormat(u"h a"_s);
     EXPECT_EQ(formatter.stringFromDate(inNewYork(2008, 3, 5, 17)), u"5 o'clock in the evening");
     EXPECT_EQ(American().PMSymbol(), u"PM");
 }
@@ -233,11 +233,11 @@ TEST(NSDateFormatter, HasEverySymbolList)
 TEST(NSDateFormatter, MakesDatesOfItsZoneOnRequest)
 {
     American formatter;
-    formatter.setDateFormat(QStringLiteral("M/d/yy"));
-    const QDateTime plain = formatter.dateFromString(QStringLiteral("3/5/08"));
+    formatter.setDateFormat(u"M/d/yy"_s);
+    const QDateTime plain = formatter.dateFromString(u"3/5/08"_s);
     EXPECT_EQ(plain.timeSpec(), Qt::UTC);
     formatter.setGeneratesCalendarDates(true);
-    const QDateTime calendarDate = formatter.dateFromString(QStringLiteral("3/5/08"));
+    const QDateTime calendarDate = formatter.dateFromString(u"3/5/08"_s);
     EXPECT_EQ(calendarDate.timeZone(), newYork());
     EXPECT_EQ(calendarDate.time(), QTime(0, 0));
     EXPECT_EQ(plain, calendarDate);
@@ -246,20 +246,20 @@ TEST(NSDateFormatter, MakesDatesOfItsZoneOnRequest)
 TEST(NSDateFormatter, ShowsDatesOnly)
 {
     American formatter;
-    formatter.setDateFormat(QStringLiteral("M/d/yy"));
+    formatter.setDateFormat(u"M/d/yy"_s);
     const QDateTime date = inNewYork(2008, 3, 5);
     EXPECT_EQ(formatter.stringForObjectValue(date), u"3/5/08");
     EXPECT_EQ(formatter.editingStringForObjectValue(date), u"3/5/08");
     EXPECT_TRUE(formatter.stringForObjectValue(QDateTime()).isNull());
     EXPECT_TRUE(formatter.stringForObjectValue(QVariant()).isNull());
-    EXPECT_TRUE(formatter.stringForObjectValue(QStringLiteral("3/5/08")).isNull());
+    EXPECT_TRUE(formatter.stringForObjectValue(u"3/5/08"_s).isNull());
     EXPECT_TRUE(formatter.stringForObjectValue(5).isNull());
     EXPECT_TRUE(formatter.stringFromDate(QDateTime()).isNull());
 }
 
 TEST(NSDateFormatter, KeepsItsSettings)
 {
-    NSDateFormatter formatter(QStringLiteral("%d"), true);
+    NSDateFormatter formatter(u"%d"_s, true);
     EXPECT_EQ(formatter.formatterBehavior(), NSDateFormatterBehavior10_0);
     EXPECT_TRUE(formatter.allowsNaturalLanguage());
     EXPECT_EQ(formatter.dateFormat(), u"%d");
@@ -272,7 +272,7 @@ TEST(NSDateFormatter, KeepsItsSettings)
     EXPECT_EQ(formatter.defaultDate(), inNewYork(2008, 3, 5));
     formatter.setDefaultDate(QDateTime());
     EXPECT_FALSE(formatter.defaultDate().isValid());
-    formatter.setDateFormat(QStringLiteral("d"));
+    formatter.setDateFormat(u"d"_s);
     EXPECT_EQ(formatter.stringFromDate(inNewYork(2008, 3, 5)), u"5");
     formatter.setFormatterBehavior(NSDateFormatterBehaviorDefault);
     EXPECT_EQ(formatter.stringFromDate(inNewYork(2008, 3, 5)), u"5");

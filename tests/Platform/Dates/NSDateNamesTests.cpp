@@ -4,6 +4,8 @@
 
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -20,8 +22,8 @@ QString find(const NSDateNameList &list, const QString &text)
 {
     const NSDateName name = list.find(text);
     if (!name.isDecided)
-        return QStringLiteral("?");
-    return QStringLiteral("%1:%2").arg(name.index).arg(name.length);
+        return u"?"_s;
+    return u"%1:%2"_s.arg(name.index).arg(name.length);
 }
 
 QString find(const NSDateNameList &list, const char16_t *text)

@@ -2,6 +2,8 @@
 
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -168,20 +170,20 @@ TEST(NSDatePattern, AsksForDigits)
 
 TEST(NSDatePattern, IsSharedByItsText)
 {
-    const auto first = NSDatePattern::patternOf(QStringLiteral("M/d/yy"));
-    EXPECT_EQ(first, NSDatePattern::patternOf(QStringLiteral("M/d/yy")));
-    EXPECT_NE(first, NSDatePattern::patternOf(QStringLiteral("M/d/yyyy")));
-    EXPECT_NE(first->number, NSDatePattern::patternOf(QStringLiteral("M/d/yyyy"))->number);
+    const auto first = NSDatePattern::patternOf(u"M/d/yy"_s);
+    EXPECT_EQ(first, NSDatePattern::patternOf(u"M/d/yy"_s));
+    EXPECT_NE(first, NSDatePattern::patternOf(u"M/d/yyyy"_s));
+    EXPECT_NE(first->number, NSDatePattern::patternOf(u"M/d/yyyy"_s)->number);
     const QString endless(1000, u'd');
     EXPECT_NE(NSDatePattern::patternOf(endless), NSDatePattern::patternOf(endless));
 }
 
 TEST(NSDatePattern, ForgetsPatternsWhenThereAreTooMany)
 {
-    const auto first = NSDatePattern::patternOf(QStringLiteral("d 'kept'"));
+    const auto first = NSDatePattern::patternOf(u"d 'kept'"_s);
     for (int count = 0; count < 5000; ++count)
-        NSDatePattern::patternOf(QStringLiteral("d '%1'").arg(count));
-    const auto second = NSDatePattern::patternOf(QStringLiteral("d 'kept'"));
+        NSDatePattern::patternOf(u"d '%1'"_s.arg(count));
+    const auto second = NSDatePattern::patternOf(u"d 'kept'"_s);
     EXPECT_EQ(first->text, second->text);
     EXPECT_NE(first->number, second->number);
 }

@@ -4,6 +4,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -51,7 +53,7 @@ protected:
         }
         EXPECT_TRUE(error.isNull());
         const QDateTime date = value.toDateTime().toTimeZone(newYork());
-        return date.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+        return date.toString(u"yyyy-MM-dd HH:mm:ss"_s);
     }
 
     template<typename Rows>
@@ -271,26 +273,26 @@ TEST_F(NSNaturalLanguageDate, CountsFromTheDefaultDate)
 {
     const auto formatter = formatterOf("en_US");
     formatter->setDefaultDate(QDateTime(QDate(2010, 5, 31), QTime(12, 0), newYork()));
-    EXPECT_EQ(read(*formatter, QStringLiteral("tomorrow")), u"2010-06-01 12:00:00");
-    EXPECT_EQ(read(*formatter, QStringLiteral("5")), u"2010-05-31 05:00:00");
-    EXPECT_EQ(read(*formatter, QStringLiteral("next month")), u"2010-06-30 12:00:00");
-    EXPECT_EQ(read(*formatter, QStringLiteral("in 2 hours")), u"2008-02-20 17:30:00");
+    EXPECT_EQ(read(*formatter, u"tomorrow"_s), u"2010-06-01 12:00:00");
+    EXPECT_EQ(read(*formatter, u"5"_s), u"2010-05-31 05:00:00");
+    EXPECT_EQ(read(*formatter, u"next month"_s), u"2010-06-30 12:00:00");
+    EXPECT_EQ(read(*formatter, u"in 2 hours"_s), u"2008-02-20 17:30:00");
 }
 
 TEST_F(NSNaturalLanguageDate, ReadsASkippedHourAnHourOn)
 {
     const auto formatter = formatterOf("en_US");
-    EXPECT_EQ(read(*formatter, QStringLiteral("March 9, 2008 2:30")), u"2008-03-09 03:30:00");
-    EXPECT_EQ(read(*formatter, QStringLiteral("November 2, 2008 1:30")), u"2008-11-02 01:30:00");
+    EXPECT_EQ(read(*formatter, u"March 9, 2008 2:30"_s), u"2008-03-09 03:30:00");
+    EXPECT_EQ(read(*formatter, u"November 2, 2008 1:30"_s), u"2008-11-02 01:30:00");
 }
 
 TEST_F(NSNaturalLanguageDate, IsReadOnlyWhereAllowed)
 {
-    NSDateFormatter formatter(QStringLiteral("%m/%d/%y"), false);
-    formatter.setLocale(NSLocale(QStringLiteral("en_US")));
+    NSDateFormatter formatter(u"%m/%d/%y"_s, false);
+    formatter.setLocale(NSLocale(u"en_US"_s));
     EXPECT_FALSE(formatter.allowsNaturalLanguage());
-    EXPECT_FALSE(formatter.dateFromString(QStringLiteral("tomorrow")).isValid());
-    EXPECT_TRUE(formatter.dateFromString(QStringLiteral("3/4/08")).isValid());
+    EXPECT_FALSE(formatter.dateFromString(u"tomorrow"_s).isValid());
+    EXPECT_TRUE(formatter.dateFromString(u"3/4/08"_s).isValid());
 }
 
 TEST_F(NSNaturalLanguageDate, SurvivesHostileTexts)

@@ -4,6 +4,8 @@
 
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -18,8 +20,7 @@ NSNaturalLanguageWords wordsOf(const char *locale)
     return NSNaturalLanguageWords(*environmentOf(locale));
 }
 
-std::optional<NSNaturalLanguageSaid> read(const QString &text,
-                                          const QString &order = QStringLiteral("mdy"))
+std::optional<NSNaturalLanguageSaid> read(const QString &text, const QString &order = u"mdy"_s)
 {
     static const NSNaturalLanguageWords words = wordsOf("en_US");
     return NSNaturalLanguageReader(words, text, order, 1950).read();
@@ -27,7 +28,7 @@ std::optional<NSNaturalLanguageSaid> read(const QString &text,
 
 QString partOf(const char *name, const std::optional<int> &value)
 {
-    return value ? QStringLiteral("%1=%2 ").arg(QLatin1String(name)).arg(*value) : QString();
+    return value ? u"%1=%2 "_s.arg(QLatin1String(name)).arg(*value) : QString();
 }
 
 /// Everything that was said, in one line; null if nothing was understood.
@@ -35,15 +36,15 @@ QString describe(const std::optional<NSNaturalLanguageSaid> &said)
 {
     if (!said)
         return QString();
-    QString text = said->isNow ? QStringLiteral("now ") : QStringLiteral("");
+    QString text = said->isNow ? u"now "_s : u""_s;
     text += partOf("days", said->daysFromToday) + partOf("weekday", said->weekday);
     text += said->weekdayDirection != 0 ? partOf("direction", said->weekdayDirection) : QString();
     text += partOf("y", said->year) + partOf("m", said->month) + partOf("d", said->day);
     for (const NSNaturalLanguageSaid::Move &move : said->moves)
-        text += QStringLiteral("move=%1*%2 ").arg(move.unit).arg(move.amount);
+        text += u"move=%1*%2 "_s.arg(move.unit).arg(move.amount);
     text += partOf("h", said->hour);
     if (said->hour)
-        text += QStringLiteral("%1:%2 ").arg(said->minute).arg(said->second);
+        text += u"%1:%2 "_s.arg(said->minute).arg(said->second);
     text += partOf("half", said->half);
     return text.trimmed();
 }
@@ -225,13 +226,13 @@ TEST(NSNaturalLanguageWords, AreSharedByLanguage)
 
 TEST(NSNaturalLanguageWords, FollowTheNamesOfAFormatter)
 {
-    NSDateFormatter formatter(QStringLiteral("%m/%d/%y"), true);
-    formatter.setLocale(NSLocale(QStringLiteral("en_US")));
+    NSDateFormatter formatter(u"%m/%d/%y"_s, true);
+    formatter.setLocale(NSLocale(u"en_US"_s));
     QStringList months = formatter.symbols(NSDateFormatterSymbols::Month);
-    months[2] = QStringLiteral("Ventôse");
+    months[2] = u"Ventôse"_s;
     formatter.setSymbols(NSDateFormatterSymbols::Month, months);
-    EXPECT_TRUE(formatter.dateFromString(QStringLiteral("5 ventôse 2008")).isValid());
-    NSDateFormatter other(QStringLiteral("%m/%d/%y"), true);
-    other.setLocale(NSLocale(QStringLiteral("en_US")));
-    EXPECT_FALSE(other.dateFromString(QStringLiteral("5 ventôse 2008")).isValid());
+    EXPECT_TRUE(formatter.dateFromString(u"5 ventôse 2008"_s).isValid());
+    NSDateFormatter other(u"%m/%d/%y"_s, true);
+    other.setLocale(NSLocale(u"en_US"_s));
+    EXPECT_FALSE(other.dateFromString(u"5 ventôse 2008"_s).isValid());
 }

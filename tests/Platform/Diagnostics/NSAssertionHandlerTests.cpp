@@ -9,6 +9,8 @@
 
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 class RecordingHandler : public NSAssertionHandler
 {
@@ -24,9 +26,8 @@ public:
 
 void fail(const NSAssertionSubject &subject)
 {
-    NSAssertionHandler::currentHandler()->handleFailureInMethod(QStringLiteral("check:"), subject,
-                                                                QStringLiteral("dir/File.cpp"), 9,
-                                                                QStringLiteral("why"));
+    NSAssertionHandler::currentHandler()->handleFailureInMethod(u"check:"_s, subject,
+                                                                u"dir/File.cpp"_s, 9, u"why"_s);
 }
 } // namespace
 
@@ -34,8 +35,7 @@ TEST(NSAssertionHandler, LogsAndRaises)
 {
     const TestField field;
     const QString log = testing_support::standardErrorOf([&] {
-        EXPECT_RAISES(fail(NSAssertionSubject(&field)), NSInternalInconsistencyException,
-                      QStringLiteral("why"));
+        EXPECT_RAISES(fail(NSAssertionSubject(&field)), NSInternalInconsistencyException, u"why"_s);
     });
     EXPECT_TRUE(log.endsWith(u"*** Assertion failure in -[TestField check:], dir/File.cpp:9\n"))
         << log.toStdString();
@@ -43,9 +43,8 @@ TEST(NSAssertionHandler, LogsAndRaises)
 
 TEST(NSAssertionHandler, ClassesAreMarkedWithAPlus)
 {
-    const QString log = testing_support::standardErrorOf([] {
-        EXPECT_THROW(fail(NSAssertionSubject::classNamed(QStringLiteral("A"))), NSException);
-    });
+    const QString log = testing_support::standardErrorOf(
+        [] { EXPECT_THROW(fail(NSAssertionSubject::classNamed(u"A"_s)), NSException); });
     EXPECT_TRUE(log.contains(u"in +[A check:]"));
 }
 
@@ -53,11 +52,11 @@ TEST(NSAssertionHandler, CanBeReplacedForOneThread)
 {
     RecordingHandler handler;
     NSAssertionHandler::setCurrentHandler(&handler);
-    fail(NSAssertionSubject::classNamed(QStringLiteral("A")));
+    fail(NSAssertionSubject::classNamed(u"A"_s));
     bool isOwnInThread = false;
     std::thread([&] { isOwnInThread = NSAssertionHandler::currentHandler() != &handler; }).join();
     NSAssertionHandler::setCurrentHandler(nullptr);
-    EXPECT_EQ(handler.record, QStringLiteral("check: 9 why"));
+    EXPECT_EQ(handler.record, u"check: 9 why"_s);
     EXPECT_TRUE(isOwnInThread);
     EXPECT_NE(NSAssertionHandler::currentHandler(), &handler);
 }
@@ -65,7 +64,7 @@ TEST(NSAssertionHandler, CanBeReplacedForOneThread)
 TEST(NSLog, WritesOneLineInThePlatformsForm)
 {
     const QString log = testing_support::standardErrorOf([] { NSLog(u"%@ is %d", u"é", 7); });
-    static const QRegularExpression form(QStringLiteral(
-        "^\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\.\\d{3} \\S+\\[\\d+:[0-9a-f]+\\] é is 7\\n$"));
+    static const QRegularExpression form(
+        u"^\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\.\\d{3} \\S+\\[\\d+:[0-9a-f]+\\] é is 7\\n$"_s);
     EXPECT_TRUE(form.match(log).hasMatch()) << log.toStdString();
 }

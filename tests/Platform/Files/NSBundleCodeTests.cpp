@@ -15,24 +15,26 @@
 #include <unistd.h>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 using namespace plugin_support;
 using namespace testing_support;
 
 namespace {
-const QString goodClass = QStringLiteral("GoodExporter");
+const QString goodClass = u"GoodExporter"_s;
 
 QString goodModule()
 {
-    return builtModule(QStringLiteral("GoodPlugIn1"));
+    return builtModule(u"GoodPlugIn1"_s);
 }
 
 /// A bundle whose module is these bytes.
 QString bundleWithModule(const QByteArray &bytes)
 {
     const QString home = useFreshHome();
-    const QString module = home + QStringLiteral("/module");
+    const QString module = home + u"/module"_s;
     writeFile(module, bytes);
-    return makeBundle(home, QStringLiteral("Made"), information(goodIdentifier, goodClass), module);
+    return makeBundle(home, u"Made"_s, information(goodIdentifier, goodClass), module);
 }
 
 /// How much of a module is mapped.
@@ -88,22 +90,20 @@ QString loadError(const QString &bundlePath)
 
 TEST(NSBundleCode, EntriesOfAFolderAreFoundByTypeInOrder)
 {
-    const QString folder = useFreshHome() + QStringLiteral("/entries");
+    const QString folder = useFreshHome() + u"/entries"_s;
     for (const char16_t *name : {u"b.bundle", u"a.b.bundle", u"C.bundle", u"ä.bundle"})
         QDir().mkpath(folder + u'/' + QString::fromUtf16(name) + u"/inner.bundle");
     for (const char16_t *name : {u"file.bundle", u".bundle", u"x.Bundle", u"bundle", u"x.bundles"})
         writeFile(folder + u'/' + QString::fromUtf16(name), "");
-    QFile::link(QStringLiteral("/nowhere"), folder + u"/link.bundle");
+    QFile::link(u"/nowhere"_s, folder + u"/link.bundle");
 
     QStringList names;
-    for (const QString &path :
-         NSBundle::pathsForResourcesOfType(QStringLiteral("bundle"), folder)) {
+    for (const QString &path : NSBundle::pathsForResourcesOfType(u"bundle"_s, folder)) {
         EXPECT_TRUE(path.startsWith(folder + u'/'));
         names += path.mid(folder.size() + 1);
     }
-    const QStringList expected = {QStringLiteral("C.bundle"),    QStringLiteral("a.b.bundle"),
-                                  QStringLiteral("b.bundle"),    QStringLiteral("file.bundle"),
-                                  QStringLiteral("link.bundle"), QStringLiteral("ä.bundle")};
+    const QStringList expected = {u"C.bundle"_s,    u"a.b.bundle"_s,  u"b.bundle"_s,
+                                  u"file.bundle"_s, u"link.bundle"_s, u"ä.bundle"_s};
     EXPECT_EQ(names, expected);
 }
 
@@ -112,23 +112,23 @@ TEST(NSBundleCode, WhatIsNoFolderHasNoEntries)
     const QString home = useFreshHome();
     writeFile(home + u"/file", "");
     for (const QString &folder : {QString(home + u"/none"), QString(home + u"/file")})
-        EXPECT_TRUE(NSBundle::pathsForResourcesOfType(QStringLiteral("bundle"), folder).isEmpty());
+        EXPECT_TRUE(NSBundle::pathsForResourcesOfType(u"bundle"_s, folder).isEmpty());
     for (const QString &text : hostileTexts()) {
-        EXPECT_TRUE(NSBundle::pathsForResourcesOfType(QStringLiteral("bundle"), text).isEmpty());
+        EXPECT_TRUE(NSBundle::pathsForResourcesOfType(u"bundle"_s, text).isEmpty());
         EXPECT_TRUE(NSBundle::pathsForResourcesOfType(u"no such" + text, home).isEmpty());
     }
 }
 
 TEST(NSBundleCode, TheExecutableIsLookedForInThreeFoldersUnderTwoNames)
 {
-    const QString bundle = makeBundle(useFreshHome(), QStringLiteral("Probe"),
-                                      information(goodIdentifier, goodClass), QString());
-    const QStringList inOrderOfPreference = {QStringLiteral("/Contents/Linux/Code"),
-                                             QStringLiteral("/Contents/Linux/libCode.so"),
-                                             QStringLiteral("/Contents/Code"),
-                                             QStringLiteral("/Contents/libCode.so"),
-                                             QStringLiteral("/Code"),
-                                             QStringLiteral("/libCode.so")};
+    const QString bundle =
+        makeBundle(useFreshHome(), u"Probe"_s, information(goodIdentifier, goodClass), QString());
+    const QStringList inOrderOfPreference = {u"/Contents/Linux/Code"_s,
+                                             u"/Contents/Linux/libCode.so"_s,
+                                             u"/Contents/Code"_s,
+                                             u"/Contents/libCode.so"_s,
+                                             u"/Code"_s,
+                                             u"/libCode.so"_s};
     for (const char16_t *other :
          {u"/Contents/Linux/Code.so", u"/Contents/MacOS/Code", u"/Contents/Linux/Probe"})
         writeFile(bundle + QString::fromUtf16(other), "");
@@ -141,9 +141,8 @@ TEST(NSBundleCode, TheExecutableIsLookedForInThreeFoldersUnderTwoNames)
 
 TEST(NSBundleCode, WithoutANameTheExecutableIsNamedAfterTheBundle)
 {
-    const QString bundle =
-        makeBundle(useFreshHome(), QStringLiteral("My.Own"),
-                   {{QStringLiteral("CFBundleIdentifier"), goodIdentifier}}, QString());
+    const QString bundle = makeBundle(useFreshHome(), u"My.Own"_s,
+                                      {{u"CFBundleIdentifier"_s, goodIdentifier}}, QString());
     const QString executable = bundle + u"/Contents/Linux/libMy.Own.so";
     writeFile(executable, "");
     EXPECT_EQ(NSBundle(bundle).executablePath(), executable);
@@ -153,12 +152,10 @@ TEST(NSBundleCode, WithoutANameTheExecutableIsNamedAfterTheBundle)
 TEST(NSBundleCode, NamesThatLeaveTheBundleNameNoExecutable)
 {
     for (const QString &name :
-         {QStringLiteral("../Linux/Code"), QStringLiteral("/bin/ls"), QStringLiteral(".."),
-          QStringLiteral("."), QStringLiteral("Linux/Code")}) {
+         {u"../Linux/Code"_s, u"/bin/ls"_s, u".."_s, u"."_s, u"Linux/Code"_s}) {
         QVariantMap entries = information(goodIdentifier, goodClass);
-        entries.insert(QStringLiteral("CFBundleExecutable"), name);
-        const QString bundle =
-            makeBundle(useFreshHome(), QStringLiteral("Leaving"), entries, goodModule());
+        entries.insert(u"CFBundleExecutable"_s, name);
+        const QString bundle = makeBundle(useFreshHome(), u"Leaving"_s, entries, goodModule());
         EXPECT_TRUE(NSBundle(bundle).executablePath().isNull());
         EXPECT_TRUE(loadError(bundle).contains(u"there is no executable"));
     }
@@ -166,8 +163,8 @@ TEST(NSBundleCode, NamesThatLeaveTheBundleNameNoExecutable)
 
 TEST(NSBundleCode, AFolderIsNoExecutable)
 {
-    const QString bundle = makeBundle(useFreshHome(), QStringLiteral("Folder"),
-                                      information(goodIdentifier, goodClass), QString());
+    const QString bundle =
+        makeBundle(useFreshHome(), u"Folder"_s, information(goodIdentifier, goodClass), QString());
     QDir().mkpath(bundle + u"/Contents/Linux/Code");
     EXPECT_TRUE(NSBundle(bundle).executablePath().isNull());
 }
@@ -178,8 +175,7 @@ TEST(NSBundleCode, TheBuildMakesBundles)
     EXPECT_EQ(bundle.bundleIdentifier(), goodIdentifier);
     EXPECT_EQ(bundle.principalClassName(), goodClass);
     EXPECT_EQ(bundle.executablePath(), goodModule());
-    EXPECT_EQ(contentsOf(bundle.pathForResource(QStringLiteral("Hello"), QStringLiteral("txt"))),
-              "Hello from a plug-in.\n");
+    EXPECT_EQ(contentsOf(bundle.pathForResource(u"Hello"_s, u"txt"_s)), "Hello from a plug-in.\n");
     QString error;
     EXPECT_NE(bundle.principalClass(&error), nullptr) << error.toStdString();
 }
@@ -189,7 +185,7 @@ TEST(NSBundleCode, LoadingFindsClassesAndUnloadingTakesThemOutOfReach)
     NSBundle bundle(makeGoodBundle(useFreshHome()));
     const NSBundle copy = bundle;
     EXPECT_FALSE(bundle.isLoaded());
-    QString error = QStringLiteral("old");
+    QString error = u"old"_s;
     EXPECT_TRUE(bundle.load(&error));
     EXPECT_TRUE(error.isNull());
     EXPECT_TRUE(bundle.load());
@@ -200,7 +196,7 @@ TEST(NSBundleCode, LoadingFindsClassesAndUnloadingTakesThemOutOfReach)
     ASSERT_NE(found, nullptr);
     EXPECT_EQ(found->name(), goodClass);
     EXPECT_EQ(bundle.classNamed(goodClass), found);
-    EXPECT_EQ(bundle.classNamed(QStringLiteral("Other"), &error), nullptr);
+    EXPECT_EQ(bundle.classNamed(u"Other"_s, &error), nullptr);
     EXPECT_EQ(error, bundle.executablePath() + u" registers no class Other");
 
     bundle.unload();
@@ -222,7 +218,7 @@ TEST(NSBundleCode, IsUsedLikeThis)
         exporter = exporterClass->newInstance();
     ASSERT_NE(exporter.get(), nullptr) << error.toStdString();
 
-    const NSClass *exporterClass = plugIn.classNamed(QStringLiteral("GoodExporter"));
+    const NSClass *exporterClass = plugIn.classNamed(u"GoodExporter"_s);
     ASSERT_NE(exporterClass, nullptr);
     EXPECT_TRUE(exporterClass->conformsToProtocol(NSProtocol::of<TestExporter>()));
     EXPECT_NE(qobject_cast<TestExporter *>(exporterClass->newInstance().get()), nullptr);
@@ -231,8 +227,8 @@ TEST(NSBundleCode, IsUsedLikeThis)
 TEST(NSBundleCode, TwoBundlesMayHoldClassesOfTheSameName)
 {
     const QString home = useFreshHome();
-    NSBundle first(makeGoodBundle(home, QStringLiteral("One"), 1));
-    NSBundle second(makeGoodBundle(home, QStringLiteral("Two"), 2));
+    NSBundle first(makeGoodBundle(home, u"One"_s, 1));
+    NSBundle second(makeGoodBundle(home, u"Two"_s, 2));
     const NSClass *const firstClass = first.principalClass();
     const NSClass *const secondClass = second.principalClass();
     ASSERT_NE(firstClass, nullptr);
@@ -250,7 +246,7 @@ TEST(NSBundleCode, AFileThatWasReplacedIsOtherCode)
     const QString home = useFreshHome();
     QSet<const NSClass *> classes;
     for (const int version : {1, 2, 1, 2}) {
-        NSBundle bundle(makeGoodBundle(home, QStringLiteral("Good"), version));
+        NSBundle bundle(makeGoodBundle(home, u"Good"_s, version));
         const NSClass *const found = bundle.principalClass();
         ASSERT_NE(found, nullptr);
         const std::unique_ptr<QObject> object = found->newInstance();
@@ -266,12 +262,12 @@ TEST(NSBundleCode, ThePathThatTheLoaderKnowsStaysThatOfTheCode)
     const QString home = useFreshHome();
     const qsizetype before = modulesLoadedByDescriptor().size();
     for (const int version : {1, 2}) {
-        NSBundle bundle(makeGoodBundle(home, QStringLiteral("Good"), version));
+        NSBundle bundle(makeGoodBundle(home, u"Good"_s, version));
         ASSERT_NE(bundle.principalClass(), nullptr);
         // Others may come to be opened in its place.
         std::vector<std::unique_ptr<QFile>> others;
         for (int number = 0; number < 20; ++number) {
-            others.push_back(std::make_unique<QFile>(QStringLiteral("/dev/null")));
+            others.push_back(std::make_unique<QFile>(u"/dev/null"_s));
             ASSERT_TRUE(others.back()->open(QIODevice::ReadOnly));
         }
         const QList<QByteArray> paths = modulesLoadedByDescriptor();
@@ -294,7 +290,7 @@ TEST(NSBundleCode, TheSameFileIsTheSameCode)
 
 TEST(NSBundleCode, WhatOthersMayWriteIsNotLoaded)
 {
-    const QString folder = useFreshHome() + QStringLiteral("/folder");
+    const QString folder = useFreshHome() + u"/folder"_s;
     const QString path = makeGoodBundle(folder);
     const QStringList places = {folder, path, QString(path + u"/Contents"),
                                 QString(path + u"/Contents/Linux"),
@@ -314,8 +310,8 @@ TEST(NSBundleCode, WhatOthersMayWriteIsNotLoaded)
 TEST(NSBundleCode, CodeOutsideOfTheBundleIsNotLoaded)
 {
     const QString home = useFreshHome();
-    const QString path = makeBundle(home, QStringLiteral("Linked"),
-                                    information(goodIdentifier, goodClass), QString());
+    const QString path =
+        makeBundle(home, u"Linked"_s, information(goodIdentifier, goodClass), QString());
     ASSERT_TRUE(QFile::link(goodModule(), path + u"/Contents/Linux/Code"));
     EXPECT_EQ(loadError(path), goodModule() + u" lies outside of the bundle");
 }
@@ -323,7 +319,7 @@ TEST(NSBundleCode, CodeOutsideOfTheBundleIsNotLoaded)
 TEST(NSBundleCode, ALinkToABundleIsThatBundle)
 {
     const QString home = useFreshHome();
-    const QString path = makeGoodBundle(home + QStringLiteral("/real"));
+    const QString path = makeGoodBundle(home + u"/real"_s);
     const QString link = home + u"/Link.bundle";
     ASSERT_TRUE(QFile::link(path, link));
     EXPECT_TRUE(NSBundle(link).load());
@@ -334,7 +330,7 @@ TEST(NSBundleCode, ALinkToABundleIsThatBundle)
 TEST(NSBundleCode, ALinkThatOthersMayChangeIsNotFollowed)
 {
     const QString home = useFreshHome();
-    const QString path = makeGoodBundle(home + QStringLiteral("/real"));
+    const QString path = makeGoodBundle(home + u"/real"_s);
     const QString open = home + u"/open";
     const QString link = open + u"/Link.bundle";
     const QString linkToLink = home + u"/Link.bundle";
@@ -348,8 +344,8 @@ TEST(NSBundleCode, ALinkThatOthersMayChangeIsNotFollowed)
 
 TEST(NSBundleCode, APipeInPlaceOfTheCodeIsRefusedAtOnce)
 {
-    const QString path = makeBundle(useFreshHome(), QStringLiteral("Pipe"),
-                                    information(goodIdentifier, goodClass), QString());
+    const QString path =
+        makeBundle(useFreshHome(), u"Pipe"_s, information(goodIdentifier, goodClass), QString());
     const QString pipe = path + u"/Contents/Linux/Code";
     ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
     EXPECT_EQ(loadError(path), pipe + u" is not a file");
@@ -404,9 +400,8 @@ TEST(NSBundleCode, AModuleWithoutASectionTableIsLoaded)
 
 TEST(NSBundleCode, AModuleWithoutClassesHasNone)
 {
-    NSBundle bundle(makeBundle(useFreshHome(), QStringLiteral("Other"),
-                               information(goodIdentifier, goodClass),
-                               builtModule(QStringLiteral("EmptyPlugIn"))));
+    NSBundle bundle(makeBundle(useFreshHome(), u"Other"_s, information(goodIdentifier, goodClass),
+                               builtModule(u"EmptyPlugIn"_s)));
     QString error;
     EXPECT_EQ(bundle.principalClass(&error), nullptr);
     EXPECT_TRUE(bundle.isLoaded());
@@ -415,10 +410,10 @@ TEST(NSBundleCode, AModuleWithoutClassesHasNone)
 
 TEST(NSBundleCode, OnlyTextsNameAClass)
 {
-    for (const QVariant &value : {QVariant(5), QVariant(QStringLiteral("")), QVariant(true)}) {
+    for (const QVariant &value : {QVariant(5), QVariant(u""_s), QVariant(true)}) {
         QVariantMap entries = information(goodIdentifier, goodClass);
-        entries.insert(QStringLiteral("NSPrincipalClass"), value);
-        NSBundle bundle(makeBundle(useFreshHome(), QStringLiteral("Odd"), entries, goodModule()));
+        entries.insert(u"NSPrincipalClass"_s, value);
+        NSBundle bundle(makeBundle(useFreshHome(), u"Odd"_s, entries, goodModule()));
         EXPECT_TRUE(bundle.principalClassName().isNull());
         EXPECT_EQ(bundle.principalClass(), nullptr);
     }

@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -18,8 +20,8 @@ QByteArray informationWith(const QByteArray &entries)
 /// A bundle in a new home folder with these bytes as Contents/Info.plist.
 NSBundle bundleWithInformation(const QByteArray &bytes)
 {
-    const QString path = useFreshHome() + QStringLiteral("/Made Up.app");
-    writeFile(path + QStringLiteral("/Contents/Info.plist"), bytes);
+    const QString path = useFreshHome() + u"/Made Up.app"_s;
+    writeFile(path + u"/Contents/Info.plist"_s, bytes);
     return NSBundle(path);
 }
 } // namespace
@@ -29,16 +31,16 @@ TEST(NSBundle, InformationIsRead)
     const NSBundle bundle = bundleWithInformation(
         informationWith("<key>CFBundleIdentifier</key><string>org.x.y</string>"
                         "<key>Number</key><integer>7</integer>"));
-    EXPECT_TRUE(bundle.bundlePath().endsWith(QStringLiteral("/Made Up.app")));
-    EXPECT_EQ(bundle.bundleIdentifier(), QStringLiteral("org.x.y"));
+    EXPECT_TRUE(bundle.bundlePath().endsWith(u"/Made Up.app"_s));
+    EXPECT_EQ(bundle.bundleIdentifier(), u"org.x.y"_s);
     EXPECT_EQ(bundle.infoDictionary().size(), 2);
-    EXPECT_EQ(bundle.infoDictionary().value(QStringLiteral("Number")), QVariant(7LL));
+    EXPECT_EQ(bundle.infoDictionary().value(u"Number"_s), QVariant(7LL));
 }
 
 TEST(NSBundle, AFolderWithoutInformationIsABundle)
 {
     const QString home = useFreshHome();
-    for (const QString &path : {home, QString(home + QStringLiteral("/none")), QString()}) {
+    for (const QString &path : {home, QString(home + u"/none"_s), QString()}) {
         const NSBundle bundle(path);
         EXPECT_EQ(bundle.bundlePath(), path);
         EXPECT_TRUE(bundle.infoDictionary().isEmpty());
@@ -73,20 +75,18 @@ TEST(NSBundle, AnExecutableInAnApplicationFolderBelongsToIt)
     const auto bundleOf = [](const char16_t *path) {
         return NSBundle::bundlePathForExecutable(QString::fromUtf16(path));
     };
-    EXPECT_EQ(bundleOf(u"/o/Cobble.app/Contents/Linux/cobble"), QStringLiteral("/o/Cobble.app"));
-    EXPECT_EQ(bundleOf(u"/usr/bin/cobble"), QStringLiteral("/usr/bin"));
-    EXPECT_EQ(bundleOf(u"/o/Cobble/Contents/Linux/cobble"),
-              QStringLiteral("/o/Cobble/Contents/Linux"));
-    EXPECT_EQ(bundleOf(u"/o/Cobble.app/Contents/MacOS/c"),
-              QStringLiteral("/o/Cobble.app/Contents/MacOS"));
-    EXPECT_EQ(bundleOf(u"/o/Cobble.app/Linux/c"), QStringLiteral("/o/Cobble.app/Linux"));
-    EXPECT_EQ(bundleOf(u"/c"), QStringLiteral("/"));
+    EXPECT_EQ(bundleOf(u"/o/Cobble.app/Contents/Linux/cobble"), u"/o/Cobble.app"_s);
+    EXPECT_EQ(bundleOf(u"/usr/bin/cobble"), u"/usr/bin"_s);
+    EXPECT_EQ(bundleOf(u"/o/Cobble/Contents/Linux/cobble"), u"/o/Cobble/Contents/Linux"_s);
+    EXPECT_EQ(bundleOf(u"/o/Cobble.app/Contents/MacOS/c"), u"/o/Cobble.app/Contents/MacOS"_s);
+    EXPECT_EQ(bundleOf(u"/o/Cobble.app/Linux/c"), u"/o/Cobble.app/Linux"_s);
+    EXPECT_EQ(bundleOf(u"/c"), u"/"_s);
     EXPECT_TRUE(bundleOf(u"").isEmpty());
 }
 
 TEST(NSBundle, TheMainBundleOfTheTestsIsTheirFolder)
 {
-    const QString executable = QFileInfo(QStringLiteral("/proc/self/exe")).symLinkTarget();
+    const QString executable = QFileInfo(u"/proc/self/exe"_s).symLinkTarget();
     EXPECT_EQ(NSBundle::mainBundle().bundlePath(), QFileInfo(executable).path());
     EXPECT_EQ(&NSBundle::mainBundle(), &NSBundle::mainBundle());
     EXPECT_TRUE(NSBundle::mainBundle().bundleIdentifier().isNull());
@@ -96,12 +96,11 @@ TEST(NSBundle, TheHostIsNamedAfterItsDesktopFileIfThatCanNameAFile)
 {
     needApplication();
     const QString before = QGuiApplication::desktopFileName();
-    QGuiApplication::setDesktopFileName(QStringLiteral("org.example.Other"));
-    EXPECT_EQ(NSHostIdentifier(), QStringLiteral("org.example.Other"));
-    for (const QString &name : {QStringLiteral(""), QStringLiteral("../x"), QStringLiteral(".."),
-                                QString(u'a' + QString(QChar(0)))}) {
+    QGuiApplication::setDesktopFileName(u"org.example.Other"_s);
+    EXPECT_EQ(NSHostIdentifier(), u"org.example.Other"_s);
+    for (const QString &name : {u""_s, u"../x"_s, u".."_s, QString(u'a' + QString(QChar(0)))}) {
         QGuiApplication::setDesktopFileName(name);
-        EXPECT_EQ(NSHostIdentifier(), QStringLiteral("org.cobble.Cobble"));
+        EXPECT_EQ(NSHostIdentifier(), u"org.cobble.Cobble"_s);
     }
     QGuiApplication::setDesktopFileName(before);
 }
@@ -110,22 +109,18 @@ TEST(NSBundle, TheFrameworkFindsItsResources)
 {
     const NSBundle &framework = NSBundle::frameworkBundle();
     EXPECT_EQ(framework.bundlePath(), QStringLiteral(KTUTILITY_FRAMEWORK_FOLDER));
-    const QString path =
-        framework.pathForResource(QStringLiteral("PhoneNumberFormats"), QStringLiteral("plist"));
+    const QString path = framework.pathForResource(u"PhoneNumberFormats"_s, u"plist"_s);
     EXPECT_EQ(path, framework.bundlePath() + u"/Resources/PhoneNumberFormats.plist");
-    EXPECT_TRUE(
-        framework.pathForResource(QStringLiteral("nothing"), QStringLiteral("plist")).isNull());
-    EXPECT_EQ(framework.pathForResource(QStringLiteral("PhoneNumberFormats.plist"), QString()),
-              path);
+    EXPECT_TRUE(framework.pathForResource(u"nothing"_s, u"plist"_s).isNull());
+    EXPECT_EQ(framework.pathForResource(u"PhoneNumberFormats.plist"_s, QString()), path);
 }
 
 TEST(NSBundle, TextsWithoutTranslationAreTheirKeys)
 {
     const NSBundle &bundle = NSBundle::mainBundle();
-    const QString key = QStringLiteral("no such text");
+    const QString key = u"no such text"_s;
     EXPECT_EQ(bundle.localizedStringForKey(key), key);
-    EXPECT_EQ(bundle.localizedStringForKey(key, QStringLiteral("")), key);
-    EXPECT_EQ(bundle.localizedStringForKey(key, QStringLiteral("a text")), u"a text");
-    EXPECT_EQ(bundle.localizedStringForKey(QStringLiteral("w"), {}, QStringLiteral("Durations")),
-              u"w");
+    EXPECT_EQ(bundle.localizedStringForKey(key, u""_s), key);
+    EXPECT_EQ(bundle.localizedStringForKey(key, u"a text"_s), u"a text");
+    EXPECT_EQ(bundle.localizedStringForKey(u"w"_s, {}, u"Durations"_s), u"w");
 }

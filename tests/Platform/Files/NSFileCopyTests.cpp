@@ -16,6 +16,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace NSFileManager;
 using testing_support::contentsOf;
 using testing_support::FileTree;
@@ -40,7 +42,7 @@ protected:
 TEST_F(FileOperations, CopiesKeepContentsModesAndTimes)
 {
     const QByteArray large(qsizetype(3) << 20, 'x');
-    tree.add(QStringLiteral("a"), large);
+    tree.add(u"a"_s, large);
     ::chmod(QFile::encodeName(at("a")).constData(), 04640);
     QFile file(at("a"));
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
@@ -55,9 +57,9 @@ TEST_F(FileOperations, CopiesKeepContentsModesAndTimes)
 
 TEST_F(FileOperations, NothingIsCopiedOverAnything)
 {
-    tree.add(QStringLiteral("a"), "new");
-    tree.add(QStringLiteral("b"), "old");
-    tree.add(QStringLiteral("folder/"));
+    tree.add(u"a"_s, "new");
+    tree.add(u"b"_s, "old");
+    tree.add(u"folder/"_s);
     QFile::link(at("nowhere"), at("link"));
     EXPECT_FALSE(copy("a", "b"));
     EXPECT_FALSE(copy("a", "folder"));
@@ -70,9 +72,9 @@ TEST_F(FileOperations, NothingIsCopiedOverAnything)
 
 TEST_F(FileOperations, FoldersAreCopiedWithAllTheyHold)
 {
-    tree.add(QStringLiteral("from/deep/er/a"), "a");
-    tree.add(QStringLiteral("from/.hidden"), "h");
-    tree.add(QStringLiteral("from/empty/"));
+    tree.add(u"from/deep/er/a"_s, "a");
+    tree.add(u"from/.hidden"_s, "h");
+    tree.add(u"from/empty/"_s);
     ASSERT_EQ(::symlink("deep/er/a", QFile::encodeName(at("from/link")).constData()), 0);
     ::chmod(QFile::encodeName(at("from/deep")).constData(), 0750);
     EXPECT_TRUE(copy("from", "to"));
@@ -85,7 +87,7 @@ TEST_F(FileOperations, FoldersAreCopiedWithAllTheyHold)
 
 TEST_F(FileOperations, LinksAtTheTopAreFollowed)
 {
-    tree.add(QStringLiteral("a"), "a");
+    tree.add(u"a"_s, "a");
     QFile::link(at("a"), at("link"));
     EXPECT_TRUE(copy("link", "b"));
     EXPECT_FALSE(QFileInfo(at("b")).isSymLink());
@@ -94,7 +96,7 @@ TEST_F(FileOperations, LinksAtTheTopAreFollowed)
 
 TEST_F(FileOperations, FoldersAreNotCopiedIntoThemselves)
 {
-    tree.add(QStringLiteral("folder/sub/a"));
+    tree.add(u"folder/sub/a"_s);
     const QJsonObject before = tree.contents();
     EXPECT_FALSE(copy("folder", "folder/sub/copy"));
     EXPECT_FALSE(copy("folder", "folder/copy"));
@@ -105,7 +107,7 @@ TEST_F(FileOperations, FoldersAreNotCopiedIntoThemselves)
 TEST_F(FileOperations, PipesAndMissingFilesAreRefused)
 {
     ASSERT_EQ(::mkfifo(QFile::encodeName(at("pipe")).constData(), 0600), 0);
-    tree.add(QStringLiteral("folder/a"));
+    tree.add(u"folder/a"_s);
     ASSERT_EQ(::mkfifo(QFile::encodeName(at("folder/pipe")).constData(), 0600), 0);
     EXPECT_FALSE(copy("pipe", "copy"));
     EXPECT_FALSE(copy("folder", "copy"));
@@ -117,7 +119,7 @@ TEST_F(FileOperations, PipesAndMissingFilesAreRefused)
 TEST_F(FileOperations, AFullDiskLeavesNothing)
 {
     // A limit on the size of files ends writing in the middle, as a full disk does.
-    tree.add(QStringLiteral("a"), QByteArray(qsizetype(1) << 16, 'x'));
+    tree.add(u"a"_s, QByteArray(qsizetype(1) << 16, 'x'));
     struct rlimit limit = {};
     ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
     const auto before = std::signal(SIGXFSZ, SIG_IGN);
@@ -131,8 +133,8 @@ TEST_F(FileOperations, AFullDiskLeavesNothing)
 
 TEST_F(FileOperations, MovesNeverReplace)
 {
-    tree.add(QStringLiteral("a"), "a");
-    tree.add(QStringLiteral("b"), "b");
+    tree.add(u"a"_s, "a");
+    tree.add(u"b"_s, "b");
     EXPECT_FALSE(moveItemAtPath(at("a"), at("b")));
     EXPECT_FALSE(moveItemAtPath(at("none"), at("c")));
     EXPECT_TRUE(moveItemAtPath(at("a"), at("c")));
@@ -143,9 +145,9 @@ TEST_F(FileOperations, MovesNeverReplace)
 
 TEST_F(FileOperations, RenamingWithPlaceholders)
 {
-    tree.add(QStringLiteral("a"), "a");
-    tree.add(QStringLiteral("b"), "b");
-    tree.add(QStringLiteral("folder/x"), "x");
+    tree.add(u"a"_s, "a");
+    tree.add(u"b"_s, "b");
+    tree.add(u"folder/x"_s, "x");
     const auto rename = [this](const char *from, const char *to) {
         return NSRenameOverPlaceholder(QFile::encodeName(at(from)), QFile::encodeName(at(to)));
     };
@@ -156,15 +158,13 @@ TEST_F(FileOperations, RenamingWithPlaceholders)
     EXPECT_EQ(rename("a", "c"), 0);
     EXPECT_EQ(rename("folder", "moved"), 0);
     EXPECT_NE(rename("moved", "moved/inside"), 0);
-    EXPECT_EQ(tree.contents().keys(),
-              QStringList({QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("moved"),
-                           QStringLiteral("moved/x")}));
+    EXPECT_EQ(tree.contents().keys(), QStringList({u"b"_s, u"c"_s, u"moved"_s, u"moved/x"_s}));
 }
 
 TEST_F(FileOperations, RemovesFoldersButNotWhatLinksLeadTo)
 {
-    tree.add(QStringLiteral("outside/kept"));
-    tree.add(QStringLiteral("folder/deep/a"));
+    tree.add(u"outside/kept"_s);
+    tree.add(u"folder/deep/a"_s);
     QFile::link(at("outside"), at("folder/link"));
     EXPECT_TRUE(removeItemAtPath(at("folder")));
     EXPECT_FALSE(QFile::exists(at("folder")));
@@ -179,7 +179,7 @@ TEST_F(FileOperations, RemovesFoldersButNotWhatLinksLeadTo)
 
 TEST_F(FileOperations, HostilePathsAreRefused)
 {
-    tree.add(QStringLiteral("a"));
+    tree.add(u"a"_s);
     for (const QString &text : testing_support::hostileTexts()) {
         EXPECT_FALSE(copyItemAtPath(text, at("b")));
         EXPECT_FALSE(moveItemAtPath(text, at("b")));

@@ -10,10 +10,12 @@
 #include <array>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 TEST(NSFileHandle, WritesAtOnce)
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("log"));
+    const QString path = folder.filePath(u"log"_s);
     NSFileHandle handle(
         ::open(path.toLocal8Bit().constData(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0644));
     EXPECT_TRUE(handle.writeData("started\n"));

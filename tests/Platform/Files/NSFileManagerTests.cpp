@@ -4,6 +4,8 @@
 
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -25,22 +27,22 @@ Existence existenceOf(const QString &path)
 TEST(NSFileManager, FilesAndFoldersExist)
 {
     const QString home = useFreshHome();
-    writeFile(home + QStringLiteral("/file"), "x");
+    writeFile(home + u"/file"_s, "x");
     EXPECT_EQ(existenceOf(home), (Existence{true, true}));
-    EXPECT_EQ(existenceOf(home + QStringLiteral("/file")), (Existence{true, false}));
-    EXPECT_EQ(existenceOf(home + QStringLiteral("/none")), (Existence{false, false}));
-    EXPECT_EQ(existenceOf(home + QStringLiteral("/file/none")), (Existence{false, false}));
+    EXPECT_EQ(existenceOf(home + u"/file"_s), (Existence{true, false}));
+    EXPECT_EQ(existenceOf(home + u"/none"_s), (Existence{false, false}));
+    EXPECT_EQ(existenceOf(home + u"/file/none"_s), (Existence{false, false}));
     EXPECT_TRUE(NSFileManager::fileExistsAtPath(home));
 }
 
 TEST(NSFileManager, LinksAreFollowed)
 {
     const QString home = useFreshHome();
-    const QString toFolder = home + QStringLiteral("/folder");
-    const QString toNothing = home + QStringLiteral("/nothing");
-    const QString toItself = home + QStringLiteral("/loop");
+    const QString toFolder = home + u"/folder"_s;
+    const QString toNothing = home + u"/nothing"_s;
+    const QString toItself = home + u"/loop"_s;
     ASSERT_TRUE(QFile::link(home, toFolder));
-    ASSERT_TRUE(QFile::link(home + QStringLiteral("/none"), toNothing));
+    ASSERT_TRUE(QFile::link(home + u"/none"_s, toNothing));
     ASSERT_TRUE(QFile::link(toItself, toItself));
     EXPECT_EQ(existenceOf(toFolder), (Existence{true, true}));
     EXPECT_EQ(existenceOf(toNothing), (Existence{false, false}));
@@ -50,14 +52,14 @@ TEST(NSFileManager, LinksAreFollowed)
 TEST(NSFileManager, HostilePathsDoNotExistAndAreNotMade)
 {
     const QString home = useFreshHome();
-    writeFile(home + QStringLiteral("/?"), "the name that a lone surrogate would be written as");
+    writeFile(home + u"/?"_s, "the name that a lone surrogate would be written as");
     const QList<QString> paths = {
         QString(),
-        QStringLiteral(""),
+        u""_s,
         QString(home + QChar(0)),
         QString(home + QChar(0) + u'a'),
         QString(home + u'/' + QChar(0xD800)),
-        QString(home + u'/' + megabyteOf(QStringLiteral("a"))),
+        QString(home + u'/' + megabyteOf(u"a"_s)),
     };
     for (const QString &path : paths) {
         EXPECT_EQ(existenceOf(path), (Existence{false, false}));
@@ -68,7 +70,7 @@ TEST(NSFileManager, HostilePathsDoNotExistAndAreNotMade)
 
 TEST(NSFileManager, NamesOfAllScriptsWork)
 {
-    const QString path = useFreshHome() + QStringLiteral("/姓 名 😀 é");
+    const QString path = useFreshHome() + u"/姓 名 😀 é"_s;
     EXPECT_TRUE(NSFileManager::createDirectoryAtPath(path, false));
     EXPECT_EQ(existenceOf(path), (Existence{true, true}));
 }
@@ -76,7 +78,7 @@ TEST(NSFileManager, NamesOfAllScriptsWork)
 TEST(NSFileManager, IntermediateFoldersAreMadeIfAsked)
 {
     const QString home = useFreshHome();
-    const QString deep = home + QStringLiteral("/a/b/c");
+    const QString deep = home + u"/a/b/c"_s;
     EXPECT_FALSE(NSFileManager::createDirectoryAtPath(deep, false));
     EXPECT_TRUE(NSFileManager::createDirectoryAtPath(deep, true));
     EXPECT_EQ(existenceOf(deep), (Existence{true, true}));
@@ -91,19 +93,18 @@ TEST(NSFileManager, AnExistingFolderIsASuccessOnlyWithIntermediateOnes)
 
 TEST(NSFileManager, AFileInTheWayIsAFailure)
 {
-    const QString file = useFreshHome() + QStringLiteral("/file");
+    const QString file = useFreshHome() + u"/file"_s;
     writeFile(file, "kept");
     for (const bool withIntermediate : {true, false}) {
         EXPECT_FALSE(NSFileManager::createDirectoryAtPath(file, withIntermediate));
-        EXPECT_FALSE(
-            NSFileManager::createDirectoryAtPath(file + QStringLiteral("/a"), withIntermediate));
+        EXPECT_FALSE(NSFileManager::createDirectoryAtPath(file + u"/a"_s, withIntermediate));
     }
     EXPECT_EQ(contentsOf(file), QByteArray("kept"));
 }
 
 TEST(NSFileManager, PermissionsAreSet)
 {
-    const QString file = useFreshHome() + QStringLiteral("/file");
+    const QString file = useFreshHome() + u"/file"_s;
     EXPECT_FALSE(NSFileManager::setPosixPermissions(file, 0600));
     EXPECT_FALSE(NSFileManager::setPosixPermissions(QString(), 0600));
     writeFile(file, "kept");

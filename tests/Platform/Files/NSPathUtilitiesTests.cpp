@@ -6,6 +6,8 @@
 
 #include <QJsonArray>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -14,7 +16,7 @@ QString textIn(const QJsonObject &row, const char *key)
     const QJsonValue value = row.value(QLatin1String(key));
     if (!value.isString())
         return {};
-    return value.toString().replace(QStringLiteral("<home>"), NSHomeDirectory());
+    return value.toString().replace(u"<home>"_s, NSHomeDirectory());
 }
 
 QStringList textsIn(const QJsonObject &row, const char *key)
@@ -31,13 +33,12 @@ using FunctionWithArgument = QString (*)(const QString &, const QString &);
 const QMap<QString, Function> &functions()
 {
     static const QMap<QString, Function> table = {
-        {QStringLiteral("lastPathComponent"), NSString::lastPathComponent},
-        {QStringLiteral("pathExtension"), NSString::pathExtension},
-        {QStringLiteral("stringByDeletingLastPathComponent"),
-         NSString::stringByDeletingLastPathComponent},
-        {QStringLiteral("stringByDeletingPathExtension"), NSString::stringByDeletingPathExtension},
-        {QStringLiteral("stringByExpandingTildeInPath"), NSString::stringByExpandingTildeInPath},
-        {QStringLiteral("stringByStandardizingPath"), NSString::stringByStandardizingPath},
+        {u"lastPathComponent"_s, NSString::lastPathComponent},
+        {u"pathExtension"_s, NSString::pathExtension},
+        {u"stringByDeletingLastPathComponent"_s, NSString::stringByDeletingLastPathComponent},
+        {u"stringByDeletingPathExtension"_s, NSString::stringByDeletingPathExtension},
+        {u"stringByExpandingTildeInPath"_s, NSString::stringByExpandingTildeInPath},
+        {u"stringByStandardizingPath"_s, NSString::stringByStandardizingPath},
     };
     return table;
 }
@@ -45,10 +46,8 @@ const QMap<QString, Function> &functions()
 const QMap<QString, FunctionWithArgument> &functionsWithArgument()
 {
     static const QMap<QString, FunctionWithArgument> table = {
-        {QStringLiteral("stringByAppendingPathComponent"),
-         NSString::stringByAppendingPathComponent},
-        {QStringLiteral("stringByAppendingPathExtension"),
-         NSString::stringByAppendingPathExtension},
+        {u"stringByAppendingPathComponent"_s, NSString::stringByAppendingPathComponent},
+        {u"stringByAppendingPathExtension"_s, NSString::stringByAppendingPathExtension},
     };
     return table;
 }
@@ -92,7 +91,7 @@ TEST(NSPathUtilities, RowsAreMet)
 {
     useFreshHome();
     int checked = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/paths.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"platform/paths.jsonl"_s)) {
         if (!row.contains(u"op"))
             continue;
         SCOPED_TRACE(row.value(u"op").toString().toStdString() + " of " +
@@ -105,31 +104,26 @@ TEST(NSPathUtilities, RowsAreMet)
 
 TEST(NSPathUtilities, TheExampleInTheHeaderHolds)
 {
-    const QString path = QStringLiteral("/tmp/photo.0.jpg");
-    EXPECT_EQ(NSString::lastPathComponent(path), QStringLiteral("photo.0.jpg"));
-    EXPECT_EQ(NSString::pathExtension(path), QStringLiteral("jpg"));
-    EXPECT_EQ(NSString::stringByDeletingPathExtension(QStringLiteral("photo.0.jpg")),
-              QStringLiteral("photo.0"));
-    EXPECT_EQ(NSString::stringByAppendingPathComponent(QStringLiteral("/tmp"), QStringLiteral("a")),
-              QStringLiteral("/tmp/a"));
+    const QString path = u"/tmp/photo.0.jpg"_s;
+    EXPECT_EQ(NSString::lastPathComponent(path), u"photo.0.jpg"_s);
+    EXPECT_EQ(NSString::pathExtension(path), u"jpg"_s);
+    EXPECT_EQ(NSString::stringByDeletingPathExtension(u"photo.0.jpg"_s), u"photo.0"_s);
+    EXPECT_EQ(NSString::stringByAppendingPathComponent(u"/tmp"_s, u"a"_s), u"/tmp/a"_s);
 }
 
 TEST(NSPathUtilities, AnEmptyExtensionAppendsNothing)
 {
-    for (const QString &extension : {QString(), QStringLiteral("")}) {
-        EXPECT_EQ(NSString::stringByAppendingPathExtension(QStringLiteral("a"), extension),
-                  QStringLiteral("a"));
-        EXPECT_EQ(NSString::stringByAppendingPathExtension(QStringLiteral("/a.b//"), extension),
-                  QStringLiteral("/a.b"));
+    for (const QString &extension : {QString(), u""_s}) {
+        EXPECT_EQ(NSString::stringByAppendingPathExtension(u"a"_s, extension), u"a"_s);
+        EXPECT_EQ(NSString::stringByAppendingPathExtension(u"/a.b//"_s, extension), u"/a.b"_s);
     }
 }
 
 TEST(NSPathUtilities, AnExtensionNeedsANameAndNoSlash)
 {
-    for (const QString &path : {QStringLiteral("/"), QStringLiteral("///"), QStringLiteral("")})
-        EXPECT_TRUE(NSString::stringByAppendingPathExtension(path, QStringLiteral("jpg")).isNull());
-    EXPECT_TRUE(NSString::stringByAppendingPathExtension(QStringLiteral("a"), QStringLiteral("/b"))
-                    .isNull());
+    for (const QString &path : {u"/"_s, u"///"_s, u""_s})
+        EXPECT_TRUE(NSString::stringByAppendingPathExtension(path, u"jpg"_s).isNull());
+    EXPECT_TRUE(NSString::stringByAppendingPathExtension(u"a"_s, u"/b"_s).isNull());
 }
 
 TEST(NSPathUtilities, ComponentsAreJoinedByOneSlash)
@@ -138,32 +132,29 @@ TEST(NSPathUtilities, ComponentsAreJoinedByOneSlash)
         return NSString::stringByAppendingPathComponent(QString::fromUtf16(path),
                                                         QString::fromUtf16(component));
     };
-    EXPECT_EQ(join(u"/a/", u"/b"), QStringLiteral("/a/b"));
-    EXPECT_EQ(join(u"a//", u"//b//c"), QStringLiteral("a/b/c"));
-    EXPECT_EQ(join(u"/a", u".."), QStringLiteral("/a/.."));
-    EXPECT_EQ(join(u"/a/", u""), QStringLiteral("/a"));
-    EXPECT_EQ(join(u"/", u""), QStringLiteral("/"));
-    EXPECT_EQ(join(u"", u""), QStringLiteral(""));
-    EXPECT_EQ(join(u"a", u"b/"), QStringLiteral("a/b/"));
+    EXPECT_EQ(join(u"/a/", u"/b"), u"/a/b"_s);
+    EXPECT_EQ(join(u"a//", u"//b//c"), u"a/b/c"_s);
+    EXPECT_EQ(join(u"/a", u".."), u"/a/.."_s);
+    EXPECT_EQ(join(u"/a/", u""), u"/a"_s);
+    EXPECT_EQ(join(u"/", u""), u"/"_s);
+    EXPECT_EQ(join(u"", u""), u""_s);
+    EXPECT_EQ(join(u"a", u"b/"), u"a/b/"_s);
 }
 
 TEST(NSPathUtilities, ComponentsAreTakenApartAndPutTogether)
 {
-    for (const QString &path : {QStringLiteral("/"), QStringLiteral("/a"), QStringLiteral("a/b/c"),
-                                QStringLiteral("/a/../b/.")})
+    for (const QString &path : {u"/"_s, u"/a"_s, u"a/b/c"_s, u"/a/../b/."_s})
         EXPECT_EQ(NSString::pathWithComponents(NSString::pathComponents(path)), path);
     EXPECT_TRUE(NSString::pathComponents(QString()).isEmpty());
-    EXPECT_EQ(NSString::pathWithComponents({}), QStringLiteral(""));
+    EXPECT_EQ(NSString::pathWithComponents({}), u""_s);
 }
 
 TEST(NSPathUtilities, OnlyTheUsersOwnTildeIsExpanded)
 {
     const QString home = useFreshHome();
-    EXPECT_EQ(NSString::stringByExpandingTildeInPath(QStringLiteral("~")), home);
-    EXPECT_EQ(NSString::stringByExpandingTildeInPath(QStringLiteral("~/a//b/")),
-              QString(home + QStringLiteral("/a/b")));
-    for (const QString &path : {QStringLiteral("a/~"), QStringLiteral("~x/a"),
-                                QStringLiteral("/~/a"), QStringLiteral("")})
+    EXPECT_EQ(NSString::stringByExpandingTildeInPath(u"~"_s), home);
+    EXPECT_EQ(NSString::stringByExpandingTildeInPath(u"~/a//b/"_s), QString(home + u"/a/b"_s));
+    for (const QString &path : {u"a/~"_s, u"~x/a"_s, u"/~/a"_s, u""_s})
         EXPECT_EQ(NSString::stringByExpandingTildeInPath(path), path);
 }
 
@@ -172,11 +163,10 @@ TEST(NSPathUtilities, WithoutAHomeTheTildeStays)
     useFreshHome();
     for (const QByteArray &home : {QByteArray(), QByteArray("relative/home")}) {
         home.isNull() ? qunsetenv("HOME") : qputenv("HOME", home);
-        EXPECT_EQ(NSString::stringByExpandingTildeInPath(QStringLiteral("~/a")),
-                  QStringLiteral("~/a"));
+        EXPECT_EQ(NSString::stringByExpandingTildeInPath(u"~/a"_s), u"~/a"_s);
     }
     qputenv("HOME", "/");
-    EXPECT_EQ(NSString::stringByExpandingTildeInPath(QStringLiteral("~/a")), QStringLiteral("/a"));
+    EXPECT_EQ(NSString::stringByExpandingTildeInPath(u"~/a"_s), u"/a"_s);
     useFreshHome();
 }
 
@@ -185,12 +175,12 @@ TEST(NSPathUtilities, StandardizingNeverClimbsAboveTheRoot)
     const auto standardized = [](const char16_t *path) {
         return NSString::stringByStandardizingPath(QString::fromUtf16(path));
     };
-    EXPECT_EQ(standardized(u"/.."), QStringLiteral("/"));
-    EXPECT_EQ(standardized(u"/../../a"), QStringLiteral("/a"));
-    EXPECT_EQ(standardized(u"/a/../.."), QStringLiteral("/"));
-    EXPECT_EQ(standardized(u"../a"), QStringLiteral("../a"));
-    EXPECT_EQ(standardized(u"a/./b"), QStringLiteral("a/b"));
-    EXPECT_EQ(standardized(u"."), QStringLiteral("."));
+    EXPECT_EQ(standardized(u"/.."), u"/"_s);
+    EXPECT_EQ(standardized(u"/../../a"), u"/a"_s);
+    EXPECT_EQ(standardized(u"/a/../.."), u"/"_s);
+    EXPECT_EQ(standardized(u"../a"), u"../a"_s);
+    EXPECT_EQ(standardized(u"a/./b"), u"a/b"_s);
+    EXPECT_EQ(standardized(u"."), u"."_s);
 }
 
 TEST(NSPathUtilities, NilIsNilAndEmptyIsEmpty)
@@ -198,10 +188,10 @@ TEST(NSPathUtilities, NilIsNilAndEmptyIsEmpty)
     useFreshHome();
     for (const Function function : functions()) {
         EXPECT_TRUE(function(QString()).isNull());
-        const QString empty = function(QStringLiteral(""));
+        const QString empty = function(u""_s);
         EXPECT_TRUE(empty.isEmpty() && !empty.isNull());
     }
-    const QString a = QStringLiteral("a");
+    const QString a = u"a"_s;
     EXPECT_EQ(NSString::stringByAppendingPathComponent(QString(), a), a);
     EXPECT_TRUE(NSString::stringByAppendingPathComponent(QString(), QString()).isNull());
     EXPECT_TRUE(NSString::stringByAppendingPathExtension(QString(), a).isNull());
@@ -211,10 +201,10 @@ TEST(NSPathUtilities, HostileTextsKeepTheirUnits)
 {
     useFreshHome();
     for (const QString &text : hostileTexts()) {
-        const QString path = NSString::stringByAppendingPathComponent(QStringLiteral("/x"), text);
-        EXPECT_EQ(NSString::lastPathComponent(path), text.isEmpty() ? QStringLiteral("x") : text);
+        const QString path = NSString::stringByAppendingPathComponent(u"/x"_s, text);
+        EXPECT_EQ(NSString::lastPathComponent(path), text.isEmpty() ? u"x"_s : text);
         EXPECT_EQ(NSString::stringByDeletingLastPathComponent(path),
-                  text.isEmpty() ? QStringLiteral("/") : QStringLiteral("/x"));
+                  text.isEmpty() ? u"/"_s : u"/x"_s);
         EXPECT_EQ(NSString::stringByStandardizingPath(path), path);
     }
 }
@@ -222,8 +212,8 @@ TEST(NSPathUtilities, HostileTextsKeepTheirUnits)
 TEST(NSPathUtilities, ManySlashesAndComponentsAreQuick)
 {
     useFreshHome();
-    EXPECT_EQ(NSString::lastPathComponent(megabyteOf(QStringLiteral("/"))), QStringLiteral("/"));
-    const QString climbing = megabyteOf(QStringLiteral("/a/.."));
-    EXPECT_EQ(NSString::stringByStandardizingPath(climbing), QStringLiteral("/"));
-    EXPECT_EQ(NSString::pathComponents(megabyteOf(QStringLiteral("/a"))).size(), 524290);
+    EXPECT_EQ(NSString::lastPathComponent(megabyteOf(u"/"_s)), u"/"_s);
+    const QString climbing = megabyteOf(u"/a/.."_s);
+    EXPECT_EQ(NSString::stringByStandardizingPath(climbing), u"/"_s);
+    EXPECT_EQ(NSString::pathComponents(megabyteOf(u"/a"_s)).size(), 524290);
 }

@@ -9,6 +9,8 @@
 #include <bit>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 using namespace NSPropertyListSerialization;
 
 namespace {
@@ -138,9 +140,9 @@ TEST(NSPropertyListBinaryReader, AListWithOneOfEverythingIsRead)
     const QVariantMap map = propertyListFromData(sampleList(), &error).toMap();
     EXPECT_TRUE(error.isEmpty()) << error.toStdString();
     const QVariantList list = {255LL, true, QByteArray("abc"), 1.0};
-    EXPECT_EQ(map.value(QStringLiteral("name")), QVariant(QStringLiteral("é€")));
-    EXPECT_EQ(map.value(QStringLiteral("list")).toList(), list);
-    EXPECT_EQ(map.value(QStringLiteral("when")).toDateTime(),
+    EXPECT_EQ(map.value(u"name"_s), QVariant(u"é€"_s));
+    EXPECT_EQ(map.value(u"list"_s).toList(), list);
+    EXPECT_EQ(map.value(u"when"_s).toDateTime(),
               QDateTime(QDate(2001, 1, 1), QTime(0, 0, 0, 500), Qt::UTC));
 }
 
@@ -176,12 +178,12 @@ TEST(NSPropertyListBinaryReader, RealsAndDates)
 TEST(NSPropertyListBinaryReader, TextsDataAndReferences)
 {
     const QVariant empty = valueOf(text(""));
-    EXPECT_EQ(empty, QVariant(QStringLiteral("")));
+    EXPECT_EQ(empty, QVariant(u""_s));
     EXPECT_FALSE(NSObject::isNil(empty));
     EXPECT_EQ(valueOf(text(QByteArray(1 << 20, 'a'))).toString().size(), 1 << 20);
     EXPECT_EQ(valueOf(counted(0x6, 1) + bytesOf({0xD8, 0x00})).toString(), QString(QChar(0xD800)));
     EXPECT_EQ(valueOf(text(QByteArray("a\0b", 3))).toString().size(), 3);
-    const QVariantMap reference = {{QStringLiteral("CF$UID"), 258LL}};
+    const QVariantMap reference = {{u"CF$UID"_s, 258LL}};
     EXPECT_EQ(valueOf(bytesOf({0x81, 1, 2})).toMap(), reference);
     EXPECT_TRUE(isRefused(listOf({"\x8F" + QByteArray(16, '\0')})));
     EXPECT_TRUE(isNSNull(valueOf(QByteArray("\0", 1))));
@@ -190,7 +192,7 @@ TEST(NSPropertyListBinaryReader, TextsDataAndReferences)
 
 TEST(NSPropertyListBinaryReader, SetsAreListsAndSharedObjectsAreReadEachTime)
 {
-    const QVariantList expected = {QStringLiteral("a"), QStringLiteral("a")};
+    const QVariantList expected = {u"a"_s, u"a"_s};
     EXPECT_EQ(propertyListFromData(listOf({references(0xC, {1, 1}), text("a")})).toList(),
               expected);
     QList<int> many;

@@ -10,13 +10,14 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
 const QVariantMap &settings()
 {
-    static const QVariantMap map = {{QStringLiteral("rows"), 20LL},
-                                    {QStringLiteral("name"), QStringLiteral("Ada")}};
+    static const QVariantMap map = {{u"rows"_s, 20LL}, {u"name"_s, u"Ada"_s}};
     return map;
 }
 
@@ -60,18 +61,18 @@ TEST(NSPropertyListFile, DictionariesComeBack)
 {
     const QString home = useFreshHome();
     for (const bool atomically : {true, false}) {
-        const QString path = home + QStringLiteral("/made/on the way/%1.plist").arg(atomically);
+        const QString path = home + u"/made/on the way/%1.plist"_s.arg(atomically);
         EXPECT_TRUE(NSDictionary::writeToFile(settings(), path, atomically));
         EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(path), settings());
         EXPECT_EQ(contentsOf(path), NSPropertyListSerialization::dataWithPropertyList(settings()));
     }
-    EXPECT_EQ(filesIn(home + QStringLiteral("/made/on the way")).size(), 2);
+    EXPECT_EQ(filesIn(home + u"/made/on the way"_s).size(), 2);
 }
 
 TEST(NSPropertyListFile, WhatIsNoDictionaryIsNothing)
 {
     const QString home = useFreshHome();
-    const QString path = home + QStringLiteral("/a.plist");
+    const QString path = home + u"/a.plist"_s;
     EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(path), std::nullopt);
     EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(home), std::nullopt);
     for (const QByteArray &bytes :
@@ -87,53 +88,50 @@ TEST(NSPropertyListFile, WhatIsNoDictionaryIsNothing)
 
 TEST(NSPropertyListFile, PipesAndDevicesAreNotRead)
 {
-    const QString pipe = useFreshHome() + QStringLiteral("/pipe");
+    const QString pipe = useFreshHome() + u"/pipe"_s;
     ASSERT_EQ(::mkfifo(bytesOf(pipe).constData(), 0600), 0);
     EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(pipe), std::nullopt);
-    EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(QStringLiteral("/dev/zero")),
-              std::nullopt);
+    EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(u"/dev/zero"_s), std::nullopt);
 }
 
 TEST(NSPropertyListFile, OnlyFilesAreReplaced)
 {
     const QString home = useFreshHome();
-    const QString pipe = home + QStringLiteral("/pipe");
-    const QString folder = home + QStringLiteral("/folder");
+    const QString pipe = home + u"/pipe"_s;
+    const QString folder = home + u"/folder"_s;
     ASSERT_EQ(::mkfifo(bytesOf(pipe).constData(), 0600), 0);
     ASSERT_TRUE(QDir().mkdir(folder));
     for (const bool atomically : {true, false}) {
         EXPECT_FALSE(NSDictionary::writeToFile(settings(), pipe, atomically));
         EXPECT_FALSE(NSDictionary::writeToFile(settings(), folder, atomically));
-        EXPECT_FALSE(
-            NSDictionary::writeToFile(settings(), QStringLiteral("/dev/full"), atomically));
+        EXPECT_FALSE(NSDictionary::writeToFile(settings(), u"/dev/full"_s, atomically));
     }
     struct stat status = {};
     ASSERT_EQ(::stat("/dev/full", &status), 0);
     EXPECT_TRUE(S_ISCHR(status.st_mode));
-    EXPECT_EQ(filesIn(home), (QStringList{QStringLiteral("folder"), QStringLiteral("pipe")}));
+    EXPECT_EQ(filesIn(home), (QStringList{u"folder"_s, u"pipe"_s}));
 }
 
 TEST(NSPropertyListFile, HostilePathsAndValuesAreRefused)
 {
     const QString home = useFreshHome();
-    const QString path = home + QStringLiteral("/a.plist");
+    const QString path = home + u"/a.plist"_s;
     writeFile(path, "old");
     for (const bool atomically : {true, false}) {
         for (const QString &hostile :
-             {QString(), QStringLiteral(""), QString(path + QChar(0)),
-              QString(home + u'/' + QChar(0xD800)), QString(path + u"/below a file"),
-              QString(home + u'/' + QStringLiteral("n").repeated(300))})
+             {QString(), u""_s, QString(path + QChar(0)), QString(home + u'/' + QChar(0xD800)),
+              QString(path + u"/below a file"), QString(home + u'/' + u"n"_s.repeated(300))})
             EXPECT_FALSE(NSDictionary::writeToFile(settings(), hostile, atomically));
-        const QVariantMap unwritable = {{QStringLiteral("a"), QString(QChar(0))}};
+        const QVariantMap unwritable = {{u"a"_s, QString(QChar(0))}};
         EXPECT_FALSE(NSDictionary::writeToFile(unwritable, path, atomically));
     }
     EXPECT_EQ(contentsOf(path), QByteArray("old"));
-    EXPECT_EQ(filesIn(home), QStringList{QStringLiteral("a.plist")});
+    EXPECT_EQ(filesIn(home), QStringList{u"a.plist"_s});
 }
 
 TEST(NSPropertyListFile, TheModeOfTheFileStays)
 {
-    const QString path = useFreshHome() + QStringLiteral("/a.plist");
+    const QString path = useFreshHome() + u"/a.plist"_s;
     for (const mode_t mode : {0600u, 0664u, 0640u}) {
         writeFile(path, "old");
         ASSERT_EQ(::chmod(bytesOf(path).constData(), mode), 0);
@@ -147,26 +145,25 @@ TEST(NSPropertyListFile, TheModeOfTheFileStays)
 TEST(NSPropertyListFile, ALinkToTheFileStaysALink)
 {
     const QString home = useFreshHome();
-    const QString link = home + QStringLiteral("/link.plist");
-    writeFile(home + QStringLiteral("/kept/file.plist"), "old");
-    ASSERT_TRUE(QFile::link(home + QStringLiteral("/kept/file.plist"), link));
+    const QString link = home + u"/link.plist"_s;
+    writeFile(home + u"/kept/file.plist"_s, "old");
+    ASSERT_TRUE(QFile::link(home + u"/kept/file.plist"_s, link));
     EXPECT_TRUE(NSDictionary::writeToFile(settings(), link, true));
     EXPECT_TRUE(QFileInfo(link).isSymLink());
-    EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(home + QStringLiteral("/kept/file.plist")),
-              settings());
+    EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(home + u"/kept/file.plist"_s), settings());
 }
 
 TEST(NSPropertyListFile, AFullDiskLeavesTheOldBytes)
 {
     const QString home = useFreshHome();
-    const QString path = home + QStringLiteral("/a.plist");
+    const QString path = home + u"/a.plist"_s;
     writeFile(path, "old");
-    const QVariantMap large = {{QStringLiteral("a"), QStringLiteral("x").repeated(100'000)}};
+    const QVariantMap large = {{u"a"_s, u"x"_s.repeated(100'000)}};
     {
         const FullDisk disk(1000);
         EXPECT_FALSE(NSDictionary::writeToFile(large, path, true));
     }
     EXPECT_EQ(contentsOf(path), QByteArray("old"));
-    EXPECT_EQ(filesIn(home), QStringList{QStringLiteral("a.plist")});
+    EXPECT_EQ(filesIn(home), QStringList{u"a.plist"_s});
     EXPECT_TRUE(NSDictionary::writeToFile(large, path, true));
 }

@@ -4,6 +4,8 @@
 
 #include <random>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 // Dictionaries of plain texts are read without the XML parser. A comment at the end sends the same
@@ -20,10 +22,10 @@ QVariant readByParser(const QByteArray &document)
 QByteArray manifest()
 {
     return NSPropertyListSerialization::dataWithPropertyList(
-        QVariantMap{{QStringLiteral("CFBundleIdentifier"), QStringLiteral("org.example.good")},
-                    {QStringLiteral("NSPrincipalClass"), QStringLiteral("Acme::Exporter")},
-                    {QStringLiteral("empty"), QStringLiteral("")},
-                    {QStringLiteral(""), QStringLiteral(" blanks ~ around ")}});
+        QVariantMap{{u"CFBundleIdentifier"_s, u"org.example.good"_s},
+                    {u"NSPrincipalClass"_s, u"Acme::Exporter"_s},
+                    {u"empty"_s, u""_s},
+                    {u""_s, u" blanks ~ around "_s}});
 }
 
 QByteArray withBody(const QByteArray &body)
@@ -46,10 +48,9 @@ TEST(NSPropertyListQuickReader, ReadsManifests)
 {
     const QVariantMap dictionary = propertyListFromData(manifest()).toMap();
     EXPECT_EQ(dictionary.size(), 4);
-    EXPECT_EQ(dictionary.value(QStringLiteral("NSPrincipalClass")),
-              QVariant(QStringLiteral("Acme::Exporter")));
-    EXPECT_EQ(dictionary.value(QStringLiteral("")), QVariant(QStringLiteral(" blanks ~ around ")));
-    EXPECT_FALSE(dictionary.value(QStringLiteral("empty")).toString().isNull());
+    EXPECT_EQ(dictionary.value(u"NSPrincipalClass"_s), QVariant(u"Acme::Exporter"_s));
+    EXPECT_EQ(dictionary.value(u""_s), QVariant(u" blanks ~ around "_s));
+    EXPECT_FALSE(dictionary.value(u"empty"_s).toString().isNull());
     expectAgreement(manifest());
 }
 

@@ -11,6 +11,8 @@
 #include <cmath>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 using namespace NSPropertyListSerialization;
 using namespace testing_support;
 
@@ -54,15 +56,11 @@ const QMap<QString, QVariant> &valuesOfRows()
 {
     constexpr double infinity = std::numeric_limits<double>::infinity();
     static const QMap<QString, QVariant> values = {
-        {QStringLiteral("nested"),
-         QVariantMap{
-             {QStringLiteral("list"),
-              QVariantList{mapOf(QStringLiteral("k"), QStringLiteral("v")), QVariantList()}},
-             {QStringLiteral("d"), QVariantMap()}}},
-        {QStringLiteral("empty dictionary"), QVariantMap()},
-        {QStringLiteral("empty data"), QVariantList{QByteArray("")}},
-        {QStringLiteral("reals"),
-         QVariantList{0.0, 0.5, 0.1, -1.0, 1e100, std::nan(""), infinity, -infinity}},
+        {u"nested"_s, QVariantMap{{u"list"_s, QVariantList{mapOf(u"k"_s, u"v"_s), QVariantList()}},
+                                  {u"d"_s, QVariantMap()}}},
+        {u"empty dictionary"_s, QVariantMap()},
+        {u"empty data"_s, QVariantList{QByteArray("")}},
+        {u"reals"_s, QVariantList{0.0, 0.5, 0.1, -1.0, 1e100, std::nan(""), infinity, -infinity}},
     };
     return values;
 }
@@ -71,7 +69,7 @@ const QMap<QString, QVariant> &valuesOfRows()
 TEST(NSPropertyListWriter, RowsAreMet)
 {
     int checked = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/property_list.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"platform/property_list.jsonl"_s)) {
         if (row.value(u"op").toString() != u"write XML")
             continue;
         const QVariant value = valuesOfRows().value(row.value(u"case").toString());
@@ -95,11 +93,10 @@ TEST(NSPropertyListWriter, ScalarsAreWrittenInThePlatformsForm)
     EXPECT_EQ(bodyOf(QVariant::fromValue(uchar(200))), "<integer>200</integer>\n");
     EXPECT_EQ(bodyOf(QVariant::fromValue(0.5f)), "<real>0.5</real>\n");
     EXPECT_EQ(bodyOf(1e-5), "<real>1.0000000000000001e-05</real>\n");
-    EXPECT_EQ(bodyOf(QStringLiteral("")), "<string></string>\n");
-    EXPECT_EQ(bodyOf(QStringLiteral("a<b>&\"'é")), "<string>a&lt;b&gt;&amp;\"'\xC3\xA9</string>\n");
+    EXPECT_EQ(bodyOf(u""_s), "<string></string>\n");
+    EXPECT_EQ(bodyOf(u"a<b>&\"'é"_s), "<string>a&lt;b&gt;&amp;\"'\xC3\xA9</string>\n");
     EXPECT_EQ(bodyOf(QVariantList()), "<array/>\n");
-    EXPECT_EQ(bodyOf(QStringList{QStringLiteral("a")}),
-              "<array>\n\t<string>a</string>\n</array>\n");
+    EXPECT_EQ(bodyOf(QStringList{u"a"_s}), "<array>\n\t<string>a</string>\n</array>\n");
 }
 
 TEST(NSPropertyListWriter, ZeroLosesItsSign)
@@ -148,9 +145,8 @@ TEST(NSPropertyListWriter, DataIsWrappedAtAWidthThatShrinksWithTheIndent)
 
 TEST(NSPropertyListWriter, KeysAreSortedByUnit)
 {
-    const QVariantMap map = {{QStringLiteral("b"), 1},      {QStringLiteral("B"), 2},
-                             {QStringLiteral("é"), 3},      {QStringLiteral(""), 4},
-                             {QStringLiteral("\uFF01"), 5}, {QStringLiteral("😀"), 6}};
+    const QVariantMap map = {{u"b"_s, 1}, {u"B"_s, 2},      {u"é"_s, 3},
+                             {u""_s, 4},  {u"\uFF01"_s, 5}, {u"😀"_s, 6}};
     QList<QByteArray> keys;
     for (const QByteArray &line : bodyOf(map).split('\n')) {
         if (line.startsWith("\t<key>"))
@@ -163,15 +159,14 @@ TEST(NSPropertyListWriter, KeysAreSortedByUnit)
 TEST(NSPropertyListWriter, WhatXMLCannotHoldIsRefusedByKey)
 {
     const QList<QString> texts = {
-        QString(QChar(0)),      QStringLiteral("a\u0001b"), QStringLiteral("\u001F"),
-        QString(QChar(0xD800)), QString(QChar(0xDC00)),     QString(QChar(0xFFFE)),
+        QString(QChar(0)),      u"a\u0001b"_s,          u"\u001F"_s,
+        QString(QChar(0xD800)), QString(QChar(0xDC00)), QString(QChar(0xFFFE)),
         QString(QChar(0xFFFF)),
     };
     for (const QString &text : texts) {
-        const QVariantMap inside = mapOf(QStringLiteral("Notes"), text);
-        EXPECT_TRUE(errorOf(inside).contains(QStringLiteral("Notes")));
-        EXPECT_TRUE(errorOf(mapOf(QStringLiteral("a"), QVariantList{inside}))
-                        .contains(QStringLiteral("Notes")));
+        const QVariantMap inside = mapOf(u"Notes"_s, text);
+        EXPECT_TRUE(errorOf(inside).contains(u"Notes"_s));
+        EXPECT_TRUE(errorOf(mapOf(u"a"_s, QVariantList{inside})).contains(u"Notes"_s));
         EXPECT_FALSE(errorOf(mapOf(text, 1)).isEmpty());
         EXPECT_FALSE(errorOf(text).isEmpty());
     }
@@ -188,8 +183,7 @@ TEST(NSPropertyListWriter, WhatIsNoPropertyListIsRefusedByKey)
         QVariant::fromValue(static_cast<QObject *>(nullptr)),
     };
     for (const QVariant &value : values) {
-        EXPECT_TRUE(
-            errorOf(mapOf(QStringLiteral("Field"), value)).contains(QStringLiteral("Field")));
+        EXPECT_TRUE(errorOf(mapOf(u"Field"_s, value)).contains(u"Field"_s));
         EXPECT_FALSE(errorOf(QVariantList{1, value}).isEmpty());
         EXPECT_FALSE(errorOf(value).isEmpty());
     }
@@ -229,13 +223,13 @@ TEST(NSPropertyListWriter, ValuesComeBackAsTheyWere)
         QVariant(std::numeric_limits<double>::denorm_min()),
         QVariant(-std::numeric_limits<double>::max()),
         QVariant(-std::numeric_limits<double>::infinity()),
-        QVariant(QStringLiteral("\r\n\t \r]]>&#0;<![CDATA[")),
-        QVariant(QStringLiteral("\u0085\u2028\uFEFF\U0001FFFE\uFFFD")),
+        QVariant(u"\r\n\t \r]]>&#0;<![CDATA["_s),
+        QVariant(u"\u0085\u2028\uFEFF\U0001FFFE\uFFFD"_s),
         QVariant(QByteArray("")),
         QVariant(QByteArray(1 << 20, '\xFF')),
         QVariant(QDateTime(QDate(1999, 12, 31), QTime(23, 59, 59), Qt::UTC)),
         QVariant(QDateTime(QDate(-101, 2, 28), QTime(1, 2, 3), Qt::UTC)),
-        QVariant(mapOf(QStringLiteral("CF$UID"), 5LL)),
+        QVariant(mapOf(u"CF$UID"_s, 5LL)),
     };
     for (const QVariant &value : values) {
         const QVariant back = thereAndBack(value);

@@ -9,6 +9,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 using namespace NSPropertyListSerialization;
 using namespace testing_support;
 
@@ -60,7 +62,7 @@ void checkElement(const QByteArray &input, const QJsonValue &expected)
 TEST(NSPropertyListXMLReader, RowsAreMet)
 {
     int checked = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/property_list.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"platform/property_list.jsonl"_s)) {
         if (row.value(u"op").toString() != u"read XML element")
             continue;
         const QByteArray input = row.value(u"input").toString().toUtf8();
@@ -88,10 +90,10 @@ TEST(NSPropertyListXMLReader, OlderVersionsAndMissingHeadersAreRead)
 
 TEST(NSPropertyListXMLReader, Utf16WithAByteOrderMarkIsRead)
 {
-    const QString text = QStringLiteral("<plist><string>é😀</string></plist>");
+    const QString text = u"<plist><string>é😀</string></plist>"_s;
     for (const auto encoding : {QStringConverter::Utf16LE, QStringConverter::Utf16BE}) {
         QStringEncoder encoder(encoding, QStringConverter::Flag::WriteBom);
-        EXPECT_EQ(propertyListFromData(encoder(text)), QVariant(QStringLiteral("é😀")));
+        EXPECT_EQ(propertyListFromData(encoder(text)), QVariant(u"é😀"_s));
     }
 }
 
@@ -149,29 +151,28 @@ TEST(NSPropertyListXMLReader, EmptyScalarsAreErrorsButTextsAreNot)
     for (const char *element : {"<data/>", "<date/>", "<integer/>", "<real/>", "<data />"})
         EXPECT_TRUE(isRefused(document(element))) << element;
     const QVariant text = valueOf("<string/>");
-    EXPECT_EQ(text, QVariant(QStringLiteral("")));
+    EXPECT_EQ(text, QVariant(u""_s));
     EXPECT_FALSE(NSObject::isNil(text));
-    EXPECT_EQ(valueOf("<dict><key/><string></string></dict>").toMap().keys(),
-              QStringList{QStringLiteral("")});
+    EXPECT_EQ(valueOf("<dict><key/><string></string></dict>").toMap().keys(), QStringList{u""_s});
 }
 
 TEST(NSPropertyListXMLReader, TextsAreReadWithReferencesSectionsAndComments)
 {
     EXPECT_EQ(valueOf("<string>a&lt;&#233;&#x1F600;<!-- no --><![CDATA[&amp;]]>\n</string>"),
-              QVariant(QStringLiteral("a<é😀&amp;\n")));
-    EXPECT_EQ(valueOf("<string>a&#13;&#10;</string>"), QVariant(QStringLiteral("a\r\n")));
+              QVariant(u"a<é😀&amp;\n"_s));
+    EXPECT_EQ(valueOf("<string>a&#13;&#10;</string>"), QVariant(u"a\r\n"_s));
 }
 
 TEST(NSPropertyListXMLReader, TheLaterOfTwoKeysWins)
 {
-    const QVariantMap expected = {{QStringLiteral("a"), 2LL}};
+    const QVariantMap expected = {{u"a"_s, 2LL}};
     EXPECT_EQ(valueOf("<dict><key>a</key><true/><key>a</key><integer>2</integer></dict>").toMap(),
               expected);
 }
 
 TEST(NSPropertyListXMLReader, ReferencesOfArchivesStayDictionaries)
 {
-    const QVariantMap expected = {{QStringLiteral("CF$UID"), 7LL}};
+    const QVariantMap expected = {{u"CF$UID"_s, 7LL}};
     EXPECT_EQ(valueOf("<dict><key>CF$UID</key><integer>7</integer></dict>").toMap(), expected);
 }
 
@@ -254,5 +255,5 @@ TEST(NSPropertyListXMLReader, ErrorsNameTheLine)
 {
     QString error;
     propertyListFromData(document("<integer>x</integer>"), &error);
-    EXPECT_EQ(error, QStringLiteral("line 4: not an integer"));
+    EXPECT_EQ(error, u"line 4: not an integer"_s);
 }

@@ -4,6 +4,8 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -24,23 +26,18 @@ TEST(NSSearchPath, FoldersLieInTheHome)
 {
     const QString home = useFreshHome();
     EXPECT_EQ(NSHomeDirectory(), home);
-    EXPECT_EQ(foldersFor(NSApplicationSupportDirectory),
-              QStringList(home + QStringLiteral("/.local/share")));
-    EXPECT_EQ(foldersFor(NSLibraryDirectory),
-              QStringList(home + QStringLiteral("/.local/share/Cobble")));
+    EXPECT_EQ(foldersFor(NSApplicationSupportDirectory), QStringList(home + u"/.local/share"_s));
+    EXPECT_EQ(foldersFor(NSLibraryDirectory), QStringList(home + u"/.local/share/Cobble"_s));
 }
 
 TEST(NSSearchPath, TheDataFolderOfTheEnvironmentWins)
 {
     useFreshHome();
     qputenv("XDG_DATA_HOME", "/somewhere/data/");
-    EXPECT_EQ(foldersFor(NSApplicationSupportDirectory),
-              QStringList{QStringLiteral("/somewhere/data")});
-    EXPECT_EQ(foldersFor(NSLibraryDirectory),
-              QStringList{QStringLiteral("/somewhere/data/Cobble")});
+    EXPECT_EQ(foldersFor(NSApplicationSupportDirectory), QStringList{u"/somewhere/data"_s});
+    EXPECT_EQ(foldersFor(NSLibraryDirectory), QStringList{u"/somewhere/data/Cobble"_s});
     qunsetenv("HOME");
-    EXPECT_EQ(foldersFor(NSLibraryDirectory),
-              QStringList{QStringLiteral("/somewhere/data/Cobble")});
+    EXPECT_EQ(foldersFor(NSLibraryDirectory), QStringList{u"/somewhere/data/Cobble"_s});
     useFreshHome();
 }
 
@@ -50,7 +47,7 @@ TEST(NSSearchPath, RelativeOrEmptyDataFoldersAreIgnored)
     for (const QByteArray &folder : {QByteArray("data"), QByteArray(""), QByteArray("~/data")}) {
         qputenv("XDG_DATA_HOME", folder);
         EXPECT_EQ(foldersFor(NSApplicationSupportDirectory),
-                  QStringList(home + QStringLiteral("/.local/share")));
+                  QStringList(home + u"/.local/share"_s));
     }
     useFreshHome();
 }
@@ -71,11 +68,9 @@ TEST(NSSearchPath, WithoutHomeAndDataFolderThereIsNothing)
 TEST(NSSearchPath, ATildeStandsForTheHomeIfAsked)
 {
     const QString home = useFreshHome();
-    EXPECT_EQ(foldersFor(NSLibraryDirectory, false),
-              QStringList{QStringLiteral("~/.local/share/Cobble")});
-    qputenv("XDG_DATA_HOME", (home + QStringLiteral("-other")).toLocal8Bit());
-    EXPECT_EQ(foldersFor(NSApplicationSupportDirectory, false),
-              QStringList(home + QStringLiteral("-other")));
+    EXPECT_EQ(foldersFor(NSLibraryDirectory, false), QStringList{u"~/.local/share/Cobble"_s});
+    qputenv("XDG_DATA_HOME", (home + u"-other"_s).toLocal8Bit());
+    EXPECT_EQ(foldersFor(NSApplicationSupportDirectory, false), QStringList(home + u"-other"_s));
     useFreshHome();
 }
 
@@ -83,8 +78,7 @@ TEST(NSSearchPath, TheRootCanBeAHome)
 {
     useFreshHome();
     qputenv("HOME", "/");
-    EXPECT_EQ(foldersFor(NSApplicationSupportDirectory),
-              QStringList{QStringLiteral("/.local/share")});
+    EXPECT_EQ(foldersFor(NSApplicationSupportDirectory), QStringList{u"/.local/share"_s});
     useFreshHome();
 }
 

@@ -9,13 +9,15 @@
 #include <dlfcn.h>
 #include <netdb.h>
 
+using namespace Qt::StringLiterals;
+
 using testing_support::LoopbackServer;
 
 namespace {
 constexpr double Soon = 0.2;
 
 /// A name that is looked up until the test has seen enough, in milliseconds at most.
-const QString SilentHost = QStringLiteral("silent.test");
+const QString SilentHost = u"silent.test"_s;
 constexpr int LongestSilence = 4000;
 QSemaphore answersWanted;
 QSemaphore answersGiven;
@@ -47,9 +49,9 @@ getaddrinfo(const char *name, const char *service, const addrinfo *hints, addrin
 TEST(NSURLConnection, GivesTheBody)
 {
     const LoopbackServer server;
-    EXPECT_EQ(get(server.url(QStringLiteral("/pic.jpg"))), QByteArray("PIC"));
-    EXPECT_EQ(get(server.url(QStringLiteral("/%C3%BC.png"))), QByteArray("UE"));
-    const auto empty = get(server.url(QStringLiteral("/empty.gif")));
+    EXPECT_EQ(get(server.url(u"/pic.jpg"_s)), QByteArray("PIC"));
+    EXPECT_EQ(get(server.url(u"/%C3%BC.png"_s)), QByteArray("UE"));
+    const auto empty = get(server.url(u"/empty.gif"_s));
     ASSERT_TRUE(empty.has_value());
     EXPECT_TRUE(empty->isEmpty() && !empty->isNull());
 }
@@ -57,13 +59,13 @@ TEST(NSURLConnection, GivesTheBody)
 TEST(NSURLConnection, TheStatusDoesNotMatter)
 {
     const LoopbackServer server;
-    EXPECT_EQ(get(server.url(QStringLiteral("/none"))), QByteArray("nothing"));
+    EXPECT_EQ(get(server.url(u"/none"_s)), QByteArray("nothing"));
 }
 
 TEST(NSURLConnection, AsksCachesToStandAside)
 {
     const LoopbackServer server;
-    get(server.url(QStringLiteral("/pic.jpg")));
+    get(server.url(u"/pic.jpg"_s));
     ASSERT_EQ(server.requests().size(), 1);
     EXPECT_TRUE(server.requests().first().contains("Cache-Control: no-cache\r\n"));
     EXPECT_TRUE(server.requests().first().contains("Pragma: no-cache\r\n"));
@@ -75,7 +77,7 @@ TEST(NSURLConnection, PassesByProxies)
     const LoopbackServer proxy(
         [](int socket, const QByteArray &) { LoopbackServer::sendBody(socket, "proxy"); });
     qputenv("http_proxy", proxy.url(QString()).toLatin1());
-    EXPECT_EQ(get(server.url(QStringLiteral("/pic.jpg"))), QByteArray("PIC"));
+    EXPECT_EQ(get(server.url(u"/pic.jpg"_s)), QByteArray("PIC"));
     qunsetenv("http_proxy");
 }
 
@@ -88,21 +90,21 @@ TEST(NSURLConnection, FollowsRedirectionsWithinHTTP)
                                      "Connection: close\r\nLocation: " +
                                          path.mid(1) + "\r\n\r\n");
     });
-    EXPECT_EQ(get(server.url(QStringLiteral("//end"))), QByteArray("end"));
-    EXPECT_FALSE(get(server.url(QStringLiteral("/file:///etc/hostname"))).has_value());
-    EXPECT_FALSE(get(server.url(QStringLiteral("/ftp://127.0.0.1/a"))).has_value());
+    EXPECT_EQ(get(server.url(u"//end"_s)), QByteArray("end"));
+    EXPECT_FALSE(get(server.url(u"/file:///etc/hostname"_s)).has_value());
+    EXPECT_FALSE(get(server.url(u"/ftp://127.0.0.1/a"_s)).has_value());
     const LoopbackServer circle([](int socket, const QByteArray &) {
         LoopbackServer::send(socket, "HTTP/1.1 302 Found\r\nContent-Length: 0\r\n"
                                      "Connection: close\r\nLocation: /again\r\n\r\n");
     });
-    EXPECT_FALSE(get(circle.url(QStringLiteral("/again"))).has_value());
+    EXPECT_FALSE(get(circle.url(u"/again"_s)).has_value());
 }
 
 TEST(NSURLConnection, OnlyHTTP)
 {
-    EXPECT_FALSE(get(QStringLiteral("https://127.0.0.1:1/a")).has_value());
-    EXPECT_FALSE(get(QStringLiteral("file:///etc/hostname")).has_value());
-    EXPECT_FALSE(get(QStringLiteral("relative")).has_value());
+    EXPECT_FALSE(get(u"https://127.0.0.1:1/a"_s).has_value());
+    EXPECT_FALSE(get(u"file:///etc/hostname"_s).has_value());
+    EXPECT_FALSE(get(u"relative"_s).has_value());
 }
 
 TEST(NSURLConnection, AnswersThatEndEarlyAreNothing)
@@ -111,8 +113,8 @@ TEST(NSURLConnection, AnswersThatEndEarlyAreNothing)
         if (path == "/part")
             LoopbackServer::send(socket, "HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\nabc");
     });
-    EXPECT_FALSE(get(server.url(QStringLiteral("/part"))).has_value());
-    EXPECT_FALSE(get(server.url(QStringLiteral("/silent"))).has_value());
+    EXPECT_FALSE(get(server.url(u"/part"_s)).has_value());
+    EXPECT_FALSE(get(server.url(u"/silent"_s)).has_value());
 }
 
 TEST(NSURLConnection, AnswersThatNeverComeAreNothing)
@@ -121,7 +123,7 @@ TEST(NSURLConnection, AnswersThatNeverComeAreNothing)
         [](int socket, const QByteArray &) { LoopbackServer::waitForClose(socket); });
     QElapsedTimer timer;
     timer.start();
-    EXPECT_FALSE(get(server.url(QStringLiteral("/a")), Soon).has_value());
+    EXPECT_FALSE(get(server.url(u"/a"_s), Soon).has_value());
     EXPECT_GE(timer.elapsed(), 190);
     EXPECT_LT(timer.elapsed(), 5000);
 }
@@ -142,7 +144,7 @@ TEST(NSURLConnection, TheTimeIsThatOfTheWholeDownload)
         LoopbackServer::send(socket, "HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\nabc");
         LoopbackServer::waitForClose(socket);
     });
-    EXPECT_FALSE(get(server.url(QStringLiteral("/a")), Soon).has_value());
+    EXPECT_FALSE(get(server.url(u"/a"_s), Soon).has_value());
 }
 
 TEST(NSURLConnection, LargeBodiesAreTakenAndTooLargeOnesAreNot)
@@ -155,8 +157,8 @@ TEST(NSURLConnection, LargeBodiesAreTakenAndTooLargeOnesAreNot)
             LoopbackServer::send(socket,
                                  "HTTP/1.1 200 OK\r\nContent-Length: 999999999999\r\n\r\nabc");
     });
-    EXPECT_TRUE(get(server.url(QStringLiteral("/large"))) == large);
-    EXPECT_FALSE(get(server.url(QStringLiteral("/larger"))).has_value());
+    EXPECT_TRUE(get(server.url(u"/large"_s)) == large);
+    EXPECT_FALSE(get(server.url(u"/larger"_s)).has_value());
 }
 
 TEST(NSURLConnection, NobodyListening)
@@ -164,7 +166,7 @@ TEST(NSURLConnection, NobodyListening)
     QString url;
     {
         const LoopbackServer server;
-        url = server.url(QStringLiteral("/pic.jpg"));
+        url = server.url(u"/pic.jpg"_s);
     }
     EXPECT_FALSE(get(url).has_value());
 }

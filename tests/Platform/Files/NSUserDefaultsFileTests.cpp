@@ -13,23 +13,25 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 // What user defaults do with their files: other writers, damage, and places that cannot be written.
 
 using namespace testing_support;
 
 namespace {
-const QString Domain = QStringLiteral("org.example.Tests");
-const QString Key = QStringLiteral("key");
-const QString OtherKey = QStringLiteral("other");
+const QString Domain = u"org.example.Tests"_s;
+const QString Key = u"key"_s;
+const QString OtherKey = u"other"_s;
 
 QString preferencesIn(const QString &home)
 {
-    return home + QStringLiteral("/.local/share/Cobble/Preferences");
+    return home + u"/.local/share/Cobble/Preferences"_s;
 }
 
 QString fileIn(const QString &home)
 {
-    return preferencesIn(home) + u'/' + Domain + QStringLiteral(".plist");
+    return preferencesIn(home) + u'/' + Domain + u".plist"_s;
 }
 
 /// Runs \a action in another process, which ends without unwinding.
@@ -58,8 +60,7 @@ TEST(NSUserDefaultsFile, ASetIsWrittenAtOnce)
     defaults.setInteger(1, Key);
     const QVariantMap expected = {{Key, 1LL}};
     EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(fileIn(home)), expected);
-    EXPECT_EQ(QDir(preferencesIn(home)).entryList(QDir::Files),
-              QStringList{Domain + QStringLiteral(".plist")});
+    EXPECT_EQ(QDir(preferencesIn(home)).entryList(QDir::Files), QStringList{Domain + u".plist"_s});
 }
 
 TEST(NSUserDefaultsFile, TwoInstancesLoseNothing)
@@ -92,8 +93,8 @@ TEST(NSUserDefaultsFile, TwoProcessesLoseNothing)
         for (int attempt = 0; attempt < 5 && !defaults.synchronize(); ++attempt)
             continue;
     };
-    const pid_t child = startProcess([&] { writeKeys(QStringLiteral("child")); });
-    writeKeys(QStringLiteral("parent"));
+    const pid_t child = startProcess([&] { writeKeys(u"child"_s); });
+    writeKeys(u"parent"_s);
     ASSERT_TRUE(endedWell(child));
     EXPECT_EQ(NSUserDefaults(Domain).dictionaryRepresentation().size(), 2 * Count);
 }
@@ -123,7 +124,7 @@ TEST(NSUserDefaultsFile, DamagedFilesCountAsEmptyAndAreKept)
         EXPECT_TRUE(defaults.synchronize());
         EXPECT_EQ(contentsOf(fileIn(home)), bytes) << "reading changes nothing";
         defaults.setInteger(1, Key);
-        EXPECT_EQ(contentsOf(fileIn(home) + QStringLiteral(".damaged")), bytes);
+        EXPECT_EQ(contentsOf(fileIn(home) + u".damaged"_s), bytes);
         EXPECT_EQ(NSUserDefaults(Domain).integerForKey(Key), 1);
     }
 }
@@ -135,17 +136,17 @@ TEST(NSUserDefaultsFile, AnEarlierDamagedFileIsNotLost)
         writeFile(fileIn(home), bytes);
         NSUserDefaults(Domain).setInteger(1, Key);
     }
-    EXPECT_EQ(contentsOf(fileIn(home) + QStringLiteral(".damaged")), QByteArray("first"));
-    EXPECT_EQ(contentsOf(fileIn(home) + QStringLiteral(".damaged.2")), QByteArray("second"));
+    EXPECT_EQ(contentsOf(fileIn(home) + u".damaged"_s), QByteArray("first"));
+    EXPECT_EQ(contentsOf(fileIn(home) + u".damaged.2"_s), QByteArray("second"));
 }
 
 TEST(NSUserDefaultsFile, AFolderInPlaceOfTheFileIsKept)
 {
     const QString home = useFreshHome();
-    writeFile(fileIn(home) + QStringLiteral("/inside"), "kept");
+    writeFile(fileIn(home) + u"/inside"_s, "kept");
     NSUserDefaults defaults(Domain);
     defaults.setInteger(1, Key);
-    EXPECT_EQ(contentsOf(fileIn(home) + QStringLiteral(".damaged/inside")), QByteArray("kept"));
+    EXPECT_EQ(contentsOf(fileIn(home) + u".damaged/inside"_s), QByteArray("kept"));
     EXPECT_EQ(NSUserDefaults(Domain).integerForKey(Key), 1);
 }
 
@@ -156,16 +157,15 @@ TEST(NSUserDefaultsFile, WithoutAHomeValuesLiveInMemory)
     NSUserDefaults defaults(Domain);
     EXPECT_FALSE(defaults.synchronize());
     defaults.setInteger(1, Key);
-    defaults.setPersistentDomain({{Key, 2}}, QStringLiteral("D"));
-    EXPECT_EQ(defaults.persistentDomainForName(QStringLiteral("D")).value_or(QVariantMap()).size(),
-              1);
+    defaults.setPersistentDomain({{Key, 2}}, u"D"_s);
+    EXPECT_EQ(defaults.persistentDomainForName(u"D"_s).value_or(QVariantMap()).size(), 1);
     EXPECT_FALSE(defaults.synchronize());
     EXPECT_EQ(defaults.integerForKey(Key), 1);
     EXPECT_TRUE(defaults.persistentDomainNames().isEmpty());
     useFreshHome();
     EXPECT_TRUE(defaults.synchronize()) << "what could not be written is written later";
     EXPECT_EQ(NSUserDefaults(Domain).integerForKey(Key), 1);
-    EXPECT_EQ(NSUserDefaults(QStringLiteral("D")).integerForKey(Key), 2);
+    EXPECT_EQ(NSUserDefaults(u"D"_s).integerForKey(Key), 2);
 }
 
 TEST(NSUserDefaultsFile, AFileInPlaceOfTheFolderKeepsValuesInMemory)
@@ -202,7 +202,7 @@ TEST(NSUserDefaultsFile, AHeldLockIsWaitedForTwoSeconds)
     const QString home = useFreshHome();
     QDir().mkpath(preferencesIn(home));
     NSUserDefaults defaults(Domain);
-    QLockFile lock(fileIn(home) + QStringLiteral(".lock"));
+    QLockFile lock(fileIn(home) + u".lock"_s);
     ASSERT_TRUE(lock.tryLock());
     QElapsedTimer timer;
     timer.start();
@@ -222,7 +222,7 @@ TEST(NSUserDefaultsFile, TheLockOfADeadProcessDoesNotBlock)
 {
     const QString home = useFreshHome();
     QDir().mkpath(preferencesIn(home));
-    const QString path = fileIn(home) + QStringLiteral(".lock");
+    const QString path = fileIn(home) + u".lock"_s;
     ASSERT_TRUE(endedWell(startProcess([&] {
         QLockFile lock(path);
         ::_exit(lock.tryLock() ? 0 : 1);

@@ -13,11 +13,13 @@
 #include <functional>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
-const QString Domain = QStringLiteral("org.example.Tests");
-const QString Key = QStringLiteral("key");
+const QString Domain = u"org.example.Tests"_s;
+const QString Key = u"key"_s;
 
 /// Counts change notifications while it lives.
 class ChangeCounter
@@ -37,12 +39,12 @@ private:
 QVariantMap everything()
 {
     return {
-        {QStringLiteral("date"), QDateTime(QDate(2008, 3, 4), QTime(12, 0), Qt::UTC)},
-        {QStringLiteral("text"), QStringLiteral("é😀")},
-        {QStringLiteral("array"), QVariantList{1LL, QStringLiteral("a")}},
-        {QStringLiteral("dictionary"), QVariantMap{{QStringLiteral("k"), 2.5}}},
-        {QStringLiteral("data"), QByteArray("\0\xFF", 2)},
-        {QStringLiteral("bool"), true},
+        {u"date"_s, QDateTime(QDate(2008, 3, 4), QTime(12, 0), Qt::UTC)},
+        {u"text"_s, u"é😀"_s},
+        {u"array"_s, QVariantList{1LL, u"a"_s}},
+        {u"dictionary"_s, QVariantMap{{u"k"_s, 2.5}}},
+        {u"data"_s, QByteArray("\0\xFF", 2)},
+        {u"bool"_s, true},
     };
 }
 
@@ -52,10 +54,10 @@ QJsonValue answerTo(const QString &query, const NSUserDefaults &defaults)
     const QString function = query.section(u' ', 0, 0);
     const QString key = query.section(u' ', 1);
     const QMap<QString, std::function<QJsonValue()>> functions = {
-        {QStringLiteral("integerForKey"), [&] { return QJsonValue(defaults.integerForKey(key)); }},
-        {QStringLiteral("boolForKey"), [&] { return QJsonValue(defaults.boolForKey(key)); }},
-        {QStringLiteral("doubleForKey"), [&] { return QJsonValue(defaults.doubleForKey(key)); }},
-        {QStringLiteral("stringForKey"),
+        {u"integerForKey"_s, [&] { return QJsonValue(defaults.integerForKey(key)); }},
+        {u"boolForKey"_s, [&] { return QJsonValue(defaults.boolForKey(key)); }},
+        {u"doubleForKey"_s, [&] { return QJsonValue(defaults.doubleForKey(key)); }},
+        {u"stringForKey"_s,
          [&] {
              const QString text = defaults.stringForKey(key);
              return text.isNull() ? QJsonValue() : QJsonValue(text);
@@ -85,7 +87,7 @@ void prepare(NSUserDefaults &defaults, const QJsonObject &setup)
 TEST(NSUserDefaults, RowsAreMet)
 {
     int checked = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/user_defaults.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"platform/user_defaults.jsonl"_s)) {
         const QString query = row.value(u"query").toString();
         if (!query.contains(u"ForKey ")) // the first line, and rows that have tests of their own
             continue;
@@ -114,7 +116,7 @@ TEST(NSUserDefaults, TheExampleInTheHeaderHolds)
 {
     useFreshHome();
     NSUserDefaults defaults(Domain);
-    const QString rows = QStringLiteral("rows");
+    const QString rows = u"rows"_s;
     defaults.registerDefaults({{rows, 20}});
     EXPECT_EQ(defaults.integerForKey(rows), 20);
     defaults.setObject(50, rows);
@@ -126,34 +128,32 @@ TEST(NSUserDefaults, TheExampleInTheHeaderHolds)
 TEST(NSUserDefaults, DomainsAreSearchedInOrder)
 {
     useFreshHome();
-    NSUserDefaults defaults(Domain, {QStringLiteral("-key"), QStringLiteral("argument")});
-    defaults.registerDefaults({{Key, QStringLiteral("registered")}});
-    defaults.setPersistentDomain({{Key, QStringLiteral("global")}}, NSGlobalDomain);
-    defaults.setObject(QStringLiteral("application"), Key);
-    EXPECT_EQ(defaults.stringForKey(Key), QStringLiteral("argument"));
+    NSUserDefaults defaults(Domain, {u"-key"_s, u"argument"_s});
+    defaults.registerDefaults({{Key, u"registered"_s}});
+    defaults.setPersistentDomain({{Key, u"global"_s}}, NSGlobalDomain);
+    defaults.setObject(u"application"_s, Key);
+    EXPECT_EQ(defaults.stringForKey(Key), u"argument"_s);
 
     NSUserDefaults withoutArguments(Domain);
-    withoutArguments.registerDefaults({{Key, QStringLiteral("registered")}});
-    EXPECT_EQ(withoutArguments.stringForKey(Key), QStringLiteral("application"));
+    withoutArguments.registerDefaults({{Key, u"registered"_s}});
+    EXPECT_EQ(withoutArguments.stringForKey(Key), u"application"_s);
     withoutArguments.removeObjectForKey(Key);
-    EXPECT_EQ(withoutArguments.stringForKey(Key), QStringLiteral("global"));
+    EXPECT_EQ(withoutArguments.stringForKey(Key), u"global"_s);
     withoutArguments.removePersistentDomainForName(NSGlobalDomain);
-    EXPECT_EQ(withoutArguments.stringForKey(Key), QStringLiteral("registered"));
+    EXPECT_EQ(withoutArguments.stringForKey(Key), u"registered"_s);
 }
 
 TEST(NSUserDefaults, ArgumentsArePairs)
 {
     useFreshHome();
     const QStringList arguments = {
-        QStringLiteral("file"), QStringLiteral("-a"),  QStringLiteral("1"),    QStringLiteral("-b"),
-        QStringLiteral("-c"),   QStringLiteral("YES"), QStringLiteral("--d"),  QStringLiteral("x"),
-        QStringLiteral("-"),    QStringLiteral("y"),   QStringLiteral("-end"),
+        u"file"_s, u"-a"_s, u"1"_s, u"-b"_s, u"-c"_s,   u"YES"_s,
+        u"--d"_s,  u"x"_s,  u"-"_s, u"y"_s,  u"-end"_s,
     };
-    const QVariantMap expected = {{QStringLiteral("a"), QStringLiteral("1")},
-                                  {QStringLiteral("c"), QStringLiteral("YES")}};
+    const QVariantMap expected = {{u"a"_s, u"1"_s}, {u"c"_s, u"YES"_s}};
     const NSUserDefaults defaults(Domain, arguments);
     EXPECT_EQ(defaults.volatileDomainForName(NSArgumentDomain), expected);
-    EXPECT_TRUE(defaults.boolForKey(QStringLiteral("c")));
+    EXPECT_TRUE(defaults.boolForKey(u"c"_s));
 }
 
 TEST(NSUserDefaults, ValuesAreConverted)
@@ -162,9 +162,9 @@ TEST(NSUserDefaults, ValuesAreConverted)
     NSUserDefaults defaults(Domain);
     defaults.setDouble(2.75, Key);
     EXPECT_EQ(defaults.integerForKey(Key), 2);
-    EXPECT_EQ(defaults.stringForKey(Key), QStringLiteral("2.75"));
+    EXPECT_EQ(defaults.stringForKey(Key), u"2.75"_s);
     EXPECT_TRUE(defaults.boolForKey(Key));
-    defaults.setObject(QStringLiteral(" 12abc"), Key);
+    defaults.setObject(u" 12abc"_s, Key);
     EXPECT_EQ(defaults.integerForKey(Key), 12);
     EXPECT_EQ(defaults.doubleForKey(Key), 12);
     defaults.setInteger(std::numeric_limits<qint64>::min(), Key);
@@ -172,7 +172,7 @@ TEST(NSUserDefaults, ValuesAreConverted)
     defaults.setObject(QVariant::fromValue(NSDecimalNumber::decimalNumberWithString(u"0.5")), Key);
     EXPECT_EQ(defaults.doubleForKey(Key), 0.5);
     defaults.setBool(false, Key);
-    EXPECT_EQ(defaults.stringForKey(Key), QStringLiteral("0"));
+    EXPECT_EQ(defaults.stringForKey(Key), u"0"_s);
 }
 
 TEST(NSUserDefaults, ValuesOfAnotherKindAreNil)
@@ -190,7 +190,7 @@ TEST(NSUserDefaults, ValuesOfAnotherKindAreNil)
         EXPECT_TRUE(defaults.stringArrayForKey(Key).isEmpty());
         EXPECT_EQ(defaults.integerForKey(Key), type == QMetaType::Bool ? 1 : 0);
     }
-    const QStringList texts = {QStringLiteral("a"), QStringLiteral("")};
+    const QStringList texts = {u"a"_s, u""_s};
     defaults.setObject(texts, Key);
     EXPECT_EQ(defaults.stringArrayForKey(Key), texts);
 }
@@ -221,12 +221,12 @@ TEST(NSUserDefaults, EachChangeIsNotifiedOnce)
     EXPECT_EQ(changes.count(), 1);
     defaults.removeObjectForKey(Key);
     EXPECT_EQ(changes.count(), 2);
-    defaults.setPersistentDomain({{Key, 1}}, QStringLiteral("D"));
+    defaults.setPersistentDomain({{Key, 1}}, u"D"_s);
     EXPECT_EQ(changes.count(), 3);
-    defaults.removePersistentDomainForName(QStringLiteral("D"));
+    defaults.removePersistentDomainForName(u"D"_s);
     EXPECT_EQ(changes.count(), 4);
     defaults.registerDefaults({{Key, 1}});
-    defaults.setVolatileDomain({{Key, 1}}, QStringLiteral("V"));
+    defaults.setVolatileDomain({{Key, 1}}, u"V"_s);
     EXPECT_EQ(changes.count(), 4);
 }
 
@@ -234,7 +234,7 @@ TEST(NSUserDefaults, PersistentDomainsAreSeenByOtherInstances)
 {
     useFreshHome();
     NSUserDefaults defaults(Domain);
-    const QString name = QStringLiteral("D");
+    const QString name = u"D"_s;
     EXPECT_EQ(defaults.persistentDomainForName(name), std::nullopt);
     defaults.setPersistentDomain(everything(), name);
     EXPECT_EQ(NSUserDefaults(Domain).persistentDomainForName(name), everything());
@@ -251,9 +251,9 @@ TEST(NSUserDefaults, ReplacingTheOwnDomainReplacesAllOfIt)
 {
     useFreshHome();
     NSUserDefaults defaults(Domain);
-    defaults.setInteger(1, QStringLiteral("old"));
+    defaults.setInteger(1, u"old"_s);
     defaults.setPersistentDomain({{Key, 2}}, Domain);
-    EXPECT_FALSE(defaults.objectForKey(QStringLiteral("old")).isValid());
+    EXPECT_FALSE(defaults.objectForKey(u"old"_s).isValid());
     EXPECT_EQ(defaults.integerForKey(Key), 2);
     defaults.removePersistentDomainForName(Domain);
     EXPECT_FALSE(defaults.objectForKey(Key).isValid());
@@ -263,12 +263,12 @@ TEST(NSUserDefaults, VolatileDomainsLiveInMemory)
 {
     useFreshHome();
     NSUserDefaults defaults(Domain);
-    const QString name = QStringLiteral("TestDomain");
+    const QString name = u"TestDomain"_s;
     EXPECT_FALSE(defaults.volatileDomainNames().contains(name));
     defaults.setVolatileDomain(everything(), name);
     EXPECT_EQ(defaults.volatileDomainForName(name), everything());
     EXPECT_TRUE(defaults.volatileDomainNames().contains(name));
-    EXPECT_FALSE(defaults.objectForKey(QStringLiteral("text")).isValid());
+    EXPECT_FALSE(defaults.objectForKey(u"text"_s).isValid());
     EXPECT_THROW(defaults.setVolatileDomain({}, name), NSException);
     EXPECT_THROW(defaults.setVolatileDomain({}, NSRegistrationDomain), NSException);
     defaults.removeVolatileDomainForName(name);
@@ -280,8 +280,7 @@ TEST(NSUserDefaults, NamesThatCannotBeFilesRaise)
 {
     useFreshHome();
     NSUserDefaults defaults(Domain);
-    for (const QString &name : {QString(), QStringLiteral(""), QStringLiteral("."),
-                                QStringLiteral(".."), QStringLiteral("a/b"), QStringLiteral("../a"),
+    for (const QString &name : {QString(), u""_s, u"."_s, u".."_s, u"a/b"_s, u"../a"_s,
                                 QString(QChar(0)), QString(QChar(0xD800))}) {
         EXPECT_THROW(NSUserDefaults{name}, NSException);
         EXPECT_THROW(defaults.persistentDomainForName(name), NSException);
@@ -309,7 +308,7 @@ TEST(NSUserDefaults, TheStandardDefaultsAreTheHosts)
     useFreshHome();
     NSUserDefaults *defaults = NSUserDefaults::standardUserDefaults();
     EXPECT_EQ(defaults, NSUserDefaults::standardUserDefaults());
-    const QString key = QStringLiteral("NSUserDefaultsTests");
+    const QString key = u"NSUserDefaultsTests"_s;
     defaults->setInteger(5, key);
     const auto domain = NSUserDefaults(Domain).persistentDomainForName(NSHostIdentifier());
     EXPECT_EQ(domain.value_or(QVariantMap()).value(key), QVariant(5LL));

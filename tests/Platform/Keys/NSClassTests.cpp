@@ -3,6 +3,8 @@
 
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -51,8 +53,8 @@ KT_REGISTER_CLASS(Loud)
 
 TEST(NSProtocol, IsTheNameOfAnInterface)
 {
-    EXPECT_EQ(NSProtocol::of<Shape>().description(), QStringLiteral("org.cobble.tests.Shape"));
-    EXPECT_EQ(NSProtocol::of<Shape>(), NSProtocol(QStringLiteral("org.cobble.tests.Shape")));
+    EXPECT_EQ(NSProtocol::of<Shape>().description(), u"org.cobble.tests.Shape"_s);
+    EXPECT_EQ(NSProtocol::of<Shape>(), NSProtocol(u"org.cobble.tests.Shape"_s));
     EXPECT_FALSE(NSProtocol::of<Shape>().isNil());
     EXPECT_TRUE(NSProtocol().isNil());
     EXPECT_TRUE(NSProtocol().description().isNull());
@@ -60,15 +62,14 @@ TEST(NSProtocol, IsTheNameOfAnInterface)
 
 TEST(NSClass, IsFoundByNameInItsModule)
 {
-    const NSClass *const square =
-        NSClassRegistry::classNamed(QStringLiteral("Square"), thisModule());
+    const NSClass *const square = NSClassRegistry::classNamed(u"Square"_s, thisModule());
     ASSERT_NE(square, nullptr);
-    EXPECT_EQ(square->name(), QStringLiteral("Square"));
-    EXPECT_EQ(NSClassRegistry::classNamed(QStringLiteral("square"), thisModule()), nullptr);
-    EXPECT_EQ(NSClassRegistry::classNamed(QStringLiteral("Square"), nullptr), nullptr);
+    EXPECT_EQ(square->name(), u"Square"_s);
+    EXPECT_EQ(NSClassRegistry::classNamed(u"square"_s, thisModule()), nullptr);
+    EXPECT_EQ(NSClassRegistry::classNamed(u"Square"_s, nullptr), nullptr);
     const void *const other = NSClassRegistry::moduleOfAddress(&QObject::staticMetaObject);
     EXPECT_NE(other, thisModule());
-    EXPECT_EQ(NSClassRegistry::classNamed(QStringLiteral("Square"), other), nullptr);
+    EXPECT_EQ(NSClassRegistry::classNamed(u"Square"_s, other), nullptr);
     for (const QString &name : hostileTexts())
         EXPECT_EQ(NSClassRegistry::classNamed(name, thisModule()), nullptr);
 }
@@ -82,37 +83,35 @@ TEST(NSClass, AddressesOutsideOfModulesHaveNone)
 
 TEST(NSClass, ConformsToWhatItWasRegisteredWith)
 {
-    const NSClass *const square =
-        NSClassRegistry::classNamed(QStringLiteral("Square"), thisModule());
+    const NSClass *const square = NSClassRegistry::classNamed(u"Square"_s, thisModule());
     ASSERT_NE(square, nullptr);
     EXPECT_TRUE(square->conformsToProtocol(NSProtocol::of<Shape>()));
-    EXPECT_FALSE(square->conformsToProtocol(NSProtocol(QStringLiteral("another"))));
-    EXPECT_FALSE(square->conformsToProtocol(NSProtocol(QStringLiteral(""))));
+    EXPECT_FALSE(square->conformsToProtocol(NSProtocol(u"another"_s)));
+    EXPECT_FALSE(square->conformsToProtocol(NSProtocol(u""_s)));
     EXPECT_FALSE(square->conformsToProtocol(NSProtocol()));
     EXPECT_TRUE(square->conformsToProtocol(NSProtocol::of<Colour>()));
 }
 
 TEST(NSClass, MakesInstances)
 {
-    const NSClass *const square =
-        NSClassRegistry::classNamed(QStringLiteral("Square"), thisModule());
+    const NSClass *const square = NSClassRegistry::classNamed(u"Square"_s, thisModule());
     ASSERT_NE(square, nullptr);
     const std::unique_ptr<QObject> first = square->newInstance();
     const std::unique_ptr<QObject> second = square->newInstance();
     EXPECT_NE(dynamic_cast<Square *>(first.get()), nullptr);
     EXPECT_NE(first, second);
 
-    const NSClass *const sized = NSClassRegistry::classNamed(QStringLiteral("Sized"), thisModule());
+    const NSClass *const sized = NSClassRegistry::classNamed(u"Sized"_s, thisModule());
     ASSERT_NE(sized, nullptr);
     EXPECT_EQ(sized->newInstance(), nullptr);
-    const NSClass *const loud = NSClassRegistry::classNamed(QStringLiteral("Loud"), thisModule());
+    const NSClass *const loud = NSClassRegistry::classNamed(u"Loud"_s, thisModule());
     ASSERT_NE(loud, nullptr);
     EXPECT_THROW(loud->newInstance(), int);
 }
 
 TEST(NSClass, IsFoundAsLongAsItIsRegisteredAndTheFirstCounts)
 {
-    const QString name = QStringLiteral("Passing");
+    const QString name = u"Passing"_s;
     using Registration = NSClassRegistration<NSClassOf<NSClass, Square>>;
     static std::optional<Registration> first;
     static std::optional<Registration> second;

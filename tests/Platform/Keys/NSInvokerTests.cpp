@@ -4,6 +4,8 @@
 #include "support/TestField.h"
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 bool isTrue(TestField &field, const char *selector, const QVariant &argument = {})
 {
@@ -22,9 +24,9 @@ TEST(NSSelector, CountsColons)
     EXPECT_EQ(NSSelector("accept:over:").colons(), 2);
     EXPECT_EQ(NSSelector("flagged").colons(), 0);
     EXPECT_EQ(NSSelector("flagged").name(), "flagged");
-    EXPECT_EQ(NSSelector("accept:over:").text(), QStringLiteral("accept:over:"));
+    EXPECT_EQ(NSSelector("accept:over:").text(), u"accept:over:"_s);
     EXPECT_TRUE(NSSelector().isNull());
-    EXPECT_EQ(NSSelector(QStringLiteral("a:")), NSSelector("a:"));
+    EXPECT_EQ(NSSelector(u"a:"_s), NSSelector("a:"));
 }
 
 TEST(NSInvoker, TestsResultsByTheirWidth)
@@ -48,7 +50,7 @@ TEST(NSInvoker, TestsResultsByTheirWidth)
 
 TEST(NSInvoker, OtherReturnTypesAreNoConditions)
 {
-    TestField field(QStringLiteral("x"), 5);
+    TestField field(u"x"_s, 5);
     for (const char *selector :
          {"sizeLong", "sizeObject", "doNothing", "name", "weight", "missing", "missing:", "", ":"})
         EXPECT_FALSE(isTrue(field, selector)) << selector;
@@ -59,8 +61,8 @@ TEST(NSInvoker, ConvertsArguments)
     TestField field(QString(), 5);
     EXPECT_TRUE(isTrue(field, "sizeOver:", 4));
     EXPECT_TRUE(isTrue(field, "sizeOver:", 4.0));
-    EXPECT_TRUE(isTrue(field, "sizeOver:", QStringLiteral("4")));
-    EXPECT_FALSE(isTrue(field, "sizeOver:", QStringLiteral("9")));
+    EXPECT_TRUE(isTrue(field, "sizeOver:", u"4"_s));
+    EXPECT_FALSE(isTrue(field, "sizeOver:", u"9"_s));
     EXPECT_TRUE(isTrue(field, "sizeOver:", QVariant()));
     EXPECT_TRUE(isTrue(field, "sizeOver:", QVariantList{9}));
     EXPECT_TRUE(isTrue(field, "sizeOver", 4));
@@ -69,14 +71,14 @@ TEST(NSInvoker, ConvertsArguments)
 
 TEST(NSInvoker, Performs)
 {
-    TestField field(QStringLiteral("x"), 5);
-    field._label = QStringLiteral("L");
+    TestField field(u"x"_s, 5);
+    field._label = u"L"_s;
     EXPECT_EQ(perform(field, "sizeLong"), QVariant(qlonglong(5)));
     EXPECT_EQ(perform(field, "sizeObject"), QVariant(5));
-    EXPECT_EQ(perform(field, "labelIfSmall:", 6), QVariant(QStringLiteral("L")));
+    EXPECT_EQ(perform(field, "labelIfSmall:", 6), QVariant(u"L"_s));
     EXPECT_FALSE(perform(field, "labelIfSmall:", 5).isValid());
     EXPECT_FALSE(perform(field, "doNothing").isValid());
-    EXPECT_EQ(perform(field, "name"), QVariant(QStringLiteral("x")));
+    EXPECT_EQ(perform(field, "name"), QVariant(u"x"_s));
     EXPECT_FALSE(NSInvoker("name", {}).perform(NSKeyValueTarget()).isValid());
 }
 
@@ -93,8 +95,8 @@ TEST(NSInvoker, AmbiguousOverloadsRaiseWithBothNames)
 {
     TestField field;
     EXPECT_RAISES(isTrue(field, "ambiguous:", 1), NSInvalidArgumentException,
-                  QStringLiteral("TestField: the selector fits both ambiguous(int) and "
-                                 "ambiguous(QString)"));
+                  u"TestField: the selector fits both ambiguous(int) and "
+                  "ambiguous(QString)"_s);
 }
 
 TEST(NSInvoker, CallsMethodsOfGadgets)

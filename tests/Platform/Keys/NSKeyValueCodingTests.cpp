@@ -8,6 +8,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using NSKeyValueCoding::setValue;
 using NSKeyValueCoding::valueForKey;
 using NSKeyValueCoding::valueForKeyPath;
@@ -29,29 +31,28 @@ QString undefinedReason(const void *object, const char *className, const char16_
                                       className, quintptr(object), key);
 }
 
-const QString Unknown = QStringLiteral("nmae");
+const QString Unknown = u"nmae"_s;
 } // namespace
 
 TEST(NSKeyValueCoding, ReadsPropertiesMethodsAndDynamicProperties)
 {
-    TestField field(QStringLiteral("Price"), 12);
-    field.setProperty("colour", QStringLiteral("red"));
-    EXPECT_EQ(valueForKey(&field, QStringLiteral("name")), QVariant(QStringLiteral("Price")));
-    EXPECT_EQ(valueForKey(&field, QStringLiteral("size")), QVariant(12));
-    EXPECT_EQ(valueForKey(&field, QStringLiteral("answer")), QVariant(42));
-    EXPECT_EQ(valueForKey(&field, QStringLiteral("flagged")), QVariant(false));
-    EXPECT_EQ(valueForKey(&field, QStringLiteral("hidden")), QVariant(true));
-    EXPECT_EQ(valueForKey(&field, QStringLiteral("colour")), QVariant(QStringLiteral("red")));
-    EXPECT_FALSE(valueForKey(&field, QStringLiteral("objectName")).isValid());
+    TestField field(u"Price"_s, 12);
+    field.setProperty("colour", u"red"_s);
+    EXPECT_EQ(valueForKey(&field, u"name"_s), QVariant(u"Price"_s));
+    EXPECT_EQ(valueForKey(&field, u"size"_s), QVariant(12));
+    EXPECT_EQ(valueForKey(&field, u"answer"_s), QVariant(42));
+    EXPECT_EQ(valueForKey(&field, u"flagged"_s), QVariant(false));
+    EXPECT_EQ(valueForKey(&field, u"hidden"_s), QVariant(true));
+    EXPECT_EQ(valueForKey(&field, u"colour"_s), QVariant(u"red"_s));
+    EXPECT_FALSE(valueForKey(&field, u"objectName"_s).isValid());
 }
 
 TEST(NSKeyValueCoding, NullTextsAreNil)
 {
     const TestField field;
-    EXPECT_FALSE(valueForKey(&field, QStringLiteral("name")).isValid());
-    EXPECT_FALSE(valueForKey(&field, QStringLiteral("order")).isValid());
-    EXPECT_FALSE(
-        valueForKey(QVariantMap{{QStringLiteral("a"), QString()}}, QStringLiteral("a")).isValid());
+    EXPECT_FALSE(valueForKey(&field, u"name"_s).isValid());
+    EXPECT_FALSE(valueForKey(&field, u"order"_s).isValid());
+    EXPECT_FALSE(valueForKey(QVariantMap{{u"a"_s, QString()}}, u"a"_s).isValid());
 }
 
 TEST(NSKeyValueCoding, UnknownKeysRaise)
@@ -59,11 +60,11 @@ TEST(NSKeyValueCoding, UnknownKeysRaise)
     TestField field;
     EXPECT_RAISES(valueForKey(&field, Unknown), NSUndefinedKeyException,
                   undefinedReason(&field, "TestField", u"nmae"));
-    EXPECT_THROW(valueForKey(&field, QStringLiteral("")), NSException);
-    EXPECT_THROW(valueForKey(&field, QStringLiteral("doNothing")), NSException);
+    EXPECT_THROW(valueForKey(&field, u""_s), NSException);
+    EXPECT_THROW(valueForKey(&field, u"doNothing"_s), NSException);
     EXPECT_THROW(valueForKey(TestPoint(), Unknown), NSException);
     EXPECT_THROW(valueForKey(QVariant(5), Unknown), NSException);
-    EXPECT_THROW(valueForKey(QVariant(QStringLiteral("text")), Unknown), NSException);
+    EXPECT_THROW(valueForKey(QVariant(u"text"_s), Unknown), NSException);
     for (const QString &key : testing_support::hostileTexts()) {
         if (!key.isNull()) {
             EXPECT_THROW(valueForKey(&field, key), NSException);
@@ -83,49 +84,48 @@ TEST(NSKeyValueCoding, NilReceiversAndNilKeysGiveNil)
 
 TEST(NSKeyValueCoding, MapsAndGadgets)
 {
-    const QVariantMap map{{QStringLiteral("a"), 1}, {QStringLiteral("@x"), 2}};
-    EXPECT_EQ(valueForKey(map, QStringLiteral("a")), QVariant(1));
-    EXPECT_FALSE(valueForKey(map, QStringLiteral("missing")).isValid());
-    EXPECT_EQ(valueForKey(map, QStringLiteral("@count")).toInt(), 2);
+    const QVariantMap map{{u"a"_s, 1}, {u"@x"_s, 2}};
+    EXPECT_EQ(valueForKey(map, u"a"_s), QVariant(1));
+    EXPECT_FALSE(valueForKey(map, u"missing"_s).isValid());
+    EXPECT_EQ(valueForKey(map, u"@count"_s).toInt(), 2);
     TestPoint point{3, 1};
-    EXPECT_EQ(valueForKey(point, QStringLiteral("x")), QVariant(3));
-    EXPECT_EQ(valueForKey(&point, QStringLiteral("right")), QVariant(true));
-    EXPECT_EQ(valueForKey(QVariant::fromValue(point), QStringLiteral("x")), QVariant(3));
+    EXPECT_EQ(valueForKey(point, u"x"_s), QVariant(3));
+    EXPECT_EQ(valueForKey(&point, u"right"_s), QVariant(true));
+    EXPECT_EQ(valueForKey(QVariant::fromValue(point), u"x"_s), QVariant(3));
 }
 
 TEST(NSKeyValueCoding, ListsCollect)
 {
-    TestField one(QStringLiteral("a"));
+    TestField one(u"a"_s);
     TestField two;
     const QVariant list = QVariantList{QVariant::fromValue(&one), QVariant::fromValue(&two)};
-    const QVariantList names = valueForKey(list, QStringLiteral("name")).toList();
+    const QVariantList names = valueForKey(list, u"name"_s).toList();
     ASSERT_EQ(names.size(), 2);
-    EXPECT_EQ(names[0], QVariant(QStringLiteral("a")));
+    EXPECT_EQ(names[0], QVariant(u"a"_s));
     EXPECT_TRUE(isNSNull(names[1]));
-    EXPECT_EQ(valueForKey(list, QStringLiteral("@count")).toInt(), 2);
+    EXPECT_EQ(valueForKey(list, u"@count"_s).toInt(), 2);
     const QVariant typed = QVariant::fromValue(QList<TestField *>{&one});
-    EXPECT_EQ(valueForKey(typed, QStringLiteral("size")).toList(), QVariantList{0});
+    EXPECT_EQ(valueForKey(typed, u"size"_s).toList(), QVariantList{0});
 }
 
 TEST(NSKeyValueCoding, KeyPaths)
 {
-    TestField top(QStringLiteral("top"));
-    TestField middle(QStringLiteral("middle"));
+    TestField top(u"top"_s);
+    TestField middle(u"middle"_s);
     TestField leaf;
     leaf._parent = &middle;
     middle._parent = &top;
-    EXPECT_EQ(valueForKeyPath(&leaf, QStringLiteral("parent.parent.name")),
-              QVariant(QStringLiteral("top")));
-    EXPECT_FALSE(valueForKeyPath(&top, QStringLiteral("parent.parent.name")).isValid());
-    EXPECT_THROW(valueForKeyPath(&leaf, QStringLiteral("parent.nmae")), NSException);
-    EXPECT_THROW(valueForKeyPath(&leaf, QStringLiteral("parent..name")), NSException);
-    EXPECT_THROW(valueForKeyPath(&leaf, QStringLiteral("size.name")), NSException);
+    EXPECT_EQ(valueForKeyPath(&leaf, u"parent.parent.name"_s), QVariant(u"top"_s));
+    EXPECT_FALSE(valueForKeyPath(&top, u"parent.parent.name"_s).isValid());
+    EXPECT_THROW(valueForKeyPath(&leaf, u"parent.nmae"_s), NSException);
+    EXPECT_THROW(valueForKeyPath(&leaf, u"parent..name"_s), NSException);
+    EXPECT_THROW(valueForKeyPath(&leaf, u"size.name"_s), NSException);
 }
 
 TEST(NSKeyValueCoding, OperatorsOverCollections)
 {
     const auto value = [](const char *text) {
-        return QVariantMap{{QStringLiteral("value"), QLatin1String(text)}};
+        return QVariantMap{{u"value"_s, QLatin1String(text)}};
     };
     const QVariant list = QVariantList{value("10"), value("12"), value("10")};
     const auto at = [&](const char *path) { return valueForKeyPath(list, QLatin1String(path)); };
@@ -133,44 +133,44 @@ TEST(NSKeyValueCoding, OperatorsOverCollections)
     EXPECT_EQ(at("@count.value").toInt(), 3);
     EXPECT_EQ(at("@sum.value").toDouble(), 32);
     EXPECT_NEAR(at("@avg.value").toDouble(), 32.0 / 3, 1e-9);
-    EXPECT_EQ(at("@min.value").toString(), QStringLiteral("10"));
-    EXPECT_EQ(at("@max.value").toString(), QStringLiteral("12"));
+    EXPECT_EQ(at("@min.value").toString(), u"10"_s);
+    EXPECT_EQ(at("@max.value").toString(), u"12"_s);
     EXPECT_EQ(at("@distinctUnionOfObjects.value").toList().size(), 2);
     EXPECT_EQ(at("value").toList().size(), 3);
     EXPECT_THROW(at("@nothing.value"), NSException);
     const QVariant empty = QVariantList();
-    EXPECT_EQ(valueForKeyPath(empty, QStringLiteral("@sum.value")).toDouble(), 0);
-    EXPECT_FALSE(valueForKeyPath(empty, QStringLiteral("@max.value")).isValid());
+    EXPECT_EQ(valueForKeyPath(empty, u"@sum.value"_s).toDouble(), 0);
+    EXPECT_FALSE(valueForKeyPath(empty, u"@max.value"_s).isValid());
 }
 
 TEST(NSKeyValueCoding, SetsPropertiesAndMaps)
 {
     TestField field;
-    setValue(&field, QStringLiteral("new"), QStringLiteral("name"));
-    setValue(&field, QStringLiteral("7"), QStringLiteral("size"));
-    setValue(&field, QVariant(), QStringLiteral("name"));
+    setValue(&field, u"new"_s, u"name"_s);
+    setValue(&field, u"7"_s, u"size"_s);
+    setValue(&field, QVariant(), u"name"_s);
     EXPECT_TRUE(field.name().isNull());
     EXPECT_EQ(field.size(), 7);
     QVariantMap map;
-    setValue(map, 1, QStringLiteral("a"));
+    setValue(map, 1, u"a"_s);
     EXPECT_EQ(map.size(), 1);
-    setValue(map, QVariant(), QStringLiteral("a"));
+    setValue(map, QVariant(), u"a"_s);
     EXPECT_TRUE(map.isEmpty());
     QVariant gadget = QVariant::fromValue(TestPoint());
-    setValue(gadget, 9, QStringLiteral("x"));
+    setValue(gadget, 9, u"x"_s);
     EXPECT_EQ(gadget.value<TestPoint>().x, 9);
-    setValue(static_cast<TestField *>(nullptr), 1, QStringLiteral("size"));
+    setValue(static_cast<TestField *>(nullptr), 1, u"size"_s);
 }
 
 TEST(NSKeyValueCoding, RefusesWhatCannotBeSet)
 {
     TestField field;
     EXPECT_THROW(setValue(&field, 1, Unknown), NSException);
-    EXPECT_THROW(setValue(&field, 1, QStringLiteral("weight")), NSException);
-    EXPECT_THROW(setValue(&field, QVariant(), QStringLiteral("size")), NSException);
-    EXPECT_THROW(setValue(&field, QStringLiteral("x"), QStringLiteral("parent")), NSException);
+    EXPECT_THROW(setValue(&field, 1, u"weight"_s), NSException);
+    EXPECT_THROW(setValue(&field, QVariant(), u"size"_s), NSException);
+    EXPECT_THROW(setValue(&field, u"x"_s, u"parent"_s), NSException);
     QVariant null = NSNull();
-    EXPECT_THROW(setValue(null, 1, QStringLiteral("size")), NSException);
+    EXPECT_THROW(setValue(null, 1, u"size"_s), NSException);
     EXPECT_FALSE(field.dynamicPropertyNames().contains("nmae"));
 }
 
@@ -179,18 +179,18 @@ TEST(NSKeyValueCoding, ListsSetEveryElement)
     TestField one;
     TestField two;
     QVariant list = QVariantList{QVariant::fromValue(&one), QVariant::fromValue(&two)};
-    setValue(list, 5, QStringLiteral("size"));
+    setValue(list, 5, u"size"_s);
     EXPECT_EQ(one.size() + two.size(), 10);
 }
 
 TEST(NSKeyAccessor, FollowsChangesOfClass)
 {
-    NSKeyAccessor size(QStringLiteral("size"));
+    NSKeyAccessor size(u"size"_s);
     TestField field(QString(), 3);
-    const QVariantMap map{{QStringLiteral("size"), QStringLiteral("big")}};
+    const QVariantMap map{{u"size"_s, u"big"_s}};
     for (int round = 0; round < 3; ++round) {
         EXPECT_EQ(size.read(NSKeyValueTarget::of(&field)), QVariant(3));
-        EXPECT_EQ(size.read(NSKeyValueTargets::target(map)), QVariant(QStringLiteral("big")));
+        EXPECT_EQ(size.read(NSKeyValueTargets::target(map)), QVariant(u"big"_s));
         EXPECT_FALSE(size.read(NSKeyValueTarget()).isValid());
     }
 }
@@ -200,7 +200,7 @@ TEST(NSKeyAccessor, DynamicPropertiesBelongToOneObject)
     TestField with;
     TestField without;
     with.setProperty("colour", 1);
-    NSKeyAccessor colour(QStringLiteral("colour"));
+    NSKeyAccessor colour(u"colour"_s);
     EXPECT_EQ(colour.read(NSKeyValueTarget::of(&with)), QVariant(1));
     EXPECT_THROW(colour.read(NSKeyValueTarget::of(&without)), NSException);
     EXPECT_EQ(colour.read(NSKeyValueTarget::of(&with)), QVariant(1));
@@ -208,10 +208,10 @@ TEST(NSKeyAccessor, DynamicPropertiesBelongToOneObject)
 
 TEST(NSKeyAccessor, ValuesThatWereCopiedStay)
 {
-    NSKeyAccessor name(QStringLiteral("name"));
-    TestField one(QStringLiteral("one"));
-    TestField two(QStringLiteral("two"));
+    NSKeyAccessor name(u"name"_s);
+    TestField one(u"one"_s);
+    TestField two(u"two"_s);
     const QVariant kept = name.read(NSKeyValueTarget::of(&one));
-    EXPECT_EQ(name.read(NSKeyValueTarget::of(&two)), QVariant(QStringLiteral("two")));
-    EXPECT_EQ(kept, QVariant(QStringLiteral("one")));
+    EXPECT_EQ(name.read(NSKeyValueTarget::of(&two)), QVariant(u"two"_s));
+    EXPECT_EQ(kept, QVariant(u"one"_s));
 }

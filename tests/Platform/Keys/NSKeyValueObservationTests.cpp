@@ -8,6 +8,8 @@
 #include "support/ObservedModel.h"
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr NSKeyValueObservingOptions Both =
     NSKeyValueObservingOptionNew | NSKeyValueObservingOptionOld;
@@ -31,8 +33,8 @@ private:
     static QString textOf(const std::optional<QVariant> &value)
     {
         if (!value)
-            return QStringLiteral("-");
-        return NSObject::isNil(*value) ? QStringLiteral("nil") : NSObject::description(*value);
+            return u"-"_s;
+        return NSObject::isNil(*value) ? u"nil"_s : NSObject::description(*value);
     }
     static QString textOf(const NSKeyValueChange &change)
     {

@@ -6,9 +6,11 @@
 #include "support/ObservedModel.h"
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString Number = QStringLiteral("number");
-const QString Name = QStringLiteral("name");
+const QString Number = u"number"_s;
+const QString Name = u"name"_s;
 
 class Observer : public NSKeyValueObserver
 {
@@ -30,9 +32,9 @@ TEST(NSKeyValueObserving, TellsTheObserver)
     ObservedRecord record;
     Observer observer;
     NSKeyValueObserving::addObserver(&record, &observer, Number, NSKeyValueObservingOptionNew,
-                                     QStringLiteral("!"));
+                                     u"!"_s);
     record.setNumber(3);
-    EXPECT_EQ(observer.told, QStringList(QStringLiteral("number=3!")));
+    EXPECT_EQ(observer.told, QStringList(u"number=3!"_s));
     EXPECT_EQ(observer.object, &record);
     NSKeyValueObserving::removeObserver(&record, &observer, Number);
     record.setNumber(4);
@@ -55,14 +57,14 @@ TEST(NSKeyValueObserving, WhatIsAddedTwiceIsToldTwice)
 {
     ObservedRecord record;
     Observer observer;
-    NSKeyValueObserving::addObserver(&record, &observer, Number, 0, QStringLiteral("a"));
-    NSKeyValueObserving::addObserver(&record, &observer, Number, 0, QStringLiteral("b"));
+    NSKeyValueObserving::addObserver(&record, &observer, Number, 0, u"a"_s);
+    NSKeyValueObserving::addObserver(&record, &observer, Number, 0, u"b"_s);
     record.setNumber(1);
-    EXPECT_EQ(observer.told, QStringList({QStringLiteral("number=a"), QStringLiteral("number=b")}));
+    EXPECT_EQ(observer.told, QStringList({u"number=a"_s, u"number=b"_s}));
     NSKeyValueObserving::removeObserver(&record, &observer, Number);
     observer.told.clear();
     record.setNumber(2);
-    EXPECT_EQ(observer.told, QStringList(QStringLiteral("number=a")));
+    EXPECT_EQ(observer.told, QStringList(u"number=a"_s));
 }
 
 TEST(NSKeyValueObserving, EitherSideMayGoFirst)
@@ -86,10 +88,8 @@ TEST(NSKeyValueObserving, UnknownKeysRaiseAndRegisterNothing)
 {
     ObservedRecord record;
     Observer observer;
-    EXPECT_THROW(NSKeyValueObserving::addObserver(&record, &observer, QStringLiteral("none"), 0),
-                 NSException);
-    EXPECT_THROW(NSKeyValueObserving::removeObserver(&record, &observer, QStringLiteral("none")),
-                 NSException);
+    EXPECT_THROW(NSKeyValueObserving::addObserver(&record, &observer, u"none"_s, 0), NSException);
+    EXPECT_THROW(NSKeyValueObserving::removeObserver(&record, &observer, u"none"_s), NSException);
     NSKeyValueObserving::addObserver(nullptr, &observer, Number, 0);
     NSKeyValueObserving::addObserver(&record, nullptr, Number, 0);
     EXPECT_EQ(record.receivers(SIGNAL(numberChanged())), 0);
@@ -99,41 +99,40 @@ TEST(KeyPathSetting, SetsTheEndOfThePath)
 {
     ObservedRecord record, next;
     record.setNext(&next);
-    NSKeyValueCoding::setValueForKeyPath(&record, 5, QStringLiteral("next.number"));
+    NSKeyValueCoding::setValueForKeyPath(&record, 5, u"next.number"_s);
     EXPECT_EQ(next.number(), 5);
     NSKeyValueCoding::setValueForKeyPath(&record, 6, Number);
     EXPECT_EQ(record.number(), 6);
     next.setNext(nullptr);
-    NSKeyValueCoding::setValueForKeyPath(&record, 7, QStringLiteral("next.next.number"));
+    NSKeyValueCoding::setValueForKeyPath(&record, 7, u"next.next.number"_s);
     NSKeyValueCoding::setValueForKeyPath(nullptr, 7, Number);
 }
 
 TEST(KeyPathSetting, MapsAreChangedAndPutBack)
 {
     ObservedRecord record;
-    record.setMap({{QStringLiteral("a"), QVariantMap{{QStringLiteral("b"), 1}}}});
-    NSKeyValueCoding::setValueForKeyPath(&record, 2, QStringLiteral("map.a.b"));
-    EXPECT_EQ(record.map().value(QStringLiteral("a")).toMap().value(QStringLiteral("b")),
-              QVariant(2));
-    NSKeyValueCoding::setValueForKeyPath(&record, QVariant(), QStringLiteral("map.a.b"));
-    EXPECT_TRUE(record.map().value(QStringLiteral("a")).toMap().isEmpty());
+    record.setMap({{u"a"_s, QVariantMap{{u"b"_s, 1}}}});
+    NSKeyValueCoding::setValueForKeyPath(&record, 2, u"map.a.b"_s);
+    EXPECT_EQ(record.map().value(u"a"_s).toMap().value(u"b"_s), QVariant(2));
+    NSKeyValueCoding::setValueForKeyPath(&record, QVariant(), u"map.a.b"_s);
+    EXPECT_TRUE(record.map().value(u"a"_s).toMap().isEmpty());
 }
 
 TEST(KeyPathSetting, ListsHaveEveryElementSet)
 {
     ObservedRecord record, first, second;
     record.setList({QVariant::fromValue(&first), QVariant::fromValue(&second)});
-    NSKeyValueCoding::setValueForKeyPath(&record, 9, QStringLiteral("list.number"));
+    NSKeyValueCoding::setValueForKeyPath(&record, 9, u"list.number"_s);
     EXPECT_EQ(first.number() + second.number(), 18);
     record.setList({QVariantMap{{Name, 1}}, QVariantMap()});
-    NSKeyValueCoding::setValueForKeyPath(&record, 2, QStringLiteral("list.name"));
+    NSKeyValueCoding::setValueForKeyPath(&record, 2, u"list.name"_s);
     for (const QVariant &element : record.list())
         EXPECT_EQ(element.toMap().value(Name), QVariant(2));
 }
 
 TEST(KeyPathSetting, LongPathsEndWhereNothingIs)
 {
-    const QString path = QStringLiteral("map") + QStringLiteral(".a").repeated(300000);
+    const QString path = u"map"_s + u".a"_s.repeated(300000);
     ObservedRecord record;
     EXPECT_FALSE(NSKeyValueCoding::valueForKeyPath(&record, path).isValid());
     NSKeyValueCoding::setValueForKeyPath(&record, 1, path);
@@ -142,11 +141,11 @@ TEST(KeyPathSetting, LongPathsEndWhereNothingIs)
 
 TEST(KeyPathSetting, KeysDoNotEndAtANul)
 {
-    ObservedRecord record(QStringLiteral("A"));
-    const QString key = QStringLiteral("name") + QChar(u'\0') + QStringLiteral("x");
+    ObservedRecord record(u"A"_s);
+    const QString key = u"name"_s + QChar(u'\0') + u"x"_s;
     EXPECT_THROW(NSKeyValueCoding::valueForKey(&record, key), NSException);
     EXPECT_THROW(NSKeyValueCoding::setValue(&record, 1, key), NSException);
-    EXPECT_EQ(record.name(), QStringLiteral("A"));
+    EXPECT_EQ(record.name(), u"A"_s);
 }
 
 TEST(KeyPathSetting, UnknownKeysRaise)

@@ -6,6 +6,8 @@
 #include "support/TestField.h"
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 using NSKeyValueCoding::setValue;
 using NSKeyValueCoding::setValueForKeyPath;
 using NSKeyValueCoding::valueForKey;
@@ -47,28 +49,28 @@ public:
 TEST(NSKeyValueSetters, MethodsTakeTypedValues)
 {
     Person person;
-    setValue(&person, QStringLiteral("Ann"), QStringLiteral("nick"));
-    setValue(&person, QStringLiteral("7"), QStringLiteral("rank"));
-    setValue(&person, 2.5, QStringLiteral("extra"));
+    setValue(&person, u"Ann"_s, u"nick"_s);
+    setValue(&person, u"7"_s, u"rank"_s);
+    setValue(&person, 2.5, u"extra"_s);
     EXPECT_EQ(person.nick, u"Ann");
     EXPECT_EQ(person.rank, 7);
     EXPECT_EQ(person.extra, QVariant(2.5));
-    setValue(&person, QVariant(), QStringLiteral("nick"));
+    setValue(&person, QVariant(), u"nick"_s);
     EXPECT_TRUE(person.nick.isNull());
 }
 
 TEST(NSKeyValueSetters, WhatIsNoSetterIsNone)
 {
     Person person;
-    EXPECT_THROW(setValue(&person, 1, QStringLiteral("both")), NSException);
-    EXPECT_THROW(setValue(&person, QVariant(), QStringLiteral("rank")), NSException);
+    EXPECT_THROW(setValue(&person, 1, u"both"_s), NSException);
+    EXPECT_THROW(setValue(&person, QVariant(), u"rank"_s), NSException);
     EXPECT_EQ(person.rank, 0);
 }
 
 TEST(NSKeyValueSetters, MethodsOfValuesAreCalled)
 {
     QVariant badge = QVariant::fromValue(Badge());
-    setValue(badge, 9, QStringLiteral("size"));
+    setValue(badge, 9, u"size"_s);
     EXPECT_EQ(badge.value<Badge>().size, 9);
 }
 
@@ -80,33 +82,31 @@ TEST(NSKeyValueSetters, PathsThroughListsReachEveryElement)
     one._parent = &parent;
     Person person;
     person.fields = {QVariant::fromValue(&one), QVariant::fromValue(&two)};
-    setValueForKeyPath(&person, 5, QStringLiteral("fields.size"));
+    setValueForKeyPath(&person, 5, u"fields.size"_s);
     EXPECT_EQ(one.size() + two.size(), 10);
     // Where there is nothing on the way, nothing is set.
-    setValueForKeyPath(&person, 8, QStringLiteral("fields.parent.size"));
+    setValueForKeyPath(&person, 8, u"fields.parent.size"_s);
     EXPECT_EQ(parent.size(), 8);
 }
 
 TEST(NSKeyValueSetters, WhatIsCopiedOnTheWayIsPutBack)
 {
     Person person;
-    const QVariantMap inner{{QStringLiteral("size"), 1}};
-    person.fields = {QVariantMap{{QStringLiteral("box"), inner}}};
-    setValueForKeyPath(&person, 4, QStringLiteral("fields.box.size"));
-    EXPECT_EQ(valueForKeyPath(person.fields.at(0), QStringLiteral("box.size")), QVariant(4));
+    const QVariantMap inner{{u"size"_s, 1}};
+    person.fields = {QVariantMap{{u"box"_s, inner}}};
+    setValueForKeyPath(&person, 4, u"fields.box.size"_s);
+    EXPECT_EQ(valueForKeyPath(person.fields.at(0), u"box.size"_s), QVariant(4));
 }
 
 TEST(NSKeyValueSetters, HashesAnswerKeysAsMapsDo)
 {
     Person person;
-    person.notes.insert(QStringLiteral("colour"), QStringLiteral("red"));
-    EXPECT_EQ(valueForKeyPath(&person, QStringLiteral("notes.colour")),
-              QVariant(QStringLiteral("red")));
-    EXPECT_FALSE(valueForKeyPath(&person, QStringLiteral("notes.none")).isValid());
-    setValueForKeyPath(&person, QStringLiteral("blue"), QStringLiteral("notes.colour"));
-    EXPECT_EQ(person.notes.value(QStringLiteral("colour")), QVariant(QStringLiteral("blue")));
-    EXPECT_EQ(valueForKey(QVariant(person.notes), QStringLiteral("colour")),
-              QVariant(QStringLiteral("blue")));
+    person.notes.insert(u"colour"_s, u"red"_s);
+    EXPECT_EQ(valueForKeyPath(&person, u"notes.colour"_s), QVariant(u"red"_s));
+    EXPECT_FALSE(valueForKeyPath(&person, u"notes.none"_s).isValid());
+    setValueForKeyPath(&person, u"blue"_s, u"notes.colour"_s);
+    EXPECT_EQ(person.notes.value(u"colour"_s), QVariant(u"blue"_s));
+    EXPECT_EQ(valueForKey(QVariant(person.notes), u"colour"_s), QVariant(u"blue"_s));
 }
 
 #include "NSKeyValueSettersTests.moc"

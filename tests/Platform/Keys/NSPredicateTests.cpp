@@ -6,17 +6,18 @@
 #include "support/ObservedModel.h"
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 QVariant person()
 {
-    return QVariantMap{
-        {QStringLiteral("name"), QStringLiteral("Zoë")},
-        {QStringLiteral("age"), 36},
-        {QStringLiteral("height"), 1.75},
-        {QStringLiteral("isFriend"), true},
-        {QStringLiteral("none"), QVariant()},
-        {QStringLiteral("tags"), QVariantList{QStringLiteral("a"), QStringLiteral("b")}},
-        {QStringLiteral("home"), QVariantMap{{QStringLiteral("city"), QStringLiteral("Berlin")}}}};
+    return QVariantMap{{u"name"_s, u"Zoë"_s},
+                       {u"age"_s, 36},
+                       {u"height"_s, 1.75},
+                       {u"isFriend"_s, true},
+                       {u"none"_s, QVariant()},
+                       {u"tags"_s, QVariantList{u"a"_s, u"b"_s}},
+                       {u"home"_s, QVariantMap{{u"city"_s, u"Berlin"_s}}}};
 }
 
 bool isTrue(const char16_t *format, const QVariantList &arguments = {})
@@ -30,7 +31,7 @@ TEST(NSPredicate, HeaderExample)
     const NSPredicate grownUps =
         NSPredicate::predicateWithFormat(u"age >= %@ AND name BEGINSWITH[c] 'a'", {18});
     EXPECT_FALSE(grownUps.evaluateWithObject(person()));
-    ObservedRecord record(QStringLiteral("Ada"), 36);
+    ObservedRecord record(u"Ada"_s, 36);
     EXPECT_TRUE(NSPredicate::predicateWithFormat(u"number = 36 and name beginswith[c] 'a'")
                     .evaluateWithObject(&record));
 }
@@ -101,9 +102,9 @@ TEST(NSPredicate, Joining)
 
 TEST(NSPredicate, Arguments)
 {
-    EXPECT_TRUE(isTrue(u"%K == %@", {QStringLiteral("home.city"), QStringLiteral("Berlin")}));
+    EXPECT_TRUE(isTrue(u"%K == %@", {u"home.city"_s, u"Berlin"_s}));
     // What is in an argument is never read as a format.
-    EXPECT_FALSE(isTrue(u"name == %@", {QStringLiteral("x' OR TRUEPREDICATE OR name == 'x")}));
+    EXPECT_FALSE(isTrue(u"name == %@", {u"x' OR TRUEPREDICATE OR name == 'x"_s}));
     EXPECT_TRUE(isTrue(u"none == %@", {QVariant()}));
 }
 
@@ -136,8 +137,7 @@ TEST(NSPredicate, WhatIsNoFormat)
 TEST(NSPredicate, LongRowsOfConditions)
 {
     for (const char16_t *const each : {u" AND age = 36", u" OR age = 37", u" && NOT age = 37"}) {
-        const QString format =
-            QStringLiteral("age = 36") + QString::fromUtf16(each).repeated(50000);
+        const QString format = u"age = 36"_s + QString::fromUtf16(each).repeated(50000);
         const NSPredicate predicate = NSPredicate::predicateWithFormat(format);
         EXPECT_TRUE(predicate.evaluateWithObject(person()));
         EXPECT_FALSE(predicate.evaluateWithObject(QVariantMap()));
@@ -148,22 +148,21 @@ TEST(NSPredicate, LikeTakesTextsAsTheyAre)
 {
     const NSPredicate like = NSPredicate::predicateWithFormat(u"SELF.text LIKE SELF.pattern");
     const auto isLike = [&](const QString &text, const QString &pattern) {
-        return like.evaluateWithObject(
-            QVariantMap{{QStringLiteral("text"), text}, {QStringLiteral("pattern"), pattern}});
+        return like.evaluateWithObject(QVariantMap{{u"text"_s, text}, {u"pattern"_s, pattern}});
     };
     const QString smiley = QString::fromUtf8("\xF0\x9F\x98\x80");
-    for (const QString &text : {QStringLiteral(""), QStringLiteral("a\nb"), smiley,
-                                QString(QChar(0xD83D)), QString(QString(QChar(0)) + u'x')}) {
-        EXPECT_TRUE(isLike(text, QStringLiteral("*")));
+    for (const QString &text :
+         {u""_s, u"a\nb"_s, smiley, QString(QChar(0xD83D)), QString(QString(QChar(0)) + u'x')}) {
+        EXPECT_TRUE(isLike(text, u"*"_s));
         EXPECT_TRUE(isLike(text, text));
         EXPECT_TRUE(isLike(text + text, text + u"**"));
         EXPECT_FALSE(isLike(text, text + u'?'));
     }
-    EXPECT_TRUE(isLike(smiley, QStringLiteral("?")));
-    EXPECT_FALSE(isLike(smiley, QStringLiteral("??")));
-    EXPECT_TRUE(isLike(QStringLiteral("mississippi"), QStringLiteral("m*iss*p?")));
-    EXPECT_FALSE(isLike(QStringLiteral("mississippi"), QStringLiteral("m*iss*x?")));
-    EXPECT_FALSE(isLike(QString(20000, u'a'), QStringLiteral("*a").repeated(20) + u'b'));
+    EXPECT_TRUE(isLike(smiley, u"?"_s));
+    EXPECT_FALSE(isLike(smiley, u"??"_s));
+    EXPECT_TRUE(isLike(u"mississippi"_s, u"m*iss*p?"_s));
+    EXPECT_FALSE(isLike(u"mississippi"_s, u"m*iss*x?"_s));
+    EXPECT_FALSE(isLike(QString(20000, u'a'), u"*a"_s.repeated(20) + u'b'));
 }
 
 TEST(NSPredicate, UnknownKeysRaise)

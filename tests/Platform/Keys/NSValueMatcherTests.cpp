@@ -6,15 +6,17 @@
 #include "support/TestField.h"
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 TEST(NSValueMatcher, AgreesWithIsEqualToOverAllPairs)
 {
     TestField field;
     const QVariantList values = {
         QVariant(),
         QString(),
-        QStringLiteral(""),
-        QStringLiteral("a"),
-        QStringLiteral("1"),
+        u""_s,
+        u"a"_s,
+        u"1"_s,
         0,
         1,
         1.0,
@@ -38,11 +40,11 @@ TEST(NSValueMatcher, AgreesWithIsEqualToOverAllPairs)
 
 TEST(NSSortDescriptor, SortsBySeveralKeysInBothDirections)
 {
-    TestField a1(QStringLiteral("a"), 1);
-    TestField a2(QStringLiteral("a"), 2);
-    TestField b1(QStringLiteral("b"), 1);
-    const QString name = QStringLiteral("name");
-    const QString size = QStringLiteral("size");
+    TestField a1(u"a"_s, 1);
+    TestField a2(u"a"_s, 2);
+    TestField b1(u"b"_s, 1);
+    const QString name = u"name"_s;
+    const QString size = u"size"_s;
     const QList<TestField *> fields{&b1, &a1, &a2};
     EXPECT_EQ(NSSortDescriptor::sorted(fields, {{name, true}, {size, false}}),
               QList<TestField *>({&a2, &a1, &b1}));
@@ -53,13 +55,13 @@ TEST(NSSortDescriptor, SortsBySeveralKeysInBothDirections)
 
 TEST(NSURL, TheExampleOfTheHeaderHolds)
 {
-    const auto url = NSURL::URLWithString(QStringLiteral("cobblemedia://Photo.0.jpg"));
+    const auto url = NSURL::URLWithString(u"cobblemedia://Photo.0.jpg"_s);
     ASSERT_TRUE(url.has_value());
-    EXPECT_EQ(url->absoluteString(), QStringLiteral("cobblemedia://Photo.0.jpg"));
-    EXPECT_EQ(url->scheme(), QStringLiteral("cobblemedia"));
-    EXPECT_FALSE(NSURL::URLWithString(QStringLiteral("http://a b")).has_value());
+    EXPECT_EQ(url->absoluteString(), u"cobblemedia://Photo.0.jpg"_s);
+    EXPECT_EQ(url->scheme(), u"cobblemedia"_s);
+    EXPECT_FALSE(NSURL::URLWithString(u"http://a b"_s).has_value());
     EXPECT_TRUE(*url == *NSURL::URLWithString(url->absoluteString()));
-    EXPECT_TRUE(NSURL::URLWithString(QStringLiteral("1a:b"))->scheme().isNull());
+    EXPECT_TRUE(NSURL::URLWithString(u"1a:b"_s)->scheme().isNull());
 }
 
 TEST(NSURL, HostileTextsAreAcceptedOrNot)
@@ -68,7 +70,7 @@ TEST(NSURL, HostileTextsAreAcceptedOrNot)
         const auto url = NSURL::URLWithString(text);
         EXPECT_TRUE(!url || url->absoluteString() == text);
     }
-    EXPECT_FALSE(NSURL::URLWithString(QStringLiteral("a%4")).has_value());
-    EXPECT_FALSE(NSURL::URLWithString(QStringLiteral("a#b#c")).has_value());
-    EXPECT_TRUE(NSURL::URLWithString(QStringLiteral("a[b]#c")).has_value());
+    EXPECT_FALSE(NSURL::URLWithString(u"a%4"_s).has_value());
+    EXPECT_FALSE(NSURL::URLWithString(u"a#b#c"_s).has_value());
+    EXPECT_TRUE(NSURL::URLWithString(u"a[b]#c"_s).has_value());
 }

@@ -6,6 +6,8 @@
 #include <limits>
 #include <random>
 
+using namespace Qt::StringLiterals;
+
 // The quick ways to read and write against ICU's: whatever they decide, ICU decides the same.
 // A formatter with a multiplier always goes to ICU; multiplied by 1, it must agree.
 
@@ -27,7 +29,7 @@ int below(Random &random, int limit)
 /// Mostly digits, with everything that a number may hold and some that it may not.
 QString randomSoup(Random &random)
 {
-    static const QString units = QStringLiteral("0123456789.,-+() eEaNn%$'\t/:_;!*x\u00A0");
+    static const QString units = u"0123456789.,-+() eEaNn%$'\t/:_;!*x\u00A0"_s;
     QString text;
     const int length = 1 + below(random, 10);
     for (int index = 0; index < length; ++index) {
@@ -42,21 +44,10 @@ QString randomSoup(Random &random)
 /// A number as people write it: sign, groups, point, parentheses, blanks, something behind it.
 QString randomNumber(Random &random)
 {
-    static const QStringList starts{
-        QString(),           QString(),           QStringLiteral("-"),  QStringLiteral("+"),
-        QStringLiteral(" "), QStringLiteral("("), QStringLiteral("- "), QStringLiteral("(")};
-    static const QStringList ends{QString(),
-                                  QString(),
-                                  QStringLiteral(")"),
-                                  QStringLiteral(" "),
-                                  QStringLiteral("abc"),
-                                  QStringLiteral(" x"),
-                                  QStringLiteral("e3"),
-                                  QStringLiteral(")"),
-                                  QStringLiteral("%"),
-                                  QStringLiteral(" 5"),
-                                  QStringLiteral("-"),
-                                  QStringLiteral("/2")};
+    static const QStringList starts{QString(), QString(), u"-"_s,  u"+"_s,
+                                    u" "_s,    u"("_s,    u"- "_s, u"("_s};
+    static const QStringList ends{QString(), QString(), u")"_s, u" "_s,  u"abc"_s, u" x"_s,
+                                  u"e3"_s,   u")"_s,    u"%"_s, u" 5"_s, u"-"_s,   u"/2"_s};
     const QChar group = below(random, 2) ? u',' : u'.';
     const QChar point = group == u',' ? u'.' : u',';
     QString text = starts[below(random, int(starts.size()))];
@@ -102,9 +93,8 @@ void setUp(NSNumberFormatter &formatter, const Setting &setting)
     formatter.setLenient(true);
     formatter.setGeneratesDecimalNumbers(true);
     formatter.setMaximumFractionDigits(111);
-    formatter.setNegativePrefix(setting.usesParentheses ? QStringLiteral("(")
-                                                        : QStringLiteral("-"));
-    formatter.setNegativeSuffix(setting.usesParentheses ? QStringLiteral(")") : QStringLiteral(""));
+    formatter.setNegativePrefix(setting.usesParentheses ? u"("_s : u"-"_s);
+    formatter.setNegativeSuffix(setting.usesParentheses ? u")"_s : u""_s);
     formatter.setUsesGroupingSeparator(setting.usesGrouping);
 }
 

@@ -8,6 +8,8 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 // How much of a text the number formatter reads, against tables, with what is wanted otherwise.
@@ -72,7 +74,7 @@ Wanted wantedOfMoney(const QString &text, const QJsonObject &row)
         wanted.value = NSDecimalNumber::decimalNumberWithString(wanted.value.description().mid(1));
     if (row[u"parens"].toBool() && text == u"(USD 12.50)" &&
         row[u"negPrefix"].toString() == u"($") {
-        const QString amount = QStringLiteral("-12.5");
+        const QString amount = u"-12.5"_s;
         wanted = {true, {0, text.size()}, NSDecimalNumber::decimalNumberWithString(amount)};
     }
     return wanted;
@@ -100,7 +102,7 @@ void setUpCurrency(NSNumberFormatter &formatter, const QJsonObject &row)
 TEST(NSNumberFormatterReading, ReadsAsFarAsTheTableSays)
 {
     int cells = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("formatters/number_passes.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"formatters/number_passes.jsonl"_s)) {
         NSNumberFormatter formatter;
         setUpPass(formatter, row);
         const QJsonObject texts = row[u"cells"].toObject();
@@ -130,7 +132,7 @@ TEST(NSNumberFormatterReading, ReadsAsFarAsTheTableSays)
 
 TEST(NSNumberFormatterReading, MakesIntegersAndDoublesAsTheTableSays)
 {
-    for (const QJsonObject &row : rowsOf(QStringLiteral("formatters/number_passes.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"formatters/number_passes.jsonl"_s)) {
         NSNumberFormatter formatter;
         setUpPass(formatter, row);
         formatter.setGeneratesDecimalNumbers(false);
@@ -153,7 +155,7 @@ TEST(NSNumberFormatterReading, MakesIntegersAndDoublesAsTheTableSays)
 TEST(NSNumberFormatterReading, ReadsMoneyAsTheTableSays)
 {
     int cells = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("formatters/currency_parse.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"formatters/currency_parse.jsonl"_s)) {
         NSNumberFormatter formatter;
         setUpCurrency(formatter, row);
         const QJsonObject texts = row[u"cells"].toObject();

@@ -4,13 +4,15 @@
 
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 class NSNumberFormatterSettings : public testing::Test
 {
 protected:
     NSNumberFormatterSettings()
     {
-        formatter.setLocale(NSLocale(QStringLiteral("en_US")));
+        formatter.setLocale(NSLocale(u"en_US"_s));
         formatter.setNumberStyle(NSNumberFormatterDecimalStyle);
     }
 
@@ -26,7 +28,7 @@ TEST_F(NSNumberFormatterSettings, GroupsBeyondTheFirstMayHaveAnotherSize)
     formatter.setSecondaryGroupingSize(2);
     EXPECT_EQ(formatter.secondaryGroupingSize(), 2);
     EXPECT_EQ(shown(12345678), u"1,23,45,678");
-    EXPECT_EQ(formatter.numberFromString(QStringLiteral("1,23,45,678")), 12345678);
+    EXPECT_EQ(formatter.numberFromString(u"1,23,45,678"_s), 12345678);
 }
 
 TEST_F(NSNumberFormatterSettings, NumbersMayBeRoundedToMultiples)
@@ -52,11 +54,11 @@ TEST_F(NSNumberFormatterSettings, TheDecimalSeparatorMayAlwaysBeShown)
 
 TEST_F(NSNumberFormatterSettings, SymbolsAreTold)
 {
-    formatter.setPerMillSymbol(QStringLiteral("pm"));
+    formatter.setPerMillSymbol(u"pm"_s);
     EXPECT_EQ(formatter.perMillSymbol(), u"pm");
-    formatter.setInternationalCurrencySymbol(QStringLiteral("EUR"));
+    formatter.setInternationalCurrencySymbol(u"EUR"_s);
     EXPECT_EQ(formatter.internationalCurrencySymbol(), u"EUR");
-    formatter.setExponentSymbol(QStringLiteral("e"));
+    formatter.setExponentSymbol(u"e"_s);
     EXPECT_EQ(formatter.exponentSymbol(), u"e");
     formatter.setNumberStyle(NSNumberFormatterScientificStyle);
     EXPECT_EQ(shown(1500), u"1.5e3");
@@ -65,7 +67,7 @@ TEST_F(NSNumberFormatterSettings, SymbolsAreTold)
 TEST_F(NSNumberFormatterSettings, PaddingStandsWhereItIsAsked)
 {
     formatter.setFormatWidth(6);
-    formatter.setPaddingCharacter(QStringLiteral("*"));
+    formatter.setPaddingCharacter(u"*"_s);
     EXPECT_EQ(formatter.paddingPosition(), NSNumberFormatterPadBeforePrefix);
     EXPECT_EQ(shown(-42), u"***-42");
     formatter.setPaddingPosition(NSNumberFormatterPadAfterPrefix);

@@ -11,6 +11,8 @@
 #include <cmath>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 // The number formatter against tables of what the platform answers.
@@ -47,16 +49,16 @@ Setter flag(void (NSNumberFormatter::*set)(bool))
 int styleNamed(const QString &name)
 {
     static const QHash<QString, int> styles{
-        {QStringLiteral("none"), NSNumberFormatterNoStyle},
-        {QStringLiteral("decimal"), NSNumberFormatterDecimalStyle},
-        {QStringLiteral("currency"), NSNumberFormatterCurrencyStyle},
-        {QStringLiteral("percent"), NSNumberFormatterPercentStyle},
-        {QStringLiteral("scientific"), NSNumberFormatterScientificStyle},
-        {QStringLiteral("spellOut"), NSNumberFormatterSpellOutStyle},
-        {QStringLiteral("ordinal"), NSNumberFormatterOrdinalStyle},
-        {QStringLiteral("currencyISOCode"), NSNumberFormatterCurrencyISOCodeStyle},
-        {QStringLiteral("currencyPlural"), NSNumberFormatterCurrencyPluralStyle},
-        {QStringLiteral("currencyAccounting"), NSNumberFormatterCurrencyAccountingStyle}};
+        {u"none"_s, NSNumberFormatterNoStyle},
+        {u"decimal"_s, NSNumberFormatterDecimalStyle},
+        {u"currency"_s, NSNumberFormatterCurrencyStyle},
+        {u"percent"_s, NSNumberFormatterPercentStyle},
+        {u"scientific"_s, NSNumberFormatterScientificStyle},
+        {u"spellOut"_s, NSNumberFormatterSpellOutStyle},
+        {u"ordinal"_s, NSNumberFormatterOrdinalStyle},
+        {u"currencyISOCode"_s, NSNumberFormatterCurrencyISOCodeStyle},
+        {u"currencyPlural"_s, NSNumberFormatterCurrencyPluralStyle},
+        {u"currencyAccounting"_s, NSNumberFormatterCurrencyAccountingStyle}};
     EXPECT_TRUE(styles.contains(name)) << qPrintable(name);
     return styles.value(name);
 }
@@ -65,58 +67,58 @@ const QHash<QString, Setter> &setters()
 {
     using F = NSNumberFormatter;
     static const QHash<QString, Setter> all{
-        {QStringLiteral("style"),
+        {u"style"_s,
          [](F &formatter, const QJsonValue &value) {
              formatter.setNumberStyle(styleNamed(value.toString()));
          }},
-        {QStringLiteral("locale"),
+        {u"locale"_s,
          [](F &formatter, const QJsonValue &value) {
              formatter.setLocale(NSLocale(value.toString()));
          }},
-        {QStringLiteral("roundingMode"), // "ceiling(0)"
+        {u"roundingMode"_s, // "ceiling(0)"
          [](F &formatter, const QJsonValue &value) {
              formatter.setRoundingMode(value.toString().section(u'(', 1).chopped(1).toInt());
          }},
-        {QStringLiteral("paddingPosition"),
+        {u"paddingPosition"_s,
          [](F &formatter, const QJsonValue &value) {
              ASSERT_EQ(value.toString(), u"afterPrefix");
              formatter.setPaddingPosition(NSNumberFormatterPadAfterPrefix);
          }},
-        {QStringLiteral("multiplier"),
+        {u"multiplier"_s,
          [](F &formatter, const QJsonValue &value) { formatter.setMultiplier(value.toInt()); }},
-        {QStringLiteral("lenient"), flag(&F::setLenient)},
-        {QStringLiteral("allowsFloats"), flag(&F::setAllowsFloats)},
-        {QStringLiteral("usesGroupingSeparator"), flag(&F::setUsesGroupingSeparator)},
-        {QStringLiteral("usesSignificantDigits"), flag(&F::setUsesSignificantDigits)},
-        {QStringLiteral("groupingSize"), number(&F::setGroupingSize)},
-        {QStringLiteral("minimumIntegerDigits"), number(&F::setMinimumIntegerDigits)},
-        {QStringLiteral("maximumIntegerDigits"), number(&F::setMaximumIntegerDigits)},
-        {QStringLiteral("minimumFractionDigits"), number(&F::setMinimumFractionDigits)},
-        {QStringLiteral("maximumFractionDigits"), number(&F::setMaximumFractionDigits)},
-        {QStringLiteral("minimumSignificantDigits"), number(&F::setMinimumSignificantDigits)},
-        {QStringLiteral("maximumSignificantDigits"), number(&F::setMaximumSignificantDigits)},
-        {QStringLiteral("formatWidth"), number(&F::setFormatWidth)},
-        {QStringLiteral("paddingCharacter"), text(&F::setPaddingCharacter)},
-        {QStringLiteral("percentSymbol"), text(&F::setPercentSymbol)},
-        {QStringLiteral("minusSign"), text(&F::setMinusSign)},
-        {QStringLiteral("plusSign"), text(&F::setPlusSign)},
-        {QStringLiteral("decimalSeparator"), text(&F::setDecimalSeparator)},
-        {QStringLiteral("groupingSeparator"), text(&F::setGroupingSeparator)},
-        {QStringLiteral("currencyDecimalSeparator"), text(&F::setCurrencyDecimalSeparator)},
-        {QStringLiteral("currencyGroupingSeparator"), text(&F::setCurrencyGroupingSeparator)},
-        {QStringLiteral("currencyCode"), text(&F::setCurrencyCode)},
-        {QStringLiteral("currencySymbol"), text(&F::setCurrencySymbol)},
-        {QStringLiteral("zeroSymbol"), text(&F::setZeroSymbol)},
-        {QStringLiteral("notANumberSymbol"), text(&F::setNotANumberSymbol)},
-        {QStringLiteral("positiveInfinitySymbol"), text(&F::setPositiveInfinitySymbol)},
-        {QStringLiteral("negativeInfinitySymbol"), text(&F::setNegativeInfinitySymbol)},
-        {QStringLiteral("positivePrefix"), text(&F::setPositivePrefix)},
-        {QStringLiteral("positiveSuffix"), text(&F::setPositiveSuffix)},
-        {QStringLiteral("negativePrefix"), text(&F::setNegativePrefix)},
-        {QStringLiteral("negativeSuffix"), text(&F::setNegativeSuffix)},
-        {QStringLiteral("format"), text(&F::setFormat)},
-        {QStringLiteral("positiveFormat"), text(&F::setPositiveFormat)},
-        {QStringLiteral("negativeFormat"), text(&F::setNegativeFormat)}};
+        {u"lenient"_s, flag(&F::setLenient)},
+        {u"allowsFloats"_s, flag(&F::setAllowsFloats)},
+        {u"usesGroupingSeparator"_s, flag(&F::setUsesGroupingSeparator)},
+        {u"usesSignificantDigits"_s, flag(&F::setUsesSignificantDigits)},
+        {u"groupingSize"_s, number(&F::setGroupingSize)},
+        {u"minimumIntegerDigits"_s, number(&F::setMinimumIntegerDigits)},
+        {u"maximumIntegerDigits"_s, number(&F::setMaximumIntegerDigits)},
+        {u"minimumFractionDigits"_s, number(&F::setMinimumFractionDigits)},
+        {u"maximumFractionDigits"_s, number(&F::setMaximumFractionDigits)},
+        {u"minimumSignificantDigits"_s, number(&F::setMinimumSignificantDigits)},
+        {u"maximumSignificantDigits"_s, number(&F::setMaximumSignificantDigits)},
+        {u"formatWidth"_s, number(&F::setFormatWidth)},
+        {u"paddingCharacter"_s, text(&F::setPaddingCharacter)},
+        {u"percentSymbol"_s, text(&F::setPercentSymbol)},
+        {u"minusSign"_s, text(&F::setMinusSign)},
+        {u"plusSign"_s, text(&F::setPlusSign)},
+        {u"decimalSeparator"_s, text(&F::setDecimalSeparator)},
+        {u"groupingSeparator"_s, text(&F::setGroupingSeparator)},
+        {u"currencyDecimalSeparator"_s, text(&F::setCurrencyDecimalSeparator)},
+        {u"currencyGroupingSeparator"_s, text(&F::setCurrencyGroupingSeparator)},
+        {u"currencyCode"_s, text(&F::setCurrencyCode)},
+        {u"currencySymbol"_s, text(&F::setCurrencySymbol)},
+        {u"zeroSymbol"_s, text(&F::setZeroSymbol)},
+        {u"notANumberSymbol"_s, text(&F::setNotANumberSymbol)},
+        {u"positiveInfinitySymbol"_s, text(&F::setPositiveInfinitySymbol)},
+        {u"negativeInfinitySymbol"_s, text(&F::setNegativeInfinitySymbol)},
+        {u"positivePrefix"_s, text(&F::setPositivePrefix)},
+        {u"positiveSuffix"_s, text(&F::setPositiveSuffix)},
+        {u"negativePrefix"_s, text(&F::setNegativePrefix)},
+        {u"negativeSuffix"_s, text(&F::setNegativeSuffix)},
+        {u"format"_s, text(&F::setFormat)},
+        {u"positiveFormat"_s, text(&F::setPositiveFormat)},
+        {u"negativeFormat"_s, text(&F::setNegativeFormat)}};
     return all;
 }
 
@@ -148,45 +150,45 @@ const QHash<QString, Getter> &getters()
 {
     using F = NSNumberFormatter;
     static const QHash<QString, Getter> all{
-        {QStringLiteral("generatesDecimalNumbers"), property(&F::generatesDecimalNumbers)},
-        {QStringLiteral("lenient"), property(&F::isLenient)},
-        {QStringLiteral("minimumSignificantDigits"), property(&F::minimumSignificantDigits)},
-        {QStringLiteral("maximumSignificantDigits"), property(&F::maximumSignificantDigits)},
-        {QStringLiteral("usesSignificantDigits"), property(&F::usesSignificantDigits)},
-        {QStringLiteral("formatWidth"), property(&F::formatWidth)},
-        {QStringLiteral("groupingSize"), property(&F::groupingSize)},
-        {QStringLiteral("secondaryGroupingSize"), property(&F::secondaryGroupingSize)},
-        {QStringLiteral("usesGroupingSeparator"), property(&F::usesGroupingSeparator)},
-        {QStringLiteral("minimumIntegerDigits"), property(&F::minimumIntegerDigits)},
-        {QStringLiteral("maximumIntegerDigits"), property(&F::maximumIntegerDigits)},
-        {QStringLiteral("minimumFractionDigits"), property(&F::minimumFractionDigits)},
-        {QStringLiteral("maximumFractionDigits"), property(&F::maximumFractionDigits)},
-        {QStringLiteral("multiplier"), property(&F::multiplier)},
-        {QStringLiteral("format"), property(&F::format)},
-        {QStringLiteral("positiveFormat"), property(&F::positiveFormat)},
-        {QStringLiteral("negativeFormat"), property(&F::negativeFormat)},
-        {QStringLiteral("plusSign"), property(&F::plusSign)},
-        {QStringLiteral("minusSign"), property(&F::minusSign)},
-        {QStringLiteral("nilSymbol"), property(&F::nilSymbol)},
-        {QStringLiteral("zeroSymbol"), property(&F::zeroSymbol)},
-        {QStringLiteral("notANumberSymbol"), property(&F::notANumberSymbol)},
-        {QStringLiteral("positiveInfinitySymbol"), property(&F::positiveInfinitySymbol)},
-        {QStringLiteral("negativeInfinitySymbol"), property(&F::negativeInfinitySymbol)},
-        {QStringLiteral("positivePrefix"), property(&F::positivePrefix)},
-        {QStringLiteral("negativePrefix"), property(&F::negativePrefix)},
-        {QStringLiteral("positiveSuffix"), property(&F::positiveSuffix)},
-        {QStringLiteral("negativeSuffix"), property(&F::negativeSuffix)},
-        {QStringLiteral("percentSymbol"), property(&F::percentSymbol)},
-        {QStringLiteral("perMillSymbol"), property(&F::perMillSymbol)},
-        {QStringLiteral("exponentSymbol"), property(&F::exponentSymbol)},
-        {QStringLiteral("paddingCharacter"), property(&F::paddingCharacter)},
-        {QStringLiteral("decimalSeparator"), property(&F::decimalSeparator)},
-        {QStringLiteral("groupingSeparator"), property(&F::groupingSeparator)},
-        {QStringLiteral("currencyCode"), property(&F::currencyCode)},
-        {QStringLiteral("currencySymbol"), property(&F::currencySymbol)},
-        {QStringLiteral("currencyDecimalSeparator"), property(&F::currencyDecimalSeparator)},
-        {QStringLiteral("currencyGroupingSeparator"), property(&F::currencyGroupingSeparator)},
-        {QStringLiteral("internationalCurrencySymbol"), property(&F::internationalCurrencySymbol)}};
+        {u"generatesDecimalNumbers"_s, property(&F::generatesDecimalNumbers)},
+        {u"lenient"_s, property(&F::isLenient)},
+        {u"minimumSignificantDigits"_s, property(&F::minimumSignificantDigits)},
+        {u"maximumSignificantDigits"_s, property(&F::maximumSignificantDigits)},
+        {u"usesSignificantDigits"_s, property(&F::usesSignificantDigits)},
+        {u"formatWidth"_s, property(&F::formatWidth)},
+        {u"groupingSize"_s, property(&F::groupingSize)},
+        {u"secondaryGroupingSize"_s, property(&F::secondaryGroupingSize)},
+        {u"usesGroupingSeparator"_s, property(&F::usesGroupingSeparator)},
+        {u"minimumIntegerDigits"_s, property(&F::minimumIntegerDigits)},
+        {u"maximumIntegerDigits"_s, property(&F::maximumIntegerDigits)},
+        {u"minimumFractionDigits"_s, property(&F::minimumFractionDigits)},
+        {u"maximumFractionDigits"_s, property(&F::maximumFractionDigits)},
+        {u"multiplier"_s, property(&F::multiplier)},
+        {u"format"_s, property(&F::format)},
+        {u"positiveFormat"_s, property(&F::positiveFormat)},
+        {u"negativeFormat"_s, property(&F::negativeFormat)},
+        {u"plusSign"_s, property(&F::plusSign)},
+        {u"minusSign"_s, property(&F::minusSign)},
+        {u"nilSymbol"_s, property(&F::nilSymbol)},
+        {u"zeroSymbol"_s, property(&F::zeroSymbol)},
+        {u"notANumberSymbol"_s, property(&F::notANumberSymbol)},
+        {u"positiveInfinitySymbol"_s, property(&F::positiveInfinitySymbol)},
+        {u"negativeInfinitySymbol"_s, property(&F::negativeInfinitySymbol)},
+        {u"positivePrefix"_s, property(&F::positivePrefix)},
+        {u"negativePrefix"_s, property(&F::negativePrefix)},
+        {u"positiveSuffix"_s, property(&F::positiveSuffix)},
+        {u"negativeSuffix"_s, property(&F::negativeSuffix)},
+        {u"percentSymbol"_s, property(&F::percentSymbol)},
+        {u"perMillSymbol"_s, property(&F::perMillSymbol)},
+        {u"exponentSymbol"_s, property(&F::exponentSymbol)},
+        {u"paddingCharacter"_s, property(&F::paddingCharacter)},
+        {u"decimalSeparator"_s, property(&F::decimalSeparator)},
+        {u"groupingSeparator"_s, property(&F::groupingSeparator)},
+        {u"currencyCode"_s, property(&F::currencyCode)},
+        {u"currencySymbol"_s, property(&F::currencySymbol)},
+        {u"currencyDecimalSeparator"_s, property(&F::currencyDecimalSeparator)},
+        {u"currencyGroupingSeparator"_s, property(&F::currencyGroupingSeparator)},
+        {u"internationalCurrencySymbol"_s, property(&F::internationalCurrencySymbol)}};
     return all;
 }
 
@@ -194,7 +196,7 @@ const QHash<QString, Getter> &getters()
 NSLocale localeNamed(const QString &name)
 {
     if (name.startsWith(u"current"))
-        return NSLocale(QStringLiteral("en_US"));
+        return NSLocale(u"en_US"_s);
     return NSLocale(name == u"system/root" ? QString() : name);
 }
 
@@ -272,7 +274,7 @@ void setUp(NSNumberFormatter &formatter, const QJsonObject &row, int style)
 TEST(NSNumberFormatterTables, FormatsNumbers)
 {
     int formatted = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/number_format.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"platform/number_format.jsonl"_s)) {
         const QJsonObject config = row[u"config"].toObject();
         if (config[u"behavior"].toString() == u"10.0")
             continue; // the older kind of patterns does not exist here
@@ -289,9 +291,9 @@ TEST(NSNumberFormatterTables, FormatsNumbers)
 TEST(NSNumberFormatterTables, ReadsNumbers)
 {
     int read = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/number_parse.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"platform/number_parse.jsonl"_s)) {
         QJsonObject config = row[u"config"].toObject();
-        config.remove(QStringLiteral("behavior"));
+        config.remove(u"behavior"_s);
         NSNumberFormatter formatter;
         formatter.setLocale(localeNamed(row[u"locale"].toString()));
         configure(formatter, config);
@@ -306,7 +308,7 @@ TEST(NSNumberFormatterTables, ReadsNumbers)
 TEST(NSNumberFormatterTables, HasTheDefaultsOfItsStyle)
 {
     int checked = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/number_defaults.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"platform/number_defaults.jsonl"_s)) {
         if (!row.contains(u"style"))
             continue;
         NSNumberFormatter formatter;
@@ -327,7 +329,7 @@ TEST(NSNumberFormatterTables, HasTheDefaultsOfItsStyle)
 
 TEST(NSNumberFormatterTables, KeepsWhatIsSetThroughChangesOfOtherSettings)
 {
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/number_defaults.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"platform/number_defaults.jsonl"_s)) {
         if (!row.contains(u"sequence"))
             continue;
         NSNumberFormatter formatter;
@@ -346,13 +348,13 @@ TEST(NSNumberFormatterTables, KeepsWhatIsSetThroughChangesOfOtherSettings)
 TEST(NSNumberFormatterTables, DerivesPatternsFromEachOther)
 {
     NSNumberFormatter formatter;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/number_pattern_setters.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"platform/number_pattern_setters.jsonl"_s)) {
         QJsonObject config = row[u"set"].toObject();
         if (!config.contains(u"after")) {
             formatter.setFormat(QString());
             formatter.setZeroSymbol(QString());
         }
-        config.remove(QStringLiteral("after"));
+        config.remove(u"after"_s);
         configure(formatter, config);
         const QJsonObject expected = row[u"expect"].toObject();
         for (auto it = expected.begin(); it != expected.end(); ++it)
@@ -364,7 +366,7 @@ TEST(NSNumberFormatterTables, DerivesPatternsFromEachOther)
 TEST(NSNumberFormatterTables, DisplaysAsTheTableSays)
 {
     int cells = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("formatters/number_display.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"formatters/number_display.jsonl"_s)) {
         NSNumberFormatter formatter;
         setUp(formatter, row, styleNamed(row[u"style"].toString()));
         const QJsonObject expected = row[u"cells"].toObject();

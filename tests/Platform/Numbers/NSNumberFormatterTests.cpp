@@ -8,6 +8,8 @@
 #include <limits>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 // What the tables do not say; see NSNumberFormatterTableTests.cpp.
@@ -23,17 +25,17 @@ std::unique_ptr<NSNumberFormatter> formatterOf(int style, const QString &locale)
 
 std::unique_ptr<NSNumberFormatter> decimalFormatter()
 {
-    return formatterOf(NSNumberFormatterDecimalStyle, QStringLiteral("en_US"));
+    return formatterOf(NSNumberFormatterDecimalStyle, u"en_US"_s);
 }
 } // namespace
 
 TEST(NSNumberFormatter, RunsItsExample)
 {
     NSNumberFormatter formatter;
-    formatter.setLocale(NSLocale(QStringLiteral("de_DE")));
+    formatter.setLocale(NSLocale(u"de_DE"_s));
     formatter.setNumberStyle(NSNumberFormatterDecimalStyle);
     EXPECT_EQ(formatter.stringFromNumber(1234.5), u"1.234,5");
-    EXPECT_EQ(formatter.numberFromString(QStringLiteral("1.234,5")), 1234.5);
+    EXPECT_EQ(formatter.numberFromString(u"1.234,5"_s), 1234.5);
 }
 
 TEST(NSNumberFormatter, StartsInTheUsersLocaleWithoutStyle)
@@ -49,7 +51,7 @@ TEST(NSNumberFormatter, StartsInTheUsersLocaleWithoutStyle)
 TEST(NSNumberFormatter, ReadsAPartOfAText)
 {
     const auto formatter = decimalFormatter();
-    const QString text = QStringLiteral("from 12 to 340 cows");
+    const QString text = u"from 12 to 340 cows"_s;
     QVariant value;
     NSRange range{11, 8};
     EXPECT_TRUE(formatter->getObjectValue(&value, text, &range, nullptr));
@@ -62,7 +64,7 @@ TEST(NSNumberFormatter, ReadsAPartOfAText)
     EXPECT_FALSE(formatter->getObjectValue(&value, text, &range, nullptr));
     range = {100, 3};
     EXPECT_FALSE(formatter->getObjectValue(&value, text, &range, nullptr));
-    EXPECT_TRUE(formatter->getObjectValue(nullptr, QStringLiteral("7 cows"), nullptr, nullptr));
+    EXPECT_TRUE(formatter->getObjectValue(nullptr, u"7 cows"_s, nullptr, nullptr));
 }
 
 TEST(NSNumberFormatter, TellsWhyATextIsNoNumber)
@@ -71,16 +73,16 @@ TEST(NSNumberFormatter, TellsWhyATextIsNoNumber)
     QVariant value = 5;
     NSError error;
     NSRange range{0, 3};
-    EXPECT_FALSE(formatter->getObjectValue(&value, QStringLiteral("cow"), &range, &error));
+    EXPECT_FALSE(formatter->getObjectValue(&value, u"cow"_s, &range, &error));
     EXPECT_EQ(error.code(), NSFormattingError);
     EXPECT_EQ(error.domain(), NSCocoaErrorDomain);
     EXPECT_EQ(value, 5);
-    QString text = QStringLiteral("before");
-    EXPECT_FALSE(formatter->getObjectValue(&value, QStringLiteral("12 cows"), &text));
+    QString text = u"before"_s;
+    EXPECT_FALSE(formatter->getObjectValue(&value, u"12 cows"_s, &text));
     EXPECT_EQ(text, u"before"); // a number was read
-    EXPECT_FALSE(formatter->getObjectValue(&value, QStringLiteral("cow"), &text));
+    EXPECT_FALSE(formatter->getObjectValue(&value, u"cow"_s, &text));
     EXPECT_EQ(text, u"The text is not a number.");
-    EXPECT_TRUE(formatter->getObjectValue(&value, QStringLiteral(" 12 \n"), &text));
+    EXPECT_TRUE(formatter->getObjectValue(&value, u" 12 \n"_s, &text));
     EXPECT_EQ(value, 12);
 }
 
@@ -105,31 +107,31 @@ TEST(NSNumberFormatter, KeepsWithinBounds)
     formatter->setMaximum(10.5);
     EXPECT_EQ(formatter->minimum(), 1);
     EXPECT_EQ(formatter->maximum(), 10.5);
-    EXPECT_FALSE(formatter->numberFromString(QStringLiteral("0.9")).isValid());
-    EXPECT_TRUE(formatter->numberFromString(QStringLiteral("10.5")).isValid());
-    EXPECT_FALSE(formatter->numberFromString(QStringLiteral("10.6")).isValid());
+    EXPECT_FALSE(formatter->numberFromString(u"0.9"_s).isValid());
+    EXPECT_TRUE(formatter->numberFromString(u"10.5"_s).isValid());
+    EXPECT_FALSE(formatter->numberFromString(u"10.6"_s).isValid());
     formatter->setAllowsFloats(false);
     EXPECT_FALSE(formatter->allowsFloats());
-    EXPECT_FALSE(formatter->numberFromString(QStringLiteral("2.5")).isValid());
-    EXPECT_TRUE(formatter->numberFromString(QStringLiteral("2")).isValid());
+    EXPECT_FALSE(formatter->numberFromString(u"2.5"_s).isValid());
+    EXPECT_TRUE(formatter->numberFromString(u"2"_s).isValid());
 }
 
 TEST(NSNumberFormatter, HasTextsForWhatIsNoUsualNumber)
 {
     const auto formatter = decimalFormatter();
     EXPECT_EQ(formatter->stringForObjectValue(QVariant()), u"");
-    formatter->setNilSymbol(QStringLiteral("nothing"));
+    formatter->setNilSymbol(u"nothing"_s);
     EXPECT_EQ(formatter->stringForObjectValue(QVariant()), u"nothing");
-    formatter->setZeroSymbol(QStringLiteral("zero"));
+    formatter->setZeroSymbol(u"zero"_s);
     EXPECT_EQ(formatter->stringForObjectValue(0.0), u"zero");
-    EXPECT_EQ(formatter->numberFromString(QStringLiteral("zero")), 0);
+    EXPECT_EQ(formatter->numberFromString(u"zero"_s), 0);
     const double nan = std::numeric_limits<double>::quiet_NaN();
     EXPECT_EQ(formatter->stringForObjectValue(nan), u"NaN");
-    formatter->setNotANumberSymbol(QStringLiteral("none"));
+    formatter->setNotANumberSymbol(u"none"_s);
     EXPECT_EQ(formatter->stringForObjectValue(nan), u"none");
     EXPECT_EQ(formatter->stringForObjectValue(QVariant::fromValue(NSDecimalNumber::notANumber())),
               u"none");
-    formatter->setNegativeInfinitySymbol(QStringLiteral("down"));
+    formatter->setNegativeInfinitySymbol(u"down"_s);
     EXPECT_EQ(formatter->stringForObjectValue(-std::numeric_limits<double>::infinity()), u"down");
     EXPECT_EQ(formatter->stringForObjectValue(std::numeric_limits<double>::infinity()), u"∞");
     EXPECT_EQ(formatter->stringForObjectValue(std::numeric_limits<quint64>::max()),
@@ -154,7 +156,7 @@ TEST(NSNumberFormatter, ColoursBySign)
     EXPECT_EQ(colourOf(-0.5), QColor(Qt::red));
     EXPECT_EQ(colourOf(7), QColor(Qt::green));
     EXPECT_EQ(colourOf(0), QColor(Qt::black));
-    EXPECT_EQ(formatter->attributedStringForObjectValue(QStringLiteral("x"))->string(), u"NaN");
+    EXPECT_EQ(formatter->attributedStringForObjectValue(u"x"_s)->string(), u"NaN");
 }
 
 TEST(NSNumberFormatter, TakesAnySetting)
@@ -166,8 +168,8 @@ TEST(NSNumberFormatter, TakesAnySetting)
     EXPECT_EQ(formatter->stringFromNumber(1.5), u"2");
     formatter->setMinimumIntegerDigits(2'000'000'000);
     EXPECT_GT(formatter->stringFromNumber(1).size(), 127);
-    formatter->setFormat(megabyteOf(QStringLiteral("#")));
-    formatter->setPositiveFormat(QStringLiteral("'"));
+    formatter->setFormat(megabyteOf(u"#"_s));
+    formatter->setPositiveFormat(u"'"_s);
     formatter->stringFromNumber(1);
     for (const QString &text : hostileTexts()) {
         formatter->setNegativePrefix(text.left(100));
@@ -176,7 +178,7 @@ TEST(NSNumberFormatter, TakesAnySetting)
         formatter->stringFromNumber(-1.5);
         formatter->numberFromString(text);
     }
-    const auto nowhere = formatterOf(NSNumberFormatterCurrencyStyle, QStringLiteral("xx_YY"));
+    const auto nowhere = formatterOf(NSNumberFormatterCurrencyStyle, u"xx_YY"_s);
     EXPECT_FALSE(nowhere->stringFromNumber(5).isEmpty());
 }
 
@@ -210,8 +212,7 @@ TEST(NSNumberFormatter, WorksInSeveralThreads)
             for (int round = 0; round < 200; ++round) {
                 const auto formatter = decimalFormatter();
                 formatter->setLenient(true);
-                const bool isRead =
-                    formatter->numberFromString(QStringLiteral("1\u00A0234.5")) == 1234.5;
+                const bool isRead = formatter->numberFromString(u"1\u00A0234.5"_s) == 1234.5;
                 correct += isRead && formatter->stringFromNumber(1234.5) == u"1,234.5";
             }
         });

@@ -5,15 +5,16 @@
 #include <QJsonObject>
 #include <QLocale>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
 QVariant valueNamed(const NSLocale &locale, const QString &name)
 {
-    static const QHash<QString, QString> keys{
-        {QStringLiteral("currencyCode"), NSLocaleCurrencyCode},
-        {QStringLiteral("calendarIdentifier"), NSLocaleCalendar},
-        {QStringLiteral("collatorIdentifier"), NSLocaleIdentifier}};
+    static const QHash<QString, QString> keys{{u"currencyCode"_s, NSLocaleCurrencyCode},
+                                              {u"calendarIdentifier"_s, NSLocaleCalendar},
+                                              {u"collatorIdentifier"_s, NSLocaleIdentifier}};
     return locale.objectForKey(keys.value(name, name));
 }
 
@@ -23,7 +24,7 @@ NSLocale localeOfRow(const QJsonObject &row)
     if (row[u"op"].toString() == u"locale values")
         return locale;
     QVariantMap components = NSLocale::componentsFromLocaleIdentifier(locale.localeIdentifier());
-    components[NSLocaleCurrencyCode] = QStringLiteral("USD");
+    components[NSLocaleCurrencyCode] = u"USD"_s;
     return NSLocale(NSLocale::localeIdentifierFromComponents(components));
 }
 
@@ -36,7 +37,7 @@ struct CurrentLocaleGuard
 
 TEST(NSLocale, AnswersAsTheTableSays)
 {
-    const QList<QJsonObject> rows = rowsOf(QStringLiteral("platform/locales.jsonl"));
+    const QList<QJsonObject> rows = rowsOf(u"platform/locales.jsonl"_s);
     ASSERT_GE(rows.size(), 11);
     for (const QJsonObject &row : rows) {
         const NSLocale locale = localeOfRow(row);
@@ -49,27 +50,26 @@ TEST(NSLocale, AnswersAsTheTableSays)
 
 TEST(NSLocale, RunsItsExample)
 {
-    const NSLocale germany(QStringLiteral("de_DE"));
+    const NSLocale germany(u"de_DE"_s);
     EXPECT_EQ(germany.currencyCode(), u"EUR");
     EXPECT_EQ(germany.decimalSeparator(), u",");
     EXPECT_EQ(germany.groupingSeparator(), u".");
-    EXPECT_EQ(germany.displayNameForKey(NSLocaleCurrencySymbol, QStringLiteral("GBP")), u"£");
+    EXPECT_EQ(germany.displayNameForKey(NSLocaleCurrencySymbol, u"GBP"_s), u"£");
 }
 
 TEST(NSLocale, WritesMoneyOfOtherCountriesApartFromItsOwn)
 {
-    const NSLocale canada(QStringLiteral("en_CA"));
+    const NSLocale canada(u"en_CA"_s);
     EXPECT_EQ(canada.currencySymbol(), u"$");
-    EXPECT_EQ(canada.displayNameForKey(NSLocaleCurrencySymbol, QStringLiteral("USD")), u"US$");
-    EXPECT_EQ(canada.displayNameForKey(NSLocaleCurrencySymbol, QStringLiteral("QQQ")), u"QQQ");
-    EXPECT_EQ(canada.displayNameForKey(NSLocaleCurrencySymbol, QStringLiteral("dollar")),
-              QString());
-    EXPECT_EQ(NSLocale(QStringLiteral("ja_JP")).currencySymbol(), u"￥");
+    EXPECT_EQ(canada.displayNameForKey(NSLocaleCurrencySymbol, u"USD"_s), u"US$");
+    EXPECT_EQ(canada.displayNameForKey(NSLocaleCurrencySymbol, u"QQQ"_s), u"QQQ");
+    EXPECT_EQ(canada.displayNameForKey(NSLocaleCurrencySymbol, u"dollar"_s), QString());
+    EXPECT_EQ(NSLocale(u"ja_JP"_s).currencySymbol(), u"￥");
 }
 
 TEST(NSLocale, NamesPartsInItsLanguage)
 {
-    const NSLocale france(QStringLiteral("fr_FR"));
+    const NSLocale france(u"fr_FR"_s);
     const auto name = [&](const QString &key, const char16_t *value) {
         return france.displayNameForKey(key, QString::fromUtf16(value));
     };
@@ -79,37 +79,35 @@ TEST(NSLocale, NamesPartsInItsLanguage)
     EXPECT_EQ(name(NSLocaleIdentifier, u"de_AT"), u"allemand (Autriche)");
     EXPECT_EQ(name(NSLocaleCurrencyCode, u"JPY"), u"yen japonais");
     EXPECT_EQ(name(NSLocaleCalendar, u"japanese"), u"calendrier japonais");
-    EXPECT_EQ(name(QStringLiteral("shoeSize"), u"42"), QString());
+    EXPECT_EQ(name(u"shoeSize"_s, u"42"), QString());
 }
 
 TEST(NSLocale, SpellsIdentifiersInOneWay)
 {
-    EXPECT_EQ(NSLocale(QStringLiteral("en-us")).localeIdentifier(), u"en_US");
-    EXPECT_EQ(NSLocale(QStringLiteral("en-us")), NSLocale(QStringLiteral("en_US")));
-    EXPECT_EQ(NSLocale(QStringLiteral("root")), NSLocale());
-    EXPECT_FALSE(NSLocale(QStringLiteral("en_US")) == NSLocale(QStringLiteral("en_GB")));
+    EXPECT_EQ(NSLocale(u"en-us"_s).localeIdentifier(), u"en_US");
+    EXPECT_EQ(NSLocale(u"en-us"_s), NSLocale(u"en_US"_s));
+    EXPECT_EQ(NSLocale(u"root"_s), NSLocale());
+    EXPECT_FALSE(NSLocale(u"en_US"_s) == NSLocale(u"en_GB"_s));
 }
 
 TEST(NSLocale, TakesKeywordsOverTheRegion)
 {
-    const NSLocale locale(QStringLiteral("ja_JP@calendar=japanese;currency=USD"));
+    const NSLocale locale(u"ja_JP@calendar=japanese;currency=USD"_s);
     EXPECT_EQ(locale.calendarIdentifier(), NSJapaneseCalendar);
     EXPECT_EQ(locale.currencyCode(), u"USD");
     EXPECT_EQ(locale.countryCode(), u"JP");
-    EXPECT_EQ(NSLocale(QStringLiteral("th_TH")).calendarIdentifier(), u"buddhist");
+    EXPECT_EQ(NSLocale(u"th_TH"_s).calendarIdentifier(), u"buddhist");
 }
 
 TEST(NSLocale, SplitsAndJoinsIdentifiers)
 {
-    const QStringList identifiers{QStringLiteral("en"), QStringLiteral("zh_Hant_TW"),
-                                  QStringLiteral("de_DE"), QStringLiteral("en_US_POSIX"),
-                                  QStringLiteral("ja_JP@calendar=japanese;currency=USD")};
+    const QStringList identifiers{u"en"_s, u"zh_Hant_TW"_s, u"de_DE"_s, u"en_US_POSIX"_s,
+                                  u"ja_JP@calendar=japanese;currency=USD"_s};
     for (const QString &identifier : identifiers)
         EXPECT_EQ(NSLocale::localeIdentifierFromComponents(
                       NSLocale::componentsFromLocaleIdentifier(identifier)),
                   identifier);
-    const QVariantMap parts =
-        NSLocale::componentsFromLocaleIdentifier(QStringLiteral("zh_Hant_TW"));
+    const QVariantMap parts = NSLocale::componentsFromLocaleIdentifier(u"zh_Hant_TW"_s);
     EXPECT_EQ(parts.value(NSLocaleScriptCode).toString(), u"Hant");
     EXPECT_EQ(parts.size(), 3);
 }
@@ -119,8 +117,8 @@ TEST(NSLocale, ListsTheCurrenciesInUse)
     const QStringList &codes = NSLocale::commonISOCurrencyCodes();
     EXPECT_EQ(codes.size(), 157);
     EXPECT_EQ(codes.first(), u"AED");
-    EXPECT_EQ(codes.indexOf(QStringLiteral("EUR")), 43);
-    EXPECT_EQ(codes.indexOf(QStringLiteral("USD")), 142);
+    EXPECT_EQ(codes.indexOf(u"EUR"_s), 43);
+    EXPECT_EQ(codes.indexOf(u"USD"_s), 142);
     EXPECT_TRUE(std::is_sorted(codes.begin(), codes.end()));
 }
 
@@ -128,8 +126,8 @@ TEST(NSLocale, ListsTheLocalesThatThereAre)
 {
     const QStringList &identifiers = NSLocale::availableLocaleIdentifiers();
     EXPECT_GT(identifiers.size(), 500);
-    EXPECT_TRUE(identifiers.contains(QStringLiteral("de_DE")));
-    EXPECT_FALSE(identifiers.contains(QStringLiteral("xx_YY")));
+    EXPECT_TRUE(identifiers.contains(u"de_DE"_s));
+    EXPECT_FALSE(identifiers.contains(u"xx_YY"_s));
     EXPECT_TRUE(std::is_sorted(identifiers.begin(), identifiers.end()));
 }
 
@@ -137,7 +135,7 @@ TEST(NSLocale, FollowsTheApplicationThenQt)
 {
     const CurrentLocaleGuard guard;
     EXPECT_EQ(NSLocale::currentLocale().localeIdentifier(), u"en_US");
-    NSLocale::setCurrentLocale(NSLocale(QStringLiteral("ja_JP@calendar=japanese")));
+    NSLocale::setCurrentLocale(NSLocale(u"ja_JP@calendar=japanese"_s));
     EXPECT_EQ(NSLocale::currentLocale().calendarIdentifier(), NSJapaneseCalendar);
     NSLocale::resetCurrentLocale();
     const QLocale before;
@@ -157,5 +155,5 @@ TEST(NSLocale, SurvivesIdentifiersThatAreNone)
         EXPECT_FALSE(locale.calendarIdentifier().isEmpty());
         NSLocale::componentsFromLocaleIdentifier(text);
     }
-    EXPECT_EQ(NSLocale(QStringLiteral("xx_YY")).decimalSeparator(), u".");
+    EXPECT_EQ(NSLocale(u"xx_YY"_s).decimalSeparator(), u".");
 }

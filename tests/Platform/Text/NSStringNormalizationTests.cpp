@@ -2,6 +2,8 @@
 
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -38,7 +40,7 @@ TEST(NSStringNormalization, FoldsCases)
 
 TEST(NSStringNormalization, IsLinear)
 {
-    const QString text = megabyteOf(QStringLiteral("é\u0323ﬁ"));
+    const QString text = megabyteOf(u"é\u0323ﬁ"_s);
     const QString plain = NSString::decomposedStringWithCompatibilityMapping(text);
     EXPECT_GT(plain.size(), text.size());
     EXPECT_EQ(NSString::decomposedStringWithCompatibilityMapping(plain), plain);

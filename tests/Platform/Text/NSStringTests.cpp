@@ -13,17 +13,18 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 using testing_support::hostileTexts;
 
 TEST(NSStringCase, FollowsTheFullRulesInEveryLocale)
 {
     QLocale::setDefault(QLocale(QLocale::Turkish, QLocale::Turkey));
-    EXPECT_EQ(NSString::lowercaseString(QStringLiteral("TITLE İ")), QStringLiteral("title i̇"));
-    EXPECT_EQ(NSString::uppercaseString(QStringLiteral("straße ﬁ i")),
-              QStringLiteral("STRASSE FI I"));
+    EXPECT_EQ(NSString::lowercaseString(u"TITLE İ"_s), u"title i̇"_s);
+    EXPECT_EQ(NSString::uppercaseString(u"straße ﬁ i"_s), u"STRASSE FI I"_s);
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    EXPECT_EQ(NSString::lowercaseString(QStringLiteral("ΟΔΟΣ Σ")), QStringLiteral("οδος σ"));
-    EXPECT_EQ(NSString::lowercaseString(QStringLiteral("𐐀")), QStringLiteral("𐐨"));
+    EXPECT_EQ(NSString::lowercaseString(u"ΟΔΟΣ Σ"_s), u"οδος σ"_s);
+    EXPECT_EQ(NSString::lowercaseString(u"𐐀"_s), u"𐐨"_s);
     EXPECT_TRUE(NSString::lowercaseString(QString()).isEmpty());
 }
 
@@ -44,14 +45,11 @@ TEST(NSStringCase, CapitalisesEachWord)
 
 TEST(NSStringCase, FirstCharactersAreCodePoints)
 {
-    EXPECT_EQ(NSString::stringByUppercasingFirstCharacter(QStringLiteral("𐐨𐐨")),
-              QStringLiteral("𐐀𐐨"));
-    EXPECT_EQ(NSString::stringByUppercasingFirstCharacter(QStringLiteral("ßa")),
-              QStringLiteral("SSa"));
-    EXPECT_EQ(NSString::stringByLowercasingFirstCharacter(QStringLiteral("ÉA")),
-              QStringLiteral("éA"));
+    EXPECT_EQ(NSString::stringByUppercasingFirstCharacter(u"𐐨𐐨"_s), u"𐐀𐐨"_s);
+    EXPECT_EQ(NSString::stringByUppercasingFirstCharacter(u"ßa"_s), u"SSa"_s);
+    EXPECT_EQ(NSString::stringByLowercasingFirstCharacter(u"ÉA"_s), u"éA"_s);
     EXPECT_TRUE(NSString::stringByUppercasingFirstCharacter(QString()).isNull());
-    const QString kept = QStringLiteral("Kept");
+    const QString kept = u"Kept"_s;
     EXPECT_EQ(NSString::stringByUppercasingFirstCharacter(kept).constData(), kept.constData());
 }
 
@@ -68,25 +66,22 @@ TEST(NSStringCase, HostileTextsKeepTheirPlace)
 TEST(NSStringTrim, TrimsByCodePoint)
 {
     const auto faces = NSCharacterSet::characterSetWithCharactersInString(u"😀");
-    EXPECT_EQ(NSString::stringByTrimmingCharactersInSet(QStringLiteral("😀a😀b😀😀"), faces),
-              QStringLiteral("a😀b"));
-    EXPECT_EQ(NSString::stringByTrimmingWhitespaceAndNewlines(
-                  QStringLiteral("\u00A0\u2028 a b\u200B\r\n")),
-              QStringLiteral("a b"));
-    EXPECT_EQ(NSString::stringByTrimmingWhitespaceAndNewlines(QStringLiteral(" \n")),
-              QStringLiteral(""));
+    EXPECT_EQ(NSString::stringByTrimmingCharactersInSet(u"😀a😀b😀😀"_s, faces), u"a😀b"_s);
+    EXPECT_EQ(NSString::stringByTrimmingWhitespaceAndNewlines(u"\u00A0\u2028 a b\u200B\r\n"_s),
+              u"a b"_s);
+    EXPECT_EQ(NSString::stringByTrimmingWhitespaceAndNewlines(u" \n"_s), u""_s);
     EXPECT_TRUE(NSString::stringByTrimmingWhitespaceAndNewlines(QString()).isNull());
 }
 
 TEST(NSStringEncoding, KnowsWhatFits)
 {
     const QString lone(QChar(0xD800));
-    EXPECT_TRUE(NSString::canBeConvertedToEncoding(QStringLiteral("日"), NSUTF8StringEncoding));
+    EXPECT_TRUE(NSString::canBeConvertedToEncoding(u"日"_s, NSUTF8StringEncoding));
     EXPECT_FALSE(NSString::canBeConvertedToEncoding(lone, NSUTF8StringEncoding));
     EXPECT_FALSE(NSString::canBeConvertedToEncoding(lone, NSISOLatin1StringEncoding));
-    EXPECT_FALSE(NSString::canBeConvertedToEncoding(QStringLiteral("é"), NSASCIIStringEncoding));
+    EXPECT_FALSE(NSString::canBeConvertedToEncoding(u"é"_s, NSASCIIStringEncoding));
     EXPECT_TRUE(NSString::canBeConvertedToEncoding(QString(), NSASCIIStringEncoding));
-    EXPECT_EQ(NSString::stringWithUTF8Data("\xF0\x9F\x98\x80"), QStringLiteral("😀"));
+    EXPECT_EQ(NSString::stringWithUTF8Data("\xF0\x9F\x98\x80"), u"😀"_s);
     for (const char *bytes : {"\xFF", "\xC3", "\xE2\x82", "\xF5\x80\x80\x80", "a\x80"})
         EXPECT_TRUE(NSString::stringWithUTF8Data(bytes).isNull());
 }
@@ -95,11 +90,8 @@ TEST(NSStringCompare, OrdersAsPeopleExpect)
 {
     // Each before the next.
     const QStringList ordered = {
-        QStringLiteral("_a"),     QStringLiteral("1"),      QStringLiteral("a"),
-        QStringLiteral("A"),      QStringLiteral("a b"),    QStringLiteral("ab"),
-        QStringLiteral("e"),      QStringLiteral("é"),      QStringLiteral("item 10"),
-        QStringLiteral("item 2"), QStringLiteral("resume"), QStringLiteral("Resume"),
-        QStringLiteral("résumé"), QStringLiteral("z"),
+        u"_a"_s, u"1"_s,       u"a"_s,      u"A"_s,      u"a b"_s,    u"ab"_s,     u"e"_s,
+        u"é"_s,  u"item 10"_s, u"item 2"_s, u"resume"_s, u"Resume"_s, u"résumé"_s, u"z"_s,
     };
     for (qsizetype i = 0; i < ordered.size(); ++i) {
         for (qsizetype j = 0; j < ordered.size(); ++j) {
@@ -112,22 +104,21 @@ TEST(NSStringCompare, OrdersAsPeopleExpect)
 
 TEST(NSStringCompare, FollowsTheCurrentLocale)
 {
-    const QString odd = QStringLiteral("ö");
-    EXPECT_TRUE(NSString::localizedCompare(odd, QStringLiteral("z")) < 0);
+    const QString odd = u"ö"_s;
+    EXPECT_TRUE(NSString::localizedCompare(odd, u"z"_s) < 0);
     QLocale::setDefault(QLocale(QLocale::Swedish, QLocale::Sweden));
-    EXPECT_TRUE(NSString::localizedCompare(odd, QStringLiteral("z")) > 0);
+    EXPECT_TRUE(NSString::localizedCompare(odd, u"z"_s) > 0);
     QLocale::setDefault(QLocale::c());
-    EXPECT_TRUE(NSString::localizedCompare(odd, QStringLiteral("z")) < 0);
+    EXPECT_TRUE(NSString::localizedCompare(odd, u"z"_s) < 0);
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    EXPECT_TRUE(NSString::localizedCompare(odd, QStringLiteral("z")) < 0);
+    EXPECT_TRUE(NSString::localizedCompare(odd, u"z"_s) < 0);
 }
 
 TEST(NSStringCompare, CanonicallyEquivalentTextsAreEqual)
 {
-    EXPECT_TRUE(NSString::localizedCompare(QStringLiteral("é"), QStringLiteral("e\u0301")) == 0);
-    EXPECT_EQ(NSString::indexOfCanonical(QStringLiteral("xe\u0301y"), u"é", 0, Qt::CaseSensitive),
-              1);
-    EXPECT_EQ(NSString::indexOfCanonical(QStringLiteral("abc"), u"", 0, Qt::CaseSensitive), -1);
+    EXPECT_TRUE(NSString::localizedCompare(u"é"_s, u"e\u0301"_s) == 0);
+    EXPECT_EQ(NSString::indexOfCanonical(u"xe\u0301y"_s, u"é", 0, Qt::CaseSensitive), 1);
+    EXPECT_EQ(NSString::indexOfCanonical(u"abc"_s, u"", 0, Qt::CaseSensitive), -1);
     EXPECT_EQ(NSString::lengthOfCanonicalPrefix(u"e\u0301x", u"É", Qt::CaseInsensitive), 2);
     EXPECT_EQ(NSString::lengthOfCanonicalPrefix(u"e\u0301x", u"e", Qt::CaseSensitive), 0);
 }

@@ -6,22 +6,23 @@
 #include <random>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr int Number = QTextFormat::UserProperty;
 }
 
 TEST(NSAttributedString, TheExampleOfTheHeaderHolds)
 {
-    NSAttributedString note(QStringLiteral("see www.example.com"));
-    note.addAttribute(NSLinkAttributeName, QStringLiteral("http://www.example.com"), {4, 15});
-    EXPECT_EQ(note.attribute(NSLinkAttributeName, 5).toString(),
-              QStringLiteral("http://www.example.com"));
+    NSAttributedString note(u"see www.example.com"_s);
+    note.addAttribute(NSLinkAttributeName, u"http://www.example.com"_s, {4, 15});
+    EXPECT_EQ(note.attribute(NSLinkAttributeName, 5).toString(), u"http://www.example.com"_s);
     EXPECT_EQ(note.length(), 19);
 }
 
 TEST(NSAttributedString, RangesOutsideOfTheTextRaise)
 {
-    NSAttributedString text(QStringLiteral("abc"));
+    NSAttributedString text(u"abc"_s);
     for (const NSRange range :
          {NSRange{-1, 1}, NSRange{0, -1}, NSRange{4, 0}, NSRange{2, 2}, NSRange{1, PTRDIFF_MAX}})
         EXPECT_THROW(text.addAttribute(Number, 1, range), NSException);
@@ -64,8 +65,8 @@ TEST(NSAttributedString, AgreesWithAModelOverRandomRanges)
 
 TEST(NSAttributedString, ComparesTextAndAttributes)
 {
-    NSAttributedString one(QStringLiteral("a"));
-    NSAttributedString other(QStringLiteral("a"));
+    NSAttributedString one(u"a"_s);
+    NSAttributedString other(u"a"_s);
     EXPECT_TRUE(one == other);
     one.addAttribute(Number, 1, {0, 1});
     EXPECT_FALSE(one == other);

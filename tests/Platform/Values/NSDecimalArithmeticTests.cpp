@@ -9,6 +9,8 @@
 #include <random>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -153,10 +155,10 @@ QString described(Exact value, NSRoundingMode mode)
         ++value.exponent;
     }
     if (isZero)
-        return QStringLiteral("0");
+        return u"0"_s;
     const bool fits = value.exponent <= HighestExponent && value.digits.size() <= MaximumDigits;
     if (value.digits.empty() || !fits)
-        return QStringLiteral("NaN");
+        return u"NaN"_s;
     QString text = QString::fromStdString(value.digits);
     if (value.exponent >= 0) {
         text += QString(value.exponent, u'0');
@@ -247,8 +249,7 @@ void compareWithSchoolbook(Operation operation,
         const NSDecimalNumberHandler behavior(mode, NSDecimalNoScale, false, false, false, false);
         const bool isByZero =
             right.digits.empty() && operation == &NSDecimalNumber::decimalNumberByDividingBy;
-        const QString expected =
-            isByZero ? QStringLiteral("NaN") : described(schoolbook(left, right), mode);
+        const QString expected = isByZero ? u"NaN"_s : described(schoolbook(left, right), mode);
         ASSERT_EQ((decimalOf(left).*operation)(decimalOf(right), &behavior).description(), expected)
             << qPrintable(left.text()) << " and " << qPrintable(right.text()) << ", mode " << mode;
     }

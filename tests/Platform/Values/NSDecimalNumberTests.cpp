@@ -9,6 +9,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing_support;
 
 namespace {
@@ -19,10 +21,10 @@ NSDecimalNumber decimal(QStringView text)
 
 NSRoundingMode modeNamed(const QString &name)
 {
-    static const QHash<QString, NSRoundingMode> modes{{QStringLiteral("plain"), NSRoundPlain},
-                                                      {QStringLiteral("down"), NSRoundDown},
-                                                      {QStringLiteral("up"), NSRoundUp},
-                                                      {QStringLiteral("bankers"), NSRoundBankers}};
+    static const QHash<QString, NSRoundingMode> modes{{u"plain"_s, NSRoundPlain},
+                                                      {u"down"_s, NSRoundDown},
+                                                      {u"up"_s, NSRoundUp},
+                                                      {u"bankers"_s, NSRoundBankers}};
     EXPECT_TRUE(modes.contains(name));
     return modes.value(name);
 }
@@ -74,12 +76,11 @@ TEST(NSDecimalNumber, RunsItsExample)
 
 TEST(NSDecimalNumber, ComputesAsTheTableSays)
 {
-    const QStringList operations{QStringLiteral("add"),      QStringLiteral("subtract"),
-                                 QStringLiteral("multiply"), QStringLiteral("divide"),
-                                 QStringLiteral("power"),    QStringLiteral("multiplyByPowerOf10")};
+    const QStringList operations{u"add"_s,    u"subtract"_s, u"multiply"_s,
+                                 u"divide"_s, u"power"_s,    u"multiplyByPowerOf10"_s};
     const NSDecimalNumberHandler behavior = quiet(NSRoundPlain);
     int rows = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/decimal.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"platform/decimal.jsonl"_s)) {
         const QString operation = row[u"op"].toString();
         const QJsonArray arguments = row[u"args"].toArray();
         const bool has39Digits = arguments[0].toString().size() == 39;
@@ -88,7 +89,7 @@ TEST(NSDecimalNumber, ComputesAsTheTableSays)
         const NSDecimalNumber result = computed(operation, decimal(arguments[0].toString()),
                                                 argumentOf(arguments[1]), behavior);
         const QString expected = row[u"expected"].toString();
-        EXPECT_EQ(result.description(), expected == u"error" ? QStringLiteral("NaN") : expected)
+        EXPECT_EQ(result.description(), expected == u"error" ? u"NaN"_s : expected)
             << qPrintable(operation) << ' ' << qPrintable(arguments[0].toString());
         ++rows;
     }
@@ -98,7 +99,7 @@ TEST(NSDecimalNumber, ComputesAsTheTableSays)
 TEST(NSDecimalNumber, ComputesAsAnotherImplementationDoes)
 {
     int rows = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/decimal_arithmetic.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"platform/decimal_arithmetic.jsonl"_s)) {
         const QString operation = row[u"op"].toString();
         const NSRoundingMode mode = modeNamed(row[u"mode"].toString());
         const NSDecimalNumber left = decimal(row[u"left"].toString());
@@ -117,7 +118,7 @@ TEST(NSDecimalNumber, ComputesAsAnotherImplementationDoes)
 TEST(NSDecimalNumber, RoundsAsTheTableSays)
 {
     int rows = 0;
-    for (const QJsonObject &row : rowsOf(QStringLiteral("platform/decimal.jsonl"))) {
+    for (const QJsonObject &row : rowsOf(u"platform/decimal.jsonl"_s)) {
         if (row[u"op"].toString() != u"round")
             continue;
         const QJsonArray arguments = row[u"args"].toArray();
@@ -243,7 +244,7 @@ TEST(NSDecimalNumber, ConvertsNumbersOfAllTypes)
     EXPECT_EQ(of(std::numeric_limits<quint64>::max()), u"18446744073709551615");
     EXPECT_EQ(of(std::numeric_limits<qint64>::min()), u"-9223372036854775808");
     EXPECT_EQ(of(QVariant::fromValue(decimal(u"1.5"))), u"1.5");
-    EXPECT_EQ(of(QStringLiteral("5")), u"NaN");
+    EXPECT_EQ(of(u"5"_s), u"NaN");
     EXPECT_EQ(NSDecimalNumber::decimalNumberWithMantissa(1500, -1, false).description(), u"150");
     EXPECT_EQ(NSDecimalNumber::decimalNumberWithMantissa(123, 0, true).description(), u"-123");
 }
@@ -258,8 +259,7 @@ TEST(NSDecimalNumber, ConvertsToOtherTypes)
     EXPECT_EQ(decimal(u"1e127").integerValue(), 0);
     EXPECT_EQ(decimal(u"1e-128").integerValue(), 0);
     EXPECT_EQ(decimal(u"-1.9").integerValue(), -1);
-    EXPECT_EQ(decimal(u"123456.789").descriptionWithLocale(NSLocale(QStringLiteral("fr_FR"))),
-              u"123456,789");
+    EXPECT_EQ(decimal(u"123456.789").descriptionWithLocale(NSLocale(u"fr_FR"_s)), u"123456,789");
     EXPECT_EQ(decimal(u"1e-5").description(), u"0.00001");
     EXPECT_EQ(NSDecimalNumber::maximumDecimalNumber().description().size(), 38 + 127);
     EXPECT_LT(NSDecimalNumber::minimumDecimalNumber(), decimal(u"-1e100"));

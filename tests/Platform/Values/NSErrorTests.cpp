@@ -2,6 +2,8 @@
 
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 TEST(NSError, IsNilUntilItSaysSomething)
 {
     EXPECT_TRUE(NSError().isNil());
@@ -11,7 +13,7 @@ TEST(NSError, IsNilUntilItSaysSomething)
 
 TEST(NSError, DescribesItselfForLogs)
 {
-    const NSError error(NSCocoaErrorDomain, NSFormattingError, QStringLiteral("No number"));
+    const NSError error(NSCocoaErrorDomain, NSFormattingError, u"No number"_s);
     EXPECT_FALSE(error.isNil());
     EXPECT_EQ(error.localizedDescription(), u"No number");
     EXPECT_EQ(error.description(), u"Error Domain=NSCocoaErrorDomain Code=2048 \"No number\"");

@@ -11,6 +11,8 @@
 #include <cmath>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 QVariant decimal(const char16_t *text)
 {
@@ -35,10 +37,10 @@ QList<QVariantList> ascendingValues()
         {0x1p63, quint64(1) << 63},
         {std::numeric_limits<quint64>::max()},
         {std::numeric_limits<double>::infinity()},
-        {QStringLiteral("")},
-        {QStringLiteral("1")},
-        {QStringLiteral("a")},
-        {QStringLiteral("é")},
+        {u""_s},
+        {u"1"_s},
+        {u"a"_s},
+        {u"é"_s},
     };
 }
 } // namespace
@@ -66,10 +68,10 @@ TEST(NSObject, EqualityAndOrderAgreeOverAllPairs)
 
 TEST(NSObject, NumbersNeverEqualTexts)
 {
-    EXPECT_FALSE(NSObject::isEqual(1, QStringLiteral("1")));
-    EXPECT_FALSE(NSObject::isEqual(true, QStringLiteral("true")));
-    EXPECT_FALSE(NSObject::isEqual(QByteArray("a"), QStringLiteral("a")));
-    EXPECT_FALSE(NSObject::isEqual(QStringLiteral("é"), QStringLiteral("e\u0301")));
+    EXPECT_FALSE(NSObject::isEqual(1, u"1"_s));
+    EXPECT_FALSE(NSObject::isEqual(true, u"true"_s));
+    EXPECT_FALSE(NSObject::isEqual(QByteArray("a"), u"a"_s));
+    EXPECT_FALSE(NSObject::isEqual(u"é"_s, u"e\u0301"_s));
 }
 
 TEST(NSObject, NotANumberHasAPlaceOfItsOwn)
@@ -86,17 +88,17 @@ TEST(NSObject, ListsAndMapsCompareByElements)
 {
     EXPECT_TRUE(NSObject::isEqual(QVariantList{1, 2.0}, QVariantList{1.0, 2}));
     EXPECT_FALSE(NSObject::isEqual(QVariantList{1}, QVariantList{1, 2}));
-    const QVariantMap one{{QStringLiteral("a"), 1}};
-    const QVariantMap same{{QStringLiteral("a"), 1.0}};
+    const QVariantMap one{{u"a"_s, 1}};
+    const QVariantMap same{{u"a"_s, 1.0}};
     EXPECT_TRUE(NSObject::isEqual(one, same));
     EXPECT_EQ(NSObject::hash(one), NSObject::hash(same));
-    EXPECT_FALSE(NSObject::isEqual(one, QVariantMap{{QStringLiteral("b"), 1}}));
+    EXPECT_FALSE(NSObject::isEqual(one, QVariantMap{{u"b"_s, 1}}));
 }
 
 TEST(NSObject, ObjectsEqualOnlyThemselves)
 {
-    TestField one(QStringLiteral("same"));
-    TestField other(QStringLiteral("same"));
+    TestField one(u"same"_s);
+    TestField other(u"same"_s);
     const QVariant boxed = QVariant::fromValue(&one);
     EXPECT_TRUE(NSObject::isEqual(boxed, QVariant::fromValue<QObject *>(&one)));
     EXPECT_FALSE(NSObject::isEqual(boxed, QVariant::fromValue(&other)));
@@ -105,9 +107,9 @@ TEST(NSObject, ObjectsEqualOnlyThemselves)
 
 TEST(NSObject, IdentityOfTextsIsThatOfTheirStorage)
 {
-    const QString text = QStringLiteral("text") + QString::number(1);
+    const QString text = u"text"_s + QString::number(1);
     const QString copy = text;
-    const QString equal = QStringLiteral("text") + QString::number(1);
+    const QString equal = u"text"_s + QString::number(1);
     EXPECT_TRUE(NSObject::isIdenticalTo(text, copy));
     EXPECT_FALSE(NSObject::isIdenticalTo(text, equal));
     EXPECT_TRUE(NSObject::isIdenticalTo(5, 5));
@@ -116,14 +118,14 @@ TEST(NSObject, IdentityOfTextsIsThatOfTheirStorage)
 
 TEST(NSObject, NumbersAndTruthOfValues)
 {
-    EXPECT_EQ(NSObject::integerValue(QStringLiteral(" 12 pieces")), 12);
+    EXPECT_EQ(NSObject::integerValue(u" 12 pieces"_s), 12);
     EXPECT_EQ(NSObject::integerValue(-2.9), -2);
     EXPECT_EQ(NSObject::integerValue(1e300), 0);
     EXPECT_EQ(NSObject::integerValue(std::nan("")), 0);
     EXPECT_EQ(NSObject::integerValue(decimal(u"7.9")), 7);
     EXPECT_EQ(NSObject::integerValue(QVariant()), 0);
     EXPECT_EQ(NSObject::integerValue(QVariantList{1}), 0);
-    EXPECT_TRUE(NSObject::boolValue(QStringLiteral("yes")));
+    EXPECT_TRUE(NSObject::boolValue(u"yes"_s));
     EXPECT_TRUE(NSObject::boolValue(0.5));
     EXPECT_FALSE(NSObject::boolValue(decimal(u"0.0")));
     EXPECT_FALSE(NSObject::boolValue(QVariant()));
@@ -131,17 +133,17 @@ TEST(NSObject, NumbersAndTruthOfValues)
 
 TEST(NSObject, Descriptions)
 {
-    EXPECT_EQ(NSObject::description(QVariant()), QStringLiteral("(null)"));
-    EXPECT_EQ(NSObject::description(NSNull()), QStringLiteral("<null>"));
-    EXPECT_EQ(NSObject::description(true), QStringLiteral("1"));
-    EXPECT_EQ(NSObject::description(QByteArray("\x01\xFF")), QStringLiteral("<01ff>"));
+    EXPECT_EQ(NSObject::description(QVariant()), u"(null)"_s);
+    EXPECT_EQ(NSObject::description(NSNull()), u"<null>"_s);
+    EXPECT_EQ(NSObject::description(true), u"1"_s);
+    EXPECT_EQ(NSObject::description(QByteArray("\x01\xFF")), u"<01ff>"_s);
     EXPECT_EQ(NSObject::description(QDateTime(QDate(2008, 3, 5), QTime(14, 30), Qt::UTC)),
-              QStringLiteral("2008-03-05 14:30:00 +0000"));
+              u"2008-03-05 14:30:00 +0000"_s);
     EXPECT_EQ(NSObject::description(
                   QDateTime(QDate(2008, 3, 5), QTime(14, 30), Qt::OffsetFromUTC, -5 * 3600 - 1800)),
-              QStringLiteral("2008-03-05 14:30:00 -0530"));
-    EXPECT_EQ(NSObject::description(QVariantMap{{QStringLiteral("a b"), QVariantList{}}}),
-              QStringLiteral("{\n    \"a b\" = (\n    );\n}"));
+              u"2008-03-05 14:30:00 -0530"_s);
+    EXPECT_EQ(NSObject::description(QVariantMap{{u"a b"_s, QVariantList{}}}),
+              u"{\n    \"a b\" = (\n    );\n}"_s);
 }
 
 TEST(NSObject, DescriptionsOfDeepListsEnd)
@@ -154,12 +156,12 @@ TEST(NSObject, DescriptionsOfDeepListsEnd)
 
 TEST(NSCollections, SetsAndTablesUseThePlatformsEquality)
 {
-    NSSet set{1, QStringLiteral("1")};
+    NSSet set{1, u"1"_s};
     EXPECT_EQ(set.size(), 2);
     EXPECT_FALSE(set.addObject(1.0));
     EXPECT_TRUE(set.contains(decimal(u"1.00")));
     set.remove(true);
-    EXPECT_EQ(set, NSSet{QStringLiteral("1")});
+    EXPECT_EQ(set, NSSet{u"1"_s});
 
     NSMapTable<QVariant, int> table;
     table.setObject(5, 1);
@@ -172,7 +174,7 @@ TEST(NSCollections, SetsAndTablesUseThePlatformsEquality)
 TEST(NSCollections, BoxingMakesNilOfNullTextsAndPointers)
 {
     EXPECT_FALSE(NSBoxed(QString()).isValid());
-    EXPECT_TRUE(NSBoxed(QStringLiteral("")).isValid());
+    EXPECT_TRUE(NSBoxed(u""_s).isValid());
     EXPECT_FALSE(NSBoxed(static_cast<TestField *>(nullptr)).isValid());
     EXPECT_FALSE(NSBoxed(std::shared_ptr<TestField>()).isValid());
     const auto field = std::make_shared<TestField>();
@@ -185,23 +187,22 @@ TEST(NSDecimalNumber, KeepsThirtyEightDigitsRoundedHalfAwayFromZero)
         return NSDecimalNumber::decimalNumberWithString(text).description();
     };
     EXPECT_EQ(description(u"3.14159265358979323846264338327950288419"),
-              QStringLiteral("3.1415926535897932384626433832795028842"));
+              u"3.1415926535897932384626433832795028842"_s);
     EXPECT_EQ(description(u"99999999999999999999999999999999999999"), QString(38, u'9'));
-    EXPECT_EQ(description(u"999999999999999999999999999999999999995"),
-              QStringLiteral("1") + QString(39, u'0'));
-    EXPECT_EQ(description(u"1e127"), QStringLiteral("1") + QString(127, u'0'));
+    EXPECT_EQ(description(u"999999999999999999999999999999999999995"), u"1"_s + QString(39, u'0'));
+    EXPECT_EQ(description(u"1e127"), u"1"_s + QString(127, u'0'));
     EXPECT_EQ(description(u"1e-128").size(), 130);
-    EXPECT_EQ(description(u"1e128"), QStringLiteral("1") + QString(128, u'0'));
-    EXPECT_EQ(description(u"1e165"), QStringLiteral("NaN"));
-    EXPECT_EQ(description(u"-0"), QStringLiteral("0"));
-    EXPECT_EQ(description(u"1e"), QStringLiteral("1"));
-    EXPECT_EQ(description(u"1e99999999999999999999"), QStringLiteral("NaN"));
+    EXPECT_EQ(description(u"1e128"), u"1"_s + QString(128, u'0'));
+    EXPECT_EQ(description(u"1e165"), u"NaN"_s);
+    EXPECT_EQ(description(u"-0"), u"0"_s);
+    EXPECT_EQ(description(u"1e"), u"1"_s);
+    EXPECT_EQ(description(u"1e99999999999999999999"), u"NaN"_s);
 }
 
 TEST(NSDecimalNumber, TheExampleOfTheHeaderHolds)
 {
     const auto price = NSDecimalNumber::decimalNumberWithString(u"12.50");
-    EXPECT_EQ(price.description(), QStringLiteral("12.5"));
+    EXPECT_EQ(price.description(), u"12.5"_s);
     EXPECT_TRUE(price == NSDecimalNumber::decimalNumberWithString(u"12.5"));
     EXPECT_TRUE(NSDecimalNumber::decimalNumberWithString(u"abc").isNaN());
     EXPECT_EQ(NSDecimalNumber(-1200).integerValue(), -1200);

@@ -9,6 +9,8 @@
 #include <QTimeZone>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 QDateTime utc(int year)
 {
@@ -46,16 +48,16 @@ TEST(NSObjectValues, DataIsItsBytes)
 
 TEST(NSObjectValues, ListsAndMapsAreTheirElements)
 {
-    const QVariantList whole{1, QStringLiteral("a"), utc(2008)};
-    const QVariantList real{1.0, QStringLiteral("a"), utc(2008)};
+    const QVariantList whole{1, u"a"_s, utc(2008)};
+    const QVariantList real{1.0, u"a"_s, utc(2008)};
     EXPECT_TRUE(NSObject::isEqual(whole, real));
     EXPECT_EQ(NSObject::hash(whole), NSObject::hash(real));
     EXPECT_FALSE(NSObject::isEqual(whole, whole.mid(1)));
-    const QVariantMap left{{QStringLiteral("k"), 1}};
-    const QVariantMap right{{QStringLiteral("k"), 1.0}};
+    const QVariantMap left{{u"k"_s, 1}};
+    const QVariantMap right{{u"k"_s, 1.0}};
     EXPECT_TRUE(NSObject::isEqual(left, right));
     EXPECT_EQ(NSObject::hash(left), NSObject::hash(right));
-    EXPECT_FALSE(NSObject::isEqual(left, QVariantMap({{QStringLiteral("j"), 1}})));
+    EXPECT_FALSE(NSObject::isEqual(left, QVariantMap({{u"j"_s, 1}})));
 }
 
 TEST(NSObjectValues, ListsMayHoldNil)
@@ -69,8 +71,8 @@ TEST(NSObjectValues, OtherTypesCompareWithTheirLike)
 {
     EXPECT_TRUE(NSObject::isEqual(QSize(1, 2), QSize(1, 2)));
     EXPECT_FALSE(NSObject::isEqual(QSize(1, 2), QSize(1, 3)));
-    EXPECT_FALSE(NSObject::isEqual(QSize(1, 2), QUrl(QStringLiteral("http://example.org"))));
-    EXPECT_NE(NSObject::compare(QSize(1, 2), QUrl(QStringLiteral("http://example.org"))),
+    EXPECT_FALSE(NSObject::isEqual(QSize(1, 2), QUrl(u"http://example.org"_s)));
+    EXPECT_NE(NSObject::compare(QSize(1, 2), QUrl(u"http://example.org"_s)),
               std::weak_ordering::equivalent);
     EXPECT_EQ(NSObject::compare(QTime(1, 0), QTime(2, 0)), std::weak_ordering::less);
     EXPECT_EQ(NSObject::compare(QTime(2, 0), QTime(1, 0)), std::weak_ordering::greater);
@@ -79,7 +81,6 @@ TEST(NSObjectValues, OtherTypesCompareWithTheirLike)
 
 TEST(NSObjectValues, OtherTypesAreDescribedByTheirTextOrType)
 {
-    EXPECT_EQ(NSObject::description(QUrl(QStringLiteral("http://example.org"))),
-              u"http://example.org");
+    EXPECT_EQ(NSObject::description(QUrl(u"http://example.org"_s)), u"http://example.org");
     EXPECT_EQ(NSObject::description(QSize(1, 2)), u"<QSize>");
 }

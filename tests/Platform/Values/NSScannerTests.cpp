@@ -3,6 +3,8 @@
 
 #include "support/TestSupport.h"
 
+using namespace Qt::StringLiterals;
+
 TEST(NSScanner, TheExampleOfTheHeaderHolds)
 {
     NSScanner scanner(u"  width: 12.5 mm");
@@ -11,7 +13,7 @@ TEST(NSScanner, TheExampleOfTheHeaderHolds)
     EXPECT_TRUE(scanner.scanUpToString(u":", &name));
     EXPECT_TRUE(scanner.scanString(u":"));
     EXPECT_TRUE(scanner.scanDouble(&width));
-    EXPECT_EQ(name, QStringLiteral("width"));
+    EXPECT_EQ(name, u"width"_s);
     EXPECT_EQ(width, 12.5);
     EXPECT_FALSE(scanner.isAtEnd());
 }
@@ -23,10 +25,10 @@ TEST(NSScanner, FailuresLeaveTheLocationBeforeTheSkip)
     EXPECT_FALSE(scanner.scanString(u"x"));
     EXPECT_FALSE(scanner.scanUpToString(u"a"));
     EXPECT_EQ(scanner.scanLocation(), 0);
-    QString untouched = QStringLiteral("before");
+    QString untouched = u"before"_s;
     EXPECT_FALSE(
         scanner.scanCharactersFromSet(NSCharacterSet::decimalDigitCharacterSet(), &untouched));
-    EXPECT_EQ(untouched, QStringLiteral("before"));
+    EXPECT_EQ(untouched, u"before"_s);
 }
 
 TEST(NSScanner, LocationsBeyondTheEndRaise)
@@ -34,7 +36,7 @@ TEST(NSScanner, LocationsBeyondTheEndRaise)
     NSScanner scanner(u"hello");
     scanner.setScanLocation(5);
     EXPECT_RAISES(scanner.setScanLocation(6), NSRangeException,
-                  QStringLiteral("-[NSScanner setScanLocation:]: location 6 beyond length 5"));
+                  u"-[NSScanner setScanLocation:]: location 6 beyond length 5"_s);
     EXPECT_THROW(scanner.setScanLocation(-1), NSException);
     EXPECT_EQ(scanner.scanLocation(), 5);
 }
@@ -59,9 +61,9 @@ TEST(NSScanner, SurrogatePairsAreOneCharacter)
     QString found;
     NSScanner scanner(u"a😀b");
     EXPECT_TRUE(scanner.scanUpToCharactersFromSet(faces, &found));
-    EXPECT_EQ(found, QStringLiteral("a"));
+    EXPECT_EQ(found, u"a"_s);
     EXPECT_TRUE(scanner.scanCharactersFromSet(faces, &found));
-    EXPECT_EQ(found, QStringLiteral("😀"));
+    EXPECT_EQ(found, u"😀"_s);
 }
 
 TEST(NSScanner, StringsMatchCanonically)
@@ -73,7 +75,7 @@ TEST(NSScanner, StringsMatchCanonically)
     EXPECT_FALSE(NSScanner(u"e\u0301").scanString(u"e"));
     NSScanner search(u"un e\u0301té");
     EXPECT_TRUE(search.scanUpToString(u"É", &found));
-    EXPECT_EQ(found, QStringLiteral("un "));
+    EXPECT_EQ(found, u"un "_s);
     search.setCaseSensitive(true);
     EXPECT_FALSE(search.scanString(u"É"));
 }

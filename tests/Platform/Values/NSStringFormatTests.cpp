@@ -6,6 +6,8 @@
 
 #include <climits>
 
+using namespace Qt::StringLiterals;
+
 using NSString::stringWithFormat;
 
 namespace {
@@ -19,7 +21,7 @@ std::string format(QStringView text, const auto &...arguments)
 
 TEST(NSStringFormat, TheExamplesOfTheHeaderHold)
 {
-    const QString libraryName = QStringLiteral("Contacts");
+    const QString libraryName = u"Contacts"_s;
     EXPECT_EQ(format(u"%@ has %d fields", libraryName, 12), "Contacts has 12 fields");
     EXPECT_EQ(format(u"%2$@, %1$@", u"Ada", u"Lovelace"), "Lovelace, Ada");
     EXPECT_EQ(format(u"%d of %d", 3), "3 of 0");
@@ -53,12 +55,12 @@ TEST(NSStringFormat, Reals)
 
 TEST(NSStringFormat, TextsAndCharacters)
 {
-    EXPECT_EQ(format(u"%@ %s %S", QStringLiteral("é"), "ü", u"日"), "é ü 日");
+    EXPECT_EQ(format(u"%@ %s %S", u"é"_s, "ü", u"日"), "é ü 日");
     EXPECT_EQ(format(u"[%5@|%-5@|%.2@]", u"ab", u"ab", u"abcdef"), "[   ab|ab   |ab]");
     EXPECT_EQ(format(u"%c%C%C%c", 'x', u'é', U'😀', 65), "xé😀A");
     EXPECT_EQ(format(u"%@", QLatin1String("latin")), "latin");
     EXPECT_EQ(format(u"%@", std::string("utf8 é")), "utf8 é");
-    const QString name = QStringLiteral("name");
+    const QString name = u"name"_s;
     EXPECT_EQ(format(u"%@", name + u'.' + name), "name.name");
 }
 
@@ -67,12 +69,12 @@ TEST(NSStringFormat, NilPrintsAsNull)
     EXPECT_EQ(format(u"%@ %@ %@ %s %@", QString(), QVariant(), nullptr,
                      static_cast<const char *>(nullptr), static_cast<QObject *>(nullptr)),
               "(null) (null) (null) (null) (null)");
-    EXPECT_EQ(format(u"[%@]", QStringLiteral("")), "[]");
+    EXPECT_EQ(format(u"[%@]", u""_s), "[]");
 }
 
 TEST(NSStringFormat, ObjectsPrintTheirDescription)
 {
-    EXPECT_EQ(format(u"%@", QVariantList{1, QStringLiteral("a")}), "(\n    1,\n    a\n)");
+    EXPECT_EQ(format(u"%@", QVariantList{1, u"a"_s}), "(\n    1,\n    a\n)");
     EXPECT_EQ(format(u"%@", NSDecimalNumber::decimalNumberWithString(u"12.50")), "12.5");
     EXPECT_EQ(format(u"%@", QVariant(true)), "1");
     EXPECT_EQ(format(u"%d|%@|%x", QVariant(-1), QVariant(5), QVariant(-1)), "-1|5|ffffffff");
@@ -91,7 +93,7 @@ TEST(NSStringFormat, MissingArgumentsReadNothing)
 
 TEST(NSStringFormat, WrongKindsPrintAsDescriptions)
 {
-    EXPECT_EQ(format(u"%d %f", u"text", QStringLiteral("more")), "text more");
+    EXPECT_EQ(format(u"%d %f", u"text", u"more"_s), "text more");
     EXPECT_EQ(format(u"%s", 12), "12");
     EXPECT_EQ(format(u"%d", 1.5), "1.5");
     EXPECT_EQ(format(u"%c", u"abc"), "abc");
@@ -118,12 +120,11 @@ TEST(NSStringFormat, WhatIsNoConversionStays)
 TEST(NSStringFormat, HostileTextsAsFormatAndArgument)
 {
     for (const QString &text : testing_support::hostileTexts()) {
-        const QString shown = text.isNull() ? QStringLiteral("(null)") : text;
+        const QString shown = text.isNull() ? u"(null)"_s : text;
         EXPECT_EQ(stringWithFormat(u"<%@>", text), u'<' + shown + u'>');
         EXPECT_GE(stringWithFormat(text).size() + 20, text.size());
     }
-    EXPECT_EQ(stringWithFormat(testing_support::megabyteOf(QStringLiteral("%@")), 1).left(7),
-              QStringLiteral("1(null)"));
+    EXPECT_EQ(stringWithFormat(testing_support::megabyteOf(u"%@"_s), 1).left(7), u"1(null)"_s);
 }
 
 TEST(NSStringFormat, VariantsAreWhatTheyHold)
@@ -132,7 +133,7 @@ TEST(NSStringFormat, VariantsAreWhatTheyHold)
     EXPECT_EQ(format(u"%u %llu %x", QVariant(5U), QVariant(ULLONG_MAX), QVariant(ushort(255))),
               "5 18446744073709551615 ff");
     EXPECT_EQ(format(u"%.2f %@ %g", QVariant(1.5), QVariant(0.1), QVariant(2.5F)), "1.50 0.1 2.5");
-    EXPECT_EQ(format(u"%@ %s", QVariant(QStringLiteral("a")), QVariant(QString())), "a (null)");
+    EXPECT_EQ(format(u"%@ %s", QVariant(u"a"_s), QVariant(QString())), "a (null)");
     EXPECT_EQ(format(u"%@", QByteArray("\x01z")), "<017a>");
     EXPECT_EQ(format(u"%@ %@ %@", 'x', u'é', U'😀'), "x é 😀");
 }

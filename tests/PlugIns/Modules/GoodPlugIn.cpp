@@ -7,6 +7,8 @@
 
 #include <QPointer>
 
+using namespace Qt::StringLiterals;
+
 class GoodExporter : public QObject, public TestExporter
 {
     Q_OBJECT
@@ -16,17 +18,17 @@ public:
     GoodExporter()
     {
         ++_made;
-        report(QStringLiteral("made"));
+        report(u"made"_s);
     }
-    ~GoodExporter() override { report(QStringLiteral("gone")); }
+    ~GoodExporter() override { report(u"gone"_s); }
 
     static void pluginDidLoadBundle(const NSBundle &bundle, QObject *updateHandler)
     {
         _handler = updateHandler;
-        report(QStringLiteral("pluginDidLoadBundle ") + bundle.bundleIdentifier());
+        report(u"pluginDidLoadBundle "_s + bundle.bundleIdentifier());
     }
-    static void pluginWillUnload() { report(QStringLiteral("pluginWillUnload")); }
-    static void pluginDidUnload() { report(QStringLiteral("pluginDidUnload")); }
+    static void pluginWillUnload() { report(u"pluginWillUnload"_s); }
+    static void pluginDidUnload() { report(u"pluginDidUnload"_s); }
 
     /// The version, and how many instances it has made: versions share nothing.
     QString fileType() const override

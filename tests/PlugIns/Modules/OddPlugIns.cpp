@@ -8,6 +8,8 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// What the classes have in common.
 class Odd : public QObject, public TestExporter
@@ -15,7 +17,7 @@ class Odd : public QObject, public TestExporter
 public:
     static void pluginWillUnload() {}
     static void pluginDidUnload() {}
-    QString fileType() const override { return QStringLiteral("odd"); }
+    QString fileType() const override { return u"odd"_s; }
 };
 } // namespace
 
@@ -25,7 +27,7 @@ class NonconformingExporter : public Odd
 public:
     static void pluginDidLoadBundle(const NSBundle &, QObject *updateHandler)
     {
-        addEvent(updateHandler, QStringLiteral("nonconforming did load"));
+        addEvent(updateHandler, u"nonconforming did load"_s);
     }
 };
 KT_PRINCIPAL_CLASS(NonconformingExporter)
@@ -46,7 +48,7 @@ KT_PRINCIPAL_CLASS(ThrowingExporter, TestExporter)
 class RaisingExporter : public Odd
 {
 public:
-    RaisingExporter() { NSException::raise(NSRangeException, QStringLiteral("too far")); }
+    RaisingExporter() { NSException::raise(NSRangeException, u"too far"_s); }
 };
 KT_PRINCIPAL_CLASS(RaisingExporter, TestExporter)
 

@@ -7,6 +7,8 @@
 
 #include <QDateTime>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// The letter behind "\" for the units that have one; 0 for others.
 char16_t shortEscape(char16_t unit)
@@ -36,14 +38,14 @@ bool isLoneSurrogate(QStringView text, qsizetype index)
 
 QString quoted(const QString &text)
 {
-    QString result = QStringLiteral("\"");
+    QString result = u"\""_s;
     for (qsizetype index = 0; index < text.size(); ++index) {
         const char16_t unit = text[index].unicode();
         if (const char16_t letter = shortEscape(unit)) {
             result += u'\\';
             result += QChar(letter);
         } else if (unit < 0x20 || isLoneSurrogate(text, index)) {
-            result += QStringLiteral("\\u%1").arg(uint(unit), 4, 16, QLatin1Char('0'));
+            result += u"\\u%1"_s.arg(uint(unit), 4, 16, QLatin1Char('0'));
         } else {
             result += QChar(unit);
         }
@@ -54,14 +56,14 @@ QString quoted(const QString &text)
 QString numberText(const QVariant &number)
 {
     const NSDecimalNumber decimal = NSDecimalNumber::decimalNumberWithNumber(number);
-    return decimal.isNaN() ? QStringLiteral("null") : decimal.description();
+    return decimal.isNaN() ? u"null"_s : decimal.description();
 }
 } // namespace
 
 QString JSONText::of(const QVariant &value)
 {
     if (NSObject::isNil(value))
-        return QStringLiteral("null");
+        return u"null"_s;
     if (NSObject::isNumber(value))
         return numberText(value);
     if (value.metaType() == QMetaType::fromType<QDateTime>())

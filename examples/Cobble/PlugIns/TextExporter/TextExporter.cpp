@@ -5,6 +5,8 @@
 
 #include <KTUtility/KTPlugInClass>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// Writes texts and remembers whether all of them arrived.
 class Writer
@@ -41,24 +43,24 @@ QString jsonObject(const CobbleRecordSource &records, const QStringList &names)
     QStringList members;
     for (qsizetype field = 0; field < names.size(); ++field)
         members += JSONText::of(names.at(field)) + u": " + JSONText::of(records.value(field));
-    return u"  {" + members.join(QStringLiteral(", ")) + u'}';
+    return u"  {" + members.join(u", "_s) + u'}';
 }
 
 void writeJSON(CobbleRecordSource &records, Writer &writer)
 {
     const QStringList names = records.fieldNames();
-    QString before = QStringLiteral("[\n");
+    QString before = u"[\n"_s;
     while (records.next() && writer.isDone()) {
         writer.write(before + jsonObject(records, names));
-        before = QStringLiteral(",\n");
+        before = u",\n"_s;
     }
-    writer.write(before.startsWith(u'[') ? QStringLiteral("[]\n") : QStringLiteral("\n]\n"));
+    writer.write(before.startsWith(u'[') ? u"[]\n"_s : u"\n]\n"_s);
 }
 } // namespace
 
 QStringList TextExporter::fileTypes() const
 {
-    return {QStringLiteral("csv"), QStringLiteral("json")};
+    return {u"csv"_s, u"json"_s};
 }
 
 bool TextExporter::exportRecords(CobbleRecordSource &records, const QString &fileType,

@@ -4,9 +4,11 @@
 
 #include <KTUtility/KTPlugInClass>
 
+using namespace Qt::StringLiterals;
+
 QStringList VCardImporter::fileTypes() const
 {
-    return {QStringLiteral("vcf"), QStringLiteral("vcard")};
+    return {u"vcf"_s, u"vcard"_s};
 }
 
 bool VCardImporter::readTable(const QString &text, CobbleTable *table, QString *error)
@@ -16,7 +18,7 @@ bool VCardImporter::readTable(const QString &text, CobbleTable *table, QString *
     for (const VCardLine &line : lines)
         cards.add(line);
     if (cards.isEmpty()) {
-        *error = QStringLiteral("there is no vCard in it");
+        *error = u"there is no vCard in it"_s;
         return false;
     }
     // Cards without their pictures would look like all that there is.

@@ -4,6 +4,8 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// Splits at a separator that stands outside of double quotes.
 QStringList splitOutsideQuotes(const QString &text, QChar separator)
@@ -74,10 +76,8 @@ QString fromQuotedPrintable(const QString &value, const QString &charset)
 QStringList unfolded(const QString &text)
 {
     QStringList lines;
-    const QStringList typed = QString(text)
-                                  .replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
-                                  .replace(u'\r', u'\n')
-                                  .split(u'\n');
+    const QStringList typed =
+        QString(text).replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').split(u'\n');
     for (const QString &line : typed) {
         const bool isSoftBreak =
             !lines.isEmpty() && lines.last().endsWith(u'=') && isQuotedPrintable(lines.last());
@@ -157,7 +157,7 @@ QByteArray VCardLine::data() const
     if (encoding.compare(u"b", Qt::CaseInsensitive) == 0 ||
         encoding.compare(u"base64", Qt::CaseInsensitive) == 0 || hasType(u"BASE64"))
         return QByteArray::fromBase64(value.toLatin1());
-    const qsizetype base64 = value.indexOf(QStringLiteral(";base64,"));
+    const qsizetype base64 = value.indexOf(u";base64,"_s);
     const bool isDataURL = value.startsWith(u"data:", Qt::CaseInsensitive) && base64 > 0;
     return isDataURL ? QByteArray::fromBase64(QStringView(value).mid(base64 + 8).toLatin1())
                      : QByteArray();

@@ -7,7 +7,7 @@
 /// A line of a vCard (RFC 6350, RFC 2426, and version 2.1): "item1.TEL;TYPE=home:+49 30 1234".
 ///
 /// \code
-/// const auto line = VCardLine::fromText(QStringLiteral("TEL;TYPE=home,voice:555-0101"));
+/// const auto line = VCardLine::fromText(u"TEL;TYPE=home,voice:555-0101"_s);
 /// line->name;                // "TEL"
 /// line->hasType(u"HOME");    // true
 /// line->parts();             // {"555-0101"}

@@ -6,6 +6,8 @@
 #include <array>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// So many columns of a title there are at most.
 constexpr int MostOfAKind = 20;
@@ -35,15 +37,15 @@ QString titleOf(const QString &name)
 QString placeOf(const VCardLine &line)
 {
     if (line.hasType(u"HOME"))
-        return QStringLiteral(" (home)");
-    return line.hasType(u"WORK") ? QStringLiteral(" (work)") : QString();
+        return u" (home)"_s;
+    return line.hasType(u"WORK") ? u" (work)"_s : QString();
 }
 
 QString phoneTitle(const VCardLine &line)
 {
     if (line.hasType(u"CELL"))
-        return QStringLiteral("Mobile");
-    const QString title = line.hasType(u"FAX") ? QStringLiteral("Fax") : QStringLiteral("Phone");
+        return u"Mobile"_s;
+    const QString title = line.hasType(u"FAX") ? u"Fax"_s : u"Phone"_s;
     return title + placeOf(line);
 }
 
@@ -58,8 +60,7 @@ QString phoneNumber(const VCardLine &line)
 /// like a number, is --04-12.
 QString dateText(const QString &text)
 {
-    static const QRegularExpression form(
-        QStringLiteral(R"(\A(\d{4}|-(?=-))-?(\d\d)-?(\d\d)(T.*)?\z)"));
+    static const QRegularExpression form(uR"(\A(\d{4}|-(?=-))-?(\d\d)-?(\d\d)(T.*)?\z)"_s);
     const QRegularExpressionMatch match = form.match(text);
     return match.hasMatch()
                ? QStringList{match.captured(1), match.captured(2), match.captured(3)}.join(u'-')
@@ -76,7 +77,7 @@ QString pictureExtension(const VCardLine &line)
             line.parameter(u"MEDIATYPE").endsWith(kind, Qt::CaseInsensitive))
             return kind.toLower();
     }
-    return QStringLiteral("jpg");
+    return u"jpg"_s;
 }
 } // namespace
 
@@ -104,11 +105,11 @@ void VCardTable::addProperty(const VCardLine &line)
     else if (line.name == u"PHOTO")
         addPicture(line);
     else if (line.name == u"TEL")
-        addValue(phoneTitle(line), phoneNumber(line), QStringLiteral("phone"));
+        addValue(phoneTitle(line), phoneNumber(line), u"phone"_s);
     else if (line.name == u"EMAIL")
         addValue(u"E-mail" + placeOf(line), line.text());
     else if (line.name == u"BDAY")
-        addValue(QStringLiteral("Birthday"), dateText(line.text()), QStringLiteral(""));
+        addValue(u"Birthday"_s, dateText(line.text()), u""_s);
     else if (const QString title = titleOf(line.name); !title.isNull())
         addValue(title, line.text());
 }
@@ -116,11 +117,11 @@ void VCardTable::addProperty(const VCardLine &line)
 void VCardTable::addName(const VCardLine &line)
 {
     const QStringList parts = line.parts();
-    addValue(QStringLiteral("Last name"), parts.value(0));
-    addValue(QStringLiteral("First name"), parts.value(1));
-    addValue(QStringLiteral("Middle name"), parts.value(2));
-    addValue(QStringLiteral("Prefix"), parts.value(3));
-    addValue(QStringLiteral("Suffix"), parts.value(4));
+    addValue(u"Last name"_s, parts.value(0));
+    addValue(u"First name"_s, parts.value(1));
+    addValue(u"Middle name"_s, parts.value(2));
+    addValue(u"Prefix"_s, parts.value(3));
+    addValue(u"Suffix"_s, parts.value(4));
 }
 
 void VCardTable::addAddress(const VCardLine &line)
@@ -139,16 +140,16 @@ void VCardTable::addAddress(const VCardLine &line)
 void VCardTable::addOrganization(const VCardLine &line)
 {
     const QStringList parts = line.parts();
-    addValue(QStringLiteral("Organization"), parts.value(0));
-    addValue(QStringLiteral("Department"), parts.value(1));
+    addValue(u"Organization"_s, parts.value(0));
+    addValue(u"Department"_s, parts.value(1));
 }
 
 void VCardTable::addPicture(const VCardLine &line)
 {
     const QByteArray data = line.data();
-    addValue(QStringLiteral("Photo"),
+    addValue(u"Photo"_s,
              data.isEmpty() ? line.value.trimmed() : pathOfPicture(data, pictureExtension(line)),
-             QStringLiteral("media"));
+             u"media"_s);
 }
 
 /// A file for a picture that stands in the card itself; nil if it cannot be written.
@@ -160,7 +161,7 @@ QString VCardTable::pathOfPicture(const QByteArray &data, const QString &extensi
         _errorText = u"a picture cannot be unpacked: " + _table.files->errorString();
         return {};
     }
-    const QString name = QStringLiteral("Photo %1.").arg(++_pictures) + extension;
+    const QString name = u"Photo %1."_s.arg(++_pictures) + extension;
     QFile file(_table.files->filePath(name));
     if (file.open(QIODevice::WriteOnly) && file.write(data) == data.size() && file.flush())
         return file.fileName();
@@ -189,6 +190,6 @@ void VCardTable::addValue(const QString &title, const QString &value, const QStr
             row[column] += row.at(column).isEmpty() ? value : QString(u'\n' + value);
             return;
         }
-        numbered = QStringLiteral("%1 %2").arg(title).arg(number);
+        numbered = u"%1 %2"_s.arg(title).arg(number);
     }
 }

@@ -19,6 +19,8 @@
 
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 struct Command
 {
@@ -59,9 +61,8 @@ constexpr std::array<Command, 16> Commands = {{
 
 ExitCode runUnknown(const QString &name, CommandContext &context)
 {
-    const QString kind =
-        name.startsWith(u'-') ? QStringLiteral("option") : QStringLiteral("command");
-    return context.wrongUsage(QStringLiteral("unknown %1 '%2'").arg(kind, name));
+    const QString kind = name.startsWith(u'-') ? u"option"_s : u"command"_s;
+    return context.wrongUsage(u"unknown %1 '%2'"_s.arg(kind, name));
 }
 
 ExitCode runCommand(const QStringList &arguments, CommandContext &context)

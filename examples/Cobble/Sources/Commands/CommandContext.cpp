@@ -7,6 +7,8 @@
 #include <QCommandLineParser>
 #include <QTextStream>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// The parser's texts are sentences that begin with a capital and end with a full stop.
 QString asMessage(const QString &sentence)
@@ -27,7 +29,7 @@ CommandContext::CommandContext(QTextStream &out, QTextStream &err, KTLogger *log
 bool CommandContext::parse(const QStringList &arguments, QCommandLineParser *parser)
 {
     // The parser passes over the first argument, the name of the program.
-    if (parser->parse(QStringList(QStringLiteral("cobble")) + arguments))
+    if (parser->parse(QStringList(u"cobble"_s) + arguments))
         return true;
     wrongUsage(asMessage(parser->errorText()));
     return false;

@@ -6,6 +6,8 @@
 #include <numeric>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// Longer texts are like no component, and not worth the time.
 constexpr qsizetype LongestCompared = 100;
@@ -65,9 +67,9 @@ QStringList componentsNear(const QString &text, const QStringList &components)
 
 QString unknownComponentText(const QString &text, const QStringList &components)
 {
-    const QString message = QStringLiteral("unknown component '%1'").arg(text);
+    const QString message = u"unknown component '%1'"_s.arg(text);
     const QStringList near = componentsNear(text, components);
     if (near.isEmpty())
         return QString(message + u"; 'cobble log' lists them");
-    return QString(message + u"; near it: " + near.join(QStringLiteral(", ")));
+    return QString(message + u"; near it: " + near.join(u", "_s));
 }

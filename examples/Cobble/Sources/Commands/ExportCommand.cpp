@@ -9,14 +9,16 @@
 
 #include <QTextStream>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 QString mistakeInExport(const QCommandLineParser &parser)
 {
     const QStringList names = parser.positionalArguments();
     if (names.size() != 1)
-        return QStringLiteral("export needs the name of one library");
+        return u"export needs the name of one library"_s;
     if (parser.value(ToOption).isEmpty())
-        return QStringLiteral("export needs --to and the name of a file");
+        return u"export needs --to and the name of a file"_s;
     const QString mistake = BundleOption::mistakeIn(parser);
     return mistake.isNull() ? UserSettings::mistakeInLocale(UserSettings::localeIn(parser))
                             : mistake;
@@ -28,9 +30,8 @@ ExitCode exportLibrary(LibraryStore &store, const Library &library, const QStrin
     const LibraryExport::Outcome outcome = LibraryExport::run(store, library, path);
     if (!outcome.errorDescription.isNull())
         return context.fail(outcome.subject, outcome.errorDescription);
-    context.out() << QStringLiteral("Exported %1 of the library '%2' to %3\n")
-                         .arg(recordCountText(outcome.recordCount), printableText(library.name),
-                              printableText(path));
+    context.out() << u"Exported %1 of the library '%2' to %3\n"_s.arg(
+        recordCountText(outcome.recordCount), printableText(library.name), printableText(path));
     return ExitCode::Success;
 }
 
@@ -52,7 +53,7 @@ ExitCode runExport(const QCommandLineParser &parser, CommandContext &context)
 ExitCode runExportCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
-    parser.addOption({ToOption, QString(), QStringLiteral("FILE")});
+    parser.addOption({ToOption, QString(), u"FILE"_s});
     BundleOption::add(&parser);
     UserSettings::addLocaleOption(&parser);
     return context.run(arguments, &parser, mistakeInExport, runExport);

@@ -11,13 +11,15 @@
 #include <QSaveFile>
 #include <QTextStream>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 QString mistakeInGallery(const QCommandLineParser &parser)
 {
     if (!parser.positionalArguments().isEmpty())
-        return QStringLiteral("gallery takes no arguments");
+        return u"gallery takes no arguments"_s;
     return parser.value(ScreenshotOption).isEmpty()
-               ? QStringLiteral("gallery needs --screenshot with the name of a folder")
+               ? u"gallery needs --screenshot with the name of a folder"_s
                : QString();
 }
 
@@ -47,11 +49,11 @@ ExitCode runGallery(const QCommandLineParser &parser, CommandContext &context)
 {
     const QString path = parser.value(ScreenshotOption);
     if (!qobject_cast<QApplication *>(QCoreApplication::instance()))
-        return context.fail(path, QStringLiteral("there is no application to draw with"));
+        return context.fail(path, u"there is no application to draw with"_s);
     if (!QDir().mkpath(path))
-        return context.fail(path, QStringLiteral("the folder cannot be made"));
+        return context.fail(path, u"the folder cannot be made"_s);
     QList<GalleryPicture> pictures = Gallery::pictures();
-    pictures += {QStringLiteral("gallery"), QString(), Gallery::pageOf(pictures)};
+    pictures += {u"gallery"_s, QString(), Gallery::pageOf(pictures)};
     for (const GalleryPicture &picture : std::as_const(pictures)) {
         const ExitCode code = savePicture(picture, QDir(path), context);
         if (code != ExitCode::Success)
@@ -64,6 +66,6 @@ ExitCode runGallery(const QCommandLineParser &parser, CommandContext &context)
 ExitCode runGalleryCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
-    parser.addOption({ScreenshotOption, QString(), QStringLiteral("DIR")});
+    parser.addOption({ScreenshotOption, QString(), u"DIR"_s});
     return context.run(arguments, &parser, mistakeInGallery, runGallery);
 }

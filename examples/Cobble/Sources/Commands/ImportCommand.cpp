@@ -9,14 +9,15 @@
 #include <QCommandLineParser>
 #include <QTextStream>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 void warnOfQuote(const ImportRequest &request, const ImportSource &source, CommandContext &context)
 {
     if (source.unclosedQuoteLine > 0)
         context.warn(request.path,
-                     QStringLiteral("line %1: a quote is never closed; everything to the end of "
-                                    "the file was read as one field")
-                         .arg(source.unclosedQuoteLine));
+                     u"line %1: a quote is never closed; everything to the end of "
+                     "the file was read as one field"_s.arg(source.unclosedQuoteLine));
 }
 
 ExitCode showOnly(const ImportFile &file, CommandContext &context)
@@ -34,9 +35,9 @@ ExitCode store(const ImportRequest &request, const ImportFile &file, CommandCont
         return context.fail(bundlePath, outcome.errorDescription);
     ImportReport::printValues(file.schema, outcome.values, context.out());
     context.out() << '\n'
-                  << QStringLiteral("Stored %1 in the library '%2' of %3\n")
-                         .arg(recordCountText(outcome.recordCount),
-                              printableText(outcome.stored.name), printableText(bundlePath));
+                  << u"Stored %1 in the library '%2' of %3\n"_s.arg(
+                         recordCountText(outcome.recordCount), printableText(outcome.stored.name),
+                         printableText(bundlePath));
     return ExitCode::Success;
 }
 
@@ -47,7 +48,7 @@ ExitCode import(const ImportRequest &request, CommandContext &context)
     const QString mistake = ImportFile::read(request, &file);
     if (!mistake.isNull())
         return context.fail(request.path, mistake);
-    ProgressLine line(context.progress(), QStringLiteral("Reading values"), file.source.rowCount);
+    ProgressLine line(context.progress(), u"Reading values"_s, file.source.rowCount);
     file.settings.progress = [&line](qint64 row, qint64) {
         line.show(row);
         return true;

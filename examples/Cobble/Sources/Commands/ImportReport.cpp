@@ -7,26 +7,27 @@
 
 #include <QTextStream>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 QString raggedRowsText(const ImportSource &source)
 {
     if (source.raggedRowCount == 0)
-        return QStringLiteral("none");
-    return QStringLiteral("%1 with fewer or more fields than there are headers")
-        .arg(source.raggedRowCount);
+        return u"none"_s;
+    return u"%1 with fewer or more fields than there are headers"_s.arg(source.raggedRowCount);
 }
 
 void printSummary(const ImportSource &source, const ImportSchema &schema, QTextStream &out)
 {
     AlignedTable summary;
-    summary.addRow({QStringLiteral("Library:"), schema.libraryName});
-    summary.addRow({QStringLiteral("Library entity:"), schema.libraryEntityName});
-    summary.addRow({QStringLiteral("Entity:"), schema.entityName});
-    summary.addRow({QStringLiteral("Table:"), schema.tableName});
-    summary.addRow({QStringLiteral("Separator:"), CSVSeparator::nameOf(source.separator)});
-    summary.addRow({QStringLiteral("Rows read:"), QString::number(source.rowCount)});
-    summary.addRow({QStringLiteral("Ragged rows:"), raggedRowsText(source)});
-    summary.addRow({QStringLiteral("Columns:"), QString::number(schema.columns.size())});
+    summary.addRow({u"Library:"_s, schema.libraryName});
+    summary.addRow({u"Library entity:"_s, schema.libraryEntityName});
+    summary.addRow({u"Entity:"_s, schema.entityName});
+    summary.addRow({u"Table:"_s, schema.tableName});
+    summary.addRow({u"Separator:"_s, CSVSeparator::nameOf(source.separator)});
+    summary.addRow({u"Rows read:"_s, QString::number(source.rowCount)});
+    summary.addRow({u"Ragged rows:"_s, raggedRowsText(source)});
+    summary.addRow({u"Columns:"_s, QString::number(schema.columns.size())});
     summary.print(out);
 }
 
@@ -34,9 +35,8 @@ void printColumns(const QList<ImportColumn> &columns, QTextStream &out)
 {
     const auto digits = int(QString::number(columns.size()).size());
     AlignedTable table;
-    table.addRow({QStringLiteral("#").rightJustified(digits), QStringLiteral("Header"),
-                  QStringLiteral("Label"), QStringLiteral("Property"),
-                  QStringLiteral("Internal name"), QStringLiteral("Column name")});
+    table.addRow({u"#"_s.rightJustified(digits), u"Header"_s, u"Label"_s, u"Property"_s,
+                  u"Internal name"_s, u"Column name"_s});
     for (qsizetype index = 0; index < columns.size(); ++index) {
         const ImportColumn &column = columns.at(index);
         table.addRow({QString::number(index + 1).rightJustified(digits), column.header,
@@ -48,8 +48,7 @@ void printColumns(const QList<ImportColumn> &columns, QTextStream &out)
 void printTypes(const QList<ImportColumn> &columns, const ImportValues &values, QTextStream &out)
 {
     AlignedTable table;
-    table.addRow({QStringLiteral("Column name"), QStringLiteral("Type"), QStringLiteral("Read"),
-                  QStringLiteral("Not read"), QStringLiteral("Empty")});
+    table.addRow({u"Column name"_s, u"Type"_s, u"Read"_s, u"Not read"_s, u"Empty"_s});
     for (qsizetype index = 0; index < columns.size(); ++index) {
         const ImportValues::Column &counts = values.columns.at(index);
         table.addRow({columns.at(index).columnName, counts.typeName, QString::number(counts.read),
@@ -61,8 +60,7 @@ void printTypes(const QList<ImportColumn> &columns, const ImportValues &values, 
 void printUnread(const QList<ImportColumn> &columns, const ImportValues &values, QTextStream &out)
 {
     AlignedTable table;
-    table.addRow({QStringLiteral("Row"), QStringLiteral("Column name"), QStringLiteral("Text"),
-                  QStringLiteral("Not read, since")});
+    table.addRow({u"Row"_s, u"Column name"_s, u"Text"_s, u"Not read, since"_s});
     for (const ImportValues::Unread &unread : values.unread)
         table.addRow({QString::number(unread.row), columns.at(unread.column).columnName,
                       unread.text, unread.reason});

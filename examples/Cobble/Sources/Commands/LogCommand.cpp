@@ -11,9 +11,11 @@
 #include <algorithm>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString FileLineOption = QStringLiteral("file-line");
-const QString ClearOption = QStringLiteral("clear");
+const QString FileLineOption = u"file-line"_s;
+const QString ClearOption = u"clear"_s;
 
 /// What the command line asks to change.
 struct LogChanges
@@ -33,8 +35,8 @@ struct LogChanges
 void addOptions(QCommandLineParser *parser)
 {
     parser->addOption({HelpOption, QString()});
-    parser->addOption({ToOption, QString(), QStringLiteral("PLACE")});
-    parser->addOption({FileLineOption, QString(), QStringLiteral("SWITCH")});
+    parser->addOption({ToOption, QString(), u"PLACE"_s});
+    parser->addOption({FileLineOption, QString(), u"SWITCH"_s});
     parser->addOption({ClearOption, QString()});
 }
 
@@ -53,8 +55,7 @@ QString readSwitch(const QCommandLineParser &parser, const QString &option, cons
         return {};
     const QString value = parser.value(option);
     if (value != whenTrue && value != whenFalse)
-        return QStringLiteral("--%1 takes %2 or %3, not '%4'")
-            .arg(option, whenTrue, whenFalse, value);
+        return u"--%1 takes %2 or %3, not '%4'"_s.arg(option, whenTrue, whenFalse, value);
     *result = value == whenTrue;
     return {};
 }
@@ -64,13 +65,13 @@ QString readLevel(const QStringList &texts, const QStringList &components, LogCh
     if (texts.isEmpty())
         return {};
     if (texts.size() != 2)
-        return QStringLiteral("log takes a component and a level");
+        return u"log takes a component and a level"_s;
     changes->component = componentNamed(texts.first(), components);
     if (changes->component.isNull())
         return unknownComponentText(texts.first(), components);
     const std::optional<int> level = levelFromText(texts.last());
     if (!level)
-        return QStringLiteral("bad level '%1': levels are 0 to 7").arg(texts.last());
+        return u"bad level '%1': levels are 0 to 7"_s.arg(texts.last());
     changes->level = *level;
     return {};
 }
@@ -81,11 +82,9 @@ QString readChanges(const QCommandLineParser &parser, const QStringList &compone
     changes->clears = parser.isSet(ClearOption);
     QString mistake = readLevel(parser.positionalArguments(), components, changes);
     if (mistake.isNull())
-        mistake = readSwitch(parser, ToOption, QStringLiteral("file"), QStringLiteral("console"),
-                             &changes->writesToFile);
+        mistake = readSwitch(parser, ToOption, u"file"_s, u"console"_s, &changes->writesToFile);
     if (mistake.isNull())
-        mistake = readSwitch(parser, FileLineOption, QStringLiteral("on"), QStringLiteral("off"),
-                             &changes->displaysFileLine);
+        mistake = readSwitch(parser, FileLineOption, u"on"_s, u"off"_s, &changes->displaysFileLine);
     return mistake;
 }
 
@@ -138,25 +137,23 @@ QString outputText(const KTLogger &logger)
 {
     if (logger.writeToFile())
         return QString(logger.logFolder() + u"/cobble.log");
-    return logger.displayFileLine() ? QStringLiteral("console, with file and line")
-                                    : QStringLiteral("console");
+    return logger.displayFileLine() ? u"console, with file and line"_s : u"console"_s;
 }
 
 void printPlaces(const KTLogger &logger, QTextStream &out)
 {
     const QString &settings = logger.userFile();
     AlignedTable places;
-    places.addRow({QStringLiteral("Output:"), outputText(logger)});
+    places.addRow({u"Output:"_s, outputText(logger)});
     places.addRow(
-        {QStringLiteral("Settings:"),
-         settings.isNull() ? QStringLiteral("none, as there is no home folder") : settings});
+        {u"Settings:"_s, settings.isNull() ? u"none, as there is no home folder"_s : settings});
     places.print(out);
 }
 
 void printLevels(const KTLogger &logger, QTextStream &out)
 {
     AlignedTable levels;
-    levels.addRow({QStringLiteral("Level"), QStringLiteral("Component")});
+    levels.addRow({u"Level"_s, u"Component"_s});
     for (const QString &component : logger.allComponentsArray())
         levels.addRow({QString::number(logger.levelOfComponent(component)), component});
     levels.print(out);
@@ -175,9 +172,8 @@ ExitCode change(const LogChanges &changes, CommandContext &context)
     KTLogger *logger = context.logger();
     apply(changes, logger);
     if (!isApplied(changes, *logger))
-        return context.fail(logger->userFile().isNull() ? QStringLiteral("settings")
-                                                        : logger->userFile(),
-                            QStringLiteral("cannot be saved"));
+        return context.fail(logger->userFile().isNull() ? u"settings"_s : logger->userFile(),
+                            u"cannot be saved"_s);
     if (changes.clears)
         context.out() << "All components: 0\n";
     if (!changes.component.isNull())

@@ -12,6 +12,8 @@
 #include <QDir>
 #include <QTextStream>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// How long to wait for an import to end, in milliseconds.
 constexpr int PatienceWithLock = 5000;
@@ -26,7 +28,7 @@ ExitCode listMedia(const KTDatabaseBundle &bundle, CommandContext &context)
 {
     const QDir folder(bundle.mediaFolderPath());
     if (!folder.exists())
-        return context.fail(bundle.bundlePath(), QStringLiteral("there is no media folder"));
+        return context.fail(bundle.bundlePath(), u"there is no media folder"_s);
     AlignedTable table;
     const QFileInfoList files =
         folder.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
@@ -50,7 +52,7 @@ bool addMedia(const KTDatabaseBundle &bundle, const QString &text, CommandContex
     if (url)
         context.out() << url->absoluteString() << '\n';
     else
-        context.warn(text, QStringLiteral("it cannot be stored"));
+        context.warn(text, u"it cannot be stored"_s);
     return url.has_value();
 }
 
@@ -59,7 +61,7 @@ bool printPath(const KTDatabaseBundle &bundle, const QString &text, CommandConte
     const std::optional<NSURL> url = NSURL::URLWithString(text);
     const QString path = url ? bundle.filePathFromMediaUrl(*url) : QString();
     if (path.isNull())
-        context.warn(text, QStringLiteral("that is no media URL"));
+        context.warn(text, u"that is no media URL"_s);
     else
         context.out() << printableText(path) << '\n';
     return !path.isNull();
@@ -73,9 +75,8 @@ bool deleteMedia(const KTDatabaseBundle &bundle, const QString &text, CommandCon
         isURL ? NSString::lastPathComponent(bundle.filePathFromMediaUrl(*url)) : text;
     if (bundle.deleteFileFromMediaFolder(name))
         return true;
-    context.warn(text, bundle.isFileNameInMediaFolder(name)
-                           ? QStringLiteral("it cannot be deleted")
-                           : QStringLiteral("there is no such media file"));
+    context.warn(text, bundle.isFileNameInMediaFolder(name) ? u"it cannot be deleted"_s
+                                                            : u"there is no such media file"_s);
     return false;
 }
 
@@ -106,13 +107,12 @@ ExitCode runMedia(const QCommandLineParser &parser, CommandContext &context)
         return listMedia(bundle, context);
     const Action action = actionNamed(name);
     if (!action)
-        return context.wrongUsage(QStringLiteral("media needs one of list, add, path, delete"));
+        return context.wrongUsage(u"media needs one of list, add, path, delete"_s);
     if (words.isEmpty())
-        return context.wrongUsage(QStringLiteral("media %1 needs a name").arg(name));
+        return context.wrongUsage(u"media %1 needs a name"_s.arg(name));
     BundleOption::needFolderOf(bundle);
     if (action == addMedia && !bundle.buildDatabaseBundleOnDisk())
-        return context.fail(bundle.bundlePath(),
-                            QStringLiteral("the database bundle cannot be made"));
+        return context.fail(bundle.bundlePath(), u"the database bundle cannot be made"_s);
     return runForEach(words, action, bundle, context);
 }
 
@@ -120,16 +120,16 @@ ExitCode runMedia(const QCommandLineParser &parser, CommandContext &context)
 QString asidePathOf(const KTDatabaseBundle &bundle)
 {
     return KTAdditions::uniqueFilePathForFilePath(
-        KTAdditions::stringByAppendingToFilename(bundle.bundlePath(), QStringLiteral("1Backup")));
+        KTAdditions::stringByAppendingToFilename(bundle.bundlePath(), u"1Backup"_s));
 }
 
 ExitCode copyForUpgrade(const QCommandLineParser &parser, CommandContext &context)
 {
     if (!parser.positionalArguments().isEmpty())
-        return context.wrongUsage(QStringLiteral("upgrade-copy takes options only"));
+        return context.wrongUsage(u"upgrade-copy takes options only"_s);
     const KTDatabaseBundle bundle = BundleOption::bundleIn(parser);
     if (!bundle.doesExist())
-        return context.fail(bundle.bundlePath(), QStringLiteral("there is no database bundle"));
+        return context.fail(bundle.bundlePath(), u"there is no database bundle"_s);
     BundleLock lock(bundle);
     QString error;
     if (!lock.lock(PatienceWithLock, &error))
@@ -139,7 +139,7 @@ ExitCode copyForUpgrade(const QCommandLineParser &parser, CommandContext &contex
     if (!NSFileManager::fileExistsAtPath(copy)) {
         // Where nothing can be upgraded, the bundle must not seem lost.
         NSFileManager::moveItemAtPath(aside, bundle.bundlePath());
-        return context.fail(copy, QStringLiteral("the copy could not be made"));
+        return context.fail(copy, u"the copy could not be made"_s);
     }
     context.out() << printableText(copy) << '\n';
     return ExitCode::Success;

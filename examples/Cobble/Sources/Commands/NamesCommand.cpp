@@ -10,6 +10,8 @@
 #include <QCommandLineParser>
 #include <QTextStream>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 void printNames(const QString &text, QTextStream &out)
 {
@@ -46,7 +48,7 @@ ExitCode runNamesCommand(const QStringList &arguments, CommandContext &context)
     }
     const QStringList texts = parser.positionalArguments();
     if (texts.isEmpty())
-        return context.wrongUsage(QStringLiteral("names needs a text"));
+        return context.wrongUsage(u"names needs a text"_s);
     for (qsizetype index = 0; index < texts.size(); ++index) {
         if (index > 0)
             context.out() << '\n';

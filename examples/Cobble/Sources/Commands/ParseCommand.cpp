@@ -11,8 +11,10 @@
 #include <QCommandLineParser>
 #include <QTextStream>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString SettingOption = QStringLiteral("option");
+const QString SettingOption = u"option"_s;
 
 /// What the two commands are asked: a type, texts, a locale and settings.
 struct FormatterRequest
@@ -52,20 +54,20 @@ QStringList withOptionsFirst(const QStringList &arguments)
                 options.append(arguments.at(++index));
         }
     }
-    return options + QStringList(QStringLiteral("--")) + values;
+    return options + QStringList(u"--"_s) + values;
 }
 
 /// What is wrong; nil if nothing is.
 QString mistakeIn(const QCommandLineParser &parser, const QString &command)
 {
     const QStringList values = parser.positionalArguments();
-    const QString types = FieldTypes::names().join(QStringLiteral(", "));
+    const QString types = FieldTypes::names().join(u", "_s);
     if (values.isEmpty())
-        return QStringLiteral("%1 needs a type: %2").arg(command, types);
+        return u"%1 needs a type: %2"_s.arg(command, types);
     if (!FieldTypes::typeNamed(values.first()))
-        return QStringLiteral("unknown type '%1'; there are %2").arg(values.first(), types);
+        return u"unknown type '%1'; there are %2"_s.arg(values.first(), types);
     if (values.size() == 1)
-        return QStringLiteral("%1 needs something to %1").arg(command);
+        return u"%1 needs something to %1"_s.arg(command);
     return UserSettings::mistakeInLocale(UserSettings::localeIn(parser));
 }
 
@@ -76,7 +78,7 @@ ExitCode runWithFormatter(const QString &command, const QStringList &arguments,
 {
     QCommandLineParser parser;
     parser.addOption({HelpOption, QString()});
-    parser.addOption({SettingOption, QString(), QStringLiteral("KEY=VALUE")});
+    parser.addOption({SettingOption, QString(), u"KEY=VALUE"_s});
     UserSettings::addLocaleOption(&parser);
     if (!context.parse(withOptionsFirst(arguments), &parser))
         return ExitCode::WrongUsage;
@@ -101,9 +103,9 @@ ExitCode runWithFormatter(const QString &command, const QStringList &arguments,
 void addDisplay(AlignedTable *table, const NSFormatter &formatter, const QVariant &value)
 {
     const QString shown = formatter.stringForObjectValue(value);
-    table->addRow({QStringLiteral("display:"), shown.isNull() ? QStringLiteral("(nil)") : shown});
+    table->addRow({u"display:"_s, shown.isNull() ? u"(nil)"_s : shown});
     const QString edited = formatter.editingStringForObjectValue(value);
-    table->addRow({QStringLiteral("editing:"), edited.isNull() ? QStringLiteral("(nil)") : edited});
+    table->addRow({u"editing:"_s, edited.isNull() ? u"(nil)"_s : edited});
 }
 
 bool isDateType(FieldType type)
@@ -113,8 +115,7 @@ bool isDateType(FieldType type)
 
 QString patternText(const QString &pattern)
 {
-    return pattern.isNull() ? QStringLiteral("ISO 8601, or one that took only a part of the text")
-                            : pattern;
+    return pattern.isNull() ? u"ISO 8601, or one that took only a part of the text"_s : pattern;
 }
 
 bool showParsed(const FieldReader &reader, const QString &text, CommandContext &context)
@@ -122,13 +123,13 @@ bool showParsed(const FieldReader &reader, const QString &text, CommandContext &
     const FieldReading reading = reader.read(text);
     AlignedTable table;
     if (reading.isRead) {
-        table.addRow({QStringLiteral("value:"), FieldValue::textOf(reading.value)});
+        table.addRow({u"value:"_s, FieldValue::textOf(reading.value)});
         addDisplay(&table, *reader.formatter(), reading.value);
     } else {
-        table.addRow({QStringLiteral("not read:"), reading.reason});
+        table.addRow({u"not read:"_s, reading.reason});
     }
     if (reading.isRead && isDateType(reader.type()))
-        table.addRow({QStringLiteral("pattern:"), patternText(reading.pattern)});
+        table.addRow({u"pattern:"_s, patternText(reading.pattern)});
     context.out() << printableText(text) << '\n';
     table.print(context.out(), 2);
     return reading.isRead;
@@ -138,8 +139,7 @@ bool showFormatted(const FieldReader &reader, const QString &text, CommandContex
 {
     const QVariant value = FieldValue::valueOf(reader.type(), text);
     if (!value.isValid()) {
-        context.warn(QStringLiteral("'%1' is no value of type %2")
-                         .arg(text, FieldTypes::nameOf(reader.type())));
+        context.warn(u"'%1' is no value of type %2"_s.arg(text, FieldTypes::nameOf(reader.type())));
         return false;
     }
     AlignedTable table;
@@ -152,10 +152,10 @@ bool showFormatted(const FieldReader &reader, const QString &text, CommandContex
 
 ExitCode runParseCommand(const QStringList &arguments, CommandContext &context)
 {
-    return runWithFormatter(QStringLiteral("parse"), arguments, context, showParsed);
+    return runWithFormatter(u"parse"_s, arguments, context, showParsed);
 }
 
 ExitCode runFormatCommand(const QStringList &arguments, CommandContext &context)
 {
-    return runWithFormatter(QStringLiteral("format"), arguments, context, showFormatted);
+    return runWithFormatter(u"format"_s, arguments, context, showFormatted);
 }

@@ -6,20 +6,22 @@
 #include <QCommandLineParser>
 #include <QTextStream>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 QString stateText(KTPlugInState state)
 {
     switch (state) {
     case KTPlugInState::Skipped:
-        return QStringLiteral("skipped");
+        return u"skipped"_s;
     case KTPlugInState::Replaced:
-        return QStringLiteral("replaced");
+        return u"replaced"_s;
     case KTPlugInState::Registered:
-        return QStringLiteral("not loaded");
+        return u"not loaded"_s;
     case KTPlugInState::Failed:
-        return QStringLiteral("failed");
+        return u"failed"_s;
     case KTPlugInState::Loaded:
-        return QStringLiteral("loaded");
+        return u"loaded"_s;
     }
     return {};
 }
@@ -29,17 +31,17 @@ void addPlugIns(const QString &kind, const KTPlugInManager &manager, AlignedTabl
     const QList<KTPlugInStatus> all = manager.pluginStatus();
     for (const KTPlugInStatus &status : all) {
         const bool isEnabled = manager.isPluginEnabled(status.identifier);
-        table->addRow({status.identifier.isNull() ? QStringLiteral("-") : status.identifier, kind,
-                       isEnabled ? QStringLiteral("yes") : QStringLiteral("no"),
-                       stateText(status.state), status.path, status.lastError});
+        table->addRow({status.identifier.isNull() ? u"-"_s : status.identifier, kind,
+                       isEnabled ? u"yes"_s : u"no"_s, stateText(status.state), status.path,
+                       status.lastError});
     }
 }
 
 ExitCode listPlugIns(PlugIns &plugIns, CommandContext &context)
 {
     AlignedTable table;
-    table.addRow({QStringLiteral("Identifier"), QStringLiteral("Kind"), QStringLiteral("Enabled"),
-                  QStringLiteral("State"), QStringLiteral("Path"), QStringLiteral("Last error")});
+    table.addRow(
+        {u"Identifier"_s, u"Kind"_s, u"Enabled"_s, u"State"_s, u"Path"_s, u"Last error"_s});
     for (const auto &[kind, manager] : plugIns.managers())
         addPlugIns(kind, *manager, &table);
     table.print(context.out());
@@ -71,7 +73,7 @@ QString lastErrorOf(const QString &identifier, const KTPlugInManager &manager)
         if (status.identifier == identifier && !status.lastError.isNull())
             return status.lastError;
     }
-    return QStringLiteral("the settings cannot be written");
+    return u"the settings cannot be written"_s;
 }
 
 /// \return false, told, if the plug-in is not as it should be then.
@@ -80,7 +82,7 @@ bool setEnabled(const QString &identifier, bool isEnabled, PlugIns &plugIns,
 {
     KTPlugInManager *const manager = managerOf(identifier, plugIns);
     if (!manager) {
-        context.warn(identifier, QStringLiteral("there is no such plug-in"));
+        context.warn(identifier, u"there is no such plug-in"_s);
         return false;
     }
     if (isEnabled)
@@ -108,11 +110,10 @@ ExitCode setAllEnabled(const QStringList &identifiers, bool isEnabled, PlugIns &
 QString mistakeInPlugIns(const QCommandLineParser &parser)
 {
     const QStringList words = parser.positionalArguments();
-    const QString name = words.value(0, QStringLiteral("list"));
+    const QString name = words.value(0, u"list"_s);
     const bool isList = name == u"list" && words.size() <= 1;
     const bool isSetting = (name == u"enable" || name == u"disable") && words.size() > 1;
-    return isList || isSetting ? QString()
-                               : QStringLiteral("plugins takes list, enable ID or disable ID");
+    return isList || isSetting ? QString() : u"plugins takes list, enable ID or disable ID"_s;
 }
 
 ExitCode runPlugIns(const QCommandLineParser &parser, CommandContext &context)

@@ -10,7 +10,7 @@ class QTextStream;
 /// Work that is done within half a second shows nothing.
 ///
 /// \code
-/// ProgressLine line(context.progress(), QStringLiteral("Reading values"), rowCount);
+/// ProgressLine line(context.progress(), u"Reading values"_s, rowCount);
 /// for (qint64 row = 1; row <= rowCount; ++row)
 ///     line.show(row);    // "Reading values: 45 %"
 /// \endcode

@@ -9,8 +9,10 @@
 
 #include <QTextStream>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString LimitOption = QStringLiteral("limit");
+const QString LimitOption = u"limit"_s;
 
 /// The number of records that are wanted, −1 for all; nothing if what was typed is no number.
 std::optional<qint64> limitIn(const QCommandLineParser &parser)
@@ -26,9 +28,9 @@ QString mistakeInShow(const QCommandLineParser &parser)
 {
     const QStringList names = parser.positionalArguments();
     if (names.size() > 1)
-        return QStringLiteral("show takes one library, not also '%1'").arg(names.at(1));
+        return u"show takes one library, not also '%1'"_s.arg(names.at(1));
     if (!limitIn(parser))
-        return QStringLiteral("bad limit '%1'").arg(parser.value(LimitOption));
+        return u"bad limit '%1'"_s.arg(parser.value(LimitOption));
     const QString mistake = BundleOption::mistakeIn(parser);
     return mistake.isNull() ? UserSettings::mistakeInLocale(UserSettings::localeIn(parser))
                             : mistake;
@@ -37,8 +39,7 @@ QString mistakeInShow(const QCommandLineParser &parser)
 ExitCode showLibraries(LibraryStore &store, const QString &bundlePath, CommandContext &context)
 {
     AlignedTable table;
-    table.addRow({QStringLiteral("Library"), QStringLiteral("Table"), QStringLiteral("Fields"),
-                  QStringLiteral("Records")});
+    table.addRow({u"Library"_s, u"Table"_s, u"Fields"_s, u"Records"_s});
     const QList<Library> libraries = store.libraries();
     // Of tables that cannot be read, the last one is told.
     for (const Library &library : libraries)
@@ -53,7 +54,7 @@ ExitCode showLibraries(LibraryStore &store, const QString &bundlePath, CommandCo
 QString countText(qint64 shown, qint64 all)
 {
     const QString text = recordCountText(all);
-    return shown == all ? text : QStringLiteral("%1 of %2").arg(QString::number(shown), text);
+    return shown == all ? text : u"%1 of %2"_s.arg(QString::number(shown), text);
 }
 
 ExitCode showRecords(LibraryStore &store, const Library &library, qint64 limit,
@@ -93,7 +94,7 @@ ExitCode show(const QCommandLineParser &parser, CommandContext &context)
 ExitCode runShowCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
-    parser.addOption({LimitOption, QString(), QStringLiteral("N")});
+    parser.addOption({LimitOption, QString(), u"N"_s});
     BundleOption::add(&parser);
     UserSettings::addLocaleOption(&parser);
     return context.run(arguments, &parser, mistakeInShow, show);

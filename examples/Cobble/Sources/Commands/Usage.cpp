@@ -1,9 +1,10 @@
 #include "Usage.h"
 
+using namespace Qt::StringLiterals;
+
 QString usageText()
 {
-    return QStringLiteral(
-        R"(Usage: cobble COMMAND [ARGUMENT…]
+    return uR"(Usage: cobble COMMAND [ARGUMENT…]
 
   cobble window [LIBRARY] [--search TEXT] [--locale ID] [--bundle PATH]
                 [--screenshot FILE [--sheet NAME]]
@@ -66,5 +67,5 @@ QString usageText()
 
   cobble help, --help, -h      Shows this text.
   cobble --version             Shows the version.
-)");
+)"_s;
 }

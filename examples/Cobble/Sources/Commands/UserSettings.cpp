@@ -10,15 +10,15 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString LocaleOption = QStringLiteral("locale");
+const QString LocaleOption = u"locale"_s;
 
 std::optional<bool> flagIn(const QString &text)
 {
-    static const QStringList yes{QStringLiteral("yes"), QStringLiteral("true"),
-                                 QStringLiteral("on"), QStringLiteral("1")};
-    static const QStringList no{QStringLiteral("no"), QStringLiteral("false"),
-                                QStringLiteral("off"), QStringLiteral("0")};
+    static const QStringList yes{u"yes"_s, u"true"_s, u"on"_s, u"1"_s};
+    static const QStringList no{u"no"_s, u"false"_s, u"off"_s, u"0"_s};
     if (yes.contains(text.toLower()))
         return true;
     return no.contains(text.toLower()) ? std::optional(false) : std::nullopt;
@@ -68,13 +68,12 @@ QString applyOne(const QString &option, NSFormatter *formatter)
     const QString text = option.section(u'=', 1);
     const int index = formatter->metaObject()->indexOfProperty(key.toLatin1().constData());
     if (!option.contains(u'=') || index < 0 || !keysOf(*formatter).contains(key)) {
-        const QString known = keysOf(*formatter).join(QStringLiteral(", "));
-        return QStringLiteral("bad option '%1'; there are %2")
-            .arg(option, known.isEmpty() ? QStringLiteral("none") : known);
+        const QString known = keysOf(*formatter).join(u", "_s);
+        return u"bad option '%1'; there are %2"_s.arg(option, known.isEmpty() ? u"none"_s : known);
     }
     const QVariant value = valueFor(formatter->metaObject()->property(index), text);
     if (!value.isValid())
-        return QStringLiteral("bad value '%1' for %2").arg(text, key);
+        return u"bad value '%1' for %2"_s.arg(text, key);
     NSKeyValueCoding::setValue(formatter, value, key);
     return {};
 }
@@ -97,7 +96,7 @@ LocaleScope::~LocaleScope()
 
 void UserSettings::addLocaleOption(QCommandLineParser *parser)
 {
-    parser->addOption({LocaleOption, QString(), QStringLiteral("ID")});
+    parser->addOption({LocaleOption, QString(), u"ID"_s});
 }
 
 QString UserSettings::localeIn(const QCommandLineParser &parser)
@@ -112,7 +111,7 @@ QString UserSettings::mistakeInLocale(const QString &identifier)
     const QString &language = NSLocale(identifier).languageCode();
     if (!language.isEmpty() && NSLocale::availableLocaleIdentifiers().contains(language))
         return {};
-    return QStringLiteral("unknown locale '%1'").arg(identifier);
+    return u"unknown locale '%1'"_s.arg(identifier);
 }
 
 QString UserSettings::apply(const QStringList &options, NSFormatter *formatter)

@@ -11,7 +11,7 @@
 /// The user's locale for the length of a command.
 ///
 /// \code
-/// const LocaleScope scope(QStringLiteral("de_DE"));
+/// const LocaleScope scope(u"de_DE"_s);
 /// KTNumberFormatter formatter;    // German
 /// \endcode
 class LocaleScope

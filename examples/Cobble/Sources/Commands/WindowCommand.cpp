@@ -14,18 +14,20 @@
 #include <QLineEdit>
 #include <QSaveFile>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString SheetOption = QStringLiteral("sheet");
-const QString SearchOption = QStringLiteral("search");
+const QString SheetOption = u"sheet"_s;
+const QString SearchOption = u"search"_s;
 
 /// What may lie over the window in a picture, by its name.
 const QList<std::pair<QString, void (MainWindowController::*)(QAction *)>> &sheets()
 {
     static const QList<std::pair<QString, void (MainWindowController::*)(QAction *)>> known = {
-        {QStringLiteral("import"), &MainWindowController::importFile},
-        {QStringLiteral("export"), &MainWindowController::exportFile},
-        {QStringLiteral("delete"), &MainWindowController::deleteRecords},
-        {QStringLiteral("about"), &MainWindowController::showAbout},
+        {u"import"_s, &MainWindowController::importFile},
+        {u"export"_s, &MainWindowController::exportFile},
+        {u"delete"_s, &MainWindowController::deleteRecords},
+        {u"about"_s, &MainWindowController::showAbout},
     };
     return known;
 }
@@ -36,16 +38,15 @@ QString mistakeInSheet(const QString &name)
     for (const auto &[known, open] : sheets())
         names += known;
     return names.contains(name) ? QString()
-                                : QStringLiteral("no sheet '%1'; there are %2")
-                                      .arg(name, names.join(QStringLiteral(", ")));
+                                : u"no sheet '%1'; there are %2"_s.arg(name, names.join(u", "_s));
 }
 
 QString mistakeInWindow(const QCommandLineParser &parser)
 {
     if (parser.positionalArguments().size() > 1)
-        return QStringLiteral("window takes the name of one library");
+        return u"window takes the name of one library"_s;
     if (parser.isSet(ScreenshotOption) && parser.value(ScreenshotOption).isEmpty())
-        return QStringLiteral("--screenshot needs the name of a file");
+        return u"--screenshot needs the name of a file"_s;
     const QString sheetMistake =
         parser.isSet(SheetOption) ? mistakeInSheet(parser.value(SheetOption)) : QString();
     if (!sheetMistake.isNull())
@@ -72,7 +73,7 @@ QString prepare(MainWindowController *window, const QCommandLineParser &parser)
             (window->*open)(nullptr);
     }
     if (parser.isSet(SheetOption) && !WindowPicture::hasSheet(window->mainWindow()))
-        return QStringLiteral("there is nothing to %1").arg(parser.value(SheetOption));
+        return u"there is nothing to %1"_s.arg(parser.value(SheetOption));
     return {};
 }
 
@@ -100,9 +101,8 @@ ExitCode runWindow(const QCommandLineParser &parser, CommandContext &context)
 {
     const bool isPicture = parser.isSet(ScreenshotOption);
     if (!qobject_cast<QApplication *>(qApp) || (isWithoutDisplay() && !isPicture))
-        return context.fail(QStringLiteral("window"),
-                            QStringLiteral("there is no display; --screenshot FILE draws the "
-                                           "window without one"));
+        return context.fail(u"window"_s, u"there is no display; --screenshot FILE draws the "
+                                         "window without one"_s);
     const LocaleScope scope(UserSettings::localeIn(parser));
     DesktopApplication application(BundleOption::bundleIn(parser), context.logger());
     application.newWindow();

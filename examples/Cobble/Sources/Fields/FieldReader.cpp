@@ -3,6 +3,8 @@
 #include <KTUtility/KTDateTimeFormatter>
 #include <KTUtility/KTDurationFormatter>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// The import hooks around one value, however reading it ends.
 class ImportBracket
@@ -32,14 +34,13 @@ QString reasonFor(FieldType type, const QString &errorDescription)
 {
     switch (type) {
     case FieldType::Number:
-        return errorDescription.isEmpty() ? QStringLiteral("there is more than a number")
-                                          : QStringLiteral("it is no number");
+        return errorDescription.isEmpty() ? u"there is more than a number"_s : u"it is no number"_s;
     case FieldType::Currency:
-        return QStringLiteral("it is no amount in this currency");
+        return u"it is no amount in this currency"_s;
     case FieldType::Duration:
         return errorDescription;
     default:
-        return QStringLiteral("it is no date or time");
+        return u"it is no date or time"_s;
     }
 }
 
@@ -76,6 +77,6 @@ FieldReading FieldReader::readTyped(const QString &text) const
         return {true, {}, {}, {}};
     FieldReading reading = read(text);
     if (!reading.isRead && reading.reason.isEmpty())
-        reading.reason = QStringLiteral("it cannot be read");
+        reading.reason = u"it cannot be read"_s;
     return reading;
 }

@@ -20,8 +20,8 @@ struct FieldReading
 ///
 /// \code
 /// FieldReader reader(FieldType::Number);
-/// reader.read(QStringLiteral("1,234")).value;        // 1234
-/// reader.read(QStringLiteral("12abc")).reason;       // "there is more than a number"
+/// reader.read(u"1,234"_s).value;        // 1234
+/// reader.read(u"12abc"_s).reason;       // "there is more than a number"
 /// \endcode
 class FieldReader
 {

@@ -7,11 +7,12 @@
 #include <QDateTime>
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 QVariant numberIn(const QString &text)
 {
-    static const QRegularExpression form(
-        QStringLiteral(R"(\A[-+]?(\d+\.?\d*|\.\d+)([eE][-+]?\d+)?\z)"));
+    static const QRegularExpression form(uR"(\A[-+]?(\d+\.?\d*|\.\d+)([eE][-+]?\d+)?\z)"_s);
     if (!form.match(text).hasMatch())
         return {};
     const NSDecimalNumber number = NSDecimalNumber::decimalNumberWithString(text);
@@ -34,7 +35,7 @@ QVariant dateIn(const QString &text)
 QString FieldValue::textOf(const QVariant &value)
 {
     if (NSObject::isNil(value))
-        return QStringLiteral("(nil)");
+        return u"(nil)"_s;
     if (value.metaType() == QMetaType::fromType<QDateTime>())
         return NSObject::description(value.toDateTime().toTimeZone(NSCalendar::systemTimeZone()));
     return NSObject::description(value);

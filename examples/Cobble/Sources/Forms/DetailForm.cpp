@@ -2,11 +2,13 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString Fields = QStringLiteral("fields");
-const QString Record = QStringLiteral("record");
-const QString Keys = QStringLiteral("keys");
-const QString Titles = QStringLiteral("titles");
+const QString Fields = u"fields"_s;
+const QString Record = u"record"_s;
+const QString Keys = u"keys"_s;
+const QString Titles = u"titles"_s;
 } // namespace
 
 DetailForm::DetailForm(NSArrayController *records)
@@ -15,12 +17,12 @@ DetailForm::DetailForm(NSArrayController *records)
     _binder->setFieldsBindingName(Fields);
     _binder->setValueSourceBindingName(Record);
     _binder->setFieldDetailValuesBindingName(Keys);
-    _binder->addFieldDependentBindingName(Keys, QStringLiteral("key"));
+    _binder->addFieldDependentBindingName(Keys, u"key"_s);
     _binder->addFieldDependentBindingName(Titles, FormRow::LabelBinding);
-    _binder->bind(Record, records, QStringLiteral("selection"));
-    _binder->bind(Fields, &_fields, QStringLiteral("arrangedObjects"));
-    _binder->bind(Keys, &_fields, QStringLiteral("arrangedObjects.key"));
-    _binder->bind(Titles, &_fields, QStringLiteral("arrangedObjects.title"));
+    _binder->bind(Record, records, u"selection"_s);
+    _binder->bind(Fields, &_fields, u"arrangedObjects"_s);
+    _binder->bind(Keys, &_fields, u"arrangedObjects.key"_s);
+    _binder->bind(Titles, &_fields, u"arrangedObjects.title"_s);
 }
 
 DetailForm::~DetailForm()

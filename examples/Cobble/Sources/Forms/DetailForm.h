@@ -18,7 +18,7 @@
 /// form.setFields(fields);
 /// records.setSelectionIndex(0);
 /// form.rows().at(1)->text();                          // "3/4/2008"
-/// form.rows().at(1)->setText(QStringLiteral("5 May")); // changes the record
+/// form.rows().at(1)->setText(u"5 May"_s); // changes the record
 /// \endcode
 class DetailForm : public QObject
 {

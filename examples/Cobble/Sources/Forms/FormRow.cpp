@@ -5,12 +5,13 @@
 
 #include <KTUtility/NSSelectionMarker>
 
+using namespace Qt::StringLiterals;
+
 FormRow::FormRow(FormField *field) : _field(field), _reader(field->field().reader()) {}
 
 QString FormRow::text() const
 {
-    return NSIsControllerMarker(_value) ? QStringLiteral("")
-                                        : RecordTexts::textOf(*_reader, _value);
+    return NSIsControllerMarker(_value) ? u""_s : RecordTexts::textOf(*_reader, _value);
 }
 
 bool FormRow::setText(const QString &text, QString *reason)

@@ -10,6 +10,8 @@
 
 #include <QPainter>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 using namespace KTAdditions;
 
@@ -37,7 +39,7 @@ QImage drawBadges()
 {
     return gallerySample([](QPainter &painter) {
         for (int length = 1; length <= 6; ++length) {
-            const QString text = QStringLiteral("123456").first(length);
+            const QString text = u"123456"_s.first(length);
             const QPointF center(74.0 + (length - 1) % 3 * 126, 72.0 + int((length - 1) / 3) * 98);
             drawImageCentered(painter, KTImageBadger::badgeWithString(text), center);
             drawCaption(painter, center + QPointF(0, 28), text);
@@ -55,7 +57,7 @@ QImage drawRoundedRectangles()
             painter.setBrush(QColor(206, 222, 244));
             painter.drawPath(bezierPathWithRoundedRect(rect, radius));
             drawCaption(painter, {rect.center().x(), rect.bottom() + 14},
-                        QStringLiteral("radius %1").arg(radius));
+                        u"radius %1"_s.arg(radius));
         }
     });
 }
@@ -84,15 +86,15 @@ QImage drawPictures()
 {
     return gallerySample([](QPainter &painter) {
         const QImage photo = samplePhoto();
-        const QImage badge = KTImageBadger::badgeWithString(QStringLiteral("247"));
+        const QImage badge = KTImageBadger::badgeWithString(u"247"_s);
         const QImage flipped = imageRotated(photo, photo, 0, false, true);
         const std::pair<QImage, QString> images[] = {
-            {photo, QStringLiteral("as it is")},
-            {imageRotated(photo, photo, 0, true, false), QStringLiteral("flipped along x")},
-            {flipped, QStringLiteral("flipped along y")},
-            {imageRotated(photo, photo, 90, false, false), QStringLiteral("90°")},
-            {imageRotated(photo, photo, 30, false, false), QStringLiteral("30°")},
-            {applyBadge(photo, badge, 1, 0, false), QStringLiteral("badged")}};
+            {photo, u"as it is"_s},
+            {imageRotated(photo, photo, 0, true, false), u"flipped along x"_s},
+            {flipped, u"flipped along y"_s},
+            {imageRotated(photo, photo, 90, false, false), u"90°"_s},
+            {imageRotated(photo, photo, 30, false, false), u"30°"_s},
+            {applyBadge(photo, badge, 1, 0, false), u"badged"_s}};
         int index = 0;
         for (const auto &[image, caption] : images) {
             const QPointF center(74.0 + index % 3 * 126, 56.0 + int(index / 3) * 116);

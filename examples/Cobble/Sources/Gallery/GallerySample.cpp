@@ -7,18 +7,18 @@
 #include <QPainter>
 #include <QPainterPath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr int RowHeight = 24;
 constexpr QSize PhotoSize(80, 60);
 
 const QStringList &sampleNames()
 {
-    static const QStringList names = {
-        QStringLiteral("Ada Berger"),     QStringLiteral("Ben Carver"),
-        QStringLiteral("Cleo Dahl"),      QStringLiteral("Dario Esposito"),
-        QStringLiteral("Edith Fournier"), QStringLiteral("Finn Gardner"),
-        QStringLiteral("Grete Holm"),     QStringLiteral("Hugo Ivanov"),
-        QStringLiteral("Iris Jansen"),    QStringLiteral("Jonas Keller")};
+    static const QStringList names = {u"Ada Berger"_s,     u"Ben Carver"_s,     u"Cleo Dahl"_s,
+                                      u"Dario Esposito"_s, u"Edith Fournier"_s, u"Finn Gardner"_s,
+                                      u"Grete Holm"_s,     u"Hugo Ivanov"_s,    u"Iris Jansen"_s,
+                                      u"Jonas Keller"_s};
     return names;
 }
 
@@ -29,7 +29,7 @@ void drawRow(QPainter &painter, int row)
     painter.setPen(QColor(70, 74, 82));
     painter.drawText(line.adjusted(14, 0, 0, 0), Qt::AlignVCenter, sampleNames().value(row));
     painter.drawText(line.adjusted(0, 0, -14, 0), int(Qt::AlignVCenter | Qt::AlignRight),
-                     QStringLiteral("+1 555 01%1").arg(row * 7 + 10));
+                     u"+1 555 01%1"_s.arg(row * 7 + 10));
 }
 
 void drawHills(QPainter &painter)
@@ -77,6 +77,6 @@ QImage samplePhoto()
     drawHills(painter);
     painter.setPen(Qt::white);
     painter.setFont(NSFont::systemFontOfSize(20));
-    painter.drawText(QPointF(8, 55), QStringLiteral("R"));
+    painter.drawText(QPointF(8, 55), u"R"_s);
     return photo;
 }

@@ -15,6 +15,8 @@
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// What the display looks like when it has faded in.
 QPixmap statusDisplay(const QString &text, bool isLarge)
@@ -81,22 +83,22 @@ KTMediaFieldSlider *sliderAt(int value)
 
 QImage drawStatusDisplay()
 {
-    return drawDisplayOverTable(QStringLiteral("247 records imported"), false);
+    return drawDisplayOverTable(u"247 records imported"_s, false);
 }
 
 QImage drawLargeStatusDisplay()
 {
-    return drawDisplayOverTable(QStringLiteral("247"), true);
+    return drawDisplayOverTable(u"247"_s, true);
 }
 
 QImage drawFocusRingView()
 {
     auto *const address = new KTFocusRingView;
     auto *const form = new QFormLayout(address);
-    QLineEdit *const city = lineOf(QStringLiteral("Bergen"));
-    form->addRow(QStringLiteral("Street"), lineOf(QStringLiteral("Strandgaten 12")));
-    form->addRow(QStringLiteral("City"), city);
-    form->addRow(QStringLiteral("Country"), lineOf(QStringLiteral("Norway")));
+    QLineEdit *const city = lineOf(u"Bergen"_s);
+    form->addRow(u"Street"_s, lineOf(u"Strandgaten 12"_s));
+    form->addRow(u"City"_s, city);
+    form->addRow(u"Country"_s, lineOf(u"Norway"_s));
     return drawWindow(address, city);
 }
 
@@ -104,7 +106,7 @@ QImage drawFocusRingScrollView()
 {
     auto *const notes = new KTFocusRingScrollView;
     auto *const text = new QPlainTextEdit(
-        QStringLiteral("Met at the fair.\nWants the catalogue of spring,\nand a call in May."));
+        u"Met at the fair.\nWants the catalogue of spring,\nand a call in May."_s);
     text->setReadOnly(true);
     text->setFrameShape(QFrame::NoFrame);
     text->setFocusPolicy(Qt::StrongFocus);

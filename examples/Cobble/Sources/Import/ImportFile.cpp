@@ -8,12 +8,13 @@
 
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// Whether a file type needs no importer.
 bool isSeparatedText(const QString &fileType)
 {
-    static const QStringList types = {QStringLiteral(""), QStringLiteral("csv"),
-                                      QStringLiteral("tsv"), QStringLiteral("txt")};
+    static const QStringList types = {u""_s, u"csv"_s, u"tsv"_s, u"txt"_s};
     return types.contains(fileType);
 }
 
@@ -34,10 +35,10 @@ QString readTable(CobbleImporter &importer, const QString &text, CobbleTable *ta
     const QString failure =
         PlugIns::failureOf([&] { isRead = importer.readTable(text, table, &error); });
     if (!failure.isNull())
-        return QStringLiteral("the importer failed: %1").arg(failure);
+        return u"the importer failed: %1"_s.arg(failure);
     if (isRead)
         return {};
-    return error.isNull() ? QStringLiteral("the importer failed") : error;
+    return error.isNull() ? u"the importer failed"_s : error;
 }
 
 void useTable(const CobbleTable &table, ImportFile *file)
@@ -99,7 +100,7 @@ QString ImportFile::read(const ImportRequest &request, ImportFile *file)
         return file->source.errorDescription;
     const QString missing = addMediaColumns(request.mediaHeaders, file);
     if (!missing.isNull())
-        return QStringLiteral("there is no column '%1'").arg(missing);
+        return u"there is no column '%1'"_s.arg(missing);
     file->schema = ImportSchema::fromHeaders(request.libraryName, file->source.headers);
     file->folder = QFileInfo(request.path).absolutePath();
     file->settings.isMedia = [start = file->folder](const QString &value) {

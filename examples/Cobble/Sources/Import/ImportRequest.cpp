@@ -6,12 +6,14 @@
 
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString LibraryOption = QStringLiteral("library");
-const QString SeparatorOption = QStringLiteral("separator");
-const QString MediaOption = QStringLiteral("media");
-const QString ReplaceOption = QStringLiteral("replace");
-const QString DryRunOption = QStringLiteral("dry-run");
+const QString LibraryOption = u"library"_s;
+const QString SeparatorOption = u"separator"_s;
+const QString MediaOption = u"media"_s;
+const QString ReplaceOption = u"replace"_s;
+const QString DryRunOption = u"dry-run"_s;
 } // namespace
 
 /// The file's name without its extension; the whole name if nothing else is left.
@@ -24,9 +26,9 @@ QString ImportRequest::libraryNameForFile(const QString &path)
 
 void ImportRequest::addOptions(QCommandLineParser *parser)
 {
-    parser->addOption({LibraryOption, QString(), QStringLiteral("NAME")});
-    parser->addOption({SeparatorOption, QString(), QStringLiteral("C")});
-    parser->addOption({MediaOption, QString(), QStringLiteral("HEADER")});
+    parser->addOption({LibraryOption, QString(), u"NAME"_s});
+    parser->addOption({SeparatorOption, QString(), u"C"_s});
+    parser->addOption({MediaOption, QString(), u"HEADER"_s});
     parser->addOption({ReplaceOption, QString()});
     parser->addOption({DryRunOption, QString()});
     BundleOption::add(parser);
@@ -37,14 +39,14 @@ QString ImportRequest::mistakeIn(const QCommandLineParser &parser)
 {
     const QStringList files = parser.positionalArguments();
     if (files.isEmpty() || files.first().isEmpty())
-        return QStringLiteral("import needs the name of a file");
+        return u"import needs the name of a file"_s;
     if (files.size() > 1)
-        return QStringLiteral("import takes one file, not also '%1'").arg(files.at(1));
+        return u"import takes one file, not also '%1'"_s.arg(files.at(1));
     if (parser.isSet(LibraryOption) && parser.value(LibraryOption).trimmed().isEmpty())
-        return QStringLiteral("--library needs a name");
+        return u"--library needs a name"_s;
     const QString separator = parser.value(SeparatorOption);
     if (parser.isSet(SeparatorOption) && !CSVSeparator::fromName(separator))
-        return QStringLiteral("bad separator '%1'").arg(separator);
+        return u"bad separator '%1'"_s.arg(separator);
     const QString mistake = BundleOption::mistakeIn(parser);
     return mistake.isNull() ? UserSettings::mistakeInLocale(UserSettings::localeIn(parser))
                             : mistake;

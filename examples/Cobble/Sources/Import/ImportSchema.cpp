@@ -3,9 +3,11 @@
 #include <KTUtility/NSArray_KTAdditions>
 #include <KTUtility/NSString_KTNaming>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// The name of a column whose header gives no identifier.
-const QString NamelessBase = QStringLiteral("field");
+const QString NamelessBase = u"field"_s;
 
 ImportColumn columnForHeader(const QString &header, const QList<ImportColumn> &columnsSoFar)
 {
@@ -15,7 +17,7 @@ ImportColumn columnForHeader(const QString &header, const QList<ImportColumn> &c
     column.label = KTAdditions::labelString(column.propertyString);
     column.internalName = KTAdditions::internalCaseInsensitiveUniqueStringWithBase(
         columnsSoFar, column.propertyString.isEmpty() ? NamelessBase : column.propertyString,
-        QStringLiteral("internalName"));
+        u"internalName"_s);
     column.columnName = column.internalName == column.propertyString
                             ? KTAdditions::tableColumnString(header)
                             : QString(u"kt_" + column.internalName);

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 ImportSource ImportSource::fromText(QStringView text, std::optional<QChar> separator)
 {
     ImportSource source;
@@ -44,7 +46,7 @@ void ImportSource::readRows(QStringView text, qint64 firstLine)
 {
     CSVReader reader(text, separator, firstLine);
     if (!reader.readRow(&headers)) {
-        errorDescription = QStringLiteral("there is nothing but blank lines");
+        errorDescription = u"there is nothing but blank lines"_s;
         return;
     }
     const qsizetype headerCount = headers.size();
@@ -59,15 +61,14 @@ void ImportSource::readRows(QStringView text, qint64 firstLine)
     }
     unclosedQuoteLine = reader.unclosedQuoteLine();
     if (fits)
-        headers.resize(widest, QStringLiteral(""));
+        headers.resize(widest, u""_s);
 }
 
 bool ImportSource::checkWidth(qsizetype width, qint64 line)
 {
     if (width > ColumnLimit)
-        errorDescription = QStringLiteral("line %1 has %2 columns, more than the %3 that a library "
-                                          "can have")
-                               .arg(line)
+        errorDescription = u"line %1 has %2 columns, more than the %3 that a library "
+                           "can have"_s.arg(line)
                                .arg(width)
                                .arg(ColumnLimit);
     return width <= ColumnLimit;

@@ -10,6 +10,8 @@
 
 #include <filesystem>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 using FileType = std::filesystem::file_type;
 
@@ -49,7 +51,7 @@ ImportTransaction::~ImportTransaction()
 QString ImportTransaction::mediaListPath() const
 {
     return NSString::stringByAppendingPathComponent(_bundle._resourcesFolderPath(),
-                                                    QStringLiteral("ImportedMedia"));
+                                                    u"ImportedMedia"_s);
 }
 
 bool ImportTransaction::prepare(QString *error, int patience)
@@ -60,7 +62,7 @@ bool ImportTransaction::prepare(QString *error, int patience)
     _isNewBundle = isFree(_bundle.bundlePath());
     _isNewDatabase = isFree(_bundle.databaseFilePath());
     if (!_bundle.buildDatabaseBundleOnDisk()) {
-        *error = QStringLiteral("the database bundle cannot be made");
+        *error = u"the database bundle cannot be made"_s;
         return false;
     }
     _store = LibraryStore::open(_bundle, LibraryStore::Mode::Create, error);
@@ -80,7 +82,7 @@ bool ImportTransaction::removeMediaBefore(QString *error)
     const FileType folder = typeOf(_bundle.mediaFolderPath());
     if (folder == FileType::directory ? removeMediaInList(false) : folder != FileType::none)
         return true;
-    *error = QStringLiteral("the files of an import that was interrupted cannot be removed");
+    *error = u"the files of an import that was interrupted cannot be removed"_s;
     return false;
 }
 

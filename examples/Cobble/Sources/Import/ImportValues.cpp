@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 using Readers = std::vector<std::unique_ptr<FieldReader>>;
 
@@ -86,7 +88,7 @@ public:
     void cancel()
     {
         _values.isCancelled = true;
-        _values.errorDescription = QStringLiteral("it was cancelled");
+        _values.errorDescription = u"it was cancelled"_s;
     }
 
 private:

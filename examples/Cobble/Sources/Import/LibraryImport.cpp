@@ -7,6 +7,8 @@
 #include <KTUtility/NSFileManager>
 #include <KTUtility/NSString_KTNaming>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 LibraryField fieldFor(const ImportColumn &column)
 {
@@ -58,7 +60,7 @@ bool LibraryImport::makeNamesUnique()
     const QList<Library> others = _transaction.store().libraries();
     _library.name = KTAdditions::uniqueStringWithBase(others, _library.name);
     _library.tableName = KTAdditions::internalCaseInsensitiveUniqueStringWithBase(
-        others, _library.tableName, QStringLiteral("tableName"));
+        others, _library.tableName, u"tableName"_s);
     return errorText().isNull();
 }
 
@@ -78,15 +80,14 @@ FieldReading LibraryImport::storeMedia(const QString &text)
 {
     const std::optional<NSURL> url = MediaReference::urlIn(text, _folder);
     if (!url)
-        return notStored(QStringLiteral("it names no file"));
+        return notStored(u"it names no file"_s);
     const std::optional<NSURL> stored = _transaction.storeMedia(*url);
     if (stored)
         return {true, stored->absoluteString(), {}, {}};
     if (url->scheme() == u"http")
-        return notStored(QStringLiteral("it cannot be downloaded"));
-    return notStored(NSFileManager::fileExistsAtPath(url->path())
-                         ? QStringLiteral("it cannot be copied")
-                         : QStringLiteral("there is no such file"));
+        return notStored(u"it cannot be downloaded"_s);
+    return notStored(NSFileManager::fileExistsAtPath(url->path()) ? u"it cannot be copied"_s
+                                                                  : u"there is no such file"_s);
 }
 
 bool LibraryImport::addRow(const QVariantList &values)

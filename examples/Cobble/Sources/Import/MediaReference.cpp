@@ -5,17 +5,15 @@
 
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 bool isMediaExtension(const QString &extension)
 {
-    static const QStringList extensions = {
-        QStringLiteral("bmp"),  QStringLiteral("gif"),  QStringLiteral("heic"),
-        QStringLiteral("jpeg"), QStringLiteral("jpg"),  QStringLiteral("m4a"),
-        QStringLiteral("mov"),  QStringLiteral("mp3"),  QStringLiteral("mp4"),
-        QStringLiteral("odt"),  QStringLiteral("ogg"),  QStringLiteral("pdf"),
-        QStringLiteral("png"),  QStringLiteral("rtf"),  QStringLiteral("svg"),
-        QStringLiteral("tif"),  QStringLiteral("tiff"), QStringLiteral("wav"),
-        QStringLiteral("webp"), QStringLiteral("zip")};
+    static const QStringList extensions = {u"bmp"_s, u"gif"_s,  u"heic"_s, u"jpeg"_s, u"jpg"_s,
+                                           u"m4a"_s, u"mov"_s,  u"mp3"_s,  u"mp4"_s,  u"odt"_s,
+                                           u"ogg"_s, u"pdf"_s,  u"png"_s,  u"rtf"_s,  u"svg"_s,
+                                           u"tif"_s, u"tiff"_s, u"wav"_s,  u"webp"_s, u"zip"_s};
     return extensions.contains(extension, Qt::CaseInsensitive);
 }
 
@@ -43,7 +41,7 @@ std::optional<NSURL> MediaReference::urlIn(const QString &text, const QString &f
     const std::optional<NSURL> url = NSURL::URLWithString(trimmed);
     if (url && isKnownScheme(*url))
         return url;
-    const bool isOtherURL = url && trimmed.contains(QStringLiteral("://"));
+    const bool isOtherURL = url && trimmed.contains(u"://"_s);
     return isOtherURL ? std::nullopt : NSURL::fileURLWithPath(absolutePath(trimmed, folder));
 }
 

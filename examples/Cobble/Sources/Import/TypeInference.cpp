@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// Nine values in ten decide.
 constexpr qsizetype Numerator = 9;
@@ -21,23 +23,22 @@ bool isMostly(qsizetype count, qsizetype all)
 /// Digits with the usual punctuation, maybe with a country code and an extension.
 bool looksLikePhone(const QString &text)
 {
-    static const QRegularExpression form(QStringLiteral(
-        R"(\A\+?[\s().,/\[\]{}-]*(\d[\s().,/\[\]{}-]*){5,15}((x|ext\.?)\s*\d+)?\z)"));
+    static const QRegularExpression form(
+        uR"(\A\+?[\s().,/\[\]{}-]*(\d[\s().,/\[\]{}-]*){5,15}((x|ext\.?)\s*\d+)?\z)"_s);
     return form.match(text).hasMatch();
 }
 
 /// Digits that are no number: "01067", "+49 170 1234567". As a number they would lose something.
 bool looksLikeCode(const QString &text)
 {
-    static const QRegularExpression form(QStringLiteral(R"(\A\s*(\+|0\s*\d))"));
+    static const QRegularExpression form(uR"(\A\s*(\+|0\s*\d))"_s);
     return form.match(text).hasMatch();
 }
 
 /// "26.05.2014": a date, which a formatter of numbers takes for one with groups of odd lengths.
 bool looksLikeDate(const QString &text)
 {
-    static const QRegularExpression form(
-        QStringLiteral(R"(\A\s*\d{1,4}([./-])\d{1,2}\1\d{2,4}\s*\z)"));
+    static const QRegularExpression form(uR"(\A\s*\d{1,4}([./-])\d{1,2}\1\d{2,4}\s*\z)"_s);
     return form.match(text).hasMatch();
 }
 
@@ -52,7 +53,7 @@ Parts partsOf(const FieldReading &reading, const QString &text)
 {
     if (reading.pattern.isNull()) // ISO 8601, or a bare hour
         return {text.contains(u'-'), text.contains(u':') || !text.contains(u'-')};
-    static const QString timeFields = QStringLiteral("hHkKma");
+    static const QString timeFields = u"hHkKma"_s;
     const bool hasTime = std::any_of(reading.pattern.begin(), reading.pattern.end(),
                                      [](QChar unit) { return timeFields.contains(unit); });
     return {reading.pattern.contains(u'd'), hasTime};

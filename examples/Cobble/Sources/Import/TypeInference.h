@@ -18,8 +18,8 @@
 ///
 /// \code
 /// TypeInference inference;
-/// inference.add(QStringLiteral("€5"));
-/// inference.add(QStringLiteral("€7.50"));
+/// inference.add(u"€5"_s);
+/// inference.add(u"€7.50"_s);
 /// inference.reader()->type();    // FieldType::Currency, reading euros
 /// \endcode
 class TypeInference

@@ -38,7 +38,7 @@ public:
 /// public:
 ///     static void pluginWillUnload() {}
 ///     static void pluginDidUnload() {}
-///     QStringList fileTypes() const override { return {QStringLiteral("txt")}; }
+///     QStringList fileTypes() const override { return {u"txt"_s}; }
 ///     bool exportRecords(CobbleRecordSource &records, const QString &, QIODevice *to,
 ///                        QString *) override;
 /// };

@@ -5,6 +5,8 @@
 
 #include <QCoreApplication>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// Beside the bundle, also if its path ends with "/".
 QString pathFor(const KTDatabaseBundle &bundle)
@@ -39,8 +41,8 @@ bool BundleLock::lock(int patience, QString *error)
     if (_file.tryLock(patience))
         return true;
     if (_file.error() == QLockFile::LockFailedError)
-        *error = QStringLiteral("another import is running");
+        *error = u"another import is running"_s;
     else if (!NSFileManager::fileExistsAtPath(folder))
-        *error = QStringLiteral("there is no folder for the database bundle");
+        *error = u"there is no folder for the database bundle"_s;
     return error->isNull();
 }

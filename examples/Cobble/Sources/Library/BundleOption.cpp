@@ -5,19 +5,21 @@
 
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString Name = QStringLiteral("bundle");
+const QString Name = u"bundle"_s;
 }
 
 void BundleOption::add(QCommandLineParser *parser)
 {
-    parser->addOption({Name, QString(), QStringLiteral("PATH")});
+    parser->addOption({Name, QString(), u"PATH"_s});
 }
 
 QString BundleOption::mistakeIn(const QCommandLineParser &parser)
 {
     const bool isEmpty = parser.isSet(Name) && parser.value(Name).isEmpty();
-    return isEmpty ? QStringLiteral("--bundle needs a path") : QString();
+    return isEmpty ? u"--bundle needs a path"_s : QString();
 }
 
 KTDatabaseBundle BundleOption::bundleIn(const QCommandLineParser &parser)

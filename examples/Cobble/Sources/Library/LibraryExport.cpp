@@ -11,6 +11,8 @@
 
 #include <cerrno>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// The records of a library for an exporter.
 class LibraryRecords : public CobbleRecordSource
@@ -76,7 +78,7 @@ bool runExporter(CobbleExporter &exporter, CobbleRecordSource &records, const QS
     const QString failure =
         PlugIns::failureOf([&] { isDone = exporter.exportRecords(records, fileType, to, error); });
     if (!failure.isNull())
-        *error = QStringLiteral("the exporter failed: %1").arg(failure);
+        *error = u"the exporter failed: %1"_s.arg(failure);
     return isDone;
 }
 
@@ -110,7 +112,7 @@ LibraryExport::Outcome write(LibraryRecords &records, CobbleExporter &exporter, 
     outcome.recordCount = records.count();
     outcome.isCancelled = records.isCancelled();
     if (outcome.isCancelled)
-        error = QStringLiteral("it was cancelled");
+        error = u"it was cancelled"_s;
     else if (isWritten && !records.errorText().isNull())
         return failure(records.libraryName(), records.errorText());
     if (!isWritten || outcome.isCancelled) {
@@ -128,9 +130,8 @@ LibraryExport::Outcome LibraryExport::run(LibraryStore &store, const Library &li
     const QString fileType = QFileInfo(path).suffix().toLower();
     CobbleExporter *const exporter = plugIns.exporterFor(fileType);
     if (!exporter)
-        return failure(path,
-                       QStringLiteral("there is no exporter for '%1'; there are %2")
-                           .arg(fileType, plugIns.exportedTypes().join(QStringLiteral(", "))));
+        return failure(path, u"there is no exporter for '%1'; there are %2"_s.arg(
+                                 fileType, plugIns.exportedTypes().join(u", "_s)));
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return failure(path, file.errorString());

@@ -11,13 +11,15 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// The form of the catalogue, which SQLite keeps as the user's version of the file.
 constexpr int CatalogueVersion = 1;
 
 QString quoted(const QString &identifier)
 {
-    return u'"' + QString(identifier).replace(u'"', QStringLiteral("\"\"")) + u'"';
+    return u'"' + QString(identifier).replace(u'"', u"\"\""_s) + u'"';
 }
 
 /// What SQLite says, without what Qt adds to it.
@@ -39,7 +41,7 @@ QString columnsOf(const Library &library)
     QStringList names;
     for (const LibraryField &field : library.fields)
         names += quoted(field.columnName);
-    return names.join(QStringLiteral(", "));
+    return names.join(u", "_s);
 }
 
 QString optionsText(const QVariantMap &options)
@@ -92,7 +94,7 @@ std::unique_ptr<LibraryStore> LibraryStore::open(const KTDatabaseBundle &bundle,
 {
     const QString path = bundle.databaseFilePath();
     if (mode == Mode::Existing && !NSFileManager::fileExistsAtPath(path)) {
-        *error = QStringLiteral("there is no database");
+        *error = u"there is no database"_s;
         return nullptr;
     }
     std::unique_ptr<LibraryStore> store(new LibraryStore(path));
@@ -105,7 +107,7 @@ std::unique_ptr<LibraryStore> LibraryStore::open(const KTDatabaseBundle &bundle,
 
 LibraryStore::LibraryStore(const QString &path)
     : _connectionName(QUuid::createUuid().toString())
-    , _database(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), _connectionName))
+    , _database(QSqlDatabase::addDatabase(u"QSQLITE"_s, _connectionName))
 {
     _database.setDatabaseName(path);
 }
@@ -129,12 +131,12 @@ bool LibraryStore::connect()
 bool LibraryStore::hasKnownVersion()
 {
     QSqlQuery version(_database);
-    if (!version.prepare(QStringLiteral("PRAGMA user_version")) || !run(version)) {
+    if (!version.prepare(u"PRAGMA user_version"_s) || !run(version)) {
         _errorText = reasonOf(version.lastError());
         return false;
     }
     if (version.next() && version.value(0).toInt() > CatalogueVersion) {
-        _errorText = QStringLiteral("the database was made by a newer version of Cobble");
+        _errorText = u"the database was made by a newer version of Cobble"_s;
         return false;
     }
     return true;
@@ -167,19 +169,19 @@ bool LibraryStore::run(const QString &statement)
 
 bool LibraryStore::makeCatalogue()
 {
-    return run(QStringLiteral("CREATE TABLE IF NOT EXISTS cobble_library (name TEXT PRIMARY KEY, "
-                              "library_entity TEXT, entity TEXT, table_name TEXT UNIQUE)")) &&
-           run(QStringLiteral("CREATE TABLE IF NOT EXISTS cobble_field (table_name TEXT, position "
-                              "INTEGER, column_name TEXT, header TEXT, label TEXT, property TEXT, "
-                              "type TEXT, options TEXT, PRIMARY KEY (table_name, position))")) &&
-           run(QStringLiteral("PRAGMA user_version = %1").arg(CatalogueVersion));
+    return run(u"CREATE TABLE IF NOT EXISTS cobble_library (name TEXT PRIMARY KEY, "
+               "library_entity TEXT, entity TEXT, table_name TEXT UNIQUE)"_s) &&
+           run(u"CREATE TABLE IF NOT EXISTS cobble_field (table_name TEXT, position "
+               "INTEGER, column_name TEXT, header TEXT, label TEXT, property TEXT, "
+               "type TEXT, options TEXT, PRIMARY KEY (table_name, position))"_s) &&
+           run(u"PRAGMA user_version = %1"_s.arg(CatalogueVersion));
 }
 
 QList<LibraryField> LibraryStore::fieldsOf(const QString &tableName)
 {
     QSqlQuery query(_database);
-    query.prepare(QStringLiteral("SELECT column_name, header, label, property, type, options FROM "
-                                 "cobble_field WHERE table_name = ? ORDER BY position"));
+    query.prepare(u"SELECT column_name, header, label, property, type, options FROM "
+                  "cobble_field WHERE table_name = ? ORDER BY position"_s);
     query.addBindValue(tableName);
     QList<LibraryField> fields;
     for (run(query); goToNext(query);)
@@ -191,8 +193,8 @@ QList<LibraryField> LibraryStore::fieldsOf(const QString &tableName)
 bool LibraryStore::hasCatalogue()
 {
     QSqlQuery query(_database);
-    return run(QStringLiteral("SELECT 1 FROM sqlite_master WHERE type = 'table' AND "
-                              "name = 'cobble_library'"),
+    return run(u"SELECT 1 FROM sqlite_master WHERE type = 'table' AND "
+               "name = 'cobble_library'"_s,
                query) &&
            goToNext(query);
 }
@@ -212,8 +214,8 @@ QList<Library> LibraryStore::libraries()
     QList<Library> libraries;
     QSqlQuery query(_database);
     if (!hasCatalogue() ||
-        !run(QStringLiteral("SELECT name, library_entity, entity, table_name FROM cobble_library "
-                            "ORDER BY name COLLATE NOCASE"),
+        !run(u"SELECT name, library_entity, entity, table_name FROM cobble_library "
+             "ORDER BY name COLLATE NOCASE"_s,
              query))
         return {};
     while (goToNext(query)) {
@@ -243,7 +245,7 @@ std::optional<Library> LibraryStore::libraryNamed(const QString &name)
 
 QString LibraryStore::reasonForNo(const QString &name) const
 {
-    return _errorText.isNull() ? QStringLiteral("no library '%1'").arg(name) : _errorText;
+    return _errorText.isNull() ? u"no library '%1'"_s.arg(name) : _errorText;
 }
 
 qint64 LibraryStore::recordCount(const Library &library)
@@ -308,31 +310,31 @@ bool LibraryStore::addValues(const QString &tableName, const QString &columnName
 bool LibraryStore::begin()
 {
     // Others can read until all is written.
-    run(QStringLiteral("PRAGMA cache_spill = OFF"));
+    run(u"PRAGMA cache_spill = OFF"_s);
     return beginChange() && makeCatalogue();
 }
 
 bool LibraryStore::beginChange()
 {
-    return run(QStringLiteral("BEGIN IMMEDIATE"));
+    return run(u"BEGIN IMMEDIATE"_s);
 }
 
 bool LibraryStore::commit()
 {
     _insertion.reset();
-    return run(QStringLiteral("COMMIT"));
+    return run(u"COMMIT"_s);
 }
 
 void LibraryStore::rollback()
 {
     _insertion.reset();
-    QSqlQuery(_database).exec(QStringLiteral("ROLLBACK"));
+    QSqlQuery(_database).exec(u"ROLLBACK"_s);
 }
 
 bool LibraryStore::addField(const QString &tableName, qsizetype position, const LibraryField &field)
 {
     QSqlQuery query(_database);
-    query.prepare(QStringLiteral("INSERT INTO cobble_field VALUES (?, ?, ?, ?, ?, ?, ?, ?)"));
+    query.prepare(u"INSERT INTO cobble_field VALUES (?, ?, ?, ?, ?, ?, ?, ?)"_s);
     for (const QVariant &value :
          {QVariant(tableName), QVariant(position), QVariant(field.columnName),
           QVariant(field.header), QVariant(field.label), QVariant(field.propertyName),
@@ -343,22 +345,22 @@ bool LibraryStore::addField(const QString &tableName, qsizetype position, const 
 
 bool LibraryStore::create(const Library &library)
 {
-    QStringList columns = {QStringLiteral("id INTEGER PRIMARY KEY")};
+    QStringList columns = {u"id INTEGER PRIMARY KEY"_s};
     for (const LibraryField &field : library.fields)
         columns += declarationOf(field);
     QSqlQuery entry(_database);
-    entry.prepare(QStringLiteral("INSERT INTO cobble_library VALUES (?, ?, ?, ?)"));
+    entry.prepare(u"INSERT INTO cobble_library VALUES (?, ?, ?, ?)"_s);
     for (const QString &value :
          {library.name, library.libraryEntityName, library.entityName, library.tableName})
         entry.addBindValue(value);
-    if (!run(entry) || !run(u"CREATE TABLE " + quoted(library.tableName) + u" (" +
-                            columns.join(QStringLiteral(", ")) + u')'))
+    if (!run(entry) ||
+        !run(u"CREATE TABLE " + quoted(library.tableName) + u" (" + columns.join(u", "_s) + u')'))
         return false;
     for (qsizetype position = 0; position < library.fields.size(); ++position) {
         if (!addField(library.tableName, position, library.fields.at(position)))
             return false;
     }
-    QStringList places(library.fields.size(), QStringLiteral("?"));
+    QStringList places(library.fields.size(), u"?"_s);
     _insertion.emplace(_database);
     if (_insertion->prepare(u"INSERT INTO " + quoted(library.tableName) + u" (" +
                             columnsOf(library) + u") VALUES (" + places.join(u',') + u')'))
@@ -416,18 +418,18 @@ bool LibraryStore::runOnOneRecord(QSqlQuery &query)
         return false;
     if (query.numRowsAffected() == 1)
         return true;
-    _errorText = QStringLiteral("the record is no longer there");
+    _errorText = u"the record is no longer there"_s;
     return false;
 }
 
 qint64 LibraryStore::dataVersion()
 {
     QSqlQuery query(_database);
-    const bool isRead = run(QStringLiteral("PRAGMA data_version"), query) && goToNext(query);
+    const bool isRead = run(u"PRAGMA data_version"_s, query) && goToNext(query);
     return isRead ? query.value(0).toLongLong() : -1;
 }
 
 void LibraryStore::setPatience(int milliseconds)
 {
-    run(QStringLiteral("PRAGMA busy_timeout = %1").arg(milliseconds));
+    run(u"PRAGMA busy_timeout = %1"_s.arg(milliseconds));
 }

@@ -4,9 +4,11 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString ExportersKey = QStringLiteral("enabledExporters");
-const QString ImportersKey = QStringLiteral("enabledImporters");
+const QString ExportersKey = u"enabledExporters"_s;
+const QString ImportersKey = u"enabledImporters"_s;
 
 void prepare(KTPlugInManager &manager, const NSProtocol &protocol, const QString &searchFolder,
              const QString &enabledKey)
@@ -60,12 +62,10 @@ Interface *plugInFor(const KTPlugInManager &manager, const QString &fileType)
 PlugIns::PlugIns()
 {
     _exporters.pluginDefaultsRegisterDefaults(
-        {{ExportersKey, QVariantList{QStringLiteral("org.cobble.Cobble.TextExporter")}},
-         {ImportersKey, QVariantList{QStringLiteral("org.cobble.Cobble.VCardImporter")}}});
-    prepare(_exporters, NSProtocol::of<CobbleExporter>(), QStringLiteral("Exporters"),
-            ExportersKey);
-    prepare(_importers, NSProtocol::of<CobbleImporter>(), QStringLiteral("Importers"),
-            ImportersKey);
+        {{ExportersKey, QVariantList{u"org.cobble.Cobble.TextExporter"_s}},
+         {ImportersKey, QVariantList{u"org.cobble.Cobble.VCardImporter"_s}}});
+    prepare(_exporters, NSProtocol::of<CobbleExporter>(), u"Exporters"_s, ExportersKey);
+    prepare(_importers, NSProtocol::of<CobbleImporter>(), u"Importers"_s, ImportersKey);
 }
 
 QString PlugIns::failureOf(const std::function<void()> &code)
@@ -76,7 +76,7 @@ QString PlugIns::failureOf(const std::function<void()> &code)
     } catch (const std::exception &exception) {
         return QString::fromUtf8(exception.what());
     } catch (...) {
-        return QStringLiteral("it threw something that is no std::exception");
+        return u"it threw something that is no std::exception"_s;
     }
 }
 
@@ -103,5 +103,5 @@ QStringList PlugIns::exportedTypes() const
 
 QList<std::pair<QString, KTPlugInManager *>> PlugIns::managers()
 {
-    return {{QStringLiteral("exporter"), &_exporters}, {QStringLiteral("importer"), &_importers}};
+    return {{u"exporter"_s, &_exporters}, {u"importer"_s, &_importers}};
 }

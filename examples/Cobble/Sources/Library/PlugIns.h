@@ -12,7 +12,7 @@
 ///
 /// \code
 /// PlugIns plugIns;
-/// CobbleExporter *exporter = plugIns.exporterFor(QStringLiteral("json"));
+/// CobbleExporter *exporter = plugIns.exporterFor(u"json"_s);
 /// \endcode
 class PlugIns
 {

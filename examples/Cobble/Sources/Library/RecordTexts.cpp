@@ -2,6 +2,8 @@
 
 #include <KTUtility/NSObject>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// Phone numbers are texts that their field knows how to show; of other types a text is what could
 /// not be read.
@@ -22,7 +24,7 @@ RecordTexts::RecordTexts(const Library &library)
 QString RecordTexts::textOf(const FieldReader &reader, const QVariant &value)
 {
     if (NSObject::isNil(value))
-        return QStringLiteral("");
+        return u""_s;
     if (!reader.formatter() || isShownAsItIs(reader.type(), value))
         return value.toString();
     return reader.formatter()->stringForObjectValue(value);

@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// So many digits survive the way through a double.
 constexpr qsizetype DigitsOfDouble = 15;
@@ -36,7 +38,7 @@ QVariant forNumber(const QVariant &number)
 
 QVariant decimalIn(const QString &digits)
 {
-    static const QRegularExpression form(QStringLiteral(R"(\A-?\d+(\.\d+)?\z)"));
+    static const QRegularExpression form(uR"(\A-?\d+(\.\d+)?\z)"_s);
     if (!form.match(digits).hasMatch())
         return {};
     const NSDecimalNumber number = NSDecimalNumber::decimalNumberWithString(digits);
@@ -66,7 +68,7 @@ QVariant dateFrom(const QVariant &stored)
 {
     const QString text = stored.toString();
     static const QRegularExpression form(
-        QStringLiteral(R"(\A-?\d{4,}-\d\d-\d\dT\d\d:\d\d:\d\d(\.\d+)?(Z|[+-]\d\d:\d\d)\z)"));
+        uR"(\A-?\d{4,}-\d\d-\d\dT\d\d:\d\d:\d\d(\.\d+)?(Z|[+-]\d\d:\d\d)\z)"_s);
     const QDateTime date = QDateTime::fromString(text, Qt::ISODateWithMs);
     return form.match(text).hasMatch() && date.isValid() ? QVariant(date) : QVariant(text);
 }

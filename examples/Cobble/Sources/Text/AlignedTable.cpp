@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr int BlanksBetween = 2;
 
@@ -23,13 +25,13 @@ QString escapeOf(QChar character)
 {
     switch (character.unicode()) {
     case u'\n':
-        return QStringLiteral("\\n");
+        return u"\\n"_s;
     case u'\r':
-        return QStringLiteral("\\r");
+        return u"\\r"_s;
     case u'\t':
-        return QStringLiteral("\\t");
+        return u"\\t"_s;
     default:
-        return QStringLiteral("\\u%1").arg(uint(character.unicode()), 4, 16, QChar(u'0'));
+        return u"\\u%1"_s.arg(uint(character.unicode()), 4, 16, QChar(u'0'));
     }
 }
 
@@ -88,7 +90,7 @@ qsizetype displayWidth(const QString &text)
 
 QString recordCountText(qint64 count)
 {
-    return count == 1 ? QStringLiteral("1 record") : QStringLiteral("%1 records").arg(count);
+    return count == 1 ? u"1 record"_s : u"%1 records"_s.arg(count);
 }
 
 void AlignedTable::addRow(const QStringList &cells)

@@ -2,6 +2,8 @@
 
 #include "LineBreaks.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr QChar Quote = u'"';
 } // namespace
@@ -41,7 +43,7 @@ bool CSVReader::isBlankRecord(const QStringList &fields) const
 
 QString CSVReader::readField()
 {
-    QString field = isAt(Quote) ? readQuotedPart() : QStringLiteral("");
+    QString field = isAt(Quote) ? readQuotedPart() : u""_s;
     const qsizetype end = endOfPlainPart();
     field += _text.sliced(_position, end - _position);
     _position = end;
@@ -54,7 +56,7 @@ QString CSVReader::readQuotedPart()
     const qint64 openingLine = _line;
     _rowHasQuotedField = true;
     ++_position;
-    QString part = QStringLiteral("");
+    QString part = u""_s;
     while (true) {
         const qsizetype quote = _text.indexOf(Quote, _position);
         const qsizetype end = quote < 0 ? _text.size() : quote;

@@ -6,10 +6,12 @@
 #include <QFileInfo>
 #include <QStringDecoder>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr qint64 ChunkSize = 1 << 20;
 
-const QString NotText = QStringLiteral("not a text file");
+const QString NotText = u"not a text file"_s;
 
 QString fail(QString *errorDescription, const QString &reason)
 {
@@ -20,7 +22,7 @@ QString fail(QString *errorDescription, const QString &reason)
 
 QString notInEncoding(QLatin1StringView encoding, qint64 line)
 {
-    return QStringLiteral("not a text file in %1 (line %2)").arg(encoding).arg(line);
+    return u"not a text file in %1 (line %2)"_s.arg(encoding).arg(line);
 }
 
 /// nil if the data is not entirely in the encoding.
@@ -31,7 +33,7 @@ QString decoded(QByteArrayView data, QStringConverter::Encoding encoding)
     const QString text = decoder.decode(data);
     if (decoder.hasError())
         return {};
-    return text.isNull() ? QStringLiteral("") : text;
+    return text.isNull() ? u""_s : text;
 }
 
 qsizetype endOfByteLine(QByteArrayView data, qsizetype start)
@@ -109,7 +111,7 @@ bool readAll(QFile *file, QByteArray *data, QString *errorDescription)
             return true;
         *data += chunk;
         if (data->size() > TextFile::SizeLimit) {
-            fail(errorDescription, QStringLiteral("larger than 1 GB"));
+            fail(errorDescription, u"larger than 1 GB"_s);
             return false;
         }
         if (data->startsWith(QByteArrayView("\0\0", 2)))
@@ -133,7 +135,7 @@ QString TextFile::textOfData(const QByteArray &data, QString *errorDescription)
 QString TextFile::textOfFile(const QString &path, QString *errorDescription)
 {
     if (QFileInfo(path).isDir())
-        return fail(errorDescription, QStringLiteral("is a folder, not a file"));
+        return fail(errorDescription, u"is a folder, not a file"_s);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return fail(errorDescription, file.errorString());
@@ -142,6 +144,6 @@ QString TextFile::textOfFile(const QString &path, QString *errorDescription)
         return {};
     QString text = textOfData(data, errorDescription);
     if (text.isEmpty() && !text.isNull())
-        return fail(errorDescription, QStringLiteral("the file is empty"));
+        return fail(errorDescription, u"the file is empty"_s);
     return text;
 }

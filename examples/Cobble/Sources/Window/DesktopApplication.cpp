@@ -13,8 +13,10 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString SilencedAlertsKey = QStringLiteral("SilencedAlerts");
+const QString SilencedAlertsKey = u"SilencedAlerts"_s;
 } // namespace
 
 DesktopApplication::DesktopApplication(const KTDatabaseBundle &bundle, KTLogger *logger)

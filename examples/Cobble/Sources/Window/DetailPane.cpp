@@ -10,6 +10,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// What stands in an empty editor.
 QString placeholderFor(const QVariant &value)
@@ -17,13 +19,13 @@ QString placeholderFor(const QVariant &value)
     if (!NSIsControllerMarker(value))
         return {};
     return value.value<NSSelectionMarker>().kind == NSSelectionMarker::Kind::MultipleValues
-               ? QStringLiteral("Multiple values")
+               ? u"Multiple values"_s
                : QString();
 }
 /// A title in which "&" is a letter like others.
 QString labelText(const QVariant &title)
 {
-    return title.toString().replace(u'&', QStringLiteral("&&")) + u':';
+    return title.toString().replace(u'&', u"&&"_s) + u':';
 }
 } // namespace
 

@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QFileDialog>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// A name for the file, in which "/" is no folder.
 QString suggestedFile(const QString &libraryName)
@@ -14,8 +16,7 @@ QString suggestedFile(const QString &libraryName)
 }
 } // namespace
 
-ExportSheet::ExportSheet(OpenBundle *bundle)
-    : TransferSheet(QStringLiteral(":/Cobble/ExportSheet.ui"), bundle)
+ExportSheet::ExportSheet(OpenBundle *bundle) : TransferSheet(u":/Cobble/ExportSheet.ui"_s, bundle)
 {
 }
 
@@ -38,32 +39,32 @@ bool ExportSheet::mayWrite(const QString &path)
 QString ExportSheet::work()
 {
     if (file().isEmpty())
-        return QStringLiteral("Please choose a file.");
+        return u"Please choose a file."_s;
     if (!mayWrite(file()))
-        return QStringLiteral("There is a file of that name. Export once more to replace it.");
+        return u"There is a file of that name. Export once more to replace it."_s;
     LibraryStore *const store = bundle()->store();
     const std::optional<Library> library = store ? store->libraryNamed(_libraryName) : std::nullopt;
     if (!library)
-        return store ? store->reasonForNo(_libraryName) : QStringLiteral("There is no database.");
+        return store ? store->reasonForNo(_libraryName) : u"There is no database."_s;
     const LibraryExport::Outcome outcome = LibraryExport::run(
         *store, *library, file(), [this](qint64 done, qint64 total) { return goOn(done, total); });
     if (outcome.isCancelled)
-        return QStringLiteral("Cancelled. The file was not written.");
+        return u"Cancelled. The file was not written."_s;
     if (!outcome.errorDescription.isNull())
-        return QStringLiteral("%1: %2").arg(outcome.subject, outcome.errorDescription);
+        return u"%1: %2"_s.arg(outcome.subject, outcome.errorDescription);
     Q_EMIT exported(outcome.recordCount, file());
     return {};
 }
 
 void ExportSheet::choose()
 {
-    auto *const chooser = new QFileDialog(window(), QStringLiteral("Export"));
+    auto *const chooser = new QFileDialog(window(), u"Export"_s);
     chooser->setAttribute(Qt::WA_DeleteOnClose);
     chooser->setAcceptMode(QFileDialog::AcceptSave);
     chooser->selectFile(file());
     QStringList filters;
     for (const QString &type : PlugIns().exportedTypes())
-        filters += QStringLiteral("%1 (*.%2)").arg(type.toUpper(), type);
+        filters += u"%1 (*.%2)"_s.arg(type.toUpper(), type);
     chooser->setNameFilters(filters);
     // The chooser has asked.
     QObject::connect(chooser, &QFileDialog::fileSelected, this, [this](const QString &path) {

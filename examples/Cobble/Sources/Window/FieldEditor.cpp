@@ -8,6 +8,8 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr int MostLines = 5;
 } // namespace
@@ -24,7 +26,7 @@ FieldEditor::FieldEditor(FieldType type, QWidget *parent) : QWidget(parent)
     _problem = new QLabel(this);
     _problem->setTextFormat(Qt::PlainText);
     _problem->setWordWrap(true);
-    _problem->setStyleSheet(QStringLiteral("color: #c0392b"));
+    _problem->setStyleSheet(u"color: #c0392b"_s);
     _problem->hide();
     layout->addWidget(_problem);
 }

@@ -6,14 +6,15 @@
 #include <QFileDialog>
 #include <QLineEdit>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString Cancelled = QStringLiteral("Cancelled. Nothing was stored.");
+const QString Cancelled = u"Cancelled. Nothing was stored."_s;
 /// How long the window stands still for another program's import, in milliseconds.
 constexpr int PatienceWithOthers = 300;
 } // namespace
 
-ImportSheet::ImportSheet(OpenBundle *bundle)
-    : TransferSheet(QStringLiteral(":/Cobble/ImportSheet.ui"), bundle)
+ImportSheet::ImportSheet(OpenBundle *bundle) : TransferSheet(u":/Cobble/ImportSheet.ui"_s, bundle)
 {
 }
 
@@ -21,17 +22,17 @@ void ImportSheet::configDialog()
 {
     TransferSheet::configDialog();
     setFile(QString());
-    outlet<QLineEdit>(QStringLiteral("nameEdit"))->clear();
-    outlet<QCheckBox>(QStringLiteral("replaceBox"))->setChecked(false);
+    outlet<QLineEdit>(u"nameEdit"_s)->clear();
+    outlet<QCheckBox>(u"replaceBox"_s)->setChecked(false);
 }
 
 ImportRequest ImportSheet::request()
 {
     ImportRequest request;
     request.path = file();
-    const QString name = outlet<QLineEdit>(QStringLiteral("nameEdit"))->text().trimmed();
+    const QString name = outlet<QLineEdit>(u"nameEdit"_s)->text().trimmed();
     request.libraryName = name.isEmpty() ? ImportRequest::libraryNameForFile(request.path) : name;
-    request.replaces = outlet<QCheckBox>(QStringLiteral("replaceBox"))->isChecked();
+    request.replaces = outlet<QCheckBox>(u"replaceBox"_s)->isChecked();
     request.bundle = bundle()->bundle();
     return request;
 }
@@ -39,20 +40,20 @@ ImportRequest ImportSheet::request()
 QString ImportSheet::work()
 {
     if (file().isEmpty())
-        return QStringLiteral("Please choose a file.");
+        return u"Please choose a file."_s;
     const ImportRequest wanted = request();
     if (!goOn(0, 0))
         return Cancelled;
     ImportFile importFile;
     const QString mistake = ImportFile::read(wanted, &importFile);
     if (!mistake.isNull())
-        return QStringLiteral("%1: %2").arg(wanted.path, mistake);
+        return u"%1: %2"_s.arg(wanted.path, mistake);
     importFile.settings.progress = [this](qint64 row, qint64 count) { return goOn(row, count); };
     const ImportFile::Outcome outcome = importFile.store(wanted, PatienceWithOthers);
     if (outcome.values.isCancelled)
         return Cancelled;
     if (!outcome.errorDescription.isNull())
-        return QStringLiteral("Nothing was stored: %1").arg(outcome.errorDescription);
+        return u"Nothing was stored: %1"_s.arg(outcome.errorDescription);
     if (KTWindowController *const host = hostWindowController())
         host->exposeObjectToDialog(QVariant::fromValue(ImportResult{importFile.schema, outcome}),
                                    ResultKey);
@@ -62,11 +63,10 @@ QString ImportSheet::work()
 
 void ImportSheet::choose()
 {
-    auto *const chooser = new QFileDialog(window(), QStringLiteral("Import"));
+    auto *const chooser = new QFileDialog(window(), u"Import"_s);
     chooser->setAttribute(Qt::WA_DeleteOnClose);
     chooser->setFileMode(QFileDialog::ExistingFile);
-    chooser->setNameFilters({QStringLiteral("Tables and cards (*.csv *.tsv *.txt *.vcf)"),
-                             QStringLiteral("All files (*)")});
+    chooser->setNameFilters({u"Tables and cards (*.csv *.tsv *.txt *.vcf)"_s, u"All files (*)"_s});
     QObject::connect(chooser, &QFileDialog::fileSelected, this, &TransferSheet::setFile);
     chooser->open();
 }

@@ -8,6 +8,8 @@
 #include <QPushButton>
 #include <QTableWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 void beginTable(QTableWidget *table, const QStringList &titles)
 {
@@ -33,32 +35,30 @@ QString titleOf(const ImportColumn &column)
 }
 } // namespace
 
-ImportSummary::ImportSummary() : KTDialogController(QStringLiteral(":/Cobble/ImportSummary.ui")) {}
+ImportSummary::ImportSummary() : KTDialogController(u":/Cobble/ImportSummary.ui"_s) {}
 
 void ImportSummary::windowDidLoad()
 {
     KTDialogController::windowDidLoad();
-    QObject::connect(outlet<QPushButton>(QStringLiteral("closeButton")), &QPushButton::clicked,
-                     this, [this] { endDialog(); });
+    QObject::connect(outlet<QPushButton>(u"closeButton"_s), &QPushButton::clicked, this,
+                     [this] { endDialog(); });
 }
 
 void ImportSummary::configDialog()
 {
     KTDialogController::configDialog();
     const auto result = windowDataSourceObjectForKey(ImportSheet::ResultKey).value<ImportResult>();
-    outlet<QLabel>(QStringLiteral("titleLabel"))
-        ->setText(
-            QStringLiteral("Stored %1 in the library “%2”.")
-                .arg(recordCountText(result.outcome.recordCount), result.outcome.stored.name));
+    outlet<QLabel>(u"titleLabel"_s)
+        ->setText(u"Stored %1 in the library “%2”."_s.arg(
+            recordCountText(result.outcome.recordCount), result.outcome.stored.name));
     showColumns(result);
     showUnread(result);
 }
 
 void ImportSummary::showColumns(const ImportResult &result)
 {
-    auto *const table = outlet<QTableWidget>(QStringLiteral("columnsTable"));
-    beginTable(table, {QStringLiteral("Column"), QStringLiteral("Type"), QStringLiteral("Read"),
-                       QStringLiteral("Kept as typed"), QStringLiteral("Empty")});
+    auto *const table = outlet<QTableWidget>(u"columnsTable"_s);
+    beginTable(table, {u"Column"_s, u"Type"_s, u"Read"_s, u"Kept as typed"_s, u"Empty"_s});
     const QList<ImportValues::Column> &columns = result.outcome.values.columns;
     for (qsizetype column = 0; column < columns.size(); ++column) {
         const ImportValues::Column &counts = columns.at(column);
@@ -72,16 +72,14 @@ void ImportSummary::showColumns(const ImportResult &result)
 void ImportSummary::showUnread(const ImportResult &result)
 {
     const QList<ImportValues::Unread> &unread = result.outcome.values.unread;
-    auto *const table = outlet<QTableWidget>(QStringLiteral("unreadTable"));
-    beginTable(table, {QStringLiteral("Row"), QStringLiteral("Column"), QStringLiteral("Value"),
-                       QStringLiteral("Why")});
+    auto *const table = outlet<QTableWidget>(u"unreadTable"_s);
+    beginTable(table, {u"Row"_s, u"Column"_s, u"Value"_s, u"Why"_s});
     for (const ImportValues::Unread &value : unread.first(qMin(unread.size(), MostShown)))
         addRow(table, {QString::number(value.row), titleOf(result.schema.columns.at(value.column)),
                        ShortText::firstLine(value.text), value.reason});
     if (unread.size() > MostShown)
-        addRow(table, {QStringLiteral("…"), QString(),
-                       QStringLiteral("%1 more").arg(unread.size() - MostShown), QString()});
+        addRow(table, {u"…"_s, QString(), u"%1 more"_s.arg(unread.size() - MostShown), QString()});
     table->resizeColumnsToContents();
     table->setVisible(!unread.isEmpty());
-    outlet<QLabel>(QStringLiteral("unreadLabel"))->setVisible(!unread.isEmpty());
+    outlet<QLabel>(u"unreadLabel"_s)->setVisible(!unread.isEmpty());
 }

@@ -6,6 +6,8 @@
 #include <QMainWindow>
 #include <QMenuBar>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 struct Item
 {
@@ -35,8 +37,8 @@ const Item Line{{}, nullptr, nullptr, {}};
 
 void addLoggingMenu(QMenu *help, KTLogger *logger)
 {
-    QMenu *const logging = help->addMenu(QStringLiteral("&Logging"));
-    logging->setObjectName(QStringLiteral("logging"));
+    QMenu *const logging = help->addMenu(u"&Logging"_s);
+    logging->setObjectName(u"logging"_s);
     logger->populateComponentLoggingMenu(logging->menuAction());
     // The items save the levels, which there have to be.
     QObject::connect(logging, &QMenu::aboutToShow, logging, [logging, logger] {
@@ -51,26 +53,24 @@ void addLoggingMenu(QMenu *help, KTLogger *logger)
 void MainMenu::add(QMainWindow *window, QObject *controller, QObject *application, KTLogger *logger)
 {
     QMenuBar *const bar = window->menuBar();
-    addItems(bar->addMenu(QStringLiteral("&File")),
-             {{QStringLiteral("&New Window"), "newWindow:", application, QKeySequence::New},
-              {QStringLiteral("&Close Window"), "closeWindow:", controller, QKeySequence::Close},
+    addItems(bar->addMenu(u"&File"_s),
+             {{u"&New Window"_s, "newWindow:", application, QKeySequence::New},
+              {u"&Close Window"_s, "closeWindow:", controller, QKeySequence::Close},
               Line,
-              {QStringLiteral("&Import…"), "importFile:", controller, QKeySequence(u"Ctrl+I"_qs)},
-              {QStringLiteral("&Export…"), "exportFile:", controller, QKeySequence(u"Ctrl+E"_qs)},
+              {u"&Import…"_s, "importFile:", controller, QKeySequence(u"Ctrl+I"_qs)},
+              {u"&Export…"_s, "exportFile:", controller, QKeySequence(u"Ctrl+E"_qs)},
               Line,
-              {QStringLiteral("&Quit"), "terminate:", application, QKeySequence(u"Ctrl+Q"_qs)}});
-    addItems(bar->addMenu(QStringLiteral("&Edit")),
-             {{QStringLiteral("&Find"), "findRecords:", controller, QKeySequence::Find},
-              Line,
-              {QStringLiteral("&Delete Record…"), "deleteRecords:", controller,
-               QKeySequence(u"Ctrl+Backspace"_qs)},
-              Line,
-              {QStringLiteral("&Silenced Alerts…"), "showSilencedAlerts:", application,
-               QKeySequence()}});
-    addItems(bar->addMenu(QStringLiteral("&View")),
-             {{QStringLiteral("&Record Count"), "showRecordCount:", controller,
-               QKeySequence(u"Ctrl+Shift+C"_qs)}});
-    QMenu *const help = bar->addMenu(QStringLiteral("&Help"));
-    addItems(help, {{QStringLiteral("&About Cobble"), "showAbout:", controller, QKeySequence()}});
+              {u"&Quit"_s, "terminate:", application, QKeySequence(u"Ctrl+Q"_qs)}});
+    addItems(
+        bar->addMenu(u"&Edit"_s),
+        {{u"&Find"_s, "findRecords:", controller, QKeySequence::Find},
+         Line,
+         {u"&Delete Record…"_s, "deleteRecords:", controller, QKeySequence(u"Ctrl+Backspace"_qs)},
+         Line,
+         {u"&Silenced Alerts…"_s, "showSilencedAlerts:", application, QKeySequence()}});
+    addItems(bar->addMenu(u"&View"_s), {{u"&Record Count"_s, "showRecordCount:", controller,
+                                         QKeySequence(u"Ctrl+Shift+C"_qs)}});
+    QMenu *const help = bar->addMenu(u"&Help"_s);
+    addItems(help, {{u"&About Cobble"_s, "showAbout:", controller, QKeySequence()}});
     addLoggingMenu(help, logger);
 }

@@ -17,6 +17,8 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr int WidestColumn = 240;
 constexpr int RowsLookedAt = 100;
@@ -50,14 +52,14 @@ MainWindow::MainWindow(NSArrayController *records, RecordTableModel *model)
 QWidget *MainWindow::makeLibraries()
 {
     _libraries = new QListWidget;
-    _libraries->setAccessibleName(QStringLiteral("Libraries"));
+    _libraries->setAccessibleName(u"Libraries"_s);
     return _libraries;
 }
 
 QWidget *MainWindow::makeRecords(RecordTableModel *model)
 {
     _table = new RecordTableView;
-    _table->setAccessibleName(QStringLiteral("Records"));
+    _table->setAccessibleName(u"Records"_s);
     _table->setModel(model);
     _table->setItemDelegate(new FieldDelegate(_table));
     _table->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -82,7 +84,7 @@ QWidget *MainWindow::makeDetail(NSArrayController *records)
     auto *const scroller = new KTFocusRingScrollView(margin);
     layout->addWidget(scroller);
     scroller->setWidgetResizable(true);
-    scroller->setAccessibleName(QStringLiteral("Record"));
+    scroller->setAccessibleName(u"Record"_s);
     scroller->setFocusPolicy(Qt::NoFocus);
     _detail = new DetailPane(records);
     scroller->setWidget(_detail);
@@ -91,15 +93,15 @@ QWidget *MainWindow::makeDetail(NSArrayController *records)
 
 void MainWindow::makeSearch()
 {
-    auto *const bar = addToolBar(QStringLiteral("Search"));
-    bar->setObjectName(QStringLiteral("searchBar"));
+    auto *const bar = addToolBar(u"Search"_s);
+    bar->setObjectName(u"searchBar"_s);
     bar->setMovable(false);
     auto *const spacer = new QWidget;
     spacer->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     bar->addWidget(spacer);
     _search = new QLineEdit;
-    _search->setPlaceholderText(QStringLiteral("Search"));
-    _search->setAccessibleName(QStringLiteral("Search"));
+    _search->setPlaceholderText(u"Search"_s);
+    _search->setAccessibleName(u"Search"_s);
     _search->setClearButtonEnabled(true);
     _search->setMaximumWidth(280);
     bar->addWidget(_search);

@@ -25,6 +25,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// How long to wait for more letters before a search, in milliseconds.
 constexpr int SearchDelay = 150;
@@ -104,11 +106,11 @@ void MainWindowController::connectSheets()
 {
     QObject::connect(&_importSheet, &ImportSheet::imported, this,
                      &MainWindowController::queueAfterImport);
-    QObject::connect(
-        &_exportSheet, &ExportSheet::exported, this, [this](qint64 count, const QString &path) {
-            tellDone(QStringLiteral("Exported %1").arg(recordCountText(count)));
-            tell(QStringLiteral("Exported %1 to %2").arg(recordCountText(count), path));
-        });
+    QObject::connect(&_exportSheet, &ExportSheet::exported, this,
+                     [this](qint64 count, const QString &path) {
+                         tellDone(u"Exported %1"_s.arg(recordCountText(count)));
+                         tell(u"Exported %1 to %2"_s.arg(recordCountText(count), path));
+                     });
     QObject::connect(&_showLibraryAlert, &ShowLibraryAlert::chosen, this,
                      &MainWindowController::showLibrary);
 }
@@ -178,7 +180,7 @@ void MainWindowController::setLibrary(const std::shared_ptr<OpenLibrary> &librar
     forget();
     _library = library;
     mainWindow()->setWindowTitle(library ? printableText(library->definition().name) + u" – Cobble"
-                                         : QStringLiteral("Cobble"));
+                                         : u"Cobble"_s);
     if (!library) {
         showCount();
         return;
@@ -210,7 +212,7 @@ void MainWindowController::showCount()
         const qsizetype shown = _records.arrangedObjects().size();
         const qsizetype all = _library->recordCount();
         text = shown == all ? recordCountText(all)
-                            : QStringLiteral("%1 of %2").arg(shown).arg(recordCountText(all));
+                            : u"%1 of %2"_s.arg(shown).arg(recordCountText(all));
     }
     mainWindow()->count()->setText(text);
 }
@@ -224,10 +226,10 @@ void MainWindowController::showNotice(const QString &error)
         mainWindow()->setNotice(problem);
     else if (_application->bundle()->libraries().isEmpty())
         mainWindow()->setNotice(
-            QStringLiteral("There are no libraries yet.\nFile ▸ Import… makes one of a table or of "
-                           "address cards."));
+            u"There are no libraries yet.\nFile ▸ Import… makes one of a table or of "
+            "address cards."_s);
     else
-        mainWindow()->setNotice(QStringLiteral("Choose a library at the left."));
+        mainWindow()->setNotice(u"Choose a library at the left."_s);
 }
 
 void MainWindowController::tell(const QString &message)
@@ -344,7 +346,7 @@ void MainWindowController::queueAfterImport(const QString &libraryName)
     _application->bundle()->reload();
     const auto result =
         exposedDialogDatasource().value(ImportSheet::ResultKey).value<ImportResult>();
-    tellDone(QStringLiteral("Imported %1").arg(recordCountText(result.outcome.recordCount)));
+    tellDone(u"Imported %1"_s.arg(recordCountText(result.outcome.recordCount)));
     addDialogControllerToQueue(&_importSummary);
     if (!_library || _library->definition().name != libraryName)
         addDialogControllerToQueue(&_showLibraryAlert);
@@ -372,16 +374,15 @@ void MainWindowController::deleteRecords(QAction *)
     if (_toDelete.isEmpty())
         return;
     KTDoNotShowAlert::beginCriticalAlertSheet(
-        {.title = QStringLiteral("Delete %1?").arg(recordCountText(_toDelete.size())),
-         .defaultButton = QStringLiteral("Delete"),
-         .alternateButton = QStringLiteral("Cancel"),
+        {.title = u"Delete %1?"_s.arg(recordCountText(_toDelete.size())),
+         .defaultButton = u"Delete"_s,
+         .alternateButton = u"Cancel"_s,
          .otherButton = QString(),
          .window = mainWindow(),
          .modalDelegate = this,
          .didEndSelector = NSSelector("deleteAlertDidEnd:returnCode:contextInfo:"),
          .contextInfo = nullptr,
-         .msg =
-             QStringLiteral("This cannot be undone. Media files that nothing else uses go, too."),
+         .msg = u"This cannot be undone. Media files that nothing else uses go, too."_s,
          .suppressionKey = DeleteSuppressionKey});
 }
 
@@ -395,14 +396,13 @@ void MainWindowController::deleteAlertDidEnd(NSAlert *, int returnCode, void *)
     if (returnCode != NSAlertDefaultReturn || !_library || records.isEmpty())
         return;
     const QString reason = _library->removeRecords(records);
-    tell(reason.isNull() ? QStringLiteral("Deleted %1").arg(recordCountText(records.size()))
-                         : reason);
+    tell(reason.isNull() ? u"Deleted %1"_s.arg(recordCountText(records.size())) : reason);
 }
 
 void MainWindowController::showAbout(QAction *)
 {
     auto *const alert = new NSAlert(QStringLiteral("Cobble " COBBLE_VERSION), QString(), QString(),
-                                    QString(), QStringLiteral("A database for one person."));
+                                    QString(), u"A database for one person."_s);
     alert->setAlertStyle(NSInformationalAlertStyle);
     alert->beginSheetModalForWindow(mainWindow(), {});
 }

@@ -24,7 +24,7 @@ class TableSelection;
 /// \code
 /// MainWindowController controller(&application);
 /// controller.showWindow();
-/// controller.showLibrary(QStringLiteral("contacts"));
+/// controller.showLibrary(u"contacts"_s);
 /// \endcode
 class MainWindowController : public KTWindowController
 {

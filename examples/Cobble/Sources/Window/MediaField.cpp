@@ -13,6 +13,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr int ViewHeight = 140;
 
@@ -36,16 +38,14 @@ MediaField::MediaField(QWidget *parent)
     scroller->setFixedHeight(ViewHeight);
     scroller->setWidget(_view);
     scroller->setAlignment(Qt::AlignCenter);
-    scroller->setAccessibleName(QStringLiteral("Picture"));
+    scroller->setAccessibleName(u"Picture"_s);
     auto *const tools = new QHBoxLayout(_tools);
     tools->setContentsMargins(0, 0, 0, 0);
     makeSlider();
-    addButton(QStringLiteral("↺"), QStringLiteral("Turn left"), &MediaField::turnLeft);
-    addButton(QStringLiteral("↻"), QStringLiteral("Turn right"), &MediaField::turnRight);
-    addButton(QStringLiteral("⇆"), QStringLiteral("Mirror left and right"),
-              &MediaField::flipHorizontally);
-    addButton(QStringLiteral("⇅"), QStringLiteral("Mirror top and bottom"),
-              &MediaField::flipVertically);
+    addButton(u"↺"_s, u"Turn left"_s, &MediaField::turnLeft);
+    addButton(u"↻"_s, u"Turn right"_s, &MediaField::turnRight);
+    addButton(u"⇆"_s, u"Mirror left and right"_s, &MediaField::flipHorizontally);
+    addButton(u"⇅"_s, u"Mirror top and bottom"_s, &MediaField::flipVertically);
     layout->addWidget(_caption);
     layout->addWidget(scroller);
     layout->addWidget(_tools);
@@ -57,7 +57,7 @@ void MediaField::makeSlider()
     _zoom->setOrientation(Qt::Horizontal);
     _zoom->setRange(SmallestZoom, LargestZoom);
     _zoom->setPageStep(25);
-    _zoom->setAccessibleName(QStringLiteral("Size in percent"));
+    _zoom->setAccessibleName(u"Size in percent"_s);
     _tools->layout()->addWidget(_zoom);
     QObject::connect(_zoom, &QSlider::valueChanged, this, &MediaField::showPicture);
 }
@@ -90,7 +90,7 @@ void MediaField::setFile(const QString &path)
     if (path == _path && !path.isNull())
         return;
     _path = path;
-    _caption->setText(QStringLiteral("No file"));
+    _caption->setText(u"No file"_s);
     _image = path.isNull() ? QImage() : read(path);
     _degrees = 0;
     _isFlippedHorizontally = false;

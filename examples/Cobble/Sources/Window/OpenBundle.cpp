@@ -7,6 +7,8 @@
 
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// How long windows stand still for another program that writes, in milliseconds.
 constexpr int PatienceWithStore = 500;
@@ -26,7 +28,7 @@ void OpenBundle::reload()
     _errorText = QString();
     const QFileInfo bundlePath(_bundle.bundlePath());
     if (bundlePath.exists() && !bundlePath.isDir())
-        _errorText = QStringLiteral("%1 is no folder").arg(_bundle.bundlePath());
+        _errorText = u"%1 is no folder"_s.arg(_bundle.bundlePath());
     else if (!_store && NSFileManager::fileExistsAtPath(_bundle.databaseFilePath()))
         _store = LibraryStore::open(_bundle, LibraryStore::Mode::Existing, &_errorText);
     if (_store) {
@@ -43,7 +45,7 @@ std::shared_ptr<OpenLibrary> OpenBundle::open(const QString &name, QString *erro
     const std::optional<Library> library = _store ? _store->libraryNamed(name) : std::nullopt;
     if (!library) {
         *error = _store                ? _store->reasonForNo(name)
-                 : _errorText.isNull() ? QStringLiteral("there is no database")
+                 : _errorText.isNull() ? u"there is no database"_s
                                        : _errorText;
         return nullptr;
     }
@@ -58,8 +60,8 @@ std::shared_ptr<OpenLibrary> OpenBundle::open(const QString &name, QString *erro
 QString OpenBundle::reasonNotToWrite()
 {
     if (_isBusy)
-        return QStringLiteral("an import or export is on its way; please wait until it is done");
-    return _store ? QString() : QStringLiteral("there is no database");
+        return u"an import or export is on its way; please wait until it is done"_s;
+    return _store ? QString() : u"there is no database"_s;
 }
 
 /// Begins to write, if what the windows show is what the database holds.
@@ -74,8 +76,8 @@ QString OpenBundle::beginChange()
         return {};
     _store->rollback();
     NSApplication::performOnNextTurn(this, [this] { reload(); });
-    return QStringLiteral("another program has changed the database, which is read again; please "
-                          "try once more");
+    return u"another program has changed the database, which is read again; please "
+           "try once more"_s;
 }
 
 QString OpenBundle::change(const std::function<bool()> &changes)

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// What stands between the texts of two fields, so that nothing is found across them.
 constexpr QChar Between(0x1f);
@@ -89,7 +91,7 @@ QString OpenLibrary::folded(const QString &text)
 const QString &OpenLibrary::searchText(const StoredRecord &record) const
 {
     if (record.searchText().isNull()) {
-        QString texts = QStringLiteral("");
+        QString texts = u""_s;
         for (qsizetype field = 0; field < _library.fields.size(); ++field)
             texts += folded(text(record, field)) + Between;
         record.setSearchText(texts);

@@ -14,7 +14,7 @@ class OpenBundle;
 ///
 /// \code
 /// QString error;
-/// const std::shared_ptr<OpenLibrary> library = bundle.open(QStringLiteral("contacts"), &error);
+/// const std::shared_ptr<OpenLibrary> library = bundle.open(u"contacts"_s, &error);
 /// records.setContent(library->records());
 /// \endcode
 class OpenLibrary : public QObject

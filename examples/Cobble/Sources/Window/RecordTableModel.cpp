@@ -10,6 +10,8 @@
 #include <QMap>
 #include <QMimeData>
 
+using namespace Qt::StringLiterals;
+
 RecordTableModel::RecordTableModel(NSArrayController *records) : _records(records)
 {
     QObject::connect(records, &NSArrayController::arrangedObjectsChanged, this,
@@ -145,7 +147,7 @@ void RecordTableModel::sort(int column, Qt::SortOrder order)
 
 QStringList RecordTableModel::mimeTypes() const
 {
-    return {QStringLiteral("text/csv"), QStringLiteral("text/plain")};
+    return {u"text/csv"_s, u"text/plain"_s};
 }
 
 QStringList RecordTableModel::texts(int row) const
@@ -173,7 +175,7 @@ QMimeData *RecordTableModel::mimeData(const QModelIndexList &indexes) const
     }
     auto *const data = new QMimeData;
     data->setText(plain);
-    data->setData(QStringLiteral("text/csv"), separated.toUtf8());
+    data->setData(u"text/csv"_s, separated.toUtf8());
     return data;
 }
 

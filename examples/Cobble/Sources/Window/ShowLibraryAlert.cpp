@@ -5,6 +5,8 @@
 
 #include <QPointer>
 
+using namespace Qt::StringLiterals;
+
 void ShowLibraryAlert::configDialog()
 {
     KTAlertPanelDialogController::configDialog();
@@ -16,9 +18,9 @@ void ShowLibraryAlert::configDialog()
 void ShowLibraryAlert::runDialog()
 {
     KTAlertPanelDialogController::runDialog();
-    auto *const alert = new NSAlert(QStringLiteral("Show the library “%1” now?").arg(_libraryName),
-                                    QStringLiteral("Show"), QStringLiteral("Not Now"), QString(),
-                                    QStringLiteral("It is in the list at the left in any case."));
+    auto *const alert =
+        new NSAlert(u"Show the library “%1” now?"_s.arg(_libraryName), u"Show"_s, u"Not Now"_s,
+                    QString(), u"It is in the list at the left in any case."_s);
     alert->setAlertStyle(NSInformationalAlertStyle);
     const QPointer<ShowLibraryAlert> self(this);
     alert->beginSheetModalForWindow(hostWindowController()->window(),

@@ -6,21 +6,21 @@
 #include <QListWidget>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 KT_REGISTER_CLASS(SilencedAlerts)
 
-SilencedAlerts::SilencedAlerts() : KTDialogController(QStringLiteral(":/Cobble/SilencedAlerts.ui"))
-{
-}
+SilencedAlerts::SilencedAlerts() : KTDialogController(u":/Cobble/SilencedAlerts.ui"_s) {}
 
 void SilencedAlerts::windowDidLoad()
 {
     KTDialogController::windowDidLoad();
-    QObject::connect(outlet<QPushButton>(QStringLiteral("closeButton")), &QPushButton::clicked,
-                     this, [this] { endDialog(); });
-    QObject::connect(outlet<QPushButton>(QStringLiteral("showAgainButton")), &QPushButton::clicked,
-                     this, &SilencedAlerts::showAgain);
-    QObject::connect(outlet<QListWidget>(QStringLiteral("alertList")),
-                     &QListWidget::itemSelectionChanged, this, &SilencedAlerts::updateButton);
+    QObject::connect(outlet<QPushButton>(u"closeButton"_s), &QPushButton::clicked, this,
+                     [this] { endDialog(); });
+    QObject::connect(outlet<QPushButton>(u"showAgainButton"_s), &QPushButton::clicked, this,
+                     &SilencedAlerts::showAgain);
+    QObject::connect(outlet<QListWidget>(u"alertList"_s), &QListWidget::itemSelectionChanged, this,
+                     &SilencedAlerts::updateButton);
 }
 
 void SilencedAlerts::configDialog()
@@ -31,7 +31,7 @@ void SilencedAlerts::configDialog()
 
 void SilencedAlerts::fill()
 {
-    auto *const list = outlet<QListWidget>(QStringLiteral("alertList"));
+    auto *const list = outlet<QListWidget>(u"alertList"_s);
     list->clear();
     for (const KTDoNotShowAlert::Suppressed &alert : KTDoNotShowAlert::suppressedAlerts()) {
         auto *const item =
@@ -43,15 +43,13 @@ void SilencedAlerts::fill()
 
 void SilencedAlerts::updateButton()
 {
-    const bool hasSelection =
-        !outlet<QListWidget>(QStringLiteral("alertList"))->selectedItems().isEmpty();
-    outlet<QPushButton>(QStringLiteral("showAgainButton"))->setEnabled(hasSelection);
+    const bool hasSelection = !outlet<QListWidget>(u"alertList"_s)->selectedItems().isEmpty();
+    outlet<QPushButton>(u"showAgainButton"_s)->setEnabled(hasSelection);
 }
 
 void SilencedAlerts::showAgain()
 {
-    for (const QListWidgetItem *const item :
-         outlet<QListWidget>(QStringLiteral("alertList"))->selectedItems())
+    for (const QListWidgetItem *const item : outlet<QListWidget>(u"alertList"_s)->selectedItems())
         KTDoNotShowAlert::setBoolForSuppressionKey(item->data(Qt::UserRole).toString(), false);
     fill();
 }

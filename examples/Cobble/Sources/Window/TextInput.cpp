@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 /// The longest word that lines are broken around.
 constexpr qsizetype LongestWord = 2000;
@@ -43,7 +45,7 @@ void TextInput::keyPressEvent(QKeyEvent *event)
 {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isReturn && event->modifiers().testFlag(Qt::ShiftModifier))
-        insertPlainText(QStringLiteral("\n"));
+        insertPlainText(u"\n"_s);
     else
         QPlainTextEdit::keyPressEvent(event);
 }

@@ -9,6 +9,8 @@
 
 #include <exception>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 bool isEscape(const QEvent *event)
 {
@@ -28,9 +30,9 @@ void TransferSheet::windowDidLoad()
     const auto connectButton = [this](const QString &name, void (TransferSheet::*slot)()) {
         QObject::connect(outlet<QPushButton>(name), &QPushButton::clicked, this, slot);
     };
-    connectButton(QStringLiteral("goButton"), &TransferSheet::go);
-    connectButton(QStringLiteral("cancelButton"), &TransferSheet::cancel);
-    connectButton(QStringLiteral("chooseButton"), &TransferSheet::choose);
+    connectButton(u"goButton"_s, &TransferSheet::go);
+    connectButton(u"cancelButton"_s, &TransferSheet::cancel);
+    connectButton(u"chooseButton"_s, &TransferSheet::choose);
 }
 
 void TransferSheet::configDialog()
@@ -38,30 +40,30 @@ void TransferSheet::configDialog()
     KTDialogController::configDialog();
     showProblem(QString());
     setWorking(false);
-    outlet<QLineEdit>(QStringLiteral("fileEdit"))->setFocus();
+    outlet<QLineEdit>(u"fileEdit"_s)->setFocus();
 }
 
 QString TransferSheet::file()
 {
-    return outlet<QLineEdit>(QStringLiteral("fileEdit"))->text();
+    return outlet<QLineEdit>(u"fileEdit"_s)->text();
 }
 
 void TransferSheet::setFile(const QString &path)
 {
-    outlet<QLineEdit>(QStringLiteral("fileEdit"))->setText(path);
+    outlet<QLineEdit>(u"fileEdit"_s)->setText(path);
 }
 
 QString TransferSheet::problem()
 {
-    return outlet<QLabel>(QStringLiteral("problemLabel"))->text();
+    return outlet<QLabel>(u"problemLabel"_s)->text();
 }
 
 void TransferSheet::showProblem(const QString &problem)
 {
-    auto *const label = outlet<QLabel>(QStringLiteral("problemLabel"));
+    auto *const label = outlet<QLabel>(u"problemLabel"_s);
     label->setText(problem);
     label->setVisible(!problem.isEmpty());
-    outlet<QLineEdit>(QStringLiteral("fileEdit"))->setAccessibleDescription(problem);
+    outlet<QLineEdit>(u"fileEdit"_s)->setAccessibleDescription(problem);
 }
 
 void TransferSheet::setInputsEnabled(bool isEnabled)
@@ -80,7 +82,7 @@ void TransferSheet::setWorking(bool isWorking)
     _isCancelled = false;
     if (isWorking)
         _lastFocus = window()->focusWidget();
-    auto *const bar = outlet<QProgressBar>(QStringLiteral("progressBar"));
+    auto *const bar = outlet<QProgressBar>(u"progressBar"_s);
     bar->setVisible(isWorking);
     bar->setRange(0, 0);
     setInputsEnabled(!isWorking);
@@ -104,8 +106,8 @@ void TransferSheet::go()
     if (_isWorking)
         return;
     if (_bundle->isBusy()) {
-        showProblem(QStringLiteral("Another window is importing or exporting. Please wait until "
-                                   "it is done."));
+        showProblem(u"Another window is importing or exporting. Please wait until "
+                    "it is done."_s);
         return;
     }
     showProblem(QString());
@@ -134,7 +136,7 @@ bool TransferSheet::goOn(qint64 done, qint64 total)
 {
     if (_lastLook.isValid() && _lastLook.elapsed() < _lookInterval)
         return !_isCancelled;
-    auto *const bar = outlet<QProgressBar>(QStringLiteral("progressBar"));
+    auto *const bar = outlet<QProgressBar>(u"progressBar"_s);
     bar->setRange(0, 1000);
     bar->setValue(total > 0 ? int(done * 1000 / total) : 0);
     QCoreApplication::processEvents();
