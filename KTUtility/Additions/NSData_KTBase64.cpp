@@ -1,6 +1,6 @@
 #include "NSData_KTAdditions.h"
 
-#include <KTUtility/Platform/Text/NSASCII_p.h>
+#include <KTUtility/Platform/Text/ASCII_p.h>
 
 #include <KTUtility/Diagnostics/KTLogger.h>
 
@@ -8,6 +8,7 @@
 #include <array>
 #include <cstring>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 // Base64 with an end mark. Between end marks whole groups go through tables: two letters for each
@@ -243,5 +244,5 @@ QString KTAdditions::base64String(const QByteArray &data)
 
 QByteArray KTAdditions::initWithBase64String(const QString &string)
 {
-    return NSASCII::isAllOf(string) ? Decoder(string).run() : QByteArray("");
+    return ASCII::isAllOf(string) ? Decoder(string).run() : QByteArray("");
 }

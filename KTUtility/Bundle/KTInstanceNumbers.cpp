@@ -1,7 +1,7 @@
 #include "KTMediaNames_p.h"
 
-#include <KTUtility/Platform/Files/NSFileOperations_p.h>
-#include <KTUtility/Platform/Files/NSFolderStream_p.h>
+#include <KTUtility/Platform/Files/FileOperations_p.h>
+#include <KTUtility/Platform/Files/FolderStream_p.h>
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
 
 #include <QFile>
@@ -11,6 +11,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -30,7 +31,7 @@ KTInstanceNumbers::KTInstanceNumbers(const QString &path) : _folder(-1)
     const QString base = NSString::stringByAppendingPathExtension(
         NSString::stringByDeletingPathExtension(path), u"0"_s);
     const QString extension = NSString::pathExtension(path);
-    if (!NSCanBePath(base) || !extension.isValidUtf16())
+    if (!canBePath(base) || !extension.isValidUtf16())
         return;
     const QByteArray encoded = QFile::encodeName(base);
     const qsizetype name = encoded.lastIndexOf('/') + 1;
@@ -114,7 +115,7 @@ bool KTInstanceNumbers::existsInFolder(const char *name) const
 void KTInstanceNumbers::listFolder(int from, int to)
 {
     const int descriptor = ::openat(_folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    const NSFolderStream folder(descriptor < 0 ? nullptr : ::fdopendir(descriptor));
+    const FolderStream folder(descriptor < 0 ? nullptr : ::fdopendir(descriptor));
     // A folder that may be searched and not be listed is asked on.
     if (!folder)
         return;

@@ -1,8 +1,8 @@
 #include "KTStagedFile_p.h"
 
+#include <KTUtility/Platform/Files/FileOperations_p.h>
 #include <KTUtility/Platform/Files/NSFileHandle.h>
 #include <KTUtility/Platform/Files/NSFileManager.h>
-#include <KTUtility/Platform/Files/NSFileOperations_p.h>
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
 
 #include <QFile>
@@ -13,6 +13,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -41,9 +42,9 @@ KTStagedFile::~KTStagedFile()
 
 bool KTStagedFile::write(const QByteArray &data)
 {
-    if (!NSCanBePath(_path))
+    if (!canBePath(_path))
         return false;
-    NSFileHandle file(NSOpen(QFile::encodeName(_path), O_WRONLY | O_CREAT | O_EXCL, 0666));
+    NSFileHandle file(openFile(QFile::encodeName(_path), O_WRONLY | O_CREAT | O_EXCL, 0666));
     return file.fileDescriptor() >= 0 && file.writeData(data) && file.synchronizeFile();
 }
 
@@ -55,7 +56,7 @@ bool KTStagedFile::copy(const QString &source)
 /// Brings the copy to the disk before it gets its name.
 bool KTStagedFile::flush() const
 {
-    NSFileHandle copy(NSOpen(QFile::encodeName(_path), O_RDONLY));
+    NSFileHandle copy(openFile(QFile::encodeName(_path), O_RDONLY));
     // A copy that may not be read has no descriptor to flush by.
     if (copy.fileDescriptor() < 0)
         return errno == EACCES;
@@ -63,15 +64,14 @@ bool KTStagedFile::flush() const
     ::fstat(copy.fileDescriptor(), &status);
     if (!S_ISDIR(status.st_mode))
         return copy.synchronizeFile();
-    return NSUninterrupted([&copy] { return ::syncfs(copy.fileDescriptor()); }) == 0;
+    return uninterrupted([&copy] { return ::syncfs(copy.fileDescriptor()); }) == 0;
 }
 
 QString KTStagedFile::place(const QString &path, const std::function<QString()> &anotherPath)
 {
     QString name = path;
-    for (int attempt = 0; attempt < MostAttempts && NSCanBePath(name); ++attempt) {
-        const int error =
-            NSRenameWithoutReplacing(QFile::encodeName(_path), QFile::encodeName(name));
+    for (int attempt = 0; attempt < MostAttempts && canBePath(name); ++attempt) {
+        const int error = renameWithoutReplacing(QFile::encodeName(_path), QFile::encodeName(name));
         if (error == 0)
             _path = QString();
         if (error != EEXIST)

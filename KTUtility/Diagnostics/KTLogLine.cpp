@@ -8,6 +8,8 @@
 #include <cstdio>
 #include <cstring>
 
+using namespace KTPrivate;
+
 namespace {
 constexpr std::array<const char *, 7> Weekdays = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
 constexpr std::array<const char *, 12> Months = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
@@ -69,7 +71,7 @@ public:
 
     void text(std::string_view bytes)
     {
-        NSCopyShort(_end, bytes.data(), bytes.size());
+        copyShort(_end, bytes.data(), bytes.size());
         _end += bytes.size();
     }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/Platform/Text/NSUnitBuffer_p.h>
+#include <KTUtility/Platform/Text/UnitBuffer_p.h>
 
 #include <QByteArrayView>
 
@@ -15,7 +15,7 @@ namespace KTLogLine {
 struct State
 {
     std::vector<char> bytes;
-    NSUnitBuffer message;
+    KTPrivate::UnitBuffer message;
     time_t second = -1;
     /// Longer than any date, so that it is copied as it stands.
     std::array<char, 48> date{};

@@ -7,9 +7,9 @@
 #include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Files/NSFileManager.h>
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
-#include <KTUtility/Platform/Files/NSPropertyListFile_p.h>
 #include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
 #include <KTUtility/Platform/Files/NSSearchPath.h>
+#include <KTUtility/Platform/Files/PropertyListFile_p.h>
 #include <KTUtility/Platform/Values/NSException.h>
 
 #include <QFile>
@@ -19,6 +19,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 const QString KTLoggerWriteToFileKey = u"writeToFile"_s;
@@ -212,8 +213,8 @@ void KTLogger::setActiveLevels(Levels levels)
 
 void KTLogger::loadConfigFile(const QString &path)
 {
-    using Result = NSDictionaryReading::Result;
-    const auto [result, settings] = NSReadDictionary(path);
+    using Result = DictionaryReading::Result;
+    const auto [result, settings] = readDictionary(path);
     _isUserFileUnread = result == Result::Unreadable && path == _userFile;
     if (result == Result::Unreadable)
         return;

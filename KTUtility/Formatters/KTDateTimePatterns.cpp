@@ -6,6 +6,7 @@
 #include <array>
 #include <mutex>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 // The patterns that typed dates are tried with, in their orders, and the formatters made of them.
@@ -87,10 +88,10 @@ SharedLists &sharedLists()
 /// Has the formatters make what they make on first use, so that nothing in them changes any more.
 void settle(const KTDateFormatterList &formatters)
 {
-    const NSDateText text((QStringView()));
-    NSDateMatch match;
+    const DateText text((QStringView()));
+    DateMatch match;
     for (const auto &formatter : formatters)
-        NSDateFormatterAccess::parse(*formatter, text, &match);
+        DateFormatterAccess::parse(*formatter, text, &match);
 }
 
 bool isLogged()

@@ -5,6 +5,8 @@
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 #include <KTUtility/Platform/Values/NSScanner.h>
 
+using namespace KTPrivate;
+
 // How typed dates are read: formatters are tried one after the other, and the first that takes all
 // of the text wins.
 
@@ -68,14 +70,14 @@ public:
 
     /// Which formatter took all of the text; null if the text was read otherwise.
     const NSDateFormatter *chosen() const { return _chosen; }
-    QDateTime date() const { return NSDateFormatterAccess::dateOf(*_successful, _time); }
+    QDateTime date() const { return DateFormatterAccess::dateOf(*_successful, _time); }
 
 private:
     /// Parses; the latest success is the result, whatever comes of it.
     bool parse(const NSDateFormatter &formatter)
     {
-        NSDateMatch match;
-        if (!NSDateFormatterAccess::parse(formatter, _text, &match))
+        DateMatch match;
+        if (!DateFormatterAccess::parse(formatter, _text, &match))
             return false;
         _time = match.time;
         _successful = &formatter;
@@ -188,7 +190,7 @@ private:
 
     const KTDateTimeFormatter &_formatter;
     const QString &_string;
-    const NSDateText _text;
+    const DateText _text;
     const bool _isLogged =
         KTLogger::sharedLogger()->shouldLogComponent(kLog_FormattersDateTimes, 4);
     qint64 _time = 0;

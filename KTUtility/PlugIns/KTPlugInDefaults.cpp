@@ -1,6 +1,6 @@
 #include "KTPlugInManager.h"
 
-#include <KTUtility/Platform/Files/NSDefaultsFile_p.h>
+#include <KTUtility/Platform/Files/DefaultsFile_p.h>
 
 #include <KTUtility/Platform/Files/NSUserDefaults.h>
 #include <KTUtility/Platform/Values/NSException.h>
@@ -8,6 +8,7 @@
 
 #include <algorithm>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 // What plug-ins and their manager keep in "<host identifier>.plugins".
@@ -25,7 +26,7 @@ std::optional<QVariantMap> storedDomain()
     NSUserDefaults *const defaults = NSUserDefaults::standardUserDefaults();
     if (const auto known = defaults->persistentDomainForName(domainName()))
         return known;
-    if (NSDefaultsFile::read(domainName()).result == NSDictionaryReading::Result::Unreadable)
+    if (DefaultsFile::read(domainName()).result == DictionaryReading::Result::Unreadable)
         return std::nullopt;
     // Not what was just read: a domain that was removed may still have its file.
     return defaults->persistentDomainForName(domainName()).value_or(QVariantMap());

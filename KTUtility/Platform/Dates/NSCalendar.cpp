@@ -1,12 +1,14 @@
 #include "NSCalendar.h"
 
-#include "NSCalendarEngine_p.h"
-#include "NSDateFields_p.h"
+#include "CalendarEngine_p.h"
+#include "DateFields_p.h"
 
 #include <QMutex>
 #include <QMutexLocker>
 
 #include <array>
+
+using namespace KTPrivate;
 
 namespace {
 /// A component, its unit, ICU's field, and what ICU counts from if not from the same.
@@ -103,12 +105,12 @@ void NSCalendar::resetSystemTimeZone()
 
 int NSCalendar::firstWeekday() const
 {
-    return NSCalendarEngine(*this)->getFirstDayOfWeek();
+    return CalendarEngine(*this)->getFirstDayOfWeek();
 }
 
 int NSCalendar::minimumDaysInFirstWeek() const
 {
-    return NSCalendarEngine(*this)->getMinimalDaysInFirstWeek();
+    return CalendarEngine(*this)->getMinimalDaysInFirstWeek();
 }
 
 /// Dates of the Gregorian calendar without weeks need no ICU; that is an order of magnitude faster.
@@ -117,11 +119,10 @@ bool NSCalendar::setPlainComponents(NSCalendarUnits units, qint64 time,
 {
     constexpr NSCalendarUnits PlainUnits =
         NSDateCalendarUnits | NSTimeCalendarUnits | NSWeekdayCalendarUnit;
-    if ((units & ~PlainUnits) != 0 || _identifier != NSGregorianCalendar || !NSCivil::isSafe(time))
+    if ((units & ~PlainUnits) != 0 || _identifier != NSGregorianCalendar || !Civil::isSafe(time))
         return false;
-    const auto fields =
-        NSDateFields::fieldsOf(NSTimeZoneRules::rulesOf(_timeZone).localTimeOf(time));
-    const int weekday = NSCivil::weekdayOf(NSCivil::daysOf(fields.year, fields.month, fields.day));
+    const auto fields = DateFields::fieldsOf(TimeZoneRules::rulesOf(_timeZone).localTimeOf(time));
+    const int weekday = Civil::weekdayOf(Civil::daysOf(fields.year, fields.month, fields.day));
     *result = {1,           int(fields.year), fields.month,  fields.day,
                fields.hour, fields.minute,    fields.second, NSUndefinedDateComponent,
                weekday};
@@ -144,16 +145,16 @@ std::optional<qint64> NSCalendar::timeOfPlainComponents(const NSDateComponents &
     if (hasWeek || _identifier != NSGregorianCalendar || valueOr(components.era, 1) != 1 ||
         year < 1583 || year > 9998)
         return {};
-    const NSDateFields fields{year,
-                              valueOr(components.month, 1),
-                              valueOr(components.day, 1),
-                              valueOr(components.hour, 0),
-                              valueOr(components.minute, 0),
-                              valueOr(components.second, 0)};
+    const DateFields fields{year,
+                            valueOr(components.month, 1),
+                            valueOr(components.day, 1),
+                            valueOr(components.hour, 0),
+                            valueOr(components.minute, 0),
+                            valueOr(components.second, 0)};
     const bool isMonth = fields.month >= 1 && fields.month <= 12;
     if (!isMonth || !fields.isExistingDay() || !fields.isExistingTime())
         return {};
-    return NSTimeZoneRules::rulesOf(_timeZone).instantOf(fields.localTime());
+    return TimeZoneRules::rulesOf(_timeZone).instantOf(fields.localTime());
 }
 
 NSDateComponents NSCalendar::components(NSCalendarUnits units, const QDateTime &fromDate) const
@@ -161,7 +162,7 @@ NSDateComponents NSCalendar::components(NSCalendarUnits units, const QDateTime &
     NSDateComponents result;
     if (!fromDate.isValid() || setPlainComponents(units, fromDate.toMSecsSinceEpoch(), &result))
         return result;
-    const NSCalendarEngine calendar(*this);
+    const CalendarEngine calendar(*this);
     UErrorCode status = U_ZERO_ERROR;
     calendar->setTime(double(fromDate.toMSecsSinceEpoch()), status);
     for (const Component &component : Components) {
@@ -177,7 +178,7 @@ NSDateComponents NSCalendar::components(NSCalendarUnits units, const QDateTime &
     NSDateComponents result;
     if (!fromDate.isValid() || !toDate.isValid())
         return result;
-    const NSCalendarEngine calendar(*this);
+    const CalendarEngine calendar(*this);
     UErrorCode status = U_ZERO_ERROR;
     calendar->setTime(double(fromDate.toMSecsSinceEpoch()), status);
     const double end = double(toDate.toMSecsSinceEpoch());
@@ -194,7 +195,7 @@ QDateTime NSCalendar::dateFromComponents(const NSDateComponents &components) con
         return {};
     if (const std::optional<qint64> time = timeOfPlainComponents(components))
         return QDateTime::fromMSecsSinceEpoch(*time, Qt::UTC);
-    const NSCalendarEngine calendar(*this);
+    const CalendarEngine calendar(*this);
     UErrorCode status = U_ZERO_ERROR;
     calendar->setTime(icu::Calendar::getNow(), status);
     setStartOfEverything(calendar.operator->(), &status);
@@ -230,7 +231,7 @@ QDateTime NSCalendar::dateByAddingComponents(const NSDateComponents &components,
 {
     if (!toDate.isValid())
         return {};
-    const NSCalendarEngine calendar(*this);
+    const CalendarEngine calendar(*this);
     UErrorCode status = U_ZERO_ERROR;
     calendar->setTime(double(toDate.toMSecsSinceEpoch()), status);
     for (const Component &component : Components) {

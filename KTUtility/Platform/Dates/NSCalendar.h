@@ -11,6 +11,10 @@
 #include <limits>
 #include <optional>
 
+namespace KTPrivate {
+class CalendarEngine;
+}
+
 /// A component that has no value.
 inline constexpr int NSUndefinedDateComponent = std::numeric_limits<int>::max();
 
@@ -127,7 +131,7 @@ public:
     friend bool operator==(const NSCalendar &, const NSCalendar &) = default;
 
 private:
-    friend class NSCalendarEngine;
+    friend class KTPrivate::CalendarEngine;
     friend class NSDateFormatter;
     NSCalendar(const QString &identifier, const NSLocale &locale)
         : _identifier(identifier), _locale(locale)

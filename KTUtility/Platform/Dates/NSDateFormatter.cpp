@@ -4,6 +4,7 @@
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 #include <KTUtility/Platform/Values/NSScanner.h>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -219,8 +220,8 @@ QString NSDateFormatter::stringFromDate(const QDateTime &date) const
 
 QDateTime NSDateFormatter::dateFromString(const QString &string) const
 {
-    const NSDateText text(string);
-    NSDateMatch match;
+    const DateText text(string);
+    DateMatch match;
     if (!_private->parse(text, &match) || !hasOnlyBlanks(string, match.length))
         return {};
     // A pattern without fields fits a text without anything.
@@ -252,8 +253,8 @@ bool NSDateFormatter::getObjectValue(QVariant *value, const QString &forString,
 bool NSDateFormatter::getObjectValue(QVariant *value, const QString &forString, NSRange *range,
                                      NSError *error) const
 {
-    const NSDateText text(partOf(forString, range));
-    NSDateMatch match;
+    const DateText text(partOf(forString, range));
+    DateMatch match;
     const bool isRead = _private->parse(text, &match);
     if (range)
         range->length = match.length;

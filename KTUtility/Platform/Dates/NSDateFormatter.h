@@ -12,6 +12,10 @@
 
 #include <memory>
 
+namespace KTPrivate {
+class DateFormatterAccess;
+}
+
 /// How much of a date or time a locale's own format shows.
 enum NSDateFormatterStyle : unsigned {
     NSDateFormatterNoStyle = 0,
@@ -186,7 +190,7 @@ public:
                         NSError *error) const;
 
 private:
-    friend class NSDateFormatterAccess;
+    friend class KTPrivate::DateFormatterAccess;
     class Private;
 
     const std::unique_ptr<Private> _private;

@@ -1,9 +1,10 @@
 #include "NSDateFormatter_p.h"
 
-#include "NSCalendarDateFormat_p.h"
-#include "NSDateWriter_p.h"
-#include "NSNaturalLanguageDate_p.h"
+#include "CalendarDateFormat_p.h"
+#include "DateWriter_p.h"
+#include "NaturalLanguageDate_p.h"
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 const NSLocale &NSDateFormatter::Private::knownLocale() const
@@ -13,9 +14,9 @@ const NSLocale &NSDateFormatter::Private::knownLocale() const
     return *locale;
 }
 
-NSDateCustoms NSDateFormatter::Private::customsOfSettings() const
+DateCustoms NSDateFormatter::Private::customsOfSettings() const
 {
-    NSDateCustoms result = customs ? *customs : NSDateCustoms();
+    DateCustoms result = customs ? *customs : DateCustoms();
     if (twoDigitStart.isValid()) {
         const qint64 local = rules().localTimeOf(twoDigitStart.toMSecsSinceEpoch());
         result.twoDigitStartYear = QDateTime::fromMSecsSinceEpoch(local, Qt::UTC).date().year();
@@ -34,9 +35,9 @@ void NSDateFormatter::Private::makeEnvironment() const
         calendar ? calendar->calendarIdentifier() : known.calendarIdentifier();
     const bool isPlain = !customs && !twoDigitStart.isValid() && !calendar;
     if (isPlain)
-        _environment = NSDateEnvironment::environmentOf(known, identifier);
+        _environment = DateEnvironment::environmentOf(known, identifier);
     else
-        _environment = NSDateEnvironment::environmentOf(known, identifier, customsOfSettings());
+        _environment = DateEnvironment::environmentOf(known, identifier, customsOfSettings());
 }
 
 QTimeZone NSDateFormatter::Private::zone() const
@@ -51,10 +52,10 @@ QString NSDateFormatter::Private::patternText() const
     return format.isNull() ? environment().patternOfStyles(dateStyle, timeStyle) : format;
 }
 
-NSDateCustoms &NSDateFormatter::Private::editableCustoms()
+DateCustoms &NSDateFormatter::Private::editableCustoms()
 {
     if (!customs)
-        customs = std::make_unique<NSDateCustoms>();
+        customs = std::make_unique<DateCustoms>();
     settingChanged();
     return *customs;
 }
@@ -77,105 +78,103 @@ QDateTime NSDateFormatter::Private::dateOf(qint64 time) const
 QString NSDateFormatter::Private::stringOf(qint64 time) const
 {
     if (isOldBehavior())
-        return NSCalendarDateFormat::stringOf(patternText(), time, environment(), rules());
+        return CalendarDateFormat::stringOf(patternText(), time, environment(), rules());
     QString text = u""_s;
-    if (!NSDateWriter::write(pattern(), environment(), rules(), time, &text))
-        text = NSDateEngine::engineOf(environment(), rules(), isLenient).stringOf(pattern(), time);
+    if (!DateWriter::write(pattern(), environment(), rules(), time, &text))
+        text = DateEngine::engineOf(environment(), rules(), isLenient).stringOf(pattern(), time);
     return text;
 }
 
-NSDateReading NSDateFormatter::Private::reading() const
+DateReading NSDateFormatter::Private::reading() const
 {
     return {&environment(), &rules(), isLenient, defaultTime};
 }
 
-bool NSDateFormatter::Private::parseFully(const NSDateText &text, NSDateMatch *match) const
+bool NSDateFormatter::Private::parseFully(const DateText &text, DateMatch *match) const
 {
     if (isOldBehavior())
         return parseOld(text, match);
     return parseNew(text, match) || parseBareHour(text, match);
 }
 
-bool NSDateFormatter::Private::parseNew(const NSDateText &text, NSDateMatch *match) const
+bool NSDateFormatter::Private::parseNew(const DateText &text, DateMatch *match) const
 {
-    using NSDateMatcher::Answer;
-    const Answer answer = NSDateMatcher::match(pattern(), reading(), text, match);
+    using DateMatcher::Answer;
+    const Answer answer = DateMatcher::match(pattern(), reading(), text, match);
     if (answer != Answer::Undecided)
         return answer == Answer::Matched;
     return parseWithICU(text, match);
 }
 
-bool NSDateFormatter::Private::parseWithICU(const NSDateText &text, NSDateMatch *match) const
+bool NSDateFormatter::Private::parseWithICU(const DateText &text, DateMatch *match) const
 {
-    NSDateEngine &engine = NSDateEngine::engineOf(environment(), rules(), isLenient);
+    DateEngine &engine = DateEngine::engineOf(environment(), rules(), isLenient);
     return engine.parse(pattern(), text.start(), defaultTime, match);
 }
 
-bool NSDateFormatter::Private::parseBareHour(const NSDateText &text, NSDateMatch *match) const
+bool NSDateFormatter::Private::parseBareHour(const DateText &text, DateMatch *match) const
 {
     return pattern().isBareHour && text.isComplete() &&
-           NSDateMatcher::matchBareHour(reading(), text, match);
+           DateMatcher::matchBareHour(reading(), text, match);
 }
 
-bool NSDateFormatter::Private::parseOld(const NSDateText &text, NSDateMatch *match) const
+bool NSDateFormatter::Private::parseOld(const DateText &text, DateMatch *match) const
 {
-    const bool isRead = NSCalendarDateFormat::parse(patternText(), text.start(), reading(), match);
+    const bool isRead = CalendarDateFormat::parse(patternText(), text.start(), reading(), match);
     const bool isWhole = isRead && text.start().sliced(match->length).trimmed().isEmpty();
     if (isWhole || !allowsNaturalLanguage || !text.isComplete())
         return isRead;
-    NSDateMatch natural;
-    if (!NSNaturalLanguageDate::parse(text.start(), patternText(), reading(), &natural))
+    DateMatch natural;
+    if (!NaturalLanguageDate::parse(text.start(), patternText(), reading(), &natural))
         return isRead;
     *match = natural;
     return true;
 }
 
-bool NSDateFormatterAccess::parse(const NSDateFormatter &formatter, const NSDateText &text,
-                                  NSDateMatch *match)
+bool DateFormatterAccess::parse(const NSDateFormatter &formatter, const DateText &text,
+                                DateMatch *match)
 {
     return formatter._private->parse(text, match);
 }
 
-QDateTime NSDateFormatterAccess::dateOf(const NSDateFormatter &formatter, qint64 time)
+QDateTime DateFormatterAccess::dateOf(const NSDateFormatter &formatter, qint64 time)
 {
     return formatter._private->dateOf(time);
 }
 
-std::optional<bool> NSDateFormatterAccess::parseWithoutICU(const NSDateFormatter &formatter,
-                                                           const NSDateText &text,
-                                                           NSDateMatch *match)
+std::optional<bool> DateFormatterAccess::parseWithoutICU(const NSDateFormatter &formatter,
+                                                         const DateText &text, DateMatch *match)
 {
-    using NSDateMatcher::Answer;
+    using DateMatcher::Answer;
     const NSDateFormatter::Private &settings = *formatter._private;
-    const Answer answer = NSDateMatcher::match(settings.pattern(), settings.reading(), text, match);
+    const Answer answer = DateMatcher::match(settings.pattern(), settings.reading(), text, match);
     return answer == Answer::Undecided ? std::nullopt : std::optional(answer == Answer::Matched);
 }
 
-bool NSDateFormatterAccess::parseWithICU(const NSDateFormatter &formatter, const NSDateText &text,
-                                         NSDateMatch *match)
+bool DateFormatterAccess::parseWithICU(const NSDateFormatter &formatter, const DateText &text,
+                                       DateMatch *match)
 {
     return formatter._private->parseWithICU(text, match);
 }
 
-QString NSDateFormatterAccess::stringWithoutICU(const NSDateFormatter &formatter,
-                                                const QDateTime &date)
+QString DateFormatterAccess::stringWithoutICU(const NSDateFormatter &formatter,
+                                              const QDateTime &date)
 {
     const NSDateFormatter::Private &settings = *formatter._private;
     QString text;
-    const bool isWritten = NSDateWriter::write(settings.pattern(), settings.environment(),
-                                               settings.rules(), date.toMSecsSinceEpoch(), &text);
+    const bool isWritten = DateWriter::write(settings.pattern(), settings.environment(),
+                                             settings.rules(), date.toMSecsSinceEpoch(), &text);
     return isWritten ? text : QString();
 }
 
-QString NSDateFormatterAccess::stringWithICU(const NSDateFormatter &formatter,
-                                             const QDateTime &date)
+QString DateFormatterAccess::stringWithICU(const NSDateFormatter &formatter, const QDateTime &date)
 {
     const NSDateFormatter::Private &settings = *formatter._private;
-    return NSDateEngine::engineOf(settings.environment(), settings.rules(), settings.isLenient)
+    return DateEngine::engineOf(settings.environment(), settings.rules(), settings.isLenient)
         .stringOf(settings.pattern(), date.toMSecsSinceEpoch());
 }
 
-void NSDateFormatterAccess::setClock(qint64 (*clock)())
+void DateFormatterAccess::setClock(qint64 (*clock)())
 {
-    NSNaturalLanguageDate::setClock(clock);
+    NaturalLanguageDate::setClock(clock);
 }

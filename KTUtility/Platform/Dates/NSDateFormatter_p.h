@@ -1,10 +1,10 @@
 #pragma once
 
-#include "NSDateEngine_p.h"
+#include "DateEngine_p.h"
+#include "DateFormatterAccess_p.h"
+#include "DateLead_p.h"
+#include "DateMatcher_p.h"
 #include "NSDateFormatter.h"
-#include "NSDateFormatterAccess_p.h"
-#include "NSDateLead_p.h"
-#include "NSDateMatcher_p.h"
 
 #include <optional>
 
@@ -24,29 +24,29 @@ public:
     bool generatesCalendarDates = false;
     bool allowsNaturalLanguage = false;
     QDateTime twoDigitStart;
-    std::unique_ptr<NSDateCustoms> customs;
+    std::unique_ptr<KTPrivate::DateCustoms> customs;
 
     const NSLocale &knownLocale() const;
-    const NSDateEnvironment &environment() const
+    const KTPrivate::DateEnvironment &environment() const
     {
         if (!_environment)
             makeEnvironment();
         return *_environment;
     }
-    const NSTimeZoneRules &rules() const
+    const KTPrivate::TimeZoneRules &rules() const
     {
         if (!_rules)
-            _rules = &NSTimeZoneRules::rulesOf(zone());
+            _rules = &KTPrivate::TimeZoneRules::rulesOf(zone());
         return *_rules;
     }
-    const NSDatePattern &pattern() const
+    const KTPrivate::DatePattern &pattern() const
     {
         if (!_pattern)
-            _pattern = NSDatePattern::patternOf(patternText());
+            _pattern = KTPrivate::DatePattern::patternOf(patternText());
         return *_pattern;
     }
     QString patternText() const;
-    NSDateCustoms &editableCustoms();
+    KTPrivate::DateCustoms &editableCustoms();
     /// Forgets what was made, because a setting has changed.
     void settingChanged();
     /// Forgets the pattern only.
@@ -58,43 +58,43 @@ public:
     QTimeZone zone() const;
     QDateTime dateOf(qint64 time) const;
     QString stringOf(qint64 time) const;
-    /// Reads a date from the start of \a text; see NSDateFormatterAccess::parse().
-    bool parse(const NSDateText &text, NSDateMatch *match) const
+    /// Reads a date from the start of \a text; see DateFormatterAccess::parse().
+    bool parse(const KTPrivate::DateText &text, KTPrivate::DateMatch *match) const
     {
         return isRefusedAtOnce(text, match) ? false : parseFully(text, match);
     }
-    bool parseWithICU(const NSDateText &text, NSDateMatch *match) const;
-    NSDateReading reading() const;
+    bool parseWithICU(const KTPrivate::DateText &text, KTPrivate::DateMatch *match) const;
+    KTPrivate::DateReading reading() const;
 
 private:
-    bool isRefusedAtOnce(const NSDateText &text, NSDateMatch *match) const;
+    bool isRefusedAtOnce(const KTPrivate::DateText &text, KTPrivate::DateMatch *match) const;
     bool isDecidable() const;
     void makeEnvironment() const;
-    bool parseFully(const NSDateText &text, NSDateMatch *match) const;
-    bool parseNew(const NSDateText &text, NSDateMatch *match) const;
-    bool parseBareHour(const NSDateText &text, NSDateMatch *match) const;
-    bool parseOld(const NSDateText &text, NSDateMatch *match) const;
-    NSDateCustoms customsOfSettings() const;
+    bool parseFully(const KTPrivate::DateText &text, KTPrivate::DateMatch *match) const;
+    bool parseNew(const KTPrivate::DateText &text, KTPrivate::DateMatch *match) const;
+    bool parseBareHour(const KTPrivate::DateText &text, KTPrivate::DateMatch *match) const;
+    bool parseOld(const KTPrivate::DateText &text, KTPrivate::DateMatch *match) const;
+    KTPrivate::DateCustoms customsOfSettings() const;
 
-    mutable std::shared_ptr<const NSDateEnvironment> _environment;
-    mutable const NSTimeZoneRules *_rules = nullptr;
-    mutable std::shared_ptr<const NSDatePattern> _pattern;
+    mutable std::shared_ptr<const KTPrivate::DateEnvironment> _environment;
+    mutable const KTPrivate::TimeZoneRules *_rules = nullptr;
+    mutable std::shared_ptr<const KTPrivate::DatePattern> _pattern;
     mutable std::optional<bool> _isDecidable;
 };
 
 inline bool NSDateFormatter::Private::isDecidable() const
 {
     if (!_isDecidable)
-        _isDecidable = !isOldBehavior() && NSDateMatcher::isDecidable(reading());
+        _isDecidable = !isOldBehavior() && KTPrivate::DateMatcher::isDecidable(reading());
     return *_isDecidable;
 }
 
 /// Small and inline: it decides most attempts.
-inline bool NSDateFormatter::Private::isRefusedAtOnce(const NSDateText &text,
-                                                      NSDateMatch *match) const
+inline bool NSDateFormatter::Private::isRefusedAtOnce(const KTPrivate::DateText &text,
+                                                      KTPrivate::DateMatch *match) const
 {
     if (!isDecidable() || pattern().isBareHour ||
-        !NSDateLead::isRefusedAtOnce(pattern(), environment(), text))
+        !KTPrivate::DateLead::isRefusedAtOnce(pattern(), environment(), text))
         return false;
     match->length = text.lead();
     return true;

@@ -1,23 +1,23 @@
 target_sources(KTUtility PRIVATE
     Platform/Dates/NSCalendar.cpp
-    Platform/Dates/NSCalendarDateReader.cpp
-    Platform/Dates/NSCalendarDateWriter.cpp
-    Platform/Dates/NSCalendarEngine.cpp
+    Platform/Dates/CalendarDateReader.cpp
+    Platform/Dates/CalendarDateWriter.cpp
+    Platform/Dates/CalendarEngine.cpp
     Platform/Dates/NSClock.cpp
-    Platform/Dates/NSDateEngine.cpp
-    Platform/Dates/NSDateEnvironment.cpp
+    Platform/Dates/DateEngine.cpp
+    Platform/Dates/DateEnvironment.cpp
     Platform/Dates/NSDateFormatter.cpp
     Platform/Dates/NSDateFormatterPrivate.cpp
-    Platform/Dates/NSDateMatcher.cpp
-    Platform/Dates/NSDateNames.cpp
-    Platform/Dates/NSDatePattern.cpp
-    Platform/Dates/NSDateSymbols.cpp
-    Platform/Dates/NSDateWriter.cpp
+    Platform/Dates/DateMatcher.cpp
+    Platform/Dates/DateNames.cpp
+    Platform/Dates/DatePattern.cpp
+    Platform/Dates/DateSymbols.cpp
+    Platform/Dates/DateWriter.cpp
     Platform/Dates/NSManualClock.cpp
-    Platform/Dates/NSNaturalLanguageDate.cpp
-    Platform/Dates/NSNaturalLanguageReader.cpp
-    Platform/Dates/NSNaturalLanguageTable.cpp
-    Platform/Dates/NSNaturalLanguageWords.cpp
-    Platform/Dates/NSSeptember.cpp
-    Platform/Dates/NSTimeZoneRules.cpp
+    Platform/Dates/NaturalLanguageDate.cpp
+    Platform/Dates/NaturalLanguageReader.cpp
+    Platform/Dates/NaturalLanguageTable.cpp
+    Platform/Dates/NaturalLanguageWords.cpp
+    Platform/Dates/September.cpp
+    Platform/Dates/TimeZoneRules.cpp
 )

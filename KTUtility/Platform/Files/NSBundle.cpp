@@ -1,7 +1,7 @@
 #include "NSBundle.h"
 
+#include "Module_p.h"
 #include "NSFileManager.h"
-#include "NSModule_p.h"
 #include "NSPathUtilities.h"
 #include "NSPropertyListSerialization.h"
 #include <KTUtility/Platform/Keys/NSClass.h>
@@ -13,6 +13,7 @@
 #include <dirent.h>
 #include <dlfcn.h>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -27,7 +28,7 @@ bool canNameFile(const QString &name)
 /// The code, null while it is not loaded; shared by the copies of a bundle.
 struct NSBundle::Code
 {
-    std::unique_ptr<NSModule> module;
+    std::unique_ptr<Module> module;
 };
 
 NSBundle::NSBundle(const QString &path) : _path(path), _code(std::make_shared<Code>())
@@ -161,7 +162,7 @@ QString NSBundle::openCode()
     if (executable.isNull())
         return u"there is no executable in "_s + _path;
     QString error;
-    _code->module = NSModule::open(executable, _path, &error);
+    _code->module = Module::open(executable, _path, &error);
     return error;
 }
 

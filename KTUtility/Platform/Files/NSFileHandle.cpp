@@ -1,8 +1,10 @@
 #include "NSFileHandle.h"
 
-#include "NSFileOperations_p.h"
+#include "FileOperations_p.h"
 
 #include <unistd.h>
+
+using namespace KTPrivate;
 
 NSFileHandle::NSFileHandle(int descriptor, Ownership ownership) noexcept
     : _descriptor(descriptor), _ownership(ownership)
@@ -19,7 +21,7 @@ bool NSFileHandle::writeData(QByteArrayView data) noexcept
 {
     while (!data.isEmpty()) {
         const ssize_t written =
-            NSUninterrupted([&] { return ::write(_descriptor, data.data(), size_t(data.size())); });
+            uninterrupted([&] { return ::write(_descriptor, data.data(), size_t(data.size())); });
         if (written <= 0)
             return false;
         data = data.sliced(written);
@@ -29,5 +31,5 @@ bool NSFileHandle::writeData(QByteArrayView data) noexcept
 
 bool NSFileHandle::synchronizeFile() noexcept
 {
-    return NSUninterrupted([this] { return ::fsync(_descriptor); }) == 0;
+    return uninterrupted([this] { return ::fsync(_descriptor); }) == 0;
 }

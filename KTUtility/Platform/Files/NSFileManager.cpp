@@ -1,6 +1,6 @@
 #include "NSFileManager.h"
 
-#include "NSFileOperations_p.h"
+#include "FileOperations_p.h"
 #include "NSPathUtilities.h"
 
 #include <QDir>
@@ -10,11 +10,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace KTPrivate;
+
 bool NSFileManager::fileExistsAtPath(const QString &path, bool *isDirectory)
 {
     struct stat status = {};
     const bool exists =
-        NSCanBePath(path) && ::stat(QFile::encodeName(path).constData(), &status) == 0;
+        canBePath(path) && ::stat(QFile::encodeName(path).constData(), &status) == 0;
     if (isDirectory)
         *isDirectory = exists && S_ISDIR(status.st_mode);
     return exists;
@@ -22,30 +24,30 @@ bool NSFileManager::fileExistsAtPath(const QString &path, bool *isDirectory)
 
 bool NSFileManager::isReadableFileAtPath(const QString &path)
 {
-    return NSCanBePath(path) && ::access(QFile::encodeName(path).constData(), R_OK) == 0;
+    return canBePath(path) && ::access(QFile::encodeName(path).constData(), R_OK) == 0;
 }
 
 bool NSFileManager::setPosixPermissions(const QString &path, unsigned permissions)
 {
-    return NSCanBePath(path) && ::chmod(QFile::encodeName(path).constData(), permissions) == 0;
+    return canBePath(path) && ::chmod(QFile::encodeName(path).constData(), permissions) == 0;
 }
 
 bool NSFileManager::createDirectoryAtPath(const QString &path, bool withIntermediateDirectories)
 {
-    if (!NSCanBePath(path))
+    if (!canBePath(path))
         return false;
     return withIntermediateDirectories ? QDir().mkpath(path) : QDir().mkdir(path);
 }
 
 bool NSFileManager::moveItemAtPath(const QString &path, const QString &toPath)
 {
-    return NSCanBePath(path) && NSCanBePath(toPath) &&
-           NSRenameWithoutReplacing(QFile::encodeName(path), QFile::encodeName(toPath)) == 0;
+    return canBePath(path) && canBePath(toPath) &&
+           renameWithoutReplacing(QFile::encodeName(path), QFile::encodeName(toPath)) == 0;
 }
 
 bool NSFileManager::removeItemAtPath(const QString &path)
 {
-    if (!NSCanBePath(path))
+    if (!canBePath(path))
         return false;
     // With a "/" at the end, a link would be the folder that it leads to.
     const QString entry = NSString::stringByAppendingPathComponent(path, QString());

@@ -1,11 +1,11 @@
 #include "NSPropertyListSerialization.h"
 
+#include "FileOperations_p.h"
 #include "NSFileHandle.h"
 #include "NSFileManager.h"
-#include "NSFileOperations_p.h"
 #include "NSPathUtilities.h"
-#include "NSPropertyListFile_p.h"
-#include "NSPropertyListReaders_p.h"
+#include "PropertyListFile_p.h"
+#include "PropertyListReaders_p.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -16,10 +16,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
-using ReadingResult = NSDictionaryReading::Result;
+using ReadingResult = DictionaryReading::Result;
 using NSPropertyListSerialization::MaximumSize;
 
 bool writeAtomically(const QByteArray &bytes, const QString &path)
@@ -39,7 +40,7 @@ QByteArray bytesOf(int file, qsizetype expected)
     QByteArray bytes(std::min(expected, MaximumSize) + 1, Qt::Uninitialized);
     qsizetype size = 0;
     for (ssize_t count = 1; count > 0 && size < bytes.size(); size += count) {
-        count = NSUninterrupted(
+        count = uninterrupted(
             [&] { return ::read(file, bytes.data() + size, size_t(bytes.size() - size)); });
         if (count < 0)
             return {};
@@ -73,10 +74,10 @@ ReadingResult readFile(int file, QByteArray *bytes)
 /// calls.
 ReadingResult readFileAt(const QString &path, QByteArray *bytes)
 {
-    if (!NSCanBePath(path))
+    if (!canBePath(path))
         return ReadingResult::NoFile;
     // Without O_NONBLOCK, a pipe would wait for a writer; and a device may never end.
-    const int file = NSOpen(QFile::encodeName(path), O_RDONLY | O_NONBLOCK);
+    const int file = openFile(QFile::encodeName(path), O_RDONLY | O_NONBLOCK);
     if (file < 0)
         return resultOfOpening(errno);
     const ReadingResult result = readFile(file, bytes);
@@ -87,8 +88,7 @@ ReadingResult readFileAt(const QString &path, QByteArray *bytes)
 /// A new name or a regular file. To replace anything else (a folder, a device) would destroy it.
 bool isWritableTarget(const QString &path)
 {
-    return NSCanBePath(path) &&
-           (!NSFileManager::fileExistsAtPath(path) || QFileInfo(path).isFile());
+    return canBePath(path) && (!NSFileManager::fileExistsAtPath(path) || QFileInfo(path).isFile());
 }
 
 bool writeInPlace(const QByteArray &bytes, const QString &path)
@@ -114,7 +114,7 @@ QVariant NSPropertyListSerialization::propertyListFromData(const QByteArray &dat
     return readXMLPropertyList(data, text);
 }
 
-NSDictionaryReading NSReadDictionary(const QString &path)
+DictionaryReading KTPrivate::readDictionary(const QString &path)
 {
     QByteArray bytes;
     const ReadingResult result = readFileAt(path, &bytes);
@@ -128,7 +128,7 @@ NSDictionaryReading NSReadDictionary(const QString &path)
 
 std::optional<QVariantMap> NSDictionary::dictionaryWithContentsOfFile(const QString &path)
 {
-    const NSDictionaryReading reading = NSReadDictionary(path);
+    const DictionaryReading reading = readDictionary(path);
     return reading.result == ReadingResult::Dictionary ? std::optional(reading.dictionary)
                                                        : std::nullopt;
 }

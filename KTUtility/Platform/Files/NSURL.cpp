@@ -1,10 +1,11 @@
 #include "NSURL.h"
 
-#include <KTUtility/Platform/Text/NSASCII_p.h>
+#include <KTUtility/Platform/Text/ASCII_p.h>
 #include <KTUtility/Platform/Text/NSPercentEscapes.h>
 
 #include <algorithm>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -21,7 +22,7 @@ bool isAllowed(char16_t unit)
 
 bool isSchemeUnit(char16_t unit)
 {
-    return NSASCII::isLetter(unit) || (unit >= u'0' && unit <= u'9') || unit == u'+' ||
+    return ASCII::isLetter(unit) || (unit >= u'0' && unit <= u'9') || unit == u'+' ||
            unit == u'-' || unit == u'.';
 }
 
@@ -49,7 +50,7 @@ QString NSURL::scheme() const
 {
     const qsizetype colon = _text.indexOf(u':');
     const QStringView name = QStringView(_text).first(std::max<qsizetype>(colon, 0));
-    const bool isScheme = !name.isEmpty() && NSASCII::isLetter(name[0].unicode()) &&
+    const bool isScheme = !name.isEmpty() && ASCII::isLetter(name[0].unicode()) &&
                           std::all_of(name.begin(), name.end(),
                                       [](QChar unit) { return isSchemeUnit(unit.unicode()); });
     return isScheme ? name.toString() : QString();

@@ -1,7 +1,7 @@
 #include "NSUserDefaults.h"
 
+#include "DefaultsFile_p.h"
 #include "NSBundle.h"
-#include "NSDefaultsFile_p.h"
 #include "NSPropertyListSerialization.h"
 #include <KTUtility/Platform/Values/NSDecimalNumber.h>
 #include <KTUtility/Platform/Values/NSException.h>
@@ -12,6 +12,7 @@
 #include <QCoreApplication>
 #include <QDir>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 const QString NSArgumentDomain = u"NSArgumentDomain"_s;
@@ -197,8 +198,8 @@ void NSUserDefaults::load()
         if (const auto unsaved = _unsavedDomains.constFind(name);
             unsaved != _unsavedDomains.constEnd())
             return unsaved->value_or(QVariantMap());
-        const NSDictionaryReading reading = NSDefaultsFile::read(name);
-        const bool isRead = reading.result != NSDictionaryReading::Result::Unreadable;
+        const DictionaryReading reading = DefaultsFile::read(name);
+        const bool isRead = reading.result != DictionaryReading::Result::Unreadable;
         return isRead ? reading.dictionary : before;
     };
     QVariantMap stored = domainNamed(_domainName, _application);
@@ -212,7 +213,7 @@ bool NSUserDefaults::save()
     if (_unsavedDomains.contains(_domainName) && !saveDomains())
         return false;
     const bool isSaved =
-        NSDefaultsFile::update(_domainName, [this](QVariantMap &stored) { merge(stored); });
+        DefaultsFile::update(_domainName, [this](QVariantMap &stored) { merge(stored); });
     if (isSaved)
         _unsavedKeys.clear();
     return isSaved;
@@ -224,7 +225,7 @@ bool NSUserDefaults::synchronize()
     const bool keysAreSaved =
         _unsavedKeys.isEmpty() || (!_unsavedDomains.contains(_domainName) && save());
     load();
-    return domainsAreSaved && keysAreSaved && !NSDefaultsFile::folder().isNull();
+    return domainsAreSaved && keysAreSaved && !DefaultsFile::folder().isNull();
 }
 
 /// Writes or removes the domains that wait for it.
@@ -233,8 +234,8 @@ bool NSUserDefaults::saveDomains()
     _unsavedDomains.removeIf([](const auto &entry) {
         const std::optional<QVariantMap> &domain = entry.value();
         if (!domain)
-            return NSDefaultsFile::remove(entry.key());
-        return NSDefaultsFile::update(entry.key(), [&](QVariantMap &stored) { stored = *domain; });
+            return DefaultsFile::remove(entry.key());
+        return DefaultsFile::update(entry.key(), [&](QVariantMap &stored) { stored = *domain; });
     });
     return _unsavedDomains.isEmpty();
 }
@@ -248,8 +249,8 @@ std::optional<QVariantMap> NSUserDefaults::persistentDomainForName(const QString
         return _application;
     if (const auto unsaved = _unsavedDomains.constFind(name); unsaved != _unsavedDomains.constEnd())
         return *unsaved;
-    const NSDictionaryReading reading = NSDefaultsFile::read(name);
-    const bool isStored = reading.result == NSDictionaryReading::Result::Dictionary;
+    const DictionaryReading reading = DefaultsFile::read(name);
+    const bool isStored = reading.result == DictionaryReading::Result::Dictionary;
     return isStored ? std::optional(reading.dictionary) : std::nullopt;
 }
 
@@ -285,7 +286,7 @@ void NSUserDefaults::removePersistentDomainForName(const QString &name)
 QStringList NSUserDefaults::persistentDomainNames() const
 {
     QStringList names;
-    const QString folder = NSDefaultsFile::folder();
+    const QString folder = DefaultsFile::folder();
     if (folder.isNull())
         return names;
     for (const QString &file : QDir(folder).entryList({u"*.plist"_s}, QDir::Files, QDir::Name))

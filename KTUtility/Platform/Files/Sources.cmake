@@ -1,17 +1,17 @@
 target_sources(KTUtility PRIVATE
     Platform/Files/NSBundle.cpp
-    Platform/Files/NSDefaultsFile.cpp
-    Platform/Files/NSFileCopy.cpp
+    Platform/Files/DefaultsFile.cpp
+    Platform/Files/FileCopy.cpp
     Platform/Files/NSFileHandle.cpp
     Platform/Files/NSFileManager.cpp
-    Platform/Files/NSFileRename.cpp
-    Platform/Files/NSModule.cpp
+    Platform/Files/FileRename.cpp
+    Platform/Files/Module.cpp
     Platform/Files/NSPathUtilities.cpp
-    Platform/Files/NSPropertyListBinaryReader.cpp
-    Platform/Files/NSPropertyListQuickReader.cpp
+    Platform/Files/PropertyListBinaryReader.cpp
+    Platform/Files/PropertyListQuickReader.cpp
     Platform/Files/NSPropertyListSerialization.cpp
-    Platform/Files/NSPropertyListWriter.cpp
-    Platform/Files/NSPropertyListXMLReader.cpp
+    Platform/Files/PropertyListWriter.cpp
+    Platform/Files/PropertyListXMLReader.cpp
     Platform/Files/NSSearchPath.cpp
     Platform/Files/NSURL.cpp
     Platform/Files/NSURLConnection.cpp

@@ -1,13 +1,15 @@
 #include "NSKeyAccessor.h"
 
+#include "KeyValueOperators_p.h"
 #include "NSKeyValueCodingObject.h"
-#include "NSKeyValueOperators_p.h"
 #include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 
 #include <QMetaMethod>
 #include <QMetaProperty>
+
+using namespace KTPrivate;
 
 namespace {
 const QVariant Nil;

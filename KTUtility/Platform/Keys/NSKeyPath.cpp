@@ -1,13 +1,14 @@
 #include "NSKeyAccessor.h"
 
+#include "KeyValueOperators_p.h"
 #include "NSCollections.h"
-#include "NSKeyValueOperators_p.h"
 #include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/Platform/Values/NSStringValues.h>
 
 #include <algorithm>
 #include <cmath>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -55,12 +56,12 @@ QVariantList withoutNull(QVariantList values)
 }
 } // namespace
 
-bool isCollectionOperator(const QString &key)
+bool KTPrivate::isCollectionOperator(const QString &key)
 {
     return key.startsWith(u'@') && key != u"@count";
 }
 
-QVariant applyCollectionOperator(const QString &key, const QVariantList &values)
+QVariant KTPrivate::applyCollectionOperator(const QString &key, const QVariantList &values)
 {
     if (key == u"@sum")
         return sumOf(values);

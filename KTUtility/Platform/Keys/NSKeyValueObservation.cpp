@@ -1,13 +1,15 @@
 #include "NSKeyValueObservation.h"
 
-#include "NSKeyPathObserver_p.h"
+#include "KeyPathObserver_p.h"
+
+using namespace KTPrivate;
 
 NSKeyValueObservation::NSKeyValueObservation() = default;
 NSKeyValueObservation::NSKeyValueObservation(NSKeyValueObservation &&other) noexcept = default;
 
 NSKeyValueObservation::NSKeyValueObservation(QObject *object, const QString &keyPath,
                                              NSKeyValueObservingOptions options, Callback callback)
-    : _observer(std::make_shared<NSKeyPathObserver>(object, keyPath, options, std::move(callback)))
+    : _observer(std::make_shared<KeyPathObserver>(object, keyPath, options, std::move(callback)))
 {
     _observer->start();
 }

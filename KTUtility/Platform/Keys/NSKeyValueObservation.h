@@ -9,7 +9,9 @@
 #include <functional>
 #include <memory>
 
-class NSKeyPathObserver;
+namespace KTPrivate {
+class KeyPathObserver;
+}
 
 /// Calls a function whenever the value at a key path of an object changes, as long as it lives.
 ///
@@ -54,5 +56,5 @@ public:
     void invalidate();
 
 private:
-    std::shared_ptr<NSKeyPathObserver> _observer;
+    std::shared_ptr<KTPrivate::KeyPathObserver> _observer;
 };

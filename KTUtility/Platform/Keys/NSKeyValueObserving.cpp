@@ -1,11 +1,13 @@
 #include "NSKeyValueObserving.h"
 
 #include "NSKeyValueTarget.h"
-#include "NSObservedKey_p.h"
+#include "ObservedKey_p.h"
 #include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 
 #include <algorithm>
+
+using namespace KTPrivate;
 
 NSKeyValueObserver::NSKeyValueObserver() = default;
 NSKeyValueObserver::~NSKeyValueObserver() = default;
@@ -15,8 +17,9 @@ void NSKeyValueObserver::observeValueForKeyPath(const QString &, QObject *,
 {
 }
 
+namespace KTPrivate {
 /// Adds to and takes from an observer's registrations.
-class NSKeyValueObserverAccess
+class KeyValueObserverAccess
 {
 public:
     static void add(NSKeyValueObserver *observer, QObject *object, const QString &keyPath,
@@ -46,19 +49,20 @@ public:
         return true;
     }
 };
+} // namespace KTPrivate
 
 void NSKeyValueObserving::addObserver(QObject *object, NSKeyValueObserver *observer,
                                       const QString &forKeyPath, NSKeyValueObservingOptions options,
                                       const QString &context)
 {
     if (object && observer)
-        NSKeyValueObserverAccess::add(observer, object, forKeyPath, options, context);
+        KeyValueObserverAccess::add(observer, object, forKeyPath, options, context);
 }
 
 void NSKeyValueObserving::removeObserver(QObject *object, NSKeyValueObserver *observer,
                                          const QString &forKeyPath)
 {
-    if (!object || NSKeyValueObserverAccess::remove(observer, object, forKeyPath))
+    if (!object || KeyValueObserverAccess::remove(observer, object, forKeyPath))
         return;
     NSException::raise(
         NSRangeException,
@@ -80,23 +84,23 @@ void NSKeyValueObserving::didChangeValueForKey(QObject *object, const QString &k
 void NSKeyValueObserving::willChange(NSKeyValueChangeKind kind, QObject *object,
                                      const QList<qsizetype> &valuesAtIndexes, const QString &forKey)
 {
-    if (NSObservedKey *const observed = NSObservedKey::existing(object, forKey))
+    if (ObservedKey *const observed = ObservedKey::existing(object, forKey))
         observed->willChange(kind, valuesAtIndexes);
 }
 
 void NSKeyValueObserving::didChange(NSKeyValueChangeKind kind, QObject *object,
                                     const QList<qsizetype> &valuesAtIndexes, const QString &forKey)
 {
-    if (NSObservedKey *const observed = NSObservedKey::existing(object, forKey))
+    if (ObservedKey *const observed = ObservedKey::existing(object, forKey))
         observed->didChange(kind, valuesAtIndexes);
 }
 
 void NSKeyValueObserving::didChangeAllValues(QObject *object)
 {
-    QList<QPointer<NSObservedKey>> keys;
-    for (NSObservedKey *const key : NSObservedKey::allOf(object))
+    QList<QPointer<ObservedKey>> keys;
+    for (ObservedKey *const key : ObservedKey::allOf(object))
         keys += key;
-    for (const QPointer<NSObservedKey> &key : std::as_const(keys)) {
+    for (const QPointer<ObservedKey> &key : std::as_const(keys)) {
         if (key)
             key->didChange(NSKeyValueChangeSetting, {});
     }

@@ -8,6 +8,10 @@
 
 #include <list>
 
+namespace KTPrivate {
+class KeyValueObserverAccess;
+}
+
 /// Is told of changes to what it observes; see NSKeyValueObserving::addObserver(). Its observations
 /// end with it.
 ///
@@ -27,7 +31,7 @@ public:
                                         const NSKeyValueChange &change, const QString &context);
 
 private:
-    friend class NSKeyValueObserverAccess;
+    friend class KTPrivate::KeyValueObserverAccess;
     struct Registration
     {
         QString keyPath;

@@ -1,12 +1,14 @@
 #include "NSPredicate.h"
 
 #include "NSKeyValueCoding.h"
-#include "NSPredicateParser_p.h"
+#include "PredicateParser_p.h"
 #include <KTUtility/Platform/Values/NSObject.h>
 
 #include <QRegularExpression>
 
 #include <algorithm>
+
+using namespace KTPrivate;
 
 namespace {
 /// A text as it is compared: without case or diacritics where they do not count.
@@ -106,8 +108,8 @@ bool compareTexts(const QString &comparison, const QString &left, const QString 
 }
 } // namespace
 
-bool NSPredicateOperators::compare(const QString &comparison, const QString &options,
-                                   const QVariant &left, const QVariant &right)
+bool PredicateOperators::compare(const QString &comparison, const QString &options,
+                                 const QVariant &left, const QVariant &right)
 {
     if (comparison == u"=" || comparison == u"==")
         return isEqual(left, right, options);
@@ -137,7 +139,7 @@ NSPredicate NSPredicate::predicateWithBlock(Block block)
 
 NSPredicate NSPredicate::predicateWithFormat(QStringView format, const QVariantList &arguments)
 {
-    return NSPredicate(NSPredicateParser(format, arguments).parse());
+    return NSPredicate(PredicateParser(format, arguments).parse());
 }
 
 NSPredicate NSPredicate::predicateWithValue(bool value)

@@ -1,14 +1,15 @@
 #include "NSNumberFormatter.h"
 
-#include "NSNumberEngine_p.h"
 #include "NSNumberFormatter_p.h"
-#include "NSNumberText_p.h"
+#include "NumberEngine_p.h"
+#include "NumberText_p.h"
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 
 #include <algorithm>
 #include <cmath>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -21,17 +22,17 @@ struct ReadNumber
     NSDecimalNumber decimal;
 };
 
-NSDecimalNumber decimalOf(const NSNumberReader::Result &result)
+NSDecimalNumber decimalOf(const NumberReader::Result &result)
 {
     return NSDecimalNumber::decimalNumberWithMantissa(result.coefficient, -result.fractionDigits,
                                                       result.isNegative);
 }
 
-ReadNumber numberOf(const NSNumberReader::Result &result, qsizetype textLength)
+ReadNumber numberOf(const NumberReader::Result &result, qsizetype textLength)
 {
     ReadNumber number;
     number.range = {result.begin, result.end - result.begin};
-    number.isNumber = result.outcome == NSNumberReader::Number;
+    number.isNumber = result.outcome == NumberReader::Number;
     if (!number.isNumber)
         return number;
     number.decimal = decimalOf(result);
@@ -39,7 +40,7 @@ ReadNumber numberOf(const NSNumberReader::Result &result, qsizetype textLength)
     return number;
 }
 
-ReadNumber numberOf(const NSNumberReading &reading, NSRange range)
+ReadNumber numberOf(const NumberReading &reading, NSRange range)
 {
     ReadNumber number;
     number.range = range;
@@ -50,10 +51,10 @@ ReadNumber numberOf(const NSNumberReading &reading, NSRange range)
     return number;
 }
 
-ReadNumber readWithICU(const NSNumberEngine &engine, QStringView text)
+ReadNumber readWithICU(const NumberEngine &engine, QStringView text)
 {
-    const NSNumberText squeezed(text);
-    const NSNumberReading reading = engine.read(squeezed.squeezed());
+    const NumberText squeezed(text);
+    const NumberReading reading = engine.read(squeezed.squeezed());
     const qsizetype end = squeezed.endOf(reading.length);
     ReadNumber number = numberOf(reading, {squeezed.begin(), end - squeezed.begin()});
     number.isInteger = reading.isInteger && end == text.size();
@@ -61,16 +62,16 @@ ReadNumber readWithICU(const NSNumberEngine &engine, QStringView text)
     if (isWhole || !engine.hasBlankInCurrencySign() || squeezed.isUnchanged(text))
         return number;
     // The first try has squeezed out the blank of the sign, too ("$ US").
-    const NSNumberReading exact = engine.read(text.mid(squeezed.begin()));
+    const NumberReading exact = engine.read(text.mid(squeezed.begin()));
     const bool isBetter = exact.isNumber && exact.length > number.range.length;
     return isBetter ? numberOf(exact, {squeezed.begin(), exact.length}) : number;
 }
 
-ReadNumber readNumber(const NSNumberEngine &engine, QStringView text)
+ReadNumber readNumber(const NumberEngine &engine, QStringView text)
 {
     if (engine.reader()) {
-        const NSNumberReader::Result result = engine.reader()->read(text);
-        if (result.outcome != NSNumberReader::Undecided)
+        const NumberReader::Result result = engine.reader()->read(text);
+        if (result.outcome != NumberReader::Undecided)
             return numberOf(result, text.size());
     }
     return readWithICU(engine, text);
@@ -143,8 +144,8 @@ QString NSNumberFormatter::stringForObjectValue(const QVariant &value) const
 {
     if (!NSObject::isNumber(value))
         return NSObject::isNil(value) ? _nilSymbol : QString();
-    const NSNumberEngine &engine = _private->engine();
-    NSNumberDigits digits;
+    const NumberEngine &engine = _private->engine();
+    NumberDigits digits;
     if (_zeroSymbol.isNull() && engine.writer() && digits.take(value) &&
         digits.pointPosition <= engine.writer()->maximumIntegerDigits)
         return engine.writer()->write(digits);
@@ -185,12 +186,12 @@ bool NSNumberFormatter::getObjectValue(QVariant *value, const QString &forString
     const qsizetype start = range ? std::clamp<qsizetype>(range->location, 0, all.size()) : 0;
     const qsizetype length =
         range ? std::clamp<qsizetype>(range->length, 0, all.size() - start) : all.size();
-    const QStringView text = all.mid(start, std::min(length, NSNumberText::MaximumLength));
+    const QStringView text = all.mid(start, std::min(length, NumberText::MaximumLength));
     ReadNumber number;
     if (!_zeroSymbol.isNull() && text == _zeroSymbol)
         number = {{0, text.size()}, true, true, {}};
     else
-        number = _private->read([text](const NSNumberEngine &engine) {
+        number = _private->read([text](const NumberEngine &engine) {
             const ReadNumber read = readNumber(engine, text);
             return std::pair(read.isNumber ? read.range.end() : -1, read);
         });

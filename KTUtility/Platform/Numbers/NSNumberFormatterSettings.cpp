@@ -1,12 +1,13 @@
 #include "NSNumberFormatter.h"
 
 #include "NSNumberFormatter_p.h"
-#include <KTUtility/Platform/Text/NSICU_p.h>
+#include <KTUtility/Platform/Text/ICU_p.h>
 
 #include <unicode/dcfmtsym.h>
 
 #include <algorithm>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 // The settings of the number formatter: what is not set is asked of the engine.
@@ -18,16 +19,16 @@ namespace {
 constexpr qsizetype MaximumPatternLength = 1024;
 constexpr int MaximumFillDigits = 999; // as in ICU
 
-QString affixOf(const NSNumberEngine &engine,
+QString affixOf(const NumberEngine &engine,
                 icu::UnicodeString &(DecimalFormat::*get)(icu::UnicodeString &) const)
 {
     icu::UnicodeString text;
-    return engine.decimalFormat() ? NSICU::stringOf((engine.decimalFormat()->*get)(text)) : u""_s;
+    return engine.decimalFormat() ? ICU::stringOf((engine.decimalFormat()->*get)(text)) : u""_s;
 }
 
 /// A number of ICU's, 0 for numbers in words.
 template<typename Result, typename Class>
-Result numberOf(const NSNumberEngine &engine, Result (Class::*get)() const)
+Result numberOf(const NumberEngine &engine, Result (Class::*get)() const)
 {
     return engine.decimalFormat() ? (engine.decimalFormat()->*get)() : Result();
 }
@@ -269,7 +270,7 @@ void NSNumberFormatter::setAlwaysShowsDecimalSeparator(bool shows)
 // --- Signs and separators
 
 void NSNumberFormatter::Private::setAffix(
-    QString NSNumberSettings::*affix, const QString &text,
+    QString NumberSettings::*affix, const QString &text,
     icu::UnicodeString &(DecimalFormat::*get)(icu::UnicodeString &) const)
 {
     settings.*affix = QString();
@@ -278,7 +279,7 @@ void NSNumberFormatter::Private::setAffix(
         settings.*affix = text;
     } else if (affixOf(engine(), get) != text) {
         const QString symbol = engine().symbol(Symbols::kCurrencySymbol);
-        const QString placeholder = QString(QChar(NSNumberSettings::CurrencySign));
+        const QString placeholder = QString(QChar(NumberSettings::CurrencySign));
         settings.*affix = symbol.isEmpty() ? text : QString(text).replace(symbol, placeholder);
     }
     variantChanged();
@@ -291,8 +292,7 @@ QString NSNumberFormatter::positivePrefix() const
 
 void NSNumberFormatter::setPositivePrefix(const QString &prefix)
 {
-    _private->setAffix(&NSNumberSettings::positivePrefix, prefix,
-                       &DecimalFormat::getPositivePrefix);
+    _private->setAffix(&NumberSettings::positivePrefix, prefix, &DecimalFormat::getPositivePrefix);
     _private->changed();
 }
 
@@ -303,8 +303,7 @@ QString NSNumberFormatter::positiveSuffix() const
 
 void NSNumberFormatter::setPositiveSuffix(const QString &suffix)
 {
-    _private->setAffix(&NSNumberSettings::positiveSuffix, suffix,
-                       &DecimalFormat::getPositiveSuffix);
+    _private->setAffix(&NumberSettings::positiveSuffix, suffix, &DecimalFormat::getPositiveSuffix);
     _private->changed();
 }
 
@@ -315,8 +314,7 @@ QString NSNumberFormatter::negativePrefix() const
 
 void NSNumberFormatter::setNegativePrefix(const QString &prefix)
 {
-    _private->setAffix(&NSNumberSettings::negativePrefix, prefix,
-                       &DecimalFormat::getNegativePrefix);
+    _private->setAffix(&NumberSettings::negativePrefix, prefix, &DecimalFormat::getNegativePrefix);
 }
 
 QString NSNumberFormatter::negativeSuffix() const
@@ -326,8 +324,7 @@ QString NSNumberFormatter::negativeSuffix() const
 
 void NSNumberFormatter::setNegativeSuffix(const QString &suffix)
 {
-    _private->setAffix(&NSNumberSettings::negativeSuffix, suffix,
-                       &DecimalFormat::getNegativeSuffix);
+    _private->setAffix(&NumberSettings::negativeSuffix, suffix, &DecimalFormat::getNegativeSuffix);
 }
 
 QString NSNumberFormatter::decimalSeparator() const

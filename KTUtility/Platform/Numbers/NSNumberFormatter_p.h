@@ -1,8 +1,8 @@
 #pragma once
 
-#include "NSNumberEngine_p.h"
 #include "NSNumberFormatter.h"
-#include "NSNumberSettings_p.h"
+#include "NumberEngine_p.h"
+#include "NumberSettings_p.h"
 
 #include <QVarLengthArray>
 
@@ -40,11 +40,11 @@ struct NSNumberFormatter::Private
 
     /// Sets one of the affixes. With a currency, its sign becomes a placeholder, so that a later
     /// currency reaches it, and what is the pattern's own anyway is not set.
-    void setAffix(QString NSNumberSettings::*affix, const QString &text,
+    void setAffix(QString KTPrivate::NumberSettings::*affix, const QString &text,
                   icu::UnicodeString &(icu::DecimalFormat::*get)(icu::UnicodeString &) const);
 
     /// The engine for the settings.
-    const NSNumberEngine &engine() const
+    const KTPrivate::NumberEngine &engine() const
     {
         if (!_current)
             _current = &engineIn(_variants, false);
@@ -59,7 +59,7 @@ struct NSNumberFormatter::Private
     {
         if (settings.currencySymbol.isNull())
             return attempt(engine()).second;
-        const NSNumberEngine &own = engineIn(_currencyVariants, true);
+        const KTPrivate::NumberEngine &own = engineIn(_currencyVariants, true);
         const bool isStale = settings.currencyCode != codeOfSymbol;
         if (isStale ||
             own.symbol(icu::DecimalFormatSymbols::kCurrencySymbol) == settings.currencySymbol)
@@ -70,7 +70,7 @@ struct NSNumberFormatter::Private
                                                            : withGivenSymbol.second;
     }
 
-    NSNumberSettings settings;
+    KTPrivate::NumberSettings settings;
     /// The currency when its sign was set.
     QString codeOfSymbol;
 
@@ -80,7 +80,7 @@ private:
         QString negativePrefix;
         QString negativeSuffix;
         std::optional<bool> usesGroupingSeparator;
-        std::shared_ptr<const NSNumberEngine> engine;
+        std::shared_ptr<const KTPrivate::NumberEngine> engine;
     };
     using Variants = QVarLengthArray<Variant, 4>;
 
@@ -93,7 +93,7 @@ private:
                variant.negativeSuffix.isNull() == settings.negativeSuffix.isNull();
     }
 
-    const NSNumberEngine &engineIn(Variants &variants, bool withOwnSymbol) const
+    const KTPrivate::NumberEngine &engineIn(Variants &variants, bool withOwnSymbol) const
     {
         for (const Variant &variant : variants) {
             if (isCurrent(variant))
@@ -102,15 +102,16 @@ private:
         constexpr int MaximumVariants = 16;
         if (variants.size() >= MaximumVariants)
             variants.clear();
-        NSNumberSettings wanted = settings;
+        KTPrivate::NumberSettings wanted = settings;
         if (withOwnSymbol)
             wanted.currencySymbol = QString();
         variants.append({settings.negativePrefix, settings.negativeSuffix,
-                         settings.usesGroupingSeparator, NSNumberEngine::engineFor(wanted)});
+                         settings.usesGroupingSeparator,
+                         KTPrivate::NumberEngine::engineFor(wanted)});
         return *variants.last().engine;
     }
 
-    mutable const NSNumberEngine *_current = nullptr;
+    mutable const KTPrivate::NumberEngine *_current = nullptr;
     mutable Variants _variants;
     mutable Variants _currencyVariants;
 };

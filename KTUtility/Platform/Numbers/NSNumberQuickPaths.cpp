@@ -1,10 +1,12 @@
-#include "NSNumberEngine_p.h"
-#include "NSNumberText_p.h"
-#include <KTUtility/Platform/Text/NSICU_p.h>
+#include "NumberEngine_p.h"
+#include "NumberText_p.h"
+#include <KTUtility/Platform/Text/ICU_p.h>
 
 #include <unicode/dcfmtsym.h>
 
 #include <algorithm>
+
+using namespace KTPrivate;
 
 // How an engine's numbers are read and written without it: what the quick paths need is taken from
 // ICU's own symbols and texts.
@@ -29,7 +31,7 @@ struct Sample
 Sample sampleOf(const DecimalFormat &format, int64_t number, char16_t zeroDigit)
 {
     icu::UnicodeString text;
-    const QString sample = NSICU::stringOf(format.format(number, text));
+    const QString sample = ICU::stringOf(format.format(number, text));
     const auto isDigit = [zeroDigit](QChar unit) {
         return unit.unicode() >= zeroDigit && unit.unicode() <= zeroDigit + 9;
     };
@@ -51,7 +53,7 @@ std::optional<char16_t> zeroDigitOf(const DecimalFormatSymbols &symbols)
 }
 
 /// A currency's sign keeps a distance from digits only, so that money has to start with one.
-bool hasQuickText(const NSNumberSettings &settings, const DecimalFormat &format)
+bool hasQuickText(const NumberSettings &settings, const DecimalFormat &format)
 {
     const bool isMoney =
         settings.style == NSNumberFormatterCurrencyStyle && format.getMinimumIntegerDigits() > 0;
@@ -62,7 +64,7 @@ bool hasQuickText(const NSNumberSettings &settings, const DecimalFormat &format)
 }
 
 /// \return false if ICU's text has no digits of the writer's script.
-bool takeAffixes(NSNumberWriter &writer, const DecimalFormat &format)
+bool takeAffixes(NumberWriter &writer, const DecimalFormat &format)
 {
     const Sample positive = sampleOf(format, 1, writer.zeroDigit);
     const Sample negative = sampleOf(format, -1, writer.zeroDigit);
@@ -73,17 +75,17 @@ bool takeAffixes(NSNumberWriter &writer, const DecimalFormat &format)
     return positive.hasDigits && negative.hasDigits;
 }
 
-void takeSeparators(NSNumberWriter &writer, const DecimalFormatSymbols &symbols, bool isForMoney)
+void takeSeparators(NumberWriter &writer, const DecimalFormatSymbols &symbols, bool isForMoney)
 {
-    writer.decimalSeparator = NSICU::stringOf(
+    writer.decimalSeparator = ICU::stringOf(
         symbols.getConstSymbol(isForMoney ? DecimalFormatSymbols::kMonetarySeparatorSymbol
                                           : DecimalFormatSymbols::kDecimalSeparatorSymbol));
-    writer.groupingSeparator = NSICU::stringOf(
+    writer.groupingSeparator = ICU::stringOf(
         symbols.getConstSymbol(isForMoney ? DecimalFormatSymbols::kMonetaryGroupingSeparatorSymbol
                                           : DecimalFormatSymbols::kGroupingSeparatorSymbol));
 }
 
-void takeDigits(NSNumberWriter &writer, const DecimalFormat &format)
+void takeDigits(NumberWriter &writer, const DecimalFormat &format)
 {
     writer.roundingMode = int(format.getRoundingMode());
     writer.minimumIntegerDigits = format.getMinimumIntegerDigits();
@@ -93,17 +95,17 @@ void takeDigits(NSNumberWriter &writer, const DecimalFormat &format)
 }
 
 /// Some locales do not group numbers of four digits; a sample tells.
-bool groupsLeastNumber(const NSNumberWriter &writer, const DecimalFormat &format)
+bool groupsLeastNumber(const NumberWriter &writer, const DecimalFormat &format)
 {
     constexpr int MaximumPower = 15;
     int64_t leastGrouped = 1;
     for (int digit = 0; digit < std::min(writer.groupingSize, MaximumPower); ++digit)
         leastGrouped *= 10;
     icu::UnicodeString text;
-    return NSICU::stringOf(format.format(leastGrouped, text)).contains(writer.groupingSeparator);
+    return ICU::stringOf(format.format(leastGrouped, text)).contains(writer.groupingSeparator);
 }
 
-void takeGroups(NSNumberWriter &writer, const DecimalFormat &format)
+void takeGroups(NumberWriter &writer, const DecimalFormat &format)
 {
     if (format.isGroupingUsed())
         writer.groupingSize = std::max(format.getGroupingSize(), 0);
@@ -113,12 +115,11 @@ void takeGroups(NSNumberWriter &writer, const DecimalFormat &format)
         writer.minimumGroupingDigits = 2;
 }
 
-std::optional<NSNumberWriter> writerFor(const NSNumberSettings &settings,
-                                        const DecimalFormat &format)
+std::optional<NumberWriter> writerFor(const NumberSettings &settings, const DecimalFormat &format)
 {
     const DecimalFormatSymbols &symbols = *format.getDecimalFormatSymbols();
     const std::optional<char16_t> zeroDigit = zeroDigitOf(symbols);
-    NSNumberWriter writer;
+    NumberWriter writer;
     writer.zeroDigit = zeroDigit.value_or(u'0');
     if (!zeroDigit || !hasQuickText(settings, format) || !takeAffixes(writer, format))
         return std::nullopt;
@@ -128,7 +129,7 @@ std::optional<NSNumberWriter> writerFor(const NSNumberSettings &settings,
     return writer;
 }
 
-bool hasQuickReading(const NSNumberSettings &settings)
+bool hasQuickReading(const NumberSettings &settings)
 {
     const bool isMinus = settings.negativePrefix.isNull() || settings.negativePrefix == u"-";
     const bool isPlainSuffix = settings.negativeSuffix.isEmpty();
@@ -149,11 +150,10 @@ char16_t asciiSeparator(const icu::UnicodeString &symbol)
     return isKnown ? symbol[0] : u'\0';
 }
 
-std::optional<NSNumberReader> readerFor(const NSNumberSettings &settings,
-                                        const DecimalFormat &format)
+std::optional<NumberReader> readerFor(const NumberSettings &settings, const DecimalFormat &format)
 {
     const DecimalFormatSymbols &symbols = *format.getDecimalFormatSymbols();
-    NSNumberReader reader;
+    NumberReader reader;
     reader.decimalSeparator =
         asciiSeparator(symbols.getConstSymbol(DecimalFormatSymbols::kDecimalSeparatorSymbol));
     if (!hasQuickReading(settings) || reader.decimalSeparator == 0)
@@ -173,7 +173,7 @@ std::optional<NSNumberReader> readerFor(const NSNumberSettings &settings,
 }
 } // namespace
 
-void NSNumberEngine::preparePaths(const NSNumberSettings &settings)
+void NumberEngine::preparePaths(const NumberSettings &settings)
 {
     const auto separator = settings.isForMoney() ? DecimalFormatSymbols::kMonetarySeparatorSymbol
                                                  : DecimalFormatSymbols::kDecimalSeparatorSymbol;
@@ -181,7 +181,7 @@ void NSNumberEngine::preparePaths(const NSNumberSettings &settings)
     _decimalSeparator = text.isEmpty() ? u'.' : text[0];
     const QString sign = symbol(DecimalFormatSymbols::kCurrencySymbol);
     _hasBlankInCurrencySign =
-        settings.isForMoney() && std::any_of(sign.begin(), sign.end(), NSNumberText::isBlank);
+        settings.isForMoney() && std::any_of(sign.begin(), sign.end(), NumberText::isBlank);
     _writer = writerFor(settings, *_decimalFormat);
     _reader = readerFor(settings, *_decimalFormat);
 }

@@ -1,6 +1,6 @@
 #include "NSDecimalNumber.h"
 
-#include "NSDecimalParts_p.h"
+#include "DecimalParts_p.h"
 #include "NSObject.h"
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 #include <KTUtility/Platform/Text/NSLocale.h>
@@ -12,14 +12,15 @@
 #include <limits>
 #include <optional>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
-using Coefficient = NSCoefficient;
+using Coefficient = Coefficient;
 
-using NSDecimalArithmetic::powerOfTen;
+using DecimalArithmetic::powerOfTen;
 
-constexpr int MaximumDigits = NSDecimalParts::MaximumDigits;
+constexpr int MaximumDigits = DecimalParts::MaximumDigits;
 constexpr int MinimumExponent = -128;
 constexpr int MaximumExponent = 127;
 
@@ -187,7 +188,7 @@ NSDecimalNumber checked(Coefficient coefficient, qint64 exponent, bool isNegativ
         lowerExponent(coefficient, exponent);
     if (exponent < MinimumExponent || exponent > MaximumExponent)
         return NSDecimalNumber::notANumber();
-    return NSDecimalParts{coefficient, int(exponent), isNegative}.number();
+    return DecimalParts{coefficient, int(exponent), isNegative}.number();
 }
 } // namespace
 
@@ -222,12 +223,12 @@ NSDecimalNumber NSDecimalNumber::decimalNumberWithMantissa(quint64 mantissa, int
     return checked(mantissa, exponent, isNegative);
 }
 
-NSDecimalParts NSDecimalParts::of(const NSDecimalNumber &number)
+DecimalParts DecimalParts::of(const NSDecimalNumber &number)
 {
     return {joined(number._high, number._low), number._exponent, number._isNegative};
 }
 
-NSDecimalNumber NSDecimalParts::number() const
+NSDecimalNumber DecimalParts::number() const
 {
     Coefficient digits = coefficient;
     qint64 power = exponent;
@@ -268,7 +269,7 @@ NSDecimalNumber NSDecimalNumber::decimalNumberWithNumber(const QVariant &number)
 
 NSDecimalNumber NSDecimalNumber::maximumDecimalNumber()
 {
-    return NSDecimalParts{powerOfTen(MaximumDigits) - 1, MaximumExponent, false}.number();
+    return DecimalParts{powerOfTen(MaximumDigits) - 1, MaximumExponent, false}.number();
 }
 
 NSDecimalNumber NSDecimalNumber::minimumDecimalNumber()
@@ -281,7 +282,7 @@ QString NSDecimalNumber::description() const
     if (_isNaN)
         return u"NaN"_s;
     std::array<char, 40> buffer;
-    const std::string_view digits = NSDecimalArithmetic::digits(joined(_high, _low), buffer);
+    const std::string_view digits = DecimalArithmetic::digits(joined(_high, _low), buffer);
     const int count = int(digits.size());
     const int zeros = std::max<int>(_exponent, 0);
     const int places = std::max<int>(-_exponent, 0);
@@ -310,7 +311,7 @@ double NSDecimalNumber::doubleValue() const
     if (_isNaN)
         return std::numeric_limits<double>::quiet_NaN();
     std::array<char, 40> buffer;
-    const std::string_view digits = NSDecimalArithmetic::digits(joined(_high, _low), buffer);
+    const std::string_view digits = DecimalArithmetic::digits(joined(_high, _low), buffer);
     std::array<char, 64> text{};
     char *end = std::copy(digits.begin(), digits.end(), text.data());
     *end++ = 'e';
@@ -337,12 +338,12 @@ qint64 NSDecimalNumber::integerValue() const
 
 namespace {
 /// Orders magnitudes: the place of the first digit decides, then the digits from there on.
-std::strong_ordering compareMagnitudes(const NSDecimalParts &left, const NSDecimalParts &right)
+std::strong_ordering compareMagnitudes(const DecimalParts &left, const DecimalParts &right)
 {
     if (left.coefficient == 0 || right.coefficient == 0)
         return left.coefficient <=> right.coefficient;
-    const int leftPlace = NSDecimalArithmetic::digitCount(left.coefficient) + left.exponent;
-    const int rightPlace = NSDecimalArithmetic::digitCount(right.coefficient) + right.exponent;
+    const int leftPlace = DecimalArithmetic::digitCount(left.coefficient) + left.exponent;
+    const int rightPlace = DecimalArithmetic::digitCount(right.coefficient) + right.exponent;
     if (leftPlace != rightPlace)
         return leftPlace <=> rightPlace;
     const int distance = left.exponent - right.exponent;
@@ -361,6 +362,6 @@ std::strong_ordering operator<=>(const NSDecimalNumber &left, const NSDecimalNum
     if (left._isNegative != right._isNegative)
         return right._isNegative <=> left._isNegative;
     const std::strong_ordering order =
-        compareMagnitudes(NSDecimalParts::of(left), NSDecimalParts::of(right));
+        compareMagnitudes(DecimalParts::of(left), DecimalParts::of(right));
     return left._isNegative ? 0 <=> order : order;
 }

@@ -9,9 +9,12 @@
 #include <compare>
 #include <optional>
 
+namespace KTPrivate {
+struct DecimalParts;
+}
+
 class NSDecimalNumberBehaviors;
 class NSLocale;
-struct NSDecimalParts;
 
 /// Which of two neighbours a result that needs more digits becomes.
 enum NSRoundingMode {
@@ -143,7 +146,7 @@ public:
     }
 
 private:
-    friend struct NSDecimalParts;
+    friend struct KTPrivate::DecimalParts;
 
     // Normal form: no trailing zero in the coefficient unless the exponent cannot grow; zero has
     // exponent 0 and no sign. Equal values are therefore equal member by member.

@@ -1,10 +1,11 @@
 #include "NSDecimalNumber.h"
 
-#include "NSDecimalParts_p.h"
+#include "DecimalParts_p.h"
 #include "NSException.h"
 
 #include <algorithm>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 // Arithmetic of decimals under a behaviour.
@@ -24,9 +25,9 @@ const NSDecimalNumberBehaviors &behaviorOrDefault(const NSDecimalNumberBehaviors
     return behavior ? *behavior : *NSDecimalNumber::defaultBehavior();
 }
 
-NSDecimalIntermediate intermediateOf(const NSDecimalNumber &number)
+DecimalIntermediate intermediateOf(const NSDecimalNumber &number)
 {
-    const NSDecimalParts parts = NSDecimalParts::of(number);
+    const DecimalParts parts = DecimalParts::of(number);
     return {{0, parts.coefficient}, parts.exponent, parts.isNegative, false};
 }
 
@@ -38,8 +39,8 @@ NSDecimalNumber scaled(const NSDecimalNumber &number, const NSDecimalNumberBehav
     const short scale = behavior.scale();
     if (scale == NSDecimalNoScale || number.isNaN())
         return number;
-    const qint64 lowest = std::max<qint64>(-scale, NSDecimalParts::MinimumExponent);
-    if (NSDecimalParts::of(number).exponent >= lowest)
+    const qint64 lowest = std::max<qint64>(-scale, DecimalParts::MinimumExponent);
+    if (DecimalParts::of(number).exponent >= lowest)
         return number;
     NSCalculationError ofScale = NSCalculationNoError;
     const NSDecimalNumber result =
@@ -62,7 +63,7 @@ NSDecimalNumber settled(const NSDecimalNumber &result, NSCalculationError error,
         .value_or(result);
 }
 
-NSDecimalNumber finished(const NSDecimalIntermediate &intermediate, const char16_t *operation,
+NSDecimalNumber finished(const DecimalIntermediate &intermediate, const char16_t *operation,
                          const NSDecimalNumberBehaviors &behavior, const NSDecimalNumber &left,
                          const NSDecimalNumber *right = nullptr)
 {
@@ -80,7 +81,7 @@ NSDecimalNumber::decimalNumberByAdding(const NSDecimalNumber &other,
 {
     if (_isNaN || other._isNaN)
         return notANumber();
-    return finished(NSDecimalArithmetic::sum(NSDecimalParts::of(*this), NSDecimalParts::of(other)),
+    return finished(DecimalArithmetic::sum(DecimalParts::of(*this), DecimalParts::of(other)),
                     u"decimalNumberByAdding:", behaviorOrDefault(behavior), *this, &other);
 }
 
@@ -90,8 +91,8 @@ NSDecimalNumber::decimalNumberBySubtracting(const NSDecimalNumber &other,
 {
     if (_isNaN || other._isNaN)
         return notANumber();
-    return finished(NSDecimalArithmetic::sum(NSDecimalParts::of(*this),
-                                             NSDecimalParts::of(other.decimalNumberByNegating())),
+    return finished(DecimalArithmetic::sum(DecimalParts::of(*this),
+                                           DecimalParts::of(other.decimalNumberByNegating())),
                     u"decimalNumberBySubtracting:", behaviorOrDefault(behavior), *this, &other);
 }
 
@@ -101,9 +102,8 @@ NSDecimalNumber::decimalNumberByMultiplyingBy(const NSDecimalNumber &other,
 {
     if (_isNaN || other._isNaN)
         return notANumber();
-    return finished(
-        NSDecimalArithmetic::product(NSDecimalParts::of(*this), NSDecimalParts::of(other)),
-        u"decimalNumberByMultiplyingBy:", behaviorOrDefault(behavior), *this, &other);
+    return finished(DecimalArithmetic::product(DecimalParts::of(*this), DecimalParts::of(other)),
+                    u"decimalNumberByMultiplyingBy:", behaviorOrDefault(behavior), *this, &other);
 }
 
 NSDecimalNumber
@@ -116,9 +116,8 @@ NSDecimalNumber::decimalNumberByDividingBy(const NSDecimalNumber &other,
     if (other == NSDecimalNumber())
         return settled(notANumber(), NSCalculationDivideByZero, operation,
                        behaviorOrDefault(behavior), *this, &other);
-    return finished(
-        NSDecimalArithmetic::quotient(NSDecimalParts::of(*this), NSDecimalParts::of(other)),
-        operation, behaviorOrDefault(behavior), *this, &other);
+    return finished(DecimalArithmetic::quotient(DecimalParts::of(*this), DecimalParts::of(other)),
+                    operation, behaviorOrDefault(behavior), *this, &other);
 }
 
 NSDecimalNumber
@@ -134,7 +133,7 @@ NSDecimalNumber::decimalNumberByRaisingToPower(unsigned power,
         const NSDecimalNumber result =
             left.isNaN() || right.isNaN()
                 ? notANumber()
-                : NSDecimalArithmetic::product(NSDecimalParts::of(left), NSDecimalParts::of(right))
+                : DecimalArithmetic::product(DecimalParts::of(left), DecimalParts::of(right))
                       .rounded(used.roundingMode(), &error);
         worst = std::max(worst, error);
         return result;
@@ -157,11 +156,11 @@ NSDecimalNumber NSDecimalNumber::decimalNumberByMultiplyingByPowerOf10(
     if (_isNaN)
         return notANumber();
     constexpr const char16_t *operation = u"decimalNumberByMultiplyingByPowerOf10:";
-    NSDecimalIntermediate shifted = intermediateOf(*this);
+    DecimalIntermediate shifted = intermediateOf(*this);
     shifted.exponent += power;
     // The exponent alone counts, also where the digits could take some of it.
-    const bool isTooLarge = shifted.exponent > NSDecimalParts::MaximumExponent;
-    const bool isTooSmall = shifted.exponent < NSDecimalParts::MinimumExponent;
+    const bool isTooLarge = shifted.exponent > DecimalParts::MaximumExponent;
+    const bool isTooSmall = shifted.exponent < DecimalParts::MinimumExponent;
     if ((isTooLarge || isTooSmall) && !shifted.magnitude.isZero())
         return settled(notANumber(), isTooLarge ? NSCalculationOverflow : NSCalculationUnderflow,
                        operation, behaviorOrDefault(behavior), *this, nullptr);

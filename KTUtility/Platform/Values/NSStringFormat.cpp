@@ -1,12 +1,13 @@
 #include "NSStringFormat.h"
 
-#include <KTUtility/Platform/Text/NSUnitBuffer_p.h>
+#include <KTUtility/Platform/Text/UnitBuffer_p.h>
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdio>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 NSFormatArgument::NSFormatArgument(const char *utf8) noexcept
@@ -298,8 +299,7 @@ QString print(const NSFormatArgument &argument, const Conversion &conversion)
 class FormatReader
 {
 public:
-    FormatReader(NSUnitBuffer &text, QStringView format,
-                 std::span<const NSFormatArgument> arguments)
+    FormatReader(UnitBuffer &text, QStringView format, std::span<const NSFormatArgument> arguments)
         : _text(text), _format(format), _arguments(arguments)
     {
     }
@@ -489,7 +489,7 @@ private:
         append(argument(position), conversion);
     }
 
-    NSUnitBuffer &_text;
+    UnitBuffer &_text;
     QStringView _format;
     std::span<const NSFormatArgument> _arguments;
     qsizetype _position = 0;
@@ -497,7 +497,7 @@ private:
 };
 } // namespace
 
-void NSString::appendFormatArguments(NSUnitBuffer &text, QStringView format,
+void NSString::appendFormatArguments(UnitBuffer &text, QStringView format,
                                      std::span<const NSFormatArgument> arguments)
 {
     FormatReader(text, format, arguments).run();
@@ -506,7 +506,7 @@ void NSString::appendFormatArguments(NSUnitBuffer &text, QStringView format,
 QString NSString::stringWithFormatArguments(QStringView format,
                                             std::span<const NSFormatArgument> arguments)
 {
-    NSUnitBuffer text;
+    UnitBuffer text;
     appendFormatArguments(text, format, arguments);
     // What is made from a format is empty at least, and never nil.
     return text.view().toString();

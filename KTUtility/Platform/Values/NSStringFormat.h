@@ -14,7 +14,9 @@
 #include <string_view>
 #include <type_traits>
 
-class NSUnitBuffer;
+namespace KTPrivate {
+class UnitBuffer;
+}
 
 /// One argument of a format string, with its type kept: the reason why a wrong conversion can
 /// misprint but never read memory that is not there.
@@ -105,7 +107,7 @@ KTUTILITY_EXPORT QString stringWithFormatArguments(QStringView format,
                                                    std::span<const NSFormatArgument> arguments);
 
 /// Appends that text to a buffer that is used again. For use within the framework.
-KTUTILITY_EXPORT void appendFormatArguments(NSUnitBuffer &text, QStringView format,
+KTUTILITY_EXPORT void appendFormatArguments(KTPrivate::UnitBuffer &text, QStringView format,
                                             std::span<const NSFormatArgument> arguments);
 
 /// The text made from an object-format string and its arguments.

@@ -4,7 +4,7 @@
 
 #include "Report.h"
 
-#include <KTUtility/Platform/Dates/NSDateFormatterAccess_p.h>
+#include <KTUtility/Platform/Dates/DateFormatterAccess_p.h>
 
 #include <QLocale>
 
@@ -16,6 +16,7 @@
 #include <memory>
 #include <vector>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -113,21 +114,21 @@ const Field &field()
     return made;
 }
 
-bool readExactly(const FormatterList &list, const NSDateText &text, NSDateMatch *match)
+bool readExactly(const FormatterList &list, const DateText &text, DateMatch *match)
 {
     for (const auto &formatter : list) {
-        if (NSDateFormatterAccess::parse(*formatter, text, match) && match->length == text.length())
+        if (DateFormatterAccess::parse(*formatter, text, match) && match->length == text.length())
             return true;
     }
     return false;
 }
 
 /// Dates, a date and time where a date leaves something over, then times.
-bool readWith(const Field &lists, const QString &typed, NSDateMatch *match)
+bool readWith(const Field &lists, const QString &typed, DateMatch *match)
 {
-    const NSDateText text(typed);
+    const DateText text(typed);
     for (size_t index = 0; index < lists.dates.size(); ++index) {
-        if (!NSDateFormatterAccess::parse(*lists.dates[index], text, match))
+        if (!DateFormatterAccess::parse(*lists.dates[index], text, match))
             continue;
         if (match->length == text.length() || readExactly(lists.both[index], text, match))
             return true;
@@ -139,7 +140,7 @@ template<const char16_t *Typed>
 void cascade(benchmark::State &state)
 {
     const QString text = QString::fromUtf16(Typed);
-    NSDateMatch match;
+    DateMatch match;
     for (auto _ : state) {
         bool isRead = readWith(field(), text, &match);
         benchmark::DoNotOptimize(isRead);
@@ -255,8 +256,8 @@ void firstParse(benchmark::State &state)
         FormatterList times = formattersOf(timePatterns);
         appendStyles(&dates, true);
         appendStyles(&times, false);
-        NSDateMatch match;
-        const NSDateText text(typed);
+        DateMatch match;
+        const DateText text(typed);
         bool isRead = readExactly(dates, text, &match) || readExactly(times, text, &match);
         benchmark::DoNotOptimize(isRead);
     }

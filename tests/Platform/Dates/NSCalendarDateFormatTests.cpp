@@ -4,6 +4,7 @@
 
 #include "support/TestSupport.h"
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 using namespace testing_support;
@@ -42,7 +43,7 @@ QString read(const char16_t *pattern, const QString &text)
 }
 } // namespace
 
-TEST(NSCalendarDateFormat, WritesEveryDirective)
+TEST(CalendarDateFormat, WritesEveryDirective)
 {
     EXPECT_EQ(written(u"%a %A"), u"Wed Wednesday");
     EXPECT_EQ(written(u"%b %B"), u"Mar March");
@@ -57,7 +58,7 @@ TEST(NSCalendarDateFormat, WritesEveryDirective)
     EXPECT_EQ(written(u"%m/%d/%y %I:%M:%S %p"), u"03/05/08 05:04:09 PM");
 }
 
-TEST(NSCalendarDateFormat, LeavesWhatItDoesNotKnow)
+TEST(CalendarDateFormat, LeavesWhatItDoesNotKnow)
 {
     EXPECT_EQ(written(u""), u"");
     EXPECT_EQ(written(u"%"), u"%");
@@ -65,7 +66,7 @@ TEST(NSCalendarDateFormat, LeavesWhatItDoesNotKnow)
     EXPECT_EQ(written(u"日%d月"), u"日05月");
 }
 
-TEST(NSCalendarDateFormat, ReadsWhatItWrites)
+TEST(CalendarDateFormat, ReadsWhatItWrites)
 {
     EXPECT_EQ(read(u"%m/%d/%y", u"3/5/08"_s), u"2008-03-05 00:00:00.000");
     EXPECT_EQ(read(u"%m/%d/%y", u"03/05/50"_s), u"1950-03-05 00:00:00.000");
@@ -84,7 +85,7 @@ TEST(NSCalendarDateFormat, ReadsWhatItWrites)
     EXPECT_EQ(read(u"%w %d%%", u"3 5%"_s), u"2000-01-05 00:00:00.000");
 }
 
-TEST(NSCalendarDateFormat, RefusesWhatDoesNotFit)
+TEST(CalendarDateFormat, RefusesWhatDoesNotFit)
 {
     EXPECT_EQ(read(u"%m/%d/%y", u"3/5"_s), u"");
     EXPECT_EQ(read(u"%m/%d/%y", u"3/5/08 x"_s), u"");
@@ -101,7 +102,7 @@ TEST(NSCalendarDateFormat, RefusesWhatDoesNotFit)
     EXPECT_EQ(read(u"", u"3/5/08"_s), u"");
 }
 
-TEST(NSCalendarDateFormat, ReportsHowFarItRead)
+TEST(CalendarDateFormat, ReportsHowFarItRead)
 {
     const OldFormatter formatter(u"%m/%d/%y");
     NSRange range{2, 12};
@@ -111,7 +112,7 @@ TEST(NSCalendarDateFormat, ReportsHowFarItRead)
     EXPECT_EQ(value.toDateTime(), QDateTime(QDate(2008, 3, 5), QTime(), newYork()));
 }
 
-TEST(NSCalendarDateFormat, UsesTheNamesThatWereSet)
+TEST(CalendarDateFormat, UsesTheNamesThatWereSet)
 {
     OldFormatter formatter(u"%p %b");
     formatter.setAMSymbol(u"vorm."_s);
@@ -121,7 +122,7 @@ TEST(NSCalendarDateFormat, UsesTheNamesThatWereSet)
     EXPECT_EQ(formatter.PMSymbol(), u"nachm.");
 }
 
-TEST(NSCalendarDateFormat, SurvivesHostileTextsAndPatterns)
+TEST(CalendarDateFormat, SurvivesHostileTextsAndPatterns)
 {
     const OldFormatter formatter(u"%A %d %B %Y %Z");
     for (const QString &text : hostileTexts()) {
@@ -132,7 +133,7 @@ TEST(NSCalendarDateFormat, SurvivesHostileTextsAndPatterns)
     }
 }
 
-TEST(NSCalendarDateFormat, MakesCalendarDates)
+TEST(CalendarDateFormat, MakesCalendarDates)
 {
     OldFormatter formatter(u"%m/%d/%y");
     EXPECT_TRUE(formatter.generatesCalendarDates());

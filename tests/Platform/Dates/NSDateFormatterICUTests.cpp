@@ -1,7 +1,7 @@
 // What is read and written without ICU must be what ICU would have read and written. These tests
 // compare the two on random texts and patterns, a test for each locale.
 
-#include <KTUtility/Platform/Dates/NSDateFormatterAccess_p.h>
+#include <KTUtility/Platform/Dates/DateFormatterAccess_p.h>
 
 #include "support/TestSupport.h"
 
@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 using namespace testing_support;
@@ -234,15 +235,15 @@ struct Counts
 /// Whether only ICU can tell, or both agree.
 bool agree(const NSDateFormatter &formatter, const QString &text, Counts *counts)
 {
-    NSDateMatch own;
+    DateMatch own;
     const std::optional<bool> answer =
-        NSDateFormatterAccess::parseWithoutICU(formatter, NSDateText(text), &own);
+        DateFormatterAccess::parseWithoutICU(formatter, DateText(text), &own);
     if (!answer)
         return true;
     ++counts->decided;
     counts->matched += *answer ? 1 : 0;
-    NSDateMatch other;
-    if (NSDateFormatterAccess::parseWithICU(formatter, NSDateText(text), &other) != *answer)
+    DateMatch other;
+    if (DateFormatterAccess::parseWithICU(formatter, DateText(text), &other) != *answer)
         return false;
     return !*answer || (own.time == other.time && own.length == other.length);
 }
@@ -273,11 +274,11 @@ TEST_P(NSDateFormatterBesideICU, WritesTheSame)
     for (const auto &formatter : formatters()) {
         for (int count = 0; count < Pairs / 2000; ++count) {
             const QDateTime date = randomDate();
-            const QString text = NSDateFormatterAccess::stringWithoutICU(*formatter, date);
+            const QString text = DateFormatterAccess::stringWithoutICU(*formatter, date);
             if (text.isNull())
                 continue;
             ++decided;
-            ASSERT_EQ(text, NSDateFormatterAccess::stringWithICU(*formatter, date))
+            ASSERT_EQ(text, DateFormatterAccess::stringWithICU(*formatter, date))
                 << qPrintable(formatter->dateFormat() + u' ' + date.toString(Qt::ISODate));
         }
     }

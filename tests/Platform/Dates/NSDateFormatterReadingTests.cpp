@@ -1,13 +1,14 @@
 // Reading with behaviour 10.4: the platform's rules where they differ from ICU's, odd zones, odd
 // years, and texts that are no dates at all.
 
-#include <KTUtility/Platform/Dates/NSDateFormatterAccess_p.h>
+#include <KTUtility/Platform/Dates/DateFormatterAccess_p.h>
 
 #include "support/TestSupport.h"
 
 #include <atomic>
 #include <thread>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 using namespace testing_support;
@@ -314,18 +315,18 @@ TEST(NSDateFormatterReading, OffersABatchForCascades)
     Reader reader("en_US");
     reader.setDateFormat(u"M/d/yy"_s);
     const QString typed = u"  3/5/08 x"_s;
-    const NSDateText text(typed);
+    const DateText text(typed);
     EXPECT_EQ(text.length(), 10);
     EXPECT_EQ(text.lead(), 2);
     EXPECT_EQ(text.leadingUnit(), u'3');
     EXPECT_EQ(text.leadingDigits(), 1);
     EXPECT_EQ(text.unitAfterDigits(), u'/');
-    NSDateMatch match;
-    ASSERT_TRUE(NSDateFormatterAccess::parse(reader, text, &match));
+    DateMatch match;
+    ASSERT_TRUE(DateFormatterAccess::parse(reader, text, &match));
     EXPECT_EQ(match.length, 8);
-    EXPECT_EQ(NSDateFormatterAccess::dateOf(reader, match.time),
+    EXPECT_EQ(DateFormatterAccess::dateOf(reader, match.time),
               QDateTime(QDate(2008, 3, 5), QTime(), reader.timeZone()));
-    const NSDateText empty{QStringView()};
-    EXPECT_FALSE(NSDateFormatterAccess::parse(reader, empty, &match));
+    const DateText empty{QStringView()};
+    EXPECT_FALSE(DateFormatterAccess::parse(reader, empty, &match));
     EXPECT_EQ(match.length, 0);
 }

@@ -1,15 +1,16 @@
-#include <KTUtility/Platform/Dates/NSDateNames_p.h>
+#include <KTUtility/Platform/Dates/DateNames_p.h>
 
 #include "support/TestSupport.h"
 
 #include <vector>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 using namespace testing_support;
 
 namespace {
-NSDateNameList listOf(const std::vector<const char16_t *> &names, int first = 0)
+DateNameList listOf(const std::vector<const char16_t *> &names, int first = 0)
 {
     std::vector<icu::UnicodeString> strings;
     for (const char16_t *const name : names)
@@ -18,23 +19,23 @@ NSDateNameList listOf(const std::vector<const char16_t *> &names, int first = 0)
 }
 
 /// "index:length", or "?" if only ICU can tell.
-QString find(const NSDateNameList &list, const QString &text)
+QString find(const DateNameList &list, const QString &text)
 {
-    const NSDateName name = list.find(text);
+    const DateName name = list.find(text);
     if (!name.isDecided)
         return u"?"_s;
     return u"%1:%2"_s.arg(name.index).arg(name.length);
 }
 
-QString find(const NSDateNameList &list, const char16_t *text)
+QString find(const DateNameList &list, const char16_t *text)
 {
     return find(list, QString::fromUtf16(text));
 }
 } // namespace
 
-TEST(NSDateNames, FindsTheLongest)
+TEST(DateNames, FindsTheLongest)
 {
-    const NSDateNameList list = listOf({u"červen", u"červenec", u"Mar", u"March"});
+    const DateNameList list = listOf({u"červen", u"červenec", u"Mar", u"March"});
     EXPECT_EQ(find(list, u"červenec 5"), u"1:8");
     EXPECT_EQ(find(list, u"červen 5"), u"0:6");
     EXPECT_EQ(find(list, u"Marching"), u"3:5");
@@ -43,26 +44,26 @@ TEST(NSDateNames, FindsTheLongest)
     EXPECT_EQ(find(list, u""), u"-1:0");
 }
 
-TEST(NSDateNames, IgnoresCase)
+TEST(DateNames, IgnoresCase)
 {
-    const NSDateNameList list = listOf({u"März", u"Août", u"ΜΆΙΟΣ"});
+    const DateNameList list = listOf({u"März", u"Août", u"ΜΆΙΟΣ"});
     EXPECT_EQ(find(list, u"mÄRZ"), u"0:4");
     EXPECT_EQ(find(list, u"AOÛT"), u"1:4");
     EXPECT_EQ(find(list, u"μάιος"), u"2:5");
 }
 
-TEST(NSDateNames, ForgivesAMissingPoint)
+TEST(DateNames, ForgivesAMissingPoint)
 {
-    const NSDateNameList list = listOf({u"juil.", u"mai"});
+    const DateNameList list = listOf({u"juil.", u"mai"});
     EXPECT_EQ(find(list, u"juil. 5"), u"0:5");
     EXPECT_EQ(find(list, u"juil 5"), u"0:4");
     EXPECT_EQ(find(list, u"juillet"), u"0:4");
     EXPECT_EQ(find(list, u"mai."), u"1:3");
 }
 
-TEST(NSDateNames, LeavesLettersThatFoldToManyToICU)
+TEST(DateNames, LeavesLettersThatFoldToManyToICU)
 {
-    const NSDateNameList list = listOf({u"Strasse", u"Mai"});
+    const DateNameList list = listOf({u"Strasse", u"Mai"});
     EXPECT_EQ(find(list, u"Straße"), u"?");
     EXPECT_EQ(find(list, u"Stram"), u"-1:0");
     EXPECT_EQ(find(list, u"Maiß"), u"?");
@@ -70,23 +71,23 @@ TEST(NSDateNames, LeavesLettersThatFoldToManyToICU)
     EXPECT_EQ(find(list, u"x"), u"-1:0");
 }
 
-TEST(NSDateNames, CountsFromWhereItIsTold)
+TEST(DateNames, CountsFromWhereItIsTold)
 {
-    const NSDateNameList weekdays = listOf({u"", u"Sunday", u"Monday"}, 1);
+    const DateNameList weekdays = listOf({u"", u"Sunday", u"Monday"}, 1);
     EXPECT_EQ(find(weekdays, u"monday"), u"2:6");
     EXPECT_EQ(find(weekdays, u""), u"-1:0");
     EXPECT_EQ(find(listOf({}), u"monday"), u"-1:0");
     EXPECT_EQ(find(listOf({u"", u""}), u"monday"), u"-1:0");
 }
 
-TEST(NSDateNames, LeavesVeryLongNamesToICU)
+TEST(DateNames, LeavesVeryLongNamesToICU)
 {
     const QString name(100, u'x');
     const auto list = listOf({reinterpret_cast<const char16_t *>(name.utf16())});
     EXPECT_EQ(find(list, name), u"?");
 }
 
-TEST(NSDateNames, TriesListsInOrder)
+TEST(DateNames, TriesListsInOrder)
 {
     const std::array lists{listOf({u"AM", u"PM"}), listOf({u"a", u"p"})};
     EXPECT_EQ(findName(lists, u"pm").length, 2);
@@ -95,16 +96,16 @@ TEST(NSDateNames, TriesListsInOrder)
     EXPECT_EQ(findName(lists, u"x").index, -1);
 }
 
-TEST(NSDateNames, KnowsWhatNamesStartWith)
+TEST(DateNames, KnowsWhatNamesStartWith)
 {
-    NSDateNames names;
+    DateNames names;
     names.months[0] = listOf({u"January", u"März"});
     names.standaloneMonths[1] = listOf({u"4月"});
     names.weekdays[3] = listOf({u"W"});
     names.halvesOfDay[1] = listOf({u"a"});
     names.noteStarts();
     const auto has = [](quint64 starts, char16_t unit) {
-        return (starts & NSDateNameList::bitOf(unit)) != 0;
+        return (starts & DateNameList::bitOf(unit)) != 0;
     };
     EXPECT_TRUE(has(names.startsOfMonths, u'J'));
     EXPECT_TRUE(has(names.startsOfMonths, u'j'));
@@ -115,9 +116,9 @@ TEST(NSDateNames, KnowsWhatNamesStartWith)
     EXPECT_FALSE(has(names.startsOfHalves, u'P'));
 }
 
-TEST(NSDateNames, SurvivesHostileTexts)
+TEST(DateNames, SurvivesHostileTexts)
 {
-    const NSDateNameList list = listOf({u"January", u"\u0000", u"𝟗", u"\u0301"});
+    const DateNameList list = listOf({u"January", u"\u0000", u"𝟗", u"\u0301"});
     for (const QString &text : hostileTexts())
         EXPECT_LE(list.find(text).length, 7);
 }

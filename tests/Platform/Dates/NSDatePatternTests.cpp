@@ -1,17 +1,18 @@
-#include <KTUtility/Platform/Dates/NSDatePattern_p.h>
+#include <KTUtility/Platform/Dates/DatePattern_p.h>
 
 #include "support/TestSupport.h"
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 using namespace testing_support;
 
 namespace {
-using Kind = NSDateElement::Kind;
+using Kind = DateElement::Kind;
 
-NSDatePattern patternOf(const char16_t *text)
+DatePattern patternOf(const char16_t *text)
 {
-    return NSDatePattern(QString::fromUtf16(text));
+    return DatePattern(QString::fromUtf16(text));
 }
 
 /// The elements in letters: N for numbers, M month names, E weekdays, A halves, O others, and
@@ -19,8 +20,8 @@ NSDatePattern patternOf(const char16_t *text)
 QString outlineOf(const char16_t *text)
 {
     QString outline;
-    const NSDatePattern pattern = patternOf(text);
-    for (const NSDateElement &element : pattern.elements()) {
+    const DatePattern pattern = patternOf(text);
+    for (const DateElement &element : pattern.elements()) {
         if (element.kind == Kind::Literal)
             outline += u'[' + element.sought + u']';
         else
@@ -32,14 +33,14 @@ QString outlineOf(const char16_t *text)
 QString charactersOf(const char16_t *text)
 {
     QString characters;
-    const NSDatePattern pattern = patternOf(text);
-    for (const NSDateElement &element : pattern.elements())
+    const DatePattern pattern = patternOf(text);
+    for (const DateElement &element : pattern.elements())
         characters += element.characters;
     return characters;
 }
 } // namespace
 
-TEST(NSDatePattern, TakesPatternsApart)
+TEST(DatePattern, TakesPatternsApart)
 {
     EXPECT_EQ(outlineOf(u"M/d/yy"), u"N[/]N[/]N");
     EXPECT_EQ(outlineOf(u"EEEE, MMMM d, y"), u"E[, ]M[ ]N[, ]N");
@@ -51,7 +52,7 @@ TEST(NSDatePattern, TakesPatternsApart)
     EXPECT_EQ(outlineOf(u""), u"");
 }
 
-TEST(NSDatePattern, UnderstandsQuotes)
+TEST(DatePattern, UnderstandsQuotes)
 {
     EXPECT_EQ(outlineOf(u"yyyy-MM-dd'T'HH:mm"), u"N[-]N[-]N[T]N[:]N");
     EXPECT_EQ(outlineOf(u"d 'of' MMMM"), u"N[ of ]M");
@@ -62,7 +63,7 @@ TEST(NSDatePattern, UnderstandsQuotes)
     EXPECT_EQ(charactersOf(u"h 'o''clock'"), u" o'clock");
 }
 
-TEST(NSDatePattern, SeeksRunsOfBlanksAsOne)
+TEST(DatePattern, SeeksRunsOfBlanksAsOne)
 {
     EXPECT_EQ(outlineOf(u"M  \t d"), u"N[ ]N");
     EXPECT_EQ(charactersOf(u"M  \t d"), u"  \t ");
@@ -70,7 +71,7 @@ TEST(NSDatePattern, SeeksRunsOfBlanksAsOne)
     EXPECT_EQ(outlineOf(u"h\u202Fa"), u"N[\u202F]A");
 }
 
-TEST(NSDatePattern, LeavesAdjacentNumbersToICU)
+TEST(DatePattern, LeavesAdjacentNumbersToICU)
 {
     EXPECT_EQ(outlineOf(u"yyyyMMdd"), u"OOO");
     EXPECT_EQ(outlineOf(u"HHmm ss"), u"OO[ ]N");
@@ -82,7 +83,7 @@ TEST(NSDatePattern, LeavesAdjacentNumbersToICU)
     EXPECT_FALSE(patternOf(u"EEEE d LLLL y h:mm a").needsICU());
 }
 
-TEST(NSDatePattern, LeavesOddYearsToICU)
+TEST(DatePattern, LeavesOddYearsToICU)
 {
     EXPECT_EQ(outlineOf(u"y"), u"N");
     EXPECT_EQ(outlineOf(u"yy"), u"N");
@@ -92,10 +93,10 @@ TEST(NSDatePattern, LeavesOddYearsToICU)
     EXPECT_EQ(outlineOf(u"Y u r U"), u"O[ ]O[ ]O[ ]O");
 }
 
-TEST(NSDatePattern, KnowsWidthsOfYears)
+TEST(DatePattern, KnowsWidthsOfYears)
 {
     const auto takes = [](const char16_t *text) {
-        const NSDatePattern pattern = patternOf(text);
+        const DatePattern pattern = patternOf(text);
         QString widths;
         for (int digits = 1; digits <= 5; ++digits) {
             if (pattern.takesYearOf(digits))
@@ -110,7 +111,7 @@ TEST(NSDatePattern, KnowsWidthsOfYears)
     EXPECT_EQ(takes(u"M/d"), u"12345");
 }
 
-TEST(NSDatePattern, KnowsWhereTheYearIs)
+TEST(DatePattern, KnowsWhereTheYearIs)
 {
     EXPECT_EQ(patternOf(u"M/d/yy").beforeYear, u"M/d/");
     EXPECT_EQ(patternOf(u"M/d/yy").yearLetters, 2);
@@ -122,7 +123,7 @@ TEST(NSDatePattern, KnowsWhereTheYearIs)
     EXPECT_EQ(patternOf(u"h:mm").yearLetters, 0);
 }
 
-TEST(NSDatePattern, KnowsWhatLeads)
+TEST(DatePattern, KnowsWhatLeads)
 {
     EXPECT_EQ(patternOf(u"M/d/yy").leadingKind(), Kind::Number);
     EXPECT_EQ(patternOf(u"M/d/yy").unitAfterLeadingNumber(), u'/');
@@ -139,7 +140,7 @@ TEST(NSDatePattern, KnowsWhatLeads)
     EXPECT_EQ(patternOf(u"").leadingKind(), Kind::Other);
 }
 
-TEST(NSDatePattern, KnowsNamesZonesAndBareHours)
+TEST(DatePattern, KnowsNamesZonesAndBareHours)
 {
     EXPECT_TRUE(patternOf(u"d MMM").hasMonthName);
     EXPECT_TRUE(patternOf(u"LLLL").hasMonthName);
@@ -154,7 +155,7 @@ TEST(NSDatePattern, KnowsNamesZonesAndBareHours)
     EXPECT_FALSE(patternOf(u"hha").isBareHour);
 }
 
-TEST(NSDatePattern, AsksForDigits)
+TEST(DatePattern, AsksForDigits)
 {
     const auto minimum = [](const char16_t *text) {
         return patternOf(text).elements().front().minimalDigits;
@@ -168,32 +169,32 @@ TEST(NSDatePattern, AsksForDigits)
     EXPECT_EQ(minimum(u"yyyy"), 1);
 }
 
-TEST(NSDatePattern, IsSharedByItsText)
+TEST(DatePattern, IsSharedByItsText)
 {
-    const auto first = NSDatePattern::patternOf(u"M/d/yy"_s);
-    EXPECT_EQ(first, NSDatePattern::patternOf(u"M/d/yy"_s));
-    EXPECT_NE(first, NSDatePattern::patternOf(u"M/d/yyyy"_s));
-    EXPECT_NE(first->number, NSDatePattern::patternOf(u"M/d/yyyy"_s)->number);
+    const auto first = DatePattern::patternOf(u"M/d/yy"_s);
+    EXPECT_EQ(first, DatePattern::patternOf(u"M/d/yy"_s));
+    EXPECT_NE(first, DatePattern::patternOf(u"M/d/yyyy"_s));
+    EXPECT_NE(first->number, DatePattern::patternOf(u"M/d/yyyy"_s)->number);
     const QString endless(1000, u'd');
-    EXPECT_NE(NSDatePattern::patternOf(endless), NSDatePattern::patternOf(endless));
+    EXPECT_NE(DatePattern::patternOf(endless), DatePattern::patternOf(endless));
 }
 
-TEST(NSDatePattern, ForgetsPatternsWhenThereAreTooMany)
+TEST(DatePattern, ForgetsPatternsWhenThereAreTooMany)
 {
-    const auto first = NSDatePattern::patternOf(u"d 'kept'"_s);
+    const auto first = DatePattern::patternOf(u"d 'kept'"_s);
     for (int count = 0; count < 5000; ++count)
-        NSDatePattern::patternOf(u"d '%1'"_s.arg(count));
-    const auto second = NSDatePattern::patternOf(u"d 'kept'"_s);
+        DatePattern::patternOf(u"d '%1'"_s.arg(count));
+    const auto second = DatePattern::patternOf(u"d 'kept'"_s);
     EXPECT_EQ(first->text, second->text);
     EXPECT_NE(first->number, second->number);
 }
 
-TEST(NSDatePattern, SurvivesHostileTexts)
+TEST(DatePattern, SurvivesHostileTexts)
 {
     for (const QString &text : hostileTexts()) {
-        const NSDatePattern pattern(text);
+        const DatePattern pattern(text);
         EXPECT_EQ(pattern.text, text);
-        for (const NSDateElement &element : pattern.elements())
+        for (const DateElement &element : pattern.elements())
             EXPECT_EQ(element.kind == Kind::Literal, element.letter == u'\0');
     }
 }

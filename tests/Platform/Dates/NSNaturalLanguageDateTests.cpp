@@ -1,9 +1,10 @@
-#include <KTUtility/Platform/Dates/NSDateFormatterAccess_p.h>
+#include <KTUtility/Platform/Dates/DateFormatterAccess_p.h>
 
 #include "support/TestSupport.h"
 
 #include <array>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 using namespace testing_support;
@@ -27,11 +28,11 @@ struct Row
     const char *expected; ///< wall time in New York; null for a failure
 };
 
-class NSNaturalLanguageDate : public testing::Test
+class NaturalLanguageDate : public testing::Test
 {
 protected:
-    void SetUp() override { NSDateFormatterAccess::setClock(pinnedClock); }
-    void TearDown() override { NSDateFormatterAccess::setClock(nullptr); }
+    void SetUp() override { DateFormatterAccess::setClock(pinnedClock); }
+    void TearDown() override { DateFormatterAccess::setClock(nullptr); }
 
     static std::unique_ptr<NSDateFormatter> formatterOf(const char *locale,
                                                         const char16_t *pattern = u"%m/%d/%y")
@@ -69,7 +70,7 @@ protected:
 };
 } // namespace
 
-TEST_F(NSNaturalLanguageDate, ReadsEnglish)
+TEST_F(NaturalLanguageDate, ReadsEnglish)
 {
     constexpr std::array Rows{
         Row{"en_US", u"today", "2008-02-20 12:00:00"},
@@ -134,7 +135,7 @@ TEST_F(NSNaturalLanguageDate, ReadsEnglish)
     expectAll(Rows);
 }
 
-TEST_F(NSNaturalLanguageDate, RefusesWhatIsNoDate)
+TEST_F(NaturalLanguageDate, RefusesWhatIsNoDate)
 {
     constexpr std::array Rows{
         Row{"en_US", u"", nullptr},
@@ -175,7 +176,7 @@ TEST_F(NSNaturalLanguageDate, RefusesWhatIsNoDate)
     expectAll(Rows);
 }
 
-TEST_F(NSNaturalLanguageDate, ReadsABareHour)
+TEST_F(NaturalLanguageDate, ReadsABareHour)
 {
     constexpr std::array Rows{
         Row{"en_US", u"5", "2008-02-20 05:00:00"},
@@ -193,7 +194,7 @@ TEST_F(NSNaturalLanguageDate, ReadsABareHour)
     expectAll(Rows, u"%I:%M:%S %p");
 }
 
-TEST_F(NSNaturalLanguageDate, ReadsGerman)
+TEST_F(NaturalLanguageDate, ReadsGerman)
 {
     constexpr std::array Rows{
         Row{"de_DE", u"heute", "2008-02-20 12:00:00"},
@@ -215,7 +216,7 @@ TEST_F(NSNaturalLanguageDate, ReadsGerman)
     expectAll(Rows, u"%d/%m/%y");
 }
 
-TEST_F(NSNaturalLanguageDate, ReadsFrench)
+TEST_F(NaturalLanguageDate, ReadsFrench)
 {
     constexpr std::array Rows{
         Row{"fr_FR", u"aujourd’hui", "2008-02-20 12:00:00"},
@@ -235,7 +236,7 @@ TEST_F(NSNaturalLanguageDate, ReadsFrench)
     expectAll(Rows, u"%d/%m/%y");
 }
 
-TEST_F(NSNaturalLanguageDate, ReadsJapanese)
+TEST_F(NaturalLanguageDate, ReadsJapanese)
 {
     constexpr std::array Rows{
         Row{"ja_JP", u"今日", "2008-02-20 12:00:00"},
@@ -254,7 +255,7 @@ TEST_F(NSNaturalLanguageDate, ReadsJapanese)
     expectAll(Rows, u"%y/%m/%d");
 }
 
-TEST_F(NSNaturalLanguageDate, KnowsRelativeWordsOfManyLanguages)
+TEST_F(NaturalLanguageDate, KnowsRelativeWordsOfManyLanguages)
 {
     constexpr std::array Rows{
         Row{"sv_SE", u"i morgon", "2008-02-21 12:00:00"},
@@ -269,7 +270,7 @@ TEST_F(NSNaturalLanguageDate, KnowsRelativeWordsOfManyLanguages)
     expectAll(Rows);
 }
 
-TEST_F(NSNaturalLanguageDate, CountsFromTheDefaultDate)
+TEST_F(NaturalLanguageDate, CountsFromTheDefaultDate)
 {
     const auto formatter = formatterOf("en_US");
     formatter->setDefaultDate(QDateTime(QDate(2010, 5, 31), QTime(12, 0), newYork()));
@@ -279,14 +280,14 @@ TEST_F(NSNaturalLanguageDate, CountsFromTheDefaultDate)
     EXPECT_EQ(read(*formatter, u"in 2 hours"_s), u"2008-02-20 17:30:00");
 }
 
-TEST_F(NSNaturalLanguageDate, ReadsASkippedHourAnHourOn)
+TEST_F(NaturalLanguageDate, ReadsASkippedHourAnHourOn)
 {
     const auto formatter = formatterOf("en_US");
     EXPECT_EQ(read(*formatter, u"March 9, 2008 2:30"_s), u"2008-03-09 03:30:00");
     EXPECT_EQ(read(*formatter, u"November 2, 2008 1:30"_s), u"2008-11-02 01:30:00");
 }
 
-TEST_F(NSNaturalLanguageDate, IsReadOnlyWhereAllowed)
+TEST_F(NaturalLanguageDate, IsReadOnlyWhereAllowed)
 {
     NSDateFormatter formatter(u"%m/%d/%y"_s, false);
     formatter.setLocale(NSLocale(u"en_US"_s));
@@ -295,7 +296,7 @@ TEST_F(NSNaturalLanguageDate, IsReadOnlyWhereAllowed)
     EXPECT_TRUE(formatter.dateFromString(u"3/4/08"_s).isValid());
 }
 
-TEST_F(NSNaturalLanguageDate, SurvivesHostileTexts)
+TEST_F(NaturalLanguageDate, SurvivesHostileTexts)
 {
     const auto formatter = formatterOf("en_US");
     for (const QString &text : hostileTexts())

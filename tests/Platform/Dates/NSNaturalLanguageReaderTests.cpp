@@ -1,29 +1,30 @@
 // What the reader of natural language makes of texts, before any date is computed.
 
-#include <KTUtility/Platform/Dates/NSNaturalLanguageReader_p.h>
+#include <KTUtility/Platform/Dates/NaturalLanguageReader_p.h>
 
 #include "support/TestSupport.h"
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 using namespace testing_support;
 
 namespace {
-std::shared_ptr<const NSDateEnvironment> environmentOf(const char *locale)
+std::shared_ptr<const DateEnvironment> environmentOf(const char *locale)
 {
-    return NSDateEnvironment::environmentOf(NSLocale(QString::fromLatin1(locale)),
-                                            NSGregorianCalendar);
+    return DateEnvironment::environmentOf(NSLocale(QString::fromLatin1(locale)),
+                                          NSGregorianCalendar);
 }
 
-NSNaturalLanguageWords wordsOf(const char *locale)
+NaturalLanguageWords wordsOf(const char *locale)
 {
-    return NSNaturalLanguageWords(*environmentOf(locale));
+    return NaturalLanguageWords(*environmentOf(locale));
 }
 
-std::optional<NSNaturalLanguageSaid> read(const QString &text, const QString &order = u"mdy"_s)
+std::optional<NaturalLanguageSaid> read(const QString &text, const QString &order = u"mdy"_s)
 {
-    static const NSNaturalLanguageWords words = wordsOf("en_US");
-    return NSNaturalLanguageReader(words, text, order, 1950).read();
+    static const NaturalLanguageWords words = wordsOf("en_US");
+    return NaturalLanguageReader(words, text, order, 1950).read();
 }
 
 QString partOf(const char *name, const std::optional<int> &value)
@@ -32,7 +33,7 @@ QString partOf(const char *name, const std::optional<int> &value)
 }
 
 /// Everything that was said, in one line; null if nothing was understood.
-QString describe(const std::optional<NSNaturalLanguageSaid> &said)
+QString describe(const std::optional<NaturalLanguageSaid> &said)
 {
     if (!said)
         return QString();
@@ -40,7 +41,7 @@ QString describe(const std::optional<NSNaturalLanguageSaid> &said)
     text += partOf("days", said->daysFromToday) + partOf("weekday", said->weekday);
     text += said->weekdayDirection != 0 ? partOf("direction", said->weekdayDirection) : QString();
     text += partOf("y", said->year) + partOf("m", said->month) + partOf("d", said->day);
-    for (const NSNaturalLanguageSaid::Move &move : said->moves)
+    for (const NaturalLanguageSaid::Move &move : said->moves)
         text += u"move=%1*%2 "_s.arg(move.unit).arg(move.amount);
     text += partOf("h", said->hour);
     if (said->hour)
@@ -55,7 +56,7 @@ QString understood(const char16_t *text, const char16_t *order = u"mdy")
 }
 } // namespace
 
-TEST(NSNaturalLanguageReader, ReadsNumbersInTheGivenOrder)
+TEST(NaturalLanguageReader, ReadsNumbersInTheGivenOrder)
 {
     EXPECT_EQ(understood(u"3/4"), u"m=3 d=4");
     EXPECT_EQ(understood(u"3/4", u"dmy"), u"m=4 d=3");
@@ -69,7 +70,7 @@ TEST(NSNaturalLanguageReader, ReadsNumbersInTheGivenOrder)
     EXPECT_EQ(understood(u"3/4/2008", u"ymd"), u"y=2008 m=3 d=4");
 }
 
-TEST(NSNaturalLanguageReader, PutsYearsIntoTheirCentury)
+TEST(NaturalLanguageReader, PutsYearsIntoTheirCentury)
 {
     EXPECT_EQ(understood(u"1/1/50"), u"y=1950 m=1 d=1");
     EXPECT_EQ(understood(u"1/1/49"), u"y=2049 m=1 d=1");
@@ -79,7 +80,7 @@ TEST(NSNaturalLanguageReader, PutsYearsIntoTheirCentury)
     EXPECT_EQ(understood(u"may 2008"), u"y=2008 m=5");
 }
 
-TEST(NSNaturalLanguageReader, ReadsTimes)
+TEST(NaturalLanguageReader, ReadsTimes)
 {
     EXPECT_EQ(understood(u"5:30"), u"h=5 30:0");
     EXPECT_EQ(understood(u"5:30:15"), u"h=5 30:15");
@@ -93,7 +94,7 @@ TEST(NSNaturalLanguageReader, ReadsTimes)
     EXPECT_EQ(understood(u"23"), u"h=23 0:0");
 }
 
-TEST(NSNaturalLanguageReader, ReadsMoves)
+TEST(NaturalLanguageReader, ReadsMoves)
 {
     EXPECT_EQ(understood(u"in 3 days"), u"move=16*3");
     EXPECT_EQ(understood(u"3 days ago"), u"move=16*-3");
@@ -107,7 +108,7 @@ TEST(NSNaturalLanguageReader, ReadsMoves)
     EXPECT_EQ(understood(u"last second"), u"move=128*-1");
 }
 
-TEST(NSNaturalLanguageReader, ReadsDaysByName)
+TEST(NaturalLanguageReader, ReadsDaysByName)
 {
     EXPECT_EQ(understood(u"now"), u"now");
     EXPECT_EQ(understood(u"TODAY"), u"days=0");
@@ -122,7 +123,7 @@ TEST(NSNaturalLanguageReader, ReadsDaysByName)
     EXPECT_EQ(understood(u"the 1st of May"), u"m=5 d=1");
 }
 
-TEST(NSNaturalLanguageReader, RefusesWordsOutOfPlace)
+TEST(NaturalLanguageReader, RefusesWordsOutOfPlace)
 {
     for (const char16_t *const text : {u"",
                                        u" , ",
@@ -154,18 +155,18 @@ TEST(NSNaturalLanguageReader, RefusesWordsOutOfPlace)
         EXPECT_EQ(understood(text), QString()) << qPrintable(QString::fromUtf16(text));
 }
 
-TEST(NSNaturalLanguageReader, ReadsDigitsOfOtherScripts)
+TEST(NaturalLanguageReader, ReadsDigitsOfOtherScripts)
 {
     EXPECT_EQ(understood(u"３/４/０８"), u"y=2008 m=3 d=4");
     EXPECT_EQ(understood(u"٥:٣٠"), u"h=5 30:0");
     EXPECT_EQ(understood(u"in ３ days"), u"move=16*3");
 }
 
-TEST(NSNaturalLanguageWords, PreferTheLongest)
+TEST(NaturalLanguageWords, PreferTheLongest)
 {
-    using Kind = NSNaturalLanguageMeaning::Kind;
-    const NSNaturalLanguageWords words = wordsOf("en_US");
-    const NSNaturalLanguageWord day = words.find(u"day after tomorrow at five");
+    using Kind = NaturalLanguageMeaning::Kind;
+    const NaturalLanguageWords words = wordsOf("en_US");
+    const NaturalLanguageWord day = words.find(u"day after tomorrow at five");
     EXPECT_EQ(day.meaning.kind, Kind::Day);
     EXPECT_EQ(day.meaning.value, 2);
     EXPECT_EQ(day.length, 18);
@@ -175,23 +176,23 @@ TEST(NSNaturalLanguageWords, PreferTheLongest)
     EXPECT_EQ(words.find(u"in twelve days").meaning.kind, Kind::InFuture);
 }
 
-TEST(NSNaturalLanguageWords, EndWhereWordsEnd)
+TEST(NaturalLanguageWords, EndWhereWordsEnd)
 {
-    const NSNaturalLanguageWords english = wordsOf("en_US");
+    const NaturalLanguageWords english = wordsOf("en_US");
     EXPECT_EQ(english.find(u"today's").length, 5);
     EXPECT_EQ(english.find(u"todays").length, 0);
     EXPECT_EQ(english.find(u"monday").length, 6);
     EXPECT_EQ(english.find(u"monda").length, 0);
     EXPECT_EQ(english.find(u"").length, 0);
-    const NSNaturalLanguageWords japanese = wordsOf("ja_JP");
+    const NaturalLanguageWords japanese = wordsOf("ja_JP");
     EXPECT_EQ(japanese.find(u"明日の午後").length, 2);
     EXPECT_EQ(japanese.find(u"明後日の午後").length, 3);
 }
 
-TEST(NSNaturalLanguageWords, FindOneKindOnly)
+TEST(NaturalLanguageWords, FindOneKindOnly)
 {
-    using Kind = NSNaturalLanguageMeaning::Kind;
-    const NSNaturalLanguageWords words = wordsOf("en_US");
+    using Kind = NaturalLanguageMeaning::Kind;
+    const NaturalLanguageWords words = wordsOf("en_US");
     EXPECT_EQ(words.find(u"second", Kind::Unit).length, 6);
     EXPECT_EQ(words.find(u"second", Kind::Month).length, 0);
     EXPECT_EQ(words.find(u"mar", Kind::Month).meaning.value, 3);
@@ -199,32 +200,32 @@ TEST(NSNaturalLanguageWords, FindOneKindOnly)
     EXPECT_EQ(words.find(u"pm", Kind::HalfOfDay).meaning.value, 1);
 }
 
-TEST(NSNaturalLanguageWords, HaveRelativeDaysInEveryLanguage)
+TEST(NaturalLanguageWords, HaveRelativeDaysInEveryLanguage)
 {
-    using Kind = NSNaturalLanguageMeaning::Kind;
+    using Kind = NaturalLanguageMeaning::Kind;
     for (const char *const locale : {"en_US", "de_DE", "fr_FR", "ja_JP", "es_ES", "it_IT", "nl_NL",
                                      "pt_BR", "sv_SE", "fi_FI", "pl_PL", "ru_RU", "tr_TR", "ar_EG",
                                      "he_IL", "hi_IN", "ko_KR", "zh_CN", "th_TH", "el_GR"}) {
-        const NSNaturalLanguageWords words = wordsOf(locale);
+        const NaturalLanguageWords words = wordsOf(locale);
         const auto names = environmentOf(locale)->symbolsOf(NSDateFormatterSymbols::Month);
-        const QString march = NSNaturalLanguageWords::folded(names.value(2));
+        const QString march = NaturalLanguageWords::folded(names.value(2));
         EXPECT_EQ(words.find(march, Kind::Month).meaning.value, 3) << locale;
         const auto days = environmentOf(locale)->symbolsOf(NSDateFormatterSymbols::Weekday);
-        const QString friday = NSNaturalLanguageWords::folded(days.value(5));
+        const QString friday = NaturalLanguageWords::folded(days.value(5));
         EXPECT_EQ(words.find(friday, Kind::Weekday).meaning.value, 5) << locale;
     }
 }
 
-TEST(NSNaturalLanguageWords, AreSharedByLanguage)
+TEST(NaturalLanguageWords, AreSharedByLanguage)
 {
     const auto environment = environmentOf("en_US");
-    EXPECT_EQ(NSNaturalLanguageWords::wordsOf(*environment),
-              NSNaturalLanguageWords::wordsOf(*environment));
-    EXPECT_NE(NSNaturalLanguageWords::wordsOf(*environment),
-              NSNaturalLanguageWords::wordsOf(*environmentOf("en_GB")));
+    EXPECT_EQ(NaturalLanguageWords::wordsOf(*environment),
+              NaturalLanguageWords::wordsOf(*environment));
+    EXPECT_NE(NaturalLanguageWords::wordsOf(*environment),
+              NaturalLanguageWords::wordsOf(*environmentOf("en_GB")));
 }
 
-TEST(NSNaturalLanguageWords, FollowTheNamesOfAFormatter)
+TEST(NaturalLanguageWords, FollowTheNamesOfAFormatter)
 {
     NSDateFormatter formatter(u"%m/%d/%y"_s, true);
     formatter.setLocale(NSLocale(u"en_US"_s));

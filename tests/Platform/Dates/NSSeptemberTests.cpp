@@ -1,30 +1,32 @@
-#include <KTUtility/Platform/Dates/NSSeptember_p.h>
+#include <KTUtility/Platform/Dates/September_p.h>
 
 #include "support/TestSupport.h"
 
+using namespace KTPrivate;
+
 using namespace testing_support;
 
-TEST(NSSeptember, WritesTheMonthInFull)
+TEST(September, WritesTheMonthInFull)
 {
-    EXPECT_EQ(NSSeptember(u"Sep 5").text(), u"September 5");
-    EXPECT_EQ(NSSeptember(u"5 sept").text(), u"5 September");
-    EXPECT_EQ(NSSeptember(u"SEPT. 5").text(), u"September. 5");
-    EXPECT_EQ(NSSeptember(u"sep,sept").text(), u"September,September");
-    EXPECT_EQ(NSSeptember(u"5sep08").text(), u"5September08");
+    EXPECT_EQ(September(u"Sep 5").text(), u"September 5");
+    EXPECT_EQ(September(u"5 sept").text(), u"5 September");
+    EXPECT_EQ(September(u"SEPT. 5").text(), u"September. 5");
+    EXPECT_EQ(September(u"sep,sept").text(), u"September,September");
+    EXPECT_EQ(September(u"5sep08").text(), u"5September08");
 }
 
-TEST(NSSeptember, LeavesOtherWordsAlone)
+TEST(September, LeavesOtherWordsAlone)
 {
     for (const char16_t *const text : {u"", u"September 5", u"septic", u"Mar 5", u"se p", u"5"}) {
-        const NSSeptember september{QStringView(text)};
+        const September september{QStringView(text)};
         EXPECT_EQ(september.text(), QStringView(text));
         EXPECT_EQ(september.lengthInSource(september.text().size()), QStringView(text).size());
     }
 }
 
-TEST(NSSeptember, KnowsPlacesInTheSource)
+TEST(September, KnowsPlacesInTheSource)
 {
-    const NSSeptember september(u"5 Sep at Sept end");
+    const September september(u"5 Sep at Sept end");
     EXPECT_EQ(september.text(), u"5 September at September end");
     EXPECT_EQ(september.lengthInSource(0), 0);
     EXPECT_EQ(september.lengthInSource(2), 2);
@@ -34,10 +36,10 @@ TEST(NSSeptember, KnowsPlacesInTheSource)
     EXPECT_EQ(september.lengthInSource(28), 17);
 }
 
-TEST(NSSeptember, SurvivesHostileTexts)
+TEST(September, SurvivesHostileTexts)
 {
     for (const QString &text : hostileTexts()) {
-        const NSSeptember september{QStringView(text)};
+        const September september{QStringView(text)};
         EXPECT_EQ(september.lengthInSource(september.text().size()), text.size());
     }
 }

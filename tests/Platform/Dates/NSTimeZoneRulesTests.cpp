@@ -1,17 +1,19 @@
-#include <KTUtility/Platform/Dates/NSTimeZoneRules_p.h>
+#include <KTUtility/Platform/Dates/TimeZoneRules_p.h>
 
 #include "support/TestSupport.h"
 
 #include <random>
 
+using namespace KTPrivate;
+
 namespace {
-const NSTimeZoneRules &rulesOf(const char *zone)
+const TimeZoneRules &rulesOf(const char *zone)
 {
-    return NSTimeZoneRules::rulesOf(QTimeZone(zone));
+    return TimeZoneRules::rulesOf(QTimeZone(zone));
 }
 
 /// ICU's own answer.
-int offsetByICU(const NSTimeZoneRules &rules, qint64 instant)
+int offsetByICU(const TimeZoneRules &rules, qint64 instant)
 {
     int32_t standard = 0;
     int32_t saving = 0;
@@ -20,7 +22,7 @@ int offsetByICU(const NSTimeZoneRules &rules, qint64 instant)
     return standard + saving;
 }
 
-qint64 instantByICU(const NSTimeZoneRules &rules, qint64 localTime)
+qint64 instantByICU(const TimeZoneRules &rules, qint64 localTime)
 {
     int32_t standard = 0;
     int32_t saving = 0;
@@ -41,7 +43,7 @@ class NSTimeZoneRulesOf : public testing::TestWithParam<const char *>
 
 TEST_P(NSTimeZoneRulesOf, HasTheOffsetsOfICU)
 {
-    const NSTimeZoneRules &rules = rulesOf(GetParam());
+    const TimeZoneRules &rules = rulesOf(GetParam());
     std::mt19937 random(7);
     std::uniform_int_distribution<qint64> seconds(-13'000'000'000, 20'000'000'000);
     for (int count = 0; count < 5000; ++count) {
@@ -54,7 +56,7 @@ TEST_P(NSTimeZoneRulesOf, HasTheOffsetsOfICU)
 
 TEST_P(NSTimeZoneRulesOf, AgreesWithICUAroundChanges)
 {
-    const NSTimeZoneRules &rules = rulesOf(GetParam());
+    const TimeZoneRules &rules = rulesOf(GetParam());
     const auto &zone = dynamic_cast<const icu::BasicTimeZone &>(rules.zone());
     icu::TimeZoneTransition change;
     qint64 time = -4'000'000'000 * Second;
@@ -80,9 +82,9 @@ INSTANTIATE_TEST_SUITE_P(Zones, NSTimeZoneRulesOf,
                              return name.replace('/', '_').toStdString();
                          });
 
-TEST(NSTimeZoneRules, ReadsSkippedTimesWithTheOffsetBefore)
+TEST(TimeZoneRules, ReadsSkippedTimesWithTheOffsetBefore)
 {
-    const NSTimeZoneRules &rules = rulesOf("America/New_York");
+    const TimeZoneRules &rules = rulesOf("America/New_York");
     const qint64 change = 1'205'046'000 * Second; // 9 March 2008, 2:00 EST
     const qint64 local = change - 5 * Hour;
     EXPECT_EQ(rules.instantOf(local - Second), change - Second);
@@ -91,9 +93,9 @@ TEST(NSTimeZoneRules, ReadsSkippedTimesWithTheOffsetBefore)
     EXPECT_EQ(rules.instantOf(local + Hour), change);
 }
 
-TEST(NSTimeZoneRules, ReadsDoubledTimesAsTheLater)
+TEST(TimeZoneRules, ReadsDoubledTimesAsTheLater)
 {
-    const NSTimeZoneRules &rules = rulesOf("America/New_York");
+    const TimeZoneRules &rules = rulesOf("America/New_York");
     const qint64 change = 1'225'605'600 * Second; // 2 November 2008, 2:00 EDT
     const qint64 local = change - 5 * Hour;
     EXPECT_EQ(rules.instantOf(local), change);
@@ -101,16 +103,16 @@ TEST(NSTimeZoneRules, ReadsDoubledTimesAsTheLater)
     EXPECT_EQ(rules.instantOf(local + Hour - Second), change + Hour - Second);
 }
 
-TEST(NSTimeZoneRules, KnowsZonesWithoutRules)
+TEST(TimeZoneRules, KnowsZonesWithoutRules)
 {
     EXPECT_EQ(rulesOf("UTC+05:30").offsetAt(0), 5 * Hour + Hour / 2);
     EXPECT_EQ(rulesOf("UTC-03:00").offsetAt(1'000'000'000'000), -3 * Hour);
     EXPECT_EQ(rulesOf("UTC-03:00").instantOf(0), 3 * Hour);
 }
 
-TEST(NSTimeZoneRules, AreTheSameForTheSameZone)
+TEST(TimeZoneRules, AreTheSameForTheSameZone)
 {
     EXPECT_EQ(&rulesOf("Europe/Berlin"), &rulesOf("Europe/Berlin"));
     EXPECT_NE(&rulesOf("Europe/Berlin"), &rulesOf("Europe/Paris"));
-    EXPECT_EQ(&NSTimeZoneRules::rulesOf(QTimeZone()), &NSTimeZoneRules::rulesOf(QTimeZone()));
+    EXPECT_EQ(&TimeZoneRules::rulesOf(QTimeZone()), &TimeZoneRules::rulesOf(QTimeZone()));
 }

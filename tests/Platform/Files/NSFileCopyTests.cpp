@@ -1,7 +1,7 @@
 // Copying, moving and removing files and folders.
 
 #include <KTUtility/NSFileManager>
-#include <KTUtility/Platform/Files/NSFileOperations_p.h>
+#include <KTUtility/Platform/Files/FileOperations_p.h>
 
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
@@ -16,6 +16,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 using namespace NSFileManager;
@@ -149,7 +150,7 @@ TEST_F(FileOperations, RenamingWithPlaceholders)
     tree.add(u"b"_s, "b");
     tree.add(u"folder/x"_s, "x");
     const auto rename = [this](const char *from, const char *to) {
-        return NSRenameOverPlaceholder(QFile::encodeName(at(from)), QFile::encodeName(at(to)));
+        return renameOverPlaceholder(QFile::encodeName(at(from)), QFile::encodeName(at(to)));
     };
     EXPECT_EQ(rename("a", "b"), EEXIST);
     EXPECT_EQ(rename("folder", "b"), EEXIST);

@@ -9,6 +9,7 @@
 #include <random>
 #include <string>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 using namespace testing_support;
@@ -256,12 +257,12 @@ void compareWithSchoolbook(Operation operation,
 }
 } // namespace
 
-TEST(NSDecimalArithmetic, AddsAsOnPaper)
+TEST(DecimalArithmetic, AddsAsOnPaper)
 {
     compareWithSchoolbook(&NSDecimalNumber::decimalNumberByAdding, sumOf);
 }
 
-TEST(NSDecimalArithmetic, SubtractsAsOnPaper)
+TEST(DecimalArithmetic, SubtractsAsOnPaper)
 {
     compareWithSchoolbook(&NSDecimalNumber::decimalNumberBySubtracting,
                           [](const Exact &left, Exact right) {
@@ -270,17 +271,17 @@ TEST(NSDecimalArithmetic, SubtractsAsOnPaper)
                           });
 }
 
-TEST(NSDecimalArithmetic, MultipliesAsOnPaper)
+TEST(DecimalArithmetic, MultipliesAsOnPaper)
 {
     compareWithSchoolbook(&NSDecimalNumber::decimalNumberByMultiplyingBy, productOf);
 }
 
-TEST(NSDecimalArithmetic, DividesAsOnPaper)
+TEST(DecimalArithmetic, DividesAsOnPaper)
 {
     compareWithSchoolbook(&NSDecimalNumber::decimalNumberByDividingBy, quotientOf, 5'000);
 }
 
-TEST(NSDecimalArithmetic, RoundsAsOnPaper)
+TEST(DecimalArithmetic, RoundsAsOnPaper)
 {
     Numbers numbers;
     for (int round = 0; round < 20'000; ++round) {
@@ -296,7 +297,7 @@ TEST(NSDecimalArithmetic, RoundsAsOnPaper)
     }
 }
 
-TEST(NSDecimalArithmetic, ComparesAsOnPaper)
+TEST(DecimalArithmetic, ComparesAsOnPaper)
 {
     Numbers numbers;
     for (int round = 0; round < 20'000; ++round) {
@@ -313,7 +314,7 @@ TEST(NSDecimalArithmetic, ComparesAsOnPaper)
     }
 }
 
-TEST(NSDecimalArithmetic, SubtractsLongNumbersFromMuchLargerOnes)
+TEST(DecimalArithmetic, SubtractsLongNumbersFromMuchLargerOnes)
 {
     const auto decimal = [](QStringView text) {
         return NSDecimalNumber::decimalNumberWithString(text);

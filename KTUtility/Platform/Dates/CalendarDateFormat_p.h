@@ -1,0 +1,19 @@
+#pragma once
+
+#include "DateEngine_p.h"
+
+#include <QString>
+#include <QStringView>
+
+// The patterns of the behaviour 10.0: "%m/%d/%y %I:%M:%S %p". They are about the Gregorian calendar
+// only. A directive that does not exist stands for itself.
+
+namespace KTPrivate::CalendarDateFormat {
+/// The text of an instant.
+QString stringOf(const QString &pattern, qint64 time, const DateEnvironment &environment,
+                 const TimeZoneRules &rules);
+
+/// Reads a date from the start of \a text. Blanks in the pattern are any number of blanks, numbers
+/// may have fewer digits; hour 24 is 0:00 of the next day. %c, %x and %X cannot be read.
+bool parse(const QString &pattern, QStringView text, const DateReading &reading, DateMatch *match);
+} // namespace KTPrivate::CalendarDateFormat

@@ -1,0 +1,230 @@
+#include "DateEngine_p.h"
+
+#include "CivilDate_p.h"
+#include "DateCharacters_p.h"
+#include "September_p.h"
+#include <KTUtility/Platform/Text/ICU_p.h>
+#include <KTUtility/Platform/Text/ThreadCache_p.h>
+
+#include <unicode/gregocal.h>
+#include <unicode/uchar.h>
+
+#include <array>
+
+using namespace KTPrivate;
+
+namespace {
+struct EngineKey
+{
+    const DateEnvironment *environment;
+    const TimeZoneRules *rules;
+    bool isLenient;
+
+    friend bool operator==(const EngineKey &, const EngineKey &) = default;
+    friend size_t qHash(const EngineKey &key)
+    {
+        return qHashMulti(0, key.environment, key.rules, key.isLenient);
+    }
+};
+
+/// The later a field is set, the more it counts; the hour of the day counts more than "PM".
+constexpr std::array DefaultFields{UCAL_ERA,    UCAL_YEAR,       UCAL_MONTH,       UCAL_DATE,
+                                   UCAL_HOUR,   UCAL_AM_PM,      UCAL_HOUR_OF_DAY, UCAL_MINUTE,
+                                   UCAL_SECOND, UCAL_MILLISECOND};
+
+/// 1 January 2000, 0:00, as a clock shows it.
+constexpr qint64 LocalDefaultTime = 946'684'800'000;
+
+int32_t skipBlanks(const icu::UnicodeString &text, int32_t at)
+{
+    while (at < text.length() && DateCharacters::isBlank(text.charAt(at)))
+        ++at;
+    return at;
+}
+
+int countOfDigits(const icu::UnicodeString &text, int32_t at)
+{
+    int count = 0;
+    while (at < text.length() && u_isdigit(text.char32At(at))) {
+        at = text.moveIndex32(at, 1);
+        ++count;
+    }
+    return count;
+}
+} // namespace
+
+DateEngine &DateEngine::engineOf(const DateEnvironment &environment, const TimeZoneRules &rules,
+                                 bool isLenient)
+{
+    static thread_local ThreadCache<EngineKey, DateEngine> engines;
+    return engines.value({&environment, &rules, isLenient}, [&] {
+        return std::make_unique<DateEngine>(environment, rules, isLenient);
+    });
+}
+
+DateEngine::DateEngine(const DateEnvironment &environment, const TimeZoneRules &rules,
+                       bool isLenient)
+    : _environment(environment.shared_from_this()), _rules(rules), _isLenient(isLenient)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    _format =
+        std::make_unique<icu::SimpleDateFormat>(icu::UnicodeString(), environment.locale, status);
+    const DateCustoms &customs = environment.customs;
+    if (customs != DateCustoms())
+        _format->setDateFormatSymbols(environment.symbols());
+    _calendar.reset(_format->getCalendar()->clone());
+    _calendar->setTimeZone(rules.zone());
+    _calendar->setLenient(UBool(isLenient ? 1 : 0));
+    if (customs.firstWeekday > 0)
+        _calendar->setFirstDayOfWeek(UCalendarDaysOfWeek(customs.firstWeekday));
+    if (customs.minimumDaysInFirstWeek > 0)
+        _calendar->setMinimalDaysInFirstWeek(uint8_t(customs.minimumDaysInFirstWeek));
+    _format->setCalendar(*_calendar);
+    _format->setLenient(UBool(isLenient ? 1 : 0));
+    // Years of other calendars are not of this or that century.
+    if (!environment.isGregorian)
+        return;
+    const qint64 start = Civil::daysOf(customs.twoDigitStartYear, 1, 1);
+    _format->set2DigitYearStart(double(rules.instantOf(start * Civil::MillisecondsPerDay)), status);
+}
+
+void DateEngine::setPattern(const DatePattern &pattern)
+{
+    if (_patternNumber == pattern.number)
+        return;
+    _format->applyPattern(ICU::aliasOf(pattern.text));
+    _patternNumber = pattern.number;
+}
+
+QString DateEngine::stringOf(const DatePattern &pattern, qint64 time)
+{
+    setPattern(pattern);
+    UErrorCode status = U_ZERO_ERROR;
+    _calendar->setTime(double(time), status);
+    // ICU allocates for what is longer than this.
+    std::array<char16_t, 128> buffer;
+    icu::UnicodeString text(buffer.data(), 0, int32_t(buffer.size()));
+    icu::FieldPosition position(icu::FieldPosition::DONT_CARE);
+    _format->format(*_calendar, text, position);
+    return ICU::stringOf(text);
+}
+
+void DateEngine::presetFields(const DatePattern &pattern, std::optional<qint64> defaultTime)
+{
+    if (defaultTime)
+        presetFieldsOf(*defaultTime);
+    else
+        presetWithoutDefault();
+    if (!pattern.hasDayPeriod)
+        return;
+    // A part of the day tells 5 from 17, unless an hour is known already.
+    for (const UCalendarDateFields field : {UCAL_HOUR, UCAL_AM_PM, UCAL_HOUR_OF_DAY})
+        _calendar->clear(field);
+}
+
+/// Years of eras or cycles have no counterpart of the year 2000; the era is the current one.
+void DateEngine::presetWithoutDefault()
+{
+    const bool hasEras = _environment->calendarType == NSJapaneseCalendar;
+    const bool hasCycles =
+        _environment->calendarType == u"chinese" || _environment->calendarType == u"dangi";
+    if (!hasEras && !hasCycles) {
+        presetFieldsOf(_rules.instantOf(LocalDefaultTime));
+        return;
+    }
+    UErrorCode status = U_ZERO_ERROR;
+    _calendar->setTime(icu::Calendar::getNow(), status);
+    const int32_t era = _calendar->get(UCAL_ERA, status);
+    _calendar->clear();
+    if (hasEras)
+        _calendar->set(UCAL_ERA, era);
+}
+
+void DateEngine::presetFieldsOf(qint64 time)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    _calendar->setTime(double(time), status);
+    std::array<int32_t, DefaultFields.size()> values{};
+    for (size_t index = 0; index < values.size(); ++index)
+        values[index] = _calendar->get(DefaultFields[index], status);
+    _calendar->clear();
+    for (size_t index = 0; index < values.size(); ++index)
+        _calendar->set(DefaultFields[index], values[index]);
+}
+
+bool DateEngine::parse(const DatePattern &pattern, QStringView text,
+                       std::optional<qint64> defaultTime, DateMatch *match)
+{
+    setPattern(pattern);
+    const bool isRead = parseUnderAllNames(pattern, text, defaultTime, match);
+    // A zone that was read has become the calendar's.
+    if (pattern.hasZone)
+        _calendar->setTimeZone(_rules.zone());
+    return isRead;
+}
+
+bool DateEngine::parseUnderAllNames(const DatePattern &pattern, QStringView text,
+                                    std::optional<qint64> defaultTime, DateMatch *match)
+{
+    if (!_environment->isEnglish || !pattern.hasMonthName)
+        return parseText(pattern, ICU::aliasOf(text), defaultTime, match);
+    const September rewritten(text);
+    const bool isRead = parseText(pattern, ICU::aliasOf(rewritten.text()), defaultTime, match);
+    match->length = rewritten.lengthInSource(match->length);
+    return isRead;
+}
+
+bool DateEngine::parseText(const DatePattern &pattern, const icu::UnicodeString &text,
+                           std::optional<qint64> defaultTime, DateMatch *match)
+{
+    presetFields(pattern, defaultTime);
+    icu::ParsePosition position(0);
+    _format->parse(text, *_calendar, position);
+    const bool isMatched = position.getErrorIndex() < 0 && position.getIndex() > 0;
+    match->length = isMatched ? position.getIndex() : qMax(position.getErrorIndex(), 0);
+    if (!isMatched || !readTime(pattern, &match->time))
+        return false;
+    return hasFittingYear(pattern, text);
+}
+
+bool DateEngine::readTime(const DatePattern &pattern, qint64 *time)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    *time = qint64(_calendar->getTime(status));
+    return U_SUCCESS(status) || (!pattern.hasZone && readSkippedTime(time));
+}
+
+/// Strict calendars refuse a time that no clock showed. In UTC every time exists; if that works,
+/// only the clock was the obstacle.
+bool DateEngine::readSkippedTime(qint64 *time)
+{
+    const std::unique_ptr<icu::Calendar> inUTC(_calendar->clone());
+    inUTC->setTimeZone(*icu::TimeZone::getGMT());
+    UErrorCode status = U_ZERO_ERROR;
+    const double localTime = inUTC->getTime(status);
+    if (U_FAILURE(status))
+        return false;
+    *time = _rules.instantOf(qint64(localTime));
+    return true;
+}
+
+bool DateEngine::hasFittingYear(const DatePattern &pattern, const icu::UnicodeString &text)
+{
+    if (_isLenient || !_environment->isGregorian || pattern.takesYearOf(-1))
+        return true;
+    const int32_t start = startOfYear(pattern, text);
+    return start < 0 || pattern.takesYearOf(countOfDigits(text, start) - pattern.digitsAfterYear);
+}
+
+/// ICU does not say where it found a field, so what stands before the year is read again.
+int32_t DateEngine::startOfYear(const DatePattern &pattern, const icu::UnicodeString &text)
+{
+    if (pattern.beforeYear.isEmpty())
+        return skipBlanks(text, 0);
+    _format->applyPattern(ICU::aliasOf(pattern.beforeYear));
+    _patternNumber = 0;
+    _calendar->clear();
+    icu::ParsePosition position(0);
+    _format->parse(text, *_calendar, position);
+    return position.getErrorIndex() < 0 ? skipBlanks(text, position.getIndex()) : -1;
+}

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "DateEnvironment_p.h"
+#include "DatePattern_p.h"
+#include "DateText_p.h"
+#include "TimeZoneRules_p.h"
+
+#include <unicode/smpdtfmt.h>
+
+#include <QStringView>
+
+#include <memory>
+#include <optional>
+
+namespace KTPrivate {
+/// How a text is read.
+struct DateReading
+{
+    const DateEnvironment *environment = nullptr;
+    const TimeZoneRules *rules = nullptr;
+    bool isLenient = false;
+    std::optional<qint64> defaultTime;
+};
+
+/// ICU's formatter for a locale, calendar, zone and leniency: one per thread, since it is dear to
+/// make and cheap to give another pattern.
+///
+/// It reads as ICU does, except that
+/// - years are as wide as the pattern says (Gregorian calendar, strict);
+/// - "Sep" and "Sept" are one month in English;
+/// - a time that is skipped by a change to summer time is read an hour on;
+/// - the default date is preset as fields, so that a weekday behind a date cannot change it, and
+///   its hour not at all where a part of the day is read.
+class DateEngine
+{
+public:
+    static DateEngine &engineOf(const DateEnvironment &environment, const TimeZoneRules &rules,
+                                bool isLenient);
+
+    DateEngine(const DateEnvironment &environment, const TimeZoneRules &rules, bool isLenient);
+
+    QString stringOf(const DatePattern &pattern, qint64 time);
+
+    bool parse(const DatePattern &pattern, QStringView text, std::optional<qint64> defaultTime,
+               DateMatch *match);
+
+private:
+    void setPattern(const DatePattern &pattern);
+    void presetFields(const DatePattern &pattern, std::optional<qint64> defaultTime);
+    void presetWithoutDefault();
+    void presetFieldsOf(qint64 time);
+    bool parseUnderAllNames(const DatePattern &pattern, QStringView text,
+                            std::optional<qint64> defaultTime, DateMatch *match);
+    bool parseText(const DatePattern &pattern, const icu::UnicodeString &text,
+                   std::optional<qint64> defaultTime, DateMatch *match);
+    bool readTime(const DatePattern &pattern, qint64 *time);
+    bool readSkippedTime(qint64 *time);
+    bool hasFittingYear(const DatePattern &pattern, const icu::UnicodeString &text);
+    int32_t startOfYear(const DatePattern &pattern, const icu::UnicodeString &text);
+
+    const std::shared_ptr<const DateEnvironment> _environment;
+    const TimeZoneRules &_rules;
+    const bool _isLenient;
+    std::unique_ptr<icu::SimpleDateFormat> _format;
+    std::unique_ptr<icu::Calendar> _calendar;
+    quint64 _patternNumber = 0;
+};
+} // namespace KTPrivate

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <KTUtility/KTUtilityExport.h>
+
+#include <QString>
+#include <QStringView>
+
+#include <memory>
+#include <vector>
+
+namespace KTPrivate {
+/// A field of a pattern, or the characters between two fields.
+struct DateElement
+{
+    enum class Kind : quint8 {
+        Literal,
+        Number,    ///< y yy yyyy M MM L LL d h H k K m s, and more letters of the time
+        MonthName, ///< MMM and more, LLL and more
+        Weekday,   ///< E
+        HalfOfDay, ///< a
+        Other      ///< what is left to ICU
+    };
+
+    Kind kind = Kind::Other;
+    char16_t letter = 0;
+    int count = 0;
+    /// How many digits a number needs at least. ICU asks for all digits of "dd", "mm" and "ss", but
+    /// not of the others.
+    int minimalDigits = 1;
+    /// A literal's characters, and the same as they are looked for: a blank is any run of blanks.
+    QString characters;
+    QString sought;
+};
+
+/// A date pattern in Unicode's notation (UTS #35), taken apart once and shared by all formatters
+/// that use it. Immutable.
+class KTUTILITY_EXPORT DatePattern
+{
+public:
+    /// The pattern for \a text, the same object for the same text as long as it is among those that
+    /// were used last.
+    static std::shared_ptr<const DatePattern> patternOf(const QString &text);
+
+    explicit DatePattern(const QString &text);
+
+    const QString text;
+    /// Different for every object that ever was.
+    const quint64 number;
+    /// Whether it is "ha", the one pattern that reads an hour without AM or PM.
+    const bool isBareHour;
+    /// Whether a month is read as a name.
+    bool hasMonthName = false;
+    /// Whether a part of the day is read ("in the morning").
+    bool hasDayPeriod = false;
+    /// Whether a time zone is read.
+    bool hasZone = false;
+
+    // --- The year, if there is one ("y")
+
+    /// How often the letter stands there; 0 if there is no year.
+    int yearLetters = 0;
+    /// What stands before it, a pattern again.
+    QString beforeYear;
+    /// The number of digits that the fields right behind it take from the same run.
+    int digitsAfterYear = 0;
+
+    /// Whether a year of \a digits digits fits, where widths are strict.
+    bool takesYearOf(int digits) const;
+
+    const std::vector<DateElement> &elements() const { return _elements; }
+    /// The kind of the first element.
+    DateElement::Kind leadingKind() const { return _leadingKind; }
+    /// The character behind a leading number; a blank is any, 0 is none in particular.
+    char16_t unitAfterLeadingNumber() const { return _unitAfterLeadingNumber; }
+    /// Whether the leading element reads a month.
+    bool isLedByMonth() const { return _isLedByMonth; }
+    /// Whether some element is left to ICU.
+    bool needsICU() const { return _needsICU; }
+
+private:
+    void appendField(qsizetype at, qsizetype end);
+    void appendLiteral(QStringView source);
+    void setYear(qsizetype at, qsizetype end);
+    void leaveAdjacentNumbersToICU();
+
+    void noteLead();
+
+    std::vector<DateElement> _elements;
+    DateElement::Kind _leadingKind = DateElement::Kind::Other;
+    char16_t _unitAfterLeadingNumber = 0;
+    bool _isLedByMonth = false;
+    bool _needsICU = false;
+};
+} // namespace KTPrivate

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <KTUtility/KTUtilityExport.h>
+
+#include <unicode/basictz.h>
+
+#include <QTimeZone>
+
+#include <array>
+#include <memory>
+
+namespace KTPrivate {
+/// When a time zone is how far from UTC, as ICU's data say, remembered.
+///
+/// Zones are made once per process and never go away; there are only so many. Every thread keeps
+/// the offsets of the seasons that it met last, so that an offset costs a few nanoseconds. All
+/// times are milliseconds since 1970.
+class KTUTILITY_EXPORT TimeZoneRules
+{
+public:
+    /// The rules of \a zone; those of NSCalendar::systemTimeZone() if it is invalid.
+    static const TimeZoneRules &rulesOf(const QTimeZone &zone);
+
+    const icu::TimeZone &zone() const { return *_zone; }
+
+    /// The time that a clock in the zone shows at \a instant, as if it were UTC.
+    qint64 localTimeOf(qint64 instant) const { return instant + offsetAt(instant); }
+    int offsetAt(qint64 instant) const;
+
+    /// The instant at which a clock in the zone shows \a localTime. A time that exists twice is the
+    /// later, one that is skipped is read with the offset before the change (2:30 is 3:30 in
+    /// summer time).
+    qint64 instantOf(qint64 localTime) const;
+
+private:
+    explicit TimeZoneRules(const QTimeZone &zone);
+    static const TimeZoneRules &sharedRulesOf(const QTimeZone &zone, const QByteArray &id);
+
+    /// A time from which on an offset holds, until the next such time.
+    struct Stretch
+    {
+        qint64 from = 0;
+        int offset = 0;
+    };
+
+    /// The stretches of about three months and two days on both sides.
+    struct Season
+    {
+        const TimeZoneRules *rules = nullptr;
+        qint64 number = 0;
+        size_t count = 0; ///< 0: more changes than fit
+        std::array<Stretch, 5> stretches;
+    };
+
+    const Season &seasonAt(qint64 time) const;
+    void fill(Season *season) const;
+    int slowOffsetAt(qint64 instant) const;
+    qint64 slowInstantOf(qint64 localTime) const;
+    static qint64 instantOf(qint64 localTime, const Season &season);
+
+    std::unique_ptr<icu::BasicTimeZone> _zone;
+};
+} // namespace KTPrivate

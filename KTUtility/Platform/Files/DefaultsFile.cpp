@@ -1,0 +1,96 @@
+#include "DefaultsFile_p.h"
+
+#include "NSFileManager.h"
+#include "NSPropertyListSerialization.h"
+#include "NSSearchPath.h"
+#include <KTUtility/Platform/Values/NSStringFormat.h>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QLockFile>
+
+#include <cerrno>
+#include <unistd.h>
+
+using namespace KTPrivate;
+
+namespace {
+constexpr int LockMilliseconds = 2000;
+
+constexpr int MostDamagedFiles = 100;
+
+/// Keeps a file that is there and cannot be read as a dictionary from being overwritten: as
+/// "<path>.damaged", or with a number behind it if such a file was kept before.
+bool moveDamagedFileAside(const QString &path)
+{
+    // QFile::rename() never replaces a file.
+    for (int number = 1; number <= MostDamagedFiles; ++number) {
+        const QString suffix = number == 1 ? QString() : QString(u'.' + QString::number(number));
+        if (QFile::rename(path, QString(path + u".damaged" + suffix)))
+            return true;
+    }
+    return false;
+}
+
+bool updateLocked(const QString &file, const std::function<void(QVariantMap &)> &change)
+{
+    using Result = DictionaryReading::Result;
+    DictionaryReading stored = readDictionary(file);
+    // What cannot be read now may be whole.
+    if (stored.result == Result::Unreadable ||
+        (stored.result == Result::NoDictionary && !moveDamagedFileAside(file)))
+        return false;
+    change(stored.dictionary);
+    return NSDictionary::writeToFile(stored.dictionary, file, true);
+}
+
+/// Tries again where the lock's file could not be removed: as that of a process that lives, it
+/// would keep this one from writing, too.
+void unlock(QLockFile &lock)
+{
+    lock.unlock();
+    qint64 process = 0;
+    QString host;
+    QString name;
+    if (lock.getLockInfo(&process, &host, &name) && process == QCoreApplication::applicationPid())
+        lock.removeStaleLockFile();
+}
+} // namespace
+
+QString DefaultsFile::folder()
+{
+    const QStringList folders =
+        NSSearchPathForDirectoriesInDomains(NSLibraryDirectory, NSUserDomainMask, true);
+    return folders.isEmpty() ? QString() : QString(folders.first() + u"/Preferences");
+}
+
+QString DefaultsFile::path(const QString &domain)
+{
+    const QString where = folder();
+    return where.isNull() ? where : NSString::stringWithFormat(u"%@/%@.plist", where, domain);
+}
+
+DictionaryReading DefaultsFile::read(const QString &domain)
+{
+    return readDictionary(path(domain));
+}
+
+bool DefaultsFile::update(const QString &domain, const std::function<void(QVariantMap &)> &change)
+{
+    const QString file = path(domain);
+    if (file.isNull() || !NSFileManager::createDirectoryAtPath(folder(), true))
+        return false;
+    QLockFile lock(file + u".lock");
+    if (!lock.tryLock(LockMilliseconds))
+        return false;
+    const bool isDone = updateLocked(file, change);
+    unlock(lock);
+    return isDone;
+}
+
+bool DefaultsFile::remove(const QString &domain)
+{
+    const QByteArray file = QFile::encodeName(path(domain));
+    return !file.isEmpty() &&
+           (::unlink(file.constData()) == 0 || errno == ENOENT || errno == ENOTDIR);
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+// What the functions on files share.
+
+#include <KTUtility/KTUtilityExport.h>
+
+#include <QByteArray>
+#include <QString>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/types.h>
+
+namespace KTPrivate {
+/// Whether a text can be the path of a file. Lone surrogates have no bytes, and would become the
+/// name of another file.
+inline bool canBePath(const QString &path)
+{
+    return !path.isEmpty() && path.isValidUtf16() && !path.contains(QChar(u'\0'));
+}
+
+/// What a call of the system gives, made again for as long as signals interrupt it.
+template<typename Call>
+auto uninterrupted(const Call &call)
+{
+    auto result = call();
+    while (result < 0 && errno == EINTR)
+        result = call();
+    return result;
+}
+
+/// Opens a file, in spite of signals. \return its descriptor; below 0 if it cannot be opened.
+inline int openFile(const QByteArray &path, int flags, mode_t mode = 0)
+{
+    return uninterrupted([&] { return ::open(path.constData(), flags | O_CLOEXEC, mode); });
+}
+
+/// Renames a file or folder unless the new name is taken.
+/// \return 0, or the error number: EEXIST if it is taken.
+KTUTILITY_EXPORT int renameWithoutReplacing(const QByteArray &path, const QByteArray &toPath);
+
+/// The same for file systems that cannot rename so: takes the new name with an empty file or folder
+/// first, and replaces that.
+KTUTILITY_EXPORT int renameOverPlaceholder(const QByteArray &path, const QByteArray &toPath);
+} // namespace KTPrivate

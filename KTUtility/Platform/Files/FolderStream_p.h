@@ -1,0 +1,15 @@
+#pragma once
+
+#include <dirent.h>
+#include <memory>
+
+namespace KTPrivate {
+/// Closes the folder that readdir(3) reads.
+struct CloseFolderStream
+{
+    void operator()(DIR *folder) const { ::closedir(folder); }
+};
+
+/// A folder that is being read.
+using FolderStream = std::unique_ptr<DIR, CloseFolderStream>;
+} // namespace KTPrivate

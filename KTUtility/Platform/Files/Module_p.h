@@ -1,0 +1,40 @@
+#pragma once
+
+#include <KTUtility/Platform/Keys/NSClass.h>
+
+#include <QString>
+
+#include <memory>
+
+namespace KTPrivate {
+/// A shared object that was opened from a bundle.
+///
+/// The file is opened first, then looked at, and what was looked at is loaded: nobody can exchange
+/// it in between. A file that was replaced by renaming another one onto it is other code; the same
+/// file is the same code. Closing gives the module back, but its code stays in the process: what
+/// Qt keeps of it (types, text literals, pending events) would otherwise point nowhere. With the
+/// code stays a descriptor of its file.
+class Module
+{
+public:
+    /// Opens the executable of a bundle. It is refused if it is no file, is incomplete, lies
+    /// outside of the bundle, or if others (the world) may write to it, to a folder from its own
+    /// up to the one that holds the bundle, or to one that holds a link to the bundle.
+    /// \param error receives why it cannot be opened.
+    /// \return null if it cannot be opened.
+    static std::unique_ptr<Module> open(const QString &executable, const QString &bundlePath,
+                                        QString *error);
+    ~Module();
+    Module(const Module &) = delete;
+    Module &operator=(const Module &) = delete;
+
+    /// A class that the module registers; null if there is none of the name.
+    const NSClass *classNamed(const QString &name) const;
+
+private:
+    explicit Module(void *handle);
+
+    void *_handle;
+    const void *_module;
+};
+} // namespace KTPrivate

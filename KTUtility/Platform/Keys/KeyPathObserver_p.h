@@ -1,0 +1,64 @@
+#pragma once
+
+#include "NSKeyAccessor.h"
+#include "NSKeyValueObservation.h"
+
+#include <QPointer>
+
+#include <optional>
+#include <vector>
+
+namespace KTPrivate {
+class ObservedKey;
+
+/// What an NSKeyValueObservation does: follows the path and tells of changes at its end.
+class KeyPathObserver : public std::enable_shared_from_this<KeyPathObserver>
+{
+public:
+    KeyPathObserver(QObject *object, const QString &keyPath, NSKeyValueObservingOptions options,
+                    NSKeyValueObservation::Callback callback);
+    ~KeyPathObserver();
+    KeyPathObserver(const KeyPathObserver &) = delete;
+    KeyPathObserver &operator=(const KeyPathObserver &) = delete;
+
+    /// \throws NSException as the observation's constructor says.
+    void start();
+    void stop();
+    bool isActive() const { return _isActive; }
+    /// Later observations have greater ones.
+    quint64 serial() const { return _serial; }
+
+    /// The key at a step of the path has changed, or is about to.
+    void keyChanged(size_t step, const NSKeyValueChange &change);
+    /// The object at a step of the path is gone.
+    void objectIsGone(size_t step);
+
+private:
+    void followFrom(size_t step);
+    void followAgainBehind(size_t step);
+    void setFollowed(size_t count);
+    void leaveFrom(size_t step);
+    QObject *objectBehind(size_t step);
+    QVariant value();
+    void tellPrior(const NSKeyValueChange &change);
+    void tell(const NSKeyValueChange &change);
+
+    struct Step
+    {
+        NSKeyAccessor accessor;
+        QPointer<QObject> object;
+        QPointer<ObservedKey> key;
+    };
+
+    QPointer<QObject> _root;
+    NSKeyValueObservingOptions _options;
+    NSKeyValueObservation::Callback _callback;
+    quint64 _serial;
+    std::vector<Step> _steps;
+    // How many steps lead over objects, and the rest of the path from the last of them on.
+    size_t _followed = 0;
+    std::optional<NSKeyPath> _rest;
+    QVariant _lastValue;
+    bool _isActive = false;
+};
+} // namespace KTPrivate

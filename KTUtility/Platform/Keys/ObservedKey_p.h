@@ -1,0 +1,73 @@
+#pragma once
+
+// The keys of objects that somebody observes.
+
+#include "NSKeyValueChange.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace KTPrivate {
+class KeyPathObserver;
+
+/// One key of one object, and the observers whose paths lead over it, in the order in which the
+/// observations were made. It lives as long as there are any.
+class ObservedKey : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The key of an object, made at the first call.
+    static ObservedKey *of(QObject *object, const QString &key);
+    /// The same, null if nobody observes it.
+    static ObservedKey *existing(const QObject *object, const QString &key);
+    /// All observed keys of an object, in the order in which they came to be observed.
+    static QList<ObservedKey *> allOf(const QObject *object);
+
+    ~ObservedKey() override;
+
+    /// \param step which key of the observer's path it is.
+    void add(KeyPathObserver *observer, size_t step);
+    void remove(KeyPathObserver *observer, size_t step);
+
+    /// Announces a change; until didChange(), the property's signal says nothing.
+    void willChange(NSKeyValueChangeKind kind, const QList<qsizetype> &indexes);
+    void didChange(NSKeyValueChangeKind kind, const QList<qsizetype> &indexes);
+
+    bool eventFilter(QObject *object, QEvent *event) override;
+
+private Q_SLOTS:
+    void notified();
+    void objectIsGone();
+
+private:
+    struct Entry
+    {
+        KeyPathObserver *observer = nullptr; // null: removed while changes are told
+        size_t step = 0;
+    };
+    class Telling;
+
+    ObservedKey(QObject *object, const QString &key);
+    void connectTo(QObject *object);
+    void forget();
+    void insert(const Entry &entry);
+    void tell(const NSKeyValueChange &change);
+    void settle();
+
+    QPointer<QObject> _object;
+    const QObject *_address;
+    QString _key;
+    quint64 _serial;
+    std::vector<Entry> _entries;
+    // What was added while changes are told.
+    std::vector<Entry> _added;
+    int _telling = 0;
+    int _changing = 0;
+    bool _hasGaps = false;
+};
+} // namespace KTPrivate

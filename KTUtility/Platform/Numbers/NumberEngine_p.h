@@ -1,0 +1,77 @@
+#pragma once
+
+#include "NumberReader_p.h"
+#include "NumberSettings_p.h"
+#include "NumberWriter_p.h"
+#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+
+#include <unicode/decimfmt.h>
+
+#include <QVariant>
+
+#include <memory>
+
+namespace KTPrivate {
+/// What ICU read at the start of a text.
+struct NumberReading
+{
+    bool isNumber = false;
+    qsizetype length = 0;   ///< units read, or up to the error
+    QByteArray digits;      ///< the number as decimal text, maybe with an exponent
+    bool isInteger = false; ///< fits 64 bits and is written without a fraction
+};
+
+/// ICU's formatter for one set of settings, and what follows from it for the quick paths.
+///
+/// Costly to make (some 15 µs), so that formatters with equal settings share one. Never changed
+/// once made; ICU allows several threads to use it then.
+class NumberEngine
+{
+public:
+    /// The engine for \a settings, made on first use and kept for the process (the latest few
+    /// hundred).
+    static std::shared_ptr<const NumberEngine> engineFor(const NumberSettings &settings);
+
+    explicit NumberEngine(const NumberSettings &settings);
+
+    /// Null for numbers in words.
+    const icu::DecimalFormat *decimalFormat() const { return _decimalFormat; }
+    /// Whether it is for money with a sign such as "$ US".
+    bool hasBlankInCurrencySign() const { return _hasBlankInCurrencySign; }
+    const icu::DecimalFormatSymbols *symbols() const;
+    QString symbol(icu::DecimalFormatSymbols::ENumberFormatSymbol symbol) const;
+    /// The pattern as ICU writes it.
+    QString pattern() const;
+
+    /// The text of any number, by ICU.
+    QString stringFromNumber(const QVariant &number) const;
+    /// Reads a number at the start of \a text, by ICU.
+    NumberReading read(QStringView text) const;
+
+    /// How the quick paths do the same; not set where they cannot.
+    const std::optional<NumberReader> &reader() const { return _reader; }
+    const std::optional<NumberWriter> &writer() const { return _writer; }
+
+private:
+    void create(const NumberSettings &settings);
+    void applySymbols(const NumberSettings &settings);
+    void applyPatterns(const NumberSettings &settings);
+    void applyCurrency(const NumberSettings &settings);
+    void applyAffixes(const NumberSettings &settings);
+    void applyCurrencyAffixes(const NumberSettings &settings);
+    void applyDigits(const NumberSettings &settings);
+    void applyWidth(const NumberSettings &settings);
+    void applyGrouping(const NumberSettings &settings);
+    QString stringFromDecimal(const NSDecimalNumber &number) const;
+    bool hasUnpairedParenthesis(QStringView read) const;
+    void preparePaths(const NumberSettings &settings);
+
+    std::unique_ptr<icu::NumberFormat> _format;
+    icu::DecimalFormat *_decimalFormat = nullptr;
+    bool _hasBlankInCurrencySign = false;
+    bool _needsPairedParentheses = false;
+    char16_t _decimalSeparator = u'.';
+    std::optional<NumberReader> _reader;
+    std::optional<NumberWriter> _writer;
+};
+} // namespace KTPrivate

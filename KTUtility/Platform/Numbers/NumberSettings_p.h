@@ -1,0 +1,71 @@
+#pragma once
+
+#include "NSNumberFormatter.h"
+#include <KTUtility/Platform/Text/NSLocale.h>
+
+#include <QString>
+
+#include <optional>
+
+namespace KTPrivate {
+/// What a number formatter was told, each thing set or not set (no value, nil). Setters write
+/// here and nothing else; what is not set comes from the locale's data when it is asked for.
+struct NumberSettings
+{
+    /// Stands for the currency's sign in affixes and patterns.
+    static constexpr char16_t CurrencySign = u'\u00A4';
+
+    /// Whether the style is one of the currency styles.
+    bool isForMoney() const
+    {
+        return style == NSNumberFormatterCurrencyStyle ||
+               style >= NSNumberFormatterCurrencyISOCodeStyle;
+    }
+
+    NSLocale locale;
+    int style = 0;
+    bool lenient = false;
+
+    std::optional<bool> usesGroupingSeparator;
+    std::optional<int> groupingSize;
+    std::optional<int> secondaryGroupingSize;
+    std::optional<int> minimumIntegerDigits;
+    std::optional<int> maximumIntegerDigits;
+    std::optional<int> minimumFractionDigits;
+    std::optional<int> maximumFractionDigits;
+    std::optional<bool> usesSignificantDigits;
+    std::optional<int> minimumSignificantDigits;
+    std::optional<int> maximumSignificantDigits;
+    std::optional<int> roundingMode;
+    std::optional<double> roundingIncrement;
+    std::optional<int> formatWidth;
+    std::optional<int> paddingPosition;
+    std::optional<int> multiplier;
+    std::optional<bool> alwaysShowsDecimalSeparator;
+
+    // Affixes hold U+00A4 where the currency's sign stands, so that they follow it.
+    QString positivePrefix;
+    QString positiveSuffix;
+    QString negativePrefix;
+    QString negativeSuffix;
+
+    QString currencyCode;
+    QString currencySymbol;
+    QString internationalCurrencySymbol;
+    QString decimalSeparator;
+    QString groupingSeparator;
+    QString currencyDecimalSeparator;
+    QString currencyGroupingSeparator;
+    QString percentSymbol;
+    QString perMillSymbol;
+    QString minusSign;
+    QString plusSign;
+    QString exponentSymbol;
+    QString notANumberSymbol;
+    QString paddingCharacter;
+    QString positiveFormat;
+    QString negativeFormat;
+
+    friend bool operator==(const NumberSettings &, const NumberSettings &) = default;
+};
+} // namespace KTPrivate
