@@ -3,11 +3,12 @@
 #include "NSArray_KTSelectors.h"
 #include "NSArray_KTUniqueNames.h"
 #include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/Keys/KeyAccessor.h>
+#include <KTUtility/Platform/Keys/KeyPath.h>
 #include <KTUtility/Platform/Keys/NSCollections.h>
-#include <KTUtility/Platform/Keys/NSKeyAccessor.h>
 #include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
 #include <KTUtility/Platform/Keys/NSSortDescriptor.h>
-#include <KTUtility/Platform/Keys/NSValueMatcher.h>
+#include <KTUtility/Platform/Keys/ValueMatcher.h>
 #include <KTUtility/Platform/Text/NSStringCompare.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 
@@ -31,7 +32,7 @@ inline QList<NSSortDescriptor> makeSortDescriptorForKey(const QString &key)
 /// Questions asked of lists of objects everywhere: find by key, sort, index, renumber, compare.
 ///
 /// Lists may be typed (QList<Field *> in, QList<Field *> out) or dynamic (QVariantList); elements
-/// answer keys as NSKeyValueCodable says. A list is a value: a function works on the list as it was
+/// answer keys as KeyValueCodable says. A list is a value: a function works on the list as it was
 /// when it was called, whatever is changed meanwhile. Keys that an element does not have raise
 /// NSUndefinedKeyException.
 ///
@@ -64,14 +65,14 @@ NSNullable<T> singularObject(const QList<T> &list)
 // --- Sorting ------------------------------------------------------------------------------------
 
 /// A new list in ascending order of the values for \a key. Equal elements keep their order.
-template<NSKeyValueCodable T>
+template<KTPrivate::KeyValueCodable T>
 QList<T> sortByKey(const QList<T> &list, const QString &key)
 {
     return NSSortDescriptor::sorted(list, KTAdditions_Private::makeSortDescriptorForKey(key));
 }
 
 /// A new list in ascending order of "order".
-template<NSKeyValueCodable T>
+template<KTPrivate::KeyValueCodable T>
 QList<T> sortByOrder(const QList<T> &list)
 {
     return sortByKey(list, QStringLiteral("order"));
@@ -90,21 +91,21 @@ KTUTILITY_EXPORT bool containsName(const QVariantList &list, const QString &name
 /// Whether an element has \a value for \a forKey; with a nil key, whether the list itself holds
 /// the value. NSNull() as the value finds elements whose value is nil. All elements must have the
 /// key, also those behind the one that is found.
-template<NSKeyValueCodable T>
+template<KTPrivate::KeyValueCodable T>
 bool containsObjectWithValue(const QList<T> &list, const QVariant &value, const QString &forKey)
 {
     if (forKey.isNull())
         return std::any_of(list.begin(), list.end(), [&](const T &element) {
             return NSObject::isEqualTo(NSBoxed(element), value);
         });
-    NSKeyAccessor accessor(forKey);
-    const NSValueMatcher matcher(value);
+    KTPrivate::KeyAccessor accessor(forKey);
+    const KTPrivate::ValueMatcher matcher(value);
     bool isFound = false;
     for (const T &element : list) {
         if (isFound) {
-            accessor.resolve(NSKeyValueTargets::target(element));
+            accessor.resolve(KTPrivate::KeyValueTargets::target(element));
         } else {
-            const QVariant &found = accessor.read(NSKeyValueTargets::target(element));
+            const QVariant &found = accessor.read(KTPrivate::KeyValueTargets::target(element));
             isFound = matcher.matches(found) || (isNSNull(value) && NSObject::isNil(found));
         }
     }
@@ -112,41 +113,41 @@ bool containsObjectWithValue(const QList<T> &list, const QVariant &value, const 
 }
 
 /// The first element whose value for \a forKey equals \a value; else nil.
-template<NSKeyValueCodable T>
+template<KTPrivate::KeyValueCodable T>
 NSNullable<T> objectWithValue(const QList<T> &list, const QVariant &value, const QString &forKey)
 {
-    NSKeyAccessor accessor(forKey);
-    const NSValueMatcher matcher(value);
+    KTPrivate::KeyAccessor accessor(forKey);
+    const KTPrivate::ValueMatcher matcher(value);
     for (const T &element : list) {
-        if (matcher.matches(accessor.read(NSKeyValueTargets::target(element))))
+        if (matcher.matches(accessor.read(KTPrivate::KeyValueTargets::target(element))))
             return element;
     }
     return {};
 }
 
 /// The first element whose value for the key path "usingKeyPath.forKey" equals \a value; else nil.
-template<NSKeyValueCodable T>
+template<KTPrivate::KeyValueCodable T>
 NSNullable<T> objectWithValue(const QList<T> &list, const QVariant &value, const QString &forKey,
                               const QString &usingKeyPath)
 {
-    NSKeyPath path(NSString::stringWithFormat(u"%@.%@", usingKeyPath, forKey));
-    const NSValueMatcher matcher(value);
+    KTPrivate::KeyPath path(NSString::stringWithFormat(u"%@.%@", usingKeyPath, forKey));
+    const KTPrivate::ValueMatcher matcher(value);
     for (const T &element : list) {
-        if (matcher.matches(path.read(NSKeyValueTargets::target(element))))
+        if (matcher.matches(path.read(KTPrivate::KeyValueTargets::target(element))))
             return element;
     }
     return {};
 }
 
 /// All elements whose value for the key path equals \a value, in order.
-template<NSKeyValueCodable T>
+template<KTPrivate::KeyValueCodable T>
 QList<T> objectsWithValue(const QList<T> &list, const QVariant &value, const QString &forKeyPath)
 {
     QList<T> result;
-    NSKeyPath path(forKeyPath);
-    const NSValueMatcher matcher(value);
+    KTPrivate::KeyPath path(forKeyPath);
+    const KTPrivate::ValueMatcher matcher(value);
     for (const T &element : list) {
-        if (matcher.matches(path.read(NSKeyValueTargets::target(element))))
+        if (matcher.matches(path.read(KTPrivate::KeyValueTargets::target(element))))
             result += element;
     }
     return result;
@@ -229,13 +230,13 @@ NSIndexSet indexesOfExactObjects(const QList<T> &list, const QList<T> &objects)
 
 /// A dictionary from each element's value for \a key to the element. Elements whose value is nil
 /// are left out; for equal values the later element wins.
-template<NSKeyValueCodable T>
+template<KTPrivate::KeyValueCodable T>
 NSMapTable<QVariant, T> dictionaryIndexWithKey(const QList<T> &list, const QString &key)
 {
     NSMapTable<QVariant, T> index;
-    NSKeyAccessor accessor(key);
+    KTPrivate::KeyAccessor accessor(key);
     for (const T &element : list) {
-        const QVariant &value = accessor.read(NSKeyValueTargets::target(element));
+        const QVariant &value = accessor.read(KTPrivate::KeyValueTargets::target(element));
         if (!NSObject::isNil(value))
             index.setObject(element, value);
     }
@@ -255,15 +256,15 @@ NSMapTable<T, quint64> positionalDictionaryIndex(const QList<T> &list)
 
 /// A text of "prefix value postfix" for each element, without blanks between; the value is that
 /// for \a key, nil being "(null)". With a condition key, only elements whose value for it is true.
-template<NSKeyValueCodable T>
+template<KTPrivate::KeyValueCodable T>
 QString listWithKey(const QList<T> &list, const QString &key, const QString &prefix,
                     const QString &postfix, const QString &condition)
 {
     QString result = QStringLiteral("");
-    NSKeyAccessor valueAccessor(key);
-    NSKeyAccessor conditionAccessor(condition);
+    KTPrivate::KeyAccessor valueAccessor(key);
+    KTPrivate::KeyAccessor conditionAccessor(condition);
     for (const T &element : list) {
-        const NSKeyValueTarget target = NSKeyValueTargets::target(element);
+        const KTPrivate::KeyValueTarget target = KTPrivate::KeyValueTargets::target(element);
         // Deliberate: the condition is read before the test, also when there is none; a nil key
         // has the value nil on every object.
         const bool isMet = NSObject::boolValue(conditionAccessor.read(target));
@@ -281,11 +282,12 @@ template<typename List>
 void adjustOrder(List &list)
 {
     const QString key = QStringLiteral("order");
-    NSKeyAccessor accessor(key);
+    KTPrivate::KeyAccessor accessor(key);
     qint64 position = 0;
     for (auto &element : list) {
         ++position;
-        if (NSObject::integerValue(accessor.read(NSKeyValueTargets::target(element))) != position)
+        if (NSObject::integerValue(accessor.read(KTPrivate::KeyValueTargets::target(element))) !=
+            position)
             NSKeyValueCoding::setValue(element, QVariant(position), key);
     }
 }
@@ -293,7 +295,7 @@ void adjustOrder(List &list)
 
 /// Sets "order" of the elements to 1, 2, 3 and so on. Elements that have the right number already
 /// are not touched, so that nobody is notified of them.
-template<NSKeyValueCodable T>
+template<KTPrivate::KeyValueCodable T>
     requires(NSDetail::HasNil<T>::value && !std::same_as<T, QVariant>)
 void adjustOrder(const QList<T> &list)
 {
@@ -301,7 +303,7 @@ void adjustOrder(const QList<T> &list)
 }
 
 /// The same for elements that are values (maps, gadgets) or may be.
-template<NSKeyValueCodable T>
+template<KTPrivate::KeyValueCodable T>
 void adjustOrder(QList<T> &list)
 {
     Detail::adjustOrder(list);

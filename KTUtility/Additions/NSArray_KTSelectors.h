@@ -1,8 +1,8 @@
 #pragma once
 
+#include <KTUtility/Platform/Keys/Invoker.h>
+#include <KTUtility/Platform/Keys/KeyValueTarget.h>
 #include <KTUtility/Platform/Keys/NSCollections.h>
-#include <KTUtility/Platform/Keys/NSInvoker.h>
-#include <KTUtility/Platform/Keys/NSKeyValueTarget.h>
 #include <KTUtility/Platform/Keys/NSSelector.h>
 
 #include <QList>
@@ -38,14 +38,14 @@ concept FunctionOver = !std::convertible_to<F, NSSelector> && std::invocable<F, 
 /// The elements whose method \a selector, called with \a withObject, returns something other than
 /// 0; in order.
 /// \throws NSException NSInvalidArgumentException if two overloads of the method fit.
-template<NSKeyValueCodable T>
+template<KTPrivate::KeyValueCodable T>
 QList<T> objectsSatisfyingCondition(const QList<T> &list, const NSSelector &selector,
                                     const QVariant &withObject = {})
 {
     QList<T> result;
-    NSInvoker condition(selector, {withObject});
+    KTPrivate::Invoker condition(selector, {withObject});
     for (const T &element : list) {
-        if (condition.isTrue(NSKeyValueTargets::target(element)))
+        if (condition.isTrue(KTPrivate::KeyValueTargets::target(element)))
             result += element;
     }
     return result;
@@ -55,13 +55,13 @@ QList<T> objectsSatisfyingCondition(const QList<T> &list, const NSSelector &sele
 /// \a withContext, returns something other than 0; in order.
 /// \throws NSException NSInvalidArgumentException if two overloads of the method fit.
 template<typename T, typename Target>
-    requires NSKeyValueCodable<Target> QList<T>
+    requires KTPrivate::KeyValueCodable<Target> QList<T>
     objectsSatisfyingCondition(const QList<T> &list, const NSSelector &selector,
                                const Target &onTarget, const QVariant &withContext)
     {
         QList<T> result;
-        NSInvoker condition(selector, {QVariant(), withContext});
-        const NSKeyValueTarget target = NSKeyValueTargets::target(onTarget);
+        KTPrivate::Invoker condition(selector, {QVariant(), withContext});
+        const KTPrivate::KeyValueTarget target = KTPrivate::KeyValueTargets::target(onTarget);
         for (const T &element : list) {
             condition.setArgument(0, NSBoxed(element));
             if (condition.isTrue(target))
@@ -86,14 +86,14 @@ QList<T> objectsSatisfyingCondition(const QList<T> &list, F &&condition)
 /// left out.
 /// \throws NSException NSInvalidArgumentException if an element has no such method, or two
 /// overloads of it fit.
-template<NSKeyValueCodable T>
+template<KTPrivate::KeyValueCodable T>
 QVariantList arrayByPerformingSelector(const QList<T> &list, const NSSelector &selector,
                                        const QVariant &withObject = {})
 {
     QVariantList results;
-    NSInvoker method(selector, {withObject});
+    KTPrivate::Invoker method(selector, {withObject});
     for (const T &element : list) {
-        const QVariant result = method.perform(NSKeyValueTargets::target(element));
+        const QVariant result = method.perform(KTPrivate::KeyValueTargets::target(element));
         if (result.isValid())
             results += result;
     }
@@ -105,13 +105,13 @@ QVariantList arrayByPerformingSelector(const QList<T> &list, const NSSelector &s
 /// \throws NSException NSInvalidArgumentException if the target has no such method, or two
 /// overloads of it fit.
 template<typename T, typename Target>
-    requires NSKeyValueCodable<Target>
+    requires KTPrivate::KeyValueCodable<Target>
         QVariantList arrayByPerformingSelector(const QList<T> &list, const NSSelector &selector,
                                                const Target &onTarget, const QVariant &withObject)
     {
         QVariantList results;
-        NSInvoker method(selector, {QVariant(), withObject});
-        const NSKeyValueTarget target = NSKeyValueTargets::target(onTarget);
+        KTPrivate::Invoker method(selector, {QVariant(), withObject});
+        const KTPrivate::KeyValueTarget target = KTPrivate::KeyValueTargets::target(onTarget);
         for (const T &element : list) {
             method.setArgument(0, NSBoxed(element));
             const QVariant result = method.perform(target);
@@ -144,12 +144,12 @@ auto arrayByPerformingSelector(const QList<T> &list, F &&function)
 /// \throws NSException NSInvalidArgumentException if the target has no such method, or two
 /// overloads of it fit.
 template<typename T, typename Target>
-    requires NSKeyValueCodable<Target>
+    requires KTPrivate::KeyValueCodable<Target>
 void performSelector(const QList<T> &list, const NSSelector &selector, const Target &onTarget,
                      const QVariant &withObject)
 {
-    NSInvoker method(selector, {QVariant(), withObject});
-    const NSKeyValueTarget target = NSKeyValueTargets::target(onTarget);
+    KTPrivate::Invoker method(selector, {QVariant(), withObject});
+    const KTPrivate::KeyValueTarget target = KTPrivate::KeyValueTargets::target(onTarget);
     for (const T &element : list) {
         method.setArgument(0, NSBoxed(element));
         method.perform(target);

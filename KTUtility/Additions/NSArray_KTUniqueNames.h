@@ -1,8 +1,8 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/Keys/KeyAccessor.h>
 #include <KTUtility/Platform/Keys/NSCollections.h>
-#include <KTUtility/Platform/Keys/NSKeyAccessor.h>
 
 #include <QList>
 #include <QString>
@@ -61,15 +61,15 @@ KTUTILITY_EXPORT QString lowercaseValue(const QVariant &value);
 
 namespace Detail {
 /// Shows every element's value for \a key to \a see; with a nil key, the elements themselves.
-template<NSKeyValueCodable T, typename See>
+template<KTPrivate::KeyValueCodable T, typename See>
 void seeValues(const QList<T> &list, const QString &key, See see)
 {
-    NSKeyAccessor accessor(key);
+    KTPrivate::KeyAccessor accessor(key);
     for (const T &element : list) {
         if (key.isNull())
             see(NSBoxed(element));
         else
-            see(accessor.read(NSKeyValueTargets::target(element)));
+            see(accessor.read(KTPrivate::KeyValueTargets::target(element)));
     }
 }
 } // namespace Detail
@@ -78,7 +78,7 @@ void seeValues(const QList<T> &list, const QString &key, See see)
 /// element has for \a forKey, exactly.
 /// \throws NSException NSInternalInconsistencyException if the base is nil or blank; see
 /// trimmedUniqueBase().
-template<NSKeyValueCodable T>
+template<KTPrivate::KeyValueCodable T>
 QString uniqueStringWithBase(const QList<T> &list, const QString &base,
                              const QString &forKey = QStringLiteral("name"))
 {
@@ -89,7 +89,7 @@ QString uniqueStringWithBase(const QList<T> &list, const QString &base,
 
 /// A name for the machine: the base without any blanks, else with 1, 2 and so on directly behind
 /// it: the first that no element has for \a forKey, exactly. nil gives nil.
-template<NSKeyValueCodable T>
+template<KTPrivate::KeyValueCodable T>
 QString internalUniqueStringWithBase(const QList<T> &list, const QString &base,
                                      const QString &forKey)
 {
@@ -100,7 +100,7 @@ QString internalUniqueStringWithBase(const QList<T> &list, const QString &base,
 
 /// As internalUniqueStringWithBase(), but a name that differs only in case counts as taken. The
 /// result keeps the case of the base: Name beside name and NAME1 gives Name2.
-template<NSKeyValueCodable T>
+template<KTPrivate::KeyValueCodable T>
 QString internalCaseInsensitiveUniqueStringWithBase(const QList<T> &list, const QString &base,
                                                     const QString &forKey)
 {

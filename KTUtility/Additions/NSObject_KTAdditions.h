@@ -13,7 +13,7 @@ namespace KTAdditions {
 /// \code
 /// KTAdditions::dictionaryWithValuesForKeyPaths(field, {u"name"_s, u"library.name"_s});
 /// \endcode
-template<NSKeyValueCodable T>
+template<KTPrivate::KeyValueCodable T>
 QVariantMap dictionaryWithValuesForKeyPaths(const T &receiver, const QStringList &paths)
 {
     QVariantMap values;

@@ -83,10 +83,9 @@ S objectsSatisfyingCondition(const S &set, const NSSelector &selector,
 }
 
 template<NSSetOf S, typename Target>
-    requires NSKeyValueCodable<Target> S objectsSatisfyingCondition(const S &set,
-                                                                    const NSSelector &selector,
-                                                                    const Target &onTarget,
-                                                                    const QVariant &withContext)
+    requires KTPrivate::KeyValueCodable<Target>
+        S objectsSatisfyingCondition(const S &set, const NSSelector &selector,
+                                     const Target &onTarget, const QVariant &withContext)
     {
         return Detail::setOf<S>(
             objectsSatisfyingCondition(Detail::allObjects(set), selector, onTarget, withContext));

@@ -4,7 +4,7 @@
 
 #include <KTUtility/Platform/AppKit/NSKeyValueBinding.h>
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
-#include <KTUtility/Platform/Keys/NSInvoker.h>
+#include <KTUtility/Platform/Keys/Invoker.h>
 #include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
@@ -14,6 +14,7 @@
 
 #include <utility>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -40,9 +41,9 @@ void failParameter(int line, const char *condition)
          {condition});
 }
 
-void need(const NSKeyValueTarget &owner, const char *selector, int line)
+void need(const KeyValueTarget &owner, const char *selector, int line)
 {
-    if (!NSInvoker::respondsTo(owner, selector))
+    if (!Invoker::respondsTo(owner, selector))
         fail(u"initWithOwner:"_s, line, u"Owner does not respond to selector \"%@\""_s,
              {QString::fromLatin1(selector)});
 }
@@ -56,7 +57,7 @@ QVariant boxed(QObject *object)
 
 KTFieldDetailBinder::KTFieldDetailBinder(QObject *owner) : _owner(owner)
 {
-    const NSKeyValueTarget target = NSKeyValueTarget::of(owner);
+    const KeyValueTarget target = KeyValueTarget::of(owner);
     need(target, Create, 44);
     need(target, WasBound, 45);
     need(target, WillBeDestroyed, 46);
@@ -259,8 +260,8 @@ KTFieldDetailBinder::Fields KTFieldDetailBinder::fieldsIn(const QVariantList &el
     Fields fields;
     fields.reserve(elements.size());
     for (const QVariant &element : elements) {
-        const NSKeyValueTarget target = NSKeyValueTarget::ofVariant(element);
-        if (target.kind == NSKeyValueTarget::Kind::Object)
+        const KeyValueTarget target = KeyValueTarget::ofVariant(element);
+        if (target.kind == KeyValueTarget::Kind::Object)
             fields += Field{target.object(), target.object()};
     }
     return fields;
@@ -293,7 +294,7 @@ QVariantList KTFieldDetailBinder::_fieldsBindingValue() const
     if (_valueTransformerForFields)
         value = _valueTransformerForFields->transformedValue(value);
     const bool isCollection =
-        NSKeyValueTarget::ofVariant(value).kind == NSKeyValueTarget::Kind::Collection;
+        KeyValueTarget::ofVariant(value).kind == KeyValueTarget::Kind::Collection;
     return isCollection ? value.value<QVariantList>() : QVariantList();
 }
 
@@ -373,7 +374,7 @@ void KTFieldDetailBinder::addField(const QPointer<QObject> &field, const FieldsB
     if (!_owner)
         return;
     const QPointer<QObject> detail =
-        NSInvoker(Create, {boxed(field)}).perform(NSKeyValueTarget::of(_owner)).value<QObject *>();
+        Invoker(Create, {boxed(field)}).perform(KeyValueTarget::of(_owner)).value<QObject *>();
     if (binding.isOver || !detail || !field)
         return;
     bindNewDetail(detail, field, binding);
@@ -431,9 +432,9 @@ void KTFieldDetailBinder::removeField(const QObject *address)
 /// Calls a method of the owner, if it has it.
 void KTFieldDetailBinder::tellOwner(const char *selector, const QVariantList &arguments) const
 {
-    const NSKeyValueTarget owner = NSKeyValueTarget::of(_owner.data());
-    if (!NSInvoker::respondsTo(owner, selector))
+    const KeyValueTarget owner = KeyValueTarget::of(_owner.data());
+    if (!Invoker::respondsTo(owner, selector))
         return;
-    NSInvoker invoker(selector, {arguments.value(0), arguments.value(1)});
+    Invoker invoker(selector, {arguments.value(0), arguments.value(1)});
     invoker.perform(owner);
 }

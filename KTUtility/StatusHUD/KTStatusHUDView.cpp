@@ -3,13 +3,15 @@
 #include "KTStatusHUDShape_p.h"
 #include <KTUtility/Platform/AppKit/NSBezierPath.h>
 #include <KTUtility/Platform/AppKit/NSImage.h>
+#include <KTUtility/Platform/Keys/Invoker.h>
 #include <KTUtility/Platform/Keys/NSClassRegistry.h>
-#include <KTUtility/Platform/Keys/NSInvoker.h>
 
 #include <QMouseEvent>
 #include <QPainter>
 
 #include <cmath>
+
+using namespace KTPrivate;
 
 namespace {
 constexpr const char *ClickSelector = "userClickedHUDOnEvent:";
@@ -61,10 +63,10 @@ void KTStatusHUDView::mousePressEvent(QMouseEvent *event)
 {
     QWidget::mousePressEvent(event);
     event->accept();
-    if (!_delegate || !NSInvoker::respondsTo(NSKeyValueTarget::of(_delegate), ClickSelector))
+    if (!_delegate || !Invoker::respondsTo(KeyValueTarget::of(_delegate), ClickSelector))
         return;
-    NSInvoker click(ClickSelector, {QVariant::fromValue(event)});
-    click.perform(NSKeyValueTarget::of(_delegate));
+    Invoker click(ClickSelector, {QVariant::fromValue(event)});
+    click.perform(KeyValueTarget::of(_delegate));
 }
 
 KT_REGISTER_CLASS(KTStatusHUDView)

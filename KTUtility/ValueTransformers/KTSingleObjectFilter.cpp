@@ -1,9 +1,11 @@
 #include "KTSingleObjectFilter.h"
 
-#include <KTUtility/Platform/Keys/NSKeyValueTarget.h>
+#include <KTUtility/Platform/Keys/KeyValueTarget.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 
 #include <QScopedValueRollback>
+
+using namespace KTPrivate;
 
 std::shared_ptr<KTSingleObjectFilter> KTSingleObjectFilter::valueTransformer()
 {
@@ -23,7 +25,7 @@ QVariant KTSingleObjectFilter::transformedValue(const QVariant &value) const
         const QScopedValueRollback<bool> cleared(_reversed, false);
         return reverseTransformedValue(value);
     }
-    if (NSKeyValueTarget::ofVariant(value).kind != NSKeyValueTarget::Kind::Collection)
+    if (KeyValueTarget::ofVariant(value).kind != KeyValueTarget::Kind::Collection)
         return value;
     return value.value<QVariantList>().value(0);
 }

@@ -2,13 +2,14 @@
 
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
 #include <KTUtility/Platform/Files/NSUserDefaults.h>
-#include <KTUtility/Platform/Keys/NSInvoker.h>
+#include <KTUtility/Platform/Keys/Invoker.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 
 #include <QCheckBox>
 #include <QPointer>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -22,15 +23,15 @@ NSUserDefaults *defaults()
 
 bool responds(QObject *delegate, const NSSelector &selector)
 {
-    return delegate && NSInvoker::respondsTo(NSKeyValueTarget::of(delegate), selector);
+    return delegate && Invoker::respondsTo(KeyValueTarget::of(delegate), selector);
 }
 
 void tell(QObject *delegate, const NSSelector &selector, NSAlert *alert, int returnCode,
           void *contextInfo)
 {
-    NSInvoker invoker(selector,
-                      {QVariant::fromValue(alert), returnCode, QVariant::fromValue(contextInfo)});
-    invoker.perform(NSKeyValueTarget::of(delegate));
+    Invoker invoker(selector,
+                    {QVariant::fromValue(alert), returnCode, QVariant::fromValue(contextInfo)});
+    invoker.perform(KeyValueTarget::of(delegate));
 }
 
 void rememberTitle(const QString &key, const QString &title)

@@ -2,11 +2,13 @@
 
 #include "KTDialogController.h"
 #include "KTWindowManager.h"
-#include <KTUtility/Platform/Keys/NSKeyValueTarget.h>
+#include <KTUtility/Platform/Keys/KeyValueTarget.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 
 #include <algorithm>
+
+using namespace KTPrivate;
 
 namespace {
 /// The controller that a notification's window tells.
@@ -91,9 +93,9 @@ QString KTWindowController::description() const
 {
     QVariantList dialogs;
     for (KTDialogController *const dialog : dialogQueue())
-        dialogs += NSKeyValueTarget::of(dialog).description();
+        dialogs += KeyValueTarget::of(dialog).description();
     return NSString::stringWithFormat(u"%@\nDialogQueue:%@\n",
-                                      NSKeyValueTarget::of(this).description(), QVariant(dialogs));
+                                      KeyValueTarget::of(this).description(), QVariant(dialogs));
 }
 
 void KTWindowController::windowDidBecomeKey(const NSNotification &notification)

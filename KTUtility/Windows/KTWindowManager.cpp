@@ -1,8 +1,10 @@
 #include "KTWindowManager.h"
 
+#include <KTUtility/Platform/Keys/KeyValueTarget.h>
 #include <KTUtility/Platform/Keys/NSClassRegistry.h>
-#include <KTUtility/Platform/Keys/NSKeyValueTarget.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
+
+using namespace KTPrivate;
 
 namespace {
 /// A new dialog controller of a class by name; null if there is no such class, or it is none.
@@ -19,7 +21,7 @@ std::shared_ptr<KTDialogController> newDialogController(const QString &className
 
 QString descriptionOf(const QObject *object)
 {
-    return NSKeyValueTarget::of(object).description();
+    return KeyValueTarget::of(object).description();
 }
 } // namespace
 

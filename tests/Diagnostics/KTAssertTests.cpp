@@ -44,7 +44,7 @@ TEST(KTAssert, AssertionsLogFirstAndThenRaise)
     ASSERT_EQ(lines.size(), 2);
     EXPECT_TRUE(lines[0].endsWith(u"] ASSERTION FAILED: kind 7 of é"));
     EXPECT_TRUE(lines[1].endsWith(u"] *** Assertion failure in +[KTAssert KTAssertWithFormat:], "
-                                  u"KTUtility/KTAssert.cpp:28"))
+                                  u"KTUtility/Diagnostics/KTAssert.cpp:28"))
         << lines[1].toStdString();
 }
 
@@ -52,7 +52,7 @@ TEST(KTAssert, TheHandlerLearnsThePlaceOfTheClassAndTheMessageAsFormat)
 {
     KeepingHandler handler;
     standardErrorOf([] { KTAssert::KTAssertWithFormat(u"%@", u"100%d"); });
-    EXPECT_EQ(handler.place, u"KTAssert KTAssertWithFormat: KTUtility/KTAssert.cpp:28"_s);
+    EXPECT_EQ(handler.place, u"KTAssert KTAssertWithFormat: KTUtility/Diagnostics/KTAssert.cpp:28"_s);
     EXPECT_TRUE(handler.isClass);
     EXPECT_EQ(handler.text, u"100%d"_s);
     EXPECT_EQ(handler.argumentCount, 0U);

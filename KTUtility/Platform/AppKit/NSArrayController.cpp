@@ -1,6 +1,6 @@
 #include "NSArrayController.h"
 
-#include "NSSelectionProxy_p.h"
+#include "SelectionProxy_p.h"
 
 #include <KTUtility/Platform/Keys/NSCollections.h>
 #include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
@@ -10,7 +10,9 @@
 #include <algorithm>
 #include <set>
 
-NSArrayController::NSArrayController() : _selection(std::make_unique<NSSelectionProxy>()) {}
+using namespace KTPrivate;
+
+NSArrayController::NSArrayController() : _selection(std::make_unique<SelectionProxy>()) {}
 NSArrayController::~NSArrayController() = default;
 
 void NSArrayController::setContent(const QVariantList &content)

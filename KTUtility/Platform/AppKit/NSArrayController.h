@@ -10,7 +10,9 @@
 
 #include <memory>
 
-class NSSelectionProxy;
+namespace KTPrivate {
+class SelectionProxy;
+}
 
 /// What stands between a list of records and the views that show it: filters and sorts the list,
 /// and keeps what is selected.
@@ -94,5 +96,5 @@ private:
     NSPredicate _filterPredicate;
     QList<NSSortDescriptor> _sortDescriptors;
     QList<qsizetype> _selectionIndexes;
-    std::unique_ptr<NSSelectionProxy> _selection;
+    std::unique_ptr<KTPrivate::SelectionProxy> _selection;
 };

@@ -1,11 +1,12 @@
 #include "NSMenuItem.h"
 
-#include <KTUtility/Platform/Keys/NSInvoker.h>
+#include <KTUtility/Platform/Keys/Invoker.h>
 
 #include <QPointer>
 
 #include <algorithm>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -24,8 +25,8 @@ void validate(QAction *item)
     QObject *target = NSMenuItem::target(item);
     if (!answers(target, "validateMenuItem(QAction*)"))
         return;
-    NSInvoker validator("validateMenuItem:", {QVariant::fromValue(item)});
-    item->setEnabled(validator.isTrue(NSKeyValueTarget::of(target)));
+    Invoker validator("validateMenuItem:", {QVariant::fromValue(item)});
+    item->setEnabled(validator.isTrue(KeyValueTarget::of(target)));
 }
 
 bool isInVisibleMenu(const QAction *item)
@@ -51,13 +52,13 @@ void letBeAsked(const QMenu *menu)
 void send(QAction *item)
 {
     const QPointer<QAction> guard(item);
-    NSInvoker action(NSMenuItem::action(item), {QVariant::fromValue(item)});
+    Invoker action(NSMenuItem::action(item), {QVariant::fromValue(item)});
     validate(item);
     if (!item->isEnabled()) {
         item->setEnabled(true);
         return;
     }
-    action.perform(NSKeyValueTarget::of(NSMenuItem::target(item)));
+    action.perform(KeyValueTarget::of(NSMenuItem::target(item)));
     if (!guard)
         return;
     validate(item);

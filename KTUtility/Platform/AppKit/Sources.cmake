@@ -11,7 +11,7 @@ target_sources(KTUtility PRIVATE
     Platform/AppKit/NSMenuItem.cpp
     Platform/AppKit/NSNib.cpp
     Platform/AppKit/NSScreen.cpp
-    Platform/AppKit/NSSelectionProxy.cpp
+    Platform/AppKit/SelectionProxy.cpp
     Platform/AppKit/NSSliderCell.cpp
     Platform/AppKit/NSTextField.cpp
     Platform/AppKit/NSTimer.cpp

@@ -1,6 +1,6 @@
 #include "KeyPathObserver_p.h"
 
-#include "NSKeyValueTarget.h"
+#include "KeyValueTarget.h"
 #include "ObservedKey_p.h"
 #include <KTUtility/Platform/Values/NSException.h>
 
@@ -18,8 +18,8 @@ quint64 nextObserverSerial()
 /// The object that a value is; null for everything else.
 QObject *objectIn(const QVariant &value)
 {
-    const NSKeyValueTarget target = NSKeyValueTarget::ofVariant(value);
-    return target.kind == NSKeyValueTarget::Kind::Object ? target.object() : nullptr;
+    const KeyValueTarget target = KeyValueTarget::ofVariant(value);
+    return target.kind == KeyValueTarget::Kind::Object ? target.object() : nullptr;
 }
 } // namespace
 
@@ -34,7 +34,7 @@ KeyPathObserver::KeyPathObserver(QObject *object, const QString &keyPath,
     const QStringList keys = keyPath.split(u'.');
     _steps.reserve(size_t(keys.size()));
     for (const QString &key : keys)
-        _steps.push_back({NSKeyAccessor(key), {}, {}});
+        _steps.push_back({KeyAccessor(key), {}, {}});
 }
 
 KeyPathObserver::~KeyPathObserver()
@@ -50,7 +50,7 @@ void KeyPathObserver::start()
     _steps.front().object = _root;
     try {
         followFrom(0);
-        _lastValue = _rest->read(NSKeyValueTarget::of(_steps[_followed - 1].object.data()));
+        _lastValue = _rest->read(KeyValueTarget::of(_steps[_followed - 1].object.data()));
     } catch (...) {
         stop();
         throw;
@@ -107,7 +107,7 @@ void KeyPathObserver::leaveFrom(size_t step)
 
 QObject *KeyPathObserver::objectBehind(size_t step)
 {
-    return objectIn(_steps[step].accessor.read(NSKeyValueTarget::of(_steps[step].object.data())));
+    return objectIn(_steps[step].accessor.read(KeyValueTarget::of(_steps[step].object.data())));
 }
 
 /// The value at the end of the path. A key that an object lacks has none.
@@ -115,7 +115,7 @@ QVariant KeyPathObserver::value()
 {
     const QPointer<QObject> &last = _steps[_followed - 1].object;
     try {
-        return last ? _rest->read(NSKeyValueTarget::of(last.data())) : QVariant();
+        return last ? _rest->read(KeyValueTarget::of(last.data())) : QVariant();
     } catch (const NSException &) {
         return {};
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "NSKeyAccessor.h"
+#include "KeyPath.h"
 #include "NSKeyValueObservation.h"
 
 #include <QPointer>
@@ -45,7 +45,7 @@ private:
 
     struct Step
     {
-        NSKeyAccessor accessor;
+        KTPrivate::KeyAccessor accessor;
         QPointer<QObject> object;
         QPointer<ObservedKey> key;
     };
@@ -57,7 +57,7 @@ private:
     std::vector<Step> _steps;
     // How many steps lead over objects, and the rest of the path from the last of them on.
     size_t _followed = 0;
-    std::optional<NSKeyPath> _rest;
+    std::optional<KTPrivate::KeyPath> _rest;
     QVariant _lastValue;
     bool _isActive = false;
 };

@@ -12,8 +12,10 @@
 
 #include <algorithm>
 
+using namespace KTPrivate;
+
 namespace {
-[[noreturn]] void raiseUndefinedKey(const NSKeyValueTarget &receiver, const QString &key)
+[[noreturn]] void raiseUndefinedKey(const KeyValueTarget &receiver, const QString &key)
 {
     NSException::raise(
         NSUndefinedKeyException,
@@ -28,7 +30,7 @@ bool isScalar(QMetaType type)
 }
 
 /// The value as the type that a setter takes.
-QVariant converted(const NSKeyValueTarget &receiver, const QVariant &value, QMetaType type,
+QVariant converted(const KeyValueTarget &receiver, const QVariant &value, QMetaType type,
                    const QString &key)
 {
     if (type.id() == QMetaType::QVariant)
@@ -49,14 +51,14 @@ QVariant converted(const NSKeyValueTarget &receiver, const QVariant &value, QMet
     return result;
 }
 
-bool setProperty(const NSKeyValueTarget &receiver, const QVariant &value, const QString &key)
+bool setProperty(const KeyValueTarget &receiver, const QVariant &value, const QString &key)
 {
     const int index = receiver.metaObject->indexOfProperty(key.toUtf8().constData());
     if (index < 0 || !receiver.metaObject->property(index).isWritable())
         return false;
     const QMetaProperty property = receiver.metaObject->property(index);
     const QVariant typed = converted(receiver, value, property.metaType(), key);
-    if (receiver.kind == NSKeyValueTarget::Kind::Object)
+    if (receiver.kind == KeyValueTarget::Kind::Object)
         return property.write(receiver.object(), typed);
     return property.writeOnGadget(const_cast<void *>(receiver.instance), typed);
 }
@@ -73,7 +75,7 @@ QMetaMethod setterNamed(const QMetaObject *metaObject, const QByteArray &name)
     return {};
 }
 
-bool callSetter(const NSKeyValueTarget &receiver, const QVariant &value, const QString &key)
+bool callSetter(const KeyValueTarget &receiver, const QVariant &value, const QString &key)
 {
     const QByteArray utf8 = key.toUtf8();
     const QByteArray capitalised = utf8.left(1).toUpper() + utf8.mid(1);
@@ -86,15 +88,15 @@ bool callSetter(const NSKeyValueTarget &receiver, const QVariant &value, const Q
     QVariant typed = converted(receiver, value, type, key);
     const bool isVariant = type.id() == QMetaType::QVariant;
     const QGenericArgument argument(type.name(), isVariant ? &typed : typed.constData());
-    return receiver.kind == NSKeyValueTarget::Kind::Object
+    return receiver.kind == KeyValueTarget::Kind::Object
                ? method.invoke(receiver.object(), Qt::DirectConnection, argument)
                : method.invokeOnGadget(const_cast<void *>(receiver.instance), argument);
 }
 
-bool setDynamicProperty(const NSKeyValueTarget &receiver, const QVariant &value, const QString &key)
+bool setDynamicProperty(const KeyValueTarget &receiver, const QVariant &value, const QString &key)
 {
     const QByteArray name = key.toUtf8();
-    if (receiver.kind != NSKeyValueTarget::Kind::Object ||
+    if (receiver.kind != KeyValueTarget::Kind::Object ||
         !receiver.object()->dynamicPropertyNames().contains(name))
         return false;
     receiver.object()->setProperty(name.constData(), value);
@@ -122,19 +124,19 @@ void setEntry(Dictionary &dictionary, const QVariant &value, const QString &key)
         dictionary.insert(key, value);
 }
 
-bool setInCodingObject(const NSKeyValueTarget &receiver, const QVariant &value, const QString &key)
+bool setInCodingObject(const KeyValueTarget &receiver, const QVariant &value, const QString &key)
 {
-    if (receiver.kind != NSKeyValueTarget::Kind::Object)
+    if (receiver.kind != KeyValueTarget::Kind::Object)
         return false;
     auto *const object = qobject_cast<NSKeyValueCodingObject *>(receiver.object());
     return object && object->setValueForKey(value, key);
 }
 } // namespace
 
-void NSKeyValueCoding::setValueOfTarget(const NSKeyValueTarget &receiver, const QVariant &value,
+void NSKeyValueCoding::setValueOfTarget(const KeyValueTarget &receiver, const QVariant &value,
                                         const QString &forKey)
 {
-    if (receiver.kind == NSKeyValueTarget::Kind::Nil)
+    if (receiver.kind == KeyValueTarget::Kind::Nil)
         return;
     const bool isKey = !forKey.isEmpty() && !forKey.contains(QChar::Null);
     if (!receiver.metaObject || !isKey ||
@@ -150,22 +152,22 @@ void NSKeyValueCoding::setValue(QVariantMap &receiver, const QVariant &value, co
 
 void NSKeyValueCoding::setValue(QVariant &receiver, const QVariant &value, const QString &forKey)
 {
-    const NSKeyValueTarget target = NSKeyValueTarget::ofVariant(receiver);
+    const KeyValueTarget target = KeyValueTarget::ofVariant(receiver);
     switch (target.kind) {
-    case NSKeyValueTarget::Kind::Map:
+    case KeyValueTarget::Kind::Map:
         setEntry(*static_cast<QVariantMap *>(receiver.data()), value, forKey);
         break;
-    case NSKeyValueTarget::Kind::Hash:
+    case KeyValueTarget::Kind::Hash:
         setEntry(*static_cast<QVariantHash *>(receiver.data()), value, forKey);
         break;
-    case NSKeyValueTarget::Kind::Collection:
+    case KeyValueTarget::Kind::Collection:
         setValueOfElements(receiver, value, forKey);
         break;
-    case NSKeyValueTarget::Kind::Gadget: {
+    case KeyValueTarget::Kind::Gadget: {
         // A gadget inside of a variant: write to the variant's own copy.
         const bool isPointer = receiver.metaType().flags() & QMetaType::PointerToGadget;
         setValueOfTarget(isPointer ? target
-                                   : NSKeyValueTarget::ofGadget(target.metaObject, receiver.data()),
+                                   : KeyValueTarget::ofGadget(target.metaObject, receiver.data()),
                          value, forKey);
         break;
     }
@@ -180,10 +182,10 @@ void setInVariant(QVariant &receiver, const QVariant &value, const QString &path
 /// Whether what a variant holds was changed in a copy, so that it must be put back.
 bool isCopy(const QVariant &value)
 {
-    const NSKeyValueTarget::Kind kind = NSKeyValueTarget::ofVariant(value).kind;
-    if (kind != NSKeyValueTarget::Kind::Collection)
-        return kind == NSKeyValueTarget::Kind::Map || kind == NSKeyValueTarget::Kind::Hash ||
-               kind == NSKeyValueTarget::Kind::Gadget;
+    const KeyValueTarget::Kind kind = KeyValueTarget::ofVariant(value).kind;
+    if (kind != KeyValueTarget::Kind::Collection)
+        return kind == KeyValueTarget::Kind::Map || kind == KeyValueTarget::Kind::Hash ||
+               kind == KeyValueTarget::Kind::Gadget;
     const QVariantList elements = value.value<QVariantList>();
     return std::any_of(elements.begin(), elements.end(), isCopy);
 }
@@ -200,8 +202,7 @@ void setInElements(QVariant &receiver, const QVariant &value, const QString &pat
 /// Sets the end of a path in what a variant holds.
 void setInVariant(QVariant &receiver, const QVariant &value, const QString &path)
 {
-    const bool isNothing =
-        NSKeyValueTarget::ofVariant(receiver).kind == NSKeyValueTarget::Kind::Nil;
+    const bool isNothing = KeyValueTarget::ofVariant(receiver).kind == KeyValueTarget::Kind::Nil;
     if (isNothing || NSIsControllerMarker(receiver))
         return;
     const qsizetype dot = path.indexOf(u'.');
@@ -209,7 +210,7 @@ void setInVariant(QVariant &receiver, const QVariant &value, const QString &path
         NSKeyValueCoding::setValue(receiver, value, path);
         return;
     }
-    if (NSKeyValueTarget::ofVariant(receiver).kind == NSKeyValueTarget::Kind::Collection) {
+    if (KeyValueTarget::ofVariant(receiver).kind == KeyValueTarget::Kind::Collection) {
         setInElements(receiver, value, path);
         return;
     }

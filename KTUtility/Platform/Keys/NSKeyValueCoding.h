@@ -1,13 +1,13 @@
 #pragma once
 
-#include "NSKeyAccessor.h"
-#include "NSKeyValueTarget.h"
+#include "KeyPath.h"
+#include "KeyValueTarget.h"
 #include <KTUtility/KTUtilityExport.h>
 
 /// Reading and writing objects by the names of their properties.
 ///
 /// Use it where the key is known only at run time. To read one key of many objects, make an
-/// NSKeyAccessor instead.
+/// KeyAccessor instead.
 ///
 /// \code
 /// NSKeyValueCoding::valueForKey(field, u"name"_s);
@@ -15,20 +15,20 @@
 /// NSKeyValueCoding::setValue(field, 3, u"order"_s);
 /// \endcode
 namespace NSKeyValueCoding {
-/// The value of \a key; see NSKeyAccessor for where it is looked for.
+/// The value of \a key; see KeyAccessor for where it is looked for.
 /// \throws NSException NSUndefinedKeyException if the receiver has no such key.
-template<NSKeyValueCodable T>
+template<KTPrivate::KeyValueCodable T>
 QVariant valueForKey(const T &receiver, const QString &key)
 {
-    return NSKeyAccessor(key).read(NSKeyValueTargets::target(receiver));
+    return KTPrivate::KeyAccessor(key).read(KTPrivate::KeyValueTargets::target(receiver));
 }
 
-/// The value at the end of \a path; see NSKeyPath.
+/// The value at the end of \a path; see KeyPath.
 /// \throws NSException NSUndefinedKeyException if an object on the way has no such key.
-template<NSKeyValueCodable T>
+template<KTPrivate::KeyValueCodable T>
 QVariant valueForKeyPath(const T &receiver, const QString &path)
 {
-    return NSKeyPath(path).read(NSKeyValueTargets::target(receiver));
+    return KTPrivate::KeyPath(path).read(KTPrivate::KeyValueTargets::target(receiver));
 }
 
 /// Sets a property of an object or gadget, or calls its invokable set<Key> or _set<Key>, or sets a
@@ -37,8 +37,8 @@ QVariant valueForKeyPath(const T &receiver, const QString &path)
 /// \throws NSException NSUndefinedKeyException if there is no such key or it cannot be written;
 /// NSInvalidArgumentException if \a value is nil and the property is a number, or if the value
 /// cannot be converted.
-KTUTILITY_EXPORT void setValueOfTarget(const NSKeyValueTarget &receiver, const QVariant &value,
-                                       const QString &forKey);
+KTUTILITY_EXPORT void setValueOfTarget(const KTPrivate::KeyValueTarget &receiver,
+                                       const QVariant &value, const QString &forKey);
 
 /// Sets an entry of a map; nil removes it.
 KTUTILITY_EXPORT void setValue(QVariantMap &receiver, const QVariant &value, const QString &forKey);
@@ -46,12 +46,12 @@ KTUTILITY_EXPORT void setValue(QVariantMap &receiver, const QVariant &value, con
 KTUTILITY_EXPORT void setValue(QVariant &receiver, const QVariant &value, const QString &forKey);
 
 /// Sets a key of an object or gadget; see setValueOfTarget().
-template<NSKeyValueCodable T>
+template<KTPrivate::KeyValueCodable T>
     requires(!std::same_as<T, QVariant> && !std::same_as<T, QVariantMap> &&
              !std::same_as<T, QVariantHash>)
 void setValue(const T &receiver, const QVariant &value, const QString &forKey)
 {
-    setValueOfTarget(NSKeyValueTargets::target(receiver), value, forKey);
+    setValueOfTarget(KTPrivate::KeyValueTargets::target(receiver), value, forKey);
 }
 
 /// Sets the key at the end of a path. Maps and gadgets on the way are copies that are put back. A

@@ -8,7 +8,7 @@
 /// What an object implements that answers keys by itself, instead of having properties: a stand-in
 /// for other objects, or a record whose fields are known only at run time.
 ///
-/// NSKeyAccessor and NSKeyValueCoding ask it before they look at properties. When a value changes,
+/// KeyAccessor and NSKeyValueCoding ask it before they look at properties. When a value changes,
 /// it says so with NSKeyValueObserving::didChangeValueForKey().
 ///
 /// \code

@@ -1,6 +1,6 @@
 #include "NSKeyValueObserving.h"
 
-#include "NSKeyValueTarget.h"
+#include "KeyValueTarget.h"
 #include "ObservedKey_p.h"
 #include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
@@ -68,7 +68,7 @@ void NSKeyValueObserving::removeObserver(QObject *object, NSKeyValueObserver *ob
         NSRangeException,
         NSString::stringWithFormat(u"Cannot remove an observer for the key path \"%@\" from %@ "
                                    u"because it is not registered as an observer.",
-                                   forKeyPath, NSKeyValueTarget::of(object).description()));
+                                   forKeyPath, KeyValueTarget::of(object).description()));
 }
 
 void NSKeyValueObserving::willChangeValueForKey(QObject *object, const QString &key)

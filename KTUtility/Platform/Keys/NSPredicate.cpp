@@ -24,7 +24,7 @@ QString folded(const QVariant &value, const QString &options)
 
 bool isList(const QVariant &value)
 {
-    return NSKeyValueTarget::ofVariant(value).kind == NSKeyValueTarget::Kind::Collection;
+    return KeyValueTarget::ofVariant(value).kind == KeyValueTarget::Kind::Collection;
 }
 
 bool isElement(const QVariant &element, const QVariant &list)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "NSKeyValueTarget.h"
+#include "KeyValueTarget.h"
 #include <KTUtility/KTUtilityExport.h>
 
 #include <QString>

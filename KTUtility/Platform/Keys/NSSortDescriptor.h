@@ -1,7 +1,7 @@
 #pragma once
 
+#include "KeyAccessor.h"
 #include "NSCollections.h"
-#include "NSKeyAccessor.h"
 
 #include <QList>
 
@@ -27,7 +27,7 @@ struct NSSortDescriptor
 
     /// A new list sorted by \a descriptors, the first being the most important. Elements that all
     /// descriptors call equal keep their order. Each key is read once per element.
-    template<NSKeyValueCodable T>
+    template<KTPrivate::KeyValueCodable T>
     static QList<T> sorted(const QList<T> &list, const QList<NSSortDescriptor> &descriptors)
     {
         using Entry = std::pair<std::vector<QVariant>, qsizetype>;
@@ -36,10 +36,10 @@ struct NSSortDescriptor
         for (qsizetype index = 0; index < list.size(); ++index)
             entries.emplace_back(std::vector<QVariant>(), index);
         for (const NSSortDescriptor &descriptor : descriptors) {
-            NSKeyAccessor accessor(descriptor.key);
+            KTPrivate::KeyAccessor accessor(descriptor.key);
             for (Entry &entry : entries)
                 entry.first.push_back(
-                    accessor.read(NSKeyValueTargets::target(list.at(entry.second))));
+                    accessor.read(KTPrivate::KeyValueTargets::target(list.at(entry.second))));
         }
         std::stable_sort(entries.begin(), entries.end(), [&](const Entry &a, const Entry &b) {
             return isBefore(a.first, b.first, descriptors);

@@ -1,14 +1,14 @@
 target_sources(KTUtility PRIVATE
     Platform/Keys/NSClass.cpp
     Platform/Keys/NSClassRegistry.cpp
-    Platform/Keys/NSInvoker.cpp
-    Platform/Keys/NSKeyAccessor.cpp
-    Platform/Keys/NSKeyPath.cpp
+    Platform/Keys/Invoker.cpp
+    Platform/Keys/KeyAccessor.cpp
+    Platform/Keys/KeyPath.cpp
     Platform/Keys/KeyPathObserver.cpp
     Platform/Keys/NSKeyValueCoding.cpp
     Platform/Keys/NSKeyValueObservation.cpp
     Platform/Keys/NSKeyValueObserving.cpp
-    Platform/Keys/NSKeyValueTarget.cpp
+    Platform/Keys/KeyValueTarget.cpp
     Platform/Keys/ObservedKey.cpp
     Platform/Keys/NSPredicate.cpp
     Platform/Keys/PredicateParser.cpp

@@ -8,6 +8,7 @@
 
 #include <memory>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 using NSKeyValueCoding::setValue;
@@ -15,13 +16,12 @@ using NSKeyValueCoding::valueForKey;
 using NSKeyValueCoding::valueForKeyPath;
 
 // What answers keys and what merely converts to QVariant.
-static_assert(NSKeyValueCodable<TestField *> && NSKeyValueCodable<const TestField *>);
-static_assert(NSKeyValueCodable<QPointer<TestField>> &&
-              NSKeyValueCodable<std::shared_ptr<TestField>>);
-static_assert(NSKeyValueCodable<QSharedPointer<TestField>> && NSKeyValueCodable<QVariant>);
-static_assert(NSKeyValueCodable<TestPoint> && NSKeyValueCodable<TestPoint *>);
-static_assert(NSKeyValueCodable<QVariantMap> && NSKeyValueCodable<QVariantHash>);
-static_assert(!NSKeyValueCodable<int> && !NSKeyValueCodable<QString> && !NSKeyValueCodable<void *>);
+static_assert(KeyValueCodable<TestField *> && KeyValueCodable<const TestField *>);
+static_assert(KeyValueCodable<QPointer<TestField>> && KeyValueCodable<std::shared_ptr<TestField>>);
+static_assert(KeyValueCodable<QSharedPointer<TestField>> && KeyValueCodable<QVariant>);
+static_assert(KeyValueCodable<TestPoint> && KeyValueCodable<TestPoint *>);
+static_assert(KeyValueCodable<QVariantMap> && KeyValueCodable<QVariantHash>);
+static_assert(!KeyValueCodable<int> && !KeyValueCodable<QString> && !KeyValueCodable<void *>);
 
 namespace {
 QString undefinedReason(const void *object, const char *className, const char16_t *key)
@@ -183,35 +183,35 @@ TEST(NSKeyValueCoding, ListsSetEveryElement)
     EXPECT_EQ(one.size() + two.size(), 10);
 }
 
-TEST(NSKeyAccessor, FollowsChangesOfClass)
+TEST(KeyAccessor, FollowsChangesOfClass)
 {
-    NSKeyAccessor size(u"size"_s);
+    KeyAccessor size(u"size"_s);
     TestField field(QString(), 3);
     const QVariantMap map{{u"size"_s, u"big"_s}};
     for (int round = 0; round < 3; ++round) {
-        EXPECT_EQ(size.read(NSKeyValueTarget::of(&field)), QVariant(3));
-        EXPECT_EQ(size.read(NSKeyValueTargets::target(map)), QVariant(u"big"_s));
-        EXPECT_FALSE(size.read(NSKeyValueTarget()).isValid());
+        EXPECT_EQ(size.read(KeyValueTarget::of(&field)), QVariant(3));
+        EXPECT_EQ(size.read(KeyValueTargets::target(map)), QVariant(u"big"_s));
+        EXPECT_FALSE(size.read(KeyValueTarget()).isValid());
     }
 }
 
-TEST(NSKeyAccessor, DynamicPropertiesBelongToOneObject)
+TEST(KeyAccessor, DynamicPropertiesBelongToOneObject)
 {
     TestField with;
     TestField without;
     with.setProperty("colour", 1);
-    NSKeyAccessor colour(u"colour"_s);
-    EXPECT_EQ(colour.read(NSKeyValueTarget::of(&with)), QVariant(1));
-    EXPECT_THROW(colour.read(NSKeyValueTarget::of(&without)), NSException);
-    EXPECT_EQ(colour.read(NSKeyValueTarget::of(&with)), QVariant(1));
+    KeyAccessor colour(u"colour"_s);
+    EXPECT_EQ(colour.read(KeyValueTarget::of(&with)), QVariant(1));
+    EXPECT_THROW(colour.read(KeyValueTarget::of(&without)), NSException);
+    EXPECT_EQ(colour.read(KeyValueTarget::of(&with)), QVariant(1));
 }
 
-TEST(NSKeyAccessor, ValuesThatWereCopiedStay)
+TEST(KeyAccessor, ValuesThatWereCopiedStay)
 {
-    NSKeyAccessor name(u"name"_s);
+    KeyAccessor name(u"name"_s);
     TestField one(u"one"_s);
     TestField two(u"two"_s);
-    const QVariant kept = name.read(NSKeyValueTarget::of(&one));
-    EXPECT_EQ(name.read(NSKeyValueTarget::of(&two)), QVariant(u"two"_s));
+    const QVariant kept = name.read(KeyValueTarget::of(&one));
+    EXPECT_EQ(name.read(KeyValueTarget::of(&two)), QVariant(u"two"_s));
     EXPECT_EQ(kept, QVariant(u"one"_s));
 }

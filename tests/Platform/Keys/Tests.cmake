@@ -1,11 +1,11 @@
 target_sources(KTUtilityTests PRIVATE
     Platform/Keys/NSClassTests.cpp
-    Platform/Keys/NSInvokerTests.cpp
+    Platform/Keys/InvokerTests.cpp
     Platform/Keys/NSKeyValueCodingTests.cpp
     Platform/Keys/NSKeyValueObservationTests.cpp
     Platform/Keys/NSKeyValueObservingTests.cpp
     Platform/Keys/NSKeyValueSettersTests.cpp
     Platform/Keys/NSPredicateTests.cpp
-    Platform/Keys/NSValueMatcherTests.cpp
+    Platform/Keys/ValueMatcherTests.cpp
     support/ObservedModel.h
 )

@@ -11,9 +11,10 @@
 #include <memory>
 #include <type_traits>
 
+namespace KTPrivate {
 /// A reference to anything that answers keys or selectors, without its static type: a QObject, a
 /// gadget, a map, a collection, nil. It owns nothing and is made for one access.
-struct KTUTILITY_EXPORT NSKeyValueTarget
+struct KTUTILITY_EXPORT KeyValueTarget
 {
     enum class Kind : quint8 {
         Nil,        ///< answers nil to everything
@@ -30,18 +31,18 @@ struct KTUTILITY_EXPORT NSKeyValueTarget
     const QMetaObject *metaObject = nullptr;
     const void *instance = nullptr;
 
-    static NSKeyValueTarget of(const QObject *object)
+    static KeyValueTarget of(const QObject *object)
     {
         if (!object)
             return {};
         return {Kind::Object, object->metaObject(), object};
     }
-    static NSKeyValueTarget ofGadget(const QMetaObject *metaObject, const void *gadget)
+    static KeyValueTarget ofGadget(const QMetaObject *metaObject, const void *gadget)
     {
-        return gadget ? NSKeyValueTarget{Kind::Gadget, metaObject, gadget} : NSKeyValueTarget{};
+        return gadget ? KeyValueTarget{Kind::Gadget, metaObject, gadget} : KeyValueTarget{};
     }
     /// What a variant holds; \a value must outlive the target.
-    static NSKeyValueTarget ofVariant(const QVariant &value);
+    static KeyValueTarget ofVariant(const QVariant &value);
 
     /// The object, for Kind::Object.
     QObject *object() const
@@ -54,77 +55,78 @@ struct KTUTILITY_EXPORT NSKeyValueTarget
 
 /// A class that has a meta-object and is no QObject.
 template<typename T>
-concept NSGadget = std::is_class_v<T> && !std::derived_from<T, QObject> && requires
+concept Gadget = std::is_class_v<T> && !std::derived_from<T, QObject> && requires
 {
     {
         T::staticMetaObject
         } -> std::convertible_to<const QMetaObject &>;
 };
 
-namespace NSKeyValueTargets {
+namespace KeyValueTargets {
 template<typename T>
-    requires std::derived_from<T, QObject> NSKeyValueTarget target(T *object)
+    requires std::derived_from<T, QObject> KeyValueTarget target(T *object)
     {
-        return NSKeyValueTarget::of(object);
+        return KeyValueTarget::of(object);
     }
 
-template<NSGadget T>
-NSKeyValueTarget target(T *gadget)
+template<Gadget T>
+KeyValueTarget target(T *gadget)
 {
-    return NSKeyValueTarget::ofGadget(&T::staticMetaObject, gadget);
+    return KeyValueTarget::ofGadget(&T::staticMetaObject, gadget);
 }
 
-template<NSGadget T>
-NSKeyValueTarget target(const T &gadget)
+template<Gadget T>
+KeyValueTarget target(const T &gadget)
 {
-    return NSKeyValueTarget::ofGadget(&T::staticMetaObject, &gadget);
+    return KeyValueTarget::ofGadget(&T::staticMetaObject, &gadget);
 }
 
 template<typename T>
-NSKeyValueTarget target(const QPointer<T> &object)
+KeyValueTarget target(const QPointer<T> &object)
 {
     return target(object.data());
 }
 
 template<typename T>
-NSKeyValueTarget target(const QSharedPointer<T> &object)
+KeyValueTarget target(const QSharedPointer<T> &object)
 {
     return target(object.data());
 }
 
 template<typename T>
-NSKeyValueTarget target(const std::shared_ptr<T> &object)
+KeyValueTarget target(const std::shared_ptr<T> &object)
 {
     return target(object.get());
 }
 
 // Exactly these three: numbers and texts convert to QVariant and must not be taken for objects.
 template<std::same_as<QVariant> T>
-NSKeyValueTarget target(const T &value)
+KeyValueTarget target(const T &value)
 {
-    return NSKeyValueTarget::ofVariant(value);
+    return KeyValueTarget::ofVariant(value);
 }
 
 template<std::same_as<QVariantMap> T>
-NSKeyValueTarget target(const T &map)
+KeyValueTarget target(const T &map)
 {
-    return {NSKeyValueTarget::Kind::Map, nullptr, &map};
+    return {KeyValueTarget::Kind::Map, nullptr, &map};
 }
 
 template<std::same_as<QVariantHash> T>
-NSKeyValueTarget target(const T &hash)
+KeyValueTarget target(const T &hash)
 {
-    return {NSKeyValueTarget::Kind::Hash, nullptr, &hash};
+    return {KeyValueTarget::Kind::Hash, nullptr, &hash};
 }
-} // namespace NSKeyValueTargets
+} // namespace KeyValueTargets
 
 /// Types whose values answer keys and selectors: pointers to QObjects and gadgets, plain, smart
 /// and guarded; gadgets; QVariant, QVariantMap and QVariantHash. What merely converts to QVariant
 /// (a number, a text) is none.
 template<typename T>
-concept NSKeyValueCodable = requires(const T &value)
+concept KeyValueCodable = requires(const T &value)
 {
     {
-        NSKeyValueTargets::target(value)
-        } -> std::same_as<NSKeyValueTarget>;
+        KeyValueTargets::target(value)
+        } -> std::same_as<KeyValueTarget>;
 };
+} // namespace KTPrivate

@@ -1,7 +1,8 @@
-#include "NSKeyValueTarget.h"
+#include "KeyValueTarget.h"
 
 #include "NSSelectionMarker.h"
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -20,29 +21,29 @@ bool isCollection(const QVariant &value)
     }
 }
 
-NSKeyValueTarget targetOfPointer(const QVariant &value)
+KeyValueTarget targetOfPointer(const QVariant &value)
 {
-    return NSKeyValueTarget::of(*static_cast<QObject *const *>(value.constData()));
+    return KeyValueTarget::of(*static_cast<QObject *const *>(value.constData()));
 }
 
-NSKeyValueTarget targetOfOther(const QVariant &value)
+KeyValueTarget targetOfOther(const QVariant &value)
 {
-    using Kind = NSKeyValueTarget::Kind;
+    using Kind = KeyValueTarget::Kind;
     const QMetaType type = value.metaType();
     if (NSIsControllerMarker(value))
         return {Kind::Null, nullptr, &value};
     if (type.flags() & QMetaType::IsGadget)
-        return NSKeyValueTarget::ofGadget(type.metaObject(), value.constData());
+        return KeyValueTarget::ofGadget(type.metaObject(), value.constData());
     if (type.flags() & QMetaType::PointerToGadget)
-        return NSKeyValueTarget::ofGadget(type.metaObject(),
-                                          *static_cast<const void *const *>(value.constData()));
+        return KeyValueTarget::ofGadget(type.metaObject(),
+                                        *static_cast<const void *const *>(value.constData()));
     if (value.canConvert<QObject *>())
-        return NSKeyValueTarget::of(value.value<QObject *>());
+        return KeyValueTarget::of(value.value<QObject *>());
     return {isCollection(value) ? Kind::Collection : Kind::Opaque, nullptr, &value};
 }
 } // namespace
 
-NSKeyValueTarget NSKeyValueTarget::ofVariant(const QVariant &value)
+KeyValueTarget KeyValueTarget::ofVariant(const QVariant &value)
 {
     if (value.metaType().flags() & QMetaType::PointerToQObject)
         return targetOfPointer(value);
@@ -60,7 +61,7 @@ NSKeyValueTarget NSKeyValueTarget::ofVariant(const QVariant &value)
     }
 }
 
-QString NSKeyValueTarget::description() const
+QString KeyValueTarget::description() const
 {
     QString name = u"NSDictionary"_s;
     if (metaObject)

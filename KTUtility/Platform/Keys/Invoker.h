@@ -1,6 +1,6 @@
 #pragma once
 
-#include "NSKeyValueTarget.h"
+#include "KeyValueTarget.h"
 #include "NSSelector.h"
 #include <KTUtility/KTUtilityExport.h>
 
@@ -9,6 +9,7 @@
 
 #include <array>
 
+namespace KTPrivate {
 /// Calls one method, named by a selector, on many objects fast.
 ///
 /// The method is looked up once for each class and then called directly. Methods are the invokable
@@ -17,13 +18,13 @@
 /// Make one for each pass over a collection and throw it away.
 ///
 /// \code
-/// NSInvoker isBiggerThan("isBiggerThan:", {QVariant(10)});
+/// Invoker isBiggerThan("isBiggerThan:", {QVariant(10)});
 /// for (Field *field : fields) {
-///     if (isBiggerThan.isTrue(NSKeyValueTarget::of(field)))
+///     if (isBiggerThan.isTrue(KeyValueTarget::of(field)))
 ///         …
 /// }
 /// \endcode
-class KTUTILITY_EXPORT NSInvoker
+class KTUTILITY_EXPORT Invoker
 {
 public:
     /// At most this many arguments are passed.
@@ -31,11 +32,11 @@ public:
 
     /// \param arguments what is passed to the method's parameters, from the first on; what it has
     /// no parameter for is not passed.
-    NSInvoker(const NSSelector &selector, std::initializer_list<QVariant> arguments);
+    Invoker(const NSSelector &selector, std::initializer_list<QVariant> arguments);
 
     /// Whether a receiver has the method of a selector; not for nil.
     /// \throws NSException NSInvalidArgumentException if two overloads fit.
-    static bool respondsTo(const NSKeyValueTarget &receiver, const NSSelector &selector);
+    static bool respondsTo(const KeyValueTarget &receiver, const NSSelector &selector);
 
     /// Replaces an argument.
     void setArgument(int index, const QVariant &value);
@@ -45,24 +46,24 @@ public:
     /// else are not called.
     /// \return false also for nil and for objects that have no such method.
     /// \throws NSException NSInvalidArgumentException if two overloads fit.
-    bool isTrue(const NSKeyValueTarget &receiver);
+    bool isTrue(const KeyValueTarget &receiver);
 
     /// Calls the method.
     /// \return its result; nil for nil, for methods that return nothing, and for null texts.
     /// \throws NSException NSInvalidArgumentException if the receiver has no such method or two
     /// overloads fit.
-    QVariant perform(const NSKeyValueTarget &receiver);
+    QVariant perform(const KeyValueTarget &receiver);
 
 private:
     enum class Returns : quint8 { Other, Bits8, Bits16, Bits32 };
 
-    bool resolve(const NSKeyValueTarget &receiver);
+    bool resolve(const KeyValueTarget &receiver);
     void resolveMethod(const QMetaObject *metaObject);
     void resolveProperty(const QMetaObject *metaObject);
     void useMethod(const QMetaMethod &method);
     void prepareArgument(int index);
-    const void *call(const NSKeyValueTarget &receiver, void *storage);
-    [[noreturn]] void raiseUnrecognized(const NSKeyValueTarget &receiver) const;
+    const void *call(const KeyValueTarget &receiver, void *storage);
+    [[noreturn]] void raiseUnrecognized(const KeyValueTarget &receiver) const;
 
     NSSelector _selector;
     std::array<QVariant, MaximumArguments> _arguments;
@@ -79,3 +80,4 @@ private:
     std::array<QMetaType, MaximumArguments> _parameterTypes;
     std::array<QVariant, MaximumArguments> _converted;
 };
+} // namespace KTPrivate

@@ -1,14 +1,15 @@
 #include <KTUtility/NSDecimalNumber>
 #include <KTUtility/NSSortDescriptor>
 #include <KTUtility/NSURL>
-#include <KTUtility/NSValueMatcher>
+#include <KTUtility/ValueMatcher>
 
 #include "support/TestField.h"
 #include "support/TestSupport.h"
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
-TEST(NSValueMatcher, AgreesWithIsEqualToOverAllPairs)
+TEST(ValueMatcher, AgreesWithIsEqualToOverAllPairs)
 {
     TestField field;
     const QVariantList values = {
@@ -31,7 +32,7 @@ TEST(NSValueMatcher, AgreesWithIsEqualToOverAllPairs)
         QByteArray("a"),
     };
     for (const QVariant &wanted : values) {
-        const NSValueMatcher matcher(wanted);
+        const ValueMatcher matcher(wanted);
         for (const QVariant &candidate : values)
             EXPECT_EQ(matcher.matches(candidate), NSObject::isEqualTo(candidate, wanted))
                 << testing::PrintToString(candidate) << " and " << testing::PrintToString(wanted);

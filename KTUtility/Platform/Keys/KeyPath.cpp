@@ -1,4 +1,4 @@
-#include "NSKeyAccessor.h"
+#include "KeyPath.h"
 
 #include "KeyValueOperators_p.h"
 #include "NSCollections.h"
@@ -76,7 +76,7 @@ QVariant KTPrivate::applyCollectionOperator(const QString &key, const QVariantLi
     NSException::raise(NSInvalidArgumentException, u"unknown collection operator "_s + key);
 }
 
-NSKeyPath::NSKeyPath(const QString &path)
+KeyPath::KeyPath(const QString &path)
 {
     if (path.isNull()) {
         _steps.emplace_back(path);
@@ -88,7 +88,7 @@ NSKeyPath::NSKeyPath(const QString &path)
         _steps.emplace_back(key);
 }
 
-QString NSKeyPath::remainder(size_t step) const
+QString KeyPath::remainder(size_t step) const
 {
     QStringList keys;
     for (; step < _steps.size(); ++step)
@@ -96,33 +96,32 @@ QString NSKeyPath::remainder(size_t step) const
     return keys.join(u'.');
 }
 
-const QVariant &NSKeyPath::read(const NSKeyValueTarget &target)
+const QVariant &KeyPath::read(const KeyValueTarget &target)
 {
-    NSKeyValueTarget here = target;
+    KeyValueTarget here = target;
     for (size_t step = 0;; ++step) {
-        if (here.kind == NSKeyValueTarget::Kind::Collection)
+        if (here.kind == KeyValueTarget::Kind::Collection)
             return readCollection(*static_cast<const QVariant *>(here.instance), step);
         const QVariant &value = _steps[step].read(here);
         if (step + 1 == _steps.size())
             return value;
-        here = NSKeyValueTarget::ofVariant(value);
+        here = KeyValueTarget::ofVariant(value);
     }
 }
 
 /// The rest of the path, applied to each element or to an operator.
-const QVariant &NSKeyPath::readCollection(const QVariant &collection, size_t step)
+const QVariant &KeyPath::readCollection(const QVariant &collection, size_t step)
 {
     const QString &key = _steps[step].key();
     const QVariantList elements = collection.value<QVariantList>();
     if (key == u"@count")
         return _collected = QVariant(elements.size());
     const bool isOperator = isCollectionOperator(key);
-    NSKeyPath rest(remainder(step + isOperator));
+    KeyPath rest(remainder(step + isOperator));
     QVariantList values;
     for (const QVariant &element : elements) {
         const bool isElement = isOperator && step + 1 == _steps.size();
-        const QVariant &value =
-            isElement ? element : rest.read(NSKeyValueTarget::ofVariant(element));
+        const QVariant &value = isElement ? element : rest.read(KeyValueTarget::ofVariant(element));
         values += NSObject::isNil(value) ? NSNull() : value;
     }
     return _collected = isOperator ? applyCollectionOperator(key, values) : QVariant(values);

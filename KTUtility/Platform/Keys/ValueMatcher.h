@@ -5,20 +5,21 @@
 
 #include <QVariant>
 
+namespace KTPrivate {
 /// Compares many values with one, as NSObject::isEqualTo() does.
 ///
 /// Integers and texts that have the very type of the wanted value, which is the rule when the
 /// values of one property are looked through, are compared directly.
 ///
 /// \code
-/// const NSValueMatcher matcher(u"Price"_s);
+/// const ValueMatcher matcher(u"Price"_s);
 /// for (const QVariant &name : names)
 ///     count += matcher.matches(name);
 /// \endcode
-class NSValueMatcher
+class ValueMatcher
 {
 public:
-    explicit NSValueMatcher(const QVariant &value)
+    explicit ValueMatcher(const QVariant &value)
         : _value(value), _interface(value.metaType().iface()), _kind(kindOf(value))
     {
     }
@@ -56,3 +57,4 @@ private:
     const QtPrivate::QMetaTypeInterface *_interface;
     Kind _kind;
 };
+} // namespace KTPrivate

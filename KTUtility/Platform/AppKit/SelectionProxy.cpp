@@ -1,4 +1,4 @@
-#include "NSSelectionProxy_p.h"
+#include "SelectionProxy_p.h"
 
 #include <KTUtility/Platform/Keys/NSSelectionMarker.h>
 
@@ -10,6 +10,8 @@
 #include <QPointer>
 
 #include <utility>
+
+using namespace KTPrivate;
 
 namespace {
 /// The value that all of the objects have; a marker if they have not one.
@@ -26,7 +28,7 @@ QVariant commonValue(const QVariantList &objects, const QString &key)
 }
 } // namespace
 
-void NSSelectionProxy::setObjects(const QVariantList &objects)
+void SelectionProxy::setObjects(const QVariantList &objects)
 {
     _objects = objects;
     for (auto &[key, observations] : _observations) {
@@ -36,7 +38,7 @@ void NSSelectionProxy::setObjects(const QVariantList &objects)
     NSKeyValueObserving::didChangeAllValues(this);
 }
 
-std::optional<QVariant> NSSelectionProxy::valueForKey(const QString &key) const
+std::optional<QVariant> SelectionProxy::valueForKey(const QString &key) const
 {
     if (_objects.isEmpty())
         return NSNoSelectionMarker();
@@ -47,10 +49,10 @@ std::optional<QVariant> NSSelectionProxy::valueForKey(const QString &key) const
     }
 }
 
-bool NSSelectionProxy::setValueForKey(const QVariant &value, const QString &key)
+bool SelectionProxy::setValueForKey(const QVariant &value, const QString &key)
 {
     QVariantList objects = _objects;
-    const QPointer<NSSelectionProxy> self = this;
+    const QPointer<SelectionProxy> self = this;
     ++_setting;
     try {
         for (QVariant &object : objects)
@@ -66,11 +68,11 @@ bool NSSelectionProxy::setValueForKey(const QVariant &value, const QString &key)
 }
 
 /// Tells what has changed, once for all objects: each notice has all of them read again.
-void NSSelectionProxy::finishSetting()
+void SelectionProxy::finishSetting()
 {
     if (--_setting > 0)
         return;
-    const QPointer<NSSelectionProxy> self = this;
+    const QPointer<SelectionProxy> self = this;
     const QStringList keys = std::exchange(_changedWhileSetting, {});
     for (const QString &key : keys) {
         if (self)
@@ -78,7 +80,7 @@ void NSSelectionProxy::finishSetting()
     }
 }
 
-void NSSelectionProxy::valueHasChanged(const QString &key)
+void SelectionProxy::valueHasChanged(const QString &key)
 {
     if (_setting == 0)
         NSKeyValueObserving::didChangeValueForKey(this, key);
@@ -86,24 +88,24 @@ void NSSelectionProxy::valueHasChanged(const QString &key)
         _changedWhileSetting += key;
 }
 
-void NSSelectionProxy::firstObserverCame(const QString &key)
+void SelectionProxy::firstObserverCame(const QString &key)
 {
     _observations[key].clear();
     observe(key);
 }
 
-void NSSelectionProxy::lastObserverWent(const QString &key)
+void SelectionProxy::lastObserverWent(const QString &key)
 {
     _observations.erase(key);
 }
 
 /// Listens to a key of each object that has it.
-void NSSelectionProxy::observe(const QString &key)
+void SelectionProxy::observe(const QString &key)
 {
     const auto tell = [this, key](const NSKeyValueChange &) { valueHasChanged(key); };
     for (const QVariant &each : std::as_const(_objects)) {
-        const NSKeyValueTarget target = NSKeyValueTarget::ofVariant(each);
-        if (target.kind != NSKeyValueTarget::Kind::Object)
+        const KeyValueTarget target = KeyValueTarget::ofVariant(each);
+        if (target.kind != KeyValueTarget::Kind::Object)
             continue;
         try {
             _observations[key].emplace_back(target.object(), key, 0, tell);

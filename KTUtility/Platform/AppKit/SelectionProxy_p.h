@@ -9,8 +9,9 @@
 #include <map>
 #include <vector>
 
+namespace KTPrivate {
 /// Stands for the selected objects of a controller: answers their keys, and tells when they change.
-class NSSelectionProxy : public QObject, public NSKeyValueCodingObject
+class SelectionProxy : public QObject, public NSKeyValueCodingObject
 {
     Q_OBJECT
     Q_INTERFACES(NSKeyValueCodingObject)
@@ -35,3 +36,4 @@ private:
     int _setting = 0;
     QStringList _changedWhileSetting;
 };
+} // namespace KTPrivate

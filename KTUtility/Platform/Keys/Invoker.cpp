@@ -1,4 +1,4 @@
-#include "NSInvoker.h"
+#include "Invoker.h"
 
 #include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/Platform/Values/NSObject.h>
@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <cstring>
+
+using namespace KTPrivate;
 
 namespace {
 bool isCallable(const QMetaMethod &method, const QByteArray &name)
@@ -46,19 +48,19 @@ QMetaMethod findMethod(const QMetaObject *metaObject, const QByteArray &name, in
 }
 } // namespace
 
-NSInvoker::NSInvoker(const NSSelector &selector, std::initializer_list<QVariant> arguments)
+Invoker::Invoker(const NSSelector &selector, std::initializer_list<QVariant> arguments)
     : _selector(selector), _argumentCount(std::min(int(arguments.size()), MaximumArguments))
 {
     std::copy_n(arguments.begin(), _argumentCount, _arguments.begin());
 }
 
-bool NSInvoker::respondsTo(const NSKeyValueTarget &receiver, const NSSelector &selector)
+bool Invoker::respondsTo(const KeyValueTarget &receiver, const NSSelector &selector)
 {
-    NSInvoker invoker(selector, {QVariant(), QVariant(), QVariant()});
+    Invoker invoker(selector, {QVariant(), QVariant(), QVariant()});
     return invoker.resolve(receiver);
 }
 
-void NSInvoker::setArgument(int index, const QVariant &value)
+void Invoker::setArgument(int index, const QVariant &value)
 {
     _arguments[size_t(index)] = value;
     if (index < _parameterCount)
@@ -66,7 +68,7 @@ void NSInvoker::setArgument(int index, const QVariant &value)
 }
 
 /// Converts an argument once for all receivers of a class.
-void NSInvoker::prepareArgument(int index)
+void Invoker::prepareArgument(int index)
 {
     const QVariant &argument = _arguments[size_t(index)];
     const QMetaType type = _parameterTypes[size_t(index)];
@@ -78,7 +80,7 @@ void NSInvoker::prepareArgument(int index)
         converted = QVariant(type);
 }
 
-void NSInvoker::useMethod(const QMetaMethod &method)
+void Invoker::useMethod(const QMetaMethod &method)
 {
     _call = QMetaObject::InvokeMetaMethod;
     _declaringClass = method.enclosingMetaObject();
@@ -91,7 +93,7 @@ void NSInvoker::useMethod(const QMetaMethod &method)
     }
 }
 
-void NSInvoker::resolveMethod(const QMetaObject *metaObject)
+void Invoker::resolveMethod(const QMetaObject *metaObject)
 {
     if (_selector.colons() > _argumentCount)
         return;
@@ -103,7 +105,7 @@ void NSInvoker::resolveMethod(const QMetaObject *metaObject)
         useMethod(method);
 }
 
-void NSInvoker::resolveProperty(const QMetaObject *metaObject)
+void Invoker::resolveProperty(const QMetaObject *metaObject)
 {
     const int index = metaObject->indexOfProperty(_selector.name().constData());
     if (_selector.colons() > 0 || index < 0 || !metaObject->property(index).isReadable())
@@ -118,7 +120,7 @@ void NSInvoker::resolveProperty(const QMetaObject *metaObject)
 
 /// Finds the method in the receiver's class, unless it is the class of the last receiver.
 /// \return whether there is one.
-bool NSInvoker::resolve(const NSKeyValueTarget &receiver)
+bool Invoker::resolve(const KeyValueTarget &receiver)
 {
     if (!receiver.metaObject || receiver.metaObject == _metaObject)
         return receiver.metaObject && _declaringClass;
@@ -155,7 +157,7 @@ bool NSInvoker::resolve(const NSKeyValueTarget &receiver)
 
 /// Calls the resolved method with \a storage for its result.
 /// \return where the result is: the storage, or elsewhere if a getter returns a pointer to it.
-const void *NSInvoker::call(const NSKeyValueTarget &receiver, void *storage)
+const void *Invoker::call(const KeyValueTarget &receiver, void *storage)
 {
     // A property takes a status at the third place; a method its arguments from the second on.
     int status = -1;
@@ -175,7 +177,7 @@ const void *NSInvoker::call(const NSKeyValueTarget &receiver, void *storage)
     return arguments[0];
 }
 
-bool NSInvoker::isTrue(const NSKeyValueTarget &receiver)
+bool Invoker::isTrue(const KeyValueTarget &receiver)
 {
     if (!resolve(receiver) || _returns == Returns::Other)
         return false;
@@ -189,9 +191,9 @@ bool NSInvoker::isTrue(const NSKeyValueTarget &receiver)
     return bits != 0;
 }
 
-QVariant NSInvoker::perform(const NSKeyValueTarget &receiver)
+QVariant Invoker::perform(const KeyValueTarget &receiver)
 {
-    if (receiver.kind == NSKeyValueTarget::Kind::Nil)
+    if (receiver.kind == KeyValueTarget::Kind::Nil)
         return {};
     if (!resolve(receiver))
         raiseUnrecognized(receiver);
@@ -205,7 +207,7 @@ QVariant NSInvoker::perform(const NSKeyValueTarget &receiver)
     return NSObject::isNil(result) ? QVariant() : result;
 }
 
-void NSInvoker::raiseUnrecognized(const NSKeyValueTarget &receiver) const
+void Invoker::raiseUnrecognized(const KeyValueTarget &receiver) const
 {
     NSException::raise(
         NSInvalidArgumentException,

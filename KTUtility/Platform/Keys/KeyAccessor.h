@@ -1,6 +1,6 @@
 #pragma once
 
-#include "NSKeyValueTarget.h"
+#include "KeyValueTarget.h"
 #include <KTUtility/KTUtilityExport.h>
 
 #include <QByteArray>
@@ -8,6 +8,7 @@
 
 #include <vector>
 
+namespace KTPrivate {
 /// Reads one key of many objects fast.
 ///
 /// The class of the last object and where the key was found in it are remembered, so that a run of
@@ -21,20 +22,20 @@
 /// NSNull() for nil. A nil key has the value nil on every object.
 ///
 /// \code
-/// NSKeyAccessor name(u"name"_s);
+/// KeyAccessor name(u"name"_s);
 /// for (const Field *field : fields)
-///     names += name.read(NSKeyValueTarget::of(field)).toString();
+///     names += name.read(KeyValueTarget::of(field)).toString();
 /// \endcode
-class KTUTILITY_EXPORT NSKeyAccessor
+class KTUTILITY_EXPORT KeyAccessor
 {
 public:
-    explicit NSKeyAccessor(const QString &key);
+    explicit KeyAccessor(const QString &key);
 
     const QString &key() const { return _key; }
 
     /// The value of the key; nil for nil. The reference holds until the next read.
     /// \throws NSException NSUndefinedKeyException if the object has no such key.
-    const QVariant &read(const NSKeyValueTarget &target)
+    const QVariant &read(const KeyValueTarget &target)
     {
         // The same class as last time is the rule; everything else is out of line.
         if (target.metaObject && target.metaObject == _metaObject)
@@ -44,21 +45,21 @@ public:
 
     /// Checks that the object has the key, without reading it.
     /// \throws NSException NSUndefinedKeyException if it has not.
-    void resolve(const NSKeyValueTarget &target);
+    void resolve(const KeyValueTarget &target);
 
 private:
     enum class Source : quint8 { None, Property, Method, Dynamic };
 
-    const QVariant &readResolved(const NSKeyValueTarget &target);
-    const QVariant &readOther(const NSKeyValueTarget &target);
-    const QVariant &readMetaCall(const NSKeyValueTarget &target, int call);
+    const QVariant &readResolved(const KeyValueTarget &target);
+    const QVariant &readOther(const KeyValueTarget &target);
+    const QVariant &readMetaCall(const KeyValueTarget &target, int call);
     const QVariant &readCollection(const QVariant &collection);
-    bool readFromCodingObject(const NSKeyValueTarget &target);
-    void resolveClass(const NSKeyValueTarget &target);
+    bool readFromCodingObject(const KeyValueTarget &target);
+    void resolveClass(const KeyValueTarget &target);
     bool resolveProperty(const QMetaObject *metaObject);
     bool resolveMethod(const QMetaObject *metaObject);
-    bool resolveDynamic(const NSKeyValueTarget &target);
-    [[noreturn]] void raiseUndefinedKey(const NSKeyValueTarget &target) const;
+    bool resolveDynamic(const KeyValueTarget &target);
+    [[noreturn]] void raiseUndefinedKey(const KeyValueTarget &target) const;
 
     QString _key;
     QByteArray _utf8Key;
@@ -71,25 +72,4 @@ private:
     QMetaType _type;
     QVariant _value;
 };
-
-/// Reads one key path of many objects: keys joined by ".", from left to right.
-///
-/// A nil on the way gives nil. On a collection the rest of the path is applied to each element, or
-/// to an operator: "@count", "@sum.path", "@avg.path", "@min.path", "@max.path",
-/// "@distinctUnionOfObjects.path", "@unionOfObjects.path".
-class KTUTILITY_EXPORT NSKeyPath
-{
-public:
-    explicit NSKeyPath(const QString &path);
-
-    /// The value at the end of the path. The reference holds until the next read.
-    /// \throws NSException NSUndefinedKeyException if an object on the way has no such key.
-    const QVariant &read(const NSKeyValueTarget &target);
-
-private:
-    const QVariant &readCollection(const QVariant &collection, size_t step);
-    QString remainder(size_t step) const;
-
-    std::vector<NSKeyAccessor> _steps;
-    QVariant _collected;
-};
+} // namespace KTPrivate

@@ -1,20 +1,21 @@
+#include <KTUtility/Invoker>
 #include <KTUtility/NSException>
-#include <KTUtility/NSInvoker>
 
 #include "support/TestField.h"
 #include "support/TestSupport.h"
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
 bool isTrue(TestField &field, const char *selector, const QVariant &argument = {})
 {
-    return NSInvoker(selector, {argument}).isTrue(NSKeyValueTarget::of(&field));
+    return Invoker(selector, {argument}).isTrue(KeyValueTarget::of(&field));
 }
 
 QVariant perform(TestField &field, const char *selector, const QVariant &argument = {})
 {
-    return NSInvoker(selector, {argument}).perform(NSKeyValueTarget::of(&field));
+    return Invoker(selector, {argument}).perform(KeyValueTarget::of(&field));
 }
 } // namespace
 
@@ -29,7 +30,7 @@ TEST(NSSelector, CountsColons)
     EXPECT_EQ(NSSelector(u"a:"_s), NSSelector("a:"));
 }
 
-TEST(NSInvoker, TestsResultsByTheirWidth)
+TEST(Invoker, TestsResultsByTheirWidth)
 {
     struct Case
     {
@@ -48,7 +49,7 @@ TEST(NSInvoker, TestsResultsByTheirWidth)
     }
 }
 
-TEST(NSInvoker, OtherReturnTypesAreNoConditions)
+TEST(Invoker, OtherReturnTypesAreNoConditions)
 {
     TestField field(u"x"_s, 5);
     for (const char *selector :
@@ -56,7 +57,7 @@ TEST(NSInvoker, OtherReturnTypesAreNoConditions)
         EXPECT_FALSE(isTrue(field, selector)) << selector;
 }
 
-TEST(NSInvoker, ConvertsArguments)
+TEST(Invoker, ConvertsArguments)
 {
     TestField field(QString(), 5);
     EXPECT_TRUE(isTrue(field, "sizeOver:", 4));
@@ -69,7 +70,7 @@ TEST(NSInvoker, ConvertsArguments)
     EXPECT_FALSE(isTrue(field, "sizeOver::", 4));
 }
 
-TEST(NSInvoker, Performs)
+TEST(Invoker, Performs)
 {
     TestField field(u"x"_s, 5);
     field._label = u"L"_s;
@@ -79,19 +80,19 @@ TEST(NSInvoker, Performs)
     EXPECT_FALSE(perform(field, "labelIfSmall:", 5).isValid());
     EXPECT_FALSE(perform(field, "doNothing").isValid());
     EXPECT_EQ(perform(field, "name"), QVariant(u"x"_s));
-    EXPECT_FALSE(NSInvoker("name", {}).perform(NSKeyValueTarget()).isValid());
+    EXPECT_FALSE(Invoker("name", {}).perform(KeyValueTarget()).isValid());
 }
 
-TEST(NSInvoker, UnknownSelectorsRaise)
+TEST(Invoker, UnknownSelectorsRaise)
 {
     TestField field;
     EXPECT_THROW(perform(field, "missing"), NSException);
     EXPECT_THROW(perform(field, "destroyed:"), NSException);
     const QVariant number = 5;
-    EXPECT_THROW(NSInvoker("name", {}).perform(NSKeyValueTarget::ofVariant(number)), NSException);
+    EXPECT_THROW(Invoker("name", {}).perform(KeyValueTarget::ofVariant(number)), NSException);
 }
 
-TEST(NSInvoker, AmbiguousOverloadsRaiseWithBothNames)
+TEST(Invoker, AmbiguousOverloadsRaiseWithBothNames)
 {
     TestField field;
     EXPECT_RAISES(isTrue(field, "ambiguous:", 1), NSInvalidArgumentException,
@@ -99,11 +100,11 @@ TEST(NSInvoker, AmbiguousOverloadsRaiseWithBothNames)
                   "ambiguous(QString)"_s);
 }
 
-TEST(NSInvoker, CallsMethodsOfGadgets)
+TEST(Invoker, CallsMethodsOfGadgets)
 {
     const TestPoint right{1, 0};
     const TestPoint left{-1, 0};
-    NSInvoker isRight("isRight", {});
-    EXPECT_TRUE(isRight.isTrue(NSKeyValueTargets::target(right)));
-    EXPECT_FALSE(isRight.isTrue(NSKeyValueTargets::target(left)));
+    Invoker isRight("isRight", {});
+    EXPECT_TRUE(isRight.isTrue(KeyValueTargets::target(right)));
+    EXPECT_FALSE(isRight.isTrue(KeyValueTargets::target(left)));
 }

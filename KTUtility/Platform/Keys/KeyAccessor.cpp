@@ -1,4 +1,4 @@
-#include "NSKeyAccessor.h"
+#include "KeyAccessor.h"
 
 #include "KeyValueOperators_p.h"
 #include "NSKeyValueCodingObject.h"
@@ -39,9 +39,9 @@ int indexOfGetter(const QMetaObject *metaObject, const QByteArray &name)
 }
 } // namespace
 
-NSKeyAccessor::NSKeyAccessor(const QString &key) : _key(key), _utf8Key(key.toUtf8()) {}
+KeyAccessor::KeyAccessor(const QString &key) : _key(key), _utf8Key(key.toUtf8()) {}
 
-void NSKeyAccessor::raiseUndefinedKey(const NSKeyValueTarget &target) const
+void KeyAccessor::raiseUndefinedKey(const KeyValueTarget &target) const
 {
     NSException::raise(
         NSUndefinedKeyException,
@@ -50,7 +50,7 @@ void NSKeyAccessor::raiseUndefinedKey(const NSKeyValueTarget &target) const
                                    target.description(), _key));
 }
 
-bool NSKeyAccessor::resolveProperty(const QMetaObject *metaObject)
+bool KeyAccessor::resolveProperty(const QMetaObject *metaObject)
 {
     const int index = metaObject->indexOfProperty(_utf8Key.constData());
     if (index < 0 || !metaObject->property(index).isReadable())
@@ -63,7 +63,7 @@ bool NSKeyAccessor::resolveProperty(const QMetaObject *metaObject)
     return true;
 }
 
-bool NSKeyAccessor::resolveMethod(const QMetaObject *metaObject)
+bool KeyAccessor::resolveMethod(const QMetaObject *metaObject)
 {
     const QByteArray capitalisedKey = capitalised(_utf8Key);
     const QByteArray names[] = {"get" + capitalisedKey, _utf8Key, "is" + capitalisedKey,
@@ -82,9 +82,9 @@ bool NSKeyAccessor::resolveMethod(const QMetaObject *metaObject)
     return false;
 }
 
-bool NSKeyAccessor::resolveDynamic(const NSKeyValueTarget &target)
+bool KeyAccessor::resolveDynamic(const KeyValueTarget &target)
 {
-    if (target.kind != NSKeyValueTarget::Kind::Object ||
+    if (target.kind != KeyValueTarget::Kind::Object ||
         !target.object()->dynamicPropertyNames().contains(_utf8Key))
         return false;
     _source = Source::Dynamic;
@@ -92,9 +92,9 @@ bool NSKeyAccessor::resolveDynamic(const NSKeyValueTarget &target)
 }
 
 /// Whether the object answers the key by itself; then the value is read.
-bool NSKeyAccessor::readFromCodingObject(const NSKeyValueTarget &target)
+bool KeyAccessor::readFromCodingObject(const KeyValueTarget &target)
 {
-    if (target.kind != NSKeyValueTarget::Kind::Object)
+    if (target.kind != KeyValueTarget::Kind::Object)
         return false;
     const auto *const object = qobject_cast<NSKeyValueCodingObject *>(target.object());
     std::optional<QVariant> value = object ? object->valueForKey(_key) : std::nullopt;
@@ -103,7 +103,7 @@ bool NSKeyAccessor::readFromCodingObject(const NSKeyValueTarget &target)
     return value.has_value();
 }
 
-void NSKeyAccessor::resolveClass(const NSKeyValueTarget &target)
+void KeyAccessor::resolveClass(const KeyValueTarget &target)
 {
     _metaObject = nullptr;
     // Qt's look-ups end at a NUL.
@@ -120,14 +120,14 @@ void NSKeyAccessor::resolveClass(const NSKeyValueTarget &target)
     _value = _isVariant ? QVariant() : QVariant(_type);
 }
 
-void NSKeyAccessor::resolve(const NSKeyValueTarget &target)
+void KeyAccessor::resolve(const KeyValueTarget &target)
 {
     const bool isSameClass = target.metaObject && target.metaObject == _metaObject;
-    if (!isSameClass && (target.metaObject || target.kind == NSKeyValueTarget::Kind::Opaque))
+    if (!isSameClass && (target.metaObject || target.kind == KeyValueTarget::Kind::Opaque))
         readOther(target);
 }
 
-const QVariant &NSKeyAccessor::readResolved(const NSKeyValueTarget &target)
+const QVariant &KeyAccessor::readResolved(const KeyValueTarget &target)
 {
     return readMetaCall(target, _source == Source::Property ? QMetaObject::ReadProperty
                                                             : QMetaObject::InvokeMetaMethod);
@@ -135,7 +135,7 @@ const QVariant &NSKeyAccessor::readResolved(const NSKeyValueTarget &target)
 
 /// Lets the generated code write into _value. The third argument is what QMetaProperty passes: a
 /// status that some classes set.
-const QVariant &NSKeyAccessor::readMetaCall(const NSKeyValueTarget &target, int call)
+const QVariant &KeyAccessor::readMetaCall(const KeyValueTarget &target, int call)
 {
     int status = -1;
     void *const storage = _isVariant ? &_value : _value.data();
@@ -156,24 +156,24 @@ const QVariant &NSKeyAccessor::readMetaCall(const NSKeyValueTarget &target, int 
     return _value;
 }
 
-const QVariant &NSKeyAccessor::readCollection(const QVariant &collection)
+const QVariant &KeyAccessor::readCollection(const QVariant &collection)
 {
     const QVariantList elements = collection.value<QVariantList>();
     if (_key == u"@count")
         return _value = QVariant(elements.size());
     QVariantList values;
     values.reserve(elements.size());
-    NSKeyAccessor each(_key);
+    KeyAccessor each(_key);
     for (const QVariant &element : elements) {
-        const QVariant &value = each.read(NSKeyValueTarget::ofVariant(element));
+        const QVariant &value = each.read(KeyValueTarget::ofVariant(element));
         values += NSObject::isNil(value) ? NSNull() : value;
     }
     return _value = values;
 }
 
-const QVariant &NSKeyAccessor::readOther(const NSKeyValueTarget &target)
+const QVariant &KeyAccessor::readOther(const KeyValueTarget &target)
 {
-    using Kind = NSKeyValueTarget::Kind;
+    using Kind = KeyValueTarget::Kind;
     if (_key.isNull())
         return Nil;
     switch (target.kind) {

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "KeyAccessor.h"
+#include "KeyValueTarget.h"
+#include <KTUtility/KTUtilityExport.h>
+
+#include <QString>
+
+#include <vector>
+
+namespace KTPrivate {
+/// Reads one key path of many objects: keys joined by ".", from left to right.
+///
+/// A nil on the way gives nil. On a collection the rest of the path is applied to each element, or
+/// to an operator: "@count", "@sum.path", "@avg.path", "@min.path", "@max.path",
+/// "@distinctUnionOfObjects.path", "@unionOfObjects.path".
+class KTUTILITY_EXPORT KeyPath
+{
+public:
+    explicit KeyPath(const QString &path);
+
+    /// The value at the end of the path. The reference holds until the next read.
+    /// \throws NSException NSUndefinedKeyException if an object on the way has no such key.
+    const QVariant &read(const KeyValueTarget &target);
+
+private:
+    const QVariant &readCollection(const QVariant &collection, size_t step);
+    QString remainder(size_t step) const;
+
+    std::vector<KeyAccessor> _steps;
+    QVariant _collected;
+};
+} // namespace KTPrivate
