@@ -18,4 +18,5 @@
 /// A version as one number that grows with it.
 #define KTUTILITY_VERSION_CHECK(major, minor, patch) (((major) << 16) | ((minor) << 8) | (patch))
 #define KTUTILITY_VERSION                                                                          \
-    KTUTILITY_VERSION_CHECK(KTUTILITY_VERSION_MAJOR, KTUTILITY_VERSION_MINOR, KTUTILITY_VERSION_PATCH)
+    KTUTILITY_VERSION_CHECK(KTUTILITY_VERSION_MAJOR, KTUTILITY_VERSION_MINOR,                      \
+                            KTUTILITY_VERSION_PATCH)
