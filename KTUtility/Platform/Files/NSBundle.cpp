@@ -68,9 +68,17 @@ QString libraryPath()
 }
 } // namespace
 
+QString NSBundle::frameworkPathForLibrary(const QString &library)
+{
+    const QString folder = NSString::stringByDeletingLastPathComponent(library);
+    return NSString::pathExtension(folder) == u"framework"
+               ? folder
+               : NSString::stringByAppendingPathComponent(folder, u"KTUtility.framework"_s);
+}
+
 const NSBundle &NSBundle::frameworkBundle()
 {
-    static const NSBundle bundle(NSString::stringByDeletingLastPathComponent(libraryPath()));
+    static const NSBundle bundle(frameworkPathForLibrary(libraryPath()));
     return bundle;
 }
 

@@ -36,8 +36,12 @@ public:
     /// The bundle folder to which an executable belongs; see mainBundle().
     static QString bundlePathForExecutable(const QString &executable);
 
-    /// The bundle of the framework: the "KTUtility.framework" folder that this library lies in.
+    /// The bundle of the framework: the "KTUtility.framework" folder that holds this library, as in
+    /// an application, or that lies beside it, as in /usr/lib. Its resources are found wherever the
+    /// installed tree is moved to.
     static const NSBundle &frameworkBundle();
+    /// The framework folder that belongs to a library file; see frameworkBundle().
+    static QString frameworkPathForLibrary(const QString &library);
 
     /// A text in the user's language: the translation of \a key in the context \a table
     /// (QCoreApplication::translate), or in the context "Localizable" if \a table is nil. Without a

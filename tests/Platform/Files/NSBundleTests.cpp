@@ -115,6 +115,26 @@ TEST(NSBundle, TheFrameworkFindsItsResources)
     EXPECT_EQ(framework.pathForResource(u"PhoneNumberFormats.plist"_s, QString()), path);
 }
 
+TEST(NSBundle, FrameworkHoldsItsLibraryOrLiesBesideIt)
+{
+    struct Row
+    {
+        QString library;
+        QString framework;
+    };
+    const Row rows[] = {
+        {u"/opt/Cobble.app/Contents/Frameworks/KTUtility.framework/libKTUtility.so.0"_s,
+         u"/opt/Cobble.app/Contents/Frameworks/KTUtility.framework"_s},
+        {u"/usr/lib/x86_64-linux-gnu/libKTUtility.so.0.1.0"_s,
+         u"/usr/lib/x86_64-linux-gnu/KTUtility.framework"_s},
+        {u"/home/ann/frameworks/lib/libKTUtility.so"_s,
+         u"/home/ann/frameworks/lib/KTUtility.framework"_s},
+        {u"/libKTUtility.so"_s, u"/KTUtility.framework"_s},
+    };
+    for (const Row &row : rows)
+        EXPECT_EQ(NSBundle::frameworkPathForLibrary(row.library), row.framework);
+}
+
 TEST(NSBundle, TextsWithoutTranslationAreTheirKeys)
 {
     const NSBundle &bundle = NSBundle::mainBundle();
