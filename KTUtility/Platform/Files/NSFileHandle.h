@@ -7,7 +7,7 @@
 /// A handle on an open file, written without buffering: what writeData() returned from is in the
 /// kernel's hands and survives a crash of the process.
 ///
-/// Use it for logs. For files that readers must see whole, use QSaveFile.
+/// Use it for logs. For files that readers must see whole, use KTSaveFile.
 ///
 /// \code
 /// NSFileHandle handle(::open("/tmp/cobble.log", O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0644));

@@ -1,6 +1,7 @@
 #include "NSPropertyListSerialization.h"
 
 #include "FileOperations_p.h"
+#include "KTSaveFile.h"
 #include "NSFileHandle.h"
 #include "NSFileManager.h"
 #include "NSPathUtilities.h"
@@ -9,7 +10,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <fcntl.h>
@@ -25,12 +25,8 @@ using NSPropertyListSerialization::MaximumSize;
 
 bool writeAtomically(const QByteArray &bytes, const QString &path)
 {
-    QSaveFile file(path);
-    // Without this, QSaveFile writes in place where it cannot make a temporary file.
-    file.setDirectWriteFallback(false);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() &&
-           NSFileHandle(file.handle(), NSFileHandle::Ownership::Borrowed).synchronizeFile() &&
-           file.commit();
+    KTSaveFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
 }
 
 /// The bytes of an open file, up to one more than may be read; null if it cannot be read.

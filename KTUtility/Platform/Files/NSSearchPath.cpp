@@ -2,6 +2,15 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QMutex>
+#include <QMutexLocker>
+
+#include <cstdlib>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 /// An environment variable that names an absolute path; nil otherwise. Relative paths count as
@@ -21,6 +30,22 @@ QString applicationSupportFolder()
     return home.isNull() ? QString() : QDir::cleanPath(home + u"/.local/share");
 }
 
+/// Whether a folder is the user's own and nobody else's; no link is followed.
+bool isPrivateFolder(const QString &path)
+{
+    struct stat status = {};
+    return !path.isEmpty() && ::lstat(QFile::encodeName(path).constData(), &status) == 0 &&
+           S_ISDIR(status.st_mode) && status.st_uid == ::geteuid() && (status.st_mode & 0077) == 0;
+}
+
+/// A new folder of the user's own in one that others may write; nobody can guess its name. Where
+/// none can be made, a path at which nobody can make anything.
+QString newPrivateFolder(const QString &parent)
+{
+    QByteArray path = QFile::encodeName(parent) + "/Cobble-XXXXXX";
+    return ::mkdtemp(path.data()) ? QFile::decodeName(path) : u"/dev/null/Cobble"_s;
+}
+
 QString withTilde(const QString &path)
 {
     const QString home = NSHomeDirectory();
@@ -38,7 +63,16 @@ QString NSHomeDirectory()
 
 QString NSTemporaryDirectory()
 {
-    return QDir::tempPath();
+    static QMutex mutex;
+    static QString folder;
+    const QMutexLocker lock(&mutex);
+    const QString shared = QDir::tempPath();
+    if (isPrivateFolder(shared))
+        return shared;
+    // Once per process and place, as long as nobody takes it away.
+    if (QFileInfo(folder).path() != shared || !isPrivateFolder(folder))
+        folder = newPrivateFolder(shared);
+    return folder;
 }
 
 QStringList NSSearchPathForDirectoriesInDomains(NSSearchPathDirectory directory,

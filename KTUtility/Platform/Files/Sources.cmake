@@ -5,6 +5,7 @@ target_sources(KTUtility PRIVATE
     Platform/Files/NSFileHandle.cpp
     Platform/Files/NSFileManager.cpp
     Platform/Files/FileRename.cpp
+    Platform/Files/KTSaveFile.cpp
     Platform/Files/Module.cpp
     Platform/Files/NSPathUtilities.cpp
     Platform/Files/PropertyListBinaryReader.cpp

@@ -1,5 +1,6 @@
 #include <KTUtility/NSSearchPath>
 
+#include "support/EnvironmentGuard.h"
 #include "support/TestSupport.h"
 
 #include <QDir>
@@ -91,7 +92,30 @@ TEST(NSSearchPath, OtherDomainsAndUnknownFoldersGiveNothing)
     EXPECT_TRUE(foldersFor(NSSearchPathDirectory(7)).isEmpty());
 }
 
-TEST(NSSearchPath, TemporaryFilesGoWhereTheSystemSays)
+TEST(NSSearchPath, TemporaryFilesGoIntoAFolderOfTheUsersOwn)
 {
-    EXPECT_EQ(NSTemporaryDirectory(), QDir::tempPath());
+    const QTemporaryDir shared;
+    const EnvironmentGuard guard("TMPDIR", QFile::encodeName(shared.path()));
+    // One that is the user's alone is used as it is.
+    ASSERT_EQ(::chmod(QFile::encodeName(shared.path()).constData(), 0700), 0);
+    EXPECT_EQ(NSTemporaryDirectory(), shared.path());
+
+    ASSERT_EQ(::chmod(QFile::encodeName(shared.path()).constData(), 01777), 0);
+    const QString folder = NSTemporaryDirectory();
+    EXPECT_EQ(QFileInfo(folder).path(), shared.path());
+    EXPECT_EQ(QFileInfo(folder).permissions() & ~QFile::Permissions(0x7700), QFile::Permissions());
+    EXPECT_EQ(NSTemporaryDirectory(), folder);
+
+    // A link in its place is not followed.
+    ASSERT_TRUE(QDir(folder).removeRecursively());
+    ASSERT_TRUE(QFile::link(u"/tmp"_s, folder));
+    const QString other = NSTemporaryDirectory();
+    EXPECT_NE(other, folder);
+    EXPECT_FALSE(QFileInfo(other).isSymLink());
+}
+
+TEST(NSSearchPath, WithoutAnyPlaceForTemporaryFilesNothingIsWrittenElsewhere)
+{
+    const EnvironmentGuard guard("TMPDIR", "/nowhere/at/all");
+    EXPECT_FALSE(QDir().mkpath(NSTemporaryDirectory()));
 }

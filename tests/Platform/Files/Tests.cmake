@@ -1,4 +1,5 @@
 target_sources(KTUtilityTests PRIVATE
+    Platform/Files/KTSaveFileTests.cpp
     Platform/Files/NSBundleCodeTests.cpp
     Platform/Files/NSBundleTests.cpp
     Platform/Files/NSFileCopyTests.cpp
