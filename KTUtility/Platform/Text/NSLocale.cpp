@@ -1,5 +1,7 @@
 #include "NSLocale.h"
 
+#include "EnvironmentLocale_p.h"
+
 #include <unicode/ucal.h>
 #include <unicode/ucurr.h>
 #include <unicode/uenum.h>
@@ -15,6 +17,7 @@
 #include <functional>
 #include <optional>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 const QString NSLocaleIdentifier = u"identifier"_s;
@@ -154,6 +157,44 @@ QString identifierOf(const QLocale &locale)
     return QString(name).replace(u'_', u'_' + script + u'_');
 }
 
+/// Qt's locale; each new formatter asks.
+NSLocale qtLocale(const QLocale &locale)
+{
+    thread_local QLocale known;
+    thread_local NSLocale same(identifierOf(known));
+    if (locale != known) {
+        known = locale;
+        same = NSLocale(identifierOf(locale));
+    }
+    return same;
+}
+
+QByteArray environmentName(NSLocale::Category category)
+{
+    switch (category) {
+    case NSLocale::Category::Numbers:
+        return EnvironmentLocale::nameFor("LC_NUMERIC");
+    case NSLocale::Category::Money:
+        return EnvironmentLocale::nameFor("LC_MONETARY");
+    case NSLocale::Category::Dates:
+        return EnvironmentLocale::nameFor("LC_TIME");
+    case NSLocale::Category::Texts:
+        break;
+    }
+    return EnvironmentLocale::nameForTexts();
+}
+
+/// The environment's locale; names are few, and each is read once.
+NSLocale environmentLocale(NSLocale::Category category)
+{
+    thread_local QHash<QByteArray, NSLocale> known;
+    const QByteArray name = environmentName(category);
+    const auto found = known.constFind(name);
+    return found != known.cend()
+               ? *found
+               : *known.insert(name, NSLocale(EnvironmentLocale::identifierOf(name)));
+}
+
 QString currencyName(const QByteArray &identifier, const QString &code, UCurrNameStyle style)
 {
     if (code.size() != 3)
@@ -271,7 +312,7 @@ std::shared_ptr<const NSLocale::Data> NSLocale::dataFor(const QString &identifie
 
 NSLocale::NSLocale(const QString &localeIdentifier) : _data(dataFor(localeIdentifier)) {}
 
-NSLocale NSLocale::currentLocale()
+NSLocale NSLocale::currentLocale(Category category)
 {
     ChosenLocale &chosen = chosenLocale();
     {
@@ -279,14 +320,8 @@ NSLocale NSLocale::currentLocale()
         if (chosen.locale)
             return *chosen.locale;
     }
-    // Each new formatter asks.
-    thread_local QLocale known;
-    thread_local NSLocale locale(identifierOf(known));
-    if (const QLocale current; current != known) {
-        known = current;
-        locale = NSLocale(identifierOf(current));
-    }
-    return locale;
+    const QLocale locale;
+    return locale == QLocale::system() ? environmentLocale(category) : qtLocale(locale);
 }
 
 void NSLocale::setCurrentLocale(const NSLocale &locale)

@@ -48,14 +48,26 @@ public:
     /// The locale with an identifier; "-" may stand for "_".
     explicit NSLocale(const QString &localeIdentifier);
 
-    /// The user's locale: the one given to setCurrentLocale(), else that of Qt's default QLocale,
-    /// which is the environment's unless the application changed it. The "C" locale counts as
-    /// "en_US".
-    static NSLocale currentLocale();
+    /// What a locale is asked for. The environment may name another one for each (locale(7)):
+    /// German texts beside Swiss numbers are a common choice.
+    enum class Category {
+        Numbers, ///< LC_ALL, LC_NUMERIC, LANG
+        Money,   ///< LC_ALL, LC_MONETARY, LANG
+        Dates,   ///< LC_ALL, LC_TIME, LANG
+        Texts,   ///< LANGUAGE, LC_ALL, LC_MESSAGES, LANG
+    };
+
+    /// The user's locale: the one given to setCurrentLocale(), else Qt's default QLocale if the
+    /// application changed it, else what the environment names for \a category. Of the variables
+    /// above the first that is set and not empty counts; LANGUAGE does not while texts are in the
+    /// "C" locale. "C" and "POSIX" count as "en_US".
+    ///
+    /// Each formatter of the framework has the locale of its category unless it is given another.
+    static NSLocale currentLocale(Category category = Category::Numbers);
     /// Makes \a locale the user's for the whole process. Call it at start, before formatters are
     /// made; those that exist keep theirs.
     static void setCurrentLocale(const NSLocale &locale);
-    /// Back to Qt's default locale.
+    /// Back to Qt's default locale or the environment's.
     static void resetCurrentLocale();
 
     /// The identifier in its usual spelling ("en-us" is "en_US").

@@ -1,4 +1,5 @@
 target_sources(KTUtility PRIVATE
+    Platform/Text/EnvironmentLocale.cpp
     Platform/Text/NSCharacterSet.cpp
     Platform/Text/NSLocale.cpp
     Platform/Text/NSPercentEscapes.cpp

@@ -1,4 +1,5 @@
 target_sources(KTUtilityTests PRIVATE
+    Platform/Text/EnvironmentLocaleTests.cpp
     Platform/Text/NSCharacterSetTests.cpp
     Platform/Text/NSLocaleTests.cpp
     Platform/Text/NSStringNormalizationTests.cpp
