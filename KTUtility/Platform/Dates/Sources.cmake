@@ -14,6 +14,7 @@ target_sources(KTUtility PRIVATE
     Platform/Dates/DateSymbols.cpp
     Platform/Dates/DateWriter.cpp
     Platform/Dates/NSManualClock.cpp
+    Platform/Dates/ICUTimeZone.cpp
     Platform/Dates/NaturalLanguageDate.cpp
     Platform/Dates/NaturalLanguageReader.cpp
     Platform/Dates/NaturalLanguageTable.cpp

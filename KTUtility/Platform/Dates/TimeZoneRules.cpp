@@ -1,15 +1,15 @@
 #include "TimeZoneRules_p.h"
 
+#include "ICUTimeZone_p.h"
 #include "NSCalendar.h"
-#include <KTUtility/Platform/Text/ICU_p.h>
 
-#include <unicode/simpletz.h>
-#include <unicode/tztrans.h>
-
+#include <QDateTime>
 #include <QMutex>
 #include <QMutexLocker>
 
+#include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <map>
 
 using namespace KTPrivate;
@@ -21,28 +21,41 @@ constexpr qint64 Hour = 3'600'000;
 /// No clock is further from UTC, or changes by more, than this.
 constexpr qint64 Margin = 27 * Hour;
 
-/// Zones without rules in ICU, such as "UTC+05:30" of Qt, have one offset for ever.
-std::unique_ptr<icu::BasicTimeZone> fixedZone(const QTimeZone &zone, const icu::UnicodeString &id)
+/// A year and a bit: where summer time comes every year, it is not further away than that.
+constexpr qint64 Year = 400 * 24 * Hour;
+
+QDateTime dateOf(qint64 instant)
 {
-    const int seconds = zone.standardTimeOffset(QDateTime::fromMSecsSinceEpoch(0, Qt::UTC));
-    return std::make_unique<icu::SimpleTimeZone>(seconds * 1000, id);
+    return QDateTime::fromMSecsSinceEpoch(instant, QTimeZone::utc());
 }
 
-std::unique_ptr<icu::BasicTimeZone> zoneOf(const QTimeZone &zone)
+/// How much earlier the clock is set in a winter that counts as a deviation from standard time, as
+/// in Ireland; 0 if summers do, as nearly everywhere.
+int winterTimeAround(const QTimeZone &zone, const QDateTime &date)
 {
-    const QString id = QString::fromLatin1(zone.id());
-    const icu::UnicodeString name = ICU::aliasOf(id);
-    icu::TimeZone *const made = icu::TimeZone::createTimeZone(name);
-    std::unique_ptr<icu::BasicTimeZone> basic(dynamic_cast<icu::BasicTimeZone *>(made));
-    if (basic && *basic != icu::TimeZone::getUnknown())
-        return basic;
-    if (!basic)
-        delete made;
-    return fixedZone(zone, name);
+    for (const auto &change : {zone.nextTransition(date), zone.previousTransition(date)}) {
+        const bool isNear = change.atUtc.isValid() && std::abs(change.atUtc.msecsTo(date)) < Year;
+        if (isNear && change.daylightTimeOffset < 0)
+            return -change.daylightTimeOffset;
+    }
+    return 0;
+}
+
+/// How much of an offset is daylight saving time. The names that ICU has are those of winters and
+/// summers, whichever of them a country calls its standard time.
+int savingAt(const QTimeZone &zone, const QDateTime &date)
+{
+    const int saving = zone.hasDaylightTime() ? zone.daylightTimeOffset(date) : 0;
+    if (saving != 0 || !zone.hasDaylightTime())
+        return std::max(saving, 0);
+    return winterTimeAround(zone, date);
 }
 } // namespace
 
-TimeZoneRules::TimeZoneRules(const QTimeZone &zone) : _zone(zoneOf(zone)) {}
+TimeZoneRules::TimeZoneRules(const QTimeZone &zone)
+    : _source(zone), _zone(std::make_unique<ICUTimeZone>(*this, zone))
+{
+}
 
 const TimeZoneRules &TimeZoneRules::rulesOf(const QTimeZone &zone)
 {
@@ -92,30 +105,23 @@ void TimeZoneRules::fill(Season *season) const
     const qint64 end = ((season->number + 1) << SeasonBits) + Margin;
     season->stretches[0] = {start, slowOffsetAt(start)};
     season->count = 1;
-    icu::TimeZoneTransition transition;
-    qint64 time = start;
-    while (_zone->getNextTransition(double(time), false, transition)) {
-        time = qint64(transition.getTime());
-        if (time >= end)
-            return;
+    for (const auto &change : _source.transitions(dateOf(start + 1), dateOf(end))) {
         if (season->count == season->stretches.size()) {
             season->count = 0;
             return;
         }
+        const qint64 time = change.atUtc.toMSecsSinceEpoch();
         season->stretches[season->count++] = {time, slowOffsetAt(time)};
     }
 }
 
-int TimeZoneRules::slowOffsetAt(qint64 instant) const
+TimeZoneRules::Offset TimeZoneRules::slowOffsetAt(qint64 instant) const
 {
-    int32_t standard = 0;
-    int32_t saving = 0;
-    UErrorCode status = U_ZERO_ERROR;
-    _zone->getOffset(double(instant), false, standard, saving, status);
-    return standard + saving;
+    const QDateTime date = dateOf(instant);
+    return {_source.offsetFromUtc(date) * 1000, savingAt(_source, date) * 1000};
 }
 
-int TimeZoneRules::offsetAt(qint64 instant) const
+TimeZoneRules::Offset TimeZoneRules::fullOffsetAt(qint64 instant) const
 {
     const Season &season = seasonAt(instant);
     for (size_t index = season.count; index > 0; --index) {
@@ -136,17 +142,18 @@ qint64 TimeZoneRules::instantOf(qint64 localTime) const
 qint64 TimeZoneRules::instantOf(qint64 localTime, const Season &season)
 {
     size_t index = season.count - 1;
-    while (index > 0 && localTime - season.stretches[index].offset < season.stretches[index].from)
+    const auto instantIn = [&] { return localTime - season.stretches[index].offset.total; };
+    while (index > 0 && instantIn() < season.stretches[index].from)
         --index;
-    return localTime - season.stretches[index].offset;
+    return instantIn();
 }
 
+/// Beside more changes than a season holds, or where there is none: the offset of the day after
+/// unless it was not yet that of the time, else the one of the day before.
 qint64 TimeZoneRules::slowInstantOf(qint64 localTime) const
 {
-    int32_t standard = 0;
-    int32_t saving = 0;
-    UErrorCode status = U_ZERO_ERROR;
-    _zone->getOffsetFromLocal(double(localTime), UCAL_TZ_LOCAL_FORMER, UCAL_TZ_LOCAL_LATTER,
-                              standard, saving, status);
-    return localTime - standard - saving;
+    const qint64 later = localTime - slowOffsetAt(localTime + Margin).total;
+    if (slowOffsetAt(later).total == localTime - later)
+        return later;
+    return localTime - slowOffsetAt(localTime - Margin).total;
 }

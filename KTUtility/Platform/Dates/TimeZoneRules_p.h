@@ -2,7 +2,7 @@
 
 #include <KTUtility/KTUtilityExport.h>
 
-#include <unicode/basictz.h>
+#include <unicode/timezone.h>
 
 #include <QTimeZone>
 
@@ -10,7 +10,7 @@
 #include <memory>
 
 namespace KTPrivate {
-/// When a time zone is how far from UTC, as ICU's data say, remembered.
+/// When a time zone is how far from UTC, as the system's data say, remembered.
 ///
 /// Zones are made once per process and never go away; there are only so many. Every thread keeps
 /// the offsets of the seasons that it met last, so that an offset costs a few nanoseconds. All
@@ -21,11 +21,20 @@ public:
     /// The rules of \a zone; those of NSCalendar::systemTimeZone() if it is invalid.
     static const TimeZoneRules &rulesOf(const QTimeZone &zone);
 
+    /// How far a zone is from UTC, and how much of that is daylight saving time, in milliseconds.
+    struct Offset
+    {
+        int total = 0;
+        int saving = 0;
+    };
+
+    /// The same rules for ICU.
     const icu::TimeZone &zone() const { return *_zone; }
 
     /// The time that a clock in the zone shows at \a instant, as if it were UTC.
     qint64 localTimeOf(qint64 instant) const { return instant + offsetAt(instant); }
-    int offsetAt(qint64 instant) const;
+    int offsetAt(qint64 instant) const { return fullOffsetAt(instant).total; }
+    Offset fullOffsetAt(qint64 instant) const;
 
     /// The instant at which a clock in the zone shows \a localTime. A time that exists twice is the
     /// later, one that is skipped is read with the offset before the change (2:30 is 3:30 in
@@ -40,7 +49,7 @@ private:
     struct Stretch
     {
         qint64 from = 0;
-        int offset = 0;
+        Offset offset;
     };
 
     /// The stretches of about three months and two days on both sides.
@@ -54,10 +63,11 @@ private:
 
     const Season &seasonAt(qint64 time) const;
     void fill(Season *season) const;
-    int slowOffsetAt(qint64 instant) const;
+    Offset slowOffsetAt(qint64 instant) const;
     qint64 slowInstantOf(qint64 localTime) const;
     static qint64 instantOf(qint64 localTime, const Season &season);
 
-    std::unique_ptr<icu::BasicTimeZone> _zone;
+    QTimeZone _source;
+    std::unique_ptr<icu::TimeZone> _zone;
 };
 } // namespace KTPrivate
