@@ -1,14 +1,24 @@
 // Every input that a fuzzer has found worth keeping, once more.
 
 #include "FuzzTarget.h"
+#include "InputPack.h"
+
+#include "InputNote.h"
 
 #include "support/TestSupport.h"
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 class Corpus : public testing::TestWithParam<const char *>
 {
+protected:
+    static QString path()
+    {
+        return QStringLiteral(FUZZ_CORPORA) + u"/%1.pack"_s.arg(QLatin1String(GetParam()));
+    }
 };
 
 std::vector<const char *> targetNames()
@@ -18,23 +28,68 @@ std::vector<const char *> targetNames()
         names.push_back(target.name);
     return names;
 }
+
+void run(const FuzzTarget &target, const QByteArray &bytes)
+{
+    FuzzInput input(
+        std::span(reinterpret_cast<const uint8_t *>(bytes.constData()), size_t(bytes.size())));
+    target.run(input);
+}
 } // namespace
 
 TEST_P(Corpus, IsReadWithoutHarm)
 {
     const FuzzTarget *const target = fuzzTargetNamed(GetParam());
     ASSERT_NE(target, nullptr);
-    const QDir folder(QStringLiteral(FUZZ_CORPORA) + u'/' + QString::fromLatin1(GetParam()));
-    const QStringList names = folder.entryList(QDir::Files);
-    EXPECT_GE(names.size(), 20);
-    for (const QString &name : names) {
-        SCOPED_TRACE(name.toStdString());
-        const QByteArray bytes = testing_support::contentsOf(folder.filePath(name));
-        FuzzInput input(
-            std::span(reinterpret_cast<const uint8_t *>(bytes.constData()), size_t(bytes.size())));
-        EXPECT_NO_THROW(target->run(input));
+    QString reason;
+    const std::optional<InputPack> pack = InputPack::fromFile(path(), &reason);
+    ASSERT_TRUE(pack) << reason.toStdString();
+    EXPECT_GE(pack->inputs().size(), 20);
+    for (qsizetype index = 0; index < pack->inputs().size(); ++index) {
+        const QByteArray &bytes = pack->inputs().at(index);
+        SCOPED_TRACE(testing::Message() << "input " << index << " of " << bytes.size() << " bytes");
+        const InputNote note(index, bytes.size());
+        EXPECT_NO_THROW(run(*target, bytes));
     }
+}
+
+TEST_P(Corpus, IsPackedAsItWouldBeAgain)
+{
+    const std::optional<InputPack> pack = InputPack::fromFile(path());
+    ASSERT_TRUE(pack);
+    EXPECT_EQ(pack->bytes(), testing_support::contentsOf(path()));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Corpus, testing::ValuesIn(targetNames()),
                          [](const auto &target) { return std::string(target.param); });
+
+TEST(Corpora, AreOfTargetsOnly)
+{
+    QStringList expected;
+    for (const char *name : targetNames())
+        expected.append(QLatin1String(name) + u".pack"_s);
+    EXPECT_EQ(QDir(QStringLiteral(FUZZ_CORPORA)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+              expected);
+}
+
+TEST(InputNote, SaysAtWhichInputAPromiseWasBroken)
+{
+    EXPECT_DEATH(
+        {
+            const InputNote note(3, 17);
+            fuzzFailed("2 + 2 == 5", "file", 1);
+        },
+        "broken: 2 \\+ 2 == 5\ninput 3 of 17 bytes");
+}
+
+TEST(InputNote, IsSilentOnceTheInputIsThrough)
+{
+    EXPECT_DEATH(
+        {
+            {
+                const InputNote note(3, 17);
+            }
+            fuzzFailed("2 + 2 == 5", "file", 1);
+        },
+        "broken: 2 \\+ 2 == 5\n$");
+}
