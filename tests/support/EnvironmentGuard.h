@@ -21,8 +21,9 @@ public:
             set(_wasSet, _before);
     }
     EnvironmentGuard(EnvironmentGuard &&other) noexcept
-        : _name(std::exchange(other._name, QByteArray())), _wasSet(other._wasSet),
-          _before(other._before)
+        : _name(std::exchange(other._name, QByteArray()))
+        , _wasSet(other._wasSet)
+        , _before(other._before)
     {
     }
     EnvironmentGuard &operator=(EnvironmentGuard &&) = delete;

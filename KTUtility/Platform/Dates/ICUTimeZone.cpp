@@ -9,6 +9,8 @@
 
 #include <QDateTime>
 
+#include <algorithm>
+
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
@@ -32,6 +34,16 @@ QDateTime dateOf(UDate time)
 icu::InitialTimeZoneRule *ruleOf(const TimeZoneRules::Offset &offset, const icu::UnicodeString &id)
 {
     return new icu::InitialTimeZoneRule(id, offset.total - offset.saving, offset.saving);
+}
+
+/// What leads from a local time to the instant that it means. In the gap of a change, that is the
+/// offset from before, which holds no more at the instant.
+TimeZoneRules::Offset offsetAtLocalTime(const TimeZoneRules &rules, qint64 localTime)
+{
+    const qint64 instant = rules.instantOf(localTime);
+    const TimeZoneRules::Offset after = rules.fullOffsetAt(instant);
+    const int total = int(localTime - instant);
+    return {total, std::max(after.saving + total - after.total, 0)};
 }
 
 qint64 now()
@@ -74,9 +86,8 @@ void ICUTimeZone::getOffset(UDate date, UBool isLocal, int32_t &standard, int32_
 {
     if (U_FAILURE(status))
         return;
-    const auto time = qint64(date);
     const TimeZoneRules::Offset offset =
-        _rules->fullOffsetAt(isLocal ? _rules->instantOf(time) : time);
+        isLocal ? offsetAtLocalTime(*_rules, qint64(date)) : _rules->fullOffsetAt(qint64(date));
     standard = offset.total - offset.saving;
     saving = offset.saving;
 }

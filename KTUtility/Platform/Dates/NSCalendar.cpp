@@ -2,7 +2,9 @@
 
 #include "CalendarEngine_p.h"
 #include "DateFields_p.h"
+#include "SystemTimeZone_p.h"
 
+#include <QElapsedTimer>
 #include <QMutex>
 #include <QMutexLocker>
 
@@ -34,13 +36,27 @@ constexpr std::array<Component, 10> Components{{
     {NSSecondCalendarUnit, &NSDateComponents::second, UCAL_SECOND},
 }};
 
-/// The machine's zone, and the environment that it came from.
+/// The machine's zone, and what it came from.
 struct SystemZone
 {
     QMutex mutex;
     QByteArray variable;
+    QByteArray fingerprint;
+    QElapsedTimer sinceLook;
     QTimeZone zone;
 };
+constexpr qint64 MillisecondsBetweenLooks = 60'000;
+
+/// Whether a zone is still that of the machine, which is looked at once a minute.
+bool isStillCurrent(SystemZone &known, const QByteArray &variable)
+{
+    if (!known.zone.isValid() || known.variable != variable)
+        return false;
+    if (!known.sinceLook.hasExpired(MillisecondsBetweenLooks))
+        return true;
+    known.sinceLook.start();
+    return known.fingerprint == SystemTimeZone::fingerprint();
+}
 
 SystemZone &systemZone()
 {
@@ -68,13 +84,13 @@ void setStartOfEverything(icu::Calendar *calendar, UErrorCode *status)
 } // namespace
 
 NSCalendar::NSCalendar(const QString &identifier)
-    : NSCalendar(identifier, NSLocale::currentLocale())
+    : NSCalendar(identifier, NSLocale::currentLocale(NSLocale::Category::Dates))
 {
 }
 
 NSCalendar NSCalendar::currentCalendar()
 {
-    return calendarOfLocale(NSLocale::currentLocale());
+    return calendarOfLocale(NSLocale::currentLocale(NSLocale::Category::Dates));
 }
 
 NSCalendar NSCalendar::calendarOfLocale(const NSLocale &locale)
@@ -87,12 +103,12 @@ QTimeZone NSCalendar::systemTimeZone()
     SystemZone &known = systemZone();
     const QByteArray variable = qgetenv("TZ");
     const QMutexLocker lock(&known.mutex);
-    if (known.zone.isValid() && known.variable == variable)
+    if (isStillCurrent(known, variable))
         return known.zone;
     known.variable = variable;
-    known.zone = QTimeZone::systemTimeZone();
-    if (!known.zone.isValid())
-        known.zone = QTimeZone::utc();
+    known.fingerprint = SystemTimeZone::fingerprint();
+    known.sinceLook.start();
+    known.zone = SystemTimeZone::zoneOf(variable);
     return known.zone;
 }
 

@@ -80,12 +80,13 @@ public:
     /// Gregorian calendar does.
     explicit NSCalendar(const QString &identifier);
 
-    /// The calendar of the user's locale (NSLocale::currentLocale()).
+    /// The calendar of the user's locale for dates (NSLocale::currentLocale()).
     static NSCalendar currentCalendar();
     /// The calendar that \a locale uses, with that locale.
     static NSCalendar calendarOfLocale(const NSLocale &locale);
 
-    /// The zone of the machine. It is looked up once, and again when the variable TZ changes.
+    /// The zone of the machine, whatever form the variable TZ gives it (tzset(3)). It is looked up
+    /// again when that variable changes, and within a minute when the machine is given another one.
     static QTimeZone systemTimeZone();
     /// Looks the zone of the machine up again at its next use.
     static void resetSystemTimeZone();

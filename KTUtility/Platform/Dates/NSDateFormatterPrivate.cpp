@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 const NSLocale &NSDateFormatter::Private::knownLocale() const
 {
     if (!locale)
-        locale = NSLocale::currentLocale();
+        locale = NSLocale::currentLocale(NSLocale::Category::Dates);
     return *locale;
 }
 

@@ -20,5 +20,6 @@ target_sources(KTUtility PRIVATE
     Platform/Dates/NaturalLanguageTable.cpp
     Platform/Dates/NaturalLanguageWords.cpp
     Platform/Dates/September.cpp
+    Platform/Dates/SystemTimeZone.cpp
     Platform/Dates/TimeZoneRules.cpp
 )

@@ -38,6 +38,13 @@ bool isPrivateFolder(const QString &path)
            S_ISDIR(status.st_mode) && status.st_uid == ::geteuid() && (status.st_mode & 0077) == 0;
 }
 
+/// Where the system has temporary files; Qt names none where TMPDIR names none.
+QString sharedTemporaryFolder()
+{
+    const QString path = QDir::tempPath();
+    return path.isEmpty() || path == u"/" ? u"/tmp"_s : path;
+}
+
 /// A new folder of the user's own in one that others may write; nobody can guess its name. Where
 /// none can be made, a path at which nobody can make anything.
 QString newPrivateFolder(const QString &parent)
@@ -66,7 +73,7 @@ QString NSTemporaryDirectory()
     static QMutex mutex;
     static QString folder;
     const QMutexLocker lock(&mutex);
-    const QString shared = QDir::tempPath();
+    const QString shared = sharedTemporaryFolder();
     if (isPrivateFolder(shared))
         return shared;
     // Once per process and place, as long as nobody takes it away.

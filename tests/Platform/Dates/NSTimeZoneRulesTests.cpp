@@ -1,36 +1,17 @@
 #include <KTUtility/Platform/Dates/TimeZoneRules_p.h>
 
+#include "support/LibcZone.h"
 #include "support/TestSupport.h"
 
 #include <random>
 
 using namespace KTPrivate;
+using namespace testing_support;
 
 namespace {
 const TimeZoneRules &rulesOf(const char *zone)
 {
     return TimeZoneRules::rulesOf(QTimeZone(zone));
-}
-
-/// ICU's own answer.
-int offsetByICU(const TimeZoneRules &rules, qint64 instant)
-{
-    int32_t standard = 0;
-    int32_t saving = 0;
-    UErrorCode status = U_ZERO_ERROR;
-    rules.zone().getOffset(double(instant), false, standard, saving, status);
-    return standard + saving;
-}
-
-qint64 instantByICU(const TimeZoneRules &rules, qint64 localTime)
-{
-    int32_t standard = 0;
-    int32_t saving = 0;
-    UErrorCode status = U_ZERO_ERROR;
-    const auto &zone = dynamic_cast<const icu::BasicTimeZone &>(rules.zone());
-    zone.getOffsetFromLocal(double(localTime), UCAL_TZ_LOCAL_FORMER, UCAL_TZ_LOCAL_LATTER, standard,
-                            saving, status);
-    return localTime - standard - saving;
 }
 
 constexpr qint64 Second = 1000;
@@ -41,33 +22,52 @@ class NSTimeZoneRulesOf : public testing::TestWithParam<const char *>
 };
 } // namespace
 
-TEST_P(NSTimeZoneRulesOf, HasTheOffsetsOfICU)
+TEST_P(NSTimeZoneRulesOf, HasTheOffsetsOfTheCLibrary)
 {
+    const LibcZone libc(GetParam());
     const TimeZoneRules &rules = rulesOf(GetParam());
     std::mt19937 random(7);
-    std::uniform_int_distribution<qint64> seconds(-13'000'000'000, 20'000'000'000);
+    std::uniform_int_distribution<qint64> seconds(-2'000'000'000, 2'140'000'000);
     for (int count = 0; count < 5000; ++count) {
-        const qint64 time = seconds(random) / (count % 4 + 1) * Second;
-        ASSERT_EQ(rules.offsetAt(time), offsetByICU(rules, time)) << time;
-        ASSERT_EQ(rules.instantOf(time), instantByICU(rules, time)) << time;
-        ASSERT_EQ(rules.localTimeOf(time) - time, rules.offsetAt(time));
+        const qint64 time = seconds(random) / (count % 4 + 1);
+        ASSERT_EQ(rules.offsetAt(time * Second), LibcZone::offsetAt(time) * Second) << time;
+        ASSERT_EQ(rules.localTimeOf(time * Second), (time + LibcZone::offsetAt(time)) * Second);
     }
 }
 
-TEST_P(NSTimeZoneRulesOf, AgreesWithICUAroundChanges)
+TEST_P(NSTimeZoneRulesOf, ReadsLocalTimesAroundEachChange)
 {
-    const TimeZoneRules &rules = rulesOf(GetParam());
-    const auto &zone = dynamic_cast<const icu::BasicTimeZone &>(rules.zone());
-    icu::TimeZoneTransition change;
-    qint64 time = -4'000'000'000 * Second;
-    for (int count = 0; count < 300 && zone.getNextTransition(double(time), false, change);
-         ++count) {
-        time = qint64(change.getTime());
+    const QTimeZone zone(GetParam());
+    const TimeZoneRules &rules = TimeZoneRules::rulesOf(zone);
+    const QDateTime start(QDate(1900, 1, 1), QTime(0, 0), QTimeZone::utc());
+    for (const auto &change : zone.transitions(start, start.addYears(140))) {
+        const qint64 time = change.atUtc.toMSecsSinceEpoch();
         for (qint64 distance = -30 * Hour; distance <= 30 * Hour; distance += Hour / 2) {
             for (const qint64 near : {time + distance - 1, time + distance}) {
-                ASSERT_EQ(rules.offsetAt(near), offsetByICU(rules, near)) << near;
-                ASSERT_EQ(rules.instantOf(near), instantByICU(rules, near)) << near;
+                const qint64 local = rules.localTimeOf(near);
+                const qint64 read = rules.instantOf(local);
+                // The clock shows that time then, and does not show it again.
+                ASSERT_EQ(rules.localTimeOf(read), local) << near;
+                ASSERT_GE(read, near);
             }
+        }
+    }
+}
+
+TEST_P(NSTimeZoneRulesOf, AreTheSameForICU)
+{
+    const TimeZoneRules &rules = rulesOf(GetParam());
+    for (qint64 time = -2'000'000'000; time < 3'000'000'000; time += 1'234'567) {
+        for (const bool isLocal : {false, true}) {
+            int32_t standard = 0;
+            int32_t saving = 0;
+            UErrorCode status = U_ZERO_ERROR;
+            rules.zone().getOffset(double(time * Second), isLocal, standard, saving, status);
+            const qint64 instant = isLocal ? rules.instantOf(time * Second) : time * Second;
+            ASSERT_EQ(standard + saving,
+                      isLocal ? time * Second - instant : rules.offsetAt(instant))
+                << time;
+            ASSERT_GE(saving, 0);
         }
     }
 }

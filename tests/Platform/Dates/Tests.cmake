@@ -15,4 +15,5 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Dates/NSNaturalLanguageReaderTests.cpp
     Platform/Dates/NSSeptemberTests.cpp
     Platform/Dates/NSTimeZoneRulesTests.cpp
+    Platform/Dates/SystemTimeZoneTests.cpp
 )

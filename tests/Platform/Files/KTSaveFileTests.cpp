@@ -28,7 +28,8 @@ bool save(const QString &path, const QByteArray &bytes)
 /// All names in a folder, hidden ones too.
 QStringList namesIn(const QTemporaryDir &folder)
 {
-    return QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    return QDir(folder.path())
+        .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
 }
 } // namespace
 

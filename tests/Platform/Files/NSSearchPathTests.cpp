@@ -114,8 +114,10 @@ TEST(NSSearchPath, TemporaryFilesGoIntoAFolderOfTheUsersOwn)
     EXPECT_FALSE(QFileInfo(other).isSymLink());
 }
 
-TEST(NSSearchPath, WithoutAnyPlaceForTemporaryFilesNothingIsWrittenElsewhere)
+TEST(NSSearchPath, TemporaryFilesGoWhereTheSystemHasThemWithoutTheirFolder)
 {
     const EnvironmentGuard guard("TMPDIR", "/nowhere/at/all");
-    EXPECT_FALSE(QDir().mkpath(NSTemporaryDirectory()));
+    const QString folder = NSTemporaryDirectory();
+    EXPECT_EQ(QFileInfo(folder).path(), u"/tmp"_s);
+    EXPECT_TRUE(QDir().rmdir(folder));
 }

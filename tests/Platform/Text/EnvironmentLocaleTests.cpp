@@ -14,6 +14,18 @@ namespace {
 constexpr std::array Variables{"LC_ALL", "LC_NUMERIC",  "LC_MONETARY", "LC_TIME",
                                "LANG",   "LC_MESSAGES", "LANGUAGE"};
 
+/// Qt's default locale, as the application sets it, until the object goes.
+class DefaultLocale
+{
+public:
+    explicit DefaultLocale(const QLocale &locale) { QLocale::setDefault(locale); }
+    ~DefaultLocale() { QLocale::setDefault(_before); }
+    DefaultLocale(DefaultLocale &&) = delete;
+
+private:
+    QLocale _before;
+};
+
 /// What the environment names, and nothing else of it.
 using Named = QMap<QByteArray, QByteArray>;
 
@@ -69,6 +81,7 @@ TEST(EnvironmentLocale, ReadsNamesOfTheSystem)
 
 TEST(EnvironmentLocale, EachCategoryFollowsItsVariable)
 {
+    const DefaultLocale unchanged(QLocale::system());
     struct Row
     {
         Named named;
@@ -108,13 +121,14 @@ TEST(EnvironmentLocale, EachCategoryFollowsItsVariable)
 TEST(EnvironmentLocale, WhatTheApplicationChoseComesFirst)
 {
     const Named german{{"LC_ALL", "de_DE.UTF-8"}};
-    NSLocale::setCurrentLocale(NSLocale(u"fr_CH"_s));
-    EXPECT_EQ(identifiersWith(german), QStringList(4, u"fr_CH"_s));
-    NSLocale::resetCurrentLocale();
-
-    const QLocale before;
-    QLocale::setDefault(QLocale(u"ja_JP"_s));
-    EXPECT_EQ(identifiersWith(german), QStringList(4, u"ja_JP"_s));
-    QLocale::setDefault(before);
+    const DefaultLocale unchanged(QLocale::system());
+    EXPECT_EQ(identifiersWith(german), QStringList(4, u"de_DE"_s));
+    {
+        const DefaultLocale japanese(QLocale(u"ja_JP"_s));
+        EXPECT_EQ(identifiersWith(german), QStringList(4, u"ja_JP"_s));
+        NSLocale::setCurrentLocale(NSLocale(u"fr_CH"_s));
+        EXPECT_EQ(identifiersWith(german), QStringList(4, u"fr_CH"_s));
+        NSLocale::resetCurrentLocale();
+    }
     EXPECT_EQ(identifiersWith(german), QStringList(4, u"de_DE"_s));
 }

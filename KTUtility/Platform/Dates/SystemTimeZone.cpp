@@ -1,0 +1,95 @@
+#include "SystemTimeZone_p.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+#include <array>
+#include <sys/stat.h>
+
+using namespace KTPrivate;
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr char MachineZone[] = "/etc/localtime";
+constexpr char ZoneFolder[] = "/usr/share/zoneinfo/";
+/// No file of a zone is nearly as long.
+constexpr qint64 LongestFile = 1'000'000;
+
+/// The rule of the days to come, which a zone's file ends with: a line of its own.
+QByteArray ruleOfFile(const QString &path)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray bytes = file.read(LongestFile);
+    const qsizetype end = bytes.lastIndexOf('\n');
+    const qsizetype start = end > 0 ? bytes.lastIndexOf('\n', end - 1) : -1;
+    return bytes.startsWith("TZif") && start > 0 ? bytes.mid(start + 1, end - start - 1)
+                                                 : QByteArray();
+}
+
+/// A zone's file: the zone of its name if it lies among the system's, else its rule.
+QTimeZone zoneOfFile(const QString &path)
+{
+    const QString folder = QString::fromLatin1(ZoneFolder);
+    for (const QString &file : {path, QFileInfo(path).canonicalFilePath()}) {
+        if (!file.startsWith(folder))
+            continue;
+        if (const QTimeZone zone(file.mid(folder.size()).toLatin1()); zone.isValid())
+            return zone;
+    }
+    return QTimeZone(ruleOfFile(path));
+}
+
+/// A rule that says that there is summer time, and not when.
+QTimeZone zoneOfRuleWithoutDates(const QByteArray &rule)
+{
+    return QTimeZone(rule + ",M3.2.0,M11.1.0");
+}
+
+/// "UTC+3" and "GMT+3", which mean 3 hours west of Greenwich here and east of it for Qt.
+QTimeZone zoneOfOffset(const QByteArray &name)
+{
+    static const QRegularExpression form(
+        u"^(?:UTC|GMT)([+-]?)(\\d{1,2})(?::(\\d{2}))?(?::(\\d{2}))?$"_s);
+    const QRegularExpressionMatch match = form.match(QString::fromLatin1(name));
+    if (!match.hasMatch())
+        return {};
+    const int seconds = match.capturedView(2).toInt() * 3600 + match.capturedView(3).toInt() * 60 +
+                        match.capturedView(4).toInt();
+    return QTimeZone(match.capturedView(1) == u"-" ? seconds : -seconds);
+}
+
+QTimeZone zoneUnknownToQt(const QByteArray &name)
+{
+    if (name.isEmpty())
+        return zoneOfFile(QString::fromLatin1(MachineZone));
+    return name.startsWith('/') ? zoneOfFile(QFile::decodeName(name))
+                                : zoneOfRuleWithoutDates(name);
+}
+} // namespace
+
+QTimeZone SystemTimeZone::zoneOf(const QByteArray &variable)
+{
+    const QByteArray name = variable.startsWith(':') ? variable.mid(1) : variable;
+    if (const QTimeZone zone = zoneOfOffset(name); zone.isValid())
+        return zone;
+    if (const QTimeZone zone = QTimeZone::systemTimeZone(); zone.isValid())
+        return zone;
+    const QTimeZone zone = zoneUnknownToQt(name);
+    return zone.isValid() ? zone : QTimeZone::utc();
+}
+
+QByteArray SystemTimeZone::fingerprint()
+{
+    struct stat status = {};
+    if (::lstat(MachineZone, &status) != 0)
+        return {};
+    std::array<char, 256> target{};
+    const ssize_t size = ::readlink(MachineZone, target.data(), target.size());
+    return QByteArray(target.data(), std::max<ssize_t>(size, 0)) + ' ' +
+           QByteArray::number(qint64(status.st_ino)) + ' ' +
+           QByteArray::number(qint64(status.st_mtim.tv_sec)) + ' ' +
+           QByteArray::number(qint64(status.st_size));
+}
