@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QStringView>
+// Private to the library. For readers of machine-made texts: what they ask of ASCII characters.
 
-// Characters of ASCII, asked for one by one and of a whole text.
+#include <QStringView>
 
 namespace KTPrivate::ASCII {
 inline constexpr bool isLetter(char16_t unit)

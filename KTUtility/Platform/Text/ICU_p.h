@@ -1,5 +1,7 @@
 #pragma once
 
+// Private to the library. For whatever calls ICU: texts and locales on their way there and back.
+
 #include "NSLocale.h"
 
 #include <unicode/locid.h>
@@ -7,8 +9,6 @@
 
 #include <QString>
 #include <QStringView>
-
-// Texts and locales on their way to ICU and back.
 
 namespace KTPrivate::ICU {
 /// A text as ICU sees it, without a copy; \a text has to outlive it.

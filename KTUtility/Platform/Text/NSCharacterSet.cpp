@@ -148,3 +148,25 @@ NSCharacterSet NSCharacterSet::unionWithCharacterSet(const NSCharacterSet &other
         return set.characterIsMember(character) || other.characterIsMember(character);
     });
 }
+
+qsizetype NSSkipCharacters(QStringView text, qsizetype index, const NSCharacterSet &set)
+{
+    while (index < text.size()) {
+        const NSCodePoint point = NSCodePointAt(text, index);
+        if (!set.characterIsMember(point.character))
+            break;
+        index += point.length;
+    }
+    return index;
+}
+
+qsizetype NSFindCharacter(QStringView text, qsizetype index, const NSCharacterSet &set)
+{
+    while (index < text.size()) {
+        const NSCodePoint point = NSCodePointAt(text, index);
+        if (set.characterIsMember(point.character))
+            break;
+        index += point.length;
+    }
+    return index;
+}

@@ -104,3 +104,10 @@ inline NSCodePoint NSCodePointBefore(QStringView text, qsizetype index)
         return {QChar::surrogateToUcs4(text[index - 2].unicode(), unit), 2};
     return {unit, 1};
 }
+
+/// The first index at or after \a index whose code point is not in \a set; the size at the end.
+KTUTILITY_EXPORT qsizetype NSSkipCharacters(QStringView text, qsizetype index,
+                                            const NSCharacterSet &set);
+/// The first index at or after \a index whose code point is in \a set; the size if there is none.
+KTUTILITY_EXPORT qsizetype NSFindCharacter(QStringView text, qsizetype index,
+                                           const NSCharacterSet &set);

@@ -1,7 +1,5 @@
 #include "NSStringTrim.h"
 
-#include <KTUtility/Platform/Values/NSScanner.h>
-
 QString NSString::stringByTrimmingCharactersInSet(const QString &text, const NSCharacterSet &set)
 {
     const qsizetype start = NSSkipCharacters(text, 0, set);

@@ -1,5 +1,7 @@
 #pragma once
 
+// Private to the library. For what copies runs of a few units: buffers, log lines.
+
 #include <cstddef>
 #include <cstring>
 

@@ -1,5 +1,7 @@
 #pragma once
 
+// Private to the library. For numbers and dates, whose ICU objects are kept for each thread.
+
 #include <QHash>
 
 #include <memory>

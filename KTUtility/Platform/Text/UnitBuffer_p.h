@@ -1,5 +1,7 @@
 #pragma once
 
+// Private to the library. For formats and log lines, which put texts together from short pieces.
+
 #include "ShortCopy_p.h"
 
 #include <QLatin1String>

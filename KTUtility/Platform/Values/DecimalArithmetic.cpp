@@ -1,4 +1,4 @@
-#include "DecimalParts_p.h"
+#include "DecimalArithmetic_p.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "NSDecimalNumber.h"
 
-#include "DecimalParts_p.h"
+#include "DecimalArithmetic_p.h"
 #include "NSObject.h"
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 #include <KTUtility/Platform/Text/NSLocale.h>

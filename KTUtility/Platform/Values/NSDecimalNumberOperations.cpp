@@ -1,6 +1,6 @@
 #include "NSDecimalNumber.h"
 
-#include "DecimalParts_p.h"
+#include "DecimalArithmetic_p.h"
 #include "NSException.h"
 
 #include <algorithm>

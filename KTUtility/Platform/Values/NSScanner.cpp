@@ -7,28 +7,6 @@
 #include <algorithm>
 #include <limits>
 
-qsizetype NSSkipCharacters(QStringView text, qsizetype index, const NSCharacterSet &set)
-{
-    while (index < text.size()) {
-        const NSCodePoint point = NSCodePointAt(text, index);
-        if (!set.characterIsMember(point.character))
-            break;
-        index += point.length;
-    }
-    return index;
-}
-
-qsizetype NSFindCharacter(QStringView text, qsizetype index, const NSCharacterSet &set)
-{
-    while (index < text.size()) {
-        const NSCodePoint point = NSCodePointAt(text, index);
-        if (set.characterIsMember(point.character))
-            break;
-        index += point.length;
-    }
-    return index;
-}
-
 namespace {
 /// The value of a digit in \a base, or -1.
 int digitValue(QStringView text, qsizetype index, int base)

@@ -5,19 +5,12 @@
 
 #include <QString>
 
-/// The first index at or after \a index whose code point is not in \a set; the size at the end.
-KTUTILITY_EXPORT qsizetype NSSkipCharacters(QStringView text, qsizetype index,
-                                            const NSCharacterSet &set);
-/// The first index at or after \a index whose code point is in \a set; the size if there is none.
-KTUTILITY_EXPORT qsizetype NSFindCharacter(QStringView text, qsizetype index,
-                                           const NSCharacterSet &set);
-
 /// Reads a text from left to right, a piece a call.
 ///
-/// Every call first skips the characters of charactersToBeSkipped() (blanks and newlines unless
-/// set otherwise); a call that finds nothing returns false and leaves the location where it was
-/// before the skip. Results are written only on success, and each may be null. Locations count
-/// UTF-16 units. Linear in the length of the text.
+/// Every call first skips blanks and newlines, or what setCharactersToBeSkipped() says instead; a
+/// call that finds nothing returns false and leaves the location where it was before the skip.
+/// Results are written only on success, and each may be null. Locations count UTF-16 units. Linear
+/// in the length of the text.
 ///
 /// \code
 /// NSScanner scanner(u"  width: 12.5 mm");
@@ -42,8 +35,7 @@ public:
     /// \throws NSException NSRangeException beyond it.
     void setScanLocation(qsizetype location);
 
-    const NSCharacterSet &charactersToBeSkipped() const { return _skipped; }
-    /// The empty set switches the skipping off.
+    /// Blanks and newlines unless set; the empty set switches the skipping off.
     void setCharactersToBeSkipped(const NSCharacterSet &set);
 
     bool caseSensitive() const { return _caseSensitive; }
