@@ -1,6 +1,7 @@
 #include "KTStagedFile_p.h"
 
 #include <KTUtility/Platform/Files/FileOperations_p.h>
+#include <KTUtility/Platform/Files/FileRename_p.h>
 #include <KTUtility/Platform/Files/NSFileHandle.h>
 #include <KTUtility/Platform/Files/NSFileManager.h>
 #include <KTUtility/Platform/Files/NSPathUtilities.h>

@@ -1,13 +1,15 @@
 #pragma once
 
-#include <QString>
-#include <QVariantMap>
+// Private to the library. For the defaults, and for what keeps defaults of its own: the files of
+// persistent domains.
 
 #include "PropertyListFile_p.h"
 
+#include <QString>
+#include <QVariantMap>
+
 #include <functional>
 
-// Private to NSUserDefaults: the file of a persistent domain.
 namespace KTPrivate::DefaultsFile {
 /// The folder of the files; nil if the user has no Library folder.
 QString folder();

@@ -1,9 +1,9 @@
+#include "FileCopy_p.h"
+
 #include "FileOperations_p.h"
+#include "FileRemoval_p.h"
 #include "FolderStream_p.h"
 #include "NSFileHandle.h"
-#include "NSFileManager.h"
-
-#include <QFile>
 
 #include <array>
 #include <cerrno>
@@ -20,7 +20,7 @@ namespace {
 /// Bits of the mode that a copy takes over; a copy never runs with its owner's rights.
 constexpr mode_t KeptMode = 0777;
 
-bool copyItem(const QByteArray &source, const QByteArray &target, const struct stat &status);
+bool copyKnownItem(const QByteArray &source, const QByteArray &target, const struct stat &status);
 
 bool copyThroughBuffer(int from, NSFileHandle &to)
 {
@@ -84,7 +84,8 @@ bool copyEntry(const QByteArray &source, const QByteArray &target)
     struct stat status = {};
     if (::lstat(source.constData(), &status) != 0)
         return false;
-    return S_ISLNK(status.st_mode) ? copyLink(source, target) : copyItem(source, target, status);
+    return S_ISLNK(status.st_mode) ? copyLink(source, target)
+                                   : copyKnownItem(source, target, status);
 }
 
 bool copyEntries(DIR *folder, const QByteArray &source, const QByteArray &target)
@@ -120,11 +121,11 @@ bool copyFolder(const QByteArray &source, const QByteArray &target, const struct
                           ::fchmod(made.fileDescriptor(), status.st_mode & KeptMode) == 0;
     keepTimes(made.fileDescriptor(), status);
     if (!isCopied)
-        NSFileManager::removeItemAtPath(QFile::decodeName(target));
+        removeItem(target);
     return isCopied;
 }
 
-bool copyItem(const QByteArray &source, const QByteArray &target, const struct stat &status)
+bool copyKnownItem(const QByteArray &source, const QByteArray &target, const struct stat &status)
 {
     if (S_ISDIR(status.st_mode))
         return copyFolder(source, target, status);
@@ -143,16 +144,12 @@ bool liesInside(const QByteArray &target, const QByteArray &source)
 }
 } // namespace
 
-bool NSFileManager::copyItemAtPath(const QString &path, const QString &toPath)
+bool KTPrivate::copyItem(const QByteArray &path, const QByteArray &toPath)
 {
-    if (!canBePath(path) || !canBePath(toPath))
-        return false;
-    const QByteArray source = QFile::encodeName(path);
-    const QByteArray target = QFile::encodeName(toPath);
     struct stat status = {};
     struct stat existing = {};
-    if (::stat(source.constData(), &status) != 0 || ::lstat(target.constData(), &existing) == 0 ||
-        (S_ISDIR(status.st_mode) && liesInside(target, source)))
+    if (::stat(path.constData(), &status) != 0 || ::lstat(toPath.constData(), &existing) == 0 ||
+        (S_ISDIR(status.st_mode) && liesInside(toPath, path)))
         return false;
-    return copyItem(source, target, status);
+    return copyKnownItem(path, toPath, status);
 }

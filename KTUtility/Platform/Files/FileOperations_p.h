@@ -1,8 +1,7 @@
 #pragma once
 
-// What the functions on files share.
-
-#include <KTUtility/KTUtilityExport.h>
+// Private to the library. For what calls the system about files: paths it takes, calls that signals
+// interrupt.
 
 #include <QByteArray>
 #include <QString>
@@ -34,12 +33,4 @@ inline int openFile(const QByteArray &path, int flags, mode_t mode = 0)
 {
     return uninterrupted([&] { return ::open(path.constData(), flags | O_CLOEXEC, mode); });
 }
-
-/// Renames a file or folder unless the new name is taken.
-/// \return 0, or the error number: EEXIST if it is taken.
-KTUTILITY_EXPORT int renameWithoutReplacing(const QByteArray &path, const QByteArray &toPath);
-
-/// The same for file systems that cannot rename so: takes the new name with an empty file or folder
-/// first, and replaces that.
-KTUTILITY_EXPORT int renameOverPlaceholder(const QByteArray &path, const QByteArray &toPath);
 } // namespace KTPrivate

@@ -1,5 +1,6 @@
+#include "FileRename_p.h"
+
 #include "FileOperations_p.h"
-#include "NSFileHandle.h"
 
 #include <cerrno>
 #include <cstdio>

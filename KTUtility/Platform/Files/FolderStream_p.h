@@ -1,5 +1,7 @@
 #pragma once
 
+// Private to the library. For what reads folders entry by entry.
+
 #include <dirent.h>
 #include <memory>
 

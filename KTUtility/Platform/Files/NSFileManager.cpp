@@ -1,12 +1,14 @@
 #include "NSFileManager.h"
 
+#include "FileCopy_p.h"
 #include "FileOperations_p.h"
+#include "FileRemoval_p.h"
+#include "FileRename_p.h"
 #include "NSPathUtilities.h"
 
 #include <QDir>
 #include <QFile>
 
-#include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -39,6 +41,12 @@ bool NSFileManager::createDirectoryAtPath(const QString &path, bool withIntermed
     return withIntermediateDirectories ? QDir().mkpath(path) : QDir().mkdir(path);
 }
 
+bool NSFileManager::copyItemAtPath(const QString &path, const QString &toPath)
+{
+    return canBePath(path) && canBePath(toPath) &&
+           copyItem(QFile::encodeName(path), QFile::encodeName(toPath));
+}
+
 bool NSFileManager::moveItemAtPath(const QString &path, const QString &toPath)
 {
     return canBePath(path) && canBePath(toPath) &&
@@ -51,12 +59,5 @@ bool NSFileManager::removeItemAtPath(const QString &path)
         return false;
     // With a "/" at the end, a link would be the folder that it leads to.
     const QString entry = NSString::stringByAppendingPathComponent(path, QString());
-    const std::filesystem::path name = QFile::encodeName(entry).toStdString();
-    std::error_code error;
-    bool wasThere = false;
-    do {
-        const auto count = std::filesystem::remove_all(name, error);
-        wasThere = wasThere || error || count > 0;
-    } while (error == std::errc::interrupted);
-    return !error && wasThere;
+    return removeItem(QFile::encodeName(entry));
 }

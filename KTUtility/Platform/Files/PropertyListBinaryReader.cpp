@@ -2,8 +2,9 @@
 // with the sizes of offsets and references, the number of objects, the root and the table's place.
 // Every number that comes from the file is checked before it is used.
 
+#include "PropertyListBinaryReader_p.h"
+
 #include "NSPropertyListSerialization.h"
-#include "PropertyListReaders_p.h"
 #include <KTUtility/Platform/Values/NSObject.h>
 
 #include <QDateTime>

@@ -1,12 +1,12 @@
 #pragma once
 
+// Private to the library. For settings in files, which must not be taken for empty where nobody knows
+// what they hold.
+
 #include <QString>
 #include <QVariantMap>
 
 namespace KTPrivate {
-// Private to the platform and the logger: reading a file of settings, which must not be taken for
-// empty where nobody knows what it holds.
-
 /// What came of reading a dictionary from a file.
 struct DictionaryReading
 {

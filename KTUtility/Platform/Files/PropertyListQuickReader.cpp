@@ -1,4 +1,4 @@
-#include "PropertyListReaders_p.h"
+#include "PropertyListQuickReader_p.h"
 
 #include <QVariantMap>
 

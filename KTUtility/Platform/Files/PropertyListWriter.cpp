@@ -1,5 +1,7 @@
 // The XML form of property lists, character by character that of the platform.
 
+#include "PropertyListWriter_p.h"
+
 #include "NSPropertyListSerialization.h"
 #include <KTUtility/Platform/Values/NSDecimalNumber.h>
 
@@ -221,13 +223,7 @@ private:
 };
 } // namespace
 
-QByteArray NSPropertyListSerialization::dataWithPropertyList(const QVariant &propertyList,
-                                                             QString *error)
+QByteArray KTPrivate::writeXMLPropertyList(const QVariant &propertyList, QString *error)
 {
     return XMLWriter().write(propertyList, error);
-}
-
-bool NSPropertyListSerialization::isPropertyList(const QVariant &value)
-{
-    return !dataWithPropertyList(value).isNull();
 }

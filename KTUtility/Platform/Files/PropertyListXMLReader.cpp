@@ -1,4 +1,4 @@
-#include "PropertyListReaders_p.h"
+#include "PropertyListXMLReader_p.h"
 
 #include "NSPropertyListSerialization.h"
 

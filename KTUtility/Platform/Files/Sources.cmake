@@ -2,6 +2,7 @@ target_sources(KTUtility PRIVATE
     Platform/Files/NSBundle.cpp
     Platform/Files/DefaultsFile.cpp
     Platform/Files/FileCopy.cpp
+    Platform/Files/FileRemoval.cpp
     Platform/Files/NSFileHandle.cpp
     Platform/Files/NSFileManager.cpp
     Platform/Files/FileRename.cpp
@@ -9,6 +10,7 @@ target_sources(KTUtility PRIVATE
     Platform/Files/Module.cpp
     Platform/Files/NSPathUtilities.cpp
     Platform/Files/PropertyListBinaryReader.cpp
+    Platform/Files/PropertyListFile.cpp
     Platform/Files/PropertyListQuickReader.cpp
     Platform/Files/NSPropertyListSerialization.cpp
     Platform/Files/PropertyListWriter.cpp

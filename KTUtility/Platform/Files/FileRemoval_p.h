@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QByteArray>
+
+namespace KTPrivate {
+/// Removes a file, a link, or a folder with all that it holds, in spite of signals.
+/// \return false if there is nothing, or if something could not be removed.
+bool removeItem(const QByteArray &path);
+} // namespace KTPrivate
