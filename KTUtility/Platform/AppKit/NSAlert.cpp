@@ -88,7 +88,6 @@ NSAlert::~NSAlert() = default;
 
 void NSAlert::setAlertStyle(NSAlertStyle style)
 {
-    _alertStyle = style;
     _box->setIcon(iconFor(style));
 }
 

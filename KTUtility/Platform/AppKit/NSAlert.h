@@ -54,7 +54,6 @@ public:
 
     const QString &messageText() const { return _messageText; }
     const QString &informativeText() const { return _informativeText; }
-    NSAlertStyle alertStyle() const { return _alertStyle; }
     void setAlertStyle(NSAlertStyle style);
     /// Whether there is a check box "Do not show this message again".
     bool showsSuppressionButton() const;
@@ -79,5 +78,4 @@ private:
     QString _messageText;
     QString _informativeText;
     DidEnd _didEnd;
-    NSAlertStyle _alertStyle = NSWarningAlertStyle;
 };

@@ -3,7 +3,6 @@
 #include "SelectionProxy_p.h"
 
 #include <KTUtility/Platform/Keys/NSCollections.h>
-#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
 
 #include <QPointer>
 

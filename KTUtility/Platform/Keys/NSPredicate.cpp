@@ -1,6 +1,5 @@
 #include "NSPredicate.h"
 
-#include "NSKeyValueCoding.h"
 #include "PredicateParser_p.h"
 #include <KTUtility/Platform/Values/NSObject.h>
 
