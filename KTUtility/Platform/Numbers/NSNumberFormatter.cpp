@@ -1,82 +1,19 @@
 #include "NSNumberFormatter.h"
 
-#include "NSNumberFormatter_p.h"
-#include "NumberEngine_p.h"
-#include "NumberText_p.h"
+#include "NSNumberFormatterPrivate_p.h"
+#include "NumberPattern_p.h"
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 
 #include <algorithm>
-#include <cmath>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
+using icu::DecimalFormat;
+using Symbols = icu::DecimalFormatSymbols;
+
 namespace {
-/// A number in decimal digits, for the value that the caller wants.
-struct ReadNumber
-{
-    NSRange range;
-    bool isNumber = false;
-    bool isInteger = false;
-    NSDecimalNumber decimal;
-};
-
-NSDecimalNumber decimalOf(const NumberReader::Result &result)
-{
-    return NSDecimalNumber::decimalNumberWithMantissa(result.coefficient, -result.fractionDigits,
-                                                      result.isNegative);
-}
-
-ReadNumber numberOf(const NumberReader::Result &result, qsizetype textLength)
-{
-    ReadNumber number;
-    number.range = {result.begin, result.end - result.begin};
-    number.isNumber = result.outcome == NumberReader::Number;
-    if (!number.isNumber)
-        return number;
-    number.decimal = decimalOf(result);
-    number.isInteger = !result.hasPoint && result.end == textLength;
-    return number;
-}
-
-ReadNumber numberOf(const NumberReading &reading, NSRange range)
-{
-    ReadNumber number;
-    number.range = range;
-    if (!reading.isNumber)
-        return number;
-    number.decimal = NSDecimalNumber::decimalNumberWithString(QString::fromLatin1(reading.digits));
-    number.isNumber = !number.decimal.isNaN();
-    return number;
-}
-
-ReadNumber readWithICU(const NumberEngine &engine, QStringView text)
-{
-    const NumberText squeezed(text);
-    const NumberReading reading = engine.read(squeezed.squeezed());
-    const qsizetype end = squeezed.endOf(reading.length);
-    ReadNumber number = numberOf(reading, {squeezed.begin(), end - squeezed.begin()});
-    number.isInteger = reading.isInteger && end == text.size();
-    const bool isWhole = number.isNumber && reading.length == squeezed.squeezed().size();
-    if (isWhole || !engine.hasBlankInCurrencySign() || squeezed.isUnchanged(text))
-        return number;
-    // The first try has squeezed out the blank of the sign, too ("$ US").
-    const NumberReading exact = engine.read(text.mid(squeezed.begin()));
-    const bool isBetter = exact.isNumber && exact.length > number.range.length;
-    return isBetter ? numberOf(exact, {squeezed.begin(), exact.length}) : number;
-}
-
-ReadNumber readNumber(const NumberEngine &engine, QStringView text)
-{
-    if (engine.reader()) {
-        const NumberReader::Result result = engine.reader()->read(text);
-        if (result.outcome != NumberReader::Undecided)
-            return numberOf(result, text.size());
-    }
-    return readWithICU(engine, text);
-}
-
 const NSError &noNumberError()
 {
     static const NSError error(NSCocoaErrorDomain, NSFormattingError,
@@ -91,33 +28,9 @@ bool fail(NSError *error)
     return false;
 }
 
-/// The number of another type: an integer where the text was one, a decimal or a double.
-QVariant valueOf(const ReadNumber &number, bool asDecimal)
+QString nilIfEmpty(const QString &text)
 {
-    if (asDecimal)
-        return QVariant::fromValue(number.decimal);
-    if (number.isInteger)
-        return QVariant::fromValue(number.decimal.integerValue());
-    return number.decimal.doubleValue();
-}
-
-bool fitsInteger(const NSDecimalNumber &decimal)
-{
-    return NSDecimalNumber(decimal.integerValue()) == decimal;
-}
-
-bool isNaN(const QVariant &number)
-{
-    const int type = number.metaType().id();
-    if (type == qMetaTypeId<NSDecimalNumber>())
-        return number.value<NSDecimalNumber>().isNaN();
-    return (type == QMetaType::Double || type == QMetaType::Float) && std::isnan(number.toDouble());
-}
-
-bool isInfinite(const QVariant &number)
-{
-    const int type = number.metaType().id();
-    return (type == QMetaType::Double || type == QMetaType::Float) && std::isinf(number.toDouble());
+    return text.isEmpty() ? QString() : text;
 }
 } // namespace
 
@@ -130,82 +43,26 @@ NSNumberFormatter::~NSNumberFormatter() = default;
 
 // --- Numbers to texts
 
-QString NSNumberFormatter::specialString(const QVariant &value) const
-{
-    if (isNaN(value))
-        return _private->settings.notANumberSymbol;
-    if (isInfinite(value))
-        return value.toDouble() > 0 ? _positiveInfinitySymbol : _negativeInfinitySymbol;
-    const bool isZero = !_zeroSymbol.isNull() && NSObject::isEqual(value, 0);
-    return isZero ? _zeroSymbol : QString();
-}
-
 QString NSNumberFormatter::stringForObjectValue(const QVariant &value) const
 {
-    if (!NSObject::isNumber(value))
-        return NSObject::isNil(value) ? _nilSymbol : QString();
-    const NumberEngine &engine = _private->engine();
-    NumberDigits digits;
-    if (_zeroSymbol.isNull() && engine.writer() && digits.take(value) &&
-        digits.pointPosition <= engine.writer()->maximumIntegerDigits)
-        return engine.writer()->write(digits);
-    if (const QString special = specialString(value); !special.isNull())
-        return special;
-    return engine.stringFromNumber(value);
+    return _private->stringOf(value);
 }
 
 std::optional<NSAttributedString>
 NSNumberFormatter::attributedStringForObjectValue(const QVariant &value,
                                                   const QTextCharFormat &attributes) const
 {
-    const bool isNumber = NSObject::isNumber(value);
-    const QString text =
-        isNumber || NSObject::isNil(value) ? stringForObjectValue(value) : notANumberSymbol();
-    QTextCharFormat merged = attributes;
-    const auto order =
-        isNumber && !isNaN(value) ? NSObject::compare(value, 0) : std::weak_ordering::equivalent;
-    if (order < 0 && _textAttributesForNegativeValues)
-        merged.merge(*_textAttributesForNegativeValues);
-    if (order > 0 && _textAttributesForPositiveValues)
-        merged.merge(*_textAttributesForPositiveValues);
-    return NSAttributedString(text, merged);
+    const bool hasText = NSObject::isNumber(value) || NSObject::isNil(value);
+    const QString text = hasText ? stringForObjectValue(value) : notANumberSymbol();
+    return _private->attributedStringOf(value, text, attributes);
 }
 
 // --- Texts to numbers
 
-bool NSNumberFormatter::isWithinBounds(const QVariant &value) const
-{
-    const bool isAbove = NSObject::isNil(_minimum) || NSObject::compare(value, _minimum) >= 0;
-    return isAbove && (NSObject::isNil(_maximum) || NSObject::compare(value, _maximum) <= 0);
-}
-
 bool NSNumberFormatter::getObjectValue(QVariant *value, const QString &forString, NSRange *range,
                                        NSError *error) const
 {
-    const QStringView all(forString);
-    const qsizetype start = range ? std::clamp<qsizetype>(range->location, 0, all.size()) : 0;
-    const qsizetype length =
-        range ? std::clamp<qsizetype>(range->length, 0, all.size() - start) : all.size();
-    const QStringView text = all.mid(start, std::min(length, NumberText::MaximumLength));
-    ReadNumber number;
-    if (!_zeroSymbol.isNull() && text == _zeroSymbol)
-        number = {{0, text.size()}, true, true, {}};
-    else
-        number = _private->read([text](const NumberEngine &engine) {
-            const ReadNumber read = readNumber(engine, text);
-            return std::pair(read.isNumber ? read.range.end() : -1, read);
-        });
-    if (range)
-        *range = {start + number.range.location, number.range.length};
-    if (!number.isNumber || !(_allowsFloats || number.decimal.isInteger()))
-        return fail(error);
-    number.isInteger = number.isInteger && fitsInteger(number.decimal);
-    const QVariant result = valueOf(number, _generatesDecimalNumbers);
-    if (isInfinite(result) || !isWithinBounds(result))
-        return fail(error);
-    if (value)
-        *value = result;
-    return true;
+    return _private->read(value, forString, range) || fail(error);
 }
 
 bool NSNumberFormatter::getObjectValue(QVariant *value, const QString &forString,
@@ -233,4 +90,498 @@ QVariant NSNumberFormatter::numberFromString(const QString &string) const
 {
     QVariant value;
     return getObjectValue(&value, string) ? value : QVariant();
+}
+
+// --- Kind
+
+void NSNumberFormatter::setFormatterBehavior(int behavior)
+{
+    _private->behavior = behavior;
+}
+
+int NSNumberFormatter::numberStyle() const
+{
+    return _private->settings.style;
+}
+
+void NSNumberFormatter::setNumberStyle(int style)
+{
+    _private->set(&NumberSettings::style, style);
+}
+
+const NSLocale &NSNumberFormatter::locale() const
+{
+    return _private->settings.locale;
+}
+
+void NSNumberFormatter::setLocale(const NSLocale &locale)
+{
+    _private->set(&NumberSettings::locale, locale);
+}
+
+bool NSNumberFormatter::isLenient() const
+{
+    return _private->settings.lenient;
+}
+
+void NSNumberFormatter::setLenient(bool lenient)
+{
+    _private->set(&NumberSettings::lenient, lenient);
+}
+
+bool NSNumberFormatter::generatesDecimalNumbers() const
+{
+    return _private->generatesDecimalNumbers;
+}
+
+void NSNumberFormatter::setGeneratesDecimalNumbers(bool generates)
+{
+    _private->generatesDecimalNumbers = generates;
+}
+
+bool NSNumberFormatter::allowsFloats() const
+{
+    return _private->allowsFloats;
+}
+
+void NSNumberFormatter::setAllowsFloats(bool allows)
+{
+    _private->allowsFloats = allows;
+}
+
+// --- Digits
+
+bool NSNumberFormatter::usesGroupingSeparator() const
+{
+    return _private->value(&NumberSettings::usesGroupingSeparator, &DecimalFormat::isGroupingUsed);
+}
+
+void NSNumberFormatter::setUsesGroupingSeparator(bool uses)
+{
+    _private->settings.usesGroupingSeparator = uses;
+    _private->variantChanged();
+}
+
+int NSNumberFormatter::groupingSize() const
+{
+    return _private->value(&NumberSettings::groupingSize, &DecimalFormat::getGroupingSize);
+}
+
+void NSNumberFormatter::setGroupingSize(int size)
+{
+    _private->set(&NumberSettings::groupingSize, size);
+}
+
+int NSNumberFormatter::secondaryGroupingSize() const
+{
+    const std::optional<int> &given = _private->settings.secondaryGroupingSize;
+    // ICU has -1 for none.
+    return given ? *given
+                 : std::max(_private->value(&NumberSettings::secondaryGroupingSize,
+                                            &DecimalFormat::getSecondaryGroupingSize),
+                            0);
+}
+
+void NSNumberFormatter::setSecondaryGroupingSize(int size)
+{
+    _private->set(&NumberSettings::secondaryGroupingSize, size);
+}
+
+int NSNumberFormatter::minimumIntegerDigits() const
+{
+    return _private->value(&NumberSettings::minimumIntegerDigits,
+                           &DecimalFormat::getMinimumIntegerDigits);
+}
+
+void NSNumberFormatter::setMinimumIntegerDigits(int count)
+{
+    _private->setLeast(&NumberSettings::minimumIntegerDigits, &NumberSettings::maximumIntegerDigits,
+                       count);
+}
+
+int NSNumberFormatter::maximumIntegerDigits() const
+{
+    return _private->value(&NumberSettings::maximumIntegerDigits,
+                           &DecimalFormat::getMaximumIntegerDigits);
+}
+
+void NSNumberFormatter::setMaximumIntegerDigits(int count)
+{
+    _private->setGreatest(&NumberSettings::maximumIntegerDigits,
+                          &NumberSettings::minimumIntegerDigits, count);
+}
+
+int NSNumberFormatter::minimumFractionDigits() const
+{
+    return _private->value(&NumberSettings::minimumFractionDigits,
+                           &DecimalFormat::getMinimumFractionDigits);
+}
+
+void NSNumberFormatter::setMinimumFractionDigits(int count)
+{
+    _private->setLeast(&NumberSettings::minimumFractionDigits,
+                       &NumberSettings::maximumFractionDigits, count);
+}
+
+int NSNumberFormatter::maximumFractionDigits() const
+{
+    return _private->value(&NumberSettings::maximumFractionDigits,
+                           &DecimalFormat::getMaximumFractionDigits);
+}
+
+void NSNumberFormatter::setMaximumFractionDigits(int count)
+{
+    _private->setGreatest(&NumberSettings::maximumFractionDigits,
+                          &NumberSettings::minimumFractionDigits, count);
+}
+
+bool NSNumberFormatter::usesSignificantDigits() const
+{
+    return _private->value(&NumberSettings::usesSignificantDigits,
+                           &DecimalFormat::areSignificantDigitsUsed);
+}
+
+void NSNumberFormatter::setUsesSignificantDigits(bool uses)
+{
+    _private->set(&NumberSettings::usesSignificantDigits, uses);
+}
+
+int NSNumberFormatter::minimumSignificantDigits() const
+{
+    return _private->valueOrUnset(&NumberSettings::minimumSignificantDigits);
+}
+
+void NSNumberFormatter::setMinimumSignificantDigits(int count)
+{
+    _private->set(&NumberSettings::minimumSignificantDigits, count);
+}
+
+int NSNumberFormatter::maximumSignificantDigits() const
+{
+    return _private->valueOrUnset(&NumberSettings::maximumSignificantDigits);
+}
+
+void NSNumberFormatter::setMaximumSignificantDigits(int count)
+{
+    _private->set(&NumberSettings::maximumSignificantDigits, count);
+}
+
+int NSNumberFormatter::roundingMode() const
+{
+    return _private->value(&NumberSettings::roundingMode, &DecimalFormat::getRoundingMode);
+}
+
+void NSNumberFormatter::setRoundingMode(int mode)
+{
+    _private->set(&NumberSettings::roundingMode, mode);
+}
+
+std::optional<int> NSNumberFormatter::multiplier() const
+{
+    const bool isPercent = _private->settings.style == NSNumberFormatterPercentStyle;
+    const std::optional<int> &given = _private->settings.multiplier;
+    return given || !isPercent ? given : std::optional(100);
+}
+
+void NSNumberFormatter::setMultiplier(std::optional<int> multiplier)
+{
+    _private->set(&NumberSettings::multiplier, multiplier);
+}
+
+// --- Signs and separators
+
+QString NSNumberFormatter::positivePrefix() const
+{
+    return _private->affix(&DecimalFormat::getPositivePrefix);
+}
+
+void NSNumberFormatter::setPositivePrefix(const QString &prefix)
+{
+    _private->setAffix(&NumberSettings::positivePrefix, prefix, &DecimalFormat::getPositivePrefix);
+    _private->changed();
+}
+
+QString NSNumberFormatter::positiveSuffix() const
+{
+    return _private->affix(&DecimalFormat::getPositiveSuffix);
+}
+
+void NSNumberFormatter::setPositiveSuffix(const QString &suffix)
+{
+    _private->setAffix(&NumberSettings::positiveSuffix, suffix, &DecimalFormat::getPositiveSuffix);
+    _private->changed();
+}
+
+QString NSNumberFormatter::negativePrefix() const
+{
+    return _private->affix(&DecimalFormat::getNegativePrefix);
+}
+
+void NSNumberFormatter::setNegativePrefix(const QString &prefix)
+{
+    _private->setAffix(&NumberSettings::negativePrefix, prefix, &DecimalFormat::getNegativePrefix);
+}
+
+QString NSNumberFormatter::negativeSuffix() const
+{
+    return _private->affix(&DecimalFormat::getNegativeSuffix);
+}
+
+void NSNumberFormatter::setNegativeSuffix(const QString &suffix)
+{
+    _private->setAffix(&NumberSettings::negativeSuffix, suffix, &DecimalFormat::getNegativeSuffix);
+}
+
+QString NSNumberFormatter::decimalSeparator() const
+{
+    return _private->text(&NumberSettings::decimalSeparator, Symbols::kDecimalSeparatorSymbol);
+}
+
+void NSNumberFormatter::setDecimalSeparator(const QString &separator)
+{
+    _private->set(&NumberSettings::decimalSeparator, separator);
+}
+
+QString NSNumberFormatter::groupingSeparator() const
+{
+    return _private->text(&NumberSettings::groupingSeparator, Symbols::kGroupingSeparatorSymbol);
+}
+
+void NSNumberFormatter::setGroupingSeparator(const QString &separator)
+{
+    _private->set(&NumberSettings::groupingSeparator, separator);
+}
+
+QString NSNumberFormatter::minusSign() const
+{
+    return _private->text(&NumberSettings::minusSign, Symbols::kMinusSignSymbol);
+}
+
+void NSNumberFormatter::setMinusSign(const QString &sign)
+{
+    _private->set(&NumberSettings::minusSign, sign);
+}
+
+QString NSNumberFormatter::plusSign() const
+{
+    return _private->text(&NumberSettings::plusSign, Symbols::kPlusSignSymbol);
+}
+
+void NSNumberFormatter::setPlusSign(const QString &sign)
+{
+    _private->set(&NumberSettings::plusSign, sign);
+}
+
+QString NSNumberFormatter::percentSymbol() const
+{
+    return _private->text(&NumberSettings::percentSymbol, Symbols::kPercentSymbol);
+}
+
+void NSNumberFormatter::setPercentSymbol(const QString &symbol)
+{
+    _private->set(&NumberSettings::percentSymbol, symbol);
+}
+
+QString NSNumberFormatter::perMillSymbol() const
+{
+    return _private->engine().symbol(Symbols::kPerMillSymbol);
+}
+
+QString NSNumberFormatter::exponentSymbol() const
+{
+    return _private->text(&NumberSettings::exponentSymbol, Symbols::kExponentialSymbol);
+}
+
+void NSNumberFormatter::setExponentSymbol(const QString &symbol)
+{
+    _private->set(&NumberSettings::exponentSymbol, symbol);
+}
+
+// --- Money
+
+QString NSNumberFormatter::currencyCode() const
+{
+    const QString &given = _private->settings.currencyCode;
+    return given.isNull() ? _private->settings.locale.currencyCode() : given;
+}
+
+void NSNumberFormatter::setCurrencyCode(const QString &code)
+{
+    _private->set(&NumberSettings::currencyCode, code);
+}
+
+QString NSNumberFormatter::currencySymbol() const
+{
+    return _private->text(&NumberSettings::currencySymbol, Symbols::kCurrencySymbol);
+}
+
+void NSNumberFormatter::setCurrencySymbol(const QString &symbol)
+{
+    _private->settings.currencySymbol = symbol;
+    _private->codeOfSymbol = _private->settings.currencyCode;
+    _private->changed();
+}
+
+QString NSNumberFormatter::internationalCurrencySymbol() const
+{
+    return _private->engine().symbol(Symbols::kIntlCurrencySymbol);
+}
+
+QString NSNumberFormatter::currencyDecimalSeparator() const
+{
+    return _private->text(&NumberSettings::currencyDecimalSeparator,
+                          Symbols::kMonetarySeparatorSymbol);
+}
+
+void NSNumberFormatter::setCurrencyDecimalSeparator(const QString &separator)
+{
+    _private->set(&NumberSettings::currencyDecimalSeparator, separator);
+}
+
+QString NSNumberFormatter::currencyGroupingSeparator() const
+{
+    return _private->text(&NumberSettings::currencyGroupingSeparator,
+                          Symbols::kMonetaryGroupingSeparatorSymbol);
+}
+
+void NSNumberFormatter::setCurrencyGroupingSeparator(const QString &separator)
+{
+    _private->set(&NumberSettings::currencyGroupingSeparator, separator);
+}
+
+// --- Texts of their own
+
+QString NSNumberFormatter::zeroSymbol() const
+{
+    return _private->zeroSymbol;
+}
+
+void NSNumberFormatter::setZeroSymbol(const QString &symbol)
+{
+    _private->zeroSymbol = symbol;
+}
+
+QString NSNumberFormatter::nilSymbol() const
+{
+    return _private->nilSymbol;
+}
+
+void NSNumberFormatter::setNilSymbol(const QString &symbol)
+{
+    _private->nilSymbol = symbol;
+}
+
+QString NSNumberFormatter::notANumberSymbol() const
+{
+    return _private->text(&NumberSettings::notANumberSymbol, Symbols::kNaNSymbol);
+}
+
+void NSNumberFormatter::setNotANumberSymbol(const QString &symbol)
+{
+    _private->set(&NumberSettings::notANumberSymbol, symbol);
+}
+
+QString NSNumberFormatter::positiveInfinitySymbol() const
+{
+    return _private->positiveInfinitySymbol.isNull() ? u"+∞"_s : _private->positiveInfinitySymbol;
+}
+
+void NSNumberFormatter::setPositiveInfinitySymbol(const QString &symbol)
+{
+    _private->positiveInfinitySymbol = symbol;
+}
+
+QString NSNumberFormatter::negativeInfinitySymbol() const
+{
+    return _private->negativeInfinitySymbol.isNull() ? u"-∞"_s : _private->negativeInfinitySymbol;
+}
+
+void NSNumberFormatter::setNegativeInfinitySymbol(const QString &symbol)
+{
+    _private->negativeInfinitySymbol = symbol;
+}
+
+// --- Width
+
+int NSNumberFormatter::formatWidth() const
+{
+    return _private->valueOrUnset(&NumberSettings::formatWidth);
+}
+
+void NSNumberFormatter::setFormatWidth(int width)
+{
+    _private->set(&NumberSettings::formatWidth, width);
+}
+
+QString NSNumberFormatter::paddingCharacter() const
+{
+    const QString &given = _private->settings.paddingCharacter;
+    return given.isNull() ? u" "_s : given;
+}
+
+void NSNumberFormatter::setPaddingCharacter(const QString &character)
+{
+    _private->set(&NumberSettings::paddingCharacter, character);
+}
+
+int NSNumberFormatter::paddingPosition() const
+{
+    return _private->settings.paddingPosition.value_or(NSNumberFormatterPadBeforePrefix);
+}
+
+void NSNumberFormatter::setPaddingPosition(int position)
+{
+    _private->set(&NumberSettings::paddingPosition, position);
+}
+
+// --- Patterns
+
+QString NSNumberFormatter::format() const
+{
+    const QString zero = zeroSymbol().isNull() ? stringForObjectValue(0) : zeroSymbol();
+    return positiveFormat() + u';' + zero + u';' + negativeFormat();
+}
+
+void NSNumberFormatter::setFormat(const QString &format)
+{
+    if (!NumberPattern::isAcceptable(format))
+        return;
+    const QStringList parts = NumberPattern::partsOf(format);
+    setPositiveFormat(nilIfEmpty(parts.first()));
+    setNegativeFormat(parts.size() > 1 ? nilIfEmpty(parts.last()) : QString());
+    if (parts.size() > 2)
+        setZeroSymbol(parts[1]);
+}
+
+QString NSNumberFormatter::positiveFormat() const
+{
+    return _private->format(&NumberSettings::positiveFormat, true);
+}
+
+void NSNumberFormatter::setPositiveFormat(const QString &format)
+{
+    _private->setFormat(&NumberSettings::positiveFormat, format);
+}
+
+QString NSNumberFormatter::negativeFormat() const
+{
+    return _private->format(&NumberSettings::negativeFormat, false);
+}
+
+void NSNumberFormatter::setNegativeFormat(const QString &format)
+{
+    _private->setFormat(&NumberSettings::negativeFormat, format);
+}
+
+// --- Attributes
+
+const std::optional<QTextCharFormat> &NSNumberFormatter::textAttributesForNegativeValues() const
+{
+    return _private->attributesForNegativeValues;
+}
+
+void NSNumberFormatter::setTextAttributesForNegativeValues(
+    const std::optional<QTextCharFormat> &attributes)
+{
+    _private->attributesForNegativeValues = attributes;
 }

@@ -1,8 +1,11 @@
 #pragma once
 
-// Longer than most headers: every setting of the platform's class stands here with its meaning.
+// Longer than most headers: each setting stands here with its meaning. Those that no formatter of this
+// library sets are in the tables of what the platform answers, by which this class is tested.
 
 #include "NSFormatter.h"
+#include "NSNumberFormatterRoundingMode.h"
+#include "NSNumberFormatterStyle.h"
 #include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Text/NSLocale.h>
 #include <KTUtility/Platform/Text/NSRange.h>
@@ -16,31 +19,6 @@ enum NSNumberFormatterBehavior {
     NSNumberFormatterBehaviorDefault = 0,
     NSNumberFormatterBehavior10_0 = 1000,
     NSNumberFormatterBehavior10_4 = 1040
-};
-
-/// Kinds of number texts.
-enum NSNumberFormatterStyle {
-    NSNumberFormatterNoStyle = 0,         ///< "1235"
-    NSNumberFormatterDecimalStyle = 1,    ///< "1,234.568"
-    NSNumberFormatterCurrencyStyle = 2,   ///< "$1,234.57"
-    NSNumberFormatterPercentStyle = 3,    ///< "12%"
-    NSNumberFormatterScientificStyle = 4, ///< "1.234568E3"
-    NSNumberFormatterSpellOutStyle = 5,   ///< "twelve"
-    NSNumberFormatterOrdinalStyle = 6,    ///< "12th"
-    NSNumberFormatterCurrencyISOCodeStyle = 8,
-    NSNumberFormatterCurrencyPluralStyle = 9,
-    NSNumberFormatterCurrencyAccountingStyle = 10
-};
-
-/// Where digits that are not shown go. A tie is what lies exactly between two candidates.
-enum NSNumberFormatterRoundingMode {
-    NSNumberFormatterRoundCeiling = 0,
-    NSNumberFormatterRoundFloor = 1,
-    NSNumberFormatterRoundDown = 2,     ///< towards zero
-    NSNumberFormatterRoundUp = 3,       ///< away from zero
-    NSNumberFormatterRoundHalfEven = 4, ///< ties to the even digit; the default
-    NSNumberFormatterRoundHalfDown = 5, ///< ties towards zero
-    NSNumberFormatterRoundHalfUp = 6    ///< ties away from zero
 };
 
 /// Where padding goes.
@@ -86,8 +64,8 @@ public:
     QString stringForObjectValue(const QVariant &value) const override;
     /// The same for a number.
     QString stringFromNumber(const QVariant &number) const { return stringForObjectValue(number); }
-    /// The text with \a withDefaultAttributes, or with those for negative or positive values
-    /// where they are set. What is no number has the text for not-a-number.
+    /// The text with \a withDefaultAttributes, or with those for negative values where
+    /// they are set. What is no number has the text for not-a-number.
     std::optional<NSAttributedString> attributedStringForObjectValue(
         const QVariant &value, const QTextCharFormat &withDefaultAttributes = {}) const override;
 
@@ -112,8 +90,7 @@ public:
 
     // --- Kind
 
-    int formatterBehavior() const { return _formatterBehavior; }
-    void setFormatterBehavior(int behavior) { _formatterBehavior = behavior; }
+    void setFormatterBehavior(int behavior);
     int numberStyle() const;
     void setNumberStyle(int style);
     const NSLocale &locale() const;
@@ -123,16 +100,11 @@ public:
     bool isLenient() const;
     void setLenient(bool lenient);
     /// Whether texts become NSDecimalNumber, digit by digit.
-    bool generatesDecimalNumbers() const { return _generatesDecimalNumbers; }
-    void setGeneratesDecimalNumbers(bool generates) { _generatesDecimalNumbers = generates; }
+    bool generatesDecimalNumbers() const;
+    void setGeneratesDecimalNumbers(bool generates);
     /// Whether texts with a fraction are numbers.
-    bool allowsFloats() const { return _allowsFloats; }
-    void setAllowsFloats(bool allows) { _allowsFloats = allows; }
-    /// The least and greatest numbers that texts may be; none if nil.
-    QVariant minimum() const { return _minimum; }
-    void setMinimum(const QVariant &minimum) { _minimum = minimum; }
-    QVariant maximum() const { return _maximum; }
-    void setMaximum(const QVariant &maximum) { _maximum = maximum; }
+    bool allowsFloats() const;
+    void setAllowsFloats(bool allows);
 
     // --- Digits
 
@@ -164,13 +136,9 @@ public:
     /// A NSNumberFormatterRoundingMode.
     int roundingMode() const;
     void setRoundingMode(int mode);
-    double roundingIncrement() const;
-    void setRoundingIncrement(double increment);
     /// What numbers are multiplied with before they are shown; nil unless set or percent (100).
     std::optional<int> multiplier() const;
     void setMultiplier(std::optional<int> multiplier);
-    bool alwaysShowsDecimalSeparator() const;
-    void setAlwaysShowsDecimalSeparator(bool shows);
 
     // --- Signs and separators. Giving nil brings the locale's own back.
 
@@ -194,7 +162,6 @@ public:
     QString percentSymbol() const;
     void setPercentSymbol(const QString &symbol);
     QString perMillSymbol() const;
-    void setPerMillSymbol(const QString &symbol);
     QString exponentSymbol() const;
     void setExponentSymbol(const QString &symbol);
 
@@ -207,7 +174,6 @@ public:
     QString currencySymbol() const;
     void setCurrencySymbol(const QString &symbol);
     QString internationalCurrencySymbol() const;
-    void setInternationalCurrencySymbol(const QString &symbol);
     QString currencyDecimalSeparator() const;
     void setCurrencyDecimalSeparator(const QString &separator);
     QString currencyGroupingSeparator() const;
@@ -217,17 +183,17 @@ public:
 
     /// The text of zero; nil (the default) formats it as a number.
     QString zeroSymbol() const;
-    void setZeroSymbol(const QString &symbol) { _zeroSymbol = symbol; }
+    void setZeroSymbol(const QString &symbol);
     /// The text of nil, "" unless set.
-    QString nilSymbol() const { return _nilSymbol; }
-    void setNilSymbol(const QString &symbol) { _nilSymbol = symbol; }
+    QString nilSymbol() const;
+    void setNilSymbol(const QString &symbol);
     QString notANumberSymbol() const;
     void setNotANumberSymbol(const QString &symbol);
     /// "+∞" and "-∞" unless set; the locale's sign is shown then.
     QString positiveInfinitySymbol() const;
-    void setPositiveInfinitySymbol(const QString &symbol) { _positiveInfinitySymbol = symbol; }
+    void setPositiveInfinitySymbol(const QString &symbol);
     QString negativeInfinitySymbol() const;
-    void setNegativeInfinitySymbol(const QString &symbol) { _negativeInfinitySymbol = symbol; }
+    void setNegativeInfinitySymbol(const QString &symbol);
 
     // --- Width
 
@@ -255,39 +221,11 @@ public:
     // --- Attributes
 
     /// What replaces the default attributes of negative numbers; none unless set.
-    const std::optional<QTextCharFormat> &textAttributesForNegativeValues() const
-    {
-        return _textAttributesForNegativeValues;
-    }
-    void setTextAttributesForNegativeValues(const std::optional<QTextCharFormat> &attributes)
-    {
-        _textAttributesForNegativeValues = attributes;
-    }
-    const std::optional<QTextCharFormat> &textAttributesForPositiveValues() const
-    {
-        return _textAttributesForPositiveValues;
-    }
-    void setTextAttributesForPositiveValues(const std::optional<QTextCharFormat> &attributes)
-    {
-        _textAttributesForPositiveValues = attributes;
-    }
+    const std::optional<QTextCharFormat> &textAttributesForNegativeValues() const;
+    void setTextAttributesForNegativeValues(const std::optional<QTextCharFormat> &attributes);
 
 private:
     struct Private;
 
-    QString specialString(const QVariant &value) const;
-    bool isWithinBounds(const QVariant &value) const;
-
-    std::unique_ptr<Private> _private;
-    int _formatterBehavior = NSNumberFormatterBehavior10_4;
-    bool _generatesDecimalNumbers = false;
-    bool _allowsFloats = true;
-    QVariant _minimum;
-    QVariant _maximum;
-    QString _zeroSymbol;
-    QString _nilSymbol = QStringLiteral("");
-    QString _positiveInfinitySymbol;
-    QString _negativeInfinitySymbol;
-    std::optional<QTextCharFormat> _textAttributesForNegativeValues;
-    std::optional<QTextCharFormat> _textAttributesForPositiveValues;
+    const std::unique_ptr<Private> _private;
 };

@@ -1,6 +1,6 @@
 #include "NumberDigits_p.h"
 
-#include <KTUtility/Platform/Values/DecimalParts_p.h>
+#include <KTUtility/Platform/Values/DecimalArithmetic_p.h>
 
 #include <algorithm>
 #include <charconv>

@@ -1,9 +1,9 @@
 #include "NumberEngine_p.h"
 
-#include "NSNumberFormatter.h"
+#include "NumberQuickPaths_p.h"
 #include "NumberText_p.h"
 #include <KTUtility/Platform/Text/ICU_p.h>
-#include <KTUtility/Platform/Values/DecimalParts_p.h>
+#include <KTUtility/Platform/Values/DecimalArithmetic_p.h>
 
 #include <unicode/dcfmtsym.h>
 #include <unicode/numfmt.h>
@@ -230,7 +230,6 @@ void NumberEngine::applySymbols(const NumberSettings &settings)
     setSymbol(symbols, DecimalFormatSymbols::kMinusSignSymbol, settings.minusSign);
     setSymbol(symbols, DecimalFormatSymbols::kPlusSignSymbol, settings.plusSign);
     setSymbol(symbols, DecimalFormatSymbols::kPercentSymbol, settings.percentSymbol);
-    setSymbol(symbols, DecimalFormatSymbols::kPerMillSymbol, settings.perMillSymbol);
     setSymbol(symbols, DecimalFormatSymbols::kExponentialSymbol, settings.exponentSymbol);
     setSymbol(symbols, DecimalFormatSymbols::kNaNSymbol, settings.notANumberSymbol);
     _decimalFormat->setDecimalFormatSymbols(symbols);
@@ -259,8 +258,6 @@ void NumberEngine::applyCurrency(const NumberSettings &settings)
     }
     DecimalFormatSymbols symbols(*_decimalFormat->getDecimalFormatSymbols());
     setSymbol(symbols, DecimalFormatSymbols::kCurrencySymbol, settings.currencySymbol);
-    setSymbol(symbols, DecimalFormatSymbols::kIntlCurrencySymbol,
-              settings.internationalCurrencySymbol);
     _decimalFormat->setDecimalFormatSymbols(symbols);
 }
 
@@ -321,12 +318,8 @@ void NumberEngine::applyDigits(const NumberSettings &settings)
         _decimalFormat->setMaximumFractionDigits(*settings.maximumFractionDigits);
     if (settings.roundingMode)
         _decimalFormat->setRoundingMode(DecimalFormat::ERoundingMode(*settings.roundingMode));
-    if (settings.roundingIncrement)
-        _decimalFormat->setRoundingIncrement(*settings.roundingIncrement);
     if (settings.multiplier)
         _decimalFormat->setMultiplier(*settings.multiplier);
-    if (settings.alwaysShowsDecimalSeparator)
-        _decimalFormat->setDecimalSeparatorAlwaysShown(flag(*settings.alwaysShowsDecimalSeparator));
     if (settings.minimumSignificantDigits)
         _decimalFormat->setMinimumSignificantDigits(*settings.minimumSignificantDigits);
     if (settings.maximumSignificantDigits)
@@ -438,4 +431,17 @@ NumberReading NumberEngine::read(QStringView text) const
 bool NumberEngine::hasUnpairedParenthesis(QStringView read) const
 {
     return read.contains(u'(') != read.contains(u')');
+}
+
+void NumberEngine::preparePaths(const NumberSettings &settings)
+{
+    const auto separator = settings.isForMoney() ? DecimalFormatSymbols::kMonetarySeparatorSymbol
+                                                 : DecimalFormatSymbols::kDecimalSeparatorSymbol;
+    const icu::UnicodeString &text = symbols()->getConstSymbol(separator);
+    _decimalSeparator = text.isEmpty() ? u'.' : text[0];
+    const QString sign = symbol(DecimalFormatSymbols::kCurrencySymbol);
+    _hasBlankInCurrencySign =
+        settings.isForMoney() && std::any_of(sign.begin(), sign.end(), NumberText::isBlank);
+    _writer = NumberQuickPaths::writerFor(settings, *_decimalFormat);
+    _reader = NumberQuickPaths::readerFor(settings, *_decimalFormat);
 }

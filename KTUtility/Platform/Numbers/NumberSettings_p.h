@@ -1,6 +1,6 @@
 #pragma once
 
-#include "NSNumberFormatter.h"
+#include "NSNumberFormatterStyle.h"
 #include <KTUtility/Platform/Text/NSLocale.h>
 
 #include <QString>
@@ -37,11 +37,9 @@ struct NumberSettings
     std::optional<int> minimumSignificantDigits;
     std::optional<int> maximumSignificantDigits;
     std::optional<int> roundingMode;
-    std::optional<double> roundingIncrement;
     std::optional<int> formatWidth;
     std::optional<int> paddingPosition;
     std::optional<int> multiplier;
-    std::optional<bool> alwaysShowsDecimalSeparator;
 
     // Affixes hold U+00A4 where the currency's sign stands, so that they follow it.
     QString positivePrefix;
@@ -51,13 +49,11 @@ struct NumberSettings
 
     QString currencyCode;
     QString currencySymbol;
-    QString internationalCurrencySymbol;
     QString decimalSeparator;
     QString groupingSeparator;
     QString currencyDecimalSeparator;
     QString currencyGroupingSeparator;
     QString percentSymbol;
-    QString perMillSymbol;
     QString minusSign;
     QString plusSign;
     QString exponentSymbol;

@@ -3,8 +3,9 @@ target_sources(KTUtility PRIVATE
     Platform/Numbers/NumberDigits.cpp
     Platform/Numbers/NumberEngine.cpp
     Platform/Numbers/NSNumberFormatter.cpp
-    Platform/Numbers/NSNumberFormatterSettings.cpp
-    Platform/Numbers/NSNumberQuickPaths.cpp
+    Platform/Numbers/NSNumberFormatterPrivate.cpp
+    Platform/Numbers/NumberPattern.cpp
+    Platform/Numbers/NumberQuickPaths.cpp
     Platform/Numbers/NumberReader.cpp
     Platform/Numbers/NumberText.cpp
     Platform/Numbers/NumberWriter.cpp

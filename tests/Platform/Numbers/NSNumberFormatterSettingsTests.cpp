@@ -31,33 +31,8 @@ TEST_F(NSNumberFormatterSettings, GroupsBeyondTheFirstMayHaveAnotherSize)
     EXPECT_EQ(formatter.numberFromString(u"1,23,45,678"_s), 12345678);
 }
 
-TEST_F(NSNumberFormatterSettings, NumbersMayBeRoundedToMultiples)
+TEST_F(NSNumberFormatterSettings, TheSymbolOfExponentsMayBeSet)
 {
-    EXPECT_EQ(formatter.roundingIncrement(), 0);
-    formatter.setRoundingIncrement(0.25);
-    EXPECT_EQ(formatter.roundingIncrement(), 0.25);
-    EXPECT_EQ(shown(1.1), u"1");
-    EXPECT_EQ(shown(1.2), u"1.25");
-    EXPECT_EQ(shown(-1.7), u"-1.75");
-}
-
-TEST_F(NSNumberFormatterSettings, TheDecimalSeparatorMayAlwaysBeShown)
-{
-    EXPECT_FALSE(formatter.alwaysShowsDecimalSeparator());
-    EXPECT_EQ(shown(12), u"12");
-    formatter.setAlwaysShowsDecimalSeparator(true);
-    EXPECT_TRUE(formatter.alwaysShowsDecimalSeparator());
-    EXPECT_EQ(shown(12), u"12.");
-    formatter.setAlwaysShowsDecimalSeparator(false);
-    EXPECT_EQ(shown(12), u"12");
-}
-
-TEST_F(NSNumberFormatterSettings, SymbolsAreTold)
-{
-    formatter.setPerMillSymbol(u"pm"_s);
-    EXPECT_EQ(formatter.perMillSymbol(), u"pm");
-    formatter.setInternationalCurrencySymbol(u"EUR"_s);
-    EXPECT_EQ(formatter.internationalCurrencySymbol(), u"EUR");
     formatter.setExponentSymbol(u"e"_s);
     EXPECT_EQ(formatter.exponentSymbol(), u"e");
     formatter.setNumberStyle(NSNumberFormatterScientificStyle);

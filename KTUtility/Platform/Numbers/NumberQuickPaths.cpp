@@ -1,5 +1,5 @@
-#include "NumberEngine_p.h"
-#include "NumberText_p.h"
+#include "NumberQuickPaths_p.h"
+
 #include <KTUtility/Platform/Text/ICU_p.h>
 
 #include <unicode/dcfmtsym.h>
@@ -58,8 +58,7 @@ bool hasQuickText(const NumberSettings &settings, const DecimalFormat &format)
     const bool isMoney =
         settings.style == NSNumberFormatterCurrencyStyle && format.getMinimumIntegerDigits() > 0;
     return (isPlainStyle(settings.style) || isMoney) && settings.positiveFormat.isNull() &&
-           settings.negativeFormat.isNull() && !settings.multiplier &&
-           !settings.roundingIncrement && !settings.formatWidth &&
+           settings.negativeFormat.isNull() && !settings.multiplier && !settings.formatWidth &&
            !format.areSignificantDigitsUsed() && !format.isDecimalSeparatorAlwaysShown();
 }
 
@@ -114,8 +113,10 @@ void takeGroups(NumberWriter &writer, const DecimalFormat &format)
     if (!groupsLeastNumber(writer, format))
         writer.minimumGroupingDigits = 2;
 }
+} // namespace
 
-std::optional<NumberWriter> writerFor(const NumberSettings &settings, const DecimalFormat &format)
+std::optional<NumberWriter> NumberQuickPaths::writerFor(const NumberSettings &settings,
+                                                        const DecimalFormat &format)
 {
     const DecimalFormatSymbols &symbols = *format.getDecimalFormatSymbols();
     const std::optional<char16_t> zeroDigit = zeroDigitOf(symbols);
@@ -129,6 +130,7 @@ std::optional<NumberWriter> writerFor(const NumberSettings &settings, const Deci
     return writer;
 }
 
+namespace {
 bool hasQuickReading(const NumberSettings &settings)
 {
     const bool isMinus = settings.negativePrefix.isNull() || settings.negativePrefix == u"-";
@@ -149,8 +151,10 @@ char16_t asciiSeparator(const icu::UnicodeString &symbol)
     const bool isKnown = symbol.length() == 1 && (symbol[0] == u'.' || symbol[0] == u',');
     return isKnown ? symbol[0] : u'\0';
 }
+} // namespace
 
-std::optional<NumberReader> readerFor(const NumberSettings &settings, const DecimalFormat &format)
+std::optional<NumberReader> NumberQuickPaths::readerFor(const NumberSettings &settings,
+                                                        const DecimalFormat &format)
 {
     const DecimalFormatSymbols &symbols = *format.getDecimalFormatSymbols();
     NumberReader reader;
@@ -170,18 +174,4 @@ std::optional<NumberReader> readerFor(const NumberSettings &settings, const Deci
     if (!notANumber.isEmpty())
         reader.notANumberStart = QChar(notANumber[0]).toUpper().unicode();
     return reader;
-}
-} // namespace
-
-void NumberEngine::preparePaths(const NumberSettings &settings)
-{
-    const auto separator = settings.isForMoney() ? DecimalFormatSymbols::kMonetarySeparatorSymbol
-                                                 : DecimalFormatSymbols::kDecimalSeparatorSymbol;
-    const icu::UnicodeString &text = symbols()->getConstSymbol(separator);
-    _decimalSeparator = text.isEmpty() ? u'.' : text[0];
-    const QString sign = symbol(DecimalFormatSymbols::kCurrencySymbol);
-    _hasBlankInCurrencySign =
-        settings.isForMoney() && std::any_of(sign.begin(), sign.end(), NumberText::isBlank);
-    _writer = writerFor(settings, *_decimalFormat);
-    _reader = readerFor(settings, *_decimalFormat);
 }

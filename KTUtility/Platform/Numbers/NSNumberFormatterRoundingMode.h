@@ -1,0 +1,12 @@
+#pragma once
+
+/// Where digits that are not shown go. A tie is what lies exactly between two candidates.
+enum NSNumberFormatterRoundingMode {
+    NSNumberFormatterRoundCeiling = 0,
+    NSNumberFormatterRoundFloor = 1,
+    NSNumberFormatterRoundDown = 2,     ///< towards zero
+    NSNumberFormatterRoundUp = 3,       ///< away from zero
+    NSNumberFormatterRoundHalfEven = 4, ///< ties to the even digit; the default
+    NSNumberFormatterRoundHalfDown = 5, ///< ties towards zero
+    NSNumberFormatterRoundHalfUp = 6    ///< ties away from zero
+};
