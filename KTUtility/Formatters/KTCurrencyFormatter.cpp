@@ -1,13 +1,14 @@
 #include "KTCurrencyFormatter.h"
 
+#include "CurrencyCandidates_p.h"
 #include "KTCurrencyFormatter_p.h"
 #include "KTNumberTexts_p.h"
 #include "NSNumberFormatter_KTCurrency.h"
-
 #include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Text/NSStringNormalization.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -48,11 +49,6 @@ KTCurrencyFormatter_Private::createCurrencyFormatterWithLocale(const NSLocale &l
     return formatter;
 }
 
-bool KTCurrencyFormatter_Private::isRefused(const QString &code)
-{
-    return code.isNull() || code == u"INR" || code == u"RON";
-}
-
 KTCurrencyFormatter::KTCurrencyFormatter() : _currencyLocale(NSLocale::currentLocale())
 {
     filterCurrency();
@@ -76,7 +72,7 @@ void KTCurrencyFormatter::filterCurrency()
           _currencyLocale.currencyCode());
     KTLog(kLog_FormattersCurrency, DetailLevel,
           u"filterCurrency _currencyLocale currency symbol %@", _currencyLocale.currencySymbol());
-    if (KTCurrencyFormatter_Private::isRefused(currencyOf(_currencyLocale)))
+    if (CurrencyCandidates::isRefused(currencyOf(_currencyLocale)))
         _currencyLocale = withCurrency(_currencyLocale, replacementCurrency());
     KTLog(kLog_FormattersCurrency, DetailLevel,
           u"filterCurrency filter _currencyLocale locale ID %@",
@@ -106,7 +102,7 @@ QString KTCurrencyFormatter::currencyType() const
 void KTCurrencyFormatter::setCurrencyType(const QString &code)
 {
     QString chosen = code.isNull() ? currencyOf(_locale) : code;
-    if (KTCurrencyFormatter_Private::isRefused(chosen))
+    if (CurrencyCandidates::isRefused(chosen))
         chosen = replacementCurrency();
     const NSLocale &formatterLocale = _currencyFormatter->locale();
     QString symbol = formatterLocale.displayNameForKey(NSLocaleCurrencySymbol, chosen);
@@ -284,11 +280,10 @@ KTCurrencyFormatter *KTCurrencyFormatter::adjustForValue(const QString &value,
     // Currencies that the text does not name cannot read it; they are tried for the log only.
     const bool isLogged = KTLogger::sharedLogger()->shouldLogComponent(kLog_FormattersCurrency, 4);
     const QStringList codes =
-        isLogged
-            ? NSLocale::commonISOCurrencyCodes()
-            : KTCurrencyFormatter_Private::candidates(_currencyInputFormatter->locale(), value);
+        isLogged ? NSLocale::commonISOCurrencyCodes()
+                 : CurrencyCandidates::of(_currencyInputFormatter->locale(), value);
     for (const QString &code : codes) {
-        if (!KTCurrencyFormatter_Private::isRefused(code) && readsInCurrency(&amount, value, code))
+        if (!CurrencyCandidates::isRefused(code) && readsInCurrency(&amount, value, code))
             return adjusted(code, amount, withOptions);
     }
     _currencyInputFormatter->setCurrencyCode(NSLocale::commonISOCurrencyCodes().last());

@@ -1,42 +1,27 @@
 #include "KTDateTimeFormatter.h"
 
+#include "DateFormatterLists_p.h"
+#include "DatePatterns_p.h"
+#include "DateReading_p.h"
+#include "Today_p.h"
 #include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
-#include <KTUtility/Platform/Values/NSScanner.h>
-#include <KTUtility/Platform/Values/NSStringFormat.h>
 
 #include <mutex>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
-// Settings, display and the formatters made for them. Reading is in KTDateTimeReading.cpp, the
-// patterns are in KTDateTimePatterns.cpp.
+static_assert(int(KTDateTimeFormatter::YearDayMonth) == int(DatePatterns::YearDayMonth) &&
+              int(KTDateTimeFormatter::YearMonthDay) == int(DatePatterns::YearMonthDay) &&
+              int(KTDateTimeFormatter::DayMonthYear) == int(DatePatterns::DayMonthYear));
 
 namespace {
-constexpr int NoonHour = 12;
-
 /// Guards display and dropping of formatters in all instances.
 std::recursive_mutex &classLock()
 {
     static std::recursive_mutex lock;
     return lock;
-}
-
-const QString &lenientTimePattern()
-{
-    static const QString pattern = u"%I:%M:%S %p"_s;
-    return pattern;
-}
-
-/// A pattern with four digits of the year; nil if it has no year or four digits already.
-QString withFourDigitYear(const QString &pattern)
-{
-    const qsizetype first = pattern.indexOf(u'y');
-    if (first < 0 || pattern.contains(u"yyyy"))
-        return {};
-    QString result = pattern;
-    result.remove(u'y');
-    return result.insert(first, u"yyyy");
 }
 } // namespace
 
@@ -155,38 +140,9 @@ void KTDateTimeFormatter::clearFormatters()
 
 // --- Default date
 
-namespace {
-/// A day of a calendar, from its first instant to that of the next day.
-struct KnownDay
-{
-    NSCalendar calendar;
-    QTimeZone zone;
-    qint64 begin = 0;
-    qint64 end = 0;
-    QDateTime noon;
-};
-
-KnownDay dayOf(const NSCalendar &calendar, const QTimeZone &zone, qint64 time)
-{
-    const QDateTime now = QDateTime::fromMSecsSinceEpoch(time, Qt::UTC);
-    NSDateComponents day = calendar.components(NSDateCalendarUnits, now);
-    day.hour = day.minute = day.second = 0;
-    const QDateTime begin = calendar.dateFromComponents(day);
-    const QDateTime end = calendar.dateByAddingComponents({.day = 1}, begin);
-    day.hour = NoonHour;
-    return {calendar, zone, begin.toMSecsSinceEpoch(), end.toMSecsSinceEpoch(),
-            calendar.dateFromComponents(day)};
-}
-} // namespace
-
 QDateTime KTDateTimeFormatter::today() const
 {
-    thread_local KnownDay known;
-    const qint64 now = QDateTime::currentMSecsSinceEpoch();
-    const QTimeZone zone = NSCalendar::systemTimeZone();
-    if (now < known.begin || now >= known.end || known.zone != zone || known.calendar != _calendar)
-        known = dayOf(_calendar, zone, now);
-    return known.noon;
+    return todayAtNoon(_calendar);
 }
 
 QDateTime KTDateTimeFormatter::defaultDate() const
@@ -194,50 +150,24 @@ QDateTime KTDateTimeFormatter::defaultDate() const
     return _locale.countryCode() == u"JP" ? QDateTime() : today();
 }
 
-bool KTDateTimeFormatter::isJapaneseCalendar() const
-{
-    return _calendar.calendarIdentifier() == NSJapaneseCalendar;
-}
-
-// --- Formatters
-
-void KTDateTimeFormatter::prepare(NSDateFormatter &formatter, bool setsLenient) const
-{
-    formatter.setFormatterBehavior(NSDateFormatterBehavior10_4);
-    formatter.setLocale(_locale);
-    formatter.setGeneratesCalendarDates(false);
-    formatter.setDefaultDate(defaultDate());
-    formatter.setLenient(setsLenient);
-}
-
-std::shared_ptr<NSDateFormatter>
-KTDateTimeFormatter::_formatterWithDateFormat(const QString &pattern, bool setsLenient) const
-{
-    auto formatter = std::make_shared<NSDateFormatter>();
-    prepare(*formatter, setsLenient);
-    KTLog(kLog_FormattersDateTimes, 4, u"KTDateTimeFormatter creating formatter, format=%@",
-          pattern);
-    formatter->setDateFormat(pattern);
-    return formatter;
-}
-
-std::shared_ptr<NSDateFormatter> KTDateTimeFormatter::formatterWithDateStyle(uint dateStyle,
-                                                                             uint andTimeStyle,
-                                                                             bool setsLenient) const
-{
-    auto formatter = std::make_shared<NSDateFormatter>();
-    prepare(*formatter, setsLenient);
-    formatter->setDateStyle(dateStyle);
-    formatter->setTimeStyle(andTimeStyle);
-    KTLog(kLog_FormattersDateTimes, 4,
-          u"KTDateTimeFormatter creating date/time formatter, format=%@", formatter->dateFormat());
-    return formatter;
-}
+// --- The formatters that display
 
 NSDateFormatter *KTDateTimeFormatter::displayFormatter() const
 {
-    if (_displayFormatter)
-        return _displayFormatter.get();
+    if (!_displayFormatter)
+        makeDisplayFormatter();
+    return _displayFormatter.get();
+}
+
+int KTDateTimeFormatter::localeInputOrder() const
+{
+    if (!_displayFormatter)
+        makeDisplayFormatter();
+    return _inputOrder;
+}
+
+void KTDateTimeFormatter::makeDisplayFormatter() const
+{
     auto formatter = std::make_unique<NSDateFormatter>();
     formatter->setFormatterBehavior(NSDateFormatterBehavior10_4);
     formatter->setLocale(_locale);
@@ -251,24 +181,26 @@ NSDateFormatter *KTDateTimeFormatter::displayFormatter() const
             u"date/time cannot both have NoStyle"_s);
     formatter->setDateStyle(_dateStyle);
     formatter->setTimeStyle(_timeStyle);
-    KTLog(kLog_FormattersDateTimes, 4, u"_displayFormatter, format=%@", formatter->dateFormat());
-    _inputOrder = inputOrderForDateFormat(formatter->dateFormat());
+    const QString pattern = formatter->dateFormat();
+    KTLog(kLog_FormattersDateTimes, 4, u"_displayFormatter, format=%@", pattern);
+    _inputOrder = DatePatterns::orderOf(pattern);
+    setDisplayPattern(*formatter, pattern);
     _displayFormatter = std::move(formatter);
-    applyPatterns(*_displayFormatter);
-    return _displayFormatter.get();
 }
 
 /// Four digits of the year, or no year at all.
-void KTDateTimeFormatter::applyPatterns(NSDateFormatter &formatter) const
+void KTDateTimeFormatter::setDisplayPattern(NSDateFormatter &formatter,
+                                            const QString &ofStyles) const
 {
-    QString pattern = isJapaneseCalendar() ? QString() : withFourDigitYear(formatter.dateFormat());
     if (!_displayYear) {
         formatter.setDateStyle(NSDateFormatterNoStyle);
         formatter.setTimeStyle(_timeStyle);
-        pattern = getMonthAndDayFormat();
+        formatter.setDateFormat(monthAndDayPattern(_inputOrder));
+    } else if (_calendar.calendarIdentifier() != NSJapaneseCalendar) {
+        const QString pattern = DatePatterns::withFourDigitYear(ofStyles);
+        if (!pattern.isNull())
+            formatter.setDateFormat(pattern);
     }
-    if (!pattern.isNull())
-        formatter.setDateFormat(pattern);
 }
 
 /// The locale's pattern for the time alone; empty if no time is shown.
@@ -280,32 +212,28 @@ QString KTDateTimeFormatter::timePattern() const
     return formatter.dateFormat();
 }
 
-QString KTDateTimeFormatter::getMonthAndDayFormat() const
+QString KTDateTimeFormatter::monthAndDayPattern(int order) const
 {
-    if (_displayYear)
-        return {};
-    displayFormatter(); // knows the input order
-    const QString &country = _locale.countryCode();
-    const bool isMonthFirst = _inputOrder == MonthDayYear || _inputOrder == YearMonthDay;
-    const QString separator = country == u"DE" ? u"."_s : u" "_s;
-    QString pattern =
-        isMonthFirst ? QString(u"MMMM" + separator + u'd') : QString(u'd' + separator + u"MMMM");
-    if (country == u"JP")
-        pattern = isMonthFirst ? u"M月d日"_s : u"d日M月"_s;
+    const QString pattern = DatePatterns::monthAndDay(order, _locale.countryCode());
     if (_timeStyle == NSDateFormatterNoStyle)
         return pattern;
     return pattern + u' ' + timePattern();
+}
+
+QString KTDateTimeFormatter::getMonthAndDayFormat() const
+{
+    return _displayYear ? QString() : monthAndDayPattern(localeInputOrder());
 }
 
 NSDateFormatter *KTDateTimeFormatter::lenientFormatter() const
 {
     if (_lenientFormatter)
         return _lenientFormatter.get();
-    displayFormatter(); // knows the input order
-    QString pattern = formatStringForInputOrder(_inputOrder);
-    if (_displayTime)
-        pattern =
-            _displayDate ? QString(pattern + u' ' + lenientTimePattern()) : lenientTimePattern();
+    QString pattern = DatePatterns::numeric(localeInputOrder());
+    if (_displayTime) {
+        const QString time = DatePatterns::numericTime();
+        pattern = _displayDate ? QString(pattern + u' ' + time) : time;
+    }
     _lenientFormatter = std::make_unique<NSDateFormatter>(pattern, true);
     _lenientFormatter->setLocale(_locale);
     _lenientFormatter->setGeneratesCalendarDates(false);
@@ -331,4 +259,171 @@ QString KTDateTimeFormatter::stringForObjectValue(const QVariant &value) const
     KTLog(kLog_FormattersDateTimes, 4,
           u"KTDateTimeFormatter stringForObjectValue returns:%@, value:%@", text, value);
     return text;
+}
+
+// --- The formatters that read
+
+DateFormatterSettings KTDateTimeFormatter::formatterSettings() const
+{
+    return {_locale, _calendar, defaultDate(), today(), false};
+}
+
+std::shared_ptr<NSDateFormatter>
+KTDateTimeFormatter::_formatterWithDateFormat(const QString &pattern, bool setsLenient) const
+{
+    return DateFormatterLists::formatterWithPattern(formatterSettings(), pattern, setsLenient);
+}
+
+std::shared_ptr<NSDateFormatter> KTDateTimeFormatter::formatterWithDateStyle(uint dateStyle,
+                                                                             uint andTimeStyle,
+                                                                             bool setsLenient) const
+{
+    return DateFormatterLists::formatterWithStyles(formatterSettings(), dateStyle, andTimeStyle,
+                                                   setsLenient);
+}
+
+const QStringList &KTDateTimeFormatter::dateFormatsForMonthDayYear()
+{
+    return DatePatterns::dates(MonthDayYear);
+}
+
+const QStringList &KTDateTimeFormatter::dateFormatsForDayMonthYear()
+{
+    return DatePatterns::dates(DayMonthYear);
+}
+
+const QStringList &KTDateTimeFormatter::dateFormatsForYearMonthDay()
+{
+    return DatePatterns::dates(YearMonthDay);
+}
+
+const QStringList &KTDateTimeFormatter::dateFormatsForYearDayMonth()
+{
+    return DatePatterns::dates(YearDayMonth);
+}
+
+const QStringList &KTDateTimeFormatter::timeFormats()
+{
+    return DatePatterns::times();
+}
+
+QStringList KTDateTimeFormatter::dateFormats() const
+{
+    return DatePatterns::dates(localeInputOrder());
+}
+
+QString KTDateTimeFormatter::formatStringForInputOrder(int inputOrder) const
+{
+    return DatePatterns::numeric(inputOrder);
+}
+
+int KTDateTimeFormatter::inputOrderForDateFormat(const QString &pattern)
+{
+    return DatePatterns::orderOf(pattern);
+}
+
+KTDateFormatterList KTDateTimeFormatter::localeStrictDateFormatters() const
+{
+    return DateFormatterLists::datesOfLocale(formatterSettings());
+}
+
+KTDateFormatterList KTDateTimeFormatter::localeStrictTimeFormatters() const
+{
+    return DateFormatterLists::timesOfLocale(formatterSettings());
+}
+
+const KTDateFormatterList &KTDateTimeFormatter::strictDateFormatters() const
+{
+    if (!_strictDateFormatters) {
+        const int order = localeInputOrder();
+        _strictDateFormatters = DateFormatterLists::dates(formatterSettings(), order);
+    }
+    return *_strictDateFormatters;
+}
+
+const KTDateTimeFormatter::SharedList &KTDateTimeFormatter::sharedTimeFormatters() const
+{
+    if (!_strictTimeFormatters)
+        _strictTimeFormatters = DateFormatterLists::times(formatterSettings());
+    return _strictTimeFormatters;
+}
+
+const KTDateFormatterList &KTDateTimeFormatter::strictTimeFormatters() const
+{
+    return *sharedTimeFormatters();
+}
+
+const KTDateFormatterList &KTDateTimeFormatter::strictIsoFormatters() const
+{
+    if (!_strictIsoFormatters)
+        _strictIsoFormatters = DateFormatterLists::iso(formatterSettings());
+    return *_strictIsoFormatters;
+}
+
+const KTDateFormatterList &
+KTDateTimeFormatter::strictFormattersForDateFormat(const QString &datePattern) const
+{
+    SharedList &formatters = _strictFormatterMap[datePattern];
+    if (!formatters)
+        formatters = DateFormatterLists::datesWithTimes(formatterSettings(), datePattern,
+                                                        sharedTimeFormatters());
+    return *formatters;
+}
+
+// --- Reading
+
+bool KTDateTimeFormatter::read(DateReading &reading) const
+{
+    if (reading.isBlank())
+        return false;
+    if (reading.readWithRecent(_mostRecentFormatter))
+        return true;
+    if (reading.hasIsoShape() && reading.readIso(strictIsoFormatters()))
+        return true;
+    return readDate(reading) || reading.readTime(strictTimeFormatters());
+}
+
+/// Reads a date, or a date and a time.
+bool KTDateTimeFormatter::readDate(DateReading &reading) const
+{
+    const KTDateFormatterList &dates = strictDateFormatters();
+    for (size_t at = 0; (at = reading.nextDate(dates, at)) < dates.size(); ++at) {
+        if (reading.chosen() ||
+            reading.readDateAndTime(strictFormattersForDateFormat(dates[at]->dateFormat())))
+            return true;
+    }
+    return false;
+}
+
+bool KTDateTimeFormatter::getObjectValue(QVariant *value, const QString &forString,
+                                         QString *errorDescription) const
+{
+    DateReading reading(forString);
+    bool isRead = read(reading);
+    if (value)
+        *value = isRead ? QVariant(reading.date()) : QVariant();
+    if (reading.isBareHour())
+        isRead = getLenientDateValue(value, forString, errorDescription);
+    if (!isRead && errorDescription && !errorDescription->isNull())
+        KTLog(kLog_FormattersDateTimes, 4, u"KTDateTimeFormatter getObjectValue error: %@",
+              *errorDescription);
+    if (isRead)
+        _mostRecentFormatter = reading.chosen();
+    return isRead;
+}
+
+bool KTDateTimeFormatter::getLenientDateValue(QVariant *value, const QString &forString,
+                                              QString *errorDescription) const
+{
+    QVariant date;
+    const bool isRead = lenientFormatter()->getObjectValue(&date, forString, errorDescription);
+    KTLog(kLog_FormattersDateTimes, 4,
+          u"KTDateTimeFormatter getObjectValue(lenient) forString:%@ returns %d", forString,
+          isRead);
+    if (value)
+        *value = date;
+    if (isRead)
+        KTLog(kLog_FormattersDateTimes, 4,
+              u"KTDateTimeFormatter getObjectValue forString:%@ value:%@", forString, date);
+    return isRead;
 }

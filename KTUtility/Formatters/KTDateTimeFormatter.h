@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KTDateFormatterList.h"
 #include "KTOptionsKeys.h"
 #include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Dates/NSCalendar.h>
@@ -12,10 +13,11 @@
 #include <QStringList>
 
 #include <memory>
-#include <vector>
 
-/// Platform formatters in the order in which they are tried; shared, so they cannot be changed.
-using KTDateFormatterList = std::vector<std::shared_ptr<const NSDateFormatter>>;
+namespace KTPrivate {
+class DateReading;
+struct DateFormatterSettings;
+} // namespace KTPrivate
 
 /// Formats the dates, or dates and times, of a field, and reads them however people type them.
 ///
@@ -158,7 +160,7 @@ public:
     /// New formatters for the locale's own four styles, and for Japan's "3月5日".
     KTDateFormatterList localeStrictDateFormatters() const;
     KTDateFormatterList localeStrictTimeFormatters() const;
-    /// What is tried, made on first use.
+    /// What is tried; the lists and what is in them are made on first use.
     const KTDateFormatterList &strictDateFormatters() const;
     const KTDateFormatterList &strictTimeFormatters() const;
     const KTDateFormatterList &strictIsoFormatters() const;
@@ -184,22 +186,19 @@ protected:
     const NSCalendar &calendar() const { return _calendar; }
 
 private:
-    class Reading;
-    friend class Reading;
     using SharedList = std::shared_ptr<const KTDateFormatterList>;
 
     void setStyle(uint &style, uint value, void (KTDateTimeFormatter::*changed)());
-    void applyPatterns(NSDateFormatter &formatter) const;
-    void prepare(NSDateFormatter &formatter, bool setsLenient) const;
+    void makeDisplayFormatter() const;
+    void setDisplayPattern(NSDateFormatter &formatter, const QString &ofStyles) const;
+    /// The order in the locale's short dates; known once the display formatter is made.
+    int localeInputOrder() const;
+    QString monthAndDayPattern(int order) const;
     QString timePattern() const;
-    bool isJapaneseCalendar() const;
-    template<typename Make>
-    const KTDateFormatterList &list(SharedList &member, const QString &kind,
-                                    const Make &make) const;
-    KTDateFormatterList makeStrictDateFormatters() const;
-    KTDateFormatterList makeStrictTimeFormatters() const;
-    KTDateFormatterList makeStrictIsoFormatters() const;
-    KTDateFormatterList makeFormattersForDateFormat(const QString &datePattern) const;
+    KTPrivate::DateFormatterSettings formatterSettings() const;
+    const SharedList &sharedTimeFormatters() const;
+    bool read(KTPrivate::DateReading &reading) const;
+    bool readDate(KTPrivate::DateReading &reading) const;
 
     NSLocale _locale;
     NSCalendar _calendar;

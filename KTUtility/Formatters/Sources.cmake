@@ -1,9 +1,11 @@
 target_sources(KTUtility PRIVATE
+    Formatters/CurrencyCandidates.cpp
+    Formatters/DateFormatterLists.cpp
+    Formatters/DatePatterns.cpp
+    Formatters/DateReading.cpp
     Formatters/KTCurrencyFormatter.cpp
-    Formatters/KTCurrencyNames.cpp
+    Formatters/KTDateFormatterList.cpp
     Formatters/KTDateTimeFormatter.cpp
-    Formatters/KTDateTimePatterns.cpp
-    Formatters/KTDateTimeReading.cpp
     Formatters/KTDurationFormatter.cpp
     Formatters/KTDurationTables.cpp
     Formatters/KTNumberFormatter.cpp
@@ -11,4 +13,5 @@ target_sources(KTUtility PRIVATE
     Formatters/KTPhoneNumberFormatter.cpp
     Formatters/KTTimeFormatter.cpp
     Formatters/NSNumberFormatter_KTCurrency.cpp
+    Formatters/Today.cpp
 )

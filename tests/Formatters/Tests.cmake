@@ -1,6 +1,7 @@
 target_sources(KTUtilityTests PRIVATE
     Formatters/DurationModelTests.cpp
     Formatters/KTCurrencyFormatterTests.cpp
+    Formatters/KTDateFormatterListTests.cpp
     Formatters/KTDateTimeFormatterTests.cpp
     Formatters/KTDateTimeReadingTests.cpp
     Formatters/KTDurationFormatterTests.cpp

@@ -1,5 +1,7 @@
 #pragma once
 
+// Private to the library. For those that try many date formatters on one text.
+
 #include "DateText_p.h"
 #include "NSDateFormatter.h"
 

@@ -1,4 +1,4 @@
-#include "KTCurrencyFormatter_p.h"
+#include "CurrencyCandidates_p.h"
 
 #include <KTUtility/Platform/Text/NSStringNormalization.h>
 
@@ -15,9 +15,8 @@
 #include <utility>
 #include <vector>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
-
-// Which currencies a typed text can mean.
 
 namespace {
 /// No more of a text is read as an amount.
@@ -99,7 +98,7 @@ std::shared_ptr<const AllNames> readNames(const NSLocale &locale)
     const QByteArray identifier = locale.localeIdentifier().toLatin1();
     auto currencies = std::make_shared<AllNames>();
     for (const QString &code : NSLocale::commonISOCurrencyCodes()) {
-        if (!KTCurrencyFormatter_Private::isRefused(code))
+        if (!CurrencyCandidates::isRefused(code))
             currencies->push_back(namesOf(locale, identifier, code));
     }
     return currencies;
@@ -118,7 +117,12 @@ std::shared_ptr<const AllNames> namesIn(const NSLocale &locale)
 }
 } // namespace
 
-QStringList KTCurrencyFormatter_Private::candidates(const NSLocale &locale, const QString &text)
+bool CurrencyCandidates::isRefused(const QString &code)
+{
+    return code.isNull() || code == u"INR" || code == u"RON";
+}
+
+QStringList CurrencyCandidates::of(const NSLocale &locale, const QString &text)
 {
     const QString typed = folded(text.left(MaximumLength));
     const UnitSet units(typed);
