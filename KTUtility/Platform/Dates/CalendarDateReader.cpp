@@ -1,4 +1,4 @@
-#include "CalendarDateFormat_p.h"
+#include "CalendarDateReader_p.h"
 
 #include "DateFields_p.h"
 #include <KTUtility/Platform/Text/ICU_p.h>
@@ -258,7 +258,7 @@ bool readPattern(const QString &pattern, Reader *reader)
 }
 } // namespace
 
-bool CalendarDateFormat::parse(const QString &pattern, QStringView text, const DateReading &reading,
+bool CalendarDateReader::parse(const QString &pattern, QStringView text, const DateReading &reading,
                                DateMatch *match)
 {
     Reader reader(text, reading);

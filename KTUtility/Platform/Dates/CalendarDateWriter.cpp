@@ -1,5 +1,6 @@
-#include "CalendarDateFormat_p.h"
+#include "CalendarDateWriter_p.h"
 
+#include "DateEngine_p.h"
 #include <KTUtility/Platform/Text/ICU_p.h>
 
 #include <QDateTime>
@@ -145,7 +146,7 @@ private:
 };
 } // namespace
 
-QString CalendarDateFormat::stringOf(const QString &pattern, qint64 time,
+QString CalendarDateWriter::stringOf(const QString &pattern, qint64 time,
                                      const DateEnvironment &environment, const TimeZoneRules &rules)
 {
     const CalendarWriter writer(time, environment, rules);

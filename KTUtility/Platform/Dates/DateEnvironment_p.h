@@ -1,13 +1,16 @@
 #pragma once
 
 #include "DateNames_p.h"
-#include "NSDateFormatter.h"
+#include "NSDateFormatterStyle.h"
+#include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/Text/NSLocale.h>
 
 #include <unicode/dtfmtsym.h>
 #include <unicode/locid.h>
 #include <unicode/smpdtfmt.h>
 
 #include <QString>
+#include <QStringList>
 
 #include <array>
 #include <memory>

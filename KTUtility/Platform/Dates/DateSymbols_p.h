@@ -1,8 +1,10 @@
 #pragma once
 
-#include "NSDateFormatter.h"
+#include "NSDateFormatterStyle.h"
 
 #include <unicode/dtfmtsym.h>
+
+#include <QStringList>
 
 // The lists of names in ICU's symbols. ICU's weekdays have an empty name at 0; ours do not.
 

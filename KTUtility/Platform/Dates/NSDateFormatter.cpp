@@ -1,8 +1,7 @@
 #include "NSDateFormatter.h"
 
-#include "NSDateFormatter_p.h"
+#include "NSDateFormatterPrivate_p.h"
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
-#include <KTUtility/Platform/Values/NSScanner.h>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "NSCalendar.h"
+#include "NSDateFormatterStyle.h"
 #include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Numbers/NSFormatter.h>
 #include <KTUtility/Platform/Text/NSRange.h>
@@ -16,43 +17,11 @@ namespace KTPrivate {
 class DateFormatterAccess;
 }
 
-/// How much of a date or time a locale's own format shows.
-enum NSDateFormatterStyle : unsigned {
-    NSDateFormatterNoStyle = 0,
-    NSDateFormatterShortStyle = 1,  ///< "3/5/08", "5:30 PM"
-    NSDateFormatterMediumStyle = 2, ///< "Mar 5, 2008", "5:30:15 PM"
-    NSDateFormatterLongStyle = 3,   ///< "March 5, 2008", "5:30:15 PM EST"
-    NSDateFormatterFullStyle = 4    ///< "Wednesday, March 5, 2008", with the zone's full name
-};
-
 /// Which notation a formatter's pattern is written in.
 enum NSDateFormatterBehavior : unsigned {
     NSDateFormatterBehaviorDefault = 0, ///< as NSDateFormatterBehavior10_4
     NSDateFormatterBehavior10_0 = 1000, ///< "%m/%d/%y", as in strftime, and natural language
     NSDateFormatterBehavior10_4 = 1040  ///< "M/d/yy", the patterns of Unicode (UTS #35)
-};
-
-/// Lists of names that a formatter of the behaviour 10.4 writes and reads; see symbols().
-enum class NSDateFormatterSymbols {
-    Era,
-    LongEra,
-    Month,
-    ShortMonth,
-    VeryShortMonth,
-    StandaloneMonth,
-    ShortStandaloneMonth,
-    VeryShortStandaloneMonth,
-    Weekday,
-    ShortWeekday,
-    VeryShortWeekday,
-    StandaloneWeekday,
-    ShortStandaloneWeekday,
-    VeryShortStandaloneWeekday,
-    Quarter,
-    ShortQuarter,
-    StandaloneQuarter,
-    ShortStandaloneQuarter,
-    AMPM
 };
 
 /// Dates to text and text to dates, in the format of a locale or in a pattern.

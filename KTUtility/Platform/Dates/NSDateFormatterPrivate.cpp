@@ -1,6 +1,7 @@
-#include "NSDateFormatter_p.h"
+#include "NSDateFormatterPrivate_p.h"
 
-#include "CalendarDateFormat_p.h"
+#include "CalendarDateReader_p.h"
+#include "CalendarDateWriter_p.h"
 #include "DateWriter_p.h"
 #include "NaturalLanguageDate_p.h"
 
@@ -78,7 +79,7 @@ QDateTime NSDateFormatter::Private::dateOf(qint64 time) const
 QString NSDateFormatter::Private::stringOf(qint64 time) const
 {
     if (isOldBehavior())
-        return CalendarDateFormat::stringOf(patternText(), time, environment(), rules());
+        return CalendarDateWriter::stringOf(patternText(), time, environment(), rules());
     QString text = u""_s;
     if (!DateWriter::write(pattern(), environment(), rules(), time, &text))
         text = DateEngine::engineOf(environment(), rules(), isLenient).stringOf(pattern(), time);
@@ -120,7 +121,7 @@ bool NSDateFormatter::Private::parseBareHour(const DateText &text, DateMatch *ma
 
 bool NSDateFormatter::Private::parseOld(const DateText &text, DateMatch *match) const
 {
-    const bool isRead = CalendarDateFormat::parse(patternText(), text.start(), reading(), match);
+    const bool isRead = CalendarDateReader::parse(patternText(), text.start(), reading(), match);
     const bool isWhole = isRead && text.start().sliced(match->length).trimmed().isEmpty();
     if (isWhole || !allowsNaturalLanguage || !text.isComplete())
         return isRead;
@@ -129,52 +130,4 @@ bool NSDateFormatter::Private::parseOld(const DateText &text, DateMatch *match) 
         return isRead;
     *match = natural;
     return true;
-}
-
-bool DateFormatterAccess::parse(const NSDateFormatter &formatter, const DateText &text,
-                                DateMatch *match)
-{
-    return formatter._private->parse(text, match);
-}
-
-QDateTime DateFormatterAccess::dateOf(const NSDateFormatter &formatter, qint64 time)
-{
-    return formatter._private->dateOf(time);
-}
-
-std::optional<bool> DateFormatterAccess::parseWithoutICU(const NSDateFormatter &formatter,
-                                                         const DateText &text, DateMatch *match)
-{
-    using DateMatcher::Answer;
-    const NSDateFormatter::Private &settings = *formatter._private;
-    const Answer answer = DateMatcher::match(settings.pattern(), settings.reading(), text, match);
-    return answer == Answer::Undecided ? std::nullopt : std::optional(answer == Answer::Matched);
-}
-
-bool DateFormatterAccess::parseWithICU(const NSDateFormatter &formatter, const DateText &text,
-                                       DateMatch *match)
-{
-    return formatter._private->parseWithICU(text, match);
-}
-
-QString DateFormatterAccess::stringWithoutICU(const NSDateFormatter &formatter,
-                                              const QDateTime &date)
-{
-    const NSDateFormatter::Private &settings = *formatter._private;
-    QString text;
-    const bool isWritten = DateWriter::write(settings.pattern(), settings.environment(),
-                                             settings.rules(), date.toMSecsSinceEpoch(), &text);
-    return isWritten ? text : QString();
-}
-
-QString DateFormatterAccess::stringWithICU(const NSDateFormatter &formatter, const QDateTime &date)
-{
-    const NSDateFormatter::Private &settings = *formatter._private;
-    return DateEngine::engineOf(settings.environment(), settings.rules(), settings.isLenient)
-        .stringOf(settings.pattern(), date.toMSecsSinceEpoch());
-}
-
-void DateFormatterAccess::setClock(qint64 (*clock)())
-{
-    NaturalLanguageDate::setClock(clock);
 }

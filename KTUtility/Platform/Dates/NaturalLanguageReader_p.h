@@ -1,5 +1,6 @@
 #pragma once
 
+#include "NSCalendar.h"
 #include "NaturalLanguageWords_p.h"
 
 #include <QString>

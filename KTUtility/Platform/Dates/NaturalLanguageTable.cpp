@@ -1,4 +1,6 @@
-#include "NaturalLanguageWords_p.h"
+#include "NaturalLanguageTable_p.h"
+
+#include "NSCalendar.h"
 
 using namespace KTPrivate;
 

@@ -1,6 +1,7 @@
 #include "NaturalLanguageWords_p.h"
 
 #include "DateCharacters_p.h"
+#include "NSCalendar.h"
 #include <KTUtility/Platform/Text/ICU_p.h>
 
 #include <unicode/reldatefmt.h>

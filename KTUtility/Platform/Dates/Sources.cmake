@@ -6,6 +6,7 @@ target_sources(KTUtility PRIVATE
     Platform/Dates/NSClock.cpp
     Platform/Dates/DateEngine.cpp
     Platform/Dates/DateEnvironment.cpp
+    Platform/Dates/DateFormatterAccess.cpp
     Platform/Dates/NSDateFormatter.cpp
     Platform/Dates/NSDateFormatterPrivate.cpp
     Platform/Dates/DateMatcher.cpp

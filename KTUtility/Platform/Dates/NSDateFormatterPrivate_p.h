@@ -1,7 +1,6 @@
 #pragma once
 
 #include "DateEngine_p.h"
-#include "DateFormatterAccess_p.h"
 #include "DateLead_p.h"
 #include "DateMatcher_p.h"
 #include "NSDateFormatter.h"
