@@ -1,6 +1,6 @@
 target_sources(KTUtilityTests PRIVATE
-    Bindings/BinderSupport.h
     Bindings/BinderLifetimeTests.cpp
+    Bindings/BinderSupport.h
     Bindings/BinderTransformerTests.cpp
     Bindings/KTFieldDetailBinderTests.cpp
     Bindings/KTPropertyBinderTests.cpp

@@ -11,7 +11,6 @@ target_sources(KTUtility PRIVATE
     Platform/AppKit/NSMenuItem.cpp
     Platform/AppKit/NSNib.cpp
     Platform/AppKit/NSScreen.cpp
-    Platform/AppKit/SelectionProxy.cpp
     Platform/AppKit/NSSliderCell.cpp
     Platform/AppKit/NSTextField.cpp
     Platform/AppKit/NSTimer.cpp
@@ -19,4 +18,5 @@ target_sources(KTUtility PRIVATE
     Platform/AppKit/NSWindow.cpp
     Platform/AppKit/NSWindowController.cpp
     Platform/AppKit/NSWorkspace.cpp
+    Platform/AppKit/SelectionProxy.cpp
 )

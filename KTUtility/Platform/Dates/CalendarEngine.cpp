@@ -1,8 +1,8 @@
 #include "CalendarEngine_p.h"
 
-#include "TimeZoneRules_p.h"
 #include <KTUtility/Platform/Text/ICU_p.h>
 #include <KTUtility/Platform/Text/ThreadCache_p.h>
+#include <KTUtility/Platform/Zones/TimeZoneRules_p.h>
 
 #include <unicode/gregocal.h>
 

@@ -3,7 +3,7 @@
 #include "DateEnvironment_p.h"
 #include "DatePattern_p.h"
 #include "DateText_p.h"
-#include "TimeZoneRules_p.h"
+#include <KTUtility/Platform/Zones/TimeZoneRules_p.h>
 
 #include <unicode/smpdtfmt.h>
 

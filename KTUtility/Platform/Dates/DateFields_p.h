@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CivilDate_p.h"
-#include "TimeZoneRules_p.h"
+#include <KTUtility/Platform/Zones/TimeZoneRules_p.h>
 
 #include <optional>
 

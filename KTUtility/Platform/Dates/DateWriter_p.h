@@ -2,7 +2,7 @@
 
 #include "DateEnvironment_p.h"
 #include "DatePattern_p.h"
-#include "TimeZoneRules_p.h"
+#include <KTUtility/Platform/Zones/TimeZoneRules_p.h>
 
 #include <QString>
 

@@ -2,9 +2,8 @@
 
 #include "CalendarEngine_p.h"
 #include "DateFields_p.h"
-#include "SystemTimeZone_p.h"
+#include <KTUtility/Platform/Zones/SystemTimeZone_p.h>
 
-#include <QElapsedTimer>
 #include <QMutex>
 #include <QMutexLocker>
 
@@ -35,34 +34,6 @@ constexpr std::array<Component, 10> Components{{
     {NSMinuteCalendarUnit, &NSDateComponents::minute, UCAL_MINUTE},
     {NSSecondCalendarUnit, &NSDateComponents::second, UCAL_SECOND},
 }};
-
-/// The machine's zone, and what it came from.
-struct SystemZone
-{
-    QMutex mutex;
-    QByteArray variable;
-    QByteArray fingerprint;
-    QElapsedTimer sinceLook;
-    QTimeZone zone;
-};
-constexpr qint64 MillisecondsBetweenLooks = 60'000;
-
-/// Whether a zone is still that of the machine, which is looked at once a minute.
-bool isStillCurrent(SystemZone &known, const QByteArray &variable)
-{
-    if (!known.zone.isValid() || known.variable != variable)
-        return false;
-    if (!known.sinceLook.hasExpired(MillisecondsBetweenLooks))
-        return true;
-    known.sinceLook.start();
-    return known.fingerprint == SystemTimeZone::fingerprint();
-}
-
-SystemZone &systemZone()
-{
-    static SystemZone zone;
-    return zone;
-}
 
 QDateTime dateOf(double milliseconds, UErrorCode status)
 {
@@ -100,23 +71,12 @@ NSCalendar NSCalendar::calendarOfLocale(const NSLocale &locale)
 
 QTimeZone NSCalendar::systemTimeZone()
 {
-    SystemZone &known = systemZone();
-    const QByteArray variable = qgetenv("TZ");
-    const QMutexLocker lock(&known.mutex);
-    if (isStillCurrent(known, variable))
-        return known.zone;
-    known.variable = variable;
-    known.fingerprint = SystemTimeZone::fingerprint();
-    known.sinceLook.start();
-    known.zone = SystemTimeZone::zoneOf(variable);
-    return known.zone;
+    return SystemTimeZone::current();
 }
 
 void NSCalendar::resetSystemTimeZone()
 {
-    SystemZone &known = systemZone();
-    const QMutexLocker lock(&known.mutex);
-    known.zone = QTimeZone();
+    SystemTimeZone::reset();
 }
 
 int NSCalendar::firstWeekday() const

@@ -1,26 +1,23 @@
 target_sources(KTUtility PRIVATE
-    Platform/Dates/NSCalendar.cpp
     Platform/Dates/CalendarDateReader.cpp
     Platform/Dates/CalendarDateWriter.cpp
     Platform/Dates/CalendarEngine.cpp
-    Platform/Dates/NSClock.cpp
     Platform/Dates/DateEngine.cpp
     Platform/Dates/DateEnvironment.cpp
     Platform/Dates/DateFormatterAccess.cpp
-    Platform/Dates/NSDateFormatter.cpp
-    Platform/Dates/NSDateFormatterPrivate.cpp
     Platform/Dates/DateMatcher.cpp
     Platform/Dates/DateNames.cpp
     Platform/Dates/DatePattern.cpp
     Platform/Dates/DateSymbols.cpp
     Platform/Dates/DateWriter.cpp
+    Platform/Dates/NSCalendar.cpp
+    Platform/Dates/NSClock.cpp
+    Platform/Dates/NSDateFormatter.cpp
+    Platform/Dates/NSDateFormatterPrivate.cpp
     Platform/Dates/NSManualClock.cpp
-    Platform/Dates/ICUTimeZone.cpp
     Platform/Dates/NaturalLanguageDate.cpp
     Platform/Dates/NaturalLanguageReader.cpp
     Platform/Dates/NaturalLanguageTable.cpp
     Platform/Dates/NaturalLanguageWords.cpp
     Platform/Dates/September.cpp
-    Platform/Dates/SystemTimeZone.cpp
-    Platform/Dates/TimeZoneRules.cpp
 )

@@ -1,22 +1,22 @@
 target_sources(KTUtility PRIVATE
-    Platform/Files/NSBundle.cpp
     Platform/Files/DefaultsFile.cpp
     Platform/Files/FileCopy.cpp
     Platform/Files/FileRemoval.cpp
-    Platform/Files/NSFileHandle.cpp
-    Platform/Files/NSFileManager.cpp
     Platform/Files/FileRename.cpp
     Platform/Files/KTSaveFile.cpp
     Platform/Files/Module.cpp
+    Platform/Files/NSBundle.cpp
+    Platform/Files/NSFileHandle.cpp
+    Platform/Files/NSFileManager.cpp
     Platform/Files/NSPathUtilities.cpp
-    Platform/Files/PropertyListBinaryReader.cpp
-    Platform/Files/PropertyListFile.cpp
-    Platform/Files/PropertyListQuickReader.cpp
     Platform/Files/NSPropertyListSerialization.cpp
-    Platform/Files/PropertyListWriter.cpp
-    Platform/Files/PropertyListXMLReader.cpp
     Platform/Files/NSSearchPath.cpp
     Platform/Files/NSURL.cpp
     Platform/Files/NSURLConnection.cpp
     Platform/Files/NSUserDefaults.cpp
+    Platform/Files/PropertyListBinaryReader.cpp
+    Platform/Files/PropertyListFile.cpp
+    Platform/Files/PropertyListQuickReader.cpp
+    Platform/Files/PropertyListWriter.cpp
+    Platform/Files/PropertyListXMLReader.cpp
 )

@@ -1,9 +1,9 @@
 target_sources(KTUtility PRIVATE
     Platform/Numbers/NSFormatter.cpp
-    Platform/Numbers/NumberDigits.cpp
-    Platform/Numbers/NumberEngine.cpp
     Platform/Numbers/NSNumberFormatter.cpp
     Platform/Numbers/NSNumberFormatterPrivate.cpp
+    Platform/Numbers/NumberDigits.cpp
+    Platform/Numbers/NumberEngine.cpp
     Platform/Numbers/NumberPattern.cpp
     Platform/Numbers/NumberQuickPaths.cpp
     Platform/Numbers/NumberReader.cpp

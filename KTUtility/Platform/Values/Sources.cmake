@@ -1,6 +1,6 @@
 target_sources(KTUtility PRIVATE
-    Platform/Values/NSAttributedString.cpp
     Platform/Values/DecimalArithmetic.cpp
+    Platform/Values/NSAttributedString.cpp
     Platform/Values/NSDecimalNumber.cpp
     Platform/Values/NSDecimalNumberOperations.cpp
     Platform/Values/NSError.cpp

@@ -14,6 +14,4 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Dates/NSNaturalLanguageDateTests.cpp
     Platform/Dates/NSNaturalLanguageReaderTests.cpp
     Platform/Dates/NSSeptemberTests.cpp
-    Platform/Dates/NSTimeZoneRulesTests.cpp
-    Platform/Dates/SystemTimeZoneTests.cpp
 )

@@ -1,6 +1,6 @@
 target_sources(KTUtilityTests PRIVATE
-    Platform/Keys/NSClassTests.cpp
     Platform/Keys/InvokerTests.cpp
+    Platform/Keys/NSClassTests.cpp
     Platform/Keys/NSKeyValueCodingTests.cpp
     Platform/Keys/NSKeyValueObservationTests.cpp
     Platform/Keys/NSKeyValueObservingTests.cpp

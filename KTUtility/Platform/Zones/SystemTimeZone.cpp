@@ -1,7 +1,10 @@
 #include "SystemTimeZone_p.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QMutex>
+#include <QMutexLocker>
 #include <QRegularExpression>
 
 #include <array>
@@ -68,6 +71,33 @@ QTimeZone zoneUnknownToQt(const QByteArray &name)
     return name.startsWith('/') ? zoneOfFile(QFile::decodeName(name))
                                 : zoneOfRuleWithoutDates(name);
 }
+/// The machine's zone, and what it came from.
+struct SystemZone
+{
+    QMutex mutex;
+    QByteArray variable;
+    QByteArray fingerprint;
+    QElapsedTimer sinceLook;
+    QTimeZone zone;
+};
+constexpr qint64 MillisecondsBetweenLooks = 60'000;
+
+/// Whether a zone is still that of the machine, which is looked at once a minute.
+bool isStillCurrent(SystemZone &known, const QByteArray &variable)
+{
+    if (!known.zone.isValid() || known.variable != variable)
+        return false;
+    if (!known.sinceLook.hasExpired(MillisecondsBetweenLooks))
+        return true;
+    known.sinceLook.start();
+    return known.fingerprint == SystemTimeZone::fingerprint();
+}
+
+SystemZone &systemZone()
+{
+    static SystemZone zone;
+    return zone;
+}
 } // namespace
 
 QTimeZone SystemTimeZone::zoneOf(const QByteArray &variable)
@@ -92,4 +122,25 @@ QByteArray SystemTimeZone::fingerprint()
            QByteArray::number(qint64(status.st_ino)) + ' ' +
            QByteArray::number(qint64(status.st_mtim.tv_sec)) + ' ' +
            QByteArray::number(qint64(status.st_size));
+}
+
+QTimeZone SystemTimeZone::current()
+{
+    SystemZone &known = systemZone();
+    const QByteArray variable = qgetenv("TZ");
+    const QMutexLocker lock(&known.mutex);
+    if (isStillCurrent(known, variable))
+        return known.zone;
+    known.variable = variable;
+    known.fingerprint = fingerprint();
+    known.sinceLook.start();
+    known.zone = zoneOf(variable);
+    return known.zone;
+}
+
+void SystemTimeZone::reset()
+{
+    SystemZone &known = systemZone();
+    const QMutexLocker lock(&known.mutex);
+    known.zone = QTimeZone();
 }

@@ -1,7 +1,7 @@
 #include <KTUtility/NSCalendar>
 #include <KTUtility/NSDateFormatter>
-#include <KTUtility/Platform/Dates/SystemTimeZone_p.h>
-#include <KTUtility/Platform/Dates/TimeZoneRules_p.h>
+#include <KTUtility/Platform/Zones/SystemTimeZone_p.h>
+#include <KTUtility/Platform/Zones/TimeZoneRules_p.h>
 
 #include "support/LibcZone.h"
 #include "support/TestSupport.h"

@@ -1,7 +1,7 @@
 #include "TimeZoneRules_p.h"
 
 #include "ICUTimeZone_p.h"
-#include "NSCalendar.h"
+#include "SystemTimeZone_p.h"
 
 #include <QDateTime>
 #include <QMutex>
@@ -60,7 +60,7 @@ TimeZoneRules::TimeZoneRules(const QTimeZone &zone)
 const TimeZoneRules &TimeZoneRules::rulesOf(const QTimeZone &zone)
 {
     if (!zone.isValid())
-        return rulesOf(NSCalendar::systemTimeZone());
+        return rulesOf(SystemTimeZone::current());
     // Formatters are made by the dozen, all in one zone.
     struct Last
     {

@@ -1,4 +1,4 @@
-#include <KTUtility/Platform/Dates/TimeZoneRules_p.h>
+#include <KTUtility/Platform/Zones/TimeZoneRules_p.h>
 
 #include "support/LibcZone.h"
 #include "support/TestSupport.h"
@@ -17,12 +17,12 @@ const TimeZoneRules &rulesOf(const char *zone)
 constexpr qint64 Second = 1000;
 constexpr qint64 Hour = 3600 * Second;
 
-class NSTimeZoneRulesOf : public testing::TestWithParam<const char *>
+class TimeZoneRulesOf : public testing::TestWithParam<const char *>
 {
 };
 } // namespace
 
-TEST_P(NSTimeZoneRulesOf, HasTheOffsetsOfTheCLibrary)
+TEST_P(TimeZoneRulesOf, HasTheOffsetsOfTheCLibrary)
 {
     const LibcZone libc(GetParam());
     const TimeZoneRules &rules = rulesOf(GetParam());
@@ -35,7 +35,7 @@ TEST_P(NSTimeZoneRulesOf, HasTheOffsetsOfTheCLibrary)
     }
 }
 
-TEST_P(NSTimeZoneRulesOf, ReadsLocalTimesAroundEachChange)
+TEST_P(TimeZoneRulesOf, ReadsLocalTimesAroundEachChange)
 {
     const QTimeZone zone(GetParam());
     const TimeZoneRules &rules = TimeZoneRules::rulesOf(zone);
@@ -54,7 +54,7 @@ TEST_P(NSTimeZoneRulesOf, ReadsLocalTimesAroundEachChange)
     }
 }
 
-TEST_P(NSTimeZoneRulesOf, AreTheSameForICU)
+TEST_P(TimeZoneRulesOf, AreTheSameForICU)
 {
     const TimeZoneRules &rules = rulesOf(GetParam());
     for (qint64 time = -2'000'000'000; time < 3'000'000'000; time += 1'234'567) {
@@ -72,7 +72,7 @@ TEST_P(NSTimeZoneRulesOf, AreTheSameForICU)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Zones, NSTimeZoneRulesOf,
+INSTANTIATE_TEST_SUITE_P(Zones, TimeZoneRulesOf,
                          testing::Values("UTC", "America/New_York", "Europe/Berlin",
                                          "Europe/Dublin", "Asia/Kathmandu", "America/St_Johns",
                                          "Pacific/Apia", "Australia/Lord_Howe", "Africa/Casablanca",

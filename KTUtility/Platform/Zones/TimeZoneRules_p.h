@@ -1,5 +1,7 @@
 #pragma once
 
+// Private to the library. The rules of zones, for calendars and for what reads and writes dates.
+
 #include <KTUtility/KTUtilityExport.h>
 
 #include <unicode/timezone.h>
@@ -18,7 +20,7 @@ namespace KTPrivate {
 class KTUTILITY_EXPORT TimeZoneRules
 {
 public:
-    /// The rules of \a zone; those of NSCalendar::systemTimeZone() if it is invalid.
+    /// The rules of \a zone; those of SystemTimeZone::current() if it is invalid.
     static const TimeZoneRules &rulesOf(const QTimeZone &zone);
 
     /// How far a zone is from UTC, and how much of that is daylight saving time, in milliseconds.

@@ -1,10 +1,11 @@
 #pragma once
 
+// Private to the library. The zone of this machine and process (tzset(3)).
+
 #include <KTUtility/KTUtilityExport.h>
 
 #include <QTimeZone>
 
-// The zone of this machine and process (tzset(3)).
 namespace KTPrivate::SystemTimeZone {
 /// The zone that the environment and the machine name; UTC where they name none, as for the C
 /// library. Besides what Qt knows, \a variable, the value of TZ, may be a path of a zone's file, or
@@ -15,4 +16,10 @@ KTUTILITY_EXPORT QTimeZone zoneOf(const QByteArray &variable);
 /// What tells that the machine's zone is another one than before: changes with the link or file
 /// that names it.
 KTUTILITY_EXPORT QByteArray fingerprint();
+
+/// The zone of the process, by the variable TZ as it is now. The machine's own is looked at again
+/// once a minute.
+QTimeZone current();
+/// Looks it up again at its next use.
+void reset();
 } // namespace KTPrivate::SystemTimeZone

@@ -1,0 +1,5 @@
+target_sources(KTUtility PRIVATE
+    Platform/Zones/ICUTimeZone.cpp
+    Platform/Zones/SystemTimeZone.cpp
+    Platform/Zones/TimeZoneRules.cpp
+)

@@ -1,0 +1,4 @@
+target_sources(KTUtilityTests PRIVATE
+    Platform/Zones/SystemTimeZoneTests.cpp
+    Platform/Zones/TimeZoneRulesTests.cpp
+)
