@@ -54,21 +54,20 @@ QList<T> objectsSatisfyingCondition(const QList<T> &list, const NSSelector &sele
 /// The elements for which \a onTarget's method \a selector, called with the element and
 /// \a withContext, returns something other than 0; in order.
 /// \throws NSException NSInvalidArgumentException if two overloads of the method fit.
-template<typename T, typename Target>
-    requires KTPrivate::KeyValueCodable<Target> QList<T>
-    objectsSatisfyingCondition(const QList<T> &list, const NSSelector &selector,
-                               const Target &onTarget, const QVariant &withContext)
-    {
-        QList<T> result;
-        KTPrivate::Invoker condition(selector, {QVariant(), withContext});
-        const KTPrivate::KeyValueTarget target = KTPrivate::KeyValueTargets::target(onTarget);
-        for (const T &element : list) {
-            condition.setArgument(0, NSBoxed(element));
-            if (condition.isTrue(target))
-                result += element;
-        }
-        return result;
+template<typename T, KTPrivate::KeyValueCodable Target>
+QList<T> objectsSatisfyingCondition(const QList<T> &list, const NSSelector &selector,
+                                    const Target &onTarget, const QVariant &withContext)
+{
+    QList<T> result;
+    KTPrivate::Invoker condition(selector, {QVariant(), withContext});
+    const KTPrivate::KeyValueTarget target = KTPrivate::KeyValueTargets::target(onTarget);
+    for (const T &element : list) {
+        condition.setArgument(0, NSBoxed(element));
+        if (condition.isTrue(target))
+            result += element;
     }
+    return result;
+}
 
 /// The elements for which \a condition is true; in order.
 template<typename T, ConditionOver<T> F>
@@ -104,22 +103,21 @@ QVariantList arrayByPerformingSelector(const QList<T> &list, const NSSelector &s
 /// nil results are left out.
 /// \throws NSException NSInvalidArgumentException if the target has no such method, or two
 /// overloads of it fit.
-template<typename T, typename Target>
-    requires KTPrivate::KeyValueCodable<Target>
-        QVariantList arrayByPerformingSelector(const QList<T> &list, const NSSelector &selector,
-                                               const Target &onTarget, const QVariant &withObject)
-    {
-        QVariantList results;
-        KTPrivate::Invoker method(selector, {QVariant(), withObject});
-        const KTPrivate::KeyValueTarget target = KTPrivate::KeyValueTargets::target(onTarget);
-        for (const T &element : list) {
-            method.setArgument(0, NSBoxed(element));
-            const QVariant result = method.perform(target);
-            if (result.isValid())
-                results += result;
-        }
-        return results;
+template<typename T, KTPrivate::KeyValueCodable Target>
+QVariantList arrayByPerformingSelector(const QList<T> &list, const NSSelector &selector,
+                                       const Target &onTarget, const QVariant &withObject)
+{
+    QVariantList results;
+    KTPrivate::Invoker method(selector, {QVariant(), withObject});
+    const KTPrivate::KeyValueTarget target = KTPrivate::KeyValueTargets::target(onTarget);
+    for (const T &element : list) {
+        method.setArgument(0, NSBoxed(element));
+        const QVariant result = method.perform(target);
+        if (result.isValid())
+            results += result;
     }
+    return results;
+}
 
 /// The results of \a function for each element, as a typed list. Results that are nil (null
 /// pointers, null texts, invalid variants) are left out.
@@ -143,8 +141,7 @@ auto arrayByPerformingSelector(const QList<T> &list, F &&function)
 /// Calls \a onTarget's method \a selector with each element and \a withObject; results are ignored.
 /// \throws NSException NSInvalidArgumentException if the target has no such method, or two
 /// overloads of it fit.
-template<typename T, typename Target>
-    requires KTPrivate::KeyValueCodable<Target>
+template<typename T, KTPrivate::KeyValueCodable Target>
 void performSelector(const QList<T> &list, const NSSelector &selector, const Target &onTarget,
                      const QVariant &withObject)
 {

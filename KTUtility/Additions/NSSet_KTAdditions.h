@@ -82,14 +82,13 @@ S objectsSatisfyingCondition(const S &set, const NSSelector &selector,
         objectsSatisfyingCondition(Detail::allObjects(set), selector, withObject));
 }
 
-template<NSSetOf S, typename Target>
-    requires KTPrivate::KeyValueCodable<Target>
-        S objectsSatisfyingCondition(const S &set, const NSSelector &selector,
-                                     const Target &onTarget, const QVariant &withContext)
-    {
-        return Detail::setOf<S>(
-            objectsSatisfyingCondition(Detail::allObjects(set), selector, onTarget, withContext));
-    }
+template<NSSetOf S, KTPrivate::KeyValueCodable Target>
+S objectsSatisfyingCondition(const S &set, const NSSelector &selector, const Target &onTarget,
+                             const QVariant &withContext)
+{
+    return Detail::setOf<S>(
+        objectsSatisfyingCondition(Detail::allObjects(set), selector, onTarget, withContext));
+}
 
 template<NSSetOf S, ConditionOver<typename S::value_type> F>
 S objectsSatisfyingCondition(const S &set, F &&condition)

@@ -49,12 +49,13 @@ public:
     /// Binds, in place of what was bound before, and copies the value into the owner at once.
     /// \param binding is ignored.
     /// \param options NSValueTransformerBindingOption, else NSValueTransformerNameBindingOption,
-    /// say which transformer to use. \throws NSException NSUndefinedKeyException if an object on
-    /// the path lacks its key; nothing is bound then. Whatever the owner throws when its key is set
-    /// passes through.
+    /// say which transformer to use.
+    /// \throws NSException NSUndefinedKeyException if an object on the path lacks its key; nothing
+    /// is bound then. Whatever the owner throws when its key is set passes through.
     void bind(const QString &binding, QObject *toObject, const QString &withKeyPath,
               const QVariantMap &options = {});
-    /// Ends the binding; nothing if it is not bound. \param binding is ignored.
+    /// Ends the binding; nothing if it is not bound.
+    /// \param binding is ignored.
     void unbind(const QString &binding);
 
     /// The owner calls it after its key has changed: the value goes to the observed object, unless

@@ -26,7 +26,8 @@ public:
 
     /// Counts as running; shows nothing.
     void runDialog() override;
-    /// The alert is gone. \param sender is ignored.
+    /// The alert is gone.
+    /// \param sender is ignored.
     void endDialog(const QVariant &sender = {}) override;
 
     void windowDidBecomeKey(const NSNotification &notification) override;

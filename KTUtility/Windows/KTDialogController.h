@@ -55,7 +55,8 @@ public:
     /// ones. Without a window, as its interface file is missing, it ends at once.
     virtual void runDialog();
     /// Takes the dialog away; the next one of the host's queue follows on the next turn of the run
-    /// loop. \param sender is ignored; it lets a button call this.
+    /// loop.
+    /// \param sender is ignored; it lets a button call this.
     Q_INVOKABLE virtual void endDialog(const QVariant &sender = {});
 
     bool runAsSheet() const { return _runAsSheet; }

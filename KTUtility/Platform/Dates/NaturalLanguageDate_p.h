@@ -11,11 +11,11 @@
 /// says, in any order, a date, a time, or both:
 ///
 ///     date = today | tomorrow | yesterday | the day after tomorrow | …     relative to today
-///          | [next | last | this] weekday        next: the first after today, last: the last
-///          before | (next | last | this) (week | month | year) | in number unit | number unit ago
-///          | number unit from now      "a" is a number | month [day] [year] | day month [year] a
-///          month alone is its first day | numbers in the order of the formatter's pattern: 3/4,
-///          3/4/08, 2008-3-4
+///          | [next | last | this] weekday        next: the first after today, last: the last before
+///          | (next | last | this) (week | month | year)
+///          | in number unit | number unit ago | number unit from now      "a" is a number
+///          | month [day] [year] | day month [year]                a month alone is its first day
+///          | numbers in the order of the formatter's pattern: 3/4, 3/4/08, 2008-3-4
 ///     time = h:mm[:ss] [AM | PM] | h (AM | PM) | h o'clock | noon | midnight | morning | …
 ///          | h | h:          the hour of a day, 0 to 23
 ///     text = date [time] | time | now

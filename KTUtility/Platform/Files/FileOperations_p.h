@@ -28,7 +28,8 @@ auto uninterrupted(const Call &call)
     return result;
 }
 
-/// Opens a file, in spite of signals. \return its descriptor; below 0 if it cannot be opened.
+/// Opens a file, in spite of signals.
+/// \return its descriptor; below 0 if it cannot be opened.
 inline int openFile(const QByteArray &path, int flags, mode_t mode = 0)
 {
     return uninterrupted([&] { return ::open(path.constData(), flags | O_CLOEXEC, mode); });

@@ -63,11 +63,11 @@ concept Gadget = std::is_class_v<T> && !std::derived_from<T, QObject> && require
 };
 
 namespace KeyValueTargets {
-template<typename T>
-    requires std::derived_from<T, QObject> KeyValueTarget target(T *object)
-    {
-        return KeyValueTarget::of(object);
-    }
+template<std::derived_from<QObject> T>
+KeyValueTarget target(T *object)
+{
+    return KeyValueTarget::of(object);
+}
 
 template<Gadget T>
 KeyValueTarget target(T *gadget)

@@ -55,8 +55,8 @@ void setValue(const T &receiver, const QVariant &value, const QString &forKey)
 }
 
 /// Sets the key at the end of a path. Maps and gadgets on the way are copies that are put back. A
-/// nil on the way ignores it; a list there has the rest set on every element. \throws NSException
-/// as setValueOfTarget().
+/// nil on the way ignores it; a list there has the rest set on every element.
+/// \throws NSException as setValueOfTarget().
 KTUTILITY_EXPORT void setValueForKeyPath(QObject *receiver, const QVariant &value,
                                          const QString &path);
 } // namespace NSKeyValueCoding

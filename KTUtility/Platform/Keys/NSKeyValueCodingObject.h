@@ -29,7 +29,8 @@ public:
 
     /// The value of a key; nothing to have the object's properties looked at.
     virtual std::optional<QVariant> valueForKey(const QString &key) const = 0;
-    /// Sets the value of a key. \return false to have the object's properties looked at.
+    /// Sets the value of a key.
+    /// \return false to have the object's properties looked at.
     virtual bool setValueForKey(const QVariant &value, const QString &key) = 0;
     /// Somebody begins to observe a key that nobody observed.
     virtual void firstObserverCame(const QString &key);

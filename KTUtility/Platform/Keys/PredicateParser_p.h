@@ -45,7 +45,8 @@ private:
 };
 
 namespace PredicateOperators {
-/// Compares two values. \param options "c", "d", "cd" or nothing.
+/// Compares two values.
+/// \param options "c", "d", "cd" or nothing.
 bool compare(const QString &comparison, const QString &options, const QVariant &left,
              const QVariant &right);
 } // namespace PredicateOperators
