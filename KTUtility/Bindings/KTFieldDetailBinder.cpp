@@ -26,6 +26,20 @@ constexpr const char *FinishedRemoving = "fieldDetailObjectsFinishedRemoving";
 constexpr const char *FinishedRearrange = "fieldDetailObjectsFinishedRearrange";
 constexpr const char *SetAutoScroll = "setAutoScrollToInsertedObject:";
 
+/// The lines that failed assertions report. Deliberate: they are fixed and do not follow the
+/// source.
+namespace Line {
+constexpr int NeedsCreate = 44;
+constexpr int NeedsWasBound = 45;
+constexpr int NeedsWillBeDestroyed = 46;
+constexpr int NeedsController = 120;
+constexpr int NeedsKeyPath = 121;
+constexpr int NeedsFields = 144;
+constexpr int Insertion = 256;
+constexpr int Removal = 260;
+constexpr int Replacement = 264;
+} // namespace Line
+
 void fail(const QString &method, int line, const QString &description,
           std::initializer_list<NSFormatArgument> arguments = {})
 {
@@ -52,15 +66,14 @@ QVariant boxed(QObject *object)
 {
     return QVariant::fromValue(object);
 }
-
 } // namespace
 
 KTFieldDetailBinder::KTFieldDetailBinder(QObject *owner) : _owner(owner)
 {
     const KeyValueTarget target = KeyValueTarget::of(owner);
-    need(target, Create, 44);
-    need(target, WasBound, 45);
-    need(target, WillBeDestroyed, 46);
+    need(target, Create, Line::NeedsCreate);
+    need(target, WasBound, Line::NeedsWasBound);
+    need(target, WillBeDestroyed, Line::NeedsWillBeDestroyed);
 }
 
 KTFieldDetailBinder::~KTFieldDetailBinder()
@@ -98,9 +111,9 @@ void KTFieldDetailBinder::bindFields(QObject *object, const QString &keyPath,
                                      const QVariantMap &options)
 {
     if (!object)
-        failParameter(120, "observableController != nil");
+        failParameter(Line::NeedsController, "observableController != nil");
     if (keyPath.isEmpty())
-        failParameter(121, "[keyPath length] > 0");
+        failParameter(Line::NeedsKeyPath, "[keyPath length] > 0");
     unbindFields();
     NSKeyValueObserving::addObserver(object, this, keyPath,
                                      NSKeyValueObservingOptionNew | NSKeyValueObservingOptionOld,
@@ -119,7 +132,7 @@ void KTFieldDetailBinder::bindFieldDependent(const QString &name, QObject *objec
                                              const QString &keyPath, const QVariantMap &options)
 {
     if (!_observedObjectForFields) {
-        fail(u"bind:toObject:withKeyPath:options:"_s, 144,
+        fail(u"bind:toObject:withKeyPath:options:"_s, Line::NeedsFields,
              u"%@ binding is only valid when %@ binding is set."_s, {name, _fieldsBindingName});
         return;
     }
@@ -313,13 +326,13 @@ void KTFieldDetailBinder::observeValueForKeyPath(const QString &keyPath, QObject
         setFields();
         break;
     case NSKeyValueChangeInsertion:
-        fail(method, 256, unsupported);
+        fail(method, Line::Insertion, unsupported);
         break;
     case NSKeyValueChangeRemoval:
-        fail(method, 260, unsupported);
+        fail(method, Line::Removal, unsupported);
         break;
     case NSKeyValueChangeReplacement:
-        fail(method, 264, unsupported);
+        fail(method, Line::Replacement, unsupported);
         break;
     }
 }

@@ -40,8 +40,7 @@ class KTPropertyBinder;
 /// | `fieldDetailObjectsFinishedAdding()` | after all that came |
 /// | `fieldDetailObjectsFinishedRemoving()` | after all that went |
 /// | `fieldDetailObjectsFinishedRearrange()` | after every change of the collection |
-/// | `setAutoScrollToInsertedObject(bool)` | off while everything is replaced, on after each change
-/// |
+/// | `setAutoScrollToInsertedObject(bool)` | off while all is replaced, on after each change |
 ///
 /// An owner that holds the binder as a member declares it behind the members that these methods
 /// use.
@@ -95,11 +94,11 @@ public:
     // --- Binding
 
     /// Binds one of the owner's bindings, in place of what it was bound to; other names are
-    /// ignored. Bound to fields, all detail objects that are needed are made. \param options
-    /// NSValueTransformerBindingOption says which transformer makes the collection. \throws
-    /// NSException NSInternalInconsistencyException (through the assertion handler) if the fields
-    /// are bound to no object or an empty path, or if a binding for detail objects comes before the
-    /// fields; NSUndefinedKeyException for unknown keys.
+    /// ignored. Bound to fields, all detail objects that are needed are made.
+    /// \param options NSValueTransformerBindingOption says which transformer makes the collection.
+    /// \throws NSException NSInternalInconsistencyException (through the assertion handler) if the
+    /// fields are bound to no object or an empty path, or if a binding for detail objects comes
+    /// before the fields; NSUndefinedKeyException for unknown keys.
     void bind(const QString &binding, QObject *toObject, const QString &withKeyPath,
               const QVariantMap &options = {});
     /// Ends a binding. Without fields, no detail object stays; without a binding that is passed on,
