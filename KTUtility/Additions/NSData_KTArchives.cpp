@@ -1,4 +1,4 @@
-#include "NSData_KTAdditions.h"
+#include "NSData_KTArchives.h"
 
 #include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
 
@@ -8,8 +8,6 @@
 #include <memory>
 
 using namespace Qt::StringLiterals;
-
-// Data as a keyed archive, and digests.
 
 namespace {
 const QString ArchiveKey = u"__xml__archive__"_s;

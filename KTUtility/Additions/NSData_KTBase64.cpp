@@ -1,8 +1,7 @@
-#include "NSData_KTAdditions.h"
-
-#include <KTUtility/Platform/Text/ASCII_p.h>
+#include "NSData_KTBase64.h"
 
 #include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Text/ASCII_p.h>
 
 #include <algorithm>
 #include <array>
