@@ -2,7 +2,6 @@ target_sources(KTUtility PRIVATE
     Additions/CIImage_KTAdditions.cpp
     Additions/KTImageBadger.cpp
     Additions/KTStringTransformCache.cpp
-    Additions/KTString_KTDataTransformer.cpp
     Additions/NSArray_KTAdditions.cpp
     Additions/NSArray_KTUniqueNames.cpp
     Additions/NSAttributedString_KTAdditions.cpp

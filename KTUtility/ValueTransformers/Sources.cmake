@@ -6,4 +6,5 @@ target_sources(KTUtility PRIVATE
     ValueTransformers/KTSingleObjectFilter.cpp
     ValueTransformers/KTSingleObjectFilterNegated.cpp
     ValueTransformers/KTStringColorTransformer.cpp
+    ValueTransformers/KTString_KTDataTransformer.cpp
 )

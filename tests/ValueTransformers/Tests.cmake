@@ -1,3 +1,4 @@
 target_sources(KTUtilityTests PRIVATE
+    ValueTransformers/KTString_KTDataTransformerTests.cpp
     ValueTransformers/TransformerTests.cpp
 )
