@@ -1,15 +1,19 @@
 #include "KTPlugInManager.h"
 
+#include "PlugInCode_p.h"
+#include "PlugInDefaults_p.h"
 #include <KTUtility/Bundle/KTDatabaseBundle.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
+#include <KTUtility/Platform/Keys/NSClass.h>
 
 #include <utility>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
-// Which plug-ins there are, and which of them the user wants. How they are loaded is in
-// KTPlugInLoading.cpp, their settings are in KTPlugInDefaults.cpp.
+// Hooks and plug-ins may call the manager, so that nothing here keeps references into its
+// dictionaries across such a call.
 
 namespace {
 /// A folder below another; "%@" in the component is the name.
@@ -153,7 +157,164 @@ void KTPlugInManager::setFailure(const QString &path, const QString &error)
         status->lastError = error;
 }
 
+// --- Loading ------------------------------------------------------------------------------------
+
+bool KTPlugInManager::isPluginLoaded(const QString &identifier) const
+{
+    return pluginWithIdentifier(identifier) != nullptr;
+}
+
+QObject *KTPlugInManager::pluginWithIdentifier(const QString &identifier) const
+{
+    return _instancesByIdentifier.value(identifier).object;
+}
+
+QList<QObject *> KTPlugInManager::allLoadedPlugins() const
+{
+    QList<QObject *> plugins;
+    for (const Instance &instance : _instancesByIdentifier) {
+        if (instance.object)
+            plugins += instance.object;
+    }
+    return plugins;
+}
+
+void KTPlugInManager::loadAllPlugins()
+{
+    for (const QString &identifier : _pluginsByIdentifier.keys()) {
+        if (isPluginEnabled(identifier))
+            loadPluginWithIdentifier(identifier);
+    }
+    finishedLoadingPlugins();
+}
+
+QObject *KTPlugInManager::loadPluginWithIdentifier(const QString &identifier)
+{
+    const auto registered = _pluginsByIdentifier.constFind(identifier);
+    if (registered == _pluginsByIdentifier.constEnd() || isPluginLoaded(identifier))
+        return nullptr;
+    NSBundle bundle = *registered;
+    const NSClass *const principalClass = loadClass(bundle);
+    std::unique_ptr<QObject> object =
+        principalClass ? makeInstance(bundle, *principalClass) : nullptr;
+    if (!principalClass || !object) {
+        setState(bundle.bundlePath(), KTPlugInState::Failed);
+        return nullptr;
+    }
+    const QPointer<QObject> plugin = adopt(std::move(object), *principalClass, identifier);
+    setState(bundle.bundlePath(), KTPlugInState::Loaded);
+    didLoadPlugin(plugin, bundle);
+    return plugin;
+}
+
+/// Loads the code and takes the principal class of a bundle; null if there is none. Deliberate: a
+/// class that does not conform is logged, the code given back, and the class loaded all the same.
+const NSClass *KTPlugInManager::loadClass(NSBundle &bundle)
+{
+    QString error;
+    const NSClass *const principalClass = bundle.principalClass(&error);
+    clearFailure(bundle.bundlePath());
+    setFailure(bundle.bundlePath(), error);
+    if (_protocol.isNil() || (principalClass && principalClass->conformsToProtocol(_protocol)))
+        return principalClass;
+    const QString &protocol = _protocol.description();
+    KTLogger::sharedLogger()->logComponent(kLog_invalid, 4, "PlugIns/KTPlugInManager", 150,
+                                           u"Plug-in does not conform to %@", protocol);
+    if (principalClass)
+        setFailure(bundle.bundlePath(), u"does not conform to "_s + protocol);
+    bundle.unload();
+    return principalClass;
+}
+
+std::unique_ptr<QObject> KTPlugInManager::makeInstance(const NSBundle &bundle,
+                                                       const NSClass &principalClass)
+{
+    QString error;
+    std::unique_ptr<QObject> object =
+        PlugInCode::newInstance(principalClass, bundle, _coordinator, &error);
+    setFailure(bundle.bundlePath(), error);
+    return object;
+}
+
+/// Takes an instance over, in place of one that was made meanwhile.
+QObject *KTPlugInManager::adopt(std::unique_ptr<QObject> object, const NSClass &principalClass,
+                                const QString &identifier)
+{
+    delete pluginWithIdentifier(identifier);
+    _instancesByIdentifier.insert(identifier, {object.get(), &principalClass});
+    return object.release();
+}
+
+// --- Unloading and reloading --------------------------------------------------------------------
+
+void KTPlugInManager::unloadPluginWithIdentifier(const QString &identifier, bool deleteFromDatabase)
+{
+    if (!isPluginLoaded(identifier))
+        return;
+    const QString path = pathOfPlugin(identifier);
+    const Instance instance = _instancesByIdentifier.value(identifier);
+    setFailure(path, PlugInCode::tellWillUnload(instance.principalClass));
+    if (instance.object)
+        willUnloadPlugin(instance.object, deleteFromDatabase);
+    _instancesByIdentifier.remove(identifier);
+    setState(path, KTPlugInState::Registered);
+    setFailure(path, PlugInCode::tellDidUnload(instance.principalClass));
+    delete instance.object.data();
+}
+
+void KTPlugInManager::reloadPlugins()
+{
+    for (const QString &identifier : _instancesByIdentifier.keys()) {
+        if (isPluginLoaded(identifier) && _pluginsByIdentifier.contains(identifier))
+            reloadPlugin(identifier);
+    }
+    finishedLoadingPlugins();
+}
+
+void KTPlugInManager::reloadPlugin(const QString &identifier)
+{
+    NSBundle bundle = *_pluginsByIdentifier.constFind(identifier);
+    const QPointer<QObject> plugin = pluginWithIdentifier(identifier);
+    QString error;
+    const NSClass *const principalClass = bundle.principalClass(&error);
+    setFailure(bundle.bundlePath(), error);
+    setFailure(bundle.bundlePath(), PlugInCode::tellWillUnload(principalClass));
+    if (principalClass)
+        setFailure(bundle.bundlePath(),
+                   PlugInCode::tellDidLoad(*principalClass, bundle, _coordinator));
+    if (plugin)
+        didLoadPlugin(plugin, bundle);
+}
+
+// --- Settings -----------------------------------------------------------------------------------
+
+QVariant KTPlugInManager::pluginDefaultsObjectForKey(const QString &key) const
+{
+    return PlugInDefaults::objectForKey(key);
+}
+
+bool KTPlugInManager::pluginDefaultsSetObject(const QVariant &object, const QString &forKey)
+{
+    return PlugInDefaults::setObject(object, forKey);
+}
+
+bool KTPlugInManager::pluginDefaultsRegisterDefaults(const QVariantMap &defaults)
+{
+    return PlugInDefaults::registerDefaults(defaults);
+}
+
 // --- Enabling -----------------------------------------------------------------------------------
+
+bool KTPlugInManager::isPluginEnabled(const QString &identifier) const
+{
+    return PlugInDefaults::isInList(identifier, _enabledKey);
+}
+
+// Deliberate: enabling twice lists a plug-in twice; disabling removes both.
+bool KTPlugInManager::setEnabledForPlugin(bool enabled, const QString &identifier)
+{
+    return PlugInDefaults::setInList(enabled, identifier, _enabledKey);
+}
 
 void KTPlugInManager::enablePluginWithIdentifier(const QString &identifier)
 {

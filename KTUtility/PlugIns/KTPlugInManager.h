@@ -11,8 +11,6 @@
 #include <QPointer>
 #include <QVariantMap>
 
-class KTPlugInClass;
-
 /// Finds, loads, enables and unloads the plug-ins of one kind.
 ///
 /// A plug-in is a folder "Name.bundle" with Contents/Info.plist, which names its identifier
@@ -81,8 +79,8 @@ public:
     bool pluginDefaultsSetObject(const QVariant &object, const QString &forKey);
     /// Adds the keys that the domain lacks and writes it. Unlike
     /// NSUserDefaults::registerDefaults(), these values are written, and existing ones stay even if
-    /// the program's change. \return as for pluginDefaultsSetObject(); nothing is added if one
-    /// value is no property list.
+    /// the program's change.
+    /// \return as for pluginDefaultsSetObject(); nothing is added if one value is no property list.
     bool pluginDefaultsRegisterDefaults(const QVariantMap &defaults);
 
     // --- Finding
@@ -176,10 +174,6 @@ private:
     QObject *adopt(std::unique_ptr<QObject> object, const NSClass &principalClass,
                    const QString &identifier);
     void reloadPlugin(const QString &identifier);
-    void tellDidLoad(const NSBundle &bundle, const NSClass &principalClass);
-    void tell(const QString &path, const NSClass *principalClass,
-              void (KTPlugInClass::*message)() const);
-    QVariantList enabledIdentifiers() const;
     QString pathOfPlugin(const QString &identifier) const;
     void setState(const QString &path, KTPlugInState state);
     void clearFailure(const QString &path);

@@ -1,6 +1,6 @@
 target_sources(KTUtility PRIVATE
     PlugIns/KTPlugInClass.cpp
-    PlugIns/KTPlugInDefaults.cpp
-    PlugIns/KTPlugInLoading.cpp
     PlugIns/KTPlugInManager.cpp
+    PlugIns/PlugInCode.cpp
+    PlugIns/PlugInDefaults.cpp
 )

@@ -1,7 +1,7 @@
-#include "KTPlugInManager.h"
+#include "PlugInDefaults_p.h"
 
 #include <KTUtility/Platform/Files/DefaultsFile_p.h>
-
+#include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Files/NSUserDefaults.h>
 #include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/Platform/Values/NSObject.h>
@@ -10,8 +10,6 @@
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
-
-// What plug-ins and their manager keep in "<host identifier>.plugins".
 
 namespace {
 QString domainName()
@@ -37,7 +35,7 @@ QVariantMap domain()
     return storedDomain().value_or(QVariantMap());
 }
 
-void setObject(const QVariant &object, const QString &key, QVariantMap &values)
+void setValue(const QVariant &object, const QString &key, QVariantMap &values)
 {
     if (NSObject::isNil(object))
         values.remove(key);
@@ -67,21 +65,21 @@ bool storeDomain(const QVariantMap &values)
 }
 } // namespace
 
-QVariant KTPlugInManager::pluginDefaultsObjectForKey(const QString &key) const
+QVariant PlugInDefaults::objectForKey(const QString &key)
 {
     return key.isNull() ? QVariant() : domain().value(key);
 }
 
-bool KTPlugInManager::pluginDefaultsSetObject(const QVariant &object, const QString &forKey)
+bool PlugInDefaults::setObject(const QVariant &object, const QString &forKey)
 {
     std::optional<QVariantMap> values = storedDomain();
     if (forKey.isNull() || !values)
         return false;
-    setObject(object, forKey, *values);
+    setValue(object, forKey, *values);
     return storeDomain(*values);
 }
 
-bool KTPlugInManager::pluginDefaultsRegisterDefaults(const QVariantMap &defaults)
+bool PlugInDefaults::registerDefaults(const QVariantMap &defaults)
 {
     const std::optional<QVariantMap> stored = storedDomain();
     if (!stored)
@@ -91,32 +89,25 @@ bool KTPlugInManager::pluginDefaultsRegisterDefaults(const QVariantMap &defaults
     return storeDomain(values);
 }
 
-/// The list of enabled plug-ins; empty if something else is stored.
-QVariantList KTPlugInManager::enabledIdentifiers() const
+bool PlugInDefaults::isInList(const QString &identifier, const QString &key)
 {
-    return listIn(domain(), _enabledKey);
-}
-
-bool KTPlugInManager::isPluginEnabled(const QString &identifier) const
-{
-    const QVariantList identifiers = enabledIdentifiers();
-    return std::any_of(identifiers.begin(), identifiers.end(), [&](const QVariant &enabled) {
-        return NSObject::isEqualTo(enabled, identifier);
+    const QVariantList identifiers = listIn(domain(), key);
+    return std::any_of(identifiers.begin(), identifiers.end(), [&](const QVariant &listed) {
+        return NSObject::isEqualTo(listed, identifier);
     });
 }
 
-// Deliberate: enabling twice lists a plug-in twice; disabling removes both.
-bool KTPlugInManager::setEnabledForPlugin(bool enabled, const QString &identifier)
+bool PlugInDefaults::setInList(bool isIn, const QString &identifier, const QString &key)
 {
     std::optional<QVariantMap> values = storedDomain();
-    if (identifier.isNull() || _enabledKey.isNull() || !values)
+    if (identifier.isNull() || key.isNull() || !values)
         return false;
-    QVariantList identifiers = listIn(*values, _enabledKey);
-    if (enabled)
+    QVariantList identifiers = listIn(*values, key);
+    if (isIn)
         identifiers.append(identifier);
     else
         identifiers.removeIf(
             [&](const QVariant &entry) { return NSObject::isEqualTo(entry, identifier); });
-    setObject(identifiers, _enabledKey, *values);
+    setValue(identifiers, key, *values);
     return storeDomain(*values);
 }
