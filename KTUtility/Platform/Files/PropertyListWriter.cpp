@@ -4,6 +4,7 @@
 
 #include "NSPropertyListSerialization.h"
 #include <KTUtility/Platform/Values/NSDecimalNumber.h>
+#include <KTUtility/Platform/Values/VariantKind_p.h>
 
 #include <QDateTime>
 
@@ -12,6 +13,7 @@
 #include <charconv>
 #include <cmath>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -173,49 +175,40 @@ private:
     {
         if (depth > MaximumDepth)
             return fail(u"nested too deep"_s);
-        switch (value.typeId()) {
-        case QMetaType::Bool:
+        switch (kindOf(value)) {
+        case VariantKind::Bool:
             writeLine(depth, value.toBool() ? "<true/>" : "<false/>");
             return true;
-        case QMetaType::Int:
-        case QMetaType::Long:
-        case QMetaType::LongLong:
-        case QMetaType::Short:
-        case QMetaType::Char:
-        case QMetaType::SChar:
+        case VariantKind::Signed:
             writeLine(depth, "<integer>" + QByteArray::number(value.toLongLong()) + "</integer>");
             return true;
-        case QMetaType::UInt:
-        case QMetaType::ULong:
-        case QMetaType::ULongLong:
-        case QMetaType::UShort:
-        case QMetaType::UChar:
+        case VariantKind::Unsigned:
             writeLine(depth, "<integer>" + QByteArray::number(value.toULongLong()) + "</integer>");
             return true;
-        case QMetaType::Double:
-        case QMetaType::Float:
+        case VariantKind::Double:
             writeLine(depth, "<real>" + realText(value.toDouble()) + "</real>");
             return true;
-        case QMetaType::QString:
+        case VariantKind::Decimal:
+            return writeDecimal(value.value<NSDecimalNumber>(), depth);
+        case VariantKind::Text:
             return value.toString().isNull() ? fail(u"nil"_s)
                                              : writeText("string", value.toString(), depth);
-        case QMetaType::QDateTime:
+        case VariantKind::Date:
             return writeDate(value.toDateTime(), depth);
-        case QMetaType::QByteArray:
+        case VariantKind::Data:
             writeData(value.toByteArray(), depth);
             return true;
-        case QMetaType::QVariantList:
-        case QMetaType::QStringList:
+        case VariantKind::List:
             return writeArray(value.toList(), depth);
-        case QMetaType::QVariantMap:
+        case VariantKind::Map:
             return writeDictionary(value.toMap(), depth);
-        default:
-            if (value.metaType() == QMetaType::fromType<NSDecimalNumber>())
-                return writeDecimal(value.value<NSDecimalNumber>(), depth);
-            return fail(value.isValid()
-                            ? u"no property list type: "_s + QString::fromLatin1(value.typeName())
-                            : u"nil"_s);
+        case VariantKind::Nil:
+            return fail(u"nil"_s);
+        case VariantKind::Object:
+        case VariantKind::Other:
+            break;
         }
+        return fail(u"no property list type: "_s + QString::fromLatin1(value.typeName()));
     }
 
     QByteArray _bytes;

@@ -2,6 +2,7 @@
 
 #include "NSDecimalNumber.h"
 #include "NSStringValues.h"
+#include "VariantKind_p.h"
 
 #include <QDateTime>
 #include <QHash>
@@ -13,71 +14,10 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
-enum class Family {
-    Nil,
-    Signed,
-    Unsigned,
-    Double,
-    Decimal,
-    Text,
-    Date,
-    Data,
-    List,
-    Map,
-    Object,
-    Other
-};
-
-Family familyOf(const QVariant &value)
-{
-    switch (value.typeId()) {
-    case QMetaType::UnknownType:
-        return Family::Nil;
-    case QMetaType::Bool:
-    case QMetaType::Int:
-    case QMetaType::Long:
-    case QMetaType::LongLong:
-    case QMetaType::Short:
-    case QMetaType::Char:
-    case QMetaType::SChar:
-        return Family::Signed;
-    case QMetaType::UInt:
-    case QMetaType::ULong:
-    case QMetaType::ULongLong:
-    case QMetaType::UShort:
-    case QMetaType::UChar:
-        return Family::Unsigned;
-    case QMetaType::Double:
-    case QMetaType::Float:
-        return Family::Double;
-    case QMetaType::QString:
-        return Family::Text;
-    case QMetaType::QDateTime:
-        return Family::Date;
-    case QMetaType::QByteArray:
-        return Family::Data;
-    case QMetaType::QVariantList:
-    case QMetaType::QStringList:
-        return Family::List;
-    case QMetaType::QVariantMap:
-    case QMetaType::QVariantHash:
-        return Family::Map;
-    default:
-        break;
-    }
-    if (value.metaType() == QMetaType::fromType<NSDecimalNumber>())
-        return Family::Decimal;
-    return value.metaType().flags() & QMetaType::PointerToQObject ? Family::Object : Family::Other;
-}
-
-bool isNumeric(Family family)
-{
-    return family >= Family::Signed && family <= Family::Decimal;
-}
-
 const QString &textOf(const QVariant &value)
 {
     return *static_cast<const QString *>(value.constData());
@@ -104,12 +44,13 @@ NSDecimalNumber decimalOfDouble(double value)
 
 NSDecimalNumber decimalOf(const QVariant &value)
 {
-    switch (familyOf(value)) {
-    case Family::Decimal:
+    switch (kindOf(value)) {
+    case VariantKind::Decimal:
         return value.value<NSDecimalNumber>();
-    case Family::Signed:
+    case VariantKind::Bool:
+    case VariantKind::Signed:
         return NSDecimalNumber(value.toLongLong());
-    case Family::Double:
+    case VariantKind::Double:
         return decimalOfDouble(value.toDouble());
     default:
         return NSDecimalNumber::decimalNumberWithString(QString::number(value.toULongLong()));
@@ -117,14 +58,14 @@ NSDecimalNumber decimalOf(const QVariant &value)
 }
 
 /// Integers of any signedness, exactly.
-std::weak_ordering compareIntegers(const QVariant &left, Family leftFamily, const QVariant &right,
-                                   Family rightFamily)
+std::weak_ordering compareIntegers(const QVariant &left, VariantKind leftKind,
+                                   const QVariant &right, VariantKind rightKind)
 {
-    if (leftFamily == Family::Signed && rightFamily == Family::Signed)
+    if (leftKind == VariantKind::Signed && rightKind == VariantKind::Signed)
         return left.toLongLong() <=> right.toLongLong();
-    if (leftFamily == Family::Signed && left.toLongLong() < 0)
+    if (leftKind == VariantKind::Signed && left.toLongLong() < 0)
         return std::weak_ordering::less;
-    if (rightFamily == Family::Signed && right.toLongLong() < 0)
+    if (rightKind == VariantKind::Signed && right.toLongLong() < 0)
         return std::weak_ordering::greater;
     return left.toULongLong() <=> right.toULongLong();
 }
@@ -140,7 +81,7 @@ std::weak_ordering compareDoubles(double left, double right)
 }
 
 /// A double against an integer, without rounding the integer: by whole parts, then by fraction.
-std::weak_ordering compareDoubleToInteger(double left, const QVariant &right, Family rightFamily)
+std::weak_ordering compareDoubleToInteger(double left, const QVariant &right, VariantKind rightKind)
 {
     if (std::isnan(left) || left >= 0x1p64)
         return std::weak_ordering::greater;
@@ -149,15 +90,15 @@ std::weak_ordering compareDoubleToInteger(double left, const QVariant &right, Fa
     const double whole = std::trunc(left);
     const auto order =
         whole >= 0x1p63
-            ? compareIntegers(QVariant(quint64(whole)), Family::Unsigned, right, rightFamily)
-            : compareIntegers(QVariant(qlonglong(whole)), Family::Signed, right, rightFamily);
+            ? compareIntegers(QVariant(quint64(whole)), VariantKind::Unsigned, right, rightKind)
+            : compareIntegers(QVariant(qlonglong(whole)), VariantKind::Signed, right, rightKind);
     return order != 0 ? order : compareDoubles(left, whole);
 }
 
 double doubleOf(const QVariant &number)
 {
-    return familyOf(number) == Family::Decimal ? number.value<NSDecimalNumber>().doubleValue()
-                                               : number.toDouble();
+    return kindOf(number) == VariantKind::Decimal ? number.value<NSDecimalNumber>().doubleValue()
+                                                  : number.toDouble();
 }
 
 /// Numbers of which one is a decimal. Doubles beyond the range of decimals are compared as doubles.
@@ -170,18 +111,18 @@ std::weak_ordering compareDecimals(const QVariant &left, const QVariant &right)
     return leftDecimal <=> rightDecimal;
 }
 
-std::weak_ordering compareNumbers(const QVariant &left, Family leftFamily, const QVariant &right,
-                                  Family rightFamily)
+std::weak_ordering compareNumbers(const QVariant &left, VariantKind leftKind, const QVariant &right,
+                                  VariantKind rightKind)
 {
-    if (leftFamily == Family::Decimal || rightFamily == Family::Decimal)
+    if (leftKind == VariantKind::Decimal || rightKind == VariantKind::Decimal)
         return compareDecimals(left, right);
-    if (leftFamily == Family::Double && rightFamily == Family::Double)
+    if (leftKind == VariantKind::Double && rightKind == VariantKind::Double)
         return compareDoubles(left.toDouble(), right.toDouble());
-    if (leftFamily == Family::Double)
-        return compareDoubleToInteger(left.toDouble(), right, rightFamily);
-    if (rightFamily == Family::Double)
-        return 0 <=> compareDoubleToInteger(right.toDouble(), left, leftFamily);
-    return compareIntegers(left, leftFamily, right, rightFamily);
+    if (leftKind == VariantKind::Double)
+        return compareDoubleToInteger(left.toDouble(), right, rightKind);
+    if (rightKind == VariantKind::Double)
+        return 0 <=> compareDoubleToInteger(right.toDouble(), left, leftKind);
+    return compareIntegers(left, leftKind, right, rightKind);
 }
 
 bool areListsEqual(const QVariantList &left, const QVariantList &right)
@@ -195,27 +136,27 @@ bool areMapsEqual(const QVariantMap &left, const QVariantMap &right)
     return left.keys() == right.keys() && areListsEqual(left.values(), right.values());
 }
 
-bool areSameFamilyEqual(Family family, const QVariant &left, const QVariant &right)
+bool areSameKindEqual(VariantKind kind, const QVariant &left, const QVariant &right)
 {
-    switch (family) {
-    case Family::Nil:
+    switch (kind) {
+    case VariantKind::Nil:
         return true;
-    case Family::Text:
+    case VariantKind::Text:
         return textOf(left) == textOf(right);
-    case Family::Object:
+    case VariantKind::Object:
         return objectOf(left) == objectOf(right);
-    case Family::List:
+    case VariantKind::List:
         return areListsEqual(left.toList(), right.toList());
-    case Family::Map:
+    case VariantKind::Map:
         return areMapsEqual(left.toMap(), right.toMap());
     default:
         return left.metaType() == right.metaType() && left == right;
     }
 }
 
-size_t hashOfNumber(const QVariant &value, Family family)
+size_t hashOfNumber(const QVariant &value, VariantKind kind)
 {
-    if (family == Family::Decimal)
+    if (kind == VariantKind::Decimal)
         return qHash(value.value<NSDecimalNumber>().doubleValue());
     return qHash(value.toDouble());
 }
@@ -271,7 +212,7 @@ QString describeAtDepth(const QVariant &value, int depth);
 QString describeElement(const QVariant &value, int depth)
 {
     QString text = describeAtDepth(value, depth);
-    if (familyOf(value) != Family::Text || !needsQuotes(text))
+    if (kindOf(value) != VariantKind::Text || !needsQuotes(text))
         return text;
     return u'"' + text.replace(u'\\', QLatin1String("\\\\")).replace(u'"', QLatin1String("\\\"")) +
            u'"';
@@ -297,23 +238,34 @@ QString describeMap(const QVariantMap &map, int depth)
     return text + QString(qsizetype(depth) * 4, u' ') + u'}';
 }
 
-QString describeNumber(const QVariant &value, Family family)
+QString describeNumber(const QVariant &value, VariantKind kind)
 {
-    switch (family) {
-    case Family::Decimal:
+    switch (kind) {
+    case VariantKind::Decimal:
         return value.value<NSDecimalNumber>().description();
-    case Family::Double:
+    case VariantKind::Double:
         return QString::number(value.toDouble(), 'g', QLocale::FloatingPointShortest);
-    case Family::Unsigned:
+    case VariantKind::Unsigned:
         return QString::number(value.toULongLong());
     default:
         return QString::number(value.toLongLong());
     }
 }
 
+/// The characters that Qt makes no texts of; nil for other values.
+QString textOfCharacter(const QVariant &value)
+{
+    if (value.typeId() == QMetaType::Char16)
+        return QChar(value.value<char16_t>());
+    if (value.typeId() != QMetaType::Char32)
+        return {};
+    const auto character = value.value<char32_t>();
+    return QString::fromUcs4(&character, 1);
+}
+
 QString describeOther(const QVariant &value)
 {
-    QString text;
+    QString text = textOfCharacter(value);
     if (value.canConvert<QString>())
         text = value.toString();
     return text.isEmpty() ? u'<' + QString::fromLatin1(value.typeName()) + u'>' : text;
@@ -327,33 +279,33 @@ QString describeAtDepth(const QVariant &value, int depth)
         return u"<null>"_s;
     if (depth > DeepestDescription)
         return u"..."_s;
-    switch (const Family family = familyOf(value)) {
-    case Family::Text:
+    switch (const VariantKind kind = kindOf(value)) {
+    case VariantKind::Text:
         return textOf(value);
-    case Family::Date:
+    case VariantKind::Date:
         return describeDate(value.toDateTime());
-    case Family::Data:
+    case VariantKind::Data:
         return describeData(value.toByteArray());
-    case Family::List:
+    case VariantKind::List:
         return describeList(value.toList(), depth);
-    case Family::Map:
+    case VariantKind::Map:
         return describeMap(value.toMap(), depth);
-    case Family::Object:
+    case VariantKind::Object:
         return describeObject(objectOf(value));
     default:
-        return isNumeric(family) ? describeNumber(value, family) : describeOther(value);
+        return isNumeric(kind) ? describeNumber(value, kind) : describeOther(value);
     }
 }
 } // namespace
 
 bool NSObject::isNil(const QVariant &value)
 {
-    switch (familyOf(value)) {
-    case Family::Nil:
+    switch (kindOf(value)) {
+    case VariantKind::Nil:
         return true;
-    case Family::Text:
+    case VariantKind::Text:
         return textOf(value).isNull();
-    case Family::Object:
+    case VariantKind::Object:
         return !objectOf(value);
     default:
         return false;
@@ -362,19 +314,19 @@ bool NSObject::isNil(const QVariant &value)
 
 bool NSObject::isNumber(const QVariant &value)
 {
-    return isNumeric(familyOf(value));
+    return isNumeric(kindOf(value));
 }
 
 bool NSObject::isEqual(const QVariant &left, const QVariant &right)
 {
-    const Family leftFamily = familyOf(left);
-    const Family rightFamily = familyOf(right);
-    if (isNumeric(leftFamily) && isNumeric(rightFamily))
-        return compareNumbers(left, leftFamily, right, rightFamily) == 0;
+    const VariantKind leftKind = kindOf(left);
+    const VariantKind rightKind = kindOf(right);
+    if (isNumeric(leftKind) && isNumeric(rightKind))
+        return compareNumbers(left, leftKind, right, rightKind) == 0;
     const bool isLeftNil = isNil(left);
     if (isLeftNil || isNil(right))
         return isLeftNil && isNil(right);
-    return leftFamily == rightFamily && areSameFamilyEqual(leftFamily, left, right);
+    return leftKind == rightKind && areSameKindEqual(leftKind, left, right);
 }
 
 bool NSObject::isEqualTo(const QVariant &left, const QVariant &right)
@@ -386,11 +338,11 @@ bool NSObject::isIdenticalTo(const QVariant &left, const QVariant &right)
 {
     if (left.metaType() != right.metaType())
         return false;
-    switch (familyOf(left)) {
-    case Family::Text:
+    switch (kindOf(left)) {
+    case VariantKind::Text:
         return textOf(left).constData() == textOf(right).constData() &&
                textOf(left).size() == textOf(right).size();
-    case Family::Data:
+    case VariantKind::Data:
         return left.toByteArray().constData() == right.toByteArray().constData();
     default:
         return isEqual(left, right);
@@ -399,12 +351,12 @@ bool NSObject::isIdenticalTo(const QVariant &left, const QVariant &right)
 
 qint64 NSObject::integerValue(const QVariant &value)
 {
-    switch (familyOf(value)) {
-    case Family::Text:
+    switch (kindOf(value)) {
+    case VariantKind::Text:
         return NSString::integerValue(textOf(value));
-    case Family::Decimal:
+    case VariantKind::Decimal:
         return value.value<NSDecimalNumber>().integerValue();
-    case Family::Double:
+    case VariantKind::Double:
         return isWhole(std::trunc(value.toDouble())) ? qint64(value.toDouble()) : 0;
     default:
         return isNumber(value) ? value.toLongLong() : 0;
@@ -413,28 +365,28 @@ qint64 NSObject::integerValue(const QVariant &value)
 
 bool NSObject::boolValue(const QVariant &value)
 {
-    if (familyOf(value) == Family::Text)
+    if (kindOf(value) == VariantKind::Text)
         return NSString::boolValue(textOf(value));
     return isNumber(value) && !isEqual(value, QVariant(0));
 }
 
 size_t NSObject::hash(const QVariant &value)
 {
-    const Family family = familyOf(value);
-    if (isNumeric(family))
-        return hashOfNumber(value, family);
-    switch (family) {
-    case Family::Text:
+    const VariantKind kind = kindOf(value);
+    if (isNumeric(kind))
+        return hashOfNumber(value, kind);
+    switch (kind) {
+    case VariantKind::Text:
         return textOf(value).isNull() ? 0 : qHash(textOf(value));
-    case Family::Date:
+    case VariantKind::Date:
         return qHash(value.toDateTime());
-    case Family::Data:
+    case VariantKind::Data:
         return qHash(value.toByteArray());
-    case Family::List:
+    case VariantKind::List:
         return hashOfList(value.toList());
-    case Family::Map:
+    case VariantKind::Map:
         return hashOfList(value.toMap().values());
-    case Family::Object:
+    case VariantKind::Object:
         return qHash(objectOf(value));
     default:
         return 0;
@@ -445,15 +397,15 @@ std::weak_ordering NSObject::compare(const QVariant &left, const QVariant &right
 {
     if (isNil(left) || isNil(right))
         return isNil(right) <=> isNil(left);
-    const Family leftFamily = familyOf(left);
-    const Family rightFamily = familyOf(right);
-    if (isNumeric(leftFamily) && isNumeric(rightFamily))
-        return compareNumbers(left, leftFamily, right, rightFamily);
-    if (leftFamily != rightFamily)
-        return leftFamily <=> rightFamily;
-    if (leftFamily == Family::Text)
+    const VariantKind leftKind = kindOf(left);
+    const VariantKind rightKind = kindOf(right);
+    if (isNumeric(leftKind) && isNumeric(rightKind))
+        return compareNumbers(left, leftKind, right, rightKind);
+    if (leftKind != rightKind)
+        return leftKind <=> rightKind;
+    if (leftKind == VariantKind::Text)
         return QString::compare(textOf(left), textOf(right)) <=> 0;
-    if (leftFamily == Family::Date)
+    if (leftKind == VariantKind::Date)
         return left.toDateTime().toMSecsSinceEpoch() <=> right.toDateTime().toMSecsSinceEpoch();
     if (left.metaType() != right.metaType())
         return left.typeId() <=> right.typeId();

@@ -1,5 +1,7 @@
 #include "NSStringFormat.h"
 
+#include "NSDecimalNumber.h"
+#include "VariantKind_p.h"
 #include <KTUtility/Platform/Text/UnitBuffer_p.h>
 
 #include <algorithm>
@@ -35,30 +37,19 @@ NSFormatArgument::NSFormatArgument(const void *pointer) noexcept
 
 NSFormatArgument::NSFormatArgument(const QVariant &value) : _kind(Kind::Object), _object(value)
 {
-    switch (value.typeId()) {
-    case QMetaType::Bool:
-    case QMetaType::Int:
-    case QMetaType::Long:
-    case QMetaType::LongLong:
-    case QMetaType::Short:
-        _kind = Kind::Signed;
-        _bits = quint64(value.toLongLong());
-        _bytes = int(value.metaType().sizeOf());
+    switch (kindOf(value)) {
+    case VariantKind::Bool:
+    case VariantKind::Signed:
+        setInteger(Kind::Signed, quint64(value.toLongLong()), value.metaType().sizeOf());
         break;
-    case QMetaType::UInt:
-    case QMetaType::ULong:
-    case QMetaType::ULongLong:
-    case QMetaType::UShort:
-        _kind = Kind::Unsigned;
-        _bits = value.toULongLong();
-        _bytes = int(value.metaType().sizeOf());
+    case VariantKind::Unsigned:
+        setInteger(Kind::Unsigned, value.toULongLong(), value.metaType().sizeOf());
         break;
-    case QMetaType::Double:
-    case QMetaType::Float:
+    case VariantKind::Double:
         _kind = Kind::Double;
         _bits = std::bit_cast<quint64>(value.toDouble());
         break;
-    case QMetaType::QString:
+    case VariantKind::Text:
         _kind = NSObject::isNil(value) ? Kind::Nil : Kind::Text;
         _text = *static_cast<const QString *>(_object->constData());
         break;
@@ -66,6 +57,13 @@ NSFormatArgument::NSFormatArgument(const QVariant &value) : _kind(Kind::Object),
         if (NSObject::isNil(value))
             _kind = Kind::Nil;
     }
+}
+
+void NSFormatArgument::setInteger(Kind kind, quint64 bits, qsizetype bytes)
+{
+    _kind = kind;
+    _bits = bits;
+    _bytes = int(bytes);
 }
 
 namespace {
@@ -186,6 +184,12 @@ bool isInteger(const NSFormatArgument &argument)
            argument.kind() == ArgumentKind::Character;
 }
 
+bool isDecimal(const NSFormatArgument &argument)
+{
+    return argument.kind() == ArgumentKind::Object &&
+           kindOf(argument.object()) == VariantKind::Decimal;
+}
+
 /// Whether a conversion is "%d", without anything that printf would be needed for.
 bool isPlain(const Conversion &conversion)
 {
@@ -210,13 +214,23 @@ QString printInteger(const NSFormatArgument &argument, const Conversion &convers
     return printNative<unsigned long long>(pattern, unsignedBits(argument, conversion.bytes));
 }
 
+double realValue(const NSFormatArgument &argument)
+{
+    switch (argument.kind()) {
+    case ArgumentKind::Double:
+        return argument.doubleValue();
+    case ArgumentKind::Unsigned:
+        return double(argument.unsignedValue());
+    case ArgumentKind::Object:
+        return argument.object().value<NSDecimalNumber>().doubleValue();
+    default:
+        return double(argument.signedValue());
+    }
+}
+
 QString printReal(const NSFormatArgument &argument, const Conversion &conversion)
 {
-    const double value = argument.kind() == ArgumentKind::Double ? argument.doubleValue()
-                         : argument.kind() == ArgumentKind::Unsigned
-                             ? double(argument.unsignedValue())
-                             : double(argument.signedValue());
-    return printNative(nativeConversion(conversion) + char(conversion.letter), value);
+    return printNative(nativeConversion(conversion) + char(conversion.letter), realValue(argument));
 }
 
 QString printCharacter(const NSFormatArgument &argument, const Conversion &conversion)
@@ -282,7 +296,7 @@ QString print(const NSFormatArgument &argument, const Conversion &conversion)
             return printInteger(argument, conversion);
         break;
     case ConversionFamily::Real:
-        if (isNumber)
+        if (isNumber || isDecimal(argument))
             return printReal(argument, conversion);
         break;
     case ConversionFamily::Character:

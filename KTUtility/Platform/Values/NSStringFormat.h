@@ -16,7 +16,21 @@
 
 namespace KTPrivate {
 class UnitBuffer;
-}
+
+template<typename T>
+concept Enumeration = std::is_enum_v<T>;
+
+/// What becomes a text by conversion: a concatenation, a QLatin1String.
+template<typename T>
+concept ConvertedToText =
+    std::is_class_v<T> && std::convertible_to<T, QString> && !std::convertible_to<T, QStringView>;
+
+/// What a QVariant holds and no other constructor takes.
+template<typename T>
+concept HeldByVariant = std::is_class_v<T> && !std::convertible_to<T, QString> &&
+                        !std::convertible_to<T, QStringView> && !std::same_as<T, QVariant> &&
+                        !std::convertible_to<T, const QObject *>;
+} // namespace KTPrivate
 
 /// One argument of a format string, with its type kept: the reason why a wrong conversion can
 /// misprint but never read memory that is not there.
@@ -49,9 +63,10 @@ public:
         : _kind(Kind::Double), _bits(std::bit_cast<quint64>(double(value)))
     {
     }
-    template<typename T>
-        requires std::is_enum_v<T> NSFormatArgument(T value)
-    noexcept : NSFormatArgument(std::underlying_type_t<T>(value)) {}
+    template<KTPrivate::Enumeration T>
+    NSFormatArgument(T value) noexcept : NSFormatArgument(std::underlying_type_t<T>(value))
+    {
+    }
 
     /// A null text is nil; an empty one is not.
     NSFormatArgument(QStringView text) noexcept
@@ -68,17 +83,16 @@ public:
     NSFormatArgument(const QObject *object);
     NSFormatArgument(const void *pointer) noexcept;
     NSFormatArgument(const QVariant &value);
-    /// What becomes a text by conversion (a concatenation, a QLatin1String) is one.
-    template<typename T>
-        requires(std::is_class_v<T> &&std::convertible_to<T, QString> &&
-                 !std::convertible_to<T, QStringView>)
-    NSFormatArgument(const T &value) : NSFormatArgument(QVariant(QString(value))) {}
+    /// What becomes a text by conversion is one.
+    template<KTPrivate::ConvertedToText T>
+    NSFormatArgument(const T &value) : NSFormatArgument(QVariant(QString(value)))
+    {
+    }
     /// Any other value that a QVariant can hold prints as its description.
-    template<typename T>
-        requires(std::is_class_v<T> && !std::convertible_to<T, QString> &&
-                 !std::convertible_to<T, QStringView> && !std::same_as<T, QVariant> &&
-                 !std::convertible_to<T, const QObject *>)
-    NSFormatArgument(const T &value) : NSFormatArgument(QVariant::fromValue(value)) {}
+    template<KTPrivate::HeldByVariant T>
+    NSFormatArgument(const T &value) : NSFormatArgument(QVariant::fromValue(value))
+    {
+    }
 
     Kind kind() const noexcept { return _kind; }
     int bytes() const noexcept { return _bytes; }
@@ -91,6 +105,8 @@ public:
     const QVariant &object() const noexcept { return *_object; }
 
 private:
+    void setInteger(Kind kind, quint64 bits, qsizetype bytes);
+
     Kind _kind;
     int _bytes = 8;
     quint64 _bits = 0;

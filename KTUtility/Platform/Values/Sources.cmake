@@ -10,4 +10,5 @@ target_sources(KTUtility PRIVATE
     Platform/Values/NSScanner.cpp
     Platform/Values/NSStringFormat.cpp
     Platform/Values/NSStringValues.cpp
+    Platform/Values/VariantKind.cpp
 )

@@ -8,4 +8,5 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Values/NSObjectValuesTests.cpp
     Platform/Values/NSScannerTests.cpp
     Platform/Values/NSStringFormatTests.cpp
+    Platform/Values/VariantKindTests.cpp
 )
