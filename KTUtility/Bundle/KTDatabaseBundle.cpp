@@ -1,14 +1,15 @@
 #include "KTDatabaseBundle.h"
 
 #include "KTMediaNames_p.h"
+#include "MediaFolder_p.h"
 #include <KTUtility/Additions/NSString_KTAdditions.h>
-#include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Files/NSFileManager.h>
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
 #include <KTUtility/Platform/Files/NSSearchPath.h>
 #include <KTUtility/Platform/Files/NSUserDefaults.h>
 #include <KTUtility/Platform/Text/NSPercentEscapes.h>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 const QString KTDefaultDatabaseBundlePath = u"KTDefaultDatabaseBundlePath"_s;
@@ -140,9 +141,7 @@ QString KTDatabaseBundle::filePathByRemovingExtComment(const QString &path) cons
 
 int KTDatabaseBundle::nextInstanceNumberForFilePath(const QString &path) const
 {
-    // Of a name that is refused no copy exists.
-    const QString media = mediaPath(NSString::lastPathComponent(path));
-    return media.isNull() ? 0 : KTInstanceNumbers(media).next();
+    return MediaFolder(mediaFolderPath()).nextInstanceNumber(NSString::lastPathComponent(path));
 }
 
 QString KTDatabaseBundle::fileNameWithMediaInstanceNumber(const QString &fileName) const
@@ -154,8 +153,35 @@ QString KTDatabaseBundle::fileNameWithMediaInstanceNumber(const QString &fileNam
 /// The path of a media file; nil for names that could lead out of the media folder.
 QString KTDatabaseBundle::mediaPath(const QString &name) const
 {
-    return KTMediaNames::isFileName(name) ? pathIn(mediaFolderPath(), name) : QString();
+    return MediaFolder(mediaFolderPath()).pathOf(name);
 }
+
+// --- Storing
+
+QString KTDatabaseBundle::copyFilePathToMediaFolderAndReturnMediaPath(const QString &path) const
+{
+    return MediaFolder(mediaFolderPath()).copyFile(path);
+}
+
+QString KTDatabaseBundle::downloadHttpFileToBundleAndReturnPath(const NSURL &url) const
+{
+    return MediaFolder(mediaFolderPath()).download(url);
+}
+
+QString KTDatabaseBundle::saveTIFFImageToMediaFolderAndReturnMediaPath(const QImage &image) const
+{
+    return MediaFolder(mediaFolderPath()).saveTIFFImage(image);
+}
+
+std::optional<NSURL> KTDatabaseBundle::storeFileFromURL(const NSURL &url) const
+{
+    const QString path = url.isFileURL() ? copyFilePathToMediaFolderAndReturnMediaPath(url.path())
+                                         : downloadHttpFileToBundleAndReturnPath(url);
+    // The file is there: to ask again might fail, and leave a file that nobody knows.
+    return path.isNull() ? std::nullopt : mediaURLNamed(NSString::lastPathComponent(path));
+}
+
+// --- Media URLs
 
 bool KTDatabaseBundle::isMediaURL(const NSURL &url) const
 {

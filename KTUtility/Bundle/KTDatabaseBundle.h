@@ -6,10 +6,8 @@
 #include <QString>
 #include <QVariant>
 
-#include <functional>
 #include <optional>
 
-class KTStagedFile;
 class QImage;
 
 /// Where the database lies on the disk, and how the files that belong to its records (pictures,
@@ -106,7 +104,8 @@ public:
     /// \param sender is ignored; it lets a menu item call this.
     /// \return whether all of them exist now.
     bool buildDatabaseBundleOnDisk(const QVariant &sender = {}) const;
-    /// Removes the bundle with all that it holds. \param sender is ignored.
+    /// Removes the bundle with all that it holds.
+    /// \param sender is ignored.
     /// \return false if something is left; a bundle that does not exist is a success.
     bool removeDatabaseBundleOnDisk(const QVariant &sender = {}) const;
     /// Puts the bundle aside before an upgrade: moves it to "name1Backup.cobbledb" and copies that
@@ -177,9 +176,6 @@ private:
     static QString chosenBundlePath(const QString &factoryPath);
     QString mediaPath(const QString &name) const;
     static std::optional<NSURL> mediaURLNamed(const QString &name);
-    QString numberedMediaPath(const QString &name) const;
-    QString placeInMediaFolder(const QString &name,
-                               const std::function<bool(KTStagedFile &)> &fill) const;
 
     QString _bundlePath;
 };

@@ -1,4 +1,4 @@
-#include "KTMediaNames_p.h"
+#include "KTInstanceNumbers_p.h"
 
 #include <KTUtility/Platform/Files/FileOperations_p.h>
 #include <KTUtility/Platform/Files/FolderStream_p.h>

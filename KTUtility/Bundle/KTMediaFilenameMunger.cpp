@@ -1,5 +1,6 @@
 #include "KTMediaFilenameMunger.h"
 
+#include "KTInstanceNumbers_p.h"
 #include "KTMediaDownload_p.h"
 #include "KTMediaNames_p.h"
 #include "KTStagedFile_p.h"
@@ -17,6 +18,7 @@ bool isLogging()
     return KTLogger::sharedLogger()->shouldLogComponent(kLog_MediaFilenames, 4);
 }
 
+/// Logs a message under a line that is fixed: it is part of what is logged.
 template<typename... Arguments>
 void logMunging(int line, QStringView format, const Arguments &...arguments)
 {

@@ -17,7 +17,8 @@ public:
     KTStagedFile(const KTStagedFile &) = delete;
     KTStagedFile &operator=(const KTStagedFile &) = delete;
 
-    /// Fills a new file. \return false if it cannot be written.
+    /// Fills a new file.
+    /// \return false if it cannot be written.
     bool write(const QByteArray &data);
     /// Makes a copy; see NSFileManager::copyItemAtPath().
     bool copy(const QString &source);

@@ -1,6 +1,6 @@
 // The table of what a bundle answers to paths, names, URLs and files.
 
-#include <KTUtility/Bundle/KTMediaNames_p.h>
+#include <KTUtility/Bundle/KTInstanceNumbers_p.h>
 #include <KTUtility/KTDatabaseBundle>
 #include <KTUtility/KTLogCapture>
 #include <KTUtility/NSPathUtilities>

@@ -2,4 +2,5 @@ target_sources(KTUtilityTests PRIVATE
     Bundle/KTDatabaseBundleTableTests.cpp
     Bundle/KTDatabaseBundleTests.cpp
     Bundle/KTMediaFilenameMungerTests.cpp
+    Bundle/MediaFolderTests.cpp
 )

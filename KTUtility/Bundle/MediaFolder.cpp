@@ -1,5 +1,6 @@
-#include "KTDatabaseBundle.h"
+#include "MediaFolder_p.h"
 
+#include "KTInstanceNumbers_p.h"
 #include "KTMediaDownload_p.h"
 #include "KTMediaNames_p.h"
 #include "KTStagedFile_p.h"
@@ -11,14 +12,14 @@
 #include <QBuffer>
 #include <QImage>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
-
-// How files come into the media folder.
 
 namespace {
 /// Permissions that a copy gets if it cannot be read: the number 775 in decimal, deliberately.
 constexpr unsigned UnreadableCopyPermissions = 775;
 
+/// Logs as the bundle does. The lines are fixed: they are part of what is logged.
 template<typename... Arguments>
 void logStoring(int line, QStringView format, const Arguments &...arguments)
 {
@@ -37,32 +38,48 @@ QByteArray TIFFRepresentation(const QImage &image)
 }
 } // namespace
 
-QString KTDatabaseBundle::numberedMediaPath(const QString &name) const
+MediaFolder::MediaFolder(const QString &path) : _path(path) {}
+
+QString MediaFolder::pathOf(const QString &name) const
 {
-    return mediaPath(fileNameWithMediaInstanceNumber(name));
+    if (_path.isNull() || !KTMediaNames::isFileName(name))
+        return {};
+    return NSString::stringByAppendingPathComponent(_path, name);
 }
 
-/// Fills a file in the media folder and gives it a name with a number.
-QString KTDatabaseBundle::placeInMediaFolder(const QString &name,
-                                             const std::function<bool(KTStagedFile &)> &fill) const
+int MediaFolder::nextInstanceNumber(const QString &name) const
 {
-    if (mediaPath(name).isNull())
+    const QString path = pathOf(name);
+    return path.isNull() ? 0 : KTInstanceNumbers(path).next();
+}
+
+QString MediaFolder::numberedPath(const QString &name) const
+{
+    const QString number = QString::number(nextInstanceNumber(name));
+    return pathOf(KTMediaNames::pathByAddingExtComment(name, number));
+}
+
+/// Fills a file in the folder and gives it a name with a number.
+QString MediaFolder::store(const QString &name,
+                           const std::function<bool(KTStagedFile &)> &fill) const
+{
+    if (pathOf(name).isNull())
         return {};
-    const auto target = [&] { return numberedMediaPath(name); };
-    KTStagedFile file(mediaFolderPath());
+    const auto target = [&] { return numberedPath(name); };
+    KTStagedFile file(_path);
     return fill(file) ? file.place(target(), target) : QString();
 }
 
-QString KTDatabaseBundle::copyFilePathToMediaFolderAndReturnMediaPath(const QString &path) const
+QString MediaFolder::copyFile(const QString &source) const
 {
-    const QString copy = placeInMediaFolder(
-        NSString::lastPathComponent(path), [&path](KTStagedFile &file) { return file.copy(path); });
+    const QString copy = store(NSString::lastPathComponent(source),
+                               [&source](KTStagedFile &file) { return file.copy(source); });
     if (!copy.isNull() && !NSFileManager::isReadableFileAtPath(copy))
         NSFileManager::setPosixPermissions(copy, UnreadableCopyPermissions);
     return copy;
 }
 
-QString KTDatabaseBundle::downloadHttpFileToBundleAndReturnPath(const NSURL &url) const
+QString MediaFolder::download(const NSURL &url) const
 {
     const QString name = NSString::lastPathComponent(url.path());
     if (!KTMediaDownload::isAllowed(url) || !KTMediaNames::isFileName(name))
@@ -72,29 +89,20 @@ QString KTDatabaseBundle::downloadHttpFileToBundleAndReturnPath(const NSURL &url
         logStoring(203, u"Download of file %@ failed.", url.absoluteString());
         return {};
     }
-    const QString target = numberedMediaPath(name);
+    const QString target = numberedPath(name);
     logStoring(210, u"Writing file to %@", target);
-    const QString path =
-        placeInMediaFolder(name, [&data](KTStagedFile &file) { return file.write(*data); });
+    const QString path = store(name, [&data](KTStagedFile &file) { return file.write(*data); });
     if (path.isNull())
         logStoring(215, u"Writing file to %@ failed.", target);
     return path;
 }
 
-QString KTDatabaseBundle::saveTIFFImageToMediaFolderAndReturnMediaPath(const QImage &image) const
+QString MediaFolder::saveTIFFImage(const QImage &image) const
 {
     const QByteArray bytes = TIFFRepresentation(image);
     if (bytes.isEmpty())
         return {};
     const QString base = NSBundle::mainBundle().localizedStringForKey(u"iSight Picture"_s);
     const QString name = NSString::stringByAppendingPathExtension(base, u"tiff"_s);
-    return placeInMediaFolder(name, [&bytes](KTStagedFile &file) { return file.write(bytes); });
-}
-
-std::optional<NSURL> KTDatabaseBundle::storeFileFromURL(const NSURL &url) const
-{
-    const QString path = url.isFileURL() ? copyFilePathToMediaFolderAndReturnMediaPath(url.path())
-                                         : downloadHttpFileToBundleAndReturnPath(url);
-    // The file is there: to ask again might fail, and leave a file that nobody knows.
-    return path.isNull() ? std::nullopt : mediaURLNamed(NSString::lastPathComponent(path));
+    return store(name, [&bytes](KTStagedFile &file) { return file.write(bytes); });
 }

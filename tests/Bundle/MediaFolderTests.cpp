@@ -1,0 +1,104 @@
+#include <KTUtility/Bundle/MediaFolder_p.h>
+
+#include "support/FileTree.h"
+#include "support/TestSupport.h"
+
+#include <QFile>
+#include <QImage>
+
+using namespace KTPrivate;
+using namespace Qt::StringLiterals;
+
+using testing_support::contentsOf;
+using testing_support::FileTree;
+using testing_support::writeFile;
+
+namespace {
+class MediaFolderTest : public testing::Test
+{
+protected:
+    QString path(const QString &name) const { return tree.path(name); }
+
+    FileTree tree;
+    MediaFolder folder = MediaFolder(tree.path(u"Media"_s));
+};
+} // namespace
+
+TEST_F(MediaFolderTest, NamesThatLeadOutOfItAreRefused)
+{
+    EXPECT_EQ(folder.pathOf(u"a b.jpg"_s), path(u"Media/a b.jpg"_s));
+    EXPECT_EQ(folder.pathOf(u"...jpg"_s), path(u"Media/...jpg"_s));
+    const QStringList refused{QString(),
+                              u""_s,
+                              u"."_s,
+                              u".."_s,
+                              u"/"_s,
+                              u"a/b"_s,
+                              u"../a"_s,
+                              u"/etc/passwd"_s,
+                              QString(QChar(u'\0'))};
+    for (const QString &name : refused) {
+        EXPECT_TRUE(folder.pathOf(name).isNull()) << name.toStdString();
+        EXPECT_EQ(folder.nextInstanceNumber(name), 0) << name.toStdString();
+    }
+}
+
+TEST_F(MediaFolderTest, AFolderAtNilTakesNothing)
+{
+    const MediaFolder nowhere{QString()};
+    EXPECT_TRUE(nowhere.pathOf(u"a.jpg"_s).isNull());
+    EXPECT_EQ(nowhere.nextInstanceNumber(u"a.jpg"_s), 0);
+    writeFile(path(u"a.jpg"_s), "a");
+    EXPECT_TRUE(nowhere.copyFile(path(u"a.jpg"_s)).isNull());
+    EXPECT_TRUE(nowhere.saveTIFFImage(QImage(1, 1, QImage::Format_RGB32)).isNull());
+}
+
+TEST_F(MediaFolderTest, NumbersGoOnFromThoseThatAreTaken)
+{
+    EXPECT_EQ(folder.nextInstanceNumber(u"a.jpg"_s), 0);
+    writeFile(path(u"Media/a.0.jpg"_s), "a");
+    writeFile(path(u"Media/a.1.jpg"_s), "a");
+    writeFile(path(u"Media/a.3.jpg"_s), "a");
+    EXPECT_EQ(folder.nextInstanceNumber(u"a.jpg"_s), 2);
+    EXPECT_EQ(folder.nextInstanceNumber(u"a.png"_s), 0);
+}
+
+TEST_F(MediaFolderTest, CopiesGetNumbers)
+{
+    writeFile(path(u"Media/a.0.jpg"_s), "there first");
+    writeFile(path(u"from/a.jpg"_s), "mine");
+    EXPECT_EQ(folder.copyFile(path(u"from/a.jpg"_s)), path(u"Media/a.1.jpg"_s));
+    EXPECT_EQ(folder.copyFile(path(u"from/a.jpg"_s)), path(u"Media/a.2.jpg"_s));
+    EXPECT_EQ(contentsOf(path(u"Media/a.0.jpg"_s)), "there first");
+    EXPECT_EQ(contentsOf(path(u"Media/a.1.jpg"_s)), "mine");
+    EXPECT_EQ(contentsOf(path(u"Media/a.2.jpg"_s)), "mine");
+}
+
+TEST_F(MediaFolderTest, WhatIsNotThereIsNotCopied)
+{
+    writeFile(path(u"Media/other.jpg"_s), "other");
+    EXPECT_TRUE(folder.copyFile(path(u"from/a.jpg"_s)).isNull());
+    EXPECT_TRUE(folder.copyFile(QString()).isNull());
+    EXPECT_EQ(folder.nextInstanceNumber(u"a.jpg"_s), 0);
+}
+
+TEST_F(MediaFolderTest, OnlyPlainHTTPIsDownloaded)
+{
+    writeFile(path(u"Media/other.jpg"_s), "other");
+    for (const char16_t *text : {u"https://localhost/a.jpg", u"HTTP://localhost/a.jpg",
+                                 u"file:///a.jpg", u"http://localhost/"})
+        EXPECT_TRUE(folder.download(*NSURL::URLWithString(QString::fromUtf16(text))).isNull());
+}
+
+TEST_F(MediaFolderTest, PicturesAreSavedAsTIFF)
+{
+    writeFile(path(u"Media/other.jpg"_s), "other");
+    QImage picture(3, 2, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    const QString saved = folder.saveTIFFImage(picture);
+    EXPECT_EQ(saved, path(u"Media/iSight Picture.0.tiff"_s));
+    const QImage read(saved, "TIFF");
+    EXPECT_EQ(read.size(), QSize(3, 2));
+    EXPECT_EQ(read.pixelColor(2, 1), QColor(Qt::red));
+    EXPECT_TRUE(folder.saveTIFFImage(QImage()).isNull());
+}
