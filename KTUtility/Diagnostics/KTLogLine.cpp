@@ -1,5 +1,7 @@
 #include "KTLogLine_p.h"
 
+#include <KTUtility/Platform/Text/ShortCopy_p.h>
+
 #include <QStringEncoder>
 
 #include <algorithm>
@@ -128,6 +130,24 @@ void setDate(KTLogLine::State &state, time_t second)
                       Weekdays[size_t(parts.tm_wday)], Months[size_t(parts.tm_mon)], parts.tm_mday,
                       1900L + parts.tm_year, parts.tm_hour, parts.tm_min, parts.tm_sec));
 }
+
+/// Whether a thread is at its end and has dropped what it kept. Needs no destructor, and so can be
+/// asked until the very end.
+thread_local bool isSpareGone = false;
+
+/// What a thread keeps for its next line. Objects that are destroyed after it may log, too.
+struct SpareState
+{
+    ~SpareState() { isSpareGone = true; }
+
+    std::unique_ptr<KTLogLine::State> state;
+};
+
+std::unique_ptr<KTLogLine::State> &spareState()
+{
+    thread_local SpareState spare;
+    return spare.state;
+}
 } // namespace
 
 QByteArrayView KTLogLine::line(State &state, QStringView component, std::string_view fileName,
@@ -139,18 +159,32 @@ QByteArrayView KTLogLine::line(State &state, QStringView component, std::string_
         setDate(state, now.tv_sec);
     // Three bytes of UTF-8 at most for each UTF-16 unit.
     const size_t units = size_t(component.size()) + size_t(message.size());
-    LineWriter line(state.bytes, state.date.size() + fileName.size() + 3 * units + 64);
-    line.text(state.date, state.dateSize);
-    line.milliseconds(now.tv_nsec / 1'000'000);
-    line.text(" [");
-    line.text(fileName);
-    line.text(":");
-    line.number(lineNumber);
-    line.text("][");
-    line.utf8(component);
-    line.text("] ");
-    line.utf8(message);
-    line.text("\n");
-    const std::string_view bytes = line.written();
+    LineWriter writer(state.bytes, state.date.size() + fileName.size() + 3 * units + 64);
+    writer.text(state.date, state.dateSize);
+    writer.milliseconds(now.tv_nsec / 1'000'000);
+    writer.text(" [");
+    writer.text(fileName);
+    writer.text(":");
+    writer.number(lineNumber);
+    writer.text("][");
+    writer.utf8(component);
+    writer.text("] ");
+    writer.utf8(message);
+    writer.text("\n");
+    const std::string_view bytes = writer.written();
     return QByteArrayView(bytes.data(), qsizetype(bytes.size()));
+}
+
+std::unique_ptr<KTLogLine::State> KTLogLine::takeState()
+{
+    std::unique_ptr<State> state;
+    if (!isSpareGone)
+        state = std::move(spareState());
+    return state ? std::move(state) : std::make_unique<State>();
+}
+
+void KTLogLine::keepState(std::unique_ptr<State> state)
+{
+    if (!isSpareGone)
+        spareState() = std::move(state);
 }

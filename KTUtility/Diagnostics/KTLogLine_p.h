@@ -6,6 +6,7 @@
 
 #include <array>
 #include <ctime>
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -26,4 +27,10 @@ struct State
 /// in the local zone, with English names. The bytes are those of \a state.
 QByteArrayView line(State &state, QStringView component, std::string_view fileName, int lineNumber,
                     QStringView message);
+
+/// The state of this thread, which is the caller's until it is given back; a new one if it is in
+/// use, or the thread is at its end.
+std::unique_ptr<State> takeState();
+/// Gives a state back for the thread's next line.
+void keepState(std::unique_ptr<State> state);
 } // namespace KTLogLine

@@ -2,29 +2,25 @@
 
 #include "KTLogCapture.h"
 #include "KTLogLine_p.h"
-#include <KTUtility/Platform/AppKit/NSMenuItem.h>
-#include <KTUtility/Platform/Diagnostics/NSLog.h>
+#include "LogConsole_p.h"
+#include "LogFile_p.h"
+#include "LogSettingsFile_p.h"
+#include "LoggerMenu_p.h"
 #include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Files/NSFileManager.h>
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
 #include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
 #include <KTUtility/Platform/Files/NSSearchPath.h>
-#include <KTUtility/Platform/Files/PropertyListFile_p.h>
 #include <KTUtility/Platform/Values/NSException.h>
 
-#include <QFile>
+#include <QAction>
+#include <QMenu>
 
 #include <algorithm>
 #include <climits>
-#include <fcntl.h>
-#include <unistd.h>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
-
-const QString KTLoggerWriteToFileKey = u"writeToFile"_s;
-const QString KTLoggerDisplayFileLineKey = u"displayFileLine"_s;
-const QString KTLoggerComponentsKey = u"components"_s;
 
 std::atomic<KTLogger *> KTLogger::_sharedLogger = nullptr;
 
@@ -38,58 +34,6 @@ QString libraryFolder()
     const QStringList folders =
         NSSearchPathForDirectoriesInDomains(NSLibraryDirectory, NSUserDomainMask, true);
     return folders.isEmpty() ? QString() : folders.first();
-}
-
-/// A boolean setting: a number or a text; \a missing for anything else.
-bool booleanSetting(const QVariantMap &settings, const QString &key, bool missing)
-{
-    const QVariant value = settings.value(key);
-    const bool isBoolean = NSObject::isNumber(value) || value.typeId() == QMetaType::QString;
-    return isBoolean ? NSObject::boolValue(value) : missing;
-}
-
-/// A level as it stands in the settings: a number or a text; 0 for anything else.
-int levelSetting(const QVariant &value)
-{
-    return int(std::clamp<qint64>(NSObject::integerValue(value), INT_MIN, INT_MAX));
-}
-
-int openLogFile(const QString &path)
-{
-    return ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC,
-                  0644);
-}
-
-/// Whether a thread is at its end and has dropped what it kept. Needs no destructor, and so can be
-/// asked until the very end.
-thread_local bool isSpareGone = false;
-
-/// What a thread keeps for its next line. Objects that are destroyed after it may log, too.
-struct SpareState
-{
-    ~SpareState() { isSpareGone = true; }
-
-    std::unique_ptr<KTLogLine::State> state;
-};
-
-std::unique_ptr<KTLogLine::State> &spareState()
-{
-    thread_local SpareState spare;
-    return spare.state;
-}
-
-std::unique_ptr<KTLogLine::State> takeState()
-{
-    std::unique_ptr<KTLogLine::State> state;
-    if (!isSpareGone)
-        state = std::move(spareState());
-    return state ? std::move(state) : std::make_unique<KTLogLine::State>();
-}
-
-void keepState(std::unique_ptr<KTLogLine::State> state)
-{
-    if (!isSpareGone)
-        spareState() = std::move(state);
 }
 } // namespace
 
@@ -106,7 +50,7 @@ KTLogger::KTLogger() : _highestLevel(NothingIsOn)
     setComponents(std::nullopt);
     initializeAllComponentsArray();
     const QString logFile = NSString::stringWithFormat(u"%@/cobble.log", logFolder());
-    _fileHandle = std::make_unique<NSFileHandle>(openLogFile(logFile));
+    _logFile = std::make_unique<LogFile>(logFile);
     _userFile = configFilePath();
     loadConfigFile(_userFile);
 }
@@ -136,47 +80,9 @@ QString KTLogger::logFolder() const
 
 void KTLogger::initializeAllComponentsArray()
 {
-    _allComponentsArray = {
-        kLog_AppleScript,
-        kLog_validateMenuItem,
-        kLog_BlockSelection,
-        kLog_CalcEngine,
-        kLog_DragDrop,
-        kLog_DataMap,
-        kLog_EventsEngine,
-        kLog_ExportXML,
-        kLog_ExportCobble,
-        kLog_FieldPanel,
-        kLog_FieldGroup,
-        kLog_FieldMedia,
-        kLog_FieldText,
-        kLog_FormCell,
-        kLog_FormContentSelector,
-        kLog_FormScrollView,
-        kLog_FormViewController,
-        kLog_FormattersCurrency,
-        kLog_FormattersDateTimes,
-        kLog_FormattersNumbers,
-        kLog_FormattersPhoneNumbers,
-        kLog_ImportDialog,
-        kLog_ImportXML,
-        kLog_KeyboardNavigation,
-        kLog_Lifecycle,
-        kLog_MainWindow,
-        kLog_MediaFilenames,
-        kLog_MediaIKView,
-        kLog_MediaQTView,
-        kLog_MediaView,
-        kLog_Printing,
-        kLog_RollOverButtons,
-        kLog_SchemaManager,
-        kLog_SourceList,
-        kLog_SourceItem,
-        kLog_TableViewController,
-        kLog_Tests,
-        kLog_Undo,
-        kLog_Upgrade,
-    };
+#define KT_NAME_OF_COMPONENT(constant, name) kLog_##constant,
+    _allComponentsArray = {KT_LOGGER_COMPONENTS(KT_NAME_OF_COMPONENT)};
+#undef KT_NAME_OF_COMPONENT
 }
 
 /// Takes over the components and what the test at call sites needs of them.
@@ -192,7 +98,7 @@ void KTLogger::setComponents(const std::optional<QVariantMap> &components)
         return index < 0 ? name : _allComponentsArray.at(index);
     };
     for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
-        const int level = levelSetting(entry.value());
+        const int level = LogSettingsFile::levelFrom(entry.value());
         if (level == 0)
             continue;
         levels.emplace_back(shared(entry.key()), level);
@@ -213,21 +119,23 @@ void KTLogger::setActiveLevels(Levels levels)
 
 void KTLogger::loadConfigFile(const QString &path)
 {
-    using Result = DictionaryReading::Result;
-    const auto [result, settings] = readDictionary(path);
+    using LogSettingsFile::Result;
+    LogSettings read;
+    const Result result = LogSettingsFile::read(path, &read);
     _isUserFileUnread = result == Result::Unreadable && path == _userFile;
     if (result == Result::Unreadable)
         return;
-    if (result == Result::NoFile) {
-        setComponents(std::nullopt);
-        return;
+    if (result == Result::Settings) {
+        _writeToFile = read.writeToFile;
+        _displayFileLine = read.displayFileLine;
     }
-    _writeToFile = booleanSetting(settings, KTLoggerWriteToFileKey, true);
-    _displayFileLine = booleanSetting(settings, KTLoggerDisplayFileLineKey, false);
-    const QVariant components = settings.value(KTLoggerComponentsKey);
     // Once: a component that stays on is on for other threads all the time.
-    const bool areComponents = components.typeId() == QMetaType::QVariantMap;
-    setComponents(areComponents ? std::optional(components.toMap()) : std::nullopt);
+    setComponents(read.components);
+}
+
+LogSettings KTLogger::settings() const
+{
+    return {_writeToFile, _displayFileLine, _components};
 }
 
 /// To be called before a change: to write the rest of the settings as they are would lose those of
@@ -240,19 +148,9 @@ void KTLogger::readMissedSettings()
 
 void KTLogger::writeConfigFile()
 {
-    // Deliberate: without components there is nothing to store under their key, which raises as
-    // storing nil in a dictionary does.
-    if (!_components)
-        NSException::raise(NSInvalidArgumentException,
-                           NSString::stringWithFormat(
-                               u"*** -[NSMutableDictionary setObject:forKey:]: attempt to insert "
-                               u"nil value (key: %@)",
-                               KTLoggerComponentsKey));
-    const QVariantMap settings = {{KTLoggerWriteToFileKey, _writeToFile.load()},
-                                  {KTLoggerDisplayFileLineKey, _displayFileLine.load()},
-                                  {KTLoggerComponentsKey, *_components}};
+    const QVariantMap written = LogSettingsFile::dictionaryFrom(settings());
     if (!_userFile.isNull() && !_isUserFileUnread)
-        NSDictionary::writeToFile(settings, _userFile, true);
+        NSDictionary::writeToFile(written, _userFile, true);
     loadConfigFile(_userFile);
 }
 
@@ -289,7 +187,7 @@ void KTLogger::logArguments(const QString &component, int logLevel, std::string_
                             std::span<const NSFormatArgument> arguments)
 {
     // The state is taken while it is in use: describing an argument may log, too.
-    std::unique_ptr<KTLogLine::State> state = takeState();
+    std::unique_ptr<KTLogLine::State> state = KTLogLine::takeState();
     state->message.clear();
     if (format.isNull())
         state->message.append(QLatin1String("<null>"));
@@ -300,37 +198,93 @@ void KTLogger::logArguments(const QString &component, int logLevel, std::string_
         capture->add(component, logLevel, fileName, lineNumber, message);
     else if (_writeToFile)
         // Deliberate: lines in the file always carry file and line, whatever _displayFileLine says.
-        writeLineToFile(KTLogLine::line(*state, component, fileName, lineNumber, message));
+        _logFile->writeLine(KTLogLine::line(*state, component, fileName, lineNumber, message));
     else
-        writeLineToConsole(component, fileName, lineNumber, message);
-    keepState(std::move(state));
+        writeToConsole(_displayFileLine ? ConsoleLine::WithFileAndLine : ConsoleLine::Plain,
+                       component, fileName, lineNumber, message);
+    KTLogLine::keepState(std::move(state));
 }
 
-void KTLogger::writeLineToFile(QByteArrayView line)
+// --- Menu ---------------------------------------------------------------------------------------
+
+void KTLogger::populateComponentLoggingMenu(QAction *item)
 {
-    const bool isAtStart = !_isLineTorn.load(std::memory_order_relaxed) || endTornLine();
-    if (!isAtStart || !_fileHandle->writeData(line))
-        _isLineTorn.store(true, std::memory_order_relaxed);
+    if (QMenu *const menu = item ? item->menu() : nullptr)
+        LoggerMenu::populate(*menu, _allComponentsArray, this);
 }
 
-/// Sees to it that the next line starts at the beginning of one. \return false if it cannot.
-bool KTLogger::endTornLine()
+std::unique_ptr<QMenu> KTLogger::createLogLevelSubmenuWithBase(int base)
 {
-    const int file = _fileHandle->fileDescriptor();
-    const off_t end = ::lseek(file, 0, SEEK_END);
-    char last = '\n';
-    // A log that leads to a terminal or a pipe cannot tell how its last line ended.
-    const bool isKnown = end <= 0 || ::pread(file, &last, 1, end - 1) == 1;
-    const bool isAtStart = isKnown && (last == '\n' || _fileHandle->writeData("\n"));
-    _isLineTorn.store(!isAtStart, std::memory_order_relaxed);
-    return isAtStart;
+    return LoggerMenu::createLevels(base, this);
 }
 
-void KTLogger::writeLineToConsole(const QString &component, std::string_view fileName,
-                                  int lineNumber, QStringView message)
+const QString &KTLogger::componentAt(int position) const
 {
-    if (_displayFileLine)
-        NSLog(u"[%@:%d][%@] %@", fileName, lineNumber, component, message);
-    else
-        NSLog(u"[%@] %@", component, message);
+    if (position < 0 || position >= _allComponentsArray.size())
+        NSException::raise(NSRangeException,
+                           NSString::stringWithFormat(u"index (%d) beyond bounds (%d)", position,
+                                                      _allComponentsArray.size()));
+    return _allComponentsArray.at(position);
+}
+
+bool KTLogger::validateMenuItem(QAction *item)
+{
+    switch (LoggerMenu::entryOf(item)) {
+    case LoggerMenu::Entry::Console:
+        LoggerMenu::setChecked(item, !_writeToFile);
+        break;
+    case LoggerMenu::Entry::File:
+        LoggerMenu::setChecked(item, _writeToFile);
+        break;
+    case LoggerMenu::Entry::FileLine:
+        LoggerMenu::setChecked(item, _displayFileLine);
+        break;
+    case LoggerMenu::Entry::Level: {
+        const auto [position, level] = LoggerMenu::choiceOf(item);
+        LoggerMenu::setChecked(item, levelOfComponent(componentAt(position)) == level);
+        break;
+    }
+    case LoggerMenu::Entry::Other:
+        break;
+    }
+    return true;
+}
+
+void KTLogger::setOutputToConsole(QAction *)
+{
+    readMissedSettings();
+    _writeToFile = false;
+    writeConfigFile();
+}
+
+void KTLogger::setOutputToFile(QAction *)
+{
+    readMissedSettings();
+    _writeToFile = true;
+    writeConfigFile();
+}
+
+void KTLogger::setDisplayFileLine(QAction *)
+{
+    readMissedSettings();
+    _displayFileLine = !_displayFileLine;
+    writeConfigFile();
+}
+
+void KTLogger::clearAllLoggingState(QAction *)
+{
+    readMissedSettings();
+    if (_components) {
+        QVariantMap components = *_components;
+        for (const QString &component : std::as_const(_allComponentsArray))
+            components.insert(component, 0);
+        setComponents(components);
+    }
+    writeConfigFile();
+}
+
+void KTLogger::setComponentLogLevel(QAction *sender)
+{
+    const auto [position, level] = LoggerMenu::choiceOf(sender);
+    setLevelOfComponent(level, componentAt(position));
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "KTLoggerComponents.h"
+#include "KTLoggerKeys.h"
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Files/NSFileHandle.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 
 #include <QObject>
@@ -21,12 +21,10 @@ class KTLogCapture;
 class QAction;
 class QMenu;
 
-/// "writeToFile": whether messages go to the log file (true when missing) or to the console.
-KTUTILITY_EXPORT extern const QString KTLoggerWriteToFileKey;
-/// "displayFileLine": whether console lines carry source file and line (false when missing).
-KTUTILITY_EXPORT extern const QString KTLoggerDisplayFileLineKey;
-/// "components": component name to level; missing when no component was ever set.
-KTUTILITY_EXPORT extern const QString KTLoggerComponentsKey;
+namespace KTPrivate {
+class LogFile;
+struct LogSettings;
+} // namespace KTPrivate
 
 /// Logs a message if its component is on at its level; otherwise evaluates nothing but the first
 /// two arguments. This is how every call site logs.
@@ -202,21 +200,16 @@ private:
     void logArguments(const QString &component, int logLevel, std::string_view fileName,
                       int lineNumber, QStringView format,
                       std::span<const NSFormatArgument> arguments);
-    void writeLineToFile(QByteArrayView line);
-    bool endTornLine();
-    void writeLineToConsole(const QString &component, std::string_view fileName, int lineNumber,
-                            QStringView message);
     void setComponents(const std::optional<QVariantMap> &components);
     void setActiveLevels(Levels levels);
+    KTPrivate::LogSettings settings() const;
     void readMissedSettings();
-    const QString &componentForTag(int tag) const;
+    const QString &componentAt(int position) const;
 
     static std::atomic<KTLogger *> _sharedLogger;
 
     std::optional<QVariantMap> _components;
-    std::unique_ptr<NSFileHandle> _fileHandle;
-    // Whether the last line may have stopped half-way, on a full disk.
-    std::atomic<bool> _isLineTorn = false;
+    std::unique_ptr<KTPrivate::LogFile> _logFile;
     std::atomic<bool> _writeToFile = true;
     std::atomic<bool> _displayFileLine = false;
     QString _userFile;

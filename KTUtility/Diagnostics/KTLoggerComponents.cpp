@@ -1,44 +1,8 @@
 #include "KTLoggerComponents.h"
 
-using namespace Qt::StringLiterals;
+#define KT_DEFINE_LOGGER_COMPONENT(constant, name)                                                 \
+    const QString kLog_##constant = QStringLiteral(name);
+KT_LOGGER_COMPONENTS(KT_DEFINE_LOGGER_COMPONENT)
+#undef KT_DEFINE_LOGGER_COMPONENT
 
-const QString kLog_AppleScript = u"AppleScript"_s;
-const QString kLog_validateMenuItem = u"validateMenuItem"_s;
-const QString kLog_BlockSelection = u"Block Selection"_s;
-const QString kLog_CalcEngine = u"Calc Engine"_s;
-const QString kLog_DragDrop = u"Drag & Drop"_s;
-const QString kLog_DataMap = u"DataMap"_s;
-const QString kLog_EventsEngine = u"Events Engine"_s;
-const QString kLog_ExportXML = u"Export XML"_s;
-const QString kLog_ExportCobble = u"Export Cobble"_s;
-const QString kLog_FieldPanel = u"Field Panel"_s;
-const QString kLog_FieldGroup = u"Field -- Group"_s;
-const QString kLog_FieldMedia = u"Field -- Media"_s;
-const QString kLog_FieldText = u"Field -- Text"_s;
-const QString kLog_FormCell = u"Form -- Cell"_s;
-const QString kLog_FormContentSelector = u"Form -- Content Selector"_s;
-const QString kLog_FormScrollView = u"Form -- ScrollView"_s;
-const QString kLog_FormViewController = u"Form -- View Controller"_s;
-const QString kLog_FormattersCurrency = u"Formatters -- Currency"_s;
-const QString kLog_FormattersDateTimes = u"Formatters -- Date/Times"_s;
-const QString kLog_FormattersNumbers = u"Formatters -- Numbers"_s;
-const QString kLog_FormattersPhoneNumbers = u"Formatters -- Phone Numbers"_s;
-const QString kLog_ImportDialog = u"Import Dialog"_s;
-const QString kLog_ImportXML = u"Import XML"_s;
-const QString kLog_KeyboardNavigation = u"Keyboard Navigation"_s;
-const QString kLog_Lifecycle = u"Lifecycle"_s;
-const QString kLog_MainWindow = u"Main Window"_s;
-const QString kLog_MediaFilenames = u"Media -- Filenames"_s;
-const QString kLog_MediaIKView = u"Media -- IKView"_s;
-const QString kLog_MediaQTView = u"Media -- QTView"_s;
-const QString kLog_MediaView = u"Media View"_s;
-const QString kLog_Printing = u"Printing"_s;
-const QString kLog_RollOverButtons = u"Roll Over Buttons"_s;
-const QString kLog_SchemaManager = u"Schema Manager"_s;
-const QString kLog_SourceList = u"SourceList"_s;
-const QString kLog_SourceItem = u"SourceItem"_s;
-const QString kLog_TableViewController = u"Table -- View Controller"_s;
-const QString kLog_Tests = u"Tests"_s;
-const QString kLog_Undo = u"Undo"_s;
-const QString kLog_Upgrade = u"Upgrade"_s;
-const QString kLog_invalid = u"invalid"_s;
+const QString kLog_invalid = QStringLiteral("invalid");

@@ -4,49 +4,56 @@
 
 #include <QString>
 
-// The components that can be logged, one constant for each area of the host and of the framework.
-// The value is the name that people see in the logging menu and in the settings file.
+/// The components that can be logged, in the order of the menu: one for each area of the host and
+/// of the framework. Each is COMPONENT(constant, name): `kLog_constant` is a QString with the name
+/// that people see in the logging menu and in the settings file. kLog_AppleScript is "AppleScript",
+/// for example, and kLog_MediaFilenames is "Media -- Filenames". Deliberate: they are alphabetical
+/// except in three places.
+#define KT_LOGGER_COMPONENTS(COMPONENT)                                                            \
+    COMPONENT(AppleScript, "AppleScript")                                                          \
+    COMPONENT(validateMenuItem, "validateMenuItem")                                                \
+    COMPONENT(BlockSelection, "Block Selection")                                                   \
+    COMPONENT(CalcEngine, "Calc Engine")                                                           \
+    COMPONENT(DragDrop, "Drag & Drop")                                                             \
+    COMPONENT(DataMap, "DataMap")                                                                  \
+    COMPONENT(EventsEngine, "Events Engine")                                                       \
+    COMPONENT(ExportXML, "Export XML")                                                             \
+    COMPONENT(ExportCobble, "Export Cobble")                                                       \
+    COMPONENT(FieldPanel, "Field Panel")                                                           \
+    COMPONENT(FieldGroup, "Field -- Group")                                                        \
+    COMPONENT(FieldMedia, "Field -- Media")                                                        \
+    COMPONENT(FieldText, "Field -- Text")                                                          \
+    COMPONENT(FormCell, "Form -- Cell")                                                            \
+    COMPONENT(FormContentSelector, "Form -- Content Selector")                                     \
+    COMPONENT(FormScrollView, "Form -- ScrollView")                                                \
+    COMPONENT(FormViewController, "Form -- View Controller")                                       \
+    COMPONENT(FormattersCurrency, "Formatters -- Currency")                                        \
+    COMPONENT(FormattersDateTimes, "Formatters -- Date/Times")                                     \
+    COMPONENT(FormattersNumbers, "Formatters -- Numbers")                                          \
+    COMPONENT(FormattersPhoneNumbers, "Formatters -- Phone Numbers")                               \
+    COMPONENT(ImportDialog, "Import Dialog")                                                       \
+    COMPONENT(ImportXML, "Import XML")                                                             \
+    COMPONENT(KeyboardNavigation, "Keyboard Navigation")                                           \
+    COMPONENT(Lifecycle, "Lifecycle")                                                              \
+    COMPONENT(MainWindow, "Main Window")                                                           \
+    COMPONENT(MediaFilenames, "Media -- Filenames")                                                \
+    COMPONENT(MediaIKView, "Media -- IKView")                                                      \
+    COMPONENT(MediaQTView, "Media -- QTView")                                                      \
+    COMPONENT(MediaView, "Media View")                                                             \
+    COMPONENT(Printing, "Printing")                                                                \
+    COMPONENT(RollOverButtons, "Roll Over Buttons")                                                \
+    COMPONENT(SchemaManager, "Schema Manager")                                                     \
+    COMPONENT(SourceList, "SourceList")                                                            \
+    COMPONENT(SourceItem, "SourceItem")                                                            \
+    COMPONENT(TableViewController, "Table -- View Controller")                                     \
+    COMPONENT(Tests, "Tests")                                                                      \
+    COMPONENT(Undo, "Undo")                                                                        \
+    COMPONENT(Upgrade, "Upgrade")
 
-KTUTILITY_EXPORT extern const QString kLog_AppleScript;         ///< "AppleScript"
-KTUTILITY_EXPORT extern const QString kLog_validateMenuItem;    ///< "validateMenuItem"
-KTUTILITY_EXPORT extern const QString kLog_BlockSelection;      ///< "Block Selection"
-KTUTILITY_EXPORT extern const QString kLog_CalcEngine;          ///< "Calc Engine"
-KTUTILITY_EXPORT extern const QString kLog_DragDrop;            ///< "Drag & Drop"
-KTUTILITY_EXPORT extern const QString kLog_DataMap;             ///< "DataMap"
-KTUTILITY_EXPORT extern const QString kLog_EventsEngine;        ///< "Events Engine"
-KTUTILITY_EXPORT extern const QString kLog_ExportXML;           ///< "Export XML"
-KTUTILITY_EXPORT extern const QString kLog_ExportCobble;        ///< "Export Cobble"
-KTUTILITY_EXPORT extern const QString kLog_FieldPanel;          ///< "Field Panel"
-KTUTILITY_EXPORT extern const QString kLog_FieldGroup;          ///< "Field -- Group"
-KTUTILITY_EXPORT extern const QString kLog_FieldMedia;          ///< "Field -- Media"
-KTUTILITY_EXPORT extern const QString kLog_FieldText;           ///< "Field -- Text"
-KTUTILITY_EXPORT extern const QString kLog_FormCell;            ///< "Form -- Cell"
-KTUTILITY_EXPORT extern const QString kLog_FormContentSelector; ///< "Form -- Content Selector"
-KTUTILITY_EXPORT extern const QString kLog_FormScrollView;      ///< "Form -- ScrollView"
-KTUTILITY_EXPORT extern const QString kLog_FormViewController;  ///< "Form -- View Controller"
-KTUTILITY_EXPORT extern const QString kLog_FormattersCurrency;  ///< "Formatters -- Currency"
-KTUTILITY_EXPORT extern const QString kLog_FormattersDateTimes; ///< "Formatters -- Date/Times"
-KTUTILITY_EXPORT extern const QString kLog_FormattersNumbers;   ///< "Formatters -- Numbers"
-KTUTILITY_EXPORT extern const QString
-    kLog_FormattersPhoneNumbers;                                ///< "Formatters -- Phone Numbers"
-KTUTILITY_EXPORT extern const QString kLog_ImportDialog;        ///< "Import Dialog"
-KTUTILITY_EXPORT extern const QString kLog_ImportXML;           ///< "Import XML"
-KTUTILITY_EXPORT extern const QString kLog_KeyboardNavigation;  ///< "Keyboard Navigation"
-KTUTILITY_EXPORT extern const QString kLog_Lifecycle;           ///< "Lifecycle"
-KTUTILITY_EXPORT extern const QString kLog_MainWindow;          ///< "Main Window"
-KTUTILITY_EXPORT extern const QString kLog_MediaFilenames;      ///< "Media -- Filenames"
-KTUTILITY_EXPORT extern const QString kLog_MediaIKView;         ///< "Media -- IKView"
-KTUTILITY_EXPORT extern const QString kLog_MediaQTView;         ///< "Media -- QTView"
-KTUTILITY_EXPORT extern const QString kLog_MediaView;           ///< "Media View"
-KTUTILITY_EXPORT extern const QString kLog_Printing;            ///< "Printing"
-KTUTILITY_EXPORT extern const QString kLog_RollOverButtons;     ///< "Roll Over Buttons"
-KTUTILITY_EXPORT extern const QString kLog_SchemaManager;       ///< "Schema Manager"
-KTUTILITY_EXPORT extern const QString kLog_SourceList;          ///< "SourceList"
-KTUTILITY_EXPORT extern const QString kLog_SourceItem;          ///< "SourceItem"
-KTUTILITY_EXPORT extern const QString kLog_TableViewController; ///< "Table -- View Controller"
-KTUTILITY_EXPORT extern const QString kLog_Tests;               ///< "Tests"
-KTUTILITY_EXPORT extern const QString kLog_Undo;                ///< "Undo"
-KTUTILITY_EXPORT extern const QString kLog_Upgrade;             ///< "Upgrade"
+#define KT_DECLARE_LOGGER_COMPONENT(constant, name)                                                \
+    KTUTILITY_EXPORT extern const QString kLog_##constant;
+KT_LOGGER_COMPONENTS(KT_DECLARE_LOGGER_COMPONENT)
+#undef KT_DECLARE_LOGGER_COMPONENT
 
 /// "invalid": for messages that belong to no component. It has no menu entry; a message logged
 /// under it is written only if the settings file names it.

@@ -4,5 +4,9 @@ target_sources(KTUtility PRIVATE
     Diagnostics/KTLogLine.cpp
     Diagnostics/KTLogger.cpp
     Diagnostics/KTLoggerComponents.cpp
-    Diagnostics/KTLoggerMenu.cpp
+    Diagnostics/KTLoggerKeys.cpp
+    Diagnostics/LogConsole.cpp
+    Diagnostics/LogFile.cpp
+    Diagnostics/LogSettingsFile.cpp
+    Diagnostics/LoggerMenu.cpp
 )

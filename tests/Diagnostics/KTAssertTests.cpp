@@ -52,7 +52,8 @@ TEST(KTAssert, TheHandlerLearnsThePlaceOfTheClassAndTheMessageAsFormat)
 {
     KeepingHandler handler;
     standardErrorOf([] { KTAssert::KTAssertWithFormat(u"%@", u"100%d"); });
-    EXPECT_EQ(handler.place, u"KTAssert KTAssertWithFormat: KTUtility/Diagnostics/KTAssert.cpp:28"_s);
+    EXPECT_EQ(handler.place,
+              u"KTAssert KTAssertWithFormat: KTUtility/Diagnostics/KTAssert.cpp:28"_s);
     EXPECT_TRUE(handler.isClass);
     EXPECT_EQ(handler.text, u"100%d"_s);
     EXPECT_EQ(handler.argumentCount, 0U);

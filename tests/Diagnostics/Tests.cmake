@@ -2,4 +2,6 @@ target_sources(KTUtilityTests PRIVATE
     Diagnostics/KTAssertTests.cpp
     Diagnostics/KTLoggerMenuTests.cpp
     Diagnostics/KTLoggerTests.cpp
+    Diagnostics/LogFileTests.cpp
+    Diagnostics/LogSettingsFileTests.cpp
 )

@@ -1,0 +1,62 @@
+#include "LogSettingsFile_p.h"
+
+#include "KTLoggerKeys.h"
+#include <KTUtility/Platform/Files/PropertyListFile_p.h>
+#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/Platform/Values/NSStringFormat.h>
+
+#include <algorithm>
+#include <climits>
+
+using namespace KTPrivate;
+
+namespace {
+/// A boolean setting: a number or a text; \a missing for anything else.
+bool booleanSetting(const QVariantMap &settings, const QString &key, bool missing)
+{
+    const QVariant value = settings.value(key);
+    const bool isBoolean = NSObject::isNumber(value) || value.typeId() == QMetaType::QString;
+    return isBoolean ? NSObject::boolValue(value) : missing;
+}
+
+std::optional<QVariantMap> componentsIn(const QVariantMap &settings)
+{
+    const QVariant components = settings.value(KTLoggerComponentsKey);
+    const bool areComponents = components.typeId() == QMetaType::QVariantMap;
+    return areComponents ? std::optional(components.toMap()) : std::nullopt;
+}
+} // namespace
+
+LogSettingsFile::Result LogSettingsFile::read(const QString &path, LogSettings *settings)
+{
+    const auto [result, dictionary] = readDictionary(path);
+    if (result == DictionaryReading::Result::Unreadable)
+        return Result::Unreadable;
+    if (result == DictionaryReading::Result::NoFile)
+        return Result::NoFile;
+    *settings = {booleanSetting(dictionary, KTLoggerWriteToFileKey, true),
+                 booleanSetting(dictionary, KTLoggerDisplayFileLineKey, false),
+                 componentsIn(dictionary)};
+    return Result::Settings;
+}
+
+QVariantMap LogSettingsFile::dictionaryFrom(const LogSettings &settings)
+{
+    // Deliberate: without components there is nothing to store under their key, which raises as
+    // storing nil in a dictionary does.
+    if (!settings.components)
+        NSException::raise(NSInvalidArgumentException,
+                           NSString::stringWithFormat(
+                               u"*** -[NSMutableDictionary setObject:forKey:]: attempt to insert "
+                               u"nil value (key: %@)",
+                               KTLoggerComponentsKey));
+    return {{KTLoggerWriteToFileKey, settings.writeToFile},
+            {KTLoggerDisplayFileLineKey, settings.displayFileLine},
+            {KTLoggerComponentsKey, *settings.components}};
+}
+
+int LogSettingsFile::levelFrom(const QVariant &value)
+{
+    return int(std::clamp<qint64>(NSObject::integerValue(value), INT_MIN, INT_MAX));
+}

@@ -1,0 +1,124 @@
+#include <KTUtility/Diagnostics/LogFile_p.h>
+
+#include "support/TestSupport.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <sys/resource.h>
+
+#include <csignal>
+#include <thread>
+#include <vector>
+
+using namespace KTPrivate;
+using namespace Qt::StringLiterals;
+
+using testing_support::contentsOf;
+using testing_support::writeFile;
+
+namespace {
+class LogFileTest : public testing::Test
+{
+protected:
+    QString path = testing_support::useFreshHome() + u"/the.log"_s;
+};
+
+/// While it lives, no file of this process grows beyond a size: a disk that is full, and then is
+/// not any more.
+class FullDisk
+{
+public:
+    explicit FullDisk(rlim_t size) : _handler(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        ::getrlimit(RLIMIT_FSIZE, &_limit);
+        const rlimit small{size, _limit.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~FullDisk()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &_limit);
+        std::signal(SIGXFSZ, _handler);
+    }
+    FullDisk(const FullDisk &) = delete;
+    FullDisk &operator=(const FullDisk &) = delete;
+
+private:
+    rlimit _limit{};
+    sighandler_t _handler;
+};
+} // namespace
+
+TEST_F(LogFileTest, IsEmptyAtFirst)
+{
+    writeFile(path, "of yesterday\n");
+    const LogFile file(path);
+    EXPECT_EQ(contentsOf(path), "");
+}
+
+TEST_F(LogFileTest, ALineIsThereAtOnce)
+{
+    LogFile file(path);
+    file.writeLine("one\n");
+    EXPECT_EQ(contentsOf(path), "one\n");
+    file.writeLine("two\n");
+    EXPECT_EQ(contentsOf(path), "one\ntwo\n");
+}
+
+TEST_F(LogFileTest, WithoutAFolderLinesAreLost)
+{
+    LogFile file(path + u"/in/no/folder.log"_s);
+    file.writeLine("one\n");
+    file.writeLine("two\n");
+    EXPECT_FALSE(QFile::exists(path));
+}
+
+TEST_F(LogFileTest, ALineBehindATornOneStartsAnew)
+{
+    LogFile file(path);
+    file.writeLine("whole\n");
+    {
+        const FullDisk full(10);
+        file.writeLine("torn apart\n");
+        EXPECT_EQ(contentsOf(path), "whole\ntorn");
+        file.writeLine("lost\n");
+        EXPECT_EQ(contentsOf(path), "whole\ntorn");
+    }
+    file.writeLine("anew\n");
+    file.writeLine("and on\n");
+    EXPECT_EQ(contentsOf(path), "whole\ntorn\nanew\nand on\n");
+}
+
+TEST_F(LogFileTest, ALineThatIsLostWholeLeavesNoTrace)
+{
+    LogFile file(path);
+    file.writeLine("whole\n");
+    {
+        const FullDisk full(6);
+        file.writeLine("lost\n");
+    }
+    file.writeLine("next\n");
+    EXPECT_EQ(contentsOf(path), "whole\nnext\n");
+}
+
+TEST_F(LogFileTest, LinesOfManyThreadsStayWhole)
+{
+    constexpr int Threads = 4;
+    constexpr int LinesEach = 200;
+    LogFile file(path);
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < Threads; ++thread) {
+        threads.emplace_back(
+            [&file, line = QByteArray(QByteArray(40 + thread, char('a' + thread)) + '\n')] {
+                for (int count = 0; count < LinesEach; ++count)
+                    file.writeLine(line);
+            });
+    }
+    for (std::thread &thread : threads)
+        thread.join();
+    QList<QByteArray> lines = contentsOf(path).split('\n');
+    EXPECT_EQ(lines.takeLast(), "");
+    EXPECT_EQ(lines.size(), Threads * LinesEach);
+    for (const QByteArray &line : std::as_const(lines))
+        EXPECT_EQ(line, QByteArray(40 + (line.at(0) - 'a'), line.at(0)));
+}
