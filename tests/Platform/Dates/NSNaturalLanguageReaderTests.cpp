@@ -1,5 +1,6 @@
 // What the reader of natural language makes of texts, before any date is computed.
 
+#include <KTUtility/NSDateFormatter>
 #include <KTUtility/Platform/Dates/NaturalLanguageReader_p.h>
 
 #include "support/TestSupport.h"
