@@ -28,7 +28,7 @@ auto uninterrupted(const Call &call)
     return result;
 }
 
-/// Opens a file, in spite of signals.
+/// Opens a file, again for as long as signals interrupt it.
 /// \return its descriptor; below 0 if it cannot be opened.
 inline int openFile(const QByteArray &path, int flags, mode_t mode = 0)
 {

@@ -10,7 +10,7 @@
 namespace KTPrivate {
 /// What one thread keeps under a key; when it is full, it starts again.
 ///
-/// Made for ICU's formatters and calendars, which are dear to make and not safe to share.
+/// Made for ICU's formatters and calendars, which are costly to make and not safe to share.
 template<typename Key, typename Value, int Capacity = 32>
 class ThreadCache
 {
