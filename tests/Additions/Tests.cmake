@@ -1,14 +1,14 @@
 target_sources(KTUtilityTests PRIVATE
-    Additions/BezierPathTests.cpp
-    Additions/CollectionModelTests.cpp
     Additions/CollectionRows.cpp
-    Additions/CollectionTableTests.cpp
-    Additions/CollectionTests.cpp
-    Additions/DateTests.cpp
-    Additions/EncodingTests.cpp
-    Additions/ImageTests.cpp
-    Additions/MenuAndIndexPathTests.cpp
-    Additions/NamingTests.cpp
-    Additions/TextTests.cpp
+    Additions/NSArray_KTAdditionsTableTests.cpp
+    Additions/NSArray_KTAdditionsTests.cpp
+    Additions/NSArray_KTUniqueNamesModelTests.cpp
+    Additions/NSBezierPath_KTAdditionsTests.cpp
+    Additions/NSData_KTAdditionsTests.cpp
+    Additions/NSDate_KTAdditionsTests.cpp
+    Additions/NSImage_KTAdditionsTests.cpp
+    Additions/NSMenu_KTAdditionsTests.cpp
+    Additions/NSString_KTAdditionsTests.cpp
+    Additions/NSString_KTNamingTests.cpp
     support/TestField.cpp
 )

@@ -1,7 +1,7 @@
 target_sources(KTUtilityTests PRIVATE
-    Bindings/BinderLifetimeTests.cpp
     Bindings/BinderSupport.h
-    Bindings/BinderTransformerTests.cpp
+    Bindings/KTFieldDetailBinderLifetimeTests.cpp
     Bindings/KTFieldDetailBinderTests.cpp
     Bindings/KTPropertyBinderTests.cpp
+    Bindings/KTPropertyBinderTransformerTests.cpp
 )

@@ -1,7 +1,7 @@
 target_sources(DesktopTests PRIVATE
+    Desktop/DesktopDialogTests.cpp
     Desktop/DesktopDisplay.cpp
+    Desktop/DesktopHostTests.cpp
     Desktop/DesktopMain.cpp
-    Desktop/HostWindowTests.cpp
-    Desktop/VisualTests.cpp
-    Desktop/WindowTests.cpp
+    Desktop/DesktopVisualTests.cpp
 )

@@ -1,10 +1,10 @@
 target_sources(EnvironmentTests PRIVATE
-    Environment/DaysTests.cpp
+    Environment/EnvironmentDaysTests.cpp
+    Environment/EnvironmentFilesTests.cpp
+    Environment/EnvironmentHostTests.cpp
+    Environment/EnvironmentLocaleTests.cpp
     Environment/EnvironmentMain.cpp
-    Environment/FilesTests.cpp
-    Environment/HostTests.cpp
-    Environment/LocaleTests.cpp
-    Environment/ReadingTests.cpp
+    Environment/EnvironmentReadingTests.cpp
 )
 target_link_libraries(EnvironmentTests PRIVATE CobbleHost)
 # The files that it exports are written by a plug-in.

@@ -1,15 +1,15 @@
 target_sources(KTUtilityTests PRIVATE
-    Formatters/DurationModelTests.cpp
+    Formatters/FormatterRoundTripTests.cpp
     Formatters/KTCurrencyFormatterTests.cpp
     Formatters/KTDateFormatterListTests.cpp
+    Formatters/KTDateTimeFormatterReadingTests.cpp
     Formatters/KTDateTimeFormatterTests.cpp
-    Formatters/KTDateTimeReadingTests.cpp
+    Formatters/KTDurationFormatterModelTests.cpp
     Formatters/KTDurationFormatterTests.cpp
     Formatters/KTNumberFormatterTests.cpp
+    Formatters/KTOptionsKeysRoundTripTests.cpp
+    Formatters/KTOptionsKeysTests.cpp
+    Formatters/KTPhoneNumberFormatterModelTests.cpp
     Formatters/KTPhoneNumberFormatterTests.cpp
     Formatters/KTTimeFormatterTests.cpp
-    Formatters/OptionsRoundTripTests.cpp
-    Formatters/OptionsTests.cpp
-    Formatters/PhoneNumberModelTests.cpp
-    Formatters/RoundTripTests.cpp
 )

@@ -2,9 +2,9 @@ target_sources(KTUtilityTests PRIVATE
     PlugIns/KTPlugInClassTests.cpp
     PlugIns/KTPlugInDefaultsTests.cpp
     PlugIns/KTPlugInLoadingTests.cpp
+    PlugIns/KTPlugInManagerModelTests.cpp
+    PlugIns/KTPlugInManagerRoundsTests.cpp
     PlugIns/KTPlugInManagerTests.cpp
-    PlugIns/KTPlugInModelTests.cpp
-    PlugIns/KTPlugInRoundsTests.cpp
     PlugIns/PlugInSupport.cpp
 )
 

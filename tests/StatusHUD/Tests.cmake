@@ -1,4 +1,4 @@
 target_sources(KTUtilityTests PRIVATE
-    StatusHUD/HUDLayoutTests.cpp
-    StatusHUD/HUDLifecycleTests.cpp
+    StatusHUD/KTStatusHUDControllerTests.cpp
+    StatusHUD/KTStatusHUDWindowTests.cpp
 )

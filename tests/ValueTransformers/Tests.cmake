@@ -1,4 +1,4 @@
 target_sources(KTUtilityTests PRIVATE
+    ValueTransformers/KTBaseValueTransformerTests.cpp
     ValueTransformers/KTString_KTDataTransformerTests.cpp
-    ValueTransformers/TransformerTests.cpp
 )

@@ -1,4 +1,4 @@
 target_sources(KTUtilityTests PRIVATE
-    Views/FocusRingTests.cpp
-    Views/SliderTests.cpp
+    Views/KTFocusRingTests.cpp
+    Views/KTMediaFieldSliderTests.cpp
 )

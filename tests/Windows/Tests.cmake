@@ -1,5 +1,5 @@
 target_sources(KTUtilityTests PRIVATE
-    Windows/KTDialogQueueModelTests.cpp
     Windows/KTDoNotShowAlertTests.cpp
-    Windows/KTWindowTests.cpp
+    Windows/KTWindowManagerModelTests.cpp
+    Windows/KTWindowManagerTests.cpp
 )

@@ -1,9 +1,9 @@
 target_sources(CobbleTests PRIVATE
     Cobble/Import/ImportSchemaTests.cpp
     Cobble/Import/ImportSourceTests.cpp
-    Cobble/Import/ImportStoringTests.cpp
     Cobble/Import/ImportTransactionTests.cpp
     Cobble/Import/ImportValuesTests.cpp
+    Cobble/Import/LibraryImportTests.cpp
     Cobble/Import/MediaReferenceTests.cpp
     Cobble/Import/TypeInferenceTests.cpp
 )

@@ -1,5 +1,5 @@
 target_sources(KTUtilityTests PRIVATE
-    Platform/Numbers/NSNumberFormatterDifferentialTests.cpp
+    Platform/Numbers/NSNumberFormatterICUTests.cpp
     Platform/Numbers/NSNumberFormatterReadingTests.cpp
     Platform/Numbers/NSNumberFormatterSettingsTests.cpp
     Platform/Numbers/NSNumberFormatterTableTests.cpp

@@ -555,4 +555,4 @@ TEST(WindowController, ReadsItsWindowFromAnInterfaceFile)
     EXPECT_EQ(bad.window(), nullptr);
 }
 
-#include "KTWindowTests.moc"
+#include "KTWindowManagerTests.moc"

@@ -109,4 +109,4 @@ TEST(NSKeyValueSetters, HashesAnswerKeysAsMapsDo)
     EXPECT_EQ(valueForKey(QVariant(person.notes), u"colour"_s), QVariant(u"blue"_s));
 }
 
-#include "NSKeyValueSettersTests.moc"
+#include "NSKeyValueCodingSettersTests.moc"

@@ -246,4 +246,4 @@ TEST(BinderLifetime, TheControllerMayGoInItsOwnNotifications)
     }
 }
 
-#include "BinderLifetimeTests.moc"
+#include "KTFieldDetailBinderLifetimeTests.moc"

@@ -122,4 +122,4 @@ TEST(NSFormatter, ShowsAndReadsNothingByItself)
     EXPECT_EQ(value, 7);
 }
 
-#include "OptionsTests.moc"
+#include "KTOptionsKeysTests.moc"

@@ -391,4 +391,4 @@ TEST_F(HUDLayout, NothingIsToldOfWhatIsNotShown)
     EXPECT_TRUE(hud.announced.isEmpty());
 }
 
-#include "HUDLayoutTests.moc"
+#include "KTStatusHUDWindowTests.moc"

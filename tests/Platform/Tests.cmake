@@ -1,3 +1,0 @@
-target_sources(KTUtilityTests PRIVATE
-    Platform/TableTests.cpp
-)
