@@ -1,5 +1,6 @@
 // Every row of the collection tables, over dynamic lists and, where they hold objects, typed ones.
 
+#include <KTUtility/NSArray_KTAdditions>
 #include <KTUtility/NSException>
 #include <KTUtility/NSObject_KTAdditions>
 #include <KTUtility/NSSet_KTAdditions>
@@ -300,7 +301,7 @@ bool isSetRow(const Row &row)
 }
 } // namespace
 
-TEST(CollectionTable, EveryRowGivesItsResult)
+TEST(NSArray_KTAdditionsTable, EveryRowGivesItsResult)
 {
     int rows = 0;
     for (const QJsonObject &json : testing_support::rowsOf(u"system/collections.jsonl"_s)) {

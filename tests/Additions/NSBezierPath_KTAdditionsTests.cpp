@@ -57,7 +57,7 @@ void paintWhite(QPainter &painter, const QPainterPath &path)
 }
 } // namespace
 
-TEST(RoundedRect, GoesRoundByTheLeftSideFirst)
+TEST(NSBezierPath_KTAdditions, RoundedRectanglesGoRoundByTheLeftSideFirst)
 {
     const QPainterPath path = KTAdditions::bezierPathWithRoundedRect({5, 7, 100, 50}, 10);
     EXPECT_EQ(path.boundingRect(), QRectF(5, 7, 100, 50));
@@ -70,7 +70,7 @@ TEST(RoundedRect, GoesRoundByTheLeftSideFirst)
     EXPECT_EQ(path.currentPosition(), QPointF(5, 17));
 }
 
-TEST(RoundedRect, LooksLikeOne)
+TEST(NSBezierPath_KTAdditions, RoundedRectanglesLookLikeOnes)
 {
     const QRectF rect(3, 4, 60, 40);
     QPainterPath expected;
@@ -81,7 +81,7 @@ TEST(RoundedRect, LooksLikeOne)
               2);
 }
 
-TEST(RoundedRect, RadiiBeyondHalfOfASideMakeRoundEnds)
+TEST(NSBezierPath_KTAdditions, RadiiBeyondHalfOfASideMakeRoundEnds)
 {
     const QRectF rect(0, 0, 100, 40);
     const QPainterPath half = KTAdditions::bezierPathWithRoundedRect(rect, 20);
@@ -95,7 +95,7 @@ TEST(RoundedRect, RadiiBeyondHalfOfASideMakeRoundEnds)
     EXPECT_FALSE(upright.contains(QPointF(5, 3)));
 }
 
-TEST(RoundedRect, NegativeRadiiMakeSquareCorners)
+TEST(NSBezierPath_KTAdditions, NegativeRadiiMakeSquareCorners)
 {
     for (const qreal radius : {0.0, -1.0, -1e9, NotANumber, -Infinite}) {
         const QPainterPath path = KTAdditions::bezierPathWithRoundedRect({2, 3, 10, 8}, radius);
@@ -104,7 +104,7 @@ TEST(RoundedRect, NegativeRadiiMakeSquareCorners)
     }
 }
 
-TEST(RoundedRect, RectanglesWithoutAreaOrEnd)
+TEST(NSBezierPath_KTAdditions, RectanglesWithoutAreaOrEndMakeNoPath)
 {
     EXPECT_TRUE(KTAdditions::bezierPathWithRoundedRect({5, 5, 0, 0}, 4).boundingRect().isEmpty());
     EXPECT_TRUE(KTAdditions::bezierPathWithRoundedRect({5, 5, 30, 0}, 4).boundingRect().isEmpty());
@@ -113,7 +113,7 @@ TEST(RoundedRect, RectanglesWithoutAreaOrEnd)
         EXPECT_EQ(KTAdditions::bezierPathWithRoundedRect(rect, 4).elementCount(), 0);
 }
 
-TEST(RoundedRect, RectanglesBeyondAllCanvases)
+TEST(NSBezierPath_KTAdditions, RectanglesBeyondAllCanvasesAreTaken)
 {
     for (const double far : {1e9, 1e100}) {
         const QPainterPath path =
@@ -122,7 +122,7 @@ TEST(RoundedRect, RectanglesBeyondAllCanvases)
     }
 }
 
-TEST(Gradient, RunsFromTheBottomToTheTop)
+TEST(NSBezierPath_KTAdditions, BlendsRunFromTheBottomToTheTop)
 {
     QPainterPath path;
     path.addRect(2, 4, 6, 100);
@@ -135,7 +135,7 @@ TEST(Gradient, RunsFromTheBottomToTheTop)
     EXPECT_COLOR(pixelFromBottom(image, 0, 54), Qt::transparent, 0);
 }
 
-TEST(Gradient, ComponentsChangeEachByItself)
+TEST(NSBezierPath_KTAdditions, BlendsChangeEachComponentByItself)
 {
     QPainterPath path;
     path.addRect(0, 0, 4, 256);
@@ -153,7 +153,7 @@ TEST(Gradient, ComponentsChangeEachByItself)
     }
 }
 
-TEST(Gradient, StaysInsideOfThePath)
+TEST(NSBezierPath_KTAdditions, BlendsStayInsideOfThePath)
 {
     QPainterPath path;
     path.addEllipse(0, 0, 20, 20);
@@ -162,7 +162,7 @@ TEST(Gradient, StaysInsideOfThePath)
     EXPECT_COLOR(image.pixelColor(10, 10), Qt::red, 0);
 }
 
-TEST(Gradient, NothingToFill)
+TEST(NSBezierPath_KTAdditions, BlendsFillNothingWherePathsHaveNoArea)
 {
     EXPECT_EQ(inkOf(blended(QPainterPath(), {4, 4}, Qt::red, Qt::blue)), 0);
     QPainterPath line;
@@ -177,7 +177,7 @@ TEST(Gradient, NothingToFill)
     EXPECT_FALSE(nowhere.isActive());
 }
 
-TEST(Gradient, OfOneColour)
+TEST(NSBezierPath_KTAdditions, BlendsOfOneColourAreLighterAtTheTop)
 {
     const auto colors = KTAdditions::blendColorsOf(QColor::fromHsvF(0.6F, 0.5F, 0.5F, 0.75F));
     EXPECT_NEAR(colors.start.hsvHueF(), 0.6, 1e-4);
@@ -190,7 +190,7 @@ TEST(Gradient, OfOneColour)
     EXPECT_NEAR(colors.end.alphaF(), 0.75, 1e-4);
 }
 
-TEST(Gradient, OfOneColourStaysWithinBounds)
+TEST(NSBezierPath_KTAdditions, BlendsOfOneColourStayWithinBounds)
 {
     const auto strong = KTAdditions::blendColorsOf(QColor::fromHsvF(0.1F, 0.95F, 0.9F));
     EXPECT_NEAR(strong.start.valueF(), 1, 1e-4);
@@ -200,7 +200,7 @@ TEST(Gradient, OfOneColourStaysWithinBounds)
     EXPECT_NEAR(dark.end.valueF(), 0, 1e-4);
 }
 
-TEST(Gradient, GreysStayGrey)
+TEST(NSBezierPath_KTAdditions, BlendsOfGreysStayGrey)
 {
     for (const QColor &grey : {QColor(128, 128, 128), QColor::fromHsvF(0.3F, 0.035F, 0.5F)}) {
         const auto colors = KTAdditions::blendColorsOf(grey);
@@ -212,7 +212,7 @@ TEST(Gradient, GreysStayGrey)
     EXPECT_NEAR(tinted.end.hsvSaturationF(), 0.17, 1e-3);
 }
 
-TEST(Gradient, APillOfOneColour)
+TEST(NSBezierPath_KTAdditions, APillIsBlendedOfOneColour)
 {
     QImage image = NSImage::imageOfSize({100, 32});
     QPainter painter(&image);
@@ -224,55 +224,4 @@ TEST(Gradient, APillOfOneColour)
     EXPECT_COLOR(pixelFromBottom(image, 50, 4), KTAdditions::blendColorsOf(color).start, 6);
     EXPECT_COLOR(pixelFromBottom(image, 50, 27), KTAdditions::blendColorsOf(color).end, 6);
     EXPECT_COLOR(pixelFromBottom(image, 4, 4), Qt::transparent, 0);
-}
-
-TEST(Arcs, AnglesAreCountedWhereYPointsUp)
-{
-    QPainterPath quarter;
-    quarter.moveTo(0, 0);
-    NSBezierPath::appendArcWithCenter(quarter, {0, 0}, 10, 90, 0, true);
-    quarter.closeSubpath();
-    EXPECT_EQ(QPointF(quarter.elementAt(1)), QPointF(0, 10));
-    EXPECT_TRUE(quarter.contains(QPointF(5, 5)));
-    EXPECT_FALSE(quarter.contains(QPointF(5, -5)));
-    QPainterPath rest;
-    rest.moveTo(0, 0);
-    NSBezierPath::appendArcWithCenter(rest, {0, 0}, 10, 90, 0, false);
-    EXPECT_FALSE(rest.contains(QPointF(5, 5)));
-    EXPECT_TRUE(rest.contains(QPointF(-5, 5)));
-    EXPECT_TRUE(rest.contains(QPointF(5, -5)));
-}
-
-TEST(Arcs, AnArcAloneBeginsAtItsStart)
-{
-    QPainterPath circle;
-    NSBezierPath::appendArcWithCenter(circle, {20, 20}, 10, 0, 360, false);
-    EXPECT_NEAR(circle.boundingRect().left(), 10, 0.01);
-    EXPECT_NEAR(circle.boundingRect().height(), 20, 0.01);
-    QPainterPath nothing;
-    NSBezierPath::appendArcWithCenter(nothing, {NotANumber, 0}, 10, 0, 90, true);
-    NSBezierPath::appendArcWithCenter(nothing, {0, 0}, -10, 0, 90, true);
-    NSBezierPath::appendArcWithCenter(nothing, {0, 0}, 10, 0, Infinite, true);
-    NSBezierPath::appendArcFromPoint(nothing, {0, 0}, {5, NotANumber}, 3);
-    EXPECT_EQ(nothing.elementCount(), 0);
-}
-
-TEST(Arcs, CornersAreRoundedOnBothSides)
-{
-    QPainterPath left;
-    left.moveTo(0, 0);
-    NSBezierPath::appendArcFromPoint(left, {10, 0}, {10, 10}, 4);
-    EXPECT_EQ(QPointF(left.elementAt(1)), QPointF(6, 0));
-    EXPECT_NEAR(left.currentPosition().x(), 10, 1e-9);
-    EXPECT_NEAR(left.currentPosition().y(), 4, 1e-9);
-    QPainterPath right;
-    right.moveTo(0, 0);
-    NSBezierPath::appendArcFromPoint(right, {10, 0}, {10, -10}, 4);
-    EXPECT_NEAR(right.currentPosition().y(), -4, 1e-9);
-    QPainterPath sharp;
-    sharp.moveTo(0, 0);
-    NSBezierPath::appendArcFromPoint(sharp, {10, 0}, {20, 0}, 4);
-    NSBezierPath::appendArcFromPoint(sharp, {30, 0}, {30, 5}, 0);
-    EXPECT_EQ(sharp.elementCount(), 3);
-    EXPECT_EQ(sharp.currentPosition(), QPointF(30, 0));
 }

@@ -69,7 +69,7 @@ QByteArray randomBytes(std::mt19937 &random, int limit, bool hasMarks)
 }
 } // namespace
 
-TEST(Encodings, AreAsTheTableSays)
+TEST(NSData_KTAdditions, AreAsTheTableSays)
 {
     useFreshHome();
     int rows = 0;
@@ -96,7 +96,7 @@ TEST(Encodings, AreAsTheTableSays)
     EXPECT_EQ(rows, 75);
 }
 
-TEST(Encodings, RunTheirExamples)
+TEST(NSData_KTAdditions, RunTheirExamples)
 {
     EXPECT_EQ(KTAdditions::base64String("ABC"), u"QUJD");
     EXPECT_EQ(KTAdditions::base64String(bytes("41ff42")), u"QQ==Qg==");
@@ -107,7 +107,7 @@ TEST(Encodings, RunTheirExamples)
     EXPECT_EQ(KTAdditions::initWithStringArchive(KTAdditions::archiveToString(picture)), picture);
 }
 
-TEST(Encodings, PadShortGroups)
+TEST(NSData_KTAdditions, PadShortGroups)
 {
     EXPECT_EQ(KTAdditions::base64String("A"), u"QQ==");
     EXPECT_EQ(KTAdditions::base64String("AB"), u"QUI=");
@@ -118,7 +118,7 @@ TEST(Encodings, PadShortGroups)
     EXPECT_FALSE(KTAdditions::base64String(QByteArray(1000, 'x')).contains(u'\n'));
 }
 
-TEST(Encodings, FollowTheRulesOfEndMarksWhateverComes)
+TEST(NSData_KTAdditions, FollowTheRulesOfEndMarksWhateverComes)
 {
     std::mt19937 random(20080220);
     for (int round = 0; round < 3000; ++round) {
@@ -131,7 +131,7 @@ TEST(Encodings, FollowTheRulesOfEndMarksWhateverComes)
     }
 }
 
-TEST(Encodings, PassOverWhatIsNoLetter)
+TEST(NSData_KTAdditions, PassOverWhatIsNoLetter)
 {
     const KTLogCapture log(kLog_invalid, 7);
     EXPECT_EQ(KTAdditions::initWithBase64String(u" Q\nU\tJ-D."_s), "ABC");
@@ -146,7 +146,7 @@ TEST(Encodings, PassOverWhatIsNoLetter)
     EXPECT_EQ(log.messages(), QStringList(u"Base64Error: Premature end of Base64 string"_s));
 }
 
-TEST(Encodings, ArchiveDataAsTheTableSays)
+TEST(NSData_KTAdditions, ArchiveDataAsTheTableSays)
 {
     int rows = 0;
     for (const QJsonObject &row : rowsOf(u"platform/keyed_archive.jsonl"_s)) {
@@ -166,7 +166,7 @@ TEST(Encodings, ArchiveDataAsTheTableSays)
     EXPECT_GE(rows, 5);
 }
 
-TEST(Encodings, RefuseArchivesOfSomethingElse)
+TEST(NSData_KTAdditions, RefuseArchivesOfSomethingElse)
 {
     const QString good = KTAdditions::archiveToString("ABC");
     const QStringList texts{

@@ -61,7 +61,7 @@ double answerOf(const QString &operation, const QJsonObject &arguments)
 }
 } // namespace
 
-TEST(DateAdditions, AsInTheTable)
+TEST(NSDate_KTAdditions, AnswersWhatTheTableSays)
 {
     const QList<QJsonObject> rows = rowsOf(u"system/dates.jsonl"_s);
     EXPECT_EQ(rows.size(), 138);
@@ -75,7 +75,7 @@ TEST(DateAdditions, AsInTheTable)
     }
 }
 
-TEST(DateAdditions, HeaderExample)
+TEST(NSDate_KTAdditions, HeaderExample)
 {
     const QDateTime now = local(2008, 3, 5, 13, 45, 30).addMSecs(750);
     EXPECT_EQ(KTAdditions::beginningOfDay(now), local(2008, 3, 5));
@@ -84,7 +84,7 @@ TEST(DateAdditions, HeaderExample)
     EXPECT_EQ(KTAdditions::secondsSinceMidnight(now), 49530.0);
 }
 
-TEST(DateAdditions, MonthsThatAreTooShort)
+TEST(NSDate_KTAdditions, EndsInTheLastDayOfMonthsThatAreTooShort)
 {
     EXPECT_EQ(KTAdditions::dateByAddingMonths(local(2008, 1, 31), 1), local(2008, 2, 29));
     EXPECT_EQ(KTAdditions::dateByAddingMonths(local(2007, 1, 31), 1), local(2007, 2, 28));
@@ -92,7 +92,7 @@ TEST(DateAdditions, MonthsThatAreTooShort)
     EXPECT_EQ(KTAdditions::dateByAddingMonths(local(2008, 3, 31), -1), local(2008, 2, 29));
 }
 
-TEST(DateAdditions, NegativeAmountsMoveBackwards)
+TEST(NSDate_KTAdditions, NegativeAmountsMoveBackwards)
 {
     const QDateTime date = local(2008, 3, 5, 12);
     EXPECT_EQ(KTAdditions::dateByAddingYears(date, -1), local(2007, 3, 5, 12));
@@ -102,7 +102,7 @@ TEST(DateAdditions, NegativeAmountsMoveBackwards)
     EXPECT_EQ(KTAdditions::dateByAddingDays(date, 0), date);
 }
 
-TEST(DateAdditions, DaysOf23And25Hours)
+TEST(NSDate_KTAdditions, TakesDaysOf23And25Hours)
 {
     const MachineZone zone("America/New_York");
     for (const auto &[day, hours] :
@@ -116,7 +116,7 @@ TEST(DateAdditions, DaysOf23And25Hours)
     }
 }
 
-TEST(DateAdditions, ZonesWithoutMidnight)
+TEST(NSDate_KTAdditions, DaysWithoutMidnightBeginLater)
 {
     const MachineZone zone("America/Sao_Paulo");
     // Summer time began at midnight, so that the day begins at one o'clock.
@@ -127,7 +127,7 @@ TEST(DateAdditions, ZonesWithoutMidnight)
     EXPECT_EQ(KTAdditions::secondsSinceMidnight(begin.addSecs(-1)), 86399);
 }
 
-TEST(DateAdditions, ZonesWithTwoMidnights)
+TEST(NSDate_KTAdditions, DaysWithTwoMidnightsBeginAndEndOnce)
 {
     for (const auto &[name, year, month, day] :
          {std::tuple("America/Havana", 2008, 10, 26), std::tuple("Asia/Amman", 2000, 9, 29),
@@ -147,7 +147,7 @@ TEST(DateAdditions, ZonesWithTwoMidnights)
     }
 }
 
-TEST(DateAdditions, OtherCalendars)
+TEST(NSDate_KTAdditions, CountsInOtherCalendars)
 {
     NSLocale::setCurrentLocale(NSLocale(u"ja_JP@calendar=japanese"_s));
     const QDateTime date = instant(1204718400);
@@ -156,14 +156,14 @@ TEST(DateAdditions, OtherCalendars)
     NSLocale::resetCurrentLocale();
 }
 
-TEST(DateAdditions, CalendarDatesCountInTheirOwnZone)
+TEST(NSDate_KTAdditions, CalendarDatesCountInTheirOwnZone)
 {
     const QDateTime date(QDate(2008, 3, 5), QTime(13, 45, 30, 750), QTimeZone("Asia/Kolkata"));
     EXPECT_EQ(KTAdditions::secondOfDay(date), 49530);
     EXPECT_EQ(KTAdditions::secondOfDay(date.toUTC()), 49530 - 19800);
 }
 
-TEST(DateAdditions, InvalidDatesAndTheLimitsOfTheCalendar)
+TEST(NSDate_KTAdditions, InvalidDatesAndTheLimitsOfTheCalendar)
 {
     const QDateTime none;
     EXPECT_FALSE(KTAdditions::beginningOfDay(none).isValid());
@@ -184,7 +184,7 @@ TEST(DateAdditions, InvalidDatesAndTheLimitsOfTheCalendar)
     EXPECT_EQ(KTAdditions::dateByAddingSeconds(date, -most), date.addSecs(-most));
 }
 
-TEST(DateAdditions, AllIntegersAreAmounts)
+TEST(NSDate_KTAdditions, AllIntegersAreAmounts)
 {
     // The greatest one is also what marks a component as missing.
     const QDateTime date = local(2008, 3, 5);

@@ -1,18 +1,10 @@
-// Pictures turned over, turned round, and badged.
-
 #include <KTUtility/CIImage_KTAdditions>
-#include <KTUtility/KTImageBadger>
-#include <KTUtility/NSFont>
 #include <KTUtility/NSGraphicsContext>
 #include <KTUtility/NSImage>
 #include <KTUtility/NSImage_KTAdditions>
 
 #include "support/PictureSupport.h"
 #include "support/TestSupport.h"
-
-#include <QFontMetricsF>
-
-using namespace Qt::StringLiterals;
 
 using namespace testing_support;
 
@@ -29,57 +21,9 @@ QImage rotated(const QImage &image, float degrees, bool flipX = false, bool flip
 {
     return KTAdditions::imageRotated(image, image, degrees, flipX, flipY);
 }
-
-QImage solid(int width, int height, const QColor &color)
-{
-    QImage image(width, height, QImage::Format_ARGB32_Premultiplied);
-    image.fill(color);
-    return image;
-}
-
-/// The smallest rectangle, from the bottom left, that holds all pixels as bright as text.
-QRect brightPart(const QImage &image, const QImage &background)
-{
-    QRect part;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            if (image.pixelColor(x, y) != background.pixelColor(x, y))
-                part |= QRect(x, image.height() - 1 - y, 1, 1);
-    return part;
-}
 } // namespace
 
-// --- Core Image
-
-TEST(ToNSImage, KeepsThePicture)
-{
-    const QImage picture = quarters(8, 6);
-    EXPECT_EQ(KTAdditions::toNSImage(CIImage(picture)), picture);
-    EXPECT_EQ(KTAdditions::toNSImage(CIImage(picture, {100, -7})), picture);
-    EXPECT_TRUE(KTAdditions::toNSImage(CIImage()).isNull());
-}
-
-TEST(ToNSImage, TheRectangleGivesTheSizeOnly)
-{
-    const CIImage image(quarters(8, 6));
-    const QImage smaller = KTAdditions::toNSImageFromRect(image, {50, 60, 4, 3});
-    EXPECT_EQ(smaller, solid(4, 3, Qt::red).convertToFormat(smaller.format()));
-    const QImage larger = KTAdditions::toNSImageFromRect(image, {0, 0, 10, 12});
-    EXPECT_EQ(larger.size(), QSize(10, 12));
-    EXPECT_COLOR(pixelFromBottom(larger, 0, 0), Qt::red, 0);
-    EXPECT_COLOR(pixelFromBottom(larger, 7, 5), Qt::white, 0);
-    EXPECT_COLOR(pixelFromBottom(larger, 9, 11), Qt::transparent, 0);
-}
-
-TEST(ToNSImage, ImpossibleSizes)
-{
-    const CIImage image(quarters(8, 6));
-    for (const QRectF &rect :
-         {QRectF(), QRectF(0, 0, -1, 5), QRectF(0, 0, NotANumber, 5), QRectF(0, 0, 20000, 20000)})
-        EXPECT_TRUE(KTAdditions::toNSImageFromRect(image, rect).isNull());
-}
-
-TEST(Bitmap, HasThePixelsOfTheTIFFFile)
+TEST(NSImage_KTAdditions, BitmapsHaveThePixelsOfTheTIFFFile)
 {
     const QImage picture = quarters(8, 6);
     const QImage bitmap = KTAdditions::bitmap(picture);
@@ -91,7 +35,7 @@ TEST(Bitmap, HasThePixelsOfTheTIFFFile)
     EXPECT_EQ(NSImage::sizeOf(KTAdditions::bitmap(translucent)), QSizeF(2, 2));
 }
 
-TEST(ToCIImage, CoversThePixels)
+TEST(NSImage_KTAdditions, ToCIImageCoversThePixels)
 {
     QImage picture = quarters(8, 6);
     picture.setDevicePixelRatio(2);
@@ -100,9 +44,7 @@ TEST(ToCIImage, CoversThePixels)
     EXPECT_EQ(KTAdditions::toNSImage(KTAdditions::toCIImage(quarters(8, 6))), quarters(8, 6));
 }
 
-// --- Upside down
-
-TEST(DrawFlipped, IsUprightWhereYPointsDown)
+TEST(NSImage_KTAdditions, DrawnFlippedIsUprightWhereYPointsDown)
 {
     QImage canvas = NSImage::imageOfSize({10, 10});
     QPainter painter(&canvas);
@@ -114,7 +56,7 @@ TEST(DrawFlipped, IsUprightWhereYPointsDown)
     EXPECT_EQ(inkOf(canvas), 16);
 }
 
-TEST(DrawFlipped, IsUpsideDownWhereYPointsUp)
+TEST(NSImage_KTAdditions, DrawnFlippedIsUpsideDownWhereYPointsUp)
 {
     QImage canvas = NSImage::imageOfSize({4, 4});
     QPainter painter(&canvas);
@@ -126,7 +68,7 @@ TEST(DrawFlipped, IsUpsideDownWhereYPointsUp)
     EXPECT_COLOR(pixelFromBottom(canvas, 3, 3), Qt::green, 0);
 }
 
-TEST(DrawFlipped, APartWithOperationAndFraction)
+TEST(NSImage_KTAdditions, DrawsAPartFlippedWithOperationAndFraction)
 {
     QImage canvas = solid(4, 4, Qt::black);
     QPainter painter(&canvas);
@@ -139,7 +81,7 @@ TEST(DrawFlipped, APartWithOperationAndFraction)
     EXPECT_TRUE(painter.transform().isIdentity());
 }
 
-TEST(DrawFlipped, NothingOfNonsense)
+TEST(NSImage_KTAdditions, DrawsNothingOfNonsense)
 {
     QImage canvas = NSImage::imageOfSize({4, 4});
     QPainter painter(&canvas);
@@ -155,9 +97,7 @@ TEST(DrawFlipped, NothingOfNonsense)
     EXPECT_EQ(inkOf(canvas), 0);
 }
 
-// --- Turned
-
-TEST(RotatedSize, DropsFractionsOfEachProduct)
+TEST(NSImage_KTAdditions, RotatedSizesDropFractionsOfEachProduct)
 {
     EXPECT_EQ(KTAdditions::sizeOfRotatedImage({100, 50}, 0), QSizeF(100, 50));
     EXPECT_EQ(KTAdditions::sizeOfRotatedImage({100, 50}, 90), QSizeF(50, 100));
@@ -168,7 +108,7 @@ TEST(RotatedSize, DropsFractionsOfEachProduct)
     EXPECT_TRUE(KTAdditions::sizeOfRotatedImage({100, 50}, float(Infinite)).isEmpty());
 }
 
-TEST(RotatedAboutCenter, HasTheSizeAndTheGivenSteps)
+TEST(NSImage_KTAdditions, RotatingAboutTheCenterTakesTheGivenSteps)
 {
     const QImage picture = quarters(100, 50);
     const auto turned = [&](float degrees, bool flipX, bool flipY) {
@@ -186,7 +126,7 @@ TEST(RotatedAboutCenter, HasTheSizeAndTheGivenSteps)
     EXPECT_LT(inkOf(half), 4500);
 }
 
-TEST(RotatedAboutCenter, TheMatricesFollowEachOther)
+TEST(NSImage_KTAdditions, TheMatricesOfARotationFollowEachOther)
 {
     // Turned by 180 degrees, the picture lies left of and below the origin; a flip along x alone
     // moves it there, too, so that both together leave a corner to see.
@@ -199,7 +139,7 @@ TEST(RotatedAboutCenter, TheMatricesFollowEachOther)
     EXPECT_EQ(inkOf(back), 1600);
 }
 
-TEST(ImageRotated, TurnsCounterclockwise)
+TEST(NSImage_KTAdditions, RotatingTurnsCounterclockwise)
 {
     const QImage turned = rotated(quarters(100, 50), 90);
     EXPECT_EQ(turned.size(), QSize(50, 100));
@@ -211,7 +151,7 @@ TEST(ImageRotated, TurnsCounterclockwise)
     EXPECT_EQ(inkOf(turned), 5000);
 }
 
-TEST(ImageRotated, FlipsInPlace)
+TEST(NSImage_KTAdditions, RotatingFlipsInPlace)
 {
     const QImage picture = quarters(10, 6);
     EXPECT_EQ(rotated(picture, 0), picture);
@@ -221,7 +161,7 @@ TEST(ImageRotated, FlipsInPlace)
     EXPECT_FALSE(areAlike(rotated(picture, 0, true), picture));
 }
 
-TEST(ImageRotated, ShowsAllAtAnyAngle)
+TEST(NSImage_KTAdditions, RotatingShowsAllAtAnyAngle)
 {
     for (const float degrees : {30.0F, 45.0F, 135.0F, -77.0F, 180.0F, 270.0F, 725.0F}) {
         const int ink = inkOf(rotated(quarters(100, 50), degrees, degrees > 100));
@@ -230,7 +170,7 @@ TEST(ImageRotated, ShowsAllAtAnyAngle)
     }
 }
 
-TEST(ImageRotated, SharpPicturesStaySharp)
+TEST(NSImage_KTAdditions, RotatedSharpPicturesStaySharp)
 {
     QImage picture = quarters(100, 50);
     picture.setDevicePixelRatio(2);
@@ -240,7 +180,7 @@ TEST(ImageRotated, SharpPicturesStaySharp)
     EXPECT_EQ(inkOf(turned), 5000);
 }
 
-TEST(ImageRotated, BadInputIsNull)
+TEST(NSImage_KTAdditions, RotatingBadInputGivesNull)
 {
     EXPECT_TRUE(rotated(QImage(), 45).isNull());
     EXPECT_TRUE(rotated(quarters(4, 4), float(NotANumber)).isNull());
@@ -251,9 +191,7 @@ TEST(ImageRotated, BadInputIsNull)
     EXPECT_TRUE(rotated(quarters(1, 1), 45).isNull());
 }
 
-// --- Badged
-
-TEST(ApplyBadge, StandsAtTheBottom)
+TEST(NSImage_KTAdditions, BadgesStandAtTheBottom)
 {
     const QImage picture = solid(20, 10, Qt::black);
     const QImage badge = solid(4, 3, Qt::red);
@@ -269,7 +207,7 @@ TEST(ApplyBadge, StandsAtTheBottom)
     EXPECT_COLOR(picture.pixelColor(0, 9), Qt::black, 0);
 }
 
-TEST(ApplyBadge, TheScaleIsOfThePicture)
+TEST(NSImage_KTAdditions, TheScaleOfABadgeIsOfThePicture)
 {
     const QImage picture = solid(20, 10, Qt::black);
     const QImage badged = KTAdditions::applyBadge(picture, solid(3, 3, Qt::red), 1, 0.5F, true);
@@ -280,7 +218,7 @@ TEST(ApplyBadge, TheScaleIsOfThePicture)
     EXPECT_COLOR(whole.pixelColor(10, 0), Qt::red, 1);
 }
 
-TEST(ApplyBadge, DissolvesByAlpha)
+TEST(NSImage_KTAdditions, BadgesDissolveByAlpha)
 {
     const QImage picture = solid(4, 4, Qt::black);
     const QImage badge = solid(4, 4, Qt::white);
@@ -294,7 +232,7 @@ TEST(ApplyBadge, DissolvesByAlpha)
     EXPECT_COLOR(badged(NotANumber), Qt::black, 0);
 }
 
-TEST(ApplyBadge, NilAndNonsense)
+TEST(NSImage_KTAdditions, BadgesOfNilAndNonsenseChangeNothing)
 {
     const QImage picture = solid(4, 4, Qt::black);
     EXPECT_TRUE(KTAdditions::applyBadge(picture, QImage(), 1, 0, true).isNull());
@@ -305,14 +243,14 @@ TEST(ApplyBadge, NilAndNonsense)
     EXPECT_COLOR(covered.pixelColor(0, 0), Qt::red, 1);
 }
 
-TEST(ApplyBadge, ScalesBeyondAllPictures)
+TEST(NSImage_KTAdditions, BadgesTakeScalesBeyondAllPictures)
 {
     const QImage picture = solid(4, 4, Qt::black);
     const QImage badged = KTAdditions::applyBadge(picture, solid(2, 2, Qt::red), 1, 1e30F, true);
     EXPECT_EQ(badged.size(), picture.size());
 }
 
-TEST(DrawFlipped, RectanglesBeyondAllCanvases)
+TEST(NSImage_KTAdditions, DrawsIntoRectanglesBeyondAllCanvases)
 {
     const QImage picture = solid(4, 4, Qt::red);
     for (const double far : {1e9, 1e300}) {
@@ -325,7 +263,7 @@ TEST(DrawFlipped, RectanglesBeyondAllCanvases)
     }
 }
 
-TEST(DrawFlipped, OnlyTheZeroRectangleIsTheWholePicture)
+TEST(NSImage_KTAdditions, OnlyTheZeroRectangleIsTheWholePicture)
 {
     const QImage picture = solid(4, 4, Qt::red);
     const auto draws = [&picture](const QRectF &part) {
@@ -342,7 +280,7 @@ TEST(DrawFlipped, OnlyTheZeroRectangleIsTheWholePicture)
     EXPECT_FALSE(draws({1, 1, -2, 2}));
 }
 
-TEST(ApplyBadge, MixedResolutions)
+TEST(NSImage_KTAdditions, BadgesMayHaveAnotherResolution)
 {
     QImage sharp = solid(40, 20, Qt::black);
     sharp.setDevicePixelRatio(2);
@@ -352,7 +290,7 @@ TEST(ApplyBadge, MixedResolutions)
     EXPECT_COLOR(pixelFromBottom(badged, 30, 5), Qt::black, 1);
 }
 
-TEST(HugePictures, AreAnsweredAtOnce)
+TEST(NSImage_KTAdditions, HugePicturesAreAnsweredAtOnce)
 {
     const QImage huge = hugePicture();
     EXPECT_TRUE(KTAdditions::bitmap(huge).isNull());
@@ -363,95 +301,4 @@ TEST(HugePictures, AreAnsweredAtOnce)
     EXPECT_TRUE(KTAdditions::applyBadge(huge, quarters(4, 4), 1, 0, true).isNull());
     const QImage badged = KTAdditions::applyBadge(quarters(8, 8), huge, 1, 0.5F, true);
     EXPECT_COLOR(pixelFromBottom(badged, 2, 2), huge.pixelColor(0, 0), 0);
-}
-
-// --- Drag badges
-
-TEST(ImageBadger, PillsByTheNumberOfCharacters)
-{
-    needApplication();
-    const QImage one = KTImageBadger::badgeOfSize(1);
-    ASSERT_FALSE(one.isNull());
-    for (const unsigned count : {0U, 2U, 6U, 7U, 4000000000U})
-        EXPECT_EQ(KTImageBadger::badgeOfSize(count), one);
-    EXPECT_EQ(one, NSImage::imageNamed(u"dragBadge1-2.tif"_s));
-    for (const unsigned count : {3U, 4U, 5U}) {
-        EXPECT_EQ(KTImageBadger::badgeOfSize(count),
-                  NSImage::imageNamed(u"dragBadge%1.tif"_s.arg(count)));
-        EXPECT_GT(KTImageBadger::badgeOfSize(count).width(),
-                  KTImageBadger::badgeOfSize(count - 1).width());
-    }
-}
-
-TEST(ImageBadger, PillsAreRedWithRoundEnds)
-{
-    const QImage pill = KTImageBadger::badgeOfSize(5);
-    EXPECT_EQ(pill.pixelColor(0, 0).alpha(), 0);
-    const QColor middle = pill.pixelColor(pill.width() / 2, pill.height() / 2);
-    EXPECT_EQ(middle.alpha(), 255);
-    EXPECT_GT(middle.red(), 2 * middle.green());
-    EXPECT_GT(middle.red(), 3 * middle.blue());
-}
-
-TEST(ImageBadger, PillsHoldTheWidestCharacters)
-{
-    needApplication();
-    const QFontMetricsF metrics(NSFont::userFontOfSize(11));
-    for (const unsigned count : {1U, 2U, 3U, 4U, 5U}) {
-        const qreal width = metrics.horizontalAdvance(QString(qsizetype(count), u'W'));
-        EXPECT_LE(width, NSImage::sizeOf(KTImageBadger::badgeOfSize(count)).width() - 5) << count;
-    }
-}
-
-TEST(ImageBadger, TextStandsInTheMiddle)
-{
-    needApplication();
-    const QString text = u"247"_s;
-    const QImage pill = KTImageBadger::badgeOfSize(3);
-    const QImage badge = KTImageBadger::badgeWithString(text);
-    EXPECT_EQ(badge.size(), pill.size());
-    const QRect ink = brightPart(badge, pill.convertToFormat(badge.format()));
-    ASSERT_FALSE(ink.isEmpty());
-    const QFontMetricsF metrics(NSFont::userFontOfSize(11));
-    const QRectF tight = metrics.tightBoundingRect(text);
-    const qreal x = (pill.width() - metrics.horizontalAdvance(text)) * 0.5 + 0.5;
-    const qreal y = (pill.height() - metrics.height()) * 0.5 + 1.7;
-    EXPECT_NEAR(ink.left(), x + tight.left(), 1.5);
-    EXPECT_NEAR(ink.left() + ink.width(), x + tight.right(), 1.5);
-    EXPECT_NEAR(ink.top(), y + metrics.descent() - tight.bottom(), 1.5);
-    EXPECT_NEAR(ink.top() + ink.height(), y + metrics.descent() - tight.top(), 1.5);
-}
-
-TEST(ImageBadger, LongTextsAreReplaced)
-{
-    needApplication();
-    const QImage question = KTImageBadger::badgeWithString(u"?!"_s);
-    EXPECT_EQ(question.size(), KTImageBadger::badgeOfSize(2).size());
-    EXPECT_EQ(KTImageBadger::badgeWithString(u"123456"_s), question);
-    EXPECT_EQ(KTImageBadger::badgeWithString(megabyteOf(u"12"_s)), question);
-    EXPECT_NE(KTImageBadger::badgeWithString(u"12345"_s), question);
-    EXPECT_EQ(KTImageBadger::badgeWithString(u"12345"_s).size(),
-              KTImageBadger::badgeOfSize(5).size());
-}
-
-TEST(ImageBadger, AnyTextIsTaken)
-{
-    needApplication();
-    const QImage empty = KTImageBadger::badgeWithString(QString());
-    EXPECT_EQ(empty, KTImageBadger::badgeWithString(u""_s));
-    EXPECT_EQ(empty.size(), KTImageBadger::badgeOfSize(0).size());
-    for (const QString &text : hostileTexts())
-        EXPECT_FALSE(KTImageBadger::badgeWithString(text).isNull());
-    EXPECT_FALSE(KTImageBadger::badgeWithString(u"1\n2"_s).isNull());
-}
-
-TEST(ImageBadger, ABadgedPicture)
-{
-    needApplication();
-    const QImage picture = solid(64, 64, Qt::black);
-    const QImage badge = KTImageBadger::badgeWithString(u"12"_s);
-    const QImage dragged = KTAdditions::applyBadge(picture, badge, 1, 0, false);
-    const QColor corner = pixelFromBottom(dragged, 63 - badge.width() + 6, 10);
-    EXPECT_GT(corner.red(), 150);
-    EXPECT_COLOR(pixelFromBottom(dragged, 5, 10), Qt::black, 0);
 }

@@ -1,6 +1,4 @@
-#include <KTUtility/NSColor_KTAdditions>
 #include <KTUtility/NSFont>
-#include <KTUtility/NSIndexPath_KTAdditions>
 #include <KTUtility/NSMenu_KTAdditions>
 
 #include "support/TestSupport.h"
@@ -20,10 +18,10 @@ QFont twentyHigh()
     return NSFont::systemFontOfSize(qRound(20 / perPixel));
 }
 
-class MenuHeight : public testing_support::WindowedTest
+class NSMenu_KTAdditionsTests : public testing_support::WindowedTest
 {
 protected:
-    MenuHeight()
+    NSMenu_KTAdditionsTests()
     {
         menu.addAction(u"Cut"_s);
         menu.addSeparator();
@@ -37,7 +35,7 @@ protected:
 };
 } // namespace
 
-TEST_F(MenuHeight, AddsUpTheItems)
+TEST_F(NSMenu_KTAdditionsTests, AddsUpTheItems)
 {
     EXPECT_NEAR(upTo(0), 15, 0.9);
     EXPECT_EQ(upTo(0), height - 5);
@@ -45,7 +43,7 @@ TEST_F(MenuHeight, AddsUpTheItems)
     EXPECT_EQ(upTo(2), height - 5 + 11 + height - 5);
 }
 
-TEST_F(MenuHeight, EndsWithTheMenu)
+TEST_F(NSMenu_KTAdditionsTests, EndsWithTheMenu)
 {
     EXPECT_EQ(upTo(3), upTo(2));
     EXPECT_EQ(upTo(INT_MAX), upTo(2));
@@ -54,43 +52,14 @@ TEST_F(MenuHeight, EndsWithTheMenu)
     EXPECT_EQ(KTAdditions::heightAdjustmentForItemAtIndex(QMenu(), 0, font), 0);
 }
 
-TEST_F(MenuHeight, HiddenItemsCount)
+TEST_F(NSMenu_KTAdditionsTests, HiddenItemsCount)
 {
     menu.actions().at(0)->setVisible(false);
     EXPECT_EQ(upTo(2), height - 5 + 11 + height - 5);
 }
 
-TEST_F(MenuHeight, FontsThatDoNotExistHaveAStandIn)
+TEST_F(NSMenu_KTAdditionsTests, FontsThatDoNotExistHaveAStandIn)
 {
     font = QFont(u"No Such Font"_s);
     EXPECT_GT(upTo(0), 0);
-}
-
-TEST(IndexPath, Prepending)
-{
-    const NSIndexPath inSection{4, 1};
-    EXPECT_EQ(KTAdditions::indexPathByPrependingIndex(inSection, 2), (NSIndexPath{2, 4, 1}));
-    EXPECT_EQ(inSection.length(), 2);
-    EXPECT_EQ(KTAdditions::indexPathByPrependingIndex({}, 7), NSIndexPath{7});
-    EXPECT_EQ(KTAdditions::indexPathByPrependingIndex({}, UINT_MAX).indexAtPosition(0), UINT_MAX);
-}
-
-TEST(IndexPath, LevelsAndOrder)
-{
-    const NSIndexPath path{2, 0, 5};
-    EXPECT_EQ(path.indexAtPosition(1), 0U);
-    EXPECT_EQ(path.indexAtPosition(3), NSNotFound);
-    EXPECT_EQ(path.indexAtPosition(-1), NSNotFound);
-    EXPECT_EQ(path.indexPathByAddingIndex(1), (NSIndexPath{2, 0, 5, 1}));
-    EXPECT_EQ(path.indexPathByRemovingLastIndex(), (NSIndexPath{2, 0}));
-    EXPECT_EQ(NSIndexPath().indexPathByRemovingLastIndex(), NSIndexPath());
-    EXPECT_LT((NSIndexPath{2, 0}), path);
-    EXPECT_LT(path, (NSIndexPath{2, 1}));
-    EXPECT_LT(NSIndexPath(), NSIndexPath{0});
-}
-
-TEST(ColorText, IsRedGreenBlueAndAlpha)
-{
-    EXPECT_EQ(KTAdditions::ktColorWithString(u"1 0.5 0 1"_s), QColor::fromRgbF(1, 0.5F, 0));
-    EXPECT_EQ(KTAdditions::ktStringRepresentation(QColor(Qt::red)), u"1 0 0 1"_s);
 }

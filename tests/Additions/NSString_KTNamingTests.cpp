@@ -4,7 +4,6 @@
 #include "support/NamedCharacterSets.h"
 #include "support/TestSupport.h"
 
-#include <functional>
 #include <map>
 
 using namespace Qt::StringLiterals;
@@ -48,6 +47,7 @@ QString resultOf(const QString &operation, const QJsonObject &arguments)
         return stringWithString(text, testing_support::characterSetFrom(arguments));
     return transforms().at(operation)(text);
 }
+
 /// Rows that take words to end at blanks only; capitalisation here also ends them at hyphens,
 /// underscores and digits, as NSString::capitalizedString() says.
 const std::map<QString, QString> &otherwiseCapitalized()
@@ -70,7 +70,7 @@ QString expectedOf(const QJsonObject &row, const QString &text)
 }
 } // namespace
 
-TEST(Naming, EveryRowGivesItsResult)
+TEST(NSString_KTNaming, EveryRowGivesItsResult)
 {
     int rows = 0;
     for (const QJsonObject &row : rowsOf(u"system/naming.jsonl"_s)) {
@@ -87,7 +87,7 @@ TEST(Naming, EveryRowGivesItsResult)
     EXPECT_EQ(rows, 334);
 }
 
-TEST(Naming, TheExamplesOfTheHeaderHold)
+TEST(NSString_KTNaming, TheExamplesOfTheHeaderHold)
 {
     forgetEverything();
     EXPECT_EQ(propertyString(u"Date of birth"_s), u"dateOfBirth"_s);
@@ -98,7 +98,7 @@ TEST(Naming, TheExamplesOfTheHeaderHold)
     EXPECT_EQ(labelString(u"firstName"_s), u"First Name"_s);
 }
 
-TEST(Naming, BumpyCase)
+TEST(NSString_KTNaming, WritesBumpyCase)
 {
     struct Case
     {
@@ -129,7 +129,7 @@ TEST(Naming, BumpyCase)
                   QString::fromUtf16(row.result));
 }
 
-TEST(Naming, LabelsFromCamelCase)
+TEST(NSString_KTNaming, MakesLabelsFromCamelCase)
 {
     EXPECT_EQ(stringFromBumpyCaseString(u"ID"_s), u"I D"_s);
     EXPECT_EQ(stringFromBumpyCaseString(u"URLField"_s), u"U R L Field"_s);
@@ -138,7 +138,7 @@ TEST(Naming, LabelsFromCamelCase)
     EXPECT_EQ(stringFromBumpyCaseString(u"don't stop"_s), u"Don't Stop"_s);
 }
 
-TEST(Naming, SnakeCase)
+TEST(NSString_KTNaming, WritesSnakeCase)
 {
     EXPECT_EQ(lowerCaseNameFromString(u"First Name!"_s), u"first_name"_s);
     EXPECT_EQ(lowerCaseNameFromString(u" a--b "_s), u"a_b"_s);
@@ -146,7 +146,7 @@ TEST(Naming, SnakeCase)
     EXPECT_FALSE(lowerCaseNameFromString(u"!?"_s).isNull());
 }
 
-TEST(Naming, LibraryEntityNames)
+TEST(NSString_KTNaming, MakesLibraryEntityNames)
 {
     forgetEverything();
     EXPECT_EQ(libraryEntityNameFromString(u"Sales.Contacts 2"_s), u"lib_contacts_2"_s);
@@ -155,7 +155,7 @@ TEST(Naming, LibraryEntityNames)
     EXPECT_EQ(libraryEntityNameFromString(u"Sales."_s), u"lib_library"_s);
 }
 
-TEST(Naming, TheFirstConversionOfAnEntityStays)
+TEST(NSString_KTNaming, TheFirstConversionOfAnEntityStays)
 {
     forgetEverything();
     EXPECT_EQ(entityStringFromString(u"Books"_s), u"Books"_s);
@@ -164,7 +164,7 @@ TEST(Naming, TheFirstConversionOfAnEntityStays)
     EXPECT_EQ(entityStringFromString(u"Films"_s), u"lib_films"_s);
 }
 
-TEST(Naming, TrimmedTextsShareTheCachedObject)
+TEST(NSString_KTNaming, TrimmedTextsShareTheCachedObject)
 {
     forgetEverything();
     const QString plain = propertyStringFromString(u"First Name"_s);
@@ -173,14 +173,14 @@ TEST(Naming, TrimmedTextsShareTheCachedObject)
     EXPECT_EQ(KTStringTransformCache::sharedCache()->domain(u"properties"_s).size(), 1);
 }
 
-TEST(Naming, FiltersNeverPassBlanks)
+TEST(NSString_KTNaming, FiltersNeverPassBlanks)
 {
     const NSCharacterSet everything([](char32_t) { return true; });
     EXPECT_EQ(stringWithString(u" a b\n\u00A0c\u2003"_s, everything), u"abc"_s);
     EXPECT_EQ(stringWithString(u"a😀b"_s, NSCharacterSet::symbolCharacterSet()), u"😀"_s);
 }
 
-TEST(Naming, NilStaysNilAndIsNotRemembered)
+TEST(NSString_KTNaming, NilStaysNilAndIsNotRemembered)
 {
     forgetEverything();
     for (const auto &[name, transform] : transforms())
@@ -190,7 +190,7 @@ TEST(Naming, NilStaysNilAndIsNotRemembered)
     EXPECT_TRUE(KTStringTransformCache::sharedCache()->domain(u"entities"_s).isEmpty());
 }
 
-TEST(Naming, HostileTextsGetAnAnswer)
+TEST(NSString_KTNaming, HostileTextsGetAnAnswer)
 {
     for (const QString &text : testing_support::hostileTexts()) {
         for (const auto &[name, transform] : transforms()) {
@@ -200,45 +200,4 @@ TEST(Naming, HostileTextsGetAnAnswer)
         for (const QChar unit : propertyString(text))
             EXPECT_FALSE(unit.isSpace());
     }
-}
-
-TEST(KTStringTransformCache, StoresPerDomainAndReplaces)
-{
-    KTStringTransformCache cache;
-    const QString domain = u"mine"_s;
-    EXPECT_TRUE(cache.transformedStringForOriginalString(u"A"_s, domain).isNull());
-    cache.addTransformedString(u"kt_a"_s, u"A"_s, domain);
-    EXPECT_EQ(cache.transformedStringForOriginalString(u"A"_s, domain), u"kt_a"_s);
-    cache.addTransformedString(u"kt_b"_s, u"A"_s, domain);
-    EXPECT_EQ(cache.transformedStringForOriginalString(u"A"_s, domain), u"kt_b"_s);
-    EXPECT_TRUE(cache.transformedStringForOriginalString(u"A"_s, u"other"_s).isNull());
-}
-
-TEST(KTStringTransformCache, FindsTheSmallestOriginal)
-{
-    KTStringTransformCache cache;
-    const QString domain = u"mine"_s;
-    for (const char16_t *original : {u"b", u"a", u"Z", u"ä"})
-        cache.addTransformedString(u"x"_s, QString::fromUtf16(original), domain);
-    EXPECT_EQ(cache.originalStringForTransformedString(u"x"_s, domain), u"Z"_s);
-    EXPECT_TRUE(cache.originalStringForTransformedString(u"y"_s, domain).isNull());
-    EXPECT_TRUE(cache.originalStringForTransformedString(u"x"_s, QString()).isNull());
-}
-
-TEST(KTStringTransformCache, TakesNoNil)
-{
-    KTStringTransformCache cache;
-    cache.addTransformedString(QString(), u"a"_s, u"d"_s);
-    cache.addTransformedString(u"a"_s, QString(), u"d"_s);
-    EXPECT_TRUE(cache.domain(u"d"_s).isEmpty());
-}
-
-TEST(KTStringTransformCache, IsOneForTheProcessAndDomainsStay)
-{
-    auto *cache = KTStringTransformCache::sharedCache();
-    EXPECT_EQ(cache, KTStringTransformCache::sharedCache());
-    auto &domain = cache->domain(u"stays"_s);
-    for (int index = 0; index < 1000; ++index)
-        cache->domain(QString::number(index));
-    EXPECT_EQ(&domain, &cache->domain(u"stays"_s));
 }

@@ -1,13 +1,23 @@
 target_sources(KTUtilityTests PRIVATE
+    Additions/CIImage_KTAdditionsTests.cpp
     Additions/CollectionRows.cpp
+    Additions/KTImageBadgerTests.cpp
+    Additions/KTStringTransformCacheTests.cpp
     Additions/NSArray_KTAdditionsTableTests.cpp
     Additions/NSArray_KTAdditionsTests.cpp
+    Additions/NSArray_KTSelectorsTests.cpp
     Additions/NSArray_KTUniqueNamesModelTests.cpp
+    Additions/NSArray_KTUniqueNamesTests.cpp
+    Additions/NSAttributedString_KTAdditionsTests.cpp
     Additions/NSBezierPath_KTAdditionsTests.cpp
+    Additions/NSColor_KTAdditionsTests.cpp
     Additions/NSData_KTAdditionsTests.cpp
     Additions/NSDate_KTAdditionsTests.cpp
     Additions/NSImage_KTAdditionsTests.cpp
+    Additions/NSIndexPath_KTAdditionsTests.cpp
     Additions/NSMenu_KTAdditionsTests.cpp
+    Additions/NSMutableArray_KTAdditionsModelTests.cpp
+    Additions/NSMutableArray_KTAdditionsTests.cpp
     Additions/NSString_KTAdditionsTests.cpp
     Additions/NSString_KTNamingTests.cpp
     support/TestField.cpp

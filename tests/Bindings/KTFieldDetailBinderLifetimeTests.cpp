@@ -112,7 +112,7 @@ struct Scene
 };
 } // namespace
 
-TEST(BinderLifetime, TheBinderMayBeDeletedInEachOfItsCalls)
+TEST(KTFieldDetailBinderLifetime, TheBinderMayBeDeletedInEachOfItsCalls)
 {
     for (const char *const method : Methods) {
         Scene scene;
@@ -124,7 +124,7 @@ TEST(BinderLifetime, TheBinderMayBeDeletedInEachOfItsCalls)
     }
 }
 
-TEST(BinderLifetime, TheFieldsMayBeUnboundInEachOfTheCalls)
+TEST(KTFieldDetailBinderLifetime, TheFieldsMayBeUnboundInEachOfTheCalls)
 {
     for (const char *const method : Methods) {
         Scene scene;
@@ -137,7 +137,7 @@ TEST(BinderLifetime, TheFieldsMayBeUnboundInEachOfTheCalls)
     }
 }
 
-TEST(BinderLifetime, WhatTheOwnerChangesMeanwhileIsShownInTheEnd)
+TEST(KTFieldDetailBinderLifetime, WhatTheOwnerChangesMeanwhileIsShownInTheEnd)
 {
     for (const char *const method : Methods) {
         Scene scene;
@@ -150,7 +150,7 @@ TEST(BinderLifetime, WhatTheOwnerChangesMeanwhileIsShownInTheEnd)
     }
 }
 
-TEST(BinderLifetime, ChangesWhileTheFieldsAreUnboundBringNothing)
+TEST(KTFieldDetailBinderLifetime, ChangesWhileTheFieldsAreUnboundBringNothing)
 {
     for (const char *const method : {"destroy", "removed", "rearranged"}) {
         Scene scene;
@@ -162,7 +162,7 @@ TEST(BinderLifetime, ChangesWhileTheFieldsAreUnboundBringNothing)
     }
 }
 
-TEST(BinderLifetime, UnbindingInsideOfUnbinding)
+TEST(KTFieldDetailBinderLifetime, UnbindingInsideOfUnbinding)
 {
     for (const char *const method : {"destroy", "removed", "rearranged"}) {
         Scene scene;
@@ -172,7 +172,7 @@ TEST(BinderLifetime, UnbindingInsideOfUnbinding)
     }
 }
 
-TEST(BinderLifetime, TheObservedObjectMayGoInEachOfTheCalls)
+TEST(KTFieldDetailBinderLifetime, TheObservedObjectMayGoInEachOfTheCalls)
 {
     for (const char *const method : Methods) {
         Scene scene;
@@ -188,7 +188,7 @@ TEST(BinderLifetime, TheObservedObjectMayGoInEachOfTheCalls)
     }
 }
 
-TEST(BinderLifetime, TheFieldMayGoWhileItsDetailObjectIsMade)
+TEST(KTFieldDetailBinderLifetime, TheFieldMayGoWhileItsDetailObjectIsMade)
 {
     Scene scene;
     auto field = std::make_unique<ObservedRecord>(u"Short"_s);
@@ -200,7 +200,7 @@ TEST(BinderLifetime, TheFieldMayGoWhileItsDetailObjectIsMade)
     EXPECT_EQ(scene.form->views.front()->label(), QVariant(u"A"_s));
 }
 
-TEST(BinderLifetime, ExceptionsOfTheOwnerLeaveTheBinderUsable)
+TEST(KTFieldDetailBinderLifetime, ExceptionsOfTheOwnerLeaveTheBinderUsable)
 {
     Scene scene;
     scene.form->at("bound", [] { throw std::runtime_error("no"); });
@@ -213,7 +213,7 @@ TEST(BinderLifetime, ExceptionsOfTheOwnerLeaveTheBinderUsable)
     EXPECT_EQ(scene.form->shown(), u"C"_s);
 }
 
-TEST(BinderLifetime, BindingAgainWithTheBindersOwnPathAndOptions)
+TEST(KTFieldDetailBinderLifetime, BindingAgainWithTheBindersOwnPathAndOptions)
 {
     ObservedRecord first(u"A"_s, 1), second(u"B"_s, 2);
     BoundView view;
@@ -227,7 +227,7 @@ TEST(BinderLifetime, BindingAgainWithTheBindersOwnPathAndOptions)
     EXPECT_EQ(first.receivers(SIGNAL(numberChanged())), 0);
 }
 
-TEST(BinderLifetime, TheControllerMayGoInItsOwnNotifications)
+TEST(KTFieldDetailBinderLifetime, TheControllerMayGoInItsOwnNotifications)
 {
     ObservedRecord record(u"A"_s, 1), other(u"B"_s, 2);
     for (const char16_t *const path :

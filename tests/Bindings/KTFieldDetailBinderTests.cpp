@@ -95,10 +95,10 @@ const QString Source = u"source"_s;
 const QString Keys = u"keys"_s;
 const QString Labels = u"labels"_s;
 
-class FieldDetailBinder : public testing::Test
+class KTFieldDetailBinderTests : public testing::Test
 {
 protected:
-    FieldDetailBinder()
+    KTFieldDetailBinderTests()
     {
         binder = std::make_unique<KTFieldDetailBinder>(&form);
         binder->setFieldsBindingName(Fields);
@@ -137,14 +137,14 @@ protected:
 };
 } // namespace
 
-TEST_F(FieldDetailBinder, AnEmptyCollectionTellsOnce)
+TEST_F(KTFieldDetailBinderTests, AnEmptyCollectionTellsOnce)
 {
     bindFields();
     EXPECT_EQ(form.takeLog(), lines(u"scroll off, removed, added, rearranged, scroll on"));
     EXPECT_TRUE(form.views.empty());
 }
 
-TEST_F(FieldDetailBinder, MakesADetailObjectForEachField)
+TEST_F(KTFieldDetailBinderTests, MakesADetailObjectForEachField)
 {
     setFields({&a, &b});
     bindFields();
@@ -152,7 +152,7 @@ TEST_F(FieldDetailBinder, MakesADetailObjectForEachField)
                                     u"bound B B, added, rearranged, scroll on"));
 }
 
-TEST_F(FieldDetailBinder, FieldsThatStayKeepTheirs)
+TEST_F(KTFieldDetailBinderTests, FieldsThatStayKeepTheirs)
 {
     setFields({&a, &b});
     bindFields();
@@ -166,7 +166,7 @@ TEST_F(FieldDetailBinder, FieldsThatStayKeepTheirs)
     EXPECT_EQ(form.takeLog(), lines(u"removed, added, rearranged, scroll on"));
 }
 
-TEST_F(FieldDetailBinder, ReplacingAllTurnsScrollingOff)
+TEST_F(KTFieldDetailBinderTests, ReplacingAllTurnsScrollingOff)
 {
     setFields({&a});
     bindFields();
@@ -176,7 +176,7 @@ TEST_F(FieldDetailBinder, ReplacingAllTurnsScrollingOff)
                                     u"rearranged, scroll on"));
 }
 
-TEST_F(FieldDetailBinder, BindsLabelsToEachField)
+TEST_F(KTFieldDetailBinderTests, BindsLabelsToEachField)
 {
     bindAll();
     setFields({&a, &b});
@@ -185,7 +185,7 @@ TEST_F(FieldDetailBinder, BindsLabelsToEachField)
     EXPECT_EQ(form.view(u"B"_s)->label(), QVariant(u"Bee"_s));
 }
 
-TEST_F(FieldDetailBinder, BindsFieldsThatAreThereAlready)
+TEST_F(KTFieldDetailBinderTests, BindsFieldsThatAreThereAlready)
 {
     setFields({&a});
     bindFields();
@@ -193,7 +193,7 @@ TEST_F(FieldDetailBinder, BindsFieldsThatAreThereAlready)
     EXPECT_EQ(form.view(u"A"_s)->label(), QVariant(u"A"_s));
 }
 
-TEST_F(FieldDetailBinder, OtherPathsAreBoundToTheirOwnObject)
+TEST_F(KTFieldDetailBinderTests, OtherPathsAreBoundToTheirOwnObject)
 {
     bindAll();
     binder->bind(Labels, &record, u"name"_s);
@@ -207,7 +207,7 @@ TEST_F(FieldDetailBinder, OtherPathsAreBoundToTheirOwnObject)
     EXPECT_EQ(form.view(u"A"_s)->label(), QVariant(u"x"_s));
 }
 
-TEST_F(FieldDetailBinder, ShowsTheValuesOfTheSource)
+TEST_F(KTFieldDetailBinderTests, ShowsTheValuesOfTheSource)
 {
     sourceHolder.setNext(&record);
     a.setAny(u"name"_s);
@@ -227,7 +227,7 @@ TEST_F(FieldDetailBinder, ShowsTheValuesOfTheSource)
     EXPECT_EQ(binder->valueSourceKeyPath(), u"next"_s);
 }
 
-TEST_F(FieldDetailBinder, KeysThroughTheirTransformer)
+TEST_F(KTFieldDetailBinderTests, PassesKeysThroughTheirTransformer)
 {
     sourceHolder.setNext(&record);
     a.setAny(QVariantList{u"name"_s});
@@ -238,7 +238,7 @@ TEST_F(FieldDetailBinder, KeysThroughTheirTransformer)
     EXPECT_EQ(form.view(u"A"_s)->value(), QVariant(u"Ada"_s));
 }
 
-TEST_F(FieldDetailBinder, ValuesThroughATransformerWhereThePredicateSaysSo)
+TEST_F(KTFieldDetailBinderTests, PassesValuesThroughATransformerWhereThePredicateSaysSo)
 {
     sourceHolder.setNext(&record);
     a.setAny(u"number"_s);
@@ -255,7 +255,7 @@ TEST_F(FieldDetailBinder, ValuesThroughATransformerWhereThePredicateSaysSo)
     EXPECT_EQ(form.view(u"A"_s)->value(), QVariant(37U));
 }
 
-TEST_F(FieldDetailBinder, DependentBindingsNeedTheFields)
+TEST_F(KTFieldDetailBinderTests, DependentBindingsNeedTheFields)
 {
     const QString output = testing_support::standardErrorOf([&] {
         EXPECT_RAISES(binder->bind(Labels, &library, u"list.name"_s),
@@ -265,7 +265,7 @@ TEST_F(FieldDetailBinder, DependentBindingsNeedTheFields)
     EXPECT_TRUE(output.contains(u"Bindings/KTFieldDetailBinder:144"));
 }
 
-TEST_F(FieldDetailBinder, FieldsNeedAnObjectAndAPath)
+TEST_F(KTFieldDetailBinderTests, FieldsNeedAnObjectAndAPath)
 {
     const QString output = testing_support::standardErrorOf([&] {
         EXPECT_RAISES(binder->bind(Fields, nullptr, u"list"_s), NSInternalInconsistencyException,
@@ -280,7 +280,7 @@ TEST_F(FieldDetailBinder, FieldsNeedAnObjectAndAPath)
     EXPECT_TRUE(form.log.isEmpty());
 }
 
-TEST_F(FieldDetailBinder, OwnersMustAnswer)
+TEST_F(KTFieldDetailBinderTests, OwnersMustAnswer)
 {
     IncompleteForm incomplete;
     QObject nothing;
@@ -296,7 +296,7 @@ TEST_F(FieldDetailBinder, OwnersMustAnswer)
     EXPECT_TRUE(output.contains(u"Bindings/KTFieldDetailBinder:45"));
 }
 
-TEST_F(FieldDetailBinder, OwnersWithOnlyWhatIsRequired)
+TEST_F(KTFieldDetailBinderTests, OwnersMayHaveOnlyWhatIsRequired)
 {
     PlainForm plain;
     KTFieldDetailBinder other(&plain);
@@ -308,7 +308,7 @@ TEST_F(FieldDetailBinder, OwnersWithOnlyWhatIsRequired)
     EXPECT_EQ(plain.bound, 0);
 }
 
-TEST_F(FieldDetailBinder, OtherKindsOfChangesAreNotSupported)
+TEST_F(KTFieldDetailBinderTests, OtherKindsOfChangesAreNotSupported)
 {
     bindFields();
     form.takeLog();
@@ -326,7 +326,7 @@ TEST_F(FieldDetailBinder, OtherKindsOfChangesAreNotSupported)
     EXPECT_TRUE(form.log.isEmpty());
 }
 
-TEST_F(FieldDetailBinder, WhichBindingsItHandles)
+TEST_F(KTFieldDetailBinderTests, KnowsWhichBindingsItHandles)
 {
     for (const QString &name : {Fields, Source, Keys, Labels})
         EXPECT_TRUE(binder->willHandleBindingName(name));
@@ -336,7 +336,7 @@ TEST_F(FieldDetailBinder, WhichBindingsItHandles)
     EXPECT_TRUE(form.log.isEmpty());
 }
 
-TEST_F(FieldDetailBinder, UnbindingDestroysAllDetailObjects)
+TEST_F(KTFieldDetailBinderTests, UnbindingDestroysAllDetailObjects)
 {
     setFields({&a, &b});
     bindAll();
@@ -356,7 +356,7 @@ TEST_F(FieldDetailBinder, UnbindingDestroysAllDetailObjects)
                                   .sliced(1));
 }
 
-TEST_F(FieldDetailBinder, UnbindingADependentBindingLeavesTheDetailObjects)
+TEST_F(KTFieldDetailBinderTests, UnbindingADependentBindingLeavesTheDetailObjects)
 {
     bindAll();
     setFields({&a});
@@ -370,7 +370,7 @@ TEST_F(FieldDetailBinder, UnbindingADependentBindingLeavesTheDetailObjects)
     EXPECT_TRUE(binder->valueSourceKeyPath().isNull());
 }
 
-TEST_F(FieldDetailBinder, TheCollectionMayBeMadeByATransformer)
+TEST_F(KTFieldDetailBinderTests, TheCollectionMayBeMadeByATransformer)
 {
     library.setAny(QVariant::fromValue(&a));
     binder->bind(
@@ -383,7 +383,7 @@ TEST_F(FieldDetailBinder, TheCollectionMayBeMadeByATransformer)
     EXPECT_TRUE(form.views.empty());
 }
 
-TEST_F(FieldDetailBinder, WhatIsNoFieldIsPassedOver)
+TEST_F(KTFieldDetailBinderTests, WhatIsNoFieldIsPassedOver)
 {
     bindFields();
     form.takeLog();
@@ -393,7 +393,7 @@ TEST_F(FieldDetailBinder, WhatIsNoFieldIsPassedOver)
     EXPECT_TRUE(form.views.empty());
 }
 
-TEST_F(FieldDetailBinder, TheSameFieldTwice)
+TEST_F(KTFieldDetailBinderTests, TakesTheSameFieldTwice)
 {
     bindAll();
     setFields({&a, &a});
@@ -405,7 +405,7 @@ TEST_F(FieldDetailBinder, TheSameFieldTwice)
     EXPECT_EQ(form.takeLog().count(u"destroy A"_s), 1);
 }
 
-TEST_F(FieldDetailBinder, FieldsMayGoBeforeTheyAreTakenAway)
+TEST_F(KTFieldDetailBinderTests, FieldsMayGoBeforeTheyAreTakenAway)
 {
     bindAll();
     auto field = std::make_unique<ObservedRecord>(u"Gone"_s);
@@ -416,7 +416,7 @@ TEST_F(FieldDetailBinder, FieldsMayGoBeforeTheyAreTakenAway)
     EXPECT_EQ(form.takeLog(), lines(u"destroy Gone, removed, added, rearranged, scroll on"));
 }
 
-TEST_F(FieldDetailBinder, OwnersMayMakeNothing)
+TEST_F(KTFieldDetailBinderTests, OwnersMayMakeNothing)
 {
     form.makesNothing = true;
     bindAll();
@@ -427,7 +427,7 @@ TEST_F(FieldDetailBinder, OwnersMayMakeNothing)
     EXPECT_FALSE(form.takeLog().contains(u"destroy A"_s));
 }
 
-TEST_F(FieldDetailBinder, OwnersMayDeleteDetailObjectsThemselves)
+TEST_F(KTFieldDetailBinderTests, OwnersMayDeleteDetailObjectsThemselves)
 {
     bindAll();
     setFields({&a});
@@ -438,7 +438,7 @@ TEST_F(FieldDetailBinder, OwnersMayDeleteDetailObjectsThemselves)
                                     u"scroll on"));
 }
 
-TEST_F(FieldDetailBinder, EitherSideMayGoFirst)
+TEST_F(KTFieldDetailBinderTests, EitherSideMayGoFirst)
 {
     bindAll();
     setFields({&a});
@@ -459,7 +459,7 @@ TEST_F(FieldDetailBinder, EitherSideMayGoFirst)
     EXPECT_TRUE(other._fieldsBindingValue().isEmpty());
 }
 
-TEST_F(FieldDetailBinder, NoObserverIsLeftBehind)
+TEST_F(KTFieldDetailBinderTests, NoObserverIsLeftBehind)
 {
     sourceHolder.setNext(&record);
     a.setAny(u"name"_s);

@@ -23,7 +23,7 @@ QVariantMap named(const QString &transformer)
 }
 } // namespace
 
-TEST(PropertyBinder, CopiesTheValueAndItsChanges)
+TEST(KTPropertyBinder, CopiesTheValueAndItsChanges)
 {
     ObservedRecord record(Name, 1);
     BoundView view;
@@ -34,7 +34,7 @@ TEST(PropertyBinder, CopiesTheValueAndItsChanges)
     EXPECT_EQ(view.sets, 2);
 }
 
-TEST(PropertyBinder, CopiesBackWhatTheOwnerChanges)
+TEST(KTPropertyBinder, CopiesBackWhatTheOwnerChanges)
 {
     ObservedRecord record(Name, 1);
     BoundView view;
@@ -45,7 +45,7 @@ TEST(PropertyBinder, CopiesBackWhatTheOwnerChanges)
     EXPECT_EQ(view.sets, 2);
 }
 
-TEST(PropertyBinder, ThereIsNoEcho)
+TEST(KTPropertyBinder, ThereIsNoEcho)
 {
     ObservedRecord record(Name, 1);
     BoundView view;
@@ -58,7 +58,7 @@ TEST(PropertyBinder, ThereIsNoEcho)
     EXPECT_EQ(record.number(), 5);
 }
 
-TEST(PropertyBinder, PathsAreFollowed)
+TEST(KTPropertyBinder, PathsAreFollowed)
 {
     ObservedRecord record, first(u"first"_s), second(u"second"_s);
     record.setNext(&first);
@@ -75,7 +75,7 @@ TEST(PropertyBinder, PathsAreFollowed)
     EXPECT_EQ(second.name(), u"typed"_s);
 }
 
-TEST(PropertyBinder, MarkersLeaveTheOwnerAlone)
+TEST(KTPropertyBinder, MarkersLeaveTheOwnerAlone)
 {
     ObservedRecord record;
     BoundView view;
@@ -91,7 +91,7 @@ TEST(PropertyBinder, MarkersLeaveTheOwnerAlone)
     EXPECT_FALSE(view.value().isValid());
 }
 
-TEST(PropertyBinder, WithoutObservingTheValueIsReadOnly)
+TEST(KTPropertyBinder, WithoutObservingTheValueIsReadOnly)
 {
     ObservedRecord record(Name, 1);
     BoundView view;
@@ -108,7 +108,7 @@ TEST(PropertyBinder, WithoutObservingTheValueIsReadOnly)
     EXPECT_FALSE(view.valueBinder.currentValue().isValid());
 }
 
-TEST(PropertyBinder, TransformersOfTheOptions)
+TEST(KTPropertyBinder, TransformersOfTheOptionsAreUsed)
 {
     ObservedRecord record(Name, 1);
     BoundView view;
@@ -131,7 +131,7 @@ TEST(PropertyBinder, TransformersOfTheOptions)
     EXPECT_EQ(view.value(), QVariant(5));
 }
 
-TEST(PropertyBinder, TransformersWithoutAWayBackAreNotUsedForIt)
+TEST(KTPropertyBinder, TransformersWithoutAWayBackAreNotUsedForIt)
 {
     ObservedRecord record(u"Report.cobble"_s);
     BoundView view;
@@ -143,7 +143,7 @@ TEST(PropertyBinder, TransformersWithoutAWayBackAreNotUsedForIt)
     EXPECT_EQ(record.name(), u"Other"_s);
 }
 
-TEST(PropertyBinder, CurrentValueBothWays)
+TEST(KTPropertyBinder, TheCurrentValueIsTransformedBothWays)
 {
     ObservedRecord record(Name, 1);
     KTPropertyBinder binder;
@@ -158,7 +158,7 @@ TEST(PropertyBinder, CurrentValueBothWays)
     EXPECT_EQ(binder.keyPath(), Number);
 }
 
-TEST(PropertyBinder, BindingAgainReplaces)
+TEST(KTPropertyBinder, BindingAgainReplaces)
 {
     ObservedRecord first(Name, 1), second(Name, 2);
     BoundView view;
@@ -169,7 +169,7 @@ TEST(PropertyBinder, BindingAgainReplaces)
     EXPECT_EQ(first.receivers(SIGNAL(numberChanged())), 0);
 }
 
-TEST(PropertyBinder, UnbindingTwiceIsHarmless)
+TEST(KTPropertyBinder, UnbindingTwiceIsHarmless)
 {
     ObservedRecord record(Name, 1);
     BoundView view;
@@ -186,7 +186,7 @@ TEST(PropertyBinder, UnbindingTwiceIsHarmless)
     EXPECT_EQ(record.receivers(SIGNAL(numberChanged())), 0);
 }
 
-TEST(PropertyBinder, EitherSideMayGoFirst)
+TEST(KTPropertyBinder, EitherSideMayGoFirst)
 {
     ObservedRecord record(Name, 1);
     {
@@ -209,7 +209,7 @@ TEST(PropertyBinder, EitherSideMayGoFirst)
     EXPECT_EQ(view.value(), QVariant(2));
 }
 
-TEST(PropertyBinder, TheOwnerMayGoWhileItIsSet)
+TEST(KTPropertyBinder, TheOwnerMayGoWhileItIsSet)
 {
     class Suicidal : public QObject
     {
@@ -241,7 +241,7 @@ TEST(PropertyBinder, TheOwnerMayGoWhileItIsSet)
     EXPECT_EQ(record.receivers(SIGNAL(numberChanged())), 0);
 }
 
-TEST(PropertyBinder, BindingInsideOfANotification)
+TEST(KTPropertyBinder, MayBeBoundInsideOfANotification)
 {
     ObservedRecord record(Name, 1), other(Name, 100);
     BoundView view, second;
@@ -255,7 +255,7 @@ TEST(PropertyBinder, BindingInsideOfANotification)
     EXPECT_EQ(second.value(), QVariant(2));
 }
 
-TEST(PropertyBinder, ExceptionsOfTheOwnerLeaveTheFlagClear)
+TEST(KTPropertyBinder, ExceptionsOfTheOwnerLeaveTheFlagClear)
 {
     ObservedRecord record(Name, 1);
     QObject owner; // has no key
@@ -266,7 +266,7 @@ TEST(PropertyBinder, ExceptionsOfTheOwnerLeaveTheFlagClear)
     EXPECT_EQ(record.number(), 5);
 }
 
-TEST(PropertyBinder, UnknownKeysRaiseAndBindNothing)
+TEST(KTPropertyBinder, UnknownKeysRaiseAndBindNothing)
 {
     ObservedRecord record;
     BoundView view;
@@ -278,15 +278,4 @@ TEST(PropertyBinder, UnknownKeysRaiseAndBindNothing)
     view.bind(NSValueBinding, nullptr, Number, {});
     EXPECT_EQ(view.valueBinder.observedObject(), nullptr);
     EXPECT_EQ(view.sets, 0);
-}
-
-TEST(SelectionMarker, AreValuesOfTheirOwn)
-{
-    EXPECT_EQ(NSNoSelectionMarker(), NSNoSelectionMarker());
-    EXPECT_NE(NSNoSelectionMarker(), NSMultipleValuesMarker());
-    EXPECT_TRUE(NSIsControllerMarker(NSNotApplicableMarker()));
-    for (const QVariant &value : {QVariant(), QVariant(0), QVariant(u"x"_s)})
-        EXPECT_FALSE(NSIsControllerMarker(value));
-    EXPECT_FALSE(NSNoSelectionMarker().canConvert<int>());
-    EXPECT_FALSE(NSNoSelectionMarker().canConvert<QString>());
 }

@@ -58,7 +58,7 @@ QList<Case> cases()
 const QString Any = u"any"_s;
 } // namespace
 
-TEST(BinderTransformers, IntoTheOwnerWhenBoundAndWhenChanged)
+TEST(KTPropertyBinderTransformer, TransformIntoTheOwnerWhenBoundAndWhenChanged)
 {
     for (const Case &each : cases()) {
         ObservedRecord record;
@@ -75,7 +75,7 @@ TEST(BinderTransformers, IntoTheOwnerWhenBoundAndWhenChanged)
     }
 }
 
-TEST(BinderTransformers, BackIntoTheModel)
+TEST(KTPropertyBinderTransformer, TransformBackIntoTheModel)
 {
     for (const Case &each : cases()) {
         ObservedRecord record;
@@ -91,7 +91,7 @@ TEST(BinderTransformers, BackIntoTheModel)
     }
 }
 
-TEST(BinderTransformers, NilBothWays)
+TEST(KTPropertyBinderTransformer, TransformNilBothWays)
 {
     for (const Case &each : cases()) {
         ObservedRecord record;

@@ -255,7 +255,7 @@ void expectRow(const QJsonObject &row, const LoopbackServer &server)
 }
 } // namespace
 
-TEST(DatabaseBundle, AsInTheTable)
+TEST(KTDatabaseBundleTable, AnswersWhatTheTableSays)
 {
     const LoopbackServer server;
     for (const QJsonObject &row : rowsOf(u"system/bundle.jsonl"_s)) {
@@ -265,7 +265,7 @@ TEST(DatabaseBundle, AsInTheTable)
     testing_support::useFreshHome();
 }
 
-TEST(DatabaseBundle, SubclassesHaveTheirOwnFactoryName)
+TEST(KTDatabaseBundleTable, SubclassesHaveTheirOwnFactoryName)
 {
     const QString support = testing_support::useFreshHome() + u"/.local/share";
     EXPECT_EQ(Bundle::factoryDefaultDatabaseBundle<RenamedBundle>().bundlePath(),

@@ -6,6 +6,7 @@
 
 #include "support/FileTree.h"
 #include "support/LoopbackServer.h"
+#include "support/OtherProcess.h"
 #include "support/TestSupport.h"
 
 #include <QFile>
@@ -15,7 +16,6 @@
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -63,20 +63,9 @@ NSURL urlOf(const QString &text)
 {
     return *NSURL::URLWithString(text);
 }
-
-/// Runs \a action in another process, which may change its user.
-int exitStatusOf(const std::function<int()> &action)
-{
-    const pid_t child = ::fork();
-    if (child == 0)
-        ::_exit(action());
-    int status = -1;
-    ::waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
 } // namespace
 
-TEST(DatabaseBundle, HeaderExample)
+TEST(KTDatabaseBundle, HeaderExample)
 {
     testing_support::useFreshHome();
     const KTDatabaseBundle bundle = KTDatabaseBundle::defaultDatabaseBundle();
@@ -95,7 +84,7 @@ TEST(DatabaseBundle, HeaderExample)
     EXPECT_EQ(contentsOf(bundle.filePathFromMediaUrl(*url)), "picture");
 }
 
-TEST(DatabaseBundle, TheUserMayChooseAnother)
+TEST(KTDatabaseBundle, TheUserMayChooseAnother)
 {
     testing_support::useFreshHome();
     NSUserDefaults *const defaults = NSUserDefaults::standardUserDefaults();
@@ -106,7 +95,7 @@ TEST(DatabaseBundle, TheUserMayChooseAnother)
         u"/Cobble/cobble.cobbledb"));
 }
 
-TEST(DatabaseBundle, WithoutHomeItLiesAmongTemporaryFiles)
+TEST(KTDatabaseBundle, WithoutHomeItLiesAmongTemporaryFiles)
 {
     qunsetenv("HOME");
     const FileTree tree;
@@ -118,7 +107,7 @@ TEST(DatabaseBundle, WithoutHomeItLiesAmongTemporaryFiles)
     testing_support::useFreshHome();
 }
 
-TEST(DatabaseBundle, FoldersAreMadeOneLevelDeep)
+TEST(KTDatabaseBundle, FoldersAreMadeOneLevelDeep)
 {
     const FileTree tree;
     EXPECT_FALSE(KTDatabaseBundle::_ensureDirectoryExistsAtPath(tree.path(u"no/where"_s)));
@@ -128,7 +117,7 @@ TEST(DatabaseBundle, FoldersAreMadeOneLevelDeep)
     EXPECT_FALSE(KTDatabaseBundle::_ensureDirectoryExistsAtPath(QString()));
 }
 
-TEST(DatabaseBundle, ThePathMayBeAFile)
+TEST(KTDatabaseBundle, ThePathMayBeAFile)
 {
     const FileTree tree;
     tree.add(u"b.cobbledb"_s, "mine");
@@ -139,7 +128,7 @@ TEST(DatabaseBundle, ThePathMayBeAFile)
     EXPECT_EQ(contentsOf(bundle.bundlePath()), "mine");
 }
 
-TEST(DatabaseBundle, IsMadeAndRemoved)
+TEST(KTDatabaseBundle, IsMadeAndRemoved)
 {
     const BundleOnDisk bundle;
     EXPECT_TRUE(bundle.doesExist());
@@ -151,23 +140,19 @@ TEST(DatabaseBundle, IsMadeAndRemoved)
     EXPECT_TRUE(bundle.tree().contents().isEmpty());
 }
 
-TEST(DatabaseBundle, ManyProcessesMakeOneBundle)
+TEST(KTDatabaseBundle, ManyProcessesMakeOneBundle)
 {
     for (int round = 0; round < 20; ++round) {
         const FileTree tree;
         const KTDatabaseBundle bundle(tree.path(u"b.cobbledb"_s));
-        const pid_t child = ::fork();
-        const bool isBuilt = bundle.buildDatabaseBundleOnDisk();
-        if (child == 0)
-            ::_exit(isBuilt ? 0 : 1);
-        EXPECT_TRUE(isBuilt);
-        int status = -1;
-        ASSERT_EQ(::waitpid(child, &status, 0), child);
-        EXPECT_EQ(status, 0);
+        const auto build = [&] { return bundle.buildDatabaseBundleOnDisk() ? 0 : 1; };
+        const testing_support::OtherProcess other(build);
+        EXPECT_EQ(build(), 0);
+        EXPECT_EQ(other.exitCode(), 0);
     }
 }
 
-TEST(DatabaseBundle, NumbersOfCopies)
+TEST(KTDatabaseBundle, CopiesGetTheNextNumber)
 {
     const QList<std::pair<QList<int>, int>> cases = {
         {{}, 0},
@@ -186,7 +171,7 @@ TEST(DatabaseBundle, NumbersOfCopies)
     }
 }
 
-TEST(DatabaseBundle, TwentyThousandCopiesWithGaps)
+TEST(KTDatabaseBundle, NumbersTwentyThousandCopiesWithGaps)
 {
     const BundleOnDisk bundle;
     QList<int> numbers;
@@ -201,7 +186,7 @@ TEST(DatabaseBundle, TwentyThousandCopiesWithGaps)
     EXPECT_EQ(copy, bundle.media(u"a.20000.jpg"_s));
 }
 
-TEST(DatabaseBundle, CommentsInNames)
+TEST(KTDatabaseBundle, CommentsAreAddedAndRemoved)
 {
     const KTDatabaseBundle bundle(u"/nowhere"_s);
     EXPECT_EQ(bundle.filePathByAddingExtComment(u"a/b.jpg"_s, u"2"_s), u"a/b.2.jpg"_s);
@@ -210,7 +195,7 @@ TEST(DatabaseBundle, CommentsInNames)
     EXPECT_EQ(bundle.filePathByRemovingExtComment(u"my.photo.3.jpg"_s), u"my.jpg"_s);
 }
 
-TEST(DatabaseBundle, NamesOfAllKindsAreStored)
+TEST(KTDatabaseBundle, NamesOfAllKindsAreStored)
 {
     const BundleOnDisk bundle;
     const QStringList names = {u"a b.jpg"_s,
@@ -236,7 +221,7 @@ TEST(DatabaseBundle, NamesOfAllKindsAreStored)
     EXPECT_EQ(bundle.mediaNames().size(), names.size());
 }
 
-TEST(DatabaseBundle, NamesThatWouldBecomeTooLongAreNil)
+TEST(KTDatabaseBundle, NamesThatWouldBecomeTooLongAreNil)
 {
     const BundleOnDisk bundle;
     const QString source = bundle.source(QString(251, u'x') + u".jpg"_s);
@@ -244,7 +229,7 @@ TEST(DatabaseBundle, NamesThatWouldBecomeTooLongAreNil)
     EXPECT_TRUE(bundle.mediaNames().isEmpty());
 }
 
-TEST(DatabaseBundle, NamesCannotLeadOut)
+TEST(KTDatabaseBundle, NamesCannotLeadOut)
 {
     const BundleOnDisk bundle;
     testing_support::writeFile(bundle.databaseFilePath(), "data");
@@ -272,7 +257,7 @@ TEST(DatabaseBundle, NamesCannotLeadOut)
     EXPECT_TRUE(bundle.mediaNames().isEmpty());
 }
 
-TEST(DatabaseBundle, TheLastComponentOfAMediaURLIsTheName)
+TEST(KTDatabaseBundle, TheLastComponentOfAMediaURLIsTheName)
 {
     const KTDatabaseBundle bundle(u"/b"_s);
     const QString media = u"/b/Contents/Resources/Media/"_s;
@@ -283,7 +268,7 @@ TEST(DatabaseBundle, TheLastComponentOfAMediaURLIsTheName)
     EXPECT_EQ(bundle.filePathFromMediaUrl(urlOf(u"cobblemedia://"_s)), media + u"cobblemedia:");
 }
 
-TEST(DatabaseBundle, DownloadsWithoutANameAreRefused)
+TEST(KTDatabaseBundle, DownloadsWithoutANameAreRefused)
 {
     const BundleOnDisk bundle;
     const LoopbackServer server;
@@ -295,7 +280,7 @@ TEST(DatabaseBundle, DownloadsWithoutANameAreRefused)
     EXPECT_TRUE(bundle.mediaNames().isEmpty());
 }
 
-TEST(DatabaseBundle, OnlyHTTPInLowerCaseIsDownloaded)
+TEST(KTDatabaseBundle, OnlyHTTPInLowerCaseIsDownloaded)
 {
     const BundleOnDisk bundle;
     const LoopbackServer server;
@@ -312,7 +297,7 @@ TEST(DatabaseBundle, OnlyHTTPInLowerCaseIsDownloaded)
     EXPECT_TRUE(capture.entries().isEmpty());
 }
 
-TEST(DatabaseBundle, FailedDownloadsAreLogged)
+TEST(KTDatabaseBundle, FailedDownloadsAreLogged)
 {
     const BundleOnDisk bundle;
     const LoopbackServer silent([](int, const QByteArray &) {});
@@ -327,7 +312,7 @@ TEST(DatabaseBundle, FailedDownloadsAreLogged)
     EXPECT_TRUE(bundle.mediaNames().isEmpty());
 }
 
-TEST(DatabaseBundle, DownloadsThatCannotBeWrittenAreLogged)
+TEST(KTDatabaseBundle, DownloadsThatCannotBeWrittenAreLogged)
 {
     const BundleOnDisk bundle;
     const LoopbackServer server;
@@ -343,7 +328,7 @@ TEST(DatabaseBundle, DownloadsThatCannotBeWrittenAreLogged)
               u"Writing file to " + bundle.media(u"pic.0.jpg"_s) + u" failed.");
 }
 
-TEST(DatabaseBundle, WithoutAMediaFolderNothingIsStored)
+TEST(KTDatabaseBundle, WithoutAMediaFolderNothingIsStored)
 {
     const BundleOnDisk bundle;
     const QString source = bundle.source(u"a.jpg"_s);
@@ -357,7 +342,7 @@ TEST(DatabaseBundle, WithoutAMediaFolderNothingIsStored)
     EXPECT_FALSE(bundle.doesExist());
 }
 
-TEST(DatabaseBundle, ABundleAtNilIsNotTheCurrentFolder)
+TEST(KTDatabaseBundle, ABundleAtNilIsNotTheCurrentFolder)
 {
     const FileTree tree({{u"cwd"_s, true}});
     tree.add(u"Contents/Resources/Media/a.0.png"_s);
@@ -375,7 +360,7 @@ TEST(DatabaseBundle, ABundleAtNilIsNotTheCurrentFolder)
     EXPECT_EQ(tree.contents(), before);
 }
 
-TEST(DatabaseBundle, EmptyPicturesAreNil)
+TEST(KTDatabaseBundle, EmptyPicturesAreNil)
 {
     const BundleOnDisk bundle;
     testing_support::needApplication();
@@ -383,7 +368,7 @@ TEST(DatabaseBundle, EmptyPicturesAreNil)
     EXPECT_TRUE(bundle.mediaNames().isEmpty());
 }
 
-TEST(DatabaseBundle, PicturesAreTIFFFiles)
+TEST(KTDatabaseBundle, PicturesAreTIFFFiles)
 {
     const BundleOnDisk bundle;
     testing_support::needApplication();
@@ -397,7 +382,7 @@ TEST(DatabaseBundle, PicturesAreTIFFFiles)
     }
 }
 
-TEST(DatabaseBundle, CopiesKeepTheirModeAndFoldersTheirContents)
+TEST(KTDatabaseBundle, CopiesKeepTheirModeAndFoldersTheirContents)
 {
     const BundleOnDisk bundle;
     const QString source = bundle.source(u"run.sh"_s, "#!/bin/sh");
@@ -413,27 +398,27 @@ TEST(DatabaseBundle, CopiesKeepTheirModeAndFoldersTheirContents)
     EXPECT_FALSE(QFile::exists(folder));
 }
 
-TEST(DatabaseBundle, CopiesThatCannotBeReadGetTheirOddPermissions)
+TEST(KTDatabaseBundle, CopiesThatCannotBeReadGetTheirOddPermissions)
 {
     const BundleOnDisk bundle;
     const QString source = bundle.source(u"secret.txt"_s);
     QFile::setPermissions(source, QFile::WriteOwner);
     const bool isAdministrator = ::geteuid() == 0;
-    const int status = exitStatusOf([&] {
+    const testing_support::OtherProcess other([&] {
         // The rights are the administrator's, the user is another one.
         if (isAdministrator && ::setresuid(65534, 0, 0) != 0)
             return 1;
         return bundle.copyFilePathToMediaFolderAndReturnMediaPath(source).isNull() ? 2 : 0;
     });
     // Nobody else can copy it in the first place.
-    EXPECT_EQ(status, isAdministrator ? 0 : 2);
+    EXPECT_EQ(other.exitCode(), isAdministrator ? 0 : 2);
     struct stat copied = {};
     const QByteArray copy = QFile::encodeName(bundle.media(u"secret.0.txt"_s));
     EXPECT_EQ(::stat(copy.constData(), &copied) == 0, isAdministrator);
     EXPECT_EQ(copied.st_mode & 07777, isAdministrator ? 01407U : 0U);
 }
 
-TEST(DatabaseBundle, MediaURLsAreOfFilesThatExist)
+TEST(KTDatabaseBundle, MediaURLsAreOfFilesThatExist)
 {
     const BundleOnDisk bundle;
     EXPECT_FALSE(bundle.mediaUrlFromFilePath(u"a b.0.png"_s).has_value());
@@ -447,7 +432,7 @@ TEST(DatabaseBundle, MediaURLsAreOfFilesThatExist)
     EXPECT_TRUE(bundle.filePathFromMediaUrl(urlOf(u"http://a/b"_s)).isNull());
 }
 
-TEST(DatabaseBundle, AFullDiskLeavesNothingBehind)
+TEST(KTDatabaseBundle, AFullDiskLeavesNothingBehind)
 {
     const BundleOnDisk bundle;
     const QByteArray large(1 << 20, 'x');
@@ -472,7 +457,7 @@ TEST(DatabaseBundle, AFullDiskLeavesNothingBehind)
     EXPECT_EQ(server.requests().size(), 1);
 }
 
-TEST(DatabaseBundle, ManyProcessesNeverTakeOneName)
+TEST(KTDatabaseBundle, ManyProcessesNeverTakeOneName)
 {
     constexpr int Copies = 100;
     const BundleOnDisk bundle;
@@ -483,17 +468,13 @@ TEST(DatabaseBundle, ManyProcessesNeverTakeOneName)
             failed += bundle.copyFilePathToMediaFolderAndReturnMediaPath(source).isNull() ? 1 : 0;
         return failed;
     };
-    const pid_t child = ::fork();
-    if (child == 0)
-        ::_exit(store());
+    const testing_support::OtherProcess other(store);
     EXPECT_EQ(store(), 0);
-    int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    EXPECT_EQ(status, 0);
+    EXPECT_EQ(other.exitCode(), 0);
     EXPECT_EQ(bundle.mediaNames().size(), 2 * Copies);
 }
 
-TEST(DatabaseBundle, BeforeAnUpgrade)
+TEST(KTDatabaseBundle, IsMovedAndCopiedBeforeAnUpgrade)
 {
     const BundleOnDisk bundle;
     testing_support::writeFile(bundle.databaseFilePath(), "data");
@@ -511,7 +492,7 @@ TEST(DatabaseBundle, BeforeAnUpgrade)
               bundle.tree().path(u"b_PreUpgrade 2.cobbledb"_s));
 }
 
-TEST(DatabaseBundle, NothingToUpgradeIsNoError)
+TEST(KTDatabaseBundle, NothingToUpgradeIsNoError)
 {
     const FileTree tree;
     const KTDatabaseBundle bundle(tree.path(u"b.cobbledb"_s));
@@ -519,7 +500,7 @@ TEST(DatabaseBundle, NothingToUpgradeIsNoError)
     EXPECT_TRUE(tree.contents().isEmpty());
 }
 
-TEST(DatabaseBundle, HostileTextsGetAnAnswer)
+TEST(KTDatabaseBundle, HostileTextsGetAnAnswer)
 {
     const BundleOnDisk bundle;
     bundle.addMedia(u"kept"_s);

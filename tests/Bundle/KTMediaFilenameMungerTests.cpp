@@ -2,22 +2,16 @@
 #include <KTUtility/Bundle/KTMediaNames_p.h>
 #include <KTUtility/KTLogCapture>
 #include <KTUtility/KTMediaFilenameMunger>
-#include <KTUtility/NSFileManager>
-#include <KTUtility/NSPathUtilities>
 
 #include "support/FileTree.h"
 #include "support/LoopbackServer.h"
+#include "support/OtherProcess.h"
 #include "support/TestSupport.h"
 
 #include <QFile>
 #include <QJsonArray>
-#include <QRandomGenerator>
-#include <QSet>
 
 #include <map>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -83,59 +77,9 @@ QJsonArray logsOf(const KTLogCapture &capture, const FileTree &tree)
                            tree.outOfRoot(entry.message)};
     return logs;
 }
-
-/// The search for a number as its rules have it, asking the file system for each.
-int nextNumberStepByStep(const QString &path, QList<int> *asked)
-{
-    const auto isTaken = [&](int number) {
-        *asked += number;
-        return NSFileManager::fileExistsAtPath(
-            KTMediaNames::pathByAddingExtComment(path, QString::number(number)));
-    };
-    int number = 0;
-    for (; number <= 3; ++number) {
-        if (!isTaken(number))
-            return number;
-    }
-    int low = 0;
-    for (number = 4; isTaken(number); number *= 2)
-        low = number;
-    int lastFree = number;
-    while (!isTaken(number)) {
-        lastFree = number;
-        number = (low + number) / 2;
-    }
-    for (; number <= lastFree; ++number) {
-        if (!isTaken(number))
-            return number;
-    }
-    return -1;
-}
-
-/// A folder of copies with random gaps; each call makes another kind.
-void addRandomCopies(const FileTree &tree, QRandomGenerator &random, int dense, int scattered)
-{
-    tree.addCopies(u"photo.%d.jpg"_s, 0, dense - 1);
-    for (int count = 0; count < scattered; ++count) {
-        const int number = random.bounded(2 * dense + 10);
-        tree.addCopies(u"photo.%d.jpg"_s, number, number);
-    }
-    for (int count = random.bounded(4); count > 0; --count)
-        QFile::remove(tree.path(u"photo.%1.jpg"_s.arg(random.bounded(dense + 1))));
-}
-
-void expectSameSearch(const QString &path)
-{
-    QList<int> expectedSteps;
-    const int expected = nextNumberStepByStep(path, &expectedSteps);
-    QList<int> steps;
-    EXPECT_EQ(KTInstanceNumbers(path).next([&](int number) { steps += number; }), expected);
-    EXPECT_EQ(steps, expectedSteps);
-    EXPECT_EQ(Munger::nextInstanceNumberForOriginalFilename(path), expected);
-}
 } // namespace
 
-TEST(MediaFilenameMunger, HeaderExample)
+TEST(KTMediaFilenameMunger, HeaderExample)
 {
     const FileTree tree;
     tree.add(u"photo.jpg"_s, "picture");
@@ -148,7 +92,7 @@ TEST(MediaFilenameMunger, HeaderExample)
     EXPECT_TRUE(Munger::fileToLoadFromDBStoredName(stored).isNull());
 }
 
-TEST(MediaFilenameMunger, AsInTheTable)
+TEST(KTMediaFilenameMunger, AnswersWhatTheTableSays)
 {
     const LoopbackServer server;
     for (const QJsonObject &row : rowsOf(u"system/munger.jsonl"_s)) {
@@ -176,7 +120,7 @@ TEST(MediaFilenameMunger, AsInTheTable)
     }
 }
 
-TEST(MediaFilenameMunger, StoredNameWinsOverItsVariant)
+TEST(KTMediaFilenameMunger, StoredNameWinsOverItsVariant)
 {
     const FileTree tree;
     const QString stored = tree.path(u"a.0.jpg"_s);
@@ -190,14 +134,14 @@ TEST(MediaFilenameMunger, StoredNameWinsOverItsVariant)
     EXPECT_TRUE(tree.contents().isEmpty());
 }
 
-TEST(MediaFilenameMunger, NamesLoseThreeExtensions)
+TEST(KTMediaFilenameMunger, NamesLoseThreeExtensions)
 {
     EXPECT_EQ(Munger::originalFileNameFromDBStoredName(u"a.0.jpg"_s), u"a.jpg"_s);
     EXPECT_EQ(Munger::originalFileNameFromDBStoredName(u"a.0.orig.jpg"_s), u"a.jpg"_s);
     EXPECT_EQ(Munger::stringByRemovingExtComment(u"my.photo.3.jpg"_s), u"my.jpg"_s);
 }
 
-TEST(MediaFilenameMunger, NamesWithoutExtensionGetNoDotAtTheEnd)
+TEST(KTMediaFilenameMunger, NamesWithoutExtensionGetNoDotAtTheEnd)
 {
     EXPECT_EQ(Munger::stringByAddingExtComment(u"photo"_s, u"0"_s), u"photo.0"_s);
     EXPECT_EQ(Munger::stringByAddingExtComment(u".jpg"_s, u"0"_s), u".jpg.0"_s);
@@ -208,7 +152,7 @@ TEST(MediaFilenameMunger, NamesWithoutExtensionGetNoDotAtTheEnd)
     EXPECT_EQ(Munger::nextInstanceNumberForOriginalFilename(tree.path(u"photo"_s)), 6);
 }
 
-TEST(MediaFilenameMunger, MissingSourcesAreNilAndNotLogged)
+TEST(KTMediaFilenameMunger, MissingSourcesAreNilAndNotLogged)
 {
     const FileTree tree;
     const KTLogCapture capture(kLog_MediaFilenames);
@@ -218,69 +162,7 @@ TEST(MediaFilenameMunger, MissingSourcesAreNilAndNotLogged)
     EXPECT_TRUE(tree.contents().isEmpty());
 }
 
-TEST(InstanceNumbers, AreThoseOfTheSteps)
-{
-    QRandomGenerator random(11);
-    for (int round = 0; round < 60; ++round) {
-        const FileTree tree;
-        addRandomCopies(tree, random, random.bounded(1, 90), random.bounded(40));
-        expectSameSearch(tree.path(u"photo.jpg"_s));
-    }
-}
-
-TEST(InstanceNumbers, AreThoseOfTheStepsInLargeFolders)
-{
-    // The copies on which the search comes to a long walk, from 10,240 up to the first gap.
-    for (const int gap : {10500, 11239, 11240, 11241, 11800, 12287, 12288}) {
-        const FileTree tree;
-        tree.addCopies(u"photo.%d.jpg"_s, 0, 3);
-        for (int number = 4; number <= 8192; number *= 2)
-            tree.addCopies(u"photo.%d.jpg"_s, number, number);
-        tree.addCopies(u"photo.%d.jpg"_s, 10240, gap - 1);
-        tree.addCopies(u"photo.%d.jpg"_s, gap + 1, std::min(gap + 20, 12287));
-        tree.addCopies(u"photo.0%d.jpg"_s, gap, gap);
-        tree.addCopies(u"photo.%d.jpg.jpg"_s, gap, gap);
-        tree.addCopies(u"other.%d.jpg"_s, gap, gap);
-        QFile::link(tree.path(u"nowhere"_s), tree.path(u"photo.%1.jpg"_s.arg(gap)));
-        expectSameSearch(tree.path(u"photo.jpg"_s));
-        expectSameSearch(tree.path(u"photo.jpg"_s) + u'/');
-        expectSameSearch(tree.path(u"none/../photo.jpg"_s));
-        QFile::link(tree.path(u"photo.0.jpg"_s), tree.path(u"photo.%1.jpg"_s.arg(gap + 100)));
-        expectSameSearch(tree.path(u"photo.jpg"_s));
-    }
-}
-
-TEST(InstanceNumbers, GapsBelowAreNotReused)
-{
-    const FileTree tree;
-    tree.addCopies(u"a.%d.jpg"_s, 0, 8);
-    QFile::remove(tree.path(u"a.5.jpg"_s));
-    QList<int> asked;
-    EXPECT_EQ(KTInstanceNumbers(tree.path(u"a.jpg"_s)).next([&](int number) { asked += number; }),
-              9);
-    EXPECT_EQ(asked, QList<int>({0, 1, 2, 3, 4, 8, 16, 16, 12, 10, 9, 8, 8, 9}));
-}
-
-TEST(InstanceNumbers, LinksCountIfTheyLeadSomewhere)
-{
-    const FileTree tree;
-    QFile::link(tree.path(u"nowhere"_s), tree.path(u"a.0.jpg"_s));
-    const QString path = tree.path(u"a.jpg"_s);
-    EXPECT_EQ(Munger::nextInstanceNumberForOriginalFilename(path), 0);
-    tree.add(u"nowhere"_s);
-    EXPECT_EQ(Munger::nextInstanceNumberForOriginalFilename(path), 1);
-}
-
-TEST(InstanceNumbers, NumbersEndBeforeTheyOverflow)
-{
-    const FileTree tree;
-    tree.addCopies(u"a.%d.jpg"_s, 0, 3);
-    for (int number = 4; number > 0 && number <= 1 << 30; number += number < 1 << 30 ? number : 1)
-        tree.addCopies(u"a.%d.jpg"_s, number, number);
-    EXPECT_EQ(Munger::nextInstanceNumberForOriginalFilename(tree.path(u"a.jpg"_s)), -1);
-}
-
-TEST(MediaFilenameMunger, ADanglingLinkIsNotWrittenThrough)
+TEST(KTMediaFilenameMunger, ADanglingLinkIsNotWrittenThrough)
 {
     const FileTree tree;
     tree.add(u"a.jpg"_s, "mine");
@@ -291,7 +173,7 @@ TEST(MediaFilenameMunger, ADanglingLinkIsNotWrittenThrough)
               QStringList({u"a.0.jpg"_s, u"a.jpg"_s}));
 }
 
-TEST(MediaFilenameMunger, PathsThatNameNoFileAreLeftAlone)
+TEST(KTMediaFilenameMunger, PathsThatNameNoFileAreLeftAlone)
 {
     const FileTree tree;
     tree.add(u"sub/a.0.jpg"_s);
@@ -307,7 +189,7 @@ TEST(MediaFilenameMunger, PathsThatNameNoFileAreLeftAlone)
     EXPECT_EQ(tree.contents(), before);
 }
 
-TEST(MediaFilenameMunger, FoldersAreCopiedAndDeletedWhole)
+TEST(KTMediaFilenameMunger, FoldersAreCopiedAndDeletedWhole)
 {
     const FileTree tree;
     tree.add(u"notes.rtfd/text.rtf"_s, "text");
@@ -320,7 +202,7 @@ TEST(MediaFilenameMunger, FoldersAreCopiedAndDeletedWhole)
     EXPECT_TRUE(QFile::exists(tree.path(u"notes.rtfd/text.rtf"_s)));
 }
 
-TEST(MediaFilenameMunger, DownloadsFailWithALogLine)
+TEST(KTMediaFilenameMunger, DownloadsFailWithALogLine)
 {
     const LoopbackServer server([](int, const QByteArray &) {});
     const FileTree tree(QJsonObject{{u"cwd"_s, true}});
@@ -334,7 +216,7 @@ TEST(MediaFilenameMunger, DownloadsFailWithALogLine)
     EXPECT_TRUE(tree.contents().isEmpty());
 }
 
-TEST(MediaFilenameMunger, TwoProcessesNeverTakeOneName)
+TEST(KTMediaFilenameMunger, TwoProcessesNeverTakeOneName)
 {
     constexpr int Copies = 200;
     const FileTree tree;
@@ -346,17 +228,13 @@ TEST(MediaFilenameMunger, TwoProcessesNeverTakeOneName)
             stored += Munger::copyFileToDbAndReturnDBStoredName(source).isNull() ? 0 : 1;
         return stored == Copies ? 0 : 1;
     };
-    const pid_t child = ::fork();
-    if (child == 0)
-        ::_exit(store());
+    const testing_support::OtherProcess other(store);
     EXPECT_EQ(store(), 0);
-    int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    EXPECT_EQ(status, 0);
+    EXPECT_EQ(other.exitCode(), 0);
     EXPECT_EQ(tree.contents().size(), 2 * Copies + 1);
 }
 
-TEST(MediaFilenameMunger, HostileTextsGetAnAnswer)
+TEST(KTMediaFilenameMunger, HostileTextsGetAnAnswer)
 {
     const FileTree tree(QJsonObject{{u"cwd"_s, true}});
     tree.add(u"kept"_s);
@@ -370,7 +248,7 @@ TEST(MediaFilenameMunger, HostileTextsGetAnAnswer)
     EXPECT_EQ(tree.contents().keys(), QStringList(u"kept"_s));
 }
 
-TEST(MediaFilenameMunger, NamesThatAreTooLongAreNil)
+TEST(KTMediaFilenameMunger, NamesThatAreTooLongAreNil)
 {
     const FileTree tree;
     const QString longest = QString(251, u'x') + u".jpg"_s;

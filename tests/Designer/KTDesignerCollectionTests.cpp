@@ -15,10 +15,10 @@ using namespace Qt::StringLiterals;
 namespace {
 const QString PlugIn = QStringLiteral(KTUTILITY_DESIGNER_PLUGIN);
 
-class DesignerPlugIn : public testing_support::WindowedTest
+class KTDesignerCollectionTests : public testing_support::WindowedTest
 {
 protected:
-    DesignerPlugIn() : loader(PlugIn)
+    KTDesignerCollectionTests() : loader(PlugIn)
     {
         auto *const collection =
             qobject_cast<QDesignerCustomWidgetCollectionInterface *>(loader.instance());
@@ -31,7 +31,7 @@ protected:
 };
 } // namespace
 
-TEST_F(DesignerPlugIn, HasEveryView)
+TEST_F(KTDesignerCollectionTests, HasEveryView)
 {
     ASSERT_TRUE(loader.isLoaded()) << loader.errorString().toStdString();
     QStringList names;
@@ -41,7 +41,7 @@ TEST_F(DesignerPlugIn, HasEveryView)
                                   u"KTMediaFieldSlider"_s}));
 }
 
-TEST_F(DesignerPlugIn, MakesEachOfThem)
+TEST_F(KTDesignerCollectionTests, MakesEachOfThem)
 {
     ASSERT_EQ(widgets.size(), 3);
     QWidget parent;
@@ -59,7 +59,7 @@ TEST_F(DesignerPlugIn, MakesEachOfThem)
     EXPECT_FALSE(widgets.at(2)->isContainer());
 }
 
-TEST_F(DesignerPlugIn, NamesHeadersThatExist)
+TEST_F(KTDesignerCollectionTests, NamesHeadersThatExist)
 {
     for (const QDesignerCustomWidgetInterface *const widget : widgets) {
         const QString header =
@@ -68,7 +68,7 @@ TEST_F(DesignerPlugIn, NamesHeadersThatExist)
     }
 }
 
-TEST_F(DesignerPlugIn, FormsOfItAreRead)
+TEST_F(KTDesignerCollectionTests, FormsOfItAreRead)
 {
     QUiLoader forms;
     forms.addPluginPath(QFileInfo(PlugIn).path());

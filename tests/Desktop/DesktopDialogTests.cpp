@@ -21,6 +21,8 @@
 
 using namespace Qt::StringLiterals;
 
+using testing_support::turn;
+
 namespace {
 /// A window with a button.
 class ButtonWindow : public QWidget
@@ -48,16 +50,16 @@ public:
     DialogWindow() { resize(200, 100); }
 };
 
-class DesktopWindow : public testing::Test
+class DesktopDialogTests : public testing::Test
 {
 protected:
-    DesktopWindow()
+    DesktopDialogTests()
     {
         QApplication::setQuitOnLastWindowClosed(false);
         show(first);
         show(second);
     }
-    ~DesktopWindow() override { turn(); }
+    ~DesktopDialogTests() override { turn(); }
 
     static void show(KTWindowController &controller)
     {
@@ -76,11 +78,6 @@ protected:
         windowOf(controller)->click();
         return clicks.count() == 1;
     }
-    static void turn()
-    {
-        for (int round = 0; round < 5; ++round)
-            QCoreApplication::processEvents();
-    }
     static KTWindowController *current()
     {
         return KTWindowManager::sharedWindowManager()->currentMainWindowController();
@@ -93,7 +90,7 @@ protected:
 };
 } // namespace
 
-TEST_F(DesktopWindow, TheWindowThatGetsTheKeyboardIsCurrent)
+TEST_F(DesktopDialogTests, TheWindowThatGetsTheKeyboardIsCurrent)
 {
     EXPECT_EQ(current(), &second);
     first.window()->activateWindow();
@@ -106,7 +103,7 @@ TEST_F(DesktopWindow, TheWindowThatGetsTheKeyboardIsCurrent)
               QList<KTWindowController *>({&second, &first}));
 }
 
-TEST_F(DesktopWindow, ASheetBlocksItsHostOnly)
+TEST_F(DesktopDialogTests, ASheetBlocksItsHostOnly)
 {
     first.addDialogControllerToQueue(&dialog);
     first.runDialogQueue();
@@ -119,7 +116,7 @@ TEST_F(DesktopWindow, ASheetBlocksItsHostOnly)
     EXPECT_TRUE(takesClicks(first));
 }
 
-TEST_F(DesktopWindow, ARunningDialogIsNoMainWindow)
+TEST_F(DesktopDialogTests, ARunningDialogIsNoMainWindow)
 {
     first.addDialogControllerToQueue(&dialog);
     first.runDialogQueue();
@@ -131,7 +128,7 @@ TEST_F(DesktopWindow, ARunningDialogIsNoMainWindow)
     turn();
 }
 
-TEST_F(DesktopWindow, TheKeyboardGoesBackToTheHost)
+TEST_F(DesktopDialogTests, TheKeyboardGoesBackToTheHost)
 {
     first.window()->activateWindow();
     ASSERT_TRUE(becomesActive(first.window()));
@@ -149,7 +146,7 @@ TEST_F(DesktopWindow, TheKeyboardGoesBackToTheHost)
     EXPECT_TRUE(QTest::qWaitFor([this] { return !first.continueRunningQueue(); }));
 }
 
-TEST_F(DesktopWindow, AModalDialogBlocksAllWindows)
+TEST_F(DesktopDialogTests, AModalDialogBlocksAllWindows)
 {
     dialog.setRunAsSheet(false);
     first.addDialogControllerToQueue(&dialog);
@@ -170,7 +167,7 @@ TEST_F(DesktopWindow, AModalDialogBlocksAllWindows)
     EXPECT_TRUE(takesClicks(second));
 }
 
-TEST_F(DesktopWindow, APlainWindowBlocksNothing)
+TEST_F(DesktopDialogTests, APlainWindowBlocksNothing)
 {
     dialog.setRunAsModal(false);
     first.addDialogControllerToQueue(&dialog);
@@ -182,7 +179,7 @@ TEST_F(DesktopWindow, APlainWindowBlocksNothing)
     turn();
 }
 
-TEST_F(DesktopWindow, TwoWindowsHaveSheetsAtOnce)
+TEST_F(DesktopDialogTests, TwoWindowsHaveSheetsAtOnce)
 {
     first.addDialogControllerToQueue(&dialog);
     second.addDialogControllerToQueue(&next);
@@ -200,7 +197,7 @@ TEST_F(DesktopWindow, TwoWindowsHaveSheetsAtOnce)
     turn();
 }
 
-TEST_F(DesktopWindow, AnAlertIsASheetWithTheKeyboardOnItsDefaultButton)
+TEST_F(DesktopDialogTests, AnAlertIsASheetWithTheKeyboardOnItsDefaultButton)
 {
     auto *const alert = new NSAlert(u"Delete?"_s, u"Delete"_s, u"Keep"_s, QString(), QString());
     QPointer<NSAlert> guard(alert);
@@ -216,7 +213,7 @@ TEST_F(DesktopWindow, AnAlertIsASheetWithTheKeyboardOnItsDefaultButton)
     EXPECT_TRUE(takesClicks(first));
 }
 
-TEST_F(DesktopWindow, TheHostMayGoUnderItsSheet)
+TEST_F(DesktopDialogTests, TheHostMayGoUnderItsSheet)
 {
     auto host = std::make_unique<KTWindowController>(new ButtonWindow(QPoint(200, 400)));
     show(*host);

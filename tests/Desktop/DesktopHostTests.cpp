@@ -12,7 +12,7 @@
 
 using namespace Qt::StringLiterals;
 
-class DesktopHost : public HostWindowTest
+class DesktopHostTests : public HostWindowTest
 {
 protected:
     MainWindowController *openActive()
@@ -49,7 +49,7 @@ protected:
     }
 };
 
-TEST_F(DesktopHost, ImportsByTheKeyboardAlone)
+TEST_F(DesktopHostTests, ImportsByTheKeyboardAlone)
 {
     MainWindowController *const window = openActive();
     tree.add(u"Pets.csv"_s, "Pet,Age\nCat,3\nDog,4\n");
@@ -70,7 +70,7 @@ TEST_F(DesktopHost, ImportsByTheKeyboardAlone)
     EXPECT_EQ(application->hud()->text()->text(), u"Imported 2 records"_s);
 }
 
-TEST_F(DesktopHost, SearchesEditsAndDeletesByTheKeyboardAlone)
+TEST_F(DesktopHostTests, SearchesEditsAndDeletesByTheKeyboardAlone)
 {
     MainWindowController *const window = openActive();
     press(Qt::Key_F, Qt::ControlModifier);
@@ -92,7 +92,7 @@ TEST_F(DesktopHost, SearchesEditsAndDeletesByTheKeyboardAlone)
     EXPECT_EQ(QApplication::focusWidget(), window->mainWindow()->table());
 }
 
-TEST_F(DesktopHost, QuittingWaitsForTheSheet)
+TEST_F(DesktopHostTests, QuittingWaitsForTheSheet)
 {
     MainWindowController *const window = openActive();
     press(Qt::Key_I, Qt::ControlModifier);
@@ -106,7 +106,7 @@ TEST_F(DesktopHost, QuittingWaitsForTheSheet)
     EXPECT_TRUE(QTest::qWaitFor([this] { return application->windows().isEmpty(); }));
 }
 
-TEST_F(DesktopHost, TheMenuIsReachedByItsLetters)
+TEST_F(DesktopHostTests, TheMenuIsReachedByItsLetters)
 {
     MainWindowController *const window = openActive();
     press(Qt::Key_F, Qt::AltModifier);
@@ -117,7 +117,7 @@ TEST_F(DesktopHost, TheMenuIsReachedByItsLetters)
     EXPECT_TRUE(becomesActive(window->mainWindow()));
 }
 
-TEST_F(DesktopHost, EachWindowHasItsQueue)
+TEST_F(DesktopHostTests, EachWindowHasItsQueue)
 {
     MainWindowController *const first = openActive();
     press(Qt::Key_N, Qt::ControlModifier);
@@ -135,7 +135,7 @@ TEST_F(DesktopHost, EachWindowHasItsQueue)
     EXPECT_TRUE(second->importSheet()->isRunningAsDialog());
 }
 
-TEST_F(DesktopHost, TheScreenShowsIt)
+TEST_F(DesktopHostTests, TheScreenShowsIt)
 {
     MainWindowController *const window = openActive();
     const QRect frame = window->mainWindow()->frameGeometry();

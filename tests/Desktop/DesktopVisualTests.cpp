@@ -25,10 +25,10 @@ QImage screenShot()
     return QGuiApplication::primaryScreen()->grabWindow(0).toImage();
 }
 
-class DesktopVisual : public testing::Test
+class DesktopVisualTests : public testing::Test
 {
 protected:
-    DesktopVisual()
+    DesktopVisualTests()
     {
         QApplication::setQuitOnLastWindowClosed(false);
         window.setGeometry(100, 100, 500, 300);
@@ -43,7 +43,7 @@ protected:
 };
 } // namespace
 
-TEST_F(DesktopVisual, TheDisplayLiesOverTheWindowAndTakesNoKeyboard)
+TEST_F(DesktopVisualTests, TheDisplayLiesOverTheWindowAndTakesNoKeyboard)
 {
     KTStatusHUDController hud;
     hud.showStatusWindowWithString(u"247 records"_s, NSWindow::frame(&window), false, 60);
@@ -56,7 +56,7 @@ TEST_F(DesktopVisual, TheDisplayLiesOverTheWindowAndTakesNoKeyboard)
     EXPECT_TRUE(hud.isDisplayingWindow());
 }
 
-TEST_F(DesktopVisual, CornersAreRoundWithoutACompositor)
+TEST_F(DesktopVisualTests, CornersAreRoundWithoutACompositor)
 {
     KTStatusHUDController hud;
     hud.showStatusWindowWithString(u"247 records"_s, NSWindow::frame(&window), false, 60);
@@ -74,7 +74,7 @@ TEST_F(DesktopVisual, CornersAreRoundWithoutACompositor)
     EXPECT_FALSE(isDarkAt(frame.bottomRight()));
 }
 
-TEST_F(DesktopVisual, AClickThroughTheWindowSystemDismisses)
+TEST_F(DesktopVisualTests, AClickThroughTheWindowSystemDismisses)
 {
     KTStatusHUDController hud;
     hud.showStatusWindowWithString(u"247 records"_s, NSWindow::frame(&window), false, 60);
@@ -86,7 +86,7 @@ TEST_F(DesktopVisual, AClickThroughTheWindowSystemDismisses)
     EXPECT_FALSE(hud.window()->isVisible());
 }
 
-TEST_F(DesktopVisual, TheRingFollowsTheKeyboardFromWindowToWindow)
+TEST_F(DesktopVisualTests, TheRingFollowsTheKeyboardFromWindowToWindow)
 {
     auto *const view = new KTFocusRingView(&window);
     view->setGeometry(20, 20, 200, 100);

@@ -1,5 +1,6 @@
 target_sources(KTUtilityTests PRIVATE
     Diagnostics/KTAssertTests.cpp
+    Diagnostics/KTLogCaptureTests.cpp
     Diagnostics/KTLoggerMenuTests.cpp
     Diagnostics/KTLoggerTests.cpp
     Diagnostics/LogFileTests.cpp

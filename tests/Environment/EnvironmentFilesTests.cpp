@@ -74,7 +74,7 @@ constexpr Naming Names[] = {
 };
 } // namespace
 
-TEST(EnvironmentFiles, PropertyLists)
+TEST(EnvironmentFiles, PropertyListsAreTheSameBytes)
 {
     EXPECT_EQ(NSPropertyListSerialization::dataWithPropertyList(values()), valuesAsXML());
     EXPECT_EQ(
@@ -82,7 +82,7 @@ TEST(EnvironmentFiles, PropertyLists)
         values().value(u"date"_s));
 }
 
-TEST(EnvironmentFiles, UserDefaults)
+TEST(EnvironmentFiles, UserDefaultsAreTheSameBytes)
 {
     const QString home = testing_support::useFreshHome();
     const QString domain = u"org.example.INFO"_s;
@@ -98,7 +98,7 @@ TEST(EnvironmentFiles, UserDefaults)
     EXPECT_EQ(NSUserDefaults(domain).doubleForKey(u"real"_s), 1234.5);
 }
 
-TEST(EnvironmentFiles, LoggerSettings)
+TEST(EnvironmentFiles, LoggerSettingsAreTheSameBytes)
 {
     const QString home = testing_support::useFreshHome();
     KTLogger logger;
@@ -135,7 +135,7 @@ TEST(EnvironmentFiles, LogLinesHaveEnglishDatesOfTheZonesClock)
     EXPECT_LE(shown, clockOf(after));
 }
 
-TEST(EnvironmentFiles, MediaNames)
+TEST(EnvironmentFiles, MediaNamesAreTheSame)
 {
     const FileTree tree;
     tree.add(u"IMAGE İı.JPG"_s);
@@ -155,7 +155,7 @@ TEST(EnvironmentFiles, MediaNames)
         u"IMAGE İı.0.JPG");
 }
 
-TEST(EnvironmentFiles, InternalNames)
+TEST(EnvironmentFiles, InternalNamesDoNotDependOnTheLanguage)
 {
     for (const Naming &name : Names) {
         const QString title = QString::fromUtf16(name.title);

@@ -16,16 +16,16 @@ using testing_support::contentsOf;
 using testing_support::FileTree;
 
 namespace {
-class EnvironmentHost : public testing::Test
+class EnvironmentHostTests : public testing::Test
 {
 protected:
-    EnvironmentHost() : bundle(tree.path(u"b.cobbledb"_s))
+    EnvironmentHostTests() : bundle(tree.path(u"b.cobbledb"_s))
     {
         testing_support::needApplication();
         testing_support::useFreshHome();
     }
     /// The host goes back to the environment's locale after its own.
-    ~EnvironmentHost() override { environment_support::chooseCalendar(); }
+    ~EnvironmentHostTests() override { environment_support::chooseCalendar(); }
 
     void run(const QStringList &arguments)
     {
@@ -66,7 +66,7 @@ const QByteArray Unambiguous = "TITLE ID;Count;Born;Seen;Notes;Phone\n"
                                "٣;-7;1951-12-31;2001-01-01 12:00:00;1.;555 0195\n";
 } // namespace
 
-TEST_F(EnvironmentHost, StoresTheSameValuesOfUnambiguousTexts)
+TEST_F(EnvironmentHostTests, StoresTheSameValuesOfUnambiguousTexts)
 {
     import(Unambiguous);
     const auto opened = store();
@@ -88,7 +88,7 @@ TEST_F(EnvironmentHost, StoresTheSameValuesOfUnambiguousTexts)
     EXPECT_EQ(rows, expected);
 }
 
-TEST_F(EnvironmentHost, NamesTheTablesTheSame)
+TEST_F(EnvironmentHostTests, NamesTheTablesTheSame)
 {
     import(Unambiguous);
     const auto opened = store();
@@ -103,7 +103,7 @@ TEST_F(EnvironmentHost, NamesTheTablesTheSame)
     EXPECT_EQ(columns.join(u' '), u"kt_titleId kt_count kt_born kt_seen kt_notes kt_phone");
 }
 
-TEST_F(EnvironmentHost, ExportsTheSameBytesForOneLocale)
+TEST_F(EnvironmentHostTests, ExportsTheSameBytesForOneLocale)
 {
     import(Unambiguous);
     run({u"export"_s, u"SIZE INFO"_s, u"--locale"_s, u"en_US"_s, u"--to"_s,
@@ -115,7 +115,7 @@ TEST_F(EnvironmentHost, ExportsTheSameBytesForOneLocale)
               u"٣,-7,12/31/1951,1/1/2001 12:00 PM,1.,555-0195\r\n");
 }
 
-TEST_F(EnvironmentHost, ExportsValuesWithoutTheLocalesWriting)
+TEST_F(EnvironmentHostTests, ExportsValuesWithoutTheLocalesWriting)
 {
     import("Count;Note\n1234;a\n5;b\n");
     run({u"export"_s, u"SIZE INFO"_s, u"--to"_s, tree.path(u"out.json"_s)});
@@ -124,7 +124,7 @@ TEST_F(EnvironmentHost, ExportsValuesWithoutTheLocalesWriting)
               uR"([ {"count": 1234, "note": "a"}, {"count": 5, "note": "b"} ])");
 }
 
-TEST_F(EnvironmentHost, WhatIsShownComesBackFromItsOwnExport)
+TEST_F(EnvironmentHostTests, WhatIsShownComesBackFromItsOwnExport)
 {
     import(Unambiguous);
     const auto exportTo = [this](const QString &library, const QString &file) {

@@ -63,6 +63,7 @@ void expectDateBack(const KTDateTimeFormatter &formatter, const QDateTime &date,
               wallTime(date).left(comparedLength))
         << text.toStdString();
 }
+
 constexpr qsizetype DayLength = 10;
 constexpr qsizetype MinuteLength = 16;
 } // namespace

@@ -21,10 +21,10 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-class FaultInjectorTest : public testing::Test
+class FaultInjectorTests : public testing::Test
 {
 protected:
-    FaultInjectorTest() : home(testing_support::useFreshHome()) {}
+    FaultInjectorTests() : home(testing_support::useFreshHome()) {}
 
     QByteArray path(const char *name) const { return QFile::encodeName(home) + '/' + name; }
     int create(const char *name) const
@@ -41,7 +41,7 @@ protected:
 };
 } // namespace
 
-TEST_F(FaultInjectorTest, HeaderExample)
+TEST_F(FaultInjectorTests, HeaderExample)
 {
     int number = 1;
     const auto save = [this] {
@@ -59,7 +59,7 @@ TEST_F(FaultInjectorTest, HeaderExample)
     EXPECT_GT(number, 3);
 }
 
-TEST_F(FaultInjectorTest, FailsTheCallThatIsAskedFor)
+TEST_F(FaultInjectorTests, FailsTheCallThatIsAskedFor)
 {
     int first = 0;
     int second = 0;
@@ -78,7 +78,7 @@ TEST_F(FaultInjectorTest, FailsTheCallThatIsAskedFor)
     EXPECT_GE(create("two"), 0) << "it is over";
 }
 
-TEST_F(FaultInjectorTest, LooksAtOneFolderAndOneThread)
+TEST_F(FaultInjectorTests, LooksAtOneFolderAndOneThread)
 {
     const auto outcome = FaultInjector::during(home + u"/inner", Fault::InputOutput, 1, [this] {
         EXPECT_GE(create("one"), 0);
@@ -91,7 +91,7 @@ TEST_F(FaultInjectorTest, LooksAtOneFolderAndOneThread)
     EXPECT_GE(made, 0);
 }
 
-TEST_F(FaultInjectorTest, AFullDiskTakesHalfAndNothingMore)
+TEST_F(FaultInjectorTests, AFullDiskTakesHalfAndNothingMore)
 {
     QFile file(home + u"/file");
     ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
@@ -106,7 +106,7 @@ TEST_F(FaultInjectorTest, AFullDiskTakesHalfAndNothingMore)
     EXPECT_EQ(testing_support::contentsOf(home + u"/file"), "1234");
 }
 
-TEST_F(FaultInjectorTest, AShortReadGivesHalfAndTheRestAtTheNextOne)
+TEST_F(FaultInjectorTests, AShortReadGivesHalfAndTheRestAtTheNextOne)
 {
     testing_support::writeFile(home + u"/file", "12345678");
     QFile file(home + u"/file");
@@ -124,7 +124,7 @@ TEST_F(FaultInjectorTest, AShortReadGivesHalfAndTheRestAtTheNextOne)
     EXPECT_EQ(QByteArray(bytes.data(), 8), "12345678");
 }
 
-TEST_F(FaultInjectorTest, ACloseThatFailsClosesAllTheSame)
+TEST_F(FaultInjectorTests, ACloseThatFailsClosesAllTheSame)
 {
     const int file = ::open(path("file").constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
     ASSERT_GE(file, 0);
@@ -140,7 +140,7 @@ TEST_F(FaultInjectorTest, ACloseThatFailsClosesAllTheSame)
     EXPECT_EQ(::fcntl(file, F_GETFD), -1);
 }
 
-TEST_F(FaultInjectorTest, SeesWhatQtDoes)
+TEST_F(FaultInjectorTests, SeesWhatQtDoes)
 {
     QDir().mkpath(home + u"/folder");
     const auto outcome = FaultInjector::during(home, Fault::ShortWrite, 1000, [this] {
@@ -158,7 +158,7 @@ TEST_F(FaultInjectorTest, SeesWhatQtDoes)
         EXPECT_GT(outcome.seen[size_t(call)], 0) << nameOf(call);
 }
 
-TEST_F(FaultInjectorTest, WhatThrowsDisarmsIt)
+TEST_F(FaultInjectorTests, WhatThrowsDisarmsIt)
 {
     EXPECT_THROW(FaultInjector::during(home, Fault::InputOutput, 1, [] { throw 1; }), int);
     EXPECT_GE(create("one"), 0);

@@ -33,10 +33,10 @@ std::string textOf(const FileState &state)
     return text.toStdString();
 }
 
-class FaultTest : public testing::TestWithParam<std::tuple<FaultRow, Fault>>
+class FaultTests : public testing::TestWithParam<std::tuple<FaultRow, Fault>>
 {
 protected:
-    FaultTest() : row(std::get<0>(GetParam())), fault(std::get<1>(GetParam()))
+    FaultTests() : row(std::get<0>(GetParam())), fault(std::get<1>(GetParam()))
     {
         testing_support::needApplication();
         // It makes its file in the home that is there when it is first asked for.
@@ -153,7 +153,7 @@ std::string nameOfCase(const testing::TestParamInfo<std::tuple<FaultRow, Fault>>
 }
 } // namespace
 
-TEST_P(FaultTest, LeavesTheOldFilesOrTheNew)
+TEST_P(FaultTests, LeavesTheOldFilesOrTheNew)
 {
     int number = 1;
     while (number < MostCalls && failCall(number))
@@ -163,7 +163,7 @@ TEST_P(FaultTest, LeavesTheOldFilesOrTheNew)
     recordCounts();
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, FaultTest,
+INSTANTIATE_TEST_SUITE_P(Files, FaultTests,
                          testing::Combine(testing::ValuesIn(allScenarios()),
                                           testing::ValuesIn(AllFaults)),
                          nameOfCase);

@@ -183,63 +183,61 @@ public:
     }
 };
 
-/// Cancelled when it has stored a file. What the one before had left goes all the same.
-class ImportThatIsCancelled : public ImportAfterKilledOne
+/// A scenario that compares what is there now without what a function leaves out.
+template<typename Scenario, FileState (*Without)(FileState)>
+class Overlooking : public Scenario
 {
 public:
-    using ImportAfterKilledOne::ImportAfterKilledOne;
+    using Scenario::Scenario;
+
+    bool isAsAfter(const FileState &now, const FileState &after) const override
+    {
+        return Scenario::isAsAfter(Without(now), after);
+    }
+    bool isAsBefore(const FileState &now, const FileState &before) const override
+    {
+        return Scenario::isAsBefore(Without(now), before);
+    }
+};
+
+/// The database has been read: a journal that is still there has nothing that it would need. It
+/// stays where taking a change back failed, until the next change.
+FileState withoutIdleJournal(FileState state)
+{
+    state.remove(u"things.cobbledb/Contents/Resources/Database-journal"_s);
+    return state;
+}
+
+/// What is left in the temporary folder is the system's to clear.
+FileState withoutTemporaryFiles(FileState state)
+{
+    state.removeIf(
+        [](const auto &file) { return file.key().startsWith(u"tmp/") && file.key().size() > 4; });
+    return state;
+}
+
+/// Cancelled when it has stored a file. What the one before had left goes all the same.
+class ImportThatIsCancelled : public Overlooking<ImportAfterKilledOne, withoutIdleJournal>
+{
+public:
+    using Overlooking::Overlooking;
     Answer act() override
     {
         const auto outcome = import(u"People.csv"_s, false, [](qint64 row) { return row < 3; });
         return {outcome.values.isCancelled, outcome.errorDescription};
     }
-    bool isAsAfter(const FileState &now, const FileState &after) const override
-    {
-        return ImportAfterKilledOne::isAsAfter(withoutIdleJournal(now), after);
-    }
-    bool isAsBefore(const FileState &now, const FileState &before) const override
-    {
-        return ImportAfterKilledOne::isAsBefore(withoutIdleJournal(now), before);
-    }
-
-private:
-    /// The database has been read: a journal that is still there has nothing that it would need. It
-    /// stays where taking a change back failed, until the next change.
-    static FileState withoutIdleJournal(FileState state)
-    {
-        state.remove(u"things.cobbledb/Contents/Resources/Database-journal"_s);
-        return state;
-    }
 };
 
-class ImportVCards : public ImportScenario
+class ImportVCards : public Overlooking<ImportScenario, withoutTemporaryFiles>
 {
 public:
-    explicit ImportVCards(const QString &home) : ImportScenario(home)
+    explicit ImportVCards(const QString &home) : Overlooking(home)
     {
         writeFile(path(u"People.vcf"),
                   "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Ann\r\nPHOTO;ENCODING=b;TYPE=PNG:" +
                       QByteArray("picture").toBase64() + "\r\nEND:VCARD\r\n");
     }
     Answer act() override { return answerFor(import(u"People.vcf"_s)); }
-    // What is left in the temporary folder is the system's to clear.
-    bool isAsAfter(const FileState &now, const FileState &after) const override
-    {
-        return ImportScenario::isAsAfter(withoutTemporaryFiles(now), after);
-    }
-    bool isAsBefore(const FileState &now, const FileState &before) const override
-    {
-        return ImportScenario::isAsBefore(withoutTemporaryFiles(now), before);
-    }
-
-private:
-    static FileState withoutTemporaryFiles(FileState state)
-    {
-        state.removeIf([](const auto &file) {
-            return file.key().startsWith(u"tmp/") && file.key().size() > 4;
-        });
-        return state;
-    }
 };
 
 class Export : public LibraryScenario

@@ -11,10 +11,10 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-class LogFileFaultTest : public testing::TestWithParam<Fault>
+class LogFileFaultTests : public testing::TestWithParam<Fault>
 {
 protected:
-    LogFileFaultTest() : home(testing_support::useFreshHome()), logger()
+    LogFileFaultTests() : home(testing_support::useFreshHome()), logger()
     {
         logger.setLevelOfComponent(4, kLog_Tests);
     }
@@ -48,7 +48,7 @@ std::string nameOfFault(const testing::TestParamInfo<Fault> &fault)
 }
 } // namespace
 
-TEST_P(LogFileFaultTest, LaterLinesArriveWhole)
+TEST_P(LogFileFaultTests, LaterLinesArriveWhole)
 {
     const auto outcome = FaultInjector::during(home, GetParam(), 1, [this] {
         log(u"one");
@@ -68,7 +68,7 @@ TEST_P(LogFileFaultTest, LaterLinesArriveWhole)
     EXPECT_EQ(lines, QStringList({u"<three>"_s, u"<four>"_s}));
 }
 
-TEST_P(LogFileFaultTest, WithoutAFileLinesAreLostAndTheProgramGoesOn)
+TEST_P(LogFileFaultTests, WithoutAFileLinesAreLostAndTheProgramGoesOn)
 {
     const QString another = testing_support::useFreshHome();
     std::unique_ptr<KTLogger> made;
@@ -85,7 +85,7 @@ TEST_P(LogFileFaultTest, WithoutAFileLinesAreLostAndTheProgramGoesOn)
     EXPECT_TRUE(text.endsWith("<one>\n"));
 }
 
-TEST_P(LogFileFaultTest, SettingsThatWereMissedAtTheStartAreKept)
+TEST_P(LogFileFaultTests, SettingsThatWereMissedAtTheStartAreKept)
 {
     std::unique_ptr<KTLogger> made;
     for (int number = 1;; ++number) {
@@ -99,7 +99,7 @@ TEST_P(LogFileFaultTest, SettingsThatWereMissedAtTheStartAreKept)
     }
 }
 
-TEST_P(LogFileFaultTest, SettingsThatCannotBeReadAreNotWrittenOver)
+TEST_P(LogFileFaultTests, SettingsThatCannotBeReadAreNotWrittenOver)
 {
     for (int number = 1;; ++number) {
         std::unique_ptr<KTLogger> made;
@@ -114,7 +114,7 @@ TEST_P(LogFileFaultTest, SettingsThatCannotBeReadAreNotWrittenOver)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Faults, LogFileFaultTest,
+INSTANTIATE_TEST_SUITE_P(Faults, LogFileFaultTests,
                          testing::Values(Fault::InputOutput, Fault::NoSpace, Fault::DiskFull,
                                          Fault::Interrupted, Fault::ShortWrite),
                          nameOfFault);

@@ -11,10 +11,10 @@
 
 using namespace Qt::StringLiterals;
 
+using testing_support::someOf;
+
 // Whatever a formatter shows, it reads back to the same value: random values in many locales and
 // settings. What cannot be so is listed where it is left out.
-
-using testing_support::someOf;
 
 namespace {
 const QStringList &locales()
@@ -99,7 +99,7 @@ bool isKnownLoss(const QString &locale, uint dateStyle, uint timeStyle, const QS
 }
 } // namespace
 
-TEST(RoundTrip, NumbersComeBack)
+TEST(FormatterRoundTrip, NumbersComeBack)
 {
     check("a displayed number is read as itself", [] {
         const UserLocale user(someOf(locales()));
@@ -114,7 +114,7 @@ TEST(RoundTrip, NumbersComeBack)
     });
 }
 
-TEST(RoundTrip, MoneyComesBack)
+TEST(FormatterRoundTrip, MoneyComesBack)
 {
     check("a displayed amount is read as itself", [] {
         const QString locale = someOf(locales());
@@ -131,7 +131,7 @@ TEST(RoundTrip, MoneyComesBack)
     });
 }
 
-TEST(RoundTrip, EveryCurrencyComesBack)
+TEST(FormatterRoundTrip, EveryCurrencyComesBack)
 {
     int failures = 0;
     for (const char *locale : {"en_US", "de_DE", "fr_FR", "ja_JP", "ar_EG", "sv_SE", "hi_IN"}) {
@@ -152,7 +152,7 @@ TEST(RoundTrip, EveryCurrencyComesBack)
     EXPECT_EQ(failures, 0);
 }
 
-TEST(RoundTrip, DurationsComeBack)
+TEST(FormatterRoundTrip, DurationsComeBack)
 {
     check("a displayed duration is read as itself", [] {
         KTDurationFormatter formatter;
@@ -163,7 +163,7 @@ TEST(RoundTrip, DurationsComeBack)
     });
 }
 
-TEST(RoundTrip, DatesAndTimesComeBack)
+TEST(FormatterRoundTrip, DatesAndTimesComeBack)
 {
     check("a displayed date is read as what it shows", [] {
         const QString locale = someOf(locales());
@@ -185,7 +185,7 @@ TEST(RoundTrip, DatesAndTimesComeBack)
     });
 }
 
-TEST(RoundTrip, DatesWithoutYearComeBackInThisYear)
+TEST(FormatterRoundTrip, DatesWithoutYearComeBackInThisYear)
 {
     check("a displayed day is read as that day of this year", [] {
         const UserLocale user(someOf(u"en_US en_GB fr_FR ja_JP"_s.split(u' ')));
@@ -199,7 +199,7 @@ TEST(RoundTrip, DatesWithoutYearComeBackInThisYear)
     });
 }
 
-TEST(RoundTrip, TimesComeBackOnTheReferenceDay)
+TEST(FormatterRoundTrip, TimesComeBackOnTheReferenceDay)
 {
     check("a displayed time is read as itself", [] {
         const QString locale = someOf(locales());
@@ -217,7 +217,7 @@ TEST(RoundTrip, TimesComeBackOnTheReferenceDay)
     });
 }
 
-TEST(RoundTripExceptions, TimesInAZoneOfTheOtherHalfOfTheYearMoveAnHour)
+TEST(FormatterRoundTripExceptions, TimesInAZoneOfTheOtherHalfOfTheYearMoveAnHour)
 {
     KTTimeFormatter formatter;
     formatter.setTimeStyle(NSDateFormatterLongStyle);
@@ -228,7 +228,7 @@ TEST(RoundTripExceptions, TimesInAZoneOfTheOtherHalfOfTheYearMoveAnHour)
     EXPECT_EQ(summer.toDateTime().secsTo(winter.toDateTime()), 3600);
 }
 
-TEST(RoundTripExceptions, TimesWithPointsAreDates)
+TEST(FormatterRoundTripExceptions, TimesWithPointsAreDates)
 {
     const UserLocale user(u"fi_FI"_s);
     KTDateTimeFormatter formatter;
@@ -241,7 +241,7 @@ TEST(RoundTripExceptions, TimesWithPointsAreDates)
     EXPECT_EQ(wallTime(value.toDateTime()).mid(4), u"-11-27T12:00:00");
 }
 
-TEST(RoundTripExceptions, IsoDatesWithoutSecondsLoseTheirTime)
+TEST(FormatterRoundTripExceptions, IsoDatesWithoutSecondsLoseTheirTime)
 {
     const UserLocale user(u"sv_SE"_s);
     KTDateTimeFormatter formatter;
@@ -253,7 +253,7 @@ TEST(RoundTripExceptions, IsoDatesWithoutSecondsLoseTheirTime)
     EXPECT_EQ(wallTime(value.toDateTime()), u"2008-03-05T12:00:00");
 }
 
-TEST(RoundTripExceptions, HebrewYuanInParenthesesAreNotRead)
+TEST(FormatterRoundTripExceptions, HebrewYuanInParenthesesAreNotRead)
 {
     const UserLocale user(u"he_IL"_s);
     KTCurrencyFormatter formatter;

@@ -7,6 +7,8 @@
 #include <QDateTime>
 #include <QString>
 
+#include <memory>
+
 // What the tests of formatters share.
 
 /// The user's locale for the length of a test.
@@ -22,6 +24,15 @@ public:
     UserLocale(const UserLocale &) = delete;
     UserLocale &operator=(const UserLocale &) = delete;
 };
+
+/// A formatter in a locale of its own, whatever the user's.
+template<typename Formatter>
+std::unique_ptr<Formatter> formatterIn(const QString &locale)
+{
+    auto formatter = std::make_unique<Formatter>();
+    formatter->setLocale(NSLocale(locale));
+    return formatter;
+}
 
 /// The machine's zone for the length of a test.
 class MachineZone

@@ -409,7 +409,7 @@ TEST(KTCurrencyFormatter, SurvivesAnyText)
     EXPECT_EQ(reading(formatter, u"7"), u"7");
 }
 
-TEST(CurrencyParentheses, EditTheAffixesThatAreThere)
+TEST(KTCurrencyFormatter, ParenthesesEditTheAffixesThatAreThere)
 {
     NSNumberFormatter formatter;
     formatter.setNumberStyle(NSNumberFormatterCurrencyStyle);
@@ -428,7 +428,7 @@ TEST(CurrencyParentheses, EditTheAffixesThatAreThere)
     EXPECT_EQ(formatter.negativeSuffix(), u"");
 }
 
-TEST(CurrencyAffixes, AreWhatTheTableSays)
+TEST(KTCurrencyFormatter, AffixesAreWhatTheTableSays)
 {
     int cells = 0;
     for (const QJsonObject &row : rowsOf(u"formatters/currency_affixes.jsonl"_s)) {
@@ -467,14 +467,14 @@ TEST(CurrencyAffixes, AreWhatTheTableSays)
     EXPECT_GE(cells, 1500);
 }
 
-TEST(CurrencyCodes, AreThoseOfTheTable)
+TEST(KTCurrencyFormatter, CodesAreThoseOfTheTable)
 {
     const QList<QJsonObject> rows = rowsOf(u"formatters/currency_common_codes.jsonl"_s);
     const QStringList codes = rows.first()[u"codes"].toVariant().toStringList();
     EXPECT_EQ(NSLocale::commonISOCurrencyCodes(), codes);
 }
 
-TEST(CurrencySymbols, AreThoseOfTheTable)
+TEST(KTCurrencyFormatter, SymbolsAreThoseOfTheTable)
 {
     for (const QJsonObject &row : rowsOf(u"formatters/locales.jsonl"_s)) {
         const NSLocale locale(row[u"identifier"].toString());

@@ -35,18 +35,11 @@ QString winner(const KTDateTimeFormatter &formatter)
     return recent ? recent->dateFormat() : QString();
 }
 
-std::unique_ptr<KTDateTimeFormatter> formatterIn(const QString &locale)
-{
-    auto formatter = std::make_unique<KTDateTimeFormatter>();
-    formatter->setLocale(NSLocale(locale));
-    return formatter;
-}
-
 /// A formatter that reads in another order than its locale's.
 std::unique_ptr<KTDateTimeFormatter> formatterWithOrder(int order)
 {
     const char *const locales[] = {"en_US", "en_GB", "sv_SE", "en_US"};
-    return formatterIn(QString::fromLatin1(locales[order]));
+    return formatterIn<KTDateTimeFormatter>(QString::fromLatin1(locales[order]));
 }
 
 struct Row
@@ -66,7 +59,7 @@ QString expectedValue(const QString &value)
 void expectRows(const QString &locale, const std::vector<Row> &rows)
 {
     for (const Row &row : rows) {
-        const auto formatter = formatterIn(locale);
+        const auto formatter = formatterIn<KTDateTimeFormatter>(locale);
         const QString text = QString::fromUtf16(row.text);
         EXPECT_EQ(reading(*formatter, text), expectedValue(QString::fromUtf16(row.value)))
             << qPrintable(locale + u' ' + text);
@@ -127,7 +120,7 @@ QString asOfToday(const QString &value, const QString &pattern)
 }
 } // namespace
 
-TEST(KTDateTimeReading, ReadsAsTheTableSays)
+TEST(KTDateTimeFormatterReading, ReadsAsTheTableSays)
 {
     int cells = 0;
     int otherwise = 0;
@@ -135,7 +128,7 @@ TEST(KTDateTimeReading, ReadsAsTheTableSays)
         const bool isBerlin = row[u"ctx"].toString() == u"berlin";
         const MachineZone zone(isBerlin ? "Europe/Berlin" : "America/New_York");
         const QString locale = row[u"locale"].toString();
-        const auto formatter = formatterIn(locale);
+        const auto formatter = formatterIn<KTDateTimeFormatter>(locale);
         const QJsonObject texts = row[u"cells"].toObject();
         for (auto it = texts.begin(); it != texts.end(); ++it, ++cells) {
             formatter->clearFormatters();
@@ -161,7 +154,7 @@ TEST(KTDateTimeReading, ReadsAsTheTableSays)
     EXPECT_EQ(otherwise, 71);
 }
 
-TEST(KTDateTimeReading, ReadsDatesAndTimesInAmericanOrder)
+TEST(KTDateTimeFormatterReading, ReadsDatesAndTimesInAmericanOrder)
 {
     expectRows(u"en_US"_s,
                {{u"3/4/08", u"2008-03-04T12:00:00", u"M/d/yy"},
@@ -201,7 +194,7 @@ TEST(KTDateTimeReading, ReadsDatesAndTimesInAmericanOrder)
                 {u"3/4/08x", u"NO", nullptr}});
 }
 
-TEST(KTDateTimeReading, ReadsInTheOrderOfTheLocale)
+TEST(KTDateTimeFormatterReading, ReadsInTheOrderOfTheLocale)
 {
     const QString text = u"3/4/08"_s;
     EXPECT_EQ(reading(*formatterWithOrder(0), text), u"2008-03-04T12:00:00");
@@ -217,7 +210,7 @@ TEST(KTDateTimeReading, ReadsInTheOrderOfTheLocale)
     expectRows(u"ar_EG"_s, {{u"٥/٣/٢٠٠٨", u"2008-03-05T12:00:00", u"d/M/yyyy"}});
 }
 
-TEST(KTDateTimeReading, ReadsIsoDatesEverywhere)
+TEST(KTDateTimeFormatterReading, ReadsIsoDatesEverywhere)
 {
     const QStringList locales{u"en_US"_s, u"de_DE"_s, u"sv_SE"_s, u"ar_EG"_s,
                               u"th_TH"_s, u"fa_IR"_s, u"he_IL"_s, u"hi_IN"_s};
@@ -228,7 +221,7 @@ TEST(KTDateTimeReading, ReadsIsoDatesEverywhere)
                             {u"2008-03-05 14:30", u"2008-03-05T12:00:00", nullptr}});
 }
 
-TEST(KTDateTimeReading, ReadsNothingFromNothing)
+TEST(KTDateTimeFormatterReading, ReadsNothingFromNothing)
 {
     const KTDateTimeFormatter formatter;
     for (const char16_t *text : {u"", u"   ", u"\t\n", u"\u00A0"}) {
@@ -242,7 +235,7 @@ TEST(KTDateTimeReading, ReadsNothingFromNothing)
     EXPECT_TRUE(formatter.getObjectValue(nullptr, u"3/4/08"_s));
 }
 
-TEST(KTDateTimeReading, RemembersTheFormatterThatTookAll)
+TEST(KTDateTimeFormatterReading, RemembersTheFormatterThatTookAll)
 {
     const KTDateTimeFormatter formatter;
     reading(formatter, u"3/4/08 5:30 PM");
@@ -261,7 +254,7 @@ TEST(KTDateTimeReading, RemembersTheFormatterThatTookAll)
     EXPECT_EQ(formatter.mostRecentFormatter(), nullptr); // ISO forgets it
 }
 
-TEST(KTDateTimeReading, PrefersTheMostRecentFormatter)
+TEST(KTDateTimeFormatterReading, PrefersTheMostRecentFormatter)
 {
     const KTDateTimeFormatter formatter;
     EXPECT_EQ(reading(formatter, u"31/12/99"), u"1999-12-31T12:00:00");
@@ -269,7 +262,7 @@ TEST(KTDateTimeReading, PrefersTheMostRecentFormatter)
     EXPECT_EQ(reading(formatter, u"3/14/08"), u"2008-03-14T12:00:00");
 }
 
-TEST(KTDateTimeReading, AcceptsAPartOnlyFromTheLastAttempt)
+TEST(KTDateTimeFormatterReading, AcceptsAPartOnlyFromTheLastAttempt)
 {
     const KTDateTimeFormatter formatter;
     EXPECT_EQ(reading(formatter, u"5:30:15 PM Eastern Standard Time x"),
@@ -279,7 +272,7 @@ TEST(KTDateTimeReading, AcceptsAPartOnlyFromTheLastAttempt)
     EXPECT_EQ(reading(formatter, u"3/4/08 x"), u"NO");
 }
 
-TEST(KTDateTimeReading, ReadsTimesThatSummerTimeSkips)
+TEST(KTDateTimeFormatterReading, ReadsTimesThatSummerTimeSkips)
 {
     const KTDateTimeFormatter formatter;
     EXPECT_EQ(reading(formatter, u"3/9/08 2:30 AM"), u"2008-03-09T03:30:00");
@@ -287,7 +280,7 @@ TEST(KTDateTimeReading, ReadsTimesThatSummerTimeSkips)
     EXPECT_EQ(reading(formatter, u"11/2/08 1:30 AM").mid(11), u"01:30:00"); // twice that day
 }
 
-TEST(KTDateTimeReading, ReadsBareHoursOnTheDefaultDay)
+TEST(KTDateTimeFormatterReading, ReadsBareHoursOnTheDefaultDay)
 {
     const KTDateTimeFormatter formatter;
     for (int hour = 1; hour <= 12; ++hour) {
@@ -300,7 +293,7 @@ TEST(KTDateTimeReading, ReadsBareHoursOnTheDefaultDay)
         EXPECT_EQ(reading(formatter, text), u"NO") << qPrintable(QString::fromUtf16(text));
 }
 
-TEST(KTDateTimeReading, ReadsLenientlyWhenAsked)
+TEST(KTDateTimeFormatterReading, ReadsLenientlyWhenAsked)
 {
     const KTDateTimeFormatter formatter;
     QVariant value;
@@ -313,7 +306,7 @@ TEST(KTDateTimeReading, ReadsLenientlyWhenAsked)
     EXPECT_FALSE(formatter.getLenientDateValue(nullptr, u"a cow"_s));
 }
 
-TEST(KTDateTimeReading, LogsEveryAttempt)
+TEST(KTDateTimeFormatterReading, LogsEveryAttempt)
 {
     useFreshHome();
     const KTDateTimeFormatter formatter;
@@ -344,7 +337,7 @@ TEST(KTDateTimeReading, LogsEveryAttempt)
     EXPECT_EQ(messages.filter(u"parsing time"_s).size(), 0);
 }
 
-TEST(KTDateTimeReading, LogsBareHours)
+TEST(KTDateTimeFormatterReading, LogsBareHours)
 {
     useFreshHome();
     const KTDateTimeFormatter formatter;
@@ -358,7 +351,7 @@ TEST(KTDateTimeReading, LogsBareHours)
     EXPECT_TRUE(messages[2].startsWith(u"KTDateTimeFormatter getObjectValue forString:6 value:"));
 }
 
-TEST(KTDateTimeReading, SurvivesAnyText)
+TEST(KTDateTimeFormatterReading, SurvivesAnyText)
 {
     const KTDateTimeFormatter formatter;
     QList<QString> texts = hostileTexts();

@@ -24,13 +24,6 @@ QVariant someDate()
     return QDateTime(QDate(2008, 3, 5), QTime(22, 30, 15), Qt::UTC);
 }
 
-std::unique_ptr<KTDateTimeFormatter> formatterIn(const QString &locale)
-{
-    auto formatter = std::make_unique<KTDateTimeFormatter>();
-    formatter->setLocale(NSLocale(locale));
-    return formatter;
-}
-
 QString displayPattern(const KTDateTimeFormatter &formatter)
 {
     return formatter.displayFormatter()->dateFormat();
@@ -70,7 +63,8 @@ TEST(KTDateTimeFormatter, ShowsFourDigitsOfTheYear)
         {u"en_GB"_s, u"dd/MM/yyyy"_s}, {u"sv_SE"_s, u"yyyy-MM-dd"_s},
         {u"ja_JP"_s, u"yyyy/MM/dd"_s}, {u"ja_JP@calendar=japanese"_s, u"GGGGGy/M/d"_s}};
     for (const auto &[locale, pattern] : patterns)
-        EXPECT_EQ(displayPattern(*formatterIn(locale)), pattern) << qPrintable(locale);
+        EXPECT_EQ(displayPattern(*formatterIn<KTDateTimeFormatter>(locale)), pattern)
+            << qPrintable(locale);
 }
 
 TEST(KTDateTimeFormatter, ShowsTheTimeBehindTheDate)
@@ -98,7 +92,7 @@ TEST(KTDateTimeFormatter, LeavesTheYearOut)
                         {u"sv_SE", false, u"MMMM d"},     {u"ja_JP", false, u"M月d日"},
                         {u"ja_JP", true, u"M月d日 H:mm"}, {u"de_JP", false, u"d日M月"}};
     for (const Row &row : rows) {
-        const auto formatter = formatterIn(QString::fromUtf16(row.locale));
+        const auto formatter = formatterIn<KTDateTimeFormatter>(QString::fromUtf16(row.locale));
         formatter->setDisplayYear(false);
         formatter->setDisplayTime(row.showsTime);
         const QString pattern = QString::fromUtf16(row.pattern);
@@ -229,7 +223,7 @@ TEST(KTDateTimeFormatter, KnowsTheOrderOfAPattern)
 
 TEST(KTDateTimeFormatter, TakesTheInputOrderFromTheLocale)
 {
-    const auto formatter = formatterIn(u"de_DE"_s);
+    const auto formatter = formatterIn<KTDateTimeFormatter>(u"de_DE"_s);
     EXPECT_EQ(formatter->inputOrder(), 0); // nothing was made yet
     formatter->stringForObjectValue(someDate());
     EXPECT_EQ(formatter->inputOrder(), 1);
@@ -237,7 +231,7 @@ TEST(KTDateTimeFormatter, TakesTheInputOrderFromTheLocale)
     EXPECT_EQ(formatter->inputOrder(), 3);
     EXPECT_EQ(formatter->dateFormats(), KTDateTimeFormatter::dateFormatsForDayMonthYear());
     EXPECT_EQ(formatter->inputOrder(), 1);
-    EXPECT_EQ(formatterIn(u"sv_SE"_s)->dateFormats(),
+    EXPECT_EQ(formatterIn<KTDateTimeFormatter>(u"sv_SE"_s)->dateFormats(),
               KTDateTimeFormatter::dateFormatsForYearMonthDay());
     const KTDateTimeFormatter american;
     EXPECT_EQ(american.dateFormats(), KTDateTimeFormatter::dateFormatsForMonthDayYear());
@@ -295,7 +289,7 @@ TEST(KTDateTimeFormatter, TriesThePatternsThenTheLocalesOwn)
 
 TEST(KTDateTimeFormatter, TriesJapaneseDatesInJapan)
 {
-    const auto formatter = formatterIn(u"ja_JP@calendar=japanese"_s);
+    const auto formatter = formatterIn<KTDateTimeFormatter>(u"ja_JP@calendar=japanese"_s);
     const KTDateFormatterList own = formatter->localeStrictDateFormatters();
     ASSERT_EQ(own.size(), 6U);
     EXPECT_TRUE(own[0]->isLenient());
@@ -305,7 +299,8 @@ TEST(KTDateTimeFormatter, TriesJapaneseDatesInJapan)
     EXPECT_FALSE(own[0]->defaultDate().isValid());
     EXPECT_TRUE(formatter->strictFormattersForDateFormat(u"M/d"_s)[0]->isLenient());
     EXPECT_FALSE(formatter->localeStrictTimeFormatters()[0]->isLenient());
-    EXPECT_FALSE(formatterIn(u"ja_JP"_s)->localeStrictDateFormatters()[0]->isLenient());
+    EXPECT_FALSE(
+        formatterIn<KTDateTimeFormatter>(u"ja_JP"_s)->localeStrictDateFormatters()[0]->isLenient());
 }
 
 TEST(KTDateTimeFormatter, FillsInTodayAtNoonButNotInJapan)
@@ -313,7 +308,7 @@ TEST(KTDateTimeFormatter, FillsInTodayAtNoonButNotInJapan)
     const KTDateTimeFormatter formatter;
     EXPECT_EQ(wallTime(formatter.today()), todayText() + u"T12:00:00");
     EXPECT_EQ(formatter.defaultDate(), formatter.today());
-    const auto japanese = formatterIn(u"ja_JP"_s);
+    const auto japanese = formatterIn<KTDateTimeFormatter>(u"ja_JP"_s);
     EXPECT_FALSE(japanese->defaultDate().isValid());
     EXPECT_TRUE(japanese->today().isValid());
 }
@@ -326,7 +321,7 @@ TEST(KTDateTimeFormatter, ReadsNaturalLanguageInTheOrderOfTheLocale)
     EXPECT_EQ(formatter.formatStringForInputOrder(2), u"%y/%m/%d");
     EXPECT_EQ(formatter.formatStringForInputOrder(3), u"%y/%d/%m");
     EXPECT_EQ(formatter.formatStringForInputOrder(-1), u"%m/%d/%y");
-    const auto german = formatterIn(u"de_DE"_s);
+    const auto german = formatterIn<KTDateTimeFormatter>(u"de_DE"_s);
     EXPECT_EQ(german->lenientFormatter()->dateFormat(), u"%d/%m/%y");
     german->setDisplayTime(true);
     EXPECT_EQ(german->lenientFormatter()->dateFormat(), u"%d/%m/%y %I:%M:%S %p");

@@ -79,7 +79,7 @@ QString somePart(qint64 *seconds)
 }
 } // namespace
 
-TEST(DurationModel, EveryBoundaryOfAUnitUpToABillionSeconds)
+TEST(KTDurationFormatterModel, EveryBoundaryOfAUnitUpToABillionSeconds)
 {
     KTDurationFormatter formatter;
     for (qint64 seconds = 0; seconds <= 200; ++seconds)
@@ -94,7 +94,7 @@ TEST(DurationModel, EveryBoundaryOfAUnitUpToABillionSeconds)
         expectDuration(formatter, seconds);
 }
 
-TEST(DurationModel, WhatIsShownIsWhatArithmeticSays)
+TEST(KTDurationFormatterModel, WhatIsShownIsWhatArithmeticSays)
 {
     checkProperty("display and reading of 0 to 1,000,000,000 seconds", 4000, [] {
         KTDurationFormatter formatter;
@@ -108,7 +108,7 @@ TEST(DurationModel, WhatIsShownIsWhatArithmeticSays)
     });
 }
 
-TEST(DurationModel, NothingAndLessAreShownAsNothing)
+TEST(KTDurationFormatterModel, NothingAndLessAreShownAsNothing)
 {
     checkProperty("display of zero and below", 500, [] {
         const KTDurationFormatter formatter;
@@ -117,7 +117,7 @@ TEST(DurationModel, NothingAndLessAreShownAsNothing)
     });
 }
 
-TEST(DurationModel, UnitsAreReadInAnyOrderAndRepeated)
+TEST(KTDurationFormatterModel, UnitsAreReadInAnyOrderAndRepeated)
 {
     checkProperty("reading of units in any order, words and punctuation", 2000, [] {
         static const QStringList separators = {u" "_s, u", "_s, u" - "_s, u"\t;"_s, u""_s};
@@ -130,7 +130,7 @@ TEST(DurationModel, UnitsAreReadInAnyOrderAndRepeated)
     });
 }
 
-TEST(DurationModel, ANumberWithoutAUnitSpoilsTheText)
+TEST(KTDurationFormatterModel, ANumberWithoutAUnitSpoilsTheText)
 {
     checkProperty("refused durations", 1000, [] {
         const KTDurationFormatter formatter;

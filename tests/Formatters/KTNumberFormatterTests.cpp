@@ -5,6 +5,7 @@
 #include <KTUtility/NSException>
 #include <KTUtility/NSKeyValueCoding>
 
+#include "FormatterSupport.h"
 #include "support/TestSupport.h"
 
 #include <QBrush>
@@ -16,14 +17,6 @@ using namespace Qt::StringLiterals;
 using namespace testing_support;
 
 namespace {
-/// A formatter in a locale of its own; the user's is pinned to en_US.
-std::unique_ptr<KTNumberFormatter> formatterIn(const char *locale)
-{
-    auto formatter = std::make_unique<KTNumberFormatter>();
-    formatter->setLocale(NSLocale(QString::fromLatin1(locale)));
-    return formatter;
-}
-
 /// What a text reads as: a decimal's digits, "NO" if it is no number.
 QString reading(const KTNumberFormatter &formatter, const QString &text)
 {
@@ -119,7 +112,7 @@ TEST(KTNumberFormatter, PutsNegativesInParentheses)
     EXPECT_EQ(formatter.editingStringForObjectValue(-3), u"-3");
     formatter.setFormatNegativeUsingParens(false);
     EXPECT_EQ(formatter.stringForObjectValue(-2), u"-2");
-    const auto swedish = formatterIn("sv_SE");
+    const auto swedish = formatterIn<KTNumberFormatter>(u"sv_SE"_s);
     EXPECT_EQ(swedish->stringForObjectValue(-2), u"-2"); // not the locale's U+2212
 }
 
@@ -145,7 +138,8 @@ TEST(KTNumberFormatter, EditsWithoutGroupsAndWithAllPlaces)
                   QVariant::fromValue(decimal(u"0.12345678901234567890123456789012345678"))),
               u"0.12345678901234567890123456789012345678");
     EXPECT_EQ(formatter.editingStringForObjectValue(u"x"_s), QString());
-    EXPECT_EQ(formatterIn("de_DE")->editingStringForObjectValue(-1234.5), u"-1234,5");
+    EXPECT_EQ(formatterIn<KTNumberFormatter>(u"de_DE"_s)->editingStringForObjectValue(-1234.5),
+              u"-1234,5");
     formatter.setUseDisplayStringForEditingString(true);
     EXPECT_EQ(formatter.editingStringForObjectValue(1234.5), u"1,235");
 }
@@ -193,7 +187,7 @@ TEST(KTNumberFormatter, ReadsInFourPassesAsTheTableSays)
     const QStringList refused{u"(12"_s, u"12)"_s, u" 12x"_s, u"  12ab"_s};
     int cells = 0;
     for (const QJsonObject &row : rowsOf(u"formatters/number_four_passes.jsonl"_s)) {
-        const auto formatter = formatterIn(qPrintable(row[u"locale"].toString()));
+        const auto formatter = formatterIn<KTNumberFormatter>(row[u"locale"].toString());
         const QJsonObject texts = row[u"cells"].toObject();
         for (auto it = texts.begin(); it != texts.end(); ++it, ++cells) {
             const bool isWanted = !it.value().isNull() && !refused.contains(it.key());

@@ -2,6 +2,7 @@
 
 #include <KTUtility/KTCurrencyFormatter>
 #include <KTUtility/KTDurationFormatter>
+#include <KTUtility/KTOptionsKeys>
 #include <KTUtility/KTPhoneNumberFormatter>
 #include <KTUtility/KTTimeFormatter>
 #include <KTUtility/NSPropertyListSerialization>
@@ -82,7 +83,7 @@ void setAnyDateOptions(KTDateTimeFormatter &formatter)
 }
 } // namespace
 
-TEST(OptionsRoundTrip, NumbersComeBack)
+TEST(KTOptionsKeysRoundTrip, NumbersComeBack)
 {
     checkProperty("options of number formatters", 150, [] {
         const UserLocale user(someOf(locales()));
@@ -93,7 +94,7 @@ TEST(OptionsRoundTrip, NumbersComeBack)
     });
 }
 
-TEST(OptionsRoundTrip, MoneyComesBack)
+TEST(KTOptionsKeysRoundTrip, MoneyComesBack)
 {
     checkProperty("options of currency formatters", 150, [] {
         const UserLocale user(someOf(locales()));
@@ -115,13 +116,13 @@ void checkDateOptions(const char *name)
     });
 }
 
-TEST(OptionsRoundTrip, DatesAndTimesComeBack)
+TEST(KTOptionsKeysRoundTrip, DatesAndTimesComeBack)
 {
     checkDateOptions<KTDateTimeFormatter>("options of date formatters");
     checkDateOptions<KTTimeFormatter>("options of time formatters");
 }
 
-TEST(OptionsRoundTrip, DurationsAndPhoneNumbersComeBack)
+TEST(KTOptionsKeysRoundTrip, DurationsAndPhoneNumbersComeBack)
 {
     for (const bool abbreviates : {true, false}) {
         KTDurationFormatter formatter;

@@ -1,6 +1,5 @@
 #include <KTUtility/KTOptionsKeys>
 #include <KTUtility/NSException>
-#include <KTUtility/NSKeyValueCoding>
 
 #include "support/TestSupport.h"
 
@@ -36,7 +35,7 @@ public:
 };
 } // namespace
 
-TEST(FormatterOptions, AFormatterWithoutKeysHasNone)
+TEST(KTOptionsKeys, AFormatterWithoutKeysHasNone)
 {
     NSFormatter formatter;
     EXPECT_FALSE(formatter.optionsKeys().has_value());
@@ -45,7 +44,7 @@ TEST(FormatterOptions, AFormatterWithoutKeysHasNone)
     EXPECT_TRUE(formatter.options().isEmpty());
 }
 
-TEST(FormatterOptions, ReadEveryListedProperty)
+TEST(KTOptionsKeys, ReadEveryListedProperty)
 {
     const RecordingFormatter formatter;
     const QVariantMap expected{{kKTFieldOption_useAbbreviations, true},
@@ -53,7 +52,7 @@ TEST(FormatterOptions, ReadEveryListedProperty)
     EXPECT_EQ(formatter.options(), expected);
 }
 
-TEST(FormatterOptions, AreSetInTheOrderOfTheList)
+TEST(KTOptionsKeys, AreSetInTheOrderOfTheList)
 {
     RecordingFormatter formatter;
     formatter.setOptions(
@@ -63,7 +62,7 @@ TEST(FormatterOptions, AreSetInTheOrderOfTheList)
     EXPECT_EQ(formatter.type, u"USD");
 }
 
-TEST(FormatterOptions, WhatIsMissingStaysAndWhatIsUnknownIsIgnored)
+TEST(KTOptionsKeys, WhatIsMissingStaysAndWhatIsUnknownIsIgnored)
 {
     RecordingFormatter formatter;
     formatter.setOptions({});
@@ -72,7 +71,7 @@ TEST(FormatterOptions, WhatIsMissingStaysAndWhatIsUnknownIsIgnored)
     EXPECT_TRUE(formatter.abbreviates);
 }
 
-TEST(FormatterOptions, MakeAnotherFormatterAlike)
+TEST(KTOptionsKeys, MakeAnotherFormatterAlike)
 {
     RecordingFormatter one;
     one.setCurrencyType(u"CHF"_s);
@@ -81,7 +80,7 @@ TEST(FormatterOptions, MakeAnotherFormatterAlike)
     EXPECT_EQ(other.type, u"CHF");
 }
 
-TEST(FormatterOptions, RefuseNilAndUnknownProperties)
+TEST(KTOptionsKeys, RefuseNilAndUnknownProperties)
 {
     RecordingFormatter formatter;
     formatter.type = QString();
@@ -92,7 +91,7 @@ TEST(FormatterOptions, RefuseNilAndUnknownProperties)
     EXPECT_THROW(formatter.setOptions({{u"shoeSize"_s, 42}}), NSException);
 }
 
-TEST(FormatterOptions, AreNamedAfterTheProperties)
+TEST(KTOptionsKeys, AreNamedAfterTheProperties)
 {
     const QList<std::pair<QString, QString>> names{
         {kKTFieldOption_currencyType, u"currencyType"_s},
@@ -109,17 +108,6 @@ TEST(FormatterOptions, AreNamedAfterTheProperties)
         {kKTFieldOption_useAbbreviations, u"useAbbreviations"_s}};
     for (const auto &[constant, value] : names)
         EXPECT_EQ(constant, value);
-}
-
-TEST(NSFormatter, ShowsAndReadsNothingByItself)
-{
-    const NSFormatter formatter;
-    EXPECT_EQ(formatter.stringForObjectValue(1), QString());
-    EXPECT_EQ(formatter.editingStringForObjectValue(1), QString());
-    EXPECT_FALSE(formatter.attributedStringForObjectValue(1).has_value());
-    QVariant value = 7;
-    EXPECT_FALSE(formatter.getObjectValue(&value, u"1"_s));
-    EXPECT_EQ(value, 7);
 }
 
 #include "KTOptionsKeysTests.moc"

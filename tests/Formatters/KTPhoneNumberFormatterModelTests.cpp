@@ -98,7 +98,7 @@ QString someNumberFor(const QString &pattern)
 }
 } // namespace
 
-TEST(PhoneNumberModel, DigitsArePouredAsTheStepsSay)
+TEST(KTPhoneNumberFormatterModel, DigitsArePouredAsTheStepsSay)
 {
     checkProperty("numbers in random patterns", 4000, [] {
         QStringList patterns;
@@ -112,7 +112,7 @@ TEST(PhoneNumberModel, DigitsArePouredAsTheStepsSay)
     });
 }
 
-TEST(PhoneNumberModel, WhatIsShownIsKeptAndShownTheSameAgain)
+TEST(KTPhoneNumberFormatterModel, WhatIsShownIsKeptAndShownTheSameAgain)
 {
     checkProperty("numbers in the framework's patterns", 3000, [] {
         KTPhoneNumberFormatter formatter;

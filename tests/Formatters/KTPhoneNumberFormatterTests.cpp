@@ -181,7 +181,7 @@ TEST(KTPhoneNumberFormatter, FailsWithoutItsResource)
     }
 }
 
-TEST(PhoneNumberFormats, AreSetsOfUsablePatterns)
+TEST(KTPhoneNumberFormatter, ResourcesAreSetsOfUsablePatterns)
 {
     const QList<QStringList> &sets = KTPhoneNumberFormatter::patternSets();
     EXPECT_GE(sets.size(), 28);
@@ -196,7 +196,7 @@ TEST(PhoneNumberFormats, AreSetsOfUsablePatterns)
     }
 }
 
-TEST(PhoneNumberFormats, ShowNumbersOfTheirCountries)
+TEST(KTPhoneNumberFormatter, ResourcesShowNumbersOfTheirCountries)
 {
     const std::tuple<int, const char16_t *, const char16_t *> numbers[] = {
         {0, u"+12125550168", u"+1 (212) 555-0168"}, {1, u"02079460944", u"020 7946 0944"},

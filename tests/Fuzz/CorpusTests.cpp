@@ -12,7 +12,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-class Corpus : public testing::TestWithParam<const char *>
+class CorpusTests : public testing::TestWithParam<const char *>
 {
 protected:
     static QString path()
@@ -37,7 +37,7 @@ void run(const FuzzTarget &target, const QByteArray &bytes)
 }
 } // namespace
 
-TEST_P(Corpus, IsReadWithoutHarm)
+TEST_P(CorpusTests, IsReadWithoutHarm)
 {
     const FuzzTarget *const target = fuzzTargetNamed(GetParam());
     ASSERT_NE(target, nullptr);
@@ -53,14 +53,14 @@ TEST_P(Corpus, IsReadWithoutHarm)
     }
 }
 
-TEST_P(Corpus, IsPackedAsItWouldBeAgain)
+TEST_P(CorpusTests, IsPackedAsItWouldBeAgain)
 {
     const std::optional<InputPack> pack = InputPack::fromFile(path());
     ASSERT_TRUE(pack);
     EXPECT_EQ(pack->bytes(), testing_support::contentsOf(path()));
 }
 
-INSTANTIATE_TEST_SUITE_P(All, Corpus, testing::ValuesIn(targetNames()),
+INSTANTIATE_TEST_SUITE_P(All, CorpusTests, testing::ValuesIn(targetNames()),
                          [](const auto &target) { return std::string(target.param); });
 
 TEST(Corpora, AreOfTargetsOnly)

@@ -37,12 +37,12 @@ private:
     FileTree _tree;
 };
 
-class InternationalTest : public testing::Test
+class KTInternationalTests : public testing::Test
 {
 protected:
     // In place of the one that other tests may have made.
-    InternationalTest() { delete KTInternational::instance(); }
-    ~InternationalTest() override
+    KTInternationalTests() { delete KTInternational::instance(); }
+    ~KTInternationalTests() override
     {
         NSLocale::resetCurrentLocale();
         // The next test makes its own.
@@ -69,7 +69,7 @@ const QByteArray Sample = "<key>List</key><array><string>,</string><string>;</st
                           "<key>xx_YY</key><string>|</string>";
 } // namespace
 
-TEST_F(InternationalTest, HeaderExample)
+TEST_F(KTInternationalTests, HeaderExample)
 {
     auto *const application = new Application(Sample);
     EXPECT_EQ(KTInternational::instance(), application);
@@ -79,7 +79,7 @@ TEST_F(InternationalTest, HeaderExample)
     EXPECT_TRUE(KTInternational::illegalCSVCharacterSet().characterIsMember(U'"'));
 }
 
-TEST_F(InternationalTest, TheCountryWinsOverTheLanguage)
+TEST_F(KTInternationalTests, TheCountryWinsOverTheLanguage)
 {
     new Application(Sample);
     useLocale(u"de_CH");
@@ -91,7 +91,7 @@ TEST_F(InternationalTest, TheCountryWinsOverTheLanguage)
     EXPECT_EQ(separator(), u";"_s);
 }
 
-TEST_F(InternationalTest, UnknownLocalesLeaveTheArrayAlone)
+TEST_F(KTInternationalTests, UnknownLocalesLeaveTheArrayAlone)
 {
     new Application(Sample);
     useLocale(u"fr_FR");
@@ -99,7 +99,7 @@ TEST_F(InternationalTest, UnknownLocalesLeaveTheArrayAlone)
     EXPECT_EQ(alternates, QStringList(u"mine"_s));
 }
 
-TEST_F(InternationalTest, TheSeparatorLeavesTheArrayWhereverItIs)
+TEST_F(KTInternationalTests, TheSeparatorLeavesTheArrayWhereverItIs)
 {
     new Application(Sample);
     useLocale(u"de_DE");
@@ -107,7 +107,7 @@ TEST_F(InternationalTest, TheSeparatorLeavesTheArrayWhereverItIs)
     EXPECT_EQ(alternates, QStringList({u"mine"_s, u","_s, u"\t"_s}));
 }
 
-TEST_F(InternationalTest, ASeparatorThatIsNotInTheList)
+TEST_F(KTInternationalTests, ASeparatorMayBeMissingInTheList)
 {
     new Application(Sample);
     useLocale(u"xx_YY");
@@ -115,7 +115,7 @@ TEST_F(InternationalTest, ASeparatorThatIsNotInTheList)
     EXPECT_EQ(alternates.size(), 4);
 }
 
-TEST_F(InternationalTest, WithoutAListItIsTheComma)
+TEST_F(KTInternationalTests, WithoutAListItIsTheComma)
 {
     auto *const application = new Application;
     useLocale(u"de_DE");
@@ -124,7 +124,7 @@ TEST_F(InternationalTest, WithoutAListItIsTheComma)
     EXPECT_EQ(alternates, QStringList(u"mine"_s));
 }
 
-TEST_F(InternationalTest, AMissingListIsLookedForAgainAndAFoundOneIsKept)
+TEST_F(KTInternationalTests, AMissingListIsLookedForAgainAndAFoundOneIsKept)
 {
     auto *const application = new Application;
     useLocale(u"de_DE");
@@ -135,7 +135,7 @@ TEST_F(InternationalTest, AMissingListIsLookedForAgainAndAFoundOneIsKept)
     EXPECT_EQ(separator(), u";"_s);
 }
 
-TEST_F(InternationalTest, ListsOfWrongTypesAreLogged)
+TEST_F(KTInternationalTests, ListsOfWrongTypesAreLogged)
 {
     useLocale(u"de_DE");
     struct Case
@@ -159,7 +159,7 @@ TEST_F(InternationalTest, ListsOfWrongTypesAreLogged)
     }
 }
 
-TEST_F(InternationalTest, AListThatIsPartlyWrongAddsNothing)
+TEST_F(KTInternationalTests, AListThatIsPartlyWrongAddsNothing)
 {
     new Application("<key>de</key><string>;</string>"
                     "<key>List</key><array><string>;</string><integer>5</integer></array>");
@@ -168,7 +168,7 @@ TEST_F(InternationalTest, AListThatIsPartlyWrongAddsNothing)
     EXPECT_EQ(alternates, QStringList(u"mine"_s));
 }
 
-TEST_F(InternationalTest, AListWithoutAlternatives)
+TEST_F(KTInternationalTests, AListMayHaveNoAlternatives)
 {
     new Application("<key>de</key><string>;</string>");
     useLocale(u"de_DE");
@@ -176,14 +176,14 @@ TEST_F(InternationalTest, AListWithoutAlternatives)
     EXPECT_EQ(alternates, QStringList(u"mine"_s));
 }
 
-TEST_F(InternationalTest, DamagedListsAreNone)
+TEST_F(KTInternationalTests, DamagedListsAreNone)
 {
     auto *const application = new Application("<key>de</key>");
     EXPECT_FALSE(application->separatorsDict().has_value());
     EXPECT_EQ(separator(), u","_s);
 }
 
-TEST_F(InternationalTest, OneObjectOnly)
+TEST_F(KTInternationalTests, MakesOneObjectOnly)
 {
     KTInternational *const first = KTInternational::instance();
     EXPECT_EQ(KTInternational::instance(), first);
@@ -195,7 +195,7 @@ TEST_F(InternationalTest, OneObjectOnly)
     EXPECT_EQ(KTInternational::instance(), first);
 }
 
-TEST_F(InternationalTest, TheArrayMustBeThere)
+TEST_F(KTInternationalTests, TheArrayMustBeThere)
 {
     const QString output = testing_support::standardErrorOf([] {
         EXPECT_RAISES(KTInternational::instance()->localizedCSVSeparatorAndAlternates(nullptr),
@@ -206,7 +206,7 @@ TEST_F(InternationalTest, TheArrayMustBeThere)
     EXPECT_TRUE(output.contains(u"KTInternational:75"));
 }
 
-TEST_F(InternationalTest, IllegalCharactersAreThoseOfTheFirstCall)
+TEST_F(KTInternationalTests, IllegalCharactersAreThoseOfTheFirstCall)
 {
     const NSCharacterSet &set = KTInternational::illegalCSVCharacterSet();
     for (const char32_t character : std::u32string(U",;\"\r\n\t "))
@@ -215,7 +215,7 @@ TEST_F(InternationalTest, IllegalCharactersAreThoseOfTheFirstCall)
     EXPECT_EQ(&KTInternational::illegalCSVCharacterSet(), &set);
 }
 
-TEST_F(InternationalTest, TheEncodingIsMacRomanInPractice)
+TEST_F(KTInternationalTests, TheEncodingIsMacRomanInPractice)
 {
     for (const char16_t *locale : {u"en_US", u"ja_JP", u"de_DE", u"jp_JP"}) {
         useLocale(locale);
@@ -225,7 +225,7 @@ TEST_F(InternationalTest, TheEncodingIsMacRomanInPractice)
     EXPECT_EQ(int(NSShiftJISStringEncoding), 8);
 }
 
-TEST_F(InternationalTest, Constants)
+TEST_F(KTInternationalTests, ConstantsAreThoseOfThePlatform)
 {
     EXPECT_EQ(KTInternationalCSVIllegalCharacters, u",;\"\r\n\t "_s);
     EXPECT_EQ(KTInternationalSecondDefaultCSVSeparator, u";"_s);

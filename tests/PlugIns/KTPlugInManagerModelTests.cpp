@@ -254,7 +254,7 @@ void Lives::requireAgreement()
 }
 } // namespace
 
-TEST(KTPlugInModel, AnyLifeIsThatOfTheModel)
+TEST(KTPlugInManagerModel, AnyLifeIsThatOfTheModel)
 {
     const Bundles bundles;
     checkProperty("random steps of a manager", 20, [&bundles] {

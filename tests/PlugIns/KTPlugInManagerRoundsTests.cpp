@@ -29,7 +29,7 @@ qsizetype openFiles()
 }
 } // namespace
 
-TEST(KTPlugInRounds, LoadingAndUnloadingAHundredTimes)
+TEST(KTPlugInManagerRounds, LoadingAndUnloadingAHundredTimes)
 {
     RecordingManager manager;
     manager.registerBundle(NSBundle(makeGoodBundle(useFreshHome())));
@@ -47,7 +47,7 @@ TEST(KTPlugInRounds, LoadingAndUnloadingAHundredTimes)
     EXPECT_EQ(openFiles(), filesAfterTheFirst);
 }
 
-TEST(KTPlugInRounds, ReplacingALoadedPlugInAHundredTimes)
+TEST(KTPlugInManagerRounds, ReplacingALoadedPlugInAHundredTimes)
 {
     const QString home = useFreshHome();
     RecordingManager manager;
@@ -66,7 +66,7 @@ TEST(KTPlugInRounds, ReplacingALoadedPlugInAHundredTimes)
     EXPECT_EQ(openFiles(), filesBefore + Rounds);
 }
 
-TEST(KTPlugInRounds, RegisteringAllAgainAHundredTimes)
+TEST(KTPlugInManagerRounds, RegisteringAllAgainAHundredTimes)
 {
     const QString home = useFreshHome();
     const QString folder = home + u"/.local/share/Cobble/PlugIns/TestExporters";
@@ -84,7 +84,7 @@ TEST(KTPlugInRounds, RegisteringAllAgainAHundredTimes)
     EXPECT_EQ(manager.pluginStatus().size(), 2);
 }
 
-TEST(KTPlugInRounds, WhatAPlugInLeftBehindLivesOn)
+TEST(KTPlugInManagerRounds, WhatAPlugInLeftBehindLivesOn)
 {
     const QString home = useFreshHome();
     RecordingManager manager;

@@ -12,6 +12,9 @@
 
 using namespace Qt::StringLiterals;
 
+using testing_support::turn;
+using KTStatusHUDControllerTests = HUDTest;
+
 namespace {
 const QString Text = u"247 records"_s;
 
@@ -27,12 +30,6 @@ public:
                    : QProxyStyle::styleHint(hint, option, widget, data);
     }
 };
-
-void turn()
-{
-    for (int round = 0; round < 3; ++round)
-        QCoreApplication::processEvents();
-}
 
 /// Runs a modal session, in which a function is called.
 void inModalSession(const std::function<void()> &perform)
@@ -51,7 +48,7 @@ void inModalSession(const std::function<void()> &perform)
 }
 } // namespace
 
-TEST_F(HUDTest, FadesInStaysAndFadesOut)
+TEST_F(KTStatusHUDControllerTests, FadesInStaysAndFadesOut)
 {
     EXPECT_FALSE(hud.isDisplayingWindow());
     EXPECT_EQ(hud.window(), nullptr);
@@ -78,7 +75,7 @@ TEST_F(HUDTest, FadesInStaysAndFadesOut)
     EXPECT_EQ(clock.pendingAlarms(), 0);
 }
 
-TEST_F(HUDTest, ASecondIsTheUsualTime)
+TEST_F(KTStatusHUDControllerTests, ASecondIsTheUsualTime)
 {
     hud.showStatusWindowWithString(Text, parent, false);
     clock.advance(0.99);
@@ -87,7 +84,7 @@ TEST_F(HUDTest, ASecondIsTheUsualTime)
     EXPECT_FALSE(hud.isDisplayingWindow());
 }
 
-TEST_F(HUDTest, TheTimeIsGivenInSeconds)
+TEST_F(KTStatusHUDControllerTests, TheTimeIsGivenInSeconds)
 {
     show(Text, 7.5);
     clock.advance(7.4);
@@ -96,7 +93,7 @@ TEST_F(HUDTest, TheTimeIsGivenInSeconds)
     EXPECT_FALSE(hud.isDisplayingWindow());
 }
 
-TEST_F(HUDTest, OddTimesAreNone)
+TEST_F(KTStatusHUDControllerTests, OddTimesAreNone)
 {
     for (const double seconds : {0.0, -5.0, std::numeric_limits<double>::quiet_NaN()}) {
         show(Text, seconds);
@@ -110,7 +107,7 @@ TEST_F(HUDTest, OddTimesAreNone)
     EXPECT_TRUE(hud.isDisplayingWindow());
 }
 
-TEST_F(HUDTest, ASecondRequestIsIgnored)
+TEST_F(KTStatusHUDControllerTests, ASecondRequestIsIgnored)
 {
     show(Text);
     clock.advance(0.5);
@@ -131,7 +128,7 @@ TEST_F(HUDTest, ASecondRequestIsIgnored)
     EXPECT_EQ(opacity(), 1);
 }
 
-TEST_F(HUDTest, NilShowsNothingAndKeepsRunning)
+TEST_F(KTStatusHUDControllerTests, NilShowsNothingAndKeepsRunning)
 {
     show(QString());
     EXPECT_EQ(hud.window(), nullptr);
@@ -146,7 +143,7 @@ TEST_F(HUDTest, NilShowsNothingAndKeepsRunning)
     EXPECT_TRUE(isVisible());
 }
 
-TEST_F(HUDTest, AFadeOutEndsWhatNilBegan)
+TEST_F(KTStatusHUDControllerTests, AFadeOutEndsWhatNilBegan)
 {
     show(QString());
     hud.dismissStatusWindow();
@@ -155,7 +152,7 @@ TEST_F(HUDTest, AFadeOutEndsWhatNilBegan)
     EXPECT_TRUE(isVisible());
 }
 
-TEST_F(HUDTest, RunningStopsRequestsOnly)
+TEST_F(KTStatusHUDControllerTests, RunningStopsRequestsOnly)
 {
     hud.setRunning(true);
     show(Text);
@@ -168,7 +165,7 @@ TEST_F(HUDTest, RunningStopsRequestsOnly)
     EXPECT_EQ(hud.text()->stringValue(), Text);
 }
 
-TEST_F(HUDTest, DismissingFadesOutAtOnce)
+TEST_F(KTStatusHUDControllerTests, DismissingFadesOutAtOnce)
 {
     show(Text, 60);
     clock.advance(0.5);
@@ -180,7 +177,7 @@ TEST_F(HUDTest, DismissingFadesOutAtOnce)
     EXPECT_EQ(clock.pendingAlarms(), 0);
 }
 
-TEST_F(HUDTest, DismissingWhileItFadesInStaysInOrder)
+TEST_F(KTStatusHUDControllerTests, DismissingWhileItFadesInStaysInOrder)
 {
     show(Text, 60);
     clock.advance(0.1);
@@ -196,7 +193,7 @@ TEST_F(HUDTest, DismissingWhileItFadesInStaysInOrder)
     EXPECT_TRUE(hud.content()->isVisible());
 }
 
-TEST_F(HUDTest, DismissingTwiceIsOneFading)
+TEST_F(KTStatusHUDControllerTests, DismissingTwiceIsOneFading)
 {
     show(Text, 60);
     clock.advance(0.5);
@@ -209,7 +206,7 @@ TEST_F(HUDTest, DismissingTwiceIsOneFading)
     EXPECT_EQ(hud.fadesEnded, 1);
 }
 
-TEST_F(HUDTest, DismissingWithoutADisplayFadesUnseen)
+TEST_F(KTStatusHUDControllerTests, DismissingWithoutADisplayFadesUnseen)
 {
     hud.dismissStatusWindow();
     EXPECT_EQ(hud.window(), nullptr);
@@ -224,7 +221,7 @@ TEST_F(HUDTest, DismissingWithoutADisplayFadesUnseen)
     EXPECT_EQ(hud.fadesEnded, 1);
 }
 
-TEST_F(HUDTest, AFadeOutThatNobodySeesTakesNoLaterDisplayAway)
+TEST_F(KTStatusHUDControllerTests, AFadeOutThatNobodySeesTakesNoLaterDisplayAway)
 {
     show(Text);
     clock.advance(2);
@@ -241,7 +238,7 @@ TEST_F(HUDTest, AFadeOutThatNobodySeesTakesNoLaterDisplayAway)
     EXPECT_TRUE(isVisible());
 }
 
-TEST_F(HUDTest, NobodyWaitsForAFadeOutThatCannotBeSeen)
+TEST_F(KTStatusHUDControllerTests, NobodyWaitsForAFadeOutThatCannotBeSeen)
 {
     hud.showStatusWindowWithString(Text, parent, true, 1);
     clock.advance(2);
@@ -251,7 +248,7 @@ TEST_F(HUDTest, NobodyWaitsForAFadeOutThatCannotBeSeen)
     EXPECT_EQ(clock.secondsSlept(), slept);
 }
 
-TEST_F(HUDTest, AClickDismisses)
+TEST_F(KTStatusHUDControllerTests, AClickDismisses)
 {
     show(Text, 60);
     clock.advance(0.5);
@@ -267,7 +264,7 @@ TEST_F(HUDTest, AClickDismisses)
     EXPECT_FALSE(hud.isDisplayingWindow());
 }
 
-TEST_F(HUDTest, LeavingTheApplicationDismisses)
+TEST_F(KTStatusHUDControllerTests, LeavingTheApplicationDismisses)
 {
     show(Text, 60);
     clock.advance(0.5);
@@ -282,7 +279,7 @@ TEST_F(HUDTest, LeavingTheApplicationDismisses)
     EXPECT_TRUE(hud.isDisplayingWindow());
 }
 
-TEST_F(HUDTest, TheFadeInDoesNotStartTwice)
+TEST_F(KTStatusHUDControllerTests, TheFadeInDoesNotStartTwice)
 {
     show(Text, 60);
     clock.advance(0.1);
@@ -297,7 +294,7 @@ TEST_F(HUDTest, TheFadeInDoesNotStartTwice)
 
 // --- Modal sessions
 
-TEST_F(HUDTest, InModalModeFadingBlocks)
+TEST_F(KTStatusHUDControllerTests, InModalModeFadingBlocks)
 {
     hud.showStatusWindowWithString(Text, parent, true, 2);
     EXPECT_NEAR(clock.secondsSlept(), 0.15, 0.011);
@@ -311,7 +308,7 @@ TEST_F(HUDTest, InModalModeFadingBlocks)
     EXPECT_EQ(clock.pendingAlarms(), 0);
 }
 
-TEST_F(HUDTest, InModalModeTheTimeEndsInTheSession)
+TEST_F(KTStatusHUDControllerTests, InModalModeTheTimeEndsInTheSession)
 {
     inModalSession([&] {
         hud.showStatusWindowWithString(Text, parent, true, 1);
@@ -322,7 +319,7 @@ TEST_F(HUDTest, InModalModeTheTimeEndsInTheSession)
     EXPECT_FALSE(hud.isDisplayingWindow());
 }
 
-TEST_F(HUDTest, OtherwiseTheTimeEndsAfterTheSession)
+TEST_F(KTStatusHUDControllerTests, OtherwiseTheTimeEndsAfterTheSession)
 {
     inModalSession([&] {
         show(Text);
@@ -338,7 +335,7 @@ TEST_F(HUDTest, OtherwiseTheTimeEndsAfterTheSession)
     EXPECT_FALSE(isVisible());
 }
 
-TEST_F(HUDTest, AClickEndsItAlsoWhileItWaitsForTheSession)
+TEST_F(KTStatusHUDControllerTests, AClickEndsItAlsoWhileItWaitsForTheSession)
 {
     inModalSession([&] {
         show(Text);
@@ -353,7 +350,7 @@ TEST_F(HUDTest, AClickEndsItAlsoWhileItWaitsForTheSession)
     EXPECT_TRUE(isVisible());
 }
 
-TEST_F(HUDTest, ModesChangeFromDisplayToDisplay)
+TEST_F(KTStatusHUDControllerTests, ModesChangeFromDisplayToDisplay)
 {
     hud.showStatusWindowWithString(Text, parent, true, 1);
     clock.advance(1.1);
@@ -365,7 +362,7 @@ TEST_F(HUDTest, ModesChangeFromDisplayToDisplay)
 
 // --- What the desktop wants
 
-TEST_F(HUDTest, NothingMovesWhereTheDesktopWantsThat)
+TEST_F(KTStatusHUDControllerTests, NothingMovesWhereTheDesktopWantsThat)
 {
     const QString usual = QApplication::style()->name();
     QApplication::setStyle(new StillStyle);
@@ -384,7 +381,7 @@ TEST_F(HUDTest, NothingMovesWhereTheDesktopWantsThat)
 
 // --- The interface file
 
-TEST_F(HUDTest, AMissingFileIsLoggedOncePerAttempt)
+TEST_F(KTStatusHUDControllerTests, AMissingFileIsLoggedOncePerAttempt)
 {
     KTLogCapture log(kLog_invalid, 4);
     const QTemporaryDir empty;
@@ -406,7 +403,7 @@ TEST_F(HUDTest, AMissingFileIsLoggedOncePerAttempt)
     EXPECT_EQ(log.messages().size(), 2);
 }
 
-TEST_F(HUDTest, BrokenFilesAreAsGoodAsMissing)
+TEST_F(KTStatusHUDControllerTests, BrokenFilesAreAsGoodAsMissing)
 {
     KTLogCapture log(kLog_invalid, 4);
     const QTemporaryDir folder;
@@ -428,7 +425,7 @@ TEST_F(HUDTest, BrokenFilesAreAsGoodAsMissing)
     }
 }
 
-TEST_F(HUDTest, TheFileIsLoadedOnce)
+TEST_F(KTStatusHUDControllerTests, TheFileIsLoadedOnce)
 {
     show(Text);
     const KTStatusHUDWindow *const window = hud.window();
@@ -438,7 +435,7 @@ TEST_F(HUDTest, TheFileIsLoadedOnce)
     EXPECT_EQ(hud.content()->delegate(), &hud);
 }
 
-TEST_F(HUDTest, TheWindowGoesWithItsController)
+TEST_F(KTStatusHUDControllerTests, TheWindowGoesWithItsController)
 {
     auto other = std::make_unique<TestHUD>();
     other->showStatusWindowWithString(Text, parent, false);
@@ -449,7 +446,7 @@ TEST_F(HUDTest, TheWindowGoesWithItsController)
     EXPECT_EQ(clock.pendingAlarms(), 0);
 }
 
-TEST_F(HUDTest, AWindowThatIsTakenAwayIsMadeAnew)
+TEST_F(KTStatusHUDControllerTests, AWindowThatIsTakenAwayIsMadeAnew)
 {
     show(Text, 60);
     delete hud.window();
@@ -461,7 +458,7 @@ TEST_F(HUDTest, AWindowThatIsTakenAwayIsMadeAnew)
     EXPECT_TRUE(isVisible());
 }
 
-TEST_F(HUDTest, TheSharedController)
+TEST_F(KTStatusHUDControllerTests, TheSharedControllerIsOneForAll)
 {
     KTStatusHUDController *const shared = KTStatusHUDController::defaultController();
     ASSERT_NE(shared, nullptr);

@@ -1,4 +1,6 @@
 target_sources(KTUtilityTests PRIVATE
+    StatusHUD/KTStatusHUDControllerLayoutTests.cpp
     StatusHUD/KTStatusHUDControllerTests.cpp
+    StatusHUD/KTStatusHUDViewTests.cpp
     StatusHUD/KTStatusHUDWindowTests.cpp
 )

@@ -165,12 +165,12 @@ struct Shared
     QMutex mutex;
 };
 
-class FormatterLoad : public testing::TestWithParam<Kind>
+class FormatterThreadsTests : public testing::TestWithParam<Kind>
 {
 };
 } // namespace
 
-TEST_P(FormatterLoad, ManyAtOnceAnswerAsOneAlone)
+TEST_P(FormatterThreadsTests, ManyAtOnceAnswerAsOneAlone)
 {
     const UserLocale locale("en_US");
     const Make &make = GetParam().make;
@@ -190,7 +190,7 @@ TEST_P(FormatterLoad, ManyAtOnceAnswerAsOneAlone)
         EXPECT_TRUE(NSObject::isEqual(all[size_t(index)]->options(), options.at(index))) << index;
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, FormatterLoad, testing::ValuesIn(kinds()),
+INSTANTIATE_TEST_SUITE_P(Kinds, FormatterThreadsTests, testing::ValuesIn(kinds()),
                          [](const auto &kind) { return std::string(kind.param.name); });
 
 TEST(FormatterThreads, SeveralThreadsGetTheAnswersOfOne)

@@ -16,10 +16,10 @@ namespace {
 constexpr int ThreadCount = 8;
 constexpr int LinesOfAThread = 500;
 
-class KTLoggerThreads : public testing::Test
+class KTLoggerThreadsTests : public testing::Test
 {
 protected:
-    KTLoggerThreads() : home(testing_support::useFreshHome()) {}
+    KTLoggerThreadsTests() : home(testing_support::useFreshHome()) {}
 
     /// Lets all threads log to a component, while \a change is called again and again.
     void logWhile(const QString &component, const std::function<void(int round)> &change)
@@ -78,7 +78,7 @@ std::vector<int> countsIn(const QStringList &lines)
 }
 } // namespace
 
-TEST_F(KTLoggerThreads, EachLineIsWholeAndCountedWhileLevelsChange)
+TEST_F(KTLoggerThreadsTests, EachLineIsWholeAndCountedWhileLevelsChange)
 {
     logger.setLevelOfComponent(4, kLog_Tests);
     // Without a menu, as a program switches components by itself.
@@ -91,7 +91,7 @@ TEST_F(KTLoggerThreads, EachLineIsWholeAndCountedWhileLevelsChange)
     EXPECT_EQ(logged, ThreadCount * LinesOfAThread);
 }
 
-TEST_F(KTLoggerThreads, AComponentGoesOnAndOff)
+TEST_F(KTLoggerThreadsTests, AComponentGoesOnAndOff)
 {
     logger.setLevelOfComponent(4, kLog_Tests);
     logWhile(kLog_Tests,
@@ -106,7 +106,7 @@ TEST_F(KTLoggerThreads, AComponentGoesOnAndOff)
     EXPECT_EQ(lines().size(), written + 1);
 }
 
-TEST_F(KTLoggerThreads, TheSettingsAreThoseThatWereSetLast)
+TEST_F(KTLoggerThreadsTests, TheSettingsAreThoseThatWereSetLast)
 {
     logger.setLevelOfComponent(4, kLog_Tests);
     logWhile(kLog_Tests, [this](int round) {

@@ -54,10 +54,10 @@ QColor highlightOf(const QWidget *widget)
 
 /// A window with a field beside a container with two fields. The scroll view has them in a widget.
 template<typename View>
-class FocusRing : public testing_support::WindowedTest
+class KTFocusRingTests : public testing_support::WindowedTest
 {
 protected:
-    FocusRing()
+    KTFocusRingTests()
     {
         window.resize(300, 200);
         outside->setGeometry(10, 10, 100, 24);
@@ -82,10 +82,10 @@ protected:
     QLineEdit *second = nullptr;
 };
 using Containers = testing::Types<KTFocusRingView, KTFocusRingScrollView>;
-TYPED_TEST_SUITE(FocusRing, Containers);
+TYPED_TEST_SUITE(KTFocusRingTests, Containers);
 } // namespace
 
-TYPED_TEST(FocusRing, FollowsTheFocus)
+TYPED_TEST(KTFocusRingTests, FollowsTheFocus)
 {
     EXPECT_FALSE(this->view->shouldDrawFocusRing());
     EXPECT_EQ(ringIn(&this->window), nullptr);
@@ -100,7 +100,7 @@ TYPED_TEST(FocusRing, FollowsTheFocus)
     EXPECT_EQ(ringIn(&this->window), nullptr);
 }
 
-TYPED_TEST(FocusRing, IsInvalidatedOnTransitionsOnly)
+TYPED_TEST(KTFocusRingTests, IsInvalidatedOnTransitionsOnly)
 {
     this->first->setFocus();
     EXPECT_EQ(this->view->invalidations, 1);
@@ -118,14 +118,14 @@ TYPED_TEST(FocusRing, IsInvalidatedOnTransitionsOnly)
     EXPECT_EQ(this->view->invalidations, 2);
 }
 
-TYPED_TEST(FocusRing, TheViewItselfCounts)
+TYPED_TEST(KTFocusRingTests, TheViewItselfCounts)
 {
     this->view->setFocus();
     EXPECT_TRUE(this->view->shouldDrawFocusRing());
     EXPECT_EQ(this->view->previousResponder(), this->view);
 }
 
-TYPED_TEST(FocusRing, NoFocusNoRing)
+TYPED_TEST(KTFocusRingTests, NoFocusNoRing)
 {
     this->first->setFocus();
     this->first->clearFocus();
@@ -133,7 +133,7 @@ TYPED_TEST(FocusRing, NoFocusNoRing)
     EXPECT_EQ(ringIn(&this->window), nullptr);
 }
 
-TYPED_TEST(FocusRing, AnotherWindowTakesItAway)
+TYPED_TEST(KTFocusRingTests, AnotherWindowTakesItAway)
 {
     this->first->setFocus();
     {
@@ -148,7 +148,7 @@ TYPED_TEST(FocusRing, AnotherWindowTakesItAway)
     EXPECT_EQ(this->view->invalidations, 3);
 }
 
-TYPED_TEST(FocusRing, LiesAroundTheView)
+TYPED_TEST(KTFocusRingTests, LiesAroundTheView)
 {
     this->first->setFocus();
     QWidget *const ring = ringIn(&this->window);
@@ -159,7 +159,7 @@ TYPED_TEST(FocusRing, LiesAroundTheView)
     EXPECT_TRUE(!ringIn(&this->window) || !ringIn(&this->window)->isVisible());
 }
 
-TYPED_TEST(FocusRing, IsDrawnOutsideOnly)
+TYPED_TEST(KTFocusRingTests, IsDrawnOutsideOnly)
 {
     const QImage before = this->window.grab().toImage();
     this->first->setFocus();
@@ -178,7 +178,7 @@ TYPED_TEST(FocusRing, IsDrawnOutsideOnly)
               before.pixelColor(frame.center().x(), frame.top() - 1));
 }
 
-TYPED_TEST(FocusRing, LetsTheMouseThrough)
+TYPED_TEST(KTFocusRingTests, LetsTheMouseThrough)
 {
     this->first->setFocus();
     QWidget *const ring = ringIn(&this->window);
@@ -186,7 +186,7 @@ TYPED_TEST(FocusRing, LetsTheMouseThrough)
     EXPECT_FALSE(this->window.childAt(this->view->geometry().topLeft() - QPoint(2, 2)) == ring);
 }
 
-TYPED_TEST(FocusRing, FocusedControlsMayBeDestroyed)
+TYPED_TEST(KTFocusRingTests, FocusedControlsMayBeDestroyed)
 {
     this->first->setFocus();
     delete this->first;
@@ -198,7 +198,7 @@ TYPED_TEST(FocusRing, FocusedControlsMayBeDestroyed)
     EXPECT_EQ(ringIn(&this->window), nullptr);
 }
 
-TYPED_TEST(FocusRing, FollowsToAnotherParent)
+TYPED_TEST(KTFocusRingTests, FollowsToAnotherParent)
 {
     this->first->setFocus();
     auto *const box = new QWidget(&this->window);
@@ -215,7 +215,7 @@ TYPED_TEST(FocusRing, FollowsToAnotherParent)
     delete this->view;
 }
 
-TYPED_TEST(FocusRing, IsNoPaneOfASplitter)
+TYPED_TEST(KTFocusRingTests, IsNoPaneOfASplitter)
 {
     QSplitter splitter;
     auto *const pane = new Counting<TypeParam>;
@@ -231,7 +231,7 @@ TYPED_TEST(FocusRing, IsNoPaneOfASplitter)
     EXPECT_EQ(ringIn(pane)->geometry(), pane->rect());
 }
 
-TYPED_TEST(FocusRing, ScrollsWithTheView)
+TYPED_TEST(KTFocusRingTests, ScrollsWithTheView)
 {
     QScrollArea area;
     auto *const content = new QWidget;
@@ -250,7 +250,7 @@ TYPED_TEST(FocusRing, ScrollsWithTheView)
     EXPECT_EQ(ring->geometry(), QRect(17, 7, 106, 66));
 }
 
-TYPED_TEST(FocusRing, AWindowShowsItInside)
+TYPED_TEST(KTFocusRingTests, AWindowShowsItInside)
 {
     Counting<TypeParam> alone;
     alone.resize(100, 80);
@@ -262,12 +262,12 @@ TYPED_TEST(FocusRing, AWindowShowsItInside)
 }
 
 namespace {
-class FocusRingExamples : public testing_support::WindowedTest
+class KTFocusRingExampleTests : public testing_support::WindowedTest
 {
 };
 } // namespace
 
-TEST_F(FocusRingExamples, ATextViewInAScrollView)
+TEST_F(KTFocusRingExampleTests, ATextViewInAScrollView)
 {
     QWidget window;
     auto *const notes = new KTFocusRingScrollView(&window);
@@ -281,7 +281,7 @@ TEST_F(FocusRingExamples, ATextViewInAScrollView)
     EXPECT_NE(ringIn(&window), nullptr);
 }
 
-TEST_F(FocusRingExamples, AFormInALayout)
+TEST_F(KTFocusRingExampleTests, AFormInALayout)
 {
     QWidget window;
     auto *const address = new KTFocusRingView;
@@ -296,7 +296,7 @@ TEST_F(FocusRingExamples, AFormInALayout)
     EXPECT_EQ(outer->count(), 1);
 }
 
-TEST_F(FocusRingExamples, InterfaceFilesMakeThem)
+TEST_F(KTFocusRingExampleTests, InterfaceFilesMakeThem)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"Form.ui"_s);

@@ -1,11 +1,9 @@
-// A slider with a picture for its knob.
-
 #include <KTUtility/KTMediaFieldSlider>
 #include <KTUtility/KTMediaFieldSliderCell>
 #include <KTUtility/NSImage>
-#include <KTUtility/NSNib>
 #include <KTUtility/NSWindowController>
 
+#include "RecordingCell.h"
 #include "support/PictureSupport.h"
 #include "support/TestSupport.h"
 
@@ -14,22 +12,9 @@
 
 using namespace Qt::StringLiterals;
 
+using KTMediaFieldSliderTests = testing_support::WindowedTest;
+
 namespace {
-class MediaFieldSlider : public testing_support::WindowedTest
-{
-};
-
-/// A cell that tells what it is asked to draw.
-class RecordingCell : public NSSliderCell
-{
-public:
-    void drawBarInside(QPainter &) override { ++bars; }
-    void drawKnob(QPainter &, const QRectF &knobRect) override { knobs += knobRect; }
-
-    int bars = 0;
-    QList<QRectF> knobs;
-};
-
 constexpr char Form[] = R"(<ui version="4.0"><class>Form</class>
 <widget class="QWidget" name="form"><widget class="KTMediaFieldSlider" name="zoom">
  <property name="minimum"><number>25</number></property>
@@ -40,7 +25,7 @@ constexpr char Form[] = R"(<ui version="4.0"><class>Form</class>
 </widget></widget></ui>)";
 } // namespace
 
-TEST_F(MediaFieldSlider, ThePictureStandsOverTheKnob)
+TEST_F(KTMediaFieldSliderTests, ThePictureStandsOverTheKnob)
 {
     const KTMediaFieldSliderCell cell;
     ASSERT_FALSE(cell.knobImage().isNull());
@@ -49,7 +34,7 @@ TEST_F(MediaFieldSlider, ThePictureStandsOverTheKnob)
     EXPECT_EQ(cell.knobOrigin({0, 0, 0, 0}), QPointF(-size.width() / 2, -1));
 }
 
-TEST_F(MediaFieldSlider, ThePictureIsDrawnWithItsBottomThere)
+TEST_F(KTMediaFieldSliderTests, ThePictureIsDrawnWithItsBottomThere)
 {
     KTMediaFieldSliderCell cell;
     QImage canvas = NSImage::imageOfSize({60, 40});
@@ -65,7 +50,7 @@ TEST_F(MediaFieldSlider, ThePictureIsDrawnWithItsBottomThere)
     EXPECT_GT(testing_support::inkOf(canvas), 100);
 }
 
-TEST_F(MediaFieldSlider, NothingIsDrawnAtNoPlace)
+TEST_F(KTMediaFieldSliderTests, NothingIsDrawnAtNoPlace)
 {
     KTMediaFieldSliderCell cell;
     QImage canvas = NSImage::imageOfSize({60, 40});
@@ -78,7 +63,7 @@ TEST_F(MediaFieldSlider, NothingIsDrawnAtNoPlace)
     EXPECT_EQ(cell.controlView(), nullptr);
 }
 
-TEST_F(MediaFieldSlider, DrawsTheBarAndThePicture)
+TEST_F(KTMediaFieldSliderTests, DrawsTheBarAndThePicture)
 {
     KTMediaFieldSlider slider;
     slider.resize(200, slider.sizeHint().height());
@@ -102,7 +87,7 @@ TEST_F(MediaFieldSlider, DrawsTheBarAndThePicture)
               plain.grab().toImage().pixelColor(190, drawn.height() / 2));
 }
 
-TEST_F(MediaFieldSlider, ThePictureMovesWithTheValue)
+TEST_F(KTMediaFieldSliderTests, ThePictureMovesWithTheValue)
 {
     KTMediaFieldSlider slider;
     slider.resize(200, 30);
@@ -115,7 +100,7 @@ TEST_F(MediaFieldSlider, ThePictureMovesWithTheValue)
     EXPECT_NE(slider.grab().toImage(), atEnd);
 }
 
-TEST_F(MediaFieldSlider, TakesTheMouse)
+TEST_F(KTMediaFieldSliderTests, TakesTheMouse)
 {
     KTMediaFieldSlider slider;
     slider.resize(200, 30);
@@ -127,7 +112,7 @@ TEST_F(MediaFieldSlider, TakesTheMouse)
     EXPECT_GT(slider.value(), 40);
 }
 
-TEST_F(MediaFieldSlider, TheSettingsOfAnInterfaceFileAreNotCarriedOver)
+TEST_F(KTMediaFieldSliderTests, TheSettingsOfAnInterfaceFileAreNotCarriedOver)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"Form.ui"_s);
@@ -147,7 +132,7 @@ TEST_F(MediaFieldSlider, TheSettingsOfAnInterfaceFileAreNotCarriedOver)
     EXPECT_EQ(zoom->value(), 100);
 }
 
-TEST_F(MediaFieldSlider, AwakeningReplacesTheCell)
+TEST_F(KTMediaFieldSliderTests, AwakeningReplacesTheCell)
 {
     KTMediaFieldSlider slider;
     slider.setRange(5, 10);
@@ -158,33 +143,4 @@ TEST_F(MediaFieldSlider, AwakeningReplacesTheCell)
     EXPECT_NE(slider.cell(), before);
     EXPECT_NE(dynamic_cast<KTMediaFieldSliderCell *>(slider.cell()), nullptr);
     EXPECT_EQ(slider.cell()->controlView(), &slider);
-}
-
-TEST_F(MediaFieldSlider, CellsDrawBarAndKnob)
-{
-    KTMediaFieldSlider slider;
-    slider.resize(200, 30);
-    auto owned = std::make_unique<RecordingCell>();
-    RecordingCell *const cell = owned.get();
-    slider.setCell(std::move(owned));
-    slider.grab();
-    EXPECT_EQ(cell->bars, 1);
-    ASSERT_EQ(cell->knobs.size(), 1);
-    EXPECT_EQ(cell->knobs.first(), cell->knobRect());
-}
-
-TEST_F(MediaFieldSlider, PlainCellsDrawAsTheStyleDoes)
-{
-    KTMediaFieldSlider slider;
-    slider.setCell(std::make_unique<NSSliderCell>());
-    slider.resize(200, 30);
-    QSlider plain(Qt::Horizontal);
-    plain.resize(200, 30);
-    EXPECT_TRUE(testing_support::areAlike(slider.grab().toImage(), plain.grab().toImage()));
-    slider.setCell(nullptr);
-    EXPECT_TRUE(testing_support::areAlike(slider.grab().toImage(), plain.grab().toImage()));
-    slider.setTickPosition(QSlider::TicksBothSides);
-    plain.setTickPosition(QSlider::TicksBothSides);
-    slider.setCell(std::make_unique<NSSliderCell>());
-    EXPECT_FALSE(testing_support::areAlike(slider.grab().toImage(), plain.grab().toImage()));
 }

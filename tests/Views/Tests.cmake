@@ -1,4 +1,5 @@
 target_sources(KTUtilityTests PRIVATE
     Views/KTFocusRingTests.cpp
+    Views/KTMediaFieldSliderCellTests.cpp
     Views/KTMediaFieldSliderTests.cpp
 )

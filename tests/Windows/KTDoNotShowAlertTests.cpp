@@ -37,16 +37,16 @@ public:
 
 const QString Key = u"deleteRecord"_s;
 
-class DoNotShowAlert : public testing_support::WindowedTest
+class KTDoNotShowAlertTests : public testing_support::WindowedTest
 {
 protected:
-    DoNotShowAlert()
+    KTDoNotShowAlertTests()
     {
         QApplication::setQuitOnLastWindowClosed(false);
         KTDoNotShowAlert::clearDoNotShowList();
         window.show();
     }
-    ~DoNotShowAlert() override
+    ~KTDoNotShowAlertTests() override
     {
         KTDoNotShowAlert::clearDoNotShowList();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -91,7 +91,7 @@ protected:
 };
 } // namespace
 
-TEST_F(DoNotShowAlert, ShowsTheAlert)
+TEST_F(KTDoNotShowAlertTests, ShowsTheAlert)
 {
     KTDoNotShowAlert::beginCriticalAlertSheet(alert());
     ASSERT_NE(box(), nullptr);
@@ -112,7 +112,7 @@ TEST_F(DoNotShowAlert, ShowsTheAlert)
     EXPECT_FALSE(KTDoNotShowAlert::boolForSuppressionKey(Key));
 }
 
-TEST_F(DoNotShowAlert, EachButtonHasItsCode)
+TEST_F(KTDoNotShowAlertTests, EachButtonHasItsCode)
 {
     for (const auto &[text, code] :
          {std::pair(u"Delete"_s, 1), std::pair(u"Keep"_s, 0), std::pair(u"Ask && wait"_s, -1)}) {
@@ -122,7 +122,7 @@ TEST_F(DoNotShowAlert, EachButtonHasItsCode)
     }
 }
 
-TEST_F(DoNotShowAlert, KeysAndClosing)
+TEST_F(KTDoNotShowAlertTests, KeysAndClosingEndTheAlert)
 {
     KTDoNotShowAlert::beginCriticalAlertSheet(alert());
     QTest::keyClick(box(), Qt::Key_Return);
@@ -142,7 +142,7 @@ TEST_F(DoNotShowAlert, KeysAndClosing)
     EXPECT_EQ(delegate.code, 1);
 }
 
-TEST_F(DoNotShowAlert, TickedItIsSkippedWhicheverButtonEndsIt)
+TEST_F(KTDoNotShowAlertTests, TickedItIsSkippedWhicheverButtonEndsIt)
 {
     KTDoNotShowAlert::beginCriticalAlertSheet(alert());
     box()->checkBox()->setChecked(true);
@@ -157,7 +157,7 @@ TEST_F(DoNotShowAlert, TickedItIsSkippedWhicheverButtonEndsIt)
     EXPECT_EQ(delegate.context, &window);
 }
 
-TEST_F(DoNotShowAlert, SkippedWithoutDelegateNothingHappens)
+TEST_F(KTDoNotShowAlertTests, SkippedWithoutDelegateNothingHappens)
 {
     KTDoNotShowAlert::setBoolForSuppressionKey(Key, true);
     KTDoNotShowAlert::Alert quiet = alert();
@@ -167,7 +167,7 @@ TEST_F(DoNotShowAlert, SkippedWithoutDelegateNothingHappens)
     EXPECT_EQ(delegate.calls, 0);
 }
 
-TEST_F(DoNotShowAlert, OnlyASkippedAlertNeedsTheMethod)
+TEST_F(KTDoNotShowAlertTests, OnlyASkippedAlertNeedsTheMethod)
 {
     KTDoNotShowAlert::Alert wrong = alert();
     wrong.didEndSelector = "nothing:returnCode:contextInfo:";
@@ -182,7 +182,7 @@ TEST_F(DoNotShowAlert, OnlyASkippedAlertNeedsTheMethod)
     EXPECT_TRUE(output.contains(u"KTDoNotShowAlert:29"));
 }
 
-TEST_F(DoNotShowAlert, DelegatesMayGoFirst)
+TEST_F(KTDoNotShowAlertTests, DelegatesMayGoFirst)
 {
     auto shortLived = std::make_unique<Delegate>();
     KTDoNotShowAlert::Alert shown = alert();
@@ -193,7 +193,7 @@ TEST_F(DoNotShowAlert, DelegatesMayGoFirst)
     EXPECT_EQ(box(), nullptr);
 }
 
-TEST_F(DoNotShowAlert, WithItsWindowGoesTheAlert)
+TEST_F(KTDoNotShowAlertTests, WithItsWindowGoesTheAlert)
 {
     auto shortLived = std::make_unique<QWidget>();
     shortLived->show();
@@ -208,7 +208,7 @@ TEST_F(DoNotShowAlert, WithItsWindowGoesTheAlert)
     EXPECT_FALSE(KTDoNotShowAlert::boolForSuppressionKey(Key));
 }
 
-TEST_F(DoNotShowAlert, TheList)
+TEST_F(KTDoNotShowAlertTests, TheListKeepsOneOfEachKey)
 {
     EXPECT_FALSE(KTDoNotShowAlert::boolForSuppressionKey(Key));
     EXPECT_FALSE(KTDoNotShowAlert::boolForSuppressionKey(QString()));
@@ -224,7 +224,7 @@ TEST_F(DoNotShowAlert, TheList)
         NSUserDefaults::standardUserDefaults()->objectForKey(u"doNotShowList"_s).isValid());
 }
 
-TEST_F(DoNotShowAlert, SuppressedAlertsAreListedWithTheirTitles)
+TEST_F(KTDoNotShowAlertTests, SuppressedAlertsAreListedWithTheirTitles)
 {
     EXPECT_TRUE(KTDoNotShowAlert::suppressedAlerts().isEmpty());
     KTDoNotShowAlert::beginCriticalAlertSheet(alert());
@@ -238,7 +238,7 @@ TEST_F(DoNotShowAlert, SuppressedAlertsAreListedWithTheirTitles)
     EXPECT_EQ(KTDoNotShowAlert::suppressedAlerts().size(), 1);
 }
 
-TEST_F(DoNotShowAlert, MessagesAreFormats)
+TEST_F(KTDoNotShowAlertTests, MessagesAreFormats)
 {
     KTDoNotShowAlert::Alert odd = alert();
     odd.msg = u"%d and %@"_s;
@@ -253,7 +253,7 @@ TEST_F(DoNotShowAlert, MessagesAreFormats)
     EXPECT_EQ(delegate.calls, 2);
 }
 
-TEST_F(DoNotShowAlert, LongAndRightToLeftTextsAreShown)
+TEST_F(KTDoNotShowAlertTests, LongAndRightToLeftTextsAreShown)
 {
     KTDoNotShowAlert::Alert odd = alert();
     const QString hebrew = u"\u05DE\u05D7\u05D9\u05E7\u05D4 100%% \u202E"_s;

@@ -21,6 +21,13 @@ inline bool areClose(const QColor &left, const QColor &right, int tolerance)
            std::abs(left.alpha() - right.alpha()) <= tolerance;
 }
 
+inline QImage solid(int width, int height, const QColor &color)
+{
+    QImage image(width, height, QImage::Format_ARGB32_Premultiplied);
+    image.fill(color);
+    return image;
+}
+
 /// The pixel at a place counted from the bottom left.
 inline QColor pixelFromBottom(const QImage &image, int x, int y)
 {

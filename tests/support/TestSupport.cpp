@@ -72,6 +72,12 @@ void needApplication()
     Q_UNUSED(application);
 }
 
+void turn()
+{
+    for (int round = 0; round < 5; ++round)
+        QCoreApplication::processEvents();
+}
+
 QList<QJsonObject> rowsOf(const QString &table)
 {
     QFile file(QStringLiteral(KTUTILITY_TEST_DATA) + u'/' + table);

@@ -38,11 +38,16 @@ QString useFreshHome();
 /// The one QApplication of the process (offscreen), made on first use.
 void needApplication();
 
+/// Lets everything happen that waits for the run loop.
+void turn();
+
 /// A test that has windows: there is an application before its members are made.
 class WindowedTest : public testing::Test
 {
 protected:
     WindowedTest() { needApplication(); }
+
+    static void turn() { testing_support::turn(); }
 };
 
 /// The rows of a table in tests/data: one JSON object a line.

@@ -30,11 +30,11 @@ QStringList words(const char16_t *text)
 }
 } // namespace
 
-class WrongUsage : public testing::TestWithParam<UsageCase>
+class CobbleUsageTests : public testing::TestWithParam<UsageCase>
 {
 };
 
-TEST_P(WrongUsage, IsToldWithTheUsage)
+TEST_P(CobbleUsageTests, IsToldWithTheUsage)
 {
     testing_support::useFreshHome();
     const CommandResult result = runInProcess(GetParam().arguments);
@@ -46,7 +46,7 @@ TEST_P(WrongUsage, IsToldWithTheUsage)
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    All, WrongUsage,
+    All, CobbleUsageTests,
     testing::Values(
         UsageCase{"NoArguments", {}, QString()},
         UsageCase{"EmptyCommand", {u""_s}, u"unknown command ''"_s},
@@ -113,7 +113,7 @@ TEST(Cobble, TheUsageFitsATerminalAndNamesEveryCommand)
         EXPECT_TRUE(usageText().contains(QString::fromUtf16(command)));
 }
 
-TEST(Cobble, Version)
+TEST(Cobble, TellsItsVersion)
 {
     testing_support::useFreshHome();
     const CommandResult result = runInProcess(words(u"--version"));

@@ -22,3 +22,12 @@ inline CommandResult runInProcess(const QStringList &arguments)
     result.exitCode = runCobble(arguments, out, err, &logger);
     return result;
 }
+
+/// A command line typed with blanks between its arguments; "·" stands for a blank in one.
+inline CommandResult runLine(const char16_t *line)
+{
+    QStringList arguments = QString::fromUtf16(line).split(u' ');
+    for (QString &argument : arguments)
+        argument.replace(u'·', u' ');
+    return runInProcess(arguments);
+}

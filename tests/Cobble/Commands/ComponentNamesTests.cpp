@@ -13,7 +13,7 @@ const QStringList &components()
 }
 } // namespace
 
-TEST(ComponentNames, ExactAndCaseInsensitive)
+TEST(ComponentNames, AreFoundExactlyAndWhateverTheCase)
 {
     EXPECT_EQ(componentNamed(u"Import Dialog"_s, components()), u"Import Dialog"_s);
     EXPECT_EQ(componentNamed(u"import dialog"_s, components()), u"Import Dialog"_s);
@@ -33,7 +33,7 @@ TEST(ComponentNames, OthersAreNone)
     EXPECT_EQ(componentNamed(u"Import"_s, components()), QString());
 }
 
-TEST(ComponentNames, NearOnes)
+TEST(ComponentNames, NearOnesAreFound)
 {
     const QStringList imports = {u"Import Dialog"_s, u"Import XML"_s};
     EXPECT_EQ(componentsNear(u"import"_s, components()), imports);

@@ -83,7 +83,7 @@ TEST(Executable, SpeaksFrenchAndJapaneseOfDurations)
     EXPECT_TRUE(display("sv_SE").contains("1 day 2 hours 3 minutes 4 seconds\n"));
 }
 
-TEST(Executable, MissingFile)
+TEST(Executable, TellsOfAMissingFile)
 {
     const ProcessResult result = runCobbleProgram({u"import"_s, u"/no/such.csv"_s});
     EXPECT_EQ(result.exitCode, 1);
@@ -91,14 +91,14 @@ TEST(Executable, MissingFile)
     EXPECT_EQ(result.errors, QByteArray("cobble: /no/such.csv: No such file or directory\n"));
 }
 
-TEST(Executable, Folder)
+TEST(Executable, TellsOfAFolder)
 {
     const ProcessResult result = runCobbleProgram({u"import"_s, u"/"_s});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.errors, QByteArray("cobble: /: is a folder, not a file\n"));
 }
 
-TEST(Executable, NoArguments)
+TEST(Executable, ShowsTheUsageWithoutArguments)
 {
     const ProcessResult result = runCobbleProgram({});
     EXPECT_EQ(result.exitCode, 2);
@@ -106,21 +106,21 @@ TEST(Executable, NoArguments)
     EXPECT_TRUE(result.errors.startsWith("Usage: cobble "));
 }
 
-TEST(Executable, FullOutput)
+TEST(Executable, TellsOfAFullOutput)
 {
     const ProcessResult result = runShell(u"\"$COBBLE\" import \"$SAMPLE\" >/dev/full"_s);
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.errors, QByteArray("cobble: standard output: No space left on device\n"));
 }
 
-TEST(Executable, ClosedOutput)
+TEST(Executable, TellsOfAClosedOutput)
 {
     const ProcessResult result = runShell(u"\"$COBBLE\" import \"$SAMPLE\" >&-"_s);
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.errors, QByteArray("cobble: standard output: Bad file descriptor\n"));
 }
 
-TEST(Executable, AllStreamsClosed)
+TEST(Executable, EndsWithAllStreamsClosed)
 {
     EXPECT_EQ(runShell(u"\"$COBBLE\" --version <&- >&- 2>&-"_s).exitCode, 1);
     EXPECT_EQ(runShell(u"\"$COBBLE\" bogus <&- >&- 2>&-"_s).exitCode, 2);

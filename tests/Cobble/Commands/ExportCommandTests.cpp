@@ -13,10 +13,10 @@ using testing_support::contentsOf;
 using testing_support::FileTree;
 
 namespace {
-class ExportCommand : public testing::Test
+class ExportCommandTests : public testing::Test
 {
 protected:
-    ExportCommand() : bundle(tree.path(u"b.cobbledb"_s))
+    ExportCommandTests() : bundle(tree.path(u"b.cobbledb"_s))
     {
         testing_support::needApplication();
         testing_support::useFreshHome();
@@ -45,7 +45,7 @@ protected:
 };
 } // namespace
 
-TEST_F(ExportCommand, CSVIsWhatPeopleSee)
+TEST_F(ExportCommandTests, CSVIsWhatPeopleSee)
 {
     const CommandResult result = exportTo(u"out.csv"_s);
     EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
@@ -56,7 +56,7 @@ TEST_F(ExportCommand, CSVIsWhatPeopleSee)
               "Cay,$2.00,,5/6/2008\r\n");
 }
 
-TEST_F(ExportCommand, CSVComesBack)
+TEST_F(ExportCommandTests, CSVComesBack)
 {
     exportTo(u"Again.csv"_s);
     const CommandResult again = run({u"import"_s, tree.path(u"Again.csv"_s)});
@@ -66,7 +66,7 @@ TEST_F(ExportCommand, CSVComesBack)
     EXPECT_EQ(contentsOf(tree.path(u"1.csv"_s)), contentsOf(tree.path(u"2.csv"_s)));
 }
 
-TEST_F(ExportCommand, JSONHasTheValues)
+TEST_F(ExportCommandTests, JSONHasTheValues)
 {
     EXPECT_EQ(exportTo(u"out.JSON"_s).exitCode, 0);
     const QByteArray text = contentsOf(tree.path(u"out.JSON"_s));
@@ -80,7 +80,7 @@ TEST_F(ExportCommand, JSONHasTheValues)
     EXPECT_TRUE(rows[1].toObject().value(u"field").isNull());
 }
 
-TEST_F(ExportCommand, AnEmptyLibrary)
+TEST_F(ExportCommandTests, AnEmptyLibraryIsExported)
 {
     tree.add(u"Nobody.csv"_s, "Name\n");
     run({u"import"_s, tree.path(u"Nobody.csv"_s)});
@@ -90,7 +90,7 @@ TEST_F(ExportCommand, AnEmptyLibrary)
     EXPECT_EQ(contentsOf(tree.path(u"n.csv"_s)), "Name\r\n");
 }
 
-TEST_F(ExportCommand, WhatCannotBeExported)
+TEST_F(ExportCommandTests, SaysWhatCannotBeExported)
 {
     EXPECT_EQ(exportTo(u"out.xyz"_s).errors,
               u"cobble: " + tree.path(u"out.xyz"_s) +
@@ -103,7 +103,7 @@ TEST_F(ExportCommand, WhatCannotBeExported)
     EXPECT_FALSE(QFile::exists(tree.path(u"out.xyz"_s)));
 }
 
-TEST_F(ExportCommand, AFileThatIsThereStaysIfItFails)
+TEST_F(ExportCommandTests, AFileThatIsThereStaysIfItFails)
 {
     QDir().mkdir(tree.path(u"folder.csv"_s));
     EXPECT_EQ(exportTo(u"folder.csv"_s).exitCode, 1);
@@ -113,7 +113,7 @@ TEST_F(ExportCommand, AFileThatIsThereStaysIfItFails)
     EXPECT_EQ(contentsOf(tree.path(u"old.csv"_s)), "old");
 }
 
-TEST_F(ExportCommand, WrongUsage)
+TEST_F(ExportCommandTests, RefusesWrongUsage)
 {
     EXPECT_EQ(run({u"export"_s}).exitCode, 2);
     EXPECT_EQ(run({u"export"_s, u"things"_s}).exitCode, 2);

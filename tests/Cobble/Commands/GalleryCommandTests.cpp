@@ -28,10 +28,10 @@ const QStringList &names()
     return all;
 }
 
-class GalleryCommand : public WindowedTest
+class GalleryCommandTests : public WindowedTest
 {
 protected:
-    GalleryCommand() { useFreshHome(); }
+    GalleryCommandTests() { useFreshHome(); }
 
     static CommandResult run(const QStringList &arguments)
     {
@@ -63,7 +63,7 @@ bool hasColourNear(const QImage &image, const QRect &area, const QColor &colour,
 }
 } // namespace
 
-TEST_F(GalleryCommand, DrawsAPictureOfEachHelperAndAPage)
+TEST_F(GalleryCommandTests, DrawsAPictureOfEachHelperAndAPage)
 {
     const CommandResult result = draw(folder.path());
     EXPECT_EQ(result.exitCode, 0);
@@ -78,7 +78,7 @@ TEST_F(GalleryCommand, DrawsAPictureOfEachHelperAndAPage)
     EXPECT_GT(picture(u"gallery"_s).width(), 1200);
 }
 
-TEST_F(GalleryCommand, TheSameEveryTime)
+TEST_F(GalleryCommandTests, DrawsTheSameEveryTime)
 {
     const QList<GalleryPicture> first = Gallery::pictures();
     const QList<GalleryPicture> second = Gallery::pictures();
@@ -91,7 +91,7 @@ TEST_F(GalleryCommand, TheSameEveryTime)
     }
 }
 
-TEST_F(GalleryCommand, ShowsWhatTheHelpersDo)
+TEST_F(GalleryCommandTests, ShowsWhatTheHelpersDo)
 {
     ASSERT_EQ(draw(folder.path()).exitCode, 0);
     // The display is dark with white letters.
@@ -110,14 +110,14 @@ TEST_F(GalleryCommand, ShowsWhatTheHelpersDo)
         EXPECT_TRUE(hasColourNear(picture(QString::fromUtf16(name)), {24, 100, 6, 4}, ring, 60));
 }
 
-TEST_F(GalleryCommand, MakesTheFolder)
+TEST_F(GalleryCommandTests, MakesTheFolder)
 {
     const QString deep = folder.filePath(u"a/b/c"_s);
     EXPECT_EQ(draw(deep).exitCode, 0);
     EXPECT_EQ(QDir(deep).entryList(QDir::Files).size(), names().size());
 }
 
-TEST_F(GalleryCommand, SaysWhereItCannotWrite)
+TEST_F(GalleryCommandTests, SaysWhereItCannotWrite)
 {
     const QString file = folder.filePath(u"file"_s);
     writeFile(file, "x");
@@ -131,7 +131,7 @@ TEST_F(GalleryCommand, SaysWhereItCannotWrite)
     EXPECT_TRUE(taken.errors.startsWith(u"cobble: " + folder.filePath(u"badges.png: "_s)));
 }
 
-TEST_F(GalleryCommand, SaysWhatIsWrong)
+TEST_F(GalleryCommandTests, SaysWhatIsWrong)
 {
     EXPECT_EQ(run({}).exitCode, 2);
     EXPECT_TRUE(run({}).errors.startsWith(
@@ -142,7 +142,7 @@ TEST_F(GalleryCommand, SaysWhatIsWrong)
     EXPECT_TRUE(run({u"--help"_s}).output.contains(u"cobble gallery"));
 }
 
-TEST_F(GalleryCommand, SharpScreensGetSharpPictures)
+TEST_F(GalleryCommandTests, SharpScreensGetSharpPictures)
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -161,7 +161,7 @@ TEST_F(GalleryCommand, SharpScreensGetSharpPictures)
     EXPECT_EQ(picture(u"focus-ring-view"_s).size(), QSize(800, 480));
 }
 
-TEST_F(GalleryCommand, SmallScreensAreLargeEnough)
+TEST_F(GalleryCommandTests, SmallScreensAreLargeEnough)
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

@@ -172,7 +172,7 @@ TEST(ImportCommand, WhatCannotBeImportedIsOneLine)
     }
 }
 
-TEST(ImportCommand, MissingFilesAndFolders)
+TEST(ImportCommand, MissingFilesAndFoldersAreTold)
 {
     const QString home = testing_support::useFreshHome();
     EXPECT_EQ(import(home + u"/no.csv").errors,
@@ -224,7 +224,7 @@ TEST(ImportCommand, LogsNothingOnFailure)
     EXPECT_TRUE(capture.messages().isEmpty());
 }
 
-TEST(ImportCommand, TheSample)
+TEST(ImportCommand, ImportsTheSample)
 {
     testing_support::useFreshHome();
     const CommandResult result = import(QStringLiteral(COBBLE_SAMPLES "/contacts.csv"));

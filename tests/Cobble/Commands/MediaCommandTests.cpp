@@ -14,10 +14,10 @@ using testing_support::FileTree;
 using testing_support::LoopbackServer;
 
 namespace {
-class MediaCommand : public testing::Test
+class MediaCommandTests : public testing::Test
 {
 protected:
-    MediaCommand()
+    MediaCommandTests()
         : bundle(tree.path(u"b.cobbledb"_s)), folder(bundle + u"/Contents/Resources/Media/"_s)
     {
         testing_support::useFreshHome();
@@ -39,7 +39,7 @@ protected:
 };
 } // namespace
 
-TEST_F(MediaCommand, AddsFilesAndDownloads)
+TEST_F(MediaCommandTests, AddsFilesAndDownloads)
 {
     const LoopbackServer server;
     const CommandResult result =
@@ -52,7 +52,7 @@ TEST_F(MediaCommand, AddsFilesAndDownloads)
               u"7  cobblemedia://a%20b.0.png\n3  cobblemedia://pic.0.jpg\n"_s);
 }
 
-TEST_F(MediaCommand, TheDefaultBundleIsMade)
+TEST_F(MediaCommandTests, TheDefaultBundleIsMade)
 {
     const QString home = testing_support::useFreshHome();
     const CommandResult result = runInProcess({u"media"_s, u"add"_s, tree.path(u"a b.png"_s)});
@@ -62,7 +62,7 @@ TEST_F(MediaCommand, TheDefaultBundleIsMade)
               "picture");
 }
 
-TEST_F(MediaCommand, ABundleMayBeNamedWithASlash)
+TEST_F(MediaCommandTests, ABundleMayBeNamedWithASlash)
 {
     tree.add(u"Names.csv"_s, "Name\nAnn\n");
     const QString path = bundle;
@@ -73,7 +73,7 @@ TEST_F(MediaCommand, ABundleMayBeNamedWithASlash)
     EXPECT_TRUE(QFile::exists(path + u"/Contents/Resources/Database"));
 }
 
-TEST_F(MediaCommand, ListsNamesThatBeginWithADot)
+TEST_F(MediaCommandTests, ListsNamesThatBeginWithADot)
 {
     tree.add(u".png"_s, "hidden");
     tree.add(u".cobble-12"_s, "mine");
@@ -84,7 +84,7 @@ TEST_F(MediaCommand, ListsNamesThatBeginWithADot)
               u"4  cobblemedia://.cobble-12.0\n6  cobblemedia://.png.0\n"_s);
 }
 
-TEST_F(MediaCommand, WhatCannotBeAddedIsToldAndTheRestIsAdded)
+TEST_F(MediaCommandTests, WhatCannotBeAddedIsToldAndTheRestIsAdded)
 {
     const CommandResult result =
         media({u"add"_s, u"/none.png"_s, tree.path(u"a b.png"_s), u"https://a/b.png"_s});
@@ -94,7 +94,7 @@ TEST_F(MediaCommand, WhatCannotBeAddedIsToldAndTheRestIsAdded)
                              "cobble: https://a/b.png: it cannot be stored\n"_s);
 }
 
-TEST_F(MediaCommand, Paths)
+TEST_F(MediaCommandTests, ShowsPaths)
 {
     EXPECT_EQ(media({u"path"_s, u"cobblemedia://a%20b.0.png"_s}).output, folder + u"a b.0.png\n");
     const CommandResult result = media({u"path"_s, u"cobblemedia://..%2FDatabase"_s});
@@ -102,7 +102,7 @@ TEST_F(MediaCommand, Paths)
     EXPECT_EQ(result.errors, u"cobble: cobblemedia://..%2FDatabase: that is no media URL\n"_s);
 }
 
-TEST_F(MediaCommand, Deletes)
+TEST_F(MediaCommandTests, DeletesFiles)
 {
     const QString file = tree.path(u"a b.png"_s);
     media({u"add"_s, file, file});
@@ -117,14 +117,14 @@ TEST_F(MediaCommand, Deletes)
     EXPECT_TRUE(QDir(folder).exists());
 }
 
-TEST_F(MediaCommand, WithoutABundle)
+TEST_F(MediaCommandTests, WithoutABundleThereIsNothing)
 {
     const CommandResult result = media({u"list"_s});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.errors, u"cobble: " + bundle + u": there is no media folder\n");
 }
 
-TEST_F(MediaCommand, WrongUsage)
+TEST_F(MediaCommandTests, RefusesWrongUsage)
 {
     for (const QStringList &arguments : {QStringList(), QStringList{u"lost"_s},
                                          QStringList{u"add"_s}, QStringList{u"list"_s, u"x"_s}})
@@ -133,7 +133,7 @@ TEST_F(MediaCommand, WrongUsage)
     EXPECT_EQ(media({u"--help"_s}).exitCode, 0);
 }
 
-TEST_F(MediaCommand, UpgradeCopy)
+TEST_F(MediaCommandTests, CopiesABundleBeforeAnUpgrade)
 {
     EXPECT_EQ(run({u"upgrade-copy"_s}).errors,
               u"cobble: " + bundle + u": there is no database bundle\n");
@@ -148,7 +148,7 @@ TEST_F(MediaCommand, UpgradeCopy)
                   "picture");
 }
 
-TEST_F(MediaCommand, ABundleThatCannotBeCopiedStaysInItsPlace)
+TEST_F(MediaCommandTests, ABundleThatCannotBeCopiedStaysInItsPlace)
 {
     media({u"add"_s, tree.path(u"a b.png"_s)});
     struct rlimit before = {};
@@ -166,7 +166,7 @@ TEST_F(MediaCommand, ABundleThatCannotBeCopiedStaysInItsPlace)
     EXPECT_FALSE(QFile::exists(tree.path(u"b1Backup.cobbledb"_s)));
 }
 
-TEST_F(MediaCommand, WhatCannotBeDeletedIsNotCalledMissing)
+TEST_F(MediaCommandTests, WhatCannotBeDeletedIsNotCalledMissing)
 {
     // Nobody, not even root, removes a file of "/proc".
     media({u"add"_s, tree.path(u"a b.png"_s)});

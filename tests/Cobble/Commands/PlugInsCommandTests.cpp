@@ -58,7 +58,7 @@ TEST(PlugInsCommand, OnesThatAreGoneCanBeDisabled)
     EXPECT_EQ(plugIns({u"disable"_s, u"org.gone"_s}).exitCode, 1);
 }
 
-TEST(PlugInsCommand, OnesThatDoNotExist)
+TEST(PlugInsCommand, SaysWhichOnesDoNotExist)
 {
     testing_support::useFreshHome();
     const CommandResult result = plugIns({u"enable"_s, u"org.none"_s, u""_s});
@@ -85,7 +85,7 @@ TEST(PlugInsCommand, BrokenOnesAreListedWithTheReason)
     EXPECT_TRUE(lineOf(Exporter).contains(u" yes loaded "));
 }
 
-TEST(PlugInsCommand, WrongUsage)
+TEST(PlugInsCommand, RefusesWrongUsage)
 {
     testing_support::useFreshHome();
     EXPECT_EQ(plugIns({u"enable"_s}).exitCode, 2);

@@ -8,10 +8,10 @@ using namespace Qt::StringLiterals;
 using testing_support::FileTree;
 
 namespace {
-class ShowCommand : public testing::Test
+class ShowCommandTests : public testing::Test
 {
 protected:
-    ShowCommand() : bundle(tree.path(u"b.cobbledb"_s))
+    ShowCommandTests() : bundle(tree.path(u"b.cobbledb"_s))
     {
         testing_support::needApplication();
         testing_support::useFreshHome();
@@ -45,7 +45,7 @@ QByteArray people()
 }
 } // namespace
 
-TEST_F(ShowCommand, PrintsWhatTheFieldsDisplay)
+TEST_F(ShowCommandTests, PrintsWhatTheFieldsDisplay)
 {
     import(u"People.csv"_s, people());
     const CommandResult result =
@@ -57,7 +57,7 @@ TEST_F(ShowCommand, PrintsWhatTheFieldsDisplay)
                              "1 of 11 records\n"_s);
 }
 
-TEST_F(ShowCommand, InAnotherLocale)
+TEST_F(ShowCommandTests, PrintsInAnotherLocale)
 {
     import(u"People.csv"_s, people());
     const CommandResult result =
@@ -66,7 +66,7 @@ TEST_F(ShowCommand, InAnotherLocale)
         EXPECT_TRUE(result.output.contains(QString::fromUtf16(text)));
 }
 
-TEST_F(ShowCommand, TypedTextsThatWereNotReadAreKept)
+TEST_F(ShowCommandTests, TypedTextsThatWereNotReadAreKept)
 {
     import(u"People.csv"_s, people());
     const CommandResult result = show({u"People"_s});
@@ -76,7 +76,7 @@ TEST_F(ShowCommand, TypedTextsThatWereNotReadAreKept)
     EXPECT_TRUE(result.output.endsWith(u"\n\n11 records\n"));
 }
 
-TEST_F(ShowCommand, WithoutANameTheLibraries)
+TEST_F(ShowCommandTests, WithoutANameListsTheLibraries)
 {
     import(u"b.csv"_s, "Name\nAnn\nBob\n");
     import(u"A.csv"_s, "Name,Age\nAnn,3\n");
@@ -86,7 +86,7 @@ TEST_F(ShowCommand, WithoutANameTheLibraries)
                              "b        kt_b   1       2\n"_s);
 }
 
-TEST_F(ShowCommand, WhatCannotBeShown)
+TEST_F(ShowCommandTests, SaysWhatCannotBeShown)
 {
     EXPECT_EQ(show({u"x"_s}).errors, u"cobble: " + bundle + u": there is no database\n");
     import(u"b.csv"_s, "Name\nAnn\n");
@@ -95,7 +95,7 @@ TEST_F(ShowCommand, WhatCannotBeShown)
     EXPECT_EQ(none.errors, u"cobble: " + bundle + u": no library 'x\\ny'\n");
 }
 
-TEST_F(ShowCommand, ADamagedDatabaseIsNotAnEmptyOne)
+TEST_F(ShowCommandTests, ADamagedDatabaseIsNotAnEmptyOne)
 {
     import(u"b.csv"_s, "Name\nAnn\n");
     const QString path = bundle + u"/Contents/Resources/Database";
@@ -109,7 +109,7 @@ TEST_F(ShowCommand, ADamagedDatabaseIsNotAnEmptyOne)
     }
 }
 
-TEST_F(ShowCommand, WrongUsage)
+TEST_F(ShowCommandTests, RefusesWrongUsage)
 {
     for (const QStringList &arguments :
          {QStringList{u"a"_s, u"b"_s}, QStringList{u"a"_s, u"--limit"_s, u"-1"_s},

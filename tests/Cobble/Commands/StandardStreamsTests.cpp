@@ -14,7 +14,7 @@ int openedForWriting(const QString &path)
 }
 } // namespace
 
-TEST(DescriptorStream, WritesUtf8AndLeavesTheDescriptorOpen)
+TEST(StandardStreams, WritesUtf8AndLeavesTheDescriptorOpen)
 {
     const QString path = testing_support::useFreshHome() + u"/out";
     const int descriptor = openedForWriting(path);
@@ -27,7 +27,7 @@ TEST(DescriptorStream, WritesUtf8AndLeavesTheDescriptorOpen)
     EXPECT_EQ(testing_support::contentsOf(path), QByteArray("Größe 公司\n"));
 }
 
-TEST(DescriptorStream, WritingNothingSucceeds)
+TEST(StandardStreams, WritingNothingSucceeds)
 {
     const int descriptor = openedForWriting(u"/dev/full"_s);
     DescriptorStream output(descriptor);
@@ -35,7 +35,7 @@ TEST(DescriptorStream, WritingNothingSucceeds)
     ::close(descriptor);
 }
 
-TEST(DescriptorStream, TellsOfAFullDisk)
+TEST(StandardStreams, TellsOfAFullDisk)
 {
     const int descriptor = openedForWriting(u"/dev/full"_s);
     DescriptorStream output(descriptor);
@@ -44,7 +44,7 @@ TEST(DescriptorStream, TellsOfAFullDisk)
     ::close(descriptor);
 }
 
-TEST(DescriptorStream, TellsOfAFullDiskAlsoAfterMoreThanABuffer)
+TEST(StandardStreams, TellsOfAFullDiskAlsoAfterMoreThanABuffer)
 {
     const int descriptor = openedForWriting(u"/dev/full"_s);
     DescriptorStream output(descriptor);
@@ -53,7 +53,7 @@ TEST(DescriptorStream, TellsOfAFullDiskAlsoAfterMoreThanABuffer)
     ::close(descriptor);
 }
 
-TEST(DescriptorStream, TellsOfADescriptorForReading)
+TEST(StandardStreams, TellsOfADescriptorForReading)
 {
     const int descriptor = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
     DescriptorStream output(descriptor);
@@ -62,7 +62,7 @@ TEST(DescriptorStream, TellsOfADescriptorForReading)
     ::close(descriptor);
 }
 
-TEST(StandardDescriptors, AreLeftAloneWhenTheyAreThere)
+TEST(StandardStreams, DescriptorsAreLeftAloneWhenTheyAreThere)
 {
     const int before = ::dup(STDERR_FILENO);
     ::close(before);

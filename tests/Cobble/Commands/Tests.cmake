@@ -3,6 +3,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Commands/ComponentNamesTests.cpp
     Cobble/Commands/ExecutableTests.cpp
     Cobble/Commands/ExportCommandTests.cpp
+    Cobble/Commands/FormatCommandTests.cpp
     Cobble/Commands/GalleryCommandTests.cpp
     Cobble/Commands/ImportCommandTests.cpp
     Cobble/Commands/LogCommandTests.cpp
@@ -10,6 +11,8 @@ target_sources(CobbleTests PRIVATE
     Cobble/Commands/NamesCommandTests.cpp
     Cobble/Commands/ParseCommandTests.cpp
     Cobble/Commands/PlugInsCommandTests.cpp
+    Cobble/Commands/ProgressLineTests.cpp
     Cobble/Commands/ShowCommandTests.cpp
     Cobble/Commands/StandardStreamsTests.cpp
+    Cobble/Commands/WindowCommandTests.cpp
 )

@@ -2,9 +2,7 @@
 
 #include "support/TestSupport.h"
 
-#include <KTUtility/NSDecimalNumber>
 #include <KTUtility/NSKeyValueCoding>
-#include <KTUtility/NSLocale>
 #include <KTUtility/NSObject>
 
 using namespace Qt::StringLiterals;
@@ -19,10 +17,10 @@ LibraryField fieldNamed(const QString &title, FieldType type)
     return field;
 }
 
-class DetailFormTest : public testing::Test
+class DetailFormTests : public testing::Test
 {
 protected:
-    DetailFormTest()
+    DetailFormTests()
     {
         records.setContent({QVariant::fromValue(&ada), QVariant::fromValue(&bob)});
         form.setFields({&name, &age});
@@ -51,7 +49,7 @@ protected:
 };
 } // namespace
 
-TEST_F(DetailFormTest, FollowsTheSelection)
+TEST_F(DetailFormTests, FollowsTheSelection)
 {
     EXPECT_EQ(shown(), u"Name: , Age: "_s);
     records.setSelectionIndex(0);
@@ -60,7 +58,7 @@ TEST_F(DetailFormTest, FollowsTheSelection)
     EXPECT_EQ(shown(), u"Name: Bob, Age: 5"_s);
 }
 
-TEST_F(DetailFormTest, FollowsTheValues)
+TEST_F(DetailFormTests, FollowsTheValues)
 {
     records.setSelectionIndex(0);
     NSKeyValueCoding::setValue(&ada, u"Augusta"_s, u"kt_name"_s);
@@ -69,7 +67,7 @@ TEST_F(DetailFormTest, FollowsTheValues)
     EXPECT_EQ(shown(), u"Name: Augusta, Age: 1,234"_s);
 }
 
-TEST_F(DetailFormTest, FollowsTheFields)
+TEST_F(DetailFormTests, FollowsTheFields)
 {
     records.setSelectionIndex(0);
     FormRow *const rowOfName = form.rows().first();
@@ -88,7 +86,7 @@ TEST_F(DetailFormTest, FollowsTheFields)
     EXPECT_EQ(shown(), u"Years: 1,234"_s);
 }
 
-TEST_F(DetailFormTest, TellsNobodyWhenItGoes)
+TEST_F(DetailFormTests, TellsNobodyWhenItGoes)
 {
     int changes = 0;
     auto other = std::make_unique<DetailForm>(&records);
@@ -99,7 +97,7 @@ TEST_F(DetailFormTest, TellsNobodyWhenItGoes)
     EXPECT_EQ(changes, 1);
 }
 
-TEST_F(DetailFormTest, WhatIsTypedGoesToTheRecord)
+TEST_F(DetailFormTests, WhatIsTypedGoesToTheRecord)
 {
     records.setSelectionIndex(0);
     EXPECT_TRUE(form.rows().at(1)->setText(u"2,000"_s));
@@ -114,7 +112,7 @@ TEST_F(DetailFormTest, WhatIsTypedGoesToTheRecord)
     EXPECT_EQ(shown(), u"Name: Ada, Age: "_s);
 }
 
-TEST_F(DetailFormTest, SeveralRecordsAreChangedAtOnce)
+TEST_F(DetailFormTests, SeveralRecordsAreChangedAtOnce)
 {
     records.setSelectionIndexes({0, 1});
     EXPECT_TRUE(form.rows().at(1)->setText(u"7"_s));
@@ -122,18 +120,9 @@ TEST_F(DetailFormTest, SeveralRecordsAreChangedAtOnce)
         EXPECT_TRUE(NSObject::isEqual(record->values().value(u"kt_age"_s), 7));
 }
 
-TEST_F(DetailFormTest, TypedTextsThatWereNotReadAreShownAsTheyAre)
+TEST_F(DetailFormTests, TypedTextsThatWereNotReadAreShownAsTheyAre)
 {
     NSKeyValueCoding::setValue(&ada, u"about 40"_s, u"kt_age"_s);
     records.setSelectionIndex(0);
     EXPECT_EQ(shown(), u"Name: Ada, Age: about 40"_s);
-}
-
-TEST(FormRecord, AnswersItsOwnKeysOnly)
-{
-    FormRecord record({{u"a"_s, QVariant()}});
-    EXPECT_TRUE(record.valueForKey(u"a"_s).has_value());
-    EXPECT_FALSE(record.valueForKey(u"b"_s).has_value());
-    EXPECT_TRUE(record.setValueForKey(1, u"a"_s));
-    EXPECT_FALSE(record.setValueForKey(1, u"b"_s));
 }

@@ -1,3 +1,4 @@
 target_sources(CobbleTests PRIVATE
     Cobble/Forms/DetailFormTests.cpp
+    Cobble/Forms/FormFieldTests.cpp
 )

@@ -66,7 +66,7 @@ TEST(ImportSchema, EntityAndLibraryEntityDoNotDecideForEachOther)
     }
 }
 
-TEST(ImportSchema, NamesOfAColumn)
+TEST(ImportSchema, DerivesTheNamesOfAColumn)
 {
     const ImportColumn column =
         ImportSchema::fromHeaders(u"x"_s, texts({u"Date of birth"})).columns.first();
@@ -77,17 +77,17 @@ TEST(ImportSchema, NamesOfAColumn)
     EXPECT_EQ(column.columnName, u"kt_dateOfBirth"_s);
 }
 
-class ImportSchemaClashes : public testing::TestWithParam<ClashCase>
+class ImportSchemaTests : public testing::TestWithParam<ClashCase>
 {
 };
 
-TEST_P(ImportSchemaClashes, InternalNamesAre)
+TEST_P(ImportSchemaTests, InternalNamesThatClashAreNumbered)
 {
     EXPECT_EQ(internalNamesOf(GetParam().headers), GetParam().internalNames);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    All, ImportSchemaClashes,
+    All, ImportSchemaTests,
     testing::Values(
         ClashCase{"None", texts({u"a", u"b"}), texts({u"a", u"b"})},
         ClashCase{"Same", texts({u"a", u"a", u"a"}), texts({u"a", u"a1", u"a2"})},
@@ -147,7 +147,7 @@ TEST(ImportSchema, HostileHeadersGetUsableNames)
         EXPECT_FALSE(column.internalName.isEmpty());
 }
 
-TEST(ImportSchema, EntityNames)
+TEST(ImportSchema, MakesEntityNames)
 {
     EXPECT_EQ(entityNameForText(u"First Name"_s), u"FirstName"_s);
     EXPECT_EQ(entityNameForText(u"org.example.wine list"_s), u"WineList"_s);

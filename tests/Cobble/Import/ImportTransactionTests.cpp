@@ -27,10 +27,10 @@ Library libraryNamed(const QString &name)
     return library;
 }
 
-class ImportTransactionTest : public testing::Test
+class ImportTransactionTests : public testing::Test
 {
 protected:
-    ImportTransactionTest() : bundle(tree.path(u"b.cobbledb"_s))
+    ImportTransactionTests() : bundle(tree.path(u"b.cobbledb"_s))
     {
         testing_support::needApplication();
         tree.add(u"a.png"_s, "picture");
@@ -73,7 +73,7 @@ protected:
 };
 } // namespace
 
-TEST_F(ImportTransactionTest, StoresWhatIsCommitted)
+TEST_F(ImportTransactionTests, StoresWhatIsCommitted)
 {
     const auto import = begin();
     ASSERT_TRUE(import);
@@ -84,7 +84,7 @@ TEST_F(ImportTransactionTest, StoresWhatIsCommitted)
     EXPECT_FALSE(QFile::exists(bundle._resourcesFolderPath() + u"/ImportedMedia"));
 }
 
-TEST_F(ImportTransactionTest, LeavesNothingOfANewBundle)
+TEST_F(ImportTransactionTests, LeavesNothingOfANewBundle)
 {
     {
         const auto import = begin();
@@ -94,7 +94,7 @@ TEST_F(ImportTransactionTest, LeavesNothingOfANewBundle)
     EXPECT_EQ(tree.contents().keys(), QStringList(u"a.png"_s));
 }
 
-TEST_F(ImportTransactionTest, LeavesABundleAsItWas)
+TEST_F(ImportTransactionTests, LeavesABundleAsItWas)
 {
     {
         const auto import = begin();
@@ -111,7 +111,7 @@ TEST_F(ImportTransactionTest, LeavesABundleAsItWas)
     EXPECT_EQ(mediaNames(), QStringList(u"a.0.png"_s));
 }
 
-TEST_F(ImportTransactionTest, CleansUpAfterOneThatDied)
+TEST_F(ImportTransactionTests, CleansUpAfterOneThatDied)
 {
     {
         const auto import = begin();
@@ -132,7 +132,7 @@ TEST_F(ImportTransactionTest, CleansUpAfterOneThatDied)
     EXPECT_EQ(libraryNames(), QStringList(u"one"_s));
 }
 
-TEST_F(ImportTransactionTest, ANameThatWasCutOffIsNoName)
+TEST_F(ImportTransactionTests, ANameThatWasCutOffIsNoName)
 {
     ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
     // The disk was full in the middle of "notes.12".
@@ -143,7 +143,7 @@ TEST_F(ImportTransactionTest, ANameThatWasCutOffIsNoName)
     EXPECT_EQ(mediaNames(), QStringList({u"notes."_s, u"notes.1"_s}));
 }
 
-TEST_F(ImportTransactionTest, AListDeletesNothingThroughALink)
+TEST_F(ImportTransactionTests, AListDeletesNothingThroughALink)
 {
     ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
     ASSERT_TRUE(QDir().rmdir(bundle.mediaFolderPath()));
@@ -154,7 +154,7 @@ TEST_F(ImportTransactionTest, AListDeletesNothingThroughALink)
     EXPECT_TRUE(QFile::exists(tree.path(u"documents/letter"_s)));
 }
 
-TEST_F(ImportTransactionTest, ALinkInPlaceOfTheListIsNotFollowed)
+TEST_F(ImportTransactionTests, ALinkInPlaceOfTheListIsNotFollowed)
 {
     ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
     const QString list = bundle._resourcesFolderPath() + u"/ImportedMedia";
@@ -166,7 +166,7 @@ TEST_F(ImportTransactionTest, ALinkInPlaceOfTheListIsNotFollowed)
     EXPECT_EQ(testing_support::contentsOf(tree.path(u"a.png"_s)), "picture");
 }
 
-TEST_F(ImportTransactionTest, APipeInPlaceOfTheListIsNotWaitedFor)
+TEST_F(ImportTransactionTests, APipeInPlaceOfTheListIsNotWaitedFor)
 {
     ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
     const QString list = bundle._resourcesFolderPath() + u"/ImportedMedia";
@@ -175,7 +175,7 @@ TEST_F(ImportTransactionTest, APipeInPlaceOfTheListIsNotWaitedFor)
     EXPECT_FALSE(QFile::exists(list));
 }
 
-TEST_F(ImportTransactionTest, WhatOthersPutIntoANewBundleStays)
+TEST_F(ImportTransactionTests, WhatOthersPutIntoANewBundleStays)
 {
     {
         const auto import = begin();
@@ -187,7 +187,7 @@ TEST_F(ImportTransactionTest, WhatOthersPutIntoANewBundleStays)
     EXPECT_FALSE(QFile::exists(bundle.databaseFilePath()));
 }
 
-TEST_F(ImportTransactionTest, MediaThatCannotBeListedAreNotStored)
+TEST_F(ImportTransactionTests, MediaThatCannotBeListedAreNotStored)
 {
     const auto import = begin();
     ASSERT_TRUE(import);
@@ -209,7 +209,7 @@ TEST_F(ImportTransactionTest, MediaThatCannotBeListedAreNotStored)
               "cobblemedia://a.0.png\n");
 }
 
-TEST_F(ImportTransactionTest, FilesOfTheBundleAreNotCopiedAgain)
+TEST_F(ImportTransactionTests, FilesOfTheBundleAreNotCopiedAgain)
 {
     const auto import = begin();
     writeFile(bundle.mediaFolderPath() + u"/b.0.png", "there");
@@ -220,7 +220,7 @@ TEST_F(ImportTransactionTest, FilesOfTheBundleAreNotCopiedAgain)
     EXPECT_EQ(mediaNames(), QStringList(u"b.0.png"_s));
 }
 
-TEST_F(ImportTransactionTest, ASlashBehindTheBundleIsNotPartOfItsName)
+TEST_F(ImportTransactionTests, ASlashBehindTheBundleIsNotPartOfItsName)
 {
     const KTDatabaseBundle same = bundle;
     bundle = KTDatabaseBundle(bundle.bundlePath() + u'/');
@@ -230,7 +230,7 @@ TEST_F(ImportTransactionTest, ASlashBehindTheBundleIsNotPartOfItsName)
     EXPECT_EQ(error, u"another import is running"_s);
 }
 
-TEST_F(ImportTransactionTest, PathsThatAreNoBundle)
+TEST_F(ImportTransactionTests, PathsThatAreNoBundleAreRefused)
 {
     bundle = KTDatabaseBundle(tree.path(u"a.png"_s));
     EXPECT_EQ(begin(), nullptr);
@@ -241,7 +241,7 @@ TEST_F(ImportTransactionTest, PathsThatAreNoBundle)
     EXPECT_EQ(tree.contents().keys(), QStringList(u"a.png"_s));
 }
 
-TEST_F(ImportTransactionTest, DamagedDatabasesStay)
+TEST_F(ImportTransactionTests, DamagedDatabasesStay)
 {
     ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
     writeFile(bundle.databaseFilePath(), QByteArray(5000, 'x'));
@@ -250,7 +250,7 @@ TEST_F(ImportTransactionTest, DamagedDatabasesStay)
     EXPECT_EQ(testing_support::contentsOf(bundle.databaseFilePath()).size(), 5000);
 }
 
-TEST_F(ImportTransactionTest, OneAtATime)
+TEST_F(ImportTransactionTests, OneRunsAtATime)
 {
     const auto first = begin();
     ASSERT_TRUE(first);
@@ -261,7 +261,7 @@ TEST_F(ImportTransactionTest, OneAtATime)
     EXPECT_EQ(libraryNames(), QStringList(u"one"_s));
 }
 
-TEST_F(ImportTransactionTest, TheApplicationsFolderIsMade)
+TEST_F(ImportTransactionTests, TheApplicationsFolderIsMade)
 {
     const QString home = testing_support::useFreshHome();
     bundle = KTDatabaseBundle::factoryDefaultDatabaseBundle();

@@ -24,10 +24,10 @@ using testing_support::FileTree;
 using testing_support::LoopbackServer;
 
 namespace {
-class ImportStoring : public testing::Test
+class LibraryImportTests : public testing::Test
 {
 protected:
-    ImportStoring() : bundlePath(tree.path(u"b.cobbledb"_s)), bundle(bundlePath)
+    LibraryImportTests() : bundlePath(tree.path(u"b.cobbledb"_s)), bundle(bundlePath)
     {
         testing_support::needApplication();
         testing_support::useFreshHome();
@@ -76,7 +76,7 @@ protected:
 };
 } // namespace
 
-TEST_F(ImportStoring, TellsWhatItStored)
+TEST_F(LibraryImportTests, TellsWhatItStored)
 {
     const CommandResult result = import("Name;Visits\nAnn;1\nBob;2\n");
     EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
@@ -85,13 +85,13 @@ TEST_F(ImportStoring, TellsWhatItStored)
     EXPECT_EQ(firstFieldsOf(u"Things"_s), u"Ann,Bob"_s);
 }
 
-TEST_F(ImportStoring, ADryRunWritesNothing)
+TEST_F(LibraryImportTests, ADryRunWritesNothing)
 {
     EXPECT_EQ(import("Name\nAnn\n", {u"--dry-run"_s}).exitCode, 0);
     EXPECT_EQ(tree.contents().keys(), QStringList(u"Things.csv"_s));
 }
 
-TEST_F(ImportStoring, TheSecondLibraryOfAName)
+TEST_F(LibraryImportTests, TheSecondLibraryOfANameIsNumbered)
 {
     import("Name\nAnn\n");
     const CommandResult result = import("Name\nBob\n");
@@ -100,7 +100,7 @@ TEST_F(ImportStoring, TheSecondLibraryOfAName)
     EXPECT_EQ(firstFieldsOf(u"Things 1"_s), u"Bob"_s);
 }
 
-TEST_F(ImportStoring, LibrariesWhoseTablesWouldClash)
+TEST_F(LibraryImportTests, LibrariesWhoseTablesWouldClashLiveSideBySide)
 {
     for (const QString &name : {u"a b"_s, u"A_b"_s, u"a:b"_s, u"\"; DROP TABLE cobble_field; --"_s})
         EXPECT_EQ(import("Name\nAnn\n", {u"--library"_s, name}).exitCode, 0);
@@ -108,7 +108,7 @@ TEST_F(ImportStoring, LibrariesWhoseTablesWouldClash)
         EXPECT_EQ(firstFieldsOf(name), u"Ann"_s) << name.toStdString();
 }
 
-TEST_F(ImportStoring, ReplacingALibrary)
+TEST_F(LibraryImportTests, ReplacesALibraryIfAsked)
 {
     import("Name\nAnn\n");
     const CommandResult result = import("Other\nBob\n", {u"--replace"_s});
@@ -117,7 +117,7 @@ TEST_F(ImportStoring, ReplacingALibrary)
     EXPECT_TRUE(firstFieldsOf(u"Things 1"_s).isNull());
 }
 
-TEST_F(ImportStoring, MediaOfAReplacedLibraryGo)
+TEST_F(LibraryImportTests, MediaOfAReplacedLibraryGo)
 {
     tree.add(u"a.png"_s, "picture");
     import("Picture\na.png\n", {u"--library"_s, u"Other"_s});
@@ -129,7 +129,7 @@ TEST_F(ImportStoring, MediaOfAReplacedLibraryGo)
     EXPECT_EQ(firstFieldsOf(u"Other"_s), u"cobblemedia://a.0.png"_s);
 }
 
-TEST_F(ImportStoring, CopiesMediaOfAllKinds)
+TEST_F(LibraryImportTests, CopiesMediaOfAllKinds)
 {
     const LoopbackServer server;
     tree.add(u"pics/a b.png"_s, "local");
@@ -146,7 +146,7 @@ TEST_F(ImportStoring, CopiesMediaOfAllKinds)
     EXPECT_EQ(mediaNames().size(), 4);
 }
 
-TEST_F(ImportStoring, MediaThatCannotBeStoredAreListed)
+TEST_F(LibraryImportTests, MediaThatCannotBeStoredAreListed)
 {
     const LoopbackServer silent([](int, const QByteArray &) {});
     tree.add(u"a.png"_s);
@@ -170,14 +170,14 @@ TEST_F(ImportStoring, MediaThatCannotBeStoredAreListed)
                                               u",https://example.org/a.png");
 }
 
-TEST_F(ImportStoring, MediaColumnsMustExist)
+TEST_F(LibraryImportTests, MediaColumnsMustExist)
 {
     const CommandResult result = import("Picture\na.png\n", {u"--media"_s, u"Photo"_s});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_TRUE(result.errors.endsWith(u"there is no column 'Photo'\n"_s));
 }
 
-TEST_F(ImportStoring, ADryRunCopiesNoMedia)
+TEST_F(LibraryImportTests, ADryRunCopiesNoMedia)
 {
     tree.add(u"a.png"_s);
     const CommandResult result = import("Picture\na.png\n", {u"--dry-run"_s});
@@ -185,7 +185,7 @@ TEST_F(ImportStoring, ADryRunCopiesNoMedia)
     EXPECT_FALSE(bundle.doesExist());
 }
 
-TEST_F(ImportStoring, PathsThatCannotHoldABundle)
+TEST_F(LibraryImportTests, PathsThatCannotHoldABundle)
 {
     tree.add(u"b.cobbledb"_s, "a file");
     const CommandResult result = import("Name\nAnn\n");
@@ -194,7 +194,7 @@ TEST_F(ImportStoring, PathsThatCannotHoldABundle)
     EXPECT_EQ(contentsOf(bundlePath), "a file");
 }
 
-TEST_F(ImportStoring, AFullDiskLeavesTheOldContent)
+TEST_F(LibraryImportTests, AFullDiskLeavesTheOldContent)
 {
     tree.add(u"a.png"_s, "picture");
     import("Name\nAnn\n");
@@ -219,7 +219,7 @@ TEST_F(ImportStoring, AFullDiskLeavesTheOldContent)
     EXPECT_TRUE(mediaNames().isEmpty());
 }
 
-TEST_F(ImportStoring, KilledHalfWayItLeavesTheOldContent)
+TEST_F(LibraryImportTests, KilledHalfWayItLeavesTheOldContent)
 {
     QSemaphore arrived;
     const LoopbackServer slow([&arrived](int socket, const QByteArray &) {
@@ -245,7 +245,7 @@ TEST_F(ImportStoring, KilledHalfWayItLeavesTheOldContent)
     EXPECT_EQ(firstFieldsOf(u"More"_s), u"Dan"_s);
 }
 
-TEST_F(ImportStoring, AsManyColumnsAsThereMayBe)
+TEST_F(LibraryImportTests, AsManyColumnsAsThereMayBe)
 {
     QByteArray header, row;
     for (int column = 1; column <= 1999; ++column) {
@@ -256,7 +256,7 @@ TEST_F(ImportStoring, AsManyColumnsAsThereMayBe)
     EXPECT_EQ(firstFieldsOf(u"Things"_s), u"1"_s);
 }
 
-TEST_F(ImportStoring, TheSampleInTheDefaultBundle)
+TEST_F(LibraryImportTests, TheSampleInTheDefaultBundle)
 {
     const QString home = testing_support::useFreshHome();
     const CommandResult result =

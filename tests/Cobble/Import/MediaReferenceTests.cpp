@@ -15,7 +15,7 @@ QString urlTextIn(const QString &text, const QString &folder = u"/from"_s)
 }
 } // namespace
 
-TEST(MediaReference, PathsAndURLs)
+TEST(MediaReference, ReadsPathsAndURLs)
 {
     const QString home = testing_support::useFreshHome();
     EXPECT_EQ(urlTextIn(u"/a b.png"_s), u"file:///a%20b.png"_s);
@@ -28,7 +28,7 @@ TEST(MediaReference, PathsAndURLs)
     EXPECT_TRUE(urlTextIn(u"ftp://example.org/a.png"_s).isNull());
 }
 
-TEST(MediaReference, WhatIsObvious)
+TEST(MediaReference, KnowsWhatIsObvious)
 {
     const FileTree tree;
     tree.add(u"photo.png"_s);
@@ -48,7 +48,7 @@ TEST(MediaReference, WhatIsObvious)
     EXPECT_FALSE(isObvious(u""));
 }
 
-TEST(MediaReference, HostileTexts)
+TEST(MediaReference, HostileTextsAreReadOrRefused)
 {
     const FileTree tree;
     for (const QString &text : testing_support::hostileTexts())

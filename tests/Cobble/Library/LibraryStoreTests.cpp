@@ -34,10 +34,10 @@ Library contacts()
     return library;
 }
 
-class LibraryStoreTest : public testing::Test
+class LibraryStoreTests : public testing::Test
 {
 protected:
-    LibraryStoreTest() : bundle(tree.path(u"b.cobbledb"_s))
+    LibraryStoreTests() : bundle(tree.path(u"b.cobbledb"_s))
     {
         testing_support::needApplication();
         EXPECT_TRUE(bundle.buildDatabaseBundleOnDisk());
@@ -64,7 +64,7 @@ protected:
 };
 } // namespace
 
-TEST_F(LibraryStoreTest, KeepsLibrariesWithTheirFields)
+TEST_F(LibraryStoreTests, KeepsLibrariesWithTheirFields)
 {
     storeContacts();
     const auto store = open(LibraryStore::Mode::Existing);
@@ -81,7 +81,7 @@ TEST_F(LibraryStoreTest, KeepsLibrariesWithTheirFields)
     EXPECT_EQ(library.fields[2].columnName, u"kt \"odd\" name"_s);
 }
 
-TEST_F(LibraryStoreTest, KeepsRecordsInOrder)
+TEST_F(LibraryStoreTests, KeepsRecordsInOrder)
 {
     storeContacts();
     const auto store = open(LibraryStore::Mode::Existing);
@@ -100,7 +100,7 @@ TEST_F(LibraryStoreTest, KeepsRecordsInOrder)
     EXPECT_FALSE(store->records(contacts(), 0).next());
 }
 
-TEST_F(LibraryStoreTest, FindsLibrariesByNameThenWithoutCase)
+TEST_F(LibraryStoreTests, FindsLibrariesByNameThenWithoutCase)
 {
     storeContacts();
     const auto store = open();
@@ -114,7 +114,7 @@ TEST_F(LibraryStoreTest, FindsLibrariesByNameThenWithoutCase)
     EXPECT_FALSE(store->libraryNamed(u"Contact"_s).has_value());
 }
 
-TEST_F(LibraryStoreTest, WhatIsRolledBackNeverWas)
+TEST_F(LibraryStoreTests, WhatIsRolledBackNeverWas)
 {
     storeContacts();
     const auto store = open();
@@ -127,7 +127,7 @@ TEST_F(LibraryStoreTest, WhatIsRolledBackNeverWas)
     EXPECT_TRUE(store->libraries().isEmpty());
 }
 
-TEST_F(LibraryStoreTest, KnowsWhichMediaAreUsed)
+TEST_F(LibraryStoreTests, KnowsWhichMediaAreUsed)
 {
     storeContacts();
     const auto store = open();
@@ -139,7 +139,7 @@ TEST_F(LibraryStoreTest, KnowsWhichMediaAreUsed)
     EXPECT_EQ(store->mediaOf(contacts()), used);
 }
 
-TEST_F(LibraryStoreTest, MediaThatMayBeUsedAreNotKnown)
+TEST_F(LibraryStoreTests, MediaThatMayBeUsedAreNotKnown)
 {
     storeContacts();
     const auto store = open();
@@ -154,7 +154,7 @@ TEST_F(LibraryStoreTest, MediaThatMayBeUsedAreNotKnown)
     EXPECT_TRUE(store->errorText().isNull());
 }
 
-TEST_F(LibraryStoreTest, APageThatIsDamagedIsAnError)
+TEST_F(LibraryStoreTests, APageThatIsDamagedIsAnError)
 {
     storeContacts();
     QByteArray bytes = testing_support::contentsOf(bundle.databaseFilePath());
@@ -172,7 +172,7 @@ TEST_F(LibraryStoreTest, APageThatIsDamagedIsAnError)
     EXPECT_FALSE(store->libraryNamed(u"Contacts"_s).has_value());
 }
 
-TEST_F(LibraryStoreTest, ASchemaThatIsDamagedIsAnError)
+TEST_F(LibraryStoreTests, ASchemaThatIsDamagedIsAnError)
 {
     storeContacts();
     QByteArray bytes = testing_support::contentsOf(bundle.databaseFilePath());
@@ -185,7 +185,7 @@ TEST_F(LibraryStoreTest, ASchemaThatIsDamagedIsAnError)
         << store->errorText().toStdString();
 }
 
-TEST_F(LibraryStoreTest, ADatabaseWithoutACatalogueHasNoLibraries)
+TEST_F(LibraryStoreTests, ADatabaseWithoutACatalogueHasNoLibraries)
 {
     testing_support::writeFile(bundle.databaseFilePath(), "");
     const auto store = open(LibraryStore::Mode::Existing);
@@ -196,7 +196,7 @@ TEST_F(LibraryStoreTest, ADatabaseWithoutACatalogueHasNoLibraries)
     EXPECT_EQ(store->usedMedia(), QSet<QString>());
 }
 
-TEST_F(LibraryStoreTest, MissingAndDamagedDatabasesAreErrors)
+TEST_F(LibraryStoreTests, MissingAndDamagedDatabasesAreErrors)
 {
     EXPECT_EQ(open(LibraryStore::Mode::Existing), nullptr);
     EXPECT_EQ(error, u"there is no database"_s);
@@ -210,7 +210,7 @@ TEST_F(LibraryStoreTest, MissingAndDamagedDatabasesAreErrors)
     EXPECT_EQ(error, u"unable to open database file"_s);
 }
 
-TEST_F(LibraryStoreTest, DatabasesOfNewerVersionsAreLeftAlone)
+TEST_F(LibraryStoreTests, DatabasesOfNewerVersionsAreLeftAlone)
 {
     storeContacts();
     {
@@ -224,7 +224,7 @@ TEST_F(LibraryStoreTest, DatabasesOfNewerVersionsAreLeftAlone)
     EXPECT_EQ(error, u"the database was made by a newer version of Cobble"_s);
 }
 
-TEST_F(LibraryStoreTest, ErrorsOfSQLiteAreTold)
+TEST_F(LibraryStoreTests, ErrorsOfSQLiteAreTold)
 {
     storeContacts();
     const auto store = open();
@@ -237,15 +237,4 @@ TEST_F(LibraryStoreTest, ErrorsOfSQLiteAreTold)
     EXPECT_FALSE(store->records(none).next());
     EXPECT_FALSE(store->remove(none));
     EXPECT_EQ(store->errorText(), u"no such table: none"_s);
-}
-
-TEST(LibraryField, TitlesFallBack)
-{
-    LibraryField field;
-    field.columnName = u"kt_field"_s;
-    EXPECT_EQ(field.title(), u"kt_field"_s);
-    field.label = u"Label"_s;
-    EXPECT_EQ(field.title(), u"Label"_s);
-    field.header = u"Header"_s;
-    EXPECT_EQ(field.title(), u"Header"_s);
 }

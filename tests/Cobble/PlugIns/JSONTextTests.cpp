@@ -1,12 +1,10 @@
 #include "JSONText.h"
-#include "Text/CSVText.h"
 
 #include "support/TestSupport.h"
 
 #include <KTUtility/NSDecimalNumber>
 
 #include <QDateTime>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QTimeZone>
 
@@ -22,7 +20,7 @@ QString parsed(const QString &json)
 }
 } // namespace
 
-TEST(JSONText, Values)
+TEST(JSONText, WritesValues)
 {
     EXPECT_EQ(JSONText::of(QVariant()), u"null"_s);
     EXPECT_EQ(JSONText::of(5), u"5"_s);
@@ -48,20 +46,4 @@ TEST(JSONText, TextsComeBack)
         EXPECT_EQ(parsed(JSONText::of(text)), text);
     EXPECT_EQ(JSONText::of(QString(QChar(0xD800))), u"\"\\ud800\""_s);
     EXPECT_EQ(JSONText::of(QString(QString(QChar(0xDC00)) + u'a')), u"\"\\udc00a\""_s);
-}
-
-TEST(CSVText, QuotesWhatNeedsIt)
-{
-    const QList<std::pair<QString, QString>> cases = {
-        {u"a"_s, u"a"_s},
-        {u""_s, u""_s},
-        {u"a,b"_s, u"\"a,b\""_s},
-        {u"a;b"_s, u"\"a;b\""_s},
-        {u"a \"b\""_s, u"\"a \"\"b\"\"\""_s},
-        {u"a\nb"_s, u"\"a\nb\""_s},
-        {u" a"_s, u"\" a\""_s},
-        {u"a "_s, u"\"a \""_s},
-    };
-    for (const auto &[field, quoted] : cases)
-        EXPECT_EQ(CSVText::quoted(field), quoted);
 }

@@ -2,6 +2,8 @@ set(plugins "${PROJECT_SOURCE_DIR}/examples/Cobble/PlugIns")
 target_sources(CobbleTests PRIVATE
     Cobble/PlugIns/JSONTextTests.cpp
     Cobble/PlugIns/ThrowingPlugInsTests.cpp
+    Cobble/PlugIns/VCardImporterTests.cpp
+    Cobble/PlugIns/VCardLineTests.cpp
     Cobble/PlugIns/VCardTableTests.cpp
     # The parts of the plug-ins.
     "${plugins}/TextExporter/JSONText.cpp"

@@ -12,7 +12,7 @@ using testing_support::writeFile;
 
 namespace {
 /// A home with plug-ins that throw, all of them enabled.
-class ThrowingPlugIns : public testing::Test
+class ThrowingPlugInsTests : public testing::Test
 {
 protected:
     ThrowingPlugIns()
@@ -54,7 +54,7 @@ protected:
 };
 } // namespace
 
-TEST_F(ThrowingPlugIns, ExportersFailAloneAndLeaveNoFile)
+TEST_F(ThrowingPlugInsTests, ExportersFailAloneAndLeaveNoFile)
 {
     import(u"Names.csv"_s, "Name\nAnn\n");
     const CommandResult fails = exportTo(u"out.fails"_s);
@@ -68,7 +68,7 @@ TEST_F(ThrowingPlugIns, ExportersFailAloneAndLeaveNoFile)
     EXPECT_FALSE(QFile::exists(tree.path(u"out.throws"_s)));
 }
 
-TEST_F(ThrowingPlugIns, OneThatCannotSayItsTypesHasNone)
+TEST_F(ThrowingPlugInsTests, OneThatCannotSayItsTypesHasNone)
 {
     import(u"Names.csv"_s, "Name\nAnn\n");
     EXPECT_EQ(exportTo(u"out.csv"_s).exitCode, 0);
@@ -76,7 +76,7 @@ TEST_F(ThrowingPlugIns, OneThatCannotSayItsTypesHasNone)
               QStringList({u"csv"_s, u"fails"_s, u"json"_s, u"throws"_s}));
 }
 
-TEST_F(ThrowingPlugIns, ImportersFailAlone)
+TEST_F(ThrowingPlugInsTests, ImportersFailAlone)
 {
     const CommandResult fails = import(u"a.fails"_s, "fails");
     EXPECT_EQ(fails.exitCode, 1);

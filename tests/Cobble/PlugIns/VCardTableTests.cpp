@@ -1,6 +1,3 @@
-// The importer of vCards: lines, tables, and the whole way through the plug-in.
-
-#include "Cobble/Commands/CommandSupport.h"
 #include "VCardTable.h"
 
 #include "support/FileTree.h"
@@ -9,14 +6,8 @@
 using namespace Qt::StringLiterals;
 
 using testing_support::contentsOf;
-using testing_support::FileTree;
 
 namespace {
-VCardLine line(const char16_t *text)
-{
-    return VCardLine::fromText(QString::fromUtf16(text)).value_or(VCardLine());
-}
-
 CobbleTable tableOf(const QString &text)
 {
     VCardTable cards;
@@ -38,72 +29,6 @@ QString valueIn(const CobbleTable &table, const char16_t *title)
 }
 } // namespace
 
-TEST(VCardLine, HeaderExample)
-{
-    const VCardLine read = line(u"TEL;TYPE=home,voice:555-0101");
-    EXPECT_EQ(read.name, u"TEL"_s);
-    EXPECT_TRUE(read.hasType(u"HOME"));
-    EXPECT_TRUE(read.hasType(u"VOICE"));
-    EXPECT_FALSE(read.hasType(u"CELL"));
-    EXPECT_EQ(read.parts(), QStringList(u"555-0101"_s));
-}
-
-TEST(VCardLine, GroupsParametersAndQuotes)
-{
-    const VCardLine read = line(u"item1.email;TYPE=\"INTERNET,work\";X-A=\"a:b;c\":a@example.org");
-    EXPECT_EQ(read.name, u"EMAIL"_s);
-    EXPECT_TRUE(read.hasType(u"WORK"));
-    EXPECT_EQ(read.parameter(u"X-A"), u"a:b;c"_s);
-    EXPECT_EQ(read.text(), u"a@example.org"_s);
-    EXPECT_TRUE(line(u"TEL;HOME;FAX:1").hasType(u"FAX"));
-}
-
-TEST(VCardLine, Escapes)
-{
-    EXPECT_EQ(line(u"N:M\\;ller;J\\,r\\\\gen;;").parts(),
-              QStringList({u"M;ller"_s, u"J,r\\gen"_s, u""_s, u""_s}));
-    EXPECT_EQ(line(u"NOTE:a\\nb\\Nc; d\\").text(), u"a\nb\nc; d\\"_s);
-}
-
-TEST(VCardLine, FoldedLines)
-{
-    const QList<VCardLine> lines = VCardLine::linesOf(
-        u"NOTE:one\r\n  two\r\n\tthree\nFN:x\rNICKNAME;QUOTED-PRINTABLE:a=\nb\n"_s);
-    ASSERT_EQ(lines.size(), 3);
-    EXPECT_EQ(lines[0].value, u"one twothree"_s);
-    EXPECT_EQ(lines[1].value, u"x"_s);
-    EXPECT_EQ(lines[2].value, u"ab"_s);
-}
-
-TEST(VCardLine, QuotedPrintable)
-{
-    EXPECT_EQ(line(u"N;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:M=C3=BCller=3B").value,
-              u"Müller;"_s);
-    EXPECT_EQ(line(u"N;CHARSET=ISO-8859-1;QUOTED-PRINTABLE:M=FCller 100%").value, u"Müller 100%"_s);
-    EXPECT_EQ(line(u"N;CHARSET=X-NONE;QUOTED-PRINTABLE:M=C3=BCller").value, u"Müller"_s);
-}
-
-// What looks at all of a value for each line that is put to it takes minutes, and so comes to the
-// end of its time.
-TEST(VCardLine, ManyFoldedLinesAreOneValue)
-{
-    constexpr int Count = 200'000;
-    const QString printable =
-        u"NOTE;ENCODING=QUOTED-PRINTABLE:=\n" + u"ab=\n"_s.repeated(Count) + u"c\n";
-    EXPECT_EQ(VCardLine::linesOf(printable).first().value, u"ab"_s.repeated(Count) + u'c');
-    // Each of them could be the end of a name that asks for the same.
-    const QString nameless = u"NOTE\n" + u" =\n"_s.repeated(Count);
-    EXPECT_TRUE(VCardLine::linesOf(nameless).isEmpty());
-}
-
-TEST(VCardLine, LinesThatAreNone)
-{
-    for (const char16_t *text : {u"", u":", u"no colon", u";:"})
-        EXPECT_TRUE(line(text).name.isEmpty()) << QString::fromUtf16(text).toStdString();
-    for (const QString &text : testing_support::hostileTexts())
-        EXPECT_GE(VCardLine::linesOf(text).size(), 0);
-}
-
 TEST(VCardTable, CardsBecomeRows)
 {
     const CobbleTable table =
@@ -122,7 +47,7 @@ TEST(VCardTable, BirthdaysWithoutAYearAreNoNumbers)
         EXPECT_EQ(valueIn(tableOf(card(u"BDAY:" + typed + u"\r\n")), u"Birthday"), typed);
 }
 
-TEST(VCardTable, NamesAddressesAndOrganizations)
+TEST(VCardTable, NamesAddressesAndOrganizationsAreTakenApart)
 {
     const CobbleTable table =
         tableOf(card(u"N:Public;John;Quinlan;Mr.;Esq.\r\nORG:ABC\\, Inc.;Sales\r\n"
@@ -173,34 +98,4 @@ TEST(VCardTable, TooManyOfAKindShareAColumn)
     const CobbleTable table = tableOf(card(lines));
     EXPECT_EQ(table.titles.size(), 20);
     EXPECT_EQ(table.rows[0].last().count(u'\n'), 20000 - 20);
-}
-
-TEST(VCardImporter, ImportsThroughThePlugIn)
-{
-    testing_support::needApplication();
-    testing_support::useFreshHome();
-    const FileTree tree;
-    const QString bundle = tree.path(u"b.cobbledb"_s);
-    tree.add(u"People.VCF"_s, card(u"FN:Ann, \"the\" one\r\nTEL:030 1234567\r\n"
-                                   "ADR:;;;;;01067;\r\nPHOTO;ENCODING=b:UE5H\r\n"_s)
-                                  .toUtf8());
-    const CommandResult result =
-        runInProcess({u"import"_s, tree.path(u"People.VCF"_s), u"--bundle"_s, bundle});
-    EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
-    const CommandResult shown =
-        runInProcess({u"show"_s, u"People"_s, u"--bundle"_s, bundle, u"--locale"_s, u"de_DE"_s});
-    EXPECT_TRUE(shown.output.contains(u"Ann, \"the\" one")) << shown.output.toStdString();
-    EXPECT_TRUE(shown.output.contains(u"01067"));
-    EXPECT_TRUE(shown.output.contains(u"cobblemedia://Photo%201.0.jpg"));
-    EXPECT_EQ(contentsOf(bundle + u"/Contents/Resources/Media/Photo 1.0.jpg"), "PNG");
-}
-
-TEST(VCardImporter, FilesWithoutCards)
-{
-    testing_support::useFreshHome();
-    const FileTree tree;
-    tree.add(u"x.vcf"_s, "Name,Age\nAnn,3\n");
-    const CommandResult result = runInProcess({u"import"_s, tree.path(u"x.vcf"_s)});
-    EXPECT_EQ(result.exitCode, 1);
-    EXPECT_TRUE(result.errors.endsWith(u"x.vcf: there is no vCard in it\n"));
 }

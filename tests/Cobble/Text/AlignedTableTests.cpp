@@ -63,7 +63,7 @@ TEST(AlignedTable, HostileCellsStayOnOneLineEach)
     EXPECT_LT(text.size(), size + 100 * rows.size());
 }
 
-TEST(PrintableText, EscapesWhatSteersTheTerminal)
+TEST(AlignedTable, EscapesWhatSteersTheTerminal)
 {
     EXPECT_EQ(printableText(u"a\r\n\tb"_s), u"a\\r\\n\\tb"_s);
     EXPECT_EQ(printableText(u"\u001b[31m"_s), u"\\u001b[31m"_s);
@@ -72,13 +72,13 @@ TEST(PrintableText, EscapesWhatSteersTheTerminal)
     EXPECT_EQ(printableText(u"\u202e\u2066\u200f\u2028"_s), u"\\u202e\\u2066\\u200f\\u2028"_s);
 }
 
-TEST(PrintableText, LeavesTextAlone)
+TEST(AlignedTable, LeavesPrintableTextAlone)
 {
     for (const QString &text : {u""_s, u"Über Straße \\n"_s, u"公司 שם 👩‍👩‍👧"_s})
         EXPECT_EQ(printableText(text), text);
 }
 
-TEST(DisplayWidth, CountsTerminalColumns)
+TEST(AlignedTable, CountsTerminalColumns)
 {
     EXPECT_EQ(displayWidth(QString()), 0);
     EXPECT_EQ(displayWidth(u"abc"_s), 3);

@@ -74,16 +74,16 @@ const QList<ReaderCase> &readerCases()
 }
 } // namespace
 
-class CSVReaderTable : public testing::TestWithParam<ReaderCase>
+class CSVReaderTests : public testing::TestWithParam<ReaderCase>
 {
 };
 
-TEST_P(CSVReaderTable, ReadsTheseRows)
+TEST_P(CSVReaderTests, ReadsTheseRows)
 {
     EXPECT_EQ(rowsOfText(GetParam().text), GetParam().rows);
 }
 
-TEST_P(CSVReaderTable, ReadsTheSameWithOtherSeparators)
+TEST_P(CSVReaderTests, ReadsTheSameWithOtherSeparators)
 {
     for (const QChar separator : {QChar(u';'), QChar(u'|'), QChar(0x2022)}) {
         QString text = GetParam().text;
@@ -95,7 +95,7 @@ TEST_P(CSVReaderTable, ReadsTheSameWithOtherSeparators)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, CSVReaderTable, testing::ValuesIn(readerCases()),
+INSTANTIATE_TEST_SUITE_P(All, CSVReaderTests, testing::ValuesIn(readerCases()),
                          [](const auto &row) { return row.param.name; });
 
 TEST(CSVReader, TheExampleOfTheHeader)

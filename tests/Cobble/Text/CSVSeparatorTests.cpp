@@ -27,7 +27,7 @@ void PrintTo(const SniffCase &row, std::ostream *stream)
 }
 } // namespace
 
-TEST(CSVSeparator, NamesAndCharacters)
+TEST(CSVSeparator, KnowsNamesAndCharacters)
 {
     const QList<NameCase> cases = {
         {u"comma"_s, u','}, {u"Semicolon"_s, u';'}, {u"TAB"_s, u'\t'}, {u"pipe"_s, u'|'},
@@ -61,7 +61,7 @@ TEST(CSVSeparator, WhatCannotSeparateIsNone)
     }
 }
 
-TEST(CSVSeparator, NamesForPeople)
+TEST(CSVSeparator, HasNamesForPeople)
 {
     EXPECT_EQ(CSVSeparator::nameOf(u','), u"comma"_s);
     EXPECT_EQ(CSVSeparator::nameOf(u'\t'), u"tab"_s);
@@ -106,17 +106,17 @@ TEST(CSVSeparator, OtherFirstLinesAreNoDirectives)
         EXPECT_FALSE(CSVSeparator::directiveOf(text));
 }
 
-class CSVSeparatorSniffing : public testing::TestWithParam<SniffCase>
+class CSVSeparatorTests : public testing::TestWithParam<SniffCase>
 {
 };
 
-TEST_P(CSVSeparatorSniffing, FindsThisOne)
+TEST_P(CSVSeparatorTests, FindsTheSeparatorOfARow)
 {
     EXPECT_EQ(CSVSeparator::sniffed(GetParam().text), GetParam().separator);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    All, CSVSeparatorSniffing,
+    All, CSVSeparatorTests,
     testing::Values(
         SniffCase{"Nothing", QString(), u','}, SniffCase{"OneColumn", u"a\nb\nc"_s, u','},
         SniffCase{"Comma", u"a,b\n1,2"_s, u','}, SniffCase{"Semicolon", u"a;b\n1;2"_s, u';'},
@@ -158,16 +158,16 @@ protected:
     }
 };
 
-class LocalizedSeparators : public testing::Test
+class CSVSeparatorLocaleTests : public testing::Test
 {
 protected:
-    LocalizedSeparators()
+    CSVSeparatorLocaleTests()
     {
         // In place of the one that other tests may have made.
         delete KTInternational::instance();
         host = new HostSeparators;
     }
-    ~LocalizedSeparators() override
+    ~CSVSeparatorLocaleTests() override
     {
         NSLocale::resetCurrentLocale();
         delete KTInternational::instance();
@@ -177,7 +177,7 @@ protected:
 };
 } // namespace
 
-TEST_F(LocalizedSeparators, EachRowIsWhatTheNumbersOfTheLocaleSay)
+TEST_F(CSVSeparatorLocaleTests, EachRowIsWhatTheNumbersOfTheLocaleSay)
 {
     const std::optional<QVariantMap> list = host->separatorsDict();
     ASSERT_TRUE(list.has_value());
@@ -191,7 +191,7 @@ TEST_F(LocalizedSeparators, EachRowIsWhatTheNumbersOfTheLocaleSay)
     }
 }
 
-TEST_F(LocalizedSeparators, TheLocaleDecidesWhereTheTextDoesNot)
+TEST_F(CSVSeparatorLocaleTests, TheLocaleDecidesWhereTheTextDoesNot)
 {
     // One row that both divide alike.
     const QString text = u"a;b,c\n"_s;
@@ -206,7 +206,7 @@ TEST_F(LocalizedSeparators, TheLocaleDecidesWhereTheTextDoesNot)
     }
 }
 
-TEST_F(LocalizedSeparators, ATextThatFitsAnotherWins)
+TEST_F(CSVSeparatorLocaleTests, ATextThatFitsAnotherWins)
 {
     NSLocale::setCurrentLocale(NSLocale(u"de_DE"_s));
     EXPECT_EQ(CSVSeparator::sniffed(u"a,b\n1,2\n3,4\n"), u',');
@@ -216,7 +216,7 @@ TEST_F(LocalizedSeparators, ATextThatFitsAnotherWins)
     EXPECT_EQ(CSVSeparator::sniffed(u"a|b\n1|2\n"), u'|');
 }
 
-TEST_F(LocalizedSeparators, WithoutAnySeparatorItIsThatOfTheLocale)
+TEST_F(CSVSeparatorLocaleTests, WithoutAnySeparatorItIsThatOfTheLocale)
 {
     NSLocale::setCurrentLocale(NSLocale(u"de_DE"_s));
     EXPECT_EQ(CSVSeparator::sniffed(u"a\nb\n"), u';');

@@ -2,5 +2,6 @@ target_sources(CobbleTests PRIVATE
     Cobble/Text/AlignedTableTests.cpp
     Cobble/Text/CSVReaderTests.cpp
     Cobble/Text/CSVSeparatorTests.cpp
+    Cobble/Text/CSVTextTests.cpp
     Cobble/Text/TextFileTests.cpp
 )

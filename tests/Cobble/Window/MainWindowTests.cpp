@@ -21,7 +21,7 @@
 
 using namespace Qt::StringLiterals;
 
-class MainWindowTest : public HostWindowTest
+class MainWindowTests : public HostWindowTest
 {
 protected:
     /// Whether a text can be read in the window.
@@ -40,7 +40,7 @@ protected:
     }
 };
 
-TEST_F(MainWindowTest, ShowsLibrariesRecordsAndTheForm)
+TEST_F(MainWindowTests, ShowsLibrariesRecordsAndTheForm)
 {
     import(u"Animals.csv"_s, "Name\nCat\n");
     MainWindowController *const window = openThings();
@@ -57,7 +57,7 @@ TEST_F(MainWindowTest, ShowsLibrariesRecordsAndTheForm)
     EXPECT_EQ(editor(window, 4)->text(), u"first\nsecond"_s);
 }
 
-TEST_F(MainWindowTest, ClickingOnALibraryShowsIt)
+TEST_F(MainWindowTests, ClickingOnALibraryShowsIt)
 {
     import(u"Animals.csv"_s, "Name\nCat\n");
     MainWindowController *const window = openThings();
@@ -69,7 +69,7 @@ TEST_F(MainWindowTest, ClickingOnALibraryShowsIt)
     EXPECT_EQ(window->library()->definition().name, u"Animals"_s);
 }
 
-TEST_F(MainWindowTest, WithoutLibrariesItSaysSo)
+TEST_F(MainWindowTests, WithoutLibrariesItSaysSo)
 {
     MainWindowController *const window = open();
     EXPECT_TRUE(librariesIn(window).isEmpty());
@@ -85,7 +85,7 @@ TEST_F(MainWindowTest, WithoutLibrariesItSaysSo)
     EXPECT_EQ(window->library(), nullptr);
 }
 
-TEST_F(MainWindowTest, ABundleThatIsAFileIsToldOf)
+TEST_F(MainWindowTests, ABundleThatIsAFileIsToldOf)
 {
     tree.add(u"b.cobbledb"_s, "no folder");
     MainWindowController *const window = open();
@@ -93,7 +93,7 @@ TEST_F(MainWindowTest, ABundleThatIsAFileIsToldOf)
     EXPECT_TRUE(says(window, bundle.bundlePath() + u" is no folder"));
 }
 
-TEST_F(MainWindowTest, ADatabaseThatIsNoneIsToldOf)
+TEST_F(MainWindowTests, ADatabaseThatIsNoneIsToldOf)
 {
     tree.add(u"b.cobbledb/Contents/Resources/cobble.sql"_s, "");
     QString path = bundle.databaseFilePath();
@@ -104,7 +104,7 @@ TEST_F(MainWindowTest, ADatabaseThatIsNoneIsToldOf)
 
 // --- Editing ------------------------------------------------------------------------------------
 
-TEST_F(MainWindowTest, CellsReadWhatIsTyped)
+TEST_F(MainWindowTests, CellsReadWhatIsTyped)
 {
     MainWindowController *const window = openThings();
     QTableView *const table = window->mainWindow()->table();
@@ -119,7 +119,7 @@ TEST_F(MainWindowTest, CellsReadWhatIsTyped)
     EXPECT_EQ(stored(3, 2), u"$1,234.50"_s);
 }
 
-TEST_F(MainWindowTest, ACellThatCannotBeReadStaysOpen)
+TEST_F(MainWindowTests, ACellThatCannotBeReadStaysOpen)
 {
     MainWindowController *const window = openThings();
     window->mainWindow()->table()->edit(window->model()->index(0, 1));
@@ -137,7 +137,7 @@ TEST_F(MainWindowTest, ACellThatCannotBeReadStaysOpen)
     EXPECT_EQ(stored(1, 1), u"7"_s);
 }
 
-TEST_F(MainWindowTest, ACellLeftWithSomethingUnreadableKeepsItsValueAndSaysWhy)
+TEST_F(MainWindowTests, ACellLeftWithSomethingUnreadableKeepsItsValueAndSaysWhy)
 {
     MainWindowController *const window = openThings();
     window->mainWindow()->activateWindow();
@@ -150,7 +150,7 @@ TEST_F(MainWindowTest, ACellLeftWithSomethingUnreadableKeepsItsValueAndSaysWhy)
     EXPECT_EQ(stored(1, 1), u"7"_s);
 }
 
-TEST_F(MainWindowTest, CellsWithLineBreaksKeepThem)
+TEST_F(MainWindowTests, CellsWithLineBreaksKeepThem)
 {
     MainWindowController *const window = openThings();
     EXPECT_EQ(cell(window, 0, 4), u"first…"_s);
@@ -165,7 +165,7 @@ TEST_F(MainWindowTest, CellsWithLineBreaksKeepThem)
     EXPECT_EQ(stored(1, 4), u"first\nsecond\nthird"_s);
 }
 
-TEST_F(MainWindowTest, AnEmptyCellIsNoValue)
+TEST_F(MainWindowTests, AnEmptyCellIsNoValue)
 {
     MainWindowController *const window = openThings();
     EXPECT_TRUE(window->model()->setData(window->model()->index(0, 3), QString(), Qt::EditRole));
@@ -173,7 +173,7 @@ TEST_F(MainWindowTest, AnEmptyCellIsNoValue)
     EXPECT_EQ(stored(1, 3), QString());
 }
 
-TEST_F(MainWindowTest, NumbersStandAtTheRightAndNegativeAmountsMayHaveAColour)
+TEST_F(MainWindowTests, NumbersStandAtTheRightAndNegativeAmountsMayHaveAColour)
 {
     MainWindowController *const window = openThings();
     const auto alignment = [window](int column) {
@@ -191,7 +191,7 @@ TEST_F(MainWindowTest, NumbersStandAtTheRightAndNegativeAmountsMayHaveAColour)
     EXPECT_FALSE(window->model()->index(0, 1).data(Qt::ForegroundRole).isValid());
 }
 
-TEST_F(MainWindowTest, TheFormReadsWhatIsTyped)
+TEST_F(MainWindowTests, TheFormReadsWhatIsTyped)
 {
     MainWindowController *const window = openThings();
     window->records()->setSelectionIndex(1);
@@ -204,7 +204,7 @@ TEST_F(MainWindowTest, TheFormReadsWhatIsTyped)
     EXPECT_EQ(stored(2, 3), u"3/5/2010"_s);
 }
 
-TEST_F(MainWindowTest, TheFormSaysWhatItCannotRead)
+TEST_F(MainWindowTests, TheFormSaysWhatItCannotRead)
 {
     MainWindowController *const window = openThings();
     FieldEditor *const visits = editor(window, 1);
@@ -220,7 +220,7 @@ TEST_F(MainWindowTest, TheFormSaysWhatItCannotRead)
     EXPECT_TRUE(visits->problem().isNull());
 }
 
-TEST_F(MainWindowTest, LeavingAnEditorCommits)
+TEST_F(MainWindowTests, LeavingAnEditorCommits)
 {
     MainWindowController *const window = openThings();
     window->mainWindow()->activateWindow();
@@ -233,7 +233,7 @@ TEST_F(MainWindowTest, LeavingAnEditorCommits)
     EXPECT_EQ(QApplication::focusWidget(), editor(window, 1)->input());
 }
 
-TEST_F(MainWindowTest, SeveralRecordsAreEditedAtOnce)
+TEST_F(MainWindowTests, SeveralRecordsAreEditedAtOnce)
 {
     MainWindowController *const window = openThings();
     window->mainWindow()->table()->selectAll();
@@ -248,7 +248,7 @@ TEST_F(MainWindowTest, SeveralRecordsAreEditedAtOnce)
     EXPECT_EQ(visits->text(), u"5"_s);
 }
 
-TEST_F(MainWindowTest, WithoutASelectionTheFormIsEmpty)
+TEST_F(MainWindowTests, WithoutASelectionTheFormIsEmpty)
 {
     MainWindowController *const window = openThings();
     window->mainWindow()->table()->clearSelection();
@@ -260,7 +260,7 @@ TEST_F(MainWindowTest, WithoutASelectionTheFormIsEmpty)
     EXPECT_TRUE(window->mainWindow()->table()->selectionModel()->isRowSelected(2, {}));
 }
 
-TEST_F(MainWindowTest, WhatTheDatabaseRefusesIsNotShown)
+TEST_F(MainWindowTests, WhatTheDatabaseRefusesIsNotShown)
 {
     MainWindowController *const window = openThings();
     const auto store = otherProgram();
@@ -280,7 +280,7 @@ TEST_F(MainWindowTest, WhatTheDatabaseRefusesIsNotShown)
     EXPECT_EQ(stored(1, 0), u"Anne"_s);
 }
 
-TEST_F(MainWindowTest, WhatAnotherProgramHasReplacedIsNotWrittenOver)
+TEST_F(MainWindowTests, WhatAnotherProgramHasReplacedIsNotWrittenOver)
 {
     MainWindowController *const window = openThings();
     tree.add(u"New.csv"_s, "Name,Visits\nYan,1\n");
@@ -295,7 +295,7 @@ TEST_F(MainWindowTest, WhatAnotherProgramHasReplacedIsNotWrittenOver)
     EXPECT_EQ(column(window, 0), QStringList(u"Yan"_s));
 }
 
-TEST_F(MainWindowTest, SeveralRecordsChangeAllOrNotAtAll)
+TEST_F(MainWindowTests, SeveralRecordsChangeAllOrNotAtAll)
 {
     MainWindowController *const window = openThings();
     window->mainWindow()->table()->selectAll();
@@ -310,7 +310,7 @@ TEST_F(MainWindowTest, SeveralRecordsChangeAllOrNotAtAll)
     EXPECT_EQ(stored(1, 1), u"7"_s);
 }
 
-TEST_F(MainWindowTest, WhatIsBeingTypedStaysWhenOtherRecordsGo)
+TEST_F(MainWindowTests, WhatIsBeingTypedStaysWhenOtherRecordsGo)
 {
     MainWindowController *const first = openThings();
     MainWindowController *const second = open();
@@ -321,7 +321,7 @@ TEST_F(MainWindowTest, WhatIsBeingTypedStaysWhenOtherRecordsGo)
     EXPECT_EQ(editor(first, 0)->text(), u"Bjørn"_s);
 }
 
-TEST_F(MainWindowTest, BlanksThatDoNotBreakStay)
+TEST_F(MainWindowTests, BlanksThatDoNotBreakStay)
 {
     MainWindowController *const window = openThings();
     const QString text = u"price\u00A05 EUR\u2028more"_s;
@@ -334,7 +334,7 @@ TEST_F(MainWindowTest, BlanksThatDoNotBreakStay)
     EXPECT_EQ(stored(2, 4), QString(text + u'!'));
 }
 
-TEST_F(MainWindowTest, AMenuOverAnEditorCommitsNothing)
+TEST_F(MainWindowTests, AMenuOverAnEditorCommitsNothing)
 {
     MainWindowController *const window = openThings();
     type(editor(window, 1)->input(), u"1234"_s);
@@ -346,7 +346,7 @@ TEST_F(MainWindowTest, AMenuOverAnEditorCommitsNothing)
     EXPECT_EQ(stored(1, 1), u"1,234"_s);
 }
 
-TEST_F(MainWindowTest, TitlesMayHoldAmpersands)
+TEST_F(MainWindowTests, TitlesMayHoldAmpersands)
 {
     import(u"Odd.csv"_s, "R&D\n5\n");
     MainWindowController *const window = open();
@@ -354,7 +354,7 @@ TEST_F(MainWindowTest, TitlesMayHoldAmpersands)
     EXPECT_EQ(editor(window, 0)->input()->accessibleName(), u"R&D"_s);
 }
 
-TEST_F(MainWindowTest, NothingIsWrittenDuringAnImport)
+TEST_F(MainWindowTests, NothingIsWrittenDuringAnImport)
 {
     MainWindowController *const window = openThings();
     application->bundle()->setBusy(true);
@@ -368,7 +368,7 @@ TEST_F(MainWindowTest, NothingIsWrittenDuringAnImport)
 
 // --- Windows ------------------------------------------------------------------------------------
 
-TEST_F(MainWindowTest, TwoWindowsShareTheRecordsAndNothingElse)
+TEST_F(MainWindowTests, TwoWindowsShareTheRecordsAndNothingElse)
 {
     MainWindowController *const first = openThings();
     MainWindowController *const second = open();
@@ -388,7 +388,7 @@ TEST_F(MainWindowTest, TwoWindowsShareTheRecordsAndNothingElse)
     turn();
 }
 
-TEST_F(MainWindowTest, TheLastWindowThatClosesEndsTheProgram)
+TEST_F(MainWindowTests, TheLastWindowThatClosesEndsTheProgram)
 {
     MainWindowController *const first = openThings();
     open();
@@ -404,7 +404,7 @@ TEST_F(MainWindowTest, TheLastWindowThatClosesEndsTheProgram)
     EXPECT_EQ(ended.count(), 1);
 }
 
-TEST_F(MainWindowTest, AWindowMayCloseUnderItsSheet)
+TEST_F(MainWindowTests, AWindowMayCloseUnderItsSheet)
 {
     MainWindowController *const window = openThings();
     window->importFile();
@@ -416,14 +416,14 @@ TEST_F(MainWindowTest, AWindowMayCloseUnderItsSheet)
     EXPECT_TRUE(sheet.isNull());
 }
 
-TEST_F(MainWindowTest, TheMenuOpensWindows)
+TEST_F(MainWindowTests, TheMenuOpensWindows)
 {
     openThings();
     menuItem(application->windows().first(), "newWindow:")->trigger();
     EXPECT_EQ(application->windows().size(), 2);
 }
 
-TEST_F(MainWindowTest, LevelsAreChosenUnderHelp)
+TEST_F(MainWindowTests, LevelsAreChosenUnderHelp)
 {
     MainWindowController *const window = openThings();
     auto *const logging = window->mainWindow()->findChild<QMenu *>(u"logging"_s);
@@ -440,14 +440,14 @@ TEST_F(MainWindowTest, LevelsAreChosenUnderHelp)
     EXPECT_TRUE(five->isChecked());
 }
 
-TEST_F(MainWindowTest, OpeningAWindowWritesNoLogSettings)
+TEST_F(MainWindowTests, OpeningAWindowWritesNoLogSettings)
 {
     openThings();
     EXPECT_FALSE(QFile::exists(logger.userFile()));
     EXPECT_FALSE(logger.components().has_value());
 }
 
-TEST_F(MainWindowTest, TheLoggingMenuIsOffWhereItCannotSave)
+TEST_F(MainWindowTests, TheLoggingMenuIsOffWhereItCannotSave)
 {
     qputenv("HOME", "/proc/nohome");
     KTLogger unsaved;
@@ -461,7 +461,7 @@ TEST_F(MainWindowTest, TheLoggingMenuIsOffWhereItCannotSave)
     testing_support::useFreshHome();
 }
 
-TEST_F(MainWindowTest, AShortcutWorksAgainAfterItWasRefused)
+TEST_F(MainWindowTests, AShortcutWorksAgainAfterItWasRefused)
 {
     MainWindowController *const window = openThings();
     QAction *const item = menuItem(window, "deleteRecords:");
@@ -475,7 +475,7 @@ TEST_F(MainWindowTest, AShortcutWorksAgainAfterItWasRefused)
     EXPECT_EQ(countIn(window), u"2 records"_s);
 }
 
-TEST_F(MainWindowTest, EverythingHasANameForScreenReaders)
+TEST_F(MainWindowTests, EverythingHasANameForScreenReaders)
 {
     MainWindowController *const window = openThings();
     const MainWindow *const shown = window->mainWindow();
@@ -487,7 +487,7 @@ TEST_F(MainWindowTest, EverythingHasANameForScreenReaders)
     EXPECT_EQ(editor(window, 1)->input()->accessibleName(), u"Visits"_s);
 }
 
-TEST_F(MainWindowTest, HostileTextsAreShown)
+TEST_F(MainWindowTests, HostileTextsAreShown)
 {
     import(u"Odd.csv"_s, "Name,Text\n\"\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D\",\"%d %@ 100%\"\n\"" +
                              QByteArray(1 << 20, 'w') + "\",<b>bold</b>\n");
@@ -500,7 +500,7 @@ TEST_F(MainWindowTest, HostileTextsAreShown)
     EXPECT_FALSE(window->mainWindow()->grab().isNull());
 }
 
-TEST_F(MainWindowTest, PastedTextsMayBeLongToo)
+TEST_F(MainWindowTests, PastedTextsMayBeLongToo)
 {
     MainWindowController *const window = openThings();
     QGuiApplication::clipboard()->setText(testing_support::megabyteOf(u"w"_s));

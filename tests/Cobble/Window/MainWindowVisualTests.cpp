@@ -13,7 +13,7 @@
 
 using namespace Qt::StringLiterals;
 
-class HostVisualTest : public HostWindowTest
+class MainWindowVisualTests : public HostWindowTest
 {
 protected:
     /// What is told over the window now; nil if nothing is.
@@ -24,7 +24,7 @@ protected:
     }
 };
 
-TEST_F(HostVisualTest, ASearchTellsHowManyRecordsItFound)
+TEST_F(MainWindowVisualTests, ASearchTellsHowManyRecordsItFound)
 {
     MainWindowController *const window = openThings();
     window->mainWindow()->activateWindow();
@@ -38,7 +38,7 @@ TEST_F(HostVisualTest, ASearchTellsHowManyRecordsItFound)
     EXPECT_EQ(size, 24);
 }
 
-TEST_F(HostVisualTest, TheCountIsShownInLargeTypeOnDemand)
+TEST_F(MainWindowVisualTests, TheCountIsShownInLargeTypeOnDemand)
 {
     MainWindowController *const window = openThings();
     menuItem(window, "showRecordCount:")->trigger();
@@ -47,7 +47,7 @@ TEST_F(HostVisualTest, TheCountIsShownInLargeTypeOnDemand)
     EXPECT_FALSE(application->hud()->largeText());
 }
 
-TEST_F(HostVisualTest, WithoutALibraryThereIsNoCount)
+TEST_F(MainWindowVisualTests, WithoutALibraryThereIsNoCount)
 {
     MainWindowController *const window = open();
     EXPECT_FALSE(window->validateMenuItem(menuItem(window, "showRecordCount:")));
@@ -55,7 +55,7 @@ TEST_F(HostVisualTest, WithoutALibraryThereIsNoCount)
     EXPECT_EQ(told(), QString());
 }
 
-TEST_F(HostVisualTest, ExportsAreTold)
+TEST_F(MainWindowVisualTests, ExportsAreTold)
 {
     MainWindowController *const window = openThings();
     window->mainWindow()->activateWindow();
@@ -66,7 +66,7 @@ TEST_F(HostVisualTest, ExportsAreTold)
     EXPECT_TRUE(QTest::qWaitFor([this] { return !application->hud()->window()->isVisible(); }));
 }
 
-TEST_F(HostVisualTest, WhatIsDoneUnderASheetIsToldBehindIt)
+TEST_F(MainWindowVisualTests, WhatIsDoneUnderASheetIsToldBehindIt)
 {
     MainWindowController *const window = openThings();
     window->importFile();
@@ -82,7 +82,7 @@ TEST_F(HostVisualTest, WhatIsDoneUnderASheetIsToldBehindIt)
     turn();
 }
 
-TEST_F(HostVisualTest, DraggedRowsCarryTheirNumber)
+TEST_F(MainWindowVisualTests, DraggedRowsCarryTheirNumber)
 {
     MainWindowController *const window = openThings();
     RecordTableView *const table = window->mainWindow()->table();
@@ -99,7 +99,7 @@ TEST_F(HostVisualTest, DraggedRowsCarryTheirNumber)
     EXPECT_TRUE(table->dragPicture(0).isNull());
 }
 
-TEST_F(HostVisualTest, DraggedRowsAreTexts)
+TEST_F(MainWindowVisualTests, DraggedRowsAreTexts)
 {
     MainWindowController *const window = openThings();
     RecordTableModel *const model = window->model();
@@ -112,7 +112,7 @@ TEST_F(HostVisualTest, DraggedRowsAreTexts)
                                          "Bjørn,-12,$1.00,4/5/2008,\r\n"_s.toUtf8());
 }
 
-TEST_F(HostVisualTest, TheFormHasARingWhileTheKeyboardIsInIt)
+TEST_F(MainWindowVisualTests, TheFormHasARingWhileTheKeyboardIsInIt)
 {
     MainWindowController *const window = openThings();
     window->mainWindow()->activateWindow();
@@ -128,7 +128,7 @@ TEST_F(HostVisualTest, TheFormHasARingWhileTheKeyboardIsInIt)
     EXPECT_EQ(ring->previousResponder(), editor(window, 2)->input());
 }
 
-TEST_F(HostVisualTest, MediaFieldsShowTheirPicture)
+TEST_F(MainWindowVisualTests, MediaFieldsShowTheirPicture)
 {
     QImage image(30, 10, QImage::Format_RGB32);
     image.fill(Qt::green);

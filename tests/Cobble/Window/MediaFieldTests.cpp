@@ -11,7 +11,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-class MediaFieldTest : public testing_support::WindowedTest
+class MediaFieldTests : public testing_support::WindowedTest
 {
 protected:
     /// A picture of 40 × 20: red at the left, blue at the right.
@@ -49,7 +49,7 @@ protected:
 };
 } // namespace
 
-TEST_F(MediaFieldTest, HeaderExample)
+TEST_F(MediaFieldTests, HeaderExample)
 {
     field.setFile(twoColours());
     EXPECT_EQ(field.caption(), u"two.png"_s);
@@ -58,7 +58,7 @@ TEST_F(MediaFieldTest, HeaderExample)
     EXPECT_EQ(field.picture().size(), QSize(20, 40));
 }
 
-TEST_F(MediaFieldTest, ButtonsTurnAndMirror)
+TEST_F(MediaFieldTests, ButtonsTurnAndMirror)
 {
     field.setFile(twoColours());
     EXPECT_EQ(at(0.1, 0.5), QColor(Qt::red));
@@ -76,7 +76,7 @@ TEST_F(MediaFieldTest, ButtonsTurnAndMirror)
     EXPECT_EQ(at(0.9, 0.5), QColor(Qt::red));
 }
 
-TEST_F(MediaFieldTest, TheSliderSaysHowLarge)
+TEST_F(MediaFieldTests, TheSliderSaysHowLarge)
 {
     field.setFile(twoColours());
     EXPECT_EQ(field.zoom()->value(), 100);
@@ -87,7 +87,7 @@ TEST_F(MediaFieldTest, TheSliderSaysHowLarge)
     EXPECT_EQ(field.picture().size(), QSize(4, 2));
 }
 
-TEST_F(MediaFieldTest, AnotherFileBeginsAnew)
+TEST_F(MediaFieldTests, AnotherFileBeginsAnew)
 {
     const QString path = twoColours();
     field.setFile(path);
@@ -103,7 +103,7 @@ TEST_F(MediaFieldTest, AnotherFileBeginsAnew)
     EXPECT_TRUE(field.zoom()->isEnabled());
 }
 
-TEST_F(MediaFieldTest, WhatIsNoPictureIsToldOf)
+TEST_F(MediaFieldTests, WhatIsNoPictureIsToldOf)
 {
     tree.add(u"song.mp3"_s, "no picture");
     tree.add(u"cut.png"_s, "\x89PNG\r\n\x1a\n");
@@ -116,7 +116,7 @@ TEST_F(MediaFieldTest, WhatIsNoPictureIsToldOf)
     }
 }
 
-TEST_F(MediaFieldTest, LargePicturesAreReadSmaller)
+TEST_F(MediaFieldTests, LargePicturesAreReadSmaller)
 {
     QImage large(6000, 30, QImage::Format_RGB32);
     large.fill(Qt::red);

@@ -7,11 +7,11 @@
 
 using namespace Qt::StringLiterals;
 
-class SearchTest : public HostWindowTest
+class RecordSearchTests : public HostWindowTest
 {
 };
 
-TEST_F(SearchTest, SearchingFindsWordsWhateverTheirCaseAndAccents)
+TEST_F(RecordSearchTests, SearchingFindsWordsWhateverTheirCaseAndAccents)
 {
     MainWindowController *const window = openThings();
     search(window, u"CELINE"_s);
@@ -26,7 +26,7 @@ TEST_F(SearchTest, SearchingFindsWordsWhateverTheirCaseAndAccents)
     EXPECT_EQ(window->model()->rowCount(), 4);
 }
 
-TEST_F(SearchTest, SearchingFindsTypedValues)
+TEST_F(RecordSearchTests, SearchingFindsTypedValues)
 {
     MainWindowController *const window = openThings();
     search(window, u"April 5, 2008"_s);
@@ -35,7 +35,7 @@ TEST_F(SearchTest, SearchingFindsTypedValues)
     EXPECT_EQ(column(window, 0), QStringList(u"Céline"_s));
 }
 
-TEST_F(SearchTest, SearchingWaitsForMoreLetters)
+TEST_F(RecordSearchTests, SearchingWaitsForMoreLetters)
 {
     MainWindowController *const window = openThings();
     QSignalSpy arranged(window->records(), &NSArrayController::arrangedObjectsChanged);
@@ -45,7 +45,7 @@ TEST_F(SearchTest, SearchingWaitsForMoreLetters)
     EXPECT_EQ(window->model()->rowCount(), 2);
 }
 
-TEST_F(SearchTest, SearchingFindsChangedTexts)
+TEST_F(RecordSearchTests, SearchingFindsChangedTexts)
 {
     MainWindowController *const window = openThings();
     search(window, u"ann"_s);
@@ -54,7 +54,7 @@ TEST_F(SearchTest, SearchingFindsChangedTexts)
     EXPECT_EQ(window->model()->rowCount(), 1);
 }
 
-TEST_F(SearchTest, HostileSearchesFindWhatHoldsTheirWords)
+TEST_F(RecordSearchTests, HostileSearchesFindWhatHoldsTheirWords)
 {
     MainWindowController *const window = openThings();
     QStringList rows;
@@ -78,7 +78,7 @@ TEST_F(SearchTest, HostileSearchesFindWhatHoldsTheirWords)
     }
 }
 
-TEST_F(SearchTest, HeadersSort)
+TEST_F(RecordSearchTests, HeadersSort)
 {
     MainWindowController *const window = openThings();
     QHeaderView *const header = window->mainWindow()->table()->horizontalHeader();
@@ -99,7 +99,7 @@ TEST_F(SearchTest, HeadersSort)
     EXPECT_EQ(column(window, 0), QStringList({u"Ann"_s, u"Bjørn"_s, u"éva"_s, u"Zoe"_s}));
 }
 
-TEST_F(SearchTest, TheOrderGoesWithItsLibrary)
+TEST_F(RecordSearchTests, TheOrderGoesWithItsLibrary)
 {
     import(u"Animals.csv"_s, "Kind,Legs\nCat,4\nAnt,6\n");
     MainWindowController *const window = openThings();
@@ -111,7 +111,7 @@ TEST_F(SearchTest, TheOrderGoesWithItsLibrary)
     EXPECT_EQ(window->mainWindow()->table()->horizontalHeader()->sortIndicatorSection(), -1);
 }
 
-TEST_F(SearchTest, ALibraryIsOneWhateverItsCase)
+TEST_F(RecordSearchTests, ALibraryIsOneWhateverItsCase)
 {
     MainWindowController *const first = openThings();
     EXPECT_EQ(first->showLibrary(u"THINGS"_s), QString());

@@ -1,8 +1,10 @@
 target_sources(CobbleTests PRIVATE
+    Cobble/Window/ExportSheetTests.cpp
+    Cobble/Window/ImportSheetTests.cpp
+    Cobble/Window/MainWindowControllerTests.cpp
     Cobble/Window/MainWindowTests.cpp
     Cobble/Window/MainWindowVisualTests.cpp
     Cobble/Window/MediaFieldTests.cpp
     Cobble/Window/RecordSearchTests.cpp
     Cobble/Window/TransferSheetTests.cpp
-    Cobble/Window/WindowCommandTests.cpp
 )

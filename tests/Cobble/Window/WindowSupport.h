@@ -69,13 +69,6 @@ protected:
         return open();
     }
 
-    /// Lets everything happen that waits for the run loop.
-    static void turn()
-    {
-        for (int round = 0; round < 5; ++round)
-            QCoreApplication::processEvents();
-    }
-
     /// What a table shows in a cell.
     static QString cell(MainWindowController *window, int row, int column)
     {

@@ -10,16 +10,9 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-/// Lets everything happen that waits for the run loop.
-void turn()
-{
-    for (int round = 0; round < 5; ++round)
-        QCoreApplication::processEvents();
-}
-} // namespace
+using testing_support::turn;
 
-TEST(Application, ModalSessionsNestAndEndWithTheirWindow)
+TEST(NSApplication, ModalSessionsNestAndEndWithTheirWindow)
 {
     testing_support::needApplication();
     QWidget outer, inner;
@@ -44,7 +37,7 @@ TEST(Application, ModalSessionsNestAndEndWithTheirWindow)
     NSApplication::stopModal(1);
 }
 
-TEST(Application, AnExceptionEndsTheModalSession)
+TEST(NSApplication, AnExceptionEndsTheModalSession)
 {
     testing_support::needApplication();
     QDialog dialog;
@@ -60,7 +53,7 @@ TEST(Application, AnExceptionEndsTheModalSession)
     EXPECT_TRUE(isPerformed);
 }
 
-TEST(Application, WhatWaitsGoesWithItsReceiver)
+TEST(NSApplication, WhatWaitsGoesWithItsReceiver)
 {
     testing_support::needApplication();
     int calls = 0;

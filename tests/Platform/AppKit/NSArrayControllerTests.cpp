@@ -12,10 +12,10 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-class ArrayController : public testing::Test
+class NSArrayControllerTests : public testing::Test
 {
 protected:
-    ArrayController() { controller.setContent({boxed(ada), boxed(bob), boxed(cay)}); }
+    NSArrayControllerTests() { controller.setContent({boxed(ada), boxed(bob), boxed(cay)}); }
 
     static QVariant boxed(ObservedRecord &record) { return QVariant::fromValue(&record); }
     static QString namesOf(const QVariantList &objects)
@@ -40,7 +40,7 @@ protected:
 const QString Number = u"number"_s;
 } // namespace
 
-TEST_F(ArrayController, HeaderExample)
+TEST_F(NSArrayControllerTests, HeaderExample)
 {
     controller.setSelectionIndexes({0});
     BoundView view;
@@ -57,7 +57,7 @@ TEST_F(ArrayController, HeaderExample)
     EXPECT_EQ(view.value(), QVariant(u"Bobby"_s));
 }
 
-TEST_F(ArrayController, SelectionsHaveMarkers)
+TEST_F(NSArrayControllerTests, SelectionsHaveMarkers)
 {
     EXPECT_EQ(selection(u"name"), NSNoSelectionMarker());
     controller.setSelectionIndexes({0, 2});
@@ -69,7 +69,7 @@ TEST_F(ArrayController, SelectionsHaveMarkers)
     EXPECT_EQ(bob.number(), 1);
 }
 
-TEST_F(ArrayController, MarkersAnswerWhatLiesBehindThem)
+TEST_F(NSArrayControllerTests, MarkersAnswerWhatLiesBehindThem)
 {
     ObservedRecord next(u"N"_s);
     BoundView view;
@@ -88,7 +88,7 @@ TEST_F(ArrayController, MarkersAnswerWhatLiesBehindThem)
     EXPECT_EQ(next.name(), u"N"_s);
 }
 
-TEST_F(ArrayController, SettingTheSelectionIsToldOnce)
+TEST_F(NSArrayControllerTests, SettingTheSelectionIsToldOnce)
 {
     controller.setSelectionIndexes({0, 1, 2});
     QVariantList told;
@@ -106,7 +106,7 @@ TEST_F(ArrayController, SettingTheSelectionIsToldOnce)
     EXPECT_EQ(told, QVariantList({NSMultipleValuesMarker(), NSMultipleValuesMarker()}));
 }
 
-TEST_F(ArrayController, SelectionsCanBeObserved)
+TEST_F(NSArrayControllerTests, SelectionsCanBeObserved)
 {
     QVariantList told;
     const NSKeyValueObservation observation(
@@ -122,7 +122,7 @@ TEST_F(ArrayController, SelectionsCanBeObserved)
     EXPECT_EQ(told, QVariantList({4}));
 }
 
-TEST_F(ArrayController, NothingIsObservedAnyMoreAfterwards)
+TEST_F(NSArrayControllerTests, NothingIsObservedAnyMoreAfterwards)
 {
     controller.setSelectionIndexes({0, 1});
     {
@@ -136,7 +136,7 @@ TEST_F(ArrayController, NothingIsObservedAnyMoreAfterwards)
     EXPECT_EQ(bob.receivers(SIGNAL(numberChanged())), 0);
 }
 
-TEST_F(ArrayController, FiltersAndSorts)
+TEST_F(NSArrayControllerTests, FiltersAndSorts)
 {
     EXPECT_EQ(shown(), u"ABC"_s);
     controller.setSortDescriptors({{Number, true}});
@@ -154,7 +154,7 @@ TEST_F(ArrayController, FiltersAndSorts)
     EXPECT_EQ(shown(), u"ABC"_s);
 }
 
-TEST_F(ArrayController, TheSelectionStaysWithItsObjects)
+TEST_F(NSArrayControllerTests, TheSelectionStaysWithItsObjects)
 {
     controller.setSelectionIndexes({0, 2});
     controller.setSortDescriptors({{u"name"_s, false}});
@@ -166,7 +166,7 @@ TEST_F(ArrayController, TheSelectionStaysWithItsObjects)
     EXPECT_EQ(controller.selectionIndex(), -1);
 }
 
-TEST_F(ArrayController, AddingAndRemoving)
+TEST_F(NSArrayControllerTests, AddedObjectsAreSelectedUntilRemoved)
 {
     ObservedRecord dan(u"D"_s);
     controller.addObject(boxed(dan));
@@ -178,7 +178,7 @@ TEST_F(ArrayController, AddingAndRemoving)
     EXPECT_EQ(controller.content().size(), 3);
 }
 
-TEST_F(ArrayController, MovingTheSelection)
+TEST_F(NSArrayControllerTests, TheSelectionMovesWithinTheList)
 {
     EXPECT_FALSE(controller.canSelectNext() || controller.canSelectPrevious());
     controller.selectNext();
@@ -194,7 +194,7 @@ TEST_F(ArrayController, MovingTheSelection)
     EXPECT_EQ(controller.selectionIndexes(), QList<qsizetype>({0, 1}));
 }
 
-TEST_F(ArrayController, ListenersFindAConsistentController)
+TEST_F(NSArrayControllerTests, ListenersFindAConsistentController)
 {
     controller.setSelectionIndexes({2});
     const NSKeyValueObservation observation(
@@ -206,7 +206,7 @@ TEST_F(ArrayController, ListenersFindAConsistentController)
     EXPECT_EQ(shown(), QString());
 }
 
-TEST_F(ArrayController, MapsAreObjectsToo)
+TEST_F(NSArrayControllerTests, MapsAreObjectsToo)
 {
     controller.setContent({QVariantMap{{u"name"_s, 1}}, QVariantMap{{u"name"_s, 2}}});
     controller.setSelectionIndexes({0});

@@ -1,15 +1,9 @@
-// Pictures of the ground floor, and the coordinates they are drawn in.
-
 #include <KTUtility/CIImage>
-#include <KTUtility/NSFont>
 #include <KTUtility/NSGraphicsContext>
 #include <KTUtility/NSImage>
 
 #include "support/PictureSupport.h"
 #include "support/TestSupport.h"
-
-#include <QFontMetricsF>
-#include <QGuiApplication>
 
 using namespace Qt::StringLiterals;
 
@@ -126,35 +120,4 @@ TEST(NSImage, TheStateOfThePainterIsKept)
     EXPECT_EQ(painter.opacity(), 0.25);
     EXPECT_TRUE(painter.transform().isIdentity());
     EXPECT_EQ(painter.compositionMode(), QPainter::CompositionMode_SourceOver);
-}
-
-TEST(CIImage, CoversItsPixels)
-{
-    EXPECT_TRUE(CIImage().isNull());
-    EXPECT_TRUE(CIImage().extent().isEmpty());
-    EXPECT_EQ(CIImage(quarters(6, 4), {-3, 2}).extent(), QRectF(-3, 2, 6, 4));
-}
-
-TEST(NSFont, FontsOfSize)
-{
-    needApplication();
-    EXPECT_EQ(NSFont::userFontOfSize(11).pixelSize(), 11);
-    EXPECT_EQ(NSFont::userFontOfSize(11).family(), QGuiApplication::font().family());
-    EXPECT_EQ(NSFont::systemFontOfSize(0).pixelSize(), NSFont::systemFontSize);
-    EXPECT_EQ(NSFont::systemFontOfSize(-7).pixelSize(), NSFont::systemFontSize);
-}
-
-TEST(NSFont, TheBoundingRectangleHoldsEveryCharacter)
-{
-    needApplication();
-    const QFont font = NSFont::systemFontOfSize(100);
-    const QRectF box = NSFont::boundingRectForFont(font);
-    const QRectF letters = QFontMetricsF(font).tightBoundingRect(u"ÅgjQ|"_s);
-    EXPECT_LE(box.top(), -letters.bottom() + 1);
-    EXPECT_GE(box.bottom(), -letters.top() - 1);
-    EXPECT_NEAR(NSFont::boundingRectForFont(NSFont::systemFontOfSize(200)).height(),
-                2 * box.height(), 0.01);
-    QFont missing(u"No Such Font At All"_s);
-    missing.setPixelSize(100);
-    EXPECT_GT(NSFont::boundingRectForFont(missing).height(), 50);
 }

@@ -1,4 +1,3 @@
-#include <KTUtility/NSFont>
 #include <KTUtility/NSMenuItem>
 
 #include "support/TestSupport.h"
@@ -91,13 +90,6 @@ TEST(NSMenuItem, ShortcutsAskAgainAfterTheMenuWasSeen)
     refused->trigger();
     EXPECT_TRUE(target.chosen.isEmpty());
     EXPECT_TRUE(refused->isEnabled());
-}
-
-TEST(NSFont, HasTheAskedSizeWithAndWithoutAnApplication)
-{
-    EXPECT_EQ(NSFont::systemFontOfSize(NSFont::smallSystemFontSize).pixelSize(), 11);
-    testing_support::needApplication();
-    EXPECT_EQ(NSFont::systemFontOfSize(NSFont::systemFontSize).pixelSize(), 13);
 }
 
 #include "NSMenuItemTests.moc"

@@ -62,10 +62,10 @@ constexpr char Form[] = R"(<?xml version="1.0" encoding="UTF-8"?>
  </widget>
 </ui>)";
 
-class NibTest : public testing_support::WindowedTest
+class NSNibTests : public testing_support::WindowedTest
 {
 protected:
-    NibTest() { awakened().clear(); }
+    NSNibTests() { awakened().clear(); }
     QString fileOf(const QByteArray &contents)
     {
         const QString path = folder.filePath(u"Form.ui"_s);
@@ -78,7 +78,7 @@ protected:
 };
 } // namespace
 
-TEST_F(NibTest, MakesRegisteredClassesAndConnectsOutlets)
+TEST_F(NSNibTests, MakesRegisteredClassesAndConnectsOutlets)
 {
     NibOwner owner;
     const auto root = NSNib::instantiate(fileOf(Form), &owner, &error);
@@ -92,7 +92,7 @@ TEST_F(NibTest, MakesRegisteredClassesAndConnectsOutlets)
     EXPECT_EQ(owner.wrongClass, nullptr);
 }
 
-TEST_F(NibTest, DelegatesAreTheOwnerWhereTheFormSaysSo)
+TEST_F(NSNibTests, DelegatesAreTheOwnerWhereTheFormSaysSo)
 {
     NibOwner owner;
     const auto root = NSNib::instantiate(fileOf(Form), &owner);
@@ -100,14 +100,14 @@ TEST_F(NibTest, DelegatesAreTheOwnerWhereTheFormSaysSo)
     EXPECT_EQ(root->findChild<NibView *>(u"inner"_s)->delegate, nullptr);
 }
 
-TEST_F(NibTest, WakesTheInnermostFirstAndTheOwnerLast)
+TEST_F(NSNibTests, WakesTheInnermostFirstAndTheOwnerLast)
 {
     NibOwner owner;
     const auto root = NSNib::instantiate(fileOf(Form), &owner);
     EXPECT_EQ(awakened(), QStringList({u"inner"_s, u"panel"_s, u"owner"_s}));
 }
 
-TEST_F(NibTest, WorksWithoutOwner)
+TEST_F(NSNibTests, WorksWithoutOwner)
 {
     const auto root = NSNib::instantiate(fileOf(Form), nullptr);
     ASSERT_NE(root, nullptr);
@@ -115,7 +115,7 @@ TEST_F(NibTest, WorksWithoutOwner)
     EXPECT_EQ(awakened().size(), 2);
 }
 
-TEST_F(NibTest, BrokenFilesAreNull)
+TEST_F(NSNibTests, BrokenFilesAreNull)
 {
     NibOwner owner;
     EXPECT_EQ(NSNib::instantiate(QString(), &owner, &error), nullptr);
@@ -134,7 +134,7 @@ TEST_F(NibTest, BrokenFilesAreNull)
     EXPECT_TRUE(awakened().isEmpty());
 }
 
-TEST_F(NibTest, WindowControllersLoadRegisteredClasses)
+TEST_F(NSNibTests, WindowControllersLoadRegisteredClasses)
 {
     NSWindowController controller(fileOf(Form));
     EXPECT_NE(controller.outlet<NibView>(u"panel"_s), nullptr);

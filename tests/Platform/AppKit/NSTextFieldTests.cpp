@@ -1,29 +1,25 @@
 // Text fields of one line, and the system's coordinates of windows.
 
-#include <KTUtility/NSScreen>
 #include <KTUtility/NSTextField>
-#include <KTUtility/NSWindow>
 
 #include "support/PictureSupport.h"
 #include "support/TestSupport.h"
 
 #include <QFontMetricsF>
-#include <QGuiApplication>
-#include <QScreen>
 
 using namespace Qt::StringLiterals;
 
 using namespace testing_support;
 
 namespace {
-class TextField : public WindowedTest
+class NSTextFieldTests : public WindowedTest
 {
 protected:
     NSTextField field;
 };
 } // namespace
 
-TEST_F(TextField, FitsItsText)
+TEST_F(NSTextFieldTests, FitsItsText)
 {
     field.setStringValue(u"247 records"_s);
     field.sizeToFit();
@@ -34,7 +30,7 @@ TEST_F(TextField, FitsItsText)
     EXPECT_EQ(field.minimumSizeHint().width(), 0);
 }
 
-TEST_F(TextField, ShortensWhereItIsTold)
+TEST_F(NSTextFieldTests, ShortensWhereItIsTold)
 {
     field.setStringValue(u"/home/somebody/pictures/of/last/summer/photo.jpg"_s);
     field.resize(150, 20);
@@ -45,7 +41,7 @@ TEST_F(TextField, ShortensWhereItIsTold)
     EXPECT_TRUE(field.shownText().endsWith(u'…'));
 }
 
-TEST_F(TextField, IsOneLine)
+TEST_F(NSTextFieldTests, IsOneLine)
 {
     field.setStringValue(u"one\r\ntwo\n\u2029three"_s);
     field.sizeToFit();
@@ -53,7 +49,7 @@ TEST_F(TextField, IsOneLine)
     EXPECT_EQ(field.stringValue(), u"one\r\ntwo\n\u2029three"_s);
 }
 
-TEST_F(TextField, EndsOfHugeTextsAreShown)
+TEST_F(NSTextFieldTests, EndsOfHugeTextsAreShown)
 {
     field.setStringValue(u"first "_s + megabyteOf(u"word "_s) + u" last"_s);
     EXPECT_GT(field.stringWidth(), 32768);
@@ -62,7 +58,7 @@ TEST_F(TextField, EndsOfHugeTextsAreShown)
     EXPECT_TRUE(field.shownText().endsWith(u"last"_s));
 }
 
-TEST_F(TextField, DrawsInItsColour)
+TEST_F(NSTextFieldTests, DrawsInItsColour)
 {
     QPalette palette = field.palette();
     palette.setColor(QPalette::WindowText, Qt::red);
@@ -78,39 +74,4 @@ TEST_F(TextField, DrawsInItsColour)
             red += areClose(image.pixelColor(x, y), Qt::red, 40) ? 1 : 0;
     EXPECT_GT(red, 20);
     EXPECT_COLOR(image.pixelColor(5, 20), Qt::white, 0);
-}
-
-TEST(SystemCoordinates, CountFromTheBottomLeft)
-{
-    needApplication();
-    const QRect screen = QGuiApplication::primaryScreen()->geometry();
-    EXPECT_EQ(NSScreen::systemRect({10, 20, 30, 40}), QRectF(10, screen.height() - 60, 30, 40));
-    EXPECT_EQ(NSScreen::qtRect(NSScreen::systemRect({10, 20, 30, 40})), QRect(10, 20, 30, 40));
-    EXPECT_EQ(NSScreen::mainScreenFrame().size(), QSizeF(screen.size()));
-    QWidget window;
-    NSWindow::setFrame(&window, {50, 60, 200, 100});
-    EXPECT_EQ(window.geometry(), QRect(50, screen.height() - 160, 200, 100));
-    EXPECT_EQ(NSWindow::frame(&window), QRectF(50, 60, 200, 100));
-}
-
-TEST(SystemCoordinates, FarAwayIsStillSomewhere)
-{
-    needApplication();
-    EXPECT_EQ(NSScreen::qtRect({1e300, 0, 10, 10}).x(), 30000);
-    EXPECT_EQ(NSScreen::qtRect({NotANumber, 0, 10, 10}).x(), 0);
-    EXPECT_EQ(NSScreen::qtRect({0, 0, -Infinite, 10}).width(), 0);
-}
-
-TEST(SystemCoordinates, WindowsComeAndGo)
-{
-    needApplication();
-    QWidget window;
-    NSWindow::setLevel(&window, NSStatusWindowLevel);
-    EXPECT_TRUE(window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-    NSWindow::orderFront(&window);
-    EXPECT_TRUE(window.isVisible());
-    NSWindow::orderOut(&window);
-    EXPECT_FALSE(window.isVisible());
-    NSWindow::setLevel(&window, NSNormalWindowLevel);
-    EXPECT_FALSE(window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
 }

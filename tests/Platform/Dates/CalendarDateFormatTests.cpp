@@ -3,6 +3,7 @@
 #include <KTUtility/NSDateFormatter>
 
 #include "support/TestSupport.h"
+#include "support/Zones.h"
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
@@ -10,11 +11,6 @@ using namespace Qt::StringLiterals;
 using namespace testing_support;
 
 namespace {
-QTimeZone newYork()
-{
-    return QTimeZone("America/New_York");
-}
-
 QDateTime sample()
 {
     return QDateTime(QDate(2008, 3, 5), QTime(17, 4, 9, 7), newYork());

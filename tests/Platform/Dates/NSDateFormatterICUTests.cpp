@@ -32,7 +32,7 @@ struct Setting
     const char *zone;
 };
 
-class NSDateFormatterBesideICU : public testing::TestWithParam<Setting>
+class NSDateFormatterICUTests : public testing::TestWithParam<Setting>
 {
 protected:
     int below(int limit) { return int(_random() % unsigned(limit)); }
@@ -249,7 +249,7 @@ bool agree(const NSDateFormatter &formatter, const QString &text, Counts *counts
 }
 } // namespace
 
-TEST_P(NSDateFormatterBesideICU, ReadsTheSame)
+TEST_P(NSDateFormatterICUTests, ReadsTheSame)
 {
     const auto all = formatters();
     Counts counts;
@@ -268,7 +268,7 @@ TEST_P(NSDateFormatterBesideICU, ReadsTheSame)
     EXPECT_GT(counts.matched, Pairs / 1000);
 }
 
-TEST_P(NSDateFormatterBesideICU, WritesTheSame)
+TEST_P(NSDateFormatterICUTests, WritesTheSame)
 {
     int decided = 0;
     for (const auto &formatter : formatters()) {
@@ -287,7 +287,7 @@ TEST_P(NSDateFormatterBesideICU, WritesTheSame)
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Locales, NSDateFormatterBesideICU,
+    Locales, NSDateFormatterICUTests,
     testing::Values(Setting{"en_US", "America/New_York"}, Setting{"en_GB", "Europe/London"},
                     Setting{"de_DE", "Europe/Berlin"}, Setting{"fr_FR", "Pacific/Apia"},
                     Setting{"ja_JP", "Australia/Lord_Howe"}, Setting{"sv_SE", "Asia/Kathmandu"},

@@ -49,12 +49,12 @@ QDateTime expectedFor(const QDateTime &date, const QDateTime &defaultDate, const
     return QDateTime(shown.hasDate ? local.date() : standard.date(), time, berlin());
 }
 
-class NSDateFormatterRoundTrip : public testing::TestWithParam<const char *>
+class NSDateFormatterRoundTripTests : public testing::TestWithParam<const char *>
 {
 };
 } // namespace
 
-TEST_P(NSDateFormatterRoundTrip, ReadsWhatItShows)
+TEST_P(NSDateFormatterRoundTripTests, ReadsWhatItShows)
 {
     // Without zones: their names are not always the same in both directions.
     const QDateTime defaultDate = inBerlin(2008, 2, 20, 12, 0, 0);
@@ -76,7 +76,7 @@ TEST_P(NSDateFormatterRoundTrip, ReadsWhatItShows)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Locales, NSDateFormatterRoundTrip,
+INSTANTIATE_TEST_SUITE_P(Locales, NSDateFormatterRoundTripTests,
                          testing::Values("ar_EG", "bg_BG", "ca_ES", "cs_CZ", "da_DK", "de_CH",
                                          "de_DE", "el_GR", "en_AU", "en_CA", "en_GB", "en_US",
                                          "en_US_POSIX", "es_ES", "es_MX", "et_EE", "eu_ES", "fi_FI",
@@ -87,7 +87,7 @@ INSTANTIATE_TEST_SUITE_P(Locales, NSDateFormatterRoundTrip,
                                          "tr_TR", "uk_UA", "vi_VN", "zh_CN", "zh_TW"),
                          [](const auto &locale) { return std::string(locale.param); });
 
-TEST(NSDateFormatterRoundTrips, TellMorningsFromAfternoons)
+TEST(NSDateFormatterRoundTrip, TellMorningsFromAfternoons)
 {
     NSDateFormatter formatter;
     formatter.setLocale(NSLocale(u"zh_TW"_s));
@@ -103,7 +103,7 @@ TEST(NSDateFormatterRoundTrips, TellMorningsFromAfternoons)
     }
 }
 
-TEST(NSDateFormatterRoundTrips, KeepInstantsThroughPatternsWithZones)
+TEST(NSDateFormatterRoundTrip, KeepInstantsThroughPatternsWithZones)
 {
     NSDateFormatter formatter;
     formatter.setLocale(NSLocale(u"en_US"_s));
@@ -119,7 +119,7 @@ TEST(NSDateFormatterRoundTrips, KeepInstantsThroughPatternsWithZones)
     }
 }
 
-TEST(NSDateFormatterRoundTrips, KeepDatesInOtherCalendars)
+TEST(NSDateFormatterRoundTrip, KeepDatesInOtherCalendars)
 {
     for (const char *const identifier :
          {"ja_JP@calendar=japanese", "th_TH@calendar=buddhist", "fa_IR@calendar=persian",
@@ -136,7 +136,7 @@ TEST(NSDateFormatterRoundTrips, KeepDatesInOtherCalendars)
     }
 }
 
-TEST(NSDateFormatterRoundTrips, KeepDatesThroughOldPatterns)
+TEST(NSDateFormatterRoundTrip, KeepDatesThroughOldPatterns)
 {
     for (const char *const identifier : {"en_US", "de_DE", "fr_FR", "ja_JP", "ru_RU"}) {
         for (const char16_t *const pattern :

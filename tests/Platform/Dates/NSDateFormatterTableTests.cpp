@@ -169,7 +169,7 @@ Case caseOf(const NSDateFormatter &formatter, const QJsonObject &row, const QStr
 }
 } // namespace
 
-TEST(NSDateFormatterTables, ReadPrefixesAsObserved)
+TEST(NSDateFormatterTable, ReadPrefixesAsObserved)
 {
     std::vector<Category> categories{
         {"year width", hasOtherYearWidth},           {"bare hour", isBareHour},
@@ -218,7 +218,7 @@ bool isBeforeGregorianCalendar(double secondsSinceReference)
 }
 } // namespace
 
-TEST(NSDateFormatterTables, HaveTheStylesOfLocales)
+TEST(NSDateFormatterTable, HaveTheStylesOfLocales)
 {
     int joined = 0;
     for (const QJsonObject &row : rowsOf(u"formatters/date_styles.jsonl"_s)) {

@@ -1,17 +1,13 @@
 #include <KTUtility/NSDateFormatter>
 
 #include "support/TestSupport.h"
+#include "support/Zones.h"
 
 using namespace Qt::StringLiterals;
 
 using namespace testing_support;
 
 namespace {
-QTimeZone newYork()
-{
-    return QTimeZone("America/New_York");
-}
-
 /// A formatter of the United States, reading in New York.
 struct American : NSDateFormatter
 {

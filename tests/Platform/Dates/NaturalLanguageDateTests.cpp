@@ -1,6 +1,7 @@
 #include <KTUtility/Platform/Dates/DateFormatterAccess_p.h>
 
 #include "support/TestSupport.h"
+#include "support/Zones.h"
 
 #include <array>
 
@@ -10,11 +11,6 @@ using namespace Qt::StringLiterals;
 using namespace testing_support;
 
 namespace {
-QTimeZone newYork()
-{
-    return QTimeZone("America/New_York");
-}
-
 /// Wednesday, 20 February 2008, 15:30 in New York.
 qint64 pinnedClock()
 {
@@ -28,7 +24,7 @@ struct Row
     const char *expected; ///< wall time in New York; null for a failure
 };
 
-class NaturalLanguageDate : public testing::Test
+class NaturalLanguageDateTests : public testing::Test
 {
 protected:
     void SetUp() override { DateFormatterAccess::setClock(pinnedClock); }
@@ -70,7 +66,7 @@ protected:
 };
 } // namespace
 
-TEST_F(NaturalLanguageDate, ReadsEnglish)
+TEST_F(NaturalLanguageDateTests, ReadsEnglish)
 {
     constexpr std::array Rows{
         Row{"en_US", u"today", "2008-02-20 12:00:00"},
@@ -135,7 +131,7 @@ TEST_F(NaturalLanguageDate, ReadsEnglish)
     expectAll(Rows);
 }
 
-TEST_F(NaturalLanguageDate, RefusesWhatIsNoDate)
+TEST_F(NaturalLanguageDateTests, RefusesWhatIsNoDate)
 {
     constexpr std::array Rows{
         Row{"en_US", u"", nullptr},
@@ -176,7 +172,7 @@ TEST_F(NaturalLanguageDate, RefusesWhatIsNoDate)
     expectAll(Rows);
 }
 
-TEST_F(NaturalLanguageDate, ReadsABareHour)
+TEST_F(NaturalLanguageDateTests, ReadsABareHour)
 {
     constexpr std::array Rows{
         Row{"en_US", u"5", "2008-02-20 05:00:00"},
@@ -194,7 +190,7 @@ TEST_F(NaturalLanguageDate, ReadsABareHour)
     expectAll(Rows, u"%I:%M:%S %p");
 }
 
-TEST_F(NaturalLanguageDate, ReadsGerman)
+TEST_F(NaturalLanguageDateTests, ReadsGerman)
 {
     constexpr std::array Rows{
         Row{"de_DE", u"heute", "2008-02-20 12:00:00"},
@@ -216,7 +212,7 @@ TEST_F(NaturalLanguageDate, ReadsGerman)
     expectAll(Rows, u"%d/%m/%y");
 }
 
-TEST_F(NaturalLanguageDate, ReadsFrench)
+TEST_F(NaturalLanguageDateTests, ReadsFrench)
 {
     constexpr std::array Rows{
         Row{"fr_FR", u"aujourd’hui", "2008-02-20 12:00:00"},
@@ -236,7 +232,7 @@ TEST_F(NaturalLanguageDate, ReadsFrench)
     expectAll(Rows, u"%d/%m/%y");
 }
 
-TEST_F(NaturalLanguageDate, ReadsJapanese)
+TEST_F(NaturalLanguageDateTests, ReadsJapanese)
 {
     constexpr std::array Rows{
         Row{"ja_JP", u"今日", "2008-02-20 12:00:00"},
@@ -255,7 +251,7 @@ TEST_F(NaturalLanguageDate, ReadsJapanese)
     expectAll(Rows, u"%y/%m/%d");
 }
 
-TEST_F(NaturalLanguageDate, KnowsRelativeWordsOfManyLanguages)
+TEST_F(NaturalLanguageDateTests, KnowsRelativeWordsOfManyLanguages)
 {
     constexpr std::array Rows{
         Row{"sv_SE", u"i morgon", "2008-02-21 12:00:00"},
@@ -270,7 +266,7 @@ TEST_F(NaturalLanguageDate, KnowsRelativeWordsOfManyLanguages)
     expectAll(Rows);
 }
 
-TEST_F(NaturalLanguageDate, CountsFromTheDefaultDate)
+TEST_F(NaturalLanguageDateTests, CountsFromTheDefaultDate)
 {
     const auto formatter = formatterOf("en_US");
     formatter->setDefaultDate(QDateTime(QDate(2010, 5, 31), QTime(12, 0), newYork()));
@@ -280,14 +276,14 @@ TEST_F(NaturalLanguageDate, CountsFromTheDefaultDate)
     EXPECT_EQ(read(*formatter, u"in 2 hours"_s), u"2008-02-20 17:30:00");
 }
 
-TEST_F(NaturalLanguageDate, ReadsASkippedHourAnHourOn)
+TEST_F(NaturalLanguageDateTests, ReadsASkippedHourAnHourOn)
 {
     const auto formatter = formatterOf("en_US");
     EXPECT_EQ(read(*formatter, u"March 9, 2008 2:30"_s), u"2008-03-09 03:30:00");
     EXPECT_EQ(read(*formatter, u"November 2, 2008 1:30"_s), u"2008-11-02 01:30:00");
 }
 
-TEST_F(NaturalLanguageDate, IsReadOnlyWhereAllowed)
+TEST_F(NaturalLanguageDateTests, IsReadOnlyWhereAllowed)
 {
     NSDateFormatter formatter(u"%m/%d/%y"_s, false);
     formatter.setLocale(NSLocale(u"en_US"_s));
@@ -296,7 +292,7 @@ TEST_F(NaturalLanguageDate, IsReadOnlyWhereAllowed)
     EXPECT_TRUE(formatter.dateFromString(u"3/4/08"_s).isValid());
 }
 
-TEST_F(NaturalLanguageDate, SurvivesHostileTexts)
+TEST_F(NaturalLanguageDateTests, SurvivesHostileTexts)
 {
     const auto formatter = formatterOf("en_US");
     for (const QString &text : hostileTexts())

@@ -2,16 +2,20 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Dates/CalendarDateFormatTests.cpp
     Platform/Dates/CivilDateTests.cpp
     Platform/Dates/DateCharactersTests.cpp
+    Platform/Dates/DateFieldsTests.cpp
     Platform/Dates/DateNamesTests.cpp
     Platform/Dates/DatePatternTests.cpp
     Platform/Dates/NSCalendarTests.cpp
+    Platform/Dates/NSClockTests.cpp
     Platform/Dates/NSDateFormatterICUTests.cpp
     Platform/Dates/NSDateFormatterPlatformTests.cpp
     Platform/Dates/NSDateFormatterReadingTests.cpp
     Platform/Dates/NSDateFormatterRoundTripTests.cpp
     Platform/Dates/NSDateFormatterTableTests.cpp
     Platform/Dates/NSDateFormatterTests.cpp
+    Platform/Dates/NSManualClockTests.cpp
     Platform/Dates/NaturalLanguageDateTests.cpp
     Platform/Dates/NaturalLanguageReaderTests.cpp
+    Platform/Dates/NaturalLanguageWordsTests.cpp
     Platform/Dates/SeptemberTests.cpp
 )

@@ -1,11 +1,8 @@
 #include <KTUtility/NSAssertionHandler>
 #include <KTUtility/NSException>
-#include <KTUtility/NSLog>
 
 #include "support/TestField.h"
 #include "support/TestSupport.h"
-
-#include <QRegularExpression>
 
 #include <thread>
 
@@ -59,12 +56,4 @@ TEST(NSAssertionHandler, CanBeReplacedForOneThread)
     EXPECT_EQ(handler.record, u"check: 9 why"_s);
     EXPECT_TRUE(isOwnInThread);
     EXPECT_NE(NSAssertionHandler::currentHandler(), &handler);
-}
-
-TEST(NSLog, WritesOneLineInThePlatformsForm)
-{
-    const QString log = testing_support::standardErrorOf([] { NSLog(u"%@ is %d", u"é", 7); });
-    static const QRegularExpression form(
-        u"^\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\.\\d{3} \\S+\\[\\d+:[0-9a-f]+\\] é is 7\\n$"_s);
-    EXPECT_TRUE(form.match(log).hasMatch()) << log.toStdString();
 }

@@ -1,3 +1,4 @@
 target_sources(KTUtilityTests PRIVATE
     Platform/Diagnostics/NSAssertionHandlerTests.cpp
+    Platform/Diagnostics/NSLogTests.cpp
 )

@@ -2,6 +2,7 @@
 
 #include <KTUtility/NSPropertyListSerialization>
 
+#include "support/OtherProcess.h"
 #include "support/TestSupport.h"
 
 #include <QDir>
@@ -10,14 +11,13 @@
 #include <QLockFile>
 
 #include <functional>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
-// What user defaults do with their files: other writers, damage, and places that cannot be written.
-
 using namespace testing_support;
+
+// What user defaults do with their files: other writers, damage, and places that cannot be written.
 
 namespace {
 const QString Domain = u"org.example.Tests"_s;
@@ -33,26 +33,9 @@ QString fileIn(const QString &home)
 {
     return preferencesIn(home) + u'/' + Domain + u".plist"_s;
 }
-
-/// Runs \a action in another process, which ends without unwinding.
-pid_t startProcess(const std::function<void()> &action)
-{
-    const pid_t child = ::fork();
-    if (child == 0) {
-        action();
-        ::_exit(0);
-    }
-    return child;
-}
-
-bool endedWell(pid_t child)
-{
-    int status = -1;
-    return ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}
 } // namespace
 
-TEST(NSUserDefaultsFile, ASetIsWrittenAtOnce)
+TEST(DefaultsFile, ASetIsWrittenAtOnce)
 {
     const QString home = useFreshHome();
     NSUserDefaults defaults(Domain);
@@ -63,7 +46,7 @@ TEST(NSUserDefaultsFile, ASetIsWrittenAtOnce)
     EXPECT_EQ(QDir(preferencesIn(home)).entryList(QDir::Files), QStringList{Domain + u".plist"_s});
 }
 
-TEST(NSUserDefaultsFile, TwoInstancesLoseNothing)
+TEST(DefaultsFile, TwoInstancesLoseNothing)
 {
     useFreshHome();
     NSUserDefaults one(Domain);
@@ -81,7 +64,7 @@ TEST(NSUserDefaultsFile, TwoInstancesLoseNothing)
     EXPECT_EQ(NSUserDefaults(Domain).dictionaryRepresentation(), expected);
 }
 
-TEST(NSUserDefaultsFile, TwoProcessesLoseNothing)
+TEST(DefaultsFile, TwoProcessesLoseNothing)
 {
     useFreshHome();
     constexpr int Count = 40;
@@ -93,13 +76,16 @@ TEST(NSUserDefaultsFile, TwoProcessesLoseNothing)
         for (int attempt = 0; attempt < 5 && !defaults.synchronize(); ++attempt)
             continue;
     };
-    const pid_t child = startProcess([&] { writeKeys(u"child"_s); });
+    const OtherProcess child([&] {
+        writeKeys(u"child"_s);
+        return 0;
+    });
     writeKeys(u"parent"_s);
-    ASSERT_TRUE(endedWell(child));
+    ASSERT_EQ(child.exitCode(), 0);
     EXPECT_EQ(NSUserDefaults(Domain).dictionaryRepresentation().size(), 2 * Count);
 }
 
-TEST(NSUserDefaultsFile, TheGlobalDomainIsTakenOver)
+TEST(DefaultsFile, TheGlobalDomainIsTakenOver)
 {
     useFreshHome();
     NSUserDefaults one(Domain);
@@ -110,7 +96,7 @@ TEST(NSUserDefaultsFile, TheGlobalDomainIsTakenOver)
     EXPECT_EQ(two.integerForKey(Key), 1);
 }
 
-TEST(NSUserDefaultsFile, DamagedFilesCountAsEmptyAndAreKept)
+TEST(DefaultsFile, DamagedFilesCountAsEmptyAndAreKept)
 {
     const QByteArray valid =
         NSPropertyListSerialization::dataWithPropertyList(QVariantMap{{OtherKey, 1}});
@@ -129,7 +115,7 @@ TEST(NSUserDefaultsFile, DamagedFilesCountAsEmptyAndAreKept)
     }
 }
 
-TEST(NSUserDefaultsFile, AnEarlierDamagedFileIsNotLost)
+TEST(DefaultsFile, AnEarlierDamagedFileIsNotLost)
 {
     const QString home = useFreshHome();
     for (const QByteArray &bytes : {QByteArray("first"), QByteArray("second")}) {
@@ -140,7 +126,7 @@ TEST(NSUserDefaultsFile, AnEarlierDamagedFileIsNotLost)
     EXPECT_EQ(contentsOf(fileIn(home) + u".damaged.2"_s), QByteArray("second"));
 }
 
-TEST(NSUserDefaultsFile, AFolderInPlaceOfTheFileIsKept)
+TEST(DefaultsFile, AFolderInPlaceOfTheFileIsKept)
 {
     const QString home = useFreshHome();
     writeFile(fileIn(home) + u"/inside"_s, "kept");
@@ -150,7 +136,7 @@ TEST(NSUserDefaultsFile, AFolderInPlaceOfTheFileIsKept)
     EXPECT_EQ(NSUserDefaults(Domain).integerForKey(Key), 1);
 }
 
-TEST(NSUserDefaultsFile, WithoutAHomeValuesLiveInMemory)
+TEST(DefaultsFile, WithoutAHomeValuesLiveInMemory)
 {
     useFreshHome();
     qunsetenv("HOME");
@@ -168,7 +154,7 @@ TEST(NSUserDefaultsFile, WithoutAHomeValuesLiveInMemory)
     EXPECT_EQ(NSUserDefaults(u"D"_s).integerForKey(Key), 2);
 }
 
-TEST(NSUserDefaultsFile, AFileInPlaceOfTheFolderKeepsValuesInMemory)
+TEST(DefaultsFile, AFileInPlaceOfTheFolderKeepsValuesInMemory)
 {
     const QString home = useFreshHome();
     writeFile(preferencesIn(home), "in the way");
@@ -182,7 +168,7 @@ TEST(NSUserDefaultsFile, AFileInPlaceOfTheFolderKeepsValuesInMemory)
     EXPECT_EQ(NSUserDefaults(Domain).integerForKey(Key), 1);
 }
 
-TEST(NSUserDefaultsFile, ADomainOfItsOwnThatCannotBeWrittenIsWrittenLater)
+TEST(DefaultsFile, ADomainOfItsOwnThatCannotBeWrittenIsWrittenLater)
 {
     const QString home = useFreshHome();
     writeFile(preferencesIn(home), "in the way");
@@ -197,7 +183,7 @@ TEST(NSUserDefaultsFile, ADomainOfItsOwnThatCannotBeWrittenIsWrittenLater)
     EXPECT_EQ(NSUserDefaults(Domain).dictionaryRepresentation(), expected);
 }
 
-TEST(NSUserDefaultsFile, AHeldLockIsWaitedForTwoSeconds)
+TEST(DefaultsFile, AHeldLockIsWaitedForTwoSeconds)
 {
     const QString home = useFreshHome();
     QDir().mkpath(preferencesIn(home));
@@ -218,15 +204,16 @@ TEST(NSUserDefaultsFile, AHeldLockIsWaitedForTwoSeconds)
     EXPECT_EQ(NSUserDefaults(Domain).integerForKey(Key), 1);
 }
 
-TEST(NSUserDefaultsFile, TheLockOfADeadProcessDoesNotBlock)
+TEST(DefaultsFile, TheLockOfADeadProcessDoesNotBlock)
 {
     const QString home = useFreshHome();
     QDir().mkpath(preferencesIn(home));
     const QString path = fileIn(home) + u".lock"_s;
-    ASSERT_TRUE(endedWell(startProcess([&] {
+    const OtherProcess owner([&]() -> int {
         QLockFile lock(path);
         ::_exit(lock.tryLock() ? 0 : 1);
-    })));
+    });
+    ASSERT_EQ(owner.exitCode(), 0);
     ASSERT_TRUE(QFileInfo::exists(path));
     NSUserDefaults defaults(Domain);
     defaults.setInteger(1, Key);

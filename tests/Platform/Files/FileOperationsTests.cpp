@@ -24,7 +24,7 @@ using testing_support::contentsOf;
 using testing_support::FileTree;
 
 namespace {
-class FileOperations : public testing::Test
+class FileOperationsTests : public testing::Test
 {
 protected:
     QString at(const char *name) const { return tree.path(QString::fromUtf8(name)); }
@@ -40,7 +40,7 @@ protected:
 };
 } // namespace
 
-TEST_F(FileOperations, CopiesKeepContentsModesAndTimes)
+TEST_F(FileOperationsTests, CopiesKeepContentsModesAndTimes)
 {
     const QByteArray large(qsizetype(3) << 20, 'x');
     tree.add(u"a"_s, large);
@@ -56,7 +56,7 @@ TEST_F(FileOperations, CopiesKeepContentsModesAndTimes)
     EXPECT_EQ(QFileInfo(at("b")).lastModified(), then);
 }
 
-TEST_F(FileOperations, NothingIsCopiedOverAnything)
+TEST_F(FileOperationsTests, NothingIsCopiedOverAnything)
 {
     tree.add(u"a"_s, "new");
     tree.add(u"b"_s, "old");
@@ -71,7 +71,7 @@ TEST_F(FileOperations, NothingIsCopiedOverAnything)
     EXPECT_EQ(contentsOf(at("a")), "new");
 }
 
-TEST_F(FileOperations, FoldersAreCopiedWithAllTheyHold)
+TEST_F(FileOperationsTests, FoldersAreCopiedWithAllTheyHold)
 {
     tree.add(u"from/deep/er/a"_s, "a");
     tree.add(u"from/.hidden"_s, "h");
@@ -86,7 +86,7 @@ TEST_F(FileOperations, FoldersAreCopiedWithAllTheyHold)
     EXPECT_EQ(modeOf("to/deep"), 0750U);
 }
 
-TEST_F(FileOperations, LinksAtTheTopAreFollowed)
+TEST_F(FileOperationsTests, LinksAtTheTopAreFollowed)
 {
     tree.add(u"a"_s, "a");
     QFile::link(at("a"), at("link"));
@@ -95,7 +95,7 @@ TEST_F(FileOperations, LinksAtTheTopAreFollowed)
     EXPECT_EQ(contentsOf(at("b")), "a");
 }
 
-TEST_F(FileOperations, FoldersAreNotCopiedIntoThemselves)
+TEST_F(FileOperationsTests, FoldersAreNotCopiedIntoThemselves)
 {
     tree.add(u"folder/sub/a"_s);
     const QJsonObject before = tree.contents();
@@ -105,7 +105,7 @@ TEST_F(FileOperations, FoldersAreNotCopiedIntoThemselves)
     EXPECT_TRUE(copy("folder", "folder2"));
 }
 
-TEST_F(FileOperations, PipesAndMissingFilesAreRefused)
+TEST_F(FileOperationsTests, PipesAndMissingFilesAreRefused)
 {
     ASSERT_EQ(::mkfifo(QFile::encodeName(at("pipe")).constData(), 0600), 0);
     tree.add(u"folder/a"_s);
@@ -117,7 +117,7 @@ TEST_F(FileOperations, PipesAndMissingFilesAreRefused)
     EXPECT_FALSE(QFile::exists(at("copy")));
 }
 
-TEST_F(FileOperations, AFullDiskLeavesNothing)
+TEST_F(FileOperationsTests, AFullDiskLeavesNothing)
 {
     // A limit on the size of files ends writing in the middle, as a full disk does.
     tree.add(u"a"_s, QByteArray(qsizetype(1) << 16, 'x'));
@@ -132,7 +132,7 @@ TEST_F(FileOperations, AFullDiskLeavesNothing)
     EXPECT_FALSE(QFile::exists(at("b")));
 }
 
-TEST_F(FileOperations, MovesNeverReplace)
+TEST_F(FileOperationsTests, MovesNeverReplace)
 {
     tree.add(u"a"_s, "a");
     tree.add(u"b"_s, "b");
@@ -144,7 +144,7 @@ TEST_F(FileOperations, MovesNeverReplace)
     EXPECT_FALSE(QFile::exists(at("a")));
 }
 
-TEST_F(FileOperations, RenamingWithPlaceholders)
+TEST_F(FileOperationsTests, RenamingOverAPlaceholderNeverReplaces)
 {
     tree.add(u"a"_s, "a");
     tree.add(u"b"_s, "b");
@@ -162,7 +162,7 @@ TEST_F(FileOperations, RenamingWithPlaceholders)
     EXPECT_EQ(tree.contents().keys(), QStringList({u"b"_s, u"c"_s, u"moved"_s, u"moved/x"_s}));
 }
 
-TEST_F(FileOperations, RemovesFoldersButNotWhatLinksLeadTo)
+TEST_F(FileOperationsTests, RemovesFoldersButNotWhatLinksLeadTo)
 {
     tree.add(u"outside/kept"_s);
     tree.add(u"folder/deep/a"_s);
@@ -178,7 +178,7 @@ TEST_F(FileOperations, RemovesFoldersButNotWhatLinksLeadTo)
     EXPECT_TRUE(QFile::exists(at("outside/kept")));
 }
 
-TEST_F(FileOperations, HostilePathsAreRefused)
+TEST_F(FileOperationsTests, HostilePathsAreRefused)
 {
     tree.add(u"a"_s);
     for (const QString &text : testing_support::hostileTexts()) {

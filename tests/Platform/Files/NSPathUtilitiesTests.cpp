@@ -87,7 +87,7 @@ void checkRow(const QJsonObject &row)
 }
 } // namespace
 
-TEST(NSPathUtilities, RowsAreMet)
+TEST(NSPathUtilities, AnswersWhatTheTableSays)
 {
     useFreshHome();
     int checked = 0;

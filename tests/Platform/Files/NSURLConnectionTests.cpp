@@ -100,7 +100,7 @@ TEST(NSURLConnection, FollowsRedirectionsWithinHTTP)
     EXPECT_FALSE(get(circle.url(u"/again"_s)).has_value());
 }
 
-TEST(NSURLConnection, OnlyHTTP)
+TEST(NSURLConnection, LoadsNothingButHTTP)
 {
     EXPECT_FALSE(get(u"https://127.0.0.1:1/a"_s).has_value());
     EXPECT_FALSE(get(u"file:///etc/hostname"_s).has_value());
@@ -161,7 +161,7 @@ TEST(NSURLConnection, LargeBodiesAreTakenAndTooLargeOnesAreNot)
     EXPECT_FALSE(get(server.url(u"/larger"_s)).has_value());
 }
 
-TEST(NSURLConnection, NobodyListening)
+TEST(NSURLConnection, GivesNothingWhereNobodyListens)
 {
     QString url;
     {

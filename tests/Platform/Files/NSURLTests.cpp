@@ -1,6 +1,3 @@
-// Paths of URLs, and escapes. Which texts are URLs stands in TableTests.cpp.
-
-#include <KTUtility/NSPercentEscapes>
 #include <KTUtility/NSURL>
 
 #include "support/TestSupport.h"
@@ -40,7 +37,7 @@ TEST(NSURL, PathsMayBeEmptyOrNil)
     EXPECT_TRUE(pathOf(u"http://h/%FF").isNull());
 }
 
-TEST(NSURL, FileURLs)
+TEST(NSURL, FileURLsHoldPaths)
 {
     for (const QString &path : {u"/"_s, u"/a b/ü?#;%.jpg"_s, u"/[x]/\"<>"_s, u"//a"_s}) {
         const auto url = NSURL::fileURLWithPath(path);
@@ -55,30 +52,24 @@ TEST(NSURL, FileURLs)
     EXPECT_FALSE(NSURL::fileURLWithPath(u'/' + QString(QChar(0xD800))).has_value());
 }
 
-TEST(PercentEscapes, AsInTheTable)
+TEST(NSURL, TheExampleOfTheHeaderHolds)
 {
-    for (const QJsonObject &row : testing_support::rowsOf(u"platform/percent_escapes.jsonl"_s)) {
-        const bool isAdding = row.value(u"op"_s).toString().startsWith(u"stringByAdding");
-        const QString input = row.value(u"input"_s).toString();
-        const QJsonValue expected = row.value(u"expected"_s);
-        const QString result = isAdding ? NSString::stringByAddingPercentEscapes(input)
-                                        : NSString::stringByReplacingPercentEscapes(input);
-        EXPECT_EQ(result.isNull(), expected.isNull()) << input.toStdString();
-        EXPECT_EQ(result, expected.toString());
-    }
+    const auto url = NSURL::URLWithString(u"cobblemedia://Photo.0.jpg"_s);
+    ASSERT_TRUE(url.has_value());
+    EXPECT_EQ(url->absoluteString(), u"cobblemedia://Photo.0.jpg"_s);
+    EXPECT_EQ(url->scheme(), u"cobblemedia"_s);
+    EXPECT_FALSE(NSURL::URLWithString(u"http://a b"_s).has_value());
+    EXPECT_TRUE(*url == *NSURL::URLWithString(url->absoluteString()));
+    EXPECT_TRUE(NSURL::URLWithString(u"1a:b"_s)->scheme().isNull());
 }
 
-TEST(PercentEscapes, ComeBack)
+TEST(NSURL, HostileTextsAreAcceptedOrNot)
 {
-    EXPECT_EQ(NSString::stringByAddingPercentEscapes(u"My photo.jpg"_s), u"My%20photo.jpg"_s);
-    EXPECT_EQ(NSString::stringByReplacingPercentEscapes(u"%C3%BC.png"_s), u"ü.png"_s);
-    EXPECT_EQ(NSString::stringByReplacingPercentEscapes(u"a+b"_s), u"a+b"_s);
-    EXPECT_TRUE(NSString::stringByReplacingPercentEscapes(u"a%2"_s).isNull());
-    EXPECT_TRUE(NSString::stringByReplacingPercentEscapes(u"a%FF"_s).isNull());
     for (const QString &text : testing_support::hostileTexts()) {
-        const QString escaped = NSString::stringByAddingPercentEscapes(text);
-        EXPECT_EQ(escaped.isNull(), text.isNull() || !text.isValidUtf16());
-        EXPECT_EQ(NSString::stringByReplacingPercentEscapes(escaped),
-                  escaped.isNull() ? QString() : text);
+        const auto url = NSURL::URLWithString(text);
+        EXPECT_TRUE(!url || url->absoluteString() == text);
     }
+    EXPECT_FALSE(NSURL::URLWithString(u"a%4"_s).has_value());
+    EXPECT_FALSE(NSURL::URLWithString(u"a#b#c"_s).has_value());
+    EXPECT_TRUE(NSURL::URLWithString(u"a[b]#c"_s).has_value());
 }

@@ -84,7 +84,7 @@ void prepare(NSUserDefaults &defaults, const QJsonObject &setup)
 }
 } // namespace
 
-TEST(NSUserDefaults, RowsAreMet)
+TEST(NSUserDefaults, AnswersWhatTheTableSays)
 {
     int checked = 0;
     for (const QJsonObject &row : rowsOf(u"platform/user_defaults.jsonl"_s)) {

@@ -134,7 +134,7 @@ QByteArray sampleList()
 }
 } // namespace
 
-TEST(NSPropertyListBinaryReader, AListWithOneOfEverythingIsRead)
+TEST(PropertyListBinaryReader, AListWithOneOfEverythingIsRead)
 {
     QString error;
     const QVariantMap map = propertyListFromData(sampleList(), &error).toMap();
@@ -146,7 +146,7 @@ TEST(NSPropertyListBinaryReader, AListWithOneOfEverythingIsRead)
               QDateTime(QDate(2001, 1, 1), QTime(0, 0, 0, 500), Qt::UTC));
 }
 
-TEST(NSPropertyListBinaryReader, Integers)
+TEST(PropertyListBinaryReader, IntegersOfAllWidthsAreRead)
 {
     EXPECT_EQ(valueOf(bytesOf({0x10, 0x80})), QVariant(128LL));
     EXPECT_EQ(valueOf("\x11" + bigEndian(0xFFFF, 2)), QVariant(65535LL));
@@ -163,7 +163,7 @@ TEST(NSPropertyListBinaryReader, Integers)
     EXPECT_TRUE(isRefused(listOf({"\x15" + QByteArray(32, '\0')})));
 }
 
-TEST(NSPropertyListBinaryReader, RealsAndDates)
+TEST(PropertyListBinaryReader, RealsAndDatesAreRead)
 {
     EXPECT_TRUE(std::signbit(valueOf("\x23" + real(-0.0)).toDouble()));
     EXPECT_TRUE(std::isnan(valueOf("\x23" + real(std::nan(""))).toDouble()));
@@ -175,7 +175,7 @@ TEST(NSPropertyListBinaryReader, RealsAndDates)
     EXPECT_TRUE(isRefused(listOf({bytesOf({0x20, 0})})));
 }
 
-TEST(NSPropertyListBinaryReader, TextsDataAndReferences)
+TEST(PropertyListBinaryReader, TextsDataAndReferencesAreRead)
 {
     const QVariant empty = valueOf(text(""));
     EXPECT_EQ(empty, QVariant(u""_s));
@@ -190,7 +190,7 @@ TEST(NSPropertyListBinaryReader, TextsDataAndReferences)
     EXPECT_EQ(valueOf(bytesOf({0x08})), QVariant(false));
 }
 
-TEST(NSPropertyListBinaryReader, SetsAreListsAndSharedObjectsAreReadEachTime)
+TEST(PropertyListBinaryReader, SetsAreListsAndSharedObjectsAreReadEachTime)
 {
     const QVariantList expected = {u"a"_s, u"a"_s};
     EXPECT_EQ(propertyListFromData(listOf({references(0xC, {1, 1}), text("a")})).toList(),
@@ -201,14 +201,14 @@ TEST(NSPropertyListBinaryReader, SetsAreListsAndSharedObjectsAreReadEachTime)
     EXPECT_EQ(propertyListFromData(listOf({array(many), text("a")})).toList().size(), 1000);
 }
 
-TEST(NSPropertyListBinaryReader, KeysMustBeTexts)
+TEST(PropertyListBinaryReader, KeysMustBeTexts)
 {
     EXPECT_TRUE(isRefused(listOf({dictionary({1, 1}), bytesOf({0x10, 1})})));
     EXPECT_TRUE(isRefused(listOf({dictionary({1, 1}), array({})})));
     EXPECT_EQ(propertyListFromData(listOf({dictionary({1, 1}), text("k")})).toMap().size(), 1);
 }
 
-TEST(NSPropertyListBinaryReader, UnknownObjectsAreRefused)
+TEST(PropertyListBinaryReader, UnknownObjectsAreRefused)
 {
     for (int marker = 0; marker < 256; ++marker) {
         const int kind = marker >> 4;
@@ -221,7 +221,7 @@ TEST(NSPropertyListBinaryReader, UnknownObjectsAreRefused)
     }
 }
 
-TEST(NSPropertyListBinaryReader, CountsAreCheckedAgainstTheBytes)
+TEST(PropertyListBinaryReader, CountsAreCheckedAgainstTheBytes)
 {
     for (const int kind : {0x4, 0x5, 0x6, 0xA, 0xC, 0xD}) {
         for (const quint64 count : {quint64(14), quint64(1000), quint64(INT64_MAX),
@@ -232,7 +232,7 @@ TEST(NSPropertyListBinaryReader, CountsAreCheckedAgainstTheBytes)
     EXPECT_TRUE(isRefused(listOf({bytesOf({0x5F, 0x14}) + QByteArray(16, '\0')})));
 }
 
-TEST(NSPropertyListBinaryReader, TheTrailerIsChecked)
+TEST(PropertyListBinaryReader, TheTrailerIsChecked)
 {
     const auto refusedWith = [](const std::function<void(Trailer &)> &change) {
         return isRefused(listOf({array({1}), text("a")}, change));
@@ -252,7 +252,7 @@ TEST(NSPropertyListBinaryReader, TheTrailerIsChecked)
     EXPECT_TRUE(refusedWith([](Trailer &trailer) { trailer.table = 8; }));
 }
 
-TEST(NSPropertyListBinaryReader, CyclesAndDepthAreErrors)
+TEST(PropertyListBinaryReader, CyclesAndDepthAreErrors)
 {
     EXPECT_TRUE(isRefused(listOf({array({0})})));
     EXPECT_TRUE(isRefused(listOf({array({1, 1}), array({0, 0})})));
@@ -268,7 +268,7 @@ TEST(NSPropertyListBinaryReader, CyclesAndDepthAreErrors)
     EXPECT_TRUE(isRefused(nested(60'000)));
 }
 
-TEST(NSPropertyListBinaryReader, SharedObjectsCannotFillTheMemory)
+TEST(PropertyListBinaryReader, SharedObjectsCannotFillTheMemory)
 {
     QList<QByteArray> laughs;
     for (int index = 0; index < 40; ++index)
@@ -280,7 +280,7 @@ TEST(NSPropertyListBinaryReader, SharedObjectsCannotFillTheMemory)
     EXPECT_TRUE(isRefused(listOf({array(many), counted(0x4, 1 << 20) + QByteArray(1 << 20, 'a')})));
 }
 
-TEST(NSPropertyListBinaryReader, EveryTruncationIsRefusedOrAValue)
+TEST(PropertyListBinaryReader, EveryTruncationIsRefusedOrAValue)
 {
     const QByteArray whole = sampleList();
     for (qsizetype size = 0; size < whole.size(); ++size) {
@@ -290,7 +290,7 @@ TEST(NSPropertyListBinaryReader, EveryTruncationIsRefusedOrAValue)
     }
 }
 
-TEST(NSPropertyListBinaryReader, EveryChangedByteGivesAnErrorOrAValue)
+TEST(PropertyListBinaryReader, EveryChangedByteGivesAnErrorOrAValue)
 {
     const QByteArray whole = sampleList();
     int refused = 0;
@@ -307,7 +307,7 @@ TEST(NSPropertyListBinaryReader, EveryChangedByteGivesAnErrorOrAValue)
     EXPECT_GT(refused, 0);
 }
 
-TEST(NSPropertyListBinaryReader, OtherVersionsAreNotBinaryLists)
+TEST(PropertyListBinaryReader, OtherVersionsAreNotBinaryLists)
 {
     EXPECT_TRUE(isRefused(QByteArray(sampleList()).replace("bplist00", "bplist15")));
     EXPECT_TRUE(isRefused("bplist00"));

@@ -57,7 +57,7 @@ QByteArray bytesOf(const QString &path)
 }
 } // namespace
 
-TEST(NSPropertyListFile, DictionariesComeBack)
+TEST(PropertyListFile, DictionariesComeBack)
 {
     const QString home = useFreshHome();
     for (const bool atomically : {true, false}) {
@@ -69,7 +69,7 @@ TEST(NSPropertyListFile, DictionariesComeBack)
     EXPECT_EQ(filesIn(home + u"/made/on the way"_s).size(), 2);
 }
 
-TEST(NSPropertyListFile, WhatIsNoDictionaryIsNothing)
+TEST(PropertyListFile, WhatIsNoDictionaryIsNothing)
 {
     const QString home = useFreshHome();
     const QString path = home + u"/a.plist"_s;
@@ -86,7 +86,7 @@ TEST(NSPropertyListFile, WhatIsNoDictionaryIsNothing)
     EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(path), QVariantMap());
 }
 
-TEST(NSPropertyListFile, PipesAndDevicesAreNotRead)
+TEST(PropertyListFile, PipesAndDevicesAreNotRead)
 {
     const QString pipe = useFreshHome() + u"/pipe"_s;
     ASSERT_EQ(::mkfifo(bytesOf(pipe).constData(), 0600), 0);
@@ -94,7 +94,7 @@ TEST(NSPropertyListFile, PipesAndDevicesAreNotRead)
     EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(u"/dev/zero"_s), std::nullopt);
 }
 
-TEST(NSPropertyListFile, OnlyFilesAreReplaced)
+TEST(PropertyListFile, OnlyFilesAreReplaced)
 {
     const QString home = useFreshHome();
     const QString pipe = home + u"/pipe"_s;
@@ -112,7 +112,7 @@ TEST(NSPropertyListFile, OnlyFilesAreReplaced)
     EXPECT_EQ(filesIn(home), (QStringList{u"folder"_s, u"pipe"_s}));
 }
 
-TEST(NSPropertyListFile, HostilePathsAndValuesAreRefused)
+TEST(PropertyListFile, HostilePathsAndValuesAreRefused)
 {
     const QString home = useFreshHome();
     const QString path = home + u"/a.plist"_s;
@@ -129,7 +129,7 @@ TEST(NSPropertyListFile, HostilePathsAndValuesAreRefused)
     EXPECT_EQ(filesIn(home), QStringList{u"a.plist"_s});
 }
 
-TEST(NSPropertyListFile, TheModeOfTheFileStays)
+TEST(PropertyListFile, TheModeOfTheFileStays)
 {
     const QString path = useFreshHome() + u"/a.plist"_s;
     for (const mode_t mode : {0600u, 0664u, 0640u}) {
@@ -142,7 +142,7 @@ TEST(NSPropertyListFile, TheModeOfTheFileStays)
     }
 }
 
-TEST(NSPropertyListFile, ALinkToTheFileStaysALink)
+TEST(PropertyListFile, ALinkToTheFileStaysALink)
 {
     const QString home = useFreshHome();
     const QString link = home + u"/link.plist"_s;
@@ -153,7 +153,7 @@ TEST(NSPropertyListFile, ALinkToTheFileStaysALink)
     EXPECT_EQ(NSDictionary::dictionaryWithContentsOfFile(home + u"/kept/file.plist"_s), settings());
 }
 
-TEST(NSPropertyListFile, AFullDiskLeavesTheOldBytes)
+TEST(PropertyListFile, AFullDiskLeavesTheOldBytes)
 {
     const QString home = useFreshHome();
     const QString path = home + u"/a.plist"_s;

@@ -44,7 +44,7 @@ void expectAgreement(const QByteArray &document)
 }
 } // namespace
 
-TEST(NSPropertyListQuickReader, ReadsManifests)
+TEST(PropertyListQuickReader, ReadsManifests)
 {
     const QVariantMap dictionary = propertyListFromData(manifest()).toMap();
     EXPECT_EQ(dictionary.size(), 4);
@@ -54,7 +54,7 @@ TEST(NSPropertyListQuickReader, ReadsManifests)
     expectAgreement(manifest());
 }
 
-TEST(NSPropertyListQuickReader, AgreesWithTheParserOnEveryForm)
+TEST(PropertyListQuickReader, AgreesWithTheParserOnEveryForm)
 {
     const QByteArray entry = "<key>a</key><string>b</string>";
     const QList<QByteArray> bodies = {
@@ -94,7 +94,7 @@ TEST(NSPropertyListQuickReader, AgreesWithTheParserOnEveryForm)
         expectAgreement(withBody(body));
 }
 
-TEST(NSPropertyListQuickReader, AgreesWithTheParserOnEveryBeginning)
+TEST(PropertyListQuickReader, AgreesWithTheParserOnEveryBeginning)
 {
     const QByteArray whole = manifest();
     for (qsizetype size = 0; size <= whole.size(); ++size)
@@ -107,7 +107,7 @@ TEST(NSPropertyListQuickReader, AgreesWithTheParserOnEveryBeginning)
     expectAgreement(QByteArray(whole).replace("1.0//EN", "1.1//EN"));
 }
 
-TEST(NSPropertyListQuickReader, AgreesWithTheParserOnDamage)
+TEST(PropertyListQuickReader, AgreesWithTheParserOnDamage)
 {
     std::mt19937 random(7);
     const QByteArray whole = manifest();

@@ -66,7 +66,7 @@ const QMap<QString, QVariant> &valuesOfRows()
 }
 } // namespace
 
-TEST(NSPropertyListWriter, RowsAreMet)
+TEST(PropertyListWriter, WritesWhatTheTableSays)
 {
     int checked = 0;
     for (const QJsonObject &row : rowsOf(u"platform/property_list.jsonl"_s)) {
@@ -80,7 +80,7 @@ TEST(NSPropertyListWriter, RowsAreMet)
     EXPECT_EQ(checked, 4);
 }
 
-TEST(NSPropertyListWriter, ScalarsAreWrittenInThePlatformsForm)
+TEST(PropertyListWriter, ScalarsAreWrittenInThePlatformsForm)
 {
     EXPECT_EQ(bodyOf(true), "<true/>\n");
     EXPECT_EQ(bodyOf(false), "<false/>\n");
@@ -99,12 +99,12 @@ TEST(NSPropertyListWriter, ScalarsAreWrittenInThePlatformsForm)
     EXPECT_EQ(bodyOf(QStringList{u"a"_s}), "<array>\n\t<string>a</string>\n</array>\n");
 }
 
-TEST(NSPropertyListWriter, ZeroLosesItsSign)
+TEST(PropertyListWriter, ZeroLosesItsSign)
 {
     EXPECT_EQ(bodyOf(-0.0), "<real>0.0</real>\n");
 }
 
-TEST(NSPropertyListWriter, DecimalsAreNumbers)
+TEST(PropertyListWriter, DecimalsAreNumbers)
 {
     const auto bodyOfDecimal = [](QStringView text) {
         return bodyOf(QVariant::fromValue(NSDecimalNumber::decimalNumberWithString(text)));
@@ -114,7 +114,7 @@ TEST(NSPropertyListWriter, DecimalsAreNumbers)
     EXPECT_EQ(bodyOfDecimal(u"1e30"), "<real>1e+30</real>\n");
 }
 
-TEST(NSPropertyListWriter, DatesAreWrittenInUniversalTime)
+TEST(PropertyListWriter, DatesAreWrittenInUniversalTime)
 {
     const QDateTime here(QDate(2008, 3, 4), QTime(7, 0, 0, 999), Qt::OffsetFromUTC, -5 * 3600);
     EXPECT_EQ(bodyOf(here), "<date>2008-03-04T12:00:00Z</date>\n");
@@ -129,7 +129,7 @@ TEST(NSPropertyListWriter, DatesAreWrittenInUniversalTime)
               "<date>12345-01-01T00:00:00Z</date>\n");
 }
 
-TEST(NSPropertyListWriter, DataIsWrappedAtAWidthThatShrinksWithTheIndent)
+TEST(PropertyListWriter, DataIsWrappedAtAWidthThatShrinksWithTheIndent)
 {
     QVariant value = QByteArray(120, 'x');
     for (int depth = 0; depth < 12; ++depth) {
@@ -143,7 +143,7 @@ TEST(NSPropertyListWriter, DataIsWrappedAtAWidthThatShrinksWithTheIndent)
     }
 }
 
-TEST(NSPropertyListWriter, KeysAreSortedByUnit)
+TEST(PropertyListWriter, KeysAreSortedByUnit)
 {
     const QVariantMap map = {{u"b"_s, 1}, {u"B"_s, 2},      {u"é"_s, 3},
                              {u""_s, 4},  {u"\uFF01"_s, 5}, {u"😀"_s, 6}};
@@ -156,7 +156,7 @@ TEST(NSPropertyListWriter, KeysAreSortedByUnit)
     EXPECT_EQ(keys, expected);
 }
 
-TEST(NSPropertyListWriter, WhatXMLCannotHoldIsRefusedByKey)
+TEST(PropertyListWriter, WhatXMLCannotHoldIsRefusedByKey)
 {
     const QList<QString> texts = {
         QString(QChar(0)),      u"a\u0001b"_s,          u"\u001F"_s,
@@ -172,7 +172,7 @@ TEST(NSPropertyListWriter, WhatXMLCannotHoldIsRefusedByKey)
     }
 }
 
-TEST(NSPropertyListWriter, WhatIsNoPropertyListIsRefusedByKey)
+TEST(PropertyListWriter, WhatIsNoPropertyListIsRefusedByKey)
 {
     const QList<QVariant> values = {
         QVariant(),
@@ -189,7 +189,7 @@ TEST(NSPropertyListWriter, WhatIsNoPropertyListIsRefusedByKey)
     }
 }
 
-TEST(NSPropertyListWriter, DepthAndSizeAreThoseThatCanBeReadBack)
+TEST(PropertyListWriter, DepthAndSizeAreThoseThatCanBeReadBack)
 {
     QVariant value = 1;
     for (int depth = 0; depth < MaximumDepth; ++depth)
@@ -199,7 +199,7 @@ TEST(NSPropertyListWriter, DepthAndSizeAreThoseThatCanBeReadBack)
     EXPECT_FALSE(errorOf(QByteArray(MaximumSize, 'x')).isEmpty());
 }
 
-TEST(NSPropertyListWriter, HostileTextsComeBackOrAreRefused)
+TEST(PropertyListWriter, HostileTextsComeBackOrAreRefused)
 {
     int refused = 0;
     for (const QString &text : hostileTexts()) {
@@ -213,7 +213,7 @@ TEST(NSPropertyListWriter, HostileTextsComeBackOrAreRefused)
     EXPECT_EQ(refused, 4); // nil, two with lone surrogates, one with NUL
 }
 
-TEST(NSPropertyListWriter, ValuesComeBackAsTheyWere)
+TEST(PropertyListWriter, ValuesComeBackAsTheyWere)
 {
     const QList<QVariant> values = {
         QVariant(true),

@@ -59,7 +59,7 @@ void checkElement(const QByteArray &input, const QJsonValue &expected)
 }
 } // namespace
 
-TEST(NSPropertyListXMLReader, RowsAreMet)
+TEST(PropertyListXMLReader, ReadsWhatTheTableSays)
 {
     int checked = 0;
     for (const QJsonObject &row : rowsOf(u"platform/property_list.jsonl"_s)) {
@@ -73,7 +73,7 @@ TEST(NSPropertyListXMLReader, RowsAreMet)
     EXPECT_EQ(checked, 18);
 }
 
-TEST(NSPropertyListXMLReader, OlderVersionsAndMissingHeadersAreRead)
+TEST(PropertyListXMLReader, OlderVersionsAndMissingHeadersAreRead)
 {
     for (const QByteArray &head :
          {QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"0.9\">"),
@@ -88,7 +88,7 @@ TEST(NSPropertyListXMLReader, OlderVersionsAndMissingHeadersAreRead)
     EXPECT_EQ(propertyListFromData("<integer>1</integer>"), QVariant(1LL));
 }
 
-TEST(NSPropertyListXMLReader, Utf16WithAByteOrderMarkIsRead)
+TEST(PropertyListXMLReader, Utf16WithAByteOrderMarkIsRead)
 {
     const QString text = u"<plist><string>é😀</string></plist>"_s;
     for (const auto encoding : {QStringConverter::Utf16LE, QStringConverter::Utf16BE}) {
@@ -97,7 +97,7 @@ TEST(NSPropertyListXMLReader, Utf16WithAByteOrderMarkIsRead)
     }
 }
 
-TEST(NSPropertyListXMLReader, Integers)
+TEST(PropertyListXMLReader, IntegersAreReadInAllBases)
 {
     EXPECT_EQ(valueOf("<integer>-9223372036854775808</integer>"), QVariant(qlonglong(INT64_MIN)));
     EXPECT_EQ(valueOf("<integer>18446744073709551615</integer>"), QVariant(qulonglong(UINT64_MAX)));
@@ -112,7 +112,7 @@ TEST(NSPropertyListXMLReader, Integers)
         EXPECT_TRUE(isRefused(document("<integer>" + text + "</integer>"))) << text.toStdString();
 }
 
-TEST(NSPropertyListXMLReader, Reals)
+TEST(PropertyListXMLReader, RealsAreRead)
 {
     for (const char *text : {"inf", "+INF", "Infinity", "+infinity"})
         EXPECT_EQ(valueOf(QByteArray("<real>") + text + "</real>").toDouble(), HUGE_VAL);
@@ -125,7 +125,7 @@ TEST(NSPropertyListXMLReader, Reals)
         EXPECT_TRUE(isRefused(document(QByteArray("<real>") + text + "</real>"))) << text;
 }
 
-TEST(NSPropertyListXMLReader, Dates)
+TEST(PropertyListXMLReader, DatesAreRead)
 {
     EXPECT_EQ(valueOf("<date>0000-12-30T00:00:00Z</date>").toDateTime().date(), QDate(-1, 12, 30));
     EXPECT_EQ(valueOf("<date>1985-06-01T01:02:03Z</date>").toDateTime(),
@@ -138,7 +138,7 @@ TEST(NSPropertyListXMLReader, Dates)
         EXPECT_TRUE(isRefused(document(QByteArray("<date>") + text + "</date>"))) << text;
 }
 
-TEST(NSPropertyListXMLReader, DataSkipsWhatIsNotBase64)
+TEST(PropertyListXMLReader, DataSkipsWhatIsNotBase64)
 {
     EXPECT_EQ(valueOf("<data>\n\tQU JD\n\tRA==\n</data>"), QVariant(QByteArray("ABCD")));
     EXPECT_EQ(valueOf("<data>*Q-U:J\u00E9D</data>"), QVariant(QByteArray("ABC")));
@@ -146,7 +146,7 @@ TEST(NSPropertyListXMLReader, DataSkipsWhatIsNotBase64)
     EXPECT_FALSE(NSObject::isNil(valueOf("<data> </data>")));
 }
 
-TEST(NSPropertyListXMLReader, EmptyScalarsAreErrorsButTextsAreNot)
+TEST(PropertyListXMLReader, EmptyScalarsAreErrorsButTextsAreNot)
 {
     for (const char *element : {"<data/>", "<date/>", "<integer/>", "<real/>", "<data />"})
         EXPECT_TRUE(isRefused(document(element))) << element;
@@ -156,27 +156,27 @@ TEST(NSPropertyListXMLReader, EmptyScalarsAreErrorsButTextsAreNot)
     EXPECT_EQ(valueOf("<dict><key/><string></string></dict>").toMap().keys(), QStringList{u""_s});
 }
 
-TEST(NSPropertyListXMLReader, TextsAreReadWithReferencesSectionsAndComments)
+TEST(PropertyListXMLReader, TextsAreReadWithReferencesSectionsAndComments)
 {
     EXPECT_EQ(valueOf("<string>a&lt;&#233;&#x1F600;<!-- no --><![CDATA[&amp;]]>\n</string>"),
               QVariant(u"a<é😀&amp;\n"_s));
     EXPECT_EQ(valueOf("<string>a&#13;&#10;</string>"), QVariant(u"a\r\n"_s));
 }
 
-TEST(NSPropertyListXMLReader, TheLaterOfTwoKeysWins)
+TEST(PropertyListXMLReader, TheLaterOfTwoKeysWins)
 {
     const QVariantMap expected = {{u"a"_s, 2LL}};
     EXPECT_EQ(valueOf("<dict><key>a</key><true/><key>a</key><integer>2</integer></dict>").toMap(),
               expected);
 }
 
-TEST(NSPropertyListXMLReader, ReferencesOfArchivesStayDictionaries)
+TEST(PropertyListXMLReader, ReferencesOfArchivesStayDictionaries)
 {
     const QVariantMap expected = {{u"CF$UID"_s, 7LL}};
     EXPECT_EQ(valueOf("<dict><key>CF$UID</key><integer>7</integer></dict>").toMap(), expected);
 }
 
-TEST(NSPropertyListXMLReader, MalformedDocumentsAreRefused)
+TEST(PropertyListXMLReader, MalformedDocumentsAreRefused)
 {
     const QList<QByteArray> documents = {
         "",
@@ -214,7 +214,7 @@ TEST(NSPropertyListXMLReader, MalformedDocumentsAreRefused)
         EXPECT_TRUE(isRefused(data)) << data.toStdString();
 }
 
-TEST(NSPropertyListXMLReader, EntitiesAreRefused)
+TEST(PropertyListXMLReader, EntitiesAreRefused)
 {
     const QByteArray laughs = "<!DOCTYPE plist [<!ENTITY a \"ha\"><!ENTITY b \"&a;&a;&a;\">]>"
                               "<plist><string>&b;</string></plist>";
@@ -227,7 +227,7 @@ TEST(NSPropertyListXMLReader, EntitiesAreRefused)
         EXPECT_TRUE(isRefused(data)) << data.toStdString();
 }
 
-TEST(NSPropertyListXMLReader, DepthAndSizeAreBounded)
+TEST(PropertyListXMLReader, DepthAndSizeAreBounded)
 {
     const auto nested = [](int depth) {
         return document(QByteArray("<array>").repeated(depth) + "<true/>" +
@@ -241,7 +241,7 @@ TEST(NSPropertyListXMLReader, DepthAndSizeAreBounded)
               1 << 20);
 }
 
-TEST(NSPropertyListXMLReader, EveryTruncationIsRefused)
+TEST(PropertyListXMLReader, EveryTruncationIsRefused)
 {
     const QByteArray whole = document("<dict><key>a</key><array><real>1</real><data>QQ==</data>"
                                       "<date>2008-03-04T12:00:00Z</date></array></dict>")
@@ -251,7 +251,7 @@ TEST(NSPropertyListXMLReader, EveryTruncationIsRefused)
         EXPECT_TRUE(isRefused(whole.first(size))) << size;
 }
 
-TEST(NSPropertyListXMLReader, ErrorsNameTheLine)
+TEST(PropertyListXMLReader, ErrorsNameTheLine)
 {
     QString error;
     propertyListFromData(document("<integer>x</integer>"), &error);

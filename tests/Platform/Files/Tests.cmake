@@ -9,6 +9,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Files/NSPathUtilitiesTests.cpp
     Platform/Files/NSSearchPathTests.cpp
     Platform/Files/NSURLConnectionTests.cpp
+    Platform/Files/NSURLTableTests.cpp
     Platform/Files/NSURLTests.cpp
     Platform/Files/NSUserDefaultsTests.cpp
     Platform/Files/PropertyListBinaryReaderTests.cpp

@@ -19,17 +19,6 @@ QVariant perform(TestField &field, const char *selector, const QVariant &argumen
 }
 } // namespace
 
-TEST(NSSelector, CountsColons)
-{
-    EXPECT_EQ(NSSelector("accept:over:").name(), "accept");
-    EXPECT_EQ(NSSelector("accept:over:").colons(), 2);
-    EXPECT_EQ(NSSelector("flagged").colons(), 0);
-    EXPECT_EQ(NSSelector("flagged").name(), "flagged");
-    EXPECT_EQ(NSSelector("accept:over:").text(), u"accept:over:"_s);
-    EXPECT_TRUE(NSSelector().isNull());
-    EXPECT_EQ(NSSelector(u"a:"_s), NSSelector("a:"));
-}
-
 TEST(Invoker, TestsResultsByTheirWidth)
 {
     struct Case
@@ -70,7 +59,7 @@ TEST(Invoker, ConvertsArguments)
     EXPECT_FALSE(isTrue(field, "sizeOver::", 4));
 }
 
-TEST(Invoker, Performs)
+TEST(Invoker, PerformsOnReceiversOfAllKinds)
 {
     TestField field(u"x"_s, 5);
     field._label = u"L"_s;

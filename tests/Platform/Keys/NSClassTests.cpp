@@ -51,15 +51,6 @@ KT_REGISTER_CLASS(Square, Shape, Colour)
 KT_REGISTER_CLASS(Sized)
 KT_REGISTER_CLASS(Loud)
 
-TEST(NSProtocol, IsTheNameOfAnInterface)
-{
-    EXPECT_EQ(NSProtocol::of<Shape>().description(), u"org.cobble.tests.Shape"_s);
-    EXPECT_EQ(NSProtocol::of<Shape>(), NSProtocol(u"org.cobble.tests.Shape"_s));
-    EXPECT_FALSE(NSProtocol::of<Shape>().isNil());
-    EXPECT_TRUE(NSProtocol().isNil());
-    EXPECT_TRUE(NSProtocol().description().isNull());
-}
-
 TEST(NSClass, IsFoundByNameInItsModule)
 {
     const NSClass *const square = NSClassRegistry::classNamed(u"Square"_s, thisModule());

@@ -46,7 +46,7 @@ public:
 };
 } // namespace
 
-TEST(NSKeyValueSetters, MethodsTakeTypedValues)
+TEST(NSKeyValueCodingSetters, MethodsTakeTypedValues)
 {
     Person person;
     setValue(&person, u"Ann"_s, u"nick"_s);
@@ -59,7 +59,7 @@ TEST(NSKeyValueSetters, MethodsTakeTypedValues)
     EXPECT_TRUE(person.nick.isNull());
 }
 
-TEST(NSKeyValueSetters, WhatIsNoSetterIsNone)
+TEST(NSKeyValueCodingSetters, WhatIsNoSetterIsNone)
 {
     Person person;
     EXPECT_THROW(setValue(&person, 1, u"both"_s), NSException);
@@ -67,14 +67,14 @@ TEST(NSKeyValueSetters, WhatIsNoSetterIsNone)
     EXPECT_EQ(person.rank, 0);
 }
 
-TEST(NSKeyValueSetters, MethodsOfValuesAreCalled)
+TEST(NSKeyValueCodingSetters, MethodsOfValuesAreCalled)
 {
     QVariant badge = QVariant::fromValue(Badge());
     setValue(badge, 9, u"size"_s);
     EXPECT_EQ(badge.value<Badge>().size, 9);
 }
 
-TEST(NSKeyValueSetters, PathsThroughListsReachEveryElement)
+TEST(NSKeyValueCodingSetters, PathsThroughListsReachEveryElement)
 {
     TestField one;
     TestField two;
@@ -89,7 +89,7 @@ TEST(NSKeyValueSetters, PathsThroughListsReachEveryElement)
     EXPECT_EQ(parent.size(), 8);
 }
 
-TEST(NSKeyValueSetters, WhatIsCopiedOnTheWayIsPutBack)
+TEST(NSKeyValueCodingSetters, WhatIsCopiedOnTheWayIsPutBack)
 {
     Person person;
     const QVariantMap inner{{u"size"_s, 1}};
@@ -98,7 +98,7 @@ TEST(NSKeyValueSetters, WhatIsCopiedOnTheWayIsPutBack)
     EXPECT_EQ(valueForKeyPath(person.fields.at(0), u"box.size"_s), QVariant(4));
 }
 
-TEST(NSKeyValueSetters, HashesAnswerKeysAsMapsDo)
+TEST(NSKeyValueCodingSetters, HashesAnswerKeysAsMapsDo)
 {
     Person person;
     person.notes.insert(u"colour"_s, u"red"_s);

@@ -6,8 +6,6 @@
 #include "support/TestField.h"
 #include "support/TestSupport.h"
 
-#include <memory>
-
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
@@ -82,7 +80,7 @@ TEST(NSKeyValueCoding, NilReceiversAndNilKeysGiveNil)
     EXPECT_TRUE(isNSNull(valueForKey(NSNull(), Unknown)));
 }
 
-TEST(NSKeyValueCoding, MapsAndGadgets)
+TEST(NSKeyValueCoding, ReadsMapsAndGadgets)
 {
     const QVariantMap map{{u"a"_s, 1}, {u"@x"_s, 2}};
     EXPECT_EQ(valueForKey(map, u"a"_s), QVariant(1));
@@ -108,7 +106,7 @@ TEST(NSKeyValueCoding, ListsCollect)
     EXPECT_EQ(valueForKey(typed, u"size"_s).toList(), QVariantList{0});
 }
 
-TEST(NSKeyValueCoding, KeyPaths)
+TEST(NSKeyValueCoding, FollowsKeyPaths)
 {
     TestField top(u"top"_s);
     TestField middle(u"middle"_s);
@@ -122,7 +120,7 @@ TEST(NSKeyValueCoding, KeyPaths)
     EXPECT_THROW(valueForKeyPath(&leaf, u"size.name"_s), NSException);
 }
 
-TEST(NSKeyValueCoding, OperatorsOverCollections)
+TEST(NSKeyValueCoding, ComputesOperatorsOverCollections)
 {
     const auto value = [](const char *text) {
         return QVariantMap{{u"value"_s, QLatin1String(text)}};
@@ -181,37 +179,4 @@ TEST(NSKeyValueCoding, ListsSetEveryElement)
     QVariant list = QVariantList{QVariant::fromValue(&one), QVariant::fromValue(&two)};
     setValue(list, 5, u"size"_s);
     EXPECT_EQ(one.size() + two.size(), 10);
-}
-
-TEST(KeyAccessor, FollowsChangesOfClass)
-{
-    KeyAccessor size(u"size"_s);
-    TestField field(QString(), 3);
-    const QVariantMap map{{u"size"_s, u"big"_s}};
-    for (int round = 0; round < 3; ++round) {
-        EXPECT_EQ(size.read(KeyValueTarget::of(&field)), QVariant(3));
-        EXPECT_EQ(size.read(KeyValueTargets::target(map)), QVariant(u"big"_s));
-        EXPECT_FALSE(size.read(KeyValueTarget()).isValid());
-    }
-}
-
-TEST(KeyAccessor, DynamicPropertiesBelongToOneObject)
-{
-    TestField with;
-    TestField without;
-    with.setProperty("colour", 1);
-    KeyAccessor colour(u"colour"_s);
-    EXPECT_EQ(colour.read(KeyValueTarget::of(&with)), QVariant(1));
-    EXPECT_THROW(colour.read(KeyValueTarget::of(&without)), NSException);
-    EXPECT_EQ(colour.read(KeyValueTarget::of(&with)), QVariant(1));
-}
-
-TEST(KeyAccessor, ValuesThatWereCopiedStay)
-{
-    KeyAccessor name(u"name"_s);
-    TestField one(u"one"_s);
-    TestField two(u"two"_s);
-    const QVariant kept = name.read(KeyValueTarget::of(&one));
-    EXPECT_EQ(name.read(KeyValueTarget::of(&two)), QVariant(u"two"_s));
-    EXPECT_EQ(kept, QVariant(u"one"_s));
 }

@@ -93,7 +93,7 @@ TEST(NSKeyValueObservation, TheInitialCallHasNoOldValue)
     EXPECT_EQ(nil.told(), words(u"->nil"));
 }
 
-TEST(NSKeyValueObservation, ValuesThatFollowFromOthers)
+TEST(NSKeyValueObservation, TellsOfValuesThatFollowFromOthers)
 {
     ObservedRecord record(q(u"a"));
     Recorder recorder(&record, q(u"greeting"));
@@ -101,7 +101,7 @@ TEST(NSKeyValueObservation, ValuesThatFollowFromOthers)
     EXPECT_EQ(recorder.told(), QStringList(q(u"Hello a>Hello b")));
 }
 
-TEST(NSKeyValueObservation, OneCallForASetByKey)
+TEST(NSKeyValueObservation, CallsOnceForASetByKey)
 {
     ObservedRecord record;
     Recorder recorder(&record, q(u"number"));
@@ -134,7 +134,7 @@ TEST(NSKeyValueObservation, FollowsPathsThroughObjects)
     EXPECT_EQ(recorder.told(), words(u"31>32"));
 }
 
-TEST(NSKeyValueObservation, OneObjectTwiceOnThePath)
+TEST(NSKeyValueObservation, FollowsOneObjectTwiceOnThePath)
 {
     ObservedRecord record(q(u"a"), 1);
     record.setNext(&record);
@@ -160,7 +160,7 @@ TEST(NSKeyValueObservation, BeyondMapsAndListsTheRestIsRead)
     EXPECT_EQ(count.told(), words(u"0>3"));
 }
 
-TEST(NSKeyValueObservation, DynamicProperties)
+TEST(NSKeyValueObservation, TellsOfDynamicProperties)
 {
     // Their events are sent by the application.
     testing_support::needApplication();
@@ -488,7 +488,7 @@ TEST(NSKeyValueObservation, ObjectsThatAnswerKeysThemselves)
     EXPECT_EQ(object.plain, 8);
 }
 
-TEST(NSKeyValueObservation, OfNothing)
+TEST(NSKeyValueObservation, ObservingNothingIsHarmless)
 {
     Recorder nothing(nullptr, q(u"a"));
     EXPECT_FALSE(nothing.isActive());

@@ -1,11 +1,19 @@
 target_sources(KTUtilityTests PRIVATE
     Platform/Keys/InvokerTests.cpp
+    Platform/Keys/KeyAccessorTests.cpp
+    Platform/Keys/KeyPathTests.cpp
     Platform/Keys/NSClassTests.cpp
+    Platform/Keys/NSCollectionsTests.cpp
     Platform/Keys/NSKeyValueCodingSettersTests.cpp
     Platform/Keys/NSKeyValueCodingTests.cpp
     Platform/Keys/NSKeyValueObservationTests.cpp
     Platform/Keys/NSKeyValueObservingTests.cpp
     Platform/Keys/NSPredicateTests.cpp
+    Platform/Keys/NSProtocolTests.cpp
+    Platform/Keys/NSSelectionMarkerTests.cpp
+    Platform/Keys/NSSelectorTests.cpp
+    Platform/Keys/NSSortDescriptorTests.cpp
+    Platform/Keys/NSWeakMapTableTests.cpp
     Platform/Keys/ValueMatcherTests.cpp
     support/ObservedModel.h
 )

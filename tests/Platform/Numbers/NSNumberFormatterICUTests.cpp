@@ -98,11 +98,11 @@ void setUp(NSNumberFormatter &formatter, const Setting &setting)
     formatter.setUsesGroupingSeparator(setting.usesGrouping);
 }
 
-class QuickReading : public testing::TestWithParam<Setting>
+class NSNumberFormatterICUReadingTests : public testing::TestWithParam<Setting>
 {
 };
 
-class QuickWriting : public testing::TestWithParam<const char *>
+class NSNumberFormatterICUWritingTests : public testing::TestWithParam<const char *>
 {
 };
 
@@ -123,7 +123,7 @@ QVariant randomValue(Random &random)
 }
 } // namespace
 
-TEST_P(QuickReading, AgreesWithICU)
+TEST_P(NSNumberFormatterICUReadingTests, AgreesWithICU)
 {
     NSNumberFormatter quick;
     setUp(quick, GetParam());
@@ -150,9 +150,10 @@ TEST_P(QuickReading, AgreesWithICU)
     EXPECT_GT(numbers, TextsPerFormatter / 4);
 }
 
-INSTANTIATE_TEST_SUITE_P(NSNumberFormatter, QuickReading, testing::ValuesIn(settings()));
+INSTANTIATE_TEST_SUITE_P(NSNumberFormatter, NSNumberFormatterICUReadingTests,
+                         testing::ValuesIn(settings()));
 
-TEST_P(QuickWriting, AgreesWithICU)
+TEST_P(NSNumberFormatterICUWritingTests, AgreesWithICU)
 {
     Random random(19780101);
     const NSLocale locale(QString::fromLatin1(GetParam()));
@@ -185,6 +186,6 @@ TEST_P(QuickWriting, AgreesWithICU)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(NSNumberFormatter, QuickWriting,
+INSTANTIATE_TEST_SUITE_P(NSNumberFormatter, NSNumberFormatterICUWritingTests,
                          testing::Values("en_US", "de_DE", "fr_FR", "ja_JP", "sv_SE", "hi_IN",
                                          "ar_EG", "es_ES", "de_CH", "pl_PL", "fa_IR", "de_AT"));

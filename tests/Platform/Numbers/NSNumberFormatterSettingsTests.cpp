@@ -7,10 +7,10 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-class NSNumberFormatterSettings : public testing::Test
+class NSNumberFormatterSettingsTests : public testing::Test
 {
 protected:
-    NSNumberFormatterSettings()
+    NSNumberFormatterSettingsTests()
     {
         formatter.setLocale(NSLocale(u"en_US"_s));
         formatter.setNumberStyle(NSNumberFormatterDecimalStyle);
@@ -22,7 +22,7 @@ protected:
 };
 } // namespace
 
-TEST_F(NSNumberFormatterSettings, GroupsBeyondTheFirstMayHaveAnotherSize)
+TEST_F(NSNumberFormatterSettingsTests, GroupsBeyondTheFirstMayHaveAnotherSize)
 {
     EXPECT_EQ(shown(12345678), u"12,345,678");
     formatter.setSecondaryGroupingSize(2);
@@ -31,7 +31,7 @@ TEST_F(NSNumberFormatterSettings, GroupsBeyondTheFirstMayHaveAnotherSize)
     EXPECT_EQ(formatter.numberFromString(u"1,23,45,678"_s), 12345678);
 }
 
-TEST_F(NSNumberFormatterSettings, TheSymbolOfExponentsMayBeSet)
+TEST_F(NSNumberFormatterSettingsTests, TheSymbolOfExponentsMayBeSet)
 {
     formatter.setExponentSymbol(u"e"_s);
     EXPECT_EQ(formatter.exponentSymbol(), u"e");
@@ -39,7 +39,7 @@ TEST_F(NSNumberFormatterSettings, TheSymbolOfExponentsMayBeSet)
     EXPECT_EQ(shown(1500), u"1.5e3");
 }
 
-TEST_F(NSNumberFormatterSettings, PaddingStandsWhereItIsAsked)
+TEST_F(NSNumberFormatterSettingsTests, PaddingStandsWhereItIsAsked)
 {
     formatter.setFormatWidth(6);
     formatter.setPaddingCharacter(u"*"_s);
@@ -52,7 +52,7 @@ TEST_F(NSNumberFormatterSettings, PaddingStandsWhereItIsAsked)
     EXPECT_EQ(shown(-42), u"-42***");
 }
 
-TEST_F(NSNumberFormatterSettings, CountsOfDigitsGiveWay)
+TEST_F(NSNumberFormatterSettingsTests, CountsOfDigitsGiveWay)
 {
     formatter.setMaximumIntegerDigits(4);
     formatter.setMinimumIntegerDigits(6);

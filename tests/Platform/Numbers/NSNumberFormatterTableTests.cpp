@@ -271,7 +271,7 @@ void setUp(NSNumberFormatter &formatter, const QJsonObject &row, int style)
 }
 } // namespace
 
-TEST(NSNumberFormatterTables, FormatsNumbers)
+TEST(NSNumberFormatterTable, FormatsNumbers)
 {
     int formatted = 0;
     for (const QJsonObject &row : rowsOf(u"platform/number_format.jsonl"_s)) {
@@ -288,7 +288,7 @@ TEST(NSNumberFormatterTables, FormatsNumbers)
     EXPECT_EQ(formatted, 56);
 }
 
-TEST(NSNumberFormatterTables, ReadsNumbers)
+TEST(NSNumberFormatterTable, ReadsNumbers)
 {
     int read = 0;
     for (const QJsonObject &row : rowsOf(u"platform/number_parse.jsonl"_s)) {
@@ -305,7 +305,7 @@ TEST(NSNumberFormatterTables, ReadsNumbers)
     EXPECT_EQ(read, 8);
 }
 
-TEST(NSNumberFormatterTables, HasTheDefaultsOfItsStyle)
+TEST(NSNumberFormatterTable, HasTheDefaultsOfItsStyle)
 {
     int checked = 0;
     for (const QJsonObject &row : rowsOf(u"platform/number_defaults.jsonl"_s)) {
@@ -327,7 +327,7 @@ TEST(NSNumberFormatterTables, HasTheDefaultsOfItsStyle)
     EXPECT_GE(checked, 75);
 }
 
-TEST(NSNumberFormatterTables, KeepsWhatIsSetThroughChangesOfOtherSettings)
+TEST(NSNumberFormatterTable, KeepsWhatIsSetThroughChangesOfOtherSettings)
 {
     for (const QJsonObject &row : rowsOf(u"platform/number_defaults.jsonl"_s)) {
         if (!row.contains(u"sequence"))
@@ -345,7 +345,7 @@ TEST(NSNumberFormatterTables, KeepsWhatIsSetThroughChangesOfOtherSettings)
     }
 }
 
-TEST(NSNumberFormatterTables, DerivesPatternsFromEachOther)
+TEST(NSNumberFormatterTable, DerivesPatternsFromEachOther)
 {
     NSNumberFormatter formatter;
     for (const QJsonObject &row : rowsOf(u"platform/number_pattern_setters.jsonl"_s)) {
@@ -363,7 +363,7 @@ TEST(NSNumberFormatterTables, DerivesPatternsFromEachOther)
     }
 }
 
-TEST(NSNumberFormatterTables, DisplaysAsTheTableSays)
+TEST(NSNumberFormatterTable, DisplaysAsTheTableSays)
 {
     int cells = 0;
     for (const QJsonObject &row : rowsOf(u"formatters/number_display.jsonl"_s)) {

@@ -1,6 +1,7 @@
 #include <KTUtility/NSDecimalNumber>
 #include <KTUtility/NSException>
 #include <KTUtility/NSLocale>
+#include <KTUtility/NSObject>
 
 #include "support/TestSupport.h"
 
@@ -298,4 +299,58 @@ TEST(NSDecimalNumber, OrdersByValue)
                       decimal(left).doubleValue() <=> decimal(right).doubleValue());
     }
     EXPECT_GT(NSDecimalNumber::notANumber(), NSDecimalNumber::maximumDecimalNumber());
+}
+
+namespace {
+QVariant decimal(const char16_t *text)
+{
+    return QVariant::fromValue(NSDecimalNumber::decimalNumberWithString(text));
+}
+} // namespace
+
+TEST(NSDecimalNumber, KeepsThirtyEightDigitsRoundedHalfAwayFromZero)
+{
+    const auto description = [](const char16_t *text) {
+        return NSDecimalNumber::decimalNumberWithString(text).description();
+    };
+    EXPECT_EQ(description(u"3.14159265358979323846264338327950288419"),
+              u"3.1415926535897932384626433832795028842"_s);
+    EXPECT_EQ(description(u"99999999999999999999999999999999999999"), QString(38, u'9'));
+    EXPECT_EQ(description(u"999999999999999999999999999999999999995"), u"1"_s + QString(39, u'0'));
+    EXPECT_EQ(description(u"1e127"), u"1"_s + QString(127, u'0'));
+    EXPECT_EQ(description(u"1e-128").size(), 130);
+    EXPECT_EQ(description(u"1e128"), u"1"_s + QString(128, u'0'));
+    EXPECT_EQ(description(u"1e165"), u"NaN"_s);
+    EXPECT_EQ(description(u"-0"), u"0"_s);
+    EXPECT_EQ(description(u"1e"), u"1"_s);
+    EXPECT_EQ(description(u"1e99999999999999999999"), u"NaN"_s);
+}
+
+TEST(NSDecimalNumber, TheExampleOfTheHeaderHolds)
+{
+    const auto price = NSDecimalNumber::decimalNumberWithString(u"12.50");
+    EXPECT_EQ(price.description(), u"12.5"_s);
+    EXPECT_TRUE(price == NSDecimalNumber::decimalNumberWithString(u"12.5"));
+    EXPECT_TRUE(NSDecimalNumber::decimalNumberWithString(u"abc").isNaN());
+    EXPECT_EQ(NSDecimalNumber(-1200).integerValue(), -1200);
+    EXPECT_DOUBLE_EQ(price.doubleValue(), 12.5);
+}
+
+TEST(NSDecimalNumber, OrdersBySignPlaceAndDigits)
+{
+    const char16_t *ascending[] = {u"-1e40", u"-12.5",  u"-12.49", u"-1",   u"-0.001",
+                                   u"0",     u"1e-100", u"0.5",    u"9.99", u"10",
+                                   u"10.01", u"1e40",   u"x"};
+    for (size_t i = 0; i < std::size(ascending); ++i) {
+        for (size_t j = 0; j < std::size(ascending); ++j)
+            EXPECT_EQ(NSDecimalNumber::decimalNumberWithString(ascending[i]) <=>
+                          NSDecimalNumber::decimalNumberWithString(ascending[j]),
+                      i <=> j);
+    }
+}
+
+TEST(NSDecimalNumber, EqualsADoubleOfTheSameShortestText)
+{
+    EXPECT_TRUE(NSObject::isEqual(decimal(u"0.1"), 0.1));
+    EXPECT_FALSE(NSObject::isEqual(decimal(u"0.10000000000000001"), 0.1));
 }

@@ -7,7 +7,6 @@
 
 #include <QDateTime>
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -131,7 +130,7 @@ TEST(NSObject, NumbersAndTruthOfValues)
     EXPECT_FALSE(NSObject::boolValue(QVariant()));
 }
 
-TEST(NSObject, Descriptions)
+TEST(NSObject, DescribesValuesAsThePlatformDoes)
 {
     EXPECT_EQ(NSObject::description(QVariant()), u"(null)"_s);
     EXPECT_EQ(NSObject::description(NSNull()), u"<null>"_s);
@@ -152,78 +151,4 @@ TEST(NSObject, DescriptionsOfDeepListsEnd)
     for (int depth = 0; depth < 5000; ++depth)
         list = QVariantList{list};
     EXPECT_TRUE(NSObject::description(list).contains(u"..."));
-}
-
-TEST(NSCollections, SetsAndTablesUseThePlatformsEquality)
-{
-    NSSet set{1, u"1"_s};
-    EXPECT_EQ(set.size(), 2);
-    EXPECT_FALSE(set.addObject(1.0));
-    EXPECT_TRUE(set.contains(decimal(u"1.00")));
-    set.remove(true);
-    EXPECT_EQ(set, NSSet{u"1"_s});
-
-    NSMapTable<QVariant, int> table;
-    table.setObject(5, 1);
-    table.setObject(6, 1.0);
-    EXPECT_EQ(table.count(), 1);
-    EXPECT_EQ(table.objectForKey(1), 6);
-    EXPECT_FALSE(table.objectForKey(2).has_value());
-}
-
-TEST(NSCollections, BoxingMakesNilOfNullTextsAndPointers)
-{
-    EXPECT_FALSE(NSBoxed(QString()).isValid());
-    EXPECT_TRUE(NSBoxed(u""_s).isValid());
-    EXPECT_FALSE(NSBoxed(static_cast<TestField *>(nullptr)).isValid());
-    EXPECT_FALSE(NSBoxed(std::shared_ptr<TestField>()).isValid());
-    const auto field = std::make_shared<TestField>();
-    EXPECT_EQ(NSBoxed(field).value<TestField *>(), field.get());
-}
-
-TEST(NSDecimalNumber, KeepsThirtyEightDigitsRoundedHalfAwayFromZero)
-{
-    const auto description = [](const char16_t *text) {
-        return NSDecimalNumber::decimalNumberWithString(text).description();
-    };
-    EXPECT_EQ(description(u"3.14159265358979323846264338327950288419"),
-              u"3.1415926535897932384626433832795028842"_s);
-    EXPECT_EQ(description(u"99999999999999999999999999999999999999"), QString(38, u'9'));
-    EXPECT_EQ(description(u"999999999999999999999999999999999999995"), u"1"_s + QString(39, u'0'));
-    EXPECT_EQ(description(u"1e127"), u"1"_s + QString(127, u'0'));
-    EXPECT_EQ(description(u"1e-128").size(), 130);
-    EXPECT_EQ(description(u"1e128"), u"1"_s + QString(128, u'0'));
-    EXPECT_EQ(description(u"1e165"), u"NaN"_s);
-    EXPECT_EQ(description(u"-0"), u"0"_s);
-    EXPECT_EQ(description(u"1e"), u"1"_s);
-    EXPECT_EQ(description(u"1e99999999999999999999"), u"NaN"_s);
-}
-
-TEST(NSDecimalNumber, TheExampleOfTheHeaderHolds)
-{
-    const auto price = NSDecimalNumber::decimalNumberWithString(u"12.50");
-    EXPECT_EQ(price.description(), u"12.5"_s);
-    EXPECT_TRUE(price == NSDecimalNumber::decimalNumberWithString(u"12.5"));
-    EXPECT_TRUE(NSDecimalNumber::decimalNumberWithString(u"abc").isNaN());
-    EXPECT_EQ(NSDecimalNumber(-1200).integerValue(), -1200);
-    EXPECT_DOUBLE_EQ(price.doubleValue(), 12.5);
-}
-
-TEST(NSDecimalNumber, OrdersBySignPlaceAndDigits)
-{
-    const char16_t *ascending[] = {u"-1e40", u"-12.5",  u"-12.49", u"-1",   u"-0.001",
-                                   u"0",     u"1e-100", u"0.5",    u"9.99", u"10",
-                                   u"10.01", u"1e40",   u"x"};
-    for (size_t i = 0; i < std::size(ascending); ++i) {
-        for (size_t j = 0; j < std::size(ascending); ++j)
-            EXPECT_EQ(NSDecimalNumber::decimalNumberWithString(ascending[i]) <=>
-                          NSDecimalNumber::decimalNumberWithString(ascending[j]),
-                      i <=> j);
-    }
-}
-
-TEST(NSDecimalNumber, EqualsADoubleOfTheSameShortestText)
-{
-    EXPECT_TRUE(NSObject::isEqual(decimal(u"0.1"), 0.1));
-    EXPECT_FALSE(NSObject::isEqual(decimal(u"0.10000000000000001"), 0.1));
 }

@@ -27,7 +27,7 @@ TEST(NSStringFormat, TheExamplesOfTheHeaderHold)
     EXPECT_EQ(format(u"%d of %d", 3), "3 of 0");
 }
 
-TEST(NSStringFormat, Integers)
+TEST(NSStringFormat, WritesIntegersOfAllWidths)
 {
     EXPECT_EQ(format(u"%d %i %D %ld %lld %qd", 1, 2, 3, 4L, 5LL, 6), "1 2 3 4 5 6");
     EXPECT_EQ(format(u"%5d|%-5d|%05d|%+d|% d", 42, 42, 42, 42, 42), "   42|42   |00042|+42| 42");
@@ -43,7 +43,7 @@ TEST(NSStringFormat, Integers)
     EXPECT_EQ(format(u"%d", 'a'), "97");
 }
 
-TEST(NSStringFormat, Reals)
+TEST(NSStringFormat, WritesReals)
 {
     EXPECT_EQ(format(u"%f %.2f %8.3f|", 1.5, 2.345, 3.14159), "1.500000 2.35    3.142|");
     EXPECT_EQ(format(u"%e %G %a", 12345.678, 1e-10, 1.0), "1.234568e+04 1E-10 0x1p+0");
@@ -53,7 +53,7 @@ TEST(NSStringFormat, Reals)
     EXPECT_EQ(format(u"%f", 1e308).size(), 316U);
 }
 
-TEST(NSStringFormat, TextsAndCharacters)
+TEST(NSStringFormat, WritesTextsAndCharacters)
 {
     EXPECT_EQ(format(u"%@ %s %S", u"é"_s, "ü", u"日"), "é ü 日");
     EXPECT_EQ(format(u"[%5@|%-5@|%.2@]", u"ab", u"ab", u"abcdef"), "[   ab|ab   |ab]");
@@ -99,7 +99,7 @@ TEST(NSStringFormat, WrongKindsPrintAsDescriptions)
     EXPECT_EQ(format(u"%c", u"abc"), "abc");
 }
 
-TEST(NSStringFormat, WidthsFromArguments)
+TEST(NSStringFormat, TakesWidthsFromArguments)
 {
     EXPECT_EQ(format(u"%*d|%-*d|%.*f", 4, 7, 4, 7, 1, 2.25), "   7|7   |2.2");
     EXPECT_EQ(format(u"%*d|", -4, 7), "7   |");
@@ -138,7 +138,7 @@ TEST(NSStringFormat, VariantsAreWhatTheyHold)
     EXPECT_EQ(format(u"%@ %@ %@", 'x', u'é', U'😀'), "x é 😀");
 }
 
-TEST(NSStringFormat, LengthsAndGroupingsThatChangeNothing)
+TEST(NSStringFormat, PassesOverLengthsAndGroupings)
 {
     EXPECT_EQ(format(u"%'d %Lf %lld", 1234567, 0.5, 3), "1234567 0.500000 3");
     EXPECT_EQ(format(u"%zu %td %jd", size_t(7), -7, 7), "7 -7 7");

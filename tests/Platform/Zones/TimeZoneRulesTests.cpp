@@ -17,12 +17,12 @@ const TimeZoneRules &rulesOf(const char *zone)
 constexpr qint64 Second = 1000;
 constexpr qint64 Hour = 3600 * Second;
 
-class TimeZoneRulesOf : public testing::TestWithParam<const char *>
+class TimeZoneRulesTests : public testing::TestWithParam<const char *>
 {
 };
 } // namespace
 
-TEST_P(TimeZoneRulesOf, HasTheOffsetsOfTheCLibrary)
+TEST_P(TimeZoneRulesTests, HasTheOffsetsOfTheCLibrary)
 {
     const LibcZone libc(GetParam());
     const TimeZoneRules &rules = rulesOf(GetParam());
@@ -35,7 +35,7 @@ TEST_P(TimeZoneRulesOf, HasTheOffsetsOfTheCLibrary)
     }
 }
 
-TEST_P(TimeZoneRulesOf, ReadsLocalTimesAroundEachChange)
+TEST_P(TimeZoneRulesTests, ReadsLocalTimesAroundEachChange)
 {
     const QTimeZone zone(GetParam());
     const TimeZoneRules &rules = TimeZoneRules::rulesOf(zone);
@@ -54,7 +54,7 @@ TEST_P(TimeZoneRulesOf, ReadsLocalTimesAroundEachChange)
     }
 }
 
-TEST_P(TimeZoneRulesOf, AreTheSameForICU)
+TEST_P(TimeZoneRulesTests, AreTheSameForICU)
 {
     const TimeZoneRules &rules = rulesOf(GetParam());
     for (qint64 time = -2'000'000'000; time < 3'000'000'000; time += 1'234'567) {
@@ -72,7 +72,7 @@ TEST_P(TimeZoneRulesOf, AreTheSameForICU)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Zones, TimeZoneRulesOf,
+INSTANTIATE_TEST_SUITE_P(Zones, TimeZoneRulesTests,
                          testing::Values("UTC", "America/New_York", "Europe/Berlin",
                                          "Europe/Dublin", "Asia/Kathmandu", "America/St_Johns",
                                          "Pacific/Apia", "Australia/Lord_Howe", "Africa/Casablanca",

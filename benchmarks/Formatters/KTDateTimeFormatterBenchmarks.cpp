@@ -1,6 +1,7 @@
 // Date and time fields: a typed text through all that is tried. The peers are one ready ICU parse
 // in the pattern that reads the text, and the creation of one ICU formatter.
 
+#include "DatePeers.h"
 #include "Report.h"
 
 #include <KTUtility/KTDateTimeFormatter>
@@ -75,17 +76,6 @@ void peerParseAnew(benchmark::State &state)
     }
 }
 
-void peerCreate(benchmark::State &state)
-{
-    const icu::Locale locale("en_US");
-    const icu::UnicodeString pattern(u"M/d/yy");
-    for (auto _ : state) {
-        UErrorCode status = U_ZERO_ERROR;
-        auto format = std::make_unique<icu::SimpleDateFormat>(pattern, locale, status);
-        benchmark::DoNotOptimize(format);
-    }
-}
-
 /// The same text again and again: the formatter that read it is tried first.
 template<const char16_t *Typed>
 void readAgain(benchmark::State &state)
@@ -138,7 +128,7 @@ BENCHMARK(peerParseAnew<NumericPattern, Numeric>)->Name("Fields/peer: ICU parses
 BENCHMARK(peerParseAnew<BothPattern, Both>)->Name("Fields/peer: ICU parses, ISO and both");
 BENCHMARK(peerParseAnew<TimePattern, Time>)->Name("Fields/peer: ICU parses, ISO and time");
 BENCHMARK(peerParseAnew<NamedPattern, Named>)->Name("Fields/peer: ICU parses, ISO and name");
-BENCHMARK(peerCreate)->Name("Fields/peer: ICU creation");
+BENCHMARK(peerDateFormatMade)->Name("Fields/peer: ICU creation");
 BENCHMARK(readAgain<Numeric>)->Name("Fields/date, most recent");
 BENCHMARK(readAnew<Numeric>)->Name("Fields/ISO, then date");
 BENCHMARK(readAgain<Both>)->Name("Fields/date and time, most recent");

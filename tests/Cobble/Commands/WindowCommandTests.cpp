@@ -1,6 +1,6 @@
 // The command `cobble window`.
 
-#include "WindowSupport.h"
+#include "Cobble/Window/WindowSupport.h"
 
 #include "Window/WindowPicture.h"
 
@@ -8,10 +8,10 @@
 
 using namespace Qt::StringLiterals;
 
-class WindowCommand : public HostWindowTest
+class WindowCommandTests : public HostWindowTest
 {
 protected:
-    WindowCommand() { import(u"Things.csv"_s, Things); }
+    WindowCommandTests() { import(u"Things.csv"_s, Things); }
 
     CommandResult run(const QStringList &arguments)
     {
@@ -28,7 +28,7 @@ protected:
     }
 };
 
-TEST_F(WindowCommand, DrawsTheWindow)
+TEST_F(WindowCommandTests, DrawsTheWindow)
 {
     const QImage picture = draw();
     EXPECT_EQ(picture.size(), QSize(1000, 700));
@@ -37,7 +37,7 @@ TEST_F(WindowCommand, DrawsTheWindow)
     EXPECT_EQ(picture, draw({u"things"_s}));
 }
 
-TEST_F(WindowCommand, DrawsSheetsOverTheWindow)
+TEST_F(WindowCommandTests, DrawsSheetsOverTheWindow)
 {
     const QImage plain = draw();
     for (const char *const sheet : {"import", "export", "delete", "about"}) {
@@ -48,7 +48,7 @@ TEST_F(WindowCommand, DrawsSheetsOverTheWindow)
     }
 }
 
-TEST_F(WindowCommand, SaysWhatIsWrong)
+TEST_F(WindowCommandTests, SaysWhatIsWrong)
 {
     EXPECT_EQ(run({u"a"_s, u"b"_s}).exitCode, 2);
     EXPECT_EQ(run({u"--screenshot"_s, QString()}).exitCode, 2);
@@ -69,7 +69,7 @@ TEST_F(WindowCommand, SaysWhatIsWrong)
     EXPECT_TRUE(folder.errors.startsWith(u"cobble: " + tree.path(u"none/w.png: "_s)));
 }
 
-TEST_F(WindowCommand, WithoutADisplayItSaysHowToDraw)
+TEST_F(WindowCommandTests, WithoutADisplayItSaysHowToDraw)
 {
     const CommandResult result = run({});
     EXPECT_EQ(result.exitCode, 1);

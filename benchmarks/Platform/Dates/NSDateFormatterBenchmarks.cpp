@@ -2,6 +2,7 @@
 // it, one format of the same date, or the creation of one formatter; and what Qt and GLib have for
 // the same date.
 
+#include "DatePeers.h"
 #include "Report.h"
 
 #include <KTUtility/Platform/Dates/DateFormatterAccess_p.h>
@@ -236,17 +237,6 @@ void peerGLibFormat(benchmark::State &state)
     }
 }
 
-void peerCreate(benchmark::State &state)
-{
-    const icu::Locale locale("en_US");
-    const icu::UnicodeString pattern(u"M/d/yy");
-    for (auto _ : state) {
-        UErrorCode status = U_ZERO_ERROR;
-        auto format = std::make_unique<icu::SimpleDateFormat>(pattern, locale, status);
-        benchmark::DoNotOptimize(format);
-    }
-}
-
 /// A new field: its 60 or so formatters, and the first text that goes through all of them.
 void firstParse(benchmark::State &state)
 {
@@ -329,7 +319,7 @@ const bool registered = [] {
     pair("Dates/show, with zone", "Dates/peer: ICU format with zone", 1.2, show<DisplayedZone>,
          peerFormat<DisplayedZone>);
     pair("Dates/first text of new formatters", "Dates/peer: SimpleDateFormat made", 1.5, firstParse,
-         peerCreate);
+         peerDateFormatMade);
     return pair("Dates/first text in a new locale", "Dates/peer: SimpleDateFormat made", 20,
                 makeEnvironment, nullptr);
 }();

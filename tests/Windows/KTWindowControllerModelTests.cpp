@@ -1,6 +1,7 @@
 // Random sequences of what may happen to a queue of dialogs, beside a model of it.
 
 #include <KTUtility/KTAlertPanelDialogController>
+#include <KTUtility/KTWindowController>
 #include <KTUtility/KTWindowManager>
 
 #include "support/Properties.h"
@@ -231,7 +232,7 @@ void Scene::requireAgreement() const
 }
 } // namespace
 
-TEST(KTDialogQueueModel, AnySequenceIsThatOfTheModel)
+TEST(KTWindowControllerModel, AnySequenceIsThatOfTheModel)
 {
     needApplication();
     QApplication::setQuitOnLastWindowClosed(false);

@@ -1,10 +1,9 @@
+#include "BindingRecords.h"
 #include "Report.h"
 
 #include <KTUtility/KTFieldDetailBinder>
 #include <KTUtility/KTPropertyBinder>
 #include <KTUtility/NSKeyValueBinding>
-
-#include <QPointer>
 
 #include <benchmark/benchmark.h>
 
@@ -14,83 +13,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-/// A record in a chain.
-class Link : public QObject
-{
-    Q_OBJECT
-    Q_PROPERTY(int number READ number WRITE setNumber NOTIFY numberChanged)
-    Q_PROPERTY(QString name MEMBER name NOTIFY nameChanged)
-    Q_PROPERTY(Link *next READ next NOTIFY nextChanged)
-
-public:
-    int number() const { return _number; }
-    void setNumber(int number)
-    {
-        _number = number;
-        Q_EMIT numberChanged();
-    }
-    Link *next() const { return _next; }
-    void setNext(Link *next) { _next = next; }
-
-    QString name;
-
-Q_SIGNALS:
-    void numberChanged();
-    void nameChanged();
-    void nextChanged();
-
-private:
-    int _number = 0;
-    QPointer<Link> _next;
-};
-
-/// What a slot of a view would do at least.
-class Listener : public QObject
-{
-    Q_OBJECT
-
-public Q_SLOTS:
-    void changed() { ++_count; }
-
-public:
-    int _count = 0;
-};
-
-/// A chain of three, of which the last one changes.
-struct Chain
-{
-    Chain()
-    {
-        first.setNext(&second);
-        second.setNext(&last);
-    }
-
-    Link first, second, last;
-};
-
-void peerSignal(benchmark::State &state)
-{
-    Link record;
-    Listener listener;
-    QObject::connect(&record, &Link::numberChanged, &listener, &Listener::changed);
-    for (auto _ : state)
-        record.setNumber(listener._count);
-}
-
-void notification(benchmark::State &state)
-{
-    Chain chain;
-    qint64 sum = 0;
-    const NSKeyValueObservation observation(
-        &chain.first, u"next.next.number"_s,
-        NSKeyValueObservingOptionNew | NSKeyValueObservingOptionOld,
-        [&sum](const NSKeyValueChange &change) { sum += change.newValue->toInt(); });
-    int number = 0;
-    for (auto _ : state)
-        chain.last.setNumber(++number);
-    benchmark::DoNotOptimize(sum);
-}
-
 /// A row of a form: a binding that remembers what it is bound to, as views do.
 class Row : public QObject, public NSKeyValueBinding
 {
@@ -174,14 +96,11 @@ void replaceFields(benchmark::State &state)
         library.setFields(lists[++turn % 2]);
 }
 
-BENCHMARK(peerSignal)->Name("Bindings/peer: signal and slot");
-BENCHMARK(notification)->Name("Bindings/notification along three keys");
 BENCHMARK(replaceFields<1000>)->Name("Bindings/1,000 fields replaced");
 BENCHMARK(replaceFields<10000>)->Name("Bindings/10,000 fields replaced");
 
 const bool isRegistered =
-    compareWith("Bindings/notification along three keys", "Bindings/peer: signal and slot", 5) &&
     compareWith("Bindings/10,000 fields replaced", "Bindings/1,000 fields replaced", 13);
 } // namespace
 
-#include "BindingBenchmarks.moc"
+#include "KTFieldDetailBinderBenchmarks.moc"

@@ -1,0 +1,6 @@
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+/// The peer of what makes formatters of dates: ICU makes one.
+void peerDateFormatMade(benchmark::State &state);

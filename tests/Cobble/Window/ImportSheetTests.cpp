@@ -1,0 +1,200 @@
+// Importing through the sheet of a main window.
+
+#include "SheetSupport.h"
+
+#include <KTUtility/NSApplication>
+
+#include <QCheckBox>
+#include <QProgressBar>
+#include <QTableWidget>
+
+using namespace Qt::StringLiterals;
+
+using ImportSheetTests = HostSheetTest;
+
+TEST_F(ImportSheetTests, TwoDialogsFollowAnImport)
+{
+    MainWindowController *const window = openThings();
+    tree.add(u"Pets.csv"_s, "Pet,Age\nCat,3\nDog,many\nHen,4\nOwl,5\nPig,6\nEel,7\n"
+                            "Ant,8\nApe,9\nBat,1\nBee,2\nCow,3\nElk,4\n");
+    importThrough(window, path(u"Pets.csv"_s));
+    EXPECT_FALSE(window->importSheet()->isRunningAsDialog());
+    QWidget *const summary = window->importSummary()->window();
+    ASSERT_TRUE(summary->isVisible());
+    EXPECT_TRUE(NSApplication::isSheet(summary));
+    EXPECT_EQ(alertBox(), nullptr);
+    EXPECT_EQ(summary->findChild<QLabel *>(u"titleLabel"_s)->text(),
+              u"Stored 12 records in the library “Pets”."_s);
+    const auto *const columns = summary->findChild<QTableWidget *>(u"columnsTable"_s);
+    EXPECT_EQ(columns->item(1, 1)->text(), u"number"_s);
+    EXPECT_EQ(columns->item(1, 3)->text(), u"1"_s);
+    const auto *const unread = summary->findChild<QTableWidget *>(u"unreadTable"_s);
+    ASSERT_EQ(unread->rowCount(), 1);
+    EXPECT_EQ(unread->item(0, 2)->text(), u"many"_s);
+    QTest::keyClick(summary, Qt::Key_Return);
+    EXPECT_FALSE(summary->isVisible());
+    turn();
+    QMessageBox *const question = alertBox();
+    ASSERT_NE(question, nullptr);
+    EXPECT_EQ(question->text(), u"Show the library “Pets” now?"_s);
+    EXPECT_EQ(librariesIn(window), QStringList({u"Pets"_s, u"Things"_s}));
+    QTest::keyClick(question, Qt::Key_Return);
+    turn();
+    EXPECT_EQ(window->library()->definition().name, u"Pets"_s);
+    EXPECT_EQ(countIn(window), u"12 records"_s);
+    EXPECT_FALSE(window->continueRunningQueue());
+}
+
+TEST_F(ImportSheetTests, TheQuestionMayBeDenied)
+{
+    MainWindowController *const window = openThings();
+    tree.add(u"Pets.csv"_s, "Pet\nCat\n");
+    importThrough(window, path(u"Pets.csv"_s));
+    QTest::keyClick(window->importSummary()->window(), Qt::Key_Escape);
+    turn();
+    ASSERT_NE(alertBox(), nullptr);
+    QTest::keyClick(alertBox(), Qt::Key_Escape);
+    turn();
+    EXPECT_EQ(window->library()->definition().name, u"Things"_s);
+    EXPECT_FALSE(window->continueRunningQueue());
+}
+
+TEST_F(ImportSheetTests, ALibraryIsReplacedUnderItsWindows)
+{
+    MainWindowController *const window = openThings();
+    MainWindowController *const other = open();
+    tree.add(u"New.csv"_s, "Name\nZoe\n");
+    QWidget *const sheet = openImport(window);
+    type(field(sheet, u"fileEdit"_s), path(u"New.csv"_s));
+    type(field(sheet, u"nameEdit"_s), u"Things"_s);
+    sheet->findChild<QCheckBox *>(u"replaceBox"_s)->setChecked(true);
+    press(sheet, u"Import"_s);
+    turn();
+    EXPECT_EQ(column(window, 0), QStringList(u"Zoe"_s));
+    EXPECT_EQ(column(other, 0), QStringList(u"Zoe"_s));
+    // What is shown already need not be asked about.
+    window->importSummary()->endDialog();
+    turn();
+    EXPECT_EQ(alertBox(), nullptr);
+    EXPECT_FALSE(window->continueRunningQueue());
+}
+
+TEST_F(ImportSheetTests, WhatCannotBeImportedIsToldInTheSheet)
+{
+    MainWindowController *const window = openThings();
+    QWidget *const sheet = openImport(window);
+    press(sheet, u"Import"_s);
+    EXPECT_EQ(window->importSheet()->problem(), u"Please choose a file."_s);
+    for (const auto &[name, reason] :
+         {std::pair(u"missing.csv"_s, u"No such file"_s), std::pair(u"."_s, u"is a folder"_s)}) {
+        type(field(sheet, u"fileEdit"_s), path(name));
+        press(sheet, u"Import"_s);
+        EXPECT_TRUE(window->importSheet()->problem().contains(reason, Qt::CaseInsensitive))
+            << window->importSheet()->problem().toStdString();
+        EXPECT_TRUE(sheet->isVisible());
+    }
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    turn();
+    EXPECT_FALSE(window->continueRunningQueue());
+    // The next time it begins anew.
+    sheet->findChild<QCheckBox *>(u"replaceBox"_s)->setChecked(true);
+    field(sheet, u"nameEdit"_s)->setText(u"Things"_s);
+    openImport(window);
+    EXPECT_EQ(window->importSheet()->problem(), QString());
+    EXPECT_EQ(window->importSheet()->file(), QString());
+    EXPECT_EQ(field(sheet, u"nameEdit"_s)->text(), QString());
+    EXPECT_FALSE(sheet->findChild<QCheckBox *>(u"replaceBox"_s)->isChecked());
+    window->importSheet()->endDialog();
+    turn();
+}
+
+TEST_F(ImportSheetTests, AnImportCanBeCancelled)
+{
+    MainWindowController *const window = openThings();
+    QByteArray rows = "Number,Text\n";
+    for (int row = 0; row < 500; ++row)
+        rows += QByteArray::number(row) + ",text\n";
+    tree.add(u"Long.csv"_s, rows);
+    QWidget *const sheet = openImport(window);
+    window->importSheet()->setLookInterval(0);
+    field(sheet, u"fileEdit"_s)->setText(path(u"Long.csv"_s));
+    bool wasWorking = false;
+    // By its own button, while the rest is not to be touched.
+    QMetaObject::invokeMethod(
+        sheet,
+        [&] {
+            wasWorking = window->importSheet()->isWorking() &&
+                         sheet->findChild<QProgressBar *>()->isVisible() &&
+                         !button(sheet, u"Import"_s)->isEnabled() &&
+                         application->bundle()->isBusy();
+            press(sheet, u"Cancel"_s);
+        },
+        Qt::QueuedConnection);
+    window->importSheet()->go();
+    EXPECT_TRUE(wasWorking);
+    EXPECT_EQ(window->importSheet()->problem(), u"Cancelled. Nothing was stored."_s);
+    EXPECT_FALSE(application->bundle()->isBusy());
+    EXPECT_TRUE(sheet->isVisible());
+    application->bundle()->reload();
+    EXPECT_EQ(librariesIn(window), QStringList(u"Things"_s));
+    window->importSheet()->endDialog();
+    turn();
+}
+
+TEST_F(ImportSheetTests, EscapeAndClosingCancelTheWorkFirst)
+{
+    MainWindowController *const window = openThings();
+    QByteArray rows = "Number\n";
+    for (int row = 0; row < 500; ++row)
+        rows += QByteArray::number(row) + '\n';
+    tree.add(u"Long.csv"_s, rows);
+    const std::function<void(QWidget *)> ways[] = {
+        [](QWidget *sheet) { QTest::keyClick(sheet, Qt::Key_Escape); },
+        [](QWidget *sheet) { sheet->close(); },
+    };
+    for (const auto &way : ways) {
+        QWidget *const sheet = openImport(window);
+        window->importSheet()->setLookInterval(0);
+        field(sheet, u"fileEdit"_s)->setText(path(u"Long.csv"_s));
+        QMetaObject::invokeMethod(
+            sheet, [&] { way(sheet); }, Qt::QueuedConnection);
+        window->importSheet()->go();
+        EXPECT_TRUE(sheet->isVisible());
+        EXPECT_EQ(window->importSheet()->problem(), u"Cancelled. Nothing was stored."_s);
+        way(sheet);
+        turn();
+        EXPECT_FALSE(sheet->isVisible());
+    }
+}
+
+TEST_F(ImportSheetTests, OneWindowImportsAtATime)
+{
+    MainWindowController *const window = openThings();
+    application->bundle()->setBusy(true);
+    QWidget *const sheet = openImport(window);
+    field(sheet, u"fileEdit"_s)->setText(path(u"Things.csv"_s));
+    press(sheet, u"Import"_s);
+    EXPECT_TRUE(window->importSheet()->problem().contains(u"Another window"));
+    EXPECT_TRUE(application->bundle()->isBusy());
+    application->bundle()->setBusy(false);
+    window->importSheet()->endDialog();
+    turn();
+}
+
+TEST_F(ImportSheetTests, HugeValuesAreShortInTheSummary)
+{
+    MainWindowController *const window = openThings();
+    QByteArray rows = "Age\n";
+    for (int row = 0; row < 20; ++row)
+        rows += QByteArray::number(row) + '\n';
+    tree.add(u"Pets.csv"_s, rows + QByteArray(1 << 20, 'x') + '\n');
+    importThrough(window, path(u"Pets.csv"_s));
+    const auto *const unread =
+        window->importSummary()->window()->findChild<QTableWidget *>(u"unreadTable"_s);
+    ASSERT_EQ(unread->rowCount(), 1);
+    EXPECT_LT(unread->item(0, 2)->text().size(), 400);
+    window->importSummary()->endDialog();
+    turn();
+    QTest::keyClick(alertBox(), Qt::Key_Escape);
+    turn();
+}
