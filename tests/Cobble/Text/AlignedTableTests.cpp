@@ -63,21 +63,6 @@ TEST(AlignedTable, HostileCellsStayOnOneLineEach)
     EXPECT_LT(text.size(), size + 100 * rows.size());
 }
 
-TEST(AlignedTable, EscapesWhatSteersTheTerminal)
-{
-    EXPECT_EQ(printableText(u"a\r\n\tb"_s), u"a\\r\\n\\tb"_s);
-    EXPECT_EQ(printableText(u"\u001b[31m"_s), u"\\u001b[31m"_s);
-    EXPECT_EQ(printableText(QString(QChar(0))), u"\\u0000"_s);
-    EXPECT_EQ(printableText(u"\u0085\u007f"_s), u"\\u0085\\u007f"_s);
-    EXPECT_EQ(printableText(u"\u202e\u2066\u200f\u2028"_s), u"\\u202e\\u2066\\u200f\\u2028"_s);
-}
-
-TEST(AlignedTable, LeavesPrintableTextAlone)
-{
-    for (const QString &text : {u""_s, u"Über Straße \\n"_s, u"公司 שם 👩‍👩‍👧"_s})
-        EXPECT_EQ(printableText(text), text);
-}
-
 TEST(AlignedTable, CountsTerminalColumns)
 {
     EXPECT_EQ(displayWidth(QString()), 0);

@@ -3,5 +3,6 @@ target_sources(CobbleTests PRIVATE
     Cobble/Text/CSVReaderTests.cpp
     Cobble/Text/CSVSeparatorTests.cpp
     Cobble/Text/CSVTextTests.cpp
+    Cobble/Text/PrintableTextTests.cpp
     Cobble/Text/TextFileTests.cpp
 )

@@ -11,7 +11,7 @@
 #include "PlugInsCommand.h"
 #include "ShowCommand.h"
 #include "StandardStreams.h"
-#include "Text/AlignedTable.h"
+#include "Text/PrintableText.h"
 #include "Usage.h"
 #include "WindowCommand.h"
 

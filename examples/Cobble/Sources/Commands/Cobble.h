@@ -6,15 +6,6 @@
 
 class QTextStream;
 
-/// What a run of cobble ends with.
-enum class ExitCode {
-    Success = 0,
-    /// What was asked for could not be done: a file is missing, settings cannot be saved.
-    Failure = 1,
-    /// It was not clear what was asked for.
-    WrongUsage = 2,
-};
-
 /// Runs one command line and returns what the process ends with, an ExitCode.
 ///
 /// \param arguments those of the command line, without the name of the program.

@@ -1,7 +1,7 @@
 #include "CommandContext.h"
 
 #include "OptionNames.h"
-#include "Text/AlignedTable.h"
+#include "Text/PrintableText.h"
 #include "Usage.h"
 
 #include <QCommandLineParser>

@@ -1,7 +1,10 @@
 #pragma once
 
-#include "Cobble.h"
+#include "ExitCode.h"
 
+#include <QString>
+
+class KTLogger;
 class QCommandLineParser;
 class QTextStream;
 

@@ -4,7 +4,7 @@
 #include "Library/LibraryExport.h"
 #include "OptionNames.h"
 #include "StoredLibrary.h"
-#include "Text/AlignedTable.h"
+#include "Text/PrintableText.h"
 #include "UserSettings.h"
 
 #include <QTextStream>

@@ -2,7 +2,7 @@
 
 #include "Gallery/GalleryPage.h"
 #include "OptionNames.h"
-#include "Text/AlignedTable.h"
+#include "Text/PrintableText.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

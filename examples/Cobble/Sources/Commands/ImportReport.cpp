@@ -2,6 +2,7 @@
 
 #include "Text/AlignedTable.h"
 #include "Text/CSVSeparator.h"
+#include "Text/PrintableText.h"
 
 #include <KTUtility/KTLogger>
 

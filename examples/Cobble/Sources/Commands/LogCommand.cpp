@@ -3,7 +3,10 @@
 #include "ComponentNames.h"
 #include "OptionNames.h"
 #include "Text/AlignedTable.h"
+#include "Text/PrintableText.h"
 #include "Usage.h"
+
+#include <KTUtility/KTLogger>
 
 #include <QCommandLineParser>
 #include <QTextStream>

@@ -4,6 +4,7 @@
 #include "Library/BundleLock.h"
 #include "Library/BundleOption.h"
 #include "Text/AlignedTable.h"
+#include "Text/PrintableText.h"
 
 #include <KTUtility/NSFileManager>
 #include <KTUtility/NSPathUtilities>

@@ -3,6 +3,7 @@
 #include "Import/ImportSchema.h"
 #include "OptionNames.h"
 #include "Text/AlignedTable.h"
+#include "Text/PrintableText.h"
 #include "Usage.h"
 
 #include <KTUtility/NSString_KTNaming>

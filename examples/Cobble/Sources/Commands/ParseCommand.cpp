@@ -5,6 +5,7 @@
 #include "Fields/FieldValue.h"
 #include "OptionNames.h"
 #include "Text/AlignedTable.h"
+#include "Text/PrintableText.h"
 #include "Usage.h"
 #include "UserSettings.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Cobble.h"
+#include "ExitCode.h"
 
 #include <QStringList>
 

@@ -5,6 +5,7 @@
 #include "Library/RecordTexts.h"
 #include "StoredLibrary.h"
 #include "Text/AlignedTable.h"
+#include "Text/PrintableText.h"
 #include "UserSettings.h"
 
 #include <QTextStream>

@@ -2,6 +2,7 @@ target_sources(CobbleHost PRIVATE
     Sources/Commands/Cobble.cpp
     Sources/Commands/CommandContext.cpp
     Sources/Commands/ComponentNames.cpp
+    Sources/Commands/ExitCode.h
     Sources/Commands/ExportCommand.cpp
     Sources/Commands/GalleryCommand.cpp
     Sources/Commands/HostApplication.cpp

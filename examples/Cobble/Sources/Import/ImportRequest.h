@@ -8,9 +8,7 @@
 
 #include <optional>
 
-class QCommandLineParser;
-
-/// What the command line asks an import for.
+/// What an import is asked for.
 struct ImportRequest
 {
     QString path;
@@ -27,9 +25,4 @@ struct ImportRequest
 
     /// What a library is called unless it is given a name.
     static QString libraryNameForFile(const QString &path);
-    /// Adds the options of the command.
-    static void addOptions(QCommandLineParser *parser);
-    /// What is wrong with the values given; nil if nothing is.
-    static QString mistakeIn(const QCommandLineParser &parser);
-    static ImportRequest from(const QCommandLineParser &parser);
 };

@@ -5,16 +5,9 @@
 
 class QTextStream;
 
-/// \a text with control characters and those that change the direction of writing shown as escapes
-/// ("\n", "\u202e"), so that text from a file neither breaks a line nor steers the terminal.
-QString printableText(const QString &text);
-
 /// How many columns of a terminal \a text takes: two for the wide characters of East Asian scripts
 /// and most emoji, none for combining marks and format characters, one for the rest.
 qsizetype displayWidth(const QString &text);
-
-/// "1 record", "2 records".
-QString recordCountText(qint64 count);
 
 /// Rows of cells printed in aligned columns, two blanks apart.
 ///

@@ -2,5 +2,6 @@ target_sources(CobbleHost PRIVATE
     Sources/Text/AlignedTable.cpp
     Sources/Text/CSVReader.cpp
     Sources/Text/CSVSeparator.cpp
+    Sources/Text/PrintableText.cpp
     Sources/Text/TextFile.cpp
 )

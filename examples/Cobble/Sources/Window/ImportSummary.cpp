@@ -1,7 +1,7 @@
 #include "ImportSummary.h"
 
 #include "ShortText.h"
-#include "Text/AlignedTable.h"
+#include "Text/PrintableText.h"
 
 #include <QHeaderView>
 #include <QLabel>

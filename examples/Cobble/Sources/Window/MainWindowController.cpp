@@ -8,7 +8,7 @@
 #include "RecordTableModel.h"
 #include "RecordTableView.h"
 #include "TableSelection.h"
-#include "Text/AlignedTable.h"
+#include "Text/PrintableText.h"
 
 #include <KTUtility/KTDoNotShowAlert>
 #include <KTUtility/NSAlert>
