@@ -39,11 +39,9 @@ protected:
     }
     std::unique_ptr<LibraryStore> store() const
     {
-        QString error;
-        auto opened =
-            LibraryStore::open(KTDatabaseBundle(bundle), LibraryStore::Mode::Existing, &error);
-        EXPECT_NE(opened, nullptr) << error.toStdString();
-        return opened;
+        auto opened = LibraryStore::open(KTDatabaseBundle(bundle), LibraryStore::Mode::Existing);
+        EXPECT_TRUE(opened) << opened.reason().toStdString();
+        return std::move(opened).valueOr(nullptr);
     }
 
     FileTree tree;
@@ -72,7 +70,7 @@ TEST_F(EnvironmentHostTests, StoresTheSameValuesOfUnambiguousTexts)
     const auto opened = store();
     ASSERT_NE(opened, nullptr);
     const auto library = opened->libraryNamed(u"SIZE INFO"_s);
-    ASSERT_TRUE(library.has_value());
+    ASSERT_TRUE(library);
     QStringList rows;
     for (RecordCursor records = opened->records(*library); records.next();) {
         QStringList values;
@@ -94,7 +92,7 @@ TEST_F(EnvironmentHostTests, NamesTheTablesTheSame)
     const auto opened = store();
     ASSERT_NE(opened, nullptr);
     const auto library = opened->libraryNamed(u"size info"_s);
-    ASSERT_TRUE(library.has_value());
+    ASSERT_TRUE(library);
     EXPECT_EQ(library->tableName, u"kt_size_info");
     EXPECT_EQ(library->libraryEntityName, u"lib_size_info");
     QStringList columns;

@@ -40,17 +40,16 @@ public:
     /// Whoever opens the database next takes back what an unfinished change left in it.
     void settle() override
     {
-        QString error;
-        if (const auto store = LibraryStore::open(_bundle, LibraryStore::Mode::Existing, &error))
-            store->libraries();
+        if (const auto store = LibraryStore::open(_bundle, LibraryStore::Mode::Existing))
+            (void)(*store)->libraries();
     }
 
 protected:
     QString path(QStringView name) const { return QString(_home + u'/' + name); }
     const KTDatabaseBundle &bundle() const { return _bundle; }
 
-    ImportFile::Outcome import(const QString &file, bool replaces = false,
-                               const std::function<bool(qint64 row)> &goesOn = {}) const
+    Outcome<StoredImport> import(const QString &file, bool replaces = false,
+                                 const std::function<bool(qint64 row)> &goesOn = {}) const
     {
         ImportRequest request;
         request.path = path(file);
@@ -59,22 +58,19 @@ protected:
         request.bundle = _bundle;
         if (file.endsWith(u".csv"))
             request.mediaHeaders = {u"Picture"_s};
-        ImportFile read;
-        ImportFile::Outcome outcome;
-        outcome.errorDescription = ImportFile::read(request, &read);
-        if (!outcome.errorDescription.isNull())
-            return outcome;
+        Outcome<ImportFile> read = ImportFile::read(request);
+        if (!read)
+            return read.failure();
         if (goesOn)
-            read.settings.progress = [goesOn](qint64 row, qint64) { return goesOn(row); };
-        return read.store(request, 100);
+            read->settings.progress = [goesOn](qint64 row, qint64) { return goesOn(row); };
+        return read->store(request, 100);
     }
 
     std::unique_ptr<LibraryStore> openStore() const
     {
-        QString error;
-        auto store = LibraryStore::open(_bundle, LibraryStore::Mode::Existing, &error);
-        EXPECT_TRUE(store) << error.toStdString();
-        return store;
+        auto store = LibraryStore::open(_bundle, LibraryStore::Mode::Existing);
+        EXPECT_TRUE(store) << store.reason().toStdString();
+        return std::move(store).valueOr(nullptr);
     }
 
 private:
@@ -107,12 +103,12 @@ public:
     }
 
 protected:
-    Answer answerFor(const ImportFile::Outcome &outcome)
+    Answer answerFor(const Outcome<StoredImport> &outcome)
     {
-        _isPartial = outcome.errorDescription.isNull() && !outcome.values.unread.isEmpty();
+        _isPartial = outcome && !outcome->values.unread.isEmpty();
         if (!_isPartial)
-            return {outcome.errorDescription.isNull(), outcome.errorDescription};
-        return {false, outcome.values.unread.first().reason};
+            return {bool(outcome), outcome.reason()};
+        return {false, outcome->values.unread.first().reason};
     }
 
 private:
@@ -120,9 +116,11 @@ private:
     bool isWholeWithoutPictures(const FileState &now) const
     {
         const auto store = openStore();
-        const auto library = store ? store->libraryNamed(u"People"_s) : std::nullopt;
-        const auto used = store ? store->usedMedia() : std::nullopt;
-        if (!library || !used || store->recordCount(*library) == 0)
+        if (!store)
+            return false;
+        const auto library = store->libraryNamed(u"People"_s);
+        const auto used = store->usedMedia();
+        if (!library || !used || store->recordCount(*library).valueOr(0) == 0)
             return false;
         QSet<QString> named;
         for (const QString &url : *used) {
@@ -150,7 +148,7 @@ class ImportIntoBundle : public ImportScenario
 public:
     explicit ImportIntoBundle(const QString &home) : ImportScenario(home)
     {
-        EXPECT_TRUE(import(u"Others.csv"_s).errorDescription.isNull());
+        EXPECT_TRUE(import(u"Others.csv"_s));
     }
     Answer act() override { return answerFor(import(u"People.csv"_s)); }
 };
@@ -224,7 +222,7 @@ public:
     Answer act() override
     {
         const auto outcome = import(u"People.csv"_s, false, [](qint64 row) { return row < 3; });
-        return {outcome.values.isCancelled, outcome.errorDescription};
+        return {outcome.isCancelled(), outcome.reason()};
     }
 };
 
@@ -245,20 +243,19 @@ class Export : public LibraryScenario
 public:
     Export(const QString &home, const QString &name) : LibraryScenario(home), _name(name)
     {
-        EXPECT_TRUE(import(u"People.csv"_s).errorDescription.isNull());
+        EXPECT_TRUE(import(u"People.csv"_s));
         writeFile(path(name), "old");
     }
     Answer act() override
     {
-        QString error;
-        const auto store = LibraryStore::open(bundle(), LibraryStore::Mode::Existing, &error);
+        const auto store = LibraryStore::open(bundle(), LibraryStore::Mode::Existing);
         if (!store)
-            return {false, error};
-        const auto library = store->libraryNamed(u"People"_s);
+            return {false, store.reason()};
+        const auto library = (*store)->libraryNamed(u"People"_s);
         if (!library)
-            return {false, store->reasonForNo(u"People"_s)};
-        const auto outcome = LibraryExport::run(*store, *library, path(_name));
-        return {outcome.errorDescription.isNull(), outcome.errorDescription};
+            return {false, library.reason()};
+        const auto count = LibraryExport::run(**store, *library, path(_name));
+        return {bool(count), count.reason()};
     }
 
 private:
@@ -282,19 +279,27 @@ class RecordChange : public LibraryScenario
 public:
     explicit RecordChange(const QString &home) : LibraryScenario(home)
     {
-        EXPECT_TRUE(import(u"People.csv"_s).errorDescription.isNull());
+        EXPECT_TRUE(import(u"People.csv"_s));
     }
     Answer act() override
     {
-        QString error;
-        const auto store = LibraryStore::open(bundle(), LibraryStore::Mode::Existing, &error);
+        const auto store = LibraryStore::open(bundle(), LibraryStore::Mode::Existing);
         if (!store)
-            return {false, error};
-        const auto library = store->libraryNamed(u"People"_s);
-        const bool isDone = library && store->beginChange() &&
-                            store->update(*library, 1, 0, u"Eve"_s) &&
-                            store->removeRecord(*library, 2) && store->commit();
-        return {isDone, store->errorText()};
+            return {false, store.reason()};
+        const auto library = (*store)->libraryNamed(u"People"_s);
+        if (!library)
+            return {false, library.reason()};
+        const Outcome<> changed = changeRecords(**store, *library);
+        return {bool(changed), changed.reason()};
+    }
+
+private:
+    static Outcome<> changeRecords(LibraryStore &store, const Library &library)
+    {
+        return store.beginChange()
+            .andThen([&] { return store.update(library, 1, 0, u"Eve"_s); })
+            .andThen([&] { return store.removeRecord(library, 2); })
+            .andThen([&] { return store.commit(); });
     }
 };
 } // namespace

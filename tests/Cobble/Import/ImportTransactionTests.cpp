@@ -38,8 +38,9 @@ protected:
 
     std::unique_ptr<ImportTransaction> begin()
     {
-        error = QString();
-        return ImportTransaction::begin(bundle, &error);
+        auto import = ImportTransaction::begin(bundle);
+        error = import.reason();
+        return std::move(import).valueOr(nullptr);
     }
 
     /// Makes a library with one record that has a picture. \return the picture's URL.
@@ -54,8 +55,8 @@ protected:
     QStringList libraryNames()
     {
         QStringList names;
-        const auto store = LibraryStore::open(bundle, LibraryStore::Mode::Existing, &error);
-        const QList<Library> libraries = store ? store->libraries() : QList<Library>();
+        const auto store = LibraryStore::open(bundle, LibraryStore::Mode::Existing);
+        const auto libraries = store ? (*store)->libraries().valueOr({}) : QList<Library>();
         for (const Library &library : libraries)
             names += library.name;
         return names;
@@ -226,8 +227,7 @@ TEST_F(ImportTransactionTests, ASlashBehindTheBundleIsNotPartOfItsName)
     bundle = KTDatabaseBundle(bundle.bundlePath() + u'/');
     const auto import = begin();
     ASSERT_TRUE(import) << error.toStdString();
-    EXPECT_EQ(ImportTransaction::begin(same, &error, 10), nullptr);
-    EXPECT_EQ(error, u"another import is running"_s);
+    EXPECT_EQ(ImportTransaction::begin(same, 10).reason(), u"another import is running"_s);
 }
 
 TEST_F(ImportTransactionTests, PathsThatAreNoBundleAreRefused)
@@ -254,8 +254,7 @@ TEST_F(ImportTransactionTests, OneRunsAtATime)
 {
     const auto first = begin();
     ASSERT_TRUE(first);
-    EXPECT_EQ(ImportTransaction::begin(bundle, &error, 10), nullptr);
-    EXPECT_EQ(error, u"another import is running"_s);
+    EXPECT_EQ(ImportTransaction::begin(bundle, 10).reason(), u"another import is running"_s);
     store(*first, u"one"_s);
     EXPECT_TRUE(first->commit());
     EXPECT_EQ(libraryNames(), QStringList(u"one"_s));

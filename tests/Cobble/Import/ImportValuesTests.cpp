@@ -1,4 +1,5 @@
 #include "Import/ImportValues.h"
+#include "Import/SeparatedText.h"
 
 #include "support/TestSupport.h"
 
@@ -9,7 +10,7 @@ using namespace testing_support;
 namespace {
 ImportValues valuesOf(const QString &text)
 {
-    return ImportValues::fromText(text, ImportSource::fromText(text));
+    return *ImportValues::of(*SeparatedText::read(text));
 }
 } // namespace
 

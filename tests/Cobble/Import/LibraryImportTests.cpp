@@ -52,9 +52,9 @@ protected:
     /// The first field of the records of a library, joined with commas; nil if there is none.
     QString firstFieldsOf(const QString &library) const
     {
-        QString error;
-        const auto store = LibraryStore::open(bundle, LibraryStore::Mode::Existing, &error);
-        const auto found = store ? store->libraryNamed(library) : std::nullopt;
+        const auto store =
+            LibraryStore::open(bundle, LibraryStore::Mode::Existing).valueOr(nullptr);
+        const Outcome<Library> found = store ? store->libraryNamed(library) : Failure{};
         if (!found)
             return {};
         QStringList values;
@@ -264,8 +264,7 @@ TEST_F(LibraryImportTests, TheSampleInTheDefaultBundle)
     EXPECT_EQ(result.exitCode, 0);
     const KTDatabaseBundle sample = KTDatabaseBundle::factoryDefaultDatabaseBundle();
     EXPECT_EQ(sample.bundlePath(), home + u"/.local/share/Cobble/cobble.cobbledb");
-    QString error;
-    const auto store = LibraryStore::open(sample, LibraryStore::Mode::Existing, &error);
-    ASSERT_TRUE(store) << error.toStdString();
-    EXPECT_EQ(store->recordCount(store->libraries().first()), 302);
+    const auto store = LibraryStore::open(sample, LibraryStore::Mode::Existing);
+    ASSERT_TRUE(store) << store.reason().toStdString();
+    EXPECT_EQ(*(*store)->recordCount((*store)->libraries()->first()), 302);
 }

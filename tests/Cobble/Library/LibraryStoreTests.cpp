@@ -45,8 +45,9 @@ protected:
 
     std::unique_ptr<LibraryStore> open(LibraryStore::Mode mode = LibraryStore::Mode::Create)
     {
-        error = QString();
-        return LibraryStore::open(bundle, mode, &error);
+        auto store = LibraryStore::open(bundle, mode);
+        error = store.reason();
+        return std::move(store).valueOr(nullptr);
     }
 
     void storeContacts()
@@ -68,7 +69,7 @@ TEST_F(LibraryStoreTests, KeepsLibrariesWithTheirFields)
 {
     storeContacts();
     const auto store = open(LibraryStore::Mode::Existing);
-    const QList<Library> libraries = store->libraries();
+    const QList<Library> libraries = *store->libraries();
     ASSERT_EQ(libraries.size(), 1);
     const Library &library = libraries.first();
     EXPECT_EQ(library.name, u"Contacts"_s);
@@ -85,7 +86,7 @@ TEST_F(LibraryStoreTests, KeepsRecordsInOrder)
 {
     storeContacts();
     const auto store = open(LibraryStore::Mode::Existing);
-    EXPECT_EQ(store->recordCount(contacts()), 2);
+    EXPECT_EQ(*store->recordCount(contacts()), 2);
     RecordCursor records = store->records(contacts());
     ASSERT_TRUE(records.next());
     EXPECT_EQ(records.value(0), QVariant(u"Ann"_s));
@@ -93,7 +94,7 @@ TEST_F(LibraryStoreTests, KeepsRecordsInOrder)
     ASSERT_TRUE(records.next());
     EXPECT_FALSE(records.value(1).isValid());
     EXPECT_FALSE(records.next());
-    EXPECT_TRUE(records.errorText().isNull());
+    EXPECT_TRUE(records.outcome());
     RecordCursor first = store->records(contacts(), 1);
     EXPECT_TRUE(first.next());
     EXPECT_FALSE(first.next());
@@ -110,8 +111,8 @@ TEST_F(LibraryStoreTests, FindsLibrariesByNameThenWithoutCase)
     ASSERT_TRUE(store->begin() && store->create(small) && store->commit());
     EXPECT_EQ(store->libraryNamed(u"contacts"_s)->tableName, u"kt_contacts1"_s);
     EXPECT_EQ(store->libraryNamed(u"Contacts"_s)->tableName, u"kt_contacts"_s);
-    EXPECT_TRUE(store->libraryNamed(u"CONTACTS"_s).has_value());
-    EXPECT_FALSE(store->libraryNamed(u"Contact"_s).has_value());
+    EXPECT_TRUE(store->libraryNamed(u"CONTACTS"_s));
+    EXPECT_EQ(store->libraryNamed(u"Contact"_s).reason(), u"no library 'Contact'"_s);
 }
 
 TEST_F(LibraryStoreTests, WhatIsRolledBackNeverWas)
@@ -120,23 +121,23 @@ TEST_F(LibraryStoreTests, WhatIsRolledBackNeverWas)
     const auto store = open();
     ASSERT_TRUE(store->begin());
     ASSERT_TRUE(store->remove(contacts()));
-    EXPECT_TRUE(store->libraries().isEmpty());
+    EXPECT_TRUE(store->libraries()->isEmpty());
     store->rollback();
-    EXPECT_EQ(store->recordCount(contacts()), 2);
+    EXPECT_EQ(*store->recordCount(contacts()), 2);
     ASSERT_TRUE(store->begin() && store->remove(contacts()) && store->commit());
-    EXPECT_TRUE(store->libraries().isEmpty());
+    EXPECT_TRUE(store->libraries()->isEmpty());
 }
 
 TEST_F(LibraryStoreTests, KnowsWhichMediaAreUsed)
 {
     storeContacts();
     const auto store = open();
-    const std::optional<QSet<QString>> used = store->usedMedia();
-    ASSERT_TRUE(used.has_value());
+    const Outcome<QSet<QString>> used = store->usedMedia();
+    ASSERT_TRUE(used);
     EXPECT_TRUE(used->contains(u"cobblemedia://a"_s));
     EXPECT_FALSE(used->contains(u"cobblemedia://b"_s));
     EXPECT_FALSE(used->contains(u"Ann"_s));
-    EXPECT_EQ(store->mediaOf(contacts()), used);
+    EXPECT_EQ(*store->mediaOf(contacts()), *used);
 }
 
 TEST_F(LibraryStoreTests, MediaThatMayBeUsedAreNotKnown)
@@ -146,12 +147,11 @@ TEST_F(LibraryStoreTests, MediaThatMayBeUsedAreNotKnown)
     ASSERT_TRUE(store->begin());
     QSqlQuery(QSqlDatabase::database(QSqlDatabase::connectionNames().last()))
         .exec(u"ALTER TABLE kt_contacts RENAME TO lost"_s);
-    EXPECT_FALSE(store->usedMedia().has_value());
-    EXPECT_EQ(store->recordCount(contacts()), 0);
-    EXPECT_EQ(store->errorText(), u"no such table: kt_contacts"_s);
-    EXPECT_EQ(store->records(contacts()).errorText(), u"no such table: kt_contacts"_s);
-    EXPECT_EQ(store->libraries().size(), 1);
-    EXPECT_TRUE(store->errorText().isNull());
+    const QString reason = u"no such table: kt_contacts"_s;
+    EXPECT_EQ(store->usedMedia().reason(), reason);
+    EXPECT_EQ(store->recordCount(contacts()).reason(), reason);
+    EXPECT_EQ(store->records(contacts()).outcome().reason(), reason);
+    EXPECT_EQ(store->libraries()->size(), 1);
 }
 
 TEST_F(LibraryStoreTests, APageThatIsDamagedIsAnError)
@@ -165,11 +165,10 @@ TEST_F(LibraryStoreTests, APageThatIsDamagedIsAnError)
     testing_support::writeFile(bundle.databaseFilePath(), bytes);
     const auto store = open(LibraryStore::Mode::Existing);
     ASSERT_TRUE(store) << error.toStdString();
-    EXPECT_TRUE(store->libraries().isEmpty());
-    EXPECT_EQ(store->errorText(), u"database disk image is malformed"_s);
-    EXPECT_EQ(store->reasonForNo(u"x"_s), store->errorText());
-    EXPECT_FALSE(store->usedMedia().has_value());
-    EXPECT_FALSE(store->libraryNamed(u"Contacts"_s).has_value());
+    const QString reason = u"database disk image is malformed"_s;
+    EXPECT_EQ(store->libraries().reason(), reason);
+    EXPECT_EQ(store->usedMedia().reason(), reason);
+    EXPECT_EQ(store->libraryNamed(u"Contacts"_s).reason(), reason);
 }
 
 TEST_F(LibraryStoreTests, ASchemaThatIsDamagedIsAnError)
@@ -180,9 +179,8 @@ TEST_F(LibraryStoreTests, ASchemaThatIsDamagedIsAnError)
     testing_support::writeFile(bundle.databaseFilePath(), bytes);
     const auto store = open(LibraryStore::Mode::Existing);
     ASSERT_TRUE(store) << error.toStdString();
-    EXPECT_TRUE(store->libraries().isEmpty());
-    EXPECT_TRUE(store->errorText().startsWith(u"malformed database schema"))
-        << store->errorText().toStdString();
+    const QString reason = store->libraries().reason();
+    EXPECT_TRUE(reason.startsWith(u"malformed database schema")) << reason.toStdString();
 }
 
 TEST_F(LibraryStoreTests, ADatabaseWithoutACatalogueHasNoLibraries)
@@ -190,10 +188,9 @@ TEST_F(LibraryStoreTests, ADatabaseWithoutACatalogueHasNoLibraries)
     testing_support::writeFile(bundle.databaseFilePath(), "");
     const auto store = open(LibraryStore::Mode::Existing);
     ASSERT_TRUE(store) << error.toStdString();
-    EXPECT_TRUE(store->libraries().isEmpty());
-    EXPECT_TRUE(store->errorText().isNull());
-    EXPECT_EQ(store->reasonForNo(u"x"_s), u"no library 'x'"_s);
-    EXPECT_EQ(store->usedMedia(), QSet<QString>());
+    EXPECT_TRUE(store->libraries()->isEmpty());
+    EXPECT_EQ(store->libraryNamed(u"x"_s).reason(), u"no library 'x'"_s);
+    EXPECT_TRUE(store->usedMedia()->isEmpty());
 }
 
 TEST_F(LibraryStoreTests, MissingAndDamagedDatabasesAreErrors)
@@ -229,12 +226,10 @@ TEST_F(LibraryStoreTests, ErrorsOfSQLiteAreTold)
     storeContacts();
     const auto store = open();
     ASSERT_TRUE(store->begin());
-    EXPECT_FALSE(store->create(contacts()));
-    EXPECT_TRUE(store->errorText().contains(u"UNIQUE constraint failed"));
+    EXPECT_TRUE(store->create(contacts()).reason().contains(u"UNIQUE constraint failed"));
     store->rollback();
     Library none = contacts();
     none.tableName = u"none"_s;
     EXPECT_FALSE(store->records(none).next());
-    EXPECT_FALSE(store->remove(none));
-    EXPECT_EQ(store->errorText(), u"no such table: none"_s);
+    EXPECT_EQ(store->remove(none).reason(), u"no such table: none"_s);
 }

@@ -133,8 +133,7 @@ protected:
     QString stored(qint64 record, qsizetype field,
                    const QString &library = QStringLiteral("Things"))
     {
-        QString error;
-        const auto store = LibraryStore::open(bundle, LibraryStore::Mode::Existing, &error);
+        const auto store = *LibraryStore::open(bundle, LibraryStore::Mode::Existing);
         const auto found = store->libraryNamed(library);
         for (RecordCursor cursor = store->records(*found); cursor.next();) {
             if (cursor.id() == record)

@@ -92,12 +92,11 @@ int runCobbleProcess(const QStringList &arguments, int outputDescriptor, int err
     DescriptorStream errors(errorDescriptor);
     int exitCode = runCobble(arguments, output.stream(), errors.stream(), KTLogger::sharedLogger(),
                              isatty(errorDescriptor) == 1);
-    const QString reason = output.finish();
-    if (!reason.isNull()) {
-        errors.stream() << "cobble: standard output: " << reason << '\n';
+    if (const Outcome<> written = output.finish(); !written) {
+        errors.stream() << "cobble: standard output: " << written.reason() << '\n';
         exitCode = exitCode == int(ExitCode::Success) ? int(ExitCode::Failure) : exitCode;
     }
-    errors.finish();
+    (void)errors.finish(); // There is nowhere left to tell it.
     KTLog(kLog_Lifecycle, 4, u"exit code %d", exitCode);
     return exitCode;
 }

@@ -35,10 +35,10 @@ bool CommandContext::parse(const QStringList &arguments, QCommandLineParser *par
     return false;
 }
 
-ExitCode CommandContext::run(const QStringList &arguments, QCommandLineParser *parser,
-                             QString (*mistakeIn)(const QCommandLineParser &parser),
-                             ExitCode (*perform)(const QCommandLineParser &parser,
-                                                 CommandContext &context))
+ExitCode
+CommandContext::run(const QStringList &arguments, QCommandLineParser *parser,
+                    const std::function<Outcome<>(const QCommandLineParser &parser)> &check,
+                    ExitCode (*perform)(const QCommandLineParser &parser, CommandContext &context))
 {
     parser->addOption({HelpOption, QString()});
     if (!parse(arguments, parser))
@@ -47,8 +47,8 @@ ExitCode CommandContext::run(const QStringList &arguments, QCommandLineParser *p
         _out << usageText();
         return ExitCode::Success;
     }
-    const QString mistake = mistakeIn(*parser);
-    return mistake.isNull() ? perform(*parser, *this) : wrongUsage(mistake);
+    const Outcome<> checked = check(*parser);
+    return checked ? perform(*parser, *this) : wrongUsage(checked.reason());
 }
 
 void CommandContext::warn(const QString &message)
@@ -59,6 +59,12 @@ void CommandContext::warn(const QString &message)
 void CommandContext::warn(const QString &path, const QString &message)
 {
     warn(QString(path + u": " + message));
+}
+
+ExitCode CommandContext::fail(const QString &message)
+{
+    warn(message);
+    return ExitCode::Failure;
 }
 
 ExitCode CommandContext::fail(const QString &path, const QString &message)

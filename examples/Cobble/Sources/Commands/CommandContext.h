@@ -1,8 +1,11 @@
 #pragma once
 
 #include "ExitCode.h"
+#include "Text/Outcome.h"
 
 #include <QString>
+
+#include <functional>
 
 class KTLogger;
 class QCommandLineParser;
@@ -28,9 +31,9 @@ public:
     bool parse(const QStringList &arguments, QCommandLineParser *parser);
 
     /// The same for a command whose options, without --help, \a parser has: parses, shows the usage
-    /// if that is asked for, and runs \a perform unless \a mistakeIn tells of a mistake.
+    /// if that is asked for, and runs \a perform unless \a check finds a mistake.
     ExitCode run(const QStringList &arguments, QCommandLineParser *parser,
-                 QString (*mistakeIn)(const QCommandLineParser &parser),
+                 const std::function<Outcome<>(const QCommandLineParser &parser)> &check,
                  ExitCode (*perform)(const QCommandLineParser &parser, CommandContext &context));
 
     /// Prints the line "cobble: message" on the error output.
@@ -38,6 +41,7 @@ public:
     /// The same for something about a file: "cobble: path: message".
     void warn(const QString &path, const QString &message);
     /// Warns, and gives the exit code for what could not be done.
+    ExitCode fail(const QString &message);
     ExitCode fail(const QString &path, const QString &message);
     /// Warns, unless \a message is nil, shows the usage on the error output, and gives the exit
     /// code for that.

@@ -12,26 +12,24 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-QString mistakeInExport(const QCommandLineParser &parser)
+Outcome<> checkExport(const QCommandLineParser &parser)
 {
     const QStringList names = parser.positionalArguments();
     if (names.size() != 1)
-        return u"export needs the name of one library"_s;
+        return Failure{u"export needs the name of one library"_s};
     if (parser.value(ToOption).isEmpty())
-        return u"export needs --to and the name of a file"_s;
-    const QString mistake = BundleOption::mistakeIn(parser);
-    return mistake.isNull() ? UserSettings::mistakeInLocale(UserSettings::localeIn(parser))
-                            : mistake;
+        return Failure{u"export needs --to and the name of a file"_s};
+    return BundleOption::check(parser).andThen([&] { return UserSettings::checkLocale(parser); });
 }
 
 ExitCode exportLibrary(LibraryStore &store, const Library &library, const QString &path,
                        CommandContext &context)
 {
-    const LibraryExport::Outcome outcome = LibraryExport::run(store, library, path);
-    if (!outcome.errorDescription.isNull())
-        return context.fail(outcome.subject, outcome.errorDescription);
+    const Outcome<qint64> count = LibraryExport::run(store, library, path);
+    if (!count)
+        return context.fail(count.reason());
     context.out() << u"Exported %1 of the library '%2' to %3\n"_s.arg(
-        recordCountText(outcome.recordCount), printableText(library.name), printableText(path));
+        recordCountText(*count), printableText(library.name), printableText(path));
     return ExitCode::Success;
 }
 
@@ -56,5 +54,5 @@ ExitCode runExportCommand(const QStringList &arguments, CommandContext &context)
     parser.addOption({ToOption, QString(), u"FILE"_s});
     BundleOption::add(&parser);
     UserSettings::addLocaleOption(&parser);
-    return context.run(arguments, &parser, mistakeInExport, runExport);
+    return context.run(arguments, &parser, checkExport, runExport);
 }

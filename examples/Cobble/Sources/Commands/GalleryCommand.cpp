@@ -2,45 +2,32 @@
 
 #include "Gallery/GalleryPage.h"
 #include "OptionNames.h"
+#include "PictureFile.h"
 #include "Text/PrintableText.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
-#include <QImageWriter>
-#include <QSaveFile>
 #include <QTextStream>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-QString mistakeInGallery(const QCommandLineParser &parser)
+Outcome<> checkGallery(const QCommandLineParser &parser)
 {
     if (!parser.positionalArguments().isEmpty())
-        return u"gallery takes no arguments"_s;
-    return parser.value(ScreenshotOption).isEmpty()
-               ? u"gallery needs --screenshot with the name of a folder"_s
-               : QString();
-}
-
-/// Writes one picture; \return why that failed, nil if it did not.
-QString failureOfWriting(const QImage &image, const QString &path)
-{
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return file.errorString();
-    QImageWriter writer(&file, "png");
-    if (!writer.write(image))
-        return writer.errorString();
-    return file.commit() ? QString() : file.errorString();
+        return Failure{u"gallery takes no arguments"_s};
+    if (parser.value(ScreenshotOption).isEmpty())
+        return Failure{u"gallery needs --screenshot with the name of a folder"_s};
+    return {};
 }
 
 ExitCode savePicture(const GalleryPicture &picture, const QDir &folder, CommandContext &context)
 {
     const QString path = folder.filePath(picture.name + u".png");
-    const QString failure = failureOfWriting(picture.image, path);
-    if (!failure.isNull())
-        return context.fail(path, failure);
+    const Outcome<> written = writePicture(picture.image, path);
+    if (!written)
+        return context.fail(path, written.reason());
     context.out() << printableText(path) << '\n';
     return ExitCode::Success;
 }
@@ -67,5 +54,5 @@ ExitCode runGalleryCommand(const QStringList &arguments, CommandContext &context
 {
     QCommandLineParser parser;
     parser.addOption({ScreenshotOption, QString(), u"DIR"_s});
-    return context.run(arguments, &parser, mistakeInGallery, runGallery);
+    return context.run(arguments, &parser, checkGallery, runGallery);
 }

@@ -31,21 +31,19 @@ void addOptions(QCommandLineParser *parser)
     UserSettings::addLocaleOption(parser);
 }
 
-QString mistakeInImport(const QCommandLineParser &parser)
+Outcome<> checkImport(const QCommandLineParser &parser)
 {
     const QStringList files = parser.positionalArguments();
     if (files.isEmpty() || files.first().isEmpty())
-        return u"import needs the name of a file"_s;
+        return Failure{u"import needs the name of a file"_s};
     if (files.size() > 1)
-        return u"import takes one file, not also '%1'"_s.arg(files.at(1));
+        return Failure{u"import takes one file, not also '%1'"_s.arg(files.at(1))};
     if (parser.isSet(LibraryOption) && parser.value(LibraryOption).trimmed().isEmpty())
-        return u"--library needs a name"_s;
+        return Failure{u"--library needs a name"_s};
     const QString separator = parser.value(SeparatorOption);
     if (parser.isSet(SeparatorOption) && !CSVSeparator::fromName(separator))
-        return u"bad separator '%1'"_s.arg(separator);
-    const QString mistake = BundleOption::mistakeIn(parser);
-    return mistake.isNull() ? UserSettings::mistakeInLocale(UserSettings::localeIn(parser))
-                            : mistake;
+        return Failure{u"bad separator '%1'"_s.arg(separator)};
+    return BundleOption::check(parser).andThen([&] { return UserSettings::checkLocale(parser); });
 }
 
 ImportRequest requestIn(const QCommandLineParser &parser)
@@ -64,51 +62,56 @@ ImportRequest requestIn(const QCommandLineParser &parser)
     return request;
 }
 
-void warnOfQuote(const ImportRequest &request, const ImportSource &source, CommandContext &context)
+void warnOfQuote(const ImportRequest &request, const RowSource &rows, CommandContext &context)
 {
-    if (source.unclosedQuoteLine > 0)
+    if (rows.unclosedQuoteLine() > 0)
         context.warn(request.path,
                      u"line %1: a quote is never closed; everything to the end of "
-                     "the file was read as one field"_s.arg(source.unclosedQuoteLine));
+                     "the file was read as one field"_s.arg(rows.unclosedQuoteLine()));
 }
 
-ExitCode showOnly(const ImportFile &file, CommandContext &context)
+ExitCode showOnly(const ImportRequest &request, const ImportFile &file, CommandContext &context)
 {
-    ImportReport::printValues(
-        file.schema, ImportValues::fromText(file.text, file.source, file.settings), context.out());
+    const Outcome<ImportValues> values = ImportValues::of(*file.rows, file.settings);
+    if (!values)
+        return context.fail(request.path, values.reason());
+    ImportReport::printValues(file.schema, *values, context.out());
     return ExitCode::Success;
 }
 
 ExitCode store(const ImportRequest &request, const ImportFile &file, CommandContext &context)
 {
     const QString &bundlePath = request.bundle.bundlePath();
-    const ImportFile::Outcome outcome = file.store(request);
-    if (!outcome.errorDescription.isNull())
-        return context.fail(bundlePath, outcome.errorDescription);
-    ImportReport::printValues(file.schema, outcome.values, context.out());
+    const Outcome<StoredImport> stored = file.store(request);
+    if (!stored)
+        return context.fail(bundlePath, stored.reason());
+    ImportReport::printValues(file.schema, stored->values, context.out());
     context.out() << '\n'
                   << u"Stored %1 in the library '%2' of %3\n"_s.arg(
-                         recordCountText(outcome.recordCount), printableText(outcome.stored.name),
+                         recordCountText(stored->recordCount), printableText(stored->library.name),
                          printableText(bundlePath));
     return ExitCode::Success;
 }
 
-ExitCode import(const ImportRequest &request, CommandContext &context)
+/// Shows what was read, and reads the values.
+ExitCode importFile(const ImportRequest &request, ImportFile &file, CommandContext &context)
 {
-    ImportFile file;
-    const LocaleScope scope(request.locale);
-    const QString mistake = ImportFile::read(request, &file);
-    if (!mistake.isNull())
-        return context.fail(request.path, mistake);
-    ProgressLine line(context.progress(), u"Reading values"_s, file.source.rowCount);
+    ProgressLine line(context.progress(), u"Reading values"_s, file.rows->rowCount());
     file.settings.progress = [&line](qint64 row, qint64) {
         line.show(row);
         return true;
     };
-    warnOfQuote(request, file.source, context);
-    ImportReport::log(request.path, file.source, file.schema);
-    ImportReport::printSchema(file.source, file.schema, context.out());
-    return request.isDryRun ? showOnly(file, context) : store(request, file, context);
+    warnOfQuote(request, *file.rows, context);
+    ImportReport::log(request.path, *file.rows, file.schema);
+    ImportReport::printSchema(*file.rows, file.schema, context.out());
+    return request.isDryRun ? showOnly(request, file, context) : store(request, file, context);
+}
+
+ExitCode import(const ImportRequest &request, CommandContext &context)
+{
+    const LocaleScope scope(request.locale);
+    Outcome<ImportFile> file = ImportFile::read(request);
+    return file ? importFile(request, *file, context) : context.fail(request.path, file.reason());
 }
 } // namespace
 
@@ -116,7 +119,7 @@ ExitCode runImportCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
     addOptions(&parser);
-    return context.run(arguments, &parser, mistakeInImport,
+    return context.run(arguments, &parser, checkImport,
                        [](const QCommandLineParser &parsed, CommandContext &target) {
                            return import(requestIn(parsed), target);
                        });

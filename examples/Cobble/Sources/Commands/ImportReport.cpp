@@ -11,23 +11,23 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-QString raggedRowsText(const ImportSource &source)
+QString raggedRowsText(const RowSource &rows)
 {
-    if (source.raggedRowCount == 0)
+    if (rows.raggedRowCount() == 0)
         return u"none"_s;
-    return u"%1 with fewer or more fields than there are headers"_s.arg(source.raggedRowCount);
+    return u"%1 with fewer or more fields than there are headers"_s.arg(rows.raggedRowCount());
 }
 
-void printSummary(const ImportSource &source, const ImportSchema &schema, QTextStream &out)
+void printSummary(const RowSource &rows, const ImportSchema &schema, QTextStream &out)
 {
     AlignedTable summary;
     summary.addRow({u"Library:"_s, schema.libraryName});
     summary.addRow({u"Library entity:"_s, schema.libraryEntityName});
     summary.addRow({u"Entity:"_s, schema.entityName});
     summary.addRow({u"Table:"_s, schema.tableName});
-    summary.addRow({u"Separator:"_s, CSVSeparator::nameOf(source.separator)});
-    summary.addRow({u"Rows read:"_s, QString::number(source.rowCount)});
-    summary.addRow({u"Ragged rows:"_s, raggedRowsText(source)});
+    summary.addRow({u"Separator:"_s, CSVSeparator::nameOf(rows.separator())});
+    summary.addRow({u"Rows read:"_s, QString::number(rows.rowCount())});
+    summary.addRow({u"Ragged rows:"_s, raggedRowsText(rows)});
     summary.addRow({u"Columns:"_s, QString::number(schema.columns.size())});
     summary.print(out);
 }
@@ -67,13 +67,11 @@ void printUnread(const QList<ImportColumn> &columns, const ImportValues &values,
                       unread.text, unread.reason});
     table.print(out);
 }
-
 } // namespace
 
-void ImportReport::printSchema(const ImportSource &source, const ImportSchema &schema,
-                               QTextStream &out)
+void ImportReport::printSchema(const RowSource &rows, const ImportSchema &schema, QTextStream &out)
 {
-    printSummary(source, schema, out);
+    printSummary(rows, schema, out);
     out << '\n';
     printColumns(schema.columns, out);
 }
@@ -89,10 +87,10 @@ void ImportReport::printValues(const ImportSchema &schema, const ImportValues &v
     printUnread(schema.columns, values, out);
 }
 
-void ImportReport::log(const QString &path, const ImportSource &source, const ImportSchema &schema)
+void ImportReport::log(const QString &path, const RowSource &rows, const ImportSchema &schema)
 {
     KTLog(kLog_ImportDialog, 4, u"%@: separator %@, %d rows, %d columns", printableText(path),
-          CSVSeparator::nameOf(source.separator), source.rowCount, schema.columns.size());
+          CSVSeparator::nameOf(rows.separator()), rows.rowCount(), schema.columns.size());
     for (const ImportColumn &column : schema.columns)
         KTLog(kLog_ImportDialog, 7, u"'%@': label '%@', property %@, internal name %@, column %@",
               printableText(column.header), column.label, column.propertyString,

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Import/ImportSchema.h"
-#include "Import/ImportSource.h"
 #include "Import/ImportValues.h"
+#include "Import/RowSource.h"
 
 class QTextStream;
 
@@ -10,9 +10,9 @@ class QTextStream;
 
 namespace ImportReport {
 /// The names of the library and its columns, and how the file is made.
-void printSchema(const ImportSource &source, const ImportSchema &schema, QTextStream &out);
+void printSchema(const RowSource &rows, const ImportSchema &schema, QTextStream &out);
 /// The types of the columns, and each value that was not read.
 void printValues(const ImportSchema &schema, const ImportValues &values, QTextStream &out);
 /// Logs the names under kLog_ImportDialog and kLog_SchemaManager.
-void log(const QString &path, const ImportSource &source, const ImportSchema &schema);
+void log(const QString &path, const RowSource &rows, const ImportSchema &schema);
 } // namespace ImportReport

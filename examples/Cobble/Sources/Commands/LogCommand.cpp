@@ -4,7 +4,6 @@
 #include "OptionNames.h"
 #include "Text/AlignedTable.h"
 #include "Text/PrintableText.h"
-#include "Usage.h"
 
 #include <KTUtility/KTLogger>
 
@@ -24,6 +23,7 @@ const QString ClearOption = u"clear"_s;
 struct LogChanges
 {
     bool clears = false;
+    /// Nil if no level is to change.
     QString component;
     int level = 0;
     std::optional<bool> writesToFile;
@@ -37,7 +37,6 @@ struct LogChanges
 
 void addOptions(QCommandLineParser *parser)
 {
-    parser->addOption({HelpOption, QString()});
     parser->addOption({ToOption, QString(), u"PLACE"_s});
     parser->addOption({FileLineOption, QString(), u"SWITCH"_s});
     parser->addOption({ClearOption, QString()});
@@ -50,45 +49,58 @@ std::optional<int> levelFromText(const QString &text)
     return isLevel ? std::optional<int>(text.front().unicode() - u'0') : std::nullopt;
 }
 
-/// Reads an option with two values. \return the mistake; nil if there is none.
-QString readSwitch(const QCommandLineParser &parser, const QString &option, const QString &whenTrue,
-                   const QString &whenFalse, std::optional<bool> *result)
+/// The value of an option with two values; nothing if it is not given.
+Outcome<std::optional<bool>> switchIn(const QCommandLineParser &parser, const QString &option,
+                                      const QString &whenTrue, const QString &whenFalse)
 {
     if (!parser.isSet(option))
-        return {};
+        return std::optional<bool>();
     const QString value = parser.value(option);
     if (value != whenTrue && value != whenFalse)
-        return u"--%1 takes %2 or %3, not '%4'"_s.arg(option, whenTrue, whenFalse, value);
-    *result = value == whenTrue;
-    return {};
+        return Failure{u"--%1 takes %2 or %3, not '%4'"_s.arg(option, whenTrue, whenFalse, value)};
+    return std::optional(value == whenTrue);
 }
 
-QString readLevel(const QStringList &texts, const QStringList &components, LogChanges *changes)
+Outcome<> readLevel(const QStringList &texts, const QStringList &components, LogChanges *changes)
 {
     if (texts.isEmpty())
         return {};
     if (texts.size() != 2)
-        return u"log takes a component and a level"_s;
+        return Failure{u"log takes a component and a level"_s};
     changes->component = componentNamed(texts.first(), components);
     if (changes->component.isNull())
-        return unknownComponentText(texts.first(), components);
+        return Failure{unknownComponentText(texts.first(), components)};
     const std::optional<int> level = levelFromText(texts.last());
     if (!level)
-        return u"bad level '%1': levels are 0 to 7"_s.arg(texts.last());
+        return Failure{u"bad level '%1': levels are 0 to 7"_s.arg(texts.last())};
     changes->level = *level;
     return {};
 }
 
-QString readChanges(const QCommandLineParser &parser, const QStringList &components,
-                    LogChanges *changes)
+Outcome<> readSwitches(const QCommandLineParser &parser, LogChanges *changes)
 {
-    changes->clears = parser.isSet(ClearOption);
-    QString mistake = readLevel(parser.positionalArguments(), components, changes);
-    if (mistake.isNull())
-        mistake = readSwitch(parser, ToOption, u"file"_s, u"console"_s, &changes->writesToFile);
-    if (mistake.isNull())
-        mistake = readSwitch(parser, FileLineOption, u"on"_s, u"off"_s, &changes->displaysFileLine);
-    return mistake;
+    const auto writesToFile = switchIn(parser, ToOption, u"file"_s, u"console"_s);
+    if (!writesToFile)
+        return writesToFile.failure();
+    changes->writesToFile = *writesToFile;
+    const auto displaysFileLine = switchIn(parser, FileLineOption, u"on"_s, u"off"_s);
+    if (!displaysFileLine)
+        return displaysFileLine.failure();
+    changes->displaysFileLine = *displaysFileLine;
+    return {};
+}
+
+Outcome<LogChanges> changesIn(const QCommandLineParser &parser, const QStringList &components)
+{
+    LogChanges changes;
+    changes.clears = parser.isSet(ClearOption);
+    const Outcome<> read =
+        readLevel(parser.positionalArguments(), components, &changes).andThen([&] {
+            return readSwitches(parser, &changes);
+        });
+    if (!read)
+        return read.failure();
+    return changes;
 }
 
 /// The logger saves nothing before some component has a level, and says so by an exception.
@@ -96,6 +108,14 @@ void ensureComponents(KTLogger *logger)
 {
     if (!logger->components())
         logger->setLevelOfComponent(0, kLog_Tests);
+}
+
+void setPlace(bool writesToFile, KTLogger *logger)
+{
+    if (writesToFile)
+        logger->setOutputToFile(nullptr);
+    else
+        logger->setOutputToConsole(nullptr);
 }
 
 /// Makes the changes, as far as they can be saved: the logger reads back what it wrote.
@@ -106,12 +126,8 @@ void apply(const LogChanges &changes, KTLogger *logger)
         logger->clearAllLoggingState(nullptr);
     if (!changes.component.isNull())
         logger->setLevelOfComponent(changes.level, changes.component);
-    if (changes.writesToFile && logger->components()) {
-        if (*changes.writesToFile)
-            logger->setOutputToFile(nullptr);
-        else
-            logger->setOutputToConsole(nullptr);
-    }
+    if (changes.writesToFile && logger->components())
+        setPlace(*changes.writesToFile, logger);
     const bool togglesFileLine =
         changes.displaysFileLine && *changes.displaysFileLine != logger->displayFileLine();
     if (togglesFileLine && logger->components())
@@ -185,21 +201,20 @@ ExitCode change(const LogChanges &changes, CommandContext &context)
         context.out() << "Output: " << printableText(outputText(*logger)) << '\n';
     return ExitCode::Success;
 }
+
+ExitCode runLog(const QCommandLineParser &parser, CommandContext &context)
+{
+    const auto changes = changesIn(parser, context.logger()->allComponentsArray());
+    if (!changes)
+        return context.wrongUsage(changes.reason());
+    return changes->isEmpty() ? show(*context.logger(), context.out()) : change(*changes, context);
+}
 } // namespace
 
 ExitCode runLogCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
     addOptions(&parser);
-    if (!context.parse(arguments, &parser))
-        return ExitCode::WrongUsage;
-    if (parser.isSet(HelpOption)) {
-        context.out() << usageText();
-        return ExitCode::Success;
-    }
-    LogChanges changes;
-    const QString mistake = readChanges(parser, context.logger()->allComponentsArray(), &changes);
-    if (!mistake.isNull())
-        return context.wrongUsage(mistake);
-    return changes.isEmpty() ? show(*context.logger(), context.out()) : change(changes, context);
+    const auto checkNothing = [](const QCommandLineParser &) { return Outcome<>(); };
+    return context.run(arguments, &parser, checkNothing, runLog);
 }

@@ -132,9 +132,8 @@ ExitCode copyForUpgrade(const QCommandLineParser &parser, CommandContext &contex
     if (!bundle.doesExist())
         return context.fail(bundle.bundlePath(), u"there is no database bundle"_s);
     BundleLock lock(bundle);
-    QString error;
-    if (!lock.lock(PatienceWithLock, &error))
-        return context.fail(bundle.bundlePath(), error);
+    if (const Outcome<> locked = lock.lock(PatienceWithLock); !locked)
+        return context.fail(bundle.bundlePath(), locked.reason());
     const QString aside = asidePathOf(bundle);
     const QString copy = bundle.moveDatabaseToPreUpgradePath();
     if (!NSFileManager::fileExistsAtPath(copy)) {
@@ -152,7 +151,7 @@ ExitCode runWithBundle(const QStringList &arguments, CommandContext &context,
 {
     QCommandLineParser parser;
     BundleOption::add(&parser);
-    return context.run(arguments, &parser, BundleOption::mistakeIn, run);
+    return context.run(arguments, &parser, BundleOption::check, run);
 }
 } // namespace
 

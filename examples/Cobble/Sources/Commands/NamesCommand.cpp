@@ -1,10 +1,8 @@
 #include "NamesCommand.h"
 
 #include "Import/ImportSchema.h"
-#include "OptionNames.h"
 #include "Text/AlignedTable.h"
 #include "Text/PrintableText.h"
-#include "Usage.h"
 
 #include <KTUtility/NSString_KTNaming>
 
@@ -35,25 +33,26 @@ void printNames(const QString &text, QTextStream &out)
     out << printableText(text) << '\n';
     table.print(out, 2);
 }
-} // namespace
 
-ExitCode runNamesCommand(const QStringList &arguments, CommandContext &context)
+Outcome<> checkNames(const QCommandLineParser &parser)
 {
-    QCommandLineParser parser;
-    parser.addOption({HelpOption, QString()});
-    if (!context.parse(arguments, &parser))
-        return ExitCode::WrongUsage;
-    if (parser.isSet(HelpOption)) {
-        context.out() << usageText();
-        return ExitCode::Success;
-    }
+    return parser.positionalArguments().isEmpty() ? Failure{u"names needs a text"_s} : Outcome<>();
+}
+
+ExitCode runNames(const QCommandLineParser &parser, CommandContext &context)
+{
     const QStringList texts = parser.positionalArguments();
-    if (texts.isEmpty())
-        return context.wrongUsage(u"names needs a text"_s);
     for (qsizetype index = 0; index < texts.size(); ++index) {
         if (index > 0)
             context.out() << '\n';
         printNames(texts.at(index), context.out());
     }
     return ExitCode::Success;
+}
+} // namespace
+
+ExitCode runNamesCommand(const QStringList &arguments, CommandContext &context)
+{
+    QCommandLineParser parser;
+    return context.run(arguments, &parser, checkNames, runNames);
 }

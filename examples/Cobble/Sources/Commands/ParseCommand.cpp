@@ -3,10 +3,8 @@
 #include "CommandContext.h"
 #include "Fields/FieldReader.h"
 #include "Fields/FieldValue.h"
-#include "OptionNames.h"
 #include "Text/AlignedTable.h"
 #include "Text/PrintableText.h"
-#include "Usage.h"
 #include "UserSettings.h"
 
 #include <QCommandLineParser>
@@ -16,15 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 const QString SettingOption = u"option"_s;
-
-/// What the two commands are asked: a type, texts, a locale and settings.
-struct FormatterRequest
-{
-    FieldType type = FieldType::Text;
-    QStringList texts;
-    QString locale;
-    QStringList settings;
-};
 
 bool takesValue(const QString &argument)
 {
@@ -42,63 +31,59 @@ QStringList withOptionsFirst(const QStringList &arguments)
 {
     QStringList options;
     QStringList values;
-    bool areValues = false;
-    for (qsizetype index = 0; index < arguments.size(); ++index) {
+    qsizetype index = 0;
+    for (; index < arguments.size() && arguments.at(index) != u"--"; ++index) {
         const QString &argument = arguments.at(index);
-        if (!areValues && argument == u"--") {
-            areValues = true;
-        } else if (areValues || !isOption(argument)) {
-            values.append(argument);
-        } else {
-            options.append(argument);
-            if (takesValue(argument) && index + 1 < arguments.size())
-                options.append(arguments.at(++index));
-        }
+        (isOption(argument) ? options : values).append(argument);
+        if (takesValue(argument) && index + 1 < arguments.size())
+            options.append(arguments.at(++index));
     }
-    return options + QStringList(u"--"_s) + values;
+    return options + QStringList(u"--"_s) + values + arguments.mid(index + 1);
 }
 
-/// What is wrong; nil if nothing is.
-QString mistakeIn(const QCommandLineParser &parser, const QString &command)
+Outcome<> checkValues(const QCommandLineParser &parser, const QString &command)
 {
     const QStringList values = parser.positionalArguments();
     const QString types = FieldTypes::names().join(u", "_s);
     if (values.isEmpty())
-        return u"%1 needs a type: %2"_s.arg(command, types);
+        return Failure{u"%1 needs a type: %2"_s.arg(command, types)};
     if (!FieldTypes::typeNamed(values.first()))
-        return u"unknown type '%1'; there are %2"_s.arg(values.first(), types);
+        return Failure{u"unknown type '%1'; there are %2"_s.arg(values.first(), types)};
     if (values.size() == 1)
-        return u"%1 needs something to %1"_s.arg(command);
-    return UserSettings::mistakeInLocale(UserSettings::localeIn(parser));
+        return Failure{u"%1 needs something to %1"_s.arg(command)};
+    return UserSettings::checkLocale(parser);
 }
 
-/// Runs one of the commands: understands the arguments, then \a run does it.
-template<typename Run>
-ExitCode runWithFormatter(const QString &command, const QStringList &arguments,
-                          CommandContext &context, const Run &run)
+/// Shows what a reader makes of a text. \return whether it makes something of it.
+using Show = bool (*)(const FieldReader &reader, const QString &text, CommandContext &context);
+
+template<Show show>
+ExitCode showValues(const QCommandLineParser &parser, CommandContext &context)
 {
-    QCommandLineParser parser;
-    parser.addOption({HelpOption, QString()});
-    parser.addOption({SettingOption, QString(), u"KEY=VALUE"_s});
-    UserSettings::addLocaleOption(&parser);
-    if (!context.parse(withOptionsFirst(arguments), &parser))
-        return ExitCode::WrongUsage;
-    if (parser.isSet(HelpOption)) {
-        context.out() << usageText();
-        return ExitCode::Success;
-    }
-    if (const QString mistake = mistakeIn(parser, command); !mistake.isNull())
-        return context.wrongUsage(mistake);
     const LocaleScope scope(UserSettings::localeIn(parser));
     QStringList values = parser.positionalArguments();
     const FieldReader reader(*FieldTypes::typeNamed(values.takeFirst()));
-    const QString mistake = UserSettings::apply(parser.values(SettingOption), reader.formatter());
-    if (!mistake.isNull())
-        return context.wrongUsage(mistake);
+    const Outcome<> set = UserSettings::apply(parser.values(SettingOption), reader.formatter());
+    if (!set)
+        return context.wrongUsage(set.reason());
     bool isDone = true;
     for (const QString &value : std::as_const(values))
-        isDone = run(reader, value, context) && isDone;
+        isDone = show(reader, value, context) && isDone;
     return isDone ? ExitCode::Success : ExitCode::Failure;
+}
+
+/// Runs one of the two commands.
+template<Show show>
+ExitCode runWithFormatter(const QString &command, const QStringList &arguments,
+                          CommandContext &context)
+{
+    QCommandLineParser parser;
+    parser.addOption({SettingOption, QString(), u"KEY=VALUE"_s});
+    UserSettings::addLocaleOption(&parser);
+    const auto check = [&command](const QCommandLineParser &parsed) {
+        return checkValues(parsed, command);
+    };
+    return context.run(withOptionsFirst(arguments), &parser, check, showValues<show>);
 }
 
 void addDisplay(AlignedTable *table, const NSFormatter &formatter, const QVariant &value)
@@ -121,19 +106,20 @@ QString patternText(const QString &pattern)
 
 bool showParsed(const FieldReader &reader, const QString &text, CommandContext &context)
 {
-    const FieldReading reading = reader.read(text);
+    const Outcome<QVariant> value = reader.read(text);
+    const QString pattern = reader.recentPattern();
     AlignedTable table;
-    if (reading.isRead) {
-        table.addRow({u"value:"_s, FieldValue::textOf(reading.value)});
-        addDisplay(&table, *reader.formatter(), reading.value);
+    if (value) {
+        table.addRow({u"value:"_s, FieldValue::textOf(*value)});
+        addDisplay(&table, *reader.formatter(), *value);
     } else {
-        table.addRow({u"not read:"_s, reading.reason});
+        table.addRow({u"not read:"_s, value.reason()});
     }
-    if (reading.isRead && isDateType(reader.type()))
-        table.addRow({u"pattern:"_s, patternText(reading.pattern)});
+    if (value && isDateType(reader.type()))
+        table.addRow({u"pattern:"_s, patternText(pattern)});
     context.out() << printableText(text) << '\n';
     table.print(context.out(), 2);
-    return reading.isRead;
+    return bool(value);
 }
 
 bool showFormatted(const FieldReader &reader, const QString &text, CommandContext &context)
@@ -153,10 +139,10 @@ bool showFormatted(const FieldReader &reader, const QString &text, CommandContex
 
 ExitCode runParseCommand(const QStringList &arguments, CommandContext &context)
 {
-    return runWithFormatter(u"parse"_s, arguments, context, showParsed);
+    return runWithFormatter<showParsed>(u"parse"_s, arguments, context);
 }
 
 ExitCode runFormatCommand(const QStringList &arguments, CommandContext &context)
 {
-    return runWithFormatter(u"format"_s, arguments, context, showFormatted);
+    return runWithFormatter<showFormatted>(u"format"_s, arguments, context);
 }

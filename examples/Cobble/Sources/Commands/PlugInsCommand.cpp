@@ -107,13 +107,15 @@ ExitCode setAllEnabled(const QStringList &identifiers, bool isEnabled, PlugIns &
 }
 
 /// "list", also without a word, or "enable" and "disable" with identifiers.
-QString mistakeInPlugIns(const QCommandLineParser &parser)
+Outcome<> checkPlugIns(const QCommandLineParser &parser)
 {
     const QStringList words = parser.positionalArguments();
     const QString name = words.value(0, u"list"_s);
     const bool isList = name == u"list" && words.size() <= 1;
     const bool isSetting = (name == u"enable" || name == u"disable") && words.size() > 1;
-    return isList || isSetting ? QString() : u"plugins takes list, enable ID or disable ID"_s;
+    if (isList || isSetting)
+        return {};
+    return Failure{u"plugins takes list, enable ID or disable ID"_s};
 }
 
 ExitCode runPlugIns(const QCommandLineParser &parser, CommandContext &context)
@@ -129,5 +131,5 @@ ExitCode runPlugIns(const QCommandLineParser &parser, CommandContext &context)
 ExitCode runPlugInsCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
-    return context.run(arguments, &parser, mistakeInPlugIns, runPlugIns);
+    return context.run(arguments, &parser, checkPlugIns, runPlugIns);
 }

@@ -25,30 +25,39 @@ std::optional<qint64> limitIn(const QCommandLineParser &parser)
     return isNumber && limit >= 0 ? std::optional(limit) : std::nullopt;
 }
 
-QString mistakeInShow(const QCommandLineParser &parser)
+Outcome<> checkShow(const QCommandLineParser &parser)
 {
     const QStringList names = parser.positionalArguments();
     if (names.size() > 1)
-        return u"show takes one library, not also '%1'"_s.arg(names.at(1));
+        return Failure{u"show takes one library, not also '%1'"_s.arg(names.at(1))};
     if (!limitIn(parser))
-        return u"bad limit '%1'"_s.arg(parser.value(LimitOption));
-    const QString mistake = BundleOption::mistakeIn(parser);
-    return mistake.isNull() ? UserSettings::mistakeInLocale(UserSettings::localeIn(parser))
-                            : mistake;
+        return Failure{u"bad limit '%1'"_s.arg(parser.value(LimitOption))};
+    return BundleOption::check(parser).andThen([&] { return UserSettings::checkLocale(parser); });
+}
+
+Outcome<AlignedTable> tableOf(LibraryStore &store)
+{
+    AlignedTable table;
+    table.addRow({u"Library"_s, u"Table"_s, u"Fields"_s, u"Records"_s});
+    const Outcome<QList<Library>> libraries = store.libraries();
+    // Of tables that cannot be read, the last one is told.
+    Outcome<> read = libraries ? Outcome<>() : libraries.failure();
+    for (const Library &library : libraries.valueOr({})) {
+        const Outcome<qint64> count = store.recordCount(library);
+        if (!count)
+            read = count.failure();
+        table.addRow({library.name, library.tableName, QString::number(library.fields.size()),
+                      QString::number(count.valueOr(0))});
+    }
+    return read ? Outcome<AlignedTable>(table) : read.failure();
 }
 
 ExitCode showLibraries(LibraryStore &store, const QString &bundlePath, CommandContext &context)
 {
-    AlignedTable table;
-    table.addRow({u"Library"_s, u"Table"_s, u"Fields"_s, u"Records"_s});
-    const QList<Library> libraries = store.libraries();
-    // Of tables that cannot be read, the last one is told.
-    for (const Library &library : libraries)
-        table.addRow({library.name, library.tableName, QString::number(library.fields.size()),
-                      QString::number(store.recordCount(library))});
-    if (!store.errorText().isNull())
-        return context.fail(bundlePath, store.errorText());
-    table.print(context.out());
+    const Outcome<AlignedTable> table = tableOf(store);
+    if (!table)
+        return context.fail(bundlePath, table.reason());
+    table->print(context.out());
     return ExitCode::Success;
 }
 
@@ -68,10 +77,10 @@ ExitCode showRecords(LibraryStore &store, const Library &library, qint64 limit,
     qint64 count = 0;
     for (; records.next(); ++count)
         table.addRow(texts.textsOf(records));
-    if (const QString reason = records.errorText(); !reason.isNull())
-        return context.fail(library.name, reason);
+    if (const Outcome<> read = records.outcome(); !read)
+        return context.fail(library.name, read.reason());
     table.print(context.out());
-    context.out() << '\n' << countText(count, store.recordCount(library)) << '\n';
+    context.out() << '\n' << countText(count, store.recordCount(library).valueOr(0)) << '\n';
     return ExitCode::Success;
 }
 
@@ -98,5 +107,5 @@ ExitCode runShowCommand(const QStringList &arguments, CommandContext &context)
     parser.addOption({LimitOption, QString(), u"N"_s});
     BundleOption::add(&parser);
     UserSettings::addLocaleOption(&parser);
-    return context.run(arguments, &parser, mistakeInShow, show);
+    return context.run(arguments, &parser, checkShow, show);
 }

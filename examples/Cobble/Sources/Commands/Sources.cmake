@@ -12,6 +12,7 @@ target_sources(CobbleHost PRIVATE
     Sources/Commands/MediaCommand.cpp
     Sources/Commands/NamesCommand.cpp
     Sources/Commands/ParseCommand.cpp
+    Sources/Commands/PictureFile.cpp
     Sources/Commands/PlugInsCommand.cpp
     Sources/Commands/ProgressLine.cpp
     Sources/Commands/ShowCommand.cpp

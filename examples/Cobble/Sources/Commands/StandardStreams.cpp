@@ -10,12 +10,12 @@ DescriptorStream::DescriptorStream(int descriptor)
         _stream.setDevice(&_file);
 }
 
-QString DescriptorStream::finish()
+Outcome<> DescriptorStream::finish()
 {
     _stream.flush();
     const bool isWritten = _stream.device() && _stream.status() == QTextStream::Ok &&
                            _file.error() == QFileDevice::NoError;
-    return isWritten ? QString() : _file.errorString();
+    return isWritten ? Outcome<>() : Failure{_file.errorString()};
 }
 
 void reserveStandardDescriptors()

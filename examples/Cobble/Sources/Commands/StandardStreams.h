@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Text/Outcome.h"
+
 #include <QFile>
 #include <QTextStream>
 
@@ -8,8 +10,8 @@
 /// \code
 /// DescriptorStream output(STDOUT_FILENO);
 /// output.stream() << "done\n";
-/// if (const QString reason = output.finish(); !reason.isNull())
-///     complain(reason);    // "No space left on device"
+/// if (const Outcome<> written = output.finish(); !written)
+///     complain(written.reason());    // "No space left on device"
 /// \endcode
 class DescriptorStream
 {
@@ -18,9 +20,9 @@ public:
     explicit DescriptorStream(int descriptor);
 
     QTextStream &stream() { return _stream; }
-    /// Writes what is still buffered.
-    /// \return the system's reason if anything written could not be; nil if all of it was.
-    QString finish();
+    /// Writes what is still buffered. It fails, with the system's reason, if anything could not be
+    /// written.
+    Outcome<> finish();
 
 private:
     QFile _file;

@@ -3,18 +3,18 @@
 std::unique_ptr<LibraryStore> StoredLibrary::openStore(const KTDatabaseBundle &bundle,
                                                        CommandContext &context)
 {
-    QString error;
-    auto store = LibraryStore::open(bundle, LibraryStore::Mode::Existing, &error);
+    auto store = LibraryStore::open(bundle, LibraryStore::Mode::Existing);
     if (!store)
-        context.warn(bundle.bundlePath(), error);
-    return store;
+        context.warn(bundle.bundlePath(), store.reason());
+    return std::move(store).valueOr(nullptr);
 }
 
 std::optional<Library> StoredLibrary::find(LibraryStore &store, const KTDatabaseBundle &bundle,
                                            const QString &name, CommandContext &context)
 {
-    std::optional<Library> library = store.libraryNamed(name);
-    if (!library)
-        context.warn(bundle.bundlePath(), store.reasonForNo(name));
-    return library;
+    const Outcome<Library> library = store.libraryNamed(name);
+    if (library)
+        return *library;
+    context.warn(bundle.bundlePath(), library.reason());
+    return std::nullopt;
 }

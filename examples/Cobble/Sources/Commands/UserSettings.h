@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Text/Outcome.h"
+
 #include <KTUtility/NSFormatter>
 
 #include <QCommandLineParser>
@@ -32,10 +34,10 @@ namespace UserSettings {
 void addLocaleOption(QCommandLineParser *parser);
 /// The identifier given; nil if none is.
 QString localeIn(const QCommandLineParser &parser);
-/// What is wrong with it; nil if nothing is. Every language that there is data for will do.
-QString mistakeInLocale(const QString &identifier);
+/// Fails if something is wrong with it. Every language that there is data for will do.
+Outcome<> checkLocale(const QCommandLineParser &parser);
 
-/// Sets options of a formatter, each typed as "key=value": flags as yes or no, counts, texts.
-/// \return what is wrong with the first one that cannot be set; nil if all are.
-QString apply(const QStringList &options, NSFormatter *formatter);
+/// Sets options of a formatter, each typed as "key=value": flags as yes or no, counts, texts. It
+/// fails at the first one that cannot be set.
+Outcome<> apply(const QStringList &options, NSFormatter *formatter);
 } // namespace UserSettings

@@ -3,6 +3,7 @@
 #include "HostApplication.h"
 #include "Library/BundleOption.h"
 #include "OptionNames.h"
+#include "PictureFile.h"
 #include "UserSettings.h"
 #include "Window/DesktopApplication.h"
 #include "Window/MainWindow.h"
@@ -10,9 +11,7 @@
 #include "Window/WindowPicture.h"
 
 #include <QApplication>
-#include <QImageWriter>
 #include <QLineEdit>
-#include <QSaveFile>
 
 using namespace Qt::StringLiterals;
 
@@ -32,62 +31,58 @@ const QList<std::pair<QString, void (MainWindowController::*)(QAction *)>> &shee
     return known;
 }
 
-QString mistakeInSheet(const QString &name)
+Outcome<> checkSheet(const QCommandLineParser &parser)
 {
     QStringList names;
     for (const auto &[known, open] : sheets())
         names += known;
-    return names.contains(name) ? QString()
-                                : u"no sheet '%1'; there are %2"_s.arg(name, names.join(u", "_s));
+    const QString name = parser.value(SheetOption);
+    if (!parser.isSet(SheetOption) || names.contains(name))
+        return {};
+    return Failure{u"no sheet '%1'; there are %2"_s.arg(name, names.join(u", "_s))};
 }
 
-QString mistakeInWindow(const QCommandLineParser &parser)
+Outcome<> checkWindow(const QCommandLineParser &parser)
 {
     if (parser.positionalArguments().size() > 1)
-        return u"window takes the name of one library"_s;
+        return Failure{u"window takes the name of one library"_s};
     if (parser.isSet(ScreenshotOption) && parser.value(ScreenshotOption).isEmpty())
-        return u"--screenshot needs the name of a file"_s;
-    const QString sheetMistake =
-        parser.isSet(SheetOption) ? mistakeInSheet(parser.value(SheetOption)) : QString();
-    if (!sheetMistake.isNull())
-        return sheetMistake;
-    const QString mistake = BundleOption::mistakeIn(parser);
-    return mistake.isNull() ? UserSettings::mistakeInLocale(UserSettings::localeIn(parser))
-                            : mistake;
+        return Failure{u"--screenshot needs the name of a file"_s};
+    return checkSheet(parser).andThen([&] { return BundleOption::check(parser); }).andThen([&] {
+        return UserSettings::checkLocale(parser);
+    });
 }
 
-/// Brings the window into the state that was asked for.
-/// \return why that is not possible; nil if it is.
-QString prepare(MainWindowController *window, const QCommandLineParser &parser)
+/// Lays the sheet that was asked for over the window.
+Outcome<> openSheet(MainWindowController *window, const QCommandLineParser &parser)
 {
-    const QString name = parser.positionalArguments().value(0);
-    if (!name.isNull()) {
-        const QString reason = window->showLibrary(name);
-        if (!reason.isNull())
-            return reason;
-    }
-    window->mainWindow()->search()->setText(parser.value(SearchOption));
-    window->search();
     for (const auto &[sheet, open] : sheets()) {
         if (sheet == parser.value(SheetOption))
             (window->*open)(nullptr);
     }
     if (parser.isSet(SheetOption) && !WindowPicture::hasSheet(window->mainWindow()))
-        return u"there is nothing to %1"_s.arg(parser.value(SheetOption));
+        return Failure{u"there is nothing to %1"_s.arg(parser.value(SheetOption))};
     return {};
+}
+
+/// Brings the window into the state that was asked for.
+Outcome<> prepare(MainWindowController *window, const QCommandLineParser &parser)
+{
+    const QString name = parser.positionalArguments().value(0);
+    const Outcome<> opened = name.isNull() ? Outcome<>() : window->openLibrary(name);
+    if (!opened)
+        return opened;
+    window->mainWindow()->search()->setText(parser.value(SearchOption));
+    window->search();
+    return openSheet(window, parser);
 }
 
 ExitCode savePicture(MainWindowController *window, const QString &path, CommandContext &context)
 {
     // Sheets are laid out when they have been shown.
     QCoreApplication::processEvents();
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return context.fail(path, file.errorString());
-    QImageWriter writer(&file, "png");
-    if (!writer.write(WindowPicture::of(window->mainWindow())))
-        return context.fail(path, writer.errorString());
-    return file.commit() ? ExitCode::Success : context.fail(path, file.errorString());
+    const Outcome<> written = writePicture(WindowPicture::of(window->mainWindow()), path);
+    return written ? ExitCode::Success : context.fail(path, written.reason());
 }
 
 ExitCode waitForEnd(const DesktopApplication &application)
@@ -107,9 +102,9 @@ ExitCode runWindow(const QCommandLineParser &parser, CommandContext &context)
     DesktopApplication application(BundleOption::bundleIn(parser), context.logger());
     application.newWindow();
     MainWindowController *const window = application.windows().first();
-    const QString mistake = prepare(window, parser);
-    if (!mistake.isNull())
-        return context.fail(application.bundle()->bundle().bundlePath(), mistake);
+    const Outcome<> prepared = prepare(window, parser);
+    if (!prepared)
+        return context.fail(application.bundle()->bundle().bundlePath(), prepared.reason());
     return isPicture ? savePicture(window, parser.value(ScreenshotOption), context)
                      : waitForEnd(application);
 }
@@ -124,5 +119,5 @@ ExitCode runWindowCommand(const QStringList &arguments, CommandContext &context)
         parser.addOption({option, QString(), QString::fromUtf16(value)});
     BundleOption::add(&parser);
     UserSettings::addLocaleOption(&parser);
-    return context.run(arguments, &parser, mistakeInWindow, runWindow);
+    return context.run(arguments, &parser, checkWindow, runWindow);
 }

@@ -1,7 +1,7 @@
 #include "FieldReader.h"
 
-#include <KTUtility/KTDateTimeFormatter>
-#include <KTUtility/KTDurationFormatter>
+#include <KTUtility/KTCurrencyFormatter>
+#include <KTUtility/NSKeyValueCoding>
 
 using namespace Qt::StringLiterals;
 
@@ -10,23 +10,21 @@ namespace {
 class ImportBracket
 {
 public:
-    ImportBracket(NSFormatter *formatter, const QString &text, bool isImported)
-        : _formatter(isImported ? qobject_cast<KTDurationFormatter *>(formatter) : nullptr)
-        , _text(text)
+    ImportBracket(const FieldFormat &format, const QString &text) : _format(format), _text(text)
     {
-        if (_formatter)
-            _formatter->willFormatString(_text, QVariant());
+        if (_format.willImport)
+            _format.willImport(_text);
     }
     ~ImportBracket()
     {
-        if (_formatter)
-            _formatter->didFormatString(_text, QVariant());
+        if (_format.didImport)
+            _format.didImport(_text);
     }
     ImportBracket(const ImportBracket &) = delete;
     ImportBracket &operator=(const ImportBracket &) = delete;
 
 private:
-    KTDurationFormatter *_formatter;
+    const FieldFormat &_format;
     const QString &_text;
 };
 
@@ -44,39 +42,46 @@ QString reasonFor(FieldType type, const QString &errorDescription)
     }
 }
 
-QString patternOf(const NSFormatter *formatter)
+Outcome<QVariant> readBy(const NSFormatter &formatter, FieldType type, const QString &text)
 {
-    const auto *const dates = qobject_cast<const KTDateTimeFormatter *>(formatter);
-    const NSDateFormatter *const recent = dates ? dates->mostRecentFormatter() : nullptr;
-    return recent ? recent->dateFormat() : QString();
+    QVariant value;
+    QString errorDescription;
+    if (formatter.getObjectValue(&value, text, &errorDescription))
+        return value;
+    return Failure{reasonFor(type, errorDescription)};
 }
 } // namespace
 
-FieldReader::FieldReader(FieldType type) : _type(type), _formatter(FieldTypes::formatterFor(type))
+FieldReader::FieldReader(FieldType type) : _type(type), _format(FieldFormat::of(type)) {}
+
+Outcome<QVariant> FieldReader::read(const QString &text, bool isImported) const
 {
+    if (!formatter())
+        return QVariant(text);
+    if (!isImported)
+        return readBy(*formatter(), _type, text);
+    const ImportBracket bracket(_format, text);
+    return readBy(*formatter(), _type, text);
 }
 
-FieldReading FieldReader::read(const QString &text, bool isImported) const
-{
-    FieldReading reading;
-    if (!_formatter)
-        return {true, text, {}, {}};
-    const ImportBracket bracket(_formatter.get(), text, isImported);
-    QString errorDescription;
-    reading.isRead = _formatter->getObjectValue(&reading.value, text, &errorDescription);
-    if (reading.isRead)
-        reading.pattern = patternOf(_formatter.get());
-    else
-        reading.reason = reasonFor(_type, errorDescription);
-    return reading;
-}
-
-FieldReading FieldReader::readTyped(const QString &text) const
+Outcome<QVariant> FieldReader::readTyped(const QString &text) const
 {
     if (text.isEmpty())
-        return {true, {}, {}, {}};
-    FieldReading reading = read(text);
-    if (!reading.isRead && reading.reason.isEmpty())
-        reading.reason = u"it cannot be read"_s;
-    return reading;
+        return QVariant();
+    Outcome<QVariant> value = read(text);
+    if (!value && value.reason().isEmpty())
+        return Failure{u"it cannot be read"_s};
+    return value;
+}
+
+QString FieldReader::recentPattern() const
+{
+    return _format.recentPattern ? _format.recentPattern() : QString();
+}
+
+QString FieldReader::currencyType() const
+{
+    if (_type != FieldType::Currency)
+        return {};
+    return NSKeyValueCoding::valueForKey(formatter(), kKTFieldOption_currencyType).toString();
 }

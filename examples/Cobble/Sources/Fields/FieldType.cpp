@@ -1,12 +1,5 @@
 #include "FieldType.h"
 
-#include "PhoneLayouts.h"
-
-#include <KTUtility/KTCurrencyFormatter>
-#include <KTUtility/KTDurationFormatter>
-#include <KTUtility/KTPhoneNumberFormatter>
-#include <KTUtility/KTTimeFormatter>
-
 #include <array>
 #include <utility>
 
@@ -23,20 +16,6 @@ constexpr std::array<std::pair<FieldType, QStringView>, 9> Names{{
     {FieldType::Text, u"text"},
 }};
 
-std::unique_ptr<NSFormatter> dateTimeFormatter()
-{
-    auto formatter = std::make_unique<KTDateTimeFormatter>();
-    formatter->setDisplayTime(true);
-    return formatter;
-}
-
-std::unique_ptr<NSFormatter> phoneFormatter()
-{
-    auto formatter = std::make_unique<KTPhoneNumberFormatter>();
-    formatter->setFormatIndex(
-        PhoneLayouts::indexForCountry(NSLocale::currentLocale().countryCode()));
-    return formatter;
-}
 bool hasFormatter(FieldType type)
 {
     return type != FieldType::Text && type != FieldType::Media;
@@ -79,28 +58,4 @@ QStringList FieldTypes::names()
             names.append(name.toString());
     }
     return names;
-}
-
-std::unique_ptr<NSFormatter> FieldTypes::formatterFor(FieldType type)
-{
-    switch (type) {
-    case FieldType::Number:
-        return std::make_unique<KTNumberFormatter>();
-    case FieldType::Currency:
-        return std::make_unique<KTCurrencyFormatter>();
-    case FieldType::Duration:
-        return std::make_unique<KTDurationFormatter>();
-    case FieldType::Time:
-        return KTTimeFormatter::createTimeFormatter();
-    case FieldType::Date:
-        return std::make_unique<KTDateTimeFormatter>();
-    case FieldType::DateTime:
-        return dateTimeFormatter();
-    case FieldType::Phone:
-        return phoneFormatter();
-    case FieldType::Media:
-    case FieldType::Text:
-        return nullptr;
-    }
-    return nullptr;
 }

@@ -1,10 +1,7 @@
 #pragma once
 
-#include <KTUtility/NSFormatter>
-
 #include <QStringList>
 
-#include <memory>
 #include <optional>
 
 /// The types of fields that a library can have.
@@ -19,7 +16,4 @@ std::optional<FieldType> typeNamed(const QString &name);
 FieldType storedTypeNamed(const QString &name);
 /// The names of the types that have a formatter.
 QStringList names();
-
-/// A formatter for a field of this type in the user's locale; null for media and texts.
-std::unique_ptr<NSFormatter> formatterFor(FieldType type);
 } // namespace FieldTypes

@@ -1,4 +1,5 @@
 target_sources(CobbleHost PRIVATE
+    Sources/Fields/FieldFormat.cpp
     Sources/Fields/FieldReader.cpp
     Sources/Fields/FieldType.cpp
     Sources/Fields/FieldValue.cpp

@@ -14,16 +14,14 @@ QString FormRow::text() const
     return NSIsControllerMarker(_value) ? u""_s : RecordTexts::textOf(*_reader, _value);
 }
 
-bool FormRow::setText(const QString &text, QString *reason)
+Outcome<> FormRow::setText(const QString &text)
 {
-    const FieldReading reading = _reader->readTyped(text);
-    if (reason)
-        *reason = reading.reason;
-    if (!reading.isRead)
-        return false;
-    setValue(reading.value);
+    const Outcome<QVariant> value = _reader->readTyped(text);
+    if (!value)
+        return value.failure();
+    setValue(*value);
     _valueBinder.ownerKeyPathChanged();
-    return true;
+    return {};
 }
 
 void FormRow::setValue(const QVariant &value)

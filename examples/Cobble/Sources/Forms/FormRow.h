@@ -27,10 +27,8 @@ public:
     FormField *field() const { return _field; }
     /// The value as it is shown; "" for nil, and where there is no single value.
     QString text() const;
-    /// What a user has typed.
-    /// \param reason receives why it was not taken; may be null.
-    /// \return false if the field cannot read it; the value stays then.
-    bool setText(const QString &text, QString *reason = nullptr);
+    /// What a user has typed. If the field cannot read it, the value stays.
+    Outcome<> setText(const QString &text);
 
     QVariant value() const { return _value; }
     void setValue(const QVariant &value);

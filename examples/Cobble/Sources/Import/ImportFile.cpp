@@ -3,7 +3,8 @@
 #include "ImportTransaction.h"
 #include "Library/PlugIns.h"
 #include "MediaReference.h"
-#include "Text/CSVText.h"
+#include "SeparatedText.h"
+#include "Table.h"
 #include "Text/TextFile.h"
 
 #include <QFileInfo>
@@ -18,112 +19,99 @@ bool isSeparatedText(const QString &fileType)
     return types.contains(fileType);
 }
 
-/// A table as separated values.
-QString separatedText(const CobbleTable &table)
+/// Lets an importer read a file's text.
+Outcome<CobbleTable> readTable(CobbleImporter &importer, const QString &text)
 {
-    QString text = CSVText::row(table.titles);
-    for (const QStringList &row : table.rows)
-        text += CSVText::row(row);
-    return text;
-}
-
-/// Lets an importer read a file's text. \return why it failed; nil if it did not.
-QString readTable(CobbleImporter &importer, const QString &text, CobbleTable *table)
-{
+    CobbleTable table;
     QString error;
     bool isRead = false;
-    const QString failure =
-        PlugIns::failureOf([&] { isRead = importer.readTable(text, table, &error); });
-    if (!failure.isNull())
-        return u"the importer failed: %1"_s.arg(failure);
-    if (isRead)
-        return {};
-    return error.isNull() ? u"the importer failed"_s : error;
+    const Outcome<> called =
+        PlugIns::call([&] { isRead = importer.readTable(text, &table, &error); });
+    if (!called)
+        return Failure{u"the importer failed: %1"_s.arg(called.reason())};
+    if (!isRead)
+        return Failure{error.isNull() ? u"the importer failed"_s : error};
+    return table;
 }
 
-void useTable(const CobbleTable &table, ImportFile *file)
+template<typename Rows>
+Outcome<> useRows(Outcome<Rows> &&rows, ImportFile *file)
 {
-    file->text = separatedText(table);
+    if (!rows)
+        return rows.failure();
+    file->rows = std::make_shared<const Rows>(std::move(*rows));
+    return {};
+}
+
+Outcome<> useTable(const CobbleTable &table, ImportFile *file)
+{
     file->extracted = table.files;
     for (qsizetype column = 0; column < table.typeNames.size(); ++column) {
         const QString &type = table.typeNames.at(column);
         if (!type.isEmpty())
             file->settings.types.insert(column, FieldTypes::storedTypeNamed(type));
     }
+    return useRows(Table::of(table), file);
 }
 
-/// Turns the text of a file into separated values, if there is an importer for its extension.
-/// \return why that failed; nil if it did not.
-QString useImporter(const QString &path, ImportFile *file, std::optional<QChar> *separator)
+/// Takes the rows from the text of a file, by an importer if there is one for its extension.
+Outcome<> useText(const QString &text, const ImportRequest &request, ImportFile *file)
 {
-    const QString fileType = QFileInfo(path).suffix().toLower();
+    const QString fileType = QFileInfo(request.path).suffix().toLower();
     if (isSeparatedText(fileType))
-        return {};
+        return useRows(SeparatedText::read(text, request.separator), file);
     const PlugIns plugIns;
     CobbleImporter *const importer = plugIns.importerFor(fileType);
     if (!importer)
-        return {};
-    CobbleTable table;
-    const QString failure = readTable(*importer, file->text, &table);
-    if (!failure.isNull())
-        return failure;
-    useTable(table, file);
-    *separator = u',';
-    return {};
+        return useRows(SeparatedText::read(text, request.separator), file);
+    const Outcome<CobbleTable> table = readTable(*importer, text);
+    return table ? useTable(*table, file) : table.failure();
 }
 
-/// \return the first header that no column has; nil if there is none.
-QString addMediaColumns(const QStringList &headers, ImportFile *file)
+Outcome<> useMediaColumns(const QStringList &headers, ImportFile *file)
 {
     for (const QString &header : headers) {
-        const qsizetype column = file->source.headers.indexOf(header);
+        const qsizetype column = file->rows->headers().indexOf(header);
         if (column < 0)
-            return header;
+            return Failure{u"there is no column '%1'"_s.arg(header)};
         file->settings.types.insert(column, FieldType::Media);
     }
     return {};
 }
 } // namespace
 
-QString ImportFile::read(const ImportRequest &request, ImportFile *file)
+Outcome<ImportFile> ImportFile::read(const ImportRequest &request)
 {
-    QString reason;
-    file->text = TextFile::textOfFile(request.path, &reason);
-    if (file->text.isNull())
-        return reason;
-    std::optional<QChar> separator = request.separator;
-    const QString failure = useImporter(request.path, file, &separator);
-    if (!failure.isNull())
-        return failure;
-    file->source = ImportSource::fromText(file->text, separator);
-    if (!file->source.errorDescription.isNull())
-        return file->source.errorDescription;
-    const QString missing = addMediaColumns(request.mediaHeaders, file);
-    if (!missing.isNull())
-        return u"there is no column '%1'"_s.arg(missing);
-    file->schema = ImportSchema::fromHeaders(request.libraryName, file->source.headers);
-    file->folder = QFileInfo(request.path).absolutePath();
-    file->settings.isMedia = [start = file->folder](const QString &value) {
+    const Outcome<QString> text = TextFile::textOfFile(request.path);
+    if (!text)
+        return text.failure();
+    ImportFile file;
+    const Outcome<> used = useText(*text, request, &file).andThen([&] {
+        return useMediaColumns(request.mediaHeaders, &file);
+    });
+    if (!used)
+        return used.failure();
+    file.schema = ImportSchema::fromHeaders(request.libraryName, file.rows->headers());
+    file.folder = QFileInfo(request.path).absolutePath();
+    file.settings.isMedia = [start = file.folder](const QString &value) {
         return MediaReference::isObvious(value, start);
     };
-    return {};
+    return file;
 }
 
-ImportFile::Outcome ImportFile::store(const ImportRequest &request, int patience) const
+Outcome<StoredImport> ImportFile::store(const ImportRequest &request, int patience) const
 {
-    Outcome outcome;
-    const auto transaction =
-        ImportTransaction::begin(request.bundle, &outcome.errorDescription, patience);
+    const auto transaction = ImportTransaction::begin(request.bundle, patience);
     if (!transaction)
-        return outcome;
-    LibraryImport import(*transaction, schema, folder, request.replaces);
+        return transaction.failure();
+    LibraryImport import(**transaction, schema, folder, request.replaces);
     ImportValues::Settings storing = settings;
     storing.sink = &import;
-    outcome.values = ImportValues::fromText(text, source, storing);
-    outcome.errorDescription = outcome.values.errorDescription;
-    if (outcome.errorDescription.isNull() && !transaction->commit())
-        outcome.errorDescription = transaction->store().errorText();
-    outcome.stored = import.storedLibrary();
-    outcome.recordCount = import.recordCount();
-    return outcome;
+    const Outcome<ImportValues> values = ImportValues::of(*rows, storing);
+    if (!values)
+        return values.failure();
+    const Outcome<> committed = (*transaction)->commit();
+    if (!committed)
+        return committed.failure();
+    return StoredImport{*values, import.storedLibrary(), import.recordCount()};
 }

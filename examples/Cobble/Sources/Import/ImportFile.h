@@ -2,45 +2,39 @@
 
 #include "ImportRequest.h"
 #include "ImportSchema.h"
-#include "ImportSource.h"
 #include "ImportValues.h"
 #include "LibraryImport.h"
+#include "RowSource.h"
 
 #include <QTemporaryDir>
 
 #include <memory>
 
+/// What a stored import leaves.
+struct StoredImport
+{
+    ImportValues values;
+    /// With the names that it got.
+    Library library;
+    qint64 recordCount = 0;
+};
+
 /// A file that was read once, by an importer if its kind needs one, and can now be shown or stored.
 ///
 /// \code
-/// ImportFile file;
-/// const QString reason = ImportFile::read(request, &file);
-/// if (reason.isNull())
-///     const ImportFile::Outcome outcome = file.store(request);
+/// const Outcome<ImportFile> file = ImportFile::read(request);
+/// if (file)
+///     const Outcome<StoredImport> stored = file->store(request);
 /// \endcode
 struct ImportFile
 {
-    /// \param file receives what was read.
-    /// \return why it cannot be imported, for a person to read; nil if it can be.
-    static QString read(const ImportRequest &request, ImportFile *file);
-
-    /// What a stored import leaves.
-    struct Outcome
-    {
-        /// Why nothing was stored; nil if it was. It was cancelled if values.isCancelled.
-        QString errorDescription;
-        ImportValues values;
-        /// With the names that it got.
-        Library stored;
-        qint64 recordCount = 0;
-    };
+    static Outcome<ImportFile> read(const ImportRequest &request);
 
     /// Stores it as a library of the request's bundle: all of it or nothing.
     /// \param patience how long to wait for another import, in milliseconds.
-    Outcome store(const ImportRequest &request, int patience = 5000) const;
+    Outcome<StoredImport> store(const ImportRequest &request, int patience = 5000) const;
 
-    QString text;
-    ImportSource source;
+    std::shared_ptr<const RowSource> rows;
     ImportSchema schema;
     /// Where relative paths of media begin.
     QString folder;

@@ -30,11 +30,14 @@ bool isFree(const QString &path)
 }
 } // namespace
 
-std::unique_ptr<ImportTransaction> ImportTransaction::begin(const KTDatabaseBundle &bundle,
-                                                            QString *error, int patience)
+Outcome<std::unique_ptr<ImportTransaction>> ImportTransaction::begin(const KTDatabaseBundle &bundle,
+                                                                     int patience)
 {
     std::unique_ptr<ImportTransaction> transaction(new ImportTransaction(bundle));
-    return transaction->prepare(error, patience) ? std::move(transaction) : nullptr;
+    const Outcome<> prepared = transaction->prepare(patience);
+    if (!prepared)
+        return prepared.failure();
+    return transaction;
 }
 
 ImportTransaction::ImportTransaction(const KTDatabaseBundle &bundle)
@@ -54,46 +57,47 @@ QString ImportTransaction::mediaListPath() const
                                                     u"ImportedMedia"_s);
 }
 
-bool ImportTransaction::prepare(QString *error, int patience)
+Outcome<> ImportTransaction::prepare(int patience)
 {
     BundleOption::needFolderOf(_bundle);
-    if (!_lock.lock(patience, error))
-        return false;
+    const Outcome<> locked = _lock.lock(patience);
+    if (!locked)
+        return locked;
     _isNewBundle = isFree(_bundle.bundlePath());
     _isNewDatabase = isFree(_bundle.databaseFilePath());
-    if (!_bundle.buildDatabaseBundleOnDisk()) {
-        *error = u"the database bundle cannot be made"_s;
-        return false;
-    }
-    _store = LibraryStore::open(_bundle, LibraryStore::Mode::Create, error);
-    if (!_store)
-        return false;
-    if (!_store->begin()) {
-        *error = _store->errorText();
-        return false;
-    }
-    return removeMediaBefore(error) && beginList(error);
+    if (!_bundle.buildDatabaseBundleOnDisk())
+        return Failure{u"the database bundle cannot be made"_s};
+    return openStore()
+        .andThen([this] { return _store->begin(); })
+        .andThen([this] { return removeMediaBefore(); })
+        .andThen([this] { return beginList(); });
+}
+
+Outcome<> ImportTransaction::openStore()
+{
+    auto store = LibraryStore::open(_bundle, LibraryStore::Mode::Create);
+    if (!store)
+        return store.failure();
+    _store = std::move(*store);
+    return {};
 }
 
 /// Removes the media files of an import that was killed.
-bool ImportTransaction::removeMediaBefore(QString *error)
+Outcome<> ImportTransaction::removeMediaBefore()
 {
     // A bundle from elsewhere may bring a list, and a link to a folder of the user's.
     const FileType folder = typeOf(_bundle.mediaFolderPath());
     if (folder == FileType::directory ? removeMediaInList(false) : folder != FileType::none)
-        return true;
-    *error = u"the files of an import that was interrupted cannot be removed"_s;
-    return false;
+        return {};
+    return Failure{u"the files of an import that was interrupted cannot be removed"_s};
 }
 
 /// Makes the list anew: a link in its place must not lead to another file.
-bool ImportTransaction::beginList(QString *error)
+Outcome<> ImportTransaction::beginList()
 {
     _mediaList.remove();
     _isListing = _mediaList.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered);
-    if (!_isListing)
-        *error = _mediaList.errorString();
-    return _isListing;
+    return _isListing ? Outcome<>() : Failure{_mediaList.errorString()};
 }
 
 std::optional<NSURL> ImportTransaction::storeMedia(const NSURL &url)
@@ -122,23 +126,24 @@ bool ImportTransaction::addToList(const QString &url)
     return false;
 }
 
-bool ImportTransaction::commit()
+Outcome<> ImportTransaction::commit()
 {
-    _isDone = _store->commit();
+    Outcome<> committed = _store->commit();
+    _isDone = bool(committed);
     if (!_isDone)
-        return false;
+        return committed;
     const QSet<QString> left = UnusedMedia::remove(_bundle, *_store, _mediaOfRemovedLibraries);
     for (const QString &url : left)
         addToList(url);
     // A list that stays is for the next import; what is in use stays then.
     if (left.isEmpty())
         _mediaList.remove();
-    return true;
+    return {};
 }
 
-bool ImportTransaction::removeLibrary(const Library &library)
+Outcome<> ImportTransaction::removeLibrary(const Library &library)
 {
-    _mediaOfRemovedLibraries += _store->mediaOf(library).value_or(QSet<QString>());
+    _mediaOfRemovedLibraries += _store->mediaOf(library).valueOr({});
     return _store->remove(library);
 }
 
@@ -151,8 +156,7 @@ bool ImportTransaction::removeMediaInList(bool evenIfUsed)
     const FileType type = typeOf(mediaListPath());
     if (type != FileType::regular)
         return type != FileType::none;
-    const std::optional<QSet<QString>> used =
-        evenIfUsed ? std::optional(QSet<QString>()) : _store->usedMedia();
+    const Outcome<QSet<QString>> used = evenIfUsed ? QSet<QString>() : _store->usedMedia();
     if (!used || !list.open(QIODevice::ReadOnly))
         return false;
     bool areGone = true;

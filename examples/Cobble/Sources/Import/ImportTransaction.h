@@ -14,8 +14,7 @@
 /// wait for each other.
 ///
 /// \code
-/// QString error;
-/// const auto import = ImportTransaction::begin(bundle, &error);
+/// const auto import = std::move(*ImportTransaction::begin(bundle));
 /// import->store().create(library);
 /// import->store().insert({"Ada", import->storeMedia(url)->absoluteString()});
 /// import->commit();
@@ -24,10 +23,9 @@ class ImportTransaction
 {
 public:
     /// Makes the bundle if there is none, and the folder for it if that is the application's own.
-    /// \param error receives why there is no result.
     /// \param patience how long to wait for another import, in milliseconds.
-    static std::unique_ptr<ImportTransaction> begin(const KTDatabaseBundle &bundle, QString *error,
-                                                    int patience = 5000);
+    static Outcome<std::unique_ptr<ImportTransaction>> begin(const KTDatabaseBundle &bundle,
+                                                             int patience = 5000);
     /// Takes everything back unless it was committed.
     ~ImportTransaction();
     ImportTransaction(const ImportTransaction &) = delete;
@@ -35,20 +33,21 @@ public:
 
     LibraryStore &store() { return *_store; }
     /// Takes a library away; its media files go after commit(), unless others have them, too.
-    bool removeLibrary(const Library &library);
+    Outcome<> removeLibrary(const Library &library);
     /// Puts a file into the media folder. \return its URL; nothing if that failed.
     std::optional<NSURL> storeMedia(const NSURL &url);
-    /// \return false if it could not be written; then nothing is.
-    bool commit();
+    /// If it cannot be written, nothing is.
+    Outcome<> commit();
 
 private:
     explicit ImportTransaction(const KTDatabaseBundle &bundle);
-    bool prepare(QString *error, int patience);
+    Outcome<> prepare(int patience);
+    Outcome<> openStore();
     QString mediaListPath() const;
-    bool beginList(QString *error);
+    Outcome<> beginList();
     bool addToList(const QString &url);
     bool removeMediaInList(bool evenIfUsed);
-    bool removeMediaBefore(QString *error);
+    Outcome<> removeMediaBefore();
     void takeBack();
     void removeDatabase() const;
     void removeEmptyBundle() const;

@@ -2,8 +2,6 @@
 
 #include "TypeInference.h"
 
-#include <KTUtility/KTCurrencyFormatter>
-
 #include <algorithm>
 #include <vector>
 
@@ -19,26 +17,25 @@ bool areComplete(const std::vector<TypeInference> &inferences)
 }
 
 /// Looks at as many rows as it takes to know the types.
-std::vector<TypeInference> inferencesFor(QStringView text, const ImportSource &source,
+std::vector<TypeInference> inferencesFor(const RowSource &rows,
                                          const ImportValues::Settings &settings)
 {
     std::vector<TypeInference> inferences;
-    for (qsizetype column = 0; column < source.headers.size(); ++column)
+    for (qsizetype column = 0; column < rows.headers().size(); ++column)
         inferences.emplace_back(settings.isMedia);
-    source.whileRows(text, [&](qint64, const QStringList &fields) {
+    rows.whileRows([&](qint64, const QStringList &fields) {
         for (qsizetype column = 0; column < fields.size(); ++column)
             inferences[size_t(column)].add(fields.at(column));
         return !areComplete(inferences) &&
-               (!settings.progress || settings.progress(0, source.rowCount));
+               (!settings.progress || settings.progress(0, rows.rowCount()));
     });
     return inferences;
 }
 
-Readers readersFor(QStringView text, const ImportSource &source,
-                   const ImportValues::Settings &settings)
+Readers readersFor(const RowSource &rows, const ImportValues::Settings &settings)
 {
     Readers readers;
-    for (const TypeInference &inference : inferencesFor(text, source, settings)) {
+    for (const TypeInference &inference : inferencesFor(rows, settings)) {
         const auto known = settings.types.find(qsizetype(readers.size()));
         readers.push_back(known == settings.types.end() ? inference.reader()
                                                         : std::make_unique<FieldReader>(*known));
@@ -49,56 +46,54 @@ Readers readersFor(QStringView text, const ImportSource &source,
 QString typeNameOf(const FieldReader &reader)
 {
     const QString name = FieldTypes::nameOf(reader.type());
-    const auto *const currency = qobject_cast<const KTCurrencyFormatter *>(reader.formatter());
-    return currency ? QString(name + u" (" + currency->currencyType() + u')') : name;
+    const QString currency = reader.currencyType();
+    return currency.isNull() ? name : QString(name + u" (" + currency + u')');
 }
 
 /// The second reading: every value through its column's formatter.
 class ValueReading
 {
 public:
-    ValueReading(const Readers &readers, ImportSink *sink, ImportValues &values)
-        : _readers(readers), _sink(sink), _values(values)
+    ValueReading(const Readers &readers, ImportSink *sink) : _readers(readers), _sink(sink)
     {
         for (const auto &reader : readers) {
             ImportValues::Column column;
             column.typeName = typeNameOf(*reader);
             _values.columns.append(column);
         }
-        check(!sink || sink->begin(readers));
+        if (sink)
+            _outcome = sink->begin(readers);
     }
 
-    /// \return whether to go on.
-    bool readRow(qint64 row, const QStringList &fields)
+    /// Whether it goes on.
+    explicit operator bool() const { return bool(_outcome); }
+    void cancel() { _outcome = Failure{u"it was cancelled"_s, true}; }
+    void readRow(qint64 row, const QStringList &fields)
     {
         QVariantList record;
-        for (qsizetype column = 0; column < _values.columns.size(); ++column) {
-            const QString text = fields.value(column);
-            if (text.trimmed().isEmpty()) {
-                ++_values.columns[column].empty;
-                record.append(text.isEmpty() ? QVariant() : QVariant(text));
-            } else {
-                record.append(readValue(row, column, text));
-            }
-        }
-        check(!_sink || _sink->addRow(record));
-        return _values.errorDescription.isNull();
+        for (qsizetype column = 0; column < _values.columns.size(); ++column)
+            record.append(valueOf(row, column, fields.value(column)));
+        if (_sink)
+            _outcome = _sink->addRow(record);
     }
 
-    void cancel()
+    Outcome<ImportValues> values() const
     {
-        _values.isCancelled = true;
-        _values.errorDescription = u"it was cancelled"_s;
+        if (!_outcome)
+            return _outcome.failure();
+        return _values;
     }
 
 private:
-    void check(bool isDone)
+    QVariant valueOf(qint64 row, qsizetype column, const QString &text)
     {
-        if (!isDone)
-            _values.errorDescription = _sink->errorText();
+        if (!text.trimmed().isEmpty())
+            return readValue(row, column, text);
+        ++_values.columns[column].empty;
+        return text.isEmpty() ? QVariant() : QVariant(text);
     }
 
-    FieldReading reading(const FieldReader &reader, const QString &text)
+    Outcome<QVariant> reading(const FieldReader &reader, const QString &text)
     {
         return reader.type() == FieldType::Media && _sink ? _sink->storeMedia(text)
                                                           : reader.read(text, true);
@@ -106,31 +101,32 @@ private:
 
     QVariant readValue(qint64 row, qsizetype column, const QString &text)
     {
-        FieldReading result = reading(*_readers[size_t(column)], text);
+        const Outcome<QVariant> value = reading(*_readers[size_t(column)], text);
         ImportValues::Column &counts = _values.columns[column];
-        ++(result.isRead ? counts.read : counts.unread);
-        if (result.isRead)
-            return result.value;
-        _values.unread.append({row, column, text, result.reason});
+        ++(value ? counts.read : counts.unread);
+        if (value)
+            return *value;
+        _values.unread.append({row, column, text, value.reason()});
         return text;
     }
 
     const Readers &_readers;
     ImportSink *_sink;
-    ImportValues &_values;
+    ImportValues _values;
+    Outcome<> _outcome;
 };
 } // namespace
 
-ImportValues ImportValues::fromText(QStringView text, const ImportSource &source,
-                                    const Settings &settings)
+Outcome<ImportValues> ImportValues::of(const RowSource &rows, const Settings &settings)
 {
-    ImportValues values;
-    const Readers readers = readersFor(text, source, settings);
-    ValueReading reading(readers, settings.sink, values);
-    source.whileRows(text, [&](qint64 row, const QStringList &fields) {
-        if (settings.progress && !settings.progress(row, source.rowCount))
+    const Readers readers = readersFor(rows, settings);
+    ValueReading reading(readers, settings.sink);
+    rows.whileRows([&](qint64 row, const QStringList &fields) {
+        if (settings.progress && !settings.progress(row, rows.rowCount()))
             reading.cancel();
-        return values.errorDescription.isNull() && reading.readRow(row, fields);
+        if (reading)
+            reading.readRow(row, fields);
+        return bool(reading);
     });
-    return values;
+    return reading.values();
 }

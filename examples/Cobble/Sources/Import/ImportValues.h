@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ImportSink.h"
-#include "ImportSource.h"
+#include "RowSource.h"
 
 #include <QList>
 #include <QMap>
@@ -10,10 +10,10 @@
 /// The values of an import: the type of each column, and what its formatter reads of it.
 ///
 /// \code
-/// const ImportSource source = ImportSource::fromText(text);
-/// const ImportValues values = ImportValues::fromText(text, source);
-/// values.columns.at(0).typeName;     // "date"
-/// values.unread.size();              // 3
+/// const Outcome<SeparatedText> rows = SeparatedText::read(text);
+/// const Outcome<ImportValues> values = ImportValues::of(*rows);
+/// values->columns.at(0).typeName;     // "date"
+/// values->unread.size();              // 3
 /// \endcode
 struct ImportValues
 {
@@ -49,17 +49,11 @@ struct ImportValues
         ImportSink *sink = nullptr;
     };
 
-    /// Reads the rows twice: the beginning to find the types, then all of them.
-    static ImportValues fromText(QStringView text, const ImportSource &source,
-                                 const Settings &settings);
-    static ImportValues fromText(QStringView text, const ImportSource &source)
-    {
-        return fromText(text, source, Settings());
-    }
+    /// Reads the rows twice: the beginning to find the types, then all of them. It fails if the sink
+    /// does, and if it is cancelled.
+    static Outcome<ImportValues> of(const RowSource &rows, const Settings &settings);
+    static Outcome<ImportValues> of(const RowSource &rows) { return of(rows, Settings()); }
 
     QList<Column> columns;
     QList<Unread> unread;
-    /// Why the sink ended it, or that it was cancelled; nil if neither.
-    QString errorDescription;
-    bool isCancelled = false;
 };

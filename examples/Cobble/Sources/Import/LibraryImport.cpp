@@ -23,16 +23,17 @@ LibraryField fieldFor(const ImportColumn &column)
 /// The settings that were found for the column, and not those of the locale.
 QVariantMap optionsOf(const FieldReader &reader)
 {
-    const auto *const currency = qobject_cast<const KTCurrencyFormatter *>(reader.formatter());
-    return currency ? QVariantMap{{kKTFieldOption_currencyType, currency->currencyType()}}
-                    : QVariantMap();
+    const QString currency = reader.currencyType();
+    return currency.isNull() ? QVariantMap() : QVariantMap{{kKTFieldOption_currencyType, currency}};
 }
 
-FieldReading notStored(const QString &reason)
+/// Why a media file could not be stored.
+QString reasonForNo(const NSURL &url)
 {
-    FieldReading reading;
-    reading.reason = reason;
-    return reading;
+    if (url.scheme() == u"http")
+        return u"it cannot be downloaded"_s;
+    return NSFileManager::fileExistsAtPath(url.path()) ? u"it cannot be copied"_s
+                                                       : u"there is no such file"_s;
 }
 } // namespace
 
@@ -48,56 +49,53 @@ LibraryImport::LibraryImport(ImportTransaction &transaction, const ImportSchema 
         _library.fields += fieldFor(column);
 }
 
-bool LibraryImport::removeOther()
+Outcome<> LibraryImport::removeOther()
 {
-    const std::optional<Library> other = _transaction.store().libraryNamed(_library.name);
-    return other ? _transaction.removeLibrary(*other) : errorText().isNull();
+    const Outcome<QList<Library>> others = _transaction.store().libraries();
+    if (!others)
+        return others.failure();
+    const std::optional<Library> other = Libraries::named(_library.name, *others);
+    return other ? _transaction.removeLibrary(*other) : Outcome<>();
 }
 
-/// \return false if the other names cannot be read.
-bool LibraryImport::makeNamesUnique()
+Outcome<> LibraryImport::makeNamesUnique()
 {
-    const QList<Library> others = _transaction.store().libraries();
-    _library.name = KTAdditions::uniqueStringWithBase(others, _library.name);
+    const Outcome<QList<Library>> others = _transaction.store().libraries();
+    if (!others)
+        return others.failure();
+    _library.name = KTAdditions::uniqueStringWithBase(*others, _library.name);
     _library.tableName = KTAdditions::internalCaseInsensitiveUniqueStringWithBase(
-        others, _library.tableName, u"tableName"_s);
-    return errorText().isNull();
+        *others, _library.tableName, u"tableName"_s);
+    return {};
 }
 
-bool LibraryImport::begin(const std::vector<std::unique_ptr<FieldReader>> &readers)
+Outcome<> LibraryImport::begin(const std::vector<std::unique_ptr<FieldReader>> &readers)
 {
     for (size_t column = 0; column < readers.size(); ++column) {
         LibraryField &field = _library.fields[qsizetype(column)];
         field.type = readers[column]->type();
         field.options = optionsOf(*readers[column]);
     }
-    if (_replaces && !removeOther())
-        return false;
-    return makeNamesUnique() && _transaction.store().create(_library);
+    const Outcome<> isFree = _replaces ? removeOther() : Outcome<>();
+    return isFree.andThen([this] { return makeNamesUnique(); }).andThen([this] {
+        return _transaction.store().create(_library);
+    });
 }
 
-FieldReading LibraryImport::storeMedia(const QString &text)
+Outcome<QVariant> LibraryImport::storeMedia(const QString &text)
 {
     const std::optional<NSURL> url = MediaReference::urlIn(text, _folder);
     if (!url)
-        return notStored(u"it names no file"_s);
+        return Failure{u"it names no file"_s};
     const std::optional<NSURL> stored = _transaction.storeMedia(*url);
-    if (stored)
-        return {true, stored->absoluteString(), {}, {}};
-    if (url->scheme() == u"http")
-        return notStored(u"it cannot be downloaded"_s);
-    return notStored(NSFileManager::fileExistsAtPath(url->path()) ? u"it cannot be copied"_s
-                                                                  : u"there is no such file"_s);
+    if (!stored)
+        return Failure{reasonForNo(*url)};
+    return QVariant(stored->absoluteString());
 }
 
-bool LibraryImport::addRow(const QVariantList &values)
+Outcome<> LibraryImport::addRow(const QVariantList &values)
 {
-    const bool isAdded = _transaction.store().insert(values);
-    _recordCount += isAdded;
-    return isAdded;
-}
-
-QString LibraryImport::errorText() const
-{
-    return _transaction.store().errorText();
+    const Outcome<> added = _transaction.store().insert(values);
+    _recordCount += added ? 1 : 0;
+    return added;
 }

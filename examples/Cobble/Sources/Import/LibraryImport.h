@@ -15,18 +15,17 @@ public:
     LibraryImport(ImportTransaction &transaction, const ImportSchema &schema, const QString &folder,
                   bool replaces);
 
-    bool begin(const std::vector<std::unique_ptr<FieldReader>> &readers) override;
-    FieldReading storeMedia(const QString &text) override;
-    bool addRow(const QVariantList &values) override;
-    QString errorText() const override;
+    Outcome<> begin(const std::vector<std::unique_ptr<FieldReader>> &readers) override;
+    Outcome<QVariant> storeMedia(const QString &text) override;
+    Outcome<> addRow(const QVariantList &values) override;
 
     /// As it was made, with the names that it got.
     const Library &storedLibrary() const { return _library; }
     qint64 recordCount() const { return _recordCount; }
 
 private:
-    bool removeOther();
-    bool makeNamesUnique();
+    Outcome<> removeOther();
+    Outcome<> makeNamesUnique();
 
     ImportTransaction &_transaction;
     QString _folder;

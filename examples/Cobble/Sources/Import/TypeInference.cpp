@@ -1,7 +1,6 @@
 #include "TypeInference.h"
 
 #include <KTUtility/KTCurrencyFormatter>
-#include <KTUtility/KTDateTimeFormatter>
 
 #include <QHash>
 #include <QRegularExpression>
@@ -49,14 +48,53 @@ struct Parts
     bool hasTime = false;
 };
 
-Parts partsOf(const FieldReading &reading, const QString &text)
+/// \param pattern that which the text was read by.
+Parts partsOf(const QString &pattern, const QString &text)
 {
-    if (reading.pattern.isNull()) // ISO 8601, or a bare hour
+    if (pattern.isNull()) // ISO 8601, or a bare hour
         return {text.contains(u'-'), text.contains(u':') || !text.contains(u'-')};
     static const QString timeFields = u"hHkKma"_s;
-    const bool hasTime = std::any_of(reading.pattern.begin(), reading.pattern.end(),
+    const bool hasTime = std::any_of(pattern.begin(), pattern.end(),
                                      [](QChar unit) { return timeFields.contains(unit); });
-    return {reading.pattern.contains(u'd'), hasTime};
+    return {pattern.contains(u'd'), hasTime};
+}
+
+/// How many of some values have which parts.
+struct PartCounts
+{
+    qsizetype dates = 0;
+    qsizetype times = 0;
+    qsizetype both = 0;
+
+    qsizetype all() const { return dates + times + both; }
+};
+
+PartCounts partCountsOf(const QStringList &values)
+{
+    const FieldReader reader(FieldType::DateTime);
+    PartCounts counts;
+    for (const QString &value : values) {
+        if (!reader.read(value, true))
+            continue;
+        const Parts parts = partsOf(reader.recentPattern(), value);
+        counts.dates += parts.hasDate && !parts.hasTime;
+        counts.times += parts.hasTime && !parts.hasDate;
+        counts.both += parts.hasDate && parts.hasTime;
+    }
+    return counts;
+}
+
+/// How many values name each currency other than the user's.
+QHash<QString, qsizetype> currencyVotesIn(const QStringList &values)
+{
+    QHash<QString, qsizetype> votes;
+    for (const QString &value : values) {
+        KTCurrencyFormatter formatter;
+        QVariantMap options;
+        if (formatter.adjustForValue(value, &options))
+            ++votes[options.value(kKTFieldOption_currencyType).toString()];
+    }
+    return votes;
 }
 } // namespace
 
@@ -84,7 +122,7 @@ qsizetype TypeInference::countRead(const FieldReader &reader) const
     const bool isNumeric =
         reader.type() == FieldType::Number || reader.type() == FieldType::Currency;
     return std::count_if(_values.begin(), _values.end(), [&](const QString &value) {
-        return !(isNumeric && looksLikeDate(value)) && reader.read(value, true).isRead;
+        return !(isNumeric && looksLikeDate(value)) && bool(reader.read(value, true));
     });
 }
 
@@ -118,19 +156,14 @@ FieldType TypeInference::textType() const
 }
 
 /// In the user's currency, or in that which most of the values name.
+/// In the user's currency, or in that which most of the values name.
 std::unique_ptr<FieldReader> TypeInference::currencyReader() const
 {
     auto reader = std::make_unique<FieldReader>(FieldType::Currency);
     const qsizetype own = countRead(*reader);
     if (fits(own))
         return reader;
-    QHash<QString, qsizetype> votes;
-    for (const QString &value : _values) {
-        KTCurrencyFormatter formatter;
-        QVariantMap options;
-        if (formatter.adjustForValue(value, &options))
-            ++votes[options.value(kKTFieldOption_currencyType).toString()];
-    }
+    const QHash<QString, qsizetype> votes = currencyVotesIn(_values);
     const auto winner = std::max_element(votes.begin(), votes.end());
     if (winner == votes.end() || !fits(own + *winner))
         return nullptr;
@@ -140,21 +173,11 @@ std::unique_ptr<FieldReader> TypeInference::currencyReader() const
 
 std::unique_ptr<FieldReader> TypeInference::dateReader() const
 {
-    const FieldReader reader(FieldType::DateTime);
-    qsizetype dates = 0, times = 0, both = 0;
-    for (const QString &value : _values) {
-        const FieldReading reading = reader.read(value, true);
-        if (!reading.isRead)
-            continue;
-        const Parts parts = partsOf(reading, value);
-        dates += parts.hasDate && !parts.hasTime;
-        times += parts.hasTime && !parts.hasDate;
-        both += parts.hasDate && parts.hasTime;
-    }
-    if (!fits(dates + times + both))
+    const PartCounts counts = partCountsOf(_values);
+    if (!fits(counts.all()))
         return nullptr;
-    if (both == 0 && isMostly(dates, dates + times))
+    if (counts.both == 0 && isMostly(counts.dates, counts.all()))
         return std::make_unique<FieldReader>(FieldType::Date);
-    const bool isTime = isMostly(times, dates + times + both);
+    const bool isTime = isMostly(counts.times, counts.all());
     return std::make_unique<FieldReader>(isTime ? FieldType::Time : FieldType::DateTime);
 }

@@ -18,7 +18,7 @@ QSet<QString> UnusedMedia::remove(const KTDatabaseBundle &bundle, LibraryStore &
 {
     if (urls.isEmpty())
         return {};
-    const std::optional<QSet<QString>> used = store.usedMedia();
+    const Outcome<QSet<QString>> used = store.usedMedia();
     if (!used)
         return urls;
     QSet<QString> left;

@@ -34,15 +34,14 @@ BundleLock::~BundleLock()
         _file.removeStaleLockFile();
 }
 
-bool BundleLock::lock(int patience, QString *error)
+Outcome<> BundleLock::lock(int patience)
 {
-    *error = QString();
     const QString folder = NSString::stringByDeletingLastPathComponent(_file.fileName());
     if (_file.tryLock(patience))
-        return true;
+        return {};
     if (_file.error() == QLockFile::LockFailedError)
-        *error = u"another import is running"_s;
-    else if (!NSFileManager::fileExistsAtPath(folder))
-        *error = u"there is no folder for the database bundle"_s;
-    return error->isNull();
+        return Failure{u"another import is running"_s};
+    if (!NSFileManager::fileExistsAtPath(folder))
+        return Failure{u"there is no folder for the database bundle"_s};
+    return {};
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Text/Outcome.h"
+
 #include <KTUtility/KTDatabaseBundle>
 
 #include <QLockFile>
@@ -17,8 +19,7 @@ public:
     BundleLock &operator=(const BundleLock &) = delete;
 
     /// \param patience how long to wait for another process, in milliseconds.
-    /// \param error receives why the result is false.
-    bool lock(int patience, QString *error);
+    Outcome<> lock(int patience);
     /// Whether there is a file.
     bool isLocked() const { return _file.isLocked(); }
 

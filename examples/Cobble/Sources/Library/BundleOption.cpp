@@ -16,10 +16,10 @@ void BundleOption::add(QCommandLineParser *parser)
     parser->addOption({Name, QString(), u"PATH"_s});
 }
 
-QString BundleOption::mistakeIn(const QCommandLineParser &parser)
+Outcome<> BundleOption::check(const QCommandLineParser &parser)
 {
     const bool isEmpty = parser.isSet(Name) && parser.value(Name).isEmpty();
-    return isEmpty ? u"--bundle needs a path"_s : QString();
+    return isEmpty ? Failure{u"--bundle needs a path"_s} : Outcome<>();
 }
 
 KTDatabaseBundle BundleOption::bundleIn(const QCommandLineParser &parser)

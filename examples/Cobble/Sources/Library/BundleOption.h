@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Text/Outcome.h"
+
 #include <KTUtility/KTDatabaseBundle>
 
 #include <QCommandLineParser>
@@ -9,8 +11,8 @@
 namespace BundleOption {
 /// Adds it.
 void add(QCommandLineParser *parser);
-/// What is wrong with the path given; nil if nothing is.
-QString mistakeIn(const QCommandLineParser &parser);
+/// Fails if something is wrong with the path given.
+Outcome<> check(const QCommandLineParser &parser);
 /// The bundle at the path given, else the user's default bundle.
 KTDatabaseBundle bundleIn(const QCommandLineParser &parser);
 

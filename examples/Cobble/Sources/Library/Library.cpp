@@ -2,6 +2,8 @@
 
 #include "Fields/FieldReader.h"
 
+#include <algorithm>
+
 QString LibraryField::title() const
 {
     if (!header.trimmed().isEmpty())
@@ -15,4 +17,17 @@ std::unique_ptr<FieldReader> LibraryField::reader() const
     if (reader->formatter() && !options.isEmpty())
         reader->formatter()->setOptions(options);
     return reader;
+}
+
+std::optional<Library> Libraries::named(const QString &name, const QList<Library> &libraries)
+{
+    for (const Qt::CaseSensitivity sensitivity : {Qt::CaseSensitive, Qt::CaseInsensitive}) {
+        const auto found =
+            std::find_if(libraries.begin(), libraries.end(), [&](const Library &library) {
+                return library.name.compare(name, sensitivity) == 0;
+            });
+        if (found != libraries.end())
+            return *found;
+    }
+    return std::nullopt;
 }

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QVariantMap>
 
+#include <optional>
+
 class FieldReader;
 
 /// A field of a stored library: its names, its type, and the settings of its formatter.
@@ -41,3 +43,9 @@ public:
     QString tableName;
     QList<LibraryField> fields;
 };
+
+namespace Libraries {
+/// The one with a name; if no other, the one whose name differs in case only; nothing if there is
+/// none.
+std::optional<Library> named(const QString &name, const QList<Library> &libraries);
+} // namespace Libraries

@@ -24,7 +24,7 @@ public:
         , _texts(library)
         , _records(store.records(library))
         , _progress(progress)
-        , _total(progress ? store.recordCount(library) : 0)
+        , _total(progress ? store.recordCount(library).valueOr(0) : 0)
     {
     }
 
@@ -58,7 +58,7 @@ public:
 
     qint64 count() const { return _count; }
     bool isCancelled() const { return _isCancelled; }
-    QString errorText() const { return _records.errorText(); }
+    Outcome<> outcome() const { return _records.outcome(); }
 
 private:
     Library _library;
@@ -70,61 +70,54 @@ private:
     bool _isCancelled = false;
 };
 
+Failure failure(const QString &subject, const QString &reason)
+{
+    return {u"%1: %2"_s.arg(subject, reason)};
+}
+
 /// What an exporter throws is its failure, not the host's.
-bool runExporter(CobbleExporter &exporter, CobbleRecordSource &records, const QString &fileType,
-                 QIODevice *to, QString *error)
+Outcome<> runExporter(CobbleExporter &exporter, CobbleRecordSource &records,
+                      const QString &fileType, QIODevice *to)
 {
     bool isDone = false;
-    const QString failure =
-        PlugIns::failureOf([&] { isDone = exporter.exportRecords(records, fileType, to, error); });
-    if (!failure.isNull())
-        *error = u"the exporter failed: %1"_s.arg(failure);
-    return isDone;
-}
-
-/// Lets the new file take the old one's place when it is on the disk.
-/// \return why it does not; nil if it does.
-QString commit(QSaveFile &file)
-{
-    if (!file.flush())
-        return file.errorString();
-    if (!NSFileHandle(file.handle(), NSFileHandle::Ownership::Borrowed).synchronizeFile())
-        return qt_error_string(errno);
-    return file.commit() ? QString() : file.errorString();
-}
-
-LibraryExport::Outcome failure(const QString &subject, const QString &reason)
-{
-    LibraryExport::Outcome outcome;
-    outcome.subject = subject;
-    outcome.errorDescription = reason;
-    return outcome;
+    QString error;
+    const Outcome<> called =
+        PlugIns::call([&] { isDone = exporter.exportRecords(records, fileType, to, &error); });
+    if (!called)
+        return Failure{u"the exporter failed: %1"_s.arg(called.reason())};
+    // One that gives no reason has done what it could.
+    return isDone || error.isNull() ? called : Failure{error};
 }
 
 /// Writes the records to an open file, which is still to be committed.
-LibraryExport::Outcome write(LibraryRecords &records, CobbleExporter &exporter, QSaveFile &file)
+Outcome<> write(LibraryRecords &records, CobbleExporter &exporter, QSaveFile &file)
 {
     const QString path = file.fileName();
-    QString error;
     const QString fileType = QFileInfo(path).suffix().toLower();
-    const bool isWritten = runExporter(exporter, records, fileType, &file, &error);
-    LibraryExport::Outcome outcome;
-    outcome.recordCount = records.count();
-    outcome.isCancelled = records.isCancelled();
-    if (outcome.isCancelled)
-        error = u"it was cancelled"_s;
-    else if (isWritten && !records.errorText().isNull())
-        return failure(records.libraryName(), records.errorText());
-    if (!isWritten || outcome.isCancelled) {
-        outcome.subject = path;
-        outcome.errorDescription = error;
-    }
-    return outcome;
+    const Outcome<> written = runExporter(exporter, records, fileType, &file);
+    if (records.isCancelled())
+        return Failure{u"%1: it was cancelled"_s.arg(path), true};
+    if (!written)
+        return failure(path, written.reason());
+    if (const Outcome<> read = records.outcome(); !read)
+        return failure(records.libraryName(), read.reason());
+    return {};
+}
+
+/// Lets the new file take the old one's place when it is on the disk.
+Outcome<> commit(QSaveFile &file)
+{
+    const QString path = file.fileName();
+    if (!file.flush())
+        return failure(path, file.errorString());
+    if (!NSFileHandle(file.handle(), NSFileHandle::Ownership::Borrowed).synchronizeFile())
+        return failure(path, qt_error_string(errno));
+    return file.commit() ? Outcome<>() : failure(path, file.errorString());
 }
 } // namespace
 
-LibraryExport::Outcome LibraryExport::run(LibraryStore &store, const Library &library,
-                                          const QString &path, const Progress &progress)
+Outcome<qint64> LibraryExport::run(LibraryStore &store, const Library &library, const QString &path,
+                                   const Progress &progress)
 {
     const PlugIns plugIns;
     const QString fileType = QFileInfo(path).suffix().toLower();
@@ -136,9 +129,9 @@ LibraryExport::Outcome LibraryExport::run(LibraryStore &store, const Library &li
     if (!file.open(QIODevice::WriteOnly))
         return failure(path, file.errorString());
     LibraryRecords records(store, library, progress);
-    Outcome outcome = write(records, *exporter, file);
-    if (!outcome.errorDescription.isNull())
-        return outcome;
-    const QString reason = commit(file);
-    return reason.isNull() ? outcome : failure(path, reason);
+    const Outcome<> outcome =
+        write(records, *exporter, file).andThen([&file] { return commit(file); });
+    if (!outcome)
+        return outcome.failure();
+    return records.count();
 }

@@ -9,8 +9,6 @@
 #include <QSqlError>
 #include <QUuid>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -61,6 +59,62 @@ LibraryField fieldIn(const QSqlQuery &row)
     field.options = QJsonDocument::fromJson(row.value(5).toByteArray()).object().toVariantMap();
     return field;
 }
+Library libraryIn(const QSqlQuery &row)
+{
+    Library library;
+    library.name = row.value(0).toString();
+    library.libraryEntityName = row.value(1).toString();
+    library.entityName = row.value(2).toString();
+    library.tableName = row.value(3).toString();
+    return library;
+}
+
+Outcome<> outcomeOf(const QSqlQuery &query, bool isDone)
+{
+    return isDone ? Outcome<>() : Failure{reasonOf(query.lastError())};
+}
+
+/// Of a query whose rows were read.
+Outcome<> outcomeOf(const QSqlQuery &query)
+{
+    return outcomeOf(query, !query.lastError().isValid());
+}
+
+Outcome<> execute(QSqlQuery &query, const QString &statement, const QVariantList &values = {})
+{
+    query.setForwardOnly(true);
+    if (!query.prepare(statement))
+        return outcomeOf(query, false);
+    for (const QVariant &value : values)
+        query.addBindValue(value);
+    return outcomeOf(query, query.exec());
+}
+
+/// For a statement about one record.
+Outcome<> executeOnRecord(QSqlQuery &query, const QString &statement, const QVariantList &values)
+{
+    const Outcome<> outcome = execute(query, statement, values);
+    if (outcome && query.numRowsAffected() != 1)
+        return Failure{u"the record is no longer there"_s};
+    return outcome;
+}
+
+/// What \a read makes of each row that a statement gives.
+template<typename Read>
+auto allRows(const QSqlDatabase &database, const QString &statement, const QVariantList &values,
+             const Read &read) -> Outcome<QList<decltype(read(QSqlQuery()))>>
+{
+    QList<decltype(read(QSqlQuery()))> results;
+    QSqlQuery query(database);
+    const Outcome<> outcome = execute(query, statement, values).andThen([&] {
+        while (query.next())
+            results += read(query);
+        return outcomeOf(query);
+    });
+    if (!outcome)
+        return outcome.failure();
+    return results;
+}
 } // namespace
 
 RecordCursor::RecordCursor(QSqlQuery &&query, const Library &library) : _query(std::move(query))
@@ -84,25 +138,21 @@ QVariant RecordCursor::value(qsizetype field) const
     return StoredValue::fromDatabase(_types.at(field), _query.value(int(field) + 1));
 }
 
-QString RecordCursor::errorText() const
+Outcome<> RecordCursor::outcome() const
 {
-    return _query.lastError().isValid() ? reasonOf(_query.lastError()) : QString();
+    return outcomeOf(_query);
 }
 
-std::unique_ptr<LibraryStore> LibraryStore::open(const KTDatabaseBundle &bundle, Mode mode,
-                                                 QString *error)
+Outcome<std::unique_ptr<LibraryStore>> LibraryStore::open(const KTDatabaseBundle &bundle, Mode mode)
 {
     const QString path = bundle.databaseFilePath();
-    if (mode == Mode::Existing && !NSFileManager::fileExistsAtPath(path)) {
-        *error = u"there is no database"_s;
-        return nullptr;
-    }
+    if (mode == Mode::Existing && !NSFileManager::fileExistsAtPath(path))
+        return Failure{u"there is no database"_s};
     std::unique_ptr<LibraryStore> store(new LibraryStore(path));
-    const bool isReady = store->connect() && store->hasKnownVersion();
-    if (isReady)
-        return store;
-    *error = store->errorText();
-    return nullptr;
+    const Outcome<> ready = store->connect().andThen([&] { return store->checkVersion(); });
+    if (!ready)
+        return ready.failure();
+    return store;
 }
 
 LibraryStore::LibraryStore(const QString &path)
@@ -120,206 +170,158 @@ LibraryStore::~LibraryStore()
     QSqlDatabase::removeDatabase(_connectionName);
 }
 
-bool LibraryStore::connect()
+Outcome<> LibraryStore::connect()
 {
-    if (_database.open())
-        return true;
-    _errorText = reasonOf(_database.lastError());
-    return false;
+    return _database.open() ? Outcome<>() : Failure{reasonOf(_database.lastError())};
 }
 
-bool LibraryStore::hasKnownVersion()
+Outcome<> LibraryStore::checkVersion()
 {
-    QSqlQuery version(_database);
-    if (!version.prepare(u"PRAGMA user_version"_s) || !run(version)) {
-        _errorText = reasonOf(version.lastError());
-        return false;
+    const Outcome<qint64> version = number(u"PRAGMA user_version"_s);
+    if (!version)
+        return version.failure();
+    if (*version > CatalogueVersion)
+        return Failure{u"the database was made by a newer version of Cobble"_s};
+    return {};
+}
+
+Outcome<> LibraryStore::run(const QString &statement)
+{
+    QSqlQuery query(_database);
+    return outcomeOf(query, query.exec(statement));
+}
+
+/// The number that a statement gives; 0 if it gives none.
+Outcome<qint64> LibraryStore::number(const QString &statement)
+{
+    const auto numbers = allRows(_database, statement, {},
+                                 [](const QSqlQuery &row) { return row.value(0).toLongLong(); });
+    if (!numbers)
+        return numbers.failure();
+    return qint64(numbers->value(0));
+}
+
+// --- Reading
+
+Outcome<QList<LibraryField>> LibraryStore::fieldsOf(const QString &tableName)
+{
+    return allRows(_database,
+                   u"SELECT column_name, header, label, property, type, options FROM "
+                   "cobble_field WHERE table_name = ? ORDER BY position"_s,
+                   {tableName}, fieldIn);
+}
+
+Outcome<QList<Library>> LibraryStore::libraries()
+{
+    // There is no catalogue in a database that nothing was stored in yet.
+    const Outcome<qint64> catalogues = number(u"SELECT count(*) FROM sqlite_master WHERE "
+                                              "type = 'table' AND name = 'cobble_library'"_s);
+    if (!catalogues)
+        return catalogues.failure();
+    return *catalogues == 0 ? QList<Library>() : librariesInCatalogue();
+}
+
+Outcome<QList<Library>> LibraryStore::librariesInCatalogue()
+{
+    auto libraries = allRows(_database,
+                             u"SELECT name, library_entity, entity, table_name FROM "
+                             "cobble_library ORDER BY name COLLATE NOCASE"_s,
+                             {}, libraryIn);
+    if (!libraries)
+        return libraries;
+    for (Library &library : *libraries) {
+        const auto fields = fieldsOf(library.tableName);
+        if (!fields)
+            return fields.failure();
+        library.fields = *fields;
     }
-    if (version.next() && version.value(0).toInt() > CatalogueVersion) {
-        _errorText = u"the database was made by a newer version of Cobble"_s;
-        return false;
-    }
-    return true;
+    return libraries;
 }
 
-bool LibraryStore::run(const QString &statement, QSqlQuery &query)
+Outcome<Library> LibraryStore::libraryNamed(const QString &name)
 {
-    if (query.prepare(statement))
-        return run(query);
-    _errorText = reasonOf(query.lastError());
-    return false;
+    const Outcome<QList<Library>> all = libraries();
+    if (!all)
+        return all.failure();
+    const std::optional<Library> library = Libraries::named(name, *all);
+    if (!library)
+        return Failure{u"no library '%1'"_s.arg(name)};
+    return *library;
 }
 
-bool LibraryStore::run(QSqlQuery &query)
+Outcome<qint64> LibraryStore::recordCount(const Library &library)
 {
-    if (query.exec())
-        return true;
-    _errorText = reasonOf(query.lastError());
-    return false;
-}
-
-bool LibraryStore::run(const QString &statement)
-{
-    QSqlQuery query(_database);
-    if (query.exec(statement))
-        return true;
-    _errorText = reasonOf(query.lastError());
-    return false;
-}
-
-bool LibraryStore::makeCatalogue()
-{
-    return run(u"CREATE TABLE IF NOT EXISTS cobble_library (name TEXT PRIMARY KEY, "
-               "library_entity TEXT, entity TEXT, table_name TEXT UNIQUE)"_s) &&
-           run(u"CREATE TABLE IF NOT EXISTS cobble_field (table_name TEXT, position "
-               "INTEGER, column_name TEXT, header TEXT, label TEXT, property TEXT, "
-               "type TEXT, options TEXT, PRIMARY KEY (table_name, position))"_s) &&
-           run(u"PRAGMA user_version = %1"_s.arg(CatalogueVersion));
-}
-
-QList<LibraryField> LibraryStore::fieldsOf(const QString &tableName)
-{
-    QSqlQuery query(_database);
-    query.prepare(u"SELECT column_name, header, label, property, type, options FROM "
-                  "cobble_field WHERE table_name = ? ORDER BY position"_s);
-    query.addBindValue(tableName);
-    QList<LibraryField> fields;
-    for (run(query); goToNext(query);)
-        fields += fieldIn(query);
-    return fields;
-}
-
-/// Whether there is a catalogue; not in a database that nothing was stored in yet.
-bool LibraryStore::hasCatalogue()
-{
-    QSqlQuery query(_database);
-    return run(u"SELECT 1 FROM sqlite_master WHERE type = 'table' AND "
-               "name = 'cobble_library'"_s,
-               query) &&
-           goToNext(query);
-}
-
-/// \return false at the end, and if the database cannot be read.
-bool LibraryStore::goToNext(QSqlQuery &query)
-{
-    const bool hasNext = query.next();
-    if (query.lastError().isValid())
-        _errorText = reasonOf(query.lastError());
-    return hasNext;
-}
-
-QList<Library> LibraryStore::libraries()
-{
-    _errorText = QString();
-    QList<Library> libraries;
-    QSqlQuery query(_database);
-    if (!hasCatalogue() ||
-        !run(u"SELECT name, library_entity, entity, table_name FROM cobble_library "
-             "ORDER BY name COLLATE NOCASE"_s,
-             query))
-        return {};
-    while (goToNext(query)) {
-        Library library;
-        library.name = query.value(0).toString();
-        library.libraryEntityName = query.value(1).toString();
-        library.entityName = query.value(2).toString();
-        library.tableName = query.value(3).toString();
-        library.fields = fieldsOf(library.tableName);
-        libraries += library;
-    }
-    return _errorText.isNull() ? libraries : QList<Library>();
-}
-
-std::optional<Library> LibraryStore::libraryNamed(const QString &name)
-{
-    const QList<Library> all = libraries();
-    for (const Qt::CaseSensitivity sensitivity : {Qt::CaseSensitive, Qt::CaseInsensitive}) {
-        const auto found = std::find_if(all.begin(), all.end(), [&](const Library &library) {
-            return library.name.compare(name, sensitivity) == 0;
-        });
-        if (found != all.end())
-            return *found;
-    }
-    return std::nullopt;
-}
-
-QString LibraryStore::reasonForNo(const QString &name) const
-{
-    return _errorText.isNull() ? u"no library '%1'"_s.arg(name) : _errorText;
-}
-
-qint64 LibraryStore::recordCount(const Library &library)
-{
-    QSqlQuery query(_database);
-    const bool isCounted = run(u"SELECT count(*) FROM " + quoted(library.tableName), query);
-    return isCounted && goToNext(query) ? query.value(0).toLongLong() : 0;
+    return number(u"SELECT count(*) FROM " + quoted(library.tableName));
 }
 
 RecordCursor LibraryStore::records(const Library &library, qint64 limit)
 {
     QSqlQuery query(_database);
-    query.setForwardOnly(true);
-    if (query.prepare(u"SELECT id, " + columnsOf(library) + u" FROM " + quoted(library.tableName) +
-                      u" ORDER BY id LIMIT ?")) {
-        query.addBindValue(limit);
-        run(query);
-    }
+    // The cursor tells if that fails.
+    (void)execute(query,
+                  u"SELECT id, " + columnsOf(library) + u" FROM " + quoted(library.tableName) +
+                      u" ORDER BY id LIMIT ?",
+                  {limit});
     return {std::move(query), library};
 }
 
-std::optional<QSet<QString>> LibraryStore::usedMedia()
+Outcome<QSet<QString>> LibraryStore::usedMedia()
 {
-    QSet<QString> values;
-    const QList<Library> all = libraries();
-    if (!_errorText.isNull())
-        return std::nullopt;
-    for (const Library &library : all) {
-        const std::optional<QSet<QString>> media = mediaOf(library);
+    const Outcome<QList<Library>> all = libraries();
+    if (!all)
+        return all.failure();
+    QSet<QString> used;
+    for (const Library &library : *all) {
+        const Outcome<QSet<QString>> media = mediaOf(library);
         if (!media)
-            return std::nullopt;
-        values += *media;
+            return media;
+        used += *media;
     }
-    return values;
+    return used;
 }
 
-std::optional<QSet<QString>> LibraryStore::mediaOf(const Library &library)
+Outcome<QSet<QString>> LibraryStore::mediaOf(const Library &library)
 {
-    QSet<QString> values;
+    QSet<QString> media;
     for (const LibraryField &field : library.fields) {
-        if (field.type == FieldType::Media &&
-            !addValues(library.tableName, field.columnName, &values))
-            return std::nullopt;
+        if (field.type != FieldType::Media)
+            continue;
+        const auto values =
+            allRows(_database,
+                    u"SELECT " + quoted(field.columnName) + u" FROM " + quoted(library.tableName),
+                    {}, [](const QSqlQuery &row) { return row.value(0).toString(); });
+        if (!values)
+            return values.failure();
+        media += QSet<QString>(values->begin(), values->end());
     }
-    return values;
+    return media;
 }
 
-/// \return false if the column cannot be read.
-bool LibraryStore::addValues(const QString &tableName, const QString &columnName,
-                             QSet<QString> *values)
-{
-    QSqlQuery query(_database);
-    query.setForwardOnly(true);
-    if (!query.prepare(u"SELECT " + quoted(columnName) + u" FROM " + quoted(tableName)) ||
-        !run(query))
-        return false;
-    while (query.next())
-        values->insert(query.value(0).toString());
-    return !query.lastError().isValid();
-}
+// --- Writing
 
-bool LibraryStore::begin()
+Outcome<> LibraryStore::begin()
 {
     // Others can read until all is written.
-    run(u"PRAGMA cache_spill = OFF"_s);
-    return beginChange() && makeCatalogue();
+    (void)run(u"PRAGMA cache_spill = OFF"_s);
+    return beginChange()
+        .andThen([this] {
+            return run(u"CREATE TABLE IF NOT EXISTS cobble_library (name TEXT PRIMARY KEY, "
+                       "library_entity TEXT, entity TEXT, table_name TEXT UNIQUE)"_s);
+        })
+        .andThen([this] {
+            return run(u"CREATE TABLE IF NOT EXISTS cobble_field (table_name TEXT, position "
+                       "INTEGER, column_name TEXT, header TEXT, label TEXT, property TEXT, "
+                       "type TEXT, options TEXT, PRIMARY KEY (table_name, position))"_s);
+        })
+        .andThen([this] { return run(u"PRAGMA user_version = %1"_s.arg(CatalogueVersion)); });
 }
 
-bool LibraryStore::beginChange()
+Outcome<> LibraryStore::beginChange()
 {
     return run(u"BEGIN IMMEDIATE"_s);
 }
 
-bool LibraryStore::commit()
+Outcome<> LibraryStore::commit()
 {
     _insertion.reset();
     return run(u"COMMIT"_s);
@@ -331,105 +333,106 @@ void LibraryStore::rollback()
     QSqlQuery(_database).exec(u"ROLLBACK"_s);
 }
 
-bool LibraryStore::addField(const QString &tableName, qsizetype position, const LibraryField &field)
+Outcome<> LibraryStore::create(const Library &library)
 {
-    QSqlQuery query(_database);
-    query.prepare(u"INSERT INTO cobble_field VALUES (?, ?, ?, ?, ?, ?, ?, ?)"_s);
-    for (const QVariant &value :
-         {QVariant(tableName), QVariant(position), QVariant(field.columnName),
-          QVariant(field.header), QVariant(field.label), QVariant(field.propertyName),
-          QVariant(FieldTypes::nameOf(field.type)), QVariant(optionsText(field.options))})
-        query.addBindValue(value);
-    return run(query);
+    return addEntry(library)
+        .andThen([&] { return makeTable(library); })
+        .andThen([&] { return addFields(library); })
+        .andThen([&] { return prepareInsertion(library); });
 }
 
-bool LibraryStore::create(const Library &library)
+Outcome<> LibraryStore::addEntry(const Library &library)
+{
+    QSqlQuery query(_database);
+    return execute(
+        query, u"INSERT INTO cobble_library VALUES (?, ?, ?, ?)"_s,
+        {library.name, library.libraryEntityName, library.entityName, library.tableName});
+}
+
+Outcome<> LibraryStore::makeTable(const Library &library)
 {
     QStringList columns = {u"id INTEGER PRIMARY KEY"_s};
     for (const LibraryField &field : library.fields)
         columns += declarationOf(field);
-    QSqlQuery entry(_database);
-    entry.prepare(u"INSERT INTO cobble_library VALUES (?, ?, ?, ?)"_s);
-    for (const QString &value :
-         {library.name, library.libraryEntityName, library.entityName, library.tableName})
-        entry.addBindValue(value);
-    if (!run(entry) ||
-        !run(u"CREATE TABLE " + quoted(library.tableName) + u" (" + columns.join(u", "_s) + u')'))
-        return false;
-    for (qsizetype position = 0; position < library.fields.size(); ++position) {
-        if (!addField(library.tableName, position, library.fields.at(position)))
-            return false;
-    }
-    QStringList places(library.fields.size(), u"?"_s);
-    _insertion.emplace(_database);
-    if (_insertion->prepare(u"INSERT INTO " + quoted(library.tableName) + u" (" +
-                            columnsOf(library) + u") VALUES (" + places.join(u',') + u')'))
-        return true;
-    _errorText = reasonOf(_insertion->lastError());
-    return false;
+    return run(u"CREATE TABLE " + quoted(library.tableName) + u" (" + columns.join(u", "_s) + u')');
 }
 
-bool LibraryStore::remove(const Library &library)
+Outcome<> LibraryStore::addFields(const Library &library)
 {
-    for (const char16_t *table : {u"cobble_library", u"cobble_field"}) {
+    for (qsizetype position = 0; position < library.fields.size(); ++position) {
+        const Outcome<> added = addField(library.tableName, position, library.fields.at(position));
+        if (!added)
+            return added;
+    }
+    return {};
+}
+
+Outcome<> LibraryStore::addField(const QString &tableName, qsizetype position,
+                                 const LibraryField &field)
+{
+    QSqlQuery query(_database);
+    return execute(query, u"INSERT INTO cobble_field VALUES (?, ?, ?, ?, ?, ?, ?, ?)"_s,
+                   {tableName, position, field.columnName, field.header, field.label,
+                    field.propertyName, FieldTypes::nameOf(field.type),
+                    optionsText(field.options)});
+}
+
+Outcome<> LibraryStore::prepareInsertion(const Library &library)
+{
+    const QStringList places(library.fields.size(), u"?"_s);
+    _insertion.emplace(_database);
+    const bool isPrepared =
+        _insertion->prepare(u"INSERT INTO " + quoted(library.tableName) + u" (" +
+                            columnsOf(library) + u") VALUES (" + places.join(u',') + u')');
+    return outcomeOf(*_insertion, isPrepared);
+}
+
+Outcome<> LibraryStore::remove(const Library &library)
+{
+    for (const QStringView table : {u"cobble_library", u"cobble_field"}) {
         QSqlQuery query(_database);
-        query.prepare(u"DELETE FROM " + QString::fromUtf16(table) + u" WHERE table_name = ?");
-        query.addBindValue(library.tableName);
-        if (!run(query))
-            return false;
+        const Outcome<> removed =
+            execute(query, u"DELETE FROM " + table.toString() + u" WHERE table_name = ?",
+                    {library.tableName});
+        if (!removed)
+            return removed;
     }
     return run(u"DROP TABLE " + quoted(library.tableName));
 }
 
-bool LibraryStore::insert(const QVariantList &values)
+Outcome<> LibraryStore::insert(const QVariantList &values)
 {
     for (qsizetype column = 0; column < values.size(); ++column)
         _insertion->bindValue(int(column), StoredValue::forDatabase(values.at(column)));
-    return run(*_insertion);
+    return outcomeOf(*_insertion, _insertion->exec());
 }
 
-bool LibraryStore::update(const Library &library, qint64 id, qsizetype field, const QVariant &value)
+// --- Single records
+
+Outcome<> LibraryStore::update(const Library &library, qint64 id, qsizetype field,
+                               const QVariant &value)
 {
     QSqlQuery query(_database);
-    if (!query.prepare(u"UPDATE " + quoted(library.tableName) + u" SET " +
-                       quoted(library.fields.at(field).columnName) + u" = ? WHERE id = ?")) {
-        _errorText = reasonOf(query.lastError());
-        return false;
-    }
-    query.addBindValue(StoredValue::forDatabase(value));
-    query.addBindValue(id);
-    return runOnOneRecord(query);
+    return executeOnRecord(query,
+                           u"UPDATE " + quoted(library.tableName) + u" SET " +
+                               quoted(library.fields.at(field).columnName) + u" = ? WHERE id = ?",
+                           {StoredValue::forDatabase(value), id});
 }
 
-bool LibraryStore::removeRecord(const Library &library, qint64 id)
+Outcome<> LibraryStore::removeRecord(const Library &library, qint64 id)
 {
     QSqlQuery query(_database);
-    if (!query.prepare(u"DELETE FROM " + quoted(library.tableName) + u" WHERE id = ?")) {
-        _errorText = reasonOf(query.lastError());
-        return false;
-    }
-    query.addBindValue(id);
-    return runOnOneRecord(query);
-}
-
-bool LibraryStore::runOnOneRecord(QSqlQuery &query)
-{
-    if (!run(query))
-        return false;
-    if (query.numRowsAffected() == 1)
-        return true;
-    _errorText = u"the record is no longer there"_s;
-    return false;
+    return executeOnRecord(query, u"DELETE FROM " + quoted(library.tableName) + u" WHERE id = ?",
+                           {id});
 }
 
 qint64 LibraryStore::dataVersion()
 {
-    QSqlQuery query(_database);
-    const bool isRead = run(u"PRAGMA data_version"_s, query) && goToNext(query);
-    return isRead ? query.value(0).toLongLong() : -1;
+    return number(u"PRAGMA data_version"_s).valueOr(-1);
 }
 
 void LibraryStore::setPatience(int milliseconds)
 {
-    run(u"PRAGMA busy_timeout = %1"_s.arg(milliseconds));
+    // Without it, windows wait longer.
+    (void)run(u"PRAGMA busy_timeout = %1"_s.arg(milliseconds));
 }

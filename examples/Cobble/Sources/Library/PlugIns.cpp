@@ -44,8 +44,8 @@ template<typename Interface>
 QStringList fileTypesOf(const Interface *plugIn)
 {
     QStringList types;
-    PlugIns::failureOf([&] { types = plugIn->fileTypes(); });
-    return types;
+    const Outcome<> called = PlugIns::call([&] { types = plugIn->fileTypes(); });
+    return called ? types : QStringList();
 }
 
 template<typename Interface>
@@ -68,15 +68,15 @@ PlugIns::PlugIns()
     prepare(_importers, NSProtocol::of<CobbleImporter>(), u"Importers"_s, ImportersKey);
 }
 
-QString PlugIns::failureOf(const std::function<void()> &code)
+Outcome<> PlugIns::call(const std::function<void()> &code)
 {
     try {
         code();
         return {};
     } catch (const std::exception &exception) {
-        return QString::fromUtf8(exception.what());
+        return Failure{QString::fromUtf8(exception.what())};
     } catch (...) {
-        return u"it threw something that is no std::exception"_s;
+        return Failure{u"it threw something that is no std::exception"_s};
     }
 }
 

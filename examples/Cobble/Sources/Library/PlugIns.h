@@ -2,6 +2,7 @@
 
 #include "Interfaces/CobbleExporter.h"
 #include "Interfaces/CobbleImporter.h"
+#include "Text/Outcome.h"
 
 #include <KTUtility/KTPlugInManager>
 
@@ -30,9 +31,8 @@ public:
     /// The managers with what they are for, "exporter" and "importer".
     QList<std::pair<QString, KTPlugInManager *>> managers();
 
-    /// Runs code of a plug-in.
-    /// \return what it threw, for a person to read; nil if it threw nothing.
-    static QString failureOf(const std::function<void()> &code);
+    /// Runs code of a plug-in, which fails if it throws something.
+    static Outcome<> call(const std::function<void()> &code);
 
 private:
     KTPlugInManager _exporters;

@@ -11,18 +11,14 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr qint64 ChunkSize = 1 << 20;
 
-const QString NotText = u"not a text file"_s;
-
-QString fail(QString *errorDescription, const QString &reason)
+Failure notText()
 {
-    if (errorDescription)
-        *errorDescription = reason;
-    return {};
+    return {u"not a text file"_s};
 }
 
-QString notInEncoding(QLatin1StringView encoding, qint64 line)
+Failure notInEncoding(QLatin1StringView encoding, qint64 line)
 {
-    return u"not a text file in %1 (line %2)"_s.arg(encoding).arg(line);
+    return {u"not a text file in %1 (line %2)"_s.arg(encoding).arg(line)};
 }
 
 /// nil if the data is not entirely in the encoding.
@@ -72,78 +68,72 @@ qsizetype firstLoneSurrogate(QStringView text)
     return text.size();
 }
 
-QString textOfUtf8(QByteArrayView data, QString *errorDescription)
+Outcome<QString> textOfUtf8(QByteArrayView data)
 {
     // Looked at before decoding, so that binary files are called what they are.
     if (data.contains('\0'))
-        return fail(errorDescription, NotText);
-    const QString text = decoded(data, QStringConverter::Utf8);
-    return text.isNull() ? fail(errorDescription,
-                                notInEncoding(QLatin1StringView("UTF-8"), firstLineNotInUtf8(data)))
-                         : text;
-}
-
-QString textOfUtf16(QByteArrayView data, QStringConverter::Encoding encoding,
-                    QString *errorDescription)
-{
-    QString text = decoded(data.chopped(data.size() % 2), encoding);
-    if (text.contains(QChar::Null))
-        return fail(errorDescription, NotText);
-    const qsizetype broken = firstLoneSurrogate(text);
-    if (broken < text.size() || data.size() % 2 != 0) {
-        const qint64 line = 1 + lineBreakCount(QStringView(text).first(broken));
-        return fail(errorDescription, notInEncoding(QLatin1StringView("UTF-16"), line));
-    }
+        return notText();
+    QString text = decoded(data, QStringConverter::Utf8);
+    if (text.isNull())
+        return notInEncoding(QLatin1StringView("UTF-8"), firstLineNotInUtf8(data));
     return text;
 }
 
-/// Everything that the file holds; false if it cannot be read to its end or is too large. What
-/// begins with NUL bytes is not read on: it may be a device without an end.
-bool readAll(QFile *file, QByteArray *data, QString *errorDescription)
+Outcome<QString> textOfUtf16(QByteArrayView data, QStringConverter::Encoding encoding)
 {
-    while (true) {
-        const QByteArray chunk = file->read(ChunkSize);
-        if (file->error() != QFileDevice::NoError) {
-            fail(errorDescription, file->errorString());
-            return false;
-        }
+    QString text = decoded(data.chopped(data.size() % 2), encoding);
+    if (text.contains(QChar::Null))
+        return notText();
+    const qsizetype broken = firstLoneSurrogate(text);
+    if (broken == text.size() && data.size() % 2 == 0)
+        return text;
+    const qint64 line = 1 + lineBreakCount(QStringView(text).first(broken));
+    return notInEncoding(QLatin1StringView("UTF-16"), line);
+}
+
+/// Everything that the file holds. What begins with NUL bytes is not read on: it may be a device
+/// without an end.
+Outcome<QByteArray> readAll(QFile &file)
+{
+    QByteArray data;
+    while (!data.startsWith(QByteArrayView("\0\0", 2))) {
+        const QByteArray chunk = file.read(ChunkSize);
+        if (file.error() != QFileDevice::NoError)
+            return Failure{file.errorString()};
         if (chunk.isEmpty())
-            return true;
-        *data += chunk;
-        if (data->size() > TextFile::SizeLimit) {
-            fail(errorDescription, u"larger than 1 GB"_s);
-            return false;
-        }
-        if (data->startsWith(QByteArrayView("\0\0", 2)))
-            return true;
+            break;
+        data += chunk;
+        if (data.size() > TextFile::SizeLimit)
+            return Failure{u"larger than 1 GB"_s};
     }
+    return data;
 }
 } // namespace
 
-QString TextFile::textOfData(const QByteArray &data, QString *errorDescription)
+Outcome<QString> TextFile::textOfData(const QByteArray &data)
 {
     const QByteArrayView bytes(data);
     if (bytes.startsWith("\xef\xbb\xbf"))
-        return textOfUtf8(bytes.sliced(3), errorDescription);
+        return textOfUtf8(bytes.sliced(3));
     if (bytes.startsWith("\xff\xfe"))
-        return textOfUtf16(bytes.sliced(2), QStringConverter::Utf16LE, errorDescription);
+        return textOfUtf16(bytes.sliced(2), QStringConverter::Utf16LE);
     if (bytes.startsWith("\xfe\xff"))
-        return textOfUtf16(bytes.sliced(2), QStringConverter::Utf16BE, errorDescription);
-    return textOfUtf8(bytes, errorDescription);
+        return textOfUtf16(bytes.sliced(2), QStringConverter::Utf16BE);
+    return textOfUtf8(bytes);
 }
 
-QString TextFile::textOfFile(const QString &path, QString *errorDescription)
+Outcome<QString> TextFile::textOfFile(const QString &path)
 {
     if (QFileInfo(path).isDir())
-        return fail(errorDescription, u"is a folder, not a file"_s);
+        return Failure{u"is a folder, not a file"_s};
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return fail(errorDescription, file.errorString());
-    QByteArray data;
-    if (!readAll(&file, &data, errorDescription))
-        return {};
-    QString text = textOfData(data, errorDescription);
-    if (text.isEmpty() && !text.isNull())
-        return fail(errorDescription, u"the file is empty"_s);
+        return Failure{file.errorString()};
+    const Outcome<QByteArray> data = readAll(file);
+    if (!data)
+        return data.failure();
+    Outcome<QString> text = textOfData(*data);
+    if (text && text->isEmpty())
+        return Failure{u"the file is empty"_s};
     return text;
 }

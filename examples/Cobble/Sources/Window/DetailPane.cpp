@@ -140,14 +140,12 @@ void DetailPane::showMedia(const Row &row) const
 
 void DetailPane::take(const Row &row, const QString &text)
 {
-    QString reason;
-    bool isRead = false;
-    const auto read = [&] { isRead = row.row->setText(text, &reason); };
-    const QString refusal = _changer ? _changer(read) : (read(), QString());
-    if (!refusal.isNull())
-        row.editor->setProblem(refusal);
-    else if (!isRead)
-        row.editor->setProblem(reason);
-    else
+    Outcome<> read;
+    const auto change = [&] { read = row.row->setText(text); };
+    const Outcome<> changed = _changer ? _changer(change) : (change(), Outcome<>());
+    const Outcome<> taken = changed.andThen([&read] { return read; });
+    if (taken)
         row.editor->setText(row.row->text());
+    else
+        row.editor->setProblem(taken.reason());
 }

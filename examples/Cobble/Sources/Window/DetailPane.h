@@ -25,9 +25,8 @@ public:
 
     void setFields(const QList<FormField *> &fields);
 
-    /// Makes what it is given one change.
-    /// \return why nothing was changed; nil if all was.
-    using Changer = std::function<QString(const std::function<void()> &changes)>;
+    /// Makes what it is given one change; if that fails, nothing is changed.
+    using Changer = std::function<Outcome<>(const std::function<void()> &changes)>;
     /// What editors change records by, so that several records change all or not at all.
     void setChanger(const Changer &changer) { _changer = changer; }
     /// The editor of a field by its position; null if there is none.

@@ -36,23 +36,30 @@ bool ExportSheet::mayWrite(const QString &path)
     return may;
 }
 
-QString ExportSheet::work()
+Outcome<qint64> ExportSheet::exportTo(const QString &path)
+{
+    LibraryStore *const store = bundle()->store();
+    if (!store)
+        return Failure{u"There is no database."_s};
+    const Outcome<Library> library = store->libraryNamed(_libraryName);
+    if (!library)
+        return library.failure();
+    return LibraryExport::run(*store, *library, path,
+                              [this](qint64 done, qint64 total) { return goOn(done, total); });
+}
+
+Outcome<> ExportSheet::work()
 {
     if (file().isEmpty())
-        return u"Please choose a file."_s;
+        return Failure{u"Please choose a file."_s};
     if (!mayWrite(file()))
-        return u"There is a file of that name. Export once more to replace it."_s;
-    LibraryStore *const store = bundle()->store();
-    const std::optional<Library> library = store ? store->libraryNamed(_libraryName) : std::nullopt;
-    if (!library)
-        return store ? store->reasonForNo(_libraryName) : u"There is no database."_s;
-    const LibraryExport::Outcome outcome = LibraryExport::run(
-        *store, *library, file(), [this](qint64 done, qint64 total) { return goOn(done, total); });
-    if (outcome.isCancelled)
-        return u"Cancelled. The file was not written."_s;
-    if (!outcome.errorDescription.isNull())
-        return u"%1: %2"_s.arg(outcome.subject, outcome.errorDescription);
-    Q_EMIT exported(outcome.recordCount, file());
+        return Failure{u"There is a file of that name. Export once more to replace it."_s};
+    const Outcome<qint64> count = exportTo(file());
+    if (count.isCancelled())
+        return Failure{u"Cancelled. The file was not written."_s, true};
+    if (!count)
+        return count.failure();
+    Q_EMIT exported(*count, file());
     return {};
 }
 

@@ -18,11 +18,12 @@ Q_SIGNALS:
     void exported(qint64 recordCount, const QString &path);
 
 protected:
-    QString work() override;
+    Outcome<> work() override;
     void choose() override;
 
 private:
     bool mayWrite(const QString &path);
+    Outcome<qint64> exportTo(const QString &path);
 
     QString _libraryName;
     /// The file that the user agrees to replace.

@@ -29,6 +29,12 @@ bool isReturn(const QEvent *event)
     return (press->key() == Qt::Key_Return || press->key() == Qt::Key_Enter) &&
            !press->modifiers().testFlag(Qt::ShiftModifier);
 }
+
+void showProblem(QWidget *editor, const QString &reason)
+{
+    editor->setAccessibleDescription(reason);
+    QToolTip::showText(editor->mapToGlobal(QPoint(0, editor->height())), reason, editor);
+}
 } // namespace
 
 QWidget *FieldDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &,
@@ -81,12 +87,10 @@ bool FieldDelegate::eventFilter(QObject *object, QEvent *event)
         return QStyledItemDelegate::eventFilter(object, event);
     const QModelIndex index = editor->property(FieldProperty).value<QPersistentModelIndex>();
     RecordTableModel *const model = modelOf(index);
-    const QString reason = model ? model->take(textIn(editor), index) : QString();
-    if (!reason.isNull()) {
-        editor->setAccessibleDescription(reason);
-        QToolTip::showText(editor->mapToGlobal(QPoint(0, editor->height())), reason, editor);
-        return true;
-    }
-    Q_EMIT closeEditor(editor, QAbstractItemDelegate::NoHint);
+    const Outcome<> taken = model ? model->take(textIn(editor), index) : Outcome<>();
+    if (taken)
+        Q_EMIT closeEditor(editor, QAbstractItemDelegate::NoHint);
+    else
+        showProblem(editor, taken.reason());
     return true;
 }

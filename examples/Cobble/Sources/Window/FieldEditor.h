@@ -16,8 +16,7 @@ class TextInput;
 /// \code
 /// FieldEditor editor(FieldType::Number);
 /// connect(&editor, &FieldEditor::committed, row, [&](const QString &text) {
-///     QString reason;
-///     editor.setProblem(row->setText(text, &reason) ? QString() : reason);
+///     editor.setProblem(row->setText(text).reason());
 /// });
 /// \endcode
 class FieldEditor : public QWidget

@@ -9,7 +9,11 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-const QString Cancelled = u"Cancelled. Nothing was stored."_s;
+Failure cancelled()
+{
+    return {u"Cancelled. Nothing was stored."_s, true};
+}
+
 /// How long the window stands still for another program's import, in milliseconds.
 constexpr int PatienceWithOthers = 300;
 } // namespace
@@ -37,27 +41,33 @@ ImportRequest ImportSheet::request()
     return request;
 }
 
-QString ImportSheet::work()
+Outcome<ImportResult> ImportSheet::import(const ImportRequest &request)
+{
+    Outcome<ImportFile> file = ImportFile::read(request);
+    if (!file)
+        return Failure{u"%1: %2"_s.arg(request.path, file.reason())};
+    file->settings.progress = [this](qint64 row, qint64 count) { return goOn(row, count); };
+    const Outcome<StoredImport> stored = file->store(request, PatienceWithOthers);
+    if (stored.isCancelled())
+        return cancelled();
+    if (!stored)
+        return Failure{u"Nothing was stored: %1"_s.arg(stored.reason())};
+    return ImportResult{file->schema, *stored};
+}
+
+Outcome<> ImportSheet::work()
 {
     if (file().isEmpty())
-        return u"Please choose a file."_s;
+        return Failure{u"Please choose a file."_s};
     const ImportRequest wanted = request();
     if (!goOn(0, 0))
-        return Cancelled;
-    ImportFile importFile;
-    const QString mistake = ImportFile::read(wanted, &importFile);
-    if (!mistake.isNull())
-        return u"%1: %2"_s.arg(wanted.path, mistake);
-    importFile.settings.progress = [this](qint64 row, qint64 count) { return goOn(row, count); };
-    const ImportFile::Outcome outcome = importFile.store(wanted, PatienceWithOthers);
-    if (outcome.values.isCancelled)
-        return Cancelled;
-    if (!outcome.errorDescription.isNull())
-        return u"Nothing was stored: %1"_s.arg(outcome.errorDescription);
+        return cancelled();
+    const Outcome<ImportResult> result = import(wanted);
+    if (!result)
+        return result.failure();
     if (KTWindowController *const host = hostWindowController())
-        host->exposeObjectToDialog(QVariant::fromValue(ImportResult{importFile.schema, outcome}),
-                                   ResultKey);
-    Q_EMIT imported(outcome.stored.name);
+        host->exposeObjectToDialog(QVariant::fromValue(*result), ResultKey);
+    Q_EMIT imported(result->stored.library.name);
     return {};
 }
 

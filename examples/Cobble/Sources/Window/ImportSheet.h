@@ -9,7 +9,7 @@
 struct ImportResult
 {
     ImportSchema schema;
-    ImportFile::Outcome outcome;
+    StoredImport stored;
 };
 Q_DECLARE_METATYPE(ImportResult)
 
@@ -31,9 +31,10 @@ Q_SIGNALS:
     void imported(const QString &libraryName);
 
 protected:
-    QString work() override;
+    Outcome<> work() override;
     void choose() override;
 
 private:
     ImportRequest request();
+    Outcome<ImportResult> import(const ImportRequest &request);
 };

@@ -50,7 +50,7 @@ void ImportSummary::configDialog()
     const auto result = windowDataSourceObjectForKey(ImportSheet::ResultKey).value<ImportResult>();
     outlet<QLabel>(u"titleLabel"_s)
         ->setText(u"Stored %1 in the library “%2”."_s.arg(
-            recordCountText(result.outcome.recordCount), result.outcome.stored.name));
+            recordCountText(result.stored.recordCount), result.stored.library.name));
     showColumns(result);
     showUnread(result);
 }
@@ -59,7 +59,7 @@ void ImportSummary::showColumns(const ImportResult &result)
 {
     auto *const table = outlet<QTableWidget>(u"columnsTable"_s);
     beginTable(table, {u"Column"_s, u"Type"_s, u"Read"_s, u"Kept as typed"_s, u"Empty"_s});
-    const QList<ImportValues::Column> &columns = result.outcome.values.columns;
+    const QList<ImportValues::Column> &columns = result.stored.values.columns;
     for (qsizetype column = 0; column < columns.size(); ++column) {
         const ImportValues::Column &counts = columns.at(column);
         addRow(table, {titleOf(result.schema.columns.at(column)), counts.typeName,
@@ -71,7 +71,7 @@ void ImportSummary::showColumns(const ImportResult &result)
 
 void ImportSummary::showUnread(const ImportResult &result)
 {
-    const QList<ImportValues::Unread> &unread = result.outcome.values.unread;
+    const QList<ImportValues::Unread> &unread = result.stored.values.unread;
     auto *const table = outlet<QTableWidget>(u"unreadTable"_s);
     beginTable(table, {u"Row"_s, u"Column"_s, u"Value"_s, u"Why"_s});
     for (const ImportValues::Unread &value : unread.first(qMin(unread.size(), MostShown)))

@@ -92,7 +92,7 @@ void MainWindowController::connectParts()
                      &MainWindowController::showCount);
     QObject::connect(_model.get(), &RecordTableModel::refused, this, &MainWindowController::tell);
     shown->detail()->setChanger([this](const std::function<void()> &changes) {
-        return _library ? _library->change(changes) : QString();
+        return _library ? _library->change(changes) : Outcome<>();
     });
     shown->detail()->setFileFinder([this](const QString &url) {
         const std::optional<NSURL> media = NSURL::URLWithString(url);
@@ -134,16 +134,16 @@ void MainWindowController::listLibraries()
     showLibrary(shown);
 }
 
-QString MainWindowController::showLibrary(const QString &name)
+Outcome<> MainWindowController::openLibrary(const QString &name)
 {
-    QString error;
-    const std::shared_ptr<OpenLibrary> library =
-        name.isNull() ? nullptr : _application->bundle()->open(name, &error);
+    const auto opened =
+        name.isNull() ? std::shared_ptr<OpenLibrary>() : _application->bundle()->open(name);
+    const std::shared_ptr<OpenLibrary> library = opened.valueOr(nullptr);
     selectInList(library ? library->definition().name : QString());
     if (!library || library != _library)
         setLibrary(library);
-    showNotice(error);
-    return error;
+    showNotice(opened.reason());
+    return opened ? Outcome<>() : opened.failure();
 }
 
 void MainWindowController::selectInList(const QString &name)
@@ -346,7 +346,7 @@ void MainWindowController::queueAfterImport(const QString &libraryName)
     _application->bundle()->reload();
     const auto result =
         exposedDialogDatasource().value(ImportSheet::ResultKey).value<ImportResult>();
-    tellDone(u"Imported %1"_s.arg(recordCountText(result.outcome.recordCount)));
+    tellDone(u"Imported %1"_s.arg(recordCountText(result.stored.recordCount)));
     addDialogControllerToQueue(&_importSummary);
     if (!_library || _library->definition().name != libraryName)
         addDialogControllerToQueue(&_showLibraryAlert);
@@ -395,8 +395,8 @@ void MainWindowController::deleteAlertDidEnd(NSAlert *, int returnCode, void *)
     }
     if (returnCode != NSAlertDefaultReturn || !_library || records.isEmpty())
         return;
-    const QString reason = _library->removeRecords(records);
-    tell(reason.isNull() ? u"Deleted %1"_s.arg(recordCountText(records.size())) : reason);
+    const Outcome<> removed = _library->removeRecords(records);
+    tell(removed ? u"Deleted %1"_s.arg(recordCountText(records.size())) : removed.reason());
 }
 
 void MainWindowController::showAbout(QAction *)

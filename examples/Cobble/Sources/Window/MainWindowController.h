@@ -46,9 +46,10 @@ public:
     /// The library that is shown; null if there is none.
     const std::shared_ptr<OpenLibrary> &library() const { return _library; }
 
-    /// Shows a library; nil shows none.
-    /// \return why it cannot be shown; nil if it can be.
-    QString showLibrary(const QString &name);
+    /// Shows a library; nil shows none. If that fails, the window says why.
+    Outcome<> openLibrary(const QString &name);
+    /// The same for those who need not know.
+    void showLibrary(const QString &name) { (void)openLibrary(name); }
     /// Whether a sheet of the window is importing or exporting, so that it has to stay.
     bool isWorking() const;
     /// Shows the records that the typed text finds.

@@ -26,68 +26,80 @@ void OpenBundle::reload()
     _open.clear();
     _libraries.clear();
     _errorText = QString();
-    const QFileInfo bundlePath(_bundle.bundlePath());
-    if (bundlePath.exists() && !bundlePath.isDir())
-        _errorText = u"%1 is no folder"_s.arg(_bundle.bundlePath());
-    else if (!_store && NSFileManager::fileExistsAtPath(_bundle.databaseFilePath()))
-        _store = LibraryStore::open(_bundle, LibraryStore::Mode::Existing, &_errorText);
-    if (_store) {
-        _store->setPatience(PatienceWithStore);
-        _dataVersion = _store->dataVersion();
-        _libraries = _store->libraries();
-        _errorText = _store->errorText();
-    }
+    openStore();
+    if (_store)
+        readLibraries();
     Q_EMIT librariesChanged();
 }
 
-std::shared_ptr<OpenLibrary> OpenBundle::open(const QString &name, QString *error)
+/// Opens the database if there is one and it is not open yet.
+void OpenBundle::openStore()
 {
-    const std::optional<Library> library = _store ? _store->libraryNamed(name) : std::nullopt;
-    if (!library) {
-        *error = _store                ? _store->reasonForNo(name)
-                 : _errorText.isNull() ? u"there is no database"_s
-                                       : _errorText;
-        return nullptr;
+    const QFileInfo bundlePath(_bundle.bundlePath());
+    if (bundlePath.exists() && !bundlePath.isDir()) {
+        _errorText = u"%1 is no folder"_s.arg(_bundle.bundlePath());
+    } else if (!_store && NSFileManager::fileExistsAtPath(_bundle.databaseFilePath())) {
+        auto store = LibraryStore::open(_bundle, LibraryStore::Mode::Existing);
+        _errorText = store.reason();
+        _store = std::move(store).valueOr(nullptr);
     }
+}
+
+void OpenBundle::readLibraries()
+{
+    _store->setPatience(PatienceWithStore);
+    _dataVersion = _store->dataVersion();
+    const Outcome<QList<Library>> libraries = _store->libraries();
+    _libraries = libraries.valueOr({});
+    _errorText = libraries.reason();
+}
+
+Outcome<Library> OpenBundle::libraryNamed(const QString &name)
+{
+    if (_store)
+        return _store->libraryNamed(name);
+    return Failure{_errorText.isNull() ? u"there is no database"_s : _errorText};
+}
+
+Outcome<std::shared_ptr<OpenLibrary>> OpenBundle::open(const QString &name)
+{
+    const Outcome<Library> library = libraryNamed(name);
+    if (!library)
+        return library.failure();
     if (std::shared_ptr<OpenLibrary> opened = _open.value(library->name).lock())
         return opened;
-    std::shared_ptr<OpenLibrary> opened = OpenLibrary::load(this, *library, error);
+    auto opened = OpenLibrary::load(this, *library);
     if (opened)
-        _open.insert(library->name, opened);
+        _open.insert(library->name, *opened);
     return opened;
 }
 
-QString OpenBundle::reasonNotToWrite()
+Outcome<> OpenBundle::mayWrite() const
 {
     if (_isBusy)
-        return u"an import or export is on its way; please wait until it is done"_s;
-    return _store ? QString() : u"there is no database"_s;
+        return Failure{u"an import or export is on its way; please wait until it is done"_s};
+    return _store ? Outcome<>() : Failure{u"there is no database"_s};
 }
 
 /// Begins to write, if what the windows show is what the database holds.
-QString OpenBundle::beginChange()
+Outcome<> OpenBundle::beginChange()
 {
-    const QString reason = reasonNotToWrite();
-    if (!reason.isNull())
-        return reason;
-    if (!_store->beginChange())
-        return _store->errorText();
-    if (_store->dataVersion() == _dataVersion)
-        return {};
+    const Outcome<> begun = mayWrite().andThen([this] { return _store->beginChange(); });
+    if (!begun || _store->dataVersion() == _dataVersion)
+        return begun;
     _store->rollback();
     NSApplication::performOnNextTurn(this, [this] { reload(); });
-    return u"another program has changed the database, which is read again; please "
-           "try once more"_s;
+    return Failure{u"another program has changed the database, which is read again; please "
+                   "try once more"_s};
 }
 
-QString OpenBundle::change(const std::function<bool()> &changes)
+Outcome<> OpenBundle::change(const std::function<Outcome<>()> &changes)
 {
-    QString reason = beginChange();
-    if (!reason.isNull())
-        return reason;
-    if (changes() && _store->commit())
-        return {};
-    reason = _store->errorText();
-    _store->rollback();
-    return reason;
+    const Outcome<> begun = beginChange();
+    if (!begun)
+        return begun;
+    const Outcome<> changed = changes().andThen([this] { return _store->commit(); });
+    if (!changed)
+        _store->rollback();
+    return changed;
 }

@@ -32,26 +32,27 @@ public:
 
     const QList<Library> &libraries() const { return _libraries; }
     /// A library with its records, the same one for all that ask while it is open.
-    /// \param error receives why there is no result.
-    std::shared_ptr<OpenLibrary> open(const QString &name, QString *error);
+    Outcome<std::shared_ptr<OpenLibrary>> open(const QString &name);
     /// Looks at the database again, after an import: libraries are opened anew.
     void reload();
 
     /// Whether an import or an export is on its way. Only one can be.
     bool isBusy() const { return _isBusy; }
     void setBusy(bool isBusy) { _isBusy = isBusy; }
-    /// Makes changes to records, all of them or none.
-    /// \param changes gives false for a change that the store has refused.
-    /// \return why nothing was changed; nil if all was. If another program has written meanwhile,
-    /// that is why, and the libraries are read again on the next turn of the run loop.
-    QString change(const std::function<bool()> &changes);
+    /// Makes changes to records, all of them or none. If another program has written meanwhile, that
+    /// is why it fails, and the libraries are read again on the next turn of the run loop.
+    /// \param changes fails for a change that the store has refused.
+    Outcome<> change(const std::function<Outcome<>()> &changes);
 
 Q_SIGNALS:
     void librariesChanged();
 
 private:
-    QString reasonNotToWrite();
-    QString beginChange();
+    Outcome<Library> libraryNamed(const QString &name);
+    void openStore();
+    void readLibraries();
+    Outcome<> mayWrite() const;
+    Outcome<> beginChange();
 
     KTDatabaseBundle _bundle;
     std::unique_ptr<LibraryStore> _store;

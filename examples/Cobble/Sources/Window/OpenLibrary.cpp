@@ -24,12 +24,13 @@ OpenLibrary::OpenLibrary(OpenBundle *bundle, const Library &library)
     }
 }
 
-std::shared_ptr<OpenLibrary> OpenLibrary::load(OpenBundle *bundle, const Library &library,
-                                               QString *error)
+Outcome<std::shared_ptr<OpenLibrary>> OpenLibrary::load(OpenBundle *bundle, const Library &library)
 {
     std::shared_ptr<OpenLibrary> opened(new OpenLibrary(bundle, library));
-    *error = opened->readRecords();
-    return error->isNull() ? opened : nullptr;
+    const Outcome<> read = opened->readRecords();
+    if (!read)
+        return read.failure();
+    return opened;
 }
 
 QVariantMap OpenLibrary::valuesOf(const RecordCursor &cursor) const
@@ -40,13 +41,12 @@ QVariantMap OpenLibrary::valuesOf(const RecordCursor &cursor) const
     return values;
 }
 
-/// \return why the records cannot be read; nil if they can be.
-QString OpenLibrary::readRecords()
+Outcome<> OpenLibrary::readRecords()
 {
     RecordCursor cursor = _bundle->store()->records(_library);
     while (cursor.next())
         _records.push_back(std::make_unique<StoredRecord>(this, cursor.id(), valuesOf(cursor)));
-    return cursor.errorText();
+    return cursor.outcome();
 }
 
 QList<FormField *> OpenLibrary::fields() const
@@ -107,23 +107,23 @@ qsizetype OpenLibrary::fieldWithKey(const QString &key) const
     return field - _library.fields.begin();
 }
 
-QString OpenLibrary::change(const std::function<void()> &changes)
+Outcome<> OpenLibrary::change(const std::function<void()> &changes)
 {
     if (_isChanging) {
         changes();
         return {};
     }
     _replaced.clear();
-    _isRefused = false;
-    const QString reason = _bundle->change([&] {
+    _saved = {};
+    const Outcome<> changed = _bundle->change([&] {
         const QScopedValueRollback<bool> changing(_isChanging, true);
         changes();
-        return !_isRefused;
+        return _saved;
     });
-    if (!reason.isNull())
+    if (!changed)
         takeBack();
     _replaced.clear();
-    return reason;
+    return changed;
 }
 
 /// Gives the records the values that the database still has.
@@ -134,20 +134,20 @@ void OpenLibrary::takeBack()
         each->record->setSavedValue(each->value, each->key);
 }
 
-bool OpenLibrary::save(StoredRecord &record, const QString &key, const QVariant &value)
+Outcome<> OpenLibrary::save(StoredRecord &record, const QString &key, const QVariant &value)
 {
     if (!_isChanging) {
-        const QString reason = change([&] { save(record, key, value); });
-        if (!reason.isNull())
-            Q_EMIT refused(reason);
-        return reason.isNull();
+        const Outcome<> changed = change([&] { _saved = save(record, key, value); });
+        if (!changed)
+            Q_EMIT refused(changed.reason());
+        return changed;
     }
-    const bool isSaved =
-        !_isRefused && _bundle->store()->update(_library, record.id(), fieldWithKey(key), value);
-    _isRefused = !isSaved;
-    if (isSaved)
+    // After one that was refused, nothing more is written.
+    if (_saved)
+        _saved = _bundle->store()->update(_library, record.id(), fieldWithKey(key), value);
+    if (_saved)
         _replaced.push_back({&record, key, record.values().value(key)});
-    return isSaved;
+    return _saved;
 }
 
 void OpenLibrary::addMediaOf(const FormRecord &record, QSet<QString> *media) const
@@ -159,29 +159,35 @@ void OpenLibrary::addMediaOf(const FormRecord &record, QSet<QString> *media) con
     }
 }
 
-bool OpenLibrary::removeFromDatabase(const QList<StoredRecord *> &records)
+Outcome<> OpenLibrary::removeFromDatabase(const QList<StoredRecord *> &records)
 {
-    return std::all_of(records.begin(), records.end(), [this](const StoredRecord *record) {
-        return _bundle->store()->removeRecord(_library, record->id());
-    });
+    Outcome<> removed;
+    for (const StoredRecord *const record : records)
+        removed =
+            removed.andThen([&] { return _bundle->store()->removeRecord(_library, record->id()); });
+    return removed;
 }
 
-QString OpenLibrary::removeRecords(const QList<StoredRecord *> &records)
+Outcome<> OpenLibrary::removeRecords(const QList<StoredRecord *> &records)
 {
-    const QString reason = _bundle->change([&] { return removeFromDatabase(records); });
-    if (!reason.isNull())
-        return reason;
-    const QSet<StoredRecord *> gone(records.begin(), records.end());
+    const Outcome<> removed = _bundle->change([&] { return removeFromDatabase(records); });
+    if (removed)
+        forget(QSet<StoredRecord *>(records.begin(), records.end()));
+    return removed;
+}
+
+/// Lets go of records that the database no longer has.
+void OpenLibrary::forget(const QSet<StoredRecord *> &gone)
+{
     const auto firstGone =
         std::stable_partition(_records.begin(), _records.end(),
                               [&gone](const auto &record) { return !gone.contains(record.get()); });
-    QSet<QString> media;
-    std::for_each(firstGone, _records.end(),
-                  [&](const auto &record) { addMediaOf(*record, &media); });
     const std::vector<std::unique_ptr<StoredRecord>> leaving(
         std::make_move_iterator(firstGone), std::make_move_iterator(_records.end()));
     _records.erase(firstGone, _records.end());
+    QSet<QString> media;
+    for (const auto &record : leaving)
+        addMediaOf(*record, &media);
     Q_EMIT recordsWillGo();
     UnusedMedia::remove(_bundle->bundle(), *_bundle->store(), media);
-    return {};
 }

@@ -13,9 +13,8 @@ class OpenBundle;
 /// same library share it.
 ///
 /// \code
-/// QString error;
-/// const std::shared_ptr<OpenLibrary> library = bundle.open(u"contacts"_s, &error);
-/// records.setContent(library->records());
+/// const Outcome<std::shared_ptr<OpenLibrary>> library = bundle.open(u"contacts"_s);
+/// records.setContent((*library)->records());
 /// \endcode
 class OpenLibrary : public QObject
 {
@@ -24,9 +23,7 @@ class OpenLibrary : public QObject
 public:
     /// Reads all records.
     /// \param bundle must outlive the library.
-    /// \param error receives why there is no result.
-    static std::shared_ptr<OpenLibrary> load(OpenBundle *bundle, const Library &library,
-                                             QString *error);
+    static Outcome<std::shared_ptr<OpenLibrary>> load(OpenBundle *bundle, const Library &library);
 
     /// Its names and fields, as the catalogue has them.
     const Library &definition() const { return _library; }
@@ -48,13 +45,11 @@ public:
 
     /// Makes changes to records of the library, all of them or none.
     /// \param changes sets values of records.
-    /// \return why nothing was changed; nil if all was.
-    QString change(const std::function<void()> &changes);
+    Outcome<> change(const std::function<void()> &changes);
     /// Takes records away, all of them or none, with their media files that no other record uses.
-    /// \return why they are still there; nil if they are not.
-    QString removeRecords(const QList<StoredRecord *> &records);
-    /// For records: writes a value to the database. \return false if that was refused.
-    bool save(StoredRecord &record, const QString &key, const QVariant &value);
+    Outcome<> removeRecords(const QList<StoredRecord *> &records);
+    /// For records: writes a value to the database.
+    Outcome<> save(StoredRecord &record, const QString &key, const QVariant &value);
 
 Q_SIGNALS:
     void recordChanged(StoredRecord *record, const QString &key);
@@ -66,10 +61,11 @@ Q_SIGNALS:
 private:
     OpenLibrary(OpenBundle *bundle, const Library &library);
     QVariantMap valuesOf(const RecordCursor &cursor) const;
-    QString readRecords();
+    Outcome<> readRecords();
     qsizetype fieldWithKey(const QString &key) const;
     void addMediaOf(const FormRecord &record, QSet<QString> *media) const;
-    bool removeFromDatabase(const QList<StoredRecord *> &records);
+    Outcome<> removeFromDatabase(const QList<StoredRecord *> &records);
+    void forget(const QSet<StoredRecord *> &gone);
     void takeBack();
 
     /// A value that change() has replaced.
@@ -83,7 +79,8 @@ private:
     OpenBundle *_bundle;
     Library _library;
     bool _isChanging = false;
-    bool _isRefused = false;
+    /// Of the changes that are being made.
+    Outcome<> _saved;
     std::vector<Replaced> _replaced;
     std::vector<std::unique_ptr<FormField>> _fields;
     std::vector<std::unique_ptr<FieldReader>> _readers;

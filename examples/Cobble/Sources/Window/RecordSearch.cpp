@@ -15,9 +15,9 @@ QList<TypedValue> valuesOf(const OpenLibrary &library, const QString &typed)
     QList<TypedValue> values;
     for (qsizetype field = 0; field < library.definition().fields.size(); ++field) {
         const FieldReader &reader = library.reader(field);
-        const FieldReading reading = reader.formatter() ? reader.read(typed) : FieldReading();
-        if (reading.isRead && !NSObject::isNil(reading.value))
-            values += {field, reading.value};
+        const QVariant value = reader.formatter() ? reader.read(typed).valueOr({}) : QVariant();
+        if (!NSObject::isNil(value))
+            values += {field, value};
     }
     return values;
 }

@@ -113,26 +113,26 @@ Qt::ItemFlags RecordTableModel::flags(const QModelIndex &index) const
     return isMedia ? flags : flags | Qt::ItemIsEditable;
 }
 
-QString RecordTableModel::take(const QString &text, const QModelIndex &at)
+Outcome<> RecordTableModel::take(const QString &text, const QModelIndex &at)
 {
     StoredRecord *const record = recordAt(at.row());
     if (!record || text == data(at, Qt::EditRole).toString())
         return {};
-    const FieldReading reading = _library->reader(at.column()).readTyped(text);
-    if (!reading.isRead)
-        return reading.reason;
+    const Outcome<QVariant> value = _library->reader(at.column()).readTyped(text);
+    if (!value)
+        return value.failure();
     const QString key = _library->definition().fields.at(at.column()).columnName;
-    return _library->change([&] { record->setValueForKey(reading.value, key); });
+    return _library->change([&] { record->setValueForKey(*value, key); });
 }
 
 bool RecordTableModel::setData(const QModelIndex &index, const QVariant &value, int role)
 {
     if (role != Qt::EditRole)
         return false;
-    const QString reason = take(value.toString(), index);
-    if (!reason.isNull())
-        Q_EMIT refused(reason);
-    return reason.isNull();
+    const Outcome<> taken = take(value.toString(), index);
+    if (!taken)
+        Q_EMIT refused(taken.reason());
+    return bool(taken);
 }
 
 void RecordTableModel::sort(int column, Qt::SortOrder order)

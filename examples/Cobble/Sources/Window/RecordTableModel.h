@@ -23,9 +23,9 @@ public:
     /// \param library what the records belong to; null if there are none.
     void setLibrary(const std::shared_ptr<OpenLibrary> &library);
     StoredRecord *recordAt(qsizetype row) const;
-    /// Has a cell's field read a text; an empty one is no value.
-    /// \return why it was not taken; nil if it was, or is what the cell shows.
-    QString take(const QString &text, const QModelIndex &at);
+    /// Has a cell's field read a text; an empty one is no value. What the cell shows is taken as it
+    /// is.
+    Outcome<> take(const QString &text, const QModelIndex &at);
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;

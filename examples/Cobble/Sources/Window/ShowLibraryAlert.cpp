@@ -12,7 +12,7 @@ void ShowLibraryAlert::configDialog()
     KTAlertPanelDialogController::configDialog();
     _libraryName = windowDataSourceObjectForKey(ImportSheet::ResultKey)
                        .value<ImportResult>()
-                       .outcome.stored.name;
+                       .stored.library.name;
 }
 
 void ShowLibraryAlert::runDialog()

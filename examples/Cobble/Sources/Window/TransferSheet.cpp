@@ -92,12 +92,12 @@ void TransferSheet::setWorking(bool isWorking)
 }
 
 /// Does the work, in which code of plug-ins may fail.
-QString TransferSheet::workSafely()
+Outcome<> TransferSheet::workSafely()
 {
     try {
         return work();
     } catch (const std::exception &failure) {
-        return QString::fromUtf8(failure.what());
+        return Failure{QString::fromUtf8(failure.what())};
     }
 }
 
@@ -115,13 +115,13 @@ void TransferSheet::go()
     _bundle->setBusy(true);
     // The first look is at once.
     _lastLook.invalidate();
-    const QString problem = workSafely();
+    const Outcome<> done = workSafely();
     _bundle->setBusy(false);
     setWorking(false);
-    if (problem.isNull())
+    if (done)
         endDialog();
     else
-        showProblem(problem);
+        showProblem(done.reason());
 }
 
 void TransferSheet::cancel()

@@ -39,9 +39,8 @@ public:
 protected:
     void windowDidLoad() override;
 
-    /// Does the work, and ends the sheet if it went well.
-    /// \return why it did not; nil if it did.
-    virtual QString work() = 0;
+    /// Does the work; the sheet ends if that went well.
+    virtual Outcome<> work() = 0;
     /// Asks for the file.
     virtual void choose() = 0;
 
@@ -54,7 +53,7 @@ private:
     void showProblem(const QString &problem);
     void setWorking(bool isWorking);
     void setInputsEnabled(bool isEnabled);
-    QString workSafely();
+    Outcome<> workSafely();
 
     OpenBundle *_bundle;
     QPointer<QWidget> _lastFocus;

@@ -1,7 +1,7 @@
 #include "FuzzTarget.h"
 #include "Import/ImportSchema.h"
-#include "Import/ImportSource.h"
 #include "Import/ImportValues.h"
+#include "Import/SeparatedText.h"
 #include "Targets.h"
 #include "Text/CSVReader.h"
 
@@ -15,21 +15,23 @@ void fuzzCSV(FuzzInput &input)
     if (input.flag())
         separator = QChar(ushort(input.byte()));
     const QString text = input.text();
-    const ImportSource source = ImportSource::fromText(text, separator);
-    if (!source.errorDescription.isNull())
+    const Outcome<SeparatedText> source = SeparatedText::read(text, separator);
+    if (!source)
         return;
     qint64 rows = 0;
-    source.forEachRow(text, [&rows](qint64 row, const QStringList &) {
+    source->whileRows([&rows](qint64 row, const QStringList &) {
         ++rows;
         FUZZ_REQUIRE(row == rows);
+        return true;
     });
-    FUZZ_REQUIRE(rows == source.rowCount);
-    const ImportSchema schema = ImportSchema::fromHeaders(u"fuzz"_s, source.headers);
+    FUZZ_REQUIRE(rows == source->rowCount());
+    const ImportSchema schema = ImportSchema::fromHeaders(u"fuzz"_s, source->headers());
     QSet<QString> names;
     for (const ImportColumn &column : schema.columns)
         names += column.columnName.toCaseFolded();
-    FUZZ_REQUIRE(names.size() == source.headers.size());
-    const ImportValues values = ImportValues::fromText(text, source);
-    for (const ImportValues::Column &column : values.columns)
+    FUZZ_REQUIRE(names.size() == source->headers().size());
+    const Outcome<ImportValues> values = ImportValues::of(*source);
+    FUZZ_REQUIRE(values);
+    for (const ImportValues::Column &column : values->columns)
         FUZZ_REQUIRE(column.read + column.unread + column.empty == rows);
 }

@@ -1,0 +1,83 @@
+#include "FieldFormat.h"
+
+#include "PhoneLayouts.h"
+
+#include <KTUtility/KTCurrencyFormatter>
+#include <KTUtility/KTDurationFormatter>
+#include <KTUtility/KTPhoneNumberFormatter>
+#include <KTUtility/KTTimeFormatter>
+
+#include <utility>
+
+namespace {
+FieldFormat plainFormat(std::unique_ptr<NSFormatter> formatter)
+{
+    FieldFormat format;
+    format.formatter = std::move(formatter);
+    return format;
+}
+
+FieldFormat durationFormat()
+{
+    auto formatter = std::make_unique<KTDurationFormatter>();
+    KTDurationFormatter *const durations = formatter.get();
+    FieldFormat format = plainFormat(std::move(formatter));
+    format.willImport = [durations](const QString &text) {
+        durations->willFormatString(text, QVariant());
+    };
+    format.didImport = [durations](const QString &text) {
+        durations->didFormatString(text, QVariant());
+    };
+    return format;
+}
+
+FieldFormat dateFormat(std::unique_ptr<KTDateTimeFormatter> formatter)
+{
+    const KTDateTimeFormatter *const dates = formatter.get();
+    FieldFormat format = plainFormat(std::move(formatter));
+    format.recentPattern = [dates] {
+        const NSDateFormatter *const recent = dates->mostRecentFormatter();
+        return recent ? recent->dateFormat() : QString();
+    };
+    return format;
+}
+
+std::unique_ptr<KTDateTimeFormatter> dateTimeFormatter()
+{
+    auto formatter = std::make_unique<KTDateTimeFormatter>();
+    formatter->setDisplayTime(true);
+    return formatter;
+}
+
+std::unique_ptr<NSFormatter> phoneFormatter()
+{
+    auto formatter = std::make_unique<KTPhoneNumberFormatter>();
+    formatter->setFormatIndex(
+        PhoneLayouts::indexForCountry(NSLocale::currentLocale().countryCode()));
+    return formatter;
+}
+} // namespace
+
+FieldFormat FieldFormat::of(FieldType type)
+{
+    switch (type) {
+    case FieldType::Number:
+        return plainFormat(std::make_unique<KTNumberFormatter>());
+    case FieldType::Currency:
+        return plainFormat(std::make_unique<KTCurrencyFormatter>());
+    case FieldType::Duration:
+        return durationFormat();
+    case FieldType::Time:
+        return dateFormat(KTTimeFormatter::createTimeFormatter());
+    case FieldType::Date:
+        return dateFormat(std::make_unique<KTDateTimeFormatter>());
+    case FieldType::DateTime:
+        return dateFormat(dateTimeFormatter());
+    case FieldType::Phone:
+        return plainFormat(phoneFormatter());
+    case FieldType::Media:
+    case FieldType::Text:
+        return {};
+    }
+    return {};
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "FieldType.h"
+
+#include <KTUtility/NSFormatter>
+
+#include <functional>
+#include <memory>
+
+/// The formatter of a field, with what reading asks of some kinds of formatters only. A function
+/// that a kind has no use for is empty.
+///
+/// \code
+/// const FieldFormat format = FieldFormat::of(FieldType::Date);
+/// format.formatter->getObjectValue(&value, u"March 5, 2008"_s, nullptr);
+/// format.recentPattern();    // "MMMM d, yyyy"
+/// \endcode
+struct FieldFormat
+{
+    /// One for fields of a type in the user's locale.
+    static FieldFormat of(FieldType type);
+
+    /// Null for media and texts.
+    std::unique_ptr<NSFormatter> formatter;
+    /// Stand around each value of an import.
+    std::function<void(const QString &text)> willImport;
+    std::function<void(const QString &text)> didImport;
+    /// The date pattern that took all of the text read last; nil if there is none.
+    std::function<QString()> recentPattern;
+};
