@@ -124,6 +124,19 @@ QString asidePathOf(const KTDatabaseBundle &bundle)
         KTAdditions::stringByAppendingToFilename(bundle.bundlePath(), u"1Backup"_s));
 }
 
+ExitCode moveAndCopy(const KTDatabaseBundle &bundle, CommandContext &context)
+{
+    const QString aside = asidePathOf(bundle);
+    const QString copy = bundle.moveDatabaseToPreUpgradePath();
+    if (!NSFileManager::fileExistsAtPath(copy)) {
+        // Where nothing can be upgraded, the bundle must not seem lost.
+        NSFileManager::moveItemAtPath(aside, bundle.bundlePath());
+        return context.fail(copy, u"the copy could not be made"_s);
+    }
+    context.out() << printableText(copy) << '\n';
+    return ExitCode::Success;
+}
+
 ExitCode copyForUpgrade(const QCommandLineParser &parser, CommandContext &context)
 {
     if (!parser.positionalArguments().isEmpty())
@@ -134,15 +147,7 @@ ExitCode copyForUpgrade(const QCommandLineParser &parser, CommandContext &contex
     BundleLock lock(bundle);
     if (const Outcome<> locked = lock.lock(PatienceWithLock); !locked)
         return context.fail(bundle.bundlePath(), locked.reason());
-    const QString aside = asidePathOf(bundle);
-    const QString copy = bundle.moveDatabaseToPreUpgradePath();
-    if (!NSFileManager::fileExistsAtPath(copy)) {
-        // Where nothing can be upgraded, the bundle must not seem lost.
-        NSFileManager::moveItemAtPath(aside, bundle.bundlePath());
-        return context.fail(copy, u"the copy could not be made"_s);
-    }
-    context.out() << printableText(copy) << '\n';
-    return ExitCode::Success;
+    return moveAndCopy(bundle, context);
 }
 
 /// For commands whose arguments are words and --bundle.

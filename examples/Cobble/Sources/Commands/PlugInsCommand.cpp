@@ -76,6 +76,16 @@ QString lastErrorOf(const QString &identifier, const KTPlugInManager &manager)
     return u"the settings cannot be written"_s;
 }
 
+void change(const QString &identifier, bool isEnabled, KTPlugInManager &manager)
+{
+    if (isEnabled)
+        manager.enablePluginWithIdentifier(identifier);
+    else if (manager.isPluginLoaded(identifier))
+        manager.disablePluginWithIdentifier(identifier);
+    else
+        manager.setEnabledForPlugin(false, identifier); // one that cannot be loaded
+}
+
 /// \return false, told, if the plug-in is not as it should be then.
 bool setEnabled(const QString &identifier, bool isEnabled, PlugIns &plugIns,
                 CommandContext &context)
@@ -85,12 +95,7 @@ bool setEnabled(const QString &identifier, bool isEnabled, PlugIns &plugIns,
         context.warn(identifier, u"there is no such plug-in"_s);
         return false;
     }
-    if (isEnabled)
-        manager->enablePluginWithIdentifier(identifier);
-    else if (manager->isPluginLoaded(identifier))
-        manager->disablePluginWithIdentifier(identifier);
-    else
-        manager->setEnabledForPlugin(false, identifier); // one that cannot be loaded
+    change(identifier, isEnabled, *manager);
     const bool isDone = manager->isPluginEnabled(identifier) == isEnabled;
     if (!isDone)
         context.warn(identifier, lastErrorOf(identifier, *manager));

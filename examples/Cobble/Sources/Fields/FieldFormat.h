@@ -13,7 +13,7 @@
 /// \code
 /// const FieldFormat format = FieldFormat::of(FieldType::Date);
 /// format.formatter->getObjectValue(&value, u"March 5, 2008"_s, nullptr);
-/// format.recentPattern();    // "MMMM d, yyyy"
+/// format.recentPattern();    // "MMM d, yyyy"
 /// \endcode
 struct FieldFormat
 {

@@ -14,7 +14,7 @@
 /// wait for each other.
 ///
 /// \code
-/// const auto import = std::move(*ImportTransaction::begin(bundle));
+/// const auto import = *ImportTransaction::begin(bundle);
 /// import->store().create(library);
 /// import->store().insert({"Ada", import->storeMedia(url)->absoluteString()});
 /// import->commit();

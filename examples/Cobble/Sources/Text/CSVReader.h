@@ -12,7 +12,7 @@
 /// - A quote anywhere else is an ordinary character.
 /// - A quote that is never closed runs to the end of the text; see unclosedQuoteLine().
 ///
-/// It knows nothing of headers; see ImportSource for those.
+/// It knows nothing of headers; see SeparatedText for those.
 ///
 /// \code
 /// CSVReader reader(u"name,note\nAnn,\"a, b\"\n", u',');

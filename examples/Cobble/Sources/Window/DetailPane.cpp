@@ -70,9 +70,7 @@ void DetailPane::addRow(FormRow *formRow)
     const FieldType type = formRow->field()->field().type;
     auto *const editor = new FieldEditor(type, this);
     const Row row{formRow, editor, type == FieldType::Media ? new MediaField : nullptr};
-    auto *const label = new QLabel(this);
-    label->setTextFormat(Qt::PlainText);
-    label->setBuddy(editor->input());
+    auto *const label = labelFor(row);
     _layout->addRow(label, inputFor(row));
     _rows += row;
     const auto refresh = [this, row, label] {
@@ -86,6 +84,14 @@ void DetailPane::addRow(FormRow *formRow)
     QObject::connect(formRow, &FormRow::changed, editor, refresh);
     QObject::connect(editor, &FieldEditor::committed, formRow,
                      [this, row](const QString &text) { take(row, text); });
+}
+
+QLabel *DetailPane::labelFor(const Row &row)
+{
+    auto *const label = new QLabel(this);
+    label->setTextFormat(Qt::PlainText);
+    label->setBuddy(row.editor->input());
+    return label;
 }
 
 /// The editor, for media with their picture below.

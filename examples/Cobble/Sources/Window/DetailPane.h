@@ -10,6 +10,7 @@
 class FieldEditor;
 class MediaField;
 class QFormLayout;
+class QLabel;
 
 /// The form below a table of records: an editor for each field of what is selected.
 ///
@@ -51,6 +52,7 @@ private:
     void rebuild();
     void addRow(FormRow *formRow);
     void showSelection();
+    QLabel *labelFor(const Row &row);
     QWidget *inputFor(const Row &row);
     void show(const Row &row) const;
     void showMedia(const Row &row) const;

@@ -26,27 +26,33 @@ constexpr int RowsLookedAt = 100;
 
 MainWindow::MainWindow(NSArrayController *records, RecordTableModel *model)
 {
-    auto *const below = new QSplitter(Qt::Vertical);
-    below->addWidget(makeRecords(model));
-    below->addWidget(makeDetail(records));
-    below->setStretchFactor(0, 1);
-    below->setSizes({400, 240});
-    _notice = new QLabel;
-    _notice->setTextFormat(Qt::PlainText);
-    _notice->setAlignment(Qt::AlignCenter);
-    _notice->setWordWrap(true);
-    _pages = new QStackedWidget;
-    _pages->addWidget(below);
-    _pages->addWidget(_notice);
     auto *const beside = new QSplitter;
     beside->addWidget(makeLibraries());
-    beside->addWidget(_pages);
+    beside->addWidget(makePages(records, model));
     beside->setStretchFactor(1, 1);
     beside->setSizes({180, 820});
     setCentralWidget(beside);
     makeSearch();
     makeCount();
     resize(1000, 700);
+}
+
+/// The records above the form for one of them, and behind them a notice in their place.
+QWidget *MainWindow::makePages(NSArrayController *records, RecordTableModel *model)
+{
+    auto *const both = new QSplitter(Qt::Vertical);
+    both->addWidget(makeRecords(model));
+    both->addWidget(makeDetail(records));
+    both->setStretchFactor(0, 1);
+    both->setSizes({400, 240});
+    _notice = new QLabel;
+    _notice->setTextFormat(Qt::PlainText);
+    _notice->setAlignment(Qt::AlignCenter);
+    _notice->setWordWrap(true);
+    _pages = new QStackedWidget;
+    _pages->addWidget(both);
+    _pages->addWidget(_notice);
+    return _pages;
 }
 
 QWidget *MainWindow::makeLibraries()

@@ -33,6 +33,7 @@ public:
     void fitColumns();
 
 private:
+    QWidget *makePages(NSArrayController *records, RecordTableModel *model);
     QWidget *makeLibraries();
     QWidget *makeRecords(RecordTableModel *model);
     QWidget *makeDetail(NSArrayController *records);

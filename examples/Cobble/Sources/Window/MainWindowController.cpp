@@ -71,6 +71,7 @@ void MainWindowController::windowDidLoad()
     KTWindowController::windowDidLoad();
     _selection = std::make_unique<TableSelection>(mainWindow()->table(), &_records);
     connectParts();
+    connectDetail(mainWindow()->detail());
     connectSheets();
     listLibraries();
     const QList<Library> &libraries = _application->bundle()->libraries();
@@ -91,15 +92,19 @@ void MainWindowController::connectParts()
     QObject::connect(&_records, &NSArrayController::arrangedObjectsChanged, this,
                      &MainWindowController::showCount);
     QObject::connect(_model.get(), &RecordTableModel::refused, this, &MainWindowController::tell);
-    shown->detail()->setChanger([this](const std::function<void()> &changes) {
+    QObject::connect(_application->bundle(), &OpenBundle::librariesChanged, this,
+                     &MainWindowController::listLibraries);
+}
+
+void MainWindowController::connectDetail(DetailPane *detail)
+{
+    detail->setChanger([this](const std::function<void()> &changes) {
         return _library ? _library->change(changes) : Outcome<>();
     });
-    shown->detail()->setFileFinder([this](const QString &url) {
+    detail->setFileFinder([this](const QString &url) {
         const std::optional<NSURL> media = NSURL::URLWithString(url);
         return media ? _application->bundle()->bundle().filePathFromMediaUrl(*media) : QString();
     });
-    QObject::connect(_application->bundle(), &OpenBundle::librariesChanged, this,
-                     &MainWindowController::listLibraries);
 }
 
 void MainWindowController::connectSheets()

@@ -11,6 +11,7 @@
 #include <QTimer>
 
 class DesktopApplication;
+class DetailPane;
 class MainWindow;
 class NSAlert;
 class OpenLibrary;
@@ -85,6 +86,7 @@ private:
     void selectInList(const QString &name);
     void listLibraries();
     void connectParts();
+    void connectDetail(DetailPane *detail);
     void connectSheets();
     void setLibrary(const std::shared_ptr<OpenLibrary> &library);
     void forget();

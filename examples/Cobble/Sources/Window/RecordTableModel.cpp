@@ -150,6 +150,14 @@ QStringList RecordTableModel::mimeTypes() const
     return {u"text/csv"_s, u"text/plain"_s};
 }
 
+QStringList RecordTableModel::titles() const
+{
+    QStringList titles;
+    for (int column = 0; column < columnCount(); ++column)
+        titles += _library->definition().fields.at(column).title();
+    return titles;
+}
+
 QStringList RecordTableModel::texts(int row) const
 {
     QStringList texts;
@@ -163,10 +171,7 @@ QMimeData *RecordTableModel::mimeData(const QModelIndexList &indexes) const
     QMap<int, bool> rows;
     for (const QModelIndex &index : indexes)
         rows.insert(index.row(), true);
-    QStringList titles;
-    for (int column = 0; column < columnCount(); ++column)
-        titles += _library->definition().fields.at(column).title();
-    QString separated = CSVText::row(titles);
+    QString separated = CSVText::row(titles());
     QString plain;
     for (auto row = rows.begin(); row != rows.end(); ++row) {
         const QStringList cells = texts(row.key());

@@ -46,6 +46,7 @@ private:
     void reset();
     void showChange(StoredRecord *record, const QString &key);
     QString shownText(const StoredRecord &record, qsizetype field) const;
+    QStringList titles() const;
     QStringList texts(int row) const;
     QVariant colour(const StoredRecord &record, qsizetype field) const;
     bool isNumber(qsizetype field) const;

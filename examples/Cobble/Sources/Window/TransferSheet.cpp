@@ -101,6 +101,19 @@ Outcome<> TransferSheet::workSafely()
     }
 }
 
+/// Does the work while the sheet shows it and other windows wait.
+Outcome<> TransferSheet::workAlone()
+{
+    setWorking(true);
+    _bundle->setBusy(true);
+    // The first look is at once.
+    _lastLook.invalidate();
+    Outcome<> done = workSafely();
+    _bundle->setBusy(false);
+    setWorking(false);
+    return done;
+}
+
 void TransferSheet::go()
 {
     if (_isWorking)
@@ -111,13 +124,7 @@ void TransferSheet::go()
         return;
     }
     showProblem(QString());
-    setWorking(true);
-    _bundle->setBusy(true);
-    // The first look is at once.
-    _lastLook.invalidate();
-    const Outcome<> done = workSafely();
-    _bundle->setBusy(false);
-    setWorking(false);
+    const Outcome<> done = workAlone();
     if (done)
         endDialog();
     else

@@ -54,6 +54,7 @@ private:
     void setWorking(bool isWorking);
     void setInputsEnabled(bool isEnabled);
     Outcome<> workSafely();
+    Outcome<> workAlone();
 
     OpenBundle *_bundle;
     QPointer<QWidget> _lastFocus;
