@@ -3,7 +3,6 @@
 #include "Import/ImportValues.h"
 #include "Import/SeparatedText.h"
 #include "Targets.h"
-#include "Text/CSVReader.h"
 
 #include <QSet>
 

@@ -10,9 +10,11 @@ target_sources(CobbleTests PRIVATE
     Cobble/Commands/MediaCommandTests.cpp
     Cobble/Commands/NamesCommandTests.cpp
     Cobble/Commands/ParseCommandTests.cpp
+    Cobble/Commands/PictureFileTests.cpp
     Cobble/Commands/PlugInsCommandTests.cpp
     Cobble/Commands/ProgressLineTests.cpp
     Cobble/Commands/ShowCommandTests.cpp
     Cobble/Commands/StandardStreamsTests.cpp
+    Cobble/Commands/UserSettingsTests.cpp
     Cobble/Commands/WindowCommandTests.cpp
 )

@@ -4,6 +4,25 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+QList<Library> librariesNamed(const QStringList &names)
+{
+    QList<Library> libraries;
+    for (const QString &name : names) {
+        Library library;
+        library.name = name;
+        libraries += library;
+    }
+    return libraries;
+}
+
+QString foundName(const QString &name, const QStringList &names)
+{
+    const std::optional<Library> found = Libraries::named(name, librariesNamed(names));
+    return found ? found->name : QString();
+}
+} // namespace
+
 TEST(Library, TitlesOfFieldsFallBack)
 {
     LibraryField field;
@@ -13,4 +32,23 @@ TEST(Library, TitlesOfFieldsFallBack)
     EXPECT_EQ(field.title(), u"Label"_s);
     field.header = u"Header"_s;
     EXPECT_EQ(field.title(), u"Header"_s);
+}
+
+TEST(Libraries, TheSameNameIsFoundFirst)
+{
+    EXPECT_EQ(foundName(u"things"_s, {u"Things"_s, u"things"_s}), u"things"_s);
+    EXPECT_EQ(foundName(u"Things"_s, {u"Things"_s, u"things"_s}), u"Things"_s);
+}
+
+TEST(Libraries, ThenOneThatDiffersInCaseOnly)
+{
+    EXPECT_EQ(foundName(u"THINGS"_s, {u"Animals"_s, u"Things"_s}), u"Things"_s);
+    EXPECT_EQ(foundName(u"straße"_s, {u"STRASSE"_s, u"Straße"_s}), u"Straße"_s);
+}
+
+TEST(Libraries, APartOfANameFindsNothing)
+{
+    EXPECT_TRUE(foundName(u"Thing"_s, {u"Things"_s}).isNull());
+    EXPECT_TRUE(foundName(u""_s, {u"Things"_s}).isNull());
+    EXPECT_TRUE(foundName(u"Things"_s, {}).isNull());
 }

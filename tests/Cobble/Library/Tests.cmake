@@ -1,5 +1,9 @@
 target_sources(CobbleTests PRIVATE
+    Cobble/Library/BundleLockTests.cpp
+    Cobble/Library/BundleOptionTests.cpp
+    Cobble/Library/LibraryExportTests.cpp
     Cobble/Library/LibraryStoreTests.cpp
     Cobble/Library/LibraryTests.cpp
+    Cobble/Library/RecordTextsTests.cpp
     Cobble/Library/StoredValueTests.cpp
 )

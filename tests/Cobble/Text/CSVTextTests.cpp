@@ -1,5 +1,7 @@
 #include "Text/CSVText.h"
 
+#include "Text/CSVReader.h"
+
 #include "support/TestSupport.h"
 
 using namespace Qt::StringLiterals;
@@ -18,4 +20,33 @@ TEST(CSVText, QuotesWhatNeedsIt)
     };
     for (const auto &[field, quoted] : cases)
         EXPECT_EQ(CSVText::quoted(field), quoted);
+}
+
+TEST(CSVText, QuotesOnlyWhatNeedsIt)
+{
+    EXPECT_EQ(CSVText::row({u"Ann"_s, u"a b"_s, u""_s}), u"Ann,a b,\r\n"_s);
+    EXPECT_EQ(CSVText::row({u"a,b"_s, u"say \"hi\""_s}), u"\"a,b\",\"say \"\"hi\"\"\"\r\n"_s);
+    for (const QString &text : {u"a;b"_s, u"a\tb"_s, u"a\nb"_s, u"a\rb"_s, u" a"_s, u"a "_s})
+        EXPECT_EQ(CSVText::quoted(text), QString(u'"' + text + u'"'));
+}
+
+TEST(CSVText, ARowWithoutAnythingIsNoBlankLine)
+{
+    EXPECT_EQ(CSVText::row({}), u"\"\"\r\n"_s);
+    EXPECT_EQ(CSVText::row({u""_s}), u"\"\"\r\n"_s);
+}
+
+TEST(CSVText, ReadersGetBackWhatWasWritten)
+{
+    QStringList fields = {u""_s, u"  "_s, u"\""_s, u"a\r\nb"_s};
+    fields += testing_support::hostileTexts();
+    const QString text = CSVText::row(fields) + CSVText::row(fields);
+    CSVReader reader(text);
+    for (int row = 0; row < 2; ++row) {
+        QStringList read;
+        ASSERT_TRUE(reader.readRow(&read));
+        EXPECT_TRUE(read == fields);
+    }
+    QStringList none;
+    EXPECT_FALSE(reader.readRow(&none));
 }

@@ -6,5 +6,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Window/MainWindowVisualTests.cpp
     Cobble/Window/MediaFieldTests.cpp
     Cobble/Window/RecordSearchTests.cpp
+    Cobble/Window/ShortTextTests.cpp
     Cobble/Window/TransferSheetTests.cpp
+    Cobble/Window/ValueOrderTests.cpp
 )

@@ -1,0 +1,6 @@
+target_sources(CobbleTests PRIVATE
+    Cobble/Fields/FieldFormatTests.cpp
+    Cobble/Fields/FieldReaderTests.cpp
+    Cobble/Fields/FieldTypeTests.cpp
+    Cobble/Fields/FieldValueTests.cpp
+)

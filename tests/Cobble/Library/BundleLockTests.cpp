@@ -1,0 +1,70 @@
+#include "Library/BundleLock.h"
+
+#include "support/FileTree.h"
+#include "support/TestSupport.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+class BundleLockTest : public testing::Test
+{
+protected:
+    BundleLockTest() { testing_support::needApplication(); }
+
+    testing_support::FileTree tree;
+    KTDatabaseBundle bundle{tree.path(u"b.cobbledb"_s)};
+};
+} // namespace
+
+TEST_F(BundleLockTest, IsAFileBesideTheBundleThatGoesWithIt)
+{
+    const QString file = bundle.bundlePath() + u".lock";
+    {
+        BundleLock lock(bundle);
+        EXPECT_FALSE(lock.isLocked());
+        EXPECT_TRUE(lock.lock(0));
+        EXPECT_TRUE(lock.isLocked());
+        EXPECT_TRUE(QFile::exists(file));
+    }
+    EXPECT_FALSE(QFile::exists(file));
+}
+
+TEST_F(BundleLockTest, KeepsOthersOutWhileItIsThere)
+{
+    BundleLock second(bundle);
+    {
+        BundleLock first(bundle);
+        ASSERT_TRUE(first.lock(0));
+        EXPECT_EQ(second.lock(1).reason(), u"another import is running"_s);
+        EXPECT_FALSE(second.isLocked());
+    }
+    EXPECT_TRUE(second.lock(0));
+}
+
+TEST_F(BundleLockTest, BundlesBesideEachOtherHaveLocksOfTheirOwn)
+{
+    BundleLock first(bundle);
+    BundleLock second(KTDatabaseBundle(tree.path(u"c.cobbledb"_s)));
+    EXPECT_TRUE(first.lock(0));
+    EXPECT_TRUE(second.lock(0));
+}
+
+TEST_F(BundleLockTest, NeedsAFolder)
+{
+    BundleLock lock(KTDatabaseBundle(tree.path(u"none/b.cobbledb"_s)));
+    EXPECT_EQ(lock.lock(0).reason(), u"there is no folder for the database bundle"_s);
+    EXPECT_FALSE(lock.isLocked());
+}
+
+TEST_F(BundleLockTest, OneThatIsNotTakenLeavesThatOfAnother)
+{
+    BundleLock first(bundle);
+    ASSERT_TRUE(first.lock(0));
+    {
+        BundleLock second(bundle);
+        EXPECT_FALSE(second.lock(0));
+    }
+    EXPECT_TRUE(QFile::exists(bundle.bundlePath() + u".lock"));
+}
