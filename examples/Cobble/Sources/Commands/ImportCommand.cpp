@@ -20,7 +20,7 @@ const QString MediaOption = u"media"_s;
 const QString ReplaceOption = u"replace"_s;
 const QString DryRunOption = u"dry-run"_s;
 
-void addOptions(QCommandLineParser *parser)
+void addImportOptions(QCommandLineParser *parser)
 {
     parser->addOption({LibraryOption, QString(), u"NAME"_s});
     parser->addOption({SeparatorOption, QString(), u"C"_s});
@@ -118,7 +118,7 @@ ExitCode import(const ImportRequest &request, CommandContext &context)
 ExitCode runImportCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
-    addOptions(&parser);
+    addImportOptions(&parser);
     return context.run(arguments, &parser, checkImport,
                        [](const QCommandLineParser &parsed, CommandContext &target) {
                            return import(requestIn(parsed), target);

@@ -35,7 +35,7 @@ struct LogChanges
     }
 };
 
-void addOptions(QCommandLineParser *parser)
+void addLogOptions(QCommandLineParser *parser)
 {
     parser->addOption({ToOption, QString(), u"PLACE"_s});
     parser->addOption({FileLineOption, QString(), u"SWITCH"_s});
@@ -214,7 +214,7 @@ ExitCode runLog(const QCommandLineParser &parser, CommandContext &context)
 ExitCode runLogCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
-    addOptions(&parser);
+    addLogOptions(&parser);
     const auto checkNothing = [](const QCommandLineParser &) { return Outcome<>(); };
     return context.run(arguments, &parser, checkNothing, runLog);
 }
