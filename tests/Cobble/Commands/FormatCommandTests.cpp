@@ -1,4 +1,5 @@
 #include "CommandSupport.h"
+
 #include "support/TestSupport.h"
 
 using namespace Qt::StringLiterals;

@@ -1,4 +1,6 @@
 #include "CommandSupport.h"
+
+#include "Formatters/FormatterSupport.h"
 #include "support/TestSupport.h"
 
 using namespace Qt::StringLiterals;

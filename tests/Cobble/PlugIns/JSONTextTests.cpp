@@ -5,6 +5,7 @@
 #include <KTUtility/NSDecimalNumber>
 
 #include <QDateTime>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QTimeZone>
 

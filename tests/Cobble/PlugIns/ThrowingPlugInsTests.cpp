@@ -15,7 +15,7 @@ namespace {
 class ThrowingPlugInsTests : public testing::Test
 {
 protected:
-    ThrowingPlugIns()
+    ThrowingPlugInsTests()
     {
         testing_support::needApplication();
         const QString plugIns =
