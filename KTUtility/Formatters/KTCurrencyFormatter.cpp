@@ -49,7 +49,9 @@ KTCurrencyFormatter_Private::createCurrencyFormatterWithLocale(const NSLocale &l
     return formatter;
 }
 
-KTCurrencyFormatter::KTCurrencyFormatter() : _currencyLocale(NSLocale::currentLocale())
+KTCurrencyFormatter::KTCurrencyFormatter()
+    : KTNumberFormatter(NSLocale::currentLocale(NSLocale::Category::Money))
+    , _currencyLocale(locale())
 {
     filterCurrency();
     _currencyFormatter =

@@ -26,13 +26,14 @@ std::recursive_mutex &classLock()
 } // namespace
 
 KTDateTimeFormatter::KTDateTimeFormatter()
-    : _locale(NSLocale::currentLocale()), _calendar(NSCalendar::calendarOfLocale(_locale))
+    : _locale(NSLocale::currentLocale(NSLocale::Category::Dates))
+    , _calendar(NSCalendar::calendarOfLocale(_locale))
 {
 }
 
 KTDateTimeFormatter::KTDateTimeFormatter(uint dateStyle, uint timeStyle, bool displayDate,
                                          bool displayTime)
-    : _locale(NSLocale::currentLocale())
+    : _locale(NSLocale::currentLocale(NSLocale::Category::Dates))
     , _calendar(NSCalendar::calendarOfLocale(_locale))
     , _dateStyle(dateStyle)
     , _timeStyle(timeStyle)

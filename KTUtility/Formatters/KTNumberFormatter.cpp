@@ -53,7 +53,12 @@ KTNumberFormatter_Private::createInputFormatterWithLocale(const NSLocale &locale
 }
 
 KTNumberFormatter::KTNumberFormatter()
-    : _locale(NSLocale::currentLocale())
+    : KTNumberFormatter(NSLocale::currentLocale(NSLocale::Category::Numbers))
+{
+}
+
+KTNumberFormatter::KTNumberFormatter(const NSLocale &locale)
+    : _locale(locale)
     , _inputFormatter(KTNumberFormatter_Private::createInputFormatterWithLocale(_locale))
     , _numberFormatter(KTNumberFormatter_Private::createNumberFormatterWithLocale(_locale))
 {

@@ -46,7 +46,7 @@ class KTUTILITY_EXPORT KTNumberFormatter : public NSFormatter
             setUseDisplayStringForEditingString NOTIFY useDisplayStringForEditingStringChanged)
 
 public:
-    /// A formatter in the user's current locale, with the settings named above.
+    /// A formatter in the user's current locale for numbers, with the settings named above.
     KTNumberFormatter();
     ~KTNumberFormatter() override;
 
@@ -111,6 +111,9 @@ Q_SIGNALS:
     void useDisplayStringForEditingStringChanged();
 
 protected:
+    /// A formatter in a locale, for what has another category's.
+    explicit KTNumberFormatter(const NSLocale &locale);
+
     /// Red letters.
     static QTextCharFormat attributesOfHighlight();
     /// One round of four passes: as it is, in parentheses, with groups, and both.

@@ -1,5 +1,7 @@
 #include "Today_p.h"
 
+#include <KTUtility/Platform/Values/UTC_p.h>
+
 using namespace KTPrivate;
 
 namespace {
@@ -17,7 +19,7 @@ struct KnownDay
 
 KnownDay dayOf(const NSCalendar &calendar, const QTimeZone &zone, qint64 time)
 {
-    const QDateTime now = QDateTime::fromMSecsSinceEpoch(time, Qt::UTC);
+    const QDateTime now = QDateTime::fromMSecsSinceEpoch(time, UTC);
     NSDateComponents day = calendar.components(NSDateCalendarUnits, now);
     day.hour = day.minute = day.second = 0;
     const QDateTime begin = calendar.dateFromComponents(day);

@@ -9,9 +9,8 @@
 #include "support/TestField.h"
 #include "support/TestSupport.h"
 
-using namespace Qt::StringLiterals;
-
 using namespace KTAdditions;
+using namespace Qt::StringLiterals;
 
 using NSArray_KTAdditionsTests = CollectionTest;
 

@@ -5,9 +5,8 @@
 #include "CollectionSupport.h"
 #include "support/TestSupport.h"
 
-using namespace Qt::StringLiterals;
-
 using namespace KTAdditions;
+using namespace Qt::StringLiterals;
 
 using NSArray_KTUniqueNamesTests = CollectionTest;
 

@@ -7,9 +7,8 @@
 
 #include <QJsonArray>
 
-using namespace Qt::StringLiterals;
-
 using namespace KTAdditions;
+using namespace Qt::StringLiterals;
 
 namespace {
 /// The links of a text as the tables write them: [[location, length, {"NSLink": url}], …].

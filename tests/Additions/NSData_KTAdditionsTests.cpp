@@ -11,7 +11,6 @@
 #include <random>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {

@@ -1,6 +1,7 @@
 #include <KTUtility/NSDate_KTAdditions>
 
 #include <KTUtility/NSCalendar>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "Formatters/FormatterSupport.h"
 #include "support/TestSupport.h"
@@ -11,13 +12,12 @@
 #include <map>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {
 QDateTime instant(double secondsSince1970)
 {
-    return QDateTime::fromMSecsSinceEpoch(qRound64(secondsSince1970 * 1000), Qt::UTC);
+    return QDateTime::fromMSecsSinceEpoch(qRound64(secondsSince1970 * 1000), KTPrivate::UTC);
 }
 
 double secondsOf(const QDateTime &date)

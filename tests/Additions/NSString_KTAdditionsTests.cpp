@@ -12,9 +12,8 @@
 #include <QRegularExpression>
 #include <QSet>
 
-using namespace Qt::StringLiterals;
-
 using namespace KTAdditions;
+using namespace Qt::StringLiterals;
 
 namespace {
 QString stripped(const char16_t *text, const char16_t *characters)

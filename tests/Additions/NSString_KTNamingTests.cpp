@@ -6,9 +6,8 @@
 
 #include <map>
 
-using namespace Qt::StringLiterals;
-
 using namespace KTAdditions;
+using namespace Qt::StringLiterals;
 using testing_support::rowsOf;
 
 namespace {

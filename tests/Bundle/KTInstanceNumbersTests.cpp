@@ -1,3 +1,4 @@
+#include <KTUtility/Bundle/KTInstanceNumbers_p.h>
 #include <KTUtility/Bundle/KTMediaNames_p.h>
 #include <KTUtility/KTMediaFilenameMunger>
 #include <KTUtility/NSFileManager>

@@ -4,6 +4,7 @@
 
 #include <KTUtility/KTDateTimeFormatter>
 #include <KTUtility/NSDate_KTAdditions>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "support/TestSupport.h"
 
@@ -18,8 +19,8 @@ constexpr int QuarterOfAnHour = 900;
 /// The changes of the clock from 2007 to 2023; none in zones without summer time.
 QTimeZone::OffsetDataList changes()
 {
-    return zone().transitions(QDateTime(QDate(2007, 1, 1), QTime(0, 0), Qt::UTC),
-                              QDateTime(QDate(2024, 1, 1), QTime(0, 0), Qt::UTC));
+    return zone().transitions(QDateTime(QDate(2007, 1, 1), QTime(0, 0), KTPrivate::UTC),
+                              QDateTime(QDate(2024, 1, 1), QTime(0, 0), KTPrivate::UTC));
 }
 
 int secondsAhead(const QDateTime &instant)

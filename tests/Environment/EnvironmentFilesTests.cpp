@@ -10,6 +10,7 @@
 #include <KTUtility/NSPropertyListSerialization>
 #include <KTUtility/NSString_KTNaming>
 #include <KTUtility/NSUserDefaults>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
@@ -26,7 +27,7 @@ namespace {
 QVariantMap values()
 {
     return {{u"INFO"_s, u"Iıİi ٣"_s},
-            {u"date"_s, QDateTime(QDate(2008, 3, 5), QTime(16, 27, 1), Qt::UTC)},
+            {u"date"_s, QDateTime(QDate(2008, 3, 5), QTime(16, 27, 1), KTPrivate::UTC)},
             {u"number"_s, 1234567},
             {u"real"_s, 1234.5},
             {u"yes"_s, true}};
@@ -128,9 +129,9 @@ TEST(EnvironmentFiles, LogLinesHaveEnglishDatesOfTheZonesClock)
     ASSERT_TRUE(clock.isValid()) << line.toStdString();
     const auto clockOf = [](const QDateTime &instant) {
         const QDateTime zoned = instant.toTimeZone(environment_support::zone());
-        return QDateTime(zoned.date(), zoned.time(), Qt::UTC);
+        return QDateTime(zoned.date(), zoned.time(), KTPrivate::UTC);
     };
-    const QDateTime shown(clock.date(), clock.time(), Qt::UTC);
+    const QDateTime shown(clock.date(), clock.time(), KTPrivate::UTC);
     EXPECT_GE(shown, clockOf(before));
     EXPECT_LE(shown, clockOf(after));
 }

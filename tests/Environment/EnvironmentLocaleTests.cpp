@@ -4,6 +4,7 @@
 
 #include <KTUtility/KTCurrencyFormatter>
 #include <KTUtility/NSCalendar>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "support/TestSupport.h"
 
@@ -59,7 +60,7 @@ TEST(EnvironmentLocale, IsTheOneOfTheEnvironment)
 
 TEST(EnvironmentLocale, TheZoneIsTheOneOfTheEnvironment)
 {
-    const QDateTime date(QDate(2008, 3, 5), QTime(12, 0), Qt::UTC);
+    const QDateTime date(QDate(2008, 3, 5), QTime(12, 0), KTPrivate::UTC);
     EXPECT_EQ(NSCalendar::systemTimeZone().offsetFromUtc(date),
               environment_support::zone().offsetFromUtc(date));
     const QDateTime summer = date.addDays(150);

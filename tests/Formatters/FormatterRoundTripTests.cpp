@@ -2,6 +2,7 @@
 #include <KTUtility/KTDurationFormatter>
 #include <KTUtility/KTTimeFormatter>
 #include <KTUtility/NSDecimalNumber>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "FormatterSupport.h"
 #include "support/Properties.h"
@@ -234,7 +235,7 @@ TEST(FormatterRoundTripExceptions, TimesWithPointsAreDates)
     KTDateTimeFormatter formatter;
     formatter.setDisplayTime(true);
     formatter.setDisplayDate(false);
-    const QDateTime time(QDate(2008, 3, 5), QTime(16, 27), Qt::UTC); // 11.27 in New York
+    const QDateTime time(QDate(2008, 3, 5), QTime(16, 27), KTPrivate::UTC); // 11.27 in New York
     EXPECT_EQ(formatter.stringForObjectValue(time), u"11.27");
     QVariant value;
     ASSERT_TRUE(formatter.getObjectValue(&value, u"11.27"_s));
@@ -246,7 +247,7 @@ TEST(FormatterRoundTripExceptions, IsoDatesWithoutSecondsLoseTheirTime)
     const UserLocale user(u"sv_SE"_s);
     KTDateTimeFormatter formatter;
     formatter.setDisplayTime(true);
-    const QDateTime date(QDate(2008, 3, 5), QTime(22, 30), Qt::UTC);
+    const QDateTime date(QDate(2008, 3, 5), QTime(22, 30), KTPrivate::UTC);
     EXPECT_EQ(formatter.stringForObjectValue(date), u"2008-03-05 17:30");
     QVariant value;
     ASSERT_TRUE(formatter.getObjectValue(&value, u"2008-03-05 17:30"_s));

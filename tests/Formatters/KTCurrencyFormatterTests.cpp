@@ -14,7 +14,6 @@
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {

@@ -15,7 +15,6 @@
 #include <vector>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {

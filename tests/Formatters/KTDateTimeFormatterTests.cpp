@@ -5,6 +5,7 @@
 #include <KTUtility/NSException>
 #include <KTUtility/NSKeyValueCoding>
 #include <KTUtility/NSObject>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "FormatterSupport.h"
 #include "support/TestSupport.h"
@@ -12,7 +13,6 @@
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 // Settings and display; reading is tested in KTDateTimeReadingTests.cpp.
@@ -21,7 +21,7 @@ namespace {
 /// 5 March 2008, 17:30:15 in New York.
 QVariant someDate()
 {
-    return QDateTime(QDate(2008, 3, 5), QTime(22, 30, 15), Qt::UTC);
+    return QDateTime(QDate(2008, 3, 5), QTime(22, 30, 15), KTPrivate::UTC);
 }
 
 QString displayPattern(const KTDateTimeFormatter &formatter)

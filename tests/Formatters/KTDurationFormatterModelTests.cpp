@@ -9,7 +9,6 @@
 #include <array>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {

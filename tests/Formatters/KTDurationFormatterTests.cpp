@@ -12,7 +12,6 @@
 #include <QTranslator>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {

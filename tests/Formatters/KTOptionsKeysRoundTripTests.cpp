@@ -6,13 +6,13 @@
 #include <KTUtility/KTPhoneNumberFormatter>
 #include <KTUtility/KTTimeFormatter>
 #include <KTUtility/NSPropertyListSerialization>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "FormatterSupport.h"
 #include "support/Properties.h"
 #include "support/TestSupport.h"
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {
@@ -30,7 +30,7 @@ const QList<QVariant> &values()
         5,
         -1234567.891,
         NSDateFormatterShortStyle,
-        QDateTime(QDate(2008, 3, 5), QTime(17, 30, 15), Qt::UTC),
+        QDateTime(QDate(2008, 3, 5), QTime(17, 30, 15), KTPrivate::UTC),
         u"4155551234"_s,
         QVariant(),
     };

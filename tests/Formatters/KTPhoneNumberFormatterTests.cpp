@@ -11,7 +11,6 @@
 #include <QJsonObject>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {

@@ -1,12 +1,12 @@
 #include <KTUtility/KTTimeFormatter>
 #include <KTUtility/NSCalendar>
 #include <KTUtility/NSLocale>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "FormatterSupport.h"
 #include "support/TestSupport.h"
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {
@@ -28,7 +28,7 @@ TEST(KTTimeFormatter, ShowsShortTimes)
     EXPECT_EQ(formatter.dateStyle(), 0U);
     EXPECT_EQ(formatter.timeStyle(), 1U);
     EXPECT_EQ(formatter.inputOrder(), 0);
-    const QDateTime date(QDate(2008, 3, 5), QTime(22, 30), Qt::UTC);
+    const QDateTime date(QDate(2008, 3, 5), QTime(22, 30), KTPrivate::UTC);
     EXPECT_EQ(formatter.stringForObjectValue(date), u"5:30 PM");
     EXPECT_EQ(formatter.options().value(kKTFieldOption_timeStyle), 1U);
 }
@@ -70,8 +70,9 @@ TEST(KTTimeFormatter, FillsInTodayInJapanToo)
     const KTTimeFormatter formatter;
     EXPECT_EQ(formatter.defaultDate(), formatter.today());
     EXPECT_EQ(reading(formatter, u"17:30"), u"2001-01-01T17:30:00");
-    EXPECT_EQ(formatter.stringForObjectValue(QDateTime(QDate(2001, 1, 1), QTime(22, 30), Qt::UTC)),
-              u"17:30");
+    EXPECT_EQ(
+        formatter.stringForObjectValue(QDateTime(QDate(2001, 1, 1), QTime(22, 30), KTPrivate::UTC)),
+        u"17:30");
 }
 
 // Deliberate: the year is that of the locale's calendar, so that times of two calendars are

@@ -1,4 +1,5 @@
 target_sources(KTUtilityTests PRIVATE
+    Formatters/FormatterLocaleTests.cpp
     Formatters/FormatterRoundTripTests.cpp
     Formatters/KTCurrencyFormatterTests.cpp
     Formatters/KTDateFormatterListTests.cpp

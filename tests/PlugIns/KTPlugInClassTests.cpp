@@ -6,7 +6,6 @@
 #include <KTUtility/NSBundle>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {

@@ -10,7 +10,6 @@
 #include <QPoint>
 
 using namespace Qt::StringLiterals;
-
 using namespace plugin_support;
 using namespace testing_support;
 

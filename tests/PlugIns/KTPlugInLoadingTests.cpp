@@ -9,7 +9,6 @@
 #include <QFile>
 
 using namespace Qt::StringLiterals;
-
 using namespace plugin_support;
 using namespace testing_support;
 

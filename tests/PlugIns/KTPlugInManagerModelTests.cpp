@@ -10,7 +10,6 @@
 #include <set>
 
 using namespace Qt::StringLiterals;
-
 using namespace plugin_support;
 using namespace testing_support;
 

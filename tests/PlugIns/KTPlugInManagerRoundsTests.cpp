@@ -7,7 +7,6 @@
 #include <QDir>
 
 using namespace Qt::StringLiterals;
-
 using namespace plugin_support;
 using namespace testing_support;
 

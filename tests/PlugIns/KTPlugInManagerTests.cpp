@@ -12,7 +12,6 @@
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
-
 using namespace plugin_support;
 using namespace testing_support;
 

@@ -10,7 +10,6 @@
 #include <QGuiApplication>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {

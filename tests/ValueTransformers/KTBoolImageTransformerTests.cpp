@@ -3,7 +3,6 @@
 #include "support/TestSupport.h"
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {

@@ -5,7 +5,6 @@
 #include "support/TestSupport.h"
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {

@@ -10,7 +10,6 @@
 #include <QTest>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 using KTDialogControllerTests = DialogTest;

@@ -7,7 +7,6 @@
 #include "support/TestSupport.h"
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 using KTWindowControllerTests = DialogTest;

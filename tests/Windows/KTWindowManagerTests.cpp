@@ -9,7 +9,6 @@
 #include <QCloseEvent>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 using KTWindowManagerTests = DialogTest;

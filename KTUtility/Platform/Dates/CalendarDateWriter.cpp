@@ -2,6 +2,7 @@
 
 #include "DateEngine_p.h"
 #include <KTUtility/Platform/Text/ICU_p.h>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include <QDateTime>
 
@@ -19,7 +20,7 @@ public:
         : _time(time)
         , _environment(environment)
         , _rules(rules)
-        , _clock(QDateTime::fromMSecsSinceEpoch(rules.localTimeOf(time), Qt::UTC))
+        , _clock(QDateTime::fromMSecsSinceEpoch(rules.localTimeOf(time), UTC))
     {
     }
 

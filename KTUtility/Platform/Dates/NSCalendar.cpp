@@ -2,6 +2,7 @@
 
 #include "CalendarEngine_p.h"
 #include "DateFields_p.h"
+#include <KTUtility/Platform/Values/UTC_p.h>
 #include <KTUtility/Platform/Zones/SystemTimeZone_p.h>
 
 #include <QMutex>
@@ -39,7 +40,7 @@ QDateTime dateOf(double milliseconds, UErrorCode status)
 {
     if (U_FAILURE(status))
         return {};
-    return QDateTime::fromMSecsSinceEpoch(qint64(milliseconds), Qt::UTC);
+    return QDateTime::fromMSecsSinceEpoch(qint64(milliseconds), UTC);
 }
 
 /// What is undefined while something else is defined.
@@ -170,7 +171,7 @@ QDateTime NSCalendar::dateFromComponents(const NSDateComponents &components) con
     if (components == NSDateComponents())
         return {};
     if (const std::optional<qint64> time = timeOfPlainComponents(components))
-        return QDateTime::fromMSecsSinceEpoch(*time, Qt::UTC);
+        return QDateTime::fromMSecsSinceEpoch(*time, UTC);
     const CalendarEngine calendar(*this);
     UErrorCode status = U_ZERO_ERROR;
     calendar->setTime(icu::Calendar::getNow(), status);

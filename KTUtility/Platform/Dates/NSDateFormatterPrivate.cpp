@@ -4,6 +4,7 @@
 #include "CalendarDateWriter_p.h"
 #include "DateWriter_p.h"
 #include "NaturalLanguageDate_p.h"
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
@@ -20,7 +21,7 @@ DateCustoms NSDateFormatter::Private::customsOfSettings() const
     DateCustoms result = customs ? *customs : DateCustoms();
     if (twoDigitStart.isValid()) {
         const qint64 local = rules().localTimeOf(twoDigitStart.toMSecsSinceEpoch());
-        result.twoDigitStartYear = QDateTime::fromMSecsSinceEpoch(local, Qt::UTC).date().year();
+        result.twoDigitStartYear = QDateTime::fromMSecsSinceEpoch(local, UTC).date().year();
     }
     if (calendar) {
         result.firstWeekday = calendar->_firstWeekday;
@@ -73,7 +74,7 @@ QDateTime NSDateFormatter::Private::dateOf(qint64 time) const
 {
     if (generatesCalendarDates)
         return QDateTime::fromMSecsSinceEpoch(time, zone());
-    return QDateTime::fromMSecsSinceEpoch(time, Qt::UTC);
+    return QDateTime::fromMSecsSinceEpoch(time, UTC);
 }
 
 QString NSDateFormatter::Private::stringOf(qint64 time) const

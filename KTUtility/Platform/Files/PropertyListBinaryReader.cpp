@@ -6,6 +6,7 @@
 
 #include "NSPropertyListSerialization.h"
 #include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include <QDateTime>
 #include <QtEndian>
@@ -145,7 +146,7 @@ private:
         if (!std::isfinite(seconds) || std::abs(seconds) > 1e12)
             fail("a date out of range");
         const double milliseconds = std::floor((seconds + 978307200.0) * 1000 + 0.5);
-        return QDateTime::fromMSecsSinceEpoch(qint64(milliseconds), Qt::UTC);
+        return QDateTime::fromMSecsSinceEpoch(qint64(milliseconds), UTC);
     }
 
     /// Counts what is made, so that few objects used many times cannot fill the memory.

@@ -1,6 +1,7 @@
 #include "PropertyListXMLReader_p.h"
 
 #include "NSPropertyListSerialization.h"
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include <QDateTime>
 #include <QRegularExpression>
@@ -79,7 +80,7 @@ std::optional<QVariant> dateFrom(const QString &text)
     const int year = written <= 0 ? written - 1 : written;
     // QDateTime would take an invalid time for midnight.
     const QTime time(part(5), part(6), part(7));
-    const QDateTime date(QDate(year, part(3), part(4)), time, Qt::UTC);
+    const QDateTime date(QDate(year, part(3), part(4)), time, UTC);
     return time.isValid() && date.isValid() ? std::optional<QVariant>(date) : std::nullopt;
 }
 

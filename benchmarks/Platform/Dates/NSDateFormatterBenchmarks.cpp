@@ -6,6 +6,7 @@
 #include "Report.h"
 
 #include <KTUtility/Platform/Dates/DateFormatterAccess_p.h>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include <QLocale>
 
@@ -39,7 +40,7 @@ constexpr qint64 DefaultTime = 1'203'526'800'000;
 void configure(NSDateFormatter *formatter)
 {
     static const NSLocale locale(u"en_US"_s);
-    static const QDateTime date = QDateTime::fromMSecsSinceEpoch(DefaultTime, Qt::UTC);
+    static const QDateTime date = QDateTime::fromMSecsSinceEpoch(DefaultTime, UTC);
     formatter->setFormatterBehavior(NSDateFormatterBehavior10_4);
     formatter->setLocale(locale);
     formatter->setDefaultDate(date);
@@ -201,7 +202,7 @@ template<const char16_t *Pattern>
 void show(benchmark::State &state)
 {
     const auto formatter = formatterOf(QString::fromUtf16(Pattern));
-    const QDateTime date = QDateTime::fromMSecsSinceEpoch(DefaultTime, Qt::UTC);
+    const QDateTime date = QDateTime::fromMSecsSinceEpoch(DefaultTime, UTC);
     for (auto _ : state) {
         QString text = formatter->stringFromDate(date);
         benchmark::DoNotOptimize(text);
@@ -255,7 +256,7 @@ void firstParse(benchmark::State &state)
 
 void makeEnvironment(benchmark::State &state)
 {
-    const QDateTime date = QDateTime::fromMSecsSinceEpoch(DefaultTime, Qt::UTC);
+    const QDateTime date = QDateTime::fromMSecsSinceEpoch(DefaultTime, UTC);
     for (auto _ : state) {
         const auto formatter = formatterOf(u"M/d/yy"_s);
         formatter->setAMSymbol(u"am"_s);

@@ -14,7 +14,6 @@
 #include <QSet>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {

@@ -5,7 +5,6 @@
 #include <QTextStream>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 TEST(ProgressLine, TellsHowFarItIsAndGoesAway)

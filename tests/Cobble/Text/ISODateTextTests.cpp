@@ -3,6 +3,7 @@
 #include "support/TestSupport.h"
 
 #include <KTUtility/NSCalendar>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 using namespace Qt::StringLiterals;
 
@@ -23,7 +24,7 @@ TEST(ISODateText, HasPartsOfSecondsOnlyWhereThereAreSome)
 
 TEST(ISODateText, TellsAnInstantWhateverZoneItWasGivenIn)
 {
-    const QDateTime utc(QDate(2008, 7, 1), QTime(12, 0), Qt::UTC);
+    const QDateTime utc(QDate(2008, 7, 1), QTime(12, 0), KTPrivate::UTC);
     const QDateTime elsewhere = utc.toOffsetFromUtc(5 * 3600);
     EXPECT_EQ(isoDateText(utc), isoDateText(elsewhere));
 }

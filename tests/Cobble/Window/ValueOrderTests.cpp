@@ -5,6 +5,7 @@
 #include "support/TestSupport.h"
 
 #include <KTUtility/NSDecimalNumber>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include <QDateTime>
 #include <QStringList>
@@ -45,6 +46,6 @@ TEST(ValueOrder, ValuesAreInTheOrderOfTheirKind)
     EXPECT_TRUE(ValueOrder::compare(two, ten) < 0);
     EXPECT_TRUE(ValueOrder::compare(ten, two) > 0);
     EXPECT_TRUE(ValueOrder::compare(two, QVariant(2)) == 0);
-    const QDateTime day(QDate(2008, 3, 4), QTime(12, 0), Qt::UTC);
+    const QDateTime day(QDate(2008, 3, 4), QTime(12, 0), KTPrivate::UTC);
     EXPECT_TRUE(ValueOrder::compare(day, day.addSecs(1)) < 0);
 }

@@ -6,7 +6,6 @@
 #include <QGuiApplication>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 TEST(NSFont, FontsHaveTheAskedSize)

@@ -8,7 +8,6 @@
 #include <QFontMetricsF>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {

@@ -7,7 +7,6 @@
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {

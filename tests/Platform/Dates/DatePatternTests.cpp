@@ -4,7 +4,6 @@
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {

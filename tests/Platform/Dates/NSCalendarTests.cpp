@@ -1,11 +1,11 @@
 #include <KTUtility/NSCalendar>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "support/TestSupport.h"
 
 #include <random>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {
@@ -19,9 +19,8 @@ NSCalendar calendarOf(const char *zone, const QString &identifier = NSGregorianC
 
 QDateTime utc(const char *text)
 {
-    QDateTime date = QDateTime::fromString(QString::fromLatin1(text), Qt::ISODate);
-    date.setTimeSpec(Qt::UTC);
-    return date;
+    const QDateTime date = QDateTime::fromString(QString::fromLatin1(text), Qt::ISODate);
+    return QDateTime(date.date(), date.time(), KTPrivate::UTC);
 }
 
 constexpr NSCalendarUnits AllUnits = NSDateCalendarUnits | NSTimeCalendarUnits |
@@ -232,7 +231,7 @@ TEST(NSCalendar, AgreesWithQtOnDaysOfTheGregorianCalendar)
 {
     const NSCalendar calendar = calendarOf("UTC");
     for (QDate day(1900, 1, 1); day.year() < 2101; day = day.addDays(37)) {
-        const QDateTime noon(day, QTime(12, 0), Qt::UTC);
+        const QDateTime noon(day, QTime(12, 0), KTPrivate::UTC);
         const NSDateComponents components =
             calendar.components(NSDateCalendarUnits | NSWeekdayCalendarUnit, noon);
         const NSDateComponents expected{.era = 1,
@@ -256,7 +255,7 @@ TEST(NSCalendar, ComputesPlainDatesAsICUDoes)
         const NSCalendar other = calendarOf(zone, u"iso8601"_s);
         for (int count = 0; count < 3000; ++count) {
             const qint64 time = count % 2 == 0 ? seconds(random) : seconds(random) / 100;
-            const QDateTime date = QDateTime::fromMSecsSinceEpoch(time * 1000, Qt::UTC);
+            const QDateTime date = QDateTime::fromMSecsSinceEpoch(time * 1000, KTPrivate::UTC);
             NSDateComponents components = ours.components(Units, date);
             ASSERT_EQ(components, other.components(Units, date)) << time;
             components.weekday = NSUndefinedDateComponent;

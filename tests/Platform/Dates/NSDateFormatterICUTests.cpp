@@ -2,6 +2,7 @@
 // compare the two on random texts and patterns, a test for each locale.
 
 #include <KTUtility/Platform/Dates/DateFormatterAccess_p.h>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "support/TestSupport.h"
 
@@ -15,7 +16,6 @@
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {
@@ -124,7 +124,7 @@ protected:
             isOfToday
                 ? std::uniform_int_distribution<qint64>(-1'000'000'000, 2'500'000'000)(_random)
                 : std::uniform_int_distribution<qint64>(-17'000'000'000, 253'370'000'000)(_random);
-        return QDateTime::fromMSecsSinceEpoch(seconds * 1000, Qt::UTC);
+        return QDateTime::fromMSecsSinceEpoch(seconds * 1000, UTC);
     }
 
     /// The pattern of a formatter with any numbers in the places of its fields.

@@ -1,6 +1,7 @@
 // The platform's own tables for date formatters and calendar dates.
 
 #include <KTUtility/NSDateFormatter>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "support/TestSupport.h"
 
@@ -8,7 +9,6 @@
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {
@@ -96,8 +96,8 @@ void expectPattern(const QJsonObject &row)
 
 void expectText(const QJsonObject &row)
 {
-    const QDateTime date =
-        QDateTime::fromMSecsSinceEpoch(qint64(row[u"input_unix"].toDouble() * 1000), Qt::UTC);
+    const QDateTime date = QDateTime::fromMSecsSinceEpoch(
+        qint64(row[u"input_unix"].toDouble() * 1000), KTPrivate::UTC);
     EXPECT_EQ(formatterOf(row)->stringFromDate(date),
               withPlainJoint(row[u"expected"].toString(), row));
 }
@@ -106,7 +106,7 @@ QDateTime expectedDate(const QJsonObject &row)
 {
     const QJsonValue expected = row[u"expected"];
     if (expected.isDouble())
-        return QDateTime::fromMSecsSinceEpoch(qint64(expected.toDouble() * 1000), Qt::UTC);
+        return QDateTime::fromMSecsSinceEpoch(qint64(expected.toDouble() * 1000), KTPrivate::UTC);
     QString text = expected.toString().section(u' ', 0, 0);
     text.remove(u'Z');
     const QDateTime local = QDateTime::fromString(text, Qt::ISODate);

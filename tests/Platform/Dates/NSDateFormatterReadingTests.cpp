@@ -2,6 +2,7 @@
 // years, and texts that are no dates at all.
 
 #include <KTUtility/Platform/Dates/DateFormatterAccess_p.h>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "support/TestSupport.h"
 
@@ -10,7 +11,6 @@
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {
@@ -67,7 +67,7 @@ TEST(NSDateFormatterReading, TakesTheLaterOfDoubledTimes)
     Reader reader("en_US");
     reader.setDateFormat(u"M/d/yy h:m a"_s);
     const QDateTime later = reader.dateFromString(u"11/2/08 1:30 AM"_s);
-    EXPECT_EQ(later, QDateTime(QDate(2008, 11, 2), QTime(6, 30), Qt::UTC));
+    EXPECT_EQ(later, QDateTime(QDate(2008, 11, 2), QTime(6, 30), UTC));
     EXPECT_EQ(reader.dateFromString(u"11/2/08 1:3０ AM"_s), later);
 }
 
@@ -150,7 +150,7 @@ TEST(NSDateFormatterReading, MovesTheHundredYears)
     Reader reader("en_US");
     EXPECT_EQ(reader(u"M/d/yy", u"1/1/50"), u"1950-01-01 00:00:00");
     EXPECT_EQ(reader(u"M/d/yy", u"12/31/49"), u"2049-12-31 00:00:00");
-    reader.setTwoDigitStartDate(QDateTime(QDate(2000, 6, 1), QTime(), Qt::UTC));
+    reader.setTwoDigitStartDate(QDateTime(QDate(2000, 6, 1), QTime(), UTC));
     EXPECT_EQ(reader(u"M/d/yy", u"1/1/50"), u"2050-01-01 00:00:00");
     EXPECT_EQ(reader(u"M/d/yy", u"1/1/99"), u"2099-01-01 00:00:00");
     reader.setTwoDigitStartDate(QDateTime());
@@ -204,8 +204,7 @@ TEST(NSDateFormatterReading, KeepsTheDigitsOfOtherScripts)
     EXPECT_EQ(reader(u"d/M/yyyy", u"5/3/2008"), u"2008-03-05 00:00:00");
     EXPECT_EQ(reader(u"d/M/yy", u"٥/٣/٢٠٠٨"), QString());
     reader.setDateFormat(u"d/M/yyyy"_s);
-    EXPECT_EQ(reader.stringFromDate(QDateTime(QDate(2008, 3, 5), QTime(12, 0), Qt::UTC)),
-              u"٥/٣/٢٠٠٨");
+    EXPECT_EQ(reader.stringFromDate(QDateTime(QDate(2008, 3, 5), QTime(12, 0), UTC)), u"٥/٣/٢٠٠٨");
 }
 
 TEST(NSDateFormatterReading, ReadsWithinARange)
@@ -263,7 +262,7 @@ TEST(NSDateFormatterReading, SurvivesHostileTexts)
 TEST(NSDateFormatterReading, SurvivesHostilePatterns)
 {
     Reader reader("en_US");
-    const QDateTime date(QDate(2008, 3, 5), QTime(), Qt::UTC);
+    const QDateTime date(QDate(2008, 3, 5), QTime(), UTC);
     for (const QString &pattern : hostileTexts()) {
         reader.setDateFormat(pattern);
         reader.dateFromString(u"3/5/08"_s);

@@ -2,6 +2,7 @@
 // narrow condition, and every category has to occur.
 
 #include <KTUtility/NSDateFormatter>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "support/TestSupport.h"
 
@@ -10,7 +11,6 @@
 #include <QSet>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {
@@ -20,7 +20,7 @@ constexpr qint64 ReferenceTime = 978'307'200;
 QDateTime instantOf(double secondsSinceReference)
 {
     return QDateTime::fromMSecsSinceEpoch(qint64((secondsSinceReference + ReferenceTime) * 1000),
-                                          Qt::UTC);
+                                          KTPrivate::UTC);
 }
 
 /// One text in one pattern: what the table has and what we read.
@@ -214,7 +214,8 @@ QString withPlainJointsInText(QString text)
 
 bool isBeforeGregorianCalendar(double secondsSinceReference)
 {
-    return instantOf(secondsSinceReference) < QDateTime(QDate(1582, 10, 15), QTime(), Qt::UTC);
+    return instantOf(secondsSinceReference) <
+           QDateTime(QDate(1582, 10, 15), QTime(), KTPrivate::UTC);
 }
 } // namespace
 

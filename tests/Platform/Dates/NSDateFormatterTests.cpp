@@ -4,7 +4,6 @@
 #include "support/Zones.h"
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {

@@ -1,3 +1,4 @@
+#include <KTUtility/NSDateFormatter>
 #include <KTUtility/Platform/Dates/NaturalLanguageWords_p.h>
 
 #include "LanguageSupport.h"
@@ -5,7 +6,6 @@
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 TEST(NaturalLanguageWords, PreferTheLongest)

@@ -3,7 +3,6 @@
 #include "support/TestSupport.h"
 
 using namespace KTPrivate;
-
 using namespace testing_support;
 
 TEST(September, WritesTheMonthInFull)

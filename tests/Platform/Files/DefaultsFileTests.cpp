@@ -14,7 +14,6 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 // What user defaults do with their files: other writers, damage, and places that cannot be written.

@@ -17,9 +17,8 @@
 #include <unistd.h>
 
 using namespace KTPrivate;
-using namespace Qt::StringLiterals;
-
 using namespace NSFileManager;
+using namespace Qt::StringLiterals;
 using testing_support::contentsOf;
 using testing_support::FileTree;
 

@@ -16,7 +16,6 @@
 #include <vector>
 
 using namespace Qt::StringLiterals;
-
 using namespace plugin_support;
 using namespace testing_support;
 

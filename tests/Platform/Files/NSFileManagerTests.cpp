@@ -5,7 +5,6 @@
 #include <QFile>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {

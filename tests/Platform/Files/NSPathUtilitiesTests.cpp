@@ -7,7 +7,6 @@
 #include <QJsonArray>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {

@@ -6,7 +6,6 @@
 #include <QDir>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {
@@ -70,7 +69,7 @@ TEST(NSSearchPath, ATildeStandsForTheHomeIfAsked)
 {
     const QString home = useFreshHome();
     EXPECT_EQ(foldersFor(NSLibraryDirectory, false), QStringList{u"~/.local/share/Cobble"_s});
-    qputenv("XDG_DATA_HOME", (home + u"-other"_s).toLocal8Bit());
+    qputenv("XDG_DATA_HOME", QString(home + u"-other"_s).toLocal8Bit());
     EXPECT_EQ(foldersFor(NSApplicationSupportDirectory, false), QStringList(home + u"-other"_s));
     useFreshHome();
 }

@@ -4,6 +4,7 @@
 #include <KTUtility/NSDecimalNumber>
 #include <KTUtility/NSException>
 #include <KTUtility/NSObject>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "support/TestSupport.h"
 
@@ -14,7 +15,6 @@
 #include <limits>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {
@@ -39,7 +39,7 @@ private:
 QVariantMap everything()
 {
     return {
-        {u"date"_s, QDateTime(QDate(2008, 3, 4), QTime(12, 0), Qt::UTC)},
+        {u"date"_s, QDateTime(QDate(2008, 3, 4), QTime(12, 0), KTPrivate::UTC)},
         {u"text"_s, u"é😀"_s},
         {u"array"_s, QVariantList{1LL, u"a"_s}},
         {u"dictionary"_s, QVariantMap{{u"k"_s, 2.5}}},

@@ -1,6 +1,7 @@
 #include <KTUtility/NSPropertyListSerialization>
 
 #include <KTUtility/NSObject>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "support/TestSupport.h"
 
@@ -9,9 +10,8 @@
 #include <bit>
 #include <cmath>
 
-using namespace Qt::StringLiterals;
-
 using namespace NSPropertyListSerialization;
+using namespace Qt::StringLiterals;
 
 namespace {
 QByteArray bigEndian(quint64 number, int size)
@@ -143,7 +143,7 @@ TEST(PropertyListBinaryReader, AListWithOneOfEverythingIsRead)
     EXPECT_EQ(map.value(u"name"_s), QVariant(u"é€"_s));
     EXPECT_EQ(map.value(u"list"_s).toList(), list);
     EXPECT_EQ(map.value(u"when"_s).toDateTime(),
-              QDateTime(QDate(2001, 1, 1), QTime(0, 0, 0, 500), Qt::UTC));
+              QDateTime(QDate(2001, 1, 1), QTime(0, 0, 0, 500), KTPrivate::UTC));
 }
 
 TEST(PropertyListBinaryReader, IntegersOfAllWidthsAreRead)
@@ -168,7 +168,7 @@ TEST(PropertyListBinaryReader, RealsAndDatesAreRead)
     EXPECT_TRUE(std::signbit(valueOf("\x23" + real(-0.0)).toDouble()));
     EXPECT_TRUE(std::isnan(valueOf("\x23" + real(std::nan(""))).toDouble()));
     EXPECT_EQ(valueOf("\x33" + real(-86400)).toDateTime(),
-              QDateTime(QDate(2000, 12, 31), QTime(0, 0), Qt::UTC));
+              QDateTime(QDate(2000, 12, 31), QTime(0, 0), KTPrivate::UTC));
     EXPECT_EQ(valueOf("\x33" + real(-0.25)).toDateTime().time(), QTime(23, 59, 59, 750));
     for (const double seconds : {std::nan(""), HUGE_VAL, -HUGE_VAL, 1e300, -1e18})
         EXPECT_TRUE(isRefused(listOf({"\x33" + real(seconds)}))) << seconds;

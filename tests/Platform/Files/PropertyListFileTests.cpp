@@ -11,7 +11,6 @@
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {

@@ -5,7 +5,6 @@
 #include <random>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 // Dictionaries of plain texts are read without the XML parser. A comment at the end sends the same

@@ -2,6 +2,7 @@
 
 #include <KTUtility/NSDecimalNumber>
 #include <KTUtility/NSObject>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "support/TestSupport.h"
 
@@ -11,9 +12,8 @@
 #include <cmath>
 #include <limits>
 
-using namespace Qt::StringLiterals;
-
 using namespace NSPropertyListSerialization;
+using namespace Qt::StringLiterals;
 using namespace testing_support;
 
 namespace {
@@ -116,16 +116,16 @@ TEST(PropertyListWriter, DecimalsAreNumbers)
 
 TEST(PropertyListWriter, DatesAreWrittenInUniversalTime)
 {
-    const QDateTime here(QDate(2008, 3, 4), QTime(7, 0, 0, 999), Qt::OffsetFromUTC, -5 * 3600);
+    const QDateTime here(QDate(2008, 3, 4), QTime(7, 0, 0, 999), QTimeZone(-5 * 3600));
     EXPECT_EQ(bodyOf(here), "<date>2008-03-04T12:00:00Z</date>\n");
-    EXPECT_EQ(bodyOf(QDateTime(QDate(900, 1, 2), QTime(0, 0), Qt::UTC)),
+    EXPECT_EQ(bodyOf(QDateTime(QDate(900, 1, 2), QTime(0, 0), KTPrivate::UTC)),
               "<date>0900-01-02T00:00:00Z</date>\n");
     // The year before the year 1 is 0 in a file, and -1 in Qt.
-    EXPECT_EQ(bodyOf(QDateTime(QDate(-1, 12, 30), QTime(0, 0), Qt::UTC)),
+    EXPECT_EQ(bodyOf(QDateTime(QDate(-1, 12, 30), QTime(0, 0), KTPrivate::UTC)),
               "<date>0000-12-30T00:00:00Z</date>\n");
-    EXPECT_EQ(bodyOf(QDateTime(QDate(-101, 1, 1), QTime(0, 0), Qt::UTC)),
+    EXPECT_EQ(bodyOf(QDateTime(QDate(-101, 1, 1), QTime(0, 0), KTPrivate::UTC)),
               "<date>-100-01-01T00:00:00Z</date>\n");
-    EXPECT_EQ(bodyOf(QDateTime(QDate(12345, 1, 1), QTime(0, 0), Qt::UTC)),
+    EXPECT_EQ(bodyOf(QDateTime(QDate(12345, 1, 1), QTime(0, 0), KTPrivate::UTC)),
               "<date>12345-01-01T00:00:00Z</date>\n");
 }
 
@@ -227,8 +227,8 @@ TEST(PropertyListWriter, ValuesComeBackAsTheyWere)
         QVariant(u"\u0085\u2028\uFEFF\U0001FFFE\uFFFD"_s),
         QVariant(QByteArray("")),
         QVariant(QByteArray(1 << 20, '\xFF')),
-        QVariant(QDateTime(QDate(1999, 12, 31), QTime(23, 59, 59), Qt::UTC)),
-        QVariant(QDateTime(QDate(-101, 2, 28), QTime(1, 2, 3), Qt::UTC)),
+        QVariant(QDateTime(QDate(1999, 12, 31), QTime(23, 59, 59), KTPrivate::UTC)),
+        QVariant(QDateTime(QDate(-101, 2, 28), QTime(1, 2, 3), KTPrivate::UTC)),
         QVariant(mapOf(u"CF$UID"_s, 5LL)),
     };
     for (const QVariant &value : values) {

@@ -1,6 +1,7 @@
 #include <KTUtility/NSPropertyListSerialization>
 
 #include <KTUtility/NSObject>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "support/TestSupport.h"
 
@@ -9,9 +10,8 @@
 
 #include <cmath>
 
-using namespace Qt::StringLiterals;
-
 using namespace NSPropertyListSerialization;
+using namespace Qt::StringLiterals;
 using namespace testing_support;
 
 namespace {
@@ -129,7 +129,7 @@ TEST(PropertyListXMLReader, DatesAreRead)
 {
     EXPECT_EQ(valueOf("<date>0000-12-30T00:00:00Z</date>").toDateTime().date(), QDate(-1, 12, 30));
     EXPECT_EQ(valueOf("<date>1985-06-01T01:02:03Z</date>").toDateTime(),
-              QDateTime(QDate(1985, 6, 1), QTime(1, 2, 3), Qt::UTC));
+              QDateTime(QDate(1985, 6, 1), QTime(1, 2, 3), KTPrivate::UTC));
     for (const char *text :
          {"", "2008-02-30T00:00:00Z", "2008-13-01T00:00:00Z", "2008-01-01T24:00:00Z",
           "2008-01-01T00:00:00", "2008-01-01T00:00:00.5Z", "2008-01-01T00:00:00+0100",

@@ -9,7 +9,6 @@
 #include <QJsonObject>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 // How much of a text the number formatter reads, against tables, with what is wanted otherwise.

@@ -12,7 +12,6 @@
 #include <limits>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 // The number formatter against tables of what the platform answers.

@@ -9,7 +9,6 @@
 #include <thread>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 // What the tables do not say; see NSNumberFormatterTableTests.cpp.

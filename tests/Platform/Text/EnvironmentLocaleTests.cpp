@@ -1,10 +1,9 @@
 #include <KTUtility/NSLocale>
 #include <KTUtility/Platform/Text/EnvironmentLocale_p.h>
 
+#include "support/DefaultLocale.h"
 #include "support/EnvironmentGuard.h"
 #include "support/TestSupport.h"
-
-#include <QLocale>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
@@ -13,18 +12,6 @@ using namespace testing_support;
 namespace {
 constexpr std::array Variables{"LC_ALL", "LC_NUMERIC",  "LC_MONETARY", "LC_TIME",
                                "LANG",   "LC_MESSAGES", "LANGUAGE"};
-
-/// Qt's default locale, as the application sets it, until the object goes.
-class DefaultLocale
-{
-public:
-    explicit DefaultLocale(const QLocale &locale) { QLocale::setDefault(locale); }
-    ~DefaultLocale() { QLocale::setDefault(_before); }
-    DefaultLocale(DefaultLocale &&) = delete;
-
-private:
-    QLocale _before;
-};
 
 /// What the environment names, and nothing else of it.
 using Named = QMap<QByteArray, QByteArray>;

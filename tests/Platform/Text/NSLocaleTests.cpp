@@ -6,7 +6,6 @@
 #include <QLocale>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {

@@ -11,7 +11,6 @@
 #include <limits>
 
 using namespace Qt::StringLiterals;
-
 using namespace testing_support;
 
 namespace {

@@ -1,6 +1,7 @@
 #include <KTUtility/NSCollections>
 #include <KTUtility/NSDecimalNumber>
 #include <KTUtility/NSObject>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "support/TestField.h"
 #include "support/TestSupport.h"
@@ -136,10 +137,10 @@ TEST(NSObject, DescribesValuesAsThePlatformDoes)
     EXPECT_EQ(NSObject::description(NSNull()), u"<null>"_s);
     EXPECT_EQ(NSObject::description(true), u"1"_s);
     EXPECT_EQ(NSObject::description(QByteArray("\x01\xFF")), u"<01ff>"_s);
-    EXPECT_EQ(NSObject::description(QDateTime(QDate(2008, 3, 5), QTime(14, 30), Qt::UTC)),
+    EXPECT_EQ(NSObject::description(QDateTime(QDate(2008, 3, 5), QTime(14, 30), KTPrivate::UTC)),
               u"2008-03-05 14:30:00 +0000"_s);
     EXPECT_EQ(NSObject::description(
-                  QDateTime(QDate(2008, 3, 5), QTime(14, 30), Qt::OffsetFromUTC, -5 * 3600 - 1800)),
+                  QDateTime(QDate(2008, 3, 5), QTime(14, 30), QTimeZone(-5 * 3600 - 1800))),
               u"2008-03-05 14:30:00 -0530"_s);
     EXPECT_EQ(NSObject::description(QVariantMap{{u"a b"_s, QVariantList{}}}),
               u"{\n    \"a b\" = (\n    );\n}"_s);

@@ -1,6 +1,7 @@
 // Equality, order, identity, hashes and descriptions of dates, data, lists and other values.
 
 #include <KTUtility/NSObject>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "support/TestSupport.h"
 
@@ -14,7 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 QDateTime utc(int year)
 {
-    return QDateTime(QDate(year, 3, 5), QTime(17, 30), Qt::UTC);
+    return QDateTime(QDate(year, 3, 5), QTime(17, 30), KTPrivate::UTC);
 }
 
 void expectEqual(const QVariant &left, const QVariant &right)

@@ -82,7 +82,7 @@ LocaleScope::LocaleScope(const QString &identifier) : _isSet(!identifier.isNull(
 {
     if (_isSet)
         NSLocale::setCurrentLocale(NSLocale(identifier));
-    installTranslations(NSLocale::currentLocale());
+    installTranslations(NSLocale::currentLocale(NSLocale::Category::Texts));
 }
 
 LocaleScope::~LocaleScope()
@@ -90,7 +90,7 @@ LocaleScope::~LocaleScope()
     if (!_isSet)
         return;
     NSLocale::resetCurrentLocale();
-    installTranslations(NSLocale::currentLocale());
+    installTranslations(NSLocale::currentLocale(NSLocale::Category::Texts));
 }
 
 void UserSettings::addLocaleOption(QCommandLineParser *parser)
