@@ -25,10 +25,10 @@ std::optional<NSURL> KTURLTextAdditions::_findURLInString(const QString &string)
 
 void KTURLTextAdditions::detectURLs(NSAttributedString &receiver)
 {
-    const NSCharacterSet &blanks = NSCharacterSet::whitespaceAndNewlineCharacterSet();
+    const NSCharacterSet &whitespace = NSCharacterSet::whitespaceAndNewlineCharacterSet();
     NSScanner scanner(receiver.string());
     QString word;
-    while (scanner.scanUpToCharactersFromSet(blanks, &word)) {
+    while (scanner.scanUpToCharactersFromSet(whitespace, &word)) {
         if (const auto url = _findURLInString(word))
             receiver.addAttribute(NSLinkAttributeName, url->absoluteString(),
                                   {scanner.scanLocation() - word.size(), word.size()});

@@ -40,16 +40,16 @@ QString KTAdditions::stringByStrippingCharactersInSet(const QString &receiver,
 {
     if (receiver.isNull())
         return {};
-    const NSCharacterSet &blanks = NSCharacterSet::whitespaceAndNewlineCharacterSet();
+    const NSCharacterSet &whitespace = NSCharacterSet::whitespaceAndNewlineCharacterSet();
     QString result = u""_s;
     result.reserve(receiver.size());
-    for (qsizetype index = NSSkipCharacters(receiver, 0, blanks); index < receiver.size();) {
+    for (qsizetype index = NSSkipCharacters(receiver, 0, whitespace); index < receiver.size();) {
         const qsizetype end = NSFindCharacter(receiver, index, set);
         result += QStringView(receiver).sliced(index, end - index);
         // Deliberate: blanks are skipped before each step, so those behind a removed run go.
-        index = NSSkipCharacters(receiver, end, blanks);
+        index = NSSkipCharacters(receiver, end, whitespace);
         index = NSSkipCharacters(receiver, index, set);
-        index = NSSkipCharacters(receiver, index, blanks);
+        index = NSSkipCharacters(receiver, index, whitespace);
     }
     return result;
 }

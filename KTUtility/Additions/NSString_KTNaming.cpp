@@ -116,13 +116,13 @@ QString KTAdditions::stringWithString(const QString &string, const NSCharacterSe
 {
     if (string.isNull())
         return {};
-    const NSCharacterSet &blanks = NSCharacterSet::whitespaceAndNewlineCharacterSet();
+    const NSCharacterSet &whitespace = NSCharacterSet::whitespaceAndNewlineCharacterSet();
     QString result = u""_s;
     result.reserve(string.size());
     for (qsizetype index = 0; index < string.size();) {
         const NSCodePoint point = NSCodePointAt(string, index);
         // Deliberate: blanks are skipped before the set is asked.
-        if (!blanks.characterIsMember(point.character) &&
+        if (!whitespace.characterIsMember(point.character) &&
             andFilter.characterIsMember(point.character))
             result += QStringView(string).sliced(index, point.length);
         index += point.length;

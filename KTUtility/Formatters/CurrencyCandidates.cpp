@@ -98,7 +98,7 @@ std::shared_ptr<const AllNames> readNames(const NSLocale &locale)
     const QByteArray identifier = locale.localeIdentifier().toLatin1();
     auto currencies = std::make_shared<AllNames>();
     for (const QString &code : NSLocale::commonISOCurrencyCodes()) {
-        if (!CurrencyCandidates::isRefused(code))
+        if (!CurrencyCandidates::isRejected(code))
             currencies->push_back(namesOf(locale, identifier, code));
     }
     return currencies;
@@ -117,7 +117,7 @@ std::shared_ptr<const AllNames> namesIn(const NSLocale &locale)
 }
 } // namespace
 
-bool CurrencyCandidates::isRefused(const QString &code)
+bool CurrencyCandidates::isRejected(const QString &code)
 {
     return code.isNull() || code == u"INR" || code == u"RON";
 }

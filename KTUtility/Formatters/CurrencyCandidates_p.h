@@ -8,7 +8,7 @@
 /// Which currencies a typed text can mean.
 namespace KTPrivate::CurrencyCandidates {
 /// Whether a currency is one that is not offered, or no currency at all.
-bool isRefused(const QString &code);
+bool isRejected(const QString &code);
 
 /// Those of the common currencies, in their order and without the refused ones, of which the
 /// code, sign or name in this locale occurs in \a text. No other currency can read a text that

@@ -48,10 +48,10 @@ DateReading::DateReading(const QString &text)
 {
 }
 
-bool DateReading::isBlank() const
+bool DateReading::hasOnlyWhitespace() const
 {
-    const NSCharacterSet &blanks = NSCharacterSet::whitespaceAndNewlineCharacterSet();
-    return NSSkipCharacters(_string, 0, blanks) == _string.size();
+    const NSCharacterSet &whitespace = NSCharacterSet::whitespaceAndNewlineCharacterSet();
+    return NSSkipCharacters(_string, 0, whitespace) == _string.size();
 }
 
 bool DateReading::hasIsoShape() const

@@ -16,7 +16,7 @@ public:
     /// \a text has to outlive the reading.
     explicit DateReading(const QString &text);
 
-    bool isBlank() const;
+    bool hasOnlyWhitespace() const;
     /// Whether the text begins as dates of ISO 8601 do: four, two and two digits.
     bool hasIsoShape() const;
     /// Whether the text is an hour alone, and what took it is the pattern for such.

@@ -74,7 +74,7 @@ void KTCurrencyFormatter::filterCurrency()
           _currencyLocale.currencyCode());
     KTLog(kLog_FormattersCurrency, DetailLevel,
           u"filterCurrency _currencyLocale currency symbol %@", _currencyLocale.currencySymbol());
-    if (CurrencyCandidates::isRefused(currencyOf(_currencyLocale)))
+    if (CurrencyCandidates::isRejected(currencyOf(_currencyLocale)))
         _currencyLocale = withCurrency(_currencyLocale, replacementCurrency());
     KTLog(kLog_FormattersCurrency, DetailLevel,
           u"filterCurrency filter _currencyLocale locale ID %@",
@@ -104,7 +104,7 @@ QString KTCurrencyFormatter::currencyType() const
 void KTCurrencyFormatter::setCurrencyType(const QString &code)
 {
     QString chosen = code.isNull() ? currencyOf(_locale) : code;
-    if (CurrencyCandidates::isRefused(chosen))
+    if (CurrencyCandidates::isRejected(chosen))
         chosen = replacementCurrency();
     const NSLocale &formatterLocale = _currencyFormatter->locale();
     QString symbol = formatterLocale.displayNameForKey(NSLocaleCurrencySymbol, chosen);
@@ -285,7 +285,7 @@ KTCurrencyFormatter *KTCurrencyFormatter::adjustForValue(const QString &value,
         isLogged ? NSLocale::commonISOCurrencyCodes()
                  : CurrencyCandidates::of(_currencyInputFormatter->locale(), value);
     for (const QString &code : codes) {
-        if (!CurrencyCandidates::isRefused(code) && readsInCurrency(&amount, value, code))
+        if (!CurrencyCandidates::isRejected(code) && readsInCurrency(&amount, value, code))
             return adjusted(code, amount, withOptions);
     }
     _currencyInputFormatter->setCurrencyCode(NSLocale::commonISOCurrencyCodes().last());

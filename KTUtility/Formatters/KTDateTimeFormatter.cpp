@@ -375,7 +375,7 @@ KTDateTimeFormatter::strictFormattersForDateFormat(const QString &datePattern) c
 
 bool KTDateTimeFormatter::read(DateReading &reading) const
 {
-    if (reading.isBlank())
+    if (reading.hasOnlyWhitespace())
         return false;
     if (reading.readWithRecent(_mostRecentFormatter))
         return true;

@@ -20,10 +20,10 @@ constexpr int MaximumInputFractionDigits = 111;
 /// \a text without blanks and line ends at both ends.
 QStringView trimmed(QStringView text)
 {
-    const NSCharacterSet &blanks = NSCharacterSet::whitespaceAndNewlineCharacterSet();
-    while (!text.isEmpty() && blanks.characterIsMember(text.front().unicode()))
+    const NSCharacterSet &whitespace = NSCharacterSet::whitespaceAndNewlineCharacterSet();
+    while (!text.isEmpty() && whitespace.characterIsMember(text.front().unicode()))
         text = text.mid(1);
-    while (!text.isEmpty() && blanks.characterIsMember(text.back().unicode()))
+    while (!text.isEmpty() && whitespace.characterIsMember(text.back().unicode()))
         text.chop(1);
     return text;
 }

@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr char16_t Plain[] = u"1234.5678";
 constexpr char16_t Grouped[] = u"1,234";
-constexpr char16_t Refused[] = u"12abc";
+constexpr char16_t Rejected[] = u"12abc";
 constexpr char16_t Special[] = u"1\u00A0234.5";
 constexpr char16_t Cows[] = u"5 cows";
 
@@ -182,7 +182,7 @@ BENCHMARK(peerFormat)->Name("Numbers/peer: ICU format");
 BENCHMARK(peerFormatSignificant)->Name("Numbers/peer: ICU format, significant digits");
 BENCHMARK(read<Plain>)->Name("Numbers/read, first pass");
 BENCHMARK(read<Grouped>)->Name("Numbers/read, third pass");
-BENCHMARK(read<Refused>)->Name("Numbers/read, refused");
+BENCHMARK(read<Rejected>)->Name("Numbers/read, refused");
 BENCHMARK(read<Special>)->Name("Numbers/read with ICU");
 BENCHMARK(show<false>)->Name("Numbers/show, ASCII digits");
 BENCHMARK(show<true>)->Name("Numbers/show, Arabic digits");

@@ -87,7 +87,7 @@ QString numbered(const QString &base, const QString &separator, int number)
     return number == 0 ? base : QString(base + separator + QString::number(number));
 }
 
-QString withoutBlanks(const QString &text)
+QString withoutWhitespace(const QString &text)
 {
     QString rest;
     for (const QChar character : text) {
@@ -114,7 +114,7 @@ TEST(NSArray_KTUniqueNamesModel, InternalNamesAreTheFirstFreeOnes)
     checkProperty("internalUniqueStringWithBase", 1500, [] {
         const QString base = someOf(bases());
         const QVariantList list = someNamed(base);
-        const QString stripped = withoutBlanks(base);
+        const QString stripped = withoutWhitespace(base);
         const QString expected =
             numbered(stripped, QString(), firstFree(list, stripped, QString(), false));
         requireSame(KTAdditions::internalUniqueStringWithBase(list, base, Name), expected);
@@ -126,7 +126,7 @@ TEST(NSArray_KTUniqueNamesModel, InternalNamesMayHaveToDifferInMoreThanCase)
     checkProperty("internalCaseInsensitiveUniqueStringWithBase", 1500, [] {
         const QString base = someOf(bases());
         const QVariantList list = someNamed(base);
-        const QString stripped = withoutBlanks(base);
+        const QString stripped = withoutWhitespace(base);
         const int number = firstFree(list, NSString::lowercaseString(stripped), QString(), true);
         requireSame(KTAdditions::internalCaseInsensitiveUniqueStringWithBase(list, base, Name),
                     numbered(stripped, QString(), number));

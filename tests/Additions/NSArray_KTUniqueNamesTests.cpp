@@ -25,7 +25,7 @@ TEST_F(NSArray_KTUniqueNamesTests, UniqueNamesFillTheFirstGap)
         u"Field 1"_s);
 }
 
-TEST_F(NSArray_KTUniqueNamesTests, InternalNamesHaveNoBlanks)
+TEST_F(NSArray_KTUniqueNamesTests, InternalNamesHaveNoWhitespace)
 {
     const QString base = u"My Field"_s;
     EXPECT_EQ(internalUniqueStringWithBase(Fields(), base, Name), u"MyField"_s);
@@ -55,7 +55,7 @@ TEST_F(NSArray_KTUniqueNamesTests, UniqueNamesAgreeWithTryingThemOneByOne)
     }
 }
 
-TEST_F(NSArray_KTUniqueNamesTests, UniqueNamesRefuseNilAndBlankBases)
+TEST_F(NSArray_KTUniqueNamesTests, UniqueNamesRejectNilAndBlankBases)
 {
     testing_support::standardErrorOf([&] {
         EXPECT_RAISES(uniqueStringWithBase(abc, QString()), NSInternalInconsistencyException,

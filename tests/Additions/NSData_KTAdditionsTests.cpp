@@ -165,7 +165,7 @@ TEST(NSData_KTAdditions, ArchiveDataAsTheTableSays)
     EXPECT_GE(rows, 5);
 }
 
-TEST(NSData_KTAdditions, RefuseArchivesOfSomethingElse)
+TEST(NSData_KTAdditions, RejectArchivesOfSomethingElse)
 {
     const QString good = KTAdditions::archiveToString("ABC");
     const QStringList texts{

@@ -32,7 +32,7 @@ TEST(NSString_KTAdditions, StripsAsInTheTable)
             << row.text.toStdString();
 }
 
-TEST(NSString_KTAdditions, StrippingTakesBlanksBehindWhatItRemoves)
+TEST(NSString_KTAdditions, StrippingTakesWhitespaceBehindWhatItRemoves)
 {
     EXPECT_EQ(stripped(u"a - b", u"-"), u"a b"_s);
     EXPECT_EQ(stripped(u"  a b", u"-"), u"a b"_s);

@@ -172,7 +172,7 @@ TEST(NSString_KTNaming, TrimmedTextsShareTheCachedObject)
     EXPECT_EQ(KTStringTransformCache::sharedCache()->domain(u"properties"_s).size(), 1);
 }
 
-TEST(NSString_KTNaming, FiltersNeverPassBlanks)
+TEST(NSString_KTNaming, FiltersNeverPassWhitespace)
 {
     const NSCharacterSet everything([](char32_t) { return true; });
     EXPECT_EQ(stringWithString(u" a b\n\u00A0c\u2003"_s, everything), u"abc"_s);

@@ -268,7 +268,7 @@ TEST(KTDatabaseBundle, TheLastComponentOfAMediaURLIsTheName)
     EXPECT_EQ(bundle.filePathFromMediaUrl(urlOf(u"cobblemedia://"_s)), media + u"cobblemedia:");
 }
 
-TEST(KTDatabaseBundle, DownloadsWithoutANameAreRefused)
+TEST(KTDatabaseBundle, DownloadsWithoutANameAreRejected)
 {
     const BundleOnDisk bundle;
     const LoopbackServer server;

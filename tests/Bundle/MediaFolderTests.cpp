@@ -24,20 +24,20 @@ protected:
 };
 } // namespace
 
-TEST_F(MediaFolderTest, NamesThatLeadOutOfItAreRefused)
+TEST_F(MediaFolderTest, NamesThatLeadOutOfItAreRejected)
 {
     EXPECT_EQ(folder.pathOf(u"a b.jpg"_s), path(u"Media/a b.jpg"_s));
     EXPECT_EQ(folder.pathOf(u"...jpg"_s), path(u"Media/...jpg"_s));
-    const QStringList refused{QString(),
-                              u""_s,
-                              u"."_s,
-                              u".."_s,
-                              u"/"_s,
-                              u"a/b"_s,
-                              u"../a"_s,
-                              u"/etc/passwd"_s,
-                              QString(QChar(u'\0'))};
-    for (const QString &name : refused) {
+    const QStringList rejected{QString(),
+                               u""_s,
+                               u"."_s,
+                               u".."_s,
+                               u"/"_s,
+                               u"a/b"_s,
+                               u"../a"_s,
+                               u"/etc/passwd"_s,
+                               QString(QChar(u'\0'))};
+    for (const QString &name : rejected) {
         EXPECT_TRUE(folder.pathOf(name).isNull()) << name.toStdString();
         EXPECT_EQ(folder.nextInstanceNumber(name), 0) << name.toStdString();
     }

@@ -39,8 +39,8 @@ const std::map<QString, Shown> &shownByLocale()
 QString plain(QString text)
 {
     text.remove(QChar(0x200F)).remove(QChar(0x200E)).remove(QChar(0x061C));
-    for (const int blank : {0x00A0, 0x202F})
-        text.replace(QChar(blank), u' ');
+    for (const int space : {0x00A0, 0x202F})
+        text.replace(QChar(space), u' ');
     return text;
 }
 } // namespace

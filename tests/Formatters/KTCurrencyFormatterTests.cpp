@@ -124,7 +124,7 @@ TEST(KTCurrencyFormatter, TakesDollarsWhereTheLocaleHasNoCurrency)
     EXPECT_EQ(formatter.currencyType(), u"XXX");
 }
 
-TEST(KTCurrencyFormatter, KeepsTheLanguageOfALocaleWhoseCurrencyItRefuses)
+TEST(KTCurrencyFormatter, KeepsTheLanguageOfALocaleWhoseCurrencyItRejects)
 {
     const UserLocale user("hi_IN");
     const KTCurrencyFormatter formatter;

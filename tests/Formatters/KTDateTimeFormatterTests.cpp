@@ -114,7 +114,7 @@ TEST(KTDateTimeFormatter, ShowsDatesOnly)
     EXPECT_FALSE(formatter.attributedStringForObjectValue(someDate()).has_value());
 }
 
-TEST(KTDateTimeFormatter, RefusesToShowNothing)
+TEST(KTDateTimeFormatter, RaisesIfBothStylesAreMissing)
 {
     KTDateTimeFormatter formatter;
     NSKeyValueCoding::setValue(&formatter, 0, kKTFieldOption_dateStyle);

@@ -177,9 +177,9 @@ TEST(KTDurationFormatter, ReadsUnitsInAnyOrder)
     for (const char16_t *text :
          {u"2h 30m", u"2 hours, 30 minutes", u"2H30M", u"30m2h", u"- 2h30m", u"1h 1h 30 MINUTES"})
         EXPECT_EQ(reading(formatter, text), u"9000") << qPrintable(QString::fromUtf16(text));
-    const QString refusal = u"Could not convert to a time"_s;
+    const QString rejection = u"Could not convert to a time"_s;
     for (const char16_t *text : {u"90", u"h", u"1.5h", u"0m", u"3 fortnights", u"٣h", u"2h 5"})
-        EXPECT_EQ(reading(formatter, text), refusal) << qPrintable(QString::fromUtf16(text));
+        EXPECT_EQ(reading(formatter, text), rejection) << qPrintable(QString::fromUtf16(text));
     EXPECT_EQ(reading(formatter, u""), u"untouched");
     EXPECT_EQ(reading(formatter, u"  "), u"0");
     EXPECT_EQ(reading(formatter, u"1d 2h 3m 4s"), u"93784");
@@ -192,15 +192,15 @@ TEST(KTDurationFormatter, HelpsImportsInOtherLanguages)
     const QJsonObject words{{u"Durations"_s, QJsonObject{{u"s"_s, u"Sek"_s}, {u"h"_s, u"Std"_s}}}};
     const RowTranslator translator(words);
     TranslatedFormatter formatter;
-    const QString refusal = u"Could not convert to a time"_s;
-    EXPECT_EQ(reading(formatter, u"45s"), refusal);
+    const QString rejection = u"Could not convert to a time"_s;
+    EXPECT_EQ(reading(formatter, u"45s"), rejection);
     formatter.willFormatString(u"45s"_s, QVariant());
     EXPECT_EQ(reading(formatter, u"45s"), u"45");
     EXPECT_EQ(reading(formatter, u"3Std 45s"), u"10845");
-    EXPECT_EQ(reading(formatter, u"45s 3Std"), refusal);
-    EXPECT_EQ(reading(formatter, u"45S"), refusal);
+    EXPECT_EQ(reading(formatter, u"45s 3Std"), rejection);
+    EXPECT_EQ(reading(formatter, u"45S"), rejection);
     formatter.didFormatString(u"45s"_s, QVariant());
-    EXPECT_EQ(reading(formatter, u"45s"), refusal);
+    EXPECT_EQ(reading(formatter, u"45s"), rejection);
 }
 
 TEST(KTDurationFormatter, ComputesInWholeSeconds)

@@ -183,13 +183,13 @@ TEST(KTNumberFormatter, ReadsWhatPeopleType)
 TEST(KTNumberFormatter, ReadsInFourPassesAsTheTableSays)
 {
     // An unpaired parenthesis and what follows a leading blank are refused here.
-    const QStringList refused{u"(12"_s, u"12)"_s, u" 12x"_s, u"  12ab"_s};
+    const QStringList rejected{u"(12"_s, u"12)"_s, u" 12x"_s, u"  12ab"_s};
     int cells = 0;
     for (const QJsonObject &row : rowsOf(u"formatters/number_four_passes.jsonl"_s)) {
         const auto formatter = formatterIn<KTNumberFormatter>(row[u"locale"].toString());
         const QJsonObject texts = row[u"cells"].toObject();
         for (auto it = texts.begin(); it != texts.end(); ++it, ++cells) {
-            const bool isWanted = !it.value().isNull() && !refused.contains(it.key());
+            const bool isWanted = !it.value().isNull() && !rejected.contains(it.key());
             const QString expected =
                 isWanted ? decimal(it.value()[u"dec"].toString()).description() : u"NO"_s;
             EXPECT_EQ(reading(*formatter, it.key()), expected)
@@ -260,7 +260,7 @@ TEST(KTNumberFormatter, IsSetByOptionKeysAndTellsObservers)
     EXPECT_EQ(other.options(), formatter.options());
 }
 
-TEST(KTNumberFormatter, RefusesOptionsOfAnotherType)
+TEST(KTNumberFormatter, RejectsOptionsOfAnotherType)
 {
     KTNumberFormatter formatter;
     EXPECT_THROW(formatter.setOptions({{kKTFieldOption_decimalPlaces, QVariantList{1}}}),

@@ -80,7 +80,7 @@ TEST(KTOptionsKeys, MakeAnotherFormatterAlike)
     EXPECT_EQ(other.type, u"CHF");
 }
 
-TEST(KTOptionsKeys, RefuseNilAndUnknownProperties)
+TEST(KTOptionsKeys, RejectNilAndUnknownProperties)
 {
     RecordingFormatter formatter;
     formatter.type = QString();

@@ -54,7 +54,7 @@ TEST(KTTimeFormatter, PutsAllTimesOnOneDay)
     EXPECT_EQ(reading(formatter, u"2008-07-05T14:30:15"), u"2001-01-01T14:30:15");
 }
 
-TEST(KTTimeFormatter, RefusesWhatIsNoTime)
+TEST(KTTimeFormatter, RejectsWhatIsNoTime)
 {
     const KTTimeFormatter formatter;
     EXPECT_EQ(reading(formatter, u""), u"NO");

@@ -87,7 +87,7 @@ TEST(KTPlugInDefaults, RegisteredDefaultsAreWrittenAndReplaceNothing)
     EXPECT_EQ(storedIn(home), expected);
 }
 
-TEST(KTPlugInDefaults, WhatNoFileCanHoldIsRefused)
+TEST(KTPlugInDefaults, WhatNoFileCanHoldIsRejected)
 {
     const QString home = useFreshHome();
     KTPlugInManager manager;

@@ -259,7 +259,7 @@ TEST(KTPlugInManager, BundlesWithoutIdentifierOrPrincipalClassAreSkipped)
         u"Plug-in " + folder + u"/Unnamed.bundle is skipped: CFBundleIdentifier is missing"));
 }
 
-TEST(KTPlugInManager, CodeThatOthersMayWriteIsRefusedAndSaysSo)
+TEST(KTPlugInManager, CodeThatOthersMayWriteIsRejectedAndSaysSo)
 {
     SearchingManager manager;
     const QString path = makeGoodBundle(manager.supportFolder());

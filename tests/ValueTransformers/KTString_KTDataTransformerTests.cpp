@@ -34,7 +34,7 @@ TEST(KTString_KTDataTransformer, EveryRowGivesItsResult)
     EXPECT_EQ(rows, 4);
 }
 
-TEST(KTString_KTDataTransformer, RefusesWhatIsNotItsKind)
+TEST(KTString_KTDataTransformer, RejectsWhatIsNotItsKind)
 {
     const KTString_KTDataTransformer transformer;
     EXPECT_EQ(transformer.transformedValueClass(), QMetaType::fromType<QString>());

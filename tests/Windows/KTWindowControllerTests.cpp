@@ -175,7 +175,7 @@ TEST_F(KTWindowControllerTests, NoDialogFollowsOverAClosedWindow)
     turn();
 }
 
-TEST_F(KTWindowControllerTests, DuplicatesAreRefusedWhereTheHostWantsThat)
+TEST_F(KTWindowControllerTests, DuplicatesAreRejectedWhereTheHostWantsThat)
 {
     EXPECT_FALSE(host->refusesDuplicateDialogs());
     host->setRefusesDuplicateDialogs(true);

@@ -38,7 +38,7 @@ TEST_F(KTWindowManagerTests, MainWindowsMoveToTheFront)
     EXPECT_EQ(manager->mainWindowArray(), QList<KTWindowController *>({host.get()}));
 }
 
-TEST_F(KTWindowManagerTests, AWindowMayRefuseToClose)
+TEST_F(KTWindowManagerTests, AWindowMayStayOpen)
 {
     class Stubborn : public QWidget
     {

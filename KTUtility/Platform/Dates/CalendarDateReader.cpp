@@ -55,7 +55,7 @@ public:
     bool readLiteral(QChar unit)
     {
         if (unit.isSpace()) {
-            skipBlanks();
+            skipWhitespace();
             return true;
         }
         const bool isHere = at < _text.size() && _text[at] == unit;
@@ -67,14 +67,14 @@ public:
     qsizetype at = 0;
 
 private:
-    void skipBlanks()
+    void skipWhitespace()
     {
         at = NSSkipCharacters(_text, at, NSCharacterSet::whitespaceAndNewlineCharacterSet());
     }
 
     std::optional<int> number(int maximalDigits)
     {
-        skipBlanks();
+        skipWhitespace();
         int value = 0;
         const qsizetype start = at;
         while (at < _text.size() && at - start < maximalDigits && _text[at] >= u'0' &&
@@ -96,7 +96,7 @@ private:
     /// The index of the longest name that stands here.
     std::optional<int> readName(NSDateFormatterSymbols kind)
     {
-        skipBlanks();
+        skipWhitespace();
         const QStringList names = _environment.symbolsOf(kind);
         std::optional<int> best;
         for (int index = 0; index < names.size(); ++index) {
@@ -208,7 +208,7 @@ private:
     /// "+hhmm"
     bool readOffset()
     {
-        skipBlanks();
+        skipWhitespace();
         if (at == _text.size() || (_text[at] != u'+' && _text[at] != u'-'))
             return false;
         const int sign = _text[at++] == u'-' ? -1 : 1;
@@ -223,7 +223,7 @@ private:
     /// A zone's identifier, or GMT and an offset.
     bool readZone()
     {
-        skipBlanks();
+        skipWhitespace();
         qsizetype end = at;
         while (end < _text.size() && !_text[end].isSpace())
             ++end;

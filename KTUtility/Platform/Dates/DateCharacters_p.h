@@ -6,18 +6,18 @@
 
 namespace KTPrivate::DateCharacters {
 /// White space of a pattern (Pattern_White_Space): matches any run of blanks of a text.
-inline constexpr bool isBlankOfPatterns(char16_t unit)
+inline constexpr bool isWhitespaceOfPatterns(char16_t unit)
 {
     return (unit >= 9 && unit <= 13) || unit == 32 || unit == 0x85 || unit == 0x200E ||
            unit == 0x200F || unit == 0x2028 || unit == 0x2029;
 }
 
 /// White space of a text.
-inline constexpr bool isBlank(char16_t unit)
+inline constexpr bool isWhitespaceOfTexts(char16_t unit)
 {
     if (unit < 0x80)
         return unit == 32 || (unit >= 9 && unit <= 13);
-    return isBlankOfPatterns(unit) || unit == 0xA0 || unit == 0x1680 ||
+    return isWhitespaceOfPatterns(unit) || unit == 0xA0 || unit == 0x1680 ||
            (unit >= 0x2000 && unit <= 0x200A) || unit == 0x202F || unit == 0x205F || unit == 0x3000;
 }
 

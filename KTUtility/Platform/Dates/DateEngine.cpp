@@ -35,9 +35,9 @@ constexpr std::array DefaultFields{UCAL_ERA,    UCAL_YEAR,       UCAL_MONTH,    
 /// 1 January 2000, 0:00, as a clock shows it.
 constexpr qint64 LocalDefaultTime = 946'684'800'000;
 
-int32_t skipBlanks(const icu::UnicodeString &text, int32_t at)
+int32_t skipWhitespace(const icu::UnicodeString &text, int32_t at)
 {
-    while (at < text.length() && DateCharacters::isBlank(text.charAt(at)))
+    while (at < text.length() && DateCharacters::isWhitespaceOfTexts(text.charAt(at)))
         ++at;
     return at;
 }
@@ -220,11 +220,11 @@ bool DateEngine::hasFittingYear(const DatePattern &pattern, const icu::UnicodeSt
 int32_t DateEngine::startOfYear(const DatePattern &pattern, const icu::UnicodeString &text)
 {
     if (pattern.beforeYear.isEmpty())
-        return skipBlanks(text, 0);
+        return skipWhitespace(text, 0);
     _format->applyPattern(ICU::aliasOf(pattern.beforeYear));
     _patternNumber = 0;
     _calendar->clear();
     icu::ParsePosition position(0);
     _format->parse(text, *_calendar, position);
-    return position.getErrorIndex() < 0 ? skipBlanks(text, position.getIndex()) : -1;
+    return position.getErrorIndex() < 0 ? skipWhitespace(text, position.getIndex()) : -1;
 }

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 /// Newer locale data separate with special spaces, which nobody can type.
-QString withPlainBlanks(QString pattern)
+QString withPlainSpaces(QString pattern)
 {
     for (const char16_t space : {u'\u202F', u'\u00A0', u'\u2009'})
         pattern.replace(space, u' ');
@@ -48,7 +48,7 @@ QString patternOf(const Format &format)
     if (!format)
         return {};
     icu::UnicodeString pattern;
-    return withPlainBlanks(ICU::stringOf(format->toPattern(pattern)));
+    return withPlainSpaces(ICU::stringOf(format->toPattern(pattern)));
 }
 
 QString typeOfCalendar(const icu::Locale &locale)

@@ -16,28 +16,28 @@ inline bool mayBeOfNumber(char16_t unit)
 {
     if (unit < 0x80)
         return DateCharacters::lowered(unit) == u'e';
-    return !DateCharacters::isEastAsian(unit) && !DateCharacters::isBlank(unit);
+    return !DateCharacters::isEastAsian(unit) && !DateCharacters::isWhitespaceOfTexts(unit);
 }
 
 /// Whether a text that starts with digits cannot fit.
-inline bool refusesDigits(const DatePattern &pattern, const DateText &text)
+inline bool rejectsDigits(const DatePattern &pattern, const DateText &text)
 {
     const char16_t sought = pattern.unitAfterLeadingNumber();
     const char16_t unit = text.unitAfterDigits();
     if (sought == 0 || sought == unit || unit == 0 || text.leadingDigits() > MaximalDigits)
         return false;
-    return !mayBeOfNumber(unit) && !(sought == u' ' && DateCharacters::isBlank(unit));
+    return !mayBeOfNumber(unit) && !(sought == u' ' && DateCharacters::isWhitespaceOfTexts(unit));
 }
 
 /// Whether a text that starts with an ASCII letter or digit cannot fit, since no name starts so.
-inline bool refusesName(quint64 starts, char16_t unit)
+inline bool rejectsName(quint64 starts, char16_t unit)
 {
     return (starts & DateNameList::bitOf(unit)) == 0;
 }
 
 /// Whether a look at the first character is enough. Most patterns of a long list go this way.
-inline bool isRefusedAtOnce(const DatePattern &pattern, const DateEnvironment &environment,
-                            const DateText &text)
+inline bool isRejectedAtOnce(const DatePattern &pattern, const DateEnvironment &environment,
+                             const DateText &text)
 {
     using Kind = DateElement::Kind;
     const char16_t unit = text.leadingUnit();
@@ -47,15 +47,15 @@ inline bool isRefusedAtOnce(const DatePattern &pattern, const DateEnvironment &e
     switch (pattern.leadingKind()) {
     case Kind::Number:
         if (DateCharacters::isDigit(unit))
-            return refusesDigits(pattern, text);
+            return rejectsDigits(pattern, text);
         return DateCharacters::lowered(unit) != environment.startOfNaN &&
-               (!pattern.isLedByMonth() || refusesName(names.startsOfMonths, unit));
+               (!pattern.isLedByMonth() || rejectsName(names.startsOfMonths, unit));
     case Kind::MonthName:
-        return refusesName(names.startsOfMonths, unit);
+        return rejectsName(names.startsOfMonths, unit);
     case Kind::Weekday:
-        return refusesName(names.startsOfWeekdays, unit);
+        return rejectsName(names.startsOfWeekdays, unit);
     case Kind::HalfOfDay:
-        return refusesName(names.startsOfHalves, unit);
+        return rejectsName(names.startsOfHalves, unit);
     default:
         return false;
     }

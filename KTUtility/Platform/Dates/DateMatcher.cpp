@@ -45,7 +45,7 @@ public:
             if (answer != Answer::Matched)
                 return answer;
         }
-        return position > 0 ? Answer::Matched : Answer::Refused;
+        return position > 0 ? Answer::Matched : Answer::Rejected;
     }
 
     Found found;
@@ -58,9 +58,9 @@ private:
     {
         if (element.kind == Kind::Literal)
             return readLiteral(element.sought);
-        skipBlanks();
+        skipWhitespace();
         if (position == _text.size())
-            return Answer::Refused;
+            return Answer::Rejected;
         switch (element.kind) {
         case Kind::Number:
             return readNumber(element);
@@ -77,9 +77,9 @@ private:
 
     QStringView rest() const { return _text.sliced(position); }
 
-    void skipBlanks()
+    void skipWhitespace()
     {
-        while (position < _text.size() && isBlank(_text[position].unicode()))
+        while (position < _text.size() && isWhitespaceOfTexts(_text[position].unicode()))
             ++position;
     }
 
@@ -90,15 +90,15 @@ private:
         for (qsizetype index = 0; index < sought.size() && at < _text.size(); ++index) {
             if (sought[index] == u' ') {
                 const qsizetype start = at;
-                while (at < _text.size() && isBlank(_text[at].unicode()))
+                while (at < _text.size() && isWhitespaceOfTexts(_text[at].unicode()))
                     ++at;
                 if (at == start)
-                    return Answer::Refused;
+                    return Answer::Rejected;
                 if (++index == sought.size())
                     break;
             }
             if (at == _text.size() || sought[index] != _text[at])
-                return Answer::Refused;
+                return Answer::Rejected;
             ++at;
         }
         position = at;
@@ -121,7 +121,7 @@ private:
         if (at < _text.size() && mayBeOfNumber(_text[at].unicode()))
             return Answer::Undecided;
         if (!store(element, value, int(at - start)))
-            return Answer::Refused;
+            return Answer::Rejected;
         position = at;
         return Answer::Matched;
     }
@@ -133,7 +133,7 @@ private:
         if (mayBeNumber || QChar(unit).toLower() == _environment.startOfNaN)
             return Answer::Undecided;
         const bool isMonth = element.letter == u'M' || element.letter == u'L';
-        return isMonth ? readMonthName(element) : Answer::Refused;
+        return isMonth ? readMonthName(element) : Answer::Rejected;
     }
 
     /// Whether a number can stand in a field, and if so, notes it.
@@ -229,7 +229,7 @@ private:
         if (!name.isDecided)
             return Answer::Undecided;
         if (name.index < 0)
-            return Answer::Refused;
+            return Answer::Rejected;
         position += name.length;
         if (field)
             *field = name.index;
@@ -278,7 +278,7 @@ Answer resolve(const Found &found, const DateReading &reading, qint64 *time)
     if (fields.year < 1583 || fields.year > 9999)
         return Answer::Undecided;
     if (fields.hour >= 24 || found.hour >= 12 || !fields.isExistingDay())
-        return Answer::Refused;
+        return Answer::Rejected;
     *time = reading.rules->instantOf(fields.localTime());
     return Answer::Matched;
 }

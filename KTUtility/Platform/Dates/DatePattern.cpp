@@ -163,8 +163,8 @@ void DatePattern::appendLiteral(QStringView source)
             continue;
         at += isDoubled ? 1 : 0;
         element.characters += source[at];
-        const bool isBlank = DateCharacters::isBlankOfPatterns(source[at].unicode());
-        if (!isBlank)
+        const bool isWhitespace = DateCharacters::isWhitespaceOfPatterns(source[at].unicode());
+        if (!isWhitespace)
             element.sought += source[at];
         else if (!element.sought.endsWith(u' '))
             element.sought += u' ';

@@ -46,7 +46,8 @@ private:
 
     void noteLead()
     {
-        while (_lead < _start.size() && DateCharacters::isBlank(_start[_lead].unicode()))
+        while (_lead < _start.size() &&
+               DateCharacters::isWhitespaceOfTexts(_start[_lead].unicode()))
             ++_lead;
         _leadingUnit = unitAt(_lead);
         while (DateCharacters::isDigit(unitAt(_lead + _leadingDigits)))

@@ -23,7 +23,7 @@ QStringView partOf(const QString &text, const NSRange *range)
     return QStringView(text).sliced(start, length);
 }
 
-bool hasOnlyBlanks(QStringView text, qsizetype from)
+bool hasOnlyWhitespace(QStringView text, qsizetype from)
 {
     return NSSkipCharacters(text, from, NSCharacterSet::whitespaceAndNewlineCharacterSet()) ==
            text.size();
@@ -221,10 +221,10 @@ QDateTime NSDateFormatter::dateFromString(const QString &string) const
 {
     const DateText text(string);
     DateMatch match;
-    if (!_private->parse(text, &match) || !hasOnlyBlanks(string, match.length))
+    if (!_private->parse(text, &match) || !hasOnlyWhitespace(string, match.length))
         return {};
     // A pattern without fields fits a text without anything.
-    if (hasOnlyBlanks(string, 0))
+    if (hasOnlyWhitespace(string, 0))
         return {};
     return _private->dateOf(match.time);
 }

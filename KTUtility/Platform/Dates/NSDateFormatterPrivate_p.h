@@ -60,13 +60,13 @@ public:
     /// Reads a date from the start of \a text; see DateFormatterAccess::parse().
     bool parse(const KTPrivate::DateText &text, KTPrivate::DateMatch *match) const
     {
-        return isRefusedAtOnce(text, match) ? false : parseFully(text, match);
+        return isRejectedAtOnce(text, match) ? false : parseFully(text, match);
     }
     bool parseWithICU(const KTPrivate::DateText &text, KTPrivate::DateMatch *match) const;
     KTPrivate::DateReading reading() const;
 
 private:
-    bool isRefusedAtOnce(const KTPrivate::DateText &text, KTPrivate::DateMatch *match) const;
+    bool isRejectedAtOnce(const KTPrivate::DateText &text, KTPrivate::DateMatch *match) const;
     bool isDecidable() const;
     void makeEnvironment() const;
     bool parseFully(const KTPrivate::DateText &text, KTPrivate::DateMatch *match) const;
@@ -89,11 +89,11 @@ inline bool NSDateFormatter::Private::isDecidable() const
 }
 
 /// Small and inline: it decides most attempts.
-inline bool NSDateFormatter::Private::isRefusedAtOnce(const KTPrivate::DateText &text,
-                                                      KTPrivate::DateMatch *match) const
+inline bool NSDateFormatter::Private::isRejectedAtOnce(const KTPrivate::DateText &text,
+                                                       KTPrivate::DateMatch *match) const
 {
     if (!isDecidable() || pattern().isBareHour ||
-        !KTPrivate::DateLead::isRefusedAtOnce(pattern(), environment(), text))
+        !KTPrivate::DateLead::isRejectedAtOnce(pattern(), environment(), text))
         return false;
     match->length = text.lead();
     return true;

@@ -32,14 +32,14 @@ NaturalLanguageReader::NaturalLanguageReader(const NaturalLanguageWords &words, 
 
 std::optional<NaturalLanguageSaid> NaturalLanguageReader::read()
 {
-    for (skipBlanks(); _at < _text.size(); skipBlanks()) {
+    for (skipWhitespace(); _at < _text.size(); skipWhitespace()) {
         if (!readNext())
             return {};
     }
     return assignNumbers() ? std::optional(_said) : std::nullopt;
 }
 
-void NaturalLanguageReader::skipBlanks()
+void NaturalLanguageReader::skipWhitespace()
 {
     while (_at < _text.size() && (_text[_at].isSpace() || _text[_at] == u','))
         ++_at;
@@ -47,7 +47,7 @@ void NaturalLanguageReader::skipBlanks()
     const bool isPoint = _at > 0 && unitAt(_at) == u'.';
     if (isPoint && (_at + 1 == _text.size() || _text[_at + 1].isSpace())) {
         ++_at;
-        skipBlanks();
+        skipWhitespace();
     }
 }
 
@@ -107,7 +107,7 @@ bool NaturalLanguageReader::readTimeWord(const NaturalLanguageMeaning &meaning)
 {
     switch (meaning.kind) {
     case Kind::InFuture:
-        skipBlanks();
+        skipWhitespace();
         if (NaturalLanguageMeaning number; take(Kind::Number, &number))
             return readAmountInWords(number.value, true);
         if (const std::optional<int> number = takeDigits())
@@ -129,7 +129,7 @@ bool NaturalLanguageReader::readTimeWord(const NaturalLanguageMeaning &meaning)
 /// "next Tuesday", "last month"
 bool NaturalLanguageReader::readDirection(int sign)
 {
-    skipBlanks();
+    skipWhitespace();
     NaturalLanguageMeaning meaning;
     if (take(Kind::Weekday, &meaning)) {
         _said.weekdayDirection = sign;
@@ -141,11 +141,11 @@ bool NaturalLanguageReader::readDirection(int sign)
 /// A unit behind a number, and "ago" or "from now" behind that unless "in" stood before it.
 bool NaturalLanguageReader::readAmountInWords(int number, bool isInFuture)
 {
-    skipBlanks();
+    skipWhitespace();
     NaturalLanguageMeaning unit;
     if (!take(Kind::Unit, &unit))
         return false;
-    skipBlanks();
+    skipWhitespace();
     NaturalLanguageMeaning suffix;
     suffix.sign = 1;
     if (!isInFuture && !take(Kind::Suffix, &suffix))
@@ -239,7 +239,7 @@ bool NaturalLanguageReader::assignDate(const std::vector<Number> &numbers, const
 bool NaturalLanguageReader::readNumberWithMark(int number, int digits)
 {
     const qsizetype behindNumber = _at;
-    skipBlanks();
+    skipWhitespace();
     if (take(Kind::HourMark))
         return readHourMark(number);
     if (take(Kind::YearMark))
@@ -276,7 +276,7 @@ bool NaturalLanguageReader::readHourMark(int hour)
 std::optional<int> NaturalLanguageReader::readMarked(Kind mark)
 {
     const qsizetype start = _at;
-    skipBlanks();
+    skipWhitespace();
     int digits = 0;
     const std::optional<int> number = takeDigits(&digits);
     const bool isLoose = !number || digits > 2 || *number >= 60 || isSeparator(unitAt(_at));

@@ -90,7 +90,7 @@ private:
 
     QStringView rest() const { return QStringView(_text).sliced(_at); }
     char16_t unitAt(qsizetype at) const { return at < _text.size() ? _text[at].unicode() : u'\0'; }
-    void skipBlanks();
+    void skipWhitespace();
     bool take(Kind kind, NaturalLanguageMeaning *meaning = nullptr);
     std::optional<int> takeDigits(int *digits = nullptr);
 

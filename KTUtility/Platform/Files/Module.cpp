@@ -85,7 +85,7 @@ bool isWhole(int file, quint64 size)
 }
 
 /// Why the file must not be loaded; nil if it may.
-QString refusalOfFile(int file)
+QString rejectionOfFile(int file)
 {
     struct stat status = {};
     if (::fstat(file, &status) != 0 || !S_ISREG(status.st_mode))
@@ -121,7 +121,7 @@ QStringList foldersHolding(const QString &bundlePath)
 }
 
 /// Why the folders that lead to a file must not be trusted; nil if they may.
-QString refusalOfFolders(const QString &file, const QString &bundlePath)
+QString rejectionOfFolders(const QString &file, const QString &bundlePath)
 {
     const QString bundle = QFileInfo(bundlePath).canonicalFilePath();
     if (bundle.isEmpty() || !file.startsWith(bundle + u'/'))
@@ -135,11 +135,11 @@ QString refusalOfFolders(const QString &file, const QString &bundlePath)
     return found == folders.cend() ? QString() : QString(*found + u" is writable by others"_s);
 }
 
-QString refusalOf(const Descriptor &file, const QString &executable, const QString &bundlePath)
+QString rejectionOf(const Descriptor &file, const QString &executable, const QString &bundlePath)
 {
-    const QString refusal = refusalOfFile(file.number());
-    return refusal.isNull() ? refusalOfFolders(file.path(), bundlePath)
-                            : QString(executable + u' ' + refusal);
+    const QString rejection = rejectionOfFile(file.number());
+    return rejection.isNull() ? rejectionOfFolders(file.path(), bundlePath)
+                              : QString(executable + u' ' + rejection);
 }
 
 /// A path of an open file that was never used before. The loader takes paths that it has seen for
@@ -187,7 +187,7 @@ std::unique_ptr<Module> Module::open(const QString &executable, const QString &b
         *error = executable + u": "_s + qt_error_string(errno);
         return nullptr;
     }
-    *error = refusalOf(file, executable, bundlePath);
+    *error = rejectionOf(file, executable, bundlePath);
     if (!error->isNull())
         return nullptr;
     const QByteArray path = newPathOf(file.number());

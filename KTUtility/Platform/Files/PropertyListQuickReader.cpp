@@ -25,12 +25,12 @@ public:
             isRead = readEntry(&dictionary);
         if (!isRead || !skip("</plist>"))
             return std::nullopt;
-        skipBlanks();
+        skipWhitespace();
         return _rest.empty() ? std::optional(dictionary) : std::nullopt;
     }
 
 private:
-    void skipBlanks()
+    void skipWhitespace()
     {
         const size_t next = _rest.find_first_not_of(" \t\n");
         _rest.remove_prefix(std::min(next, _rest.size()));
@@ -39,7 +39,7 @@ private:
     /// Whether this text comes next, behind blanks.
     bool skip(std::string_view text)
     {
-        skipBlanks();
+        skipWhitespace();
         const bool isNext = _rest.starts_with(text);
         _rest.remove_prefix(isNext ? text.size() : 0);
         return isNext;

@@ -46,7 +46,7 @@ void PredicateParser::fail() const
                                                   _format.toString()));
 }
 
-void PredicateParser::skipBlanks()
+void PredicateParser::skipWhitespace()
 {
     while (_position < _format.size() && _format[_position].isSpace())
         ++_position;
@@ -54,7 +54,7 @@ void PredicateParser::skipBlanks()
 
 bool PredicateParser::skip(QStringView symbol)
 {
-    skipBlanks();
+    skipWhitespace();
     if (!_format.sliced(_position).startsWith(symbol))
         return false;
     _position += symbol.size();
@@ -72,7 +72,7 @@ bool PredicateParser::skipWord(QStringView word)
 
 QString PredicateParser::takeWord()
 {
-    skipBlanks();
+    skipWhitespace();
     const qsizetype begin = _position;
     while (_position < _format.size() && isWordUnit(_format[_position]))
         ++_position;
@@ -89,7 +89,7 @@ QVariant PredicateParser::nextArgument()
 NSPredicate::Block PredicateParser::parse()
 {
     NSPredicate::Block block = parseOr();
-    skipBlanks();
+    skipWhitespace();
     if (_position < _format.size())
         fail();
     return block;
@@ -185,7 +185,7 @@ QString PredicateParser::parseOptions()
 
 PredicateParser::Operand PredicateParser::parseOperand()
 {
-    skipBlanks();
+    skipWhitespace();
     if (_position >= _format.size())
         fail();
     const QChar first = _format[_position];

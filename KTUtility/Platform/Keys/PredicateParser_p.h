@@ -30,7 +30,7 @@ private:
     QString parseOperator();
     QString parseOptions();
 
-    void skipBlanks();
+    void skipWhitespace();
     bool skip(QStringView symbol);
     bool skipWord(QStringView word);
     QString takeWord();

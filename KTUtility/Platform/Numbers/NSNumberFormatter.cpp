@@ -76,10 +76,10 @@ bool NSNumberFormatter::getObjectValue(QVariant *value, const QString &forString
             *errorDescription = error.localizedDescription();
         return false;
     }
-    const NSCharacterSet &blanks = NSCharacterSet::whitespaceAndNewlineCharacterSet();
+    const NSCharacterSet &whitespace = NSCharacterSet::whitespaceAndNewlineCharacterSet();
     const QStringView rest = QStringView(forString).mid(range.end());
     const bool isWhole = std::all_of(rest.begin(), rest.end(), [&](QChar unit) {
-        return blanks.characterIsMember(unit.unicode());
+        return whitespace.characterIsMember(unit.unicode());
     });
     if (isWhole && value)
         *value = result;

@@ -63,7 +63,7 @@ ReadNumber readWithICU(const NumberEngine &engine, QStringView text)
     ReadNumber number = numberOf(reading, {squeezed.begin(), end - squeezed.begin()});
     number.isInteger = reading.isInteger && end == text.size();
     const bool isWhole = number.isNumber && reading.length == squeezed.squeezed().size();
-    if (isWhole || !engine.hasBlankInCurrencySign() || squeezed.isUnchanged(text))
+    if (isWhole || !engine.hasSpaceInCurrencySign() || squeezed.isUnchanged(text))
         return number;
     // The first try has squeezed out the blank of the sign, too ("$ US").
     const NumberReading exact = engine.read(text.mid(squeezed.begin()));

@@ -440,8 +440,8 @@ void NumberEngine::preparePaths(const NumberSettings &settings)
     const icu::UnicodeString &text = symbols()->getConstSymbol(separator);
     _decimalSeparator = text.isEmpty() ? u'.' : text[0];
     const QString sign = symbol(DecimalFormatSymbols::kCurrencySymbol);
-    _hasBlankInCurrencySign =
-        settings.isForMoney() && std::any_of(sign.begin(), sign.end(), NumberText::isBlank);
+    _hasSpaceInCurrencySign =
+        settings.isForMoney() && std::any_of(sign.begin(), sign.end(), NumberText::isWhitespace);
     _writer = NumberQuickPaths::writerFor(settings, *_decimalFormat);
     _reader = NumberQuickPaths::readerFor(settings, *_decimalFormat);
 }

@@ -37,7 +37,7 @@ public:
     /// Null for numbers in words.
     const icu::DecimalFormat *decimalFormat() const { return _decimalFormat; }
     /// Whether it is for money with a sign such as "$ US".
-    bool hasBlankInCurrencySign() const { return _hasBlankInCurrencySign; }
+    bool hasSpaceInCurrencySign() const { return _hasSpaceInCurrencySign; }
     const icu::DecimalFormatSymbols *symbols() const;
     QString symbol(icu::DecimalFormatSymbols::ENumberFormatSymbol symbol) const;
     /// The pattern as ICU writes it.
@@ -68,7 +68,7 @@ private:
 
     std::unique_ptr<icu::NumberFormat> _format;
     icu::DecimalFormat *_decimalFormat = nullptr;
-    bool _hasBlankInCurrencySign = false;
+    bool _hasSpaceInCurrencySign = false;
     bool _needsPairedParentheses = false;
     char16_t _decimalSeparator = u'.';
     std::optional<NumberReader> _reader;

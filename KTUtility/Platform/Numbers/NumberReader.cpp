@@ -9,7 +9,7 @@ namespace {
 constexpr int CertainDigits = 18;
 constexpr int GroupSize = 3;
 
-bool isBlank(char16_t unit)
+bool isSpaceOrTab(char16_t unit)
 {
     return unit == u' ' || unit == u'\t';
 }
@@ -37,7 +37,7 @@ public:
 
     NumberReader::Result run()
     {
-        skipBlanks();
+        skipWhitespace();
         _result.begin = _at;
         if (_at >= _text.size())
             return {};
@@ -61,9 +61,9 @@ private:
         return isDigit(unit()) || (unit() == _reader.decimalSeparator && isDigit(unitBehind()));
     }
 
-    void skipBlanks()
+    void skipWhitespace()
     {
-        while (isBlank(unit()))
+        while (isSpaceOrTab(unit()))
             ++_at;
     }
 
@@ -88,7 +88,7 @@ private:
     NumberReader::Result readSigned(bool isMinus)
     {
         const qsizetype behindSign = ++_at;
-        skipBlanks();
+        skipWhitespace();
         _result.isNegative = isMinus;
         if (startsNumber())
             return readNumber() ? stopAfterNumber() : NumberReader::Result();
@@ -101,11 +101,11 @@ private:
     NumberReader::Result readParentheses()
     {
         ++_at;
-        skipBlanks();
+        skipWhitespace();
         _result.isNegative = true;
         if (!startsNumber() || !readNumber())
             return {};
-        skipBlanks();
+        skipWhitespace();
         if (unit() != u')')
             return {};
         ++_at;
@@ -176,24 +176,24 @@ private:
     NumberReader::Result stopAfterNumber()
     {
         const qsizetype end = _at;
-        const bool isBehindBlank = isBlank(unit());
-        skipBlanks();
-        const bool isSafe =
-            _at >= _text.size() || isSafeTail(isBehindBlank, isDigit(_text[end - 1].unicode()));
+        const bool isBehindWhitespace = isSpaceOrTab(unit());
+        skipWhitespace();
+        const bool isSafe = _at >= _text.size() ||
+                            isSafeTail(isBehindWhitespace, isDigit(_text[end - 1].unicode()));
         _at = end;
         return isSafe ? finished() : NumberReader::Result();
     }
 
     /// Blanks between two digits stay a blank; all others vanish.
-    bool isSafeTail(bool isBehindBlank, bool isBehindDigit) const
+    bool isSafeTail(bool isBehindWhitespace, bool isBehindDigit) const
     {
         const char16_t next = unit();
         if (isDigit(next))
-            return isBehindBlank && isBehindDigit && !_reader.usesGrouping;
+            return isBehindWhitespace && isBehindDigit && !_reader.usesGrouping;
         if (ASCII::isLetter(next))
             return !isExponent(next);
         if (next == u'.' || next == u',')
-            return !isBehindBlank && !_reader.usesGrouping;
+            return !isBehindWhitespace && !_reader.usesGrouping;
         if (next == u')')
             return !_reader.usesParentheses;
         return QStringView(u"$/:;<=>?@[]{|}!#&*%(").contains(QChar(next));

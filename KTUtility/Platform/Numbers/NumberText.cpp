@@ -14,7 +14,7 @@ bool areBoth(char32_t left, char32_t right, const NSCharacterSet &set)
 }
 } // namespace
 
-bool NumberText::isBlank(QChar unit)
+bool NumberText::isWhitespace(QChar unit)
 {
     return NSCharacterSet::whitespaceCharacterSet().characterIsMember(unit.unicode());
 }
@@ -22,23 +22,23 @@ bool NumberText::isBlank(QChar unit)
 NumberText::NumberText(QStringView text)
 {
     qsizetype index = 0;
-    while (index < text.size() && isBlank(text[index]))
+    while (index < text.size() && isWhitespace(text[index]))
         ++index;
     _begin = index;
     _squeezed.reserve(text.size() - index);
-    for (bool isBehindBlank = false; index < text.size(); ++index) {
-        if (isBlank(text[index])) {
-            isBehindBlank = true;
+    for (bool isBehindWhitespace = false; index < text.size(); ++index) {
+        if (isWhitespace(text[index])) {
+            isBehindWhitespace = true;
             continue;
         }
-        if (isBehindBlank && keepsBlankBefore(text, index))
+        if (isBehindWhitespace && keepsSpaceBefore(text, index))
             append(u' ', index - 1);
         append(text[index], index);
-        isBehindBlank = false;
+        isBehindWhitespace = false;
     }
 }
 
-bool NumberText::keepsBlankBefore(QStringView text, qsizetype index) const
+bool NumberText::keepsSpaceBefore(QStringView text, qsizetype index) const
 {
     const char32_t before = NSCodePointBefore(_squeezed, _squeezed.size()).character;
     const char32_t after = NSCodePointAt(text, index).character;

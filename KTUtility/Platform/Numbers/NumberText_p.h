@@ -28,10 +28,10 @@ public:
     /// The end, in the typed text, of the first \a length squeezed units.
     qsizetype endOf(qsizetype length) const;
 
-    static bool isBlank(QChar unit);
+    static bool isWhitespace(QChar unit);
 
 private:
-    bool keepsBlankBefore(QStringView text, qsizetype index) const;
+    bool keepsSpaceBefore(QStringView text, qsizetype index) const;
     void append(QChar unit, qsizetype index);
 
     QString _squeezed;

@@ -32,7 +32,7 @@ public:
 
     bool read()
     {
-        skipBlanks();
+        skipWhitespace();
         isNegative = accept(u'-');
         if (!isNegative)
             accept(u'+');
@@ -50,10 +50,10 @@ public:
     bool isNegative = false;
 
 private:
-    void skipBlanks()
+    void skipWhitespace()
     {
-        const NSCharacterSet &blanks = NSCharacterSet::whitespaceAndNewlineCharacterSet();
-        while (_position < _text.size() && blanks.characterIsMember(_text[_position].unicode()))
+        const NSCharacterSet &whitespace = NSCharacterSet::whitespaceAndNewlineCharacterSet();
+        while (_position < _text.size() && whitespace.characterIsMember(_text[_position].unicode()))
             ++_position;
     }
 

@@ -75,7 +75,7 @@ struct Conversion
 {
     bool leftAligned = false;
     bool plus = false;
-    bool blank = false;
+    bool space = false;
     bool alternate = false;
     bool zeroPadded = false;
     int width = 0;
@@ -125,7 +125,7 @@ QByteArray nativeConversion(const Conversion &conversion)
         text += '-';
     if (conversion.plus)
         text += '+';
-    if (conversion.blank)
+    if (conversion.space)
         text += ' ';
     if (conversion.alternate)
         text += '#';
@@ -194,7 +194,7 @@ bool isDecimal(const NSFormatArgument &argument)
 bool isPlain(const Conversion &conversion)
 {
     return conversion.letter == u'd' && conversion.bytes >= 4 && conversion.width == 0 &&
-           conversion.precision < 0 && !conversion.plus && !conversion.blank;
+           conversion.precision < 0 && !conversion.plus && !conversion.space;
 }
 
 QString printInteger(const NSFormatArgument &argument, const Conversion &conversion)
@@ -394,7 +394,7 @@ private:
                 conversion.plus = true;
                 break;
             case u' ':
-                conversion.blank = true;
+                conversion.space = true;
                 break;
             case u'#':
                 conversion.alternate = true;

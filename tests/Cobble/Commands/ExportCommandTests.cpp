@@ -113,7 +113,7 @@ TEST_F(ExportCommandTests, AFileThatIsThereStaysIfItFails)
     EXPECT_EQ(contentsOf(tree.path(u"old.csv"_s)), "old");
 }
 
-TEST_F(ExportCommandTests, RefusesWrongUsage)
+TEST_F(ExportCommandTests, RejectsWrongUsage)
 {
     EXPECT_EQ(run({u"export"_s}).exitCode, 2);
     EXPECT_EQ(run({u"export"_s, u"things"_s}).exitCode, 2);

@@ -29,7 +29,7 @@ TEST(FormatCommand, ShowsValues)
     }
 }
 
-TEST(FormatCommand, RefusesWhatIsNoValue)
+TEST(FormatCommand, RejectsWhatIsNoValue)
 {
     for (const char16_t *line :
          {u"format number 4a2", u"format number 1,5", u"format date 5/3/08", u"format time noon",

@@ -82,7 +82,7 @@ TEST(ImportCommand, ShowsTypesAndWhatIsNotRead)
         << qPrintable(result.output);
 }
 
-TEST(ImportCommand, RefusesUnknownLocales)
+TEST(ImportCommand, RejectsUnknownLocales)
 {
     const QString path = newFile(u"a.csv"_s, "a\n1\n");
     const CommandResult result = import(path, {u"--locale"_s, u"xx"_s});

@@ -124,7 +124,7 @@ TEST_F(MediaCommandTests, WithoutABundleThereIsNothing)
     EXPECT_EQ(result.errors, u"cobble: " + bundle + u": there is no media folder\n");
 }
 
-TEST_F(MediaCommandTests, RefusesWrongUsage)
+TEST_F(MediaCommandTests, RejectsWrongUsage)
 {
     for (const QStringList &arguments : {QStringList(), QStringList{u"lost"_s},
                                          QStringList{u"add"_s}, QStringList{u"list"_s, u"x"_s}})

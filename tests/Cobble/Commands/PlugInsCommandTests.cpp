@@ -85,7 +85,7 @@ TEST(PlugInsCommand, BrokenOnesAreListedWithTheReason)
     EXPECT_TRUE(lineOf(Exporter).contains(u" yes loaded "));
 }
 
-TEST(PlugInsCommand, RefusesWrongUsage)
+TEST(PlugInsCommand, RejectsWrongUsage)
 {
     testing_support::useFreshHome();
     EXPECT_EQ(plugIns({u"enable"_s}).exitCode, 2);

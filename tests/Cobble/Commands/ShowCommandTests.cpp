@@ -109,7 +109,7 @@ TEST_F(ShowCommandTests, ADamagedDatabaseIsNotAnEmptyOne)
     }
 }
 
-TEST_F(ShowCommandTests, RefusesWrongUsage)
+TEST_F(ShowCommandTests, RejectsWrongUsage)
 {
     for (const QStringList &arguments :
          {QStringList{u"a"_s, u"b"_s}, QStringList{u"a"_s, u"--limit"_s, u"-1"_s},

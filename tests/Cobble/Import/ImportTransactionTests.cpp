@@ -230,7 +230,7 @@ TEST_F(ImportTransactionTests, ASlashBehindTheBundleIsNotPartOfItsName)
     EXPECT_EQ(ImportTransaction::begin(same, 10).reason(), u"another import is running"_s);
 }
 
-TEST_F(ImportTransactionTests, PathsThatAreNoBundleAreRefused)
+TEST_F(ImportTransactionTests, PathsThatAreNoBundleAreRejected)
 {
     bundle = KTDatabaseBundle(tree.path(u"a.png"_s));
     EXPECT_EQ(begin(), nullptr);

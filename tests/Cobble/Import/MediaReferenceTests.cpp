@@ -48,7 +48,7 @@ TEST(MediaReference, KnowsWhatIsObvious)
     EXPECT_FALSE(isObvious(u""));
 }
 
-TEST(MediaReference, HostileTextsAreReadOrRefused)
+TEST(MediaReference, HostileTextsAreReadOrRejected)
 {
     const FileTree tree;
     for (const QString &text : testing_support::hostileTexts())

@@ -88,7 +88,7 @@ TEST(SeparatedText, AsManyColumnsAsALibraryCanHave)
     EXPECT_EQ(headersOf(QString(u"a\n" + row)).size(), RowSource::ColumnLimit);
 }
 
-TEST(SeparatedText, MoreColumnsAreRefused)
+TEST(SeparatedText, MoreColumnsAreRejected)
 {
     const QString row = QString(RowSource::ColumnLimit, u',');
     EXPECT_EQ(SeparatedText::read(row).reason(),

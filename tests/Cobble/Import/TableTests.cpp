@@ -82,7 +82,7 @@ TEST(Table, GoesOnOnlyWhileItIsWanted)
     EXPECT_EQ(last, 2);
 }
 
-TEST(Table, MoreColumnsThanALibraryCanHaveAreRefused)
+TEST(Table, MoreColumnsThanALibraryCanHaveAreRejected)
 {
     const QStringList widest(RowSource::ColumnLimit, u"x"_s);
     EXPECT_TRUE(Table::of(tableOf(widest, {widest})));

@@ -35,7 +35,7 @@ TEST(VCardImporter, ImportsThroughThePlugIn)
     EXPECT_EQ(contentsOf(bundle + u"/Contents/Resources/Media/Photo 1.0.jpg"), "PNG");
 }
 
-TEST(VCardImporter, RefusesFilesWithoutCards)
+TEST(VCardImporter, RejectsFilesWithoutCards)
 {
     testing_support::useFreshHome();
     const FileTree tree;

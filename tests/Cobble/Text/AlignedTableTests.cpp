@@ -30,7 +30,7 @@ TEST(AlignedTable, NothingPrintsNothing)
     EXPECT_EQ(printed({}), QString());
 }
 
-TEST(AlignedTable, IndentsAndLeavesNoTrailingBlanks)
+TEST(AlignedTable, IndentsAndLeavesNoTrailingSpaces)
 {
     EXPECT_EQ(printed({{u"a"_s, u""_s}, {u"bcd"_s}}, 2), u"  a\n  bcd\n"_s);
     EXPECT_EQ(printed({{u""_s}}, 2), u"\n"_s);

@@ -102,7 +102,7 @@ TEST(TextFile, NamesTheLineThatIsNotUtf8)
               reason.arg(2));
 }
 
-TEST(TextFile, DoubtfulUtf8IsRefused)
+TEST(TextFile, DoubtfulUtf8IsRejected)
 {
     const QByteArrayList sequences = {"\xc0\xaf",         // overlong
                                       "\xe0\x80\xaf",     // overlong
@@ -172,7 +172,7 @@ TEST(TextFile, AReadErrorIsNotTheEnd)
     EXPECT_EQ(reasonForFile(u"/proc/self/mem"_s), u"Input/output error"_s);
 }
 
-TEST(TextFile, ADeviceWithoutAnEndIsRefused)
+TEST(TextFile, ADeviceWithoutAnEndIsRejected)
 {
     EXPECT_EQ(reasonForFile(u"/dev/zero"_s), u"not a text file"_s);
 }

@@ -259,7 +259,7 @@ TEST_F(MainWindowTests, WithoutASelectionTheFormIsEmpty)
     EXPECT_TRUE(window->mainWindow()->table()->selectionModel()->isRowSelected(2, {}));
 }
 
-TEST_F(MainWindowTests, WhatTheDatabaseRefusesIsNotShown)
+TEST_F(MainWindowTests, WhatTheDatabaseRejectsIsNotShown)
 {
     MainWindowController *const window = openThings();
     const auto store = otherProgram();
@@ -320,7 +320,7 @@ TEST_F(MainWindowTests, WhatIsBeingTypedStaysWhenOtherRecordsGo)
     EXPECT_EQ(editor(first, 0)->text(), u"Bjørn"_s);
 }
 
-TEST_F(MainWindowTests, BlanksThatDoNotBreakStay)
+TEST_F(MainWindowTests, SpacesThatDoNotBreakStay)
 {
     MainWindowController *const window = openThings();
     const QString text = u"price\u00A05 EUR\u2028more"_s;
@@ -460,7 +460,7 @@ TEST_F(MainWindowTests, TheLoggingMenuIsOffWhereItCannotSave)
     testing_support::useFreshHome();
 }
 
-TEST_F(MainWindowTests, AShortcutWorksAgainAfterItWasRefused)
+TEST_F(MainWindowTests, AShortcutWorksAgainAfterItWasRejected)
 {
     MainWindowController *const window = openThings();
     QAction *const item = menuItem(window, "deleteRecords:");

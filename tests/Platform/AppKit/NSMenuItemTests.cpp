@@ -39,13 +39,13 @@ TEST(NSMenuItem, AsksItsTargetBeforeTheMenuIsShown)
     testing_support::needApplication();
     QMenu menu;
     Target target;
-    QAction *refused = NSMenuItem::addItem(&menu, u"a"_s, "choose:", &target);
+    QAction *rejected = NSMenuItem::addItem(&menu, u"a"_s, "choose:", &target);
     QAction *allowed = NSMenuItem::addItem(&menu, u"b"_s, "choose:", &target);
-    NSMenuItem::setTag(refused, 13);
+    NSMenuItem::setTag(rejected, 13);
     Q_EMIT menu.aboutToShow();
-    EXPECT_FALSE(refused->isEnabled());
+    EXPECT_FALSE(rejected->isEnabled());
     EXPECT_TRUE(allowed->isEnabled());
-    refused->trigger();
+    rejected->trigger();
     EXPECT_TRUE(target.chosen.isEmpty());
 }
 
@@ -78,18 +78,18 @@ TEST(NSMenuItem, ShortcutsAskAgainAfterTheMenuWasSeen)
     QMenu menu;
     Target target;
     QObject indifferent;
-    QAction *refused = NSMenuItem::addItem(&menu, u"a"_s, "choose:", &target);
-    NSMenuItem::setTag(refused, 13);
+    QAction *rejected = NSMenuItem::addItem(&menu, u"a"_s, "choose:", &target);
+    NSMenuItem::setTag(rejected, 13);
     QAction *other = NSMenuItem::addItem(&menu, u"b"_s, "choose:", &indifferent);
     other->setEnabled(false);
     menu.popup(QPoint());
-    EXPECT_FALSE(refused->isEnabled());
+    EXPECT_FALSE(rejected->isEnabled());
     menu.hide();
-    EXPECT_TRUE(refused->isEnabled());
+    EXPECT_TRUE(rejected->isEnabled());
     EXPECT_FALSE(other->isEnabled());
-    refused->trigger();
+    rejected->trigger();
     EXPECT_TRUE(target.chosen.isEmpty());
-    EXPECT_TRUE(refused->isEnabled());
+    EXPECT_TRUE(rejected->isEnabled());
 }
 
 #include "NSMenuItemTests.moc"

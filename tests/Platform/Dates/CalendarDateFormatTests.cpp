@@ -80,7 +80,7 @@ TEST(CalendarDateFormat, ReadsWhatItWrites)
     EXPECT_EQ(read(u"%w %d%%", u"3 5%"_s), u"2000-01-05 00:00:00.000");
 }
 
-TEST(CalendarDateFormat, RefusesWhatDoesNotFit)
+TEST(CalendarDateFormat, RejectsWhatDoesNotFit)
 {
     EXPECT_EQ(read(u"%m/%d/%y", u"3/5"_s), u"");
     EXPECT_EQ(read(u"%m/%d/%y", u"3/5/08 x"_s), u"");

@@ -6,12 +6,14 @@
 
 using namespace KTPrivate;
 
-TEST(DateCharacters, ClassesBlanksAsICUDoes)
+TEST(DateCharacters, ClassesWhitespaceAsICUDoes)
 {
     for (UChar32 unit = 0; unit <= 0xFFFF; ++unit) {
-        const bool isPatternBlank = u_hasBinaryProperty(unit, UCHAR_PATTERN_WHITE_SPACE);
-        ASSERT_EQ(DateCharacters::isBlankOfPatterns(char16_t(unit)), isPatternBlank) << unit;
-        ASSERT_EQ(DateCharacters::isBlank(char16_t(unit)), isPatternBlank || u_isUWhiteSpace(unit))
+        const bool isPatternWhitespace = u_hasBinaryProperty(unit, UCHAR_PATTERN_WHITE_SPACE);
+        ASSERT_EQ(DateCharacters::isWhitespaceOfPatterns(char16_t(unit)), isPatternWhitespace)
+            << unit;
+        ASSERT_EQ(DateCharacters::isWhitespaceOfTexts(char16_t(unit)),
+                  isPatternWhitespace || u_isUWhiteSpace(unit))
             << unit;
     }
 }
@@ -31,7 +33,7 @@ TEST(DateCharacters, HasNoNumbersAmongEastAsianCharacters)
     for (UChar32 unit = 0; unit <= 0xFFFF; ++unit) {
         if (!DateCharacters::isEastAsian(char16_t(unit)))
             continue;
-        ASSERT_FALSE(DateCharacters::isBlank(char16_t(unit))) << unit;
+        ASSERT_FALSE(DateCharacters::isWhitespaceOfTexts(char16_t(unit))) << unit;
         ASSERT_NE(u_charType(unit), U_FORMAT_CHAR) << unit;
     }
     EXPECT_TRUE(DateCharacters::isEastAsian(u'年'));

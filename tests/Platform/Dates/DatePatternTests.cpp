@@ -62,7 +62,7 @@ TEST(DatePattern, UnderstandsQuotes)
     EXPECT_EQ(charactersOf(u"h 'o''clock'"), u" o'clock");
 }
 
-TEST(DatePattern, SeeksRunsOfBlanksAsOne)
+TEST(DatePattern, SeeksRunsOfWhitespaceAsOne)
 {
     EXPECT_EQ(outlineOf(u"M  \t d"), u"N[ ]N");
     EXPECT_EQ(charactersOf(u"M  \t d"), u"  \t ");

@@ -130,7 +130,7 @@ TEST_F(NaturalLanguageDateTests, ReadsEnglish)
     expectAll(Rows);
 }
 
-TEST_F(NaturalLanguageDateTests, RefusesWhatIsNoDate)
+TEST_F(NaturalLanguageDateTests, RejectsWhatIsNoDate)
 {
     constexpr std::array Rows{
         Row{"en_US", u"", nullptr},

@@ -113,7 +113,7 @@ TEST(NaturalLanguageReader, ReadsDaysByName)
     EXPECT_EQ(understood(u"the 1st of May"), u"m=5 d=1");
 }
 
-TEST(NaturalLanguageReader, RefusesWordsOutOfPlace)
+TEST(NaturalLanguageReader, RejectsWordsOutOfPlace)
 {
     for (const char16_t *const text : {u"",
                                        u" , ",

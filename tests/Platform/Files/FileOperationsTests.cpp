@@ -104,7 +104,7 @@ TEST_F(FileOperationsTests, FoldersAreNotCopiedIntoThemselves)
     EXPECT_TRUE(copy("folder", "folder2"));
 }
 
-TEST_F(FileOperationsTests, PipesAndMissingFilesAreRefused)
+TEST_F(FileOperationsTests, PipesAndMissingFilesAreRejected)
 {
     ASSERT_EQ(::mkfifo(QFile::encodeName(at("pipe")).constData(), 0600), 0);
     tree.add(u"folder/a"_s);
@@ -177,7 +177,7 @@ TEST_F(FileOperationsTests, RemovesFoldersButNotWhatLinksLeadTo)
     EXPECT_TRUE(QFile::exists(at("outside/kept")));
 }
 
-TEST_F(FileOperationsTests, HostilePathsAreRefused)
+TEST_F(FileOperationsTests, HostilePathsAreRejected)
 {
     tree.add(u"a"_s);
     for (const QString &text : testing_support::hostileTexts()) {

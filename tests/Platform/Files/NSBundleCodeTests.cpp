@@ -341,7 +341,7 @@ TEST(NSBundleCode, ALinkThatOthersMayChangeIsNotFollowed)
     EXPECT_TRUE(NSBundle(path).load());
 }
 
-TEST(NSBundleCode, APipeInPlaceOfTheCodeIsRefusedAtOnce)
+TEST(NSBundleCode, APipeInPlaceOfTheCodeIsRejectedAtOnce)
 {
     const QString path =
         makeBundle(useFreshHome(), u"Pipe"_s, information(goodIdentifier, goodClass), QString());
@@ -350,7 +350,7 @@ TEST(NSBundleCode, APipeInPlaceOfTheCodeIsRefusedAtOnce)
     EXPECT_EQ(loadError(path), pipe + u" is not a file");
 }
 
-TEST(NSBundleCode, WhatIsNoModuleIsRefused)
+TEST(NSBundleCode, WhatIsNoModuleIsRejected)
 {
     QByteArray otherMachine = contentsOf(goodModule());
     otherMachine[EI_NIDENT + 2] = EM_S390;
@@ -371,7 +371,7 @@ TEST(NSBundleCode, WhatIsNoModuleIsRefused)
     }
 }
 
-TEST(NSBundleCode, ACutOffModuleIsRefused)
+TEST(NSBundleCode, ACutOffModuleIsRejected)
 {
     const QByteArray whole = contentsOf(goodModule());
     const qsizetype end = endOfSegments(whole);

@@ -108,7 +108,7 @@ QVariant valueOf(const QByteArray &object)
     return value;
 }
 
-bool isRefused(const QByteArray &data)
+bool isRejected(const QByteArray &data)
 {
     QString error;
     const QVariant value = propertyListFromData(data, &error);
@@ -158,9 +158,9 @@ TEST(PropertyListBinaryReader, IntegersOfAllWidthsAreRead)
     EXPECT_EQ(valueOf(wide(0, UINT64_MAX)), QVariant(qulonglong(UINT64_MAX)));
     EXPECT_EQ(valueOf(wide(0, 5)), QVariant(5LL));
     EXPECT_EQ(valueOf(wide(UINT64_MAX, UINT64_MAX)), QVariant(-1LL));
-    EXPECT_TRUE(isRefused(listOf({wide(1, 0)})));
-    EXPECT_TRUE(isRefused(listOf({wide(UINT64_MAX, 0)})));
-    EXPECT_TRUE(isRefused(listOf({"\x15" + QByteArray(32, '\0')})));
+    EXPECT_TRUE(isRejected(listOf({wide(1, 0)})));
+    EXPECT_TRUE(isRejected(listOf({wide(UINT64_MAX, 0)})));
+    EXPECT_TRUE(isRejected(listOf({"\x15" + QByteArray(32, '\0')})));
 }
 
 TEST(PropertyListBinaryReader, RealsAndDatesAreRead)
@@ -171,8 +171,8 @@ TEST(PropertyListBinaryReader, RealsAndDatesAreRead)
               QDateTime(QDate(2000, 12, 31), QTime(0, 0), KTPrivate::UTC));
     EXPECT_EQ(valueOf("\x33" + real(-0.25)).toDateTime().time(), QTime(23, 59, 59, 750));
     for (const double seconds : {std::nan(""), HUGE_VAL, -HUGE_VAL, 1e300, -1e18})
-        EXPECT_TRUE(isRefused(listOf({"\x33" + real(seconds)}))) << seconds;
-    EXPECT_TRUE(isRefused(listOf({bytesOf({0x20, 0})})));
+        EXPECT_TRUE(isRejected(listOf({"\x33" + real(seconds)}))) << seconds;
+    EXPECT_TRUE(isRejected(listOf({bytesOf({0x20, 0})})));
 }
 
 TEST(PropertyListBinaryReader, TextsDataAndReferencesAreRead)
@@ -185,7 +185,7 @@ TEST(PropertyListBinaryReader, TextsDataAndReferencesAreRead)
     EXPECT_EQ(valueOf(text(QByteArray("a\0b", 3))).toString().size(), 3);
     const QVariantMap reference = {{u"CF$UID"_s, 258LL}};
     EXPECT_EQ(valueOf(bytesOf({0x81, 1, 2})).toMap(), reference);
-    EXPECT_TRUE(isRefused(listOf({"\x8F" + QByteArray(16, '\0')})));
+    EXPECT_TRUE(isRejected(listOf({"\x8F" + QByteArray(16, '\0')})));
     EXPECT_TRUE(isNSNull(valueOf(QByteArray("\0", 1))));
     EXPECT_EQ(valueOf(bytesOf({0x08})), QVariant(false));
 }
@@ -203,12 +203,12 @@ TEST(PropertyListBinaryReader, SetsAreListsAndSharedObjectsAreReadEachTime)
 
 TEST(PropertyListBinaryReader, KeysMustBeTexts)
 {
-    EXPECT_TRUE(isRefused(listOf({dictionary({1, 1}), bytesOf({0x10, 1})})));
-    EXPECT_TRUE(isRefused(listOf({dictionary({1, 1}), array({})})));
+    EXPECT_TRUE(isRejected(listOf({dictionary({1, 1}), bytesOf({0x10, 1})})));
+    EXPECT_TRUE(isRejected(listOf({dictionary({1, 1}), array({})})));
     EXPECT_EQ(propertyListFromData(listOf({dictionary({1, 1}), text("k")})).toMap().size(), 1);
 }
 
-TEST(PropertyListBinaryReader, UnknownObjectsAreRefused)
+TEST(PropertyListBinaryReader, UnknownObjectsAreRejected)
 {
     for (int marker = 0; marker < 256; ++marker) {
         const int kind = marker >> 4;
@@ -216,7 +216,7 @@ TEST(PropertyListBinaryReader, UnknownObjectsAreRefused)
                                kind == 0xF ||
                                (kind == 0 && marker != 0 && marker != 8 && marker != 9);
         if (isUnknown) {
-            EXPECT_TRUE(isRefused(listOf({bytesOf({marker}) + QByteArray(40, '\0')}))) << marker;
+            EXPECT_TRUE(isRejected(listOf({bytesOf({marker}) + QByteArray(40, '\0')}))) << marker;
         }
     }
 }
@@ -226,37 +226,37 @@ TEST(PropertyListBinaryReader, CountsAreCheckedAgainstTheBytes)
     for (const int kind : {0x4, 0x5, 0x6, 0xA, 0xC, 0xD}) {
         for (const quint64 count : {quint64(14), quint64(1000), quint64(INT64_MAX),
                                     quint64(UINT64_MAX), quint64(1) << 63, quint64(1) << 60})
-            EXPECT_TRUE(isRefused(listOf({counted(kind, count)}))) << kind << ' ' << count;
+            EXPECT_TRUE(isRejected(listOf({counted(kind, count)}))) << kind << ' ' << count;
     }
-    EXPECT_TRUE(isRefused(listOf({bytesOf({0x5F, 0x50})})));
-    EXPECT_TRUE(isRefused(listOf({bytesOf({0x5F, 0x14}) + QByteArray(16, '\0')})));
+    EXPECT_TRUE(isRejected(listOf({bytesOf({0x5F, 0x50})})));
+    EXPECT_TRUE(isRejected(listOf({bytesOf({0x5F, 0x14}) + QByteArray(16, '\0')})));
 }
 
 TEST(PropertyListBinaryReader, TheTrailerIsChecked)
 {
-    const auto refusedWith = [](const std::function<void(Trailer &)> &change) {
-        return isRefused(listOf({array({1}), text("a")}, change));
+    const auto rejectedWith = [](const std::function<void(Trailer &)> &change) {
+        return isRejected(listOf({array({1}), text("a")}, change));
     };
-    EXPECT_FALSE(refusedWith([](Trailer &) {}));
+    EXPECT_FALSE(rejectedWith([](Trailer &) {}));
     for (const quint64 size : {0, 9, 16, 255}) {
-        EXPECT_TRUE(refusedWith([&](Trailer &trailer) { trailer.offsetSize = size; }));
-        EXPECT_TRUE(refusedWith([&](Trailer &trailer) { trailer.referenceSize = size; }));
+        EXPECT_TRUE(rejectedWith([&](Trailer &trailer) { trailer.offsetSize = size; }));
+        EXPECT_TRUE(rejectedWith([&](Trailer &trailer) { trailer.referenceSize = size; }));
     }
     for (const quint64 number :
          {quint64(3), quint64(1) << 61, quint64(1) << 63, quint64(UINT64_MAX)}) {
-        EXPECT_TRUE(refusedWith([&](Trailer &trailer) { trailer.count = number; }));
-        EXPECT_TRUE(refusedWith([&](Trailer &trailer) { trailer.root = number; }));
-        EXPECT_TRUE(refusedWith([&](Trailer &trailer) { trailer.table = number; }));
+        EXPECT_TRUE(rejectedWith([&](Trailer &trailer) { trailer.count = number; }));
+        EXPECT_TRUE(rejectedWith([&](Trailer &trailer) { trailer.root = number; }));
+        EXPECT_TRUE(rejectedWith([&](Trailer &trailer) { trailer.table = number; }));
     }
-    EXPECT_TRUE(refusedWith([](Trailer &trailer) { trailer.count = 0; }));
-    EXPECT_TRUE(refusedWith([](Trailer &trailer) { trailer.table = 8; }));
+    EXPECT_TRUE(rejectedWith([](Trailer &trailer) { trailer.count = 0; }));
+    EXPECT_TRUE(rejectedWith([](Trailer &trailer) { trailer.table = 8; }));
 }
 
 TEST(PropertyListBinaryReader, CyclesAndDepthAreErrors)
 {
-    EXPECT_TRUE(isRefused(listOf({array({0})})));
-    EXPECT_TRUE(isRefused(listOf({array({1, 1}), array({0, 0})})));
-    EXPECT_TRUE(isRefused(listOf({dictionary({1, 0}), text("k")})));
+    EXPECT_TRUE(isRejected(listOf({array({0})})));
+    EXPECT_TRUE(isRejected(listOf({array({1, 1}), array({0, 0})})));
+    EXPECT_TRUE(isRejected(listOf({dictionary({1, 0}), text("k")})));
     const auto nested = [](int depth) {
         QList<QByteArray> objects;
         for (int index = 0; index < depth; ++index)
@@ -264,8 +264,8 @@ TEST(PropertyListBinaryReader, CyclesAndDepthAreErrors)
         return listOf(objects + QList<QByteArray>{text("a")});
     };
     EXPECT_TRUE(propertyListFromData(nested(MaximumDepth)).isValid());
-    EXPECT_TRUE(isRefused(nested(MaximumDepth + 1)));
-    EXPECT_TRUE(isRefused(nested(60'000)));
+    EXPECT_TRUE(isRejected(nested(MaximumDepth + 1)));
+    EXPECT_TRUE(isRejected(nested(60'000)));
 }
 
 TEST(PropertyListBinaryReader, SharedObjectsCannotFillTheMemory)
@@ -273,14 +273,15 @@ TEST(PropertyListBinaryReader, SharedObjectsCannotFillTheMemory)
     QList<QByteArray> laughs;
     for (int index = 0; index < 40; ++index)
         laughs += array({index + 1, index + 1});
-    EXPECT_TRUE(isRefused(listOf(laughs + QList<QByteArray>{text("ha")})));
+    EXPECT_TRUE(isRejected(listOf(laughs + QList<QByteArray>{text("ha")})));
 
     const QList<int> many(60'000, 1);
-    EXPECT_TRUE(isRefused(listOf({array(many), text(QByteArray(1 << 20, 'a'))})));
-    EXPECT_TRUE(isRefused(listOf({array(many), counted(0x4, 1 << 20) + QByteArray(1 << 20, 'a')})));
+    EXPECT_TRUE(isRejected(listOf({array(many), text(QByteArray(1 << 20, 'a'))})));
+    EXPECT_TRUE(
+        isRejected(listOf({array(many), counted(0x4, 1 << 20) + QByteArray(1 << 20, 'a')})));
 }
 
-TEST(PropertyListBinaryReader, EveryTruncationIsRefusedOrAValue)
+TEST(PropertyListBinaryReader, EveryTruncationIsRejectedOrAValue)
 {
     const QByteArray whole = sampleList();
     for (qsizetype size = 0; size < whole.size(); ++size) {
@@ -293,7 +294,7 @@ TEST(PropertyListBinaryReader, EveryTruncationIsRefusedOrAValue)
 TEST(PropertyListBinaryReader, EveryChangedByteGivesAnErrorOrAValue)
 {
     const QByteArray whole = sampleList();
-    int refused = 0;
+    int rejected = 0;
     for (qsizetype index = 8; index < whole.size(); ++index) {
         for (int byte = 0; byte < 256; ++byte) {
             QByteArray changed = whole;
@@ -301,16 +302,16 @@ TEST(PropertyListBinaryReader, EveryChangedByteGivesAnErrorOrAValue)
             QString error;
             const QVariant value = propertyListFromData(changed, &error);
             EXPECT_NE(value.isValid(), !error.isEmpty()) << index << ' ' << byte;
-            refused += !value.isValid();
+            rejected += !value.isValid();
         }
     }
-    EXPECT_GT(refused, 0);
+    EXPECT_GT(rejected, 0);
 }
 
 TEST(PropertyListBinaryReader, OtherVersionsAreNotBinaryLists)
 {
-    EXPECT_TRUE(isRefused(QByteArray(sampleList()).replace("bplist00", "bplist15")));
-    EXPECT_TRUE(isRefused("bplist00"));
-    EXPECT_TRUE(isRefused("bplist00" + QByteArray(32, '\0')));
-    EXPECT_TRUE(isRefused("bplist00" + QByteArray(100, '\xFF')));
+    EXPECT_TRUE(isRejected(QByteArray(sampleList()).replace("bplist00", "bplist15")));
+    EXPECT_TRUE(isRejected("bplist00"));
+    EXPECT_TRUE(isRejected("bplist00" + QByteArray(32, '\0')));
+    EXPECT_TRUE(isRejected("bplist00" + QByteArray(100, '\xFF')));
 }

@@ -111,7 +111,7 @@ TEST(PropertyListFile, OnlyFilesAreReplaced)
     EXPECT_EQ(filesIn(home), (QStringList{u"folder"_s, u"pipe"_s}));
 }
 
-TEST(PropertyListFile, HostilePathsAndValuesAreRefused)
+TEST(PropertyListFile, HostilePathsAndValuesAreRejected)
 {
     const QString home = useFreshHome();
     const QString path = home + u"/a.plist"_s;

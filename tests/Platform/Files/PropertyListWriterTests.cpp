@@ -156,7 +156,7 @@ TEST(PropertyListWriter, KeysAreSortedByUnit)
     EXPECT_EQ(keys, expected);
 }
 
-TEST(PropertyListWriter, WhatXMLCannotHoldIsRefusedByKey)
+TEST(PropertyListWriter, WhatXMLCannotHoldIsRejectedByKey)
 {
     const QList<QString> texts = {
         QString(QChar(0)),      u"a\u0001b"_s,          u"\u001F"_s,
@@ -172,7 +172,7 @@ TEST(PropertyListWriter, WhatXMLCannotHoldIsRefusedByKey)
     }
 }
 
-TEST(PropertyListWriter, WhatIsNoPropertyListIsRefusedByKey)
+TEST(PropertyListWriter, WhatIsNoPropertyListIsRejectedByKey)
 {
     const QList<QVariant> values = {
         QVariant(),
@@ -199,18 +199,18 @@ TEST(PropertyListWriter, DepthAndSizeAreThoseThatCanBeReadBack)
     EXPECT_FALSE(errorOf(QByteArray(MaximumSize, 'x')).isEmpty());
 }
 
-TEST(PropertyListWriter, HostileTextsComeBackOrAreRefused)
+TEST(PropertyListWriter, HostileTextsComeBackOrAreRejected)
 {
-    int refused = 0;
+    int rejected = 0;
     for (const QString &text : hostileTexts()) {
         const QVariantMap map = {{text, QVariantList{text, text}}};
         if (!isPropertyList(map)) {
-            ++refused;
+            ++rejected;
             continue;
         }
         EXPECT_TRUE(thereAndBack(map).toMap() == map);
     }
-    EXPECT_EQ(refused, 4); // nil, two with lone surrogates, one with NUL
+    EXPECT_EQ(rejected, 4); // nil, two with lone surrogates, one with NUL
 }
 
 TEST(PropertyListWriter, ValuesComeBackAsTheyWere)

@@ -31,7 +31,7 @@ QVariant valueOf(const QByteArray &element)
     return value;
 }
 
-bool isRefused(const QByteArray &data)
+bool isRejected(const QByteArray &data)
 {
     QString error;
     const QVariant value = propertyListFromData(data, &error);
@@ -43,7 +43,7 @@ void checkElement(const QByteArray &input, const QJsonValue &expected)
 {
     const QString words = expected.toString();
     if (words.startsWith(u"error")) {
-        EXPECT_TRUE(isRefused(document(input)));
+        EXPECT_TRUE(isRejected(document(input)));
     } else if (words == u"NaN") {
         EXPECT_TRUE(std::isnan(valueOf(input).toDouble()));
     } else if (words == u"-Infinity") {
@@ -109,7 +109,7 @@ TEST(PropertyListXMLReader, IntegersAreReadInAllBases)
           QByteArray("0x0x1"), QByteArray("0x-1"), QByteArray("--1"), QByteArray("- -1"),
           QByteArray("1 2"), QByteArray("12a"), QByteArray("1,000"), QByteArray("\u0661"),
           QByteArray("1e3"), QByteArray(" "), QByteArray("0xG")})
-        EXPECT_TRUE(isRefused(document("<integer>" + text + "</integer>"))) << text.toStdString();
+        EXPECT_TRUE(isRejected(document("<integer>" + text + "</integer>"))) << text.toStdString();
 }
 
 TEST(PropertyListXMLReader, RealsAreRead)
@@ -122,7 +122,7 @@ TEST(PropertyListXMLReader, RealsAreRead)
     EXPECT_EQ(valueOf("<real> +1.5E-3 </real>"), QVariant(0.0015));
     EXPECT_TRUE(std::signbit(valueOf("<real>-0.0</real>").toDouble()));
     for (const char *text : {"", "1,5", "1.5x", "infinite", "0x1p3", "1e999", "--1", "1 2"})
-        EXPECT_TRUE(isRefused(document(QByteArray("<real>") + text + "</real>"))) << text;
+        EXPECT_TRUE(isRejected(document(QByteArray("<real>") + text + "</real>"))) << text;
 }
 
 TEST(PropertyListXMLReader, DatesAreRead)
@@ -135,7 +135,7 @@ TEST(PropertyListXMLReader, DatesAreRead)
           "2008-01-01T00:00:00", "2008-01-01T00:00:00.5Z", "2008-01-01T00:00:00+0100",
           "2008-1-1T00:00:00Z", "2008-01-01T00:00:00Z\n", " 2008-01-01T00:00:00Z",
           "999999999-01-01T00:00:00Z", "99999999999-01-01T00:00:00Z"})
-        EXPECT_TRUE(isRefused(document(QByteArray("<date>") + text + "</date>"))) << text;
+        EXPECT_TRUE(isRejected(document(QByteArray("<date>") + text + "</date>"))) << text;
 }
 
 TEST(PropertyListXMLReader, DataSkipsWhatIsNotBase64)
@@ -149,7 +149,7 @@ TEST(PropertyListXMLReader, DataSkipsWhatIsNotBase64)
 TEST(PropertyListXMLReader, EmptyScalarsAreErrorsButTextsAreNot)
 {
     for (const char *element : {"<data/>", "<date/>", "<integer/>", "<real/>", "<data />"})
-        EXPECT_TRUE(isRefused(document(element))) << element;
+        EXPECT_TRUE(isRejected(document(element))) << element;
     const QVariant text = valueOf("<string/>");
     EXPECT_EQ(text, QVariant(u""_s));
     EXPECT_FALSE(NSObject::isNil(text));
@@ -176,7 +176,7 @@ TEST(PropertyListXMLReader, ReferencesOfArchivesStayDictionaries)
     EXPECT_EQ(valueOf("<dict><key>CF$UID</key><integer>7</integer></dict>").toMap(), expected);
 }
 
-TEST(PropertyListXMLReader, MalformedDocumentsAreRefused)
+TEST(PropertyListXMLReader, MalformedDocumentsAreRejected)
 {
     const QList<QByteArray> documents = {
         "",
@@ -211,10 +211,10 @@ TEST(PropertyListXMLReader, MalformedDocumentsAreRefused)
         "<?xml version=\"1.0\" encoding=\"no-such\"?><plist><true/></plist>",
     };
     for (const QByteArray &data : documents)
-        EXPECT_TRUE(isRefused(data)) << data.toStdString();
+        EXPECT_TRUE(isRejected(data)) << data.toStdString();
 }
 
-TEST(PropertyListXMLReader, EntitiesAreRefused)
+TEST(PropertyListXMLReader, EntitiesAreRejected)
 {
     const QByteArray laughs = "<!DOCTYPE plist [<!ENTITY a \"ha\"><!ENTITY b \"&a;&a;&a;\">]>"
                               "<plist><string>&b;</string></plist>";
@@ -224,7 +224,7 @@ TEST(PropertyListXMLReader, EntitiesAreRefused)
          {laughs, file, document("<string>a&unknown;b</string>"), document("<array>&x;</array>"),
           document("<dict><key>&x;</key><true/></dict>"),
           QByteArray("<plist><string>&unknown;</string></plist>")})
-        EXPECT_TRUE(isRefused(data)) << data.toStdString();
+        EXPECT_TRUE(isRejected(data)) << data.toStdString();
 }
 
 TEST(PropertyListXMLReader, DepthAndSizeAreBounded)
@@ -234,21 +234,21 @@ TEST(PropertyListXMLReader, DepthAndSizeAreBounded)
                         QByteArray("</array>").repeated(depth));
     };
     EXPECT_TRUE(propertyListFromData(nested(MaximumDepth)).isValid());
-    EXPECT_TRUE(isRefused(nested(MaximumDepth + 1)));
-    EXPECT_TRUE(isRefused(nested(200'000)));
-    EXPECT_TRUE(isRefused(document("<string>" + QByteArray(MaximumSize, 'a') + "</string>")));
+    EXPECT_TRUE(isRejected(nested(MaximumDepth + 1)));
+    EXPECT_TRUE(isRejected(nested(200'000)));
+    EXPECT_TRUE(isRejected(document("<string>" + QByteArray(MaximumSize, 'a') + "</string>")));
     EXPECT_EQ(valueOf("<string>" + QByteArray(1 << 20, 'a') + "</string>").toString().size(),
               1 << 20);
 }
 
-TEST(PropertyListXMLReader, EveryTruncationIsRefused)
+TEST(PropertyListXMLReader, EveryTruncationIsRejected)
 {
     const QByteArray whole = document("<dict><key>a</key><array><real>1</real><data>QQ==</data>"
                                       "<date>2008-03-04T12:00:00Z</date></array></dict>")
                                  .trimmed();
     ASSERT_TRUE(propertyListFromData(whole).isValid());
     for (qsizetype size = 0; size < whole.size(); ++size)
-        EXPECT_TRUE(isRefused(whole.first(size))) << size;
+        EXPECT_TRUE(isRejected(whole.first(size))) << size;
 }
 
 TEST(PropertyListXMLReader, ErrorsNameTheLine)

@@ -160,7 +160,7 @@ TEST(NSKeyValueCoding, SetsPropertiesAndMaps)
     setValue(static_cast<TestField *>(nullptr), 1, u"size"_s);
 }
 
-TEST(NSKeyValueCoding, RefusesWhatCannotBeSet)
+TEST(NSKeyValueCoding, RejectsWhatCannotBeSet)
 {
     TestField field;
     EXPECT_THROW(setValue(&field, 1, Unknown), NSException);

@@ -391,23 +391,23 @@ TEST(NSKeyValueObservation, TheLastObserverMayBeFollowedByAnother)
     EXPECT_EQ(object.calls, 1);
 }
 
-TEST(NSKeyValueObservation, ObjectsThatRefuseToBeObserved)
+TEST(NSKeyValueObservation, ObjectsThatRejectObservers)
 {
-    class Refuser : public ObservedStandIn
+    class Rejecter : public ObservedStandIn
     {
     public:
         void firstObserverCame(const QString &key) override
         {
-            if (refuses)
+            if (rejects)
                 throw std::runtime_error("no");
             ObservedStandIn::firstObserverCame(key);
         }
-        bool refuses = true;
+        bool rejects = true;
     } object;
     object.values = {{q(u"x"), 1}};
     EXPECT_THROW(Recorder(&object, q(u"x")), std::runtime_error);
     NSKeyValueObserving::didChangeAllValues(&object);
-    object.refuses = false;
+    object.rejects = false;
     Recorder recorder(&object, q(u"x"));
     EXPECT_EQ(object.observedKeys, words(u"x"));
 }

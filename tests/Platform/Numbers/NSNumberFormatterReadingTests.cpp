@@ -28,7 +28,7 @@ void setUpPass(NSNumberFormatter &formatter, const QJsonObject &row)
     formatter.setUsesGroupingSeparator(row[u"grouping"].toBool());
 }
 
-qsizetype leadingBlanks(const QString &text)
+qsizetype leadingWhitespace(const QString &text)
 {
     qsizetype count = 0;
     while (count < text.size() &&
@@ -54,9 +54,9 @@ struct Wanted
 Wanted wantedOf(const QString &text, const QJsonObject &cell)
 {
     Wanted wanted;
-    const qsizetype blanks = leadingBlanks(text);
-    const qsizetype end = std::max<qsizetype>(cell[u"len"].toInt(), blanks);
-    wanted.range = {blanks, end - blanks};
+    const qsizetype leading = leadingWhitespace(text);
+    const qsizetype end = std::max<qsizetype>(cell[u"len"].toInt(), leading);
+    wanted.range = {leading, end - leading};
     wanted.isRead = cell[u"ok"].toBool() && !hasUnpairedParenthesis(text.left(end));
     wanted.value = NSDecimalNumber::decimalNumberWithString(cell[u"dec"].toString());
     return wanted;

@@ -98,7 +98,7 @@ TEST(NSNumberFormatter, MakesTheTypeThatIsWanted)
     EXPECT_EQ(typeOf(u"5"), qMetaTypeId<NSDecimalNumber>());
 }
 
-TEST(NSNumberFormatter, RefusesFractionsIfTold)
+TEST(NSNumberFormatter, RejectsFractionsIfSet)
 {
     const auto formatter = decimalFormatter();
     formatter->setAllowsFloats(false);

@@ -11,7 +11,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int BlanksBetween = 2;
+constexpr int SpacesBetween = 2;
 
 int widthOfCharacter(char32_t character)
 {
@@ -29,7 +29,7 @@ QString lineOf(const QStringList &cells, const QList<qsizetype> &widths, int ind
     for (qsizetype column = 0; column < cells.size(); ++column) {
         const QString &cell = cells.at(column);
         const qsizetype padding = std::max<qsizetype>(0, widths.at(column) - displayWidth(cell));
-        line += cell + QString(padding + BlanksBetween, u' ');
+        line += cell + QString(padding + SpacesBetween, u' ');
     }
     while (line.endsWith(u' '))
         line.chop(1);
