@@ -67,7 +67,7 @@ public:
 
     /// Shows the alert over a window, which it blocks, and returns at once. When it has ended, \a
     /// didEnd is called, and then the alert destroys itself. Without a window it is on its own.
-    /// With its window goes the alert, and nobody is called.
+    /// If the window is destroyed, the alert is destroyed with it, and nobody is called.
     void beginSheetModalForWindow(QWidget *window, DidEnd didEnd);
 
 private:

@@ -97,7 +97,7 @@ void NSAnimation::runBlocking()
         NSClock::currentClock().sleepForSeconds(BlockingStepInterval);
     }
     flush();
-    // Whoever stops an animation is not told of its end.
+    // Whoever stops an animation is not notified of its end.
     if (_isAnimating)
         end();
 }

@@ -9,7 +9,7 @@
 enum NSAnimationBlockingMode {
     /// startAnimation() returns at the end; nothing else happens meanwhile.
     NSAnimationBlocking = 0,
-    /// startAnimation() returns at once; the run loop makes the steps.
+    /// startAnimation() returns at once; the event loop makes the steps.
     NSAnimationNonblocking = 1,
 };
 
@@ -24,7 +24,7 @@ enum NSAnimationCurve {
 
 class NSAnimation;
 
-/// Is asked about an animation and told of it.
+/// Is asked about an animation and notified of it.
 class KTUTILITY_EXPORT NSAnimationDelegate
 {
 public:
@@ -58,7 +58,7 @@ public:
     /// Starts from the beginning if the delegate lets it; one that runs is left alone. The delegate
     /// may destroy the animation at its end.
     void startAnimation();
-    /// Stops where it is; the delegate is not told of an end.
+    /// Stops where it is; the delegate is not notified of an end.
     void stopAnimation();
     bool isAnimating() const { return _isAnimating; }
 
@@ -70,7 +70,7 @@ protected:
     virtual void willStart();
     /// Shows the state at a value from 0, the start, to 1, the end.
     virtual void setCurrentValue(double value) = 0;
-    /// Brings what is shown to the screen at once, since the run loop does not.
+    /// Brings what is shown to the screen at once, since the event loop does not.
     virtual void flush();
 
 private:

@@ -64,7 +64,7 @@ std::deque<Perform> &waiting()
     return queue;
 }
 
-/// Calls what waited when this was scheduled. What is added meanwhile has a turn of its own.
+/// Calls what waited when this was scheduled. What is added meanwhile has an iteration of its own.
 void flush()
 {
     for (size_t count = waiting().size(); count > 0 && sessions().isEmpty(); --count) {

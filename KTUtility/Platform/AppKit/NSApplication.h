@@ -7,7 +7,8 @@
 
 #include <functional>
 
-/// Modal sessions, sheets, and what waits for the next turn of the run loop. For the main thread.
+/// Modal sessions, sheets, and what waits for the next iteration of the event loop. For the main
+/// thread.
 ///
 /// \code
 /// NSApplication::beginSheet(dialog, window);       // blocks the window only, returns at once
@@ -36,8 +37,8 @@ KTUTILITY_EXPORT void endSheet(QWidget *sheet);
 /// Whether a window is a sheet now.
 KTUTILITY_EXPORT bool isSheet(const QWidget *window);
 
-/// Has a function called on a later turn of the run loop, unless the receiver is gone by then. What
-/// is asked for first is called first. During modal sessions nothing is called; it waits for their
-/// end.
+/// Has a function called in a later iteration of the event loop, unless the receiver is destroyed
+/// by then. What is asked for first is called first. During modal sessions nothing is called; it
+/// waits for their end.
 KTUTILITY_EXPORT void performOnNextTurn(QObject *receiver, std::function<void()> perform);
 } // namespace NSApplication

@@ -34,7 +34,8 @@ void NSArrayController::removeObject(const QVariant &object)
     tellContent(selected);
 }
 
-/// Tells of the content, and shows it. Whoever is told may delete this object, here and below.
+/// Notifies of the content, and shows it. Whoever is notified may delete this object, here and
+/// below.
 void NSArrayController::tellContent(const QVariantList &selected)
 {
     const QPointer<NSArrayController> self = this;
@@ -77,7 +78,7 @@ void NSArrayController::rearrangeAndSelect(const QVariantList &selected)
         if (wanted.contains(_arrangedObjects.at(index)))
             indexes += index;
     }
-    // Whoever is told of one finds the other as it will be.
+    // Whoever is notified of one finds the other as it will be.
     _selectionIndexes = indexes;
     const QPointer<NSArrayController> self = this;
     Q_EMIT arrangedObjectsChanged();

@@ -20,9 +20,9 @@ class SelectionProxy;
 /// Bind tables to "arrangedObjects", details to "selection" and a key: "selection.name" is the
 /// value of the selected object. It is a marker if nothing is selected, if several objects with
 /// different values are, or if one lacks the key; setting it sets all selected objects, and is
-/// told once. The selected objects' keys and all other properties can be observed; "selection" by
-/// itself is always the same object. The objects are not owned; take them out of the content before
-/// they go. For the main thread.
+/// notified once. The selected objects' keys and all other properties can be observed; "selection"
+/// by itself is always the same object. The objects are not owned; take them out of the content
+/// before they are destroyed. For the main thread.
 ///
 /// \code
 /// NSArrayController controller;

@@ -45,7 +45,7 @@ void appendCorner(QPainterPath &path, const QPointF &corner, const QPointF &back
 {
     const qreal cosine = QPointF::dotProduct(back, ahead);
     const qreal cross = back.x() * ahead.y() - back.y() * ahead.x();
-    // Half of the angle between the legs tells how far from the corner the arc touches them.
+    // Half of the angle between the legs says how far from the corner the arc touches them.
     const qreal distance = radius * (1 + cosine) / std::abs(cross);
     const QPointF start = corner + back * distance;
     const QPointF end = corner + ahead * distance;

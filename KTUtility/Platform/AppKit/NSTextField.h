@@ -6,7 +6,7 @@
 #include <QLabel>
 
 /// A label of one line that shortens what is too long for it. Line breaks and tabs are shown as
-/// blanks. The text is never taken for HTML, and "&" marks no letter.
+/// spaces. The text is never taken for HTML, and "&" marks no letter.
 ///
 /// In forms of Qt Designer that NSNib loads it is made by its class name.
 ///

@@ -8,7 +8,7 @@ class QWidget;
 
 /// The level of ordinary windows.
 inline constexpr int NSNormalWindowLevel = 0;
-/// The level of what tells a status, above all ordinary windows.
+/// The level of what shows a status, above all ordinary windows.
 inline constexpr int NSStatusWindowLevel = 25;
 
 /// Windows in the system's terms: rectangles count from the bottom left corner of the primary

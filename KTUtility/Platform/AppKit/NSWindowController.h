@@ -7,15 +7,15 @@
 #include <QString>
 #include <QWidget>
 
-/// What a delegate is told of a window.
+/// What a delegate is notified of about a window.
 struct NSNotification
 {
     /// The window that it is about.
     QWidget *window = nullptr;
 };
 
-/// Owns a window, which is made when it is first asked for, and is its delegate: it is told when
-/// the window becomes the one that gets the keyboard, and when it closes.
+/// Owns a window, which is made when it is first asked for, and is its delegate: it is notified
+/// when the window becomes the one that gets the keyboard, and when it closes.
 ///
 /// The window is given, or read from an interface file of Qt Designer, or made by a subclass in
 /// loadWindow(). Parts of it are found by their object names. For the main thread.
@@ -50,7 +50,7 @@ public:
     void setWindow(QWidget *window);
     /// Shows the window before the others, and gives it the keyboard.
     void showWindow();
-    /// Closes the window as its close button does: it may refuse.
+    /// Closes the window as its close button does: the window may stay open.
     void close();
 
     /// A part of the window by its object name; null if there is none of that class.
@@ -61,10 +61,10 @@ public:
         return inWindow ? inWindow->findChild<T *>(name) : nullptr;
     }
 
-    /// The controller that is told of a window; null if there is none.
+    /// The controller that is notified of a window's events; null if there is none.
     static NSWindowController *delegateOf(const QWidget *window);
 
-    // --- What the window tells
+    // --- What the window reports
 
     /// The window gets the keyboard now.
     virtual void windowDidBecomeKey(const NSNotification &notification);

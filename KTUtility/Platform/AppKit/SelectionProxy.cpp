@@ -67,7 +67,7 @@ bool SelectionProxy::setValueForKey(const QVariant &value, const QString &key)
     return true;
 }
 
-/// Tells what has changed, once for all objects: each notice has all of them read again.
+/// Notifies of what has changed, once for all objects: each notice has all of them read again.
 void SelectionProxy::finishSetting()
 {
     if (--_setting > 0)

@@ -10,7 +10,8 @@
 #include <vector>
 
 namespace KTPrivate {
-/// Stands for the selected objects of a controller: answers their keys, and tells when they change.
+/// Stands for the selected objects of a controller: answers their keys, and notifies when they
+/// change.
 class SelectionProxy : public QObject, public NSKeyValueCodingObject
 {
     Q_OBJECT

@@ -9,7 +9,7 @@
 // Gregorian calendar only.
 
 namespace KTPrivate::CalendarDateReader {
-/// Reads a date from the start of \a text. Blanks in the pattern are any number of blanks, numbers
-/// may have fewer digits; hour 24 is 0:00 of the next day. %c, %x and %X cannot be read.
+/// Reads a date from the start of \a text. Whitespace in the pattern is any number of spaces,
+/// numbers may have fewer digits; hour 24 is 0:00 of the next day. %c, %x and %X cannot be read.
 bool parse(const QString &pattern, QStringView text, const DateReading &reading, DateMatch *match);
 } // namespace KTPrivate::CalendarDateReader

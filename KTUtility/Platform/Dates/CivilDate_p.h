@@ -37,7 +37,7 @@ inline constexpr int daysInMonth(qint64 year, int month)
     return month == 2 && isLeapYear(year) ? 29 : Days[month - 1];
 }
 
-/// Years are counted from March here, so that the day that comes and goes is the last one.
+/// Years are counted from March here, so that 29 February is the last day.
 inline constexpr qint64 daysOf(qint64 year, int month, int day)
 {
     const qint64 shifted = year - (month <= 2 ? 1 : 0);

@@ -5,14 +5,14 @@
 // The characters that matter in dates, as ICU classes them.
 
 namespace KTPrivate::DateCharacters {
-/// White space of a pattern (Pattern_White_Space): matches any run of blanks of a text.
+/// Whitespace of a pattern (Pattern_White_Space): matches any run of whitespace of a text.
 inline constexpr bool isWhitespaceOfPatterns(char16_t unit)
 {
     return (unit >= 9 && unit <= 13) || unit == 32 || unit == 0x85 || unit == 0x200E ||
            unit == 0x200F || unit == 0x2028 || unit == 0x2029;
 }
 
-/// White space of a text.
+/// Whitespace of a text.
 inline constexpr bool isWhitespaceOfTexts(char16_t unit)
 {
     if (unit < 0x80)

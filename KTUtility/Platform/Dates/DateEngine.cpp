@@ -117,7 +117,7 @@ void DateEngine::presetFields(const DatePattern &pattern, std::optional<qint64> 
         presetWithoutDefault();
     if (!pattern.hasDayPeriod)
         return;
-    // A part of the day tells 5 from 17, unless an hour is known already.
+    // A part of the day distinguishes 5 from 17, unless an hour is known already.
     for (const UCalendarDateFields field : {UCAL_HOUR, UCAL_AM_PM, UCAL_HOUR_OF_DAY})
         _calendar->clear(field);
 }
@@ -194,7 +194,7 @@ bool DateEngine::readTime(const DatePattern &pattern, qint64 *time)
     return U_SUCCESS(status) || (!pattern.hasZone && readSkippedTime(time));
 }
 
-/// Strict calendars refuse a time that no clock showed. In UTC every time exists; if that works,
+/// Strict calendars reject a time that no clock showed. In UTC every time exists; if that works,
 /// only the clock was the obstacle.
 bool DateEngine::readSkippedTime(qint64 *time)
 {

@@ -22,8 +22,8 @@ struct DateReading
     std::optional<qint64> defaultTime;
 };
 
-/// ICU's formatter for a locale, calendar, zone and leniency: one per thread, since it is dear to
-/// make and cheap to give another pattern.
+/// ICU's formatter for a locale, calendar, zone and leniency: one per thread, since it is expensive
+/// to make and cheap to give another pattern.
 ///
 /// It reads as ICU does, except that
 /// - years are as wide as the pattern says (Gregorian calendar, strict);

@@ -17,8 +17,8 @@
 #include <optional>
 
 namespace KTPrivate {
-/// What a formatter sets beside a locale and calendar, and what ICU has to be told; most formatters
-/// set nothing of it.
+/// What a formatter sets beside a locale and calendar, and what ICU has to be given; most
+/// formatters set nothing of it.
 struct DateCustoms
 {
     std::array<std::optional<QStringList>, size_t(NSDateFormatterSymbols::AMPM) + 1> symbols;
@@ -53,7 +53,7 @@ public:
 
     DateEnvironment(const NSLocale &locale, const QString &calendar, const DateCustoms &customs);
 
-    /// The pattern of a pair of styles, with plain blanks only.
+    /// The pattern of a pair of styles, with plain spaces only.
     QString patternOfStyles(unsigned date, unsigned time) const;
     /// The names of a kind.
     QStringList symbolsOf(NSDateFormatterSymbols kind) const;

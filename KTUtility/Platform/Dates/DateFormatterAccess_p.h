@@ -32,12 +32,12 @@ public:
 
     // --- The two ways of working, apart, for tests and measurements
 
-    /// What reading without ICU says: true, false, or nothing if only ICU can tell.
+    /// What reading without ICU says: true, false, or nothing if only ICU can decide.
     static std::optional<bool> parseWithoutICU(const NSDateFormatter &formatter,
                                                const DateText &text, DateMatch *match);
     static bool parseWithICU(const NSDateFormatter &formatter, const DateText &text,
                              DateMatch *match);
-    /// Null if only ICU can tell.
+    /// Null if only ICU can decide.
     static QString stringWithoutICU(const NSDateFormatter &formatter, const QDateTime &date);
     static QString stringWithICU(const NSDateFormatter &formatter, const QDateTime &date);
 

@@ -4,8 +4,8 @@
 #include "DatePattern_p.h"
 #include "DateText_p.h"
 
-// A look at the first characters of a text. Of the 60 patterns that a field tries, most are refused
-// here, each in a few nanoseconds.
+// A look at the first characters of a text. Of the 60 patterns that a field tries, most are
+// rejected here, each in a few nanoseconds.
 
 namespace KTPrivate::DateLead {
 /// More digits than any field takes, and few enough for an int.

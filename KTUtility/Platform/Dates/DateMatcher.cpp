@@ -21,7 +21,7 @@ struct Found
     int month = Unknown;
     int day = Unknown;
     int hourOfDay = Unknown;
-    int hour = Unknown; ///< of the half day, 0 to 11 (more is refused in the end)
+    int hour = Unknown; ///< of the half day, 0 to 11 (more is rejected in the end)
     int half = Unknown; ///< 0 AM, 1 PM
     int minute = Unknown;
     int second = Unknown;

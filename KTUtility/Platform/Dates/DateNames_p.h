@@ -18,7 +18,7 @@ struct DateName
 {
     int index = -1;        ///< in its list; -1 if no name stands there
     qsizetype length = 0;  ///< in the text
-    bool isDecided = true; ///< false if only ICU can tell
+    bool isDecided = true; ///< false if only ICU can decide
 };
 
 /// The names of one kind and width, ready to be found in a text as ICU finds them: the longest

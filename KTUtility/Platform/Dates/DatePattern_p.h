@@ -27,7 +27,8 @@ struct DateElement
     /// How many digits a number needs at least. ICU asks for all digits of "dd", "mm" and "ss", but
     /// not of the others.
     int minimalDigits = 1;
-    /// A literal's characters, and the same as they are looked for: a blank is any run of blanks.
+    /// A literal's characters, and the same as they are looked for: a space is any run of
+    /// whitespace.
     QString characters;
     QString sought;
 };
@@ -70,7 +71,7 @@ public:
     const std::vector<DateElement> &elements() const { return _elements; }
     /// The kind of the first element.
     DateElement::Kind leadingKind() const { return _leadingKind; }
-    /// The character behind a leading number; a blank is any, 0 is none in particular.
+    /// The character behind a leading number; a space is any whitespace, 0 is no particular one.
     char16_t unitAfterLeadingNumber() const { return _unitAfterLeadingNumber; }
     /// Whether the leading element reads a month.
     bool isLedByMonth() const { return _isLedByMonth; }

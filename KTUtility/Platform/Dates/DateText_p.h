@@ -29,7 +29,7 @@ public:
 
     // --- What it starts with
 
-    /// Where the first character that is no blank stands.
+    /// Where the first character that is no whitespace stands.
     qsizetype lead() const { return _lead; }
     /// That character; 0 if there is none.
     char16_t leadingUnit() const { return _leadingUnit; }

@@ -30,7 +30,7 @@ public:
 
     /// The seconds since some moment; they never go back.
     virtual double seconds() const = 0;
-    /// Has a function called once, from the run loop.
+    /// Has a function called once, from the event loop.
     /// \param seconds below 0 and not a number count as 0, more than 24 days as 24 days.
     virtual Alarm alarmAfter(double seconds, std::function<void()> call) = 0;
     /// Waits; nothing else happens in the thread meanwhile.

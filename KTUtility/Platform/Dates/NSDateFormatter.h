@@ -31,7 +31,7 @@ enum NSDateFormatterBehavior : unsigned {
 /// you need. Setting something costs nothing, what ICU has to know is made on first use and shared.
 ///
 /// The pattern comes from the styles until setDateFormat() gives one. A style pair is the date, a
-/// blank and the time, and the special spaces of newer locale data are plain blanks in it, so that
+/// space and the time, and the special spaces of newer locale data are plain spaces in it, so that
 /// what is shown can be typed.
 ///
 /// Reading (behaviour 10.4) is strict unless setLenient() says otherwise: no date that does not
@@ -88,7 +88,7 @@ public:
     /// An invalid zone takes the setting back.
     void setTimeZone(const QTimeZone &timeZone);
 
-    /// Whether reading forgives: blanks more or less, numbers for names, 30 February as 1 March.
+    /// Whether reading forgives: spaces more or less, numbers for names, 30 February as 1 March.
     bool isLenient() const;
     void setLenient(bool lenient);
 
@@ -137,7 +137,7 @@ public:
 
     /// \return nil for an invalid date.
     QString stringFromDate(const QDateTime &date) const;
-    /// Reads a whole text; blanks around the date do not matter.
+    /// Reads a whole text; whitespace around the date does not matter.
     /// \return an invalid QDateTime if it is none.
     QDateTime dateFromString(const QString &string) const;
 
@@ -150,8 +150,8 @@ public:
     /// Reads a date from the start of a part of a text; more text may follow it.
     /// \param value receives a QDateTime; may be null. A failure leaves it as it is.
     /// \param forString the text, of which the first 1,024 units of the range are looked at.
-    /// \param range in: the part to read; out: its length is what was consumed, blanks before the
-    /// date included, or, on failure, how far the text fitted. null is the whole text; a range
+    /// \param range in: the part to read; out: its length is what was consumed, whitespace before
+    /// the date included, or, on failure, how far the text fitted. null is the whole text; a range
     /// outside of the text is cut to it.
     /// \param error receives why not, domain NSCocoaErrorDomain and code NSFormattingError; may be
     /// null.

@@ -7,7 +7,7 @@
 
 #include <optional>
 
-/// What a formatter was told, and what it made of that on first use.
+/// What was set in a formatter, and what it made of that on first use.
 class Q_DECL_HIDDEN NSDateFormatter::Private
 {
 public:

@@ -5,7 +5,7 @@
 
 #include <QList>
 
-/// A clock that stands still until it is told to go on, for tests of what takes time. It is the
+/// A clock that stands still until it is advanced, for tests of what takes time. It is the
 /// current clock while it lives; clocks may be nested.
 ///
 /// \code

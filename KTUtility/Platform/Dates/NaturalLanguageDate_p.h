@@ -7,7 +7,7 @@
 /// Reads dates as people talk.
 ///
 /// The words are those of the user's language (see NaturalLanguageWords), upper or lower case,
-/// with blanks and commas between them; little words such as "at" and "on" do not matter. A text
+/// with spaces and commas between them; little words such as "at" and "on" do not matter. A text
 /// says, in any order, a date, a time, or both:
 ///
 ///     date = today | tomorrow | yesterday | the day after tomorrow | …     relative to today

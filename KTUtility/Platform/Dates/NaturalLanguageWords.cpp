@@ -190,7 +190,7 @@ qsizetype NaturalLanguageWords::Entry::lengthIn(QStringView text) const
     if (meaning.kind == Kind::Amount) {
         const qsizetype digits = countOfDigits(text, length);
         length += digits;
-        // A blank behind the number may be missing: "3日後".
+        // A space behind the number may be missing: "3日後".
         QStringView rest = end;
         if (rest.startsWith(u' ') && length < text.size() && text[length] != u' ')
             rest = rest.sliced(1);

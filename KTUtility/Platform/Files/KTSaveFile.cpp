@@ -17,7 +17,7 @@ namespace {
 constexpr mode_t PermissionBits = 0777;
 
 /// The permissions of the file that is to be replaced.
-/// \return nothing if there is none; -1 if nobody can tell.
+/// \return nothing if there is none; -1 if they cannot be found out.
 std::optional<int> oldPermissions(const QString &path)
 {
     struct stat status = {};

@@ -26,7 +26,7 @@ public:
 
     /// Opens a new file beside the old one.
     /// \return false, with a reason in errorString(), if that cannot be made, if there is an old
-    /// file that may not be written, or if nobody can tell what permissions it has.
+    /// file that may not be written, or if its permissions cannot be found out.
     bool open(OpenMode mode) override;
 
     /// Lets the new file take the old one's place when its bytes are on the disk.

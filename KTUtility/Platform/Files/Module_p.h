@@ -17,7 +17,7 @@ namespace KTPrivate {
 class Module
 {
 public:
-    /// Opens the executable of a bundle. It is refused if it is no file, is incomplete, lies
+    /// Opens the executable of a bundle. It is rejected if it is no file, is incomplete, lies
     /// outside of the bundle, or if others (the world) may write to it, to a folder from its own
     /// up to the one that holds the bundle, or to one that holds a link to the bundle.
     /// \param error receives why it cannot be opened.

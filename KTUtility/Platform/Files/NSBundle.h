@@ -73,7 +73,7 @@ public:
     /// the first that exists. Nil if there is none.
     QString executablePath() const;
 
-    /// Loads the code. Code that others (the world) may change is refused: neither the file nor a
+    /// Loads the code. Code that others (the world) may change is rejected: neither the file nor a
     /// folder from its own up to the one that holds the bundle may be writable by them. The file
     /// is mapped into the process: replace it by renaming another onto it, never write into it.
     /// \param error receives why it cannot be loaded; may be null.

@@ -30,7 +30,7 @@ public:
     int fileDescriptor() const noexcept { return _descriptor; }
 
     /// Writes all bytes at the current position, going on after interruptions and partial writes.
-    /// \return false if the system refused (disk full, file closed); the rest is dropped.
+    /// \return false if the system reported an error (disk full, file closed); the rest is dropped.
     bool writeData(QByteArrayView data) noexcept;
 
     /// Waits until what was written is on the disk, going on after interruptions.

@@ -34,7 +34,8 @@ KTUTILITY_EXPORT QString stringByAppendingPathComponent(const QString &path,
 /// What stands behind the last "." of the last component, unless that dot is its first or last
 /// character; "" if there is none.
 KTUTILITY_EXPORT QString pathExtension(const QString &path);
-/// The path without its extension and the dot. A dot at the end goes, too; ".jpg" and "/" stay.
+/// The path without its extension and the dot. A dot at the end is removed, too; ".jpg" and "/"
+/// stay.
 KTUTILITY_EXPORT QString stringByDeletingPathExtension(const QString &path);
 /// The path, a dot and the extension. An empty extension appends nothing.
 /// \return nil if the path is "" or "/", or the extension begins with "/".

@@ -25,7 +25,7 @@ class KTUTILITY_EXPORT NSURL
 public:
     /// The URL that \a text is (RFC 2396 and brackets).
     /// \return nothing for nil, the empty text, and texts that hold a character that may not stand
-    /// in a URL: anything but ASCII, blanks, controls, `" < > \ ^ ` { | }`, a "%" without two
+    /// in a URL: anything but ASCII, spaces, controls, `" < > \ ^ ` { | }`, a "%" without two
     /// hexadecimal digits, a second "#".
     static std::optional<NSURL> URLWithString(const QString &text);
 

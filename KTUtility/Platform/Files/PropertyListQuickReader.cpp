@@ -36,7 +36,7 @@ private:
         _rest.remove_prefix(std::min(next, _rest.size()));
     }
 
-    /// Whether this text comes next, behind blanks.
+    /// Whether this text comes next, behind whitespace.
     bool skip(std::string_view text)
     {
         skipWhitespace();
@@ -77,7 +77,7 @@ private:
         const auto length = qsizetype(stop - _rest.begin());
         *text = QString::fromLatin1(_rest.data(), length);
         _rest.remove_prefix(size_t(length));
-        // Blanks before the end would have to be kept.
+        // Whitespace before the end would have to be kept.
         const bool isWhole = _rest.starts_with(end);
         _rest.remove_prefix(isWhole ? end.size() : 0);
         return isWhole;

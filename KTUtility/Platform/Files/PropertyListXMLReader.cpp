@@ -23,7 +23,7 @@ bool isDigit(QChar unit, bool isHexadecimal)
     return (unit >= u'0' && unit <= u'9') || (isHexadecimal && code >= u'a' && code <= u'f');
 }
 
-/// A signed decimal or hexadecimal integer; blanks may stand around the sign.
+/// A signed decimal or hexadecimal integer; whitespace may stand around the sign.
 std::optional<QVariant> integerFrom(QStringView text)
 {
     QStringView rest = text.trimmed();
@@ -122,7 +122,7 @@ private:
             _xml.raiseError(reason);
     }
 
-    /// Moves to the next element inside of the current one; what may stand between is blanks,
+    /// Moves to the next element inside of the current one; what may stand between is whitespace,
     /// comments and the DOCTYPE line. Entities are not for property lists.
     bool readNextElement()
     {

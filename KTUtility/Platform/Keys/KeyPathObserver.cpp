@@ -175,7 +175,7 @@ void KeyPathObserver::tell(const NSKeyValueChange &change)
     _callback(told);
 }
 
-// Nothing is told: whoever held the object says so when it holds another one.
+// Nobody is notified: whoever held the object says so when it holds another one.
 void KeyPathObserver::objectIsGone(size_t step)
 {
     const std::shared_ptr<KeyPathObserver> self = shared_from_this();

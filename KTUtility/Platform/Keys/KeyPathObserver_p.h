@@ -11,7 +11,7 @@
 namespace KTPrivate {
 class ObservedKey;
 
-/// What an NSKeyValueObservation does: follows the path and tells of changes at its end.
+/// What an NSKeyValueObservation does: follows the path and notifies of changes at its end.
 class KeyPathObserver : public std::enable_shared_from_this<KeyPathObserver>
 {
 public:
@@ -30,7 +30,7 @@ public:
 
     /// The key at a step of the path has changed, or is about to.
     void keyChanged(size_t step, const NSKeyValueChange &change);
-    /// The object at a step of the path is gone.
+    /// The object at a step of the path is destroyed.
     void objectIsGone(size_t step);
 
 private:

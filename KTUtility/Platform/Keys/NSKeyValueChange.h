@@ -7,13 +7,13 @@
 
 /// What was done to a value. The numbers are those of the platform.
 enum NSKeyValueChangeKind {
-    NSKeyValueChangeSetting = 1,     ///< it was set, or is told for the first time
+    NSKeyValueChangeSetting = 1,     ///< it was set, or is reported for the first time
     NSKeyValueChangeInsertion = 2,   ///< elements came into a list
     NSKeyValueChangeRemoval = 3,     ///< elements left a list
     NSKeyValueChangeReplacement = 4, ///< elements of a list gave way to others
 };
 
-/// What observers want to be told; combine them with "|".
+/// What observers want to be notified of; combine them with "|".
 using NSKeyValueObservingOptions = unsigned;
 inline constexpr NSKeyValueObservingOptions NSKeyValueObservingOptionNew = 1;
 inline constexpr NSKeyValueObservingOptions NSKeyValueObservingOptionOld = 2;
@@ -22,13 +22,13 @@ inline constexpr NSKeyValueObservingOptions NSKeyValueObservingOptionInitial = 4
 /// One more call before each change that is announced with willChangeValueForKey().
 inline constexpr NSKeyValueObservingOptions NSKeyValueObservingOptionPrior = 8;
 
-/// A change, as observers are told of it.
+/// A change, as observers are notified of it.
 struct NSKeyValueChange
 {
     NSKeyValueChangeKind kind = NSKeyValueChangeSetting;
     /// The value now, nil included; nothing if it was not asked for, or before the change.
     std::optional<QVariant> newValue;
-    /// The value that was told or read last, nil included; nothing if it was not asked for.
+    /// The value that was reported or read last, nil included; nothing if it was not asked for.
     std::optional<QVariant> oldValue;
     /// The elements that came, left or changed; empty for NSKeyValueChangeSetting.
     QList<qsizetype> indexes;

@@ -22,12 +22,13 @@ class KeyPathObserver;
 /// in the middle makes the value nil; so does an object there that lacks the key.
 ///
 /// A property without NOTIFY signal changes in silence. Properties that hold objects must give null
-/// once the object is gone: keep them in a QPointer.
+/// once the object is destroyed: keep them in a QPointer.
 ///
-/// The observed object may go first; nothing is called then any more. Functions are called in the
-/// order in which observations were made. An observation that is made or ended while a change is
-/// told is not called for it. What a function changes itself is told at once, so that the ones
-/// behind it see the newer value twice. For the main thread.
+/// The observed object may be destroyed first; nothing is called then any more. Functions are
+/// called in the order in which observations were made. An observation that is made or ended while
+/// observers are notified of a change is not called for it. Observers are notified at once of what
+/// a function changes itself, so that the ones behind it see the newer value twice. For the main
+/// thread.
 ///
 /// \code
 /// const NSKeyValueObservation observation(
@@ -50,7 +51,7 @@ public:
     NSKeyValueObservation(NSKeyValueObservation &&other) noexcept;
     NSKeyValueObservation &operator=(NSKeyValueObservation &&other) noexcept;
 
-    /// Whether something is observed: not after the object has gone.
+    /// Whether something is observed: not after the object was destroyed.
     bool isActive() const;
     /// Ends it.
     void invalidate();

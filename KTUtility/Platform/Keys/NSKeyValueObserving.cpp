@@ -28,7 +28,7 @@ public:
         auto tell = [observer, object, keyPath, context](const NSKeyValueChange &change) {
             observer->observeValueForKeyPath(keyPath, object, change, context);
         };
-        // One whose object is gone is of no use any more.
+        // One whose object is destroyed is of no use any more.
         observer->_registrations.remove_if([](const NSKeyValueObserver::Registration &known) {
             return !known.observation.isActive();
         });

@@ -12,8 +12,8 @@ namespace KTPrivate {
 class KeyValueObserverAccess;
 }
 
-/// Is told of changes to what it observes; see NSKeyValueObserving::addObserver(). Its observations
-/// end with it.
+/// Is notified of changes to what it observes; see NSKeyValueObserving::addObserver(). Its
+/// observations end with it.
 ///
 /// Use it where one object observes many things, or where a class shows the outside that it
 /// observes. For a single function, NSKeyValueObservation is shorter.
@@ -42,7 +42,7 @@ private:
     std::list<Registration> _registrations;
 };
 
-/// Observing values by key path, and telling observers of changes that no signal tells.
+/// Observing values by key path, and notifying observers of changes that no signal reports.
 ///
 /// \code
 /// NSKeyValueObserving::addObserver(record, this, u"library.name"_s,
@@ -51,9 +51,9 @@ private:
 /// NSKeyValueObserving::removeObserver(record, this, u"library.name"_s);
 /// \endcode
 namespace NSKeyValueObserving {
-/// Has an observer told of changes; see NSKeyValueObservation. The same may be added several times,
-/// and is told as often then.
-/// \param context is handed to the observer, to tell its observations apart.
+/// Has an observer notified of changes; see NSKeyValueObservation. The same may be added several
+/// times, and is notified as often then.
+/// \param context is handed to the observer, to distinguish its observations.
 /// \throws NSException as NSKeyValueObservation does.
 KTUTILITY_EXPORT void addObserver(QObject *object, NSKeyValueObserver *observer,
                                   const QString &forKeyPath, NSKeyValueObservingOptions options,
@@ -63,19 +63,20 @@ KTUTILITY_EXPORT void addObserver(QObject *object, NSKeyValueObserver *observer,
 KTUTILITY_EXPORT void removeObserver(QObject *object, NSKeyValueObserver *observer,
                                      const QString &forKeyPath);
 
-// --- Explicit notices, for keys without NOTIFY signal, and to tell of a change before it
+// --- Explicit notices, for keys without NOTIFY signal, and to notify of a change before it
 
-/// Announces a change: observers that want to know before are told. Until didChangeValueForKey(),
-/// the signal of the property is not listened to.
+/// Announces a change: observers that want to know before are notified. Until
+/// didChangeValueForKey(), the signal of the property is not listened to.
 KTUTILITY_EXPORT void willChangeValueForKey(QObject *object, const QString &key);
-/// Tells of a change. Without willChangeValueForKey() before, it is a notice like a signal.
+/// Notifies of a change. Without willChangeValueForKey() before, it is a notification like a
+/// signal.
 KTUTILITY_EXPORT void didChangeValueForKey(QObject *object, const QString &key);
 /// The same for elements of a list.
 KTUTILITY_EXPORT void willChange(NSKeyValueChangeKind kind, QObject *object,
                                  const QList<qsizetype> &valuesAtIndexes, const QString &forKey);
 KTUTILITY_EXPORT void didChange(NSKeyValueChangeKind kind, QObject *object,
                                 const QList<qsizetype> &valuesAtIndexes, const QString &forKey);
-/// Tells of a change of every key of an object that is observed: it has become a stand-in for
+/// Notifies of a change of every key of an object that is observed: it has become a stand-in for
 /// something else.
 KTUTILITY_EXPORT void didChangeAllValues(QObject *object);
 } // namespace NSKeyValueObserving

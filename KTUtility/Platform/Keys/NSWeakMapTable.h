@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-/// Objects by object, both held weakly: an entry is gone when either is.
+/// Objects by object, both held weakly: an entry is removed when either is destroyed.
 ///
 /// \code
 /// NSWeakMapTable<Field, RowView> rows;
@@ -23,7 +23,7 @@ public:
         const auto entry = _entries.constFind(key);
         return entry != _entries.constEnd() && entry->key ? entry->object.data() : nullptr;
     }
-    /// The object for a key that may be gone; its address is looked at only.
+    /// The object for a key that may be destroyed; its address is looked at only.
     Object *objectForAddress(const Key *address) const
     {
         const auto entry = _entries.constFind(address);

@@ -42,7 +42,7 @@ NSKeyValueCodingObject::~NSKeyValueCodingObject() = default;
 void NSKeyValueCodingObject::firstObserverCame(const QString &) {}
 void NSKeyValueCodingObject::lastObserverWent(const QString &) {}
 
-/// While changes are told, entries keep their places.
+/// While observers are notified of changes, entries keep their places.
 class ObservedKey::Telling
 {
 public:
@@ -163,8 +163,8 @@ void ObservedKey::remove(KeyPathObserver *observer, size_t step)
         settle();
 }
 
-/// Takes in what changed while changes were told. Without observers it goes, so that this is the
-/// last thing that any function does.
+/// Takes in what changed while observers were notified. Without observers the key is destroyed, so
+/// that this is the last thing that any function does.
 void ObservedKey::settle()
 {
     if (std::exchange(_hasGaps, false))

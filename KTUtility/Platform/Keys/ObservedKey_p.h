@@ -47,7 +47,7 @@ private Q_SLOTS:
 private:
     struct Entry
     {
-        KeyPathObserver *observer = nullptr; // null: removed while changes are told
+        KeyPathObserver *observer = nullptr; // null: removed during a notification
         size_t step = 0;
     };
     class Telling;
@@ -64,7 +64,7 @@ private:
     QString _key;
     quint64 _serial;
     std::vector<Entry> _entries;
-    // What was added while changes are told.
+    // What was added during a notification.
     std::vector<Entry> _added;
     int _telling = 0;
     int _changing = 0;

@@ -12,7 +12,7 @@ using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
-/// Deeper parentheses are refused.
+/// Deeper parentheses are rejected.
 constexpr int DeepestPredicate = 100;
 
 bool isWordUnit(QChar unit)

@@ -75,13 +75,13 @@ public:
     /// \param value receives an integer (qint64) if all of the part is one, else a double; or an
     /// NSDecimalNumber of 38 digits if generatesDecimalNumbers(). May be null.
     /// \param range the part to read, all of the text if null. On return, on success and failure:
-    /// where the number begins behind leading blanks, and how many units were read. Only the
+    /// where the number begins behind leading whitespace, and how many units were read. Only the
     /// first 1,024 units are looked at.
     /// \param error receives why there is no number; nil if there is one. May be null.
     /// \return whether there is a number, also if text is left over behind it.
     bool getObjectValue(QVariant *value, const QString &forString, NSRange *range,
                         NSError *error) const;
-    /// Reads a text that has to be a number from start to end, but for blanks at the end. If it
+    /// Reads a text that has to be a number from start to end, but for whitespace at the end. If it
     /// is a number with something behind it, the error description is left as it is.
     bool getObjectValue(QVariant *value, const QString &forString,
                         QString *errorDescription = nullptr) const override;
@@ -95,7 +95,7 @@ public:
     void setNumberStyle(int style);
     const NSLocale &locale() const;
     void setLocale(const NSLocale &locale);
-    /// Whether texts are read leniently: signs of other scripts, other group separators, blanks
+    /// Whether texts are read leniently: signs of other scripts, other group separators, whitespace
     /// between sign, currency and digits, a currency that is missing.
     bool isLenient() const;
     void setLenient(bool lenient);

@@ -65,7 +65,7 @@ ReadNumber readWithICU(const NumberEngine &engine, QStringView text)
     const bool isWhole = number.isNumber && reading.length == squeezed.squeezed().size();
     if (isWhole || !engine.hasSpaceInCurrencySign() || squeezed.isUnchanged(text))
         return number;
-    // The first try has squeezed out the blank of the sign, too ("$ US").
+    // The first try has squeezed out the space of the sign, too ("$ US").
     const NumberReading exact = engine.read(text.mid(squeezed.begin()));
     const bool isBetter = exact.isNumber && exact.length > number.range.length;
     return isBetter ? numberOf(exact, {squeezed.begin(), exact.length}) : number;

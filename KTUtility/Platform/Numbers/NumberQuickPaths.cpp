@@ -93,7 +93,7 @@ void takeDigits(NumberWriter &writer, const DecimalFormat &format)
     writer.maximumFractionDigits = format.getMaximumFractionDigits();
 }
 
-/// Some locales do not group numbers of four digits; a sample tells.
+/// Some locales do not group numbers of four digits; a sample shows it.
 bool groupsLeastNumber(const NumberWriter &writer, const DecimalFormat &format)
 {
     constexpr int MaximumPower = 15;

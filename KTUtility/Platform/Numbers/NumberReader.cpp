@@ -184,7 +184,7 @@ private:
         return isSafe ? finished() : NumberReader::Result();
     }
 
-    /// Blanks between two digits stay a blank; all others vanish.
+    /// Whitespace between two digits stays a space; all other whitespace vanishes.
     bool isSafeTail(bool isBehindWhitespace, bool isBehindDigit) const
     {
         const char16_t next = unit();

@@ -6,7 +6,7 @@
 namespace KTPrivate {
 /// Reads plain ASCII numbers without ICU.
 ///
-/// It decides only what is certain: blanks, a sign, digits with a point and regular groups of
+/// It decides only what is certain: whitespace, a sign, digits with a point and regular groups of
 /// three, parentheses where they mean a negative number, and texts that begin with something that
 /// no number begins with. What it decides is what ICU's lenient parser answers (tests compare them
 /// over a million texts); everything else is left undecided for ICU.
@@ -18,7 +18,7 @@ public:
     struct Result
     {
         Outcome outcome = Undecided;
-        qsizetype begin = 0; ///< the first unit that is no blank
+        qsizetype begin = 0; ///< the first unit that is no whitespace
         qsizetype end = 0;   ///< behind the last unit read, or the error
         quint64 coefficient = 0;
         int fractionDigits = 0; ///< of the coefficient

@@ -8,7 +8,7 @@
 #include <optional>
 
 namespace KTPrivate {
-/// What a number formatter was told, each thing set or not set (no value, nil). Setters write
+/// What was set in a number formatter, each thing set or not set (no value, nil). Setters write
 /// here and nothing else; what is not set comes from the locale's data when it is asked for.
 struct NumberSettings
 {

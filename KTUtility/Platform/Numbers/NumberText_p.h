@@ -5,11 +5,11 @@
 #include <QVarLengthArray>
 
 namespace KTPrivate {
-/// A typed number as ICU gets it: without the blanks that mean nothing.
+/// A typed number as ICU gets it: without the whitespace that means nothing.
 ///
-/// Blanks (tab, every Unicode space) are dropped unless they stand between two letters or two
-/// digits, where they become one space. Remembers where each unit came from, so that lengths can
-/// be told in units of the typed text.
+/// Whitespace (tab, every Unicode space) is dropped unless it stands between two letters or two
+/// digits, where it becomes one space. Remembers where each unit came from, so that lengths can be
+/// given in units of the typed text.
 class NumberText
 {
 public:
@@ -21,9 +21,9 @@ public:
 
     /// What to read.
     QStringView squeezed() const { return _squeezed; }
-    /// The first unit of the typed text that is no blank; its length if there is none.
+    /// The first unit of the typed text that is no whitespace; its length if there is none.
     qsizetype begin() const { return _begin; }
-    /// Whether nothing was dropped but leading blanks.
+    /// Whether nothing was dropped but leading whitespace.
     bool isUnchanged(QStringView text) const { return text.mid(_begin) == _squeezed; }
     /// The end, in the typed text, of the first \a length squeezed units.
     qsizetype endOf(qsizetype length) const;

@@ -18,8 +18,8 @@ KTUTILITY_EXPORT QByteArray nameFor(const char *category);
 KTUTILITY_EXPORT QByteArray nameForTexts();
 
 /// A name of the system as an identifier of Unicode's: "sr_RS.UTF-8@latin" is "sr_Latn_RS". The
-/// codeset goes. A modifier that names a script or a variety of the language becomes that
+/// codeset is dropped. A modifier that names a script or a variety of the language becomes that
 /// ("ca_ES@valencia" is "ca_ES_VALENCIA"), keywords stay ("ja_JP@calendar=japanese"), other
-/// modifiers ("@euro") say nothing to Unicode's data and go. "C" and "POSIX" are "en_US".
+/// modifiers ("@euro") say nothing to Unicode's data and are dropped. "C" and "POSIX" are "en_US".
 KTUTILITY_EXPORT QString identifierOf(const QByteArray &name);
 } // namespace KTPrivate::EnvironmentLocale

@@ -11,7 +11,7 @@
 /// A set of Unicode code points, asked one at a time.
 ///
 /// Membership follows the general categories of Unicode; the predefined sets are the platform's,
-/// which differ from Qt's tests (U+200B is white space, marks are alphanumeric, title-case letters
+/// which differ from Qt's tests (U+200B is whitespace, marks are alphanumeric, title-case letters
 /// are upper case). Lone surrogates belong to no predefined set. Copies are cheap.
 ///
 /// \code
@@ -31,7 +31,7 @@ public:
     /// The set of the code points in \a characters, surrogate pairs read as one.
     static NSCharacterSet characterSetWithCharactersInString(QStringView characters);
 
-    /// Tab, blank, U+00A0, U+1680, U+2000 to U+200B, U+202F, U+205F, U+3000.
+    /// Tab, space, U+00A0, U+1680, U+2000 to U+200B, U+202F, U+205F, U+3000.
     static const NSCharacterSet &whitespaceCharacterSet();
     /// U+000A to U+000D, U+0085, U+2028, U+2029.
     static const NSCharacterSet &newlineCharacterSet();

@@ -59,7 +59,7 @@ const UCollator *currentCollator()
     return collator.get();
 }
 
-/// The canonical decomposition (NFD), case folded unless cases are told apart.
+/// The canonical decomposition (NFD), case folded unless upper and lower case are distinguished.
 icu::UnicodeString decomposed(QStringView text, Qt::CaseSensitivity sensitivity)
 {
     UErrorCode status = U_ZERO_ERROR;

@@ -9,6 +9,6 @@ namespace NSString {
 /// \a text without the characters of \a set at both ends; nil stays nil.
 KTUTILITY_EXPORT QString stringByTrimmingCharactersInSet(const QString &text,
                                                          const NSCharacterSet &set);
-/// \a text without blanks and newlines at both ends. A text that has none is returned as it is.
+/// \a text without whitespace and newlines at both ends. A text that has none is returned as it is.
 KTUTILITY_EXPORT QString stringByTrimmingWhitespaceAndNewlines(const QString &text);
 } // namespace NSString

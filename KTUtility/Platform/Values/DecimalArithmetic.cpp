@@ -181,7 +181,7 @@ bool roundsAway(const DecimalIntermediate &value, int digit, bool hasRest, NSRou
     }
 }
 
-/// Cuts the lowest digits off. \return the first of them; whether more follow is told by the rest.
+/// Cuts the lowest digits off. \return the first of them; the rest says whether more follow.
 int cutDigits(DecimalIntermediate &value, qint64 count)
 {
     value.exponent += count;

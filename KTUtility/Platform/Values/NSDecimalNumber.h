@@ -68,8 +68,8 @@ public:
     /// Not a number: the value of text that is none.
     static NSDecimalNumber notANumber() noexcept;
 
-    /// The number at the start of \a text: blanks, a sign, digits, ".", digits, an exponent; what
-    /// follows is ignored ("4a2" is 4). "." is the decimal point in every locale.
+    /// The number at the start of \a text: whitespace, a sign, digits, ".", digits, an exponent;
+    /// what follows is ignored ("4a2" is 4). "." is the decimal point in every locale.
     /// \return not-a-number if nothing can be read or the exponent is out of range, even for zero
     /// ("0e200"). Digits after the 38th are rounded, half away from zero.
     static NSDecimalNumber decimalNumberWithString(QStringView text);
@@ -183,7 +183,7 @@ protected:
     NSDecimalNumberBehaviors &operator=(const NSDecimalNumberBehaviors &) = default;
 };
 
-/// A behaviour of fixed settings, raising NSException for the errors that it is told to.
+/// A behaviour of fixed settings, raising NSException for the errors that it is set to raise for.
 class KTUTILITY_EXPORT NSDecimalNumberHandler : public NSDecimalNumberBehaviors
 {
 public:

@@ -7,8 +7,8 @@
 
 /// Reads a text from left to right, a piece a call.
 ///
-/// Every call first skips blanks and newlines, or what setCharactersToBeSkipped() says instead; a
-/// call that finds nothing returns false and leaves the location where it was before the skip.
+/// Every call first skips whitespace and newlines, or what setCharactersToBeSkipped() says instead;
+/// a call that finds nothing returns false and leaves the location where it was before the skip.
 /// Results are written only on success, and each may be null. Locations count UTF-16 units. Linear
 /// in the length of the text.
 ///
@@ -35,12 +35,12 @@ public:
     /// \throws NSException NSRangeException beyond it.
     void setScanLocation(qsizetype location);
 
-    /// Blanks and newlines unless set; the empty set switches the skipping off.
+    /// Whitespace and newlines unless set; the empty set switches the skipping off.
     void setCharactersToBeSkipped(const NSCharacterSet &set);
 
     bool caseSensitive() const { return _caseSensitive; }
-    /// Whether scanString() and scanUpToString() tell cases apart; they do not at first. Scans of
-    /// character sets always do.
+    /// Whether scanString() and scanUpToString() distinguish upper and lower case; they do not at
+    /// first. Scans of character sets always do.
     void setCaseSensitive(bool caseSensitive) { _caseSensitive = caseSensitive; }
 
     /// True if nothing but skippable characters is left.
@@ -56,7 +56,7 @@ public:
     /// The text up to \a string, or to the end; false if \a string stands here.
     bool scanUpToString(QStringView string, QString *intoString = nullptr);
 
-    /// A decimal integer with a sign and blanks after it; too large ones become the limits.
+    /// A decimal integer with a sign and whitespace after it; too large ones become the limits.
     bool scanInt(qint32 *value = nullptr);
     bool scanLongLong(qint64 *value = nullptr);
     /// A hexadecimal integer, "0x" or "0X" before it or not; too large ones become the maximum.

@@ -12,7 +12,7 @@ bool isOneOf(QStringView set, QStringView text, qsizetype index)
 qint64 NSString::integerValue(QStringView text)
 {
     qint64 value = 0;
-    // The scanner takes blanks between a sign and the digits; the value of a text does not.
+    // The scanner takes whitespace between a sign and the digits; the value of a text does not.
     const qsizetype start =
         NSSkipCharacters(text, 0, NSCharacterSet::whitespaceAndNewlineCharacterSet());
     const qsizetype digits = start + isOneOf(u"+-", text, start);

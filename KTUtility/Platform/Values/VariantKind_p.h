@@ -9,7 +9,7 @@
 #include <QVariant>
 
 namespace KTPrivate {
-/// The kinds of values that the platform tells apart. The order is that in which
+/// The kinds of values that the platform distinguishes. The order is that in which
 /// NSObject::compare() sorts values of different kinds.
 enum class VariantKind {
     Nil,      ///< No value.

@@ -13,7 +13,7 @@ namespace KTPrivate::SystemTimeZone {
 /// the American ones.
 KTUTILITY_EXPORT QTimeZone zoneOf(const QByteArray &variable);
 
-/// What tells that the machine's zone is another one than before: changes with the link or file
+/// What shows that the machine's zone is another one than before: changes with the link or file
 /// that names it.
 KTUTILITY_EXPORT QByteArray fingerprint();
 

@@ -138,7 +138,7 @@ qint64 TimeZoneRules::instantOf(qint64 localTime) const
 }
 
 /// The last stretch that began before the clock showed the time is the one, be it that the time
-/// was shown before, too; if no stretch shows it, the one before the gap tells.
+/// was shown before, too; if no stretch shows it, the one before the gap decides.
 qint64 TimeZoneRules::instantOf(qint64 localTime, const Season &season)
 {
     size_t index = season.count - 1;

@@ -14,9 +14,9 @@
 namespace KTPrivate {
 /// When a time zone is how far from UTC, as the system's data say, remembered.
 ///
-/// Zones are made once per process and never go away; there are only so many. Every thread keeps
-/// the offsets of the seasons that it met last, so that an offset costs a few nanoseconds. All
-/// times are milliseconds since 1970.
+/// Zones are made once per process and are never destroyed; there are only so many. Every thread
+/// keeps the offsets of the seasons that it met last, so that an offset costs a few nanoseconds.
+/// All times are milliseconds since 1970.
 class KTUTILITY_EXPORT TimeZoneRules
 {
 public:
