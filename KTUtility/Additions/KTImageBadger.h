@@ -5,7 +5,7 @@
 #include <QImage>
 #include <QString>
 
-/// Makes the badges that tell how many things are dragged: a pill of the right width with a few
+/// Makes the badges that say how many things are dragged: a pill of the right width with a few
 /// characters on it. Put one on a picture with KTAdditions::applyBadge().
 ///
 /// The pills are pictures among the resources, "dragBadge1-2.tif" to "dragBadge5.tif", in two

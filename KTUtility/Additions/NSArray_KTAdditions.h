@@ -254,7 +254,7 @@ NSMapTable<T, quint64> positionalDictionaryIndex(const QList<T> &list)
     return index;
 }
 
-/// A text of "prefix value postfix" for each element, without blanks between; the value is that
+/// A text of "prefix value postfix" for each element, without spaces between; the value is that
 /// for \a key, nil being "(null)". With a condition key, only elements whose value for it is true.
 template<KTPrivate::KeyValueCodable T>
 QString listWithKey(const QList<T> &list, const QString &key, const QString &prefix,

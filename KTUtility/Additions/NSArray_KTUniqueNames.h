@@ -47,13 +47,13 @@ private:
     std::vector<bool> _takenNumbers;
 };
 
-/// What uniqueStringWithBase() makes of its base: without blanks and newlines at both ends.
+/// What uniqueStringWithBase() makes of its base: without whitespace and newlines at both ends.
 /// \throws NSException NSInternalInconsistencyException through the assertion handler for nil
-/// ("NSArray_KTAdditions basename can't be null") and for nothing but blanks ("NSArray_KTAdditions
-/// basename can't be empty").
+/// ("NSArray_KTAdditions basename can't be null") and for nothing but whitespace
+/// ("NSArray_KTAdditions basename can't be empty").
 KTUTILITY_EXPORT QString trimmedUniqueBase(const QString &base);
 
-/// What the internal names make of their base: without any blanks and newlines.
+/// What the internal names make of their base: without any whitespace and newlines.
 KTUTILITY_EXPORT QString strippedUniqueBase(const QString &base);
 
 /// The lower-case form of a value that is a text; else nil.
@@ -76,7 +76,7 @@ void seeValues(const QList<T> &list, const QString &key, See see)
 
 /// A name for people: the trimmed base, else "base 1", "base 2" and so on: the first that no
 /// element has for \a forKey, exactly.
-/// \throws NSException NSInternalInconsistencyException if the base is nil or blank; see
+/// \throws NSException NSInternalInconsistencyException if the base is nil or only whitespace; see
 /// trimmedUniqueBase().
 template<KTPrivate::KeyValueCodable T>
 QString uniqueStringWithBase(const QList<T> &list, const QString &base,
@@ -87,8 +87,8 @@ QString uniqueStringWithBase(const QList<T> &list, const QString &base,
     return clashes.name(clashes.firstFreeNumber());
 }
 
-/// A name for the machine: the base without any blanks, else with 1, 2 and so on directly behind
-/// it: the first that no element has for \a forKey, exactly. nil gives nil.
+/// A name for the machine: the base without any whitespace, else with 1, 2 and so on directly
+/// behind it: the first that no element has for \a forKey, exactly. nil gives nil.
 template<KTPrivate::KeyValueCodable T>
 QString internalUniqueStringWithBase(const QList<T> &list, const QString &base,
                                      const QString &forKey)

@@ -25,7 +25,7 @@ KTUTILITY_EXPORT std::strong_ordering compare(const NSAttributedString &receiver
 /// note.attribute(NSLinkAttributeName, 4).toString();    // "http://www.example.com"
 /// \endcode
 namespace KTURLTextAdditions {
-/// Makes a link of every word that looks like a URL. Words end at blanks and newlines, so that
+/// Makes a link of every word that looks like a URL. Words end at whitespace and newlines, so that
 /// punctuation attached to a word stays part of the link. Other attributes are left as they are.
 /// Linear in the length of the text.
 KTUTILITY_EXPORT void detectURLs(NSAttributedString &receiver);

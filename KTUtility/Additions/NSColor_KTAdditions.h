@@ -6,7 +6,7 @@
 #include <QString>
 
 /// Colors as texts: red, green, blue and alpha as decimal numbers from 0 to 1 with "." in every
-/// locale, with a blank between.
+/// locale, with a space between.
 ///
 /// \code
 /// KTAdditions::ktColorWithString(u"1 0.5 0 1"_s);    // orange

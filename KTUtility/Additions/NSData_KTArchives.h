@@ -22,7 +22,7 @@ KTUTILITY_EXPORT QString archiveToString(const QByteArray &data);
 /// \return nil if \a string is not ASCII, no keyed archive, or one of something else.
 KTUTILITY_EXPORT QByteArray initWithStringArchive(const QString &string);
 
-/// The 16 bytes of the MD5 digest (RFC 1321), by OpenSSL; nil if its provider refuses MD5. Good for
+/// The 16 bytes of the MD5 digest (RFC 1321), by OpenSSL; nil if its provider rejects MD5. Good for
 /// finding changes, not for security.
 ///
 /// \code

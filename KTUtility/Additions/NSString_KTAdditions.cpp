@@ -46,7 +46,8 @@ QString KTAdditions::stringByStrippingCharactersInSet(const QString &receiver,
     for (qsizetype index = NSSkipCharacters(receiver, 0, whitespace); index < receiver.size();) {
         const qsizetype end = NSFindCharacter(receiver, index, set);
         result += QStringView(receiver).sliced(index, end - index);
-        // Deliberate: blanks are skipped before each step, so those behind a removed run go.
+        // Deliberate: whitespace is skipped before each step, so that behind a removed run is
+        // removed, too.
         index = NSSkipCharacters(receiver, end, whitespace);
         index = NSSkipCharacters(receiver, index, set);
         index = NSSkipCharacters(receiver, index, whitespace);

@@ -26,9 +26,9 @@ KTUTILITY_EXPORT QString UUID();
 /// "X" and a new UUID(): fit for a name in XML, which may not begin with a digit.
 KTUTILITY_EXPORT QString UUIDforXML();
 
-/// The receiver without the characters of \a set. Blanks and newlines that begin the text or
-/// directly follow a removed character go, too; those inside of a kept run stay: stripping "-"
-/// from "a - b" gives "a b". nil stays nil.
+/// The receiver without the characters of \a set. Whitespace and newlines that begin the text or
+/// directly follow a removed character are removed, too; those inside of a kept run stay: stripping
+/// "-" from "a - b" gives "a b". nil stays nil.
 KTUTILITY_EXPORT QString stringByStrippingCharactersInSet(const QString &receiver,
                                                           const NSCharacterSet &set);
 

@@ -121,7 +121,7 @@ QString KTAdditions::stringWithString(const QString &string, const NSCharacterSe
     result.reserve(string.size());
     for (qsizetype index = 0; index < string.size();) {
         const NSCodePoint point = NSCodePointAt(string, index);
-        // Deliberate: blanks are skipped before the set is asked.
+        // Deliberate: whitespace is skipped before the set is asked.
         if (!whitespace.characterIsMember(point.character) &&
             andFilter.characterIsMember(point.character))
             result += QStringView(string).sliced(index, point.length);

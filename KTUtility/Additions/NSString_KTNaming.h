@@ -21,13 +21,13 @@
 /// KTAdditions::labelString(u"firstName"_s);            // "First Name"
 /// \endcode
 namespace KTAdditions {
-/// The name of a property: blanks trimmed, camel case beginning with a small letter, alphanumerics
-/// only. Remembered in the domain "properties" under the trimmed text.
+/// The name of a property: whitespace trimmed, camel case beginning with a small letter,
+/// alphanumerics only. Remembered in the domain "properties" under the trimmed text.
 KTUTILITY_EXPORT QString propertyStringFromString(const QString &string);
 KTUTILITY_EXPORT QString propertyString(const QString &receiver);
 
 /// The name of an entity: the part after the last ".", in camel case beginning with a capital.
-/// Other characters than blanks are kept. Remembered in the domain "entities".
+/// Other characters than whitespace are kept. Remembered in the domain "entities".
 ///
 /// Deliberate: this and libraryEntityNameFromString() share that domain, so whichever is asked
 /// first about a text fixes what both return for it for the rest of the process.
@@ -45,19 +45,19 @@ KTUTILITY_EXPORT QString libraryEntityName(const QString &receiver);
 KTUTILITY_EXPORT QString lowerCaseNameFromString(const QString &string);
 
 /// Camel case to label: each upper-case letter begins a word; the first word is capitalised, and
-/// the words are joined with a blank. "URLField" gives "U R L Field". Not remembered.
+/// the words are joined with a space. "URLField" gives "U R L Field". Not remembered.
 KTUTILITY_EXPORT QString stringFromBumpyCaseString(const QString &string);
 /// The label of the receiver: stringFromBumpyCaseString().
 KTUTILITY_EXPORT QString labelString(const QString &receiver);
 
-/// Words to camel case. Words are split at each single blank (U+0020) only; other characters stay.
+/// Words to camel case. Words are split at each single space (U+0020) only; other characters stay.
 /// Each word is lower-cased and begins with a capital, except the first one if
 /// \a uppercaseFirst is false: among several it is lower-cased, and a single word only loses the
 /// capital it may begin with ("URL" gives "uRL"). Not remembered.
 KTUTILITY_EXPORT QString bumpyCaseStringFromString(const QString &string, bool uppercaseFirst);
 
-/// Only the characters of \a string that are in \a andFilter, in order. Blanks and newlines never
-/// pass, even if the set holds them.
+/// Only the characters of \a string that are in \a andFilter, in order. Whitespace and newlines
+/// never pass, even if the set holds them.
 KTUTILITY_EXPORT QString stringWithString(const QString &string, const NSCharacterSet &andFilter);
 
 /// The name of a table's column: "kt_" and the property string. Remembered in the domain

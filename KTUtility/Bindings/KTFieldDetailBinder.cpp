@@ -280,8 +280,8 @@ KTFieldDetailBinder::Fields KTFieldDetailBinder::fieldsIn(const QVariantList &el
     return fields;
 }
 
-/// The fields, in order and with repeats, that \a others does not hold; all that are gone are among
-/// them.
+/// The fields, in order and with repeats, that \a others does not hold; all that are destroyed are
+/// among them.
 KTFieldDetailBinder::Fields KTFieldDetailBinder::fieldsNotIn(const Fields &fields,
                                                              const Fields &others)
 {
@@ -337,7 +337,7 @@ void KTFieldDetailBinder::observeValueForKeyPath(const QString &keyPath, QObject
     }
 }
 
-/// A change that is told while the owner is called waits until the one before it is done.
+/// A change that is reported while the owner is called waits until the one before it is done.
 void KTFieldDetailBinder::setFields()
 {
     const std::shared_ptr<FieldsBinding> binding = _fieldsBinding;
@@ -368,7 +368,7 @@ void KTFieldDetailBinder::setFieldsOnce(const FieldsBinding &binding)
         tellOwner(SetAutoScroll, {true});
 }
 
-/// \return false if the owner has ended the binding; this object may be gone then.
+/// \return false if the owner has ended the binding; this object may be destroyed then.
 bool KTFieldDetailBinder::_processAddedFields(const Fields &fields)
 {
     const std::shared_ptr<FieldsBinding> binding = _fieldsBinding;
@@ -415,7 +415,7 @@ void KTFieldDetailBinder::bindNewDetail(const QPointer<QObject> &detail,
         bindValue(detail, field);
 }
 
-/// \return false if the owner has ended the binding; this object may be gone then.
+/// \return false if the owner has ended the binding; this object may be destroyed then.
 bool KTFieldDetailBinder::_processRemovedFields(const Fields &fields)
 {
     const std::shared_ptr<FieldsBinding> binding = _fieldsBinding;

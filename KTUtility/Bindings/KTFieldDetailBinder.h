@@ -17,7 +17,7 @@
 class KTPropertyBinder;
 
 /// Lets a view (the owner) show one detail object for each field of a collection, such as an editor
-/// for each column of a record, and keeps these bound while fields come and go.
+/// for each column of a record, and keeps these bound while fields are added and removed.
 ///
 /// The owner exposes a binding for the collection of fields; one for the object whose values are
 /// shown, the value source; one that says under which key a field's value is found there; and any
@@ -37,8 +37,8 @@ class KTPropertyBinder;
 /// | `QObject *createNewFieldDetailObjectForField(field)` | makes the detail object of a field |
 /// | `fieldDetailObjectWasBound(detail, toField)` | it is bound: show it |
 /// | `fieldDetailObjectWillBeDestroyed(detail)` | it is not needed any more |
-/// | `fieldDetailObjectsFinishedAdding()` | after all that came |
-/// | `fieldDetailObjectsFinishedRemoving()` | after all that went |
+/// | `fieldDetailObjectsFinishedAdding()` | after all were added |
+/// | `fieldDetailObjectsFinishedRemoving()` | after all were removed |
 /// | `fieldDetailObjectsFinishedRearrange()` | after every change of the collection |
 /// | `setAutoScrollToInsertedObject(bool)` | off while all is replaced, on after each change |
 ///
@@ -117,7 +117,7 @@ public:
                                 const NSKeyValueChange &change, const QString &context) override;
 
 private:
-    /// A field, which may be gone while its detail object is still there.
+    /// A field, which may be destroyed while its detail object is still there.
     struct Field
     {
         QPointer<QObject> object;

@@ -10,14 +10,14 @@
 /// One binding of a view or controller (the owner), so that it need not observe by itself.
 ///
 /// Bound, the binder copies every change of the observed value into a key of the owner, through a
-/// transformer if one is given; told by the owner that its key has changed, it copies that back, if
-/// the transformer knows the way. What the binder copies in itself is not copied back. An owner
-/// keeps a binder for each binding, and forwards its bind() and unbind() to the one that handles
-/// the name.
+/// transformer if one is given; notified by the owner that its key has changed, it copies that
+/// back, if the transformer knows the way. What the binder copies in itself is not copied back. An
+/// owner keeps a binder for each binding, and forwards its bind() and unbind() to the one that
+/// handles the name.
 ///
 /// The owner, which keeps the binder, may be null for one that only remembers what it was bound to.
-/// Unlike on the platform, the observed object is not kept alive: when it goes, the binder is
-/// unbound. For the main thread.
+/// Unlike on the platform, the observed object is not kept alive: when it is destroyed, the binder
+/// is unbound. For the main thread.
 ///
 /// \code
 /// // in the owner
@@ -67,7 +67,7 @@ public:
     /// Sets the observed value to what the transformer makes of \a value on the way back.
     void setCurrentValue(const QVariant &value);
 
-    /// The object that is bound; null if none is, or it is gone.
+    /// The object that is bound; null if none is, or it is destroyed.
     QObject *observedObject() const { return _observedObject; }
     const QString &keyPath() const { return _observedKeyPath; }
     const std::shared_ptr<NSValueTransformer> &valueTransformer() const

@@ -26,7 +26,7 @@ class QImage;
 /// and nothing is kept between calls. No method raises; failures are nil or false. Files come into
 /// the media folder whole or not at all and never take the place of others, also if several
 /// processes store the same name at the same moment. A media name that is empty, ".", "..", or
-/// holds "/" or NUL is refused by everything that reads, writes or deletes by it.
+/// holds "/" or NUL is rejected by everything that reads, writes or deletes by it.
 ///
 /// Use KTMediaFilenameMunger instead where records hold paths.
 ///
@@ -156,7 +156,7 @@ public:
     /// \return nothing if the media folder has no such file.
     std::optional<NSURL> mediaUrlFromFilePath(const QString &path) const;
     /// The path that a media URL stands for. Whether there is a file is not looked at.
-    /// \return nil for other URLs, and for names that are refused.
+    /// \return nil for other URLs, and for names that are rejected.
     QString filePathFromMediaUrl(const NSURL &url) const;
 
     /// Whether anything of that name is in the media folder.

@@ -24,7 +24,7 @@ public:
     /// The path of a file in the folder; nil for names that could lead out of it.
     QString pathOf(const QString &name) const;
     /// The number that the next copy of a file gets; −1 if none is free, 0 for names that are
-    /// refused: of these there is no copy.
+    /// rejected: of these there is no copy.
     int nextInstanceNumber(const QString &name) const;
 
     // Each gives the path of the new file; nil if there is none.

@@ -30,7 +30,7 @@ bool LogFile::endTornLine()
     const int file = _handle.fileDescriptor();
     const off_t end = ::lseek(file, 0, SEEK_END);
     char last = '\n';
-    // A log that leads to a terminal or a pipe cannot tell how its last line ended.
+    // A log that leads to a terminal or a pipe cannot say how its last line ended.
     const bool isKnown = end <= 0 || ::pread(file, &last, 1, end - 1) == 1;
     const bool isAtStart = isKnown && (last == '\n' || _handle.writeData("\n"));
     _isLineTorn.store(!isAtStart, std::memory_order_relaxed);

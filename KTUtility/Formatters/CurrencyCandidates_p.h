@@ -10,7 +10,7 @@ namespace KTPrivate::CurrencyCandidates {
 /// Whether a currency is one that is not offered, or no currency at all.
 bool isRejected(const QString &code);
 
-/// Those of the common currencies, in their order and without the refused ones, of which the
+/// Those of the common currencies, in their order and without the rejected ones, of which the
 /// code, sign or name in this locale occurs in \a text. No other currency can read a text that
 /// cannot be read as a plain number.
 QStringList of(const NSLocale &locale, const QString &text);

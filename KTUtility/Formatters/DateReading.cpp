@@ -13,7 +13,8 @@ constexpr QStringView HourPattern = u"ha";
 constexpr QStringView DateAttempt = u"parsing date %@ using format: %@";
 constexpr QStringView TimeAttempt = u"parsing time %@ using format: %@";
 
-/// A run of exactly \a count ASCII digits, behind anything but digits (or, at first, blanks only).
+/// A run of exactly \a count ASCII digits, behind anything but digits (or, at first, whitespace
+/// only).
 bool scanDigits(NSScanner &scanner, qsizetype count, bool skipsOthers)
 {
     static const NSCharacterSet digits =

@@ -74,7 +74,7 @@ void KTDateTimeFormatter::setTimeStyle(uint timeStyle)
     Q_EMIT timeStyleChanged();
 }
 
-/// Sets one style because of another setting, and tells those who observe it.
+/// Sets one style because of another setting, and notifies those who observe it.
 void KTDateTimeFormatter::setStyle(uint &style, uint value, void (KTDateTimeFormatter::*changed)())
 {
     style = value;

@@ -66,7 +66,7 @@ public:
     void willFormatString(const QString &string, const QVariant &forImportField);
     void didFormatString(const QString &string, const QVariant &forImportField);
 
-    /// Adds a number of units to a text, behind a blank; nothing if it is not above zero.
+    /// Adds a number of units to a text, behind a space; nothing if it is not above zero.
     /// \param atIndex 0 for weeks to 4 for seconds.
     void appendToString(QString *string, const NSDecimalNumber &number, qsizetype atIndex) const;
     /// How many seconds a number of units is; zero for unknown words and numbers not above zero.

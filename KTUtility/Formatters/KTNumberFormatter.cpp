@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr int MaximumInputFractionDigits = 111;
 
-/// \a text without blanks and line ends at both ends.
+/// \a text without whitespace and line ends at both ends.
 QStringView trimmed(QStringView text)
 {
     const NSCharacterSet &whitespace = NSCharacterSet::whitespaceAndNewlineCharacterSet();
@@ -277,7 +277,7 @@ bool KTNumberFormatter::_validateFormattedResult(bool result, NSRange forRange,
     return false;
 }
 
-/// The same text fails again in the same way; only the log can tell whether it was tried.
+/// The same text fails again in the same way; only the log shows whether it was tried.
 bool KTNumberFormatter::isWorthASecondTry(const QString &decomposed, const QString &original)
 {
     const KTLogger *const logger = KTLogger::sharedLogger();

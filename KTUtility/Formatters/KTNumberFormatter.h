@@ -16,7 +16,7 @@ class NSNumberFormatter;
 /// Displays with a number of decimal places (0 at first, ties round away from zero), thousands
 /// separators if wanted, and negative numbers red and with "-" or in parentheses. Reads a number
 /// whether or not its thousands are separated, "-5" and "(5)" for negative ones, digits of other
-/// scripts and full-width ones, and blanks around it; the result is an NSDecimalNumber with all
+/// scripts and full-width ones, and whitespace around it; the result is an NSDecimalNumber with all
 /// digits that were typed. Nothing may stand before or behind the number.
 ///
 /// Not for money with a currency sign (KTCurrencyFormatter), percentages or numbers in words
@@ -57,7 +57,7 @@ public:
     bool highlightNegative() const { return _highlightNegative; }
     /// Sets the attributes for negative values to red letters, or to none.
     virtual void setHighlightNegative(bool highlightNegative);
-    /// The attributes of negative values; none if they are not told apart.
+    /// The attributes of negative values; none if they are not distinguished.
     virtual const std::optional<QTextCharFormat> &textAttributesForNegativeValues() const;
     virtual void
     setTextAttributesForNegativeValues(const std::optional<QTextCharFormat> &attributes);
@@ -119,7 +119,7 @@ protected:
     /// One round of four passes: as it is, in parentheses, with groups, and both.
     bool _internalGetNumberValue(QVariant *value, const QString &forString,
                                  QString *errorDescription) const;
-    /// Whether a parse read all of a text but blanks around it. Only lengths are compared.
+    /// Whether a parse read all of a text but whitespace around it. Only lengths are compared.
     bool _validateFormattedResult(bool result, NSRange forRange, const QString &ofString) const;
 
     /// Whether to read the decomposition after \a original could not be read.

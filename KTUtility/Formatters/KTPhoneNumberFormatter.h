@@ -10,12 +10,12 @@
 
 /// Shows phone numbers in the layout of a country; keeps them as they were typed.
 ///
-/// A set of patterns is chosen by setFormatIndex(); docs/phone-number-formats.md tells which index
+/// A set of patterns is chosen by setFormatIndex(); docs/phone-number-formats.md says which index
 /// is which country. The digits of a number are put into the first pattern of the set that they
 /// fit exactly, whatever punctuation was typed; a number that fits none is shown as it was typed.
 /// It has no options.
 ///
-/// In a pattern, "#" is a digit; blank, hyphen, comma, full stop, slash and brackets are layout;
+/// In a pattern, "#" is a digit; space, hyphen, comma, full stop, slash and brackets are layout;
 /// everything else (a country code, say) has to stand at the start of the number.
 ///
 /// \code

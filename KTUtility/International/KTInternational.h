@@ -78,7 +78,7 @@ KTUTILITY_EXPORT extern const QString KTInternationalSeparatorsFileType;        
 KTUTILITY_EXPORT extern const QString KTInternationalSeparatorsListKey;         ///< "List"
 KTUTILITY_EXPORT extern const QString KTInternationalDefaultCSVSeparator;       ///< ","
 KTUTILITY_EXPORT extern const QString KTInternationalSecondDefaultCSVSeparator; ///< ";"
-/// Comma, semicolon, double quote, carriage return, line feed, tab and blank.
+/// Comma, semicolon, double quote, carriage return, line feed, tab and space.
 KTUTILITY_EXPORT extern const QString KTInternationalCSVIllegalCharacters;
 KTUTILITY_EXPORT extern const QString KTInternationalEmptyString; ///< ""
 /// "jp", deliberately; the code of the language is "ja".

@@ -15,8 +15,8 @@
 ///   instance is made, and when plug-ins are reloaded; may be left out.
 /// - `void pluginWillUnload()`: sent while the instance is still there, also when plug-ins are
 ///   reloaded.
-/// - `void pluginDidUnload()`: sent when the manager has let go of the instance, just before it
-///   goes.
+/// - `void pluginDidUnload()`: sent when the manager has let go of the instance, just before it is
+///   destroyed.
 ///
 /// \code
 /// class CSVExporter : public QObject, public Exporter
@@ -47,12 +47,12 @@ public:
 
     /// Whether the class has pluginDidLoadBundle().
     virtual bool respondsToPluginDidLoadBundle() const = 0;
-    /// Tells the class that its bundle was loaded; nothing if it has no such function.
+    /// Notifies the class that its bundle was loaded; nothing if it has no such function.
     /// \param updateHandler the host's object to report to; may be null.
     virtual void pluginDidLoadBundle(const NSBundle &bundle, QObject *updateHandler) const = 0;
-    /// Tells the class that its instance is about to go.
+    /// Notifies the class that its instance is about to be destroyed.
     virtual void pluginWillUnload() const = 0;
-    /// Tells the class that its instance is gone from the manager.
+    /// Notifies the class that its instance has left the manager.
     virtual void pluginDidUnload() const = 0;
 
 protected:

@@ -39,7 +39,7 @@ KTPlugInManager::KTPlugInManager(QObject *instanceCoordinator) : _coordinator(in
 
 KTPlugInManager::~KTPlugInManager()
 {
-    // What an instance does while it goes must not find those that went before.
+    // What an instance does while it is destroyed must not find those that were destroyed before.
     const QMap<QString, Instance> instances = std::exchange(_instancesByIdentifier, {});
     for (const Instance &instance : instances)
         delete instance.object.data();

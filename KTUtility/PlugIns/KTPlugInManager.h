@@ -50,7 +50,7 @@ public:
     /// \param instanceCoordinator the host's object that every plug-in's class is handed as its
     /// update handler; may be null, and is not owned.
     explicit KTPlugInManager(QObject *instanceCoordinator = nullptr);
-    /// Destroys the instances. Classes are told nothing; unload plug-ins first if they must know.
+    /// Destroys the instances. Classes are not notified; unload plug-ins first if they must know.
     ~KTPlugInManager() override;
 
     // --- Settings of the manager
@@ -111,10 +111,10 @@ public:
     /// Loads a plug-in and makes its instance, which the manager owns.
     /// \return null if it is loaded already, is not registered, or cannot be loaded or made.
     QObject *loadPluginWithIdentifier(const QString &identifier);
-    /// Tells the class of every loaded plug-in that it will be unloaded and was loaded, and calls
-    /// didLoadPlugin(); the instances stay. Then finishedLoadingPlugins().
+    /// Notifies the class of every loaded plug-in that it will be unloaded and was loaded, and
+    /// calls didLoadPlugin(); the instances stay. Then finishedLoadingPlugins().
     void reloadPlugins();
-    /// Destroys the instance of a plug-in and tells its class before and after it has left the
+    /// Destroys the instance of a plug-in and notifies its class before and after it has left the
     /// manager. The bundle stays registered. Never call it from a function of that instance.
     /// \param deleteFromDatabase is handed to willUnloadPlugin().
     void unloadPluginWithIdentifier(const QString &identifier, bool deleteFromDatabase);
@@ -152,7 +152,7 @@ public:
     virtual void finishedLoadingPlugins();
     /// A plug-in was loaded, or reloaded.
     virtual void didLoadPlugin(QObject *plugin, const NSBundle &fromBundle);
-    /// A plug-in is about to go.
+    /// A plug-in is about to be unloaded.
     /// \param deleteFromDatabase whether its data is to be removed from the database.
     virtual void willUnloadPlugin(QObject *plugin, bool deleteFromDatabase);
     /// A plug-in is about to be loaded and enabled.

@@ -20,7 +20,8 @@ struct KTPlugInStatus
     QString identifier;
     KTPlugInState state = KTPlugInState::Skipped;
     /// What went wrong last, for a person to read; nil if nothing did. A loaded plug-in has one,
-    /// too, if its class does not conform to the protocol or failed when it was told something.
+    /// too, if its class does not conform to the protocol or failed when it was notified of
+    /// something.
     QString lastError;
 
     friend bool operator==(const KTPlugInStatus &, const KTPlugInStatus &) = default;

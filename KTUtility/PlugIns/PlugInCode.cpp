@@ -22,7 +22,7 @@ QString failureOf(const Action &action)
     }
 }
 
-/// A class as one that can be told something; null if it is merely a registered one.
+/// A class as one that can be notified; null if it is merely a registered one.
 const KTPlugInClass *receiverOf(const NSClass *principalClass)
 {
     return dynamic_cast<const KTPlugInClass *>(principalClass);

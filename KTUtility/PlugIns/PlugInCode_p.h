@@ -11,17 +11,17 @@ class NSClass;
 // Calls into the code of a plug-in. Whatever that throws ends here and becomes a text: what went
 // wrong, for a person to read; nil if nothing did.
 namespace KTPrivate::PlugInCode {
-/// Tells a class that its bundle was loaded, if it can hear that, and makes an instance of it.
+/// Notifies a class that its bundle was loaded, if it can be notified, and makes an instance of it.
 /// \param error becomes what went wrong if there is no instance.
 std::unique_ptr<QObject> newInstance(const NSClass &principalClass, const NSBundle &bundle,
                                      QObject *coordinator, QString *error);
 
-/// Tells a class that its bundle was loaded, which it must be able to hear here.
+/// Notifies a class that its bundle was loaded; the class must be one that can be notified.
 QString tellDidLoad(const NSClass &principalClass, const NSBundle &bundle, QObject *coordinator);
 
-// These tell a class that is more than a registered one; nothing happens to others, and to null.
+// These notify a class that is more than a registered one; nothing happens to others, and to null.
 
-/// Its instance is about to go.
+/// Its instance is about to be destroyed.
 QString tellWillUnload(const NSClass *principalClass);
 /// Its instance has left the manager.
 QString tellDidUnload(const NSClass *principalClass);

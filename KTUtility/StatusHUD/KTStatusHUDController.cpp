@@ -189,7 +189,7 @@ void KTStatusHUDController::startFadeOutTimer(double seconds, NSRunLoopMode mode
 }
 
 /// The window is a notification, whose name has to stand when it is shown. The alert is for systems
-/// whose screen readers are told of alerts; Qt passes none on to those of Linux.
+/// whose screen readers are notified of alerts; Qt passes none on to those of Linux.
 void KTStatusHUDController::announce(const QString &string)
 {
     _window->setAccessibleName(string);

@@ -17,14 +17,14 @@
 
 class NSViewAnimation;
 
-/// Tells of something that is done and needs no answer: a dark panel with one line of text fades in
+/// Reports something that is done and needs no answer: a dark panel with one line of text fades in
 /// over a window, stays for a while, and fades out. A click on it, or changing to another program,
 /// takes it away at once.
 ///
 /// One display is shown at a time: what is asked for meanwhile is not shown. Use it for results
 /// ("247 records"), never for what the user must have read; for that, there is KTDoNotShowAlert.
 ///
-/// Screen readers are told the text. Where the desktop asks for less motion, the panel appears and
+/// Screen readers announce the text. Where the desktop asks for less motion, the panel appears and
 /// disappears at once. Texts are shown on one line, and never taken for HTML. For the main thread.
 ///
 /// The window comes from the interface file "StatusHUD.ui" among the framework's resources, which
@@ -102,7 +102,7 @@ protected:
     virtual QRectF mainScreenFrame() const;
     /// The bundle whose resources hold "StatusHUD.ui": the framework's.
     virtual NSBundle interfaceBundle() const;
-    /// Tells screen readers the text that is shown from now on.
+    /// Informs screen readers of the text that is shown from now on.
     virtual void announce(const QString &string);
 
     // --- Private category

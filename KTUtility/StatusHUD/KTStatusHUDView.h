@@ -7,8 +7,8 @@
 #include <QPointer>
 #include <QWidget>
 
-/// The panel of the status display: a rounded rectangle in one colour, which tells its delegate of
-/// clicks.
+/// The panel of the status display: a rounded rectangle in one colour, which notifies its delegate
+/// of clicks.
 ///
 /// \code
 /// KTStatusHUDView panel;
@@ -26,8 +26,8 @@ public:
     QColor backgroundColor() const { return _bgColor; }
     void setBackgroundColor(const QColor &color);
 
-    /// Who is told of clicks, by the invokable method `userClickedHUDOnEvent(QMouseEvent *)` if it
-    /// has that. It is not owned, and may be destroyed before.
+    /// Who is notified of clicks, by the invokable method `userClickedHUDOnEvent(QMouseEvent *)` if
+    /// it has that. It is not owned, and may be destroyed before.
     QObject *delegate() const { return _delegate; }
     Q_INVOKABLE void setDelegate(QObject *delegate) { _delegate = delegate; }
 

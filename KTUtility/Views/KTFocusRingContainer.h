@@ -38,7 +38,7 @@ protected:
 
 private:
     std::unique_ptr<KTFocusRing> _ring;
-    // Not used but to tell whether there is a ring, and for whom: it may be gone by now.
+    // Only used to know whether there is a ring, and for whom: it may be destroyed by now.
     QWidget *_previousResponder = nullptr;
 };
 

@@ -4,7 +4,7 @@
 
 /// A place in the queue of dialogs for an alert that the application shows by itself: it has no
 /// window. The application shows the alert when the place is run, and calls endDialog() when the
-/// alert is gone.
+/// alert is closed.
 ///
 /// \code
 /// class DoneAlert : public KTAlertPanelDialogController
@@ -26,7 +26,7 @@ public:
 
     /// Counts as running; shows nothing.
     void runDialog() override;
-    /// The alert is gone.
+    /// The alert has been closed.
     /// \param sender is ignored.
     void endDialog(const QVariant &sender = {}) override;
 

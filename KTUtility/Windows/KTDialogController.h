@@ -37,7 +37,7 @@ class KTUTILITY_EXPORT KTDialogController : public KTWindowController
 public:
     explicit KTDialogController(QWidget *window = nullptr);
     explicit KTDialogController(const QString &interfaceFile);
-    /// A dialog that goes while it runs has ended: the host is told.
+    /// A dialog that is destroyed while it runs has ended; its host is notified.
     ~KTDialogController() override;
 
     /// Whether it was configured, and has not ended since.
@@ -54,8 +54,8 @@ public:
     /// Shows the dialog. Returns at once for sheets and plain windows, after the end for modal
     /// ones. Without a window, as its interface file is missing, it ends at once.
     virtual void runDialog();
-    /// Takes the dialog away; the next one of the host's queue follows on the next turn of the run
-    /// loop.
+    /// Takes the dialog away; the next one of the host's queue follows in the next iteration of the
+    /// event loop.
     /// \param sender is ignored; it lets a button call this.
     Q_INVOKABLE virtual void endDialog(const QVariant &sender = {});
 
@@ -76,7 +76,7 @@ protected:
     /// A dialog that is hidden in another way, such as by Escape, has ended, too.
     bool eventFilter(QObject *object, QEvent *event) override;
 
-    /// Tells the host of the end, on the next turn of the run loop.
+    /// Notifies the host of the end, in the next iteration of the event loop.
     void tellHostOfEnd();
     void setHostWindowController(KTWindowController *host) { _hostWindow = host; }
     void setRunningAsDialog(bool isRunning) { _isRunningAsDialog = isRunning; }

@@ -8,7 +8,7 @@
 #include <QString>
 
 /// A critical alert that the user can silence: it has a check box, and once that was ticked, the
-/// alert is skipped and the caller told at once that its default button was pressed.
+/// alert is skipped and the caller notified at once that its default button was pressed.
 ///
 /// What is silenced is kept in the user defaults, by suppression key. For the main thread.
 ///
@@ -35,7 +35,7 @@ public:
         QString alternateButton;
         QString otherButton;
         QWidget *window = nullptr;
-        /// Is told of the end by didEndSelector; may be null.
+        /// Is notified of the end by didEndSelector; may be null.
         QObject *modalDelegate = nullptr;
         /// An invokable method of the delegate: the alert (NSAlert *, null if it was skipped), the
         /// return code (int), and contextInfo (void *).
@@ -48,7 +48,7 @@ public:
 
     KTDoNotShowAlert() = delete;
 
-    /// Shows an alert, or if its key is suppressed, tells the delegate before it returns.
+    /// Shows an alert, or if its key is suppressed, notifies the delegate before it returns.
     /// \throws NSException NSInternalInconsistencyException "methodSig is nil" (through the
     /// assertion handler) if it is suppressed and the delegate lacks the method.
     static void beginCriticalAlertSheet(const Alert &alert);

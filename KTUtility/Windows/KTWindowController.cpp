@@ -11,7 +11,7 @@
 using namespace KTPrivate;
 
 namespace {
-/// The controller that a notification's window tells.
+/// The controller that a notification's window notifies.
 KTWindowController *delegateIn(const NSNotification &notification)
 {
     return qobject_cast<KTWindowController *>(NSWindowController::delegateOf(notification.window));

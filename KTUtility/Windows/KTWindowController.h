@@ -44,7 +44,7 @@ public:
     void runDialogQueue();
     /// Takes the first dialog from the queue and runs it; without one, the queue comes to rest.
     void runNextDialogInQueue();
-    /// A dialog tells that it has closed. If the window itself was closed meanwhile, what still
+    /// A dialog reports that it has closed. If the window itself was closed meanwhile, what still
     /// waits is given up.
     Q_INVOKABLE void dialogClosed(KTDialogController *dialog);
     /// The dialogs that wait, in their order.
