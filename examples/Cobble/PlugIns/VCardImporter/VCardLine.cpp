@@ -72,7 +72,8 @@ QString fromQuotedPrintable(const QString &value, const QString &charset)
     return decoder.isValid() ? QString(decoder(decoded)) : QString::fromUtf8(decoded);
 }
 
-/// Lines that begin with a blank belong to the one before; in quoted-printable, those behind "=".
+/// Lines that begin with a space or tab belong to the one before; in quoted-printable, those behind
+/// "=".
 QStringList unfolded(const QString &text)
 {
     QStringList lines;

@@ -96,7 +96,7 @@ int runCobbleProcess(const QStringList &arguments, int outputDescriptor, int err
         errors.stream() << "cobble: standard output: " << written.reason() << '\n';
         exitCode = exitCode == int(ExitCode::Success) ? int(ExitCode::Failure) : exitCode;
     }
-    (void)errors.finish(); // There is nowhere left to tell it.
+    (void)errors.finish(); // There is nowhere left to report it.
     KTLog(kLog_Lifecycle, 4, u"exit code %d", exitCode);
     return exitCode;
 }

@@ -13,7 +13,7 @@ class QTextStream;
 /// \param err gets errors and warnings, each a line beginning with "cobble: ", and the usage where
 /// that was wrong.
 /// \param logger whose settings the command `log` shows and changes.
-/// \param showsProgress whether long commands tell on \a err how far they are.
+/// \param showsProgress whether long commands report on \a err how far they are.
 ///
 /// \code
 /// const int exitCode = runCobble({u"import"_s, u"contacts.csv"_s}, out, err);
@@ -22,5 +22,5 @@ int runCobble(const QStringList &arguments, QTextStream &out, QTextStream &err,
               KTLogger *logger = KTLogger::sharedLogger(), bool showsProgress = false);
 
 /// The same for a process: writes to two open descriptors, logs start and end, and counts it as a
-/// failure, told on the error output, if results could not be written.
+/// failure, reported on the error output, if results could not be written.
 int runCobbleProcess(const QStringList &arguments, int outputDescriptor, int errorDescriptor);

@@ -21,7 +21,7 @@ public:
                    bool showsProgress = false);
 
     QTextStream &out() { return _out; }
-    /// Where long work tells how far it is; null if nobody looks.
+    /// Where long work reports how far it is; null if nobody looks.
     QTextStream *progress() { return _showsProgress ? &_err : nullptr; }
     KTLogger *logger() { return _logger; }
 

@@ -38,7 +38,7 @@ QByteArray platformsFor(std::span<char *const> arguments)
     return platforms + "offscreen";
 }
 
-/// Goes on after a mistake in what one event does; it is told and logged.
+/// Goes on after a mistake in what one event does; it is reported and logged.
 class DesktopQtApplication : public QApplication
 {
 public:
@@ -62,7 +62,7 @@ QtMessageHandler &otherHandler()
     return handler;
 }
 
-/// Windows that nobody sees cannot be raised and so on, of which nobody needs to be told.
+/// Windows that nobody sees cannot be raised and so on, of which nobody needs to be informed.
 void passMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
     const bool isOfNoUse =

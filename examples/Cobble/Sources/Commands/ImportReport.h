@@ -6,7 +6,7 @@
 
 class QTextStream;
 
-// What an import tells about a file.
+// What an import reports about a file.
 
 namespace ImportReport {
 /// The names of the library and its columns, and how the file is made.

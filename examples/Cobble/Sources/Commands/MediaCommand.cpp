@@ -42,7 +42,7 @@ ExitCode listMedia(const KTDatabaseBundle &bundle, CommandContext &context)
     return ExitCode::Success;
 }
 
-/// One of the subcommands that take names: false if it could not be done, which is told.
+/// One of the subcommands that take names: false if it could not be done, which is reported.
 using Action = bool (*)(const KTDatabaseBundle &bundle, const QString &text,
                         CommandContext &context);
 

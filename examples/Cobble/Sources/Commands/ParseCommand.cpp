@@ -26,7 +26,7 @@ bool isOption(const QString &argument)
            argument.startsWith(u"--option=");
 }
 
-/// The known options first, then everything else as values, so that "-5" need not be told apart.
+/// The known options first, then everything else as values, so that "-5" need not be distinguished.
 QStringList withOptionsFirst(const QStringList &arguments)
 {
     QStringList options;

@@ -59,7 +59,7 @@ KTPlugInManager *managerOf(const QString &identifier, PlugIns &plugIns)
             if (status.identifier == identifier)
                 return manager;
         }
-        // One whose folder is gone may still be enabled.
+        // One whose folder was removed may still be enabled.
         if (manager->isPluginEnabled(identifier))
             return manager;
     }
@@ -86,7 +86,7 @@ void change(const QString &identifier, bool isEnabled, KTPlugInManager &manager)
         manager.setEnabledForPlugin(false, identifier); // one that cannot be loaded
 }
 
-/// \return false, told, if the plug-in is not as it should be then.
+/// \return false, reported, if the plug-in is not as it should be then.
 bool setEnabled(const QString &identifier, bool isEnabled, PlugIns &plugIns,
                 CommandContext &context)
 {

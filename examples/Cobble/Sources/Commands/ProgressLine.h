@@ -5,7 +5,7 @@
 
 class QTextStream;
 
-/// A line on a terminal that tells how far long work is, and goes away when it is done.
+/// A line on a terminal that says how far long work is, and disappears when it is done.
 ///
 /// Work that is done within half a second shows nothing.
 ///

@@ -40,7 +40,7 @@ Outcome<AlignedTable> tableOf(LibraryStore &store)
     AlignedTable table;
     table.addRow({u"Library"_s, u"Table"_s, u"Fields"_s, u"Records"_s});
     const Outcome<QList<Library>> libraries = store.libraries();
-    // Of tables that cannot be read, the last one is told.
+    // Of tables that cannot be read, the last one is reported.
     Outcome<> read = libraries ? Outcome<>() : libraries.failure();
     for (const Library &library : libraries.valueOr({})) {
         const Outcome<qint64> count = store.recordCount(library);

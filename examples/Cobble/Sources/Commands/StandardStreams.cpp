@@ -20,7 +20,7 @@ Outcome<> DescriptorStream::finish()
 
 void reserveStandardDescriptors()
 {
-    // The lowest free number is what open() gives. A descriptor for reading refuses to be written.
+    // The lowest free number is what open() gives. A descriptor for reading rejects writing.
     int descriptor = 0;
     while (descriptor >= STDIN_FILENO && descriptor <= STDERR_FILENO)
         descriptor = ::open("/dev/null", O_RDONLY);

@@ -5,7 +5,7 @@
 #include <QFile>
 #include <QTextStream>
 
-/// A text stream in UTF-8 on an open descriptor that tells at the end whether everything arrived.
+/// A text stream in UTF-8 on an open descriptor that says at the end whether everything arrived.
 ///
 /// \code
 /// DescriptorStream output(STDOUT_FILENO);
@@ -16,7 +16,7 @@
 class DescriptorStream
 {
 public:
-    /// A stream on \a descriptor, which stays open when the stream goes.
+    /// A stream on \a descriptor, which stays open when the stream is destroyed.
     explicit DescriptorStream(int descriptor);
 
     QTextStream &stream() { return _stream; }

@@ -3,7 +3,7 @@
 #include "CommandContext.h"
 #include "Library/LibraryStore.h"
 
-// What commands about stored libraries begin with. What is missing is told, and fails.
+// What commands about stored libraries begin with. What is missing is reported, and fails.
 
 namespace StoredLibrary {
 /// The database of a bundle; null if there is none.

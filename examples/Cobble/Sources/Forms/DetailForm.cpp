@@ -27,7 +27,7 @@ DetailForm::DetailForm(NSArrayController *records)
 
 DetailForm::~DetailForm()
 {
-    // Nobody is told of the rows that go with it.
+    // Nobody is notified of the rows that are destroyed with it.
     blockSignals(true);
 }
 

@@ -42,7 +42,7 @@ public:
     Q_INVOKABLE void fieldDetailObjectsFinishedRearrange();
 
 Q_SIGNALS:
-    /// Rows came, went or changed places; not when they go with the form.
+    /// Rows were added, removed or moved; not sent when they are destroyed with the form.
     void rowsChanged();
 
 private:

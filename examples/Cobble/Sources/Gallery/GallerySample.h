@@ -21,5 +21,5 @@ QImage gallerySample(const std::function<void(QPainter &)> &draw);
 /// A window with rows of a table, to have something to lie over.
 void drawSampleTable(QPainter &painter);
 
-/// A small picture whose directions can be told apart.
+/// A small picture whose directions can be distinguished.
 QImage samplePhoto();

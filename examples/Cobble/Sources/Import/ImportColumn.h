@@ -21,8 +21,8 @@ public:
     QString label;
     /// The identifier that the header alone would give; empty if it has no letters and digits.
     QString propertyString;
-    /// The identifier, different from that of every column before, also for those who do not tell
-    /// capitals from small letters.
+    /// The identifier, different from that of every column before, also for those who do not
+    /// distinguish upper and lower case.
     QString internalName;
     /// The name of the column in the table.
     QString columnName;

@@ -17,7 +17,7 @@ struct ImportRequest
     QString locale;
     /// The headers of the columns that hold media, whatever their values look like.
     QStringList mediaHeaders;
-    /// Whether a library of the same name goes.
+    /// Whether a library of the same name is replaced.
     bool replaces = false;
     /// Whether nothing is to be written.
     bool isDryRun = false;

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 using FileType = std::filesystem::file_type;
 
-/// What is at a path, not following links: FileType::none if the system does not tell, which is not
+/// What is at a path, not following links: FileType::none if the system does not say, which is not
 /// the same as FileType::not_found.
 FileType typeOf(const QString &path)
 {

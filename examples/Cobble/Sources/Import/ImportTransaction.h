@@ -32,7 +32,7 @@ public:
     ImportTransaction &operator=(const ImportTransaction &) = delete;
 
     LibraryStore &store() { return *_store; }
-    /// Takes a library away; its media files go after commit(), unless others have them, too.
+    /// Removes a library; its media files are deleted after commit(), unless others have them, too.
     Outcome<> removeLibrary(const Library &library);
     /// Puts a file into the media folder. \return its URL; nothing if that failed.
     std::optional<NSURL> storeMedia(const NSURL &url);

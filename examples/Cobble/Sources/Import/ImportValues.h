@@ -38,8 +38,8 @@ struct ImportValues
     /// How an import is to be made.
     struct Settings
     {
-        /// Is told of each row before it is read, with the number of all, and says whether to go
-        /// on; of row 0 while types are being found. May be empty.
+        /// Is informed of each row before it is read, with the number of all, and says whether to
+        /// go on; of row 0 while types are being found. May be empty.
         std::function<bool(qint64 row, qint64 rowCount)> progress;
         /// Whether a text names a media file; without it, none does.
         std::function<bool(const QString &)> isMedia;

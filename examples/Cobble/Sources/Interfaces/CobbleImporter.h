@@ -16,7 +16,7 @@ struct CobbleTable
     QStringList typeNames;
     /// Rows may be shorter than the titles.
     QList<QStringList> rows;
-    /// A folder for files that rows name by their paths; goes with the table. Null if there are
+    /// A folder for files that rows name by their paths; removed with the table. Null if there are
     /// none.
     std::shared_ptr<QTemporaryDir> files;
 };

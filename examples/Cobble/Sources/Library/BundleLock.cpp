@@ -17,7 +17,7 @@ QString pathFor(const KTDatabaseBundle &bundle)
 
 BundleLock::BundleLock(const KTDatabaseBundle &bundle) : _file(pathFor(bundle))
 {
-    // A lock is stale when its process is gone, however long an import takes.
+    // A lock is stale when its process has ended, however long an import takes.
     _file.setStaleLockTime(0);
 }
 

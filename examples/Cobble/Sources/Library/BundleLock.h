@@ -8,8 +8,8 @@
 
 /// Keeps other processes from importing into a bundle, or moving it, at the same time.
 ///
-/// The lock is a file beside the bundle, which goes with it. Where none can be made, the database's
-/// own lock has to do.
+/// The lock is a file beside the bundle; it is removed when the lock is released. Where none can be
+/// made, the database's own lock has to do.
 class BundleLock
 {
 public:

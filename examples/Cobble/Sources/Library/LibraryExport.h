@@ -10,7 +10,7 @@ class LibraryStore;
 // Writing a library to a file, by the exporter for the file's extension.
 
 namespace LibraryExport {
-/// Is told how many records are written, of how many, and says whether to go on.
+/// Is informed how many records are written, of how many, and says whether to go on.
 using Progress = std::function<bool(qint64 done, qint64 total)>;
 
 /// Writes all records, or leaves the file as it was; the reason then begins with what it is about,

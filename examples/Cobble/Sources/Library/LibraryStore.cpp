@@ -257,7 +257,7 @@ Outcome<qint64> LibraryStore::recordCount(const Library &library)
 RecordCursor LibraryStore::records(const Library &library, qint64 limit)
 {
     QSqlQuery query(_database);
-    // The cursor tells if that fails.
+    // The cursor reports if that fails.
     (void)execute(query,
                   u"SELECT id, " + columnsOf(library) + u" FROM " + quoted(library.tableName) +
                       u" ORDER BY id LIMIT ?",

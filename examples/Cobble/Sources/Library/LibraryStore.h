@@ -86,9 +86,9 @@ public:
 
     // --- Single records
 
-    /// Writes one value of a record. A record that is gone is an error.
+    /// Writes one value of a record. A record that was deleted is an error.
     Outcome<> update(const Library &library, qint64 id, qsizetype field, const QVariant &value);
-    /// Takes a record away. One that is gone already is an error.
+    /// Deletes a record. One that was deleted already is an error.
     Outcome<> removeRecord(const Library &library, qint64 id);
     /// How long to wait for somebody else who writes, in milliseconds; 5,000 unless set.
     void setPatience(int milliseconds);

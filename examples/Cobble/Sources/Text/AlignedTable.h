@@ -9,10 +9,10 @@ class QTextStream;
 /// and most emoji, none for combining marks and format characters, one for the rest.
 qsizetype displayWidth(const QString &text);
 
-/// Rows of cells printed in aligned columns, two blanks apart.
+/// Rows of cells printed in aligned columns, two spaces apart.
 ///
 /// A cell that is wider than WidestAligned is printed whole and moves the rest of its row only.
-/// Lines have no trailing blanks.
+/// Lines have no trailing spaces.
 ///
 /// \code
 /// AlignedTable table;
@@ -29,7 +29,7 @@ public:
 
     /// Adds a row below; rows may differ in length. Cells are made printable.
     void addRow(const QStringList &cells);
-    /// Prints the rows, each with \a indentation blanks before it.
+    /// Prints the rows, each with \a indentation spaces before it.
     void print(QTextStream &out, int indentation = 0) const;
 
 private:

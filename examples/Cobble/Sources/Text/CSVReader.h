@@ -28,7 +28,7 @@ public:
     /// \param firstLine the number of the line that \a text begins with.
     explicit CSVReader(QStringView text, QChar separator = u',', qint64 firstLine = 1);
 
-    /// Reads the next row that is not blank; a blank one holds only white space and no quotes or
+    /// Reads the next row that is not blank; a blank one holds only whitespace and no quotes or
     /// separators. Every row has at least one field, and no field is nil.
     /// \return false at the end of the text; \a fields is empty then.
     bool readRow(QStringList *fields);

@@ -9,7 +9,7 @@
 
 namespace CSVText {
 /// A field as it stands between commas: in quotes if it holds a comma, a quote, a line break, or
-/// blanks at its ends, with its quotes doubled.
+/// whitespace at its ends, with its quotes doubled.
 inline QString quoted(const QString &field)
 {
     const auto isSpecial = [](QChar unit) {

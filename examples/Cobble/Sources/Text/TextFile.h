@@ -7,14 +7,14 @@
 
 /// Reading whole text files whose encoding nobody stated.
 namespace TextFile {
-/// Files above this size, in bytes, are refused.
+/// Files above this size, in bytes, are rejected.
 constexpr qint64 SizeLimit = qint64(1) << 30;
 
 /// The text that \a data holds: UTF-8 with or without a byte order mark, or UTF-16 of either byte
 /// order with one. The mark is not part of the text. It fails where the data is not in its encoding,
 /// with the number of the line, or holds NUL characters.
 ///
-/// Anything doubtful is refused rather than guessed: a name read in the wrong encoding would be
+/// Anything doubtful is rejected rather than guessed: a name read in the wrong encoding would be
 /// stored wrong.
 ///
 /// \code

@@ -29,7 +29,7 @@ public:
 
     OpenBundle *bundle() { return &_bundle; }
     KTLogger *logger() const { return _logger; }
-    /// Where windows tell what is done.
+    /// Where windows report what is done.
     KTStatusHUDController *hud() { return &_hud; }
     /// Shows a text over a window for a while. \param isLarge as large as the screen allows.
     void showStatus(const QString &text, QWidget *over, bool isLarge = false);

@@ -40,7 +40,7 @@ DetailPane::DetailPane(NSArrayController *records, QWidget *parent)
 
 DetailPane::~DetailPane()
 {
-    // The rows go before the editors, which look at them.
+    // The rows are destroyed before the editors, which look at them.
     for (const Row &row : _rows)
         delete row.editor.data();
 }

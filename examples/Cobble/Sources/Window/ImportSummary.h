@@ -2,7 +2,7 @@
 
 #include "ImportSheet.h"
 
-/// Tells what an import has stored: the columns with their types, and the values that their columns
+/// Says what an import has stored: the columns with their types, and the values that their columns
 /// could not read.
 class ImportSummary : public KTDialogController
 {

@@ -162,7 +162,7 @@ void MainWindowController::selectInList(const QString &name)
     }
 }
 
-/// Lets go of the library, before its records go.
+/// Releases the library, before its records are destroyed.
 void MainWindowController::forget()
 {
     _toDelete.clear();
@@ -205,7 +205,7 @@ void MainWindowController::showRecords()
 {
     const qsizetype place = _records.selectionIndex();
     _records.setContent(_library->records());
-    // Where the selected ones were, if they are gone.
+    // Where the selected ones were, if they were removed.
     if (place >= 0 && _records.selectionIndexes().isEmpty())
         _records.setSelectionIndex(qMin(place, _records.arrangedObjects().size() - 1));
 }
@@ -242,7 +242,7 @@ void MainWindowController::tell(const QString &message)
     mainWindow()->statusBar()->showMessage(printableText(message), MessageTime);
 }
 
-/// Tells it in the middle of the window, too, as soon as the user is with it.
+/// Reports it in the middle of the window, too, as soon as the user is with it.
 void MainWindowController::tellDone(const QString &message)
 {
     tell(message);

@@ -107,7 +107,7 @@ private:
     std::unique_ptr<TableSelection> _selection;
     std::shared_ptr<OpenLibrary> _library;
     QTimer _searchTimer;
-    /// What was done and is still to be told.
+    /// What was done and is still to be reported.
     QString _done;
     /// What the question of deleteRecords() is about.
     QList<QPointer<StoredRecord>> _toDelete;

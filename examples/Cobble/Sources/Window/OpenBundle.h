@@ -39,9 +39,10 @@ public:
     /// Whether an import or an export is on its way. Only one can be.
     bool isBusy() const { return _isBusy; }
     void setBusy(bool isBusy) { _isBusy = isBusy; }
-    /// Makes changes to records, all of them or none. If another program has written meanwhile, that
-    /// is why it fails, and the libraries are read again on the next turn of the run loop.
-    /// \param changes fails for a change that the store has refused.
+    /// Makes changes to records, all of them or none. If another program has written meanwhile,
+    /// that is why it fails, and the libraries are read again in the next iteration of the event
+    /// loop.
+    /// \param changes fails for a change that the store has rejected.
     Outcome<> change(const std::function<Outcome<>()> &changes);
 
 Q_SIGNALS:

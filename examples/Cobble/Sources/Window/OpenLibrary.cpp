@@ -142,7 +142,7 @@ Outcome<> OpenLibrary::save(StoredRecord &record, const QString &key, const QVar
             Q_EMIT refused(changed.reason());
         return changed;
     }
-    // After one that was refused, nothing more is written.
+    // After one that was rejected, nothing more is written.
     if (_saved)
         _saved = _bundle->store()->update(_library, record.id(), fieldWithKey(key), value);
     if (_saved)
@@ -176,7 +176,7 @@ Outcome<> OpenLibrary::removeRecords(const QList<StoredRecord *> &records)
     return removed;
 }
 
-/// Lets go of records that the database no longer has.
+/// Releases records that the database no longer has.
 void OpenLibrary::forget(const QSet<StoredRecord *> &gone)
 {
     const auto firstGone =

@@ -53,7 +53,7 @@ public:
 
 Q_SIGNALS:
     void recordChanged(StoredRecord *record, const QString &key);
-    /// Records are gone from records(), and will be destroyed when the signal has been handled.
+    /// Records were removed from records(), and will be destroyed when the signal has been handled.
     void recordsWillGo();
     /// A value that was set outside of change() could not be stored.
     void refused(const QString &reason);

@@ -2,7 +2,7 @@
 
 #include <QTableView>
 
-/// The table of records: dragged rows are carried with a badge that tells how many there are.
+/// The table of records: dragged rows are carried with a badge that says how many there are.
 class RecordTableView : public QTableView
 {
     Q_OBJECT

@@ -6,8 +6,9 @@ class OpenLibrary;
 
 /// A record of an open library: setting a value writes it to the database.
 ///
-/// A value that cannot be written is not taken; OpenLibrary::change() or refused() tells why, and
-/// whoever observes the record is told of the value that it has, on the next turn of the run loop.
+/// A value that cannot be written is not taken; OpenLibrary::change() or refused() says why, and
+/// whoever observes the record is notified of the value that it has, in the next iteration of the
+/// event loop.
 class StoredRecord : public FormRecord
 {
     Q_OBJECT

@@ -3,7 +3,7 @@
 #include <QPlainTextEdit>
 
 /// A text edit that stays quick with texts of any length: Qt takes a minute to break a line in
-/// which there is no blank for a million letters, so that such lines are not broken.
+/// which there is no space for a million letters, so that such lines are not broken.
 class TextInput : public QPlainTextEdit
 {
     Q_OBJECT
@@ -11,7 +11,7 @@ class TextInput : public QPlainTextEdit
 public:
     explicit TextInput(QWidget *parent = nullptr);
 
-    /// The text with all its characters; toPlainText() makes blanks of those that do not break.
+    /// The text with all its characters; toPlainText() turns non-breaking spaces into plain ones.
     QString text() const;
     /// Replaces the text.
     void setText(const QString &text);
