@@ -194,7 +194,7 @@ constexpr int ConversionCount = 1'000'000;
 /// Before the count begins: what is made once is made.
 constexpr int FirstCount = 20'000;
 
-/// Bytes by which a million turns make the process larger, no two of them of the same text.
+/// Bytes by which a million repetitions make the process larger, no two of them of the same text.
 void printGrowth(const char *conversion, const std::function<void(int)> &convert)
 {
     for (int turn = 0; turn < FirstCount; ++turn)

@@ -12,7 +12,7 @@ CollectionRow::CollectionRow(const QJsonObject &row) : _row(row)
             _fields += fieldFrom(element.toObject());
             _elements += QVariant::fromValue(_fields.last());
         } else {
-            // A text of its own: the tables tell the same object from an equal one.
+            // A text of its own: the tables distinguish the same object from an equal one.
             _elements +=
                 QVariant(QString(element.toString().constData(), element.toString().size()));
         }

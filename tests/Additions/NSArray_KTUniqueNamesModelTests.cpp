@@ -13,7 +13,8 @@ using namespace testing_support;
 namespace {
 const QString Name = u"name"_s;
 
-/// Bases that clash with each other when blanks go, when letter case does, and with their numbers.
+/// Bases that clash with each other when whitespace is removed, when letter case is ignored, and
+/// with their numbers.
 const QStringList &bases()
 {
     static const QStringList texts = {

@@ -47,7 +47,7 @@ QString resultOf(const QString &operation, const QJsonObject &arguments)
     return transforms().at(operation)(text);
 }
 
-/// Rows that take words to end at blanks only; capitalisation here also ends them at hyphens,
+/// Rows that take words to end at spaces only; capitalisation here also ends them at hyphens,
 /// underscores and digits, as NSString::capitalizedString() says.
 const std::map<QString, QString> &otherwiseCapitalized()
 {

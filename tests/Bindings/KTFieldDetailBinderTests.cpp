@@ -15,7 +15,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-/// A form that makes a view for each field, and writes down what it is told.
+/// A form that makes a view for each field, and writes down what it is notified of.
 class Form : public QObject
 {
     Q_OBJECT

@@ -41,7 +41,7 @@ TEST(KTPropertyBinder, CopiesBackWhatTheOwnerChanges)
     view.bind(NSValueBinding, &record, Number, {});
     view.type(7);
     EXPECT_EQ(record.number(), 7);
-    // The record tells of it, and the view gets it once more.
+    // The record notifies of it, and the view gets it once more.
     EXPECT_EQ(view.sets, 2);
 }
 

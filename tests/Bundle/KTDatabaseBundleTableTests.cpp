@@ -192,7 +192,7 @@ QString textOf(const QJsonObject &row)
 }
 
 /// What is wanted otherwise than in the table, as operation and text: names that lead out of the
-/// media folder are refused, and an empty extension appends no dot.
+/// media folder are rejected, and an empty extension appends no dot.
 QJsonValue expectedOf(const QJsonObject &row)
 {
     static const std::map<std::pair<QString, QString>, QJsonValue> others = {

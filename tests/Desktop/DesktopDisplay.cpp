@@ -26,7 +26,7 @@ void DesktopDisplay::stop(QProcess &process)
 
 bool DesktopDisplay::start()
 {
-    // The server finds a free number by itself and tells it when it is ready.
+    // The server finds a free number by itself and prints it when it is ready.
     _server.start(QStringLiteral(DESKTOP_SERVER), {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s,
                                                    u"1280x900x24"_s, u"-nolisten"_s, u"tcp"_s});
     if (!_server.waitForReadyRead(Patience))

@@ -34,8 +34,8 @@ protected:
                                 QString(letter), Qt::NoModifier);
     }
     static bool becomesActive(QWidget *window) { return desktop_support::becomesActive(window); }
-    /// The same for a dialog whose turn is yet to come. Its window is not asked for before, which
-    /// would load it.
+    /// The same for a dialog that still waits for the ones before it. Its window is not asked for
+    /// before, which would load it.
     static bool becomesActive(KTDialogController *dialog)
     {
         return QTest::qWaitFor([dialog] { return dialog->isRunningAsDialog(); }) &&
@@ -65,7 +65,7 @@ TEST_F(DesktopHostTests, ImportsByTheKeyboardAlone)
     ASSERT_TRUE(becomesActive(window->mainWindow()));
     EXPECT_EQ(window->library()->definition().name, u"Pets"_s);
     EXPECT_EQ(countIn(window), u"2 records"_s);
-    // What was done is told when the window has the keyboard again.
+    // What was done is reported when the window has the keyboard again.
     EXPECT_TRUE(QTest::qWaitFor([this] { return application->hud()->isDisplayingWindow(); }));
     EXPECT_EQ(application->hud()->text()->text(), u"Imported 2 records"_s);
 }

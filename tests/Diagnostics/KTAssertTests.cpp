@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 using testing_support::standardErrorOf;
 
 namespace {
-/// Keeps what it is told and lets the caller go on.
+/// Keeps what is reported to it and lets the caller go on.
 class KeepingHandler : public NSAssertionHandler
 {
 public:

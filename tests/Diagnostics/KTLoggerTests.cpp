@@ -43,8 +43,8 @@ protected:
     QString home = testing_support::useFreshHome();
 };
 
-/// Logs when its thread ends: after what the logger keeps for the thread is gone, if it was there
-/// first.
+/// Logs when its thread ends: after what the logger keeps for the thread is destroyed, if it was
+/// there first.
 struct LogsAtTheEnd
 {
     ~LogsAtTheEnd()

@@ -35,7 +35,7 @@ const std::map<QString, Shown> &shownByLocale()
     return table;
 }
 
-/// Without marks of direction, and with plain blanks.
+/// Without marks of direction, and with plain spaces.
 QString plain(QString text)
 {
     text.remove(QChar(0x200F)).remove(QChar(0x200E)).remove(QChar(0x061C));

@@ -19,7 +19,7 @@ FileState stateOf(const QString &folder);
 class FaultScenario
 {
 public:
-    /// What the caller was told.
+    /// What was reported to the caller.
     struct Answer
     {
         bool isDone = false;
@@ -33,7 +33,7 @@ public:
     FaultScenario &operator=(const FaultScenario &) = delete;
 
     virtual Answer act() = 0;
-    /// What the caller sees when the faults are over, where the function itself does not tell.
+    /// What the caller sees when the faults are over, where the function itself does not report it.
     virtual Answer seenAfter(const Answer &told) { return told; }
     /// Does what the next reader would do, before the files are looked at.
     virtual void settle() {}

@@ -187,7 +187,7 @@ MAY_FAIL(dirent *, readdir64, (DIR * folder), (folder), FileCall::List, ::dirfd(
 
 MAY_FAIL(int, flock, (int file, int how), (file, how), FileCall::Lock, file)
 
-/// A descriptor is gone even if closing it fails.
+/// A descriptor is released even if closing it fails.
 BEFORE_SYSTEM int before_close(int file) __asm__("close");
 int before_close(int file)
 {

@@ -106,7 +106,7 @@ protected:
     QString path(QStringView name) const { return QString(_home + u'/' + name); }
     const KTDatabaseBundle &bundle() const { return _bundle; }
 
-    /// What a path that may be nil tells.
+    /// What a path that may be nil says.
     static Answer answerFor(const QString &stored) { return {!stored.isNull(), {}}; }
 
 private:

@@ -170,7 +170,7 @@ public:
         writeFile(bundle()._resourcesFolderPath() + u"/ImportedMedia",
                   "cobblemedia://left.0.png\n");
     }
-    /// The file that was left may be gone before the import fails, and its name with it.
+    /// The file that was left may be removed before the import fails, and its name with it.
     bool isAsBefore(const FileState &now, const FileState &before) const override
     {
         FileState cleaned = before;
@@ -214,7 +214,7 @@ FileState withoutTemporaryFiles(FileState state)
     return state;
 }
 
-/// Cancelled when it has stored a file. What the one before had left goes all the same.
+/// Cancelled when it has stored a file. What the one before had left is removed all the same.
 class ImportThatIsCancelled : public Overlooking<ImportAfterKilledOne, withoutIdleJournal>
 {
 public:

@@ -30,7 +30,7 @@ QString reading(const KTCurrencyFormatter &formatter, const char16_t *text)
     return reading(formatter, QString::fromUtf16(text));
 }
 
-/// What an amount looks like, with plain blanks for special ones.
+/// What an amount looks like, with plain spaces for special ones.
 QString shown(const KTCurrencyFormatter &formatter, const QVariant &value)
 {
     return formatter.stringForObjectValue(value).replace(QChar(0xA0), u' ');

@@ -182,7 +182,7 @@ TEST(KTNumberFormatter, ReadsWhatPeopleType)
 
 TEST(KTNumberFormatter, ReadsInFourPassesAsTheTableSays)
 {
-    // An unpaired parenthesis and what follows a leading blank are refused here.
+    // An unpaired parenthesis and what follows a leading space are rejected here.
     const QStringList rejected{u"(12"_s, u"12)"_s, u" 12x"_s, u"  12ab"_s};
     int cells = 0;
     for (const QJsonObject &row : rowsOf(u"formatters/number_four_passes.jsonl"_s)) {

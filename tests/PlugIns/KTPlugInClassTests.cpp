@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 using namespace testing_support;
 
 namespace {
-/// Keeps what its class was told in the "events" of the last update handler.
+/// Keeps what its class was notified of in the "events" of the last update handler.
 class Told : public QObject, public TestExporter
 {
 public:
@@ -25,7 +25,7 @@ public:
     static inline QObject *handler = nullptr;
 };
 
-/// Wants to be told nothing about loading.
+/// Does not want to be notified about loading.
 class Untold : public QObject
 {
 public:

@@ -43,7 +43,7 @@ struct Bundles
     QString home, folder, good, odd, other, replacement;
 };
 
-/// What the manager should hold, and what its hooks should have been told, in order.
+/// What the manager should hold, and what its hooks should have been notified of, in order.
 class Model
 {
 public:
@@ -140,7 +140,7 @@ private:
     const Bundles &_bundles;
 };
 
-/// The manager and its model, which are told the same.
+/// The manager and its model, which get the same calls.
 class Lives
 {
 public:

@@ -10,8 +10,8 @@ using namespace Qt::StringLiterals;
 using namespace plugin_support;
 using namespace testing_support;
 
-// What unloading means: classes leave reach and instances go, but code stays. Under the sanitizers,
-// a use of code or data that went would end these tests.
+// What unloading means: classes leave reach and instances are destroyed, but code stays. Under the
+// sanitizers, a use of code or data that was released would end these tests.
 
 namespace {
 constexpr int Rounds = 100;

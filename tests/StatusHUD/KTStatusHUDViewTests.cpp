@@ -1,4 +1,4 @@
-// What the display draws, and whom it tells of clicks.
+// What the display draws, and whom it notifies of clicks.
 
 #include <KTUtility/KTStatusHUDView>
 

@@ -5,7 +5,7 @@
 #include <QList>
 #include <QPainter>
 
-/// A cell that tells what it is asked to draw.
+/// A cell that reports what it is asked to draw.
 class RecordingCell : public NSSliderCell
 {
 public:

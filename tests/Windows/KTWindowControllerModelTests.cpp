@@ -115,7 +115,7 @@ public:
     int runs = 0;
 };
 
-/// The host with its dialogs, and the model, which are told the same.
+/// The host with its dialogs, and the model, which get the same calls.
 class Scene
 {
 public:
@@ -158,7 +158,7 @@ KTDialogController *Scene::dialog(size_t index)
     return all.at(index);
 }
 
-/// Dialogs that end at once take a turn each.
+/// Dialogs that end at once take an event loop iteration each.
 void Scene::turn()
 {
     for (int round = 0; round < 40; ++round)

@@ -27,7 +27,7 @@ TEST_F(KTWindowControllerTests, DialogsAppearOneAfterAnother)
     EXPECT_FALSE(first.window()->isVisible());
     EXPECT_FALSE(first.isRunningAsDialog());
     EXPECT_EQ(first.hostWindowController(), nullptr);
-    // Not before the next turn of the run loop.
+    // Not before the next iteration of the event loop.
     EXPECT_EQ(second.runs, 0);
     turn();
     EXPECT_TRUE(second.window()->isVisible());

@@ -6,7 +6,7 @@
 
 namespace testing_support {
 /// Sets a variable of the environment, or takes it away with a null value, and gives it back what
-/// it had when the guard goes.
+/// it had when the guard is destroyed.
 class EnvironmentGuard
 {
 public:

@@ -9,6 +9,6 @@ namespace testing_support {
 /// The predefined set of this name as the tables write it ("letter", "whitespaceAndNewline").
 NSCharacterSet characterSetNamed(const QString &name);
 
-/// The set that a row's arguments tell: "named", or "chars" as its members.
+/// The set that a row's arguments name: "named", or "chars" as its members.
 NSCharacterSet characterSetFrom(const QJsonObject &arguments);
 } // namespace testing_support

@@ -6,7 +6,7 @@
 #include <QPointer>
 #include <QVariant>
 
-/// A record that tells of its changes.
+/// A record that notifies of its changes.
 class ObservedRecord : public QObject
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ public:
     using QObject::receivers;
 
     int number() const { return _number; }
-    /// Tells also if nothing changes.
+    /// Notifies also if nothing changes.
     void setNumber(int number)
     {
         _number = number;

@@ -12,7 +12,7 @@
 #include <string>
 
 // Properties over random values. The seed is fixed, so that every run checks the same cases; a
-// failure tells the seed and the smallest case that fails.
+// failure says the seed and the smallest case that fails.
 
 namespace testing_support {
 /// Checks \a body, which draws its values by itself and fails by RC_ASSERT, in \a cases cases.

@@ -38,7 +38,7 @@ QString useFreshHome();
 /// The one QApplication of the process (offscreen), made on first use.
 void needApplication();
 
-/// Lets everything happen that waits for the run loop.
+/// Lets everything happen that waits for the event loop.
 void turn();
 
 /// A test that has windows: there is an application before its members are made.

@@ -23,7 +23,7 @@ inline CommandResult runInProcess(const QStringList &arguments)
     return result;
 }
 
-/// A command line typed with blanks between its arguments; "·" stands for a blank in one.
+/// A command line typed with spaces between its arguments; "·" stands for a space in one.
 inline CommandResult runLine(const char16_t *line)
 {
     QStringList arguments = QString::fromUtf16(line).split(u' ');

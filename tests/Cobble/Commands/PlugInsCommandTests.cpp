@@ -16,7 +16,7 @@ CommandResult plugIns(const QStringList &arguments = {})
     return runInProcess(QStringList({u"plugins"_s}) + arguments);
 }
 
-/// The line that tells of a plug-in; nil if there is none.
+/// The line about a plug-in; nil if there is none.
 QString lineOf(const QString &identifier)
 {
     const QStringList lines = plugIns().output.split(u'\n');

@@ -135,7 +135,7 @@ TEST(SeparatedText, StopsWhenNoMoreRowsAreWanted)
 
 TEST(SeparatedText, KeepsItsText)
 {
-    // Also when it is moved and what it was made of is gone.
+    // Also when it is moved and what it was made of is destroyed.
     const auto made = [] {
         QString text = u"a|b\n"_s;
         text += u"1|2\n";

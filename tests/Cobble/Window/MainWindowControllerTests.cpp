@@ -1,4 +1,4 @@
-// What the commands of a main window ask and tell.
+// What the commands of a main window ask and report.
 
 #include "SheetSupport.h"
 #include "Window/SilencedAlerts.h"

@@ -298,7 +298,7 @@ TEST_F(MainWindowTests, SeveralRecordsChangeAllOrNotAtAll)
 {
     MainWindowController *const window = openThings();
     window->mainWindow()->table()->selectAll();
-    // The last one is gone, in a way that nobody can see.
+    // The last one is deleted, in a way that nobody can see.
     LibraryStore *const store = application->bundle()->store();
     ASSERT_TRUE(store->removeRecord(window->library()->definition(), 4));
     type(editor(window, 1)->input(), u"5"_s);

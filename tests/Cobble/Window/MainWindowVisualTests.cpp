@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 class MainWindowVisualTests : public HostWindowTest
 {
 protected:
-    /// What is told over the window now; nil if nothing is.
+    /// What is reported over the window now; nil if nothing is.
     QString told() const
     {
         KTStatusHUDController *const hud = application->hud();
@@ -90,7 +90,7 @@ TEST_F(MainWindowVisualTests, DraggedRowsCarryTheirNumber)
     const QImage four = table->dragPicture(4);
     ASSERT_FALSE(four.isNull());
     EXPECT_EQ(four.height(), table->rowHeight(0));
-    // The badge lies at the bottom right, and tells numbers apart.
+    // The badge lies at the bottom right, and looks different for different numbers.
     EXPECT_NE(four, table->dragPicture(5));
     const QImage badge = KTImageBadger::badgeWithString(u"4"_s);
     EXPECT_NE(four.pixel(four.width() - badge.width() / 2, four.height() - 3),

@@ -17,7 +17,7 @@ DateNameList listOf(const std::vector<const char16_t *> &names, int first = 0)
     return {strings.data(), int32_t(strings.size()), first};
 }
 
-/// "index:length", or "?" if only ICU can tell.
+/// "index:length", or "?" if only ICU can decide.
 QString find(const DateNameList &list, const QString &text)
 {
     const DateName name = list.find(text);

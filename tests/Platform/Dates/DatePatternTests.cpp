@@ -66,7 +66,7 @@ TEST(DatePattern, SeeksRunsOfWhitespaceAsOne)
 {
     EXPECT_EQ(outlineOf(u"M  \t d"), u"N[ ]N");
     EXPECT_EQ(charactersOf(u"M  \t d"), u"  \t ");
-    // Blank for a reader, but a character like any other in a pattern.
+    // Whitespace for a reader, but a character like any other in a pattern.
     EXPECT_EQ(outlineOf(u"h\u202Fa"), u"N[\u202F]A");
 }
 

@@ -232,7 +232,7 @@ struct Counts
     int matched = 0;
 };
 
-/// Whether only ICU can tell, or both agree.
+/// Whether only ICU can decide, or both agree.
 bool agree(const NSDateFormatter &formatter, const QString &text, Counts *counts)
 {
     DateMatch own;

@@ -56,7 +56,7 @@ std::unique_ptr<NSDateFormatter> formatterOf(const QJsonObject &row)
     return formatter;
 }
 
-/// A pair of styles is joined by a plain blank here.
+/// A pair of styles is joined by a plain space here.
 QString withPlainJoint(QString text, const QJsonObject &row)
 {
     static const QRegularExpression inText(u"(?<=\\d{2})(, | at )(?=\\d{1,2}:)"_s);

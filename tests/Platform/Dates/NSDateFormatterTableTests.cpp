@@ -153,7 +153,7 @@ void configure(NSDateFormatter *formatter, const QJsonObject &row)
     formatter->setLenient(row[u"lenient"].toBool());
     const QJsonValue date = row[u"defaultDate"];
     formatter->setDefaultDate(date.isNull() ? QDateTime() : instantOf(date.toDouble()));
-    // The patterns with special spaces are those of styles, in which ours has plain blanks.
+    // The patterns with special spaces are those of styles, in which ours has plain spaces.
     formatter->setDateFormat(row[u"pattern"].toString().replace(u'\u202F', u' '));
 }
 

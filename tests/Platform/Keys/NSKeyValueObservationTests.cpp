@@ -14,7 +14,7 @@ namespace {
 constexpr NSKeyValueObservingOptions Both =
     NSKeyValueObservingOptionNew | NSKeyValueObservingOptionOld;
 
-/// An observation that writes down what it is told: "kind old>new".
+/// An observation that writes down what it is notified of: "kind old>new".
 class Recorder
 {
 public:
@@ -24,7 +24,7 @@ public:
     {
     }
 
-    /// What was told since the last call.
+    /// What was notified since the last call.
     QStringList told() { return std::exchange(_told, {}); }
     bool isActive() const { return _observation.isActive(); }
     void invalidate() { _observation.invalidate(); }

@@ -41,7 +41,7 @@ QString randomSoup(Random &random)
     return text;
 }
 
-/// A number as people write it: sign, groups, point, parentheses, blanks, something behind it.
+/// A number as people write it: sign, groups, point, parentheses, spaces, something behind it.
 QString randomNumber(Random &random)
 {
     static const QStringList starts{QString(), QString(), u"-"_s,  u"+"_s,

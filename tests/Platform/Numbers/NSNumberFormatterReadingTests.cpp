@@ -42,7 +42,7 @@ bool hasUnpairedParenthesis(const QString &text)
     return text.contains(u'(') != text.contains(u')');
 }
 
-/// What is wanted otherwise than the tables say: leading blanks are not counted, an unpaired
+/// What is wanted otherwise than the tables say: leading whitespace is not counted, an unpaired
 /// parenthesis is a failure, and decimals keep 38 digits.
 struct Wanted
 {

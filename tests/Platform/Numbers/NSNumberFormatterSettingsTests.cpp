@@ -1,4 +1,4 @@
-// Settings that the tables do not reach: what is set is told, and shows.
+// Settings that the tables do not reach: what is set is reported, and shows.
 
 #include <KTUtility/NSNumberFormatter>
 

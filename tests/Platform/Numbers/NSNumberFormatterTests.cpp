@@ -55,7 +55,7 @@ TEST(NSNumberFormatter, ReadsAPartOfAText)
     EXPECT_TRUE(formatter->getObjectValue(&value, text, &range, nullptr));
     EXPECT_EQ(value, 340);
     EXPECT_EQ(range, (NSRange{11, 3}));
-    range = {4, 100}; // cut to the text; begins behind the blank
+    range = {4, 100}; // cut to the text; begins behind the space
     EXPECT_TRUE(formatter->getObjectValue(&value, text, &range, nullptr));
     EXPECT_EQ(range, (NSRange{5, 2}));
     range = {-5, 3};

@@ -81,7 +81,7 @@ Digits multiplied(const Digits &left, const Digits &right)
     return stripped(product);
 }
 
-/// Long division; \a hasRest tells whether it comes out even.
+/// Long division; \a hasRest says whether it comes out even.
 Digits divided(const Digits &left, const Digits &right, bool *hasRest)
 {
     Digits quotient;

@@ -67,7 +67,7 @@ public:
 };
 KT_PRINCIPAL_CLASS(DemandingExporter, TestExporter)
 
-/// Its class throws when it is told something.
+/// Its class throws when it is notified of something.
 class NervousExporter : public Odd
 {
 public:
