@@ -1,11 +1,12 @@
 #include "PictureFile.h"
 
+#include <KTUtility/KTSaveFile>
+
 #include <QImageWriter>
-#include <QSaveFile>
 
 Outcome<> writePicture(const QImage &image, const QString &path)
 {
-    QSaveFile file(path);
+    KTSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return Failure{file.errorString()};
     QImageWriter writer(&file, "png");

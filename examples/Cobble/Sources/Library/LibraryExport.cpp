@@ -4,12 +4,9 @@
 #include "PlugIns.h"
 #include "RecordTexts.h"
 
-#include <KTUtility/NSFileHandle>
+#include <KTUtility/KTSaveFile>
 
 #include <QFileInfo>
-#include <QSaveFile>
-
-#include <cerrno>
 
 using namespace Qt::StringLiterals;
 
@@ -85,12 +82,13 @@ Outcome<> runExporter(CobbleExporter &exporter, CobbleRecordSource &records,
         PlugIns::call([&] { isDone = exporter.exportRecords(records, fileType, to, &error); });
     if (!called)
         return Failure{u"the exporter failed: %1"_s.arg(called.reason())};
-    // One that gives no reason has done what it could.
-    return isDone || error.isNull() ? called : Failure{error};
+    if (isDone)
+        return called;
+    return Failure{error.isNull() ? u"the exporter failed"_s : error};
 }
 
 /// Writes the records to an open file, which is still to be committed.
-Outcome<> write(LibraryRecords &records, CobbleExporter &exporter, QSaveFile &file)
+Outcome<> write(LibraryRecords &records, CobbleExporter &exporter, KTSaveFile &file)
 {
     const QString path = file.fileName();
     const QString fileType = QFileInfo(path).suffix().toLower();
@@ -105,14 +103,9 @@ Outcome<> write(LibraryRecords &records, CobbleExporter &exporter, QSaveFile &fi
 }
 
 /// Lets the new file take the old one's place when it is on the disk.
-Outcome<> commit(QSaveFile &file)
+Outcome<> commit(KTSaveFile &file)
 {
-    const QString path = file.fileName();
-    if (!file.flush())
-        return failure(path, file.errorString());
-    if (!NSFileHandle(file.handle(), NSFileHandle::Ownership::Borrowed).synchronizeFile())
-        return failure(path, qt_error_string(errno));
-    return file.commit() ? Outcome<>() : failure(path, file.errorString());
+    return file.commit() ? Outcome<>() : failure(file.fileName(), file.errorString());
 }
 } // namespace
 
@@ -125,7 +118,7 @@ Outcome<qint64> LibraryExport::run(LibraryStore &store, const Library &library, 
     if (!exporter)
         return failure(path, u"there is no exporter for '%1'; there are %2"_s.arg(
                                  fileType, plugIns.exportedTypes().join(u", "_s)));
-    QSaveFile file(path);
+    KTSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return failure(path, file.errorString());
     LibraryRecords records(store, library, progress);
