@@ -17,7 +17,8 @@ public:
     /// \param inputs in any order; of those that are equal, one is taken.
     explicit InputPack(QList<QByteArray> inputs);
 
-    /// What a file's bytes say. \return nothing if there is no input in them, or if they end before
+    /// What a file's bytes say.
+    /// \return nothing if there is no input in them, or if they end before
     /// the last one does; \p errorDescription, unless it is null, says which.
     static std::optional<InputPack> fromBytes(const QByteArray &bytes,
                                               QString *errorDescription = nullptr);
@@ -31,10 +32,12 @@ public:
     const QList<QByteArray> &inputs() const { return _inputs; }
     QByteArray bytes() const;
 
-    /// Replaces a file. \return whether all was written.
+    /// Replaces a file.
+    /// \return whether all was written.
     bool writeFile(const QString &path) const;
     /// Writes each input into a file of the folder, which is made, under the name that libFuzzer
-    /// would give it. \return whether all was written.
+    /// would give it.
+    /// \return whether all was written.
     bool writeFolder(const QString &folder) const;
 
 private:

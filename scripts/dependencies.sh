@@ -1,7 +1,7 @@
 # Sourced by run and test: makes sure that what the build needs is installed.
 
 debian_packages=(
-    g++ cmake ninja-build ccache pkg-config
+    g++ cmake ninja-build ccache pkg-config python3 git
     qt6-base-dev qt6-image-formats-plugins qt6-l10n-tools qt6-tools-dev
     libqt6opengl6-dev libqt6sql6-sqlite
     libicu-dev libssl-dev libcurl4-openssl-dev

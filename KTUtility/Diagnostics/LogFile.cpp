@@ -24,7 +24,8 @@ void LogFile::writeLine(QByteArrayView line)
         _isLineTorn.store(true, std::memory_order_relaxed);
 }
 
-/// Sees to it that the next line starts at the beginning of one. \return false if it cannot.
+/// Sees to it that the next line starts at the beginning of one.
+/// \return false if it cannot.
 bool LogFile::endTornLine()
 {
     const int file = _handle.fileDescriptor();

@@ -152,7 +152,8 @@ void KTStatusHUDController::layOut(const QString &string)
                        _text->height());
 }
 
-/// Sets the font of a large text; \return the height of the window.
+/// Sets the font of a large text;
+/// \return the height of the window.
 int KTStatusHUDController::layOutLargeText(qreal screenWidth)
 {
     _text->setFont(NSFont::systemFontOfSize(LargeFontSize));
@@ -163,7 +164,8 @@ int KTStatusHUDController::layOutLargeText(qreal screenWidth)
     return _text->height() + LargePadding;
 }
 
-/// Sets the font of a normal text; \return the height of the window.
+/// Sets the font of a normal text;
+/// \return the height of the window.
 int KTStatusHUDController::layOutNormalText()
 {
     _text->setFont(NSFont::systemFontOfSize(NormalFontSize));

@@ -13,7 +13,8 @@ public:
     DesktopDisplay(const DesktopDisplay &) = delete;
     DesktopDisplay &operator=(const DesktopDisplay &) = delete;
 
-    /// Starts both and points DISPLAY at it. \return false if one cannot be started.
+    /// Starts both and points DISPLAY at it.
+    /// \return false if one cannot be started.
     bool start();
 
 private:

@@ -70,7 +70,8 @@ protected:
         scenario = row.make(home);
     }
 
-    /// Lets the \a number th call fail. \return whether there are that many.
+    /// Lets the \a number th call fail.
+    /// \return whether there are that many.
     bool failCall(int number)
     {
         begin();

@@ -38,7 +38,8 @@ protected:
             thread.join();
     }
 
-    /// As a call site does it. \return 1 if the component was on when it was asked.
+    /// As a call site does it.
+    /// \return 1 if the component was on when it was asked.
     int logLine(const QString &component, int thread, int line)
     {
         if (!logger.shouldLogComponent(component, 4))

@@ -14,7 +14,8 @@ public:
     OtherProcess(const OtherProcess &) = delete;
     OtherProcess &operator=(const OtherProcess &) = delete;
 
-    /// Waits for its end, once. \return its exit code; -1 if something ended it.
+    /// Waits for its end, once.
+    /// \return its exit code; -1 if something ended it.
     int exitCode() const;
 
 private:

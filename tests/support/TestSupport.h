@@ -28,7 +28,8 @@ void pinEnvironment(const char *platform);
 void pinAllButLocaleAndZone(const char *platform);
 
 /// Runs the tests of a program, and does not let it end well before they are over: a test that
-/// leaves the process takes those behind it along. \return what main() returns.
+/// leaves the process takes those behind it along.
+/// \return what main() returns.
 int runTests(int argc, char **argv);
 
 /// Points the home folder at a new empty folder and returns it; the environment of the process is

@@ -78,7 +78,8 @@ void NSAnimation::stopAnimation()
     _nextStep.reset();
 }
 
-/// Shows the state of now. \return whether that is the end.
+/// Shows the state of now.
+/// \return whether that is the end.
 bool NSAnimation::step()
 {
     const double elapsed = NSClock::currentClock().seconds() - _startTime;

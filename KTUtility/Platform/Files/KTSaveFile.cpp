@@ -34,7 +34,8 @@ KTSaveFile::KTSaveFile(const QString &path) : QSaveFile(path)
     setDirectWriteFallback(false);
 }
 
-/// Takes the new file away. \return false.
+/// Takes the new file away.
+/// \return false.
 bool KTSaveFile::fail(int error)
 {
     if (isOpen()) {

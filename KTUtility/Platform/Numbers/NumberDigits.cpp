@@ -1,6 +1,7 @@
 #include "NumberDigits_p.h"
 
 #include <KTUtility/Platform/Values/DecimalArithmetic_p.h>
+#include <KTUtility/Platform/Values/VariantKind_p.h>
 
 #include <algorithm>
 #include <charconv>
@@ -133,7 +134,7 @@ bool NumberDigits::take(const QVariant &number)
             takeCoefficient(*this, parts.coefficient, parts.exponent, parts.isNegative);
         return !value.isNaN();
     }
-    if (type == QMetaType::ULongLong || type == QMetaType::ULong)
+    if (kindOf(number) == VariantKind::Unsigned)
         takeCoefficient(*this, number.toULongLong(), 0, false);
     else
         takeSigned(*this, number.toLongLong());

@@ -25,7 +25,8 @@ WideCoefficient wideOf(const Limbs &limbs)
     return {(Coefficient(limbs[3]) << 64) | limbs[2], (Coefficient(limbs[1]) << 64) | limbs[0]};
 }
 
-/// Divides a number of 128 bits in place; \return the remainder.
+/// Divides a number of 128 bits in place;
+/// \return the remainder.
 quint64 divide(Coefficient &value, quint64 divisor)
 {
     const auto high = quint64(value >> 64);
@@ -41,7 +42,8 @@ quint64 divide(Coefficient &value, quint64 divisor)
     return quint64(part) - quotient * divisor;
 }
 
-/// Divides in place; \return the remainder.
+/// Divides in place;
+/// \return the remainder.
 quint64 divide(WideCoefficient &value, quint64 divisor)
 {
     if (value.high == 0)
@@ -143,7 +145,8 @@ quint64 quotientLimb(std::array<quint64, 5> &value, size_t at, quint64 high, qui
     return quint64(guess);
 }
 
-/// Divides in place; \return whether there is a rest.
+/// Divides in place;
+/// \return whether there is a rest.
 bool divide(WideCoefficient &value, Coefficient divisor)
 {
     if (divisor >> 64 == 0)
@@ -181,7 +184,8 @@ bool roundsAway(const DecimalIntermediate &value, int digit, bool hasRest, NSRou
     }
 }
 
-/// Cuts the lowest digits off. \return the first of them; the rest says whether more follow.
+/// Cuts the lowest digits off.
+/// \return the first of them; the rest says whether more follow.
 int cutDigits(DecimalIntermediate &value, qint64 count)
 {
     value.exponent += count;
@@ -195,7 +199,8 @@ int cutDigits(DecimalIntermediate &value, qint64 count)
     return int(digits / place);
 }
 
-/// Drops the lowest digits, rounding. \return whether anything was lost.
+/// Drops the lowest digits, rounding.
+/// \return whether anything was lost.
 bool dropDigits(DecimalIntermediate &value, qint64 count, NSRoundingMode mode)
 {
     const int digit = count > 0 ? cutDigits(value, count) : 0;

@@ -2,6 +2,7 @@
 
 #include "DecimalArithmetic_p.h"
 #include "NSObject.h"
+#include "VariantKind_p.h"
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 #include <KTUtility/Platform/Text/NSLocale.h>
 
@@ -255,16 +256,19 @@ NSDecimalNumber NSDecimalNumber::decimalNumberWithDouble(double value)
 
 NSDecimalNumber NSDecimalNumber::decimalNumberWithNumber(const QVariant &number)
 {
-    const int type = number.metaType().id();
-    if (type == qMetaTypeId<NSDecimalNumber>())
+    switch (kindOf(number)) {
+    case VariantKind::Decimal:
         return number.value<NSDecimalNumber>();
-    if (!NSObject::isNumber(number))
-        return notANumber();
-    if (type == QMetaType::Double || type == QMetaType::Float)
+    case VariantKind::Double:
         return decimalNumberWithDouble(number.toDouble());
-    if (type == QMetaType::ULongLong || type == QMetaType::ULong)
+    case VariantKind::Unsigned:
         return decimalNumberWithMantissa(number.toULongLong(), 0, false);
-    return NSDecimalNumber(number.toLongLong());
+    case VariantKind::Bool:
+    case VariantKind::Signed:
+        return NSDecimalNumber(number.toLongLong());
+    default:
+        return notANumber();
+    }
 }
 
 NSDecimalNumber NSDecimalNumber::maximumDecimalNumber()

@@ -43,7 +43,8 @@ protected:
         return std::move(import).valueOr(nullptr);
     }
 
-    /// Makes a library with one record that has a picture. \return the picture's URL.
+    /// Makes a library with one record that has a picture.
+    /// \return the picture's URL.
     QString store(ImportTransaction &import, const QString &name)
     {
         const auto url = import.storeMedia(*NSURL::fileURLWithPath(tree.path(u"a.png"_s)));

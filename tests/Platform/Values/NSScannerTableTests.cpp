@@ -46,7 +46,8 @@ public:
             _scanner.setCharactersToBeSkipped(NSCharacterSet());
     }
 
-    /// Runs a step. \return false if there is no such operation.
+    /// Runs a step.
+    /// \return false if there is no such operation.
     bool run(const QJsonObject &step, QVariant *result)
     {
         const QString operation = operationOf(step);

@@ -26,9 +26,11 @@ struct VCardLine
     /// As it stands there; in quoted-printable already decoded.
     QString value;
 
-    /// The value of a parameter; nil if there is none. \param wanted in capitals.
+    /// The value of a parameter; nil if there is none.
+    /// \param wanted in capitals.
     QString parameter(QStringView wanted) const;
-    /// Whether it is of a type, such as "HOME" or "CELL". \param type in capitals.
+    /// Whether it is of a type, such as "HOME" or "CELL".
+    /// \param type in capitals.
     bool hasType(QStringView type) const;
     /// The value's parts between semicolons, without their escapes.
     QStringList parts() const;

@@ -54,7 +54,8 @@ Outcome<> checkValues(const QCommandLineParser &parser, const QString &command)
     return UserSettings::checkLocale(parser);
 }
 
-/// Shows what a reader makes of a text. \return whether it makes something of it.
+/// Shows what a reader makes of a text.
+/// \return whether it makes something of it.
 using Show = bool (*)(const FieldReader &reader, const QString &text, CommandContext &context);
 
 template<Show show>

@@ -34,7 +34,8 @@ public:
     LibraryStore &store() { return *_store; }
     /// Removes a library; its media files are deleted after commit(), unless others have them, too.
     Outcome<> removeLibrary(const Library &library);
-    /// Puts a file into the media folder. \return its URL; nothing if that failed.
+    /// Puts a file into the media folder.
+    /// \return its URL; nothing if that failed.
     std::optional<NSURL> storeMedia(const NSURL &url);
     /// If it cannot be written, nothing is.
     Outcome<> commit();

@@ -18,7 +18,8 @@ public:
     /// Names of the fields that are identifiers, and different from each other.
     virtual QStringList fieldNames() const = 0;
 
-    /// Goes to the next record, at first to the first one. \return false if there is none.
+    /// Goes to the next record, at first to the first one.
+    /// \return false if there is none.
     virtual bool next() = 0;
     /// The value of a field: an NSDecimalNumber for numbers, money and durations (in seconds), a
     /// QDateTime for dates and times, a QString for everything else; nil.

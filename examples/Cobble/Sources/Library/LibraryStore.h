@@ -24,7 +24,8 @@ class RecordCursor
 public:
     RecordCursor(QSqlQuery &&query, const Library &library);
 
-    /// Goes to the next record, at first to the first one. \return false if there is none.
+    /// Goes to the next record, at first to the first one.
+    /// \return false if there is none.
     bool next();
     /// The number by which the database knows the record.
     qint64 id() const;

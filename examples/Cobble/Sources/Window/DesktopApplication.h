@@ -31,7 +31,8 @@ public:
     KTLogger *logger() const { return _logger; }
     /// Where windows report what is done.
     KTStatusHUDController *hud() { return &_hud; }
-    /// Shows a text over a window for a while. \param isLarge as large as the screen allows.
+    /// Shows a text over a window for a while.
+    /// \param isLarge as large as the screen allows.
     void showStatus(const QString &text, QWidget *over, bool isLarge = false);
     QList<MainWindowController *> windows() const;
 
