@@ -60,7 +60,7 @@ void peerWrite(benchmark::State &state)
 {
     loggerInTemporaryHome();
     const std::string line =
-        "Sun Nov 15 2026 16:28:00.123 [LoggerBenchmarks.cpp:42][Import Dialog] contacts.csv: 300 "
+        "Sun Nov 15 2026 16:28:00.123 [KTLoggerBenchmarks.cpp:42][Import Dialog] contacts.csv: 300 "
         "rows\n";
     const QByteArray path = qgetenv("HOME") + "/peer.log";
     const int file = ::open(path.constData(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);

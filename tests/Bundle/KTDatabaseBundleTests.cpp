@@ -65,7 +65,7 @@ NSURL urlOf(const QString &text)
 }
 } // namespace
 
-TEST(KTDatabaseBundle, HeaderExample)
+TEST(KTDatabaseBundle, RunsItsExample)
 {
     testing_support::useFreshHome();
     const KTDatabaseBundle bundle = KTDatabaseBundle::defaultDatabaseBundle();

@@ -79,7 +79,7 @@ QJsonArray logsOf(const KTLogCapture &capture, const FileTree &tree)
 }
 } // namespace
 
-TEST(KTMediaFilenameMunger, HeaderExample)
+TEST(KTMediaFilenameMunger, RunsItsExample)
 {
     const FileTree tree;
     tree.add(u"photo.jpg"_s, "picture");

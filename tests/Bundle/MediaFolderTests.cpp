@@ -14,7 +14,7 @@ using testing_support::FileTree;
 using testing_support::writeFile;
 
 namespace {
-class MediaFolderTest : public testing::Test
+class MediaFolderTests : public testing::Test
 {
 protected:
     QString path(const QString &name) const { return tree.path(name); }
@@ -24,7 +24,7 @@ protected:
 };
 } // namespace
 
-TEST_F(MediaFolderTest, NamesThatLeadOutOfItAreRejected)
+TEST_F(MediaFolderTests, NamesThatLeadOutOfItAreRejected)
 {
     EXPECT_EQ(folder.pathOf(u"a b.jpg"_s), path(u"Media/a b.jpg"_s));
     EXPECT_EQ(folder.pathOf(u"...jpg"_s), path(u"Media/...jpg"_s));
@@ -43,7 +43,7 @@ TEST_F(MediaFolderTest, NamesThatLeadOutOfItAreRejected)
     }
 }
 
-TEST_F(MediaFolderTest, AFolderAtNilTakesNothing)
+TEST_F(MediaFolderTests, AFolderAtNilTakesNothing)
 {
     const MediaFolder nowhere{QString()};
     EXPECT_TRUE(nowhere.pathOf(u"a.jpg"_s).isNull());
@@ -53,7 +53,7 @@ TEST_F(MediaFolderTest, AFolderAtNilTakesNothing)
     EXPECT_TRUE(nowhere.saveTIFFImage(QImage(1, 1, QImage::Format_RGB32)).isNull());
 }
 
-TEST_F(MediaFolderTest, NumbersGoOnFromThoseThatAreTaken)
+TEST_F(MediaFolderTests, NumbersGoOnFromThoseThatAreTaken)
 {
     EXPECT_EQ(folder.nextInstanceNumber(u"a.jpg"_s), 0);
     writeFile(path(u"Media/a.0.jpg"_s), "a");
@@ -63,7 +63,7 @@ TEST_F(MediaFolderTest, NumbersGoOnFromThoseThatAreTaken)
     EXPECT_EQ(folder.nextInstanceNumber(u"a.png"_s), 0);
 }
 
-TEST_F(MediaFolderTest, CopiesGetNumbers)
+TEST_F(MediaFolderTests, CopiesGetNumbers)
 {
     writeFile(path(u"Media/a.0.jpg"_s), "there first");
     writeFile(path(u"from/a.jpg"_s), "mine");
@@ -74,7 +74,7 @@ TEST_F(MediaFolderTest, CopiesGetNumbers)
     EXPECT_EQ(contentsOf(path(u"Media/a.2.jpg"_s)), "mine");
 }
 
-TEST_F(MediaFolderTest, WhatIsNotThereIsNotCopied)
+TEST_F(MediaFolderTests, WhatIsNotThereIsNotCopied)
 {
     writeFile(path(u"Media/other.jpg"_s), "other");
     EXPECT_TRUE(folder.copyFile(path(u"from/a.jpg"_s)).isNull());
@@ -82,7 +82,7 @@ TEST_F(MediaFolderTest, WhatIsNotThereIsNotCopied)
     EXPECT_EQ(folder.nextInstanceNumber(u"a.jpg"_s), 0);
 }
 
-TEST_F(MediaFolderTest, OnlyPlainHTTPIsDownloaded)
+TEST_F(MediaFolderTests, OnlyPlainHTTPIsDownloaded)
 {
     writeFile(path(u"Media/other.jpg"_s), "other");
     for (const char16_t *text : {u"https://localhost/a.jpg", u"HTTP://localhost/a.jpg",
@@ -90,7 +90,7 @@ TEST_F(MediaFolderTest, OnlyPlainHTTPIsDownloaded)
         EXPECT_TRUE(folder.download(*NSURL::URLWithString(QString::fromUtf16(text))).isNull());
 }
 
-TEST_F(MediaFolderTest, PicturesAreSavedAsTIFF)
+TEST_F(MediaFolderTests, PicturesAreSavedAsTIFF)
 {
     writeFile(path(u"Media/other.jpg"_s), "other");
     QImage picture(3, 2, QImage::Format_RGB32);

@@ -18,7 +18,7 @@ using testing_support::contentsOf;
 using testing_support::writeFile;
 
 namespace {
-class LogFileTest : public testing::Test
+class LogFileTests : public testing::Test
 {
 protected:
     QString path = testing_support::useFreshHome() + u"/the.log"_s;
@@ -49,14 +49,14 @@ private:
 };
 } // namespace
 
-TEST_F(LogFileTest, IsEmptyAtFirst)
+TEST_F(LogFileTests, IsEmptyAtFirst)
 {
     writeFile(path, "of yesterday\n");
     const LogFile file(path);
     EXPECT_EQ(contentsOf(path), "");
 }
 
-TEST_F(LogFileTest, ALineIsThereAtOnce)
+TEST_F(LogFileTests, ALineIsThereAtOnce)
 {
     LogFile file(path);
     file.writeLine("one\n");
@@ -65,7 +65,7 @@ TEST_F(LogFileTest, ALineIsThereAtOnce)
     EXPECT_EQ(contentsOf(path), "one\ntwo\n");
 }
 
-TEST_F(LogFileTest, WithoutAFolderLinesAreLost)
+TEST_F(LogFileTests, WithoutAFolderLinesAreLost)
 {
     LogFile file(path + u"/in/no/folder.log"_s);
     file.writeLine("one\n");
@@ -73,7 +73,7 @@ TEST_F(LogFileTest, WithoutAFolderLinesAreLost)
     EXPECT_FALSE(QFile::exists(path));
 }
 
-TEST_F(LogFileTest, ALineBehindATornOneStartsAnew)
+TEST_F(LogFileTests, ALineBehindATornOneStartsAnew)
 {
     LogFile file(path);
     file.writeLine("whole\n");
@@ -89,7 +89,7 @@ TEST_F(LogFileTest, ALineBehindATornOneStartsAnew)
     EXPECT_EQ(contentsOf(path), "whole\ntorn\nanew\nand on\n");
 }
 
-TEST_F(LogFileTest, ALineThatIsLostWholeLeavesNoTrace)
+TEST_F(LogFileTests, ALineThatIsLostWholeLeavesNoTrace)
 {
     LogFile file(path);
     file.writeLine("whole\n");
@@ -101,7 +101,7 @@ TEST_F(LogFileTest, ALineThatIsLostWholeLeavesNoTrace)
     EXPECT_EQ(contentsOf(path), "whole\nnext\n");
 }
 
-TEST_F(LogFileTest, LinesOfManyThreadsStayWhole)
+TEST_F(LogFileTests, LinesOfManyThreadsStayWhole)
 {
     constexpr int Threads = 4;
     constexpr int LinesEach = 200;

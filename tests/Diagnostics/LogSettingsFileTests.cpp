@@ -18,7 +18,7 @@ using LogSettingsFile::Result;
 using testing_support::writeFile;
 
 namespace {
-class LogSettingsFileTest : public testing::Test
+class LogSettingsFileTests : public testing::Test
 {
 protected:
     /// What is read of a file that holds a dictionary.
@@ -34,13 +34,13 @@ protected:
 };
 } // namespace
 
-TEST_F(LogSettingsFileTest, WhatIsWrittenIsRead)
+TEST_F(LogSettingsFileTests, WhatIsWrittenIsRead)
 {
     const LogSettings written{false, true, QVariantMap{{u"Undo"_s, 4}, {u"Tests"_s, 0}}};
     EXPECT_EQ(settingsOf(LogSettingsFile::dictionaryFrom(written)), written);
 }
 
-TEST_F(LogSettingsFileTest, TheKeysAreThoseOfTheFile)
+TEST_F(LogSettingsFileTests, TheKeysAreThoseOfTheFile)
 {
     const QVariantMap components{{u"Undo"_s, 4}};
     const QVariantMap expected{
@@ -48,12 +48,12 @@ TEST_F(LogSettingsFileTest, TheKeysAreThoseOfTheFile)
     EXPECT_EQ(LogSettingsFile::dictionaryFrom({true, false, components}), expected);
 }
 
-TEST_F(LogSettingsFileTest, WhatIsMissingIsAsAtFirst)
+TEST_F(LogSettingsFileTests, WhatIsMissingIsAsAtFirst)
 {
     EXPECT_EQ(settingsOf({}), LogSettings());
 }
 
-TEST_F(LogSettingsFileTest, SwitchesMayBeNumbersAndTexts)
+TEST_F(LogSettingsFileTests, SwitchesMayBeNumbersAndTexts)
 {
     EXPECT_FALSE(settingsOf({{KTLoggerWriteToFileKey, 0}}).writeToFile);
     EXPECT_FALSE(settingsOf({{KTLoggerWriteToFileKey, u"no"_s}}).writeToFile);
@@ -61,7 +61,7 @@ TEST_F(LogSettingsFileTest, SwitchesMayBeNumbersAndTexts)
     EXPECT_TRUE(settingsOf({{KTLoggerDisplayFileLineKey, 0.5}}).displayFileLine);
 }
 
-TEST_F(LogSettingsFileTest, ValuesOfOtherTypesAreMissing)
+TEST_F(LogSettingsFileTests, ValuesOfOtherTypesAreMissing)
 {
     EXPECT_EQ(settingsOf({{KTLoggerWriteToFileKey, QVariantList{false}},
                           {KTLoggerDisplayFileLineKey, QByteArray("1")},
@@ -69,7 +69,7 @@ TEST_F(LogSettingsFileTest, ValuesOfOtherTypesAreMissing)
               LogSettings());
 }
 
-TEST_F(LogSettingsFileTest, ADamagedFileIsAnEmptyOne)
+TEST_F(LogSettingsFileTests, ADamagedFileIsAnEmptyOne)
 {
     for (const char *damaged : {"", "no property list", "<plist version=\"1.0\"><dict><key>"}) {
         writeFile(path, damaged);
@@ -79,7 +79,7 @@ TEST_F(LogSettingsFileTest, ADamagedFileIsAnEmptyOne)
     }
 }
 
-TEST_F(LogSettingsFileTest, WithoutAFileNothingIsTouched)
+TEST_F(LogSettingsFileTests, WithoutAFileNothingIsTouched)
 {
     const LogSettings before{false, true, QVariantMap{{u"old"_s, 1}}};
     LogSettings settings = before;
@@ -87,7 +87,7 @@ TEST_F(LogSettingsFileTest, WithoutAFileNothingIsTouched)
     EXPECT_EQ(settings, before);
 }
 
-TEST_F(LogSettingsFileTest, WhatTheSystemDoesNotLetBeReadIsUnreadable)
+TEST_F(LogSettingsFileTests, WhatTheSystemDoesNotLetBeReadIsUnreadable)
 {
     writeFile(path, "whatever");
     const LogSettings before{false, true, {}};
@@ -102,7 +102,7 @@ TEST_F(LogSettingsFileTest, WhatTheSystemDoesNotLetBeReadIsUnreadable)
     EXPECT_EQ(settings, before);
 }
 
-TEST_F(LogSettingsFileTest, WithoutComponentsThereIsNothingToStore)
+TEST_F(LogSettingsFileTests, WithoutComponentsThereIsNothingToStore)
 {
     try {
         LogSettingsFile::dictionaryFrom({});
@@ -114,7 +114,7 @@ TEST_F(LogSettingsFileTest, WithoutComponentsThereIsNothingToStore)
     }
 }
 
-TEST_F(LogSettingsFileTest, LevelsMayBeNumbersAndTexts)
+TEST_F(LogSettingsFileTests, LevelsMayBeNumbersAndTexts)
 {
     EXPECT_EQ(LogSettingsFile::levelFrom(4), 4);
     EXPECT_EQ(LogSettingsFile::levelFrom(u"7"_s), 7);

@@ -1,8 +1,8 @@
 target_sources(KTUtilityTests PRIVATE
     Diagnostics/KTAssertTests.cpp
     Diagnostics/KTLogCaptureTests.cpp
-    Diagnostics/KTLoggerMenuTests.cpp
     Diagnostics/KTLoggerTests.cpp
     Diagnostics/LogFileTests.cpp
     Diagnostics/LogSettingsFileTests.cpp
+    Diagnostics/LoggerMenuTests.cpp
 )

@@ -41,7 +41,7 @@ protected:
 };
 } // namespace
 
-TEST_F(FaultInjectorTests, HeaderExample)
+TEST_F(FaultInjectorTests, RunsItsExample)
 {
     int number = 1;
     const auto save = [this] {

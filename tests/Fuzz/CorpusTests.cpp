@@ -63,33 +63,11 @@ TEST_P(CorpusTests, IsPackedAsItWouldBeAgain)
 INSTANTIATE_TEST_SUITE_P(All, CorpusTests, testing::ValuesIn(targetNames()),
                          [](const auto &target) { return std::string(target.param); });
 
-TEST(Corpora, AreOfTargetsOnly)
+TEST(Corpus, IsOfATarget)
 {
     QStringList expected;
     for (const char *name : targetNames())
         expected.append(QLatin1String(name) + u".pack"_s);
     EXPECT_EQ(QDir(QStringLiteral(FUZZ_CORPORA)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
               expected);
-}
-
-TEST(InputNote, SaysAtWhichInputAPromiseWasBroken)
-{
-    EXPECT_DEATH(
-        {
-            const InputNote note(3, 17);
-            fuzzFailed("2 + 2 == 5", "file", 1);
-        },
-        "broken: 2 \\+ 2 == 5\ninput 3 of 17 bytes");
-}
-
-TEST(InputNote, IsSilentOnceTheInputIsThrough)
-{
-    EXPECT_DEATH(
-        {
-            {
-                const InputNote note(3, 17);
-            }
-            fuzzFailed("2 + 2 == 5", "file", 1);
-        },
-        "broken: 2 \\+ 2 == 5\n$");
 }

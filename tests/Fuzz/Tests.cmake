@@ -1,4 +1,4 @@
 target_sources(CobbleTests PRIVATE Fuzz/CorpusTests.cpp Fuzz/InputNote.h
-    Fuzz/InputPackTests.cpp)
+    Fuzz/InputNoteTests.cpp Fuzz/InputPackTests.cpp)
 target_link_libraries(CobbleTests PRIVATE KTUtilityFuzzTargets)
 target_compile_definitions(CobbleTests PRIVATE FUZZ_CORPORA="${PROJECT_SOURCE_DIR}/fuzz/corpora")

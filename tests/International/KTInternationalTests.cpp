@@ -69,7 +69,7 @@ const QByteArray Sample = "<key>List</key><array><string>,</string><string>;</st
                           "<key>xx_YY</key><string>|</string>";
 } // namespace
 
-TEST_F(KTInternationalTests, HeaderExample)
+TEST_F(KTInternationalTests, RunsItsExample)
 {
     auto *const application = new Application(Sample);
     EXPECT_EQ(KTInternational::instance(), application);

@@ -1,7 +1,7 @@
 target_sources(KTUtilityTests PRIVATE
     PlugIns/KTPlugInClassTests.cpp
-    PlugIns/KTPlugInDefaultsTests.cpp
-    PlugIns/KTPlugInLoadingTests.cpp
+    PlugIns/KTPlugInManagerDefaultsTests.cpp
+    PlugIns/KTPlugInManagerLoadingTests.cpp
     PlugIns/KTPlugInManagerModelTests.cpp
     PlugIns/KTPlugInManagerRoundsTests.cpp
     PlugIns/KTPlugInManagerTests.cpp

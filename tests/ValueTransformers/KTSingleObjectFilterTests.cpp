@@ -9,7 +9,7 @@ namespace {
 const QVariant nil;
 } // namespace
 
-TEST(KTSingleObjectFilter, HeaderExample)
+TEST(KTSingleObjectFilter, RunsItsExample)
 {
     const auto filter = KTSingleObjectFilter::valueTransformer();
     EXPECT_EQ(filter->transformedValue(QVariantList{1, 2}), QVariant(1));

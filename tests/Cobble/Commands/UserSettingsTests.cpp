@@ -66,7 +66,7 @@ TEST(UserSettings, StopsAtTheFirstMistake)
     EXPECT_NE(formatter.currencyType(), u"GBP"_s);
 }
 
-TEST(LocaleScope, IsTheUsersLocaleWhileItLasts)
+TEST(UserSettings, AScopeIsTheUsersLocaleWhileItLasts)
 {
     const QString before = NSLocale::currentLocale().localeIdentifier();
     {

@@ -10,19 +10,19 @@ constexpr FieldType All[] = {FieldType::Number, FieldType::Currency, FieldType::
                              FieldType::Phone,  FieldType::Media,    FieldType::Text};
 } // namespace
 
-TEST(FieldTypes, NamesAreStoredAndFoundAgain)
+TEST(FieldType, NamesAreStoredAndFoundAgain)
 {
     for (const FieldType type : All)
         EXPECT_EQ(FieldTypes::storedTypeNamed(FieldTypes::nameOf(type)), type);
 }
 
-TEST(FieldTypes, WhatIsNotKnownIsStoredAsText)
+TEST(FieldType, WhatIsNotKnownIsStoredAsText)
 {
     EXPECT_EQ(FieldTypes::storedTypeNamed(u"colour"_s), FieldType::Text);
     EXPECT_EQ(FieldTypes::storedTypeNamed(QString()), FieldType::Text);
 }
 
-TEST(FieldTypes, PeopleMayNameThoseWithAFormatter)
+TEST(FieldType, PeopleMayNameThoseWithAFormatter)
 {
     EXPECT_EQ(FieldTypes::typeNamed(u"date+time"_s), FieldType::DateTime);
     EXPECT_EQ(FieldTypes::typeNamed(u"datetime"_s), FieldType::DateTime);
@@ -31,7 +31,7 @@ TEST(FieldTypes, PeopleMayNameThoseWithAFormatter)
         EXPECT_FALSE(FieldTypes::typeNamed(name)) << name.toStdString();
 }
 
-TEST(FieldTypes, ListsTheNamesThatPeopleMayUse)
+TEST(FieldType, ListsTheNamesThatPeopleMayUse)
 {
     EXPECT_EQ(FieldTypes::names().join(u' '),
               u"number currency duration time date date+time phone"_s);

@@ -28,7 +28,7 @@ QList<QStringList> rowsOf(const RowSource &source)
 }
 } // namespace
 
-TEST(Table, TheExampleOfTheHeader)
+TEST(Table, RunsItsExample)
 {
     const auto rows = Table::of(tableOf({u"name"_s, u"note"_s}, {{u"Ann"_s, u"a, b"_s}}));
     ASSERT_TRUE(rows);

@@ -26,7 +26,7 @@ QStringList times(int count, const QString &text)
 }
 } // namespace
 
-TEST(TypeInference, HeaderExample)
+TEST(TypeInference, RunsItsExample)
 {
     TypeInference inference;
     inference.add(u"€5"_s);

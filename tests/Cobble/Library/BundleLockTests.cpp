@@ -8,17 +8,17 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-class BundleLockTest : public testing::Test
+class BundleLockTests : public testing::Test
 {
 protected:
-    BundleLockTest() { testing_support::needApplication(); }
+    BundleLockTests() { testing_support::needApplication(); }
 
     testing_support::FileTree tree;
     KTDatabaseBundle bundle{tree.path(u"b.cobbledb"_s)};
 };
 } // namespace
 
-TEST_F(BundleLockTest, IsAFileBesideTheBundleThatGoesWithIt)
+TEST_F(BundleLockTests, IsAFileBesideTheBundleThatGoesWithIt)
 {
     const QString file = bundle.bundlePath() + u".lock";
     {
@@ -31,7 +31,7 @@ TEST_F(BundleLockTest, IsAFileBesideTheBundleThatGoesWithIt)
     EXPECT_FALSE(QFile::exists(file));
 }
 
-TEST_F(BundleLockTest, KeepsOthersOutWhileItIsThere)
+TEST_F(BundleLockTests, KeepsOthersOutWhileItIsThere)
 {
     BundleLock second(bundle);
     {
@@ -43,7 +43,7 @@ TEST_F(BundleLockTest, KeepsOthersOutWhileItIsThere)
     EXPECT_TRUE(second.lock(0));
 }
 
-TEST_F(BundleLockTest, BundlesBesideEachOtherHaveLocksOfTheirOwn)
+TEST_F(BundleLockTests, BundlesBesideEachOtherHaveLocksOfTheirOwn)
 {
     BundleLock first(bundle);
     BundleLock second(KTDatabaseBundle(tree.path(u"c.cobbledb"_s)));
@@ -51,14 +51,14 @@ TEST_F(BundleLockTest, BundlesBesideEachOtherHaveLocksOfTheirOwn)
     EXPECT_TRUE(second.lock(0));
 }
 
-TEST_F(BundleLockTest, NeedsAFolder)
+TEST_F(BundleLockTests, NeedsAFolder)
 {
     BundleLock lock(KTDatabaseBundle(tree.path(u"none/b.cobbledb"_s)));
     EXPECT_EQ(lock.lock(0).reason(), u"there is no folder for the database bundle"_s);
     EXPECT_FALSE(lock.isLocked());
 }
 
-TEST_F(BundleLockTest, OneThatIsNotTakenLeavesThatOfAnother)
+TEST_F(BundleLockTests, OneThatIsNotTakenLeavesThatOfAnother)
 {
     BundleLock first(bundle);
     ASSERT_TRUE(first.lock(0));

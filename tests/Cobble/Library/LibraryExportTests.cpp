@@ -8,10 +8,10 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-class LibraryExportTest : public testing::Test
+class LibraryExportTests : public testing::Test
 {
 protected:
-    LibraryExportTest() : bundle(tree.path(u"b.cobbledb"_s))
+    LibraryExportTests() : bundle(tree.path(u"b.cobbledb"_s))
     {
         testing_support::needApplication();
         testing_support::useFreshHome();
@@ -42,7 +42,7 @@ protected:
 };
 } // namespace
 
-TEST_F(LibraryExportTest, WritesAllRecordsAndCountsThem)
+TEST_F(LibraryExportTests, WritesAllRecordsAndCountsThem)
 {
     const Outcome<qint64> count = LibraryExport::run(*store, library, tree.path(u"out.csv"_s));
     ASSERT_TRUE(count) << count.reason().toStdString();
@@ -50,7 +50,7 @@ TEST_F(LibraryExportTest, WritesAllRecordsAndCountsThem)
     EXPECT_EQ(contents(u"out.csv"_s), "Name\r\nAnn\r\n\"Bob, B.\"\r\nCay\r\n");
 }
 
-TEST_F(LibraryExportTest, TellsHowFarItIs)
+TEST_F(LibraryExportTests, TellsHowFarItIs)
 {
     QList<qint64> done;
     const auto progress = [&done](qint64 count, qint64 total) {
@@ -62,7 +62,7 @@ TEST_F(LibraryExportTest, TellsHowFarItIs)
     EXPECT_EQ(done, QList<qint64>({0, 1, 2, 3}));
 }
 
-TEST_F(LibraryExportTest, OneThatIsCancelledLeavesTheFileAsItWas)
+TEST_F(LibraryExportTests, OneThatIsCancelledLeavesTheFileAsItWas)
 {
     tree.add(u"out.csv"_s, "old");
     const Outcome<qint64> count =
@@ -73,7 +73,7 @@ TEST_F(LibraryExportTest, OneThatIsCancelledLeavesTheFileAsItWas)
     EXPECT_EQ(contents(u"out.csv"_s), "old");
 }
 
-TEST_F(LibraryExportTest, FailuresBeginWithWhatTheyAreAbout)
+TEST_F(LibraryExportTests, FailuresBeginWithWhatTheyAreAbout)
 {
     const QString nowhere = tree.path(u"none/out.csv"_s);
     EXPECT_EQ(LibraryExport::run(*store, library, nowhere).reason(),

@@ -34,19 +34,19 @@ TEST(Library, TitlesOfFieldsFallBack)
     EXPECT_EQ(field.title(), u"Header"_s);
 }
 
-TEST(Libraries, TheSameNameIsFoundFirst)
+TEST(Library, TheSameNameIsFoundFirst)
 {
     EXPECT_EQ(foundName(u"things"_s, {u"Things"_s, u"things"_s}), u"things"_s);
     EXPECT_EQ(foundName(u"Things"_s, {u"Things"_s, u"things"_s}), u"Things"_s);
 }
 
-TEST(Libraries, ThenOneThatDiffersInCaseOnly)
+TEST(Library, ThenOneThatDiffersInCaseOnly)
 {
     EXPECT_EQ(foundName(u"THINGS"_s, {u"Animals"_s, u"Things"_s}), u"Things"_s);
     EXPECT_EQ(foundName(u"straße"_s, {u"STRASSE"_s, u"Straße"_s}), u"Straße"_s);
 }
 
-TEST(Libraries, APartOfANameFindsNothing)
+TEST(Library, APartOfANameFindsNothing)
 {
     EXPECT_TRUE(foundName(u"Thing"_s, {u"Things"_s}).isNull());
     EXPECT_TRUE(foundName(u""_s, {u"Things"_s}).isNull());

@@ -11,7 +11,7 @@ VCardLine line(const char16_t *text)
 }
 } // namespace
 
-TEST(VCardLine, HeaderExample)
+TEST(VCardLine, RunsItsExample)
 {
     const VCardLine read = line(u"TEL;TYPE=home,voice:555-0101");
     EXPECT_EQ(read.name, u"TEL"_s);

@@ -36,7 +36,7 @@ TEST(PrintableText, PutsEveryHostileTextOnOneLine)
     }
 }
 
-TEST(RecordCountText, HasAWordForOneAndOneForMany)
+TEST(PrintableText, CountsOfRecordsHaveAWordForOneAndOneForMany)
 {
     EXPECT_EQ(recordCountText(0), u"0 records"_s);
     EXPECT_EQ(recordCountText(1), u"1 record"_s);

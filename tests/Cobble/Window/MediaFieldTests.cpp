@@ -49,7 +49,7 @@ protected:
 };
 } // namespace
 
-TEST_F(MediaFieldTests, HeaderExample)
+TEST_F(MediaFieldTests, RunsItsExample)
 {
     field.setFile(twoColours());
     EXPECT_EQ(field.caption(), u"two.png"_s);

@@ -40,7 +40,7 @@ protected:
 const QString Number = u"number"_s;
 } // namespace
 
-TEST_F(NSArrayControllerTests, HeaderExample)
+TEST_F(NSArrayControllerTests, RunsItsExample)
 {
     controller.setSelectionIndexes({0});
     BoundView view;

@@ -1,5 +1,4 @@
 target_sources(KTUtilityTests PRIVATE
-    Platform/Dates/CalendarDateFormatTests.cpp
     Platform/Dates/CivilDateTests.cpp
     Platform/Dates/DateCharactersTests.cpp
     Platform/Dates/DateFieldsTests.cpp
@@ -7,6 +6,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Dates/DatePatternTests.cpp
     Platform/Dates/NSCalendarTests.cpp
     Platform/Dates/NSClockTests.cpp
+    Platform/Dates/NSDateFormatterCalendarTests.cpp
     Platform/Dates/NSDateFormatterICUTests.cpp
     Platform/Dates/NSDateFormatterPlatformTests.cpp
     Platform/Dates/NSDateFormatterReadingTests.cpp

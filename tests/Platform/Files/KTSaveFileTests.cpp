@@ -33,7 +33,7 @@ QStringList namesIn(const QTemporaryDir &folder)
 }
 } // namespace
 
-TEST(KTSaveFile, Example)
+TEST(KTSaveFile, RunsItsExample)
 {
     const QTemporaryDir folder;
     KTSaveFile file(folder.filePath(u"report.csv"_s));

@@ -11,7 +11,7 @@ QString pathOf(const char16_t *text)
 }
 } // namespace
 
-TEST(NSURL, HeaderExample)
+TEST(NSURL, RunsItsExample)
 {
     EXPECT_EQ(NSURL::fileURLWithPath(u"/tmp/a b"_s)->absoluteString(), u"file:///tmp/a%20b"_s);
 }

@@ -26,7 +26,7 @@ bool isTrue(const char16_t *format, const QVariantList &arguments = {})
 }
 } // namespace
 
-TEST(NSPredicate, HeaderExample)
+TEST(NSPredicate, RunsItsExample)
 {
     const NSPredicate grownUps =
         NSPredicate::predicateWithFormat(u"age >= %@ AND name BEGINSWITH[c] 'a'", {18});

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 /// A logger in a fresh home folder, and its menu.
-class KTLoggerMenuTests : public testing::Test
+class LoggerMenuTests : public testing::Test
 {
 protected:
     void SetUp() override
@@ -54,7 +54,7 @@ protected:
 };
 } // namespace
 
-TEST_F(KTLoggerMenuTests, HoldsItsItemsInOrder)
+TEST_F(LoggerMenuTests, HoldsItsItemsInOrder)
 {
     const QList<QAction *> actions = menu->actions();
     ASSERT_EQ(actions.size(), 7 + 39);
@@ -75,12 +75,12 @@ TEST_F(KTLoggerMenuTests, HoldsItsItemsInOrder)
     EXPECT_EQ(NSMenuItem::target(actions[0]), logger.get());
 }
 
-TEST_F(KTLoggerMenuTests, AmpersandsAreShownAndMarkNoShortcut)
+TEST_F(LoggerMenuTests, AmpersandsAreShownAndMarkNoShortcut)
 {
     EXPECT_EQ(item(kLog_DragDrop)->text(), u"Drag && Drop"_s);
 }
 
-TEST_F(KTLoggerMenuTests, SubmenusHoldEightLevelsWithTheirTags)
+TEST_F(LoggerMenuTests, SubmenusHoldEightLevelsWithTheirTags)
 {
     const auto submenu = logger->createLogLevelSubmenuWithBase(170);
     EXPECT_EQ(submenu->title(), u"submenu"_s);
@@ -98,7 +98,7 @@ TEST_F(KTLoggerMenuTests, SubmenusHoldEightLevelsWithTheirTags)
     }
 }
 
-TEST_F(KTLoggerMenuTests, ChoosingALevelStoresIt)
+TEST_F(LoggerMenuTests, ChoosingALevelStoresIt)
 {
     QAction *three = levelItem(kLog_FormattersCurrency, 3);
     EXPECT_EQ(NSMenuItem::tag(three), 173);
@@ -109,14 +109,14 @@ TEST_F(KTLoggerMenuTests, ChoosingALevelStoresIt)
     EXPECT_EQ(logger->levelOfComponent(kLog_FormattersCurrency), 0);
 }
 
-TEST_F(KTLoggerMenuTests, WithoutSettingsEverySubmenuMarksOff)
+TEST_F(LoggerMenuTests, WithoutSettingsEverySubmenuMarksOff)
 {
     for (const QString &component : logger->allComponentsArray())
         EXPECT_EQ(checkedTitles(item(component)->menu()), QStringList{u"0 (off)"_s});
     EXPECT_EQ(checkedTitles(menu.get()), QStringList{u"Log To File"_s});
 }
 
-TEST_F(KTLoggerMenuTests, MarksFollowTheSettings)
+TEST_F(LoggerMenuTests, MarksFollowTheSettings)
 {
     levelItem(kLog_Undo, 7)->trigger();
     item(u"Log To Console"_s)->trigger();
@@ -130,7 +130,7 @@ TEST_F(KTLoggerMenuTests, MarksFollowTheSettings)
     EXPECT_EQ(logger->levelOfComponent(kLog_Undo), 0);
 }
 
-TEST_F(KTLoggerMenuTests, EveryItemStaysEnabledAndOthersKeepTheirMark)
+TEST_F(LoggerMenuTests, EveryItemStaysEnabledAndOthersKeepTheirMark)
 {
     QAction foreign(u"foreign"_s);
     foreign.setCheckable(true);
@@ -142,7 +142,7 @@ TEST_F(KTLoggerMenuTests, EveryItemStaysEnabledAndOthersKeepTheirMark)
         EXPECT_TRUE(logger->validateMenuItem(action));
 }
 
-TEST_F(KTLoggerMenuTests, TagsBeyondTheComponentsRaise)
+TEST_F(LoggerMenuTests, TagsBeyondTheComponentsRaise)
 {
     QAction stray;
     NSMenuItem::setTag(&stray, 391);
@@ -152,7 +152,7 @@ TEST_F(KTLoggerMenuTests, TagsBeyondTheComponentsRaise)
     EXPECT_EQ(logger->components()->value(kLog_AppleScript), QVariant(0));
 }
 
-TEST_F(KTLoggerMenuTests, AnItemWithoutSubmenuIsLeftAlone)
+TEST_F(LoggerMenuTests, AnItemWithoutSubmenuIsLeftAlone)
 {
     QAction plain;
     logger->populateComponentLoggingMenu(&plain);
@@ -160,7 +160,7 @@ TEST_F(KTLoggerMenuTests, AnItemWithoutSubmenuIsLeftAlone)
     EXPECT_EQ(plain.menu(), nullptr);
 }
 
-TEST_F(KTLoggerMenuTests, AMenuOutlivesItsLogger)
+TEST_F(LoggerMenuTests, AMenuOutlivesItsLogger)
 {
     logger.reset();
     EXPECT_TRUE(checkedTitles(menu.get()).isEmpty());

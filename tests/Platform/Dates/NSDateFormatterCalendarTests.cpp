@@ -38,7 +38,7 @@ QString read(const char16_t *pattern, const QString &text)
 }
 } // namespace
 
-TEST(CalendarDateFormat, WritesEveryDirective)
+TEST(NSDateFormatterCalendar, WritesEveryDirective)
 {
     EXPECT_EQ(written(u"%a %A"), u"Wed Wednesday");
     EXPECT_EQ(written(u"%b %B"), u"Mar March");
@@ -53,7 +53,7 @@ TEST(CalendarDateFormat, WritesEveryDirective)
     EXPECT_EQ(written(u"%m/%d/%y %I:%M:%S %p"), u"03/05/08 05:04:09 PM");
 }
 
-TEST(CalendarDateFormat, LeavesWhatItDoesNotKnow)
+TEST(NSDateFormatterCalendar, LeavesWhatItDoesNotKnow)
 {
     EXPECT_EQ(written(u""), u"");
     EXPECT_EQ(written(u"%"), u"%");
@@ -61,7 +61,7 @@ TEST(CalendarDateFormat, LeavesWhatItDoesNotKnow)
     EXPECT_EQ(written(u"日%d月"), u"日05月");
 }
 
-TEST(CalendarDateFormat, ReadsWhatItWrites)
+TEST(NSDateFormatterCalendar, ReadsWhatItWrites)
 {
     EXPECT_EQ(read(u"%m/%d/%y", u"3/5/08"_s), u"2008-03-05 00:00:00.000");
     EXPECT_EQ(read(u"%m/%d/%y", u"03/05/50"_s), u"1950-03-05 00:00:00.000");
@@ -80,7 +80,7 @@ TEST(CalendarDateFormat, ReadsWhatItWrites)
     EXPECT_EQ(read(u"%w %d%%", u"3 5%"_s), u"2000-01-05 00:00:00.000");
 }
 
-TEST(CalendarDateFormat, RejectsWhatDoesNotFit)
+TEST(NSDateFormatterCalendar, RejectsWhatDoesNotFit)
 {
     EXPECT_EQ(read(u"%m/%d/%y", u"3/5"_s), u"");
     EXPECT_EQ(read(u"%m/%d/%y", u"3/5/08 x"_s), u"");
@@ -97,7 +97,7 @@ TEST(CalendarDateFormat, RejectsWhatDoesNotFit)
     EXPECT_EQ(read(u"", u"3/5/08"_s), u"");
 }
 
-TEST(CalendarDateFormat, ReportsHowFarItRead)
+TEST(NSDateFormatterCalendar, ReportsHowFarItRead)
 {
     const OldFormatter formatter(u"%m/%d/%y");
     NSRange range{2, 12};
@@ -107,7 +107,7 @@ TEST(CalendarDateFormat, ReportsHowFarItRead)
     EXPECT_EQ(value.toDateTime(), QDateTime(QDate(2008, 3, 5), QTime(), newYork()));
 }
 
-TEST(CalendarDateFormat, UsesTheNamesThatWereSet)
+TEST(NSDateFormatterCalendar, UsesTheNamesThatWereSet)
 {
     OldFormatter formatter(u"%p %b");
     formatter.setAMSymbol(u"vorm."_s);
@@ -117,7 +117,7 @@ TEST(CalendarDateFormat, UsesTheNamesThatWereSet)
     EXPECT_EQ(formatter.PMSymbol(), u"nachm.");
 }
 
-TEST(CalendarDateFormat, SurvivesHostileTextsAndPatterns)
+TEST(NSDateFormatterCalendar, SurvivesHostileTextsAndPatterns)
 {
     const OldFormatter formatter(u"%A %d %B %Y %Z");
     for (const QString &text : hostileTexts()) {
@@ -128,7 +128,7 @@ TEST(CalendarDateFormat, SurvivesHostileTextsAndPatterns)
     }
 }
 
-TEST(CalendarDateFormat, MakesCalendarDates)
+TEST(NSDateFormatterCalendar, MakesCalendarDates)
 {
     OldFormatter formatter(u"%m/%d/%y");
     EXPECT_TRUE(formatter.generatesCalendarDates());
