@@ -4,6 +4,7 @@
 #include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "Formatters/FormatterSupport.h"
+#include "support/EnvironmentGuard.h"
 #include "support/TestSupport.h"
 
 #include <QTimeZone>
@@ -69,13 +70,13 @@ TEST(NSDate_KTAdditions, AnswersWhatTheTableSays)
         SCOPED_TRACE(row.value(u"op").toString().toStdString() + ' ' +
                      std::to_string(row.value(u"args")[u"t"].toDouble()) + ' ' +
                      row.value(u"tz").toString().toStdString());
-        const MachineZone zone(row.value(u"tz").toString().toUtf8());
+        const EnvironmentGuard zone("TZ", row.value(u"tz").toString().toUtf8());
         EXPECT_EQ(answerOf(row.value(u"op").toString(), row.value(u"args").toObject()),
                   row.value(u"out").toDouble());
     }
 }
 
-TEST(NSDate_KTAdditions, HeaderExample)
+TEST(NSDate_KTAdditions, RunsItsExample)
 {
     const QDateTime now = local(2008, 3, 5, 13, 45, 30).addMSecs(750);
     EXPECT_EQ(KTAdditions::beginningOfDay(now), local(2008, 3, 5));
@@ -104,7 +105,7 @@ TEST(NSDate_KTAdditions, NegativeAmountsMoveBackwards)
 
 TEST(NSDate_KTAdditions, TakesDaysOf23And25Hours)
 {
-    const MachineZone zone("America/New_York");
+    const EnvironmentGuard zone("TZ", "America/New_York");
     for (const auto &[day, hours] :
          {std::pair(local(2008, 3, 9, 12), 23), std::pair(local(2008, 11, 2, 12), 25)}) {
         const QDateTime begin = KTAdditions::beginningOfDay(day);
@@ -118,7 +119,7 @@ TEST(NSDate_KTAdditions, TakesDaysOf23And25Hours)
 
 TEST(NSDate_KTAdditions, DaysWithoutMidnightBeginLater)
 {
-    const MachineZone zone("America/Sao_Paulo");
+    const EnvironmentGuard zone("TZ", "America/Sao_Paulo");
     // Summer time began at midnight, so that the day begins at one o'clock.
     const QDateTime noon = local(2008, 10, 19, 12);
     const QDateTime begin = KTAdditions::beginningOfDay(noon);
@@ -133,7 +134,7 @@ TEST(NSDate_KTAdditions, DaysWithTwoMidnightsBeginAndEndOnce)
          {std::tuple("America/Havana", 2008, 10, 26), std::tuple("Asia/Amman", 2000, 9, 29),
           std::tuple("Atlantic/Azores", 2000, 10, 29), std::tuple("Asia/Gaza", 2004, 10, 1)}) {
         SCOPED_TRACE(name);
-        const MachineZone zone(name);
+        const EnvironmentGuard zone("TZ", name);
         const QDateTime begin = KTAdditions::beginningOfDay(local(year, month, day, 12));
         const QDateTime end = KTAdditions::endOfDay(local(year, month, day, 12));
         EXPECT_EQ(begin.secsTo(end), 25 * 3600 - 1);

@@ -3,7 +3,6 @@
 #include <KTUtility/NSCalendar>
 #include <KTUtility/NSLocale>
 
-#include <QByteArray>
 #include <QDateTime>
 #include <QString>
 
@@ -33,26 +32,6 @@ std::unique_ptr<Formatter> formatterIn(const QString &locale)
     formatter->setLocale(NSLocale(locale));
     return formatter;
 }
-
-/// The machine's zone for the length of a test.
-class MachineZone
-{
-public:
-    explicit MachineZone(const QByteArray &zone) : _before(qgetenv("TZ")) { set(zone); }
-    ~MachineZone() { set(_before); }
-    MachineZone(const MachineZone &) = delete;
-    MachineZone &operator=(const MachineZone &) = delete;
-
-private:
-    static void set(const QByteArray &zone)
-    {
-        qputenv("TZ", zone);
-        tzset();
-        NSCalendar::resetSystemTimeZone();
-    }
-
-    QByteArray _before;
-};
 
 /// "2008-03-04T17:30:00" in the machine's zone; "NO" for an invalid date.
 inline QString wallTime(const QDateTime &date)

@@ -3,6 +3,7 @@
 #include <KTUtility/KTLoggerComponents>
 
 #include "FormatterSupport.h"
+#include "support/EnvironmentGuard.h"
 #include "support/TestSupport.h"
 
 #include <QJsonArray>
@@ -125,7 +126,7 @@ TEST(KTDateTimeFormatterReading, ReadsAsTheTableSays)
     int otherwise = 0;
     for (const QJsonObject &row : rowsOf(u"formatters/date_cascade.jsonl"_s)) {
         const bool isBerlin = row[u"ctx"].toString() == u"berlin";
-        const MachineZone zone(isBerlin ? "Europe/Berlin" : "America/New_York");
+        const EnvironmentGuard zone("TZ", isBerlin ? "Europe/Berlin" : "America/New_York");
         const QString locale = row[u"locale"].toString();
         const auto formatter = formatterIn<KTDateTimeFormatter>(locale);
         const QJsonObject texts = row[u"cells"].toObject();

@@ -1,6 +1,7 @@
 #include <KTUtility/NSCalendar>
 #include <KTUtility/Platform/Values/UTC_p.h>
 
+#include "support/EnvironmentGuard.h"
 #include "support/TestSupport.h"
 
 #include <random>
@@ -26,20 +27,6 @@ QDateTime utc(const char *text)
 constexpr NSCalendarUnits AllUnits = NSDateCalendarUnits | NSTimeCalendarUnits |
                                      NSWeekCalendarUnit | NSWeekdayCalendarUnit |
                                      NSWeekdayOrdinalCalendarUnit;
-
-/// Back to the pinned environment, however a test ends.
-struct ZoneGuard
-{
-    explicit ZoneGuard(const char *zone) { qputenv("TZ", zone); }
-    ~ZoneGuard()
-    {
-        if (before.isNull())
-            qunsetenv("TZ");
-        else
-            qputenv("TZ", before);
-    }
-    const QByteArray before = qgetenv("TZ");
-};
 } // namespace
 
 TEST(NSCalendar, RunsItsExample)
@@ -215,7 +202,7 @@ TEST(NSCalendar, IsTheLocalesOwn)
 
 TEST(NSCalendar, FollowsTheVariableOfTheZone)
 {
-    const ZoneGuard guard("Asia/Kathmandu");
+    const EnvironmentGuard guard("TZ", "Asia/Kathmandu");
     EXPECT_EQ(NSCalendar::systemTimeZone().id(), "Asia/Kathmandu");
     qputenv("TZ", "Europe/Berlin");
     EXPECT_EQ(NSCalendar::systemTimeZone().id(), "Europe/Berlin");
