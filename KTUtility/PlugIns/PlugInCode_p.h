@@ -1,5 +1,7 @@
 #pragma once
 
+#include <KTUtility/KTUtilityExport.h>
+
 #include <QObject>
 #include <QString>
 
@@ -13,16 +15,18 @@ class NSClass;
 namespace KTPrivate::PlugInCode {
 /// Notifies a class that its bundle was loaded, if it can be notified, and makes an instance of it.
 /// \param error becomes what went wrong if there is no instance.
-std::unique_ptr<QObject> newInstance(const NSClass &principalClass, const NSBundle &bundle,
-                                     QObject *coordinator, QString *error);
+KTUTILITY_EXPORT std::unique_ptr<QObject> newInstance(const NSClass &principalClass,
+                                                      const NSBundle &bundle, QObject *coordinator,
+                                                      QString *error);
 
 /// Notifies a class that its bundle was loaded; the class must be one that can be notified.
-QString tellDidLoad(const NSClass &principalClass, const NSBundle &bundle, QObject *coordinator);
+KTUTILITY_EXPORT QString tellDidLoad(const NSClass &principalClass, const NSBundle &bundle,
+                                     QObject *coordinator);
 
 // These notify a class that is more than a registered one; nothing happens to others, and to null.
 
 /// Its instance is about to be destroyed.
-QString tellWillUnload(const NSClass *principalClass);
+KTUTILITY_EXPORT QString tellWillUnload(const NSClass *principalClass);
 /// Its instance has left the manager.
-QString tellDidUnload(const NSClass *principalClass);
+KTUTILITY_EXPORT QString tellDidUnload(const NSClass *principalClass);
 } // namespace KTPrivate::PlugInCode

@@ -5,6 +5,8 @@ target_sources(KTUtilityTests PRIVATE
     PlugIns/KTPlugInManagerModelTests.cpp
     PlugIns/KTPlugInManagerRoundsTests.cpp
     PlugIns/KTPlugInManagerTests.cpp
+    PlugIns/PlugInCodeTests.cpp
+    PlugIns/PlugInDefaultsTests.cpp
     PlugIns/PlugInSupport.cpp
 )
 
