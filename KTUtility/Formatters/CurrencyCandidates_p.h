@@ -1,5 +1,6 @@
 #pragma once
 
+#include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Text/NSLocale.h>
 
 #include <QString>
@@ -8,10 +9,10 @@
 /// Which currencies a typed text can mean.
 namespace KTPrivate::CurrencyCandidates {
 /// Whether a currency is one that is not offered, or no currency at all.
-bool isRejected(const QString &code);
+KTUTILITY_EXPORT bool isRejected(const QString &code);
 
 /// Those of the common currencies, in their order and without the rejected ones, of which the
 /// code, sign or name in this locale occurs in \a text. No other currency can read a text that
 /// cannot be read as a plain number.
-QStringList of(const NSLocale &locale, const QString &text);
+KTUTILITY_EXPORT QStringList of(const NSLocale &locale, const QString &text);
 } // namespace KTPrivate::CurrencyCandidates

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KTDateFormatterList.h"
+#include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Dates/NSCalendar.h>
 #include <KTUtility/Platform/Text/NSLocale.h>
 
@@ -30,23 +31,23 @@ struct DateFormatterSettings
 namespace DateFormatterLists {
 using Shared = std::shared_ptr<const KTDateFormatterList>;
 
-std::shared_ptr<NSDateFormatter> formatterWithPattern(const DateFormatterSettings &settings,
-                                                      const QString &pattern, bool isLenient);
-std::shared_ptr<NSDateFormatter> formatterWithStyles(const DateFormatterSettings &settings,
-                                                     uint dateStyle, uint timeStyle,
-                                                     bool isLenient);
+KTUTILITY_EXPORT std::shared_ptr<NSDateFormatter>
+formatterWithPattern(const DateFormatterSettings &settings, const QString &pattern, bool isLenient);
+KTUTILITY_EXPORT std::shared_ptr<NSDateFormatter>
+formatterWithStyles(const DateFormatterSettings &settings, uint dateStyle, uint timeStyle,
+                    bool isLenient);
 
 /// New formatters for the locale's own four styles, and for Japan's "3月5日".
-KTDateFormatterList datesOfLocale(const DateFormatterSettings &settings);
-KTDateFormatterList timesOfLocale(const DateFormatterSettings &settings);
+KTUTILITY_EXPORT KTDateFormatterList datesOfLocale(const DateFormatterSettings &settings);
+KTUTILITY_EXPORT KTDateFormatterList timesOfLocale(const DateFormatterSettings &settings);
 
 /// The patterns of an order, then the locale's own.
-Shared dates(const DateFormatterSettings &settings, int order);
-Shared times(const DateFormatterSettings &settings);
+KTUTILITY_EXPORT Shared dates(const DateFormatterSettings &settings, int order);
+KTUTILITY_EXPORT Shared times(const DateFormatterSettings &settings);
 /// ISO 8601 in the Gregorian calendar, whatever the locale's is.
-Shared iso(const DateFormatterSettings &settings);
+KTUTILITY_EXPORT Shared iso(const DateFormatterSettings &settings);
 /// The patterns of \a times behind one for dates.
-Shared datesWithTimes(const DateFormatterSettings &settings, const QString &datePattern,
-                      const Shared &times);
+KTUTILITY_EXPORT Shared datesWithTimes(const DateFormatterSettings &settings,
+                                       const QString &datePattern, const Shared &times);
 } // namespace DateFormatterLists
 } // namespace KTPrivate

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <KTUtility/KTUtilityExport.h>
+
 #include <QString>
 #include <QStringList>
 
@@ -10,24 +12,24 @@ namespace KTPrivate::DatePatterns {
 enum Order { MonthDayYear = 0, DayMonthYear = 1, YearMonthDay = 2, YearDayMonth = 3 };
 
 /// The order in which a pattern has its first two of day, month and year.
-Order orderOf(const QString &pattern);
+KTUTILITY_EXPORT Order orderOf(const QString &pattern);
 
 /// The patterns of dates that are tried where an order is usual; none for an unknown order.
-const QStringList &dates(int order);
+KTUTILITY_EXPORT const QStringList &dates(int order);
 /// The patterns of times.
-const QStringList &times();
+KTUTILITY_EXPORT const QStringList &times();
 /// ISO 8601.
-const QStringList &iso();
+KTUTILITY_EXPORT const QStringList &iso();
 /// Month and day in Japan.
-const QStringList &japanese();
+KTUTILITY_EXPORT const QStringList &japanese();
 
 /// The numeric pattern for an order, as for strftime: "%m/%d/%y".
-QString numeric(int order);
+KTUTILITY_EXPORT QString numeric(int order);
 /// The same for times.
-QString numericTime();
+KTUTILITY_EXPORT QString numericTime();
 
 /// Month and day without year, in words as a country writes them.
-QString monthAndDay(int order, const QString &country);
+KTUTILITY_EXPORT QString monthAndDay(int order, const QString &country);
 /// A pattern with four digits of the year; nil if it has no year or four digits already.
-QString withFourDigitYear(const QString &pattern);
+KTUTILITY_EXPORT QString withFourDigitYear(const QString &pattern);
 } // namespace KTPrivate::DatePatterns

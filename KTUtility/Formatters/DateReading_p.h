@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KTDateFormatterList.h"
+#include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Dates/DateFormatterAccess_p.h>
 
 #include <QDateTime>
@@ -10,7 +11,7 @@
 namespace KTPrivate {
 /// One text on its way through formatters, which are tried one after the other; the first that
 /// takes all of the text wins.
-class DateReading
+class KTUTILITY_EXPORT DateReading
 {
 public:
     /// \a text has to outlive the reading.

@@ -15,7 +15,7 @@
 using namespace Qt::StringLiterals;
 using namespace testing_support;
 
-// Settings and display; reading is tested in KTDateTimeReadingTests.cpp.
+// Settings and display; reading is tested in KTDateTimeFormatterReadingTests.cpp.
 
 namespace {
 /// 5 March 2008, 17:30:15 in New York.
@@ -101,6 +101,37 @@ TEST(KTDateTimeFormatter, LeavesTheYearOut)
         EXPECT_EQ(formatter->getMonthAndDayFormat(), pattern);
         formatter->setDisplayYear(true);
         EXPECT_EQ(formatter->getMonthAndDayFormat(), QString());
+    }
+}
+
+TEST(KTDateTimeFormatter, MakesFormattersOfItsLocaleAndDefaultDate)
+{
+    struct Row
+    {
+        const char16_t *locale;
+        uint dateStyle;
+        uint timeStyle;
+        const char16_t *pattern;
+    };
+    const Row rows[] = {
+        {u"en_US", NSDateFormatterShortStyle, NSDateFormatterNoStyle, u"M/d/yy"},
+        {u"en_US", NSDateFormatterNoStyle, NSDateFormatterShortStyle, u"h:mm a"},
+        {u"en_US", NSDateFormatterShortStyle, NSDateFormatterShortStyle, u"M/d/yy h:mm a"},
+        {u"de_DE", NSDateFormatterLongStyle, NSDateFormatterNoStyle, u"d. MMMM y"},
+        {u"ja_JP", NSDateFormatterLongStyle, NSDateFormatterNoStyle, u"y年M月d日"},
+    };
+    for (const Row &row : rows) {
+        const auto formatter = formatterIn<KTDateTimeFormatter>(QString::fromUtf16(row.locale));
+        for (const bool isLenient : {false, true}) {
+            const auto made =
+                formatter->formatterWithDateStyle(row.dateStyle, row.timeStyle, isLenient);
+            EXPECT_EQ(made->dateFormat(), row.pattern);
+            EXPECT_EQ(made->isLenient(), isLenient);
+            EXPECT_EQ(made->locale(), formatter->locale());
+            EXPECT_EQ(made->defaultDate(), formatter->defaultDate());
+            EXPECT_NE(made,
+                      formatter->formatterWithDateStyle(row.dateStyle, row.timeStyle, isLenient));
+        }
     }
 }
 

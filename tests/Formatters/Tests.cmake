@@ -1,4 +1,8 @@
 target_sources(KTUtilityTests PRIVATE
+    Formatters/CurrencyCandidatesTests.cpp
+    Formatters/DateFormatterListsTests.cpp
+    Formatters/DatePatternsTests.cpp
+    Formatters/DateReadingTests.cpp
     Formatters/FormatterLocaleTests.cpp
     Formatters/FormatterRoundTripTests.cpp
     Formatters/KTCurrencyFormatterTests.cpp
@@ -13,4 +17,5 @@ target_sources(KTUtilityTests PRIVATE
     Formatters/KTPhoneNumberFormatterModelTests.cpp
     Formatters/KTPhoneNumberFormatterTests.cpp
     Formatters/KTTimeFormatterTests.cpp
+    Formatters/TodayTests.cpp
 )

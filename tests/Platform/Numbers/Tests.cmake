@@ -5,4 +5,5 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Numbers/NSNumberFormatterSettingsTests.cpp
     Platform/Numbers/NSNumberFormatterTableTests.cpp
     Platform/Numbers/NSNumberFormatterTests.cpp
+    Platform/Numbers/NumberPatternTests.cpp
 )
