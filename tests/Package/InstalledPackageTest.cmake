@@ -3,9 +3,9 @@
 #   cmake -DBUILD=<build tree> -DSOURCE=<this folder> -DGENERATOR=<generator> -DWORK=<folder> -P …
 function(run)
     execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output
-        ERROR_VARIABLE output OUTPUT_STRIP_TRAILING_WHITESPACE)
+        ERROR_VARIABLE errors OUTPUT_STRIP_TRAILING_WHITESPACE)
     if(NOT result EQUAL 0)
-        message(FATAL_ERROR "${ARGN}\n${output}")
+        message(FATAL_ERROR "${ARGN}\n${output}\n${errors}")
     endif()
     set(output "${output}" PARENT_SCOPE)
 endfunction()
@@ -19,8 +19,11 @@ run("${CMAKE_COMMAND}" -S "${SOURCE}/consumer" -B "${WORK}/build" -G "${GENERATO
 run("${CMAKE_COMMAND}" --build "${WORK}/build")
 
 file(MAKE_DIRECTORY "${WORK}/home")
-run("${CMAKE_COMMAND}" -E env "HOME=${WORK}/home" --unset=XDG_DATA_HOME "${WORK}/build/consumer")
-if(NOT output STREQUAL "Field 1 kt_field1 greetings")
+run("${CMAKE_COMMAND}" -E env "HOME=${WORK}/home" --unset=XDG_DATA_HOME QT_QPA_PLATFORM=offscreen
+    "${WORK}/build/consumer")
+# Names and a plug-in, a formatter and a setting, and the resources that lie beside the library.
+if(NOT output STREQUAL
+        "Field 1 kt_field1 greetings\n(212) 555-0106 blue\nbadge knob display")
     message(FATAL_ERROR "The consumer printed: ${output}")
 endif()
 
