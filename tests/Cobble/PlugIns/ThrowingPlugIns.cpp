@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 // Plug-ins that load, and then fail in every way that C++ has.
 
-/// Throws what is no std::exception; for files named ".fails", one.
+/// Throws what is no std::exception; for files named ".fails", one; ".quiet" fails without a word.
 class ThrowingExporter : public QObject, public CobbleExporter
 {
     Q_OBJECT
@@ -19,11 +19,13 @@ public:
     static void pluginWillUnload() {}
     static void pluginDidUnload() {}
 
-    QStringList fileTypes() const override { return {u"throws"_s, u"fails"_s}; }
+    QStringList fileTypes() const override { return {u"throws"_s, u"fails"_s, u"quiet"_s}; }
     bool exportRecords(CobbleRecordSource &, const QString &fileType, QIODevice *to,
                        QString *) override
     {
         to->write("half");
+        if (fileType == u"quiet")
+            return false;
         if (fileType == u"fails")
             throw std::runtime_error("no paper");
         throw 42;

@@ -68,12 +68,37 @@ TEST_F(ThrowingPlugInsTests, ExportersFailAloneAndLeaveNoFile)
     EXPECT_FALSE(QFile::exists(tree.path(u"out.throws"_s)));
 }
 
+TEST_F(ThrowingPlugInsTests, ExportersThatFailLeaveTheOldFile)
+{
+    import(u"Names.csv"_s, "Name\nAnn\n");
+    struct Row
+    {
+        QString name;
+        QString reason;
+    };
+    const Row rows[] = {
+        {u"out.quiet"_s, u"the exporter failed\n"_s},
+        {u"out.fails"_s, u"the exporter failed: no paper\n"_s},
+        {u"new.quiet"_s, u"the exporter failed\n"_s},
+    };
+    tree.add(u"out.quiet"_s, "old");
+    tree.add(u"out.fails"_s, "old");
+    const QJsonObject before = tree.contents();
+    for (const Row &row : rows) {
+        const CommandResult result = exportTo(row.name);
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_EQ(result.errors, QString(u"cobble: " + tree.path(row.name) + u": " + row.reason));
+        // Nor is there a half-written one beside it.
+        EXPECT_EQ(tree.contents(), before);
+    }
+}
+
 TEST_F(ThrowingPlugInsTests, OneThatCannotSayItsTypesHasNone)
 {
     import(u"Names.csv"_s, "Name\nAnn\n");
     EXPECT_EQ(exportTo(u"out.csv"_s).exitCode, 0);
     EXPECT_EQ(PlugIns().exportedTypes(),
-              QStringList({u"csv"_s, u"fails"_s, u"json"_s, u"throws"_s}));
+              QStringList({u"csv"_s, u"fails"_s, u"json"_s, u"quiet"_s, u"throws"_s}));
 }
 
 TEST_F(ThrowingPlugInsTests, ImportersFailAlone)
