@@ -1,0 +1,188 @@
+#include "Import/ImportFile.h"
+
+#include "support/FileTree.h"
+#include "support/TestSupport.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+using testing_support::FileTree;
+
+namespace {
+class ImportFileTests : public testing::Test
+{
+protected:
+    ImportFileTests()
+    {
+        testing_support::needApplication();
+        testing_support::useFreshHome();
+        request.libraryName = u"People"_s;
+        request.bundle = KTDatabaseBundle(tree.path(u"b.cobbledb"_s));
+    }
+
+    Outcome<ImportFile> read(const QString &name, const QByteArray &contents)
+    {
+        tree.add(name, contents);
+        request.path = tree.path(name);
+        return ImportFile::read(request);
+    }
+
+    /// The names of the libraries in the bundle.
+    QStringList libraryNames() const
+    {
+        QStringList names;
+        const auto store = LibraryStore::open(request.bundle, LibraryStore::Mode::Existing);
+        const auto libraries = store ? (*store)->libraries().valueOr({}) : QList<Library>();
+        for (const Library &library : libraries)
+            names += library.name;
+        return names;
+    }
+
+    FileTree tree;
+    ImportRequest request;
+};
+
+/// The texts of the fields of the first row.
+QStringList firstRowOf(const ImportFile &file)
+{
+    QStringList first;
+    file.rows->whileRows([&first](qint64, const QStringList &fields) {
+        first = fields;
+        return false;
+    });
+    return first;
+}
+} // namespace
+
+TEST_F(ImportFileTests, RunsItsExample)
+{
+    const auto file = read(u"people.csv"_s, "Name,Age\nAnn,5\nBob,6\n");
+    ASSERT_TRUE(file) << file.reason().toStdString();
+    EXPECT_EQ(file->schema.libraryName, u"People");
+    EXPECT_EQ(file->schema.columns.size(), 2);
+    EXPECT_EQ(file->folder, tree.root());
+    EXPECT_EQ(file->extracted, nullptr);
+    const auto stored = file->store(request);
+    ASSERT_TRUE(stored) << stored.reason().toStdString();
+    EXPECT_EQ(stored->recordCount, 2);
+    EXPECT_EQ(stored->library.name, u"People");
+    EXPECT_EQ(stored->values.columns[1].typeName, u"number");
+    EXPECT_EQ(libraryNames(), QStringList(u"People"_s));
+}
+
+TEST_F(ImportFileTests, ItsExtensionSaysHowItIsRead)
+{
+    struct Row
+    {
+        QString name;
+        QByteArray contents;
+        QStringList headers;
+        QStringList firstRow;
+    };
+    const Row rows[] = {
+        {u"a.csv"_s, "a,b\n1,2\n", {u"a"_s, u"b"_s}, {u"1"_s, u"2"_s}},
+        {u"a.TSV"_s, "a\tb\n1\t2\n", {u"a"_s, u"b"_s}, {u"1"_s, u"2"_s}},
+        {u"a.txt"_s, "a;b\n1;2\n", {u"a"_s, u"b"_s}, {u"1"_s, u"2"_s}},
+        {u"plain"_s, "a,b\n1,2\n", {u"a"_s, u"b"_s}, {u"1"_s, u"2"_s}},
+        // Nobody reads such files, so that they are tried as separated texts.
+        {u"a.none"_s, "a,b\n1,2\n", {u"a"_s, u"b"_s}, {u"1"_s, u"2"_s}},
+        {u"ä ö.csv"_s, "ä,日\nß,本\n", {u"ä"_s, u"日"_s}, {u"ß"_s, u"本"_s}},
+    };
+    for (const Row &row : rows) {
+        const auto file = read(row.name, row.contents);
+        ASSERT_TRUE(file) << row.name.toStdString() << ": " << file.reason().toStdString();
+        EXPECT_EQ(file->rows->headers(), row.headers) << row.name.toStdString();
+        EXPECT_EQ(firstRowOf(*file), row.firstRow) << row.name.toStdString();
+    }
+}
+
+TEST_F(ImportFileTests, TheRequestMaySayTheSeparator)
+{
+    request.separator = u'|';
+    const auto file = read(u"a.csv"_s, "a,b|c\n1,2|3\n");
+    ASSERT_TRUE(file);
+    EXPECT_EQ(file->rows->separator(), u'|');
+    EXPECT_EQ(file->rows->headers(), QStringList({u"a,b"_s, u"c"_s}));
+}
+
+TEST_F(ImportFileTests, ColumnsOfMediaAreNamedByTheirHeaders)
+{
+    request.mediaHeaders = QStringList{u"Picture"_s};
+    const auto file = read(u"a.csv"_s, "Name,Picture\nAnn,a.png\n");
+    ASSERT_TRUE(file);
+    EXPECT_EQ(file->settings.types.value(1), FieldType::Media);
+    EXPECT_FALSE(file->settings.types.contains(0));
+    for (const QString &header : {u"picture"_s, u""_s, u"Pictur"_s}) {
+        request.mediaHeaders = QStringList{header};
+        EXPECT_EQ(ImportFile::read(request).reason(),
+                  QString(u"there is no column '" + header + u"'"));
+    }
+}
+
+TEST_F(ImportFileTests, MediaAreFoundFromTheFilesFolderOn)
+{
+    tree.add(u"folder/a.png"_s);
+    const auto file = read(u"folder/a.csv"_s, "Name,Picture\nAnn,a.png\n");
+    ASSERT_TRUE(file);
+    EXPECT_EQ(file->folder, tree.path(u"folder"_s));
+    EXPECT_TRUE(file->settings.isMedia(u"a.png"_s));
+    EXPECT_FALSE(file->settings.isMedia(u"b.png"_s));
+    EXPECT_FALSE(file->settings.isMedia(QString()));
+}
+
+TEST_F(ImportFileTests, WhatCannotBeReadIsSaid)
+{
+    request.path = tree.path(u"none.csv"_s);
+    EXPECT_EQ(ImportFile::read(request).reason(), u"No such file or directory");
+    request.path = tree.root();
+    EXPECT_FALSE(ImportFile::read(request));
+    EXPECT_FALSE(read(u"empty.csv"_s, ""));
+    const QByteArray wide = QByteArray("x,").repeated(2000) + "\n";
+    EXPECT_EQ(read(u"wide.csv"_s, wide).reason(),
+              u"line 1 has 2001 columns, more than the 1999 that a library can have");
+}
+
+TEST_F(ImportFileTests, ALongFileIsStoredWhole)
+{
+    const auto file = read(u"a.csv"_s, "Name\n" + QByteArray("Ann\n").repeated(20'000));
+    ASSERT_TRUE(file);
+    EXPECT_EQ(file->rows->rowCount(), 20'000);
+    const auto stored = file->store(request);
+    ASSERT_TRUE(stored) << stored.reason().toStdString();
+    EXPECT_EQ(stored->recordCount, 20'000);
+}
+
+TEST_F(ImportFileTests, StoringTwiceMakesTwoLibrariesUnlessOneIsReplaced)
+{
+    const auto file = read(u"a.csv"_s, "Name\nAnn\n");
+    ASSERT_TRUE(file);
+    ASSERT_TRUE(file->store(request));
+    ASSERT_TRUE(file->store(request));
+    EXPECT_EQ(libraryNames(), QStringList({u"People"_s, u"People 1"_s}));
+    request.replaces = true;
+    const auto stored = file->store(request);
+    ASSERT_TRUE(stored);
+    EXPECT_EQ(stored->library.name, u"People");
+    EXPECT_EQ(libraryNames().size(), 2);
+}
+
+TEST_F(ImportFileTests, AllOfItIsStoredOrNothing)
+{
+    auto file = read(u"a.csv"_s, "Name\nAnn\nBob\n");
+    ASSERT_TRUE(file);
+    file->settings.progress = [](qint64 row, qint64) { return row < 2; };
+    const auto stored = file->store(request);
+    EXPECT_FALSE(stored);
+    EXPECT_TRUE(stored.isCancelled());
+    EXPECT_EQ(tree.contents().keys(), QStringList(u"a.csv"_s));
+}
+
+TEST_F(ImportFileTests, AnotherImportIsWaitedForOnlySoLong)
+{
+    const auto file = read(u"a.csv"_s, "Name\nAnn\n");
+    ASSERT_TRUE(file);
+    const auto other = ImportTransaction::begin(request.bundle);
+    ASSERT_TRUE(other);
+    EXPECT_FALSE(file->store(request, 0));
+    EXPECT_TRUE(libraryNames().isEmpty());
+}
