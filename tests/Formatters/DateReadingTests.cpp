@@ -166,10 +166,10 @@ TEST(DateReading, ABareHourIsDigitsThatThePatternForHoursTook)
         bool isBare;
     };
     const Row rows[] = {
-        {u"5pm"_s, u"ha"_s, false},
-        {u"5"_s, u"H"_s, false},
-        {u"5:30"_s, u"H:m"_s, false},
-        {u"x"_s, u"ha"_s, false},
+        {u"5"_s, u"ha"_s, true},      {u"12"_s, u"ha"_s, true},    {u" 5"_s, u"ha"_s, true},
+        {u"5:"_s, u"ha"_s, true},     {u"5 x"_s, u"ha"_s, false},  {u"13"_s, u"ha"_s, false},
+        {u"5pm"_s, u"ha"_s, false},   {u"5 PM"_s, u"ha"_s, false}, {u"5"_s, u"H"_s, false},
+        {u"5:30"_s, u"H:m"_s, false}, {u"x"_s, u"ha"_s, false},
     };
     for (const Row &row : rows) {
         Typed typed(row.text);
