@@ -4,11 +4,13 @@
 #include "FileOperations_p.h"
 #include "FileRemoval_p.h"
 #include "FileRename_p.h"
+#include "NSFileHandle.h"
 #include "NSPathUtilities.h"
 
 #include <QDir>
 #include <QFile>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -26,7 +28,13 @@ bool NSFileManager::fileExistsAtPath(const QString &path, bool *isDirectory)
 
 bool NSFileManager::isReadableFileAtPath(const QString &path)
 {
-    return canBePath(path) && ::access(QFile::encodeName(path).constData(), R_OK) == 0;
+    if (!canBePath(path))
+        return false;
+    const QByteArray name = QFile::encodeName(path);
+    // A question that fails is no answer: whoever takes a readable file for an unreadable one may
+    // take its permissions away.
+    return ::access(name.constData(), R_OK) == 0 ||
+           NSFileHandle(openFile(name, O_RDONLY | O_NONBLOCK)).fileDescriptor() >= 0;
 }
 
 bool NSFileManager::setPosixPermissions(const QString &path, unsigned permissions)
