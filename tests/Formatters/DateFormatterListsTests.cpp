@@ -16,7 +16,8 @@ namespace {
 /// The settings of a date field, in a locale and its own calendar.
 DateFormatterSettings settingsIn(const QString &locale)
 {
-    DateFormatterSettings settings{.locale = NSLocale(locale), .calendar = NSCalendar()};
+    DateFormatterSettings settings;
+    settings.locale = NSLocale(locale);
     settings.calendar = NSCalendar::calendarOfLocale(settings.locale);
     settings.today = QDateTime(QDate(2008, 2, 20), QTime(17, 0), UTC);
     return settings;

@@ -13,7 +13,8 @@ using namespace testing_support;
 namespace {
 std::shared_ptr<NSDateFormatter> formatterOf(const QString &pattern)
 {
-    const DateFormatterSettings settings{.locale = NSLocale(u"en_US"_s), .calendar = NSCalendar()};
+    DateFormatterSettings settings;
+    settings.locale = NSLocale(u"en_US"_s);
     return DateFormatterLists::formatterWithPattern(settings, pattern, false);
 }
 
