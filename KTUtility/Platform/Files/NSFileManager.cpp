@@ -4,13 +4,11 @@
 #include "FileOperations_p.h"
 #include "FileRemoval_p.h"
 #include "FileRename_p.h"
-#include "NSFileHandle.h"
 #include "NSPathUtilities.h"
 
 #include <QDir>
 #include <QFile>
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -31,10 +29,10 @@ bool NSFileManager::isReadableFileAtPath(const QString &path)
     if (!canBePath(path))
         return false;
     const QByteArray name = QFile::encodeName(path);
-    // A question that fails is no answer: whoever takes a readable file for an unreadable one may
-    // take its permissions away.
-    return ::access(name.constData(), R_OK) == 0 ||
-           NSFileHandle(openFile(name, O_RDONLY | O_NONBLOCK)).fileDescriptor() >= 0;
+    const auto isGranted = [&name] { return ::access(name.constData(), R_OK) == 0; };
+    // A question that fails once is no answer: whoever takes a readable file for an unreadable one
+    // may take its permissions away.
+    return isGranted() || isGranted();
 }
 
 bool NSFileManager::setPosixPermissions(const QString &path, unsigned permissions)
