@@ -2,6 +2,7 @@
 
 #include "TimeZoneRules_p.h"
 #include <KTUtility/Platform/Text/ICU_p.h>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include <unicode/gregocal.h>
 #include <unicode/tzrule.h>
@@ -28,7 +29,7 @@ QString nameOf(const QTimeZone &zone)
 
 QDateTime dateOf(UDate time)
 {
-    return QDateTime::fromMSecsSinceEpoch(qint64(time), QTimeZone::utc());
+    return QDateTime::fromMSecsSinceEpoch(qint64(time), UTC);
 }
 
 icu::InitialTimeZoneRule *ruleOf(const TimeZoneRules::Offset &offset, const icu::UnicodeString &id)
@@ -74,7 +75,7 @@ int32_t ICUTimeZone::getOffset(uint8_t era, int32_t year, int32_t month, int32_t
                                int32_t milliseconds, int32_t, UErrorCode &status) const
 {
     const int yearOfEra = era == icu::GregorianCalendar::AD ? year : 1 - year;
-    const QDateTime midnight(QDate(yearOfEra, month + 1, day), QTime(0, 0), QTimeZone::utc());
+    const QDateTime midnight(QDate(yearOfEra, month + 1, day), QTime(0, 0), UTC);
     int32_t standard = 0;
     int32_t saving = 0;
     getOffset(double(midnight.toMSecsSinceEpoch() + milliseconds), true, standard, saving, status);

@@ -2,6 +2,7 @@
 
 #include "ICUTimeZone_p.h"
 #include "SystemTimeZone_p.h"
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include <QDateTime>
 #include <QMutex>
@@ -26,7 +27,7 @@ constexpr qint64 Year = 400 * 24 * Hour;
 
 QDateTime dateOf(qint64 instant)
 {
-    return QDateTime::fromMSecsSinceEpoch(instant, QTimeZone::utc());
+    return QDateTime::fromMSecsSinceEpoch(instant, UTC);
 }
 
 /// How much earlier the clock is set in a winter that counts as a deviation from standard time, as
