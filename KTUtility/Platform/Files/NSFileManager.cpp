@@ -32,7 +32,9 @@ bool NSFileManager::isReadableFileAtPath(const QString &path)
     const auto isGranted = [&name] { return ::access(name.constData(), R_OK) == 0; };
     // A question that fails once is no answer: whoever takes a readable file for an unreadable one
     // may take its permissions away.
-    return isGranted() || isGranted();
+    if (isGranted())
+        return true;
+    return isGranted();
 }
 
 bool NSFileManager::setPosixPermissions(const QString &path, unsigned permissions)
