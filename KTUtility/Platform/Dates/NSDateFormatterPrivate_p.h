@@ -4,6 +4,7 @@
 #include "DateLead_p.h"
 #include "DateMatcher_p.h"
 #include "NSDateFormatter.h"
+#include <KTUtility/Platform/Zones/ZoneData_p.h>
 
 #include <optional>
 
@@ -34,8 +35,11 @@ public:
     }
     const KTPrivate::TimeZoneRules &rules() const
     {
-        if (!_rules)
+        if (const unsigned generation = KTPrivate::ZoneData::generation();
+            !_rules || _generation != generation) {
             _rules = &KTPrivate::TimeZoneRules::rulesOf(zone());
+            _generation = generation;
+        }
         return *_rules;
     }
     const KTPrivate::DatePattern &pattern() const
@@ -77,6 +81,7 @@ private:
 
     mutable std::shared_ptr<const KTPrivate::DateEnvironment> _environment;
     mutable const KTPrivate::TimeZoneRules *_rules = nullptr;
+    mutable unsigned _generation = 0; ///< of the data that the rules were made of
     mutable std::shared_ptr<const KTPrivate::DatePattern> _pattern;
     mutable std::optional<bool> _isDecidable;
 };

@@ -1,14 +1,12 @@
 #include "SystemTimeZone_p.h"
 
-#include <QElapsedTimer>
+#include "ZoneData_p.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QMutex>
 #include <QMutexLocker>
 #include <QRegularExpression>
-
-#include <array>
-#include <sys/stat.h>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
@@ -71,26 +69,21 @@ QTimeZone zoneUnknownToQt(const QByteArray &name)
     return name.startsWith('/') ? zoneOfFile(QFile::decodeName(name))
                                 : zoneOfRuleWithoutDates(name);
 }
+
 /// The machine's zone, and what it came from.
 struct SystemZone
 {
     QMutex mutex;
     QByteArray variable;
-    QByteArray fingerprint;
-    QElapsedTimer sinceLook;
+    unsigned generation = 0;
     QTimeZone zone;
 };
-constexpr qint64 MillisecondsBetweenLooks = 60'000;
 
-/// Whether a zone is still that of the machine, which is looked at once a minute.
-bool isStillCurrent(SystemZone &known, const QByteArray &variable)
+/// Whether a zone is still that of the machine.
+bool isStillCurrent(const SystemZone &known, const QByteArray &variable)
 {
-    if (!known.zone.isValid() || known.variable != variable)
-        return false;
-    if (!known.sinceLook.hasExpired(MillisecondsBetweenLooks))
-        return true;
-    known.sinceLook.start();
-    return known.fingerprint == SystemTimeZone::fingerprint();
+    return known.zone.isValid() && known.variable == variable &&
+           known.generation == ZoneData::generation();
 }
 
 SystemZone &systemZone()
@@ -111,19 +104,6 @@ QTimeZone SystemTimeZone::zoneOf(const QByteArray &variable)
     return zone.isValid() ? zone : QTimeZone::utc();
 }
 
-QByteArray SystemTimeZone::fingerprint()
-{
-    struct stat status = {};
-    if (::lstat(MachineZone, &status) != 0)
-        return {};
-    std::array<char, 256> target{};
-    const ssize_t size = ::readlink(MachineZone, target.data(), target.size());
-    return QByteArray(target.data(), std::max<ssize_t>(size, 0)) + ' ' +
-           QByteArray::number(qint64(status.st_ino)) + ' ' +
-           QByteArray::number(qint64(status.st_mtim.tv_sec)) + ' ' +
-           QByteArray::number(qint64(status.st_size));
-}
-
 QTimeZone SystemTimeZone::current()
 {
     SystemZone &known = systemZone();
@@ -132,14 +112,14 @@ QTimeZone SystemTimeZone::current()
     if (isStillCurrent(known, variable))
         return known.zone;
     known.variable = variable;
-    known.fingerprint = fingerprint();
-    known.sinceLook.start();
+    known.generation = ZoneData::generation();
     known.zone = zoneOf(variable);
     return known.zone;
 }
 
 void SystemTimeZone::reset()
 {
+    ZoneData::look();
     SystemZone &known = systemZone();
     const QMutexLocker lock(&known.mutex);
     known.zone = QTimeZone();

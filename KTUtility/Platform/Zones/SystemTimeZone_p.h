@@ -13,13 +13,8 @@ namespace KTPrivate::SystemTimeZone {
 /// the American ones.
 KTUTILITY_EXPORT QTimeZone zoneOf(const QByteArray &variable);
 
-/// What shows that the machine's zone is another one than before: changes with the link or file
-/// that names it.
-KTUTILITY_EXPORT QByteArray fingerprint();
-
-/// The zone of the process, by the variable TZ as it is now. The machine's own is looked at again
-/// once a minute.
+/// The zone of the process, by the variable TZ as it is now, and by the data as ZoneData sees them.
 QTimeZone current();
-/// Looks it up again at its next use.
+/// Looks at the data at once, and the zone up again at its next use.
 void reset();
 } // namespace KTPrivate::SystemTimeZone

@@ -2,6 +2,7 @@
 
 #include "ICUTimeZone_p.h"
 #include "SystemTimeZone_p.h"
+#include "ZoneData_p.h"
 #include <KTUtility/Platform/Values/UTC_p.h>
 
 #include <QDateTime>
@@ -51,6 +52,14 @@ int savingAt(const QTimeZone &zone, const QDateTime &date)
         return std::max(saving, 0);
     return winterTimeAround(zone, date);
 }
+
+/// A zone that was made before the data changed has the old ones.
+QTimeZone asItIsNow(const QTimeZone &zone, unsigned generation)
+{
+    if (generation == 0 || !QTimeZone::isTimeZoneIdAvailable(zone.id()))
+        return zone;
+    return QTimeZone(zone.id());
+}
 } // namespace
 
 TimeZoneRules::TimeZoneRules(const QTimeZone &zone)
@@ -65,24 +74,24 @@ const TimeZoneRules &TimeZoneRules::rulesOf(const QTimeZone &zone)
     // Formatters are made by the dozen, all in one zone.
     struct Last
     {
-        QByteArray id;
+        Key key;
         const TimeZoneRules *rules = nullptr;
     };
     static thread_local Last last;
-    const QByteArray id = zone.id();
-    if (!last.rules || last.id != id)
-        last = {id, &sharedRulesOf(zone, id)};
+    const Key key{zone.id(), ZoneData::generation()};
+    if (!last.rules || last.key != key)
+        last = {key, &sharedRulesOf(zone, key)};
     return *last.rules;
 }
 
-const TimeZoneRules &TimeZoneRules::sharedRulesOf(const QTimeZone &zone, const QByteArray &id)
+const TimeZoneRules &TimeZoneRules::sharedRulesOf(const QTimeZone &zone, const Key &key)
 {
     static QMutex mutex;
-    static std::map<QByteArray, std::unique_ptr<TimeZoneRules>> known;
+    static std::map<Key, std::unique_ptr<TimeZoneRules>> known;
     const QMutexLocker lock(&mutex);
-    std::unique_ptr<TimeZoneRules> &rules = known[id];
+    std::unique_ptr<TimeZoneRules> &rules = known[key];
     if (!rules)
-        rules.reset(new TimeZoneRules(zone));
+        rules.reset(new TimeZoneRules(asItIsNow(zone, key.second)));
     return *rules;
 }
 

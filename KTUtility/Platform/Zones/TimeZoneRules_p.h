@@ -14,7 +14,8 @@
 namespace KTPrivate {
 /// When a time zone is how far from UTC, as the system's data say, remembered.
 ///
-/// Zones are made once per process and are never destroyed; there are only so many. Every thread
+/// Zones are made once per process, and again when the system's data change (ZoneData); they are
+/// never destroyed, as there are only so many. Every thread
 /// keeps the offsets of the seasons that it met last, so that an offset costs a few nanoseconds.
 /// All times are milliseconds since 1970.
 class KTUTILITY_EXPORT TimeZoneRules
@@ -45,7 +46,9 @@ public:
 
 private:
     explicit TimeZoneRules(const QTimeZone &zone);
-    static const TimeZoneRules &sharedRulesOf(const QTimeZone &zone, const QByteArray &id);
+    /// The identifier of a zone, and the generation of its data.
+    using Key = std::pair<QByteArray, unsigned>;
+    static const TimeZoneRules &sharedRulesOf(const QTimeZone &zone, const Key &key);
 
     /// A time from which on an offset holds, until the next such time.
     struct Stretch

@@ -6,8 +6,6 @@
 #include "support/LibcZone.h"
 #include "support/TestSupport.h"
 
-#include <QFileInfo>
-
 #include <filesystem>
 
 using namespace KTPrivate;
@@ -166,10 +164,4 @@ TEST(SystemTimeZone, IsFollowedByCalendarsAndFormatters)
         EXPECT_EQ(fields.hour, 12);
     }
     NSCalendar::resetSystemTimeZone();
-}
-
-TEST(SystemTimeZone, FingerprintIsTheSameWhileNothingChanges)
-{
-    EXPECT_EQ(SystemTimeZone::fingerprint(), SystemTimeZone::fingerprint());
-    EXPECT_EQ(SystemTimeZone::fingerprint().isEmpty(), !QFileInfo(u"/etc/localtime"_s).exists());
 }

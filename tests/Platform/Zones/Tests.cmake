@@ -1,4 +1,5 @@
 target_sources(KTUtilityTests PRIVATE
     Platform/Zones/SystemTimeZoneTests.cpp
     Platform/Zones/TimeZoneRulesTests.cpp
+    Platform/Zones/ZoneDataTests.cpp
 )
