@@ -3,11 +3,17 @@ foreach(room IN LISTS rooms ITEMS PlugIns)
     include("Cobble/${room}/Tests.cmake" OPTIONAL)
 endforeach()
 target_link_libraries(CobbleTests PRIVATE CobbleHost)
-target_compile_definitions(CobbleTests PRIVATE
-    COBBLE_BUNDLE_CONTENTS="${KTUTILITY_BUNDLE_CONTENTS}"
-    COBBLE_EXECUTABLE="$<TARGET_FILE:cobble>"
-    COBBLE_VERSION="${PROJECT_VERSION}"
-    COBBLE_SAMPLES="${PROJECT_SOURCE_DIR}/examples/Cobble/Samples")
+kt_tell_sources(COBBLE_BUNDLE_CONTENTS="${KTUTILITY_BUNDLE_CONTENTS}"
+    Cobble/Commands/ExecutableTests.cpp Cobble/Text/CSVSeparatorTests.cpp)
+kt_tell_sources(COBBLE_EXECUTABLE="$<TARGET_FILE:cobble>"
+    Cobble/Commands/ExecutableTests.cpp Cobble/Commands/GalleryCommandTests.cpp
+    Cobble/Import/LibraryImportTests.cpp)
+kt_tell_sources(COBBLE_VERSION="${PROJECT_VERSION}"
+    Cobble/Commands/CobbleTests.cpp Cobble/Commands/ExecutableTests.cpp
+    Cobble/Window/MainWindowControllerTests.cpp)
+kt_tell_sources(COBBLE_SAMPLES="${PROJECT_SOURCE_DIR}/examples/Cobble/Samples"
+    Cobble/Commands/ExecutableTests.cpp Cobble/Commands/ImportCommandTests.cpp
+    Cobble/Import/LibraryImportTests.cpp)
 
 # They start it.
 add_dependencies(CobbleTests cobble CobbleResources TextExporter VCardImporter)

@@ -2,8 +2,10 @@
 if(TARGET KTUtilityDesigner)
     find_package(Qt6 6.4 REQUIRED COMPONENTS UiPlugin)
     target_sources(KTUtilityTests PRIVATE Designer/KTDesignerCollectionTests.cpp)
-    target_compile_definitions(KTUtilityTests PRIVATE
-        KTUTILITY_DESIGNER_PLUGIN="$<TARGET_FILE:KTUtilityDesigner>")
+    kt_tell_sources(KTUTILITY_DESIGNER_PLUGIN="$<TARGET_FILE:KTUtilityDesigner>"
+        Designer/KTDesignerCollectionTests.cpp)
+    kt_tell_sources(KTUTILITY_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
+        Designer/KTDesignerCollectionTests.cpp)
     target_link_libraries(KTUtilityTests PRIVATE Qt6::UiPlugin Qt6::UiTools)
     add_dependencies(KTUtilityTests KTUtilityDesigner)
 endif()

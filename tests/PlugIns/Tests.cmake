@@ -12,7 +12,7 @@ target_sources(KTUtilityTests PRIVATE
 
 # The plug-ins that the tests load.
 set(test_plugins "${CMAKE_CURRENT_BINARY_DIR}/plugins")
-target_compile_definitions(KTUtilityTests PRIVATE KTUTILITY_TEST_PLUGINS="${test_plugins}")
+kt_tell_sources(KTUTILITY_TEST_PLUGINS="${test_plugins}" PlugIns/PlugInSupport.cpp)
 
 function(kt_add_test_plugin name principal_class identifier source)
     kt_add_plugin(${name}

@@ -22,6 +22,6 @@ kt_add_plugin(ThrowingPlugIns
 kt_configure_target(ThrowingPlugIns)
 set_target_properties(ThrowingPlugIns PROPERTIES AUTOMOC ON)
 target_include_directories(ThrowingPlugIns PRIVATE "${PROJECT_SOURCE_DIR}/examples/Cobble/Sources")
-target_compile_definitions(CobbleTests PRIVATE
-    COBBLE_THROWING_PLUGINS="$<TARGET_FILE:ThrowingPlugIns>")
+kt_tell_sources(COBBLE_THROWING_PLUGINS="$<TARGET_FILE:ThrowingPlugIns>"
+    Cobble/PlugIns/ThrowingPlugInsTests.cpp)
 add_dependencies(CobbleTests ThrowingPlugIns)
