@@ -1,6 +1,7 @@
 #include "Today_p.h"
 
 #include <KTUtility/Platform/Values/UTC_p.h>
+#include <KTUtility/Platform/Values/WallClock_p.h>
 
 using namespace KTPrivate;
 
@@ -33,7 +34,7 @@ KnownDay dayOf(const NSCalendar &calendar, const QTimeZone &zone, qint64 time)
 QDateTime KTPrivate::todayAtNoon(const NSCalendar &calendar)
 {
     thread_local KnownDay known;
-    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    const qint64 now = WallClock::milliseconds();
     const QTimeZone zone = NSCalendar::systemTimeZone();
     if (now < known.begin || now >= known.end || known.zone != zone || known.calendar != calendar)
         known = dayOf(calendar, zone, now);

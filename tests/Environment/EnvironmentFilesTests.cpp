@@ -11,6 +11,7 @@
 #include <KTUtility/NSString_KTNaming>
 #include <KTUtility/NSUserDefaults>
 #include <KTUtility/Platform/Values/UTC_p.h>
+#include <KTUtility/Platform/Values/WallClock_p.h>
 
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
@@ -115,10 +116,10 @@ TEST(EnvironmentFiles, LogLinesHaveEnglishDatesOfTheZonesClock)
     const QString home = testing_support::useFreshHome();
     KTLogger logger;
     logger.setLevelOfComponent(4, kLog_ImportDialog);
-    const QDateTime before = QDateTime::currentDateTimeUtc();
+    const qint64 before = KTPrivate::WallClock::milliseconds();
     logger.logComponent(kLog_ImportDialog, 4, "INFO.cpp", 42, u"%@ %d %.2f %05d %@", u"Iıİi",
                         1234567, 1234.5, -42, 0.5);
-    const QDateTime after = QDateTime::currentDateTimeUtc();
+    const qint64 after = KTPrivate::WallClock::milliseconds();
     const QString line =
         QString::fromUtf8(contentsOf(home + u"/.local/share/Cobble/Logs/cobble.log"));
     constexpr qsizetype DateLength = 28;
@@ -127,8 +128,9 @@ TEST(EnvironmentFiles, LogLinesHaveEnglishDatesOfTheZonesClock)
     const QDateTime clock =
         QLocale::c().toDateTime(line.left(DateLength), u"ddd MMM dd yyyy HH:mm:ss.zzz"_s);
     ASSERT_TRUE(clock.isValid()) << line.toStdString();
-    const auto clockOf = [](const QDateTime &instant) {
-        const QDateTime zoned = instant.toTimeZone(environment_support::zone());
+    const auto clockOf = [](qint64 instant) {
+        const QDateTime zoned =
+            QDateTime::fromMSecsSinceEpoch(instant, environment_support::zone());
         return QDateTime(zoned.date(), zoned.time(), KTPrivate::UTC);
     };
     const QDateTime shown(clock.date(), clock.time(), KTPrivate::UTC);

@@ -35,6 +35,9 @@ constexpr std::array DefaultFields{UCAL_ERA,    UCAL_YEAR,       UCAL_MONTH,    
 /// 1 January 2000, 0:00, as a clock shows it.
 constexpr qint64 LocalDefaultTime = 946'684'800'000;
 
+/// Every calendar has these years, in each version of ICU.
+constexpr double LastYear = 999'999;
+
 int32_t skipWhitespace(const icu::UnicodeString &text, int32_t at)
 {
     while (at < text.length() && DateCharacters::isWhitespaceOfTexts(text.charAt(at)))
@@ -184,7 +187,8 @@ bool DateEngine::parseText(const DatePattern &pattern, const icu::UnicodeString 
     match->length = isMatched ? position.getIndex() : qMax(position.getErrorIndex(), 0);
     if (!isMatched || !readTime(pattern, &match->time))
         return false;
-    return hasFittingYear(pattern, text);
+    return hasFittingYear(pattern, text) && hasFittingNumbers(pattern, text, match) &&
+           hasYearOfTheCalendar(pattern, text);
 }
 
 bool DateEngine::readTime(const DatePattern &pattern, qint64 *time)
@@ -212,19 +216,63 @@ bool DateEngine::hasFittingYear(const DatePattern &pattern, const icu::UnicodeSt
 {
     if (_isLenient || !_environment->isGregorian || pattern.takesYearOf(-1))
         return true;
-    const int32_t start = startOfYear(pattern, text);
+    const int32_t start = startOfField(pattern.beforeYear, text);
     return start < 0 || pattern.takesYearOf(countOfDigits(text, start) - pattern.digitsAfterYear);
 }
 
-/// ICU does not say where it found a field, so what stands before the year is read again.
-int32_t DateEngine::startOfYear(const DatePattern &pattern, const icu::UnicodeString &text)
+/// ICU up to 72 refuses a number that is narrower than "dd"; later versions take it, and then some
+/// pattern further down a list that was meant for the text is never asked.
+bool DateEngine::hasFittingNumbers(const DatePattern &pattern, const icu::UnicodeString &text,
+                                   DateMatch *match)
 {
-    if (pattern.beforeYear.isEmpty())
+    if (_isLenient || !pattern.hasMinimalDigits)
+        return true;
+    for (const DateElement &element : pattern.elements()) {
+        if (element.minimalDigits == 1)
+            continue;
+        const int32_t start = startOfField(pattern.text.left(element.start), text);
+        const int32_t end = endOfPart(pattern.text.left(element.start + element.count), text);
+        if (start < 0 || end < 0 || end - start >= element.minimalDigits)
+            continue;
+        match->length = start;
+        return false;
+    }
+    return true;
+}
+
+/// What is beyond the calendar's end comes out before its beginning in some versions of ICU, as an
+/// error in others. Strict calendars check their limits.
+bool DateEngine::hasYearOfTheCalendar(const DatePattern &pattern, const icu::UnicodeString &text)
+{
+    if (!_isLenient || pattern.yearLetters == 0 || pattern.digitsAfterYear > 0)
+        return true;
+    const int32_t start = startOfField(pattern.beforeYear, text);
+    if (start < 0)
+        return true;
+    icu::Formattable year;
+    icu::ParsePosition position(start);
+    _format->getNumberFormat()->parse(text, year, position);
+    UErrorCode status = U_ZERO_ERROR;
+    const double value = year.getDouble(status);
+    return position.getErrorIndex() >= 0 || (value <= LastYear && value >= -LastYear);
+}
+
+/// ICU does not say where it found a field, so what stands before it is read again.
+int32_t DateEngine::startOfField(const QString &before, const icu::UnicodeString &text)
+{
+    if (before.isEmpty())
         return skipWhitespace(text, 0);
-    _format->applyPattern(ICU::aliasOf(pattern.beforeYear));
+    const int32_t end = endOfPart(before, text);
+    return end < 0 ? end : skipWhitespace(text, end);
+}
+
+/// Where the part of a text ends that \a pattern fits; -1 if it does not.
+int32_t DateEngine::endOfPart(const QString &pattern, const icu::UnicodeString &text)
+{
+    _format->applyPattern(ICU::aliasOf(pattern));
     _patternNumber = 0;
     _calendar->clear();
     icu::ParsePosition position(0);
     _format->parse(text, *_calendar, position);
-    return position.getErrorIndex() < 0 ? skipWhitespace(text, position.getIndex()) : -1;
+    return position.getErrorIndex() < 0 ? position.getIndex() : -1;
 }

@@ -27,6 +27,8 @@ struct DateReading
 ///
 /// It reads as ICU does, except that
 /// - years are as wide as the pattern says (Gregorian calendar, strict);
+/// - so are "dd", "mm", "ss" and some rarer numbers, at least (strict), in every version of ICU;
+/// - years end at 999,999 (lenient);
 /// - "Sep" and "Sept" are one month in English;
 /// - a time that is skipped by a change to summer time is read an hour on;
 /// - the default date is preset as fields, so that a weekday behind a date cannot change it, and
@@ -56,7 +58,11 @@ private:
     bool readTime(const DatePattern &pattern, qint64 *time);
     bool readSkippedTime(qint64 *time);
     bool hasFittingYear(const DatePattern &pattern, const icu::UnicodeString &text);
-    int32_t startOfYear(const DatePattern &pattern, const icu::UnicodeString &text);
+    bool hasFittingNumbers(const DatePattern &pattern, const icu::UnicodeString &text,
+                           DateMatch *match);
+    bool hasYearOfTheCalendar(const DatePattern &pattern, const icu::UnicodeString &text);
+    int32_t startOfField(const QString &before, const icu::UnicodeString &text);
+    int32_t endOfPart(const QString &pattern, const icu::UnicodeString &text);
 
     const std::shared_ptr<const DateEnvironment> _environment;
     const TimeZoneRules &_rules;

@@ -45,6 +45,13 @@ bool isNumberField(char16_t letter, qsizetype count)
            (count < 3 && QStringView(u"MLecqQ").contains(letter));
 }
 
+/// The fields that want as many characters as they have letters. Years, months, hours and the like
+/// take fewer.
+bool wantsAllDigits(char16_t letter)
+{
+    return QStringView(u"dmsADFgruw").contains(letter);
+}
+
 qsizetype endOfRun(QStringView text, qsizetype start)
 {
     qsizetype end = start;
@@ -117,6 +124,8 @@ DatePattern::DatePattern(const QString &pattern)
         at = end;
     }
     leaveAdjacentNumbersToICU();
+    hasMinimalDigits = std::any_of(_elements.begin(), _elements.end(),
+                                   [](const DateElement &one) { return one.minimalDigits > 1; });
     noteLead();
 }
 
@@ -147,8 +156,7 @@ void DatePattern::appendField(qsizetype at, qsizetype end)
     hasMonthName = hasMonthName || kind == ElementKind::MonthName;
     hasDayPeriod = hasDayPeriod || letter == u'b' || letter == u'B';
     hasZone = hasZone || QStringView(u"zZOvVXx").contains(letter);
-    const bool isWide = letter == u'd' || letter == u'm' || letter == u's';
-    _elements.push_back({kind, letter, count, isWide ? count : 1, {}, {}});
+    _elements.push_back({kind, letter, count, wantsAllDigits(letter) ? count : 1, at, {}, {}});
 }
 
 /// Quotes hold letters; two of them are one, inside and outside of quotes.
@@ -185,8 +193,10 @@ void DatePattern::leaveAdjacentNumbersToICU()
     for (size_t index = 1; index < _elements.size(); ++index) {
         DateElement &left = _elements[index - 1];
         DateElement &right = _elements[index];
-        if (isNumber(left) && isNumber(right))
-            left.kind = right.kind = ElementKind::Other;
+        if (!isNumber(left) || !isNumber(right))
+            continue;
+        left.kind = right.kind = ElementKind::Other;
+        left.minimalDigits = right.minimalDigits = 1;
     }
 }
 

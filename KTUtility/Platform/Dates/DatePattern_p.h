@@ -24,9 +24,11 @@ struct DateElement
     Kind kind = Kind::Other;
     char16_t letter = 0;
     int count = 0;
-    /// How many digits a number needs at least. ICU asks for all digits of "dd", "mm" and "ss", but
-    /// not of the others.
+    /// How many characters a number needs at least: all of "dd", "mm" and "ss", and of some rarer
+    /// fields, one of the others. Numbers that share their digits with a neighbour have 1 here.
     int minimalDigits = 1;
+    /// Where it starts in the pattern.
+    qsizetype start = 0;
     /// A literal's characters, and the same as they are looked for: a space is any run of
     /// whitespace.
     QString characters;
@@ -55,6 +57,8 @@ public:
     bool hasDayPeriod = false;
     /// Whether a time zone is read.
     bool hasZone = false;
+    /// Whether some number needs more than one character.
+    bool hasMinimalDigits = false;
 
     // --- The year, if there is one ("y")
 

@@ -2,6 +2,7 @@
 
 #include "DateFields_p.h"
 #include "NaturalLanguageReader_p.h"
+#include <KTUtility/Platform/Values/WallClock_p.h>
 
 #include <QDateTime>
 
@@ -20,7 +21,7 @@ constexpr int MaximalMove = 100'000;
 qint64 now()
 {
     const NaturalLanguageDate::Clock clock = chosenClock.load();
-    return clock ? clock() : QDateTime::currentMSecsSinceEpoch();
+    return clock ? clock() : WallClock::milliseconds();
 }
 
 /// The letters d, m and y in the order of a pattern for strftime, else of the locale.

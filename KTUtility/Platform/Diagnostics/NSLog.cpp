@@ -1,6 +1,7 @@
 #include "NSLog.h"
 
 #include <KTUtility/Platform/Files/NSFileHandle.h>
+#include <KTUtility/Platform/Values/WallClock_p.h>
 
 #include <QDateTime>
 
@@ -12,8 +13,9 @@ using namespace Qt::StringLiterals;
 namespace {
 QString linePrefix()
 {
-    const QString time = QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH:mm:ss.zzz"_s);
-    return time + u' ' + QString::fromLocal8Bit(program_invocation_short_name) + u'[' +
+    const QDateTime now = QDateTime::fromMSecsSinceEpoch(KTPrivate::WallClock::milliseconds());
+    return now.toString(u"yyyy-MM-dd HH:mm:ss.zzz"_s) + u' ' +
+           QString::fromLocal8Bit(program_invocation_short_name) + u'[' +
            QString::number(::getpid()) + u':' + QString::number(::gettid(), 16) + u"] "_s;
 }
 } // namespace

@@ -3,6 +3,7 @@
 #include "TimeZoneRules_p.h"
 #include <KTUtility/Platform/Text/ICU_p.h>
 #include <KTUtility/Platform/Values/UTC_p.h>
+#include <KTUtility/Platform/Values/WallClock_p.h>
 
 #include <unicode/gregocal.h>
 #include <unicode/tzrule.h>
@@ -45,11 +46,6 @@ TimeZoneRules::Offset offsetAtLocalTime(const TimeZoneRules &rules, qint64 local
     const TimeZoneRules::Offset after = rules.fullOffsetAt(instant);
     const int total = int(localTime - instant);
     return {total, std::max(after.saving + total - after.total, 0)};
-}
-
-qint64 now()
-{
-    return QDateTime::currentMSecsSinceEpoch();
 }
 } // namespace
 
@@ -101,7 +97,7 @@ void ICUTimeZone::getOffsetFromLocal(UDate date, UTimeZoneLocalOption, UTimeZone
 
 int32_t ICUTimeZone::getRawOffset() const
 {
-    const TimeZoneRules::Offset offset = _rules->fullOffsetAt(now());
+    const TimeZoneRules::Offset offset = _rules->fullOffsetAt(WallClock::milliseconds());
     return offset.total - offset.saving;
 }
 

@@ -166,6 +166,24 @@ TEST(DatePattern, AsksForDigits)
     EXPECT_EQ(minimum(u"MM"), 1);
     EXPECT_EQ(minimum(u"HH"), 1);
     EXPECT_EQ(minimum(u"yyyy"), 1);
+    EXPECT_EQ(minimum(u"DDD"), 3);
+    EXPECT_EQ(minimum(u"ww"), 2);
+    EXPECT_TRUE(patternOf(u"d MMM y h:mm a").hasMinimalDigits);
+    EXPECT_FALSE(patternOf(u"M/d/yyyy HH:m").hasMinimalDigits);
+    // Neighbours share their digits, of which each gets as many as it has letters.
+    EXPECT_FALSE(patternOf(u"yyyyMMdd").hasMinimalDigits);
+    EXPECT_EQ(minimum(u"ddMM"), 1);
+}
+
+TEST(DatePattern, KnowsWhereFieldsStart)
+{
+    QList<qsizetype> starts;
+    const DatePattern pattern = patternOf(u"d 'of' MMMM, HH:mm");
+    for (const DateElement &element : pattern.elements()) {
+        if (element.kind != Kind::Literal)
+            starts += element.start;
+    }
+    EXPECT_EQ(starts, (QList<qsizetype>{0, 7, 13, 16}));
 }
 
 TEST(DatePattern, IsSharedByItsText)

@@ -145,6 +145,78 @@ TEST(NSDateFormatterReading, IsStrictUnlessLenient)
     EXPECT_EQ(reader(u"M/d/yy", u"2/30/08"), QString());
 }
 
+namespace {
+struct Width
+{
+    const char16_t *pattern;
+    const char16_t *text;
+    const char16_t *read; ///< null if the pattern does not fit
+};
+
+/// By the pattern's widths, whether ICU has to be asked (digits of other scripts, zones, weeks) or not,
+/// and whatever its version would take.
+constexpr Width Widths[] = {
+    {u"M/d/yyyy h:mm:ss a", u"3/4/2008 4:0:11 PM", nullptr},
+    {u"M/d/yyyy h:mm:ss a", u"3/4/2008 4:00:1 PM", nullptr},
+    {u"M/d/yyyy h:mm:ss a", u"3/4/2008 4:00:11 PM", u"2008-03-04 16:00:11"},
+    {u"M/d/yyyy h:mm:ss a", u"3/4/2008 4:０:11 PM", nullptr},
+    {u"M/d/yyyy h:mm:ss a", u"3/4/2008 4:０0:1１ PM", u"2008-03-04 16:00:11"},
+    {u"M/d/yyyy h:m:s a", u"3/4/2008 ４:0:1 PM", u"2008-03-04 16:00:01"},
+    {u"dd.M.yy", u"4.Dec.29", nullptr},
+    {u"dd.M.yy", u"04.Dec.29", u"2029-12-04 00:00:00"},
+    {u"dd.M.yy", u"４.Dec.29", nullptr},
+    {u"d.M.yy", u"４.Dec.29", u"2029-12-04 00:00:00"},
+    {u"dd MM yyyy", u"04 3 2008", u"2008-03-04 00:00:00"},
+    {u"dd MM yyyy", u"０4 ３ 2008", u"2008-03-04 00:00:00"},
+    {u"yyyy-M-d HH:mm z", u"2008-3-4 8:5 EST", nullptr},
+    {u"yyyy-M-d HH:mm z", u"2008-3-4 8:05 EST", u"2008-03-04 08:05:00"},
+    {u"yyyy-M-d HH:mm z", u"2008-3-4 8:  05 EST", u"2008-03-04 08:05:00"},
+    {u"yyyy-M-d HH:mm z", u"2008-3-4 8:  5 EST", nullptr},
+    {u"yyyy DDD", u"2008 64", nullptr},
+    {u"yyyy DDD", u"2008 064", u"2008-03-04 00:00:00"},
+    {u"yyyy D", u"2008 64", u"2008-03-04 00:00:00"},
+    {u"yyyyMMdd", u"20080304", u"2008-03-04 00:00:00"},
+    {u"mm:ss yyyyMMdd", u"0:01 20080304", nullptr},
+};
+} // namespace
+
+TEST(NSDateFormatterReading, WantsAsManyDigitsAsThePattern)
+{
+    Reader reader("en_US");
+    for (const Width &width : Widths) {
+        EXPECT_EQ(reader(width.pattern, width.text),
+                  width.read ? QString::fromUtf16(width.read) : QString())
+            << qPrintable(QString::fromUtf16(width.pattern) + u" <" +
+                          QString::fromUtf16(width.text));
+    }
+    reader.setLenient(true);
+    EXPECT_EQ(reader(u"dd.M.yy", u"4.12.29"), u"2029-12-04 00:00:00");
+    Reader egyptian("ar_EG", "Africa/Cairo");
+    EXPECT_EQ(egyptian(u"yyyy/MM/dd", u"٢٠٠٨/٣/٤"), QString());
+    EXPECT_EQ(egyptian(u"yyyy/MM/dd", u"٢٠٠٨/٣/٠٤"), u"2008-03-04 00:00:00");
+}
+
+TEST(NSDateFormatterReading, SaysWhereANumberIsTooShort)
+{
+    Reader reader("en_US");
+    reader.setDateFormat(u"H:mm z"_s);
+    NSRange range{0, 7};
+    EXPECT_FALSE(reader.getObjectValue(nullptr, u"8:5 EST"_s, &range, nullptr));
+    EXPECT_EQ(range, (NSRange{0, 2}));
+}
+
+TEST(NSDateFormatterReading, HasAnEndOfTheCalendar)
+{
+    Reader reader("en_US");
+    reader.setLenient(true);
+    EXPECT_EQ(reader(u"y", u"999999"), u"999999-01-01 00:00:00");
+    for (const char16_t *const text :
+         {u"1000000", u"20130413", u"204034366", u"1234567890129", u"1E9", u"2０130413"})
+        EXPECT_EQ(reader(u"y", text), QString()) << qPrintable(QString::fromUtf16(text));
+    EXPECT_EQ(reader(u"M/d/y", u"3/4/20130413"), QString());
+    EXPECT_EQ(reader(u"yMMdd", u"20130413"), u"2013-04-13 00:00:00");
+}
+
 TEST(NSDateFormatterReading, MovesTheHundredYears)
 {
     Reader reader("en_US");

@@ -14,4 +14,5 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Values/NSStringValuesTableTests.cpp
     Platform/Values/NSStringValuesTests.cpp
     Platform/Values/VariantKindTests.cpp
+    Platform/Values/WallClockTests.cpp
 )
