@@ -1,5 +1,6 @@
 #include "NSLocale.h"
 
+#include "CommonCurrencies_p.h"
 #include "EnvironmentLocale_p.h"
 
 #include <unicode/ucal.h>
@@ -230,15 +231,10 @@ QString calendarName(const QByteArray &identifier, const QString &calendar)
     });
 }
 
-QStringList readCommonCodes()
+QStringList commonCodes()
 {
-    UErrorCode status = U_ZERO_ERROR;
-    const Enumeration codes(ucurr_openISOCurrencies(UCURR_COMMON | UCURR_NON_DEPRECATED, &status));
-    QStringList result;
-    int32_t length = 0;
-    while (const char *code = uenum_next(codes.get(), &length, &status))
-        result.append(QString::fromLatin1(code, length));
-    return result;
+    return QString::fromLatin1(CommonCurrencies.data(), qsizetype(CommonCurrencies.size()))
+        .split(u' ');
 }
 
 QStringList readAvailableIdentifiers()
@@ -417,7 +413,7 @@ QString NSLocale::displayNameForKey(const QString &key, const QString &value) co
 
 const QStringList &NSLocale::commonISOCurrencyCodes()
 {
-    static const QStringList codes = readCommonCodes();
+    static const QStringList codes = commonCodes();
     return codes;
 }
 

@@ -97,7 +97,8 @@ public:
     /// \return nil for another key and for a currency code that is not three letters.
     QString displayNameForKey(const QString &key, const QString &value) const;
 
-    /// The codes of the currencies in everyday use, in alphabetical order.
+    /// The codes of the currencies in everyday use, in alphabetical order: the same ones on every
+    /// system, so that a typed amount is in the same currency everywhere.
     static const QStringList &commonISOCurrencyCodes();
 
     /// The identifiers of all locales that there is data for, in alphabetical order.

@@ -176,3 +176,16 @@ TEST(NSNumberFormatterReading, ReadsMoneyAsTheTableSays)
     }
     EXPECT_GE(cells, 1500);
 }
+
+TEST(NSNumberFormatterReading, ReadsItsOwnCurrencyWhetherTheSystemKnowsItOrNot)
+{
+    NSNumberFormatter formatter;
+    formatter.setNumberStyle(NSNumberFormatterCurrencyStyle);
+    formatter.setLocale(NSLocale(u"en_US"_s));
+    formatter.setLenient(true);
+    for (const QString &code : {u"XCG"_s, u"ZWG"_s, u"XYZ"_s}) {
+        formatter.setCurrencyCode(code);
+        EXPECT_EQ(formatter.numberFromString(code + u"12.5").toDouble(), 12.5) << qPrintable(code);
+        EXPECT_EQ(formatter.numberFromString(formatter.stringFromNumber(12.5)).toDouble(), 12.5);
+    }
+}
