@@ -1,4 +1,5 @@
-# cmake --install: the library, its headers, its resources, and the package for find_package.
+# cmake --install: the library, its headers, its resources, and what find_package and pkg-config
+# look for.
 include(CMakePackageConfigHelpers)
 
 set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/KTUtility")
@@ -26,3 +27,12 @@ install(FILES "${CMAKE_CURRENT_BINARY_DIR}/KTUtilityConfig.cmake"
               "${PROJECT_SOURCE_DIR}/cmake/KTPlugIn.cmake"
               "${PROJECT_SOURCE_DIR}/cmake/KTPlugInInfo.plist.in"
     COMPONENT KTUtility DESTINATION "${package_folder}")
+
+# For pkg-config. Relative to itself, so that the installed tree can be moved.
+set(pkgconfig_folder "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+file(RELATIVE_PATH to_prefix "/${pkgconfig_folder}" "/")
+string(REGEX REPLACE "/$" "" to_prefix "${to_prefix}")
+configure_file("${PROJECT_SOURCE_DIR}/cmake/KTUtility.pc.in"
+    "${CMAKE_CURRENT_BINARY_DIR}/KTUtility.pc" @ONLY)
+install(FILES "${CMAKE_CURRENT_BINARY_DIR}/KTUtility.pc" COMPONENT KTUtility
+    DESTINATION "${pkgconfig_folder}")

@@ -14,6 +14,8 @@ kt_tell_sources(COBBLE_VERSION="${PROJECT_VERSION}"
 kt_tell_sources(COBBLE_SAMPLES="${PROJECT_SOURCE_DIR}/examples/Cobble/Samples"
     Cobble/Commands/ExecutableTests.cpp Cobble/Commands/ImportCommandTests.cpp
     Cobble/Import/LibraryImportTests.cpp)
+kt_tell_sources(COBBLE_SOURCES="${PROJECT_SOURCE_DIR}/examples/Cobble"
+    Cobble/Commands/CommandDocumentsTests.cpp)
 
 # They start it.
 add_dependencies(CobbleTests cobble CobbleResources TextExporter VCardImporter)

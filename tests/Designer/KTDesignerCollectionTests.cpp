@@ -62,8 +62,7 @@ TEST_F(KTDesignerCollectionTests, MakesEachOfThem)
 TEST_F(KTDesignerCollectionTests, NamesHeadersThatExist)
 {
     for (const QDesignerCustomWidgetInterface *const widget : widgets) {
-        const QString header =
-            QStringLiteral(KTUTILITY_TEST_DATA "/../../") + widget->includeFile();
+        const QString header = QStringLiteral(KTUTILITY_HEADERS "/") + widget->includeFile();
         EXPECT_TRUE(QFileInfo::exists(header)) << header.toStdString();
     }
 }

@@ -4,8 +4,7 @@ if(TARGET KTUtilityDesigner)
     target_sources(KTUtilityTests PRIVATE Designer/KTDesignerCollectionTests.cpp)
     kt_tell_sources(KTUTILITY_DESIGNER_PLUGIN="$<TARGET_FILE:KTUtilityDesigner>"
         Designer/KTDesignerCollectionTests.cpp)
-    kt_tell_sources(KTUTILITY_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
-        Designer/KTDesignerCollectionTests.cpp)
+    kt_tell_sources(KTUTILITY_HEADERS="${KTUTILITY_HEADERS}" Designer/KTDesignerCollectionTests.cpp)
     target_link_libraries(KTUtilityTests PRIVATE Qt6::UiPlugin Qt6::UiTools)
     add_dependencies(KTUtilityTests KTUtilityDesigner)
 endif()

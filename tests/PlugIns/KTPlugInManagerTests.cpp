@@ -111,12 +111,11 @@ TEST(KTPlugInManager, SearchesThreeFolders)
     const QString home = useFreshHome();
     KTPlugInManager manager;
     manager.setSearchFolder(u"Exporters"_s);
-    const QString contents =
-        QDir::cleanPath(QStringLiteral(KTUTILITY_FRAMEWORK_FOLDER) + u"/../.."_s);
+    const QString framework = QStringLiteral(KTUTILITY_FRAMEWORK_FOLDER);
     const QStringList expected = {
         home + u"/.local/share/Cobble/PlugIns/Exporters",
-        contents + u"/PlugIns/Exporters",
-        contents + u"/Frameworks/Cobble.app/Contents/PlugIns/Exporters",
+        QDir::cleanPath(framework + u"/../../PlugIns/Exporters"_s),
+        QDir::cleanPath(framework + u"/../Cobble.app/Contents/PlugIns/Exporters"_s),
     };
     EXPECT_EQ(manager.searchFolders(), expected);
 }

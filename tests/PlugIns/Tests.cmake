@@ -36,10 +36,11 @@ kt_add_test_plugin(EmptyPlugIn Nothing org.example.empty PlugIns/Modules/EmptyPl
 
 # Classes that must not compile, and the one that must, so that the others fail for their reason.
 function(kt_add_compile_test class expected)
-    set(includes "$<TARGET_PROPERTY:Qt6::Core,INTERFACE_INCLUDE_DIRECTORIES>")
+    set(includes "$<TARGET_PROPERTY:KTUtility::KTUtility,INTERFACE_INCLUDE_DIRECTORIES>"
+        "$<TARGET_PROPERTY:Qt6::Core,INTERFACE_INCLUDE_DIRECTORIES>")
     add_test(NAME KTPlugInClass.Compiling${class}
         COMMAND "${CMAKE_CXX_COMPILER}" -std=c++20 -fsyntax-only -fPIC
-            "-I${PROJECT_SOURCE_DIR}" "-I${KTUTILITY_FORWARDING_HEADERS}" "-I$<JOIN:${includes},;-I>" -DPRINCIPAL_CLASS=${class}
+            "-I$<JOIN:${includes},;-I>" -DPRINCIPAL_CLASS=${class}
             "${CMAKE_CURRENT_SOURCE_DIR}/PlugIns/Compiling/PrincipalClasses.cpp"
         COMMAND_EXPAND_LISTS)
     if(expected)

@@ -1,5 +1,6 @@
 target_sources(CobbleTests PRIVATE
     Cobble/Commands/CobbleTests.cpp
+    Cobble/Commands/CommandDocumentsTests.cpp
     Cobble/Commands/ComponentNamesTests.cpp
     Cobble/Commands/ExecutableTests.cpp
     Cobble/Commands/ExportCommandTests.cpp

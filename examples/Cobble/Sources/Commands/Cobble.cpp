@@ -78,6 +78,14 @@ ExitCode runCommand(const QStringList &arguments, CommandContext &context)
 }
 } // namespace
 
+QStringList commandNames()
+{
+    QStringList names;
+    for (const Command &command : Commands)
+        names += command.name.toString();
+    return names;
+}
+
 int runCobble(const QStringList &arguments, QTextStream &out, QTextStream &err, KTLogger *logger,
               bool showsProgress)
 {

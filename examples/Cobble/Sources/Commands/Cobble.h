@@ -21,6 +21,9 @@ class QTextStream;
 int runCobble(const QStringList &arguments, QTextStream &out, QTextStream &err,
               KTLogger *logger = KTLogger::sharedLogger(), bool showsProgress = false);
 
-/// The same for a process: writes to two open descriptors, logs start and end, and counts it as a
+/// What the first argument may be: the names of the commands, and the options that stand alone.
+QStringList commandNames();
+
+/// The same as runCobble() for a process: writes to two open descriptors, logs start and end, and counts it as a
 /// failure, reported on the error output, if results could not be written.
 int runCobbleProcess(const QStringList &arguments, int outputDescriptor, int errorDescriptor);

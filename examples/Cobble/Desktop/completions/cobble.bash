@@ -1,0 +1,70 @@
+# bash completion for cobble: commands, their options, and files where a file belongs.
+
+_cobble() {
+    local current previous
+    current=${COMP_WORDS[COMP_CWORD]}
+    previous=${COMP_WORDS[COMP_CWORD - 1]}
+    if [ "$COMP_CWORD" -eq 1 ]; then
+        mapfile -t COMPREPLY < <(compgen -W 'window import show export media upgrade-copy plugins
+            parse format names log gallery help --help -h --version' -- "$current")
+        return
+    fi
+
+    local options='' files='' texts=''
+    case ${COMP_WORDS[1]} in
+        window) options='--search --locale --bundle --screenshot --sheet' ;;
+        import)
+            options='--library --separator --locale --media --replace --bundle --dry-run'
+            files=1
+            ;;
+        show) options='--locale --limit --bundle' ;;
+        export) options='--to --locale --bundle' ;;
+        media)
+            options='--bundle'
+            texts='list add path delete'
+            [ "${COMP_WORDS[2]}" = add ] && files=1
+            ;;
+        upgrade-copy) options='--bundle' ;;
+        plugins) texts='list enable disable' ;;
+        parse | format)
+            options='--locale --option'
+            texts='number currency duration time date date+time phone'
+            ;;
+        names) ;;
+        log) options='--to --file-line --clear' ;;
+        gallery) options='--screenshot' ;;
+        help | --help | -h | --version) return ;;
+    esac
+
+    local values=''
+    case ${COMP_WORDS[1]}$previous in
+        log--to) values='file console' ;;
+        log--file-line) values='on off' ;;
+        window--sheet) values='import export delete about' ;;
+        import--separator) values='comma semicolon tab pipe space' ;;
+        *--bundle | *--screenshot | export--to)
+            compopt -o filenames
+            mapfile -t COMPREPLY < <(compgen -f -- "$current")
+            return
+            ;;
+        *--search | *--locale | *--library | *--media | *--limit | *--option) return ;;
+    esac
+    if [ -n "$values" ]; then
+        mapfile -t COMPREPLY < <(compgen -W "$values" -- "$current")
+        return
+    fi
+
+    case $current in
+        -*) mapfile -t COMPREPLY < <(compgen -W "$options --help" -- "$current") ;;
+        *)
+            [ "$COMP_CWORD" -eq 2 ] || texts=''
+            mapfile -t COMPREPLY < <(compgen -W "$texts" -- "$current")
+            if [ -n "$files" ]; then
+                compopt -o filenames
+                mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -f -- "$current")
+            fi
+            ;;
+    esac
+}
+
+complete -F _cobble cobble

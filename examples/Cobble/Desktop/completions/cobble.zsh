@@ -1,0 +1,84 @@
+#compdef cobble
+# zsh completion for cobble: commands, their options, and files where a file belongs.
+
+local -a commands
+commands=(
+    'window:open the main window'
+    'import:store a file as a library'
+    'show:print the records of a library, or the libraries'
+    'export:write the records of a library to a file'
+    'media:list, store, find and delete media files'
+    'upgrade-copy:put the bundle aside before an upgrade'
+    'plugins:list, enable and disable exporters and importers'
+    'parse:show what a field reads'
+    'format:show how a field displays a value'
+    'names:show the identifiers made of texts'
+    'log:show and set what is logged'
+    'gallery:draw what the framework draws'
+    'help:show how cobble is used'
+)
+
+local -a bundle locale
+bundle=('--bundle[the database bundle]:bundle:_files -/ -g "*.cobbledb"')
+locale=('--locale[the locale of values]:locale: ')
+
+if (( CURRENT == 2 )); then
+    _describe -t commands command commands
+    _arguments '--help[show how cobble is used]' '-h[show how cobble is used]' \
+        '--version[show the version]'
+    return
+fi
+
+local command=$words[2]
+shift words
+(( CURRENT-- ))
+case $command in
+    window)
+        _arguments $bundle $locale '--search[what to search for]:text: ' \
+            '--screenshot[draw into a file]:file:_files' \
+            '--sheet[a sheet to lie over it]:sheet:(import export delete about)' \
+            '--help[show how cobble is used]' '1:library: '
+        ;;
+    import)
+        _arguments $bundle $locale '--library[the name of the library]:name: ' \
+            '--separator[what separates values]:separator:(comma semicolon tab pipe space)' \
+            '*--media[a column that names files]:header: ' \
+            '--replace[in place of a library of that name]' '--dry-run[store nothing]' \
+            '--help[show how cobble is used]' '1:file:_files'
+        ;;
+    show)
+        _arguments $bundle $locale '--limit[how many records]:number: ' \
+            '--help[show how cobble is used]' '1:library: '
+        ;;
+    export)
+        _arguments $bundle $locale '--to[the file to write]:file:_files' \
+            '--help[show how cobble is used]' '1:library: '
+        ;;
+    media)
+        _arguments $bundle '--help[show how cobble is used]' \
+            '1:action:(list add path delete)' '*:file:_files'
+        ;;
+    upgrade-copy)
+        _arguments $bundle '--help[show how cobble is used]'
+        ;;
+    plugins)
+        _arguments '--help[show how cobble is used]' '1:action:(list enable disable)'
+        ;;
+    parse | format)
+        _arguments $locale '*--option[a setting of the field]:key=value: ' \
+            '--help[show how cobble is used]' \
+            '1:type:(number currency duration time date date+time phone)'
+        ;;
+    names)
+        _arguments '--help[show how cobble is used]' '*:text: '
+        ;;
+    log)
+        _arguments '--to[where messages go]:place:(file console)' \
+            '--file-line[name source lines]:switch:(on off)' \
+            '--clear[switch all components off]' '--help[show how cobble is used]'
+        ;;
+    gallery)
+        _arguments '--screenshot[the folder to draw into]:folder:_files -/' \
+            '--help[show how cobble is used]'
+        ;;
+esac
