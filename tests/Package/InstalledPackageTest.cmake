@@ -1,14 +1,7 @@
 # Installs the framework into a new folder, moves it, builds a small program against it, and runs
 # that program:
 #   cmake -DBUILD=<build tree> -DSOURCE=<this folder> -DGENERATOR=<generator> -DWORK=<folder> -P …
-function(run)
-    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output
-        ERROR_VARIABLE errors OUTPUT_STRIP_TRAILING_WHITESPACE)
-    if(NOT result EQUAL 0)
-        message(FATAL_ERROR "${ARGN}\n${output}\n${errors}")
-    endif()
-    set(output "${output}" PARENT_SCOPE)
-endfunction()
+include("${CMAKE_CURRENT_LIST_DIR}/Run.cmake")
 
 file(REMOVE_RECURSE "${WORK}")
 run("${CMAKE_COMMAND}" --install "${BUILD}" --component KTUtility --prefix "${WORK}/first")
@@ -34,4 +27,19 @@ endif()
 file(READ "${WORK}/home/.local/share/Cobble/Logs/cobble.log" log)
 if(NOT log MATCHES "\\[Schema Manager\\] made Field 1\n$")
     message(FATAL_ERROR "The log holds: ${log}")
+endif()
+
+# What pkg-config says is where things are, and a program that knows nothing else is built with it.
+set(ENV{PKG_CONFIG_PATH} "${WORK}/moved/${LIBDIR}/pkgconfig")
+run(pkg-config --modversion KTUtility)
+if(NOT output STREQUAL VERSION)
+    message(FATAL_ERROR "pkg-config knows the version ${output}, not ${VERSION}")
+endif()
+run(pkg-config --cflags --libs KTUtility)
+separate_arguments(flags UNIX_COMMAND "${output}")
+run("${COMPILER}" -std=c++20 -fPIC "${SOURCE}/consumer/named.cpp" ${flags}
+    "-Wl,-rpath,${WORK}/moved/${LIBDIR}" -o "${WORK}/named")
+run("${WORK}/named" "Date of birth")
+if(NOT output STREQUAL "kt_dateOfBirth")
+    message(FATAL_ERROR "The program built with pkg-config printed: ${output}")
 endif()
