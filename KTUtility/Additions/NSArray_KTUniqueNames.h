@@ -32,6 +32,7 @@ public:
 
     /// A value of an element; what is no text clashes with nothing.
     void seeValue(const QVariant &value);
+    /// A name that is taken already.
     void seeName(QStringView name);
 
     /// The number of the first name that was not seen: 0 for the base itself, else 1, 2, 3 …

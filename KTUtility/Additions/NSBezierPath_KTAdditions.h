@@ -38,8 +38,11 @@ KTUTILITY_EXPORT void linearBlendFromStartColor(const QPainterPath &receiver, QP
 /// The two colours of linearBlendWithColor().
 struct KTBlendColors
 {
+    /// The one at the bottom.
     QColor start;
+    /// The one at the top.
     QColor end;
 };
+/// The colours that linearBlendWithColor() makes of one.
 KTUTILITY_EXPORT KTBlendColors blendColorsOf(const QColor &color);
 } // namespace KTAdditions

@@ -28,10 +28,16 @@ KTUTILITY_EXPORT QDateTime endOfDay(const QDateTime &receiver);
 // The receiver and a number of units, which may be negative. A day that the month reached does not
 // have becomes its last: 31 January and one month is the last day of February.
 
+/// The date that many years later, or earlier for a negative number, in the calendar of the user's
+/// locale and the machine's zone. 29 February becomes the 28th in years that have none.
 KTUTILITY_EXPORT QDateTime dateByAddingYears(const QDateTime &receiver, int years);
+/// The date that many months later or earlier; a day that the month does not have becomes its last.
 KTUTILITY_EXPORT QDateTime dateByAddingMonths(const QDateTime &receiver, int months);
+/// The same time of the day that many days later or earlier.
 KTUTILITY_EXPORT QDateTime dateByAddingDays(const QDateTime &receiver, int days);
+/// The instant that many hours later or earlier.
 KTUTILITY_EXPORT QDateTime dateByAddingHours(const QDateTime &receiver, int hours);
+/// The instant that many seconds later or earlier.
 KTUTILITY_EXPORT QDateTime dateByAddingSeconds(const QDateTime &receiver, int seconds);
 
 /// The time that the user's clock shows, in whole seconds; 0 for an invalid date. On a day with a

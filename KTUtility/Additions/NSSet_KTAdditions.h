@@ -82,6 +82,7 @@ S objectsSatisfyingCondition(const S &set, const NSSelector &selector,
         objectsSatisfyingCondition(Detail::allObjects(set), selector, withObject));
 }
 
+/// The elements for which a method of \a onTarget, given the element and \a withContext, is true.
 template<NSSetOf S, KTPrivate::KeyValueCodable Target>
 S objectsSatisfyingCondition(const S &set, const NSSelector &selector, const Target &onTarget,
                              const QVariant &withContext)
@@ -90,6 +91,7 @@ S objectsSatisfyingCondition(const S &set, const NSSelector &selector, const Tar
         objectsSatisfyingCondition(Detail::allObjects(set), selector, onTarget, withContext));
 }
 
+/// The elements for which a function is true.
 template<NSSetOf S, ConditionOver<typename S::value_type> F>
 S objectsSatisfyingCondition(const S &set, F &&condition)
 {
@@ -105,6 +107,7 @@ NSSet setByPerformingSelector(const S &set, const NSSelector &selector,
     return NSSet(arrayByPerformingSelector(Detail::allObjects(set), selector, withObject));
 }
 
+/// The results of a function, each once: a set of the function's type.
 template<NSSetOf S, FunctionOver<typename S::value_type> F>
 auto setByPerformingSelector(const S &set, F &&function)
 {

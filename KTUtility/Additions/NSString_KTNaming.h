@@ -24,6 +24,7 @@ namespace KTAdditions {
 /// The name of a property: whitespace trimmed, camel case beginning with a small letter,
 /// alphanumerics only. Remembered in the domain "properties" under the trimmed text.
 KTUTILITY_EXPORT QString propertyStringFromString(const QString &string);
+/// The same for a text as the receiver.
 KTUTILITY_EXPORT QString propertyString(const QString &receiver);
 
 /// The name of an entity: the part after the last ".", in camel case beginning with a capital.
@@ -32,12 +33,14 @@ KTUTILITY_EXPORT QString propertyString(const QString &receiver);
 /// Deliberate: this and libraryEntityNameFromString() share that domain, so whichever is asked
 /// first about a text fixes what both return for it for the rest of the process.
 KTUTILITY_EXPORT QString entityStringFromString(const QString &string);
+/// The same for a text as the receiver.
 KTUTILITY_EXPORT QString entityString(const QString &receiver);
 
 /// The name of a library's entity: the part after the last ".", in snake case, with "lib_" before
 /// it unless it begins so; "library" stands for what is empty or not ASCII. Remembered in the
 /// domain "entities"; see entityStringFromString().
 KTUTILITY_EXPORT QString libraryEntityNameFromString(const QString &string);
+/// The same for a text as the receiver.
 KTUTILITY_EXPORT QString libraryEntityName(const QString &receiver);
 
 /// Snake case: the runs of alphanumerics in lower case, joined with "_"; empty if there are none.

@@ -70,8 +70,11 @@ public:
 
     // --- Which bindings of the owner are what; set before binding
 
+    /// The binding whose value is the collection of fields.
     void setFieldsBindingName(const QString &name) { _fieldsBindingName = name; }
+    /// The binding whose object the values are read from, such as a record.
     void setValueSourceBindingName(const QString &name) { _valueSourceBindingName = name; }
+    /// The binding that says, for each field, under which key its value is read.
     void setFieldDetailValuesBindingName(const QString &name)
     {
         _fieldDetailValuesBindingName = name;
@@ -107,6 +110,7 @@ public:
 
     /// What the values are read from; null and nil if nothing is bound.
     QObject *valueSourceObject() const;
+    /// The key path below which the values are read; nil if nothing is bound.
     QString valueSourceKeyPath() const;
 
     /// The collection as it is now.

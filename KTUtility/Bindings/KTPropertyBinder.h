@@ -69,11 +69,14 @@ public:
 
     /// The object that is bound; null if none is, or it is destroyed.
     QObject *observedObject() const { return _observedObject; }
+    /// The key path that is bound; nil if none is.
     const QString &keyPath() const { return _observedKeyPath; }
+    /// What transforms values on their way to the owner and back; null for none.
     const std::shared_ptr<NSValueTransformer> &valueTransformer() const
     {
         return _valueTransformer;
     }
+    /// The options that were given to bind().
     const QVariantMap &bindingOptions() const { return _bindingOptions; }
 
     /// Whether values are copied into the owner, now and when they change. Set it before binding.

@@ -91,10 +91,15 @@ public:
     /// its paths are nil, and it stores nothing.
     explicit KTDatabaseBundle(const QString &bundlePath);
 
+    /// The path of the bundle folder, as it was given.
     const QString &bundlePath() const { return _bundlePath; }
+    /// The path of the database file in the bundle.
     QString databaseFilePath() const;
+    /// The path of the folder that holds the media files.
     QString mediaFolderPath() const;
+    /// The path of the folder "Contents".
     QString _contentsFolderPath() const;
+    /// The path of the folder "Contents/Resources".
     QString _resourcesFolderPath() const;
 
     /// Whether there is a folder at the bundle's path.
@@ -167,8 +172,11 @@ public:
 
     // --- Other names for the last three
 
+    /// The same as isFileNameInMediaFolder().
     bool isFilenameInBundle(const QString &fileName) const;
+    /// The same as filePathFromMediaUrl().
     QString filepathFromBundleURL(const NSURL &url) const;
+    /// The same as deleteFileFromMediaFolder().
     bool deleteFileFromBundle(const QString &fileName) const;
 
 private:

@@ -23,10 +23,15 @@ public:
     /// One caught message.
     struct Entry
     {
+        /// The component that it was logged under.
         QString component;
+        /// The level that it was logged at.
         int level = 0;
+        /// The name of the source file that logged it, without its folder.
         QString file;
+        /// The line of that file.
         int lineNumber = 0;
+        /// Its text.
         QString message;
     };
 

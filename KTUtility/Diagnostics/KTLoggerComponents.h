@@ -50,6 +50,7 @@
     COMPONENT(Undo, "Undo")                                                                        \
     COMPONENT(Upgrade, "Upgrade")
 
+/// Declares the constant of one component, in the list above.
 #define KT_DECLARE_LOGGER_COMPONENT(constant, name)                                                \
     KTUTILITY_EXPORT extern const QString kLog_##constant;
 KT_LOGGER_COMPONENTS(KT_DECLARE_LOGGER_COMPONENT)

@@ -51,6 +51,7 @@ public:
     setTextAttributesForNegativeValues(const std::optional<QTextCharFormat> &attributes) override;
     /// Shows "-$2.00" as "($2.00)".
     void setFormatNegativeUsingParens(bool formatNegativeUsingParens) override;
+    /// Whether whole units are grouped, as in "$1,234.00".
     bool displayThousandsSeparator() const override;
     void setDisplayThousandsSeparator(bool displayThousandsSeparator) override;
     /// Those of the currency. setDecimalPlaces() has no effect on them.

@@ -21,14 +21,17 @@
 class KTUTILITY_EXPORT KTDateFormatterList
 {
 public:
+    /// What the list holds.
     using Formatter = std::shared_ptr<const NSDateFormatter>;
     /// Makes the formatter at an index. May be called much later than the list was made.
     using Make = std::function<Formatter(size_t index)>;
 
+    /// A list of that many formatters, none of which is made yet.
     KTDateFormatterList(size_t size, Make make);
     KTDateFormatterList(const KTDateFormatterList &) = delete;
     KTDateFormatterList &operator=(const KTDateFormatterList &) = delete;
 
+    /// How many formatters there are, made or not.
     size_t size() const { return _entries.size(); }
 
     /// The formatter at an index below size(); it stays where it is.

@@ -62,6 +62,7 @@ public:
 
     // --- Settings. Each setter drops what was made for the former settings.
 
+    /// The locale of what is displayed and read.
     const NSLocale &locale() const { return _locale; }
     /// Sets the locale, and the calendar to the locale's.
     virtual void setLocale(const NSLocale &locale);
@@ -70,6 +71,7 @@ public:
     uint dateStyle() const { return _dateStyle; }
     /// Sets the style, and whether a date is wanted at all: every style but none wants it.
     virtual void setDateStyle(uint dateStyle);
+    /// A NSDateFormatterStyle.
     uint timeStyle() const { return _timeStyle; }
     /// Sets the style. None means that no time is wanted; another style does not, on purpose, mean
     /// that one is: see setDisplayTime().
@@ -85,6 +87,7 @@ public:
     /// Shows the time, in short style if it had none, or leaves it out; then the date becomes
     /// short if it had no style.
     virtual void setDisplayTime(bool displayTime);
+    /// Whether dates show their year.
     bool displayYear() const { return _displayYear; }
     /// Without the year, day and month are shown in words: "March 5".
     virtual void setDisplayYear(bool displayYear);
@@ -145,24 +148,33 @@ public:
     /// A new formatter with this locale and defaultDate().
     std::shared_ptr<NSDateFormatter> formatterWithDateStyle(uint dateStyle, uint andTimeStyle,
                                                             bool setsLenient) const;
+    /// A new formatter with this locale, a pattern and defaultDate().
     std::shared_ptr<NSDateFormatter> _formatterWithDateFormat(const QString &pattern,
                                                               bool setsLenient) const;
 
     // The patterns that are tried, for each order, and for the times behind them.
+    /// The patterns that are tried for dates such as "3/5/08", where the month comes first.
     static const QStringList &dateFormatsForMonthDayYear();
+    /// The patterns that are tried for dates such as "5.3.08", where the day comes first.
     static const QStringList &dateFormatsForDayMonthYear();
+    /// The patterns that are tried for dates such as "08-3-5", where the year comes first.
     static const QStringList &dateFormatsForYearMonthDay();
+    /// The patterns that are tried where the year comes first and the month last.
     static const QStringList &dateFormatsForYearDayMonth();
+    /// The patterns of times, which are tried alone and behind those of dates.
     static const QStringList &timeFormats();
     /// Those of the locale's order; none for an unknown order.
     QStringList dateFormats() const;
 
     /// New formatters for the locale's own four styles, and for Japan's "3月5日".
     KTDateFormatterList localeStrictDateFormatters() const;
+    /// New formatters for the locale's own four styles of times.
     KTDateFormatterList localeStrictTimeFormatters() const;
     /// What is tried; the lists and what is in them are made on first use.
     const KTDateFormatterList &strictDateFormatters() const;
+    /// The formatters that are tried for times alone; made on first use.
     const KTDateFormatterList &strictTimeFormatters() const;
+    /// The formatters of the ISO 8601 formats; made on first use.
     const KTDateFormatterList &strictIsoFormatters() const;
     /// The time formatters behind a date pattern.
     const KTDateFormatterList &strictFormattersForDateFormat(const QString &datePattern) const;
@@ -183,6 +195,7 @@ protected:
     /// A formatter with other defaults.
     KTDateTimeFormatter(uint dateStyle, uint timeStyle, bool displayDate, bool displayTime);
 
+    /// The calendar of the locale.
     const NSCalendar &calendar() const { return _calendar; }
 
 private:

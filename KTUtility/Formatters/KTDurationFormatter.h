@@ -39,10 +39,14 @@ public:
     ~KTDurationFormatter() override;
 
     // The words, from weeks to seconds.
+    /// The words that abbreviations are shown with, from weeks to seconds.
     static const QStringList &abbreviations();
+    /// The words for one of each, from weeks to seconds.
     static const QStringList &singularNames();
+    /// The words for several of each, from weeks to seconds.
     static const QStringList &pluralNames();
 
+    /// Whether units are abbreviated.
     bool useAbbreviations() const { return _useAbbreviations; }
     /// Whether durations are shown as "3h" rather than "3 hours".
     virtual void setUseAbbreviations(bool useAbbreviations);
@@ -64,6 +68,8 @@ public:
     /// Brackets the reading of one value of an import: in between, an "s" at the end of a text
     /// means seconds in every language. \a forImportField is the field that is imported.
     void willFormatString(const QString &string, const QVariant &forImportField);
+    /// The end of what willFormatString() began; to be called for each value, whether or not it
+    /// could be read.
     void didFormatString(const QString &string, const QVariant &forImportField);
 
     /// Adds a number of units to a text, behind a space; nothing if it is not above zero.
@@ -74,6 +80,7 @@ public:
 
     // --- Behaviour of its decimal operations: whole numbers, rounded down, nothing raised.
 
+    /// Always down.
     NSRoundingMode roundingMode() const override { return NSRoundDown; }
     short scale() const override { return 0; }
     std::optional<NSDecimalNumber>

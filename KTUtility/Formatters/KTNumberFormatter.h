@@ -50,6 +50,7 @@ public:
     KTNumberFormatter();
     ~KTNumberFormatter() override;
 
+    /// The locale of what is displayed and read.
     const NSLocale &locale() const { return _locale; }
     virtual void setLocale(const NSLocale &locale);
 
@@ -62,10 +63,12 @@ public:
     virtual void
     setTextAttributesForNegativeValues(const std::optional<QTextCharFormat> &attributes);
 
+    /// Whether negative numbers are shown in parentheses.
     bool formatNegativeUsingParens() const { return _formatNegativeUsingParens; }
     /// Shows -2 as "(2)", or as "-2" with the ASCII sign whatever the locale's own is.
     virtual void setFormatNegativeUsingParens(bool formatNegativeUsingParens);
 
+    /// Whether thousands are separated, as the locale does it.
     virtual bool displayThousandsSeparator() const;
     virtual void setDisplayThousandsSeparator(bool displayThousandsSeparator);
 
@@ -125,11 +128,17 @@ protected:
     /// Whether to read the decomposition after \a original could not be read.
     static bool isWorthASecondTry(const QString &decomposed, const QString &original);
 
+    /// The locale of both formatters below.
     NSLocale _locale;
+    /// What reads.
     std::unique_ptr<NSNumberFormatter> _inputFormatter;
+    /// What displays.
     std::unique_ptr<NSNumberFormatter> _numberFormatter;
+    /// See highlightNegative().
     bool _highlightNegative = true;
+    /// See formatNegativeUsingParens().
     bool _formatNegativeUsingParens = false;
+    /// See useDisplayStringForEditingString().
     bool _useDisplayStringForEditingString = false;
 
 private:

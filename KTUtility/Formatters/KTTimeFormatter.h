@@ -20,6 +20,7 @@ class KTUTILITY_EXPORT KTTimeFormatter : public KTDateTimeFormatter
     Q_OBJECT
 
 public:
+    /// A new formatter in the user's current locale, which the caller owns.
     static std::unique_ptr<KTTimeFormatter> createTimeFormatter();
 
     /// Short times without date, in the user's current locale.

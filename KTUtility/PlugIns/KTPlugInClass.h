@@ -56,6 +56,7 @@ public:
     virtual void pluginDidUnload() const = 0;
 
 protected:
+    /// Made by subclasses, as NSClass is.
     using NSClass::NSClass;
 };
 

@@ -55,6 +55,8 @@ public:
 
     // --- Settings of the manager
 
+    /// The object that every plug-in's class is handed as its update handler; null if there is none
+    /// or it was destroyed.
     QObject *coordinator() const { return _coordinator; }
     void setCoordinator(QObject *coordinator) { _coordinator = coordinator; }
     /// What principal classes should conform to; nil, as it is at first, asks nothing. A class that
@@ -119,6 +121,7 @@ public:
     /// \param deleteFromDatabase is handed to willUnloadPlugin().
     void unloadPluginWithIdentifier(const QString &identifier, bool deleteFromDatabase);
 
+    /// Whether there is an instance of the plug-in.
     bool isPluginLoaded(const QString &identifier) const;
     /// The instance of a loaded plug-in; else null.
     QObject *pluginWithIdentifier(const QString &identifier) const;

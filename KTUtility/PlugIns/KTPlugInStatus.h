@@ -18,6 +18,7 @@ struct KTPlugInStatus
     QString path;
     /// Its identifier; nil if it has none.
     QString identifier;
+    /// What became of it.
     KTPlugInState state = KTPlugInState::Skipped;
     /// What went wrong last, for a person to read; nil if nothing did. A loaded plug-in has one,
     /// too, if its class does not conform to the protocol or failed when it was notified of

@@ -93,8 +93,11 @@ public:
 
     // --- Outlets; null before the first display
 
+    /// The window of the display.
     KTStatusHUDWindow *window() const { return _window; }
+    /// The panel that the window shows.
     KTStatusHUDView *content() const { return _content; }
+    /// The field that shows the text.
     NSTextField *text() const { return _text; }
 
 protected:
@@ -107,9 +110,13 @@ protected:
 
     // --- Private category
 
+    /// Makes the animation by which the panel appears.
     void setupFadeInAnimation();
+    /// Makes the animation by which the panel disappears.
     void setupFadeOutAnimation();
+    /// Starts the animation by which the panel appears.
     void fadeIn();
+    /// Starts the animation by which the panel disappears; from now on it counts as gone.
     void fadeOut();
     bool animationShouldStart(NSAnimation *animation) override;
     void animationDidEnd(NSAnimation *animation) override;

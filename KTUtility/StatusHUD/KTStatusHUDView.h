@@ -20,6 +20,7 @@ class KTUTILITY_EXPORT KTStatusHUDView : public QWidget
     Q_OBJECT
 
 public:
+    /// A panel without colour and delegate.
     explicit KTStatusHUDView(QWidget *parent = nullptr);
 
     /// The colour of the panel; none is drawn unless set.
@@ -42,7 +43,9 @@ public:
     static QPainterPath bezierPathWithRoundRectInRect(const QRectF &rect, float radius);
 
 protected:
+    /// Draws the whole panel.
     void paintEvent(QPaintEvent *event) override;
+    /// Notifies the delegate of the click.
     void mousePressEvent(QMouseEvent *event) override;
 
 private:

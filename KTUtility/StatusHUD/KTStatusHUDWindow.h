@@ -15,6 +15,7 @@ class KTUTILITY_EXPORT KTStatusHUDWindow : public QWidget
     Q_OBJECT
 
 public:
+    /// A window that is not shown yet.
     explicit KTStatusHUDWindow(QWidget *parent = nullptr);
     /// \param contentRect where it is to be, in the system's coordinates (y upwards); see
     /// NSWindow::setFrame().
@@ -22,5 +23,6 @@ public:
     KTStatusHUDWindow(const QRectF &contentRect, Qt::WindowFlags styleMask);
 
 protected:
+    /// Cuts the window to the shape of the panel where windows cannot be transparent.
     void resizeEvent(QResizeEvent *event) override;
 };

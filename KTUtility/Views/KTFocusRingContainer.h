@@ -31,6 +31,7 @@ public:
     QWidget *previousResponder() const { return _previousResponder; }
 
 protected:
+    /// A view without a ring.
     explicit KTFocusRingContainer(QWidget *parent);
 
     /// Draws or erases the ring around a rectangle of this view; here, around all of it.

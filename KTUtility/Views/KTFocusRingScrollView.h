@@ -20,6 +20,7 @@ class KTUTILITY_EXPORT KTFocusRingScrollView : public KTFocusRingContainer<QScro
     Q_OBJECT
 
 public:
+    /// A scroll area without a widget.
     explicit KTFocusRingScrollView(QWidget *parent = nullptr);
     ~KTFocusRingScrollView() override;
 };

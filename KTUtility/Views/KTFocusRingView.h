@@ -21,6 +21,7 @@ class KTUTILITY_EXPORT KTFocusRingView : public KTFocusRingContainer<QWidget>
     Q_OBJECT
 
 public:
+    /// An empty container.
     explicit KTFocusRingView(QWidget *parent = nullptr);
     ~KTFocusRingView() override;
 };

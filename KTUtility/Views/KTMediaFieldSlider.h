@@ -24,6 +24,7 @@ class KTUTILITY_EXPORT KTMediaFieldSlider : public QSlider
     Q_OBJECT
 
 public:
+    /// A slider with a cell of its own.
     explicit KTMediaFieldSlider(QWidget *parent = nullptr);
     ~KTMediaFieldSlider() override;
 
@@ -37,9 +38,11 @@ public:
 
     /// As the style wants it, and high enough for the picture.
     QSize sizeHint() const override;
+    /// The least size of the style, and high enough for the picture.
     QSize minimumSizeHint() const override;
 
 protected:
+    /// Draws the cell; without one, the style's slider.
     void paintEvent(QPaintEvent *event) override;
 
 private:

@@ -35,7 +35,9 @@ class KTUTILITY_EXPORT KTDialogController : public KTWindowController
     Q_PROPERTY(bool runAsModal READ runAsModal WRITE setRunAsModal)
 
 public:
+    /// A dialog with that window, or with none for one that is loaded later.
     explicit KTDialogController(QWidget *window = nullptr);
+    /// A dialog whose window is loaded from an interface file when it is needed.
     explicit KTDialogController(const QString &interfaceFile);
     /// A dialog that is destroyed while it runs has ended; its host is notified.
     ~KTDialogController() override;
@@ -59,9 +61,13 @@ public:
     /// \param sender is ignored; it lets a button call this.
     Q_INVOKABLE virtual void endDialog(const QVariant &sender = {});
 
+    /// Whether it runs as a sheet of its host window; it does unless set.
     bool runAsSheet() const { return _runAsSheet; }
+    /// Sets whether it is a sheet. A sheet is modal, too.
     void setRunAsSheet(bool runAsSheet);
+    /// Whether nothing else can be used meanwhile; it is modal unless set.
     bool runAsModal() const { return _runAsModal; }
+    /// Sets whether it is modal. What is not modal is no sheet, either.
     void setRunAsModal(bool runAsModal);
 
     /// False for the item that ends the application: that waits for the dialog.
@@ -78,7 +84,9 @@ protected:
 
     /// Notifies the host of the end, in the next iteration of the event loop.
     void tellHostOfEnd();
+    /// Sets the controller of the window that it runs over.
     void setHostWindowController(KTWindowController *host) { _hostWindow = host; }
+    /// Sets whether it was configured and has not ended since.
     void setRunningAsDialog(bool isRunning) { _isRunningAsDialog = isRunning; }
 
 private:

@@ -30,19 +30,26 @@ public:
     /// What an alert is made of.
     struct Alert
     {
+        /// The question, in bold letters.
         QString title;
+        /// The button that Return presses; nil is "OK".
         QString defaultButton;
+        /// The button that Escape presses; nil for none.
         QString alternateButton;
+        /// A third button; nil for none.
         QString otherButton;
+        /// The window that the alert is a sheet of; null for none.
         QWidget *window = nullptr;
         /// Is notified of the end by didEndSelector; may be null.
         QObject *modalDelegate = nullptr;
         /// An invokable method of the delegate: the alert (NSAlert *, null if it was skipped), the
         /// return code (int), and contextInfo (void *).
         NSSelector didEndSelector;
+        /// Handed on to the delegate as it is.
         void *contextInfo = nullptr;
         /// An object-format string without arguments: "%%" is a percent sign.
         QString msg;
+        /// The name under which it is remembered that the user wants no such alert any more.
         QString suppressionKey;
     };
 
@@ -62,6 +69,7 @@ public:
     /// An alert that the user has silenced.
     struct Suppressed
     {
+        /// The name under which it is suppressed.
         QString key;
         /// The title that it had then; nil if it was suppressed without being shown.
         QString title;

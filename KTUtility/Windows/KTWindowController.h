@@ -29,6 +29,7 @@ class KTUTILITY_EXPORT KTWindowController : public NSWindowController
 public:
     /// \param window may be null for a window that is loaded later.
     explicit KTWindowController(QWidget *window = nullptr);
+    /// A controller whose window is loaded from an interface file when it is needed.
     explicit KTWindowController(const QString &interfaceFile);
     /// Leaves the window manager.
     ~KTWindowController() override;
@@ -54,6 +55,7 @@ public:
 
     /// Lends an object to dialogs; nil takes it back.
     void exposeObjectToDialog(const QVariant &object, const QString &forKey);
+    /// What is lent to dialogs, by its key.
     const QVariantMap &exposedDialogDatasource() const { return _exposedDialogDatasource; }
 
     /// What NSWindowController's would be, and the dialogs that wait.

@@ -21,7 +21,9 @@ public:
     {
     }
 
+    /// Whether there is no picture.
     bool isNull() const { return _picture.isNull(); }
+    /// The pixels, whose lower left one lies at the origin.
     const QImage &picture() const { return _picture; }
     /// The rectangle that the picture covers, in pixels; empty for nil.
     QRectF extent() const { return {_origin, QSizeF(_picture.size())}; }

@@ -19,6 +19,7 @@ enum NSAlertReturnCode {
     NSAlertOtherReturn = -1,
 };
 
+/// How grave an alert is, which shows in its icon.
 enum NSAlertStyle {
     NSWarningAlertStyle = 0,
     NSInformationalAlertStyle = 1,
@@ -52,8 +53,11 @@ public:
             const QString &informativeText);
     ~NSAlert() override;
 
+    /// The question, in bold letters.
     const QString &messageText() const { return _messageText; }
+    /// What explains the question; nil for nothing.
     const QString &informativeText() const { return _informativeText; }
+    /// Shows the icon of a style; without a style there is none.
     void setAlertStyle(NSAlertStyle style);
     /// Whether there is a check box "Do not show this message again".
     bool showsSuppressionButton() const;
@@ -63,6 +67,7 @@ public:
     /// The window of the alert.
     QWidget *window() const;
 
+    /// What is called with the alert and the button that ended it.
     using DidEnd = std::function<void(NSAlert *alert, int returnCode)>;
 
     /// Shows the alert over a window, which it blocks, and returns at once. When it has ended, \a

@@ -47,8 +47,11 @@ public:
     NSAnimation(double duration, NSAnimationCurve animationCurve);
     ~NSAnimation() override;
 
+    /// How long it runs, in seconds.
     double duration() const { return _duration; }
+    /// How its value grows with time.
     NSAnimationCurve animationCurve() const { return _curve; }
+    /// Whether startAnimation() returns at once or after the end; after the end unless set.
     NSAnimationBlockingMode animationBlockingMode() const { return _blockingMode; }
     void setAnimationBlockingMode(NSAnimationBlockingMode mode) { _blockingMode = mode; }
     /// Is not owned; may be null.
@@ -60,6 +63,7 @@ public:
     void startAnimation();
     /// Stops where it is; the delegate is not notified of an end.
     void stopAnimation();
+    /// Whether it has started and has not ended since.
     bool isAnimating() const { return _isAnimating; }
 
     /// What the curve makes of a part of the time; both go from 0 to 1.

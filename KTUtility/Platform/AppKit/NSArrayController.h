@@ -72,10 +72,15 @@ public:
     qsizetype selectionIndex() const;
     /// Selects one object, or nothing for a position that there is not.
     void setSelectionIndex(qsizetype index) { setSelectionIndexes({index}); }
+    /// The selected objects, in the order in which they are arranged.
     QVariantList selectedObjects() const;
+    /// Whether something is selected, and something follows it.
     bool canSelectNext() const;
+    /// Whether something is selected, and something precedes it.
     bool canSelectPrevious() const;
+    /// Selects the object behind the last selected one only, if there is one.
     void selectNext();
+    /// Selects the object before the first selected one only, if there is one.
     void selectPrevious();
 
     /// What answers the keys of the selected objects.

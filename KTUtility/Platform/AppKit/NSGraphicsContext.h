@@ -25,6 +25,7 @@ KTUTILITY_EXPORT void turnUpright(QPainter &painter, qreal height);
 class NSGraphicsState
 {
 public:
+    /// Saves the painter's state; the end of this object's life restores it.
     explicit NSGraphicsState(QPainter &painter) : _painter(painter) { _painter.save(); }
     ~NSGraphicsState() { _painter.restore(); }
     NSGraphicsState(const NSGraphicsState &) = delete;

@@ -21,8 +21,10 @@ class KTUTILITY_EXPORT NSTextField : public QLabel
     Q_OBJECT
 
 public:
+    /// An empty field.
     explicit NSTextField(QWidget *parent = nullptr);
 
+    /// The whole text, however much of it is shown.
     QString stringValue() const { return text(); }
     void setStringValue(const QString &string) { setText(string); }
 
@@ -38,10 +40,13 @@ public:
     /// The text as it is shown at the present width.
     QString shownText() const;
 
+    /// The size of the whole text.
     QSize sizeHint() const override;
+    /// As high as a line, and of any width.
     QSize minimumSizeHint() const override;
 
 protected:
+    /// Draws the shortened text.
     void paintEvent(QPaintEvent *event) override;
 
 private:

@@ -32,7 +32,9 @@ public:
     NSViewAnimation(QWidget *target, NSViewAnimationEffect effect, double duration,
                     NSAnimationCurve animationCurve);
 
+    /// The view that fades; null if it was destroyed.
     QWidget *target() const { return _target; }
+    /// Whether it appears or disappears.
     NSViewAnimationEffect effect() const { return _effect; }
 
     /// How opaque a view is, 0 to 1.

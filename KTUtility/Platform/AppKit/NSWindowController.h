@@ -45,6 +45,7 @@ public:
 
     /// The window; made now if it was not yet. Null if it cannot be made.
     QWidget *window();
+    /// Whether there is a window already; asking does not make one.
     bool isWindowLoaded() const { return !_window.isNull(); }
     /// Replaces the window; the old one is destroyed.
     void setWindow(QWidget *window);
@@ -79,6 +80,7 @@ protected:
 
     /// Whether the window is deciding whether to close.
     bool isClosing() const { return _isClosing; }
+    /// Notes when the window gets the keyboard, and when it closes.
     bool eventFilter(QObject *object, QEvent *event) override;
 
 private:

@@ -43,13 +43,13 @@ inline constexpr NSCalendarUnits NSTimeCalendarUnits = 224;
 /// \endcode
 struct NSDateComponents
 {
-    int era = NSUndefinedDateComponent; ///< 1 is AD in the Gregorian calendar
-    int year = NSUndefinedDateComponent;
-    int month = NSUndefinedDateComponent; ///< from 1
-    int day = NSUndefinedDateComponent;
-    int hour = NSUndefinedDateComponent;
-    int minute = NSUndefinedDateComponent;
-    int second = NSUndefinedDateComponent;
+    int era = NSUndefinedDateComponent;            ///< 1 is AD in the Gregorian calendar
+    int year = NSUndefinedDateComponent;           ///< of the era
+    int month = NSUndefinedDateComponent;          ///< from 1
+    int day = NSUndefinedDateComponent;            ///< of the month, from 1
+    int hour = NSUndefinedDateComponent;           ///< 0 to 23
+    int minute = NSUndefinedDateComponent;         ///< from 0
+    int second = NSUndefinedDateComponent;         ///< from 0
     int week = NSUndefinedDateComponent;           ///< of the year, from 1
     int weekday = NSUndefinedDateComponent;        ///< 1 is Sunday
     int weekdayOrdinal = NSUndefinedDateComponent; ///< 2 is the second such weekday of the month
@@ -91,8 +91,10 @@ public:
     /// Looks the zone of the machine up again at its next use.
     static void resetSystemTimeZone();
 
+    /// Unicode's name of the calendar: "gregorian".
     const QString &calendarIdentifier() const { return _identifier; }
 
+    /// The locale, which decides about weeks unless these are set.
     const NSLocale &locale() const { return _locale; }
     void setLocale(const NSLocale &locale) { _locale = locale; }
 

@@ -71,6 +71,8 @@ public:
 
     // --- Settings
 
+    /// Which contract patterns and reading follow: that of 10.4 (Unicode's patterns), or of 10.0
+    /// (those of strftime).
     NSDateFormatterBehavior formatterBehavior() const;
     void setFormatterBehavior(NSDateFormatterBehavior behavior);
 
@@ -100,7 +102,9 @@ public:
     unsigned dateStyle() const;
     /// Sets the style of the date, and discards a pattern that setDateFormat() gave.
     void setDateStyle(unsigned style);
+    /// The style of the time, a NSDateFormatterStyle.
     unsigned timeStyle() const;
+    /// Sets the style of the time, and discards a pattern that setDateFormat() gave.
     void setTimeStyle(unsigned style);
 
     /// The pattern: the one that was set, else that of the styles; empty if both are none.
@@ -113,6 +117,7 @@ public:
     bool generatesCalendarDates() const;
     void setGeneratesCalendarDates(bool generates);
 
+    /// Whether texts that the pattern does not fit are read as people talk.
     bool allowsNaturalLanguage() const;
 
     /// The first instant of the hundred years that "yy" means; 1 January 1950 unless set.
@@ -122,8 +127,10 @@ public:
 
     // --- Names
 
+    /// The text of times before noon; the locale's unless set.
     QString AMSymbol() const;
     void setAMSymbol(const QString &symbol);
+    /// The text of times from noon on; the locale's unless set.
     QString PMSymbol() const;
     void setPMSymbol(const QString &symbol);
 

@@ -18,7 +18,9 @@ public:
     /// An instance of a class that is no QObject.
     static NSAssertionSubject instanceOf(const QString &className) { return {className, false}; }
 
+    /// The name of the class that the assertion failed in.
     const QString &className() const { return _className; }
+    /// Whether it failed in a method of the class itself, not of an object.
     bool isClass() const { return _isClass; }
 
 private:

@@ -22,6 +22,7 @@
 class KTUTILITY_EXPORT KTSaveFile : public QSaveFile
 {
 public:
+    /// A file that takes the place of the one at \a path once it is committed.
     explicit KTSaveFile(const QString &path);
 
     /// Opens a new file beside the old one.

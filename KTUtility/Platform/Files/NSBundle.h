@@ -54,6 +54,7 @@ public:
     /// framework); nil if there is none.
     QString pathForResource(const QString &name, const QString &ofType) const;
 
+    /// The path of the bundle's folder.
     const QString &bundlePath() const { return _path; }
     /// What Contents/Info.plist says; empty if it cannot be read.
     const QVariantMap &infoDictionary() const { return _information; }
@@ -79,6 +80,7 @@ public:
     /// \param error receives why it cannot be loaded; may be null.
     /// \return whether it is loaded, now or already.
     bool load(QString *error = nullptr);
+    /// Whether the code is loaded.
     bool isLoaded() const;
     /// Gives the code back. It stays in the process, so that what was made of it lives on, but the
     /// bundle's classes are found again only by loading it.

@@ -25,8 +25,8 @@ class KTUTILITY_EXPORT NSURL
 public:
     /// The URL that \a text is (RFC 2396 and brackets).
     /// \return nothing for nil, the empty text, and texts that hold a character that may not stand
-    /// in a URL: anything but ASCII, spaces, controls, `" < > \ ^ ` { | }`, a "%" without two
-    /// hexadecimal digits, a second "#".
+    /// in a URL: anything but ASCII, spaces, controls, quotation marks, angle brackets, backslashes,
+    /// carets, backquotes, braces, bars, a "%" without two hexadecimal digits, a second "#".
     static std::optional<NSURL> URLWithString(const QString &text);
 
     /// The "file" URL of an absolute path.
@@ -44,6 +44,7 @@ public:
     /// \return nil if there is no path ("mailto:ada"), or its escapes are no UTF-8.
     QString path() const;
 
+    /// Whether both are written alike.
     friend bool operator==(const NSURL &left, const NSURL &right)
     {
         return left._text == right._text;

@@ -53,10 +53,13 @@ public:
     qint64 integerForKey(const QString &key) const;
     /// A number, or a text as NSString::doubleValue() reads it.
     double doubleForKey(const QString &key) const;
+    /// An array of anything; empty for everything else.
     QVariantList arrayForKey(const QString &key) const;
     /// An array of texts only; else empty.
     QStringList stringArrayForKey(const QString &key) const;
+    /// A dictionary; empty for everything else.
     QVariantMap dictionaryForKey(const QString &key) const;
+    /// Data; null for everything else.
     QByteArray dataForKey(const QString &key) const;
     /// All keys with the values that objectForKey() gives.
     QVariantMap dictionaryRepresentation() const;
@@ -67,8 +70,11 @@ public:
     /// \throws NSException NSInvalidArgumentException if the value is no property list, or if it or
     /// the key holds characters that the file cannot hold; nothing is set then.
     void setObject(const QVariant &value, const QString &forKey);
+    /// Sets a boolean as setObject() does.
     void setBool(bool value, const QString &forKey) { setObject(value, forKey); }
+    /// Sets an integer as setObject() does.
     void setInteger(qint64 value, const QString &forKey) { setObject(value, forKey); }
+    /// Sets a number as setObject() does.
     void setDouble(double value, const QString &forKey) { setObject(value, forKey); }
     /// Removes a value, which uncovers that of the next domain.
     void removeObjectForKey(const QString &key);
@@ -97,7 +103,9 @@ public:
     /// Makes a domain that lives in memory and takes no part in the search.
     /// \throws NSException NSInvalidArgumentException if there is one of that name.
     void setVolatileDomain(const QVariantMap &domain, const QString &forName);
+    /// Forgets a domain that lives in memory.
     void removeVolatileDomainForName(const QString &name);
+    /// The domains that live in memory.
     QStringList volatileDomainNames() const;
 
 Q_SIGNALS:

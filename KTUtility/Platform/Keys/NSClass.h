@@ -39,6 +39,7 @@ public:
     virtual std::unique_ptr<QObject> newInstance() const = 0;
 
 protected:
+    /// A class of that name, which conforms to these protocols.
     NSClass(const QString &name, const QList<NSProtocol> &protocols);
 
 private:
@@ -53,8 +54,10 @@ template<typename Base, std::derived_from<QObject> T, typename... Protocols>
 class NSClassOf : public Base
 {
 public:
+    /// The class under the name by which it is to be found.
     explicit NSClassOf(const QString &name) : Base(name, {NSProtocol::of<Protocols>()...}) {}
 
+    /// A new T; null if T has no constructor without arguments.
     std::unique_ptr<QObject> newInstance() const override
     {
         if constexpr (std::default_initializable<T>)

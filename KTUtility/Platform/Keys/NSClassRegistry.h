@@ -43,6 +43,7 @@ template<std::derived_from<NSClass> ClassObject>
 class NSClassRegistration
 {
 public:
+    /// Registers a class object of that name for the module that this object lies in.
     explicit NSClassRegistration(const QString &name) : _classObject(name)
     {
         NSClassRegistry::addClass(_classObject, this);

@@ -24,6 +24,7 @@
 template<typename T>
 struct NSIsEqual
 {
+    /// Whether both are equal.
     bool operator()(const T &left, const T &right) const
     {
         if constexpr (std::same_as<T, QVariant>)
@@ -47,6 +48,7 @@ concept NSHashable = std::same_as<T, QVariant> || requires(const T &value)
 template<typename T>
 struct NSHash
 {
+    /// The hash of a value; equal values have the same.
     size_t operator()(const T &value) const
     {
         if constexpr (std::same_as<T, QVariant>)
@@ -123,6 +125,7 @@ template<typename Key, typename Value>
 class NSMapTable
 {
 public:
+    /// What holds the entries.
     using Storage = std::unordered_map<Key, Value, NSHash<Key>, NSIsEqual<Key>>;
 
     /// The value of \a key; nil (or nothing) if there is none.
@@ -131,17 +134,23 @@ public:
         const auto entry = _entries.find(key);
         return entry == _entries.end() ? NSNullable<Value>() : NSNullable<Value>(entry->second);
     }
+    /// Whether there is a value for \a key.
     bool contains(const Key &key) const { return _entries.contains(key); }
+    /// How many keys have a value.
     qsizetype count() const { return qsizetype(_entries.size()); }
+    /// Whether no key has a value.
     bool isEmpty() const { return _entries.empty(); }
     /// Stores \a value under \a key; the later value wins.
     void setObject(const Value &value, const Key &forKey)
     {
         _entries.insert_or_assign(forKey, value);
     }
+    /// Makes room for that many entries, which saves time if many follow.
     void reserve(qsizetype count) { _entries.reserve(size_t(count)); }
 
+    /// The first pair of key and value, in no particular order.
     typename Storage::const_iterator begin() const { return _entries.begin(); }
+    /// The end of the pairs.
     typename Storage::const_iterator end() const { return _entries.end(); }
 
 private:
@@ -152,24 +161,37 @@ private:
 class NSSet
 {
 public:
+    /// What a set holds, by the name that containers of the standard library have for it.
     using value_type = QVariant;
+    /// What holds the values.
     using Storage = std::unordered_set<QVariant, NSHash<QVariant>, NSIsEqual<QVariant>>;
 
     NSSet() = default;
+    /// A set of these values, equal ones once.
     NSSet(std::initializer_list<QVariant> values) : _values(values.begin(), values.end()) {}
+    /// A set of the values in a list, equal ones once.
     explicit NSSet(const QVariantList &values) : _values(values.begin(), values.end()) {}
 
+    /// Whether the set holds an equal value.
     bool contains(const QVariant &value) const { return _values.contains(value); }
+    /// How many values it holds.
     qsizetype size() const { return qsizetype(_values.size()); }
+    /// Whether it holds no value.
     bool isEmpty() const { return _values.empty(); }
+    /// Adds a value unless the set holds an equal one.
     /// \return true if the set did not hold an equal value before.
     bool addObject(const QVariant &value) { return _values.insert(value).second; }
+    /// The same as addObject(), without a result.
     void insert(const QVariant &value) { addObject(value); }
+    /// Removes the value that is equal, if there is one.
     void remove(const QVariant &value) { _values.erase(value); }
 
+    /// The first value, in no particular order.
     Storage::const_iterator begin() const { return _values.begin(); }
+    /// The end of the values.
     Storage::const_iterator end() const { return _values.end(); }
 
+    /// Whether both hold equal values.
     friend bool operator==(const NSSet &left, const NSSet &right)
     {
         return left._values == right._values;

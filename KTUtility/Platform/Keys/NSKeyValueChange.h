@@ -25,6 +25,7 @@ inline constexpr NSKeyValueObservingOptions NSKeyValueObservingOptionPrior = 8;
 /// A change, as observers are notified of it.
 struct NSKeyValueChange
 {
+    /// What happened: a value was set, or elements were inserted, removed or replaced.
     NSKeyValueChangeKind kind = NSKeyValueChangeSetting;
     /// The value now, nil included; nothing if it was not asked for, or before the change.
     std::optional<QVariant> newValue;

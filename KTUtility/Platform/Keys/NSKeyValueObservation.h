@@ -39,6 +39,7 @@ class KeyPathObserver;
 class KTUTILITY_EXPORT NSKeyValueObservation
 {
 public:
+    /// What is called on each change.
     using Callback = std::function<void(const NSKeyValueChange &change)>;
 
     /// An observation of nothing.
@@ -48,7 +49,9 @@ public:
     NSKeyValueObservation(QObject *object, const QString &keyPath,
                           NSKeyValueObservingOptions options, Callback callback);
     ~NSKeyValueObservation();
+    /// Takes over what \a other observes, whose callback moves along.
     NSKeyValueObservation(NSKeyValueObservation &&other) noexcept;
+    /// Ends its own observation and takes over that of \a other.
     NSKeyValueObservation &operator=(NSKeyValueObservation &&other) noexcept;
 
     /// Whether something is observed: not after the object was destroyed.

@@ -74,6 +74,7 @@ KTUTILITY_EXPORT void didChangeValueForKey(QObject *object, const QString &key);
 /// The same for elements of a list.
 KTUTILITY_EXPORT void willChange(NSKeyValueChangeKind kind, QObject *object,
                                  const QList<qsizetype> &valuesAtIndexes, const QString &forKey);
+/// The end of what willChange() of elements began.
 KTUTILITY_EXPORT void didChange(NSKeyValueChangeKind kind, QObject *object,
                                 const QList<qsizetype> &valuesAtIndexes, const QString &forKey);
 /// Notifies of a change of every key of an object that is observed: it has become a stand-in for

@@ -35,6 +35,7 @@
 class KTUTILITY_EXPORT NSPredicate
 {
 public:
+    /// A condition as a function.
     using Block = std::function<bool(const QVariant &object)>;
 
     /// No condition, which nothing fulfils; see isNil().
@@ -47,6 +48,7 @@ public:
     /// What everything fulfils, or nothing.
     static NSPredicate predicateWithValue(bool value);
 
+    /// Whether there is no condition.
     bool isNil() const { return !_block; }
 
     /// Whether an object fulfils the condition.

@@ -28,6 +28,7 @@ public:
         return NSProtocol(QString::fromLatin1(qobject_interface_iid<Interface *>()));
     }
 
+    /// Whether it stands for no protocol.
     bool isNil() const { return _name.isNull(); }
     /// The name; nil for nil.
     const QString &description() const { return _name; }

@@ -17,6 +17,7 @@ class KTUTILITY_EXPORT NSSelector
 {
 public:
     NSSelector() = default;
+    /// A selector as the platform writes it ("setName:") or the bare name of a method ("name").
     NSSelector(const char *text) : NSSelector(QByteArray(text)) {}
     NSSelector(const QByteArray &text);
     NSSelector(const QString &text) : NSSelector(text.toUtf8()) {}
@@ -27,8 +28,10 @@ public:
     const QByteArray &name() const { return _name; }
     /// The number of colons; 0 leaves the number of parameters open.
     int colons() const { return _colons; }
+    /// Whether it names nothing.
     bool isNull() const { return _text.isEmpty(); }
 
+    /// Whether both are written alike.
     friend bool operator==(const NSSelector &left, const NSSelector &right)
     {
         return left._text == right._text;

@@ -18,7 +18,9 @@ struct NSSortDescriptor
     /// Says which of two values comes first.
     using Comparator = std::weak_ordering (*)(const QVariant &left, const QVariant &right);
 
+    /// The key path of the values that are compared; nil compares the objects themselves.
     QString key;
+    /// Whether the least value comes first.
     bool ascending = true;
     /// In place of NSObject::compare().
     Comparator comparator = NSObject::compare;

@@ -37,7 +37,9 @@ public:
         else
             removeObjectForKey(forKey);
     }
+    /// Forgets the object of a key.
     void removeObjectForKey(const Key *key) { _entries.remove(key); }
+    /// Forgets all objects.
     void removeAllObjects() { _entries.clear(); }
 
     /// How many entries there are.

@@ -90,9 +90,12 @@ public:
 
     // --- Kind
 
+    /// A NSNumberFormatterBehavior. It is kept and has no effect, since there is only one.
     void setFormatterBehavior(int behavior);
+    /// A NSNumberFormatterStyle: plain numbers, money, percentages, words …; no style unless set.
     int numberStyle() const;
     void setNumberStyle(int style);
+    /// The locale whose conventions are followed; the user's unless set.
     const NSLocale &locale() const;
     void setLocale(const NSLocale &locale);
     /// Whether texts are read leniently: signs of other scripts, other group separators, whitespace
@@ -108,15 +111,19 @@ public:
 
     // --- Digits
 
+    /// Whether groups of digits are separated; as the style has it unless set.
     bool usesGroupingSeparator() const;
     void setUsesGroupingSeparator(bool uses);
     /// How many digits make a group: the first left of the point, and the others (0: the same).
     int groupingSize() const;
     void setGroupingSize(int size);
+    /// How many digits make each further group, as in India; 0 for the same as the first.
     int secondaryGroupingSize() const;
     void setSecondaryGroupingSize(int size);
+    /// Fewer digits before the point are filled up with zeros.
     int minimumIntegerDigits() const;
     void setMinimumIntegerDigits(int count);
+    /// Of more digits before the point, only the last are shown.
     int maximumIntegerDigits() const;
     void setMaximumIntegerDigits(int count);
     /// Fewer digits are filled up with zeros, up to 999. A minimum above the maximum raises it.
@@ -131,6 +138,7 @@ public:
     /// -1 unless set.
     int minimumSignificantDigits() const;
     void setMinimumSignificantDigits(int count);
+    /// More significant digits are rounded; -1 unless set.
     int maximumSignificantDigits() const;
     void setMaximumSignificantDigits(int count);
     /// A NSNumberFormatterRoundingMode.
@@ -145,23 +153,33 @@ public:
     /// What stands before and behind numbers. A currency's sign in it follows the currency.
     QString positivePrefix() const;
     void setPositivePrefix(const QString &prefix);
+    /// What stands behind positive numbers.
     QString positiveSuffix() const;
     void setPositiveSuffix(const QString &suffix);
+    /// What stands before negative numbers.
     QString negativePrefix() const;
     void setNegativePrefix(const QString &prefix);
+    /// What stands behind negative numbers.
     QString negativeSuffix() const;
     void setNegativeSuffix(const QString &suffix);
+    /// The decimal point.
     QString decimalSeparator() const;
     void setDecimalSeparator(const QString &separator);
+    /// What stands between groups of digits.
     QString groupingSeparator() const;
     void setGroupingSeparator(const QString &separator);
+    /// The sign of negative numbers and exponents.
     QString minusSign() const;
     void setMinusSign(const QString &sign);
+    /// The sign of positive numbers, where a pattern shows one.
     QString plusSign() const;
     void setPlusSign(const QString &sign);
+    /// The sign of percentages.
     QString percentSymbol() const;
     void setPercentSymbol(const QString &symbol);
+    /// The sign for thousandths, where a pattern shows one; the locale's.
     QString perMillSymbol() const;
+    /// What stands before the exponent.
     QString exponentSymbol() const;
     void setExponentSymbol(const QString &symbol);
 
@@ -171,11 +189,15 @@ public:
     /// digits behind the point, unless those are set, and its sign, unless that is set.
     QString currencyCode() const;
     void setCurrencyCode(const QString &code);
+    /// The sign of the currency: "$".
     QString currencySymbol() const;
     void setCurrencySymbol(const QString &symbol);
+    /// The code of the currency, as money shows it in its international form: "USD".
     QString internationalCurrencySymbol() const;
+    /// The decimal point of money.
     QString currencyDecimalSeparator() const;
     void setCurrencyDecimalSeparator(const QString &separator);
+    /// What stands between groups of digits of money.
     QString currencyGroupingSeparator() const;
     void setCurrencyGroupingSeparator(const QString &separator);
 
@@ -187,11 +209,13 @@ public:
     /// The text of nil, "" unless set.
     QString nilSymbol() const;
     void setNilSymbol(const QString &symbol);
+    /// The text of not-a-number; the locale's unless set.
     QString notANumberSymbol() const;
     void setNotANumberSymbol(const QString &symbol);
     /// "+∞" and "-∞" unless set; the locale's sign is shown then.
     QString positiveInfinitySymbol() const;
     void setPositiveInfinitySymbol(const QString &symbol);
+    /// The text of what is below all numbers; see positiveInfinitySymbol().
     QString negativeInfinitySymbol() const;
     void setNegativeInfinitySymbol(const QString &symbol);
 
@@ -200,6 +224,7 @@ public:
     /// The least number of units; -1 unless set.
     int formatWidth() const;
     void setFormatWidth(int width);
+    /// What shorter texts are filled up with; a space unless set.
     QString paddingCharacter() const;
     void setPaddingCharacter(const QString &character);
     /// A NSNumberFormatterPadPosition.
@@ -213,8 +238,10 @@ public:
     /// Of one part: the positive pattern; of two: positive and negative; of three: with the text
     /// of zero between them. Texts of more than 1,024 units are ignored.
     void setFormat(const QString &format);
+    /// The pattern of positive numbers.
     QString positiveFormat() const;
     void setPositiveFormat(const QString &format);
+    /// The pattern of negative numbers.
     QString negativeFormat() const;
     void setNegativeFormat(const QString &format);
 

@@ -58,6 +58,7 @@ public:
     /// Control and format characters (Cc, Cf).
     static const NSCharacterSet &controlCharacterSet();
 
+    /// Whether the set holds a character.
     bool characterIsMember(char32_t character) const
     {
         return character < Latin1Size ? _members->latin1[character] : _members->others(character);
@@ -83,7 +84,9 @@ private:
 /// A code point of a UTF-16 text and the number of units that it takes; a lone surrogate is itself.
 struct NSCodePoint
 {
+    /// The code point.
     char32_t character = 0;
+    /// How many units it takes: 1 or 2.
     qsizetype length = 1;
 };
 

@@ -83,7 +83,9 @@ public:
     const QString &currencySymbol() const;
     /// The calendar of the region, or of the keyword "calendar".
     const QString &calendarIdentifier() const;
+    /// The decimal point.
     const QString &decimalSeparator() const;
+    /// What stands between groups of digits.
     const QString &groupingSeparator() const;
 
     /// The value for one of the NSLocale keys above; nil if the locale has none or the key is

@@ -7,7 +7,9 @@
 /// Case mapping by the full rules of Unicode (chapter 3.13), the same in every locale: "ß" becomes
 /// "SS", "İ" becomes "i" with U+0307, a Σ that ends a word becomes "ς". nil stays nil.
 namespace NSString {
+/// The text in small letters.
 KTUTILITY_EXPORT QString lowercaseString(const QString &text);
+/// The text in capital letters.
 KTUTILITY_EXPORT QString uppercaseString(const QString &text);
 
 /// The text with the first cased letter of each word in title case and the others in lower case.

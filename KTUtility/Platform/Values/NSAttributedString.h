@@ -29,7 +29,9 @@ public:
     /// A text with the same attributes all over.
     NSAttributedString(const QString &string, const QTextCharFormat &attributes);
 
+    /// The text without attributes.
     const QString &string() const { return _string; }
+    /// How many UTF-16 units the text has.
     qsizetype length() const { return _string.size(); }
 
     /// The runs of attributes.
@@ -47,6 +49,7 @@ public:
     /// \throws NSException NSRangeException if the range is not inside of the text.
     void addAttributes(const QTextCharFormat &attributes, NSRange range);
 
+    /// Whether both have the same text and each unit of it the same attributes.
     friend KTUTILITY_EXPORT bool operator==(const NSAttributedString &left,
                                             const NSAttributedString &right);
 

@@ -36,6 +36,7 @@ enum NSCalculationError {
 /// The scale that leaves all digits.
 inline constexpr short NSDecimalNoScale = 32767;
 
+/// The names of the exceptions that NSDecimalNumberBehaviors raises, one for each kind of error.
 KTUTILITY_EXPORT extern const QString NSDecimalNumberExactnessException;
 KTUTILITY_EXPORT extern const QString NSDecimalNumberOverflowException;
 KTUTILITY_EXPORT extern const QString NSDecimalNumberUnderflowException;
@@ -63,7 +64,9 @@ public:
     /// An integer, exactly.
     explicit NSDecimalNumber(qint64 value) noexcept;
 
+    /// 0.
     static NSDecimalNumber zero() noexcept { return {}; }
+    /// 1.
     static NSDecimalNumber one() noexcept { return NSDecimalNumber(1); }
     /// Not a number: the value of text that is none.
     static NSDecimalNumber notANumber() noexcept;
@@ -93,15 +96,19 @@ public:
     // Without a behaviour, defaultBehavior() decides. What has to do with not-a-number is
     // not-a-number.
 
+    /// The sum.
     NSDecimalNumber
     decimalNumberByAdding(const NSDecimalNumber &other,
                           const NSDecimalNumberBehaviors *withBehavior = nullptr) const;
+    /// The difference.
     NSDecimalNumber
     decimalNumberBySubtracting(const NSDecimalNumber &other,
                                const NSDecimalNumberBehaviors *withBehavior = nullptr) const;
+    /// The product.
     NSDecimalNumber
     decimalNumberByMultiplyingBy(const NSDecimalNumber &other,
                                  const NSDecimalNumberBehaviors *withBehavior = nullptr) const;
+    /// The quotient. Dividing by zero is an error, which the behaviour decides about.
     NSDecimalNumber
     decimalNumberByDividingBy(const NSDecimalNumber &other,
                               const NSDecimalNumberBehaviors *withBehavior = nullptr) const;
@@ -109,11 +116,13 @@ public:
     NSDecimalNumber
     decimalNumberByRaisingToPower(unsigned power,
                                   const NSDecimalNumberBehaviors *withBehavior = nullptr) const;
+    /// The number with its decimal point moved by \a power places.
     NSDecimalNumber decimalNumberByMultiplyingByPowerOf10(
         short power, const NSDecimalNumberBehaviors *withBehavior = nullptr) const;
     /// Rounded as the behaviour says, nothing else.
     NSDecimalNumber
     decimalNumberByRoundingAccordingToBehavior(const NSDecimalNumberBehaviors *behavior) const;
+    /// The number with the other sign; zero stays.
     NSDecimalNumber decimalNumberByNegating() const;
 
     /// Plain rounding without scale, raising for everything but lost digits. One for each thread.
@@ -123,7 +132,9 @@ public:
 
     /// Whether there is nothing behind the point; not-a-number is no integer.
     bool isInteger() const noexcept { return !_isNaN && _exponent >= 0; }
+    /// Whether it is no number.
     bool isNaN() const noexcept { return _isNaN; }
+    /// Whether it is below zero.
     bool isNegative() const noexcept { return _isNegative; }
 
     /// Plain digits with "." and without an exponent: "-0.001", "12500", "0"; "NaN".
@@ -138,6 +149,7 @@ public:
     /// By value. Not-a-number equals itself and is above every number.
     friend KTUTILITY_EXPORT std::strong_ordering operator<=>(const NSDecimalNumber &left,
                                                              const NSDecimalNumber &right);
+    /// Whether both have the same value; not-a-number equals itself.
     friend bool operator==(const NSDecimalNumber &left, const NSDecimalNumber &right) noexcept
     {
         return left._high == right._high && left._low == right._low &&
@@ -165,6 +177,7 @@ class KTUTILITY_EXPORT NSDecimalNumberBehaviors
 public:
     virtual ~NSDecimalNumberBehaviors();
 
+    /// How digits beyond the scale are rounded.
     virtual NSRoundingMode roundingMode() const = 0;
     /// How many digits stay behind the point; negative ones round before it.
     virtual short scale() const = 0;
@@ -179,7 +192,9 @@ public:
 
 protected:
     NSDecimalNumberBehaviors() = default;
+    /// For subclasses, which are values.
     NSDecimalNumberBehaviors(const NSDecimalNumberBehaviors &) = default;
+    /// For subclasses, which are values.
     NSDecimalNumberBehaviors &operator=(const NSDecimalNumberBehaviors &) = default;
 };
 
@@ -187,9 +202,12 @@ protected:
 class KTUTILITY_EXPORT NSDecimalNumberHandler : public NSDecimalNumberBehaviors
 {
 public:
+    /// A behaviour that rounds to \a scale digits behind the point in that mode, and raises for the
+    /// kinds of errors that are true.
     NSDecimalNumberHandler(NSRoundingMode roundingMode, short scale, bool raiseOnExactness,
                            bool raiseOnOverflow, bool raiseOnUnderflow, bool raiseOnDivideByZero);
 
+    /// The mode that it was made with.
     NSRoundingMode roundingMode() const override { return _roundingMode; }
     short scale() const override { return _scale; }
     /// \throws NSException NSDecimalNumberExactnessException and so on.

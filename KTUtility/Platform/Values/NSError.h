@@ -21,15 +21,18 @@ class KTUTILITY_EXPORT NSError
 {
 public:
     NSError() = default;
+    /// An error with a text for people.
     NSError(const QString &domain, int code, const QString &localizedDescription)
         : _domain(domain), _code(code), _localizedDescription(localizedDescription)
     {
     }
 
+    /// Whether there is no error.
     bool isNil() const { return _domain.isNull(); }
 
     /// Who defines the code.
     const QString &domain() const { return _domain; }
+    /// Which of the domain's errors it is.
     int code() const { return _code; }
     /// One sentence for people.
     const QString &localizedDescription() const { return _localizedDescription; }

@@ -28,11 +28,15 @@ public:
     /// \param name one of the names below, or the caller's own.
     /// \param reason the text for a person.
     NSException(const QString &name, const QString &reason);
+    /// A copy, which has the same name and reason.
     NSException(const NSException &other) noexcept;
+    /// Takes over name and reason.
     NSException &operator=(const NSException &other) noexcept;
     ~NSException() override;
 
+    /// The name by which handlers tell exceptions apart.
     const QString &name() const noexcept { return _name; }
+    /// The text for a person.
     const QString &reason() const noexcept { return _reason; }
 
     /// "name: reason" in UTF-8, for handlers that know std::exception only.

@@ -21,11 +21,14 @@ class KTUTILITY_EXPORT NSIndexPath
 public:
     /// The empty path, which leads to the root.
     NSIndexPath() = default;
+    /// The path of these indexes, from the root down.
     NSIndexPath(std::initializer_list<unsigned> indexes) : _indexes(indexes) {}
+    /// The path of a list of indexes, from the root down.
     explicit NSIndexPath(const QList<unsigned> &indexes) : _indexes(indexes) {}
 
     /// How many levels it goes down.
     qsizetype length() const { return _indexes.size(); }
+    /// The indexes, from the root down.
     const QList<unsigned> &indexes() const { return _indexes; }
     /// The position at a level, counted from 0; NSNotFound if the path does not go so deep.
     unsigned indexAtPosition(qsizetype position) const;

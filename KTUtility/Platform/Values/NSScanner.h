@@ -26,10 +26,13 @@ class KTUTILITY_EXPORT NSScanner
 public:
     /// A scanner over a copy of \a text, at its start.
     explicit NSScanner(const QString &text);
+    /// A scanner over a copy of a part of a text, at its start.
     explicit NSScanner(QStringView text);
 
+    /// The text that is scanned.
     const QString &string() const { return _text; }
 
+    /// The position from which it goes on.
     qsizetype scanLocation() const { return _location; }
     /// Moves to \a location, at most the length of the text.
     /// \throws NSException NSRangeException beyond it.
@@ -38,6 +41,7 @@ public:
     /// Whitespace and newlines unless set; the empty set switches the skipping off.
     void setCharactersToBeSkipped(const NSCharacterSet &set);
 
+    /// Whether capital and small letters differ; they do not unless set.
     bool caseSensitive() const { return _caseSensitive; }
     /// Whether scanString() and scanUpToString() distinguish upper and lower case; they do not at
     /// first. Scans of character sets always do.
@@ -58,9 +62,11 @@ public:
 
     /// A decimal integer with a sign and whitespace after it; too large ones become the limits.
     bool scanInt(qint32 *value = nullptr);
+    /// The same as scanInt() with 64 bits.
     bool scanLongLong(qint64 *value = nullptr);
     /// A hexadecimal integer, "0x" or "0X" before it or not; too large ones become the maximum.
     bool scanHexInt(quint32 *value = nullptr);
+    /// The same as scanHexInt() with 64 bits.
     bool scanHexLongLong(quint64 *value = nullptr);
     /// A floating point number with "." and an exponent that counts only if digits follow it.
     bool scanDouble(double *value = nullptr);

@@ -40,29 +40,37 @@ concept HeldByVariant = std::is_class_v<T> && !std::convertible_to<T, QString> &
 class KTUTILITY_EXPORT NSFormatArgument
 {
 public:
+    /// What an argument is.
     enum class Kind { Nil, Signed, Unsigned, Double, Character, Text, Utf8, Object, Pointer };
 
+    /// nil.
     NSFormatArgument(std::nullptr_t) noexcept : _kind(Kind::Nil) {}
+    /// 1 or 0.
     NSFormatArgument(bool value) noexcept : _kind(Kind::Signed), _bits(value) {}
+    /// A character.
     NSFormatArgument(char value) noexcept : NSFormatArgument(char32_t(static_cast<uchar>(value))) {}
     NSFormatArgument(QChar value) noexcept : NSFormatArgument(char32_t(value.unicode())) {}
     NSFormatArgument(char16_t value) noexcept : NSFormatArgument(char32_t(value)) {}
     NSFormatArgument(char32_t value) noexcept : _kind(Kind::Character), _bits(value) {}
 
+    /// A signed integer.
     template<std::signed_integral T>
     NSFormatArgument(T value) noexcept
         : _kind(Kind::Signed), _bytes(sizeof(T)), _bits(quint64(qint64(value)))
     {
     }
+    /// An unsigned integer.
     template<std::unsigned_integral T>
     NSFormatArgument(T value) noexcept : _kind(Kind::Unsigned), _bytes(sizeof(T)), _bits(value)
     {
     }
+    /// A floating-point number.
     template<std::floating_point T>
     NSFormatArgument(T value) noexcept
         : _kind(Kind::Double), _bits(std::bit_cast<quint64>(double(value)))
     {
     }
+    /// The number of an enumerator.
     template<KTPrivate::Enumeration T>
     NSFormatArgument(T value) noexcept : NSFormatArgument(std::underlying_type_t<T>(value))
     {
@@ -75,13 +83,18 @@ public:
     }
     NSFormatArgument(const QString &text) noexcept : NSFormatArgument(QStringView(text)) {}
     NSFormatArgument(const char16_t *text) noexcept : NSFormatArgument(QStringView(text)) {}
+    /// A text in UTF-8; a null pointer is nil.
     NSFormatArgument(const char *utf8) noexcept;
     NSFormatArgument(std::string_view utf8) noexcept;
     NSFormatArgument(const std::string &utf8) noexcept : NSFormatArgument(std::string_view(utf8)) {}
+    /// Data, which prints as its description.
     NSFormatArgument(const QByteArray &data);
 
+    /// An object, which prints as its description; null is nil.
     NSFormatArgument(const QObject *object);
+    /// A pointer, which prints as its address.
     NSFormatArgument(const void *pointer) noexcept;
+    /// A value, which prints as its description.
     NSFormatArgument(const QVariant &value);
     /// What becomes a text by conversion is one.
     template<KTPrivate::ConvertedToText T>
@@ -94,14 +107,23 @@ public:
     {
     }
 
+    /// Which of the values below it has.
     Kind kind() const noexcept { return _kind; }
+    /// The size of an integer.
     int bytes() const noexcept { return _bytes; }
+    /// The value of a signed integer.
     qint64 signedValue() const noexcept { return qint64(_bits); }
+    /// The value of an unsigned integer or a character.
     quint64 unsignedValue() const noexcept { return _bits; }
+    /// The value of a floating-point number.
     double doubleValue() const noexcept { return std::bit_cast<double>(_bits); }
+    /// The value of a pointer.
     quint64 address() const noexcept { return _bits; }
+    /// The text of a text in UTF-16.
     QStringView text() const noexcept { return _text; }
+    /// The text of a text in UTF-8.
     std::string_view utf8() const noexcept { return _utf8; }
+    /// The value of an object.
     const QVariant &object() const noexcept { return *_object; }
 
 private:
