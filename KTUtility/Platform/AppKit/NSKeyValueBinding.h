@@ -53,6 +53,7 @@ KTUTILITY_EXPORT extern const QString NSValueTransformerBindingOption;
 /// NSValueTransformer::valueTransformerForName().
 KTUTILITY_EXPORT extern const QString NSValueTransformerNameBindingOption;
 
+/// The options of a binding that are about transformers.
 namespace NSBindingOptions {
 /// Options with a transformer; empty if it is null.
 KTUTILITY_EXPORT QVariantMap
