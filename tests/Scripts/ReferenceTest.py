@@ -68,6 +68,41 @@ COMMENTS = {
     "literals that look like code": ("/// Opens.\nvoid open(char c = '{', const char *s = \"}(\");\n"
                                      "/// Adds.\nvoid add();", "void add();", ["/// Adds."]),
 }
+HEADINGS = """class KTA
+{
+public:
+    // --- Reading. What is missing
+    // is nil.
+
+    /// Reads.
+    void read();
+
+    // --- Writing
+
+    /// Writes.
+    void write();
+
+private:
+    void seek();
+};
+"""
+HEADINGS_OUT = """class KTA
+{
+public:
+/// \\name Reading
+/// What is missing is nil.
+/// \\{
+    /// Reads.
+    void read();
+/// \\}
+/// \\name Writing
+/// \\{
+    /// Writes.
+    void write();
+/// \\}
+private:
+    void seek();
+};"""
 COMMENTS_IN_CLASS = {
     "a comparison's": ("    friend bool operator==(const KTA &, const KTA &) = default;",
                        ["/// Whether all members of both are equal."]),
@@ -114,6 +149,11 @@ def comment_of(text, line):
     return comment
 
 
+def code_of(text):
+    lines = [line for line in text.split("\n") if line.strip() and not re.match(r"\s*//(?!/<)", line)]
+    return [re.sub(r"\s+// .*", "", line) for line in lines]
+
+
 class Filter(unittest.TestCase):
     def test_gives_declarations_their_comments(self):
         for name, (text, line, expected) in COMMENTS.items():
@@ -133,10 +173,11 @@ class Filter(unittest.TestCase):
         for path in REFERENCE.public_headers():
             with self.subTest(path.name):
                 before, after = path.read_text(), FILTER.filtered_header(path.read_text(), path.name, "")
-                code = [line for line in before.split("\n") if not line.lstrip().startswith("/// ")]
-                kept = [line for line in after.split("\n") if not line.lstrip().startswith("/// ")]
-                self.assertEqual([line for line in kept if line.strip() != "///"],
-                                 [line for line in code if line.strip() != "///"])
+                self.assertEqual(code_of(after), code_of(before))
+
+    def test_shows_together_what_stands_below_a_heading(self):
+        lines = FILTER.filtered_header(HEADINGS, "KTA.h", "").split("\n")
+        self.assertEqual([line for line in lines if line.strip()][2:], HEADINGS_OUT.split("\n"))
 
     def test_says_how_a_header_is_included(self):
         lines = FILTER.filtered_header("#pragma once\n", "KTA.h", "").split("\n")
