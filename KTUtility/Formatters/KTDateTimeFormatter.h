@@ -54,7 +54,12 @@ class KTUTILITY_EXPORT KTDateTimeFormatter : public NSFormatter
 
 public:
     /// The order of day, month and year in typed dates.
-    enum InputOrder { MonthDayYear = 0, DayMonthYear = 1, YearMonthDay = 2, YearDayMonth = 3 };
+    enum InputOrder {
+        MonthDayYear = 0, ///< "3/5/08"
+        DayMonthYear = 1, ///< "5.3.08"
+        YearMonthDay = 2, ///< "08-3-5"
+        YearDayMonth = 3  ///< "08-5-3"
+    };
 
     /// Short dates without time, in the user's current locale.
     KTDateTimeFormatter();

@@ -197,6 +197,30 @@ class Filter(unittest.TestCase):
         self.assertIn("| `addInside` | `KTA::addInside` private | `KTA_p.h` |", text)
 
 
+def undescribed(enumeration):
+    """The enumerators that have no comment above or behind them."""
+    names, is_described = [], False
+    for line in enumeration[enumeration.index("{") + 1:enumeration.rindex("}")].split("\n"):
+        found = re.match(r"\s*(\w+)", line)
+        if found and not is_described and "///<" not in line:
+            names.append(found[1])
+        is_described = line.strip().startswith("///")
+    return names
+
+
+class Enumerators(unittest.TestCase):
+    def test_finds_what_is_not_described(self):
+        self.assertEqual(undescribed("enum E {\n    /// One.\n    A,\n    B, ///< two\n    C = 3,\n};"), ["C"])
+        self.assertEqual(undescribed("enum class E { A, B };"), ["A"])
+
+    def test_all_are_described(self):
+        """Doxygen does not ask for them."""
+        for path in REFERENCE.public_headers():
+            for item in FILTER.Reader(path.read_text()).items():
+                if re.match(r"enum\b[^;]*\{", item.text) and not item.scope.startswith("KTPrivate"):
+                    self.assertEqual(undescribed(item.text), [], path.name)
+
+
 class ComingFromThePlatform(unittest.TestCase):
     def setUp(self):
         self.text = FILTER.PAGE.read_text()

@@ -14,16 +14,16 @@ class QMessageBox;
 
 /// What ended an alert: the place of the button, whatever its title is.
 enum NSAlertReturnCode {
-    NSAlertDefaultReturn = 1,
-    NSAlertAlternateReturn = 0,
-    NSAlertOtherReturn = -1,
+    NSAlertDefaultReturn = 1,   ///< the default button
+    NSAlertAlternateReturn = 0, ///< the alternate button, Escape, or the alert was closed
+    NSAlertOtherReturn = -1,    ///< the third button
 };
 
 /// How grave an alert is, which shows in its icon.
 enum NSAlertStyle {
-    NSWarningAlertStyle = 0,
-    NSInformationalAlertStyle = 1,
-    NSCriticalAlertStyle = 2,
+    NSWarningAlertStyle = 0,       ///< something to think about
+    NSInformationalAlertStyle = 1, ///< something to know
+    NSCriticalAlertStyle = 2,      ///< something that may be lost
 };
 
 /// A question or message over a window, with up to three buttons and, if wanted, a check box by

@@ -15,11 +15,11 @@ enum NSAnimationBlockingMode {
 
 /// How fast it is at which time.
 enum NSAnimationCurve {
-    NSAnimationEaseInOut = 0,
+    NSAnimationEaseInOut = 0, ///< slow at the start and at the end
     /// Slow at the start.
     NSAnimationEaseIn = 1,
-    NSAnimationEaseOut = 2,
-    NSAnimationLinear = 3,
+    NSAnimationEaseOut = 2, ///< slow at the end
+    NSAnimationLinear = 3,  ///< equally fast all the time
 };
 
 class NSAnimation;

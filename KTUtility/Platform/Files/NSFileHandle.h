@@ -17,7 +17,10 @@ class KTUTILITY_EXPORT NSFileHandle
 {
 public:
     /// Whether the destructor closes the descriptor.
-    enum class Ownership { Owned, Borrowed };
+    enum class Ownership {
+        Owned,   ///< it does
+        Borrowed ///< it does not: the descriptor is somebody else's
+    };
 
     /// A handle on \a descriptor; one below 0 stands for a file that could not be opened, and
     /// everything written to it is dropped.

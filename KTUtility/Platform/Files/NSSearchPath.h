@@ -16,7 +16,7 @@ enum NSSearchPathDirectory {
 
 /// Where to look, as bits. Only the user's own folders exist here.
 enum NSSearchPathDomainMask : unsigned {
-    NSUserDomainMask = 1,
+    NSUserDomainMask = 1, ///< the user's own folders
 };
 
 /// The home folder of the user: $HOME, if that is an absolute path; else nil.

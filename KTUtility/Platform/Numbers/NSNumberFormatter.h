@@ -16,17 +16,17 @@
 
 /// Which contract a formatter follows; only that of 10.4 exists for numbers.
 enum NSNumberFormatterBehavior {
-    NSNumberFormatterBehaviorDefault = 0,
-    NSNumberFormatterBehavior10_0 = 1000,
-    NSNumberFormatterBehavior10_4 = 1040
+    NSNumberFormatterBehaviorDefault = 0, ///< the same as 10.4
+    NSNumberFormatterBehavior10_0 = 1000, ///< counts as 10.4
+    NSNumberFormatterBehavior10_4 = 1040  ///< Unicode's patterns
 };
 
 /// Where padding goes.
 enum NSNumberFormatterPadPosition {
-    NSNumberFormatterPadBeforePrefix = 0,
-    NSNumberFormatterPadAfterPrefix = 1,
-    NSNumberFormatterPadBeforeSuffix = 2,
-    NSNumberFormatterPadAfterSuffix = 3
+    NSNumberFormatterPadBeforePrefix = 0, ///< "**-5"
+    NSNumberFormatterPadAfterPrefix = 1,  ///< "-**5"
+    NSNumberFormatterPadBeforeSuffix = 2, ///< "5**%"
+    NSNumberFormatterPadAfterSuffix = 3   ///< "5%**"
 };
 
 /// The platform's number formatter: numbers and money in the conventions of a locale.

@@ -7,11 +7,11 @@
 
 /// The encodings that this framework asks about, with the platform's numbers.
 enum NSStringEncoding {
-    NSASCIIStringEncoding = 1,
-    NSUTF8StringEncoding = 4,
-    NSISOLatin1StringEncoding = 5,
-    NSShiftJISStringEncoding = 8,
-    NSMacOSRomanStringEncoding = 30,
+    NSASCIIStringEncoding = 1,       ///< 7 bits; no other character can be written
+    NSUTF8StringEncoding = 4,        ///< Unicode
+    NSISOLatin1StringEncoding = 5,   ///< ISO 8859-1: Western European, one byte each
+    NSShiftJISStringEncoding = 8,    ///< Japanese
+    NSMacOSRomanStringEncoding = 30, ///< Western European, as older systems had it
 };
 
 namespace NSString {

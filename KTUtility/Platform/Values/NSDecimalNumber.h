@@ -26,11 +26,11 @@ enum NSRoundingMode {
 
 /// What an operation cannot do exactly.
 enum NSCalculationError {
-    NSCalculationNoError = 0,
+    NSCalculationNoError = 0,         ///< it is exact
     NSCalculationLossOfPrecision = 1, ///< the result needs more than 38 digits
     NSCalculationUnderflow = 2,       ///< it is nearer to zero than 10^-128
     NSCalculationOverflow = 3,        ///< it is larger than any decimal
-    NSCalculationDivideByZero = 4
+    NSCalculationDivideByZero = 4     ///< the divisor is zero
 };
 
 /// The scale that leaves all digits.

@@ -41,7 +41,17 @@ class KTUTILITY_EXPORT NSFormatArgument
 {
 public:
     /// What an argument is.
-    enum class Kind { Nil, Signed, Unsigned, Double, Character, Text, Utf8, Object, Pointer };
+    enum class Kind {
+        Nil,       ///< nothing
+        Signed,    ///< signedValue()
+        Unsigned,  ///< unsignedValue()
+        Double,    ///< doubleValue()
+        Character, ///< unsignedValue(), a code point
+        Text,      ///< text()
+        Utf8,      ///< utf8()
+        Object,    ///< object()
+        Pointer    ///< address()
+    };
 
     /// nil.
     NSFormatArgument(std::nullptr_t) noexcept : _kind(Kind::Nil) {}
@@ -92,7 +102,7 @@ public:
 
     /// An object, which prints as its description; null is nil.
     NSFormatArgument(const QObject *object);
-    /// A pointer, which prints as its address.
+    /// A pointer, which prints as its address; null is nil.
     NSFormatArgument(const void *pointer) noexcept;
     /// A value, which prints as its description.
     NSFormatArgument(const QVariant &value);
