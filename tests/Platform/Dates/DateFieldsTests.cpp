@@ -39,7 +39,8 @@ TEST(DateFields, KnowsWhatExists)
 
 TEST(DateFields, StartWithTheDefaultDate)
 {
-    const TimeZoneRules &rules = TimeZoneRules::rulesOf(QTimeZone("Asia/Kathmandu"));
+    const QTimeZone zone("Asia/Kathmandu");
+    const TimeZoneRules &rules = TimeZoneRules::rulesOf(zone);
     const DateFields none = DateFields::defaultFields({}, rules);
     EXPECT_EQ(none.year, 2000);
     EXPECT_EQ(none.month, 1);

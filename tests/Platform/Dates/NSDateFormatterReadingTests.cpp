@@ -214,7 +214,7 @@ TEST(NSDateFormatterReading, HasAnEndOfTheCalendar)
          {u"1000000", u"20130413", u"204034366", u"1234567890129", u"1E9", u"2０130413"})
         EXPECT_EQ(reader(u"y", text), QString()) << qPrintable(QString::fromUtf16(text));
     EXPECT_EQ(reader(u"M/d/y", u"3/4/20130413"), QString());
-    EXPECT_EQ(reader(u"yMMdd", u"20130413"), u"2013-04-13 00:00:00");
+    EXPECT_EQ(reader(u"yyyyMMdd", u"20130413"), u"2013-04-13 00:00:00");
 }
 
 TEST(NSDateFormatterReading, MovesTheHundredYears)

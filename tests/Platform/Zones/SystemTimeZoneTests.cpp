@@ -108,7 +108,8 @@ TEST(SystemTimeZone, EveryFormOfTheVariableIsReadAsTheCLibraryDoes)
     };
     for (const QByteArray &form : forms) {
         const LibcZone libc(form);
-        const TimeZoneRules &rules = TimeZoneRules::rulesOf(SystemTimeZone::zoneOf(form));
+        const QTimeZone zone = SystemTimeZone::zoneOf(form);
+        const TimeZoneRules &rules = TimeZoneRules::rulesOf(zone);
         EXPECT_EQ(firstDifference(rules), std::nullopt) << form.data();
     }
 }
