@@ -14,6 +14,8 @@ using icu::DecimalFormat;
 using Symbols = icu::DecimalFormatSymbols;
 
 namespace {
+constexpr int MaximumDigits = 999; // as in ICU
+
 const NSError &noNumberError()
 {
     static const NSError error(NSCocoaErrorDomain, NSFormattingError,
@@ -253,7 +255,9 @@ int NSNumberFormatter::minimumSignificantDigits() const
 
 void NSNumberFormatter::setMinimumSignificantDigits(int count)
 {
+    const int greatest = _private->settings.maximumSignificantDigits.value_or(MaximumDigits);
     _private->set(&NumberSettings::minimumSignificantDigits, count);
+    _private->set(&NumberSettings::maximumSignificantDigits, std::max(greatest, count));
 }
 
 int NSNumberFormatter::maximumSignificantDigits() const
@@ -263,7 +267,10 @@ int NSNumberFormatter::maximumSignificantDigits() const
 
 void NSNumberFormatter::setMaximumSignificantDigits(int count)
 {
+    const std::optional<int> least = _private->settings.minimumSignificantDigits;
     _private->set(&NumberSettings::maximumSignificantDigits, count);
+    if (least && *least > count)
+        _private->set(&NumberSettings::minimumSignificantDigits, count);
 }
 
 int NSNumberFormatter::roundingMode() const
@@ -547,6 +554,12 @@ void NSNumberFormatter::setFormat(const QString &format)
     if (!NumberPattern::isAcceptable(format))
         return;
     const QStringList parts = NumberPattern::partsOf(format);
+    if (parts.size() == 1 && !format.isNull()) {
+        setPositiveFormat(format);
+        setNegativeFormat(u'-' + format);
+        setZeroSymbol(_private->textOfZero());
+        return;
+    }
     setPositiveFormat(nilIfEmpty(parts.first()));
     setNegativeFormat(parts.size() > 1 ? nilIfEmpty(parts.last()) : QString());
     if (parts.size() > 2)

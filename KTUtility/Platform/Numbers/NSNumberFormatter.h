@@ -135,7 +135,8 @@ public:
     /// Whether the significant digits count instead of those before and behind the point.
     bool usesSignificantDigits() const;
     void setUsesSignificantDigits(bool uses);
-    /// -1 unless set.
+    /// -1 unless set. A minimum raises the maximum to no less, and to 999 if that was not set; a
+    /// maximum lowers the minimum to no more.
     int minimumSignificantDigits() const;
     void setMinimumSignificantDigits(int count);
     /// More significant digits are rounded; -1 unless set.
@@ -235,8 +236,9 @@ public:
 
     /// Positive pattern, text of zero and negative pattern, with ";" between.
     QString format() const;
-    /// Of one part: the positive pattern; of two: positive and negative; of three: with the text
-    /// of zero between them. Texts of more than 1,024 units are ignored.
+    /// Of one part: the positive pattern, from which the others follow (negative ones have "-" before
+    /// it, zero has its text); of two: positive and negative; of three: with the text of zero
+    /// between them. nil unsets the patterns. Texts of more than 1,024 units are ignored.
     void setFormat(const QString &format);
     /// The pattern of positive numbers.
     QString positiveFormat() const;

@@ -22,7 +22,7 @@ struct ReadNumber
 {
     NSRange range;
     bool isNumber = false;
-    bool isInteger = false;
+    bool hasPoint = false;
     NSDecimalNumber decimal;
 };
 
@@ -32,7 +32,7 @@ NSDecimalNumber decimalOf(const NumberReader::Result &result)
                                                       result.isNegative);
 }
 
-ReadNumber numberOf(const NumberReader::Result &result, qsizetype textLength)
+ReadNumber numberOf(const NumberReader::Result &result)
 {
     ReadNumber number;
     number.range = {result.begin, result.end - result.begin};
@@ -40,7 +40,7 @@ ReadNumber numberOf(const NumberReader::Result &result, qsizetype textLength)
     if (!number.isNumber)
         return number;
     number.decimal = decimalOf(result);
-    number.isInteger = !result.hasPoint && result.end == textLength;
+    number.hasPoint = result.hasPoint;
     return number;
 }
 
@@ -55,45 +55,52 @@ ReadNumber numberOf(const NumberReading &reading, NSRange range)
     return number;
 }
 
-ReadNumber readWithICU(const NumberEngine &engine, QStringView text)
+/// \param asInteger whether it matters if there is a point.
+ReadNumber readWithICU(const NumberEngine &engine, QStringView text, bool asInteger)
 {
     const NumberText squeezed(text);
     const NumberReading reading = engine.read(squeezed.squeezed());
     const qsizetype end = squeezed.endOf(reading.length);
     ReadNumber number = numberOf(reading, {squeezed.begin(), end - squeezed.begin()});
-    number.isInteger = reading.isInteger && end == text.size();
+    const auto findPoint = [&](ReadNumber &read, QStringView used) {
+        read.hasPoint = read.isNumber && asInteger && engine.hasPoint(used);
+    };
+    findPoint(number, squeezed.squeezed().left(reading.length));
     const bool isWhole = number.isNumber && reading.length == squeezed.squeezed().size();
     if (isWhole || !engine.hasSpaceInCurrencySign() || squeezed.isUnchanged(text))
         return number;
     // The first try has squeezed out the space of the sign, too ("$ US").
     const NumberReading exact = engine.read(text.mid(squeezed.begin()));
-    const bool isBetter = exact.isNumber && exact.length > number.range.length;
-    return isBetter ? numberOf(exact, {squeezed.begin(), exact.length}) : number;
+    if (!exact.isNumber || exact.length <= number.range.length)
+        return number;
+    number = numberOf(exact, {squeezed.begin(), exact.length});
+    findPoint(number, text.mid(squeezed.begin(), exact.length));
+    return number;
 }
 
-ReadNumber readNumber(const NumberEngine &engine, QStringView text)
+ReadNumber readNumber(const NumberEngine &engine, QStringView text, bool asInteger)
 {
     if (engine.reader()) {
         const NumberReader::Result result = engine.reader()->read(text);
         if (result.outcome != NumberReader::Undecided)
-            return numberOf(result, text.size());
+            return numberOf(result);
     }
-    return readWithICU(engine, text);
-}
-
-/// The number of another type: an integer where the text was one, a decimal or a double.
-QVariant valueOf(const ReadNumber &number, bool asDecimal)
-{
-    if (asDecimal)
-        return QVariant::fromValue(number.decimal);
-    if (number.isInteger)
-        return QVariant::fromValue(number.decimal.integerValue());
-    return number.decimal.doubleValue();
+    return readWithICU(engine, text, asInteger);
 }
 
 bool fitsInteger(const NSDecimalNumber &decimal)
 {
     return NSDecimalNumber(decimal.integerValue()) == decimal;
+}
+
+/// The number of another type: an integer where the text was one, a decimal or a double.
+QVariant valueOf(const ReadNumber &number, bool isWhole, bool asDecimal)
+{
+    if (asDecimal)
+        return QVariant::fromValue(number.decimal);
+    if (isWhole && !number.hasPoint && fitsInteger(number.decimal))
+        return QVariant::fromValue(number.decimal.integerValue());
+    return number.decimal.doubleValue();
 }
 
 bool isNaN(const QVariant &number)
@@ -254,18 +261,18 @@ bool NSNumberFormatter::Private::read(QVariant *value, QStringView string, NSRan
     const QStringView text = string.mid(start, std::min(length, NumberText::MaximumLength));
     ReadNumber number;
     if (!zeroSymbol.isNull() && text == zeroSymbol)
-        number = {{0, text.size()}, true, true, {}};
+        number = {{0, text.size()}, true, false, {}};
     else
-        number = attempt([text](const NumberEngine &used) {
-            const ReadNumber read = readNumber(used, text);
+        number = attempt([this, text](const NumberEngine &used) {
+            const ReadNumber read = readNumber(used, text, !generatesDecimalNumbers);
             return std::pair(read.isNumber ? read.range.end() : -1, read);
         });
     if (range)
         *range = {start + number.range.location, number.range.length};
     if (!number.isNumber || !(allowsFloats || number.decimal.isInteger()))
         return false;
-    number.isInteger = number.isInteger && fitsInteger(number.decimal);
-    const QVariant result = valueOf(number, generatesDecimalNumbers);
+    const bool isWhole = number.range.end() == text.size();
+    const QVariant result = valueOf(number, isWhole, generatesDecimalNumbers);
     if (isInfinite(result))
         return false;
     if (value)

@@ -107,6 +107,8 @@ struct Q_DECL_HIDDEN NSNumberFormatter::Private
     QString stringOf(const QVariant &value) const;
     NSAttributedString attributedStringOf(const QVariant &value, const QString &text,
                                           const QTextCharFormat &attributes) const;
+    /// The text of zero by the pattern, without a text of its own.
+    QString textOfZero() const { return engine().stringFromNumber(0); }
     /// Reads a number at the start of a part of a text; see NSNumberFormatter::getObjectValue().
     bool read(QVariant *value, QStringView string, NSRange *range) const;
 

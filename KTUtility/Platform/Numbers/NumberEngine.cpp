@@ -152,12 +152,6 @@ QByteArray decimalTextOf(icu::Formattable &number)
     const icu::StringPiece digits = number.getDecimalNumber(status);
     return U_SUCCESS(status) ? QByteArray(digits.data(), digits.length()) : QByteArray();
 }
-
-bool isInteger(const icu::Formattable &number)
-{
-    return number.getType() == icu::Formattable::kLong ||
-           number.getType() == icu::Formattable::kInt64;
-}
 } // namespace
 
 namespace KTPrivate {
@@ -423,9 +417,21 @@ NumberReading NumberEngine::read(QStringView text) const
     const char last = reading.digits.isEmpty() ? 'y' : reading.digits.back(); // "Infinity"
     const bool isFinite = last >= '0' && last <= '9';
     reading.isNumber = isFinite && !(_needsPairedParentheses && hasUnpairedParenthesis(read));
-    reading.isInteger = reading.length == text.size() && isInteger(number) &&
-                        !read.contains(QChar(_decimalSeparator));
     return reading;
+}
+
+/// Only ICU knows what it takes for a point ("," where "٫" is the locale's own): a format that
+/// reads integers stops there.
+bool NumberEngine::hasPoint(QStringView text) const
+{
+    if (!_decimalFormat)
+        return false;
+    const std::unique_ptr<DecimalFormat> integers(_decimalFormat->clone());
+    integers->setParseIntegerOnly(flag(true));
+    icu::Formattable number;
+    icu::ParsePosition position(0);
+    integers->parse(ICU::aliasOf(text), number, position);
+    return position.getIndex() != int32_t(text.size());
 }
 
 bool NumberEngine::hasUnpairedParenthesis(QStringView read) const
@@ -435,10 +441,6 @@ bool NumberEngine::hasUnpairedParenthesis(QStringView read) const
 
 void NumberEngine::preparePaths(const NumberSettings &settings)
 {
-    const auto separator = settings.isForMoney() ? DecimalFormatSymbols::kMonetarySeparatorSymbol
-                                                 : DecimalFormatSymbols::kDecimalSeparatorSymbol;
-    const icu::UnicodeString &text = symbols()->getConstSymbol(separator);
-    _decimalSeparator = text.isEmpty() ? u'.' : text[0];
     const QString sign = symbol(DecimalFormatSymbols::kCurrencySymbol);
     _hasSpaceInCurrencySign =
         settings.isForMoney() && std::any_of(sign.begin(), sign.end(), NumberText::isWhitespace);

@@ -16,9 +16,8 @@ namespace KTPrivate {
 struct NumberReading
 {
     bool isNumber = false;
-    qsizetype length = 0;   ///< units read, or up to the error
-    QByteArray digits;      ///< the number as decimal text, maybe with an exponent
-    bool isInteger = false; ///< fits 64 bits and is written without a fraction
+    qsizetype length = 0; ///< units read, or up to the error
+    QByteArray digits;    ///< the number as decimal text, maybe with an exponent
 };
 
 /// ICU's formatter for one set of settings, and what follows from it for the quick paths.
@@ -47,6 +46,8 @@ public:
     QString stringFromNumber(const QVariant &number) const;
     /// Reads a number at the start of \a text, by ICU.
     NumberReading read(QStringView text) const;
+    /// Whether \a text, which can be read, has something that ICU takes for a decimal point. Slow.
+    bool hasPoint(QStringView text) const;
 
     /// How the quick paths do the same; not set where they cannot.
     const std::optional<NumberReader> &reader() const { return _reader; }
@@ -70,7 +71,6 @@ private:
     icu::DecimalFormat *_decimalFormat = nullptr;
     bool _hasSpaceInCurrencySign = false;
     bool _needsPairedParentheses = false;
-    char16_t _decimalSeparator = u'.';
     std::optional<NumberReader> _reader;
     std::optional<NumberWriter> _writer;
 };

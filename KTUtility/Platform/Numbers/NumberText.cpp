@@ -19,6 +19,12 @@ bool NumberText::isWhitespace(QChar unit)
     return NSCharacterSet::whitespaceCharacterSet().characterIsMember(unit.unicode());
 }
 
+bool NumberText::isDirectionMark(QChar unit)
+{
+    return QStringView(u"\u061C\u200E\u200F").contains(unit) ||
+           (unit >= u'\u202A' && unit <= u'\u202E') || (unit >= u'\u2066' && unit <= u'\u2069');
+}
+
 NumberText::NumberText(QStringView text)
 {
     qsizetype index = 0;

@@ -1,5 +1,8 @@
 #pragma once
 
+// Private to the library. What is whitespace in a number, and what nobody sees in it, the formatters
+// ask as well.
+
 #include <QString>
 #include <QStringView>
 #include <QVarLengthArray>
@@ -29,6 +32,8 @@ public:
     qsizetype endOf(qsizetype length) const;
 
     static bool isWhitespace(QChar unit);
+    /// A mark that only says in which direction a text runs. Nobody sees it.
+    static bool isDirectionMark(QChar unit);
 
 private:
     bool keepsSpaceBefore(QStringView text, qsizetype index) const;

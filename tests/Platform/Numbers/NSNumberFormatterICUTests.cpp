@@ -150,6 +150,29 @@ TEST_P(NSNumberFormatterICUReadingTests, AgreesWithICU)
     EXPECT_GT(numbers, TextsPerFormatter / 4);
 }
 
+TEST_P(NSNumberFormatterICUReadingTests, TellsIntegersAsICUDoes)
+{
+    NSNumberFormatter quick;
+    setUp(quick, GetParam());
+    quick.setGeneratesDecimalNumbers(false);
+    NSNumberFormatter thorough;
+    setUp(thorough, GetParam());
+    thorough.setGeneratesDecimalNumbers(false);
+    thorough.setMultiplier(1);
+    Random random(20080220);
+    for (int round = 0; round < TextsPerFormatter / 20; ++round) {
+        const QString text = round % 2 ? randomSoup(random) : randomNumber(random);
+        NSRange range{0, text.size()};
+        QVariant quickValue;
+        QVariant thoroughValue;
+        quick.getObjectValue(&quickValue, text, &range, nullptr);
+        range = {0, text.size()};
+        thorough.getObjectValue(&thoroughValue, text, &range, nullptr);
+        ASSERT_EQ(quickValue.metaType().id(), thoroughValue.metaType().id())
+            << '"' << qPrintable(text) << '"';
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(NSNumberFormatter, NSNumberFormatterICUReadingTests,
                          testing::ValuesIn(settings()));
 

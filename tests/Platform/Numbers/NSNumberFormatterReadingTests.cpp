@@ -189,3 +189,40 @@ TEST(NSNumberFormatterReading, ReadsItsOwnCurrencyWhetherTheSystemKnowsItOrNot)
         EXPECT_EQ(formatter.numberFromString(formatter.stringFromNumber(12.5)).toDouble(), 12.5);
     }
 }
+
+TEST(NSNumberFormatterReading, TellsIntegersFromDoublesInEveryLocale)
+{
+    const std::tuple<const char *, const char16_t *, QMetaType::Type> typed[] = {
+        {"en_US", u"5", QMetaType::LongLong},  {"ar_EG", u"5", QMetaType::LongLong},
+        {"en_US", u"-0", QMetaType::LongLong}, {"ar_EG", u"-0", QMetaType::LongLong},
+        {"en_US", u"5.", QMetaType::Double},   {"ar_EG", u"5,", QMetaType::Double},
+        {"fa_IR", u"5,", QMetaType::Double},   {"fa_IR", u"۵٫۰", QMetaType::Double},
+        {"en_US", u"5.0", QMetaType::Double},  {"ar_EG", u"5,0", QMetaType::Double},
+        {"de_DE", u"5,", QMetaType::Double},   {"fa_IR", u"-0", QMetaType::LongLong},
+        {"en_US", u"５", QMetaType::LongLong}, {"en_US", u"５.", QMetaType::Double},
+        {"ar_EG", u"٥", QMetaType::LongLong},  {"en_US", u"5 ", QMetaType::Double}};
+    for (const auto &[locale, text, type] : typed) {
+        NSNumberFormatter formatter;
+        formatter.setLocale(NSLocale(QString::fromLatin1(locale)));
+        formatter.setNumberStyle(NSNumberFormatterDecimalStyle);
+        formatter.setLenient(true);
+        formatter.setUsesGroupingSeparator(false);
+        const QVariant value = formatter.numberFromString(QString::fromUtf16(text));
+        EXPECT_EQ(value.metaType().id(), type)
+            << locale << ' ' << qPrintable(QString::fromUtf16(text));
+    }
+}
+
+TEST(NSNumberFormatterReading, ReadsZeroInParenthesesAsAnInteger)
+{
+    for (const char *locale : {"en_US", "ar_EG", "fa_IR"}) {
+        NSNumberFormatter formatter;
+        formatter.setLocale(NSLocale(QString::fromLatin1(locale)));
+        formatter.setNumberStyle(NSNumberFormatterDecimalStyle);
+        formatter.setLenient(true);
+        formatter.setNegativePrefix(u"("_s);
+        formatter.setNegativeSuffix(u")"_s);
+        EXPECT_EQ(formatter.numberFromString(u"(0)"_s).metaType().id(), QMetaType::LongLong);
+        EXPECT_EQ(formatter.numberFromString(u"(5)"_s), -5);
+    }
+}
