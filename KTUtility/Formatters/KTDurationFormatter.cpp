@@ -26,6 +26,32 @@ const NSCharacterSet &separators()
     static const NSCharacterSet set = NSCharacterSet::alphanumericCharacterSet().invertedSet();
     return set;
 }
+
+/// Whether a typed word is one of ours, regardless of letter case.
+using IsSame = bool (*)(const QString &word, const QString &typed);
+
+/// In small letters, of which Greek has two for "Σ".
+QString inSmallLetters(const QString &text)
+{
+    return text.toLower().replace(u'ς', u'σ');
+}
+
+/// As Turks write: "I" is the capital of "ı", "İ" that of "i".
+QString inTurkishSmallLetters(QString text)
+{
+    return inSmallLetters(text.replace(u'İ', u'i').replace(u'I', u'ı'));
+}
+
+bool isSameInSmallLetters(const QString &word, const QString &typed)
+{
+    return inSmallLetters(word) == inSmallLetters(typed);
+}
+
+/// Where two capitals stand for one letter ("ß"), and in Turkish.
+bool isSameInCapitals(const QString &word, const QString &typed)
+{
+    return word.toUpper() == typed || inTurkishSmallLetters(word) == inTurkishSmallLetters(typed);
+}
 } // namespace
 
 KTDurationFormatter::KTDurationFormatter() : KTDurationFormatter(KTDurationTables::shared()) {}
@@ -113,13 +139,14 @@ NSDecimalNumber KTDurationFormatter::secondsFrom(const NSDecimalNumber &count,
 {
     if (!isPositive(count) || ofKind.isEmpty())
         return {};
-    const QString word = ofKind.toLower();
-    for (const QStringList *words :
-         {&_tables.pluralNames, &_tables.singularNames, &_tables.abbreviations}) {
-        for (const QString &candidate : *words) {
-            if (candidate.size() == word.size() && candidate.toLower() == word)
-                return count.decimalNumberByMultiplyingBy(_tables.convertToSeconds.value(candidate),
-                                                          this);
+    for (const IsSame isSame : {&isSameInSmallLetters, &isSameInCapitals}) {
+        for (const QStringList *words :
+             {&_tables.pluralNames, &_tables.singularNames, &_tables.abbreviations}) {
+            for (const QString &candidate : *words) {
+                if (isSame(candidate, ofKind))
+                    return count.decimalNumberByMultiplyingBy(
+                        _tables.convertToSeconds.value(candidate), this);
+            }
         }
     }
     return {};

@@ -246,3 +246,27 @@ TEST(KTDurationFormatter, SurvivesAnyText)
     EXPECT_EQ(reading(formatter, megabyteOf(u"1s "_s)),
               QString::number(megabyteOf(u"1s "_s).size() / 3));
 }
+
+TEST(KTDurationFormatter, ReadsWordsInAnyLetterCase)
+{
+    struct Language
+    {
+        QJsonObject words;
+        std::vector<std::pair<const char16_t *, const char16_t *>> texts;
+    };
+    const Language languages[] = {
+        {{{u"hours"_s, u"ώρες"_s}, {u"hour"_s, u"ώρα"_s}, {u"week"_s, u"εβδομάδα"_s}},
+         {{u"2 ώρες", u"7200"}, {u"2 ΏΡΕΣ", u"7200"}, {u"1 ΕΒΔΟΜΆΔΑ 2 Ώρες", u"612000"}}},
+        {{{u"hours"_s, u"Straßen"_s}}, {{u"2 STRASSEN", u"7200"}, {u"2 straßen", u"7200"}}},
+        {{{u"minutes"_s, u"dakika"_s}, {u"seconds"_s, u"ışık"_s}},
+         {{u"2 DAKİKA", u"120"}, {u"2 DAKIKA", u"120"}, {u"2 IŞIK", u"2"}}}};
+    needApplication();
+    for (const Language &language : languages) {
+        const QJsonObject tables{{u"Durations"_s, language.words}};
+        const RowTranslator translator(tables);
+        const TranslatedFormatter formatter;
+        for (const auto &[text, seconds] : language.texts)
+            EXPECT_EQ(reading(formatter, text), QString::fromUtf16(seconds))
+                << qPrintable(QString::fromUtf16(text));
+    }
+}
