@@ -130,7 +130,7 @@ QString KTPhoneNumberFormatter::applyFormat(const QString &format, const QString
     KTLog(kLog_FormattersPhoneNumbers, 4, u"applyFormat: %@ toString: %@", format, toString);
     const QString typed = withoutSeparators(toString);
     const QString literals = literalsOf(format);
-    if (!typed.startsWith(literals))
+    if (!literals.isEmpty() && !typed.startsWith(literals))
         return {};
     const std::optional<QList<int>> digits = digitsOf(QStringView(typed).mid(literals.size()));
     if (!digits || digits->size() != format.count(Placeholder))

@@ -208,3 +208,12 @@ TEST(KTPhoneNumberFormatter, ResourcesShowNumbersOfTheirCountries)
         EXPECT_EQ(formatter.stringForObjectValue(QString::fromUtf16(typed)), expected);
     }
 }
+
+TEST(KTPhoneNumberFormatter, PatternsWithoutPlaceholdersFitNothingTyped)
+{
+    const KTPhoneNumberFormatter formatter;
+    for (const QString &text : {QString(), u""_s, u"-"_s})
+        EXPECT_EQ(formatter.applyFormat(u"-."_s, text), u"-.");
+    EXPECT_TRUE(formatter.applyFormat(u"+-."_s, QString()).isNull());
+    EXPECT_TRUE(formatter.applyFormat(u"-."_s, u"5"_s).isNull());
+}
