@@ -1,5 +1,6 @@
 #include "KTNumberFormatter.h"
 
+#include "DigitGroups_p.h"
 #include "KTNumberFormatter_p.h"
 #include "KTNumberTexts_p.h"
 
@@ -12,6 +13,7 @@
 
 #include <algorithm>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -153,6 +155,19 @@ void KTNumberFormatter::setUseDisplayStringForEditingString(bool useDisplayStrin
     Q_EMIT useDisplayStringForEditingStringChanged();
 }
 
+void KTNumberFormatter::setRejectsUnevenGroups(bool rejectsUnevenGroups)
+{
+    _rejectsUnevenGroups = rejectsUnevenGroups;
+    Q_EMIT rejectsUnevenGroupsChanged();
+}
+
+const QString &KTNumberFormatter::unevenGroupsDescription()
+{
+    static const QString description =
+        u"The separators do not stand where groups of digits end or the fraction begins."_s;
+    return description;
+}
+
 std::optional<QStringList> KTNumberFormatter::optionsKeys() const
 {
     return QStringList{kKTFieldOption_decimalPlaces, kKTFieldOption_displayThousandsSeparator,
@@ -223,17 +238,16 @@ bool KTNumberFormatter::_internalGetNumberValue(QVariant *value, const QString &
     static constexpr Pass passes[] = {{false, false}, {true, false}, {false, true}, {true, true}};
     Attempt attempt;
     attempt.wantsError = errorDescription != nullptr;
-    for (const Pass &pass : passes) {
-        if (run(pass, forString, attempt)) {
-            if (value)
-                *value = attempt.value;
-            return true;
-        }
-    }
+    const bool isRead = std::any_of(std::begin(passes), std::end(passes), [&](const Pass &pass) {
+        return run(pass, forString, attempt);
+    });
+    const bool isAccepted = isRead && acceptsGroups(*_inputFormatter, forString, attempt.value);
     if (value)
-        *value = QVariant();
+        *value = isAccepted ? attempt.value : QVariant();
+    if (isAccepted)
+        return true;
     if (errorDescription) {
-        *errorDescription = attempt.error.description();
+        *errorDescription = isRead ? unevenGroupsDescription() : attempt.error.description();
         KTLog(kLog_FormattersNumbers, 4, u"KTNumberFormatter getObjectValue error: %@",
               *errorDescription);
     }
@@ -275,6 +289,13 @@ bool KTNumberFormatter::_validateFormattedResult(bool result, NSRange forRange,
     KTLog(kLog_FormattersNumbers, 4, u"extra characters found in number string: %@",
           text.mid(forRange.length));
     return false;
+}
+
+bool KTNumberFormatter::acceptsGroups(const NSNumberFormatter &formatter, const QString &text,
+                                      const QVariant &value) const
+{
+    return !_rejectsUnevenGroups ||
+           DigitGroups(formatter).fit(text, value.value<NSDecimalNumber>());
 }
 
 /// The same text fails again in the same way; only the log shows whether it was tried.

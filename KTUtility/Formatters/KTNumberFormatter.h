@@ -44,6 +44,8 @@ class KTUTILITY_EXPORT KTNumberFormatter : public NSFormatter
     Q_PROPERTY(
         bool useDisplayStringForEditingString READ useDisplayStringForEditingString WRITE
             setUseDisplayStringForEditingString NOTIFY useDisplayStringForEditingStringChanged)
+    Q_PROPERTY(bool rejectsUnevenGroups READ rejectsUnevenGroups WRITE setRejectsUnevenGroups NOTIFY
+                   rejectsUnevenGroupsChanged)
 
 public:
     /// A formatter in the user's current locale for numbers, with the settings named above.
@@ -84,6 +86,17 @@ public:
     bool useDisplayStringForEditingString() const { return _useDisplayStringForEditingString; }
     virtual void setUseDisplayStringForEditingString(bool useDisplayStringForEditingString);
 
+    /// Whether a text is rejected if separators stand elsewhere than between groups of digits. A
+    /// separator that is not the locale's point is read as one of groups wherever it stands, so
+    /// that "1,50" is 150 in Switzerland; with this setting it is no number there, while "1'500"
+    /// and "1,500" are 1500. Groups have three digits before the point, or the locale's own count
+    /// ("12,34,567" in India). What only other locales have for a point ("," in Egypt) is rejected
+    /// where it might end a group. Off at first, and not among the options.
+    bool rejectsUnevenGroups() const { return _rejectsUnevenGroups; }
+    void setRejectsUnevenGroups(bool rejectsUnevenGroups);
+    /// The error description of a text that is rejected for that reason.
+    static const QString &unevenGroupsDescription();
+
     /// "decimalPlaces", "displayThousandsSeparator", "highlightNegative" and
     /// "formatNegativeUsingParens".
     std::optional<QStringList> optionsKeys() const override;
@@ -101,7 +114,7 @@ public:
     /// (full-width digits, superscripts) as plain ones (Unicode's NFKD).
     /// \param value receives an NSDecimalNumber, nil if there is none.
     /// \param errorDescription receives why the last try read no number; nil if it read one and
-    /// something was left over.
+    /// something was left over. See also rejectsUnevenGroups().
     bool getObjectValue(QVariant *value, const QString &forString,
                         QString *errorDescription = nullptr) const override;
 
@@ -112,6 +125,7 @@ Q_SIGNALS:
     void highlightNegativeChanged();
     void formatNegativeUsingParensChanged();
     void useDisplayStringForEditingStringChanged();
+    void rejectsUnevenGroupsChanged();
 
 protected:
     /// A formatter in a locale, for what has another category's.
@@ -124,6 +138,11 @@ protected:
                                  QString *errorDescription) const;
     /// Whether a parse read all of a text but whitespace around it. Only lengths are compared.
     bool _validateFormattedResult(bool result, NSRange forRange, const QString &ofString) const;
+
+    /// Whether the groups of a text that a formatter read may stand as they do, see
+    /// rejectsUnevenGroups().
+    bool acceptsGroups(const NSNumberFormatter &formatter, const QString &text,
+                       const QVariant &value) const;
 
     /// Whether to read the decomposition after \a original could not be read.
     static bool isWorthASecondTry(const QString &decomposed, const QString &original);
@@ -140,6 +159,7 @@ protected:
     bool _formatNegativeUsingParens = false;
     /// See useDisplayStringForEditingString().
     bool _useDisplayStringForEditingString = false;
+    bool _rejectsUnevenGroups = false;
 
 private:
     struct Pass;

@@ -3,6 +3,7 @@ target_sources(KTUtility PRIVATE
     Formatters/DateFormatterLists.cpp
     Formatters/DatePatterns.cpp
     Formatters/DateReading.cpp
+    Formatters/DigitGroups.cpp
     Formatters/KTCurrencyFormatter.cpp
     Formatters/KTDateFormatterList.cpp
     Formatters/KTDateTimeFormatter.cpp

@@ -296,3 +296,75 @@ TEST(KTNumberFormatter, SurvivesAnyText)
     EXPECT_EQ(reading(formatter, u"7"), u"7"); // nothing is left of the failures
     EXPECT_EQ(reading(formatter, u"(7)"), u"-7");
 }
+
+TEST(KTNumberFormatter, RejectsUnevenGroupsIfAsked)
+{
+    const std::tuple<const char *, const char16_t *, const char *, const char *> typed[] = {
+        {"de_CH", u"1,50", "150", "NO"},
+        {"de_CH", u"1234,50", "123450", "NO"},
+        {"de_CH", u"1,500", "1500", "1500"},
+        {"de_CH", u"1’234.50", "1234.5", "1234.5"},
+        {"de_CH", u"(1’234.50)", "-1234.5", "-1234.5"},
+        {"fr_FR", u"1234.56", "123456", "NO"},
+        {"fr_FR", u"1 234,56", "1234.56", "1234.56"},
+        {"de_DE", u"1.50", "150", "NO"},
+        {"de_DE", u".5", "5", "NO"},
+        {"en_US", u"1234,56", "123456", "NO"},
+        {"en_US", u"(1234,56)", "-123456", "NO"},
+        {"en_US", u"1,234.56", "1234.56", "1234.56"},
+        {"en_US", u"１，２３", "123", "NO"},
+        {"en_US", u"1e3", "1000", "1000"},
+        {"en_IN", u"12,34,567", "1234567", "1234567"},
+        {"ar_EG", u"1,234", "1.234", "NO"},
+        {"ar_EG", u"١٬٢٣٤٫٥", "1234.5", "1234.5"}};
+    for (const auto &[locale, text, lenient, strict] : typed) {
+        const auto formatter = formatterIn<KTNumberFormatter>(QString::fromLatin1(locale));
+        EXPECT_EQ(reading(*formatter, text), QString::fromLatin1(lenient)) << locale;
+        formatter->setRejectsUnevenGroups(true);
+        EXPECT_EQ(reading(*formatter, text), QString::fromLatin1(strict))
+            << locale << ' ' << qPrintable(QString::fromUtf16(text));
+    }
+}
+
+TEST(KTNumberFormatter, TellsThatGroupsAreUneven)
+{
+    useFreshHome();
+    KTNumberFormatter formatter;
+    QSignalSpy changes(&formatter, &KTNumberFormatter::rejectsUnevenGroupsChanged);
+    EXPECT_FALSE(formatter.rejectsUnevenGroups());
+    NSKeyValueCoding::setValue(&formatter, true, u"rejectsUnevenGroups"_s);
+    EXPECT_TRUE(formatter.rejectsUnevenGroups());
+    EXPECT_EQ(changes.count(), 1);
+    EXPECT_FALSE(formatter.options().contains(u"rejectsUnevenGroups"_s));
+    QString error;
+    const KTLogCapture log(kLog_FormattersNumbers, 4);
+    EXPECT_FALSE(formatter.getObjectValue(nullptr, u"1,23"_s, &error));
+    EXPECT_EQ(error, KTNumberFormatter::unevenGroupsDescription());
+    EXPECT_EQ(log.messages().last(), QString(u"KTNumberFormatter getObjectValue error: " + error));
+    EXPECT_FALSE(formatter.getObjectValue(nullptr, u"cow"_s, &error));
+    EXPECT_NE(error, KTNumberFormatter::unevenGroupsDescription());
+    EXPECT_FALSE(error.isNull());
+    EXPECT_FALSE(formatter.getObjectValue(nullptr, u"12abc"_s, &error));
+    EXPECT_TRUE(error.isNull());
+}
+
+TEST(KTNumberFormatter, ReadsWhatItShowsInEveryLocaleAlsoWithEvenGroupsOnly)
+{
+    for (const QString &locale : NSLocale::availableLocaleIdentifiers()) {
+        const auto formatter = formatterIn<KTNumberFormatter>(locale);
+        formatter->setRejectsUnevenGroups(true);
+        formatter->setDecimalPlaces(3);
+        for (const char *text : {"0", "-5.25", "1234.5", "-12345.678", "1234567.001", "0.125"}) {
+            const QVariant value = QVariant::fromValue(decimal(QString::fromLatin1(text)));
+            const QString expected = decimal(QString::fromLatin1(text)).description();
+            for (const bool usesParentheses : {false, true}) {
+                formatter->setFormatNegativeUsingParens(usesParentheses);
+                const QString shown = formatter->stringForObjectValue(value);
+                EXPECT_EQ(reading(*formatter, shown), expected)
+                    << qPrintable(locale + u' ' + shown);
+            }
+            const QString edited = formatter->editingStringForObjectValue(value);
+            EXPECT_EQ(reading(*formatter, edited), expected) << qPrintable(locale + u' ' + edited);
+        }
+    }
+}

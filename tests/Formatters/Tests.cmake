@@ -3,6 +3,7 @@ target_sources(KTUtilityTests PRIVATE
     Formatters/DateFormatterListsTests.cpp
     Formatters/DatePatternsTests.cpp
     Formatters/DateReadingTests.cpp
+    Formatters/DigitGroupsTests.cpp
     Formatters/FormatterLocaleTests.cpp
     Formatters/FormatterRoundTripTests.cpp
     Formatters/KTCurrencyFormatterTests.cpp
