@@ -1,18 +1,14 @@
 #include "CurrencyCandidates_p.h"
 
-#include <KTUtility/Platform/Text/NSStringNormalization.h>
-
-#include <unicode/ucurr.h>
+#include "CurrencyNames_p.h"
 
 #include <QHash>
 #include <QMutex>
 #include <QMutexLocker>
 
 #include <algorithm>
-#include <array>
 #include <bitset>
 #include <memory>
-#include <utility>
 #include <vector>
 
 using namespace KTPrivate;
@@ -45,61 +41,30 @@ struct Name
     UnitSet units;
 };
 
-/// A currency with everything that ICU reads as its name in one locale.
-struct CurrencyNames
+/// A currency with everything that is read as its name in one locale.
+struct CurrencyWords
 {
     QString code;
     std::vector<Name> names;
 };
 
-using AllNames = std::vector<CurrencyNames>;
+using AllNames = std::vector<CurrencyWords>;
 
-/// One form for what ICU's lenient parser takes for the same: case, compatibility characters and
-/// the look-alikes of signs (CLDR's lenient sets for currencies).
-QString folded(const QString &text)
+CurrencyWords wordsOf(const NSLocale &locale, const QString &code)
 {
-    return NSString::foldedStringWithCompatibilityMapping(text)
-        .replace(QChar(u'₤'), QChar(u'£'))
-        .replace(QChar(u'₨'), u"rs"_s)
-        .replace(QChar(u'₹'), u"rs"_s);
-}
-
-QString pluralName(const QByteArray &locale, const QString &code, const char *count)
-{
-    UErrorCode status = U_ZERO_ERROR;
-    int32_t length = 0;
-    const UChar *const name =
-        ucurr_getPluralName(reinterpret_cast<const UChar *>(QStringView(code).utf16()),
-                            locale.constData(), nullptr, count, &length, &status);
-    return U_SUCCESS(status) ? QString(reinterpret_cast<const QChar *>(name), length) : QString();
-}
-
-CurrencyNames namesOf(const NSLocale &locale, const QByteArray &identifier, const QString &code)
-{
-    static constexpr std::array counts{"zero", "one", "two", "few", "many", "other"};
-    QStringList names{code, locale.displayNameForKey(NSLocaleCurrencySymbol, code),
-                      locale.displayNameForKey(NSLocaleCurrencyCode, code)};
-    if (locale.currencyCode() == code)
-        names.append(locale.currencySymbol());
-    for (const char *count : counts)
-        names.append(pluralName(identifier, code, count));
-    for (QString &name : names)
-        name = folded(name).trimmed();
-    names.removeDuplicates();
-    names.removeAll(QString());
-    CurrencyNames currency{code, {}};
-    for (const QString &name : std::as_const(names))
+    CurrencyWords currency{code, {}};
+    const QStringList names = CurrencyNames::of(locale, code);
+    for (const QString &name : names)
         currency.names.push_back({name, UnitSet(name)});
     return currency;
 }
 
 std::shared_ptr<const AllNames> readNames(const NSLocale &locale)
 {
-    const QByteArray identifier = locale.localeIdentifier().toLatin1();
     auto currencies = std::make_shared<AllNames>();
     for (const QString &code : NSLocale::commonISOCurrencyCodes()) {
         if (!CurrencyCandidates::isRejected(code))
-            currencies->push_back(namesOf(locale, identifier, code));
+            currencies->push_back(wordsOf(locale, code));
     }
     return currencies;
 }
@@ -124,14 +89,14 @@ bool CurrencyCandidates::isRejected(const QString &code)
 
 QStringList CurrencyCandidates::of(const NSLocale &locale, const QString &text)
 {
-    const QString typed = folded(text.left(MaximumLength));
+    const QString typed = CurrencyNames::folded(text.left(MaximumLength));
     const UnitSet units(typed);
     const std::shared_ptr<const AllNames> currencies = namesIn(locale);
     const auto occurs = [&](const Name &name) {
         return name.units.isWithin(units) && typed.contains(name.text);
     };
     QStringList codes;
-    for (const CurrencyNames &currency : *currencies) {
+    for (const CurrencyWords &currency : *currencies) {
         if (std::any_of(currency.names.begin(), currency.names.end(), occurs))
             codes.append(currency.code);
     }

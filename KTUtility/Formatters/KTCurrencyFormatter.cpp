@@ -1,6 +1,7 @@
 #include "KTCurrencyFormatter.h"
 
 #include "CurrencyCandidates_p.h"
+#include "CurrencyNames_p.h"
 #include "KTCurrencyFormatter_p.h"
 #include "KTNumberTexts_p.h"
 #include "NSNumberFormatter_KTCurrency.h"
@@ -89,11 +90,27 @@ void KTCurrencyFormatter::filterCurrency()
 
 void KTCurrencyFormatter::setCurrencyLocale(const NSLocale &locale)
 {
+    const ShownCurrency before = shownCurrency();
     _currencyLocale = locale;
     filterCurrency();
     _currencyFormatter->setLocale(_locale); // deliberately that of numbers
     _currencyInputFormatter->setLocale(_locale);
     Q_EMIT currencyLocaleChanged();
+    announceChangesSince(before);
+}
+
+KTCurrencyFormatter::ShownCurrency KTCurrencyFormatter::shownCurrency() const
+{
+    return {currencyType(), decimalPlaces()};
+}
+
+/// What follows the currency has its own signals.
+void KTCurrencyFormatter::announceChangesSince(const ShownCurrency &before)
+{
+    if (currencyType() != before.type)
+        Q_EMIT currencyTypeChanged();
+    if (decimalPlaces() != before.decimalPlaces)
+        Q_EMIT decimalPlacesChanged();
 }
 
 QString KTCurrencyFormatter::currencyType() const
@@ -106,6 +123,7 @@ void KTCurrencyFormatter::setCurrencyType(const QString &code)
     QString chosen = code.isNull() ? currencyOf(_locale) : code;
     if (CurrencyCandidates::isRejected(chosen))
         chosen = replacementCurrency();
+    const uint placesBefore = decimalPlaces();
     const NSLocale &formatterLocale = _currencyFormatter->locale();
     QString symbol = formatterLocale.displayNameForKey(NSLocaleCurrencySymbol, chosen);
     if (_locale == formatterLocale && chosen == _locale.currencyCode())
@@ -120,6 +138,8 @@ void KTCurrencyFormatter::setCurrencyType(const QString &code)
     _currencyInputFormatter->setNegativeSuffix(QString());
     setFormatNegativeUsingParens(formatNegativeUsingParens());
     Q_EMIT currencyTypeChanged();
+    if (decimalPlaces() != placesBefore)
+        Q_EMIT decimalPlacesChanged();
 }
 
 // --- Settings of the display
@@ -238,19 +258,49 @@ bool KTCurrencyFormatter::_internalGetCurrencyValue(QVariant *value, const QStri
 {
     if (KTNumberFormatter::getObjectValue(value, forString, errorDescription))
         return true;
-    NSNumberFormatter &formatter = *_currencyInputFormatter;
-    KTCurrency::setFormatNegativeUsingParens(formatter, false);
-    bool isRead = formatter.getObjectValue(value, forString, errorDescription);
-    if (!isRead) {
-        KTCurrency::setFormatNegativeUsingParens(formatter, true);
-        isRead = formatter.getObjectValue(value, forString, errorDescription);
-    }
+    const bool isUneven = errorDescription && *errorDescription == unevenGroupsDescription();
+    const bool isRead = readAmount(value, forString, errorDescription) ||
+                        readNamedAmount(value, forString, errorDescription);
+    if (!isRead && isUneven)
+        *errorDescription = unevenGroupsDescription();
     KTLog(kLog_FormattersCurrency, 4, u"KTCurrencyFormatter getObjectValue forString:%@ returns %d",
           forString, isRead);
     if (!isRead && errorDescription && !errorDescription->isNull())
         KTLog(kLog_FormattersCurrency, 4, u"KTCurrencyFormatter getObjectValue error: %@",
               *errorDescription);
     return isRead;
+}
+
+/// As the input formatter reads it, with and without parentheses.
+bool KTCurrencyFormatter::readAmount(QVariant *value, const QString &text,
+                                     QString *errorDescription) const
+{
+    NSNumberFormatter &formatter = *_currencyInputFormatter;
+    QVariant amount;
+    bool isRead = false;
+    for (const bool usesParentheses : {false, true}) {
+        KTCurrency::setFormatNegativeUsingParens(formatter, usesParentheses);
+        isRead = formatter.getObjectValue(&amount, text, errorDescription);
+        if (isRead)
+            break;
+    }
+    const bool isAccepted = isRead && acceptsGroups(formatter, text, amount);
+    if (isAccepted && value)
+        *value = amount;
+    if (isRead && !isAccepted && errorDescription)
+        *errorDescription = unevenGroupsDescription();
+    return isAccepted;
+}
+
+/// With the currency written in a way that only people understand: "¥" for "￥", "kr" for "kr.",
+/// "5 euros", or a sign without the marks of direction that belong to it.
+bool KTCurrencyFormatter::readNamedAmount(QVariant *value, const QString &text,
+                                          QString *errorDescription) const
+{
+    const NSNumberFormatter &formatter = *_currencyInputFormatter;
+    const QString amount =
+        CurrencyNames::replacedByCode(text, formatter.locale(), formatter.currencyCode());
+    return !amount.isNull() && amount != text && readAmount(value, amount, errorDescription);
 }
 
 bool KTCurrencyFormatter::readsInCurrency(QVariant *value, const QString &text, const QString &code)
@@ -269,7 +319,9 @@ KTCurrencyFormatter *KTCurrencyFormatter::adjusted(const QString &code, const QV
     KTLog(kLog_FormattersCurrency, 4, u"string value: %@", stringForObjectValue(value));
     if (options)
         options->insert(kKTFieldOption_currencyType, code);
+    const ShownCurrency before = shownCurrency();
     _currencyFormatter->setCurrencyCode(code);
+    announceChangesSince(before);
     return this;
 }
 

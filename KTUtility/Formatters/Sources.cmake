@@ -1,5 +1,6 @@
 target_sources(KTUtility PRIVATE
     Formatters/CurrencyCandidates.cpp
+    Formatters/CurrencyNames.cpp
     Formatters/DateFormatterLists.cpp
     Formatters/DatePatterns.cpp
     Formatters/DateReading.cpp

@@ -487,3 +487,169 @@ TEST(KTCurrencyFormatter, SymbolsAreThoseOfTheTable)
                       it.value().toString());
     }
 }
+
+TEST(KTCurrencyFormatter, ReadsSignsAndNamesAsPeopleWriteThem)
+{
+    const std::tuple<const char *, const char16_t *, const char *> typed[] = {
+        {"ja_JP", u"¥500", "500"},
+        {"ja_JP", u"￥500", "500"},
+        {"ja_JP", u"-¥1,200", "-1200"},
+        {"ja_JP", u"(¥500)", "-500"},
+        {"ja_JP", u"500円", "500"},
+        {"zh_CN", u"¥5", "5"},
+        {"zh_CN", u"￥5", "5"},
+        {"ar_EG", u"٥ ج.م.", "5"},
+        {"ar_EG", u"٥ ج.م.\u200F", "5"},
+        {"ar_AE", u"5 د.إ", "5"},
+        {"ar_SA", u"5 ر.س.", "5"},
+        {"da_DK", u"5 kr", "5"},
+        {"da_DK", u"5 kr.", "5"},
+        {"da_DK", u"-5,50 kr", "-5.5"},
+        {"bg_BG", u"5 лв", "5"},
+        {"de_DE", u"5 Euro", "5"},
+        {"de_DE", u"1.234,50 Euro", "1234.5"},
+        {"fr_FR", u"5 euros", "5"},
+        {"es_ES", u"5 euros", "5"},
+        {"en_IE", u"5 euros", "5"},
+        {"en_IE", u"1 euro", "1"},
+        {"en_US", u"5 US dollars", "5"},
+        {"en_US", u"1 US dollar", "1"},
+        {"en_GB", u"5 British pounds", "5"},
+        {"en_GB", u"5 pounds", "5"},
+        {"en_US", u"5 dollars", "5"},
+        {"en_US", u"5 Canadian dollars", "NO"},
+        {"fr_CA", u"5 dollars", "5"},
+        {"en_IE", u"5 eurocents", "NO"},
+        {"ja_JP", u"$500", "NO"},
+        {"ja_JP", u"¥", "NO"}};
+    for (const auto &[locale, text, value] : typed) {
+        const UserLocale user(locale);
+        EXPECT_EQ(reading(KTCurrencyFormatter(), text), QString::fromLatin1(value))
+            << locale << ' ' << qPrintable(QString::fromUtf16(text));
+    }
+}
+
+TEST(KTCurrencyFormatter, FindsCurrenciesByWhatPeopleWrite)
+{
+    const std::tuple<const char *, const char16_t *, const char *> typed[] = {
+        {"en_US", u"¥500", "JPY"}, {"da_DK", u"5 kr", nullptr}, {"en_US", u"5 euros", "EUR"},
+        {"de_DE", u"¥500", "JPY"}, {"ja_JP", u"¥500", nullptr}, {"fr_FR", u"5 euros", nullptr}};
+    for (const auto &[locale, text, code] : typed) {
+        const UserLocale user(locale);
+        KTCurrencyFormatter formatter;
+        EXPECT_EQ(optionsAfterAdjusting(formatter, text).value(kKTFieldOption_currencyType),
+                  code ? QVariant(QString::fromLatin1(code)) : QVariant())
+            << locale << ' ' << qPrintable(QString::fromUtf16(text));
+    }
+}
+
+TEST(KTCurrencyFormatter, AnnouncesEveryChangeOfTheCurrency)
+{
+    KTCurrencyFormatter formatter;
+    QSignalSpy types(&formatter, &KTCurrencyFormatter::currencyTypeChanged);
+    QSignalSpy places(&formatter, &KTNumberFormatter::decimalPlacesChanged);
+    formatter.setCurrencyType(u"KWD"_s);
+    EXPECT_EQ(types.count(), 1);
+    EXPECT_EQ(places.count(), 1);
+    ASSERT_EQ(formatter.adjustForValue(u"€5"_s, nullptr), &formatter);
+    EXPECT_EQ(formatter.currencyType(), u"EUR");
+    EXPECT_EQ(types.count(), 2);
+    EXPECT_EQ(places.count(), 2);
+    formatter.setCurrencyType(u"USD"_s);
+    EXPECT_EQ(types.count(), 3);
+    EXPECT_EQ(places.count(), 2); // two as before
+}
+
+TEST(KTCurrencyFormatter, AnnouncesTheCurrencyThatComesWithALocale)
+{
+    KTCurrencyFormatter formatter;
+    formatter.setLocale(NSLocale(u"ja_JP"_s));
+    QSignalSpy types(&formatter, &KTCurrencyFormatter::currencyTypeChanged);
+    QSignalSpy places(&formatter, &KTNumberFormatter::decimalPlacesChanged);
+    formatter.setCurrencyLocale(NSLocale(u"fr_FR"_s));
+    EXPECT_EQ(formatter.currencyType(), u"JPY");
+    EXPECT_EQ(types.count(), 1);
+    EXPECT_EQ(places.count(), 1);
+    formatter.setCurrencyLocale(NSLocale(u"de_DE"_s));
+    EXPECT_EQ(types.count(), 1);
+    EXPECT_EQ(places.count(), 1);
+}
+
+TEST(KTCurrencyFormatter, LeavesTheMinusOfPersianAsItIs)
+{
+    for (const char *locale : {"fa_IR", "fa_AF", "sv_SE", "en_US", "ar_EG", "he_IL"}) {
+        NSNumberFormatter formatter;
+        formatter.setLocale(NSLocale(QString::fromLatin1(locale)));
+        formatter.setNumberStyle(NSNumberFormatterCurrencyStyle);
+        const QString prefix = formatter.negativePrefix();
+        const QString suffix = formatter.negativeSuffix();
+        KTCurrency::setFormatNegativeUsingParens(formatter, false);
+        EXPECT_EQ(formatter.negativePrefix(), prefix) << locale;
+        KTCurrency::setFormatNegativeUsingParens(formatter, true);
+        EXPECT_TRUE(formatter.negativePrefix().contains(u'(')) << locale;
+        EXPECT_FALSE(formatter.negativePrefix().contains(QChar(0x2212))) << locale;
+        KTCurrency::setFormatNegativeUsingParens(formatter, false);
+        EXPECT_EQ(formatter.negativePrefix(), prefix) << locale;
+        EXPECT_EQ(formatter.negativeSuffix(), suffix) << locale;
+    }
+    const UserLocale user("fa_IR");
+    EXPECT_TRUE(KTCurrencyFormatter().stringForObjectValue(-5).contains(QChar(0x2212)));
+}
+
+TEST(KTCurrencyFormatter, RejectsUnevenGroupsIfAsked)
+{
+    const std::tuple<const char *, const char16_t *, const char *, const char *> typed[] = {
+        {"de_DE", u"5.00 €", "500", "NO"},
+        {"de_DE", u"5,00 €", "5", "5"},
+        {"de_DE", u"1.234,50 €", "1234.5", "1234.5"},
+        {"de_DE", u"5.00 Euro", "500", "NO"},
+        {"en_IE", u"€1,23", "123", "NO"},
+        {"en_IE", u"(€1,23)", "-123", "NO"},
+        {"en_IE", u"€1,230.5", "1230.5", "1230.5"},
+        {"en_ZA", u"R5.50", "550", "NO"},
+        {"de_CH", u"1,50", "150", "NO"},
+        {"de_CH", u"CHF 1.50", "1.5", "1.5"},
+        {"de_CH", u"CHF 1,50", "150", "NO"},
+        {"ja_JP", u"¥1,23", "123", "NO"},
+        {"ja_JP", u"¥1,234", "1234", "1234"}};
+    for (const auto &[locale, text, lenient, strict] : typed) {
+        const UserLocale user(locale);
+        KTCurrencyFormatter formatter;
+        EXPECT_EQ(reading(formatter, text), QString::fromLatin1(lenient))
+            << locale << ' ' << qPrintable(QString::fromUtf16(text));
+        formatter.setRejectsUnevenGroups(true);
+        EXPECT_EQ(reading(formatter, text), QString::fromLatin1(strict))
+            << locale << ' ' << qPrintable(QString::fromUtf16(text));
+    }
+}
+
+TEST(KTCurrencyFormatter, TellsThatGroupsAreUneven)
+{
+    KTCurrencyFormatter formatter;
+    formatter.setRejectsUnevenGroups(true);
+    for (const QString &text : {u"1,23"_s, u"$1,23"_s, u"($1,23)"_s, u"1,23 US dollars"_s}) {
+        QString error;
+        EXPECT_FALSE(formatter.getObjectValue(nullptr, text, &error));
+        EXPECT_EQ(error, KTNumberFormatter::unevenGroupsDescription()) << qPrintable(text);
+        EXPECT_FALSE(formatter.getObjectValue(nullptr, text)) << qPrintable(text);
+    }
+    EXPECT_EQ(formatter.adjustForValue(u"1,23"_s, nullptr), nullptr);
+}
+
+TEST(KTCurrencyFormatter, ReadsWhatItShowsInEveryLocaleAlsoWithEvenGroupsOnly)
+{
+    for (const QString &locale : NSLocale::availableLocaleIdentifiers()) {
+        const UserLocale user(locale);
+        KTCurrencyFormatter formatter;
+        formatter.setRejectsUnevenGroups(true);
+        for (const QString &code : {formatter.currencyType(), u"EUR"_s, u"KWD"_s, u"CNY"_s}) {
+            formatter.setCurrencyType(code);
+            for (const int amount : {0, 5, -1234, 1234567}) {
+                formatter.setFormatNegativeUsingParens(amount == -1234);
+                const QString text = formatter.stringForObjectValue(amount);
+                EXPECT_EQ(reading(formatter, text), QString::number(amount))
+                    << qPrintable(locale + u' ' + text);
+            }
+        }
+    }
+}

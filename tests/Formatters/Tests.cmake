@@ -1,5 +1,6 @@
 target_sources(KTUtilityTests PRIVATE
     Formatters/CurrencyCandidatesTests.cpp
+    Formatters/CurrencyNamesTests.cpp
     Formatters/DateFormatterListsTests.cpp
     Formatters/DatePatternsTests.cpp
     Formatters/DateReadingTests.cpp
