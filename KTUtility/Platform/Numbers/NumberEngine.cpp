@@ -180,8 +180,11 @@ NumberEngine::NumberEngine(const NumberSettings &settings)
     _format->setLenient(flag(settings.lenient));
     if (settings.usesGroupingSeparator)
         _format->setGroupingUsed(flag(*settings.usesGroupingSeparator));
-    if (!_decimalFormat)
+    if (!_decimalFormat) {
+        // ICU makes its lenient comparison of words with the first text; threads share it then.
+        read(u"0");
         return;
+    }
     applySymbols(settings);
     applyPatterns(settings);
     applyCurrency(settings);
