@@ -70,8 +70,8 @@ int32_t ICUTimeZone::getOffset(uint8_t era, int32_t year, int32_t month, int32_t
 int32_t ICUTimeZone::getOffset(uint8_t era, int32_t year, int32_t month, int32_t day, uint8_t,
                                int32_t milliseconds, int32_t, UErrorCode &status) const
 {
-    const int yearOfEra = era == icu::GregorianCalendar::AD ? year : 1 - year;
-    const QDateTime midnight(QDate(yearOfEra, month + 1, day), QTime(0, 0), UTC);
+    const int qtYear = era == icu::GregorianCalendar::AD ? year : -year; // there is no year 0
+    const QDateTime midnight(QDate(qtYear, month + 1, day), QTime(0, 0), UTC);
     int32_t standard = 0;
     int32_t saving = 0;
     getOffset(double(midnight.toMSecsSinceEpoch() + milliseconds), true, standard, saving, status);

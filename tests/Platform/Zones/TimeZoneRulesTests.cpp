@@ -3,6 +3,8 @@
 #include "support/LibcZone.h"
 #include "support/TestSupport.h"
 
+#include <unicode/gregocal.h>
+
 #include <random>
 
 using namespace KTPrivate;
@@ -69,6 +71,18 @@ TEST_P(TimeZoneRulesTests, AreTheSameForICU)
                 << time;
             ASSERT_GE(saving, 0);
         }
+    }
+}
+
+TEST(TimeZoneRules, KnowTheYearBeforeTheFirst)
+{
+    const icu::TimeZone &zone = rulesOf("America/New_York").zone();
+    constexpr int LocalMeanTime = -(4 * 3600 + 56 * 60 + 2) * 1000;
+    for (const auto era : {icu::GregorianCalendar::BC, icu::GregorianCalendar::AD}) {
+        UErrorCode status = U_ZERO_ERROR;
+        EXPECT_EQ(zone.getOffset(uint8_t(era), 1, UCAL_JANUARY, 1, UCAL_SATURDAY, 0, status),
+                  LocalMeanTime);
+        EXPECT_TRUE(U_SUCCESS(status));
     }
 }
 
