@@ -83,7 +83,10 @@ TEST(ParseCommand, SaysWhatIsWrongWithItself)
         {u"parse number 5 --option objectName=x", u"bad option 'objectName=x'"},
         {u"parse number 5 --option decimalPlaces=many", u"bad value 'many' for decimalPlaces"},
         {u"parse number 5 --option highlightNegative=maybe", u"bad value 'maybe'"},
-        {u"parse phone 5 --option x=1", u"bad option 'x=1'; there are none"}};
+        {u"parse phone 5 --option x=1", u"bad option 'x=1'; there are none"},
+        {u"parse date 3/4/08 --option dateStyle=0", u"dateStyle and timeStyle cannot both be 0"},
+        {u"parse time 5:30 --option timeStyle=0", u"dateStyle and timeStyle cannot both be 0"},
+        {u"format date 2008-03-05 --option dateStyle=0", u"dateStyle and timeStyle cannot"}};
     for (const auto &[line, mistake] : lines) {
         const CommandResult result = runLine(line);
         EXPECT_EQ(result.exitCode, 2) << qPrintable(QString::fromUtf16(line));

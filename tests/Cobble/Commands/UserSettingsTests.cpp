@@ -3,7 +3,9 @@
 #include "support/TestSupport.h"
 
 #include <KTUtility/KTCurrencyFormatter>
+#include <KTUtility/KTDateTimeFormatter>
 #include <KTUtility/KTNumberFormatter>
+#include <KTUtility/KTTimeFormatter>
 #include <KTUtility/NSLocale>
 
 using namespace Qt::StringLiterals;
@@ -50,6 +52,19 @@ TEST(UserSettings, TellsOfOptionsThatThereAreNot)
     for (const QString &option : {u"colour=red"_s, u"decimalPlaces"_s, u"=2"_s, u""_s})
         EXPECT_TRUE(mistakeIn(option).startsWith(u"bad option '%1'; there are "_s.arg(option)))
             << mistakeIn(option).toStdString();
+}
+
+TEST(UserSettings, TellsOfDatesWithoutAnyStyle)
+{
+    const auto mistakeIn = [](NSFormatter &&formatter, const QStringList &options) {
+        return UserSettings::apply(options, &formatter).reason();
+    };
+    const QString mistake = u"dateStyle and timeStyle cannot both be 0"_s;
+    EXPECT_EQ(mistakeIn(KTDateTimeFormatter(), {u"dateStyle=0"_s}), mistake);
+    EXPECT_EQ(mistakeIn(KTTimeFormatter(), {u"timeStyle=0"_s}), mistake);
+    EXPECT_EQ(mistakeIn(KTDateTimeFormatter(), {u"timeStyle=2"_s, u"dateStyle=0"_s}), QString());
+    EXPECT_EQ(mistakeIn(KTDateTimeFormatter(), {u"dateStyle=0"_s, u"timeStyle=1"_s}), QString());
+    EXPECT_EQ(mistakeIn(KTDateTimeFormatter(), {}), QString());
 }
 
 TEST(UserSettings, TellsOfValuesThatAreNone)

@@ -2,6 +2,7 @@
 
 #include "Translations.h"
 
+#include <KTUtility/KTDateTimeFormatter>
 #include <KTUtility/NSException>
 #include <KTUtility/NSKeyValueCoding>
 #include <KTUtility/NSLocale>
@@ -76,6 +77,14 @@ Outcome<> applyOne(const QString &option, NSFormatter *formatter)
     NSKeyValueCoding::setValue(formatter, value, key);
     return {};
 }
+/// A formatter can neither show nor read dates without a style.
+Outcome<> checkStyles(const NSFormatter *formatter)
+{
+    const auto *const dates = qobject_cast<const KTDateTimeFormatter *>(formatter);
+    if (!dates || dates->displayDate() || dates->displayTime())
+        return {};
+    return Failure{u"dateStyle and timeStyle cannot both be 0"_s};
+}
 } // namespace
 
 LocaleScope::LocaleScope(const QString &identifier) : _isSet(!identifier.isNull())
@@ -119,5 +128,5 @@ Outcome<> UserSettings::apply(const QStringList &options, NSFormatter *formatter
     Outcome<> applied;
     for (const QString &option : options)
         applied = applied.andThen([&] { return applyOne(option, formatter); });
-    return applied;
+    return applied.andThen([&] { return checkStyles(formatter); });
 }
