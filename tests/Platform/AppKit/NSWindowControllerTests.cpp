@@ -3,8 +3,10 @@
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
 
+#include <QCloseEvent>
 #include <QDialog>
 #include <QLineEdit>
+#include <QPointer>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -39,4 +41,37 @@ TEST(NSWindowController, ReadsItsWindowFromAnInterfaceFile)
     tree.add(u"Bad.ui"_s, "<ui");
     Editor bad(tree.path(u"Bad.ui"_s));
     EXPECT_EQ(bad.window(), nullptr);
+}
+
+TEST(NSWindowController, MayBeDeletedWhileItsWindowCloses)
+{
+    class Window : public QWidget
+    {
+    public:
+        Window(std::unique_ptr<NSWindowController> *controller, int *closings)
+            : _controller(controller), _closings(closings)
+        {
+        }
+
+    protected:
+        void closeEvent(QCloseEvent *) override
+        {
+            ++*_closings;
+            _controller->reset(); // and with it this window
+        }
+
+    private:
+        std::unique_ptr<NSWindowController> *_controller;
+        int *_closings;
+    };
+    testing_support::needApplication();
+    std::unique_ptr<NSWindowController> controller;
+    int closings = 0;
+    const QPointer<QWidget> window(new Window(&controller, &closings));
+    controller = std::make_unique<NSWindowController>(window);
+    controller->showWindow();
+    controller->close();
+    EXPECT_EQ(closings, 1);
+    EXPECT_EQ(controller, nullptr);
+    EXPECT_TRUE(window.isNull());
 }
