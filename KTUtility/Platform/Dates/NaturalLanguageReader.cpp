@@ -256,8 +256,10 @@ bool NaturalLanguageReader::readNumberWithMark(int number, int digits)
     qsizetype end = _at;
     while (end < _text.size() && _text[end].isLetter())
         ++end;
-    if (isOrdinalSuffix(QStringView(_text).sliced(_at, end - _at)))
+    if (isOrdinalSuffix(QStringView(_text).sliced(_at, end - _at))) {
         _at = end;
+        return setOnce(&_said.day, number);
+    }
     _said.numbers.push_back({number, digits});
     return true;
 }

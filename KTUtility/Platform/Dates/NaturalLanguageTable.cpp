@@ -40,7 +40,9 @@ const std::vector<NaturalLanguageRow> &KTPrivate::naturalLanguageTable()
         {"en", u"morning|in the morning", {Kind::HourName, 10}},
         {"en", u"noon|lunch", {Kind::HourName, 12}},
         {"en", u"afternoon|in the afternoon", {Kind::HourName, 14}},
-        {"en", u"dinner", {Kind::HourName, 19}},
+        {"en", u"dinner|evening|in the evening|tonight", {Kind::HourName, 19}},
+        {"en", u"tues", {Kind::Weekday, 2}},
+        {"en", u"thur|thurs", {Kind::Weekday, 4}},
         {"en", u"a.m.|a.m", {Kind::HalfOfDay, 0}},
         {"en", u"p.m.|p.m", {Kind::HalfOfDay, 1}},
         {"en", u"o'clock|o’clock", {Kind::HourMark}},
@@ -65,7 +67,7 @@ const std::vector<NaturalLanguageRow> &KTPrivate::naturalLanguageTable()
         {"de", u"morgens|vormittags", {Kind::HourName, 10}},
         {"de", u"mittag|mittags", {Kind::HourName, 12}},
         {"de", u"nachmittag|nachmittags", {Kind::HourName, 14}},
-        {"de", u"abend|abends", {Kind::HourName, 19}},
+        {"de", u"abend|abends|heute abend", {Kind::HourName, 19}},
         {"de", u"uhr", {Kind::HourMark}},
 
         {"fr", u"à|a|au|le|la|du|de|vers", {Kind::Filler}},
@@ -83,7 +85,7 @@ const std::vector<NaturalLanguageRow> &KTPrivate::naturalLanguageTable()
         {"fr", u"matin|du matin", {Kind::HourName, 10}},
         {"fr", u"midi", {Kind::HourName, 12}},
         {"fr", u"après-midi", {Kind::HourName, 14}},
-        {"fr", u"soir|du soir", {Kind::HourName, 19}},
+        {"fr", u"soir|du soir|ce soir", {Kind::HourName, 19}},
         {"fr", u"h|heure|heures", {Kind::HourMark}},
         {"fr", u"min", {Kind::MinuteMark}},
 

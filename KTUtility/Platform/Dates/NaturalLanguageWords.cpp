@@ -69,6 +69,11 @@ bool isEndOfWord(QStringView text, qsizetype end)
            DateCharacters::isEastAsian(text[end - 1].unicode());
 }
 
+bool isVowelOfArabic(QChar unit)
+{
+    return unit >= u'\u064B' && unit <= u'\u0652';
+}
+
 qsizetype countOfDigits(QStringView text, qsizetype at)
 {
     qsizetype end = at;
@@ -90,6 +95,18 @@ NaturalLanguageWords::wordsOf(const DateEnvironment &environment)
     if (!words)
         words = std::make_shared<const NaturalLanguageWords>(environment);
     return words;
+}
+
+/// Typed apostrophes are straight, and nobody types the vowels of Arabic and Hebrew.
+QString NaturalLanguageWords::folded(QStringView text)
+{
+    QString result = text.toString().toCaseFolded();
+    result.replace(u'\u2019', u'\'');
+    result.removeIf([](QChar unit) {
+        return unit.category() == QChar::Mark_NonSpacing &&
+               (unit.script() == QChar::Script_Hebrew || isVowelOfArabic(unit));
+    });
+    return result;
 }
 
 NaturalLanguageWords::NaturalLanguageWords(const DateEnvironment &environment)

@@ -35,7 +35,7 @@ public:
     NaturalLanguageWord find(QStringView text, Kind kind) const;
 
     /// A text as the words are kept: no upper case.
-    static QString folded(QStringView text) { return text.toString().toCaseFolded(); }
+    static QString folded(QStringView text);
 
 private:
     struct Entry
