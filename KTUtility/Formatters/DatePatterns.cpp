@@ -93,16 +93,6 @@ QString DatePatterns::monthAndDay(int order, const QString &country)
     return isMonthFirst ? QString(u"MMMM" + separator + u'd') : QString(u'd' + separator + u"MMMM");
 }
 
-QString DatePatterns::withFourDigitYear(const QString &pattern)
-{
-    const qsizetype first = pattern.indexOf(u'y');
-    if (first < 0 || pattern.contains(u"yyyy"))
-        return {};
-    QString result = pattern;
-    result.remove(u'y');
-    return result.insert(first, u"yyyy");
-}
-
 namespace {
 /// The end of a quoted part of a pattern that begins at \a at; two quotes in it are one of the
 /// text.
@@ -117,6 +107,20 @@ qsizetype endOfQuoted(QStringView pattern, qsizetype at)
     }
 }
 
+/// A pattern in parts: what is quoted, with its quotes, and what is not.
+QStringList partsOf(const QString &pattern)
+{
+    QStringList parts;
+    for (qsizetype at = 0; at < pattern.size();) {
+        const qsizetype quote = pattern.indexOf(u'\'', at);
+        const qsizetype end =
+            quote == at ? endOfQuoted(pattern, at) : (quote < 0 ? pattern.size() : quote);
+        parts.append(pattern.mid(at, end - at));
+        at = end;
+    }
+    return parts;
+}
+
 /// The order that follows from the first two different fields.
 DatePatterns::Order orderOf(char16_t first, char16_t second)
 {
@@ -127,6 +131,21 @@ DatePatterns::Order orderOf(char16_t first, char16_t second)
     return second == u'M' ? DatePatterns::YearMonthDay : DatePatterns::YearDayMonth;
 }
 } // namespace
+
+QString DatePatterns::withFourDigitYear(const QString &pattern)
+{
+    QString result;
+    qsizetype first = -1;
+    for (QString part : partsOf(pattern)) {
+        const bool isText = part.startsWith(u'\''); // a "y" in it stays
+        if (!isText && part.contains(u"yyyy"))
+            return {};
+        if (!isText && first < 0 && part.contains(u'y'))
+            first = result.size() + part.indexOf(u'y');
+        result += isText ? part : part.remove(u'y');
+    }
+    return first < 0 ? QString() : result.insert(first, u"yyyy");
+}
 
 DatePatterns::Order DatePatterns::orderOf(const QString &pattern)
 {

@@ -173,7 +173,22 @@ TEST(DatePatterns, SurvivesHostilePatterns)
     for (const QString &text : hostileTexts()) {
         const int order = DatePatterns::orderOf(text);
         EXPECT_FALSE(DatePatterns::dates(order).isEmpty());
-        const QString full = DatePatterns::withFourDigitYear(text + u"yy");
+        const bool isQuoted = text.count(u'\'') % 2 != 0;
+        const QString full = DatePatterns::withFourDigitYear(text + (isQuoted ? u"'yy" : u"yy"));
         EXPECT_TRUE(full.isNull() || full.contains(u"yyyy"));
     }
+}
+
+TEST(DatePatterns, LeavesQuotedLettersInPlace)
+{
+    const std::pair<QString, QString> rows[] = {
+        {u"'lyɛ̌ʼ' d 'na' MMMM, y"_s, u"'lyɛ̌ʼ' d 'na' MMMM, yyyy"_s},
+        {u"d.M.yy 'yyyy'"_s, u"d.M.yyyy 'yyyy'"_s},
+        {u"yy 'y''y' y"_s, u"yyyy 'y''y' "_s},
+        {u"''yy''"_s, u"''yyyy''"_s},
+        {u"M 'to y"_s, QString()},
+        {u"'day' d"_s, QString()},
+        {u"'y' yyyy"_s, QString()}};
+    for (const auto &[pattern, expected] : rows)
+        EXPECT_EQ(DatePatterns::withFourDigitYear(pattern), expected) << qPrintable(pattern);
 }
