@@ -266,5 +266,6 @@ bool CalendarDateReader::parse(const QString &pattern, QStringView text, const D
     match->length = reader.at;
     const std::optional<qint64> time = isRead ? timeOf(reader.fields) : std::nullopt;
     match->time = time.value_or(0);
+    match->localTime = reading.rules->localTimeOf(match->time);
     return time.has_value();
 }

@@ -46,6 +46,7 @@ std::unique_ptr<KnownCalendar> make(const NSCalendar &calendar, const CalendarKe
 {
     const icu::Locale locale = ICU::localeOf(calendar.locale(), key.identifier);
     std::unique_ptr<icu::Calendar> made = newCalendar(locale, key.rules->zone());
+    ICU::setGregorianForever(made.get());
     UErrorCode status = U_ZERO_ERROR;
     const UCalendarDaysOfWeek first = made->getFirstDayOfWeek(status);
     const uint8_t days = made->getMinimalDaysInFirstWeek();
@@ -64,6 +65,15 @@ CalendarEngine::CalendarEngine(const NSCalendar &calendar)
     _calendar->setFirstDayOfWeek(first > 0 ? UCalendarDaysOfWeek(first) : known.firstWeekday);
     const int days = calendar._minimumDaysInFirstWeek;
     _calendar->setMinimalDaysInFirstWeek(days > 0 ? uint8_t(days) : known.minimumDays);
+}
+
+void ICU::setGregorianForever(icu::Calendar *calendar)
+{
+    // Where calendars of ICU begin.
+    constexpr double Beginning = -184'303'902'528'000'000.0;
+    UErrorCode status = U_ZERO_ERROR;
+    if (auto *const gregorian = dynamic_cast<icu::GregorianCalendar *>(calendar))
+        gregorian->setGregorianChange(Beginning, status);
 }
 
 icu::Locale ICU::localeOf(const NSLocale &locale, const QString &calendarIdentifier)

@@ -23,6 +23,10 @@ private:
 };
 
 namespace ICU {
+/// Has the Gregorian calendar, and those that count its days, in use for all times: ICU's are
+/// Julian before 15 October 1582.
+void setGregorianForever(icu::Calendar *calendar);
+
 /// The locale with the keyword that makes ICU use a calendar.
 icu::Locale localeOf(const NSLocale &locale, const QString &calendarIdentifier);
 } // namespace ICU

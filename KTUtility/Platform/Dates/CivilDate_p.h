@@ -1,10 +1,12 @@
 #pragma once
 
+// Private to the library. For what counts days without ICU.
+
 #include <QtGlobal>
 
 namespace KTPrivate {
-// The Gregorian calendar as arithmetic. Days are counted from 1 January 1970; years before 1583
-// belong to ICU, which changes to the Julian calendar there.
+// The Gregorian calendar as arithmetic, for all times. Days are counted from 1 January 1970; years
+// before Christ belong to ICU.
 
 struct CivilDate
 {
@@ -15,8 +17,10 @@ struct CivilDate
 
 namespace Civil {
 inline constexpr qint64 MillisecondsPerDay = 86'400'000;
-/// 2 January 1583, 0:00: the Gregorian calendar is in use in every zone.
-inline constexpr qint64 FirstSafeTime = -12'212'467'200'000;
+inline constexpr qint64 FirstSafeYear = 1;
+inline constexpr qint64 LastSafeYear = 9999;
+/// 2 January 1, 0:00: it is the first year in every zone.
+inline constexpr qint64 FirstSafeTime = -62'135'510'400'000;
 /// 31 December 9999, 0:00: years have four digits in every zone.
 inline constexpr qint64 EndOfSafeTime = 253'402'214'400'000;
 

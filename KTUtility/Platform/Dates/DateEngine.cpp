@@ -1,5 +1,6 @@
 #include "DateEngine_p.h"
 
+#include "CalendarEngine_p.h"
 #include "CivilDate_p.h"
 #include "DateCharacters_p.h"
 #include "September_p.h"
@@ -76,6 +77,7 @@ DateEngine::DateEngine(const DateEnvironment &environment, const TimeZoneRules &
     if (customs != DateCustoms())
         _format->setDateFormatSymbols(environment.symbols());
     _calendar.reset(_format->getCalendar()->clone());
+    ICU::setGregorianForever(_calendar.get());
     _calendar->setTimeZone(rules.zone());
     _calendar->setLenient(UBool(isLenient ? 1 : 0));
     if (customs.firstWeekday > 0)
@@ -84,8 +86,7 @@ DateEngine::DateEngine(const DateEnvironment &environment, const TimeZoneRules &
         _calendar->setMinimalDaysInFirstWeek(uint8_t(customs.minimumDaysInFirstWeek));
     _format->setCalendar(*_calendar);
     _format->setLenient(UBool(isLenient ? 1 : 0));
-    // Years of other calendars are not of this or that century.
-    if (!environment.isGregorian)
+    if (!environment.hasCenturies())
         return;
     const qint64 start = Civil::daysOf(customs.twoDigitStartYear, 1, 1);
     _format->set2DigitYearStart(double(rules.instantOf(start * Civil::MillisecondsPerDay)), status);
@@ -128,10 +129,7 @@ void DateEngine::presetFields(const DatePattern &pattern, std::optional<qint64> 
 /// Years of eras or cycles have no counterpart of the year 2000; the era is the current one.
 void DateEngine::presetWithoutDefault()
 {
-    const bool hasEras = _environment->calendarType == NSJapaneseCalendar;
-    const bool hasCycles =
-        _environment->calendarType == u"chinese" || _environment->calendarType == u"dangi";
-    if (!hasEras && !hasCycles) {
+    if (_environment->hasCenturies()) {
         presetFieldsOf(_rules.instantOf(LocalDefaultTime));
         return;
     }
@@ -139,7 +137,7 @@ void DateEngine::presetWithoutDefault()
     _calendar->setTime(icu::Calendar::getNow(), status);
     const int32_t era = _calendar->get(UCAL_ERA, status);
     _calendar->clear();
-    if (hasEras)
+    if (_environment->hasShortEras())
         _calendar->set(UCAL_ERA, era);
 }
 
@@ -185,30 +183,33 @@ bool DateEngine::parseText(const DatePattern &pattern, const icu::UnicodeString 
     _format->parse(text, *_calendar, position);
     const bool isMatched = position.getErrorIndex() < 0 && position.getIndex() > 0;
     match->length = isMatched ? position.getIndex() : qMax(position.getErrorIndex(), 0);
-    if (!isMatched || !readTime(pattern, &match->time))
+    if (!isMatched || !readTime(pattern, match))
         return false;
     return hasFittingYear(pattern, text) && hasFittingNumbers(pattern, text, match) &&
            hasYearOfTheCalendar(pattern, text);
 }
 
-bool DateEngine::readTime(const DatePattern &pattern, qint64 *time)
+bool DateEngine::readTime(const DatePattern &pattern, DateMatch *match)
 {
     UErrorCode status = U_ZERO_ERROR;
-    *time = qint64(_calendar->getTime(status));
-    return U_SUCCESS(status) || (!pattern.hasZone && readSkippedTime(time));
+    match->time = qint64(_calendar->getTime(status));
+    if (U_FAILURE(status))
+        return !pattern.hasZone && readSkippedTime(match);
+    match->localTime = _rules.localTimeOf(match->time);
+    return true;
 }
 
 /// Strict calendars reject a time that no clock showed. In UTC every time exists; if that works,
 /// only the clock was the obstacle.
-bool DateEngine::readSkippedTime(qint64 *time)
+bool DateEngine::readSkippedTime(DateMatch *match)
 {
     const std::unique_ptr<icu::Calendar> inUTC(_calendar->clone());
     inUTC->setTimeZone(*icu::TimeZone::getGMT());
     UErrorCode status = U_ZERO_ERROR;
-    const double localTime = inUTC->getTime(status);
+    match->localTime = qint64(inUTC->getTime(status));
     if (U_FAILURE(status))
         return false;
-    *time = _rules.instantOf(qint64(localTime));
+    match->time = _rules.instantOf(match->localTime);
     return true;
 }
 

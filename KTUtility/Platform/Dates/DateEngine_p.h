@@ -55,8 +55,8 @@ private:
                             std::optional<qint64> defaultTime, DateMatch *match);
     bool parseText(const DatePattern &pattern, const icu::UnicodeString &text,
                    std::optional<qint64> defaultTime, DateMatch *match);
-    bool readTime(const DatePattern &pattern, qint64 *time);
-    bool readSkippedTime(qint64 *time);
+    bool readTime(const DatePattern &pattern, DateMatch *match);
+    bool readSkippedTime(DateMatch *match);
     bool hasFittingYear(const DatePattern &pattern, const icu::UnicodeString &text);
     bool hasFittingNumbers(const DatePattern &pattern, const icu::UnicodeString &text,
                            DateMatch *match);

@@ -105,6 +105,16 @@ DateEnvironment::DateEnvironment(const NSLocale &nsLocale, const QString &calend
         readFormat(format.get());
 }
 
+bool DateEnvironment::hasShortEras() const
+{
+    return calendarType == NSJapaneseCalendar;
+}
+
+bool DateEnvironment::hasCenturies() const
+{
+    return !hasShortEras() && calendarType != u"chinese" && calendarType != u"dangi";
+}
+
 void DateEnvironment::readFormat(icu::SimpleDateFormat *format)
 {
     const auto *const numbers = dynamic_cast<const icu::DecimalFormat *>(format->getNumberFormat());

@@ -64,6 +64,10 @@ public:
     /// ICU's type of the calendar.
     QString calendarType;
     bool isGregorian = false;
+    /// Whether years begin again with each emperor.
+    bool hasShortEras() const;
+    /// Whether years are counted on for centuries, not by emperors or in cycles of sixty.
+    bool hasCenturies() const;
     bool isEnglish = false;
     /// The day on which weeks begin, 1 for Sunday, by the locale.
     int firstWeekday = 1;

@@ -12,6 +12,12 @@ bool DateFormatterAccess::parse(const NSDateFormatter &formatter, const DateText
     return formatter._private->parse(text, match);
 }
 
+void DateFormatterAccess::setFormatOfStyle(NSDateFormatter &formatter, const QString &format)
+{
+    formatter.setDateFormat(format);
+    formatter._private->hasStyleInFormat = true;
+}
+
 QDateTime DateFormatterAccess::dateOf(const NSDateFormatter &formatter, qint64 time)
 {
     return formatter._private->dateOf(time);

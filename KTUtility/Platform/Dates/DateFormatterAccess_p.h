@@ -27,6 +27,8 @@ public:
     /// Reads a date from the start of \a text, as getObjectValue() with a range does.
     /// \param match receives the instant and the length; on failure only the length.
     static bool parse(const NSDateFormatter &formatter, const DateText &text, DateMatch *match);
+    /// Sets a pattern that begins with that of a style: its "yy" takes four digits, too.
+    static void setFormatOfStyle(NSDateFormatter &formatter, const QString &format);
     /// The date that \a formatter makes of an instant.
     static QDateTime dateOf(const NSDateFormatter &formatter, qint64 time);
 

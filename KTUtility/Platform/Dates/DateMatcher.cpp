@@ -194,7 +194,7 @@ private:
         const DateNames &names = _environment.names();
         const bool isStandalone = element.letter == u'L';
         const DateName name =
-            findName(isStandalone ? names.standaloneMonths : names.months, rest());
+            findLongestName(isStandalone ? names.standaloneMonths : names.months, rest());
         const Answer answer = readName(name, &found.month);
         found.month += answer == Answer::Matched ? 1 : 0;
         return answer;
@@ -270,16 +270,17 @@ DateFields fieldsOf(const Found &found, const DateReading &reading)
 }
 
 /// The instant of what was found, if there is such a day and hour.
-Answer resolve(const Found &found, const DateReading &reading, qint64 *time)
+Answer resolve(const Found &found, const DateReading &reading, DateMatch *match)
 {
     if (found.hasAmbiguousYear)
         return Answer::Undecided;
     const DateFields fields = fieldsOf(found, reading);
-    if (fields.year < 1583 || fields.year > 9999)
+    if (fields.year < Civil::FirstSafeYear || fields.year > Civil::LastSafeYear)
         return Answer::Undecided;
     if (fields.hour >= 24 || found.hour >= 12 || !fields.isExistingDay())
         return Answer::Rejected;
-    *time = reading.rules->instantOf(fields.localTime());
+    match->localTime = fields.localTime();
+    match->time = reading.rules->instantOf(match->localTime);
     return Answer::Matched;
 }
 } // namespace
@@ -298,21 +299,20 @@ Answer DateMatcher::match(const DatePattern &pattern, const DateReading &reading
     Walk walk(pattern, *reading.environment, text.start());
     Answer answer = walk.readAll();
     if (answer == Answer::Matched)
-        answer = resolve(walk.found, reading, &match->time);
+        answer = resolve(walk.found, reading, match);
     match->length = walk.position;
     return answer;
 }
 
 bool DateMatcher::matchBareHour(const DateReading &reading, const DateText &text, DateMatch *match)
 {
-    const QStringView digits = text.start().sliced(text.lead(), text.leadingDigits());
-    const qsizetype end = text.lead() + digits.size() + (text.unitAfterDigits() == u':' ? 1 : 0);
-    const int value = digits.size() <= 2 ? digits.toInt() : 0;
-    if (end != text.length() || value < 1 || value > 12)
+    const std::optional<int> hour = bareHourIn(text.start().sliced(text.lead()));
+    if (!hour || *hour < 1 || *hour > 12)
         return false;
     DateFields fields = DateFields::defaultFields(reading.defaultTime, *reading.rules);
-    fields.hour = value % 12 + fields.hour / 12 * 12;
-    match->time = reading.rules->instantOf(fields.localTime());
+    fields.hour = *hour % 12 + fields.hour / 12 * 12;
+    match->localTime = fields.localTime();
+    match->time = reading.rules->instantOf(match->localTime);
     match->length = text.length();
     return true;
 }

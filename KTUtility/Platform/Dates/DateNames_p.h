@@ -32,6 +32,8 @@ public:
 
     /// The name at the start of \a text.
     DateName find(QStringView text) const;
+    /// The length of the longest name.
+    qsizetype longest() const { return _longest; }
     /// The units that names start with, a bit for each remainder by 64; see bitOf().
     quint64 firstUnits() const { return _firstUnits; }
     /// The bit of an ASCII character, be it upper or lower case.
@@ -52,6 +54,24 @@ private:
     quint64 _firstUnits = 0;
     qsizetype _longest = 0;
 };
+
+/// Lists of one kind that are tried together: the longest name decides, of two equal ones that of
+/// the first list.
+template<size_t Count>
+DateName findLongestName(const std::array<DateNameList, Count> &lists, QStringView text)
+{
+    DateName longest;
+    for (const DateNameList &list : lists) {
+        if (longest.length > 0 && longest.length >= list.longest())
+            continue;
+        const DateName name = list.find(text);
+        if (!name.isDecided)
+            return name;
+        if (name.length > longest.length)
+            longest = name;
+    }
+    return longest;
+}
 
 /// Lists of one kind in the order in which they are tried; the first that has a name decides.
 template<size_t Count>

@@ -7,6 +7,7 @@
 #include <QMutexLocker>
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <unordered_map>
 
@@ -31,6 +32,8 @@ struct PatternHash
         return size_t(hash);
     }
 };
+
+using KnownPatterns = std::unordered_map<QString, std::shared_ptr<const DatePattern>, PatternHash>;
 
 quint64 nextNumber()
 {
@@ -111,8 +114,8 @@ int countOfNumberLetters(QStringView text, qsizetype start)
 }
 } // namespace
 
-DatePattern::DatePattern(const QString &pattern)
-    : text(pattern), number(nextNumber()), isBareHour(pattern == u"ha")
+DatePattern::DatePattern(const QString &pattern, DateYears years)
+    : text(pattern), number(nextNumber()), isBareHour(pattern == u"ha"), _years(years)
 {
     for (qsizetype at = 0; at < text.size();) {
         const bool isField = ASCII::isLetter(text[at].unicode());
@@ -206,24 +209,26 @@ bool DatePattern::takesYearOf(int digits) const
     case 1:
         return digits == 2 || digits == 4;
     case 2:
+        return digits == 2 || (digits == 4 && _years == DateYears::OfStyle);
     case 4:
-        return digits == yearLetters;
+        return digits == 4;
     default:
         return true;
     }
 }
 
-std::shared_ptr<const DatePattern> DatePattern::patternOf(const QString &text)
+std::shared_ptr<const DatePattern> DatePattern::patternOf(const QString &text, DateYears years)
 {
     if (text.size() > LongestKept)
-        return std::make_shared<const DatePattern>(text);
+        return std::make_shared<const DatePattern>(text, years);
     static QMutex mutex;
-    static std::unordered_map<QString, std::shared_ptr<const DatePattern>, PatternHash> known;
+    static std::array<KnownPatterns, 2> knownByYears;
     const QMutexLocker lock(&mutex);
+    KnownPatterns &known = knownByYears[size_t(years)];
     if (known.size() >= Capacity && !known.contains(text))
         known.clear();
     std::shared_ptr<const DatePattern> &pattern = known[text];
     if (!pattern)
-        pattern = std::make_shared<const DatePattern>(text);
+        pattern = std::make_shared<const DatePattern>(text, years);
     return pattern;
 }

@@ -35,6 +35,12 @@ struct DateElement
     QString sought;
 };
 
+/// How many digits "yy" takes in a text.
+enum class DateYears : quint8 {
+    AsWide, ///< two
+    OfStyle ///< two or four: who shows a style's dates may widen its year
+};
+
 /// A date pattern in Unicode's notation (UTS #35), taken apart once and shared by all formatters
 /// that use it. Immutable.
 class KTUTILITY_EXPORT DatePattern
@@ -42,9 +48,10 @@ class KTUTILITY_EXPORT DatePattern
 public:
     /// The pattern for \a text, the same object for the same text as long as it is among those that
     /// were used last.
-    static std::shared_ptr<const DatePattern> patternOf(const QString &text);
+    static std::shared_ptr<const DatePattern> patternOf(const QString &text,
+                                                        DateYears years = DateYears::AsWide);
 
-    explicit DatePattern(const QString &text);
+    explicit DatePattern(const QString &text, DateYears years = DateYears::AsWide);
 
     const QString text;
     /// Different for every object that ever was.
@@ -95,5 +102,6 @@ private:
     char16_t _unitAfterLeadingNumber = 0;
     bool _isLedByMonth = false;
     bool _needsICU = false;
+    const DateYears _years;
 };
 } // namespace KTPrivate

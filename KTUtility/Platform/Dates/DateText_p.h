@@ -4,6 +4,8 @@
 
 #include <QStringView>
 
+#include <optional>
+
 namespace KTPrivate {
 /// A text in which a date is sought, looked at once for all attempts to read it.
 ///
@@ -61,10 +63,30 @@ private:
     char16_t _leadingUnit = 0;
 };
 
+/// The hour, 0 to 99, that a text is and says nothing else of: one or two digits of any script,
+/// perhaps with a colon behind them ("5", "17:", "٥").
+inline std::optional<int> bareHourIn(QStringView text)
+{
+    constexpr qsizetype MostUnits = 5; // two digits of two units each, and the colon
+    if (text.size() > MostUnits)
+        return {};
+    const QList<uint> digits = (text.endsWith(u':') ? text.chopped(1) : text).toUcs4();
+    int hour = 0;
+    for (const uint digit : digits) {
+        if (QChar::digitValue(digit) < 0)
+            return {};
+        hour = hour * 10 + QChar::digitValue(digit);
+    }
+    return digits.size() == 1 || digits.size() == 2 ? std::optional(hour) : std::nullopt;
+}
+
 /// What reading a text gave.
 struct DateMatch
 {
     qint64 time = 0;      ///< milliseconds since 1970
     qsizetype length = 0; ///< what was consumed, or how far the text fitted
+    /// What a clock shows then, as if it were UTC. Where summer time skips the time that the text
+    /// says, it is that time all the same.
+    qint64 localTime = 0;
 };
 } // namespace KTPrivate

@@ -8,7 +8,7 @@
 
 namespace KTPrivate::DateWriter {
 /// Writes a date without ICU, as ICU would: numbers and the usual names in the Gregorian calendar
-/// from 1583 to 9999, where digits are 0 to 9.
+/// from 1 to 9999, where digits are 0 to 9.
 /// \return false, and \a text untouched, if only ICU can decide.
 bool write(const DatePattern &pattern, const DateEnvironment &environment,
            const TimeZoneRules &rules, qint64 time, QString *text);

@@ -120,7 +120,7 @@ std::optional<qint64> NSCalendar::timeOfPlainComponents(const NSDateComponents &
                          components.weekdayOrdinal != NSUndefinedDateComponent;
     const int year = valueOr(components.year, 1);
     if (hasWeek || _identifier != NSGregorianCalendar || valueOr(components.era, 1) != 1 ||
-        year < 1583 || year > 9998)
+        year < Civil::FirstSafeYear || year >= Civil::LastSafeYear)
         return {};
     const DateFields fields{year,
                             valueOr(components.month, 1),

@@ -61,8 +61,8 @@ struct NSDateComponents
 ///
 /// A small value. A calendar has an identifier (any of Unicode's, "gregorian", "japanese",
 /// "buddhist", …), a time zone, a locale, and the two facts that weeks depend on. Instants are
-/// QDateTime; the results are in UTC, since an instant is in no zone. Years before the change of
-/// 1582 are those of the Julian calendar.
+/// QDateTime; the results are in UTC, since an instant is in no zone. The Gregorian calendar counts
+/// for all times, as in QDate and in ISO 8601: there is no Julian one before 1582.
 ///
 /// \code
 /// NSCalendar calendar(NSGregorianCalendar);

@@ -150,6 +150,7 @@ QString NSDateFormatter::dateFormat() const
 void NSDateFormatter::setDateFormat(const QString &format)
 {
     _private->format = format;
+    _private->hasStyleInFormat = false;
     _private->formatChanged();
 }
 

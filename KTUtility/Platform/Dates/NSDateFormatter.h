@@ -110,6 +110,7 @@ public:
     /// The pattern: the one that was set, else that of the styles; empty if both are none.
     QString dateFormat() const;
     /// Sets the pattern; the styles keep their numbers. nil goes back to the styles' pattern.
+    /// In a strict reading "yy" takes two digits here, in a style's pattern two or four.
     void setDateFormat(const QString &format);
 
     /// Whether the dates that are read carry the formatter's zone (and show it, say in a log)

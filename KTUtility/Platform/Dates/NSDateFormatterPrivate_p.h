@@ -23,6 +23,7 @@ public:
     QString format; ///< null: that of the styles
     bool generatesCalendarDates = false;
     bool allowsNaturalLanguage = false;
+    bool hasStyleInFormat = false; ///< the pattern that was set begins with that of a style
     QDateTime twoDigitStart;
     std::unique_ptr<KTPrivate::DateCustoms> customs;
 
@@ -45,10 +46,15 @@ public:
     const KTPrivate::DatePattern &pattern() const
     {
         if (!_pattern)
-            _pattern = KTPrivate::DatePattern::patternOf(patternText());
+            _pattern = KTPrivate::DatePattern::patternOf(patternText(), years());
         return *_pattern;
     }
     QString patternText() const;
+    KTPrivate::DateYears years() const
+    {
+        const bool isOfStyle = format.isNull() || hasStyleInFormat;
+        return isOfStyle ? KTPrivate::DateYears::OfStyle : KTPrivate::DateYears::AsWide;
+    }
     KTPrivate::DateCustoms &editableCustoms();
     /// Forgets what was made, because a setting has changed.
     void settingChanged();

@@ -1,6 +1,7 @@
 #include "NaturalLanguageDate_p.h"
 
 #include "DateFields_p.h"
+#include "DateText_p.h"
 #include "NaturalLanguageReader_p.h"
 #include <KTUtility/Platform/Values/WallClock_p.h>
 
@@ -17,6 +18,9 @@ std::atomic<NaturalLanguageDate::Clock> chosenClock = nullptr;
 
 /// More than this from today is no date that people talk about.
 constexpr int MaximalMove = 100'000;
+
+/// The years that people talk about have four digits.
+constexpr qint64 FirstYear = 1000;
 
 qint64 now()
 {
@@ -99,6 +103,12 @@ public:
         return _reading.rules->instantOf(_fields.localTime());
     }
 
+    /// What a clock shows at time(), or would have shown if summer time did not skip it.
+    qint64 localTimeOf(qint64 time) const
+    {
+        return isFromNow() ? _reading.rules->localTimeOf(time) : _fields.localTime();
+    }
+
 private:
     bool isFromNow() const
     {
@@ -141,7 +151,10 @@ private:
 
     static qint64 daysIn(NSCalendarUnits unit) { return unit == NSWeekCalendarUnit ? 7 : 1; }
 
-    bool isInRange() const { return _fields.year >= 1583 && _fields.year <= 9998; }
+    bool isInRange() const
+    {
+        return _fields.year >= FirstYear && _fields.year < Civil::LastSafeYear;
+    }
 
     bool applyDate()
     {
@@ -214,21 +227,11 @@ void NaturalLanguageDate::setClock(Clock clock)
 }
 
 namespace {
-/// The hour of "5" or "5:", which needs no words.
-std::optional<int> bareHourOf(QStringView text)
-{
-    QStringView hour = text.trimmed();
-    if (hour.endsWith(u':'))
-        hour.chop(1);
-    bool isNumber = false;
-    const uint value = hour.size() <= 2 ? hour.toUInt(&isNumber) : 0;
-    return isNumber && hour[0] != u'+' && value <= 23 ? std::optional(int(value)) : std::nullopt;
-}
-
 std::optional<Said> read(QStringView text, const QString &pattern,
                          const DateEnvironment &environment)
 {
-    if (const std::optional<int> hour = bareHourOf(text)) {
+    // "5" or "5:" needs no words.
+    if (const std::optional<int> hour = bareHourIn(text.trimmed()); hour && *hour <= 23) {
         Said said;
         said.hour = hour;
         return said;
@@ -244,9 +247,12 @@ bool NaturalLanguageDate::parse(QStringView text, const QString &pattern,
                                 const DateReading &reading, DateMatch *match)
 {
     const std::optional<Said> said = read(text, pattern, *reading.environment);
-    const std::optional<qint64> time = said ? Resolver(*said, reading).time() : std::nullopt;
+    if (!said)
+        return false;
+    Resolver resolver(*said, reading);
+    const std::optional<qint64> time = resolver.time();
     if (!time)
         return false;
-    *match = {*time, text.size()};
+    *match = {*time, text.size(), resolver.localTimeOf(*time)};
     return true;
 }

@@ -72,13 +72,14 @@ TEST(CivilDate, RoundsTimesDownToDays)
     EXPECT_EQ(Civil::daysOfTime(-Civil::MillisecondsPerDay - 1), -2);
 }
 
-TEST(CivilDate, TrustsOnlyYearsOfFourDigitsAfterTheChange)
+TEST(CivilDate, TrustsOnlyYearsFromOneToFourDigits)
 {
     const auto timeOf = [](int year, int month, int day) {
         return Civil::daysOf(year, month, day) * Civil::MillisecondsPerDay;
     };
-    EXPECT_FALSE(Civil::isSafe(timeOf(1583, 1, 1)));
-    EXPECT_TRUE(Civil::isSafe(timeOf(1583, 1, 2)));
+    EXPECT_FALSE(Civil::isSafe(timeOf(1, 1, 1)));
+    EXPECT_TRUE(Civil::isSafe(timeOf(1, 1, 2)));
+    EXPECT_TRUE(Civil::isSafe(timeOf(1582, 10, 10)));
     EXPECT_TRUE(Civil::isSafe(timeOf(9999, 12, 30)));
     EXPECT_FALSE(Civil::isSafe(timeOf(9999, 12, 31)));
 }

@@ -2,6 +2,7 @@
 
 #include "support/TestSupport.h"
 
+#include <array>
 #include <vector>
 
 using namespace KTPrivate;
@@ -120,4 +121,21 @@ TEST(DateNames, SurvivesHostileTexts)
     const DateNameList list = listOf({u"January", u"\u0000", u"𝟗", u"\u0301"});
     for (const QString &text : hostileTexts())
         EXPECT_LE(list.find(text).length, 7);
+}
+
+TEST(DateNames, FindsTheLongestOfSeveralLists)
+{
+    const std::array<DateNameList, 2> lists{listOf({u"ҫу", u"ҫурла"}), listOf({u"ҫу", u"ҫур."})};
+    const auto found = [&](const char16_t *text) {
+        const DateName name = findLongestName(lists, text);
+        return u"%1:%2"_s.arg(name.index).arg(name.length);
+    };
+    EXPECT_EQ(found(u"ҫу 5"), u"0:2");
+    EXPECT_EQ(found(u"ҫур. 5"), u"1:4");
+    EXPECT_EQ(found(u"ҫур 5"), u"1:3");
+    EXPECT_EQ(found(u"ҫурла"), u"1:5");
+    EXPECT_EQ(found(u"май"), u"-1:0");
+    // The first list that has a name decides where names are tried one after the other.
+    EXPECT_EQ(findName(lists, u"ҫур. 5").index, 0);
+    EXPECT_FALSE(findLongestName(lists, u"ҫу\u1E9E").isDecided);
 }

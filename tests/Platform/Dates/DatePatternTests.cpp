@@ -110,6 +110,21 @@ TEST(DatePattern, KnowsWidthsOfYears)
     EXPECT_EQ(takes(u"M/d"), u"12345");
 }
 
+TEST(DatePattern, TakesYearsOfTwoOrFourDigitsInAStyle)
+{
+    const auto style = DatePattern::patternOf(u"d.M.yy."_s, DateYears::OfStyle);
+    EXPECT_TRUE(style->takesYearOf(2));
+    EXPECT_TRUE(style->takesYearOf(4));
+    EXPECT_FALSE(style->takesYearOf(1));
+    EXPECT_FALSE(style->takesYearOf(3));
+    EXPECT_FALSE(DatePattern::patternOf(u"d.M.yyyy."_s, DateYears::OfStyle)->takesYearOf(2));
+    // The same text without a style is another pattern, whichever was asked for first.
+    const auto plain = DatePattern::patternOf(u"d.M.yy."_s);
+    EXPECT_NE(plain, style);
+    EXPECT_FALSE(plain->takesYearOf(4));
+    EXPECT_EQ(DatePattern::patternOf(u"d.M.yy."_s, DateYears::OfStyle), style);
+}
+
 TEST(DatePattern, KnowsWhereTheYearIs)
 {
     EXPECT_EQ(patternOf(u"M/d/yy").beforeYear, u"M/d/");

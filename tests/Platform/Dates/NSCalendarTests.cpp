@@ -106,15 +106,49 @@ TEST(NSCalendar, KnowsOddZones)
     EXPECT_EQ(noon("UTC+05:30", 2008, 1, 5), utc("2008-01-05T06:30:00"));
 }
 
-TEST(NSCalendar, ChangesToTheJulianCalendarBefore1582)
+TEST(NSCalendar, IsGregorianForAllTimes)
 {
+    // The ISO and the Buddhist calendar are left to ICU; the others are not.
+    for (const QString &identifier : {NSGregorianCalendar, u"iso8601"_s, u"buddhist"_s}) {
+        const NSCalendar calendar = calendarOf("UTC", identifier);
+        const int years = identifier == u"buddhist" ? 543 : 0;
+        const auto dateOf = [&](int year, int month, int day) {
+            return calendar.dateFromComponents({.year = year + years, .month = month, .day = day});
+        };
+        EXPECT_EQ(dateOf(1582, 10, 15), utc("1582-10-15T00:00:00"));
+        EXPECT_EQ(dateOf(1582, 10, 10), utc("1582-10-10T00:00:00"));
+        EXPECT_EQ(dateOf(1500, 1, 1), utc("1500-01-01T00:00:00"));
+        EXPECT_EQ(dateOf(1500, 2, 29), utc("1500-03-01T00:00:00"));
+        EXPECT_EQ(dateOf(1, 1, 1), utc("0001-01-01T00:00:00"));
+        const NSDateComponents day =
+            calendar.components(NSDateCalendarUnits, utc("1582-10-14T12:00:00"));
+        EXPECT_EQ(day.year, 1582 + years);
+        EXPECT_EQ(day.month, 10);
+        EXPECT_EQ(day.day, 14);
+        EXPECT_EQ(calendar.dateByAddingComponents({.day = 1}, utc("1582-10-04T00:00:00")),
+                  utc("1582-10-05T00:00:00"));
+        EXPECT_EQ(calendar.dateByAddingComponents({.month = 1}, utc("1500-01-31T00:00:00")),
+                  utc("1500-02-28T00:00:00"));
+    }
+    // Before Christ, too; Qt has no year 0.
     const NSCalendar calendar = calendarOf("UTC");
-    const QDateTime first = calendar.dateFromComponents({.year = 1582, .month = 10, .day = 15});
-    EXPECT_EQ(first, utc("1582-10-15T00:00:00"));
-    EXPECT_EQ(calendar.components(NSDateCalendarUnits, first.addDays(-1)),
-              (NSDateComponents{.era = 1, .year = 1582, .month = 10, .day = 4}));
+    EXPECT_EQ(calendar.dateFromComponents({.era = 0, .year = 44, .month = 3, .day = 15}),
+              QDateTime(QDate(-44, 3, 15), QTime(0, 0), KTPrivate::UTC));
     const QDateTime last = calendar.dateFromComponents({.year = 9999, .month = 12, .day = 31});
     EXPECT_EQ(last, utc("9999-12-31T00:00:00"));
+}
+
+TEST(NSCalendar, CountsChineseYearsInTheCurrentCycle)
+{
+    // A missing era is the current one, a cycle of sixty years: the fifth year of it is 1988.
+    for (const QString &identifier : {u"chinese"_s, u"dangi"_s}) {
+        const NSCalendar calendar = calendarOf("Asia/Shanghai", identifier);
+        const QDateTime date =
+            calendar.dateFromComponents({.year = 5, .month = 2, .day = 3, .hour = 12});
+        EXPECT_EQ(date, utc("1988-03-20T04:00:00")) << qPrintable(identifier);
+        EXPECT_EQ(calendar.components(NSEraCalendarUnit, date),
+                  calendar.components(NSEraCalendarUnit, QDateTime::currentDateTimeUtc()));
+    }
 }
 
 TEST(NSCalendar, CountsJapaneseYearsInEras)
@@ -234,7 +268,7 @@ TEST(NSCalendar, ComputesPlainDatesAsICUDoes)
 {
     // The ISO calendar has the same days, and no way of its own in our code.
     std::mt19937 random(1582);
-    std::uniform_int_distribution<qint64> seconds(-12'300'000'000, 253'000'000'000);
+    std::uniform_int_distribution<qint64> seconds(-62'100'000'000, 253'000'000'000);
     constexpr NSCalendarUnits Units =
         NSDateCalendarUnits | NSTimeCalendarUnits | NSWeekdayCalendarUnit;
     for (const char *const zone : {"America/New_York", "Australia/Lord_Howe", "Pacific/Apia"}) {

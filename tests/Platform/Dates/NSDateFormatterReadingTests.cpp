@@ -62,6 +62,29 @@ TEST(NSDateFormatterReading, TakesSkippedTimesAnHourOn)
     EXPECT_EQ(samoa(u"yyyy-M-d H:m", u"2011-12-30 5:00"), u"2011-12-31 05:00:00");
 }
 
+TEST(NSDateFormatterReading, KnowsWhatTheClockShows)
+{
+    const auto clockOf = [](const NSDateFormatter &formatter, const QString &text) {
+        DateMatch match;
+        EXPECT_TRUE(DateFormatterAccess::parse(formatter, DateText(text), &match));
+        return QDateTime::fromMSecsSinceEpoch(match.localTime, UTC).toString(u"d H:mm"_s);
+    };
+    Reader reader("en_US");
+    reader.setDateFormat(u"M/d/yy h:m a"_s);
+    EXPECT_EQ(clockOf(reader, u"3/8/08 2:30 AM"_s), u"8 2:30");
+    EXPECT_EQ(clockOf(reader, u"3/9/08 2:30 AM"_s), u"9 2:30");
+    EXPECT_EQ(clockOf(reader, u"3/9/08 3:30 AM"_s), u"9 3:30");
+    EXPECT_EQ(clockOf(reader, u"3/9/08 2:3٠ AM"_s), u"9 2:30"); // through ICU
+    EXPECT_EQ(clockOf(reader, u"3/8/08 2:3٠ AM"_s), u"8 2:30");
+    reader.setDateFormat(u"M/d/yy h:m a z"_s);
+    EXPECT_EQ(clockOf(reader, u"3/8/08 2:30 AM PST"_s), u"8 5:30");
+    NSDateFormatter old(u"%m/%d/%y %H:%M"_s, true);
+    old.setLocale(NSLocale(u"en_US"_s));
+    old.setTimeZone(QTimeZone("America/New_York"));
+    EXPECT_EQ(clockOf(old, u"3/8/08 14:30"_s), u"8 14:30");
+    EXPECT_EQ(clockOf(old, u"march 9, 2008 at 2:30"_s), u"9 2:30");
+}
+
 TEST(NSDateFormatterReading, TakesTheLaterOfDoubledTimes)
 {
     Reader reader("en_US");
@@ -233,18 +256,75 @@ TEST(NSDateFormatterReading, KnowsEarlyAndLateYears)
 {
     Reader reader("en_US", "UTC");
     reader.setDateFormat(u"yyyy-M-d"_s);
-    const auto days = [&](const char16_t *text) {
-        const QDateTime date = reader.dateFromString(QString::fromUtf16(text));
+    const auto days = [&](const QString &text) {
+        const QDateTime date = reader.dateFromString(text);
         return date.isValid() ? date.date().toString(Qt::ISODate) : QString();
     };
-    EXPECT_EQ(days(u"9999-12-31"), u"9999-12-31");
-    EXPECT_EQ(days(u"1583-1-1"), u"1583-01-01");
-    EXPECT_EQ(days(u"1582-10-15"), u"1582-10-15");
-    // The day before was 4 October; Qt counts in the Gregorian calendar even then.
-    EXPECT_EQ(days(u"1582-10-4"), u"1582-10-14");
-    EXPECT_EQ(reader.dateFromString(u"0001-1-1"_s).date(), QDate(-1, 12, 30));
-    EXPECT_EQ(days(u"0000-1-1"), QString());
-    EXPECT_EQ(reader.stringFromDate(reader.dateFromString(u"1582-10-4"_s)), u"1582-10-4");
+    // The Gregorian calendar counts for all times, whoever reads: ICU, where digits are others.
+    const auto inArabicDigits = [](QString text) {
+        for (QChar &unit : text)
+            unit = unit.isDigit() ? QChar(u'\u0660' + unit.digitValue()) : unit;
+        return text;
+    };
+    for (const QString &day :
+         {u"9999-12-31"_s, u"1583-01-01"_s, u"1582-10-15"_s, u"1582-10-10"_s, u"1582-10-04"_s,
+          u"1500-01-01"_s, u"1000-02-28"_s, u"0400-02-29"_s, u"0008-03-04"_s, u"0001-01-01"_s}) {
+        EXPECT_EQ(days(day), day);
+        EXPECT_EQ(days(inArabicDigits(day)), day);
+        EXPECT_EQ(reader.stringFromDate(reader.dateFromString(day)),
+                  QString(day).replace(u"-0"_s, u"-"_s));
+    }
+    for (const QString &none : {u"1500-02-29"_s, u"1582-02-30"_s, u"0001-00-01"_s, u"0000-1-1"_s}) {
+        EXPECT_EQ(days(none), QString()) << qPrintable(none);
+        EXPECT_EQ(days(inArabicDigits(none)), QString()) << qPrintable(none);
+    }
+}
+
+TEST(NSDateFormatterReading, TakesFourDigitsOfTheYearInAStyle)
+{
+    Reader reader("sr_RS", "UTC");
+    reader.setDateStyle(NSDateFormatterShortStyle);
+    ASSERT_EQ(reader.dateFormat(), u"d.M.yy.");
+    EXPECT_EQ(read(reader, u"5.3.2008."_s), u"2008-03-05 00:00:00");
+    EXPECT_EQ(read(reader, u"5.3.08."_s), u"2008-03-05 00:00:00");
+    EXPECT_EQ(read(reader, u"5.3.٢٠٠٨."_s), u"2008-03-05 00:00:00");
+    EXPECT_EQ(read(reader, u"5.3.8."_s), QString());
+    EXPECT_EQ(read(reader, u"5.3.208."_s), QString());
+    // A pattern that was set takes what it says.
+    EXPECT_EQ(reader(u"d.M.yy.", u"5.3.2008."), QString());
+    EXPECT_EQ(reader(u"d.M.yy.", u"5.3.08."), u"2008-03-05 00:00:00");
+    // One that begins with a style's, as the lists of date fields have it.
+    DateFormatterAccess::setFormatOfStyle(reader, u"d.M.yy. k:m"_s);
+    EXPECT_EQ(read(reader, u"5.3.2008. 17:30"_s), u"2008-03-05 17:30:00");
+    EXPECT_EQ(reader(u"d.M.yy. k:m", u"5.3.2008. 17:30"), QString());
+}
+
+TEST(NSDateFormatterReading, KnowsMonthsByTheirLongestNames)
+{
+    // In Chuvash, May is the beginning of August in its short form.
+    Reader reader("cv_RU", "UTC");
+    reader.setDateStyle(NSDateFormatterMediumStyle);
+    for (int month = 1; month <= 12; ++month) {
+        const QDateTime date(QDate(2014, month, 4), QTime(0, 0), UTC);
+        const QString text = reader.stringFromDate(date);
+        EXPECT_EQ(reader.dateFromString(text), date) << qPrintable(text);
+    }
+}
+
+TEST(NSDateFormatterReading, TwoDigitsMeanTheSameHundredYearsInEachCalendar)
+{
+    const auto yearOf = [](const char *locale, const char16_t *pattern, const char16_t *text) {
+        return Reader(locale, "UTC")(pattern, text).left(4);
+    };
+    // 1950 is 2493 in Thailand, 1328 in Iran; and so until the end of these hundred years.
+    EXPECT_EQ(yearOf("th_TH", u"d/M/yy", u"5/3/93"), u"1950");
+    EXPECT_EQ(yearOf("th_TH", u"d/M/yy", u"5/3/99"), u"1956");
+    EXPECT_EQ(yearOf("th_TH", u"d/M/yy", u"5/3/92"), u"2049");
+    EXPECT_EQ(yearOf("fa_IR", u"yy/M/d", u"40/3/5"), u"1961");
+    EXPECT_EQ(yearOf("fa_IR", u"yy/M/d", u"27/3/5"), u"2048");
+    EXPECT_EQ(yearOf("zh_TW@calendar=roc", u"yy/M/d", u"38/3/5"), u"2049");
+    // Years of an era are what they are.
+    EXPECT_EQ(yearOf("ja_JP@calendar=japanese", u"yy/M/d", u"02/3/5"), u"2020");
 }
 
 TEST(NSDateFormatterReading, ReadsZones)

@@ -299,3 +299,42 @@ TEST_F(NaturalLanguageDateTests, SurvivesHostileTexts)
     for (const char16_t *const piece : {u"tomorrow ", u"5:", u"1/", u"in ", u". ", u"9", u"a "})
         EXPECT_EQ(read(*formatter, megabyteOf(QString::fromUtf16(piece))), QString());
 }
+
+TEST_F(NaturalLanguageDateTests, TakesOrdinalsForDays)
+{
+    constexpr std::array Rows{Row{"en_US", u"the 5th", "2008-02-05 12:00:00"},
+                              Row{"en_US", u"march 5th, 2008", "2008-03-05 12:00:00"},
+                              Row{"en_US", u"the 1st of may at 5pm", "2008-05-01 17:00:00"},
+                              Row{"en_US", u"the 35th", nullptr},
+                              Row{"fr_FR", u"1er mars", "2008-03-01 12:00:00"},
+                              Row{"fr_FR", u"le 1er", "2008-02-01 12:00:00"}};
+    expectAll(Rows);
+}
+
+TEST_F(NaturalLanguageDateTests, TakesApostrophesAndVowelsAsTheyAreTyped)
+{
+    constexpr std::array Rows{Row{"fr_FR", u"aujourd'hui", "2008-02-20 12:00:00"},
+                              Row{"fr_FR", u"aujourd\u2019hui", "2008-02-20 12:00:00"},
+                              Row{"ar_EG", u"غدًا", "2008-02-21 12:00:00"},
+                              Row{"ar_EG", u"غدا", "2008-02-21 12:00:00"},
+                              Row{"en_US", u"5 o\u2019clock", "2008-02-20 05:00:00"}};
+    expectAll(Rows);
+}
+
+TEST_F(NaturalLanguageDateTests, KnowsEveningsAndShortDays)
+{
+    constexpr std::array Rows{Row{"en_US", u"tonight", "2008-02-20 19:00:00"},
+                              Row{"en_US", u"tomorrow evening", "2008-02-21 19:00:00"},
+                              Row{"en_US", u"thurs", "2008-02-21 12:00:00"},
+                              Row{"en_US", u"tues", "2008-02-19 12:00:00"},
+                              Row{"fr_FR", u"ce soir", "2008-02-20 19:00:00"},
+                              Row{"de_DE", u"heute abend", "2008-02-20 19:00:00"}};
+    expectAll(Rows);
+}
+
+TEST_F(NaturalLanguageDateTests, KnowsEarlyYears)
+{
+    constexpr std::array Rows{Row{"en_US", u"october 10, 1582", "1582-10-10 12:00:00"},
+                              Row{"en_US", u"february 29, 1500", nullptr}};
+    expectAll(Rows);
+}

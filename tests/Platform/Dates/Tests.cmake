@@ -4,6 +4,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Dates/DateFieldsTests.cpp
     Platform/Dates/DateNamesTests.cpp
     Platform/Dates/DatePatternTests.cpp
+    Platform/Dates/DateTextTests.cpp
     Platform/Dates/NSCalendarTests.cpp
     Platform/Dates/NSClockTests.cpp
     Platform/Dates/NSDateFormatterCalendarTests.cpp
