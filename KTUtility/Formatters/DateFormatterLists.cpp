@@ -163,6 +163,22 @@ std::shared_ptr<NSDateFormatter> timeOfLocale(const DateFormatterSettings &setti
                                                    false);
 }
 
+/// Whether a date pattern is a style's, and none of those that are tried in every locale: these
+/// come in pairs, for two digits of the year and for four.
+bool isOfStyle(const DateFormatterSettings &settings, const QString &datePattern)
+{
+    if (DatePatterns::dates(DatePatterns::MonthDayYear).contains(datePattern))
+        return false;
+    NSDateFormatter formatter;
+    formatter.setLocale(settings.locale);
+    for (size_t index = 0; index < StyleCount; ++index) {
+        formatter.setDateStyle(styleAt(index));
+        if (formatter.dateFormat() == datePattern)
+            return true;
+    }
+    return false;
+}
+
 /// A pattern's formatter, or one of the locale's behind them.
 template<typename OfLocale>
 auto patternsThen(const DateFormatterSettings &settings, const QStringList &patterns,
@@ -251,10 +267,14 @@ DateFormatterLists::Shared DateFormatterLists::datesWithTimes(const DateFormatte
     ListKey key = keyOf(Kind::DatesWithTimes, settings);
     key.datePattern = datePattern;
     const DateFormatterSettings used = forList(settings);
+    const bool hasStyle = isOfStyle(settings, datePattern);
     return listOf(key, times->size(), [=](size_t index) {
         const QString pattern = datePattern + u' ' + (*times)[index]->dateFormat();
         if (!used.isSilent)
             KTLog(kLog_FormattersDateTimes, 4, u"adding date/time format: %@", pattern);
-        return formatterWithPattern(used, pattern, used.isJapaneseCalendar());
+        auto formatter = formatterWithPattern(used, pattern, used.isJapaneseCalendar());
+        if (hasStyle)
+            DateFormatterAccess::setFormatOfStyle(*formatter, pattern);
+        return formatter;
     });
 }

@@ -3,6 +3,7 @@
 #include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 #include <KTUtility/Platform/Values/NSScanner.h>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 using namespace KTPrivate;
 
@@ -72,6 +73,11 @@ QDateTime DateReading::date() const
     return DateFormatterAccess::dateOf(*_successful, _time);
 }
 
+QDateTime DateReading::clock() const
+{
+    return QDateTime::fromMSecsSinceEpoch(_localTime, UTC);
+}
+
 /// Parses without a word.
 bool DateReading::parse(const NSDateFormatter &formatter)
 {
@@ -79,6 +85,7 @@ bool DateReading::parse(const NSDateFormatter &formatter)
     if (!DateFormatterAccess::parse(formatter, _text, &match))
         return false;
     _time = match.time;
+    _localTime = match.localTime;
     _successful = &formatter;
     _isExact = match.length == _string.size();
     return true;

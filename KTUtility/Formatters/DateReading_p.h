@@ -40,6 +40,9 @@ public:
     /// Which formatter took all of the text; null if the text was read otherwise.
     const NSDateFormatter *chosen() const { return _chosen; }
     QDateTime date() const;
+    /// The day and time that a clock shows then, in UTC; as it was typed where summer time skips
+    /// that time.
+    QDateTime clock() const;
 
 private:
     bool parse(const NSDateFormatter &formatter);
@@ -52,6 +55,7 @@ private:
     const DateText _text;
     const bool _isLogged;
     qint64 _time = 0;
+    qint64 _localTime = 0;
     bool _isExact = false;
     const NSDateFormatter *_successful = nullptr;
     const NSDateFormatter *_chosen = nullptr;

@@ -5,7 +5,9 @@
 #include "DateReading_p.h"
 #include "Today_p.h"
 #include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Dates/DateFormatterAccess_p.h>
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include <mutex>
 
@@ -204,7 +206,8 @@ void KTDateTimeFormatter::setDisplayPattern(NSDateFormatter &formatter,
     }
 }
 
-/// The locale's pattern for the time alone; empty if no time is shown.
+/// The locale's pattern for the time alone; empty if no time is shown. The display formatter's own
+/// has the day before it once it is made, and the year-less pattern would grow with every question.
 QString KTDateTimeFormatter::timePattern() const
 {
     NSDateFormatter formatter;
@@ -399,12 +402,21 @@ bool KTDateTimeFormatter::readDate(DateReading &reading) const
 bool KTDateTimeFormatter::getObjectValue(QVariant *value, const QString &forString,
                                          QString *errorDescription) const
 {
-    DateReading reading(forString);
+    return readTyped(value, nullptr, forString, errorDescription);
+}
+
+bool KTDateTimeFormatter::readTyped(QVariant *value, QDateTime *clock, const QString &text,
+                                    QString *errorDescription) const
+{
+    DateReading reading(text);
     bool isRead = read(reading);
+    const bool isBareHour = reading.isBareHour();
     if (value)
         *value = isRead ? QVariant(reading.date()) : QVariant();
-    if (reading.isBareHour())
-        isRead = getLenientDateValue(value, forString, errorDescription);
+    if (isBareHour)
+        isRead = getLenientDateValue(value, text, errorDescription);
+    if (clock && isRead)
+        *clock = isBareHour ? lenientClockOf(text) : reading.clock();
     if (!isRead && errorDescription && !errorDescription->isNull())
         KTLog(kLog_FormattersDateTimes, 4, u"KTDateTimeFormatter getObjectValue error: %@",
               *errorDescription);
@@ -421,10 +433,37 @@ bool KTDateTimeFormatter::getLenientDateValue(QVariant *value, const QString &fo
     KTLog(kLog_FormattersDateTimes, 4,
           u"KTDateTimeFormatter getObjectValue(lenient) forString:%@ returns %d", forString,
           isRead);
+    if (!isRead)
+        return false;
+    KTLog(kLog_FormattersDateTimes, 4, u"KTDateTimeFormatter getObjectValue forString:%@ value:%@",
+          forString, date);
+    if (lenientFormatter()->generatesCalendarDates())
+        date = plainDateOf(date.toDateTime());
     if (value)
         *value = date;
-    if (isRead)
-        KTLog(kLog_FormattersDateTimes, 4,
-              u"KTDateTimeFormatter getObjectValue forString:%@ value:%@", forString, date);
-    return isRead;
+    return true;
+}
+
+/// What a clock shows at the date that the lenient formatter reads.
+QDateTime KTDateTimeFormatter::lenientClockOf(const QString &text) const
+{
+    DateMatch match;
+    DateFormatterAccess::parse(*lenientFormatter(), DateText(text), &match);
+    return QDateTime::fromMSecsSinceEpoch(match.localTime, UTC);
+}
+
+/// A date as its own zone's clock shows it, in the years of the formatter's calendar.
+QDateTime KTDateTimeFormatter::plainDateOf(const QDateTime &calendarDate) const
+{
+    const QDate day = calendarDate.date();
+    const QTime time = calendarDate.time();
+    const QDateTime date = _calendar.dateFromComponents({.year = day.year(),
+                                                         .month = day.month(),
+                                                         .day = day.day(),
+                                                         .hour = time.hour(),
+                                                         .minute = time.minute(),
+                                                         .second = time.second()});
+    KTLog(kLog_FormattersDateTimes, 4, u"after NSCalendar conversion, value:%@",
+          displayFormatter()->stringFromDate(date));
+    return date;
 }

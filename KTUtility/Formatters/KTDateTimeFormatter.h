@@ -124,6 +124,9 @@ public:
                         QString *errorDescription = nullptr) const override;
 
     /// Reads with lenientFormatter() alone.
+    /// \param value receives a QDateTime; a failure leaves it as it is. If the lenient formatter
+    /// was set to generate calendar dates, the clock and day that it read count, in the years of
+    /// the locale's calendar.
     bool getLenientDateValue(QVariant *value, const QString &forString,
                              QString *errorDescription = nullptr) const;
 
@@ -202,6 +205,11 @@ protected:
 
     /// The calendar of the locale.
     const NSCalendar &calendar() const { return _calendar; }
+    /// Reads as getObjectValue() does.
+    /// \param clock receives, in UTC, the day and time that a clock shows then, if something was
+    /// read; where summer time skips the time that was typed, that time all the same. May be null.
+    bool readTyped(QVariant *value, QDateTime *clock, const QString &text,
+                   QString *errorDescription) const;
 
 private:
     using SharedList = std::shared_ptr<const KTDateFormatterList>;
@@ -217,6 +225,8 @@ private:
     const SharedList &sharedTimeFormatters() const;
     bool read(KTPrivate::DateReading &reading) const;
     bool readDate(KTPrivate::DateReading &reading) const;
+    QDateTime plainDateOf(const QDateTime &calendarDate) const;
+    QDateTime lenientClockOf(const QString &text) const;
 
     NSLocale _locale;
     NSCalendar _calendar;

@@ -23,14 +23,17 @@ QDateTime KTTimeFormatter::defaultDate() const
 bool KTTimeFormatter::getObjectValue(QVariant *value, const QString &forString,
                                      QString *errorDescription) const
 {
-    QVariant read;
-    const bool isRead = KTDateTimeFormatter::getObjectValue(&read, forString, errorDescription);
-    if (isRead && read.metaType() == QMetaType::fromType<QDateTime>()) {
-        NSDateComponents time = calendar().components(NSTimeCalendarUnits, read.toDateTime());
-        time.year = ReferenceYear;
-        read = calendar().dateFromComponents(time);
-    }
-    if (value)
-        *value = read;
+    QDateTime clock;
+    const bool isRead = readTyped(value, &clock, forString, errorDescription);
+    if (isRead && value)
+        *value = onReferenceDay(clock.time());
     return isRead;
+}
+
+QDateTime KTTimeFormatter::onReferenceDay(const QTime &time) const
+{
+    return calendar().dateFromComponents({.year = ReferenceYear,
+                                          .hour = time.hour(),
+                                          .minute = time.minute(),
+                                          .second = time.second()});
 }

@@ -7,7 +7,9 @@
 /// Formats the times of day of a field: short times without a date.
 ///
 /// Reads what KTDateTimeFormatter reads, and puts every time on one day, the first of the year
-/// 2001, so that times compare with each other. A date that is typed with the time is dropped.
+/// 2001, so that times compare with each other. A date that is typed with the time is dropped. What
+/// is typed on the day on which summer time begins counts as it is typed, also in the hour that this
+/// day does not have.
 ///
 /// \code
 /// const auto formatter = KTTimeFormatter::createTimeFormatter();   // in the user's locale
@@ -30,4 +32,7 @@ public:
                         QString *errorDescription = nullptr) const override;
     /// today(), in Japan, too.
     QDateTime defaultDate() const override;
+
+private:
+    QDateTime onReferenceDay(const QTime &time) const;
 };

@@ -1,42 +1,47 @@
 #include "Today_p.h"
 
+#include <KTUtility/Platform/Dates/CivilDate_p.h>
 #include <KTUtility/Platform/Values/UTC_p.h>
 #include <KTUtility/Platform/Values/WallClock_p.h>
+#include <KTUtility/Platform/Zones/TimeZoneRules_p.h>
 
 using namespace KTPrivate;
 
 namespace {
 constexpr int NoonHour = 12;
 
-/// A day of a calendar, from its first instant to that of the next day.
+/// A day of a calendar, by its number as clocks show it: where summer time begins or ends at
+/// midnight, days do not follow from the instants at which they begin.
 struct KnownDay
 {
     NSCalendar calendar;
     QTimeZone zone;
-    qint64 begin = 0;
-    qint64 end = 0;
+    qint64 number = 0;
     QDateTime noon;
 };
 
-KnownDay dayOf(const NSCalendar &calendar, const QTimeZone &zone, qint64 time)
+QDateTime noonOf(const NSCalendar &calendar, qint64 time)
 {
     const QDateTime now = QDateTime::fromMSecsSinceEpoch(time, UTC);
     NSDateComponents day = calendar.components(NSDateCalendarUnits, now);
-    day.hour = day.minute = day.second = 0;
-    const QDateTime begin = calendar.dateFromComponents(day);
-    const QDateTime end = calendar.dateByAddingComponents({.day = 1}, begin);
     day.hour = NoonHour;
-    return {calendar, zone, begin.toMSecsSinceEpoch(), end.toMSecsSinceEpoch(),
-            calendar.dateFromComponents(day)};
+    day.minute = day.second = 0;
+    return calendar.dateFromComponents(day);
 }
 } // namespace
 
 QDateTime KTPrivate::todayAtNoon(const NSCalendar &calendar)
 {
+    return todayAtNoon(calendar, WallClock::milliseconds());
+}
+
+QDateTime KTPrivate::todayAtNoon(const NSCalendar &calendar, qint64 now)
+{
     thread_local KnownDay known;
-    const qint64 now = WallClock::milliseconds();
     const QTimeZone zone = NSCalendar::systemTimeZone();
-    if (now < known.begin || now >= known.end || known.zone != zone || known.calendar != calendar)
-        known = dayOf(calendar, zone, now);
+    const qint64 number = Civil::daysOfTime(TimeZoneRules::rulesOf(zone).localTimeOf(now));
+    if (!known.noon.isValid() || known.number != number || known.zone != zone ||
+        known.calendar != calendar)
+        known = {calendar, zone, number, noonOf(calendar, now)};
     return known.noon;
 }

@@ -8,4 +8,6 @@
 namespace KTPrivate {
 /// Today at noon in a calendar and the machine's zone. Fields ask for it with each text.
 KTUTILITY_EXPORT QDateTime todayAtNoon(const NSCalendar &calendar);
+/// The same if it were \a now, in milliseconds since 1970.
+KTUTILITY_EXPORT QDateTime todayAtNoon(const NSCalendar &calendar, qint64 now);
 } // namespace KTPrivate

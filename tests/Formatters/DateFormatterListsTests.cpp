@@ -202,3 +202,17 @@ TEST(DateFormatterLists, AreMadeAnewAndAtOnceWhileTheyAreLogged)
     EXPECT_EQ(both->madeCount(), both->size());
     EXPECT_TRUE(log.messages().contains(u"adding date/time format: d/M h:m:s a"_s));
 }
+
+TEST(DateFormatterLists, DatesOfAStyleTakeFourDigitsOfTheYearBeforeATime)
+{
+    const QString text = u"5.3.2008. 17:30:15"_s;
+    const auto isRead = [&](const QString &locale, const QString &datePattern) {
+        const DateFormatterSettings settings = settingsIn(locale);
+        const auto times = DateFormatterLists::times(settings);
+        const auto both = DateFormatterLists::datesWithTimes(settings, datePattern, times);
+        NSRange range{0, text.size()};
+        return (*both)[2]->getObjectValue(nullptr, text, &range, nullptr);
+    };
+    EXPECT_TRUE(isRead(u"sr_RS"_s, u"d.M.yy."_s));
+    EXPECT_FALSE(isRead(u"de_DE"_s, u"d.M.yy."_s)); // is none of its styles
+}

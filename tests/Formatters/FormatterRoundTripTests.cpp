@@ -25,6 +25,7 @@ const QStringList &locales()
         "pt_BR pt_PT nl_NL sv_SE nb_NO da_DK fi_FI pl_PL cs_CZ hu_HU ru_RU uk_UA "
         "el_GR tr_TR he_IL ar_EG ar_SA fa_IR hi_IN bn_BD th_TH vi_VN ja_JP ko_KR "
         "zh_CN zh_TW et_EE lt_LT hr_HR bg_BG ka_GE ur_PK mr_IN "
+        "sr_RS sr_Latn_RS hr_BA bs_Cyrl_BA cv_RU "
         "ja_JP@calendar=japanese de_DE@calendar=buddhist"_s.split(u' ');
     return identifiers;
 }

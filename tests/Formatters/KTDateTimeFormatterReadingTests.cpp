@@ -1,6 +1,8 @@
 #include <KTUtility/KTDateTimeFormatter>
 #include <KTUtility/KTLogCapture>
 #include <KTUtility/KTLoggerComponents>
+#include <KTUtility/NSLocale>
+#include <KTUtility/Platform/Values/UTC_p.h>
 
 #include "FormatterSupport.h"
 #include "support/EnvironmentGuard.h"
@@ -76,7 +78,7 @@ QString withAnyYear(QString pattern)
 
 /// What is wanted otherwise than the table says. "yy" takes two digits here and "yyyy" four, so
 /// that nothing is read in the years 1 to 99 any more; "ha" takes a bare hour; English has "Sept";
-/// years before 1582 are Julian; without a default date, 1/1/50 is within the hundred years.
+/// without a default date, 1/1/50 is within the hundred years; the table writes the year 8 as "8".
 QString wantedOtherwise(const QString &locale, const QString &text)
 {
     static const QHash<QString, QString> everywhere{
@@ -85,13 +87,13 @@ QString wantedOtherwise(const QString &locale, const QString &text)
         {u"3/4/8"_s, u"NO"_s},     {u"3/4/108"_s, u"NO"_s}};
     static const QHash<QString, QString> inLocales{
         {u"en_US 08/3/4"_s, u"2008-03-04T12:00:00"_s},
-        {u"en_US 3/4/0008"_s, u"0008-03-02T12:00:00"_s},
+        {u"en_US 3/4/0008"_s, u"0008-03-04T12:00:00"_s},
         {u"en_US Sept 4, 2008"_s, u"2008-09-04T12:00:00"_s},
         {u"de_DE 08/3/4"_s, u"2008-04-03T12:00:00"_s},
         {u"de_DE 2/29/08"_s, u"2008-02-29T12:00:00"_s},
         {u"de_DE 20/3/4"_s, u"2020-04-03T12:00:00"_s},
         {u"de_DE 20/3/4 17:30"_s, u"2020-04-03T17:30:00"_s},
-        {u"de_DE 3/4/0008"_s, u"0008-04-01T12:00:00"_s},
+        {u"de_DE 3/4/0008"_s, u"0008-04-03T12:00:00"_s},
         {u"de_DE 4/13/08"_s, u"2008-04-13T12:00:00"_s},
         {u"ja_JP  3/4/08"_s, u"2008-03-04T00:00:00"_s},
         {u"ja_JP 1/1/50"_s, u"1950-01-01T00:00:00"_s},
@@ -99,7 +101,7 @@ QString wantedOtherwise(const QString &locale, const QString &text)
         {u"ja_JP 3-4-08"_s, u"2008-03-04T00:00:00"_s},
         {u"ja_JP 3.4.08"_s, u"2008-03-04T00:00:00"_s},
         {u"ja_JP 3/ 4/08"_s, u"2008-03-04T00:00:00"_s},
-        {u"ja_JP 3/4/0008"_s, u"0008-03-02T00:00:00"_s},
+        {u"ja_JP 3/4/0008"_s, u"0008-03-04T00:00:00"_s},
         {u"ja_JP 3/4/08"_s, u"2008-03-04T00:00:00"_s},
         {u"ja_JP 3/4/08 17:30"_s, u"2008-03-04T17:30:00"_s},
         {u"ja_JP 4.3.08"_s, u"2008-04-03T00:00:00"_s},
@@ -210,6 +212,40 @@ TEST(KTDateTimeFormatterReading, ReadsInTheOrderOfTheLocale)
     expectRows(u"ar_EG"_s, {{u"٥/٣/٢٠٠٨", u"2008-03-05T12:00:00", u"d/M/yyyy"}});
 }
 
+// The texts of docs/decisions/typed-dates.md.
+TEST(KTDateTimeFormatterReading, KeepsToItsPatterns)
+{
+    expectRows(u"en_US"_s, {{u"2008-03-05T14:30:00Z", u"2008-03-05T14:30:00", nullptr},
+                            {u"2008-03-05T14:30:00+02:00", u"2008-03-05T14:30:00", nullptr},
+                            {u"2008-03-05T14:30", u"2008-03-05T12:00:00", nullptr},
+                            {u"2008-03-05 5:30 PM", u"2008-03-05T12:00:00", nullptr},
+                            {u"24:00", u"T00:00:00", u"k:m"},
+                            {u"24:30", u"T00:30:00", u"k:m"},
+                            {u"0pm", u"T12:00:00", u"ha"}});
+    expectRows(u"ja_JP"_s, {{u"3月5日 17:30", u"2000-03-05T17:30:00", u"M月d日 k:m"},
+                            {u"2026/13/1", u"2026-01-13T00:00:00", u"yyyy/d/M"}});
+    expectRows(u"en_GB"_s, {{u"2008/03/05", u"2008-05-03T12:00:00", u"yyyy/d/M"},
+                            {u"30/2/08", u"2030-08-02T12:00:00", u"yy/d/M"}});
+    expectRows(u"ar_EG"_s, {{u"٢٠٠٨-٠٣-٠٥", u"2008-05-03T12:00:00", u"yyyy-d-M"}});
+    const std::pair<const char16_t *, const char16_t *> refused[] = {
+        {u"en_US", u"3/4/08, 5:30 PM|March 5 2008|Mar. 5, 2008|March 5th, 2008|Wed 3/5/08|5:30 p.m."
+                   u"|tomorrow|noon|5.|13|17|0"},
+        {u"de_DE", u"5.3.|17 Uhr|17:30 Uhr|5.3.2008 17.30"},
+        {u"fr_FR", u"17h30|1er mars|5 mars 2008 à 17:30"},
+        {u"zh_CN", u"3月5日|下午5:30"},
+        {u"ja_JP", u"午後5:30|17時30分|平成20年3月5日"},
+        {u"ko_KR", u"오후5:30|3월 5일"},
+        {u"ru_RU", u"март 2008"},
+        {u"th_TH", u"17:30 น."},
+        {u"es_ES", u"5 de marzo"}};
+    for (const auto &[locale, texts] : refused) {
+        for (const QString &text : QString::fromUtf16(texts).split(u'|'))
+            EXPECT_EQ(reading(*formatterIn<KTDateTimeFormatter>(QString::fromUtf16(locale)), text),
+                      u"NO")
+                << qPrintable(text);
+    }
+}
+
 TEST(KTDateTimeFormatterReading, ReadsIsoDatesEverywhere)
 {
     const QStringList locales{u"en_US"_s, u"de_DE"_s, u"sv_SE"_s, u"ar_EG"_s,
@@ -293,6 +329,98 @@ TEST(KTDateTimeFormatterReading, ReadsBareHoursOnTheDefaultDay)
         EXPECT_EQ(reading(formatter, text), u"NO") << qPrintable(QString::fromUtf16(text));
 }
 
+TEST(KTDateTimeFormatterReading, ReadsBareHoursInTheDigitsOfTheLocale)
+{
+    const std::pair<QString, QString> texts[] = {{u"ar_EG"_s, u"٥"_s},   {u"fa_IR"_s, u"۵"_s},
+                                                 {u"ja_JP"_s, u"５"_s},  {u"hi_IN"_s, u"५"_s},
+                                                 {u"fa_IR"_s, u" ۵:"_s}, {u"en_US"_s, u"٥"_s}};
+    for (const auto &[locale, text] : texts) {
+        const QString time = reading(*formatterIn<KTDateTimeFormatter>(locale), text);
+        EXPECT_EQ(time.mid(10), u"T05:00:00") << qPrintable(locale + u' ' + text);
+    }
+    const KTDateTimeFormatter formatter;
+    EXPECT_EQ(reading(formatter, u"١٢"), todayText() + u"T12:00:00");
+    for (const char16_t *text : {u"١٣", u"٠", u"٠٠٥", u"٥.", u"٥x", u"-٥"})
+        EXPECT_EQ(reading(formatter, text), u"NO") << qPrintable(QString::fromUtf16(text));
+}
+
+TEST(KTDateTimeFormatterReading, ReadsTheYearThatItShowsWhereAPointFollows)
+{
+    for (const QString &locale : {u"sr_RS"_s, u"sr_Latn_RS"_s, u"sr_Cyrl_BA"_s, u"hr_BA"_s,
+                                  u"bs_Cyrl_BA"_s, u"hr_HR"_s, u"bs_BA"_s}) {
+        const auto formatter = formatterIn<KTDateTimeFormatter>(locale);
+        for (const bool showsTime : {false, true}) {
+            formatter->setDisplayTime(showsTime);
+            const QString wanted = showsTime ? u"2008-03-05T17:30:00"_s : u"2008-03-05T12:00:00"_s;
+            const QDateTime date(QDate(2008, 3, 5), QTime(22, 30), KTPrivate::UTC);
+            const QString shown = formatter->stringForObjectValue(date);
+            EXPECT_EQ(reading(*formatter, shown), wanted) << qPrintable(locale + u' ' + shown);
+        }
+    }
+    expectRows(u"sr_RS"_s, {{u"5.3.2008.", u"2008-03-05T12:00:00", u"d.M.yy."},
+                            {u"5.3.08.", u"2008-03-05T12:00:00", u"d.M.yy."},
+                            {u"5.3.2008", u"2008-03-05T12:00:00", u"d.M.yyyy"},
+                            {u"5.3.2008. 17:30", u"2008-03-05T17:30:00", u"d.M.yy. k:m"},
+                            {u"5.3.8.", u"NO", nullptr}});
+}
+
+TEST(KTDateTimeFormatterReading, ReadsWhatEveryLocaleShows)
+{
+    const QDateTime date(QDate(2014, 8, 24), QTime(16, 0), KTPrivate::UTC);
+    for (const QString &locale : NSLocale::availableLocaleIdentifiers()) {
+        const auto formatter = formatterIn<KTDateTimeFormatter>(locale);
+        for (const uint style : {1U, 2U, 3U, 4U}) {
+            formatter->setDateStyle(style);
+            const QString shown = formatter->stringForObjectValue(date);
+            EXPECT_EQ(reading(*formatter, shown).left(10), u"2014-08-24")
+                << qPrintable(locale + u' ' + shown);
+        }
+    }
+}
+
+TEST(KTDateTimeFormatterReading, ReadsEarlyDaysAsTheyAreTyped)
+{
+    expectRows(u"en_US"_s, {{u"1/1/1500", u"1500-01-01T12:00:00", u"M/d/yyyy"},
+                            {u"10/4/1582", u"1582-10-04T12:00:00", u"M/d/yyyy"},
+                            {u"10/10/1582", u"1582-10-10T12:00:00", u"M/d/yyyy"},
+                            {u"2/29/1500", u"NO", nullptr},
+                            {u"3/4/0008", u"0008-03-04T12:00:00", u"M/d/yyyy"}});
+    const KTDateTimeFormatter formatter;
+    const QDateTime date(QDate(1582, 10, 10), QTime(17, 0), KTPrivate::UTC);
+    EXPECT_EQ(formatter.stringForObjectValue(date), u"10/10/1582");
+}
+
+TEST(KTDateTimeFormatterReading, MakesPlainDatesOfCalendarDates)
+{
+    useFreshHome();
+    const auto formatter = formatterIn<KTDateTimeFormatter>(u"en_US"_s);
+    formatter->lenientFormatter()->setGeneratesCalendarDates(true);
+    formatter->lenientFormatter()->setTimeZone(QTimeZone("Asia/Kathmandu"));
+    formatter->displayFormatter();
+    QVariant value;
+    {
+        const KTLogCapture log(kLog_FormattersDateTimes, 4);
+        EXPECT_TRUE(formatter->getLenientDateValue(&value, u"march 5, 2008 17:30:15"_s));
+        const QStringList messages = log.messages();
+        ASSERT_EQ(messages.size(), 3);
+        EXPECT_TRUE(messages[1].contains(u"getObjectValue forString:march 5, 2008 17:30:15"));
+        EXPECT_EQ(messages[2], u"after NSCalendar conversion, value:3/5/2008");
+    }
+    // The day and clock of its zone, in the user's.
+    EXPECT_EQ(wallTime(value.toDateTime()), u"2008-03-05T17:30:15");
+    EXPECT_EQ(value.toDateTime().timeSpec(), Qt::UTC);
+}
+
+TEST(KTDateTimeFormatterReading, CountsYearsOfCalendarDatesInTheLocalesCalendar)
+{
+    // Deliberate: what is 2008 after Christ becomes 2008 of the Buddhist era.
+    const auto formatter = formatterIn<KTDateTimeFormatter>(u"th_TH"_s);
+    formatter->lenientFormatter()->setGeneratesCalendarDates(true);
+    QVariant value;
+    ASSERT_TRUE(formatter->getLenientDateValue(&value, u"5/3/2008"_s));
+    EXPECT_EQ(wallTime(value.toDateTime()), u"1465-03-05T12:00:00");
+}
+
 TEST(KTDateTimeFormatterReading, ReadsLenientlyWhenAsked)
 {
     const KTDateTimeFormatter formatter;
@@ -300,9 +428,10 @@ TEST(KTDateTimeFormatterReading, ReadsLenientlyWhenAsked)
     QString error;
     EXPECT_TRUE(formatter.getLenientDateValue(&value, u"today"_s, &error));
     EXPECT_EQ(wallTime(value.toDateTime()), todayText() + u"T12:00:00");
+    // A failure leaves the caller's value.
     EXPECT_FALSE(formatter.getLenientDateValue(&value, u"a cow"_s, &error));
     EXPECT_FALSE(error.isEmpty());
-    EXPECT_FALSE(value.isValid());
+    EXPECT_EQ(wallTime(value.toDateTime()), todayText() + u"T12:00:00");
     EXPECT_FALSE(formatter.getLenientDateValue(nullptr, u"a cow"_s));
 }
 
@@ -335,6 +464,23 @@ TEST(KTDateTimeFormatterReading, LogsEveryAttempt)
                    u"exact match (date/time)"_s}));
     EXPECT_EQ(messages.filter(u"got strict date/time formatters: "_s).size(), 1);
     EXPECT_EQ(messages.filter(u"parsing time"_s).size(), 0);
+}
+
+TEST(KTDateTimeFormatterReading, LogsTheFormattersOfEachField)
+{
+    useFreshHome();
+    const KTLogCapture log(kLog_FormattersDateTimes, 4);
+    const auto countOfMade = [&](const KTDateTimeFormatter &formatter) {
+        const auto count = [&] { return log.messages().filter(u"creating formatter"_s).size(); };
+        const qsizetype before = count();
+        reading(formatter, u"5:30 PM");
+        return count() - before;
+    };
+    const KTDateTimeFormatter first;
+    const KTDateTimeFormatter second;
+    const qsizetype made = countOfMade(first);
+    EXPECT_GT(made, 40);
+    EXPECT_EQ(countOfMade(second), made);
 }
 
 TEST(KTDateTimeFormatterReading, LogsBareHours)

@@ -54,6 +54,18 @@ TEST(KTTimeFormatter, PutsAllTimesOnOneDay)
     EXPECT_EQ(reading(formatter, u"2008-07-05T14:30:15"), u"2001-01-01T14:30:15");
 }
 
+// The texts of docs/decisions/typed-dates.md.
+TEST(KTTimeFormatter, TakesNumbersWithPointsForDays)
+{
+    for (const char *const locale : {"da_DK", "fi_FI", "id_ID", "de_DE"}) {
+        const UserLocale user(locale);
+        const KTTimeFormatter formatter;
+        EXPECT_EQ(reading(formatter, u"08.05"), u"2001-01-01T12:00:00") << locale;
+        EXPECT_EQ(reading(formatter, u"1.03"), u"2001-01-01T12:00:00") << locale;
+        EXPECT_EQ(reading(formatter, u"8:05"), u"2001-01-01T08:05:00") << locale;
+    }
+}
+
 TEST(KTTimeFormatter, RejectsWhatIsNoTime)
 {
     const KTTimeFormatter formatter;
@@ -93,4 +105,30 @@ TEST(KTTimeFormatter, TheReferenceDayIsTheFirstOf2001InTheLocalesCalendar)
         const QList<int> numbers = {parts.year, parts.month, parts.day, parts.hour, parts.minute};
         EXPECT_EQ(numbers, QList<int>({2001, 1, 1, 17, 30})) << locale;
     }
+}
+
+// New York's clocks went from 2:00 to 3:00 on 8 March 2026.
+TEST(KTTimeFormatter, TakesTimesAsTheyAreTypedOnTheDayOfSummerTime)
+{
+    class OnThatDay : public KTTimeFormatter
+    {
+    public:
+        QDateTime defaultDate() const override
+        {
+            return QDateTime(QDate(2026, 3, 8), QTime(16, 0), KTPrivate::UTC);
+        }
+    };
+    const OnThatDay formatter;
+    EXPECT_EQ(reading(formatter, u"2:30 AM"), u"2001-01-01T02:30:00");
+    EXPECT_EQ(reading(formatter, u"2:30"), u"2001-01-01T02:30:00");
+    EXPECT_EQ(reading(formatter, u"2:3٠ AM"), u"2001-01-01T02:30:00");
+    EXPECT_EQ(reading(formatter, u"2"), u"2001-01-01T02:00:00");
+    EXPECT_EQ(reading(formatter, u"3:30 AM"), u"2001-01-01T03:30:00");
+    EXPECT_EQ(reading(formatter, u"1:59 AM"), u"2001-01-01T01:59:00");
+    EXPECT_EQ(reading(formatter, u"3/8/26 2:30 AM"), u"2001-01-01T02:30:00");
+    // Dates have no such hour, and take the next.
+    const KTDateTimeFormatter dates;
+    QVariant value;
+    ASSERT_TRUE(dates.getObjectValue(&value, u"3/8/26 2:30 AM"_s));
+    EXPECT_EQ(wallTime(value.toDateTime()), u"2026-03-08T03:30:00");
 }

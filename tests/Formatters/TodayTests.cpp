@@ -5,6 +5,7 @@
 
 #include <QTimeZone>
 
+#include <array>
 #include <thread>
 
 using namespace KTPrivate;
@@ -27,6 +28,22 @@ void expectNoon(const NSCalendar &calendar)
     const QDateTime after = noonNow(zone);
     EXPECT_TRUE(noon == before || noon == after)
         << noon.toString(Qt::ISODate).toStdString() << ' ' << zone.id().toStdString();
+}
+
+/// Expects noon of a day to be today's through all of it, asked for as it passes.
+void expectAllDayLong(const QDate &day, const QTimeZone &zone)
+{
+    constexpr qint64 QuarterOfAnHour = 900'000;
+    const NSCalendar calendar(NSGregorianCalendar);
+    const auto instantOf = [&](const QDate &of) {
+        return QDateTime(of, QTime(12, 0), zone).toMSecsSinceEpoch();
+    };
+    for (qint64 now = instantOf(day.addDays(-1)); now < instantOf(day.addDays(2));
+         now += QuarterOfAnHour) {
+        const QDateTime clock = QDateTime::fromMSecsSinceEpoch(now, zone);
+        EXPECT_EQ(todayAtNoon(calendar, now), QDateTime(clock.date(), QTime(12, 0), zone))
+            << zone.id().toStdString() << ' ' << clock.toString(Qt::ISODate).toStdString();
+    }
 }
 
 const char *const zones[] = {"America/New_York",  "Asia/Kathmandu", "Pacific/Kiritimati",
@@ -77,4 +94,23 @@ TEST(Today, IsTheSameForEachThread)
     QDateTime other;
     std::thread([&] { other = todayAtNoon(calendar); }).join();
     EXPECT_TRUE(other == before || other == todayAtNoon(calendar));
+}
+
+TEST(Today, EndsAtMidnightWhereSummerTimeBeginsOrEndsThere)
+{
+    struct Row
+    {
+        const char *zone;
+        QDate day;
+    };
+    // 0:00 is skipped in the first four, and exists twice in the others; Samoa skips a whole day.
+    const std::array rows{
+        Row{"Asia/Beirut", QDate(2026, 3, 29)},     Row{"Africa/Cairo", QDate(2026, 4, 24)},
+        Row{"America/Havana", QDate(2026, 3, 8)},   Row{"America/Santiago", QDate(2026, 9, 6)},
+        Row{"America/Havana", QDate(2026, 11, 1)},  Row{"Asia/Beirut", QDate(2026, 10, 25)},
+        Row{"America/New_York", QDate(2026, 3, 8)}, Row{"Pacific/Apia", QDate(2011, 12, 29)}};
+    for (const Row &row : rows) {
+        const EnvironmentGuard guard("TZ", row.zone);
+        expectAllDayLong(row.day, QTimeZone(row.zone));
+    }
 }
