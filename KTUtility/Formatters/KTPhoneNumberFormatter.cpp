@@ -1,46 +1,20 @@
 #include "KTPhoneNumberFormatter.h"
 
+#include "PhoneDigits_p.h"
+#include "PhonePatterns_p.h"
 #include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
 #include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
-#include <KTUtility/Platform/Text/NSCharacterSet.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 
 #include <QFile>
+#include <QMutex>
 
 using namespace Qt::StringLiterals;
+using namespace KTPrivate;
 
 namespace {
-constexpr QStringView Separators = u" -,./()[]{}";
-constexpr QChar Placeholder = u'#';
-
-QString withoutSeparators(const QString &text)
-{
-    QString result = text;
-    return result.removeIf([](QChar unit) { return Separators.contains(unit); });
-}
-
-/// What of a pattern has to stand at the start of a number.
-QString literalsOf(const QString &pattern)
-{
-    return withoutSeparators(pattern).remove(Placeholder);
-}
-
-/// The values of the digits of a text, of any script; nothing if it has anything else.
-std::optional<QList<int>> digitsOf(QStringView text)
-{
-    QList<int> digits;
-    for (qsizetype index = 0; index < text.size();) {
-        const NSCodePoint point = NSCodePointAt(text, index);
-        if (!NSCharacterSet::decimalDigitCharacterSet().characterIsMember(point.character))
-            return std::nullopt;
-        digits.append(QChar::digitValue(point.character));
-        index += point.length;
-    }
-    return digits;
-}
-
 void failToLoad()
 {
     NSAssertionHandler::currentHandler()->handleFailureInMethod(
@@ -57,9 +31,26 @@ QStringList patternsOf(const QVariant &set)
         patterns.append(pattern.toString());
     return patterns;
 }
+
+/// The framework's patterns at an index, ordered once for all formatters.
+std::shared_ptr<const PhonePatterns> frameworkPatterns(int formatIndex)
+{
+    static QMutex mutex;
+    static QHash<int, std::shared_ptr<const PhonePatterns>> known;
+    const QMutexLocker locker(&mutex);
+    std::shared_ptr<const PhonePatterns> &patterns = known[formatIndex];
+    if (!patterns) {
+        patterns = std::make_shared<const PhonePatterns>(
+            KTPhoneNumberFormatter::patternSets().at(formatIndex));
+    }
+    return patterns;
+}
 } // namespace
 
-KTPhoneNumberFormatter::KTPhoneNumberFormatter() : KTPhoneNumberFormatter(patternSets()) {}
+KTPhoneNumberFormatter::KTPhoneNumberFormatter() : KTPhoneNumberFormatter(patternSets())
+{
+    _isFramework = true;
+}
 
 KTPhoneNumberFormatter::KTPhoneNumberFormatter(const QList<QStringList> &sets) : _sets(sets) {}
 
@@ -89,9 +80,12 @@ void KTPhoneNumberFormatter::setFormatIndex(int formatIndex)
 {
     KTLog(kLog_FormattersPhoneNumbers, 4, u"setFormatIndex: %d", formatIndex);
     _formatStrings.reset();
+    _patterns.reset();
     if (formatIndex < 0 || formatIndex >= _sets.size())
         return;
     _formatStrings = _sets.at(formatIndex);
+    _patterns = _isFramework ? frameworkPatterns(formatIndex)
+                             : std::make_shared<const PhonePatterns>(*_formatStrings);
     KTLog(kLog_FormattersPhoneNumbers, 4, u"format strings: %@", QVariant(*_formatStrings));
 }
 
@@ -109,12 +103,25 @@ QString KTPhoneNumberFormatter::stringForObjectValue(const QVariant &value) cons
     const QString text = value.toString();
     if (text.isEmpty() || !_formatStrings)
         return text;
+    const QString shown = inFirstFittingPattern(text);
+    if (shown.isNull())
+        return text;
+    return shown.isEmpty() ? QString() : shown;
+}
+
+QString KTPhoneNumberFormatter::inFirstFittingPattern(const QString &text) const
+{
+    if (!KTLogger::sharedLogger()->shouldLogComponent(kLog_FormattersPhoneNumbers, 4)) {
+        const std::optional<QString> pattern = _patterns->firstFitting(text);
+        return pattern ? applyFormat(*pattern, text) : QString();
+    }
+    // The log shows each pattern that is tried.
     for (const QString &pattern : *_formatStrings) {
         const QString shown = applyFormat(pattern, text);
         if (!shown.isNull())
-            return shown.isEmpty() ? QString() : shown;
+            return shown;
     }
-    return text;
+    return {};
 }
 
 bool KTPhoneNumberFormatter::getObjectValue(QVariant *value, const QString &forString,
@@ -128,17 +135,18 @@ bool KTPhoneNumberFormatter::getObjectValue(QVariant *value, const QString &forS
 QString KTPhoneNumberFormatter::applyFormat(const QString &format, const QString &toString) const
 {
     KTLog(kLog_FormattersPhoneNumbers, 4, u"applyFormat: %@ toString: %@", format, toString);
-    const QString typed = withoutSeparators(toString);
-    const QString literals = literalsOf(format);
+    const QString typed = PhoneDigits::withoutSeparators(toString);
+    const QString literals = PhoneDigits::literalsOf(format);
     if (!literals.isEmpty() && !typed.startsWith(literals))
         return {};
-    const std::optional<QList<int>> digits = digitsOf(QStringView(typed).mid(literals.size()));
-    if (!digits || digits->size() != format.count(Placeholder))
+    const std::optional<QList<int>> digits =
+        PhoneDigits::valuesOf(QStringView(typed).mid(literals.size()));
+    if (!digits || digits->size() != format.count(PhoneDigits::Placeholder))
         return {};
     QString result = format.isNull() ? u""_s : format;
     qsizetype next = 0;
     for (QChar &unit : result) {
-        if (unit == Placeholder)
+        if (unit == PhoneDigits::Placeholder)
             unit = QChar(char16_t(u'0' + digits->at(next++)));
     }
     return result;

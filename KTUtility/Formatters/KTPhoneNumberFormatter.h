@@ -6,7 +6,12 @@
 #include <QList>
 #include <QStringList>
 
+#include <memory>
 #include <optional>
+
+namespace KTPrivate {
+class PhonePatterns;
+}
 
 /// Shows phone numbers in the layout of a country; keeps them as they were typed.
 ///
@@ -23,6 +28,8 @@
 /// formatter.setFormatIndex(0);                                              // North America
 /// formatter.stringForObjectValue(u"415.555.1234"_s);          // "(415) 555-1234"
 /// formatter.stringForObjectValue(u"555-1234 ask for Ann"_s);  // as it is
+/// formatter.setFormatIndex(1);                                              // United Kingdom
+/// formatter.stringForObjectValue(u"01223456789"_s);           // "01223 456789"
 /// \endcode
 class KTUTILITY_EXPORT KTPhoneNumberFormatter : public NSFormatter
 {
@@ -61,6 +68,11 @@ protected:
     static QList<QStringList> patternSetsOfFile(const QString &path);
 
 private:
+    /// Nil if no pattern fits.
+    QString inFirstFittingPattern(const QString &text) const;
+
     const QList<QStringList> &_sets;
+    bool _isFramework = false; ///< whether the sets are those of the resource
     std::optional<QStringList> _formatStrings;
+    std::shared_ptr<const KTPrivate::PhonePatterns> _patterns;
 };

@@ -15,5 +15,7 @@ target_sources(KTUtility PRIVATE
     Formatters/KTPhoneNumberFormatter.cpp
     Formatters/KTTimeFormatter.cpp
     Formatters/NSNumberFormatter_KTCurrency.cpp
+    Formatters/PhoneDigits.cpp
+    Formatters/PhonePatterns.cpp
     Formatters/Today.cpp
 )

@@ -19,5 +19,7 @@ target_sources(KTUtilityTests PRIVATE
     Formatters/KTPhoneNumberFormatterModelTests.cpp
     Formatters/KTPhoneNumberFormatterTests.cpp
     Formatters/KTTimeFormatterTests.cpp
+    Formatters/PhoneDigitsTests.cpp
+    Formatters/PhonePatternsTests.cpp
     Formatters/TodayTests.cpp
 )
