@@ -58,6 +58,16 @@ void show(benchmark::State &state)
         benchmark::DoNotOptimize(formatter.stringForObjectValue(number));
 }
 
+/// A country with thousands of patterns.
+void showOfMany(benchmark::State &state)
+{
+    KTPhoneNumberFormatter formatter;
+    formatter.setFormatIndex(2);
+    const QVariant number = u"06221/123456"_s;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(formatter.stringForObjectValue(number));
+}
+
 /// A number that none of the patterns of a country fits.
 void showUnfit(benchmark::State &state)
 {
@@ -71,11 +81,13 @@ void showUnfit(benchmark::State &state)
 BENCHMARK(peerParseAndFormat)->Name("Phones/peer: libphonenumber, parse and format");
 BENCHMARK(peerAsYouType)->Name("Phones/peer: libphonenumber, as you type");
 BENCHMARK(show<0>)->Name("Phones/show, North America");
+BENCHMARK(showOfMany)->Name("Phones/show, Germany");
 BENCHMARK(showUnfit)->Name("Phones/show, fits no pattern");
 
 constexpr char Show[] = "Phones/show, North America";
 constexpr char Peer[] = "Phones/peer: libphonenumber, parse and format";
 const bool isRegistered = compareWith(Show, Peer, 1) &&
                           compareWith(Show, "Phones/peer: libphonenumber, as you type", 1) &&
+                          compareWith("Phones/show, Germany", Peer, 1) &&
                           compareWith("Phones/show, fits no pattern", Peer, 1);
 } // namespace

@@ -1,3 +1,4 @@
+#include <KTUtility/Formatters/PhoneDigits_p.h>
 #include <KTUtility/KTLogCapture>
 #include <KTUtility/KTLoggerComponents>
 #include <KTUtility/KTPhoneNumberFormatter>
@@ -9,9 +10,11 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 using namespace testing_support;
+using namespace KTPrivate;
 
 namespace {
 /// A formatter with sets of its own.
@@ -46,6 +49,15 @@ QList<QStringList> setsOf(const QJsonArray &array)
     for (const QJsonValue &set : array)
         sets.append(set.toVariant().toStringList());
     return sets;
+}
+
+/// A number with other punctuation, and without.
+QStringList waysToType(const QString &number)
+{
+    const QString digits = PhoneDigits::withoutSeparators(number);
+    const qsizetype half = digits.size() / 2;
+    return {number, digits, digits.left(half) + u" / "_s + digits.mid(half),
+            QString(number).replace(u' ', u'.')};
 }
 
 QVariant valueOf(const QJsonValue &value)
@@ -183,7 +195,7 @@ TEST(KTPhoneNumberFormatter, FailsWithoutItsResource)
 TEST(KTPhoneNumberFormatter, ResourcesAreSetsOfUsablePatterns)
 {
     const QList<QStringList> &sets = KTPhoneNumberFormatter::patternSets();
-    EXPECT_GE(sets.size(), 28);
+    EXPECT_GE(sets.size(), 60);
     for (const QStringList &set : sets) {
         EXPECT_FALSE(set.isEmpty());
         KTPhoneNumberFormatter formatter;
@@ -195,17 +207,63 @@ TEST(KTPhoneNumberFormatter, ResourcesAreSetsOfUsablePatterns)
     }
 }
 
+TEST(KTPhoneNumberFormatter, ResourcesHidePatternsOfNoKind)
+{
+    for (const QStringList &set : KTPhoneNumberFormatter::patternSets()) {
+        QSet<std::pair<QString, qsizetype>> shapes;
+        for (const QString &pattern : set) {
+            const QString literals = PhoneDigits::literalsOf(pattern);
+            const qsizetype before = shapes.size();
+            shapes.insert({literals, pattern.count(u'#')});
+            EXPECT_GT(shapes.size(), before) << qPrintable(pattern);
+        }
+    }
+}
+
 TEST(KTPhoneNumberFormatter, ResourcesShowNumbersOfTheirCountries)
 {
-    const std::tuple<int, const char16_t *, const char16_t *> numbers[] = {
-        {0, u"+12125550168", u"+1 (212) 555-0168"}, {1, u"02079460944", u"020 7946 0944"},
-        {2, u"+493023125104", u"+49 30 23125104"},  {3, u"0199001445", u"01 99 00 14 45"},
-        {4, u"0312345678", u"03-1234-5678"},        {10, u"0441234567", u"044 123 45 67"},
-        {14, u"+4532123456", u"+45 32 12 34 56"},   {25, u"89161234567", u"8 (916) 123-45-67"}};
-    KTPhoneNumberFormatter formatter;
-    for (const auto &[index, typed, expected] : numbers) {
-        formatter.setFormatIndex(index);
-        EXPECT_EQ(formatter.stringForObjectValue(QString::fromUtf16(typed)), expected);
+    QSet<QString> countries;
+    for (const QJsonObject &row : rowsOf(u"formatters/phones.jsonl"_s)) {
+        KTPhoneNumberFormatter formatter;
+        formatter.setFormatIndex(row[u"index"].toInt());
+        const QStringList numbers = row[u"numbers"].toVariant().toStringList();
+        EXPECT_GE(numbers.size(), 3) << qPrintable(row[u"country"].toString());
+        for (const QString &number : numbers) {
+            for (const QString &typed : waysToType(number))
+                EXPECT_EQ(formatter.stringForObjectValue(typed), number) << qPrintable(typed);
+        }
+        countries.insert(row[u"country"].toString().left(2));
+    }
+    EXPECT_GE(countries.size(), 60);
+    EXPECT_EQ(countries.size(), KTPhoneNumberFormatter::patternSets().size());
+}
+
+TEST(KTPhoneNumberFormatter, ResourcesLeaveAloneWhatNoPlanKnows)
+{
+    int checked = 0;
+    for (const QJsonObject &row : rowsOf(u"formatters/phones.jsonl"_s)) {
+        KTPhoneNumberFormatter formatter;
+        formatter.setFormatIndex(row[u"index"].toInt());
+        for (const QString &number : row[u"unknown"].toVariant().toStringList()) {
+            EXPECT_EQ(formatter.stringForObjectValue(number), number);
+            ++checked;
+        }
+    }
+    EXPECT_GE(checked, 25);
+}
+
+TEST(KTPhoneNumberFormatter, ShowsTheSameWhileItLogs)
+{
+    useFreshHome();
+    const QStringList patterns{u"0161 ### ####"_s, u"0#### ######"_s, u"(#) #"_s, u"##"_s, u""_s};
+    const std::unique_ptr<SetsFormatter> formatter(formatterWith(patterns));
+    for (const QString &typed : {u"01614960000"_s, u"01223456789"_s, u"12"_s, u" "_s, u"1"_s}) {
+        const QString quiet = formatter->stringForObjectValue(typed);
+        const KTLogCapture log(kLog_FormattersPhoneNumbers, 4);
+        const QString logged = formatter->stringForObjectValue(typed);
+        EXPECT_EQ(logged, quiet);
+        EXPECT_EQ(logged.isNull(), quiet.isNull());
+        EXPECT_GE(log.messages().size(), 2);
     }
 }
 

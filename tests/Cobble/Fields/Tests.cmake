@@ -3,4 +3,5 @@ target_sources(CobbleTests PRIVATE
     Cobble/Fields/FieldReaderTests.cpp
     Cobble/Fields/FieldTypeTests.cpp
     Cobble/Fields/FieldValueTests.cpp
+    Cobble/Fields/PhoneLayoutsTests.cpp
 )

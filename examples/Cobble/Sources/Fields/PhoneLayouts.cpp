@@ -3,27 +3,108 @@
 #include <QStringView>
 
 namespace {
-struct Layout
-{
-    QStringView country;
-    int index;
-};
-
-/// As in docs/phone-number-formats.md.
-constexpr Layout Layouts[] = {
-    {u"US", 0},  {u"CA", 0},  {u"GB", 1},  {u"DE", 2},  {u"FR", 3},  {u"JP", 4},  {u"AU", 5},
-    {u"ES", 6},  {u"IT", 7},  {u"NL", 8},  {u"BE", 9},  {u"CH", 10}, {u"LI", 10}, {u"AT", 11},
-    {u"SE", 12}, {u"NO", 13}, {u"DK", 14}, {u"FI", 15}, {u"IE", 16}, {u"PL", 17}, {u"PT", 18},
-    {u"CN", 19}, {u"KR", 20}, {u"IN", 21}, {u"BR", 22}, {u"MX", 23}, {u"NZ", 24}, {u"RU", 25},
-    {u"KZ", 25}, {u"IL", 26}, {u"ZA", 27},
+/// The countries of each index, as in docs/phone-number-formats.md.
+constexpr QStringView Countries[] = {
+    u"US CA PR DO JM TT BS BB",
+    u"GB GG JE IM",
+    u"DE",
+    u"FR",
+    u"JP",
+    u"AU CX CC",
+    u"ES",
+    u"IT VA",
+    u"NL",
+    u"BE",
+    u"CH",
+    u"AT",
+    u"SE",
+    u"NO SJ",
+    u"DK",
+    u"FI AX",
+    u"IE",
+    u"PL",
+    u"PT",
+    u"CN",
+    u"KR",
+    u"IN",
+    u"BR",
+    u"MX",
+    u"NZ",
+    u"RU KZ",
+    u"IL",
+    u"ZA",
+    u"LI",
+    u"CZ",
+    u"SK",
+    u"HU",
+    u"GR",
+    u"RO",
+    u"BG",
+    u"HR",
+    u"SI",
+    u"RS",
+    u"UA",
+    u"TR",
+    u"LT",
+    u"LV",
+    u"EE",
+    u"LU",
+    u"IS",
+    u"MT",
+    u"CY",
+    u"HK",
+    u"TW",
+    u"SG",
+    u"MY",
+    u"TH",
+    u"PH",
+    u"VN",
+    u"ID",
+    u"AE",
+    u"SA",
+    u"EG",
+    u"AR",
+    u"CL",
+    u"CO",
+    u"PE",
+    u"VE",
+    u"UY",
+    u"EC",
+    u"CR",
+    u"PA",
+    u"GT",
+    u"NG",
+    u"KE",
+    u"MA",
+    u"TN",
+    u"PK",
+    u"BD",
+    u"LK",
+    u"IR",
+    u"QA",
+    u"KW",
+    u"JO",
+    u"LB",
+    u"BH",
+    u"OM",
+    u"GE",
+    u"AM",
+    u"AZ",
+    u"BY",
+    u"MD",
+    u"BA",
+    u"MK",
+    u"AL",
 };
 } // namespace
 
 int PhoneLayouts::indexForCountry(const QString &countryCode)
 {
-    for (const Layout &layout : Layouts) {
-        if (layout.country == countryCode)
-            return layout.index;
+    int index = 0;
+    for (const QStringView codes : Countries) {
+        if (codes.split(u' ').contains(countryCode))
+            return index;
+        ++index;
     }
     return -1;
 }

@@ -1,0 +1,3 @@
+target_sources(PeerTests PRIVATE
+    Peers/KTPhoneNumberFormatterPeerTests.cpp
+)
