@@ -8,4 +8,6 @@ target_sources(KTUtility PRIVATE
     Platform/Text/NSStringEncoding.cpp
     Platform/Text/NSStringNormalization.cpp
     Platform/Text/NSStringTrim.cpp
+    Platform/Text/UTF8.cpp
+    Platform/Text/VisibleText.cpp
 )

@@ -26,7 +26,12 @@ public:
     UnitBuffer &operator=(const UnitBuffer &) = delete;
 
     QStringView view() const { return {_start, _end - _start}; }
+    qsizetype size() const { return _end - _start; }
+    /// What was allocated for longer texts, in units.
+    qsizetype capacity() const { return _limit - _start; }
     void clear() { _end = _start; }
+    /// Takes away what is behind a size.
+    void truncate(qsizetype size) { _end = _start + size; }
 
     void append(QStringView piece)
     {

@@ -9,4 +9,6 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Text/NSStringEncodingTests.cpp
     Platform/Text/NSStringNormalizationTests.cpp
     Platform/Text/NSStringTrimTests.cpp
+    Platform/Text/UTF8Tests.cpp
+    Platform/Text/VisibleTextTests.cpp
 )
