@@ -1,18 +1,18 @@
 #include "NSObject.h"
 
+#include "Description_p.h"
 #include "NSDecimalNumber.h"
 #include "NSStringValues.h"
+#include "ValueHash_p.h"
 #include "VariantKind_p.h"
 
 #include <QDateTime>
-#include <QHash>
 #include <QLocale>
-#include <QMetaMethod>
-#include <QMetaObject>
 #include <QObject>
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
@@ -33,11 +33,21 @@ bool isWhole(double value)
     return value == std::trunc(value) && std::abs(value) < 0x1p63;
 }
 
-/// Integers exactly, fractions by the shortest text that means the same double (0.1 is one tenth).
+NSDecimalNumber decimalOfUnsigned(quint64 value)
+{
+    return NSDecimalNumber::decimalNumberWithString(QString::number(value));
+}
+
+/// What may equal an integer exactly, other numbers by the shortest text that means the same double
+/// (0.1 is one tenth).
 NSDecimalNumber decimalOfDouble(double value)
 {
     if (isWhole(value))
         return NSDecimalNumber(qint64(value));
+    if (value >= 0x1p63 && value < 0x1p64)
+        return decimalOfUnsigned(quint64(value));
+    if (value == -0x1p63)
+        return NSDecimalNumber(std::numeric_limits<qint64>::min());
     return NSDecimalNumber::decimalNumberWithString(
         QString::number(value, 'g', QLocale::FloatingPointShortest));
 }
@@ -53,7 +63,7 @@ NSDecimalNumber decimalOf(const QVariant &value)
     case VariantKind::Double:
         return decimalOfDouble(value.toDouble());
     default:
-        return NSDecimalNumber::decimalNumberWithString(QString::number(value.toULongLong()));
+        return decimalOfUnsigned(value.toULongLong());
     }
 }
 
@@ -136,6 +146,13 @@ bool areMapsEqual(const QVariantMap &left, const QVariantMap &right)
     return left.keys() == right.keys() && areListsEqual(left.values(), right.values());
 }
 
+/// Values of one type. Coordinates are compared exactly, as the hash sees them.
+bool areOthersEqual(const QVariant &left, const QVariant &right)
+{
+    const auto coordinates = coordinatesOf(left);
+    return coordinates ? coordinates == coordinatesOf(right) : left == right;
+}
+
 bool areSameKindEqual(VariantKind kind, const QVariant &left, const QVariant &right)
 {
     switch (kind) {
@@ -150,152 +167,58 @@ bool areSameKindEqual(VariantKind kind, const QVariant &left, const QVariant &ri
     case VariantKind::Map:
         return areMapsEqual(left.toMap(), right.toMap());
     default:
-        return left.metaType() == right.metaType() && left == right;
+        return left.metaType() == right.metaType() && areOthersEqual(left, right);
     }
 }
 
-size_t hashOfNumber(const QVariant &value, VariantKind kind)
+std::weak_ordering compareLists(const QVariantList &left, const QVariantList &right)
 {
-    if (kind == VariantKind::Decimal)
-        return qHash(value.value<NSDecimalNumber>().doubleValue());
-    return qHash(value.toDouble());
+    for (qsizetype index = 0; index < std::min(left.size(), right.size()); ++index) {
+        const std::weak_ordering order = NSObject::compare(left.at(index), right.at(index));
+        if (order != 0)
+            return order;
+    }
+    return left.size() <=> right.size();
 }
 
-size_t hashOfList(const QVariantList &list)
+/// Maps by their keys in order, then by their values.
+std::weak_ordering compareMaps(const QVariantMap &left, const QVariantMap &right)
 {
-    size_t result = size_t(list.size());
-    for (const QVariant &element : list)
-        result = result * 31 + NSObject::hash(element);
-    return result;
+    const QStringList leftKeys = left.keys();
+    const QStringList rightKeys = right.keys();
+    const std::weak_ordering order = leftKeys < rightKeys   ? std::weak_ordering::less
+                                     : rightKeys < leftKeys ? std::weak_ordering::greater
+                                                            : std::weak_ordering::equivalent;
+    return order != 0 ? order : compareLists(left.values(), right.values());
 }
 
-// --- Descriptions ---------------------------------------------------------------------------
-
-QString describeDate(const QDateTime &date)
+/// Values of one type, as the type itself orders them; equivalent if it does not.
+std::weak_ordering compareOthers(const QVariant &left, const QVariant &right)
 {
-    const int minutes = date.offsetFromUtc() / 60;
-    return date.toString(u"yyyy-MM-dd HH:mm:ss "_s) +
-           u"%1%2%3"_s.arg(QChar(minutes < 0 ? u'-' : u'+'))
-               .arg(std::abs(minutes) / 60, 2, 10, QLatin1Char('0'))
-               .arg(std::abs(minutes) % 60, 2, 10, QLatin1Char('0'));
+    const QPartialOrdering order = QVariant::compare(left, right);
+    return order == QPartialOrdering::Less      ? std::weak_ordering::less
+           : order == QPartialOrdering::Greater ? std::weak_ordering::greater
+                                                : std::weak_ordering::equivalent;
 }
 
-QString describeData(const QByteArray &data)
-{
-    return u'<' + QString::fromLatin1(data.toHex()) + u'>';
-}
-
-QString describeObject(QObject *object)
-{
-    QString text;
-    const QMetaObject *metaObject = object->metaObject();
-    if (metaObject->indexOfMethod("description()") >= 0 &&
-        QMetaObject::invokeMethod(object, "description", Qt::DirectConnection,
-                                  Q_RETURN_ARG(QString, text)))
-        return text;
-    return u'<' + QString::fromLatin1(metaObject->className()) + u": 0x"_s +
-           QString::number(quintptr(object), 16) + u'>';
-}
-
-bool needsQuotes(const QString &text)
-{
-    return text.isEmpty() || !std::all_of(text.begin(), text.end(), [](QChar unit) {
-               return unit.unicode() < 0x80 &&
-                      (unit.isLetterOrNumber() || unit == u'_' || unit == u'.');
-           });
-}
-
-constexpr int DeepestDescription = 64;
-
-QString describeAtDepth(const QVariant &value, int depth);
-
-QString describeElement(const QVariant &value, int depth)
-{
-    QString text = describeAtDepth(value, depth);
-    if (kindOf(value) != VariantKind::Text || !needsQuotes(text))
-        return text;
-    return u'"' + text.replace(u'\\', QLatin1String("\\\\")).replace(u'"', QLatin1String("\\\"")) +
-           u'"';
-}
-
-QString describeList(const QVariantList &list, int depth)
-{
-    const QString indent(qsizetype(depth + 1) * 4, u' ');
-    QStringList lines;
-    for (const QVariant &element : list)
-        lines += indent + describeElement(element, depth + 1);
-    return u"(\n"_s + lines.join(u",\n"_s) + (lines.isEmpty() ? QString() : u"\n"_s) +
-           QString(qsizetype(depth) * 4, u' ') + u')';
-}
-
-QString describeMap(const QVariantMap &map, int depth)
-{
-    const QString indent(qsizetype(depth + 1) * 4, u' ');
-    QString text = u"{\n"_s;
-    for (auto entry = map.begin(); entry != map.end(); ++entry)
-        text += indent + describeElement(entry.key(), depth + 1) + u" = "_s +
-                describeElement(entry.value(), depth + 1) + u";\n"_s;
-    return text + QString(qsizetype(depth) * 4, u' ') + u'}';
-}
-
-QString describeNumber(const QVariant &value, VariantKind kind)
+/// Values of one kind that are neither nil nor numbers.
+std::weak_ordering compareSameKind(VariantKind kind, const QVariant &left, const QVariant &right)
 {
     switch (kind) {
-    case VariantKind::Decimal:
-        return value.value<NSDecimalNumber>().description();
-    case VariantKind::Double:
-        return QString::number(value.toDouble(), 'g', QLocale::FloatingPointShortest);
-    case VariantKind::Unsigned:
-        return QString::number(value.toULongLong());
-    default:
-        return QString::number(value.toLongLong());
-    }
-}
-
-/// The characters that Qt makes no texts of; nil for other values.
-QString textOfCharacter(const QVariant &value)
-{
-    if (value.typeId() == QMetaType::Char16)
-        return QChar(value.value<char16_t>());
-    if (value.typeId() != QMetaType::Char32)
-        return {};
-    const auto character = value.value<char32_t>();
-    return QString::fromUcs4(&character, 1);
-}
-
-QString describeOther(const QVariant &value)
-{
-    QString text = textOfCharacter(value);
-    if (value.canConvert<QString>())
-        text = value.toString();
-    return text.isEmpty() ? u'<' + QString::fromLatin1(value.typeName()) + u'>' : text;
-}
-
-QString describeAtDepth(const QVariant &value, int depth)
-{
-    if (NSObject::isNil(value))
-        return u"(null)"_s;
-    if (isNSNull(value))
-        return u"<null>"_s;
-    if (depth > DeepestDescription)
-        return u"..."_s;
-    switch (const VariantKind kind = kindOf(value)) {
     case VariantKind::Text:
-        return textOf(value);
+        return QString::compare(textOf(left), textOf(right)) <=> 0;
     case VariantKind::Date:
-        return describeDate(value.toDateTime());
-    case VariantKind::Data:
-        return describeData(value.toByteArray());
+        return left.toDateTime().toMSecsSinceEpoch() <=> right.toDateTime().toMSecsSinceEpoch();
     case VariantKind::List:
-        return describeList(value.toList(), depth);
+        return compareLists(left.toList(), right.toList());
     case VariantKind::Map:
-        return describeMap(value.toMap(), depth);
-    case VariantKind::Object:
-        return describeObject(objectOf(value));
+        return compareMaps(left.toMap(), right.toMap());
     default:
-        return isNumeric(kind) ? describeNumber(value, kind) : describeOther(value);
+        return left.metaType() == right.metaType() ? compareOthers(left, right)
+                                                   : left.typeId() <=> right.typeId();
     }
 }
+
 } // namespace
 
 bool NSObject::isNil(const QVariant &value)
@@ -370,29 +293,6 @@ bool NSObject::boolValue(const QVariant &value)
     return isNumber(value) && !isEqual(value, QVariant(0));
 }
 
-size_t NSObject::hash(const QVariant &value)
-{
-    const VariantKind kind = kindOf(value);
-    if (isNumeric(kind))
-        return hashOfNumber(value, kind);
-    switch (kind) {
-    case VariantKind::Text:
-        return textOf(value).isNull() ? 0 : qHash(textOf(value));
-    case VariantKind::Date:
-        return qHash(value.toDateTime());
-    case VariantKind::Data:
-        return qHash(value.toByteArray());
-    case VariantKind::List:
-        return hashOfList(value.toList());
-    case VariantKind::Map:
-        return hashOfList(value.toMap().values());
-    case VariantKind::Object:
-        return qHash(objectOf(value));
-    default:
-        return 0;
-    }
-}
-
 std::weak_ordering NSObject::compare(const QVariant &left, const QVariant &right)
 {
     if (isNil(left) || isNil(right))
@@ -401,23 +301,22 @@ std::weak_ordering NSObject::compare(const QVariant &left, const QVariant &right
     const VariantKind rightKind = kindOf(right);
     if (isNumeric(leftKind) && isNumeric(rightKind))
         return compareNumbers(left, leftKind, right, rightKind);
-    if (leftKind != rightKind)
-        return leftKind <=> rightKind;
-    if (leftKind == VariantKind::Text)
-        return QString::compare(textOf(left), textOf(right)) <=> 0;
-    if (leftKind == VariantKind::Date)
-        return left.toDateTime().toMSecsSinceEpoch() <=> right.toDateTime().toMSecsSinceEpoch();
-    if (left.metaType() != right.metaType())
-        return left.typeId() <=> right.typeId();
-    const QPartialOrdering order = QVariant::compare(left, right);
-    return order == QPartialOrdering::Less      ? std::weak_ordering::less
-           : order == QPartialOrdering::Greater ? std::weak_ordering::greater
-                                                : std::weak_ordering::equivalent;
+    return leftKind == rightKind ? compareSameKind(leftKind, left, right) : leftKind <=> rightKind;
+}
+
+size_t NSObject::hash(const QVariant &value)
+{
+    return hashOf(value);
+}
+
+void NSObject::registerHash(QMetaType type, size_t (*hash)(const void *value))
+{
+    setHasher(type, hash);
 }
 
 QString NSObject::description(const QVariant &value)
 {
-    return describeAtDepth(value, 0);
+    return describe(value);
 }
 
 QVariant NSNull()

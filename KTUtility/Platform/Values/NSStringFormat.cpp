@@ -1,12 +1,15 @@
 #include "NSStringFormat.h"
 
 #include "NSDecimalNumber.h"
+#include "NumberText_p.h"
 #include "VariantKind_p.h"
 #include <KTUtility/Platform/Text/UnitBuffer_p.h>
+#include <KTUtility/Platform/Text/VisibleText_p.h>
 
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <clocale>
 #include <cstdio>
 
 using namespace KTPrivate;
@@ -21,6 +24,15 @@ NSFormatArgument::NSFormatArgument(const char *utf8) noexcept
 NSFormatArgument::NSFormatArgument(std::string_view utf8) noexcept : _kind(Kind::Utf8), _utf8(utf8)
 {
 }
+
+NSFormatArgument::NSFormatArgument(const char8_t *utf8) noexcept
+    : NSFormatArgument(reinterpret_cast<const char *>(utf8))
+{
+}
+
+NSFormatArgument::NSFormatArgument(const wchar_t *text) : NSFormatArgument(variantOf(text)) {}
+
+NSFormatArgument::NSFormatArgument(const char32_t *text) : NSFormatArgument(variantOf(text)) {}
 
 NSFormatArgument::NSFormatArgument(const QByteArray &data) : _kind(Kind::Object), _object(data) {}
 
@@ -47,6 +59,7 @@ NSFormatArgument::NSFormatArgument(const QVariant &value) : _kind(Kind::Object),
         break;
     case VariantKind::Double:
         _kind = Kind::Double;
+        _bytes = value.typeId() == QMetaType::Float ? 4 : 8;
         _bits = std::bit_cast<quint64>(value.toDouble());
         break;
     case VariantKind::Text:
@@ -98,7 +111,8 @@ QString describe(const NSFormatArgument &argument)
     case ArgumentKind::Unsigned:
         return describeInteger(argument);
     case ArgumentKind::Double:
-        return NSObject::description(argument.doubleValue());
+        return textOfDouble(argument.doubleValue(),
+                            argument.bytes() == 4 ? FloatDigits : DoubleDigits);
     case ArgumentKind::Character: {
         const char32_t character = char32_t(argument.unsignedValue());
         return QString::fromUcs4(&character, 1);
@@ -155,11 +169,19 @@ QString printNative(const QByteArray &pattern, Value value)
 }
 #pragma GCC diagnostic pop
 
+/// At most so many units of a text, and no half of a pair.
+QString firstUnits(const QString &text, qsizetype count)
+{
+    const bool cutsPair = count > 0 && count < text.size() && text.at(count).isLowSurrogate() &&
+                          text.at(count - 1).isHighSurrogate();
+    return text.left(cutsPair ? count - 1 : count);
+}
+
 QString pad(const QString &text, const Conversion &conversion)
 {
     if (conversion.width == 0 && conversion.precision < 0)
         return text;
-    QString shown = conversion.precision >= 0 ? text.left(conversion.precision) : text;
+    const QString shown = conversion.precision >= 0 ? firstUnits(text, conversion.precision) : text;
     return conversion.leftAligned ? shown.leftJustified(conversion.width)
                                   : shown.rightJustified(conversion.width);
 }
@@ -188,6 +210,13 @@ bool isDecimal(const NSFormatArgument &argument)
 {
     return argument.kind() == ArgumentKind::Object &&
            kindOf(argument.object()) == VariantKind::Decimal;
+}
+
+/// Data, which is a text for "%s".
+bool isData(const NSFormatArgument &argument)
+{
+    return argument.kind() == ArgumentKind::Object &&
+           kindOf(argument.object()) == VariantKind::Data;
 }
 
 /// Whether a conversion is "%d", without anything that printf would be needed for.
@@ -228,15 +257,38 @@ double realValue(const NSFormatArgument &argument)
     }
 }
 
+/// While it lives, printf of this thread writes numbers with a point, whatever the locale of the
+/// process is.
+class PointLocale
+{
+public:
+    PointLocale() : _before(::uselocale(pointLocale())) {}
+    ~PointLocale() { ::uselocale(_before); }
+    PointLocale(const PointLocale &) = delete;
+    PointLocale &operator=(const PointLocale &) = delete;
+
+private:
+    static locale_t pointLocale()
+    {
+        static const locale_t locale = ::newlocale(LC_ALL_MASK, "C", locale_t(0));
+        return locale;
+    }
+
+    locale_t _before;
+};
+
 QString printReal(const NSFormatArgument &argument, const Conversion &conversion)
 {
+    const PointLocale guard;
     return printNative(nativeConversion(conversion) + char(conversion.letter), realValue(argument));
 }
 
 QString printCharacter(const NSFormatArgument &argument, const Conversion &conversion)
 {
     const char32_t character = char32_t(argument.unsignedValue());
-    return pad(character < 0x110000 ? QString::fromUcs4(&character, 1) : QString(), conversion);
+    Conversion whole = conversion;
+    whole.precision = -1; // which means nothing for characters
+    return pad(character < 0x110000 ? QString::fromUcs4(&character, 1) : QString(), whole);
 }
 
 enum class ConversionFamily { Integer, Real, Character, Text, None };
@@ -303,6 +355,10 @@ QString print(const NSFormatArgument &argument, const Conversion &conversion)
         if (isInteger(argument))
             return printCharacter(argument, conversion);
         break;
+    case ConversionFamily::Text:
+        if (conversion.letter == u's' && isData(argument))
+            return pad(QString::fromUtf8(argument.object().toByteArray()), conversion);
+        break;
     default:
         break;
     }
@@ -313,8 +369,9 @@ QString print(const NSFormatArgument &argument, const Conversion &conversion)
 class FormatReader
 {
 public:
-    FormatReader(UnitBuffer &text, QStringView format, std::span<const NSFormatArgument> arguments)
-        : _text(text), _format(format), _arguments(arguments)
+    FormatReader(UnitBuffer &text, QStringView format, std::span<const NSFormatArgument> arguments,
+                 ArgumentText argumentText)
+        : _text(text), _format(format), _arguments(arguments), _argumentText(argumentText)
     {
     }
 
@@ -459,6 +516,18 @@ private:
 
     void append(const NSFormatArgument *argument, const Conversion &conversion)
     {
+        const qsizetype start = _text.size();
+        appendAsItIs(argument, conversion);
+        const QStringView added = _text.view().sliced(start);
+        if (_argumentText == ArgumentText::AsItIs || !holdsControls(added))
+            return;
+        const QString visible = visibleText(added);
+        _text.truncate(start);
+        _text.append(visible);
+    }
+
+    void appendAsItIs(const NSFormatArgument *argument, const Conversion &conversion)
+    {
         const bool isBare = conversion.width == 0 && conversion.precision < 0;
         if (argument && isBare && argument->kind() == ArgumentKind::Text)
             _text.append(argument->text());
@@ -493,6 +562,10 @@ private:
         readFlags(conversion);
         readWidthAndPrecision(conversion);
         readLength(conversion);
+        if (accept(u'%')) {
+            _text.append(u'%');
+            return;
+        }
         readLetter(conversion);
         if (familyOf(conversion.letter) == ConversionFamily::None) {
             _position = start + 1;
@@ -506,15 +579,17 @@ private:
     UnitBuffer &_text;
     QStringView _format;
     std::span<const NSFormatArgument> _arguments;
+    ArgumentText _argumentText;
     qsizetype _position = 0;
     size_t _next = 0;
 };
 } // namespace
 
 void NSString::appendFormatArguments(UnitBuffer &text, QStringView format,
-                                     std::span<const NSFormatArgument> arguments)
+                                     std::span<const NSFormatArgument> arguments,
+                                     ArgumentText argumentText)
 {
-    FormatReader(text, format, arguments).run();
+    FormatReader(text, format, arguments, argumentText).run();
 }
 
 QString NSString::stringWithFormatArguments(QStringView format,

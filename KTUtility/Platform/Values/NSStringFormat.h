@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Describable.h"
 #include "NSObject.h"
 #include <KTUtility/KTUtilityExport.h>
 
@@ -20,16 +21,21 @@ class UnitBuffer;
 template<typename T>
 concept Enumeration = std::is_enum_v<T>;
 
-/// What becomes a text by conversion: a concatenation, a QLatin1String.
+/// What no other constructor of an argument takes: containers, optional values, texts of other
+/// libraries, everything that a QVariant holds.
 template<typename T>
-concept ConvertedToText =
-    std::is_class_v<T> && std::convertible_to<T, QString> && !std::convertible_to<T, QStringView>;
+concept OtherClass =
+    std::is_class_v<T> && !std::same_as<T, QVariant> && !std::convertible_to<T, QStringView> &&
+    !std::convertible_to<T, const QObject *>;
 
-/// What a QVariant holds and no other constructor takes.
+/// An array that is no text.
 template<typename T>
-concept HeldByVariant = std::is_class_v<T> && !std::convertible_to<T, QString> &&
-                        !std::convertible_to<T, QStringView> && !std::same_as<T, QVariant> &&
-                        !std::convertible_to<T, const QObject *>;
+concept OtherArray = std::is_bounded_array_v<T> && shapeOf<T>()
+== Shape::Range;
+
+/// Whether a text from an argument stays as it is, or shows line breaks and control characters as
+/// escapes, so that none can look like a line of its own in a log.
+enum class ArgumentText { AsItIs, Visible };
 } // namespace KTPrivate
 
 /// One argument of a format string, with its type kept: the reason why a wrong conversion can
@@ -77,7 +83,9 @@ public:
     /// A floating-point number.
     template<std::floating_point T>
     NSFormatArgument(T value) noexcept
-        : _kind(Kind::Double), _bits(std::bit_cast<quint64>(double(value)))
+        : _kind(Kind::Double)
+        , _bytes(std::same_as<T, float> ? 4 : 8)
+        , _bits(std::bit_cast<quint64>(double(value)))
     {
     }
     /// The number of an enumerator.
@@ -97,6 +105,10 @@ public:
     NSFormatArgument(const char *utf8) noexcept;
     NSFormatArgument(std::string_view utf8) noexcept;
     NSFormatArgument(const std::string &utf8) noexcept : NSFormatArgument(std::string_view(utf8)) {}
+    /// UTF-8, and the wide texts of C.
+    NSFormatArgument(const char8_t *utf8) noexcept;
+    NSFormatArgument(const wchar_t *text);
+    NSFormatArgument(const char32_t *text);
     /// Data, which prints as its description.
     NSFormatArgument(const QByteArray &data);
 
@@ -106,14 +118,16 @@ public:
     NSFormatArgument(const void *pointer) noexcept;
     /// A value, which prints as its description.
     NSFormatArgument(const QVariant &value);
-    /// What becomes a text by conversion is one.
-    template<KTPrivate::ConvertedToText T>
-    NSFormatArgument(const T &value) : NSFormatArgument(QVariant(QString(value)))
+    /// Any other value that can be described prints as its description: containers, views, optional
+    /// values and smart pointers as what they hold, paths and texts of other libraries as texts,
+    /// durations with their unit. What nothing could be said of does not compile.
+    template<KTPrivate::OtherClass T>
+    NSFormatArgument(const T &value) : NSFormatArgument(describable(value))
     {
     }
-    /// Any other value that a QVariant can hold prints as its description.
-    template<KTPrivate::HeldByVariant T>
-    NSFormatArgument(const T &value) : NSFormatArgument(QVariant::fromValue(value))
+    /// An array, which prints as what it holds.
+    template<KTPrivate::OtherArray T>
+    NSFormatArgument(const T &values) : NSFormatArgument(describable(values))
     {
     }
 
@@ -137,6 +151,15 @@ public:
     const QVariant &object() const noexcept { return *_object; }
 
 private:
+    template<typename T>
+    static QVariant describable(const T &value)
+    {
+        static_assert(KTPrivate::Describable<T>,
+                      "a format cannot print this type: pass a text, or give it description()");
+        if constexpr (KTPrivate::Describable<T>)
+            return KTPrivate::variantOf(value);
+    }
+
     void setInteger(Kind kind, quint64 bits, qsizetype bytes);
 
     Kind _kind;
@@ -155,8 +178,10 @@ KTUTILITY_EXPORT QString stringWithFormatArguments(QStringView format,
                                                    std::span<const NSFormatArgument> arguments);
 
 /// Appends that text to a buffer that is used again. For use within the framework.
-KTUTILITY_EXPORT void appendFormatArguments(KTPrivate::UnitBuffer &text, QStringView format,
-                                            std::span<const NSFormatArgument> arguments);
+KTUTILITY_EXPORT void
+appendFormatArguments(KTPrivate::UnitBuffer &text, QStringView format,
+                      std::span<const NSFormatArgument> arguments,
+                      KTPrivate::ArgumentText argumentText = KTPrivate::ArgumentText::AsItIs);
 
 /// The text made from an object-format string and its arguments.
 ///
@@ -167,7 +192,8 @@ KTUTILITY_EXPORT void appendFormatArguments(KTPrivate::UnitBuffer &text, QString
 ///
 /// A conversion without an argument prints "(null)" for `%@`, `%s`, `%S` and `%p`, 0 for numbers
 /// and nothing for characters; it reads nothing. An argument that does not fit its conversion
-/// prints as `%@` prints it. What is no conversion is copied as it stands.
+/// prints as `%@` prints it; `%s` prints data as text in UTF-8. What is no conversion is copied as
+/// it stands. An argument that cannot be described at all does not compile.
 ///
 /// \code
 /// NSString::stringWithFormat(u"%@ has %d fields", libraryName, 12); // "Contacts has 12 fields"

@@ -1,5 +1,7 @@
 target_sources(KTUtility PRIVATE
     Platform/Values/DecimalArithmetic.cpp
+    Platform/Values/Describable.cpp
+    Platform/Values/Description.cpp
     Platform/Values/NSAttributedString.cpp
     Platform/Values/NSDecimalNumber.cpp
     Platform/Values/NSDecimalNumberOperations.cpp
@@ -10,5 +12,7 @@ target_sources(KTUtility PRIVATE
     Platform/Values/NSScanner.cpp
     Platform/Values/NSStringFormat.cpp
     Platform/Values/NSStringValues.cpp
+    Platform/Values/NumberText.cpp
+    Platform/Values/ValueHash.cpp
     Platform/Values/VariantKind.cpp
 )

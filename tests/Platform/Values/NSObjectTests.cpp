@@ -25,7 +25,7 @@ QList<QVariantList> ascendingValues()
     return {
         {QVariant(), QVariant(QString())},
         {-std::numeric_limits<double>::infinity()},
-        {std::numeric_limits<qlonglong>::min(), -0x1p63},
+        {std::numeric_limits<qlonglong>::min(), -0x1p63, decimal(u"-9223372036854775808")},
         {-1.5, decimal(u"-1.50")},
         {-1, -1.0, decimal(u"-1"), qlonglong(-1)},
         {0, false, 0.0, -0.0, decimal(u"0"), 0u},
@@ -34,13 +34,22 @@ QList<QVariantList> ascendingValues()
         {qlonglong(1) << 53, double(qlonglong(1) << 53)},
         {(qlonglong(1) << 53) + 1},
         {std::numeric_limits<qlonglong>::max()},
-        {0x1p63, quint64(1) << 63},
+        {0x1p63, quint64(1) << 63, decimal(u"9223372036854775808")},
+        {0x1.8p63, (quint64(1) << 63) + (quint64(1) << 62), decimal(u"13835058055282163712")},
         {std::numeric_limits<quint64>::max()},
         {std::numeric_limits<double>::infinity()},
         {u""_s},
         {u"1"_s},
         {u"a"_s},
         {u"é"_s},
+        {QVariantList()},
+        {QVariantList{u"a"_s}, QStringList{u"a"_s}},
+        {QVariantList{u"a"_s, 1}, QVariantList{u"a"_s, 1.0}},
+        {QStringList{u"a"_s, u"b"_s}},
+        {QVariantList{u"b"_s}},
+        {QVariantMap{{u"a"_s, 1}}, QVariantHash{{u"a"_s, 1}}},
+        {QVariantMap{{u"a"_s, 2}}},
+        {QVariantHash{{u"b"_s, 1}}},
     };
 }
 } // namespace

@@ -79,9 +79,3 @@ TEST(NSObjectValues, OtherTypesCompareWithTheirLike)
     EXPECT_EQ(NSObject::compare(QTime(2, 0), QTime(1, 0)), std::weak_ordering::greater);
     EXPECT_EQ(NSObject::compare(QTime(1, 0), QTime(1, 0)), std::weak_ordering::equivalent);
 }
-
-TEST(NSObjectValues, OtherTypesAreDescribedByTheirTextOrType)
-{
-    EXPECT_EQ(NSObject::description(QUrl(u"http://example.org"_s)), u"http://example.org");
-    EXPECT_EQ(NSObject::description(QSize(1, 2)), u"<QSize>");
-}

@@ -5,6 +5,7 @@
 #include "support/TestSupport.h"
 
 #include <climits>
+#include <clocale>
 
 using namespace Qt::StringLiterals;
 
@@ -62,6 +63,35 @@ TEST(NSStringFormat, WritesTextsAndCharacters)
     EXPECT_EQ(format(u"%@", std::string("utf8 é")), "utf8 é");
     const QString name = u"name"_s;
     EXPECT_EQ(format(u"%@", name + u'.' + name), "name.name");
+}
+
+TEST(NSStringFormat, PrecisionCutsNoPair)
+{
+    EXPECT_EQ(format(u"[%.1@|%.2@|%.3@]", u"😀", u"😀", u"a😀"), "[|😀|a😀]");
+    EXPECT_EQ(format(u"[%.2@]", u"a😀"), "[a]");
+}
+
+TEST(NSStringFormat, CharactersHaveNoPrecision)
+{
+    EXPECT_EQ(format(u"%.0c%.c%3.0c", 'x', 'y', 'z'), "xy  z");
+}
+
+TEST(NSStringFormat, PercentSignsTakeNoArgument)
+{
+    EXPECT_EQ(format(u"%% %5% %-3.2% %d", 7), "% % % 7");
+}
+
+TEST(NSStringFormat, NumbersDoNotFollowTheLocaleOfTheProcess)
+{
+    // Whatever the system has of these; the test is of use where it has one.
+    const char *const before = ::setlocale(LC_ALL, nullptr);
+    const std::string saved = before ? before : "C";
+    for (const char *name : {"C", "de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "ar_EG.UTF-8"}) {
+        ::setlocale(LC_ALL, name);
+        EXPECT_EQ(format(u"%@ %f %g %.2e", 1.5, 1.5, 2.5, 0.5), "1.5 1.500000 2.5 5.00e-01")
+            << name;
+    }
+    ::setlocale(LC_ALL, saved.c_str());
 }
 
 TEST(NSStringFormat, NilPrintsAsNull)

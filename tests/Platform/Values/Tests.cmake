@@ -1,5 +1,7 @@
 target_sources(KTUtilityTests PRIVATE
     Platform/Values/DecimalArithmeticTests.cpp
+    Platform/Values/DescribableTests.cpp
+    Platform/Values/DescriptionTests.cpp
     Platform/Values/NSAttributedStringTests.cpp
     Platform/Values/NSDecimalNumberTableTests.cpp
     Platform/Values/NSDecimalNumberTests.cpp
@@ -13,6 +15,8 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Values/NSStringFormatTests.cpp
     Platform/Values/NSStringValuesTableTests.cpp
     Platform/Values/NSStringValuesTests.cpp
+    Platform/Values/NumberTextTests.cpp
+    Platform/Values/ValueHashTests.cpp
     Platform/Values/VariantKindTests.cpp
     Platform/Values/WallClockTests.cpp
 )

@@ -81,8 +81,7 @@ QList<Row> otherValues()
         {"QChar", QChar(u'A'), Kind::Other, "A", "A", "A", ""},
         {"char16_t", QVariant::fromValue(u'A'), Kind::Other, "A", "A", "A", ""},
         {"char32_t", QVariant::fromValue(U'A'), Kind::Other, "A", "A", "A", ""},
-        {"enumeration", QVariant::fromValue(TestColour::Green), Kind::Other, "<TestColour>",
-         "<TestColour>", "<", ""},
+        {"enumeration", QVariant::fromValue(TestColour::Green), Kind::Other, "7", "7", "7", ""},
     };
 }
 
