@@ -1,6 +1,8 @@
 #include "NSLog.h"
 
 #include <KTUtility/Platform/Files/NSFileHandle.h>
+#include <KTUtility/Platform/Text/UTF8_p.h>
+#include <KTUtility/Platform/Text/UnitBuffer_p.h>
 #include <KTUtility/Platform/Values/WallClock_p.h>
 
 #include <QDateTime>
@@ -8,6 +10,7 @@
 #include <cerrno>
 #include <unistd.h>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -23,5 +26,12 @@ QString linePrefix()
 void NSLogText(QStringView text)
 {
     const QString line = linePrefix() + text + u'\n';
-    NSFileHandle(STDERR_FILENO, NSFileHandle::Ownership::Borrowed).writeData(line.toUtf8());
+    NSFileHandle(STDERR_FILENO, NSFileHandle::Ownership::Borrowed).writeData(utf8Of(line));
+}
+
+void NSLogArguments(QStringView format, std::span<const NSFormatArgument> arguments)
+{
+    UnitBuffer text;
+    NSString::appendFormatArguments(text, format, arguments, ArgumentText::Visible);
+    NSLogText(text.view());
 }
