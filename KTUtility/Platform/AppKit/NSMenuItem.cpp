@@ -1,10 +1,12 @@
 #include "NSMenuItem.h"
 
+#include <KTUtility/Platform/Diagnostics/NSLog.h>
 #include <KTUtility/Platform/Keys/Invoker.h>
 
 #include <QPointer>
 
 #include <algorithm>
+#include <exception>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
@@ -47,6 +49,18 @@ void letBeAsked(const QMenu *menu)
     }
 }
 
+/// Sends an action. What it raises ends here, as in the event loop of the platform: Qt's is left by
+/// no exception.
+void perform(Invoker &action, QAction *item)
+{
+    const QString name = NSMenuItem::action(item).text();
+    try {
+        action.perform(KeyValueTarget::of(NSMenuItem::target(item)));
+    } catch (const std::exception &failure) {
+        NSLog(u"*** exception in the action %@: %s", name, failure.what());
+    }
+}
+
 /// Sends the item's action unless its target does not want it now. Qt has toggled the check mark of
 /// a checkable item by now; whose mark stands is for the target to say, so it is asked again.
 void send(QAction *item)
@@ -58,7 +72,7 @@ void send(QAction *item)
         item->setEnabled(true);
         return;
     }
-    action.perform(KeyValueTarget::of(NSMenuItem::target(item)));
+    perform(action, item);
     if (!guard)
         return;
     validate(item);

@@ -14,7 +14,8 @@
 /// argument. Before a menu is shown, and before an item is chosen by its shortcut or by code, the
 /// target is asked `validateMenuItem(QAction *)`, if it answers that: it may set the check mark,
 /// and its answer enables the item in the menu; chosen by its shortcut,
-/// an item that the target does not want does nothing.
+/// an item that the target does not want does nothing. An exception that an action raises is written
+/// to the console and goes no further.
 ///
 /// \code
 /// QMenu menu;

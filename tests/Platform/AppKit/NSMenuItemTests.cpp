@@ -1,3 +1,4 @@
+#include <KTUtility/NSException>
 #include <KTUtility/NSMenuItem>
 
 #include "support/TestSupport.h"
@@ -16,6 +17,7 @@ public:
     Q_INVOKABLE void choose(QAction *sender) { chosen += NSMenuItem::tag(sender); }
     Q_INVOKABLE bool validateMenuItem(QAction *item) { return NSMenuItem::tag(item) != 13; }
     Q_INVOKABLE void removeItem(QAction *sender) { delete sender; }
+    Q_INVOKABLE void fail(QAction *) { NSException::raise(u"Broken"_s, u"by hand"_s); }
 
     QList<int> chosen;
 };
@@ -62,6 +64,19 @@ TEST(NSMenuItem, TargetsMayDieAndItemsMayBeRemovedByTheirAction)
     orphan->trigger();
     Q_EMIT menu.aboutToShow();
     EXPECT_EQ(NSMenuItem::target(orphan), nullptr);
+}
+
+TEST(NSMenuItem, AnExceptionOfAnActionIsLoggedAndGoesNoFurther)
+{
+    testing_support::needApplication();
+    QMenu menu;
+    Target target;
+    QAction *item = NSMenuItem::addItem(&menu, u"Fail"_s, "fail:", &target);
+    const QString log = testing_support::standardErrorOf([item] { item->trigger(); });
+    EXPECT_TRUE(log.endsWith(u"*** exception in the action fail:: Broken: by hand\n"))
+        << log.toStdString();
+    EXPECT_TRUE(item->isEnabled());
+    EXPECT_NO_THROW(item->trigger());
 }
 
 TEST(NSMenuItem, TitlesKeepTheirAmpersands)
