@@ -17,21 +17,6 @@ using namespace KTPrivate;
 namespace {
 constexpr int LockMilliseconds = 2000;
 
-constexpr int MostDamagedFiles = 100;
-
-/// Keeps a file that is there and cannot be read as a dictionary from being overwritten: as
-/// "<path>.damaged", or with a number behind it if such a file was kept before.
-bool moveDamagedFileAside(const QString &path)
-{
-    // QFile::rename() never replaces a file.
-    for (int number = 1; number <= MostDamagedFiles; ++number) {
-        const QString suffix = number == 1 ? QString() : QString(u'.' + QString::number(number));
-        if (QFile::rename(path, QString(path + u".damaged" + suffix)))
-            return true;
-    }
-    return false;
-}
-
 bool updateLocked(const QString &file, const std::function<void(QVariantMap &)> &change)
 {
     using Result = DictionaryReading::Result;

@@ -45,13 +45,39 @@ QString sharedTemporaryFolder()
     return path.isEmpty() || path == u"/" ? u"/tmp"_s : path;
 }
 
-/// A new folder of the user's own in one that others may write; nobody can guess its name. Where
-/// none can be made, a path at which nobody can make anything.
-QString newPrivateFolder(const QString &parent)
+/// The folder of this user, the same for all of his processes, in one that others may write; nil if
+/// somebody else has something at its place.
+QString folderOfUser(const QString &parent)
 {
-    QByteArray path = QFile::encodeName(parent) + "/Cobble-XXXXXX";
-    return ::mkdtemp(path.data()) ? QFile::decodeName(path) : u"/dev/null/Cobble"_s;
+    const QString path = parent + u"/Cobble-"_s + QString::number(::geteuid());
+    ::mkdir(QFile::encodeName(path).constData(), 0700);
+    return isPrivateFolder(path) ? path : QString();
 }
+
+/// Folders that are removed at the end of the process, if nothing is in them.
+class NewFolders
+{
+public:
+    ~NewFolders()
+    {
+        for (const QByteArray &path : _paths)
+            ::rmdir(path.constData());
+    }
+
+    /// A new folder of the user's own; nobody can guess its name. Where none can be made, a path at
+    /// which nobody can make anything.
+    QString addIn(const QString &parent)
+    {
+        QByteArray path = QFile::encodeName(parent) + "/Cobble-XXXXXX";
+        if (!::mkdtemp(path.data()))
+            return u"/dev/null/Cobble"_s;
+        _paths.append(path);
+        return QFile::decodeName(path);
+    }
+
+private:
+    QByteArrayList _paths;
+};
 
 QString withTilde(const QString &path)
 {
@@ -71,14 +97,18 @@ QString NSHomeDirectory()
 QString NSTemporaryDirectory()
 {
     static QMutex mutex;
+    static NewFolders newFolders;
     static QString folder;
     const QMutexLocker lock(&mutex);
     const QString shared = sharedTemporaryFolder();
     if (isPrivateFolder(shared))
         return shared;
+    const QString own = folderOfUser(shared);
+    if (!own.isNull())
+        return own;
     // Once per process and place, as long as nobody takes it away.
     if (QFileInfo(folder).path() != shared || !isPrivateFolder(folder))
-        folder = newPrivateFolder(shared);
+        folder = newFolders.addIn(shared);
     return folder;
 }
 

@@ -21,7 +21,10 @@ enum NSSearchPathDomainMask : unsigned {
 
 /// The home folder of the user: $HOME, if that is an absolute path; else nil.
 KTUTILITY_EXPORT QString NSHomeDirectory();
-/// The folder for temporary files of this process's user.
+/// The folder for temporary files of this process's user, which nobody else can read or write:
+/// $TMPDIR (or /tmp) if that is his alone, else "Cobble-<user number>" in it. Where somebody else has
+/// something of that name, each process has a folder of its own, and removes it at its end unless
+/// something is in it.
 KTUTILITY_EXPORT QString NSTemporaryDirectory();
 
 /// The folders for a purpose, the first being the one to use. They need not exist. The environment

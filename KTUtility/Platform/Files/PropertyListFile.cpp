@@ -81,3 +81,15 @@ DictionaryReading KTPrivate::readDictionary(const QString &path)
         return {ReadingResult::NoDictionary, {}};
     return {ReadingResult::Dictionary, value.toMap()};
 }
+
+bool KTPrivate::moveDamagedFileAside(const QString &path)
+{
+    constexpr int MostDamagedFiles = 100;
+    // QFile::rename() never replaces a file.
+    for (int number = 1; number <= MostDamagedFiles; ++number) {
+        const QString suffix = number == 1 ? QString() : QString(u'.' + QString::number(number));
+        if (QFile::rename(path, QString(path + u".damaged" + suffix)))
+            return true;
+    }
+    return false;
+}

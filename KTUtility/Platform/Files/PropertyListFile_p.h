@@ -23,4 +23,8 @@ struct DictionaryReading
 };
 
 DictionaryReading readDictionary(const QString &path);
+
+/// Keeps a file that is there and cannot be read as a dictionary from being overwritten: as
+/// "<path>.damaged", or with a number behind it if such a file was kept before.
+bool moveDamagedFileAside(const QString &path);
 } // namespace KTPrivate

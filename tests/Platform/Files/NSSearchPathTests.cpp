@@ -4,6 +4,8 @@
 #include "support/TestSupport.h"
 
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 using namespace testing_support;
@@ -105,12 +107,44 @@ TEST(NSSearchPath, TemporaryFilesGoIntoAFolderOfTheUsersOwn)
     EXPECT_EQ(QFileInfo(folder).permissions() & ~QFile::Permissions(0x7700), QFile::Permissions());
     EXPECT_EQ(NSTemporaryDirectory(), folder);
 
+    // All processes of the user have the same one, and none is left over.
+    EXPECT_EQ(QFileInfo(folder).fileName(), u"Cobble-%1"_s.arg(::geteuid()));
+    EXPECT_EQ(QDir(shared.path()).entryList(QDir::AllDirs | QDir::NoDotAndDotDot).size(), 1);
+}
+
+TEST(NSSearchPath, TemporaryFilesGoIntoNothingOfSomebodyElse)
+{
+    const QTemporaryDir shared;
+    const EnvironmentGuard guard("TMPDIR", QFile::encodeName(shared.path()));
+    ASSERT_EQ(::chmod(QFile::encodeName(shared.path()).constData(), 01777), 0);
+    const QString usual = shared.filePath(u"Cobble-%1"_s.arg(::geteuid()));
+    const auto expectAnother = [&usual] {
+        const QString other = NSTemporaryDirectory();
+        EXPECT_NE(other, usual);
+        EXPECT_TRUE(QFileInfo(other).isDir());
+        EXPECT_FALSE(QFileInfo(other).isSymLink());
+        EXPECT_EQ(NSTemporaryDirectory(), other);
+    };
     // A link in its place is not followed.
-    ASSERT_TRUE(QDir(folder).removeRecursively());
-    ASSERT_TRUE(QFile::link(u"/tmp"_s, folder));
-    const QString other = NSTemporaryDirectory();
-    EXPECT_NE(other, folder);
-    EXPECT_FALSE(QFileInfo(other).isSymLink());
+    ASSERT_TRUE(QFile::link(u"/tmp"_s, usual));
+    expectAnother();
+    ASSERT_TRUE(QFile::remove(usual));
+    ASSERT_TRUE(QDir().mkdir(usual));
+    ASSERT_EQ(::chmod(QFile::encodeName(usual).constData(), 0777), 0);
+    expectAnother();
+    ASSERT_EQ(::chmod(QFile::encodeName(usual).constData(), 0700), 0);
+    EXPECT_EQ(NSTemporaryDirectory(), usual);
+}
+
+TEST(NSSearchPath, AFolderOfOneProcessIsRemovedAtItsEnd)
+{
+    const QTemporaryDir shared;
+    const EnvironmentGuard guard("TMPDIR", QFile::encodeName(shared.path()));
+    ASSERT_EQ(::chmod(QFile::encodeName(shared.path()).constData(), 01777), 0);
+    ASSERT_TRUE(QFile::link(u"/tmp"_s, shared.filePath(u"Cobble-%1"_s.arg(::geteuid()))));
+    EXPECT_EXIT(std::exit(NSTemporaryDirectory().startsWith(shared.path()) ? 0 : 1),
+                testing::ExitedWithCode(0), "");
+    EXPECT_EQ(QDir(shared.path()).entryList(QDir::AllDirs | QDir::NoDotAndDotDot).size(), 1);
 }
 
 TEST(NSSearchPath, TemporaryFilesGoWhereTheSystemHasThemWithoutTheirFolder)
@@ -118,5 +152,5 @@ TEST(NSSearchPath, TemporaryFilesGoWhereTheSystemHasThemWithoutTheirFolder)
     const EnvironmentGuard guard("TMPDIR", "/nowhere/at/all");
     const QString folder = NSTemporaryDirectory();
     EXPECT_EQ(QFileInfo(folder).path(), u"/tmp"_s);
-    EXPECT_TRUE(QDir().rmdir(folder));
+    QDir().rmdir(folder);
 }
