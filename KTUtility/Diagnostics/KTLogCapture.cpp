@@ -3,7 +3,7 @@
 #include <QMutexLocker>
 
 KTLogCapture::KTLogCapture(const QString &component, int level, KTLogger *logger)
-    : _logger(logger), _outer(logger->_capture), _savedComponents(logger->_components)
+    : _logger(logger), _outer(logger->_capture)
 {
     _logger->_capture = this;
     setLevelOfComponent(level, component);
@@ -12,14 +12,20 @@ KTLogCapture::KTLogCapture(const QString &component, int level, KTLogger *logger
 KTLogCapture::~KTLogCapture()
 {
     _logger->_capture = _outer;
-    _logger->setComponents(_savedComponents);
+    _logger->updateLevels();
 }
 
 void KTLogCapture::setLevelOfComponent(int level, const QString &component)
 {
-    QVariantMap components = _logger->_components.value_or(QVariantMap());
-    components.insert(component, level);
-    _logger->setComponents(components);
+    _levels.insert(component, level);
+    _logger->updateLevels();
+}
+
+void KTLogCapture::addLevels(QVariantMap *levels) const
+{
+    if (_outer)
+        _outer->addLevels(levels);
+    levels->insert(_levels);
 }
 
 QList<KTLogCapture::Entry> KTLogCapture::entries() const

@@ -9,7 +9,8 @@
 /// Catches what is logged while it lives, for tests of code that logs.
 ///
 /// The components given are on for its lifetime, whatever the settings say; messages go to it and
-/// neither to the file nor to the console; no settings are written. Captures may be nested: the
+/// neither to the file nor to the console; settings that change meanwhile are saved without what a
+/// capture switched on. Captures may be nested: the
 /// innermost one catches. Messages of other threads are caught, too; let them end before it does.
 ///
 /// \code
@@ -55,12 +56,14 @@ public:
 
 private:
     friend class KTLogger;
+    /// Adds what this and the captures around it switched on, the inner ones last.
+    void addLevels(QVariantMap *levels) const;
     void add(const QString &component, int level, std::string_view file, int lineNumber,
              QStringView message);
 
     KTLogger *_logger;
     KTLogCapture *_outer;
-    std::optional<QVariantMap> _savedComponents;
+    QVariantMap _levels;
     mutable QMutex _mutex;
     QList<Entry> _entries;
 };

@@ -1,8 +1,8 @@
 #include "KTLogLine_p.h"
 
 #include <KTUtility/Platform/Text/ShortCopy_p.h>
-
-#include <QStringEncoder>
+#include <KTUtility/Platform/Text/UTF8_p.h>
+#include <KTUtility/Platform/Text/VisibleText_p.h>
 
 #include <algorithm>
 #include <bit>
@@ -98,8 +98,7 @@ public:
             _end += text.size();
             return;
         }
-        QStringEncoder encoder(QStringEncoder::Utf8);
-        _end = encoder.appendToBuffer(_end, text);
+        _end = writeUTF8(_end, text);
     }
 
     void number(int number) { _end = std::to_chars(_end, _end + 12, number).ptr; }
@@ -148,10 +147,25 @@ std::unique_ptr<KTLogLine::State> &spareState()
     thread_local SpareState spare;
     return spare.state;
 }
-} // namespace
 
-QByteArrayView KTLogLine::line(State &state, QStringView component, std::string_view fileName,
-                               int lineNumber, QStringView message)
+/// What a thread keeps for its next line at most; a longer line is rare.
+constexpr size_t MostKept = 64 * 1024;
+
+bool isPlain(std::string_view fileName)
+{
+    return std::all_of(fileName.begin(), fileName.end(),
+                       [](char byte) { return byte >= ' ' && byte < '\x7F'; });
+}
+
+/// The name of a source file whose bytes may mean anything.
+QByteArray visibleName(std::string_view fileName)
+{
+    return utf8Of(visibleText(QString::fromUtf8(fileName.data(), qsizetype(fileName.size()))));
+}
+
+/// A line of names that may stand in it as they are.
+QByteArrayView plainLine(KTLogLine::State &state, QStringView component, std::string_view fileName,
+                         int lineNumber, QStringView message)
 {
     std::timespec now{};
     ::clock_gettime(CLOCK_REALTIME, &now);
@@ -174,6 +188,17 @@ QByteArrayView KTLogLine::line(State &state, QStringView component, std::string_
     const std::string_view bytes = writer.written();
     return QByteArrayView(bytes.data(), qsizetype(bytes.size()));
 }
+} // namespace
+
+QByteArrayView KTLogLine::line(State &state, QStringView component, std::string_view fileName,
+                               int lineNumber, QStringView message)
+{
+    if (isPlain(fileName) && !holdsControls(component))
+        return plainLine(state, component, fileName, lineNumber, message);
+    const QByteArray name = visibleName(fileName);
+    return plainLine(state, visibleText(component), {name.constData(), size_t(name.size())},
+                     lineNumber, message);
+}
 
 std::unique_ptr<KTLogLine::State> KTLogLine::takeState()
 {
@@ -185,6 +210,8 @@ std::unique_ptr<KTLogLine::State> KTLogLine::takeState()
 
 void KTLogLine::keepState(std::unique_ptr<State> state)
 {
-    if (!isSpareGone)
+    const bool isLarge = state->bytes.size() > MostKept ||
+                         size_t(state->message.capacity()) > MostKept / sizeof(char16_t);
+    if (!isSpareGone && !isLarge)
         spareState() = std::move(state);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Text/UnitBuffer_p.h>
 
 #include <QByteArrayView>
@@ -30,7 +31,7 @@ QByteArrayView line(State &state, QStringView component, std::string_view fileNa
 
 /// The state of this thread, which is the caller's until it is given back; a new one if it is in
 /// use, or the thread is at its end.
-std::unique_ptr<State> takeState();
+KTUTILITY_EXPORT std::unique_ptr<State> takeState();
 /// Gives a state back for the thread's next line.
-void keepState(std::unique_ptr<State> state);
+KTUTILITY_EXPORT void keepState(std::unique_ptr<State> state);
 } // namespace KTLogLine

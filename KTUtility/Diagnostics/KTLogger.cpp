@@ -9,15 +9,15 @@
 #include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Files/NSFileManager.h>
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
-#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
 #include <KTUtility/Platform/Files/NSSearchPath.h>
+#include <KTUtility/Platform/Text/UnitBuffer_p.h>
+#include <KTUtility/Platform/Text/VisibleText_p.h>
 #include <KTUtility/Platform/Values/NSException.h>
 
 #include <QAction>
 #include <QMenu>
 
-#include <algorithm>
-#include <climits>
+#include <exception>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
@@ -25,9 +25,6 @@ using namespace Qt::StringLiterals;
 std::atomic<KTLogger *> KTLogger::_sharedLogger = nullptr;
 
 namespace {
-/// No level at all: below every level that can be asked for.
-constexpr int NothingIsOn = INT_MIN;
-
 /// The user's Library folder; nil if there is none.
 QString libraryFolder()
 {
@@ -45,12 +42,12 @@ KTLogger *KTLogger::createSharedLogger()
     return logger;
 }
 
-KTLogger::KTLogger() : _highestLevel(NothingIsOn)
+KTLogger::KTLogger()
 {
-    setComponents(std::nullopt);
     initializeAllComponentsArray();
     const QString logFile = NSString::stringWithFormat(u"%@/cobble.log", logFolder());
-    _logFile = std::make_unique<LogFile>(logFile);
+    _logFile = std::make_unique<LogFile>(logFile, _keepsLogFile ? LogFile::Start::Kept
+                                                                : LogFile::Start::Emptied);
     _userFile = configFilePath();
     loadConfigFile(_userFile);
 }
@@ -89,32 +86,20 @@ void KTLogger::initializeAllComponentsArray()
 void KTLogger::setComponents(const std::optional<QVariantMap> &components)
 {
     _components = components;
-    Levels levels;
-    int highest = NothingIsOn;
-    const QVariantMap entries = components.value_or(QVariantMap());
-    const auto shared = [this](const QString &name) {
-        // The constants of call sites share storage with the array, which makes equality quick.
-        const qsizetype index = _allComponentsArray.indexOf(name);
-        return index < 0 ? name : _allComponentsArray.at(index);
-    };
-    for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
-        const int level = LogSettingsFile::levelFrom(entry.value());
-        if (level == 0)
-            continue;
-        levels.emplace_back(shared(entry.key()), level);
-        highest = std::max(highest, level);
-    }
-    setActiveLevels(std::move(levels));
-    _highestLevel.store(highest, std::memory_order_relaxed);
+    updateLevels();
 }
 
-void KTLogger::setActiveLevels(Levels levels)
+void KTLogger::updateLevels()
 {
-    auto known = std::find_if(_knownLevels.begin(), _knownLevels.end(),
-                              [&levels](const auto &list) { return *list == levels; });
-    if (known == _knownLevels.end())
-        known = _knownLevels.insert(known, std::make_unique<const Levels>(std::move(levels)));
-    _activeLevels.store(known->get(), std::memory_order_release);
+    QVariantMap components = _components.value_or(QVariantMap());
+    if (const KTLogCapture *const capture = _capture)
+        capture->addLevels(&components);
+    LogLevels::Levels levels;
+    for (auto entry = components.begin(); entry != components.end(); ++entry) {
+        if (const int level = LogSettingsFile::levelFrom(entry.value()))
+            levels.emplace_back(entry.key(), level);
+    }
+    _levels.set(std::move(levels));
 }
 
 void KTLogger::loadConfigFile(const QString &path)
@@ -123,9 +108,7 @@ void KTLogger::loadConfigFile(const QString &path)
     LogSettings read;
     const Result result = LogSettingsFile::read(path, &read);
     _isUserFileUnread = result == Result::Unreadable && path == _userFile;
-    if (result == Result::Unreadable)
-        return;
-    if (result == Result::Settings) {
+    if (result != Result::NoFile) {
         _writeToFile = read.writeToFile;
         _displayFileLine = read.displayFileLine;
     }
@@ -146,40 +129,71 @@ void KTLogger::readMissedSettings()
         loadConfigFile(_userFile);
 }
 
-void KTLogger::writeConfigFile()
+bool KTLogger::writeConfigFile()
 {
-    const QVariantMap written = LogSettingsFile::dictionaryFrom(settings());
-    if (!_userFile.isNull() && !_isUserFileUnread)
-        NSDictionary::writeToFile(written, _userFile, true);
+    const bool isWritten = LogSettingsFile::write(settings(), _userFile);
     loadConfigFile(_userFile);
+    return isWritten;
 }
 
-void KTLogger::setLevelOfComponent(int level, const QString &component)
+bool KTLogger::setLevelOfComponent(int level, const QString &component)
 {
+    if (!LogSettingsFile::canHoldName(component))
+        NSException::raise(
+            NSInvalidArgumentException,
+            NSString::stringWithFormat(u"\"%@\" cannot be a component", visibleText(component)));
     readMissedSettings();
     QVariantMap components = _components.value_or(QVariantMap());
     components.insert(component, level);
     setComponents(components);
-    writeConfigFile();
+    return writeConfigFile();
 }
 
 // --- Logging ------------------------------------------------------------------------------------
 
 int KTLogger::levelOfComponent(const QString &component) const
 {
-    for (const auto &[name, level] : *_activeLevels.load(std::memory_order_acquire)) {
-        const bool isSameStorage =
-            name.constData() == component.constData() && name.size() == component.size();
-        if (isSameStorage || name == component)
-            return level;
-    }
-    return 0;
+    return _levels.levelOf(component);
 }
 
-bool KTLogger::isLevelReached(const QString &component, int logLevel) const
+namespace {
+/// The call site of this thread that was told last that it may log.
+KTLogger::Site &currentSite()
 {
-    const int level = levelOfComponent(component);
-    return level != 0 && logLevel <= level;
+    thread_local KTLogger::Site site;
+    return site;
+}
+
+void appendMessage(UnitBuffer &text, QStringView format,
+                   std::span<const NSFormatArgument> arguments)
+{
+    if (format.isNull()) {
+        text.append(QLatin1String("<null>"));
+        return;
+    }
+    // To log must not change what happens: a description may raise.
+    try {
+        NSString::appendFormatArguments(text, format, arguments, ArgumentText::Visible);
+    } catch (const std::exception &failure) {
+        text.append(u"<description raised ");
+        text.append(visibleText(QString::fromUtf8(failure.what())));
+        text.append(u'>');
+    }
+}
+} // namespace
+
+bool KTLogger::enterSite(const QString &component, int logLevel)
+{
+    Site &site = currentSite();
+    site._logger = this;
+    site._component = &component;
+    site._level = logLevel;
+    return true;
+}
+
+KTLogger::Site KTLogger::site()
+{
+    return currentSite();
 }
 
 void KTLogger::logArguments(const QString &component, int logLevel, std::string_view fileName,
@@ -189,10 +203,7 @@ void KTLogger::logArguments(const QString &component, int logLevel, std::string_
     // The state is taken while it is in use: describing an argument may log, too.
     std::unique_ptr<KTLogLine::State> state = KTLogLine::takeState();
     state->message.clear();
-    if (format.isNull())
-        state->message.append(QLatin1String("<null>"));
-    else
-        NSString::appendFormatArguments(state->message, format, arguments);
+    appendMessage(state->message, format, arguments);
     const QStringView message = state->message.view();
     if (KTLogCapture *const capture = _capture)
         capture->add(component, logLevel, fileName, lineNumber, message);
@@ -285,6 +296,7 @@ void KTLogger::clearAllLoggingState(QAction *)
 
 void KTLogger::setComponentLogLevel(QAction *sender)
 {
+    // Deliberate: a tag may stand for level 8 or 9, which no item of the menu has.
     const auto [position, level] = LoggerMenu::choiceOf(sender);
     setLevelOfComponent(level, componentAt(position));
 }

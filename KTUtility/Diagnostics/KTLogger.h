@@ -2,6 +2,7 @@
 
 #include "KTLoggerComponents.h"
 #include "KTLoggerKeys.h"
+#include "LogLevels.h"
 #include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 
@@ -14,8 +15,6 @@
 #include <optional>
 #include <span>
 #include <string_view>
-#include <utility>
-#include <vector>
 
 class KTLogCapture;
 class QAction;
@@ -27,7 +26,8 @@ struct LogSettings;
 } // namespace KTPrivate
 
 /// Logs a message if its component is on at its level; otherwise evaluates nothing but the first
-/// two arguments. This is how every call site logs.
+/// two arguments. This is how every call site logs. It is an expression and declares no names, so
+/// that nothing of it can hide one of the caller's.
 ///
 /// \param component one of the kLog_ constants.
 /// \param level 1 to 7; 7 is the most detail. 4 is for ordinary traces, 7 for dumps.
@@ -37,16 +37,10 @@ struct LogSettings;
 /// KTLog(kLog_ImportDialog, 4, u"%@: %d rows", path, rows.size());
 /// \endcode
 #define KTLog(component, level, format, ...)                                                       \
-    do {                                                                                           \
-        KTLogger *const ktLogger_ = KTLogger::sharedLogger();                                      \
-        const QString &ktComponent_ = (component);                                                 \
-        const int ktLevel_ = (level);                                                              \
-        if (ktLogger_->shouldLogComponent(ktComponent_, ktLevel_)) {                               \
-            constexpr std::string_view ktFileName_ = KTLogger::fileNameOf(__FILE__);               \
-            ktLogger_->writeMessage(ktComponent_, ktLevel_, ktFileName_, __LINE__,                 \
-                                    (format)__VA_OPT__(, ) __VA_ARGS__);                           \
-        }                                                                                          \
-    } while (false)
+    (KTLogger::mayLog((component), (level))                                                        \
+         ? KTLogger::site().write(KTLogger::sourceFile(__FILE__), __LINE__,                        \
+                                  (format)__VA_OPT__(, ) __VA_ARGS__)                              \
+         : void())
 
 /// The process-wide logger: a level for each component, changed at run time from a menu.
 ///
@@ -54,6 +48,11 @@ struct LogSettings;
 /// its component. Output goes to "cobble.log" in the user's Logs folder, a write call a line and
 /// without buffering, or to the console. Settings live in a property list in the user's Preferences
 /// folder; each change is saved at once.
+///
+/// The first logger that has the log file open empties it; while one of another process is there,
+/// lines are added behind its own. What the arguments of a message hold cannot look like a line of
+/// its own: line breaks and control characters are escapes there ("\n", "\u001b"). An argument
+/// whose description raises says so in the message.
 ///
 /// Settings belong to the main thread. Log calls may come from any thread, also while levels
 /// change: a line is one write. A line that the disk does not take is lost; where half of it was
@@ -79,6 +78,11 @@ public:
         return logger ? logger : createSharedLogger();
     }
 
+    /// Whether loggers that are made from now on leave the lines of the last session in the log
+    /// file and add theirs; false unless set. For programs that only show something, before the
+    /// first use of the shared logger.
+    static void setKeepsLogFile(bool keeps) { _keepsLogFile = keeps; }
+
     /// A logger of its own; for tests. It reads the settings and empties the log file.
     KTLogger();
     ~KTLogger() override;
@@ -86,11 +90,10 @@ public:
     // --- Logging
 
     /// Whether a message would be written: the component has a level other than 0 and \a logLevel
-    /// is at most that. When nothing is on, this is one comparison.
+    /// is at most that. This takes the same few instructions however many other components are on.
     bool shouldLogComponent(const QString &component, int logLevel) const
     {
-        return logLevel <= _highestLevel.load(std::memory_order_relaxed) &&
-               isLevelReached(component, logLevel);
+        return _levels.isOn(component, logLevel);
     }
 
     /// Writes one message, if shouldLogComponent() allows it.
@@ -132,6 +135,40 @@ public:
         return isWhole ? path : path.substr(slash + 1);
     }
 
+    // --- What KTLog() is made of
+
+    /// A call site that may log, between its question and its message.
+    class Site
+    {
+    public:
+        /// Writes the message of the site.
+        template<typename... Arguments>
+        void write(std::string_view fileName, int lineNumber, QStringView format,
+                   const Arguments &...arguments) const
+        {
+            _logger->writeMessage(*_component, _level, fileName, lineNumber, format, arguments...);
+        }
+
+    private:
+        friend class KTLogger;
+        KTLogger *_logger = nullptr;
+        const QString *_component = nullptr;
+        int _level = 0;
+    };
+
+    /// Whether the shared logger takes a message; if so, site() is the one that asked.
+    static bool mayLog(const QString &component, int logLevel)
+    {
+        KTLogger *const logger = sharedLogger();
+        return logger->shouldLogComponent(component, logLevel) &&
+               logger->enterSite(component, logLevel);
+    }
+    /// The call site that mayLog() was true for just now, in this thread. It refers to the component
+    /// that was given then.
+    static Site site();
+    /// The last component of the path of a source file, found by the compiler.
+    static consteval std::string_view sourceFile(std::string_view path) { return fileNameOf(path); }
+
     // --- Configuration
 
     /// The path of the settings file: "Preferences/<host identifier>.ktlogger.plist" in the user's
@@ -142,22 +179,27 @@ public:
     QString logFolder() const;
     /// Fills allComponentsArray().
     void initializeAllComponentsArray();
-    /// Reads settings. What is there replaces what was set; a damaged file counts as an empty one;
-    /// without a file, components are off and the rest stays. If the system does not let the file
-    /// be read, everything stays; if it is that of the user, it is read again before the next
-    /// change.
+    /// Reads settings. What is there replaces what was set; a file that is damaged or cannot be read
+    /// counts as an empty one: components are off, and messages go to the log file. Without a file,
+    /// components are off and the rest stays. If the file of the user cannot be read, it is read
+    /// again before the next change.
     void loadConfigFile(const QString &path);
-    /// Writes the settings and reads them back. A file that could not be read is not written over.
+    /// Writes the settings and reads them back. A file that cannot be read is not written over; a
+    /// damaged one is kept beside, as "<path>.damaged".
+    /// \return false if they could not be written.
     /// \throws NSException NSInvalidArgumentException if no component was ever given a level:
     /// there are no components to write then. Set a level first.
-    void writeConfigFile();
+    bool writeConfigFile();
 
     /// The names that have a menu entry, in menu order.
     const QStringList &allComponentsArray() const { return _allComponentsArray; }
-    /// The level of a component, 0 unless set.
+    /// The level of a component, 0 unless set or captured.
     int levelOfComponent(const QString &component) const;
     /// Sets the level of any component, also one without a menu entry, and saves.
-    void setLevelOfComponent(int level, const QString &component);
+    /// \return false if it could not be saved; it is lost then, as the settings are read back.
+    /// \throws NSException NSInvalidArgumentException for a name that the settings cannot hold (with
+    /// control characters or lone surrogates).
+    bool setLevelOfComponent(int level, const QString &component);
     /// The levels as loaded and set; nothing if none ever was.
     const std::optional<QVariantMap> &components() const { return _components; }
     /// Whether messages go to the log file; if not, they go to the console.
@@ -188,25 +230,25 @@ public:
     /// Switches off every component that has a menu entry.
     Q_INVOKABLE void clearAllLoggingState(QAction *sender);
     /// Sets the component at position tag / 10 to the level tag modulo 10, by the sender's tag.
-    /// \throws NSException NSRangeException if there is no such position.
+    /// \throws NSException NSRangeException if there is no such position, as for tags below 0.
     Q_INVOKABLE void setComponentLogLevel(QAction *sender);
 
 private:
     friend class KTLogCapture;
-    using Levels = std::vector<std::pair<QString, int>>;
 
     static KTLogger *createSharedLogger();
-    bool isLevelReached(const QString &component, int logLevel) const;
+    bool enterSite(const QString &component, int logLevel);
     void logArguments(const QString &component, int logLevel, std::string_view fileName,
                       int lineNumber, QStringView format,
                       std::span<const NSFormatArgument> arguments);
     void setComponents(const std::optional<QVariantMap> &components);
-    void setActiveLevels(Levels levels);
+    void updateLevels();
     KTPrivate::LogSettings settings() const;
     void readMissedSettings();
     const QString &componentAt(int position) const;
 
     static std::atomic<KTLogger *> _sharedLogger;
+    static inline std::atomic<bool> _keepsLogFile = false;
 
     std::optional<QVariantMap> _components;
     std::unique_ptr<KTPrivate::LogFile> _logFile;
@@ -217,12 +259,7 @@ private:
     bool _isUserFileUnread = false;
     QStringList _allComponentsArray;
 
-    // Taken from _components for the test at each call site: the components that are on. They are
-    // few, and most differ from the one that is asked for in length or first letter, so that a walk
-    // is faster than a hash. Other threads may be walking a list while the levels change, so that
-    // lists stay once they are made, and are used again when the same components are on.
-    std::atomic<const Levels *> _activeLevels = nullptr;
-    std::vector<std::unique_ptr<const Levels>> _knownLevels;
-    std::atomic<int> _highestLevel;
+    // Taken from _components, and what captures add, for the test at each call site.
+    KTPrivate::LogLevels _levels;
     std::atomic<KTLogCapture *> _capture = nullptr;
 };

@@ -2,20 +2,56 @@
 
 #include <QFile>
 
+#include <cerrno>
+#include <ctime>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 using namespace KTPrivate;
 
 namespace {
+/// Lines go to the end, wherever other processes have put it. A pipe that nobody reads loses lines
+/// and does not make the process wait.
 int openLogFile(const QString &path)
 {
-    return ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC,
-                  0644);
+    return ::open(QFile::encodeName(path).constData(),
+                  O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0644);
+}
+
+/// Empties a file that no other log writes into: each holds a share of its lock. Where the file
+/// system has no locks, nobody knows of others.
+void emptyUnlessShared(int file)
+{
+    const bool isShared = ::flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    // What is no file, as a terminal, cannot be emptied and need not be.
+    [[maybe_unused]] const int result = isShared ? 0 : ::ftruncate(file, 0);
+}
+
+/// Holds a share of the file's lock as long as the file is open. Another process may have it alone
+/// for a moment, to empty the file.
+void takeShare(int file)
+{
+    constexpr int Attempts = 100;
+    constexpr timespec Pause{0, 1'000'000};
+    for (int attempt = 0; attempt < Attempts; ++attempt) {
+        if (::flock(file, LOCK_SH | LOCK_NB) == 0 || errno != EWOULDBLOCK)
+            return;
+        ::nanosleep(&Pause, nullptr);
+    }
 }
 } // namespace
 
-LogFile::LogFile(const QString &path) : _handle(openLogFile(path)) {}
+LogFile::LogFile(const QString &path, Start start) : _handle(openLogFile(path))
+{
+    const int file = _handle.fileDescriptor();
+    if (file < 0)
+        return;
+    // Deliberate: every start empties the log, as nobody else writes into it.
+    if (start == Start::Emptied)
+        emptyUnlessShared(file);
+    takeShare(file);
+}
 
 void LogFile::writeLine(QByteArrayView line)
 {

@@ -1,10 +1,13 @@
 #include "LogSettingsFile_p.h"
 
 #include "KTLoggerKeys.h"
+#include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
 #include <KTUtility/Platform/Files/PropertyListFile_p.h>
 #include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
+
+#include <QFileInfo>
 
 #include <algorithm>
 #include <climits>
@@ -54,6 +57,24 @@ QVariantMap LogSettingsFile::dictionaryFrom(const LogSettings &settings)
     return {{KTLoggerWriteToFileKey, settings.writeToFile},
             {KTLoggerDisplayFileLineKey, settings.displayFileLine},
             {KTLoggerComponentsKey, *settings.components}};
+}
+
+bool LogSettingsFile::write(const LogSettings &settings, const QString &path)
+{
+    using Result = DictionaryReading::Result;
+    const QVariantMap dictionary = dictionaryFrom(settings);
+    if (path.isNull())
+        return false;
+    const Result stored = readDictionary(path).result;
+    const bool isDamaged = stored == Result::NoDictionary && QFileInfo(path).isFile();
+    if (stored == Result::Unreadable || (isDamaged && !moveDamagedFileAside(path)))
+        return false;
+    return NSDictionary::writeToFile(dictionary, path, true);
+}
+
+bool LogSettingsFile::canHoldName(const QString &component)
+{
+    return !NSPropertyListSerialization::dataWithPropertyList(component, nullptr).isNull();
 }
 
 int LogSettingsFile::levelFrom(const QVariant &value)

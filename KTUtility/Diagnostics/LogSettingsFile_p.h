@@ -35,6 +35,15 @@ KTUTILITY_EXPORT Result read(const QString &path, LogSettings *settings);
 /// \throws NSException NSInvalidArgumentException if there are no components.
 KTUTILITY_EXPORT QVariantMap dictionaryFrom(const LogSettings &settings);
 
+/// Writes settings. A damaged file is kept beside, as "<path>.damaged"; one that cannot be read is
+/// not written over.
+/// \throws NSException NSInvalidArgumentException if there are no components.
+/// \return false if they could not be written.
+KTUTILITY_EXPORT bool write(const LogSettings &settings, const QString &path);
+
+/// Whether a text can be the name of a component in the file.
+KTUTILITY_EXPORT bool canHoldName(const QString &component);
+
 /// The level of a component as it stands in the settings: a number or a text; 0 for anything else.
 KTUTILITY_EXPORT int levelFrom(const QVariant &value);
 } // namespace LogSettingsFile

@@ -76,7 +76,10 @@ LoggerMenu::Entry LoggerMenu::entryOf(const QAction *item)
 LoggerMenu::Choice LoggerMenu::choiceOf(const QAction *item)
 {
     const int tag = item ? NSMenuItem::tag(item) : 0;
-    return {tag / TagsPerComponent, tag % TagsPerComponent};
+    if (tag >= 0)
+        return {tag / TagsPerComponent, tag % TagsPerComponent};
+    // Below the first component, whatever the level.
+    return {tag / TagsPerComponent - 1, 0};
 }
 
 void LoggerMenu::setChecked(QAction *item, bool isChecked)

@@ -26,7 +26,8 @@ std::unique_ptr<QMenu> createLevels(int base, QObject *logger);
 
 /// What an item of the menu stands for; Other also for null.
 Entry entryOf(const QAction *item);
-/// What the tag of an item of Entry::Level stands for; the first component's 0 for null.
+/// What the tag of an item of Entry::Level stands for; the first component's 0 for null. A tag below
+/// 0 stands for a position below 0.
 Choice choiceOf(const QAction *item);
 /// Sets the check mark of an item.
 void setChecked(QAction *item, bool isChecked);

@@ -7,6 +7,7 @@ target_sources(KTUtility PRIVATE
     Diagnostics/KTLoggerKeys.cpp
     Diagnostics/LogConsole.cpp
     Diagnostics/LogFile.cpp
+    Diagnostics/LogLevels.cpp
     Diagnostics/LogSettingsFile.cpp
     Diagnostics/LoggerMenu.cpp
 )

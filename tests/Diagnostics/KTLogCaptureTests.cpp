@@ -29,3 +29,20 @@ TEST(KTLogCapture, RestoresWhatWasThere)
     EXPECT_EQ(logger->components(), before);
     EXPECT_FALSE(logger->shouldLogComponent(kLog_Undo, 1));
 }
+
+TEST(KTLogCapture, SettingsThatChangeMeanwhileAreSavedWithoutIt)
+{
+    testing_support::useFreshHome();
+    KTLogger logger;
+    {
+        KTLogCapture capture(kLog_Tests, 7, &logger);
+        logger.setLevelOfComponent(5, kLog_Printing);
+        EXPECT_TRUE(logger.shouldLogComponent(kLog_Tests, 7));
+        EXPECT_TRUE(logger.shouldLogComponent(kLog_Printing, 5));
+    }
+    EXPECT_EQ(logger.levelOfComponent(kLog_Tests), 0);
+    EXPECT_EQ(logger.levelOfComponent(kLog_Printing), 5);
+    const QVariantMap expected{{kLog_Printing, 5}};
+    EXPECT_EQ(logger.components(), std::optional(expected));
+    EXPECT_EQ(KTLogger().components().value_or(QVariantMap()).keys(), expected.keys());
+}

@@ -1,3 +1,4 @@
+#include <KTUtility/Diagnostics/KTLogLine_p.h>
 #include <KTUtility/KTLogCapture>
 #include <KTUtility/KTLogger>
 #include <KTUtility/NSException>
@@ -10,6 +11,7 @@
 #include <QRegularExpression>
 
 #include <climits>
+#include <sys/resource.h>
 #include <thread>
 #include <vector>
 
@@ -54,6 +56,32 @@ struct LogsAtTheEnd
     }
 
     KTLogger *logger = nullptr;
+};
+
+/// While it lives, no file can be opened, also by an administrator.
+class NoDescriptors
+{
+public:
+    NoDescriptors()
+    {
+        ::getrlimit(RLIMIT_NOFILE, &_limit);
+        const rlimit none{0, _limit.rlim_max};
+        ::setrlimit(RLIMIT_NOFILE, &none);
+    }
+    ~NoDescriptors() { ::setrlimit(RLIMIT_NOFILE, &_limit); }
+    NoDescriptors(const NoDescriptors &) = delete;
+    NoDescriptors &operator=(const NoDescriptors &) = delete;
+
+private:
+    rlimit _limit{};
+};
+
+class RaisingObject : public QObject
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE QString description() const { NSException::raise(u"Broken"_s, u"by hand"_s); }
 };
 
 QVariantMap componentsAt(const QString &component, const QVariant &level)
@@ -267,8 +295,104 @@ TEST_F(KTLoggerTests, SettingsThatAreAFolderAreNoSettings)
     KTLogger logger;
     EXPECT_FALSE(logger.components().has_value());
     // What cannot be saved is not kept: the settings are what the file says.
-    logger.setLevelOfComponent(4, kLog_Undo);
+    EXPECT_FALSE(logger.setLevelOfComponent(4, kLog_Undo));
     EXPECT_EQ(logger.levelOfComponent(kLog_Undo), 0);
+}
+
+TEST_F(KTLoggerTests, UnreadableSettingsLeaveEverythingOffAndAreNotWrittenOver)
+{
+    writeSettings(componentsAt(kLog_Undo, 4));
+    KTLogger logger;
+    logger.setOutputToConsole(nullptr);
+    const QByteArray before = contentsOf(settingsPath());
+    {
+        const NoDescriptors none;
+        logger.loadConfigFile(settingsPath());
+        EXPECT_FALSE(logger.components().has_value());
+        EXPECT_FALSE(logger.shouldLogComponent(kLog_Undo, 1));
+        EXPECT_TRUE(logger.writeToFile());
+        EXPECT_FALSE(logger.setLevelOfComponent(5, kLog_Tests));
+        EXPECT_EQ(logger.levelOfComponent(kLog_Tests), 0);
+    }
+    EXPECT_EQ(contentsOf(settingsPath()), before);
+    EXPECT_TRUE(logger.setLevelOfComponent(5, kLog_Tests));
+    EXPECT_EQ(logger.levelOfComponent(kLog_Undo), 4);
+    EXPECT_EQ(logger.levelOfComponent(kLog_Tests), 5);
+    EXPECT_FALSE(logger.writeToFile());
+}
+
+TEST_F(KTLoggerTests, NamesThatSettingsCannotHoldRaise)
+{
+    KTLogger logger;
+    EXPECT_RAISES(logger.setLevelOfComponent(1, u"a\u0001"_s), NSInvalidArgumentException,
+                  u"\"a\\u0001\" cannot be a component"_s);
+    EXPECT_THROW(logger.setLevelOfComponent(1, QString(QChar(0xD83D))), NSException);
+    EXPECT_FALSE(logger.components().has_value());
+}
+
+TEST_F(KTLoggerTests, AProgramThatOnlyShowsLeavesTheLogAlone)
+{
+    writeFile(logPath(), "from last time\n");
+    KTLogger::setKeepsLogFile(true);
+    {
+        KTLogger logger;
+        logger.setLevelOfComponent(1, kLog_Tests);
+        EXPECT_EQ(log(), u"from last time\n");
+        logger.logComponent(kLog_Tests, 1, "f", 1, u"more");
+        EXPECT_TRUE(log().startsWith(u"from last time\n"));
+        EXPECT_TRUE(log().endsWith(u" more\n"));
+    }
+    KTLogger::setKeepsLogFile(false);
+    const KTLogger next;
+    EXPECT_TRUE(log().isEmpty());
+}
+
+TEST_F(KTLoggerTests, ArgumentsForgeNoLine)
+{
+    KTLogger logger;
+    logger.setLevelOfComponent(1, kLog_Tests);
+    logger.logComponent(kLog_Tests, 1, "f\n.cpp", 1, u"%@\n%s", u"a\nSun Nov 15 2026 forged",
+                        "\x1b[2J\r");
+    EXPECT_TRUE(log().endsWith(u"[f\\n.cpp:1][Tests] a\\nSun Nov 15 2026 forged\n\\u001b[2J\\r\n"))
+        << log().toStdString();
+    logger.setOutputToConsole(nullptr);
+    logger.setDisplayFileLine(nullptr);
+    const QString console = standardErrorOf(
+        [&] { logger.logComponent(kLog_Tests, 1, "f\n.cpp", 1, u"%@\n%d", u"a\nb", 7); });
+    EXPECT_TRUE(console.endsWith(u"] [f\\n.cpp:1][Tests] a\\nb\n7\n")) << console.toStdString();
+}
+
+TEST_F(KTLoggerTests, LinesAreUTF8WhateverTheyAreMadeOf)
+{
+    KTLogger logger;
+    logger.setLevelOfComponent(1, kLog_Tests);
+    logger.logComponent(kLog_Tests, 1, "\xFF\xFE.cpp", 1, u"%@", QString(u"end"_s + QChar(0xD83D)));
+    EXPECT_TRUE(contentsOf(logPath()).endsWith("[\uFFFD\uFFFD.cpp:1][Tests] end\uFFFD\n"))
+        << contentsOf(logPath()).toStdString();
+}
+
+TEST_F(KTLoggerTests, ADescriptionThatRaisesEndsInTheMessage)
+{
+    KTLogger logger;
+    logger.setLevelOfComponent(1, kLog_Tests);
+    RaisingObject object;
+    EXPECT_NO_THROW(logger.logComponent(kLog_Tests, 1, "f", 1, u"it: %@!", &object));
+    EXPECT_TRUE(log().endsWith(u"[Tests] it: <description raised Broken: by hand>\n"))
+        << log().toStdString();
+}
+
+TEST_F(KTLoggerTests, ALargeMessageLeavesNothingBehind)
+{
+    const QString large(1'000'000, u'x');
+    auto state = KTLogLine::takeState();
+    state->message.append(large);
+    KTLogLine::keepState(std::move(state));
+    EXPECT_LT(KTLogLine::takeState()->message.capacity(), 1'000);
+    state = KTLogLine::takeState();
+    state->message.append(u"short");
+    const KTLogLine::State *const kept = state.get();
+    KTLogLine::keepState(std::move(state));
+    EXPECT_EQ(KTLogLine::takeState().get(), kept);
 }
 
 TEST_F(KTLoggerTests, WithoutASettingsFileOtherSettingsStay)
@@ -293,7 +417,7 @@ TEST_F(KTLoggerTests, WithoutALibraryFolderNothingIsSaved)
     EXPECT_TRUE(logger.userFile().isNull());
     EXPECT_EQ(logger.logFolder(), temporary.filePath(u"Logs"_s));
     EXPECT_TRUE(QFile::exists(temporary.filePath(u"Logs/cobble.log"_s)));
-    logger.setLevelOfComponent(4, kLog_Undo);
+    EXPECT_FALSE(logger.setLevelOfComponent(4, kLog_Undo));
     EXPECT_FALSE(logger.components().has_value());
     qunsetenv("TMPDIR");
     testing_support::useFreshHome();
@@ -398,3 +522,33 @@ TEST(KTLogger, KTLogIsOneStatement)
         KTLog(kLog_Printing, 1, u"else");
     EXPECT_EQ(capture.messages(), QStringList{u"then"_s});
 }
+
+TEST(KTLogger, KTLogHidesNoNameOfTheCaller)
+{
+    KTLogCapture capture(kLog_Printing);
+    const int ktLevel_ = 2;
+    const QString ktComponent_ = kLog_Printing;
+    KTLog(ktComponent_, ktLevel_, u"%d %@", ktLevel_, ktComponent_);
+    EXPECT_EQ(capture.messages(), QStringList{u"2 Printing"_s});
+}
+
+TEST(KTLogger, KTLogMayStandInAnArgumentOfAnother)
+{
+    KTLogCapture capture(kLog_Printing);
+    capture.setLevelOfComponent(3, kLog_Undo);
+    const auto inner = [] {
+        KTLog(kLog_Undo, 3, u"inner");
+        return 1;
+    };
+    KTLog(QString(kLog_Printing), 2, u"outer %d %d", inner(), [] {
+        KTLog(kLog_Undo, 1, u"innermost");
+        return 2;
+    }());
+    ASSERT_EQ(capture.entries().size(), 3);
+    const KTLogCapture::Entry outer = capture.entries().last();
+    EXPECT_EQ(outer.message, u"outer 1 2"_s);
+    EXPECT_EQ(outer.component, kLog_Printing);
+    EXPECT_EQ(outer.level, 2);
+}
+
+#include "KTLoggerTests.moc"

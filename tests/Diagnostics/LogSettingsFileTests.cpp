@@ -126,3 +126,31 @@ TEST_F(LogSettingsFileTests, LevelsMayBeNumbersAndTexts)
     EXPECT_EQ(LogSettingsFile::levelFrom(QVariantList{4}), 0);
     EXPECT_EQ(LogSettingsFile::levelFrom({}), 0);
 }
+
+TEST_F(LogSettingsFileTests, ADamagedFileIsKeptBeside)
+{
+    const LogSettings settings{true, false, QVariantMap{{u"Undo"_s, 4}}};
+    for (const char *suffix : {".damaged", ".damaged.2"}) {
+        writeFile(path, "<plist version=\"1.0\"><dict><key>");
+        EXPECT_TRUE(LogSettingsFile::write(settings, path));
+        EXPECT_EQ(testing_support::contentsOf(path + QLatin1String(suffix)),
+                  "<plist version=\"1.0\"><dict><key>");
+        EXPECT_EQ(settingsOf(LogSettingsFile::dictionaryFrom(settings)), settings);
+    }
+}
+
+TEST_F(LogSettingsFileTests, AFolderInItsPlaceStays)
+{
+    ASSERT_TRUE(QDir().mkpath(path));
+    EXPECT_FALSE(LogSettingsFile::write({true, false, QVariantMap()}, path));
+    EXPECT_TRUE(QFileInfo(path).isDir());
+    EXPECT_FALSE(LogSettingsFile::write({true, false, QVariantMap()}, QString()));
+}
+
+TEST_F(LogSettingsFileTests, NamesAreWhatPropertyListsHold)
+{
+    for (const QString &name : {u"Undo"_s, u"Drag & Drop"_s, u"é 😀"_s, u""_s})
+        EXPECT_TRUE(LogSettingsFile::canHoldName(name)) << name.toStdString();
+    for (const QString &name : {QString(QChar(0)), QString(QChar(0xD83D)), u"a\u0001"_s})
+        EXPECT_FALSE(LogSettingsFile::canHoldName(name));
+}

@@ -152,6 +152,25 @@ TEST_F(LoggerMenuTests, TagsBeyondTheComponentsRaise)
     EXPECT_EQ(logger->components()->value(kLog_AppleScript), QVariant(0));
 }
 
+TEST_F(LoggerMenuTests, TagsBelowZeroRaise)
+{
+    for (const int tag : {-1, -5, -10, -173}) {
+        QAction outside;
+        NSMenuItem::setTag(&outside, tag);
+        EXPECT_THROW(logger->setComponentLogLevel(&outside), NSException) << tag;
+    }
+    EXPECT_FALSE(logger->components());
+}
+
+TEST_F(LoggerMenuTests, ChosenBeforeAnyLevelItLogsWhyAndGoesOn)
+{
+    const QString log =
+        testing_support::standardErrorOf([this] { item(u"Log To Console"_s)->trigger(); });
+    EXPECT_TRUE(log.contains(u"attempt to insert nil value (key: components)"))
+        << log.toStdString();
+    EXPECT_FALSE(logger->writeToFile());
+}
+
 TEST_F(LoggerMenuTests, AnItemWithoutSubmenuIsLeftAlone)
 {
     QAction plain;

@@ -3,6 +3,7 @@ target_sources(KTUtilityTests PRIVATE
     Diagnostics/KTLogCaptureTests.cpp
     Diagnostics/KTLoggerTests.cpp
     Diagnostics/LogFileTests.cpp
+    Diagnostics/LogLevelsTests.cpp
     Diagnostics/LogSettingsFileTests.cpp
     Diagnostics/LoggerMenuTests.cpp
 )

@@ -26,9 +26,17 @@ public:
     explicit LoggerSettings(const QString & /*home*/) { _logger.setLevelOfComponent(2, kLog_Undo); }
     Answer act() override
     {
-        _logger.setLevelOfComponent(4, kLog_ImportDialog);
+        const bool isSaved = _logger.setLevelOfComponent(4, kLog_ImportDialog);
+        // What cannot be read back leaves every component off.
+        EXPECT_EQ(_logger.levelOfComponent(kLog_Undo), _logger.components() ? 2 : 0);
+        return {isSaved, {}};
+    }
+    Answer seenAfter(const Answer &told) override
+    {
+        _logger.loadConfigFile(_logger.userFile());
         EXPECT_EQ(_logger.levelOfComponent(kLog_Undo), 2);
-        return {_logger.levelOfComponent(kLog_ImportDialog) == 4, {}};
+        EXPECT_EQ(_logger.levelOfComponent(kLog_ImportDialog), told.isDone ? 4 : 0);
+        return told;
     }
 
 private:

@@ -166,14 +166,15 @@ TEST(KTPhoneNumberFormatter, DescribesAndLogsItself)
     const QString list = NSObject::description(QVariant(QStringList{u"##"_s}));
     EXPECT_EQ(formatter->description(), u"format strings: " + list);
     EXPECT_EQ(KTPhoneNumberFormatter().description(), u"format strings: (null)");
+    const QString listInLine = QString(list).replace(u'\n', u"\\n"_s);
     const KTLogCapture log(kLog_FormattersPhoneNumbers, 4);
     formatter->setFormatIndex(5);
     formatter->setFormatIndex(0);
     formatter->stringForObjectValue(u"12"_s);
-    EXPECT_EQ(
-        log.messages(),
-        QStringList({u"setFormatIndex: 5"_s, u"setFormatIndex: 0"_s, u"format strings: " + list,
-                     u"stringForObjectValue: 12"_s, u"applyFormat: ## toString: 12"_s}));
+    EXPECT_EQ(log.messages(),
+              QStringList({u"setFormatIndex: 5"_s, u"setFormatIndex: 0"_s,
+                           u"format strings: " + listInLine, u"stringForObjectValue: 12"_s,
+                           u"applyFormat: ## toString: 12"_s}));
 }
 
 TEST(KTPhoneNumberFormatter, FailsWithoutItsResource)
