@@ -46,6 +46,20 @@ void checkOffBesideAnotherComponent(benchmark::State &state)
     logger->setLevelOfComponent(0, kLog_Undo);
 }
 
+void checkOffBesideAllOthers(benchmark::State &state)
+{
+    KTLogger *logger = loggerInTemporaryHome();
+    for (const QString &component : logger->allComponentsArray()) {
+        if (component != kLog_ImportDialog)
+            logger->setLevelOfComponent(7, component);
+    }
+    for (auto _ : state) {
+        KTLog(kLog_ImportDialog, 4, u"%d", 1);
+        benchmark::ClobberMemory();
+    }
+    logger->clearAllLoggingState(nullptr);
+}
+
 void peerHash(benchmark::State &state)
 {
     const QHash<QString, int> levels{{kLog_Undo, 7}};
@@ -152,6 +166,7 @@ BENCHMARK(peerCategoryCheck)->Name("Log/peer: QLoggingCategory, off");
 BENCHMARK(peerCategoryLine)->Name("Log/peer: QLoggingCategory and write(2)");
 BENCHMARK(checkOff)->Name("Log/check, nothing on");
 BENCHMARK(checkOffBesideAnotherComponent)->Name("Log/check, another component on");
+BENCHMARK(checkOffBesideAllOthers)->Name("Log/check, all others on");
 BENCHMARK(peerHash)->Name("Log/peer: QHash look-up");
 BENCHMARK(peerWrite)->Name("Log/peer: write(2)");
 BENCHMARK(fileLine)->Name("Log/line to file");
@@ -159,7 +174,9 @@ BENCHMARK(fileLine)->Name("Log/line to file");
 constexpr char Check[] = "Log/check, nothing on";
 constexpr char Line[] = "Log/line to file";
 const bool isRegistered =
-    holdBelow(Check, 2) && compareWith(Check, "Log/peer: spdlog, should_log", 2.5) &&
+    holdBelow(Check, 2) && holdBelow("Log/check, another component on", 2) &&
+    holdBelow("Log/check, all others on", 2) &&
+    compareWith(Check, "Log/peer: spdlog, should_log", 2.5) &&
     compareWith(Check, "Log/peer: QLoggingCategory, off", 2.5) &&
     compareWith("Log/check, another component on", "Log/peer: QHash look-up", 1.5) &&
     compareWith(Line, "Log/peer: write(2)", 1.5) &&
