@@ -146,6 +146,21 @@ TEST(Executable, LogsToTheFileWhenAComponentIsOn)
     EXPECT_TRUE(result.output.endsWith("[Lifecycle] exit code 0\n"));
 }
 
+TEST(Executable, OnlyWorkEmptiesTheLog)
+{
+    const QString log = u"$HOME/.local/share/Cobble/Logs/cobble.log"_s;
+    const QString line = u"mkdir -p ${LOG%/*} && echo before > $LOG && "
+                         "$COBBLE %1 > /dev/null 2>&1; cat $LOG"_s;
+    for (const QString &command : {u"log"_s, u"log --help"_s, u"--help"_s, u"--version"_s,
+                                   u"help"_s, u"show"_s, u"names 'First Name'"_s, u"plugins list"_s,
+                                   u"parse number 1"_s, u"nonsense"_s, u""_s, u"import --help"_s}) {
+        const ProcessResult kept = runShell(u"LOG="_s + log + u"; "_s + line.arg(command));
+        EXPECT_EQ(kept.output, "before\n") << command.toStdString();
+    }
+    const ProcessResult begun = runShell(u"LOG="_s + log + u"; "_s + line.arg(u"import $SAMPLE"_s));
+    EXPECT_EQ(begun.output, "");
+}
+
 TEST(Executable, TheBundleDescribesItself)
 {
     const auto description = NSDictionary::dictionaryWithContentsOfFile(

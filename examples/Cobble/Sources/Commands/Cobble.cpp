@@ -11,10 +11,10 @@
 #include "PlugInsCommand.h"
 #include "ShowCommand.h"
 #include "StandardStreams.h"
-#include "Text/PrintableText.h"
 #include "Usage.h"
 #include "WindowCommand.h"
 
+#include <algorithm>
 #include <array>
 
 #include <unistd.h>
@@ -22,10 +22,15 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+/// Whether a command begins a new log, or leaves that of the last session alone and at most adds to
+/// it.
+enum class Log { Begun, Kept };
+
 struct Command
 {
     QStringView name;
     ExitCode (*run)(const QStringList &arguments, CommandContext &context);
+    Log log = Log::Kept;
 };
 
 ExitCode runHelp(const QStringList &, CommandContext &context)
@@ -41,12 +46,12 @@ ExitCode runVersion(const QStringList &, CommandContext &context)
 }
 
 constexpr std::array<Command, 16> Commands = {{
-    {u"window", runWindowCommand},
-    {u"import", runImportCommand},
+    {u"window", runWindowCommand, Log::Begun},
+    {u"import", runImportCommand, Log::Begun},
     {u"show", runShowCommand},
-    {u"export", runExportCommand},
+    {u"export", runExportCommand, Log::Begun},
     {u"media", runMediaCommand},
-    {u"upgrade-copy", runUpgradeCopyCommand},
+    {u"upgrade-copy", runUpgradeCopyCommand, Log::Begun},
     {u"plugins", runPlugInsCommand},
     {u"parse", runParseCommand},
     {u"format", runFormatCommand},
@@ -65,16 +70,31 @@ ExitCode runUnknown(const QString &name, CommandContext &context)
     return context.wrongUsage(u"unknown %1 '%2'"_s.arg(kind, name));
 }
 
+/// The command that a command line asks for; null if there is none of that name.
+const Command *commandOf(const QStringList &arguments)
+{
+    const auto found = std::find_if(Commands.begin(), Commands.end(), [&](const Command &command) {
+        return !arguments.isEmpty() && command.name == arguments.first();
+    });
+    return found == Commands.end() ? nullptr : &*found;
+}
+
 ExitCode runCommand(const QStringList &arguments, CommandContext &context)
 {
     if (arguments.isEmpty())
         return context.wrongUsage(QString());
-    const QString &name = arguments.first();
-    for (const Command &command : Commands) {
-        if (command.name == name)
-            return command.run(arguments.sliced(1), context);
-    }
-    return runUnknown(name, context);
+    if (const Command *const command = commandOf(arguments))
+        return command->run(arguments.sliced(1), context);
+    return runUnknown(arguments.first(), context);
+}
+
+/// Whether a command line leaves the log of the last session alone: also one that only asks how a
+/// command is used.
+bool keepsLog(const QStringList &arguments)
+{
+    const Command *const command = commandOf(arguments);
+    return !command || command->log == Log::Kept || arguments.contains(u"--help"_s) ||
+           arguments.contains(u"-h"_s);
 }
 } // namespace
 
@@ -95,7 +115,8 @@ int runCobble(const QStringList &arguments, QTextStream &out, QTextStream &err, 
 
 int runCobbleProcess(const QStringList &arguments, int outputDescriptor, int errorDescriptor)
 {
-    KTLog(kLog_Lifecycle, 4, u"start: cobble %@", printableText(arguments.join(u' ')));
+    KTLogger::setKeepsLogFile(keepsLog(arguments));
+    KTLog(kLog_Lifecycle, 4, u"start: cobble %@", arguments.join(u' '));
     DescriptorStream output(outputDescriptor);
     DescriptorStream errors(errorDescriptor);
     int exitCode = runCobble(arguments, output.stream(), errors.stream(), KTLogger::sharedLogger(),

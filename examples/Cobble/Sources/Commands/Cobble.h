@@ -24,6 +24,7 @@ int runCobble(const QStringList &arguments, QTextStream &out, QTextStream &err,
 /// What the first argument may be: the names of the commands, and the options that stand alone.
 QStringList commandNames();
 
-/// The same as runCobble() for a process: writes to two open descriptors, logs start and end, and counts it as a
-/// failure, reported on the error output, if results could not be written.
+/// The same as runCobble() for a process: writes to two open descriptors, logs start and end (only
+/// commands that work on something empty the log first), and counts it as a failure, reported on
+/// the error output, if results could not be written.
 int runCobbleProcess(const QStringList &arguments, int outputDescriptor, int errorDescriptor);
