@@ -9,8 +9,11 @@
 #include <QJsonDocument>
 #include <QLocale>
 
+#include <cstdio>
 #include <ctime>
 #include <memory>
+#include <sys/mman.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -32,6 +35,43 @@ void PrintTo(const QVariant &value, std::ostream *stream)
     *stream << (value.isValid() ? value.typeName() : "nil") << ' '
             << NSObject::description(value).toStdString();
 }
+
+namespace {
+/// Standard error goes into memory as long as this lives: a disk may be full.
+class CapturedError
+{
+public:
+    CapturedError()
+    {
+        std::fflush(stderr);
+        EXPECT_GE(::dup2(_memory, STDERR_FILENO), 0);
+    }
+
+    ~CapturedError()
+    {
+        std::fflush(stderr);
+        ::dup2(_own, STDERR_FILENO);
+        ::close(_own);
+        ::close(_memory);
+    }
+
+    CapturedError(const CapturedError &) = delete;
+    CapturedError &operator=(const CapturedError &) = delete;
+
+    QString text() const
+    {
+        std::fflush(stderr);
+        QFile file;
+        EXPECT_TRUE(file.open(_memory, QIODevice::ReadOnly));
+        EXPECT_TRUE(file.seek(0));
+        return QString::fromUtf8(file.readAll());
+    }
+
+private:
+    const int _own = ::dup(STDERR_FILENO);
+    const int _memory = ::memfd_create("standard error", MFD_CLOEXEC);
+};
+} // namespace
 
 namespace testing_support {
 void pinEnvironment(const char *platform)
@@ -94,9 +134,9 @@ QList<QJsonObject> rowsOf(const QString &table)
 
 QString standardErrorOf(const std::function<void()> &action)
 {
-    testing::internal::CaptureStderr();
+    const CapturedError captured;
     action();
-    return QString::fromStdString(testing::internal::GetCapturedStderr());
+    return captured.text();
 }
 
 QByteArray contentsOf(const QString &path)
