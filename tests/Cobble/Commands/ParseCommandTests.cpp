@@ -69,6 +69,33 @@ TEST(ParseCommand, TellsWhatIsNotRead)
         runLine(u"parse currency €5").output.contains(u"it is no amount in this currency"_s));
 }
 
+TEST(ParseCommand, TakesNoSeparatorForAnotherOne)
+{
+    const char16_t *const lines[] = {u"parse number 1,50 --locale de_CH",
+                                     u"parse number 1234.56 --locale fr_FR",
+                                     u"parse currency 5.00·€ --locale de_DE"};
+    for (const char16_t *line : lines) {
+        const CommandResult result = runLine(line);
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_TRUE(result.output.contains(u"not read:  its separators do not stand where"_s))
+            << qPrintable(result.output);
+    }
+    const CommandResult result =
+        runLine(u"parse number 1,50 --locale de_CH --option rejectsUnevenGroups=no");
+    EXPECT_TRUE(result.output.contains(u"value:    150\n"_s)) << qPrintable(result.output);
+}
+
+TEST(ParseCommand, ReadsCurrenciesAsPeopleWriteThem)
+{
+    const std::pair<const char16_t *, QString> lines[] = {
+        {u"parse currency ¥500 --locale ja_JP", u"500"_s},
+        {u"parse currency 5·kr --locale da_DK", u"5"_s},
+        {u"parse currency 5·Euro --locale de_DE", u"5"_s}};
+    for (const auto &[line, value] : lines)
+        EXPECT_TRUE(runLine(line).output.contains(u"  value:    " + value + u'\n'))
+            << qPrintable(QString::fromUtf16(line));
+}
+
 TEST(ParseCommand, SaysWhatIsWrongWithItself)
 {
     const std::pair<const char16_t *, const char16_t *> lines[] = {

@@ -92,3 +92,14 @@ TEST(UserSettings, AScopeIsTheUsersLocaleWhileItLasts)
     }
     EXPECT_EQ(NSLocale::currentLocale().localeIdentifier(), before);
 }
+
+TEST(UserSettings, CurrenciesHaveCodesOfThreeCapitals)
+{
+    KTCurrencyFormatter formatter;
+    for (const QString &code : {u"inr"_s, u"EURO"_s, u"EU"_s, u""_s, u"E1R"_s, u"ÄÖÜ"_s}) {
+        EXPECT_EQ(UserSettings::apply({QString(u"currencyType="_s + code)}, &formatter).reason(),
+                  u"bad value '%1' for currencyType"_s.arg(code));
+        EXPECT_EQ(formatter.currencyType(), u"USD"_s);
+    }
+    EXPECT_TRUE(UserSettings::apply({u"currencyType=EUR"_s}, &formatter));
+}

@@ -107,3 +107,23 @@ TEST(FieldReader, TheCurrencyIsTheUsersUnlessItIsSet)
     reader.formatter()->setOptions({{u"currencyType"_s, u"GBP"_s}});
     EXPECT_EQ(reader.currencyType(), u"GBP"_s);
 }
+
+TEST(FieldReader, TakesNoSeparatorForAnotherOne)
+{
+    const QString reason = u"its separators do not stand where groups end or the fraction begins"_s;
+    EXPECT_EQ(readBy(FieldType::Number, u"1,50"_s), reason);
+    EXPECT_EQ(readBy(FieldType::Currency, u"$1,50"_s), reason);
+    EXPECT_EQ(readBy(FieldType::Number, u"1,500.25"_s), u"1500.25"_s);
+    EXPECT_EQ(readBy(FieldType::Currency, u"$1,500.25"_s), u"1500.25"_s);
+}
+
+TEST(FieldReader, TakesNumbersBetweenMarksOfDirection)
+{
+    for (const QString &text : {u"12\u200F"_s, u"\u202A12\u202C"_s, u"\u2066 12 \u2069 "_s}) {
+        EXPECT_EQ(readBy(FieldType::Number, text), u"12"_s);
+        EXPECT_EQ(readBy(FieldType::Currency, text), u"12"_s);
+    }
+    EXPECT_EQ(readBy(FieldType::Currency, u"\u2066($1,234)\u2069"_s), u"-1234"_s);
+    EXPECT_EQ(readBy(FieldType::Number, u"12\u200Fx"_s), u"there is more than a number"_s);
+    EXPECT_EQ(readBy(FieldType::Number, u"\u202A\u202C"_s), u"it is no number"_s);
+}

@@ -125,3 +125,13 @@ TEST(TypeInference, LooksAtSoManyValuesOnly)
         inference.add(u"five"_s);
     EXPECT_EQ(inference.reader()->type(), FieldType::Number);
 }
+
+TEST(TypeInference, NumbersHaveEvenGroups)
+{
+    EXPECT_EQ(typeOf({u"1,500"_s, u"2,250.5"_s}), u"number"_s);
+    EXPECT_EQ(typeOf({u"1,50"_s, u"2,25"_s}), u"text"_s);
+    EXPECT_EQ(typeOf({u"$1,50"_s, u"$2,25"_s}), u"text"_s);
+    EXPECT_EQ(typeOf({u"€1,50"_s, u"€2,25"_s}), u"text"_s);
+    const LocaleScope japan(u"ja_JP"_s);
+    EXPECT_EQ(typeOf({u"¥500"_s, u"¥1,200"_s, u"¥80"_s}), u"currency"_s);
+}

@@ -3,11 +3,14 @@
 #include "Translations.h"
 
 #include <KTUtility/KTDateTimeFormatter>
+#include <KTUtility/KTOptionsKeys>
 #include <KTUtility/NSException>
 #include <KTUtility/NSKeyValueCoding>
 #include <KTUtility/NSLocale>
 
 #include <QMetaProperty>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -31,6 +34,14 @@ QVariant numberIn(const QString &text, Number (QString::*read)(bool *, int) cons
     return isNumber ? QVariant(number) : QVariant();
 }
 
+/// Three letters A to Z, as ISO 4217 has them; a reader would take others for what they are not.
+QVariant currencyCodeIn(const QString &text)
+{
+    const auto isCapital = [](QChar unit) { return unit >= u'A' && unit <= u'Z'; };
+    const bool isCode = text.size() == 3 && std::all_of(text.begin(), text.end(), isCapital);
+    return isCode ? QVariant(text) : QVariant();
+}
+
 /// A typed value in the type of a property; nil if it is none.
 QVariant valueFor(const QMetaProperty &property, const QString &text)
 {
@@ -42,7 +53,8 @@ QVariant valueFor(const QMetaProperty &property, const QString &text)
     case QMetaType::Int:
         return numberIn(text, &QString::toInt);
     case QMetaType::QString:
-        return text;
+        return QLatin1String(property.name()) == kKTFieldOption_currencyType ? currencyCodeIn(text)
+                                                                             : QVariant(text);
     default:
         return {};
     }

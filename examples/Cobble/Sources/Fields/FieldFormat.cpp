@@ -17,6 +17,15 @@ FieldFormat plainFormat(std::unique_ptr<NSFormatter> formatter)
     return format;
 }
 
+/// Numbers or money: "1,50" must not become 150 without a word.
+template<typename Formatter>
+FieldFormat numberFormat()
+{
+    auto formatter = std::make_unique<Formatter>();
+    formatter->setRejectsUnevenGroups(true);
+    return plainFormat(std::move(formatter));
+}
+
 FieldFormat durationFormat()
 {
     auto formatter = std::make_unique<KTDurationFormatter>();
@@ -62,9 +71,9 @@ FieldFormat FieldFormat::of(FieldType type)
 {
     switch (type) {
     case FieldType::Number:
-        return plainFormat(std::make_unique<KTNumberFormatter>());
+        return numberFormat<KTNumberFormatter>();
     case FieldType::Currency:
-        return plainFormat(std::make_unique<KTCurrencyFormatter>());
+        return numberFormat<KTCurrencyFormatter>();
     case FieldType::Duration:
         return durationFormat();
     case FieldType::Time:

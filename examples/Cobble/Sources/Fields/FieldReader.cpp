@@ -3,6 +3,8 @@
 #include <KTUtility/KTCurrencyFormatter>
 #include <KTUtility/NSKeyValueCoding>
 
+#include <QRegularExpression>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -30,6 +32,8 @@ private:
 
 QString reasonFor(FieldType type, const QString &errorDescription)
 {
+    if (errorDescription == KTNumberFormatter::unevenGroupsDescription())
+        return u"its separators do not stand where groups end or the fraction begins"_s;
     switch (type) {
     case FieldType::Number:
         return errorDescription.isEmpty() ? u"there is more than a number"_s : u"it is no number"_s;
@@ -42,13 +46,31 @@ QString reasonFor(FieldType type, const QString &errorDescription)
     }
 }
 
-Outcome<QVariant> readBy(const NSFormatter &formatter, FieldType type, const QString &text)
+/// A text without the marks of direction at its ends, which nobody sees ("12" and U+200F).
+QString withoutOuterMarks(const QString &text)
+{
+    static const QRegularExpression marks(uR"(\A[\s\x{202A}-\x{202E}\x{2066}-\x{2069}]+|)"
+                                          uR"([\s\x{061C}\x{200E}\x{200F}\x{202A}-\x{202E})"
+                                          uR"(\x{2066}-\x{2069}]+\z)"_s);
+    return QString(text).remove(marks);
+}
+
+Outcome<QVariant> readOnceBy(const NSFormatter &formatter, FieldType type, const QString &text)
 {
     QVariant value;
     QString errorDescription;
     if (formatter.getObjectValue(&value, text, &errorDescription))
         return value;
     return Failure{reasonFor(type, errorDescription)};
+}
+
+Outcome<QVariant> readBy(const NSFormatter &formatter, FieldType type, const QString &text)
+{
+    Outcome<QVariant> value = readOnceBy(formatter, type, text);
+    if (value || (type != FieldType::Number && type != FieldType::Currency))
+        return value;
+    const QString plain = withoutOuterMarks(text);
+    return plain == text ? value : readOnceBy(formatter, type, plain);
 }
 } // namespace
 

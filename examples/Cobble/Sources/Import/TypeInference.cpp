@@ -90,6 +90,7 @@ QHash<QString, qsizetype> currencyVotesIn(const QStringList &values)
     QHash<QString, qsizetype> votes;
     for (const QString &value : values) {
         KTCurrencyFormatter formatter;
+        formatter.setRejectsUnevenGroups(true);
         QVariantMap options;
         if (formatter.adjustForValue(value, &options))
             ++votes[options.value(kKTFieldOption_currencyType).toString()];
@@ -155,7 +156,6 @@ FieldType TypeInference::textType() const
     return isMedia ? FieldType::Media : FieldType::Text;
 }
 
-/// In the user's currency, or in that which most of the values name.
 /// In the user's currency, or in that which most of the values name.
 std::unique_ptr<FieldReader> TypeInference::currencyReader() const
 {
