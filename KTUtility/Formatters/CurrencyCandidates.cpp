@@ -15,9 +15,6 @@ using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
-/// No more of a text is read as an amount.
-constexpr qsizetype MaximumLength = 1024;
-
 /// Which units a text has, by their low bits: a text cannot be part of one that lacks some of them.
 class UnitSet
 {
@@ -50,7 +47,7 @@ struct CurrencyWords
 
 using AllNames = std::vector<CurrencyWords>;
 
-CurrencyWords wordsOf(const NSLocale &locale, const QString &code)
+CurrencyWords namedCurrency(const NSLocale &locale, const QString &code)
 {
     CurrencyWords currency{code, {}};
     const QStringList names = CurrencyNames::of(locale, code);
@@ -64,7 +61,7 @@ std::shared_ptr<const AllNames> readNames(const NSLocale &locale)
     auto currencies = std::make_shared<AllNames>();
     for (const QString &code : NSLocale::commonISOCurrencyCodes()) {
         if (!CurrencyCandidates::isRejected(code))
-            currencies->push_back(wordsOf(locale, code));
+            currencies->push_back(namedCurrency(locale, code));
     }
     return currencies;
 }
@@ -89,7 +86,7 @@ bool CurrencyCandidates::isRejected(const QString &code)
 
 QStringList CurrencyCandidates::of(const NSLocale &locale, const QString &text)
 {
-    const QString typed = CurrencyNames::folded(text.left(MaximumLength));
+    const QString typed = CurrencyNames::folded(text.left(CurrencyNames::MaximumLength));
     const UnitSet units(typed);
     const std::shared_ptr<const AllNames> currencies = namesIn(locale);
     const auto occurs = [&](const Name &name) {

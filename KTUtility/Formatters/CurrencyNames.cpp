@@ -16,8 +16,6 @@ using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
-/// No more of a text is read as an amount.
-constexpr qsizetype MaximumLength = 1024;
 constexpr qsizetype CodeLength = 3;
 
 QString pluralName(const QByteArray &locale, const QString &code, const char *count)

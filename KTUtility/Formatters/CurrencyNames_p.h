@@ -8,6 +8,9 @@
 
 /// What people in a locale write for a currency.
 namespace KTPrivate::CurrencyNames {
+/// No more of a text is read as an amount.
+inline constexpr qsizetype MaximumLength = 1024;
+
 /// One form for what means the same: case, compatibility characters ("￥" and "¥"), marks that
 /// nobody sees, and look-alikes of signs (CLDR's lenient sets for currencies).
 KTUTILITY_EXPORT QString folded(const QString &text);

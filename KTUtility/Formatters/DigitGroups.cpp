@@ -33,7 +33,7 @@ QString plain(const QString &separator)
 }
 
 /// \return -1 if it is no decimal digit.
-int digitValue(char32_t character)
+int decimalDigit(char32_t character)
 {
     return QChar::digitValue(character);
 }
@@ -47,9 +47,9 @@ QString integerAt(const QString &text, qsizetype index)
     const qsizetype length = integer.size();
     while (index < text.size()) {
         const NSCodePoint point = NSCodePointAt(text, index);
-        if (digitValue(point.character) < 0)
+        if (decimalDigit(point.character) < 0)
             break;
-        integer += QChar(u'0' + digitValue(point.character));
+        integer += QChar(u'0' + decimalDigit(point.character));
         index += point.length;
     }
     return integer.size() > length ? integer : QString();
@@ -94,7 +94,7 @@ public:
 
 private:
     NSCodePoint codePoint() const { return NSCodePointAt(_text, _at); }
-    int digitHere() const { return _at < _text.size() ? digitValue(codePoint().character) : -1; }
+    int digitHere() const { return _at < _text.size() ? decimalDigit(codePoint().character) : -1; }
     bool isUnseen(qsizetype index) const
     {
         return NumberText::isWhitespace(_text[index]) || NumberText::isDirectionMark(_text[index]);
@@ -202,7 +202,7 @@ QString DigitGroups::takeExponent(QString *text) const
         qsizetype index = text->indexOf(symbol, 1, Qt::CaseInsensitive);
         for (; index > 0; index = text->indexOf(symbol, index + 1, Qt::CaseInsensitive)) {
             const QString digits = integerAt(*text, index + symbol.size());
-            if (digits.isEmpty() || digitValue(NSCodePointBefore(*text, index).character) < 0)
+            if (digits.isEmpty() || decimalDigit(NSCodePointBefore(*text, index).character) < 0)
                 continue;
             text->truncate(index);
             return u'e' + digits;

@@ -14,7 +14,7 @@ using icu::DecimalFormat;
 using Symbols = icu::DecimalFormatSymbols;
 
 namespace {
-constexpr int MaximumDigits = 999; // as in ICU
+constexpr int MaximumSignificantDigits = 999; // as in ICU
 
 const NSError &noNumberError()
 {
@@ -255,7 +255,8 @@ int NSNumberFormatter::minimumSignificantDigits() const
 
 void NSNumberFormatter::setMinimumSignificantDigits(int count)
 {
-    const int greatest = _private->settings.maximumSignificantDigits.value_or(MaximumDigits);
+    const int greatest =
+        _private->settings.maximumSignificantDigits.value_or(MaximumSignificantDigits);
     _private->set(&NumberSettings::minimumSignificantDigits, count);
     _private->set(&NumberSettings::maximumSignificantDigits, std::max(greatest, count));
 }
