@@ -81,25 +81,33 @@ DateNameList::DateNameList(const icu::UnicodeString *names, int32_t count, int32
     }
 }
 
-DateName DateNameList::find(QStringView text) const
+DateName DateNameList::find(QStringView text, qsizetype longerThan) const
 {
-    DateName best;
-    if (text.isEmpty() || _longest > LongestName) {
-        best.isDecided = text.isEmpty();
-        return best;
-    }
+    if (text.isEmpty() || _longest > LongestName)
+        return {.isDecided = text.isEmpty()};
     if (foldsToOneUnit(text[0].unicode()) && !mayStart(foldedUnit(text[0].unicode())))
-        return best;
+        return {};
     const FoldedStart start(text, _longest);
+    return start.length > 0 ? findFolded(start.view(), start.isCut, longerThan)
+                            : DateName{.isDecided = !start.isCut};
+}
+
+DateName DateNameList::findFolded(QStringView start, bool isCut, qsizetype longerThan) const
+{
+    DateName best{.length = longerThan};
     for (const Name &name : _names) {
-        if (start.isCut && QStringView(name.folded).startsWith(start.view()))
+        // No name takes more of a text than it has units itself.
+        if (name.folded[0] != start[0] || name.folded.size() <= best.length)
+            continue;
+        if (isCut && QStringView(name.folded).startsWith(start))
             best.isDecided = false;
-        const qsizetype length = lengthOfMatch(start.view(), name.folded);
+        const qsizetype length = lengthOfMatch(start, name.folded);
         if (length > best.length) {
             best.index = name.index;
             best.length = length;
         }
     }
+    best.length = best.index < 0 ? 0 : best.length;
     return best;
 }
 

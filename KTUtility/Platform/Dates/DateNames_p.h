@@ -30,10 +30,8 @@ public:
     /// \param first the index of the first name that counts.
     DateNameList(const icu::UnicodeString *names, int32_t count, int32_t first);
 
-    /// The name at the start of \a text.
-    DateName find(QStringView text) const;
-    /// The length of the longest name.
-    qsizetype longest() const { return _longest; }
+    /// The name at the start of \a text, if it takes more than some units.
+    DateName find(QStringView text, qsizetype longerThan = 0) const;
     /// The units that names start with, a bit for each remainder by 64; see bitOf().
     quint64 firstUnits() const { return _firstUnits; }
     /// The bit of an ASCII character, be it upper or lower case.
@@ -48,6 +46,7 @@ private:
         QString folded;
         int index;
     };
+    DateName findFolded(QStringView start, bool isCut, qsizetype longerThan) const;
     bool mayStart(char16_t folded) const { return _firstUnits >> (folded % 64) & 1; }
 
     std::vector<Name> _names;
@@ -62,12 +61,10 @@ DateName findLongestName(const std::array<DateNameList, Count> &lists, QStringVi
 {
     DateName longest;
     for (const DateNameList &list : lists) {
-        if (longest.length > 0 && longest.length >= list.longest())
-            continue;
-        const DateName name = list.find(text);
+        const DateName name = list.find(text, longest.length);
         if (!name.isDecided)
             return name;
-        if (name.length > longest.length)
+        if (name.index >= 0)
             longest = name;
     }
     return longest;

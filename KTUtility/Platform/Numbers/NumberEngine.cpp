@@ -181,8 +181,9 @@ NumberEngine::NumberEngine(const NumberSettings &settings)
     if (settings.usesGroupingSeparator)
         _format->setGroupingUsed(flag(*settings.usesGroupingSeparator));
     if (!_decimalFormat) {
-        // ICU makes its lenient comparison of words with the first text; threads share it then.
-        read(u"0");
+        // ICU makes its lenient comparison of words when it first comes to one; threads share it
+        // then. It goes through all words for a text that is none of them.
+        read(u"x");
         return;
     }
     applySymbols(settings);
