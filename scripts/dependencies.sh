@@ -11,12 +11,16 @@ debian_packages=(
 
 say() { printf '%s\n' "$*" >&2; }
 
-# The packages of the list that dpkg does not call installed.
+# The names of the installed packages, and the names that they stand in for: what is a package of its own
+# in one release may be part of another in the next.
+present_packages() {
+    dpkg-query -W -f='${db:Status-Status}:${Package}, ${Provides}\n' | sed -n 's/^installed://p' |
+        tr ',' '\n' | sed 's/^ *//; s/ .*//'
+}
+
+# The packages of the list that are not installed in any form.
 missing_packages() {
-    local package
-    for package in "${debian_packages[@]}"; do
-        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || printf '%s\n' "$package"
-    done
+    printf '%s\n' "${debian_packages[@]}" | grep -vxF -f <(present_packages) || true
 }
 
 install_packages() {
