@@ -65,10 +65,11 @@ QStringList standardizedComponents(const QStringList &components)
 QStringList NSString::pathComponents(const QString &path)
 {
     QStringList components = path.split(u'/', Qt::SkipEmptyParts);
+    // The root alone does not end with itself.
+    if (!components.isEmpty() && path.endsWith(u'/'))
+        components.append(u"/"_s);
     if (path.startsWith(u'/'))
         components.prepend(u"/"_s);
-    if (components.size() > 1 && path.endsWith(u'/'))
-        components.append(u"/"_s);
     return components;
 }
 

@@ -145,6 +145,11 @@ TEST(NSPathUtilities, ComponentsAreTakenApartAndPutTogether)
     for (const QString &path : {u"/"_s, u"/a"_s, u"a/b/c"_s, u"/a/../b/."_s})
         EXPECT_EQ(NSString::pathWithComponents(NSString::pathComponents(path)), path);
     EXPECT_TRUE(NSString::pathComponents(QString()).isEmpty());
+    EXPECT_EQ(NSString::pathComponents(u"usr/"_s), QStringList({u"usr"_s, u"/"_s}));
+    EXPECT_EQ(NSString::pathComponents(u"a/b/"_s), QStringList({u"a"_s, u"b"_s, u"/"_s}));
+    EXPECT_EQ(NSString::pathComponents(u"/usr/"_s), QStringList({u"/"_s, u"usr"_s, u"/"_s}));
+    EXPECT_EQ(NSString::pathComponents(u"/"_s), QStringList(u"/"_s));
+    EXPECT_EQ(NSString::pathComponents(u"//"_s), QStringList(u"/"_s));
     EXPECT_EQ(NSString::pathWithComponents({}), u""_s);
 }
 
