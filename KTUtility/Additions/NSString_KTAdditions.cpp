@@ -9,6 +9,7 @@
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 #include <KTUtility/Platform/Values/NSStringValues.h>
 
+#include <QFileInfo>
 #include <QTextCharFormat>
 #include <QUuid>
 
@@ -81,10 +82,38 @@ QString KTAdditions::stringByAppendingToFilename(const QString &receiver, const 
     return NSString::stringByAppendingPathExtension(name, NSString::pathExtension(receiver));
 }
 
+namespace {
+// What file systems allow.
+constexpr qsizetype LongestFileName = 255;
+
+bool isTaken(const QString &path)
+{
+    return NSFileManager::fileExistsAtPath(path) || QFileInfo(path).isSymLink();
+}
+
+bool isTooLong(const QString &path)
+{
+    return NSString::lastPathComponent(path).toUtf8().size() > LongestFileName;
+}
+
+/// A path with a suffix before its extension. Characters before the suffix give way to it.
+QString withSuffixThatFits(const QString &receiver, const QString &suffix)
+{
+    const QString extension = NSString::pathExtension(receiver);
+    QString stem = NSString::stringByDeletingPathExtension(receiver);
+    const auto path = [&] {
+        return NSString::stringByAppendingPathExtension(stem + suffix, extension);
+    };
+    while (isTooLong(path()) && NSString::lastPathComponent(stem).size() > 2)
+        stem.chop(stem.back().isLowSurrogate() ? 2 : 1);
+    return path();
+}
+} // namespace
+
 QString KTAdditions::uniqueFilePathForFilePath(const QString &receiver)
 {
     QString path = receiver;
-    for (int number = 2; NSFileManager::fileExistsAtPath(path); ++number)
-        path = stringByAppendingToFilename(receiver, NSString::stringWithFormat(u" %d", number));
+    for (int number = 2; isTaken(path); ++number)
+        path = withSuffixThatFits(receiver, NSString::stringWithFormat(u" %d", number));
     return path;
 }

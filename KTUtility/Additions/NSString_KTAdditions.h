@@ -44,9 +44,10 @@ KTUTILITY_EXPORT QVariant boolNumberValue(const QString &receiver);
 /// of it exists in ISO Latin 1.
 KTUTILITY_EXPORT bool shouldSearchWithCD(const QString &receiver);
 
-/// A path at which no file exists: the receiver, or the receiver with " 2", " 3" and so on at the
-/// end of its file name. The first number is 2, deliberately. Nothing is reserved: another process
-/// may take the path first.
+/// A path at which no file exists, nor a link to nothing: the receiver, or the receiver with " 2",
+/// " 3" and so on at the end of its file name. The first number is 2, deliberately. A name that a
+/// number makes longer than the 255 bytes of file systems loses characters before the number.
+/// Nothing is reserved: another process may take the path first.
 KTUTILITY_EXPORT QString uniqueFilePathForFilePath(const QString &receiver);
 
 /// The path with \a suffix before its extension: "Notes.txt" and "(old)" give "Notes(old).txt".

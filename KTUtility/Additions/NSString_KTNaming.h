@@ -10,7 +10,8 @@
 ///
 /// Everything works by Unicode code point. Alphanumeric is every letter, mark and number of every
 /// script; case mapping is Unicode's, the same in every locale. The results for identifiers are
-/// remembered in KTStringTransformCache, so that asking again costs a look-up. nil gives nil.
+/// remembered in KTStringTransformCache, so that asking again costs a look-up; like that cache, they
+/// are for the main thread only, though they look as if they changed nothing. nil gives nil.
 ///
 /// \code
 /// KTAdditions::propertyString(u"Date of birth"_s);     // "dateOfBirth"

@@ -121,6 +121,38 @@ TEST(NSString_KTAdditions, UniquePathsBeginWithTwo)
     EXPECT_EQ(uniqueFilePathForFilePath(root.path()), root.path() + u" 2"_s);
 }
 
+TEST(NSString_KTAdditions, UniquePathsCanBeMade)
+{
+    const QTemporaryDir root;
+    const struct
+    {
+        QString name;
+        QString expected;
+    } rows[] = {
+        {QString(251, u'a') + u".txt"_s, QString(249, u'a') + u" 2.txt"_s},
+        {QString(255, u'a'), QString(253, u'a') + u" 2"_s},
+        // Two bytes, then four to a character.
+        {u"x"_s + QString(127, u'é'), u"x"_s + QString(126, u'é') + u" 2"_s},
+        {u"xyz"_s + u"\U0001F600"_s.repeated(63),
+         u"xyz"_s + u"\U0001F600"_s.repeated(62) + u" 2"_s},
+    };
+    for (const auto &[name, expected] : rows) {
+        testing_support::writeFile(root.filePath(name), "x");
+        const QString path = uniqueFilePathForFilePath(root.filePath(name));
+        EXPECT_EQ(path, root.filePath(expected));
+        testing_support::writeFile(path, "x");
+        EXPECT_TRUE(QFile::exists(path));
+    }
+}
+
+TEST(NSString_KTAdditions, ALinkToNothingTakesItsPath)
+{
+    const QTemporaryDir root;
+    const QString link = root.filePath(u"Report.txt"_s);
+    ASSERT_TRUE(QFile::link(root.filePath(u"nothing"_s), link));
+    EXPECT_EQ(uniqueFilePathForFilePath(link), root.filePath(u"Report 2.txt"_s));
+}
+
 TEST(NSString_KTAdditions, MakesRandomUUIDs)
 {
     static const QRegularExpression form(
