@@ -20,5 +20,6 @@ QVariant KTString_KTDataTransformer::reverseTransformedValue(const QVariant &val
 {
     if (value.typeId() != QMetaType::QString || NSObject::isNil(value))
         return {};
-    return value.toString().toUtf8();
+    const QString text = value.toString();
+    return text.isValidUtf16() ? QVariant(text.toUtf8()) : QVariant();
 }

@@ -18,6 +18,7 @@ public:
     bool allowsReverseTransformation() const override { return true; }
     /// Data to text; nil for nil, for what is no data, and for bytes that are not valid UTF-8.
     QVariant transformedValue(const QVariant &value) const override;
-    /// Text to data; nil for nil and for what is no text.
+    /// Text to data; nil for nil, for what is no text, and for half a surrogate pair, which has no
+    /// form in UTF-8.
     QVariant reverseTransformedValue(const QVariant &value) const override;
 };

@@ -46,6 +46,8 @@ TEST(KTString_KTDataTransformer, RejectsWhatIsNotItsKind)
     EXPECT_FALSE(transformer.transformedValue(QByteArray("\xC3")).isValid());
     EXPECT_FALSE(transformer.transformedValue(QByteArray("\xED\xA0\x80")).isValid());
     EXPECT_FALSE(transformer.transformedValue(QByteArray("\xC0\x80")).isValid());
+    EXPECT_FALSE(transformer.reverseTransformedValue(QString(u"a"_s + QChar(0xD83D))).isValid());
+    EXPECT_FALSE(transformer.reverseTransformedValue(QString(QChar(0xDE00) + u"a"_s)).isValid());
     EXPECT_EQ(transformer.transformedValue(QByteArray("")).toString(), QString());
     EXPECT_TRUE(transformer.transformedValue(QByteArray("")).isValid());
     EXPECT_EQ(transformer.transformedValue(QByteArray("\xEF\xBB\xBFx")).toString().size(), 2);
