@@ -1,5 +1,7 @@
 #include "NSArray_KTAdditions.h"
 
+using namespace KTPrivate;
+
 namespace {
 /// Texts in the order of people; anything else behind them, in the order of its values.
 bool isBeforeForUser(const QVariant &left, const QVariant &right)
@@ -11,6 +13,12 @@ bool isBeforeForUser(const QVariant &left, const QVariant &right)
     if (isLeftText != isRightText)
         return isLeftText;
     return NSObject::compare(left, right) < 0;
+}
+
+/// Whether a method that compares found no difference.
+bool isSameOrder(const QVariant &result)
+{
+    return NSObject::isNumber(result) && NSObject::integerValue(result) == 0;
 }
 } // namespace
 
@@ -30,14 +38,19 @@ QVariantList KTAdditions::sortInUserFieldOrder(const QVariantList &list)
     return result;
 }
 
-bool KTAdditions::containsName(const QStringList &list, const QString &name)
+bool KTAdditions::containsName(const QStringList &list, const KTText &name)
 {
-    return !name.isNull() && list.contains(name);
+    return !name.isNull() && list.contains(name.string());
 }
 
-bool KTAdditions::containsName(const QVariantList &list, const QString &name)
+bool KTAdditions::containsName(const QVariantList &list, const KTText &name)
 {
-    return !name.isNull() && std::any_of(list.begin(), list.end(), [&](const QVariant &element) {
-        return NSObject::isEqualTo(element, name);
+    if (name.isNull())
+        return false;
+    Invoker compare("compare:", {name.string()});
+    return std::any_of(list.begin(), list.end(), [&](const QVariant &element) {
+        const KeyValueTarget target = KeyValueTarget::ofVariant(element);
+        return compare.respondsTo(target) ? isSameOrder(compare.perform(target))
+                                          : NSObject::isEqualTo(element, name.string());
     });
 }

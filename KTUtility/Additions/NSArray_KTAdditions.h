@@ -3,6 +3,8 @@
 #include "NSArray_KTSelectors.h"
 #include "NSArray_KTUniqueNames.h"
 #include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/Keys/KTText.h>
+#include <KTUtility/Platform/Keys/KTValue.h>
 #include <KTUtility/Platform/Keys/KeyAccessor.h>
 #include <KTUtility/Platform/Keys/KeyPath.h>
 #include <KTUtility/Platform/Keys/NSCollections.h>
@@ -22,10 +24,11 @@
 
 /// What the functions below share with those of sets.
 namespace KTAdditions_Private {
-/// The descriptors by which sortByKey() sorts: one, ascending.
-inline QList<NSSortDescriptor> makeSortDescriptorForKey(const QString &key)
+/// The descriptors by which sortByKey() sorts: one, ascending unless said otherwise.
+inline QList<NSSortDescriptor> makeSortDescriptorForKey(const KTText &key,
+                                                        Qt::SortOrder order = Qt::AscendingOrder)
 {
-    return {NSSortDescriptor{key, true}};
+    return {NSSortDescriptor{key, order == Qt::AscendingOrder}};
 }
 } // namespace KTAdditions_Private
 
@@ -34,18 +37,35 @@ inline QList<NSSortDescriptor> makeSortDescriptorForKey(const QString &key)
 /// Lists may be typed (QList<Field *> in, QList<Field *> out) or dynamic (QVariantList); elements
 /// answer keys as KeyValueCodable says. A list is a value: a function works on the list as it was
 /// when it was called, whatever is changed meanwhile. Keys that an element does not have raise
-/// NSUndefinedKeyException.
+/// NSUndefinedKeyException. Values may be passed as what they are (numbers, texts, pointers,
+/// enumerations, optional values; see KTValue), keys and names as any kind of text (KTText).
 ///
 /// Where a value "equals" another here, numbers are equal by value and nil equals nothing, not even
 /// nil (NSObject::isEqualTo()).
 ///
 /// \code
-/// Field *price = KTAdditions::objectWithValue(fields, u"Price"_s, u"name"_s);
-/// QList<Field *> mine = KTAdditions::objectsWithValue(fields, 7, u"library.number"_s);
+/// Field *price = KTAdditions::objectWithValue(fields, u"Price", u"name");
+/// QList<Field *> mine = KTAdditions::objectsWithValue(fields, library, u"library");
 /// QList<Field *> inOrder = KTAdditions::sortByOrder(fields);
 /// KTAdditions::adjustOrder(inOrder);    // 1, 2, 3 …
 /// \endcode
 namespace KTAdditions {
+namespace Detail {
+template<typename T>
+QVariantList boxedElements(const QList<T> &list)
+{
+    QVariantList elements;
+    elements.reserve(list.size());
+    for (const T &element : list)
+        elements += NSBoxed(element);
+    return elements;
+}
+
+/// The type in which elements of two lists are compared.
+template<typename T, typename Other>
+using Common = std::common_type_t<T, Other>;
+} // namespace Detail
+
 // --- Elements -----------------------------------------------------------------------------------
 
 /// Element 0; nil for an empty list.
@@ -64,11 +84,14 @@ NSNullable<T> singularObject(const QList<T> &list)
 
 // --- Sorting ------------------------------------------------------------------------------------
 
-/// A new list in ascending order of the values for \a key. Equal elements keep their order.
+/// A new list in the order of the values for \a key, which may be a key path; ascending unless
+/// said otherwise. Equal elements keep their order.
 template<KTPrivate::KeyValueCodable T>
-QList<T> sortByKey(const QList<T> &list, const QString &key)
+QList<T> sortByKey(const QList<T> &list, const KTText &key,
+                   Qt::SortOrder order = Qt::AscendingOrder)
 {
-    return NSSortDescriptor::sorted(list, KTAdditions_Private::makeSortDescriptorForKey(key));
+    return NSSortDescriptor::sorted(list,
+                                    KTAdditions_Private::makeSortDescriptorForKey(key, order));
 }
 
 /// A new list in ascending order of "order".
@@ -84,15 +107,21 @@ KTUTILITY_EXPORT QVariantList sortInUserFieldOrder(const QVariantList &list);
 
 // --- Finding ------------------------------------------------------------------------------------
 
-/// Whether one of the texts in the list is \a name, case-sensitive; false for nil.
-KTUTILITY_EXPORT bool containsName(const QStringList &list, const QString &name);
-KTUTILITY_EXPORT bool containsName(const QVariantList &list, const QString &name);
+/// Whether one of the texts in the list is \a name, case-sensitive; false for nil. Objects with an
+/// invokable `compare` are asked instead: the name is theirs if that returns 0.
+KTUTILITY_EXPORT bool containsName(const QStringList &list, const KTText &name);
+KTUTILITY_EXPORT bool containsName(const QVariantList &list, const KTText &name);
+template<KTPrivate::KeyValueCodable T>
+bool containsName(const QList<T> &list, const KTText &name)
+{
+    return containsName(Detail::boxedElements(list), name);
+}
 
 /// Whether an element has \a value for \a forKey; with a nil key, whether the list itself holds
 /// the value. NSNull() as the value finds elements whose value is nil. All elements must have the
 /// key, also those behind the one that is found.
 template<KTPrivate::KeyValueCodable T>
-bool containsObjectWithValue(const QList<T> &list, const QVariant &value, const QString &forKey)
+bool containsObjectWithValue(const QList<T> &list, const KTValue &value, const KTText &forKey)
 {
     if (forKey.isNull())
         return std::any_of(list.begin(), list.end(), [&](const T &element) {
@@ -112,9 +141,16 @@ bool containsObjectWithValue(const QList<T> &list, const QVariant &value, const 
     return isFound;
 }
 
+/// The same for elements that answer no keys, such as numbers: of use with a nil key.
+template<typename T>
+bool containsObjectWithValue(const QList<T> &list, const KTValue &value, const KTText &forKey)
+{
+    return containsObjectWithValue(Detail::boxedElements(list), value, forKey);
+}
+
 /// The first element whose value for \a forKey equals \a value; else nil.
 template<KTPrivate::KeyValueCodable T>
-NSNullable<T> objectWithValue(const QList<T> &list, const QVariant &value, const QString &forKey)
+NSNullable<T> objectWithValue(const QList<T> &list, const KTValue &value, const KTText &forKey)
 {
     KTPrivate::KeyAccessor accessor(forKey);
     const KTPrivate::ValueMatcher matcher(value);
@@ -125,12 +161,15 @@ NSNullable<T> objectWithValue(const QList<T> &list, const QVariant &value, const
     return {};
 }
 
-/// The first element whose value for the key path "usingKeyPath.forKey" equals \a value; else nil.
+/// The first element whose value for the key path "usingKeyPath.forKey" equals \a value; else nil,
+/// also for a nil key or path.
 template<KTPrivate::KeyValueCodable T>
-NSNullable<T> objectWithValue(const QList<T> &list, const QVariant &value, const QString &forKey,
-                              const QString &usingKeyPath)
+NSNullable<T> objectWithValue(const QList<T> &list, const KTValue &value, const KTText &forKey,
+                              const KTText &usingKeyPath)
 {
-    KTPrivate::KeyPath path(NSString::stringWithFormat(u"%@.%@", usingKeyPath, forKey));
+    if (forKey.isNull() || usingKeyPath.isNull())
+        return {};
+    KTPrivate::KeyPath path(usingKeyPath.string() + u'.' + forKey.string());
     const KTPrivate::ValueMatcher matcher(value);
     for (const T &element : list) {
         if (matcher.matches(path.read(KTPrivate::KeyValueTargets::target(element))))
@@ -141,7 +180,7 @@ NSNullable<T> objectWithValue(const QList<T> &list, const QVariant &value, const
 
 /// All elements whose value for the key path equals \a value, in order.
 template<KTPrivate::KeyValueCodable T>
-QList<T> objectsWithValue(const QList<T> &list, const QVariant &value, const QString &forKeyPath)
+QList<T> objectsWithValue(const QList<T> &list, const KTValue &value, const KTText &forKeyPath)
 {
     QList<T> result;
     KTPrivate::KeyPath path(forKeyPath);
@@ -155,17 +194,20 @@ QList<T> objectsWithValue(const QList<T> &list, const QVariant &value, const QSt
 
 // --- Comparing lists ----------------------------------------------------------------------------
 
-/// The elements, in order and with repeats, that \a other does not hold.
-template<typename T>
-QList<T> objectsNotInArray(const QList<T> &list, const QList<T> &other)
+/// The elements, in order and with repeats, that \a other does not hold. The lists may be of
+/// different types that have one in common: pointers to a class and to one derived from it.
+template<typename T, typename Other = T>
+QList<T> objectsNotInArray(const QList<T> &list, const QList<Other> &other)
 {
+    using Common = Detail::Common<T, Other>;
     QList<T> result;
     const auto keep = [&](const T &element, bool isInOther) {
         if (!isInOther)
             result += element;
     };
-    if constexpr (NSHashable<T>) {
-        const std::unordered_set<T, NSHash<T>, NSIsEqual<T>> known(other.begin(), other.end());
+    if constexpr (NSHashable<Common>) {
+        const std::unordered_set<Common, NSHash<Common>, NSIsEqual<Common>> known(other.begin(),
+                                                                                  other.end());
         for (const T &element : list)
             keep(element, known.contains(element));
     } else {
@@ -176,53 +218,60 @@ QList<T> objectsNotInArray(const QList<T> &list, const QList<T> &other)
 }
 
 /// The list without every element that equals one in \a other.
-template<typename T>
-QList<T> arrayByRemovingObjectsInArray(const QList<T> &list, const QList<T> &other)
+template<typename T, typename Other = T>
+QList<T> arrayByRemovingObjectsInArray(const QList<T> &list, const QList<Other> &other)
 {
     return objectsNotInArray(list, other);
 }
 
-/// For each of \a objects, the first position at which the list holds an equal element; objects
-/// that are not found add nothing.
-template<typename T>
-NSIndexSet indexOfObjects(const QList<T> &list, const QList<T> &objects)
+namespace Detail {
+/// Where each of \a objects is first in a list of elements that a table finds.
+template<typename Table, typename Elements, typename Objects>
+NSIndexSet firstIndexes(const Elements &list, const Objects &objects)
 {
+    Table table;
+    for (qsizetype index = 0; index < list.size(); ++index)
+        table.try_emplace(list.at(index), index);
     NSIndexSet indexes;
-    if constexpr (NSHashable<T>) {
-        std::unordered_map<T, qsizetype, NSHash<T>, NSIsEqual<T>> firstIndexes;
-        for (qsizetype index = 0; index < list.size(); ++index)
-            firstIndexes.try_emplace(list.at(index), index);
-        for (const T &object : objects) {
-            const auto found = firstIndexes.find(object);
-            if (found != firstIndexes.end())
-                indexes.insert(found->second);
-        }
-    } else {
-        for (const T &object : objects) {
-            const qsizetype index = list.indexOf(object);
-            if (index >= 0)
-                indexes.insert(index);
-        }
+    for (const auto &object : objects) {
+        const auto found = table.find(object);
+        if (found != table.end())
+            indexes.insert(found->second);
     }
     return indexes;
 }
+} // namespace Detail
+
+/// For each of \a objects, the first position at which the list holds an equal element; objects
+/// that are not found add nothing. The lists may differ in type as for objectsNotInArray().
+template<typename T, typename Other = T>
+NSIndexSet indexOfObjects(const QList<T> &list, const QList<Other> &objects)
+{
+    using Common = Detail::Common<T, Other>;
+    if constexpr (NSHashable<Common>) {
+        return Detail::firstIndexes<
+            std::unordered_map<Common, qsizetype, NSHash<Common>, NSIsEqual<Common>>>(list,
+                                                                                      objects);
+    } else {
+        NSIndexSet indexes;
+        for (const Other &object : objects)
+            indexes.insert(list.indexOf(object));
+        indexes.erase(-1);
+        return indexes;
+    }
+}
 
 /// As indexOfObjects(), for the same objects instead of equal ones; see NSObject::isIdenticalTo().
-template<typename T>
-NSIndexSet indexesOfExactObjects(const QList<T> &list, const QList<T> &objects)
+template<typename T, typename Other = T>
+NSIndexSet indexesOfExactObjects(const QList<T> &list, const QList<Other> &objects)
 {
     if constexpr (std::is_pointer_v<T>) {
         return indexOfObjects(list, objects);
     } else {
-        NSIndexSet indexes;
-        for (const T &object : objects) {
-            const auto found = std::find_if(list.begin(), list.end(), [&](const T &element) {
-                return NSObject::isIdenticalTo(NSBoxed(element), NSBoxed(object));
-            });
-            if (found != list.end())
-                indexes.insert(found - list.begin());
-        }
-        return indexes;
+        using Identity = KTPrivate::Identity;
+        return Detail::firstIndexes<
+            std::unordered_map<QVariant, qsizetype, Identity::Hash, Identity::IsSame>>(
+            Detail::boxedElements(list), Detail::boxedElements(objects));
     }
 }
 
@@ -231,7 +280,7 @@ NSIndexSet indexesOfExactObjects(const QList<T> &list, const QList<T> &objects)
 /// A dictionary from each element's value for \a key to the element. Elements whose value is nil
 /// are left out; for equal values the later element wins.
 template<KTPrivate::KeyValueCodable T>
-NSMapTable<QVariant, T> dictionaryIndexWithKey(const QList<T> &list, const QString &key)
+NSMapTable<QVariant, T> dictionaryIndexWithKey(const QList<T> &list, const KTText &key)
 {
     NSMapTable<QVariant, T> index;
     KTPrivate::KeyAccessor accessor(key);
@@ -256,9 +305,10 @@ NSMapTable<T, quint64> positionalDictionaryIndex(const QList<T> &list)
 
 /// A text of "prefix value postfix" for each element, without spaces between; the value is that
 /// for \a key, nil being "(null)". With a condition key, only elements whose value for it is true.
+/// A prefix and postfix that are not given are empty.
 template<KTPrivate::KeyValueCodable T>
-QString listWithKey(const QList<T> &list, const QString &key, const QString &prefix,
-                    const QString &postfix, const QString &condition)
+QString listWithKey(const QList<T> &list, const KTText &key, const KTText &prefix = u"",
+                    const KTText &postfix = u"", const KTText &condition = {})
 {
     QString result = QStringLiteral("");
     KTPrivate::KeyAccessor valueAccessor(key);
@@ -269,8 +319,8 @@ QString listWithKey(const QList<T> &list, const QString &key, const QString &pre
         // has the value nil on every object.
         const bool isMet = NSObject::boolValue(conditionAccessor.read(target));
         if (condition.isNull() || isMet)
-            result +=
-                NSString::stringWithFormat(u"%@%@%@", prefix, valueAccessor.read(target), postfix);
+            result += NSString::stringWithFormat(u"%@%@%@", prefix.string(),
+                                                 valueAccessor.read(target), postfix.string());
     }
     return result;
 }
@@ -296,7 +346,7 @@ void adjustOrder(List &list)
 /// Sets "order" of the elements to 1, 2, 3 and so on. Elements that have the right number already
 /// are not touched, so that nobody is notified of them.
 template<KTPrivate::KeyValueCodable T>
-    requires(NSDetail::HasNil<T>::value && !std::same_as<T, QVariant>)
+    requires(NSDetail::HasNil<T>::value && !std::same_as<T, QVariant> && !std::same_as<T, QString>)
 void adjustOrder(const QList<T> &list)
 {
     Detail::adjustOrder(list);
@@ -304,6 +354,7 @@ void adjustOrder(const QList<T> &list)
 
 /// The same for elements that are values (maps, gadgets) or may be.
 template<KTPrivate::KeyValueCodable T>
+    requires(!std::same_as<T, QString>)
 void adjustOrder(QList<T> &list)
 {
     Detail::adjustOrder(list);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <KTUtility/Platform/Keys/Invoker.h>
+#include <KTUtility/Platform/Keys/KTValue.h>
 #include <KTUtility/Platform/Keys/KeyValueTarget.h>
 #include <KTUtility/Platform/Keys/NSCollections.h>
 #include <KTUtility/Platform/Keys/NSSelector.h>
@@ -22,9 +23,9 @@
 /// \code
 /// KTAdditions::objectsSatisfyingCondition(fields, "isVisible");
 /// KTAdditions::objectsSatisfyingCondition(fields, "isBiggerThan:", 10);
-/// KTAdditions::objectsSatisfyingCondition(fields, "accepts:in:", owner, record);    // owner
-/// decides KTAdditions::objectsSatisfyingCondition(fields, [](const Field *f) { return f->size() >
-/// 10; }); KTAdditions::arrayByPerformingSelector(fields, &Field::name);    // QList<QString>
+/// KTAdditions::objectsSatisfyingCondition(fields, "accepts:in:", owner, record);    // owner decides
+/// KTAdditions::objectsSatisfyingCondition(fields, [](const Field *f) { return f->size() > 10; });
+/// KTAdditions::arrayByPerformingSelector(fields, &Field::name);    // QList<QString>
 /// \endcode
 namespace KTAdditions {
 /// What may be passed where a condition over T is asked.
@@ -40,10 +41,10 @@ concept FunctionOver = !std::convertible_to<F, NSSelector> && std::invocable<F, 
 /// \throws NSException NSInvalidArgumentException if two overloads of the method fit.
 template<KTPrivate::KeyValueCodable T>
 QList<T> objectsSatisfyingCondition(const QList<T> &list, const NSSelector &selector,
-                                    const QVariant &withObject = {})
+                                    const KTValue &withObject = {})
 {
     QList<T> result;
-    KTPrivate::Invoker condition(selector, {withObject});
+    KTPrivate::Invoker condition(selector, {withObject.variant()});
     for (const T &element : list) {
         if (condition.isTrue(KTPrivate::KeyValueTargets::target(element)))
             result += element;
@@ -56,10 +57,10 @@ QList<T> objectsSatisfyingCondition(const QList<T> &list, const NSSelector &sele
 /// \throws NSException NSInvalidArgumentException if two overloads of the method fit.
 template<typename T, KTPrivate::KeyValueCodable Target>
 QList<T> objectsSatisfyingCondition(const QList<T> &list, const NSSelector &selector,
-                                    const Target &onTarget, const QVariant &withContext)
+                                    const Target &onTarget, const KTValue &withContext)
 {
     QList<T> result;
-    KTPrivate::Invoker condition(selector, {QVariant(), withContext});
+    KTPrivate::Invoker condition(selector, {QVariant(), withContext.variant()});
     const KTPrivate::KeyValueTarget target = KTPrivate::KeyValueTargets::target(onTarget);
     for (const T &element : list) {
         condition.setArgument(0, NSBoxed(element));
@@ -87,10 +88,10 @@ QList<T> objectsSatisfyingCondition(const QList<T> &list, F &&condition)
 /// overloads of it fit.
 template<KTPrivate::KeyValueCodable T>
 QVariantList arrayByPerformingSelector(const QList<T> &list, const NSSelector &selector,
-                                       const QVariant &withObject = {})
+                                       const KTValue &withObject = {})
 {
     QVariantList results;
-    KTPrivate::Invoker method(selector, {withObject});
+    KTPrivate::Invoker method(selector, {withObject.variant()});
     for (const T &element : list) {
         const QVariant result = method.perform(KTPrivate::KeyValueTargets::target(element));
         if (result.isValid())
@@ -105,10 +106,10 @@ QVariantList arrayByPerformingSelector(const QList<T> &list, const NSSelector &s
 /// overloads of it fit.
 template<typename T, KTPrivate::KeyValueCodable Target>
 QVariantList arrayByPerformingSelector(const QList<T> &list, const NSSelector &selector,
-                                       const Target &onTarget, const QVariant &withObject)
+                                       const Target &onTarget, const KTValue &withObject)
 {
     QVariantList results;
-    KTPrivate::Invoker method(selector, {QVariant(), withObject});
+    KTPrivate::Invoker method(selector, {QVariant(), withObject.variant()});
     const KTPrivate::KeyValueTarget target = KTPrivate::KeyValueTargets::target(onTarget);
     for (const T &element : list) {
         method.setArgument(0, NSBoxed(element));
@@ -143,9 +144,9 @@ auto arrayByPerformingSelector(const QList<T> &list, F &&function)
 /// overloads of it fit.
 template<typename T, KTPrivate::KeyValueCodable Target>
 void performSelector(const QList<T> &list, const NSSelector &selector, const Target &onTarget,
-                     const QVariant &withObject)
+                     const KTValue &withObject)
 {
-    KTPrivate::Invoker method(selector, {QVariant(), withObject});
+    KTPrivate::Invoker method(selector, {QVariant(), withObject.variant()});
     const KTPrivate::KeyValueTarget target = KTPrivate::KeyValueTargets::target(onTarget);
     for (const T &element : list) {
         method.setArgument(0, NSBoxed(element));

@@ -6,6 +6,7 @@
 #include <KTUtility/Platform/Text/NSStringTrim.h>
 
 #include <algorithm>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -14,6 +15,8 @@ namespace {
 constexpr char16_t SourceFile[] = u"Additions/NSArray_KTAdditions";
 constexpr int NilBaseLine = 154;
 constexpr int EmptyBaseLine = 156;
+
+constexpr int LargestNumber = std::numeric_limits<int>::max();
 
 void failPrecondition(int line, const QString &description)
 {
@@ -58,8 +61,15 @@ void KTAdditions::NameClashes::seeName(QStringView name)
     if (rest.isEmpty())
         _isBaseTaken = true;
     else if (rest.startsWith(_separator))
-        _takenNumbers[writtenNumber(rest.sliced(_separator.size()), _takenNumbers.size() - 1)] =
-            true;
+        takeNumber(writtenNumber(rest.sliced(_separator.size()), size_t(LargestNumber)));
+}
+
+void KTAdditions::NameClashes::takeNumber(size_t number)
+{
+    if (number < _takenNumbers.size())
+        _takenNumbers[number] = true;
+    else
+        _largeNumbers.insert(number);
 }
 
 int KTAdditions::NameClashes::firstFreeNumber() const
@@ -67,7 +77,10 @@ int KTAdditions::NameClashes::firstFreeNumber() const
     if (!_isBaseTaken)
         return 0;
     const auto free = std::find(_takenNumbers.begin() + 1, _takenNumbers.end(), false);
-    return int(free - _takenNumbers.begin());
+    auto number = size_t(free - _takenNumbers.begin());
+    while (_largeNumbers.contains(number))
+        ++number;
+    return int(number);
 }
 
 QString KTAdditions::NameClashes::name(int number) const

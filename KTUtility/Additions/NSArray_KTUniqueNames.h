@@ -1,12 +1,14 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/Keys/KTText.h>
 #include <KTUtility/Platform/Keys/KeyAccessor.h>
 #include <KTUtility/Platform/Keys/NSCollections.h>
 
 #include <QList>
 #include <QString>
 
+#include <unordered_set>
 #include <vector>
 
 /// Names that no element of a list has yet: the base, or the base with a number.
@@ -14,10 +16,10 @@
 /// The cost is one pass over the values, however many of them clash.
 ///
 /// \code
-/// KTAdditions::uniqueStringWithBase(fields, u" Field "_s);    // "Field 2" beside
-///                                                                          // Field and Field 1
-/// KTAdditions::internalUniqueStringWithBase(fields, u"My Field"_s, u"name"_s);
+/// KTAdditions::uniqueStringWithBase(fields, u" Field ");    // "Field 2" beside Field and Field 1
+/// KTAdditions::internalUniqueStringWithBase(fields, u"My Field", u"name");
 ///     // "MyField", then "MyField1"
+/// KTAdditions::uniqueStringWithBase(titles, u"Untitled", {});    // among texts themselves
 /// \endcode
 namespace KTAdditions {
 /// The names of a list that are a base and a number, seen one by one. The pieces of the functions
@@ -27,7 +29,7 @@ class KTUTILITY_EXPORT NameClashes
 public:
     /// \param base the text that the names begin with.
     /// \param separator what stands between the base and a number.
-    /// \param count how many values will be seen.
+    /// \param count how many values will be seen, about.
     NameClashes(const QString &base, const QString &separator, qsizetype count);
 
     /// A value of an element; what is no text clashes with nothing.
@@ -41,11 +43,15 @@ public:
     QString name(int number) const;
 
 private:
+    void takeNumber(size_t number);
+
     QString _base;
     QString _separator;
     bool _isBaseTaken = false;
-    // Among n values, one of the numbers 1 to n + 1 is free: larger ones need not be kept.
+    // Among n values, one of the numbers 1 to n + 1 is free: larger ones are not asked for unless
+    // more than n values are seen.
     std::vector<bool> _takenNumbers;
+    std::unordered_set<size_t> _largeNumbers;
 };
 
 /// What uniqueStringWithBase() makes of its base: without whitespace and newlines at both ends.
@@ -80,8 +86,8 @@ void seeValues(const QList<T> &list, const QString &key, See see)
 /// \throws NSException NSInternalInconsistencyException if the base is nil or only whitespace; see
 /// trimmedUniqueBase().
 template<KTPrivate::KeyValueCodable T>
-QString uniqueStringWithBase(const QList<T> &list, const QString &base,
-                             const QString &forKey = QStringLiteral("name"))
+QString uniqueStringWithBase(const QList<T> &list, const KTText &base,
+                             const KTText &forKey = u"name")
 {
     NameClashes clashes(trimmedUniqueBase(base), QStringLiteral(" "), list.size());
     Detail::seeValues(list, forKey, [&](const QVariant &value) { clashes.seeValue(value); });
@@ -91,8 +97,7 @@ QString uniqueStringWithBase(const QList<T> &list, const QString &base,
 /// A name for the machine: the base without any whitespace, else with 1, 2 and so on directly
 /// behind it: the first that no element has for \a forKey, exactly. nil gives nil.
 template<KTPrivate::KeyValueCodable T>
-QString internalUniqueStringWithBase(const QList<T> &list, const QString &base,
-                                     const QString &forKey)
+QString internalUniqueStringWithBase(const QList<T> &list, const KTText &base, const KTText &forKey)
 {
     NameClashes clashes(strippedUniqueBase(base), QStringLiteral(""), list.size());
     Detail::seeValues(list, forKey, [&](const QVariant &value) { clashes.seeValue(value); });
@@ -102,8 +107,8 @@ QString internalUniqueStringWithBase(const QList<T> &list, const QString &base,
 /// As internalUniqueStringWithBase(), but a name that differs only in case counts as taken. The
 /// result keeps the case of the base: Name beside name and NAME1 gives Name2.
 template<KTPrivate::KeyValueCodable T>
-QString internalCaseInsensitiveUniqueStringWithBase(const QList<T> &list, const QString &base,
-                                                    const QString &forKey)
+QString internalCaseInsensitiveUniqueStringWithBase(const QList<T> &list, const KTText &base,
+                                                    const KTText &forKey)
 {
     const QString stripped = strippedUniqueBase(base);
     NameClashes clashes(lowercaseValue(stripped), QStringLiteral(""), list.size());

@@ -6,6 +6,7 @@
 #include <QList>
 
 #include <algorithm>
+#include <type_traits>
 
 /// Lists that people re-order.
 ///
@@ -18,7 +19,7 @@ namespace KTMutableArrayAdditions {
 /// is none; moving to a higher position puts it one place earlier than that. Every element equal to
 /// the object is removed first. Moving an element onto its own position changes nothing.
 template<typename T>
-void moveObject(QList<T> &list, const T &object, qsizetype toIndex)
+void moveObject(QList<T> &list, const std::type_identity_t<T> &object, qsizetype toIndex)
 {
     const NSIsEqual<T> isEqual;
     const T moved = object;
@@ -37,7 +38,7 @@ void moveObject(QList<T> &list, const T &object, qsizetype toIndex)
 /// Inserts all of \a objects as a block that begins at \a atIndex.
 /// \throws NSException NSRangeException if the index is beyond the end of the list.
 template<typename T>
-void insertObjects(QList<T> &list, const QList<T> &objects, qsizetype atIndex)
+void insertObjects(QList<T> &list, const std::type_identity_t<QList<T>> &objects, qsizetype atIndex)
 {
     if (atIndex < 0 || atIndex > list.size())
         NSException::raise(NSRangeException,
@@ -58,7 +59,7 @@ void insertObjects(QList<T> &list, const QList<T> &objects, qsizetype atIndex)
 namespace KTStackAdditions {
 /// Puts an object on top.
 template<typename T>
-void push(QList<T> &stack, const T &object)
+void push(QList<T> &stack, const std::type_identity_t<T> &object)
 {
     stack.append(object);
 }

@@ -11,7 +11,7 @@
 ///
 /// \code
 /// QSet<Field *> visible = KTAdditions::objectsSatisfyingCondition(fields, "isVisible");
-/// QList<Field *> inOrder = KTAdditions::sortedArrayUsingKey(fields, u"order"_s);
+/// QList<Field *> inOrder = KTAdditions::sortedArrayUsingKey(fields, u"order");
 /// \endcode
 namespace KTAdditions {
 namespace Detail {
@@ -43,22 +43,25 @@ NSNullable<typename S::value_type> singularObject(const S &set)
     return set.size() == 1 ? Element(*set.begin()) : Element();
 }
 
-/// The descriptors by which sortedArrayUsingKey() sorts: one, ascending.
-inline QList<NSSortDescriptor> _makeSortDescriptorForKey(const QString &key)
+/// The descriptors by which sortedArrayUsingKey() sorts: one, ascending unless said otherwise.
+inline QList<NSSortDescriptor> _makeSortDescriptorForKey(const KTText &key,
+                                                         Qt::SortOrder order = Qt::AscendingOrder)
 {
-    return KTAdditions_Private::makeSortDescriptorForKey(key);
+    return KTAdditions_Private::makeSortDescriptorForKey(key, order);
 }
 
-/// The elements in ascending order of their values for \a key.
+/// The elements in the order of their values for \a key, which may be a key path; ascending unless
+/// said otherwise.
 template<NSSetOf S>
-QList<typename S::value_type> sortedArrayUsingKey(const S &set, const QString &key)
+QList<typename S::value_type> sortedArrayUsingKey(const S &set, const KTText &key,
+                                                  Qt::SortOrder order = Qt::AscendingOrder)
 {
-    return NSSortDescriptor::sorted(Detail::allObjects(set), _makeSortDescriptorForKey(key));
+    return NSSortDescriptor::sorted(Detail::allObjects(set), _makeSortDescriptorForKey(key, order));
 }
 
 /// Whether an element has \a value for \a forKey.
 template<NSSetOf S>
-bool containsObjectWithValue(const S &set, const QVariant &value, const QString &forKey)
+bool containsObjectWithValue(const S &set, const KTValue &value, const KTText &forKey)
 {
     // A set of values holds no nil, and a nil key has the value nil on every element.
     return !forKey.isNull() && !isNSNull(value) &&
@@ -67,8 +70,8 @@ bool containsObjectWithValue(const S &set, const QVariant &value, const QString 
 
 /// An element whose value for \a forKey equals \a value; nil if there is none.
 template<NSSetOf S>
-NSNullable<typename S::value_type> objectWithValue(const S &set, const QVariant &value,
-                                                   const QString &forKey)
+NSNullable<typename S::value_type> objectWithValue(const S &set, const KTValue &value,
+                                                   const KTText &forKey)
 {
     return objectWithValue(Detail::allObjects(set), value, forKey);
 }
@@ -76,7 +79,7 @@ NSNullable<typename S::value_type> objectWithValue(const S &set, const QVariant 
 /// The elements that the list version keeps; see NSArray_KTSelectors.h.
 template<NSSetOf S>
 S objectsSatisfyingCondition(const S &set, const NSSelector &selector,
-                             const QVariant &withObject = {})
+                             const KTValue &withObject = {})
 {
     return Detail::setOf<S>(
         objectsSatisfyingCondition(Detail::allObjects(set), selector, withObject));
@@ -85,7 +88,7 @@ S objectsSatisfyingCondition(const S &set, const NSSelector &selector,
 /// The elements for which a method of \a onTarget, given the element and \a withContext, is true.
 template<NSSetOf S, KTPrivate::KeyValueCodable Target>
 S objectsSatisfyingCondition(const S &set, const NSSelector &selector, const Target &onTarget,
-                             const QVariant &withContext)
+                             const KTValue &withContext)
 {
     return Detail::setOf<S>(
         objectsSatisfyingCondition(Detail::allObjects(set), selector, onTarget, withContext));
@@ -102,7 +105,7 @@ S objectsSatisfyingCondition(const S &set, F &&condition)
 /// The results that the list version gives, each once; see NSArray_KTSelectors.h.
 template<NSSetOf S>
 NSSet setByPerformingSelector(const S &set, const NSSelector &selector,
-                              const QVariant &withObject = {})
+                              const KTValue &withObject = {})
 {
     return NSSet(arrayByPerformingSelector(Detail::allObjects(set), selector, withObject));
 }

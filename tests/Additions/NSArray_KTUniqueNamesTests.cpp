@@ -69,6 +69,26 @@ TEST_F(NSArray_KTUniqueNamesTests, UniqueNamesRejectNilAndBlankBases)
                              u"Additions/NSArray_KTAdditions:154"));
 }
 
+TEST_F(NSArray_KTUniqueNamesTests, TextsAreNamesThemselves)
+{
+    const QStringList names{u"Field"_s, u"Field 1"_s};
+    EXPECT_EQ(uniqueStringWithBase(names, u"Field", {}), u"Field 2"_s);
+    EXPECT_EQ(uniqueStringWithBase(names, u"Field", u"self"), u"Field 2"_s);
+    EXPECT_EQ(internalUniqueStringWithBase(names, "Field", QString()), u"Field1"_s);
+    EXPECT_EQ(internalCaseInsensitiveUniqueStringWithBase(names, u"FIELD", u"self"), u"FIELD1"_s);
+}
+
+TEST_F(NSArray_KTUniqueNamesTests, MoreNamesThanAnnouncedAreRemembered)
+{
+    for (const int step : {1, -1}) {
+        NameClashes clashes(u"Field"_s, u" "_s, 1);
+        clashes.seeName(u"Field");
+        for (int number = step > 0 ? 1 : 9; number >= 1 && number <= 9; number += step)
+            clashes.seeName(QString(u"Field "_s + QString::number(number)));
+        EXPECT_EQ(clashes.firstFreeNumber(), 10);
+    }
+}
+
 TEST_F(NSArray_KTUniqueNamesTests, HostileNamesStayUnique)
 {
     for (const QString &text : testing_support::hostileTexts()) {

@@ -1,6 +1,7 @@
 #include <KTUtility/NSException>
 #include <KTUtility/NSMutableArray_KTAdditions>
 
+#include "support/TestField.h"
 #include "support/TestSupport.h"
 
 using namespace Qt::StringLiterals;
@@ -28,6 +29,23 @@ TEST(NSMutableArray_KTAdditions, TheMovedObjectMayBeAReferenceIntoTheList)
     EXPECT_EQ(list.join(QString()), u"BA"_s);
     KTMutableArrayAdditions::insertObjects(list, list, 1);
     EXPECT_EQ(list.join(QString()), u"BBAA"_s);
+}
+
+TEST(NSMutableArray_KTAdditions, ObjectsMayBeOfADerivedClass)
+{
+    QList<QObject *> list;
+    TestField field;
+    KTStackAdditions::push(list, &field);
+    KTStackAdditions::push(list, nullptr);
+    KTMutableArrayAdditions::moveObject(list, &field, 2);
+    EXPECT_EQ(list, QList<QObject *>({nullptr, &field}));
+    KTMutableArrayAdditions::insertObjects(list, {&field, &field}, 0);
+    EXPECT_EQ(list.count(&field), 3);
+    KTMutableArrayAdditions::moveObject(list, nullptr, 0);
+    EXPECT_EQ(list.first(), nullptr);
+    QVariantList values;
+    KTStackAdditions::push(values, 3);
+    EXPECT_EQ(KTStackAdditions::pop(values), QVariant(3));
 }
 
 TEST(NSMutableArray_KTAdditions, InsertingBeyondTheEndRaises)

@@ -2,6 +2,7 @@
 
 #include <KTUtility/KTBaseValueTransformer>
 #include <KTUtility/KTSingleObjectFilter>
+#include <KTUtility/NSCollections>
 #include <KTUtility/NSException>
 
 #include "BinderSupport.h"
@@ -381,6 +382,16 @@ TEST_F(KTFieldDetailBinderTests, TheCollectionMayBeMadeByATransformer)
     binder->bind(Fields, &library, u"any"_s,
                  {{NSValueTransformerNameBindingOption, u"KTSingleObjectFilter"_s}});
     EXPECT_TRUE(form.views.empty());
+}
+
+TEST_F(KTFieldDetailBinderTests, TheCollectionMayBeASet)
+{
+    library.setAny(QVariant::fromValue(NSSet{QVariant::fromValue(&a), QVariant::fromValue(&b)}));
+    binder->bind(Fields, &library, u"any"_s, {});
+    EXPECT_EQ(form.views.size(), 2U);
+    library.setAny(QVariant::fromValue(NSSet{QVariant::fromValue(&b)}));
+    EXPECT_EQ(form.views.size(), 1U);
+    EXPECT_NE(form.view(u"B"_s), nullptr);
 }
 
 TEST_F(KTFieldDetailBinderTests, WhatIsNoFieldIsPassedOver)

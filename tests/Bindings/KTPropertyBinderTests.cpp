@@ -45,6 +45,18 @@ TEST(KTPropertyBinder, CopiesBackWhatTheOwnerChanges)
     EXPECT_EQ(view.sets, 2);
 }
 
+TEST(KTPropertyBinder, OtherOwnersSeeWhatNoSignalReports)
+{
+    ObservedRecord record;
+    BoundView one;
+    BoundView other;
+    one.bind(NSValueBinding, &record, u"silent"_s, {});
+    other.bind(NSValueBinding, &record, u"silent"_s, {});
+    one.type(5);
+    EXPECT_EQ(record.silent(), 5);
+    EXPECT_EQ(other.value(), QVariant(5));
+}
+
 TEST(KTPropertyBinder, ThereIsNoEcho)
 {
     ObservedRecord record(Name, 1);

@@ -19,6 +19,7 @@ TEST(KTBaseValueTransformer, CountsFromOneAndRunsOver)
     EXPECT_EQ(transformer->transformedValue(u"41"_s), QVariant(42U));
     EXPECT_FALSE(transformer->transformedValue(nil).isValid());
     EXPECT_FALSE(transformer->reverseTransformedValue(QVariant(QString())).isValid());
+    EXPECT_EQ(transformer->transformedValue(QVariant::fromValue(Qt::Wednesday)), QVariant(4U));
     const auto reversed = KTBaseValueTransformer::reversedValueTransformer();
     EXPECT_EQ(reversed->transformedValue(1), QVariant(0U));
     EXPECT_EQ(reversed->transformedValue(0), QVariant(4294967295U));

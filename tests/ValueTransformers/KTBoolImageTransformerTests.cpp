@@ -18,8 +18,8 @@ TEST(KTBoolImageTransformer, ShowsOneOfTwoImages)
     transformer.setOnImage(on);
     EXPECT_FALSE(transformer.transformedValue(false).isValid());
     transformer.setOffImage(off);
-    for (const QVariant &value :
-         {QVariant(true), QVariant(1), QVariant(-0.5), QVariant(u"yes"_s), QVariant(u"1"_s)})
+    for (const QVariant &value : {QVariant(true), QVariant(1), QVariant(-0.5), QVariant(u"yes"_s),
+                                  QVariant(u"1"_s), QVariant::fromValue(Qt::Checked)})
         EXPECT_EQ(transformer.transformedValue(value).value<QImage>().size(), QSize(1, 1));
     for (const QVariant &value : {QVariant(false), QVariant(0), QVariant(u"no"_s), QVariant(u""_s)})
         EXPECT_EQ(transformer.transformedValue(value).value<QImage>().size(), QSize(2, 2));

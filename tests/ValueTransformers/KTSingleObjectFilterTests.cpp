@@ -1,4 +1,5 @@
 #include <KTUtility/KTSingleObjectFilter>
+#include <KTUtility/NSCollections>
 
 #include "support/TestSupport.h"
 
@@ -35,6 +36,7 @@ TEST(KTSingleObjectFilter, TakesListsOfOtherTypes)
 {
     const auto filter = KTSingleObjectFilter::valueTransformer();
     EXPECT_EQ(filter->transformedValue(QStringList{u"a"_s, u"b"_s}), QVariant(u"a"_s));
+    EXPECT_EQ(filter->transformedValue(QVariant::fromValue(NSSet{7})), QVariant(7));
     EXPECT_EQ(filter->reverseTransformedValue(QVariantList{1}),
               QVariant(QVariantList{QVariant(QVariantList{1})}));
 }

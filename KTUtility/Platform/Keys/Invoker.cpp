@@ -1,5 +1,6 @@
 #include "Invoker.h"
 
+#include "ValueConversion_p.h"
 #include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
@@ -76,8 +77,8 @@ void Invoker::prepareArgument(int index)
     converted = argument;
     if (type.id() == QMetaType::QVariant || argument.metaType() == type)
         return;
-    if (!argument.isValid() || !converted.convert(type))
-        converted = QVariant(type);
+    converted = argument.isValid() ? convertedValue(argument, type).value_or(QVariant(type))
+                                   : QVariant(type);
 }
 
 void Invoker::useMethod(const QMetaMethod &method)

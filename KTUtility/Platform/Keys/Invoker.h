@@ -14,7 +14,8 @@ namespace KTPrivate {
 ///
 /// The method is looked up once for each class and then called directly. Methods are the invokable
 /// methods and slots of QObjects and gadgets, and readable properties for selectors without
-/// parameters. Arguments are converted to the parameters' types; nil becomes the type's default.
+/// parameters. Arguments are converted to the parameters' types, numbers as the platform converts
+/// them (without their fractions); nil and what has no such type become the type's default.
 /// Make one for each pass over a collection and throw it away.
 ///
 /// \code
@@ -37,6 +38,10 @@ public:
     /// Whether a receiver has the method of a selector; not for nil.
     /// \throws NSException NSInvalidArgumentException if two overloads fit.
     static bool respondsTo(const KeyValueTarget &receiver, const NSSelector &selector);
+
+    /// Whether a receiver has the method; not for nil.
+    /// \throws NSException NSInvalidArgumentException if two overloads fit.
+    bool respondsTo(const KeyValueTarget &receiver) { return resolve(receiver); }
 
     /// Replaces an argument.
     void setArgument(int index, const QVariant &value);

@@ -37,6 +37,13 @@ int indexOfGetter(const QMetaObject *metaObject, const QByteArray &name)
                           method.returnMetaType().isValid();
     return isGetter ? index : -1;
 }
+
+QVariant selfOf(const KeyValueTarget &target)
+{
+    if (target.kind == KeyValueTarget::Kind::Object)
+        return QVariant::fromValue(target.object());
+    return QVariant(target.metaObject->metaType(), target.instance);
+}
 } // namespace
 
 KeyAccessor::KeyAccessor(const QString &key) : _key(key), _utf8Key(key.toUtf8()) {}
@@ -91,6 +98,14 @@ bool KeyAccessor::resolveDynamic(const KeyValueTarget &target)
     return true;
 }
 
+bool KeyAccessor::resolveSelf()
+{
+    if (_key != u"self")
+        return false;
+    _source = Source::Self;
+    return true;
+}
+
 /// Whether the object answers the key by itself; then the value is read.
 bool KeyAccessor::readFromCodingObject(const KeyValueTarget &target)
 {
@@ -109,10 +124,10 @@ void KeyAccessor::resolveClass(const KeyValueTarget &target)
     // Qt's look-ups end at a NUL.
     if (_key.isEmpty() || _key.contains(QChar::Null) ||
         (!resolveProperty(target.metaObject) && !resolveMethod(target.metaObject) &&
-         !resolveDynamic(target)))
+         !resolveDynamic(target) && !resolveSelf()))
         raiseUndefinedKey(target);
     // Dynamic properties belong to one object, not to its class.
-    if (_source == Source::Dynamic)
+    if (_source == Source::Dynamic || _source == Source::Self)
         return;
     _metaObject = target.metaObject;
     _isVariant = _type.id() == QMetaType::QVariant;
@@ -122,8 +137,11 @@ void KeyAccessor::resolveClass(const KeyValueTarget &target)
 
 void KeyAccessor::resolve(const KeyValueTarget &target)
 {
+    using Kind = KeyValueTarget::Kind;
     const bool isSameClass = target.metaObject && target.metaObject == _metaObject;
-    if (!isSameClass && (target.metaObject || target.kind == KeyValueTarget::Kind::Opaque))
+    const bool mayLackKeys =
+        target.metaObject || target.kind == Kind::Opaque || target.kind == Kind::Text;
+    if (!isSameClass && mayLackKeys)
         readOther(target);
 }
 
@@ -168,7 +186,38 @@ const QVariant &KeyAccessor::readCollection(const QVariant &collection)
         const QVariant &value = each.read(KeyValueTarget::ofVariant(element));
         values += NSObject::isNil(value) ? NSNull() : value;
     }
-    return _value = values;
+    return _value = collected(collection, values);
+}
+
+const QVariant &KeyAccessor::readText(const KeyValueTarget &target)
+{
+    const QString &text = *static_cast<const QString *>(target.instance);
+    if (_key == u"length")
+        return _value = QVariant(text.size());
+    if (_key == u"self")
+        return _value = text;
+    raiseUndefinedKey(target);
+}
+
+const QVariant &KeyAccessor::readOpaque(const KeyValueTarget &target)
+{
+    if (_key == u"self")
+        return *static_cast<const QVariant *>(target.instance);
+    raiseUndefinedKey(target);
+}
+
+const QVariant &KeyAccessor::readObject(const KeyValueTarget &target)
+{
+    if (readFromCodingObject(target)) {
+        _metaObject = nullptr;
+        return _value;
+    }
+    resolveClass(target);
+    if (_source == Source::Dynamic)
+        return boxed(_value = target.object()->property(_utf8Key.constData()));
+    if (_source == Source::Self)
+        return _value = selfOf(target);
+    return readResolved(target);
 }
 
 const QVariant &KeyAccessor::readOther(const KeyValueTarget &target)
@@ -188,18 +237,12 @@ const QVariant &KeyAccessor::readOther(const KeyValueTarget &target)
     case Kind::Collection:
         _metaObject = nullptr;
         return readCollection(*static_cast<const QVariant *>(target.instance));
-    case Kind::Opaque:
-        raiseUndefinedKey(target);
-    case Kind::Object:
-    case Kind::Gadget:
-        break;
-    }
-    if (readFromCodingObject(target)) {
+    case Kind::Text:
         _metaObject = nullptr;
-        return _value;
+        return readText(target);
+    case Kind::Opaque:
+        return readOpaque(target);
+    default:
+        return readObject(target);
     }
-    resolveClass(target);
-    if (_source == Source::Dynamic)
-        return boxed(_value = target.object()->property(_utf8Key.constData()));
-    return readResolved(target);
 }

@@ -18,8 +18,10 @@ namespace KTPrivate {
 ///
 /// A key is found, in this order, by the object itself (NSKeyValueCodingObject); as a property; as
 /// an invokable method without parameters named get<Key>, <key>, is<Key> or _<key>; as a dynamic
-/// property. Maps answer their entries. Lists and sets answer a list of their elements' values with
-/// NSNull() for nil. A nil key has the value nil on every object.
+/// property. Maps answer their entries. Lists and Qt's sets answer a list of their elements' values
+/// with NSNull() for nil; an NSSet answers the set of its elements' values, without nil. Texts
+/// answer "length". "self" is the object itself, unless it has such a key; lists answer that of
+/// their elements. A nil key has the value nil on every object.
 ///
 /// \code
 /// KeyAccessor name(u"name"_s);
@@ -48,17 +50,21 @@ public:
     void resolve(const KeyValueTarget &target);
 
 private:
-    enum class Source : quint8 { None, Property, Method, Dynamic };
+    enum class Source : quint8 { None, Property, Method, Dynamic, Self };
 
     const QVariant &readResolved(const KeyValueTarget &target);
     const QVariant &readOther(const KeyValueTarget &target);
     const QVariant &readMetaCall(const KeyValueTarget &target, int call);
     const QVariant &readCollection(const QVariant &collection);
+    const QVariant &readText(const KeyValueTarget &target);
+    const QVariant &readOpaque(const KeyValueTarget &target);
+    const QVariant &readObject(const KeyValueTarget &target);
     bool readFromCodingObject(const KeyValueTarget &target);
     void resolveClass(const KeyValueTarget &target);
     bool resolveProperty(const QMetaObject *metaObject);
     bool resolveMethod(const QMetaObject *metaObject);
     bool resolveDynamic(const KeyValueTarget &target);
+    bool resolveSelf();
     [[noreturn]] void raiseUndefinedKey(const KeyValueTarget &target) const;
 
     QString _key;

@@ -56,6 +56,13 @@ QVariantList withoutNull(QVariantList values)
 }
 } // namespace
 
+QVariant KTPrivate::collected(const QVariant &collection, const QVariantList &values)
+{
+    if (collection.metaType() != QMetaType::fromType<NSSet>())
+        return values;
+    return QVariant::fromValue(NSSet(withoutNull(values)));
+}
+
 bool KTPrivate::isCollectionOperator(const QString &key)
 {
     return key.startsWith(u'@') && key != u"@count";
@@ -124,5 +131,6 @@ const QVariant &KeyPath::readCollection(const QVariant &collection, size_t step)
         const QVariant &value = isElement ? element : rest.read(KeyValueTarget::ofVariant(element));
         values += NSObject::isNil(value) ? NSNull() : value;
     }
-    return _collected = isOperator ? applyCollectionOperator(key, values) : QVariant(values);
+    return _collected =
+               isOperator ? applyCollectionOperator(key, values) : collected(collection, values);
 }

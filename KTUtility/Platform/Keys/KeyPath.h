@@ -11,8 +11,8 @@
 namespace KTPrivate {
 /// Reads one key path of many objects: keys joined by ".", from left to right.
 ///
-/// A nil on the way gives nil. On a collection the rest of the path is applied to each element, or
-/// to an operator: "@count", "@sum.path", "@avg.path", "@min.path", "@max.path",
+/// A nil on the way gives nil. On a collection the rest of the path is applied to each element (an
+/// NSSet gives the set of the values, everything else a list), or to an operator: "@count", "@sum.path", "@avg.path", "@min.path", "@max.path",
 /// "@distinctUnionOfObjects.path", "@unionOfObjects.path".
 class KTUTILITY_EXPORT KeyPath
 {

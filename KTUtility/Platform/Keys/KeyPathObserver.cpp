@@ -151,7 +151,12 @@ void KeyPathObserver::followAgainBehind(size_t step)
 
 void KeyPathObserver::tellPrior(const NSKeyValueChange &change)
 {
-    if (!_isActive || (_options & NSKeyValueObservingOptionPrior) == 0)
+    if (!_isActive)
+        return;
+    // The value may have changed in silence before.
+    if ((_options & NSKeyValueObservingOptionOld) != 0)
+        _lastValue = value();
+    if ((_options & NSKeyValueObservingOptionPrior) == 0)
         return;
     NSKeyValueChange told = change;
     if ((_options & NSKeyValueObservingOptionOld) != 0)

@@ -18,6 +18,10 @@ const QVariant &readEntry(const Map &map, const QString &key, QVariant &storage)
     return key == u"@count" ? storage = QVariant(qsizetype(map.size())) : nil;
 }
 
+/// What a collection answers: the values of its elements with NSNull() for nil. A set answers a set
+/// of them without nil.
+QVariant collected(const QVariant &collection, const QVariantList &values);
+
 /// Whether \a key names an operator that takes the rest of a key path ("@sum").
 bool isCollectionOperator(const QString &key);
 

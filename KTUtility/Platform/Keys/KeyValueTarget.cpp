@@ -13,7 +13,6 @@ bool isCollection(const QVariant &value)
     case QMetaType::QVariantList:
     case QMetaType::QStringList:
         return true;
-    case QMetaType::QString:
     case QMetaType::QByteArray:
         return false;
     default:
@@ -52,6 +51,8 @@ KeyValueTarget KeyValueTarget::ofVariant(const QVariant &value)
         return {};
     case QMetaType::Nullptr:
         return {Kind::Null, nullptr, &value};
+    case QMetaType::QString:
+        return ofText(*static_cast<const QString *>(value.constData()));
     case QMetaType::QVariantMap:
         return {Kind::Map, nullptr, value.constData()};
     case QMetaType::QVariantHash:
@@ -70,5 +71,7 @@ QString KeyValueTarget::description() const
         name = QString::fromLatin1(static_cast<const QVariant *>(instance)->typeName());
     else if (kind == Kind::Null)
         name = u"NSNull"_s;
+    else if (kind == Kind::Text)
+        name = u"QString"_s;
     return u'<' + name + u" 0x"_s + QString::number(quintptr(instance), 16) + u'>';
 }

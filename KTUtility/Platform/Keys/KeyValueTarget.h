@@ -24,7 +24,8 @@ struct KTUTILITY_EXPORT KeyValueTarget
         Hash,       ///< instance is a QVariantHash
         Collection, ///< instance is a QVariant that holds a list or set
         Null,       ///< the null object
-        Opaque,     ///< instance is a QVariant that answers no keys (a number, a text)
+        Text,       ///< instance is a QString
+        Opaque,     ///< instance is a QVariant that answers no keys but "self" (a number)
     };
 
     Kind kind = Kind::Nil;
@@ -40,6 +41,10 @@ struct KTUTILITY_EXPORT KeyValueTarget
     static KeyValueTarget ofGadget(const QMetaObject *metaObject, const void *gadget)
     {
         return gadget ? KeyValueTarget{Kind::Gadget, metaObject, gadget} : KeyValueTarget{};
+    }
+    static KeyValueTarget ofText(const QString &text)
+    {
+        return text.isNull() ? KeyValueTarget{} : KeyValueTarget{Kind::Text, nullptr, &text};
     }
     /// What a variant holds; \a value must outlive the target.
     static KeyValueTarget ofVariant(const QVariant &value);
@@ -99,7 +104,7 @@ KeyValueTarget target(const std::shared_ptr<T> &object)
     return target(object.get());
 }
 
-// Exactly these three: numbers and texts convert to QVariant and must not be taken for objects.
+// Exactly these four: what merely converts to one of them must not be taken for it.
 template<std::same_as<QVariant> T>
 KeyValueTarget target(const T &value)
 {
@@ -117,11 +122,17 @@ KeyValueTarget target(const T &hash)
 {
     return {KeyValueTarget::Kind::Hash, nullptr, &hash};
 }
+
+template<std::same_as<QString> T>
+KeyValueTarget target(const T &text)
+{
+    return KeyValueTarget::ofText(text);
+}
 } // namespace KeyValueTargets
 
 /// Types whose values answer keys and selectors: pointers to QObjects and gadgets, plain, smart
-/// and guarded; gadgets; QVariant, QVariantMap and QVariantHash. What merely converts to QVariant
-/// (a number, a text) is none.
+/// and guarded; gadgets; texts; QVariant, QVariantMap and QVariantHash. What merely converts to
+/// QVariant (a number) is none.
 template<typename T>
 concept KeyValueCodable = requires(const T &value)
 {

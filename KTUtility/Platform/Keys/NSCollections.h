@@ -1,18 +1,15 @@
 #pragma once
 
-#include <KTUtility/KTUtilityExport.h>
+#include "KTValue.h"
+#include "NSBoxed.h"
 #include <KTUtility/Platform/Values/NSObject.h>
 
 #include <QHashFunctions>
 #include <QList>
-#include <QPointer>
 #include <QSet>
-#include <QSharedPointer>
 #include <QVariant>
 
 #include <functional>
-#include <memory>
-#include <optional>
 #include <set>
 #include <type_traits>
 #include <unordered_map>
@@ -60,57 +57,30 @@ struct NSHash
     }
 };
 
-namespace NSDetail {
-template<typename T>
-struct HasNil : std::bool_constant<std::is_pointer_v<T>>
+namespace KTPrivate {
+/// Finds values that are the same object, as NSObject::isIdenticalTo() says.
+struct Identity
 {
+    struct Hash
+    {
+        size_t operator()(const QVariant &value) const
+        {
+            if (value.typeId() == QMetaType::QString)
+                return qHash(static_cast<const QString *>(value.constData())->constData());
+            if (value.typeId() == QMetaType::QByteArray)
+                return qHash(static_cast<const QByteArray *>(value.constData())->constData());
+            return NSObject::hash(value);
+        }
+    };
+    struct IsSame
+    {
+        bool operator()(const QVariant &left, const QVariant &right) const
+        {
+            return NSObject::isIdenticalTo(left, right);
+        }
+    };
 };
-template<>
-struct HasNil<QVariant> : std::true_type
-{
-};
-template<>
-struct HasNil<QString> : std::true_type
-{
-};
-template<typename T>
-struct HasNil<QPointer<T>> : std::true_type
-{
-};
-template<typename T>
-struct HasNil<QSharedPointer<T>> : std::true_type
-{
-};
-template<typename T>
-struct HasNil<std::shared_ptr<T>> : std::true_type
-{
-};
-} // namespace NSDetail
-
-/// An element or nil: T itself where it has a nil of its own (pointers, QVariant, QString), else
-/// std::optional<T>.
-template<typename T>
-using NSNullable = std::conditional_t<NSDetail::HasNil<T>::value, T, std::optional<T>>;
-
-/// An element as a variant; null texts and null pointers become nil.
-template<typename T>
-QVariant NSBoxed(const T &value)
-{
-    if constexpr (std::same_as<T, QVariant>) {
-        return value;
-    } else if constexpr (std::same_as<T, QString>) {
-        return value.isNull() ? QVariant() : QVariant(value);
-    } else if constexpr (requires { value.data(); } && NSDetail::HasNil<T>::value) {
-        return NSBoxed(value.data());
-    } else if constexpr (requires { value.get(); } && NSDetail::HasNil<T>::value) {
-        return NSBoxed(value.get());
-    } else if constexpr (std::is_pointer_v<T>) {
-        using Pointer = std::remove_const_t<std::remove_pointer_t<T>> *;
-        return value ? QVariant::fromValue(const_cast<Pointer>(value)) : QVariant();
-    } else {
-        return QVariant::fromValue(value);
-    }
-}
+} // namespace KTPrivate
 
 /// Positions in a list, in ascending order and each once.
 using NSIndexSet = std::set<qsizetype>;
@@ -119,7 +89,7 @@ using NSIndexSet = std::set<qsizetype>;
 ///
 /// \code
 /// NSMapTable<QVariant, Field *> index = KTAdditions::dictionaryIndexWithKey(fields, u"order");
-/// Field *third = index.objectForKey(3);    // null if there is none
+/// Field *third = index[3];    // null if there is none
 /// \endcode
 template<typename Key, typename Value>
 class NSMapTable
@@ -127,23 +97,27 @@ class NSMapTable
 public:
     /// What holds the entries.
     using Storage = std::unordered_map<Key, Value, NSHash<Key>, NSIsEqual<Key>>;
+    /// Where keys may be of any type, a key is passed as a value of any type.
+    using KeyArgument = std::conditional_t<std::same_as<Key, QVariant>, KTValue, Key>;
 
     /// The value of \a key; nil (or nothing) if there is none.
-    NSNullable<Value> objectForKey(const Key &key) const
+    NSNullable<Value> objectForKey(const KeyArgument &key) const
     {
         const auto entry = _entries.find(key);
         return entry == _entries.end() ? NSNullable<Value>() : NSNullable<Value>(entry->second);
     }
+    /// The same.
+    NSNullable<Value> operator[](const KeyArgument &key) const { return objectForKey(key); }
     /// Whether there is a value for \a key.
-    bool contains(const Key &key) const { return _entries.contains(key); }
+    bool contains(const KeyArgument &key) const { return _entries.contains(key); }
     /// How many keys have a value.
     qsizetype count() const { return qsizetype(_entries.size()); }
     /// Whether no key has a value.
     bool isEmpty() const { return _entries.empty(); }
     /// Stores \a value under \a key; the later value wins.
-    void setObject(const Value &value, const Key &forKey)
+    void setObject(const Value &value, const KeyArgument &forKey)
     {
-        _entries.insert_or_assign(forKey, value);
+        _entries.insert_or_assign(static_cast<const Key &>(forKey), value);
     }
     /// Makes room for that many entries, which saves time if many follow.
     void reserve(qsizetype count) { _entries.reserve(size_t(count)); }
@@ -158,6 +132,15 @@ private:
 };
 
 /// A set of values of any type, equal as NSObject::isEqual() says. For one type, use QSet<T>.
+///
+/// As a variant it converts to a list of its values. Key-value coding takes it for a collection: it
+/// answers a key with the set of its values' values.
+///
+/// \code
+/// NSSet seen;
+/// if (seen.addObject(field))    // for the first time
+///     …
+/// \endcode
 class NSSet
 {
 public:
@@ -173,18 +156,20 @@ public:
     explicit NSSet(const QVariantList &values) : _values(values.begin(), values.end()) {}
 
     /// Whether the set holds an equal value.
-    bool contains(const QVariant &value) const { return _values.contains(value); }
+    bool contains(const KTValue &value) const { return _values.contains(value); }
     /// How many values it holds.
     qsizetype size() const { return qsizetype(_values.size()); }
     /// Whether it holds no value.
     bool isEmpty() const { return _values.empty(); }
     /// Adds a value unless the set holds an equal one.
     /// \return true if the set did not hold an equal value before.
-    bool addObject(const QVariant &value) { return _values.insert(value).second; }
+    bool addObject(const KTValue &value) { return _values.insert(value.variant()).second; }
     /// The same as addObject(), without a result.
-    void insert(const QVariant &value) { addObject(value); }
+    void insert(const KTValue &value) { addObject(value); }
     /// Removes the value that is equal, if there is one.
-    void remove(const QVariant &value) { _values.erase(value); }
+    void remove(const KTValue &value) { _values.erase(value.variant()); }
+    /// The values, in no particular order.
+    QVariantList allObjects() const { return QVariantList(begin(), end()); }
 
     /// The first value, in no particular order.
     Storage::const_iterator begin() const { return _values.begin(); }

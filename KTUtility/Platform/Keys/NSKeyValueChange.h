@@ -19,7 +19,8 @@ inline constexpr NSKeyValueObservingOptions NSKeyValueObservingOptionNew = 1;
 inline constexpr NSKeyValueObservingOptions NSKeyValueObservingOptionOld = 2;
 /// One call at once, with the new value if that is wanted, and without an old one.
 inline constexpr NSKeyValueObservingOptions NSKeyValueObservingOptionInitial = 4;
-/// One more call before each change that is announced with willChangeValueForKey().
+/// One more call before each change that is announced with willChangeValueForKey(), or made by key
+/// to what has no NOTIFY signal.
 inline constexpr NSKeyValueObservingOptions NSKeyValueObservingOptionPrior = 8;
 
 /// A change, as observers are notified of it.
@@ -29,7 +30,8 @@ struct NSKeyValueChange
     NSKeyValueChangeKind kind = NSKeyValueChangeSetting;
     /// The value now, nil included; nothing if it was not asked for, or before the change.
     std::optional<QVariant> newValue;
-    /// The value that was reported or read last, nil included; nothing if it was not asked for.
+    /// The value at the time the change was announced, else the one that was reported or read last;
+    /// nil included. Nothing if it was not asked for.
     std::optional<QVariant> oldValue;
     /// The elements that came, left or changed; empty for NSKeyValueChangeSetting.
     QList<qsizetype> indexes;

@@ -1,8 +1,9 @@
 #include "NSKeyValueCoding.h"
 
-#include "NSSelectionMarker.h"
-
 #include "NSKeyValueCodingObject.h"
+#include "NSSelectionMarker.h"
+#include "ObservedKey_p.h"
+#include "ValueConversion_p.h"
 #include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
@@ -11,6 +12,7 @@
 #include <QMetaProperty>
 
 #include <algorithm>
+#include <utility>
 
 using namespace KTPrivate;
 
@@ -42,25 +44,65 @@ QVariant converted(const KeyValueTarget &receiver, const QVariant &value, QMetaT
             NSString::stringWithFormat(
                 u"[%@ setNilValueForKey]: could not set nil as the value for the key %@.",
                 receiver.description(), key));
-    QVariant result = isNil ? QVariant(type) : value;
-    if (result.metaType() != type && !result.convert(type))
+    const auto result = isNil ? QVariant(type) : convertedValue(value, type);
+    if (!result)
         NSException::raise(
             NSInvalidArgumentException,
             NSString::stringWithFormat(u"[%@ setValue:forKey:]: a value of type %s for the key %@.",
                                        receiver.description(), value.typeName(), key));
-    return result;
+    return *result;
+}
+
+/// Notifies observers of a key that is set and that no signal reports.
+class SilentChange
+{
+public:
+    /// \param property the key's property, if it has one.
+    SilentChange(const KeyValueTarget &receiver, const QMetaProperty &property, const QString &key)
+    {
+        if (receiver.kind == KeyValueTarget::Kind::Object && !property.hasNotifySignal())
+            _key = ObservedKey::existing(receiver.object(), key);
+        if (_key)
+            _key->willChange(NSKeyValueChangeSetting, {});
+    }
+    ~SilentChange()
+    {
+        if (_key)
+            _key->cancelChange();
+    }
+    SilentChange(const SilentChange &) = delete;
+    SilentChange &operator=(const SilentChange &) = delete;
+
+    /// The value was set. A setter that reported it itself has ended the change.
+    void happened()
+    {
+        const QPointer<ObservedKey> key = std::exchange(_key, nullptr);
+        if (key && key->isChanging())
+            key->didChange(NSKeyValueChangeSetting, {});
+    }
+
+private:
+    QPointer<ObservedKey> _key;
+};
+
+QMetaProperty propertyOfKey(const QMetaObject *metaObject, const QString &key)
+{
+    return metaObject->property(metaObject->indexOfProperty(key.toUtf8().constData()));
 }
 
 bool setProperty(const KeyValueTarget &receiver, const QVariant &value, const QString &key)
 {
-    const int index = receiver.metaObject->indexOfProperty(key.toUtf8().constData());
-    if (index < 0 || !receiver.metaObject->property(index).isWritable())
+    const QMetaProperty property = propertyOfKey(receiver.metaObject, key);
+    if (!property.isWritable())
         return false;
-    const QMetaProperty property = receiver.metaObject->property(index);
     const QVariant typed = converted(receiver, value, property.metaType(), key);
-    if (receiver.kind == KeyValueTarget::Kind::Object)
-        return property.write(receiver.object(), typed);
-    return property.writeOnGadget(const_cast<void *>(receiver.instance), typed);
+    if (receiver.kind != KeyValueTarget::Kind::Object)
+        return property.writeOnGadget(const_cast<void *>(receiver.instance), typed);
+    SilentChange change(receiver, property, key);
+    const bool isSet = property.write(receiver.object(), typed);
+    if (isSet)
+        change.happened();
+    return isSet;
 }
 
 /// An invokable method of this name with one parameter, or an invalid one.
@@ -75,22 +117,30 @@ QMetaMethod setterNamed(const QMetaObject *metaObject, const QByteArray &name)
     return {};
 }
 
-bool callSetter(const KeyValueTarget &receiver, const QVariant &value, const QString &key)
+QMetaMethod setterOfKey(const QMetaObject *metaObject, const QString &key)
 {
     const QByteArray utf8 = key.toUtf8();
     const QByteArray capitalised = utf8.left(1).toUpper() + utf8.mid(1);
-    QMetaMethod method = setterNamed(receiver.metaObject, "set" + capitalised);
-    if (!method.isValid())
-        method = setterNamed(receiver.metaObject, "_set" + capitalised);
+    const QMetaMethod method = setterNamed(metaObject, "set" + capitalised);
+    return method.isValid() ? method : setterNamed(metaObject, "_set" + capitalised);
+}
+
+bool callSetter(const KeyValueTarget &receiver, const QVariant &value, const QString &key)
+{
+    const QMetaMethod method = setterOfKey(receiver.metaObject, key);
     if (!method.isValid())
         return false;
     const QMetaType type = method.parameterMetaType(0);
     QVariant typed = converted(receiver, value, type, key);
     const bool isVariant = type.id() == QMetaType::QVariant;
     const QGenericArgument argument(type.name(), isVariant ? &typed : typed.constData());
-    return receiver.kind == KeyValueTarget::Kind::Object
-               ? method.invoke(receiver.object(), Qt::DirectConnection, argument)
-               : method.invokeOnGadget(const_cast<void *>(receiver.instance), argument);
+    if (receiver.kind != KeyValueTarget::Kind::Object)
+        return method.invokeOnGadget(const_cast<void *>(receiver.instance), argument);
+    SilentChange change(receiver, propertyOfKey(receiver.metaObject, key), key);
+    const bool isSet = method.invoke(receiver.object(), Qt::DirectConnection, argument);
+    if (isSet)
+        change.happened();
+    return isSet;
 }
 
 bool setDynamicProperty(const KeyValueTarget &receiver, const QVariant &value, const QString &key)
@@ -99,7 +149,9 @@ bool setDynamicProperty(const KeyValueTarget &receiver, const QVariant &value, c
     if (receiver.kind != KeyValueTarget::Kind::Object ||
         !receiver.object()->dynamicPropertyNames().contains(name))
         return false;
+    SilentChange change(receiver, QMetaProperty(), key);
     receiver.object()->setProperty(name.constData(), value);
+    change.happened();
     return true;
 }
 
@@ -145,12 +197,12 @@ void NSKeyValueCoding::setValueOfTarget(const KeyValueTarget &receiver, const QV
         raiseUndefinedKey(receiver, forKey);
 }
 
-void NSKeyValueCoding::setValue(QVariantMap &receiver, const QVariant &value, const QString &forKey)
+void NSKeyValueCoding::setValue(QVariantMap &receiver, const KTValue &value, const KTText &forKey)
 {
     setEntry(receiver, value, forKey);
 }
 
-void NSKeyValueCoding::setValue(QVariant &receiver, const QVariant &value, const QString &forKey)
+void NSKeyValueCoding::setValue(QVariant &receiver, const KTValue &value, const KTText &forKey)
 {
     const KeyValueTarget target = KeyValueTarget::ofVariant(receiver);
     switch (target.kind) {
@@ -222,8 +274,8 @@ void setInVariant(QVariant &receiver, const QVariant &value, const QString &path
 }
 } // namespace
 
-void NSKeyValueCoding::setValueForKeyPath(QObject *receiver, const QVariant &value,
-                                          const QString &path)
+void NSKeyValueCoding::setValueForKeyPath(QObject *receiver, const KTValue &value,
+                                          const KTText &path)
 {
     QVariant object = QVariant::fromValue(receiver);
     setInVariant(object, value, path);

@@ -7,7 +7,7 @@ using namespace KTPrivate;
 NSKeyValueObservation::NSKeyValueObservation() = default;
 NSKeyValueObservation::NSKeyValueObservation(NSKeyValueObservation &&other) noexcept = default;
 
-NSKeyValueObservation::NSKeyValueObservation(QObject *object, const QString &keyPath,
+NSKeyValueObservation::NSKeyValueObservation(QObject *object, const KTText &keyPath,
                                              NSKeyValueObservingOptions options, Callback callback)
     : _observer(std::make_shared<KeyPathObserver>(object, keyPath, options, std::move(callback)))
 {

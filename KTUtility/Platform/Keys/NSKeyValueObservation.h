@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KTText.h"
 #include "NSKeyValueChange.h"
 #include <KTUtility/KTUtilityExport.h>
 
@@ -21,7 +22,8 @@ class KeyPathObserver;
 /// one is followed from there. What lies beyond a map, list or gadget changes when that does. A nil
 /// in the middle makes the value nil; so does an object there that lacks the key.
 ///
-/// A property without NOTIFY signal changes in silence. Properties that hold objects must give null
+/// A property without NOTIFY signal that its owner changes does so in silence; whoever sets it by
+/// key (NSKeyValueCoding) notifies. Properties that hold objects must give null
 /// once the object is destroyed: keep them in a QPointer.
 ///
 /// The observed object may be destroyed first; nothing is called then any more. Functions are
@@ -32,7 +34,7 @@ class KeyPathObserver;
 ///
 /// \code
 /// const NSKeyValueObservation observation(
-///     record, u"library.name"_s,
+///     record, u"library.name",
 ///     NSKeyValueObservingOptionNew | NSKeyValueObservingOptionOld,
 ///     [&](const NSKeyValueChange &change) { show(*change.oldValue, *change.newValue); });
 /// \endcode
@@ -46,7 +48,7 @@ public:
     NSKeyValueObservation();
     /// \throws NSException NSUndefinedKeyException if an object on the path lacks its key, nil if
     /// the path is empty; nothing is observed then.
-    NSKeyValueObservation(QObject *object, const QString &keyPath,
+    NSKeyValueObservation(QObject *object, const KTText &keyPath,
                           NSKeyValueObservingOptions options, Callback callback);
     ~NSKeyValueObservation();
     /// Takes over what \a other observes, whose callback moves along.

@@ -52,7 +52,7 @@ public:
 } // namespace KTPrivate
 
 void NSKeyValueObserving::addObserver(QObject *object, NSKeyValueObserver *observer,
-                                      const QString &forKeyPath, NSKeyValueObservingOptions options,
+                                      const KTText &forKeyPath, NSKeyValueObservingOptions options,
                                       const QString &context)
 {
     if (object && observer)
@@ -60,7 +60,7 @@ void NSKeyValueObserving::addObserver(QObject *object, NSKeyValueObserver *obser
 }
 
 void NSKeyValueObserving::removeObserver(QObject *object, NSKeyValueObserver *observer,
-                                         const QString &forKeyPath)
+                                         const KTText &forKeyPath)
 {
     if (!object || KeyValueObserverAccess::remove(observer, object, forKeyPath))
         return;
@@ -68,28 +68,28 @@ void NSKeyValueObserving::removeObserver(QObject *object, NSKeyValueObserver *ob
         NSRangeException,
         NSString::stringWithFormat(u"Cannot remove an observer for the key path \"%@\" from %@ "
                                    u"because it is not registered as an observer.",
-                                   forKeyPath, KeyValueTarget::of(object).description()));
+                                   forKeyPath.string(), KeyValueTarget::of(object).description()));
 }
 
-void NSKeyValueObserving::willChangeValueForKey(QObject *object, const QString &key)
+void NSKeyValueObserving::willChangeValueForKey(QObject *object, const KTText &key)
 {
     willChange(NSKeyValueChangeSetting, object, {}, key);
 }
 
-void NSKeyValueObserving::didChangeValueForKey(QObject *object, const QString &key)
+void NSKeyValueObserving::didChangeValueForKey(QObject *object, const KTText &key)
 {
     didChange(NSKeyValueChangeSetting, object, {}, key);
 }
 
 void NSKeyValueObserving::willChange(NSKeyValueChangeKind kind, QObject *object,
-                                     const QList<qsizetype> &valuesAtIndexes, const QString &forKey)
+                                     const QList<qsizetype> &valuesAtIndexes, const KTText &forKey)
 {
     if (ObservedKey *const observed = ObservedKey::existing(object, forKey))
         observed->willChange(kind, valuesAtIndexes);
 }
 
 void NSKeyValueObserving::didChange(NSKeyValueChangeKind kind, QObject *object,
-                                    const QList<qsizetype> &valuesAtIndexes, const QString &forKey)
+                                    const QList<qsizetype> &valuesAtIndexes, const KTText &forKey)
 {
     if (ObservedKey *const observed = ObservedKey::existing(object, forKey))
         observed->didChange(kind, valuesAtIndexes);

@@ -45,10 +45,10 @@ private:
 /// Observing values by key path, and notifying observers of changes that no signal reports.
 ///
 /// \code
-/// NSKeyValueObserving::addObserver(record, this, u"library.name"_s,
+/// NSKeyValueObserving::addObserver(record, this, u"library.name",
 ///                                  NSKeyValueObservingOptionNew, u"title"_s);
 /// …
-/// NSKeyValueObserving::removeObserver(record, this, u"library.name"_s);
+/// NSKeyValueObserving::removeObserver(record, this, u"library.name");
 /// \endcode
 namespace NSKeyValueObserving {
 /// Has an observer notified of changes; see NSKeyValueObservation. The same may be added several
@@ -56,27 +56,27 @@ namespace NSKeyValueObserving {
 /// \param context is handed to the observer, to distinguish its observations.
 /// \throws NSException as NSKeyValueObservation does.
 KTUTILITY_EXPORT void addObserver(QObject *object, NSKeyValueObserver *observer,
-                                  const QString &forKeyPath, NSKeyValueObservingOptions options,
+                                  const KTText &forKeyPath, NSKeyValueObservingOptions options,
                                   const QString &context = {});
 /// Takes back the last addObserver() with that object and path. A nil object is ignored.
 /// \throws NSException NSRangeException if there was none.
 KTUTILITY_EXPORT void removeObserver(QObject *object, NSKeyValueObserver *observer,
-                                     const QString &forKeyPath);
+                                     const KTText &forKeyPath);
 
 // --- Explicit notices, for keys without NOTIFY signal, and to notify of a change before it
 
 /// Announces a change: observers that want to know before are notified. Until
 /// didChangeValueForKey(), the signal of the property is not listened to.
-KTUTILITY_EXPORT void willChangeValueForKey(QObject *object, const QString &key);
+KTUTILITY_EXPORT void willChangeValueForKey(QObject *object, const KTText &key);
 /// Notifies of a change. Without willChangeValueForKey() before, it is a notification like a
 /// signal.
-KTUTILITY_EXPORT void didChangeValueForKey(QObject *object, const QString &key);
+KTUTILITY_EXPORT void didChangeValueForKey(QObject *object, const KTText &key);
 /// The same for elements of a list.
 KTUTILITY_EXPORT void willChange(NSKeyValueChangeKind kind, QObject *object,
-                                 const QList<qsizetype> &valuesAtIndexes, const QString &forKey);
+                                 const QList<qsizetype> &valuesAtIndexes, const KTText &forKey);
 /// The end of what willChange() of elements began.
 KTUTILITY_EXPORT void didChange(NSKeyValueChangeKind kind, QObject *object,
-                                const QList<qsizetype> &valuesAtIndexes, const QString &forKey);
+                                const QList<qsizetype> &valuesAtIndexes, const KTText &forKey);
 /// Notifies of a change of every key of an object that is observed: it has become a stand-in for
 /// something else.
 KTUTILITY_EXPORT void didChangeAllValues(QObject *object);

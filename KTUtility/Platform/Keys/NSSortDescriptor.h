@@ -1,6 +1,6 @@
 #pragma once
 
-#include "KeyAccessor.h"
+#include "KeyPath.h"
 #include "NSCollections.h"
 
 #include <QList>
@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-/// How to sort objects: by the value of a key, ascending or descending.
+/// How to sort objects: by the value of a key path, ascending or descending.
 ///
 /// Values are compared by NSObject::compare() unless a comparator is given: nil first, numbers by
 /// value, texts by UTF-16 unit.
@@ -18,7 +18,8 @@ struct NSSortDescriptor
     /// Says which of two values comes first.
     using Comparator = std::weak_ordering (*)(const QVariant &left, const QVariant &right);
 
-    /// The key path of the values that are compared; nil compares the objects themselves.
+    /// The key or key path of the values that are compared, such as "name" or "library.name" (see
+    /// KeyPath); nil compares the objects themselves.
     QString key;
     /// Whether the least value comes first.
     bool ascending = true;
@@ -29,6 +30,7 @@ struct NSSortDescriptor
 
     /// A new list sorted by \a descriptors, the first being the most important. Elements that all
     /// descriptors call equal keep their order. Each key is read once per element.
+    /// \throws NSException NSUndefinedKeyException if an object on the way has no such key.
     template<KTPrivate::KeyValueCodable T>
     static QList<T> sorted(const QList<T> &list, const QList<NSSortDescriptor> &descriptors)
     {
@@ -38,10 +40,10 @@ struct NSSortDescriptor
         for (qsizetype index = 0; index < list.size(); ++index)
             entries.emplace_back(std::vector<QVariant>(), index);
         for (const NSSortDescriptor &descriptor : descriptors) {
-            KTPrivate::KeyAccessor accessor(descriptor.key);
+            KTPrivate::KeyPath path(descriptor.key);
             for (Entry &entry : entries)
                 entry.first.push_back(
-                    accessor.read(KTPrivate::KeyValueTargets::target(list.at(entry.second))));
+                    path.read(KTPrivate::KeyValueTargets::target(list.at(entry.second))));
         }
         std::stable_sort(entries.begin(), entries.end(), [&](const Entry &a, const Entry &b) {
             return isBefore(a.first, b.first, descriptors);

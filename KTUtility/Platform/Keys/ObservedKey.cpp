@@ -220,6 +220,11 @@ void ObservedKey::willChange(NSKeyValueChangeKind kind, const QList<qsizetype> &
     tell({kind, {}, {}, indexes, true});
 }
 
+void ObservedKey::cancelChange()
+{
+    _changing = std::max(0, _changing - 1);
+}
+
 void ObservedKey::didChange(NSKeyValueChangeKind kind, const QList<qsizetype> &indexes)
 {
     _changing = std::max(0, _changing - 1);

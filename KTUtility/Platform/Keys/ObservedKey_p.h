@@ -37,6 +37,10 @@ public:
     /// Announces a change; until didChange(), the property's signal says nothing.
     void willChange(NSKeyValueChangeKind kind, const QList<qsizetype> &indexes);
     void didChange(NSKeyValueChangeKind kind, const QList<qsizetype> &indexes);
+    /// Whether a change is announced and not reported yet.
+    bool isChanging() const { return _changing > 0; }
+    /// What was announced did not happen.
+    void cancelChange();
 
     bool eventFilter(QObject *object, QEvent *event) override;
 

@@ -6,6 +6,7 @@ target_sources(KTUtility PRIVATE
     Platform/Keys/KeyValueTarget.cpp
     Platform/Keys/NSClass.cpp
     Platform/Keys/NSClassRegistry.cpp
+    Platform/Keys/NSCollections.cpp
     Platform/Keys/NSKeyValueCoding.cpp
     Platform/Keys/NSKeyValueObservation.cpp
     Platform/Keys/NSKeyValueObserving.cpp
@@ -15,4 +16,5 @@ target_sources(KTUtility PRIVATE
     Platform/Keys/NSValueTransformer.cpp
     Platform/Keys/ObservedKey.cpp
     Platform/Keys/PredicateParser.cpp
+    Platform/Keys/ValueConversion.cpp
 )

@@ -17,7 +17,7 @@ namespace NSObject {
 /// True for nil: an invalid variant, a null text, a null pointer. An empty text is not nil.
 KTUTILITY_EXPORT bool isNil(const QVariant &value);
 
-/// True for every type that stands for a number: integers, floating point, bool and
+/// True for every type that stands for a number: integers, floating point, bool, enumerations and
 /// NSDecimalNumber. Characters (QChar) are not numbers.
 KTUTILITY_EXPORT bool isNumber(const QVariant &value);
 

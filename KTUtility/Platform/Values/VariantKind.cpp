@@ -9,6 +9,10 @@ VariantKind kindOfOtherType(QMetaType type)
 {
     if (type == QMetaType::fromType<NSDecimalNumber>())
         return VariantKind::Decimal;
+    if (type.flags() & QMetaType::IsUnsignedEnumeration)
+        return VariantKind::Unsigned;
+    if (type.flags() & QMetaType::IsEnumeration)
+        return VariantKind::Signed;
     return type.flags() & QMetaType::PointerToQObject ? VariantKind::Object : VariantKind::Other;
 }
 } // namespace

@@ -14,8 +14,9 @@ namespace KTPrivate {
 enum class VariantKind {
     Nil,      ///< No value.
     Bool,     ///< A number that is true or false.
-    Signed,   ///< A whole number that may be below zero; char is one, whatever its sign.
-    Unsigned, ///< A whole number that is not below zero.
+    Signed,   ///< A whole number that may be below zero; char is one, whatever its sign; so is an
+              ///< enumeration.
+    Unsigned, ///< A whole number that is not below zero, also an enumeration of such.
     Double,   ///< A floating-point number.
     Decimal,  ///< An NSDecimalNumber.
     Text,     ///< A QString, also a null one.
@@ -24,7 +25,7 @@ enum class VariantKind {
     List,     ///< A QVariantList or QStringList.
     Map,      ///< A QVariantMap or QVariantHash.
     Object,   ///< A pointer to a QObject, also a null one.
-    Other,    ///< Anything else: characters (QChar, char16_t, char32_t), enumerations, gadgets.
+    Other,    ///< Anything else: characters (QChar, char16_t, char32_t), gadgets.
 };
 
 /// What a value holds; by its type alone.

@@ -1,4 +1,5 @@
 #include <KTUtility/Invoker>
+#include <KTUtility/NSDecimalNumber>
 #include <KTUtility/NSException>
 
 #include "support/TestField.h"
@@ -18,6 +19,25 @@ QVariant perform(TestField &field, const char *selector, const QVariant &argumen
     return Invoker(selector, {argument}).perform(KeyValueTarget::of(&field));
 }
 } // namespace
+
+TEST(Invoker, KnowsWhoResponds)
+{
+    Invoker invoker("sizeOver:", {1});
+    TestField field;
+    const QObject stranger;
+    EXPECT_TRUE(invoker.respondsTo(KeyValueTarget::of(&field)));
+    EXPECT_FALSE(invoker.respondsTo(KeyValueTarget::of(&stranger)));
+    EXPECT_FALSE(invoker.respondsTo({}));
+    EXPECT_FALSE(invoker.respondsTo(KeyValueTarget::ofVariant(u"text"_s)));
+}
+
+TEST(Invoker, NumbersAreCutForIntegerParameters)
+{
+    TestField field(QString(), 3);
+    EXPECT_TRUE(isTrue(field, "sizeOver:", 2.9));
+    EXPECT_FALSE(isTrue(field, "sizeOver:", QVariant::fromValue(NSDecimalNumber(3))));
+    EXPECT_EQ(perform(field, "sizeModulo:", QVariant::fromValue(NSDecimalNumber(2))), QVariant(1));
+}
 
 TEST(Invoker, TestsResultsByTheirWidth)
 {

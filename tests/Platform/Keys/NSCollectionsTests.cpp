@@ -30,12 +30,29 @@ TEST(NSCollections, SetsAndTablesUseThePlatformsEquality)
     EXPECT_FALSE(table.objectForKey(2).has_value());
 }
 
-TEST(NSCollections, BoxingMakesNilOfNullTextsAndPointers)
+TEST(NSCollections, KeysAndElementsArePassedAsTheyAre)
 {
-    EXPECT_FALSE(NSBoxed(QString()).isValid());
-    EXPECT_TRUE(NSBoxed(u""_s).isValid());
-    EXPECT_FALSE(NSBoxed(static_cast<TestField *>(nullptr)).isValid());
-    EXPECT_FALSE(NSBoxed(std::shared_ptr<TestField>()).isValid());
-    const auto field = std::make_shared<TestField>();
-    EXPECT_EQ(NSBoxed(field).value<TestField *>(), field.get());
+    TestField field;
+    NSMapTable<QVariant, TestField *> table;
+    table.setObject(&field, 3L);
+    table.setObject(&field, &field);
+    EXPECT_EQ(table[3], &field);
+    EXPECT_EQ(table[&field], &field);
+    EXPECT_EQ(table[u"3"], nullptr);
+    EXPECT_TRUE(table.contains(3UL));
+    NSSet set;
+    EXPECT_TRUE(set.addObject(&field));
+    EXPECT_FALSE(set.addObject(QPointer<TestField>(&field)));
+    set.insert(u"text");
+    EXPECT_TRUE(set.contains(QStringView(u"text")));
+    set.remove(&field);
+    EXPECT_EQ(set, NSSet{u"text"_s});
+}
+
+TEST(NSCollections, ASetInAVariantIsAList)
+{
+    const QVariant set = QVariant::fromValue(NSSet{7});
+    EXPECT_TRUE(set.canConvert<QVariantList>());
+    EXPECT_EQ(set.toList(), QVariantList{7});
+    EXPECT_EQ((NSSet{7, 7.0}).allObjects().size(), 1);
 }

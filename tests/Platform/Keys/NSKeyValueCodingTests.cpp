@@ -1,3 +1,5 @@
+#include <KTUtility/NSCollections>
+#include <KTUtility/NSDecimalNumber>
 #include <KTUtility/NSException>
 #include <KTUtility/NSKeyValueCoding>
 #include <KTUtility/NSObject>
@@ -19,7 +21,8 @@ static_assert(KeyValueCodable<QPointer<TestField>> && KeyValueCodable<std::share
 static_assert(KeyValueCodable<QSharedPointer<TestField>> && KeyValueCodable<QVariant>);
 static_assert(KeyValueCodable<TestPoint> && KeyValueCodable<TestPoint *>);
 static_assert(KeyValueCodable<QVariantMap> && KeyValueCodable<QVariantHash>);
-static_assert(!KeyValueCodable<int> && !KeyValueCodable<QString> && !KeyValueCodable<void *>);
+static_assert(KeyValueCodable<QString> && !KeyValueCodable<QStringView>);
+static_assert(!KeyValueCodable<int> && !KeyValueCodable<void *>);
 
 namespace {
 QString undefinedReason(const void *object, const char *className, const char16_t *key)
@@ -141,6 +144,59 @@ TEST(NSKeyValueCoding, ComputesOperatorsOverCollections)
     EXPECT_FALSE(valueForKeyPath(empty, u"@max.value"_s).isValid());
 }
 
+TEST(NSKeyValueCoding, SetsCollectSets)
+{
+    const auto record = [](const QVariant &a) { return QVariantMap{{u"a"_s, a}}; };
+    const QVariant set = QVariant::fromValue(
+        NSSet{record(1), record(2), QVariantMap{{u"a"_s, 1}, {u"b"_s, 1}}, QVariantMap()});
+    EXPECT_EQ(valueForKey(set, u"a").value<NSSet>(), (NSSet{1, 2}));
+    EXPECT_EQ(valueForKeyPath(set, u"a").value<NSSet>(), (NSSet{1, 2}));
+    EXPECT_EQ(valueForKeyPath(set, u"@count"), QVariant(4));
+    EXPECT_EQ(valueForKeyPath(set, u"@sum.a"), QVariant(4.0));
+    EXPECT_EQ(valueForKeyPath(set, u"@max.a"), QVariant(2));
+    const QVariantMap owner{{u"children"_s, set}};
+    EXPECT_EQ(valueForKeyPath(owner, u"children.a").value<NSSet>(), (NSSet{1, 2}));
+    EXPECT_EQ(valueForKeyPath(owner, u"children.@count"), QVariant(4));
+    TestField field;
+    QVariant fields = QVariant::fromValue(NSSet{QVariant::fromValue(&field)});
+    setValue(fields, 5, u"size");
+    EXPECT_EQ(field.size(), 5);
+}
+
+TEST(NSKeyValueCoding, EveryValueIsItself)
+{
+    TestField field;
+    EXPECT_EQ(valueForKey(&field, u"self"), QVariant::fromValue(&field));
+    EXPECT_EQ(valueForKey(TestPoint{3, 1}, u"self").value<TestPoint>(), (TestPoint{3, 1}));
+    EXPECT_EQ(valueForKey(QVariant(5), u"self"), QVariant(5));
+    EXPECT_EQ(valueForKey(QVariant(QVariantList{1, u"a"_s}), u"self"),
+              QVariant(QVariantList{1, u"a"_s}));
+    EXPECT_FALSE(valueForKey(QVariantMap(), u"self").isValid());
+    field.setProperty("self", 7);
+    EXPECT_EQ(valueForKey(&field, u"self"), QVariant(7));
+}
+
+TEST(NSKeyValueCoding, TextsKnowTheirLength)
+{
+    EXPECT_EQ(valueForKey(u"abc"_s, u"length"), QVariant(3));
+    EXPECT_EQ(valueForKey(u"abc"_s, u"self"), QVariant(u"abc"_s));
+    EXPECT_EQ(valueForKeyPath(QVariantMap{{u"a"_s, u"four"_s}}, u"a.length"), QVariant(4));
+    EXPECT_FALSE(valueForKey(QString(), u"length").isValid());
+    EXPECT_THROW(valueForKey(u"abc"_s, Unknown), NSException);
+    QVariant text = u"abc"_s;
+    EXPECT_THROW(setValue(text, 1, u"length"), NSException);
+}
+
+TEST(NSKeyValueCoding, KeysAreTextsOfEveryType)
+{
+    TestField field(u"a"_s, 3);
+    for (const QVariant &size :
+         {valueForKey(&field, u"size"), valueForKey(&field, "size"),
+          valueForKey(&field, QStringView(u"sizes").chopped(1)),
+          valueForKeyPath(&field, QLatin1String("size")), valueForKeyPath(&field, u"size"_s)})
+        EXPECT_EQ(size, QVariant(3));
+}
+
 TEST(NSKeyValueCoding, SetsPropertiesAndMaps)
 {
     TestField field;
@@ -158,6 +214,35 @@ TEST(NSKeyValueCoding, SetsPropertiesAndMaps)
     setValue(gadget, 9, u"x"_s);
     EXPECT_EQ(gadget.value<TestPoint>().x, 9);
     setValue(static_cast<TestField *>(nullptr), 1, u"size"_s);
+}
+
+TEST(NSKeyValueCoding, ValuesAreSetAsTheyAre)
+{
+    TestField field;
+    TestField parent;
+    setValue(&field, &parent, u"parent");
+    EXPECT_EQ(field._parent, &parent);
+    setValue(&field, QPointer<TestField>(), u"parent");
+    EXPECT_EQ(field._parent, nullptr);
+    setValue(&field, 3L, u"size");
+    setValue(&field, std::optional(u"new"_s), u"name");
+    EXPECT_EQ(field.size(), 3);
+    EXPECT_EQ(field.name(), u"new"_s);
+}
+
+TEST(NSKeyValueCoding, NumbersAreSetAsThePlatformSetsThem)
+{
+    TestField field;
+    setValue(&field, NSDecimalNumber(3), u"size");
+    EXPECT_EQ(field.size(), 3);
+    setValue(&field, 2.7, u"size");
+    EXPECT_EQ(field.size(), 2);
+    setValue(&field, -2.7, u"size");
+    EXPECT_EQ(field.size(), -2);
+    setValue(&field, NSDecimalNumber(1), u"flag");
+    EXPECT_TRUE(field._flag);
+    setValue(&field, u"NO", u"flag");
+    EXPECT_FALSE(field._flag);
 }
 
 TEST(NSKeyValueCoding, RejectsWhatCannotBeSet)

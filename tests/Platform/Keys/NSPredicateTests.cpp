@@ -1,5 +1,6 @@
 #include <KTUtility/NSPredicate>
 
+#include <KTUtility/NSCollections>
 #include <KTUtility/NSException>
 #include <KTUtility/NSWeakMapTable>
 
@@ -34,6 +35,23 @@ TEST(NSPredicate, RunsItsExample)
     ObservedRecord record(u"Ada"_s, 36);
     EXPECT_TRUE(NSPredicate::predicateWithFormat(u"number = 36 and name beginswith[c] 'a'")
                     .evaluateWithObject(&record));
+}
+
+TEST(NSPredicate, EnumerationsAreNumbers)
+{
+    const QVariantMap today{{u"day"_s, QVariant::fromValue(Qt::Wednesday)}};
+    for (const char16_t *format : {u"day == 3", u"day > 2", u"day = 3.0"})
+        EXPECT_TRUE(NSPredicate::predicateWithFormat(format).evaluateWithObject(today))
+            << QString::fromUtf16(format).toStdString();
+    EXPECT_FALSE(NSPredicate::predicateWithFormat(u"day == 4").evaluateWithObject(today));
+}
+
+TEST(NSPredicate, ANSSetIsACollection)
+{
+    const QVariantMap bag{{u"tags"_s, QVariant::fromValue(NSSet{u"a"_s, u"b"_s})}};
+    EXPECT_TRUE(NSPredicate::predicateWithFormat(u"'b' IN tags").evaluateWithObject(bag));
+    EXPECT_FALSE(NSPredicate::predicateWithFormat(u"'c' IN tags").evaluateWithObject(bag));
+    EXPECT_TRUE(NSPredicate::predicateWithFormat(u"tags.@count == 2").evaluateWithObject(bag));
 }
 
 TEST(NSPredicate, ComparesValues)

@@ -1,9 +1,13 @@
 target_sources(KTUtilityTests PRIVATE
     Platform/Keys/InvokerTests.cpp
+    Platform/Keys/KTTextTests.cpp
+    Platform/Keys/KTValueTests.cpp
     Platform/Keys/KeyAccessorTests.cpp
     Platform/Keys/KeyPathTests.cpp
+    Platform/Keys/NSBoxedTests.cpp
     Platform/Keys/NSClassTests.cpp
     Platform/Keys/NSCollectionsTests.cpp
+    Platform/Keys/NSKeyValueCodingNotificationTests.cpp
     Platform/Keys/NSKeyValueCodingSettersTests.cpp
     Platform/Keys/NSKeyValueCodingTests.cpp
     Platform/Keys/NSKeyValueObservationTests.cpp
@@ -14,6 +18,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Keys/NSSelectorTests.cpp
     Platform/Keys/NSSortDescriptorTests.cpp
     Platform/Keys/NSWeakMapTableTests.cpp
+    Platform/Keys/ValueConversionTests.cpp
     Platform/Keys/ValueMatcherTests.cpp
     support/ObservedModel.h
 )

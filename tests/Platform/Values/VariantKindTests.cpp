@@ -18,6 +18,7 @@ using namespace Qt::StringLiterals;
 using Kind = VariantKind;
 
 enum class TestColour { Red, Green = 7 };
+enum class TestLevel : uchar { Low, High = 200 };
 
 namespace {
 
@@ -69,6 +70,12 @@ QList<Row> numbers()
         {"double", 2.25, Kind::Double, "2.25", "2.25", "2.2", "<real>2.25</real>"},
         {"decimal", decimal(u"12.34"), Kind::Decimal, "12.34", "12.34", "12.3",
          "<real>12.34</real>"},
+        {"enumeration", QVariant::fromValue(TestColour::Green), Kind::Signed, "7", "7", "7.0",
+         "<integer>7</integer>"},
+        {"unsigned enumeration", QVariant::fromValue(TestLevel::High), Kind::Unsigned, "200", "c8",
+         "200.0", "<integer>200</integer>"},
+        {"flags", QVariant::fromValue(Qt::Alignment(Qt::AlignRight)), Kind::Signed, "2", "2", "2.0",
+         "<integer>2</integer>"},
         {"whole decimal", decimal(u"-12"), Kind::Decimal, "-12", "-12", "-12.0",
          "<integer>-12</integer>"},
     };
@@ -81,7 +88,6 @@ QList<Row> otherValues()
         {"QChar", QChar(u'A'), Kind::Other, "A", "A", "A", ""},
         {"char16_t", QVariant::fromValue(u'A'), Kind::Other, "A", "A", "A", ""},
         {"char32_t", QVariant::fromValue(U'A'), Kind::Other, "A", "A", "A", ""},
-        {"enumeration", QVariant::fromValue(TestColour::Green), Kind::Other, "7", "7", "7", ""},
     };
 }
 
@@ -117,7 +123,7 @@ TEST(VariantKind, NumbersOfEveryTypePrintAndAreStoredAlike)
     }
 }
 
-TEST(VariantKind, CharactersAndEnumerationsAreNoNumbers)
+TEST(VariantKind, CharactersAreNoNumbers)
 {
     for (const Row &row : otherValues()) {
         expectRow(row);

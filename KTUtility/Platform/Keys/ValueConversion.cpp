@@ -1,0 +1,58 @@
+#include "ValueConversion_p.h"
+
+#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/Platform/Values/VariantKind_p.h>
+
+using namespace KTPrivate;
+
+namespace {
+double doubleOf(const QVariant &number)
+{
+    return kindOf(number) == VariantKind::Decimal ? number.value<NSDecimalNumber>().doubleValue()
+                                                  : number.toDouble();
+}
+
+/// A number without its fraction, in 64 bits. Those of unsigned numbers beyond the signed ones are
+/// the same.
+QVariant integerOf(const QVariant &number)
+{
+    if (kindOf(number) == VariantKind::Unsigned)
+        return number.toULongLong();
+    const double value = doubleOf(number);
+    if (kindOf(number) == VariantKind::Double && value >= 0x1p63 && value < 0x1p64)
+        return quint64(value);
+    return NSObject::integerValue(number);
+}
+
+QVariant decimalOf(const QVariant &number)
+{
+    return QVariant::fromValue(NSDecimalNumber::decimalNumberWithNumber(number));
+}
+
+QVariant convertedNumber(const QVariant &number, QMetaType type)
+{
+    switch (kindOf(QVariant(type))) {
+    case VariantKind::Bool:
+        return NSObject::boolValue(number);
+    case VariantKind::Double:
+        return doubleOf(number);
+    case VariantKind::Decimal:
+        return decimalOf(number);
+    default:
+        return integerOf(number);
+    }
+}
+} // namespace
+
+std::optional<QVariant> KTPrivate::convertedValue(const QVariant &value, QMetaType type)
+{
+    QVariant result = value;
+    if (NSObject::isNumber(value) && NSObject::isNumber(QVariant(type)))
+        result = convertedNumber(value, type);
+    else if (type.id() == QMetaType::Bool && kindOf(value) == VariantKind::Text)
+        result = NSObject::boolValue(value);
+    if (result.metaType() == type || result.convert(type))
+        return result;
+    return std::nullopt;
+}

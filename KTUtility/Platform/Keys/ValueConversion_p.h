@@ -1,0 +1,20 @@
+#pragma once
+
+// Private to key-value coding and to calls by selector.
+
+#include <KTUtility/KTUtilityExport.h>
+
+#include <QMetaType>
+#include <QVariant>
+
+#include <optional>
+
+namespace KTPrivate {
+/// A value as the type that a property or parameter has.
+///
+/// Numbers convert as the platform's do: their fractions are cut, every number other than 0 is
+/// true, and integers that are too large for a smaller type lose their upper bits. A text is true
+/// as NSString::boolValue() reads it. Everything else converts as Qt's variants do.
+/// \return nothing if there is no such conversion.
+KTUTILITY_EXPORT std::optional<QVariant> convertedValue(const QVariant &value, QMetaType type);
+} // namespace KTPrivate
