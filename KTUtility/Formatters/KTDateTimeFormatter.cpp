@@ -7,6 +7,7 @@
 #include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Dates/DateFormatterAccess_p.h>
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
+#include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
 #include <KTUtility/Platform/Values/UTC_p.h>
 
 #include <mutex>
@@ -76,11 +77,14 @@ void KTDateTimeFormatter::setTimeStyle(uint timeStyle)
     Q_EMIT timeStyleChanged();
 }
 
-/// Sets one style because of another setting, and notifies those who observe it.
-void KTDateTimeFormatter::setStyle(uint &style, uint value, void (KTDateTimeFormatter::*changed)())
+/// Sets one style because of another setting, and notifies those who observe it, before and after.
+void KTDateTimeFormatter::setShortStyle(uint &style, const QString &key,
+                                        void (KTDateTimeFormatter::*changed)())
 {
-    style = value;
+    NSKeyValueObserving::willChangeValueForKey(this, key);
+    style = NSDateFormatterShortStyle;
     Q_EMIT(this->*changed)();
+    NSKeyValueObserving::didChangeValueForKey(this, key);
 }
 
 void KTDateTimeFormatter::setDisplayDate(bool displayDate)
@@ -89,7 +93,8 @@ void KTDateTimeFormatter::setDisplayDate(bool displayDate)
     if (!displayDate) {
         _dateStyle = NSDateFormatterNoStyle;
         if (_timeStyle == NSDateFormatterNoStyle)
-            setStyle(_timeStyle, NSDateFormatterShortStyle, &KTDateTimeFormatter::timeStyleChanged);
+            setShortStyle(_timeStyle, kKTFieldOption_timeStyle,
+                          &KTDateTimeFormatter::timeStyleChanged);
     }
     clearFormatters();
     Q_EMIT displayDateChanged();
@@ -101,9 +106,10 @@ void KTDateTimeFormatter::setDisplayTime(bool displayTime)
     if (!displayTime) {
         _timeStyle = NSDateFormatterNoStyle;
         if (_dateStyle == NSDateFormatterNoStyle)
-            setStyle(_dateStyle, NSDateFormatterShortStyle, &KTDateTimeFormatter::dateStyleChanged);
+            setShortStyle(_dateStyle, kKTFieldOption_dateStyle,
+                          &KTDateTimeFormatter::dateStyleChanged);
     } else if (_timeStyle == NSDateFormatterNoStyle) {
-        setStyle(_timeStyle, NSDateFormatterShortStyle, &KTDateTimeFormatter::timeStyleChanged);
+        setShortStyle(_timeStyle, kKTFieldOption_timeStyle, &KTDateTimeFormatter::timeStyleChanged);
     }
     clearFormatters();
     Q_EMIT displayTimeChanged();

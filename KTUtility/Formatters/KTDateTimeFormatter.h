@@ -214,7 +214,7 @@ protected:
 private:
     using SharedList = std::shared_ptr<const KTDateFormatterList>;
 
-    void setStyle(uint &style, uint value, void (KTDateTimeFormatter::*changed)());
+    void setShortStyle(uint &style, const QString &key, void (KTDateTimeFormatter::*changed)());
     void makeDisplayFormatter() const;
     void setDisplayPattern(NSDateFormatter &formatter, const QString &ofStyles) const;
     /// The order in the locale's short dates; known once the display formatter is made.

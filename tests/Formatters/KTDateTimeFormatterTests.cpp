@@ -4,6 +4,7 @@
 #include <KTUtility/NSAssertionHandler>
 #include <KTUtility/NSException>
 #include <KTUtility/NSKeyValueCoding>
+#include <KTUtility/NSKeyValueObservation>
 #include <KTUtility/NSObject>
 #include <KTUtility/Platform/Values/UTC_p.h>
 
@@ -202,6 +203,32 @@ TEST(KTDateTimeFormatter, TellsObserversOfStylesThatFollow)
     EXPECT_EQ(timeStyle.count(), 2);
     NSKeyValueCoding::setValue(&formatter, 2, kKTFieldOption_timeStyle);
     EXPECT_EQ(timeStyle.count(), 3);
+}
+
+TEST(KTDateTimeFormatter, StylesThatFollowAreAnnouncedWithTheirOldValues)
+{
+    KTDateTimeFormatter formatter;
+    QStringList told;
+    const auto write = [&](QStringView key) {
+        return [&told, key](const NSKeyValueChange &change) {
+            told += (change.isPrior ? u"before " : u"") + key + u' ' +
+                    QString::number(change.oldValue->toUInt()) + u'>' +
+                    QString::number(change.newValue.value_or(QVariant()).toUInt());
+        };
+    };
+    constexpr NSKeyValueObservingOptions All = NSKeyValueObservingOptionNew |
+                                               NSKeyValueObservingOptionOld |
+                                               NSKeyValueObservingOptionPrior;
+    const NSKeyValueObservation time(&formatter, kKTFieldOption_timeStyle, All, write(u"time"));
+    const NSKeyValueObservation date(&formatter, kKTFieldOption_dateStyle, All, write(u"date"));
+    formatter.setDisplayDate(false);
+    EXPECT_EQ(told, QStringList({u"before time 0>0"_s, u"time 0>1"_s}));
+    told.clear();
+    formatter.setDisplayTime(false);
+    EXPECT_EQ(told, QStringList({u"before date 0>0"_s, u"date 0>1"_s}));
+    told.clear();
+    formatter.setDisplayTime(true);
+    EXPECT_EQ(told, QStringList({u"before time 0>0"_s, u"time 0>1"_s}));
 }
 
 TEST(KTDateTimeFormatter, ListsThreeOptionsAndSetsTheOthersByKey)
