@@ -62,7 +62,7 @@ as_newcomer() {
     shift
     in_system "$root" setpriv --reuid=newcomer --regid=newcomer --init-groups \
         env -i HOME=/home/newcomer USER=newcomer PATH=/usr/local/bin:/usr/bin:/bin TERM=dumb \
-        bash -euo pipefail -c "cd && $*" </dev/null
+        bash -euo pipefail -c "cd; $*" </dev/null
 }
 
 # Installs packages in a system; prints what apt said only if it fails.
