@@ -2,6 +2,8 @@
 
 #include "Commands/Cobble.h"
 
+#include "support/TestSupport.h"
+
 #include <QTextStream>
 
 /// What a command line run within the test leaves.
@@ -15,6 +17,8 @@ struct CommandResult
 /// Runs a command line with a logger of its own, whose settings lie in the current home.
 inline CommandResult runInProcess(const QStringList &arguments)
 {
+    // As in the program itself; without one, Qt opens no database.
+    testing_support::needApplication();
     KTLogger logger;
     CommandResult result;
     QTextStream out(&result.output);
