@@ -47,6 +47,8 @@ QVariant convertedNumber(const QVariant &number, QMetaType type)
 
 std::optional<QVariant> KTPrivate::convertedValue(const QVariant &value, QMetaType type)
 {
+    if (value.metaType() == type)
+        return value;
     QVariant result = value;
     if (NSObject::isNumber(value) && NSObject::isNumber(QVariant(type)))
         result = convertedNumber(value, type);
