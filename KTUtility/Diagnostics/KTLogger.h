@@ -83,7 +83,8 @@ public:
     /// first use of the shared logger.
     static void setKeepsLogFile(bool keeps) { _keepsLogFile = keeps; }
 
-    /// A logger of its own; for tests. It reads the settings and empties the log file.
+    /// A logger of its own; for tests. It reads the settings and empties the log file,
+    /// unless another logger writes into it or setKeepsLogFile() has kept it.
     KTLogger();
     ~KTLogger() override;
 

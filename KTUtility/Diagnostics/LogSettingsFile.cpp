@@ -74,7 +74,8 @@ bool LogSettingsFile::write(const LogSettings &settings, const QString &path)
 
 bool LogSettingsFile::canHoldName(const QString &component)
 {
-    return !NSPropertyListSerialization::dataWithPropertyList(component, nullptr).isNull();
+    return component.isNull() ||
+           !NSPropertyListSerialization::dataWithPropertyList(component, nullptr).isNull();
 }
 
 int LogSettingsFile::levelFrom(const QVariant &value)

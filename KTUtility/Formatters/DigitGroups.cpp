@@ -144,15 +144,25 @@ private:
                category != QChar::Punctuation_Close;
     }
 
+    /// Whether a code of ISO 4217 ends at an index. It has no full stop behind it.
+    bool isEndOfCode(qsizetype index) const
+    {
+        constexpr qsizetype Length = 3;
+        const qsizetype start = index + 1 - Length;
+        const auto isCapital = [](QChar unit) { return unit >= u'A' && unit <= u'Z'; };
+        return start >= 0 &&
+               std::all_of(_text.begin() + start, _text.begin() + index + 1, isCapital);
+    }
+
     /// A separator right before the digits that belongs to them, not to a sign ("Rs.5").
     QChar separatorBefore(qsizetype index) const
     {
         index = seenBefore(index);
         if (index < 0 || !_text[index].isPunct() || !isSeparator(_text.mid(index, 1)))
             return {};
-        const qsizetype before = seenBefore(index);
-        const bool isOfSign =
-            before >= 0 && (_text[before].isLetterOrNumber() || _text[before] == u'/');
+        const qsizetype before = index - 1;
+        const bool isOfSign = _text[index] == u'.' && before >= 0 && !isEndOfCode(before) &&
+                              (_text[before].isLetterOrNumber() || _text[before] == u'/');
         return isOfSign ? QChar() : _text[index];
     }
 

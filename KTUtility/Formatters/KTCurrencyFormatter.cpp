@@ -261,8 +261,8 @@ bool KTCurrencyFormatter::_internalGetCurrencyValue(QVariant *value, const QStri
     const bool isUneven = errorDescription && *errorDescription == unevenGroupsDescription();
     const bool isRead = readAmount(value, forString, errorDescription) ||
                         readNamedAmount(value, forString, errorDescription);
-    if (!isRead && isUneven)
-        *errorDescription = unevenGroupsDescription();
+    if (errorDescription && isUneven)
+        *errorDescription = isRead ? QString() : unevenGroupsDescription();
     KTLog(kLog_FormattersCurrency, 4, u"KTCurrencyFormatter getObjectValue forString:%@ returns %d",
           forString, isRead);
     if (!isRead && errorDescription && !errorDescription->isNull())

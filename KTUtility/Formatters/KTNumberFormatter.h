@@ -159,6 +159,7 @@ protected:
     bool _formatNegativeUsingParens = false;
     /// See useDisplayStringForEditingString().
     bool _useDisplayStringForEditingString = false;
+    /// See rejectsUnevenGroups().
     bool _rejectsUnevenGroups = false;
 
 private:

@@ -4,6 +4,7 @@
 #include <KTUtility/Platform/Values/UTC_p.h>
 #include <KTUtility/Platform/Values/WallClock_p.h>
 #include <KTUtility/Platform/Zones/TimeZoneRules_p.h>
+#include <KTUtility/Platform/Zones/ZoneData_p.h>
 
 using namespace KTPrivate;
 
@@ -16,6 +17,7 @@ struct KnownDay
 {
     NSCalendar calendar;
     QTimeZone zone;
+    unsigned generation = 0; ///< of the zones' data
     qint64 number = 0;
     QDateTime noon;
 };
@@ -40,8 +42,9 @@ QDateTime KTPrivate::todayAtNoon(const NSCalendar &calendar, qint64 now)
     thread_local KnownDay known;
     const QTimeZone zone = NSCalendar::systemTimeZone();
     const qint64 number = Civil::daysOfTime(TimeZoneRules::rulesOf(zone).localTimeOf(now));
+    const unsigned generation = ZoneData::generation();
     if (!known.noon.isValid() || known.number != number || known.zone != zone ||
-        known.calendar != calendar)
-        known = {calendar, zone, number, noonOf(calendar, now)};
+        known.generation != generation || known.calendar != calendar)
+        known = {calendar, zone, generation, number, noonOf(calendar, now)};
     return known.noon;
 }

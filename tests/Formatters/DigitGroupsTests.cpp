@@ -40,6 +40,15 @@ void expectRows(std::initializer_list<Row> rows)
 }
 } // namespace
 
+TEST(DigitGroups, LeaveThePointBehindACodeToTheNumber)
+{
+    expectRows({{"en_US", u"USD.50", u"0.5", true},
+                {"da_DK", u"DKK,50", u"0.5", true},
+                {"da_DK", u"kr,50", u"0.5", true},
+                {"da_DK", u"kr ,50", u"0.5", true},
+                {"en_IN", u"Rs.50", u"50", true}});
+}
+
 TEST(DigitGroups, HaveThreeDigits)
 {
     expectRows({{"en_US", u"1234", u"1234", true},

@@ -22,13 +22,24 @@ bool answers(const QObject *object, const char *signature)
     return object && object->metaObject()->indexOfMethod(signature) >= 0;
 }
 
+/// Asks the target. What it raises ends here, since Qt's event loop is left by no exception: the
+/// item cannot be chosen then.
+bool isWanted(QAction *item, QObject *target)
+{
+    Invoker validator("validateMenuItem:", {QVariant::fromValue(item)});
+    try {
+        return validator.isTrue(KeyValueTarget::of(target));
+    } catch (const std::exception &failure) {
+        NSLog(u"*** exception in the validation of a menu item: %s", failure.what());
+    }
+    return false;
+}
+
 void validate(QAction *item)
 {
     QObject *target = NSMenuItem::target(item);
-    if (!answers(target, "validateMenuItem(QAction*)"))
-        return;
-    Invoker validator("validateMenuItem:", {QVariant::fromValue(item)});
-    item->setEnabled(validator.isTrue(KeyValueTarget::of(target)));
+    if (answers(target, "validateMenuItem(QAction*)"))
+        item->setEnabled(isWanted(item, target));
 }
 
 bool isInVisibleMenu(const QAction *item)

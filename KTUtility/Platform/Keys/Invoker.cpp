@@ -119,6 +119,23 @@ void Invoker::resolveProperty(const QMetaObject *metaObject)
     _parameterCount = 0;
 }
 
+/// Those of 64 bits are none that a condition can have.
+Invoker::Returns Invoker::returnsOfEnumeration(QMetaType type)
+{
+    if (!(type.flags() & QMetaType::IsEnumeration))
+        return Returns::Other;
+    switch (type.sizeOf()) {
+    case 1:
+        return Returns::Bits8;
+    case 2:
+        return Returns::Bits16;
+    case 4:
+        return Returns::Bits32;
+    default:
+        return Returns::Other;
+    }
+}
+
 /// Finds the method in the receiver's class, unless it is the class of the last receiver.
 /// \return whether there is one.
 bool Invoker::resolve(const KeyValueTarget &receiver)
@@ -148,10 +165,8 @@ bool Invoker::resolve(const KeyValueTarget &receiver)
     case QMetaType::UInt:
         _returns = Returns::Bits32;
         break;
-    default: {
-        const bool isEnumeration = _returnType.flags() & QMetaType::IsEnumeration;
-        _returns = isEnumeration && _returnType.sizeOf() == 4 ? Returns::Bits32 : Returns::Other;
-    }
+    default:
+        _returns = returnsOfEnumeration(_returnType);
     }
     return _declaringClass;
 }

@@ -61,6 +61,7 @@ public:
 
 private:
     enum class Returns : quint8 { Other, Bits8, Bits16, Bits32 };
+    static Returns returnsOfEnumeration(QMetaType type);
 
     bool resolve(const KeyValueTarget &receiver);
     void resolveMethod(const QMetaObject *metaObject);

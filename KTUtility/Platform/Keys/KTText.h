@@ -27,6 +27,7 @@ public:
     KTText(const KTText &) = delete;
     KTText &operator=(const KTText &) = delete;
 
+    /// The same as string().
     operator const QString &() const { return *_text; }
     /// The text; it lives as long as what this was made from.
     const QString &string() const { return *_text; }

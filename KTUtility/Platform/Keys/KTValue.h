@@ -25,6 +25,7 @@ public:
     KTValue(const KTValue &) = delete;
     KTValue &operator=(const KTValue &) = delete;
 
+    /// The same as variant().
     operator const QVariant &() const { return *_value; }
     /// The value; it lives as long as what this was made from.
     const QVariant &variant() const { return *_value; }

@@ -2,6 +2,7 @@
 
 #include "KeyValueOperators_p.h"
 #include "NSCollections.h"
+#include <KTUtility/Platform/Values/NSDecimalNumber.h>
 #include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/Platform/Values/NSStringValues.h>
 
@@ -14,8 +15,9 @@ using namespace Qt::StringLiterals;
 namespace {
 double numberOf(const QVariant &value)
 {
-    return NSObject::isNumber(value) ? NSObject::description(value).toDouble()
-                                     : NSString::doubleValue(value.toString());
+    if (value.metaType() == QMetaType::fromType<NSDecimalNumber>())
+        return value.value<NSDecimalNumber>().doubleValue();
+    return NSObject::isNumber(value) ? value.toDouble() : NSString::doubleValue(value.toString());
 }
 
 double sumOf(const QVariantList &values)

@@ -9,6 +9,7 @@
 #include <QSet>
 #include <QVariant>
 
+#include <algorithm>
 #include <functional>
 #include <set>
 #include <type_traits>
@@ -179,7 +180,9 @@ public:
     /// Whether both hold equal values.
     friend bool operator==(const NSSet &left, const NSSet &right)
     {
-        return left._values == right._values;
+        return left.size() == right.size() &&
+               std::all_of(left.begin(), left.end(),
+                           [&right](const QVariant &value) { return right.contains(value); });
     }
 
 private:

@@ -7,8 +7,10 @@
 #include <QHash>
 #include <QMetaMethod>
 #include <QMetaProperty>
+#include <QThread>
 
 #include <algorithm>
+#include <atomic>
 
 using namespace KTPrivate;
 
@@ -19,6 +21,14 @@ QHash<const QObject *, KeysOfObject> &observedKeys()
 {
     static auto *const keys = new QHash<const QObject *, KeysOfObject>;
     return *keys;
+}
+
+/// The thread in which objects are observed, which is one. Whoever sets values of other objects in
+/// another thread must not look at the table beside it.
+std::atomic<Qt::HANDLE> &observingThread()
+{
+    static std::atomic<Qt::HANDLE> thread = nullptr;
+    return thread;
 }
 
 NSKeyValueCodingObject *codingObject(QObject *object)
@@ -67,6 +77,8 @@ ObservedKey *ObservedKey::of(QObject *object, const QString &key)
 
 ObservedKey *ObservedKey::existing(const QObject *object, const QString &key)
 {
+    if (observingThread() != QThread::currentThreadId())
+        return nullptr;
     const auto keys = observedKeys().constFind(object);
     return keys == observedKeys().constEnd() ? nullptr : keys->value(key);
 }
@@ -83,6 +95,7 @@ QList<ObservedKey *> ObservedKey::allOf(const QObject *object)
 ObservedKey::ObservedKey(QObject *object, const QString &key)
     : _object(object), _address(object), _key(key), _serial(nextKeySerial())
 {
+    observingThread() = QThread::currentThreadId();
     connectTo(object);
     observedKeys()[object].insert(key, this);
     if (NSKeyValueCodingObject *const coding = codingObject(object)) {
@@ -217,7 +230,13 @@ void ObservedKey::objectIsGone()
 void ObservedKey::willChange(NSKeyValueChangeKind kind, const QList<qsizetype> &indexes)
 {
     ++_changing;
-    tell({kind, {}, {}, indexes, true});
+    try {
+        tell({kind, {}, {}, indexes, true});
+    } catch (...) {
+        // What an observer raises ends the change before it began.
+        cancelChange();
+        throw;
+    }
 }
 
 void ObservedKey::cancelChange()

@@ -461,12 +461,13 @@ void NSNumberFormatter::setCurrencyGroupingSeparator(const QString &separator)
 
 QString NSNumberFormatter::zeroSymbol() const
 {
-    return _private->zeroSymbol;
+    return _private->isZeroShownByFormat ? _private->textOfZero() : _private->zeroSymbol;
 }
 
 void NSNumberFormatter::setZeroSymbol(const QString &symbol)
 {
     _private->zeroSymbol = symbol;
+    _private->isZeroShownByFormat = false;
 }
 
 QString NSNumberFormatter::nilSymbol() const
@@ -555,10 +556,11 @@ void NSNumberFormatter::setFormat(const QString &format)
     if (!NumberPattern::isAcceptable(format))
         return;
     const QStringList parts = NumberPattern::partsOf(format);
-    if (parts.size() == 1 && !format.isNull()) {
+    _private->isZeroShownByFormat = parts.size() == 1 && !format.isNull();
+    if (_private->isZeroShownByFormat) {
         setPositiveFormat(format);
         setNegativeFormat(u'-' + format);
-        setZeroSymbol(_private->textOfZero());
+        _private->zeroSymbol.clear();
         return;
     }
     setPositiveFormat(nilIfEmpty(parts.first()));

@@ -97,6 +97,8 @@ struct Q_DECL_HIDDEN NSNumberFormatter::Private
     bool generatesDecimalNumbers = false;
     bool allowsFloats = true;
     QString zeroSymbol;
+    /// Whether the text of zero is what a format of one part shows for it, whatever else is set.
+    bool isZeroShownByFormat = false;
     QString nilSymbol = QStringLiteral("");
     QString positiveInfinitySymbol;
     QString negativeInfinitySymbol;

@@ -432,7 +432,7 @@ QVariant variantOfSimple(const T &value)
     else if constexpr (shape == Shape::Number || shape == Shape::Core || shape == Shape::Debugged)
         return QVariant::fromValue(value);
     else if constexpr (shape == Shape::Enumeration)
-        return QVariant::fromValue(qint64(value));
+        return QVariant::fromValue(std::underlying_type_t<T>(value));
     else if constexpr (shape == Shape::View)
         return QStringView(value).toString();
     else if constexpr (shape == Shape::Text)

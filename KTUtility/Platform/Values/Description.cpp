@@ -162,20 +162,20 @@ QString textByConversion(const QVariant &value)
     if (!character.isNull())
         return character;
     const QString text = value.canConvert<QString>() ? value.toString() : QString();
-    if (text.isEmpty() && value.metaType().flags() & QMetaType::IsEnumeration)
-        return QString::number(value.toLongLong());
     return text.isEmpty() ? QString() : text;
 }
 
 /// "<Point x = 1, y = 2>".
-QString describeGadget(const QVariant &value)
+
+/// A property may hold a value of the same type that is made when it is asked for, and so on for ever.
+QString describeGadget(const QVariant &value, int depth)
 {
     const QMetaObject *metaObject = value.metaType().metaObject();
     QStringList properties;
     for (int index = 0; index < metaObject->propertyCount(); ++index) {
         const QMetaProperty property = metaObject->property(index);
         properties += QLatin1String(property.name()) + u" = "_s +
-                      describe(property.readOnGadget(value.constData()));
+                      describeAtDepth(property.readOnGadget(value.constData()), depth + 1);
     }
     return u'<' + QLatin1String(metaObject->className()) + (properties.isEmpty() ? u""_s : u" "_s) +
            properties.join(u", "_s) + u'>';
@@ -188,7 +188,7 @@ QString describePointer(const QVariant &value)
 }
 
 /// Values without elements.
-QString describePlain(const QVariant &value)
+QString describePlain(const QVariant &value, int depth)
 {
     const QMetaType::TypeFlags flags = value.metaType().flags();
     const QString text = textByConversion(value);
@@ -199,7 +199,7 @@ QString describePlain(const QVariant &value)
     const QString debugText = textForProgrammers(value);
     if (!debugText.isEmpty())
         return debugText;
-    return flags & QMetaType::IsGadget ? describeGadget(value)
+    return flags & QMetaType::IsGadget ? describeGadget(value, depth)
                                        : u'<' + QString::fromLatin1(value.typeName()) + u'>';
 }
 
@@ -214,7 +214,7 @@ QString describeOther(const QVariant &value, int depth)
         return describeMap(entriesOf(value.value<QAssociativeIterable>()), depth);
     if (QMetaType::canView(value.metaType(), QMetaType::fromType<QSequentialIterable>()))
         return describeList(elementsOf(value.value<QSequentialIterable>()), depth);
-    return describePlain(value);
+    return describePlain(value, depth);
 }
 
 QString describeAtDepth(const QVariant &value, int depth)

@@ -21,10 +21,12 @@
 #include <QReadWriteLock>
 #include <QRect>
 #include <QRegularExpression>
+#include <QScopedValueRollback>
 #include <QSequentialIterable>
 #include <QUrl>
 #include <QUuid>
 
+#include <cmath>
 #include <cstring>
 
 using namespace KTPrivate;
@@ -97,11 +99,17 @@ size_t mixed(size_t hash, size_t next)
     return hash * 31 + next;
 }
 
+/// All values that are no number are equal, whatever their bits.
+size_t hashOfDouble(double value)
+{
+    return std::isnan(value) ? 1 : qHash(value);
+}
+
 size_t hashOfNumber(const QVariant &value, VariantKind kind)
 {
     if (kind == VariantKind::Decimal)
-        return qHash(value.value<NSDecimalNumber>().doubleValue());
-    return qHash(value.toDouble());
+        return hashOfDouble(value.value<NSDecimalNumber>().doubleValue());
+    return hashOfDouble(value.toDouble());
 }
 
 size_t hashOfList(const QVariantList &list)
@@ -144,8 +152,14 @@ bool hasProperties(const QVariant &value)
     return type.flags() & QMetaType::IsGadget && type.metaObject()->propertyCount() > 0;
 }
 
+/// A property may hold a value of the same type that is made when it is asked for, and so on for ever.
 size_t hashOfGadget(const QVariant &value)
 {
+    constexpr int Deepest = 16;
+    static thread_local int depth = 0;
+    if (depth == Deepest)
+        return 0;
+    const QScopedValueRollback deeper(depth, depth + 1);
     const QMetaObject *const metaObject = value.metaType().metaObject();
     size_t result = 0;
     for (int index = 0; index < metaObject->propertyCount(); ++index)
@@ -161,12 +175,12 @@ size_t hashOfCoordinates(const std::array<double, 4> &coordinates)
     return result;
 }
 
-/// Enumerations, pointers and what points to objects: all of what they hold.
+/// Pointers and what points to objects: all of what they hold.
 size_t hashOfHolder(const QVariant &value)
 {
     const QMetaType type = value.metaType();
-    const bool isPlain = type.flags() & (QMetaType::IsEnumeration | QMetaType::IsPointer) ||
-                         value.typeId() == QMetaType::VoidStar;
+    const bool isPlain =
+        type.flags() & QMetaType::IsPointer || value.typeId() == QMetaType::VoidStar;
     return isPlain ? qHashBits(value.constData(), size_t(type.sizeOf()))
                    : qHash(value.value<QObject *>());
 }
@@ -174,8 +188,8 @@ size_t hashOfHolder(const QVariant &value)
 bool isHolder(const QVariant &value)
 {
     constexpr QMetaType::TypeFlags Holders =
-        QMetaType::IsEnumeration | QMetaType::IsPointer | QMetaType::SharedPointerToQObject |
-        QMetaType::WeakPointerToQObject | QMetaType::TrackingPointerToQObject;
+        QMetaType::IsPointer | QMetaType::SharedPointerToQObject | QMetaType::WeakPointerToQObject |
+        QMetaType::TrackingPointerToQObject;
     return value.metaType().flags() & Holders || value.typeId() == QMetaType::VoidStar;
 }
 

@@ -1,6 +1,6 @@
 #include "ZoneData_p.h"
 
-#include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QMutex>
 #include <QMutexLocker>
@@ -97,10 +97,12 @@ QByteArray ZoneData::fingerprint()
 {
     const QByteArray folder(ZoneFolder);
     QByteArray result = targetOf(MachineZone) + ' ' + statusOf(MachineZone) + statusOf(folder);
-    // A file that is replaced changes its folder.
-    for (const QString &name :
-         QDir(QFile::decodeName(folder)).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name))
-        result += statusOf(folder + '/' + QFile::encodeName(name));
+    // A file that is replaced changes its folder; zic(8) writes over the list of all.
+    result += statusOf(folder + "/tzdata.zi");
+    QDirIterator folders(QFile::decodeName(folder), QDir::Dirs | QDir::NoDotAndDotDot,
+                         QDirIterator::Subdirectories);
+    while (folders.hasNext())
+        result += statusOf(QFile::encodeName(folders.next()));
     return result;
 }
 

@@ -135,20 +135,22 @@ QStringList completionsOf(const QString &line)
     return QString::fromUtf8(bash.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
 }
 
-void PrintTo(const Options &options, std::ostream *stream)
+std::string textOf(const Options &options)
 {
+    QString text;
     for (auto entry = options.begin(); entry != options.end(); ++entry) {
         QStringList names = entry->values();
         names.sort();
-        *stream << '\n' << qPrintable(entry.key() + u": " + names.join(u' '));
+        text += u'\n' + entry.key() + u": "_s + names.join(u' ');
     }
+    return text.toStdString();
 }
 
 void expectSame(const Options &options, const char *document)
 {
     EXPECT_TRUE(options == usageOptions())
-        << document << " says" << testing::PrintToString(options) << "\nthe usage"
-        << testing::PrintToString(usageOptions());
+        << document << " says" << textOf(options) << "\nthe usage"
+        << textOf(usageOptions());
 }
 } // namespace
 

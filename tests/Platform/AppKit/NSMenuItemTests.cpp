@@ -21,6 +21,22 @@ public:
 
     QList<int> chosen;
 };
+
+/// Cannot say which items are enabled.
+class FailingJudge : public QObject
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE bool validateMenuItem(QAction *)
+    {
+        NSException::raise(u"Broken"_s, u"by hand"_s);
+        return true;
+    }
+    Q_INVOKABLE void choose(QAction *) { isChosen = true; }
+
+    bool isChosen = false;
+};
 } // namespace
 
 TEST(NSMenuItem, SendsItsActionWithItself)
@@ -105,6 +121,21 @@ TEST(NSMenuItem, ShortcutsAskAgainAfterTheMenuWasSeen)
     rejected->trigger();
     EXPECT_TRUE(target.chosen.isEmpty());
     EXPECT_TRUE(rejected->isEnabled());
+}
+
+TEST(NSMenuItem, AnExceptionOfAValidationIsLoggedAndDisablesTheItem)
+{
+    testing_support::needApplication();
+    QMenu menu;
+    FailingJudge judge;
+    QAction *item = NSMenuItem::addItem(&menu, u"Fail"_s, "choose:", &judge);
+    const QString log = testing_support::standardErrorOf([&] {
+        Q_EMIT menu.aboutToShow();
+        item->trigger();
+    });
+    EXPECT_FALSE(item->isEnabled());
+    EXPECT_FALSE(judge.isChosen);
+    EXPECT_TRUE(log.contains(u"validation of a menu item"_s)) << qPrintable(log);
 }
 
 #include "NSMenuItemTests.moc"

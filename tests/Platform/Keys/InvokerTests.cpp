@@ -9,6 +9,24 @@ using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
+/// A gadget with enumerations of several widths.
+class WideAndNarrow
+{
+    Q_GADGET
+
+public:
+    enum class Small : quint8 { No, Yes };
+    enum class Middle : qint16 { No, Yes = 256 };
+    enum class Large : quint64 { No, Yes };
+    Q_ENUM(Small)
+    Q_ENUM(Middle)
+    Q_ENUM(Large)
+
+    Q_INVOKABLE WideAndNarrow::Small small() const { return Small::Yes; }
+    Q_INVOKABLE WideAndNarrow::Middle middle() const { return Middle::Yes; }
+    Q_INVOKABLE WideAndNarrow::Large large() const { return Large::Yes; }
+};
+
 bool isTrue(TestField &field, const char *selector, const QVariant &argument = {})
 {
     return Invoker(selector, {argument}).isTrue(KeyValueTarget::of(&field));
@@ -117,3 +135,14 @@ TEST(Invoker, CallsMethodsOfGadgets)
     EXPECT_TRUE(isRight.isTrue(KeyValueTargets::target(right)));
     EXPECT_FALSE(isRight.isTrue(KeyValueTargets::target(left)));
 }
+
+TEST(Invoker, NarrowEnumerationsAreConditions)
+{
+    WideAndNarrow gadget;
+    const QVariant value = QVariant::fromValue(gadget);
+    for (const char *selector : {"small", "middle"})
+        EXPECT_TRUE(Invoker(selector, {}).isTrue(KeyValueTarget::ofVariant(value))) << selector;
+    EXPECT_FALSE(Invoker("large", {}).isTrue(KeyValueTarget::ofVariant(value)));
+}
+
+#include "InvokerTests.moc"

@@ -1,4 +1,5 @@
 #include <KTUtility/KeyPath>
+#include <KTUtility/NSDecimalNumber>
 #include <KTUtility/NSException>
 #include <KTUtility/NSKeyValueCoding>
 
@@ -73,4 +74,14 @@ TEST(KeyPath, UnknownKeysRaise)
         EXPECT_THROW(NSKeyValueCoding::setValueForKeyPath(&record, 1, QString::fromUtf16(path)),
                      NSException)
             << QString::fromUtf16(path).toStdString();
+}
+
+TEST(KeyPath, SumsKeepAllBits)
+{
+    const QVariantList values{QVariant(0.1 + 0.2), QVariant::fromValue(NSDecimalNumber(1))};
+    const QVariantMap holder{{u"all"_s, values}, {u"one"_s, QVariantList{0.1 + 0.2}}};
+    EXPECT_EQ(NSKeyValueCoding::valueForKeyPath(QVariant(holder), u"all.@sum.self"_s),
+              QVariant(0.1 + 0.2 + 1));
+    EXPECT_EQ(NSKeyValueCoding::valueForKeyPath(QVariant(holder), u"one.@sum.self"_s).toDouble(),
+              0.1 + 0.2);
 }

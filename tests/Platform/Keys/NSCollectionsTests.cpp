@@ -56,3 +56,11 @@ TEST(NSCollections, ASetInAVariantIsAList)
     EXPECT_EQ(set.toList(), QVariantList{7});
     EXPECT_EQ((NSSet{7, 7.0}).allObjects().size(), 1);
 }
+
+TEST(NSCollections, SetsOfEqualValuesAreEqual)
+{
+    EXPECT_EQ(NSSet({QVariant::fromValue(NSDecimalNumber(1))}), NSSet({1}));
+    EXPECT_EQ(NSSet({QStringList{u"a"_s}}), NSSet({QVariantList{u"a"_s}}));
+    EXPECT_FALSE(NSSet({1, 2}) == NSSet({1}));
+    EXPECT_FALSE(NSSet({1}) == NSSet({2}));
+}

@@ -163,4 +163,21 @@ TEST(NSKeyValueCodingNotification, TheOldValueIsThatOfTheAnnouncement)
               QStringList({u"before 3>-"_s, u"3>4"_s}));
 }
 
+TEST(NSKeyValueCodingNotification, AnObserverThatRaisesMutesNothing)
+{
+    QuietModel model;
+    bool fails = true;
+    int told = 0;
+    const NSKeyValueObservation observation(&model, u"member"_s, All,
+                                            [&](const NSKeyValueChange &change) {
+                                                if (std::exchange(fails, false))
+                                                    NSException::raise(u"Broken"_s, u"by hand"_s);
+                                                told += change.isPrior ? 0 : 1;
+                                            });
+    EXPECT_THROW(setValue(&model, 2, u"member"), NSException);
+    setValue(&model, 3, u"member");
+    setValue(&model, 4, u"member");
+    EXPECT_EQ(told, 2);
+}
+
 #include "NSKeyValueCodingNotificationTests.moc"

@@ -133,4 +133,22 @@ TEST_F(NSNumberFormatterSettingsTests, APatternOfOnePartShowsEveryNumber)
     EXPECT_EQ(formatter.numberFromString(u"0.00"_s), 0);
     formatter.setFormat(QString());
     EXPECT_EQ(formatter.negativeFormat(), formatter.positiveFormat());
+    EXPECT_TRUE(formatter.zeroSymbol().isNull());
+}
+
+TEST_F(NSNumberFormatterSettingsTests, ZeroFollowsAPatternOfOnePart)
+{
+    formatter.setFormat(u"0.00"_s);
+    EXPECT_EQ(formatter.zeroSymbol(), u"0.00");
+    formatter.setMinimumFractionDigits(3);
+    EXPECT_EQ(shown(0), u"0.000");
+    EXPECT_EQ(formatter.zeroSymbol(), u"0.000");
+}
+
+TEST_F(NSNumberFormatterSettingsTests, ZeroLeavesThePatternOfOnePartWithIt)
+{
+    formatter.setFormat(u"0.00"_s);
+    formatter.setFormat(u"#,##0;(#,##0)"_s);
+    EXPECT_EQ(shown(0), u"0");
+    EXPECT_TRUE(formatter.zeroSymbol().isNull());
 }

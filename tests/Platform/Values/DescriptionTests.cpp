@@ -18,6 +18,16 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+/// A value with one of its own type, which is made when it is asked for.
+class NextPlace
+{
+    Q_GADGET
+    Q_PROPERTY(NextPlace next READ next)
+
+public:
+    NextPlace next() const { return {}; }
+};
+
 /// A value with properties and no text.
 class NamedPlace
 {
@@ -98,6 +108,13 @@ TEST(Description, AnObjectWithoutWordsShowsItsClassAndAddress)
 TEST(Description, AnInvalidDateSaysSo)
 {
     EXPECT_EQ(description(QDateTime()), u"<invalid date>"_s);
+}
+
+TEST(Description, OfValuesWithoutEndEnds)
+{
+    const QString text = NSObject::description(QVariant::fromValue(NextPlace()));
+    EXPECT_TRUE(text.startsWith(u"<NextPlace next = <NextPlace next = "_s)) << qPrintable(text);
+    EXPECT_TRUE(text.contains(u"..."_s));
 }
 
 #include "DescriptionTests.moc"

@@ -22,12 +22,24 @@
 #include <QUuid>
 
 #include <array>
+#include <cmath>
 #include <functional>
+#include <limits>
 #include <vector>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+/// A value with one of its own type, which is made when it is asked for.
+class NextHash
+{
+    Q_GADGET
+    Q_PROPERTY(NextHash next READ next)
+
+public:
+    NextHash next() const { return {}; }
+};
+
 enum class HashedColour : quint16 { None };
 
 class HashedPlace
@@ -185,6 +197,21 @@ TEST(ValueHash, ATypeMayTellItsOwn)
     };
     ASSERT_TRUE(NSObject::isEqual(account(u"Ada"_s), account(u"Bob"_s)));
     EXPECT_EQ(NSObject::hash(account(u"Ada"_s)), NSObject::hash(account(u"Bob"_s)));
+}
+
+TEST(ValueHash, OfValuesWithoutEndEnds)
+{
+    EXPECT_EQ(NSObject::hash(QVariant::fromValue(NextHash())),
+              NSObject::hash(QVariant::fromValue(NextHash())));
+}
+
+TEST(ValueHash, IsTheSameForAllThatIsNoNumber)
+{
+    const double quiet = std::numeric_limits<double>::quiet_NaN();
+    const QVariant one(quiet);
+    const QVariant other(std::copysign(quiet, -1.0));
+    ASSERT_TRUE(NSObject::isEqual(one, other));
+    EXPECT_EQ(NSObject::hash(one), NSObject::hash(other));
 }
 
 #include "ValueHashTests.moc"

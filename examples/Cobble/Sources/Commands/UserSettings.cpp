@@ -89,6 +89,7 @@ Outcome<> applyOne(const QString &option, NSFormatter *formatter)
     NSKeyValueCoding::setValue(formatter, value, key);
     return {};
 }
+
 /// A formatter can neither show nor read dates without a style.
 Outcome<> checkStyles(const NSFormatter *formatter)
 {

@@ -49,7 +49,7 @@ QString reasonFor(FieldType type, const QString &errorDescription)
 /// A text without the marks of direction at its ends, which nobody sees ("12" and U+200F).
 QString withoutOuterMarks(const QString &text)
 {
-    static const QRegularExpression marks(uR"(\A[\s\x{202A}-\x{202E}\x{2066}-\x{2069}]+|)"
+    static const QRegularExpression marks(uR"((*UCP)\A[\s\x{202A}-\x{202E}\x{2066}-\x{2069}]+|)"
                                           uR"([\s\x{061C}\x{200E}\x{200F}\x{202A}-\x{202E})"
                                           uR"(\x{2066}-\x{2069}]+\z)"_s);
     return QString(text).remove(marks);
