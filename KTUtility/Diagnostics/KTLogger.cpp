@@ -131,7 +131,9 @@ void KTLogger::readMissedSettings()
 
 bool KTLogger::writeConfigFile()
 {
-    const bool isWritten = LogSettingsFile::write(settings(), _userFile);
+    // To write over what was never read would lose it.
+    const QString file = _isUserFileUnread ? QString() : _userFile;
+    const bool isWritten = LogSettingsFile::write(settings(), file);
     loadConfigFile(_userFile);
     return isWritten;
 }
