@@ -149,8 +149,7 @@ std::string textOf(const Options &options)
 void expectSame(const Options &options, const char *document)
 {
     EXPECT_TRUE(options == usageOptions())
-        << document << " says" << textOf(options) << "\nthe usage"
-        << textOf(usageOptions());
+        << document << " says" << textOf(options) << "\nthe usage" << textOf(usageOptions());
 }
 } // namespace
 
