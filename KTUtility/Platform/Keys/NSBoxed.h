@@ -93,6 +93,7 @@ QVariant NSBoxed(const T &value)
     else if constexpr (NSDetail::IsOptional<T>::value)
         return value ? NSBoxed(*value) : QVariant();
     else if constexpr (std::is_enum_v<T> || std::is_arithmetic_v<T>)
+        // Asked for before the texts: NOLINTNEXTLINE(bugprone-branch-clone)
         return QVariant::fromValue(value);
     else if constexpr (NSDetail::ForeignText<T>)
         return NSDetail::boxedText(value);

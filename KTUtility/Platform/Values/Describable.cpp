@@ -38,7 +38,7 @@ QString KTPrivate::durationText(const QVariant &count, qint64 numerator, qint64 
     return text + u"[%1/%2]s"_s.arg(numerator).arg(denominator);
 }
 
-QVariant KTPrivate::dateOf(std::chrono::milliseconds sinceEpoch)
+QVariant KTPrivate::localDateOf(std::chrono::milliseconds sinceEpoch)
 {
     return QDateTime::fromMSecsSinceEpoch(sinceEpoch.count());
 }

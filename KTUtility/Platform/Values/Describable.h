@@ -329,7 +329,7 @@ concept Describable = isDescribable<T>();
 /// "15ms": a count and the unit that stands for numerator / denominator of a second.
 KTUTILITY_EXPORT QString durationText(const QVariant &count, qint64 numerator, qint64 denominator);
 /// A date, in the local zone.
-KTUTILITY_EXPORT QVariant dateOf(std::chrono::milliseconds sinceEpoch);
+KTUTILITY_EXPORT QVariant localDateOf(std::chrono::milliseconds sinceEpoch);
 /// The object or address that a pointer holds; nothing for null.
 KTUTILITY_EXPORT QVariant objectAt(const QObject *object);
 KTUTILITY_EXPORT QVariant addressOf(const void *address);
@@ -486,7 +486,7 @@ QVariant variantOf(const T &value)
     else if constexpr (shape == Shape::Duration)
         return durationText(variantOf(value.count()), T::period::num, T::period::den);
     else if constexpr (shape == Shape::Instant)
-        return dateOf(std::chrono::floor<std::chrono::milliseconds>(value.time_since_epoch()));
+        return localDateOf(std::chrono::floor<std::chrono::milliseconds>(value.time_since_epoch()));
     else if constexpr (shape == Shape::ErrorCode)
         return QString::fromUtf8(std::string(value.category().name()) + ": " + value.message());
     else if constexpr (shape <= Shape::Bytes || shape == Shape::Describer ||
