@@ -96,16 +96,21 @@ bool isTooLong(const QString &path)
     return NSString::lastPathComponent(path).toUtf8().size() > LongestFileName;
 }
 
-/// A path with a suffix before its extension. Characters before the suffix give way to it.
+/// A path with a suffix before its extension. Characters before the suffix give way to it, and those
+/// of the extension where these do not suffice.
 QString withSuffixThatFits(const QString &receiver, const QString &suffix)
 {
-    const QString extension = NSString::pathExtension(receiver);
+    QString extension = NSString::pathExtension(receiver);
     QString stem = NSString::stringByDeletingPathExtension(receiver);
     const auto path = [&] {
         return NSString::stringByAppendingPathExtension(stem + suffix, extension);
     };
-    while (isTooLong(path()) && NSString::lastPathComponent(stem).size() > 2)
-        stem.chop(stem.back().isLowSurrogate() ? 2 : 1);
+    while (isTooLong(path())) {
+        QString &longest = NSString::lastPathComponent(stem).size() > 2 ? stem : extension;
+        if (longest.isEmpty())
+            break;
+        longest.chop(longest.back().isLowSurrogate() ? 2 : 1);
+    }
     return path();
 }
 } // namespace

@@ -267,13 +267,12 @@ DateFormatterLists::Shared DateFormatterLists::datesWithTimes(const DateFormatte
     ListKey key = keyOf(Kind::DatesWithTimes, settings);
     key.datePattern = datePattern;
     const DateFormatterSettings used = forList(settings);
-    const bool hasStyle = isOfStyle(settings, datePattern);
     return listOf(key, times->size(), [=](size_t index) {
         const QString pattern = datePattern + u' ' + (*times)[index]->dateFormat();
         if (!used.isSilent)
             KTLog(kLog_FormattersDateTimes, 4, u"adding date/time format: %@", pattern);
         auto formatter = formatterWithPattern(used, pattern, used.isJapaneseCalendar());
-        if (hasStyle)
+        if (isOfStyle(used, datePattern))
             DateFormatterAccess::setFormatOfStyle(*formatter, pattern);
         return formatter;
     });

@@ -21,11 +21,14 @@ void PhonePatterns::add(qsizetype index)
     if (!_first.contains(shape))
         _first.insert(shape, index);
     _literalLengths.insert(literals.size());
+    _mostUnits = std::max(_mostUnits, literals.size() + 2 * shape.second);
 }
 
 std::optional<QString> PhonePatterns::firstFitting(const QString &number) const
 {
     const QString typed = PhoneDigits::withoutSeparators(number);
+    if (typed.size() > _mostUnits)
+        return std::nullopt;
     qsizetype first = _patterns.size();
     for (const qsizetype length : _literalLengths) {
         if (length > typed.size())

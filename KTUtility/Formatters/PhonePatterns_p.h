@@ -38,5 +38,6 @@ private:
     QStringList _literals; // of each of the patterns; what the shapes look into
     QHash<Shape, qsizetype> _first;
     std::set<qsizetype> _literalLengths;
+    qsizetype _mostUnits = 0; ///< of a number that fits; digits may be of two units
 };
 } // namespace KTPrivate

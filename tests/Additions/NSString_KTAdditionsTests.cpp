@@ -135,6 +135,8 @@ TEST(NSString_KTAdditions, UniquePathsCanBeMade)
         {u"x"_s + QString(127, u'é'), u"x"_s + QString(126, u'é') + u" 2"_s},
         {u"xyz"_s + u"\U0001F600"_s.repeated(63),
          u"xyz"_s + u"\U0001F600"_s.repeated(62) + u" 2"_s},
+        // There is nothing before the extension that could give way.
+        {u"ab."_s + QString(252, u'e'), u"ab 2."_s + QString(250, u'e')},
     };
     for (const auto &[name, expected] : rows) {
         testing_support::writeFile(root.filePath(name), "x");

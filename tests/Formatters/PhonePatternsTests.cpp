@@ -43,3 +43,11 @@ TEST(PhonePatterns, FitsNothingElse)
     EXPECT_EQ(firstFitting({}, u"12"_s), u"none");
     EXPECT_EQ(firstFitting({u"()"_s}, u" "_s), u"()"); // no digits at all
 }
+
+TEST(PhonePatterns, FitsNoLongText)
+{
+    const QStringList patterns{u"#"_s.repeated(3), u"+1 ##"_s};
+    for (const qsizetype length : {6, 7, 1'000'000})
+        EXPECT_EQ(firstFitting(patterns, QString(length, u'1')), u"none") << length;
+    EXPECT_EQ(firstFitting(patterns, u"𝟒𝟒𝟒"_s), u"###");
+}

@@ -46,15 +46,19 @@ struct IsOptional<std::optional<T>> : std::true_type
 {
 };
 
+/// Numbers, characters and enumerators, some of which could become texts, too.
+template<typename T>
+concept Scalar = std::is_enum_v<T> || std::is_arithmetic_v<T>;
+
 /// Texts of other types than QString: literals, views, standard strings.
 template<typename T>
-concept ForeignText =
-    !std::convertible_to<const T &, QVariant> && std::convertible_to<const T &, QAnyStringView>;
+concept ForeignText = !Scalar<T> && !std::convertible_to<const T &, QVariant> &&
+                      std::convertible_to<const T &, QAnyStringView>;
 
 /// What becomes a QString only: a concatenation that is still to be made.
 template<typename T>
-concept UnfinishedText =
-    !std::convertible_to<const T &, QVariant> && std::convertible_to<const T &, QString>;
+concept UnfinishedText = !Scalar<T> && !std::convertible_to<const T &, QVariant> &&
+                         std::convertible_to<const T &, QString>;
 
 inline QVariant boxedText(QAnyStringView text)
 {
@@ -92,9 +96,6 @@ QVariant NSBoxed(const T &value)
         return value.isNull() ? QVariant() : QVariant(value);
     else if constexpr (NSDetail::IsOptional<T>::value)
         return value ? NSBoxed(*value) : QVariant();
-    else if constexpr (std::is_enum_v<T> || std::is_arithmetic_v<T>)
-        // Asked for before the texts: NOLINTNEXTLINE(bugprone-branch-clone)
-        return QVariant::fromValue(value);
     else if constexpr (NSDetail::ForeignText<T>)
         return NSDetail::boxedText(value);
     else if constexpr (requires { value.data(); } && NSDetail::HasNil<T>::value)

@@ -55,6 +55,11 @@ ReadNumber numberOf(const NumberReading &reading, NSRange range)
     return number;
 }
 
+bool fitsInteger(const NSDecimalNumber &decimal)
+{
+    return NSDecimalNumber(decimal.integerValue()) == decimal;
+}
+
 /// \param asInteger whether it matters if there is a point.
 ReadNumber readWithICU(const NumberEngine &engine, QStringView text, bool asInteger)
 {
@@ -63,7 +68,8 @@ ReadNumber readWithICU(const NumberEngine &engine, QStringView text, bool asInte
     const qsizetype end = squeezed.endOf(reading.length);
     ReadNumber number = numberOf(reading, {squeezed.begin(), end - squeezed.begin()});
     const auto findPoint = [&](ReadNumber &read, QStringView used) {
-        read.hasPoint = read.isNumber && asInteger && engine.hasPoint(used);
+        read.hasPoint =
+            read.isNumber && asInteger && fitsInteger(read.decimal) && engine.hasPoint(used);
     };
     findPoint(number, squeezed.squeezed().left(reading.length));
     const bool isWhole = number.isNumber && reading.length == squeezed.squeezed().size();
@@ -86,11 +92,6 @@ ReadNumber readNumber(const NumberEngine &engine, QStringView text, bool asInteg
             return numberOf(result);
     }
     return readWithICU(engine, text, asInteger);
-}
-
-bool fitsInteger(const NSDecimalNumber &decimal)
-{
-    return NSDecimalNumber(decimal.integerValue()) == decimal;
 }
 
 /// The number of another type: an integer where the text was one, a decimal or a double.

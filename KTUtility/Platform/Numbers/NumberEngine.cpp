@@ -180,12 +180,8 @@ NumberEngine::NumberEngine(const NumberSettings &settings)
     _format->setLenient(flag(settings.lenient));
     if (settings.usesGroupingSeparator)
         _format->setGroupingUsed(flag(*settings.usesGroupingSeparator));
-    if (!_decimalFormat) {
-        // ICU makes its lenient comparison of words when it first comes to one; threads share it
-        // then. It goes through all words for a text that is none of them.
-        read(u"x");
+    if (!_decimalFormat)
         return;
-    }
     applySymbols(settings);
     applyPatterns(settings);
     applyCurrency(settings);
@@ -405,8 +401,21 @@ QString NumberEngine::stringFromDecimal(const NSDecimalNumber &number) const
     return U_SUCCESS(status) ? text : QString();
 }
 
+/// ICU makes its lenient comparison of words when it first comes to one, and threads share it then.
+/// It goes through all words for a text that is none of them.
+void NumberEngine::prepareWords() const
+{
+    std::call_once(_areWordsPrepared, [this] {
+        icu::Formattable number;
+        icu::ParsePosition position(0);
+        _format->parse(icu::UnicodeString(u'x'), number, position);
+    });
+}
+
 NumberReading NumberEngine::read(QStringView text) const
 {
+    if (!_decimalFormat)
+        prepareWords();
     icu::Formattable number;
     icu::ParsePosition position(0);
     _format->parse(ICU::aliasOf(text), number, position);
@@ -430,11 +439,13 @@ bool NumberEngine::hasPoint(QStringView text) const
 {
     if (!_decimalFormat)
         return false;
-    const std::unique_ptr<DecimalFormat> integers(_decimalFormat->clone());
-    integers->setParseIntegerOnly(flag(true));
+    std::call_once(_areIntegersPrepared, [this] {
+        _integers.reset(_decimalFormat->clone());
+        _integers->setParseIntegerOnly(flag(true));
+    });
     icu::Formattable number;
     icu::ParsePosition position(0);
-    integers->parse(ICU::aliasOf(text), number, position);
+    _integers->parse(ICU::aliasOf(text), number, position);
     return position.getIndex() != int32_t(text.size());
 }
 

@@ -10,6 +10,7 @@
 #include <QVariant>
 
 #include <memory>
+#include <mutex>
 
 namespace KTPrivate {
 /// What ICU read at the start of a text.
@@ -67,8 +68,14 @@ private:
     bool hasUnpairedParenthesis(QStringView read) const;
     void preparePaths(const NumberSettings &settings);
 
+    void prepareWords() const;
+
     std::unique_ptr<icu::NumberFormat> _format;
     icu::DecimalFormat *_decimalFormat = nullptr;
+    // What only some texts need, made when the first of them comes, in whatever thread.
+    mutable std::once_flag _areWordsPrepared;
+    mutable std::once_flag _areIntegersPrepared;
+    mutable std::unique_ptr<icu::DecimalFormat> _integers;
     bool _hasSpaceInCurrencySign = false;
     bool _needsPairedParentheses = false;
     std::optional<NumberReader> _reader;

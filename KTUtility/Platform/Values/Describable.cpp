@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
@@ -57,6 +58,17 @@ QString KTPrivate::characterText(char32_t character)
 {
     return character < 0x110000 ? QString::fromUcs4(&character, 1)
                                 : QString(QChar::ReplacementCharacter);
+}
+
+QString KTPrivate::textOfPoints(const char32_t *points, qsizetype count)
+{
+    const std::u32string_view all =
+        count < 0 ? std::u32string_view(points) : std::u32string_view(points, size_t(count));
+    QString text;
+    text.reserve(qsizetype(all.size()));
+    for (const char32_t point : all)
+        text += characterText(point);
+    return text;
 }
 
 QString KTPrivate::keyText(const QVariant &key)

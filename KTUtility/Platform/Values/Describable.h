@@ -389,6 +389,8 @@ auto beginOfEntries(const T &map)
 
 /// A character by its code point.
 KTUTILITY_EXPORT QString characterText(char32_t character);
+/// The same for a text of them, which a NUL ends if \a count is negative.
+KTUTILITY_EXPORT QString textOfPoints(const char32_t *points, qsizetype count);
 
 /// The text that a key of a map is described by.
 KTUTILITY_EXPORT QString keyText(const QVariant &key);
@@ -454,9 +456,9 @@ QVariant variantOfHolder(const T &value)
     else if constexpr (shape == Shape::Wide)
         return variantOfUnits(std::wstring_view(value), QString::fromWCharArray);
     else if constexpr (shape == Shape::Points && std::is_pointer_v<T>)
-        return variantOfUnits<char32_t>(value, QString::fromUcs4);
+        return variantOfUnits<char32_t>(value, textOfPoints);
     else if constexpr (shape == Shape::Points)
-        return variantOfUnits(std::u32string_view(value), QString::fromUcs4);
+        return variantOfUnits(std::u32string_view(value), textOfPoints);
     else if constexpr (shape == Shape::Object)
         return variantOfObject(value);
     else if constexpr (shape == Shape::Pointer)

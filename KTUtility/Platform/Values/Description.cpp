@@ -1,8 +1,9 @@
 #include "Description_p.h"
 
+#include "Describable.h"
+#include "DoubleText_p.h"
 #include "NSDecimalNumber.h"
 #include "NSObject.h"
-#include "NumberText_p.h"
 #include "VariantKind_p.h"
 
 #include <QAssociativeIterable>
@@ -151,8 +152,7 @@ QString textOfCharacter(const QVariant &value)
         return QChar(value.value<char16_t>());
     if (value.typeId() != QMetaType::Char32)
         return {};
-    const auto character = value.value<char32_t>();
-    return QString::fromUcs4(&character, 1);
+    return characterText(value.value<char32_t>());
 }
 
 /// What a value becomes by conversion; nil if there is none.

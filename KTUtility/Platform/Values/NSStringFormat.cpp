@@ -1,7 +1,7 @@
 #include "NSStringFormat.h"
 
+#include "DoubleText_p.h"
 #include "NSDecimalNumber.h"
-#include "NumberText_p.h"
 #include "VariantKind_p.h"
 #include <KTUtility/Platform/Text/UnitBuffer_p.h>
 #include <KTUtility/Platform/Text/VisibleText_p.h>
@@ -113,10 +113,8 @@ QString describe(const NSFormatArgument &argument)
     case ArgumentKind::Double:
         return textOfDouble(argument.doubleValue(),
                             argument.bytes() == 4 ? FloatDigits : DoubleDigits);
-    case ArgumentKind::Character: {
-        const char32_t character = char32_t(argument.unsignedValue());
-        return QString::fromUcs4(&character, 1);
-    }
+    case ArgumentKind::Character:
+        return characterText(char32_t(argument.unsignedValue()));
     case ArgumentKind::Text:
         return argument.text().toString();
     case ArgumentKind::Utf8:

@@ -12,7 +12,7 @@ target_sources(KTUtility PRIVATE
     Platform/Values/NSScanner.cpp
     Platform/Values/NSStringFormat.cpp
     Platform/Values/NSStringValues.cpp
-    Platform/Values/NumberText.cpp
+    Platform/Values/DoubleText.cpp
     Platform/Values/ValueHash.cpp
     Platform/Values/VariantKind.cpp
 )

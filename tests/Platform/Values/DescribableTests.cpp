@@ -144,6 +144,17 @@ TEST(Describable, OthersSayWhatTheyAre)
     EXPECT_EQ(printed(std::vector<char>{'a'}), "(\n    a\n)");
 }
 
+TEST(Describable, WhatIsNoCharacterIsReplaced)
+{
+    const char32_t beyond = 0x110000;
+    const std::string replaced = "\uFFFD";
+    EXPECT_EQ(printed(beyond), replaced);
+    EXPECT_EQ(printed(std::u32string{U'a', beyond}), "a" + replaced);
+    EXPECT_EQ(printed(QVariant::fromValue(beyond)), replaced);
+    const char32_t text[] = {U'a', beyond, U'b', 0};
+    EXPECT_EQ(printed(static_cast<const char32_t *>(text)), "a" + replaced + "b");
+}
+
 TEST(Describable, DataIsATextForTextConversions)
 {
     EXPECT_EQ(NSString::stringWithFormat(u"%s", QByteArray("/tmp/é")), u"/tmp/é"_s);

@@ -15,7 +15,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Values/NSStringFormatTests.cpp
     Platform/Values/NSStringValuesTableTests.cpp
     Platform/Values/NSStringValuesTests.cpp
-    Platform/Values/NumberTextTests.cpp
+    Platform/Values/DoubleTextTests.cpp
     Platform/Values/ValueHashTests.cpp
     Platform/Values/VariantKindTests.cpp
     Platform/Values/WallClockTests.cpp

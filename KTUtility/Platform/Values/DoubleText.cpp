@@ -1,4 +1,4 @@
-#include "NumberText_p.h"
+#include "DoubleText_p.h"
 
 #include <array>
 #include <charconv>

@@ -48,13 +48,13 @@ const std::vector<Row> &rows()
 }
 } // namespace
 
-TEST(NumberText, DescriptionsArePlainDigitsUpToSixteen)
+TEST(DoubleText, DescriptionsArePlainDigitsUpToSixteen)
 {
     for (const auto &[number, text] : rows())
         EXPECT_EQ(NSObject::description(number), text);
 }
 
-TEST(NumberText, FormatsPrintTheSame)
+TEST(DoubleText, FormatsPrintTheSame)
 {
     for (const auto &[number, text] : rows()) {
         EXPECT_EQ(NSString::stringWithFormat(u"%@", number), text);
@@ -65,7 +65,7 @@ TEST(NumberText, FormatsPrintTheSame)
     }
 }
 
-TEST(NumberText, DefaultsGiveTheSame)
+TEST(DoubleText, DefaultsGiveTheSame)
 {
     testing_support::useFreshHome();
     NSUserDefaults *const defaults = NSUserDefaults::standardUserDefaults();
