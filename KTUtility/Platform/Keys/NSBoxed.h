@@ -46,7 +46,8 @@ struct IsOptional<std::optional<T>> : std::true_type
 {
 };
 
-/// Numbers, characters and enumerators, some of which could become texts, too.
+/// Numbers, characters and enumerators. Some of them could become texts or wider numbers; they keep
+/// their type.
 template<typename T>
 concept Scalar = std::is_enum_v<T> || std::is_arithmetic_v<T>;
 
@@ -104,7 +105,7 @@ QVariant NSBoxed(const T &value)
         return NSDetail::boxedPointer(value.get());
     else if constexpr (std::is_pointer_v<T> && !std::convertible_to<const T &, QVariant>)
         return NSDetail::boxedPointer(value);
-    else if constexpr (std::convertible_to<const T &, QVariant>)
+    else if constexpr (!NSDetail::Scalar<T> && std::convertible_to<const T &, QVariant>)
         return QVariant(value);
     else if constexpr (NSDetail::UnfinishedText<T>)
         return NSBoxed(QString(value));
