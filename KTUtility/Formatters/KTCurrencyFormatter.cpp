@@ -260,7 +260,8 @@ bool KTCurrencyFormatter::_internalGetCurrencyValue(QVariant *value, const QStri
         return true;
     const bool isUneven = errorDescription && *errorDescription == unevenGroupsDescription();
     const bool isRead = readAmount(value, forString, errorDescription) ||
-                        readNamedAmount(value, forString, errorDescription);
+                        readNamedAmount(value, forString, errorDescription) ||
+                        readInParentheses(value, forString, errorDescription);
     if (errorDescription && isUneven)
         *errorDescription = isRead ? QString() : unevenGroupsDescription();
     KTLog(kLog_FormattersCurrency, 4, u"KTCurrencyFormatter getObjectValue forString:%@ returns %d",
@@ -301,6 +302,18 @@ bool KTCurrencyFormatter::readNamedAmount(QVariant *value, const QString &text,
     const QString amount =
         CurrencyNames::replacedByCode(text, formatter.locale(), formatter.currencyCode());
     return !amount.isNull() && amount != text && readAmount(value, amount, errorDescription);
+}
+
+/// Parentheses around what reads with a minus: "(5 euros)", whatever form of them the locale has.
+bool KTCurrencyFormatter::readInParentheses(QVariant *value, const QString &text,
+                                            QString *errorDescription) const
+{
+    const QString typed = text.trimmed();
+    if (typed.size() < 3 || !typed.startsWith(u'(') || !typed.endsWith(u')'))
+        return false;
+    const QString negative = u'-' + typed.sliced(1, typed.size() - 2).trimmed();
+    return readAmount(value, negative, errorDescription) ||
+           readNamedAmount(value, negative, errorDescription);
 }
 
 bool KTCurrencyFormatter::readsInCurrency(QVariant *value, const QString &text, const QString &code)

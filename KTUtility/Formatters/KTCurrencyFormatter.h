@@ -12,9 +12,9 @@
 ///
 /// Reads a plain number as KTNumberFormatter does, and numbers with the currency's sign, code or
 /// name before or behind them, also negative and in parentheses. Names are those of the locale, in
-/// singular and plural ("5 US dollars", "5 euros"), those of its own currency also without the country
-/// ("5 dollars" in en_US); a sign may lack its final full stop or the
-/// marks of direction that belong to it, and be of another width ("¥" and "￥").
+/// singular and plural ("5 US dollars", "5 euros"), those of its own currency also without the
+/// country ("5 dollars" in en_US); a sign may lack its final full stop or the marks of direction
+/// that belong to it, and be of another width ("¥" and "￥").
 ///
 /// \code
 /// KTCurrencyFormatter formatter;                           // in the user's locale, here en_US
@@ -102,6 +102,7 @@ private:
     void logLocales() const;
     bool readAmount(QVariant *value, const QString &text, QString *errorDescription) const;
     bool readNamedAmount(QVariant *value, const QString &text, QString *errorDescription) const;
+    bool readInParentheses(QVariant *value, const QString &text, QString *errorDescription) const;
     bool readsInCurrency(QVariant *value, const QString &text, const QString &code);
     KTCurrencyFormatter *adjusted(const QString &code, const QVariant &value, QVariantMap *options);
 
