@@ -63,6 +63,8 @@ void KTStatusHUDView::mousePressEvent(QMouseEvent *event)
 {
     QWidget::mousePressEvent(event);
     event->accept();
+    if (event->button() != Qt::LeftButton)
+        return;
     if (!_delegate || !Invoker::respondsTo(KeyValueTarget::of(_delegate), ClickSelector))
         return;
     Invoker click(ClickSelector, {QVariant::fromValue(event)});

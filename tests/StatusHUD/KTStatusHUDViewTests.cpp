@@ -84,6 +84,9 @@ TEST_F(KTStatusHUDViewTests, ThePanelTellsItsDelegateOfClicks)
     QTest::mouseClick(&panel, Qt::LeftButton, {}, {7, 9});
     EXPECT_EQ(delegate->clicks, 1);
     EXPECT_EQ(delegate->position, QPointF(7, 9));
+    QTest::mouseClick(&panel, Qt::RightButton);
+    QTest::mouseClick(&panel, Qt::MiddleButton);
+    EXPECT_EQ(delegate->clicks, 1);
     QObject other;
     panel.setDelegate(&other);
     QTest::mouseClick(&panel, Qt::LeftButton);
