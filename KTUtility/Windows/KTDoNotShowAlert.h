@@ -32,11 +32,11 @@ public:
     {
         /// The question, in bold letters.
         QString title;
-        /// The button that Return presses; nil is "OK".
+        /// The button that Return presses; nil or empty is "OK".
         QString defaultButton;
-        /// The button that Escape presses; nil for none.
+        /// The button that Escape presses; nil or empty for none.
         QString alternateButton;
-        /// A third button; nil for none.
+        /// A third button; nil or empty for none.
         QString otherButton;
         /// The window that the alert is a sheet of; null for none.
         QWidget *window = nullptr;

@@ -112,6 +112,17 @@ TEST_F(KTDoNotShowAlertTests, ShowsTheAlert)
     EXPECT_FALSE(KTDoNotShowAlert::boolForSuppressionKey(Key));
 }
 
+TEST_F(KTDoNotShowAlertTests, ButtonsWithoutTitleAreThoseOfNil)
+{
+    KTDoNotShowAlert::Alert untitled = alert();
+    untitled.defaultButton = untitled.alternateButton = untitled.otherButton = u""_s;
+    KTDoNotShowAlert::beginCriticalAlertSheet(untitled);
+    const QList<QAbstractButton *> buttons = box()->buttons();
+    ASSERT_EQ(buttons.size(), 1);
+    EXPECT_EQ(buttons.first()->text(), u"OK");
+    buttons.first()->click();
+}
+
 TEST_F(KTDoNotShowAlertTests, EachButtonHasItsCode)
 {
     for (const auto &[text, code] :

@@ -34,12 +34,12 @@ QString buttonText(const QString &title)
 void addButtons(QMessageBox &box, const QString &defaultButton, const QString &alternateButton,
                 const QString &otherButton)
 {
-    const QString first = defaultButton.isNull() ? NSAlert::tr("OK") : defaultButton;
+    const QString first = defaultButton.isEmpty() ? NSAlert::tr("OK") : defaultButton;
     QPushButton *const main = box.addButton(buttonText(first), QMessageBox::AcceptRole);
     QPushButton *escape = main;
-    if (!alternateButton.isNull())
+    if (!alternateButton.isEmpty())
         escape = box.addButton(buttonText(alternateButton), QMessageBox::RejectRole);
-    if (!otherButton.isNull())
+    if (!otherButton.isEmpty())
         box.addButton(buttonText(otherButton), QMessageBox::DestructiveRole);
     box.setDefaultButton(main);
     box.setEscapeButton(escape);

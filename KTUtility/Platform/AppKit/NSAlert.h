@@ -46,8 +46,8 @@ class KTUTILITY_EXPORT NSAlert : public QObject
     Q_OBJECT
 
 public:
-    /// \param defaultButton nil is "OK".
-    /// \param alternateButton,otherButton nil for none.
+    /// \param defaultButton nil or empty is "OK".
+    /// \param alternateButton,otherButton nil or empty for none.
     NSAlert(const QString &messageText, const QString &defaultButton,
             const QString &alternateButton, const QString &otherButton,
             const QString &informativeText);
