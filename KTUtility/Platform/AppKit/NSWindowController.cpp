@@ -3,6 +3,7 @@
 #include "NSNib.h"
 
 #include <QCloseEvent>
+#include <QWindow>
 
 namespace {
 constexpr const char *WindowDelegate = "_NSWindowDelegate";
@@ -45,6 +46,15 @@ void NSWindowController::setWindow(QWidget *window)
         return;
     window->setProperty(WindowDelegate, QVariant::fromValue<QObject *>(this));
     window->installEventFilter(this);
+    watchHandle();
+}
+
+/// What closes a window on the screen: it is told before the filters of the window are, and learns
+/// what they and the window have decided.
+void NSWindowController::watchHandle()
+{
+    if (QWindow *const handle = _window->windowHandle())
+        handle->installEventFilter(this);
 }
 
 void NSWindowController::loadWindow()
@@ -81,21 +91,29 @@ NSWindowController *NSWindowController::delegateOf(const QWidget *window)
 
 bool NSWindowController::eventFilter(QObject *object, QEvent *event)
 {
-    if (object != _window)
+    const bool isHandle = _window && object == _window->windowHandle();
+    if (object != _window && !isHandle)
         return false;
     // The news may come late, when the window is hidden again.
-    if (event->type() == QEvent::WindowActivate && _window->isVisible())
+    if (event->type() == QEvent::WindowActivate && !isHandle && _window->isVisible())
         windowDidBecomeKey({_window});
+    if (event->type() == QEvent::Show && !isHandle)
+        watchHandle();
     if (event->type() != QEvent::Close || _isClosing)
         return false;
-    // The window itself decides first.
+    letDecide(object, event);
+    return true;
+}
+
+/// The window itself decides first, and those who look at its events.
+void NSWindowController::letDecide(QObject *object, QEvent *event)
+{
     _isClosing = true;
     const QPointer<NSWindowController> self(this);
     object->event(event);
     if (!self)
-        return true;
+        return;
     _isClosing = false;
     if (event->isAccepted() && _window)
         windowWillClose({_window});
-    return true;
 }

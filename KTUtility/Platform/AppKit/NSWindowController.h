@@ -69,7 +69,7 @@ public:
 
     /// The window gets the keyboard now.
     virtual void windowDidBecomeKey(const NSNotification &notification);
-    /// The window has agreed to close, and is about to.
+    /// The window has agreed to close; it may have left the screen already.
     virtual void windowWillClose(const NSNotification &notification);
 
 protected:
@@ -84,6 +84,9 @@ protected:
     bool eventFilter(QObject *object, QEvent *event) override;
 
 private:
+    void watchHandle();
+    void letDecide(QObject *object, QEvent *event);
+
     QString _interfaceFile;
     QPointer<QWidget> _window;
     bool _isClosing = false;

@@ -43,6 +43,79 @@ TEST(NSWindowController, ReadsItsWindowFromAnInterfaceFile)
     EXPECT_EQ(bad.window(), nullptr);
 }
 
+namespace {
+/// Counts what closes a window, and forbids it while told so.
+class CloseFilter : public QObject
+{
+public:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() != QEvent::Close)
+            return false;
+        ++closings;
+        if (forbids)
+            event->ignore();
+        return forbids;
+    }
+
+    int closings = 0;
+    bool forbids = false;
+};
+
+class ClosingController : public NSWindowController
+{
+public:
+    using NSWindowController::NSWindowController;
+    void windowWillClose(const NSNotification &) override { ++closings; }
+
+    int closings = 0;
+};
+
+class HidingWindow : public QWidget
+{
+protected:
+    void closeEvent(QCloseEvent *event) override
+    {
+        hide();
+        event->ignore();
+    }
+};
+} // namespace
+
+TEST(NSWindowController, FiltersOfTheWindowSeeItCloseOnce)
+{
+    testing_support::needApplication();
+    auto *const window = new QWidget;
+    CloseFilter earlier;
+    CloseFilter later;
+    window->installEventFilter(&earlier);
+    ClosingController controller(window);
+    window->installEventFilter(&later);
+    for (int round = 1; round <= 2; ++round) {
+        controller.showWindow();
+        controller.close();
+        EXPECT_EQ(earlier.closings, round);
+        EXPECT_EQ(later.closings, round);
+        EXPECT_EQ(controller.closings, round);
+        EXPECT_FALSE(window->isVisible());
+    }
+    controller.showWindow();
+    earlier.forbids = true;
+    controller.close();
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(controller.closings, 2);
+}
+
+TEST(NSWindowController, AWindowThatOnlyHidesDoesNotClose)
+{
+    testing_support::needApplication();
+    ClosingController controller(new HidingWindow);
+    controller.showWindow();
+    controller.close();
+    EXPECT_FALSE(controller.window()->isVisible());
+    EXPECT_EQ(controller.closings, 0);
+}
+
 TEST(NSWindowController, MayBeDeletedWhileItsWindowCloses)
 {
     class Window : public QWidget
