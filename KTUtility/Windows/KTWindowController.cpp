@@ -74,9 +74,6 @@ void KTWindowController::runNextDialogInQueue()
 
 void KTWindowController::dialogClosed(KTDialogController * /*dialog*/)
 {
-    // No dialog appears over a window that the user has closed.
-    if (_wasClosed && isWindowLoaded() && !window()->isVisible())
-        _dialogQueue.clear();
     if (_continueRunningQueue)
         runNextDialogInQueue();
 }
@@ -93,7 +90,7 @@ QString KTWindowController::description() const
 {
     QVariantList dialogs;
     for (KTDialogController *const dialog : dialogQueue())
-        dialogs += KeyValueTarget::of(dialog).description();
+        dialogs += QVariant::fromValue<QObject *>(dialog);
     return NSString::stringWithFormat(u"%@\nDialogQueue:%@\n",
                                       KeyValueTarget::of(this).description(), QVariant(dialogs));
 }
@@ -107,7 +104,8 @@ void KTWindowController::windowWillClose(const NSNotification &notification)
 {
     KTWindowManager::sharedWindowManager()->windowControllerBecameVisible(delegateIn(notification),
                                                                           false);
-    _wasClosed = true;
+    // No dialog appears over a window that the user has closed.
+    _continueRunningQueue = false;
 }
 
 void KTWindowController::windowDidLoad()

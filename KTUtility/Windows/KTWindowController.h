@@ -41,12 +41,12 @@ public:
     /// unless set.
     bool refusesDuplicateDialogs() const { return _refusesDuplicateDialogs; }
     void setRefusesDuplicateDialogs(bool refuses) { _refusesDuplicateDialogs = refuses; }
-    /// Starts with the first dialog that waits; each that closes starts the next one.
+    /// Starts with the first dialog that waits; each that closes starts the next one. Closing the
+    /// window stops this: what waits then stays, and runs when this is called again.
     void runDialogQueue();
     /// Takes the first dialog from the queue and runs it; without one, the queue comes to rest.
     void runNextDialogInQueue();
-    /// A dialog reports that it has closed. If the window itself was closed meanwhile, what still
-    /// waits is given up.
+    /// A dialog reports that it has closed: the next one runs while the queue is worked through.
     Q_INVOKABLE void dialogClosed(KTDialogController *dialog);
     /// The dialogs that wait, in their order.
     QList<KTDialogController *> dialogQueue() const;
@@ -74,5 +74,4 @@ private:
     QVariantMap _exposedDialogDatasource;
     bool _continueRunningQueue = false;
     bool _refusesDuplicateDialogs = false;
-    bool _wasClosed = false;
 };

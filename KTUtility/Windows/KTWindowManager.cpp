@@ -19,9 +19,10 @@ std::shared_ptr<KTDialogController> newDialogController(const QString &className
     return std::shared_ptr<KTDialogController>(controller);
 }
 
-QString descriptionOf(const QObject *object)
+/// What describes itself among the elements of a collection.
+QVariant asVariant(QObject *object)
 {
-    return KeyValueTarget::of(object).description();
+    return QVariant::fromValue(object);
 }
 } // namespace
 
@@ -94,14 +95,14 @@ bool KTWindowManager::queueDialogToCurrentMainWindowForKey(const QString &key, b
 QString KTWindowManager::description() const
 {
     QVariantList windows;
-    for (const KTWindowController *const window : _mainWindows)
-        windows += descriptionOf(window);
+    for (KTWindowController *const window : _mainWindows)
+        windows += asVariant(window);
     QStringList names(_dialogClassNames.begin(), _dialogClassNames.end());
     names.sort();
     QVariantMap dialogs;
     for (auto dialog = _loadedDialogs.begin(); dialog != _loadedDialogs.end(); ++dialog)
-        dialogs.insert(dialog.key(), descriptionOf(dialog.value().get()));
+        dialogs.insert(dialog.key(), asVariant(dialog.value().get()));
     return NSString::stringWithFormat(u"%@\nWindows:%@\nDialog Classnames:%@\nLoaded dialogs:%@\n",
-                                      descriptionOf(this), QVariant(windows), QVariant(names),
-                                      QVariant(dialogs));
+                                      KeyValueTarget::of(this).description(), QVariant(windows),
+                                      QVariant(names), QVariant(dialogs));
 }

@@ -70,8 +70,6 @@ public:
     {
         while (_ends > 0) {
             --_ends;
-            if (isClosed)
-                queue.clear();
             if (continues)
                 runNext();
         }
@@ -81,8 +79,6 @@ public:
     std::array<bool, Dialogs> isRunning = {};
     std::array<int, Dialogs> runs = {};
     bool continues = false;
-    /// Whether the user has closed the host's window.
-    bool isClosed = false;
 
 private:
     void runNext()
@@ -200,11 +196,13 @@ void Scene::takeAnyStep()
         return _model.end(index);
     case 7:
         if (someNumber(0, 2) == 0) {
+            // Nobody closes what nobody sees.
+            if (!_host.window()->isVisible())
+                return;
             _host.close();
-            _model.isClosed = true;
+            _model.continues = false;
         } else {
             _host.showWindow();
-            _model.isClosed = false;
         }
         return;
     default:

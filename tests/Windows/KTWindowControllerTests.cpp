@@ -156,7 +156,7 @@ TEST_F(KTWindowControllerTests, ADialogDestroyedWhileItRunsLetsTheNextOneRun)
     EXPECT_FALSE(host->continueRunningQueue());
 }
 
-TEST_F(KTWindowControllerTests, NoDialogFollowsOverAClosedWindow)
+TEST_F(KTWindowControllerTests, DialogsOfAClosedWindowWaitUntilTheQueueIsRunAgain)
 {
     host->addDialogControllerToQueue(&first);
     host->addDialogControllerToQueue(&second);
@@ -166,13 +166,50 @@ TEST_F(KTWindowControllerTests, NoDialogFollowsOverAClosedWindow)
     turn();
     EXPECT_EQ(second.runs, 0);
     EXPECT_FALSE(host->continueRunningQueue());
-    // It may be opened again.
+    EXPECT_EQ(host->dialogQueue(), QList<KTDialogController *>{&second});
     host->showWindow();
-    host->addDialogControllerToQueue(&second);
     host->runDialogQueue();
     EXPECT_TRUE(second.window()->isVisible());
     second.endDialog();
     turn();
+}
+
+TEST_F(KTWindowControllerTests, AWindowThatWasClosedOnceRunsItsQueue)
+{
+    host->showWindow();
+    host->close();
+    for (const bool isShown : {true, false}) {
+        if (isShown)
+            host->showWindow();
+        host->addDialogControllerToQueue(&first);
+        host->addDialogControllerToQueue(&second);
+        host->runDialogQueue();
+        host->window()->hide();
+        first.endDialog();
+        turn();
+        EXPECT_TRUE(second.isRunningAsDialog()) << isShown;
+        second.endDialog();
+        turn();
+        EXPECT_FALSE(host->continueRunningQueue()) << isShown;
+    }
+}
+
+TEST_F(KTWindowControllerTests, ASheetGoesWithItsHost)
+{
+    host->addDialogControllerToQueue(&first);
+    host->runDialogQueue();
+    ASSERT_TRUE(NSApplication::isSheet(first.window()));
+    host.reset();
+    EXPECT_FALSE(first.window()->isVisible());
+    EXPECT_FALSE(first.isRunningAsDialog());
+    EXPECT_EQ(first.hostWindowController(), nullptr);
+    EXPECT_FALSE(NSApplication::isSheet(first.window()));
+    turn();
+    // It may run over another one, which the first one's end has nothing to do with any more.
+    QWidget other;
+    NSApplication::beginSheet(first.window(), &other);
+    EXPECT_TRUE(first.window()->isVisible());
+    NSApplication::endSheet(first.window());
 }
 
 TEST_F(KTWindowControllerTests, DuplicatesAreRejectedWhereTheHostWantsThat)

@@ -120,6 +120,7 @@ TEST_F(KTWindowManagerTests, DescriptionsNameWindowsAndDialogs)
     EXPECT_TRUE(host->description().contains(u"<TestDialog 0x"));
     EXPECT_TRUE(host->description().endsWith(u")\n"));
     const QString text = manager->description();
+    EXPECT_TRUE(text.contains(u"    "_s + host->description())) << text.toStdString();
     for (const char16_t *part :
          {u"<KTWindowManager 0x", u"\nWindows:(", u"\nDialog Classnames:", u"\nLoaded dialogs:"})
         EXPECT_TRUE(text.contains(QString::fromUtf16(part))) << text.toStdString();

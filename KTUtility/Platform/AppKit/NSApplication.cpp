@@ -100,6 +100,39 @@ ModalSession::~ModalSession()
         scheduleFlush();
 }
 
+/// A sheet has a tie while it is one: an object that goes with it, and ends it when the host goes.
+void tieToHost(QWidget *sheet, const QWidget *host)
+{
+    auto *const tie = new QObject(sheet);
+    sheet->setProperty(SheetProperty, QVariant::fromValue(tie));
+    if (sheet != host)
+        QObject::connect(host, &QObject::destroyed, tie, [sheet] {
+            sheet->hide();
+            NSApplication::endSheet(sheet);
+        });
+}
+
+void untie(QWidget *sheet)
+{
+    const auto *const tie = sheet->property(SheetProperty).value<QObject *>();
+    sheet->setProperty(SheetProperty, QVariant());
+    delete tie;
+}
+
+/// Makes a sheet that is hidden a window like others.
+void endHidden(QWidget *sheet)
+{
+    untie(sheet);
+    sheet->setWindowModality(Qt::NonModal);
+    QWindow *const handle = sheet->windowHandle();
+    QWindow *const host = handle ? handle->transientParent() : nullptr;
+    if (handle)
+        handle->setTransientParent(nullptr);
+    // The keyboard goes back, unless the user is with another program.
+    if (host && QGuiApplication::applicationState() == Qt::ApplicationActive)
+        host->requestActivate();
+}
+
 void present(QWidget *window)
 {
     window->show();
@@ -136,8 +169,9 @@ void NSApplication::beginSheet(QWidget *sheet, QWidget *modalForWindow)
 {
     QWidget *const host = modalForWindow->window();
     sheet->hide();
+    untie(sheet);
     sheet->setWindowModality(Qt::WindowModal);
-    sheet->setProperty(SheetProperty, true);
+    tieToHost(sheet, host);
     // The host does not become the sheet's parent, which would own it.
     sheet->winId();
     host->winId();
@@ -150,20 +184,20 @@ void NSApplication::endSheet(QWidget *sheet)
 {
     if (!isSheet(sheet))
         return;
-    sheet->setProperty(SheetProperty, QVariant());
-    sheet->setWindowModality(Qt::NonModal);
-    QWindow *const handle = sheet->windowHandle();
-    QWindow *const host = handle ? handle->transientParent() : nullptr;
-    if (handle)
-        handle->setTransientParent(nullptr);
-    // The keyboard goes back, unless the user is with another program.
-    if (host && QGuiApplication::applicationState() == Qt::ApplicationActive)
-        host->requestActivate();
+    // Only a window that is hidden while it blocks others is taken from the list of those that do.
+    const bool isShown = sheet->isVisible();
+    sheet->hide();
+    // Whoever noticed that may have ended it.
+    if (!isSheet(sheet))
+        return;
+    endHidden(sheet);
+    if (isShown)
+        sheet->show();
 }
 
 bool NSApplication::isSheet(const QWidget *window)
 {
-    return window && window->property(SheetProperty).toBool();
+    return window && window->property(SheetProperty).isValid();
 }
 
 void NSApplication::performOnNextTurn(QObject *receiver, std::function<void()> perform)
