@@ -148,6 +148,8 @@ MAY_FAIL(int, linkat, (int folder, const char *path, int toFolder, const char *t
          (folder, path, toFolder, to, flags), FileCall::Rename, toFolder, to)
 MAY_FAIL(int, symlink, (const char *text, const char *path), (text, path), FileCall::Create, path)
 
+MAY_FAIL(int, symlinkat, (const char *text, int folder, const char *path), (text, folder, path),
+         FileCall::Create, folder, path)
 MAY_FAIL(int, unlink, (const char *path), (path), FileCall::Remove, path)
 MAY_FAIL(int, unlinkat, (int folder, const char *path, int flags), (folder, path, flags),
          FileCall::Remove, folder, path)
@@ -172,6 +174,10 @@ MAY_FAIL(int, lstat, (const char *path, struct stat *to), (path, to), FileCall::
 MAY_FAIL(int, lstat64, (const char *path, struct stat *to), (path, to), FileCall::Status, path)
 MAY_FAIL(int, fstat, (int file, struct stat *to), (file, to), FileCall::Status, file)
 MAY_FAIL(int, fstat64, (int file, struct stat *to), (file, to), FileCall::Status, file)
+MAY_FAIL(int, fstatat, (int folder, const char *path, struct stat *to, int flags),
+         (folder, path, to, flags), FileCall::Status, folder, path)
+MAY_FAIL(int, fstatat64, (int folder, const char *path, struct stat *to, int flags),
+         (folder, path, to, flags), FileCall::Status, folder, path)
 MAY_FAIL(int, statx, (int folder, const char *path, int flags, unsigned wanted, struct statx *to),
          (folder, path, flags, wanted, to), FileCall::Status, folder, path)
 MAY_FAIL(int, access, (const char *path, int mode), (path, mode), FileCall::Status, path)
@@ -179,6 +185,9 @@ MAY_FAIL(int, faccessat, (int folder, const char *path, int mode, int flags),
          (folder, path, mode, flags), FileCall::Status, folder, path)
 MAY_FAIL(ssize_t, readlink, (const char *path, char *to, size_t size), (path, to, size),
          FileCall::Status, path)
+
+MAY_FAIL(ssize_t, readlinkat, (int folder, const char *path, char *to, size_t size),
+         (folder, path, to, size), FileCall::Status, folder, path)
 
 MAY_FAIL(DIR *, opendir, (const char *path), (path), FileCall::List, path)
 MAY_FAIL(DIR *, fdopendir, (int file), (file), FileCall::List, file)

@@ -2,13 +2,12 @@
 
 #include "FileOperations_p.h"
 #include "FileRemoval_p.h"
-#include "FolderStream_p.h"
+#include "FolderPlace_p.h"
 #include "NSFileHandle.h"
 
 #include <array>
 #include <cerrno>
 #include <climits>
-#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
@@ -19,8 +18,6 @@ using namespace KTPrivate;
 namespace {
 /// Bits of the mode that a copy takes over; a copy never runs with its owner's rights.
 constexpr mode_t KeptMode = 0777;
-
-bool copyKnownItem(const QByteArray &source, const QByteArray &target, const struct stat &status);
 
 bool copyThroughBuffer(int from, NSFileHandle &to)
 {
@@ -56,80 +53,129 @@ void keepTimes(int file, const struct stat &status)
     ::futimens(file, times);
 }
 
-bool copyFile(const QByteArray &source, const QByteArray &target, const struct stat &status)
+/// A name in a folder that is open, or a path with AT_FDCWD.
+struct Place
+{
+    int folder;
+    QByteArray name;
+
+    int open(int flags, mode_t mode = 0) const { return openFileAt(folder, name, flags, mode); }
+};
+
+/// \param flags O_NOFOLLOW where a link must not lead to another file.
+bool copyFile(const Place &source, const Place &target, int flags = 0)
 {
     // Without O_NONBLOCK a pipe that has taken the file's place would hold up the process.
-    const NSFileHandle from(openFile(source, O_RDONLY | O_NONBLOCK));
-    struct stat opened = {};
-    if (::fstat(from.fileDescriptor(), &opened) != 0 || !S_ISREG(opened.st_mode))
+    const NSFileHandle from(source.open(O_RDONLY | O_NONBLOCK | flags));
+    struct stat status = {};
+    if (::fstat(from.fileDescriptor(), &status) != 0 || !S_ISREG(status.st_mode))
         return false;
-    NSFileHandle to(openFile(target, O_WRONLY | O_CREAT | O_EXCL, 0600));
+    NSFileHandle to(target.open(O_WRONLY | O_CREAT | O_EXCL, 0600));
     const bool isCopied = to.fileDescriptor() >= 0 && copyContents(from.fileDescriptor(), to) &&
                           ::fchmod(to.fileDescriptor(), status.st_mode & KeptMode) == 0;
     keepTimes(to.fileDescriptor(), status);
     if (!isCopied && to.fileDescriptor() >= 0)
-        ::unlink(target.constData());
+        ::unlinkat(target.folder, target.name.constData(), 0);
     return isCopied;
 }
 
-bool copyLink(const QByteArray &source, const QByteArray &target)
+bool copyLink(const Place &source, const Place &target)
 {
     std::array<char, PATH_MAX + 1> text{};
-    return ::readlink(source.constData(), text.data(), PATH_MAX) > 0 &&
-           ::symlink(text.data(), target.constData()) == 0;
+    return ::readlinkat(source.folder, source.name.constData(), text.data(), PATH_MAX) > 0 &&
+           ::symlinkat(text.data(), target.folder, target.name.constData()) == 0;
 }
 
-bool copyEntry(const QByteArray &source, const QByteArray &target)
+/// The copy of all that is in a folder, with few descriptors however deep it is. What is exchanged
+/// for a link meanwhile is not followed.
+class FolderCopy
+{
+public:
+    FolderCopy(int source, int target) : _source(source), _target(target) {}
+
+    bool run();
+
+private:
+    struct Level
+    {
+        QList<QByteArray> names;
+        struct stat status;
+    };
+    bool begin();
+    bool end();
+    bool copy(const QByteArray &name);
+    bool copyInnerFolder(const QByteArray &name);
+
+    FolderPlace _source;
+    FolderPlace _target;
+    std::vector<Level> _levels;
+};
+
+bool FolderCopy::run()
+{
+    bool isDone = begin();
+    while (isDone && !_levels.empty())
+        isDone = _levels.back().names.isEmpty() ? end() : copy(_levels.back().names.takeLast());
+    return isDone;
+}
+
+/// Begins with the folders that the places are at.
+bool FolderCopy::begin()
 {
     struct stat status = {};
-    if (::lstat(source.constData(), &status) != 0)
+    const std::optional<QList<QByteArray>> names = _source.names();
+    if (!names || _target.descriptor() < 0 || ::fstat(_source.descriptor(), &status) != 0)
         return false;
-    return S_ISLNK(status.st_mode) ? copyLink(source, target)
-                                   : copyKnownItem(source, target, status);
+    _levels.push_back({*names, status});
+    return true;
 }
 
-bool copyEntries(DIR *folder, const QByteArray &source, const QByteArray &target)
+bool FolderCopy::end()
 {
-    errno = 0;
-    while (const dirent *entry = ::readdir(folder)) {
-        const char *const name = entry->d_name;
-        if (std::strcmp(name, ".") != 0 && std::strcmp(name, "..") != 0 &&
-            !copyEntry(source + '/' + name, target + '/' + name))
-            return false;
-        errno = 0;
+    const struct stat status = _levels.back().status;
+    _levels.pop_back();
+    const auto finish = [&status](int folder) {
+        const bool isKept = ::fchmod(folder, status.st_mode & KeptMode) == 0;
+        keepTimes(folder, status);
+        return isKept;
+    };
+    if (_source.isRoot())
+        return finish(_target.descriptor());
+    return _source.leave() && _target.leave(finish);
+}
+
+bool FolderCopy::copy(const QByteArray &name)
+{
+    const Place source{_source.descriptor(), name};
+    const Place target{_target.descriptor(), name};
+    struct stat status = {};
+    if (::fstatat(source.folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return false;
+    if (S_ISDIR(status.st_mode))
+        return copyInnerFolder(name);
+    if (S_ISLNK(status.st_mode))
+        return copyLink(source, target);
+    return S_ISREG(status.st_mode) && copyFile(source, target, O_NOFOLLOW);
+}
+
+bool FolderCopy::copyInnerFolder(const QByteArray &name)
+{
+    return ::mkdirat(_target.descriptor(), name.constData(), 0700) == 0 && _source.enter(name) &&
+           _target.enter(name) && begin();
+}
+
+bool copyFolder(const QByteArray &source, const QByteArray &target)
+{
+    const int from = openFile(source, O_RDONLY | O_DIRECTORY);
+    if (from < 0 || ::mkdir(target.constData(), 0700) != 0) {
+        const NSFileHandle closing(from);
+        return false;
     }
-    return errno == 0;
-}
-
-/// nil if it cannot be opened; signals do not keep it from that.
-DIR *openFolder(const QByteArray &path)
-{
-    const int file = openFile(path, O_RDONLY | O_DIRECTORY);
-    DIR *const folder = file < 0 ? nullptr : ::fdopendir(file);
-    if (!folder && file >= 0)
-        ::close(file);
-    return folder;
-}
-
-bool copyFolder(const QByteArray &source, const QByteArray &target, const struct stat &status)
-{
-    const FolderStream folder(openFolder(source));
-    if (!folder || ::mkdir(target.constData(), 0700) != 0)
-        return false;
-    const NSFileHandle made(openFile(target, O_RDONLY | O_DIRECTORY));
-    const bool isCopied = copyEntries(folder.get(), source, target) &&
-                          ::fchmod(made.fileDescriptor(), status.st_mode & KeptMode) == 0;
-    keepTimes(made.fileDescriptor(), status);
+    const int to = openFile(target, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
+    const bool isCopied = FolderCopy(from, to).run();
     if (!isCopied)
         removeItem(target);
     return isCopied;
-}
-
-bool copyKnownItem(const QByteArray &source, const QByteArray &target, const struct stat &status)
-{
-    if (S_ISDIR(status.st_mode))
-        return copyFolder(source, target, status);
-    return S_ISREG(status.st_mode) && copyFile(source, target, status);
 }
 
 /// Whether \a target lies in the folder \a source, whose copy would never end.
@@ -151,5 +197,7 @@ bool KTPrivate::copyItem(const QByteArray &path, const QByteArray &toPath)
     if (::stat(path.constData(), &status) != 0 || ::lstat(toPath.constData(), &existing) == 0 ||
         (S_ISDIR(status.st_mode) && liesInside(toPath, path)))
         return false;
-    return copyKnownItem(path, toPath, status);
+    return S_ISDIR(status.st_mode)
+               ? copyFolder(path, toPath)
+               : S_ISREG(status.st_mode) && copyFile({AT_FDCWD, path}, {AT_FDCWD, toPath});
 }

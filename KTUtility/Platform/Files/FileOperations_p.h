@@ -34,4 +34,11 @@ inline int openFile(const QByteArray &path, int flags, mode_t mode = 0)
 {
     return uninterrupted([&] { return ::open(path.constData(), flags | O_CLOEXEC, mode); });
 }
+
+/// The same for a name in a folder that is open.
+inline int openFileAt(int folder, const QByteArray &name, int flags, mode_t mode = 0)
+{
+    return uninterrupted(
+        [&] { return ::openat(folder, name.constData(), flags | O_CLOEXEC, mode); });
+}
 } // namespace KTPrivate

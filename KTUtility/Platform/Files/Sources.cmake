@@ -3,6 +3,7 @@ target_sources(KTUtility PRIVATE
     Platform/Files/FileCopy.cpp
     Platform/Files/FileRemoval.cpp
     Platform/Files/FileRename.cpp
+    Platform/Files/FolderPlace.cpp
     Platform/Files/KTLockFile.cpp
     Platform/Files/KTSaveFile.cpp
     Platform/Files/Module.cpp

@@ -10,10 +10,13 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <atomic>
 #include <cerrno>
 #include <csignal>
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 using namespace KTPrivate;
@@ -35,7 +38,55 @@ protected:
         return status.st_mode & 07777;
     }
 
+    /// Makes folders in folders, each with a file, deeper than a path can be long.
+    static void makeDeepFolder(const QString &path, int levels)
+    {
+        ::mkdir(QFile::encodeName(path).constData(), 0700);
+        int folder = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY);
+        for (int level = 0; level < levels; ++level) {
+            ::close(::openat(folder, "file", O_WRONLY | O_CREAT, 0600));
+            ASSERT_EQ(::mkdirat(folder, "level", 0700), 0);
+            const int inner = ::openat(folder, "level", O_RDONLY | O_DIRECTORY);
+            ::close(folder);
+            folder = inner;
+        }
+        ::close(folder);
+    }
+    /// How many levels with a file there are.
+    static int depthOf(const QString &path)
+    {
+        int folder = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY);
+        int depth = 0;
+        for (; ::faccessat(folder, "file", F_OK, 0) == 0; ++depth) {
+            const int inner = ::openat(folder, "level", O_RDONLY | O_DIRECTORY);
+            ::close(folder);
+            folder = inner;
+        }
+        ::close(folder);
+        return depth;
+    }
+
     const FileTree tree;
+};
+
+/// Leaves the process a few descriptors more than it has, as long as it lives.
+class FewDescriptors
+{
+public:
+    explicit FewDescriptors(int more)
+    {
+        ::getrlimit(RLIMIT_NOFILE, &_before);
+        const int free = ::dup(0);
+        ::close(free);
+        const struct rlimit few = {rlim_t(free + more), _before.rlim_max};
+        EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
+    }
+    ~FewDescriptors() { ::setrlimit(RLIMIT_NOFILE, &_before); }
+    FewDescriptors(const FewDescriptors &) = delete;
+    FewDescriptors &operator=(const FewDescriptors &) = delete;
+
+private:
+    struct rlimit _before = {};
 };
 } // namespace
 
@@ -92,6 +143,62 @@ TEST_F(FileOperationsTests, LinksAtTheTopAreFollowed)
     EXPECT_TRUE(copy("link", "b"));
     EXPECT_FALSE(QFileInfo(at("b")).isSymLink());
     EXPECT_EQ(contentsOf(at("b")), "a");
+}
+
+TEST_F(FileOperationsTests, DeepFoldersNeedFewDescriptors)
+{
+    constexpr int Levels = 700;
+    makeDeepFolder(at("deep"), Levels);
+    {
+        const FewDescriptors few(8);
+        EXPECT_TRUE(copy("deep", "copy"));
+        EXPECT_TRUE(removeItemAtPath(at("deep")));
+    }
+    EXPECT_FALSE(QFile::exists(at("deep")));
+    EXPECT_EQ(depthOf(at("copy")), Levels);
+    EXPECT_TRUE(removeItemAtPath(at("copy")));
+    EXPECT_FALSE(QFile::exists(at("copy")));
+}
+
+TEST_F(FileOperationsTests, WhatIsExchangedForALinkMeanwhileIsNotFollowed)
+{
+    tree.add(u"secret"_s, "secret");
+    tree.add(u"folder/a"_s, "mine");
+    QFile::link(at("secret"), at("link"));
+    const QByteArray file = QFile::encodeName(at("folder/a"));
+    const QByteArray link = QFile::encodeName(at("link"));
+    std::atomic<bool> isOver = false;
+    std::thread exchanging([&] {
+        while (!isOver)
+            ::renameat2(AT_FDCWD, file.constData(), AT_FDCWD, link.constData(), RENAME_EXCHANGE);
+    });
+    int followed = 0;
+    for (int round = 0; round < 300; ++round) {
+        // A copy that noticed is a failure, and leaves nothing.
+        if (!copy("folder", "copy"))
+            EXPECT_FALSE(QFile::exists(at("copy")));
+        else if (!QFileInfo(at("copy/a")).isSymLink() && contentsOf(at("copy/a")) != "mine")
+            ++followed;
+        removeItemAtPath(at("copy"));
+    }
+    isOver = true;
+    exchanging.join();
+    EXPECT_EQ(followed, 0);
+}
+
+TEST_F(FileOperationsTests, FoldersKeepModesAndTimes)
+{
+    tree.add(u"folder/inner/a"_s);
+    ::chmod(QFile::encodeName(at("folder/inner")).constData(), 0550);
+    ::chmod(QFile::encodeName(at("folder")).constData(), 0751);
+    const struct timespec then[] = {{1'000'000'000, 0}, {1'000'000'000, 0}};
+    for (const char *name : {"folder/inner", "folder"})
+        ::utimensat(AT_FDCWD, QFile::encodeName(at(name)).constData(), then, 0);
+    EXPECT_TRUE(copy("folder", "copy"));
+    EXPECT_EQ(modeOf("copy"), 0751U);
+    EXPECT_EQ(modeOf("copy/inner"), 0550U);
+    for (const char *name : {"copy/inner", "copy"})
+        EXPECT_EQ(QFileInfo(at(name)).lastModified().toSecsSinceEpoch(), 1'000'000'000);
 }
 
 TEST_F(FileOperationsTests, FoldersAreNotCopiedIntoThemselves)

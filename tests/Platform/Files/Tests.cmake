@@ -1,6 +1,7 @@
 target_sources(KTUtilityTests PRIVATE
     Platform/Files/DefaultsFileTests.cpp
     Platform/Files/FileOperationsTests.cpp
+    Platform/Files/FolderPlaceTests.cpp
     Platform/Files/KTLockFileTests.cpp
     Platform/Files/KTSaveFileTests.cpp
     Platform/Files/NSBundleCodeTests.cpp
