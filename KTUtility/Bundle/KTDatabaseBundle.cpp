@@ -3,11 +3,18 @@
 #include "KTMediaNames_p.h"
 #include "MediaFolder_p.h"
 #include <KTUtility/Additions/NSString_KTAdditions.h>
+#include <KTUtility/Platform/Files/FileRename_p.h>
 #include <KTUtility/Platform/Files/NSFileManager.h>
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
 #include <KTUtility/Platform/Files/NSSearchPath.h>
 #include <KTUtility/Platform/Files/NSUserDefaults.h>
 #include <KTUtility/Platform/Text/NSPercentEscapes.h>
+
+#include <QFile>
+
+#include <algorithm>
+#include <cerrno>
+#include <sys/stat.h>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
@@ -66,10 +73,13 @@ QString KTDatabaseBundle::chosenBundlePath(const QString &factoryPath)
 
 bool KTDatabaseBundle::_ensureDirectoryExistsAtPath(const QString &path)
 {
+    if (NSFileManager::fileExistsAtPath(path))
+        return true;
     // Another process may make it in between.
-    return NSFileManager::fileExistsAtPath(path) ||
-           NSFileManager::createDirectoryAtPath(path, false) ||
-           NSFileManager::fileExistsAtPath(path);
+    if (!NSFileManager::createDirectoryAtPath(path, false))
+        return NSFileManager::fileExistsAtPath(path);
+    flushFolderOf(QFile::encodeName(path));
+    return true;
 }
 
 KTDatabaseBundle::KTDatabaseBundle(const QString &bundlePath) : _bundlePath(bundlePath) {}
@@ -100,6 +110,17 @@ bool KTDatabaseBundle::doesExist() const
     return NSFileManager::fileExistsAtPath(_bundlePath, &isFolder) && isFolder;
 }
 
+bool KTDatabaseBundle::isSelfContained() const
+{
+    const QStringList folders{_contentsFolderPath(), _resourcesFolderPath(), mediaFolderPath()};
+    return std::none_of(folders.begin(), folders.end(), [](const QString &folder) {
+        struct stat status = {};
+        const int answer = ::lstat(QFile::encodeName(folder).constData(), &status);
+        // What cannot be looked at may be one.
+        return answer == 0 ? S_ISLNK(status.st_mode) : errno != ENOENT && errno != ENOTDIR;
+    });
+}
+
 bool KTDatabaseBundle::buildDatabaseBundleOnDisk(const QVariant & /*sender*/) const
 {
     return _ensureDirectoryExistsAtPath(_bundlePath) &&
@@ -123,8 +144,8 @@ QString KTDatabaseBundle::moveDatabaseToPreUpgradePath() const
     const bool isMoved = NSFileManager::moveItemAtPath(_bundlePath, backup);
     const QString preUpgrade = freePath(u"_PreUpgrade"_s);
     // What is at the backup's path otherwise is another one.
-    if (isMoved)
-        NSFileManager::copyItemAtPath(backup, preUpgrade);
+    if (isMoved && NSFileManager::copyItemAtPath(backup, preUpgrade))
+        flushFolderOf(QFile::encodeName(preUpgrade));
     return preUpgrade;
 }
 

@@ -104,6 +104,11 @@ public:
 
     /// Whether there is a folder at the bundle's path.
     bool doesExist() const;
+    /// Whether none of the bundle's own folders is a link, so that what is done in the bundle stays
+    /// in it. Ask that of a bundle that may come from elsewhere before files are stored or deleted
+    /// in it. The bundle's path itself may be a link.
+    /// \return true also for folders that are not there; false if one cannot be looked at.
+    bool isSelfContained() const;
     /// Makes the folders of the bundle, not the database file. The folder that the bundle lies in
     /// must exist.
     /// \param sender is ignored; it lets a menu item call this.

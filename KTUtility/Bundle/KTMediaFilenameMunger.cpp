@@ -8,6 +8,8 @@
 #include <KTUtility/Platform/Files/NSFileManager.h>
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -108,7 +110,8 @@ QString KTMediaFilenameMunger::copyFileToDbAndReturnDBStoredName(const QString &
     if (!mayTouch(source) || !NSFileManager::fileExistsAtPath(source))
         return {};
     KTStagedFile copy(folderOf(target));
-    const QString stored = copy.copy(source) ? copy.place(target, makeTarget) : QString();
+    const bool isCopied = !KTMediaNames::isTooLong(target) && copy.copy(source);
+    const QString stored = isCopied ? copy.place(target, makeTarget) : QString();
     const QString original = originalFileNameFromDBStoredName(stored.isNull() ? target : stored);
     logMunging(68, u"Attempt to copy %@ succeed? %d (and testing roundtrip)",
                NSString::lastPathComponent(original), int(!stored.isNull()));
@@ -135,13 +138,16 @@ QString KTMediaFilenameMunger::downloadHttpFileToBundleAndReturnPath(const NSURL
         logMunging(173, u"Download of file %@ failed.", url.absoluteString());
         return {};
     }
-    const auto makeTarget = [&name] {
-        return pathRelativeToDBStore(makeDBStoredNamefromOriginalFileName(name));
+    QString target;
+    const auto makeTarget = [&] {
+        const QString before = std::exchange(
+            target, pathRelativeToDBStore(makeDBStoredNamefromOriginalFileName(name)));
+        if (target != before)
+            logMunging(179, u"Writing file to %@", target);
+        return target;
     };
-    const QString target = makeTarget();
-    logMunging(179, u"Writing file to %@", target);
-    KTStagedFile file(folderOf(target));
-    const QString path = file.write(*data) ? file.place(target, makeTarget) : QString();
+    KTStagedFile file(folderOf(makeTarget()));
+    const QString path = file.write(*data) ? file.place(QString(target), makeTarget) : QString();
     if (path.isNull())
         logMunging(184, u"Writing file to %@ failed.", target);
     return path;

@@ -2,10 +2,19 @@
 
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
 
+#include <QFile>
+
+#include <climits>
+
 bool KTMediaNames::isFileName(const QString &name)
 {
     return !name.isEmpty() && name != u"." && name != u".." && !name.contains(u'/') &&
            !name.contains(QChar(u'\0'));
+}
+
+bool KTMediaNames::isTooLong(const QString &path)
+{
+    return QFile::encodeName(NSString::lastPathComponent(path)).size() > NAME_MAX;
 }
 
 QString KTMediaNames::pathByAddingExtComment(const QString &path, const QString &comment)

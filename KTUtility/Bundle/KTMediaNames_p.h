@@ -11,6 +11,9 @@ namespace KTMediaNames {
 /// and NUL.
 KTUTILITY_EXPORT bool isFileName(const QString &name);
 
+/// Whether the last component of a path is longer, in bytes, than names of files can be.
+KTUTILITY_EXPORT bool isTooLong(const QString &path);
+
 /// The path with \a comment as an extension before its own: "a/b.jpg" and "2" give "a/b.2.jpg".
 KTUTILITY_EXPORT QString pathByAddingExtComment(const QString &path, const QString &comment);
 

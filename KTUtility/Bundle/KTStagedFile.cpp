@@ -73,11 +73,17 @@ QString KTStagedFile::place(const QString &path, const std::function<QString()> 
     QString name = path;
     for (int attempt = 0; attempt < MostAttempts && canBePath(name); ++attempt) {
         const int error = renameWithoutReplacing(QFile::encodeName(_path), QFile::encodeName(name));
-        if (error == 0)
-            _path = QString();
         if (error != EEXIST)
-            return error == 0 ? name : QString();
+            return error == 0 ? placedAt(name) : QString();
         name = anotherPath();
     }
     return {};
+}
+
+QString KTStagedFile::placedAt(const QString &path)
+{
+    _path = QString();
+    // A record that is on the disk must find its file there.
+    flushFolderOf(QFile::encodeName(path));
+    return path;
 }

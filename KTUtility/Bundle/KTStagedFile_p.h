@@ -23,12 +23,14 @@ public:
     /// Makes a copy; see NSFileManager::copyItemAtPath().
     bool copy(const QString &source);
 
-    /// Gives it its name: \a path, and if that is taken by then, what \a anotherPath gives.
+    /// Gives it its name: \a path, and if that is taken by then, what \a anotherPath gives. The name
+    /// is on the disk then, too.
     /// \return the path that it got; nil if it got none.
     QString place(const QString &path, const std::function<QString()> &anotherPath);
 
 private:
     bool flush() const;
+    QString placedAt(const QString &path);
 
     QString _path;
 };

@@ -12,6 +12,8 @@
 #include <QBuffer>
 #include <QImage>
 
+#include <utility>
+
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
@@ -65,9 +67,20 @@ QString MediaFolder::store(const QString &name,
 {
     if (pathOf(name).isNull())
         return {};
-    const auto target = [&] { return numberedPath(name); };
+    return store([&] { return numberedPath(name); }, fill);
+}
+
+/// \param target gives the path: at first before the file is filled, and again if it is taken when
+/// the file is there.
+QString MediaFolder::store(const std::function<QString()> &target,
+                           const std::function<bool(KTStagedFile &)> &fill) const
+{
+    const QString path = target();
+    // The last step would find that out, after all bytes were copied.
+    if (path.isNull() || KTMediaNames::isTooLong(path))
+        return {};
     KTStagedFile file(_path);
-    return fill(file) ? file.place(target(), target) : QString();
+    return fill(file) ? file.place(path, target) : QString();
 }
 
 QString MediaFolder::copyFile(const QString &source) const
@@ -89,9 +102,15 @@ QString MediaFolder::download(const NSURL &url) const
         logStoring(203, u"Download of file %@ failed.", url.absoluteString());
         return {};
     }
-    const QString target = numberedPath(name);
-    logStoring(210, u"Writing file to %@", target);
-    const QString path = store(name, [&data](KTStagedFile &file) { return file.write(*data); });
+    QString target;
+    const auto nextTarget = [&] {
+        const QString before = std::exchange(target, numberedPath(name));
+        if (target != before)
+            logStoring(210, u"Writing file to %@", target);
+        return target;
+    };
+    const QString path =
+        store(nextTarget, [&data](KTStagedFile &file) { return file.write(*data); });
     if (path.isNull())
         logStoring(215, u"Writing file to %@ failed.", target);
     return path;

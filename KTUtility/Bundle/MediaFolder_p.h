@@ -39,6 +39,8 @@ public:
 private:
     QString numberedPath(const QString &name) const;
     QString store(const QString &name, const std::function<bool(KTStagedFile &)> &fill) const;
+    QString store(const std::function<QString()> &target,
+                  const std::function<bool(KTStagedFile &)> &fill) const;
 
     QString _path;
 };

@@ -280,6 +280,27 @@ TEST(KTDatabaseBundle, DownloadsWithoutANameAreRejected)
     EXPECT_TRUE(bundle.mediaNames().isEmpty());
 }
 
+TEST(KTDatabaseBundle, IsSelfContainedWithoutLinks)
+{
+    const BundleOnDisk bundle;
+    EXPECT_TRUE(bundle.isSelfContained());
+    const QString elsewhere = bundle.tree().path(u"elsewhere"_s);
+    for (const QString &folder :
+         {bundle.mediaFolderPath(), bundle._resourcesFolderPath(), bundle._contentsFolderPath()}) {
+        ASSERT_TRUE(QFile::rename(folder, elsewhere));
+        EXPECT_TRUE(bundle.isSelfContained());
+        ASSERT_TRUE(QFile::link(elsewhere, folder));
+        EXPECT_FALSE(bundle.isSelfContained()) << folder.toStdString();
+        ASSERT_TRUE(QFile::remove(folder) && QFile::rename(elsewhere, folder));
+    }
+    // Where the user keeps it is the user's choice.
+    ASSERT_TRUE(QFile::rename(bundle.bundlePath(), elsewhere));
+    ASSERT_TRUE(QFile::link(elsewhere, bundle.bundlePath()));
+    EXPECT_TRUE(bundle.isSelfContained());
+    EXPECT_TRUE(KTDatabaseBundle(bundle.tree().path(u"none"_s)).isSelfContained());
+    EXPECT_TRUE(KTDatabaseBundle(QString()).isSelfContained());
+}
+
 TEST(KTDatabaseBundle, OnlyHTTPInLowerCaseIsDownloaded)
 {
     const BundleOnDisk bundle;

@@ -1,6 +1,8 @@
 #include <KTUtility/Bundle/MediaFolder_p.h>
+#include <KTUtility/KTLogCapture>
 
 #include "support/FileTree.h"
+#include "support/LoopbackServer.h"
 #include "support/TestSupport.h"
 
 #include <QFile>
@@ -80,6 +82,40 @@ TEST_F(MediaFolderTests, WhatIsNotThereIsNotCopied)
     EXPECT_TRUE(folder.copyFile(path(u"from/a.jpg"_s)).isNull());
     EXPECT_TRUE(folder.copyFile(QString()).isNull());
     EXPECT_EQ(folder.nextInstanceNumber(u"a.jpg"_s), 0);
+}
+
+TEST_F(MediaFolderTests, NamesWithoutRoomForANumberAreNotTaken)
+{
+    // With ".0", 255 bytes are the longest name.
+    for (const int length : {253, 254, 255}) {
+        const QString name = QString(length - 4, u'x') + u".jpg";
+        writeFile(path(u"from/"_s + name), "mine");
+        writeFile(path(u"Media/other.jpg"_s), "other");
+        EXPECT_EQ(folder.copyFile(path(u"from/"_s + name)).isNull(), length > 253) << length;
+    }
+    // An umlaut is two bytes.
+    const QString name = QString(126, u'\u00fc') + u".j";
+    writeFile(path(u"from/"_s + name), "mine");
+    EXPECT_TRUE(folder.copyFile(path(u"from/"_s + name)).isNull());
+}
+
+TEST_F(MediaFolderTests, TheLogNamesTheFileOnce)
+{
+    const testing_support::LoopbackServer server;
+    const NSURL url = *NSURL::URLWithString(server.url(u"/pic.jpg"_s));
+    writeFile(path(u"Media/other.jpg"_s), "other");
+    KTLogCapture capture(kLog_MediaFilenames, 4);
+    const QString first = folder.download(url);
+    ASSERT_EQ(capture.entries().size(), 1);
+    EXPECT_EQ(capture.entries().first().lineNumber, 210);
+    EXPECT_EQ(capture.entries().first().message, u"Writing file to " + first);
+    // A name that only seems to be free, however often it is tried.
+    QFile::link(path(u"none"_s), path(u"Media/pic.1.jpg"_s));
+    EXPECT_TRUE(folder.download(url).isNull());
+    ASSERT_EQ(capture.entries().size(), 3);
+    EXPECT_EQ(capture.entries().at(1).lineNumber, 210);
+    EXPECT_EQ(capture.entries().at(2).lineNumber, 215);
+    EXPECT_FALSE(QFile::exists(path(u"none"_s)));
 }
 
 TEST_F(MediaFolderTests, OnlyPlainHTTPIsDownloaded)

@@ -4,6 +4,7 @@ target_sources(FaultTests PRIVATE
     Faults/FaultScenario.cpp
     Faults/FaultTests.cpp
     Faults/FileCalls.cpp
+    Faults/FlushTests.cpp
     Faults/FrameworkScenarios.cpp
     Faults/HostScenarios.cpp
     Faults/LogFileFaultTests.cpp

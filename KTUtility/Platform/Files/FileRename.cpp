@@ -1,6 +1,7 @@
 #include "FileRename_p.h"
 
 #include "FileOperations_p.h"
+#include "NSFileHandle.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -9,6 +10,17 @@
 #include <unistd.h>
 
 using namespace KTPrivate;
+
+namespace {
+/// The folder of a path, as openFile() takes it.
+QByteArray folderOf(QByteArray path)
+{
+    while (path.size() > 1 && path.endsWith('/'))
+        path.chop(1);
+    const qsizetype name = path.lastIndexOf('/') + 1;
+    return name == 0 ? QByteArray(".") : path.first(name);
+}
+} // namespace
 
 int KTPrivate::renameWithoutReplacing(const QByteArray &path, const QByteArray &toPath)
 {
@@ -39,4 +51,9 @@ int KTPrivate::renameOverPlaceholder(const QByteArray &path, const QByteArray &t
     else
         ::unlink(toPath.constData());
     return error;
+}
+
+void KTPrivate::flushFolderOf(const QByteArray &path)
+{
+    NSFileHandle(openFile(folderOf(path), O_RDONLY | O_DIRECTORY)).synchronizeFile();
 }

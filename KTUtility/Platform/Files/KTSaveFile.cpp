@@ -1,13 +1,12 @@
 #include "KTSaveFile.h"
 
 #include "FileOperations_p.h"
+#include "FileRename_p.h"
 #include "NSFileHandle.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <cerrno>
-#include <fcntl.h>
 #include <optional>
 #include <sys/stat.h>
 
@@ -67,7 +66,6 @@ bool KTSaveFile::commit()
     if (!QSaveFile::commit())
         return false;
     // The new file is there; a folder that cannot be flushed does not take it back.
-    const QString folder = QFileInfo(fileName()).path();
-    NSFileHandle(openFile(QFile::encodeName(folder), O_RDONLY | O_DIRECTORY)).synchronizeFile();
+    flushFolderOf(QFile::encodeName(fileName()));
     return true;
 }
