@@ -37,11 +37,12 @@ public:
         writeFile(path(u"b.png"), QByteArray(100'000, 'b'));
     }
 
-    /// Whoever opens the database next takes back what an unfinished change left in it.
+    /// Whoever writes to the database next takes back what an unfinished change left in it.
     void settle() override
     {
-        if (const auto store = LibraryStore::open(_bundle, LibraryStore::Mode::Existing))
-            (void)(*store)->libraries();
+        const auto store = LibraryStore::open(_bundle, LibraryStore::Mode::Existing);
+        if (store && (*store)->beginChange())
+            (*store)->rollback();
     }
 
 protected:

@@ -53,9 +53,10 @@ QJsonObject FileTree::contents() const
                        QDirIterator::Subdirectories);
     while (items.hasNext()) {
         const QFileInfo item(items.next());
+        const bool isFolderOrPipe = item.exists() && !item.isFile();
         found.insert(QDir(root()).relativeFilePath(item.filePath()),
-                     item.isDir() ? QJsonValue()
-                                  : QJsonValue(QString::fromUtf8(contentsOf(item.filePath()))));
+                     isFolderOrPipe ? QJsonValue()
+                                    : QJsonValue(QString::fromUtf8(contentsOf(item.filePath()))));
     }
     return found;
 }

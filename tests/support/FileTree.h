@@ -33,7 +33,7 @@ public:
     void add(const QString &relative, const QByteArray &contents = "x") const;
     /// Adds name, with %d replaced, for all numbers from first to last.
     void addCopies(const QString &pattern, int first, int last) const;
-    /// What is in the folder now: path to content, folders to null.
+    /// What is in the folder now: path to content, folders and pipes to null.
     QJsonObject contents() const;
 
 private:

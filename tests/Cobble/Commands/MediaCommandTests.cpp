@@ -2,10 +2,18 @@
 
 #include "support/FileTree.h"
 #include "support/LoopbackServer.h"
+#include "support/OtherProcess.h"
 #include "support/TestSupport.h"
 
+#include <KTUtility/KTLockFile>
+
+#include <QFile>
+
+#include <array>
 #include <csignal>
+#include <sys/inotify.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -168,10 +176,52 @@ TEST_F(MediaCommandTests, ABundleThatCannotBeCopiedStaysInItsPlace)
 
 TEST_F(MediaCommandTests, WhatCannotBeDeletedIsNotCalledMissing)
 {
-    // Nobody, not even root, removes a file of "/proc".
+    // Without descriptors, nobody, not even root, removes a folder that holds something.
+    testing_support::writeFile(folder + u"album/a.png", "picture");
+    struct rlimit before = {};
+    ::getrlimit(RLIMIT_NOFILE, &before);
+    const int next = ::dup(0);
+    ::close(next);
+    const struct rlimit none = {rlim_t(next), before.rlim_max};
+    ::setrlimit(RLIMIT_NOFILE, &none);
+    const CommandResult result = media({u"delete"_s, u"album"_s});
+    ::setrlimit(RLIMIT_NOFILE, &before);
+    EXPECT_EQ(result.errors, u"cobble: album: it cannot be deleted\n"_s);
+    EXPECT_EQ(contentsOf(folder + u"album/a.png"), "picture");
+}
+
+TEST_F(MediaCommandTests, SaysWhichNameIsTooLong)
+{
+    const QString longName(254, u'x');
+    tree.add(longName, "picture");
+    const QString path = tree.path(longName);
+    EXPECT_EQ(media({u"add"_s, path}).errors,
+              u"cobble: " + path + u": its name is too long to get a number\n");
+}
+
+TEST_F(MediaCommandTests, DoesNotMakeABundleAnewThatIsMovedMeanwhile)
+{
     media({u"add"_s, tree.path(u"a b.png"_s)});
-    QDir(folder).removeRecursively();
-    ASSERT_TRUE(QFile::link(u"/proc"_s, folder.chopped(1)));
-    EXPECT_EQ(media({u"delete"_s, u"version"_s}).errors,
-              u"cobble: version: it cannot be deleted\n"_s);
+    int ready[2];
+    ASSERT_EQ(::pipe(ready), 0);
+    // It has the lock, and moves the bundle when somebody asks for the lock, too.
+    const testing_support::OtherProcess moving([&] {
+        KTLockFile lock(bundle + u".lock");
+        const bool isLocked = lock.lock(0) == KTLockFile::Result::Locked;
+        const int watcher = ::inotify_init1(IN_CLOEXEC);
+        ::inotify_add_watch(watcher, QFile::encodeName(lock.path()).constData(), IN_OPEN);
+        std::array<char, 1024> event{};
+        const bool isAsked = isLocked && ::write(ready[1], "x", 1) == 1 &&
+                             ::read(watcher, event.data(), event.size()) > 0;
+        return isAsked && QFile::rename(bundle, bundle + u".moved") ? 0 : 1;
+    });
+    char byte = 0;
+    ASSERT_EQ(::read(ready[0], &byte, 1), 1);
+    const CommandResult result = media({u"add"_s, tree.path(u"a b.png"_s)});
+    EXPECT_EQ(moving.exitCode(), 0);
+    ::close(ready[0]);
+    ::close(ready[1]);
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.errors, u"cobble: " + bundle + u": the bundle has been moved away\n");
+    EXPECT_FALSE(QFile::exists(bundle));
 }

@@ -4,6 +4,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Commands/ComponentNamesTests.cpp
     Cobble/Commands/ExecutableTests.cpp
     Cobble/Commands/ExportCommandTests.cpp
+    Cobble/Commands/ForeignBundleTests.cpp
     Cobble/Commands/FormatCommandTests.cpp
     Cobble/Commands/GalleryCommandTests.cpp
     Cobble/Commands/ImportCommandTests.cpp

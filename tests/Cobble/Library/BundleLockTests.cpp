@@ -5,6 +5,10 @@
 
 #include <QFile>
 
+#include <array>
+#include <functional>
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -55,6 +59,33 @@ TEST_F(BundleLockTests, NeedsAFolder)
 {
     BundleLock lock(KTDatabaseBundle(tree.path(u"none/b.cobbledb"_s)));
     EXPECT_EQ(lock.lock(0).reason(), u"there is no folder for the database bundle"_s);
+    EXPECT_FALSE(lock.isLocked());
+}
+
+TEST_F(BundleLockTests, WhatIsNoLockKeepsNobodyWaiting)
+{
+    const QString file = bundle.bundlePath() + u".lock";
+    const std::array<std::function<void()>, 5> things = {
+        [&] { testing_support::writeFile(file, ""); },
+        [&] { testing_support::writeFile(file, "\xff noise"); },
+        [&] { QFile::link(tree.path(u"none"_s), file); },
+        [&] { ::mkfifo(QFile::encodeName(file).constData(), 0600); },
+        [&] { QDir().mkdir(file); },
+    };
+    for (const auto &make : things) {
+        make();
+        BundleLock lock(bundle);
+        EXPECT_TRUE(lock.lock(0));
+        EXPECT_TRUE(lock.isLocked());
+    }
+}
+
+TEST_F(BundleLockTests, SaysWhatIsInTheWay)
+{
+    const QString file = bundle.bundlePath() + u".lock";
+    testing_support::writeFile(file + u"/letter", "mine");
+    BundleLock lock(bundle);
+    EXPECT_EQ(lock.lock(0).reason(), u"'%1' is in the way; please remove it"_s.arg(file));
     EXPECT_FALSE(lock.isLocked());
 }
 

@@ -1,5 +1,7 @@
 #include "Library/LibraryStore.h"
 
+#include "InterruptedChange.h"
+
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
 
@@ -56,6 +58,15 @@ protected:
         ASSERT_TRUE(store && store->begin() && store->create(contacts()));
         ASSERT_TRUE(store->insert({u"Ann"_s, 5, u"cobblemedia://a"_s}));
         ASSERT_TRUE(store->insert({u"Bob"_s, QVariant(), QVariant()}));
+        ASSERT_TRUE(store->commit());
+    }
+
+    void storeManyContacts()
+    {
+        const auto store = open();
+        ASSERT_TRUE(store && store->begin() && store->create(contacts()));
+        for (int number = 0; number < 3000; ++number)
+            ASSERT_TRUE(store->insert({u"Ann"_s, number, u"cobblemedia://a"_s}));
         ASSERT_TRUE(store->commit());
     }
 
@@ -204,7 +215,82 @@ TEST_F(LibraryStoreTests, MissingAndDamagedDatabasesAreErrors)
     QFile::remove(bundle.databaseFilePath());
     QDir().mkdir(bundle.databaseFilePath());
     EXPECT_EQ(open(), nullptr);
-    EXPECT_EQ(error, u"unable to open database file"_s);
+    EXPECT_EQ(error, u"the database is a link, or no file"_s);
+}
+
+TEST_F(LibraryStoreTests, IsForReadingUntilSomethingIsWritten)
+{
+    storeContacts();
+    const QJsonObject before = tree.contents();
+    const auto store = open(LibraryStore::Mode::Existing);
+    store->setPatience(10);
+    const qint64 version = store->dataVersion();
+    EXPECT_EQ(*store->recordCount(contacts()), 2);
+    EXPECT_EQ(tree.contents(), before);
+    ASSERT_TRUE(store->beginChange());
+    // It is the same state that was read.
+    EXPECT_EQ(store->dataVersion(), version);
+    EXPECT_TRUE(store->update(contacts(), 1, 0, u"Eve"_s) && store->commit());
+    EXPECT_EQ(store->dataVersion(), version);
+    EXPECT_NE(tree.contents(), before);
+    // Somebody else cannot write meanwhile, and does not wait longer than that.
+    ASSERT_TRUE(store->beginChange());
+    const auto other = open(LibraryStore::Mode::Existing);
+    other->setPatience(10);
+    EXPECT_EQ(other->beginChange().reason(), u"database is locked"_s);
+    store->rollback();
+    EXPECT_TRUE(other->beginChange());
+}
+
+TEST_F(LibraryStoreTests, NoticesWhatOthersHaveWrittenBeforeItWrites)
+{
+    storeContacts();
+    const auto store = open(LibraryStore::Mode::Existing);
+    const qint64 version = store->dataVersion();
+    const auto other = open(LibraryStore::Mode::Existing);
+    EXPECT_TRUE(other->beginChange() && other->removeRecord(contacts(), 1) && other->commit());
+    ASSERT_TRUE(store->beginChange());
+    const qint64 later = store->dataVersion();
+    EXPECT_NE(later, version);
+    store->rollback();
+    EXPECT_EQ(store->dataVersion(), later);
+    EXPECT_TRUE(other->beginChange() && other->removeRecord(contacts(), 2) && other->commit());
+    EXPECT_NE(store->dataVersion(), later);
+}
+
+TEST_F(LibraryStoreTests, AnInterruptedChangeIsTakenBackByWhoWrites)
+{
+    storeManyContacts();
+    InterruptedChange::leaveIn(bundle, u"kt_contacts"_s, u"kt_name"_s);
+    const QJsonObject before = tree.contents();
+    const auto store = open(LibraryStore::Mode::Existing);
+    ASSERT_TRUE(store) << error.toStdString();
+    const qint64 version = store->dataVersion();
+    RecordCursor records = store->records(contacts());
+    ASSERT_TRUE(records.next());
+    EXPECT_EQ(records.value(0), QVariant(u"Ann"_s));
+    records = store->records(contacts(), 0);
+    EXPECT_EQ(tree.contents(), before);
+    ASSERT_TRUE(store->beginChange());
+    EXPECT_FALSE(tree.contents().contains(u"b.cobbledb/Contents/Resources/Database-journal"_s));
+    // Others may have written between the copy that was read and this.
+    EXPECT_NE(store->dataVersion(), version);
+    EXPECT_EQ(*store->recordCount(contacts()), 3000);
+}
+
+TEST_F(LibraryStoreTests, WhatLeadsOutOfTheBundleMeanwhileIsNotWrittenTo)
+{
+    storeContacts();
+    const auto store = open(LibraryStore::Mode::Existing);
+    ASSERT_TRUE(store);
+    QFile::rename(bundle.databaseFilePath(), tree.path(u"elsewhere"_s));
+    QFile::link(tree.path(u"elsewhere"_s), bundle.databaseFilePath());
+    const QJsonObject before = tree.contents();
+    EXPECT_EQ(store->beginChange().reason(), u"the database is a link, or no file"_s);
+    EXPECT_EQ(store->begin().reason(), u"the database is a link, or no file"_s);
+    EXPECT_EQ(tree.contents(), before);
+    // What was opened can still be read.
+    EXPECT_EQ(*store->recordCount(contacts()), 2);
 }
 
 TEST_F(LibraryStoreTests, DatabasesOfNewerVersionsAreLeftAlone)

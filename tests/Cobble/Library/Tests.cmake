@@ -1,6 +1,9 @@
 target_sources(CobbleTests PRIVATE
+    Cobble/Library/BundleCheckTests.cpp
     Cobble/Library/BundleLockTests.cpp
     Cobble/Library/BundleOptionTests.cpp
+    Cobble/Library/DatabaseCopyTests.cpp
+    Cobble/Library/InterruptedChange.cpp
     Cobble/Library/LibraryExportTests.cpp
     Cobble/Library/LibraryStoreTests.cpp
     Cobble/Library/LibraryTests.cpp

@@ -5,6 +5,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Window/MainWindowTests.cpp
     Cobble/Window/MainWindowVisualTests.cpp
     Cobble/Window/MediaFieldTests.cpp
+    Cobble/Window/OpenBundleTests.cpp
     Cobble/Window/RecordSearchTests.cpp
     Cobble/Window/ShortTextTests.cpp
     Cobble/Window/TransferSheetTests.cpp

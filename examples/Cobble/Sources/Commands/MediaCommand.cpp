@@ -1,8 +1,10 @@
 #include "MediaCommand.h"
 
 #include "Import/MediaReference.h"
+#include "Library/BundleCheck.h"
 #include "Library/BundleLock.h"
 #include "Library/BundleOption.h"
+#include "Library/LibraryStore.h"
 #include "Text/AlignedTable.h"
 #include "Text/PrintableText.h"
 
@@ -12,6 +14,8 @@
 
 #include <QDir>
 #include <QTextStream>
+
+#include <climits>
 
 using namespace Qt::StringLiterals;
 
@@ -28,6 +32,8 @@ bool isUnfinished(const QFileInfo &file)
 ExitCode listMedia(const KTDatabaseBundle &bundle, CommandContext &context)
 {
     const QDir folder(bundle.mediaFolderPath());
+    if (const Outcome<> checked = BundleCheck::folders(bundle); !checked)
+        return context.fail(bundle.bundlePath(), checked.reason());
     if (!folder.exists())
         return context.fail(bundle.bundlePath(), u"there is no media folder"_s);
     AlignedTable table;
@@ -46,6 +52,38 @@ ExitCode listMedia(const KTDatabaseBundle &bundle, CommandContext &context)
 using Action = bool (*)(const KTDatabaseBundle &bundle, const QString &text,
                         CommandContext &context);
 
+/// Locks the bundle, which must not lead out of itself, nor be moved away while one waits.
+/// \param wasThere whether there was a bundle before.
+Outcome<> lockForChange(BundleLock &lock, const KTDatabaseBundle &bundle, bool wasThere)
+{
+    return lock.lock(PatienceWithLock)
+        .andThen([&] {
+            const bool isGone = wasThere && !bundle.doesExist();
+            return isGone ? Failure{u"the bundle has been moved away"_s} : Outcome<>();
+        })
+        .andThen([&] { return BundleCheck::folders(bundle); });
+}
+
+/// Fails for a bundle that cannot be made.
+Outcome<> buildForMedia(const KTDatabaseBundle &bundle)
+{
+    const bool wasThere = bundle.doesExist();
+    BundleLock lock(bundle);
+    return lockForChange(lock, bundle, wasThere).andThen([&] {
+        const bool isBuilt = bundle.buildDatabaseBundleOnDisk();
+        return isBuilt ? Outcome<>() : Failure{u"the database bundle cannot be made"_s};
+    });
+}
+
+/// Why a file could not be stored.
+QString reasonNotToStore(const KTDatabaseBundle &bundle, const QString &text)
+{
+    const QString name = bundle.fileNameWithMediaInstanceNumber(NSString::lastPathComponent(text));
+    if (QFile::encodeName(name).size() > NAME_MAX)
+        return u"its name is too long to get a number"_s;
+    return u"it cannot be stored"_s;
+}
+
 bool addMedia(const KTDatabaseBundle &bundle, const QString &text, CommandContext &context)
 {
     const std::optional<NSURL> source = MediaReference::urlIn(text, QDir::currentPath());
@@ -53,7 +91,7 @@ bool addMedia(const KTDatabaseBundle &bundle, const QString &text, CommandContex
     if (url)
         context.out() << url->absoluteString() << '\n';
     else
-        context.warn(text, u"it cannot be stored"_s);
+        context.warn(text, reasonNotToStore(bundle, text));
     return url.has_value();
 }
 
@@ -81,12 +119,28 @@ bool deleteMedia(const KTDatabaseBundle &bundle, const QString &text, CommandCon
     return false;
 }
 
+/// Does one of the actions while nobody imports into the bundle or moves it.
+bool doLocked(Action action, const KTDatabaseBundle &bundle, const QString &text,
+              CommandContext &context)
+{
+    const bool wasThere = bundle.doesExist();
+    BundleLock lock(bundle);
+    if (const Outcome<> locked = lockForChange(lock, bundle, wasThere); !locked) {
+        context.warn(bundle.bundlePath(), locked.reason());
+        return false;
+    }
+    return action(bundle, text, context);
+}
+
 ExitCode runForEach(const QStringList &texts, Action action, const KTDatabaseBundle &bundle,
                     CommandContext &context)
 {
     bool isDone = true;
-    for (const QString &text : texts)
-        isDone = action(bundle, text, context) && isDone;
+    for (const QString &text : texts) {
+        const bool isDoneNow = action == printPath ? action(bundle, text, context)
+                                                   : doLocked(action, bundle, text, context);
+        isDone = isDoneNow && isDone;
+    }
     return isDone ? ExitCode::Success : ExitCode::Failure;
 }
 
@@ -112,8 +166,9 @@ ExitCode runMedia(const QCommandLineParser &parser, CommandContext &context)
     if (words.isEmpty())
         return context.wrongUsage(u"media %1 needs a name"_s.arg(name));
     BundleOption::needFolderOf(bundle);
-    if (action == addMedia && !bundle.buildDatabaseBundleOnDisk())
-        return context.fail(bundle.bundlePath(), u"the database bundle cannot be made"_s);
+    const Outcome<> built = action == addMedia ? buildForMedia(bundle) : Outcome<>();
+    if (!built)
+        return context.fail(bundle.bundlePath(), built.reason());
     return runForEach(words, action, bundle, context);
 }
 
@@ -137,6 +192,20 @@ ExitCode moveAndCopy(const KTDatabaseBundle &bundle, CommandContext &context)
     return ExitCode::Success;
 }
 
+/// Lets nobody write to the database meanwhile, so that no half of a change is copied.
+ExitCode moveAndCopyUnchanged(const KTDatabaseBundle &bundle, CommandContext &context)
+{
+    const auto store = LibraryStore::open(bundle, LibraryStore::Mode::Existing);
+    // What is no database is copied all the same.
+    if (!store)
+        return moveAndCopy(bundle, context);
+    if (const Outcome<> begun = (*store)->beginChange(); !begun)
+        return context.fail(bundle.bundlePath(), begun.reason());
+    const ExitCode code = moveAndCopy(bundle, context);
+    (*store)->rollback();
+    return code;
+}
+
 ExitCode copyForUpgrade(const QCommandLineParser &parser, CommandContext &context)
 {
     if (!parser.positionalArguments().isEmpty())
@@ -145,9 +214,9 @@ ExitCode copyForUpgrade(const QCommandLineParser &parser, CommandContext &contex
     if (!bundle.doesExist())
         return context.fail(bundle.bundlePath(), u"there is no database bundle"_s);
     BundleLock lock(bundle);
-    if (const Outcome<> locked = lock.lock(PatienceWithLock); !locked)
+    if (const Outcome<> locked = lockForChange(lock, bundle, true); !locked)
         return context.fail(bundle.bundlePath(), locked.reason());
-    return moveAndCopy(bundle, context);
+    return moveAndCopyUnchanged(bundle, context);
 }
 
 /// For commands whose arguments are words and --bundle.

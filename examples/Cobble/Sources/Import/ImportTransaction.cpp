@@ -1,5 +1,6 @@
 #include "ImportTransaction.h"
 
+#include "Library/BundleCheck.h"
 #include "Library/BundleOption.h"
 #include "UnusedMedia.h"
 
@@ -63,6 +64,8 @@ Outcome<> ImportTransaction::prepare(int patience)
     const Outcome<> locked = _lock.lock(patience);
     if (!locked)
         return locked;
+    if (const Outcome<> checked = BundleCheck::folders(_bundle); !checked)
+        return checked;
     _isNewBundle = isFree(_bundle.bundlePath());
     _isNewDatabase = isFree(_bundle.databaseFilePath());
     if (!_bundle.buildDatabaseBundleOnDisk())

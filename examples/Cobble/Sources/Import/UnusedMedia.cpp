@@ -9,6 +9,9 @@ bool UnusedMedia::removeFile(const KTDatabaseBundle &bundle, const QString &url)
     const std::optional<NSURL> media = NSURL::URLWithString(url);
     if (!media || !bundle.isMediaURL(*media))
         return true;
+    // The file would be one of another folder, which is not the bundle's to delete.
+    if (!bundle.isSelfContained())
+        return false;
     const QString name = NSString::lastPathComponent(bundle.filePathFromMediaUrl(*media));
     return bundle.deleteFileFromMediaFolder(name) || !bundle.isFileNameInMediaFolder(name);
 }

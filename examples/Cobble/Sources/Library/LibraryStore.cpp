@@ -1,5 +1,8 @@
 #include "LibraryStore.h"
 
+#include "BundleCheck.h"
+#include "DatabaseConnection.h"
+#include "DatabaseCopy.h"
 #include "StoredValue.h"
 
 #include <KTUtility/NSFileManager>
@@ -7,7 +10,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSqlError>
-#include <QUuid>
 
 using namespace Qt::StringLiterals;
 
@@ -20,10 +22,10 @@ QString quoted(const QString &identifier)
     return u'"' + QString(identifier).replace(u'"', u"\"\""_s) + u'"';
 }
 
-/// What SQLite says, without what Qt adds to it.
-QString reasonOf(const QSqlError &error)
+/// A column of a table. Without the table's name, one that is missing would be its own name as text.
+QString columnIn(const QString &table, const QString &column)
 {
-    return error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
+    return quoted(table) + u'.' + quoted(column);
 }
 
 /// Numbers have no declared type, so that SQLite keeps them as they are handed over.
@@ -40,6 +42,15 @@ QString columnsOf(const Library &library)
     for (const LibraryField &field : library.fields)
         names += quoted(field.columnName);
     return names.join(u", "_s);
+}
+
+/// The numbers and the fields of the records of a library.
+QString recordsOf(const Library &library)
+{
+    QString columns = columnIn(library.tableName, u"id"_s);
+    for (const LibraryField &field : library.fields)
+        columns += u", " + columnIn(library.tableName, field.columnName);
+    return u"SELECT " + columns + u" FROM " + quoted(library.tableName);
 }
 
 QString optionsText(const QVariantMap &options)
@@ -71,7 +82,7 @@ Library libraryIn(const QSqlQuery &row)
 
 Outcome<> outcomeOf(const QSqlQuery &query, bool isDone)
 {
-    return isDone ? Outcome<>() : Failure{reasonOf(query.lastError())};
+    return isDone ? Outcome<>() : Failure{DatabaseConnection::reasonOf(query.lastError())};
 }
 
 /// Of a query whose rows were read.
@@ -123,6 +134,8 @@ RecordCursor::RecordCursor(QSqlQuery &&query, const Library &library) : _query(s
         _types += field.type;
 }
 
+RecordCursor::RecordCursor(const Failure &failure) : _failure(failure) {}
+
 bool RecordCursor::next()
 {
     return _query.next();
@@ -140,39 +153,89 @@ QVariant RecordCursor::value(qsizetype field) const
 
 Outcome<> RecordCursor::outcome() const
 {
-    return outcomeOf(_query);
+    return _failure ? *_failure : outcomeOf(_query);
 }
 
 Outcome<std::unique_ptr<LibraryStore>> LibraryStore::open(const KTDatabaseBundle &bundle, Mode mode)
 {
-    const QString path = bundle.databaseFilePath();
-    if (mode == Mode::Existing && !NSFileManager::fileExistsAtPath(path))
-        return Failure{u"there is no database"_s};
-    std::unique_ptr<LibraryStore> store(new LibraryStore(path));
-    const Outcome<> ready = store->connect().andThen([&] { return store->checkVersion(); });
+    std::unique_ptr<LibraryStore> store(new LibraryStore(bundle));
+    const Outcome<> ready =
+        store->checkBundle(mode)
+            .andThen([&] {
+                return mode == Mode::Create ? store->openForWriting() : store->openForReading();
+            })
+            .andThen([&] { return store->checkVersion(); });
     if (!ready)
         return ready.failure();
     return store;
 }
 
-LibraryStore::LibraryStore(const QString &path)
-    : _connectionName(QUuid::createUuid().toString())
-    , _database(QSqlDatabase::addDatabase(u"QSQLITE"_s, _connectionName))
+LibraryStore::LibraryStore(const KTDatabaseBundle &bundle) : _bundle(bundle) {}
+
+LibraryStore::~LibraryStore() = default;
+
+Outcome<> LibraryStore::checkBundle(Mode mode) const
 {
-    _database.setDatabaseName(path);
+    const Outcome<> checked = BundleCheck::database(_bundle, DatabaseConnection::count() == 0);
+    const bool isThere = NSFileManager::fileExistsAtPath(_bundle.databaseFilePath());
+    if (checked && mode == Mode::Existing && !isThere)
+        return Failure{u"there is no database"_s};
+    return checked;
 }
 
-LibraryStore::~LibraryStore()
+Outcome<> LibraryStore::openForReading()
 {
+    using Access = DatabaseConnection::Access;
+    const Outcome<> opened = connect(_bundle.databaseFilePath(), Access::Read);
+    if (!opened || !_connection->needsPlayback())
+        return opened;
+    auto copy = DatabaseCopy::make(_bundle);
+    if (!copy)
+        return copy.failure();
+    _copy = std::move(*copy);
+    return connect(_copy->path(), Access::Write);
+}
+
+Outcome<> LibraryStore::openForWriting()
+{
+    const Outcome<> opened = connect(_bundle.databaseFilePath(), DatabaseConnection::Access::Write);
+    _isForWriting = bool(opened);
+    return opened;
+}
+
+Outcome<> LibraryStore::connect(const QString &path, DatabaseConnection::Access access)
+{
+    auto connection = std::make_unique<DatabaseConnection>(path, access);
+    const Outcome<> opened = connection->open();
+    if (!opened)
+        return opened;
     _insertion.reset();
-    _database.close();
-    _database = QSqlDatabase();
-    QSqlDatabase::removeDatabase(_connectionName);
+    _connection = std::move(connection);
+    if (_patience)
+        setPatience(*_patience);
+    return {};
 }
 
-Outcome<> LibraryStore::connect()
+/// Opens the database anew if it was for reading.
+Outcome<> LibraryStore::needWriting()
 {
-    return _database.open() ? Outcome<>() : Failure{reasonOf(_database.lastError())};
+    if (_isForWriting)
+        return {};
+    std::unique_ptr<DatabaseConnection> reading = std::move(_connection);
+    const Outcome<> opened =
+        checkBundle(Mode::Existing).andThen([this] { return openForWriting(); });
+    if (opened) {
+        followVersionsOf(*reading);
+        _copy.reset();
+    } else {
+        _connection = std::move(reading);
+    }
+    return opened;
+}
+
+QSqlDatabase LibraryStore::database() const
+{
+    return _connection->database();
 }
 
 Outcome<> LibraryStore::checkVersion()
@@ -187,14 +250,14 @@ Outcome<> LibraryStore::checkVersion()
 
 Outcome<> LibraryStore::run(const QString &statement)
 {
-    QSqlQuery query(_database);
+    QSqlQuery query(database());
     return outcomeOf(query, query.exec(statement));
 }
 
 /// The number that a statement gives; 0 if it gives none.
 Outcome<qint64> LibraryStore::number(const QString &statement)
 {
-    const auto numbers = allRows(_database, statement, {},
+    const auto numbers = allRows(database(), statement, {},
                                  [](const QSqlQuery &row) { return row.value(0).toLongLong(); });
     if (!numbers)
         return numbers.failure();
@@ -205,25 +268,59 @@ Outcome<qint64> LibraryStore::number(const QString &statement)
 
 Outcome<QList<LibraryField>> LibraryStore::fieldsOf(const QString &tableName)
 {
-    return allRows(_database,
+    return allRows(database(),
                    u"SELECT column_name, header, label, property, type, options FROM "
                    "cobble_field WHERE table_name = ? ORDER BY position"_s,
                    {tableName}, fieldIn);
 }
 
+/// Whether there is a table. A view of that name, which may have no end, is an error.
+Outcome<bool> LibraryStore::hasTable(const QString &name)
+{
+    // Tables have pages of their own; views and what is computed by a module have none.
+    const auto areTables =
+        allRows(database(),
+                u"SELECT type = 'table' AND rootpage > 0 FROM sqlite_master WHERE type IN "
+                "('table', 'view') AND name = ? COLLATE NOCASE"_s,
+                {name}, [](const QSqlQuery &row) { return row.value(0).toBool(); });
+    if (!areTables)
+        return areTables.failure();
+    if (areTables->contains(false))
+        return Failure{u"'%1' is no table"_s.arg(name)};
+    return !areTables->isEmpty();
+}
+
+Outcome<> LibraryStore::needTable(const QString &name)
+{
+    const Outcome<bool> isThere = hasTable(name);
+    if (!isThere)
+        return isThere.failure();
+    return *isThere ? Outcome<>() : Failure{u"no such table: %1"_s.arg(name)};
+}
+
+/// Fails for a library that only a damaged catalogue has.
+Outcome<> LibraryStore::checkLibrary(const Library &library)
+{
+    if (library.fields.isEmpty())
+        return Failure{u"the library has no fields"_s};
+    return needTable(library.tableName);
+}
+
 Outcome<QList<Library>> LibraryStore::libraries()
 {
     // There is no catalogue in a database that nothing was stored in yet.
-    const Outcome<qint64> catalogues = number(u"SELECT count(*) FROM sqlite_master WHERE "
-                                              "type = 'table' AND name = 'cobble_library'"_s);
-    if (!catalogues)
-        return catalogues.failure();
-    return *catalogues == 0 ? QList<Library>() : librariesInCatalogue();
+    const Outcome<bool> isThere = hasTable(u"cobble_library"_s);
+    if (!isThere)
+        return isThere.failure();
+    if (!*isThere)
+        return QList<Library>();
+    const Outcome<> hasFields = needTable(u"cobble_field"_s);
+    return hasFields ? librariesInCatalogue() : hasFields.failure();
 }
 
 Outcome<QList<Library>> LibraryStore::librariesInCatalogue()
 {
-    auto libraries = allRows(_database,
+    auto libraries = allRows(database(),
                              u"SELECT name, library_entity, entity, table_name FROM "
                              "cobble_library ORDER BY name COLLATE NOCASE"_s,
                              {}, libraryIn);
@@ -251,17 +348,19 @@ Outcome<Library> LibraryStore::libraryNamed(const QString &name)
 
 Outcome<qint64> LibraryStore::recordCount(const Library &library)
 {
+    const Outcome<> checked = needTable(library.tableName);
+    if (!checked)
+        return checked.failure();
     return number(u"SELECT count(*) FROM " + quoted(library.tableName));
 }
 
 RecordCursor LibraryStore::records(const Library &library, qint64 limit)
 {
-    QSqlQuery query(_database);
+    if (const Outcome<> checked = checkLibrary(library); !checked)
+        return checked.failure();
+    QSqlQuery query(database());
     // The cursor reports if that fails.
-    (void)execute(query,
-                  u"SELECT id, " + columnsOf(library) + u" FROM " + quoted(library.tableName) +
-                      u" ORDER BY id LIMIT ?",
-                  {limit});
+    (void)execute(query, recordsOf(library) + u" ORDER BY 1 LIMIT ?", {limit});
     return {std::move(query), library};
 }
 
@@ -283,12 +382,15 @@ Outcome<QSet<QString>> LibraryStore::usedMedia()
 Outcome<QSet<QString>> LibraryStore::mediaOf(const Library &library)
 {
     QSet<QString> media;
+    if (const Outcome<> checked = needTable(library.tableName); !checked)
+        return checked.failure();
     for (const LibraryField &field : library.fields) {
         if (field.type != FieldType::Media)
             continue;
         const auto values =
-            allRows(_database,
-                    u"SELECT " + quoted(field.columnName) + u" FROM " + quoted(library.tableName),
+            allRows(database(),
+                    u"SELECT " + columnIn(library.tableName, field.columnName) + u" FROM " +
+                        quoted(library.tableName),
                     {}, [](const QSqlQuery &row) { return row.value(0).toString(); });
         if (!values)
             return values.failure();
@@ -301,6 +403,8 @@ Outcome<QSet<QString>> LibraryStore::mediaOf(const Library &library)
 
 Outcome<> LibraryStore::begin()
 {
+    if (const Outcome<> opened = needWriting(); !opened)
+        return opened;
     // Others can read until all is written.
     (void)run(u"PRAGMA cache_spill = OFF"_s);
     return beginChange()
@@ -318,7 +422,7 @@ Outcome<> LibraryStore::begin()
 
 Outcome<> LibraryStore::beginChange()
 {
-    return run(u"BEGIN IMMEDIATE"_s);
+    return needWriting().andThen([this] { return run(u"BEGIN IMMEDIATE"_s); });
 }
 
 Outcome<> LibraryStore::commit()
@@ -330,7 +434,7 @@ Outcome<> LibraryStore::commit()
 void LibraryStore::rollback()
 {
     _insertion.reset();
-    QSqlQuery(_database).exec(u"ROLLBACK"_s);
+    QSqlQuery(database()).exec(u"ROLLBACK"_s);
 }
 
 Outcome<> LibraryStore::create(const Library &library)
@@ -343,7 +447,7 @@ Outcome<> LibraryStore::create(const Library &library)
 
 Outcome<> LibraryStore::addEntry(const Library &library)
 {
-    QSqlQuery query(_database);
+    QSqlQuery query(database());
     return execute(
         query, u"INSERT INTO cobble_library VALUES (?, ?, ?, ?)"_s,
         {library.name, library.libraryEntityName, library.entityName, library.tableName});
@@ -370,7 +474,7 @@ Outcome<> LibraryStore::addFields(const Library &library)
 Outcome<> LibraryStore::addField(const QString &tableName, qsizetype position,
                                  const LibraryField &field)
 {
-    QSqlQuery query(_database);
+    QSqlQuery query(database());
     return execute(query, u"INSERT INTO cobble_field VALUES (?, ?, ?, ?, ?, ?, ?, ?)"_s,
                    {tableName, position, field.columnName, field.header, field.label,
                     field.propertyName, FieldTypes::nameOf(field.type),
@@ -380,7 +484,7 @@ Outcome<> LibraryStore::addField(const QString &tableName, qsizetype position,
 Outcome<> LibraryStore::prepareInsertion(const Library &library)
 {
     const QStringList places(library.fields.size(), u"?"_s);
-    _insertion.emplace(_database);
+    _insertion.emplace(database());
     const bool isPrepared =
         _insertion->prepare(u"INSERT INTO " + quoted(library.tableName) + u" (" +
                             columnsOf(library) + u") VALUES (" + places.join(u',') + u')');
@@ -390,7 +494,7 @@ Outcome<> LibraryStore::prepareInsertion(const Library &library)
 Outcome<> LibraryStore::remove(const Library &library)
 {
     for (const QStringView table : {u"cobble_library", u"cobble_field"}) {
-        QSqlQuery query(_database);
+        QSqlQuery query(database());
         const Outcome<> removed =
             execute(query, u"DELETE FROM " + table.toString() + u" WHERE table_name = ?",
                     {library.tableName});
@@ -412,7 +516,9 @@ Outcome<> LibraryStore::insert(const QVariantList &values)
 Outcome<> LibraryStore::update(const Library &library, qint64 id, qsizetype field,
                                const QVariant &value)
 {
-    QSqlQuery query(_database);
+    if (const Outcome<> opened = needWriting(); !opened)
+        return opened;
+    QSqlQuery query(database());
     return executeOnRecord(query,
                            u"UPDATE " + quoted(library.tableName) + u" SET " +
                                quoted(library.fields.at(field).columnName) + u" = ? WHERE id = ?",
@@ -421,18 +527,34 @@ Outcome<> LibraryStore::update(const Library &library, qint64 id, qsizetype fiel
 
 Outcome<> LibraryStore::removeRecord(const Library &library, qint64 id)
 {
-    QSqlQuery query(_database);
+    if (const Outcome<> opened = needWriting(); !opened)
+        return opened;
+    QSqlQuery query(database());
     return executeOnRecord(query, u"DELETE FROM " + quoted(library.tableName) + u" WHERE id = ?",
                            {id});
 }
 
 qint64 LibraryStore::dataVersion()
 {
-    return number(u"PRAGMA data_version"_s).valueOr(-1);
+    const Outcome<qint64> version = number(u"PRAGMA data_version"_s);
+    return version ? *version + _versionsBefore : -1;
+}
+
+/// Goes on counting where the connection for reading was. A change that was made meanwhile counts.
+void LibraryStore::followVersionsOf(const DatabaseConnection &reading)
+{
+    const qint64 own = dataVersion();
+    QSqlQuery query(reading.database());
+    query.exec(u"PRAGMA data_version"_s);
+    const qint64 last = query.next() ? query.value(0).toLongLong() : -1;
+    // Of the database behind a copy nothing is known.
+    const bool isKnown = last >= 0 && !_copy;
+    _versionsBefore = last - own + (isKnown ? 0 : 1);
 }
 
 void LibraryStore::setPatience(int milliseconds)
 {
+    _patience = milliseconds;
     // Without it, windows wait longer.
     (void)run(u"PRAGMA busy_timeout = %1"_s.arg(milliseconds));
 }

@@ -1,16 +1,18 @@
 #pragma once
 
+#include "DatabaseConnection.h"
 #include "Library.h"
 #include "Text/Outcome.h"
 
 #include <KTUtility/KTDatabaseBundle>
 
 #include <QSet>
-#include <QSqlDatabase>
 #include <QSqlQuery>
 
 #include <memory>
 #include <optional>
+
+class DatabaseCopy;
 
 /// The records of a library, one after the other.
 ///
@@ -23,6 +25,8 @@ class RecordCursor
 {
 public:
     RecordCursor(QSqlQuery &&query, const Library &library);
+    /// No records, for a reason.
+    RecordCursor(const Failure &failure);
 
     /// Goes to the next record, at first to the first one.
     /// \return false if there is none.
@@ -37,9 +41,15 @@ public:
 private:
     QSqlQuery _query;
     QList<FieldType> _types;
+    std::optional<Failure> _failure;
 };
 
 /// The SQLite database in a bundle: a table for each library, and two that say what they hold.
+///
+/// Bundles come from other people, too. A store that was opened for an existing database changes
+/// nothing in the bundle, and makes no file in it, until something is written; see BundleCheck for
+/// what is not opened at all. If a change was interrupted, it shows what was there before. Views in
+/// the place of tables are not read.
 ///
 /// \code
 /// const auto store = LibraryStore::open(bundle, LibraryStore::Mode::Existing);
@@ -52,8 +62,8 @@ class LibraryStore
 {
 public:
     enum class Mode {
-        Existing, ///< a database that is not there is an error
-        Create,   ///< makes one if there is none
+        Existing, ///< a database that is not there is an error; it is read only until something is written
+        Create, ///< makes one if there is none
     };
 
     static Outcome<std::unique_ptr<LibraryStore>> open(const KTDatabaseBundle &bundle, Mode mode);
@@ -98,9 +108,18 @@ public:
     qint64 dataVersion();
 
 private:
-    explicit LibraryStore(const QString &path);
-    Outcome<> connect();
+    explicit LibraryStore(const KTDatabaseBundle &bundle);
+    Outcome<> checkBundle(Mode mode) const;
+    Outcome<> openForReading();
+    Outcome<> openForWriting();
+    Outcome<> connect(const QString &path, DatabaseConnection::Access access);
+    Outcome<> needWriting();
+    void followVersionsOf(const DatabaseConnection &reading);
+    QSqlDatabase database() const;
     Outcome<> checkVersion();
+    Outcome<bool> hasTable(const QString &name);
+    Outcome<> needTable(const QString &name);
+    Outcome<> checkLibrary(const Library &library);
     Outcome<> run(const QString &statement);
     Outcome<qint64> number(const QString &statement);
     Outcome<QList<Library>> librariesInCatalogue();
@@ -111,7 +130,14 @@ private:
     Outcome<> makeTable(const Library &library);
     Outcome<> prepareInsertion(const Library &library);
 
-    QString _connectionName;
-    QSqlDatabase _database;
+    KTDatabaseBundle _bundle;
+    /// What is read instead of a database whose last change was interrupted.
+    std::unique_ptr<DatabaseCopy> _copy;
+    std::unique_ptr<DatabaseConnection> _connection;
+    bool _isForWriting = false;
+    std::optional<int> _patience;
+    /// What dataVersion() adds to the connection's own number.
+    qint64 _versionsBefore = 0;
+    // It must go before the connection.
     std::optional<QSqlQuery> _insertion;
 };

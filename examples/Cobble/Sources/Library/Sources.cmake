@@ -1,6 +1,9 @@
 target_sources(CobbleHost PRIVATE
+    Sources/Library/BundleCheck.cpp
     Sources/Library/BundleLock.cpp
     Sources/Library/BundleOption.cpp
+    Sources/Library/DatabaseConnection.cpp
+    Sources/Library/DatabaseCopy.cpp
     Sources/Library/Library.cpp
     Sources/Library/Library.h
     Sources/Library/LibraryExport.cpp

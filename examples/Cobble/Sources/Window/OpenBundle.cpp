@@ -26,19 +26,21 @@ void OpenBundle::reload()
     _open.clear();
     _libraries.clear();
     _errorText = QString();
+    // Anew: what was opened for reading may meanwhile need a change taken back.
+    _store.reset();
     openStore();
     if (_store)
         readLibraries();
     Q_EMIT librariesChanged();
 }
 
-/// Opens the database if there is one and it is not open yet.
+/// Opens the database if there is one.
 void OpenBundle::openStore()
 {
     const QFileInfo bundlePath(_bundle.bundlePath());
     if (bundlePath.exists() && !bundlePath.isDir()) {
         _errorText = u"%1 is no folder"_s.arg(_bundle.bundlePath());
-    } else if (!_store && NSFileManager::fileExistsAtPath(_bundle.databaseFilePath())) {
+    } else if (NSFileManager::fileExistsAtPath(_bundle.databaseFilePath())) {
         auto store = LibraryStore::open(_bundle, LibraryStore::Mode::Existing);
         _errorText = store.reason();
         _store = std::move(store).valueOr(nullptr);

@@ -1,0 +1,128 @@
+#include "BundleCheck.h"
+
+#include <QFile>
+
+#include <fcntl.h>
+#include <filesystem>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+/// What a journal ends with that names another one, behind that name, its length and its checksum.
+constexpr QByteArrayView NameMark("\xd9\xd5\x05\xf9\x20\xa1\x63\xd7");
+/// The length, the checksum and the mark.
+constexpr qint64 NameTrailer = 16;
+
+// Of the first bytes of a database: what it begins with, and who may read it.
+constexpr QByteArrayView Beginning("SQLite format 3");
+constexpr qint64 ReadersAt = 19;
+constexpr char ReadersOfLogs = 2;
+
+enum class Kind { None, File, Other, Unknown };
+
+/// What is at a path, not following links.
+Kind kindOf(const QString &path)
+{
+    std::error_code error;
+    const auto type =
+        std::filesystem::symlink_status(QFile::encodeName(path).toStdString(), error).type();
+    if (type == std::filesystem::file_type::none)
+        return Kind::Unknown;
+    if (type == std::filesystem::file_type::not_found)
+        return Kind::None;
+    return type == std::filesystem::file_type::regular ? Kind::File : Kind::Other;
+}
+
+Outcome<> fileOfItsOwn(const QString &path, const QString &what)
+{
+    const Kind kind = kindOf(path);
+    if (kind == Kind::None || kind == Kind::File)
+        return {};
+    if (kind == Kind::Unknown)
+        return Failure{u"%1 cannot be looked at"_s.arg(what)};
+    return Failure{u"%1 is a link, or no file"_s.arg(what)};
+}
+
+/// Opens a file that may have been exchanged for a link or a pipe in this moment.
+bool open(QFile &file)
+{
+    const QByteArray path = QFile::encodeName(file.fileName());
+    const int descriptor = ::open(path.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    return descriptor >= 0 && file.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered,
+                                        QFileDevice::AutoCloseHandle);
+}
+
+/// Bytes of a file; fewer at its end.
+Outcome<QByteArray> bytesOf(QFile &file, qint64 from, qint64 size)
+{
+    if (!file.seek(from))
+        return Failure{file.errorString()};
+    const QByteArray bytes = file.read(size);
+    if (file.error() != QFileDevice::NoError)
+        return Failure{file.errorString()};
+    return bytes;
+}
+
+Outcome<> checkNoLogs(const QString &path)
+{
+    for (const QString &suffix : {u"-wal"_s, u"-shm"_s}) {
+        if (kindOf(path + suffix) != Kind::None)
+            return Failure{u"there is a 'Database%1', which Cobble does not use"_s.arg(suffix)};
+    }
+    return {};
+}
+
+/// To read a database with a write-ahead log makes files beside it.
+Outcome<> checkFirstBytes(const QString &path)
+{
+    QFile file(path);
+    // SQLite has a reason if it cannot be opened.
+    if (!open(file))
+        return {};
+    const Outcome<QByteArray> bytes = bytesOf(file, 0, ReadersAt + 1);
+    if (!bytes)
+        return bytes.failure();
+    const bool hasLogs = bytes->startsWith(Beginning) && bytes->size() > ReadersAt &&
+                         bytes->at(ReadersAt) >= ReadersOfLogs;
+    return hasLogs ? Failure{u"the database has a write-ahead log, which Cobble does not use"_s}
+                   : Outcome<>();
+}
+} // namespace
+
+Outcome<> BundleCheck::folders(const KTDatabaseBundle &bundle)
+{
+    if (bundle.isSelfContained())
+        return {};
+    return Failure{u"a folder of the bundle is a link, which leads out of it"_s};
+}
+
+Outcome<> BundleCheck::journal(const QString &path)
+{
+    const Outcome<> isFile = fileOfItsOwn(path, u"the journal of the database"_s);
+    QFile file(path);
+    if (!isFile || kindOf(path) == Kind::None)
+        return isFile;
+    if (!open(file))
+        return kindOf(path) == Kind::None
+                   ? Outcome<>()
+                   : Failure{u"the journal of the database cannot be read"_s};
+    const qint64 size = file.size();
+    if (size < NameTrailer)
+        return {};
+    const Outcome<QByteArray> end = bytesOf(file, size - NameMark.size(), NameMark.size());
+    if (!end)
+        return end.failure();
+    return *end == NameMark ? Failure{u"the journal of the database names another file"_s}
+                            : Outcome<>();
+}
+
+Outcome<> BundleCheck::database(const KTDatabaseBundle &bundle, bool mayRead)
+{
+    const QString path = bundle.databaseFilePath();
+    return folders(bundle)
+        .andThen([&] { return fileOfItsOwn(path, u"the database"_s); })
+        .andThen([&] { return checkNoLogs(path); })
+        .andThen([&] { return journal(path + u"-journal"); })
+        .andThen([&] { return mayRead ? checkFirstBytes(path) : Outcome<>(); });
+}

@@ -1,0 +1,75 @@
+#include "Window/OpenBundle.h"
+
+#include "../Library/InterruptedChange.h"
+#include "WindowSupport.h"
+
+#include "Window/OpenLibrary.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+class OpenBundleTests : public HostWindowTest
+{
+protected:
+    void importMany()
+    {
+        QByteArray rows = "Name\n";
+        for (int number = 0; number < 3000; ++number)
+            rows += "somebody " + QByteArray::number(number) + '\n';
+        import(u"Many.csv"_s, rows);
+    }
+    /// Changes the first record of a library.
+    static Outcome<> rename(OpenBundle &opened, const QString &library, const QString &name)
+    {
+        const Outcome<Library> found = opened.store()->libraryNamed(library);
+        return opened.change([&] { return opened.store()->update(*found, 1, 0, name); });
+    }
+};
+} // namespace
+
+TEST_F(OpenBundleTests, LookingChangesNothing)
+{
+    import(u"Things.csv"_s, Things);
+    const QJsonObject before = tree.contents();
+    OpenBundle opened(bundle);
+    EXPECT_EQ((*opened.open(u"Things"_s))->recordCount(), 4);
+    opened.reload();
+    EXPECT_EQ(opened.libraries().size(), 1);
+    EXPECT_EQ(tree.contents(), before);
+    EXPECT_TRUE(rename(opened, u"Things"_s, u"Eve"_s));
+    EXPECT_EQ(stored(1, 0), u"Eve"_s);
+}
+
+TEST_F(OpenBundleTests, AnInterruptedChangeIsTakenBackWhenSomethingIsWritten)
+{
+    importMany();
+    InterruptedChange::leaveIn(bundle, u"kt_many"_s, u"kt_name"_s);
+    const QJsonObject before = tree.contents();
+    OpenBundle opened(bundle);
+    ASSERT_TRUE(opened.errorText().isNull()) << opened.errorText().toStdString();
+    const auto library = opened.open(u"Many"_s);
+    ASSERT_TRUE(library);
+    EXPECT_EQ((*library)->text(*(*library)->records().first().value<StoredRecord *>(), 0),
+              u"somebody 0"_s);
+    EXPECT_EQ(tree.contents(), before);
+    // What was shown is a copy, behind which others may have written.
+    EXPECT_TRUE(rename(opened, u"Many"_s, u"Eve"_s).reason().contains(u"another program"));
+    turn();
+    EXPECT_TRUE(rename(opened, u"Many"_s, u"Eve"_s));
+    EXPECT_EQ(stored(1, 0, u"Many"_s), u"Eve"_s);
+    EXPECT_EQ(stored(2, 0, u"Many"_s), u"somebody 1"_s);
+}
+
+TEST_F(OpenBundleTests, SaysWhyABundleIsNotOpened)
+{
+    import(u"Things.csv"_s, Things);
+    QDir(bundle.mediaFolderPath()).removeRecursively();
+    tree.add(u"documents/diary"_s);
+    ASSERT_TRUE(QFile::link(tree.path(u"documents"_s), bundle.mediaFolderPath()));
+    const OpenBundle opened(bundle);
+    EXPECT_EQ(opened.store(), nullptr);
+    EXPECT_EQ(opened.errorText(), u"a folder of the bundle is a link, which leads out of it"_s);
+    EXPECT_TRUE(opened.libraries().isEmpty());
+}
