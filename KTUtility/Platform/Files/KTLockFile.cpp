@@ -15,11 +15,9 @@ using namespace KTPrivate;
 
 namespace {
 /// Between two looks at a lock that is taken, in milliseconds.
-constexpr int Pause = 20;
+constexpr int LockPause = 20;
 /// How often the file may be exchanged under our hands in one look.
-constexpr int MostAttempts = 10;
-
-using Result = KTLockFile::Result;
+constexpr int MostExchanges = 10;
 
 bool isSameFile(const struct stat &one, const struct stat &other)
 {
@@ -78,24 +76,24 @@ KTLockFile::~KTLockFile()
     unlock();
 }
 
-Result KTLockFile::lock(int patience)
+KTLockFile::Result KTLockFile::lock(int patience)
 {
     if (isLocked())
         return Result::Locked;
     const QDeadlineTimer deadline(patience);
     Result result = tryLock();
     while (result == Result::Taken && !deadline.hasExpired()) {
-        QThread::msleep(Pause);
+        QThread::msleep(LockPause);
         result = tryLock();
     }
     return result;
 }
 
-Result KTLockFile::tryLock()
+KTLockFile::Result KTLockFile::tryLock()
 {
     if (!canBePath(_path))
         return Result::Failed;
-    for (int attempt = 0; attempt < MostAttempts; ++attempt) {
+    for (int attempt = 0; attempt < MostExchanges; ++attempt) {
         if (const std::optional<Result> result = tryOnce(QFile::encodeName(_path)))
             return *result;
     }
@@ -103,7 +101,7 @@ Result KTLockFile::tryLock()
 }
 
 /// \return nothing if the file was exchanged meanwhile.
-std::optional<Result> KTLockFile::tryOnce(const QByteArray &path)
+std::optional<KTLockFile::Result> KTLockFile::tryOnce(const QByteArray &path)
 {
     if (!clearPlace(path))
         return Result::Blocked;
@@ -119,7 +117,7 @@ std::optional<Result> KTLockFile::tryOnce(const QByteArray &path)
 }
 
 /// Locks a file that is open now.
-std::optional<Result> KTLockFile::lockOpened(int descriptor, const QByteArray &path)
+std::optional<KTLockFile::Result> KTLockFile::lockOpened(int descriptor, const QByteArray &path)
 {
     const bool isHeld =
         uninterrupted([descriptor] { return ::flock(descriptor, LOCK_EX | LOCK_NB); }) == 0;

@@ -62,6 +62,31 @@ TEST_F(OpenBundleTests, AnInterruptedChangeIsTakenBackWhenSomethingIsWritten)
     EXPECT_EQ(stored(2, 0, u"Many"_s), u"somebody 1"_s);
 }
 
+TEST_F(OpenBundleTests, RecordsTakeNoFilesOfOtherFoldersAlong)
+{
+    tree.add(u"a.png"_s, "picture");
+    tree.add(u"Pictures.csv"_s, "Name,Photo\nAnn,a.png\nBob,a.png\n");
+    ASSERT_EQ(runInProcess({u"import"_s, tree.path(u"Pictures.csv"_s), u"--media"_s, u"Photo"_s,
+                            u"--bundle"_s, bundle.bundlePath()})
+                  .exitCode,
+              0);
+    OpenBundle opened(bundle);
+    const auto library = *opened.open(u"Pictures"_s);
+    const auto removeFirst = [&library] {
+        return library->removeRecords({library->records().first().value<StoredRecord *>()});
+    };
+    EXPECT_TRUE(removeFirst());
+    const QStringList left = QDir(bundle.mediaFolderPath()).entryList(QDir::Files);
+    ASSERT_EQ(left.size(), 1);
+    // The folder has become one of the user's, where a file happens to have the name.
+    const QString documents = tree.path(u"documents"_s);
+    ASSERT_TRUE(QFile::rename(bundle.mediaFolderPath(), documents));
+    ASSERT_TRUE(QFile::link(documents, bundle.mediaFolderPath()));
+    const Outcome<> removed = removeFirst();
+    EXPECT_EQ(QDir(documents).entryList(QDir::Files), left);
+    EXPECT_TRUE(removed) << removed.reason().toStdString();
+}
+
 TEST_F(OpenBundleTests, SaysWhyABundleIsNotOpened)
 {
     import(u"Things.csv"_s, Things);

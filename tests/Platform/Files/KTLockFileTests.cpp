@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -133,6 +134,18 @@ TEST_F(KTLockFileTests, WaitsForAnotherProcess)
     EXPECT_EQ(other.exitCode(), 0);
     for (const int end : {toOther[0], toOther[1], fromOther[0], fromOther[1]})
         ::close(end);
+}
+
+TEST_F(KTLockFileTests, LocksThatNameTheirProcessCountWhileTheyAreHeld)
+{
+    QLockFile other(path);
+    other.setStaleLockTime(0);
+    KTLockFile lock(path);
+    ASSERT_TRUE(other.tryLock(0));
+    EXPECT_EQ(lock.lock(0), Result::Taken);
+    other.unlock();
+    EXPECT_EQ(lock.lock(0), Result::Locked);
+    EXPECT_FALSE(other.tryLock(0));
 }
 
 TEST_F(KTLockFileTests, ManyOwnersNeverHaveItTogether)

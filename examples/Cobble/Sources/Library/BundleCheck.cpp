@@ -19,33 +19,33 @@ constexpr QByteArrayView Beginning("SQLite format 3");
 constexpr qint64 ReadersAt = 19;
 constexpr char ReadersOfLogs = 2;
 
-enum class Kind { None, File, Other, Unknown };
+enum class EntryKind { None, File, Other, Unknown };
 
 /// What is at a path, not following links.
-Kind kindOf(const QString &path)
+EntryKind kindOf(const QString &path)
 {
     std::error_code error;
     const auto type =
         std::filesystem::symlink_status(QFile::encodeName(path).toStdString(), error).type();
     if (type == std::filesystem::file_type::none)
-        return Kind::Unknown;
+        return EntryKind::Unknown;
     if (type == std::filesystem::file_type::not_found)
-        return Kind::None;
-    return type == std::filesystem::file_type::regular ? Kind::File : Kind::Other;
+        return EntryKind::None;
+    return type == std::filesystem::file_type::regular ? EntryKind::File : EntryKind::Other;
 }
 
 Outcome<> fileOfItsOwn(const QString &path, const QString &what)
 {
-    const Kind kind = kindOf(path);
-    if (kind == Kind::None || kind == Kind::File)
+    const EntryKind kind = kindOf(path);
+    if (kind == EntryKind::None || kind == EntryKind::File)
         return {};
-    if (kind == Kind::Unknown)
+    if (kind == EntryKind::Unknown)
         return Failure{u"%1 cannot be looked at"_s.arg(what)};
     return Failure{u"%1 is a link, or no file"_s.arg(what)};
 }
 
 /// Opens a file that may have been exchanged for a link or a pipe in this moment.
-bool open(QFile &file)
+bool openPlainFile(QFile &file)
 {
     const QByteArray path = QFile::encodeName(file.fileName());
     const int descriptor = ::open(path.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
@@ -67,7 +67,7 @@ Outcome<QByteArray> bytesOf(QFile &file, qint64 from, qint64 size)
 Outcome<> checkNoLogs(const QString &path)
 {
     for (const QString &suffix : {u"-wal"_s, u"-shm"_s}) {
-        if (kindOf(path + suffix) != Kind::None)
+        if (kindOf(path + suffix) != EntryKind::None)
             return Failure{u"there is a 'Database%1', which Cobble does not use"_s.arg(suffix)};
     }
     return {};
@@ -78,7 +78,7 @@ Outcome<> checkFirstBytes(const QString &path)
 {
     QFile file(path);
     // SQLite has a reason if it cannot be opened.
-    if (!open(file))
+    if (!openPlainFile(file))
         return {};
     const Outcome<QByteArray> bytes = bytesOf(file, 0, ReadersAt + 1);
     if (!bytes)
@@ -101,10 +101,10 @@ Outcome<> BundleCheck::journal(const QString &path)
 {
     const Outcome<> isFile = fileOfItsOwn(path, u"the journal of the database"_s);
     QFile file(path);
-    if (!isFile || kindOf(path) == Kind::None)
+    if (!isFile || kindOf(path) == EntryKind::None)
         return isFile;
-    if (!open(file))
-        return kindOf(path) == Kind::None
+    if (!openPlainFile(file))
+        return kindOf(path) == EntryKind::None
                    ? Outcome<>()
                    : Failure{u"the journal of the database cannot be read"_s};
     const qint64 size = file.size();
