@@ -9,8 +9,9 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-/// SQLITE_READONLY_ROLLBACK
-constexpr int ReadOnlyRollback = 776;
+/// SQLITE_READONLY: what reading needs a change for. The code may say more in its upper bits.
+constexpr int ReadOnly = 8;
+constexpr int CodeMask = 0xff;
 
 std::atomic<int> connectionCount = 0;
 } // namespace
@@ -46,7 +47,7 @@ bool DatabaseConnection::needsPlayback() const
 {
     QSqlQuery query(_database);
     query.exec(u"PRAGMA user_version"_s);
-    return query.lastError().nativeErrorCode().toInt() == ReadOnlyRollback;
+    return (query.lastError().nativeErrorCode().toInt() & CodeMask) == ReadOnly;
 }
 
 int DatabaseConnection::count()
