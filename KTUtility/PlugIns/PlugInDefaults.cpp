@@ -52,16 +52,28 @@ QVariantList listIn(const QVariantMap &values, const QString &key)
     return isList ? stored.toList() : QVariantList();
 }
 
-bool storeDomain(const QVariantMap &values)
+/// Changes what is stored, where it is stored, since other processes change it, too.
+bool changeDomain(const std::function<void(QVariantMap &)> &change)
 {
-    NSUserDefaults *const defaults = NSUserDefaults::standardUserDefaults();
+    if (!storedDomain())
+        return false;
     try {
-        defaults->setPersistentDomain(values, domainName());
+        return NSUserDefaults::standardUserDefaults()->changePersistentDomain(change, domainName());
     } catch (const NSException &) {
         // A value that no file can hold.
         return false;
     }
-    return defaults->synchronize();
+}
+
+void changeList(bool isIn, const QString &identifier, const QString &key, QVariantMap &values)
+{
+    QVariantList identifiers = listIn(values, key);
+    if (isIn)
+        identifiers.append(identifier);
+    else
+        identifiers.removeIf(
+            [&](const QVariant &entry) { return NSObject::isEqualTo(entry, identifier); });
+    values.insert(key, identifiers);
 }
 } // namespace
 
@@ -72,11 +84,8 @@ QVariant PlugInDefaults::objectForKey(const QString &key)
 
 bool PlugInDefaults::setObject(const QVariant &object, const QString &forKey)
 {
-    std::optional<QVariantMap> values = storedDomain();
-    if (forKey.isNull() || !values)
-        return false;
-    setValue(object, forKey, *values);
-    return storeDomain(*values);
+    return !forKey.isNull() &&
+           changeDomain([=](QVariantMap &values) { setValue(object, forKey, values); });
 }
 
 bool PlugInDefaults::registerDefaults(const QVariantMap &defaults)
@@ -84,9 +93,16 @@ bool PlugInDefaults::registerDefaults(const QVariantMap &defaults)
     const std::optional<QVariantMap> stored = storedDomain();
     if (!stored)
         return false;
-    QVariantMap values = defaults;
-    values.insert(*stored);
-    return storeDomain(values);
+    const auto isStored = [&](const QString &key) { return stored->contains(key); };
+    const QStringList keys = defaults.keys();
+    // A host does this at each start, and nearly always there is nothing to add.
+    if (std::all_of(keys.begin(), keys.end(), isStored))
+        return NSUserDefaults::standardUserDefaults()->synchronize();
+    return changeDomain([=](QVariantMap &values) {
+        QVariantMap all = defaults;
+        all.insert(values);
+        values = all;
+    });
 }
 
 bool PlugInDefaults::isInList(const QString &identifier, const QString &key)
@@ -99,15 +115,6 @@ bool PlugInDefaults::isInList(const QString &identifier, const QString &key)
 
 bool PlugInDefaults::setInList(bool isIn, const QString &identifier, const QString &key)
 {
-    std::optional<QVariantMap> values = storedDomain();
-    if (identifier.isNull() || key.isNull() || !values)
-        return false;
-    QVariantList identifiers = listIn(*values, key);
-    if (isIn)
-        identifiers.append(identifier);
-    else
-        identifiers.removeIf(
-            [&](const QVariant &entry) { return NSObject::isEqualTo(entry, identifier); });
-    setValue(identifiers, key, *values);
-    return storeDomain(*values);
+    return !identifier.isNull() && !key.isNull() &&
+           changeDomain([=](QVariantMap &values) { changeList(isIn, identifier, key, values); });
 }

@@ -4,12 +4,19 @@
 #include <KTUtility/NSPropertyListSerialization>
 #include <KTUtility/NSUserDefaults>
 
+#include "support/OtherProcess.h"
 #include "support/TestSupport.h"
 
+#include <QDateTime>
 #include <QDir>
+#include <QFileInfo>
 #include <QPoint>
+#include <QSet>
 
+#include <memory>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <vector>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
@@ -187,4 +194,69 @@ TEST(PlugInDefaults, AnyTextCanBeAKeyOfAList)
         EXPECT_EQ(PlugInDefaults::isInList(u"a"_s, text), isSet);
         EXPECT_EQ(PlugInDefaults::setObject(QVariant(), text), !text.isNull());
     }
+}
+
+TEST(PlugInDefaults, ManyProcessesLoseNothingThatWasAcknowledged)
+{
+    const QString home = useFreshHome();
+    constexpr int Processes = 8;
+    constexpr int Changes = 5;
+    const auto change = [](int process) {
+        int done = 0;
+        for (int number = 0; number < Changes; ++number) {
+            const QString identifier = u"org.p%1.n%2"_s.arg(process).arg(number);
+            done += PlugInDefaults::setInList(true, identifier, list) ? 1 : 0;
+            // A start of the host beside it, with a key that is there and one that is not.
+            PlugInDefaults::registerDefaults({{list, QVariantList()}, {identifier, 1}});
+        }
+        return done;
+    };
+    std::vector<std::unique_ptr<OtherProcess>> processes;
+    for (int process = 0; process < Processes; ++process)
+        processes.push_back(std::make_unique<OtherProcess>([=] { return change(process); }));
+    int acknowledged = 0;
+    for (const auto &process : processes)
+        acknowledged += process->exitCode();
+    EXPECT_GT(acknowledged, 0);
+    const QVariantList stored = storedIn(home).value(list).toList();
+    EXPECT_EQ(stored.size(), acknowledged);
+    QSet<QString> identifiers;
+    for (const QVariant &identifier : stored)
+        identifiers += identifier.toString();
+    EXPECT_EQ(identifiers.size(), acknowledged);
+}
+
+TEST(PlugInDefaults, RegisteringWhatIsThereWritesNothing)
+{
+    const QString home = useFreshHome();
+    EXPECT_TRUE(PlugInDefaults::registerDefaults({{u"a"_s, 1}, {u"b"_s, 2}}));
+    const QDateTime before = QFileInfo(domainFile(home)).lastModified();
+    const auto inode = [&] {
+        struct stat status = {};
+        EXPECT_EQ(::stat(QFile::encodeName(domainFile(home)).constData(), &status), 0);
+        return status.st_ino;
+    };
+    const ino_t file = inode();
+    EXPECT_TRUE(PlugInDefaults::registerDefaults({{u"a"_s, 3}}));
+    EXPECT_TRUE(PlugInDefaults::registerDefaults({}));
+    EXPECT_EQ(inode(), file);
+    EXPECT_EQ(QFileInfo(domainFile(home)).lastModified(), before);
+    EXPECT_TRUE(PlugInDefaults::registerDefaults({{u"a"_s, 3}, {u"c"_s, 3}}));
+    EXPECT_NE(inode(), file);
+}
+
+TEST(PlugInDefaults, WhatCouldNotBeWrittenIsAddedToWhatOthersHaveWritten)
+{
+    useFreshHome();
+    qunsetenv("HOME");
+    EXPECT_FALSE(PlugInDefaults::setInList(true, u"mine"_s, list));
+    EXPECT_FALSE(PlugInDefaults::setObject(1, u"key"_s));
+    const QString home = useFreshHome();
+    NSDictionary::writeToFile({{list, QVariantList{u"theirs"_s}}, {u"other"_s, 2}},
+                              domainFile(home), true);
+    EXPECT_TRUE(PlugInDefaults::isInList(u"theirs"_s, list));
+    EXPECT_TRUE(PlugInDefaults::setInList(true, u"last"_s, list));
+    EXPECT_EQ(storedIn(home), (QVariantMap{{list, QVariantList{u"theirs"_s, u"mine"_s, u"last"_s}},
+                                           {u"key"_s, 1LL},
+                                           {u"other"_s, 2LL}}));
 }

@@ -1,13 +1,12 @@
 #include "DefaultsFile_p.h"
 
+#include "FileLock_p.h"
 #include "NSFileManager.h"
 #include "NSPropertyListSerialization.h"
 #include "NSSearchPath.h"
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 
-#include <QCoreApplication>
 #include <QFile>
-#include <QLockFile>
 
 #include <cerrno>
 #include <unistd.h>
@@ -27,18 +26,6 @@ bool updateLocked(const QString &file, const std::function<void(QVariantMap &)> 
         return false;
     change(stored.dictionary);
     return NSDictionary::writeToFile(stored.dictionary, file, true);
-}
-
-/// Tries again where the lock's file could not be removed: as that of a process that lives, it
-/// would keep this one from writing, too.
-void unlock(QLockFile &lock)
-{
-    lock.unlock();
-    qint64 process = 0;
-    QString host;
-    QString name;
-    if (lock.getLockInfo(&process, &host, &name) && process == QCoreApplication::applicationPid())
-        lock.removeStaleLockFile();
 }
 } // namespace
 
@@ -65,12 +52,8 @@ bool DefaultsFile::update(const QString &domain, const std::function<void(QVaria
     const QString file = path(domain);
     if (file.isNull() || !NSFileManager::createDirectoryAtPath(folder(), true))
         return false;
-    QLockFile lock(file + u".lock");
-    if (!lock.tryLock(LockMilliseconds))
-        return false;
-    const bool isDone = updateLocked(file, change);
-    unlock(lock);
-    return isDone;
+    const FileLock lock(file + u".lock", LockMilliseconds);
+    return lock.isLocked() && updateLocked(file, change);
 }
 
 bool DefaultsFile::remove(const QString &domain)

@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/types.h>
+#include <unistd.h>
 
 namespace KTPrivate {
 /// Whether a text can be the path of a file. Lone surrogates have no bytes, and would become the
@@ -40,5 +41,11 @@ inline int openFileAt(int folder, const QByteArray &name, int flags, mode_t mode
 {
     return uninterrupted(
         [&] { return ::openat(folder, name.constData(), flags | O_CLOEXEC, mode); });
+}
+
+/// Removes a file that nobody should find any more; after a fault, once more.
+inline bool removeFile(const char *path)
+{
+    return ::unlink(path) == 0 || ::unlink(path) == 0;
 }
 } // namespace KTPrivate

@@ -12,6 +12,8 @@
 #include <QCoreApplication>
 #include <QDir>
 
+#include <utility>
+
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
@@ -51,7 +53,37 @@ QVariantMap parsedArguments(const QStringList &arguments)
     }
     return values;
 }
+
+/// Gives \a values these keys as \a from has them.
+void copyKeys(const QSet<QString> &keys, const QVariantMap &from, QVariantMap &values)
+{
+    for (const QString &key : keys) {
+        if (from.contains(key))
+            values.insert(key, from.value(key));
+        else
+            values.remove(key);
+    }
+}
 } // namespace
+
+void NSUserDefaults::UnsavedDomain::applyTo(QVariantMap &values) const
+{
+    if (isReplaced)
+        values = replacement.value_or(QVariantMap());
+    for (const DomainChange &change : changes)
+        change(values);
+}
+
+void NSUserDefaults::UnsavedDomain::add(const DomainChange &change)
+{
+    if (!isReplaced) {
+        changes += change;
+        return;
+    }
+    QVariantMap values = replacement.value_or(QVariantMap());
+    change(values);
+    replacement = values;
+}
 
 NSUserDefaults *NSUserDefaults::standardUserDefaults()
 {
@@ -182,12 +214,7 @@ void NSUserDefaults::registerDefaults(const QVariantMap &defaults)
 /// Puts the unsaved keys into \a stored and takes over the result.
 void NSUserDefaults::merge(QVariantMap &stored)
 {
-    for (const QString &key : std::as_const(_unsavedKeys)) {
-        if (_application.contains(key))
-            stored.insert(key, _application.value(key));
-        else
-            stored.remove(key);
-    }
+    copyKeys(_unsavedKeys, _application, stored);
     _application = stored;
 }
 
@@ -195,12 +222,14 @@ void NSUserDefaults::load()
 {
     // What cannot be read now is what it was.
     const auto domainNamed = [this](const QString &name, const QVariantMap &before) {
-        if (const auto unsaved = _unsavedDomains.constFind(name);
-            unsaved != _unsavedDomains.constEnd())
-            return unsaved->value_or(QVariantMap());
-        const DictionaryReading reading = DefaultsFile::read(name);
-        const bool isRead = reading.result != DictionaryReading::Result::Unreadable;
-        return isRead ? reading.dictionary : before;
+        const UnsavedDomain unsaved = _unsavedDomains.value(name);
+        DictionaryReading reading;
+        if (!unsaved.isReplaced)
+            reading = DefaultsFile::read(name);
+        if (reading.result == DictionaryReading::Result::Unreadable)
+            return before;
+        unsaved.applyTo(reading.dictionary);
+        return reading.dictionary;
     };
     QVariantMap stored = domainNamed(_domainName, _application);
     merge(stored);
@@ -232,10 +261,11 @@ bool NSUserDefaults::synchronize()
 bool NSUserDefaults::saveDomains()
 {
     _unsavedDomains.removeIf([](const auto &entry) {
-        const std::optional<QVariantMap> &domain = entry.value();
-        if (!domain)
+        const UnsavedDomain &domain = entry.value();
+        if (domain.isReplaced && !domain.replacement)
             return DefaultsFile::remove(entry.key());
-        return DefaultsFile::update(entry.key(), [&](QVariantMap &stored) { stored = *domain; });
+        return DefaultsFile::update(entry.key(),
+                                    [&](QVariantMap &stored) { domain.applyTo(stored); });
     });
     return _unsavedDomains.isEmpty();
 }
@@ -247,11 +277,15 @@ std::optional<QVariantMap> NSUserDefaults::persistentDomainForName(const QString
     checkDomainName(name);
     if (name == _domainName && !_application.isEmpty())
         return _application;
-    if (const auto unsaved = _unsavedDomains.constFind(name); unsaved != _unsavedDomains.constEnd())
-        return *unsaved;
-    const DictionaryReading reading = DefaultsFile::read(name);
+    const UnsavedDomain unsaved = _unsavedDomains.value(name);
+    if (unsaved.isReplaced)
+        return unsaved.replacement;
+    DictionaryReading reading = DefaultsFile::read(name);
     const bool isStored = reading.result == DictionaryReading::Result::Dictionary;
-    return isStored ? std::optional(reading.dictionary) : std::nullopt;
+    if (!isStored && unsaved.changes.isEmpty())
+        return std::nullopt;
+    unsaved.applyTo(reading.dictionary);
+    return reading.dictionary;
 }
 
 /// Replaces a domain in memory and in its file; no map removes it.
@@ -264,7 +298,7 @@ void NSUserDefaults::replaceDomain(const std::optional<QVariantMap> &domain, con
     } else if (name == NSGlobalDomain) {
         _global = domain.value_or(QVariantMap());
     }
-    _unsavedDomains.insert(name, domain);
+    _unsavedDomains.insert(name, {true, domain, {}});
     saveDomains();
     load();
     Q_EMIT didChange();
@@ -275,6 +309,37 @@ void NSUserDefaults::setPersistentDomain(const QVariantMap &domain, const QStrin
     checkDomainName(forName);
     checkPropertyList(domain, forName);
     replaceDomain(domain, forName);
+}
+
+/// Puts the keys that wait to be written before what is about to change the whole domain.
+void NSUserDefaults::keepUnsavedKeysAsChange()
+{
+    if (_unsavedKeys.isEmpty())
+        return;
+    const auto keys = std::exchange(_unsavedKeys, {});
+    _unsavedDomains[_domainName].add(
+        [keys, from = _application](QVariantMap &stored) { copyKeys(keys, from, stored); });
+}
+
+bool NSUserDefaults::changePersistentDomain(const DomainChange &change, const QString &forName)
+{
+    checkDomainName(forName);
+    QVariantMap changed = persistentDomainForName(forName).value_or(QVariantMap());
+    change(changed);
+    checkPropertyList(changed, forName);
+    // For load(), which keeps what it cannot read.
+    if (forName == _domainName) {
+        keepUnsavedKeysAsChange();
+        _application = changed;
+    } else if (forName == NSGlobalDomain) {
+        _global = changed;
+    }
+    _unsavedDomains[forName].add(change);
+    saveDomains();
+    const bool isSaved = !_unsavedDomains.contains(forName);
+    load();
+    Q_EMIT didChange();
+    return isSaved;
 }
 
 void NSUserDefaults::removePersistentDomainForName(const QString &name)

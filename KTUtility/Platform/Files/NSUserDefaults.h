@@ -3,6 +3,7 @@
 #include <KTUtility/KTUtilityExport.h>
 
 #include <QByteArray>
+#include <QList>
 #include <QMap>
 #include <QObject>
 #include <QSet>
@@ -10,6 +11,7 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <functional>
 #include <optional>
 
 /// Settings by key, looked up in several domains one after the other: the command line
@@ -93,6 +95,23 @@ public:
     /// \throws NSException NSInvalidArgumentException if the name cannot be a file name or a value
     /// is no property list.
     void setPersistentDomain(const QVariantMap &domain, const QString &forName);
+    /// Changes a persistent domain where its file is, under the lock and after reading it again, so
+    /// that nothing is lost that another process has changed since. Use it where a new value depends
+    /// on the old one. What cannot be written is kept in memory, and is changed and written by a
+    /// later synchronize().
+    ///
+    /// \code
+    /// defaults->changePersistentDomain(
+    ///     [](QVariantMap &values) {
+    ///         values.insert(u"starts"_s, values.value(u"starts"_s).toInt() + 1);
+    ///     },
+    ///     u"org.example.counter"_s);
+    /// \endcode
+    /// \param change changes what it is handed; it is called more than once.
+    /// \return false if the domain is not written.
+    /// \throws NSException as setPersistentDomain() does; nothing is changed then.
+    bool changePersistentDomain(const std::function<void(QVariantMap &)> &change,
+                                const QString &forName);
     /// Removes a persistent domain and its file.
     void removePersistentDomainForName(const QString &name);
     /// The domains that have a file.
@@ -113,12 +132,26 @@ Q_SIGNALS:
     void didChange();
 
 private:
+    using DomainChange = std::function<void(QVariantMap &)>;
+
+    // What a file still waits for: to be replaced, without a map to be removed; else to be changed.
+    struct UnsavedDomain
+    {
+        bool isReplaced = false;
+        std::optional<QVariantMap> replacement;
+        QList<DomainChange> changes;
+
+        void applyTo(QVariantMap &values) const;
+        void add(const DomainChange &change);
+    };
+
     void setValue(const QVariant &value, const QString &key);
     void merge(QVariantMap &stored);
     void load();
     bool saveDomains();
     bool save();
     void replaceDomain(const std::optional<QVariantMap> &domain, const QString &name);
+    void keepUnsavedKeysAsChange();
 
     QString _domainName;
     QVariantMap _arguments;
@@ -128,8 +161,8 @@ private:
     QMap<QString, QVariantMap> _volatileDomains;
     // Keys of the application's domain that the file does not have yet as they are here.
     QSet<QString> _unsavedKeys;
-    // Whole domains that could not be written or, where there is no map, not be removed.
-    QMap<QString, std::optional<QVariantMap>> _unsavedDomains;
+    // Whole domains that could not be written, changed or removed.
+    QMap<QString, UnsavedDomain> _unsavedDomains;
 };
 
 /// "NSArgumentDomain", the volatile domain of the command line.

@@ -11,6 +11,7 @@
 #include <QLockFile>
 
 #include <functional>
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -217,4 +218,31 @@ TEST(DefaultsFile, TheLockOfADeadProcessDoesNotBlock)
     NSUserDefaults defaults(Domain);
     defaults.setInteger(1, Key);
     EXPECT_EQ(NSUserDefaults(Domain).integerForKey(Key), 1);
+}
+
+TEST(DefaultsFile, WhateverStandsInPlaceOfTheLockSettingsAreWritten)
+{
+    const QString home = useFreshHome();
+    QDir().mkpath(preferencesIn(home));
+    const QString path = fileIn(home) + u".lock"_s;
+    const QByteArray name = QFile::encodeName(path);
+    const std::function<void()> rows[] = {
+        [&] { writeFile(path, ""); },
+        [&] { writeFile(path, "noise\nwithout\na process"); },
+        [&] { ASSERT_EQ(::mkfifo(name.constData(), 0600), 0); },
+        [&] { ASSERT_TRUE(QFile::link(home + u"/none"_s, path)); },
+        [&] { ASSERT_TRUE(QFile::link(path, path)); },
+        [&] { ASSERT_TRUE(QDir().mkdir(path)); },
+    };
+    NSUserDefaults defaults(Domain);
+    int number = 0;
+    for (const std::function<void()> &make : rows) {
+        make();
+        QElapsedTimer timer;
+        timer.start();
+        defaults.setInteger(++number, Key);
+        EXPECT_LT(timer.elapsed(), 2000) << number;
+        EXPECT_EQ(NSUserDefaults(Domain).integerForKey(Key), number);
+        EXPECT_FALSE(QFileInfo::exists(path));
+    }
 }

@@ -314,3 +314,85 @@ TEST(NSUserDefaults, TheStandardDefaultsAreTheHosts)
     EXPECT_EQ(domain.value_or(QVariantMap()).value(key), QVariant(5LL));
     defaults->removeObjectForKey(key);
 }
+
+TEST(NSUserDefaults, ADomainIsChangedWhereItsFileIs)
+{
+    useFreshHome();
+    NSUserDefaults mine(Domain);
+    NSUserDefaults theirs(Domain);
+    const auto count = [](QVariantMap &values) {
+        values.insert(u"starts"_s, values.value(u"starts"_s).toInt() + 1);
+    };
+    for (const QString &name : {Domain, NSGlobalDomain, u"org.example.Counter"_s}) {
+        ChangeCounter changes(&mine);
+        EXPECT_TRUE(mine.changePersistentDomain(count, name));
+        EXPECT_TRUE(theirs.changePersistentDomain(count, name));
+        EXPECT_TRUE(mine.changePersistentDomain(count, name));
+        EXPECT_EQ(changes.count(), 2);
+        EXPECT_EQ(NSUserDefaults(Domain).persistentDomainForName(name),
+                  (QVariantMap{{u"starts"_s, 3LL}}));
+        EXPECT_EQ(mine.integerForKey(u"starts"_s), 3);
+    }
+}
+
+TEST(NSUserDefaults, AChangeThatGivesNoPropertyListRaisesAndChangesNothing)
+{
+    useFreshHome();
+    NSUserDefaults defaults(Domain);
+    defaults.setInteger(1, Key);
+    const auto spoil = [](QVariantMap &values) {
+        values.insert(Key, QVariant::fromValue<QObject *>(nullptr));
+    };
+    for (const QString &name : {Domain, NSGlobalDomain, u"org.example.Other"_s})
+        EXPECT_THROW(defaults.changePersistentDomain(spoil, name), NSException);
+    EXPECT_THROW(defaults.changePersistentDomain(spoil, u"a/b"_s), NSException);
+    EXPECT_EQ(defaults.integerForKey(Key), 1);
+    EXPECT_TRUE(defaults.synchronize());
+    EXPECT_EQ(NSUserDefaults(Domain).persistentDomainForName(Domain), (QVariantMap{{Key, 1LL}}));
+}
+
+TEST(NSUserDefaults, ChangesThatCannotBeWrittenWaitInTheirOrder)
+{
+    useFreshHome();
+    NSUserDefaults defaults(Domain);
+    const auto append = [](const QString &text) {
+        return [text](QVariantMap &values) {
+            values.insert(Key, QString(values.value(Key).toString() + text));
+        };
+    };
+    const QString other = u"org.example.Other"_s;
+    qunsetenv("HOME");
+    defaults.setObject(u"a"_s, Key);
+    EXPECT_FALSE(defaults.changePersistentDomain(append(u"b"_s), Domain));
+    defaults.setPersistentDomain({{Key, u"x"_s}}, other);
+    EXPECT_FALSE(defaults.changePersistentDomain(append(u"y"_s), other));
+    EXPECT_FALSE(defaults.changePersistentDomain(append(u"z"_s), NSGlobalDomain));
+    EXPECT_EQ(defaults.stringForKey(Key), u"ab");
+    EXPECT_EQ(defaults.persistentDomainForName(other), (QVariantMap{{Key, u"xy"_s}}));
+    EXPECT_EQ(defaults.persistentDomainForName(NSGlobalDomain), (QVariantMap{{Key, u"z"_s}}));
+
+    // Meanwhile somebody else has written.
+    useFreshHome();
+    NSUserDefaults theirs(u"org.example.Theirs"_s);
+    theirs.setPersistentDomain({{Key, u"1"_s}}, NSGlobalDomain);
+    EXPECT_TRUE(defaults.synchronize());
+    const NSUserDefaults written(Domain);
+    EXPECT_EQ(written.persistentDomainForName(Domain), (QVariantMap{{Key, u"ab"_s}}));
+    EXPECT_EQ(written.persistentDomainForName(other), (QVariantMap{{Key, u"xy"_s}}));
+    EXPECT_EQ(written.persistentDomainForName(NSGlobalDomain), (QVariantMap{{Key, u"1z"_s}}));
+}
+
+TEST(NSUserDefaults, ARemovedDomainThatIsChangedIsNew)
+{
+    useFreshHome();
+    NSUserDefaults defaults(Domain);
+    defaults.setPersistentDomain({{Key, 1}}, NSGlobalDomain);
+    qunsetenv("HOME");
+    defaults.removePersistentDomainForName(NSGlobalDomain);
+    const auto add = [](QVariantMap &values) { values.insert(u"new"_s, values.size()); };
+    EXPECT_FALSE(defaults.changePersistentDomain(add, NSGlobalDomain));
+    useFreshHome();
+    EXPECT_TRUE(defaults.synchronize());
+    EXPECT_EQ(NSUserDefaults(Domain).persistentDomainForName(NSGlobalDomain),
+              (QVariantMap{{u"new"_s, 0LL}}));
+}
