@@ -1,6 +1,7 @@
 #include "Module_p.h"
 
-#include "NSPathUtilities.h"
+#include "FileTrust_p.h"
+#include "NSFileManager.h"
 #include <KTUtility/Platform/Keys/NSClassRegistry.h>
 
 #include <QByteArray>
@@ -8,7 +9,6 @@
 #include <QFileInfo>
 #include <QSet>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <dlfcn.h>
@@ -90,55 +90,32 @@ QString rejectionOfFile(int file)
     struct stat status = {};
     if (::fstat(file, &status) != 0 || !S_ISREG(status.st_mode))
         return u"is not a file"_s;
-    if ((status.st_mode & S_IWOTH) != 0)
-        return u"is writable by others"_s;
+    const QString rejection = FileTrust::rejectionOf(status);
+    if (!rejection.isNull())
+        return rejection;
     if (!isWhole(file, quint64(status.st_size)))
         return u"is incomplete"_s;
     return {};
 }
 
-bool isWritableByOthers(const QString &folder)
-{
-    struct stat status = {};
-    return ::stat(QFile::encodeName(folder).constData(), &status) != 0 ||
-           (status.st_mode & S_IWOTH) != 0;
-}
-
-/// The folders that a bundle is reached through: its own and, if it is a link, those of the links
-/// on the way to it. Who may write there decides what is loaded.
-QStringList foldersHolding(const QString &bundlePath)
-{
-    constexpr qsizetype MostLinks = 40;
-    QStringList folders;
-    // A "/" at the end would lead through the link.
-    QFileInfo entry(NSString::stringByAppendingPathComponent(bundlePath, QString()));
-    folders += entry.absolutePath();
-    while (entry.isSymLink() && folders.size() < MostLinks) {
-        entry = QFileInfo(entry.symLinkTarget());
-        folders += entry.absolutePath();
-    }
-    return folders;
-}
-
-/// Why the folders that lead to a file must not be trusted; nil if they may.
-QString rejectionOfFolders(const QString &file, const QString &bundlePath)
+/// Why the folders that lead to a file, and what the bundle says about it, must not be trusted; nil
+/// if they may.
+QString rejectionOfBundle(const QString &file, const QString &executable, const QString &bundlePath)
 {
     const QString bundle = QFileInfo(bundlePath).canonicalFilePath();
     if (bundle.isEmpty() || !file.startsWith(bundle + u'/'))
         return file + u" lies outside of the bundle"_s;
-    const QString last = NSString::stringByDeletingLastPathComponent(bundle);
-    QStringList folders;
-    for (QString folder = file; folder != last; folders += folder)
-        folder = NSString::stringByDeletingLastPathComponent(folder);
-    folders += foldersHolding(bundlePath);
-    const auto found = std::find_if(folders.cbegin(), folders.cend(), isWritableByOthers);
-    return found == folders.cend() ? QString() : QString(*found + u" is writable by others"_s);
+    const QString rejection = FileTrust::rejectionOfPath(executable);
+    const QString information = bundle + u"/Contents/Info.plist"_s;
+    return rejection.isNull() && NSFileManager::fileExistsAtPath(information)
+               ? FileTrust::rejectionOfPath(information)
+               : rejection;
 }
 
 QString rejectionOf(const Descriptor &file, const QString &executable, const QString &bundlePath)
 {
     const QString rejection = rejectionOfFile(file.number());
-    return rejection.isNull() ? rejectionOfFolders(file.path(), bundlePath)
+    return rejection.isNull() ? rejectionOfBundle(file.path(), executable, bundlePath)
                               : QString(executable + u' ' + rejection);
 }
 

@@ -18,8 +18,8 @@ class Module
 {
 public:
     /// Opens the executable of a bundle. It is rejected if it is no file, is incomplete, lies
-    /// outside of the bundle, or if others (the world) may write to it, to a folder from its own
-    /// up to the one that holds the bundle, or to one that holds a link to the bundle.
+    /// outside of the bundle, or if somebody else could have written it, what the bundle says
+    /// about it, or the folders and links on the way there (see FileTrust).
     /// \param error receives why it cannot be opened.
     /// \return null if it cannot be opened.
     static std::unique_ptr<Module> open(const QString &executable, const QString &bundlePath,

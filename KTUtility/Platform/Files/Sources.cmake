@@ -6,6 +6,7 @@ target_sources(KTUtility PRIVATE
     Platform/Files/FileRename.cpp
     Platform/Files/FolderPlace.cpp
     Platform/Files/KTLockFile.cpp
+    Platform/Files/FileTrust.cpp
     Platform/Files/KTSaveFile.cpp
     Platform/Files/Module.cpp
     Platform/Files/NSBundle.cpp

@@ -291,9 +291,12 @@ TEST(NSBundleCode, WhatOthersMayWriteIsNotLoaded)
 {
     const QString folder = useFreshHome() + u"/folder"_s;
     const QString path = makeGoodBundle(folder);
-    const QStringList places = {folder, path, QString(path + u"/Contents"),
+    const QStringList places = {folder,
+                                path,
+                                QString(path + u"/Contents"),
                                 QString(path + u"/Contents/Linux"),
-                                QString(path + u"/Contents/Linux/Code")};
+                                QString(path + u"/Contents/Linux/Code"),
+                                QString(path + u"/Contents/Info.plist")};
     for (const QString &place : places) {
         setMode(place, 0777);
         EXPECT_EQ(loadError(path), place + u" is writable by others");
@@ -303,6 +306,35 @@ TEST(NSBundleCode, WhatOthersMayWriteIsNotLoaded)
     setMode(folder, 01777);
     EXPECT_EQ(loadError(path), folder + u" is writable by others");
     setMode(folder, 0755);
+    EXPECT_TRUE(NSBundle(path).load());
+}
+
+TEST(NSBundleCode, WhoMayExchangeAFolderOfPlugInsHasNoCodeLoaded)
+{
+    const QString home = useFreshHome();
+    const QString support = home + u"/.local/share/Cobble"_s;
+    const QString path = makeGoodBundle(support + u"/PlugIns/Exporters"_s);
+    for (const QString &place : {QString(support + u"/PlugIns"), support,
+                                 QString(home + u"/.local/share"), QString(home + u"/.local")}) {
+        setMode(place, 0777);
+        EXPECT_EQ(loadError(path), place + u" is writable by others");
+        setMode(place, 0755);
+    }
+    EXPECT_TRUE(NSBundle(path).load());
+}
+
+TEST(NSBundleCode, CodeOfSomebodyElseIsNotLoaded)
+{
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only an administrator can give files away";
+    const QString path = makeGoodBundle(useFreshHome());
+    for (const QString &place :
+         {QString(path + u"/Contents/Linux/Code"), path, QString(path + u"/Contents/Info.plist")}) {
+        const QByteArray name = QFile::encodeName(place);
+        ASSERT_EQ(::chown(name.constData(), 54'321, 0), 0);
+        EXPECT_EQ(loadError(path), place + u" belongs to somebody else");
+        ASSERT_EQ(::chown(name.constData(), 0, 0), 0);
+    }
     EXPECT_TRUE(NSBundle(path).load());
 }
 

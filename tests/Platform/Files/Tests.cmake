@@ -4,6 +4,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Files/FileOperationsTests.cpp
     Platform/Files/FolderPlaceTests.cpp
     Platform/Files/KTLockFileTests.cpp
+    Platform/Files/FileTrustTests.cpp
     Platform/Files/KTSaveFileTests.cpp
     Platform/Files/NSBundleCodeTests.cpp
     Platform/Files/NSBundleTests.cpp
