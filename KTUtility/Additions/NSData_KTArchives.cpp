@@ -1,12 +1,15 @@
 #include "NSData_KTArchives.h"
 
 #include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+#include <KTUtility/Platform/Files/PropertyListWriter_p.h>
+#include <KTUtility/Platform/Files/PropertyListXMLReader_p.h>
 
 #include <openssl/evp.h>
 
 #include <algorithm>
 #include <memory>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -20,12 +23,24 @@ QVariantMap referenceTo(int index)
     return {{ReferenceKey, index}};
 }
 
-/// The object that a reference means; nil if it means none of \a objects.
+/// The property list of an archive. It is text already, so that it may be larger than a file.
+QVariant propertyListIn(const QByteArray &text)
+{
+    QString ignored;
+    return text.size() > NSPropertyListSerialization::MaximumSize
+               ? readXMLPropertyList(text, &ignored)
+               : NSPropertyListSerialization::propertyListFromData(text);
+}
+
+/// The object that a reference means; nil if it means none of \a objects. What is not a whole number
+/// is no reference, also if it could be taken for one (0.4, "0", false).
 QVariant objectAt(const QVariantList &objects, const QVariant &reference)
 {
-    bool isNumber = false;
-    const qlonglong index = reference.toMap().value(ReferenceKey).toLongLong(&isNumber);
-    return isNumber && index >= 0 && index < objects.size() ? objects.at(index) : QVariant();
+    const QVariant number = reference.toMap().value(ReferenceKey);
+    if (number.typeId() != QMetaType::LongLong)
+        return {};
+    const qlonglong index = number.toLongLong();
+    return index >= 0 && index < objects.size() ? objects.at(index) : QVariant();
 }
 
 /// The bytes of an archived data object; nil if it is something else.
@@ -66,7 +81,7 @@ QString KTAdditions::archiveToString(const QByteArray &data)
         {u"$version"_s, ArchiverVersion},
         {u"$objects"_s, QVariantList{u"$null"_s, data.isNull() ? QByteArray("") : data}},
         {u"$top"_s, QVariantMap{{ArchiveKey, referenceTo(DataIndex)}}}};
-    return QString::fromLatin1(NSPropertyListSerialization::dataWithPropertyList(archive));
+    return QString::fromLatin1(writeXMLPropertyList(archive, nullptr));
 }
 
 QByteArray KTAdditions::initWithStringArchive(const QString &string)
@@ -75,8 +90,7 @@ QByteArray KTAdditions::initWithStringArchive(const QString &string)
         std::all_of(string.begin(), string.end(), [](QChar unit) { return unit < QChar(0x80); });
     if (!isASCII)
         return {};
-    const QVariantMap archive =
-        NSPropertyListSerialization::propertyListFromData(string.toLatin1()).toMap();
+    const QVariantMap archive = propertyListIn(string.toLatin1()).toMap();
     const QVariantList objects = archive.value(u"$objects"_s).toList();
     const QVariantMap top = archive.value(u"$top"_s).toMap();
     return dataOf(objects, objectAt(objects, top.value(ArchiveKey)));

@@ -41,7 +41,12 @@ bool writeInPlace(const QByteArray &bytes, const QString &path)
 QByteArray NSPropertyListSerialization::dataWithPropertyList(const QVariant &propertyList,
                                                              QString *error)
 {
-    return writeXMLPropertyList(propertyList, error);
+    const QByteArray bytes = writeXMLPropertyList(propertyList, error);
+    if (bytes.size() <= MaximumSize)
+        return bytes;
+    if (error)
+        *error = u"larger than what can be read back"_s;
+    return {};
 }
 
 bool NSPropertyListSerialization::isPropertyList(const QVariant &value)

@@ -80,13 +80,7 @@ public:
                 *error = _error;
             return {};
         }
-        _bytes += "</plist>\n";
-        if (_bytes.size() > NSPropertyListSerialization::MaximumSize) {
-            if (error)
-                *error = u"larger than what can be read back"_s;
-            return {};
-        }
-        return _bytes;
+        return _bytes + "</plist>\n";
     }
 
 private:

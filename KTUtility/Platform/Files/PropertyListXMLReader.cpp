@@ -1,10 +1,12 @@
 #include "PropertyListXMLReader_p.h"
 
 #include "NSPropertyListSerialization.h"
+#include "XMLTagLength_p.h"
 #include <KTUtility/Platform/Values/UTC_p.h>
 
 #include <QDateTime>
 #include <QRegularExpression>
+#include <QStringDecoder>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -16,6 +18,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 using NSPropertyListSerialization::MaximumDepth;
+
+/// Tags of property lists have no more than a version; one that is full of attributes takes parsers
+/// the square of its length.
+constexpr qsizetype MaximumTagLength = 512;
 
 bool isDigit(QChar unit, bool isHexadecimal)
 {
@@ -90,16 +96,45 @@ QByteArray dataFrom(const QString &text)
     return QByteArray::fromBase64(text.toLatin1(), QByteArray::Base64Encoding);
 }
 
+/// What decodes data that does not show its encoding: as its first line says, else as UTF-8.
+QStringDecoder decoderFor(const QByteArray &data)
+{
+    static const QRegularExpression form(
+        u"\\A<\\?xml[^>]*\\sencoding\\s*=\\s*[\"']([^\"']*)[\"']"_s);
+    constexpr qsizetype LongestLine = 256;
+    const QRegularExpressionMatch match =
+        form.match(QString::fromLatin1(data.first(std::min(data.size(), LongestLine))));
+    const QByteArray name = match.hasMatch() ? match.captured(1).toLatin1() : QByteArray("UTF-8");
+    return QStringDecoder(name.constData(), QStringConverter::Flag::Stateless);
+}
+
+/// The text of an XML document; nothing if it cannot be decoded.
+std::optional<QString> decoded(const QByteArray &data)
+{
+    const auto shown = QStringConverter::encodingForData(data, u'<');
+    QStringDecoder decoder =
+        shown ? QStringDecoder(*shown, QStringConverter::Flag::Stateless) : decoderFor(data);
+    if (!decoder.isValid())
+        return std::nullopt;
+    const QString text = decoder(data);
+    return decoder.hasError() || !text.isValidUtf16() ? std::nullopt : std::optional(text);
+}
+
 class XMLReader
 {
 public:
-    explicit XMLReader(const QByteArray &data) : _xml(data) {}
+    explicit XMLReader(const QString &text) : _xml(text)
+    {
+        // Names are what they are; and prefixes would be looked up among all that are declared.
+        _xml.setNamespaceProcessing(false);
+    }
 
     QVariant read(QString *error)
     {
         QVariant result;
         // The element around the value may be left out.
-        const bool isInside = readNextElement() && _xml.name() == u"plist" && readNextElement();
+        const bool isInside =
+            readNextElement() && _xml.qualifiedName() == u"plist" && readNextElement();
         if (isInside || (!_xml.hasError() && _xml.isStartElement()))
             result = readValue(0);
         else
@@ -171,7 +206,7 @@ private:
     {
         QVariantMap dictionary;
         while (!_xml.hasError() && readNextElement()) {
-            if (_xml.name() != u"key") {
+            if (_xml.qualifiedName() != u"key") {
                 fail(u"a value without a key"_s);
                 break;
             }
@@ -211,7 +246,7 @@ private:
             fail(u"nested too deep"_s);
             return {};
         }
-        const QString name = _xml.name().toString();
+        const QString name = _xml.qualifiedName().toString();
         if (name == u"dict")
             return readDictionary(depth);
         if (name == u"array")
@@ -238,5 +273,14 @@ private:
 
 QVariant KTPrivate::readXMLPropertyList(const QByteArray &data, QString *error)
 {
-    return XMLReader(data).read(error);
+    const std::optional<QString> text = decoded(data);
+    if (!text) {
+        *error = u"text that cannot be decoded"_s;
+        return {};
+    }
+    if (longestXMLTag(*text) > MaximumTagLength) {
+        *error = u"a tag that is longer than %1"_s.arg(MaximumTagLength);
+        return {};
+    }
+    return XMLReader(*text).read(error);
 }

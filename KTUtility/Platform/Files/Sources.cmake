@@ -23,4 +23,5 @@ target_sources(KTUtility PRIVATE
     Platform/Files/PropertyListQuickReader.cpp
     Platform/Files/PropertyListWriter.cpp
     Platform/Files/PropertyListXMLReader.cpp
+    Platform/Files/XMLTagLength.cpp
 )

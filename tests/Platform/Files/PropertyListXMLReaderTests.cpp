@@ -6,6 +6,7 @@
 #include "support/TestSupport.h"
 
 #include <QDateTime>
+#include <QElapsedTimer>
 #include <QStringEncoder>
 
 #include <cmath>
@@ -208,6 +209,7 @@ TEST(PropertyListXMLReader, MalformedDocumentsAreRejected)
         document("<string>\x01</string>"),
         document("<string>\xFF\xFE</string>"),
         document("<string>\xED\xA0\x80</string>"),
+        document("<string>a</string>") + "\xE2\x82",
         "<?xml version=\"1.0\" encoding=\"no-such\"?><plist><true/></plist>",
     };
     for (const QByteArray &data : documents)
@@ -239,6 +241,56 @@ TEST(PropertyListXMLReader, DepthAndSizeAreBounded)
     EXPECT_TRUE(isRejected(document("<string>" + QByteArray(MaximumSize, 'a') + "</string>")));
     EXPECT_EQ(valueOf("<string>" + QByteArray(1 << 20, 'a') + "</string>").toString().size(),
               1 << 20);
+}
+
+TEST(PropertyListXMLReader, AttributesAreBounded)
+{
+    QByteArray attributes;
+    for (int number = 0; number < 200'000; ++number)
+        attributes += " a" + QByteArray::number(number) + "='>'";
+    const QByteArray rest = "<dict/></plist>";
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_TRUE(isRejected("<plist" + attributes + ">" + rest));
+    EXPECT_TRUE(isRejected("<plist><string" + attributes + "/></plist>"));
+    EXPECT_TRUE(isRejected("<!DOCTYPE plist [<!ATTLIST dict" + attributes + ">]><plist>" + rest));
+    QStringEncoder encoder(QStringConverter::Utf16LE, QStringConverter::Flag::WriteBom);
+    EXPECT_TRUE(isRejected(encoder(QString::fromLatin1("<plist" + attributes + ">" + rest))));
+    EXPECT_LT(timer.elapsed(), 10'000);
+    const QByteArray few = attributes.first(400);
+    EXPECT_TRUE(
+        propertyListFromData("<plist" + few.first(few.lastIndexOf(' ')) + ">" + rest).isValid());
+    QString error;
+    propertyListFromData("<plist" + attributes + ">" + rest, &error);
+    EXPECT_EQ(error, u"a tag that is longer than 512"_s);
+}
+
+TEST(PropertyListXMLReader, LongTextsAndCommentsAreNoTags)
+{
+    const QByteArray piece = QByteArray("it's > 1 ").repeated(1000);
+    EXPECT_EQ(
+        valueOf("<!--" + piece + "--><?p " + piece + "?><string><![CDATA[" + piece + "]]></string>")
+            .toString(),
+        QString::fromLatin1(piece));
+}
+
+TEST(PropertyListXMLReader, DeclaredPrefixesCostNothing)
+{
+    QByteArray nested;
+    for (int depth = 0; depth < 500; ++depth) {
+        nested += "<array";
+        for (int number = 0; number < 20; ++number)
+            nested += " xmlns:p" + QByteArray::number(number) + "='u'";
+        nested += ">";
+    }
+    const QByteArray values = QByteArray("<true/>").repeated(1 << 20);
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_TRUE(
+        propertyListFromData(document(nested + values + QByteArray("</array>").repeated(500)))
+            .isValid());
+    EXPECT_LT(timer.elapsed(), 10'000);
+    EXPECT_TRUE(isRejected("<x:plist xmlns:x='u'><x:true/></x:plist>"));
 }
 
 TEST(PropertyListXMLReader, EveryTruncationIsRejected)

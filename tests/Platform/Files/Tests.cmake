@@ -21,4 +21,5 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Files/PropertyListQuickReaderTests.cpp
     Platform/Files/PropertyListWriterTests.cpp
     Platform/Files/PropertyListXMLReaderTests.cpp
+    Platform/Files/XMLTagLengthTests.cpp
 )
