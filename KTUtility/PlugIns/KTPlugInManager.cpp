@@ -2,6 +2,7 @@
 
 #include "PlugInCode_p.h"
 #include "PlugInDefaults_p.h"
+#include "PlugInNote_p.h"
 #include <KTUtility/Bundle/KTDatabaseBundle.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
@@ -23,6 +24,8 @@ QString folderIn(const QString &folder, QStringView component, const QString &na
         folder, NSString::stringWithFormat(component, name)));
 }
 
+const QString CrashText = u"a program ended while its code ran"_s;
+
 /// Why a bundle is no plug-in.
 QString reasonToSkip(const NSBundle &bundle)
 {
@@ -41,8 +44,10 @@ KTPlugInManager::~KTPlugInManager()
 {
     // What an instance does while it is destroyed must not find those that were destroyed before.
     const QMap<QString, Instance> instances = std::exchange(_instancesByIdentifier, {});
-    for (const Instance &instance : instances)
-        delete instance.object.data();
+    for (auto instance = instances.begin(); instance != instances.end(); ++instance) {
+        const PlugInNote note = noteOf(instance.key());
+        delete instance->object.data();
+    }
 }
 
 // --- Finding ------------------------------------------------------------------------------------
@@ -81,12 +86,12 @@ void KTPlugInManager::registerBundle(const NSBundle &bundle)
     finishedLoadingPlugins();
 }
 
+/// Deliberate: without a message. pluginStatus() knows it.
 void KTPlugInManager::skipBundle(const NSBundle &bundle)
 {
     const QString &path = bundle.bundlePath();
-    const QString reason = reasonToSkip(bundle);
-    KTLog(kLog_invalid, 7, u"Plug-in %@ is skipped: %@", path, reason);
-    _statusByPath.insert(path, {path, bundle.bundleIdentifier(), KTPlugInState::Skipped, reason});
+    _statusByPath.insert(
+        path, {path, bundle.bundleIdentifier(), KTPlugInState::Skipped, reasonToSkip(bundle)});
 }
 
 /// Unregisters the bundle that another one takes the place of.
@@ -128,6 +133,10 @@ QList<KTPlugInStatus> KTPlugInManager::pluginStatus() const
         // Somebody else may have destroyed the instance.
         if (status.state == KTPlugInState::Loaded && !isPluginLoaded(status.identifier))
             status.state = KTPlugInState::Registered;
+        if (status.state == KTPlugInState::Registered && isPluginPassedOver(status.identifier)) {
+            status.state = KTPlugInState::PassedOver;
+            status.lastError = CrashText;
+        }
     }
     return all;
 }
@@ -146,15 +155,20 @@ void KTPlugInManager::clearFailure(const QString &path)
         status->lastError = QString();
 }
 
-/// Keeps what went wrong, if anything did, and logs it.
+/// Keeps what went wrong, if anything did.
+void KTPlugInManager::keepFailure(const QString &path, const QString &error)
+{
+    const auto status = _statusByPath.find(path);
+    if (status != _statusByPath.end() && !error.isNull())
+        status->lastError = error;
+}
+
+/// The same for what has no message of its own, and should not be overlooked.
 void KTPlugInManager::setFailure(const QString &path, const QString &error)
 {
-    if (error.isNull())
-        return;
-    KTLog(kLog_invalid, 4, u"Plug-in %@: %@", path, error);
-    const auto status = _statusByPath.find(path);
-    if (status != _statusByPath.end())
-        status->lastError = error;
+    if (!error.isNull())
+        KTLog(kLog_invalid, 4, u"Plug-in %@: %@", path, error);
+    keepFailure(path, error);
 }
 
 // --- Loading ------------------------------------------------------------------------------------
@@ -182,10 +196,35 @@ QList<QObject *> KTPlugInManager::allLoadedPlugins() const
 void KTPlugInManager::loadAllPlugins()
 {
     for (const QString &identifier : _pluginsByIdentifier.keys()) {
-        if (isPluginEnabled(identifier))
+        if (!isPluginEnabled(identifier) || isPluginLoaded(identifier))
+            continue;
+        if (isPluginPassedOver(identifier))
+            setFailure(pathOfPlugin(identifier), CrashText);
+        else
             loadPluginWithIdentifier(identifier);
     }
     finishedLoadingPlugins();
+}
+
+bool KTPlugInManager::isPluginPassedOver(const QString &identifier) const
+{
+    const auto bundle = _pluginsByIdentifier.constFind(identifier);
+    return _passesOverCrashed && bundle != _pluginsByIdentifier.constEnd() &&
+           PlugInNote::isLeftFor(*bundle);
+}
+
+/// The note that names a plug-in while its code runs.
+PlugInNote KTPlugInManager::noteOf(const QString &identifier) const
+{
+    const auto bundle = _pluginsByIdentifier.constFind(identifier);
+    const bool isNoted = _passesOverCrashed && bundle != _pluginsByIdentifier.constEnd();
+    return PlugInNote(isNoted ? &*bundle : nullptr);
+}
+
+void KTPlugInManager::callPlugin(const QString &identifier, const std::function<void()> &code) const
+{
+    const PlugInNote note = noteOf(identifier);
+    code();
 }
 
 QObject *KTPlugInManager::loadPluginWithIdentifier(const QString &identifier)
@@ -194,9 +233,14 @@ QObject *KTPlugInManager::loadPluginWithIdentifier(const QString &identifier)
     if (registered == _pluginsByIdentifier.constEnd() || isPluginLoaded(identifier))
         return nullptr;
     NSBundle bundle = *registered;
-    const NSClass *const principalClass = loadClass(bundle);
-    std::unique_ptr<QObject> object =
-        principalClass ? makeInstance(bundle, *principalClass) : nullptr;
+    if (_passesOverCrashed)
+        PlugInNote::removeLeftFor(bundle);
+    const NSClass *principalClass = nullptr;
+    std::unique_ptr<QObject> object;
+    callPlugin(identifier, [&] {
+        principalClass = loadClass(bundle);
+        object = principalClass ? makeInstance(bundle, *principalClass) : nullptr;
+    });
     if (!principalClass || !object) {
         setState(bundle.bundlePath(), KTPlugInState::Failed);
         return nullptr;
@@ -221,7 +265,7 @@ const NSClass *KTPlugInManager::loadClass(NSBundle &bundle)
     KTLogger::sharedLogger()->logComponent(kLog_invalid, 4, "PlugIns/KTPlugInManager", 150,
                                            u"Plug-in does not conform to %@", protocol);
     if (principalClass)
-        setFailure(bundle.bundlePath(), u"does not conform to "_s + protocol);
+        keepFailure(bundle.bundlePath(), u"does not conform to "_s + protocol);
     bundle.unload();
     return principalClass;
 }
@@ -233,6 +277,8 @@ std::unique_ptr<QObject> KTPlugInManager::makeInstance(const NSBundle &bundle,
     std::unique_ptr<QObject> object =
         PlugInCode::newInstance(principalClass, bundle, _coordinator, &error);
     setFailure(bundle.bundlePath(), error);
+    if (!object && error.isNull())
+        keepFailure(bundle.bundlePath(), principalClass.name() + u" cannot be made");
     return object;
 }
 
@@ -240,7 +286,7 @@ std::unique_ptr<QObject> KTPlugInManager::makeInstance(const NSBundle &bundle,
 QObject *KTPlugInManager::adopt(std::unique_ptr<QObject> object, const NSClass &principalClass,
                                 const QString &identifier)
 {
-    delete pluginWithIdentifier(identifier);
+    callPlugin(identifier, [&] { delete pluginWithIdentifier(identifier); });
     _instancesByIdentifier.insert(identifier, {object.get(), &principalClass});
     return object.release();
 }
@@ -253,13 +299,16 @@ void KTPlugInManager::unloadPluginWithIdentifier(const QString &identifier, bool
         return;
     const QString path = pathOfPlugin(identifier);
     const Instance instance = _instancesByIdentifier.value(identifier);
-    setFailure(path, PlugInCode::tellWillUnload(instance.principalClass));
+    callPlugin(identifier,
+               [&] { setFailure(path, PlugInCode::tellWillUnload(instance.principalClass)); });
     if (instance.object)
         willUnloadPlugin(instance.object, deleteFromDatabase);
     _instancesByIdentifier.remove(identifier);
     setState(path, KTPlugInState::Registered);
-    setFailure(path, PlugInCode::tellDidUnload(instance.principalClass));
-    delete instance.object.data();
+    callPlugin(identifier, [&] {
+        setFailure(path, PlugInCode::tellDidUnload(instance.principalClass));
+        delete instance.object.data();
+    });
 }
 
 void KTPlugInManager::reloadPlugins()
@@ -275,15 +324,25 @@ void KTPlugInManager::reloadPlugin(const QString &identifier)
 {
     NSBundle bundle = *_pluginsByIdentifier.constFind(identifier);
     const QPointer<QObject> plugin = pluginWithIdentifier(identifier);
-    QString error;
-    const NSClass *const principalClass = bundle.principalClass(&error);
-    setFailure(bundle.bundlePath(), error);
-    setFailure(bundle.bundlePath(), PlugInCode::tellWillUnload(principalClass));
-    if (principalClass)
-        setFailure(bundle.bundlePath(),
-                   PlugInCode::tellDidLoad(*principalClass, bundle, _coordinator));
+    callPlugin(identifier, [&] { notifyOfReload(bundle); });
     if (plugin)
         didLoadPlugin(plugin, bundle);
+}
+
+void KTPlugInManager::notifyOfReload(NSBundle &bundle)
+{
+    const QString path = bundle.bundlePath();
+    QString error;
+    const NSClass *const principalClass = bundle.principalClass(&error);
+    setFailure(path, error);
+    setFailure(path, PlugInCode::tellWillUnload(principalClass));
+    if (!principalClass)
+        return;
+    if (PlugInCode::canTellDidLoad(*principalClass))
+        setFailure(path, PlugInCode::tellDidLoad(*principalClass, bundle, _coordinator));
+    else
+        keepFailure(path, principalClass->name() +
+                              u" does not answer pluginDidLoadBundle:updateHandler:");
 }
 
 // --- Settings -----------------------------------------------------------------------------------

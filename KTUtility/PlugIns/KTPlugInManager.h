@@ -11,6 +11,12 @@
 #include <QPointer>
 #include <QVariantMap>
 
+#include <functional>
+
+namespace KTPrivate {
+class PlugInNote;
+}
+
 /// Finds, loads, enables and unloads the plug-ins of one kind.
 ///
 /// A plug-in is a folder "Name.bundle" with Contents/Info.plist, which names its identifier
@@ -24,7 +30,7 @@
 ///
 /// Plug-in code runs in the process of the host. What it throws is caught, is logged under
 /// "invalid" at level 4, and is found in pluginStatus(); a crash, or an exception while its static
-/// objects are made, ends the process.
+/// objects are made, ends the process. With setPassesOverCrashed(), it does so only once.
 ///
 /// \code
 /// KTPlugInManager exporters(application);
@@ -45,6 +51,7 @@ class KTUTILITY_EXPORT KTPlugInManager : public QObject
     Q_PROPERTY(QObject *coordinator READ coordinator WRITE setCoordinator)
     Q_PROPERTY(QString searchFolder READ searchFolder WRITE setSearchFolder)
     Q_PROPERTY(QString enabledKey READ enabledKey WRITE setEnabledKey)
+    Q_PROPERTY(bool passesOverCrashed READ passesOverCrashed WRITE setPassesOverCrashed)
 
 public:
     /// \param instanceCoordinator the host's object that every plug-in's class is handed as its
@@ -70,6 +77,17 @@ public:
     /// is enabled and nothing can be.
     const QString &enabledKey() const { return _enabledKey; }
     void setEnabledKey(const QString &enabledKey) { _enabledKey = enabledKey; }
+
+    /// Whether loadAllPlugins() passes over plug-ins whose code ran when a program ended: by a crash,
+    /// an exit, or with force. false at first, when nothing is kept about that.
+    ///
+    /// The name of a plug-in is kept on the disk while the manager or callPlugin() runs its code;
+    /// where the program ends meanwhile, it stays there. Such a plug-in is logged under "invalid" at
+    /// level 4 and has the state KTPlugInState::PassedOver until somebody loads it by its identifier
+    /// or its code is replaced by another version. A program that is told to end (SIGHUP, SIGINT,
+    /// SIGQUIT, SIGTERM, if it does not handle them) blames nobody.
+    bool passesOverCrashed() const { return _passesOverCrashed; }
+    void setPassesOverCrashed(bool passesOverCrashed) { _passesOverCrashed = passesOverCrashed; }
 
     // --- The settings of plug-ins: the domain "<host identifier>.plugins"
 
@@ -107,10 +125,11 @@ public:
 
     // --- Loading. None of these touches what is enabled.
 
-    /// Loads every plug-in that is registered and enabled, in the order of the identifiers, and
-    /// calls finishedLoadingPlugins() once.
+    /// Loads every plug-in that is registered and enabled, and not passed over, in the order of the
+    /// identifiers, and calls finishedLoadingPlugins() once.
     void loadAllPlugins();
-    /// Loads a plug-in and makes its instance, which the manager owns.
+    /// Loads a plug-in and makes its instance, which the manager owns. One that is passed over gets
+    /// another chance.
     /// \return null if it is loaded already, is not registered, or cannot be loaded or made.
     QObject *loadPluginWithIdentifier(const QString &identifier);
     /// Notifies the class of every loaded plug-in that it will be unloaded and was loaded, and
@@ -120,6 +139,16 @@ public:
     /// manager. The bundle stays registered. Never call it from a function of that instance.
     /// \param deleteFromDatabase is handed to willUnloadPlugin().
     void unloadPluginWithIdentifier(const QString &identifier, bool deleteFromDatabase);
+
+    /// Runs code of the host that calls a loaded plug-in, and names the plug-in should the program
+    /// end meanwhile. What the code throws is the caller's.
+    ///
+    /// \code
+    /// exporters.callPlugin(u"org.example.csv"_s, [&] { csv->write(records); });
+    /// \endcode
+    void callPlugin(const QString &identifier, const std::function<void()> &code) const;
+    /// Whether loadAllPlugins() would pass over the plug-in; see setPassesOverCrashed().
+    bool isPluginPassedOver(const QString &identifier) const;
 
     /// Whether there is an instance of the plug-in.
     bool isPluginLoaded(const QString &identifier) const;
@@ -170,6 +199,7 @@ private:
         const NSClass *principalClass = nullptr;
     };
 
+    KTPrivate::PlugInNote noteOf(const QString &identifier) const;
     void skipBundle(const NSBundle &bundle);
     void replaceBundle(const NSBundle &bundle, const QString &identifier);
     const NSClass *loadClass(NSBundle &bundle);
@@ -177,9 +207,11 @@ private:
     QObject *adopt(std::unique_ptr<QObject> object, const NSClass &principalClass,
                    const QString &identifier);
     void reloadPlugin(const QString &identifier);
+    void notifyOfReload(NSBundle &bundle);
     QString pathOfPlugin(const QString &identifier) const;
     void setState(const QString &path, KTPlugInState state);
     void clearFailure(const QString &path);
+    void keepFailure(const QString &path, const QString &error);
     void setFailure(const QString &path, const QString &error);
 
     QMap<QString, NSBundle> _pluginsByIdentifier;
@@ -188,5 +220,6 @@ private:
     NSProtocol _protocol;
     QString _searchFolder;
     QString _enabledKey;
+    bool _passesOverCrashed = false;
     QMap<QString, KTPlugInStatus> _statusByPath;
 };

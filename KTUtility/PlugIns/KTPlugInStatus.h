@@ -9,6 +9,7 @@ enum class KTPlugInState {
     Registered, ///< It is known and not loaded.
     Failed,     ///< It is known, and the last attempt to load it failed.
     Loaded,     ///< It has an instance.
+    PassedOver, ///< It is known, and ended a program; see KTPlugInManager::passesOverCrashed().
 };
 
 /// What became of one bundle that a KTPlugInManager has seen.

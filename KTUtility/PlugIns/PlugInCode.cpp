@@ -49,18 +49,24 @@ std::unique_ptr<QObject> PlugInCode::newInstance(const NSClass &principalClass,
             receiver->pluginDidLoadBundle(bundle, coordinator);
         object = principalClass.newInstance();
     });
-    if (!object)
-        *error = principalClass.name() + u' ' + (failure.isNull() ? u"cannot be made"_s : failure);
+    if (!object && !failure.isNull())
+        *error = principalClass.name() + u' ' + failure;
     return object;
+}
+
+bool PlugInCode::canTellDidLoad(const NSClass &principalClass)
+{
+    const KTPlugInClass *const receiver = receiverOf(&principalClass);
+    return receiver && receiver->respondsToPluginDidLoadBundle();
 }
 
 QString PlugInCode::tellDidLoad(const NSClass &principalClass, const NSBundle &bundle,
                                 QObject *coordinator)
 {
-    const KTPlugInClass *const receiver = receiverOf(&principalClass);
-    if (!receiver || !receiver->respondsToPluginDidLoadBundle())
-        return principalClass.name() + u" does not answer pluginDidLoadBundle:updateHandler:"_s;
-    const QString failure = failureOf([&] { receiver->pluginDidLoadBundle(bundle, coordinator); });
+    if (!canTellDidLoad(principalClass))
+        return {};
+    const QString failure =
+        failureOf([&] { receiverOf(&principalClass)->pluginDidLoadBundle(bundle, coordinator); });
     return failure.isNull() ? QString() : u"pluginDidLoadBundle "_s + failure;
 }
 

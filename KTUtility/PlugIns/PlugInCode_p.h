@@ -14,12 +14,14 @@ class NSClass;
 // wrong, for a person to read; nil if nothing did.
 namespace KTPrivate::PlugInCode {
 /// Notifies a class that its bundle was loaded, if it can be notified, and makes an instance of it.
-/// \param error becomes what went wrong if there is no instance.
+/// \param error becomes what was thrown if there is no instance; nil if the class just makes none.
 KTUTILITY_EXPORT std::unique_ptr<QObject> newInstance(const NSClass &principalClass,
                                                       const NSBundle &bundle, QObject *coordinator,
                                                       QString *error);
 
-/// Notifies a class that its bundle was loaded; the class must be one that can be notified.
+/// Whether a class can be notified that its bundle was loaded.
+KTUTILITY_EXPORT bool canTellDidLoad(const NSClass &principalClass);
+/// Notifies a class that its bundle was loaded; nothing happens to one that cannot be notified.
 KTUTILITY_EXPORT QString tellDidLoad(const NSClass &principalClass, const NSBundle &bundle,
                                      QObject *coordinator);
 

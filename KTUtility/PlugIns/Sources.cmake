@@ -3,4 +3,5 @@ target_sources(KTUtility PRIVATE
     PlugIns/KTPlugInManager.cpp
     PlugIns/PlugInCode.cpp
     PlugIns/PlugInDefaults.cpp
+    PlugIns/PlugInNote.cpp
 )

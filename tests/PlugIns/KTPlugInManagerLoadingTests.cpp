@@ -98,7 +98,7 @@ TEST(KTPlugInManagerLoading, AClassThatDoesNotConformIsLoggedAndLoadedAllTheSame
     EXPECT_NE(manager.loadPluginWithIdentifier(oddIdentifier), nullptr);
 
     const QList<KTLogCapture::Entry> entries = capture.entries();
-    ASSERT_FALSE(entries.isEmpty());
+    ASSERT_EQ(entries.size(), 1);
     const KTLogCapture::Entry &warning = entries.first();
     EXPECT_EQ(warning.message, u"Plug-in does not conform to org.cobble.tests.Exporter"_s);
     EXPECT_EQ(warning.component, u"invalid"_s);
@@ -154,7 +154,10 @@ TEST(KTPlugInManagerLoading, AClassThatCannotBeMadeLeavesThePlugInUnloaded)
         const QString error = name + u' ' + reason;
         EXPECT_EQ(onlyStatus(manager),
                   (KTPlugInStatus{bundle, oddIdentifier, KTPlugInState::Failed, error}));
-        EXPECT_EQ(capture.messages(), QStringList{u"Plug-in " + bundle + u": " + error});
+        // The platform would not have said anything about one that merely makes nothing.
+        EXPECT_EQ(capture.messages(), reason == u"cannot be made"
+                                          ? QStringList()
+                                          : QStringList{u"Plug-in " + bundle + u": " + error});
     }
 }
 
@@ -233,7 +236,9 @@ TEST(KTPlugInManagerLoading, ReloadingAsksForTheWordThatIsOptionalOtherwise)
         registerOnly(manager, makeOddBundle(useFreshHome(), QString::fromUtf16(name)));
         QObject *const plugin = manager.loadPluginWithIdentifier(oddIdentifier);
         manager.takeEvents();
+        KTLogCapture capture(kLog_invalid);
         manager.reloadPlugins();
+        EXPECT_TRUE(capture.messages().isEmpty());
         const QStringList expected = {u"didLoadPlugin org.example.odd"_s,
                                       u"finishedLoadingPlugins"_s};
         EXPECT_EQ(manager.takeEvents(), expected);

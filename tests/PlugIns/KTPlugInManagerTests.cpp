@@ -231,9 +231,9 @@ TEST(KTPlugInManager, BundlesWithoutIdentifierOrPrincipalClassAreSkipped)
     writeFile(folder + u"/lower.bundle/contents/info.plist",
               contentsOf(folder + u"/Headless.bundle/Contents/Info.plist"));
 
-    KTLogCapture ordinary(kLog_invalid, 4);
+    KTLogCapture everything(kLog_invalid);
     manager.registerPlugins();
-    EXPECT_TRUE(ordinary.messages().isEmpty());
+    EXPECT_TRUE(everything.messages().isEmpty());
     EXPECT_TRUE(manager.takeEvents().isEmpty());
 
     const QString damaged = u"Contents/Info.plist is missing, empty or damaged"_s;
@@ -250,12 +250,6 @@ TEST(KTPlugInManager, BundlesWithoutIdentifierOrPrincipalClassAreSkipped)
         EXPECT_EQ(status.state, KTPlugInState::Skipped);
         EXPECT_EQ(status.lastError, row.value());
     }
-
-    KTLogCapture detailed(kLog_invalid, 7);
-    manager.registerPlugins();
-    EXPECT_EQ(detailed.messages().size(), expected.size());
-    EXPECT_TRUE(detailed.messages().contains(
-        u"Plug-in " + folder + u"/Unnamed.bundle is skipped: CFBundleIdentifier is missing"));
 }
 
 TEST(KTPlugInManager, CodeThatOthersMayWriteIsRejectedAndSaysSo)

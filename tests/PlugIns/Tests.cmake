@@ -1,5 +1,6 @@
 target_sources(KTUtilityTests PRIVATE
     PlugIns/KTPlugInClassTests.cpp
+    PlugIns/KTPlugInManagerCrashTests.cpp
     PlugIns/KTPlugInManagerDefaultsTests.cpp
     PlugIns/KTPlugInManagerLoadingTests.cpp
     PlugIns/KTPlugInManagerModelTests.cpp
@@ -7,6 +8,7 @@ target_sources(KTUtilityTests PRIVATE
     PlugIns/KTPlugInManagerTests.cpp
     PlugIns/PlugInCodeTests.cpp
     PlugIns/PlugInDefaultsTests.cpp
+    PlugIns/PlugInNoteTests.cpp
     PlugIns/PlugInSupport.cpp
 )
 

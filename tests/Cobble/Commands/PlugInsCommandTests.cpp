@@ -28,11 +28,11 @@ QString lineOf(const QString &identifier)
 }
 } // namespace
 
-TEST(PlugInsCommand, ThoseOfTheHostAreLoaded)
+TEST(PlugInsCommand, ThoseOfTheHostAreReady)
 {
     testing_support::useFreshHome();
-    EXPECT_TRUE(lineOf(Exporter).startsWith(Exporter + u" exporter yes loaded /"));
-    EXPECT_TRUE(lineOf(Importer).startsWith(Importer + u" importer yes loaded /"));
+    EXPECT_TRUE(lineOf(Exporter).startsWith(Exporter + u" exporter yes ready /"));
+    EXPECT_TRUE(lineOf(Importer).startsWith(Importer + u" importer yes ready /"));
     EXPECT_EQ(plugIns({u"list"_s}).output, plugIns().output);
 }
 
@@ -40,7 +40,7 @@ TEST(PlugInsCommand, WhatIsDisabledStaysSo)
 {
     const QString home = testing_support::useFreshHome();
     EXPECT_EQ(plugIns({u"disable"_s, Exporter}).exitCode, 0);
-    EXPECT_TRUE(lineOf(Exporter).startsWith(Exporter + u" exporter no not loaded /"));
+    EXPECT_TRUE(lineOf(Exporter).startsWith(Exporter + u" exporter no ready /"));
     EXPECT_EQ(PlugIns().exporterFor(u"csv"_s), nullptr);
     EXPECT_TRUE(QFile::exists(home + u"/.local/share/Cobble/Preferences/"
                                      u"org.cobble.Cobble.plugins.plist"));
@@ -78,11 +78,11 @@ TEST(PlugInsCommand, BrokenOnesAreListedWithTheReason)
         "<key>NSPrincipalClass</key><string>Lost</string></dict></plist>");
     EXPECT_TRUE(plugIns().output.contains(u"Empty.bundle"));
     EXPECT_TRUE(lineOf(u"-"_s).startsWith(u"- exporter no skipped /"));
-    EXPECT_TRUE(lineOf(u"org.lost"_s).startsWith(u"org.lost exporter no not loaded"));
+    EXPECT_TRUE(lineOf(u"org.lost"_s).startsWith(u"org.lost exporter no ready"));
     const CommandResult result = plugIns({u"enable"_s, u"org.lost"_s});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_TRUE(result.errors.startsWith(u"cobble: org.lost: ")) << result.errors.toStdString();
-    EXPECT_TRUE(lineOf(Exporter).contains(u" yes loaded "));
+    EXPECT_TRUE(lineOf(Exporter).contains(u" yes ready "));
 }
 
 TEST(PlugInsCommand, RejectsWrongUsage)

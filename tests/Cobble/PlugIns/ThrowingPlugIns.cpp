@@ -3,6 +3,7 @@
 
 #include <KTUtility/KTPlugInClass>
 
+#include <cstdlib>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -62,8 +63,33 @@ public:
     QStringList fileTypes() const override { throw 42; }
 };
 
+/// Takes the program along.
+class EndingExporter : public ThrowingExporter
+{
+    Q_OBJECT
+
+public:
+    QStringList fileTypes() const override { return {u"ends"_s}; }
+    bool exportRecords(CobbleRecordSource &, const QString &, QIODevice *, QString *) override
+    {
+        std::abort();
+    }
+};
+
+/// The same for an importer.
+class EndingImporter : public ThrowingImporter
+{
+    Q_OBJECT
+
+public:
+    QStringList fileTypes() const override { return {u"ends"_s}; }
+    bool readTable(const QString &, CobbleTable *, QString *) override { std::abort(); }
+};
+
 KT_PRINCIPAL_CLASS(ThrowingExporter, CobbleExporter)
 KT_PRINCIPAL_CLASS(ThrowingImporter, CobbleImporter)
 KT_PRINCIPAL_CLASS(SpeechlessExporter, CobbleExporter)
+KT_PRINCIPAL_CLASS(EndingExporter, CobbleExporter)
+KT_PRINCIPAL_CLASS(EndingImporter, CobbleImporter)
 
 #include "ThrowingPlugIns.moc"

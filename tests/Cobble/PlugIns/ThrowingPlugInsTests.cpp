@@ -2,12 +2,16 @@
 #include "Library/PlugIns.h"
 
 #include "support/FileTree.h"
+#include "support/OtherProcess.h"
 #include "support/TestSupport.h"
+
+#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 
 using testing_support::contentsOf;
 using testing_support::FileTree;
+using testing_support::OtherProcess;
 using testing_support::writeFile;
 
 namespace {
@@ -18,8 +22,7 @@ protected:
     ThrowingPlugInsTests()
     {
         testing_support::needApplication();
-        const QString plugIns =
-            testing_support::useFreshHome() + u"/.local/share/Cobble/PlugIns/"_s;
+        plugIns = testing_support::useFreshHome() + u"/.local/share/Cobble/PlugIns/"_s;
         install(plugIns + u"Exporters/Throwing.bundle", u"ThrowingExporter"_s);
         install(plugIns + u"Exporters/Mute.bundle", u"SpeechlessExporter"_s);
         install(plugIns + u"Importers/Throwing.bundle", u"ThrowingImporter"_s);
@@ -50,7 +53,27 @@ protected:
         return runInProcess({u"export"_s, u"Names"_s, u"--to"_s, tree.path(name)});
     }
 
+    /// Runs a command in a process of its own, which it ends.
+    static void end(const std::function<CommandResult()> &command)
+    {
+        const OtherProcess process([&] {
+            const rlimit none{0, 0};
+            ::setrlimit(RLIMIT_CORE, &none);
+            command();
+            return 0;
+        });
+        EXPECT_EQ(process.exitCode(), -1);
+    }
+    /// What the list says of a plug-in, from whether it is enabled on.
+    static QString listed(const QString &identifier)
+    {
+        const QStringList lines = runInProcess({u"plugins"_s}).output.split(u'\n');
+        const QString line = lines.filter(QString(identifier + u' ')).value(0).simplified();
+        return line.section(u' ', 2);
+    }
+
     FileTree tree;
+    QString plugIns;
 };
 } // namespace
 
@@ -111,4 +134,49 @@ TEST_F(ThrowingPlugInsTests, ImportersFailAlone)
                     .errors.contains(u"the importer failed: it threw something"));
     EXPECT_EQ(import(u"a.quiet"_s, "quiet").errors,
               u"cobble: " + tree.path(u"a.quiet"_s) + u": the importer failed\n");
+}
+
+TEST_F(ThrowingPlugInsTests, OneThatEndsTheProgramDoesSoOnce)
+{
+    install(plugIns + u"Exporters/Ending.bundle", u"EndingExporter"_s);
+    import(u"Names.csv"_s, "Name\nAnn\n");
+    tree.add(u"out.ends"_s, "old");
+    EXPECT_TRUE(listed(u"EndingExporter"_s).startsWith(u"yes ready /"));
+    end([&] { return exportTo(u"out.ends"_s); });
+
+    EXPECT_EQ(contentsOf(tree.path(u"out.ends"_s)), "old");
+    EXPECT_EQ(exportTo(u"out.csv"_s).exitCode, 0);
+    const CommandResult result = exportTo(u"out.ends"_s);
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.errors.endsWith(u"; passed over, since a program ended while its code ran: "
+                                       "EndingExporter; 'cobble plugins enable' tries it again\n"))
+        << result.errors.toStdString();
+    EXPECT_TRUE(listed(u"EndingExporter"_s).startsWith(u"yes passed over /"));
+
+    // It is given another chance by name, and switched off without being run.
+    EXPECT_EQ(runInProcess({u"plugins"_s, u"enable"_s, u"EndingExporter"_s}).exitCode, 0);
+    EXPECT_TRUE(listed(u"EndingExporter"_s).startsWith(u"yes ready /"));
+    end([&] { return exportTo(u"out.ends"_s); });
+    EXPECT_EQ(runInProcess({u"plugins"_s, u"disable"_s, u"EndingExporter"_s}).exitCode, 0);
+    EXPECT_TRUE(listed(u"EndingExporter"_s).startsWith(u"no passed over /"));
+    EXPECT_FALSE(exportTo(u"out.ends"_s).errors.contains(u"passed over"));
+}
+
+TEST_F(ThrowingPlugInsTests, WhatAnImporterThatEndsTheProgramWouldReadIsNoSeparatedText)
+{
+    install(plugIns + u"Importers/Ending.bundle", u"EndingImporter"_s);
+    end([&] { return import(u"a.ends"_s, "Name\nAnn\n"); });
+    const CommandResult result = import(u"a.ends"_s, "Name\nAnn\n");
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.errors.contains(u": EndingImporter; ")) << result.errors.toStdString();
+    EXPECT_EQ(import(u"a.csv"_s, "Name\nAnn\n").exitCode, 0);
+}
+
+TEST_F(ThrowingPlugInsTests, ListingAndDisablingLoadNoCode)
+{
+    // Code that cannot even be opened would have said so.
+    writeFile(plugIns + u"Exporters/Throwing.bundle/Contents/Linux/Code", "no code");
+    EXPECT_TRUE(listed(u"ThrowingExporter"_s).startsWith(u"yes ready /"));
+    EXPECT_TRUE(runInProcess({u"plugins"_s, u"disable"_s, u"ThrowingExporter"_s}).errors.isEmpty());
+    EXPECT_TRUE(listed(u"ThrowingExporter"_s).startsWith(u"no ready /"));
 }

@@ -6,6 +6,7 @@
 #include <KTUtility/NSBundle>
 #include <KTUtility/NSException>
 
+#include <cstdlib>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -44,6 +45,14 @@ public:
     ThrowingExporter() { throw std::runtime_error("no licence"); }
 };
 KT_PRINCIPAL_CLASS(ThrowingExporter, TestExporter)
+
+/// Takes the whole program along.
+class EndingExporter : public Odd
+{
+public:
+    EndingExporter() { std::abort(); }
+};
+KT_PRINCIPAL_CLASS(EndingExporter, TestExporter)
 
 class RaisingExporter : public Odd
 {

@@ -17,11 +17,13 @@ QString stateText(KTPlugInState state)
     case KTPlugInState::Replaced:
         return u"replaced"_s;
     case KTPlugInState::Registered:
-        return u"not loaded"_s;
+        return u"ready"_s;
     case KTPlugInState::Failed:
         return u"failed"_s;
     case KTPlugInState::Loaded:
         return u"loaded"_s;
+    case KTPlugInState::PassedOver:
+        return u"passed over"_s;
     }
     return {};
 }
@@ -78,12 +80,13 @@ QString lastErrorOf(const QString &identifier, const KTPlugInManager &manager)
 
 void change(const QString &identifier, bool isEnabled, KTPlugInManager &manager)
 {
-    if (isEnabled)
-        manager.enablePluginWithIdentifier(identifier);
-    else if (manager.isPluginLoaded(identifier))
-        manager.disablePluginWithIdentifier(identifier);
+    // To disable one, its code is not needed; it may be why.
+    if (!isEnabled)
+        manager.setEnabledForPlugin(false, identifier);
+    else if (manager.isPluginPassedOver(identifier) && manager.isPluginEnabled(identifier))
+        manager.loadPluginWithIdentifier(identifier);
     else
-        manager.setEnabledForPlugin(false, identifier); // one that cannot be loaded
+        manager.enablePluginWithIdentifier(identifier);
 }
 
 /// \return false, reported, if the plug-in is not as it should be then.
@@ -126,7 +129,7 @@ Outcome<> checkPlugIns(const QCommandLineParser &parser)
 ExitCode runPlugIns(const QCommandLineParser &parser, CommandContext &context)
 {
     const QStringList words = parser.positionalArguments();
-    PlugIns plugIns;
+    PlugIns plugIns(PlugIns::Loading::None);
     return words.size() <= 1
                ? listPlugIns(plugIns, context)
                : setAllEnabled(words.sliced(1), words.first() == u"enable", plugIns, context);

@@ -20,13 +20,14 @@ bool isSeparatedText(const QString &fileType)
 }
 
 /// Lets an importer read a file's text.
-Outcome<CobbleTable> readTable(CobbleImporter &importer, const QString &text)
+Outcome<CobbleTable> readTable(const PlugIns &plugIns, CobbleImporter &importer,
+                               const QString &text)
 {
     CobbleTable table;
     QString error;
     bool isRead = false;
     const Outcome<> called =
-        PlugIns::call([&] { isRead = importer.readTable(text, &table, &error); });
+        plugIns.call(importer, [&] { isRead = importer.readTable(text, &table, &error); });
     if (!called)
         return Failure{u"the importer failed: %1"_s.arg(called.reason())};
     if (!isRead)
@@ -62,9 +63,12 @@ Outcome<> useText(const QString &text, const ImportRequest &request, ImportFile 
         return useRows(SeparatedText::read(text, request.separator), file);
     const PlugIns plugIns;
     CobbleImporter *const importer = plugIns.importerFor(fileType);
+    // What is passed over may be the one for this file, which then is no separated text.
+    if (const QString passedOver = plugIns.passedOverImporters(); !importer && !passedOver.isNull())
+        return Failure{passedOver};
     if (!importer)
         return useRows(SeparatedText::read(text, request.separator), file);
-    const Outcome<CobbleTable> table = readTable(*importer, text);
+    const Outcome<CobbleTable> table = readTable(plugIns, *importer, text);
     return table ? useTable(*table, file) : table.failure();
 }
 

@@ -72,14 +72,22 @@ Failure failure(const QString &subject, const QString &reason)
     return {u"%1: %2"_s.arg(subject, reason)};
 }
 
+QString noExporterText(const PlugIns &plugIns, const QString &fileType)
+{
+    const QString text = u"there is no exporter for '%1'; there are %2"_s.arg(
+        fileType, plugIns.exportedTypes().join(u", "_s));
+    const QString passedOver = plugIns.passedOverExporters();
+    return passedOver.isNull() ? text : QString(text + u"; " + passedOver);
+}
+
 /// What an exporter throws is its failure, not the host's.
-Outcome<> runExporter(CobbleExporter &exporter, CobbleRecordSource &records,
+Outcome<> runExporter(const PlugIns &plugIns, CobbleExporter &exporter, CobbleRecordSource &records,
                       const QString &fileType, QIODevice *to)
 {
     bool isDone = false;
     QString error;
-    const Outcome<> called =
-        PlugIns::call([&] { isDone = exporter.exportRecords(records, fileType, to, &error); });
+    const Outcome<> called = plugIns.call(
+        exporter, [&] { isDone = exporter.exportRecords(records, fileType, to, &error); });
     if (!called)
         return Failure{u"the exporter failed: %1"_s.arg(called.reason())};
     if (isDone)
@@ -88,11 +96,12 @@ Outcome<> runExporter(CobbleExporter &exporter, CobbleRecordSource &records,
 }
 
 /// Writes the records to an open file, which is still to be committed.
-Outcome<> write(LibraryRecords &records, CobbleExporter &exporter, KTSaveFile &file)
+Outcome<> write(LibraryRecords &records, const PlugIns &plugIns, CobbleExporter &exporter,
+                KTSaveFile &file)
 {
     const QString path = file.fileName();
     const QString fileType = QFileInfo(path).suffix().toLower();
-    const Outcome<> written = runExporter(exporter, records, fileType, &file);
+    const Outcome<> written = runExporter(plugIns, exporter, records, fileType, &file);
     if (records.isCancelled())
         return Failure{u"%1: it was cancelled"_s.arg(path), true};
     if (!written)
@@ -116,14 +125,13 @@ Outcome<qint64> LibraryExport::run(LibraryStore &store, const Library &library, 
     const QString fileType = QFileInfo(path).suffix().toLower();
     CobbleExporter *const exporter = plugIns.exporterFor(fileType);
     if (!exporter)
-        return failure(path, u"there is no exporter for '%1'; there are %2"_s.arg(
-                                 fileType, plugIns.exportedTypes().join(u", "_s)));
+        return failure(path, noExporterText(plugIns, fileType));
     KTSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return failure(path, file.errorString());
     LibraryRecords records(store, library, progress);
     const Outcome<> outcome =
-        write(records, *exporter, file).andThen([&file] { return commit(file); });
+        write(records, plugIns, *exporter, file).andThen([&file] { return commit(file); });
     if (!outcome)
         return outcome.failure();
     return records.count();
