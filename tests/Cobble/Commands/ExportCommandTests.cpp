@@ -3,6 +3,8 @@
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
 
+#include <KTUtility/KTPlugInManager>
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -119,4 +121,24 @@ TEST_F(ExportCommandTests, RejectsWrongUsage)
     EXPECT_EQ(run({u"export"_s, u"things"_s}).exitCode, 2);
     EXPECT_EQ(run({u"export"_s, u"things"_s, u"x"_s, u"--to"_s, u"a.csv"_s}).exitCode, 2);
     EXPECT_EQ(run({u"export"_s, u"--help"_s}).exitCode, 0);
+}
+
+TEST_F(ExportCommandTests, CSVHasNoFormulasUnlessTheUserWantsThem)
+{
+    const QByteArray typed = "=Head,Note\r\n=1+1,a\r\n\"@SUM(A1,B1)\",''=2\r\n-5 kg,b\r\n";
+    tree.add(u"Sums.csv"_s, typed);
+    ASSERT_EQ(run({u"import"_s, tree.path(u"Sums.csv"_s)}).exitCode, 0);
+    ASSERT_EQ(exportTo(u"marked.csv"_s, u"Sums"_s).exitCode, 0);
+    const QByteArray marked = contentsOf(tree.path(u"marked.csv"_s));
+    EXPECT_EQ(marked, "'=Head,Note\r\n'=1+1,a\r\n\"'@SUM(A1,B1)\",''=2\r\n'-5 kg,b\r\n");
+
+    // It comes back as it was.
+    tree.add(u"Again.csv"_s, marked);
+    ASSERT_EQ(run({u"import"_s, tree.path(u"Again.csv"_s)}).exitCode, 0);
+    ASSERT_EQ(exportTo(u"again.csv"_s, u"Again"_s).exitCode, 0);
+    EXPECT_EQ(contentsOf(tree.path(u"again.csv"_s)), marked);
+    KTPlugInManager().pluginDefaultsSetObject(true,
+                                              u"org.cobble.Cobble.TextExporter.keepsFormulas"_s);
+    ASSERT_EQ(exportTo(u"typed.csv"_s, u"Again"_s).exitCode, 0);
+    EXPECT_EQ(contentsOf(tree.path(u"typed.csv"_s)), QByteArray(typed).replace("''", "'"));
 }

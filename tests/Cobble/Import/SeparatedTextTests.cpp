@@ -150,3 +150,16 @@ TEST(SeparatedText, KeepsItsText)
     EXPECT_EQ(fields, texts({u"1", u"2"}));
     EXPECT_EQ(moved.separator(), u'|');
 }
+
+TEST(SeparatedText, MarksOfFormulasAreNoPartOfAValue)
+{
+    const Outcome<SeparatedText> source =
+        SeparatedText::read(u"'=Head,'plain'\n'=1+1,'a\n''=1,\"'@x,y\"\n"_s);
+    EXPECT_EQ(source->headers(), texts({u"=Head", u"'plain'"}));
+    QList<QStringList> rows;
+    source->whileRows([&](qint64, const QStringList &fields) {
+        rows += fields;
+        return true;
+    });
+    EXPECT_EQ(rows, (QList<QStringList>{texts({u"=1+1", u"'a"}), texts({u"'=1", u"@x,y"})}));
+}

@@ -36,6 +36,14 @@ TEST(CSVText, ARowWithoutAnythingIsNoBlankLine)
     EXPECT_EQ(CSVText::row({u""_s}), u"\"\"\r\n"_s);
 }
 
+TEST(CSVText, FormulasAreMarkedIfThatIsWanted)
+{
+    const QStringList fields = {u"=1+1"_s, u"a"_s, u"=A1,B1"_s, u"-5"_s};
+    EXPECT_EQ(CSVText::row(fields), u"=1+1,a,\"=A1,B1\",-5\r\n"_s);
+    EXPECT_EQ(CSVText::row(fields, CSVText::Formulas::AsTyped), CSVText::row(fields));
+    EXPECT_EQ(CSVText::row(fields, CSVText::Formulas::AsText), u"'=1+1,a,\"'=A1,B1\",-5\r\n"_s);
+}
+
 TEST(CSVText, ReadersGetBackWhatWasWritten)
 {
     QStringList fields = {u""_s, u"  "_s, u"\""_s, u"a\r\nb"_s};

@@ -3,6 +3,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Text/CSVReaderTests.cpp
     Cobble/Text/CSVSeparatorTests.cpp
     Cobble/Text/CSVTextTests.cpp
+    Cobble/Text/FormulaTextTests.cpp
     Cobble/Text/ISODateTextTests.cpp
     Cobble/Text/OutcomeTests.cpp
     Cobble/Text/PrintableTextTests.cpp

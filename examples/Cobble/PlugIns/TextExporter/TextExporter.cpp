@@ -4,6 +4,7 @@
 #include "Text/CSVText.h"
 
 #include <KTUtility/KTPlugInClass>
+#include <KTUtility/KTPlugInManager>
 
 using namespace Qt::StringLiterals;
 
@@ -26,15 +27,24 @@ private:
     bool _isDone = true;
 };
 
+/// What the user wants to become of formulas; marked unless he has set otherwise.
+CSVText::Formulas formulasInCSV()
+{
+    const QVariant keepsFormulas = KTPlugInManager().pluginDefaultsObjectForKey(
+        u"org.cobble.Cobble.TextExporter.keepsFormulas"_s);
+    return keepsFormulas.toBool() ? CSVText::Formulas::AsTyped : CSVText::Formulas::AsText;
+}
+
 void writeCSV(CobbleRecordSource &records, Writer &writer)
 {
     const QStringList titles = records.fieldTitles();
-    writer.write(CSVText::row(titles));
+    const CSVText::Formulas formulas = formulasInCSV();
+    writer.write(CSVText::row(titles, formulas));
     while (records.next() && writer.isDone()) {
         QStringList texts;
         for (qsizetype field = 0; field < titles.size(); ++field)
             texts += records.text(field);
-        writer.write(CSVText::row(texts));
+        writer.write(CSVText::row(texts, formulas));
     }
 }
 

@@ -2,8 +2,20 @@
 
 #include "Text/CSVReader.h"
 #include "Text/CSVSeparator.h"
+#include "Text/FormulaText.h"
 
 using namespace Qt::StringLiterals;
+
+namespace {
+/// Reads a row as it was typed, without the marks that an export has given it.
+bool readRow(CSVReader &reader, QStringList *fields)
+{
+    const bool isRead = reader.readRow(fields);
+    for (QString &field : *fields)
+        field = FormulaText::unmarked(field);
+    return isRead;
+}
+} // namespace
 
 SeparatedText::SeparatedText(const QString &text, std::optional<QChar> separator) : _text(text)
 {
@@ -28,10 +40,10 @@ Outcome<> SeparatedText::readRows()
 {
     CSVReader reader(rowsText(), _separator, _firstLine);
     QStringList fields;
-    if (!reader.readRow(&fields))
+    if (!readRow(reader, &fields))
         return Failure{u"there is nothing but blank lines"_s};
     Outcome<> outcome = addHeaders(fields, reader.lineNumber());
-    while (outcome && reader.readRow(&fields))
+    while (outcome && readRow(reader, &fields))
         outcome = addRow(fields, reader.lineNumber());
     _unclosedQuoteLine = reader.unclosedQuoteLine();
     endRows();
@@ -43,7 +55,7 @@ void SeparatedText::whileRows(
 {
     CSVReader reader(rowsText(), _separator);
     QStringList fields;
-    reader.readRow(&fields); // the headers
-    for (qint64 row = 1; reader.readRow(&fields) && use(row, fields); ++row) {
+    readRow(reader, &fields); // the headers
+    for (qint64 row = 1; readRow(reader, &fields) && use(row, fields); ++row) {
     }
 }

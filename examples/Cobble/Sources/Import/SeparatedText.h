@@ -5,6 +5,7 @@
 #include <optional>
 
 /// The rows of a separated text: a "sep=" line if there is one, a row of headers, rows of values.
+/// Marks that keep spreadsheets from running a value (see FormulaText) are no part of it.
 ///
 /// \code
 /// const Outcome<SeparatedText> rows = SeparatedText::read(u"a;b\n1;2;3\n4\n"_s);

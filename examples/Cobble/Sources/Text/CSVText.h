@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FormulaText.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -8,6 +10,12 @@
 // Writing separated values (RFC 4180).
 
 namespace CSVText {
+/// What becomes of fields that a spreadsheet would run as formulas.
+enum class Formulas {
+    AsTyped,
+    AsText, ///< Marked as text; imports take the mark away.
+};
+
 /// A field as it stands between commas: in quotes if it holds a comma, a quote, a line break, or
 /// whitespace at its ends, with its quotes doubled.
 inline QString quoted(const QString &field)
@@ -25,11 +33,11 @@ inline QString quoted(const QString &field)
 
 /// A row of fields, with the end of its line. A row without anything is a row, too, and no blank
 /// line, which readers pass over.
-inline QString row(const QStringList &fields)
+inline QString row(const QStringList &fields, Formulas formulas = Formulas::AsTyped)
 {
     QStringList texts;
     for (const QString &field : fields)
-        texts += quoted(field);
+        texts += quoted(formulas == Formulas::AsText ? FormulaText::marked(field) : field);
     const QString row = texts.join(u',');
     return QString((row.isEmpty() ? QStringLiteral("\"\"") : row) + u"\r\n");
 }

@@ -171,11 +171,11 @@ QMimeData *RecordTableModel::mimeData(const QModelIndexList &indexes) const
     QMap<int, bool> rows;
     for (const QModelIndex &index : indexes)
         rows.insert(index.row(), true);
-    QString separated = CSVText::row(titles());
+    QString separated = CSVText::row(titles(), CSVText::Formulas::AsText);
     QString plain;
     for (auto row = rows.begin(); row != rows.end(); ++row) {
         const QStringList cells = texts(row.key());
-        separated += CSVText::row(cells);
+        separated += CSVText::row(cells, CSVText::Formulas::AsText);
         plain += cells.join(u'\t') + u'\n';
     }
     auto *const data = new QMimeData;
