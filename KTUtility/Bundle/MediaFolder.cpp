@@ -31,6 +31,12 @@ void logStoring(int line, QStringView format, const Arguments &...arguments)
                              arguments...);
 }
 
+/// A text as the name of a file; a translation may have "1/2" in it.
+QString asFileName(QString text)
+{
+    return text.replace(u'/', u'-').remove(QChar(u'\0'));
+}
+
 /// The picture as the bytes of a TIFF file; nothing if it is empty.
 QByteArray TIFFRepresentation(const QImage &image)
 {
@@ -122,6 +128,6 @@ QString MediaFolder::saveTIFFImage(const QImage &image) const
     if (bytes.isEmpty())
         return {};
     const QString base = NSBundle::mainBundle().localizedStringForKey(u"iSight Picture"_s);
-    const QString name = NSString::stringByAppendingPathExtension(base, u"tiff"_s);
+    const QString name = NSString::stringByAppendingPathExtension(asFileName(base), u"tiff"_s);
     return store(name, [&bytes](KTStagedFile &file) { return file.write(bytes); });
 }

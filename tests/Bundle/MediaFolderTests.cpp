@@ -5,8 +5,10 @@
 #include "support/LoopbackServer.h"
 #include "support/TestSupport.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QImage>
+#include <QTranslator>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
@@ -124,6 +126,28 @@ TEST_F(MediaFolderTests, OnlyPlainHTTPIsDownloaded)
     for (const char16_t *text : {u"https://localhost/a.jpg", u"HTTP://localhost/a.jpg",
                                  u"file:///a.jpg", u"http://localhost/"})
         EXPECT_TRUE(folder.download(*NSURL::URLWithString(QString::fromUtf16(text))).isNull());
+}
+
+TEST_F(MediaFolderTests, ATranslatedNameIsTheNameOfAFile)
+{
+    class Translator : public QTranslator
+    {
+    public:
+        bool isEmpty() const override { return false; }
+        QString translate(const char *, const char *sourceText, const char *, int) const override
+        {
+            return QByteArray(sourceText) == "iSight Picture" ? u"Bild 1/2"_s : QString();
+        }
+    };
+    testing_support::needApplication();
+    writeFile(path(u"Media/other.jpg"_s), "other");
+    Translator translator;
+    ASSERT_TRUE(QCoreApplication::installTranslator(&translator));
+    QImage picture(3, 2, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    const QString saved = folder.saveTIFFImage(picture);
+    QCoreApplication::removeTranslator(&translator);
+    EXPECT_EQ(saved, path(u"Media/Bild 1-2.0.tiff"_s));
 }
 
 TEST_F(MediaFolderTests, PicturesAreSavedAsTIFF)

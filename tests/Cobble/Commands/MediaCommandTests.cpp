@@ -11,6 +11,7 @@
 
 #include <array>
 #include <csignal>
+#include <fstream>
 #include <sys/inotify.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -224,4 +225,30 @@ TEST_F(MediaCommandTests, DoesNotMakeABundleAnewThatIsMovedMeanwhile)
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.errors, u"cobble: " + bundle + u": the bundle has been moved away\n");
     EXPECT_FALSE(QFile::exists(bundle));
+}
+
+TEST_F(MediaCommandTests, NamesThatAreNoTextAreToldOf)
+{
+    ASSERT_EQ(media({u"add"_s, tree.path(u"a b.png"_s)}).exitCode, 0);
+    EXPECT_TRUE(media({u"list"_s}).errors.isEmpty());
+    QByteArrayList names;
+    for (const auto &[name, count] :
+         {std::pair("caf\xE9.jpg", "1 file"), std::pair("caf\xE8.jpg", "2 files")}) {
+        names += QFile::encodeName(folder) + name;
+        std::ofstream(names.last().toStdString()) << "x";
+        const CommandResult result = media({u"list"_s});
+        EXPECT_EQ(result.exitCode, 0);
+        EXPECT_EQ(result.output, u"7  cobblemedia://a%20b.0.png\n"_s);
+        EXPECT_EQ(result.errors, u"cobble: " + folder.chopped(1) + u": " +
+                                     QString::fromLatin1(count) +
+                                     u" cannot be listed: the name is not UTF-8\n");
+    }
+    for (const QByteArray &name : std::as_const(names))
+        EXPECT_EQ(::unlink(name.constData()), 0); // QTemporaryDir cannot.
+    // What the program is handed for such a name.
+    const CommandResult added = media({u"add"_s, tree.path(u"caf\uFFFD.jpg"_s)});
+    EXPECT_EQ(added.exitCode, 1);
+    EXPECT_TRUE(added.errors.endsWith(u": it cannot be stored: the name is not UTF-8\n"));
+    tree.add(u"b\uFFFD.png"_s, "picture");
+    EXPECT_EQ(media({u"add"_s, tree.path(u"b\uFFFD.png"_s)}).exitCode, 0);
 }

@@ -16,6 +16,7 @@
 #include <QTextStream>
 
 #include <climits>
+#include <filesystem>
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +28,27 @@ constexpr int PatienceWithLock = 5000;
 bool isUnfinished(const QFileInfo &file)
 {
     return file.fileName().startsWith(u".cobble-") && file.fileName().lastIndexOf(u'.') == 0;
+}
+
+/// How many files in a folder have a name that is no text; Qt passes over them without a word.
+int filesWithoutNameIn(const QString &folder)
+{
+    int count = 0;
+    std::error_code error;
+    const std::filesystem::directory_iterator end;
+    for (std::filesystem::directory_iterator entry(folder.toStdString(), error); entry != end;
+         entry.increment(error)) {
+        const QByteArray name = QByteArray::fromStdString(entry->path().filename().native());
+        count += name.isValidUtf8() ? 0 : 1;
+    }
+    return count;
+}
+
+void warnOfFilesWithoutName(const QString &folder, CommandContext &context)
+{
+    if (const int count = filesWithoutNameIn(folder); count > 0)
+        context.warn(folder, u"%1 cannot be listed: the name is not UTF-8"_s.arg(
+                                 count == 1 ? u"1 file"_s : u"%1 files"_s.arg(count)));
 }
 
 ExitCode listMedia(const KTDatabaseBundle &bundle, CommandContext &context)
@@ -45,6 +67,7 @@ ExitCode listMedia(const KTDatabaseBundle &bundle, CommandContext &context)
             table.addRow({QString::number(file.size()), url->absoluteString()});
     }
     table.print(context.out());
+    warnOfFilesWithoutName(folder.path(), context);
     return ExitCode::Success;
 }
 
@@ -75,9 +98,11 @@ Outcome<> buildForMedia(const KTDatabaseBundle &bundle)
     });
 }
 
-/// Why a file could not be stored.
+/// Why a file or URL could not be stored. What is no UTF-8 has lost its bytes on the way.
 QString reasonNotToStore(const KTDatabaseBundle &bundle, const QString &text)
 {
+    if (text.contains(QChar::ReplacementCharacter) && !NSFileManager::fileExistsAtPath(text))
+        return u"it cannot be stored: the name is not UTF-8"_s;
     const QString name = bundle.fileNameWithMediaInstanceNumber(NSString::lastPathComponent(text));
     if (QFile::encodeName(name).size() > NAME_MAX)
         return u"its name is too long to get a number"_s;
