@@ -45,6 +45,12 @@ public:
         return readOther(target);
     }
 
+    /// Whether the object is of the class that was read last and that is known to have the key.
+    bool knowsClassOf(const KeyValueTarget &target) const
+    {
+        return target.metaObject && target.metaObject == _metaObject;
+    }
+
     /// Checks that the object has the key, without reading it.
     /// \throws NSException NSUndefinedKeyException if it has not.
     void resolve(const KeyValueTarget &target);

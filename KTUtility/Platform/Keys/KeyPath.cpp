@@ -51,6 +51,17 @@ QVariantList distinct(const QVariantList &values)
     return result;
 }
 
+/// The elements of the collections among some values.
+QVariantList joined(const QVariantList &collections)
+{
+    QVariantList elements;
+    for (const QVariant &each : collections) {
+        if (KeyValueTarget::ofVariant(each).kind == KeyValueTarget::Kind::Collection)
+            elements += each.value<QVariantList>();
+    }
+    return elements;
+}
+
 QVariantList withoutNull(QVariantList values)
 {
     values.removeIf(isNSNull);
@@ -82,6 +93,10 @@ QVariant KTPrivate::applyCollectionOperator(const QString &key, const QVariantLi
         return distinct(values);
     if (key == u"@unionOfObjects")
         return withoutNull(values);
+    if (key == u"@unionOfArrays")
+        return withoutNull(joined(values));
+    if (key == u"@distinctUnionOfArrays" || key == u"@distinctUnionOfSets")
+        return distinct(joined(values));
     NSException::raise(NSInvalidArgumentException, u"unknown collection operator "_s + key);
 }
 
@@ -111,11 +126,20 @@ const QVariant &KeyPath::read(const KeyValueTarget &target)
     for (size_t step = 0;; ++step) {
         if (here.kind == KeyValueTarget::Kind::Collection)
             return readCollection(*static_cast<const QVariant *>(here.instance), step);
+        if (isOneKeyFor(here, step))
+            return _collected = KeyAccessor(remainder(step)).read(here);
         const QVariant &value = _steps[step].read(here);
         if (step + 1 == _steps.size())
             return value;
         here = KeyValueTarget::ofVariant(value);
     }
+}
+
+/// Whether the path goes on behind a step, and the object there takes all of that.
+bool KeyPath::isOneKeyFor(const KeyValueTarget &target, size_t step) const
+{
+    return step + 1 < _steps.size() && !_steps[step].knowsClassOf(target) &&
+           target.answersKeyPaths();
 }
 
 /// The rest of the path, applied to each element or to an operator.

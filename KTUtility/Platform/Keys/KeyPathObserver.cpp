@@ -34,7 +34,7 @@ KeyPathObserver::KeyPathObserver(QObject *object, const QString &keyPath,
     const QStringList keys = keyPath.split(u'.');
     _steps.reserve(size_t(keys.size()));
     for (const QString &key : keys)
-        _steps.push_back({KeyAccessor(key), {}, {}});
+        _steps.push_back({key, {}, {}});
 }
 
 KeyPathObserver::~KeyPathObserver()
@@ -50,12 +50,12 @@ void KeyPathObserver::start()
     _steps.front().object = _root;
     try {
         followFrom(0);
-        _lastValue = _rest->read(KeyValueTarget::of(_steps[_followed - 1].object.data()));
+        _lastValue = read();
     } catch (...) {
         stop();
         throw;
     }
-    if ((_options & NSKeyValueObservingOptionInitial) == 0)
+    if (!_isActive || (_options & NSKeyValueObservingOptionInitial) == 0)
         return;
     NSKeyValueChange change;
     if ((_options & NSKeyValueObservingOptionNew) != 0)
@@ -69,36 +69,63 @@ void KeyPathObserver::stop()
     leaveFrom(0);
 }
 
-/// Observes the keys from a step on, whose object is known, as far as there are objects.
+/// Observes the keys from a step on, whose object is known, as far as there are objects. A getter
+/// on the way may lead here again, or end everything.
 void KeyPathObserver::followFrom(size_t step)
 {
+    const quint64 turn = _turn;
     for (;; ++step) {
-        Step &here = _steps[step];
-        here.key = ObservedKey::of(here.object, here.accessor.key());
-        here.key->add(this, step);
-        setFollowed(step + 1);
-        QObject *const next = step + 1 < _steps.size() ? objectBehind(step) : nullptr;
-        if (!next)
+        follow(step);
+        if (turn != _turn || _steps[step].takesRest || step + 1 == _steps.size())
+            return;
+        QObject *const next = objectBehind(step);
+        if (!next || turn != _turn)
             return;
         _steps[step + 1].object = next;
     }
+}
+
+/// Observes the key at a step; of an object that answers key paths, the rest of the path.
+void KeyPathObserver::follow(size_t step)
+{
+    const quint64 turn = _turn;
+    Step &here = _steps[step];
+    here.takesRest =
+        step + 1 < _steps.size() && KeyValueTarget::of(here.object.data()).answersKeyPaths();
+    const QPointer<ObservedKey> key =
+        ObservedKey::of(here.object, here.takesRest ? pathFrom(step) : here.key);
+    if (!key)
+        return;
+    if (turn != _turn) {
+        key->goIfUnused();
+        return;
+    }
+    here.observed = key;
+    key->add(this, step);
+    setFollowed(step + 1);
+}
+
+QString KeyPathObserver::pathFrom(size_t step) const
+{
+    QString path = _steps[step].key;
+    for (++step; step < _steps.size(); ++step)
+        path += u'.' + _steps[step].key;
+    return path;
 }
 
 /// So many steps lead over objects; the rest of the path begins at the last of them.
 void KeyPathObserver::setFollowed(size_t count)
 {
     _followed = count;
-    QString rest = _steps[count - 1].accessor.key();
-    for (size_t index = count; index < _steps.size(); ++index)
-        rest += u'.' + _steps[index].accessor.key();
-    _rest.emplace(rest);
+    _rest.reset();
 }
 
 void KeyPathObserver::leaveFrom(size_t step)
 {
+    ++_turn;
     for (; step < _steps.size(); ++step) {
         Step &here = _steps[step];
-        const QPointer<ObservedKey> key = std::exchange(here.key, nullptr);
+        const QPointer<ObservedKey> key = std::exchange(here.observed, nullptr);
         here.object = nullptr;
         if (key)
             key->remove(this, step);
@@ -107,15 +134,33 @@ void KeyPathObserver::leaveFrom(size_t step)
 
 QObject *KeyPathObserver::objectBehind(size_t step)
 {
-    return objectIn(_steps[step].accessor.read(KeyValueTarget::of(_steps[step].object.data())));
+    KeyAccessor accessor(_steps[step].key);
+    return objectIn(accessor.read(KeyValueTarget::of(_steps[step].object.data())));
+}
+
+/// Reads the rest of the path. A getter may lead here again, and to another rest: what reads is
+/// out of the way until then.
+QVariant KeyPathObserver::read()
+{
+    const size_t followed = _followed;
+    const QPointer<QObject> last = followed > 0 ? _steps[followed - 1].object : nullptr;
+    if (!last)
+        return {};
+    const quint64 turn = _turn;
+    std::unique_ptr<KeyPath> rest = std::exchange(_rest, nullptr);
+    if (!rest)
+        rest = std::make_unique<KeyPath>(pathFrom(followed - 1));
+    QVariant value = rest->read(KeyValueTarget::of(last.data()));
+    if (turn == _turn)
+        _rest = std::move(rest);
+    return value;
 }
 
 /// The value at the end of the path. A key that an object lacks has none.
 QVariant KeyPathObserver::value()
 {
-    const QPointer<QObject> &last = _steps[_followed - 1].object;
     try {
-        return last ? _rest->read(KeyValueTarget::of(last.data())) : QVariant();
+        return read();
     } catch (const NSException &) {
         return {};
     }
@@ -129,7 +174,7 @@ void KeyPathObserver::keyChanged(size_t step, const NSKeyValueChange &change)
         tellPrior(change);
         return;
     }
-    if (_isActive && step + 1 < _steps.size())
+    if (_isActive && step + 1 < _steps.size() && !_steps[step].takesRest)
         followAgainBehind(step);
     tell(change);
 }
@@ -139,11 +184,13 @@ void KeyPathObserver::followAgainBehind(size_t step)
 {
     leaveFrom(step + 1);
     setFollowed(step + 1);
+    const quint64 turn = _turn;
     try {
         QObject *const next = objectBehind(step);
+        if (!next || turn != _turn)
+            return;
         _steps[step + 1].object = next;
-        if (next)
-            followFrom(step + 1);
+        followFrom(step + 1);
     } catch (const NSException &) {
         // The value is read once more, and is nil then.
     }
@@ -154,12 +201,12 @@ void KeyPathObserver::tellPrior(const NSKeyValueChange &change)
     if (!_isActive)
         return;
     // The value may have changed in silence before.
-    if ((_options & NSKeyValueObservingOptionOld) != 0)
+    if (wants(NSKeyValueObservingOptionOld))
         _lastValue = value();
-    if ((_options & NSKeyValueObservingOptionPrior) == 0)
+    if (!_isActive || !wants(NSKeyValueObservingOptionPrior))
         return;
     NSKeyValueChange told = change;
-    if ((_options & NSKeyValueObservingOptionOld) != 0)
+    if (wants(NSKeyValueObservingOptionOld))
         told.oldValue = _lastValue;
     _callback(told);
 }
@@ -169,15 +216,23 @@ void KeyPathObserver::tell(const NSKeyValueChange &change)
     if (!_isActive)
         return;
     NSKeyValueChange told{change.kind, {}, {}, change.indexes, false};
-    if ((_options & NSKeyValueObservingOptionOld) != 0) {
-        told.oldValue = std::move(_lastValue);
-        _lastValue = value();
-        if ((_options & NSKeyValueObservingOptionNew) != 0)
-            told.newValue = _lastValue;
-    } else if ((_options & NSKeyValueObservingOptionNew) != 0) {
-        told.newValue = value();
-    }
-    _callback(told);
+    if (wants(NSKeyValueObservingOptionNew | NSKeyValueObservingOptionOld))
+        setValues(&told);
+    // A getter may have ended the observation.
+    if (_isActive)
+        _callback(told);
+}
+
+void KeyPathObserver::setValues(NSKeyValueChange *change)
+{
+    QVariant old = _lastValue;
+    QVariant now = value();
+    if (wants(NSKeyValueObservingOptionNew))
+        change->newValue = now;
+    if (!wants(NSKeyValueObservingOptionOld))
+        return;
+    change->oldValue = std::move(old);
+    _lastValue = std::move(now);
 }
 
 // Nobody is notified: whoever held the object says so when it holds another one.

@@ -5,7 +5,7 @@
 
 #include <QPointer>
 
-#include <optional>
+#include <memory>
 #include <vector>
 
 namespace KTPrivate {
@@ -35,19 +35,26 @@ public:
 
 private:
     void followFrom(size_t step);
+    void follow(size_t step);
     void followAgainBehind(size_t step);
     void setFollowed(size_t count);
     void leaveFrom(size_t step);
     QObject *objectBehind(size_t step);
+    QString pathFrom(size_t step) const;
+    QVariant read();
     QVariant value();
+    bool wants(NSKeyValueObservingOptions options) const { return (_options & options) != 0; }
+    void setValues(NSKeyValueChange *change);
     void tellPrior(const NSKeyValueChange &change);
     void tell(const NSKeyValueChange &change);
 
     struct Step
     {
-        KTPrivate::KeyAccessor accessor;
+        QString key;
         QPointer<QObject> object;
-        QPointer<ObservedKey> key;
+        QPointer<ObservedKey> observed;
+        // Whether the object takes the rest of the path as one key.
+        bool takesRest = false;
     };
 
     QPointer<QObject> _root;
@@ -57,7 +64,9 @@ private:
     std::vector<Step> _steps;
     // How many steps lead over objects, and the rest of the path from the last of them on.
     size_t _followed = 0;
-    std::optional<KTPrivate::KeyPath> _rest;
+    std::unique_ptr<KeyPath> _rest; // null: to be made
+    // Changes whenever the steps lead elsewhere.
+    quint64 _turn = 0;
     QVariant _lastValue;
     bool _isActive = false;
 };

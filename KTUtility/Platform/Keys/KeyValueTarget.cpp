@@ -1,5 +1,6 @@
 #include "KeyValueTarget.h"
 
+#include "NSKeyValueCodingObject.h"
 #include "NSSelectionMarker.h"
 
 using namespace KTPrivate;
@@ -60,6 +61,14 @@ KeyValueTarget KeyValueTarget::ofVariant(const QVariant &value)
     default:
         return targetOfOther(value);
     }
+}
+
+bool KeyValueTarget::answersKeyPaths() const
+{
+    if (kind != Kind::Object)
+        return false;
+    const auto *const coding = qobject_cast<NSKeyValueCodingObject *>(object());
+    return coding && coding->answersKeyPaths();
 }
 
 QString KeyValueTarget::description() const

@@ -54,6 +54,8 @@ struct KTUTILITY_EXPORT KeyValueTarget
     {
         return const_cast<QObject *>(static_cast<const QObject *>(instance));
     }
+    /// Whether it is an object that takes the rest of a key path as one key.
+    bool answersKeyPaths() const;
     /// "<Class 0xaddress>" for exception texts.
     QString description() const;
 };

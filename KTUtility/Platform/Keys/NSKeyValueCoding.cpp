@@ -62,8 +62,11 @@ public:
     {
         if (receiver.kind == KeyValueTarget::Kind::Object && !property.hasNotifySignal())
             _key = ObservedKey::existing(receiver.object(), key);
-        if (_key)
-            _key->willChange(NSKeyValueChangeSetting, {});
+        if (!_key)
+            return;
+        const QPointer<QObject> object = receiver.object();
+        _key->willChange(NSKeyValueChangeSetting, {});
+        _isReceiverGone = !object;
     }
     ~SilentChange()
     {
@@ -72,6 +75,9 @@ public:
     }
     SilentChange(const SilentChange &) = delete;
     SilentChange &operator=(const SilentChange &) = delete;
+
+    /// Whether somebody who was told before has destroyed the object.
+    bool isReceiverGone() const { return _isReceiverGone; }
 
     /// The value was set. A setter that reported it itself has ended the change.
     void happened()
@@ -83,6 +89,7 @@ public:
 
 private:
     QPointer<ObservedKey> _key;
+    bool _isReceiverGone = false;
 };
 
 QMetaProperty propertyOfKey(const QMetaObject *metaObject, const QString &key)
@@ -99,6 +106,8 @@ bool setProperty(const KeyValueTarget &receiver, const QVariant &value, const QS
     if (receiver.kind != KeyValueTarget::Kind::Object)
         return property.writeOnGadget(const_cast<void *>(receiver.instance), typed);
     SilentChange change(receiver, property, key);
+    if (change.isReceiverGone())
+        return true;
     const bool isSet = property.write(receiver.object(), typed);
     if (isSet)
         change.happened();
@@ -137,6 +146,8 @@ bool callSetter(const KeyValueTarget &receiver, const QVariant &value, const QSt
     if (receiver.kind != KeyValueTarget::Kind::Object)
         return method.invokeOnGadget(const_cast<void *>(receiver.instance), argument);
     SilentChange change(receiver, propertyOfKey(receiver.metaObject, key), key);
+    if (change.isReceiverGone())
+        return true;
     const bool isSet = method.invoke(receiver.object(), Qt::DirectConnection, argument);
     if (isSet)
         change.happened();
@@ -150,6 +161,8 @@ bool setDynamicProperty(const KeyValueTarget &receiver, const QVariant &value, c
         !receiver.object()->dynamicPropertyNames().contains(name))
         return false;
     SilentChange change(receiver, QMetaProperty(), key);
+    if (change.isReceiverGone())
+        return true;
     receiver.object()->setProperty(name.constData(), value);
     change.happened();
     return true;
@@ -258,7 +271,7 @@ void setInVariant(QVariant &receiver, const QVariant &value, const QString &path
     if (isNothing || NSIsControllerMarker(receiver))
         return;
     const qsizetype dot = path.indexOf(u'.');
-    if (dot < 0) {
+    if (dot < 0 || KeyValueTarget::ofVariant(receiver).answersKeyPaths()) {
         NSKeyValueCoding::setValue(receiver, value, path);
         return;
     }
@@ -279,4 +292,42 @@ void NSKeyValueCoding::setValueForKeyPath(QObject *receiver, const KTValue &valu
 {
     QVariant object = QVariant::fromValue(receiver);
     setInVariant(object, value, path);
+}
+
+void NSKeyValueCoding::setValueForKeyPath(QVariant &receiver, const KTValue &value,
+                                          const KTText &path)
+{
+    setInVariant(receiver, value, path);
+}
+
+namespace {
+/// Asks an object's validateValue(); what has none takes everything.
+bool askForValidation(QObject *object, QVariant *value, const QString &key, NSError *error)
+{
+    const int index =
+        object->metaObject()->indexOfMethod("validateValue(QVariant*,QString,NSError*)");
+    const QMetaMethod method = object->metaObject()->method(index);
+    bool isValid = true;
+    if (method.isValid() && method.returnMetaType() == QMetaType::fromType<bool>())
+        method.invoke(object, Qt::DirectConnection, Q_RETURN_ARG(bool, isValid),
+                      Q_ARG(QVariant *, value), Q_ARG(QString, key), Q_ARG(NSError *, error));
+    return isValid;
+}
+} // namespace
+
+bool NSKeyValueCoding::validateValue(const QVariant &receiver, QVariant *value,
+                                     const KTText &forKeyPath, NSError *error)
+{
+    QVariant here = receiver;
+    QString path = forKeyPath;
+    for (qsizetype dot = path.indexOf(u'.'); dot >= 0; dot = path.indexOf(u'.')) {
+        if (KeyValueTarget::ofVariant(here).answersKeyPaths())
+            break;
+        here = valueForKey(here, path.left(dot));
+        path = path.mid(dot + 1);
+    }
+    const KeyValueTarget target = KeyValueTarget::ofVariant(here);
+    NSError ignored;
+    return target.kind != KeyValueTarget::Kind::Object ||
+           askForValidation(target.object(), value, path, error ? error : &ignored);
 }

@@ -5,6 +5,7 @@
 #include "KeyPath.h"
 #include "KeyValueTarget.h"
 #include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/Values/NSError.h>
 
 /// Reading and writing objects by the names of their properties.
 ///
@@ -66,4 +67,20 @@ void setValue(const T &receiver, const KTValue &value, const KTText &forKey)
 /// \throws NSException as setValueOfTarget().
 KTUTILITY_EXPORT void setValueForKeyPath(QObject *receiver, const KTValue &value,
                                          const KTText &path);
+/// The same for what the variant holds.
+KTUTILITY_EXPORT void setValueForKeyPath(QVariant &receiver, const KTValue &value,
+                                         const KTText &path);
+
+/// Asks the object at the end of a path whether a value may be set there. It says so in an
+/// invokable method, and every value is good where there is none:
+///
+/// \code
+/// Q_INVOKABLE bool validateValue(QVariant *value, const QString &key, NSError *error);
+/// \endcode
+///
+/// The method may put another value in place of the one that it is asked about.
+/// \param error receives why not; may be null.
+/// \throws NSException NSUndefinedKeyException if an object on the way lacks its key.
+KTUTILITY_EXPORT bool validateValue(const QVariant &receiver, QVariant *value,
+                                    const KTText &forKeyPath, NSError *error = nullptr);
 } // namespace NSKeyValueCoding

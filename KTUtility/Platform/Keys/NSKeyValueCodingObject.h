@@ -32,6 +32,10 @@ public:
     /// Sets the value of a key.
     /// \return false to have the object's properties looked at.
     virtual bool setValueForKey(const QVariant &value, const QString &key) = 0;
+    /// Whether the rest of a key path that leads to the object is one key for it: it is asked for
+    /// "next.name" then, and has to be observed by that, instead of being asked for "next". Not
+    /// unless overridden.
+    virtual bool answersKeyPaths() const;
     /// Somebody begins to observe a key that nobody observed.
     virtual void firstObserverCame(const QString &key);
     /// Nobody observes a key any more.

@@ -29,8 +29,10 @@ class KeyPathObserver;
 /// The observed object may be destroyed first; nothing is called then any more. Functions are
 /// called in the order in which observations were made. An observation that is made or ended while
 /// observers are notified of a change is not called for it. Observers are notified at once of what
-/// a function changes itself, so that the ones behind it see the newer value twice. For the main
-/// thread.
+/// a function changes itself, so that the ones behind it see the newer value twice. What a function
+/// raises passes to whoever reported the change with NSKeyValueObserving or set the value by key;
+/// out of a signal or event of Qt, which no exception may leave, it is written to the log, and the
+/// others are called all the same. For the main thread.
 ///
 /// \code
 /// const NSKeyValueObservation observation(

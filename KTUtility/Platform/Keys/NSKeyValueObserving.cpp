@@ -25,15 +25,25 @@ public:
     static void add(NSKeyValueObserver *observer, QObject *object, const QString &keyPath,
                     NSKeyValueObservingOptions options, const QString &context)
     {
-        auto tell = [observer, object, keyPath, context](const NSKeyValueChange &change) {
-            observer->observeValueForKeyPath(keyPath, object, change, context);
+        forgetDestroyedObjects(observer);
+        observer->_registrations.push_back(std::make_shared<Registration>());
+        // Only the observer keeps it, which may take it back or go in the first call.
+        const std::weak_ptr<Registration> added = observer->_registrations.back();
+        observer->_registrations.back()->keyPath = keyPath;
+        observer->_registrations.back()->object = object;
+        auto tell = [observer, object, keyPath, context, added](const NSKeyValueChange &change) {
+            if (!added.expired())
+                observer->observeValueForKeyPath(keyPath, object, change, context);
         };
-        // One whose object is destroyed is of no use any more.
-        observer->_registrations.remove_if([](const NSKeyValueObserver::Registration &known) {
-            return !known.observation.isActive();
-        });
-        NSKeyValueObservation observation(object, keyPath, options, std::move(tell));
-        observer->_registrations.push_back({keyPath, object, std::move(observation)});
+        try {
+            NSKeyValueObservation observation(object, keyPath, options, std::move(tell));
+            if (const auto registration = added.lock())
+                registration->begin(std::move(observation));
+        } catch (...) {
+            if (const auto registration = added.lock())
+                observer->_registrations.remove(registration);
+            throw;
+        }
     }
 
     /// \return false if there is none.
@@ -41,12 +51,22 @@ public:
     {
         auto &known = observer->_registrations;
         const auto found = std::find_if(known.rbegin(), known.rend(), [&](const auto &each) {
-            return each.object == object && each.keyPath == keyPath;
+            return each->object == object && each->keyPath == keyPath;
         });
         if (found == known.rend())
             return false;
         known.erase(std::next(found).base());
         return true;
+    }
+
+private:
+    using Registration = NSKeyValueObserver::Registration;
+
+    /// Registrations whose object is destroyed are of no use any more.
+    static void forgetDestroyedObjects(NSKeyValueObserver *observer)
+    {
+        observer->_registrations.remove_if(
+            [](const auto &known) { return known->hasBegun && !known->observation.isActive(); });
     }
 };
 } // namespace KTPrivate
@@ -59,10 +79,16 @@ void NSKeyValueObserving::addObserver(QObject *object, NSKeyValueObserver *obser
         KeyValueObserverAccess::add(observer, object, forKeyPath, options, context);
 }
 
+bool NSKeyValueObserving::removeObserverIfAdded(QObject *object, NSKeyValueObserver *observer,
+                                                const KTText &forKeyPath)
+{
+    return object && observer && KeyValueObserverAccess::remove(observer, object, forKeyPath);
+}
+
 void NSKeyValueObserving::removeObserver(QObject *object, NSKeyValueObserver *observer,
                                          const KTText &forKeyPath)
 {
-    if (!object || KeyValueObserverAccess::remove(observer, object, forKeyPath))
+    if (!object || removeObserverIfAdded(object, observer, forKeyPath))
         return;
     NSException::raise(
         NSRangeException,

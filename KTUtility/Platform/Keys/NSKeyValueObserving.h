@@ -7,6 +7,8 @@
 #include <QString>
 
 #include <list>
+#include <memory>
+#include <utility>
 
 namespace KTPrivate {
 class KeyValueObserverAccess;
@@ -34,12 +36,19 @@ private:
     friend class KTPrivate::KeyValueObserverAccess;
     struct Registration
     {
+        void begin(NSKeyValueObservation &&begun)
+        {
+            observation = std::move(begun);
+            hasBegun = true;
+        }
+
         QString keyPath;
         const QObject *object = nullptr;
         NSKeyValueObservation observation;
+        bool hasBegun = false;
     };
 
-    std::list<Registration> _registrations;
+    std::list<std::shared_ptr<Registration>> _registrations;
 };
 
 /// Observing values by key path, and notifying observers of changes that no signal reports.
@@ -52,7 +61,8 @@ private:
 /// \endcode
 namespace NSKeyValueObserving {
 /// Has an observer notified of changes; see NSKeyValueObservation. The same may be added several
-/// times, and is notified as often then.
+/// times, and is notified as often then. It may take itself back or be destroyed in any of the
+/// calls, the initial one included.
 /// \param context is handed to the observer, to distinguish its observations.
 /// \throws NSException as NSKeyValueObservation does.
 KTUTILITY_EXPORT void addObserver(QObject *object, NSKeyValueObserver *observer,
@@ -62,6 +72,10 @@ KTUTILITY_EXPORT void addObserver(QObject *object, NSKeyValueObserver *observer,
 /// \throws NSException NSRangeException if there was none.
 KTUTILITY_EXPORT void removeObserver(QObject *object, NSKeyValueObserver *observer,
                                      const KTText &forKeyPath);
+/// The same for whoever does not mind that there was none, as in a destructor.
+/// \return whether there was one.
+KTUTILITY_EXPORT bool removeObserverIfAdded(QObject *object, NSKeyValueObserver *observer,
+                                            const KTText &forKeyPath);
 
 // --- Explicit notices, for keys without NOTIFY signal, and to notify of a change before it
 

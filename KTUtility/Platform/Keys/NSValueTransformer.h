@@ -55,19 +55,30 @@ public:
     /// Makes a class of transformers known by name; see KT_REGISTER_VALUE_TRANSFORMER.
     static void registerClass(const QString &name,
                               const std::function<std::shared_ptr<NSValueTransformer>()> &make);
+    /// The same, and has a variant that holds a pointer to the very class understood where a
+    /// transformer is wanted.
+    template<typename Class>
+    static void registerClass(const QString &name)
+    {
+        using Given = std::shared_ptr<Class>;
+        using Wanted = std::shared_ptr<NSValueTransformer>;
+        if (!QMetaType::hasRegisteredConverterFunction<Given, Wanted>())
+            QMetaType::registerConverter<Given, Wanted>();
+        registerClass(name, [] { return std::make_shared<Class>(); });
+    }
 };
 
 /// A transformer in a variant, as the options of bindings hold it.
 Q_DECLARE_METATYPE(std::shared_ptr<NSValueTransformer>)
 
 /// Makes a class of transformers known by name, so that
-/// NSValueTransformer::valueTransformerForName() finds it. Write it once, in a source file, outside
+/// NSValueTransformer::valueTransformerForName() finds it, and its objects known as transformers
+/// where they stand in a variant as std::shared_ptr<ClassName>. Write it once, in a source file, outside
 /// of functions; the class has a constructor without arguments.
 #define KT_REGISTER_VALUE_TRANSFORMER(ClassName)                                                   \
     namespace {                                                                                    \
     [[maybe_unused]] const bool is##ClassName##Registered = [] {                                   \
-        NSValueTransformer::registerClass(QStringLiteral(#ClassName),                              \
-                                          [] { return std::make_shared<ClassName>(); });           \
+        NSValueTransformer::registerClass<ClassName>(QStringLiteral(#ClassName));                  \
         return true;                                                                               \
     }();                                                                                           \
     }

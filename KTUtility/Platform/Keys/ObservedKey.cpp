@@ -8,6 +8,7 @@
 #include <QMetaMethod>
 #include <QMetaProperty>
 #include <QThread>
+#include <QtDebug>
 
 #include <algorithm>
 #include <atomic>
@@ -46,9 +47,27 @@ int indexOfSlot(const char *name)
 {
     return ObservedKey::staticMetaObject.indexOfSlot(name);
 }
+
+/// Calls a function; what it raises is reported, and goes no further.
+template<typename Function>
+void guarded(const QString &key, const Function &function)
+{
+    try {
+        function();
+    } catch (const std::exception &failure) {
+        qCritical("*** exception in an observer of the key %s: %s", qUtf8Printable(key),
+                  failure.what());
+    } catch (...) {
+        qCritical("*** exception in an observer of the key %s", qUtf8Printable(key));
+    }
+}
 } // namespace
 
 NSKeyValueCodingObject::~NSKeyValueCodingObject() = default;
+bool NSKeyValueCodingObject::answersKeyPaths() const
+{
+    return false;
+}
 void NSKeyValueCodingObject::firstObserverCame(const QString &) {}
 void NSKeyValueCodingObject::lastObserverWent(const QString &) {}
 
@@ -137,83 +156,126 @@ void ObservedKey::connectTo(QObject *object)
     }
 }
 
-bool ObservedKey::eventFilter(QObject *, QEvent *event)
+/// The object may be destroyed by whoever is notified; Qt must not go on with it then.
+bool ObservedKey::eventFilter(QObject *watched, QEvent *event)
 {
+    const QPointer<QObject> object = watched;
     if (event->type() == QEvent::DynamicPropertyChange &&
         static_cast<QDynamicPropertyChangeEvent *>(event)->propertyName() == _key.toUtf8())
         notified();
-    return false;
+    return !object;
+}
+
+/// Where an observer's step is among the entries, or would be.
+std::vector<ObservedKey::Entry>::iterator ObservedKey::placeOf(quint64 serial, size_t step)
+{
+    const auto isBefore = [](const Entry &entry, const std::pair<quint64, size_t> &wanted) {
+        return std::pair(entry.serial, entry.step) < wanted;
+    };
+    return std::lower_bound(_entries.begin(), _entries.end(), std::pair(serial, step), isBefore);
 }
 
 void ObservedKey::insert(const Entry &entry)
 {
-    const auto isBefore = [](const Entry &left, const Entry &right) {
-        return left.observer->serial() < right.observer->serial();
-    };
-    _entries.insert(std::upper_bound(_entries.begin(), _entries.end(), entry, isBefore), entry);
+    const auto place = placeOf(entry.serial, entry.step);
+    const bool wasHere =
+        place != _entries.end() && place->serial == entry.serial && place->step == entry.step;
+    if (!wasHere) {
+        _entries.insert(place, entry);
+        return;
+    }
+    _gaps -= place->observer ? 0 : 1;
+    *place = entry;
 }
 
 void ObservedKey::add(KeyPathObserver *observer, size_t step)
 {
+    const Entry entry{observer, observer->serial(), step};
     if (_telling > 0)
-        _added.push_back({observer, step});
+        _added.push_back(entry);
     else
-        insert({observer, step});
+        insert(entry);
 }
 
 void ObservedKey::remove(KeyPathObserver *observer, size_t step)
 {
-    const auto isIt = [&](const Entry &entry) {
+    std::erase_if(_added, [&](const Entry &entry) {
         return entry.observer == observer && entry.step == step;
-    };
-    std::erase_if(_added, isIt);
-    for (Entry &entry : _entries) {
-        if (isIt(entry))
-            entry.observer = nullptr;
+    });
+    const auto place = placeOf(observer->serial(), step);
+    if (place != _entries.end() && place->observer == observer && place->step == step) {
+        place->observer = nullptr;
+        ++_gaps;
     }
-    _hasGaps = true;
+    goIfUnused();
+}
+
+void ObservedKey::goIfUnused()
+{
     if (_telling == 0)
         settle();
 }
 
 /// Takes in what changed while observers were notified. Without observers the key is destroyed, so
-/// that this is the last thing that any function does.
+/// that this is the last thing that any function does. Gaps stay as long as they are few, so that
+/// all observers are taken away in linear time.
 void ObservedKey::settle()
 {
-    if (std::exchange(_hasGaps, false))
-        std::erase_if(_entries, [](const Entry &entry) { return !entry.observer; });
     for (const Entry &entry : std::exchange(_added, {}))
         insert(entry);
+    if (2 * _gaps > _entries.size()) {
+        std::erase_if(_entries, [](const Entry &entry) { return !entry.observer; });
+        _gaps = 0;
+    }
     if (!_entries.empty())
         return;
     // Out of the table first: whoever begins to observe the key now begins anew.
     forget();
-    if (_object) {
-        if (NSKeyValueCodingObject *const coding = codingObject(_object))
-            coding->lastObserverWent(_key);
-    }
+    tellThatLastObserverWent();
     delete this;
 }
 
-void ObservedKey::tell(const NSKeyValueChange &change)
+void ObservedKey::tellThatLastObserverWent() const
+{
+    NSKeyValueCodingObject *const coding = _object ? codingObject(_object) : nullptr;
+    if (coding)
+        guarded(_key, [&] { coding->lastObserverWent(_key); });
+}
+
+void ObservedKey::tell(const NSKeyValueChange &change, Raised raised)
 {
     const Telling telling(this);
-    for (size_t index = 0; index < _entries.size(); ++index) {
-        const Entry entry = _entries[index];
-        if (entry.observer)
-            entry.observer->keyChanged(entry.step, change);
+    // What was added while observers were notified of another change is not among the entries yet.
+    const std::vector<Entry> added = _added;
+    for (size_t index = 0; index < _entries.size(); ++index)
+        tell(Entry(_entries[index]), change, raised);
+    for (const Entry &entry : added) {
+        if (std::find(_added.begin(), _added.end(), entry) != _added.end())
+            tell(entry, change, raised);
     }
 }
 
+void ObservedKey::tell(const Entry &entry, const NSKeyValueChange &change, Raised raised) const
+{
+    const auto tellIt = [&] { entry.observer->keyChanged(entry.step, change); };
+    if (entry.observer && raised == Raised::IsReported)
+        guarded(QString(_key), tellIt);
+    else if (entry.observer)
+        tellIt();
+}
+
+/// Called through Qt's signals and events, which no exception may leave.
 void ObservedKey::notified()
 {
     if (_changing == 0)
-        tell({});
+        tell({}, Raised::IsReported);
 }
 
 void ObservedKey::objectIsGone()
 {
     const Telling telling(this);
+    // Whoever observes another object at the same address does so anew.
+    forget();
     for (size_t index = 0; index < _entries.size(); ++index) {
         const Entry entry = _entries[index];
         if (entry.observer)
@@ -231,7 +293,7 @@ void ObservedKey::willChange(NSKeyValueChangeKind kind, const QList<qsizetype> &
 {
     ++_changing;
     try {
-        tell({kind, {}, {}, indexes, true});
+        tell({kind, {}, {}, indexes, true}, Raised::Passes);
     } catch (...) {
         // What an observer raises ends the change before it began.
         cancelChange();
@@ -248,5 +310,5 @@ void ObservedKey::didChange(NSKeyValueChangeKind kind, const QList<qsizetype> &i
 {
     _changing = std::max(0, _changing - 1);
     if (_changing == 0)
-        tell({kind, {}, {}, indexes, false});
+        tell({kind, {}, {}, indexes, false}, Raised::Passes);
 }

@@ -33,6 +33,8 @@ public:
     /// \param step which key of the observer's path it is.
     void add(KeyPathObserver *observer, size_t step);
     void remove(KeyPathObserver *observer, size_t step);
+    /// Destroys the key if nobody observes it.
+    void goIfUnused();
 
     /// Announces a change; until didChange(), the property's signal says nothing.
     void willChange(NSKeyValueChangeKind kind, const QList<qsizetype> &indexes);
@@ -51,27 +53,36 @@ private Q_SLOTS:
 private:
     struct Entry
     {
-        KeyPathObserver *observer = nullptr; // null: removed during a notification
+        KeyPathObserver *observer = nullptr; // null: removed
+        quint64 serial = 0;
         size_t step = 0;
+
+        friend bool operator==(const Entry &, const Entry &) = default;
     };
+    /// What becomes of the exceptions of observers.
+    enum class Raised { Passes, IsReported };
     class Telling;
 
     ObservedKey(QObject *object, const QString &key);
     void connectTo(QObject *object);
     void forget();
+    std::vector<Entry>::iterator placeOf(quint64 serial, size_t step);
     void insert(const Entry &entry);
-    void tell(const NSKeyValueChange &change);
+    void tell(const NSKeyValueChange &change, Raised raised);
+    void tell(const Entry &entry, const NSKeyValueChange &change, Raised raised) const;
+    void tellThatLastObserverWent() const;
     void settle();
 
     QPointer<QObject> _object;
     const QObject *_address;
     QString _key;
     quint64 _serial;
+    // In the order of the observers' serials.
     std::vector<Entry> _entries;
+    size_t _gaps = 0;
     // What was added during a notification.
     std::vector<Entry> _added;
     int _telling = 0;
     int _changing = 0;
-    bool _hasGaps = false;
 };
 } // namespace KTPrivate

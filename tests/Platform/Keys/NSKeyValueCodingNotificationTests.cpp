@@ -180,4 +180,19 @@ TEST(NSKeyValueCodingNotification, AnObserverThatRaisesMutesNothing)
     EXPECT_EQ(told, 2);
 }
 
+TEST(NSKeyValueCodingNotification, TheObjectMayGoBeforeTheChange)
+{
+    for (const char16_t *const key : {u"silent", u"extra"}) {
+        auto record = std::make_unique<ObservedRecord>();
+        record->setProperty("extra", 1);
+        const NSKeyValueObservation observation(record.get(), QString::fromUtf16(key), All,
+                                                [&](const NSKeyValueChange &change) {
+                                                    if (change.isPrior)
+                                                        record.reset();
+                                                });
+        setValue(record.get(), 2, key);
+        EXPECT_FALSE(record);
+    }
+}
+
 #include "NSKeyValueCodingNotificationTests.moc"

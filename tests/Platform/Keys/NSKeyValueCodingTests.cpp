@@ -265,3 +265,16 @@ TEST(NSKeyValueCoding, ListsSetEveryElement)
     setValue(list, 5, u"size"_s);
     EXPECT_EQ(one.size() + two.size(), 10);
 }
+
+TEST(NSKeyValueCoding, OperatorsJoinTheElementsCollections)
+{
+    const QVariant lists =
+        QVariantList{QVariantMap{{u"tags"_s, QVariantList{1, 2}}},
+                     QVariantMap{{u"tags"_s, QVariantList{2, 3}}}, QVariantMap{{u"other"_s, 5}}};
+    EXPECT_EQ(NSKeyValueCoding::valueForKeyPath(lists, u"@unionOfArrays.tags"),
+              QVariant(QVariantList({1, 2, 2, 3})));
+    for (const char16_t *const path :
+         {u"@distinctUnionOfArrays.tags", u"@distinctUnionOfSets.tags"})
+        EXPECT_EQ(NSKeyValueCoding::valueForKeyPath(lists, path),
+                  QVariant(QVariantList({1, 2, 3})));
+}

@@ -8,6 +8,9 @@
 #include "support/ObservedModel.h"
 #include "support/TestSupport.h"
 
+#include <functional>
+#include <memory>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -497,4 +500,104 @@ TEST(NSKeyValueObservation, ObservingNothingIsHarmless)
     empty.invalidate();
     NSKeyValueObserving::didChangeValueForKey(nullptr, q(u"a"));
     NSKeyValueObserving::didChangeAllValues(nullptr);
+}
+
+TEST(NSKeyValueObservation, TheObjectOfADynamicPropertyMayGoInsideOfANotification)
+{
+    testing_support::needApplication();
+    for (const bool isOnAPath : {false, true}) {
+        ObservedRecord record;
+        auto object = std::make_unique<QObject>();
+        object->setProperty("x", 1);
+        record.setAny(QVariant::fromValue(object.get()));
+        QObject *const root = isOnAPath ? &record : object.get();
+        const NSKeyValueObservation first(root, isOnAPath ? q(u"any.x") : q(u"x"), Both,
+                                          [&](const NSKeyValueChange &) {
+                                              if (object)
+                                                  object.reset();
+                                          });
+        Recorder second(object.get(), q(u"x"));
+        object->setProperty("x", 2);
+        EXPECT_FALSE(object);
+        EXPECT_FALSE(second.isActive());
+        record.setAny({});
+    }
+}
+
+TEST(NSKeyValueObservation, NoExceptionLeavesASignal)
+{
+    testing_support::needApplication();
+    ObservedRecord record;
+    int value = 1;
+    record.setProperty("x", value);
+    for (const QString &key : {q(u"number"), q(u"x")}) {
+        const NSKeyValueObservation platform(&record, key, 0, [](const NSKeyValueChange &) {
+            NSException::raise(NSRangeException, q(u"raised"));
+        });
+        const NSKeyValueObservation other(&record, key, 0,
+                                          [](const NSKeyValueChange &) { throw 5; });
+        Recorder recorder(&record, key);
+        const QString output = testing_support::standardErrorOf([&] {
+            EXPECT_NO_THROW(record.setNumber(++value));
+            EXPECT_NO_THROW(record.setProperty("x", value));
+        });
+        EXPECT_TRUE(output.contains(u"raised"));
+        EXPECT_EQ(recorder.told().size(), 1);
+    }
+}
+
+TEST(NSKeyValueObservation, WhatIsObservedInsideOfANotificationIsToldOfTheNextChange)
+{
+    ObservedRecord record;
+    std::unique_ptr<Recorder> late;
+    const NSKeyValueObservation observation(
+        &record, q(u"number"), 0, [&](const NSKeyValueChange &) {
+            if (late)
+                return;
+            late = std::make_unique<Recorder>(&record, q(u"number"));
+            record.setNumber(2);
+        });
+    record.setNumber(1);
+    ASSERT_TRUE(late);
+    EXPECT_EQ(late->told(), words(u"1>2"));
+    record.setNumber(3);
+    EXPECT_EQ(late->told(), words(u"2>3"));
+}
+
+TEST(NSKeyValueObservation, GettersMayLeadToOtherObjects)
+{
+    // Reading the middle of the path replaces it, once.
+    class Shifting : public QObject, public NSKeyValueCodingObject
+    {
+    public:
+        std::optional<QVariant> valueForKey(const QString &) const override
+        {
+            if (action)
+                std::exchange(action, nullptr)();
+            return QVariant::fromValue(next);
+        }
+        bool setValueForKey(const QVariant &, const QString &) override { return false; }
+        void *qt_metacast(const char *name) override
+        {
+            if (qstrcmp(name, qobject_interface_iid<NSKeyValueCodingObject *>()) == 0)
+                return static_cast<NSKeyValueCodingObject *>(this);
+            return QObject::qt_metacast(name);
+        }
+        ObservedRecord *next = nullptr;
+        mutable std::function<void()> action;
+    } object;
+    ObservedRecord first(q(u"first")), second(q(u"second"));
+    object.next = &first;
+    auto recorder = std::make_unique<Recorder>(&object, q(u"next.name"));
+    object.action = [&] {
+        object.next = &second;
+        NSKeyValueObserving::didChangeValueForKey(&object, q(u"next"));
+    };
+    NSKeyValueObserving::didChangeValueForKey(&object, q(u"next"));
+    EXPECT_EQ(first.receivers(SIGNAL(nameChanged())), 0);
+    EXPECT_EQ(second.receivers(SIGNAL(nameChanged())), 1);
+    // And one that ends the observation leaves nothing behind.
+    object.action = [&] { recorder->invalidate(); };
+    NSKeyValueObserving::didChangeValueForKey(&object, q(u"next"));
+    EXPECT_EQ(second.receivers(SIGNAL(nameChanged())), 0);
 }

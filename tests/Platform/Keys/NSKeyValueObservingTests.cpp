@@ -93,3 +93,62 @@ TEST(NSKeyValueObserving, UnknownKeysRaiseAndRegisterNothing)
     NSKeyValueObserving::addObserver(&record, nullptr, Number, 0);
     EXPECT_EQ(record.receivers(SIGNAL(numberChanged())), 0);
 }
+
+TEST(NSKeyValueObserving, ObserversMayGoInTheInitialCall)
+{
+    class Fleeting : public NSKeyValueObserver
+    {
+    public:
+        void observeValueForKeyPath(const QString &keyPath, QObject *ofObject,
+                                    const NSKeyValueChange &, const QString &) override
+        {
+            ++calls;
+            if (isDeleted)
+                delete this;
+            else
+                NSKeyValueObserving::removeObserver(ofObject, this, keyPath);
+        }
+        bool isDeleted = false;
+        int calls = 0;
+    };
+    ObservedRecord record;
+    auto *const deleted = new Fleeting;
+    deleted->isDeleted = true;
+    NSKeyValueObserving::addObserver(&record, deleted, Number, NSKeyValueObservingOptionInitial);
+    EXPECT_EQ(record.receivers(SIGNAL(numberChanged())), 0);
+    Fleeting removed;
+    NSKeyValueObserving::addObserver(&record, &removed, Number, NSKeyValueObservingOptionInitial);
+    EXPECT_EQ(record.receivers(SIGNAL(numberChanged())), 0);
+    record.setNumber(5);
+    EXPECT_EQ(removed.calls, 1);
+    EXPECT_THROW(NSKeyValueObserving::removeObserver(&record, &removed, Number), NSException);
+}
+
+TEST(NSKeyValueObserving, WhatRaisesInTheInitialCallIsNotRegistered)
+{
+    class Raising : public NSKeyValueObserver
+    {
+    public:
+        void observeValueForKeyPath(const QString &, QObject *, const NSKeyValueChange &,
+                                    const QString &) override
+        {
+            NSException::raise(NSRangeException, u"no"_s);
+        }
+    } observer;
+    ObservedRecord record;
+    EXPECT_THROW(NSKeyValueObserving::addObserver(&record, &observer, Number,
+                                                  NSKeyValueObservingOptionInitial),
+                 NSException);
+    EXPECT_EQ(record.receivers(SIGNAL(numberChanged())), 0);
+    EXPECT_FALSE(NSKeyValueObserving::removeObserverIfAdded(&record, &observer, Number));
+}
+
+TEST(NSKeyValueObserving, TakingBackMayBeAskedFor)
+{
+    ObservedRecord record;
+    Observer observer;
+    NSKeyValueObserving::addObserver(&record, &observer, Number, 0);
+    EXPECT_TRUE(NSKeyValueObserving::removeObserverIfAdded(&record, &observer, Number));
+    EXPECT_FALSE(NSKeyValueObserving::removeObserverIfAdded(&record, &observer, Number));
+    EXPECT_FALSE(NSKeyValueObserving::removeObserverIfAdded(nullptr, &observer, Number));
+}
