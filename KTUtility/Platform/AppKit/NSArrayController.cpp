@@ -3,7 +3,9 @@
 #include "SelectionProxy_p.h"
 
 #include <KTUtility/Platform/Keys/NSCollections.h>
+#include <KTUtility/Platform/Values/ValueHash_p.h>
 
+#include <QHash>
 #include <QPointer>
 
 #include <algorithm>
@@ -14,72 +16,99 @@ using namespace KTPrivate;
 NSArrayController::NSArrayController() : _selection(std::make_unique<SelectionProxy>()) {}
 NSArrayController::~NSArrayController() = default;
 
+namespace {
+/// Where some objects are among others. Of equal ones, as many as are wanted: the first, or the
+/// last.
+QList<qsizetype> indexesOf(const QVariantList &objects, const QVariantList &among, bool areLast)
+{
+    NSSet wanted;
+    QHash<size_t, int> left;
+    for (const QVariant &object : objects) {
+        wanted.addObject(object);
+        ++left[hashOf(object)];
+    }
+    QList<qsizetype> indexes;
+    for (qsizetype step = 0; step < among.size(); ++step) {
+        const qsizetype index = areLast ? among.size() - 1 - step : step;
+        if (wanted.contains(among.at(index)) && left[hashOf(among.at(index))]-- > 0)
+            indexes += index;
+    }
+    std::sort(indexes.begin(), indexes.end());
+    return indexes;
+}
+} // namespace
+
+/// The objects of a content that are shown. What the filter raises leaves everything as it was.
+QVariantList NSArrayController::arranged(const QVariantList &content,
+                                         const NSPredicate &filter) const
+{
+    QVariantList shown;
+    for (const QVariant &object : content) {
+        if (filter.isNil() || filter.evaluateWithObject(object))
+            shown += object;
+    }
+    return NSSortDescriptor::sorted(shown, _sortDescriptors);
+}
+
 void NSArrayController::setContent(const QVariantList &content)
 {
-    const QVariantList selected = selectedObjects();
-    _content = content;
-    tellContent(selected);
+    replaceContent(content, selectedObjects(), Equal::First);
 }
 
 void NSArrayController::addObject(const QVariant &object)
 {
-    _content.append(object);
-    tellContent({object});
+    QVariantList content = _content;
+    content.append(object);
+    replaceContent(content, {object}, Equal::Last);
 }
 
 void NSArrayController::removeObject(const QVariant &object)
 {
-    const QVariantList selected = selectedObjects();
-    _content.removeIf([&](const QVariant &each) { return NSObject::isEqual(each, object); });
-    tellContent(selected);
+    QVariantList content = _content;
+    content.removeIf([&](const QVariant &each) { return NSObject::isEqual(each, object); });
+    replaceContent(content, selectedObjects(), Equal::First);
 }
 
-/// Notifies of the content, and shows it. Whoever is notified may delete this object, here and
-/// below.
-void NSArrayController::tellContent(const QVariantList &selected)
+/// Notifies of the content, and shows it. Whoever is notified may delete this object, or change the
+/// content once more, here and below.
+void NSArrayController::replaceContent(const QVariantList &content, const QVariantList &selected,
+                                       Equal which)
 {
+    const QVariantList shown = arranged(content, _filterPredicate);
+    const quint64 turn = ++_turn;
+    _content = content;
     const QPointer<NSArrayController> self = this;
     Q_EMIT contentChanged();
     if (self)
-        rearrangeAndSelect(selected);
+        show(turn == _turn ? shown : arranged(_content, _filterPredicate), selected, which);
 }
 
 void NSArrayController::setFilterPredicate(const NSPredicate &predicate)
 {
+    const QVariantList shown = arranged(_content, predicate);
+    ++_turn;
     _filterPredicate = predicate;
-    rearrangeObjects();
+    show(shown, selectedObjects(), Equal::First);
 }
 
 void NSArrayController::setSortDescriptors(const QList<NSSortDescriptor> &descriptors)
 {
+    ++_turn;
     _sortDescriptors = descriptors;
     rearrangeObjects();
 }
 
 void NSArrayController::rearrangeObjects()
 {
-    rearrangeAndSelect(selectedObjects());
+    show(arranged(_content, _filterPredicate), selectedObjects(), Equal::First);
 }
 
-/// Filters and sorts, and selects those of some objects that are shown.
-void NSArrayController::rearrangeAndSelect(const QVariantList &selected)
+/// Shows some objects, and selects those that are among them.
+void NSArrayController::show(const QVariantList &objects, const QVariantList &selected, Equal which)
 {
-    QVariantList shown;
-    for (const QVariant &object : std::as_const(_content)) {
-        if (_filterPredicate.isNil() || _filterPredicate.evaluateWithObject(object))
-            shown += object;
-    }
-    _arrangedObjects = NSSortDescriptor::sorted(shown, _sortDescriptors);
-    NSSet wanted;
-    for (const QVariant &object : selected)
-        wanted.addObject(object);
-    QList<qsizetype> indexes;
-    for (qsizetype index = 0; index < _arrangedObjects.size(); ++index) {
-        if (wanted.contains(_arrangedObjects.at(index)))
-            indexes += index;
-    }
     // Whoever is notified of one finds the other as it will be.
-    _selectionIndexes = indexes;
+    _arrangedObjects = objects;
+    _selectionIndexes = indexesOf(selected, objects, which == Equal::Last);
     const QPointer<NSArrayController> self = this;
     Q_EMIT arrangedObjectsChanged();
     if (self)

@@ -20,8 +20,12 @@ class SelectionProxy;
 /// Bind tables to "arrangedObjects", details to "selection" and a key: "selection.name" is the
 /// value of the selected object. It is a marker if nothing is selected, if several objects with
 /// different values are, or if one lacks the key; setting it sets all selected objects, and is
-/// notified once. The selected objects' keys and all other properties can be observed; "selection"
-/// by itself is always the same object. The objects are not owned; take them out of the content
+/// notified once. "selection.library.name" compares and sets the values at the end of the path.
+/// While the selected objects have several values, changes that leave it at that are not notified
+/// of. "selection.@count" says how many are selected. The selected objects' keys and all other
+/// properties can be observed, but not what an operator makes of the elements of
+/// "arrangedObjects" and "content": that is notified of with the list. "selection" by itself is
+/// always the same object. The objects are not owned; take them out of the content
 /// before they are destroyed. For the main thread.
 ///
 /// \code
@@ -57,7 +61,7 @@ public:
 
     /// The objects that fulfil the filter, in the order of the sort descriptors.
     const QVariantList &arrangedObjects() const { return _arrangedObjects; }
-    /// Which objects are shown; nil shows all.
+    /// Which objects are shown; nil shows all. If it raises for one of them, nothing changes.
     void setFilterPredicate(const NSPredicate &predicate);
     /// The order; without any, it is that of the content.
     void setSortDescriptors(const QList<NSSortDescriptor> &descriptors);
@@ -92,8 +96,12 @@ Q_SIGNALS:
     void selectionChanged();
 
 private:
-    void tellContent(const QVariantList &selected);
-    void rearrangeAndSelect(const QVariantList &selected);
+    /// Which of several equal objects are selected.
+    enum class Equal { First, Last };
+
+    QVariantList arranged(const QVariantList &content, const NSPredicate &filter) const;
+    void replaceContent(const QVariantList &content, const QVariantList &selected, Equal which);
+    void show(const QVariantList &objects, const QVariantList &selected, Equal which);
     void tellSelection();
 
     QVariantList _content;
@@ -101,5 +109,6 @@ private:
     NSPredicate _filterPredicate;
     QList<NSSortDescriptor> _sortDescriptors;
     QList<qsizetype> _selectionIndexes;
+    quint64 _turn = 0; ///< changes with the content and how it is arranged
     std::unique_ptr<KTPrivate::SelectionProxy> _selection;
 };

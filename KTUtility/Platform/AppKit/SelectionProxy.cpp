@@ -6,44 +6,72 @@
 #include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
 #include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/Platform/Values/ValueHash_p.h>
 
 #include <QPointer>
 
+#include <algorithm>
 #include <utility>
 
 using namespace KTPrivate;
 
 namespace {
 /// The value that all of the objects have; a marker if they have not one.
-QVariant commonValue(const QVariantList &objects, const QString &key)
+QVariant commonValue(const QVariantList &objects, const QString &path)
 {
+    KeyPath reader(path);
     QVariant common;
     for (qsizetype index = 0; index < objects.size(); ++index) {
-        const QVariant value = NSKeyValueCoding::valueForKey(objects.at(index), key);
+        const QVariant value = reader.read(KeyValueTarget::ofVariant(objects.at(index)));
         if (index > 0 && !NSObject::isEqual(value, common))
             return NSMultipleValuesMarker();
         common = value;
     }
     return common;
 }
+
+/// Whether a path is about the objects as a collection ("@count").
+bool isOperator(const QString &path)
+{
+    return path.startsWith(u'@');
+}
+
+/// The path that an operator is applied to, else the path itself.
+QString pathOfElements(const QString &path)
+{
+    return isOperator(path) ? path.section(u'.', 1) : path;
+}
 } // namespace
+
+void SelectionProxy::Watch::setValue(size_t index, const QVariant &value)
+{
+    const auto known = counts.find(hashes[index]);
+    if (known != counts.end() && --*known == 0)
+        counts.erase(known);
+    hashes[index] = hashOf(value);
+    ++counts[hashes[index]];
+}
 
 void SelectionProxy::setObjects(const QVariantList &objects)
 {
     _objects = objects;
-    for (auto &[key, observations] : _observations) {
-        observations.clear();
-        observe(key);
+    QStringList keys;
+    for (const auto &each : _watches)
+        keys += each.first;
+    for (const QString &key : std::as_const(keys)) {
+        if (_watches.contains(key))
+            observe(key);
     }
     NSKeyValueObserving::didChangeAllValues(this);
 }
 
 std::optional<QVariant> SelectionProxy::valueForKey(const QString &key) const
 {
-    if (_objects.isEmpty())
+    if (_objects.isEmpty() && key != u"@count")
         return NSNoSelectionMarker();
     try {
-        return commonValue(_objects, key);
+        return isOperator(key) ? NSKeyValueCoding::valueForKeyPath(QVariant(_objects), key)
+                               : commonValue(_objects, key);
     } catch (const NSException &) {
         return NSNotApplicableMarker();
     }
@@ -56,7 +84,7 @@ bool SelectionProxy::setValueForKey(const QVariant &value, const QString &key)
     ++_setting;
     try {
         for (QVariant &object : objects)
-            NSKeyValueCoding::setValue(object, value, key);
+            NSKeyValueCoding::setValueForKeyPath(object, value, key);
     } catch (...) {
         if (self)
             finishSetting();
@@ -80,37 +108,64 @@ void SelectionProxy::finishSetting()
     }
 }
 
-void SelectionProxy::valueHasChanged(const QString &key)
+void SelectionProxy::valueHasChanged(const QString &key, bool isNews)
 {
-    if (_setting == 0)
+    if (_setting == 0 && isNews)
         NSKeyValueObserving::didChangeValueForKey(this, key);
-    else if (!_changedWhileSetting.contains(key))
+    else if (_setting > 0 && !_changedWhileSetting.contains(key))
         _changedWhileSetting += key;
+}
+
+bool SelectionProxy::validateValue(QVariant *value, const QString &key, NSError *error)
+{
+    const QVariantList objects = _objects;
+    return std::all_of(objects.begin(), objects.end(), [&](const QVariant &object) {
+        return NSKeyValueCoding::validateValue(object, value, key, error);
+    });
 }
 
 void SelectionProxy::firstObserverCame(const QString &key)
 {
-    _observations[key].clear();
     observe(key);
 }
 
 void SelectionProxy::lastObserverWent(const QString &key)
 {
-    _observations.erase(key);
+    _watches.erase(key);
 }
 
 /// Listens to a key of each object that has it.
 void SelectionProxy::observe(const QString &key)
 {
-    const auto tell = [this, key](const NSKeyValueChange &) { valueHasChanged(key); };
-    for (const QVariant &each : std::as_const(_objects)) {
-        const KeyValueTarget target = KeyValueTarget::ofVariant(each);
-        if (target.kind != KeyValueTarget::Kind::Object)
-            continue;
-        try {
-            _observations[key].emplace_back(target.object(), key, 0, tell);
-        } catch (const NSException &) {
-            // It lacks the key, and the value is a marker.
-        }
+    const QVariantList objects = _objects;
+    const auto watch = std::make_shared<Watch>();
+    watch->hashes.resize(size_t(objects.size()));
+    _watches[key] = watch;
+    for (qsizetype index = 0; index < objects.size(); ++index)
+        observe(objects.at(index), size_t(index), key, watch);
+}
+
+void SelectionProxy::observe(const QVariant &object, size_t index, const QString &key,
+                             const std::shared_ptr<Watch> &watch)
+{
+    const QString path = pathOfElements(key);
+    const auto tell = [this, key, index,
+                       watched = std::weak_ptr(watch)](const NSKeyValueChange &change) {
+        const std::shared_ptr<Watch> known = watched.lock();
+        if (!known)
+            return;
+        const bool hadSeveral = known->hasSeveralValues();
+        known->setValue(index, change.newValue.value_or(QVariant()));
+        valueHasChanged(key, isOperator(key) || !hadSeveral || !known->hasSeveralValues());
+    };
+    const KeyValueTarget target = KeyValueTarget::ofVariant(object);
+    try {
+        if (!path.isEmpty())
+            watch->setValue(index, KeyPath(path).read(target));
+        if (!path.isEmpty() && target.kind == KeyValueTarget::Kind::Object)
+            watch->observations.emplace_back(target.object(), path, NSKeyValueObservingOptionNew,
+                                             tell);
+    } catch (const NSException &) {
+        // It lacks the key, and the value is a marker.
     }
 }

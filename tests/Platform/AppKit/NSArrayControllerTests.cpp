@@ -4,10 +4,14 @@
 #include <KTUtility/NSException>
 #include <KTUtility/NSKeyValueCoding>
 #include <KTUtility/NSKeyValueObservation>
+#include <KTUtility/NSKeyValueObserving>
 
 #include "Bindings/BinderSupport.h"
 #include "support/ObservedModel.h"
 #include "support/TestSupport.h"
+
+#include <memory>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -38,6 +42,31 @@ protected:
 };
 
 const QString Number = u"number"_s;
+
+/// Counts how often it is read.
+class Counted : public QObject, public NSKeyValueCodingObject
+{
+public:
+    std::optional<QVariant> valueForKey(const QString &) const override
+    {
+        ++reads;
+        return name;
+    }
+    bool setValueForKey(const QVariant &value, const QString &key) override
+    {
+        name = value.toString();
+        NSKeyValueObserving::didChangeValueForKey(this, key);
+        return true;
+    }
+    void *qt_metacast(const char *iid) override
+    {
+        if (qstrcmp(iid, qobject_interface_iid<NSKeyValueCodingObject *>()) == 0)
+            return static_cast<NSKeyValueCodingObject *>(this);
+        return QObject::qt_metacast(iid);
+    }
+    QString name = QStringLiteral("a");
+    inline static int reads = 0;
+};
 } // namespace
 
 TEST_F(NSArrayControllerTests, RunsItsExample)
@@ -84,8 +113,9 @@ TEST_F(NSArrayControllerTests, MarkersAnswerWhatLiesBehindThem)
     controller.setSelectionIndexes({0, 1});
     EXPECT_EQ(selection(u"next.name"), NSMultipleValuesMarker());
     EXPECT_EQ(view.value(), QVariant(u"N"_s));
-    view.type(u"lost"_s);
-    EXPECT_EQ(next.name(), u"N"_s);
+    // Where there is no object on the way, nothing is set.
+    view.type(u"typed"_s);
+    EXPECT_EQ(next.name(), u"typed"_s);
 }
 
 TEST_F(NSArrayControllerTests, SettingTheSelectionIsToldOnce)
@@ -213,4 +243,115 @@ TEST_F(NSArrayControllerTests, MapsAreObjectsToo)
     EXPECT_EQ(selection(u"name"), QVariant(1));
     controller.setSelectionIndexes({0, 1});
     EXPECT_EQ(selection(u"name"), NSMultipleValuesMarker());
+}
+
+TEST_F(NSArrayControllerTests, PathsBehindTheSelectionAreComparedAtTheirEnd)
+{
+    ObservedRecord first(u"same"_s), second(u"same"_s);
+    ada.setNext(&first);
+    bob.setNext(&second);
+    controller.setSelectionIndexes({0, 1});
+    EXPECT_EQ(selection(u"next.name"), QVariant(u"same"_s));
+    BoundView view;
+    view.bind(NSValueBinding, &controller, u"selection.next.name"_s, {});
+    EXPECT_EQ(view.value(), QVariant(u"same"_s));
+    view.type(u"typed"_s);
+    EXPECT_EQ(first.name() + second.name(), u"typedtyped"_s);
+    // The ends of the paths are followed, and the objects on the way.
+    first.setName(u"other"_s);
+    EXPECT_EQ(selection(u"next.name"), NSMultipleValuesMarker());
+    second.setName(u"other"_s);
+    EXPECT_EQ(view.value(), QVariant(u"other"_s));
+    bob.setNext(&first);
+    first.setName(u"both"_s);
+    EXPECT_EQ(view.value(), QVariant(u"both"_s));
+    ada.setNext(nullptr);
+    EXPECT_EQ(selection(u"next.name"), NSMultipleValuesMarker());
+    controller.setSelectionIndexes({1});
+    view.type(u"one"_s);
+    EXPECT_EQ(first.name(), u"one"_s);
+    EXPECT_EQ(selection(u"next.nothing"), NSNotApplicableMarker());
+    view.unbind(NSValueBinding);
+    for (const ObservedRecord *const each : {&ada, &bob, &cay})
+        EXPECT_EQ(each->receivers(SIGNAL(nextChanged())), 0);
+    EXPECT_EQ(first.receivers(SIGNAL(nameChanged())) + second.receivers(SIGNAL(nameChanged())), 0);
+}
+
+TEST_F(NSArrayControllerTests, TheSelectionCanBeCounted)
+{
+    EXPECT_EQ(selection(u"@count"), QVariant(0));
+    EXPECT_EQ(selection(u"@sum.number"), NSNoSelectionMarker());
+    BoundView count, sum;
+    count.bind(NSValueBinding, &controller, u"selection.@count"_s, {});
+    sum.bind(NSValueBinding, &controller, u"selection.@sum.number"_s, {});
+    controller.setSelectionIndexes({0, 1});
+    EXPECT_EQ(count.value().toInt(), 2);
+    EXPECT_EQ(sum.value().toInt(), 4);
+    bob.setNumber(10);
+    EXPECT_EQ(sum.value().toInt(), 13);
+}
+
+TEST(NSArrayController, ManyChangesOfManySelectedRecordsAreToldOnce)
+{
+    constexpr int Count = 3'000;
+    std::vector<std::unique_ptr<Counted>> records;
+    QVariantList content;
+    QList<qsizetype> indexes;
+    for (int index = 0; index < Count; ++index) {
+        records.push_back(std::make_unique<Counted>());
+        content += QVariant::fromValue<QObject *>(records.back().get());
+        indexes += index;
+    }
+    NSArrayController controller;
+    controller.setContent(content);
+    controller.setSelectionIndexes(indexes);
+    int told = 0;
+    QVariant last;
+    const NSKeyValueObservation observation(&controller, u"selection.name",
+                                            NSKeyValueObservingOptionNew,
+                                            [&](const NSKeyValueChange &change) {
+                                                ++told;
+                                                last = *change.newValue;
+                                            });
+    Counted::reads = 0;
+    for (const auto &record : records)
+        NSKeyValueCoding::setValue(record.get(), u"b"_s, u"name");
+    // The first makes them differ, the last makes them one again.
+    EXPECT_EQ(told, 2);
+    EXPECT_EQ(last, QVariant(u"b"_s));
+    EXPECT_LT(Counted::reads, 10 * Count);
+    for (int index = 0; index < Count; ++index)
+        NSKeyValueCoding::setValue(records[size_t(index)].get(), QString::number(index), u"name");
+    EXPECT_EQ(told, 3);
+    EXPECT_EQ(last, NSMultipleValuesMarker());
+    EXPECT_LT(Counted::reads, 20 * Count);
+}
+
+TEST(NSArrayController, EqualValuesAreSelectedAsManyAsWere)
+{
+    NSArrayController controller;
+    controller.setContent({1, 1, 2});
+    controller.setSelectionIndexes({0});
+    controller.rearrangeObjects();
+    EXPECT_EQ(controller.selectionIndexes(), QList<qsizetype>{0});
+    controller.addObject(2);
+    EXPECT_EQ(controller.selectionIndexes(), QList<qsizetype>{3});
+    controller.setSelectionIndexes({2, 3});
+    controller.setContent({2, 1, 2, 2});
+    EXPECT_EQ(controller.selectionIndexes(), QList<qsizetype>({0, 2}));
+}
+
+TEST_F(NSArrayControllerTests, AFilterThatRaisesChangesNothing)
+{
+    EXPECT_THROW(controller.setFilterPredicate(NSPredicate::predicateWithFormat(u"nothing == 1")),
+                 NSException);
+    EXPECT_EQ(shown(), u"ABC"_s);
+    controller.setFilterPredicate(NSPredicate::predicateWithFormat(u"number == 3"));
+    QObject bare;
+    EXPECT_THROW(controller.addObject(QVariant::fromValue(&bare)), NSException);
+    EXPECT_THROW(controller.setContent({QVariant::fromValue(&bare)}), NSException);
+    EXPECT_EQ(shown(), u"AC"_s);
+    EXPECT_EQ(controller.content().size(), 3);
+    controller.addObject(boxed(ada));
+    EXPECT_EQ(shown(), u"ACA"_s);
 }
