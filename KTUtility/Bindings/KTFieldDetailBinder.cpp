@@ -1,10 +1,13 @@
 #include "KTFieldDetailBinder.h"
 
+#include "FieldDetailOwner_p.h"
+#include "FieldDetails_p.h"
+#include "FirstFailure_p.h"
 #include "KTPropertyBinder.h"
 
 #include <KTUtility/Platform/AppKit/NSKeyValueBinding.h>
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
-#include <KTUtility/Platform/Keys/Invoker.h>
+#include <KTUtility/Platform/Diagnostics/NSLog.h>
 #include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
@@ -18,14 +21,6 @@ using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr const char *Create = "createNewFieldDetailObjectForField:";
-constexpr const char *WasBound = "fieldDetailObjectWasBound:toField:";
-constexpr const char *WillBeDestroyed = "fieldDetailObjectWillBeDestroyed:";
-constexpr const char *FinishedAdding = "fieldDetailObjectsFinishedAdding";
-constexpr const char *FinishedRemoving = "fieldDetailObjectsFinishedRemoving";
-constexpr const char *FinishedRearrange = "fieldDetailObjectsFinishedRearrange";
-constexpr const char *SetAutoScroll = "setAutoScrollToInsertedObject:";
-
 /// The lines that failed assertions report. Deliberate: they are fixed and do not follow the
 /// source.
 namespace Line {
@@ -55,30 +50,75 @@ void failParameter(int line, const char *condition)
          {condition});
 }
 
-void need(const KeyValueTarget &owner, const char *selector, int line)
+void need(const FieldDetailOwner &owner, const char *selector, int line)
 {
-    if (!Invoker::respondsTo(owner, selector))
+    if (!owner.respondsTo(selector))
         fail(u"initWithOwner:"_s, line, u"Owner does not respond to selector \"%@\""_s,
              {QString::fromLatin1(selector)});
 }
 
-QVariant boxed(QObject *object)
+/// Whether a binding is the one with a name. One that has none is not meant by anything.
+bool isNamed(const QString &binding, const QString &name)
 {
-    return QVariant::fromValue(object);
+    return !name.isNull() && !binding.isNull() && binding == name;
+}
+
+/// Where the value of a field is read, from the value source on.
+QString valuePath(const QString &source, const QVariant &key)
+{
+    // A source that is bound to an object itself has no path.
+    return source.isEmpty() ? NSString::stringWithFormat(u"%@", key)
+                            : NSString::stringWithFormat(u"%@.%@", source, key);
+}
+
+/// Ends the bindings of a detail object, and tells its owner that it is not needed any more.
+void endDetail(const QPointer<QObject> &detail, const QStringList &subBindings,
+               const FieldDetailOwner &owner, FirstFailure *failure)
+{
+    auto *const bound = qobject_cast<NSKeyValueBinding *>(detail.data());
+    for (const QString &subBinding : subBindings) {
+        if (bound && detail)
+            failure->call([&] { bound->unbind(subBinding); });
+    }
+    if (detail)
+        failure->call([&] { owner.detailWillBeDestroyed(detail); });
 }
 } // namespace
 
+/// A binding of the fields, from its beginning to its end. Whoever calls the owner, detail objects
+/// or transformers holds it meanwhile, and looks afterwards whether it is over: then the binder may
+/// be bound to something else, or destroyed.
+struct KTFieldDetailBinder::FieldsBinding
+{
+    FieldDetailOwner owner;
+    QPointer<QObject> object;
+    QString keyPath;
+    std::shared_ptr<NSValueTransformer> transformer;
+    std::map<QString, std::shared_ptr<KTPropertyBinder>> dependentBinders = {};
+    FieldDetails details = {};
+    bool isOver = false;
+    bool isSetting = false;
+    bool mustBeSet = false;
+};
+
 KTFieldDetailBinder::KTFieldDetailBinder(QObject *owner) : _owner(owner)
 {
-    const KeyValueTarget target = KeyValueTarget::of(owner);
-    need(target, Create, Line::NeedsCreate);
-    need(target, WasBound, Line::NeedsWasBound);
-    need(target, WillBeDestroyed, Line::NeedsWillBeDestroyed);
+    const FieldDetailOwner target(owner);
+    need(target, FieldDetailOwner::Create, Line::NeedsCreate);
+    need(target, FieldDetailOwner::WasBound, Line::NeedsWasBound);
+    need(target, FieldDetailOwner::WillBeDestroyed, Line::NeedsWillBeDestroyed);
 }
 
 KTFieldDetailBinder::~KTFieldDetailBinder()
 {
-    unbind(_fieldsBindingName);
+    *_isGone = true;
+    try {
+        unbindFields();
+    } catch (const std::exception &failure) {
+        NSLog(u"*** exception in the owner of field details: %s", failure.what());
+    } catch (...) {
+        NSLog(u"*** exception in the owner of field details");
+    }
 }
 
 void KTFieldDetailBinder::setFieldDetailValuesValueTransformer(
@@ -90,8 +130,9 @@ void KTFieldDetailBinder::setFieldDetailValuesValueTransformer(
 
 bool KTFieldDetailBinder::willHandleBindingName(const QString &name) const
 {
-    return name == _fieldsBindingName || name == _valueSourceBindingName ||
-           name == _fieldDetailValuesBindingName || _fieldDependentBindingNames.contains(name);
+    return isNamed(name, _fieldsBindingName) || isNamed(name, _valueSourceBindingName) ||
+           isNamed(name, _fieldDetailValuesBindingName) ||
+           _fieldDependentBindingNames.contains(name);
 }
 
 // --- Binding ------------------------------------------------------------------------------------
@@ -99,11 +140,14 @@ bool KTFieldDetailBinder::willHandleBindingName(const QString &name) const
 void KTFieldDetailBinder::bind(const QString &binding, QObject *toObject,
                                const QString &withKeyPath, const QVariantMap &options)
 {
-    if (binding == _fieldsBindingName)
+    // The owner may call it at the very end, too.
+    if (*_isGone)
+        return;
+    if (isNamed(binding, _fieldsBindingName))
         bindFields(toObject, withKeyPath, options);
     else if (_fieldDependentBindingNames.contains(binding))
         bindFieldDependent(binding, toObject, withKeyPath, options);
-    else if (binding == _valueSourceBindingName)
+    else if (isNamed(binding, _valueSourceBindingName))
         bindValueSource(toObject, withKeyPath, options);
 }
 
@@ -114,24 +158,38 @@ void KTFieldDetailBinder::bindFields(QObject *object, const QString &keyPath,
         failParameter(Line::NeedsController, "observableController != nil");
     if (keyPath.isEmpty())
         failParameter(Line::NeedsKeyPath, "[keyPath length] > 0");
-    unbindFields();
-    NSKeyValueObserving::addObserver(object, this, keyPath,
-                                     NSKeyValueObservingOptionNew | NSKeyValueObservingOptionOld,
-                                     _fieldsBindingName);
-    _fieldsBinding = std::make_shared<FieldsBinding>();
-    _observedObjectForFields = object;
-    _observedKeyPathForFields = keyPath;
     // A name of a transformer is deliberately not looked at.
-    _valueTransformerForFields = NSBindingOptions::transformerIn(options);
-    _fieldDependentBinders.clear();
-    _fieldDetailObjects.removeAllObjects();
-    observeValueForKeyPath(keyPath, object, {}, _fieldsBindingName);
+    const auto binding = std::make_shared<FieldsBinding>(FieldsBinding{
+        FieldDetailOwner(_owner), object, keyPath, NSBindingOptions::transformerIn(options)});
+    const std::shared_ptr<const bool> isGone = _isGone;
+    unbindFields();
+    // The owner may have bound the fields meanwhile, which is the later wish.
+    if (*isGone || _fieldsBinding || !binding->object)
+        return;
+    _fieldsBinding = binding;
+    observeFields(binding);
+    if (!binding->isOver)
+        observeValueForKeyPath(binding->keyPath, binding->object, {}, _fieldsBindingName);
+}
+
+void KTFieldDetailBinder::observeFields(const std::shared_ptr<FieldsBinding> &binding)
+{
+    try {
+        NSKeyValueObserving::addObserver(
+            binding->object, this, binding->keyPath,
+            NSKeyValueObservingOptionNew | NSKeyValueObservingOptionOld, _fieldsBindingName);
+    } catch (...) {
+        if (!std::exchange(binding->isOver, true))
+            _fieldsBinding = nullptr;
+        throw;
+    }
 }
 
 void KTFieldDetailBinder::bindFieldDependent(const QString &name, QObject *object,
                                              const QString &keyPath, const QVariantMap &options)
 {
-    if (!_observedObjectForFields) {
+    const std::shared_ptr<FieldsBinding> binding = _fieldsBinding;
+    if (!binding || !binding->object) {
         fail(u"bind:toObject:withKeyPath:options:"_s, Line::NeedsFields,
              u"%@ binding is only valid when %@ binding is set."_s, {name, _fieldsBindingName});
         return;
@@ -140,60 +198,67 @@ void KTFieldDetailBinder::bindFieldDependent(const QString &name, QObject *objec
     const auto binder = std::make_shared<KTPropertyBinder>(name, name, nullptr);
     binder->setShouldObserveKeyPath(false);
     binder->bind(name, object, keyPath, options);
-    _fieldDependentBinders[name] = binder;
-    const QString subBinding = _fieldDependentBindingNames.value(name);
-    const Fields fields = _currentValueForFields;
-    const std::shared_ptr<FieldsBinding> fieldsBinding = _fieldsBinding;
-    for (const Field &field : fields) {
-        if (fieldsBinding->isOver)
-            return;
-        _bindFieldDetail(subBinding, _fieldDetailObjects.objectForKey(field.object), field.object,
-                         binder.get());
+    binding->dependentBinders[name] = binder;
+    bindAllDetails(binding, _fieldDependentBindingNames.value(name), *binder);
+}
+
+/// Binds the detail objects that there are. One that fails does not keep the others from it.
+void KTFieldDetailBinder::bindAllDetails(const std::shared_ptr<FieldsBinding> &binding,
+                                         const QString &subBinding, const KTPropertyBinder &binder)
+{
+    FirstFailure failure;
+    for (const auto &[field, detail] : binding->details.inOrderOf(_currentValueForFields)) {
+        if (binding->isOver)
+            break;
+        if (!field || !detail)
+            continue;
+        failure.call([&, field = field.data(), detail = detail.data()] {
+            _bindFieldDetail(*binding, subBinding, detail, field, binder);
+        });
     }
+    failure.rethrow();
 }
 
 void KTFieldDetailBinder::bindValueSource(QObject *object, const QString &keyPath,
                                           const QVariantMap &options)
 {
-    unbind(_valueSourceBindingName);
-    _valueSourceBinder = std::make_unique<KTPropertyBinder>();
-    _valueSourceBinder->setShouldObserveKeyPath(false);
-    _valueSourceBinder->bind(_valueSourceBindingName, object, keyPath, options);
+    auto binder = std::make_unique<KTPropertyBinder>();
+    binder->setShouldObserveKeyPath(false);
+    binder->bind(_valueSourceBindingName, object, keyPath, options);
+    _valueSourceBinder = std::move(binder);
 }
 
 void KTFieldDetailBinder::unbind(const QString &binding)
 {
-    if (binding == _fieldsBindingName)
+    if (isNamed(binding, _fieldsBindingName))
         unbindFields();
-    else if (_fieldDependentBindingNames.contains(binding))
-        _fieldDependentBinders.erase(binding);
-    else if (binding == _valueSourceBindingName)
+    else if (_fieldDependentBindingNames.contains(binding) && _fieldsBinding)
+        _fieldsBinding->dependentBinders.erase(binding);
+    else if (isNamed(binding, _valueSourceBindingName))
         _valueSourceBinder.reset();
 }
 
-/// The list of fields deliberately stays as it was.
+/// The list of fields deliberately stays as it was. The binding is over before the owner is called,
+/// which may bind the fields to something else, or delete this object.
 void KTFieldDetailBinder::unbindFields()
 {
-    const std::shared_ptr<FieldsBinding> binding = _fieldsBinding;
+    const std::shared_ptr<FieldsBinding> binding = std::exchange(_fieldsBinding, nullptr);
     if (!binding)
         return;
-    // Nothing is added any more.
-    const QScopedValueRollback<bool> setting(binding->isSetting, true);
-    // A copy: the owner may change the fields meanwhile.
-    const Fields current = _currentValueForFields;
-    if (_processRemovedFields(current))
-        tellOwner(FinishedRearrange);
-    // The owner may have ended it already.
-    if (binding->isOver)
-        return;
     binding->isOver = true;
-    _fieldsBinding = nullptr;
-    _fieldDependentBinders.clear();
-    _fieldDetailObjects.removeAllObjects();
-    NSKeyValueObserving::removeObserver(_observedObjectForFields, this, _observedKeyPathForFields);
-    _observedObjectForFields = nullptr;
-    _observedKeyPathForFields = QString();
-    _valueTransformerForFields = nullptr;
+    NSKeyValueObserving::removeObserverIfAdded(binding->object, this, binding->keyPath);
+    const QStringList subBindings = _fieldDependentBindingNames.values();
+    const Fields current = _currentValueForFields;
+    FirstFailure failure;
+    for (const Field &field : current) {
+        for (const QPointer<QObject> &detail : binding->details.take(field.address))
+            endDetail(detail, subBindings, binding->owner, &failure);
+    }
+    for (const QPointer<QObject> &detail : binding->details.takeAll())
+        endDetail(detail, subBindings, binding->owner, &failure);
+    failure.call([&] { binding->owner.finishedRemoving(); });
+    failure.call([&] { binding->owner.finishedRearrange(); });
+    failure.rethrow();
 }
 
 QObject *KTFieldDetailBinder::valueSourceObject() const
@@ -209,60 +274,69 @@ QString KTFieldDetailBinder::valueSourceKeyPath() const
 // --- Detail objects -----------------------------------------------------------------------------
 
 /// What of a binder's path lies behind the path of the fields; nil if it does not lead over them.
-QString KTFieldDetailBinder::restBehindFields(const KTPropertyBinder &binder) const
+QString KTFieldDetailBinder::restBehindFields(const FieldsBinding &binding,
+                                              const KTPropertyBinder &binder)
 {
-    const QString fields = _observedKeyPathForFields + u'.';
+    const QString fields = binding.keyPath + u'.';
     const bool leadsOverFields =
-        binder.observedObject() == _observedObjectForFields && binder.keyPath().startsWith(fields);
+        binder.observedObject() == binding.object && binder.keyPath().startsWith(fields);
     return leadsOverFields ? binder.keyPath().sliced(fields.size()) : QString();
 }
 
-void KTFieldDetailBinder::_bindFieldDetail(const QString &subBinding, QObject *fieldDetail,
-                                           QObject *field,
-                                           const KTPropertyBinder *withPropertyBinder) const
+void KTFieldDetailBinder::_bindFieldDetail(const FieldsBinding &binding, const QString &subBinding,
+                                           QObject *fieldDetail, QObject *field,
+                                           const KTPropertyBinder &withPropertyBinder)
 {
     auto *const detail = qobject_cast<NSKeyValueBinding *>(fieldDetail);
-    if (!withPropertyBinder || !detail || !detail->exposedBindings().contains(subBinding))
+    if (!detail || !detail->exposedBindings().contains(subBinding))
         return;
-    const QString rest = restBehindFields(*withPropertyBinder);
+    // Copies: the detail object may have the binder made anew.
+    const QVariantMap options = withPropertyBinder.bindingOptions();
+    const QString path = withPropertyBinder.keyPath();
+    const QString rest = restBehindFields(binding, withPropertyBinder);
     if (rest.isEmpty())
-        detail->bind(subBinding, withPropertyBinder->observedObject(),
-                     withPropertyBinder->keyPath(), withPropertyBinder->bindingOptions());
+        detail->bind(subBinding, withPropertyBinder.observedObject(), path, options);
     else
-        detail->bind(subBinding, field, rest, withPropertyBinder->bindingOptions());
+        detail->bind(subBinding, field, rest, options);
 }
 
 /// Under which key the value of a field is found in the value source; nil if it has none.
-QVariant KTFieldDetailBinder::fieldDetailValueFor(QObject *field) const
+QVariant KTFieldDetailBinder::fieldDetailValueFor(const FieldsBinding &binding,
+                                                  QObject *field) const
 {
-    const auto found = _fieldDependentBinders.find(_fieldDetailValuesBindingName);
-    if (found == _fieldDependentBinders.end())
+    const auto found = binding.dependentBinders.find(_fieldDetailValuesBindingName);
+    if (found == binding.dependentBinders.end())
         return {};
-    const KTPropertyBinder &binder = *found->second;
-    const QString rest = restBehindFields(binder);
+    const std::shared_ptr<const KTPropertyBinder> binder = found->second;
+    const QString rest = restBehindFields(binding, *binder);
     if (rest.isEmpty())
-        return binder.currentValue();
+        return binder->currentValue();
+    const std::shared_ptr<NSValueTransformer> transformer = binder->valueTransformer();
     const QVariant value = NSKeyValueCoding::valueForKeyPath(field, rest);
-    return binder.valueTransformer() ? binder.valueTransformer()->transformedValue(value) : value;
+    return transformer ? transformer->transformedValue(value) : value;
 }
 
 QVariantMap KTFieldDetailBinder::valueOptionsFor(QObject *fieldDetail) const
 {
-    const NSPredicate &predicate = _fieldDetailValuesValueTransformerPredicate;
+    // Copies: the predicate may ask the detail object anything.
+    const NSPredicate predicate = _fieldDetailValuesValueTransformerPredicate;
+    const auto transformer = _fieldDetailValuesValueTransformer;
     const bool isMeant = predicate.isNil() || predicate.evaluateWithObject(fieldDetail);
-    return isMeant ? NSBindingOptions::withTransformer(_fieldDetailValuesValueTransformer)
-                   : QVariantMap();
+    return isMeant ? NSBindingOptions::withTransformer(transformer) : QVariantMap();
 }
 
-void KTFieldDetailBinder::bindValue(QObject *fieldDetail, QObject *field) const
+void KTFieldDetailBinder::bindValue(const FieldsBinding &binding,
+                                    const QPointer<QObject> &fieldDetail, QObject *field) const
 {
-    const QVariant key = fieldDetailValueFor(field);
-    auto *const detail = qobject_cast<NSKeyValueBinding *>(fieldDetail);
-    if (NSObject::isNil(key) || !detail || !valueSourceObject())
+    const QVariant key = fieldDetailValueFor(binding, field);
+    if (binding.isOver || !fieldDetail || NSObject::isNil(key) || !valueSourceObject())
         return;
-    detail->bind(NSValueBinding, valueSourceObject(),
-                 NSString::stringWithFormat(u"%@.%@", valueSourceKeyPath(), key),
-                 valueOptionsFor(fieldDetail));
+    const QPointer<QObject> source = valueSourceObject();
+    const QString path = valuePath(valueSourceKeyPath(), key);
+    const QVariantMap options = valueOptionsFor(fieldDetail);
+    auto *const detail = qobject_cast<NSKeyValueBinding *>(fieldDetail.data());
+    if (!binding.isOver && detail && source)
+        detail->bind(NSValueBinding, source, path, options);
 }
 
 // --- Changes of the fields ----------------------------------------------------------------------
@@ -300,12 +374,17 @@ KTFieldDetailBinder::Fields KTFieldDetailBinder::fieldsNotIn(const Fields &field
 
 QVariantList KTFieldDetailBinder::_fieldsBindingValue() const
 {
-    if (!_observedObjectForFields)
+    const std::shared_ptr<const FieldsBinding> binding = _fieldsBinding;
+    return binding ? collectionOf(*binding) : QVariantList();
+}
+
+QVariantList KTFieldDetailBinder::collectionOf(const FieldsBinding &binding)
+{
+    if (!binding.object)
         return {};
-    QVariant value =
-        NSKeyValueCoding::valueForKeyPath(_observedObjectForFields, _observedKeyPathForFields);
-    if (_valueTransformerForFields)
-        value = _valueTransformerForFields->transformedValue(value);
+    QVariant value = NSKeyValueCoding::valueForKeyPath(binding.object, binding.keyPath);
+    if (binding.transformer)
+        value = binding.transformer->transformedValue(value);
     const bool isCollection =
         KeyValueTarget::ofVariant(value).kind == KeyValueTarget::Kind::Collection;
     return isCollection ? value.value<QVariantList>() : QVariantList();
@@ -346,108 +425,96 @@ void KTFieldDetailBinder::setFields()
     binding->mustBeSet = true;
     if (binding->isSetting)
         return;
-    const QScopedValueRollback<bool> setting(binding->isSetting, true);
-    while (!binding->isOver && std::exchange(binding->mustBeSet, false))
-        setFieldsOnce(*binding);
+    FirstFailure failure;
+    {
+        const QScopedValueRollback<bool> setting(binding->isSetting, true);
+        while (!binding->isOver && std::exchange(binding->mustBeSet, false))
+            failure.call([&] { setFieldsOnce(*binding, &failure); });
+    }
+    failure.rethrow();
 }
 
-void KTFieldDetailBinder::setFieldsOnce(const FieldsBinding &binding)
+void KTFieldDetailBinder::setFieldsOnce(FieldsBinding &binding, FirstFailure *failure)
 {
-    const Fields fields = fieldsIn(_fieldsBindingValue());
+    const Fields fields = fieldsIn(collectionOf(binding));
+    if (binding.isOver)
+        return;
     const Fields removed = fieldsNotIn(_currentValueForFields, fields);
     const Fields added = fieldsNotIn(fields, _currentValueForFields);
     if (removed.size() == _currentValueForFields.size())
-        tellOwner(SetAutoScroll, {false});
-    if (binding.isOver || !_processRemovedFields(removed))
+        failure->call([&] { binding.owner.setAutoScrollToInsertedObject(false); });
+    if (binding.isOver || !_processRemovedFields(binding, removed, failure))
         return;
     _currentValueForFields = fields;
-    if (!_processAddedFields(added))
+    if (!_processAddedFields(binding, added, failure))
         return;
-    tellOwner(FinishedRearrange);
+    failure->call([&] { binding.owner.finishedRearrange(); });
     if (!binding.isOver)
-        tellOwner(SetAutoScroll, {true});
+        failure->call([&] { binding.owner.setAutoScrollToInsertedObject(true); });
 }
 
 /// \return false if the owner has ended the binding; this object may be destroyed then.
-bool KTFieldDetailBinder::_processAddedFields(const Fields &fields)
+bool KTFieldDetailBinder::_processAddedFields(FieldsBinding &binding, const Fields &fields,
+                                              FirstFailure *failure)
 {
-    const std::shared_ptr<FieldsBinding> binding = _fieldsBinding;
     for (const Field &field : fields) {
         if (field.object)
-            addField(field.object, *binding);
-        if (binding->isOver)
+            failure->call([&] { addField(binding, field.object, failure); });
+        if (binding.isOver)
             return false;
     }
-    tellOwner(FinishedAdding);
-    return !binding->isOver;
+    failure->call([&] { binding.owner.finishedAdding(); });
+    return !binding.isOver;
 }
 
-void KTFieldDetailBinder::addField(const QPointer<QObject> &field, const FieldsBinding &binding)
+void KTFieldDetailBinder::addField(FieldsBinding &binding, const QPointer<QObject> &field,
+                                   FirstFailure *failure)
 {
-    if (!_owner)
+    const QObject *const address = field;
+    const QPointer<QObject> detail = binding.owner.createDetailFor(field);
+    if (!detail)
         return;
-    const QPointer<QObject> detail =
-        Invoker(Create, {boxed(field)}).perform(KeyValueTarget::of(_owner)).value<QObject *>();
-    if (binding.isOver || !detail || !field)
+    // Nobody would take it away later.
+    if (binding.isOver || !field) {
+        binding.owner.detailWillBeDestroyed(detail);
         return;
-    bindNewDetail(detail, field, binding);
-    if (binding.isOver || !detail || !field)
-        return;
-    _fieldDetailObjects.setObject(detail, field);
-    tellOwner(WasBound, {boxed(detail), boxed(field)});
+    }
+    binding.details.add(address, detail);
+    // One that cannot be bound is shown all the same, and told of its end in time.
+    failure->call([&] { bindNewDetail(binding, detail, field, failure); });
+    if (!binding.isOver && detail && field)
+        binding.owner.detailWasBound(detail, field);
 }
 
-void KTFieldDetailBinder::bindNewDetail(const QPointer<QObject> &detail,
-                                        const QPointer<QObject> &field,
-                                        const FieldsBinding &binding)
+void KTFieldDetailBinder::bindNewDetail(const FieldsBinding &binding,
+                                        const QPointer<QObject> &detail,
+                                        const QPointer<QObject> &field, FirstFailure *failure)
 {
     const QMap<QString, QString> names = _fieldDependentBindingNames;
     for (auto name = names.constBegin(); name != names.constEnd(); ++name) {
         if (binding.isOver || !detail || !field)
             return;
-        const auto found = _fieldDependentBinders.find(name.key());
-        if (name.key() == _fieldDetailValuesBindingName || found == _fieldDependentBinders.end())
+        const auto found = binding.dependentBinders.find(name.key());
+        if (name.key() == _fieldDetailValuesBindingName || found == binding.dependentBinders.end())
             continue;
-        const std::shared_ptr<KTPropertyBinder> binder = found->second;
-        _bindFieldDetail(name.value(), detail, field, binder.get());
+        const std::shared_ptr<const KTPropertyBinder> binder = found->second;
+        failure->call([&] { _bindFieldDetail(binding, name.value(), detail, field, *binder); });
     }
     if (!binding.isOver && detail && field)
-        bindValue(detail, field);
+        bindValue(binding, detail, field);
 }
 
 /// \return false if the owner has ended the binding; this object may be destroyed then.
-bool KTFieldDetailBinder::_processRemovedFields(const Fields &fields)
+bool KTFieldDetailBinder::_processRemovedFields(FieldsBinding &binding, const Fields &fields,
+                                                FirstFailure *failure)
 {
-    const std::shared_ptr<FieldsBinding> binding = _fieldsBinding;
+    const QStringList subBindings = _fieldDependentBindingNames.values();
     for (const Field &field : fields) {
-        removeField(field.address);
-        if (binding->isOver)
+        for (const QPointer<QObject> &detail : binding.details.take(field.address))
+            endDetail(detail, subBindings, binding.owner, failure);
+        if (binding.isOver)
             return false;
     }
-    tellOwner(FinishedRemoving);
-    return !binding->isOver;
-}
-
-void KTFieldDetailBinder::removeField(const QObject *address)
-{
-    const QPointer<QObject> detail = _fieldDetailObjects.objectForAddress(address);
-    _fieldDetailObjects.removeObjectForKey(address);
-    auto *const bound = qobject_cast<NSKeyValueBinding *>(detail.data());
-    const QMap<QString, QString> names = _fieldDependentBindingNames;
-    for (const QString &subBinding : names) {
-        if (bound && detail)
-            bound->unbind(subBinding);
-    }
-    if (detail)
-        tellOwner(WillBeDestroyed, {boxed(detail)});
-}
-
-/// Calls a method of the owner, if it has it.
-void KTFieldDetailBinder::tellOwner(const char *selector, const QVariantList &arguments) const
-{
-    const KeyValueTarget owner = KeyValueTarget::of(_owner.data());
-    if (!Invoker::respondsTo(owner, selector))
-        return;
-    Invoker invoker(selector, {arguments.value(0), arguments.value(1)});
-    invoker.perform(owner);
+    failure->call([&] { binding.owner.finishedRemoving(); });
+    return !binding.isOver;
 }

@@ -4,17 +4,18 @@
 #include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
 #include <KTUtility/Platform/Keys/NSPredicate.h>
 #include <KTUtility/Platform/Keys/NSValueTransformer.h>
-#include <KTUtility/Platform/Keys/NSWeakMapTable.h>
 
 #include <QList>
 #include <QMap>
 #include <QPointer>
 #include <QVariantMap>
 
-#include <map>
 #include <memory>
 
 class KTPropertyBinder;
+namespace KTPrivate {
+class FirstFailure;
+}
 
 /// Lets a view (the owner) show one detail object for each field of a collection, such as an editor
 /// for each column of a record, and keeps these bound while fields are added and removed.
@@ -28,7 +29,15 @@ class KTPropertyBinder;
 /// Fields and detail objects are QObjects; other elements of the collection are passed over. Detail
 /// objects implement NSKeyValueBinding, and belong to the owner. Objects that are bound to are not
 /// kept alive. The collection is replaced as a whole; changes of single elements fail an assertion.
-/// What the owner changes in it while it is called is done after that. For the main thread.
+/// What the owner changes in it while it is called is done after that. A field that stands twice in
+/// the collection has two detail objects until it is gone from it. A detail object that cannot be
+/// bound, because its field or the value source lacks a key, is shown all the same and does not
+/// keep others from being shown; the same is true for a call of the owner that raises. The first
+/// exception is thrown when all is done, or written to the log if a signal was the cause.
+///
+/// The owner may do everything when it is called: bind the fields to something else (which counts,
+/// if it happens while they are being bound), unbind them, delete the binder. Every detail object
+/// that it has made is told of its end. For the main thread.
 ///
 /// The owner has these invokable methods; without the first three, the constructor fails:
 ///
@@ -128,38 +137,38 @@ private:
         const QObject *address = nullptr;
     };
     using Fields = QList<Field>;
-    /// How far a binding of the fields is, for the time while the owner is called: that may change
-    /// the fields, end the binding, or delete this object.
-    struct FieldsBinding
-    {
-        bool isOver = false;
-        bool isSetting = false;
-        bool mustBeSet = false;
-    };
+    struct FieldsBinding;
 
     static Fields fieldsIn(const QVariantList &elements);
     static Fields fieldsNotIn(const Fields &fields, const Fields &others);
+    static QVariantList collectionOf(const FieldsBinding &binding);
+    static QString restBehindFields(const FieldsBinding &binding, const KTPropertyBinder &binder);
+    static void _bindFieldDetail(const FieldsBinding &binding, const QString &subBinding,
+                                 QObject *fieldDetail, QObject *field,
+                                 const KTPropertyBinder &withPropertyBinder);
 
     void bindFields(QObject *object, const QString &keyPath, const QVariantMap &options);
+    void observeFields(const std::shared_ptr<FieldsBinding> &binding);
     void bindFieldDependent(const QString &name, QObject *object, const QString &keyPath,
                             const QVariantMap &options);
+    void bindAllDetails(const std::shared_ptr<FieldsBinding> &binding, const QString &subBinding,
+                        const KTPropertyBinder &binder);
     void bindValueSource(QObject *object, const QString &keyPath, const QVariantMap &options);
     void unbindFields();
-    void _bindFieldDetail(const QString &subBinding, QObject *fieldDetail, QObject *field,
-                          const KTPropertyBinder *withPropertyBinder) const;
-    void bindValue(QObject *fieldDetail, QObject *field) const;
-    QVariant fieldDetailValueFor(QObject *field) const;
-    QString restBehindFields(const KTPropertyBinder &binder) const;
+    void bindValue(const FieldsBinding &binding, const QPointer<QObject> &fieldDetail,
+                   QObject *field) const;
+    QVariant fieldDetailValueFor(const FieldsBinding &binding, QObject *field) const;
     QVariantMap valueOptionsFor(QObject *fieldDetail) const;
     void setFields();
-    void setFieldsOnce(const FieldsBinding &binding);
-    bool _processAddedFields(const Fields &fields);
-    void addField(const QPointer<QObject> &field, const FieldsBinding &binding);
-    void bindNewDetail(const QPointer<QObject> &detail, const QPointer<QObject> &field,
-                       const FieldsBinding &binding);
-    bool _processRemovedFields(const Fields &fields);
-    void removeField(const QObject *address);
-    void tellOwner(const char *selector, const QVariantList &arguments = {}) const;
+    void setFieldsOnce(FieldsBinding &binding, KTPrivate::FirstFailure *failure);
+    bool _processAddedFields(FieldsBinding &binding, const Fields &fields,
+                             KTPrivate::FirstFailure *failure);
+    void addField(FieldsBinding &binding, const QPointer<QObject> &field,
+                  KTPrivate::FirstFailure *failure);
+    void bindNewDetail(const FieldsBinding &binding, const QPointer<QObject> &detail,
+                       const QPointer<QObject> &field, KTPrivate::FirstFailure *failure);
+    bool _processRemovedFields(FieldsBinding &binding, const Fields &fields,
+                               KTPrivate::FirstFailure *failure);
 
     QPointer<QObject> _owner;
     QString _fieldsBindingName;
@@ -170,10 +179,7 @@ private:
     NSPredicate _fieldDetailValuesValueTransformerPredicate;
     Fields _currentValueForFields;
     std::shared_ptr<FieldsBinding> _fieldsBinding; // null while the fields are not bound
-    QPointer<QObject> _observedObjectForFields;
-    QString _observedKeyPathForFields;
-    std::shared_ptr<NSValueTransformer> _valueTransformerForFields;
     std::unique_ptr<KTPropertyBinder> _valueSourceBinder;
-    std::map<QString, std::shared_ptr<KTPropertyBinder>> _fieldDependentBinders;
-    NSWeakMapTable<QObject, QObject> _fieldDetailObjects;
+    // Outlives this object while the owner is called.
+    std::shared_ptr<bool> _isGone = std::make_shared<bool>(false);
 };

@@ -3,10 +3,17 @@
 #include <KTUtility/Platform/AppKit/NSKeyValueBinding.h>
 #include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
 #include <KTUtility/Platform/Keys/NSSelectionMarker.h>
+#include <KTUtility/Platform/Values/NSException.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
+#include <QPointer>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
+#include <optional>
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 /// The transformer itself wins over its name.
@@ -17,7 +24,45 @@ std::shared_ptr<NSValueTransformer> transformerOf(const QVariantMap &options)
     const QString name = options.value(NSValueTransformerNameBindingOption).toString();
     return name.isEmpty() ? nullptr : NSValueTransformer::valueTransformerForName(name);
 }
+
+/// Calls a function.
+/// \return why it failed; nil if it did not.
+template<typename Function>
+QString reasonOf(const Function &function)
+{
+    try {
+        function();
+    } catch (const NSException &exception) {
+        return exception.reason().isNull() ? exception.name() : exception.reason();
+    } catch (const std::exception &failure) {
+        return QString::fromUtf8(failure.what());
+    } catch (...) {
+        return u"unknown exception"_s;
+    }
+    return {};
+}
 } // namespace
+
+/// One binding, from its beginning to its end. Whoever calls transformers, owners and observed
+/// objects holds it meanwhile, and looks afterwards whether it is over: then the binder may be
+/// bound to something else, or destroyed.
+struct KTPropertyBinder::Binding
+{
+    bool hasObject() const { return object || !isOfObject; }
+
+    QPointer<QObject> object;
+    bool isOfObject = false; ///< or of none from the start
+    QString keyPath;
+    QVariantMap options;
+    std::shared_ptr<NSValueTransformer> transformer;
+    bool isObserving = false;
+    bool isOver = false;
+    bool isBeginning = false;            ///< the next value is the first
+    quint64 turn = 0;                    ///< counts how often the value was read
+    int depth = 0;                       ///< how often the owner is being set just now
+    bool isLooping = false;              ///< too often: until all of that is over
+    std::optional<QVariant> placeholder; ///< what the owner shows instead of a value
+};
 
 KTPropertyBinder::KTPropertyBinder() = default;
 
@@ -31,22 +76,43 @@ KTPropertyBinder::~KTPropertyBinder()
     _unbind();
 }
 
+bool KTPropertyBinder::willHandleBindingName(const QString &name) const
+{
+    return !_bindingName.isNull() && !name.isNull() && name == _bindingName;
+}
+
 void KTPropertyBinder::bind(const QString & /*binding*/, QObject *toObject,
                             const QString &withKeyPath, const QVariantMap &options)
 {
+    const auto binding = std::make_shared<Binding>();
+    binding->object = toObject;
+    binding->isOfObject = toObject != nullptr;
     // They may be this binder's own.
-    QString keyPath = withKeyPath;
-    QVariantMap newOptions = options;
+    binding->keyPath = withKeyPath;
+    binding->options = options;
+    binding->transformer = transformerOf(options);
     _unbind();
-    if (_shouldObserveKeyPath)
-        NSKeyValueObserving::addObserver(toObject, this, keyPath, NSKeyValueObservingOptionNew);
-    _isObserving = _shouldObserveKeyPath && toObject;
-    _observedObject = toObject;
-    _observedKeyPath = std::move(keyPath);
-    _valueTransformer = transformerOf(newOptions);
-    _bindingOptions = std::move(newOptions);
-    if (_isObserving)
-        observeValueForKeyPath(_observedKeyPath, toObject, {}, {});
+    _binding = binding;
+    if (!_shouldObserveKeyPath || !toObject)
+        return;
+    observe(binding);
+    binding->isBeginning = true;
+    if (!binding->isOver)
+        observeValueForKeyPath(binding->keyPath, toObject, {}, {});
+}
+
+/// Registers for changes. A getter on the path may end the binding by then.
+void KTPropertyBinder::observe(const std::shared_ptr<Binding> &binding)
+{
+    binding->isObserving = true;
+    try {
+        NSKeyValueObserving::addObserver(binding->object, this, binding->keyPath,
+                                         NSKeyValueObservingOptionNew);
+    } catch (...) {
+        if (!binding->isOver)
+            _unbind();
+        throw;
+    }
 }
 
 void KTPropertyBinder::unbind(const QString & /*binding*/)
@@ -56,53 +122,180 @@ void KTPropertyBinder::unbind(const QString & /*binding*/)
 
 void KTPropertyBinder::_unbind()
 {
-    if (std::exchange(_isObserving, false))
-        NSKeyValueObserving::removeObserver(_observedObject, this, _observedKeyPath);
-    _observedObject = nullptr;
-    _observedKeyPath = QString();
-    _bindingOptions = {};
-    _valueTransformer = nullptr;
+    const std::shared_ptr<Binding> binding = std::exchange(_binding, nullptr);
+    if (!binding)
+        return;
+    binding->isOver = true;
+    // Somebody else may have taken the registration back: this is called by the destructor.
+    if (binding->isObserving)
+        NSKeyValueObserving::removeObserverIfAdded(binding->object, this, binding->keyPath);
 }
+
+// --- What is bound ------------------------------------------------------------------------------
+
+/// What is bound; nothing once the object is destroyed.
+const KTPropertyBinder::Binding &KTPropertyBinder::current() const
+{
+    static const Binding none{};
+    return _binding && _binding->hasObject() ? *_binding : none;
+}
+
+QObject *KTPropertyBinder::observedObject() const
+{
+    return current().object;
+}
+
+const QString &KTPropertyBinder::keyPath() const
+{
+    return current().keyPath;
+}
+
+const std::shared_ptr<NSValueTransformer> &KTPropertyBinder::valueTransformer() const
+{
+    return current().transformer;
+}
+
+const QVariantMap &KTPropertyBinder::bindingOptions() const
+{
+    return current().options;
+}
+
+// --- From the observed object to the owner ------------------------------------------------------
 
 void KTPropertyBinder::observeValueForKeyPath(const QString &, QObject *, const NSKeyValueChange &,
                                               const QString &)
 {
-    if (!_observedObject)
+    const std::shared_ptr<Binding> binding = _binding;
+    if (!binding || !binding->object)
         return;
-    QVariant value = NSKeyValueCoding::valueForKeyPath(_observedObject, _observedKeyPath);
-    if (NSIsControllerMarker(value))
+    QVariant value;
+    // What fails at the beginning is for the caller of bind().
+    if (std::exchange(binding->isBeginning, false)) {
+        pushIntoOwner(binding, &value);
         return;
-    if (_valueTransformer)
-        value = _valueTransformer->transformedValue(value);
-    const std::shared_ptr<bool> flag = _processingObservationChange;
-    const QScopedValueRollback<bool> processing(*flag, true);
-    if (_owner)
-        NSKeyValueCoding::setValue(_owner.data(), value, _boundKey);
+    }
+    // The change came through a signal, which no exception may leave.
+    const Rejection rejected = _valueWasRejected;
+    const QString reason = reasonOf([&] { pushIntoOwner(binding, &value); });
+    if (!reason.isNull() && rejected)
+        rejected(value, reason);
 }
 
-QVariant KTPropertyBinder::valueForModel(const QVariant &value) const
+/// The value at the end of the path; nil if an object there lacks its key, as for observers.
+QVariant KTPropertyBinder::observedValue(const Binding &binding)
 {
-    const bool isReversible = _valueTransformer && _valueTransformer->allowsReverseTransformation();
-    return isReversible ? _valueTransformer->reverseTransformedValue(value) : value;
+    try {
+        return NSKeyValueCoding::valueForKeyPath(binding.object, binding.keyPath);
+    } catch (const NSException &exception) {
+        if (exception.name() != NSUndefinedKeyException)
+            throw;
+    }
+    return {};
 }
+
+/// Whether the owner hands back what it shows instead of a value.
+bool KTPropertyBinder::isPlaceholder(const Binding &binding, const QVariant &value)
+{
+    return binding.placeholder && NSObject::isEqual(value, *binding.placeholder);
+}
+
+/// Reads the value, and sets it in the owner; unless the transformer has ended the binding, or has
+/// changed the observed value, which was set then.
+/// \param shown receives what is set.
+void KTPropertyBinder::pushIntoOwner(const std::shared_ptr<Binding> &binding, QVariant *shown)
+{
+    const quint64 turn = ++binding->turn;
+    *shown = observedValue(*binding);
+    if (binding->isOver || turn != binding->turn)
+        return;
+    if (NSIsControllerMarker(*shown)) {
+        binding->placeholder = NSBindingOptions::placeholderIn(binding->options, *shown);
+        if (!binding->placeholder)
+            return;
+        *shown = *binding->placeholder;
+    } else {
+        binding->placeholder.reset();
+        if (binding->transformer)
+            *shown = binding->transformer->transformedValue(*shown);
+    }
+    if (!binding->isOver && turn == binding->turn)
+        setInOwner(binding, *shown);
+}
+
+void KTPropertyBinder::setInOwner(const std::shared_ptr<Binding> &binding, const QVariant &value)
+{
+    // Two binders that answer each other with ever other values would go on until the stack ends.
+    constexpr int MostRounds = 100;
+    binding->isLooping = binding->isLooping || binding->depth == MostRounds;
+    if (binding->isLooping)
+        NSException::raise(NSInternalInconsistencyException,
+                           u"The value that is bound changes whenever it is set."_s);
+    ++binding->depth;
+    const auto leaving = qScopeGuard([&] {
+        --binding->depth;
+        binding->isLooping = binding->isLooping && binding->depth > 0;
+    });
+    const std::shared_ptr<bool> flag = _processingObservationChange;
+    const QScopedValueRollback<bool> processing(*flag, true);
+    // The binder may be gone before the value is set.
+    const QString key = _boundKey;
+    if (_owner)
+        NSKeyValueCoding::setValue(_owner.data(), value, key);
+}
+
+// --- From the owner to the observed object ------------------------------------------------------
 
 void KTPropertyBinder::ownerKeyPathChanged()
 {
-    if (*_processingObservationChange || !_observedObject || !_owner)
+    const std::shared_ptr<Binding> binding = _binding;
+    if (*_processingObservationChange || !binding || !binding->object || !_owner)
         return;
-    const QVariant value = NSKeyValueCoding::valueForKey(_owner, _boundKey);
-    NSKeyValueCoding::setValueForKeyPath(_observedObject, valueForModel(value), _observedKeyPath);
-}
-
-QVariant KTPropertyBinder::currentValue() const
-{
-    if (!_observedObject)
-        return {};
-    const QVariant value = NSKeyValueCoding::valueForKeyPath(_observedObject, _observedKeyPath);
-    return _valueTransformer ? _valueTransformer->transformedValue(value) : value;
+    const Rejection rejected = _valueWasRejected;
+    QVariant value;
+    const QString reason = reasonOf([&] {
+        value = NSKeyValueCoding::valueForKey(_owner, _boundKey);
+        if (!binding->isOver && !isPlaceholder(*binding, value))
+            setInObject(binding, value);
+    });
+    if (!reason.isNull() && rejected)
+        rejected(value, reason);
 }
 
 void KTPropertyBinder::setCurrentValue(const QVariant &value)
 {
-    NSKeyValueCoding::setValueForKeyPath(_observedObject, valueForModel(value), _observedKeyPath);
+    const std::shared_ptr<Binding> binding = _binding;
+    if (!binding || !binding->object)
+        return;
+    const Rejection rejected = _valueWasRejected;
+    const QString reason = reasonOf([&] { setInObject(binding, value); });
+    if (!reason.isNull() && rejected)
+        rejected(value, reason);
+}
+
+/// Sets the observed value to what the transformer makes of a value on the way back, if the
+/// observed object takes that.
+void KTPropertyBinder::setInObject(const std::shared_ptr<Binding> &binding, const QVariant &value)
+{
+    const std::shared_ptr<NSValueTransformer> transformer = binding->transformer;
+    const bool isReversible = transformer && transformer->allowsReverseTransformation();
+    QVariant result = isReversible ? transformer->reverseTransformedValue(value) : value;
+    if (binding->isOver || !binding->object)
+        return;
+    NSError error;
+    const QVariant object = QVariant::fromValue(binding->object.data());
+    if (!NSKeyValueCoding::validateValue(object, &result, binding->keyPath, &error))
+        NSException::raise(NSInvalidArgumentException, error.isNil()
+                                                           ? u"The value is not valid."_s
+                                                           : error.localizedDescription());
+    if (!binding->isOver && binding->object)
+        NSKeyValueCoding::setValueForKeyPath(binding->object, result, binding->keyPath);
+}
+
+QVariant KTPropertyBinder::currentValue() const
+{
+    const std::shared_ptr<Binding> binding = _binding;
+    if (!binding || !binding->object)
+        return {};
+    const QVariant value = NSKeyValueCoding::valueForKeyPath(binding->object, binding->keyPath);
+    return binding->transformer ? binding->transformer->transformedValue(value) : value;
 }

@@ -1,4 +1,5 @@
 target_sources(KTUtility PRIVATE
+    Bindings/FieldDetailOwner.cpp
     Bindings/KTFieldDetailBinder.cpp
     Bindings/KTPropertyBinder.cpp
 )

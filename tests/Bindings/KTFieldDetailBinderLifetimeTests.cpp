@@ -204,13 +204,130 @@ TEST(KTFieldDetailBinderLifetime, ExceptionsOfTheOwnerLeaveTheBinderUsable)
 {
     Scene scene;
     scene.form->at("bound", [] { throw std::runtime_error("no"); });
-    EXPECT_THROW(scene.setFields({&scene.c, &scene.d}), std::runtime_error);
+    // A signal says so, which no exception may leave.
+    EXPECT_NO_THROW(scene.setFields({&scene.c, &scene.d}));
+    EXPECT_TRUE(scene.form->hasActed());
+    EXPECT_EQ(scene.form->shown(), u"CD"_s);
     scene.setFields({&scene.a, &scene.b});
     EXPECT_EQ(scene.form->shown(), u"AB"_s);
     scene.form->at("destroy", [] { throw std::runtime_error("no"); });
     EXPECT_THROW(scene.binder->unbind(Fields), std::runtime_error);
+    EXPECT_TRUE(scene.form->views.empty());
+    EXPECT_EQ(scene.model->receivers(SIGNAL(listChanged())), 0);
+    scene.bind();
     scene.setFields({&scene.c});
     EXPECT_EQ(scene.form->shown(), u"C"_s);
+}
+
+TEST(KTFieldDetailBinderLifetime, NoExceptionLeavesTheDestructor)
+{
+    for (const char *const method : {"destroy", "removed", "rearranged"}) {
+        Scene scene;
+        scene.form->at(method, [] { throw std::runtime_error("no"); });
+        const QString output = testing_support::standardErrorOf([&] { scene.binder.reset(); });
+        EXPECT_TRUE(output.contains(u"no")) << method;
+        EXPECT_TRUE(scene.form->views.empty()) << method;
+    }
+}
+
+TEST(KTFieldDetailBinderLifetime, WhatTheOwnerBindsWhileTheFieldsAreBoundCounts)
+{
+    for (const char *const method : Methods) {
+        Scene scene;
+        ObservedRecord second, third;
+        second.setList({QVariant::fromValue(&scene.c)});
+        third.setList({QVariant::fromValue(&scene.d)});
+        scene.form->at(method, [&] {
+            scene.binder->bind(Fields, &third, List);
+            scene.binder->bind(Labels, &third, ListNames);
+        });
+        scene.binder->bind(Fields, &second, List);
+        EXPECT_TRUE(scene.form->hasActed()) << method;
+        EXPECT_EQ(scene.form->shown(), u"D"_s) << method;
+        EXPECT_EQ(scene.model->receivers(SIGNAL(listChanged())), 0) << method;
+        EXPECT_EQ(second.receivers(SIGNAL(listChanged())), 0) << method;
+        EXPECT_EQ(third.receivers(SIGNAL(listChanged())), 1) << method;
+        scene.binder->unbind(Fields);
+        EXPECT_TRUE(scene.form->views.empty()) << method;
+        EXPECT_EQ(third.receivers(SIGNAL(listChanged())), 0) << method;
+    }
+}
+
+TEST(KTFieldDetailBinderLifetime, TheSameObjectMayBeBoundAgainMeanwhile)
+{
+    for (const char *const method : Methods) {
+        Scene scene;
+        ObservedRecord second;
+        second.setList({QVariant::fromValue(&scene.c)});
+        scene.form->at(method, [&] { scene.binder->bind(Fields, &second, List); });
+        scene.binder->bind(Fields, &second, List);
+        EXPECT_EQ(second.receivers(SIGNAL(listChanged())), 1) << method;
+        second.setList({});
+        EXPECT_TRUE(scene.form->views.empty()) << method;
+    }
+}
+
+TEST(KTFieldDetailBinderLifetime, TheBinderMayBeDeletedWhileItIsBoundAgain)
+{
+    for (const char *const method : {"destroy", "removed", "rearranged"}) {
+        Scene scene;
+        ObservedRecord second;
+        scene.form->at(method, [&] { scene.binder.reset(); });
+        scene.binder->bind(Fields, &second, List);
+        EXPECT_FALSE(scene.binder) << method;
+        EXPECT_TRUE(scene.form->views.empty()) << method;
+        EXPECT_EQ(second.receivers(SIGNAL(listChanged())), 0) << method;
+    }
+}
+
+TEST(KTFieldDetailBinderLifetime, ADetailObjectThatIsMadeAtTheEndIsToldOfIt)
+{
+    for (const bool isDeleted : {false, true}) {
+        Scene scene;
+        scene.form->at("create", [&] {
+            if (isDeleted)
+                scene.binder.reset();
+            else
+                scene.binder->unbind(Fields);
+        });
+        scene.setFields({&scene.a, &scene.c});
+        EXPECT_TRUE(scene.form->hasActed());
+        EXPECT_TRUE(scene.form->views.empty());
+    }
+}
+
+TEST(KTFieldDetailBinderLifetime, TheTransformerOfTheFieldsMayEndTheBinding)
+{
+    class Ending : public NSValueTransformer
+    {
+    public:
+        QMetaType transformedValueClass() const override { return {}; }
+        bool allowsReverseTransformation() const override { return false; }
+        QVariant transformedValue(const QVariant &value) const override
+        {
+            if (action)
+                std::exchange(action, nullptr)();
+            return value;
+        }
+        mutable std::function<void()> action;
+    };
+    for (const bool isDeleted : {false, true}) {
+        Scene scene;
+        auto ending = std::make_shared<Ending>();
+        scene.binder->bind(Fields, scene.model.get(), List,
+                           NSBindingOptions::withTransformer(ending));
+        ending->action = [&] {
+            if (isDeleted)
+                scene.binder.reset();
+            else
+                scene.binder->unbind(Fields);
+        };
+        const std::weak_ptr<Ending> left = std::exchange(ending, nullptr);
+        scene.setFields({&scene.c});
+        EXPECT_TRUE(scene.form->views.empty());
+        EXPECT_TRUE(left.expired());
+        EXPECT_EQ(scene.model->receivers(SIGNAL(listChanged())), 0);
+    }
 }
 
 TEST(KTFieldDetailBinderLifetime, BindingAgainWithTheBindersOwnPathAndOptions)

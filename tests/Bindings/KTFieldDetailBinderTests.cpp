@@ -9,6 +9,8 @@
 #include "support/ObservedModel.h"
 #include "support/TestSupport.h"
 
+#include <QElapsedTimer>
+
 #include <algorithm>
 #include <memory>
 #include <vector>
@@ -413,7 +415,98 @@ TEST_F(KTFieldDetailBinderTests, TakesTheSameFieldTwice)
     setFields({&a});
     EXPECT_EQ(form.takeLog(), lines(u"removed, added, rearranged, scroll on"));
     setFields({});
-    EXPECT_EQ(form.takeLog().count(u"destroy A"_s), 1);
+    EXPECT_EQ(form.takeLog().count(u"destroy A"_s), 2);
+    EXPECT_TRUE(form.views.empty());
+    EXPECT_EQ(a.receivers(SIGNAL(nameChanged())), 0);
+    setFields({&a, &b, &a});
+    binder->unbind(Fields);
+    EXPECT_TRUE(form.views.empty());
+}
+
+TEST_F(KTFieldDetailBinderTests, AFieldWithAnUnknownKeyHidesNoOther)
+{
+    sourceHolder.setNext(&record);
+    a.setAny(u"name"_s);
+    b.setAny(u"nothing"_s);
+    c.setAny(u"number"_s);
+    bindAll();
+    setFields({&a, &b, &c});
+    EXPECT_EQ(form.takeLog(), lines(u"scroll off, removed, create A, bound A A, create B, "
+                                    u"bound B B, create C, bound C C, added, rearranged, "
+                                    u"scroll on"));
+    EXPECT_EQ(form.view(u"A"_s)->value(), QVariant(u"Ada"_s));
+    EXPECT_EQ(form.view(u"B"_s)->label(), QVariant(u"B"_s));
+    EXPECT_FALSE(form.view(u"B"_s)->value().isValid());
+    EXPECT_EQ(form.view(u"C"_s)->value(), QVariant(36));
+    setFields({&a, &c});
+    EXPECT_EQ(form.takeLog(), lines(u"destroy B, removed, added, rearranged, scroll on"));
+    EXPECT_EQ(form.views.size(), 2U);
+}
+
+TEST_F(KTFieldDetailBinderTests, BindingRaisesWhatAFieldHasRaisedWhenAllIsDone)
+{
+    sourceHolder.setNext(&record);
+    setFields({&a, &b});
+    bindFields();
+    b.setProperty("title", u"B"_s);
+    // A lacks the key, and B has its label all the same.
+    EXPECT_THROW(binder->bind(Labels, &library, u"list.title"_s), NSException);
+    EXPECT_EQ(form.view(u"B"_s)->label(), QVariant(u"B"_s));
+}
+
+TEST_F(KTFieldDetailBinderTests, TheValueSourceMayBeAnObjectItself)
+{
+    for (const QString &path : {QString(), u""_s}) {
+        binder->bind(Source, &record, path);
+        bindFields();
+        binder->bind(Keys, &library, u"list.any"_s);
+        a.setAny(u"name"_s);
+        setFields({&a});
+        EXPECT_EQ(form.view(u"A"_s)->value(), QVariant(u"Ada"_s));
+        form.view(u"A"_s)->type(u"Eve"_s);
+        EXPECT_EQ(record.name(), u"Eve"_s);
+        record.setName(u"Ada"_s);
+        setFields({});
+    }
+}
+
+TEST_F(KTFieldDetailBinderTests, NamesThatAreNotSetHandleNothing)
+{
+    KTFieldDetailBinder other(&form);
+    other.setFieldsBindingName(Fields);
+    for (const QString &name : {QString(), u""_s}) {
+        EXPECT_FALSE(other.willHandleBindingName(name));
+        other.bind(name, &library, u"list"_s);
+        EXPECT_EQ(other.valueSourceObject(), nullptr);
+    }
+}
+
+TEST_F(KTFieldDetailBinderTests, ManyFieldsAreTakenAwayInLinearTime)
+{
+    sourceHolder.setNext(&record);
+    bindAll();
+    const auto millisecondsToTakeAway = [&](int count) {
+        std::vector<std::unique_ptr<ObservedRecord>> fields;
+        QVariantList list;
+        for (int index = 0; index < count; ++index) {
+            fields.push_back(std::make_unique<ObservedRecord>(QString::number(index)));
+            fields.back()->setAny(u"name"_s);
+            list += QVariant::fromValue(fields.back().get());
+        }
+        library.setList(list);
+        const std::vector<std::unique_ptr<BoundView>> views = std::exchange(form.views, {});
+        const QElapsedTimer timer = [] {
+            QElapsedTimer started;
+            started.start();
+            return started;
+        }();
+        library.setList({});
+        return double(timer.nsecsElapsed()) / 1e6;
+    };
+    // Eight times as many take a good deal less than 64 times as long.
+    const double few = std::max(millisecondsToTakeAway(2'500), millisecondsToTakeAway(2'500));
+    const double many = std::min(millisecondsToTakeAway(20'000), millisecondsToTakeAway(20'000));
+    EXPECT_LT(many, 24 * few + 20);
 }
 
 TEST_F(KTFieldDetailBinderTests, FieldsMayGoBeforeTheyAreTakenAway)

@@ -1,7 +1,12 @@
 target_sources(KTUtilityTests PRIVATE
     Bindings/BinderSupport.h
+    Bindings/FirstFailureTests.cpp
     Bindings/KTFieldDetailBinderLifetimeTests.cpp
+    Bindings/KTFieldDetailBinderModelTests.cpp
     Bindings/KTFieldDetailBinderTests.cpp
+    Bindings/KTPropertyBinderLifetimeTests.cpp
+    Bindings/KTPropertyBinderModelTests.cpp
+    Bindings/KTPropertyBinderRejectionTests.cpp
     Bindings/KTPropertyBinderTests.cpp
     Bindings/KTPropertyBinderTransformerTests.cpp
 )

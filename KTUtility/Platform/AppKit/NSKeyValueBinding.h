@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <QVariantMap>
 
+#include <optional>
+
 /// What an object implements whose values can be bound to those of others: views, and the objects
 /// that stand for their rows.
 ///
@@ -47,17 +49,32 @@ Q_DECLARE_INTERFACE(NSKeyValueBinding, "KTUtility.NSKeyValueBinding/1")
 /// "value", the binding that most views have.
 KTUTILITY_EXPORT extern const QString NSValueBinding;
 
-/// The option that holds a transformer, as a std::shared_ptr<NSValueTransformer>.
+/// The option that holds a transformer, as a std::shared_ptr<NSValueTransformer>, or as one to a
+/// class of transformers that KT_REGISTER_VALUE_TRANSFORMER names.
 KTUTILITY_EXPORT extern const QString NSValueTransformerBindingOption;
 /// The option that holds the name of a transformer; see
 /// NSValueTransformer::valueTransformerForName().
 KTUTILITY_EXPORT extern const QString NSValueTransformerNameBindingOption;
 
-/// The options of a binding that are about transformers.
+// The options that hold what a view shows where a selection has no single value (see
+// NSSelectionMarker). Without them it keeps what it showed before.
+
+/// Shown for NSMultipleValuesMarker().
+KTUTILITY_EXPORT extern const QString NSMultipleValuesPlaceholderBindingOption;
+/// Shown for NSNoSelectionMarker().
+KTUTILITY_EXPORT extern const QString NSNoSelectionPlaceholderBindingOption;
+/// Shown for NSNotApplicableMarker().
+KTUTILITY_EXPORT extern const QString NSNotApplicablePlaceholderBindingOption;
+
+/// What the options of a binding say.
 namespace NSBindingOptions {
 /// Options with a transformer; empty if it is null.
 KTUTILITY_EXPORT QVariantMap
 withTransformer(const std::shared_ptr<NSValueTransformer> &transformer);
 /// The transformer that stands under NSValueTransformerBindingOption; null if there is none.
+/// \throws NSException NSInvalidArgumentException if something else stands there.
 KTUTILITY_EXPORT std::shared_ptr<NSValueTransformer> transformerIn(const QVariantMap &options);
+/// What is to be shown for a marker; nothing for other values, and if there is no such option.
+KTUTILITY_EXPORT std::optional<QVariant> placeholderIn(const QVariantMap &options,
+                                                       const QVariant &forMarker);
 } // namespace NSBindingOptions
