@@ -25,20 +25,13 @@ int seconds(int hour, int minute, int second)
 
 QDateTime KTAdditions::beginningOfDay(const QDateTime &receiver)
 {
-    const NSCalendar calendar = NSCalendar::currentCalendar();
-    const NSDateComponents day = calendar.components(NSDateCalendarUnits, receiver);
-    const QDateTime midnight = calendar.dateFromComponents(day);
-    // Where clocks are put back to midnight, that is the second one.
-    const QDateTime before = midnight.addSecs(-1);
-    if (!midnight.isValid() || calendar.components(NSDateCalendarUnits, before) != day)
-        return midnight;
-    return before.addSecs(-qint64(secondsSinceMidnight(before)));
+    return NSCalendar::currentCalendar().startOfDay(receiver);
 }
 
 // From the next day's beginning, deliberately: days have 23 to 25 hours.
 QDateTime KTAdditions::endOfDay(const QDateTime &receiver)
 {
-    return dateByAddingSeconds(beginningOfDay(dateByAddingDays(receiver, 1)), -1);
+    return dateByAddingSeconds(NSCalendar::currentCalendar().startOfNextDay(receiver), -1);
 }
 
 QDateTime KTAdditions::dateByAddingYears(const QDateTime &receiver, int years)

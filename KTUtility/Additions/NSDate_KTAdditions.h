@@ -20,7 +20,9 @@
 /// \endcode
 namespace KTAdditions {
 /// The first instant of the receiver's day: midnight, or what follows it in zones whose summer time
-/// begins at midnight. Where it ends with a second midnight, it is the first one.
+/// begins at midnight. Where it ends with a second midnight, it is the first one. The receiver is
+/// never before it, and never after the last second of endOfDay(): where the clock is put back
+/// behind midnight (0:01 to 23:01), what the old day has once more counts to the new one.
 KTUTILITY_EXPORT QDateTime beginningOfDay(const QDateTime &receiver);
 /// The last whole second of the receiver's day: a second before the next day begins.
 KTUTILITY_EXPORT QDateTime endOfDay(const QDateTime &receiver);

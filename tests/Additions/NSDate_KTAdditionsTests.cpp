@@ -194,3 +194,42 @@ TEST(NSDate_KTAdditions, AllIntegersAreAmounts)
     EXPECT_EQ(KTAdditions::dateByAddingSeconds(date, std::numeric_limits<int>::min()),
               date.addSecs(std::numeric_limits<int>::min()));
 }
+
+TEST(NSDate_KTAdditions, EveryInstantBesideAChangeIsInItsDay)
+{
+    // All changes of all zones, and what lies an instant to an hour before and behind them.
+    int changes = 0;
+    const QList<QByteArray> zones = QTimeZone::availableTimeZoneIds();
+    for (const QByteArray &name : zones) {
+        const QTimeZone zone(name);
+        const EnvironmentGuard guard("TZ", name);
+        for (const auto &change : zone.transitions(instant(-2.9e9), instant(2e9))) {
+            ++changes;
+            for (const int seconds : {-3601, -1800, -1, 0, 1, 30, 1800, 3600, 5400}) {
+                const QDateTime moment = change.atUtc.addSecs(seconds);
+                const QDateTime begin = KTAdditions::beginningOfDay(moment);
+                const QDateTime end = KTAdditions::endOfDay(moment);
+                ASSERT_LE(begin, moment) << name.constData();
+                ASSERT_LE(moment, end) << name.constData();
+                ASSERT_EQ(KTAdditions::beginningOfDay(begin), begin) << name.constData();
+                ASSERT_EQ(KTAdditions::endOfDay(end), end) << name.constData();
+                ASSERT_EQ(KTAdditions::beginningOfDay(end.addSecs(1)), end.addSecs(1));
+                ASSERT_EQ(KTAdditions::endOfDay(begin.addSecs(-1)), begin.addSecs(-1));
+            }
+        }
+    }
+    EXPECT_GT(changes, 10'000);
+}
+
+TEST(NSDate_KTAdditions, DaysOfLeapMonthsAreThoseOfTheClock)
+{
+    const EnvironmentGuard zone("TZ", "Europe/Berlin");
+    for (const QString &locale : {u"en_US@calendar=chinese"_s, u"en_US@calendar=dangi"_s}) {
+        NSLocale::setCurrentLocale(NSLocale(locale));
+        // In the second second month of 2004.
+        const QDateTime moment = instant(1081577744);
+        EXPECT_EQ(KTAdditions::beginningOfDay(moment), instant(1081548000));
+        EXPECT_EQ(KTAdditions::endOfDay(moment), instant(1081634399));
+        NSLocale::resetCurrentLocale();
+    }
+}

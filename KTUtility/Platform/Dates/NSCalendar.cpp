@@ -146,6 +146,8 @@ NSDateComponents NSCalendar::components(NSCalendarUnits units, const QDateTime &
         if (units & component.unit)
             result.*component.member = calendar->get(component.field, status) + component.bias;
     }
+    if (units & NSMonthCalendarUnit)
+        result.leapMonth = calendar->get(UCAL_IS_LEAP_MONTH, status) != 0;
     return U_SUCCESS(status) ? result : NSDateComponents();
 }
 
@@ -181,11 +183,17 @@ QDateTime NSCalendar::dateFromComponents(const NSDateComponents &components) con
         if (value != NSUndefinedDateComponent)
             calendar->set(component.field, value - component.bias);
     }
+    if (components.leapMonth)
+        calendar->set(UCAL_IS_LEAP_MONTH, 1);
     const double time = calendar->getTime(status);
     return dateOf(time, status);
 }
 
 namespace {
+// The ends of ICU's calendars.
+constexpr double EarliestTime = -184'303'902'528'000'000.0;
+constexpr double LatestTime = 183'882'168'921'600'000.0;
+
 /// Adds an amount of one unit.
 /// \return false if that is beyond the calendar's end, where ICU goes on from the other one.
 bool add(icu::Calendar &calendar, UCalendarDateFields field, int amount, UErrorCode *status)
@@ -199,6 +207,9 @@ bool add(icu::Calendar &calendar, UCalendarDateFields field, int amount, UErrorC
     const double before = calendar.getTime(*status);
     calendar.add(field, amount, *status);
     const double after = calendar.getTime(*status);
+    // Days, hours and the like end there without a word.
+    if (after <= EarliestTime || after >= LatestTime)
+        return false;
     return amount >= 0 ? after >= before : after <= before;
 }
 } // namespace
@@ -219,4 +230,32 @@ QDateTime NSCalendar::dateByAddingComponents(const NSDateComponents &components,
     }
     const double time = calendar->getTime(status);
     return dateOf(time, status);
+}
+
+// --- Days ---------------------------------------------------------------------------------------
+
+/// Days begin at midnight in all calendars, so that they are counted by the clock alone.
+QDateTime NSCalendar::startOfDay(const QDateTime &forDate, int daysLater) const
+{
+    if (!forDate.isValid())
+        return {};
+    const qint64 time = forDate.toMSecsSinceEpoch();
+    const TimeZoneRules &rules = TimeZoneRules::rulesOf(_timeZone);
+    qint64 midnight = Civil::daysOfTime(rules.localTimeOf(time)) * Civil::MillisecondsPerDay;
+    // The clock may have been put back since a later day began.
+    while (rules.firstInstantFrom(midnight + Civil::MillisecondsPerDay) <= time)
+        midnight += Civil::MillisecondsPerDay;
+    const qint64 start = rules.firstInstantFrom(midnight + daysLater * Civil::MillisecondsPerDay);
+    const bool isInRange = double(start) > EarliestTime && double(start) < LatestTime;
+    return isInRange ? QDateTime::fromMSecsSinceEpoch(start, UTC) : QDateTime();
+}
+
+QDateTime NSCalendar::startOfDay(const QDateTime &forDate) const
+{
+    return startOfDay(forDate, 0);
+}
+
+QDateTime NSCalendar::startOfNextDay(const QDateTime &forDate) const
+{
+    return startOfDay(forDate, 1);
 }

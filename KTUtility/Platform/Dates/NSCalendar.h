@@ -53,6 +53,9 @@ struct NSDateComponents
     int week = NSUndefinedDateComponent;           ///< of the year, from 1
     int weekday = NSUndefinedDateComponent;        ///< 1 is Sunday
     int weekdayOrdinal = NSUndefinedDateComponent; ///< 2 is the second such weekday of the month
+    /// Whether the month is the second with its number, in the Chinese and Dangi calendars. It comes
+    /// and goes with the month.
+    bool leapMonth = false;
 
     friend bool operator==(const NSDateComponents &, const NSDateComponents &) = default;
 };
@@ -125,6 +128,15 @@ public:
     /// \return an invalid QDateTime if nothing is defined, or out of the calendar's range.
     QDateTime dateFromComponents(const NSDateComponents &components) const;
 
+    /// The instant at which the day of another begins: midnight; the first one where the clock is
+    /// put back to it or behind it, and the first instant of the new day where it skips midnight.
+    /// Every instant is in one day only: an hour of the old day that comes back after midnight
+    /// counts to the new one.
+    /// \return an invalid QDateTime for an invalid one.
+    QDateTime startOfDay(const QDateTime &forDate) const;
+    /// The instant at which the day after that begins.
+    QDateTime startOfNextDay(const QDateTime &forDate) const;
+
     /// \a toDate and a length of time, added from the largest unit to the smallest; a day that the
     /// month reached does not have becomes its last.
     QDateTime dateByAddingComponents(const NSDateComponents &components,
@@ -141,6 +153,7 @@ private:
     {
     }
 
+    QDateTime startOfDay(const QDateTime &forDate, int daysLater) const;
     bool setPlainComponents(NSCalendarUnits units, qint64 time, NSDateComponents *result) const;
     std::optional<qint64> timeOfPlainComponents(const NSDateComponents &components) const;
 

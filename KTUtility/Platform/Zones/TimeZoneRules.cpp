@@ -167,3 +167,32 @@ qint64 TimeZoneRules::slowInstantOf(qint64 localTime) const
         return later;
     return localTime - slowOffsetAt(localTime - Margin).total;
 }
+
+qint64 TimeZoneRules::firstInstantFrom(qint64 localTime) const
+{
+    const Season &season = seasonAt(localTime);
+    for (size_t index = 0; index < season.count; ++index) {
+        const Stretch &stretch = season.stretches[index];
+        const bool isLast = index + 1 == season.count;
+        const qint64 instant = std::max(stretch.from, localTime - stretch.offset.total);
+        if (isLast || instant < season.stretches[index + 1].from)
+            return instant;
+    }
+    return slowFirstInstantFrom(localTime);
+}
+
+/// The same beside more changes than a season holds.
+qint64 TimeZoneRules::slowFirstInstantFrom(qint64 localTime) const
+{
+    qint64 from = localTime - Margin;
+    int offset = slowOffsetAt(from).total;
+    for (const auto &change : _source.transitions(dateOf(from + 1), dateOf(localTime + Margin))) {
+        const qint64 end = change.atUtc.toMSecsSinceEpoch();
+        const qint64 instant = std::max(from, localTime - offset);
+        if (instant < end)
+            return instant;
+        from = end;
+        offset = slowOffsetAt(from).total;
+    }
+    return std::max(from, localTime - offset);
+}

@@ -307,3 +307,74 @@ TEST(NSCalendar, FindsTheInstantsAroundEveryChangeOfClocks)
         }
     }
 }
+
+TEST(NSCalendar, LeapMonthsComeAndGoWithTheMonth)
+{
+    for (const QString &identifier : {u"chinese"_s, u"dangi"_s}) {
+        const NSCalendar calendar = calendarOf("Europe/Berlin", identifier);
+        int leapDays = 0;
+        for (int day = 0; day < 8'000; ++day) {
+            const QDateTime instant = utc("2000-01-01T12:00:00").addDays(day);
+            const NSDateComponents parts =
+                calendar.components(NSDateCalendarUnits | NSTimeCalendarUnits, instant);
+            leapDays += parts.leapMonth ? 1 : 0;
+            ASSERT_EQ(calendar.dateFromComponents(parts), instant) << day;
+        }
+        // Seven months in 19 years.
+        EXPECT_GT(leapDays, 7 * 29) << identifier.toStdString();
+        EXPECT_LT(leapDays, 9 * 31) << identifier.toStdString();
+    }
+    EXPECT_FALSE(
+        calendarOf("UTC").components(NSDateCalendarUnits, utc("2008-03-05T12:00:00")).leapMonth);
+}
+
+TEST(NSCalendar, DaysBeginWhereTheClockReachesThem)
+{
+    struct Case
+    {
+        const char *zone;
+        const char *instant;
+        const char *start;
+        const char *next;
+    };
+    // All in UTC.
+    for (const Case &each : {
+             // An ordinary day, and one whose midnight is skipped.
+             Case{"America/New_York", "2008-03-05T18:45:30", "2008-03-05T05:00:00",
+                  "2008-03-06T05:00:00"},
+             Case{"America/Sao_Paulo", "2008-10-19T15:00:00", "2008-10-19T03:00:00",
+                  "2008-10-20T02:00:00"},
+             // 23:00 becomes 0:00, 23:30 becomes 0:30.
+             Case{"Europe/Lisbon", "1931-04-18T22:30:00", "1931-04-18T00:00:00",
+                  "1931-04-18T23:00:00"},
+             Case{"America/Toronto", "1919-03-31T17:00:00", "1919-03-31T04:30:00",
+                  "1919-04-01T04:00:00"},
+             // 0:01 becomes 23:01: the first minute of the new day, and the hour that comes back.
+             Case{"America/St_Johns", "2010-11-07T02:30:30", "2010-11-07T02:30:00",
+                  "2010-11-08T03:30:00"},
+             Case{"America/St_Johns", "2010-11-07T03:00:00", "2010-11-07T02:30:00",
+                  "2010-11-08T03:30:00"},
+             // A day that there was not.
+             Case{"Pacific/Apia", "2011-12-30T09:00:00", "2011-12-29T10:00:00",
+                  "2011-12-30T10:00:00"},
+         }) {
+        SCOPED_TRACE(std::string(each.zone) + ' ' + each.instant);
+        const NSCalendar calendar = calendarOf(each.zone);
+        EXPECT_EQ(calendar.startOfDay(utc(each.instant)), utc(each.start));
+        EXPECT_EQ(calendar.startOfNextDay(utc(each.instant)), utc(each.next));
+    }
+    EXPECT_FALSE(NSCalendar().startOfDay(QDateTime()).isValid());
+    EXPECT_FALSE(NSCalendar().startOfNextDay(QDateTime()).isValid());
+}
+
+TEST(NSCalendar, AmountsThatLeadBeyondTheEndHaveNoDate)
+{
+    const NSCalendar calendar = calendarOf("UTC");
+    constexpr int Most = NSUndefinedDateComponent - 1;
+    const QDateTime date = utc("2008-03-05T12:00:00");
+    EXPECT_FALSE(calendar.dateByAddingComponents({.day = Most}, date).isValid());
+    EXPECT_FALSE(calendar.dateByAddingComponents({.day = -Most}, date).isValid());
+    EXPECT_FALSE(calendar.dateByAddingComponents({.week = Most}, date).isValid());
+    EXPECT_TRUE(calendar.dateByAddingComponents({.day = Most / 2}, date).isValid());
+    EXPECT_TRUE(calendar.dateByAddingComponents({.hour = Most}, date).isValid());
+}
