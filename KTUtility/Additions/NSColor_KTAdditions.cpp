@@ -2,11 +2,10 @@
 
 #include <KTUtility/Platform/Values/NSStringValues.h>
 
+#include <QLocale>
 #include <QStringList>
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 
 namespace {
@@ -17,13 +16,16 @@ float component(const QStringList &numbers, qsizetype index)
     return std::isfinite(number) ? float(std::clamp(number, 0.0, 1.0)) : 0.0F;
 }
 
+/// The shortest decimal number that a color takes for this component: it keeps 16 bits.
 QString shortest(float number)
 {
-    std::array<char, 32> digits;
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
-                                   std::chars_format::fixed)
-                         .ptr;
-    return QString::fromLatin1(digits.data(), end - digits.data());
+    constexpr float Most = 65535;
+    for (int places = 0; places < 6; ++places) {
+        const double rounded = QString::number(double(number), 'f', places).toDouble();
+        if (qRound(float(rounded) * Most) == qRound(number * Most))
+            return QString::number(rounded, 'f', QLocale::FloatingPointShortest);
+    }
+    return QString::number(double(number), 'f', QLocale::FloatingPointShortest);
 }
 } // namespace
 

@@ -1,12 +1,25 @@
 #include "KTBoolImageTransformer.h"
 
+#include <KTUtility/Platform/Keys/Invoker.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 
+#include <optional>
+
+using namespace KTPrivate;
+
 namespace {
-bool answersBoolValue(const QVariant &value)
+/// The truth value of what answers one: a number, a text, or an object with such a method.
+std::optional<bool> boolValueOf(const QVariant &value)
 {
-    return !NSObject::isNil(value) &&
-           (NSObject::isNumber(value) || value.typeId() == QMetaType::QString);
+    if (NSObject::isNil(value))
+        return {};
+    if (NSObject::isNumber(value) || value.typeId() == QMetaType::QString)
+        return NSObject::boolValue(value);
+    const KeyValueTarget target = KeyValueTarget::ofVariant(value);
+    Invoker boolValue("boolValue", {});
+    if (!target.metaObject || !boolValue.respondsTo(target))
+        return {};
+    return boolValue.isTrue(target);
 }
 } // namespace
 
@@ -17,9 +30,10 @@ QMetaType KTBoolImageTransformer::transformedValueClass() const
 
 QVariant KTBoolImageTransformer::transformedValue(const QVariant &value) const
 {
-    if (!answersBoolValue(value))
+    const std::optional<bool> flag = boolValueOf(value);
+    if (!flag)
         return {};
-    const QImage &image = NSObject::boolValue(value) ? _onImage : _offImage;
+    const QImage &image = *flag ? _onImage : _offImage;
     return image.isNull() ? QVariant() : QVariant(image);
 }
 

@@ -24,7 +24,8 @@ public:
     /// The type of numbers, deliberately, although the values are images.
     QMetaType transformedValueClass() const override;
     bool allowsReverseTransformation() const override { return false; }
-    /// The image for a number or a text, as NSString::boolValue() reads it.
+    /// The image for a number, a text as NSString::boolValue() reads it, or an object with an
+    /// invokable boolValue().
     /// \return nil for nil, for values of other types, and if the image was never set.
     QVariant transformedValue(const QVariant &value) const override;
 

@@ -1,11 +1,34 @@
 #include "KTSingleObjectFilter.h"
 
 #include <KTUtility/Platform/Keys/KeyValueTarget.h>
+#include <KTUtility/Platform/Keys/NSCollections.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 
-#include <QScopedValueRollback>
-
 using namespace KTPrivate;
+
+namespace {
+/// Sets are no lists: they have no first element.
+bool isSet(const QVariant &value)
+{
+    const QByteArrayView type = value.typeName();
+    return value.metaType() == QMetaType::fromType<NSSet>() || type.startsWith("QSet<") ||
+           type.startsWith("std::set<") || type.startsWith("std::unordered_set<");
+}
+
+QVariant objectOf(const QVariant &value)
+{
+    if (isSet(value) || KeyValueTarget::ofVariant(value).kind != KeyValueTarget::Kind::Collection)
+        return value;
+    return value.value<QVariantList>().value(0);
+}
+
+QVariant listOf(const QVariant &value)
+{
+    // As one element: a list that is appended to a list would be joined to it.
+    return NSObject::isNil(value) ? QVariant(QVariantList())
+                                  : QVariant::fromValue(QVariantList{QVariant(value)});
+}
+} // namespace
 
 std::shared_ptr<KTSingleObjectFilter> KTSingleObjectFilter::valueTransformer()
 {
@@ -21,24 +44,12 @@ std::shared_ptr<KTSingleObjectFilter> KTSingleObjectFilter::reversedValueTransfo
 
 QVariant KTSingleObjectFilter::transformedValue(const QVariant &value) const
 {
-    if (_reversed) {
-        const QScopedValueRollback<bool> cleared(_reversed, false);
-        return reverseTransformedValue(value);
-    }
-    if (KeyValueTarget::ofVariant(value).kind != KeyValueTarget::Kind::Collection)
-        return value;
-    return value.value<QVariantList>().value(0);
+    return _reversed ? listOf(value) : objectOf(value);
 }
 
 QVariant KTSingleObjectFilter::reverseTransformedValue(const QVariant &value) const
 {
-    if (_reversed) {
-        const QScopedValueRollback<bool> cleared(_reversed, false);
-        return transformedValue(value);
-    }
-    // As one element: a list that is appended to a list would be joined to it.
-    return NSObject::isNil(value) ? QVariant(QVariantList())
-                                  : QVariant::fromValue(QVariantList{QVariant(value)});
+    return _reversed ? objectOf(value) : listOf(value);
 }
 
 KT_REGISTER_VALUE_TRANSFORMER(KTSingleObjectFilter)

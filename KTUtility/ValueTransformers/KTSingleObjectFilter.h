@@ -23,8 +23,9 @@ public:
     /// Any type.
     QMetaType transformedValueClass() const override { return {}; }
     bool allowsReverseTransformation() const override { return true; }
-    /// The first element of a list, nil if it is empty; everything else as it is. Reversed, it does
-    /// what reverseTransformedValue() does otherwise.
+    /// The first element of a list, nil if it is empty; everything else as it is, sets included,
+    /// which have no first element. Reversed, it does what reverseTransformedValue() does
+    /// otherwise.
     QVariant transformedValue(const QVariant &value) const override;
     /// A list of the value, which is empty for nil. Reversed, it does what transformedValue() does
     /// otherwise.
@@ -33,6 +34,5 @@ public:
 private:
     void setReversed(bool reversed) { _reversed = reversed; }
 
-    // Cleared while one direction does the other's work.
-    mutable bool _reversed = false;
+    bool _reversed = false;
 };

@@ -7,6 +7,19 @@ using namespace testing_support;
 
 namespace {
 const QVariant nil;
+
+/// An object that answers whether it is true.
+class Lock : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Lock(bool isClosed) : _isClosed(isClosed) {}
+    Q_INVOKABLE bool boolValue() const { return _isClosed; }
+
+private:
+    bool _isClosed;
+};
 } // namespace
 
 TEST(KTBoolImageTransformer, ShowsOneOfTwoImages)
@@ -27,3 +40,20 @@ TEST(KTBoolImageTransformer, ShowsOneOfTwoImages)
                                   QVariant(QByteArray("yes"))})
         EXPECT_FALSE(transformer.transformedValue(value).isValid());
 }
+
+TEST(KTBoolImageTransformer, ObjectsMayAnswerBoolValue)
+{
+    KTBoolImageTransformer transformer;
+    transformer.setOnImage(QImage(1, 1, QImage::Format_RGB32));
+    transformer.setOffImage(QImage(2, 2, QImage::Format_RGB32));
+    Lock closed(true), open(false);
+    QObject other;
+    const auto sizeFor = [&](QObject *object) {
+        return transformer.transformedValue(QVariant::fromValue(object)).value<QImage>().width();
+    };
+    EXPECT_EQ(sizeFor(&closed), 1);
+    EXPECT_EQ(sizeFor(&open), 2);
+    EXPECT_EQ(sizeFor(&other), 0);
+}
+
+#include "KTBoolImageTransformerTests.moc"
