@@ -79,7 +79,8 @@ KTInternational::KTInternational()
 {
     if (sharedInstance)
         fail(u"init"_s, 29, u"Should not be creating multiple KTInternational objects."_s);
-    sharedInstance = this;
+    else
+        sharedInstance = this;
 }
 
 KTInternational::~KTInternational()
@@ -138,6 +139,10 @@ QString KTInternational::localizedCSVSeparatorAndAlternates(QStringList *alterna
         alternates->removeAll(result);
     } catch (const NSException &exception) {
         KTLog(kLog_invalid, 4, u"%@", exception.reason());
+    } catch (const std::exception &exception) {
+        KTLog(kLog_invalid, 4, u"%s", exception.what());
+    } catch (...) {
+        KTLog(kLog_invalid, 4, u"unknown exception");
     }
     return result;
 }

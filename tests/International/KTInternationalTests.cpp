@@ -1,6 +1,7 @@
 #include <KTUtility/KTInternational>
 
 #include <KTUtility/KTLogCapture>
+#include <KTUtility/NSAssertionHandler>
 #include <KTUtility/NSException>
 #include <KTUtility/NSLocale>
 
@@ -8,6 +9,7 @@
 #include "support/TestSupport.h"
 
 #include <memory>
+#include <stdexcept>
 #include <string>
 
 using namespace Qt::StringLiterals;
@@ -232,4 +234,49 @@ TEST_F(KTInternationalTests, ConstantsAreThoseOfThePlatform)
     EXPECT_EQ(KTInternationalJapaneseLanguageCode, u"jp"_s);
     EXPECT_EQ(kJapaneseContryCode, u"JP"_s);
     EXPECT_FALSE(KTInternationalEmptyString.isNull());
+}
+
+TEST_F(KTInternationalTests, AnyExceptionIsLogged)
+{
+    class Failing : public KTInternational
+    {
+    public:
+        bool isStandard = true;
+
+    protected:
+        QString separatorsPath() const override
+        {
+            if (isStandard)
+                throw std::runtime_error("no %@ path");
+            throw 5;
+        }
+    };
+    const std::unique_ptr<Failing> application = std::make_unique<Failing>();
+    useLocale(u"de_DE");
+    const KTLogCapture capture(kLog_invalid, 4);
+    EXPECT_EQ(separator({u"kept"_s}), u","_s);
+    application->isStandard = false;
+    EXPECT_EQ(separator({u"kept"_s}), u","_s);
+    EXPECT_EQ(alternates, QStringList{u"kept"_s});
+    EXPECT_EQ(capture.messages(), QStringList({u"no %@ path"_s, u"unknown exception"_s}));
+}
+
+TEST_F(KTInternationalTests, WithALenientHandlerTheFirstObjectStays)
+{
+    class Lenient : public NSAssertionHandler
+    {
+    public:
+        void handleFailureInMethod(const QString &, const NSAssertionSubject &, const QString &,
+                                   int, const QString &, std::span<const NSFormatArgument>) override
+        {
+        }
+    } lenient;
+    KTInternational *const first = KTInternational::instance();
+    NSAssertionHandler::setCurrentHandler(&lenient);
+    {
+        const Application second;
+        EXPECT_EQ(KTInternational::instance(), first);
+    }
+    NSAssertionHandler::setCurrentHandler(nullptr);
+    EXPECT_EQ(KTInternational::instance(), first);
 }
