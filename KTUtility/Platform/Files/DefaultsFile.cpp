@@ -1,6 +1,6 @@
 #include "DefaultsFile_p.h"
 
-#include "FileLock_p.h"
+#include "KTLockFile.h"
 #include "NSFileManager.h"
 #include "NSPropertyListSerialization.h"
 #include "NSSearchPath.h"
@@ -15,6 +15,16 @@ using namespace KTPrivate;
 
 namespace {
 constexpr int LockMilliseconds = 2000;
+
+/// Waits for others; a folder in the lock's place is nobody's lock, but may hold what is needed.
+bool isLocked(KTLockFile &lock)
+{
+    using Result = KTLockFile::Result;
+    Result result = lock.lock(LockMilliseconds);
+    if (result == Result::Blocked && moveDamagedFileAside(lock.path()))
+        result = lock.lock(LockMilliseconds);
+    return result == Result::Locked;
+}
 
 bool updateLocked(const QString &file, const std::function<void(QVariantMap &)> &change)
 {
@@ -52,8 +62,8 @@ bool DefaultsFile::update(const QString &domain, const std::function<void(QVaria
     const QString file = path(domain);
     if (file.isNull() || !NSFileManager::createDirectoryAtPath(folder(), true))
         return false;
-    const FileLock lock(file + u".lock", LockMilliseconds);
-    return lock.isLocked() && updateLocked(file, change);
+    KTLockFile lock(file + u".lock");
+    return isLocked(lock) && updateLocked(file, change);
 }
 
 bool DefaultsFile::remove(const QString &domain)

@@ -1,6 +1,7 @@
 #include "KTLockFile.h"
 
 #include "FileOperations_p.h"
+#include "NSPathUtilities.h"
 
 #include <QDeadlineTimer>
 #include <QFile>
@@ -33,10 +34,52 @@ bool isAtPath(int descriptor, const QByteArray &path)
            isSameFile(opened, named);
 }
 
+bool lockNow(int descriptor)
+{
+    return uninterrupted([descriptor] { return ::flock(descriptor, LOCK_EX | LOCK_NB); }) == 0;
+}
+
+/// A folder that only one process clears at a time. Else the second one would remove what the first
+/// one has put there since it looked.
+class ClearedFolder
+{
+public:
+    explicit ClearedFolder(const QString &path)
+        : _descriptor(openFile(QFile::encodeName(path), O_RDONLY | O_DIRECTORY))
+        , _isMine(_descriptor >= 0 && lockNow(_descriptor))
+    {
+    }
+    ~ClearedFolder()
+    {
+        if (_descriptor >= 0)
+            ::close(_descriptor);
+    }
+    ClearedFolder(const ClearedFolder &) = delete;
+    ClearedFolder &operator=(const ClearedFolder &) = delete;
+
+    bool isMine() const { return _isMine; }
+
+private:
+    int _descriptor;
+    bool _isMine;
+};
+
+bool isFileOrNothing(const QByteArray &path)
+{
+    struct stat status = {};
+    return ::lstat(path.constData(), &status) != 0 || S_ISREG(status.st_mode);
+}
+
 /// Removes what is no file and so can be nobody's lock.
 /// \return false if it stays.
-bool clearPlace(const QByteArray &path)
+bool clearPlace(const QString &place)
 {
+    const QByteArray path = QFile::encodeName(place);
+    if (isFileOrNothing(path))
+        return true;
+    const ClearedFolder folder(NSString::stringByDeletingLastPathComponent(place));
+    if (!folder.isMine())
+        return true; // somebody else does it
     struct stat status = {};
     if (::lstat(path.constData(), &status) != 0 || S_ISREG(status.st_mode))
         return true;
@@ -53,19 +96,12 @@ int openExisting(const QByteArray &path)
     return file < 0 && errno == EACCES ? openFile(path, O_RDONLY | Flags) : file;
 }
 
-/// A second attempt where the first one met a fault that passes.
-void removeFile(const QByteArray &path)
-{
-    if (::unlink(path.constData()) != 0)
-        ::unlink(path.constData());
-}
-
 /// Of a file that cannot be locked.
 void removeIfEmpty(int descriptor, const QByteArray &path)
 {
     struct stat status = {};
     if (::fstat(descriptor, &status) == 0 && status.st_size == 0 && isAtPath(descriptor, path))
-        removeFile(path);
+        removeFile(path.constData());
 }
 } // namespace
 
@@ -103,7 +139,7 @@ KTLockFile::Result KTLockFile::tryLock()
 /// \return nothing if the file was exchanged meanwhile.
 std::optional<KTLockFile::Result> KTLockFile::tryOnce(const QByteArray &path)
 {
-    if (!clearPlace(path))
+    if (!clearPlace(_path))
         return Result::Blocked;
     const int made = openFile(path, O_RDWR | O_CREAT | O_EXCL, 0666);
     if (made >= 0)
@@ -119,8 +155,7 @@ std::optional<KTLockFile::Result> KTLockFile::tryOnce(const QByteArray &path)
 /// Locks a file that is open now.
 std::optional<KTLockFile::Result> KTLockFile::lockOpened(int descriptor, const QByteArray &path)
 {
-    const bool isHeld =
-        uninterrupted([descriptor] { return ::flock(descriptor, LOCK_EX | LOCK_NB); }) == 0;
+    const bool isHeld = lockNow(descriptor);
     const bool isTaken = !isHeld && errno == EWOULDBLOCK;
     // A lock on a file that was removed meanwhile keeps nobody out.
     if (isHeld && isAtPath(descriptor, path)) {
@@ -143,7 +178,7 @@ void KTLockFile::unlock()
     // Before others can have it: afterwards it may be theirs. The second look is for a fault that
     // passes.
     if (isAtPath(_descriptor, path) || isAtPath(_descriptor, path))
-        removeFile(path);
+        removeFile(path.constData());
     ::close(_descriptor);
     _descriptor = -1;
 }

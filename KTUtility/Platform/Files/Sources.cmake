@@ -1,7 +1,6 @@
 target_sources(KTUtility PRIVATE
     Platform/Files/DefaultsFile.cpp
     Platform/Files/FileCopy.cpp
-    Platform/Files/FileLock.cpp
     Platform/Files/FileRemoval.cpp
     Platform/Files/FileRename.cpp
     Platform/Files/FolderPlace.cpp

@@ -204,6 +204,17 @@ TEST(DefaultsFile, AHeldLockIsWaitedForTwoSeconds)
     EXPECT_EQ(NSUserDefaults(Domain).integerForKey(Key), 1);
 }
 
+TEST(DefaultsFile, AFolderInPlaceOfTheLockIsMovedAsideWithWhatItHolds)
+{
+    const QString home = useFreshHome();
+    const QString path = fileIn(home) + u".lock"_s;
+    writeFile(path + u"/inside"_s, "kept");
+    NSUserDefaults defaults(Domain);
+    defaults.setInteger(1, Key);
+    EXPECT_EQ(NSUserDefaults(Domain).integerForKey(Key), 1);
+    EXPECT_EQ(contentsOf(path + u".damaged/inside"_s), "kept");
+}
+
 TEST(DefaultsFile, TheLockOfADeadProcessDoesNotBlock)
 {
     const QString home = useFreshHome();

@@ -1,6 +1,5 @@
 target_sources(KTUtilityTests PRIVATE
     Platform/Files/DefaultsFileTests.cpp
-    Platform/Files/FileLockTests.cpp
     Platform/Files/FileOperationsTests.cpp
     Platform/Files/FolderPlaceTests.cpp
     Platform/Files/KTLockFileTests.cpp
