@@ -30,6 +30,12 @@ size_t takePart(const char *part, size_t /*unit*/, size_t size, void *body)
     return size;
 }
 
+/// Asks whether to go on; anything but 0 ends the transfer.
+int askWhetherToGoOn(void *goesOn, curl_off_t, curl_off_t, curl_off_t, curl_off_t)
+{
+    return (*static_cast<const std::function<bool()> *>(goesOn))() ? 0 : 1;
+}
+
 Headers headersAgainstCaches()
 {
     Headers headers(curl_slist_append(nullptr, "Cache-Control: no-cache"));
@@ -58,10 +64,28 @@ void setLimits(CURL *transfer, double timeoutInterval)
     curl_easy_setopt(transfer, CURLOPT_MAXREDIRS, MaximumRedirections);
     curl_easy_setopt(transfer, CURLOPT_NOPROXY, "*");
 }
+
+void setQuestion(CURL *transfer, const std::function<bool()> &goesOn)
+{
+    if (!goesOn)
+        return;
+    curl_easy_setopt(transfer, CURLOPT_NOPROGRESS, 0L);
+    curl_easy_setopt(transfer, CURLOPT_XFERINFOFUNCTION, askWhetherToGoOn);
+    curl_easy_setopt(transfer, CURLOPT_XFERINFODATA, &goesOn);
+}
+
+int statusOf(CURL *transfer)
+{
+    long status = 0;
+    curl_easy_getinfo(transfer, CURLINFO_RESPONSE_CODE, &status);
+    return int(status);
+}
 } // namespace
 
-std::optional<QByteArray> NSURLConnection::sendSynchronousRequest(const NSURL &url,
-                                                                  double timeoutInterval)
+std::optional<QByteArray>
+NSURLConnection::sendSynchronousRequest(const NSURL &url, double timeoutInterval,
+                                        NSHTTPURLResponse *response,
+                                        const std::function<bool()> &goesOn)
 {
     const Transfer transfer(isLibraryReady() ? curl_easy_init() : nullptr);
     if (!transfer || url.scheme().compare(u"http", Qt::CaseInsensitive) != 0)
@@ -70,11 +94,13 @@ std::optional<QByteArray> NSURLConnection::sendSynchronousRequest(const NSURL &u
     const QByteArray text = url.absoluteString().toLatin1();
     QByteArray body("");
     setLimits(transfer.get(), timeoutInterval);
+    setQuestion(transfer.get(), goesOn);
     curl_easy_setopt(transfer.get(), CURLOPT_URL, text.constData());
     curl_easy_setopt(transfer.get(), CURLOPT_HTTPHEADER, headers.get());
     curl_easy_setopt(transfer.get(), CURLOPT_WRITEFUNCTION, takePart);
     curl_easy_setopt(transfer.get(), CURLOPT_WRITEDATA, &body);
-    if (curl_easy_perform(transfer.get()) != CURLE_OK)
-        return std::nullopt;
-    return body;
+    const bool isDone = curl_easy_perform(transfer.get()) == CURLE_OK;
+    if (response)
+        response->statusCode = statusOf(transfer.get());
+    return isDone ? std::optional(body) : std::nullopt;
 }

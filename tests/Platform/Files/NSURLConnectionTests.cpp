@@ -62,6 +62,48 @@ TEST(NSURLConnection, TheStatusDoesNotMatter)
     EXPECT_EQ(get(server.url(u"/none"_s)), QByteArray("nothing"));
 }
 
+TEST(NSURLConnection, TellsTheStatus)
+{
+    const LoopbackServer server([](int socket, const QByteArray &path) {
+        if (path == "/part")
+            LoopbackServer::send(socket, "HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\nabc");
+        else if (path == "/moved")
+            LoopbackServer::send(socket, "HTTP/1.1 302 Found\r\nContent-Length: 0\r\n"
+                                         "Connection: close\r\nLocation: https://a/b\r\n\r\n");
+        else if (path != "/silent")
+            LoopbackServer::sendBody(socket, "body", path.mid(1) + " Text");
+    });
+    const struct
+    {
+        QString path;
+        int status;
+        bool hasBody;
+    } rows[] = {
+        {u"/200"_s, 200, true},   {u"/404"_s, 404, true},    {u"/500"_s, 500, true},
+        {u"/part"_s, 200, false}, {u"/moved"_s, 302, false}, {u"/silent"_s, 0, false},
+    };
+    for (const auto &row : rows) {
+        NSHTTPURLResponse response;
+        const auto body = NSURLConnection::sendSynchronousRequest(
+            *NSURL::URLWithString(server.url(row.path)), 5, &response);
+        EXPECT_EQ(response.statusCode, row.status) << row.path.toStdString();
+        EXPECT_EQ(body.has_value(), row.hasBody) << row.path.toStdString();
+    }
+}
+
+TEST(NSURLConnection, AsksWhetherToGoOn)
+{
+    const LoopbackServer server(
+        [](int socket, const QByteArray &) { LoopbackServer::waitForClose(socket); });
+    int asked = 0;
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_FALSE(NSURLConnection::sendSynchronousRequest(
+        *NSURL::URLWithString(server.url(u"/a"_s)), 60, nullptr, [&asked] { return ++asked < 2; }));
+    EXPECT_EQ(asked, 2);
+    EXPECT_LT(timer.elapsed(), 30000);
+}
+
 TEST(NSURLConnection, AsksCachesToStandAside)
 {
     const LoopbackServer server;
