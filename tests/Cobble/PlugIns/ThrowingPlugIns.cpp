@@ -10,7 +10,8 @@ using namespace Qt::StringLiterals;
 
 // Plug-ins that load, and then fail in every way that C++ has.
 
-/// Throws what is no std::exception; for files named ".fails", one; ".quiet" fails without a word.
+/// Throws what is no std::exception; for files named ".fails", one. For others it says no without a
+/// word (".quiet"), with an empty one, closes what it was given, or asks for what there is not.
 class ThrowingExporter : public QObject, public CobbleExporter
 {
     Q_OBJECT
@@ -20,11 +21,29 @@ public:
     static void pluginWillUnload() {}
     static void pluginDidUnload() {}
 
-    QStringList fileTypes() const override { return {u"throws"_s, u"fails"_s, u"quiet"_s}; }
-    bool exportRecords(CobbleRecordSource &, const QString &fileType, QIODevice *to,
-                       QString *) override
+    QStringList fileTypes() const override
+    {
+        return {u"throws"_s,  u"fails"_s,  u"quiet"_s,  u"empty"_s, u"shuts"_s,
+                u"refuses"_s, u"beyond"_s, u"before"_s, u"after"_s, u"negative"_s};
+    }
+    bool exportRecords(CobbleRecordSource &records, const QString &fileType, QIODevice *to,
+                       QString *error) override
     {
         to->write("half");
+        if (fileType == u"empty")
+            *error = u""_s;
+        if (fileType == u"shuts" || fileType == u"refuses")
+            to->close();
+        if (fileType == u"empty" || fileType == u"refuses")
+            return false;
+        if (fileType == u"shuts")
+            return to->write(" whole") == 6;
+        if (fileType == u"beyond" || fileType == u"negative")
+            return records.next() && records.text(fileType == u"beyond" ? 9999 : -1).isEmpty();
+        if (fileType == u"before")
+            return !records.value(0).isValid() && records.text(0).isEmpty();
+        if (fileType == u"after")
+            return records.next() && !records.next() && !records.value(0).isValid();
         if (fileType == u"quiet")
             return false;
         if (fileType == u"fails")

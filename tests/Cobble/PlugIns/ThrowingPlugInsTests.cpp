@@ -102,10 +102,19 @@ TEST_F(ThrowingPlugInsTests, ExportersThatFailLeaveTheOldFile)
     const Row rows[] = {
         {u"out.quiet"_s, u"the exporter failed\n"_s},
         {u"out.fails"_s, u"the exporter failed: no paper\n"_s},
+        {u"out.empty"_s, u"the exporter failed\n"_s},
+        {u"out.refuses"_s, u"the exporter failed\n"_s},
+        {u"out.beyond"_s, u"the exporter failed: it asked for a field that there is not: 9999\n"_s},
+        {u"out.negative"_s, u"the exporter failed: it asked for a field that there is not: -1\n"_s},
+        {u"out.before"_s,
+         u"the exporter failed: it asked for a field where there is no record\n"_s},
+        {u"out.after"_s, u"the exporter failed: it asked for a field where there is no record\n"_s},
         {u"new.quiet"_s, u"the exporter failed\n"_s},
     };
-    tree.add(u"out.quiet"_s, "old");
-    tree.add(u"out.fails"_s, "old");
+    for (const Row &row : rows) {
+        if (row.name.startsWith(u"out."))
+            tree.add(row.name, "old");
+    }
     const QJsonObject before = tree.contents();
     for (const Row &row : rows) {
         const CommandResult result = exportTo(row.name);
@@ -116,12 +125,22 @@ TEST_F(ThrowingPlugInsTests, ExportersThatFailLeaveTheOldFile)
     }
 }
 
+TEST_F(ThrowingPlugInsTests, AnExporterMayCloseWhatItWasGiven)
+{
+    import(u"Names.csv"_s, "Name\nAnn\n");
+    tree.add(u"out.shuts"_s, "old");
+    EXPECT_EQ(exportTo(u"out.shuts"_s).exitCode, 0);
+    EXPECT_EQ(contentsOf(tree.path(u"out.shuts"_s)), "half whole");
+}
+
 TEST_F(ThrowingPlugInsTests, OneThatCannotSayItsTypesHasNone)
 {
     import(u"Names.csv"_s, "Name\nAnn\n");
     EXPECT_EQ(exportTo(u"out.csv"_s).exitCode, 0);
-    EXPECT_EQ(PlugIns().exportedTypes(),
-              QStringList({u"csv"_s, u"fails"_s, u"json"_s, u"quiet"_s, u"throws"_s}));
+    EXPECT_EQ(
+        PlugIns().exportedTypes(),
+        QStringList({u"after"_s, u"before"_s, u"beyond"_s, u"csv"_s, u"empty"_s, u"fails"_s,
+                     u"json"_s, u"negative"_s, u"quiet"_s, u"refuses"_s, u"shuts"_s, u"throws"_s}));
 }
 
 TEST_F(ThrowingPlugInsTests, ImportersFailAlone)

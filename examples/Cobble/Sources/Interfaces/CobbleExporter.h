@@ -22,7 +22,8 @@ public:
     /// \return false if there is none.
     virtual bool next() = 0;
     /// The value of a field: an NSDecimalNumber for numbers, money and durations (in seconds), a
-    /// QDateTime for dates and times, a QString for everything else; nil.
+    /// QDateTime for dates and times, a QString for everything else; nil. To ask for a field that
+    /// there is not, or before next(), fails the export.
     virtual QVariant value(qsizetype field) const = 0;
     /// The value as the field shows it in the user's locale; "" for nil.
     virtual QString text(qsizetype field) const = 0;
@@ -53,8 +54,9 @@ public:
 
     /// The extensions of the files that it writes, in small letters.
     virtual QStringList fileTypes() const = 0;
-    /// Writes all records.
+    /// Writes all records. If the result is false, or it throws, the file that was there stays.
     /// \param fileType one of fileTypes().
+    /// \param to is open for writing, and can be sought in; closing it is up to the host.
     /// \param error receives why the result is false.
     virtual bool exportRecords(CobbleRecordSource &records, const QString &fileType, QIODevice *to,
                                QString *error) = 0;

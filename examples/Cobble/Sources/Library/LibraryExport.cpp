@@ -1,5 +1,6 @@
 #include "LibraryExport.h"
 
+#include "ExportDevice.h"
 #include "LibraryStore.h"
 #include "PlugIns.h"
 #include "RecordTexts.h"
@@ -43,28 +44,52 @@ public:
     bool next() override
     {
         _isCancelled = _isCancelled || (_progress && !_progress(_count, _total));
-        const bool hasNext = !_isCancelled && _records.next();
-        _count += hasNext;
-        return hasNext;
+        _hasRecord = !_isCancelled && _asked && _records.next();
+        _count += _hasRecord;
+        return _hasRecord;
     }
-    QVariant value(qsizetype field) const override { return _records.value(field); }
+    QVariant value(qsizetype field) const override
+    {
+        return has(field) ? _records.value(field) : QVariant();
+    }
     QString text(qsizetype field) const override
     {
-        return _texts.textOf(field, _records.value(field));
+        return has(field) ? _texts.textOf(field, _records.value(field)) : u""_s;
     }
 
     qint64 count() const { return _count; }
     bool isCancelled() const { return _isCancelled; }
     Outcome<> outcome() const { return _records.outcome(); }
+    /// Whether only fields were asked for that there are.
+    const Outcome<> &asked() const { return _asked; }
 
 private:
+    /// Exporters are other people's code.
+    bool has(qsizetype field) const
+    {
+        if (!_hasRecord)
+            refuse(u"it asked for a field where there is no record"_s);
+        else if (field < 0 || field >= _library.fields.size())
+            refuse(u"it asked for a field that there is not: %1"_s.arg(field));
+        else
+            return true;
+        return false;
+    }
+    void refuse(const QString &reason) const
+    {
+        if (_asked)
+            _asked = Failure{u"the exporter failed: "_s + reason};
+    }
+
     Library _library;
     RecordTexts _texts;
     RecordCursor _records;
     const LibraryExport::Progress &_progress;
     qint64 _total;
     qint64 _count = 0;
+    bool _hasRecord = false;
     bool _isCancelled = false;
+    mutable Outcome<> _asked;
 };
 
 Failure failure(const QString &subject, const QString &reason)
@@ -92,7 +117,7 @@ Outcome<> runExporter(const PlugIns &plugIns, CobbleExporter &exporter, CobbleRe
         return Failure{u"the exporter failed: %1"_s.arg(called.reason())};
     if (isDone)
         return called;
-    return Failure{error.isNull() ? u"the exporter failed"_s : error};
+    return Failure{error.isEmpty() ? u"the exporter failed"_s : error};
 }
 
 /// Writes the records to an open file, which is still to be committed.
@@ -101,7 +126,9 @@ Outcome<> write(LibraryRecords &records, const PlugIns &plugIns, CobbleExporter 
 {
     const QString path = file.fileName();
     const QString fileType = QFileInfo(path).suffix().toLower();
-    const Outcome<> written = runExporter(plugIns, exporter, records, fileType, &file);
+    ExportDevice device(&file);
+    const Outcome<> written = runExporter(plugIns, exporter, records, fileType, &device)
+                                  .andThen([&records] { return records.asked(); });
     if (records.isCancelled())
         return Failure{u"%1: it was cancelled"_s.arg(path), true};
     if (!written)

@@ -4,6 +4,7 @@ target_sources(CobbleHost PRIVATE
     Sources/Library/BundleOption.cpp
     Sources/Library/DatabaseConnection.cpp
     Sources/Library/DatabaseCopy.cpp
+    Sources/Library/ExportDevice.cpp
     Sources/Library/Library.cpp
     Sources/Library/Library.h
     Sources/Library/LibraryExport.cpp
