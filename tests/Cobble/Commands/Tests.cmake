@@ -7,6 +7,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Commands/ForeignBundleTests.cpp
     Cobble/Commands/FormatCommandTests.cpp
     Cobble/Commands/GalleryCommandTests.cpp
+    Cobble/Commands/HostApplicationTests.cpp
     Cobble/Commands/ImportCommandTests.cpp
     Cobble/Commands/LogCommandTests.cpp
     Cobble/Commands/MediaCommandTests.cpp

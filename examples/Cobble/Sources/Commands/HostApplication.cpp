@@ -1,5 +1,7 @@
 #include "HostApplication.h"
 
+#include "Text/PrintableText.h"
+
 #include <KTUtility/KTLogger>
 
 #include <QApplication>
@@ -62,26 +64,33 @@ QtMessageHandler &otherHandler()
     return handler;
 }
 
-/// Windows that nobody sees cannot be raised and so on, of which nobody needs to be informed.
+/// Passes on what Qt and plug-ins report, in which texts from files may stand. Windows that nobody
+/// sees cannot be raised and so on, of which nobody needs to be informed.
 void passMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
     const bool isOfNoUse =
         isWithoutDisplay() && message.startsWith(u"This plugin does not support");
     if (!isOfNoUse && otherHandler())
-        otherHandler()(type, context, message);
+        otherHandler()(type, context, printableText(message));
 }
 } // namespace
+
+void passMessagesAsPrintable()
+{
+    const QtMessageHandler before = qInstallMessageHandler(passMessage);
+    if (before != passMessage)
+        otherHandler() = before;
+}
 
 std::unique_ptr<QCoreApplication> makeHostApplication(int &argc, char **argv)
 {
     const std::span<char *const> arguments(argv, size_t(argc));
+    passMessagesAsPrintable();
     if (argc < 2 || !isDrawingCommand(arguments[1]))
         return std::make_unique<QCoreApplication>(argc, argv);
     if (!qEnvironmentVariableIsSet(PlatformVariable))
         qputenv(PlatformVariable, platformsFor(arguments));
-    auto application = std::make_unique<DesktopQtApplication>(argc, argv);
-    otherHandler() = qInstallMessageHandler(passMessage);
-    return application;
+    return std::make_unique<DesktopQtApplication>(argc, argv);
 }
 
 bool isWithoutDisplay()

@@ -18,3 +18,7 @@ std::unique_ptr<QCoreApplication> makeHostApplication(int &argc, char **argv);
 
 /// Whether the program has windows that nobody sees.
 bool isWithoutDisplay();
+
+/// Lets what Qt and plug-ins report from now on reach the terminal as one line each, without what
+/// would steer it: texts from files may stand in it.
+void passMessagesAsPrintable();

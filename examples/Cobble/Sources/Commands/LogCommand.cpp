@@ -196,7 +196,7 @@ ExitCode change(const LogChanges &changes, CommandContext &context)
     if (changes.clears)
         context.out() << "All components: 0\n";
     if (!changes.component.isNull())
-        context.out() << changes.component << ": " << changes.level << '\n';
+        context.out() << printableText(changes.component) << ": " << changes.level << '\n';
     if (changes.writesToFile || changes.displaysFileLine)
         context.out() << "Output: " << printableText(outputText(*logger)) << '\n';
     return ExitCode::Success;
