@@ -1,12 +1,14 @@
 #include "Import/ImportFile.h"
 
 #include "support/FileTree.h"
+#include "support/LoopbackServer.h"
 #include "support/TestSupport.h"
 
 #include <QDir>
 
 using namespace Qt::StringLiterals;
 using testing_support::FileTree;
+using testing_support::LoopbackServer;
 
 namespace {
 class ImportFileTests : public testing::Test
@@ -60,7 +62,7 @@ TEST_F(ImportFileTests, RunsItsExample)
     ASSERT_TRUE(file) << file.reason().toStdString();
     EXPECT_EQ(file->schema.libraryName, u"People");
     EXPECT_EQ(file->schema.columns.size(), 2);
-    EXPECT_EQ(file->folder, tree.root());
+    EXPECT_EQ(file->media.folder(), tree.root());
     EXPECT_EQ(file->extracted, nullptr);
     const auto stored = file->store(request);
     ASSERT_TRUE(stored) << stored.reason().toStdString();
@@ -112,6 +114,7 @@ TEST_F(ImportFileTests, ColumnsOfMediaAreNamedByTheirHeaders)
     ASSERT_TRUE(file);
     EXPECT_EQ(file->settings.types.value(1), FieldType::Media);
     EXPECT_FALSE(file->settings.types.contains(0));
+    EXPECT_EQ(file->media.trustedColumns(), QSet<qsizetype>({1}));
     for (const QString &header : {u"picture"_s, u""_s, u"Pictur"_s}) {
         request.mediaHeaders = QStringList{header};
         EXPECT_EQ(ImportFile::read(request).reason(),
@@ -124,10 +127,68 @@ TEST_F(ImportFileTests, MediaAreFoundFromTheFilesFolderOn)
     tree.add(u"folder/a.png"_s);
     const auto file = read(u"folder/a.csv"_s, "Name,Picture\nAnn,a.png\n");
     ASSERT_TRUE(file);
-    EXPECT_EQ(file->folder, tree.path(u"folder"_s));
+    EXPECT_EQ(file->media.folder(), tree.path(u"folder"_s));
     EXPECT_TRUE(file->settings.isMedia(u"a.png"_s));
     EXPECT_FALSE(file->settings.isMedia(u"b.png"_s));
     EXPECT_FALSE(file->settings.isMedia(QString()));
+}
+
+TEST_F(ImportFileTests, APreviewLooksAtMediaAndStoresNothing)
+{
+    const LoopbackServer server;
+    request.mediaHeaders = QStringList{u"Picture"_s};
+    tree.add(u"a.png"_s);
+    const auto file = read(u"a.csv"_s, "Picture\na.png\nnone.png\n/usr/share\n" +
+                                           server.url(u"/pic.jpg"_s).toUtf8() + "\nftp://a/b\n");
+    ASSERT_TRUE(file);
+    const QJsonObject before = tree.contents();
+    const auto values = file->preview();
+    ASSERT_TRUE(values);
+    EXPECT_EQ(values->columns.at(0).read, 2);
+    QStringList reasons;
+    for (const ImportValues::Unread &unread : values->unread)
+        reasons += unread.reason;
+    EXPECT_EQ(reasons, QStringList({u"there is no such file"_s, u"it is a folder"_s,
+                                    u"it names no file"_s}));
+    EXPECT_EQ(tree.contents(), before);
+    EXPECT_TRUE(server.requests().isEmpty());
+}
+
+TEST_F(ImportFileTests, DownloadsCanBeCancelled)
+{
+    const LoopbackServer server;
+    request.mediaHeaders = QStringList{u"Picture"_s};
+    auto file = read(u"a.csv"_s, "Picture\n" + server.url(u"/pic.jpg"_s).toUtf8() + "\n");
+    ASSERT_TRUE(file);
+    file->settings.progress = [](qint64, qint64) { return false; };
+    EXPECT_TRUE(file->store(request).isCancelled());
+    EXPECT_TRUE(server.requests().isEmpty());
+    EXPECT_FALSE(request.bundle.doesExist());
+}
+
+TEST_F(ImportFileTests, LargeFilesAreCopiedWithProgress)
+{
+    QFile large(tree.path(u"large.mov"_s));
+    ASSERT_TRUE(large.open(QIODevice::WriteOnly) && large.resize(qint64(8) << 20));
+    tree.add(u"small.png"_s);
+    const auto callsFor = [this](const QByteArray &row) {
+        request.mediaHeaders = QStringList{u"File"_s};
+        auto file = read(u"a.csv"_s, "File\n" + row + '\n');
+        QList<qint64> rows;
+        file->settings.progress = [&rows](qint64 current, qint64) {
+            rows += current;
+            return true;
+        };
+        const auto stored = file->store(request);
+        EXPECT_TRUE(stored) << stored.reason().toStdString();
+        return rows;
+    };
+    EXPECT_EQ(callsFor("small.png"), QList<qint64>({0, 1}));
+    const QList<qint64> rows = callsFor("large.mov");
+    EXPECT_GE(rows.size(), 3);
+    EXPECT_EQ(rows.last(), 1);
+    EXPECT_EQ(QFileInfo(request.bundle.mediaFolderPath() + u"/large.0.mov").size(), qint64(8)
+                                                                                        << 20);
 }
 
 TEST_F(ImportFileTests, WhatCannotBeReadIsSaid)

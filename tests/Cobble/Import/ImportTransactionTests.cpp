@@ -134,6 +134,62 @@ TEST_F(ImportTransactionTests, CleansUpAfterOneThatDied)
     EXPECT_EQ(libraryNames(), QStringList(u"one"_s));
 }
 
+TEST_F(ImportTransactionTests, CopiesThatWereNeverFinishedGo)
+{
+    ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
+    writeFile(bundle.mediaFolderPath() + u"/.cobble-12ab", "half");
+    writeFile(bundle.mediaFolderPath() + u"/.cobble-notes.0", "the user's");
+    ASSERT_TRUE(begin());
+    EXPECT_EQ(mediaNames(), QStringList(u".cobble-notes.0"_s));
+}
+
+TEST_F(ImportTransactionTests, WhatIsReplacedIsListedBeforeItGoes)
+{
+    {
+        const auto import = begin();
+        store(*import, u"one"_s);
+        ASSERT_TRUE(import->store().insert({u"a text\ncobblemedia://c.0.png\n"_s}));
+        ASSERT_TRUE(import->commit());
+    }
+    const QString list = bundle._resourcesFolderPath() + u"/ImportedMedia";
+    writeFile(bundle.mediaFolderPath() + u"/c.0.png", "the user's");
+    QByteArray listed;
+    {
+        const auto import = begin();
+        ASSERT_TRUE(import->removeLibrary(libraryNamed(u"one"_s)));
+        EXPECT_EQ(store(*import, u"two"_s), u"cobblemedia://a.1.png"_s);
+        // Somebody reads, so that nothing can be committed.
+        const auto reader = *LibraryStore::open(bundle, LibraryStore::Mode::Existing);
+        RecordCursor records = reader->records(libraryNamed(u"one"_s));
+        ASSERT_TRUE(records.next());
+        import->store().setPatience(10);
+        EXPECT_FALSE(import->commit());
+        listed = testing_support::contentsOf(list);
+    }
+    // What the process would have left that was killed then; a text is no name of a file.
+    EXPECT_EQ(listed, "cobblemedia://a.1.png\ncobblemedia://a.0.png\n");
+    // But it was not killed: the old library and its file stay.
+    EXPECT_EQ(libraryNames(), QStringList(u"one"_s));
+    EXPECT_EQ(mediaNames(), QStringList({u"a.0.png"_s, u"c.0.png"_s}));
+    EXPECT_FALSE(QFile::exists(list));
+}
+
+TEST_F(ImportTransactionTests, ALargeFileIsCopiedWhileOthersAreCalled)
+{
+    QFile large(tree.path(u"large.mov"_s));
+    ASSERT_TRUE(large.open(QIODevice::WriteOnly) && large.resize(qint64(8) << 20));
+    const auto import = begin();
+    int calls = 0;
+    const auto count = [&calls] { ++calls; };
+    EXPECT_TRUE(import->storeMedia(*NSURL::fileURLWithPath(tree.path(u"a.png"_s)), count));
+    EXPECT_EQ(calls, 0);
+    const auto stored =
+        import->storeMedia(*NSURL::fileURLWithPath(tree.path(u"large.mov"_s)), count);
+    ASSERT_TRUE(stored);
+    EXPECT_GE(calls, 1);
+    EXPECT_EQ(QFileInfo(bundle.filePathFromMediaUrl(*stored)).size(), qint64(8) << 20);
+}
+
 TEST_F(ImportTransactionTests, ANameThatWasCutOffIsNoName)
 {
     ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());

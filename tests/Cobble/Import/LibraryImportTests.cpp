@@ -1,6 +1,7 @@
 // `cobble import` with the database that it writes.
 
 #include "Cobble/Commands/CommandSupport.h"
+#include "Import/ImportFile.h"
 #include "Library/LibraryStore.h"
 
 #include "support/FileTree.h"
@@ -8,9 +9,6 @@
 #include "support/TestSupport.h"
 
 #include <KTUtility/NSObject>
-
-#include <QProcess>
-#include <QSemaphore>
 
 #include <csignal>
 #include <sys/resource.h>
@@ -24,6 +22,18 @@ using testing_support::FileTree;
 using testing_support::LoopbackServer;
 
 namespace {
+/// Runs something in a process of its own.
+/// \return 0 if it gives true, the signal that has ended the process, or something else.
+int statusOfChild(const std::function<bool()> &action)
+{
+    const pid_t child = ::fork();
+    if (child == 0)
+        ::_exit(action() ? 0 : 1);
+    int status = -1;
+    EXPECT_EQ(::waitpid(child, &status, 0), child);
+    return status;
+}
+
 class LibraryImportTests : public testing::Test
 {
 protected:
@@ -137,7 +147,8 @@ TEST_F(LibraryImportTests, CopiesMediaOfAllKinds)
     const QByteArray web = server.url(u"/pic.jpg"_s).toUtf8();
     const QByteArray file = "file://" + tree.path(u"c.png"_s).toUtf8();
     const CommandResult result = import("Picture,Name\npics/a b.png,Ann\n" + file + ",Bob\n" + web +
-                                        ",Cay\n,Dan\npics/a b.png,Eve\n");
+                                            ",Cay\n,Dan\npics/a b.png,Eve\n",
+                                        {u"--media"_s, u"Picture"_s});
     EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
     EXPECT_TRUE(result.output.contains(u"kt_picture   media  4     0         1\n"));
     EXPECT_EQ(firstFieldsOf(u"Things"_s), u"cobblemedia://a%20b.0.png,cobblemedia://c.0.png,"
@@ -161,8 +172,8 @@ TEST_F(LibraryImportTests, MediaThatCannotBeStoredAreListed)
     EXPECT_TRUE(result.output.contains(u"kt_picture   media  1     4         0\n"));
     EXPECT_TRUE(result.output.contains(u"none.png"));
     EXPECT_TRUE(result.output.contains(u"there is no such file"));
-    EXPECT_TRUE(result.output.contains(u"it cannot be copied"));
-    EXPECT_TRUE(result.output.contains(u"it cannot be downloaded"));
+    EXPECT_TRUE(result.output.contains(u"its name is too long"));
+    EXPECT_TRUE(result.output.contains(u"its server does not answer"));
     EXPECT_TRUE(result.output.contains(u"it names no file"));
     // Nothing that was typed is lost.
     EXPECT_EQ(firstFieldsOf(u"Things"_s), u"cobblemedia://a.0.png,none.png," +
@@ -203,46 +214,206 @@ TEST_F(LibraryImportTests, AFullDiskLeavesTheOldContent)
         large += "Somebody with a rather long name " + QByteArray::number(row) +
                  (row < 20 ? ",a.png\n" : ",\n");
     tree.add(u"Things.csv"_s, large);
-    const pid_t child = ::fork();
-    if (child == 0) {
-        // The limit on the size of files fails a write half-way, as a full disk does.
-        const rlimit limit = {1 << 18, 1 << 18};
-        ::signal(SIGXFSZ, SIG_IGN);
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-        const CommandResult result = importFile(u"Things.csv"_s, {u"--replace"_s});
-        ::_exit(result.exitCode == 1 && !result.errors.isEmpty() ? 0 : 1);
-    }
-    int status = -1;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    EXPECT_EQ(status, 0);
+    EXPECT_EQ(statusOfChild([this] {
+                  // The limit on the size of files fails a write half-way, as a full disk does.
+                  const rlimit limit = {1 << 18, 1 << 18};
+                  ::signal(SIGXFSZ, SIG_IGN);
+                  ::setrlimit(RLIMIT_FSIZE, &limit);
+                  const CommandResult result = importFile(u"Things.csv"_s, {u"--replace"_s});
+                  return result.exitCode == 1 && !result.errors.isEmpty();
+              }),
+              0);
     EXPECT_EQ(firstFieldsOf(u"Things"_s), u"Ann"_s);
     EXPECT_TRUE(mediaNames().isEmpty());
 }
 
 TEST_F(LibraryImportTests, KilledHalfWayItLeavesTheOldContent)
 {
-    QSemaphore arrived;
-    const LoopbackServer slow([&arrived](int socket, const QByteArray &) {
-        arrived.release();
-        LoopbackServer::waitForClose(socket);
-    });
     tree.add(u"a.png"_s, "picture");
     import("Name,Picture\nAnn,a.png\n");
-    const QByteArray web = slow.url(u"/b.png"_s).toUtf8();
-    tree.add(u"Things.csv"_s, "Name,Picture\nBob,a.png\nCay," + web + "\n");
-    QProcess process;
-    process.start(QStringLiteral(COBBLE_EXECUTABLE), arguments(u"Things.csv"_s, {u"--replace"_s}));
-    ASSERT_TRUE(arrived.tryAcquire(1, 30000));
-    process.kill();
-    ASSERT_TRUE(process.waitForFinished());
+    tree.add(u"Things.csv"_s, "Name,Picture\nBob,a.png\nCay,a.png\n");
+    EXPECT_EQ(statusOfChild([this] {
+                  ImportRequest request;
+                  request.path = tree.path(u"Things.csv"_s);
+                  request.libraryName = u"Things"_s;
+                  request.replaces = true;
+                  request.bundle = bundle;
+                  auto file = ImportFile::read(request);
+                  file->settings.progress = [](qint64 row, qint64) {
+                      return row < 2 || ::raise(SIGKILL) != 0;
+                  };
+                  (void)file->store(request);
+                  return false;
+              }),
+              SIGKILL);
     EXPECT_EQ(firstFieldsOf(u"Things"_s), u"Ann"_s);
     EXPECT_TRUE(mediaNames().contains(u"a.1.png"_s));
-    // The next import removes the file that nobody knows any more, and what it was made under.
+    // The next import removes the file that nobody knows any more.
     EXPECT_EQ(import("Name\nDan\n", {u"--library"_s, u"More"_s}).exitCode, 0);
-    EXPECT_FALSE(mediaNames().contains(u"a.1.png"_s));
-    EXPECT_TRUE(mediaNames().contains(u"a.0.png"_s));
+    EXPECT_EQ(mediaNames(), QStringList(u"a.0.png"_s));
     EXPECT_EQ(firstFieldsOf(u"Things"_s), u"Ann"_s);
     EXPECT_EQ(firstFieldsOf(u"More"_s), u"Dan"_s);
+}
+
+TEST_F(LibraryImportTests, AStrangersFileBringsNothingAlong)
+{
+    const LoopbackServer server;
+    const QString home = testing_support::useFreshHome();
+    testing_support::writeFile(home + u"/.ssh/id_rsa", "key");
+    tree.add(u"private/key"_s);
+    tree.add(u".netrc"_s);
+    ASSERT_TRUE(QFile::link(tree.path(u"private/key"_s), tree.path(u"photo.png"_s)));
+    for (const QString &text :
+         {u"~/.ssh/id_rsa"_s, QString(home + u"/.ssh/id_rsa"), u"/etc/passwd"_s,
+          server.url(u"/pic.jpg"_s), u"file:///usr/share"_s, u"file:///etc/passwd"_s,
+          u"private/key"_s, u".netrc"_s, u"photo.png"_s, u"private"_s}) {
+        const CommandResult result =
+            import("Photo,Name\n" + text.toUtf8() + ",Ada\n", {u"--replace"_s});
+        EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
+        EXPECT_TRUE(result.output.contains(u"kt_photo     text"_s)) << result.output.toStdString();
+        EXPECT_EQ(firstFieldsOf(u"Things"_s), text);
+    }
+    EXPECT_TRUE(mediaNames().isEmpty());
+    EXPECT_TRUE(server.requests().isEmpty());
+}
+
+TEST_F(LibraryImportTests, NorDoesOneValueAmongOthers)
+{
+    tree.add(u"a.png"_s);
+    const CommandResult result =
+        import("Photo\n" + QByteArray("a.png\n").repeated(9) + "/etc/passwd\n");
+    EXPECT_TRUE(result.output.contains(u"kt_photo     media  9     1         0\n"));
+    EXPECT_TRUE(result.output.contains(u"it is not beside the file"_s));
+    EXPECT_EQ(mediaNames().size(), 9);
+    EXPECT_FALSE(mediaNames().contains(u"passwd.0"_s));
+}
+
+TEST_F(LibraryImportTests, NorDoesACard)
+{
+    const LoopbackServer server;
+    tree.add(u"private/key"_s);
+    for (const QString &url : {QString(u"file://" + tree.path(u"private/key"_s)),
+                               tree.path(u"private/key"_s), server.url(u"/pic.jpg"_s)}) {
+        tree.add(u"card.vcf"_s,
+                 "BEGIN:VCARD\nVERSION:4.0\nPHOTO:" + url.toUtf8() + "\nFN:Ann\nEND:VCARD\n");
+        EXPECT_EQ(importFile(u"card.vcf"_s, {u"--replace"_s}).exitCode, 0);
+        EXPECT_EQ(firstFieldsOf(u"card"_s), url);
+    }
+    EXPECT_TRUE(mediaNames().isEmpty());
+    EXPECT_TRUE(server.requests().isEmpty());
+}
+
+TEST_F(LibraryImportTests, FoldersAndHugeFilesAreNeverTaken)
+{
+    tree.add(u"folder/a.png"_s);
+    QFile huge(tree.path(u"huge.mov"_s));
+    ASSERT_TRUE(huge.open(QIODevice::WriteOnly) && huge.resize(MediaSources::LargestFile + 1));
+    const CommandResult result =
+        import("Photo\nfolder\nfile:///usr/share\nhuge.mov\n", {u"--media"_s, u"Photo"_s});
+    EXPECT_TRUE(result.output.contains(u"kt_photo     media  0     3         0\n"));
+    EXPECT_EQ(result.output.count(u"it is a folder"_s), 2);
+    EXPECT_EQ(result.output.count(u"it is larger than 256 MB"_s), 1);
+    EXPECT_TRUE(mediaNames().isEmpty());
+}
+
+TEST_F(LibraryImportTests, ADryRunSaysWhatWouldNotBeTaken)
+{
+    const CommandResult result =
+        import("Photo\nnone.png\n/usr/share\n", {u"--media"_s, u"Photo"_s, u"--dry-run"_s});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_TRUE(result.output.contains(u"kt_photo     media  0     2         0\n"));
+    EXPECT_FALSE(bundle.doesExist());
+}
+
+TEST_F(LibraryImportTests, OldPicturesStayIfTheServerOfTheNewOnesIsGone)
+{
+    QByteArray csv;
+    {
+        const LoopbackServer server;
+        csv = "Photo,Name\n" + server.url(u"/pic.jpg"_s).toUtf8() + ",Ann\n";
+        EXPECT_EQ(import(csv, {u"--media"_s, u"Photo"_s}).exitCode, 0);
+    }
+    const QJsonObject before = tree.contents();
+    const CommandResult result = import(csv, {u"--media"_s, u"Photo"_s, u"--replace"_s});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.errors.contains(u"row 1: 'http://"_s)) << result.errors.toStdString();
+    EXPECT_TRUE(result.errors.endsWith(u"its server does not answer\n"_s));
+    EXPECT_EQ(tree.contents(), before);
+    EXPECT_EQ(contentsOf(bundle.mediaFolderPath() + u"/pic.0.jpg"), "PIC");
+    EXPECT_EQ(firstFieldsOf(u"Things"_s), u"cobblemedia://pic.0.jpg"_s);
+}
+
+TEST_F(LibraryImportTests, OldPicturesStayIfTheNewOnesAreMissing)
+{
+    tree.add(u"a.png"_s);
+    tree.add(u"b.png"_s);
+    import("Photo\na.png\nb.png\nlost.png\n", {u"--media"_s, u"Photo"_s});
+    ASSERT_TRUE(QFile::remove(tree.path(u"b.png"_s)));
+    const CommandResult result =
+        importFile(u"Things.csv"_s, {u"--media"_s, u"Photo"_s, u"--replace"_s});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.errors.endsWith(u"row 2: 'b.png': there is no such file\n"_s))
+        << result.errors.toStdString();
+    EXPECT_EQ(mediaNames(), QStringList({u"a.0.png"_s, u"b.0.png"_s}));
+    // A file that the old library did not have either is no loss.
+    tree.add(u"b.png"_s);
+    EXPECT_EQ(importFile(u"Things.csv"_s, {u"--media"_s, u"Photo"_s, u"--replace"_s}).exitCode, 0);
+    EXPECT_EQ(mediaNames(), QStringList({u"a.1.png"_s, u"b.1.png"_s}));
+}
+
+TEST_F(LibraryImportTests, AFullDiskBetweenPicturesLeavesTheOldOnes)
+{
+    tree.add(u"small.png"_s, "picture");
+    tree.add(u"large.png"_s, QByteArray(400'000, 'x'));
+    import("Photo\nsmall.png\nlarge.png\n");
+    const QJsonObject before = tree.contents();
+    for (const QStringList &options : {QStringList{u"--replace"_s}, QStringList()}) {
+        EXPECT_EQ(statusOfChild([&] {
+                      const rlimit limit = {300'000, 300'000};
+                      ::signal(SIGXFSZ, SIG_IGN);
+                      ::setrlimit(RLIMIT_FSIZE, &limit);
+                      const CommandResult result = importFile(u"Things.csv"_s, options);
+                      return result.exitCode == 1 &&
+                             result.errors.endsWith(u"row 2: 'large.png': it cannot be copied\n"_s);
+                  }),
+                  0);
+        EXPECT_EQ(tree.contents(), before);
+    }
+    EXPECT_EQ(firstFieldsOf(u"Things"_s), u"cobblemedia://small.0.png,cobblemedia://large.0.png"_s);
+}
+
+TEST_F(LibraryImportTests, ADeadServerIsAskedOnceWhileNothingIsLocked)
+{
+    bool isFree = false;
+    const LoopbackServer dead(
+        [&](int, const QByteArray &) { isFree = tree.contents().size() == 1; });
+    QByteArray csv = "Photo\n";
+    for (const QString &name : {u"/1.jpg"_s, u"/2.jpg"_s, u"/3.jpg"_s})
+        csv += dead.url(name).toUtf8() + '\n';
+    const CommandResult result = import(csv, {u"--media"_s, u"Photo"_s});
+    EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
+    EXPECT_TRUE(result.output.contains(u"kt_photo     media  0     3         0\n"));
+    EXPECT_EQ(dead.requests().size(), 1);
+    EXPECT_TRUE(isFree);
+}
+
+TEST_F(LibraryImportTests, APageThatSaysNoIsNoPicture)
+{
+    const LoopbackServer server;
+    const QByteArray url = server.url(u"/none.jpg"_s).toUtf8();
+    const CommandResult result = import("Photo\n" + url + '\n', {u"--media"_s, u"Photo"_s});
+    EXPECT_TRUE(result.output.contains(u"its server says 404"_s));
+    EXPECT_TRUE(mediaNames().isEmpty());
+    EXPECT_EQ(firstFieldsOf(u"Things"_s), QString::fromUtf8(url));
+}
+
+TEST_F(LibraryImportTests, AFileOfAnotherLibraryStaysHoweverAStrangersFileNamesIt)
+{
+    tree.add(u"a.png"_s, "picture");
+    import("Picture\na.png\n", {u"--library"_s, u"Mine"_s});
+    import("Picture\ncobblemedia://x/%61.0.png\n");
+    import("Name\nBob\n", {u"--replace"_s});
+    EXPECT_EQ(mediaNames(), QStringList(u"a.0.png"_s));
 }
 
 TEST_F(LibraryImportTests, AsManyColumnsAsThereMayBe)

@@ -4,9 +4,12 @@ target_sources(CobbleTests PRIVATE
     Cobble/Import/ImportTransactionTests.cpp
     Cobble/Import/ImportValuesTests.cpp
     Cobble/Import/LibraryImportTests.cpp
+    Cobble/Import/MediaDownloadsTests.cpp
     Cobble/Import/MediaReferenceTests.cpp
+    Cobble/Import/MediaSourcesTests.cpp
     Cobble/Import/RowSourceTests.cpp
     Cobble/Import/SeparatedTextTests.cpp
     Cobble/Import/TableTests.cpp
     Cobble/Import/TypeInferenceTests.cpp
+    Cobble/Import/UnusedMediaTests.cpp
 )

@@ -5,6 +5,7 @@
 #include <KTUtility/NSApplication>
 
 #include <QCheckBox>
+#include <QDir>
 #include <QProgressBar>
 #include <QTableWidget>
 
@@ -79,6 +80,54 @@ TEST_F(ImportSheetTests, ALibraryIsReplacedUnderItsWindows)
     EXPECT_FALSE(window->continueRunningQueue());
 }
 
+TEST_F(ImportSheetTests, OnlyColumnsThatAreNamedBringFilesFromElsewhere)
+{
+    MainWindowController *const window = openThings();
+    const testing_support::FileTree elsewhere;
+    elsewhere.add(u"key.png"_s);
+    tree.add(u"Pets.csv"_s,
+             "Pet,\"Photo, large\"\nCat," + elsewhere.path(u"key.png"_s).toUtf8() + "\n");
+    const QDir media(bundle.mediaFolderPath());
+    importThrough(window, path(u"Pets.csv"_s));
+    EXPECT_TRUE(media.isEmpty());
+    EXPECT_EQ(stored(1, 1, u"Pets"_s), elsewhere.path(u"key.png"_s));
+    window->importSummary()->endDialog();
+    turn();
+    QTest::keyClick(alertBox(), Qt::Key_Escape);
+    turn();
+    QWidget *const sheet = openImport(window);
+    type(field(sheet, u"fileEdit"_s), path(u"Pets.csv"_s));
+    type(field(sheet, u"mediaEdit"_s), u" \"Photo, large\", "_s);
+    press(sheet, u"Import"_s);
+    turn();
+    EXPECT_EQ(window->importSheet()->problem(), QString());
+    EXPECT_EQ(media.entryList(QDir::Files), QStringList(u"key.0.png"_s));
+    window->importSummary()->endDialog();
+    turn();
+    QTest::keyClick(alertBox(), Qt::Key_Escape);
+    turn();
+}
+
+TEST_F(ImportSheetTests, OldPicturesStayIfTheNewOnesAreMissing)
+{
+    tree.add(u"a.png"_s);
+    import(u"Pets.csv"_s, "Pet,Photo\nCat,a.png\n");
+    MainWindowController *const window = openThings();
+    tree.add(u"Pets.csv"_s, "Pet,Photo\nCat,a.png\nDog,b.png\n");
+    QWidget *const sheet = openImport(window);
+    type(field(sheet, u"fileEdit"_s), path(u"Pets.csv"_s));
+    type(field(sheet, u"mediaEdit"_s), u"Photo"_s);
+    sheet->findChild<QCheckBox *>(u"replaceBox"_s)->setChecked(true);
+    press(sheet, u"Import"_s);
+    turn();
+    EXPECT_EQ(window->importSheet()->problem(),
+              u"Nothing was stored: row 2: 'b.png': there is no such file"_s);
+    EXPECT_EQ(QDir(bundle.mediaFolderPath()).entryList(QDir::Files), QStringList(u"a.0.png"_s));
+    EXPECT_EQ(stored(1, 1, u"Pets"_s), u"cobblemedia://a.0.png"_s);
+    window->importSheet()->endDialog();
+    turn();
+}
+
 TEST_F(ImportSheetTests, WhatCannotBeImportedIsToldInTheSheet)
 {
     MainWindowController *const window = openThings();
@@ -99,10 +148,12 @@ TEST_F(ImportSheetTests, WhatCannotBeImportedIsToldInTheSheet)
     // The next time it begins anew.
     sheet->findChild<QCheckBox *>(u"replaceBox"_s)->setChecked(true);
     field(sheet, u"nameEdit"_s)->setText(u"Things"_s);
+    field(sheet, u"mediaEdit"_s)->setText(u"Photo"_s);
     openImport(window);
     EXPECT_EQ(window->importSheet()->problem(), QString());
     EXPECT_EQ(window->importSheet()->file(), QString());
     EXPECT_EQ(field(sheet, u"nameEdit"_s)->text(), QString());
+    EXPECT_EQ(field(sheet, u"mediaEdit"_s)->text(), QString());
     EXPECT_FALSE(sheet->findChild<QCheckBox *>(u"replaceBox"_s)->isChecked());
     window->importSheet()->endDialog();
     turn();

@@ -91,11 +91,11 @@ TEST_F(TransferSheetTests, TabsGoThroughTheSheetInOrder)
     sheet->activateWindow();
     turn();
     QStringList visited;
-    for (int press = 0; press < 6; ++press) {
+    for (int press = 0; press < 7; ++press) {
         visited += QApplication::focusWidget()->objectName();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
-    EXPECT_EQ(visited, QStringList({u"fileEdit"_s, u"chooseButton"_s, u"nameEdit"_s,
+    EXPECT_EQ(visited, QStringList({u"fileEdit"_s, u"chooseButton"_s, u"nameEdit"_s, u"mediaEdit"_s,
                                     u"replaceBox"_s, u"goButton"_s, u"cancelButton"_s}));
     window->importSheet()->endDialog();
     turn();

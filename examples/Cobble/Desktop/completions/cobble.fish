@@ -28,7 +28,7 @@ complete -c cobble -n '__fish_seen_subcommand_from import' -F
 complete -c cobble -n '__fish_seen_subcommand_from import' -l library -x -d 'The name of the library'
 complete -c cobble -n '__fish_seen_subcommand_from import' -l separator -x -a 'comma semicolon tab pipe space' -d 'What separates values'
 complete -c cobble -n '__fish_seen_subcommand_from import' -l locale -x -d 'The locale of values'
-complete -c cobble -n '__fish_seen_subcommand_from import' -l media -x -d 'A column that names files'
+complete -c cobble -n '__fish_seen_subcommand_from import' -l media -x -d 'A column that names files anywhere'
 complete -c cobble -n '__fish_seen_subcommand_from import' -l replace -d 'In place of a library of that name'
 complete -c cobble -n '__fish_seen_subcommand_from import' -l bundle -r -F -d 'The database bundle'
 complete -c cobble -n '__fish_seen_subcommand_from import' -l dry-run -d 'Store nothing'

@@ -42,7 +42,7 @@ case $command in
     import)
         _arguments $bundle $locale '--library[the name of the library]:name: ' \
             '--separator[what separates values]:separator:(comma semicolon tab pipe space)' \
-            '*--media[a column that names files]:header: ' \
+            '*--media[a column that names files anywhere]:header: ' \
             '--replace[in place of a library of that name]' '--dry-run[store nothing]' \
             '--help[show how cobble is used]' '1:file:_files'
         ;;

@@ -72,7 +72,7 @@ void warnOfQuote(const ImportRequest &request, const RowSource &rows, CommandCon
 
 ExitCode showOnly(const ImportRequest &request, const ImportFile &file, CommandContext &context)
 {
-    const Outcome<ImportValues> values = ImportValues::of(*file.rows, file.settings);
+    const Outcome<ImportValues> values = file.preview();
     if (!values)
         return context.fail(request.path, values.reason());
     ImportReport::printValues(file.schema, *values, context.out());

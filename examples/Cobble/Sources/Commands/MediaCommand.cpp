@@ -1,6 +1,7 @@
 #include "MediaCommand.h"
 
 #include "Import/MediaReference.h"
+#include "Import/UnusedMedia.h"
 #include "Library/BundleCheck.h"
 #include "Library/BundleLock.h"
 #include "Library/BundleOption.h"
@@ -23,12 +24,6 @@ using namespace Qt::StringLiterals;
 namespace {
 /// How long to wait for an import to end, in milliseconds.
 constexpr int PatienceWithLock = 5000;
-
-/// Whether it is what an interrupted copy has left; stored files have a number behind a dot.
-bool isUnfinished(const QFileInfo &file)
-{
-    return file.fileName().startsWith(u".cobble-") && file.fileName().lastIndexOf(u'.') == 0;
-}
 
 /// How many files in a folder have a name that is no text; Qt passes over them without a word.
 int filesWithoutNameIn(const QString &folder)
@@ -63,7 +58,7 @@ ExitCode listMedia(const KTDatabaseBundle &bundle, CommandContext &context)
         folder.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
     for (const QFileInfo &file : files) {
         const auto url = bundle.mediaUrlFromFilePath(file.filePath());
-        if (url && !isUnfinished(file))
+        if (url && !UnusedMedia::isUnfinished(file.fileName()))
             table.addRow({QString::number(file.size()), url->absoluteString()});
     }
     table.print(context.out());

@@ -21,10 +21,11 @@ QString usageText()
       extension unless given, with a number if there is one, or in its place
       with --replace. C is one character, or comma, semicolon, tab, pipe or
       space; it is found out unless given. ID is the locale that the values
-      were typed in, such as de_DE; it is yours unless given. Files that a
-      column names by their paths, file: or http: URLs are copied into the
-      bundle; --media says that a column does. PATH is the database bundle; it
-      is your default one unless given. --dry-run shows and stores nothing.
+      were typed in, such as de_DE; it is yours unless given. Files beside FILE
+      that a column names are copied into the bundle. --media says that a column
+      names files, which may then lie anywhere or be http: URLs, up to 256 MB
+      each; give it only for a FILE that you trust. PATH is the database bundle;
+      it is your default one unless given. --dry-run shows and stores nothing.
   cobble show [LIBRARY] [--locale ID] [--limit N] [--bundle PATH]
       Prints the records of a library as its fields display them; without a
       name, the libraries.

@@ -2,7 +2,6 @@
 
 #include "ImportTransaction.h"
 #include "Library/PlugIns.h"
-#include "MediaReference.h"
 #include "SeparatedText.h"
 #include "Table.h"
 #include "Text/TextFile.h"
@@ -31,7 +30,7 @@ Outcome<CobbleTable> readTable(const PlugIns &plugIns, CobbleImporter &importer,
     if (!called)
         return Failure{u"the importer failed: %1"_s.arg(called.reason())};
     if (!isRead)
-        return Failure{error.isNull() ? u"the importer failed"_s : error};
+        return Failure{error.isEmpty() ? u"the importer failed"_s : error};
     return table;
 }
 
@@ -47,6 +46,8 @@ Outcome<> useRows(Outcome<Rows> &&rows, ImportFile *file)
 Outcome<> useTable(const CobbleTable &table, ImportFile *file)
 {
     file->extracted = table.files;
+    if (table.files)
+        file->media.addFolder(table.files->path());
     for (qsizetype column = 0; column < table.typeNames.size(); ++column) {
         const QString &type = table.typeNames.at(column);
         if (!type.isEmpty())
@@ -79,9 +80,33 @@ Outcome<> useMediaColumns(const QStringList &headers, ImportFile *file)
         if (column < 0)
             return Failure{u"there is no column '%1'"_s.arg(header)};
         file->settings.types.insert(column, FieldType::Media);
+        file->media.trust(column);
     }
     return {};
 }
+
+/// Looks at media without storing them, and at nothing else.
+class Preview : public ImportSink
+{
+public:
+    explicit Preview(const MediaSources &sources) : _sources(sources) {}
+
+    Outcome<> begin(const std::vector<std::unique_ptr<FieldReader>> &) override { return {}; }
+    Outcome<> addRow(const QVariantList &) override { return {}; }
+    Outcome<QVariant> storeMedia(qsizetype column, const QString &text) override
+    {
+        const Outcome<NSURL> url = _sources.urlIn(column, text);
+        if (!url)
+            return url.failure();
+        const Outcome<> checked = url->isFileURL() ? MediaSources::check(url->path()) : Outcome<>();
+        if (!checked)
+            return checked.failure();
+        return QVariant(text);
+    }
+
+private:
+    const MediaSources &_sources;
+};
 } // namespace
 
 Outcome<ImportFile> ImportFile::read(const ImportRequest &request)
@@ -90,26 +115,74 @@ Outcome<ImportFile> ImportFile::read(const ImportRequest &request)
     if (!text)
         return text.failure();
     ImportFile file;
+    file.media = MediaSources(QFileInfo(request.path).absolutePath());
     const Outcome<> used = useText(*text, request, &file).andThen([&] {
         return useMediaColumns(request.mediaHeaders, &file);
     });
     if (!used)
         return used.failure();
     file.schema = ImportSchema::fromHeaders(request.libraryName, file.rows->headers());
-    file.folder = QFileInfo(request.path).absolutePath();
-    file.settings.isMedia = [start = file.folder](const QString &value) {
-        return MediaReference::isObvious(value, start);
+    file.settings.isMedia = [media = file.media](const QString &value) {
+        return media.isObvious(value);
     };
     return file;
 }
 
+bool ImportFile::goesOn(qint64 row) const
+{
+    return !settings.progress || settings.progress(row, rows->rowCount());
+}
+
+Outcome<> ImportFile::downloadRow(const QStringList &fields, MediaDownloads *downloads) const
+{
+    for (const qsizetype column : media.trustedColumns()) {
+        const Outcome<NSURL> url = media.urlIn(column, fields.value(column));
+        const bool isOnWeb = url && url->scheme() == u"http";
+        const Outcome<> fetched =
+            isOnWeb ? downloads->fetch(*url, [this] { return goesOn(0); }) : Outcome<>();
+        if (!fetched)
+            return fetched;
+    }
+    return {};
+}
+
+Outcome<> ImportFile::downloadInto(MediaDownloads *downloads) const
+{
+    Outcome<> outcome;
+    if (media.trustedColumns().isEmpty())
+        return outcome;
+    rows->whileRows([&](qint64, const QStringList &fields) {
+        outcome = downloadRow(fields, downloads);
+        return bool(outcome);
+    });
+    return outcome;
+}
+
+Outcome<ImportValues> ImportFile::preview() const
+{
+    Preview sink(media);
+    ImportValues::Settings reading = settings;
+    reading.sink = &sink;
+    return ImportValues::of(*rows, reading);
+}
+
 Outcome<StoredImport> ImportFile::store(const ImportRequest &request, int patience) const
 {
+    MediaDownloads downloads;
+    const Outcome<> downloaded = downloadInto(&downloads);
+    if (!downloaded)
+        return downloaded.failure();
     const auto transaction = ImportTransaction::begin(request.bundle, patience);
     if (!transaction)
         return transaction.failure();
-    LibraryImport import(**transaction, schema, folder, request.replaces);
+    qint64 current = 0;
+    LibraryImport import(**transaction, schema,
+                         {media, downloads, [&] { (void)goesOn(current); }, request.replaces});
     ImportValues::Settings storing = settings;
+    storing.progress = [&](qint64 row, qint64) {
+        current = row;
+        return goesOn(row);
+    };
     storing.sink = &import;
     const Outcome<ImportValues> values = ImportValues::of(*rows, storing);
     if (!values)

@@ -4,6 +4,7 @@
 #include "ImportSchema.h"
 #include "ImportValues.h"
 #include "LibraryImport.h"
+#include "MediaSources.h"
 #include "RowSource.h"
 
 #include <QTemporaryDir>
@@ -30,15 +31,24 @@ struct ImportFile
 {
     static Outcome<ImportFile> read(const ImportRequest &request);
 
-    /// Stores it as a library of the request's bundle: all of it or nothing.
+    /// Stores it as a library of the request's bundle: all of it or nothing. What it names on the web
+    /// is downloaded first, while nothing is locked.
     /// \param patience how long to wait for another import, in milliseconds.
     Outcome<StoredImport> store(const ImportRequest &request, int patience = 5000) const;
 
+    /// Reads the values as store() would, without downloading or storing anything.
+    Outcome<ImportValues> preview() const;
+
     std::shared_ptr<const RowSource> rows;
     ImportSchema schema;
-    /// Where relative paths of media begin.
-    QString folder;
+    /// Which files it may bring along.
+    MediaSources media;
     /// The files that an importer took out of it.
     std::shared_ptr<QTemporaryDir> extracted;
     ImportValues::Settings settings;
+
+private:
+    bool goesOn(qint64 row) const;
+    Outcome<> downloadInto(MediaDownloads *downloads) const;
+    Outcome<> downloadRow(const QStringList &fields, MediaDownloads *downloads) const;
 };

@@ -17,8 +17,9 @@ public:
 
     /// The types of the columns are known now.
     virtual Outcome<> begin(const std::vector<std::unique_ptr<FieldReader>> &readers) = 0;
-    /// Stores the media file that a text names, so that the value is its media URL.
-    virtual Outcome<QVariant> storeMedia(const QString &text) = 0;
+    /// Stores the media file that a text in a column names, so that the value is its media URL. If
+    /// it fails, the text is kept as it was typed.
+    virtual Outcome<QVariant> storeMedia(qsizetype column, const QString &text) = 0;
     /// A row: values, nil for empty fields, texts for those that could not be read.
     virtual Outcome<> addRow(const QVariantList &values) = 0;
 };

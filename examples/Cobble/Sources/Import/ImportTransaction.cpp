@@ -8,8 +8,12 @@
 #include <KTUtility/NSPathUtilities>
 
 #include <QDir>
+#include <QFileInfo>
 
+#include <algorithm>
+#include <chrono>
 #include <filesystem>
+#include <future>
 
 using namespace Qt::StringLiterals;
 
@@ -28,6 +32,24 @@ FileType typeOf(const QString &path)
 bool isFree(const QString &path)
 {
     return typeOf(path) == FileType::not_found;
+}
+
+/// Files that are copied at once, in bytes.
+constexpr qint64 LargeFile = qint64(8) << 20;
+
+/// Stores a file; a large one in a thread of its own.
+std::optional<NSURL> storeFile(const KTDatabaseBundle &bundle, const NSURL &url,
+                               const std::function<void()> &meanwhile)
+{
+    const bool isLarge = url.isFileURL() && QFileInfo(url.path()).size() >= LargeFile;
+    if (!isLarge || !meanwhile)
+        return bundle.storeFileFromURL(url);
+    auto stored =
+        std::async(std::launch::async, [&bundle, &url] { return bundle.storeFileFromURL(url); });
+    do {
+        meanwhile();
+    } while (stored.wait_for(std::chrono::milliseconds(40)) != std::future_status::ready);
+    return stored.get();
 }
 } // namespace
 
@@ -90,7 +112,10 @@ Outcome<> ImportTransaction::removeMediaBefore()
 {
     // A bundle from elsewhere may bring a list, and a link to a folder of the user's.
     const FileType folder = typeOf(_bundle.mediaFolderPath());
-    if (folder == FileType::directory ? removeMediaInList(false) : folder != FileType::none)
+    const bool areGone = folder == FileType::directory
+                             ? removeMediaInList() && removeUnfinishedMedia()
+                             : folder != FileType::none;
+    if (areGone)
         return {};
     return Failure{u"the files of an import that was interrupted cannot be removed"_s};
 }
@@ -103,17 +128,28 @@ Outcome<> ImportTransaction::beginList()
     return _isListing ? Outcome<>() : Failure{_mediaList.errorString()};
 }
 
-std::optional<NSURL> ImportTransaction::storeMedia(const NSURL &url)
+/// Removes copies that were never finished. Without a lock of ours they may be somebody's who is at
+/// work.
+bool ImportTransaction::removeUnfinishedMedia() const
+{
+    return !_lock.isLocked() || UnusedMedia::removeUnfinished(_bundle);
+}
+
+std::optional<NSURL> ImportTransaction::storeMedia(const NSURL &url,
+                                                   const std::function<void()> &meanwhile)
 {
     if (_bundle.isMediaURL(url)) {
         const QString path = _bundle.filePathFromMediaUrl(url);
         return NSFileManager::fileExistsAtPath(path) ? std::optional(url) : std::nullopt;
     }
-    const std::optional<NSURL> stored = _bundle.storeFileFromURL(url);
-    if (!stored || addToList(stored->absoluteString()))
+    const std::optional<NSURL> stored = storeFile(_bundle, url, meanwhile);
+    if (!stored)
+        return stored;
+    _storedMedia += stored->absoluteString();
+    if (addToList(stored->absoluteString()))
         return stored;
     // What is not in the list could not be taken back.
-    UnusedMedia::removeFile(_bundle, stored->absoluteString());
+    UnusedMedia::removeFile(_bundle, _storedMedia.takeLast());
     return std::nullopt;
 }
 
@@ -129,52 +165,72 @@ bool ImportTransaction::addToList(const QString &url)
     return false;
 }
 
+/// Lists what will be of no use once the libraries are gone; until then it is in use, and stays.
+/// \return false if the disk is full.
+bool ImportTransaction::listRemovedMedia()
+{
+    return std::all_of(_mediaOfRemovedLibraries.begin(), _mediaOfRemovedLibraries.end(),
+                       [this](const QString &text) {
+                           const std::optional<NSURL> url = NSURL::URLWithString(text);
+                           return !url || !_bundle.isMediaURL(*url) || addToList(text);
+                       });
+}
+
 Outcome<> ImportTransaction::commit()
 {
-    Outcome<> committed = _store->commit();
+    if (!listRemovedMedia())
+        return Failure{_mediaList.errorString()};
+    const Outcome<> committed = _store->commit();
     _isDone = bool(committed);
     if (!_isDone)
         return committed;
-    const QSet<QString> left = UnusedMedia::remove(_bundle, *_store, _mediaOfRemovedLibraries);
-    for (const QString &url : left)
-        addToList(url);
-    // A list that stays is for the next import; what is in use stays then.
-    if (left.isEmpty())
+    // A list that stays is for the next import.
+    if (UnusedMedia::remove(_bundle, *_store, _mediaOfRemovedLibraries).isEmpty())
         _mediaList.remove();
     return {};
 }
 
 Outcome<> ImportTransaction::removeLibrary(const Library &library)
 {
-    _mediaOfRemovedLibraries += _store->mediaOf(library).valueOr({});
+    const Outcome<QSet<QString>> media = _store->mediaOf(library);
+    if (!media)
+        return media.failure();
+    _mediaOfRemovedLibraries += *media;
     return _store->remove(library);
 }
 
-/// Removes the media files of an import that came to nothing.
-/// \param evenIfUsed whether records may still refer to them, as they never will be written.
+/// Removes the media files that an import has left which was interrupted, except those in use.
 /// \return false if some are still there, or may be.
-bool ImportTransaction::removeMediaInList(bool evenIfUsed)
+bool ImportTransaction::removeMediaInList()
 {
     QFile list(mediaListPath());
     const FileType type = typeOf(mediaListPath());
     if (type != FileType::regular)
         return type != FileType::none;
-    const Outcome<QSet<QString>> used = evenIfUsed ? QSet<QString>() : _store->usedMedia();
-    if (!used || !list.open(QIODevice::ReadOnly))
+    if (!list.open(QIODevice::ReadOnly))
         return false;
-    bool areGone = true;
+    QSet<QString> urls;
     // A last line that was cut off would name another file.
-    for (QByteArray line = list.readLine(); line.endsWith('\n'); line = list.readLine()) {
-        const QString text = QString::fromLatin1(line.chopped(1));
-        areGone = (used->contains(text) || UnusedMedia::removeFile(_bundle, text)) && areGone;
-    }
-    return areGone && list.error() == QFileDevice::NoError;
+    for (QByteArray line = list.readLine(); line.endsWith('\n'); line = list.readLine())
+        urls += QString::fromLatin1(line.chopped(1));
+    return list.error() == QFileDevice::NoError &&
+           UnusedMedia::remove(_bundle, *_store, urls).isEmpty();
+}
+
+/// Removes the media files of this import, whose records never will be written.
+/// \return false if some are still there.
+bool ImportTransaction::removeStoredMedia() const
+{
+    bool areGone = true;
+    for (const QString &url : _storedMedia)
+        areGone = UnusedMedia::removeFile(_bundle, url) && areGone;
+    return areGone;
 }
 
 void ImportTransaction::takeBack()
 {
     // First, while the database keeps others from making a list of their own.
-    if (_isListing && removeMediaInList(true))
+    if (_isListing && removeStoredMedia())
         _mediaList.remove();
     if (_store)
         _store->rollback();

@@ -6,12 +6,15 @@
 #include <QFile>
 #include <QSet>
 
+#include <functional>
+
 /// An import into a bundle: all of it, or nothing.
 ///
 /// What is written becomes visible with commit(). Without that, or if the process dies, the
-/// database stays as it was. The names of the media files that were stored are kept in a file
-/// beside the database, so that the next import removes those of one that was interrupted. Imports
-/// wait for each other.
+/// database stays as it was. The names of the media files that are stored, and of those that will go
+/// with removed libraries, are kept in a file beside the database, so that the next import removes
+/// what one that was interrupted has left, before it was committed or after. Imports wait for each
+/// other.
 ///
 /// \code
 /// const auto import = *ImportTransaction::begin(bundle);
@@ -31,12 +34,14 @@ public:
     ImportTransaction(const ImportTransaction &) = delete;
     ImportTransaction &operator=(const ImportTransaction &) = delete;
 
+    const KTDatabaseBundle &bundle() const { return _bundle; }
     LibraryStore &store() { return *_store; }
     /// Removes a library; its media files are deleted after commit(), unless others have them, too.
     Outcome<> removeLibrary(const Library &library);
     /// Puts a file into the media folder.
+    /// \param meanwhile is called again and again while a large file is copied; may be empty.
     /// \return its URL; nothing if that failed.
-    std::optional<NSURL> storeMedia(const NSURL &url);
+    std::optional<NSURL> storeMedia(const NSURL &url, const std::function<void()> &meanwhile = {});
     /// If it cannot be written, nothing is.
     Outcome<> commit();
 
@@ -47,8 +52,11 @@ private:
     QString mediaListPath() const;
     Outcome<> beginList();
     bool addToList(const QString &url);
-    bool removeMediaInList(bool evenIfUsed);
+    bool listRemovedMedia();
+    bool removeMediaInList();
+    bool removeStoredMedia() const;
     Outcome<> removeMediaBefore();
+    bool removeUnfinishedMedia() const;
     void takeBack();
     void removeDatabase() const;
     void removeEmptyBundle() const;
@@ -61,5 +69,6 @@ private:
     bool _isListing = false;
     std::unique_ptr<LibraryStore> _store;
     QFile _mediaList;
+    QStringList _storedMedia;
     QSet<QString> _mediaOfRemovedLibraries;
 };

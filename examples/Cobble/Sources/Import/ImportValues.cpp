@@ -93,15 +93,16 @@ private:
         return text.isEmpty() ? QVariant() : QVariant(text);
     }
 
-    Outcome<QVariant> reading(const FieldReader &reader, const QString &text)
+    Outcome<QVariant> reading(qsizetype column, const QString &text)
     {
-        return reader.type() == FieldType::Media && _sink ? _sink->storeMedia(text)
+        const FieldReader &reader = *_readers[size_t(column)];
+        return reader.type() == FieldType::Media && _sink ? _sink->storeMedia(column, text)
                                                           : reader.read(text, true);
     }
 
     QVariant readValue(qint64 row, qsizetype column, const QString &text)
     {
-        const Outcome<QVariant> value = reading(*_readers[size_t(column)], text);
+        const Outcome<QVariant> value = reading(column, text);
         ImportValues::Column &counts = _values.columns[column];
         ++(value ? counts.read : counts.unread);
         if (value)

@@ -1,11 +1,11 @@
 #include "LibraryImport.h"
 
-#include "MediaReference.h"
-
 #include <KTUtility/KTCurrencyFormatter>
 #include <KTUtility/NSArray_KTAdditions>
-#include <KTUtility/NSFileManager>
+#include <KTUtility/NSPathUtilities>
 #include <KTUtility/NSString_KTNaming>
+
+#include <climits>
 
 using namespace Qt::StringLiterals;
 
@@ -27,19 +27,16 @@ QVariantMap optionsOf(const FieldReader &reader)
     return currency.isNull() ? QVariantMap() : QVariantMap{{kKTFieldOption_currencyType, currency}};
 }
 
-/// Why a media file could not be stored.
-QString reasonForNo(const NSURL &url)
+/// Whether a file cannot be stored for its name, to which a number is added.
+bool isNameTooLong(const KTDatabaseBundle &bundle, const QString &name)
 {
-    if (url.scheme() == u"http")
-        return u"it cannot be downloaded"_s;
-    return NSFileManager::fileExistsAtPath(url.path()) ? u"it cannot be copied"_s
-                                                       : u"there is no such file"_s;
+    return QFile::encodeName(bundle.fileNameWithMediaInstanceNumber(name)).size() > NAME_MAX;
 }
 } // namespace
 
 LibraryImport::LibraryImport(ImportTransaction &transaction, const ImportSchema &schema,
-                             const QString &folder, bool replaces)
-    : _transaction(transaction), _folder(folder), _replaces(replaces)
+                             const Settings &settings)
+    : _transaction(transaction), _settings(settings)
 {
     _library.name = schema.libraryName;
     _library.libraryEntityName = schema.libraryEntityName;
@@ -55,7 +52,16 @@ Outcome<> LibraryImport::removeOther()
     if (!others)
         return others.failure();
     const std::optional<Library> other = Libraries::named(_library.name, *others);
-    return other ? _transaction.removeLibrary(*other) : Outcome<>();
+    return other ? remove(*other) : Outcome<>();
+}
+
+Outcome<> LibraryImport::remove(const Library &other)
+{
+    const Outcome<QSet<QString>> media = _transaction.store().mediaOf(other);
+    if (!media)
+        return media.failure();
+    _replacedMedia = *media;
+    return _transaction.removeLibrary(other);
 }
 
 Outcome<> LibraryImport::makeNamesUnique()
@@ -76,26 +82,65 @@ Outcome<> LibraryImport::begin(const std::vector<std::unique_ptr<FieldReader>> &
         field.type = readers[column]->type();
         field.options = optionsOf(*readers[column]);
     }
-    const Outcome<> isFree = _replaces ? removeOther() : Outcome<>();
+    const Outcome<> isFree = _settings.replaces ? removeOther() : Outcome<>();
     return isFree.andThen([this] { return makeNamesUnique(); }).andThen([this] {
         return _transaction.store().create(_library);
     });
 }
 
-Outcome<QVariant> LibraryImport::storeMedia(const QString &text)
+/// The file to copy, or a URL of the bundle.
+Outcome<NSURL> LibraryImport::fileOf(const NSURL &url) const
 {
-    const std::optional<NSURL> url = MediaReference::urlIn(text, _folder);
+    if (url.scheme() == u"http")
+        return _settings.downloads.fileOf(url);
+    const KTDatabaseBundle &bundle = _transaction.bundle();
+    const QString path = bundle.isMediaURL(url) ? bundle.filePathFromMediaUrl(url) : url.path();
+    const Outcome<> checked = MediaSources::check(path);
+    if (!checked)
+        return checked.failure();
+    return url;
+}
+
+void LibraryImport::end(const QString &text, const QString &reason)
+{
+    _ended = Failure{u"row %1: '%2': %3"_s.arg(QString::number(_recordCount + 1), text, reason)};
+}
+
+/// For what is not there to be stored.
+Failure LibraryImport::withoutFile(const QString &text, const QString &reason)
+{
+    if (_replacedMedia && !_replacedMedia->contains(text))
+        end(text, reason);
+    return {reason};
+}
+
+/// For what is there and could not be stored.
+Failure LibraryImport::withoutCopy(const QString &text, const NSURL &file)
+{
+    if (isNameTooLong(_transaction.bundle(), NSString::lastPathComponent(file.path())))
+        return withoutFile(text, u"its name is too long"_s);
+    const QString reason = u"it cannot be copied"_s;
+    end(text, reason);
+    return {reason};
+}
+
+Outcome<QVariant> LibraryImport::storeMedia(qsizetype column, const QString &text)
+{
+    const Outcome<NSURL> url = _settings.sources.urlIn(column, text);
     if (!url)
-        return Failure{u"it names no file"_s};
-    const std::optional<NSURL> stored = _transaction.storeMedia(*url);
+        return url.failure();
+    const Outcome<NSURL> file = fileOf(*url);
+    if (!file)
+        return withoutFile(text, file.reason());
+    const std::optional<NSURL> stored = _transaction.storeMedia(*file, _settings.meanwhile);
     if (!stored)
-        return Failure{reasonForNo(*url)};
+        return withoutCopy(text, *file);
     return QVariant(stored->absoluteString());
 }
 
 Outcome<> LibraryImport::addRow(const QVariantList &values)
 {
-    const Outcome<> added = _transaction.store().insert(values);
+    const Outcome<> added = _ended.andThen([&] { return _transaction.store().insert(values); });
     _recordCount += added ? 1 : 0;
     return added;
 }

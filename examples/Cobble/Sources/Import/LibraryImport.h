@@ -3,20 +3,36 @@
 #include "ImportSchema.h"
 #include "ImportSink.h"
 #include "ImportTransaction.h"
+#include "MediaDownloads.h"
+#include "MediaSources.h"
 
 /// Puts the rows of an import into a new library of the database.
 ///
 /// The library gets the name that it is to have if no other has it, else "name 1", "name 2" and so
 /// on, unless it replaces the other.
+///
+/// Media that cannot be stored are kept as the texts that were typed. They end the import if the disk
+/// is to blame, and where a library is replaced, whose own files would go, unless that library has the
+/// same text.
 class LibraryImport : public ImportSink
 {
 public:
-    /// \param folder where relative paths of media begin.
-    LibraryImport(ImportTransaction &transaction, const ImportSchema &schema, const QString &folder,
-                  bool replaces);
+    /// Where media come from, and what becomes of the library of that name.
+    struct Settings
+    {
+        const MediaSources &sources;
+        /// What the URLs of the file name.
+        const MediaDownloads &downloads;
+        /// Is called again and again while a large file is copied; may be empty.
+        std::function<void()> meanwhile;
+        bool replaces = false;
+    };
+
+    LibraryImport(ImportTransaction &transaction, const ImportSchema &schema,
+                  const Settings &settings);
 
     Outcome<> begin(const std::vector<std::unique_ptr<FieldReader>> &readers) override;
-    Outcome<QVariant> storeMedia(const QString &text) override;
+    Outcome<QVariant> storeMedia(qsizetype column, const QString &text) override;
     Outcome<> addRow(const QVariantList &values) override;
 
     /// As it was made, with the names that it got.
@@ -25,11 +41,19 @@ public:
 
 private:
     Outcome<> removeOther();
+    Outcome<> remove(const Library &other);
     Outcome<> makeNamesUnique();
+    Outcome<NSURL> fileOf(const NSURL &url) const;
+    Failure withoutFile(const QString &text, const QString &reason);
+    Failure withoutCopy(const QString &text, const NSURL &file);
+    void end(const QString &text, const QString &reason);
 
     ImportTransaction &_transaction;
-    QString _folder;
-    bool _replaces;
+    Settings _settings;
     Library _library;
+    /// The values of media of the library that is replaced; nothing if none is.
+    std::optional<QSet<QString>> _replacedMedia;
+    /// What ends the import with the current row.
+    Outcome<> _ended;
     qint64 _recordCount = 0;
 };

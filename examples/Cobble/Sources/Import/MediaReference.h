@@ -12,10 +12,7 @@
 namespace MediaReference {
 /// The URL that a text names, "file", "http" or "cobblemedia".
 /// \param folder where relative paths begin.
-/// \return nothing if it names none. Whether there is a file is not looked at.
+/// \return nothing if it names none. Whether there is a file, and whether it may be taken, is not
+/// looked at.
 std::optional<NSURL> urlIn(const QString &text, const QString &folder);
-
-/// Whether a text alone shows that it is media: a "file" or media URL, an "http" URL that ends as
-/// pictures, sounds, films and documents do, or the path of a file that exists.
-bool isObvious(const QString &text, const QString &folder);
 } // namespace MediaReference

@@ -7,7 +7,9 @@ target_sources(CobbleHost PRIVATE
     Sources/Import/ImportTransaction.cpp
     Sources/Import/ImportValues.cpp
     Sources/Import/LibraryImport.cpp
+    Sources/Import/MediaDownloads.cpp
     Sources/Import/MediaReference.cpp
+    Sources/Import/MediaSources.cpp
     Sources/Import/RowSource.cpp
     Sources/Import/SeparatedText.cpp
     Sources/Import/Table.cpp

@@ -2,17 +2,42 @@
 
 #include "Library/LibraryStore.h"
 
+#include <KTUtility/NSFileManager>
 #include <KTUtility/NSPathUtilities>
+
+#include <QFile>
+#include <QRegularExpression>
+
+#include <filesystem>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+/// The path of the file of a media URL; nil for other texts.
+QString pathOf(const KTDatabaseBundle &bundle, const QString &url)
+{
+    const std::optional<NSURL> media = NSURL::URLWithString(url);
+    return media ? bundle.filePathFromMediaUrl(*media) : QString();
+}
+
+QSet<QString> pathsOf(const KTDatabaseBundle &bundle, const QSet<QString> &urls)
+{
+    QSet<QString> paths;
+    for (const QString &url : urls)
+        paths += pathOf(bundle, url);
+    return paths;
+}
+} // namespace
 
 bool UnusedMedia::removeFile(const KTDatabaseBundle &bundle, const QString &url)
 {
-    const std::optional<NSURL> media = NSURL::URLWithString(url);
-    if (!media || !bundle.isMediaURL(*media))
+    const QString path = pathOf(bundle, url);
+    if (path.isNull())
         return true;
     // The file would be one of another folder, which is not the bundle's to delete.
     if (!bundle.isSelfContained())
         return false;
-    const QString name = NSString::lastPathComponent(bundle.filePathFromMediaUrl(*media));
+    const QString name = NSString::lastPathComponent(path);
     return bundle.deleteFileFromMediaFolder(name) || !bundle.isFileNameInMediaFolder(name);
 }
 
@@ -24,10 +49,31 @@ QSet<QString> UnusedMedia::remove(const KTDatabaseBundle &bundle, LibraryStore &
     const Outcome<QSet<QString>> used = store.usedMedia();
     if (!used)
         return urls;
+    const QSet<QString> usedPaths = pathsOf(bundle, *used);
     QSet<QString> left;
     for (const QString &url : urls) {
-        if (!used->contains(url) && !removeFile(bundle, url))
+        if (!usedPaths.contains(pathOf(bundle, url)) && !removeFile(bundle, url))
             left += url;
     }
     return left;
+}
+
+bool UnusedMedia::isUnfinished(const QString &fileName)
+{
+    static const QRegularExpression form(uR"(\A\.cobble-[0-9a-f]+\z)"_s);
+    return form.match(fileName).hasMatch();
+}
+
+bool UnusedMedia::removeUnfinished(const KTDatabaseBundle &bundle)
+{
+    std::error_code error;
+    const QByteArray folder = QFile::encodeName(bundle.mediaFolderPath());
+    std::filesystem::directory_iterator entries(folder.toStdString(), error);
+    bool areGone = true;
+    for (; !error && entries != std::filesystem::directory_iterator(); entries.increment(error)) {
+        const QString path = QFile::decodeName(entries->path().c_str());
+        if (isUnfinished(NSString::lastPathComponent(path)))
+            areGone = NSFileManager::removeItemAtPath(path) && areGone;
+    }
+    return areGone && !error;
 }

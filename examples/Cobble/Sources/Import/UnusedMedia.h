@@ -13,9 +13,17 @@ namespace UnusedMedia {
 /// \return false if it is still there.
 bool removeFile(const KTDatabaseBundle &bundle, const QString &url);
 
-/// Removes the files of those URLs that no library has. Texts that are no media URLs are passed
-/// over. If the database cannot be read, everything counts as used.
+/// Removes the files of those URLs that no library has, however its own URL of a file is written.
+/// Texts that are no media URLs are passed over. If the database cannot be read, everything counts
+/// as used.
 /// \return the URLs of those that are still there, or may be.
 QSet<QString> remove(const KTDatabaseBundle &bundle, LibraryStore &store,
                      const QSet<QString> &urls);
+
+/// Whether a file in the media folder is what a copy has left that was interrupted; files that are
+/// stored have a number behind a dot.
+bool isUnfinished(const QString &fileName);
+/// Removes all of these. Nobody else must be storing files meanwhile.
+/// \return false if some are still there, or may be.
+bool removeUnfinished(const KTDatabaseBundle &bundle);
 } // namespace UnusedMedia

@@ -1,5 +1,7 @@
 #include "ImportSheet.h"
 
+#include "Text/CSVReader.h"
+
 #include <KTUtility/KTWindowController>
 
 #include <QCheckBox>
@@ -12,6 +14,17 @@ namespace {
 Failure cancelled()
 {
     return {u"Cancelled. Nothing was stored."_s, true};
+}
+
+/// Headers with commas between them, in quotation marks where they hold one.
+QStringList headersIn(const QString &text)
+{
+    QStringList headers;
+    CSVReader(QStringView(text).trimmed(), u',').readRow(&headers);
+    for (QString &header : headers)
+        header = header.trimmed();
+    headers.removeAll(QString());
+    return headers;
 }
 
 /// How long the window stands still for another program's import, in milliseconds.
@@ -27,6 +40,7 @@ void ImportSheet::configDialog()
     TransferSheet::configDialog();
     setFile(QString());
     outlet<QLineEdit>(u"nameEdit"_s)->clear();
+    outlet<QLineEdit>(u"mediaEdit"_s)->clear();
     outlet<QCheckBox>(u"replaceBox"_s)->setChecked(false);
 }
 
@@ -36,6 +50,7 @@ ImportRequest ImportSheet::request()
     request.path = file();
     const QString name = outlet<QLineEdit>(u"nameEdit"_s)->text().trimmed();
     request.libraryName = name.isEmpty() ? ImportRequest::libraryNameForFile(request.path) : name;
+    request.mediaHeaders = headersIn(outlet<QLineEdit>(u"mediaEdit"_s)->text());
     request.replaces = outlet<QCheckBox>(u"replaceBox"_s)->isChecked();
     request.bundle = bundle()->bundle();
     return request;

@@ -1,0 +1,128 @@
+#include "MediaDownloads.h"
+
+#include <KTUtility/NSPathUtilities>
+#include <KTUtility/NSURLConnection>
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QRegularExpression>
+
+#include <climits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+const QString Silent = u"its server does not answer"_s;
+
+/// "example.org:8080" of "http://ann@Example.org:8080/a".
+QString serverOf(const NSURL &url)
+{
+    static const QRegularExpression form(u"//(?:[^/?#]*@)?([^/?#]*)"_s);
+    return form.match(url.absoluteString()).captured(1).toLower();
+}
+
+/// What a download is called; nil if its URL does not say.
+QString nameOf(const NSURL &url)
+{
+    const QString name = NSString::lastPathComponent(url.path());
+    const bool isName = !name.isEmpty() && name != u"." && name != u".." && !name.contains(u'/') &&
+                        !name.contains(QChar(u'\0'));
+    return isName ? name : QString();
+}
+
+/// Why a URL is not even asked for; nil if it is.
+QString problemOf(const QString &name)
+{
+    if (name.isNull())
+        return u"it names no file"_s;
+    return QFile::encodeName(name).size() > NAME_MAX ? u"its name is too long"_s : QString();
+}
+
+/// Why an answer is no file; nil if it is one.
+QString problemOf(const NSHTTPURLResponse &response, bool hasBody)
+{
+    if (response.statusCode >= 400)
+        return u"its server says %1"_s.arg(response.statusCode);
+    if (hasBody)
+        return {};
+    return response.statusCode >= 300 ? u"it has moved to where plain http does not lead"_s
+                                      : u"it cannot be downloaded"_s;
+}
+} // namespace
+
+Outcome<> MediaDownloads::fetch(const NSURL &url, const GoesOn &goesOn)
+{
+    if (_files.contains(url.absoluteString()))
+        return {};
+    if (goesOn && !goesOn())
+        return Failure{u"it was cancelled"_s, true};
+    QString problem = problemOf(nameOf(url));
+    if (problem.isNull() && _silent.contains(serverOf(url)))
+        problem = Silent;
+    if (problem.isNull())
+        return fetchNew(url, goesOn);
+    refuse(url, problem);
+    return {};
+}
+
+Outcome<> MediaDownloads::fetchNew(const NSURL &url, const GoesOn &goesOn)
+{
+    bool isCancelled = false;
+    const auto ask = [&] {
+        isCancelled = goesOn && !goesOn();
+        return !isCancelled;
+    };
+    NSHTTPURLResponse response;
+    QElapsedTimer timer;
+    timer.start();
+    const auto data = NSURLConnection::sendSynchronousRequest(url, _timeout, &response, ask);
+    if (isCancelled)
+        return Failure{u"it was cancelled"_s, true};
+    // Nor would one be quicker that has begun and never ends.
+    const bool isOverdue = timer.elapsed() >= qint64(_timeout * 1000);
+    const bool isSilent = !data && (response.statusCode == 0 || isOverdue);
+    if (isSilent)
+        _silent += serverOf(url);
+    const QString problem = isSilent ? Silent : problemOf(response, data.has_value());
+    if (problem.isNull())
+        return write(url, *data);
+    refuse(url, problem);
+    return {};
+}
+
+void MediaDownloads::refuse(const NSURL &url, const QString &reason)
+{
+    _files.insert(url.absoluteString(), Failure{reason});
+}
+
+/// A path in a folder of its own, so that names stay.
+Outcome<QString> MediaDownloads::newPath(const QString &name)
+{
+    if (!_folder)
+        _folder = std::make_unique<QTemporaryDir>();
+    const QString folder = QString::number(++_number);
+    if (!_folder->isValid() || !QDir(_folder->path()).mkdir(folder))
+        return Failure{u"a download cannot be kept: "_s + _folder->errorString()};
+    return _folder->filePath(QString(folder + u'/' + name));
+}
+
+Outcome<> MediaDownloads::write(const NSURL &url, const QByteArray &data)
+{
+    const Outcome<QString> path = newPath(nameOf(url));
+    if (!path)
+        return path.failure();
+    QFile file(*path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size() || !file.flush())
+        return Failure{u"a download cannot be kept: "_s + file.errorString()};
+    const std::optional<NSURL> kept = NSURL::fileURLWithPath(*path);
+    if (!kept)
+        return Failure{u"a download cannot be kept: "_s + *path};
+    _files.insert(url.absoluteString(), *kept);
+    return {};
+}
+
+Outcome<NSURL> MediaDownloads::fileOf(const NSURL &url) const
+{
+    return _files.value(url.absoluteString(), Failure{u"it was not downloaded"_s});
+}
