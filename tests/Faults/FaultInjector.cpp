@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <climits>
+#include <csignal>
 #include <fcntl.h>
 #include <initializer_list>
 #include <string>
@@ -63,6 +64,7 @@ int errorOf(Fault fault)
     case Fault::DiskFull:
     case Fault::ShortWrite:
     case Fault::ShortRead:
+    case Fault::Killed:
         break;
     }
     return ENOSPC;
@@ -82,8 +84,9 @@ bool isDue(Armed &state, FileCall call)
 
 const char *nameOf(Fault fault)
 {
-    static constexpr std::array<const char *, 7> Names = {
-        "InputOutput", "NoSpace", "DiskFull", "NoAccess", "Interrupted", "ShortWrite", "ShortRead"};
+    static constexpr std::array<const char *, 8> Names = {
+        "InputOutput", "NoSpace",    "DiskFull",  "NoAccess",
+        "Interrupted", "ShortWrite", "ShortRead", "Killed"};
     return Names.at(size_t(fault));
 }
 
@@ -113,6 +116,8 @@ bool FaultInjector::canHit(Fault fault, FileCall call)
         return call == Write;
     case Fault::ShortRead:
         return call == Read;
+    case Fault::Killed:
+        return isOneOf(call, {Create, Write, Flush, Rename, Remove, MakeFolder, Resize});
     }
     return false;
 }
@@ -141,6 +146,8 @@ FaultInjector::Answer FaultInjector::answerTo(FileCall call, const Place &place)
     Armed *const state = armed;
     if (!state || !isBelow(pathOf(place), state->folder) || !isDue(*state, call))
         return Answer::GoOn;
+    if (state->fault == Fault::Killed)
+        ::raise(SIGKILL);
     const bool isFirst = !state->outcome.wasHit;
     if (isFirst)
         state->outcome.call = call;

@@ -18,6 +18,7 @@ enum class Fault {
     Interrupted, ///< EINTR, once
     ShortWrite,  ///< half of the bytes are written, once
     ShortRead,   ///< half of the bytes are read, once
+    Killed,      ///< the process ends where it would change something
 };
 
 /// The kinds of calls.

@@ -7,6 +7,7 @@ target_sources(FaultTests PRIVATE
     Faults/FlushTests.cpp
     Faults/FrameworkScenarios.cpp
     Faults/HostScenarios.cpp
+    Faults/KilledImportTests.cpp
     Faults/LogFileFaultTests.cpp
     Faults/PlatformScenarios.cpp
 )

@@ -268,6 +268,30 @@ TEST_F(ImportTransactionTests, MediaThatCannotBeListedAreNotStored)
               "cobblemedia://a.0.png\n");
 }
 
+TEST_F(ImportTransactionTests, OnlyWhatWasStoredIsListed)
+{
+    QFile large(tree.path(u"large.mov"_s));
+    ASSERT_TRUE(large.open(QIODevice::WriteOnly) && large.resize(qint64(8) << 20));
+    tree.add(u"ä b.png"_s);
+    const QString list = bundle._resourcesFolderPath() + u"/ImportedMedia";
+    const auto import = begin();
+    EXPECT_FALSE(import->storeMedia(*NSURL::fileURLWithPath(tree.path(u"none.png"_s))));
+    EXPECT_EQ(testing_support::contentsOf(list), "");
+    EXPECT_TRUE(import->storeMedia(*NSURL::fileURLWithPath(tree.path(u"ä b.png"_s))));
+    EXPECT_EQ(testing_support::contentsOf(list), "cobblemedia://%C3%A4%20b.0.png\n");
+    // Somebody may take the name under which it was listed.
+    bool isTaken = false;
+    const auto stored = import->storeMedia(*NSURL::fileURLWithPath(tree.path(u"large.mov"_s)), [&] {
+        const QString taken = bundle.mediaFolderPath() + u"/large.0.mov";
+        if (!isTaken && !QFile::exists(taken))
+            writeFile(taken, "the user's");
+        isTaken = true;
+    });
+    ASSERT_TRUE(stored);
+    EXPECT_EQ(testing_support::contentsOf(list),
+              "cobblemedia://%C3%A4%20b.0.png\n" + stored->absoluteString().toLatin1() + "\n");
+}
+
 TEST_F(ImportTransactionTests, FilesOfTheBundleAreNotCopiedAgain)
 {
     const auto import = begin();

@@ -6,6 +6,7 @@
 
 #include <KTUtility/NSFileManager>
 #include <KTUtility/NSPathUtilities>
+#include <KTUtility/NSPercentEscapes>
 
 #include <QDir>
 #include <QFileInfo>
@@ -36,6 +37,14 @@ bool isFree(const QString &path)
 
 /// Files that are copied at once, in bytes.
 constexpr qint64 LargeFile = qint64(8) << 20;
+
+/// The URL that a file will get, unless somebody else stores one of that name meanwhile.
+QString expectedURL(const KTDatabaseBundle &bundle, const NSURL &url)
+{
+    const QString name = NSString::lastPathComponent(url.path());
+    return u"cobblemedia://"_s +
+           NSString::stringByAddingPercentEscapes(bundle.fileNameWithMediaInstanceNumber(name));
+}
 
 /// Stores a file; a large one in a thread of its own.
 std::optional<NSURL> storeFile(const KTDatabaseBundle &bundle, const NSURL &url,
@@ -142,14 +151,31 @@ std::optional<NSURL> ImportTransaction::storeMedia(const NSURL &url,
         const QString path = _bundle.filePathFromMediaUrl(url);
         return NSFileManager::fileExistsAtPath(path) ? std::optional(url) : std::nullopt;
     }
-    const std::optional<NSURL> stored = storeFile(_bundle, url, meanwhile);
-    if (!stored)
+    // It is listed before it is there, so that it can be found whenever the process ends.
+    const qint64 size = _mediaList.size();
+    const QString expected = expectedURL(_bundle, url);
+    const bool isListed = addToList(expected);
+    const std::optional<NSURL> stored =
+        isListed ? storeFile(_bundle, url, meanwhile) : std::nullopt;
+    if (stored && stored->absoluteString() != expected)
+        return listAnew(*stored, size);
+    if (stored)
+        _storedMedia += expected;
+    else
+        cutList(size);
+    return stored;
+}
+
+/// For a file that got another name than was listed, which somebody else has taken.
+std::optional<NSURL> ImportTransaction::listAnew(const NSURL &stored, qint64 size)
+{
+    cutList(size);
+    if (addToList(stored.absoluteString())) {
+        _storedMedia += stored.absoluteString();
         return stored;
-    _storedMedia += stored->absoluteString();
-    if (addToList(stored->absoluteString()))
-        return stored;
+    }
     // What is not in the list could not be taken back.
-    UnusedMedia::removeFile(_bundle, _storedMedia.takeLast());
+    UnusedMedia::removeFile(_bundle, stored.absoluteString());
     return std::nullopt;
 }
 
@@ -160,9 +186,14 @@ bool ImportTransaction::addToList(const QString &url)
     const qint64 size = _mediaList.size();
     if (_mediaList.write(line) == line.size())
         return true;
+    cutList(size);
+    return false;
+}
+
+void ImportTransaction::cutList(qint64 size)
+{
     _mediaList.resize(size);
     _mediaList.seek(size);
-    return false;
 }
 
 /// Lists what will be of no use once the libraries are gone; until then it is in use, and stays.

@@ -52,6 +52,8 @@ private:
     QString mediaListPath() const;
     Outcome<> beginList();
     bool addToList(const QString &url);
+    void cutList(qint64 size);
+    std::optional<NSURL> listAnew(const NSURL &stored, qint64 size);
     bool listRemovedMedia();
     bool removeMediaInList();
     bool removeStoredMedia() const;

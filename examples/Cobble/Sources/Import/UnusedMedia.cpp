@@ -27,6 +27,15 @@ QSet<QString> pathsOf(const KTDatabaseBundle &bundle, const QSet<QString> &urls)
         paths += pathOf(bundle, url);
     return paths;
 }
+
+std::filesystem::directory_iterator entriesOf(const QString &folder, std::error_code &error)
+{
+    const std::filesystem::path path(QFile::encodeName(folder).toStdString());
+    std::filesystem::directory_iterator entries(path, error);
+    while (error == std::errc::interrupted)
+        entries = std::filesystem::directory_iterator(path, error);
+    return entries;
+}
 } // namespace
 
 bool UnusedMedia::removeFile(const KTDatabaseBundle &bundle, const QString &url)
@@ -67,8 +76,7 @@ bool UnusedMedia::isUnfinished(const QString &fileName)
 bool UnusedMedia::removeUnfinished(const KTDatabaseBundle &bundle)
 {
     std::error_code error;
-    const QByteArray folder = QFile::encodeName(bundle.mediaFolderPath());
-    std::filesystem::directory_iterator entries(folder.toStdString(), error);
+    auto entries = entriesOf(bundle.mediaFolderPath(), error);
     bool areGone = true;
     for (; !error && entries != std::filesystem::directory_iterator(); entries.increment(error)) {
         const QString path = QFile::decodeName(entries->path().c_str());
