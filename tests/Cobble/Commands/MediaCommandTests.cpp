@@ -103,6 +103,17 @@ TEST_F(MediaCommandTests, WhatCannotBeAddedIsToldAndTheRestIsAdded)
                              "cobble: https://a/b.png: it cannot be stored\n"_s);
 }
 
+TEST_F(MediaCommandTests, APageThatSaysNoIsNotAdded)
+{
+    const LoopbackServer server;
+    const QString url = server.url(u"/none.jpg"_s);
+    const CommandResult result = media({u"add"_s, url});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.output, QString());
+    EXPECT_EQ(result.errors, QString(u"cobble: " + url + u": its server says 404\n"));
+    EXPECT_EQ(media({u"list"_s}).output, QString());
+}
+
 TEST_F(MediaCommandTests, ShowsPaths)
 {
     EXPECT_EQ(media({u"path"_s, u"cobblemedia://a%20b.0.png"_s}).output, folder + u"a b.0.png\n");

@@ -3,6 +3,8 @@
 #include "support/LoopbackServer.h"
 #include "support/TestSupport.h"
 
+#include <KTUtility/KTLogCapture>
+
 #include <QFile>
 
 using namespace Qt::StringLiterals;
@@ -106,6 +108,17 @@ TEST(MediaDownloads, SaysWhyThereIsNoFile)
     for (const auto &row : rows)
         EXPECT_EQ(reasonFor(urlOf(row.url), downloads), row.reason) << row.url.toStdString();
     EXPECT_EQ(server.requests().size(), 2);
+}
+
+TEST(MediaDownloads, LogsWhatDoesNotCome)
+{
+    const LoopbackServer server;
+    const NSURL url = urlOf(server.url(u"/none.jpg"_s));
+    const KTLogCapture capture(kLog_MediaFilenames, 4);
+    MediaDownloads downloads;
+    reasonFor(url, downloads);
+    EXPECT_EQ(capture.messages(),
+              QStringList(url.absoluteString() + u" is not downloaded: its server says 404"));
 }
 
 TEST(MediaDownloads, CanBeCancelled)

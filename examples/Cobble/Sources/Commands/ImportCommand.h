@@ -4,6 +4,6 @@
 
 /// `cobble import FILE [--library NAME] [--separator C] [--locale ID] [--media HEADER]
 /// [--replace] [--bundle PATH] [--dry-run]`: reads the file and stores it as a library of the
-/// database, all of it or nothing. Shows its names, the types of its columns, and what cannot be
-/// read in them.
+/// database, all of it with its media or nothing. Shows its names, the types of its columns, and
+/// what cannot be read in them.
 ExitCode runImportCommand(const QStringList &arguments, CommandContext &context);

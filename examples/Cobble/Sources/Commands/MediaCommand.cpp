@@ -1,5 +1,6 @@
 #include "MediaCommand.h"
 
+#include "Import/MediaDownloads.h"
 #include "Import/MediaReference.h"
 #include "Import/UnusedMedia.h"
 #include "Library/BundleCheck.h"
@@ -104,14 +105,28 @@ QString reasonNotToStore(const KTDatabaseBundle &bundle, const QString &text)
     return u"it cannot be stored"_s;
 }
 
+/// What is to be copied; what a URL names on the web is downloaded first.
+Outcome<NSURL> sourceIn(const QString &text, const KTDatabaseBundle &bundle,
+                        MediaDownloads &downloads)
+{
+    const std::optional<NSURL> url = MediaReference::urlIn(text, QDir::currentPath());
+    if (!url)
+        return Failure{reasonNotToStore(bundle, text)};
+    if (url->scheme() != u"http")
+        return *url;
+    const Outcome<> fetched = downloads.fetch(*url);
+    return fetched ? downloads.fileOf(*url) : fetched.failure();
+}
+
 bool addMedia(const KTDatabaseBundle &bundle, const QString &text, CommandContext &context)
 {
-    const std::optional<NSURL> source = MediaReference::urlIn(text, QDir::currentPath());
+    MediaDownloads downloads;
+    const Outcome<NSURL> source = sourceIn(text, bundle, downloads);
     const std::optional<NSURL> url = source ? bundle.storeFileFromURL(*source) : std::nullopt;
     if (url)
         context.out() << url->absoluteString() << '\n';
     else
-        context.warn(text, reasonNotToStore(bundle, text));
+        context.warn(text, source ? reasonNotToStore(bundle, text) : source.reason());
     return url.has_value();
 }
 

@@ -1,5 +1,6 @@
 #include "MediaDownloads.h"
 
+#include <KTUtility/KTLogger>
 #include <KTUtility/NSPathUtilities>
 #include <KTUtility/NSURLConnection>
 
@@ -93,6 +94,7 @@ Outcome<> MediaDownloads::fetchNew(const NSURL &url, const GoesOn &goesOn)
 
 void MediaDownloads::refuse(const NSURL &url, const QString &reason)
 {
+    KTLog(kLog_MediaFilenames, 4, u"%@ is not downloaded: %@", url.absoluteString(), reason);
     _files.insert(url.absoluteString(), Failure{reason});
 }
 
