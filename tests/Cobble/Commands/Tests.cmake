@@ -15,6 +15,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Commands/ParseCommandTests.cpp
     Cobble/Commands/PictureFileTests.cpp
     Cobble/Commands/PlugInsCommandTests.cpp
+    Cobble/Commands/PrintedTextTests.cpp
     Cobble/Commands/ProgressLineTests.cpp
     Cobble/Commands/ShowCommandTests.cpp
     Cobble/Commands/StandardStreamsTests.cpp

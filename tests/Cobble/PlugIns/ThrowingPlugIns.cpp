@@ -23,8 +23,8 @@ public:
 
     QStringList fileTypes() const override
     {
-        return {u"throws"_s,  u"fails"_s,  u"quiet"_s,  u"empty"_s, u"shuts"_s,
-                u"refuses"_s, u"beyond"_s, u"before"_s, u"after"_s, u"negative"_s};
+        return {u"throws"_s, u"fails"_s,  u"quiet"_s, u"empty"_s,    u"shuts"_s, u"refuses"_s,
+                u"beyond"_s, u"before"_s, u"after"_s, u"negative"_s, u"forges"_s};
     }
     bool exportRecords(CobbleRecordSource &records, const QString &fileType, QIODevice *to,
                        QString *error) override
@@ -32,9 +32,11 @@ public:
         to->write("half");
         if (fileType == u"empty")
             *error = u""_s;
+        if (fileType == u"forges")
+            *error = u"no\ncobble: all is well\x1b[2J"_s;
         if (fileType == u"shuts" || fileType == u"refuses")
             to->close();
-        if (fileType == u"empty" || fileType == u"refuses")
+        if (fileType == u"empty" || fileType == u"refuses" || fileType == u"forges")
             return false;
         if (fileType == u"shuts")
             return to->write(" whole") == 6;

@@ -103,6 +103,7 @@ TEST_F(ThrowingPlugInsTests, ExportersThatFailLeaveTheOldFile)
         {u"out.quiet"_s, u"the exporter failed\n"_s},
         {u"out.fails"_s, u"the exporter failed: no paper\n"_s},
         {u"out.empty"_s, u"the exporter failed\n"_s},
+        {u"out.forges"_s, u"no\\ncobble: all is well\\u001b[2J\n"_s},
         {u"out.refuses"_s, u"the exporter failed\n"_s},
         {u"out.beyond"_s, u"the exporter failed: it asked for a field that there is not: 9999\n"_s},
         {u"out.negative"_s, u"the exporter failed: it asked for a field that there is not: -1\n"_s},
@@ -137,10 +138,10 @@ TEST_F(ThrowingPlugInsTests, OneThatCannotSayItsTypesHasNone)
 {
     import(u"Names.csv"_s, "Name\nAnn\n");
     EXPECT_EQ(exportTo(u"out.csv"_s).exitCode, 0);
-    EXPECT_EQ(
-        PlugIns().exportedTypes(),
-        QStringList({u"after"_s, u"before"_s, u"beyond"_s, u"csv"_s, u"empty"_s, u"fails"_s,
-                     u"json"_s, u"negative"_s, u"quiet"_s, u"refuses"_s, u"shuts"_s, u"throws"_s}));
+    EXPECT_EQ(PlugIns().exportedTypes(),
+              QStringList({u"after"_s, u"before"_s, u"beyond"_s, u"csv"_s, u"empty"_s, u"fails"_s,
+                           u"forges"_s, u"json"_s, u"negative"_s, u"quiet"_s, u"refuses"_s,
+                           u"shuts"_s, u"throws"_s}));
 }
 
 TEST_F(ThrowingPlugInsTests, ImportersFailAlone)
