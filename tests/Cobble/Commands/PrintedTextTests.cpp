@@ -83,7 +83,8 @@ TEST_F(PrintedTextTests, OfFilesAndBundles)
 
 TEST_F(PrintedTextTests, OfReplacedLibraries)
 {
-    tree.add(u"a.csv"_s, "Photo\n\"" + Hostile.toUtf8() + "\"\n");
+    tree.add(u"a.png"_s);
+    tree.add(u"a.csv"_s, "Photo\na.png\n\"" + Hostile.toUtf8() + "\"\n");
     const QStringList arguments = {u"import"_s,   tree.path(u"a.csv"_s), u"--media"_s,
                                    u"Photo"_s,    u"--library"_s,        Hostile,
                                    u"--replace"_s};

@@ -361,6 +361,45 @@ TEST_F(LibraryImportTests, OldPicturesStayIfTheNewOnesAreMissing)
     EXPECT_EQ(mediaNames(), QStringList({u"a.1.png"_s, u"b.1.png"_s}));
 }
 
+TEST_F(LibraryImportTests, ColumnsOfMediaStaySuchInAReplacedLibrary)
+{
+    tree.add(u"a.png"_s);
+    tree.add(u"pics/b.png"_s);
+    import("Photo,Scan\na.png,pics/b.png\n", {u"--media"_s, u"Scan"_s});
+    const QStringList before = mediaNames();
+    EXPECT_EQ(before, QStringList({u"a.0.png"_s, u"b.0.png"_s}));
+    // Somebody has forgotten the option, or the files have gone, so that no text looks like media.
+    const CommandResult forgotten = importFile(u"Things.csv"_s, {u"--replace"_s});
+    EXPECT_EQ(forgotten.exitCode, 1);
+    EXPECT_TRUE(forgotten.errors.contains(u"row 1: 'pics/b.png': it is not beside the file"_s))
+        << forgotten.errors.toStdString();
+    EXPECT_EQ(mediaNames(), before);
+    ASSERT_TRUE(QFile::remove(tree.path(u"a.png"_s)));
+    EXPECT_EQ(importFile(u"Things.csv"_s, {u"--replace"_s, u"--media"_s, u"Scan"_s}).exitCode, 1);
+    EXPECT_EQ(mediaNames(), before);
+    EXPECT_EQ(firstFieldsOf(u"Things"_s), u"cobblemedia://a.0.png"_s);
+}
+
+TEST_F(LibraryImportTests, ALibraryWithoutFilesHasNoneToLose)
+{
+    import("Photo\nnone.png\n", {u"--media"_s, u"Photo"_s});
+    EXPECT_EQ(import("Photo\nother.png\n", {u"--media"_s, u"Photo"_s, u"--replace"_s}).exitCode, 0);
+    EXPECT_EQ(firstFieldsOf(u"Things"_s), u"other.png"_s);
+}
+
+TEST_F(LibraryImportTests, WhatTheBundleHasMayBeOfAnyKind)
+{
+    ASSERT_TRUE(bundle.buildDatabaseBundleOnDisk());
+    ASSERT_TRUE(QDir().mkdir(bundle.mediaFolderPath() + u"/folder.0"));
+    QFile huge(bundle.mediaFolderPath() + u"/huge.0.mov");
+    ASSERT_TRUE(huge.open(QIODevice::WriteOnly) && huge.resize(MediaSources::LargestFile + 1));
+    const CommandResult result =
+        import("Photo\ncobblemedia://folder.0\ncobblemedia://huge.0.mov\ncobblemedia://none\n");
+    EXPECT_TRUE(result.output.contains(u"kt_photo     media  2     1         0\n"))
+        << result.output.toStdString();
+    EXPECT_TRUE(result.output.contains(u"there is no such file"_s));
+}
+
 TEST_F(LibraryImportTests, AFullDiskBetweenPicturesLeavesTheOldOnes)
 {
     tree.add(u"small.png"_s, "picture");

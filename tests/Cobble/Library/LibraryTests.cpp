@@ -34,6 +34,21 @@ TEST(Library, TitlesOfFieldsFallBack)
     EXPECT_EQ(field.title(), u"Header"_s);
 }
 
+TEST(Library, KnowsItsColumnsOfMedia)
+{
+    Library library;
+    EXPECT_TRUE(library.mediaColumns().isEmpty());
+    for (const auto &[name, type] :
+         {std::pair(u"kt_name"_s, FieldType::Text), std::pair(u"kt_photo"_s, FieldType::Media),
+          std::pair(u"kt_age"_s, FieldType::Number), std::pair(u"kt_scan"_s, FieldType::Media)}) {
+        LibraryField field;
+        field.columnName = name;
+        field.type = type;
+        library.fields += field;
+    }
+    EXPECT_EQ(library.mediaColumns(), QSet<QString>({u"kt_photo"_s, u"kt_scan"_s}));
+}
+
 TEST(Library, TheSameNameIsFoundFirst)
 {
     EXPECT_EQ(foundName(u"things"_s, {u"Things"_s, u"things"_s}), u"things"_s);

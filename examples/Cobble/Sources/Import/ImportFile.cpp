@@ -85,6 +85,23 @@ Outcome<> useMediaColumns(const QStringList &headers, ImportFile *file)
     return {};
 }
 
+/// Columns of media of the library that will be replaced stay such, even if no file can be found:
+/// as texts they would let the files go that the library has.
+Outcome<> keepMediaColumns(LibraryStore &store, const ImportSchema &schema,
+                           QMap<qsizetype, FieldType> *types)
+{
+    const Outcome<QList<Library>> libraries = store.libraries();
+    if (!libraries)
+        return libraries.failure();
+    const std::optional<Library> other = Libraries::named(schema.libraryName, *libraries);
+    const QSet<QString> columns = other ? other->mediaColumns() : QSet<QString>();
+    for (qsizetype column = 0; column < schema.columns.size(); ++column) {
+        if (columns.contains(schema.columns.at(column).columnName))
+            types->insert(column, FieldType::Media);
+    }
+    return {};
+}
+
 /// Looks at media without storing them, and at nothing else.
 class Preview : public ImportSink
 {
@@ -184,6 +201,11 @@ Outcome<StoredImport> ImportFile::store(const ImportRequest &request, int patien
         return goesOn(row);
     };
     storing.sink = &import;
+    const Outcome<> kept = request.replaces
+                               ? keepMediaColumns((*transaction)->store(), schema, &storing.types)
+                               : Outcome<>();
+    if (!kept)
+        return kept.failure();
     const Outcome<ImportValues> values = ImportValues::of(*rows, storing);
     if (!values)
         return values.failure();

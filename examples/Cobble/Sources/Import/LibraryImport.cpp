@@ -5,6 +5,7 @@
 #include <KTUtility/NSPathUtilities>
 #include <KTUtility/NSString_KTNaming>
 
+#include <algorithm>
 #include <climits>
 
 using namespace Qt::StringLiterals;
@@ -25,6 +26,12 @@ QVariantMap optionsOf(const FieldReader &reader)
 {
     const QString currency = reader.currencyType();
     return currency.isNull() ? QVariantMap() : QVariantMap{{kKTFieldOption_currencyType, currency}};
+}
+
+bool isMedia(const KTDatabaseBundle &bundle, const QString &text)
+{
+    const std::optional<NSURL> url = NSURL::URLWithString(text);
+    return url && bundle.isMediaURL(*url);
 }
 
 /// Whether a file cannot be stored for its name, to which a number is added.
@@ -60,7 +67,10 @@ Outcome<> LibraryImport::remove(const Library &other)
     const Outcome<QSet<QString>> media = _transaction.store().mediaOf(other);
     if (!media)
         return media.failure();
-    _replacedMedia = *media;
+    const KTDatabaseBundle &bundle = _transaction.bundle();
+    if (std::any_of(media->begin(), media->end(),
+                    [&bundle](const QString &text) { return isMedia(bundle, text); }))
+        _replacedMedia = *media;
     return _transaction.removeLibrary(other);
 }
 
@@ -93,9 +103,10 @@ Outcome<NSURL> LibraryImport::fileOf(const NSURL &url) const
 {
     if (url.scheme() == u"http")
         return _settings.downloads.fileOf(url);
-    const KTDatabaseBundle &bundle = _transaction.bundle();
-    const QString path = bundle.isMediaURL(url) ? bundle.filePathFromMediaUrl(url) : url.path();
-    const Outcome<> checked = MediaSources::check(path);
+    // What the bundle has is not copied.
+    if (_transaction.bundle().isMediaURL(url))
+        return url;
+    const Outcome<> checked = MediaSources::check(url.path());
     if (!checked)
         return checked.failure();
     return url;
@@ -103,13 +114,15 @@ Outcome<NSURL> LibraryImport::fileOf(const NSURL &url) const
 
 void LibraryImport::end(const QString &text, const QString &reason)
 {
-    _ended = Failure{u"row %1: '%2': %3"_s.arg(QString::number(_recordCount + 1), text, reason)};
+    if (_ended)
+        _ended =
+            Failure{u"row %1: '%2': %3"_s.arg(QString::number(_recordCount + 1), text, reason)};
 }
 
-/// For what is not there to be stored.
-Failure LibraryImport::withoutFile(const QString &text, const QString &reason)
+/// For what is no file that could be stored.
+Failure LibraryImport::without(const QString &text, const QString &reason)
 {
-    if (_replacedMedia && !_replacedMedia->contains(text))
+    if (!_replacedMedia.isEmpty() && !_replacedMedia.contains(text))
         end(text, reason);
     return {reason};
 }
@@ -117,8 +130,10 @@ Failure LibraryImport::withoutFile(const QString &text, const QString &reason)
 /// For what is there and could not be stored.
 Failure LibraryImport::withoutCopy(const QString &text, const NSURL &file)
 {
+    if (_transaction.bundle().isMediaURL(file))
+        return without(text, u"there is no such file"_s);
     if (isNameTooLong(_transaction.bundle(), NSString::lastPathComponent(file.path())))
-        return withoutFile(text, u"its name is too long"_s);
+        return without(text, u"its name is too long"_s);
     const QString reason = u"it cannot be copied"_s;
     end(text, reason);
     return {reason};
@@ -128,10 +143,10 @@ Outcome<QVariant> LibraryImport::storeMedia(qsizetype column, const QString &tex
 {
     const Outcome<NSURL> url = _settings.sources.urlIn(column, text);
     if (!url)
-        return url.failure();
+        return without(text, url.reason());
     const Outcome<NSURL> file = fileOf(*url);
     if (!file)
-        return withoutFile(text, file.reason());
+        return without(text, file.reason());
     const std::optional<NSURL> stored = _transaction.storeMedia(*file, _settings.meanwhile);
     if (!stored)
         return withoutCopy(text, *file);

@@ -11,9 +11,9 @@
 /// The library gets the name that it is to have if no other has it, else "name 1", "name 2" and so
 /// on, unless it replaces the other.
 ///
-/// Media that cannot be stored are kept as the texts that were typed. They end the import if the disk
-/// is to blame, and where a library is replaced, whose own files would go, unless that library has the
-/// same text.
+/// Media that cannot be stored are kept as the texts that were typed. They end the import if the
+/// disk is to blame, and where a library is replaced, whose own files would go, unless that library
+/// has the same text.
 class LibraryImport : public ImportSink
 {
 public:
@@ -44,15 +44,15 @@ private:
     Outcome<> remove(const Library &other);
     Outcome<> makeNamesUnique();
     Outcome<NSURL> fileOf(const NSURL &url) const;
-    Failure withoutFile(const QString &text, const QString &reason);
+    Failure without(const QString &text, const QString &reason);
     Failure withoutCopy(const QString &text, const NSURL &file);
     void end(const QString &text, const QString &reason);
 
     ImportTransaction &_transaction;
     Settings _settings;
     Library _library;
-    /// The values of media of the library that is replaced; nothing if none is.
-    std::optional<QSet<QString>> _replacedMedia;
+    /// The values of media of the library that is replaced, if there are files among them.
+    QSet<QString> _replacedMedia;
     /// What ends the import with the current row.
     Outcome<> _ended;
     qint64 _recordCount = 0;

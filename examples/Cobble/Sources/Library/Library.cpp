@@ -19,6 +19,16 @@ std::unique_ptr<FieldReader> LibraryField::reader() const
     return reader;
 }
 
+QSet<QString> Library::mediaColumns() const
+{
+    QSet<QString> columns;
+    for (const LibraryField &field : fields) {
+        if (field.type == FieldType::Media)
+            columns += field.columnName;
+    }
+    return columns;
+}
+
 std::optional<Library> Libraries::named(const QString &name, const QList<Library> &libraries)
 {
     for (const Qt::CaseSensitivity sensitivity : {Qt::CaseSensitive, Qt::CaseInsensitive}) {

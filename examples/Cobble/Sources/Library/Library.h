@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QMetaType>
+#include <QSet>
 #include <QString>
 #include <QVariantMap>
 
@@ -42,6 +43,9 @@ public:
     QString entityName;
     QString tableName;
     QList<LibraryField> fields;
+
+    /// The names of the columns that hold media.
+    QSet<QString> mediaColumns() const;
 };
 
 namespace Libraries {
