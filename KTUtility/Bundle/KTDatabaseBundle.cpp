@@ -3,7 +3,7 @@
 #include "KTMediaNames_p.h"
 #include "MediaFolder_p.h"
 #include <KTUtility/Additions/NSString_KTAdditions.h>
-#include <KTUtility/Platform/Files/FileRename_p.h>
+#include <KTUtility/Platform/Disk/FileRename_p.h>
 #include <KTUtility/Platform/Files/NSFileManager.h>
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
 #include <KTUtility/Platform/Files/NSSearchPath.h>

@@ -1,7 +1,7 @@
 #include "KTInstanceNumbers_p.h"
 
-#include <KTUtility/Platform/Files/FileOperations_p.h>
-#include <KTUtility/Platform/Files/FolderStream_p.h>
+#include <KTUtility/Platform/Disk/FileOperations_p.h>
+#include <KTUtility/Platform/Disk/FolderStream_p.h>
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
 
 #include <QFile>

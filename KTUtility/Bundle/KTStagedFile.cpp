@@ -1,8 +1,8 @@
 #include "KTStagedFile_p.h"
 
-#include <KTUtility/Platform/Files/FileOperations_p.h>
-#include <KTUtility/Platform/Files/FileRename_p.h>
-#include <KTUtility/Platform/Files/NSFileHandle.h>
+#include <KTUtility/Platform/Disk/FileOperations_p.h>
+#include <KTUtility/Platform/Disk/FileRename_p.h>
+#include <KTUtility/Platform/Disk/NSFileHandle.h>
 #include <KTUtility/Platform/Files/NSFileManager.h>
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
 

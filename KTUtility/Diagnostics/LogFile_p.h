@@ -1,7 +1,7 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Files/NSFileHandle.h>
+#include <KTUtility/Platform/Disk/NSFileHandle.h>
 
 #include <QByteArrayView>
 #include <QString>

@@ -1,7 +1,7 @@
 #include "PlugInNote_p.h"
 
+#include <KTUtility/Platform/Disk/FileOperations_p.h>
 #include <KTUtility/Platform/Files/DefaultsFile_p.h>
-#include <KTUtility/Platform/Files/FileOperations_p.h>
 #include <KTUtility/Platform/Files/NSFileManager.h>
 
 #include <QDateTime>

@@ -1,6 +1,6 @@
 #include "NSLog.h"
 
-#include <KTUtility/Platform/Files/NSFileHandle.h>
+#include <KTUtility/Platform/Disk/NSFileHandle.h>
 #include <KTUtility/Platform/Text/UTF8_p.h>
 #include <KTUtility/Platform/Text/UnitBuffer_p.h>
 #include <KTUtility/Platform/Values/WallClock_p.h>

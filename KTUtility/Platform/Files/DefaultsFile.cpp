@@ -1,9 +1,9 @@
 #include "DefaultsFile_p.h"
 
-#include "KTLockFile.h"
 #include "NSFileManager.h"
 #include "NSPropertyListSerialization.h"
 #include "NSSearchPath.h"
+#include <KTUtility/Platform/Disk/KTLockFile.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 
 #include <QFile>

@@ -1,10 +1,10 @@
 #include "NSFileManager.h"
 
-#include "FileCopy_p.h"
-#include "FileOperations_p.h"
-#include "FileRemoval_p.h"
-#include "FileRename_p.h"
 #include "NSPathUtilities.h"
+#include <KTUtility/Platform/Disk/FileCopy_p.h>
+#include <KTUtility/Platform/Disk/FileOperations_p.h>
+#include <KTUtility/Platform/Disk/FileRemoval_p.h>
+#include <KTUtility/Platform/Disk/FileRename_p.h>
 
 #include <QDir>
 #include <QFile>

@@ -1,8 +1,5 @@
 #include "NSPropertyListSerialization.h"
 
-#include "FileOperations_p.h"
-#include "KTSaveFile.h"
-#include "NSFileHandle.h"
 #include "NSFileManager.h"
 #include "NSPathUtilities.h"
 #include "PropertyListBinaryReader_p.h"
@@ -10,6 +7,9 @@
 #include "PropertyListQuickReader_p.h"
 #include "PropertyListWriter_p.h"
 #include "PropertyListXMLReader_p.h"
+#include <KTUtility/Platform/Disk/FileOperations_p.h>
+#include <KTUtility/Platform/Disk/KTSaveFile.h>
+#include <KTUtility/Platform/Disk/NSFileHandle.h>
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #include "PropertyListFile_p.h"
 
-#include "FileOperations_p.h"
 #include "NSPropertyListSerialization.h"
+#include <KTUtility/Platform/Disk/FileOperations_p.h>
 
 #include <QByteArray>
 #include <QFile>

@@ -1,15 +1,8 @@
 target_sources(KTUtility PRIVATE
     Platform/Files/DefaultsFile.cpp
-    Platform/Files/FileCopy.cpp
-    Platform/Files/FileRemoval.cpp
-    Platform/Files/FileRename.cpp
-    Platform/Files/FolderPlace.cpp
-    Platform/Files/KTLockFile.cpp
     Platform/Files/FileTrust.cpp
-    Platform/Files/KTSaveFile.cpp
     Platform/Files/Module.cpp
     Platform/Files/NSBundle.cpp
-    Platform/Files/NSFileHandle.cpp
     Platform/Files/NSFileManager.cpp
     Platform/Files/NSPathUtilities.cpp
     Platform/Files/NSPropertyListSerialization.cpp

@@ -1,13 +1,8 @@
 target_sources(KTUtilityTests PRIVATE
     Platform/Files/DefaultsFileTests.cpp
-    Platform/Files/FileOperationsTests.cpp
-    Platform/Files/FolderPlaceTests.cpp
-    Platform/Files/KTLockFileTests.cpp
     Platform/Files/FileTrustTests.cpp
-    Platform/Files/KTSaveFileTests.cpp
     Platform/Files/NSBundleCodeTests.cpp
     Platform/Files/NSBundleTests.cpp
-    Platform/Files/NSFileHandleTests.cpp
     Platform/Files/NSFileManagerTests.cpp
     Platform/Files/NSPathUtilitiesTests.cpp
     Platform/Files/NSSearchPathTests.cpp

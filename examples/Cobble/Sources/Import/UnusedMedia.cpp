@@ -75,6 +75,8 @@ bool UnusedMedia::isUnfinished(const QString &fileName)
 
 bool UnusedMedia::removeUnfinished(const KTDatabaseBundle &bundle)
 {
+    if (!bundle.isSelfContained())
+        return false;
     std::error_code error;
     auto entries = entriesOf(bundle.mediaFolderPath(), error);
     bool areGone = true;

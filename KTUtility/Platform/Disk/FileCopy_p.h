@@ -1,5 +1,7 @@
 #pragma once
 
+// Private to the library. For copying files and whole folders.
+
 #include <QByteArray>
 
 namespace KTPrivate {

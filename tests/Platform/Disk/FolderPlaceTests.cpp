@@ -1,5 +1,5 @@
-#include <KTUtility/Platform/Files/FileOperations_p.h>
-#include <KTUtility/Platform/Files/FolderPlace_p.h>
+#include <KTUtility/Platform/Disk/FileOperations_p.h>
+#include <KTUtility/Platform/Disk/FolderPlace_p.h>
 
 #include "support/FileTree.h"
 #include "support/OtherProcess.h"

@@ -1,10 +1,10 @@
 #include "KTLockFile.h"
 
 #include "FileOperations_p.h"
-#include "NSPathUtilities.h"
 
 #include <QDeadlineTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QThread>
 
 #include <cerrno>
@@ -77,7 +77,7 @@ bool clearPlace(const QString &place)
     const QByteArray path = QFile::encodeName(place);
     if (isFileOrNothing(path))
         return true;
-    const ClearedFolder folder(NSString::stringByDeletingLastPathComponent(place));
+    const ClearedFolder folder(QFileInfo(place).path());
     if (!folder.isMine())
         return true; // somebody else does it
     struct stat status = {};

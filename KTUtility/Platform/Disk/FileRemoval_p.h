@@ -1,5 +1,7 @@
 #pragma once
 
+// Private to the library. For removing files and whole folders.
+
 #include <QByteArray>
 
 namespace KTPrivate {

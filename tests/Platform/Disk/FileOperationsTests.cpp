@@ -1,7 +1,7 @@
 // Copying, moving and removing files and folders.
 
 #include <KTUtility/NSFileManager>
-#include <KTUtility/Platform/Files/FileRename_p.h>
+#include <KTUtility/Platform/Disk/FileRename_p.h>
 
 #include "support/FileTree.h"
 #include "support/TestSupport.h"

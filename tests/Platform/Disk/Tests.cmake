@@ -1,0 +1,7 @@
+target_sources(KTUtilityTests PRIVATE
+    Platform/Disk/FileOperationsTests.cpp
+    Platform/Disk/FolderPlaceTests.cpp
+    Platform/Disk/KTLockFileTests.cpp
+    Platform/Disk/KTSaveFileTests.cpp
+    Platform/Disk/NSFileHandleTests.cpp
+)
