@@ -28,7 +28,7 @@ QVariantMap optionsOf(const FieldReader &reader)
     return currency.isNull() ? QVariantMap() : QVariantMap{{kKTFieldOption_currencyType, currency}};
 }
 
-bool isMedia(const KTDatabaseBundle &bundle, const QString &text)
+bool namesMedia(const KTDatabaseBundle &bundle, const QString &text)
 {
     const std::optional<NSURL> url = NSURL::URLWithString(text);
     return url && bundle.isMediaURL(*url);
@@ -69,7 +69,7 @@ Outcome<> LibraryImport::remove(const Library &other)
         return media.failure();
     const KTDatabaseBundle &bundle = _transaction.bundle();
     if (std::any_of(media->begin(), media->end(),
-                    [&bundle](const QString &text) { return isMedia(bundle, text); }))
+                    [&bundle](const QString &text) { return namesMedia(bundle, text); }))
         _replacedMedia = *media;
     return _transaction.removeLibrary(other);
 }
