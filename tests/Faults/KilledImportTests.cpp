@@ -105,14 +105,6 @@ protected:
             EXPECT_TRUE(present.contains(file)) << file.toStdString();
     }
 
-    /// A lock that was made and names no process yet; its owner would be waited for.
-    void removeLockOfNobody() const
-    {
-        const QString lock = home + u"/things.cobbledb.lock";
-        if (QFile::exists(lock) && testing_support::contentsOf(lock).isEmpty())
-            EXPECT_TRUE(QFile::remove(lock));
-    }
-
     /// The next import leaves nothing that nobody refers to.
     void expectCleanAfterNext() const
     {
@@ -142,7 +134,6 @@ TEST_P(KilledImportTests, TheOldRecordsOrTheNewAndNothingIsLeftOver)
         SCOPED_TRACE(++number);
         begin();
         isKilled = killAt(number);
-        removeLockOfNobody();
         expectOldOrNew(before, after);
         expectCleanAfterNext();
     }
