@@ -161,10 +161,11 @@ void KTFieldDetailBinder::bindFields(QObject *object, const QString &keyPath,
     // A name of a transformer is deliberately not looked at.
     const auto binding = std::make_shared<FieldsBinding>(FieldsBinding{
         FieldDetailOwner(_owner), object, keyPath, NSBindingOptions::transformerIn(options)});
+    const bool isGiven = object != nullptr;
     const std::shared_ptr<const bool> isGone = _isGone;
     unbindFields();
     // The owner may have bound the fields meanwhile, which is the later wish.
-    if (*isGone || _fieldsBinding || !binding->object)
+    if (*isGone || _fieldsBinding || (isGiven && !binding->object))
         return;
     _fieldsBinding = binding;
     observeFields(binding);

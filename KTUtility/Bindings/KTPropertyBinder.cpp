@@ -28,7 +28,7 @@ std::shared_ptr<NSValueTransformer> transformerOf(const QVariantMap &options)
 /// Calls a function.
 /// \return why it failed; nil if it did not.
 template<typename Function>
-QString reasonOf(const Function &function)
+QString rejectionOf(const Function &function)
 {
     try {
         function();
@@ -176,7 +176,7 @@ void KTPropertyBinder::observeValueForKeyPath(const QString &, QObject *, const 
     }
     // The change came through a signal, which no exception may leave.
     const Rejection rejected = _valueWasRejected;
-    const QString reason = reasonOf([&] { pushIntoOwner(binding, &value); });
+    const QString reason = rejectionOf([&] { pushIntoOwner(binding, &value); });
     if (!reason.isNull() && rejected)
         rejected(value, reason);
 }
@@ -252,7 +252,7 @@ void KTPropertyBinder::ownerKeyPathChanged()
         return;
     const Rejection rejected = _valueWasRejected;
     QVariant value;
-    const QString reason = reasonOf([&] {
+    const QString reason = rejectionOf([&] {
         value = NSKeyValueCoding::valueForKey(_owner, _boundKey);
         if (!binding->isOver && !isPlaceholder(*binding, value))
             setInObject(binding, value);
@@ -267,7 +267,7 @@ void KTPropertyBinder::setCurrentValue(const QVariant &value)
     if (!binding || !binding->object)
         return;
     const Rejection rejected = _valueWasRejected;
-    const QString reason = reasonOf([&] { setInObject(binding, value); });
+    const QString reason = rejectionOf([&] { setInObject(binding, value); });
     if (!reason.isNull() && rejected)
         rejected(value, reason);
 }

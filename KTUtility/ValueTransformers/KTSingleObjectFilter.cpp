@@ -15,14 +15,14 @@ bool isSet(const QVariant &value)
            type.startsWith("std::set<") || type.startsWith("std::unordered_set<");
 }
 
-QVariant objectOf(const QVariant &value)
+QVariant firstObjectOf(const QVariant &value)
 {
     if (isSet(value) || KeyValueTarget::ofVariant(value).kind != KeyValueTarget::Kind::Collection)
         return value;
     return value.value<QVariantList>().value(0);
 }
 
-QVariant listOf(const QVariant &value)
+QVariant listHolding(const QVariant &value)
 {
     // As one element: a list that is appended to a list would be joined to it.
     return NSObject::isNil(value) ? QVariant(QVariantList())
@@ -44,12 +44,12 @@ std::shared_ptr<KTSingleObjectFilter> KTSingleObjectFilter::reversedValueTransfo
 
 QVariant KTSingleObjectFilter::transformedValue(const QVariant &value) const
 {
-    return _reversed ? listOf(value) : objectOf(value);
+    return _reversed ? listHolding(value) : firstObjectOf(value);
 }
 
 QVariant KTSingleObjectFilter::reverseTransformedValue(const QVariant &value) const
 {
-    return _reversed ? objectOf(value) : listOf(value);
+    return _reversed ? firstObjectOf(value) : listHolding(value);
 }
 
 KT_REGISTER_VALUE_TRANSFORMER(KTSingleObjectFilter)

@@ -52,7 +52,7 @@ QVariantList distinct(const QVariantList &values)
 }
 
 /// The elements of the collections among some values.
-QVariantList joined(const QVariantList &collections)
+QVariantList allElementsOf(const QVariantList &collections)
 {
     QVariantList elements;
     for (const QVariant &each : collections) {
@@ -94,9 +94,9 @@ QVariant KTPrivate::applyCollectionOperator(const QString &key, const QVariantLi
     if (key == u"@unionOfObjects")
         return withoutNull(values);
     if (key == u"@unionOfArrays")
-        return withoutNull(joined(values));
+        return withoutNull(allElementsOf(values));
     if (key == u"@distinctUnionOfArrays" || key == u"@distinctUnionOfSets")
-        return distinct(joined(values));
+        return distinct(allElementsOf(values));
     NSException::raise(NSInvalidArgumentException, u"unknown collection operator "_s + key);
 }
 
