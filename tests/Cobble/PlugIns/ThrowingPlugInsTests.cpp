@@ -195,7 +195,10 @@ TEST_F(ThrowingPlugInsTests, WhatAnImporterThatEndsTheProgramWouldReadIsNoSepara
 TEST_F(ThrowingPlugInsTests, ListingAndDisablingLoadNoCode)
 {
     // Code that cannot even be opened would have said so.
-    writeFile(plugIns + u"Exporters/Throwing.bundle/Contents/Linux/Code", "no code");
+    // Another file: the old one is in use.
+    const QString code = plugIns + u"Exporters/Throwing.bundle/Contents/Linux/Code";
+    ASSERT_TRUE(QFile::remove(code));
+    writeFile(code, "no code");
     EXPECT_TRUE(listed(u"ThrowingExporter"_s).startsWith(u"yes ready /"));
     EXPECT_TRUE(runInProcess({u"plugins"_s, u"disable"_s, u"ThrowingExporter"_s}).errors.isEmpty());
     EXPECT_TRUE(listed(u"ThrowingExporter"_s).startsWith(u"no ready /"));
