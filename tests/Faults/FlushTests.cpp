@@ -93,6 +93,6 @@ TEST_P(FlushTests, BringsFilesAndTheirNamesToTheDisk)
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, FlushTests, testing::ValuesIn(rows()),
-                         [](const testing::TestParamInfo<FlushRow> &info) {
-                             return info.param.name;
+                         [](const testing::TestParamInfo<FlushRow> &row) {
+                             return row.param.name;
                          });

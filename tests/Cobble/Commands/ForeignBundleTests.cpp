@@ -236,12 +236,12 @@ TEST_P(ForeignBundleTests, WritingToItTouchesNothingElse)
 }
 
 INSTANTIATE_TEST_SUITE_P(LeadOut, ForeignBundleTests, testing::ValuesIn(rowsThatLeadOut()),
-                         [](const testing::TestParamInfo<ForeignRow> &info) {
-                             return info.param.name;
+                         [](const testing::TestParamInfo<ForeignRow> &row) {
+                             return row.param.name;
                          });
 INSTANTIATE_TEST_SUITE_P(Lie, ForeignBundleTests, testing::ValuesIn(rowsThatLie()),
-                         [](const testing::TestParamInfo<ForeignRow> &info) {
-                             return info.param.name;
+                         [](const testing::TestParamInfo<ForeignRow> &row) {
+                             return row.param.name;
                          });
 
 namespace {
@@ -290,6 +290,6 @@ TEST_P(InterruptedBundleTests, ACopyBeforeAnUpgradeIsWhole)
 }
 
 INSTANTIATE_TEST_SUITE_P(Row, InterruptedBundleTests, testing::ValuesIn(interruptedRow()),
-                         [](const testing::TestParamInfo<ForeignRow> &info) {
-                             return info.param.name;
+                         [](const testing::TestParamInfo<ForeignRow> &row) {
+                             return row.param.name;
                          });

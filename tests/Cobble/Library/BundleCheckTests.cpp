@@ -152,6 +152,6 @@ TEST_P(BundleCheckTests, TellsItOfAJournalAlone)
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, BundleCheckTests, testing::ValuesIn(rows()),
-                         [](const testing::TestParamInfo<CheckRow> &info) {
-                             return info.param.name;
+                         [](const testing::TestParamInfo<CheckRow> &row) {
+                             return row.param.name;
                          });

@@ -209,6 +209,6 @@ TEST_P(KTLockFileThings, StopNobody)
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, KTLockFileThings, testing::ValuesIn(things()),
-                         [](const testing::TestParamInfo<ThingRow> &info) {
-                             return info.param.name;
+                         [](const testing::TestParamInfo<ThingRow> &row) {
+                             return row.param.name;
                          });
