@@ -2,6 +2,7 @@
 
 #include "DateCharacters_p.h"
 
+#include <QList>
 #include <QStringView>
 
 #include <optional>
