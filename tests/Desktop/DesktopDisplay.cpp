@@ -31,7 +31,7 @@ bool DesktopDisplay::start()
                                                    u"1280x900x24"_s, u"-nolisten"_s, u"tcp"_s});
     if (!_server.waitForReadyRead(Patience))
         return false;
-    qputenv("DISPLAY", ":" + _server.readLine().trimmed());
+    qputenv("DISPLAY", QByteArray(":" + _server.readLine().trimmed()));
     _windowManager.start(QStringLiteral(DESKTOP_WINDOW_MANAGER), {u"--sm-disable"_s});
     return _windowManager.waitForStarted(Patience);
 }
