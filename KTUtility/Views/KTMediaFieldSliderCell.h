@@ -25,8 +25,7 @@ public:
     /// one point above the knob's lower edge.
     QPointF knobOrigin(const QRectF &knobRect) const;
 
-    /// Draws the picture in place of the knob: faint while the slider is disabled, and with a frame
-    /// in the colour of selections while it has the keyboard.
+    /// Draws the picture in place of the knob.
     /// \param painter one of the slider.
     /// \param knobRect in the coordinates of the slider, y downwards.
     void drawKnob(QPainter &painter, const QRectF &knobRect) override;

@@ -242,10 +242,10 @@ QDateTime NSCalendar::startOfDay(const QDateTime &forDate, int daysLater) const
     const qint64 time = forDate.toMSecsSinceEpoch();
     const TimeZoneRules &rules = TimeZoneRules::rulesOf(_timeZone);
     qint64 midnight = Civil::daysOfTime(rules.localTimeOf(time)) * Civil::MillisecondsPerDay;
-    // The clock may have been put back since a later day began.
-    while (rules.firstInstantFrom(midnight + Civil::MillisecondsPerDay) <= time)
-        midnight += Civil::MillisecondsPerDay;
-    const qint64 start = rules.firstInstantFrom(midnight + daysLater * Civil::MillisecondsPerDay);
+    // The clock may still be put back to the day before.
+    while (rules.lastingInstantFrom(midnight) > time)
+        midnight -= Civil::MillisecondsPerDay;
+    const qint64 start = rules.lastingInstantFrom(midnight + daysLater * Civil::MillisecondsPerDay);
     const bool isInRange = double(start) > EarliestTime && double(start) < LatestTime;
     return isInRange ? QDateTime::fromMSecsSinceEpoch(start, UTC) : QDateTime();
 }

@@ -53,8 +53,8 @@ struct NSDateComponents
     int week = NSUndefinedDateComponent;           ///< of the year, from 1
     int weekday = NSUndefinedDateComponent;        ///< 1 is Sunday
     int weekdayOrdinal = NSUndefinedDateComponent; ///< 2 is the second such weekday of the month
-    /// Whether the month is the second with its number, in the Chinese and Dangi calendars. It comes
-    /// and goes with the month.
+    /// Whether the month is the second with its number, in the Chinese and Dangi calendars. It
+    /// comes and goes with the month.
     bool leapMonth = false;
 
     friend bool operator==(const NSDateComponents &, const NSDateComponents &) = default;
@@ -130,8 +130,8 @@ public:
 
     /// The instant at which the day of another begins: midnight; the first one where the clock is
     /// put back to it or behind it, and the first instant of the new day where it skips midnight.
-    /// Every instant is in one day only: an hour of the old day that comes back after midnight
-    /// counts to the new one.
+    /// Every instant is in one day only: what the clock shows of a new day before it is put back to
+    /// the old one counts to the old one.
     /// \return an invalid QDateTime for an invalid one.
     QDateTime startOfDay(const QDateTime &forDate) const;
     /// The instant at which the day after that begins.

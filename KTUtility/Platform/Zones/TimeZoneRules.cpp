@@ -168,31 +168,30 @@ qint64 TimeZoneRules::slowInstantOf(qint64 localTime) const
     return localTime - slowOffsetAt(localTime - Margin).total;
 }
 
-qint64 TimeZoneRules::firstInstantFrom(qint64 localTime) const
+qint64 TimeZoneRules::lastingInstantFrom(qint64 localTime) const
 {
     const Season &season = seasonAt(localTime);
-    for (size_t index = 0; index < season.count; ++index) {
-        const Stretch &stretch = season.stretches[index];
-        const bool isLast = index + 1 == season.count;
-        const qint64 instant = std::max(stretch.from, localTime - stretch.offset.total);
-        if (isLast || instant < season.stretches[index + 1].from)
-            return instant;
+    for (size_t index = season.count; index > 0; --index) {
+        const Stretch &stretch = season.stretches[index - 1];
+        const qint64 shown = localTime - stretch.offset.total;
+        // The last stretch of which the beginning, at least, is earlier.
+        if (index == 1 || shown > stretch.from)
+            return index == season.count ? shown : std::min(shown, season.stretches[index].from);
     }
-    return slowFirstInstantFrom(localTime);
+    return slowLastingInstantFrom(localTime);
 }
 
 /// The same beside more changes than a season holds.
-qint64 TimeZoneRules::slowFirstInstantFrom(qint64 localTime) const
+qint64 TimeZoneRules::slowLastingInstantFrom(qint64 localTime) const
 {
     qint64 from = localTime - Margin;
-    int offset = slowOffsetAt(from).total;
+    qint64 shown = localTime - slowOffsetAt(from).total;
+    qint64 found = shown;
     for (const auto &change : _source.transitions(dateOf(from + 1), dateOf(localTime + Margin))) {
         const qint64 end = change.atUtc.toMSecsSinceEpoch();
-        const qint64 instant = std::max(from, localTime - offset);
-        if (instant < end)
-            return instant;
+        found = shown > from ? std::min(shown, end) : found;
         from = end;
-        offset = slowOffsetAt(from).total;
+        shown = localTime - slowOffsetAt(from).total;
     }
-    return std::max(from, localTime - offset);
+    return shown > from ? shown : found;
 }

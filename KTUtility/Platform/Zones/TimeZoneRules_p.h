@@ -44,8 +44,8 @@ public:
     /// summer time).
     qint64 instantOf(qint64 localTime) const;
 
-    /// The first instant at which a clock in the zone shows \a localTime or later.
-    qint64 firstInstantFrom(qint64 localTime) const;
+    /// The instant from which on a clock in the zone never shows less than \a localTime any more.
+    qint64 lastingInstantFrom(qint64 localTime) const;
 
 private:
     explicit TimeZoneRules(const QTimeZone &zone);
@@ -73,7 +73,7 @@ private:
     void fill(Season *season) const;
     Offset slowOffsetAt(qint64 instant) const;
     qint64 slowInstantOf(qint64 localTime) const;
-    qint64 slowFirstInstantFrom(qint64 localTime) const;
+    qint64 slowLastingInstantFrom(qint64 localTime) const;
     static qint64 instantOf(qint64 localTime, const Season &season);
 
     QTimeZone _source;

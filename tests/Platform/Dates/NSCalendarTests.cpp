@@ -350,9 +350,11 @@ TEST(NSCalendar, DaysBeginWhereTheClockReachesThem)
              Case{"America/Toronto", "1919-03-31T17:00:00", "1919-03-31T04:30:00",
                   "1919-04-01T04:00:00"},
              // 0:01 becomes 23:01: the first minute of the new day, and the hour that comes back.
-             Case{"America/St_Johns", "2010-11-07T02:30:30", "2010-11-07T02:30:00",
-                  "2010-11-08T03:30:00"},
-             Case{"America/St_Johns", "2010-11-07T03:00:00", "2010-11-07T02:30:00",
+             Case{"America/St_Johns", "2010-11-07T02:30:30", "2010-11-06T02:30:00",
+                  "2010-11-07T03:30:00"},
+             Case{"America/St_Johns", "2010-11-07T02:45:00", "2010-11-06T02:30:00",
+                  "2010-11-07T03:30:00"},
+             Case{"America/St_Johns", "2010-11-07T03:30:00", "2010-11-07T03:30:00",
                   "2010-11-08T03:30:00"},
              // A day that there was not.
              Case{"Pacific/Apia", "2011-12-30T09:00:00", "2011-12-29T10:00:00",
