@@ -2,11 +2,15 @@
 
 #include "KTDialogController.h"
 #include "KTWindowManager.h"
+#include <KTUtility/Platform/AppKit/NSApplication.h>
 #include <KTUtility/Platform/Keys/KeyValueTarget.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 
+#include <QEvent>
+
 #include <algorithm>
+#include <utility>
 
 using namespace KTPrivate;
 
@@ -55,6 +59,8 @@ QList<KTDialogController *> KTWindowController::dialogQueue() const
 void KTWindowController::runDialogQueue()
 {
     _continueRunningQueue = true;
+    _isClosed = false;
+    _isPutOff = false;
     runNextDialogInQueue();
 }
 
@@ -74,8 +80,26 @@ void KTWindowController::runNextDialogInQueue()
 
 void KTWindowController::dialogClosed(KTDialogController * /*dialog*/)
 {
-    if (_continueRunningQueue)
+    // No dialog appears over a window that the user has closed, until he opens it again.
+    if (_isClosed)
+        _isPutOff = true;
+    else if (_continueRunningQueue)
         runNextDialogInQueue();
+}
+
+bool KTWindowController::eventFilter(QObject *object, QEvent *event)
+{
+    if (event->type() == QEvent::Show && isWindowLoaded() && object == window())
+        windowWasOpened();
+    return NSWindowController::eventFilter(object, event);
+}
+
+/// Goes on with the dialogs that were put off, when the window is there.
+void KTWindowController::windowWasOpened()
+{
+    _isClosed = false;
+    if (std::exchange(_isPutOff, false))
+        NSApplication::performOnNextTurn(this, [this] { dialogClosed(nullptr); });
 }
 
 void KTWindowController::exposeObjectToDialog(const QVariant &object, const QString &forKey)
@@ -104,8 +128,7 @@ void KTWindowController::windowWillClose(const NSNotification &notification)
 {
     KTWindowManager::sharedWindowManager()->windowControllerBecameVisible(delegateIn(notification),
                                                                           false);
-    // No dialog appears over a window that the user has closed.
-    _continueRunningQueue = false;
+    _isClosed = true;
 }
 
 void KTWindowController::windowDidLoad()

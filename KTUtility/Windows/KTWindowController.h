@@ -41,8 +41,9 @@ public:
     /// unless set.
     bool refusesDuplicateDialogs() const { return _refusesDuplicateDialogs; }
     void setRefusesDuplicateDialogs(bool refuses) { _refusesDuplicateDialogs = refuses; }
-    /// Starts with the first dialog that waits; each that closes starts the next one. Closing the
-    /// window stops this: what waits then stays, and runs when this is called again.
+    /// Starts with the first dialog that waits; each that closes starts the next one. While the
+    /// window is closed, what waits is put off; it goes on when the window is opened or this is
+    /// called again.
     void runDialogQueue();
     /// Takes the first dialog from the queue and runs it; without one, the queue comes to rest.
     void runNextDialogInQueue();
@@ -66,12 +67,17 @@ public:
 
 protected:
     void windowDidLoad() override;
+    /// Goes on with its queue when the window is opened again.
+    bool eventFilter(QObject *object, QEvent *event) override;
 
 private:
+    void windowWasOpened();
     bool isQueuedOrRunning(const KTDialogController *dialog) const;
 
     QList<QPointer<KTDialogController>> _dialogQueue;
     QVariantMap _exposedDialogDatasource;
     bool _continueRunningQueue = false;
     bool _refusesDuplicateDialogs = false;
+    bool _isClosed = false;
+    bool _isPutOff = false;
 };

@@ -58,7 +58,14 @@ public:
     void run()
     {
         continues = true;
+        isClosed = isPutOff = false;
         runNext();
+    }
+    void open()
+    {
+        isClosed = false;
+        _ends += isPutOff ? 1 : 0;
+        isPutOff = false;
     }
     void end(size_t dialog)
     {
@@ -70,7 +77,9 @@ public:
     {
         while (_ends > 0) {
             --_ends;
-            if (continues)
+            if (isClosed)
+                isPutOff = true;
+            else if (continues)
                 runNext();
         }
     }
@@ -79,6 +88,9 @@ public:
     std::array<bool, Dialogs> isRunning = {};
     std::array<int, Dialogs> runs = {};
     bool continues = false;
+    /// Whether the user has closed the host's window, and a dialog has ended since.
+    bool isClosed = false;
+    bool isPutOff = false;
 
 private:
     void runNext()
@@ -200,9 +212,10 @@ void Scene::takeAnyStep()
             if (!_host.window()->isVisible())
                 return;
             _host.close();
-            _model.continues = false;
+            _model.isClosed = true;
         } else {
             _host.showWindow();
+            _model.open();
         }
         return;
     default:
