@@ -34,6 +34,22 @@ QSize withRoomForPicture(const QSize &size, const NSSliderCell *cell, bool isHor
     const qreal height = qMax(picture.height() + 4, 2 * (picture.height() + 1) - knobHeight);
     return size.expandedTo(QSizeF(picture.width() + 2, height).toSize());
 }
+
+constexpr qreal DisabledOpacity = 0.4;
+constexpr qreal FocusFrameWidth = 1.5;
+constexpr qreal FocusFrameRadius = 3;
+
+/// Around the picture, which has no state of its own.
+void drawFocusFrame(QPainter &painter, const KTMediaFieldSliderCell &cell, const QColor &color)
+{
+    const QSizeF size = NSImage::sizeOf(cell.knobImage());
+    const QPointF corner = cell.knobOrigin(cell.knobRect()) - QPointF(0, size.height());
+    const qreal inset = FocusFrameWidth / 2;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(color, FocusFrameWidth));
+    painter.drawRoundedRect(QRectF(corner, size).adjusted(inset, inset, -inset, -inset),
+                            FocusFrameRadius, FocusFrameRadius);
+}
 } // namespace
 
 KTMediaFieldSlider::KTMediaFieldSlider(QWidget *parent) : QSlider(Qt::Horizontal, parent)
@@ -76,7 +92,12 @@ void KTMediaFieldSlider::paintEvent(QPaintEvent *event)
         return;
     }
     QPainter painter(this);
+    const auto *const pictured = dynamic_cast<const KTMediaFieldSliderCell *>(_cell.get());
+    if (pictured && !isEnabled())
+        painter.setOpacity(DisabledOpacity);
     _cell->drawInterior(painter);
+    if (pictured && hasFocus())
+        drawFocusFrame(painter, *pictured, palette().color(QPalette::Highlight));
 }
 
 KT_REGISTER_CLASS(KTMediaFieldSlider)

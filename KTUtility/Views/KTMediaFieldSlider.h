@@ -42,7 +42,8 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
-    /// Draws the cell; without one, the style's slider.
+    /// Draws the cell; without one, the style's slider. Around a picture for the knob there is a frame
+    /// while the slider has the keyboard, and a disabled one is faint.
     void paintEvent(QPaintEvent *event) override;
 
 private:
