@@ -62,6 +62,7 @@ struct KTPropertyBinder::Binding
     int depth = 0;                       ///< how often the owner is being set just now
     bool isLooping = false;              ///< too often: until all of that is over
     std::optional<QVariant> placeholder; ///< what the owner shows instead of a value
+    QVariant placeholderShown;           ///< what the owner has made of it
 };
 
 KTPropertyBinder::KTPropertyBinder() = default;
@@ -90,8 +91,8 @@ void KTPropertyBinder::bind(const QString & /*binding*/, QObject *toObject,
     // They may be this binder's own.
     binding->keyPath = withKeyPath;
     binding->options = options;
-    binding->transformer = transformerOf(options);
     _unbind();
+    binding->transformer = transformerOf(binding->options);
     _binding = binding;
     if (!_shouldObserveKeyPath || !toObject)
         return;
@@ -196,7 +197,8 @@ QVariant KTPropertyBinder::observedValue(const Binding &binding)
 /// Whether the owner hands back what it shows instead of a value.
 bool KTPropertyBinder::isPlaceholder(const Binding &binding, const QVariant &value)
 {
-    return binding.placeholder && NSObject::isEqual(value, *binding.placeholder);
+    return binding.placeholder && (NSObject::isEqual(value, *binding.placeholder) ||
+                                   NSObject::isEqual(value, binding.placeholderShown));
 }
 
 /// Reads the value, and sets it in the owner; unless the transformer has ended the binding, or has
@@ -220,6 +222,20 @@ void KTPropertyBinder::pushIntoOwner(const std::shared_ptr<Binding> &binding, QV
     }
     if (!binding->isOver && turn == binding->turn)
         setInOwner(binding, *shown);
+    if (!binding->isOver && turn == binding->turn && binding->placeholder)
+        binding->placeholderShown = ownerValue().value_or(*binding->placeholder);
+}
+
+/// What the owner has made of what it was given: a line edit has no null, and may cut long texts.
+std::optional<QVariant> KTPropertyBinder::ownerValue() const
+{
+    if (!_owner)
+        return std::nullopt;
+    try {
+        return NSKeyValueCoding::valueForKey(_owner, _boundKey);
+    } catch (const NSException &) {
+        return std::nullopt; // There are properties that can only be set.
+    }
 }
 
 void KTPropertyBinder::setInOwner(const std::shared_ptr<Binding> &binding, const QVariant &value)

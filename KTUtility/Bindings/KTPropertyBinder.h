@@ -67,7 +67,8 @@ public:
     /// \param options NSValueTransformerBindingOption, else NSValueTransformerNameBindingOption,
     /// say which transformer to use.
     /// \throws NSException NSUndefinedKeyException if an object on the path lacks its key; nothing
-    /// is bound then. Whatever the owner throws when its key is set passes through.
+    /// is bound then. NSInvalidArgumentException for an option that is no transformer; nothing is
+    /// bound then. Whatever the owner throws when its key is set passes through.
     void bind(const QString &binding, QObject *toObject, const QString &withKeyPath,
               const QVariantMap &options = {});
     /// Ends the binding; nothing if it is not bound.
@@ -120,6 +121,7 @@ private:
     const Binding &current() const;
     static QVariant observedValue(const Binding &binding);
     static bool isPlaceholder(const Binding &binding, const QVariant &value);
+    std::optional<QVariant> ownerValue() const;
     void pushIntoOwner(const std::shared_ptr<Binding> &binding, QVariant *shown);
     void setInOwner(const std::shared_ptr<Binding> &binding, const QVariant &value);
     static void setInObject(const std::shared_ptr<Binding> &binding, const QVariant &value);

@@ -13,6 +13,7 @@
 #include "support/ObservedModel.h"
 #include "support/TestSupport.h"
 
+#include <QLineEdit>
 #include <QSpinBox>
 
 using namespace Qt::StringLiterals;
@@ -304,6 +305,29 @@ TEST(KTPropertyBinderRejection, PlaceholdersAreShownForMarkers)
     EXPECT_EQ(view.value(), QVariant(u"(several)"_s));
 }
 
+TEST(KTPropertyBinderRejection, PlaceholdersThatTheOwnerHasChangedAreNotStored)
+{
+    ObservedRecord first(u"Ada"_s), second(u"Bob"_s);
+    NSArrayController controller;
+    controller.setContent({QVariant::fromValue(&first), QVariant::fromValue(&second)});
+    controller.setSelectionIndexes({0, 1});
+    for (const QVariant &placeholder : {QVariant(), QVariant(u"Multiple Values"_s)}) {
+        QLineEdit edit;
+        edit.setMaxLength(8);
+        KTPropertyBinder binder(u"text"_s, NSValueBinding, &edit);
+        binder.bind(NSValueBinding, &controller, u"selection.name"_s,
+                    {{NSMultipleValuesPlaceholderBindingOption, placeholder}});
+        EXPECT_EQ(edit.text(), placeholder.toString().left(8));
+        binder.ownerKeyPathChanged();
+        EXPECT_EQ(first.name() + second.name(), u"AdaBob"_s);
+        edit.setText(u"Eve"_s);
+        binder.ownerKeyPathChanged();
+        EXPECT_EQ(first.name() + second.name(), u"EveEve"_s);
+        first.setName(u"Ada"_s);
+        second.setName(u"Bob"_s);
+    }
+}
+
 TEST(KTPropertyBinderRejection, TransformersMayBeGivenByTheirOwnType)
 {
     ObservedRecord record(u"record"_s, 1);
@@ -316,6 +340,9 @@ TEST(KTPropertyBinderRejection, TransformersMayBeGivenByTheirOwnType)
     EXPECT_THROW(view.bind(NSValueBinding, &record, Number,
                            {{NSValueTransformerBindingOption, u"KTBaseValueTransformer"_s}}),
                  NSException);
+    // What was bound before is so no longer.
+    record.setNumber(7);
+    EXPECT_EQ(view.value(), QVariant(2U));
 }
 
 TEST(KTPropertyBinderRejection, ABinderWithoutNameHandlesNothing)
