@@ -32,8 +32,8 @@ QVariant propertyListIn(const QByteArray &text)
                : NSPropertyListSerialization::propertyListFromData(text);
 }
 
-/// The object that a reference means; nil if it means none of \a objects. What is not a whole number
-/// is no reference, also if it could be taken for one (0.4, "0", false).
+/// The object that a reference means; nil if it means none of \a objects. What is not a whole
+/// number is no reference, also if it could be taken for one (0.4, "0", false).
 QVariant objectAt(const QVariantList &objects, const QVariant &reference)
 {
     const QVariant number = reference.toMap().value(ReferenceKey);

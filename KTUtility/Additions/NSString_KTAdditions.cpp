@@ -96,8 +96,8 @@ bool isTooLong(const QString &path)
     return NSString::lastPathComponent(path).toUtf8().size() > LongestFileName;
 }
 
-/// A path with a suffix before its extension. Characters before the suffix give way to it, and those
-/// of the extension where these do not suffice.
+/// A path with a suffix before its extension. Characters before the suffix give way to it, and
+/// those of the extension where these do not suffice.
 QString withSuffixThatFits(const QString &receiver, const QString &suffix)
 {
     QString extension = NSString::pathExtension(receiver);

@@ -9,6 +9,8 @@
 #include <KTUtility/Platform/Text/NSStringNormalization.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 
+#include <QRegularExpression>
+
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
@@ -311,7 +313,12 @@ bool KTCurrencyFormatter::readInParentheses(QVariant *value, const QString &text
     const QString typed = text.trimmed();
     if (typed.size() < 3 || !typed.startsWith(u'(') || !typed.endsWith(u')'))
         return false;
-    const QString negative = u'-' + typed.sliced(1, typed.size() - 2).trimmed();
+    const QString amount = typed.sliced(1, typed.size() - 2).trimmed();
+    // A second sign is a mistake: "((5))", "(-5)".
+    static const QRegularExpression sign(u"[-+()\\x{2212}\\x{2010}-\\x{2015}\\x{FF0B}\\x{FF0D}]"_s);
+    if (amount.contains(sign))
+        return false;
+    const QString negative = u'-' + amount;
     return readAmount(value, negative, errorDescription) ||
            readNamedAmount(value, negative, errorDescription);
 }

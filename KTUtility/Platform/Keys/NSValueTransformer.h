@@ -73,8 +73,8 @@ Q_DECLARE_METATYPE(std::shared_ptr<NSValueTransformer>)
 
 /// Makes a class of transformers known by name, so that
 /// NSValueTransformer::valueTransformerForName() finds it, and its objects known as transformers
-/// where they stand in a variant as std::shared_ptr<ClassName>. Write it once, in a source file, outside
-/// of functions; the class has a constructor without arguments.
+/// where they stand in a variant as std::shared_ptr<ClassName>. Write it once, in a source file,
+/// outside of functions; the class has a constructor without arguments.
 #define KT_REGISTER_VALUE_TRANSFORMER(ClassName)                                                   \
     namespace {                                                                                    \
     [[maybe_unused]] const bool is##ClassName##Registered = [] {                                   \
