@@ -85,7 +85,8 @@ void KeyPathObserver::followFrom(size_t step)
     }
 }
 
-/// Observes the key at a step; of an object that answers key paths, the rest of the path.
+/// Observes the key at a step; of an object that answers key paths, the rest of the path. The object
+/// may go when it is told.
 void KeyPathObserver::follow(size_t step)
 {
     const quint64 turn = _turn;
@@ -94,10 +95,13 @@ void KeyPathObserver::follow(size_t step)
         step + 1 < _steps.size() && KeyValueTarget::of(here.object.data()).answersKeyPaths();
     const QPointer<ObservedKey> key =
         ObservedKey::of(here.object, here.takesRest ? pathFrom(step) : here.key);
-    if (!key)
-        return;
     if (turn != _turn) {
-        key->goIfUnused();
+        if (key)
+            key->goIfUnused();
+        return;
+    }
+    if (!key) {
+        objectIsGone(step);
         return;
     }
     here.observed = key;

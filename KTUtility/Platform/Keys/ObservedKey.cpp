@@ -90,8 +90,11 @@ private:
 
 ObservedKey *ObservedKey::of(QObject *object, const QString &key)
 {
-    ObservedKey *const known = existing(object, key);
-    return known ? known : new ObservedKey(object, key);
+    if (ObservedKey *const known = existing(object, key))
+        return known;
+    std::unique_ptr<ObservedKey> made(new ObservedKey(object, key));
+    made->tellThatFirstObserverCame();
+    return made->_object ? made.release() : nullptr;
 }
 
 ObservedKey *ObservedKey::existing(const QObject *object, const QString &key)
@@ -117,14 +120,6 @@ ObservedKey::ObservedKey(QObject *object, const QString &key)
     observingThread() = QThread::currentThreadId();
     connectTo(object);
     observedKeys()[object].insert(key, this);
-    if (NSKeyValueCodingObject *const coding = codingObject(object)) {
-        try {
-            coding->firstObserverCame(_key);
-        } catch (...) {
-            forget();
-            throw;
-        }
-    }
 }
 
 ObservedKey::~ObservedKey()
@@ -216,23 +211,43 @@ void ObservedKey::goIfUnused()
         settle();
 }
 
+void ObservedKey::takeInAdded()
+{
+    for (const Entry &entry : std::exchange(_added, {}))
+        insert(entry);
+}
+
 /// Takes in what changed while observers were notified. Without observers the key is destroyed, so
 /// that this is the last thing that any function does. Gaps stay as long as they are few, so that
 /// all observers are taken away in linear time.
 void ObservedKey::settle()
 {
-    for (const Entry &entry : std::exchange(_added, {}))
-        insert(entry);
+    takeInAdded();
     if (2 * _gaps > _entries.size()) {
         std::erase_if(_entries, [](const Entry &entry) { return !entry.observer; });
         _gaps = 0;
     }
     if (!_entries.empty())
         return;
-    // Out of the table first: whoever begins to observe the key now begins anew.
+    // Out of the table first: whoever begins to observe the key now begins anew. What the object
+    // does when it is told, as to notify of a change or to go, does not destroy the key as well.
     forget();
+    ++_telling;
     tellThatLastObserverWent();
     delete this;
+}
+
+/// The object may have the key observed meanwhile and let go of it, or be destroyed: the key stays.
+/// If the object raises, whoever made the key destroys it.
+void ObservedKey::tellThatFirstObserverCame()
+{
+    NSKeyValueCodingObject *const coding = codingObject(_object);
+    if (!coding)
+        return;
+    ++_telling;
+    coding->firstObserverCame(_key);
+    --_telling;
+    takeInAdded();
 }
 
 void ObservedKey::tellThatLastObserverWent() const
@@ -292,11 +307,13 @@ void ObservedKey::objectIsGone()
 void ObservedKey::willChange(NSKeyValueChangeKind kind, const QList<qsizetype> &indexes)
 {
     ++_changing;
+    const QPointer<ObservedKey> self = this;
     try {
         tell({kind, {}, {}, indexes, true}, Raised::Passes);
     } catch (...) {
-        // What an observer raises ends the change before it began.
-        cancelChange();
+        // What an observer raises ends the change before it began. The last one may have gone.
+        if (self)
+            cancelChange();
         throw;
     }
 }

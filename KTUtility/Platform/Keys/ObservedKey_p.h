@@ -21,7 +21,8 @@ class ObservedKey : public QObject
     Q_OBJECT
 
 public:
-    /// The key of an object, made at the first call.
+    /// The key of an object, made at the first call. Null if the object, told that it is observed
+    /// now, is destroyed.
     static ObservedKey *of(QObject *object, const QString &key);
     /// The same, null if nobody observes it.
     static ObservedKey *existing(const QObject *object, const QString &key);
@@ -70,7 +71,9 @@ private:
     void insert(const Entry &entry);
     void tell(const NSKeyValueChange &change, Raised raised);
     void tell(const Entry &entry, const NSKeyValueChange &change, Raised raised) const;
+    void tellThatFirstObserverCame();
     void tellThatLastObserverWent() const;
+    void takeInAdded();
     void settle();
 
     QPointer<QObject> _object;

@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -51,6 +52,20 @@ private:
 
     QStringList _told;
     NSKeyValueObservation _observation;
+};
+
+/// A record that is told who observes it.
+class ObservedNumber : public ObservedRecord, public NSKeyValueCodingObject
+{
+public:
+    std::optional<QVariant> valueForKey(const QString &) const override { return std::nullopt; }
+    bool setValueForKey(const QVariant &, const QString &) override { return false; }
+    void *qt_metacast(const char *iid) override
+    {
+        if (qstrcmp(iid, qobject_interface_iid<NSKeyValueCodingObject *>()) == 0)
+            return static_cast<NSKeyValueCodingObject *>(this);
+        return ObservedRecord::qt_metacast(iid);
+    }
 };
 
 QString q(const char16_t *text)
@@ -394,6 +409,104 @@ TEST(NSKeyValueObservation, TheLastObserverMayBeFollowedByAnother)
     EXPECT_EQ(object.calls, 1);
 }
 
+TEST(NSKeyValueObservation, TheLastObserverMayTakeTheObjectAlong)
+{
+    class Leaver : public ObservedStandIn
+    {
+    public:
+        void lastObserverWent(const QString &) override { delete this; }
+    };
+    const QPointer<Leaver> object = new Leaver;
+    object->values = {{q(u"x"), 1}};
+    NSKeyValueObservation(object, q(u"x"), 0, [](const NSKeyValueChange &) {}).invalidate();
+    EXPECT_FALSE(object);
+}
+
+TEST(NSKeyValueObservation, WhatChangesWithTheLastObserverConcernsNobody)
+{
+    class Resetter : public ObservedNumber
+    {
+    public:
+        void lastObserverWent(const QString &) override { setNumber(0); }
+    } object;
+    object.setNumber(5);
+    {
+        Recorder recorder(&object, q(u"number"));
+        object.setNumber(6);
+        EXPECT_EQ(recorder.told(), words(u"5>6"));
+    }
+    EXPECT_EQ(object.number(), 0);
+    EXPECT_EQ(object.receivers(SIGNAL(numberChanged())), 0);
+}
+
+TEST(NSKeyValueObservation, TheFirstObserverMayBeFollowedByOneThatGoesAtOnce)
+{
+    class Peeker : public ObservedStandIn
+    {
+    public:
+        void firstObserverCame(const QString &key) override
+        {
+            ObservedStandIn::firstObserverCame(key);
+            NSKeyValueObservation(this, key, 0, [](const NSKeyValueChange &) {}).invalidate();
+        }
+    } object;
+    object.values = {{q(u"x"), 1}};
+    {
+        Recorder recorder(&object, q(u"x"));
+        EXPECT_EQ(object.observedKeys, words(u"x"));
+        object.values = {{q(u"x"), 2}};
+        NSKeyValueObserving::didChangeValueForKey(&object, q(u"x"));
+        EXPECT_EQ(recorder.told(), words(u"1>2"));
+    }
+    EXPECT_EQ(object.observedKeys, QStringList());
+}
+
+TEST(NSKeyValueObservation, TheFirstObserverMayBeFollowedByOneThatStays)
+{
+    class Joiner : public ObservedStandIn
+    {
+    public:
+        void firstObserverCame(const QString &key) override
+        {
+            ObservedStandIn::firstObserverCame(key);
+            joined = NSKeyValueObservation(this, key, 0,
+                                           [this](const NSKeyValueChange &) { told += q(u"b"); });
+        }
+        QStringList told;
+        NSKeyValueObservation joined;
+    } object;
+    object.values = {{q(u"x"), 1}};
+    {
+        const NSKeyValueObservation first(
+            &object, q(u"x"), 0, [&](const NSKeyValueChange &) { object.told += q(u"a"); });
+        NSKeyValueObserving::didChangeValueForKey(&object, q(u"x"));
+        EXPECT_EQ(object.told, words(u"a b"));
+    }
+    NSKeyValueObserving::didChangeValueForKey(&object, q(u"x"));
+    EXPECT_EQ(object.told, words(u"a b b"));
+    object.joined.invalidate();
+    EXPECT_EQ(object.observedKeys, QStringList());
+}
+
+TEST(NSKeyValueObservation, TheObjectMayGoWithItsFirstObserver)
+{
+    class Fugitive : public ObservedNumber
+    {
+    public:
+        void firstObserverCame(const QString &) override { delete this; }
+    };
+    const NSKeyValueObservation none(new Fugitive, q(u"number"), 0,
+                                     [](const NSKeyValueChange &) {});
+    EXPECT_FALSE(none.isActive());
+    // On a path, another object may come.
+    ObservedRecord record, good(q(u"good"), 3);
+    record.setNext(new Fugitive);
+    Recorder recorder(&record, q(u"next.number"));
+    EXPECT_FALSE(record.next());
+    record.setNext(&good);
+    EXPECT_EQ(recorder.told(), words(u"nil>3"));
+}
+
 TEST(NSKeyValueObservation, ObjectsThatRejectObservers)
 {
     class Rejecter : public ObservedStandIn
@@ -428,6 +541,22 @@ TEST(NSKeyValueObservation, ExceptionsPassAndHarmNothing)
     throws = false;
     record.setNumber(2);
     EXPECT_EQ(recorder.told(), words(u"0>2"));
+}
+
+TEST(NSKeyValueObservation, TheLastObserverMayGoAndRaiseBeforeAChange)
+{
+    ObservedRecord record;
+    std::unique_ptr<NSKeyValueObservation> last;
+    last = std::make_unique<NSKeyValueObservation>(
+        &record, q(u"silent"), NSKeyValueObservingOptionPrior, [&](const NSKeyValueChange &) {
+            last.reset();
+            NSException::raise(NSRangeException, q(u"no"));
+        });
+    EXPECT_THROW(NSKeyValueObserving::willChangeValueForKey(&record, q(u"silent")), NSException);
+    EXPECT_FALSE(last);
+    Recorder recorder(&record, q(u"silent"));
+    NSKeyValueCoding::setValue(&record, 4, q(u"silent"));
+    EXPECT_EQ(recorder.told(), words(u"0>4"));
 }
 
 TEST(NSKeyValueObservation, UnknownKeysRaise)
