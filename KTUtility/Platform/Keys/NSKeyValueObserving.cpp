@@ -6,6 +6,7 @@
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 
 #include <algorithm>
+#include <exception>
 
 using namespace KTPrivate;
 
@@ -126,8 +127,15 @@ void NSKeyValueObserving::didChangeAllValues(QObject *object)
     QList<QPointer<ObservedKey>> keys;
     for (ObservedKey *const key : ObservedKey::allOf(object))
         keys += key;
+    std::exception_ptr failure;
     for (const QPointer<ObservedKey> &key : std::as_const(keys)) {
-        if (key)
-            key->didChange(NSKeyValueChangeSetting, {});
+        try {
+            if (key)
+                key->didChange(NSKeyValueChangeSetting, {});
+        } catch (...) {
+            failure = failure ? failure : std::current_exception();
+        }
     }
+    if (failure)
+        std::rethrow_exception(failure);
 }

@@ -92,6 +92,6 @@ KTUTILITY_EXPORT void willChange(NSKeyValueChangeKind kind, QObject *object,
 KTUTILITY_EXPORT void didChange(NSKeyValueChangeKind kind, QObject *object,
                                 const QList<qsizetype> &valuesAtIndexes, const KTText &forKey);
 /// Notifies of a change of every key of an object that is observed: it has become a stand-in for
-/// something else.
+/// something else. If observers of one key raise, those of the others are notified all the same.
 KTUTILITY_EXPORT void didChangeAllValues(QObject *object);
 } // namespace NSKeyValueObserving

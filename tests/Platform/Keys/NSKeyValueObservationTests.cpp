@@ -559,6 +559,19 @@ TEST(NSKeyValueObservation, TheLastObserverMayGoAndRaiseBeforeAChange)
     EXPECT_EQ(recorder.told(), words(u"0>4"));
 }
 
+TEST(NSKeyValueObservation, WhoRaisesKeepsNoOtherKeyFromBeingTold)
+{
+    ObservedStandIn object;
+    object.values = {{q(u"x"), 1}, {q(u"y"), 2}};
+    const NSKeyValueObservation thrower(&object, q(u"x"), 0, [](const NSKeyValueChange &) {
+        NSException::raise(NSRangeException, q(u"no"));
+    });
+    Recorder recorder(&object, q(u"y"));
+    object.values = {{q(u"x"), 3}, {q(u"y"), 4}};
+    EXPECT_THROW(NSKeyValueObserving::didChangeAllValues(&object), NSException);
+    EXPECT_EQ(recorder.told(), words(u"2>4"));
+}
+
 TEST(NSKeyValueObservation, UnknownKeysRaise)
 {
     ObservedRecord record, next;
