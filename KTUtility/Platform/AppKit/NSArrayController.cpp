@@ -9,6 +9,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <exception>
 #include <set>
 
 using namespace KTPrivate;
@@ -126,12 +127,21 @@ void NSArrayController::setSelectionIndexes(const QList<qsizetype> &indexes)
     tellSelection();
 }
 
+/// What observers of the selected objects' keys raise keeps nobody from learning that others are
+/// selected.
 void NSArrayController::tellSelection()
 {
     const QPointer<NSArrayController> self = this;
-    _selection->setObjects(selectedObjects());
+    std::exception_ptr failure;
+    try {
+        _selection->setObjects(selectedObjects());
+    } catch (...) {
+        failure = std::current_exception();
+    }
     if (self)
         Q_EMIT selectionChanged();
+    if (failure)
+        std::rethrow_exception(failure);
 }
 
 qsizetype NSArrayController::selectionIndex() const

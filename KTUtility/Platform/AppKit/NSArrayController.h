@@ -70,7 +70,8 @@ public:
 
     /// The positions of the selected objects among the arranged ones, ascending.
     const QList<qsizetype> &selectionIndexes() const { return _selectionIndexes; }
-    /// Selects these objects only; positions that there are not are left out.
+    /// Selects these objects only; positions that there are not are left out. What getters of the
+    /// objects or observers raise is thrown when the objects are selected and all are notified.
     void setSelectionIndexes(const QList<qsizetype> &indexes);
     /// The first selected position, −1 if nothing is selected.
     qsizetype selectionIndex() const;

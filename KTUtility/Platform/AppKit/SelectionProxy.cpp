@@ -30,6 +30,40 @@ QVariant commonValue(const QVariantList &objects, const QString &path)
     return common;
 }
 
+/// Calls a function; what it raises is kept, if it is the first.
+template<typename Function>
+void keepFirst(std::exception_ptr *failure, const Function &function)
+{
+    try {
+        function();
+    } catch (...) {
+        *failure = *failure ? *failure : std::current_exception();
+    }
+}
+
+/// The same for what uses a key.
+/// \return false if it is lacking, which is no failure: the value is a marker.
+template<typename Function>
+bool useKey(std::exception_ptr *failure, const Function &function)
+{
+    bool isThere = true;
+    keepFirst(failure, [&] {
+        try {
+            function();
+        } catch (const NSException &) {
+            isThere = false;
+        }
+    });
+    return isThere;
+}
+
+/// The object that a value is; null for everything else.
+QObject *recordIn(const QVariant &value)
+{
+    const KeyValueTarget target = KeyValueTarget::ofVariant(value);
+    return target.kind == KeyValueTarget::Kind::Object ? target.object() : nullptr;
+}
+
 /// Whether a path is about the objects as a collection ("@count").
 bool isOperator(const QString &path)
 {
@@ -54,15 +88,20 @@ void SelectionProxy::Watch::setValue(size_t index, const QVariant &value)
 
 void SelectionProxy::setObjects(const QVariantList &objects)
 {
+    const QPointer<SelectionProxy> self = this;
     _objects = objects;
     QStringList keys;
     for (const auto &each : _watches)
         keys += each.first;
+    std::exception_ptr failure;
     for (const QString &key : std::as_const(keys)) {
-        if (_watches.contains(key))
-            observe(key);
+        const std::exception_ptr raised = self && _watches.contains(key) ? observe(key) : nullptr;
+        failure = failure ? failure : raised;
     }
-    NSKeyValueObserving::didChangeAllValues(this);
+    if (self)
+        keepFirst(&failure, [&] { NSKeyValueObserving::didChangeAllValues(this); });
+    if (failure)
+        std::rethrow_exception(failure);
 }
 
 std::optional<QVariant> SelectionProxy::valueForKey(const QString &key) const
@@ -126,46 +165,73 @@ bool SelectionProxy::validateValue(QVariant *value, const QString &key, NSError 
 
 void SelectionProxy::firstObserverCame(const QString &key)
 {
-    observe(key);
+    const QPointer<SelectionProxy> self = this;
+    const std::exception_ptr failure = observe(key);
+    if (!failure)
+        return;
+    if (self)
+        lastObserverWent(key);
+    std::rethrow_exception(failure);
 }
 
 void SelectionProxy::lastObserverWent(const QString &key)
 {
-    _watches.erase(key);
+    // It is out of the way when the objects learn that they are observed no more.
+    const auto watch = _watches.extract(key);
 }
 
-/// Listens to a key of each object that has it.
-void SelectionProxy::observe(const QString &key)
+bool SelectionProxy::isCurrent(const std::shared_ptr<Watch> &watch) const
 {
+    const auto known = _watches.find(watch->key);
+    return known != _watches.end() && known->second == watch;
+}
+
+/// Listens to a key of each object that has it. What one raises keeps no other from being observed.
+/// Getters may destroy this object, or lead here again.
+/// \return what was raised first, null if nothing was.
+std::exception_ptr SelectionProxy::observe(const QString &key)
+{
+    const QPointer<SelectionProxy> self = this;
     const QVariantList objects = _objects;
     const auto watch = std::make_shared<Watch>();
+    watch->key = key;
     watch->hashes.resize(size_t(objects.size()));
     _watches[key] = watch;
-    for (qsizetype index = 0; index < objects.size(); ++index)
-        observe(objects.at(index), size_t(index), key, watch);
+    std::exception_ptr failure;
+    for (qsizetype index = 0; index < objects.size(); ++index) {
+        if (self && isCurrent(watch))
+            observe(objects.at(index), size_t(index), watch, &failure);
+    }
+    return failure;
 }
 
-void SelectionProxy::observe(const QVariant &object, size_t index, const QString &key,
-                             const std::shared_ptr<Watch> &watch)
+void SelectionProxy::observe(const QVariant &object, size_t index,
+                             const std::shared_ptr<Watch> &watch, std::exception_ptr *failure)
 {
-    const QString path = pathOfElements(key);
-    const auto tell = [this, key, index,
+    const QString path = pathOfElements(watch->key);
+    if (path.isEmpty())
+        return;
+    const QPointer<SelectionProxy> self = this;
+    const QPointer<QObject> record = recordIn(object);
+    const bool hasKey = useKey(failure, [&] {
+        watch->setValue(index, KeyPath(path).read(KeyValueTarget::ofVariant(object)));
+    });
+    if (hasKey && record && self)
+        useKey(failure, [&] { follow(record, path, index, watch); });
+}
+
+void SelectionProxy::follow(QObject *record, const QString &path, size_t index,
+                            const std::shared_ptr<Watch> &watch)
+{
+    const auto tell = [self = QPointer(this), index,
                        watched = std::weak_ptr(watch)](const NSKeyValueChange &change) {
         const std::shared_ptr<Watch> known = watched.lock();
-        if (!known)
+        if (!known || !self || !self->isCurrent(known))
             return;
         const bool hadSeveral = known->hasSeveralValues();
         known->setValue(index, change.newValue.value_or(QVariant()));
-        valueHasChanged(key, isOperator(key) || !hadSeveral || !known->hasSeveralValues());
+        self->valueHasChanged(known->key,
+                              isOperator(known->key) || !hadSeveral || !known->hasSeveralValues());
     };
-    const KeyValueTarget target = KeyValueTarget::ofVariant(object);
-    try {
-        if (!path.isEmpty())
-            watch->setValue(index, KeyPath(path).read(target));
-        if (!path.isEmpty() && target.kind == KeyValueTarget::Kind::Object)
-            watch->observations.emplace_back(target.object(), path, NSKeyValueObservingOptionNew,
-                                             tell);
-    } catch (const NSException &) {
-        // It lacks the key, and the value is a marker.
-    }
+    watch->observations.emplace_back(record, path, NSKeyValueObservingOptionNew, tell);
 }

@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <QVariantList>
 
+#include <exception>
 #include <map>
 #include <memory>
 #include <vector>
@@ -26,7 +27,8 @@ class SelectionProxy : public QObject, public NSKeyValueCodingObject
     Q_INTERFACES(NSKeyValueCodingObject)
 
 public:
-    /// Stands for other objects from now on.
+    /// Stands for other objects from now on. What a getter or an observer raises is thrown when all
+    /// objects are observed and all observers notified; each of them may destroy this object.
     void setObjects(const QVariantList &objects);
 
     std::optional<QVariant> valueForKey(const QString &key) const override;
@@ -45,14 +47,18 @@ private:
         bool hasSeveralValues() const { return counts.size() > 1; }
         void setValue(size_t index, const QVariant &value);
 
+        QString key;
         std::vector<NSKeyValueObservation> observations;
         std::vector<size_t> hashes;
         QHash<size_t, int> counts;
     };
 
-    void observe(const QString &key);
-    void observe(const QVariant &object, size_t index, const QString &key,
-                 const std::shared_ptr<Watch> &watch);
+    bool isCurrent(const std::shared_ptr<Watch> &watch) const;
+    std::exception_ptr observe(const QString &key);
+    void observe(const QVariant &object, size_t index, const std::shared_ptr<Watch> &watch,
+                 std::exception_ptr *failure);
+    void follow(QObject *record, const QString &path, size_t index,
+                const std::shared_ptr<Watch> &watch);
     void finishSetting();
     void valueHasChanged(const QString &key, bool isNews);
 

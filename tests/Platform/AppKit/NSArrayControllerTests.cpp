@@ -10,7 +10,10 @@
 #include "support/ObservedModel.h"
 #include "support/TestSupport.h"
 
+#include <functional>
 #include <memory>
+#include <stdexcept>
+#include <utility>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -43,8 +46,20 @@ protected:
 
 const QString Number = u"number"_s;
 
+/// Answers keys by itself.
+class Keyed : public QObject, public NSKeyValueCodingObject
+{
+public:
+    void *qt_metacast(const char *iid) override
+    {
+        if (qstrcmp(iid, qobject_interface_iid<NSKeyValueCodingObject *>()) == 0)
+            return static_cast<NSKeyValueCodingObject *>(this);
+        return QObject::qt_metacast(iid);
+    }
+};
+
 /// Counts how often it is read.
-class Counted : public QObject, public NSKeyValueCodingObject
+class Counted : public Keyed
 {
 public:
     std::optional<QVariant> valueForKey(const QString &) const override
@@ -58,15 +73,63 @@ public:
         NSKeyValueObserving::didChangeValueForKey(this, key);
         return true;
     }
-    void *qt_metacast(const char *iid) override
-    {
-        if (qstrcmp(iid, qobject_interface_iid<NSKeyValueCodingObject *>()) == 0)
-            return static_cast<NSKeyValueCodingObject *>(this);
-        return QObject::qt_metacast(iid);
-    }
     QString name = QStringLiteral("a");
     inline static int reads = 0;
 };
+
+/// Does something else the next time it is read, and counts the keys that are observed.
+class Surprising : public Keyed
+{
+public:
+    explicit Surprising(const QString &value) : values{{u"k"_s, value}, {u"j"_s, value}} {}
+
+    std::optional<QVariant> valueForKey(const QString &key) const override
+    {
+        if (const std::function<void()> surprise = std::exchange(whenRead, {}))
+            surprise();
+        return values.value(key);
+    }
+    bool setValueForKey(const QVariant &value, const QString &key) override
+    {
+        values.insert(key, value);
+        NSKeyValueObserving::didChangeValueForKey(this, key);
+        return true;
+    }
+    void firstObserverCame(const QString &) override { ++observedKeys; }
+    void lastObserverWent(const QString &) override { --observedKeys; }
+
+    QVariantMap values;
+    mutable std::function<void()> whenRead;
+    int observedKeys = 0;
+};
+
+/// Three surprising objects, the first of which is selected.
+class NSArrayControllerSurprises : public testing::Test
+{
+protected:
+    NSArrayControllerSurprises()
+    {
+        QVariantList content;
+        for (Surprising *const each : {&first, &second, &third})
+            content += QVariant::fromValue<QObject *>(each);
+        controller->setContent(content);
+        controller->setSelectionIndex(0);
+    }
+
+    void bind(BoundView &view, const QString &key)
+    {
+        view.bind(NSValueBinding, controller.get(), u"selection." + key, {});
+    }
+
+    Surprising first{u"1"_s}, second{u"2"_s}, third{u"2"_s};
+    std::unique_ptr<NSArrayController> controller = std::make_unique<NSArrayController>();
+    BoundView k, j;
+};
+
+[[noreturn]] void fail()
+{
+    throw std::runtime_error("no");
+}
 } // namespace
 
 TEST_F(NSArrayControllerTests, RunsItsExample)
@@ -354,4 +417,100 @@ TEST_F(NSArrayControllerTests, AFilterThatRaisesChangesNothing)
     EXPECT_EQ(controller.content().size(), 3);
     controller.addObject(boxed(ada));
     EXPECT_EQ(shown(), u"ACA"_s);
+}
+
+TEST_F(NSArrayControllerSurprises, AGetterMayDestroyTheControllerThatIsBoundTo)
+{
+    first.whenRead = [this] { controller.reset(); };
+    bind(k, u"k"_s);
+    EXPECT_FALSE(controller);
+    EXPECT_EQ(first.observedKeys, 0);
+    first.setValueForKey(u"new"_s, u"k"_s);
+    EXPECT_FALSE(k.value().isValid());
+}
+
+TEST_F(NSArrayControllerSurprises, AGetterMayBindAnotherAndUnbindIt)
+{
+    first.whenRead = [this] {
+        bind(j, u"k"_s);
+        j.unbind(NSValueBinding);
+    };
+    bind(k, u"k"_s);
+    EXPECT_EQ(k.value(), QVariant(u"1"_s));
+    EXPECT_EQ(j.value(), QVariant(u"1"_s));
+    first.setValueForKey(u"new"_s, u"k"_s);
+    EXPECT_EQ(k.value(), QVariant(u"new"_s));
+    EXPECT_EQ(j.value(), QVariant(u"1"_s));
+    k.unbind(NSValueBinding);
+    EXPECT_EQ(first.observedKeys, 0);
+}
+
+TEST_F(NSArrayControllerSurprises, AGetterMayDestroyTheControllerWhileTheSelectionChanges)
+{
+    bind(k, u"k"_s);
+    bind(j, u"j"_s);
+    second.whenRead = [this] { controller.reset(); };
+    controller->setSelectionIndexes({1, 2});
+    EXPECT_FALSE(controller);
+    for (const Surprising *const each : {&first, &second, &third})
+        EXPECT_EQ(each->observedKeys, 0);
+    EXPECT_EQ(k.value(), QVariant(u"1"_s));
+}
+
+TEST_F(NSArrayControllerSurprises, AGetterMayDestroyTheControllerAndChangeWhatItObserved)
+{
+    bind(k, u"k"_s);
+    third.whenRead = [this] {
+        controller.reset();
+        second.setValueForKey(u"new"_s, u"k"_s);
+    };
+    controller->setSelectionIndexes({1, 2});
+    EXPECT_FALSE(controller);
+    EXPECT_EQ(second.observedKeys, 0);
+    EXPECT_EQ(k.value(), QVariant(u"1"_s));
+}
+
+TEST_F(NSArrayControllerSurprises, AGetterMaySelectOthers)
+{
+    bind(k, u"k"_s);
+    second.whenRead = [this] { controller->setSelectionIndexes({0}); };
+    controller->setSelectionIndexes({1, 2});
+    EXPECT_EQ(controller->selectionIndexes(), QList<qsizetype>{0});
+    EXPECT_EQ(k.value(), QVariant(u"1"_s));
+    first.setValueForKey(u"new"_s, u"k"_s);
+    EXPECT_EQ(k.value(), QVariant(u"new"_s));
+    EXPECT_EQ(second.observedKeys + third.observedKeys, 0);
+}
+
+TEST_F(NSArrayControllerSurprises, WhatAGetterRaisesIsThrownWhenAllObjectsAreObserved)
+{
+    bind(k, u"k"_s);
+    bind(j, u"j"_s);
+    int changes = 0;
+    QObject::connect(controller.get(), &NSArrayController::selectionChanged, [&] { ++changes; });
+    second.whenRead = fail;
+    EXPECT_THROW(controller->setSelectionIndexes({1, 2}), std::runtime_error);
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(k.value(), QVariant(u"2"_s));
+    EXPECT_EQ(j.value(), QVariant(u"2"_s));
+    EXPECT_EQ(first.observedKeys, 0);
+    for (Surprising *const each : {&second, &third}) {
+        EXPECT_EQ(each->observedKeys, 2);
+        each->setValueForKey(u"new k"_s, u"k"_s);
+        each->setValueForKey(u"new j"_s, u"j"_s);
+    }
+    EXPECT_EQ(k.value(), QVariant(u"new k"_s));
+    EXPECT_EQ(j.value(), QVariant(u"new j"_s));
+}
+
+TEST_F(NSArrayControllerSurprises, WhereAGetterRaisesNothingIsBound)
+{
+    first.whenRead = fail;
+    EXPECT_THROW(
+        NSKeyValueObservation(controller.get(), u"selection.k", 0, [](const NSKeyValueChange &) {}),
+        std::runtime_error);
+    EXPECT_EQ(first.observedKeys, 0);
+    bind(k, u"k"_s);
+    EXPECT_EQ(k.value(), QVariant(u"1"_s));
+    EXPECT_EQ(first.observedKeys, 1);
 }
