@@ -1,14 +1,12 @@
 #include "NSArrayController.h"
 
+#include "RankedSelection_p.h"
 #include "SelectionProxy_p.h"
 
-#include <KTUtility/Platform/Keys/NSCollections.h>
-#include <KTUtility/Platform/Values/ValueHash_p.h>
+#include <KTUtility/Platform/Values/NSObject.h>
 
-#include <QHash>
 #include <QPointer>
 
-#include <algorithm>
 #include <exception>
 #include <set>
 
@@ -16,28 +14,6 @@ using namespace KTPrivate;
 
 NSArrayController::NSArrayController() : _selection(std::make_unique<SelectionProxy>()) {}
 NSArrayController::~NSArrayController() = default;
-
-namespace {
-/// Where some objects are among others. Of equal ones, as many as are wanted: the first, or the
-/// last.
-QList<qsizetype> indexesOf(const QVariantList &objects, const QVariantList &among, bool areLast)
-{
-    NSSet wanted;
-    QHash<size_t, int> left;
-    for (const QVariant &object : objects) {
-        wanted.addObject(object);
-        ++left[hashOf(object)];
-    }
-    QList<qsizetype> indexes;
-    for (qsizetype step = 0; step < among.size(); ++step) {
-        const qsizetype index = areLast ? among.size() - 1 - step : step;
-        if (wanted.contains(among.at(index)) && left[hashOf(among.at(index))]-- > 0)
-            indexes += index;
-    }
-    std::sort(indexes.begin(), indexes.end());
-    return indexes;
-}
-} // namespace
 
 /// The objects of a content that are shown. What the filter raises leaves everything as it was.
 QVariantList NSArrayController::arranged(const QVariantList &content,
@@ -53,27 +29,26 @@ QVariantList NSArrayController::arranged(const QVariantList &content,
 
 void NSArrayController::setContent(const QVariantList &content)
 {
-    replaceContent(content, selectedObjects(), Equal::First);
+    replaceContent(content, ranked());
 }
 
 void NSArrayController::addObject(const QVariant &object)
 {
     QVariantList content = _content;
     content.append(object);
-    replaceContent(content, {object}, Equal::Last);
+    replaceContent(content, RankedSelection::last(object));
 }
 
 void NSArrayController::removeObject(const QVariant &object)
 {
     QVariantList content = _content;
     content.removeIf([&](const QVariant &each) { return NSObject::isEqual(each, object); });
-    replaceContent(content, selectedObjects(), Equal::First);
+    replaceContent(content, ranked());
 }
 
 /// Notifies of the content, and shows it. Whoever is notified may delete this object, or change the
 /// content once more, here and below.
-void NSArrayController::replaceContent(const QVariantList &content, const QVariantList &selected,
-                                       Equal which)
+void NSArrayController::replaceContent(const QVariantList &content, const RankedSelection &selected)
 {
     const QVariantList shown = arranged(content, _filterPredicate);
     const quint64 turn = ++_turn;
@@ -81,7 +56,7 @@ void NSArrayController::replaceContent(const QVariantList &content, const QVaria
     const QPointer<NSArrayController> self = this;
     Q_EMIT contentChanged();
     if (self)
-        show(turn == _turn ? shown : arranged(_content, _filterPredicate), selected, which);
+        show(turn == _turn ? shown : arranged(_content, _filterPredicate), selected);
 }
 
 void NSArrayController::setFilterPredicate(const NSPredicate &predicate)
@@ -89,7 +64,7 @@ void NSArrayController::setFilterPredicate(const NSPredicate &predicate)
     const QVariantList shown = arranged(_content, predicate);
     ++_turn;
     _filterPredicate = predicate;
-    show(shown, selectedObjects(), Equal::First);
+    show(shown, ranked());
 }
 
 void NSArrayController::setSortDescriptors(const QList<NSSortDescriptor> &descriptors)
@@ -101,15 +76,22 @@ void NSArrayController::setSortDescriptors(const QList<NSSortDescriptor> &descri
 
 void NSArrayController::rearrangeObjects()
 {
-    show(arranged(_content, _filterPredicate), selectedObjects(), Equal::First);
+    show(arranged(_content, _filterPredicate), ranked());
+}
+
+/// What is selected, to be found again when other objects are shown or in another order.
+RankedSelection NSArrayController::ranked() const
+{
+    return {_arrangedObjects, _selectionIndexes};
 }
 
 /// Shows some objects, and selects those that are among them.
-void NSArrayController::show(const QVariantList &objects, const QVariantList &selected, Equal which)
+void NSArrayController::show(const QVariantList &objects, const RankedSelection &selected)
 {
     // Whoever is notified of one finds the other as it will be.
+    const QList<qsizetype> indexes = selected.indexesIn(objects);
     _arrangedObjects = objects;
-    _selectionIndexes = indexesOf(selected, objects, which == Equal::Last);
+    _selectionIndexes = indexes;
     const QPointer<NSArrayController> self = this;
     Q_EMIT arrangedObjectsChanged();
     if (self)

@@ -11,8 +11,9 @@
 #include <memory>
 
 namespace KTPrivate {
+class RankedSelection;
 class SelectionProxy;
-}
+} // namespace KTPrivate
 
 /// What stands between a list of records and the views that show it: filters and sorts the list,
 /// and keeps what is selected.
@@ -52,7 +53,8 @@ public:
 
     /// All objects, in the order in which they were given.
     const QVariantList &content() const { return _content; }
-    /// Replaces all objects. Those that were selected stay so, if they are still there.
+    /// Replaces all objects. Those that were selected stay so, if they are still there; of equal
+    /// ones, the same as before: if the second was selected, the second.
     void setContent(const QVariantList &content);
     /// Appends an object and selects it.
     void addObject(const QVariant &object);
@@ -97,12 +99,10 @@ Q_SIGNALS:
     void selectionChanged();
 
 private:
-    /// Which of several equal objects are selected.
-    enum class Equal { First, Last };
-
     QVariantList arranged(const QVariantList &content, const NSPredicate &filter) const;
-    void replaceContent(const QVariantList &content, const QVariantList &selected, Equal which);
-    void show(const QVariantList &objects, const QVariantList &selected, Equal which);
+    void replaceContent(const QVariantList &content, const KTPrivate::RankedSelection &selected);
+    void show(const QVariantList &objects, const KTPrivate::RankedSelection &selected);
+    KTPrivate::RankedSelection ranked() const;
     void tellSelection();
 
     QVariantList _content;

@@ -18,5 +18,6 @@ target_sources(KTUtility PRIVATE
     Platform/AppKit/NSWindow.cpp
     Platform/AppKit/NSWindowController.cpp
     Platform/AppKit/NSWorkspace.cpp
+    Platform/AppKit/RankedSelection.cpp
     Platform/AppKit/SelectionProxy.cpp
 )

@@ -419,6 +419,50 @@ TEST_F(NSArrayControllerTests, AFilterThatRaisesChangesNothing)
     EXPECT_EQ(shown(), u"ACA"_s);
 }
 
+TEST(NSArrayController, OfEqualRowsTheSameOnesStaySelected)
+{
+    const auto row = [](int number) { return QVariant(QVariantMap{{u"n"_s, number}}); };
+    NSArrayController controller;
+    controller.setContent({row(1), row(1), row(2)});
+    controller.setSelectionIndexes({1});
+    controller.rearrangeObjects();
+    EXPECT_EQ(controller.selectionIndexes(), QList<qsizetype>{1});
+    controller.addObject(row(1));
+    EXPECT_EQ(controller.selectionIndexes(), QList<qsizetype>{3});
+    controller.rearrangeObjects();
+    EXPECT_EQ(controller.selectionIndexes(), QList<qsizetype>{3});
+    controller.setSortDescriptors({{u"n"_s, false}});
+    EXPECT_EQ(controller.selectionIndexes(), QList<qsizetype>{3});
+    controller.setSortDescriptors({{u"n"_s, true}});
+    EXPECT_EQ(controller.selectionIndexes(), QList<qsizetype>{2});
+    controller.removeObject(row(2));
+    EXPECT_EQ(controller.selectionIndexes(), QList<qsizetype>{2});
+}
+
+TEST(NSArrayController, EqualRowsAreSelectedByRank)
+{
+    const struct
+    {
+        QVariantList content;
+        QList<qsizetype> selected;
+        QVariantList next;
+        QList<qsizetype> stillSelected;
+    } rows[] = {
+        {{1, 1, 1}, {1}, {1, 1, 1}, {1}}, {{1, 1, 1}, {0, 2}, {2, 1, 1, 1}, {1, 3}},
+        {{1, 1, 1}, {2}, {1, 1}, {1}},    {{1, 1, 1}, {1, 2}, {1, 1}, {0, 1}},
+        {{1, 1, 1}, {1, 2}, {2, 1}, {1}}, {{1, 2, 1, 2}, {2, 3}, {2, 2, 1, 1}, {1, 3}},
+        {{1, 2}, {0, 1}, {3}, {}},        {{1, 1}, {}, {1, 1}, {}},
+        {{1, 1}, {1}, {1, 1, 1, 1}, {1}}, {{1, 1.0, 2}, {1}, {1.0, 1, 2}, {1}},
+    };
+    for (const auto &row : rows) {
+        NSArrayController controller;
+        controller.setContent(row.content);
+        controller.setSelectionIndexes(row.selected);
+        controller.setContent(row.next);
+        EXPECT_EQ(controller.selectionIndexes(), row.stillSelected) << (&row - rows);
+    }
+}
+
 TEST_F(NSArrayControllerSurprises, AGetterMayDestroyTheControllerThatIsBoundTo)
 {
     first.whenRead = [this] { controller.reset(); };
