@@ -455,6 +455,21 @@ TEST_F(LibraryImportTests, AFileOfAnotherLibraryStaysHoweverAStrangersFileNamesI
     EXPECT_EQ(mediaNames(), QStringList(u"a.0.png"_s));
 }
 
+TEST_F(LibraryImportTests, AFileThatATextNamesStays)
+{
+    tree.add(u"photo.jpg"_s);
+    tree.add(u"b.jpg"_s);
+    import("Photo\nphoto.jpg\nb.jpg\n");
+    const QStringList before = mediaNames();
+    EXPECT_EQ(before, QStringList({u"b.0.jpg"_s, u"photo.0.jpg"_s}));
+    // Two of three are too few for a column of media, and it has another name than the old one.
+    const CommandResult result = import(
+        "Picture\ncobblemedia://photo.0.jpg\ncobblemedia://b.0.jpg\nnone\n", {u"--replace"_s});
+    EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
+    EXPECT_TRUE(result.output.contains(u"kt_picture   text   3"_s)) << result.output.toStdString();
+    EXPECT_EQ(mediaNames(), before);
+}
+
 TEST_F(LibraryImportTests, AsManyColumnsAsThereMayBe)
 {
     QByteArray header, row;

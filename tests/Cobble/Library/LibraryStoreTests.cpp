@@ -148,7 +148,34 @@ TEST_F(LibraryStoreTests, KnowsWhichMediaAreUsed)
     EXPECT_TRUE(used->contains(u"cobblemedia://a"_s));
     EXPECT_FALSE(used->contains(u"cobblemedia://b"_s));
     EXPECT_FALSE(used->contains(u"Ann"_s));
-    EXPECT_EQ(*store->mediaOf(contacts()), *used);
+    EXPECT_EQ(*used, QSet<QString>({u"cobblemedia://a"_s}));
+    EXPECT_EQ(*store->mediaOf(contacts()), QSet<QString>({u"cobblemedia://a"_s, u""_s}));
+}
+
+TEST_F(LibraryStoreTests, MediaAreInUseWhateverTheTypeOfTheirField)
+{
+    const auto store = open();
+    ASSERT_TRUE(store->begin() && store->create(contacts()));
+    ASSERT_TRUE(store->insert({u"cobblemedia://b"_s, u" CobbleMedia://c\n"_s, u"a"_s}));
+    ASSERT_TRUE(store->insert({u"see cobblemedia://d"_s, 5, u"cobblemedia:e"_s}));
+    EXPECT_EQ(*store->usedMedia(),
+              QSet<QString>({u"cobblemedia://b"_s, u"CobbleMedia://c"_s, u"cobblemedia:e"_s}));
+}
+
+TEST_F(LibraryStoreTests, MediaAreInUseInAnyOfManyFields)
+{
+    Library library = contacts();
+    library.fields.clear();
+    QVariantList values;
+    for (int number = 0; number < 1999; ++number) {
+        library.fields += fieldNamed(u"kt_%1"_s.arg(number), FieldType::Text);
+        values += number % 400 == 99 ? u"cobblemedia://%1"_s.arg(number) : u"x"_s;
+    }
+    const auto store = open();
+    ASSERT_TRUE(store->begin() && store->create(library) && store->insert(values));
+    EXPECT_EQ(*store->usedMedia(),
+              QSet<QString>({u"cobblemedia://99"_s, u"cobblemedia://499"_s, u"cobblemedia://899"_s,
+                             u"cobblemedia://1299"_s, u"cobblemedia://1699"_s}));
 }
 
 TEST_F(LibraryStoreTests, MediaThatMayBeUsedAreNotKnown)

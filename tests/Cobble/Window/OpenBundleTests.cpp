@@ -87,6 +87,22 @@ TEST_F(OpenBundleTests, RecordsTakeNoFilesOfOtherFoldersAlong)
     EXPECT_TRUE(removed) << removed.reason().toStdString();
 }
 
+TEST_F(OpenBundleTests, RecordsLeaveFilesThatATextElsewhereNames)
+{
+    tree.add(u"a.png"_s, "picture");
+    tree.add(u"Pictures.csv"_s, "Name,Photo\nAnn,a.png\nBob,a.png\n");
+    tree.add(u"Notes.csv"_s, "Note\ncobblemedia://a.0.png\none\ntwo\n");
+    for (const QString &name : {u"Pictures.csv"_s, u"Notes.csv"_s})
+        ASSERT_EQ(runInProcess({u"import"_s, tree.path(name), u"--bundle"_s, bundle.bundlePath()})
+                      .exitCode,
+                  0);
+    OpenBundle opened(bundle);
+    const auto library = *opened.open(u"Pictures"_s);
+    for (int count = 0; count < 2; ++count)
+        ASSERT_TRUE(library->removeRecords({library->records().first().value<StoredRecord *>()}));
+    EXPECT_EQ(QDir(bundle.mediaFolderPath()).entryList(QDir::Files), QStringList(u"a.0.png"_s));
+}
+
 TEST_F(OpenBundleTests, SaysWhyABundleIsNotOpened)
 {
     import(u"Things.csv"_s, Things);

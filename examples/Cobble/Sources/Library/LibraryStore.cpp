@@ -53,6 +53,31 @@ QString recordsOf(const Library &library)
     return u"SELECT " + columns + u" FROM " + quoted(library.tableName);
 }
 
+/// Columns that are looked through at once; SQLite does not take any number of conditions.
+constexpr qsizetype ColumnsAtOnce = 100;
+
+/// The rows in which some of the columns hold what may be a media URL.
+QString rowsWithMedia(const QString &table, const QList<LibraryField> &fields)
+{
+    QStringList columns;
+    QStringList conditions;
+    for (const LibraryField &field : fields) {
+        columns += columnIn(table, field.columnName);
+        conditions += columns.last() + u" LIKE '%cobblemedia:%'"_s;
+    }
+    return u"SELECT " + columns.join(u", "_s) + u" FROM " + quoted(table) + u" WHERE " +
+           conditions.join(u" OR "_s);
+}
+
+void addMediaIn(const QSqlQuery &row, qsizetype columnCount, QSet<QString> *media)
+{
+    for (qsizetype column = 0; column < columnCount; ++column) {
+        const QString text = row.value(int(column)).toString().trimmed();
+        if (text.startsWith(u"cobblemedia:", Qt::CaseInsensitive))
+            media->insert(text);
+    }
+}
+
 QString optionsText(const QVariantMap &options)
 {
     return QString::fromUtf8(
@@ -371,12 +396,27 @@ Outcome<QSet<QString>> LibraryStore::usedMedia()
         return all.failure();
     QSet<QString> used;
     for (const Library &library : *all) {
-        const Outcome<QSet<QString>> media = mediaOf(library);
-        if (!media)
-            return media;
-        used += *media;
+        const Outcome<> added = addUsedMedia(library, &used);
+        if (!added)
+            return added.failure();
     }
     return used;
+}
+
+/// Looks at all columns: who has a file's URL as a text still names the file.
+Outcome<> LibraryStore::addUsedMedia(const Library &library, QSet<QString> *used)
+{
+    Outcome<> outcome = needTable(library.tableName);
+    for (qsizetype first = 0; outcome && first < library.fields.size(); first += ColumnsAtOnce) {
+        const QList<LibraryField> fields = library.fields.mid(first, ColumnsAtOnce);
+        const auto rows = allRows(database(), rowsWithMedia(library.tableName, fields), {},
+                                  [&](const QSqlQuery &row) {
+                                      addMediaIn(row, fields.size(), used);
+                                      return true;
+                                  });
+        outcome = rows ? Outcome<>() : rows.failure();
+    }
+    return outcome;
 }
 
 Outcome<QSet<QString>> LibraryStore::mediaOf(const Library &library)

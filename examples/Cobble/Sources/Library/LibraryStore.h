@@ -80,7 +80,8 @@ public:
     RecordCursor records(const Library &library, qint64 limit = -1);
     /// The values in the fields of media of a library.
     Outcome<QSet<QString>> mediaOf(const Library &library);
-    /// Those of all libraries.
+    /// The media URLs in all fields of all libraries, whatever their types: also those that stand in
+    /// a field of texts name a file.
     Outcome<QSet<QString>> usedMedia();
 
     /// Begins to write; nobody else can until commit() or rollback().
@@ -124,6 +125,7 @@ private:
     Outcome<qint64> number(const QString &statement);
     Outcome<QList<Library>> librariesInCatalogue();
     Outcome<QList<LibraryField>> fieldsOf(const QString &tableName);
+    Outcome<> addUsedMedia(const Library &library, QSet<QString> *used);
     Outcome<> addEntry(const Library &library);
     Outcome<> addFields(const Library &library);
     Outcome<> addField(const QString &tableName, qsizetype position, const LibraryField &field);
