@@ -103,6 +103,40 @@ TEST_F(MediaCommandTests, WhatCannotBeAddedIsToldAndTheRestIsAdded)
                              "cobble: https://a/b.png: it cannot be stored\n"_s);
 }
 
+TEST_F(MediaCommandTests, WhatIsAddedAfterAnInterruptedImportStays)
+{
+    tree.add(u"Names.csv"_s, "Name,Photo\nAnn,a b.png\n");
+    ASSERT_EQ(run({u"import"_s, tree.path(u"Names.csv"_s)}).exitCode, 0);
+    // It has listed a name, a file that it has stored and one that a record has, and was killed.
+    const QString list = bundle + u"/Contents/Resources/ImportedMedia";
+    testing_support::writeFile(folder + u"left.0.png", "left");
+    testing_support::writeFile(list, "cobblemedia://left.0.png\ncobblemedia://a%20b.0.png\n"
+                                     "cobblemedia://big.0.mov\n");
+    tree.add(u"big.mov"_s, "mine");
+    tree.add(u"left.png"_s, "mine, too");
+    EXPECT_EQ(media({u"add"_s, tree.path(u"big.mov"_s), tree.path(u"left.png"_s)}).output,
+              u"cobblemedia://big.0.mov\ncobblemedia://left.0.png\n"_s);
+    EXPECT_FALSE(QFile::exists(list));
+    EXPECT_EQ(run({u"import"_s, tree.path(u"Names.csv"_s)}).exitCode, 0);
+    EXPECT_EQ(contentsOf(folder + u"big.0.mov"), "mine");
+    EXPECT_EQ(contentsOf(folder + u"left.0.png"), "mine, too");
+    EXPECT_EQ(contentsOf(folder + u"a b.0.png"), "picture");
+}
+
+TEST_F(MediaCommandTests, NothingIsAddedIfAnInterruptedImportCannotBeSettled)
+{
+    const QString resources = bundle + u"/Contents/Resources/";
+    testing_support::writeFile(resources + u"Database", QByteArray(4096, 'x'));
+    testing_support::writeFile(resources + u"ImportedMedia", "cobblemedia://a%20b.0.png\n");
+    const CommandResult result = media({u"add"_s, tree.path(u"a b.png"_s)});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.errors, QString(u"cobble: " + bundle + u": file is not a database\n"));
+    EXPECT_EQ(media({u"list"_s}).output, QString());
+    // Without a list, the database is of no matter.
+    ASSERT_TRUE(QFile::remove(resources + u"ImportedMedia"));
+    EXPECT_EQ(media({u"add"_s, tree.path(u"a b.png"_s)}).exitCode, 0);
+}
+
 TEST_F(MediaCommandTests, APageThatSaysNoIsNotAdded)
 {
     const LoopbackServer server;

@@ -3,6 +3,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Import/ImportSchemaTests.cpp
     Cobble/Import/ImportTransactionTests.cpp
     Cobble/Import/ImportValuesTests.cpp
+    Cobble/Import/InterruptedImportTests.cpp
     Cobble/Import/LibraryImportTests.cpp
     Cobble/Import/MediaDownloadsTests.cpp
     Cobble/Import/MediaReferenceTests.cpp

@@ -1,5 +1,6 @@
 #include "MediaCommand.h"
 
+#include "Import/InterruptedImport.h"
 #include "Import/MediaDownloads.h"
 #include "Import/MediaReference.h"
 #include "Import/UnusedMedia.h"
@@ -154,17 +155,20 @@ bool deleteMedia(const KTDatabaseBundle &bundle, const QString &text, CommandCon
     return false;
 }
 
-/// Does one of the actions while nobody imports into the bundle or moves it.
+/// Does one of the actions while nobody imports into the bundle or moves it. A file that is added
+/// must not get a name that an import has left which was interrupted: the next one would remove it.
 bool doLocked(Action action, const KTDatabaseBundle &bundle, const QString &text,
               CommandContext &context)
 {
     const bool wasThere = bundle.doesExist();
     BundleLock lock(bundle);
-    if (const Outcome<> locked = lockForChange(lock, bundle, wasThere); !locked) {
-        context.warn(bundle.bundlePath(), locked.reason());
-        return false;
-    }
-    return action(bundle, text, context);
+    const Outcome<> ready = lockForChange(lock, bundle, wasThere).andThen([&] {
+        return action == addMedia ? InterruptedImport::settle(bundle, lock.isLocked())
+                                  : Outcome<>();
+    });
+    if (!ready)
+        context.warn(bundle.bundlePath(), ready.reason());
+    return ready && action(bundle, text, context);
 }
 
 ExitCode runForEach(const QStringList &texts, Action action, const KTDatabaseBundle &bundle,

@@ -1,5 +1,6 @@
 #include "ImportTransaction.h"
 
+#include "InterruptedImport.h"
 #include "Library/BundleCheck.h"
 #include "Library/BundleOption.h"
 #include "UnusedMedia.h"
@@ -19,20 +20,13 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-using FileType = std::filesystem::file_type;
-
-/// What is at a path, not following links: FileType::none if the system does not say, which is not
-/// the same as FileType::not_found.
-FileType typeOf(const QString &path)
-{
-    std::error_code error;
-    return std::filesystem::symlink_status(QFile::encodeName(path).toStdString(), error).type();
-}
-
-/// Whether what will be at a path was made by this import, which removes it again then.
+/// Whether what will be at a path was made by this import, which removes it again then. If the
+/// system does not say, something is there.
 bool isFree(const QString &path)
 {
-    return typeOf(path) == FileType::not_found;
+    std::error_code error;
+    return std::filesystem::symlink_status(QFile::encodeName(path).toStdString(), error).type() ==
+           std::filesystem::file_type::not_found;
 }
 
 /// Files that are copied at once, in bytes.
@@ -73,7 +67,7 @@ Outcome<std::unique_ptr<ImportTransaction>> ImportTransaction::begin(const KTDat
 }
 
 ImportTransaction::ImportTransaction(const KTDatabaseBundle &bundle)
-    : _bundle(bundle), _lock(bundle), _mediaList(mediaListPath())
+    : _bundle(bundle), _lock(bundle), _mediaList(InterruptedImport::mediaListPath(bundle))
 {
 }
 
@@ -81,12 +75,6 @@ ImportTransaction::~ImportTransaction()
 {
     if (!_isDone)
         takeBack();
-}
-
-QString ImportTransaction::mediaListPath() const
-{
-    return NSString::stringByAppendingPathComponent(_bundle._resourcesFolderPath(),
-                                                    u"ImportedMedia"_s);
 }
 
 Outcome<> ImportTransaction::prepare(int patience)
@@ -103,7 +91,8 @@ Outcome<> ImportTransaction::prepare(int patience)
         return Failure{u"the database bundle cannot be made"_s};
     return openStore()
         .andThen([this] { return _store->begin(); })
-        .andThen([this] { return removeMediaBefore(); })
+        .andThen(
+            [this] { return InterruptedImport::removeMedia(_bundle, *_store, _lock.isLocked()); })
         .andThen([this] { return beginList(); });
 }
 
@@ -116,32 +105,12 @@ Outcome<> ImportTransaction::openStore()
     return {};
 }
 
-/// Removes the media files of an import that was killed.
-Outcome<> ImportTransaction::removeMediaBefore()
-{
-    // A bundle from elsewhere may bring a list, and a link to a folder of the user's.
-    const FileType folder = typeOf(_bundle.mediaFolderPath());
-    const bool areGone = folder == FileType::directory
-                             ? removeMediaInList() && removeUnfinishedMedia()
-                             : folder != FileType::none;
-    if (areGone)
-        return {};
-    return Failure{u"the files of an import that was interrupted cannot be removed"_s};
-}
-
 /// Makes the list anew: a link in its place must not lead to another file.
 Outcome<> ImportTransaction::beginList()
 {
     _mediaList.remove();
     _isListing = _mediaList.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered);
     return _isListing ? Outcome<>() : Failure{_mediaList.errorString()};
-}
-
-/// Removes copies that were never finished. Without a lock of ours they may be somebody's who is at
-/// work.
-bool ImportTransaction::removeUnfinishedMedia() const
-{
-    return !_lock.isLocked() || UnusedMedia::removeUnfinished(_bundle);
 }
 
 std::optional<NSURL> ImportTransaction::storeMedia(const NSURL &url,
@@ -228,24 +197,6 @@ Outcome<> ImportTransaction::removeLibrary(const Library &library)
         return media.failure();
     _mediaOfRemovedLibraries += *media;
     return _store->remove(library);
-}
-
-/// Removes the media files that an import has left which was interrupted, except those in use.
-/// \return false if some are still there, or may be.
-bool ImportTransaction::removeMediaInList()
-{
-    QFile list(mediaListPath());
-    const FileType type = typeOf(mediaListPath());
-    if (type != FileType::regular)
-        return type != FileType::none;
-    if (!list.open(QIODevice::ReadOnly))
-        return false;
-    QSet<QString> urls;
-    // A last line that was cut off would name another file.
-    for (QByteArray line = list.readLine(); line.endsWith('\n'); line = list.readLine())
-        urls += QString::fromLatin1(line.chopped(1));
-    return list.error() == QFileDevice::NoError &&
-           UnusedMedia::remove(_bundle, *_store, urls).isEmpty();
 }
 
 /// Removes the media files of this import, whose records never will be written.

@@ -12,9 +12,9 @@
 ///
 /// What is written becomes visible with commit(). Without that, or if the process dies, the
 /// database stays as it was. The names of the media files that are stored, and of those that will go
-/// with removed libraries, are kept in a file beside the database, so that the next import removes
-/// what one that was interrupted has left, before it was committed or after. Imports wait for each
-/// other.
+/// with removed libraries, are kept in a file beside the database, so that who next stores files
+/// removes what one that was interrupted has left, before it was committed or after; see
+/// InterruptedImport. Imports wait for each other.
 ///
 /// \code
 /// const auto import = *ImportTransaction::begin(bundle);
@@ -49,16 +49,12 @@ private:
     explicit ImportTransaction(const KTDatabaseBundle &bundle);
     Outcome<> prepare(int patience);
     Outcome<> openStore();
-    QString mediaListPath() const;
     Outcome<> beginList();
     bool addToList(const QString &url);
     void cutList(qint64 size);
     std::optional<NSURL> listAnew(const NSURL &stored, qint64 size);
     bool listRemovedMedia();
-    bool removeMediaInList();
     bool removeStoredMedia() const;
-    Outcome<> removeMediaBefore();
-    bool removeUnfinishedMedia() const;
     void takeBack();
     void removeDatabase() const;
     void removeEmptyBundle() const;

@@ -6,6 +6,7 @@ target_sources(CobbleHost PRIVATE
     Sources/Import/ImportSink.h
     Sources/Import/ImportTransaction.cpp
     Sources/Import/ImportValues.cpp
+    Sources/Import/InterruptedImport.cpp
     Sources/Import/LibraryImport.cpp
     Sources/Import/MediaDownloads.cpp
     Sources/Import/MediaReference.cpp
