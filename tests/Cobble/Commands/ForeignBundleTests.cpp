@@ -56,8 +56,8 @@ struct ForeignRow
     /// What "show" says of it, and "show people"; nil if it shows it.
     QString listReason;
     QString reason;
-    /// Whether commands that write refuse it, too.
-    bool isRefused = true;
+    /// What an import says of it; nil if that is of no matter, as long as it touches nothing else.
+    QString refusal;
 };
 
 void PrintTo(const ForeignRow &row, std::ostream *stream)
@@ -81,7 +81,7 @@ using Bundle = const KTDatabaseBundle &;
 QList<ForeignRow> rowsThatLeadOut()
 {
     const auto row = [](const char *name, const QString &reason, const Prepare &prepare) {
-        return ForeignRow{name, prepare, reason, reason};
+        return ForeignRow{name, prepare, reason, reason, reason};
     };
     return {
         row("JournalNamesAFile", NamesFile,
@@ -123,7 +123,7 @@ QList<ForeignRow> rowsThatLie()
 {
     const auto row = [](const char *name, const QString &listReason, const QString &reason,
                         const Prepare &prepare) {
-        return ForeignRow{name, prepare, listReason, reason, false};
+        return ForeignRow{name, prepare, listReason, reason, {}};
     };
     return {
         row("EndlessView", u"'kt_people' is no table"_s, u"'kt_people' is no table"_s,
@@ -158,8 +158,45 @@ QList<ForeignRow> rowsThatLie()
                 change(b, {u"DROP TABLE kt_people"_s,
                            u"CREATE TABLE kt_people (kt_name, kt_photo)"_s});
             }),
+        row("ComputedColumn", u"'kt_people' has a computed column"_s,
+            u"'kt_people' has a computed column"_s,
+            [](Tree, Bundle b) {
+                change(b, {u"DROP TABLE kt_people"_s,
+                           u"CREATE TABLE kt_people (id INTEGER PRIMARY KEY, kt_photo, kt_name "
+                           "TEXT AS (printf('%.*c', 2000000, 'x')))"_s,
+                           u"INSERT INTO kt_people (kt_photo) VALUES ('x')"_s});
+            }),
+        row("ComputedCatalogue", u"'cobble_library' has a computed column"_s,
+            u"'cobble_library' has a computed column"_s,
+            [](Tree, Bundle b) {
+                change(b, {u"ALTER TABLE cobble_library RENAME TO other"_s,
+                           u"CREATE TABLE cobble_library (name, library_entity, entity TEXT AS "
+                           "(printf('%.*c', 2000000, 'x')) STORED, table_name)"_s,
+                           u"INSERT INTO cobble_library SELECT name, library_entity, table_name "
+                           "FROM other"_s});
+            }),
         row("NoFields", {}, u"the library has no fields"_s,
             [](Tree, Bundle b) { change(b, {u"DELETE FROM cobble_field"_s}); }),
+    };
+}
+
+/// Those that do something by themselves when they are changed.
+QList<ForeignRow> rowsThatAct()
+{
+    const QString refusal = u"the database has a trigger, which Cobble does not use"_s;
+    const QString trigger = u"CREATE TRIGGER act AFTER INSERT ON cobble_library BEGIN "
+                            "DELETE FROM cobble_field; END"_s;
+    return {
+        {"Trigger", [trigger](Tree, Bundle b) { change(b, {trigger}); }, {}, {}, refusal},
+        {"TriggerThatSaysItIsNone",
+         [trigger](Tree, Bundle b) {
+             change(b, {trigger, u"PRAGMA writable_schema = ON"_s,
+                        u"UPDATE sqlite_master SET type = 'table', sql = replace(sql, 'CREATE ', "
+                        "'CREATE/**/') WHERE type = 'trigger'"_s});
+         },
+         {},
+         {},
+         refusal},
     };
 }
 
@@ -224,8 +261,8 @@ TEST_P(ForeignBundleTests, WritingToItTouchesNothingElse)
     const ForeignRow &row = GetParam();
     row.prepare(tree, bundle);
     const QStringList replacing{u"import"_s, tree.path(u"people.csv"_s), u"--replace"_s};
-    if (row.isRefused)
-        expectReason(replacing, row.reason);
+    if (!row.refusal.isNull())
+        expectReason(replacing, row.refusal);
     else
         (void)run(replacing);
     expectDocumentsAreThere();
@@ -236,6 +273,10 @@ TEST_P(ForeignBundleTests, WritingToItTouchesNothingElse)
 }
 
 INSTANTIATE_TEST_SUITE_P(LeadOut, ForeignBundleTests, testing::ValuesIn(rowsThatLeadOut()),
+                         [](const testing::TestParamInfo<ForeignRow> &row) {
+                             return row.param.name;
+                         });
+INSTANTIATE_TEST_SUITE_P(Act, ForeignBundleTests, testing::ValuesIn(rowsThatAct()),
                          [](const testing::TestParamInfo<ForeignRow> &row) {
                              return row.param.name;
                          });
@@ -252,7 +293,7 @@ class InterruptedBundleTests : public ForeignBundleTests
 /// One whose change was interrupted, as a power failure leaves it.
 QList<ForeignRow> interruptedRow()
 {
-    return {{"Interrupted", [](Tree, Bundle b) { leaveHotJournal(b); }, {}, {}, false}};
+    return {{"Interrupted", [](Tree, Bundle b) { leaveHotJournal(b); }, {}, {}, {}}};
 }
 } // namespace
 

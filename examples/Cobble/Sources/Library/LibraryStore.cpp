@@ -224,8 +224,23 @@ Outcome<> LibraryStore::openForReading()
 Outcome<> LibraryStore::openForWriting()
 {
     const Outcome<> opened = connect(_bundle.databaseFilePath(), DatabaseConnection::Access::Write);
-    _isForWriting = bool(opened);
-    return opened;
+    const Outcome<> outcome = opened.andThen([this] { return checkNoTriggers(); });
+    _isForWriting = bool(outcome);
+    return outcome;
+}
+
+/// A trigger does with each change what somebody else has written, which may have no end.
+Outcome<> LibraryStore::checkNoTriggers()
+{
+    // SQLite goes by the statement, whatever the entry says that it is.
+    const Outcome<qint64> count = number(
+        u"SELECT count(*) FROM sqlite_master WHERE type = 'trigger' OR NOT (sql LIKE "
+        "'CREATE TABLE %' OR sql LIKE 'CREATE VIRTUAL TABLE %' OR sql LIKE 'CREATE VIEW %' OR "
+        "sql LIKE 'CREATE INDEX %' OR sql LIKE 'CREATE UNIQUE INDEX %')"_s);
+    if (!count)
+        return count.failure();
+    return *count == 0 ? Outcome<>()
+                       : Failure{u"the database has a trigger, which Cobble does not use"_s};
 }
 
 Outcome<> LibraryStore::connect(const QString &path, DatabaseConnection::Access access)
@@ -299,7 +314,20 @@ Outcome<QList<LibraryField>> LibraryStore::fieldsOf(const QString &tableName)
                    {tableName}, fieldIn);
 }
 
-/// Whether there is a table. A view of that name, which may have no end, is an error.
+/// Fails for columns that the database makes by itself, of whatever size.
+Outcome<> LibraryStore::checkColumns(const QString &table)
+{
+    const auto areStored =
+        allRows(database(), u"PRAGMA table_xinfo(" + quoted(table) + u')', {},
+                [](const QSqlQuery &row) { return row.value(u"hidden"_s).toInt() == 0; });
+    if (!areStored)
+        return areStored.failure();
+    return areStored->contains(false) ? Failure{u"'%1' has a computed column"_s.arg(table)}
+                                      : Outcome<>();
+}
+
+/// Whether there is a table. A view of that name, which may have no end, is an error, and so is a
+/// table that computes columns.
 Outcome<bool> LibraryStore::hasTable(const QString &name)
 {
     // Tables have pages of their own; views and what is computed by a module have none.
@@ -312,6 +340,8 @@ Outcome<bool> LibraryStore::hasTable(const QString &name)
         return areTables.failure();
     if (areTables->contains(false))
         return Failure{u"'%1' is no table"_s.arg(name)};
+    if (const Outcome<> checked = checkColumns(name); !checked)
+        return checked.failure();
     return !areTables->isEmpty();
 }
 

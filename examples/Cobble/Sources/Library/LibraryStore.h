@@ -49,7 +49,8 @@ private:
 /// Bundles come from other people, too. A store that was opened for an existing database changes
 /// nothing in the bundle, and makes no file in it, until something is written; see BundleCheck for
 /// what is not opened at all. If a change was interrupted, it shows what was there before. Views in
-/// the place of tables are not read.
+/// the place of tables are not read, nor tables with computed columns, and nothing is written where
+/// there are triggers.
 ///
 /// \code
 /// const auto store = LibraryStore::open(bundle, LibraryStore::Mode::Existing);
@@ -118,6 +119,8 @@ private:
     void followVersionsOf(const DatabaseConnection &reading);
     QSqlDatabase database() const;
     Outcome<> checkVersion();
+    Outcome<> checkNoTriggers();
+    Outcome<> checkColumns(const QString &table);
     Outcome<bool> hasTable(const QString &name);
     Outcome<> needTable(const QString &name);
     Outcome<> checkLibrary(const Library &library);
