@@ -44,6 +44,29 @@ TEST(CSVText, FormulasAreMarkedIfThatIsWanted)
     EXPECT_EQ(CSVText::row(fields, CSVText::Formulas::AsText), u"'=1+1,a,\"'=A1,B1\",-5\r\n"_s);
 }
 
+TEST(CSVText, WhatIsPastedStaysInItsCell)
+{
+    const QList<std::pair<QString, QString>> cases = {
+        {u"a"_s, u"a"_s},
+        {u""_s, u""_s},
+        {u"-12"_s, u"-12"_s},
+        {u"a, \"b\"; c"_s, u"a, \"b\"; c"_s},
+        {u"a\tb\nc\rd\r\ne"_s, u"a b c d e"_s},
+        {u"a\vb\fc\u0085d\u2028e\u2029f"_s, u"a b c d e f"_s},
+        {u"=1+1"_s, u"'=1+1"_s},
+        {u"a\t=1+1\n=2+2"_s, u"a =1+1 =2+2"_s},
+        {u"\t\r\n=1+1"_s, u"'  =1+1"_s},
+        // Spreadsheets take quotes at the beginning away, and run what was in them.
+        {u"\"=1+1\""_s, u"\"\"\"=1+1\"\"\""_s},
+        {u"\"a"_s, u"\"\"\"a\""_s},
+        {u" \"a"_s, u"\" \"\"a\""_s},
+    };
+    for (const auto &[field, pasted] : cases)
+        EXPECT_EQ(CSVText::pasted(field), pasted);
+    EXPECT_EQ(CSVText::pastedRow({u"a\tb"_s, u""_s, u"@c"_s}), u"a b\t\t'@c\n"_s);
+    EXPECT_EQ(CSVText::pastedRow({}), u"\n"_s);
+}
+
 TEST(CSVText, ReadersGetBackWhatWasWritten)
 {
     QStringList fields = {u""_s, u"  "_s, u"\""_s, u"a\r\nb"_s};

@@ -105,11 +105,21 @@ TEST_F(MainWindowVisualTests, DraggedRowsAreTexts)
     RecordTableModel *const model = window->model();
     const std::unique_ptr<QMimeData> data(model->mimeData(
         {model->index(1, 0), model->index(1, 1), model->index(0, 0), model->index(0, 4)}));
-    EXPECT_EQ(data->text(), u"Ann\t7\t$5.50\t3/4/2008\tfirst\nsecond\n"
+    EXPECT_EQ(data->text(), u"Ann\t7\t$5.50\t3/4/2008\tfirst second\n"
                             "Bjørn\t-12\t$1.00\t4/5/2008\t\n"_s);
     EXPECT_EQ(data->data(u"text/csv"_s), u"Name,Visits,Paid,Since,Notes\r\n"
                                          "Ann,7,$5.50,3/4/2008,\"first\nsecond\"\r\n"
                                          "Bjørn,-12,$1.00,4/5/2008,\r\n"_s.toUtf8());
+}
+
+TEST_F(MainWindowVisualTests, DraggedRowsBringNoFormulas)
+{
+    import(u"Links.csv"_s, "Link,Note\n=HYPERLINK(1),\"a\t=1+1\n=2+2\"\n");
+    MainWindowController *const window = open();
+    RecordTableModel *const model = window->model();
+    const std::unique_ptr<QMimeData> data(model->mimeData({model->index(0, 0)}));
+    EXPECT_EQ(data->text(), u"'=HYPERLINK(1)\ta =1+1 =2+2\n"_s);
+    EXPECT_EQ(data->data(u"text/csv"_s), "Link,Note\r\n'=HYPERLINK(1),\"a\t=1+1\n=2+2\"\r\n");
 }
 
 TEST_F(MainWindowVisualTests, TheFormHasARingWhileTheKeyboardIsInIt)

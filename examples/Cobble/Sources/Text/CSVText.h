@@ -41,4 +41,28 @@ inline QString row(const QStringList &fields, Formulas formulas = Formulas::AsTy
     const QString row = texts.join(u',');
     return QString((row.isEmpty() ? QStringLiteral("\"\"") : row) + u"\r\n");
 }
+
+/// A field as it stands between tabs where a text is dropped or pasted: on one line, without tabs,
+/// and marked if a spreadsheet would run it. It is in quotes only if it begins with one, which
+/// spreadsheets take for the beginning of such a field.
+inline QString pasted(const QString &field)
+{
+    const auto breaks = [](QChar unit) {
+        return unit == u'\t' || (unit >= u'\n' && unit <= u'\r') || unit == QChar(0x85) ||
+               unit == QChar::LineSeparator || unit == QChar::ParagraphSeparator;
+    };
+    QString text = QString(field).replace(QStringLiteral("\r\n"), QStringLiteral(" "));
+    std::replace_if(text.begin(), text.end(), breaks, QChar(u' '));
+    text = FormulaText::marked(text);
+    return text.trimmed().startsWith(u'"') ? quoted(text) : text;
+}
+
+/// A row of fields as a text that can be dropped or pasted, with the end of its line.
+inline QString pastedRow(const QStringList &fields)
+{
+    QStringList texts;
+    for (const QString &field : fields)
+        texts += pasted(field);
+    return QString(texts.join(u'\t') + u'\n');
+}
 } // namespace CSVText

@@ -176,7 +176,7 @@ QMimeData *RecordTableModel::mimeData(const QModelIndexList &indexes) const
     for (auto row = rows.begin(); row != rows.end(); ++row) {
         const QStringList cells = texts(row.key());
         separated += CSVText::row(cells, CSVText::Formulas::AsText);
-        plain += cells.join(u'\t') + u'\n';
+        plain += CSVText::pastedRow(cells);
     }
     auto *const data = new QMimeData;
     data->setText(plain);
