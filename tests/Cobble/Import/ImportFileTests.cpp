@@ -142,7 +142,7 @@ TEST_F(ImportFileTests, APreviewLooksAtMediaAndStoresNothing)
                                            server.url(u"/pic.jpg"_s).toUtf8() + "\nftp://a/b\n");
     ASSERT_TRUE(file);
     const QJsonObject before = tree.contents();
-    const auto values = file->preview();
+    const auto values = file->preview(request);
     ASSERT_TRUE(values);
     EXPECT_EQ(values->columns.at(0).read, 2);
     QStringList reasons;

@@ -325,6 +325,43 @@ TEST_F(LibraryImportTests, ADryRunSaysWhatWouldNotBeTaken)
     EXPECT_FALSE(bundle.doesExist());
 }
 
+TEST_F(LibraryImportTests, ADryRunSaysWhatAReplacementWouldDo)
+{
+    struct Row
+    {
+        QByteArray contents;
+        QString error; ///< nil if it would be stored
+        QString column;
+    };
+    const Row rows[] = {
+        {"Photo\na.png\n", {}, u"kt_photo     media  1     0         0\n"_s},
+        {"Photo\ncobblemedia://a.0.png\nlost.png\n",
+         {},
+         u"kt_photo     media  1     1         0\n"_s},
+        {"Photo\na.png\nmissing.jpg\n", u"row 2: 'missing.jpg': there is no such file\n"_s, {}},
+        {"Photo\ncobblemedia://none\n",
+         u"row 1: 'cobblemedia://none': there is no such file\n"_s,
+         {}},
+        {"Name\nAnn\n", {}, u"kt_name      text   1"_s},
+    };
+    tree.add(u"a.png"_s);
+    import("Photo\na.png\nlost.png\n", {u"--media"_s, u"Photo"_s});
+    const QStringList media = mediaNames();
+    for (const Row &row : rows) {
+        const CommandResult dry = import(row.contents, {u"--replace"_s, u"--dry-run"_s});
+        EXPECT_EQ(dry.exitCode, row.error.isNull() ? 0 : 1) << row.contents.toStdString();
+        EXPECT_TRUE(dry.output.contains(row.column)) << dry.output.toStdString();
+        EXPECT_EQ(dry.errors,
+                  row.error.isNull() ? QString() : u"cobble: " + bundlePath + u": " + row.error);
+        EXPECT_EQ(mediaNames(), media);
+        EXPECT_EQ(firstFieldsOf(u"Things"_s), u"cobblemedia://a.0.png,lost.png"_s);
+    }
+    // The import does the same.
+    for (const Row &row : {rows[2], rows[3]})
+        EXPECT_TRUE(import(row.contents, {u"--replace"_s}).errors.endsWith(row.error));
+    EXPECT_TRUE(import(rows[1].contents, {u"--replace"_s}).output.contains(rows[1].column));
+}
+
 TEST_F(LibraryImportTests, OldPicturesStayIfTheServerOfTheNewOnesIsGone)
 {
     QByteArray csv;

@@ -8,6 +8,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Import/MediaDownloadsTests.cpp
     Cobble/Import/MediaReferenceTests.cpp
     Cobble/Import/MediaSourcesTests.cpp
+    Cobble/Import/ReplacedLibraryTests.cpp
     Cobble/Import/RowSourceTests.cpp
     Cobble/Import/SeparatedTextTests.cpp
     Cobble/Import/TableTests.cpp

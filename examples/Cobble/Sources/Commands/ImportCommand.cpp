@@ -72,9 +72,9 @@ void warnOfQuote(const ImportRequest &request, const RowSource &rows, CommandCon
 
 ExitCode showOnly(const ImportRequest &request, const ImportFile &file, CommandContext &context)
 {
-    const Outcome<ImportValues> values = file.preview();
+    const Outcome<ImportValues> values = file.preview(request);
     if (!values)
-        return context.fail(request.path, values.reason());
+        return context.fail(request.bundle.bundlePath(), values.reason());
     ImportReport::printValues(file.schema, *values, context.out());
     return ExitCode::Success;
 }

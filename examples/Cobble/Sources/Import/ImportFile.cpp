@@ -2,9 +2,12 @@
 
 #include "ImportTransaction.h"
 #include "Library/PlugIns.h"
+#include "ReplacedLibrary.h"
 #include "SeparatedText.h"
 #include "Table.h"
 #include "Text/TextFile.h"
+
+#include <KTUtility/NSFileManager>
 
 #include <QFileInfo>
 
@@ -85,44 +88,50 @@ Outcome<> useMediaColumns(const QStringList &headers, ImportFile *file)
     return {};
 }
 
-/// Columns of media of the library that will be replaced stay such, even if no file can be found:
-/// as texts they would let the files go that the library has.
-Outcome<> keepMediaColumns(LibraryStore &store, const ImportSchema &schema,
-                           QMap<qsizetype, FieldType> *types)
-{
-    const Outcome<QList<Library>> libraries = store.libraries();
-    if (!libraries)
-        return libraries.failure();
-    const std::optional<Library> other = Libraries::named(schema.libraryName, *libraries);
-    const QSet<QString> columns = other ? other->mediaColumns() : QSet<QString>();
-    for (qsizetype column = 0; column < schema.columns.size(); ++column) {
-        if (columns.contains(schema.columns.at(column).columnName))
-            types->insert(column, FieldType::Media);
-    }
-    return {};
-}
-
 /// Looks at media without storing them, and at nothing else.
 class Preview : public ImportSink
 {
 public:
-    explicit Preview(const MediaSources &sources) : _sources(sources) {}
+    Preview(const MediaSources &sources, const KTDatabaseBundle &bundle,
+            const ReplacedLibrary &replaced)
+        : _sources(sources), _bundle(bundle), _replaced(replaced)
+    {
+    }
 
     Outcome<> begin(const std::vector<std::unique_ptr<FieldReader>> &) override { return {}; }
-    Outcome<> addRow(const QVariantList &) override { return {}; }
+    Outcome<> addRow(const QVariantList &) override
+    {
+        ++_row;
+        return _ended;
+    }
     Outcome<QVariant> storeMedia(qsizetype column, const QString &text) override
     {
         const Outcome<NSURL> url = _sources.urlIn(column, text);
-        if (!url)
-            return url.failure();
-        const Outcome<> checked = url->isFileURL() ? MediaSources::check(url->path()) : Outcome<>();
-        if (!checked)
-            return checked.failure();
-        return QVariant(text);
+        const Outcome<> checked = url ? check(*url) : url.failure();
+        if (checked)
+            return QVariant(text);
+        if (_ended && _replaced.loses(text))
+            _ended = ReplacedLibrary::loss(_row, text, checked.reason());
+        return checked.failure();
     }
 
 private:
+    /// What is on the web is taken to be there.
+    Outcome<> check(const NSURL &url) const
+    {
+        if (url.isFileURL())
+            return MediaSources::check(url.path());
+        const bool isMissing = _bundle.isMediaURL(url) &&
+                               !NSFileManager::fileExistsAtPath(_bundle.filePathFromMediaUrl(url));
+        return isMissing ? Failure{u"there is no such file"_s} : Outcome<>();
+    }
+
     const MediaSources &_sources;
+    const KTDatabaseBundle &_bundle;
+    const ReplacedLibrary &_replaced;
+    /// What ends the import with the current row.
+    Outcome<> _ended;
+    qint64 _row = 1;
 };
 } // namespace
 
@@ -175,10 +184,16 @@ Outcome<> ImportFile::downloadInto(MediaDownloads *downloads) const
     return outcome;
 }
 
-Outcome<ImportValues> ImportFile::preview() const
+Outcome<ImportValues> ImportFile::preview(const ImportRequest &request) const
 {
-    Preview sink(media);
+    const Outcome<ReplacedLibrary> replaced =
+        request.replaces ? ReplacedLibrary::find(request.bundle, schema.libraryName)
+                         : ReplacedLibrary();
+    if (!replaced)
+        return replaced.failure();
+    Preview sink(media, request.bundle, *replaced);
     ImportValues::Settings reading = settings;
+    replaced->keepMediaColumns(schema, &reading.types);
     reading.sink = &sink;
     return ImportValues::of(*rows, reading);
 }
@@ -201,11 +216,13 @@ Outcome<StoredImport> ImportFile::store(const ImportRequest &request, int patien
         return goesOn(row);
     };
     storing.sink = &import;
-    const Outcome<> kept = request.replaces
-                               ? keepMediaColumns((*transaction)->store(), schema, &storing.types)
-                               : Outcome<>();
-    if (!kept)
-        return kept.failure();
+    const Outcome<ReplacedLibrary> replaced =
+        request.replaces
+            ? ReplacedLibrary::find((*transaction)->store(), request.bundle, schema.libraryName)
+            : ReplacedLibrary();
+    if (!replaced)
+        return replaced.failure();
+    replaced->keepMediaColumns(schema, &storing.types);
     const Outcome<ImportValues> values = ImportValues::of(*rows, storing);
     if (!values)
         return values.failure();

@@ -36,8 +36,10 @@ struct ImportFile
     /// \param patience how long to wait for another import, in milliseconds.
     Outcome<StoredImport> store(const ImportRequest &request, int patience = 5000) const;
 
-    /// Reads the values as store() would, without downloading or storing anything.
-    Outcome<ImportValues> preview() const;
+    /// Reads the values as store() would, without downloading or storing anything: what is on the web
+    /// is taken to be there. If a library is to be replaced, it is looked at, and this fails as
+    /// store() would where files would be lost.
+    Outcome<ImportValues> preview(const ImportRequest &request) const;
 
     std::shared_ptr<const RowSource> rows;
     ImportSchema schema;

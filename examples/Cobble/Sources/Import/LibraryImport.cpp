@@ -5,7 +5,6 @@
 #include <KTUtility/NSPathUtilities>
 #include <KTUtility/NSString_KTNaming>
 
-#include <algorithm>
 #include <climits>
 
 using namespace Qt::StringLiterals;
@@ -26,12 +25,6 @@ QVariantMap optionsOf(const FieldReader &reader)
 {
     const QString currency = reader.currencyType();
     return currency.isNull() ? QVariantMap() : QVariantMap{{kKTFieldOption_currencyType, currency}};
-}
-
-bool namesMedia(const KTDatabaseBundle &bundle, const QString &text)
-{
-    const std::optional<NSURL> url = NSURL::URLWithString(text);
-    return url && bundle.isMediaURL(*url);
 }
 
 /// Whether a file cannot be stored for its name, to which a number is added.
@@ -55,23 +48,12 @@ LibraryImport::LibraryImport(ImportTransaction &transaction, const ImportSchema 
 
 Outcome<> LibraryImport::removeOther()
 {
-    const Outcome<QList<Library>> others = _transaction.store().libraries();
-    if (!others)
-        return others.failure();
-    const std::optional<Library> other = Libraries::named(_library.name, *others);
-    return other ? remove(*other) : Outcome<>();
-}
-
-Outcome<> LibraryImport::remove(const Library &other)
-{
-    const Outcome<QSet<QString>> media = _transaction.store().mediaOf(other);
-    if (!media)
-        return media.failure();
-    const KTDatabaseBundle &bundle = _transaction.bundle();
-    if (std::any_of(media->begin(), media->end(),
-                    [&bundle](const QString &text) { return namesMedia(bundle, text); }))
-        _replacedMedia = *media;
-    return _transaction.removeLibrary(other);
+    const Outcome<ReplacedLibrary> replaced =
+        ReplacedLibrary::find(_transaction.store(), _transaction.bundle(), _library.name);
+    if (!replaced)
+        return replaced.failure();
+    _replaced = *replaced;
+    return _replaced.library() ? _transaction.removeLibrary(*_replaced.library()) : Outcome<>();
 }
 
 Outcome<> LibraryImport::makeNamesUnique()
@@ -115,14 +97,13 @@ Outcome<NSURL> LibraryImport::fileOf(const NSURL &url) const
 void LibraryImport::end(const QString &text, const QString &reason)
 {
     if (_ended)
-        _ended =
-            Failure{u"row %1: '%2': %3"_s.arg(QString::number(_recordCount + 1), text, reason)};
+        _ended = ReplacedLibrary::loss(_recordCount + 1, text, reason);
 }
 
 /// For what is no file that could be stored.
 Failure LibraryImport::without(const QString &text, const QString &reason)
 {
-    if (!_replacedMedia.isEmpty() && !_replacedMedia.contains(text))
+    if (_replaced.loses(text))
         end(text, reason);
     return {reason};
 }

@@ -5,6 +5,7 @@
 #include "ImportTransaction.h"
 #include "MediaDownloads.h"
 #include "MediaSources.h"
+#include "ReplacedLibrary.h"
 
 /// Puts the rows of an import into a new library of the database.
 ///
@@ -41,7 +42,6 @@ public:
 
 private:
     Outcome<> removeOther();
-    Outcome<> remove(const Library &other);
     Outcome<> makeNamesUnique();
     Outcome<NSURL> fileOf(const NSURL &url) const;
     Failure without(const QString &text, const QString &reason);
@@ -51,8 +51,7 @@ private:
     ImportTransaction &_transaction;
     Settings _settings;
     Library _library;
-    /// The values of media of the library that is replaced, if there are files among them.
-    QSet<QString> _replacedMedia;
+    ReplacedLibrary _replaced;
     /// What ends the import with the current row.
     Outcome<> _ended;
     qint64 _recordCount = 0;

@@ -11,6 +11,7 @@ target_sources(CobbleHost PRIVATE
     Sources/Import/MediaDownloads.cpp
     Sources/Import/MediaReference.cpp
     Sources/Import/MediaSources.cpp
+    Sources/Import/ReplacedLibrary.cpp
     Sources/Import/RowSource.cpp
     Sources/Import/SeparatedText.cpp
     Sources/Import/Table.cpp
