@@ -1,9 +1,9 @@
 #include "SelectionProxy_p.h"
 
-#include <KTUtility/Platform/Keys/NSSelectionMarker.h>
-
+#include <KTUtility/Platform/Keys/KeyPathObserver_p.h>
 #include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
 #include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
+#include <KTUtility/Platform/Keys/NSSelectionMarker.h>
 #include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 #include <KTUtility/Platform/Values/ValueHash_p.h>
@@ -233,5 +233,6 @@ void SelectionProxy::follow(QObject *record, const QString &path, size_t index,
         self->valueHasChanged(known->key,
                               isOperator(known->key) || !hadSeveral || !known->hasSeveralValues());
     };
-    watch->observations.emplace_back(record, path, NSKeyValueObservingOptionNew, tell);
+    watch->observations.emplace_back(
+        record, path, NSKeyValueObservingOptionNew | ObservingWhatCannotBeRead, tell);
 }

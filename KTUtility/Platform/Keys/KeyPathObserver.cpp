@@ -51,9 +51,14 @@ void KeyPathObserver::start()
     try {
         followFrom(0);
         _lastValue = read();
-    } catch (...) {
+    } catch (const NSException &) {
         stop();
         throw;
+    } catch (...) {
+        if (!wants(ObservingWhatCannotBeRead)) {
+            stop();
+            throw;
+        }
     }
     if (!_isActive || (_options & NSKeyValueObservingOptionInitial) == 0)
         return;

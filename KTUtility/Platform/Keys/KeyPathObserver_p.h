@@ -1,5 +1,7 @@
 #pragma once
 
+// Private to the library. For stand-ins that observe objects whose getters may raise.
+
 #include "KeyPath.h"
 #include "NSKeyValueObservation.h"
 
@@ -10,6 +12,10 @@
 
 namespace KTPrivate {
 class ObservedKey;
+
+/// An option beside the public ones: the observation begins although a getter raises, and there is
+/// no value until the next change. Lacking keys end it as ever.
+inline constexpr NSKeyValueObservingOptions ObservingWhatCannotBeRead = 1 << 16;
 
 /// What an NSKeyValueObservation does: follows the path and notifies of changes at its end.
 class KeyPathObserver : public std::enable_shared_from_this<KeyPathObserver>

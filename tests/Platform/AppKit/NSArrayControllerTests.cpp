@@ -87,6 +87,8 @@ public:
     {
         if (const std::function<void()> surprise = std::exchange(whenRead, {}))
             surprise();
+        if (isBroken)
+            throw std::runtime_error("broken");
         return values.value(key);
     }
     bool setValueForKey(const QVariant &value, const QString &key) override
@@ -100,6 +102,7 @@ public:
 
     QVariantMap values;
     mutable std::function<void()> whenRead;
+    bool isBroken = false; ///< raises whenever it is read
     int observedKeys = 0;
 };
 
@@ -545,6 +548,19 @@ TEST_F(NSArrayControllerSurprises, WhatAGetterRaisesIsThrownWhenAllObjectsAreObs
     }
     EXPECT_EQ(k.value(), QVariant(u"new k"_s));
     EXPECT_EQ(j.value(), QVariant(u"new j"_s));
+}
+
+TEST_F(NSArrayControllerSurprises, ObjectsThatCannotBeReadAreObservedUntilTheyCan)
+{
+    bind(k, u"k"_s);
+    second.isBroken = true;
+    EXPECT_THROW(controller->setSelectionIndexes({1, 2}), std::runtime_error);
+    EXPECT_EQ(k.value(), QVariant(u"1"_s));
+    second.isBroken = false;
+    second.setValueForKey(u"2"_s, u"k"_s);
+    EXPECT_EQ(k.value(), QVariant(u"2"_s));
+    controller->setSelectionIndex(0);
+    EXPECT_EQ(second.observedKeys, 0);
 }
 
 TEST_F(NSArrayControllerSurprises, WhereAGetterRaisesNothingIsBound)
