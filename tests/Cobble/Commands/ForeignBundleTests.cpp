@@ -188,10 +188,10 @@ QList<ForeignRow> rowsThatAct()
                             "DELETE FROM cobble_field; END"_s;
     return {
         {"Trigger", [trigger](Tree, Bundle b) { change(b, {trigger}); }, {}, {}, refusal},
-        {"TriggerThatSaysItIsNone",
+        {"TriggerSpeltOtherwise",
          [trigger](Tree, Bundle b) {
              change(b, {trigger, u"PRAGMA writable_schema = ON"_s,
-                        u"UPDATE sqlite_master SET type = 'table', sql = replace(sql, 'CREATE ', "
+                        u"UPDATE sqlite_master SET type = 'TRIGGER', sql = replace(sql, 'CREATE ', "
                         "'CREATE/**/') WHERE type = 'trigger'"_s});
          },
          {},

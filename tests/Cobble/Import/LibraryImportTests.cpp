@@ -342,7 +342,7 @@ TEST_F(LibraryImportTests, ADryRunSaysWhatAReplacementWouldDo)
         {"Photo\ncobblemedia://none\n",
          u"row 1: 'cobblemedia://none': there is no such file\n"_s,
          {}},
-        {"Name\nAnn\n", {}, u"kt_name      text   1"_s},
+        {"Name\nAnn\n", {}, u"kt_name      text  1"_s},
     };
     tree.add(u"a.png"_s);
     import("Photo\na.png\nlost.png\n", {u"--media"_s, u"Photo"_s});
@@ -503,7 +503,7 @@ TEST_F(LibraryImportTests, AFileThatATextNamesStays)
     const CommandResult result = import(
         "Picture\ncobblemedia://photo.0.jpg\ncobblemedia://b.0.jpg\nnone\n", {u"--replace"_s});
     EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
-    EXPECT_TRUE(result.output.contains(u"kt_picture   text   3"_s)) << result.output.toStdString();
+    EXPECT_TRUE(result.output.contains(u"kt_picture   text  3"_s)) << result.output.toStdString();
     EXPECT_EQ(mediaNames(), before);
 }
 
