@@ -5,6 +5,7 @@
 #include "PlugInNote_p.h"
 #include <KTUtility/Bundle/KTDatabaseBundle.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Files/Module_p.h>
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
 #include <KTUtility/Platform/Keys/NSClass.h>
 
@@ -211,6 +212,14 @@ bool KTPlugInManager::isPluginPassedOver(const QString &identifier) const
     const auto bundle = _pluginsByIdentifier.constFind(identifier);
     return _passesOverCrashed && bundle != _pluginsByIdentifier.constEnd() &&
            PlugInNote::isLeftFor(*bundle);
+}
+
+QString KTPlugInManager::reasonNotToLoadPlugin(const QString &identifier) const
+{
+    const auto bundle = _pluginsByIdentifier.constFind(identifier);
+    if (bundle == _pluginsByIdentifier.constEnd() || isPluginLoaded(identifier))
+        return {};
+    return Module::rejectionOf(bundle->executablePath(), bundle->bundlePath());
 }
 
 /// The note that names a plug-in while its code runs.

@@ -150,6 +150,12 @@ public:
     /// Whether loadAllPlugins() would pass over the plug-in; see setPassesOverCrashed().
     bool isPluginPassedOver(const QString &identifier) const;
 
+    /// Why a registered plug-in could not be loaded, as far as its files show it: its code is
+    /// missing or incomplete, lies outside of the bundle, or can be changed by others. None of it
+    /// runs for that, and loading may fail all the same. Nil if nothing is known against it, if it
+    /// is loaded, or is not registered.
+    QString reasonNotToLoadPlugin(const QString &identifier) const;
+
     /// Whether there is an instance of the plug-in.
     bool isPluginLoaded(const QString &identifier) const;
     /// The instance of a loaded plug-in; else null.

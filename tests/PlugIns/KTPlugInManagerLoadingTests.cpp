@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
 using namespace plugin_support;
 using namespace testing_support;
@@ -310,6 +312,39 @@ TEST(KTPlugInManagerLoading, TheManagerTakesItsInstancesAlong)
     EXPECT_TRUE(plugin.isNull());
     EXPECT_EQ(host.property("events").toStringList().last(), u"1 gone"_s);
     EXPECT_FALSE(host.property("events").toStringList().contains(u"1 pluginWillUnload"_s));
+}
+
+TEST(KTPlugInManagerLoading, WhatTheFilesShowIsKnownWithoutLoading)
+{
+    const QString home = useFreshHome();
+    const QString bundle = makeGoodBundle(home);
+    const QString code = NSBundle(bundle).executablePath();
+    RecordingManager manager;
+    registerOnly(manager, bundle);
+    EXPECT_EQ(manager.reasonNotToLoadPlugin(goodIdentifier), QString());
+    EXPECT_EQ(manager.reasonNotToLoadPlugin(oddIdentifier), QString());
+    EXPECT_EQ(onlyStatus(manager).state, KTPlugInState::Registered);
+
+    const QByteArray module = contentsOf(code);
+    const std::function<void()> changes[] = {
+        [&] { QFile::setPermissions(code, QFile::permissions(code) | QFile::WriteOther); },
+        [&] { QFile::setPermissions(bundle, QFile::permissions(bundle) | QFile::WriteOther); },
+        [&] { writeFile(code, module.first(module.size() / 2)); },
+        [&] { QFile::remove(code); },
+    };
+    for (const auto &change : changes) {
+        change();
+        const QString reason = manager.reasonNotToLoadPlugin(goodIdentifier);
+        EXPECT_FALSE(reason.isNull());
+        EXPECT_EQ(manager.loadPluginWithIdentifier(goodIdentifier), nullptr);
+        EXPECT_EQ(onlyStatus(manager).lastError, reason);
+        QDir(bundle).removeRecursively();
+        makeGoodBundle(home);
+        EXPECT_EQ(manager.reasonNotToLoadPlugin(goodIdentifier), QString());
+    }
+    ASSERT_NE(manager.loadPluginWithIdentifier(goodIdentifier), nullptr);
+    QFile::remove(code);
+    EXPECT_EQ(manager.reasonNotToLoadPlugin(goodIdentifier), QString()) << "it is loaded";
 }
 
 TEST(KTPlugInManagerLoading, APlugInThatCannotBeLoadedSaysWhy)

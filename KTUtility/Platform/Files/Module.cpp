@@ -112,8 +112,14 @@ QString rejectionOfBundle(const QString &file, const QString &executable, const 
                : rejection;
 }
 
-QString rejectionOf(const Descriptor &file, const QString &executable, const QString &bundlePath)
+/// Why a file that was opened, if it could be, must not be loaded; nil if it may.
+QString rejectionOfOpened(const Descriptor &file, const QString &executable,
+                          const QString &bundlePath)
 {
+    if (executable.isNull())
+        return u"there is no executable in "_s + bundlePath;
+    if (file.number() < 0)
+        return executable + u": "_s + qt_error_string(errno);
     const QString rejection = rejectionOfFile(file.number());
     return rejection.isNull() ? rejectionOfBundle(file.path(), executable, bundlePath)
                               : QString(executable + u' ' + rejection);
@@ -160,11 +166,7 @@ std::unique_ptr<Module> Module::open(const QString &executable, const QString &b
                                      QString *error)
 {
     Descriptor file(executable);
-    if (file.number() < 0) {
-        *error = executable + u": "_s + qt_error_string(errno);
-        return nullptr;
-    }
-    *error = rejectionOf(file, executable, bundlePath);
+    *error = rejectionOfOpened(file, executable, bundlePath);
     if (!error->isNull())
         return nullptr;
     const QByteArray path = newPathOf(file.number());
@@ -175,6 +177,12 @@ std::unique_ptr<Module> Module::open(const QString &executable, const QString &b
     }
     keepOpenForCode(recordOf(handle), &file);
     return std::unique_ptr<Module>(new Module(handle));
+}
+
+QString Module::rejectionOf(const QString &executable, const QString &bundlePath)
+{
+    const Descriptor file(executable);
+    return rejectionOfOpened(file, executable, bundlePath);
 }
 
 Module::Module(void *handle) : _handle(handle), _module(recordOf(handle)) {}

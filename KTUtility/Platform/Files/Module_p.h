@@ -1,5 +1,7 @@
 #pragma once
 
+// Private to the library. The manager of plug-ins asks what would be rejected.
+
 #include <KTUtility/Platform/Keys/NSClass.h>
 
 #include <QString>
@@ -20,10 +22,13 @@ public:
     /// Opens the executable of a bundle. It is rejected if it is no file, is incomplete, lies
     /// outside of the bundle, or if somebody else could have written it, what the bundle says
     /// about it, or the folders and links on the way there (see FileTrust).
+    /// \param executable nil if the bundle has none.
     /// \param error receives why it cannot be opened.
     /// \return null if it cannot be opened.
     static std::unique_ptr<Module> open(const QString &executable, const QString &bundlePath,
                                         QString *error);
+    /// Why open() would reject the file, which is not loaded; nil if it would not.
+    static QString rejectionOf(const QString &executable, const QString &bundlePath);
     ~Module();
     Module(const Module &) = delete;
     Module &operator=(const Module &) = delete;

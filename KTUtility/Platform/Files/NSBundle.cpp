@@ -166,11 +166,8 @@ QString NSBundle::executablePath() const
 /// Loads the code; why it cannot be loaded, or nil.
 QString NSBundle::openCode()
 {
-    const QString executable = executablePath();
-    if (executable.isNull())
-        return u"there is no executable in "_s + _path;
     QString error;
-    _code->module = Module::open(executable, _path, &error);
+    _code->module = Module::open(executablePath(), _path, &error);
     return error;
 }
 
