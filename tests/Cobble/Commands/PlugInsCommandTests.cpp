@@ -4,6 +4,10 @@
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
 
+#include <KTUtility/NSUserDefaults>
+
+#include <QFile>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -14,6 +18,28 @@ CommandResult plugIns(const QStringList &arguments = {})
 {
     testing_support::needApplication();
     return runInProcess(QStringList({u"plugins"_s}) + arguments);
+}
+
+const QString ExportersFolder = u"/.local/share/Cobble/PlugIns/Exporters/"_s;
+
+/// Makes a plug-in without code, "org.NAME" unless it is called something else.
+/// \return the path of its bundle.
+QString addPlugIn(const QString &folder, const QString &name, const QString &identifier = {})
+{
+    const QString bundle = folder + name + u".bundle"_s;
+    const QString text = u"<plist version=\"1.0\"><dict>"
+                         "<key>CFBundleIdentifier</key><string>%1</string>"
+                         "<key>NSPrincipalClass</key><string>%2</string></dict></plist>"_s;
+    testing_support::writeFile(
+        bundle + u"/Contents/Info.plist",
+        text.arg(identifier.isNull() ? QString(u"org." + name) : identifier, name).toUtf8());
+    return bundle;
+}
+
+void letOthersWrite(const QString &path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.setPermissions(file.permissions() | QFile::WriteOther));
 }
 
 /// The line about a plug-in; nil if there is none.
@@ -67,22 +93,67 @@ TEST(PlugInsCommand, SaysWhichOnesDoNotExist)
                              "cobble: : there is no such plug-in\n"_s);
 }
 
-TEST(PlugInsCommand, BrokenOnesAreListedWithTheReason)
+TEST(PlugInsCommand, OnesThatCannotBeLoadedAreListedWithTheReasonAndNotEnabled)
 {
-    const QString home = testing_support::useFreshHome();
-    const QString folder = home + u"/.local/share/Cobble/PlugIns/Exporters/";
+    const QString folder = testing_support::useFreshHome() + ExportersFolder;
     testing_support::writeFile(folder + u"Empty.bundle/x", "");
-    testing_support::writeFile(
-        folder + u"Lost.bundle/Contents/Info.plist",
-        "<plist version=\"1.0\"><dict><key>CFBundleIdentifier</key><string>org.lost</string>"
-        "<key>NSPrincipalClass</key><string>Lost</string></dict></plist>");
-    EXPECT_TRUE(plugIns().output.contains(u"Empty.bundle"));
-    EXPECT_TRUE(lineOf(u"-"_s).startsWith(u"- exporter no skipped /"));
-    EXPECT_TRUE(lineOf(u"org.lost"_s).startsWith(u"org.lost exporter no ready"));
-    const CommandResult result = plugIns({u"enable"_s, u"org.lost"_s});
+    const QString lost = addPlugIn(folder, u"Lost"_s);
+    const QString open = addPlugIn(folder, u"Open"_s);
+    testing_support::writeFile(open + u"/Contents/Linux/Open", "code");
+    letOthersWrite(open + u"/Contents/Linux/Open");
+    const QString noFile = u"there is no executable in "_s + lost;
+    const QString writable = open + u"/Contents/Linux/Open is writable by others";
+    EXPECT_EQ(lineOf(u"-"_s),
+              QString(u"- exporter no skipped " + folder +
+                      u"Empty.bundle Contents/Info.plist is missing, empty or damaged"));
+    EXPECT_EQ(lineOf(u"org.Lost"_s),
+              QString(u"org.Lost exporter no failed " + lost + u' ' + noFile));
+    EXPECT_EQ(lineOf(u"org.Open"_s),
+              QString(u"org.Open exporter no failed " + open + u' ' + writable));
+    const CommandResult result = plugIns({u"enable"_s, u"org.Lost"_s, u"org.Open"_s});
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_TRUE(result.errors.startsWith(u"cobble: org.lost: ")) << result.errors.toStdString();
+    EXPECT_EQ(result.errors,
+              QString(u"cobble: org.Lost: " + noFile + u"\ncobble: org.Open: " + writable + u'\n'));
+    EXPECT_TRUE(lineOf(u"org.Open"_s).startsWith(u"org.Open exporter no failed /"));
     EXPECT_TRUE(lineOf(Exporter).contains(u" yes ready "));
+}
+
+TEST(PlugInsCommand, OneThatWasReplacedDoesNotSayWhyTheOtherFails)
+{
+    const QString folder = testing_support::useFreshHome() + ExportersFolder;
+    addPlugIn(folder, u"A"_s, u"org.same"_s);
+    const QString last = addPlugIn(folder, u"B"_s, u"org.same"_s);
+    EXPECT_EQ(plugIns({u"enable"_s, u"org.same"_s}).errors,
+              QString(u"cobble: org.same: there is no executable in " + last + u'\n'));
+}
+
+TEST(PlugInsCommand, OnesThatAreEnabledAndCannotBeLoadedAreNotSaidToBe)
+{
+    const QString folder = testing_support::useFreshHome() + ExportersFolder;
+    const QString lost = addPlugIn(folder, u"Lost"_s);
+    for (const QString &identifier : {u"org.Lost"_s, u"org.gone"_s})
+        PlugIns().managers().first().second->setEnabledForPlugin(true, identifier);
+    const CommandResult result = plugIns({u"enable"_s, u"org.Lost"_s, u"org.gone"_s});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.errors, QString(u"cobble: org.Lost: there is no executable in " + lost +
+                                     u"\ncobble: org.gone: there is no such plug-in\n"));
+    EXPECT_EQ(PlugIns().failedExporters(),
+              QString(u"cannot be loaded: org.Lost (there is no executable in " + lost + u')'));
+}
+
+TEST(PlugInsCommand, SettingsThatCannotBeWrittenAreTold)
+{
+    testing_support::useFreshHome();
+    qunsetenv("HOME");
+    for (const QString &change : {u"disable"_s, u"enable"_s, u"enable"_s}) {
+        const CommandResult result = plugIns({change, Exporter});
+        EXPECT_EQ(result.exitCode, 1) << change.toStdString();
+        EXPECT_EQ(result.errors,
+                  QString(u"cobble: " + Exporter + u": the settings cannot be written\n"));
+    }
+    // What waits to be written goes where nobody looks for it.
+    testing_support::useFreshHome();
+    EXPECT_TRUE(NSUserDefaults::standardUserDefaults()->synchronize());
 }
 
 TEST(PlugInsCommand, RejectsWrongUsage)

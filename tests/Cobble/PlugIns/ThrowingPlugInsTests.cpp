@@ -192,6 +192,33 @@ TEST_F(ThrowingPlugInsTests, WhatAnImporterThatEndsTheProgramWouldReadIsNoSepara
     EXPECT_EQ(import(u"a.csv"_s, "Name\nAnn\n").exitCode, 0);
 }
 
+TEST_F(ThrowingPlugInsTests, OnesThatOthersMayChangeSinceTheyWereEnabledAreNamed)
+{
+    import(u"Names.csv"_s, "Name\nAnn\n");
+    const QString code = plugIns + u"Exporters/Throwing.bundle/Contents/Linux/Code";
+    ASSERT_TRUE(QFile::setPermissions(code, QFile::permissions(code) | QFile::WriteOther));
+    const QString reason = code + u" is writable by others"_s;
+    EXPECT_TRUE(listed(u"ThrowingExporter"_s).startsWith(u"yes failed /"));
+    EXPECT_TRUE(listed(u"ThrowingExporter"_s).endsWith(reason));
+    const CommandResult enabled = runInProcess({u"plugins"_s, u"enable"_s, u"ThrowingExporter"_s});
+    EXPECT_EQ(enabled.exitCode, 1);
+    EXPECT_EQ(enabled.errors, QString(u"cobble: ThrowingExporter: " + reason + u'\n'));
+    EXPECT_EQ(
+        exportTo(u"out.throws"_s).errors,
+        QString(u"cobble: " + tree.path(u"out.throws"_s) +
+                u": there is no exporter for 'throws'; there are csv, json; cannot be loaded: "
+                "ThrowingExporter (" +
+                reason + u")\n"));
+}
+
+TEST_F(ThrowingPlugInsTests, WithoutExportersNoneAreListed)
+{
+    import(u"Names.csv"_s, "Name\nAnn\n");
+    runInProcess({u"plugins"_s, u"disable"_s, u"ThrowingExporter"_s, u"SpeechlessExporter"_s,
+                  u"org.cobble.Cobble.TextExporter"_s});
+    EXPECT_TRUE(exportTo(u"out.csv"_s).errors.endsWith(u": there is no exporter for 'csv'\n"));
+}
+
 TEST_F(ThrowingPlugInsTests, ListingAndDisablingLoadNoCode)
 {
     // Code that cannot even be opened would have said so.

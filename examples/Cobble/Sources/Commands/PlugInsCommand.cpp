@@ -3,12 +3,17 @@
 #include "Library/PlugIns.h"
 #include "Text/AlignedTable.h"
 
+#include <KTUtility/NSUserDefaults>
+
 #include <QCommandLineParser>
 #include <QTextStream>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+const QString NoPlugIn = u"there is no such plug-in"_s;
+const QString NotWritten = u"the settings cannot be written"_s;
+
 QString stateText(KTPlugInState state)
 {
     switch (state) {
@@ -17,21 +22,32 @@ QString stateText(KTPlugInState state)
     case KTPlugInState::Replaced:
         return u"replaced"_s;
     case KTPlugInState::Registered:
+    case KTPlugInState::Loaded:
         return u"ready"_s;
     case KTPlugInState::Failed:
         return u"failed"_s;
-    case KTPlugInState::Loaded:
-        return u"loaded"_s;
     case KTPlugInState::PassedOver:
         return u"passed over"_s;
     }
     return {};
 }
 
+/// A status with what keeps the plug-in from being loaded, as far as its files show it.
+KTPlugInStatus checked(KTPlugInStatus status, const KTPlugInManager &manager)
+{
+    if (status.state != KTPlugInState::Registered)
+        return status;
+    const QString reason = manager.reasonNotToLoadPlugin(status.identifier);
+    if (!reason.isNull())
+        status = {status.path, status.identifier, KTPlugInState::Failed, reason};
+    return status;
+}
+
 void addPlugIns(const QString &kind, const KTPlugInManager &manager, AlignedTable *table)
 {
     const QList<KTPlugInStatus> all = manager.pluginStatus();
-    for (const KTPlugInStatus &status : all) {
+    for (const KTPlugInStatus &each : all) {
+        const KTPlugInStatus status = checked(each, manager);
         const bool isEnabled = manager.isPluginEnabled(status.identifier);
         table->addRow({status.identifier.isNull() ? u"-"_s : status.identifier, kind,
                        isEnabled ? u"yes"_s : u"no"_s, stateText(status.state), status.path,
@@ -68,25 +84,37 @@ KTPlugInManager *managerOf(const QString &identifier, PlugIns &plugIns)
     return nullptr;
 }
 
+/// Why a plug-in is not loaded. One that it took the place of has an error of its own.
 QString lastErrorOf(const QString &identifier, const KTPlugInManager &manager)
 {
     const QList<KTPlugInStatus> all = manager.pluginStatus();
     for (const KTPlugInStatus &status : all) {
-        if (status.identifier == identifier && !status.lastError.isNull())
+        if (status.identifier == identifier && status.state == KTPlugInState::Failed)
             return status.lastError;
     }
-    return u"the settings cannot be written"_s;
+    return NoPlugIn;
 }
 
-void change(const QString &identifier, bool isEnabled, KTPlugInManager &manager)
+/// Loads a plug-in, also one that is enabled already, since that says nothing about its code.
+Outcome<> enable(const QString &identifier, KTPlugInManager &manager)
 {
-    // To disable one, its code is not needed; it may be why.
-    if (!isEnabled)
-        manager.setEnabledForPlugin(false, identifier);
-    else if (manager.isPluginPassedOver(identifier) && manager.isPluginEnabled(identifier))
+    if (manager.isPluginEnabled(identifier))
         manager.loadPluginWithIdentifier(identifier);
     else
         manager.enablePluginWithIdentifier(identifier);
+    if (!manager.isPluginLoaded(identifier))
+        return Failure{lastErrorOf(identifier, manager)};
+    // What cannot be written counts as enabled until the program ends.
+    const bool isStored = manager.isPluginEnabled(identifier) &&
+                          NSUserDefaults::standardUserDefaults()->synchronize();
+    return isStored ? Outcome<>() : Failure{NotWritten};
+}
+
+/// To disable one, its code is not needed; it may be why.
+Outcome<> disable(const QString &identifier, KTPlugInManager &manager)
+{
+    const bool isStored = manager.setEnabledForPlugin(false, identifier);
+    return isStored ? Outcome<>() : Failure{NotWritten};
 }
 
 /// \return false, reported, if the plug-in is not as it should be then.
@@ -94,15 +122,12 @@ bool setEnabled(const QString &identifier, bool isEnabled, PlugIns &plugIns,
                 CommandContext &context)
 {
     KTPlugInManager *const manager = managerOf(identifier, plugIns);
-    if (!manager) {
-        context.warn(identifier, u"there is no such plug-in"_s);
-        return false;
-    }
-    change(identifier, isEnabled, *manager);
-    const bool isDone = manager->isPluginEnabled(identifier) == isEnabled;
-    if (!isDone)
-        context.warn(identifier, lastErrorOf(identifier, *manager));
-    return isDone;
+    const Outcome<> outcome = !manager    ? Failure{NoPlugIn}
+                              : isEnabled ? enable(identifier, *manager)
+                                          : disable(identifier, *manager);
+    if (!outcome)
+        context.warn(identifier, outcome.reason());
+    return bool(outcome);
 }
 
 ExitCode setAllEnabled(const QStringList &identifiers, bool isEnabled, PlugIns &plugIns,

@@ -40,8 +40,8 @@ QString usageText()
       copy, the one to upgrade.
 
   cobble plugins [list | enable ID… | disable ID…]
-      Lists the exporters and importers with what became of them, and says
-      which are to be used.
+      Lists the exporters and importers, without running any of their code, and
+      says which are to be used.
 
   cobble parse TYPE TEXT… [--locale ID] [--option KEY=VALUE…]
       Shows what a field of a type reads: number, currency, duration, time,

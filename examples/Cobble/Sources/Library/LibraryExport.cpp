@@ -99,10 +99,14 @@ Failure failure(const QString &subject, const QString &reason)
 
 QString noExporterText(const PlugIns &plugIns, const QString &fileType)
 {
-    const QString text = u"there is no exporter for '%1'; there are %2"_s.arg(
-        fileType, plugIns.exportedTypes().join(u", "_s));
-    const QString passedOver = plugIns.passedOverExporters();
-    return passedOver.isNull() ? text : QString(text + u"; " + passedOver);
+    QStringList texts{u"there is no exporter for '%1'"_s.arg(fileType)};
+    if (const QStringList types = plugIns.exportedTypes(); !types.isEmpty())
+        texts += u"there are "_s + types.join(u", "_s);
+    for (const QString &text : {plugIns.failedExporters(), plugIns.passedOverExporters()}) {
+        if (!text.isNull())
+            texts += text;
+    }
+    return texts.join(u"; "_s);
 }
 
 /// What an exporter throws is its failure, not the host's.
@@ -127,8 +131,10 @@ Outcome<> write(LibraryRecords &records, const PlugIns &plugIns, CobbleExporter 
     const QString path = file.fileName();
     const QString fileType = QFileInfo(path).suffix().toLower();
     ExportDevice device(&file);
-    const Outcome<> written = runExporter(plugIns, exporter, records, fileType, &device)
-                                  .andThen([&records] { return records.asked(); });
+    const Outcome<> written =
+        runExporter(plugIns, exporter, records, fileType, &device).andThen([&records] {
+            return records.asked();
+        });
     if (records.isCancelled())
         return Failure{u"%1: it was cancelled"_s.arg(path), true};
     if (!written)

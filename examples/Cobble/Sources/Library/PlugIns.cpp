@@ -101,6 +101,17 @@ QString passedOverIn(const KTPlugInManager &manager)
                : u"passed over, since a program ended while its code ran: %1; "
                  "'cobble plugins enable' tries it again"_s.arg(identifiers.join(u", "_s));
 }
+
+QString failedIn(const KTPlugInManager &manager)
+{
+    QStringList failed;
+    const QList<KTPlugInStatus> all = manager.pluginStatus();
+    for (const KTPlugInStatus &status : all) {
+        if (status.state == KTPlugInState::Failed && manager.isPluginEnabled(status.identifier))
+            failed += u"%1 (%2)"_s.arg(status.identifier, status.lastError);
+    }
+    return failed.isEmpty() ? QString() : u"cannot be loaded: "_s + failed.join(u", "_s);
+}
 } // namespace
 
 PlugIns::PlugIns(Loading loading)
@@ -139,6 +150,11 @@ QStringList PlugIns::exportedTypes() const
 QString PlugIns::passedOverExporters() const
 {
     return passedOverIn(_exporters);
+}
+
+QString PlugIns::failedExporters() const
+{
+    return failedIn(_exporters);
 }
 
 QString PlugIns::passedOverImporters() const

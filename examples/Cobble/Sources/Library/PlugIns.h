@@ -37,6 +37,8 @@ public:
     QString passedOverExporters() const;
     /// The same for importers.
     QString passedOverImporters() const;
+    /// Which enabled exporters cannot be loaded, and why, for people to read; nil if all can.
+    QString failedExporters() const;
 
     /// The managers with what they are for, "exporter" and "importer".
     QList<std::pair<QString, KTPlugInManager *>> managers();
