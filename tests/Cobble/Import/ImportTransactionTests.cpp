@@ -309,7 +309,8 @@ TEST_F(ImportTransactionTests, ASlashBehindTheBundleIsNotPartOfItsName)
     bundle = KTDatabaseBundle(bundle.bundlePath() + u'/');
     const auto import = begin();
     ASSERT_TRUE(import) << error.toStdString();
-    EXPECT_EQ(ImportTransaction::begin(same, 10).reason(), u"another import is running"_s);
+    EXPECT_EQ(ImportTransaction::begin(same, 10).reason(),
+              u"another program is changing the bundle"_s);
 }
 
 TEST_F(ImportTransactionTests, PathsThatAreNoBundleAreRejected)
@@ -336,7 +337,8 @@ TEST_F(ImportTransactionTests, OneRunsAtATime)
 {
     const auto first = begin();
     ASSERT_TRUE(first);
-    EXPECT_EQ(ImportTransaction::begin(bundle, 10).reason(), u"another import is running"_s);
+    EXPECT_EQ(ImportTransaction::begin(bundle, 10).reason(),
+              u"another program is changing the bundle"_s);
     store(*first, u"one"_s);
     EXPECT_TRUE(first->commit());
     EXPECT_EQ(libraryNames(), QStringList(u"one"_s));

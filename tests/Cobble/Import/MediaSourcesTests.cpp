@@ -159,3 +159,19 @@ TEST_F(MediaSourcesTests, SaysWhatCannotBeCopied)
     for (const auto &row : rows)
         EXPECT_EQ(MediaSources::check(row.path).reason(), row.reason) << row.path.toStdString();
 }
+
+TEST_F(MediaSourcesTests, OnlyCopiesHaveALimit)
+{
+    QFile larger(tree.path(u"larger"_s));
+    ASSERT_TRUE(larger.open(QIODevice::WriteOnly) && larger.resize(MediaSources::LargestFile + 1));
+    EXPECT_TRUE(MediaSources::checkFile(larger.fileName()));
+    EXPECT_EQ(MediaSources::checkFile(tree.path(u"sent"_s)).reason(), u"it is a folder"_s);
+}
+
+TEST_F(MediaSourcesTests, NamesAreMeasuredInBytes)
+{
+    EXPECT_TRUE(MediaSources::checkName(QString(255, u'x')));
+    EXPECT_TRUE(MediaSources::checkName(QString(127, u'ä')));
+    for (const QString &name : {QString(256, u'x'), QString(128, u'ä')})
+        EXPECT_EQ(MediaSources::checkName(name).reason(), u"its name is too long"_s);
+}

@@ -41,7 +41,7 @@ TEST_F(BundleLockTests, KeepsOthersOutWhileItIsThere)
     {
         BundleLock first(bundle);
         ASSERT_TRUE(first.lock(0));
-        EXPECT_EQ(second.lock(1).reason(), u"another import is running"_s);
+        EXPECT_EQ(second.lock(1).reason(), u"another program is changing the bundle"_s);
         EXPECT_FALSE(second.isLocked());
     }
     EXPECT_TRUE(second.lock(0));

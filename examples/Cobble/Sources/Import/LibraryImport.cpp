@@ -5,8 +5,6 @@
 #include <KTUtility/NSPathUtilities>
 #include <KTUtility/NSString_KTNaming>
 
-#include <climits>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -25,12 +23,6 @@ QVariantMap optionsOf(const FieldReader &reader)
 {
     const QString currency = reader.currencyType();
     return currency.isNull() ? QVariantMap() : QVariantMap{{kKTFieldOption_currencyType, currency}};
-}
-
-/// Whether a file cannot be stored for its name, to which a number is added.
-bool isNameTooLong(const KTDatabaseBundle &bundle, const QString &name)
-{
-    return QFile::encodeName(bundle.fileNameWithMediaInstanceNumber(name)).size() > NAME_MAX;
 }
 } // namespace
 
@@ -113,8 +105,11 @@ Failure LibraryImport::withoutCopy(const QString &text, const NSURL &file)
 {
     if (_transaction.bundle().isMediaURL(file))
         return without(text, u"there is no such file"_s);
-    if (isNameTooLong(_transaction.bundle(), NSString::lastPathComponent(file.path())))
-        return without(text, u"its name is too long"_s);
+    const QString name = NSString::lastPathComponent(file.path());
+    const Outcome<> checked =
+        MediaSources::checkName(_transaction.bundle().fileNameWithMediaInstanceNumber(name));
+    if (!checked)
+        return without(text, checked.reason());
     const QString reason = u"it cannot be copied"_s;
     end(text, reason);
     return {reason};

@@ -1,5 +1,7 @@
 #include "MediaDownloads.h"
 
+#include "MediaSources.h"
+
 #include <KTUtility/KTLogger>
 #include <KTUtility/NSPathUtilities>
 #include <KTUtility/NSURLConnection>
@@ -8,8 +10,6 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QRegularExpression>
-
-#include <climits>
 
 using namespace Qt::StringLiterals;
 
@@ -37,7 +37,7 @@ QString problemOf(const QString &name)
 {
     if (name.isNull())
         return u"it names no file"_s;
-    return QFile::encodeName(name).size() > NAME_MAX ? u"its name is too long"_s : QString();
+    return MediaSources::checkName(name).reason();
 }
 
 /// Why an answer is no file; nil if it is one.

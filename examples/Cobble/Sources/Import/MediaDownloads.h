@@ -11,7 +11,7 @@
 #include <functional>
 #include <memory>
 
-/// What an import downloads, before it locks anything: each URL once, and nothing more from a server
+/// What a command downloads, before it locks anything: each URL once, and nothing more from a server
 /// that does not answer.
 ///
 /// The files lie in a temporary folder, which goes with the object.

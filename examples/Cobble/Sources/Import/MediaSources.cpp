@@ -8,6 +8,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <climits>
 
 using namespace Qt::StringLiterals;
 
@@ -28,15 +29,13 @@ bool isIn(const QString &folder, const QFileInfo &file)
     return !file.fileName().startsWith(u'.') && file.dir().canonicalPath() == folder;
 }
 
-/// Why a path that leads to something is no file that can be copied; nil if it is one.
+/// Why a path that leads to something is no file that can be read; nil if it is one.
 QString problemOf(const QFileInfo &file)
 {
     if (file.isDir())
         return u"it is a folder"_s;
     if (!file.isFile())
         return u"it is no file"_s;
-    if (file.size() > MediaSources::LargestFile)
-        return u"it is larger than %1 MB"_s.arg(MediaSources::LargestFile >> 20);
     return file.isReadable() ? QString() : u"it may not be read"_s;
 }
 } // namespace
@@ -86,10 +85,24 @@ bool MediaSources::isObvious(const QString &text) const
     return !url->isFileURL() || (isFile(url->path()) && isBeside(url->path()));
 }
 
-Outcome<> MediaSources::check(const QString &path)
+Outcome<> MediaSources::checkFile(const QString &path)
 {
     if (!NSFileManager::fileExistsAtPath(path))
         return Failure{u"there is no such file"_s};
     const QString problem = problemOf(QFileInfo(path));
     return problem.isNull() ? Outcome<>() : Failure{problem};
+}
+
+Outcome<> MediaSources::check(const QString &path)
+{
+    const Outcome<> checked = checkFile(path);
+    if (checked && QFileInfo(path).size() > LargestFile)
+        return Failure{u"it is larger than %1 MB"_s.arg(LargestFile >> 20)};
+    return checked;
+}
+
+Outcome<> MediaSources::checkName(const QString &name)
+{
+    const bool isTooLong = QFile::encodeName(name).size() > NAME_MAX;
+    return isTooLong ? Failure{u"its name is too long"_s} : Outcome<>();
 }

@@ -45,9 +45,12 @@ public:
     /// what names a file beside the imported one that there is.
     bool isObvious(const QString &text) const;
 
-    /// Whether a file can be copied: it is there, no folder, pipe or device, may be read, and is
-    /// not larger than LargestFile.
+    /// Whether a file can be read: it is there, and no folder, pipe or device.
+    static Outcome<> checkFile(const QString &path);
+    /// Whether a file can be copied: it can be read, and is not larger than LargestFile.
     static Outcome<> check(const QString &path);
+    /// Whether a file can have a name, which must not be too long.
+    static Outcome<> checkName(const QString &name);
 
 private:
     bool isBeside(const QString &path) const;

@@ -19,7 +19,7 @@ Outcome<> BundleLock::lock(int patience)
 {
     const KTLockFile::Result result = _file.lock(patience);
     if (result == KTLockFile::Result::Taken)
-        return Failure{u"another import is running"_s};
+        return Failure{u"another program is changing the bundle"_s};
     if (result == KTLockFile::Result::Blocked)
         return Failure{u"'%1' is in the way; please remove it"_s.arg(_file.path())};
     const QString folder = NSString::stringByDeletingLastPathComponent(_file.path());
