@@ -14,6 +14,7 @@
 #include <fstream>
 #include <sys/inotify.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -99,8 +100,8 @@ TEST_F(MediaCommandTests, WhatCannotBeAddedIsToldAndTheRestIsAdded)
         media({u"add"_s, u"/none.png"_s, tree.path(u"a b.png"_s), u"https://a/b.png"_s});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.output, u"cobblemedia://a%20b.0.png\n"_s);
-    EXPECT_EQ(result.errors, u"cobble: /none.png: it cannot be stored\n"
-                             "cobble: https://a/b.png: it cannot be stored\n"_s);
+    EXPECT_EQ(result.errors, u"cobble: /none.png: there is no such file\n"
+                             "cobble: https://a/b.png: it names no file\n"_s);
 }
 
 TEST_F(MediaCommandTests, WhatIsAddedAfterAnInterruptedImportStays)
@@ -146,6 +147,37 @@ TEST_F(MediaCommandTests, APageThatSaysNoIsNotAdded)
     EXPECT_EQ(result.output, QString());
     EXPECT_EQ(result.errors, QString(u"cobble: " + url + u": its server says 404\n"));
     EXPECT_EQ(media({u"list"_s}).output, QString());
+}
+
+TEST_F(MediaCommandTests, ADeadServerIsAskedOnceWhileNothingIsLocked)
+{
+    bool isFree = false;
+    const LoopbackServer dead(
+        [&](int, const QByteArray &) { isFree = !QFile::exists(bundle + u".lock"_s); });
+    const QStringList urls{dead.url(u"/1.jpg"_s), dead.url(u"/2.jpg"_s), dead.url(u"/3.jpg"_s)};
+    const CommandResult result = media(QStringList({u"add"_s, tree.path(u"a b.png"_s)}) + urls);
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.output, u"cobblemedia://a%20b.0.png\n"_s);
+    QString errors;
+    for (const QString &url : urls)
+        errors += u"cobble: %1: its server does not answer\n"_s.arg(url);
+    EXPECT_EQ(result.errors, errors);
+    EXPECT_EQ(dead.requests().size(), 1);
+    EXPECT_TRUE(isFree);
+}
+
+TEST_F(MediaCommandTests, SaysWhatAnImportWouldSay)
+{
+    ASSERT_EQ(::mkfifo(QFile::encodeName(tree.path(u"pipe"_s)).constData(), 0600), 0);
+    const std::pair<QString, QString> rows[] = {
+        {tree.path(u"pipe"_s), u"it is no file"_s},
+        {u"cobblemedia://none.0.png"_s, u"there is no such file"_s},
+    };
+    for (const auto &[text, reason] : rows) {
+        const CommandResult result = media({u"add"_s, text});
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_EQ(result.errors, QString(u"cobble: " + text + u": " + reason + u'\n'));
+    }
 }
 
 TEST_F(MediaCommandTests, ShowsPaths)
@@ -241,8 +273,7 @@ TEST_F(MediaCommandTests, SaysWhichNameIsTooLong)
     const QString longName(254, u'x');
     tree.add(longName, "picture");
     const QString path = tree.path(longName);
-    EXPECT_EQ(media({u"add"_s, path}).errors,
-              u"cobble: " + path + u": its name is too long to get a number\n");
+    EXPECT_EQ(media({u"add"_s, path}).errors, u"cobble: " + path + u": its name is too long\n");
 }
 
 TEST_F(MediaCommandTests, DoesNotMakeABundleAnewThatIsMovedMeanwhile)

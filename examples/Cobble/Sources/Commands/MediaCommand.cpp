@@ -3,6 +3,7 @@
 #include "Import/InterruptedImport.h"
 #include "Import/MediaDownloads.h"
 #include "Import/MediaReference.h"
+#include "Import/MediaSources.h"
 #include "Import/UnusedMedia.h"
 #include "Library/BundleCheck.h"
 #include "Library/BundleLock.h"
@@ -16,15 +17,16 @@
 #include <KTUtility/NSString_KTAdditions>
 
 #include <QDir>
+#include <QHash>
 #include <QTextStream>
 
-#include <climits>
 #include <filesystem>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-/// How long to wait for an import to end, in milliseconds.
+/// How long to wait for another change to end, in milliseconds.
 constexpr int PatienceWithLock = 5000;
 
 /// How many files in a folder have a name that is no text; Qt passes over them without a word.
@@ -69,8 +71,8 @@ ExitCode listMedia(const KTDatabaseBundle &bundle, CommandContext &context)
 }
 
 /// One of the subcommands that take names: false if it could not be done, which is reported.
-using Action = bool (*)(const KTDatabaseBundle &bundle, const QString &text,
-                        CommandContext &context);
+using Action = std::function<bool(const KTDatabaseBundle &bundle, const QString &text,
+                                  CommandContext &context)>;
 
 /// Locks the bundle, which must not lead out of itself, nor be moved away while one waits.
 /// \param wasThere whether there was a bundle before.
@@ -96,38 +98,39 @@ Outcome<> buildForMedia(const KTDatabaseBundle &bundle)
 }
 
 /// Why a file or URL could not be stored. What is no UTF-8 has lost its bytes on the way.
-QString reasonNotToStore(const KTDatabaseBundle &bundle, const QString &text)
+QString reasonNotToStore(const KTDatabaseBundle &bundle, const QString &text, const NSURL &file)
 {
+    if (bundle.isMediaURL(file))
+        return u"there is no such file"_s;
     if (text.contains(QChar::ReplacementCharacter) && !NSFileManager::fileExistsAtPath(text))
         return u"it cannot be stored: the name is not UTF-8"_s;
-    const QString name = bundle.fileNameWithMediaInstanceNumber(NSString::lastPathComponent(text));
-    if (QFile::encodeName(name).size() > NAME_MAX)
-        return u"its name is too long to get a number"_s;
-    return u"it cannot be stored"_s;
+    const QString name = NSString::lastPathComponent(file.path());
+    const Outcome<> checked = MediaSources::checkFile(file.path()).andThen([&] {
+        return MediaSources::checkName(bundle.fileNameWithMediaInstanceNumber(name));
+    });
+    return checked ? u"it cannot be copied"_s : checked.reason();
 }
 
 /// What is to be copied; what a URL names on the web is downloaded first.
-Outcome<NSURL> sourceIn(const QString &text, const KTDatabaseBundle &bundle,
-                        MediaDownloads &downloads)
+Outcome<NSURL> sourceIn(const QString &text, MediaDownloads &downloads)
 {
     const std::optional<NSURL> url = MediaReference::urlIn(text, QDir::currentPath());
     if (!url)
-        return Failure{reasonNotToStore(bundle, text)};
+        return Failure{u"it names no file"_s};
     if (url->scheme() != u"http")
         return *url;
     const Outcome<> fetched = downloads.fetch(*url);
     return fetched ? downloads.fileOf(*url) : fetched.failure();
 }
 
-bool addMedia(const KTDatabaseBundle &bundle, const QString &text, CommandContext &context)
+bool addMedia(const KTDatabaseBundle &bundle, const QString &text, const Outcome<NSURL> &source,
+              CommandContext &context)
 {
-    MediaDownloads downloads;
-    const Outcome<NSURL> source = sourceIn(text, bundle, downloads);
     const std::optional<NSURL> url = source ? bundle.storeFileFromURL(*source) : std::nullopt;
     if (url)
         context.out() << url->absoluteString() << '\n';
     else
-        context.warn(text, source ? reasonNotToStore(bundle, text) : source.reason());
+        context.warn(text, source ? reasonNotToStore(bundle, text, *source) : source.reason());
     return url.has_value();
 }
 
@@ -157,39 +160,63 @@ bool deleteMedia(const KTDatabaseBundle &bundle, const QString &text, CommandCon
 
 /// Does one of the actions while nobody imports into the bundle or moves it. A file that is added
 /// must not get a name that an import has left which was interrupted: the next one would remove it.
-bool doLocked(Action action, const KTDatabaseBundle &bundle, const QString &text,
-              CommandContext &context)
+/// \param stores whether the action is one that adds a file.
+bool doLocked(const Action &action, bool stores, const KTDatabaseBundle &bundle,
+              const QString &text, CommandContext &context)
 {
     const bool wasThere = bundle.doesExist();
     BundleLock lock(bundle);
     const Outcome<> ready = lockForChange(lock, bundle, wasThere).andThen([&] {
-        return action == addMedia ? InterruptedImport::settle(bundle, lock.isLocked())
-                                  : Outcome<>();
+        return stores ? InterruptedImport::settle(bundle, lock.isLocked()) : Outcome<>();
     });
     if (!ready)
         context.warn(bundle.bundlePath(), ready.reason());
     return ready && action(bundle, text, context);
 }
 
-ExitCode runForEach(const QStringList &texts, Action action, const KTDatabaseBundle &bundle,
+/// An action that is done while nobody else changes the bundle.
+Action locked(const Action &action, bool stores = false)
+{
+    return [action, stores](const KTDatabaseBundle &bundle, const QString &text,
+                            CommandContext &context) {
+        return doLocked(action, stores, bundle, text, context);
+    };
+}
+
+ExitCode runForEach(const QStringList &texts, const Action &action, const KTDatabaseBundle &bundle,
                     CommandContext &context)
 {
     bool isDone = true;
-    for (const QString &text : texts) {
-        const bool isDoneNow = action == printPath ? action(bundle, text, context)
-                                                   : doLocked(action, bundle, text, context);
-        isDone = isDoneNow && isDone;
-    }
+    for (const QString &text : texts)
+        isDone = action(bundle, text, context) && isDone;
     return isDone ? ExitCode::Success : ExitCode::Failure;
 }
 
-Action actionNamed(const QString &name)
+/// Adds files. What has to be downloaded comes first, while nothing is locked.
+ExitCode addAll(const QStringList &texts, const KTDatabaseBundle &bundle, CommandContext &context)
 {
+    const Outcome<> built = buildForMedia(bundle);
+    if (!built)
+        return context.fail(bundle.bundlePath(), built.reason());
+    MediaDownloads downloads;
+    QHash<QString, Outcome<NSURL>> sources;
+    for (const QString &text : texts)
+        sources.insert(text, sourceIn(text, downloads));
+    const Action add = [&sources](const KTDatabaseBundle &to, const QString &text,
+                                  CommandContext &reports) {
+        return addMedia(to, text, *sources.constFind(text), reports);
+    };
+    return runForEach(texts, locked(add, true), bundle, context);
+}
+
+ExitCode runNamed(const QString &name, const QStringList &texts, const KTDatabaseBundle &bundle,
+                  CommandContext &context)
+{
+    BundleOption::needFolderOf(bundle);
     if (name == u"add")
-        return addMedia;
-    if (name == u"path")
-        return printPath;
-    return name == u"delete" ? deleteMedia : nullptr;
+        return addAll(texts, bundle, context);
+    return runForEach(texts, name == u"path" ? Action(printPath) : locked(deleteMedia), bundle,
+                      context);
 }
 
 ExitCode runMedia(const QCommandLineParser &parser, CommandContext &context)
@@ -199,16 +226,11 @@ ExitCode runMedia(const QCommandLineParser &parser, CommandContext &context)
     const KTDatabaseBundle bundle = BundleOption::bundleIn(parser);
     if (name == u"list" && words.isEmpty())
         return listMedia(bundle, context);
-    const Action action = actionNamed(name);
-    if (!action)
+    if (name != u"add" && name != u"path" && name != u"delete")
         return context.wrongUsage(u"media needs one of list, add, path, delete"_s);
     if (words.isEmpty())
         return context.wrongUsage(u"media %1 needs a name"_s.arg(name));
-    BundleOption::needFolderOf(bundle);
-    const Outcome<> built = action == addMedia ? buildForMedia(bundle) : Outcome<>();
-    if (!built)
-        return context.fail(bundle.bundlePath(), built.reason());
-    return runForEach(words, action, bundle, context);
+    return runNamed(name, words, bundle, context);
 }
 
 /// Where a bundle is moved to before it is copied.
