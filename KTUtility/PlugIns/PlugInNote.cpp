@@ -24,6 +24,9 @@ namespace {
 /// The path of this process's note, for a function that may not ask for memory; empty without one.
 std::array<char, PATH_MAX> notePath{};
 
+/// No note is longer, in bytes.
+constexpr int LongestNote = PATH_MAX + 64;
+
 /// How others end a process that has done nothing wrong.
 constexpr std::array EndingSignals = {SIGHUP, SIGINT, SIGQUIT, SIGTERM};
 
@@ -126,22 +129,30 @@ NoteFile &noteFile()
     return file;
 }
 
-/// Whether a note has this text, and its process is gone.
-bool isLeft(const QString &path, const QByteArray &text)
+/// What stands in a note whose process is gone; empty if it lives.
+QByteArray textLeftIn(const QString &path)
 {
     const int file = openFile(QFile::encodeName(path), O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
     if (file < 0)
-        return false;
-    QByteArray read(text.size() + 1, '\0');
+        return {};
+    // Shared, so that others who look do not take this process for that of the note.
+    const bool isLeft = ::flock(file, LOCK_SH | LOCK_NB) == 0;
+    QByteArray text(LongestNote, '\0');
     const ssize_t size =
-        uninterrupted([&] { return ::pread(file, read.data(), size_t(read.size()), 0); });
-    const bool isLeft =
-        size == text.size() && read.startsWith(text) && ::flock(file, LOCK_EX | LOCK_NB) == 0;
+        uninterrupted([&] { return ::pread(file, text.data(), size_t(text.size()), 0); });
     ::close(file);
-    return isLeft;
+    return isLeft && size > 0 ? text.first(size) : QByteArray();
 }
 
-/// The notes that are left about the code of a bundle.
+/// Whether a note is about code that is no longer there, or was replaced. One that names nothing is
+/// not: its process may be about to write it.
+bool isOutdated(const QByteArray &text)
+{
+    const qsizetype end = text.lastIndexOf('\n');
+    return end >= 0 && textFor(NSBundle(QString::fromUtf8(text.first(end)))) != text;
+}
+
+/// The notes that are left about the code of a bundle. Removes those that say nothing any more.
 QStringList leftNotes(const NSBundle &bundle)
 {
     const QString folder = DefaultsFile::folder();
@@ -150,8 +161,12 @@ QStringList leftNotes(const NSBundle &bundle)
     const QByteArray text = textFor(bundle);
     QStringList left;
     for (const QString &name : QDir(folder).entryList({notePrefix() + u'*'}, QDir::Files)) {
-        if (const QString path = folder + u'/' + name; isLeft(path, text))
+        const QString path = folder + u'/' + name;
+        const QByteArray found = textLeftIn(path);
+        if (found == text)
             left += path;
+        else if (isOutdated(found))
+            QFile::remove(path);
     }
     return left;
 }

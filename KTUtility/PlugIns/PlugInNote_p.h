@@ -9,8 +9,9 @@ namespace KTPrivate {
 ///
 /// Notes lie beside the settings, one file for each process that is in a plug-in, locked while the
 /// process lives. A process that somebody else ends (SIGINT, SIGTERM, ...) takes its note along. A
-/// note is about the code that ran; another version of the plug-in has none. Notes that cannot be
-/// written are left out. For the main thread.
+/// note is about the code that ran; another version of the plug-in has none, and who looks for notes
+/// removes those about code that is gone. Notes that cannot be written are left out. For the main
+/// thread.
 ///
 /// \code
 /// if (!PlugInNote::isLeftFor(bundle)) {

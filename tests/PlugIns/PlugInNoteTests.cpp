@@ -134,6 +134,38 @@ TEST_F(PlugInNoteTests, ANoteIsAboutTheCodeThatRan)
     ASSERT_TRUE(PlugInNote::isLeftFor(NSBundle(good.bundlePath())));
     makeGoodBundle(home, u"Good"_s, 2);
     EXPECT_FALSE(PlugInNote::isLeftFor(NSBundle(good.bundlePath())));
+    EXPECT_TRUE(notes().isEmpty());
+}
+
+TEST_F(PlugInNoteTests, ThoseOfPlugInsThatAreGoneAreRemovedOnceTheirProcessIs)
+{
+    const QString bundle = good.bundlePath();
+    {
+        const PlugInNote note(&good);
+        ASSERT_TRUE(QDir(bundle).removeRecursively());
+        EXPECT_FALSE(PlugInNote::isLeftFor(other));
+        EXPECT_EQ(notes().size(), 1);
+    }
+    makeGoodBundle(home);
+    runElsewhere([&] {
+        const NSBundle again(bundle);
+        const PlugInNote note(&again);
+        std::abort();
+    });
+    EXPECT_FALSE(PlugInNote::isLeftFor(other));
+    EXPECT_EQ(notes().size(), 1) << "it is about code that is there";
+    ASSERT_TRUE(QDir(bundle).removeRecursively());
+    EXPECT_FALSE(PlugInNote::isLeftFor(other));
+    EXPECT_TRUE(notes().isEmpty());
+}
+
+TEST_F(PlugInNoteTests, WhatNamesNothingStays)
+{
+    // A process may be about to write it.
+    const QString folder = home + u"/.local/share/Cobble/Preferences/"_s;
+    writeFile(folder + NSHostIdentifier() + u".plugins.running-abcdef"_s, "");
+    EXPECT_FALSE(PlugInNote::isLeftFor(good));
+    EXPECT_EQ(notes().size(), 1);
 }
 
 TEST_F(PlugInNoteTests, HandlersOfTheHostStay)
