@@ -12,8 +12,6 @@ using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr char MachineZone[] = "/etc/localtime";
-constexpr char ZoneFolder[] = "/usr/share/zoneinfo/";
 /// No file of a zone is nearly as long.
 constexpr qint64 LongestFile = 1'000'000;
 
@@ -33,7 +31,7 @@ QByteArray ruleOfFile(const QString &path)
 /// A zone's file: the zone of its name if it lies among the system's, else its rule.
 QTimeZone zoneOfFile(const QString &path)
 {
-    const QString folder = QString::fromLatin1(ZoneFolder);
+    const QString folder = QString::fromLatin1(ZoneData::Folder) + u'/';
     for (const QString &file : {path, QFileInfo(path).canonicalFilePath()}) {
         if (!file.startsWith(folder))
             continue;
@@ -65,7 +63,7 @@ QTimeZone zoneOfOffset(const QByteArray &name)
 QTimeZone zoneUnknownToQt(const QByteArray &name)
 {
     if (name.isEmpty())
-        return zoneOfFile(QString::fromLatin1(MachineZone));
+        return zoneOfFile(QString::fromLatin1(ZoneData::MachineZone));
     return name.startsWith('/') ? zoneOfFile(QFile::decodeName(name))
                                 : zoneOfRuleWithoutDates(name);
 }

@@ -17,8 +17,6 @@ using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr char MachineZone[] = "/etc/localtime";
-constexpr char ZoneFolder[] = "/usr/share/zoneinfo";
 constexpr qint64 SecondsBetweenLooks = 60;
 /// Qt remembers the files of so many zones, those used last.
 constexpr int ZonesThatQtRemembers = 100;
@@ -95,8 +93,9 @@ void noteChanges(Looks &looks)
 
 QByteArray ZoneData::fingerprint()
 {
-    const QByteArray folder(ZoneFolder);
-    QByteArray result = targetOf(MachineZone) + ' ' + statusOf(MachineZone) + statusOf(folder);
+    const QByteArray folder(ZoneData::Folder);
+    QByteArray result =
+        targetOf(ZoneData::MachineZone) + ' ' + statusOf(ZoneData::MachineZone) + statusOf(folder);
     // A file that is replaced changes its folder; zic(8) writes over the list of all.
     result += statusOf(folder + "/tzdata.zi");
     QDirIterator folders(QFile::decodeName(folder), QDir::Dirs | QDir::NoDotAndDotDot,
