@@ -180,6 +180,9 @@ void DatePattern::appendLiteral(QStringView source)
         else if (!element.sought.endsWith(u' '))
             element.sought += u' ';
     }
+    // Some versions of the locales' data have a space there and some have none; fields take any.
+    if (_years == DateYears::OfStyle && element.sought == u". ")
+        element.sought.chop(1);
     _elements.push_back(std::move(element));
 }
 

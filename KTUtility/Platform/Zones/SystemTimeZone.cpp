@@ -47,6 +47,18 @@ QTimeZone zoneOfRuleWithoutDates(const QByteArray &rule)
     return QTimeZone(rule + ",M3.2.0,M11.1.0");
 }
 
+bool isRuleWithoutDates(const QByteArray &name)
+{
+    static const QRegularExpression form(
+        u"^[A-Za-z]{3,}[+-]?\\d{1,3}(:\\d{1,2}){0,2}[A-Za-z]{3,}([+-]?\\d{1,3}(:\\d{1,2}){0,2})?$"_s);
+    return form.match(QString::fromLatin1(name)).hasMatch();
+}
+
+QString fileOfZone(const QByteArray &name)
+{
+    return QString::fromLatin1(ZoneData::Folder) + u'/' + QString::fromLatin1(name);
+}
+
 /// "UTC+3" and "GMT+3", which mean 3 hours west of Greenwich here and east of it for Qt.
 QTimeZone zoneOfOffset(const QByteArray &name)
 {
@@ -96,6 +108,9 @@ QTimeZone SystemTimeZone::zoneOf(const QByteArray &variable)
     const QByteArray name = variable.startsWith(':') ? variable.mid(1) : variable;
     if (const QTimeZone zone = zoneOfOffset(name); zone.isValid())
         return zone;
+    // Qt may know "EST5EDT" by the name of a zone with a past; the C library knows it by a file only.
+    if (isRuleWithoutDates(name) && !QFileInfo::exists(fileOfZone(name)))
+        return zoneOfRuleWithoutDates(name);
     if (const QTimeZone zone = QTimeZone::systemTimeZone(); zone.isValid())
         return zone;
     const QTimeZone zone = zoneUnknownToQt(name);

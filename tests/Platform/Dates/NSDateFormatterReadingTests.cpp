@@ -283,8 +283,14 @@ TEST(NSDateFormatterReading, KnowsEarlyAndLateYears)
 TEST(NSDateFormatterReading, TakesFourDigitsOfTheYearInAStyle)
 {
     Reader reader("sr_RS", "UTC");
+    // "d.M.yy." in CLDR 42, "d. M. y." in CLDR 46.
     reader.setDateStyle(NSDateFormatterShortStyle);
-    ASSERT_EQ(reader.dateFormat(), u"d.M.yy.");
+    for (const QString &text : {u"5.3.2008."_s, u"5. 3. 2008."_s, u"5.3. 2008."_s})
+        EXPECT_EQ(read(reader, text), u"2008-03-05 00:00:00") << qPrintable(text);
+    DateFormatterAccess::setFormatOfStyle(reader, u"d. M. y."_s);
+    for (const QString &text : {u"5.3.2008."_s, u"5. 3. 2008."_s, u"5.3.08."_s})
+        EXPECT_EQ(read(reader, text), u"2008-03-05 00:00:00") << qPrintable(text);
+    DateFormatterAccess::setFormatOfStyle(reader, u"d.M.yy."_s);
     EXPECT_EQ(read(reader, u"5.3.2008."_s), u"2008-03-05 00:00:00");
     EXPECT_EQ(read(reader, u"5.3.08."_s), u"2008-03-05 00:00:00");
     EXPECT_EQ(read(reader, u"5.3.٢٠٠٨."_s), u"2008-03-05 00:00:00");
