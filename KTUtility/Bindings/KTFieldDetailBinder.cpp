@@ -292,8 +292,8 @@ void KTFieldDetailBinder::_bindFieldDetail(const FieldsBinding &binding, const Q
     if (!detail || !detail->exposedBindings().contains(subBinding))
         return;
     // Copies: the detail object may have the binder made anew.
-    const QVariantMap options = withPropertyBinder.bindingOptions();
-    const QString path = withPropertyBinder.keyPath();
+    const auto [options, path] =
+        std::pair(withPropertyBinder.bindingOptions(), withPropertyBinder.keyPath());
     const QString rest = restBehindFields(binding, withPropertyBinder);
     if (rest.isEmpty())
         detail->bind(subBinding, withPropertyBinder.observedObject(), path, options);

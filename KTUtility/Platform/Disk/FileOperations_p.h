@@ -46,6 +46,8 @@ inline int openFileAt(int folder, const QByteArray &name, int flags, mode_t mode
 /// Removes a file that nobody should find any more; after a fault, once more.
 inline bool removeFile(const char *path)
 {
-    return ::unlink(path) == 0 || ::unlink(path) == 0;
+    if (::unlink(path) == 0)
+        return true;
+    return ::unlink(path) == 0;
 }
 } // namespace KTPrivate
