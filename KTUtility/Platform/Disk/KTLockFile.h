@@ -25,6 +25,7 @@
 class KTUTILITY_EXPORT KTLockFile
 {
 public:
+    /// What came of trying to lock.
     enum class Result {
         Locked,  ///< the lock is this object's
         Taken,   ///< somebody else has it
@@ -40,7 +41,9 @@ public:
     KTLockFile(const KTLockFile &) = delete;
     KTLockFile &operator=(const KTLockFile &) = delete;
 
+    /// The path of the file.
     const QString &path() const { return _path; }
+    /// Whether the lock is this object's now.
     bool isLocked() const { return _descriptor >= 0; }
 
     /// Waits until the lock is free.
