@@ -211,6 +211,17 @@ TEST_F(ThrowingPlugInsTests, OnesThatOthersMayChangeSinceTheyWereEnabledAreNamed
                 reason + u")\n"));
 }
 
+TEST_F(ThrowingPlugInsTests, FilesOfImportersThatCannotBeLoadedAreNotTakenForText)
+{
+    const QString code = plugIns + u"Importers/Throwing.bundle/Contents/Linux/Code";
+    ASSERT_TRUE(QFile::setPermissions(code, QFile::permissions(code) | QFile::WriteOther));
+    const CommandResult result = import(u"a.quiet"_s, "Name\nAnn\n");
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.errors.contains(code + u" is writable by others"))
+        << qPrintable(result.errors);
+    EXPECT_EQ(import(u"a.csv"_s, "Name\nAnn\n").exitCode, 0);
+}
+
 TEST_F(ThrowingPlugInsTests, WithoutExportersNoneAreListed)
 {
     import(u"Names.csv"_s, "Name\nAnn\n");

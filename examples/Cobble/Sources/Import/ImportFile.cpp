@@ -67,9 +67,11 @@ Outcome<> useText(const QString &text, const ImportRequest &request, ImportFile 
         return useRows(SeparatedText::read(text, request.separator), file);
     const PlugIns plugIns;
     CobbleImporter *const importer = plugIns.importerFor(fileType);
-    // What is passed over may be the one for this file, which then is no separated text.
-    if (const QString passedOver = plugIns.passedOverImporters(); !importer && !passedOver.isNull())
-        return Failure{passedOver};
+    // One that cannot be used may be the one for this file, which then is no separated text.
+    QStringList missing{plugIns.failedImporters(), plugIns.passedOverImporters()};
+    missing.removeAll(QString());
+    if (!importer && !missing.isEmpty())
+        return Failure{missing.join(u"; "_s)};
     if (!importer)
         return useRows(SeparatedText::read(text, request.separator), file);
     const Outcome<CobbleTable> table = readTable(plugIns, *importer, text);

@@ -157,6 +157,11 @@ QString PlugIns::failedExporters() const
     return failedIn(_exporters);
 }
 
+QString PlugIns::failedImporters() const
+{
+    return failedIn(_importers);
+}
+
 QString PlugIns::passedOverImporters() const
 {
     return passedOverIn(_importers);

@@ -39,6 +39,8 @@ public:
     QString passedOverImporters() const;
     /// Which enabled exporters cannot be loaded, and why, for people to read; nil if all can.
     QString failedExporters() const;
+    /// The same for importers.
+    QString failedImporters() const;
 
     /// The managers with what they are for, "exporter" and "importer".
     QList<std::pair<QString, KTPlugInManager *>> managers();
