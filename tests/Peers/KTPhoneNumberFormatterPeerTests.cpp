@@ -94,7 +94,8 @@ public:
     {
         QList<PhoneNumber> numbers;
         EXPECT_FALSE(_examples.isEmpty()) << _region;
-        for (int tries = _examples.isEmpty() ? MostTries : 0; numbers.size() < count && tries < MostTries; ++tries) {
+        for (int tries = _examples.isEmpty() ? MostTries : 0;
+             numbers.size() < count && tries < MostTries; ++tries) {
             const PhoneNumber number = any();
             if (peer().IsValidNumberForRegion(number, _region))
                 numbers.append(number);
