@@ -31,6 +31,8 @@ KTWindowController::KTWindowController(const QString &interfaceFile)
 KTWindowController::~KTWindowController()
 {
     KTWindowManager::sharedWindowManager()->windowControllerBecameVisible(this, false);
+    // While this is still a host: the sheets over the window go with it, and tell this of their end.
+    setWindow(nullptr);
 }
 
 void KTWindowController::addDialogControllerToQueue(KTDialogController *dialog)
