@@ -2,13 +2,13 @@
 
 #include "FieldDetailOwner_p.h"
 #include "FieldDetails_p.h"
-#include "FirstFailure_p.h"
 #include "KTPropertyBinder.h"
 
 #include <KTUtility/Platform/AppKit/NSKeyValueBinding.h>
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
 #include <KTUtility/Platform/Diagnostics/NSLog.h>
 #include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
+#include <KTUtility/Platform/Values/FirstFailure_p.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 

@@ -1,6 +1,5 @@
 target_sources(KTUtilityTests PRIVATE
     Bindings/BinderSupport.h
-    Bindings/FirstFailureTests.cpp
     Bindings/KTFieldDetailBinderLifetimeTests.cpp
     Bindings/KTFieldDetailBinderModelTests.cpp
     Bindings/KTFieldDetailBinderTests.cpp

@@ -3,11 +3,11 @@
 #include "RankedSelection_p.h"
 #include "SelectionProxy_p.h"
 
+#include <KTUtility/Platform/Values/FirstFailure_p.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 
 #include <QPointer>
 
-#include <exception>
 #include <set>
 
 using namespace KTPrivate;
@@ -114,16 +114,11 @@ void NSArrayController::setSelectionIndexes(const QList<qsizetype> &indexes)
 void NSArrayController::tellSelection()
 {
     const QPointer<NSArrayController> self = this;
-    std::exception_ptr failure;
-    try {
-        _selection->setObjects(selectedObjects());
-    } catch (...) {
-        failure = std::current_exception();
-    }
+    FirstFailure failure;
+    failure.call([this] { _selection->setObjects(selectedObjects()); });
     if (self)
         Q_EMIT selectionChanged();
-    if (failure)
-        std::rethrow_exception(failure);
+    failure.rethrow();
 }
 
 qsizetype NSArrayController::selectionIndex() const

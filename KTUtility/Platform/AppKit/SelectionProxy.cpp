@@ -30,24 +30,13 @@ QVariant commonValue(const QVariantList &objects, const QString &path)
     return common;
 }
 
-/// Calls a function; what it raises is kept, if it is the first.
-template<typename Function>
-void keepFirst(std::exception_ptr *failure, const Function &function)
-{
-    try {
-        function();
-    } catch (...) {
-        *failure = *failure ? *failure : std::current_exception();
-    }
-}
-
-/// The same for what uses a key.
+/// Calls what uses a key.
 /// \return false if it is lacking, which is no failure: the value is a marker.
 template<typename Function>
-bool useKey(std::exception_ptr *failure, const Function &function)
+bool useKey(FirstFailure *failure, const Function &function)
 {
     bool isThere = true;
-    keepFirst(failure, [&] {
+    failure->call([&] {
         try {
             function();
         } catch (const NSException &) {
@@ -93,15 +82,14 @@ void SelectionProxy::setObjects(const QVariantList &objects)
     QStringList keys;
     for (const auto &each : _watches)
         keys += each.first;
-    std::exception_ptr failure;
+    FirstFailure failure;
     for (const QString &key : std::as_const(keys)) {
-        const std::exception_ptr raised = self && _watches.contains(key) ? observe(key) : nullptr;
-        failure = failure ? failure : raised;
+        if (self && _watches.contains(key))
+            observe(key, &failure);
     }
     if (self)
-        keepFirst(&failure, [&] { NSKeyValueObserving::didChangeAllValues(this); });
-    if (failure)
-        std::rethrow_exception(failure);
+        failure.call([this] { NSKeyValueObserving::didChangeAllValues(this); });
+    failure.rethrow();
 }
 
 std::optional<QVariant> SelectionProxy::valueForKey(const QString &key) const
@@ -166,12 +154,11 @@ bool SelectionProxy::validateValue(QVariant *value, const QString &key, NSError 
 void SelectionProxy::firstObserverCame(const QString &key)
 {
     const QPointer<SelectionProxy> self = this;
-    const std::exception_ptr failure = observe(key);
-    if (!failure)
-        return;
-    if (self)
+    FirstFailure failure;
+    observe(key, &failure);
+    if (failure.isThere() && self)
         lastObserverWent(key);
-    std::rethrow_exception(failure);
+    failure.rethrow();
 }
 
 void SelectionProxy::lastObserverWent(const QString &key)
@@ -188,8 +175,7 @@ bool SelectionProxy::isCurrent(const std::shared_ptr<Watch> &watch) const
 
 /// Listens to a key of each object that has it. What one raises keeps no other from being observed.
 /// Getters may destroy this object, or lead here again.
-/// \return what was raised first, null if nothing was.
-std::exception_ptr SelectionProxy::observe(const QString &key)
+void SelectionProxy::observe(const QString &key, FirstFailure *failure)
 {
     const QPointer<SelectionProxy> self = this;
     const QVariantList objects = _objects;
@@ -197,16 +183,14 @@ std::exception_ptr SelectionProxy::observe(const QString &key)
     watch->key = key;
     watch->hashes.resize(size_t(objects.size()));
     _watches[key] = watch;
-    std::exception_ptr failure;
     for (qsizetype index = 0; index < objects.size(); ++index) {
         if (self && isCurrent(watch))
-            observe(objects.at(index), size_t(index), watch, &failure);
+            observe(objects.at(index), size_t(index), watch, failure);
     }
-    return failure;
 }
 
 void SelectionProxy::observe(const QVariant &object, size_t index,
-                             const std::shared_ptr<Watch> &watch, std::exception_ptr *failure)
+                             const std::shared_ptr<Watch> &watch, FirstFailure *failure)
 {
     const QString path = pathOfElements(watch->key);
     if (path.isEmpty())

@@ -3,13 +3,13 @@
 #include <KTUtility/Platform/Keys/NSKeyValueCodingObject.h>
 #include <KTUtility/Platform/Keys/NSKeyValueObservation.h>
 
+#include <KTUtility/Platform/Values/FirstFailure_p.h>
 #include <KTUtility/Platform/Values/NSError.h>
 
 #include <QHash>
 #include <QStringList>
 #include <QVariantList>
 
-#include <exception>
 #include <map>
 #include <memory>
 #include <vector>
@@ -54,9 +54,9 @@ private:
     };
 
     bool isCurrent(const std::shared_ptr<Watch> &watch) const;
-    std::exception_ptr observe(const QString &key);
+    void observe(const QString &key, FirstFailure *failure);
     void observe(const QVariant &object, size_t index, const std::shared_ptr<Watch> &watch,
-                 std::exception_ptr *failure);
+                 FirstFailure *failure);
     void follow(QObject *record, const QString &path, size_t index,
                 const std::shared_ptr<Watch> &watch);
     void finishSetting();

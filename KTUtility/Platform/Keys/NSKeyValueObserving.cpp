@@ -2,11 +2,11 @@
 
 #include "KeyValueTarget.h"
 #include "ObservedKey_p.h"
+#include <KTUtility/Platform/Values/FirstFailure_p.h>
 #include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 
 #include <algorithm>
-#include <exception>
 
 using namespace KTPrivate;
 
@@ -127,15 +127,10 @@ void NSKeyValueObserving::didChangeAllValues(QObject *object)
     QList<QPointer<ObservedKey>> keys;
     for (ObservedKey *const key : ObservedKey::allOf(object))
         keys += key;
-    std::exception_ptr failure;
+    FirstFailure failure;
     for (const QPointer<ObservedKey> &key : std::as_const(keys)) {
-        try {
-            if (key)
-                key->didChange(NSKeyValueChangeSetting, {});
-        } catch (...) {
-            failure = failure ? failure : std::current_exception();
-        }
+        if (key)
+            failure.call([&key] { key->didChange(NSKeyValueChangeSetting, {}); });
     }
-    if (failure)
-        std::rethrow_exception(failure);
+    failure.rethrow();
 }

@@ -2,6 +2,8 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Values/DecimalArithmeticTests.cpp
     Platform/Values/DescribableTests.cpp
     Platform/Values/DescriptionTests.cpp
+    Platform/Values/DoubleTextTests.cpp
+    Platform/Values/FirstFailureTests.cpp
     Platform/Values/NSAttributedStringTests.cpp
     Platform/Values/NSDecimalNumberTableTests.cpp
     Platform/Values/NSDecimalNumberTests.cpp
@@ -15,7 +17,6 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Values/NSStringFormatTests.cpp
     Platform/Values/NSStringValuesTableTests.cpp
     Platform/Values/NSStringValuesTests.cpp
-    Platform/Values/DoubleTextTests.cpp
     Platform/Values/ValueHashTests.cpp
     Platform/Values/VariantKindTests.cpp
     Platform/Values/WallClockTests.cpp

@@ -1,4 +1,4 @@
-#include <KTUtility/Bindings/FirstFailure_p.h>
+#include <KTUtility/Platform/Values/FirstFailure_p.h>
 
 #include <gtest/gtest.h>
 

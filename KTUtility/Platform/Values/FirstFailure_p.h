@@ -1,5 +1,7 @@
 #pragma once
 
+// Private to the library. For calls that are all to be made although some raise.
+
 #include <exception>
 #include <utility>
 
@@ -27,6 +29,8 @@ public:
         }
     }
 
+    /// Whether a call has raised.
+    bool isThere() const { return _first != nullptr; }
     /// Throws what the first call that failed raised; nothing if none did.
     void rethrow()
     {
