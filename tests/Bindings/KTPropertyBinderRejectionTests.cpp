@@ -307,6 +307,7 @@ TEST(KTPropertyBinderRejection, PlaceholdersAreShownForMarkers)
 
 TEST(KTPropertyBinderRejection, PlaceholdersThatTheOwnerHasChangedAreNotStored)
 {
+    testing_support::needApplication();
     ObservedRecord first(u"Ada"_s), second(u"Bob"_s);
     NSArrayController controller;
     controller.setContent({QVariant::fromValue(&first), QVariant::fromValue(&second)});

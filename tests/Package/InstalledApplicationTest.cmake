@@ -31,10 +31,10 @@ foreach(file IN LISTS files)
     endif()
 endforeach()
 
-# The plug-ins, the samples, the texts of another language.
+# The plug-ins (their list loads none of them), the samples, the texts of another language.
 run("${cobble}" plugins)
-expect("loaded  ${bundle}/Contents/PlugIns/Exporters/TextExporter.bundle")
-expect("loaded  ${bundle}/Contents/PlugIns/Importers/VCardImporter.bundle")
+expect("ready  ${bundle}/Contents/PlugIns/Exporters/TextExporter.bundle")
+expect("ready  ${bundle}/Contents/PlugIns/Importers/VCardImporter.bundle")
 run("${cobble}" import "${bundle}/Contents/Resources/Samples/contacts.csv")
 expect("Rows read:       302")
 run("${cobble}" export contacts --to "${WORK}/contacts.json")
