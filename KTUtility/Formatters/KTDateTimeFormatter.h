@@ -2,10 +2,10 @@
 
 #include "KTDateFormatterList.h"
 #include "KTOptionsKeys.h"
+#include <KTUtility/CommonForms/KTReadingFormatter.h>
 #include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Dates/NSCalendar.h>
 #include <KTUtility/Platform/Dates/NSDateFormatter.h>
-#include <KTUtility/Platform/Numbers/NSFormatter.h>
 #include <KTUtility/Platform/Text/NSLocale.h>
 
 #include <QDateTime>
@@ -41,7 +41,7 @@ struct DateFormatterSettings;
 /// formatter.setDisplayYear(false);
 /// formatter.stringForObjectValue(value);                   // "March 5"
 /// \endcode
-class KTUTILITY_EXPORT KTDateTimeFormatter : public NSFormatter
+class KTUTILITY_EXPORT KTDateTimeFormatter : public KTReadingFormatter
 {
     Q_OBJECT
     Q_PROPERTY(NSLocale locale READ locale WRITE setLocale NOTIFY localeChanged)

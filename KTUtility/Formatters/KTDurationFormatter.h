@@ -1,8 +1,8 @@
 #pragma once
 
 #include "KTOptionsKeys.h"
+#include <KTUtility/CommonForms/KTReadingFormatter.h>
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Numbers/NSFormatter.h>
 #include <KTUtility/Platform/Text/NSLocale.h>
 #include <KTUtility/Platform/Values/NSDecimalNumber.h>
 
@@ -27,7 +27,8 @@ class KTDurationTables;
 /// QVariant value;
 /// formatter.getObjectValue(&value, u"2 hours, 30 minutes"_s);    // 9000
 /// \endcode
-class KTUTILITY_EXPORT KTDurationFormatter : public NSFormatter, public NSDecimalNumberBehaviors
+class KTUTILITY_EXPORT KTDurationFormatter : public KTReadingFormatter,
+                                             public NSDecimalNumberBehaviors
 {
     Q_OBJECT
     Q_PROPERTY(bool useAbbreviations READ useAbbreviations WRITE setUseAbbreviations NOTIFY

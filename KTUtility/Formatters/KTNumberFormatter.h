@@ -1,8 +1,8 @@
 #pragma once
 
 #include "KTOptionsKeys.h"
+#include <KTUtility/CommonForms/KTReadingFormatter.h>
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Numbers/NSFormatter.h>
 #include <KTUtility/Platform/Text/NSLocale.h>
 #include <KTUtility/Platform/Text/NSRange.h>
 
@@ -29,7 +29,7 @@ class NSNumberFormatter;
 /// QVariant value;
 /// formatter.getObjectValue(&value, u"(1,234.5678)"_s);    // -1234.5678, exactly
 /// \endcode
-class KTUTILITY_EXPORT KTNumberFormatter : public NSFormatter
+class KTUTILITY_EXPORT KTNumberFormatter : public KTReadingFormatter
 {
     Q_OBJECT
     Q_PROPERTY(NSLocale locale READ locale WRITE setLocale NOTIFY localeChanged)

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <KTUtility/CommonForms/KTReadingFormatter.h>
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Numbers/NSFormatter.h>
 
 #include <QList>
 #include <QStringList>
@@ -31,7 +31,7 @@ class PhonePatterns;
 /// formatter.setFormatIndex(1);                                              // United Kingdom
 /// formatter.stringForObjectValue(u"01223456789"_s);           // "01223 456789"
 /// \endcode
-class KTUTILITY_EXPORT KTPhoneNumberFormatter : public NSFormatter
+class KTUTILITY_EXPORT KTPhoneNumberFormatter : public KTReadingFormatter
 {
     Q_OBJECT
 

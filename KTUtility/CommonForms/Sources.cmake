@@ -1,0 +1,5 @@
+target_sources(KTUtility PRIVATE
+    CommonForms/FoldedText.cpp
+    CommonForms/KTReadingFormatter.cpp
+    CommonForms/PhraseTable.cpp
+)

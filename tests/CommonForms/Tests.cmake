@@ -1,0 +1,5 @@
+target_sources(KTUtilityTests PRIVATE
+    CommonForms/FoldedTextTests.cpp
+    CommonForms/KTReadingFormatterTests.cpp
+    CommonForms/PhraseTableTests.cpp
+)
