@@ -2,6 +2,7 @@
 
 #include "KeyValueOperators_p.h"
 #include "NSKeyValueCodingObject.h"
+#include "NSOptionalType.h"
 #include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
@@ -15,7 +16,7 @@ namespace {
 const QVariant Nil;
 
 /// A null text is nil wherever it comes from.
-const QVariant &boxed(const QVariant &value)
+const QVariant &boxedText(const QVariant &value)
 {
     return value.typeId() == QMetaType::QString && NSObject::isNil(value) ? Nil : value;
 }
@@ -114,7 +115,7 @@ bool KeyAccessor::readFromCodingObject(const KeyValueTarget &target)
     const auto *const object = qobject_cast<NSKeyValueCodingObject *>(target.object());
     std::optional<QVariant> value = object ? object->valueForKey(_key) : std::nullopt;
     if (value)
-        _value = boxed(*value);
+        _value = boxedText(*value);
     return value.has_value();
 }
 
@@ -131,7 +132,8 @@ void KeyAccessor::resolveClass(const KeyValueTarget &target)
         return;
     _metaObject = target.metaObject;
     _isVariant = _type.id() == QMetaType::QVariant;
-    _isText = _type.id() == QMetaType::QString;
+    _optional = NSOptionalType::of(_type);
+    _isBoxed = _isVariant || _optional || _type.id() == QMetaType::QString;
     _value = _isVariant ? QVariant() : QVariant(_type);
 }
 
@@ -169,9 +171,13 @@ const QVariant &KeyAccessor::readMetaCall(const KeyValueTarget &target, int call
     // A getter that returns a pointer to its value hands out that pointer.
     if (arguments[0] != storage)
         _value = QVariant(_type, arguments[0]);
-    if (_isVariant || _isText)
-        return boxed(_value);
-    return _value;
+    return _isBoxed ? boxed(_value) : _value;
+}
+
+/// What an optional holds; nil for null texts.
+const QVariant &KeyAccessor::boxed(const QVariant &value)
+{
+    return _optional ? _held = _optional->value(value.constData()) : boxedText(value);
 }
 
 const QVariant &KeyAccessor::readCollection(const QVariant &collection)
@@ -214,7 +220,7 @@ const QVariant &KeyAccessor::readObject(const KeyValueTarget &target)
     }
     resolveClass(target);
     if (_source == Source::Dynamic)
-        return boxed(_value = target.object()->property(_utf8Key.constData()));
+        return boxedText(_value = target.object()->property(_utf8Key.constData()));
     if (_source == Source::Self)
         return _value = selfOf(target);
     return readResolved(target);

@@ -8,6 +8,8 @@
 
 #include <vector>
 
+class NSOptionalType;
+
 namespace KTPrivate {
 /// Reads one key of many objects fast.
 ///
@@ -59,6 +61,7 @@ private:
     enum class Source : quint8 { None, Property, Method, Dynamic, Self };
 
     const QVariant &readResolved(const KeyValueTarget &target);
+    const QVariant &boxed(const QVariant &value);
     const QVariant &readOther(const KeyValueTarget &target);
     const QVariant &readMetaCall(const KeyValueTarget &target, int call);
     const QVariant &readCollection(const QVariant &collection);
@@ -79,9 +82,11 @@ private:
     const QMetaObject *_declaringClass = nullptr;
     Source _source = Source::None;
     bool _isVariant = false;
-    bool _isText = false;
+    bool _isBoxed = false; ///< whether a value may be nil
+    const NSOptionalType *_optional = nullptr;
     int _index = -1;
     QMetaType _type;
     QVariant _value;
+    QVariant _held; ///< by an optional
 };
 } // namespace KTPrivate

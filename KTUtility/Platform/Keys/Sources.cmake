@@ -10,6 +10,7 @@ target_sources(KTUtility PRIVATE
     Platform/Keys/NSKeyValueCoding.cpp
     Platform/Keys/NSKeyValueObservation.cpp
     Platform/Keys/NSKeyValueObserving.cpp
+    Platform/Keys/NSOptionalType.cpp
     Platform/Keys/NSPredicate.cpp
     Platform/Keys/NSSelectionMarker.cpp
     Platform/Keys/NSSelector.cpp

@@ -1,5 +1,6 @@
 #include "ValueConversion_p.h"
 
+#include "NSOptionalType.h"
 #include <KTUtility/Platform/Values/NSDecimalNumber.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 #include <KTUtility/Platform/Values/VariantKind_p.h>
@@ -43,6 +44,13 @@ QVariant convertedNumber(const QVariant &number, QMetaType type)
         return integerOf(number);
     }
 }
+/// An optional of what a value becomes as the type that it holds.
+std::optional<QVariant> convertedOptional(const QVariant &value, const NSOptionalType &type)
+{
+    const std::optional<QVariant> held =
+        NSObject::isNil(value) ? QVariant() : convertedValue(value, type.valueType());
+    return held ? std::optional(type.optional(*held)) : std::nullopt;
+}
 } // namespace
 
 std::optional<QVariant> KTPrivate::convertedValue(const QVariant &value, QMetaType type)
@@ -54,6 +62,10 @@ std::optional<QVariant> KTPrivate::convertedValue(const QVariant &value, QMetaTy
         result = convertedNumber(value, type);
     else if (type.id() == QMetaType::Bool && kindOf(value) == VariantKind::Text)
         result = NSObject::boolValue(value);
+    else if (const NSOptionalType *const held = NSOptionalType::of(type))
+        return convertedOptional(value, *held);
+    else if (const NSOptionalType *const holder = NSOptionalType::of(value.metaType()))
+        return convertedValue(holder->value(value.constData()), type);
     if (result.metaType() == type || result.convert(type))
         return result;
     return std::nullopt;

@@ -14,7 +14,9 @@ namespace KTPrivate {
 ///
 /// Numbers convert as the platform's do: their fractions are cut, every number other than 0 is
 /// true, and integers that are too large for a smaller type lose their upper bits. A text is true
-/// as NSString::boolValue() reads it. Everything else converts as Qt's variants do.
+/// as NSString::boolValue() reads it. Optionals take what they can hold, and give it (see
+/// NSOptionalType). Everything else converts as Qt's variants do; lengths of time (std::chrono) and
+/// numbers of seconds into each other.
 /// \return nothing if there is no such conversion.
 KTUTILITY_EXPORT std::optional<QVariant> convertedValue(const QVariant &value, QMetaType type);
 } // namespace KTPrivate

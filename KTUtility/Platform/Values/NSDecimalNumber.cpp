@@ -6,6 +6,9 @@
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 #include <KTUtility/Platform/Text/NSLocale.h>
 
+#include <QDataStream>
+#include <QDebug>
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -193,9 +196,9 @@ NSDecimalNumber checked(Coefficient coefficient, qint64 exponent, bool isNegativ
 }
 } // namespace
 
-NSDecimalNumber::NSDecimalNumber(qint64 value) noexcept : _isNegative(value < 0)
+NSDecimalNumber::NSDecimalNumber(quint64 magnitude, bool isNegative) noexcept
+    : _isNegative(isNegative)
 {
-    const quint64 magnitude = value < 0 ? 0 - quint64(value) : quint64(value);
     Coefficient coefficient = magnitude;
     qint64 exponent = 0;
     normalise(coefficient, exponent);
@@ -368,4 +371,32 @@ std::strong_ordering operator<=>(const NSDecimalNumber &left, const NSDecimalNum
     const std::strong_ordering order =
         compareMagnitudes(DecimalParts::of(left), DecimalParts::of(right));
     return left._isNegative ? 0 <=> order : order;
+}
+
+size_t qHash(const NSDecimalNumber &number, size_t seed) noexcept
+{
+    return qHashMulti(seed, number._high, number._low, number._exponent, number._isNegative,
+                      number._isNaN);
+}
+
+QDebug operator<<(QDebug debug, const NSDecimalNumber &number)
+{
+    const QDebugStateSaver saver(debug);
+    debug.noquote().nospace() << number.description();
+    return debug;
+}
+
+QDataStream &operator<<(QDataStream &stream, const NSDecimalNumber &number)
+{
+    return stream << number.description();
+}
+
+QDataStream &operator>>(QDataStream &stream, NSDecimalNumber &number)
+{
+    QString text;
+    stream >> text;
+    number = NSDecimalNumber::decimalNumberWithString(text);
+    if (number.isNaN() && text != number.description())
+        stream.setStatus(QDataStream::ReadCorruptData);
+    return stream;
 }

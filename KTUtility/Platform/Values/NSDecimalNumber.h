@@ -7,6 +7,8 @@
 #include <QVariant>
 
 #include <compare>
+#include <concepts>
+#include <functional>
 #include <optional>
 
 namespace KTPrivate {
@@ -15,6 +17,8 @@ struct DecimalParts;
 
 class NSDecimalNumberBehaviors;
 class NSLocale;
+class QDataStream;
+class QDebug;
 
 /// Which of two neighbours a result that needs more digits becomes.
 enum NSRoundingMode {
@@ -56,13 +60,35 @@ KTUTILITY_EXPORT extern const QString NSDecimalNumberDivideByZeroException;
 /// const NSDecimalNumberHandler cents(NSRoundBankers, 2, false, true, true, true);
 /// price.decimalNumberByDividingBy(NSDecimalNumber(7), &cents);    // 1.79
 /// \endcode
+///
+/// It is a value for Qt, too: variants convert it to and from texts ("12.5", in every locale) and all
+/// arithmetic types, as they convert doubles (fractions are rounded on the way to integers; what
+/// does not fit, or is not a number, fails); it can be hashed, streamed and printed with qDebug().
+///
+/// \code
+/// using namespace KTLiterals;
+/// const NSDecimalNumber total = 12.50_dec + 0.10_dec * NSDecimalNumber(3);    // 12.8, exactly
+/// QVariant::fromValue(total).toDouble();                                      // 12.8
+/// QVariant(u"7.25"_s).value<NSDecimalNumber>() == 7.25_dec;                    // true
+/// \endcode
 class KTUTILITY_EXPORT NSDecimalNumber
 {
 public:
     /// Zero.
     NSDecimalNumber() noexcept = default;
-    /// An integer, exactly.
-    explicit NSDecimalNumber(qint64 value) noexcept;
+    /// An integer of any type, exactly.
+    template<std::integral Integer>
+        requires(!std::same_as<Integer, bool>)
+    explicit NSDecimalNumber(Integer value) noexcept
+        : NSDecimalNumber(value < 0 ? 0 - quint64(value) : quint64(value), value < 0)
+    {
+    }
+    /// As decimalNumberWithDouble(): 12.5 is 12.5, and 0.1 has some more than one tenth.
+    template<std::floating_point Floating>
+    explicit NSDecimalNumber(Floating value)
+        : NSDecimalNumber(decimalNumberWithDouble(double(value)))
+    {
+    }
 
     /// 0.
     static NSDecimalNumber zero() noexcept { return {}; }
@@ -125,6 +151,42 @@ public:
     /// The number with the other sign; zero stays.
     NSDecimalNumber decimalNumberByNegating() const;
 
+    // --- The same as operators, with defaultBehavior(): dividing by zero raises unless that
+    // decides otherwise.
+
+    /// The sum.
+    friend NSDecimalNumber operator+(const NSDecimalNumber &left, const NSDecimalNumber &right)
+    {
+        return left.decimalNumberByAdding(right);
+    }
+    /// The difference.
+    friend NSDecimalNumber operator-(const NSDecimalNumber &left, const NSDecimalNumber &right)
+    {
+        return left.decimalNumberBySubtracting(right);
+    }
+    /// The product.
+    friend NSDecimalNumber operator*(const NSDecimalNumber &left, const NSDecimalNumber &right)
+    {
+        return left.decimalNumberByMultiplyingBy(right);
+    }
+    /// The quotient.
+    friend NSDecimalNumber operator/(const NSDecimalNumber &left, const NSDecimalNumber &right)
+    {
+        return left.decimalNumberByDividingBy(right);
+    }
+    /// The number itself.
+    NSDecimalNumber operator+() const { return *this; }
+    /// The number with the other sign.
+    NSDecimalNumber operator-() const { return decimalNumberByNegating(); }
+    /// Adds.
+    NSDecimalNumber &operator+=(const NSDecimalNumber &other) { return *this = *this + other; }
+    /// Subtracts.
+    NSDecimalNumber &operator-=(const NSDecimalNumber &other) { return *this = *this - other; }
+    /// Multiplies.
+    NSDecimalNumber &operator*=(const NSDecimalNumber &other) { return *this = *this * other; }
+    /// Divides.
+    NSDecimalNumber &operator/=(const NSDecimalNumber &other) { return *this = *this / other; }
+
     /// Plain rounding without scale, raising for everything but lost digits. One for each thread.
     static const NSDecimalNumberBehaviors *defaultBehavior();
     /// Another one for the calling thread, which has to outlive its use; null is the first again.
@@ -157,8 +219,13 @@ public:
                left._isNaN == right._isNaN;
     }
 
+    /// Equal numbers have equal hashes, however they were typed.
+    friend KTUTILITY_EXPORT size_t qHash(const NSDecimalNumber &number, size_t seed) noexcept;
+
 private:
     friend struct KTPrivate::DecimalParts;
+
+    NSDecimalNumber(quint64 magnitude, bool isNegative) noexcept;
 
     // Normal form: no trailing zero in the coefficient unless the exponent cannot grow; zero has
     // exponent 0 and no sign. Equal values are therefore equal member by member.
@@ -170,6 +237,63 @@ private:
 };
 
 Q_DECLARE_METATYPE(NSDecimalNumber)
+
+/// The hash of a number, for QHash and QSet.
+KTUTILITY_EXPORT size_t qHash(const NSDecimalNumber &number, size_t seed = 0) noexcept;
+
+/// The same for the containers of the standard library.
+template<>
+struct std::hash<NSDecimalNumber>
+{
+    /// As qHash().
+    size_t operator()(const NSDecimalNumber &number) const noexcept { return qHash(number); }
+};
+
+/// Prints the number as description() has it.
+KTUTILITY_EXPORT QDebug operator<<(QDebug debug, const NSDecimalNumber &number);
+/// Writes the number as a text, which every version of the framework reads.
+KTUTILITY_EXPORT QDataStream &operator<<(QDataStream &stream, const NSDecimalNumber &number);
+/// Reads what was written; a text that is no number is not-a-number, and sets the stream's status.
+KTUTILITY_EXPORT QDataStream &operator>>(QDataStream &stream, NSDecimalNumber &number);
+
+namespace KTDetail {
+/// How a literal is written: its digits and its point, without separators between digits.
+template<char... Characters>
+struct DecimalLiteral
+{
+    /// The characters that count.
+    static constexpr char16_t Text[] = {char16_t(Characters)..., u'\0'};
+
+    /// Whether it is a decimal, and no hexadecimal, binary or octal number.
+    static constexpr bool isDecimal()
+    {
+        constexpr auto isOfDecimal = [](char c) {
+            return (c >= '0' && c <= '9') || c == '.' || c == 'e' || c == 'E' || c == '+' ||
+                   c == '-' || c == '\'';
+        };
+        constexpr bool isOctal =
+            sizeof...(Characters) > 1 && Text[0] == u'0' && Text[1] >= u'0' && Text[1] <= u'9';
+        return (isOfDecimal(Characters) && ...) && !isOctal;
+    }
+
+    /// How many digits it has.
+    static constexpr int digits() { return ((Characters >= '0' && Characters <= '9') + ...); }
+};
+} // namespace KTDetail
+
+/// Decimals in programs: `using namespace KTLiterals;` and `12.50_dec`.
+namespace KTLiterals {
+/// The number as it is written, exactly; one with more than 38 digits does not compile.
+template<char... Characters>
+[[nodiscard]] NSDecimalNumber operator""_dec()
+{
+    using Literal = KTDetail::DecimalLiteral<Characters...>;
+    static_assert(Literal::isDecimal(), "Only decimal digits, a point and an exponent.");
+    static_assert(Literal::digits() <= 38, "A decimal has at most 38 digits.");
+    QString text = QString::fromUtf16(Literal::Text);
+    return NSDecimalNumber::decimalNumberWithString(text.remove(u'\''));
+}
+} // namespace KTLiterals
 
 /// How decimals are rounded and what happens when that is not enough.
 class KTUTILITY_EXPORT NSDecimalNumberBehaviors

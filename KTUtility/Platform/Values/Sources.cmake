@@ -1,9 +1,11 @@
 target_sources(KTUtility PRIVATE
+    Platform/Values/ChronoConversions.cpp
     Platform/Values/DecimalArithmetic.cpp
     Platform/Values/Describable.cpp
     Platform/Values/Description.cpp
     Platform/Values/NSAttributedString.cpp
     Platform/Values/NSDecimalNumber.cpp
+    Platform/Values/NSDecimalNumberConversions.cpp
     Platform/Values/NSDecimalNumberOperations.cpp
     Platform/Values/NSError.cpp
     Platform/Values/NSException.cpp

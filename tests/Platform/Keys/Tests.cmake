@@ -12,6 +12,7 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Keys/NSKeyValueCodingTests.cpp
     Platform/Keys/NSKeyValueObservationTests.cpp
     Platform/Keys/NSKeyValueObservingTests.cpp
+    Platform/Keys/NSOptionalTypeTests.cpp
     Platform/Keys/NSPredicateTests.cpp
     Platform/Keys/NSProtocolTests.cpp
     Platform/Keys/NSSelectionMarkerTests.cpp
