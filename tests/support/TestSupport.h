@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ctime>
 #include <functional>
 #include <ostream>
 
@@ -49,6 +50,18 @@ protected:
     WindowedTest() { needApplication(); }
 
     static void turn() { testing_support::turn(); }
+};
+
+/// Time that this process has used of the processor, for what has to stay linear: other work on the
+/// machine does not count.
+class ProcessorTime
+{
+public:
+    /// Since this was made, in milliseconds.
+    qint64 elapsed() const { return qint64(std::clock() - _start) * 1000 / CLOCKS_PER_SEC; }
+
+private:
+    std::clock_t _start = std::clock();
 };
 
 /// The rows of a table in tests/data: one JSON object a line.

@@ -1,16 +1,18 @@
 #include "NSDateFormatter.h"
 
 #include "NSDateFormatterPrivate_p.h"
+#include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
-const QString &formattingError()
+/// In the language of the program as it is now.
+QString formattingError()
 {
-    static const QString text = u"Formatting error: the text cannot be read as a date."_s;
-    return text;
+    return NSBundle::mainBundle().localizedStringForKey(
+        u"Formatting error: the text cannot be read as a date."_s);
 }
 
 /// The part of \a text that \a range names, cut to what there is.

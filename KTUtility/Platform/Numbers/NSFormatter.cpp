@@ -26,6 +26,20 @@ bool NSFormatter::getObjectValue(QVariant *, const QString &, QString *) const
     return false;
 }
 
+KTReadResult NSFormatter::read(const QString &text) const
+{
+    QVariant value;
+    QString reason;
+    if (getObjectValue(&value, text, &reason))
+        return KTReadResult::read(value);
+    return KTReadResult::rejected(reasonForRejecting(text, reason));
+}
+
+QString NSFormatter::reasonForRejecting(const QString &, const QString &errorDescription) const
+{
+    return errorDescription;
+}
+
 std::optional<QStringList> NSFormatter::optionsKeys() const
 {
     return std::nullopt;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KTReadResult.h"
 #include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Values/NSAttributedString.h>
 
@@ -55,6 +56,9 @@ public:
     virtual bool getObjectValue(QVariant *value, const QString &forString,
                                 QString *errorDescription = nullptr) const;
 
+    /// The same as a value or a reason: what getObjectValue() reads, else reasonForRejecting().
+    [[nodiscard]] KTReadResult read(const QString &text) const;
+
     // --- Options
 
     /// The names of the options, in the order in which setOptions() applies them; nil (the
@@ -70,4 +74,9 @@ public:
     /// (or nil) leave the option as it is.
     /// \throws NSException as NSKeyValueCoding::setValue() for a value of the wrong type.
     void setOptions(const QVariantMap &options);
+
+protected:
+    /// Why a text was not read, in a sentence for people. The default is what getObjectValue() said;
+    /// override it to name what your formatter reads. Nil is "The text cannot be read."
+    virtual QString reasonForRejecting(const QString &text, const QString &errorDescription) const;
 };

@@ -2,6 +2,7 @@
 
 #include "NSNumberFormatterPrivate_p.h"
 #include "NumberPattern_p.h"
+#include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 
@@ -16,17 +17,16 @@ using Symbols = icu::DecimalFormatSymbols;
 namespace {
 constexpr int MaximumSignificantDigits = 999; // as in ICU
 
-const NSError &noNumberError()
+/// In the language of the program as it is now.
+QString noNumberDescription()
 {
-    static const NSError error(NSCocoaErrorDomain, NSFormattingError,
-                               u"The text is not a number."_s);
-    return error;
+    return NSBundle::mainBundle().localizedStringForKey(u"The text is not a number."_s);
 }
 
 bool fail(NSError *error)
 {
     if (error)
-        *error = noNumberError();
+        *error = NSError(NSCocoaErrorDomain, NSFormattingError, noNumberDescription());
     return false;
 }
 
@@ -86,6 +86,12 @@ bool NSNumberFormatter::getObjectValue(QVariant *value, const QString &forString
     if (isWhole && value)
         *value = result;
     return isWhole;
+}
+
+/// A text that begins with a number is none either.
+QString NSNumberFormatter::reasonForRejecting(const QString &, const QString &) const
+{
+    return noNumberDescription();
 }
 
 QVariant NSNumberFormatter::numberFromString(const QString &string) const

@@ -253,6 +253,9 @@ public:
     const std::optional<QTextCharFormat> &textAttributesForNegativeValues() const;
     void setTextAttributesForNegativeValues(const std::optional<QTextCharFormat> &attributes);
 
+protected:
+    QString reasonForRejecting(const QString &text, const QString &errorDescription) const override;
+
 private:
     struct Private;
 

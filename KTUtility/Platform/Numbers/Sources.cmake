@@ -1,4 +1,5 @@
 target_sources(KTUtility PRIVATE
+    Platform/Numbers/KTReadResult.cpp
     Platform/Numbers/NSFormatter.cpp
     Platform/Numbers/NSNumberFormatter.cpp
     Platform/Numbers/NSNumberFormatterPrivate.cpp

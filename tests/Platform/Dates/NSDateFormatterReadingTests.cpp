@@ -15,7 +15,7 @@ using namespace testing_support;
 
 namespace {
 /// The wall time in a formatter's zone; null if the text is not read to its end.
-QString read(const NSDateFormatter &formatter, const QString &text)
+QString readText(const NSDateFormatter &formatter, const QString &text)
 {
     NSRange range{0, text.size()};
     QVariant value;
@@ -36,7 +36,7 @@ struct Reader : NSDateFormatter
     QString operator()(const char16_t *pattern, const char16_t *text)
     {
         setDateFormat(QString::fromUtf16(pattern));
-        return read(*this, QString::fromUtf16(text));
+        return readText(*this, QString::fromUtf16(text));
     }
 
     void setDefault(int year, int month, int day, int hour = 12)
@@ -145,7 +145,7 @@ TEST(NSDateFormatterReading, ReadsWhatStylesShow)
         for (unsigned style = 1; style <= 4; ++style) {
             reader.setDateStyle(style);
             reader.setTimeStyle(1);
-            EXPECT_EQ(read(reader, reader.stringFromDate(date)), u"2008-09-05 17:30:00")
+            EXPECT_EQ(readText(reader, reader.stringFromDate(date)), u"2008-09-05 17:30:00")
                 << name << ' ' << qPrintable(reader.stringFromDate(date));
         }
     }
@@ -286,22 +286,22 @@ TEST(NSDateFormatterReading, TakesFourDigitsOfTheYearInAStyle)
     // "d.M.yy." in CLDR 42, "d. M. y." in CLDR 46.
     reader.setDateStyle(NSDateFormatterShortStyle);
     for (const QString &text : {u"5.3.2008."_s, u"5. 3. 2008."_s, u"5.3. 2008."_s})
-        EXPECT_EQ(read(reader, text), u"2008-03-05 00:00:00") << qPrintable(text);
+        EXPECT_EQ(readText(reader, text), u"2008-03-05 00:00:00") << qPrintable(text);
     DateFormatterAccess::setFormatOfStyle(reader, u"d. M. y."_s);
     for (const QString &text : {u"5.3.2008."_s, u"5. 3. 2008."_s, u"5.3.08."_s})
-        EXPECT_EQ(read(reader, text), u"2008-03-05 00:00:00") << qPrintable(text);
+        EXPECT_EQ(readText(reader, text), u"2008-03-05 00:00:00") << qPrintable(text);
     DateFormatterAccess::setFormatOfStyle(reader, u"d.M.yy."_s);
-    EXPECT_EQ(read(reader, u"5.3.2008."_s), u"2008-03-05 00:00:00");
-    EXPECT_EQ(read(reader, u"5.3.08."_s), u"2008-03-05 00:00:00");
-    EXPECT_EQ(read(reader, u"5.3.٢٠٠٨."_s), u"2008-03-05 00:00:00");
-    EXPECT_EQ(read(reader, u"5.3.8."_s), QString());
-    EXPECT_EQ(read(reader, u"5.3.208."_s), QString());
+    EXPECT_EQ(readText(reader, u"5.3.2008."_s), u"2008-03-05 00:00:00");
+    EXPECT_EQ(readText(reader, u"5.3.08."_s), u"2008-03-05 00:00:00");
+    EXPECT_EQ(readText(reader, u"5.3.٢٠٠٨."_s), u"2008-03-05 00:00:00");
+    EXPECT_EQ(readText(reader, u"5.3.8."_s), QString());
+    EXPECT_EQ(readText(reader, u"5.3.208."_s), QString());
     // A pattern that was set takes what it says.
     EXPECT_EQ(reader(u"d.M.yy.", u"5.3.2008."), QString());
     EXPECT_EQ(reader(u"d.M.yy.", u"5.3.08."), u"2008-03-05 00:00:00");
     // One that begins with a style's, as the lists of date fields have it.
     DateFormatterAccess::setFormatOfStyle(reader, u"d.M.yy. k:m"_s);
-    EXPECT_EQ(read(reader, u"5.3.2008. 17:30"_s), u"2008-03-05 17:30:00");
+    EXPECT_EQ(readText(reader, u"5.3.2008. 17:30"_s), u"2008-03-05 17:30:00");
     EXPECT_EQ(reader(u"d.M.yy. k:m", u"5.3.2008. 17:30"), QString());
 }
 

@@ -1,4 +1,5 @@
 target_sources(KTUtilityTests PRIVATE
+    Platform/Numbers/KTReadResultTests.cpp
     Platform/Numbers/NSFormatterTests.cpp
     Platform/Numbers/NSNumberFormatterICUTests.cpp
     Platform/Numbers/NSNumberFormatterReadingTests.cpp
