@@ -2,4 +2,18 @@ target_sources(KTUtilityTests PRIVATE
     CommonForms/FoldedTextTests.cpp
     CommonForms/KTReadingFormatterTests.cpp
     CommonForms/PhraseTableTests.cpp
+    CommonForms/TypedRows.cpp
+    CommonForms/TypedRowsTests.cpp
+    support/WallClockAt.cpp
 )
+# The time at which the rows are typed.
+target_link_options(KTUtilityTests PRIVATE LINKER:--export-dynamic-symbol=clock_gettime)
+
+# Prints how the rows are read: scripts/typed.
+add_executable(TypedRows
+    CommonForms/TypedRows.cpp
+    CommonForms/TypedRowsMain.cpp
+    support/WallClockAt.cpp
+)
+kt_configure_test_program(TypedRows)
+target_link_options(TypedRows PRIVATE LINKER:--export-dynamic-symbol=clock_gettime)

@@ -1,0 +1,107 @@
+#include "TypedRows.h"
+
+#include "support/TestSupport.h"
+#include "support/WallClockAt.h"
+
+#include <QJsonDocument>
+
+#include <chrono>
+
+using namespace Qt::StringLiterals;
+using namespace testing_support;
+
+namespace {
+TypedRow row(const QString &type, const QString &locale, const QString &text, const QString &value)
+{
+    return {type, locale, text, value, {}, QDateTime({2013, 2, 12}, {4, 30}, Qt::UTC)};
+}
+
+TypedResult::Outcome outcomeOf(const TypedRow &typed)
+{
+    return TypedRows::resultOf(typed, false).outcome;
+}
+} // namespace
+
+TEST(TypedRows, AreRightWrongOrRejected)
+{
+    EXPECT_EQ(outcomeOf(row(u"number"_s, u"en_US"_s, u"1,234.50"_s, u"1234.5"_s)),
+              TypedResult::Read);
+    EXPECT_EQ(outcomeOf(row(u"number"_s, u"en_US"_s, u"1,234"_s, u"1.234"_s)), TypedResult::Wrong);
+    EXPECT_EQ(outcomeOf(row(u"number"_s, u"en_US"_s, u"many"_s, u"1000"_s)), TypedResult::Rejected);
+    EXPECT_EQ(outcomeOf(row(u"money"_s, u"en_US"_s, u"$5"_s, u"5 USD"_s)), TypedResult::Read);
+    EXPECT_EQ(outcomeOf(row(u"duration"_s, u"en_US"_s, u"2h"_s, u"7200"_s)), TypedResult::Read);
+    EXPECT_EQ(outcomeOf(row(u"time"_s, u"de_DE"_s, u"17:30"_s, u"17:30:00"_s)), TypedResult::Read);
+    EXPECT_EQ(
+        outcomeOf(row(u"datetime"_s, u"en_US"_s, u"3/5/2008 5:30 PM"_s, u"2008-03-05T17:30:00"_s)),
+        TypedResult::Read);
+}
+
+TEST(TypedRows, AreTypedAtTheirTime)
+{
+    TypedRow typed = row(u"date"_s, u"en_US"_s, u"tomorrow"_s, u"2013-02-13"_s);
+    EXPECT_EQ(outcomeOf(typed), TypedResult::Read);
+    typed.reference = typed.reference.addDays(1);
+    EXPECT_EQ(outcomeOf(typed), TypedResult::Wrong);
+}
+
+TEST(TypedRows, AreTypedInTheirLocale)
+{
+    EXPECT_EQ(outcomeOf(row(u"date"_s, u"de_DE"_s, u"5.3.2008"_s, u"2008-03-05"_s)),
+              TypedResult::Read);
+    EXPECT_EQ(outcomeOf(row(u"date"_s, u"en_US"_s, u"3/5/2008"_s, u"2008-03-05"_s)),
+              TypedResult::Read);
+}
+
+TEST(TypedRows, PhoneNumbersAreStoredAsTyped)
+{
+    TypedRow typed = row(u"phone"_s, u"de_AT"_s, u"01 234567890"_s, u"+431234567890"_s);
+    typed.shown = QStringList{u"01 234567890"_s, u"+43 1 234567890"_s};
+    EXPECT_EQ(outcomeOf(typed), TypedResult::Read);
+}
+
+TEST(TypedRows, HaveAllTypesAndThe53Locales)
+{
+    QStringList locales;
+    qsizetype count = 0;
+    for (const QString &type : TypedRows::types()) {
+        for (const TypedRow &typed : TypedRows::ofType(type)) {
+            EXPECT_EQ(typed.type, type);
+            EXPECT_TRUE(typed.reference.isValid()) << typed.text.toStdString();
+            locales += typed.locale;
+            ++count;
+        }
+    }
+    locales.removeDuplicates();
+    EXPECT_EQ(count, 962);
+    EXPECT_EQ(locales.size(), 53);
+}
+
+TEST(TypedRows, WithoutCommonFormsNothingHasChanged)
+{
+    const QList<QJsonObject> known = rowsOf(u"typed/plain.jsonl"_s);
+    qsizetype index = 0;
+    for (const QString &type : TypedRows::types()) {
+        for (const TypedRow &typed : TypedRows::ofType(type)) {
+            const TypedResult result = TypedRows::resultOf(typed, false);
+            const QString written = TypedRows::written(typed, result);
+            EXPECT_EQ(QJsonDocument::fromJson(written.toUtf8()).object(), known.value(index++))
+                << written.toStdString();
+            EXPECT_FALSE(result.reading.isRead());
+        }
+    }
+    EXPECT_EQ(index, known.size());
+}
+
+TEST(TypedRows, TheClockStandsMeanwhile)
+{
+    const QDateTime moment({1999, 12, 31}, {23, 59, 59, 250}, Qt::UTC);
+    {
+        const WallClockAt standing(moment);
+        EXPECT_EQ(QDateTime::currentDateTimeUtc(), moment);
+        using namespace std::chrono;
+        EXPECT_EQ(floor<milliseconds>(system_clock::now().time_since_epoch()).count(),
+                  moment.toMSecsSinceEpoch());
+        EXPECT_NE(steady_clock::now().time_since_epoch().count(), 0);
+    }
+    EXPECT_GT(QDateTime::currentDateTimeUtc(), moment.addYears(1));
+}
