@@ -4,11 +4,13 @@
 #include "DatePatterns_p.h"
 #include "DateReading_p.h"
 #include "Today_p.h"
+#include <KTUtility/CommonForms/CommonDates_p.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Dates/DateFormatterAccess_p.h>
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
 #include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
 #include <KTUtility/Platform/Values/UTC_p.h>
+#include <KTUtility/Platform/Values/WallClock_p.h>
 
 #include <mutex>
 
@@ -25,6 +27,20 @@ std::recursive_mutex &classLock()
 {
     static std::recursive_mutex lock;
     return lock;
+}
+
+/// Nobody types the day before the month behind a year.
+DateOrder dateOrderOf(int inputOrder)
+{
+    switch (inputOrder) {
+    case KTDateTimeFormatter::DayMonthYear:
+        return DateOrder::DayMonthYear;
+    case KTDateTimeFormatter::YearMonthDay:
+    case KTDateTimeFormatter::YearDayMonth:
+        return DateOrder::YearMonthDay;
+    default:
+        return DateOrder::MonthDayYear;
+    }
 }
 } // namespace
 
@@ -414,8 +430,58 @@ bool KTDateTimeFormatter::getObjectValue(QVariant *value, const QString &forStri
 bool KTDateTimeFormatter::readTyped(QVariant *value, QDateTime *clock, const QString &text,
                                     QString *errorDescription) const
 {
+    return readsCommonForms() ? readForms(value, clock, text, errorDescription)
+                              : readByPatterns(value, clock, text, errorDescription);
+}
+
+/// Reads in one kind of forms after the other. Common ones come before the patterns, which take
+/// some of them in a way that nobody means.
+bool KTDateTimeFormatter::readForms(QVariant *value, QDateTime *clock, const QString &text,
+                                    QString *errorDescription) const
+{
+    if (const auto isRead = readCommon(value, clock, text, errorDescription))
+        return *isRead;
+    const bool isRead = readByPatterns(value, clock, text, errorDescription);
+    setReading(isRead ? KTReading{u"pattern"_s, {}, zoneOfField(), {}, {}} : KTReading());
+    if (!isRead && value)
+        *value = QVariant();
+    if (!isRead && errorDescription && errorDescription->isNull())
+        *errorDescription = u"The text is in no form of dates and times that is known."_s;
+    return isRead;
+}
+
+QString KTDateTimeFormatter::zoneOfField() const
+{
+    return QString::fromLatin1(NSCalendar::systemTimeZone().id());
+}
+
+/// Reads what people commonly type; nothing if the text is none of it.
+std::optional<bool> KTDateTimeFormatter::readCommon(QVariant *value, QDateTime *clock,
+                                                    const QString &text,
+                                                    QString *errorDescription) const
+{
+    const DateOrder order = dateOrderOf(localeInputOrder());
+    const CommonDate date = readCommonDate(
+        text, {_locale, _calendar, order, displayDate(), displayTime(), WallClock::milliseconds()});
+    if (date.outcome == CommonDate::Outcome::Unknown)
+        return std::nullopt;
+    const bool isRead = date.outcome == CommonDate::Outcome::Read;
+    setReading(date.reading);
+    if (value)
+        *value = isRead ? QVariant(date.date) : QVariant();
+    if (clock && isRead)
+        *clock = date.clock;
+    if (!isRead && errorDescription)
+        *errorDescription = QString::fromUtf16(date.reason);
+    return isRead;
+}
+
+bool KTDateTimeFormatter::readByPatterns(QVariant *value, QDateTime *clock, const QString &text,
+                                         QString *errorDescription) const
+{
     DateReading reading(text);
-    bool isRead = read(reading);
+    // What leaves text over is read as people mean it only if they mean nothing by the rest.
+    bool isRead = read(reading) && (reading.chosen() || !readsCommonForms());
     const bool isBareHour = reading.isBareHour();
     if (value)
         *value = isRead ? QVariant(reading.date()) : QVariant();

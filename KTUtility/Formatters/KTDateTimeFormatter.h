@@ -13,6 +13,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 
 namespace KTPrivate {
 class DateReading;
@@ -223,6 +224,13 @@ private:
     QString timePattern() const;
     KTPrivate::DateFormatterSettings formatterSettings() const;
     const SharedList &sharedTimeFormatters() const;
+    bool readForms(QVariant *value, QDateTime *clock, const QString &text,
+                   QString *errorDescription) const;
+    std::optional<bool> readCommon(QVariant *value, QDateTime *clock, const QString &text,
+                                   QString *errorDescription) const;
+    bool readByPatterns(QVariant *value, QDateTime *clock, const QString &text,
+                        QString *errorDescription) const;
+    QString zoneOfField() const;
     bool read(KTPrivate::DateReading &reading) const;
     bool readDate(KTPrivate::DateReading &reading) const;
     QDateTime plainDateOf(const QDateTime &calendarDate) const;

@@ -1,5 +1,7 @@
 #pragma once
 
+// Private to the library. The words for dates that CLDR lacks, for whatever reads typed ones.
+
 #include <QtGlobal>
 
 #include <vector>

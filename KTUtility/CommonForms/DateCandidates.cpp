@@ -1,0 +1,170 @@
+#include "DateCandidates_p.h"
+
+#include <array>
+#include <span>
+
+using namespace KTPrivate;
+
+namespace {
+using Role = DateSaid::Role;
+using Roles = std::span<const Role>;
+
+/// Gives roles to numbers; false where that is against what is known of them.
+class Assignment
+{
+public:
+    explicit Assignment(const DateSaid &said) : _said(said) { _candidate.month = said.month; }
+
+    bool assign(Roles roles)
+    {
+        int index = 0;
+        for (const Role role : roles) {
+            if (!set(index++, role))
+                return false;
+        }
+        return true;
+    }
+
+    const DateCandidate &candidate() const { return _candidate; }
+
+private:
+    bool set(int index, Role role)
+    {
+        const DateSaid::Number &number = _said.numbers[index];
+        return (number.role == Role::Unknown || number.role == role) && take(index, number, role);
+    }
+
+    bool take(int index, const DateSaid::Number &number, Role role)
+    {
+        switch (role) {
+        case Role::Year:
+            return setYear(index, number);
+        case Role::Month:
+            _candidate.month = number.value;
+            _candidate.monthNumber = index;
+            return true;
+        default:
+            _candidate.day = number.value;
+            _candidate.dayNumber = index;
+            return true;
+        }
+    }
+
+    /// Years have two digits or four; those of an era as many as they have.
+    bool setYear(int index, const DateSaid::Number &number)
+    {
+        const bool isOfEra = _said.era.has_value();
+        if (number.digits != 2 && number.digits != 4 && !isOfEra)
+            return false;
+        _candidate.year = number.value;
+        _candidate.hasShortYear = number.digits == 2 && !isOfEra;
+        _candidate.yearNumber = index;
+        return true;
+    }
+
+    const DateSaid &_said;
+    DateCandidate _candidate;
+};
+
+void add(DateCandidates &candidates, const DateSaid &said, Roles roles)
+{
+    Assignment assignment(said);
+    if (assignment.assign(roles))
+        candidates.append(assignment.candidate());
+}
+
+bool isJoin(char16_t separator)
+{
+    return separator == u'/' || separator == u'-' || separator == u'.';
+}
+
+/// Whether the signs between numbers are those of a date: "3/4/08", "12-08, 2015", "31 10 1974".
+bool isJoinedAsDate(const DateSaid &said)
+{
+    const auto &numbers = said.numbers;
+    bool isMarked = false;
+    for (const DateSaid::Number &number : numbers)
+        isMarked = isMarked || number.isMarked;
+    if (isMarked || numbers.size() < 2)
+        return true;
+    const char16_t first = numbers[1].separator;
+    if (numbers.size() == 2)
+        return isJoin(first);
+    const char16_t second = numbers[2].separator;
+    const bool hasLongYear = numbers[0].digits == 4 || numbers[2].digits == 4;
+    if (first == second)
+        return isJoin(first) || (first == u' ' && hasLongYear);
+    return isJoin(first) && (second == u',' || second == u' ' || second == u'\'') &&
+           numbers[2].role == Role::Year;
+}
+
+/// Beside the name of a month.
+void addBesideMonth(DateCandidates &candidates, const DateSaid &said)
+{
+    switch (said.numbers.size()) {
+    case 1:
+        add(candidates, said, std::array{Role::Day});
+        if (candidates.isEmpty())
+            add(candidates, said, std::array{Role::Year});
+        break;
+    case 2:
+        add(candidates, said, std::array{Role::Day, Role::Year});
+        add(candidates, said, std::array{Role::Year, Role::Day});
+        break;
+    default:
+        break;
+    }
+}
+
+void addTwoNumbers(DateCandidates &candidates, const DateSaid &said, DateOrder order)
+{
+    if (order == DateOrder::DayMonthYear)
+        add(candidates, said, std::array{Role::Day, Role::Month});
+    add(candidates, said, std::array{Role::Month, Role::Day});
+    if (order != DateOrder::DayMonthYear)
+        add(candidates, said, std::array{Role::Day, Role::Month});
+    if (said.numbers[0].role != Role::Year && said.numbers[1].role != Role::Year)
+        return;
+    add(candidates, said, std::array{Role::Month, Role::Year});
+    add(candidates, said, std::array{Role::Year, Role::Month});
+}
+
+void addThreeNumbers(DateCandidates &candidates, const DateSaid &said, DateOrder order)
+{
+    static constexpr std::array MonthFirst{Role::Month, Role::Day, Role::Year};
+    static constexpr std::array DayFirst{Role::Day, Role::Month, Role::Year};
+    static constexpr std::array YearFirst{Role::Year, Role::Month, Role::Day};
+    if (order == DateOrder::YearMonthDay)
+        add(candidates, said, YearFirst);
+    if (order == DateOrder::DayMonthYear)
+        add(candidates, said, DayFirst);
+    add(candidates, said, MonthFirst);
+    if (order != DateOrder::DayMonthYear)
+        add(candidates, said, DayFirst);
+    if (order != DateOrder::YearMonthDay)
+        add(candidates, said, YearFirst);
+}
+
+/// A single number is a day if something says so.
+void addOneNumber(DateCandidates &candidates, const DateSaid &said)
+{
+    if (said.weekday || said.numbers[0].isMarked)
+        add(candidates, said, std::array{Role::Day});
+}
+} // namespace
+
+DateCandidates KTPrivate::dateCandidatesOf(const DateSaid &said, DateOrder order)
+{
+    DateCandidates candidates;
+    if (said.month)
+        addBesideMonth(candidates, said);
+    else if (!isJoinedAsDate(said))
+        return candidates;
+    else if (said.numbers.size() == 1)
+        addOneNumber(candidates, said);
+    else if (said.numbers.size() == 2)
+        addTwoNumbers(candidates, said, order);
+    else if (said.numbers.size() == 3)
+        addThreeNumbers(candidates, said, order);
+    return candidates;
+}

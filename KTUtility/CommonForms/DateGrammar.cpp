@@ -1,0 +1,160 @@
+#include "DateGrammar_p.h"
+
+#include "RelativeDates_p.h"
+#include "TimeGrammar_p.h"
+
+using namespace KTPrivate;
+
+namespace {
+constexpr int LongestMonth = 31;
+constexpr qsizetype MaximumNumbers = 3;
+
+/// What a number can only be by itself.
+DateSaid::Role roleOf(const DateToken &token)
+{
+    if (token.isOrdinal)
+        return DateSaid::Role::Day;
+    const bool isYear = token.digits > 2 || token.value > LongestMonth;
+    return isYear ? DateSaid::Role::Year : DateSaid::Role::Unknown;
+}
+} // namespace
+
+std::optional<DateSaid> DateGrammar::read()
+{
+    while (_at < _tokens.count()) {
+        if (!readSeparator() && !readPart())
+            return std::nullopt;
+    }
+    return isEnd() ? std::optional(_said) : std::nullopt;
+}
+
+/// A point or comma may end a text.
+bool DateGrammar::isEnd() const
+{
+    return _separator == 0 || _separator == u'.' || _separator == u',';
+}
+
+/// One sign, or a point and another.
+bool DateGrammar::readSeparator()
+{
+    const char16_t sign = token().sign;
+    if (sign != u'.' && sign != u',' && sign != u'/' && sign != u'-')
+        return false;
+    if (_at == 0 || (_separator != 0 && _separator != u'.'))
+        return false;
+    _separator = sign;
+    ++_at;
+    return true;
+}
+
+bool DateGrammar::readPart()
+{
+    const bool isRead = RelativeDates::read(_tokens, &_at, &_said) || readTime() || readNumber() ||
+                        readApostropheYear() || readMonth() || readWeekday() || readEra() ||
+                        readFiller();
+    if (isRead)
+        _separator = 0;
+    return isRead;
+}
+
+bool DateGrammar::readTime()
+{
+    if (_separator == u'/')
+        return false;
+    const bool couldBeDotted = _isTimeField || (_said.isWritten() && !_said.numbers.isEmpty() &&
+                                                _separator != u'.' && _said.numbers.size() > 1);
+    return TimeGrammar(_tokens, _words, couldBeDotted).read(&_at, &_said);
+}
+
+bool DateGrammar::readNumber()
+{
+    if (!token().isNumber() || _said.numbers.size() >= MaximumNumbers)
+        return false;
+    DateSaid::Number number{token().value, token().digits, roleOf(token()), _separator, _at};
+    if (_separator == 0 && token().isSpaced)
+        number.separator = u' ';
+    number.isMarked = token().isOrdinal;
+    ++_at;
+    readMark(&number);
+    if (!_said.month)
+        ++_said.numbersBeforeMonth;
+    _said.numbers.append(number);
+    return true;
+}
+
+/// "年" and the like.
+void DateGrammar::readMark(DateSaid::Number *number)
+{
+    using Role = DateSaid::Role;
+    const Role role = token().is(Kind::YearMark)    ? Role::Year
+                      : token().is(Kind::MonthMark) ? Role::Month
+                      : token().is(Kind::DayMark)   ? Role::Day
+                                                    : Role::Unknown;
+    if (role == Role::Unknown)
+        return;
+    if (number->role != Role::Unknown && number->role != role)
+        _said.contradiction = u"no such day";
+    number->role = role;
+    number->isMarked = true;
+    ++_at;
+}
+
+bool DateGrammar::readApostropheYear()
+{
+    const DateToken &year = token(1);
+    if (!token().isSign(u'\'') || !year.isNumber() || year.digits != 2 || year.isSpaced ||
+        _said.numbers.size() >= MaximumNumbers)
+        return false;
+    _said.numbers.append({year.value, year.digits, DateSaid::Role::Year, u'\'', _at + 1});
+    if (!_said.month)
+        ++_said.numbersBeforeMonth;
+    _at += 2;
+    return true;
+}
+
+bool DateGrammar::readMonth()
+{
+    const DateWord *const word = token().word(Kind::Month);
+    if (!word || (_said.month && *_said.month != word->value))
+        return false;
+    // A name that is also that of a weekday, as in no calendar but by its abbreviation.
+    if (token().is(Kind::Weekday) && (_said.month || _said.numbers.isEmpty()) && !_said.weekday)
+        return false;
+    _said.month = word->value;
+    _said.parts.append({_at++, u"month", word->value});
+    return true;
+}
+
+/// A weekday, perhaps in parentheses.
+bool DateGrammar::readWeekday()
+{
+    const qsizetype ahead = token().isSign(u'(') ? 1 : 0;
+    const DateWord *const word = token(ahead).word(Kind::Weekday);
+    if (!word || (ahead > 0 && !token(2).isSign(u')')) ||
+        (_said.weekday && *_said.weekday != word->value))
+        return false;
+    _said.weekday = word->value;
+    _said.parts.append({_at + ahead, u"weekday", word->value});
+    _at += ahead > 0 ? 3 : 1;
+    return true;
+}
+
+bool DateGrammar::readEra()
+{
+    const DateWord *const word = token().word(Kind::Era);
+    if (!word || _said.era)
+        return false;
+    _said.era = word->value;
+    _said.isJapaneseEra = word->sign != 0;
+    _said.parts.append({_at++, u"era", word->value});
+    return true;
+}
+
+/// Words that decide nothing.
+bool DateGrammar::readFiller()
+{
+    if (!token().is(Kind::Filler) && !token().is(Kind::TimeMark))
+        return false;
+    ++_at;
+    return true;
+}

@@ -1,0 +1,307 @@
+#include "TimeGrammar_p.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+using namespace KTPrivate;
+
+namespace {
+constexpr int HoursOfDay = 24;
+constexpr int Noon = 12;
+/// An hour may be this far from a part of the day: "3 in the morning", though mornings begin at 6.
+constexpr int FarthestHour = 4;
+constexpr qsizetype MaximumPeriods = 3;
+constexpr qsizetype MaximumFillers = 2;
+
+/// How far an hour is from the nearest of a mask, around the clock.
+int distanceOf(int hour, int mask)
+{
+    for (int distance = 0; distance <= Noon; ++distance) {
+        const int later = 1 << ((hour + distance) % HoursOfDay);
+        const int earlier = 1 << ((hour + HoursOfDay - distance) % HoursOfDay);
+        if ((mask & (later | earlier)) != 0)
+            return distance;
+    }
+    return HoursOfDay;
+}
+
+std::optional<int> hourOfHalf(int hour, int mask)
+{
+    if (mask == MorningHours)
+        return hour > Noon ? std::nullopt : std::optional(hour % Noon);
+    if (hour == 0)
+        return std::nullopt;
+    return hour < Noon ? hour + Noon : hour;
+}
+
+/// The hour that is meant beside a part of the day, before or after noon if that is not known.
+std::optional<int> hourOfPeriod(int hour, int mask, bool isKnown)
+{
+    const bool isOpen = !isKnown && hour >= 1 && hour <= Noon;
+    const int other = isOpen ? (hour + Noon) % HoursOfDay : hour;
+    const int own = distanceOf(hour, mask);
+    const int others = distanceOf(other, mask);
+    if (std::min(own, others) > FarthestHour || (own == others && hour != other))
+        return std::nullopt;
+    return own <= others ? hour : other;
+}
+
+int fractionOf(const DateToken &token)
+{
+    int milliseconds = token.value;
+    for (int digits = token.digits; digits < 3; ++digits)
+        milliseconds *= 10;
+    for (int digits = token.digits; digits > 3; --digits)
+        milliseconds /= 10;
+    return milliseconds;
+}
+} // namespace
+
+bool TimeGrammar::read(qsizetype *at, DateSaid *said)
+{
+    _at = *at;
+    _hasTimeMark = false;
+    _named.reset();
+    _clock = {};
+    _periods.clear();
+    readLead();
+    if (!readName() && !readClock())
+        return false;
+    if (!_periods.isEmpty() || !_named)
+        readPeriodsBehind();
+    if (!isTime())
+        return false;
+    say(said);
+    *at = _at;
+    return true;
+}
+
+/// Marks, articles and parts of the day before a time.
+void TimeGrammar::readLead()
+{
+    qsizetype fillers = 0;
+    for (;; ++_at) {
+        if (token().is(Kind::TimeMark))
+            _hasTimeMark = true;
+        else if (token().is(Kind::Filler) && fillers < MaximumFillers)
+            ++fillers;
+        else if (!readPeriod(false))
+            return;
+    }
+}
+
+/// A part of the day; not "mañana" where it may be tomorrow.
+bool TimeGrammar::readPeriod(bool isBehind)
+{
+    const DateWord *const half = token().word(Kind::HalfOfDay);
+    const DateWord *const period = half ? half : token().word(Kind::DayPeriod);
+    if (!period || token().is(Kind::RelativeDay) || _periods.size() >= MaximumPeriods)
+        return false;
+    // A bare "a" or "p" is one only behind minutes: "3:18a".
+    if (period->sign != 0 && (!isBehind || token().isSpaced || _clock.isPlain))
+        return false;
+    _periods.append({period->value, half != nullptr, _at});
+    return true;
+}
+
+void TimeGrammar::readPeriodsBehind()
+{
+    while (true) {
+        const qsizetype begin = _at;
+        for (qsizetype fillers = 0; fillers < MaximumFillers && token().isSpaced &&
+                                    (token().is(Kind::Filler) || token().is(Kind::TimeMark)) &&
+                                    !token().is(Kind::DayPeriod);
+             ++fillers)
+            ++_at;
+        if (readPeriod(true)) {
+            ++_at;
+        } else if (!readName()) {
+            _at = begin;
+            return;
+        }
+    }
+}
+
+/// "noon", alone or beside an hour that it makes plain.
+bool TimeGrammar::readName()
+{
+    const DateWord *const name = token().word(Kind::HourName);
+    if (!name || _named)
+        return false;
+    _named = name->value;
+    _nameToken = _at++;
+    if (!_clock.hour && token().isNumber() && token().value % Noon == 0)
+        readClock();
+    return true;
+}
+
+bool TimeGrammar::readClock()
+{
+    if (!token().isNumber() || token().isOrdinal || token().digits > 2)
+        return false;
+    _clock.hour = token().value;
+    _clock.hourToken = _at;
+    _clock.isPlain = true;
+    if (token(1).isSign(u':'))
+        readColons();
+    else if (token(1).is(Kind::HourMark))
+        readMarked();
+    else if (token(1).isSign(u'.') && isMinutes(_at + 2) && !token(1).isSpaced)
+        readDots();
+    else
+        ++_at;
+    if (token().is(Kind::HourMark) && (!_clock.hasMark || _clock.minuteToken >= 0)) {
+        _clock.hasMark = true;
+        ++_at;
+    }
+    return true;
+}
+
+bool TimeGrammar::isMinutes(qsizetype index) const
+{
+    const DateToken &token = _tokens.at(index);
+    return token.isNumber() && token.digits == 2 && !token.isSpaced && !token.isOrdinal;
+}
+
+/// h:mm, h:mm:ss, h:mm:ss.fff
+void TimeGrammar::readColons()
+{
+    if (!isMinutes(_at + 2))
+        return;
+    _clock.isPlain = false;
+    _clock.minuteToken = _at + 2;
+    _clock.minute = token(2).value;
+    _at += 3;
+    if (!token().isSign(u':') || !isMinutes(_at + 1))
+        return;
+    _clock.secondToken = _at + 1;
+    _clock.second = token(1).value;
+    _at += 2;
+    const bool hasPoint = token().isSign(u'.') || token().isSign(u',');
+    if (hasPoint && token(1).isNumber() && !token(1).isSpaced && !token().isSpaced) {
+        _clock.millisecond = fractionOf(token(1));
+        _at += 2;
+    }
+}
+
+/// h.mm, h.mm.ss
+void TimeGrammar::readDots()
+{
+    _clock.isPlain = false;
+    _clock.isDotted = true;
+    _clock.minuteToken = _at + 2;
+    _clock.minute = token(2).value;
+    _at += 3;
+    if (!token().isSign(u'.') || !isMinutes(_at + 1))
+        return;
+    _clock.secondToken = _at + 1;
+    _clock.second = token(1).value;
+    _at += 2;
+}
+
+/// 17h, 17h30, 17h30min15s
+void TimeGrammar::readMarked()
+{
+    _clock.isPlain = false;
+    _clock.hasMark = true;
+    _at += 2;
+    if (token().is(Kind::HalfHour)) {
+        _clock.minute = 30;
+        _clock.minuteToken = _at++;
+    } else {
+        readMinutesBehindMark();
+    }
+}
+
+void TimeGrammar::readMinutesBehindMark()
+{
+    const DateToken &minutes = token();
+    const bool hasMark = token(1).is(Kind::MinuteMark);
+    if (!minutes.isNumber() || minutes.isOrdinal || minutes.digits > 2 ||
+        (!hasMark && (minutes.digits != 2 || isOfADate(_at + 1))))
+        return;
+    _clock.minute = minutes.value;
+    _clock.minuteToken = _at;
+    _at += hasMark ? 2 : 1;
+    const bool isSeconds = token().isNumber() && token().digits <= 2 && hasMark &&
+                           (token(1).is(Kind::SecondMark) || !token().isSpaced);
+    if (!isSeconds)
+        return;
+    _clock.second = token().value;
+    _clock.secondToken = _at;
+    _at += token(1).is(Kind::SecondMark) ? 2 : 1;
+}
+
+/// Whether what stands behind a number makes it part of a date.
+bool TimeGrammar::isOfADate(qsizetype index) const
+{
+    const DateToken &token = _tokens.at(index);
+    const bool isJoined = token.isSign(u'.') || token.isSign(u'/') || token.isSign(u'-');
+    if (isJoined && !_tokens.at(index + 1).isNumber() && !_tokens.at(index + 1).is(Kind::Month))
+        return false;
+    if (token.is(Kind::Filler))
+        return _tokens.at(index + 1).is(Kind::Month);
+    return isJoined || token.is(Kind::Month) || token.is(Kind::MonthMark) ||
+           token.is(Kind::DayMark) || token.is(Kind::YearMark);
+}
+
+bool TimeGrammar::isTime() const
+{
+    if (!_clock.hour)
+        return _named.has_value();
+    return isConvincing();
+}
+
+bool TimeGrammar::isConvincing() const
+{
+    const bool isSaid = !_periods.isEmpty() || _clock.hasMark || _named;
+    if (_clock.isDotted)
+        return isSaid || _hasTimeMark || _isTimeField;
+    if (!_clock.isPlain)
+        return true;
+    if (isOfADate(_clock.hourToken + 1))
+        return false;
+    return isSaid || (_hasTimeMark && (!_words.hasTwelveHours() || *_clock.hour > Noon));
+}
+
+/// The hour by all that is said about it; nothing if that cannot be.
+std::optional<int> TimeGrammar::hourOfDay() const
+{
+    if (!_clock.hour)
+        return _named;
+    std::optional<int> hour = _clock.hour;
+    bool isKnown = false;
+    for (const bool isExact : {true, false}) {
+        for (const Period &period : _periods) {
+            if (!hour || period.isExact != isExact)
+                continue;
+            hour = isExact ? hourOfHalf(*hour, period.hours)
+                           : hourOfPeriod(*hour, period.hours, isKnown);
+            isKnown = true;
+        }
+    }
+    if (hour && _named)
+        return *hour % Noon == 0 ? _named : std::nullopt;
+    return hour;
+}
+
+void TimeGrammar::say(DateSaid *said) const
+{
+    const std::optional<int> hour = hourOfDay();
+    const bool exists = hour && *hour < HoursOfDay && _clock.minute < 60 && _clock.second < 60;
+    if (!exists || said->time) {
+        said->contradiction = exists ? u"two times" : u"no such time";
+        return;
+    }
+    said->time = {*hour, _clock.minute, _clock.second, _clock.millisecond};
+    if (_clock.hour)
+        said->parts.append({_clock.hourToken, u"hour", *hour});
+    if (_clock.minuteToken >= 0)
+        said->parts.append({_clock.minuteToken, u"minute", _clock.minute});
+    if (_clock.secondToken >= 0)
+        said->parts.append({_clock.secondToken, u"second", _clock.second});
+    for (const Period &period : _periods)
+        said->parts.append({period.token, u"dayPeriod", *hour});
+    if (_named)
+        said->parts.append({_nameToken, u"dayPeriod", *hour});
+}
