@@ -63,8 +63,8 @@ QString formOf(const DateSaid &said)
 /// Whether a text says nothing but a number, which others may understand.
 bool isBareNumber(const DateSaid &said)
 {
-    return said.numbers.size() == 1 && !said.numbers[0].isMarked && !said.month && !said.weekday &&
-           !said.time && !said.era;
+    return said.numbers.size() == 1 && !said.numbers[0].isMarked && !said.month &&
+           said.weekdays == 0 && !said.time && !said.era;
 }
 
 KTReading readingOf(const FoldedText &text, const DateTokens &tokens, DateSaid &said,
@@ -92,7 +92,7 @@ CommonDate KTPrivate::readCommonDate(const QString &text, const CommonDateField 
     std::optional<DateSaid> said = DateGrammar(tokens, *words, !field.showsDate).read();
     if (!said || isBareNumber(*said))
         return {};
-    DateResolver resolver(*said, field);
+    DateResolver resolver(*said, field, words->dayMonthSign());
     CommonDate result;
     result.outcome = CommonDate::Outcome::Refused;
     if (!resolver.resolve()) {

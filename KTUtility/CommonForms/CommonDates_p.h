@@ -17,7 +17,7 @@ struct CommonDateField
 {
     NSLocale locale;
     NSCalendar calendar;
-    DateOrder order = DateOrder::MonthDayYear;
+    DateOrder order = DateOrder::MonthDayYear; ///< that of the locale
     bool showsDate = true;
     bool showsTime = false;
     qint64 now = 0; ///< in milliseconds since 1970

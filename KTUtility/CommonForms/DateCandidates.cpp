@@ -116,12 +116,19 @@ void addBesideMonth(DateCandidates &candidates, const DateSaid &said)
     }
 }
 
-void addTwoNumbers(DateCandidates &candidates, const DateSaid &said, DateOrder order)
+bool isDayFirst(const DateSaid &said, DateOrder order, char16_t dayMonthSign)
 {
-    if (order == DateOrder::DayMonthYear)
+    return order == DateOrder::DayMonthYear ||
+           (order == DateOrder::YearMonthDay && dayMonthSign != 0 &&
+            said.numbers[1].separator == dayMonthSign);
+}
+
+void addTwoNumbers(DateCandidates &candidates, const DateSaid &said, bool isDayFirst)
+{
+    if (isDayFirst)
         add(candidates, said, std::array{Role::Day, Role::Month});
     add(candidates, said, std::array{Role::Month, Role::Day});
-    if (order != DateOrder::DayMonthYear)
+    if (!isDayFirst)
         add(candidates, said, std::array{Role::Day, Role::Month});
     if (said.numbers[0].role != Role::Year && said.numbers[1].role != Role::Year)
         return;
@@ -148,12 +155,13 @@ void addThreeNumbers(DateCandidates &candidates, const DateSaid &said, DateOrder
 /// A single number is a day if something says so.
 void addOneNumber(DateCandidates &candidates, const DateSaid &said)
 {
-    if (said.weekday || said.numbers[0].isMarked)
+    if (said.weekdays != 0 || said.numbers[0].isMarked)
         add(candidates, said, std::array{Role::Day});
 }
 } // namespace
 
-DateCandidates KTPrivate::dateCandidatesOf(const DateSaid &said, DateOrder order)
+DateCandidates KTPrivate::dateCandidatesOf(const DateSaid &said, DateOrder order,
+                                           char16_t dayMonthSign)
 {
     DateCandidates candidates;
     if (said.month)
@@ -163,7 +171,7 @@ DateCandidates KTPrivate::dateCandidatesOf(const DateSaid &said, DateOrder order
     else if (said.numbers.size() == 1)
         addOneNumber(candidates, said);
     else if (said.numbers.size() == 2)
-        addTwoNumbers(candidates, said, order);
+        addTwoNumbers(candidates, said, isDayFirst(said, order, dayMonthSign));
     else if (said.numbers.size() == 3)
         addThreeNumbers(candidates, said, order);
     return candidates;

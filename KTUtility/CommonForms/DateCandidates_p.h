@@ -28,5 +28,8 @@ using DateCandidates = QVarLengthArray<DateCandidate, 4>;
 
 /// What the numbers of a text can mean, the likeliest first: in the locale's order, and in the
 /// others that people write. Which of them exist is not known here.
-KTUTILITY_EXPORT DateCandidates dateCandidatesOf(const DateSaid &said, DateOrder order);
+/// \param dayMonthSign the sign between day and month, if the day comes first where there is no
+/// year, as in Swedish "2/5"; else 0.
+KTUTILITY_EXPORT DateCandidates dateCandidatesOf(const DateSaid &said, DateOrder order,
+                                                 char16_t dayMonthSign = 0);
 } // namespace KTPrivate

@@ -3,6 +3,8 @@
 #include "RelativeDates_p.h"
 #include "TimeGrammar_p.h"
 
+#include <algorithm>
+
 using namespace KTPrivate;
 
 namespace {
@@ -93,7 +95,7 @@ void DateGrammar::readMark(DateSaid::Number *number)
     if (role == Role::Unknown)
         return;
     if (number->role != Role::Unknown && number->role != role)
-        _said.contradiction = u"no such day";
+        _said.contradiction = u"There is no such date.";
     number->role = role;
     number->isMarked = true;
     ++_at;
@@ -117,12 +119,25 @@ bool DateGrammar::readMonth()
     const DateWord *const word = token().word(Kind::Month);
     if (!word || (_said.month && *_said.month != word->value))
         return false;
-    // A name that is also that of a weekday, as in no calendar but by its abbreviation.
-    if (token().is(Kind::Weekday) && (_said.month || _said.numbers.isEmpty()) && !_said.weekday)
+    if (token().is(Kind::Weekday) && hasOtherMonth()) // "Mar" in Filipino
+        return false;
+    if (std::any_of(token().words.begin(), token().words.end(), [word](const DateWord &other) {
+            return other.kind == Kind::Month && other.value != word->value;
+        }))
         return false;
     _said.month = word->value;
     _said.parts.append({_at++, u"month", word->value});
     return true;
+}
+
+/// Whether there is a month beside the token.
+bool DateGrammar::hasOtherMonth() const
+{
+    for (qsizetype index = 0; index < _tokens.count(); ++index) {
+        if (index != _at && _tokens.at(index).is(Kind::Month))
+            return true;
+    }
+    return false;
 }
 
 /// A weekday, perhaps in parentheses.
@@ -130,10 +145,10 @@ bool DateGrammar::readWeekday()
 {
     const qsizetype ahead = token().isSign(u'(') ? 1 : 0;
     const DateWord *const word = token(ahead).word(Kind::Weekday);
-    if (!word || (ahead > 0 && !token(2).isSign(u')')) ||
-        (_said.weekday && *_said.weekday != word->value))
+    if (!word || (ahead > 0 && !token(2).isSign(u')')) || _said.weekdays != 0)
         return false;
-    _said.weekday = word->value;
+    for (const DateWord &meaning : token(ahead).words) // two are alike without their accents
+        _said.weekdays |= meaning.kind == Kind::Weekday ? 1 << meaning.value : 0;
     _said.parts.append({_at + ahead, u"weekday", word->value});
     _at += ahead > 0 ? 3 : 1;
     return true;

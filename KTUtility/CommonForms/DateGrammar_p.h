@@ -35,6 +35,7 @@ private:
     bool readNumber();
     bool readApostropheYear();
     bool readMonth();
+    bool hasOtherMonth() const;
     bool readWeekday();
     bool readEra();
     bool readFiller();

@@ -3,12 +3,14 @@
 #include "DateWords_p.h"
 #include <KTUtility/Platform/Text/ICU_p.h>
 
+#include <unicode/calendar.h>
 #include <unicode/dtfmtsym.h>
 #include <unicode/rbnf.h>
 #include <unicode/smpdtfmt.h>
 
 #include <array>
 #include <map>
+#include <memory>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
@@ -151,7 +153,10 @@ void addHourNames(DateWords &words, const icu::Locale &locale, const char *patte
 void KTPrivate::addDateNames(DateWords &words, const icu::Locale &locale)
 {
     UErrorCode status = U_ZERO_ERROR;
-    const Symbols symbols(locale, status);
+    const std::unique_ptr<icu::Calendar> calendar(icu::Calendar::createInstance(locale, status));
+    if (U_FAILURE(status))
+        return;
+    const Symbols symbols(locale, calendar->getType(), status);
     if (U_FAILURE(status))
         return;
     addMonths(words, symbols);

@@ -36,7 +36,8 @@ struct Literal
     char16_t before = None;
     char16_t behind = None;
 
-    bool isAttached() const { return !text.isEmpty() && !text.front().isSpace(); }
+    bool isAttached() const { return !text.isEmpty() && text.front().isLetter(); }
+    bool isAttachedToNext() const { return !text.isEmpty() && text.back().isLetter(); }
 };
 
 /// Goes through a pattern and hands out its literals.
@@ -125,12 +126,30 @@ QString wordsOf(const QString &literal)
 {
     qsizetype begin = 0;
     qsizetype end = literal.size();
-    const auto isOfAWord = [](QChar unit) { return unit.isLetter() || unit.isMark(); };
+    const auto isOfAWord = [](QChar unit) {
+        return unit.isLetter() || unit.isMark() || unit == u'\'' || unit == u'\u2019';
+    };
     while (begin < end && !isOfAWord(literal[begin]))
         ++begin;
     while (end > begin && !isOfAWord(literal[end - 1]))
         --end;
     return literal.mid(begin, end - begin);
+}
+
+bool isMonth(char16_t field)
+{
+    return field == u'M' || field == u'L';
+}
+
+/// "ב" before the names of months, "ын" behind them.
+void addMonthsWith(DateWords &words, const Literal &literal, const QString &found)
+{
+    if (found.isEmpty())
+        return;
+    if (isMonth(literal.behind) && literal.isAttachedToNext() && !found.contains(u' '))
+        words.addMonthsWith(found, QString());
+    if (isMonth(literal.before) && literal.isAttached() && !found.contains(u' '))
+        words.addMonthsWith(QString(), found);
 }
 
 void addLiteralsOf(DateWords &words, const icu::UnicodeString &pattern)
@@ -139,6 +158,16 @@ void addLiteralsOf(DateWords &words, const icu::UnicodeString &pattern)
         const QString found = wordsOf(literal.text);
         if (!found.contains(u'('))
             words.add(found, {kindOf(literal)});
+        addMonthsWith(words, literal, found);
+    });
+}
+
+/// From a pattern such as "d/M".
+void setDayMonthSign(DateWords &words, const QString &pattern)
+{
+    PatternLiterals(pattern).forEach([&words](const Literal &literal) {
+        if (literal.before == u'd' && isMonth(literal.behind))
+            words.setDayMonthSign(literal.text.front().unicode());
     });
 }
 
@@ -167,6 +196,7 @@ void KTPrivate::addDatePatternWords(DateWords &words, const icu::Locale &locale)
     for (const char *skeleton : {"yMMMMEEEEd", "yMMMMd", "MMMMEEEEd", "MMMMd", "yMMMM", "yMMMd",
                                  "MMMd", "yMd", "Md", "y", "d", "H", "Hm", "Hms", "h"})
         addLiteralsOf(words, patterns->getBestPattern(skeleton, status));
+    setDayMonthSign(words, ICU::stringOf(patterns->getBestPattern(u"Md", status)));
     const icu::UnicodeString hour = patterns->getBestPattern(u"j", status);
     words.setHasTwelveHours(hour.indexOf(u'h') >= 0 || hour.indexOf(u'K') >= 0);
 }

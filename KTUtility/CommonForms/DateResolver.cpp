@@ -46,9 +46,11 @@ bool isGregorian(const NSCalendar &calendar)
 }
 } // namespace
 
-DateResolver::DateResolver(const DateSaid &said, const CommonDateField &field)
+DateResolver::DateResolver(const DateSaid &said, const CommonDateField &field,
+                           char16_t dayMonthSign)
     : _said(said)
     , _field(field)
+    , _dayMonthSign(dayMonthSign)
     , _localNow(rules().localTimeOf(field.now) / MillisecondsPerSecond * MillisecondsPerSecond)
     , _today(Civil::daysOfTime(_localNow))
 {
@@ -104,7 +106,7 @@ qint64 DateResolver::timeOfDay(bool staysNow) const
 /// A time alone. A weekday alone could be any day.
 bool DateResolver::resolveToday()
 {
-    if (_said.weekday && _field.showsDate)
+    if (_said.weekdays != 0 && _field.showsDate)
         return refuse(u"Which day is meant cannot be told from the weekday alone.");
     if (!_said.time)
         return refuse(nullptr);
@@ -115,11 +117,11 @@ bool DateResolver::resolveToday()
 bool DateResolver::resolveWritten()
 {
     bool isOnlyWrongWeekday = false;
-    for (const DateCandidate &candidate : dateCandidatesOf(_said, _field.order)) {
+    for (const DateCandidate &candidate : dateCandidatesOf(_said, _field.order, _dayMonthSign)) {
         const std::optional<qint64> day = dayOf(candidate);
         if (!day)
             continue;
-        if (_said.weekday && *_said.weekday != Civil::weekdayOf(*day)) {
+        if (!_said.isOnWeekday(Civil::weekdayOf(*day))) {
             isOnlyWrongWeekday = true;
             continue;
         }
@@ -241,7 +243,7 @@ bool DateResolver::resolveRelative()
         if (!this->move(move))
             return refuse(u"There is no such date.");
     }
-    if (_said.weekday && *_said.weekday != Civil::weekdayOf(Civil::daysOfTime(_localTime)))
+    if (!_said.isOnWeekday(Civil::weekdayOf(Civil::daysOfTime(_localTime))))
         return refuse(u"The date is on another weekday.");
     return true;
 }

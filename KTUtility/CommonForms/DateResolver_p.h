@@ -11,7 +11,7 @@ namespace KTPrivate {
 class KTUTILITY_EXPORT DateResolver
 {
 public:
-    DateResolver(const DateSaid &said, const CommonDateField &field);
+    DateResolver(const DateSaid &said, const CommonDateField &field, char16_t dayMonthSign);
 
     /// Whether there is one; else reason() tells why not, or nothing does.
     bool resolve();
@@ -43,6 +43,7 @@ private:
 
     const DateSaid &_said;
     const CommonDateField &_field;
+    const char16_t _dayMonthSign;
     const qint64 _localNow;
     const qint64 _today;
     qint64 _localTime = 0;

@@ -47,7 +47,12 @@ struct DateSaid
     /// Whether there is a day, or what it is counted from.
     bool hasDate() const
     {
-        return !numbers.isEmpty() || month || weekday || daysFromToday || nextWeekday || isMoved();
+        return !numbers.isEmpty() || month || weekdays != 0 || daysFromToday || nextWeekday ||
+               isMoved();
+    }
+    bool isOnWeekday(int weekday) const
+    {
+        return weekdays == 0 || ((weekdays >> weekday) & 1) != 0;
     }
     bool isMoved() const { return !moves.isEmpty() || isNow; }
     bool isRelative() const { return daysFromToday || nextWeekday || isMoved(); }
@@ -56,7 +61,7 @@ struct DateSaid
     QVarLengthArray<Number, 4> numbers;
     qsizetype numbersBeforeMonth = 0;
     std::optional<int> month;
-    std::optional<int> weekday; ///< 1 for Sunday
+    int weekdays = 0; ///< a bit for each that a word may mean; the second is Sunday's
     std::optional<int> era;
     bool isJapaneseEra = false;
     std::optional<int> daysFromToday;

@@ -20,6 +20,8 @@ char16_t signOf(char16_t unit)
     switch (unit) {
     case u'\u3001':
     case u'\u060C':
+    case u'\u104A':
+    case u'\u1363':
     case u';':
         return u',';
     case u'\u3002':

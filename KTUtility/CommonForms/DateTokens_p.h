@@ -22,7 +22,7 @@ struct DateToken
     int digits = 0;
     qsizetype begin = 0; ///< in the folded text
     qsizetype length = 0;
-    std::span<const DateWord> words;
+    std::span<const DateWord> words = {};
 
     bool isSign(char16_t character) const { return type == Type::Sign && sign == character; }
     bool isNumber() const { return type == Type::Number; }

@@ -268,6 +268,9 @@ constexpr Row Rows[] = {
     {"ru", u"спустя", {Kind::AmountSuffix, 0, 1}},
     // Словник української мови
     {"uk", u"р|року|і|й|на|дня|числа", {Kind::Filler}},
+    {"uk", u"вчора", {Kind::RelativeDay, -1}},
+    {"uk", u"позавчора", {Kind::RelativeDay, -2}},
+    {"uk", u"післязавтра", {Kind::RelativeDay, 2}},
     {"uk", u"о|об|у|в|близько", {Kind::TimeMark}},
     {"uk", u"год|година|годині|години|годин", {Kind::HourMark}},
     {"uk", u"через|за", {Kind::AmountPrefix, 0, 1}},
@@ -284,6 +287,7 @@ constexpr Row Rows[] = {
     {"el", u"το πρωί|πρωί", {Kind::DayPeriod, hours(4, 12)}},
     {"el", u"το απόγευμα|απόγευμα", {Kind::DayPeriod, hours(14, 20)}},
     {"el", u"το βράδυ|βράδυ", {Kind::DayPeriod, hours(18, 1)}},
+    {"el", u"δευτ", {Kind::Weekday, 2}},
     {"el", u"προχθές|προχτές", {Kind::RelativeDay, -2}},
     {"el", u"χθες|χτες", {Kind::RelativeDay, -1}},
     {"el", u"μεθαύριο", {Kind::RelativeDay, 2}},
@@ -299,6 +303,7 @@ constexpr Row Rows[] = {
     {"hu", u"tegnapelőtt", {Kind::RelativeDay, -2}},
     {"hu", u"holnapután", {Kind::RelativeDay, 2}},
     // Dicționarul explicativ al limbii române
+    {"eu", u"(e)ko|eko|ko|(a)|a|(e)an|an|(r)en", {Kind::Filler}},
     {"ro", u"pe|de|din|și|ziua|data", {Kind::Filler}},
     {"ro", u"la|la ora|ora|orele", {Kind::TimeMark}},
     {"ro", u"acum", {Kind::AmountPrefix, 0, -1}},
@@ -401,6 +406,7 @@ constexpr Row Rows[] = {
 /// Endings of ordinals; those of ICU's spelled-out rules are added beside them.
 constexpr OrdinalRow Ordinals[] = {
     {"", u"º|ª|°|.º|.ª"},
+    {"eo", u"-a|a"},
     {"en", u"st|nd|rd|th|'st|'nd|'rd|'th"},
     {"de", u"te|ter|ten|tes|sten|ste|ster"},
     {"fr", u"er|e|ème|eme|re|nd"},

@@ -87,6 +87,14 @@ void DateWords::addName(QStringView name, const DateWord &meaning)
     _names.push_back({FoldedText::folded(withoutPoints(name)), meaning});
 }
 
+void DateWords::addMonthsWith(const QString &prefix, const QString &suffix)
+{
+    for (const Name &name : _names) {
+        if (name.meaning.kind == Kind::Month)
+            add(QString(prefix + name.name + suffix), name.meaning);
+    }
+}
+
 void DateWords::addOrdinal(QStringView suffix)
 {
     _ordinals.add(suffix, 'n');

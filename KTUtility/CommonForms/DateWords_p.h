@@ -38,6 +38,9 @@ public:
     /// Whether people say before which noon an hour is.
     bool hasTwelveHours() const { return _hasTwelveHours; }
 
+    /// The sign between day and month where the day comes first; 0 if the month does.
+    char16_t dayMonthSign() const { return _dayMonthSign; }
+
     // --- For those that fill the table
 
     /// Adds words, with and without points.
@@ -47,6 +50,9 @@ public:
     void addOrdinal(QStringView suffix);
     /// Adds a word of another language unless it means something in this one.
     void addForeign(QStringView word, const DateWord &meaning);
+    /// Adds all names of months with what a pattern attaches to them.
+    void addMonthsWith(const QString &prefix, const QString &suffix);
+    void setDayMonthSign(char16_t sign) { _dayMonthSign = sign; }
     void setHasTwelveHours(bool hasTwelveHours) { _hasTwelveHours = hasTwelveHours; }
 
 private:
@@ -62,5 +68,6 @@ private:
     PhraseTable<char> _ordinals;
     std::vector<Name> _names;
     bool _hasTwelveHours = false;
+    char16_t _dayMonthSign = 0;
 };
 } // namespace KTPrivate

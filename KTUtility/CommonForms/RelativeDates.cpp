@@ -38,7 +38,7 @@ public:
     void say(qsizetype *at, DateSaid *said) const
     {
         if (said->isMoved())
-            said->contradiction = u"two amounts";
+            said->contradiction = u"There are two dates.";
         for (const DateSaid::Move &move : _moves)
             said->moves.append({move.unit, move.amount * _sign});
         for (qsizetype index = _begin; index < _at; ++index) {
@@ -67,6 +67,15 @@ private:
         return sign;
     }
 
+    /// Whether all meanings of a kind have one direction.
+    static bool hasOneSign(const DateToken &token, Kind kind)
+    {
+        const DateWord *const first = token.word(kind);
+        return std::all_of(token.words.begin(), token.words.end(), [&](const DateWord &word) {
+            return word.kind != kind || word.sign == first->sign;
+        });
+    }
+
     /// The unit, if it is one only.
     static int unitOf(const DateToken &token, Kind kind)
     {
@@ -88,6 +97,8 @@ private:
         if (number < 0 || number > MaximumAmount || _moves.size() >= MaximumMoves || _sign != 0)
             return false;
         const qsizetype begin = _at++;
+        if (readUnit(number, hasPrefix))
+            return true;
         if (token().is(Kind::Filler)) // "2 more minutes"
             ++_at;
         if (readUnit(number, hasPrefix))
@@ -99,12 +110,14 @@ private:
     bool readUnit(int number, bool hasPrefix)
     {
         int unit = unitOf(token(), Kind::Unit);
-        const DateWord *const ending = token().word(Kind::UnitWithSuffix);
+        const DateWord *ending = token().word(Kind::UnitWithSuffix);
+        if (!ending) // "last week" is also "weeks ago"
+            ending = token().word(Kind::RelativeUnit);
         if (hasPrefix && token().isSign(u'\'') && !token().isSpaced)
             unit = int(NSMinuteCalendarUnit);
         if (unit == 0 && ending) {
             unit = ending->value;
-            _sign = ending->sign;
+            _sign = hasOneSign(token(), ending->kind) ? (ending->sign > 0) - (ending->sign < 0) : 0;
         }
         if (unit == 0)
             return false;
@@ -151,8 +164,12 @@ bool readDay(const DateToken &token, qsizetype at, DateSaid *said)
     const DateWord *const word = token.word(Kind::RelativeDay);
     if (!word)
         return false;
+    for (const DateWord &other : token.words) {
+        if (other.kind == Kind::RelativeDay && other.value != word->value)
+            said->contradiction = u"The word means several days.";
+    }
     if (said->isRelative())
-        said->contradiction = u"two days";
+        said->contradiction = u"There are two dates.";
     said->daysFromToday = word->value;
     said->parts.append({at, u"relative", word->value});
     return true;
@@ -161,10 +178,10 @@ bool readDay(const DateToken &token, qsizetype at, DateSaid *said)
 bool readWeekday(const DateToken &token, qsizetype at, DateSaid *said)
 {
     const DateWord *const word = token.word(Kind::RelativeWeekday);
-    if (!word)
+    if (!word || token.is(Kind::Weekday)) // "Monday" is this week's in some languages
         return false;
     if (said->isRelative())
-        said->contradiction = u"two days";
+        said->contradiction = u"There are two dates.";
     said->nextWeekday = word->value;
     said->weekdayDirection = word->sign;
     said->parts.append({at, u"weekday", word->value});
@@ -199,7 +216,7 @@ bool RelativeDates::read(const DateTokens &tokens, qsizetype *at, DateSaid *said
         return true;
     }
     const DateToken &token = tokens.at(*at);
-    const bool isRead = readFixedAmount(token, *at, said) || readDay(token, *at, said) ||
+    const bool isRead = readDay(token, *at, said) || readFixedAmount(token, *at, said) ||
                         readWeekday(token, *at, said) || readUnit(token, *at, said) ||
                         readNow(token, *at, said);
     if (isRead)

@@ -87,7 +87,22 @@ void TimeGrammar::readLead()
             ++fillers;
         else if (!readPeriod(false))
             return;
+        skipPointOfWord();
     }
+}
+
+/// German "am" is AM only at the end.
+bool TimeGrammar::isHalfOfDay(const DateToken &token, qsizetype index) const
+{
+    return token.is(Kind::HalfOfDay) &&
+           (!token.is(Kind::Filler) || index + 1 == _tokens.count() || _words.hasTwelveHours());
+}
+
+/// The point of an abbreviation: "kl. 14".
+void TimeGrammar::skipPointOfWord()
+{
+    if (token(1).isSign(u'.') && !token(1).isSpaced && token(2).isSpaced)
+        ++_at;
 }
 
 /// A part of the day; not "mañana" where it may be tomorrow.
@@ -95,7 +110,8 @@ bool TimeGrammar::readPeriod(bool isBehind)
 {
     const DateWord *const half = token().word(Kind::HalfOfDay);
     const DateWord *const period = half ? half : token().word(Kind::DayPeriod);
-    if (!period || token().is(Kind::RelativeDay) || _periods.size() >= MaximumPeriods)
+    if (!period || token().is(Kind::RelativeDay) || (half && !isHalfOfDay(token(), _at)) ||
+        _periods.size() >= MaximumPeriods)
         return false;
     // A bare "a" or "p" is one only behind minutes: "3:18a".
     if (period->sign != 0 && (!isBehind || token().isSpaced || _clock.isPlain))
@@ -108,9 +124,12 @@ void TimeGrammar::readPeriodsBehind()
 {
     while (true) {
         const qsizetype begin = _at;
+        const bool isBehindWord = !_tokens.at(_at - 1).isNumber();
+        if (isBehindWord && token().isSign(u'.') && !token().isSpaced && token(1).isSpaced)
+            ++_at;
         for (qsizetype fillers = 0; fillers < MaximumFillers && token().isSpaced &&
                                     (token().is(Kind::Filler) || token().is(Kind::TimeMark)) &&
-                                    !token().is(Kind::DayPeriod);
+                                    !token().is(Kind::DayPeriod) && !isHalfOfDay(token(), _at);
              ++fillers)
             ++_at;
         if (readPeriod(true)) {
@@ -205,6 +224,8 @@ void TimeGrammar::readMarked()
     _clock.isPlain = false;
     _clock.hasMark = true;
     _at += 2;
+    if (token().isSign(u'.') && !token().isSpaced && token(1).isNumber() && token(1).isSpaced)
+        ++_at;
     if (token().is(Kind::HalfHour)) {
         _clock.minute = 30;
         _clock.minuteToken = _at++;
@@ -290,7 +311,7 @@ void TimeGrammar::say(DateSaid *said) const
     const std::optional<int> hour = hourOfDay();
     const bool exists = hour && *hour < HoursOfDay && _clock.minute < 60 && _clock.second < 60;
     if (!exists || said->time) {
-        said->contradiction = exists ? u"two times" : u"no such time";
+        said->contradiction = exists ? u"There are two times." : u"There is no such time.";
         return;
     }
     said->time = {*hour, _clock.minute, _clock.second, _clock.millisecond};

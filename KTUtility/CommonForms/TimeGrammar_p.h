@@ -56,7 +56,9 @@ private:
     };
 
     void readLead();
+    void skipPointOfWord();
     bool readPeriod(bool isBehind);
+    bool isHalfOfDay(const DateToken &token, qsizetype index) const;
     void readPeriodsBehind();
     bool readName();
     bool readClock();
