@@ -162,7 +162,19 @@ bool DateGrammar::readEra()
     _said.era = word->value;
     _said.isJapaneseEra = word->sign != 0;
     _said.parts.append({_at++, u"era", word->value});
+    readFirstYear();
     return true;
+}
+
+/// "元年": the first year of an era has no number.
+void DateGrammar::readFirstYear()
+{
+    const DateWord *const mark = token().word(Kind::YearMark);
+    if (!mark || mark->value == 0 || _said.numbers.size() >= MaximumNumbers)
+        return;
+    _said.numbers.append({mark->value, 1, DateSaid::Role::Year, 0, _at++, true});
+    if (!_said.month)
+        ++_said.numbersBeforeMonth;
 }
 
 /// Words that decide nothing.

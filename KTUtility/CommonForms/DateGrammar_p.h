@@ -38,6 +38,7 @@ private:
     bool hasOtherMonth() const;
     bool readWeekday();
     bool readEra();
+    void readFirstYear();
     bool readFiller();
     void readMark(DateSaid::Number *number);
     bool isEnd() const;

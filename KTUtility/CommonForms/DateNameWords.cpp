@@ -74,7 +74,7 @@ void addJapaneseEras(DateWords &words)
 {
     constexpr int Meiji = 232;
     UErrorCode status = U_ZERO_ERROR;
-    const Symbols symbols(icu::Locale("ja_JP@calendar=japanese"), status);
+    const Symbols symbols(icu::Locale::getJapanese(), "japanese", status);
     if (U_SUCCESS(status))
         addEras(words, symbols, Meiji, 1);
 }
@@ -84,14 +84,15 @@ std::map<QString, int> periodsOf(const icu::Locale &locale, const char *pattern,
 {
     std::map<QString, int> periods;
     UErrorCode status = U_ZERO_ERROR;
-    icu::SimpleDateFormat format(icu::UnicodeString(pattern), locale, status);
+    // Without minutes in the pattern, the whole of its hour would be noon.
+    icu::SimpleDateFormat format(icu::UnicodeString(pattern).append(u"'|'mm"), locale, status);
     if (U_FAILURE(status))
         return periods;
     format.setTimeZone(*icu::TimeZone::getGMT());
     for (int hour = 0; hour < HoursOfDay; ++hour) {
         icu::UnicodeString text;
         format.format(hour * MillisecondsPerHour + minute * MillisecondsPerHour / 60, text);
-        periods[ICU::stringOf(text)] |= 1 << hour;
+        periods[ICU::stringOf(text).section(u'|', 0, 0)] |= 1 << hour;
     }
     return periods;
 }

@@ -158,6 +158,10 @@ void addLiteralsOf(DateWords &words, const icu::UnicodeString &pattern)
         const QString found = wordsOf(literal.text);
         if (!found.contains(u'('))
             words.add(found, {kindOf(literal)});
+        if (kindOf(literal) == Kind::Filler && found.contains(u' ')) {
+            for (const QString &word : found.split(u' ', Qt::SkipEmptyParts))
+                words.add(word, {Kind::Filler});
+        }
         addMonthsWith(words, literal, found);
     });
 }
@@ -197,6 +201,6 @@ void KTPrivate::addDatePatternWords(DateWords &words, const icu::Locale &locale)
                                  "MMMd", "yMd", "Md", "y", "d", "H", "Hm", "Hms", "h"})
         addLiteralsOf(words, patterns->getBestPattern(skeleton, status));
     setDayMonthSign(words, ICU::stringOf(patterns->getBestPattern(u"Md", status)));
-    const icu::UnicodeString hour = patterns->getBestPattern(u"j", status);
-    words.setHasTwelveHours(hour.indexOf(u'h') >= 0 || hour.indexOf(u'K') >= 0);
+    const UDateFormatHourCycle cycle = patterns->getDefaultHourCycle(status);
+    words.setHasTwelveHours(cycle == UDAT_HOUR_CYCLE_11 || cycle == UDAT_HOUR_CYCLE_12);
 }

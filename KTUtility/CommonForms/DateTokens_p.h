@@ -10,7 +10,7 @@
 
 namespace KTPrivate {
 /// A number, word or sign of a typed date.
-struct DateToken
+struct KTUTILITY_EXPORT DateToken
 {
     enum class Type : quint8 { Number, Word, Sign };
 

@@ -18,8 +18,10 @@ using namespace Qt::StringLiterals;
 namespace {
 /// Fewer letters than these are not taken for the beginning of a name.
 constexpr qsizetype ShortestPart = 3;
-/// A name in another case has another ending, of no more letters than these.
-constexpr qsizetype LongestEnding = 3;
+/// A name in another case has another ending in the place of its own, neither of more letters than
+/// these.
+constexpr qsizetype LongestEnding = 2;
+constexpr qsizetype LongestOwnEnding = 3;
 constexpr qsizetype ShortestStem = 5;
 
 qsizetype commonLength(QStringView left, QStringView right)
@@ -35,7 +37,7 @@ bool isLike(QStringView word, QStringView name)
     if (common == word.size())
         return true;
     return common >= ShortestStem && word.size() - common <= LongestEnding &&
-           name.size() - common <= LongestEnding;
+           name.size() - common <= LongestOwnEnding;
 }
 
 QString withoutPoints(QStringView words)

@@ -120,6 +120,8 @@ void addAmount(DateWords &words, const Template &amount, const CountedUnit &unit
         if (!amount.suffix.startsWith(name) || !isWordEnd(amount.suffix, name.size()))
             continue;
         words.add(QStringView(amount.suffix).sliced(name.size()), {Kind::AmountSuffix, 0, sign});
+        if (amount.prefix.isEmpty()) // where no blank stands between the words
+            words.add(amount.suffix, {Kind::UnitWithSuffix, int(unit.unit), sign});
         return;
     }
     words.add(amount.suffix, amount.prefix.isEmpty()
@@ -131,16 +133,25 @@ void addAmount(DateWords &words, const Template &amount, const CountedUnit &unit
         words.add(QStringView(amount.suffix).left(blank), {Kind::Unit, int(unit.unit)});
 }
 
+QString stringOf(const Formatter &formatter, int number, int sign, UDateRelativeUnit unit)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    icu::UnicodeString text;
+    formatter.format(double(number), sign > 0 ? UDAT_DIRECTION_NEXT : UDAT_DIRECTION_LAST, unit,
+                     text, status);
+    return U_SUCCESS(status) ? ICU::stringOf(text) : QString();
+}
+
 void addAmounts(DateWords &words, const Formatter &formatter, const CountedUnit &unit,
                 const QStringList &names)
 {
     for (const int number : Samples) {
+        // What is said of both directions tells none.
+        if (stringOf(formatter, number, 1, unit.relative) ==
+            stringOf(formatter, number, -1, unit.relative))
+            continue;
         for (const int sign : {1, -1}) {
-            UErrorCode status = U_ZERO_ERROR;
-            icu::UnicodeString text;
-            formatter.format(double(number), sign > 0 ? UDAT_DIRECTION_NEXT : UDAT_DIRECTION_LAST,
-                             unit.relative, text, status);
-            const Template amount(ICU::stringOf(text));
+            const Template amount(stringOf(formatter, number, sign, unit.relative));
             if (amount.hasNumber)
                 addAmount(words, amount, unit, sign, names);
             else

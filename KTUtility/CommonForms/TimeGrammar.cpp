@@ -165,7 +165,7 @@ bool TimeGrammar::readClock()
         readColons();
     else if (token(1).is(Kind::HourMark))
         readMarked();
-    else if (token(1).isSign(u'.') && isMinutes(_at + 2) && !token(1).isSpaced)
+    else if (token(1).isSign(u'.') && isMinutes(_at + 2) && !token(1).isSpaced && !isOfNumbers())
         readDots();
     else
         ++_at;
@@ -174,6 +174,14 @@ bool TimeGrammar::readClock()
         ++_at;
     }
     return true;
+}
+
+/// Whether "h.mm" goes on as a date does: "22.12.2016".
+bool TimeGrammar::isOfNumbers() const
+{
+    const DateToken &sign = token(3);
+    const bool isJoined = sign.isSign(u'.') || sign.isSign(u'/') || sign.isSign(u'-');
+    return isJoined && token(4).isNumber() && (token(4).digits != 2 || token(4).isSpaced);
 }
 
 bool TimeGrammar::isMinutes(qsizetype index) const

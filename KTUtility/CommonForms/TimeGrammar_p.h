@@ -66,6 +66,7 @@ private:
     void readDots();
     void readMarked();
     void readMinutesBehindMark();
+    bool isOfNumbers() const;
     bool isMinutes(qsizetype index) const;
     bool isOfADate(qsizetype index) const;
     bool isTime() const;

@@ -1,7 +1,12 @@
 target_sources(KTUtilityTests PRIVATE
+    CommonForms/CommonDatesHostileTests.cpp
+    CommonForms/CommonDatesTests.cpp
+    CommonForms/DateCandidatesTests.cpp
+    CommonForms/DateWordsTests.cpp
     CommonForms/FoldedTextTests.cpp
     CommonForms/KTReadingFormatterTests.cpp
     CommonForms/PhraseTableTests.cpp
+    CommonForms/TimeGrammarTests.cpp
     CommonForms/TypedRows.cpp
     CommonForms/TypedRowsTests.cpp
     support/WallClockAt.cpp
