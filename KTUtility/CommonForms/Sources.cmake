@@ -1,4 +1,7 @@
 target_sources(KTUtility PRIVATE
+    CommonForms/ColumnClocks.cpp
+    CommonForms/ColumnDates.cpp
+    CommonForms/ColumnNumbers.cpp
     CommonForms/CommonDates.cpp
     CommonForms/DateCandidates.cpp
     CommonForms/DateGrammar.cpp
@@ -9,6 +12,7 @@ target_sources(KTUtility PRIVATE
     CommonForms/DateWordRows.cpp
     CommonForms/DateWords.cpp
     CommonForms/FoldedText.cpp
+    CommonForms/KTColumnReading.cpp
     CommonForms/KTReadingFormatter.cpp
     CommonForms/PhraseTable.cpp
     CommonForms/RelativeDateWords.cpp

@@ -4,6 +4,7 @@ target_sources(KTUtilityTests PRIVATE
     CommonForms/DateCandidatesTests.cpp
     CommonForms/DateWordsTests.cpp
     CommonForms/FoldedTextTests.cpp
+    CommonForms/KTColumnReadingTests.cpp
     CommonForms/KTReadingFormatterTests.cpp
     CommonForms/PhraseTableTests.cpp
     CommonForms/TimeGrammarTests.cpp
@@ -12,7 +13,8 @@ target_sources(KTUtilityTests PRIVATE
     support/WallClockAt.cpp
 )
 # The time at which the rows are typed.
-target_link_options(KTUtilityTests PRIVATE LINKER:--export-dynamic-symbol=clock_gettime)
+target_link_options(KTUtilityTests PRIVATE LINKER:--export-dynamic-symbol=clock_gettime
+    LINKER:--export-dynamic-symbol=gettimeofday)
 
 # Prints how the rows are read: scripts/typed.
 add_executable(TypedRows
@@ -21,4 +23,5 @@ add_executable(TypedRows
     support/WallClockAt.cpp
 )
 kt_configure_test_program(TypedRows)
-target_link_options(TypedRows PRIVATE LINKER:--export-dynamic-symbol=clock_gettime)
+target_link_options(TypedRows PRIVATE LINKER:--export-dynamic-symbol=clock_gettime
+    LINKER:--export-dynamic-symbol=gettimeofday)

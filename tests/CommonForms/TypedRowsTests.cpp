@@ -38,9 +38,9 @@ TEST(TypedRows, AreRightWrongOrRejected)
 
 TEST(TypedRows, AreTypedAtTheirTime)
 {
-    TypedRow typed = row(u"date"_s, u"en_US"_s, u"tomorrow"_s, u"2013-02-13"_s);
+    TypedRow typed = row(u"date"_s, u"en_US"_s, u"March 5"_s, u"2013-03-05"_s);
     EXPECT_EQ(outcomeOf(typed), TypedResult::Read);
-    typed.reference = typed.reference.addDays(1);
+    typed.reference = typed.reference.addYears(1);
     EXPECT_EQ(outcomeOf(typed), TypedResult::Wrong);
 }
 
@@ -59,7 +59,7 @@ TEST(TypedRows, PhoneNumbersAreStoredAsTyped)
     EXPECT_EQ(outcomeOf(typed), TypedResult::Read);
 }
 
-TEST(TypedRows, HaveAllTypesAndThe53Locales)
+TEST(TypedRows, HaveAllTypesInFiftyLocales)
 {
     QStringList locales;
     qsizetype count = 0;
@@ -73,7 +73,7 @@ TEST(TypedRows, HaveAllTypesAndThe53Locales)
     }
     locales.removeDuplicates();
     EXPECT_EQ(count, 962);
-    EXPECT_EQ(locales.size(), 53);
+    EXPECT_EQ(locales.size(), 50);
 }
 
 TEST(TypedRows, WithoutCommonFormsNothingHasChanged)

@@ -14,7 +14,8 @@ _cobble() {
     case ${COMP_WORDS[1]} in
         window) options='--search --locale --bundle --screenshot --sheet' ;;
         import)
-            options='--library --separator --locale --media --replace --bundle --dry-run'
+            options='--library --separator --locale --media --order --decimal --unit --replace
+                --bundle --dry-run'
             files=1
             ;;
         show) options='--locale --limit --bundle' ;;
@@ -26,7 +27,11 @@ _cobble() {
             ;;
         upgrade-copy) options='--bundle' ;;
         plugins) texts='list enable disable' ;;
-        parse | format)
+        parse)
+            options='--locale --option --why'
+            texts='number currency duration time date date+time phone'
+            ;;
+        format)
             options='--locale --option'
             texts='number currency duration time date date+time phone'
             ;;
@@ -48,6 +53,7 @@ _cobble() {
             return
             ;;
         *--search | *--locale | *--library | *--media | *--limit | *--option) return ;;
+        *--order | *--decimal | *--unit) return ;;
     esac
     if [ -n "$values" ]; then
         mapfile -t COMPREPLY < <(compgen -W "$values" -- "$current")

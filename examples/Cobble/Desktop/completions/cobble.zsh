@@ -43,6 +43,9 @@ case $command in
         _arguments $bundle $locale '--library[the name of the library]:name: ' \
             '--separator[what separates values]:separator:(comma semicolon tab pipe space)' \
             '*--media[a column that names files anywhere]:header: ' \
+            '*--order[how dates of a column are typed]:header=order: ' \
+            '*--decimal[what stands before fractions]:header=sign: ' \
+            '*--unit[the currency or the clock of a column]:header=unit: ' \
             '--replace[in place of a library of that name]' '--dry-run[store nothing]' \
             '--help[show how cobble is used]' '1:file:_files'
         ;;
@@ -64,7 +67,12 @@ case $command in
     plugins)
         _arguments '--help[show how cobble is used]' '1:action:(list enable disable)'
         ;;
-    parse | format)
+    parse)
+        _arguments $locale '*--option[a setting of the field]:key=value: ' \
+            '--why[show how texts were understood]' '--help[show how cobble is used]' \
+            '1:type:(number currency duration time date date+time phone)'
+        ;;
+    format)
         _arguments $locale '*--option[a setting of the field]:key=value: ' \
             '--help[show how cobble is used]' \
             '1:type:(number currency duration time date date+time phone)'

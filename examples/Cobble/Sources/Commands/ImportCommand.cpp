@@ -17,6 +17,9 @@ namespace {
 const QString LibraryOption = u"library"_s;
 const QString SeparatorOption = u"separator"_s;
 const QString MediaOption = u"media"_s;
+const QString OrderOption = u"order"_s;
+const QString DecimalOption = u"decimal"_s;
+const QString UnitOption = u"unit"_s;
 const QString ReplaceOption = u"replace"_s;
 const QString DryRunOption = u"dry-run"_s;
 
@@ -25,10 +28,65 @@ void addImportOptions(QCommandLineParser *parser)
     parser->addOption({LibraryOption, QString(), u"NAME"_s});
     parser->addOption({SeparatorOption, QString(), u"C"_s});
     parser->addOption({MediaOption, QString(), u"HEADER"_s});
+    for (const QString &option : {OrderOption, DecimalOption, UnitOption})
+        parser->addOption({option, QString(), u"HEADER=WHAT"_s});
     parser->addOption({ReplaceOption, QString()});
     parser->addOption({DryRunOption, QString()});
     BundleOption::add(parser);
     UserSettings::addLocaleOption(parser);
+}
+
+/// "Amount" and "," of "Amount=,".
+std::pair<QString, QString> headerAndWhatIn(const QString &value)
+{
+    return {value.section(u'=', 0, -2), value.section(u'=', -1)};
+}
+
+/// The sign that is given by itself or by a name; else what is given.
+QString pointOf(const QString &what)
+{
+    if (what == u"comma")
+        return u","_s;
+    return what == u"point" ? u"."_s : what;
+}
+
+/// Whether an option can be told what is told.
+bool takes(const QString &option, const QString &what)
+{
+    using Column = KTColumnReading;
+    if (option == OrderOption)
+        return Column::conventionsOf(Column::Dates).contains(what);
+    if (option == DecimalOption)
+        return Column::conventionsOf(Column::Numbers).contains(pointOf(what));
+    return Column::conventionsOf(Column::Durations).contains(what) ||
+           NSLocale::commonISOCurrencyCodes().contains(what);
+}
+
+Outcome<> checkConventions(const QCommandLineParser &parser)
+{
+    for (const QString &option : {OrderOption, DecimalOption, UnitOption}) {
+        for (const QString &value : parser.values(option)) {
+            const auto [header, what] = headerAndWhatIn(value);
+            if (header.isEmpty() || !takes(option, what))
+                return Failure{u"bad --%1 '%2'"_s.arg(option, value)};
+        }
+    }
+    return {};
+}
+
+QMap<QString, ColumnConventions> conventionsIn(const QCommandLineParser &parser)
+{
+    QMap<QString, ColumnConventions> conventions;
+    const auto tell = [&](const QString &option, QString ColumnConventions::*convention) {
+        for (const QString &value : parser.values(option)) {
+            const auto [header, what] = headerAndWhatIn(value);
+            conventions[header].*convention = option == DecimalOption ? pointOf(what) : what;
+        }
+    };
+    tell(OrderOption, &ColumnConventions::order);
+    tell(DecimalOption, &ColumnConventions::point);
+    tell(UnitOption, &ColumnConventions::unit);
+    return conventions;
 }
 
 Outcome<> checkImport(const QCommandLineParser &parser)
@@ -43,7 +101,9 @@ Outcome<> checkImport(const QCommandLineParser &parser)
     const QString separator = parser.value(SeparatorOption);
     if (parser.isSet(SeparatorOption) && !CSVSeparator::fromName(separator))
         return Failure{u"bad separator '%1'"_s.arg(separator)};
-    return BundleOption::check(parser).andThen([&] { return UserSettings::checkLocale(parser); });
+    return BundleOption::check(parser)
+        .andThen([&] { return UserSettings::checkLocale(parser); })
+        .andThen([&] { return checkConventions(parser); });
 }
 
 ImportRequest requestIn(const QCommandLineParser &parser)
@@ -56,6 +116,7 @@ ImportRequest requestIn(const QCommandLineParser &parser)
     request.separator = CSVSeparator::fromName(parser.value(SeparatorOption));
     request.locale = UserSettings::localeIn(parser);
     request.mediaHeaders = parser.values(MediaOption);
+    request.conventions = conventionsIn(parser);
     request.replaces = parser.isSet(ReplaceOption);
     request.isDryRun = parser.isSet(DryRunOption);
     request.bundle = BundleOption::bundleIn(parser);

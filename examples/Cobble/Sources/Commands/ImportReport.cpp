@@ -58,6 +58,29 @@ void printTypes(const QList<ImportColumn> &columns, const ImportValues &values, 
     table.print(out);
 }
 
+/// What was decided about columns, if anything was.
+void printDecisions(const QList<ImportColumn> &columns, const ImportValues &values,
+                    QTextStream &out)
+{
+    AlignedTable table;
+    table.addRow({u"Column name"_s, u"Read as"_s, u"Since"_s, u"Contradicting"_s});
+    qsizetype count = 0;
+    for (qsizetype index = 0; index < columns.size(); ++index) {
+        const ImportValues::Column &column = values.columns.at(index);
+        for (const ColumnDecision &decision : {column.decision, column.currency}) {
+            if (!decision.isNeeded())
+                continue;
+            table.addRow({columns.at(index).columnName, decision.readAs, decision.since,
+                          decision.contradicting});
+            ++count;
+        }
+    }
+    if (count == 0)
+        return;
+    out << '\n';
+    table.print(out);
+}
+
 void printUnread(const QList<ImportColumn> &columns, const ImportValues &values, QTextStream &out)
 {
     AlignedTable table;
@@ -81,6 +104,7 @@ void ImportReport::printValues(const ImportSchema &schema, const ImportValues &v
 {
     out << '\n';
     printTypes(schema.columns, values, out);
+    printDecisions(schema.columns, values, out);
     if (values.unread.isEmpty())
         return;
     out << '\n';

@@ -13,7 +13,9 @@ QString usageText()
       or about.
 
   cobble import FILE [--library NAME] [--separator C] [--locale ID]
-                [--media HEADER]… [--replace] [--bundle PATH] [--dry-run]
+                [--media HEADER]… [--order HEADER=ORDER]…
+                [--decimal HEADER=SIGN]… [--unit HEADER=UNIT]… [--replace]
+                [--bundle PATH] [--dry-run]
       Stores a file of separated values, or one that an importer reads (vcf), as
       a library of the database, all of it or nothing. Shows its names, the
       types of its columns, and each value that its column's type cannot read
@@ -24,7 +26,11 @@ QString usageText()
       were typed in, such as de_DE; it is yours unless given. Files beside FILE
       that a column names are copied into the bundle. --media says that a column
       names files, which may then lie anywhere or be http: URLs, up to 256 MB
-      each; give it only for a FILE that you trust. PATH is the database bundle;
+      each; give it only for a FILE that you trust. How the dates and numbers of
+      a column are typed is found out from all of its values together, and shown
+      with what contradicts it, unless given: ORDER is dmy, mdy or ymd, SIGN
+      stands before fractions and is a comma or a point, UNIT is a currency such
+      as EUR, or h:m or m:s for what 1:30 is. PATH is the database bundle;
       it is your default one unless given. --dry-run shows and stores nothing.
   cobble show [LIBRARY] [--locale ID] [--limit N] [--bundle PATH]
       Prints the records of a library as its fields display them; without a
@@ -43,9 +49,10 @@ QString usageText()
       Lists the exporters and importers, without running any of their code, and
       says which are to be used.
 
-  cobble parse TYPE TEXT… [--locale ID] [--option KEY=VALUE…]
+  cobble parse TYPE TEXT… [--locale ID] [--option KEY=VALUE…] [--why]
       Shows what a field of a type reads: number, currency, duration, time,
-      date, date+time or phone; and how it displays that.
+      date, date+time or phone; and how it displays that. --why shows how it
+      understood the text, by which parts of it, and what else it could mean.
   cobble format TYPE VALUE… [--locale ID] [--option KEY=VALUE…]
       Shows how a field of a type displays a value: a number with ".", seconds,
       a date as 2008-03-05T17:30, a time as 17:30. Options are settings of the

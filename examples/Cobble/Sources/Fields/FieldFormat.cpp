@@ -10,8 +10,10 @@
 #include <utility>
 
 namespace {
-FieldFormat plainFormat(std::unique_ptr<NSFormatter> formatter)
+/// Whoever types into a field, or has typed a file, means what people mean.
+FieldFormat plainFormat(std::unique_ptr<KTReadingFormatter> formatter)
 {
+    formatter->setReadsCommonForms(true);
     FieldFormat format;
     format.formatter = std::move(formatter);
     return format;
@@ -58,7 +60,7 @@ std::unique_ptr<KTDateTimeFormatter> dateTimeFormatter()
     return formatter;
 }
 
-std::unique_ptr<NSFormatter> phoneFormatter()
+std::unique_ptr<KTReadingFormatter> phoneFormatter()
 {
     auto formatter = std::make_unique<KTPhoneNumberFormatter>();
     formatter->setFormatIndex(

@@ -1,6 +1,7 @@
 #include "FieldReader.h"
 
 #include <KTUtility/KTCurrencyFormatter>
+#include <KTUtility/KTDateTimeFormatter>
 #include <KTUtility/NSKeyValueCoding>
 
 #include <QRegularExpression>
@@ -34,6 +35,8 @@ QString reasonFor(FieldType type, const QString &errorDescription)
 {
     if (errorDescription == KTNumberFormatter::unevenGroupsDescription())
         return u"its separators do not stand where groups end or the fraction begins"_s;
+    if (errorDescription == KTColumnReading::contradictionDescription())
+        return u"it contradicts how the other values of its column are read"_s;
     switch (type) {
     case FieldType::Number:
         return errorDescription.isEmpty() ? u"there is more than a number"_s : u"it is no number"_s;
@@ -55,35 +58,77 @@ QString withoutOuterMarks(const QString &text)
     return QString(text).remove(marks);
 }
 
-Outcome<QVariant> readOnceBy(const NSFormatter &formatter, FieldType type, const QString &text)
+/// What is found out of all values of a column of a type.
+std::optional<KTColumnReading::Kind> columnKindOf(FieldType type)
 {
-    QVariant value;
-    QString errorDescription;
-    if (formatter.getObjectValue(&value, text, &errorDescription))
-        return value;
-    return Failure{reasonFor(type, errorDescription)};
+    switch (type) {
+    case FieldType::Date:
+    case FieldType::DateTime:
+        return KTColumnReading::Dates;
+    case FieldType::Number:
+        return KTColumnReading::Numbers;
+    case FieldType::Currency:
+        return KTColumnReading::Amounts;
+    case FieldType::Duration:
+        return KTColumnReading::Durations;
+    default:
+        return std::nullopt;
+    }
 }
 
-Outcome<QVariant> readBy(const NSFormatter &formatter, FieldType type, const QString &text)
+NSLocale localeOf(const NSFormatter *formatter)
 {
-    Outcome<QVariant> value = readOnceBy(formatter, type, text);
-    if (value || (type != FieldType::Number && type != FieldType::Currency))
-        return value;
-    const QString plain = withoutOuterMarks(text);
-    return plain == text ? value : readOnceBy(formatter, type, plain);
+    if (const auto *const numbers = qobject_cast<const KTNumberFormatter *>(formatter))
+        return numbers->locale();
+    const auto *const dates = qobject_cast<const KTDateTimeFormatter *>(formatter);
+    return dates ? dates->locale() : NSLocale::currentLocale();
 }
 } // namespace
 
 FieldReader::FieldReader(FieldType type) : _type(type), _format(FieldFormat::of(type)) {}
+
+void FieldReader::setReadsCommonForms(bool readsCommonForms) const
+{
+    if (auto *const reading = qobject_cast<KTReadingFormatter *>(formatter()))
+        reading->setReadsCommonForms(readsCommonForms);
+}
+
+std::optional<KTColumnReading> FieldReader::newColumn() const
+{
+    const auto kind = columnKindOf(_type);
+    return kind ? std::optional(KTColumnReading(*kind, localeOf(formatter()))) : std::nullopt;
+}
+
+Outcome<QVariant> FieldReader::readOnce(const QString &text, bool isInColumn) const
+{
+    QVariant value;
+    QString reason;
+    const bool isRead = isInColumn && _column
+                            ? _column->getObjectValue(*formatter(), &value, text, &reason)
+                            : formatter()->getObjectValue(&value, text, &reason);
+    if (isRead)
+        return value;
+    return Failure{reasonFor(_type, reason)};
+}
+
+/// Again without the marks that nobody sees, if it has to be.
+Outcome<QVariant> FieldReader::readBare(const QString &text, bool isInColumn) const
+{
+    Outcome<QVariant> value = readOnce(text, isInColumn);
+    if (value || (_type != FieldType::Number && _type != FieldType::Currency))
+        return value;
+    const QString plain = withoutOuterMarks(text);
+    return plain == text ? value : readOnce(plain, isInColumn);
+}
 
 Outcome<QVariant> FieldReader::read(const QString &text, bool isImported) const
 {
     if (!formatter())
         return QVariant(text);
     if (!isImported)
-        return readBy(*formatter(), _type, text);
+        return readBare(text, false);
     const ImportBracket bracket(_format, text);
-    return readBy(*formatter(), _type, text);
+    return readBare(text, true);
 }
 
 Outcome<QVariant> FieldReader::readTyped(const QString &text) const
@@ -94,6 +139,12 @@ Outcome<QVariant> FieldReader::readTyped(const QString &text) const
     if (!value && value.reason().isEmpty())
         return Failure{u"it cannot be read"_s};
     return value;
+}
+
+KTReading FieldReader::reading() const
+{
+    const auto *const reading = qobject_cast<const KTReadingFormatter *>(formatter());
+    return reading ? reading->reading() : KTReading();
 }
 
 QString FieldReader::recentPattern() const

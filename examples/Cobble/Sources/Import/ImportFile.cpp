@@ -90,6 +90,17 @@ Outcome<> useMediaColumns(const QStringList &headers, ImportFile *file)
     return {};
 }
 
+Outcome<> useConventions(const QMap<QString, ColumnConventions> &conventions, ImportFile *file)
+{
+    for (auto told = conventions.begin(); told != conventions.end(); ++told) {
+        const qsizetype column = file->rows->headers().indexOf(told.key());
+        if (column < 0)
+            return Failure{u"there is no column '%1'"_s.arg(told.key())};
+        file->settings.conventions.insert(column, told.value());
+    }
+    return {};
+}
+
 /// Looks at media without storing them, and at nothing else.
 class Preview : public ImportSink
 {
@@ -144,9 +155,10 @@ Outcome<ImportFile> ImportFile::read(const ImportRequest &request)
         return text.failure();
     ImportFile file;
     file.media = MediaSources(QFileInfo(request.path).absolutePath());
-    const Outcome<> used = useText(*text, request, &file).andThen([&] {
-        return useMediaColumns(request.mediaHeaders, &file);
-    });
+    const Outcome<> used =
+        useText(*text, request, &file)
+            .andThen([&] { return useMediaColumns(request.mediaHeaders, &file); })
+            .andThen([&] { return useConventions(request.conventions, &file); });
     if (!used)
         return used.failure();
     file.schema = ImportSchema::fromHeaders(request.libraryName, file.rows->headers());

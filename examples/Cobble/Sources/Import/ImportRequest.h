@@ -1,8 +1,11 @@
 #pragma once
 
+#include "ColumnConventions.h"
+
 #include <KTUtility/KTDatabaseBundle>
 
 #include <QChar>
+#include <QMap>
 #include <QString>
 #include <QStringList>
 
@@ -17,6 +20,8 @@ struct ImportRequest
     QString locale;
     /// The headers of the columns that hold media, whatever their values look like.
     QStringList mediaHeaders;
+    /// What is said of how the columns of some headers are typed.
+    QMap<QString, ColumnConventions> conventions;
     /// Whether a library of the same name is replaced.
     bool replaces = false;
     /// Whether nothing is to be written.

@@ -22,7 +22,7 @@ std::vector<TypeInference> inferencesFor(const RowSource &rows,
 {
     std::vector<TypeInference> inferences;
     for (qsizetype column = 0; column < rows.headers().size(); ++column)
-        inferences.emplace_back(settings.isMedia);
+        inferences.emplace_back(settings.isMedia, settings.conventions.value(column));
     rows.whileRows([&](qint64, const QStringList &fields) {
         for (qsizetype column = 0; column < fields.size(); ++column)
             inferences[size_t(column)].add(fields.at(column));
@@ -43,6 +43,37 @@ Readers readersFor(const RowSource &rows, const ImportValues::Settings &settings
     return readers;
 }
 
+using Columns = std::vector<std::optional<KTColumnReading>>;
+
+Columns newColumnsFor(const Readers &readers, const ImportValues::Settings &settings)
+{
+    Columns columns;
+    for (const auto &reader : readers) {
+        const auto told = settings.conventions.value(qsizetype(columns.size()));
+        columns.push_back(told.newColumnFor(*reader));
+    }
+    return columns;
+}
+
+/// Has each column read by what all of its values decide together.
+void decideColumns(const RowSource &rows, const ImportValues::Settings &settings, Readers *readers)
+{
+    Columns columns = newColumnsFor(*readers, settings);
+    if (std::none_of(columns.begin(), columns.end(), [](const auto &column) { return column; }))
+        return;
+    rows.whileRows([&](qint64, const QStringList &fields) {
+        for (size_t column = 0; column < columns.size(); ++column) {
+            if (columns[column])
+                columns[column]->add(fields.value(qsizetype(column)));
+        }
+        return !settings.progress || settings.progress(0, rows.rowCount());
+    });
+    for (size_t column = 0; column < columns.size(); ++column) {
+        if (columns[column])
+            (*readers)[column]->setColumn(*columns[column]);
+    }
+}
+
 QString typeNameOf(const FieldReader &reader)
 {
     const QString name = FieldTypes::nameOf(reader.type());
@@ -50,19 +81,42 @@ QString typeNameOf(const FieldReader &reader)
     return currency.isNull() ? name : QString(name + u" (" + currency + u')');
 }
 
-/// The second reading: every value through its column's formatter.
+/// About a currency that is not the user's, or that the user names.
+ColumnDecision currencyDecisionOf(const FieldReader &reader, const ColumnConventions &told)
+{
+    const QString code = reader.currencyType();
+    if (code.isNull())
+        return {};
+    if (code == told.currency())
+        return ColumnDecision::ofCurrency(code, u"you say so"_s);
+    const QString own = FieldReader(FieldType::Currency).currencyType();
+    return code == own ? ColumnDecision()
+                       : ColumnDecision::ofCurrency(code, u"the values name it"_s);
+}
+
+ImportValues::Column columnOf(const FieldReader &reader, const ColumnConventions &told)
+{
+    ImportValues::Column column;
+    column.typeName = typeNameOf(reader);
+    if (reader.column())
+        column.decision = ColumnDecision::of(*reader.column());
+    column.currency = currencyDecisionOf(reader, told);
+    return column;
+}
+
+/// The last reading: every value through its column's formatter.
 class ValueReading
 {
 public:
-    ValueReading(const Readers &readers, ImportSink *sink) : _readers(readers), _sink(sink)
+    ValueReading(const Readers &readers, const ImportValues::Settings &settings)
+        : _readers(readers), _sink(settings.sink)
     {
         for (const auto &reader : readers) {
-            ImportValues::Column column;
-            column.typeName = typeNameOf(*reader);
-            _values.columns.append(column);
+            const auto told = settings.conventions.value(_values.columns.size());
+            _values.columns.append(columnOf(*reader, told));
         }
-        if (sink)
-            _outcome = sink->begin(readers);
+        if (_sink)
+            _outcome = _sink->begin(readers);
     }
 
     /// Whether it goes on.
@@ -120,8 +174,9 @@ private:
 
 Outcome<ImportValues> ImportValues::of(const RowSource &rows, const Settings &settings)
 {
-    const Readers readers = readersFor(rows, settings);
-    ValueReading reading(readers, settings.sink);
+    Readers readers = readersFor(rows, settings);
+    decideColumns(rows, settings, &readers);
+    ValueReading reading(readers, settings);
     rows.whileRows([&](qint64 row, const QStringList &fields) {
         if (settings.progress && !settings.progress(row, rows.rowCount()))
             reading.cancel();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ColumnConventions.h"
+#include "ColumnDecision.h"
 #include "ImportSink.h"
 #include "RowSource.h"
 
@@ -24,6 +26,10 @@ struct ImportValues
         qint64 read = 0;
         qint64 unread = 0;
         qint64 empty = 0; ///< also the fields that a short row lacks
+        /// What had to be decided about how its values are typed, and was.
+        ColumnDecision decision;
+        /// The same about its currency.
+        ColumnDecision currency;
     };
 
     /// A value that the column's type cannot read.
@@ -45,12 +51,14 @@ struct ImportValues
         std::function<bool(const QString &)> isMedia;
         /// The types of columns that are known beforehand.
         QMap<qsizetype, FieldType> types;
+        /// What is said of how columns are typed.
+        QMap<qsizetype, ColumnConventions> conventions;
         /// Gets the values; may be null.
         ImportSink *sink = nullptr;
     };
 
-    /// Reads the rows twice: the beginning to find the types, then all of them. It fails if the sink
-    /// does, and if it is cancelled.
+    /// Reads the rows three times: the beginning to find the types, all of them for what a column's
+    /// values decide together, then all of them. It fails if the sink does, and if it is cancelled.
     static Outcome<ImportValues> of(const RowSource &rows, const Settings &settings);
     static Outcome<ImportValues> of(const RowSource &rows) { return of(rows, Settings()); }
 

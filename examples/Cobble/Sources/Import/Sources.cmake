@@ -1,4 +1,6 @@
 target_sources(CobbleHost PRIVATE
+    Sources/Import/ColumnConventions.cpp
+    Sources/Import/ColumnDecision.cpp
     Sources/Import/ImportColumn.h
     Sources/Import/ImportFile.cpp
     Sources/Import/ImportRequest.cpp

@@ -2,7 +2,6 @@
 
 #include <KTUtility/KTCurrencyFormatter>
 
-#include <QHash>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -49,7 +48,7 @@ struct Parts
 };
 
 /// \param pattern that which the text was read by.
-Parts partsOf(const QString &pattern, const QString &text)
+Parts partsByPattern(const QString &pattern, const QString &text)
 {
     if (pattern.isNull()) // ISO 8601, or a bare hour
         return {text.contains(u'-'), text.contains(u':') || !text.contains(u'-')};
@@ -57,6 +56,22 @@ Parts partsOf(const QString &pattern, const QString &text)
     const bool hasTime = std::any_of(pattern.begin(), pattern.end(),
                                      [](QChar unit) { return timeFields.contains(unit); });
     return {pattern.contains(u'd'), hasTime};
+}
+
+bool isOfTime(const KTReadingPart &part)
+{
+    static const QStringList roles{u"hour"_s, u"minute"_s, u"second"_s, u"dayPeriod"_s, u"zone"_s};
+    return roles.contains(part.role);
+}
+
+/// Of the text that was just read.
+Parts partsOf(const FieldReader &reader, const QString &text)
+{
+    const QList<KTReadingPart> parts = reader.reading().parts;
+    if (parts.isEmpty())
+        return partsByPattern(reader.recentPattern(), text);
+    const auto times = std::count_if(parts.begin(), parts.end(), isOfTime);
+    return {times<parts.size(), times> 0};
 }
 
 /// How many of some values have which parts.
@@ -69,14 +84,13 @@ struct PartCounts
     qsizetype all() const { return dates + times + both; }
 };
 
-PartCounts partCountsOf(const QStringList &values)
+PartCounts partCountsOf(const QStringList &values, const FieldReader &reader)
 {
-    const FieldReader reader(FieldType::DateTime);
     PartCounts counts;
     for (const QString &value : values) {
         if (!reader.read(value, true))
             continue;
-        const Parts parts = partsOf(reader.recentPattern(), value);
+        const Parts parts = partsOf(reader, value);
         counts.dates += parts.hasDate && !parts.hasTime;
         counts.times += parts.hasTime && !parts.hasDate;
         counts.both += parts.hasDate && parts.hasTime;
@@ -84,23 +98,28 @@ PartCounts partCountsOf(const QStringList &values)
     return counts;
 }
 
-/// How many values name each currency other than the user's.
-QHash<QString, qsizetype> currencyVotesIn(const QStringList &values)
+/// The currency that a text is in, if it is not the user's; nil if it is in none.
+QString currencyBySignOf(const QString &text)
 {
-    QHash<QString, qsizetype> votes;
-    for (const QString &value : values) {
-        KTCurrencyFormatter formatter;
-        formatter.setRejectsUnevenGroups(true);
-        QVariantMap options;
-        if (formatter.adjustForValue(value, &options))
-            ++votes[options.value(kKTFieldOption_currencyType).toString()];
-    }
-    return votes;
+    KTCurrencyFormatter formatter;
+    formatter.setRejectsUnevenGroups(true);
+    QVariantMap options;
+    return formatter.adjustForValue(text, &options)
+               ? options.value(kKTFieldOption_currencyType).toString()
+               : QString();
+}
+
+/// The code of a currency that a text names; nil if it names none.
+QString codeIn(const QString &text)
+{
+    static const QRegularExpression form(uR"((?<![A-Za-z])[A-Z]{3}(?![A-Za-z]))"_s);
+    const QString code = form.match(text).captured();
+    return NSLocale::commonISOCurrencyCodes().contains(code) ? code : QString();
 }
 } // namespace
 
-TypeInference::TypeInference(std::function<bool(const QString &)> isMedia)
-    : _isMedia(std::move(isMedia))
+TypeInference::TypeInference(std::function<bool(const QString &)> isMedia, ColumnConventions told)
+    : _isMedia(std::move(isMedia)), _told(std::move(told))
 {
 }
 
@@ -115,7 +134,9 @@ void TypeInference::add(const QString &value)
 
 bool TypeInference::fits(qsizetype count) const
 {
-    return isMostly(count, _values.size());
+    // Who says how a column is typed says what is in it, too.
+    const bool isHalf = count > 0 && count * 2 >= _values.size();
+    return isMostly(count, _values.size()) || (_told.isAny() && isHalf);
 }
 
 qsizetype TypeInference::countRead(const FieldReader &reader) const
@@ -127,22 +148,37 @@ qsizetype TypeInference::countRead(const FieldReader &reader) const
     });
 }
 
-std::unique_ptr<FieldReader> TypeInference::numberReader() const
+/// One that reads by what the values say together.
+TypeInference::Reader TypeInference::newReader(FieldType type, bool readsCommonForms) const
 {
-    if (std::any_of(_values.begin(), _values.end(), looksLikeCode))
-        return nullptr;
-    auto number = std::make_unique<FieldReader>(FieldType::Number);
-    return fits(countRead(*number)) ? std::move(number) : currencyReader();
+    auto reader = std::make_unique<FieldReader>(type);
+    reader->setReadsCommonForms(readsCommonForms);
+    std::optional<KTColumnReading> column = _told.newColumnFor(*reader);
+    if (!column)
+        return reader;
+    for (const QString &value : _values)
+        column->add(value);
+    reader->setColumn(*column);
+    return reader;
 }
 
-std::unique_ptr<FieldReader> TypeInference::reader() const
+TypeInference::Reader TypeInference::reader() const
 {
-    if (auto number = numberReader())
+    Reader found = readerWith(false);
+    if (found->type() == FieldType::Text)
+        found = readerWith(true);
+    found->setReadsCommonForms(true);
+    return found;
+}
+
+TypeInference::Reader TypeInference::readerWith(bool readsCommonForms) const
+{
+    if (auto number = numberReader(readsCommonForms))
         return number;
-    auto duration = std::make_unique<FieldReader>(FieldType::Duration);
+    auto duration = newReader(FieldType::Duration, readsCommonForms);
     if (fits(countRead(*duration)))
         return duration;
-    if (auto date = dateReader())
+    if (auto date = dateReader(readsCommonForms))
         return date;
     return std::make_unique<FieldReader>(textType());
 }
@@ -156,28 +192,60 @@ FieldType TypeInference::textType() const
     return isMedia ? FieldType::Media : FieldType::Text;
 }
 
-/// In the user's currency, or in that which most of the values name.
-std::unique_ptr<FieldReader> TypeInference::currencyReader() const
+TypeInference::Reader TypeInference::numberReader(bool readsCommonForms) const
 {
-    auto reader = std::make_unique<FieldReader>(FieldType::Currency);
-    const qsizetype own = countRead(*reader);
-    if (fits(own))
-        return reader;
-    const QHash<QString, qsizetype> votes = currencyVotesIn(_values);
-    const auto winner = std::max_element(votes.begin(), votes.end());
-    if (winner == votes.end() || !fits(own + *winner))
+    if (std::any_of(_values.begin(), _values.end(), looksLikeCode))
         return nullptr;
-    reader->formatter()->setOptions({{kKTFieldOption_currencyType, winner.key()}});
-    return fits(countRead(*reader)) ? std::move(reader) : nullptr;
+    auto number = newReader(FieldType::Number, readsCommonForms);
+    const bool isMoney = !_told.currency().isNull();
+    return fits(countRead(*number)) && !isMoney ? std::move(number)
+                                                : currencyReader(readsCommonForms);
 }
 
-std::unique_ptr<FieldReader> TypeInference::dateReader() const
+/// The currencies that the values may be in: the one that is told, or the user's, those that values
+/// name, and those of their signs.
+QStringList TypeInference::currenciesFor(const FieldReader &reader) const
 {
-    const PartCounts counts = partCountsOf(_values);
+    if (!_told.currency().isNull())
+        return {_told.currency()};
+    QStringList codes{reader.currencyType()};
+    for (const QString &value : _values)
+        codes += codeIn(value);
+    if (!fits(countRead(reader))) {
+        for (const QString &value : _values)
+            codes += currencyBySignOf(reader.column()->textForLocale(value));
+    }
+    codes.removeDuplicates();
+    codes.removeAll(QString());
+    return codes;
+}
+
+/// In the first of the currencies in which most of the values can be read.
+TypeInference::Reader TypeInference::currencyReader(bool readsCommonForms) const
+{
+    Reader best;
+    qsizetype most = 0;
+    for (const QString &code : currenciesFor(*newReader(FieldType::Currency, readsCommonForms))) {
+        auto reader = newReader(FieldType::Currency, readsCommonForms);
+        if (code != reader->currencyType())
+            reader->formatter()->setOptions({{kKTFieldOption_currencyType, code}});
+        const qsizetype count = countRead(*reader);
+        if (count <= most)
+            continue;
+        most = count;
+        best = std::move(reader);
+    }
+    return fits(most) ? std::move(best) : nullptr;
+}
+
+TypeInference::Reader TypeInference::dateReader(bool readsCommonForms) const
+{
+    const auto reader = newReader(FieldType::DateTime, readsCommonForms);
+    const PartCounts counts = partCountsOf(_values, *reader);
     if (!fits(counts.all()))
         return nullptr;
     if (counts.both == 0 && isMostly(counts.dates, counts.all()))
-        return std::make_unique<FieldReader>(FieldType::Date);
+        return newReader(FieldType::Date, readsCommonForms);
     const bool isTime = isMostly(counts.times, counts.all());
-    return std::make_unique<FieldReader>(isTime ? FieldType::Time : FieldType::DateTime);
+    return newReader(isTime ? FieldType::Time : FieldType::DateTime, readsCommonForms);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ColumnConventions.h"
 #include "Fields/FieldReader.h"
 
 #include <QStringList>
@@ -9,12 +10,17 @@
 
 /// Finds the type of a column from some of its values.
 ///
-/// A column has the first of these types that nine in ten of its values have: number, currency,
+/// A column has the first of these types that nine in ten of its values have (half of them, where
+/// the user says how they are typed): number, currency,
 /// duration, date, time, date+time, phone, media; otherwise it is text. Digits with a zero or
 /// a plus before them ("01067", "+49 170") are never numbers, which would lose it, nor are digits
 /// that are grouped as in a date ("26.05.2014"). A number may
 /// have a currency's sign; then the column is money, in the currency that most of its values name.
 /// Of dates and times mixed, a column of dates with some times is date+time.
+///
+/// Each type is tried with the conventions that the values themselves decide (KTColumnReading), first
+/// without common forms: "3/4" is a date before it is a fraction, and "1:30" a time before it is a
+/// duration.
 ///
 /// \code
 /// TypeInference inference;
@@ -29,7 +35,9 @@ public:
     static constexpr qsizetype SampleSize = 1000;
 
     /// \param isMedia says whether a text names a media file; without it, none does.
-    explicit TypeInference(std::function<bool(const QString &)> isMedia = {});
+    /// \param told what is known of the column beforehand.
+    explicit TypeInference(std::function<bool(const QString &)> isMedia = {},
+                           ColumnConventions told = {});
     ~TypeInference();
     TypeInference(TypeInference &&other) noexcept;
 
@@ -38,18 +46,24 @@ public:
     /// Takes a value into account; empty ones say nothing.
     void add(const QString &value);
 
-    /// A reader for the type found.
+    /// A reader for the type found, which reads common forms.
     std::unique_ptr<FieldReader> reader() const;
 
 private:
+    using Reader = std::unique_ptr<FieldReader>;
+
+    Reader newReader(FieldType type, bool readsCommonForms) const;
+    Reader readerWith(bool readsCommonForms) const;
     bool fits(qsizetype count) const;
     qsizetype countRead(const FieldReader &reader) const;
-    std::unique_ptr<FieldReader> numberReader() const;
-    std::unique_ptr<FieldReader> currencyReader() const;
-    std::unique_ptr<FieldReader> dateReader() const;
+    Reader numberReader(bool readsCommonForms) const;
+    Reader currencyReader(bool readsCommonForms) const;
+    Reader dateReader(bool readsCommonForms) const;
+    QStringList currenciesFor(const FieldReader &reader) const;
 
     FieldType textType() const;
 
     std::function<bool(const QString &)> _isMedia;
+    ColumnConventions _told;
     QStringList _values;
 };

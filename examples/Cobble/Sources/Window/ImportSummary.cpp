@@ -29,6 +29,19 @@ void addRow(QTableWidget *table, const QStringList &texts)
         table->setItem(row, column, new QTableWidgetItem(texts.at(column)));
 }
 
+/// "day, month, year (1 of 12 values decide)"; empty if nothing had to be decided.
+QString decisionsText(const ImportValues::Column &column)
+{
+    QStringList texts;
+    for (const ColumnDecision &decision : {column.decision, column.currency}) {
+        QStringList reasons{decision.since, decision.contradicting};
+        reasons.removeAll(QString());
+        if (decision.isNeeded())
+            texts += u"%1 (%2)"_s.arg(decision.readAs, reasons.join(u"; "_s));
+    }
+    return texts.join(u", "_s);
+}
+
 QString titleOf(const ImportColumn &column)
 {
     return column.header.isEmpty() ? column.label : column.header;
@@ -58,13 +71,14 @@ void ImportSummary::configDialog()
 void ImportSummary::showColumns(const ImportResult &result)
 {
     auto *const table = outlet<QTableWidget>(u"columnsTable"_s);
-    beginTable(table, {u"Column"_s, u"Type"_s, u"Read"_s, u"Kept as typed"_s, u"Empty"_s});
+    beginTable(table,
+               {u"Column"_s, u"Type"_s, u"Read"_s, u"Kept as typed"_s, u"Empty"_s, u"Read as"_s});
     const QList<ImportValues::Column> &columns = result.stored.values.columns;
     for (qsizetype column = 0; column < columns.size(); ++column) {
         const ImportValues::Column &counts = columns.at(column);
         addRow(table, {titleOf(result.schema.columns.at(column)), counts.typeName,
                        QString::number(counts.read), QString::number(counts.unread),
-                       QString::number(counts.empty)});
+                       QString::number(counts.empty), decisionsText(counts)});
     }
     table->resizeColumnsToContents();
 }

@@ -1,0 +1,37 @@
+#include "ColumnConventions.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+bool isClock(const QString &unit)
+{
+    return KTColumnReading::conventionsOf(KTColumnReading::Durations).contains(unit);
+}
+} // namespace
+
+QString ColumnConventions::conventionOf(KTColumnReading::Kind kind) const
+{
+    switch (kind) {
+    case KTColumnReading::Dates:
+        return order;
+    case KTColumnReading::Numbers:
+    case KTColumnReading::Amounts:
+        return point;
+    case KTColumnReading::Durations:
+        return isClock(unit) ? unit : QString();
+    }
+    return {};
+}
+
+QString ColumnConventions::currency() const
+{
+    return isClock(unit) ? QString() : unit;
+}
+
+std::optional<KTColumnReading> ColumnConventions::newColumnFor(const FieldReader &reader) const
+{
+    std::optional<KTColumnReading> column = reader.newColumn();
+    if (column)
+        column->setConvention(conventionOf(column->kind()));
+    return column;
+}
