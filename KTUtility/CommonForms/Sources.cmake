@@ -11,11 +11,20 @@ target_sources(KTUtility PRIVATE
     CommonForms/DateTokens.cpp
     CommonForms/DateWordRows.cpp
     CommonForms/DateWords.cpp
+    CommonForms/FieldDate.cpp
     CommonForms/FoldedText.cpp
+    CommonForms/ISODate.cpp
     CommonForms/KTColumnReading.cpp
     CommonForms/KTReadingFormatter.cpp
+    CommonForms/MailDate.cpp
     CommonForms/PhraseTable.cpp
     CommonForms/RelativeDateWords.cpp
     CommonForms/RelativeDates.cpp
+    CommonForms/ShownDate.cpp
+    CommonForms/ShownDatePattern.cpp
+    CommonForms/StandardDate.cpp
+    CommonForms/StandardDateReader.cpp
     CommonForms/TimeGrammar.cpp
+    CommonForms/TypedZone.cpp
+    CommonForms/ZoneNames.cpp
 )

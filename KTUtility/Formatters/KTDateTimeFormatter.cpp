@@ -5,12 +5,14 @@
 #include "DateReading_p.h"
 #include "Today_p.h"
 #include <KTUtility/CommonForms/CommonDates_p.h>
+#include <KTUtility/CommonForms/FieldDate_p.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Dates/DateFormatterAccess_p.h>
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
 #include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
 #include <KTUtility/Platform/Values/UTC_p.h>
 #include <KTUtility/Platform/Values/WallClock_p.h>
+#include <KTUtility/Platform/Zones/TimeZoneRules_p.h>
 
 #include <mutex>
 
@@ -41,6 +43,12 @@ DateOrder dateOrderOf(int inputOrder)
     default:
         return DateOrder::MonthDayYear;
     }
+}
+
+/// What a clock in a zone shows at an instant.
+QDateTime clockAt(qint64 instant, const QTimeZone &zone)
+{
+    return QDateTime::fromMSecsSinceEpoch(TimeZoneRules::rulesOf(zone).localTimeOf(instant), UTC);
 }
 } // namespace
 
@@ -434,14 +442,17 @@ bool KTDateTimeFormatter::readTyped(QVariant *value, QDateTime *clock, const QSt
                               : readByPatterns(value, clock, text, errorDescription);
 }
 
-/// Reads in one kind of forms after the other. Common ones come before the patterns, which take
-/// some of them in a way that nobody means.
+/// Reads in one kind of forms after the other.
 bool KTDateTimeFormatter::readForms(QVariant *value, QDateTime *clock, const QString &text,
                                     QString *errorDescription) const
 {
+    bool hasForeignOrder = false;
+    if (const auto isRead = readStandard(value, clock, text, errorDescription, &hasForeignOrder))
+        return *isRead;
     if (const auto isRead = readCommon(value, clock, text, errorDescription))
         return *isRead;
-    const bool isRead = readByPatterns(value, clock, text, errorDescription);
+    // What begins as ISO 8601 is in no locale's order.
+    const bool isRead = !hasForeignOrder && readByPatterns(value, clock, text, errorDescription);
     setReading(isRead ? KTReading{u"pattern"_s, {}, zoneOfField(), {}, {}} : KTReading());
     if (!isRead && value)
         *value = QVariant();
@@ -473,6 +484,31 @@ std::optional<bool> KTDateTimeFormatter::readCommon(QVariant *value, QDateTime *
         *clock = date.clock;
     if (!isRead && errorDescription)
         *errorDescription = QString::fromUtf16(date.reason);
+    return isRead;
+}
+
+/// Reads what the field shows, and the standards' forms; nothing if the text is none of these.
+std::optional<bool> KTDateTimeFormatter::readStandard(QVariant *value, QDateTime *clock,
+                                                      const QString &text,
+                                                      QString *errorDescription,
+                                                      bool *hasForeignOrder) const
+{
+    const NSDateFormatter &formatter = *displayFormatter();
+    const ShownDateContext context{formatter, _calendar, [this] { return today(); },
+                                   [this] { return defaultDate(); }};
+    const FieldDate date = readFieldDate(text, context, _locale);
+    *hasForeignOrder = date.beginsWithDate;
+    if (date.answer == StandardDate::Answer::OtherForm)
+        return std::nullopt;
+    const bool isRead = date.answer == StandardDate::Answer::Read;
+    setReading(date.reading);
+    if (value)
+        *value =
+            isRead ? QVariant(DateFormatterAccess::dateOf(formatter, date.instant)) : QVariant();
+    if (clock && isRead)
+        *clock = clockAt(date.instant, formatter.timeZone());
+    if (!isRead && errorDescription)
+        *errorDescription = date.reason;
     return isRead;
 }
 

@@ -29,6 +29,10 @@ struct DateFormatterSettings;
 /// try. A date without a year is one of this year, one without a time is at noon, a time without a
 /// date is today's.
 ///
+/// With readsCommonForms(), what the field itself shows comes first, exactly as it is shown, and
+/// then the forms of ISO 8601, RFC 3339 and RFC 5322 with their zones, in every locale; a text of
+/// which a pattern would leave something over is rejected. docs/common-forms.md has it all.
+///
 /// Not for times of day alone (KTTimeFormatter), and not for texts in one known format
 /// (NSDateFormatter). Patterns are Unicode's (UTS #35, part 4).
 ///
@@ -120,7 +124,8 @@ public:
     /// begins with four, two and two digits; dates, and dates with times; times. A bare hour ("5")
     /// is read as people talk, see lenientFormatter().
     /// \param value receives a QDateTime, nil if nothing reads the text.
-    /// \param errorDescription is set only if a bare hour cannot be read.
+    /// \param errorDescription is set only if a bare hour cannot be read; with readsCommonForms()
+    /// it says why a text is not read.
     bool getObjectValue(QVariant *value, const QString &forString,
                         QString *errorDescription = nullptr) const override;
 
@@ -228,6 +233,8 @@ private:
                    QString *errorDescription) const;
     std::optional<bool> readCommon(QVariant *value, QDateTime *clock, const QString &text,
                                    QString *errorDescription) const;
+    std::optional<bool> readStandard(QVariant *value, QDateTime *clock, const QString &text,
+                                     QString *errorDescription, bool *hasForeignOrder) const;
     bool readByPatterns(QVariant *value, QDateTime *clock, const QString &text,
                         QString *errorDescription) const;
     QString zoneOfField() const;

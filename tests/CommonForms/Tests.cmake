@@ -3,13 +3,22 @@ target_sources(KTUtilityTests PRIVATE
     CommonForms/CommonDatesTests.cpp
     CommonForms/DateCandidatesTests.cpp
     CommonForms/DateWordsTests.cpp
+    CommonForms/FieldDateTests.cpp
     CommonForms/FoldedTextTests.cpp
+    CommonForms/ISODateTests.cpp
     CommonForms/KTColumnReadingTests.cpp
     CommonForms/KTReadingFormatterTests.cpp
+    CommonForms/MailDateTests.cpp
     CommonForms/PhraseTableTests.cpp
+    CommonForms/ShownDatePatternTests.cpp
+    CommonForms/ShownDateTests.cpp
+    CommonForms/StandardDateTests.cpp
+    CommonForms/TextCursorTests.cpp
     CommonForms/TimeGrammarTests.cpp
     CommonForms/TypedRows.cpp
     CommonForms/TypedRowsTests.cpp
+    CommonForms/TypedZoneTests.cpp
+    CommonForms/ZoneNamesTests.cpp
     support/WallClockAt.cpp
 )
 # The time at which the rows are typed.

@@ -1,5 +1,7 @@
 #pragma once
 
+// Private to the library. For whatever takes patterns apart.
+
 #include <KTUtility/KTUtilityExport.h>
 
 #include <QString>
