@@ -1,4 +1,5 @@
 target_sources(KTUtilityTests PRIVATE
+    Formatters/CommonFormsRoundTripTests.cpp
     Formatters/CurrencyCandidatesTests.cpp
     Formatters/CurrencyNamesTests.cpp
     Formatters/DateFormatterListsTests.cpp
@@ -21,5 +22,6 @@ target_sources(KTUtilityTests PRIVATE
     Formatters/KTTimeFormatterTests.cpp
     Formatters/PhoneDigitsTests.cpp
     Formatters/PhonePatternsTests.cpp
+    Formatters/StandardFormsTests.cpp
     Formatters/TodayTests.cpp
 )
