@@ -47,8 +47,8 @@ FieldDate standardDate(StandardDate date, std::optional<qint64> instant,
 
 StandardDateContext contextOf(const ShownDateContext &shown, const TimeZoneRules &rules)
 {
-    const qint64 today = Civil::daysOfTime(rules.localTimeOf(shown.today.toMSecsSinceEpoch()));
-    return {rules, today, shown.timeOfDays};
+    const qint64 today = Civil::daysOfTime(rules.localTimeOf(shown.today().toMSecsSinceEpoch()));
+    return {rules, today, shown.timeOfDays(rules)};
 }
 } // namespace
 

@@ -23,10 +23,7 @@ class ShownDateReader
 {
 public:
     ShownDateReader(const QString &text, const ShownDateContext &context)
-        : _text(text)
-        , _context(context)
-        , _pattern(ShownDatePattern::patternOf(context.formatter))
-        , _rules(TimeZoneRules::rulesOf(context.formatter.timeZone()))
+        : _text(text), _context(context), _pattern(ShownDatePattern::patternOf(context.formatter))
     {
     }
 
@@ -38,6 +35,14 @@ public:
     }
 
 private:
+    /// Most texts do not get as far as to need them.
+    const TimeZoneRules &rules()
+    {
+        if (!_rules)
+            _rules = &TimeZoneRules::rulesOf(_context.formatter.timeZone());
+        return *_rules;
+    }
+
     bool isGregorian() const
     {
         return _context.calendar.calendarIdentifier() == NSGregorianCalendar;
@@ -68,7 +73,7 @@ private:
     bool isShownOnSomeDay(const ShownFields &fields)
     {
         const qint64 today =
-            Civil::daysOfTime(_rules.localTimeOf(_context.today.toMSecsSinceEpoch()));
+            Civil::daysOfTime(rules().localTimeOf(_context.today().toMSecsSinceEpoch()));
         return isShownOn(today, fields) || isShownOn(today - 1, fields) ||
                (_pattern->hasZone() && isShownAtSomeChange(fields));
     }
@@ -77,7 +82,7 @@ private:
     bool isShownAtSomeChange(const ShownFields &fields)
     {
         const QTimeZone zone = _context.formatter.timeZone();
-        QDateTime date = _context.today;
+        QDateTime date = _context.today();
         for (int count = 0; count < MostChangesBack; ++count) {
             const QTimeZone::OffsetData change = zone.previousTransition(date);
             if (!change.atUtc.isValid())
@@ -102,7 +107,8 @@ private:
 
     bool isShownInSomeYear(const ShownFields &fields)
     {
-        const int thisYear = _context.calendar.components(NSDateCalendarUnits, _context.today).year;
+        const int thisYear =
+            _context.calendar.components(NSDateCalendarUnits, _context.today()).year;
         ShownFields whole = fields;
         const int most = _pattern->hasZone() ? MostYearsBackWithZone : MostYearsBack;
         for (int years = 0; years <= most; ++years) {
@@ -118,7 +124,7 @@ private:
     {
         if (isGregorian())
             return isShownInEra(fields, NSUndefinedDateComponent);
-        const int current = _context.calendar.components(NSEraCalendarUnit, _context.today).era;
+        const int current = _context.calendar.components(NSEraCalendarUnit, _context.today()).era;
         const bool hasEmperors = _context.calendar.calendarIdentifier() == NSJapaneseCalendar;
         constexpr int ErasOfLately = 5;
         for (int eras = 0; eras < (hasEmperors ? ErasOfLately : 1); ++eras) {
@@ -134,7 +140,7 @@ private:
         return day && isShownOn(*day, fields);
     }
 
-    std::optional<qint64> dayOf(const ShownFields &fields, int era) const
+    std::optional<qint64> dayOf(const ShownFields &fields, int era)
     {
         const int month = fields.month.value_or(1);
         if (!isGregorian())
@@ -144,7 +150,7 @@ private:
                        : std::nullopt;
     }
 
-    std::optional<qint64> dayInCalendar(const ShownFields &fields, int era) const
+    std::optional<qint64> dayInCalendar(const ShownFields &fields, int era)
     {
         const QDateTime noon =
             _context.calendar.dateFromComponents({.era = era,
@@ -154,7 +160,7 @@ private:
                                                   .hour = HoursOfAHalf}); // noon
         if (!noon.isValid())
             return std::nullopt;
-        return Civil::daysOfTime(_rules.localTimeOf(noon.toMSecsSinceEpoch()));
+        return Civil::daysOfTime(rules().localTimeOf(noon.toMSecsSinceEpoch()));
     }
 
     // --- Instants
@@ -164,17 +170,17 @@ private:
         constexpr qint64 Minute = 60'000;
         const qint64 time =
             fields.hour ? (*fields.hour * 60LL + fields.minute) * Minute + fields.second * 1000LL
-                        : _context.timeOfDays;
+                        : _context.timeOfDays(rules());
         const qint64 localTime = day * Civil::MillisecondsPerDay + time;
-        const qint64 instant = _rules.instantOf(localTime);
+        const qint64 instant = rules().instantOf(localTime);
         return isShownAt(instant) || isShownAtEarlier(localTime, instant);
     }
 
     /// The same time by the clock before it was put back.
     bool isShownAtEarlier(qint64 localTime, qint64 later)
     {
-        const qint64 earlier = localTime - _rules.offsetAt(later - Civil::MillisecondsPerDay / 2);
-        return earlier != later && _rules.localTimeOf(earlier) == localTime && isShownAt(earlier);
+        const qint64 earlier = localTime - rules().offsetAt(later - Civil::MillisecondsPerDay / 2);
+        return earlier != later && rules().localTimeOf(earlier) == localTime && isShownAt(earlier);
     }
 
     bool isShownAt(qint64 instant)
@@ -187,7 +193,7 @@ private:
     const QString &_text;
     const ShownDateContext &_context;
     const std::shared_ptr<const ShownDatePattern> _pattern;
-    const TimeZoneRules &_rules;
+    const TimeZoneRules *_rules = nullptr;
     qint64 _instant = 0;
 };
 
@@ -202,6 +208,13 @@ std::optional<qint64> readByPattern(const QString &text, const ShownDateContext 
                                                                     : std::nullopt;
 }
 } // namespace
+
+qint64 ShownDateContext::timeOfDays(const TimeZoneRules &rules) const
+{
+    const QDateTime date = noDate();
+    const qint64 localTime = date.isValid() ? rules.localTimeOf(date.toMSecsSinceEpoch()) : 0;
+    return localTime - Civil::daysOfTime(localTime) * Civil::MillisecondsPerDay;
+}
 
 std::optional<qint64> KTPrivate::readShownDate(const QString &text, const ShownDateContext &context)
 {

@@ -108,7 +108,7 @@ public:
         case ElementKind::Literal:
             return takeLiteral(element.element->characters, index, at);
         case ElementKind::Number:
-            return takeNumber(element.element->letter, index, at);
+            return takeNumber(*element.element, index, at);
         case ElementKind::Name:
             return takeName(element, index, at);
         case ElementKind::Wildcard:
@@ -123,20 +123,30 @@ private:
         return _text.sliced(at).startsWith(characters) && from(index + 1, at + characters.size());
     }
 
-    bool takeNumber(char16_t letter, size_t index, qsizetype at)
+    bool takeNumber(const DateElement &element, size_t index, qsizetype at)
     {
         int number = 0;
+        int digits = 0;
         qsizetype end = at;
-        for (int digits = 0; end < _text.size() && digits < MostDigits; ++digits) {
-            const bool isPair = _text[end].isHighSurrogate() && end + 1 < _text.size();
-            const uint unit = isPair ? QChar::surrogateToUcs4(_text[end], _text[end + 1])
-                                     : uint(_text[end].unicode());
-            if (QChar::digitValue(unit) < 0)
+        for (; end < _text.size() && digits < MostDigits; ++digits) {
+            const int digit = digitAt(end);
+            if (digit < 0)
                 break;
-            number = number * 10 + QChar::digitValue(unit);
-            end += isPair ? 2 : 1;
+            number = number * 10 + digit;
+            end += _text[end].isHighSurrogate() ? 2 : 1;
         }
-        return end > at && setNumber(&_fields, letter, number) && from(index + 1, end);
+        return digits >= qMax(element.count, 1) && setNumber(&_fields, element.letter, number) &&
+               from(index + 1, end);
+    }
+
+    int digitAt(qsizetype at) const
+    {
+        const char16_t unit = _text[at].unicode();
+        if (unit < 0x80)
+            return unit >= u'0' && unit <= u'9' ? unit - u'0' : -1;
+        const bool isPair = QChar::isHighSurrogate(unit) && at + 1 < _text.size();
+        return QChar::digitValue(isPair ? QChar::surrogateToUcs4(unit, _text[at + 1].unicode())
+                                        : char32_t(unit));
     }
 
     bool takeName(const Element &element, size_t index, qsizetype at)

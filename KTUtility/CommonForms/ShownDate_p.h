@@ -9,16 +9,22 @@
 #include <QDateTime>
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 namespace KTPrivate {
+class TimeZoneRules;
+
 /// What a field that shows dates is asked for, and what it says itself of what it does not show.
 struct ShownDateContext
 {
-    const NSDateFormatter &formatter; ///< that shows
-    const NSCalendar &calendar;       ///< in which it shows
-    QDateTime today;                  ///< at noon
-    qint64 timeOfDays = 0;            ///< of a day without time, in milliseconds
+    const NSDateFormatter &formatter;  ///< that shows
+    const NSCalendar &calendar;        ///< in which it shows
+    std::function<QDateTime()> today;  ///< at noon
+    std::function<QDateTime()> noDate; ///< gives the time of a day without time; 0:00 if invalid
+
+    /// The time of a day without time, in milliseconds.
+    qint64 timeOfDays(const TimeZoneRules &rules) const;
 };
 
 /// Reads what a formatter has shown: the date whose text is exactly \a text.

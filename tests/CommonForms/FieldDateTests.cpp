@@ -22,7 +22,8 @@ FieldDate read(const QString &pattern, const QString &text)
     formatter.setDateFormat(pattern);
     const NSCalendar calendar = NSCalendar::calendarOfLocale(locale);
     const QDateTime noon(QDate(2008, 2, 20), QTime(12, 0), newYork());
-    return readFieldDate(text, {formatter, calendar, noon, 43'200'000}, locale);
+    return readFieldDate(text, {formatter, calendar, [&] { return noon; }, [&] { return noon; }},
+                         locale);
 }
 
 QString instantOf(const FieldDate &date)

@@ -31,7 +31,8 @@ QString read(const QString &pattern, const QString &text, const QDate &today,
     NSCalendar calendar = NSCalendar::calendarOfLocale(NSLocale(locale));
     calendar.setTimeZone(newYork());
     const QDateTime noon(today, QTime(12, 0), newYork());
-    const auto instant = readShownDate(text, {formatter, calendar, noon, 43'200'000});
+    const auto instant =
+        readShownDate(text, {formatter, calendar, [&] { return noon; }, [&] { return noon; }});
     if (!instant)
         return u"NO"_s;
     return QDateTime::fromMSecsSinceEpoch(*instant, UTC)
@@ -132,7 +133,8 @@ TEST(ShownDate, ReadsNothingThatIsNotShownSo)
         QString text;
         for (int count = *rc::gen::inRange(0, 14); count > 0; --count)
             text += testing_support::someOf(pieces);
-        const auto instant = readShownDate(text, {formatter, calendar, noon, 0});
+        const auto instant = readShownDate(
+            text, {formatter, calendar, [&] { return noon; }, [] { return QDateTime(); }});
         if (instant)
             RC_ASSERT(
                 (formatter.stringFromDate(QDateTime::fromMSecsSinceEpoch(*instant, UTC)) == text));
