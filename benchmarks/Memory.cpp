@@ -188,6 +188,47 @@ void printObjects()
                 connection);
 }
 
+// --- Bytes of one locale ------------------------------------------------------------------------
+
+/// What the first text with common forms makes in a locale, beyond what a field makes without them;
+/// all fields of the process share it.
+template<typename Formatter>
+double bytesOfLocale(const QString &locale, const QString &text)
+{
+    const auto bytesOfReading = [&](bool readsCommonForms) {
+        const size_t before = bytesInUse();
+        Formatter formatter;
+        formatter.setReadsCommonForms(readsCommonForms);
+        QVariant value;
+        formatter.getObjectValue(&value, text);
+        formatter.stringForObjectValue(value);
+        return double(bytesInUse()) - double(before);
+    };
+    NSLocale::setCurrentLocale(NSLocale(locale));
+    bytesOfReading(false);
+    const double bytes = bytesOfReading(true);
+    const double ofField = bytesOfReading(true);
+    NSLocale::resetCurrentLocale();
+    return bytes - ofField;
+}
+
+void printLocale(const QString &locale)
+{
+    const QString text = u"3 x"_s;
+    std::printf("%-46s %12.0f %12.0f %12.0f\n", qPrintable(locale),
+                bytesOfLocale<KTDateTimeFormatter>(locale, text),
+                bytesOfLocale<KTCurrencyFormatter>(locale, text),
+                bytesOfLocale<KTDurationFormatter>(locale, text));
+}
+
+void printLocales()
+{
+    std::printf("\n%-46s %12s %12s %12s\n", "common forms of one locale (bytes, shared)", "dates",
+                "money", "durations");
+    for (const QString &locale : {u"en_GB"_s, u"de_DE"_s, u"pl_PL"_s, u"ar_EG"_s, u"ja_JP"_s})
+        printLocale(locale);
+}
+
 // --- Growth -------------------------------------------------------------------------------------
 
 constexpr int ConversionCount = 1'000'000;
@@ -241,6 +282,9 @@ void printGrowthsOfFormatters()
     printGrowthOf("texts that are no date", KTDateTimeFormatter(), numberText);
     printGrowthOf("times, read and shown", KTTimeFormatter(), timeText);
     printGrowthOf("durations, read and shown", KTDurationFormatter(), timeText);
+    KTDateTimeFormatter typed;
+    typed.setReadsCommonForms(true);
+    printGrowthOf("dates with common forms, read and shown", typed, dateText);
     printGrowthOf("phone numbers, shown", KTPhoneNumberFormatter(), numberText);
 }
 
@@ -267,6 +311,7 @@ void printGrowths()
 void printMemory()
 {
     printObjects();
+    printLocales();
     printGrowths();
 }
 

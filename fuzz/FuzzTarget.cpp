@@ -8,7 +8,8 @@
 #include <cstring>
 
 namespace {
-constexpr std::array<FuzzTarget, 12> Targets = {{
+constexpr std::array<FuzzTarget, 13> Targets = {{
+    {"common", fuzzCommonForms},
     {"csv", fuzzCSV},
     {"currency", fuzzCurrency},
     {"datetime", fuzzDateTime},

@@ -8,6 +8,8 @@ void fuzzCurrency(FuzzInput &input);
 void fuzzDateTime(FuzzInput &input);
 void fuzzDuration(FuzzInput &input);
 void fuzzPhone(FuzzInput &input);
+/// Typed values with common forms, and what a column of them decides.
+void fuzzCommonForms(FuzzInput &input);
 /// Every transform of names.
 void fuzzNaming(FuzzInput &input);
 /// Object-format strings with too few and too many arguments of all kinds.

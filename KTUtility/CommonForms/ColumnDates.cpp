@@ -34,7 +34,7 @@ struct NumericDate
     int valueOf(size_t index) const { return parts[index].value; }
 };
 
-bool isSeparator(char16_t sign)
+bool isDateSeparator(char16_t sign)
 {
     return sign == u'/' || sign == u'.' || sign == u'-';
 }
@@ -68,14 +68,14 @@ NumericDate partsFrom(QStringView text, qsizetype begin)
     for (qsizetype at = begin; at >= 0 && date.count < date.parts.size();) {
         const Part part = partAt(text, at);
         date.parts[date.count++] = part;
-        at = isSeparator(separator) ? behindSeparator(text, part.end(), separator) : -1;
+        at = isDateSeparator(separator) ? behindSeparator(text, part.end(), separator) : -1;
     }
     return date;
 }
 
 bool hasEnd(QStringView text, qsizetype end)
 {
-    const bool goesOn = isSeparator(plainSignAt(text, end)) && isDigitAt(text, end + 1);
+    const bool goesOn = isDateSeparator(plainSignAt(text, end)) && isDigitAt(text, end + 1);
     return !isDigitAt(text, end) && !goesOn;
 }
 
@@ -84,12 +84,20 @@ bool isShort(const Part &part)
     return part.length <= 2;
 }
 
-/// Day, month and year with the year last or two digits of it somewhere.
+/// Whether the last of three parts can be what it has to be: a year has two digits or four. One digit
+/// is a day, if what is first can be a year only.
+bool isLast(const Part &part, const Part &first)
+{
+    constexpr int LongestMonth = 31;
+    return part.isLongYear() || part.length == 2 ||
+           (part.length == 1 && first.value > LongestMonth);
+}
+
+/// Day, month and year, with four digits of the year at the end or two somewhere.
 bool hasThreeParts(QStringView text, const NumericDate &date)
 {
     return date.count == 3 && isShort(date.parts[0]) && isShort(date.parts[1]) &&
-           (date.parts[2].isLongYear() || date.parts[2].length == 2) &&
-           hasEnd(text, date.parts[2].end());
+           isLast(date.parts[2], date.parts[0]) && hasEnd(text, date.parts[2].end());
 }
 
 /// Day and month, and nothing else: "13/2", "13.2.". Without the last full stop it may be a time.
@@ -106,7 +114,7 @@ bool hasTwoParts(QStringView text, const NumericDate &date)
 bool beginsNumber(QStringView text, qsizetype position)
 {
     const bool goesOn =
-        isSeparator(plainSignAt(text, position - 1)) && isDigitAt(text, position - 2);
+        isDateSeparator(plainSignAt(text, position - 1)) && isDigitAt(text, position - 2);
     return isDigitAt(text, position) && !isDigitAt(text, position - 1) && !goesOn;
 }
 
@@ -143,11 +151,12 @@ std::array<size_t, 3> placesIn(const NumericDate &date, size_t order)
 bool isPossible(const NumericDate &date, size_t order)
 {
     const auto places = placesIn(date, order);
-    return isDay(date.valueOf(places[0]), date.valueOf(places[1]));
+    const bool hasYear = date.count < 3 || date.parts[places[2]].length > 1;
+    return hasYear && isDay(date.valueOf(places[0]), date.valueOf(places[1]));
 }
 
 /// Which of day, month and year a unit is.
-size_t kindOf(QChar unit)
+size_t placeOf(QChar unit)
 {
     return unit == u'd' ? 0 : unit == u'M' ? 1 : 2;
 }
@@ -200,7 +209,7 @@ QString ColumnDates::reordered(const QString &text, size_t order, const QString 
     qsizetype behind = date->parts[0].begin;
     size_t count = 0;
     for (const QChar unit : units) {
-        const size_t place = places[kindOf(unit)];
+        const size_t place = places[placeOf(unit)];
         if (place >= date->count)
             continue;
         const Part &former = date->parts[count++];

@@ -14,7 +14,7 @@ using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr qsizetype GroupSize = 3;
+constexpr qsizetype DigitsOfGroup = 3;
 constexpr char16_t Points[] = {u'.', u','};
 
 /// The digits of a number between its separators.
@@ -49,7 +49,7 @@ bool goesOn(QStringView text, qsizetype separator)
 {
     const char16_t sign = plainSignAt(text, separator);
     if (sign == u' ')
-        return digitsFrom(text, separator + 1) == GroupSize;
+        return digitsFrom(text, separator + 1) == DigitsOfGroup;
     return (sign == u'.' || sign == u',' || sign == u'\'') && isDigitAt(text, separator + 1);
 }
 
@@ -112,9 +112,10 @@ bool areGrouped(QStringView text, std::span<const Group> groups)
             return group.length == length && group.separator == others.front().separator;
         });
     };
-    const bool isStart = first.length <= GroupSize && text[first.begin].digitValue() != 0;
-    return isStart && areAll(others.last(1), GroupSize) &&
-           (areAll(others, GroupSize) || areAll(others.first(others.size() - 1), GroupSize - 1));
+    const bool isStart = first.length <= DigitsOfGroup && text[first.begin].digitValue() != 0;
+    return isStart && areAll(others.last(1), DigitsOfGroup) &&
+           (areAll(others, DigitsOfGroup) ||
+            areAll(others.first(others.size() - 1), DigitsOfGroup - 1));
 }
 
 /// Whether a number can have a sign before its fraction, if that is the last of its separators.

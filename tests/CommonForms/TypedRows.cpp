@@ -1,6 +1,5 @@
 #include "TypedRows.h"
 
-#include "support/InZone.h"
 #include "support/TestSupport.h"
 #include "support/WallClockAt.h"
 
@@ -8,6 +7,7 @@
 #include <KTUtility/KTDurationFormatter>
 #include <KTUtility/KTPhoneNumberFormatter>
 #include <KTUtility/KTTimeFormatter>
+#include <KTUtility/NSCalendar>
 #include <KTUtility/NSDecimalNumber>
 
 #include <QJsonArray>
@@ -175,7 +175,6 @@ QList<TypedRow> TypedRows::ofType(const QString &type)
 
 TypedResult TypedRows::resultOf(const TypedRow &row, bool readsCommonForms)
 {
-    const testing_support::InZone zone("UTC");
     const testing_support::WallClockAt now(row.reference);
     const TypingLocale locale(row.locale);
     const Field field = fieldOf(row);

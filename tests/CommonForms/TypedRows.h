@@ -37,7 +37,8 @@ namespace TypedRows {
 const QStringList &types();
 /// All rows of a type.
 QList<TypedRow> ofType(const QString &type);
-/// What a new formatter makes of a text at its time, in the zone UTC and the locale of the row.
+/// What a new formatter makes of a text at its time, in the locale of the row and the machine's zone,
+/// which is to be UTC; see testing_support::InZone.
 TypedResult resultOf(const TypedRow &row, bool readsCommonForms);
 /// A row with what was made of it, as a line of plain.jsonl.
 QString written(const TypedRow &row, const TypedResult &result);

@@ -1,5 +1,6 @@
 #include "TypedRows.h"
 
+#include "support/InZone.h"
 #include "support/TestSupport.h"
 
 #include <QMap>
@@ -127,6 +128,7 @@ int main(int argc, char **argv)
 {
     testing::InitGoogleTest(&argc, argv);
     testing_support::pinEnvironment("offscreen");
+    const testing_support::InZone zone("UTC");
     QStringList arguments;
     for (int index = 1; index < argc; ++index)
         arguments += QString::fromLocal8Bit(argv[index]);

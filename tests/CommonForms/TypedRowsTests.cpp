@@ -1,5 +1,6 @@
 #include "TypedRows.h"
 
+#include "support/InZone.h"
 #include "support/TestSupport.h"
 #include "support/WallClockAt.h"
 
@@ -20,9 +21,15 @@ TypedResult::Outcome outcomeOf(const TypedRow &typed)
 {
     return TypedRows::resultOf(typed, false).outcome;
 }
+
+/// Rows are typed in UTC.
+class TypedRowsTests : public testing::Test
+{
+    const InZone _zone{"UTC"};
+};
 } // namespace
 
-TEST(TypedRows, AreRightWrongOrRejected)
+TEST_F(TypedRowsTests, AreRightWrongOrRejected)
 {
     EXPECT_EQ(outcomeOf(row(u"number"_s, u"en_US"_s, u"1,234.50"_s, u"1234.5"_s)),
               TypedResult::Read);
@@ -36,7 +43,7 @@ TEST(TypedRows, AreRightWrongOrRejected)
         TypedResult::Read);
 }
 
-TEST(TypedRows, AreTypedAtTheirTime)
+TEST_F(TypedRowsTests, AreTypedAtTheirTime)
 {
     TypedRow typed = row(u"date"_s, u"en_US"_s, u"March 5"_s, u"2013-03-05"_s);
     EXPECT_EQ(outcomeOf(typed), TypedResult::Read);
@@ -44,7 +51,7 @@ TEST(TypedRows, AreTypedAtTheirTime)
     EXPECT_EQ(outcomeOf(typed), TypedResult::Wrong);
 }
 
-TEST(TypedRows, AreTypedInTheirLocale)
+TEST_F(TypedRowsTests, AreTypedInTheirLocale)
 {
     EXPECT_EQ(outcomeOf(row(u"date"_s, u"de_DE"_s, u"5.3.2008"_s, u"2008-03-05"_s)),
               TypedResult::Read);
@@ -52,14 +59,14 @@ TEST(TypedRows, AreTypedInTheirLocale)
               TypedResult::Read);
 }
 
-TEST(TypedRows, PhoneNumbersAreStoredAsTyped)
+TEST_F(TypedRowsTests, PhoneNumbersAreStoredAsTyped)
 {
     TypedRow typed = row(u"phone"_s, u"de_AT"_s, u"01 234567890"_s, u"+431234567890"_s);
     typed.shown = QStringList{u"01 234567890"_s, u"+43 1 234567890"_s};
     EXPECT_EQ(outcomeOf(typed), TypedResult::Read);
 }
 
-TEST(TypedRows, HaveAllTypesInFiftyLocales)
+TEST_F(TypedRowsTests, HaveAllTypesInFiftyLocales)
 {
     QStringList locales;
     qsizetype count = 0;
@@ -76,7 +83,7 @@ TEST(TypedRows, HaveAllTypesInFiftyLocales)
     EXPECT_EQ(locales.size(), 50);
 }
 
-TEST(TypedRows, WithoutCommonFormsNothingHasChanged)
+TEST_F(TypedRowsTests, WithoutCommonFormsNothingHasChanged)
 {
     const QList<QJsonObject> known = rowsOf(u"typed/plain.jsonl"_s);
     qsizetype index = 0;
@@ -92,7 +99,7 @@ TEST(TypedRows, WithoutCommonFormsNothingHasChanged)
     EXPECT_EQ(index, known.size());
 }
 
-TEST(TypedRows, TheClockStandsMeanwhile)
+TEST_F(TypedRowsTests, TheClockStandsMeanwhile)
 {
     const QDateTime moment({1999, 12, 31}, {23, 59, 59, 250}, Qt::UTC);
     {

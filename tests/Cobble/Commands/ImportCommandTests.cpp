@@ -75,11 +75,125 @@ TEST(ImportCommand, ShowsTypesAndWhatIsNotRead)
                                "kt_paid      currency (EUR)  20    2         0\n"
                                "kt_when      date            20    1         1\n"
                                "\n"
+                               "Column name  Read as           Since                   "
+                               "Contradicting\n"
+                               "kt_paid      1.234,5           20 of 20 values decide\n"
+                               "kt_when      day, month, year  8 of 20 values decide\n"
+                               "\n"
                                "Row  Column name  Text       Not read, since\n"
                                "21   kt_paid      a          it is no amount in this currency\n"
                                "22   kt_paid      cow        it is no amount in this currency\n"
                                "22   kt_when      30.2.2008  it is no date or time\n"_s))
         << qPrintable(result.output);
+}
+
+namespace {
+/// The lines of a report between a title and the next empty line.
+QStringList tableIn(const QString &report, const QString &title)
+{
+    const qsizetype begin = report.indexOf(title);
+    return begin < 0
+               ? QStringList()
+               : report.mid(begin).section(u"\n\n"_s, 0, 0).split(u'\n', Qt::SkipEmptyParts).mid(1);
+}
+
+CommandResult importTyped(const QByteArray &contents, const QStringList &options = {})
+{
+    return import(newFile(u"typed.csv"_s, contents),
+                  QStringList{u"--locale"_s, u"en_US"_s} + options);
+}
+
+const QString Decisions = u"Column name  Read as"_s;
+const QString UnreadTitle = u"Row  Column name  Text"_s;
+} // namespace
+
+TEST(ImportCommand, OneDateDecidesHowTheOthersAreRead)
+{
+    QByteArray contents = "When\n";
+    for (int day = 1; day <= 12; ++day)
+        contents += QByteArray::number(day) + "/2/2016\n";
+    const CommandResult open = importTyped(contents);
+    EXPECT_EQ(tableIn(open.output, Decisions),
+              QStringList{u"kt_when      month, day, year  no value decides; the locale's own"_s});
+    const CommandResult decided = importTyped(contents + "13/2/2016\n");
+    EXPECT_EQ(tableIn(decided.output, Decisions),
+              QStringList{u"kt_when      day, month, year  1 of 13 values decide"_s});
+    EXPECT_FALSE(decided.output.contains(UnreadTitle));
+}
+
+TEST(ImportCommand, TellsWhatContradicts)
+{
+    QByteArray contents = "When\n";
+    for (int day = 13; day <= 28; ++day)
+        contents += QByteArray::number(day) + "/2/2016\n";
+    const CommandResult result = importTyped(contents + "2/14/2016\n1/2/2016\n");
+    EXPECT_EQ(tableIn(result.output, Decisions),
+              QStringList{u"kt_when      day, month, year  16 of 18 values decide  row 17"_s});
+    EXPECT_EQ(
+        tableIn(result.output, UnreadTitle),
+        QStringList{
+            u"17   kt_when      2/14/2016  it contradicts how the other values of its column are read"_s});
+}
+
+TEST(ImportCommand, TwoHandsDecideNothing)
+{
+    QByteArray contents = "Price\n";
+    for (int row = 0; row < 7; ++row)
+        contents += "\"1,5\"\n1.5\n\"1,234\"\n1.234\n";
+    const CommandResult result = importTyped(contents, {u"--decimal"_s, u"Price=point"_s});
+    EXPECT_EQ(tableIn(result.output, Decisions),
+              QStringList{u"kt_price     1,234.5  you say so  rows 1, 5, 9, 13, 17 and 2 more"_s});
+    const QByteArray open = QByteArray("3/4/2016\n").repeated(20);
+    const CommandResult mixed = importTyped("When\n" + open + "13/2/2016\n2/14/2016\n");
+    EXPECT_EQ(tableIn(mixed.output, Decisions),
+              QStringList{u"kt_when      month, day, year  "
+                          "the values contradict each other; the locale's own  row 21"_s});
+}
+
+TEST(ImportCommand, DoesAsItIsTold)
+{
+    const QByteArray contents = "When,Price,Cost\n3/2/2016,1.234,$5\n4/2/2016,5.678,$6\n";
+    EXPECT_EQ(
+        tableIn(importTyped(contents).output, Decisions),
+        (QStringList{u"kt_when      month, day, year  no value decides; the locale's own"_s,
+                     u"kt_price     1,234.5           no value decides; the locale's own"_s}));
+    const CommandResult told =
+        importTyped(contents, {u"--order"_s, u"When=dmy"_s, u"--decimal"_s, u"Price=comma"_s,
+                               u"--unit"_s, u"Cost=USD"_s});
+    EXPECT_EQ(tableIn(told.output, Decisions),
+              (QStringList{u"kt_when      day, month, year  you say so"_s,
+                           u"kt_price     1.234,5           you say so"_s,
+                           u"kt_cost      USD               you say so"_s}));
+}
+
+TEST(ImportCommand, StoresWhatWasDecided)
+{
+    const QByteArray contents = "When,Price\n3/2/2016,1.234\n13/2/2016,\"0,5\"\n";
+    const CommandResult stored =
+        runInProcess({u"import"_s, newFile(u"dates.csv"_s, contents), u"--locale"_s, u"en_US"_s});
+    ASSERT_EQ(stored.exitCode, 0) << qPrintable(stored.errors);
+    const CommandResult shown = runInProcess({u"show"_s, u"dates"_s, u"--locale"_s, u"en_US"_s});
+    EXPECT_TRUE(shown.output.contains(u"2/3/2016"_s)) << qPrintable(shown.output);
+    EXPECT_TRUE(shown.output.contains(u"1,234"_s)) << qPrintable(shown.output);
+}
+
+TEST(ImportCommand, RejectsConventionsThatThereAreNot)
+{
+    const QString path = newFile(u"a.csv"_s, "When\n3/2/2016\n");
+    for (const QStringList &options :
+         {QStringList{u"--order"_s, u"When=dym"_s}, QStringList{u"--order"_s, u"dmy"_s},
+          QStringList{u"--decimal"_s, u"When=;"_s}, QStringList{u"--unit"_s, u"When=XXX"_s},
+          QStringList{u"--unit"_s, u"When="_s}}) {
+        const CommandResult result = import(path, options);
+        EXPECT_EQ(result.exitCode, 2);
+        EXPECT_TRUE(
+            result.errors.startsWith(u"cobble: bad %1 '%2'\n"_s.arg(options[0], options[1])))
+            << qPrintable(result.errors.left(80));
+    }
+    const CommandResult unknown = import(path, {u"--order"_s, u"a=b=dmy"_s});
+    EXPECT_EQ(unknown.exitCode, 1);
+    EXPECT_TRUE(unknown.errors.contains(u"there is no column 'a=b'"_s))
+        << qPrintable(unknown.errors);
 }
 
 TEST(ImportCommand, RejectsUnknownLocales)

@@ -110,7 +110,7 @@ TEST(ParseCommand, SaysWhatIsWrongWithItself)
         {u"parse number 5 --option objectName=x", u"bad option 'objectName=x'"},
         {u"parse number 5 --option decimalPlaces=many", u"bad value 'many' for decimalPlaces"},
         {u"parse number 5 --option highlightNegative=maybe", u"bad value 'maybe'"},
-        {u"parse phone 5 --option x=1", u"bad option 'x=1'; there are none"},
+        {u"parse phone 5 --option x=1", u"bad option 'x=1'; there are readsCommonForms"},
         {u"parse date 3/4/08 --option dateStyle=0", u"dateStyle and timeStyle cannot both be 0"},
         {u"parse time 5:30 --option timeStyle=0", u"dateStyle and timeStyle cannot both be 0"},
         {u"format date 2008-03-05 --option dateStyle=0", u"dateStyle and timeStyle cannot"}};
@@ -122,6 +122,20 @@ TEST(ParseCommand, SaysWhatIsWrongWithItself)
         EXPECT_TRUE(result.errors.contains(u"Usage:"));
     }
     EXPECT_EQ(runLine(u"parse --help").exitCode, 0);
+}
+
+TEST(ParseCommand, TellsWhyWhenAsked)
+{
+    // What a formatter tells of its reading depends on the form; what is not read has a reason.
+    const CommandResult result = runLine(u"parse duration 1h·30m cow --why");
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.output.contains(u"  value:    5400\n"_s)) << qPrintable(result.output);
+    EXPECT_TRUE(result.output.contains(u"  why:       Could not convert to a time\n"_s))
+        << qPrintable(result.output);
+    EXPECT_FALSE(runLine(u"parse duration cow").output.contains(u"why:"_s));
+    // Behind "--" and for the other command, it is a value.
+    EXPECT_TRUE(runLine(u"parse number -- --why").output.startsWith(u"--why\n"_s));
+    EXPECT_TRUE(runLine(u"format number 5 --why").errors.contains(u"'--why' is no value"_s));
 }
 
 TEST(ParseCommand, SurvivesAnyText)

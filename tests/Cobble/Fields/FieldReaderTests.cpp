@@ -5,6 +5,7 @@
 
 #include "support/TestSupport.h"
 
+#include <KTUtility/KTReadingFormatter>
 #include <KTUtility/NSObject>
 
 using namespace Qt::StringLiterals;
@@ -126,4 +127,34 @@ TEST(FieldReader, TakesNumbersBetweenMarksOfDirection)
     EXPECT_EQ(readBy(FieldType::Currency, u"\u2066($1,234)\u2069"_s), u"-1234"_s);
     EXPECT_EQ(readBy(FieldType::Number, u"12\u200Fx"_s), u"there is more than a number"_s);
     EXPECT_EQ(readBy(FieldType::Number, u"\u202A\u202C"_s), u"it is no number"_s);
+}
+
+TEST(FieldReader, ImportedValuesAreReadAsTheirColumnSays)
+{
+    FieldReader reader(FieldType::Number);
+    std::optional<KTColumnReading> column = reader.newColumn();
+    ASSERT_TRUE(column);
+    column->add(u"1,5"_s);
+    reader.setColumn(*column);
+    EXPECT_TRUE(NSObject::isEqual(*reader.read(u"1.234"_s, true), 1234));
+    EXPECT_EQ(reader.read(u"1.5"_s, true).reason(),
+              u"it contradicts how the other values of its column are read"_s);
+    // What is typed into a field is not.
+    EXPECT_TRUE(NSObject::isEqual(*reader.read(u"1.5"_s), 1.5));
+    EXPECT_TRUE(FieldReader(FieldType::Date).newColumn());
+    EXPECT_FALSE(FieldReader(FieldType::Text).newColumn());
+}
+
+TEST(FieldReader, ReadsCommonFormsUnlessToldNotTo)
+{
+    for (const QString &name : FieldTypes::names()) {
+        const FieldReader reader(*FieldTypes::typeNamed(name));
+        const auto *const formatter = qobject_cast<KTReadingFormatter *>(reader.formatter());
+        ASSERT_NE(formatter, nullptr) << name.toStdString();
+        EXPECT_TRUE(formatter->readsCommonForms()) << name.toStdString();
+        reader.setReadsCommonForms(false);
+        EXPECT_FALSE(formatter->readsCommonForms()) << name.toStdString();
+    }
+    FieldReader(FieldType::Text).setReadsCommonForms(false);
+    EXPECT_FALSE(FieldReader(FieldType::Text).reading().isRead());
 }

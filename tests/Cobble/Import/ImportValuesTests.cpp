@@ -1,5 +1,6 @@
 #include "Import/ImportValues.h"
 #include "Import/SeparatedText.h"
+#include "Import/TypeInference.h"
 
 #include "support/TestSupport.h"
 
@@ -53,4 +54,25 @@ TEST(ImportValues, ReadsBehindASeparatorLine)
     const ImportValues values = valuesOf(u"sep=;\nN;M\n1;2\n3;4\n"_s);
     EXPECT_EQ(values.columns[1].typeName, u"number");
     EXPECT_EQ(values.columns[1].read, 2);
+}
+
+TEST(ImportValues, AllRowsDecideNotOnlyTheFirst)
+{
+    QString text = u"When\n"_s;
+    for (qsizetype row = 0; row <= TypeInference::SampleSize; ++row)
+        text += u"3/2/2016\n"_s;
+    const ImportValues open = valuesOf(text);
+    EXPECT_EQ(open.columns[0].typeName, u"date"_s);
+    EXPECT_EQ(open.columns[0].decision.readAs, u"month, day, year"_s);
+    const ImportValues decided = valuesOf(text + u"13/2/2016\n"_s);
+    EXPECT_EQ(decided.columns[0].decision.readAs, u"day, month, year"_s);
+    EXPECT_EQ(decided.columns[0].read, TypeInference::SampleSize + 2);
+}
+
+TEST(ImportValues, SaysWhichCurrencyTheValuesName)
+{
+    EXPECT_FALSE(valuesOf(u"Cost\n$5\n$6\n"_s).columns[0].currency.isNeeded());
+    const ImportValues values = valuesOf(u"Cost\n€5\n€6\n"_s);
+    EXPECT_EQ(values.columns[0].currency.readAs, u"EUR"_s);
+    EXPECT_EQ(values.columns[0].currency.since, u"the values name it"_s);
 }

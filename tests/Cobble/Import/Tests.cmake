@@ -1,4 +1,6 @@
 target_sources(CobbleTests PRIVATE
+    Cobble/Import/ColumnConventionsTests.cpp
+    Cobble/Import/ColumnDecisionTests.cpp
     Cobble/Import/ImportFileTests.cpp
     Cobble/Import/ImportSchemaTests.cpp
     Cobble/Import/ImportTransactionTests.cpp

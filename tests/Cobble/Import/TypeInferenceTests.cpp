@@ -126,12 +126,46 @@ TEST(TypeInference, LooksAtSoManyValuesOnly)
     EXPECT_EQ(inference.reader()->type(), FieldType::Number);
 }
 
+TEST(TypeInference, ValuesDecideTogetherHowTheyAreTyped)
+{
+    EXPECT_EQ(typeOf(u"1,50|2,25"), u"number");
+    EXPECT_EQ(typeOf(u"1.234|1,5"), u"number");
+    EXPECT_EQ(typeOf(u"$1,50|$2,25"), u"currency USD");
+    EXPECT_EQ(typeOf(u"€1,50|€2,25"), u"currency EUR");
+    EXPECT_EQ(typeOf(u"13/2/2016|3/2/2016|25/12/2016"), u"date");
+    EXPECT_EQ(typeOf(u"13/2/2016 14:30|3/2/2016 8:00"), u"date+time");
+    const LocaleScope german(u"de_DE"_s);
+    EXPECT_EQ(typeOf(u"1,234.50|2.25"), u"number");
+    EXPECT_EQ(typeOf(u"2/13/2016|3/2/2016"), u"date");
+}
+
+TEST(TypeInference, WhatIsPlainGoesBeforeCommonForms)
+{
+    EXPECT_EQ(typeOf(u"3/4|3/5|12/31"), u"date");
+    EXPECT_EQ(typeOf(u"1:30|12:45|23:59"), u"time");
+}
+
+TEST(TypeInference, WhoTellsTheConventionNeedsHalfOfTheValues)
+{
+    const auto typeWith = [](const ColumnConventions &told, const QStringList &values) {
+        TypeInference inference({}, told);
+        for (const QString &value : values)
+            inference.add(value);
+        return FieldTypes::nameOf(inference.reader()->type());
+    };
+    const QStringList mixed{u"3/2/2016"_s, u"13/2/2016"_s, u"2/14/2016"_s, u"1/2/2016"_s};
+    EXPECT_EQ(typeWith({.order = u"dmy"_s, .point = {}, .unit = {}}, mixed), u"date"_s);
+    EXPECT_EQ(typeWith({.order = u"mdy"_s, .point = {}, .unit = {}}, mixed), u"date"_s);
+    EXPECT_EQ(typeWith({.order = {}, .point = {}, .unit = u"EUR"_s}, {u"5"_s, u"6"_s}),
+              u"currency"_s);
+}
+
 TEST(TypeInference, NumbersHaveEvenGroups)
 {
     EXPECT_EQ(typeOf({u"1,500"_s, u"2,250.5"_s}), u"number"_s);
-    EXPECT_EQ(typeOf({u"1,50"_s, u"2,25"_s}), u"text"_s);
-    EXPECT_EQ(typeOf({u"$1,50"_s, u"$2,25"_s}), u"text"_s);
-    EXPECT_EQ(typeOf({u"€1,50"_s, u"€2,25"_s}), u"text"_s);
+    EXPECT_EQ(typeOf({u"1,50"_s, u"2.25"_s}), u"text"_s);
+    EXPECT_EQ(typeOf({u"$1,50"_s, u"$2.25"_s}), u"text"_s);
+    EXPECT_EQ(typeOf({u"1,2,3"_s, u"1.2.3"_s}), u"text"_s);
     const LocaleScope japan(u"ja_JP"_s);
     EXPECT_EQ(typeOf({u"¥500"_s, u"¥1,200"_s, u"¥80"_s}), u"currency"_s);
 }

@@ -46,6 +46,17 @@ TEST_F(ImportSheetTests, TwoDialogsFollowAnImport)
     EXPECT_FALSE(window->continueRunningQueue());
 }
 
+TEST_F(ImportSheetTests, TheSummarySaysWhatColumnsDecide)
+{
+    MainWindowController *const window = openThings();
+    tree.add(u"Dates.csv"_s, "When,What\n3/2/2016,Cat\n13/2/2016,Dog\n");
+    importThrough(window, path(u"Dates.csv"_s));
+    const auto *const columns =
+        window->importSummary()->window()->findChild<QTableWidget *>(u"columnsTable"_s);
+    EXPECT_EQ(columns->item(0, 5)->text(), u"day, month, year (1 of 2 values decide)"_s);
+    EXPECT_EQ(columns->item(1, 5)->text(), QString());
+}
+
 TEST_F(ImportSheetTests, TheQuestionMayBeDenied)
 {
     MainWindowController *const window = openThings();

@@ -9,7 +9,7 @@ namespace {
 constexpr qsizetype MostRows = 5;
 
 /// How people call a convention.
-QString nameOf(const QString &convention)
+QString conventionName(const QString &convention)
 {
     static const QHash<QString, QString> names{
         {u"dmy"_s, u"day, month, year"_s},
@@ -66,7 +66,7 @@ ColumnDecision ColumnDecision::of(const KTColumnReading &column)
                         column.decidingCount(column.convention()) > 0;
     if (!isOpen)
         return {};
-    return {nameOf(column.convention()), sinceText(column), rowsText(column)};
+    return {conventionName(column.convention()), sinceText(column), rowsText(column)};
 }
 
 ColumnDecision ColumnDecision::ofCurrency(const QString &code, const QString &since)

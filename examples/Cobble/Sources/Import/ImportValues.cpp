@@ -43,11 +43,11 @@ Readers readersFor(const RowSource &rows, const ImportValues::Settings &settings
     return readers;
 }
 
-using Columns = std::vector<std::optional<KTColumnReading>>;
+using ColumnReadings = std::vector<std::optional<KTColumnReading>>;
 
-Columns newColumnsFor(const Readers &readers, const ImportValues::Settings &settings)
+ColumnReadings newColumnsFor(const Readers &readers, const ImportValues::Settings &settings)
 {
-    Columns columns;
+    ColumnReadings columns;
     for (const auto &reader : readers) {
         const auto told = settings.conventions.value(qsizetype(columns.size()));
         columns.push_back(told.newColumnFor(*reader));
@@ -58,7 +58,7 @@ Columns newColumnsFor(const Readers &readers, const ImportValues::Settings &sett
 /// Has each column read by what all of its values decide together.
 void decideColumns(const RowSource &rows, const ImportValues::Settings &settings, Readers *readers)
 {
-    Columns columns = newColumnsFor(*readers, settings);
+    ColumnReadings columns = newColumnsFor(*readers, settings);
     if (std::none_of(columns.begin(), columns.end(), [](const auto &column) { return column; }))
         return;
     rows.whileRows([&](qint64, const QStringList &fields) {
