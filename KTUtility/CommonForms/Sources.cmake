@@ -3,6 +3,7 @@ target_sources(KTUtility PRIVATE
     CommonForms/ColumnDates.cpp
     CommonForms/ColumnNumbers.cpp
     CommonForms/CommonDates.cpp
+    CommonForms/Count.cpp
     CommonForms/DateCandidates.cpp
     CommonForms/DateGrammar.cpp
     CommonForms/DateNameWords.cpp
@@ -11,12 +12,21 @@ target_sources(KTUtility PRIVATE
     CommonForms/DateTokens.cpp
     CommonForms/DateWordRows.cpp
     CommonForms/DateWords.cpp
+    CommonForms/DurationGrammar.cpp
+    CommonForms/DurationSum.cpp
+    CommonForms/DurationWords.cpp
     CommonForms/FieldDate.cpp
     CommonForms/FoldedText.cpp
     CommonForms/ISODate.cpp
+    CommonForms/ISODuration.cpp
     CommonForms/KTColumnReading.cpp
     CommonForms/KTReadingFormatter.cpp
     CommonForms/MailDate.cpp
+    CommonForms/MoneyGrammar.cpp
+    CommonForms/MoneyWords.cpp
+    CommonForms/NumberGrammar.cpp
+    CommonForms/NumberSigns.cpp
+    CommonForms/Numeral.cpp
     CommonForms/PhraseTable.cpp
     CommonForms/RelativeDateWords.cpp
     CommonForms/RelativeDates.cpp
@@ -24,6 +34,7 @@ target_sources(KTUtility PRIVATE
     CommonForms/ShownDatePattern.cpp
     CommonForms/StandardDate.cpp
     CommonForms/StandardDateReader.cpp
+    CommonForms/Stems.cpp
     CommonForms/TimeGrammar.cpp
     CommonForms/TypedZone.cpp
     CommonForms/ZoneNames.cpp

@@ -1,18 +1,30 @@
 target_sources(KTUtilityTests PRIVATE
     CommonForms/CommonDatesHostileTests.cpp
     CommonForms/CommonDatesTests.cpp
+    CommonForms/CountTests.cpp
     CommonForms/DateCandidatesTests.cpp
     CommonForms/DateWordsTests.cpp
+    CommonForms/DurationGrammarTests.cpp
+    CommonForms/DurationSumTests.cpp
+    CommonForms/DurationWordsTests.cpp
     CommonForms/FieldDateTests.cpp
     CommonForms/FoldedTextTests.cpp
     CommonForms/ISODateTests.cpp
+    CommonForms/ISODurationTests.cpp
     CommonForms/KTColumnReadingTests.cpp
     CommonForms/KTReadingFormatterTests.cpp
     CommonForms/MailDateTests.cpp
+    CommonForms/MoneyGrammarTests.cpp
+    CommonForms/MoneyWordsTests.cpp
+    CommonForms/NumberGrammarTests.cpp
+    CommonForms/NumberSignsTests.cpp
+    CommonForms/NumeralTests.cpp
     CommonForms/PhraseTableTests.cpp
+    CommonForms/SharedTablesTests.cpp
     CommonForms/ShownDatePatternTests.cpp
     CommonForms/ShownDateTests.cpp
     CommonForms/StandardDateTests.cpp
+    CommonForms/StemsTests.cpp
     CommonForms/TextCursorTests.cpp
     CommonForms/TimeGrammarTests.cpp
     CommonForms/TypedRows.cpp

@@ -1,0 +1,57 @@
+#include "DurationSum_p.h"
+
+using namespace KTPrivate;
+using namespace Qt::StringLiterals;
+
+void DurationSum::takeSign(qsizetype *position)
+{
+    const QStringView folded = _text.text();
+    if (*position >= folded.size() || (folded[*position] != u'-' && folded[*position] != u'+'))
+        return;
+    _isNegative = folded[*position] == u'-';
+    _parts.append(partOf(_text, *position, *position + 1,
+                         _isNegative ? u"minusSign"_s : u"plusSign"_s,
+                         _isNegative ? u"-"_s : u"+"_s));
+    ++*position;
+    if (*position < folded.size() && folded[*position] == u' ')
+        ++*position;
+}
+
+bool DurationSum::add(qsizetype begin, qsizetype end, const NSDecimalNumber &count,
+                      DurationUnit unit)
+{
+    if (_last && unit <= *_last)
+        return false;
+    _last = unit;
+    add(count, unit);
+    _parts.append(partOf(_text, begin, end, nameOf(unit), count.description()));
+    return true;
+}
+
+void DurationSum::addToLast(qsizetype begin, qsizetype end, const NSDecimalNumber &count)
+{
+    add(count, *_last);
+    _parts.append(partOf(_text, begin, end, nameOf(*_last), count.description()));
+}
+
+void DurationSum::add(const NSDecimalNumber &count, DurationUnit unit)
+{
+    _isOfFixedLength &= unit > DurationUnit::Month;
+    _seconds = _seconds.decimalNumberByAdding(
+        count.decimalNumberByMultiplyingBy(secondsOf(unit), exactDecimals()), exactDecimals());
+}
+
+TypedDecimal DurationSum::result(const QString &form) const
+{
+    if (!_isOfFixedLength)
+        return TypedDecimal::refused(u"Months and years have no fixed length."_s);
+    if (_seconds.isNaN())
+        return TypedDecimal::refused(u"The duration is too long."_s);
+    TypedDecimal typed{TypedDecimal::Outcome::Read,
+                       _isNegative ? _seconds.decimalNumberByNegating() : _seconds,
+                       {},
+                       {}};
+    typed.reading.form = form;
+    typed.reading.parts = _parts;
+    return typed;
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+// Private to the library. For what reads texts that mean a decimal: numbers, money, durations.
+
+#include "FoldedText_p.h"
+#include "KTReading.h"
+
+#include <KTUtility/Platform/Values/NSDecimalNumber.h>
+
+namespace KTPrivate {
+/// What a grammar made of a text.
+struct TypedDecimal
+{
+    enum class Outcome {
+        Unknown, ///< the text is not of this grammar
+        Read,    ///< it means the value
+        Refused, ///< it is of this grammar, and a rule forbids it
+    };
+
+    Outcome outcome = Outcome::Unknown;
+    NSDecimalNumber value;
+    KTReading reading;
+    QString reason; ///< why it was refused, for people
+
+    bool isUnknown() const { return outcome == Outcome::Unknown; }
+    bool isRead() const { return outcome == Outcome::Read; }
+    bool isRefused() const { return outcome == Outcome::Refused; }
+
+    static TypedDecimal refused(const QString &reason)
+    {
+        return {Outcome::Refused, {}, {}, reason};
+    }
+};
+
+/// How grammars compute: all digits are kept, and nothing is raised.
+inline const NSDecimalNumberBehaviors *exactDecimals()
+{
+    static const NSDecimalNumberHandler behavior(NSRoundPlain, NSDecimalNoScale, false, false,
+                                                 false, false);
+    return &behavior;
+}
+
+/// A part of a folded text as a part of a reading.
+inline KTReadingPart partOf(const FoldedText &text, qsizetype begin, qsizetype end,
+                            const QString &role, const QString &meaning)
+{
+    return {text.rangeInText(begin, end - begin), role, meaning};
+}
+} // namespace KTPrivate
