@@ -5,6 +5,8 @@
 #include "KTCurrencyFormatter_p.h"
 #include "KTNumberTexts_p.h"
 #include "NSNumberFormatter_KTCurrency.h"
+#include <KTUtility/CommonForms/MoneyGrammar_p.h>
+#include <KTUtility/CommonForms/NumberGrammar_p.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Text/NSStringNormalization.h>
 #include <KTUtility/Platform/Values/NSObject.h>
@@ -123,7 +125,8 @@ QString KTCurrencyFormatter::currencyType() const
 void KTCurrencyFormatter::setCurrencyType(const QString &code)
 {
     QString chosen = code.isNull() ? currencyOf(_locale) : code;
-    if (CurrencyCandidates::isRejected(chosen))
+    _askedCurrency = chosen;
+    if (isReplaced(chosen))
         chosen = replacementCurrency();
     const uint placesBefore = decimalPlaces();
     const NSLocale &formatterLocale = _currencyFormatter->locale();
@@ -142,6 +145,20 @@ void KTCurrencyFormatter::setCurrencyType(const QString &code)
     Q_EMIT currencyTypeChanged();
     if (decimalPlaces() != placesBefore)
         Q_EMIT decimalPlacesChanged();
+}
+
+/// Those that are not offered are for texts that nobody types otherwise.
+bool KTCurrencyFormatter::isReplaced(const QString &code) const
+{
+    return code.isNull() || (!readsCommonForms() && CurrencyCandidates::isRejected(code));
+}
+
+void KTCurrencyFormatter::setReadsCommonForms(bool readsCommonForms)
+{
+    const bool isChange = readsCommonForms != this->readsCommonForms();
+    KTNumberFormatter::setReadsCommonForms(readsCommonForms);
+    if (isChange && !_askedCurrency.isNull() && CurrencyCandidates::isRejected(_askedCurrency))
+        setCurrencyType(QString(_askedCurrency));
 }
 
 // --- Settings of the display
@@ -248,6 +265,14 @@ KTCurrencyFormatter::attributedStringForObjectValue(const QVariant &value,
 bool KTCurrencyFormatter::getObjectValue(QVariant *value, const QString &forString,
                                          QString *errorDescription) const
 {
+    return readsCommonForms() ? readCommonMoney(value, forString, errorDescription)
+                              : readCurrency(value, forString, errorDescription);
+}
+
+/// Without common forms.
+bool KTCurrencyFormatter::readCurrency(QVariant *value, const QString &forString,
+                                       QString *errorDescription) const
+{
     if (_internalGetCurrencyValue(value, forString, errorDescription))
         return true;
     const QString decomposed = NSString::decomposedStringWithCompatibilityMapping(forString);
@@ -258,7 +283,7 @@ bool KTCurrencyFormatter::getObjectValue(QVariant *value, const QString &forStri
 bool KTCurrencyFormatter::_internalGetCurrencyValue(QVariant *value, const QString &forString,
                                                     QString *errorDescription) const
 {
-    if (KTNumberFormatter::getObjectValue(value, forString, errorDescription))
+    if (readNumber(value, forString, errorDescription))
         return true;
     const bool isUneven = errorDescription && *errorDescription == unevenGroupsDescription();
     const bool isRead = readAmount(value, forString, errorDescription) ||
@@ -323,6 +348,31 @@ bool KTCurrencyFormatter::readInParentheses(QVariant *value, const QString &text
            readNamedAmount(value, negative, errorDescription);
 }
 
+/// A plain number has the signs of numbers; what has more has those of money.
+bool KTCurrencyFormatter::readCommonMoney(QVariant *value, const QString &forString,
+                                          QString *errorDescription) const
+{
+    const FoldedText text(forString);
+    const NSNumberFormatter &formatter = *_currencyInputFormatter;
+    TypedDecimal typed = NumberGrammar::read(text, *NumberSigns::of(_locale));
+    if (!typed.isRead()) {
+        const QString code = formatter.currencyCode();
+        const QString symbol = formatter.currencySymbol();
+        const TypedDecimal money = MoneyGrammar::read(text, {formatter.locale(), code, symbol});
+        if (!money.isUnknown())
+            typed = money;
+    }
+    QVariant found;
+    if (!typed.isRead() && readCurrency(&found, forString, nullptr))
+        typed = typedAsShown(found, forString, typed);
+    return answer(typed, forString, value, errorDescription);
+}
+
+QString KTCurrencyFormatter::unreadDescription() const
+{
+    return u"The text is no amount in %1, or has something else in it."_s.arg(currencyType());
+}
+
 bool KTCurrencyFormatter::readsInCurrency(QVariant *value, const QString &text, const QString &code)
 {
     KTLog(kLog_FormattersCurrency, 4, u"currencyCode: %@", code);
@@ -340,6 +390,7 @@ KTCurrencyFormatter *KTCurrencyFormatter::adjusted(const QString &code, const QV
     if (options)
         options->insert(kKTFieldOption_currencyType, code);
     const ShownCurrency before = shownCurrency();
+    _askedCurrency = code;
     _currencyFormatter->setCurrencyCode(code);
     announceChangesSince(before);
     return this;

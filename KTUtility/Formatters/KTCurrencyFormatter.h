@@ -16,6 +16,11 @@
 /// country ("5 dollars" in en_US); a sign may lack its final full stop or the marks of direction
 /// that belong to it, and be of another width ("¥" and "￥").
 ///
+/// With readsCommonForms() it reads the currency's narrow signs, its names' words, and all of these
+/// in English as well, on either side, several of them too ("$5", "US$ 5", "5 dollars", "usd$ 5" for
+/// US dollars anywhere). A sign that several currencies have means the field's; a text that names
+/// another currency is rejected. "INR" and "RON" are currencies like others then.
+///
 /// \code
 /// KTCurrencyFormatter formatter;                           // in the user's locale, here en_US
 /// formatter.stringForObjectValue(1234.5);                  // "$1,234.50"
@@ -45,9 +50,12 @@ public:
     /// The ISO 4217 code.
     QString currencyType() const;
     /// Changes the currency and its sign; nil takes that of locale(). "INR", "RON" and no currency
-    /// at all become "USD". The sign is the locale's own ("$" for Canadian dollars in Canada) if
+    /// at all become "USD"; the first two stay what they are while readsCommonForms(). The sign is the locale's own ("$" for Canadian dollars in Canada) if
     /// the formatter still has the locale it was made in, otherwise the unmistakable one ("CA$").
     void setCurrencyType(const QString &code);
+
+    /// Also takes "INR" and "RON", if one of them was asked for, or dollars instead again.
+    void setReadsCommonForms(bool readsCommonForms) override;
 
     const std::optional<QTextCharFormat> &textAttributesForNegativeValues() const override;
     void
@@ -84,6 +92,7 @@ Q_SIGNALS:
     void currencyLocaleChanged();
 
 protected:
+    QString unreadDescription() const override;
     /// As a plain number, with the currency, and with the currency in parentheses.
     bool _internalGetCurrencyValue(QVariant *value, const QString &forString,
                                    QString *errorDescription) const;
@@ -99,7 +108,11 @@ private:
     ShownCurrency shownCurrency() const;
     void announceChangesSince(const ShownCurrency &before);
     void filterCurrency();
+    bool isReplaced(const QString &code) const;
     void logLocales() const;
+    bool readCurrency(QVariant *value, const QString &forString, QString *errorDescription) const;
+    bool readCommonMoney(QVariant *value, const QString &forString,
+                         QString *errorDescription) const;
     bool readAmount(QVariant *value, const QString &text, QString *errorDescription) const;
     bool readNamedAmount(QVariant *value, const QString &text, QString *errorDescription) const;
     bool readInParentheses(QVariant *value, const QString &text, QString *errorDescription) const;
@@ -107,6 +120,7 @@ private:
     KTCurrencyFormatter *adjusted(const QString &code, const QVariant &value, QVariantMap *options);
 
     NSLocale _currencyLocale;
+    QString _askedCurrency; ///< what setCurrencyType() was given
     std::unique_ptr<NSNumberFormatter> _currencyFormatter;
     std::unique_ptr<NSNumberFormatter> _currencyInputFormatter;
 };

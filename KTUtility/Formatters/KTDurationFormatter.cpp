@@ -2,6 +2,8 @@
 
 #include "KTDurationTables_p.h"
 
+#include <KTUtility/CommonForms/DurationGrammar_p.h>
+#include <KTUtility/CommonForms/ISODuration_p.h>
 #include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 #include <KTUtility/Platform/Values/NSObject.h>
@@ -10,6 +12,7 @@
 #include <algorithm>
 #include <array>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -27,8 +30,39 @@ const NSCharacterSet &separators()
     return set;
 }
 
+NSDecimalNumber wholeMinutesOf(const NSDecimalNumber &seconds,
+                               const NSDecimalNumberBehaviors *whole)
+{
+    const NSDecimalNumber minute(60);
+    return seconds.decimalNumberByDividingBy(minute, whole)
+        .decimalNumberByMultiplyingBy(minute, whole);
+}
+
+/// A number with the locale's sign before the fraction.
+QString withPoint(const NSDecimalNumber &number, const NSLocale &locale)
+{
+    const QString &points = NumberSigns::of(locale)->points;
+    return number.description().replace(u'.', points.isEmpty() ? QChar(u'.') : points.front());
+}
+
+/// Whether a text has numbers, and nothing that the reader of units would skip without a word.
+bool isOfCountsAndWords(const QString &text)
+{
+    const auto isDigit = [](QChar unit) { return unit.isDigit(); };
+    return std::any_of(text.begin(), text.end(), isDigit) &&
+           std::all_of(text.begin(), text.end(), [](QChar unit) {
+               return unit.isLetterOrNumber() || unit.isMark() || unit.isSpace() || unit == u',' ||
+                      unit == u';';
+           });
+}
+
 /// Whether a typed word is one of ours, regardless of letter case.
 using IsSame = bool (*)(const QString &word, const QString &typed);
+
+QString notADuration()
+{
+    return NSBundle::mainBundle().localizedStringForKey(u"Could not convert to a time"_s, u""_s);
+}
 
 /// In small letters, of which Greek has two for "Σ".
 QString inSmallLetters(const QString &text)
@@ -78,6 +112,12 @@ const QStringList &KTDurationFormatter::pluralNames()
     return KTDurationTables::shared().pluralNames;
 }
 
+void KTDurationFormatter::setLocale(const NSLocale &locale)
+{
+    _locale = locale;
+    Q_EMIT localeChanged();
+}
+
 void KTDurationFormatter::setUseAbbreviations(bool useAbbreviations)
 {
     _useAbbreviations = useAbbreviations;
@@ -103,7 +143,13 @@ QString KTDurationFormatter::stringForObjectValue(const QVariant &value) const
 {
     if (!NSObject::isNumber(value))
         return {};
-    NSDecimalNumber rest = NSDecimalNumber::decimalNumberWithNumber(value);
+    const NSDecimalNumber seconds = NSDecimalNumber::decimalNumberWithNumber(value);
+    return readsCommonForms() ? exactText(seconds) : wholeText(seconds);
+}
+
+/// In whole seconds; nothing for zero and less.
+QString KTDurationFormatter::wholeText(NSDecimalNumber rest) const
+{
     QString text = u""_s;
     if (!isPositive(rest))
         return text;
@@ -115,6 +161,26 @@ QString KTDurationFormatter::stringForObjectValue(const QVariant &value) const
             rest.decimalNumberBySubtracting(count.decimalNumberByMultiplyingBy(unit, this), this);
     }
     return text;
+}
+
+/// With a sign and fractions of a second.
+QString KTDurationFormatter::exactText(const NSDecimalNumber &seconds) const
+{
+    if (seconds.isNaN())
+        return u""_s;
+    const NSDecimalNumber length =
+        seconds.isNegative() ? seconds.decimalNumberByNegating() : seconds;
+    const NSDecimalNumber minutes = wholeMinutesOf(length, this);
+    const NSDecimalNumber rest = length.decimalNumberBySubtracting(minutes, exactDecimals());
+    QString text = wholeText(minutes);
+    if (rest > NSDecimalNumber() || text.isEmpty()) {
+        const bool isOne = rest == NSDecimalNumber::one();
+        const QStringList &names = isOne ? _tables.singularNames : _tables.pluralNames;
+        text += (text.isEmpty() ? u""_s : u" "_s) + withPoint(rest, _locale) +
+                (_useAbbreviations ? _tables.abbreviations.at(SecondsIndex)
+                                   : u' ' + names.at(SecondsIndex));
+    }
+    return seconds.isNegative() ? u'-' + text : text;
 }
 
 void KTDurationFormatter::appendToString(QString *string, const NSDecimalNumber &number,
@@ -212,12 +278,57 @@ bool KTDurationFormatter::getObjectValue(QVariant *value, const QString &forStri
         return false;
     if (forString.isEmpty())
         return true;
+    return readsCommonForms() ? readCommonForms(value, forString, errorDescription)
+                              : readUnits(value, forString, errorDescription);
+}
+
+/// Without common forms.
+bool KTDurationFormatter::readUnits(QVariant *value, const QString &forString,
+                                    QString *errorDescription) const
+{
     if (const std::optional<NSDecimalNumber> total = Reading(*this, forString).run()) {
         *value = QVariant::fromValue(*total);
         return true;
     }
     if (errorDescription)
-        *errorDescription =
-            NSBundle::mainBundle().localizedStringForKey(u"Could not convert to a time"_s, u""_s);
+        *errorDescription = notADuration();
     return false;
+}
+
+// --- Common forms
+
+bool KTDurationFormatter::readCommonForms(QVariant *value, const QString &forString,
+                                          QString *errorDescription) const
+{
+    const FoldedText text(forString);
+    TypedDecimal typed = ISODuration::read(text);
+    if (typed.isUnknown()) {
+        const std::shared_ptr<const DurationWords> words = DurationWords::of(_locale);
+        const std::shared_ptr<const NumberSigns> signs = NumberSigns::of(_locale);
+        typed = DurationGrammar::read(text, {_tables.phrases, *words, *signs});
+    }
+    if (typed.isRead())
+        return answer(typed, forString, value, errorDescription);
+    // In any order, as always.
+    QVariant found;
+    if (isOfCountsAndWords(forString) && readUnits(&found, forString, errorDescription)) {
+        typed = {TypedDecimal::Outcome::Read, found.value<NSDecimalNumber>(), {}, {}};
+        typed.reading.form = u"units"_s;
+    }
+    return answer(typed, forString, value, errorDescription);
+}
+
+bool KTDurationFormatter::answer(const TypedDecimal &typed, const QString &text, QVariant *value,
+                                 QString *errorDescription) const
+{
+    KTReading reading = typed.reading;
+    if (typed.isRead()) {
+        *value = QVariant::fromValue(typed.value);
+        if (exactText(typed.value) == text)
+            reading.form = u"display"_s;
+    } else if (errorDescription) {
+        *errorDescription = typed.isRefused() ? typed.reason : notADuration();
+    }
+    setReading(reading);
+    return typed.isRead();
 }

@@ -8,6 +8,10 @@
 
 class KTDurationTables;
 
+namespace KTPrivate {
+struct TypedDecimal;
+}
+
 /// Formats seconds as weeks, days, hours, minutes and seconds, and reads such texts.
 ///
 /// Shows "1d 2h 3m", or "1 day 2 hours 3 minutes" without abbreviations; fractions of a second are
@@ -18,6 +22,12 @@ class KTDurationTables;
 /// The words are the program's: the translation context "Durations" with the source texts "w",
 /// "d", "h", "m", "s", "week", "weeks", "day" and so on. They are looked up once, when the first
 /// formatter needs them, and must be letters only, or they cannot be read back.
+///
+/// With readsCommonForms() it reads the units of the user's locale and of English as well, in all
+/// widths and plurals, fractions ("1.5 h", "half an hour"), clocks ("1:30", hours before minutes),
+/// ISO 8601 ("PT1H30M") and negative durations ("-2h"); units stand from the largest to the smallest
+/// then, and months and years are rejected, since they have no fixed length. So that nothing is lost
+/// by editing, it shows what it can read: "-2h", "3.14s" with the locale's point, "0s".
 ///
 /// All its arithmetic is in whole seconds: it is the behaviour of its own decimal operations.
 ///
@@ -33,11 +43,18 @@ class KTUTILITY_EXPORT KTDurationFormatter : public KTReadingFormatter,
     Q_OBJECT
     Q_PROPERTY(bool useAbbreviations READ useAbbreviations WRITE setUseAbbreviations NOTIFY
                    useAbbreviationsChanged)
+    Q_PROPERTY(NSLocale locale READ locale WRITE setLocale NOTIFY localeChanged)
 
 public:
     /// With abbreviations, in the program's language.
     KTDurationFormatter();
     ~KTDurationFormatter() override;
+
+    /// The locale whose words and signs are read as common forms; the user's current one for texts at
+    /// first.
+    const NSLocale &locale() const { return _locale; }
+    /// Changes it. What is shown has the program's words all the same.
+    void setLocale(const NSLocale &locale);
 
     // The words, from weeks to seconds.
     /// The words that abbreviations are shown with, from weeks to seconds.
@@ -55,7 +72,8 @@ public:
     /// "useAbbreviations".
     std::optional<QStringList> optionsKeys() const override;
 
-    /// The duration of a number of seconds; "" for zero and less; nil for what is no number.
+    /// The duration of a number of seconds; "" for zero and less, unless readsCommonForms(); nil for
+    /// what is no number.
     QString stringForObjectValue(const QVariant &value) const override;
 
     /// Reads a duration.
@@ -90,6 +108,7 @@ public:
                              const std::optional<NSDecimalNumber> &rightOperand) const override;
 
 Q_SIGNALS:
+    void localeChanged();
     void useAbbreviationsChanged();
 
 protected:
@@ -98,6 +117,14 @@ protected:
 
 private:
     class Reading;
+
+    QString wholeText(NSDecimalNumber rest) const;
+    QString exactText(const NSDecimalNumber &seconds) const;
+    bool readUnits(QVariant *value, const QString &forString, QString *errorDescription) const;
+    bool readCommonForms(QVariant *value, const QString &forString,
+                         QString *errorDescription) const;
+    bool answer(const KTPrivate::TypedDecimal &typed, const QString &text, QVariant *value,
+                QString *errorDescription) const;
 
     const KTDurationTables &_tables;
     bool _useAbbreviations = true;

@@ -4,6 +4,7 @@
 
 #include <array>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -32,9 +33,12 @@ KTDurationTables::KTDurationTables()
 {
     for (qsizetype index = 0; index < qsizetype(SecondsOfUnits.size()); ++index) {
         const NSDecimalNumber seconds(SecondsOfUnits[size_t(index)]);
+        const DurationUnit unit = DurationUnit(int(DurationUnit::Week) + int(index));
         // A word of two units means the smaller one.
         for (const QString &word :
-             {singularNames.at(index), pluralNames.at(index), abbreviations.at(index)})
+             {singularNames.at(index), pluralNames.at(index), abbreviations.at(index)}) {
             convertToSeconds.insert(word, seconds);
+            phrases.add(word, {unit});
+        }
     }
 }

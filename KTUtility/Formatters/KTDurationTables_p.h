@@ -1,5 +1,6 @@
 #pragma once
 
+#include <KTUtility/CommonForms/DurationWords_p.h>
 #include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Values/NSDecimalNumber.h>
 
@@ -21,4 +22,6 @@ public:
     QStringList pluralNames;
     /// Each word's seconds.
     QHash<QString, NSDecimalNumber> convertToSeconds;
+    /// The same words for common forms.
+    KTPrivate::PhraseTable<KTPrivate::DurationWord> phrases;
 };

@@ -4,6 +4,7 @@
 #include "KTNumberFormatter_p.h"
 #include "KTNumberTexts_p.h"
 
+#include <KTUtility/CommonForms/NumberGrammar_p.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 #include <KTUtility/Platform/Text/NSStringNormalization.h>
@@ -18,6 +19,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int MaximumInputFractionDigits = 111;
+
+/// What stands before the percent sign.
+QVariant inHundredths(const QVariant &value)
+{
+    if (!NSObject::isNumber(value))
+        return value;
+    return QVariant::fromValue(
+        NSDecimalNumber::decimalNumberWithNumber(value).decimalNumberByMultiplyingByPowerOf10(
+            2, exactDecimals()));
+}
 
 /// \a text without whitespace and line ends at both ends.
 QStringView trimmed(QStringView text)
@@ -83,6 +94,8 @@ void KTNumberFormatter::setLocale(const NSLocale &locale)
     _locale = locale;
     _inputFormatter->setLocale(locale);
     _numberFormatter->setLocale(locale);
+    if (_displaysPercent)
+        applyAffixes();
     Q_EMIT localeChanged();
 }
 
@@ -115,9 +128,29 @@ void KTNumberFormatter::setTextAttributesForNegativeValues(
 void KTNumberFormatter::setFormatNegativeUsingParens(bool formatNegativeUsingParens)
 {
     _formatNegativeUsingParens = formatNegativeUsingParens;
-    _numberFormatter->setNegativePrefix(formatNegativeUsingParens ? u"("_s : u"-"_s);
-    _numberFormatter->setNegativeSuffix(formatNegativeUsingParens ? u")"_s : u""_s);
+    applyAffixes();
     Q_EMIT formatNegativeUsingParensChanged();
+}
+
+/// Around the sign of percentages, where there is one.
+void KTNumberFormatter::applyAffixes()
+{
+    const bool usesParentheses = _formatNegativeUsingParens;
+    const QString before = _displaysPercent ? _numberFormatter->positivePrefix() : u""_s;
+    const QString behind = _displaysPercent ? _numberFormatter->positiveSuffix() : u""_s;
+    _numberFormatter->setNegativePrefix((usesParentheses ? u"("_s : u"-"_s) + before);
+    _numberFormatter->setNegativeSuffix(behind + (usesParentheses ? u")"_s : u""_s));
+}
+
+void KTNumberFormatter::setDisplaysPercent(bool displaysPercent)
+{
+    if (displaysPercent == _displaysPercent)
+        return;
+    _displaysPercent = displaysPercent;
+    _numberFormatter->setNumberStyle(displaysPercent ? NSNumberFormatterPercentStyle
+                                                     : NSNumberFormatterDecimalStyle);
+    applyAffixes();
+    Q_EMIT displaysPercentChanged();
 }
 
 bool KTNumberFormatter::displayThousandsSeparator() const
@@ -202,7 +235,8 @@ QString KTNumberFormatter::editingStringForObjectValue(const QVariant &value) co
 {
     if (_useDisplayStringForEditingString)
         return stringForObjectValue(value);
-    return _inputFormatter->editingStringForObjectValue(value);
+    return _inputFormatter->editingStringForObjectValue(_displaysPercent ? inHundredths(value)
+                                                                         : value);
 }
 
 // --- Reading
@@ -224,6 +258,14 @@ struct KTNumberFormatter::Attempt
 
 bool KTNumberFormatter::getObjectValue(QVariant *value, const QString &forString,
                                        QString *errorDescription) const
+{
+    return readsCommonForms() || _displaysPercent
+               ? readCommonForms(value, forString, errorDescription)
+               : readNumber(value, forString, errorDescription);
+}
+
+bool KTNumberFormatter::readNumber(QVariant *value, const QString &forString,
+                                   QString *errorDescription) const
 {
     if (_internalGetNumberValue(value, forString, errorDescription))
         return true;
@@ -305,4 +347,53 @@ bool KTNumberFormatter::isWorthASecondTry(const QString &decomposed, const QStri
     return !decomposed.isEmpty() &&
            (decomposed != original || logger->shouldLogComponent(kLog_FormattersNumbers, 4) ||
             logger->shouldLogComponent(kLog_FormattersCurrency, 4));
+}
+
+// --- Common forms
+
+bool KTNumberFormatter::readCommonForms(QVariant *value, const QString &forString,
+                                        QString *errorDescription) const
+{
+    const auto kind = _displaysPercent ? NumberGrammar::Kind::Percent : NumberGrammar::Kind::Number;
+    TypedDecimal typed =
+        NumberGrammar::read(FoldedText(forString), *NumberSigns::of(_locale), kind);
+    QVariant found;
+    if (!typed.isRead() && !_displaysPercent && readNumber(&found, forString, nullptr))
+        typed = typedAsShown(found, forString, typed);
+    return answer(typed, forString, value, errorDescription);
+}
+
+TypedDecimal KTNumberFormatter::typedAsShown(const QVariant &found, const QString &text,
+                                             const TypedDecimal &otherwise) const
+{
+    if (shownFormOf(found, text).isNull())
+        return otherwise;
+    return {TypedDecimal::Outcome::Read, found.value<NSDecimalNumber>(), {}, {}};
+}
+
+bool KTNumberFormatter::answer(const TypedDecimal &typed, const QString &text, QVariant *value,
+                               QString *errorDescription) const
+{
+    KTReading reading = typed.reading;
+    const QVariant found = typed.isRead() ? QVariant::fromValue(typed.value) : QVariant();
+    if (const QString form = typed.isRead() ? shownFormOf(found, text) : QString(); !form.isNull())
+        reading.form = form;
+    if (!typed.isRead() && errorDescription)
+        *errorDescription = typed.isRefused() ? typed.reason : unreadDescription();
+    if (value)
+        *value = found;
+    setReading(std::move(reading));
+    return typed.isRead();
+}
+
+QString KTNumberFormatter::unreadDescription() const
+{
+    return u"The text is no number, or has something else in it."_s;
+}
+
+QString KTNumberFormatter::shownFormOf(const QVariant &value, const QString &text) const
+{
+    if (stringForObjectValue(value) == text)
+        return u"display"_s;
+    return editingStringForObjectValue(value) == text ? u"editing"_s : QString();
 }

@@ -11,6 +11,10 @@
 
 class NSNumberFormatter;
 
+namespace KTPrivate {
+struct TypedDecimal;
+}
+
 /// Formats the numbers of a field, and reads what people type as exact decimals.
 ///
 /// Displays with a number of decimal places (0 at first, ties round away from zero), thousands
@@ -19,8 +23,11 @@ class NSNumberFormatter;
 /// scripts and full-width ones, and whitespace around it; the result is an NSDecimalNumber with all
 /// digits that were typed. Nothing may stand before or behind the number.
 ///
-/// Not for money with a currency sign (KTCurrencyFormatter), percentages or numbers in words
-/// (NSNumberFormatter). For the main thread: reading switches settings of an inner formatter.
+/// With readsCommonForms() it reads fractions ("3/4", "1 ½"), exponents and signs behind the number as
+/// well, and separators that are not the locale's where they can mean one thing only ("1,234.56" in
+/// German). Separators that stand where no grouping has them are rejected then ("1,50" in English).
+///
+/// Not for money with a currency sign (KTCurrencyFormatter), numbers in words (NSNumberFormatter). For the main thread: reading switches settings of an inner formatter.
 ///
 /// \code
 /// KTNumberFormatter formatter;                             // in the user's locale, here en_US
@@ -46,6 +53,8 @@ class KTUTILITY_EXPORT KTNumberFormatter : public KTReadingFormatter
             setUseDisplayStringForEditingString NOTIFY useDisplayStringForEditingStringChanged)
     Q_PROPERTY(bool rejectsUnevenGroups READ rejectsUnevenGroups WRITE setRejectsUnevenGroups NOTIFY
                    rejectsUnevenGroupsChanged)
+    Q_PROPERTY(bool displaysPercent READ displaysPercent WRITE setDisplaysPercent NOTIFY
+                   displaysPercentChanged)
 
 public:
     /// A formatter in the user's current locale for numbers, with the settings named above.
@@ -97,6 +106,12 @@ public:
     /// The error description of a text that is rejected for that reason.
     static const QString &unevenGroupsDescription();
 
+    /// Whether numbers are shown and read as percentages: 0.5 is "50%", as the locale writes it, and
+    /// "50", "50 %" and "%50" are 0.5. Such a field reads common forms in any case. Off at first, and
+    /// not among the options; not for money.
+    bool displaysPercent() const { return _displaysPercent; }
+    void setDisplaysPercent(bool displaysPercent);
+
     /// "decimalPlaces", "displayThousandsSeparator", "highlightNegative" and
     /// "formatNegativeUsingParens".
     std::optional<QStringList> optionsKeys() const override;
@@ -126,6 +141,7 @@ Q_SIGNALS:
     void formatNegativeUsingParensChanged();
     void useDisplayStringForEditingStringChanged();
     void rejectsUnevenGroupsChanged();
+    void displaysPercentChanged();
 
 protected:
     /// A formatter in a locale, for what has another category's.
@@ -143,6 +159,19 @@ protected:
     /// rejectsUnevenGroups().
     bool acceptsGroups(const NSNumberFormatter &formatter, const QString &text,
                        const QVariant &value) const;
+
+    /// The typed number without common forms.
+    bool readNumber(QVariant *value, const QString &forString, QString *errorDescription) const;
+    /// Answers what a grammar of common forms made of a text, and keeps the reading; what the
+    /// formatter shows for the value has a form of its own.
+    bool answer(const KTPrivate::TypedDecimal &typed, const QString &text, QVariant *value,
+                QString *errorDescription) const;
+    /// What a text means that no grammar reads but \a found was read from without common forms: the
+    /// value, if the formatter shows it like this.
+    KTPrivate::TypedDecimal typedAsShown(const QVariant &found, const QString &text,
+                                         const KTPrivate::TypedDecimal &otherwise) const;
+    /// Why a text without a reading has none.
+    virtual QString unreadDescription() const;
 
     /// Whether to read the decomposition after \a original could not be read.
     static bool isWorthASecondTry(const QString &decomposed, const QString &original);
@@ -163,7 +192,14 @@ protected:
     bool _rejectsUnevenGroups = false;
 
 private:
+    void applyAffixes();
+
     struct Pass;
     struct Attempt;
     bool run(const Pass &pass, const QString &string, Attempt &attempt) const;
+    bool readCommonForms(QVariant *value, const QString &forString,
+                         QString *errorDescription) const;
+    QString shownFormOf(const QVariant &value, const QString &text) const;
+
+    bool _displaysPercent = false;
 };

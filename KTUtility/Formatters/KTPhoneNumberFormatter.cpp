@@ -2,6 +2,7 @@
 
 #include "PhoneDigits_p.h"
 #include "PhonePatterns_p.h"
+#include <KTUtility/CommonForms/FoldedText_p.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
 #include <KTUtility/Platform/Files/NSBundle.h>
@@ -129,7 +130,26 @@ bool KTPhoneNumberFormatter::getObjectValue(QVariant *value, const QString &forS
 {
     if (value)
         *value = forString;
+    if (readsCommonForms())
+        setReading(readingOf(forString));
     return true;
+}
+
+/// "e164" is also what stands behind a "+" with separators in it, as people write it.
+KTReading KTPhoneNumberFormatter::readingOf(const QString &text) const
+{
+    const FoldedText folded(text);
+    // "+44 (0)20 …": the zero is not dialled from abroad.
+    QString typed = folded.text().toString();
+    if (typed.startsWith(u'+'))
+        typed.remove(u"(0)"_s);
+    const QString digits = PhoneDigits::withoutSeparators(typed);
+    const KTReadingPart number{folded.rangeInText(0, folded.text().size()), u"number"_s, digits};
+    if (PhoneDigits::isInternational(digits))
+        return {u"e164"_s, {number}, {}, {}, {}};
+    if (_formatStrings && _patterns->firstFitting(text))
+        return {u"national"_s, {number}, {}, {}, {}};
+    return {u"asTyped"_s, {}, {}, {}, {}};
 }
 
 QString KTPhoneNumberFormatter::applyFormat(const QString &format, const QString &toString) const

@@ -20,6 +20,9 @@ class PhonePatterns;
 /// fit exactly, whatever punctuation was typed; a number that fits none is shown as it was typed.
 /// It has no options.
 ///
+/// With readsCommonForms(), reading() tells what a text is: a number with its country code, one of
+/// the country of the chosen set, or something else. What is stored and shown stays the same.
+///
 /// In a pattern, "#" is a digit; space, hyphen, comma, full stop, slash and brackets are layout;
 /// everything else (a country code, say) has to stand at the start of the number.
 ///
@@ -68,6 +71,7 @@ protected:
     static QList<QStringList> patternSetsOfFile(const QString &path);
 
 private:
+    KTReading readingOf(const QString &text) const;
     /// Nil if no pattern fits.
     QString inFirstFittingPattern(const QString &text) const;
 

@@ -29,3 +29,14 @@ std::optional<QList<int>> PhoneDigits::valuesOf(QStringView text)
     }
     return values;
 }
+
+bool PhoneDigits::isInternational(QStringView number)
+{
+    constexpr qsizetype MinimumDigits = 7;
+    constexpr qsizetype MaximumDigits = 15;
+    if (!number.startsWith(u'+'))
+        return false;
+    const std::optional<QList<int>> digits = valuesOf(number.sliced(1));
+    return digits && digits->size() >= MinimumDigits && digits->size() <= MaximumDigits &&
+           digits->front() != 0;
+}

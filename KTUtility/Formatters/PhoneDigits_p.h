@@ -21,4 +21,8 @@ KTUTILITY_EXPORT QString literalsOf(const QString &pattern);
 
 /// The values of the digits of a text, of any script; nothing if it has anything else.
 KTUTILITY_EXPORT std::optional<QList<int>> valuesOf(QStringView text);
+
+/// Whether a number without separators is one with its country code, as ITU-T E.164 has it: "+" and 7
+/// to 15 digits, the first of them no zero.
+KTUTILITY_EXPORT bool isInternational(QStringView number);
 } // namespace KTPrivate::PhoneDigits

@@ -1,5 +1,7 @@
 target_sources(KTUtilityTests PRIVATE
     Formatters/CommonFormsRoundTripTests.cpp
+    Formatters/CommonNumberFormsTests.cpp
+    Formatters/CommonNumberRoundTripTests.cpp
     Formatters/CurrencyCandidatesTests.cpp
     Formatters/CurrencyNamesTests.cpp
     Formatters/DateFormatterListsTests.cpp
