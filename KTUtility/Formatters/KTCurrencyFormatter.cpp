@@ -8,6 +8,7 @@
 #include <KTUtility/CommonForms/MoneyGrammar_p.h>
 #include <KTUtility/CommonForms/NumberGrammar_p.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Keys/NSClassRegistry.h>
 #include <KTUtility/Platform/Text/NSStringNormalization.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 
@@ -414,3 +415,5 @@ KTCurrencyFormatter *KTCurrencyFormatter::adjustForValue(const QString &value,
     _currencyInputFormatter->setCurrencyCode(NSLocale::commonISOCurrencyCodes().last());
     return nullptr;
 }
+
+KT_REGISTER_CLASS(KTCurrencyFormatter)

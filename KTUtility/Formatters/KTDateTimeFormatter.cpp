@@ -9,6 +9,7 @@
 #include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Dates/DateFormatterAccess_p.h>
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
+#include <KTUtility/Platform/Keys/NSClassRegistry.h>
 #include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
 #include <KTUtility/Platform/Values/UTC_p.h>
 #include <KTUtility/Platform/Values/WallClock_p.h>
@@ -575,3 +576,5 @@ QDateTime KTDateTimeFormatter::plainDateOf(const QDateTime &calendarDate) const
           displayFormatter()->stringFromDate(date));
     return date;
 }
+
+KT_REGISTER_CLASS(KTDateTimeFormatter)

@@ -5,6 +5,7 @@
 #include <KTUtility/CommonForms/DurationGrammar_p.h>
 #include <KTUtility/CommonForms/ISODuration_p.h>
 #include <KTUtility/Platform/Files/NSBundle.h>
+#include <KTUtility/Platform/Keys/NSClassRegistry.h>
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 #include <KTUtility/Platform/Values/NSScanner.h>
@@ -332,3 +333,5 @@ bool KTDurationFormatter::answer(const TypedDecimal &typed, const QString &text,
     setReading(reading);
     return typed.isRead();
 }
+
+KT_REGISTER_CLASS(KTDurationFormatter)

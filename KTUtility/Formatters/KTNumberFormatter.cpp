@@ -6,6 +6,7 @@
 
 #include <KTUtility/CommonForms/NumberGrammar_p.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Keys/NSClassRegistry.h>
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 #include <KTUtility/Platform/Text/NSStringNormalization.h>
 #include <KTUtility/Platform/Values/NSObject.h>
@@ -397,3 +398,5 @@ QString KTNumberFormatter::shownFormOf(const QVariant &value, const QString &tex
         return u"display"_s;
     return editingStringForObjectValue(value) == text ? u"editing"_s : QString();
 }
+
+KT_REGISTER_CLASS(KTNumberFormatter)

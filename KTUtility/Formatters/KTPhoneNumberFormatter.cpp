@@ -7,6 +7,7 @@
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
 #include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
+#include <KTUtility/Platform/Keys/NSClassRegistry.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 
 #include <QFile>
@@ -171,3 +172,5 @@ QString KTPhoneNumberFormatter::applyFormat(const QString &format, const QString
     }
     return result;
 }
+
+KT_REGISTER_CLASS(KTPhoneNumberFormatter)

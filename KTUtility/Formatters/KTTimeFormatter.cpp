@@ -1,5 +1,7 @@
 #include "KTTimeFormatter.h"
 
+#include <KTUtility/Platform/Keys/NSClassRegistry.h>
+
 namespace {
 /// The year of the day that all times are on.
 constexpr int ReferenceYear = 2001;
@@ -37,3 +39,5 @@ QDateTime KTTimeFormatter::onReferenceDay(const QTime &time) const
                                           .minute = time.minute(),
                                           .second = time.second()});
 }
+
+KT_REGISTER_CLASS(KTTimeFormatter)
