@@ -71,7 +71,10 @@ void NSArrayController::setSortDescriptors(const QList<NSSortDescriptor> &descri
 {
     ++_turn;
     _sortDescriptors = descriptors;
-    rearrangeObjects();
+    const QPointer<NSArrayController> self = this;
+    Q_EMIT sortDescriptorsChanged();
+    if (self)
+        rearrangeObjects();
 }
 
 void NSArrayController::rearrangeObjects()

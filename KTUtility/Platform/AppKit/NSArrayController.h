@@ -67,6 +67,7 @@ public:
     void setFilterPredicate(const NSPredicate &predicate);
     /// The order; without any, it is that of the content.
     void setSortDescriptors(const QList<NSSortDescriptor> &descriptors);
+    const QList<NSSortDescriptor> &sortDescriptors() const { return _sortDescriptors; }
     /// Filters and sorts again, after objects have changed.
     void rearrangeObjects();
 
@@ -97,6 +98,8 @@ Q_SIGNALS:
     void contentChanged();
     void arrangedObjectsChanged();
     void selectionChanged();
+    /// Others are set; before the objects are arranged by them.
+    void sortDescriptorsChanged();
 
 private:
     QVariantList arranged(const QVariantList &content, const NSPredicate &filter) const;
