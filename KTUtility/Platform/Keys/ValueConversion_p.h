@@ -1,6 +1,6 @@
 #pragma once
 
-// Private to key-value coding and to calls by selector.
+// Private to the library. For key-value coding, calls by selector, and setters known by address.
 
 #include <KTUtility/KTUtilityExport.h>
 

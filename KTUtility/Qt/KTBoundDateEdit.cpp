@@ -1,0 +1,109 @@
+#include "KTBoundDateEdit.h"
+
+#include <KTUtility/Platform/Keys/NSSelectionMarker.h>
+#include <KTUtility/Platform/Values/NSObject.h>
+
+#include <QCalendarWidget>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QScopedValueRollback>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+KTBoundDateEdit::KTBoundDateEdit(QWidget *parent)
+    : QDateEdit(parent), KTBoundEditor(static_cast<QWidget *>(this))
+{
+    setCalendarPopup(true);
+    setKeyboardTracking(false);
+    showValue();
+    QObject::connect(this, &QDateTimeEdit::dateChanged, this, &KTBoundDateEdit::takeDate);
+}
+
+void KTBoundDateEdit::setValue(const QVariant &value)
+{
+    const bool isOther = !NSObject::isEqual(value, _value);
+    _value = value;
+    showValue();
+    showReason({});
+    showEnabledFor(value);
+    if (isOther)
+        Q_EMIT valueChanged();
+}
+
+bool KTBoundDateEdit::showsNothing() const
+{
+    return !_value.toDate().isValid() || NSIsControllerMarker(_value);
+}
+
+/// An edit of Qt has no empty state: its least date stands for it, and shows a text of its own.
+void KTBoundDateEdit::showValue()
+{
+    const QScopedValueRollback<bool> showing(_isShowing, true);
+    const QString placeholder = bindingOptions().placeholderFor(_value);
+    setSpecialValueText(!showsNothing() ? QString() : placeholder.isEmpty() ? u" "_s : placeholder);
+    setDate(showsNothing() ? minimumDate() : _value.toDate());
+}
+
+QVariant KTBoundDateEdit::valueOn(QDate day) const
+{
+    if (_value.typeId() != QMetaType::QDateTime)
+        return day;
+    QDateTime moment = _value.toDateTime();
+    moment.setDate(day);
+    return moment;
+}
+
+void KTBoundDateEdit::takeDate(QDate day)
+{
+    if (_isShowing)
+        return;
+    // Whoever begins with nothing begins today.
+    take(valueOn(showsNothing() && day.toJulianDay() - minimumDate().toJulianDay() < 2
+                     ? QDate::currentDate()
+                     : day));
+}
+
+void KTBoundDateEdit::take(const QVariant &value)
+{
+    if (NSObject::isEqual(value, _value))
+        return;
+    const QPointer<KTBoundDateEdit> self = this;
+    const QVariant before = std::exchange(_value, value);
+    const QString reason = commitValue();
+    if (!self)
+        return;
+    if (!reason.isNull())
+        _value = before;
+    showValue();
+    showReason(reason);
+    if (reason.isNull())
+        Q_EMIT valueChanged();
+    else
+        Q_EMIT rejected(reason);
+}
+
+void KTBoundDateEdit::stepBy(int steps)
+{
+    if (showsNothing())
+        take(QDate::currentDate());
+    else
+        QDateEdit::stepBy(steps);
+}
+
+void KTBoundDateEdit::keyPressEvent(QKeyEvent *event)
+{
+    if (_isNullable && !isReadOnly() && event->key() == Qt::Key_Delete)
+        take({});
+    else
+        QDateEdit::keyPressEvent(event);
+}
+
+/// The calendar opens at today if there is no date.
+void KTBoundDateEdit::mousePressEvent(QMouseEvent *event)
+{
+    if (showsNothing() && calendarWidget())
+        calendarWidget()->setCurrentPage(QDate::currentDate().year(), QDate::currentDate().month());
+    QDateEdit::mousePressEvent(event);
+}

@@ -1,0 +1,112 @@
+#include "KTBoundTextEdit.h"
+
+#include "TextReading_p.h"
+
+#include <KTUtility/Platform/Values/NSObject.h>
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QPointer>
+
+#include <utility>
+
+using namespace KTPrivate;
+
+KTBoundTextEdit::KTBoundTextEdit(QWidget *parent)
+    : QPlainTextEdit(parent), KTBoundEditor(static_cast<QWidget *>(this))
+{
+    setTabChangesFocus(true);
+    QObject::connect(this, &QPlainTextEdit::textChanged, this, [this] {
+        if (isModified())
+            beginEditing();
+    });
+}
+
+void KTBoundTextEdit::setValue(const QVariant &value)
+{
+    const QPointer<KTBoundTextEdit> self = this;
+    if (isModified() && !_isCommitting && hasSelectionMoved())
+        leaveForOthers();
+    if (!self)
+        return;
+    const bool isOther = !NSObject::isEqual(value, _value);
+    _value = value;
+    setPlaceholderText(bindingOptions().placeholderFor(value));
+    if (!isModified())
+        showValue();
+    showEnabledFor(value);
+    if (isOther)
+        Q_EMIT valueChanged();
+}
+
+/// Others are selected while something is typed: it is stored where it belongs.
+void KTBoundTextEdit::leaveForOthers()
+{
+    const QPointer<KTBoundTextEdit> self = this;
+    const QString reason = commitToEdited(toPlainText());
+    if (!self)
+        return;
+    _base = toPlainText();
+    if (!reason.isEmpty())
+        Q_EMIT rejected(reason);
+}
+
+void KTBoundTextEdit::showValue()
+{
+    const QString text = shownText(nullptr, _value);
+    _base = text;
+    if (toPlainText() != text)
+        setPlainText(text);
+    // A text edit knows fewer kinds of line breaks than texts do.
+    _base = toPlainText();
+    endEditing();
+    showReason({});
+}
+
+bool KTBoundTextEdit::commit()
+{
+    if (!isModified() || _isCommitting)
+        return !_isCommitting;
+    const QPointer<KTBoundTextEdit> self = this;
+    const QVariant before = std::exchange(_value, toPlainText());
+    _isCommitting = true;
+    const QString reason = hasSelectionMoved() ? commitToEdited(_value) : commitValue();
+    if (!self)
+        return reason.isNull();
+    _isCommitting = false;
+    showReason(reason);
+    if (!reason.isNull()) {
+        _value = before;
+        Q_EMIT rejected(reason);
+        return false;
+    }
+    _base = toPlainText();
+    showValue();
+    Q_EMIT valueChanged();
+    return true;
+}
+
+void KTBoundTextEdit::restore()
+{
+    showValue();
+}
+
+void KTBoundTextEdit::keyPressEvent(QKeyEvent *event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && event->modifiers().testFlag(Qt::ControlModifier))
+        commit();
+    else if (event->key() == Qt::Key_Escape && isModified())
+        restore();
+    else
+        QPlainTextEdit::keyPressEvent(event);
+}
+
+void KTBoundTextEdit::focusOutEvent(QFocusEvent *event)
+{
+    const QPointer<KTBoundTextEdit> self = this;
+    if (event->reason() != Qt::PopupFocusReason)
+        commit();
+    if (self)
+        QPlainTextEdit::focusOutEvent(event);
+}

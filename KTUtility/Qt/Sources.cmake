@@ -1,0 +1,21 @@
+target_sources(KTUtility PRIVATE
+    Qt/ArrayDifference.cpp
+    Qt/EditorBinding.cpp
+    Qt/FormatterByName.cpp
+    Qt/KTArrayColumn.cpp
+    Qt/KTArrayModel.cpp
+    Qt/KTArraySelection.cpp
+    Qt/KTBindingOptions.cpp
+    Qt/KTBoundCheckBox.cpp
+    Qt/KTBoundComboBox.cpp
+    Qt/KTBoundDateEdit.cpp
+    Qt/KTBoundEditor.cpp
+    Qt/KTBoundTextEdit.cpp
+    Qt/KTFormatterDelegate.cpp
+    Qt/KTFormatterEdit.cpp
+    Qt/KTFormatterValidator.cpp
+    Qt/NotifySignals.cpp
+    Qt/RowWatches.cpp
+    Qt/TextReading.cpp
+    Qt/ViewAttachment.cpp
+)

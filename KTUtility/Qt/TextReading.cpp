@@ -1,0 +1,118 @@
+#include "TextReading_p.h"
+
+#include <KTUtility/Formatters/KTCurrencyFormatter.h>
+#include <KTUtility/Formatters/KTDateTimeFormatter.h>
+#include <KTUtility/Formatters/KTNumberFormatter.h>
+#include <KTUtility/Platform/Keys/NSSelectionMarker.h>
+#include <KTUtility/Platform/Values/NSObject.h>
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+using namespace KTPrivate;
+using namespace Qt::StringLiterals;
+
+namespace {
+bool hasNoText(const QVariant &value)
+{
+    return NSObject::isNil(value) || NSIsControllerMarker(value);
+}
+
+/// For formatters that say nothing, or something that is not for people.
+QString reasonFor(const NSFormatter *formatter, const QString &text, const QString &given)
+{
+    if (!given.isEmpty() && !given.startsWith(u"Error Domain="_s))
+        return given;
+    const char *sentence = QT_TRANSLATE_NOOP("KTFormatterEdit", "“%1” cannot be read here.");
+    if (dynamic_cast<const KTCurrencyFormatter *>(formatter))
+        sentence = QT_TRANSLATE_NOOP("KTFormatterEdit", "“%1” is not an amount of money.");
+    else if (dynamic_cast<const KTNumberFormatter *>(formatter))
+        sentence = QT_TRANSLATE_NOOP("KTFormatterEdit", "“%1” is not a number.");
+    else if (dynamic_cast<const KTDateTimeFormatter *>(formatter))
+        sentence = QT_TRANSLATE_NOOP("KTFormatterEdit", "“%1” is not a date.");
+    return QCoreApplication::translate("KTFormatterEdit", sentence).arg(text.trimmed());
+}
+
+/// No number has them, whatever is typed behind. (Currencies have names.)
+bool hasForeignLetters(const NSFormatter *formatter, const QString &text)
+{
+    const auto *const numbers = dynamic_cast<const KTNumberFormatter *>(formatter);
+    if (!numbers || numbers->readsCommonForms() ||
+        dynamic_cast<const KTCurrencyFormatter *>(formatter))
+        return false;
+    return std::ranges::any_of(text, [](QChar each) { return each.isLetter(); });
+}
+
+bool reads(const NSFormatter *formatter, const QString &text)
+{
+    return formatter->getObjectValue(nullptr, text);
+}
+} // namespace
+
+TextReading TextReading::of(const NSFormatter *formatter, const QString &text)
+{
+    if (!formatter)
+        return {true, text, {}};
+    if (text.trimmed().isEmpty())
+        return {true, {}, {}};
+    TextReading reading;
+    QString given;
+    reading.isRead = formatter->getObjectValue(&reading.value, text, &given);
+    if (!reading.isRead)
+        reading.reason = reasonFor(formatter, text, given);
+    return reading;
+}
+
+QValidator::State TextReading::judge(const NSFormatter *formatter, const QString &text)
+{
+    if (!formatter || text.trimmed().isEmpty() || reads(formatter, text))
+        return QValidator::Acceptable;
+    return hasForeignLetters(formatter, text) ? QValidator::Invalid : QValidator::Intermediate;
+}
+
+QString TextReading::completed(const NSFormatter *formatter, const QString &text)
+{
+    const QString trimmed = text.trimmed();
+    if (!formatter || trimmed.isEmpty())
+        return {};
+    const QStringList meant{trimmed, trimmed + u')', trimmed + u'0', trimmed.chopped(1)};
+    const auto found = std::ranges::find_if(meant, [&](const QString &each) {
+        return !each.trimmed().isEmpty() && reads(formatter, each);
+    });
+    return found == meant.end() ? QString() : *found;
+}
+
+QString KTPrivate::rejectionForPeople(const QVariant &value, const QString &reason)
+{
+    if (NSObject::isNil(value))
+        return QCoreApplication::translate("KTFormatterEdit", "A value is needed here.");
+    if (reason.isEmpty() || reason.startsWith(u'[') || reason.contains(u" 0x"_s))
+        return QCoreApplication::translate("KTFormatterEdit", "This value cannot be stored here.");
+    return reason;
+}
+
+QString KTPrivate::shownText(const NSFormatter *formatter, const QVariant &value)
+{
+    if (hasNoText(value))
+        return u""_s;
+    const QString text =
+        formatter ? formatter->stringForObjectValue(value) : NSObject::description(value);
+    return text.isNull() ? u""_s : text;
+}
+
+QString KTPrivate::editingText(const NSFormatter *formatter, const QVariant &value)
+{
+    if (!formatter || hasNoText(value))
+        return shownText(formatter, value);
+    const QString text = formatter->editingStringForObjectValue(value);
+    return text.isNull() ? u""_s : text;
+}
+
+QVariant KTPrivate::shownColour(const NSFormatter *formatter, const QVariant &value)
+{
+    if (!formatter || hasNoText(value))
+        return {};
+    const auto text = formatter->attributedStringForObjectValue(value);
+    return text ? text->attribute(NSForegroundColorAttributeName, 0) : QVariant();
+}

@@ -1,0 +1,11 @@
+target_sources(KTUtilityTests PRIVATE
+    Qt/Expense.h
+    Qt/KTArrayModelOrderTests.cpp
+    Qt/KTArrayModelTests.cpp
+    Qt/KTArraySelectionTests.cpp
+    Qt/KTBoundEditorTests.cpp
+    Qt/KTFormatterDelegateTests.cpp
+    Qt/KTFormatterEditTests.cpp
+    Qt/KTFormatterValidatorTests.cpp
+    Qt/ModelSupport.h
+)
