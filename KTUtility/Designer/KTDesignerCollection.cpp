@@ -1,5 +1,10 @@
 #include "KTDesignerCollection_p.h"
 
+#include <KTUtility/Qt/KTBoundCheckBox.h>
+#include <KTUtility/Qt/KTBoundComboBox.h>
+#include <KTUtility/Qt/KTBoundDateEdit.h>
+#include <KTUtility/Qt/KTBoundTextEdit.h>
+#include <KTUtility/Qt/KTFormatterEdit.h>
 #include <KTUtility/Views/KTFocusRingScrollView.h>
 #include <KTUtility/Views/KTFocusRingView.h>
 #include <KTUtility/Views/KTMediaFieldSlider.h>
@@ -47,13 +52,60 @@ KTDesignerDescription mediaFieldSlider()
             .contents = {},
             .create = create<KTMediaFieldSlider>};
 }
+
+/// An editor that is bound to a value in the code.
+template<typename Editor>
+KTDesignerDescription boundEditor(const QString &className, const QString &baseName,
+                                  const QString &explanation)
+{
+    return {.className = className,
+            .baseName = baseName,
+            .header = u"KTUtility/Qt/%1.h"_s.arg(className),
+            .explanation = explanation,
+            .isContainer = false,
+            .contents = {},
+            .create = create<Editor>};
+}
+
+KTDesignerDescription formatterEdit()
+{
+    return boundEditor<KTFormatterEdit>(
+        u"KTFormatterEdit"_s, u"QWidget"_s,
+        u"A line that a formatter shows and reads: set its class (KTCurrencyFormatter) and its "
+        "options (decimalPlaces=2)"_s);
+}
+
+KTDesignerDescription checkBox()
+{
+    return boundEditor<KTBoundCheckBox>(u"KTBoundCheckBox"_s, u"QCheckBox"_s,
+                                        u"A check box that can be bound to a value"_s);
+}
+
+KTDesignerDescription comboBox()
+{
+    return boundEditor<KTBoundComboBox>(u"KTBoundComboBox"_s, u"QComboBox"_s,
+                                        u"A combo box that can be bound to a value"_s);
+}
+
+KTDesignerDescription dateEdit()
+{
+    return boundEditor<KTBoundDateEdit>(u"KTBoundDateEdit"_s, u"QDateEdit"_s,
+                                        u"A date edit that can be bound to a value"_s);
+}
+
+KTDesignerDescription textEdit()
+{
+    return boundEditor<KTBoundTextEdit>(u"KTBoundTextEdit"_s, u"QPlainTextEdit"_s,
+                                        u"A text edit that can be bound to a value"_s);
+}
 } // namespace
 
 KTDesignerCollection::KTDesignerCollection()
-    : _widgets{std::make_unique<KTDesignerWidget>(focusRingView()),
-               std::make_unique<KTDesignerWidget>(focusRingScrollView()),
-               std::make_unique<KTDesignerWidget>(mediaFieldSlider())}
 {
+    using Description = KTDesignerDescription (*)();
+    for (const Description each : {focusRingView, focusRingScrollView, mediaFieldSlider,
+                                   formatterEdit, checkBox, comboBox, dateEdit, textEdit})
+        _widgets.push_back(std::make_unique<KTDesignerWidget>(each()));
 }
 
 QList<QDesignerCustomWidgetInterface *> KTDesignerCollection::customWidgets() const

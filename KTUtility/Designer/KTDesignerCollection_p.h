@@ -6,8 +6,8 @@
 
 #include <QObject>
 
-#include <array>
 #include <memory>
+#include <vector>
 
 /// The entry of the plug-in: the framework's views for Qt Designer.
 class KTDesignerCollection : public QObject, public QDesignerCustomWidgetCollectionInterface
@@ -22,5 +22,5 @@ public:
     QList<QDesignerCustomWidgetInterface *> customWidgets() const override;
 
 private:
-    std::array<std::unique_ptr<KTDesignerWidget>, 3> _widgets;
+    std::vector<std::unique_ptr<KTDesignerWidget>> _widgets;
 };

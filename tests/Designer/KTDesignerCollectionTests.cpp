@@ -37,13 +37,15 @@ TEST_F(KTDesignerCollectionTests, HasEveryView)
     QStringList names;
     for (const QDesignerCustomWidgetInterface *const widget : widgets)
         names += widget->name();
-    EXPECT_EQ(names, QStringList({u"KTFocusRingView"_s, u"KTFocusRingScrollView"_s,
-                                  u"KTMediaFieldSlider"_s}));
+    EXPECT_EQ(names,
+              QStringList({u"KTFocusRingView"_s, u"KTFocusRingScrollView"_s,
+                           u"KTMediaFieldSlider"_s, u"KTFormatterEdit"_s, u"KTBoundCheckBox"_s,
+                           u"KTBoundComboBox"_s, u"KTBoundDateEdit"_s, u"KTBoundTextEdit"_s}));
 }
 
 TEST_F(KTDesignerCollectionTests, MakesEachOfThem)
 {
-    ASSERT_EQ(widgets.size(), 3);
+    ASSERT_EQ(widgets.size(), 8);
     QWidget parent;
     for (QDesignerCustomWidgetInterface *const widget : widgets) {
         const QWidget *const made = widget->createWidget(&parent);
