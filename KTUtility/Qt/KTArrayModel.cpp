@@ -26,6 +26,9 @@ namespace {
 /// takes some time for each range that grows with the number of its rows.
 constexpr size_t MostRanges = 32;
 
+/// More rows than that are not asked for by a view that shows them, but by a pass over all.
+constexpr int ObservedAtOnce = 200;
+
 void insertElements(QVariantList *list, int before, const QVariantList &elements)
 {
     list->insert(before, elements.size(), QVariant());
@@ -111,6 +114,8 @@ int KTArrayModel::observedRows() const
 void KTArrayModel::setObservedRows(int count)
 {
     _watches->setLimit(count);
+    if (count < 0)
+        _watches->setBudget(-1);
 }
 
 // --- The rows -----------------------------------------------------------------------------------
@@ -259,28 +264,36 @@ void KTArrayModel::tellChanged(int row, int column)
     Q_EMIT dataChanged(index(row, qMax(column, 0)), index(row, last));
 }
 
-/// Has the object of a row observed. Others may be let go for it: if views show these, they are
-/// asked to read them again.
+/// Has the object of a row observed. Others may be let go for it, or it may be one too many: at the
+/// end of the turn, those that attached views show are.
 void KTArrayModel::ask(int row) const
 {
     _watches->asked(row, objectOfRow(_rows.at(row)));
-    if (!_watches->hasLetGo() || _views.isEmpty() || std::exchange(_willAskAgain, true))
+    if (!_watches->hasMissed() || std::exchange(_willAskAgain, true))
         return;
     auto *const self = const_cast<KTArrayModel *>(this);
     QMetaObject::invokeMethod(
         self, [self] { self->askAgain(); }, Qt::QueuedConnection);
 }
 
+/// Observes what attached views show. What was not observed before may have changed since it was
+/// read.
 void KTArrayModel::askAgain()
 {
     _willAskAgain = false;
+    _watches->setBudget(-1);
     for (const QPointer<QAbstractItemView> &view : std::as_const(_views)) {
         const auto [first, last] = view ? ViewAttachment::visibleRows(view) : std::pair(0, -1);
-        if (last < first || last >= rowCount() || _columns.isEmpty())
-            continue;
-        _watches->setLimit(qMax(_watches->limit(), last - first + 1));
-        Q_EMIT dataChanged(index(first, 0), index(last, columnCount() - 1));
+        const int end = qMin(last + 1, rowCount());
+        _watches->setLimit(qMax(_watches->limit(), _watches->limit() < 0 ? -1 : end - first));
+        bool isNew = false;
+        for (int row = qMax(first, 0); row < end; ++row)
+            isNew = _watches->asked(row, objectOfRow(_rows.at(row))) || isNew;
+        if (isNew && !_columns.isEmpty())
+            Q_EMIT dataChanged(index(first, 0), index(end - 1, columnCount() - 1));
     }
+    _watches->hasMissed();
+    _watches->setBudget(_watches->limit() < 0 ? -1 : ObservedAtOnce);
 }
 
 // --- The cells ----------------------------------------------------------------------------------
@@ -481,5 +494,6 @@ void KTArrayModel::attach(QAbstractItemView *view)
 {
     _views += view;
     _views.removeAll(nullptr);
+    _watches->setBudget(_watches->limit() < 0 ? -1 : ObservedAtOnce);
     new ViewAttachment(this, view);
 }

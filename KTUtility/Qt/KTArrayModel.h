@@ -77,9 +77,9 @@ public:
     /// and edit by KTFormatterDelegate. The view selects whole rows from then on.
     void attach(QAbstractItemView *view);
 
-    /// How many objects are observed at least, those that were asked for last; 1000 at first, and
-    /// never fewer than what attached views show. −1 observes all that are asked for: for models
-    /// on top of this one, such as a QSortFilterProxyModel, which remember what they have read.
+    /// How many objects are observed, those that were asked for last; 1000 at first, and never fewer
+    /// than what attached views show. −1 observes all that are asked for: for models on top of this
+    /// one, such as a QSortFilterProxyModel, which remember what they have read.
     int observedRows() const;
     void setObservedRows(int count);
 

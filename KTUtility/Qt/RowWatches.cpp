@@ -18,22 +18,28 @@ void RowWatches::setColumns(const QList<KTArrayColumn> &columns)
     _columns = columns;
 }
 
-void RowWatches::asked(int row, QObject *object)
+bool RowWatches::asked(int row, QObject *object)
 {
     if (!object || _limit == 0)
-        return;
-    std::shared_ptr<Watch> &watch = _watches[object];
-    if (!watch) {
-        watch = std::make_shared<Watch>();
-        begin(object, std::shared_ptr(watch).get());
+        return false;
+    const bool isNew = !_watches.contains(object);
+    if (isNew && _budget == 0) {
+        _hasMissed = true;
+        return false;
     }
-    const std::shared_ptr<Watch> asked = _watches.value(object);
-    if (!asked)
-        return;
-    asked->askedAt = ++_asked;
-    if (!asked->rows.contains(row))
-        asked->rows.append(row);
-    letGoOfOldest();
+    if (isNew) {
+        _budget -= int(_budget > 0);
+        const auto made = std::make_shared<Watch>();
+        _watches.insert(object, made);
+        begin(object, made.get());
+    }
+    if (const std::shared_ptr<Watch> watch = _watches.value(object)) {
+        watch->askedAt = ++_asked;
+        if (!watch->rows.contains(row))
+            watch->rows.append(row);
+        letGoOfOldest();
+    }
+    return isNew;
 }
 
 /// Getters on the way may do anything, as to let go of the object.
@@ -72,7 +78,7 @@ void RowWatches::letGoOfOldest()
         QObject::disconnect(old.second, nullptr, this, nullptr);
         _watches.remove(old.second);
     });
-    _hasLetGo = true;
+    _hasMissed = true;
 }
 
 void RowWatches::objectChanged()

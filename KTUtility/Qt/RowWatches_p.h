@@ -16,9 +16,9 @@
 namespace KTPrivate {
 /// Observes the objects of the rows that were asked for last, and knows in which rows they are.
 ///
-/// An observation costs some 2 µs and 1 kB for each key, so that those of all cells of 100,000 rows
-/// would take longer than a second and more memory than the objects. A table shows some dozen rows:
-/// it asks again for whatever it is about to show.
+/// An observation costs some 5 µs and 2 kB for each key, so that those of all cells of 100,000 rows
+/// would take seconds and more memory than the objects. A table shows some dozen rows: it asks again
+/// for whatever it is about to show.
 class RowWatches : public QObject
 {
     Q_OBJECT
@@ -40,11 +40,16 @@ public:
     int limit() const { return _limit; }
     /// How many there are.
     int count() const { return int(_watches.size()); }
-    /// Whether objects have been let go since this was asked last.
-    bool hasLetGo() { return std::exchange(_hasLetGo, false); }
+    /// How many observations may begin until this is set again; −1 for any number. A pass over all
+    /// rows then costs little more than reading them.
+    void setBudget(int budget) { _budget = budget; }
+    /// Whether since this was asked last objects have been let go, or were not observed since the
+    /// budget was spent.
+    bool hasMissed() { return std::exchange(_hasMissed, false); }
 
     /// Somebody has asked for a row.
-    void asked(int row, QObject *object);
+    /// \return whether its object is observed since now.
+    bool asked(int row, QObject *object);
 
     // --- The rows have changed
 
@@ -78,6 +83,7 @@ private:
     QHash<const QObject *, std::shared_ptr<Watch>> _watches;
     quint64 _asked = 0;
     int _limit = 1000;
-    bool _hasLetGo = false;
+    int _budget = -1;
+    bool _hasMissed = false;
 };
 } // namespace KTPrivate

@@ -19,12 +19,12 @@ NSArrayController::~NSArrayController() = default;
 QVariantList NSArrayController::arranged(const QVariantList &content,
                                          const NSPredicate &filter) const
 {
-    QVariantList shown;
-    for (const QVariant &object : content) {
-        if (filter.isNil() || filter.evaluateWithObject(object))
+    QVariantList shown = filter.isNil() ? content : QVariantList();
+    for (const QVariant &object : filter.isNil() ? QVariantList() : content) {
+        if (filter.evaluateWithObject(object))
             shown += object;
     }
-    return NSSortDescriptor::sorted(shown, _sortDescriptors);
+    return _sortDescriptors.isEmpty() ? shown : NSSortDescriptor::sorted(shown, _sortDescriptors);
 }
 
 void NSArrayController::setContent(const QVariantList &content)
