@@ -72,7 +72,7 @@ KTReading readingOf(const FoldedText &text, const DateTokens &tokens, DateSaid &
 {
     KTReading reading;
     reading.form = formOf(said);
-    reading.zone = QString::fromLatin1(NSCalendar::systemTimeZone().id());
+    reading.zone = resolver.zoneIdentifier();
     reading.parts = Report(text, tokens).partsOf(said, resolver.candidate());
     if (const std::optional<qint64> other = resolver.alternative()) {
         reading.alternative = QDateTime::fromMSecsSinceEpoch(*other, UTC);
@@ -92,7 +92,7 @@ CommonDate KTPrivate::readCommonDate(const QString &text, const CommonDateField 
     std::optional<DateSaid> said = DateGrammar(tokens, *words, !field.showsDate).read();
     if (!said || isBareNumber(*said))
         return {};
-    DateResolver resolver(*said, field, words->dayMonthSign());
+    DateResolver resolver(*said, field, words->dayMonthSign(), tokens.zone());
     CommonDate result;
     result.outcome = CommonDate::Outcome::Refused;
     if (!resolver.resolve()) {

@@ -133,7 +133,8 @@ void addTwoNumbers(DateCandidates &candidates, const DateSaid &said, bool isDayF
     if (said.numbers[0].role != Role::Year && said.numbers[1].role != Role::Year)
         return;
     add(candidates, said, std::array{Role::Month, Role::Year});
-    add(candidates, said, std::array{Role::Year, Role::Month});
+    if (said.numbers[1].separator != u'-') // "2008-03" is of ISO 8601, which has no day there
+        add(candidates, said, std::array{Role::Year, Role::Month});
 }
 
 void addThreeNumbers(DateCandidates &candidates, const DateSaid &said, DateOrder order)

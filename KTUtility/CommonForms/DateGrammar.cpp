@@ -51,9 +51,9 @@ bool DateGrammar::readSeparator()
 
 bool DateGrammar::readPart()
 {
-    const bool isRead = RelativeDates::read(_tokens, &_at, &_said) || readTime() || readNumber() ||
-                        readApostropheYear() || readMonth() || readWeekday() || readEra() ||
-                        readFiller();
+    const bool isRead = RelativeDates::read(_tokens, &_at, &_said) || readTime() || readZone() ||
+                        readNumber() || readApostropheYear() || readMonth() || readWeekday() ||
+                        readEra() || readFiller();
     if (isRead)
         _separator = 0;
     return isRead;
@@ -66,6 +66,16 @@ bool DateGrammar::readTime()
     const bool couldBeDotted = _isTimeField || (_said.isWritten() && !_said.numbers.isEmpty() &&
                                                 _separator != u'.' && _said.numbers.size() > 1);
     return TimeGrammar(_tokens, _words, couldBeDotted).read(&_at, &_said);
+}
+
+/// The zone has to stand behind the time.
+bool DateGrammar::readZone()
+{
+    if (token().type != DateToken::Type::Zone || !_said.time || _separator != 0)
+        return false;
+    _said.hasZone = true;
+    _said.parts.append({_at++, u"zone", 0});
+    return true;
 }
 
 bool DateGrammar::readNumber()
@@ -119,7 +129,7 @@ bool DateGrammar::readMonth()
     const DateWord *const word = token().word(Kind::Month);
     if (!word || (_said.month && *_said.month != word->value))
         return false;
-    if (token().is(Kind::Weekday) && hasOtherMonth()) // "Mar" in Filipino
+    if (token().is(Kind::Weekday) && isRatherWeekday()) // "Mar" in Filipino
         return false;
     if (std::any_of(token().words.begin(), token().words.end(), [word](const DateWord &other) {
             return other.kind == Kind::Month && other.value != word->value;
@@ -130,11 +140,13 @@ bool DateGrammar::readMonth()
     return true;
 }
 
-/// Whether there is a month beside the token.
-bool DateGrammar::hasOtherMonth() const
+/// Whether there is another month, and that is nothing else or has a number beside it.
+bool DateGrammar::isRatherWeekday() const
 {
+    const bool isBesideNumber = token(-1).isNumber() || token(1).isNumber();
     for (qsizetype index = 0; index < _tokens.count(); ++index) {
-        if (index != _at && _tokens.at(index).is(Kind::Month))
+        const DateToken &other = _tokens.at(index);
+        if (index != _at && other.is(Kind::Month) && (!other.is(Kind::Weekday) || !isBesideNumber))
             return true;
     }
     return false;

@@ -32,10 +32,11 @@ private:
     bool readPart();
     bool readSeparator();
     bool readTime();
+    bool readZone();
     bool readNumber();
     bool readApostropheYear();
     bool readMonth();
-    bool hasOtherMonth() const;
+    bool isRatherWeekday() const;
     bool readWeekday();
     bool readEra();
     void readFirstYear();

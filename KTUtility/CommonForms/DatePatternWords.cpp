@@ -202,5 +202,7 @@ void KTPrivate::addDatePatternWords(DateWords &words, const icu::Locale &locale)
         addLiteralsOf(words, patterns->getBestPattern(skeleton, status));
     setDayMonthSign(words, ICU::stringOf(patterns->getBestPattern(u"Md", status)));
     const UDateFormatHourCycle cycle = patterns->getDefaultHourCycle(status);
+    const QString twelve = ICU::stringOf(patterns->getBestPattern(u"hm", status));
+    words.setHasHourZero(twelve.contains(u'K'));
     words.setHasTwelveHours(cycle == UDAT_HOUR_CYCLE_11 || cycle == UDAT_HOUR_CYCLE_12);
 }

@@ -5,6 +5,7 @@
 #include <KTUtility/Platform/Zones/TimeZoneRules_p.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 using namespace KTPrivate;
 
@@ -47,10 +48,11 @@ bool isGregorian(const NSCalendar &calendar)
 } // namespace
 
 DateResolver::DateResolver(const DateSaid &said, const CommonDateField &field,
-                           char16_t dayMonthSign)
+                           char16_t dayMonthSign, const TypedZone &zone)
     : _said(said)
     , _field(field)
     , _dayMonthSign(dayMonthSign)
+    , _zone(zone)
     , _localNow(rules().localTimeOf(field.now) / MillisecondsPerSecond * MillisecondsPerSecond)
     , _today(Civil::daysOfTime(_localNow))
 {
@@ -62,14 +64,30 @@ bool DateResolver::refuse(const char16_t *reason)
     return false;
 }
 
+qint64 DateResolver::instantOf(qint64 localTime) const
+{
+    return _said.hasZone ? _zone.instantOf(localTime).value_or(0) : rules().instantOf(localTime);
+}
+
 qint64 DateResolver::instant() const
 {
-    return rules().instantOf(_localTime);
+    return instantOf(_localTime);
+}
+
+qint64 DateResolver::localTime() const
+{
+    return _said.hasZone ? rules().localTimeOf(instant()) : _localTime;
+}
+
+QString DateResolver::zoneIdentifier() const
+{
+    return _said.hasZone ? _zone.identifier(_localTime)
+                         : QString::fromLatin1(NSCalendar::systemTimeZone().id());
 }
 
 std::optional<qint64> DateResolver::alternative() const
 {
-    return _alternative ? std::optional(rules().instantOf(*_alternative)) : std::nullopt;
+    return _alternative ? std::optional(instantOf(*_alternative)) : std::nullopt;
 }
 
 bool DateResolver::resolve()
@@ -78,11 +96,21 @@ bool DateResolver::resolve()
         return refuse(_said.contradiction);
     if (!_field.showsDate && !_said.time && !isOfTimes())
         return refuse(u"The time of day is missing.");
+    return resolveDay() && hasZone();
+}
+
+bool DateResolver::resolveDay()
+{
     if (_said.isWritten())
         return _said.isRelative() ? refuse(u"There are two dates.") : resolveWritten();
-    if (_said.isRelative())
-        return resolveRelative();
-    return resolveToday();
+    return _said.isRelative() ? resolveRelative() : resolveToday();
+}
+
+/// Whether clocks in the zone show the time at all.
+bool DateResolver::hasZone()
+{
+    return !_said.hasZone || _zone.instantOf(_localTime) ||
+           refuse(u"There is no such time in this zone.");
 }
 
 /// Whether what is moved is a clock, not a day.
@@ -166,6 +194,23 @@ NSDateComponents DateResolver::componentsOf(const DateCandidate &candidate) cons
     return components;
 }
 
+/// Whether a year is near today in the Gregorian calendar, but not in the field's, with a month that is
+/// the same in both.
+bool DateResolver::isOfGregorianYear(const DateCandidate &candidate) const
+{
+    constexpr int Near = 200;
+    const QString calendarName = _field.calendar.calendarIdentifier();
+    if (isGregorian(_field.calendar) || _said.era || !candidate.year || candidate.hasShortYear)
+        return false;
+    const bool hasSameMonths = calendarName == u"buddhist" || calendarName == NSJapaneseCalendar;
+    if (_said.month && !hasSameMonths)
+        return false;
+    const QDateTime now = QDateTime::fromMSecsSinceEpoch(_localNow, UTC);
+    const int year = calendar().components(NSYearCalendarUnit, now).year;
+    return std::abs(*candidate.year - year) > Near &&
+           std::abs(*candidate.year - now.date().year()) <= Near;
+}
+
 /// In another calendar the years that are those from 1950 on.
 int DateResolver::fullYearOf(int shortYear) const
 {
@@ -182,6 +227,11 @@ int DateResolver::fullYearOf(int shortYear) const
 
 std::optional<qint64> DateResolver::dayOf(const DateCandidate &candidate) const
 {
+    if (isOfGregorianYear(candidate))
+        return dayOfGregorian({.era = 1,
+                               .year = *candidate.year,
+                               .month = candidate.month.value_or(0),
+                               .day = candidate.day.value_or(1)});
     const NSDateComponents components = componentsOf(candidate);
     if (components.month == NSUndefinedDateComponent)
         return std::nullopt;

@@ -70,6 +70,7 @@ struct DateSaid
     bool isNow = false;
     QVarLengthArray<Move, 4> moves;
     std::optional<Time> time;
+    bool hasZone = false; ///< behind the time
     QVarLengthArray<Part, 16> parts;
     /// Why it cannot be; empty if it can.
     const char16_t *contradiction = nullptr;

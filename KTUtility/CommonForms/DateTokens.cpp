@@ -16,7 +16,7 @@ bool isDigit(QChar unit)
 /// The signs of dates and times; one for those that look alike. 0 if it is none.
 char16_t signOf(char16_t unit)
 {
-    constexpr QStringView Signs = u".,/-:'()+";
+    constexpr QStringView Signs = u".,/-:'()";
     switch (unit) {
     case u'\u3001':
     case u'\u060C':
@@ -102,12 +102,28 @@ qsizetype DateTokens::readWord(QStringView folded, const DateWords &words, qsize
         const qsizetype end = endOfWord(folded, at);
         const DateWord *const name = words.nameLike(folded.sliced(at, end - at));
         if (!name)
-            return end == at ? readSign(folded, at) : at;
+            return end == at && folded[at] != u'+' ? readSign(folded, at)
+                                                   : readZone(folded, words, at);
         token.length = end - at;
         token.words = {name, 1};
     }
     _tokens.append(token);
     return at + token.length;
+}
+
+/// The zone of the time before it, if it is one only.
+qsizetype DateTokens::readZone(QStringView folded, const DateWords &words, qsizetype at)
+{
+    if (_zone.length > 0 || _tokens.isEmpty())
+        return at;
+    _zone = zoneAt(folded, at, words.locale());
+    if (!_zone.isRead())
+        return at;
+    _tokens.append({.type = DateToken::Type::Zone,
+                    .isSpaced = _isSpaced,
+                    .begin = at,
+                    .length = _zone.length});
+    return at + _zone.length;
 }
 
 qsizetype DateTokens::readSign(QStringView folded, qsizetype at)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DateWords_p.h"
+#include "TypedZone_p.h"
 #include <KTUtility/KTUtilityExport.h>
 
 #include <QStringView>
@@ -12,7 +13,7 @@ namespace KTPrivate {
 /// A number, word or sign of a typed date.
 struct KTUTILITY_EXPORT DateToken
 {
-    enum class Type : quint8 { Number, Word, Sign };
+    enum class Type : quint8 { Number, Word, Sign, Zone };
 
     Type type = Type::Sign;
     bool isSpaced = false;  ///< whether a blank stands before it
@@ -43,6 +44,8 @@ public:
     /// Whether all of the text is known words, numbers and signs.
     bool isValid() const { return _isValid; }
     qsizetype count() const { return _tokens.size(); }
+    /// What the token of a zone means.
+    const TypedZone &zone() const { return _zone; }
     /// One without a type that fits anything behind the end.
     const DateToken &at(qsizetype index) const;
 
@@ -51,8 +54,10 @@ private:
     qsizetype readNumber(QStringView folded, const DateWords &words, qsizetype at);
     qsizetype readWord(QStringView folded, const DateWords &words, qsizetype at);
     qsizetype readSign(QStringView folded, qsizetype at);
+    qsizetype readZone(QStringView folded, const DateWords &words, qsizetype at);
 
     QVarLengthArray<DateToken, MaximumCount> _tokens;
+    TypedZone _zone;
     bool _isSpaced = false;
     bool _isValid = false;
 };

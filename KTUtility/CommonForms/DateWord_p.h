@@ -8,6 +8,7 @@ struct DateWord
 {
     enum class Kind : quint8 {
         Filler,   ///< "the", "of"
+        Joiner,   ///< "and", "more", in amounts
         TimeMark, ///< "at", before a time
         Now,
         Month,           ///< value: from 1
@@ -18,6 +19,7 @@ struct DateWord
         RelativeUnit,    ///< "next week"; value: an NSCalendarUnits; sign: how many ahead
         FixedAmount,     ///< "two days ago" as one word; value: an NSCalendarUnits; sign: how many
         Unit,            ///< value: an NSCalendarUnits
+        OneUnit,         ///< the name of a unit beside 1 alone; value: the unit
         AmountPrefix,    ///< "in", before an amount; sign
         AmountSuffix,    ///< "ago", behind an amount; sign
         UnitWithSuffix,  ///< "days ago" that cannot be told apart; value: the unit; sign
@@ -25,10 +27,10 @@ struct DateWord
         DayPeriod,       ///< value: a bit for each hour that it names
         HalfOfDay,       ///< the same for AM and PM
         HourName,        ///< "noon"; value: the hour
-        HourMark,        ///< behind the number of an hour: "h", "Uhr"
+        HourMark, ///< behind the number of an hour: "h", "Uhr"; sign: 1 if hours go to twelve
         MinuteMark,
         SecondMark,
-        HalfHour, ///< in the place of minutes
+        HalfHour, ///< in the place of minutes; value: how many
         YearMark, ///< behind the number of a year, as in Japanese
         MonthMark,
         DayMark

@@ -40,6 +40,25 @@ bool isLike(QStringView word, QStringView name)
            name.size() - common <= LongestOwnEnding;
 }
 
+/// Arabic and Hebrew as they are typed: without vowels, and without hamzas on letters.
+QString withoutMarks(QStringView words)
+{
+    QString bare = words.toString().normalized(QString::NormalizationForm_D);
+    bare.removeIf([](QChar unit) {
+        return unit.isMark() &&
+               (unit.script() == QChar::Script_Hebrew || unit.script() == QChar::Script_Arabic ||
+                unit.script() == QChar::Script_Inherited);
+    });
+    return bare;
+}
+
+bool isSemitic(QStringView words)
+{
+    return std::any_of(words.begin(), words.end(), [](QChar unit) {
+        return unit.script() == QChar::Script_Hebrew || unit.script() == QChar::Script_Arabic;
+    });
+}
+
 QString withoutPoints(QStringView words)
 {
     return words.toString().remove(u'.').trimmed();
@@ -57,7 +76,7 @@ std::shared_ptr<const DateWords> DateWords::wordsOf(const NSLocale &locale)
     return words;
 }
 
-DateWords::DateWords(const NSLocale &locale)
+DateWords::DateWords(const NSLocale &locale) : _locale(locale)
 {
     const icu::Locale icuLocale = ICU::localeOf(locale);
     addDateNames(*this, icuLocale);
@@ -75,6 +94,8 @@ void DateWords::add(QStringView words, const DateWord &meaning)
     if (bare.isEmpty())
         return;
     _table.add(bare, meaning);
+    if (isSemitic(bare))
+        _table.add(withoutMarks(bare), meaning);
     const QStringView typed = words.trimmed();
     const QStringView withoutLast = typed.endsWith(u'.') ? typed.chopped(1) : typed;
     if (withoutLast.contains(u'.')) {

@@ -35,9 +35,12 @@ public:
     /// not.
     qsizetype ordinalAt(QStringView folded, qsizetype position) const;
 
+    const NSLocale &locale() const { return _locale; }
     /// Whether people say before which noon an hour is.
     bool hasTwelveHours() const { return _hasTwelveHours; }
 
+    /// Whether the hour behind noon is called 0, as in Japan.
+    bool hasHourZero() const { return _hasHourZero; }
     /// The sign between day and month where the day comes first; 0 if the month does.
     char16_t dayMonthSign() const { return _dayMonthSign; }
 
@@ -54,6 +57,7 @@ public:
     void addMonthsWith(const QString &prefix, const QString &suffix);
     void setDayMonthSign(char16_t sign) { _dayMonthSign = sign; }
     void setHasTwelveHours(bool hasTwelveHours) { _hasTwelveHours = hasTwelveHours; }
+    void setHasHourZero(bool hasHourZero) { _hasHourZero = hasHourZero; }
 
 private:
     struct Name
@@ -64,10 +68,12 @@ private:
 
     bool isKnown(const QString &folded) const;
 
+    const NSLocale _locale;
     PhraseTable<DateWord> _table;
     PhraseTable<char> _ordinals;
     std::vector<Name> _names;
     bool _hasTwelveHours = false;
+    bool _hasHourZero = false;
     char16_t _dayMonthSign = 0;
 };
 } // namespace KTPrivate

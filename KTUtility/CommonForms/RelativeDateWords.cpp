@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <memory>
 
 using namespace KTPrivate;
@@ -108,9 +109,51 @@ void addDirections(DateWords &words, const Formatter &formatter, const CountedUn
                   {Kind::RelativeUnit, int(unit.unit), distance});
 }
 
+/// With which numbers the names of a unit are said.
+class UnitNames
+{
+public:
+    void add(QStringView name, int number)
+    {
+        constexpr int AlsoLikeOne = 21;
+        const QString word = name.trimmed().toString();
+        bool &isOne = _isOne.try_emplace(word, true).first->second;
+        isOne = isOne && (number == 1 || number == AlsoLikeOne);
+    }
+
+    /// Adds all of them with a meaning, and another for those that are said of one only: these can
+    /// stand without a number.
+    void addTo(DateWords &words, const DateWord &meaning, const DateWord &meaningOfOne) const
+    {
+        for (const auto &[name, isOne] : _isOne) {
+            words.add(name, meaning);
+            if (isOne)
+                words.add(name, meaningOfOne);
+        }
+    }
+
+private:
+    std::map<QString, bool> _isOne;
+};
+
+/// The names of a unit, alone and with what stands behind them.
+struct UsedNames
+{
+    void addTo(DateWords &words, int unit) const
+    {
+        alone.addTo(words, {Kind::Unit, unit}, {Kind::OneUnit, unit});
+        past.addTo(words, {Kind::UnitWithSuffix, unit, -1}, {Kind::FixedAmount, unit, -1});
+        future.addTo(words, {Kind::UnitWithSuffix, unit, 1}, {Kind::FixedAmount, unit, 1});
+    }
+
+    UnitNames alone;
+    UnitNames past;
+    UnitNames future;
+};
+
 /// The name of a unit, and what stands beside it: "days ago" is "days" and "ago".
-void addAmount(DateWords &words, const Template &amount, const CountedUnit &unit, int sign,
-               const QStringList &names)
+void addAmount(DateWords &words, const Template &amount, int sign, int number,
+               const QStringList &names, UsedNames *used)
 {
     if (hasLetters(amount.prefix)) // not "+3 d"
         words.add(amount.prefix, {Kind::AmountPrefix, 0, sign});
@@ -119,18 +162,20 @@ void addAmount(DateWords &words, const Template &amount, const CountedUnit &unit
     for (const QString &name : names) {
         if (!amount.suffix.startsWith(name) || !isWordEnd(amount.suffix, name.size()))
             continue;
+        used->alone.add(name, number);
         words.add(QStringView(amount.suffix).sliced(name.size()), {Kind::AmountSuffix, 0, sign});
         if (amount.prefix.isEmpty()) // where no blank stands between the words
-            words.add(amount.suffix, {Kind::UnitWithSuffix, int(unit.unit), sign});
+            (sign > 0 ? used->future : used->past).add(amount.suffix, number);
         return;
     }
-    words.add(amount.suffix, amount.prefix.isEmpty()
-                                 ? DateWord{Kind::UnitWithSuffix, int(unit.unit), sign}
-                                 : DateWord{Kind::Unit, int(unit.unit)});
+    if (amount.prefix.isEmpty())
+        (sign > 0 ? used->future : used->past).add(amount.suffix, number);
+    else
+        used->alone.add(amount.suffix, number);
     // The unit has another case here than alone; what is behind it is the same for all.
     const qsizetype blank = amount.suffix.indexOf(u' ');
     if (blank > 0)
-        words.add(QStringView(amount.suffix).left(blank), {Kind::Unit, int(unit.unit)});
+        used->alone.add(QStringView(amount.suffix).left(blank), number);
 }
 
 QString stringOf(const Formatter &formatter, int number, int sign, UDateRelativeUnit unit)
@@ -143,7 +188,7 @@ QString stringOf(const Formatter &formatter, int number, int sign, UDateRelative
 }
 
 void addAmounts(DateWords &words, const Formatter &formatter, const CountedUnit &unit,
-                const QStringList &names)
+                const QStringList &names, UsedNames *used)
 {
     for (const int number : Samples) {
         // What is said of both directions tells none.
@@ -153,7 +198,7 @@ void addAmounts(DateWords &words, const Formatter &formatter, const CountedUnit 
         for (const int sign : {1, -1}) {
             const Template amount(stringOf(formatter, number, sign, unit.relative));
             if (amount.hasNumber)
-                addAmount(words, amount, unit, sign, names);
+                addAmount(words, amount, sign, number, names, used);
             else
                 words.add(amount.prefix, {Kind::FixedAmount, int(unit.unit), sign * number});
         }
@@ -204,6 +249,7 @@ Kind markOf(NSCalendarUnits unit)
 void KTPrivate::addRelativeDateWords(DateWords &words, const icu::Locale &locale)
 {
     for (const CountedUnit &unit : Units) {
+        UsedNames used;
         const QStringList names = namesOf(locale, unit);
         for (const QString &name : names) {
             words.add(name, {Kind::Unit, int(unit.unit)});
@@ -215,9 +261,10 @@ void KTPrivate::addRelativeDateWords(DateWords &words, const icu::Locale &locale
             if (!formatter)
                 continue;
             addDirections(words, *formatter, unit);
-            addAmounts(words, *formatter, unit, names);
+            addAmounts(words, *formatter, unit, names, &used);
             if (unit.unit == NSDayCalendarUnit)
                 addDays(words, *formatter);
         }
+        used.addTo(words, int(unit.unit));
     }
 }

@@ -53,6 +53,8 @@ public:
 private:
     const DateToken &token(qsizetype ahead = 0) const { return _tokens.at(_at + ahead); }
 
+    bool isJoiner() const { return token().is(Kind::Joiner) || token().is(Kind::Filler); }
+
     /// The direction, if there is one only.
     static int signOf(const DateToken &token)
     {
@@ -92,19 +94,54 @@ private:
 
     bool readAmount(bool hasPrefix)
     {
+        if (readOneUnit(hasPrefix))
+            return true;
         const DateWord *const word = token().word(Kind::Number);
         const int number = token().isNumber() ? token().value : word ? word->value : -1;
         if (number < 0 || number > MaximumAmount || _moves.size() >= MaximumMoves || _sign != 0)
             return false;
         const qsizetype begin = _at++;
-        if (readUnit(number, hasPrefix))
+        if (readUnit(number, hasPrefix) || readFraction(number))
             return true;
-        if (token().is(Kind::Filler)) // "2 more minutes"
+        if (isJoiner()) // "2 more minutes"
             ++_at;
         if (readUnit(number, hasPrefix))
             return true;
         _at = begin;
         return false;
+    }
+
+    /// "час назад": one, without a number.
+    bool readOneUnit(bool hasPrefix)
+    {
+        const int unit = unitOf(token(), Kind::OneUnit);
+        const bool isCounted = hasPrefix || token(1).is(Kind::AmountSuffix);
+        if (unit == 0 || !_moves.isEmpty() || !isCounted || token(1).isNumber())
+            return false;
+        _moves.append({unit, 1});
+        ++_at;
+        return true;
+    }
+
+    /// "2.5 hours"; parts of what is longer are no time.
+    bool readFraction(int whole)
+    {
+        constexpr int SecondsPerHour = 3600;
+        constexpr int SecondsPerMinute = 60;
+        const bool isFraction = (token().isSign(u'.') || token().isSign(u',')) &&
+                                token(1).isNumber() && !token().isSpaced && !token(1).isSpaced &&
+                                token(1).digits <= 2;
+        const int unit = isFraction ? unitOf(token(2), Kind::Unit) : 0;
+        const int length = unit == int(NSHourCalendarUnit)     ? SecondsPerHour
+                           : unit == int(NSMinuteCalendarUnit) ? SecondsPerMinute
+                                                               : 0;
+        if (length == 0)
+            return false;
+        const int parts = token(1).digits == 1 ? 10 : 100;
+        _moves.append(
+            {int(NSSecondCalendarUnit), whole * length + token(1).value * length / parts});
+        _at += 3;
+        return true;
     }
 
     bool readUnit(int number, bool hasPrefix)
@@ -128,7 +165,7 @@ private:
 
     void skipAnd()
     {
-        const qsizetype ahead = token().is(Kind::Filler) || token().isSign(u',') ? 1 : 0;
+        const qsizetype ahead = isJoiner() || token().isSign(u',') ? 1 : 0;
         if (ahead > 0 && token(ahead).isNumber() && token(ahead + 1).is(Kind::Unit))
             _at += ahead;
     }

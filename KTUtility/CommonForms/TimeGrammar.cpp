@@ -229,13 +229,13 @@ void TimeGrammar::readDots()
 /// 17h, 17h30, 17h30min15s
 void TimeGrammar::readMarked()
 {
-    _clock.isPlain = false;
-    _clock.hasMark = true;
+    _clock.hasMark = token(1).word(Kind::HourMark)->sign == 0; // not "o'clock"
+    _clock.isPlain = !_clock.hasMark;
     _at += 2;
     if (token().isSign(u'.') && !token().isSpaced && token(1).isNumber() && token(1).isSpaced)
         ++_at;
     if (token().is(Kind::HalfHour)) {
-        _clock.minute = 30;
+        _clock.minute = token().word(Kind::HalfHour)->value;
         _clock.minuteToken = _at++;
     } else {
         readMinutesBehindMark();
@@ -299,6 +299,8 @@ std::optional<int> TimeGrammar::hourOfDay() const
     if (!_clock.hour)
         return _named;
     std::optional<int> hour = _clock.hour;
+    if (*hour == 0 && !_periods.isEmpty() && _words.hasHourZero())
+        hour = Noon; // "午後0時"
     bool isKnown = false;
     for (const bool isExact : {true, false}) {
         for (const Period &period : _periods) {

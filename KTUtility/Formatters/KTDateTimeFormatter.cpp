@@ -443,7 +443,8 @@ bool KTDateTimeFormatter::readTyped(QVariant *value, QDateTime *clock, const QSt
                               : readByPatterns(value, clock, text, errorDescription);
 }
 
-/// Reads in one kind of forms after the other.
+/// Reads in one kind of forms after the other. Common ones come before the patterns, which take
+/// some of them in a way that nobody means.
 bool KTDateTimeFormatter::readForms(QVariant *value, QDateTime *clock, const QString &text,
                                     QString *errorDescription) const
 {

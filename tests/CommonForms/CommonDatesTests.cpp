@@ -67,6 +67,7 @@ TEST(CommonDates, ReadsNamesOfMonthsOnEitherSideOfTheDay)
         {"lv_LV", u"2008. gada 5. marts", u"2008-03-05 12:00:00"},
         {"he_IL", u"5 במרץ 2008", u"2008-03-05 12:00:00"},
         {"ar_EG", u"٥ مارس ٢٠٠٨", u"2008-03-05 12:00:00"},
+        {"ar_EG", u"5 اغسطس 2008", u"2008-08-05 12:00:00"},
         {"vi_VN", u"ngày 5 tháng 3 năm 2008", u"2008-03-05 12:00:00"},
         {"vi_VN", u"5 tháng 12 năm 2008", u"2008-12-05 12:00:00"},
         {"ja_JP", u"2008年3月5日", u"2008-03-05 12:00:00"},
@@ -124,6 +125,8 @@ TEST(CommonDates, ChecksTheWeekday)
         {"en_US", u"Sunday 7/12/2014", u"2014-12-07 12:00:00"},
         {"sk_SK", u"št 6. 6. 2019", u"2019-06-06 12:00:00"},
         {"fil_PH", u"Mar 15, 2013", u"2013-03-15 12:00:00"},
+        {"sq_AL", u"Sht, 23 mar 2019", u"2019-03-23 12:00:00"},
+        {"en_US", u"March 5, 2008 and more", u"unknown"},
     });
 }
 
@@ -221,6 +224,26 @@ TEST(CommonDates, ReadsTimesOfDayBesideDates)
     });
 }
 
+TEST(CommonDates, ConvertsTimesOfOtherZones)
+{
+    expectReadings({
+        {"en_US", u"March 5, 2008 2:30 PM PST", u"2008-03-05 22:30:00"},
+        {"en_US", u"2:30 PM GMT+2, March 5, 2008", u"2008-03-05 12:30:00"},
+        {"de_DE", u"5. März 2008 um 14:30 Uhr MEZ", u"2008-03-05 13:30:00"},
+        {"en_US", u"tomorrow at 17:00 Europe/Berlin", u"2019-06-06 15:00:00"},
+        {"en_US", u"March 5, 2008 14:30 +0100", u"2008-03-05 13:30:00"},
+        {"en_US", u"March 5, 2008 PST", u"unknown"},
+        {"en_US", u"March 5, 2008 14:30 PST PST", u"unknown"},
+        {"en_GB", u"5 March 2008 14:30 IST", u"unknown"},
+        {"en_US", u"PST 14:30", u"unknown"},
+    });
+    const InZone zone("UTC");
+    const CommonDate date =
+        readCommonDate(u"March 5, 2008 2:30 PM GMT+2"_s, commonDateField(u"en_US"_s));
+    EXPECT_EQ(date.reading.zone, u"UTC+02:00");
+    EXPECT_EQ(date.reading.parts.last().role, u"zone");
+}
+
 TEST(CommonDates, ReadsDaysNearToday)
 {
     expectReadings({
@@ -241,6 +264,7 @@ TEST(CommonDates, ReadsDaysNearToday)
         {"es_ES", u"mañana a las 8 de la mañana", u"2019-06-06 08:00:00"},
         {"ru_RU", u"вчера", u"2019-06-04 12:00:00"},
         {"he_IL", u"מחר", u"2019-06-06 12:00:00"},
+        {"ar_EG", u"غدا", u"2019-06-06 12:00:00"},
         {"ja_JP", u"明後日", u"2019-06-07 12:00:00"},
         {"zh_CN", u"后天", u"2019-06-07 12:00:00"},
         {"ko_KR", u"어제", u"2019-06-04 12:00:00"},
@@ -278,6 +302,14 @@ TEST(CommonDates, ReadsAmountsOfTimeFromNow)
         {"ja_JP", u"5分前", u"2019-06-05 14:25:20"},
         {"ko_KR", u"3일 전", u"2019-06-02 14:30:20"},
         {"zh_CN", u"3天后", u"2019-06-08 14:30:20"},
+        {"en_US", u"in 2.5 hours", u"2019-06-05 17:00:20"},
+        {"de_DE", u"in 1,25 Stunden", u"2019-06-05 15:45:20"},
+        {"en_US", u"in 2.5 months", u"unknown"},
+        {"ru_RU", u"час назад", u"2019-06-05 13:30:20"},
+        {"ru_RU", u"через неделю", u"2019-06-12 14:30:20"},
+        {"pl_PL", u"za godzinę", u"2019-06-05 15:30:20"},
+        {"es_ES", u"hace una hora", u"2019-06-05 13:30:20"},
+        {"en_US", u"days ago", u"unknown"},
         {"en_US", u"3 days", u"unknown"},
         {"en_US", u"in 3", u"unknown"},
         {"en_US", u"in 3 days ago", u"2019-06-02 14:30:20"},
@@ -328,6 +360,10 @@ TEST(CommonDates, ReadsOtherCalendars)
     const CalendarRow rows[] = {
         {"th_TH", u"5 มีนาคม 2551", QDate(2008, 3, 5)},
         {"th_TH", u"5/3/2551", QDate(2008, 3, 5)},
+        {"th_TH", u"5/3/2008", QDate(2008, 3, 5)},
+        {"th_TH", u"5 มีนาคม 2008", QDate(2008, 3, 5)},
+        {"ja_JP@calendar=japanese", u"2008年3月5日", QDate(2008, 3, 5)},
+        {"fa_IR", u"2008/3/5", QDate(2008, 3, 5)},
         {"fa_IR", u"۱۵ اسفند ۱۳۸۶", QDate(2008, 3, 5)},
         {"he_IL@calendar=hebrew", u"28 אדר א׳ 5768", QDate(2008, 3, 5)},
         {"ja_JP@calendar=japanese", u"平成20年3月5日", QDate(2008, 3, 5)},

@@ -68,6 +68,7 @@ TEST(DateCandidates, HaveTheYearWhereItMustBe)
     EXPECT_EQ(candidates(saidBy(u"74/3/4"), DMY), u"74-3-4");
     EXPECT_EQ(candidates(saidBy(u"3/2008"), DMY), u"2008-3-?");
     EXPECT_EQ(candidates(saidBy(u"2008/3"), DMY), u"2008-3-?");
+    EXPECT_EQ(candidates(saidBy(u"2008-03"), DMY), u"");
     EXPECT_EQ(candidates(saidBy(u"3/2008/4"), DMY), u"");
     EXPECT_EQ(candidates(saidBy(u"3/4/123"), DMY), u"");
 }

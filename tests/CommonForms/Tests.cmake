@@ -1,5 +1,6 @@
 target_sources(KTUtilityTests PRIVATE
     CommonForms/CommonDatesHostileTests.cpp
+    CommonForms/CommonDatesLocalesTests.cpp
     CommonForms/CommonDatesTests.cpp
     CommonForms/CountTests.cpp
     CommonForms/DateCandidatesTests.cpp

@@ -79,6 +79,8 @@ TEST(TimeGrammar, ReadsHalvesOfTheDay)
         {"el_GR", u"5:30 μ.μ.", u"17:30:00"},
         {"el_GR", u"5:30μμ", u"17:30:00"},
         {"hu_HU", u"du. 5:30", u"17:30:00"},
+        {"ja_JP", u"午後0時30分", u"12:30:00"},
+        {"ja_JP", u"午前0時30分", u"00:30:00"},
         {"ja_JP", u"午後5時30分", u"17:30:00"},
         {"ko_KR", u"오후 5:30", u"17:30:00"},
         {"zh_CN", u"下午5:30", u"17:30:00"},
@@ -145,6 +147,10 @@ TEST(TimeGrammar, ReadsMarksOfHours)
         {"vi_VN", u"17 giờ 30", u"17:30:00"},
         {"ru_RU", u"17 ч. 30 мин.", u"no time"},
         {"en_US", u"17h5", u"no time"},
+        {"en_US", u"5 o'clock", u"no time"},
+        {"en_US", u"5 o'clock in the evening", u"17:00:00"},
+        {"zh_CN", u"下午5点一刻", u"17:15:00"},
+        {"hu_HU", u"17:30-kor", u"17:30:00"},
         {"fr_FR", u"25h", u"There is no such time."},
     });
 }

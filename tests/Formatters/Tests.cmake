@@ -12,6 +12,7 @@ target_sources(KTUtilityTests PRIVATE
     Formatters/FormatterRoundTripTests.cpp
     Formatters/KTCurrencyFormatterTests.cpp
     Formatters/KTDateFormatterListTests.cpp
+    Formatters/KTDateTimeFormatterCommonFormsTests.cpp
     Formatters/KTDateTimeFormatterReadingTests.cpp
     Formatters/KTDateTimeFormatterTests.cpp
     Formatters/KTDurationFormatterModelTests.cpp
