@@ -8,8 +8,10 @@
 #include <unicode/listformatter.h>
 #include <unicode/measunit.h>
 #include <unicode/numberformatter.h>
+#include <unicode/plurrule.h>
 #include <unicode/reldatefmt.h>
 
+#include <algorithm>
 #include <array>
 
 using namespace KTPrivate;
@@ -205,6 +207,24 @@ private:
     }
 };
 
+/// A count for each plural of a language: 1, 2, 5 in Polish.
+std::vector<int> countsOfAllPlurals(const QByteArray &locale)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::PluralRules> rules(
+        icu::PluralRules::forLocale(icu::Locale(locale.constData()), status));
+    const std::unique_ptr<icu::StringEnumeration> keywords(
+        U_SUCCESS(status) ? rules->getKeywords(status) : nullptr);
+    std::vector<int> counts{1, 2};
+    while (const icu::UnicodeString *keyword = keywords ? keywords->snext(status) : nullptr) {
+        double sample = 0;
+        const bool isSampled = rules->getSamples(*keyword, &sample, 1, status) > 0;
+        if (isSampled && sample == int(sample) && sample > 2)
+            counts.push_back(int(sample));
+    }
+    return counts;
+}
+
 /// A number with a unit, and where each of them stands.
 struct WrittenCount
 {
@@ -260,23 +280,24 @@ DurationWords::DurationWords(const QByteArray &locale)
     addRelativeUnits(locale);
     addExtras(icu::Locale(locale.constData()).getLanguage());
     addConjunction(locale);
+    std::sort(_names.begin(), _names.end());
 }
 
 /// In all widths, with counts of every plural.
 void DurationWords::addUnits(DurationUnit unit, const QByteArray &locale)
 {
     using namespace icu::number;
-    constexpr std::array Counts{0, 1, 2, 3, 5, 11, 20, 21, 100, 1'000'000};
+    const std::vector<int> samples = countsOfAllPlurals(locale);
     for (const UNumberUnitWidth width :
          {UNUM_UNIT_WIDTH_FULL_NAME, UNUM_UNIT_WIDTH_SHORT, UNUM_UNIT_WIDTH_NARROW}) {
         const LocalizedNumberFormatter formatter =
             NumberFormatter::withLocale(icu::Locale(locale.constData()))
                 .unit(measureUnit(unit))
                 .unitWidth(width);
-        for (const int count : Counts) {
+        for (const int count : samples) {
             UErrorCode status = U_ZERO_ERROR;
             const WrittenCount written = taken(formatter.formatInt(count, status));
-            if (U_SUCCESS(status) && !(count == 0 && !written.hasNumber))
+            if (U_SUCCESS(status))
                 addUnit(written.unit, {unit, written.hasNumber ? 0 : count});
         }
     }
@@ -309,7 +330,7 @@ void DurationWords::addUnit(const QString &word, const DurationWord &meaning)
         folded.chop(1);
         units.add(folded, meaning);
     }
-    if (meaning.count == 0)
+    if (meaning.count == 0 && !folded.isEmpty())
         _names.emplace_back(folded, meaning.unit);
 }
 
@@ -346,12 +367,23 @@ std::optional<DurationUnit> DurationWords::derived(QStringView word) const
     return unit ? unit : abbreviated(word);
 }
 
+/// Those that begin with the same letter.
+std::span<const DurationWords::Name> DurationWords::namesLike(QStringView word) const
+{
+    const auto isBefore = [](const Name &left, QChar right) { return left.first.front() < right; };
+    const auto isBehind = [](QChar left, const Name &right) { return left < right.first.front(); };
+    if (word.isEmpty())
+        return {};
+    const auto begin = std::lower_bound(_names.begin(), _names.end(), word.front(), isBefore);
+    return {begin, std::upper_bound(begin, _names.end(), word.front(), isBehind)};
+}
+
 /// The one whose names have the longest stem in common with a word.
 std::optional<DurationUnit> DurationWords::inflected(QStringView word) const
 {
     qsizetype longest = 0;
     std::optional<DurationUnit> unit;
-    for (const auto &[name, meaning] : _names) {
+    for (const auto &[name, meaning] : namesLike(word)) {
         const qsizetype stem = commonStem(word, name);
         if (stem > 0 && stem == longest && unit && *unit != meaning)
             unit.reset();
@@ -368,7 +400,7 @@ std::optional<DurationUnit> DurationWords::abbreviated(QStringView word) const
 {
     constexpr qsizetype MinimumLength = 3;
     std::optional<DurationUnit> unit;
-    for (const auto &[name, meaning] : _names) {
+    for (const auto &[name, meaning] : namesLike(word)) {
         if (word.size() < MinimumLength || !name.startsWith(word))
             continue;
         if (unit && *unit != meaning)

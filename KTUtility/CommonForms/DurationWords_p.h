@@ -71,6 +71,9 @@ public:
     std::optional<DurationUnit> derived(QStringView word) const;
 
 private:
+    using Name = std::pair<QString, DurationUnit>;
+
+    std::span<const Name> namesLike(QStringView word) const;
     void addUnits(DurationUnit unit, const QByteArray &locale);
     void addRelativeUnits(const QByteArray &locale);
     void addUnit(const QString &word, const DurationWord &meaning);
@@ -79,6 +82,6 @@ private:
     std::optional<DurationUnit> inflected(QStringView word) const;
     std::optional<DurationUnit> abbreviated(QStringView word) const;
 
-    std::vector<std::pair<QString, DurationUnit>> _names; ///< folded
+    std::vector<Name> _names; ///< folded and sorted
 };
 } // namespace KTPrivate

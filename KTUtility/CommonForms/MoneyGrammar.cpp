@@ -28,10 +28,11 @@ public:
         skipWords();
         if (_openedAt < 0)
             _openedAt = takeOpening();
+        take(u' ');
         if (!readNumber())
             return isUnknown() ? unknown() : TypedDecimal();
         readTail();
-        const bool isClosed = _openedAt >= 0 && take(u')');
+        const bool isClosed = _openedAt >= 0 && takeClosing();
         skipWords();
         if (_openedAt >= 0 && !isClosed && !take(u')'))
             return {};
@@ -55,6 +56,17 @@ private:
     {
         const qsizetype begin = _at;
         return take(u'(') ? begin : -1;
+    }
+
+    /// Behind a blank or none.
+    bool takeClosing()
+    {
+        const qsizetype begin = _at;
+        take(u' ');
+        const bool isClosed = take(u')');
+        if (!isClosed)
+            _at = begin;
+        return isClosed;
     }
 
     bool isUnknown() const { return _at < _folded.size(); }

@@ -31,8 +31,11 @@ public:
         if (_count.kind == Count::Kind::Numeral)
             readExponent();
         readSignsBehind();
-        if (_isInParentheses && !take(u')'))
-            return {};
+        if (_isInParentheses) {
+            take(u' ');
+            if (!take(u')'))
+                return {};
+        }
         if (_at < _folded.size())
             return {};
         if (isPercentSignWrong())

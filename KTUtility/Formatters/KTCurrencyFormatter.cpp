@@ -363,9 +363,6 @@ bool KTCurrencyFormatter::readCommonMoney(QVariant *value, const QString &forStr
         if (!money.isUnknown())
             typed = money;
     }
-    QVariant found;
-    if (!typed.isRead() && readCurrency(&found, forString, nullptr))
-        typed = typedAsShown(found, forString, typed);
     return answer(typed, forString, value, errorDescription);
 }
 

@@ -116,6 +116,7 @@ const QStringList &KTDurationFormatter::pluralNames()
 void KTDurationFormatter::setLocale(const NSLocale &locale)
 {
     _locale = locale;
+    _words.reset();
     Q_EMIT localeChanged();
 }
 
@@ -171,9 +172,8 @@ QString KTDurationFormatter::exactText(const NSDecimalNumber &seconds) const
         return u""_s;
     const NSDecimalNumber length =
         seconds.isNegative() ? seconds.decimalNumberByNegating() : seconds;
-    const NSDecimalNumber minutes = wholeMinutesOf(length, this);
-    const NSDecimalNumber rest = length.decimalNumberBySubtracting(minutes, exactDecimals());
-    QString text = wholeText(minutes);
+    NSDecimalNumber rest;
+    QString text = textOfMinutes(length, &rest);
     if (rest > NSDecimalNumber() || text.isEmpty()) {
         const bool isOne = rest == NSDecimalNumber::one();
         const QStringList &names = isOne ? _tables.singularNames : _tables.pluralNames;
@@ -182,6 +182,34 @@ QString KTDurationFormatter::exactText(const NSDecimalNumber &seconds) const
                                    : u' ' + names.at(SecondsIndex));
     }
     return seconds.isNegative() ? u'-' + text : text;
+}
+
+/// Without the seconds that are left over.
+QString KTDurationFormatter::textOfMinutes(const NSDecimalNumber &length,
+                                           NSDecimalNumber *rest) const
+{
+    constexpr qint64 SecondsInAMinute = 60;
+    const qint64 whole = length.integerValue();
+    if (length.isInteger() && NSDecimalNumber(whole) == length) {
+        *rest = NSDecimalNumber(whole % SecondsInAMinute);
+        return textOfMinutes(whole);
+    }
+    const NSDecimalNumber minutes = wholeMinutesOf(length, this);
+    *rest = length.decimalNumberBySubtracting(minutes, exactDecimals());
+    return wholeText(minutes);
+}
+
+/// The same for what machines count in.
+QString KTDurationFormatter::textOfMinutes(qint64 rest) const
+{
+    QString text;
+    for (qsizetype index = 0; index < SecondsIndex; ++index) {
+        const qint64 unit = std::array{604'800, 86'400, 3'600, 60}[size_t(index)];
+        if (const qint64 count = rest / unit)
+            appendToString(&text, NSDecimalNumber(count), index);
+        rest %= unit;
+    }
+    return text;
 }
 
 void KTDurationFormatter::appendToString(QString *string, const NSDecimalNumber &number,
@@ -304,19 +332,26 @@ bool KTDurationFormatter::readCommonForms(QVariant *value, const QString &forStr
     const FoldedText text(forString);
     TypedDecimal typed = ISODuration::read(text);
     if (typed.isUnknown()) {
-        const std::shared_ptr<const DurationWords> words = DurationWords::of(_locale);
-        const std::shared_ptr<const NumberSigns> signs = NumberSigns::of(_locale);
-        typed = DurationGrammar::read(text, {_tables.phrases, *words, *signs});
+        typed = DurationGrammar::read(text, vocabulary());
     }
-    if (typed.isRead())
-        return answer(typed, forString, value, errorDescription);
-    // In any order, as always.
+    // Units in any order, as always.
     QVariant found;
-    if (isOfCountsAndWords(forString) && readUnits(&found, forString, errorDescription)) {
+    if (typed.isRefused() && isOfCountsAndWords(forString) &&
+        readUnits(&found, forString, errorDescription)) {
         typed = {TypedDecimal::Outcome::Read, found.value<NSDecimalNumber>(), {}, {}};
         typed.reading.form = u"units"_s;
     }
     return answer(typed, forString, value, errorDescription);
+}
+
+/// Looked up once, when a text is read first.
+DurationVocabulary KTDurationFormatter::vocabulary() const
+{
+    if (!_words) {
+        _words = DurationWords::of(_locale);
+        _signs = NumberSigns::of(_locale);
+    }
+    return {_tables.phrases, *_words, *_signs};
 }
 
 bool KTDurationFormatter::answer(const TypedDecimal &typed, const QString &text, QVariant *value,
@@ -325,7 +360,8 @@ bool KTDurationFormatter::answer(const TypedDecimal &typed, const QString &text,
     KTReading reading = typed.reading;
     if (typed.isRead()) {
         *value = QVariant::fromValue(typed.value);
-        if (exactText(typed.value) == text)
+        const bool isOfUnits = reading.form.endsWith(u"units"_s);
+        if (isOfUnits && exactText(typed.value) == text)
             reading.form = u"display"_s;
     } else if (errorDescription) {
         *errorDescription = typed.isRefused() ? typed.reason : notADuration();

@@ -6,11 +6,16 @@
 #include <KTUtility/Platform/Text/NSLocale.h>
 #include <KTUtility/Platform/Values/NSDecimalNumber.h>
 
+#include <memory>
+
 class KTDurationTables;
 
 namespace KTPrivate {
+class DurationWords;
+struct DurationVocabulary;
+struct NumberSigns;
 struct TypedDecimal;
-}
+} // namespace KTPrivate
 
 /// Formats seconds as weeks, days, hours, minutes and seconds, and reads such texts.
 ///
@@ -120,9 +125,12 @@ private:
 
     QString wholeText(NSDecimalNumber rest) const;
     QString exactText(const NSDecimalNumber &seconds) const;
+    QString textOfMinutes(const NSDecimalNumber &length, NSDecimalNumber *rest) const;
+    QString textOfMinutes(qint64 rest) const;
     bool readUnits(QVariant *value, const QString &forString, QString *errorDescription) const;
     bool readCommonForms(QVariant *value, const QString &forString,
                          QString *errorDescription) const;
+    KTPrivate::DurationVocabulary vocabulary() const;
     bool answer(const KTPrivate::TypedDecimal &typed, const QString &text, QVariant *value,
                 QString *errorDescription) const;
 
@@ -130,4 +138,6 @@ private:
     bool _useAbbreviations = true;
     NSLocale _locale;
     bool _isFormattingForImportField = false;
+    mutable std::shared_ptr<const KTPrivate::DurationWords> _words;
+    mutable std::shared_ptr<const KTPrivate::NumberSigns> _signs;
 };

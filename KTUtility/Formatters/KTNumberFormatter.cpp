@@ -356,20 +356,9 @@ bool KTNumberFormatter::readCommonForms(QVariant *value, const QString &forStrin
                                         QString *errorDescription) const
 {
     const auto kind = _displaysPercent ? NumberGrammar::Kind::Percent : NumberGrammar::Kind::Number;
-    TypedDecimal typed =
+    const TypedDecimal typed =
         NumberGrammar::read(FoldedText(forString), *NumberSigns::of(_locale), kind);
-    QVariant found;
-    if (!typed.isRead() && !_displaysPercent && readNumber(&found, forString, nullptr))
-        typed = typedAsShown(found, forString, typed);
     return answer(typed, forString, value, errorDescription);
-}
-
-TypedDecimal KTNumberFormatter::typedAsShown(const QVariant &found, const QString &text,
-                                             const TypedDecimal &otherwise) const
-{
-    if (shownFormOf(found, text).isNull())
-        return otherwise;
-    return {TypedDecimal::Outcome::Read, found.value<NSDecimalNumber>(), {}, {}};
 }
 
 bool KTNumberFormatter::answer(const TypedDecimal &typed, const QString &text, QVariant *value,

@@ -166,10 +166,6 @@ protected:
     /// formatter shows for the value has a form of its own.
     bool answer(const KTPrivate::TypedDecimal &typed, const QString &text, QVariant *value,
                 QString *errorDescription) const;
-    /// What a text means that no grammar reads but \a found was read from without common forms: the
-    /// value, if the formatter shows it like this.
-    KTPrivate::TypedDecimal typedAsShown(const QVariant &found, const QString &text,
-                                         const KTPrivate::TypedDecimal &otherwise) const;
     /// Why a text without a reading has none.
     virtual QString unreadDescription() const;
 

@@ -67,6 +67,7 @@ constexpr Row Rows[] = {
     {"en_US", "USD", u"($5)", "-5"},
     {"en_US", "USD", u"$(5)", "-5"},
     {"en_US", "USD", u"(5) $", "-5"},
+    {"en_US", "USD", u"$( 5.00 )", "-5"},
     // No cents.
     {"de_CH", "CHF", u"CHF 5.\u2013", "5"},
     {"de_DE", "EUR", u"5,- \u20AC", "5"},

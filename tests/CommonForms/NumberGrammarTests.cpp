@@ -25,6 +25,7 @@ constexpr Row Rows[] = {
     {"en_US", u"+5", "5", "number"},
     {"en_US", u"(5)", "-5", "number"},
     {"en_US", u"(-5)", "-5", "number"},
+    {"en_US", u"( 5 )", "-5", "number"},
     {"en_US", u"5-", "-5", "common.number"},
     {"en_US", u"5 -", "-5", "common.number"},
     {"en_US", u"5.", "5", "number"},
