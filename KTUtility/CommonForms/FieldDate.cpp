@@ -36,6 +36,7 @@ FieldDate standardDate(StandardDate date, std::optional<qint64> instant,
     FieldDate result;
     result.answer = date.answer;
     result.reason = date.reason;
+    result.hasTime = date.time.has_value();
     if (!instant || !date.isRead())
         return result;
     result.instant = *instant;

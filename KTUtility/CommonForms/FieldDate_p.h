@@ -18,7 +18,8 @@ struct FieldDate
     /// Whether a text in no form begins with a date of ISO 8601, so that it can only be read as
     /// that date with something behind it.
     bool beginsWithDate = false;
-    qint64 instant = 0; ///< milliseconds since 1970
+    bool hasTime = true; ///< whether the text says a time of day
+    qint64 instant = 0;  ///< milliseconds since 1970
     KTReading reading;
     QString reason; ///< why it is refused, for people
 };

@@ -8,6 +8,7 @@
 #include <KTUtility/CommonForms/FieldDate_p.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Dates/DateFormatterAccess_p.h>
+#include <KTUtility/Platform/Dates/DatePattern_p.h>
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
 #include <KTUtility/Platform/Keys/NSClassRegistry.h>
 #include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
@@ -15,6 +16,7 @@
 #include <KTUtility/Platform/Values/WallClock_p.h>
 #include <KTUtility/Platform/Zones/TimeZoneRules_p.h>
 
+#include <algorithm>
 #include <mutex>
 
 using namespace KTPrivate;
@@ -44,6 +46,16 @@ DateOrder dateOrderOf(int inputOrder)
     default:
         return DateOrder::MonthDayYear;
     }
+}
+
+bool hasHour(const NSDateFormatter &formatter)
+{
+    const auto pattern = DatePattern::patternOf(formatter.dateFormat());
+    return std::any_of(pattern->elements().begin(), pattern->elements().end(),
+                       [](const DateElement &element) {
+                           return element.kind == DateElement::Kind::Number &&
+                                  QStringView(u"hHkK").contains(element.letter);
+                       });
 }
 
 /// What a clock in a zone shows at an instant.
@@ -498,12 +510,15 @@ std::optional<bool> KTDateTimeFormatter::readStandard(QVariant *value, QDateTime
     const NSDateFormatter &formatter = *displayFormatter();
     const ShownDateContext context{formatter, _calendar, [this] { return today(); },
                                    [this] { return defaultDate(); }};
-    const FieldDate date = readFieldDate(text, context, _locale);
+    FieldDate date = readFieldDate(text, context, _locale);
     *hasForeignOrder = date.beginsWithDate;
     if (date.answer == StandardDate::Answer::OtherForm)
         return std::nullopt;
-    const bool isRead = date.answer == StandardDate::Answer::Read;
-    setReading(date.reading);
+    const bool isRead =
+        date.answer == StandardDate::Answer::Read && (date.hasTime || displayDate());
+    if (!isRead && date.reason.isNull())
+        date.reason = u"The text says no time of day."_s;
+    setReading(isRead ? date.reading : KTReading());
     if (value)
         *value =
             isRead ? QVariant(DateFormatterAccess::dateOf(formatter, date.instant)) : QVariant();
@@ -514,12 +529,17 @@ std::optional<bool> KTDateTimeFormatter::readStandard(QVariant *value, QDateTime
     return isRead;
 }
 
+/// Whether nothing of a text is left over, nor has to be made up: a time where no date is shown.
+bool KTDateTimeFormatter::isMeant(const DateReading &reading) const
+{
+    return reading.chosen() && (displayDate() || hasHour(*reading.chosen()));
+}
+
 bool KTDateTimeFormatter::readByPatterns(QVariant *value, QDateTime *clock, const QString &text,
                                          QString *errorDescription) const
 {
     DateReading reading(text);
-    // What leaves text over is read as people mean it only if they mean nothing by the rest.
-    bool isRead = read(reading) && (reading.chosen() || !readsCommonForms());
+    bool isRead = read(reading) && (!readsCommonForms() || isMeant(reading));
     const bool isBareHour = reading.isBareHour();
     if (value)
         *value = isRead ? QVariant(reading.date()) : QVariant();

@@ -238,6 +238,7 @@ private:
                                      QString *errorDescription, bool *hasForeignOrder) const;
     bool readByPatterns(QVariant *value, QDateTime *clock, const QString &text,
                         QString *errorDescription) const;
+    bool isMeant(const KTPrivate::DateReading &reading) const;
     QString zoneOfField() const;
     bool read(KTPrivate::DateReading &reading) const;
     bool readDate(KTPrivate::DateReading &reading) const;

@@ -24,6 +24,20 @@ QVariant readShowRead(const NSFormatter &formatter, const QString &text)
     return value;
 }
 
+/// Reads a text in common forms, too; what is shown then comes back.
+void requireShownComesBack(KTReadingFormatter &formatter, const QString &text)
+{
+    formatter.setReadsCommonForms(true);
+    const QVariant value = readShowRead(formatter, text);
+    FUZZ_REQUIRE(formatter.reading().isRead() || NSObject::isNil(value));
+    const QString shown = formatter.stringForObjectValue(value);
+    if (shown.isEmpty())
+        return;
+    QVariant again;
+    FUZZ_REQUIRE(formatter.getObjectValue(&again, shown));
+    FUZZ_REQUIRE(formatter.stringForObjectValue(again) == shown);
+}
+
 /// Options come back as they were set.
 void requireOptionsRoundTrip(NSFormatter &formatter)
 {
@@ -61,8 +75,10 @@ void fuzzDateTime(FuzzInput &input)
     // A field that shows neither date nor time is a broken contract.
     if (formatter.dateStyle() == NSDateFormatterNoStyle)
         formatter.setTimeStyle(NSDateFormatterShortStyle);
-    const QVariant value = readShowRead(formatter, input.text());
+    const QString text = input.text();
+    const QVariant value = readShowRead(formatter, text);
     FUZZ_REQUIRE(NSObject::isNil(value) || value.toDateTime().isValid());
+    requireShownComesBack(formatter, text);
 }
 
 void fuzzDuration(FuzzInput &input)

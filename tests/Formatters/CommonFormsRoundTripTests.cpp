@@ -133,7 +133,7 @@ QList<NSDecimalNumber> someNumbers()
             decimal(123456789, -2, false), decimal(5, -2, true),       decimal(1234, 0, false)};
 }
 
-/// Both ways of showing negative numbers, with and without separators.
+/// Both ways of showing negative numbers, with and without separators, edited as shown or not.
 template<typename Formatter, typename Check>
 void withNumberOptions(Formatter &formatter, const Check &check)
 {
@@ -141,6 +141,8 @@ void withNumberOptions(Formatter &formatter, const Check &check)
         for (const bool hasSeparators : {false, true}) {
             formatter.setFormatNegativeUsingParens(hasParens);
             formatter.setDisplayThousandsSeparator(hasSeparators);
+            formatter.setUseDisplayStringForEditingString(hasParens);
+            formatter.setRejectsUnevenGroups(hasSeparators);
             check();
         }
     }

@@ -79,6 +79,23 @@ TEST(StandardForms, OfTimesAreOnTheReferenceDay)
     EXPECT_EQ(read(*time, u"2008-07-05T14:30:00Z"_s), u"2001-01-01T10:30:00 iso8601.datetime");
 }
 
+/// A day is no time: noon would be made up.
+TEST(StandardForms, DaysAreNoTimes)
+{
+    const auto time = formatterIn<KTTimeFormatter>(u"nl_NL"_s);
+    QVariant value;
+    ASSERT_TRUE(time->getObjectValue(&value, u"20.10"_s));
+    EXPECT_EQ(wallTime(value.toDateTime()), u"2001-01-01T12:00:00");
+    time->setReadsCommonForms(true);
+    for (const QString &text : {u"20-10"_s, u"5-3-2008"_s, u"2008-03-05"_s, u"2008-W10-3"_s}) {
+        QString error;
+        EXPECT_FALSE(time->getObjectValue(&value, text, &error)) << qPrintable(text);
+        EXPECT_FALSE(error.isEmpty());
+        EXPECT_FALSE(time->reading().isRead());
+    }
+    EXPECT_EQ(read(*time, u"5-3-2008 20:10"_s), u"2001-01-01T20:10:00 pattern");
+}
+
 TEST(StandardForms, SayWhyATextIsRefused)
 {
     const auto formatter = field(u"en_US"_s);
