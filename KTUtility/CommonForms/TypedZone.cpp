@@ -55,13 +55,15 @@ std::optional<int> offsetInSeason(const TimeZoneRules &rules, qint64 localTime, 
 }
 
 /// The minutes behind the hours of an offset: "0100", "01:00"; none is 0.
-std::optional<int> takeMinutes(TextCursor &cursor)
+/// \param takesPoint whether they may stand behind a point, as in Finnish.
+std::optional<int> takeMinutes(TextCursor &cursor, bool takesPoint)
 {
-    const bool hasColon = cursor.unit() == u':' && cursor.isDigit(1);
+    const bool hasColon =
+        (cursor.unit() == u':' || (takesPoint && cursor.unit() == u'.')) && cursor.isDigit(1);
     if (!hasColon && !cursor.isDigit())
         return 0;
     if (hasColon)
-        cursor.take(u':');
+        cursor.moveTo(cursor.position() + 1);
     const auto minutes = cursor.takeNumber(2, 2);
     return minutes && *minutes < MinutesOfHour ? minutes : std::nullopt;
 }
@@ -75,7 +77,7 @@ std::optional<int> takeOffset(TextCursor &cursor, qsizetype leastDigits)
     const qsizetype digits = cursor.digits();
     const bool isOneDigit = leastDigits == 1 && (digits == 1 || digits == 3);
     const auto hours = cursor.takeDigits(isOneDigit ? 1 : 2);
-    const auto minutes = hours ? takeMinutes(cursor) : std::nullopt;
+    const auto minutes = hours ? takeMinutes(cursor, leastDigits == 1) : std::nullopt;
     if (!minutes)
         return std::nullopt;
     const int offset = (*hours * MinutesOfHour + *minutes) * (isWest ? -1 : 1);
@@ -163,6 +165,12 @@ TypedZone identifierAt(QStringView folded, qsizetype position)
     return zone;
 }
 
+/// Letters of all scripts, and a bracket: "[GMT]+05:30" in Marathi.
+bool mayStartName(QChar unit)
+{
+    return unit.isLetter() || unit.isSurrogate() || unit == u'[';
+}
+
 TypedZone namedZone(const PhraseTable<ZoneMeaning>::Match &match)
 {
     if (match.length == 0)
@@ -245,7 +253,7 @@ TypedZone KTPrivate::zoneAt(QStringView folded, qsizetype position, const NSLoca
         return offset;
     if (const TypedZone universal = universalAt(folded, position); universal.length > 0)
         return universal;
-    if (position >= folded.size() || !folded[position].isLetter())
+    if (position >= folded.size() || !mayStartName(folded[position]))
         return {};
     if (const TypedZone zone = identifierAt(folded, position); zone.length > 0)
         return zone;

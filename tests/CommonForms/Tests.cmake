@@ -10,6 +10,7 @@ target_sources(KTUtilityTests PRIVATE
     CommonForms/DurationWordsTests.cpp
     CommonForms/FieldDateTests.cpp
     CommonForms/FoldedTextTests.cpp
+    CommonForms/ISODateModelTests.cpp
     CommonForms/ISODateTests.cpp
     CommonForms/ISODurationTests.cpp
     CommonForms/KTColumnReadingTests.cpp
@@ -24,12 +25,14 @@ target_sources(KTUtilityTests PRIVATE
     CommonForms/SharedTablesTests.cpp
     CommonForms/ShownDatePatternTests.cpp
     CommonForms/ShownDateTests.cpp
+    CommonForms/StandardDateReaderTests.cpp
     CommonForms/StandardDateTests.cpp
     CommonForms/StemsTests.cpp
     CommonForms/TextCursorTests.cpp
     CommonForms/TimeGrammarTests.cpp
     CommonForms/TypedRows.cpp
     CommonForms/TypedRowsTests.cpp
+    CommonForms/TypedZoneLocalesTests.cpp
     CommonForms/TypedZoneTests.cpp
     CommonForms/ZoneNamesTests.cpp
     support/WallClockAt.cpp

@@ -75,6 +75,7 @@ TEST(TypedZone, ReadsOffsetsFromUTC)
         {u"GMT+2"_s, u"UTC+02:00 5"_s},
         {u"gmt-3:30"_s, u"UTC-03:30 8"_s},
         {u"UTC +02:00"_s, u"UTC+02:00 10"_s},
+        {u"GMT+5.30"_s, u"UTC+05:30 8"_s},
         {u"GMT+0100 (CET)"_s, u"UTC+01:00 8"_s},
         {u"UTC, 5 March"_s, u"UTC 3"_s},
         {u"utcx"_s, QString()},

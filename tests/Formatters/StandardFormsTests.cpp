@@ -2,8 +2,16 @@
 
 #include <KTUtility/KTTimeFormatter>
 
+#include <KTUtility/Platform/Values/UTC_p.h>
+
 #include "FormatterSupport.h"
+#include "support/LibcZone.h"
 #include "support/TestSupport.h"
+#include "support/TestSupport.h"
+
+#include <atomic>
+#include <thread>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -115,6 +123,39 @@ TEST(StandardForms, NothingIsLeftOver)
     for (const QString &text : {u"2008-03-05 foo"_s, u"2008-03-05T14:30:00 foo"_s,
                                 u"2008-03-05T14:30x"_s, u"3/5/2008 foo"_s})
         EXPECT_EQ(read(*formatter, text), u"NO") << qPrintable(text);
+}
+
+/// Offsets are converted into the zone of the machine.
+TEST(StandardForms, AreConvertedIntoTheZoneOfTheField)
+{
+    const testing_support::LibcZone berlin("Europe/Berlin");
+    const auto formatter = field(u"de_DE"_s);
+    EXPECT_EQ(read(*formatter, u"2008-03-05T14:30:00Z"_s), u"2008-03-05T15:30:00 iso8601.datetime");
+    EXPECT_EQ(read(*formatter, u"2008-07-05T14:30:00Z"_s), u"2008-07-05T16:30:00 iso8601.datetime");
+    EXPECT_EQ(read(*formatter, u"Wed, 5 Mar 2008 23:30:00 EST"_s), u"2008-03-06T05:30:00 rfc5322");
+    EXPECT_EQ(read(*formatter, u"2008-03-05 14:30"_s), u"2008-03-05T14:30:00 iso8601.datetime");
+    EXPECT_EQ(formatter->reading().zone, u"Europe/Berlin");
+}
+
+/// What fields share is made once, whichever thread is the first.
+TEST(StandardForms, AreReadInSeveralThreads)
+{
+    std::atomic<int> failures = 0;
+    std::vector<std::jthread> threads;
+    for (int number = 0; number < 4; ++number) {
+        threads.emplace_back([&failures] {
+            for (const char *const locale : {"it_IT", "pl_PL", "ko_KR", "el_GR"}) {
+                const auto formatter = field(QString::fromLatin1(locale));
+                const QString shown = formatter->stringForObjectValue(
+                    QDateTime(QDate(2008, 3, 5), QTime(22, 30), KTPrivate::UTC));
+                failures += read(*formatter, shown) != u"2008-03-05T17:30:00 display";
+                failures += read(*formatter, u"2008-03-05 14:30 CEST"_s) !=
+                            u"2008-03-05T07:30:00 iso8601.datetime";
+            }
+        });
+    }
+    threads.clear();
+    EXPECT_EQ(failures, 0);
 }
 
 TEST(StandardForms, PatternsAreReadAsBefore)
