@@ -24,6 +24,10 @@ constexpr char16_t Both[] = u"3/4/08 5:30 PM";
 constexpr char16_t BothPattern[] = u"M/d/yy h:m a";
 constexpr char16_t Time[] = u"9:05";
 constexpr char16_t TimePattern[] = u"k:m";
+constexpr char16_t Shown[] = u"3/4/2008 5:30 PM";
+constexpr char16_t Standard[] = u"2008-03-04T17:30:00+01:00";
+constexpr char16_t Mail[] = u"Tue, 4 Mar 2008 17:30:00 +0100";
+constexpr char16_t Unreadable[] = u"2008-03-04 something";
 constexpr char16_t Nothing[] = u"tomorrow";
 constexpr char16_t Monthly[] = u"may be";
 constexpr char16_t Junk[] = u"3/4/08 5:30 PM x";
@@ -101,6 +105,19 @@ void readAnew(benchmark::State &state)
     }
 }
 
+/// In a field that reads common forms and shows the time as well.
+template<const char16_t *Typed>
+void readInForms(benchmark::State &state)
+{
+    KTDateTimeFormatter formatter;
+    formatter.setDisplayTime(true);
+    formatter.setReadsCommonForms(true);
+    const QString text = QString::fromUtf16(Typed);
+    QVariant value;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(formatter.getObjectValue(&value, text));
+}
+
 void readInANewField(benchmark::State &state)
 {
     const QString text = QString::fromUtf16(Numeric);
@@ -138,6 +155,10 @@ BENCHMARK(readAnew<Named>)->Name("Fields/ISO, then month name");
 BENCHMARK(readAgain<Nothing>)->Name("Fields/nothing reads it");
 BENCHMARK(readAgain<Monthly>)->Name("Fields/begins as a month");
 BENCHMARK(readAgain<Junk>)->Name("Fields/date, time and junk");
+BENCHMARK(readInForms<Shown>)->Name("Fields/common forms, shown");
+BENCHMARK(readInForms<Standard>)->Name("Fields/common forms, ISO 8601");
+BENCHMARK(readInForms<Mail>)->Name("Fields/common forms, mail");
+BENCHMARK(readInForms<Unreadable>)->Name("Fields/common forms, rejected");
 BENCHMARK(readInANewField)->Name("Fields/first text in a new field");
 BENCHMARK(makeHundredFields)->Name("Fields/a hundred new fields");
 
@@ -154,6 +175,10 @@ const bool isRegistered =
     compareWith("Fields/nothing reads it", Parse, 2) &&
     compareWith("Fields/begins as a month", Parse, 15) &&
     compareWith("Fields/date, time and junk", ParseBoth, 5) &&
+    compareWith("Fields/common forms, shown", ParseBoth, 2) &&
+    compareWith("Fields/common forms, ISO 8601", ParseBoth, 2) &&
+    compareWith("Fields/common forms, mail", ParseBoth, 2) &&
+    compareWith("Fields/common forms, rejected", ParseBoth, 1) &&
     compareWith("Fields/first text in a new field", Create, 1.5) &&
     compareWith("Fields/a hundred new fields", Create, 10);
 } // namespace
