@@ -19,8 +19,8 @@ inline QString standardReading(const QString &text, const char *locale = "en_US"
     StandardDate date = readStandardDate(FoldedText(text), NSLocale(QString::fromLatin1(locale)));
     if (date.answer == StandardDate::Answer::OtherForm)
         return QStringLiteral("other");
-    const StandardDateContext context{TimeZoneRules::rulesOf(testing_support::newYork()), Civil::daysOf(2008, 2, 20),
-                                      43'200'000};
+    const StandardDateContext context{TimeZoneRules::rulesOf(testing_support::newYork()),
+                                      Civil::daysOf(2008, 2, 20), 43'200'000};
     const auto instant = date.isRead() ? instantOf(&date, context) : std::nullopt;
     if (!instant)
         return QStringLiteral("refused: ") + date.reason;
