@@ -7,7 +7,6 @@
 #include "FormatterSupport.h"
 #include "support/LibcZone.h"
 #include "support/TestSupport.h"
-#include "support/TestSupport.h"
 
 #include <atomic>
 #include <thread>
