@@ -107,7 +107,7 @@ std::vector<bool> thoseThatStay(const std::vector<int> &numbers)
 }
 
 /// Makes a move in the numbers themselves.
-void perform(const ArrayDifference::Move &move, std::vector<int> *numbers)
+void performMove(const ArrayDifference::Move &move, std::vector<int> *numbers)
 {
     const auto at = [&](int row) { return numbers->begin() + row; };
     if (move.before < move.rows.first)
@@ -209,7 +209,7 @@ bool ArrayDifference::findMoves(size_t most, std::vector<Move> *moves) const
         if (move.before == rows.first)
             continue;
         moves->push_back(move);
-        perform(move, &ranks);
+        performMove(move, &ranks);
     }
     return true;
 }

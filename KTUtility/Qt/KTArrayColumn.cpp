@@ -22,7 +22,7 @@ Qt::Alignment usualAlignment(const NSFormatter *formatter)
     return (isQuantity ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
 }
 
-bool isText(const QVariant &value)
+bool holdsText(const QVariant &value)
 {
     return value.metaType() == QMetaType::fromType<QString>();
 }
@@ -116,7 +116,7 @@ void KTArrayColumn::setValue(const QVariant &value, const QVariant &inRow) const
 
 std::weak_ordering KTArrayColumn::compareForPeople(const QVariant &left, const QVariant &right)
 {
-    if (isText(left) && isText(right))
+    if (holdsText(left) && holdsText(right))
         return NSString::localizedCompare(left.toString(), right.toString());
     return NSObject::compare(left, right);
 }

@@ -5,6 +5,7 @@
 #include "TextReading_p.h"
 
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 
@@ -15,10 +16,10 @@ using namespace KTPrivate;
 namespace {
 constexpr const char *IndexProperty = "_index";
 
-using Formatter = std::shared_ptr<const NSFormatter>;
+using CellFormatter = std::shared_ptr<const NSFormatter>;
 
 /// What a key does to an editor; nothing for other keys and events.
-std::optional<QAbstractItemDelegate::EndEditHint> endOf(const QEvent *event)
+std::optional<QAbstractItemDelegate::EndEditHint> endingBy(const QEvent *event)
 {
     if (event->type() != QEvent::KeyPress)
         return std::nullopt;
@@ -38,19 +39,29 @@ std::optional<QAbstractItemDelegate::EndEditHint> endOf(const QEvent *event)
 }
 
 /// The model's own value where it has one, not the text for editing.
-QVariant valueOf(const QModelIndex &index)
+QVariant cellValue(const QModelIndex &index)
 {
     const QVariant formatter = index.data(KTArrayModel::FormatterRole);
-    return index.data(formatter.canConvert<Formatter>() ? int(KTArrayModel::ValueRole)
-                                                        : int(Qt::EditRole));
+    return index.data(formatter.canConvert<CellFormatter>() ? int(KTArrayModel::ValueRole)
+                                                            : int(Qt::EditRole));
 }
 
 bool givesFormatters(const QModelIndex &index)
 {
-    return index.data(KTArrayModel::FormatterRole).canConvert<Formatter>();
+    return index.data(KTArrayModel::FormatterRole).canConvert<CellFormatter>();
 }
 
-/// The reason lies over the cells below, and moves the edit up at the end of the table.
+/// The reason lies over the cells below like a tool tip.
+void showReasonAbove(KTFormatterEdit *editor)
+{
+    auto *const reason = editor->findChild<QLabel *>(QStringLiteral("reason"));
+    reason->setAutoFillBackground(true);
+    reason->setBackgroundRole(QPalette::ToolTipBase);
+    reason->setForegroundRole(QPalette::ToolTipText);
+    reason->setMargin(2);
+}
+
+/// With the reason it is higher, and moves up at the end of the table.
 void fitHeight(KTFormatterEdit *editor)
 {
     const int height = editor->reason().isEmpty() ? editor->lineEdit()->height()
@@ -70,14 +81,14 @@ void KTFormatterDelegate::setFormatter(int column, std::shared_ptr<const NSForma
 
 std::shared_ptr<const NSFormatter> KTFormatterDelegate::formatterFor(const QModelIndex &index) const
 {
-    return givesFormatters(index) ? index.data(KTArrayModel::FormatterRole).value<Formatter>()
+    return givesFormatters(index) ? index.data(KTArrayModel::FormatterRole).value<CellFormatter>()
                                   : _formatters.value(index.column());
 }
 
 QWidget *KTFormatterDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                                            const QModelIndex &index) const
 {
-    const Formatter formatter = formatterFor(index);
+    const CellFormatter formatter = formatterFor(index);
     if (!formatter && !givesFormatters(index))
         return QStyledItemDelegate::createEditor(parent, option, index);
     auto *const editor = new KTFormatterEdit(formatter, parent);
@@ -87,6 +98,7 @@ QWidget *KTFormatterDelegate::createEditor(QWidget *parent, const QStyleOptionVi
     if (alignment.isValid())
         editor->setAlignment(Qt::Alignment(alignment.toInt()));
     editor->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
+    showReasonAbove(editor);
     editor->lineEdit()->installEventFilter(const_cast<KTFormatterDelegate *>(this));
     QObject::connect(editor, &KTFormatterEdit::reasonChanged, editor,
                      [editor] { fitHeight(editor); });
@@ -96,7 +108,7 @@ QWidget *KTFormatterDelegate::createEditor(QWidget *parent, const QStyleOptionVi
 void KTFormatterDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
 {
     if (auto *const edit = qobject_cast<KTFormatterEdit *>(editor))
-        edit->setValue(valueOf(index));
+        edit->setValue(cellValue(index));
     else
         QStyledItemDelegate::setEditorData(editor, index);
 }
@@ -109,7 +121,7 @@ void KTFormatterDelegate::setModelData(QWidget *editor, QAbstractItemModel *mode
         QStyledItemDelegate::setModelData(editor, model, index);
         return;
     }
-    const QVariant before = valueOf(index);
+    const QVariant before = cellValue(index);
     const bool wasModified = edit->isModified();
     if (wasModified && edit->commit() && !NSObject::isEqual(before, edit->value()))
         model->setData(index, edit->value(),
@@ -134,7 +146,7 @@ void KTFormatterDelegate::initStyleOption(QStyleOptionViewItem *option,
                                           const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
-    const Formatter formatter = givesFormatters(index) ? nullptr : formatterFor(index);
+    const CellFormatter formatter = givesFormatters(index) ? nullptr : formatterFor(index);
     if (!formatter)
         return;
     const QVariant value = index.data(Qt::EditRole);
@@ -182,7 +194,7 @@ bool KTFormatterDelegate::eventFilter(QObject *object, QEvent *event)
         editor = qobject_cast<KTFormatterEdit *>(object->parent());
     if (!editor)
         return QStyledItemDelegate::eventFilter(object, event);
-    const auto end = endOf(event);
+    const auto end = endingBy(event);
     if (!end)
         return QStyledItemDelegate::eventFilter(editor, event);
     const QPointer<KTFormatterEdit> still = editor;

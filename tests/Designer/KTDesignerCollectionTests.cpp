@@ -1,6 +1,7 @@
 // The plug-in that shows the framework's views in Qt Designer.
 
 #include <KTUtility/KTFocusRingScrollView>
+#include <KTUtility/KTFormatterEdit>
 
 #include "support/TestSupport.h"
 
@@ -86,4 +87,25 @@ TEST_F(KTDesignerCollectionTests, FormsOfItAreRead)
         const auto *const area = qobject_cast<KTFocusRingScrollView *>(made.get());
         EXPECT_TRUE(!area || area->widget());
     }
+}
+
+TEST_F(KTDesignerCollectionTests, FormsSayTheFormatterAndItsOptions)
+{
+    QByteArray xml = R"(<ui version="4.0"><widget class="KTFormatterEdit" name="amount">
+        <property name="formatterClass"><string>KTNumberFormatter</string></property>
+        <property name="formatterOptions"><stringlist><string>decimalPlaces=2</string>
+        </stringlist></property>
+        <property name="placeholderText"><string>Amount</string></property>
+        <property name="readOnly"><bool>true</bool></property></widget></ui>)";
+    QUiLoader forms;
+    forms.addPluginPath(QFileInfo(PlugIn).path());
+    QBuffer form(&xml);
+    form.open(QIODevice::ReadOnly);
+    const std::unique_ptr<QWidget> made(forms.load(&form));
+    auto *const edit = qobject_cast<KTFormatterEdit *>(made.get());
+    ASSERT_NE(edit, nullptr) << forms.errorString().toStdString();
+    edit->setValue(5);
+    EXPECT_EQ(edit->text(), u"5.00"_s);
+    EXPECT_EQ(edit->placeholderText(), u"Amount"_s);
+    EXPECT_TRUE(edit->isReadOnly());
 }

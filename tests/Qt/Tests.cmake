@@ -1,8 +1,10 @@
 target_sources(KTUtilityTests PRIVATE
     Qt/Expense.h
+    Qt/KTArrayColumnTests.cpp
     Qt/KTArrayModelOrderTests.cpp
     Qt/KTArrayModelTests.cpp
     Qt/KTArraySelectionTests.cpp
+    Qt/KTBindingOptionsTests.cpp
     Qt/KTBoundEditorTests.cpp
     Qt/KTFormatterDelegateTests.cpp
     Qt/KTFormatterEditTests.cpp
