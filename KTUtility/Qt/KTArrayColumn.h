@@ -103,6 +103,7 @@ void callSetter(QObject *object, const QVariant &value)
 class KTUTILITY_EXPORT KTArrayColumn
 {
 public:
+    /// Says which of two values comes first.
     using Comparator = NSSortDescriptor::Comparator;
 
     /// The values at a key path of the rows' objects.
@@ -132,10 +133,14 @@ public:
 
     /// Nil for a column by member.
     const QString &keyPath() const { return _keyPath; }
+    /// What stands in the header.
     const QString &title() const { return _title; }
+    /// What shows and reads the values; null for none.
     const std::shared_ptr<const NSFormatter> &formatter() const { return _formatter; }
 
+    /// Whether the values may be edited; not at first.
     bool isEditable() const { return _isEditable; }
+    /// Lets people edit them, or not.
     KTArrayColumn &setEditable(bool editable);
     /// Whether the value is shown by a check box, which sets it if the column is editable.
     bool isCheckable() const { return _isCheckable; }

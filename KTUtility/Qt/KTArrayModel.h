@@ -50,10 +50,12 @@ class KTUTILITY_EXPORT KTArrayModel : public QAbstractTableModel
 public:
     /// Roles besides those of Qt.
     enum Role {
-        ValueRole =
-            Qt::UserRole, ///< the value as it is; can be set without being read by a formatter
-        ObjectRole,       ///< the object of the row
-        FormatterRole,    ///< a std::shared_ptr<const NSFormatter>; null for none
+        /// The value as it is; can be set without being read by a formatter.
+        ValueRole = Qt::UserRole,
+        /// The object of the row.
+        ObjectRole,
+        /// A std::shared_ptr<const NSFormatter>; null for none.
+        FormatterRole,
     };
     Q_ENUM(Role)
 
@@ -62,7 +64,9 @@ public:
                           QObject *parent = nullptr);
     ~KTArrayModel() override;
 
+    /// What arranges the objects; null once it is destroyed.
     NSArrayController *controller() const { return _controller; }
+    /// The columns from the left to the right.
     const QList<KTArrayColumn> &columns() const { return _columns; }
     /// Replaces all columns.
     void setColumns(const QList<KTArrayColumn> &columns);
@@ -83,12 +87,19 @@ public:
     int observedRows() const;
     void setObservedRows(int count);
 
+    /// How many objects are arranged.
     int rowCount(const QModelIndex &parent = {}) const override;
+    /// How many columns there are.
     int columnCount(const QModelIndex &parent = {}) const override;
+    /// What a cell shows: texts, numbers and dates, check marks, colours and alignments, and the roles above.
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    /// Has the formatter read a text, and sets the value of the object.
+    /// \return whether it was set; see rejected().
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
+    /// The columns' titles and alignments.
     QVariant headerData(int section, Qt::Orientation orientation,
                         int role = Qt::DisplayRole) const override;
+    /// Whether a cell can be edited or checked: if its column may be, and its row is an object.
     Qt::ItemFlags flags(const QModelIndex &index) const override;
     /// Sets the controller's sort descriptor; for a column that there is not, takes away the one of
     /// a column.

@@ -23,7 +23,9 @@ class KTUTILITY_EXPORT KTBoundCheckBox : public QCheckBox, public KTBoundEditor
                    USER true DESIGNABLE false STORED false)
 
 public:
+    /// A check box without text.
     explicit KTBoundCheckBox(QWidget *parent = nullptr);
+    /// A check box with a text beside it.
     explicit KTBoundCheckBox(const QString &text, QWidget *parent = nullptr);
 
     /// What was set or checked last.
@@ -37,6 +39,7 @@ Q_SIGNALS:
     void rejected(const QString &reason);
 
 protected:
+    /// What a click does: it checks or unchecks, and sets the value.
     void nextCheckState() override;
 
 private:

@@ -26,6 +26,7 @@ class KTUTILITY_EXPORT KTBoundComboBox : public QComboBox, public KTBoundEditor
                    USER true DESIGNABLE false STORED false)
 
 public:
+    /// A combo box without choices.
     explicit KTBoundComboBox(QWidget *parent = nullptr);
 
     /// Adds a choice.

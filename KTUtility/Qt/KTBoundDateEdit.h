@@ -28,6 +28,7 @@ class KTUTILITY_EXPORT KTBoundDateEdit : public QDateEdit, public KTBoundEditor
     Q_PROPERTY(bool nullable READ isNullable WRITE setNullable)
 
 public:
+    /// An edit without a date.
     explicit KTBoundDateEdit(QWidget *parent = nullptr);
 
     /// What was set or entered last.
@@ -38,6 +39,7 @@ public:
     bool isNullable() const { return _isNullable; }
     void setNullable(bool nullable) { _isNullable = nullable; }
 
+    /// Goes on by days, months or years; to today if there is no date.
     void stepBy(int steps) override;
 
 Q_SIGNALS:
@@ -47,7 +49,9 @@ Q_SIGNALS:
     void rejected(const QString &reason);
 
 protected:
+    /// Delete sets nil, see isNullable().
     void keyPressEvent(QKeyEvent *event) override;
+    /// Opens the calendar at today if there is no date.
     void mousePressEvent(QMouseEvent *event) override;
 
 private:

@@ -25,6 +25,7 @@ class KTUTILITY_EXPORT KTBoundTextEdit : public QPlainTextEdit, public KTBoundEd
                    USER true DESIGNABLE false STORED false)
 
 public:
+    /// An edit without text.
     explicit KTBoundTextEdit(QWidget *parent = nullptr);
 
     /// The text that was set or committed last; nil is shown as an empty one.
@@ -48,7 +49,9 @@ Q_SIGNALS:
     void rejected(const QString &reason);
 
 protected:
+    /// Ctrl+Return commits, Escape restores.
     void keyPressEvent(QKeyEvent *event) override;
+    /// Commits.
     void focusOutEvent(QFocusEvent *event) override;
 
 private:

@@ -35,16 +35,22 @@ public:
     /// The formatter of a cell; null if it has none.
     std::shared_ptr<const NSFormatter> formatterFor(const QModelIndex &index) const;
 
+    /// A KTFormatterEdit, if the cell has a formatter or is one of a KTArrayModel.
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                           const QModelIndex &index) const override;
+    /// Shows the value of the cell; a text that is being typed stays.
     void setEditorData(QWidget *editor, const QModelIndex &index) const override;
+    /// Sets the value that was typed, if it can be read.
     void setModelData(QWidget *editor, QAbstractItemModel *model,
                       const QModelIndex &index) const override;
+    /// Puts the editor over the cell, with room for a reason.
     void updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
                               const QModelIndex &index) const override;
 
 protected:
+    /// Has the formatter of setFormatter() show the value.
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
+    /// Return, Tab and Escape in the editor.
     bool eventFilter(QObject *object, QEvent *event) override;
 
 private:

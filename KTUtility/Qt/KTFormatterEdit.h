@@ -52,6 +52,7 @@ public:
                              QWidget *parent = nullptr);
     ~KTFormatterEdit() override;
 
+    /// What shows and reads the value; null for texts as they are.
     const std::shared_ptr<const NSFormatter> &formatter() const { return _formatter; }
     /// Shows the value by another formatter, also when its properties change; null for texts as they
     /// are.
@@ -72,13 +73,18 @@ public:
     /// What is shown for nil where bindTo() says nothing else.
     QString placeholderText() const { return _placeholderText; }
     void setPlaceholderText(const QString &text);
+    /// Where the text stands.
     Qt::Alignment alignment() const;
+    /// Puts the text on one side, or in the middle.
     void setAlignment(Qt::Alignment alignment);
+    /// Whether nothing can be typed; then it shows the value also with the focus.
     bool isReadOnly() const;
+    /// Lets people type, or not.
     void setReadOnly(bool readOnly);
     /// What is typed into.
     QLineEdit *lineEdit() const { return _line; }
 
+    /// What stands in the line.
     QString text() const;
     /// Whether the text is another than that of the value.
     bool isModified() const;
@@ -107,8 +113,11 @@ Q_SIGNALS:
     void reasonChanged(const QString &reason);
 
 protected:
+    /// The focus and keys of the line.
     bool eventFilter(QObject *object, QEvent *event) override;
+    /// Shows the value in another locale.
     void changeEvent(QEvent *event) override;
+    /// Tells screen readers the label.
     void showEvent(QShowEvent *event) override;
 
 private Q_SLOTS:

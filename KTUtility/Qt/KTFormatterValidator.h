@@ -27,9 +27,12 @@ public:
     explicit KTFormatterValidator(std::shared_ptr<const NSFormatter> formatter,
                                   QObject *parent = nullptr);
 
+    /// What judges; null accepts everything.
     const std::shared_ptr<const NSFormatter> &formatter() const { return _formatter; }
 
+    /// How far a text is from one that can be read.
     State validate(QString &input, int &position) const override;
+    /// Makes a text readable, if it is clear what was meant.
     void fixup(QString &input) const override;
 
 private:

@@ -67,6 +67,7 @@ public:
     void setFilterPredicate(const NSPredicate &predicate);
     /// The order; without any, it is that of the content.
     void setSortDescriptors(const QList<NSSortDescriptor> &descriptors);
+    /// What was set.
     const QList<NSSortDescriptor> &sortDescriptors() const { return _sortDescriptors; }
     /// Filters and sorts again, after objects have changed.
     void rearrangeObjects();
