@@ -47,10 +47,9 @@ TypedDecimal DurationSum::result(const QString &form) const
         return TypedDecimal::refused(u"Months and years have no fixed length."_s);
     if (_seconds.isNaN())
         return TypedDecimal::refused(u"The duration is too long."_s);
-    TypedDecimal typed{TypedDecimal::Outcome::Read,
-                       _isNegative ? _seconds.decimalNumberByNegating() : _seconds,
-                       {},
-                       {}};
+    TypedDecimal typed;
+    typed.outcome = TypedDecimal::Outcome::Read;
+    typed.value = _isNegative ? _seconds.decimalNumberByNegating() : _seconds;
     typed.reading.form = form;
     typed.reading.parts = _parts;
     return typed;

@@ -165,8 +165,8 @@ private:
         const QString other = currencyNamedIn(_field.locale, _folded);
         if (other.isNull() || other == _field.code)
             return {};
-        return TypedDecimal::refused(
-            u"The text names the currency %1; this field has %2."_s.arg(other, _field.code));
+        return TypedDecimal::refused(u"The text names the currency %1; this field has %2."_s,
+                                     {other, _field.code});
     }
 
     TypedDecimal result()
@@ -177,7 +177,7 @@ private:
             return {};
         if (_openedAt >= 0)
             _signAt = _openedAt;
-        TypedDecimal typed{TypedDecimal::Outcome::Read, withSign(_count.value), {}, {}};
+        TypedDecimal typed{TypedDecimal::Outcome::Read, withSign(_count.value), {}, {}, {}};
         const bool isCode =
             _names.size() == 1 && _folded.sliced(_names[0].location, _names[0].length)
                                           .compare(_field.code, Qt::CaseInsensitive) == 0;

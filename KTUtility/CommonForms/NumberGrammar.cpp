@@ -164,7 +164,7 @@ private:
 
     TypedDecimal result() const
     {
-        TypedDecimal typed{TypedDecimal::Outcome::Read, scaled(_count.value), {}, {}};
+        TypedDecimal typed{TypedDecimal::Outcome::Read, scaled(_count.value), {}, {}, {}};
         if (typed.value.isNaN())
             return TypedDecimal::refused(u"The number is too large."_s);
         typed.reading.form = form();

@@ -36,6 +36,7 @@ target_sources(KTUtility PRIVATE
     CommonForms/StandardDateReader.cpp
     CommonForms/Stems.cpp
     CommonForms/TimeGrammar.cpp
+    CommonForms/TypedDecimal.cpp
     CommonForms/TypedZone.cpp
     CommonForms/ZoneNames.cpp
 )

@@ -7,9 +7,11 @@
 
 #include <KTUtility/Platform/Values/NSDecimalNumber.h>
 
+#include <QStringList>
+
 namespace KTPrivate {
 /// What a grammar made of a text.
-struct TypedDecimal
+struct KTUTILITY_EXPORT TypedDecimal
 {
     enum class Outcome {
         Unknown, ///< the text is not of this grammar
@@ -20,15 +22,19 @@ struct TypedDecimal
     Outcome outcome = Outcome::Unknown;
     NSDecimalNumber value;
     KTReading reading;
-    QString reason; ///< why it was refused, for people
+    QString reason;              ///< why it was refused, for people, in English
+    QStringList reasonArguments; ///< for "%1" and so on in it
 
     bool isUnknown() const { return outcome == Outcome::Unknown; }
     bool isRead() const { return outcome == Outcome::Read; }
     bool isRefused() const { return outcome == Outcome::Refused; }
 
-    static TypedDecimal refused(const QString &reason)
+    /// Why it was refused, in the language of the program as it is now.
+    QString translatedReason() const;
+
+    static TypedDecimal refused(const QString &reason, const QStringList &arguments = {})
     {
-        return {Outcome::Refused, {}, {}, reason};
+        return {Outcome::Refused, {}, {}, reason, arguments};
     }
 };
 

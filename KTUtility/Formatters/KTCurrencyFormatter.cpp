@@ -8,6 +8,7 @@
 #include <KTUtility/CommonForms/MoneyGrammar_p.h>
 #include <KTUtility/CommonForms/NumberGrammar_p.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Keys/NSClassRegistry.h>
 #include <KTUtility/Platform/Text/NSStringNormalization.h>
 #include <KTUtility/Platform/Values/NSObject.h>
@@ -368,7 +369,9 @@ bool KTCurrencyFormatter::readCommonMoney(QVariant *value, const QString &forStr
 
 QString KTCurrencyFormatter::unreadDescription() const
 {
-    return u"The text is no amount in %1, or has something else in it."_s.arg(currencyType());
+    return NSBundle::mainBundle()
+        .localizedStringForKey(u"The text is no amount in %1, or has something else in it."_s)
+        .arg(currencyType());
 }
 
 bool KTCurrencyFormatter::readsInCurrency(QVariant *value, const QString &text, const QString &code)

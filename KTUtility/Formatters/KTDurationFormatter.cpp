@@ -338,7 +338,7 @@ bool KTDurationFormatter::readCommonForms(QVariant *value, const QString &forStr
     QVariant found;
     if (typed.isRefused() && isOfCountsAndWords(forString) &&
         readUnits(&found, forString, errorDescription)) {
-        typed = {TypedDecimal::Outcome::Read, found.value<NSDecimalNumber>(), {}, {}};
+        typed = {TypedDecimal::Outcome::Read, found.value<NSDecimalNumber>(), {}, {}, {}};
         typed.reading.form = u"units"_s;
     }
     return answer(typed, forString, value, errorDescription);
@@ -364,7 +364,7 @@ bool KTDurationFormatter::answer(const TypedDecimal &typed, const QString &text,
         if (isOfUnits && exactText(typed.value) == text)
             reading.form = u"display"_s;
     } else if (errorDescription) {
-        *errorDescription = typed.isRefused() ? typed.reason : notADuration();
+        *errorDescription = typed.isRefused() ? typed.translatedReason() : notADuration();
     }
     setReading(reading);
     return typed.isRead();

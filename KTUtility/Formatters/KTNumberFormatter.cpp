@@ -6,6 +6,7 @@
 
 #include <KTUtility/CommonForms/NumberGrammar_p.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Keys/NSClassRegistry.h>
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 #include <KTUtility/Platform/Text/NSStringNormalization.h>
@@ -369,7 +370,7 @@ bool KTNumberFormatter::answer(const TypedDecimal &typed, const QString &text, Q
     if (const QString form = typed.isRead() ? shownFormOf(found, text) : QString(); !form.isNull())
         reading.form = form;
     if (!typed.isRead() && errorDescription)
-        *errorDescription = typed.isRefused() ? typed.reason : unreadDescription();
+        *errorDescription = typed.isRefused() ? typed.translatedReason() : unreadDescription();
     if (value)
         *value = found;
     setReading(std::move(reading));
@@ -378,7 +379,8 @@ bool KTNumberFormatter::answer(const TypedDecimal &typed, const QString &text, Q
 
 QString KTNumberFormatter::unreadDescription() const
 {
-    return u"The text is no number, or has something else in it."_s;
+    return NSBundle::mainBundle().localizedStringForKey(
+        u"The text is no number, or has something else in it."_s);
 }
 
 QString KTNumberFormatter::shownFormOf(const QVariant &value, const QString &text) const
