@@ -2,6 +2,7 @@
 
 #include "support/TestSupport.h"
 
+#include <KTUtility/KTReadingFormatter>
 #include <KTUtility/NSObject>
 
 using namespace Qt::StringLiterals;
@@ -11,7 +12,7 @@ TEST(FieldFormat, TheExampleOfTheHeader)
     const FieldFormat format = FieldFormat::of(FieldType::Date);
     QVariant value;
     ASSERT_TRUE(format.formatter->getObjectValue(&value, u"March 5, 2008"_s, nullptr));
-    EXPECT_EQ(format.recentPattern(), u"MMM d, yyyy"_s);
+    EXPECT_EQ(format.formatter->stringForObjectValue(value), u"3/5/2008"_s);
 }
 
 TEST(FieldFormat, WhatHasANameHasAFormatter)
@@ -53,6 +54,7 @@ TEST(FieldFormat, ItsFunctionsStayWithTheFormatterWhenItMoves)
 TEST(FieldFormat, DatesWithATimeReadBoth)
 {
     const FieldFormat format = FieldFormat::of(FieldType::DateTime);
+    qobject_cast<KTReadingFormatter *>(format.formatter.get())->setReadsCommonForms(false);
     QVariant value;
     ASSERT_TRUE(format.formatter->getObjectValue(&value, u"3/5/2008 5:30 PM"_s, nullptr));
     EXPECT_TRUE(format.recentPattern().contains(u'd') && format.recentPattern().contains(u'h'));

@@ -13,7 +13,7 @@
 /// \code
 /// const FieldFormat format = FieldFormat::of(FieldType::Date);
 /// format.formatter->getObjectValue(&value, u"March 5, 2008"_s, nullptr);
-/// format.recentPattern();    // "MMM d, yyyy"
+/// format.formatter->stringForObjectValue(value);    // "3/5/2008"
 /// \endcode
 struct FieldFormat
 {
@@ -25,6 +25,7 @@ struct FieldFormat
     /// Stand around each value of an import.
     std::function<void(const QString &text)> willImport;
     std::function<void(const QString &text)> didImport;
-    /// The date pattern that took all of the text read last; nil if there is none.
+    /// The date pattern that took all of the text read last; nil if there is none, as when the text
+    /// was read in another form.
     std::function<QString()> recentPattern;
 };

@@ -44,7 +44,8 @@ public:
 
     /// How the text that was just read was understood.
     KTReading reading() const;
-    /// The date pattern that took all of the text that was just read; nil if there is none.
+    /// The date pattern that took all of the text that was just read; nil if there is none, as when it
+    /// was read in another form.
     QString recentPattern() const;
     /// The code of the currency that amounts are read in; nil if these are no amounts.
     QString currencyType() const;
