@@ -38,7 +38,8 @@ template<const char16_t *Pattern, const char16_t *Typed>
 void peerDateParse(benchmark::State &state)
 {
     UErrorCode status = U_ZERO_ERROR;
-    icu::SimpleDateFormat format(icu::UnicodeString(Pattern), icu::Locale("en_US"), status);
+    const icu::UnicodeString pattern(Pattern);
+    const icu::SimpleDateFormat format(pattern, icu::Locale("en_US"), status);
     const icu::UnicodeString typed(Typed);
     for (auto _ : state) {
         icu::ParsePosition position(0);
