@@ -6,6 +6,7 @@
 
 #include <QJsonDocument>
 
+#include <array>
 #include <chrono>
 
 using namespace Qt::StringLiterals;
@@ -97,6 +98,27 @@ TEST_F(TypedRowsTests, WithoutCommonFormsNothingHasChanged)
         }
     }
     EXPECT_EQ(index, known.size());
+}
+
+TEST_F(TypedRowsTests, WithCommonFormsWhatPeopleTypeIsRead)
+{
+    const std::pair<QString, double> leastRead[] = {{u"date"_s, 0.92},  {u"datetime"_s, 0.88},
+                                                    {u"time"_s, 0.92},  {u"number"_s, 0.98},
+                                                    {u"money"_s, 0.92}, {u"duration"_s, 0.90}};
+    int wrong = 0;
+    qsizetype all = 0;
+    for (const auto &[type, least] : leastRead) {
+        std::array<int, 3> counts{};
+        const QList<TypedRow> rows = TypedRows::ofType(type);
+        for (const TypedRow &typed : rows)
+            ++counts[TypedRows::resultOf(typed, true).outcome];
+        EXPECT_GE(counts[TypedResult::Read], least * double(rows.size())) << type.toStdString();
+        const bool mayBeWrong = type != u"number" && type != u"money";
+        EXPECT_TRUE(mayBeWrong || counts[TypedResult::Wrong] == 0) << type.toStdString();
+        wrong += counts[TypedResult::Wrong];
+        all += rows.size();
+    }
+    EXPECT_LE(wrong, 0.003 * double(all));
 }
 
 TEST_F(TypedRowsTests, TheClockStandsMeanwhile)
