@@ -32,7 +32,7 @@ struct DateFormatterSettings;
 /// With readsCommonForms(), what the field itself shows comes first, exactly as it is shown, and
 /// then the forms of ISO 8601, RFC 3339 and RFC 5322 with their zones, in every locale; then what
 /// people type in the locale's language: names of months and weekdays, times in words, days and
-/// amounts of time from now. A text of which a pattern would leave something over is rejected. docs/common-forms.md has it all.
+/// amounts from now. No pattern may leave a part of a text over. docs/common-forms.md has it all.
 ///
 /// Not for times of day alone (KTTimeFormatter), and not for texts in one known format
 /// (NSDateFormatter). Patterns are Unicode's (UTS #35, part 4).
