@@ -5,8 +5,8 @@
 #include "KTCurrencyFormatter_p.h"
 #include "KTNumberTexts_p.h"
 #include "NSNumberFormatter_KTCurrency.h"
-#include <KTUtility/CommonForms/MoneyGrammar_p.h>
-#include <KTUtility/CommonForms/NumberGrammar_p.h>
+#include <KTUtility/CommonForms/Numbers/MoneyGrammar_p.h>
+#include <KTUtility/CommonForms/Numbers/NumberGrammar_p.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Keys/NSClassRegistry.h>

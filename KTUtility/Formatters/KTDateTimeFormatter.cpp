@@ -4,8 +4,8 @@
 #include "DatePatterns_p.h"
 #include "DateReading_p.h"
 #include "Today_p.h"
-#include <KTUtility/CommonForms/CommonDates_p.h>
-#include <KTUtility/CommonForms/FieldDate_p.h>
+#include <KTUtility/CommonForms/Dates/CommonDates_p.h>
+#include <KTUtility/CommonForms/Standards/FieldDate_p.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Dates/DateFormatterAccess_p.h>
 #include <KTUtility/Platform/Dates/DatePattern_p.h>

@@ -2,7 +2,7 @@
 
 #include "KTDateFormatterList.h"
 #include "KTOptionsKeys.h"
-#include <KTUtility/CommonForms/KTReadingFormatter.h>
+#include <KTUtility/CommonForms/Text/KTReadingFormatter.h>
 #include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Dates/NSCalendar.h>
 #include <KTUtility/Platform/Dates/NSDateFormatter.h>

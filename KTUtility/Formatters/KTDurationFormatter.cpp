@@ -2,8 +2,8 @@
 
 #include "KTDurationTables_p.h"
 
-#include <KTUtility/CommonForms/DurationGrammar_p.h>
-#include <KTUtility/CommonForms/ISODuration_p.h>
+#include <KTUtility/CommonForms/Numbers/DurationGrammar_p.h>
+#include <KTUtility/CommonForms/Numbers/ISODuration_p.h>
 #include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Keys/NSClassRegistry.h>
 #include <KTUtility/Platform/Text/NSCharacterSet.h>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "KTOptionsKeys.h"
-#include <KTUtility/CommonForms/KTReadingFormatter.h>
+#include <KTUtility/CommonForms/Text/KTReadingFormatter.h>
 #include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Text/NSLocale.h>
 #include <KTUtility/Platform/Values/NSDecimalNumber.h>

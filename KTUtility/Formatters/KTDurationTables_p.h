@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/CommonForms/DurationWords_p.h>
+#include <KTUtility/CommonForms/Numbers/DurationWords_p.h>
 #include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Values/NSDecimalNumber.h>
 

@@ -4,7 +4,7 @@
 #include "KTNumberFormatter_p.h"
 #include "KTNumberTexts_p.h"
 
-#include <KTUtility/CommonForms/NumberGrammar_p.h>
+#include <KTUtility/CommonForms/Numbers/NumberGrammar_p.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Keys/NSClassRegistry.h>

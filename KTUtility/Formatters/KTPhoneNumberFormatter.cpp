@@ -2,7 +2,7 @@
 
 #include "PhoneDigits_p.h"
 #include "PhonePatterns_p.h"
-#include <KTUtility/CommonForms/FoldedText_p.h>
+#include <KTUtility/CommonForms/Text/FoldedText_p.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
 #include <KTUtility/Platform/Files/NSBundle.h>

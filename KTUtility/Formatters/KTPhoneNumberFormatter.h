@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KTUtility/CommonForms/KTReadingFormatter.h>
+#include <KTUtility/CommonForms/Text/KTReadingFormatter.h>
 #include <KTUtility/KTUtilityExport.h>
 
 #include <QList>

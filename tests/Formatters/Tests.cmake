@@ -27,4 +27,21 @@ target_sources(KTUtilityTests PRIVATE
     Formatters/PhonePatternsTests.cpp
     Formatters/StandardFormsTests.cpp
     Formatters/TodayTests.cpp
+    Formatters/TypedRows.cpp
+    Formatters/TypedRowsTests.cpp
+    support/WallClockAt.cpp
 )
+
+# The time at which the rows are typed.
+target_link_options(KTUtilityTests PRIVATE LINKER:--export-dynamic-symbol=clock_gettime
+    LINKER:--export-dynamic-symbol=gettimeofday)
+
+# Prints how the rows are read: scripts/typed.
+add_executable(TypedRows
+    Formatters/TypedRows.cpp
+    Formatters/TypedRowsMain.cpp
+    support/WallClockAt.cpp
+)
+kt_configure_test_program(TypedRows)
+target_link_options(TypedRows PRIVATE LINKER:--export-dynamic-symbol=clock_gettime
+    LINKER:--export-dynamic-symbol=gettimeofday)

@@ -1,7 +1,7 @@
-// Lengths of time (std::chrono::duration) and numbers of seconds, as variants convert them: the
-// formatter of durations reads seconds, records may keep minutes.
+#include "ChronoConversions_p.h"
 
 #include "NSDecimalNumber.h"
+#include "ValueConverter_p.h"
 
 #include <QMetaType>
 
@@ -9,9 +9,11 @@
 #include <limits>
 #include <optional>
 
+using namespace KTPrivate;
+
 namespace {
 template<typename Period>
-NSDecimalNumber decimalOf()
+NSDecimalNumber secondsIn()
 {
     return NSDecimalNumber(Period::num) / NSDecimalNumber(Period::den);
 }
@@ -19,7 +21,7 @@ NSDecimalNumber decimalOf()
 template<typename Duration>
 NSDecimalNumber secondsOf(const Duration &duration)
 {
-    return NSDecimalNumber(duration.count()) * decimalOf<typename Duration::period>();
+    return NSDecimalNumber(duration.count()) * secondsIn<typename Duration::period>();
 }
 
 /// Without the fraction that the duration cannot hold; nothing if there are too many seconds.
@@ -29,23 +31,10 @@ std::optional<Duration> durationOf(const NSDecimalNumber &seconds)
     using Count = std::numeric_limits<typename Duration::rep>;
     if (seconds.isNaN())
         return std::nullopt;
-    const NSDecimalNumber count = seconds / decimalOf<typename Duration::period>();
+    const NSDecimalNumber count = seconds / secondsIn<typename Duration::period>();
     if (count < NSDecimalNumber(Count::min()) || count > NSDecimalNumber(Count::max()))
         return std::nullopt;
     return Duration(typename Duration::rep(count.integerValue()));
-}
-
-template<typename From, typename To, typename Convert>
-bool add(const Convert &convert)
-{
-    const auto converter = [convert](const void *from, void *to) {
-        const std::optional<To> result = convert(*static_cast<const From *>(from));
-        if (result)
-            *static_cast<To *>(to) = *result;
-        return result.has_value();
-    };
-    return QMetaType::registerConverterFunction(converter, QMetaType::fromType<From>(),
-                                                QMetaType::fromType<To>());
 }
 
 template<typename Duration, typename Number>
@@ -60,7 +49,7 @@ bool addNumber()
     const auto toDuration = [](const Number &number) {
         return durationOf<Duration>(NSDecimalNumber(number));
     };
-    return add<Duration, Number>(toNumber) && add<Number, Duration>(toDuration);
+    return addConverter<Duration, Number>(toNumber) && addConverter<Number, Duration>(toDuration);
 }
 
 template<typename Duration>
@@ -69,9 +58,10 @@ bool addDuration()
     const auto toDecimal = [](const Duration &duration) {
         return std::optional(secondsOf(duration));
     };
-    return add<Duration, NSDecimalNumber>(toDecimal) &&
-           add<NSDecimalNumber, Duration>(durationOf<Duration>) && addNumber<Duration, int>() &&
-           addNumber<Duration, qlonglong>() && addNumber<Duration, double>();
+    return addConverter<Duration, NSDecimalNumber>(toDecimal) &&
+           addConverter<NSDecimalNumber, Duration>(durationOf<Duration>) &&
+           addNumber<Duration, int>() && addNumber<Duration, qlonglong>() &&
+           addNumber<Duration, double>();
 }
 
 template<typename... Durations>
@@ -80,8 +70,11 @@ bool addDurations()
     return (addDuration<Durations>() && ...);
 }
 
-using namespace std::chrono;
-
-[[maybe_unused]] const bool AreKnown =
-    addDurations<nanoseconds, microseconds, milliseconds, seconds, minutes, hours>();
+[[maybe_unused]] const bool LengthsOfTimeConvert = KTPrivate::addChronoConversions();
 } // namespace
+
+bool KTPrivate::addChronoConversions()
+{
+    using namespace std::chrono;
+    return addDurations<nanoseconds, microseconds, milliseconds, seconds, minutes, hours>();
+}

@@ -1,11 +1,12 @@
 target_sources(KTUtility PRIVATE
     Platform/Values/ChronoConversions.cpp
     Platform/Values/DecimalArithmetic.cpp
+    Platform/Values/DecimalConversions.cpp
     Platform/Values/Describable.cpp
     Platform/Values/Description.cpp
+    Platform/Values/DoubleText.cpp
     Platform/Values/NSAttributedString.cpp
     Platform/Values/NSDecimalNumber.cpp
-    Platform/Values/NSDecimalNumberConversions.cpp
     Platform/Values/NSDecimalNumberOperations.cpp
     Platform/Values/NSError.cpp
     Platform/Values/NSException.cpp
@@ -14,7 +15,6 @@ target_sources(KTUtility PRIVATE
     Platform/Values/NSScanner.cpp
     Platform/Values/NSStringFormat.cpp
     Platform/Values/NSStringValues.cpp
-    Platform/Values/DoubleText.cpp
     Platform/Values/ValueHash.cpp
     Platform/Values/VariantKind.cpp
 )

@@ -1,12 +1,12 @@
 target_sources(KTUtilityTests PRIVATE
     Platform/Values/ChronoConversionsTests.cpp
     Platform/Values/DecimalArithmeticTests.cpp
+    Platform/Values/DecimalConversionsTests.cpp
     Platform/Values/DescribableTests.cpp
     Platform/Values/DescriptionTests.cpp
     Platform/Values/DoubleTextTests.cpp
     Platform/Values/FirstFailureTests.cpp
     Platform/Values/NSAttributedStringTests.cpp
-    Platform/Values/NSDecimalNumberConversionsTests.cpp
     Platform/Values/NSDecimalNumberTableTests.cpp
     Platform/Values/NSDecimalNumberTests.cpp
     Platform/Values/NSErrorTests.cpp

@@ -1,0 +1,4 @@
+target_sources(KTUtility PRIVATE
+    CommonForms/Zones/TypedZone.cpp
+    CommonForms/Zones/ZoneNames.cpp
+)

@@ -1,0 +1,3 @@
+target_sources(KTUtilityTests PRIVATE
+    CommonForms/Columns/KTColumnReadingTests.cpp
+)
