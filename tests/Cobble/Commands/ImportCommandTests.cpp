@@ -70,20 +70,20 @@ TEST(ImportCommand, ShowsTypesAndWhatIsNotRead)
     const QString path = newFile(u"paid.csv"_s, contents + "a\ncow;30.2.2008\n");
     const CommandResult result = import(path, {u"--locale"_s, u"de_DE"_s});
     EXPECT_EQ(result.exitCode, 0);
-    EXPECT_TRUE(
-        result.output.endsWith(u"Column name  Type            Read  Not read  Empty\n"
-                               "kt_paid      currency (EUR)  20    2         0\n"
-                               "kt_when      date            20    1         1\n"
-                               "\n"
-                               "Column name  Read as           Since                   "
-                               "Contradicting\n"
-                               "kt_paid      1.234,5           20 of 20 values decide\n"
-                               "kt_when      day, month, year  8 of 20 values decide\n"
-                               "\n"
-                               "Row  Column name  Text       Not read, since\n"
-                               "21   kt_paid      a          it is no amount in this currency\n"
-                               "22   kt_paid      cow        it is no amount in this currency\n"
-                               "22   kt_when      30.2.2008  it is no date or time\n"_s))
+    EXPECT_TRUE(result.output.endsWith(
+        u"Column name  Type            Read  Not read  Empty\n"
+        "kt_paid      currency (EUR)  20    2         0\n"
+        "kt_when      date            20    1         1\n"
+        "\n"
+        "Column name  Read as           Since                   "
+        "Contradicting\n"
+        "kt_paid      1.234,5           20 of 20 values decide\n"
+        "kt_when      day, month, year  8 of 20 values decide\n"
+        "\n"
+        "Row  Column name  Text       Not read, since\n"
+        "21   kt_paid      a          The text is no amount in EUR, or has something else in it.\n"
+        "22   kt_paid      cow        The text is no amount in EUR, or has something else in it.\n"
+        "22   kt_when      30.2.2008  There is no such date.\n"_s))
         << qPrintable(result.output);
 }
 
@@ -132,7 +132,7 @@ TEST(ImportCommand, TellsWhatContradicts)
     EXPECT_EQ(
         tableIn(result.output, UnreadTitle),
         QStringList{
-            u"17   kt_when      2/14/2016  it contradicts how the other values of its column are read"_s});
+            u"17   kt_when      2/14/2016  The text contradicts what the other texts of its column are read by."_s});
 }
 
 TEST(ImportCommand, TwoHandsDecideNothing)
@@ -354,5 +354,5 @@ TEST(ImportCommand, ImportsTheSample)
     EXPECT_TRUE(result.output.contains(u"kt_公司\n"_s));
     EXPECT_TRUE(result.output.contains(u"kt_donation     currency (USD)  280   3         19\n"_s));
     EXPECT_TRUE(result.output.contains(
-        u"9    kt_memberSince  2/30/2008           it is no date or time\n"_s));
+        u"9    kt_memberSince  2/30/2008           There is no such date.\n"_s));
 }

@@ -11,6 +11,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+const QString NoNumber = u"The text is no number, or has something else in it."_s;
+
 /// What a field of a type reads, or why it does not.
 QString readBy(FieldType type, const QString &text)
 {
@@ -23,15 +25,17 @@ TEST(FieldReader, TheExampleOfTheHeader)
 {
     const FieldReader reader(FieldType::Number);
     EXPECT_TRUE(NSObject::isEqual(*reader.read(u"1,234"_s), 1234));
-    EXPECT_EQ(reader.read(u"12abc"_s).reason(), u"there is more than a number"_s);
+    EXPECT_EQ(reader.read(u"12abc"_s).reason(), NoNumber);
 }
 
 TEST(FieldReader, TellsWhyATextIsNoValueOfItsType)
 {
-    EXPECT_EQ(readBy(FieldType::Number, u"cow"_s), u"it is no number"_s);
-    EXPECT_EQ(readBy(FieldType::Currency, u"cow"_s), u"it is no amount in this currency"_s);
-    EXPECT_EQ(readBy(FieldType::Date, u"cow"_s), u"it is no date or time"_s);
-    EXPECT_EQ(readBy(FieldType::Time, u"25:00"_s), u"it is no date or time"_s);
+    EXPECT_EQ(readBy(FieldType::Number, u"cow"_s), NoNumber);
+    EXPECT_EQ(readBy(FieldType::Currency, u"cow"_s),
+              u"The text is no amount in USD, or has something else in it."_s);
+    EXPECT_EQ(readBy(FieldType::Date, u"cow"_s),
+              u"The text is in no form of dates and times that is known."_s);
+    EXPECT_EQ(readBy(FieldType::Time, u"25:00"_s), u"There is no such time."_s);
     EXPECT_FALSE(FieldReader(FieldType::Duration).read(u"cow"_s));
 }
 
@@ -112,7 +116,8 @@ TEST(FieldReader, TheCurrencyIsTheUsersUnlessItIsSet)
 
 TEST(FieldReader, TakesNoSeparatorForAnotherOne)
 {
-    const QString reason = u"its separators do not stand where groups end or the fraction begins"_s;
+    const QString reason =
+        u"The separators do not stand where groups of digits end or the fraction begins."_s;
     EXPECT_EQ(readBy(FieldType::Number, u"1,50"_s), reason);
     EXPECT_EQ(readBy(FieldType::Currency, u"$1,50"_s), reason);
     EXPECT_EQ(readBy(FieldType::Number, u"1,500.25"_s), u"1500.25"_s);
@@ -126,8 +131,8 @@ TEST(FieldReader, TakesNumbersBetweenMarksOfDirection)
         EXPECT_EQ(readBy(FieldType::Currency, text), u"12"_s);
     }
     EXPECT_EQ(readBy(FieldType::Currency, u"\u2066($1,234)\u2069"_s), u"-1234"_s);
-    EXPECT_EQ(readBy(FieldType::Number, u"12\u200Fx"_s), u"there is more than a number"_s);
-    EXPECT_EQ(readBy(FieldType::Number, u"\u202A\u202C"_s), u"it is no number"_s);
+    EXPECT_EQ(readBy(FieldType::Number, u"12\u200Fx"_s), NoNumber);
+    EXPECT_EQ(readBy(FieldType::Number, u"\u202A\u202C"_s), NoNumber);
 }
 
 TEST(FieldReader, ImportedValuesAreReadAsTheirColumnSays)
@@ -139,7 +144,7 @@ TEST(FieldReader, ImportedValuesAreReadAsTheirColumnSays)
     reader.setColumn(*column);
     EXPECT_TRUE(NSObject::isEqual(*reader.read(u"1.234"_s, true), 1234));
     EXPECT_EQ(reader.read(u"1.5"_s, true).reason(),
-              u"it contradicts how the other values of its column are read"_s);
+              u"The text contradicts what the other texts of its column are read by."_s);
     // What is typed into a field is not.
     EXPECT_TRUE(NSObject::isEqual(*reader.read(u"1.5"_s), 1.5));
     EXPECT_TRUE(FieldReader(FieldType::Date).newColumn());

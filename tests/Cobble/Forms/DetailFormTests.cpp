@@ -103,7 +103,8 @@ TEST_F(DetailFormTests, WhatIsTypedGoesToTheRecord)
     EXPECT_TRUE(form.rows().at(1)->setText(u"2,000"_s));
     EXPECT_TRUE(NSObject::isEqual(ada.values().value(u"kt_age"_s), 2000));
     EXPECT_EQ(shown(), u"Name: Ada, Age: 2,000"_s);
-    EXPECT_EQ(form.rows().at(1)->setText(u"cow"_s).reason(), u"it is no number"_s);
+    EXPECT_EQ(form.rows().at(1)->setText(u"cow"_s).reason(),
+              u"The text is no number, or has something else in it."_s);
     EXPECT_EQ(shown(), u"Name: Ada, Age: 2,000"_s);
     EXPECT_TRUE(form.rows().at(1)->setText(QString()));
     EXPECT_FALSE(ada.values().value(u"kt_age"_s).isValid());

@@ -34,7 +34,7 @@ TEST(ImportValues, CountsWhatIsReadAndKeepsWhatIsNot)
     EXPECT_EQ(values.unread[0].row, 13);
     EXPECT_EQ(values.unread[0].column, 1);
     EXPECT_EQ(values.unread[0].text, u"a cow");
-    EXPECT_EQ(values.unread[1].reason, u"it is no date or time");
+    EXPECT_EQ(values.unread[1].reason, u"There is no such date.");
 }
 
 TEST(ImportValues, HelpsSecondsThroughTheImportHooks)

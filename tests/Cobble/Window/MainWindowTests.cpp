@@ -145,7 +145,8 @@ TEST_F(MainWindowTests, ACellLeftWithSomethingUnreadableKeepsItsValueAndSaysWhy)
     type(QApplication::focusWidget(), u"many"_s);
     window->mainWindow()->search()->setFocus();
     turn();
-    EXPECT_EQ(window->mainWindow()->statusBar()->currentMessage(), u"it is no number"_s);
+    EXPECT_EQ(window->mainWindow()->statusBar()->currentMessage(),
+              u"The text is no number, or has something else in it."_s);
     EXPECT_EQ(stored(1, 1), u"7"_s);
 }
 
@@ -209,7 +210,7 @@ TEST_F(MainWindowTests, TheFormSaysWhatItCannotRead)
     FieldEditor *const visits = editor(window, 1);
     type(visits->input(), u"12abc"_s);
     QTest::keyClick(visits->input(), Qt::Key_Return);
-    EXPECT_EQ(visits->problem(), u"there is more than a number"_s);
+    EXPECT_EQ(visits->problem(), u"The text is no number, or has something else in it."_s);
     EXPECT_EQ(visits->input()->accessibleDescription(), visits->problem());
     // What was typed is still there, and the value is what it was.
     EXPECT_EQ(visits->text(), u"12abc"_s);

@@ -31,6 +31,13 @@ private:
     const QString &_text;
 };
 
+/// Formatters that read common forms say it in a sentence; of others, the type says enough.
+bool saysWhy(const NSFormatter &formatter)
+{
+    const auto *const reading = qobject_cast<const KTReadingFormatter *>(&formatter);
+    return reading && reading->readsCommonForms();
+}
+
 QString reasonFor(FieldType type, const QString &errorDescription)
 {
     if (errorDescription == KTNumberFormatter::unevenGroupsDescription())
@@ -108,7 +115,8 @@ Outcome<QVariant> FieldReader::readOnce(const QString &text, bool isInColumn) co
                             : formatter()->getObjectValue(&value, text, &reason);
     if (isRead)
         return value;
-    return Failure{reasonFor(_type, reason)};
+    const bool isReason = saysWhy(*formatter()) && !reason.isEmpty();
+    return Failure{isReason ? reason : reasonFor(_type, reason)};
 }
 
 /// Again without the marks that nobody sees, if it has to be.

@@ -16,7 +16,7 @@
 /// \code
 /// FieldReader reader(FieldType::Number);
 /// *reader.read(u"1,234"_s);             // 1234
-/// reader.read(u"12abc"_s).reason();     // "there is more than a number"
+/// reader.read(u"12abc"_s).reason();     // "The text is no number, or …"
 /// \endcode
 class FieldReader
 {
