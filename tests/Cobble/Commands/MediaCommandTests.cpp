@@ -254,6 +254,7 @@ TEST_F(MediaCommandTests, ABundleThatCannotBeCopiedStaysInItsPlace)
 
 TEST_F(MediaCommandTests, WhatCannotBeDeletedIsNotCalledMissing)
 {
+    testing_support::needApplication(); // which opens files itself
     // Without descriptors, nobody, not even root, removes a folder that holds something.
     testing_support::writeFile(folder + u"album/a.png", "picture");
     struct rlimit before = {};
