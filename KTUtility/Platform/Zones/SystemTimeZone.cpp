@@ -41,10 +41,26 @@ QTimeZone zoneOfFile(const QString &path)
     return QTimeZone(ruleOfFile(path));
 }
 
-/// A rule that says that there is summer time, and not when.
+bool haveTheSameOffsets(const QTimeZone &left, const QTimeZone &right)
+{
+    for (const int month : {1, 7}) {
+        const QDateTime noon(QDate(2024, month, 1), QTime(12, 0), QTimeZone::utc());
+        if (left.offsetFromUtc(noon) != right.offsetFromUtc(noon))
+            return false;
+    }
+    return true;
+}
+
+/// A rule that says that there is summer time, and not when: then it is when the system's file
+/// "posixrules" has it. What that file says of the years before 2007 counts where it is of the same
+/// offsets; elsewhere its present rule does.
 QTimeZone zoneOfRuleWithoutDates(const QByteArray &rule)
 {
-    return QTimeZone(rule + ",M3.2.0,M11.1.0");
+    const QTimeZone present(rule + ",M3.2.0,M11.1.0");
+    const QString path = QString::fromLatin1(ZoneData::Folder) + u"/posixrules"_s;
+    const QTimeZone past = QFileInfo::exists(path) ? zoneOfFile(path) : QTimeZone();
+    return present.isValid() && past.isValid() && haveTheSameOffsets(past, present) ? past
+                                                                                    : present;
 }
 
 bool isRuleWithoutDates(const QByteArray &name)

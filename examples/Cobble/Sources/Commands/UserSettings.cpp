@@ -130,7 +130,7 @@ Outcome<> UserSettings::checkLocale(const QCommandLineParser &parser)
     const QString identifier = localeIn(parser);
     if (identifier.isNull())
         return {};
-    const QString &language = NSLocale(identifier).languageCode();
+    const QString language = NSLocale(identifier).languageCode();
     if (!language.isEmpty() && NSLocale::availableLocaleIdentifiers().contains(language))
         return {};
     return Failure{u"unknown locale '%1'"_s.arg(identifier)};
