@@ -1,11 +1,11 @@
 #include "PlugInNote_p.h"
 
 #include <KTUtility/Platform/Disk/FileOperations_p.h>
+#include <KTUtility/Platform/Disk/FolderNames_p.h>
 #include <KTUtility/Platform/Files/DefaultsFile_p.h>
 #include <KTUtility/Platform/Files/NSFileManager.h>
 
 #include <QDateTime>
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QList>
@@ -160,7 +160,7 @@ QStringList leftNotes(const NSBundle &bundle)
         return {};
     const QByteArray text = textFor(bundle);
     QStringList left;
-    for (const QString &name : QDir(folder).entryList({notePrefix() + u'*'}, QDir::Files)) {
+    for (const QString &name : filesNamed(folder, notePrefix(), QString())) {
         const QString path = folder + u'/' + name;
         const QByteArray found = textLeftIn(path);
         if (found == text)

@@ -3,6 +3,7 @@
 #include "DefaultsFile_p.h"
 #include "NSBundle.h"
 #include "NSPropertyListSerialization.h"
+#include <KTUtility/Platform/Disk/FolderNames_p.h>
 #include <KTUtility/Platform/Values/NSDecimalNumber.h>
 #include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/Platform/Values/NSObject.h>
@@ -10,7 +11,6 @@
 #include <KTUtility/Platform/Values/NSStringValues.h>
 
 #include <QCoreApplication>
-#include <QDir>
 
 #include <utility>
 
@@ -354,7 +354,7 @@ QStringList NSUserDefaults::persistentDomainNames() const
     const QString folder = DefaultsFile::folder();
     if (folder.isNull())
         return names;
-    for (const QString &file : QDir(folder).entryList({u"*.plist"_s}, QDir::Files, QDir::Name))
+    for (const QString &file : filesNamed(folder, QString(), u".plist"_s))
         names += file.chopped(6);
     return names;
 }

@@ -29,23 +29,34 @@ namespace {
 /// How long to wait for another change to end, in milliseconds.
 constexpr int PatienceWithLock = 5000;
 
-/// How many files in a folder have a name that is no text; Qt passes over them without a word.
-int filesWithoutNameIn(const QString &folder)
+/// What a folder holds, in the order of the names.
+struct Contents
 {
-    int count = 0;
+    QStringList names;
+    int withoutName = 0; ///< how many have a name that is no text
+};
+
+/// Qt passes over names that are no text without a word, or ends at the first of them.
+Contents contentsOf(const QString &folder)
+{
+    Contents contents;
     std::error_code error;
     const std::filesystem::directory_iterator end;
     for (std::filesystem::directory_iterator entry(folder.toStdString(), error); entry != end;
          entry.increment(error)) {
         const QByteArray name = QByteArray::fromStdString(entry->path().filename().native());
-        count += name.isValidUtf8() ? 0 : 1;
+        if (name.isValidUtf8())
+            contents.names += QString::fromUtf8(name);
+        else
+            ++contents.withoutName;
     }
-    return count;
+    contents.names.sort();
+    return contents;
 }
 
-void warnOfFilesWithoutName(const QString &folder, CommandContext &context)
+void warnOfFilesWithoutName(int count, const QString &folder, CommandContext &context)
 {
-    if (const int count = filesWithoutNameIn(folder); count > 0)
+    if (count > 0)
         context.warn(folder, u"%1 cannot be listed: the name is not UTF-8"_s.arg(
                                  count == 1 ? u"1 file"_s : u"%1 files"_s.arg(count)));
 }
@@ -58,15 +69,15 @@ ExitCode listMedia(const KTDatabaseBundle &bundle, CommandContext &context)
     if (!folder.exists())
         return context.fail(bundle.bundlePath(), u"there is no media folder"_s);
     AlignedTable table;
-    const QFileInfoList files =
-        folder.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
-    for (const QFileInfo &file : files) {
+    const Contents contents = contentsOf(folder.path());
+    for (const QString &name : contents.names) {
+        const QFileInfo file(folder.filePath(name));
         const auto url = bundle.mediaUrlFromFilePath(file.filePath());
-        if (url && !UnusedMedia::isUnfinished(file.fileName()))
+        if (url && !UnusedMedia::isUnfinished(name))
             table.addRow({QString::number(file.size()), url->absoluteString()});
     }
     table.print(context.out());
-    warnOfFilesWithoutName(folder.path(), context);
+    warnOfFilesWithoutName(contents.withoutName, folder.path(), context);
     return ExitCode::Success;
 }
 
