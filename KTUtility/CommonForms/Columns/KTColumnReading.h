@@ -63,6 +63,7 @@ public:
     /// The conventions that there are for a kind.
     static const QStringList &conventionsOf(Kind kind);
 
+    /// What the column holds.
     Kind kind() const { return _kind; }
     /// Takes the next text of the column into account, whatever it is.
     void add(const QString &text);
@@ -72,6 +73,7 @@ public:
 
     /// What holds.
     QString convention() const;
+    /// What decided it.
     Basis basis() const;
     /// What holds in the locale.
     QString localeConvention() const;
