@@ -294,7 +294,7 @@ class Reference(unittest.TestCase):
                   for item in FILTER.Reader(path.read_text()).items() if not item.scope.startswith("KTPrivate")]
         namespaces = {scope[2] for scope in opened if scope and scope[1] == "namespace"}
         self.assertIn("KTAdditions", namespaces)
-        self.assertEqual(namespaces - {"KTPrivate", "KTPlugInProbe", "NSDetail", "Detail"} - self.compounds("namespace"),
+        self.assertEqual(namespaces - {"KTPrivate", "KTPlugInProbe", "NSDetail", "KTDetail", "Detail"} - self.compounds("namespace"),
                          set())
 
     def test_the_index_has_every_selector(self):
