@@ -200,8 +200,8 @@ bool ArrayDifference::findMoves(size_t most, std::vector<Move> *moves) const
         };
         Range rows{placeOf(rank), placeOf(rank)};
         while (rows.last + 1 < int(ranks.size()) &&
-               ranks[size_t(rows.last + 1)] == rank + rows.count() &&
-               !isInPlace[size_t(rank + rows.count())])
+               ranks[size_t(rows.last) + 1] == rank + rows.count() &&
+               !isInPlace[size_t(rank) + size_t(rows.count())])
             ++rows.last;
         const Move move{rows, rank == 0 ? 0 : placeOf(rank - 1) + 1};
         rank += rows.count() - 1;

@@ -169,7 +169,8 @@ void KTArrayModel::performSteps(const QList<Step> &steps, const QVariantList *re
 
 void KTArrayModel::perform(const Step &step, const QVariantList *result)
 {
-    const auto [first, last] = step.rows;
+    const int first = step.rows.first;
+    const int last = step.rows.last;
     const auto change = [&](const auto &make) { result ? void(_rows = *result) : make(); };
     switch (step.kind) {
     case Step::Kind::Remove:

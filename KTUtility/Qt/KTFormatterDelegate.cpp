@@ -74,9 +74,10 @@ void fitHeight(KTFormatterEdit *editor)
 }
 } // namespace
 
-void KTFormatterDelegate::setFormatter(int column, std::shared_ptr<const NSFormatter> formatter)
+void KTFormatterDelegate::setFormatter(int column,
+                                       const std::shared_ptr<const NSFormatter> &formatter)
 {
-    _formatters.insert(column, std::move(formatter));
+    _formatters.insert(column, formatter);
 }
 
 std::shared_ptr<const NSFormatter> KTFormatterDelegate::formatterFor(const QModelIndex &index) const

@@ -31,7 +31,7 @@ public:
 
     /// Sets the formatter of a column for models that give none: it shows and reads the values that
     /// the model has for Qt::EditRole. Null takes it away.
-    void setFormatter(int column, std::shared_ptr<const NSFormatter> formatter);
+    void setFormatter(int column, const std::shared_ptr<const NSFormatter> &formatter);
     /// The formatter of a cell; null if it has none.
     std::shared_ptr<const NSFormatter> formatterFor(const QModelIndex &index) const;
 

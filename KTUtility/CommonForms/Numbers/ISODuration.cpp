@@ -20,10 +20,10 @@ constexpr Designator Designators[] = {
     {u's', true, DurationUnit::Second},
 };
 
-class Reader
+class ISODurationReader
 {
 public:
-    explicit Reader(const FoldedText &text) : _folded(text.text()), _sum(text) {}
+    explicit ISODurationReader(const FoldedText &text) : _folded(text.text()), _sum(text) {}
 
     TypedDecimal read()
     {
@@ -107,5 +107,5 @@ private:
 
 TypedDecimal ISODuration::read(const FoldedText &text)
 {
-    return Reader(text).read();
+    return ISODurationReader(text).read();
 }

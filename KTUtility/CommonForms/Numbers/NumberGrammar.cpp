@@ -10,10 +10,10 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr char16_t ArabicPercent = u'\u066A';
 
-class Reader
+class TypedNumberReader
 {
 public:
-    Reader(const FoldedText &text, const NumberSigns &signs, NumberGrammar::Kind kind)
+    TypedNumberReader(const FoldedText &text, const NumberSigns &signs, NumberGrammar::Kind kind)
         : _text(text), _folded(text.text()), _signs(signs), _kind(kind)
     {
     }
@@ -224,5 +224,5 @@ private:
 
 TypedDecimal NumberGrammar::read(const FoldedText &text, const NumberSigns &signs, Kind kind)
 {
-    return Reader(text, signs, kind).read();
+    return TypedNumberReader(text, signs, kind).read();
 }
