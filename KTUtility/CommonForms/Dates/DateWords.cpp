@@ -4,11 +4,8 @@
 #include "DatePatternWords_p.h"
 #include "DateWordRows_p.h"
 #include "RelativeDateWords_p.h"
+#include <KTUtility/CommonForms/Text/SharedTables_p.h>
 #include <KTUtility/Platform/Text/ICU_p.h>
-
-#include <QHash>
-#include <QMutex>
-#include <QMutexLocker>
 
 #include <algorithm>
 
@@ -59,6 +56,22 @@ bool isSemitic(QStringView words)
     });
 }
 
+bool isUnit(const DateWord &word)
+{
+    using Kind = DateWord::Kind;
+    return word.kind == Kind::Unit || word.kind == Kind::OneUnit ||
+           word.kind == Kind::UnitWithSuffix || word.kind == Kind::FixedAmount;
+}
+
+/// A bare "m", perhaps before other words, is a minute to some and a month to others, in every
+/// language.
+bool isMinuteOrMonth(QStringView words)
+{
+    const QString folded = FoldedText::folded(words);
+    const QStringView first = QStringView(folded).left(folded.indexOf(u' '));
+    return first == u"m" || first == u"\u043C";
+}
+
 QString withoutPoints(QStringView words)
 {
     return words.toString().remove(u'.').trimmed();
@@ -67,13 +80,8 @@ QString withoutPoints(QStringView words)
 
 std::shared_ptr<const DateWords> DateWords::wordsOf(const NSLocale &locale)
 {
-    static QMutex mutex;
-    static QHash<QString, std::shared_ptr<const DateWords>> known;
-    const QMutexLocker lock(&mutex);
-    std::shared_ptr<const DateWords> &words = known[locale.localeIdentifier()];
-    if (!words)
-        words = std::make_shared<const DateWords>(locale);
-    return words;
+    static SharedTables<DateWords> tables;
+    return tables.tableOf(locale.localeIdentifier(), [&locale] { return DateWords(locale); });
 }
 
 DateWords::DateWords(const NSLocale &locale) : _locale(locale)
@@ -91,7 +99,7 @@ DateWords::DateWords(const NSLocale &locale) : _locale(locale)
 void DateWords::add(QStringView words, const DateWord &meaning)
 {
     const QString bare = withoutPoints(words);
-    if (bare.isEmpty())
+    if (bare.isEmpty() || (isUnit(meaning) && isMinuteOrMonth(bare)))
         return;
     _table.add(bare, meaning);
     if (isSemitic(bare))

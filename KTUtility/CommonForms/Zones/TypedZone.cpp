@@ -8,6 +8,7 @@
 
 #include <array>
 #include <iterator>
+#include <memory>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
@@ -137,7 +138,8 @@ TypedZone offsetBeforeWordAt(QStringView folded, qsizetype position, const NSLoc
     if (!offset || cursor.isAtEnd())
         return {};
     cursor.take(u' ');
-    const QString &word = ZoneNames::namesOf(locale).wordBehindOffset();
+    const std::shared_ptr<const ZoneNames> names = ZoneNames::namesOf(locale);
+    const QString &word = names->wordBehindOffset();
     if (word.isEmpty() || !cursor.take(word) || !isEndOfZone(cursor))
         return {};
     return fixedZone(cursor.position() - position, *offset);
@@ -257,10 +259,10 @@ TypedZone KTPrivate::zoneAt(QStringView folded, qsizetype position, const NSLoca
         return {};
     if (const TypedZone zone = identifierAt(folded, position); zone.length > 0)
         return zone;
-    const ZoneNames &names = ZoneNames::namesOf(locale);
-    if (const TypedZone zone = localUniversalAt(folded, position, names); zone.length > 0)
+    const std::shared_ptr<const ZoneNames> names = ZoneNames::namesOf(locale);
+    if (const TypedZone zone = localUniversalAt(folded, position, *names); zone.length > 0)
         return zone;
-    return nameAt(folded, position, names);
+    return nameAt(folded, position, *names);
 }
 
 TypedZone KTPrivate::mailZoneAt(QStringView folded, qsizetype position, const NSLocale &locale)

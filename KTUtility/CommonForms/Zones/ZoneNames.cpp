@@ -1,5 +1,6 @@
 #include "ZoneNames_p.h"
 
+#include <KTUtility/CommonForms/Text/SharedTables_p.h>
 #include <KTUtility/Platform/Text/ICU_p.h>
 
 #include <unicode/strenum.h>
@@ -7,8 +8,6 @@
 #include <unicode/tzfmt.h>
 #include <unicode/tznames.h>
 
-#include <QMutex>
-#include <QMutexLocker>
 #include <QTimeZone>
 
 #include <algorithm>
@@ -175,15 +174,10 @@ Identifiers makeIdentifiers()
 }
 } // namespace
 
-const ZoneNames &ZoneNames::namesOf(const NSLocale &locale)
+std::shared_ptr<const ZoneNames> ZoneNames::namesOf(const NSLocale &locale)
 {
-    static QMutex mutex;
-    static QHash<QString, const ZoneNames *> known;
-    const QMutexLocker lock(&mutex);
-    const ZoneNames *&names = known[locale.localeIdentifier()];
-    if (!names)
-        names = new ZoneNames(locale);
-    return *names;
+    static SharedTables<ZoneNames> tables;
+    return tables.tableOf(locale.localeIdentifier(), [&locale] { return ZoneNames(locale); });
 }
 
 const PhraseTable<ZoneMeaning> &ZoneNames::abbreviations()

@@ -10,6 +10,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <memory>
+
 namespace KTPrivate {
 /// What a zone's name means: the time of some place, all the year or in one half of it.
 struct ZoneMeaning
@@ -21,11 +23,11 @@ struct ZoneMeaning
 };
 
 /// The names and abbreviations of zones in a locale, as CLDR has them. Made once for each locale,
-/// shared by all threads, and never destroyed.
+/// shared by all threads.
 class KTUTILITY_EXPORT ZoneNames
 {
 public:
-    static const ZoneNames &namesOf(const NSLocale &locale);
+    static std::shared_ptr<const ZoneNames> namesOf(const NSLocale &locale);
     /// English abbreviations that CLDR has in some part of the world, and that mean the same
     /// everywhere: "CET", "AEST".
     static const PhraseTable<ZoneMeaning> &abbreviations();
