@@ -1,6 +1,7 @@
 #include "CommonDates_p.h"
 
 #include "DateGrammar_p.h"
+#include "DateMeanings_p.h"
 #include "DateResolver_p.h"
 #include "DateTokens_p.h"
 #include <KTUtility/CommonForms/Text/FoldedText_p.h>
@@ -16,7 +17,11 @@ namespace {
 class Report
 {
 public:
-    Report(const FoldedText &text, const DateTokens &tokens) : _text(text), _tokens(tokens) {}
+    Report(const FoldedText &text, const DateTokens &tokens, const NSCalendar &calendar,
+           const QString &zone)
+        : _text(text), _tokens(tokens), _calendar(calendar), _zone(zone)
+    {
+    }
 
     QList<KTReadingPart> partsOf(DateSaid &said, const DateCandidate *candidate) const
     {
@@ -43,12 +48,15 @@ private:
     KTReadingPart partOf(const DateSaid::Part &part) const
     {
         const DateToken &token = _tokens.at(part.token);
+        const bool isZone = token.type == DateToken::Type::Zone;
         return {_text.rangeInText(token.begin, token.length), QString::fromUtf16(part.role),
-                QString::number(part.value)};
+                isZone ? _zone : meaningOf(part, token, _calendar)};
     }
 
     const FoldedText &_text;
     const DateTokens &_tokens;
+    const NSCalendar _calendar;
+    const QString _zone;
 };
 
 QString formOf(const DateSaid &said)
@@ -68,12 +76,15 @@ bool isBareNumber(const DateSaid &said)
 }
 
 KTReading readingOf(const FoldedText &text, const DateTokens &tokens, DateSaid &said,
-                    const DateResolver &resolver)
+                    const DateResolver &resolver, const CommonDateField &field)
 {
     KTReading reading;
     reading.form = formOf(said);
     reading.zone = resolver.zoneIdentifier();
-    reading.parts = Report(text, tokens).partsOf(said, resolver.candidate());
+    const NSCalendar calendar =
+        said.isJapaneseEra ? NSCalendar(NSJapaneseCalendar) : field.calendar;
+    reading.parts =
+        Report(text, tokens, calendar, reading.zone).partsOf(said, resolver.candidate());
     if (const std::optional<qint64> other = resolver.alternative()) {
         reading.alternative = QDateTime::fromMSecsSinceEpoch(*other, UTC);
         reading.alternativeForm = reading.form;
@@ -102,6 +113,6 @@ CommonDate KTPrivate::readCommonDate(const QString &text, const CommonDateField 
     result.outcome = CommonDate::Outcome::Read;
     result.date = QDateTime::fromMSecsSinceEpoch(resolver.instant(), UTC);
     result.clock = QDateTime::fromMSecsSinceEpoch(resolver.localTime(), UTC);
-    result.reading = readingOf(folded, tokens, *said, resolver);
+    result.reading = readingOf(folded, tokens, *said, resolver, field);
     return result;
 }

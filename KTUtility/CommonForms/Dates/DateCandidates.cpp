@@ -50,11 +50,14 @@ private:
         }
     }
 
-    /// Years have two digits or four; those of an era as many as they have.
+    /// Years have two digits or four, of which the first is no 0; those of an era as many as they
+    /// have.
     bool setYear(int index, const DateSaid::Number &number)
     {
+        constexpr int FirstLongYear = 1000;
         const bool isOfEra = _said.era.has_value();
-        if (number.digits != 2 && number.digits != 4 && !isOfEra)
+        const bool isLong = number.digits == 4 && number.value >= FirstLongYear;
+        if (number.digits != 2 && !isLong && !isOfEra)
             return false;
         _candidate.year = number.value;
         _candidate.hasShortYear = number.digits == 2 && !isOfEra;
@@ -78,6 +81,17 @@ bool isJoin(char16_t separator)
     return separator == u'/' || separator == u'-' || separator == u'.';
 }
 
+/// Whether a time stands within a date that goes on with no long year.
+bool isTornByTime(const DateSaid &said)
+{
+    for (qsizetype index = 1; index < said.numbers.size(); ++index) {
+        const DateSaid::Number &number = said.numbers[index];
+        if (number.isBehindTime && (number.digits != 4 || isJoin(number.separator)))
+            return true;
+    }
+    return false;
+}
+
 /// Whether the signs between numbers are those of a date: "3/4/08", "12-08, 2015", "31 10 1974".
 bool isJoinedAsDate(const DateSaid &said)
 {
@@ -87,6 +101,8 @@ bool isJoinedAsDate(const DateSaid &said)
         isMarked = isMarked || number.isMarked;
     if (isMarked || numbers.size() < 2)
         return true;
+    if (isTornByTime(said))
+        return false;
     const char16_t first = numbers[1].separator;
     if (numbers.size() == 2)
         return isJoin(first);
@@ -98,18 +114,43 @@ bool isJoinedAsDate(const DateSaid &said)
            numbers[2].role == Role::Year;
 }
 
+/// Whether the sign before a year goes with the one before, as in "5-Mar-08" and "Mar 5, 08".
+bool isSignBeforeYear(const DateSaid::Number &year, char16_t signBefore)
+{
+    const char16_t sign = year.separator;
+    return sign == 0 || sign == u' ' || sign == u',' || (isJoin(sign) && sign == signBefore) ||
+           (sign == u'.' && year.isBehindMonth);
+}
+
+/// Whether a number beside the name of a month can be its year. Two digits are one only where
+/// nothing else can be meant, as the end of a span: behind the month, or behind the day that is.
+bool canBeYear(const DateSaid &said, qsizetype index)
+{
+    const DateSaid::Number &year = said.numbers[index];
+    if (year.digits != 2 || year.separator == u'\'' || (year.isMarked && year.role == Role::Year))
+        return !year.isNoYear;
+    const bool isInPlace = index >= said.numbersBeforeMonth && index + 1 == said.numbers.size();
+    if (year.isNoYear || year.isBehindWord || year.isJoinedToTime || !isInPlace)
+        return false;
+    const bool hasDayBetween = index > said.numbersBeforeMonth;
+    return isSignBeforeYear(year, hasDayBetween ? said.numbers[index - 1].separator
+                                                : said.monthSeparator);
+}
+
 /// Beside the name of a month.
 void addBesideMonth(DateCandidates &candidates, const DateSaid &said)
 {
     switch (said.numbers.size()) {
     case 1:
         add(candidates, said, std::array{Role::Day});
-        if (candidates.isEmpty())
+        if (candidates.isEmpty() && canBeYear(said, 0))
             add(candidates, said, std::array{Role::Year});
         break;
     case 2:
-        add(candidates, said, std::array{Role::Day, Role::Year});
-        add(candidates, said, std::array{Role::Year, Role::Day});
+        if (canBeYear(said, 1))
+            add(candidates, said, std::array{Role::Day, Role::Year});
+        if (canBeYear(said, 0))
+            add(candidates, said, std::array{Role::Year, Role::Day});
         break;
     default:
         break;
@@ -137,20 +178,18 @@ void addTwoNumbers(DateCandidates &candidates, const DateSaid &said, bool isDayF
         add(candidates, said, std::array{Role::Year, Role::Month});
 }
 
-void addThreeNumbers(DateCandidates &candidates, const DateSaid &said, DateOrder order)
+/// Two digits are a year before the month only where years come first, or if they can be nothing
+/// else.
+void addThreeNumbers(DateCandidates &candidates, const DateSaid &said, DateOrder order,
+                     bool isDayFirst)
 {
     static constexpr std::array MonthFirst{Role::Month, Role::Day, Role::Year};
     static constexpr std::array DayFirst{Role::Day, Role::Month, Role::Year};
     static constexpr std::array YearFirst{Role::Year, Role::Month, Role::Day};
-    if (order == DateOrder::YearMonthDay)
+    if (order == DateOrder::YearMonthDay || said.numbers[0].role == Role::Year)
         add(candidates, said, YearFirst);
-    if (order == DateOrder::DayMonthYear)
-        add(candidates, said, DayFirst);
-    add(candidates, said, MonthFirst);
-    if (order != DateOrder::DayMonthYear)
-        add(candidates, said, DayFirst);
-    if (order != DateOrder::YearMonthDay)
-        add(candidates, said, YearFirst);
+    add(candidates, said, isDayFirst ? DayFirst : MonthFirst);
+    add(candidates, said, isDayFirst ? MonthFirst : DayFirst);
 }
 
 /// A single number is a day if something says so.
@@ -174,6 +213,6 @@ DateCandidates KTPrivate::dateCandidatesOf(const DateSaid &said, DateOrder order
     else if (said.numbers.size() == 2)
         addTwoNumbers(candidates, said, isDayFirst(said, order, dayMonthSign));
     else if (said.numbers.size() == 3)
-        addThreeNumbers(candidates, said, order);
+        addThreeNumbers(candidates, said, order, isDayFirst(said, order, dayMonthSign));
     return candidates;
 }

@@ -51,21 +51,42 @@ bool DateGrammar::readSeparator()
 
 bool DateGrammar::readPart()
 {
-    const bool isRead = RelativeDates::read(_tokens, &_at, &_said) || readTime() || readZone() ||
-                        readNumber() || readApostropheYear() || readMonth() || readWeekday() ||
-                        readEra() || readFiller();
-    if (isRead)
+    if (RelativeDates::read(_tokens, &_at, &_said)) {
+        _isBehindTime = false;
+        _isBehindWord = false;
         _separator = 0;
-    return isRead;
+        return true;
+    }
+    const bool isTime = readTime();
+    const bool isOther = !isTime && (readZone() || readNumber() || readApostropheYear() ||
+                                     readMonth() || readWeekday() || readEra());
+    const bool isFiller = !isTime && !isOther && readFiller();
+    _isBehindTime = isTime || (isFiller && _isBehindTime);
+    _isBehindWord = isFiller;
+    _separator = 0;
+    return isTime || isOther || isFiller;
 }
 
 bool DateGrammar::readTime()
 {
     if (_separator == u'/')
         return false;
-    const bool couldBeDotted = _isTimeField || (_said.isWritten() && !_said.numbers.isEmpty() &&
-                                                _separator != u'.' && _said.numbers.size() > 1);
-    return TimeGrammar(_tokens, _words, couldBeDotted).read(&_at, &_said);
+    const bool isOfSpan = _separator == u'-' && isDayAndMonth(_tokens, _at);
+    const bool couldBeDotted =
+        _isTimeField || (_said.numbers.size() > 1 && _separator != u'.' && !isOfSpan);
+    const bool isJoined = isSpanOfHours();
+    if (!TimeGrammar(_tokens, _words, couldBeDotted).read(&_at, &_said))
+        return false;
+    if (isJoined)
+        joinToTime(&_said.numbers.back());
+    return true;
+}
+
+/// Whether a number stands here behind another and a dash: "10-11pm".
+bool DateGrammar::isSpanOfHours() const
+{
+    return _separator == u'-' && token().isNumber() && token(-2).isNumber() &&
+           !_said.numbers.isEmpty() && _said.numbers.back().token == _at - 2;
 }
 
 /// The zone has to stand behind the time.
@@ -82,16 +103,44 @@ bool DateGrammar::readNumber()
 {
     if (!token().isNumber() || _said.numbers.size() >= MaximumNumbers)
         return false;
-    DateSaid::Number number{token().value, token().digits, roleOf(token()), _separator, _at};
-    if (_separator == 0 && token().isSpaced)
-        number.separator = u' ';
-    number.isMarked = token().isOrdinal;
+    DateSaid::Number number = numberHere();
     ++_at;
     readMark(&number);
     if (!_said.month)
         ++_said.numbersBeforeMonth;
     _said.numbers.append(number);
     return true;
+}
+
+/// The number with what stands before it.
+DateSaid::Number DateGrammar::numberHere() const
+{
+    DateSaid::Number number{token().value, token().digits, roleOf(token()), _separator, _at};
+    if (_separator == 0 && token().isSpaced)
+        number.separator = u' ';
+    number.isMarked = token().isOrdinal;
+    number.isBehindTime = _isBehindTime;
+    number.isBehindWord = _isBehindWord;
+    number.isBehindMonth = token(_separator == 0 ? -1 : -2).is(Kind::Month);
+    const bool isOpenTime = _isBehindWord || _separator == u'-' || !hasMinutes();
+    number.isNoYear = _isBehindTime && (_separator == u'-' || (token().digits < 4 && isOpenTime));
+    return number;
+}
+
+/// A number before a dash and a time is no year; without blanks, nothing but the begin of a span.
+void DateGrammar::joinToTime(DateSaid::Number *number)
+{
+    number->isJoinedToTime = true;
+    const bool isSpaced = _tokens.at(number->token + 1).isSpaced;
+    if (!isSpaced && number->digits <= 2 && _said.numbers.size() == 1)
+        _said.contradiction = u"There are two times.";
+}
+
+bool DateGrammar::hasMinutes() const
+{
+    return std::any_of(_said.parts.begin(), _said.parts.end(), [](const DateSaid::Part &part) {
+        return QStringView(part.role) == u"minute";
+    });
 }
 
 /// "年" and the like.
@@ -136,6 +185,7 @@ bool DateGrammar::readMonth()
         }))
         return false;
     _said.month = word->value;
+    _said.monthSeparator = _separator == 0 && token().isSpaced ? u' ' : _separator;
     _said.parts.append({_at++, u"month", word->value});
     return true;
 }

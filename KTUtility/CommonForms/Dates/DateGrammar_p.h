@@ -42,6 +42,10 @@ private:
     void readFirstYear();
     bool readFiller();
     void readMark(DateSaid::Number *number);
+    DateSaid::Number numberHere() const;
+    bool isSpanOfHours() const;
+    void joinToTime(DateSaid::Number *number);
+    bool hasMinutes() const;
     bool isEnd() const;
 
     const DateToken &token(qsizetype ahead = 0) const { return _tokens.at(_at + ahead); }
@@ -52,6 +56,8 @@ private:
     qsizetype _at = 0;
     /// The sign since the last part; 0 if there is none.
     char16_t _separator = 0;
+    bool _isBehindTime = false; ///< the last part is a time, or words behind one
+    bool _isBehindWord = false; ///< the last part is a word that decides nothing
     DateSaid _said;
 };
 } // namespace KTPrivate

@@ -96,7 +96,18 @@ bool DateResolver::resolve()
         return refuse(_said.contradiction);
     if (!_field.showsDate && !_said.time && !isOfTimes())
         return refuse(u"The time of day is missing.");
+    if (isOtherNight())
+        return refuse(u"Which night is meant cannot be told.");
     return resolveDay() && hasZone();
+}
+
+/// "tonight at 1" is tomorrow to the calendar, and "tomorrow night at 1" can be either. "1 at night on
+/// 5 March" is on that day.
+bool DateResolver::isOtherNight() const
+{
+    const bool hasDay = _said.hasDate() || _said.isOfToday;
+    const bool isOwnHour = _said.isWritten() && _said.isHourOfDate && !_said.isOfToday;
+    return _said.time && _said.isHourOfNight && hasDay && !isOwnHour;
 }
 
 bool DateResolver::resolveDay()
@@ -137,34 +148,48 @@ bool DateResolver::resolveToday()
     if (_said.weekdays != 0 && _field.showsDate)
         return refuse(u"Which day is meant cannot be told from the weekday alone.");
     if (!_said.time)
-        return refuse(nullptr);
+        return refuse(u"The text says neither a day nor a time.");
     _localTime = startOf(_today) + timeOfDay(false);
     return true;
 }
 
+/// The other orders count only where the locale's leaves no month. A weekday chooses between day and
+/// month, not between years.
 bool DateResolver::resolveWritten()
 {
-    bool isOnlyWrongWeekday = false;
+    std::optional<DateCandidate> onWrongWeekday;
     for (const DateCandidate &candidate : dateCandidatesOf(_said, _field.order, _dayMonthSign)) {
         const std::optional<qint64> day = dayOf(candidate);
-        if (!day)
+        if (!day && !_chosen && hasMonth(candidate))
+            break;
+        if (!day || (onWrongWeekday && onWrongWeekday->yearNumber != candidate.yearNumber))
             continue;
-        if (!_said.isOnWeekday(Civil::weekdayOf(*day))) {
-            isOnlyWrongWeekday = true;
-            continue;
-        }
-        const qint64 time = startOf(*day) + timeOfDay(false);
-        if (!_chosen) {
-            _chosen = candidate;
-            _localTime = time;
-        } else if (time != _localTime && !_alternative) {
-            _alternative = time;
-        }
+        if (_said.isOnWeekday(Civil::weekdayOf(*day)))
+            choose(candidate, *day);
+        else if (!_chosen && !onWrongWeekday)
+            onWrongWeekday = candidate;
     }
-    if (_chosen)
-        return true;
-    return refuse(isOnlyWrongWeekday ? u"The date is on another weekday."
-                                     : u"There is no such date.");
+    return _chosen ||
+           refuse(onWrongWeekday ? u"The date is on another weekday." : u"There is no such date.");
+}
+
+/// The first is meant, the second could be.
+void DateResolver::choose(const DateCandidate &candidate, qint64 day)
+{
+    const qint64 time = startOf(day) + timeOfDay(false);
+    if (!_chosen) {
+        _chosen = candidate;
+        _localTime = time;
+    } else if (time != _localTime && !_alternative) {
+        _alternative = time;
+    }
+}
+
+/// Whether the calendar has the month in some year.
+bool DateResolver::hasMonth(const DateCandidate &candidate) const
+{
+    const int months = isGregorian(_field.calendar) ? 12 : 13;
+    return candidate.month && *candidate.month >= 1 && *candidate.month <= months;
 }
 
 /// Days of calendars are found in UTC, where each has all of its hours.
@@ -263,18 +288,17 @@ std::optional<qint64> DateResolver::dayOfCalendar(const NSDateComponents &compon
     return Civil::daysOfTime(date.toMSecsSinceEpoch());
 }
 
-/// "next Monday" is the first after today, "last Monday" the last before, "this Monday" this week's.
+/// "next Monday" is the first after today, "last Monday" the last before, "this Monday" the first from
+/// today on, whichever day weeks begin with.
 qint64 DateResolver::dayOfWeekday() const
 {
     const int weekday = *_said.nextWeekday;
     const auto daysFrom = [](int from, int to) { return (to - from + DaysPerWeek) % DaysPerWeek; };
     const int today = Civil::weekdayOf(_today);
     const int direction = _said.weekdayDirection;
-    if (direction == 0) {
-        const int first = _field.calendar.firstWeekday();
-        return _today + daysFrom(first, weekday) - daysFrom(first, today);
-    }
     const int ahead = daysFrom(today, weekday);
+    if (direction == 0)
+        return _today + ahead;
     if (direction > 0)
         return _today + (ahead == 0 ? DaysPerWeek : ahead) + DaysPerWeek * (direction - 1);
     return _today + ahead - DaysPerWeek + DaysPerWeek * (direction + 1);

@@ -16,7 +16,7 @@ public:
     DateResolver(const DateSaid &said, const CommonDateField &field, char16_t dayMonthSign,
                  const TypedZone &zone);
 
-    /// Whether there is one; else reason() tells why not, or nothing does.
+    /// Whether there is one; else reason() tells why not.
     bool resolve();
 
     const char16_t *reason() const { return _reason; }
@@ -36,6 +36,9 @@ private:
     bool resolveDay();
     bool hasZone();
     bool resolveWritten();
+    void choose(const DateCandidate &candidate, qint64 day);
+    bool hasMonth(const DateCandidate &candidate) const;
+    bool isOtherNight() const;
     bool resolveRelative();
     bool resolveToday();
     bool move(const DateSaid::Move &move);

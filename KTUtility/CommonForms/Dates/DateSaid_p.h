@@ -19,7 +19,12 @@ struct DateSaid
         Role role = Role::Unknown; ///< if a mark or the number of digits tells
         char16_t separator = 0;    ///< the sign before it; blank or 0 if there is none
         qsizetype token = 0;
-        bool isMarked = false; ///< as a day of a month, without which it is only a number
+        bool isMarked = false;       ///< as a day of a month, without which it is only a number
+        bool isBehindTime = false;   ///< a time stands before it, perhaps with words between
+        bool isBehindWord = false;   ///< a word that decides nothing stands before it
+        bool isBehindMonth = false;  ///< the name of a month stands right before it
+        bool isJoinedToTime = false; ///< a dash and a time stand behind it
+        bool isNoYear = false;       ///< it may be minutes, or the end of a span of time
     };
 
     struct Move
@@ -61,7 +66,8 @@ struct DateSaid
     QVarLengthArray<Number, 4> numbers;
     qsizetype numbersBeforeMonth = 0;
     std::optional<int> month;
-    int weekdays = 0; ///< a bit for each that a word may mean; the second is Sunday's
+    char16_t monthSeparator = 0; ///< the sign before the month
+    int weekdays = 0;            ///< a bit for each that a word may mean; the second is Sunday's
     std::optional<int> era;
     bool isJapaneseEra = false;
     std::optional<int> daysFromToday;
@@ -70,7 +76,10 @@ struct DateSaid
     bool isNow = false;
     QVarLengthArray<Move, 4> moves;
     std::optional<Time> time;
-    bool hasZone = false; ///< behind the time
+    bool hasZone = false;       ///< behind the time
+    bool isHourOfNight = false; ///< the time is after midnight, of a night that begins before it
+    bool isHourOfDate = false;  ///< even so, beside a date it is that date's: "1 at night"
+    bool isOfToday = false;     ///< "tonight"
     QVarLengthArray<Part, 16> parts;
     /// Why it cannot be; empty if it can.
     const char16_t *contradiction = nullptr;

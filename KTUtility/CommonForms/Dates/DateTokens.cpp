@@ -46,6 +46,22 @@ const DateWord *DateToken::word(DateWord::Kind kind) const
     return found == words.end() ? nullptr : &*found;
 }
 
+bool DateToken::isOnlyBeforeClocks() const
+{
+    return std::any_of(words.begin(), words.end(), [](const DateWord &word) {
+        return word.kind == DateWord::Kind::TimeMark && word.sign != 0;
+    });
+}
+
+bool KTPrivate::isDayAndMonth(const DateTokens &tokens, qsizetype at)
+{
+    constexpr int LongestMonth = 31;
+    constexpr int Months = 12;
+    const DateToken &day = tokens.at(at);
+    const DateToken &month = tokens.at(at + 2);
+    return day.value >= 1 && day.value <= LongestMonth && month.value >= 1 && month.value <= Months;
+}
+
 DateTokens::DateTokens(QStringView folded, const DateWords &words)
     : _isValid(read(folded, words) && !_tokens.isEmpty())
 {
@@ -75,6 +91,8 @@ bool DateTokens::read(QStringView folded, const DateWords &words)
 /// Each returns where the token ends; where it begins if there is none.
 qsizetype DateTokens::readNumber(QStringView folded, const DateWords &words, qsizetype at)
 {
+    if (const qsizetype end = readWeekdayWithNumber(folded, words, at); end > at)
+        return end;
     DateToken token{.type = DateToken::Type::Number, .isSpaced = _isSpaced, .begin = at};
     qsizetype end = at;
     for (; end < folded.size() && isDigit(folded[end]); ++end) {
@@ -92,8 +110,28 @@ qsizetype DateTokens::readNumber(QStringView folded, const DateWords &words, qsi
     return end;
 }
 
+/// Portuguese "2ª feira" is Monday.
+qsizetype DateTokens::readWeekdayWithNumber(QStringView folded, const DateWords &words,
+                                            qsizetype at)
+{
+    const DateWords::Match match = words.longestAt(folded, at);
+    const bool isWeekday =
+        std::any_of(match.meanings.begin(), match.meanings.end(),
+                    [](const DateWord &word) { return word.kind == DateWord::Kind::Weekday; });
+    if (!isWeekday)
+        return at;
+    _tokens.append({.type = DateToken::Type::Word,
+                    .isSpaced = _isSpaced,
+                    .begin = at,
+                    .length = match.length,
+                    .words = match.meanings});
+    return at + match.length;
+}
+
 qsizetype DateTokens::readWord(QStringView folded, const DateWords &words, qsizetype at)
 {
+    if (isOffsetWest(folded, at))
+        return readZone(folded, words, at);
     DateToken token{.type = DateToken::Type::Word, .isSpaced = _isSpaced, .begin = at};
     const DateWords::Match match = words.longestAt(folded, at);
     token.length = match.length;
@@ -109,6 +147,24 @@ qsizetype DateTokens::readWord(QStringView folded, const DateWords &words, qsize
     }
     _tokens.append(token);
     return at + token.length;
+}
+
+/// Whether a minus sign begins an offset, and no span: with a blank before it and four digits behind
+/// it, behind a time.
+bool DateTokens::isOffsetWest(QStringView folded, qsizetype at) const
+{
+    constexpr qsizetype Length = 5;
+    return folded[at] == u'-' && _isSpaced && isBehindTime() &&
+           offsetAt(folded, at).length == Length && folded.sliced(at, Length).indexOf(u':') < 0;
+}
+
+/// Whether the last token ends a clock: minutes, AM or the mark of an hour.
+bool DateTokens::isBehindTime() const
+{
+    const DateToken &last = this->at(_tokens.size() - 1);
+    const DateToken &before = this->at(_tokens.size() - 2);
+    return (last.isNumber() && before.isSign(u':')) || last.is(DateWord::Kind::HalfOfDay) ||
+           last.is(DateWord::Kind::HourMark);
 }
 
 /// The zone of the time before it, if it is one only.

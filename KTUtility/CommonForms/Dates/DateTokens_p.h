@@ -30,6 +30,8 @@ struct KTUTILITY_EXPORT DateToken
     /// The meaning of a kind; null if it has none.
     const DateWord *word(DateWord::Kind kind) const;
     bool is(DateWord::Kind kind) const { return word(kind) != nullptr; }
+    /// Whether it is a mark before times that stands before nothing else.
+    bool isOnlyBeforeClocks() const;
 };
 
 /// A folded text taken apart. The words have to outlive it.
@@ -52,13 +54,19 @@ public:
 private:
     bool read(QStringView folded, const DateWords &words);
     qsizetype readNumber(QStringView folded, const DateWords &words, qsizetype at);
+    qsizetype readWeekdayWithNumber(QStringView folded, const DateWords &words, qsizetype at);
     qsizetype readWord(QStringView folded, const DateWords &words, qsizetype at);
     qsizetype readSign(QStringView folded, qsizetype at);
     qsizetype readZone(QStringView folded, const DateWords &words, qsizetype at);
+    bool isOffsetWest(QStringView folded, qsizetype at) const;
+    bool isBehindTime() const;
 
     QVarLengthArray<DateToken, MaximumCount> _tokens;
     TypedZone _zone;
     bool _isSpaced = false;
     bool _isValid = false;
 };
+
+/// Whether "d.mm" at a token can be a day and a month.
+bool isDayAndMonth(const DateTokens &tokens, qsizetype at);
 } // namespace KTPrivate

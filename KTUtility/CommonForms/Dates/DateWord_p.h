@@ -9,7 +9,7 @@ struct DateWord
     enum class Kind : quint8 {
         Filler,   ///< "the", "of"
         Joiner,   ///< "and", "more", in amounts
-        TimeMark, ///< "at", before a time
+        TimeMark, ///< "at", before a time; sign: 1 if it stands before nothing else
         Now,
         Month,           ///< value: from 1
         Weekday,         ///< value: from 1 for Sunday
@@ -24,8 +24,8 @@ struct DateWord
         AmountSuffix,    ///< "ago", behind an amount; sign
         UnitWithSuffix,  ///< "days ago" that cannot be told apart; value: the unit; sign
         Number,          ///< "a", before a unit; value
-        DayPeriod,       ///< value: a bit for each hour that it names
-        HalfOfDay,       ///< the same for AM and PM
+        DayPeriod,       ///< value: a bit for each hour that it names; sign: 1 if it is today's
+        HalfOfDay,       ///< the same for AM and PM; sign: 1 if it is one behind minutes only
         HourName,        ///< "noon"; value: the hour
         HourMark, ///< behind the number of an hour: "h", "Uhr"; sign: 1 if hours go to twelve
         MinuteMark,

@@ -13,6 +13,13 @@ using Kind = DateWord::Kind;
 constexpr int MaximumAmount = 100'000;
 constexpr qsizetype MaximumMoves = 4;
 
+/// A day and another, or a day and an amount of time, are two dates.
+void refuseSecond(DateSaid *said)
+{
+    if (said->isRelative())
+        said->contradiction = u"There are two dates.";
+}
+
 /// Amounts of time with what tells their direction.
 class Amounts
 {
@@ -37,15 +44,14 @@ public:
 
     void say(qsizetype *at, DateSaid *said) const
     {
-        if (said->isMoved())
-            said->contradiction = u"There are two dates.";
+        refuseSecond(said);
         for (const DateSaid::Move &move : _moves)
             said->moves.append({move.unit, move.amount * _sign});
         for (qsizetype index = _begin; index < _at; ++index) {
             if (_tokens.at(index).isNumber())
                 said->parts.append({index, u"amount", _tokens.at(index).value});
-            else if (_tokens.at(index).is(Kind::Unit) || _tokens.at(index).is(Kind::UnitWithSuffix))
-                said->parts.append({index, u"unit", 0});
+            else if (const int unit = unitOf(_tokens.at(index)))
+                said->parts.append({index, u"unit", unit});
         }
         *at = _at;
     }
@@ -90,6 +96,12 @@ private:
             unit = word.value;
         }
         return unit;
+    }
+
+    static int unitOf(const DateToken &token)
+    {
+        const int unit = unitOf(token, Kind::Unit);
+        return unit != 0 ? unit : unitOf(token, Kind::UnitWithSuffix);
     }
 
     bool readAmount(bool hasPrefix)
@@ -191,6 +203,7 @@ bool readFixedAmount(const DateToken &token, qsizetype at, DateSaid *said)
     const DateWord *const word = token.word(Kind::FixedAmount);
     if (!word)
         return false;
+    refuseSecond(said);
     said->moves.append({word->value, word->sign});
     said->parts.append({at, u"amount", word->sign});
     return true;
@@ -205,8 +218,7 @@ bool readDay(const DateToken &token, qsizetype at, DateSaid *said)
         if (other.kind == Kind::RelativeDay && other.value != word->value)
             said->contradiction = u"The word means several days.";
     }
-    if (said->isRelative())
-        said->contradiction = u"There are two dates.";
+    refuseSecond(said);
     said->daysFromToday = word->value;
     said->parts.append({at, u"relative", word->value});
     return true;
@@ -217,8 +229,7 @@ bool readWeekday(const DateToken &token, qsizetype at, DateSaid *said)
     const DateWord *const word = token.word(Kind::RelativeWeekday);
     if (!word || token.is(Kind::Weekday)) // "Monday" is this week's in some languages
         return false;
-    if (said->isRelative())
-        said->contradiction = u"There are two dates.";
+    refuseSecond(said);
     said->nextWeekday = word->value;
     said->weekdayDirection = word->sign;
     said->parts.append({at, u"weekday", word->value});
@@ -230,6 +241,7 @@ bool readUnit(const DateToken &token, qsizetype at, DateSaid *said)
     const DateWord *const word = token.word(Kind::RelativeUnit);
     if (!word)
         return false;
+    refuseSecond(said);
     said->moves.append({word->value, word->sign});
     said->parts.append({at, u"relative", word->sign});
     return true;
@@ -239,6 +251,7 @@ bool readNow(const DateToken &token, qsizetype at, DateSaid *said)
 {
     if (!token.is(Kind::Now))
         return false;
+    refuseSecond(said);
     said->isNow = true;
     said->parts.append({at, u"relative", 0});
     return true;

@@ -2,6 +2,7 @@ target_sources(KTUtility PRIVATE
     CommonForms/Dates/CommonDates.cpp
     CommonForms/Dates/DateCandidates.cpp
     CommonForms/Dates/DateGrammar.cpp
+    CommonForms/Dates/DateMeanings.cpp
     CommonForms/Dates/DateNameWords.cpp
     CommonForms/Dates/DatePatternWords.cpp
     CommonForms/Dates/DateResolver.cpp

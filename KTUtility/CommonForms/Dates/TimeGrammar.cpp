@@ -10,6 +10,11 @@ constexpr int HoursOfDay = 24;
 constexpr int Noon = 12;
 /// An hour may be this far from a part of the day: "3 in the morning", though mornings begin at 6.
 constexpr int FarthestHour = 4;
+/// People call the hours since midnight morning, too.
+constexpr int FarthestHourOfMorning = 5;
+constexpr int HoursUntilMidnight = 0xFC0000; // from 18
+constexpr int EveningHours = 0x1C0000;       // from 18 to 20
+constexpr int LastHourOfNight = 4;
 constexpr qsizetype MaximumPeriods = 3;
 constexpr qsizetype MaximumFillers = 2;
 
@@ -34,9 +39,31 @@ std::optional<int> hourOfHalf(int hour, int mask)
     return hour < Noon ? hour + Noon : hour;
 }
 
-/// The hour that is meant beside a part of the day, before or after noon if that is not known.
+/// The hour of a morning. Twelve is midnight if the mornings begin there; else it could be noon.
+std::optional<int> hourOfMorning(int hour, int mask, bool isKnown)
+{
+    if (!isKnown && hour == Noon)
+        return (mask & 1) != 0 ? std::optional(0) : std::nullopt;
+    const bool isOfIt = hour < Noon && distanceOf(hour, mask) <= FarthestHourOfMorning;
+    return isOfIt ? std::optional(hour) : std::nullopt;
+}
+
+std::optional<int> hourOfAfternoon(int hour, int mask, bool isKnown)
+{
+    const bool isOpen = !isKnown && hour > 0 && hour < Noon;
+    const int later = isOpen ? hour + Noon : hour;
+    const bool isOfIt = later >= Noon && distanceOf(later, mask) <= FarthestHour;
+    return isOfIt ? std::optional(later) : std::nullopt;
+}
+
+/// The hour that is meant beside a part of the day, before or after noon if that is not known. A
+/// part that is all before noon, or all after it, leaves no hour on the other side.
 std::optional<int> hourOfPeriod(int hour, int mask, bool isKnown)
 {
+    if ((mask & AfternoonHours) == 0)
+        return hourOfMorning(hour, mask, isKnown);
+    if ((mask & MorningHours) == 0)
+        return hourOfAfternoon(hour, mask, isKnown);
     const bool isOpen = !isKnown && hour >= 1 && hour <= Noon;
     const int other = isOpen ? (hour + Noon) % HoursOfDay : hour;
     const int own = distanceOf(hour, mask);
@@ -61,6 +88,7 @@ bool TimeGrammar::read(qsizetype *at, DateSaid *said)
 {
     _at = *at;
     _hasTimeMark = false;
+    _hasClockMark = false;
     _named.reset();
     _clock = {};
     _periods.clear();
@@ -81,9 +109,10 @@ void TimeGrammar::readLead()
 {
     qsizetype fillers = 0;
     for (;; ++_at) {
-        if (token().is(Kind::TimeMark))
+        if (token().is(Kind::TimeMark)) {
             _hasTimeMark = true;
-        else if (token().is(Kind::Filler) && fillers < MaximumFillers)
+            _hasClockMark = token().isOnlyBeforeClocks();
+        } else if (token().is(Kind::Filler) && fillers < MaximumFillers)
             ++fillers;
         else if (!readPeriod(false))
             return;
@@ -113,10 +142,13 @@ bool TimeGrammar::readPeriod(bool isBehind)
     if (!period || token().is(Kind::RelativeDay) || (half && !isHalfOfDay(token(), _at)) ||
         _periods.size() >= MaximumPeriods)
         return false;
-    // A bare "a" or "p" is one only behind minutes: "3:18a".
-    if (period->sign != 0 && (!isBehind || token().isSpaced || _clock.isPlain))
+    // Arabic "م" behind a year is its era.
+    if (!isBehind && token().is(Kind::Era) && _tokens.at(_at - 1).isNumber())
         return false;
-    _periods.append({period->value, half != nullptr, _at});
+    // A bare "a" or "p" is one only behind minutes: "3:18a".
+    if (half && half->sign != 0 && (!isBehind || token().isSpaced || _clock.isPlain))
+        return false;
+    _periods.append({period->value, half != nullptr, !half && period->sign != 0, _at});
     return true;
 }
 
@@ -274,6 +306,12 @@ bool TimeGrammar::isOfADate(qsizetype index) const
            token.is(Kind::DayMark) || token.is(Kind::YearMark);
 }
 
+/// Whether "h.mm" may as well be a day of a month.
+bool TimeGrammar::isDayAndMonth() const
+{
+    return KTPrivate::isDayAndMonth(_tokens, _clock.hourToken);
+}
+
 bool TimeGrammar::isTime() const
 {
     if (!_clock.hour)
@@ -285,7 +323,7 @@ bool TimeGrammar::isConvincing() const
 {
     const bool isSaid = !_periods.isEmpty() || _clock.hasMark || _named;
     if (_clock.isDotted)
-        return isSaid || _hasTimeMark || _isTimeField;
+        return isSaid || isConvincingWithDots();
     if (!_clock.isPlain)
         return true;
     if (isOfADate(_clock.hourToken + 1))
@@ -293,11 +331,48 @@ bool TimeGrammar::isConvincing() const
     return isSaid || (_hasTimeMark && (!_words.hasTwelveHours() || *_clock.hour > Noon));
 }
 
+/// A date may have a point behind its month, and marks may stand before dates, too.
+bool TimeGrammar::isConvincingWithDots() const
+{
+    if (_isTimeField)
+        return true;
+    return !token().isSign(u'.') && (_hasClockMark || (_hasTimeMark && !isDayAndMonth()));
+}
+
+/// Whether AM and PM are both said.
+bool TimeGrammar::hasTwoHalves() const
+{
+    int hours = MorningHours | AfternoonHours;
+    for (const Period &period : _periods)
+        hours &= period.isExact ? period.hours : hours;
+    return hours == 0;
+}
+
+/// Whether an hour may belong to the night before or behind a day that is said: "5 March, at 1 at
+/// night".
+bool TimeGrammar::isBehindMidnight(int hour) const
+{
+    return hour <= LastHourOfNight &&
+           std::any_of(_periods.begin(), _periods.end(), [](const Period &period) {
+               return !period.isExact && (period.hours & HoursUntilMidnight) != 0;
+           });
+}
+
+/// Whether it is still the hour of a date that is written out: 1 to 4, of a night that is no evening.
+bool TimeGrammar::isOfNamedDate(int hour) const
+{
+    return hour > 0 && std::none_of(_periods.begin(), _periods.end(), [](const Period &period) {
+               return !period.isExact && (period.hours & EveningHours) != 0;
+           });
+}
+
 /// The hour by all that is said about it; nothing if that cannot be.
 std::optional<int> TimeGrammar::hourOfDay() const
 {
     if (!_clock.hour)
         return _named;
+    if (hasTwoHalves())
+        return std::nullopt;
     std::optional<int> hour = _clock.hour;
     if (*hour == 0 && !_periods.isEmpty() && _words.hasHourZero())
         hour = Noon; // "午後0時"
@@ -325,14 +400,23 @@ void TimeGrammar::say(DateSaid *said) const
         return;
     }
     said->time = {*hour, _clock.minute, _clock.second, _clock.millisecond};
+    said->isHourOfNight = isBehindMidnight(*hour);
+    said->isHourOfDate = isOfNamedDate(*hour);
+    for (const Period &period : _periods)
+        said->isOfToday = said->isOfToday || period.isOfToday;
+    sayParts(*hour, said);
+}
+
+void TimeGrammar::sayParts(int hour, DateSaid *said) const
+{
     if (_clock.hour)
-        said->parts.append({_clock.hourToken, u"hour", *hour});
+        said->parts.append({_clock.hourToken, u"hour", hour});
     if (_clock.minuteToken >= 0)
         said->parts.append({_clock.minuteToken, u"minute", _clock.minute});
     if (_clock.secondToken >= 0)
         said->parts.append({_clock.secondToken, u"second", _clock.second});
     for (const Period &period : _periods)
-        said->parts.append({period.token, u"dayPeriod", *hour});
+        said->parts.append({period.token, u"dayPeriod", hour});
     if (_named)
-        said->parts.append({_nameToken, u"dayPeriod", *hour});
+        said->parts.append({_nameToken, u"dayPeriod", hour});
 }

@@ -16,8 +16,10 @@ namespace KTPrivate {
 ///            | h "h" [mm ["min" [ss ["s"]]]] | h "half" | h
 ///     period = AM | PM | "in the evening" …
 ///
-/// A bare h needs a mark ("at") or a period; h.mm needs one of them, an hour mark behind it, or a
-/// field of times. After a mark alone, an hour of a clock that goes to twelve is no time.
+/// A bare h needs a mark ("at") or a period; h.mm needs a period, a mark that stands before nothing
+/// but clocks ("um"), an hour mark behind it, or a field of times. Behind another mark it is a time
+/// only if it can be no day and month. After a mark alone, an hour of a clock that goes to twelve is
+/// no time.
 class KTUTILITY_EXPORT TimeGrammar
 {
 public:
@@ -38,6 +40,7 @@ private:
     {
         int hours = 0;
         bool isExact = false;
+        bool isOfToday = false; ///< "tonight"
         qsizetype token = 0;
     };
 
@@ -69,10 +72,16 @@ private:
     bool isOfNumbers() const;
     bool isMinutes(qsizetype index) const;
     bool isOfADate(qsizetype index) const;
+    bool isDayAndMonth() const;
     bool isTime() const;
     bool isConvincing() const;
+    bool isConvincingWithDots() const;
     std::optional<int> hourOfDay() const;
+    bool hasTwoHalves() const;
+    bool isBehindMidnight(int hour) const;
+    bool isOfNamedDate(int hour) const;
     void say(DateSaid *said) const;
+    void sayParts(int hour, DateSaid *said) const;
 
     const DateToken &token(qsizetype ahead = 0) const { return _tokens.at(_at + ahead); }
 
@@ -81,6 +90,7 @@ private:
     const bool _isTimeField;
     qsizetype _at = 0;
     bool _hasTimeMark = false;
+    bool _hasClockMark = false; ///< a mark that stands before nothing else
     std::optional<int> _named;
     qsizetype _nameToken = 0;
     Clock _clock;

@@ -3,6 +3,8 @@
 #include "StandardDateReader_p.h"
 #include <KTUtility/Platform/Dates/CivilDate_p.h>
 
+#include <QLocale>
+
 #include <algorithm>
 #include <array>
 
@@ -16,6 +18,12 @@ constexpr std::array<QStringView, 12> Months{u"jan", u"feb", u"mar", u"apr", u"m
                                              u"jul", u"aug", u"sep", u"oct", u"nov", u"dec"};
 constexpr std::array<QStringView, 7> Weekdays{u"sunday",   u"monday", u"tuesday", u"wednesday",
                                               u"thursday", u"friday", u"saturday"};
+
+/// Words mean words; see meaningOf() for what the parts of other dates mean.
+QLocale english()
+{
+    return QLocale::c();
+}
 
 class MailDateReader : public StandardDateReader
 {
@@ -106,7 +114,7 @@ private:
             return false;
         const qsizetype begin = _cursor.position();
         _cursor.moveTo(begin + _cursor.letters());
-        addPart(begin, u"weekday", QString::number(_weekday + 1));
+        addPart(begin, u"weekday", english().dayName(_weekday == 0 ? Qt::Sunday : _weekday));
         return true;
     }
 
@@ -123,7 +131,7 @@ private:
         _month = int(monthAt(_cursor)) + 1;
         const qsizetype begin = _cursor.position();
         _cursor.moveTo(begin + 3);
-        addPart(begin, u"month", QString::number(_month));
+        addPart(begin, u"month", english().monthName(_month));
         return true;
     }
 

@@ -7,6 +7,9 @@
 #include <QDateTime>
 #include <QString>
 
+#include "support/InZone.h"
+#include "support/TestSupport.h"
+
 #include <algorithm>
 
 namespace testing_support {
@@ -40,5 +43,25 @@ inline QString readAs(const QString &text, const KTPrivate::CommonDateField &fie
     if (date.outcome == KTPrivate::CommonDate::Outcome::Refused)
         return QStringLiteral("refused");
     return date.clock.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+}
+
+struct ReadingRow
+{
+    const char *locale;
+    const char16_t *text;
+    const char16_t *reading;
+};
+
+inline void expectReadings(std::initializer_list<ReadingRow> rows, bool showsDate = true,
+                           bool showsTime = true)
+{
+    const InZone zone("UTC");
+    for (const ReadingRow &row : rows) {
+        const QString text = QString::fromUtf16(row.text);
+        const KTPrivate::CommonDateField field =
+            commonDateField(QString::fromLatin1(row.locale), showsDate, showsTime);
+        EXPECT_EQ(readAs(text, field), QStringView(row.reading))
+            << row.locale << ' ' << text.toStdString();
+    }
 }
 } // namespace testing_support

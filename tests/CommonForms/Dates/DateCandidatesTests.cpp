@@ -51,9 +51,11 @@ constexpr DateOrder YMD = DateOrder::YearMonthDay;
 TEST(DateCandidates, BeginWithTheLocalesOrder)
 {
     EXPECT_EQ(candidates(saidBy(u"3/4/08"), MDY), u"8-3-4 8-4-3"); // no year has one digit
-    EXPECT_EQ(candidates(saidBy(u"03/04/08"), MDY), u"8-3-4 8-4-3 3-4-8");
-    EXPECT_EQ(candidates(saidBy(u"03/04/08"), DMY), u"8-4-3 8-3-4 3-4-8");
+    EXPECT_EQ(candidates(saidBy(u"03/04/08"), MDY), u"8-3-4 8-4-3");
+    EXPECT_EQ(candidates(saidBy(u"03/04/08"), DMY), u"8-4-3 8-3-4");
     EXPECT_EQ(candidates(saidBy(u"03/04/08"), YMD), u"3-4-8 8-3-4 8-4-3");
+    EXPECT_EQ(candidates(saidBy(u"03/04/08"), YMD, u'/'), u"3-4-8 8-4-3 8-3-4");
+    EXPECT_EQ(candidates(saidBy(u"3/4/2008"), YMD, u'/'), u"2008-4-3 2008-3-4");
     EXPECT_EQ(candidates(saidBy(u"3/4"), MDY), u"?-3-4 ?-4-3");
     EXPECT_EQ(candidates(saidBy(u"3/4"), DMY), u"?-4-3 ?-3-4");
     EXPECT_EQ(candidates(saidBy(u"3/4"), YMD), u"?-3-4 ?-4-3");
@@ -92,9 +94,37 @@ TEST(DateCandidates, TakeTheDayFirstBesideTheNameOfAMonth)
     EXPECT_EQ(withMonth(u"2008"), u"2008-5-?");
     EXPECT_EQ(withMonth(u"3 2008"), u"2008-5-3");
     EXPECT_EQ(withMonth(u"2008 3"), u"2008-5-3");
-    EXPECT_EQ(withMonth(u"03 08"), u"8-5-3 3-5-8");
+    EXPECT_EQ(withMonth(u"03 08"), u"8-5-3");
+    EXPECT_EQ(withMonth(u"03, 08"), u"8-5-3");
+    EXPECT_EQ(withMonth(u"03'08"), u"8-5-3");
+    EXPECT_EQ(withMonth(u"-03-08"), u"8-5-3");
+    EXPECT_EQ(withMonth(u"03-08"), u"");
+    EXPECT_EQ(withMonth(u"03.08"), u"");
+    EXPECT_EQ(withMonth(u"03 0800"), u"");
     EXPECT_EQ(withMonth(u"3 4 2008"), u"");
     EXPECT_EQ(withMonth(u""), u"");
+}
+
+TEST(DateCandidates, TakeTwoDigitsForAYearBehindTheMonthOnly)
+{
+    const auto around = [](QStringView text, char16_t monthSeparator) {
+        DateSaid said = saidBy(text);
+        said.month = 5;
+        said.numbersBeforeMonth = 1;
+        said.monthSeparator = monthSeparator;
+        return candidates(said, MDY);
+    };
+    EXPECT_EQ(around(u"03 08", u' '), u"8-5-3");
+    EXPECT_EQ(around(u"03-08", u'-'), u"8-5-3");
+    EXPECT_EQ(around(u"03-08", u' '), u"");
+    DateSaid before = saidBy(u"03 08");
+    before.month = 5;
+    before.numbersBeforeMonth = 2;
+    EXPECT_EQ(candidates(before, MDY), u"");
+    DateSaid minutes = saidBy(u"03 08");
+    minutes.month = 5;
+    minutes.numbers[1].isNoYear = true;
+    EXPECT_EQ(candidates(minutes, MDY), u"");
 }
 
 TEST(DateCandidates, TakeANumberAloneOnlyForAMarkedDay)

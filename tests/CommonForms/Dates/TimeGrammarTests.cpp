@@ -114,6 +114,59 @@ TEST(TimeGrammar, ReadsPartsOfTheDay)
     });
 }
 
+TEST(TimeGrammar, KeepsHoursOnTheSideOfTheirPartOfTheDay)
+{
+    expectTimes({
+        {"en_US", u"1 in the morning", u"01:00:00"},
+        {"en_US", u"2:15 in the morning", u"02:15:00"},
+        {"en_US", u"12 in the morning", u"There is no such time."},
+        {"en_US", u"13 in the morning", u"There is no such time."},
+        {"en_US", u"11 in the afternoon", u"There is no such time."},
+        {"en_US", u"12 in the afternoon", u"12:00:00"},
+        {"es_ES", u"1:30 de la mañana", u"01:30:00"},
+        {"es_ES", u"12 de la mañana", u"There is no such time."},
+        {"pt_BR", u"1 da manhã", u"01:00:00"},
+        {"it_IT", u"2 di mattina", u"02:00:00"},
+        {"ru_RU", u"1 час утра", u"01:00:00"},
+        {"pl_PL", u"1 rano", u"01:00:00"},
+        {"tr_TR", u"sabah 1", u"01:00:00"},
+        {"vi_VN", u"1 giờ sáng", u"01:00:00"},
+        {"ja_JP", u"朝1時", u"01:00:00"},
+        {"ja_JP", u"朝12時", u"There is no such time."},
+        {"zh_CN", u"凌晨12点", u"00:00:00"},
+        {"ko_KR", u"아침 12시", u"There is no such time."},
+    });
+}
+
+TEST(TimeGrammar, RefusesBothHalvesOfTheDay)
+{
+    expectTimes({
+        {"en_US", u"5 AM PM", u"There is no such time."},
+        {"en_US", u"5:30 a.m. p.m.", u"There is no such time."},
+        {"en_US", u"5:30 p.m. pm", u"17:30:00"},
+    });
+}
+
+TEST(TimeGrammar, ReadsPointsBehindMarksOfClocksOnly)
+{
+    expectTimes({
+        {"de_DE", u"um 12.10", u"12:10:00"},
+        {"de_DE", u"ab 12.10", u"no time"},
+        {"de_DE", u"gegen 12.10.", u"no time"},
+        {"de_DE", u"ab 14.30", u"14:30:00"},
+        {"de_DE", u"um 12.10.", u"no time"},
+        {"de_DE", u"ab 12.10 Uhr", u"12:10:00"},
+        {"ru_RU", u"к 12.10", u"no time"},
+        {"he_IL", u"ב-12.10", u"no time"},
+        {"nl_NL", u"vanaf 12.10", u"no time"},
+        {"ro_RO", u"la 12.10", u"no time"},
+        {"cs_CZ", u"v 12.10.", u"no time"},
+        {"cs_CZ", u"v 14.30", u"14:30:00"},
+        {"it_IT", u"alle 12.10", u"12:10:00"},
+        {"id_ID", u"pukul 12.10", u"12:10:00"},
+    });
+}
+
 TEST(TimeGrammar, ReadsNoonAndMidnight)
 {
     expectTimes({

@@ -32,9 +32,10 @@ TEST(StandardDateReader, NotesTheParts)
         {u"2008-065"_s, u"year=2008 dayOfYear=65"_s},
         {u"T14:30:05,25"_s, u"hour=14 minute=30 second=5 fraction=0.25"_s},
         {u"14:30 PST"_s, u"hour=14 minute=30 zone=UTC-08:00"_s},
-        {u"5 Mar 08 14:30 EST"_s, u"day=5 month=3 year=2008 hour=14 minute=30 zone=UTC-05:00"_s},
+        {u"5 Mar 08 14:30 EST"_s,
+         u"day=5 month=March year=2008 hour=14 minute=30 zone=UTC-05:00"_s},
         {u"Wed Mar 5 02:30:00 PM UTC 2008"_s,
-         u"weekday=4 month=3 day=5 hour=2 minute=30 second=0 dayPeriod=PM zone=UTC year=2008"_s},
+         u"weekday=Wednesday month=March day=5 hour=2 minute=30 second=0 dayPeriod=PM zone=UTC year=2008"_s},
     };
     for (const auto &[text, expected] : rows)
         EXPECT_EQ(partsOf(text), expected) << qPrintable(text);
