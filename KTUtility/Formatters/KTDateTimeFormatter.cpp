@@ -10,6 +10,7 @@
 #include <KTUtility/Platform/Dates/DateFormatterAccess_p.h>
 #include <KTUtility/Platform/Dates/DatePattern_p.h>
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
+#include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Keys/NSClassRegistry.h>
 #include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
 #include <KTUtility/Platform/Values/UTC_p.h>
@@ -46,6 +47,12 @@ DateOrder dateOrderOf(int inputOrder)
     default:
         return DateOrder::MonthDayYear;
     }
+}
+
+/// Why a text was not read, in the user's language.
+QString translated(const QString &reason)
+{
+    return NSBundle::mainBundle().localizedStringForKey(reason);
 }
 
 bool hasHour(const NSDateFormatter &formatter)
@@ -460,6 +467,8 @@ bool KTDateTimeFormatter::readTyped(QVariant *value, QDateTime *clock, const QSt
 bool KTDateTimeFormatter::readForms(QVariant *value, QDateTime *clock, const QString &text,
                                     QString *errorDescription) const
 {
+    if (errorDescription)
+        *errorDescription = QString();
     bool hasForeignOrder = false;
     if (const auto isRead = readStandard(value, clock, text, errorDescription, &hasForeignOrder))
         return *isRead;
@@ -471,7 +480,8 @@ bool KTDateTimeFormatter::readForms(QVariant *value, QDateTime *clock, const QSt
     if (!isRead && value)
         *value = QVariant();
     if (!isRead && errorDescription && errorDescription->isNull())
-        *errorDescription = u"The text is in no form of dates and times that is known."_s;
+        *errorDescription =
+            translated(u"The text is in no form of dates and times that is known."_s);
     return isRead;
 }
 
@@ -497,7 +507,7 @@ std::optional<bool> KTDateTimeFormatter::readCommon(QVariant *value, QDateTime *
     if (clock && isRead)
         *clock = date.clock;
     if (!isRead && errorDescription)
-        *errorDescription = QString::fromUtf16(date.reason);
+        *errorDescription = translated(QString::fromUtf16(date.reason));
     return isRead;
 }
 
@@ -525,7 +535,7 @@ std::optional<bool> KTDateTimeFormatter::readStandard(QVariant *value, QDateTime
     if (clock && isRead)
         *clock = clockAt(date.instant, formatter.timeZone());
     if (!isRead && errorDescription)
-        *errorDescription = date.reason;
+        *errorDescription = translated(date.reason);
     return isRead;
 }
 
@@ -540,7 +550,8 @@ bool KTDateTimeFormatter::readByPatterns(QVariant *value, QDateTime *clock, cons
 {
     DateReading reading(text);
     bool isRead = read(reading) && (!readsCommonForms() || isMeant(reading));
-    const bool isBareHour = reading.isBareHour();
+    const bool isBareHour = reading.isBareHour() && !(readsCommonForms() && !displayTime());
+    isRead = isRead && isBareHour == reading.isBareHour();
     if (value)
         *value = isRead ? QVariant(reading.date()) : QVariant();
     if (isBareHour)

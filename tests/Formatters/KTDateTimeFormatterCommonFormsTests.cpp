@@ -80,6 +80,7 @@ TEST(KTDateTimeFormatterCommonForms, LeaveThePatternsWhatTheyReadWhole)
 {
     const auto clock = typingMoment();
     KTDateTimeFormatter formatter;
+    formatter.setDisplayTime(true);
     EXPECT_EQ(readBy(formatter, u"5"_s), u"2019-06-05T05:00:00");
     EXPECT_EQ(formatter.reading().form, u"pattern");
     EXPECT_EQ(readBy(formatter, u"3/5/08 and more"_s), u"rejected");
@@ -99,6 +100,39 @@ TEST(KTDateTimeFormatterCommonForms, SayWhyTheyAreRejected)
     EXPECT_EQ(reason, u"The text is in no form of dates and times that is known.");
     EXPECT_FALSE(formatter.getObjectValue(nullptr, u"whenever"_s));
     EXPECT_TRUE(formatter.getObjectValue(nullptr, u"March 5"_s));
+}
+
+TEST(KTDateTimeFormatterCommonForms, AreNoBareHoursWhereNoTimeIsShown)
+{
+    const auto clock = typingMoment();
+    KTDateTimeFormatter formatter;
+    for (const QString &text : {u"5"_s, u"08"_s, u"12"_s})
+        EXPECT_EQ(readBy(formatter, text), u"rejected") << text.toStdString();
+}
+
+TEST(KTDateTimeFormatterCommonForms, LeaveNoReasonOfAnEarlierText)
+{
+    KTDateTimeFormatter formatter;
+    formatter.setReadsCommonForms(true);
+    QVariant value;
+    QString reason = u"an earlier one"_s;
+    EXPECT_FALSE(formatter.getObjectValue(&value, u"whenever"_s, &reason));
+    EXPECT_EQ(reason, u"The text is in no form of dates and times that is known.");
+    EXPECT_TRUE(formatter.getObjectValue(&value, u"March 5"_s, &reason));
+    EXPECT_TRUE(reason.isNull());
+}
+
+TEST(KTDateTimeFormatterCommonForms, SpansAreNotReadByThePatternsEither)
+{
+    KTDateTimeFormatter german;
+    german.setLocale(NSLocale(u"de_DE"_s));
+    german.setDisplayTime(true);
+    KTDateTimeFormatter english;
+    english.setDisplayTime(true);
+    for (const QString &text : {u"vom 10.10. - 12.10."_s, u"10.10. - 12.10."_s, u"5.-16. März"_s})
+        EXPECT_EQ(readBy(german, text), u"rejected") << text.toStdString();
+    for (const QString &text : {u"1y 2m ago"_s, u"5m ago"_s, u"in 5m"_s, u"March 5-16"_s})
+        EXPECT_EQ(readBy(english, text), u"rejected") << text.toStdString();
 }
 
 TEST(KTDateTimeFormatterCommonForms, TellTheOtherOrder)
