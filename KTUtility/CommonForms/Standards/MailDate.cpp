@@ -114,7 +114,8 @@ private:
             return false;
         const qsizetype begin = _cursor.position();
         _cursor.moveTo(begin + _cursor.letters());
-        addPart(begin, u"weekday", english().dayName(_weekday == 0 ? Qt::Sunday : _weekday));
+        addPart(begin, u"weekday",
+                english().dayName(_weekday == 0 ? int(Qt::Sunday) : int(_weekday)));
         return true;
     }
 
