@@ -7,7 +7,7 @@ using namespace KTPrivate;
 
 namespace {
 constexpr int HoursOfDay = 24;
-constexpr int Noon = 12;
+constexpr int NoonHour = 12;
 /// An hour may be this far from a part of the day: "3 in the morning", though mornings begin at 6.
 constexpr int FarthestHour = 4;
 /// People call the hours since midnight morning, too.
@@ -21,7 +21,7 @@ constexpr qsizetype MaximumFillers = 2;
 /// How far an hour is from the nearest of a mask, around the clock.
 int distanceOf(int hour, int mask)
 {
-    for (int distance = 0; distance <= Noon; ++distance) {
+    for (int distance = 0; distance <= NoonHour; ++distance) {
         const int later = 1 << ((hour + distance) % HoursOfDay);
         const int earlier = 1 << ((hour + HoursOfDay - distance) % HoursOfDay);
         if ((mask & (later | earlier)) != 0)
@@ -33,26 +33,26 @@ int distanceOf(int hour, int mask)
 std::optional<int> hourOfHalf(int hour, int mask)
 {
     if (mask == MorningHours)
-        return hour > Noon ? std::nullopt : std::optional(hour % Noon);
+        return hour > NoonHour ? std::nullopt : std::optional(hour % NoonHour);
     if (hour == 0)
         return std::nullopt;
-    return hour < Noon ? hour + Noon : hour;
+    return hour < NoonHour ? hour + NoonHour : hour;
 }
 
 /// The hour of a morning. Twelve is midnight if the mornings begin there; else it could be noon.
 std::optional<int> hourOfMorning(int hour, int mask, bool isKnown)
 {
-    if (!isKnown && hour == Noon)
+    if (!isKnown && hour == NoonHour)
         return (mask & 1) != 0 ? std::optional(0) : std::nullopt;
-    const bool isOfIt = hour < Noon && distanceOf(hour, mask) <= FarthestHourOfMorning;
+    const bool isOfIt = hour < NoonHour && distanceOf(hour, mask) <= FarthestHourOfMorning;
     return isOfIt ? std::optional(hour) : std::nullopt;
 }
 
 std::optional<int> hourOfAfternoon(int hour, int mask, bool isKnown)
 {
-    const bool isOpen = !isKnown && hour > 0 && hour < Noon;
-    const int later = isOpen ? hour + Noon : hour;
-    const bool isOfIt = later >= Noon && distanceOf(later, mask) <= FarthestHour;
+    const bool isOpen = !isKnown && hour > 0 && hour < NoonHour;
+    const int later = isOpen ? hour + NoonHour : hour;
+    const bool isOfIt = later >= NoonHour && distanceOf(later, mask) <= FarthestHour;
     return isOfIt ? std::optional(later) : std::nullopt;
 }
 
@@ -64,8 +64,8 @@ std::optional<int> hourOfPeriod(int hour, int mask, bool isKnown)
         return hourOfMorning(hour, mask, isKnown);
     if ((mask & MorningHours) == 0)
         return hourOfAfternoon(hour, mask, isKnown);
-    const bool isOpen = !isKnown && hour >= 1 && hour <= Noon;
-    const int other = isOpen ? (hour + Noon) % HoursOfDay : hour;
+    const bool isOpen = !isKnown && hour >= 1 && hour <= NoonHour;
+    const int other = isOpen ? (hour + NoonHour) % HoursOfDay : hour;
     const int own = distanceOf(hour, mask);
     const int others = distanceOf(other, mask);
     if (std::min(own, others) > FarthestHour || (own == others && hour != other))
@@ -181,7 +181,7 @@ bool TimeGrammar::readName()
         return false;
     _named = name->value;
     _nameToken = _at++;
-    if (!_clock.hour && token().isNumber() && token().value % Noon == 0)
+    if (!_clock.hour && token().isNumber() && token().value % NoonHour == 0)
         readClock();
     return true;
 }
@@ -328,7 +328,7 @@ bool TimeGrammar::isConvincing() const
         return true;
     if (isOfADate(_clock.hourToken + 1))
         return false;
-    return isSaid || (_hasTimeMark && (!_words.hasTwelveHours() || *_clock.hour > Noon));
+    return isSaid || (_hasTimeMark && (!_words.hasTwelveHours() || *_clock.hour > NoonHour));
 }
 
 /// A date may have a point behind its month, and marks may stand before dates, too.
@@ -375,7 +375,7 @@ std::optional<int> TimeGrammar::hourOfDay() const
         return std::nullopt;
     std::optional<int> hour = _clock.hour;
     if (*hour == 0 && !_periods.isEmpty() && _words.hasHourZero())
-        hour = Noon; // "午後0時"
+        hour = NoonHour; // "午後0時"
     bool isKnown = false;
     for (const bool isExact : {true, false}) {
         for (const Period &period : _periods) {
@@ -387,7 +387,7 @@ std::optional<int> TimeGrammar::hourOfDay() const
         }
     }
     if (hour && _named)
-        return *hour % Noon == 0 ? _named : std::nullopt;
+        return *hour % NoonHour == 0 ? _named : std::nullopt;
     return hour;
 }
 
