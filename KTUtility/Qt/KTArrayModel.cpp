@@ -437,15 +437,18 @@ bool KTArrayModel::setText(const QModelIndex &index, const QString &text)
 
 bool KTArrayModel::store(const QModelIndex &index, const QVariant &value)
 {
+    // Whoever is told of the value may destroy the model, or give it other columns.
+    const QPointer<KTArrayModel> self = this;
+    const KTArrayColumn column = _columns.at(index.column());
     const QPersistentModelIndex place = index;
     const quint64 before = _changesTold;
     try {
-        _columns.at(index.column()).setValue(value, QVariant(_rows.at(index.row())));
+        column.setValue(value, QVariant(_rows.at(index.row())));
     } catch (const NSException &exception) {
-        return reject(place, rejectionForPeople(value, exception.reason()));
+        return self && reject(place, rejectionForPeople(value, exception.reason()));
     }
     // What has no signal, or was never asked for, is not observed.
-    if (before == _changesTold && place.isValid())
+    if (self && before == _changesTold && place.isValid())
         tellChanged(place.row(), place.column());
     return true;
 }

@@ -17,6 +17,9 @@ KTBoundDateEdit::KTBoundDateEdit(QWidget *parent)
 {
     setCalendarPopup(true);
     setKeyboardTracking(false);
+    // By itself it shows no day before the calendar of 1752.
+    const QDate firstOfQt(100, 1, 1);
+    setMinimumDate(firstOfQt);
     showValue();
     QObject::connect(this, &QDateTimeEdit::dateChanged, this, &KTBoundDateEdit::takeDate);
 }

@@ -318,11 +318,14 @@ bool KTFormatterEdit::eventFilter(QObject *object, QEvent *event)
         beginToEdit();
         break;
     case QEvent::FocusOut:
-        if (static_cast<QFocusEvent *>(event)->reason() == Qt::PopupFocusReason || !commit() ||
-            !self)
+        if (static_cast<QFocusEvent *>(event)->reason() == Qt::PopupFocusReason)
             break;
-        _isEditing = false;
-        showValue(_value);
+        // What cannot be read stays; what takes its place later is not for editing.
+        if (const bool isStored = commit(); self) {
+            _isEditing = false;
+            if (isStored)
+                showValue(_value);
+        }
         break;
     case QEvent::KeyPress:
         if (handleKey(static_cast<QKeyEvent *>(event)->key()) || !self)

@@ -46,7 +46,8 @@ bool hasForeignLetters(const NSFormatter *formatter, const QString &text)
 
 bool reads(const NSFormatter *formatter, const QString &text)
 {
-    return formatter->getObjectValue(nullptr, text);
+    QVariant value;
+    return formatter->getObjectValue(&value, text);
 }
 } // namespace
 

@@ -325,3 +325,22 @@ TEST_F(KTArrayModelTests, TheExampleOfTheHeader)
     EXPECT_FALSE(expenses.setData(expenses.index(1, 1), u"much"_s));
     EXPECT_FALSE(shown.isEmpty());
 }
+
+TEST_F(KTArrayModelTests, MayBeDestroyedByWhoeverIsToldOfAValue)
+{
+    for (const bool raises : {false, true}) {
+        auto *const own = new KTArrayModel(&controller);
+        const QPointer<KTArrayModel> alive = own;
+        own->setColumns({KTArrayColumn(u"count"_s, u"Count"_s).setEditable(true)});
+        const auto connection =
+            QObject::connect(record(2), &Expense::countChanged, &controller, [own, raises] {
+                delete own;
+                if (raises)
+                    throw NSException(NSRangeException, u"Too late"_s);
+            });
+        EXPECT_EQ(own->setData(own->index(2, 0), 7), !raises);
+        EXPECT_FALSE(alive);
+        EXPECT_EQ(record(2)->count(), 7);
+        QObject::disconnect(connection);
+    }
+}

@@ -209,6 +209,15 @@ TEST_F(KTBoundDateEditTests, FollowsAndSets)
     EXPECT_EQ(editor->value(), Day.addDays(2));
 }
 
+TEST_F(KTBoundDateEditTests, ShowsDaysOfAllCenturies)
+{
+    for (const QDate &day : {QDate(1600, 1, 1), QDate(1752, 9, 13), QDate(800, 12, 25)}) {
+        editor->setValue(day);
+        EXPECT_EQ(editor->date(), day);
+        EXPECT_EQ(editor->value().toDate(), day);
+    }
+}
+
 TEST_F(KTBoundDateEditTests, ADayIsSetOnceItIsComplete)
 {
     record(0)->setDue(Day);

@@ -457,3 +457,20 @@ TEST_F(KTFormatterEditTests, TheExampleOfTheHeader)
     amount->bindTo(&controller, u"selection.amount", {.nullPlaceholder = u"none"_s});
     EXPECT_EQ(amount->text(), u"$2.00"_s);
 }
+
+TEST_F(KTFormatterEditTests, ShowsTheTextForEditingOnlyWithTheFocus)
+{
+    edit.setValue(1234.5);
+    type(u"abc"_s);
+    leave();
+    EXPECT_EQ(edit.text(), u"abc"_s);
+    edit.restore();
+    EXPECT_EQ(edit.text(), u"1,234.50"_s);
+    type(u"abc"_s);
+    leave();
+    edit.restore();
+    edit.setValue(2234.5);
+    EXPECT_EQ(edit.text(), u"2,234.50"_s);
+    focus();
+    EXPECT_EQ(edit.text(), u"2234.5"_s);
+}

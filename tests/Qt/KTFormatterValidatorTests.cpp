@@ -4,6 +4,7 @@
 
 #include <KTUtility/KTCurrencyFormatter>
 #include <KTUtility/KTDateTimeFormatter>
+#include <KTUtility/KTDurationFormatter>
 #include <KTUtility/KTNumberFormatter>
 
 #include "support/TestSupport.h"
@@ -30,6 +31,7 @@ TEST_F(KTFormatterValidatorTests, JudgesAsTheFormatterReads)
     const auto number = prices();
     const auto money = std::make_shared<KTCurrencyFormatter>();
     const auto date = std::make_shared<KTDateTimeFormatter>();
+    const auto duration = std::make_shared<KTDurationFormatter>();
     const struct
     {
         std::shared_ptr<const NSFormatter> formatter;
@@ -49,6 +51,8 @@ TEST_F(KTFormatterValidatorTests, JudgesAsTheFormatterReads)
         {money, u"12 eur"_s, QValidator::Intermediate},
         {date, u"3/"_s, QValidator::Intermediate},
         {date, u"Mar"_s, QValidator::Intermediate},
+        {duration, u"2h"_s, QValidator::Acceptable},
+        {duration, u"2x"_s, QValidator::Intermediate},
         {nullptr, u"anything"_s, QValidator::Acceptable},
     };
     for (const auto &[formatter, text, state] : table) {
