@@ -44,6 +44,7 @@ QVariant convertedNumber(const QVariant &number, QMetaType type)
         return integerOf(number);
     }
 }
+
 /// An optional of what a value becomes as the type that it holds.
 std::optional<QVariant> convertedOptional(const QVariant &value, const NSOptionalType &type)
 {

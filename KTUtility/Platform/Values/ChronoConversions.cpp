@@ -12,16 +12,26 @@
 using namespace KTPrivate;
 
 namespace {
+/// All digits, whatever the thread's own behaviour rounds and raises.
+const NSDecimalNumberHandler &exactNumbers()
+{
+    static const NSDecimalNumberHandler handler(NSRoundPlain, NSDecimalNoScale, false, false, false,
+                                                false);
+    return handler;
+}
+
 template<typename Period>
 NSDecimalNumber secondsIn()
 {
-    return NSDecimalNumber(Period::num) / NSDecimalNumber(Period::den);
+    return NSDecimalNumber(Period::num)
+        .decimalNumberByDividingBy(NSDecimalNumber(Period::den), &exactNumbers());
 }
 
 template<typename Duration>
 NSDecimalNumber secondsOf(const Duration &duration)
 {
-    return NSDecimalNumber(duration.count()) * secondsIn<typename Duration::period>();
+    return NSDecimalNumber(duration.count())
+        .decimalNumberByMultiplyingBy(secondsIn<typename Duration::period>(), &exactNumbers());
 }
 
 /// Without the fraction that the duration cannot hold; nothing if there are too many seconds.
@@ -31,8 +41,10 @@ std::optional<Duration> durationOf(const NSDecimalNumber &seconds)
     using Count = std::numeric_limits<typename Duration::rep>;
     if (seconds.isNaN())
         return std::nullopt;
-    const NSDecimalNumber count = seconds / secondsIn<typename Duration::period>();
-    if (count < NSDecimalNumber(Count::min()) || count > NSDecimalNumber(Count::max()))
+    const NSDecimalNumber count =
+        seconds.decimalNumberByDividingBy(secondsIn<typename Duration::period>(), &exactNumbers());
+    if (count.isNaN() || count < NSDecimalNumber(Count::min()) ||
+        count > NSDecimalNumber(Count::max()))
         return std::nullopt;
     return Duration(typename Duration::rep(count.integerValue()));
 }

@@ -4,6 +4,7 @@
 #include "ValueConverter_p.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <optional>
 
@@ -38,12 +39,13 @@ std::optional<Floating> floatingOf(const NSDecimalNumber &number)
 {
     if (number.isNaN())
         return std::nullopt;
-    return Floating(number.doubleValue());
+    const auto floating = Floating(number.doubleValue());
+    return std::isfinite(floating) ? std::optional(floating) : std::nullopt;
 }
 
 std::optional<bool> truthOf(const NSDecimalNumber &number)
 {
-    return number != NSDecimalNumber();
+    return number.isNaN() ? std::nullopt : std::optional(number != NSDecimalNumber());
 }
 
 std::optional<QString> textOf(const NSDecimalNumber &number)

@@ -54,3 +54,14 @@ TEST(ChronoConversions, WhatDoesNotFitFails)
     EXPECT_EQ(as<std::chrono::seconds>(NSDecimalNumber::notANumber()), std::nullopt);
     EXPECT_EQ(as<int>(std::chrono::hours(10'000'000)), std::nullopt);
 }
+
+TEST(ChronoConversions, AreExactWhateverTheThreadRounds)
+{
+    const NSDecimalNumberHandler cents(NSRoundPlain, 2, true, true, true, true);
+    NSDecimalNumber::setDefaultBehavior(&cents);
+    EXPECT_EQ(as<NSDecimalNumber>(5ms), 0.005_dec);
+    EXPECT_EQ(as<std::chrono::milliseconds>(2_dec), 2000ms);
+    EXPECT_EQ(as<std::chrono::milliseconds>(0.0051_dec), 5ms);
+    EXPECT_EQ(as<std::chrono::hours>(1e100_dec), std::nullopt);
+    NSDecimalNumber::setDefaultBehavior(nullptr);
+}

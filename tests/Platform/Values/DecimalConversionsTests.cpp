@@ -99,6 +99,10 @@ TEST(DecimalConversions, WhatDoesNotFitFails)
     EXPECT_EQ(as<qulonglong>(u"18446744073709551616"), std::nullopt);
     EXPECT_EQ(as<signed char>(u"-128"), qint8(-128));
     EXPECT_EQ(as<double>(u"abc"), std::nullopt);
+    EXPECT_EQ(as<float>(u"1e100"), std::nullopt);
+    EXPECT_EQ(as<float>(u"-1e100"), std::nullopt);
+    EXPECT_EQ(as<double>(u"1e100"), 1e100);
+    EXPECT_EQ(as<bool>(u"abc"), std::nullopt);
     EXPECT_EQ(as<qlonglong>(u"abc"), std::nullopt);
     EXPECT_EQ(as<QString>(u"abc"), u"NaN"_s);
 }
