@@ -356,3 +356,21 @@ TEST(ImportCommand, ImportsTheSample)
     EXPECT_TRUE(result.output.contains(
         u"9    kt_memberSince  2/30/2008           There is no such date.\n"_s));
 }
+
+TEST(ImportCommand, WhatIsToldDecidesTheType)
+{
+    const QByteArray clocks = "Took\n1:30\n0:45\n12:10\n";
+    const CommandResult durations = importTyped(clocks, {u"--unit"_s, u"Took=m:s"_s});
+    EXPECT_EQ(tableIn(durations.output, Decisions),
+              QStringList{u"kt_took      minutes:seconds  you say so"_s});
+    EXPECT_TRUE(durations.output.contains(u"duration"_s)) << qPrintable(durations.output);
+    EXPECT_FALSE(importTyped(clocks).output.contains(u"duration"_s));
+}
+
+TEST(ImportCommand, TellsWhatItIsToldInVain)
+{
+    const CommandResult words =
+        importTyped("Name\nAnn\nBob\n", {u"--unit"_s, u"Name=m:s"_s, u"--order"_s, u"Name=dmy"_s});
+    EXPECT_EQ(tableIn(words.output, Decisions),
+              QStringList{u"kt_name      text     told without effect: dmy, m:s"_s});
+}

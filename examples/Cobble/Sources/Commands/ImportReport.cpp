@@ -67,7 +67,7 @@ void printDecisions(const QList<ImportColumn> &columns, const ImportValues &valu
     qsizetype count = 0;
     for (qsizetype index = 0; index < columns.size(); ++index) {
         const ImportValues::Column &column = values.columns.at(index);
-        for (const ColumnDecision &decision : {column.decision, column.currency}) {
+        for (const ColumnDecision &decision : {column.decision, column.currency, column.unused}) {
             if (!decision.isNeeded())
                 continue;
             table.addRow({columns.at(index).columnName, decision.readAs, decision.since,

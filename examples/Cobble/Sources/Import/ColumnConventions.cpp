@@ -28,6 +28,16 @@ QString ColumnConventions::currency() const
     return isClock(unit) ? QString() : unit;
 }
 
+QStringList ColumnConventions::unusedBy(const FieldReader &reader) const
+{
+    QStringList unused{order, point, unit};
+    unused.removeAll(reader.currencyType());
+    if (const std::optional<KTColumnReading> column = reader.newColumn())
+        unused.removeAll(conventionOf(column->kind()));
+    unused.removeAll(QString());
+    return unused;
+}
+
 std::optional<KTColumnReading> ColumnConventions::newColumnFor(const FieldReader &reader) const
 {
     std::optional<KTColumnReading> column = reader.newColumn();

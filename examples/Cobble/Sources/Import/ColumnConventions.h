@@ -18,6 +18,9 @@ struct ColumnConventions
     /// The currency's code; nil if none is said.
     QString currency() const;
 
+    /// What is said and does not concern a type, "m:s" of dates.
+    QStringList unusedBy(const FieldReader &reader) const;
+
     /// What the values that a reader gets say together, but for what is said here.
     std::optional<KTColumnReading> newColumnFor(const FieldReader &reader) const;
 };

@@ -73,3 +73,10 @@ ColumnDecision ColumnDecision::ofCurrency(const QString &code, const QString &si
 {
     return {code, since, {}};
 }
+
+ColumnDecision ColumnDecision::ofUnused(const QStringList &told, const QString &typeName)
+{
+    if (told.isEmpty())
+        return {};
+    return {typeName, u"told without effect: %1"_s.arg(told.join(u", "_s)), {}};
+}

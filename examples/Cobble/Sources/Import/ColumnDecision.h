@@ -18,6 +18,8 @@ struct ColumnDecision
     static ColumnDecision of(const KTColumnReading &column);
     /// What was found out about the currency of a column.
     static ColumnDecision ofCurrency(const QString &code, const QString &since);
+    /// What is told in vain of a column with a type; nothing if there is none.
+    static ColumnDecision ofUnused(const QStringList &told, const QString &typeName);
 
     QString readAs; ///< nil if there was nothing to decide
     QString since;

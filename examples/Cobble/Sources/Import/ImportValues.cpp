@@ -101,6 +101,7 @@ ImportValues::Column columnOf(const FieldReader &reader, const ColumnConventions
     if (reader.column())
         column.decision = ColumnDecision::of(*reader.column());
     column.currency = currencyDecisionOf(reader, told);
+    column.unused = ColumnDecision::ofUnused(told.unusedBy(reader), column.typeName);
     return column;
 }
 

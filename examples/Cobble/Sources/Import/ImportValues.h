@@ -30,6 +30,8 @@ struct ImportValues
         ColumnDecision decision;
         /// The same about its currency.
         ColumnDecision currency;
+        /// What was told of it in vain.
+        ColumnDecision unused;
     };
 
     /// A value that the column's type cannot read.

@@ -164,19 +164,43 @@ TypeInference::Reader TypeInference::newReader(FieldType type, bool readsCommonF
 
 TypeInference::Reader TypeInference::reader() const
 {
-    Reader found = readerWith(false);
+    Reader found = toldReader(false);
+    if (!found)
+        found = toldReader(true);
+    if (!found)
+        found = readerWith(false);
     if (found->type() == FieldType::Text)
         found = readerWith(true);
     found->setReadsCommonForms(true);
     return found;
 }
 
+TypeInference::Reader TypeInference::durationReader(bool readsCommonForms) const
+{
+    auto duration = newReader(FieldType::Duration, readsCommonForms);
+    return fits(countRead(*duration)) ? std::move(duration) : nullptr;
+}
+
+/// Of the type that something is told about; nothing if nothing is, or if too few values are of it.
+TypeInference::Reader TypeInference::toldReader(bool readsCommonForms) const
+{
+    Reader reader;
+    if (!_told.conventionOf(KTColumnReading::Durations).isNull())
+        reader = durationReader(readsCommonForms);
+    if (!reader && !_told.order.isNull())
+        reader = dateReader(readsCommonForms);
+    if (reader && reader->type() == FieldType::Time)
+        reader = nullptr;
+    if (!reader && !_told.point.isNull())
+        reader = numberReader(readsCommonForms);
+    return reader;
+}
+
 TypeInference::Reader TypeInference::readerWith(bool readsCommonForms) const
 {
     if (auto number = numberReader(readsCommonForms))
         return number;
-    auto duration = newReader(FieldType::Duration, readsCommonForms);
-    if (fits(countRead(*duration)))
+    if (auto duration = durationReader(readsCommonForms))
         return duration;
     if (auto date = dateReader(readsCommonForms))
         return date;

@@ -53,7 +53,9 @@ private:
     using Reader = std::unique_ptr<FieldReader>;
 
     Reader newReader(FieldType type, bool readsCommonForms) const;
+    Reader toldReader(bool readsCommonForms) const;
     Reader readerWith(bool readsCommonForms) const;
+    Reader durationReader(bool readsCommonForms) const;
     bool fits(qsizetype count) const;
     qsizetype countRead(const FieldReader &reader) const;
     Reader numberReader(bool readsCommonForms) const;

@@ -33,7 +33,7 @@ void addRow(QTableWidget *table, const QStringList &texts)
 QString decisionsText(const ImportValues::Column &column)
 {
     QStringList texts;
-    for (const ColumnDecision &decision : {column.decision, column.currency}) {
+    for (const ColumnDecision &decision : {column.decision, column.currency, column.unused}) {
         QStringList reasons{decision.since, decision.contradicting};
         reasons.removeAll(QString());
         if (decision.isNeeded())
