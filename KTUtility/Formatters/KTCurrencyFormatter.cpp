@@ -350,15 +350,18 @@ bool KTCurrencyFormatter::readInParentheses(QVariant *value, const QString &text
            readNamedAmount(value, negative, errorDescription);
 }
 
-/// A plain number has the signs of numbers; what has more has those of money.
+/// A plain number has the signs of money, too, as if its currency stood beside it; only what is no
+/// number with these has those of numbers.
 bool KTCurrencyFormatter::readCommonMoney(QVariant *value, const QString &forString,
                                           QString *errorDescription) const
 {
     const FoldedText text(forString);
     const NSNumberFormatter &formatter = *_currencyInputFormatter;
-    TypedDecimal typed = NumberGrammar::read(text, *NumberSigns::of(_locale));
+    const QString code = formatter.currencyCode();
+    TypedDecimal typed = NumberGrammar::read(text, *NumberSigns::ofMoney(_locale, code));
+    if (!typed.isRead())
+        typed = NumberGrammar::read(text, *NumberSigns::of(_locale));
     if (!typed.isRead()) {
-        const QString code = formatter.currencyCode();
         const QString symbol = formatter.currencySymbol();
         const TypedDecimal money = MoneyGrammar::read(text, {formatter.locale(), code, symbol});
         if (!money.isUnknown())

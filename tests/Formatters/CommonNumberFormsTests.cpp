@@ -160,6 +160,25 @@ TEST(KTCurrencyFormatterCommonForms, HaveTheSignsOfNumbersAndOfMoney)
     EXPECT_EQ(readBy(formatter, u"1.234,50"_s), u"1234.5"_s);
 }
 
+TEST(KTCurrencyFormatterCommonForms, ReadTheSameWithoutTheSign)
+{
+    struct Amount
+    {
+        const char *locale;
+        QString number;
+        QString sign;
+    };
+    const Amount amounts[] = {{"fr_CH", u"1.500"_s, u"CHF "_s}, {"en_DE", u"1,234"_s, u"\u20AC"_s}};
+    for (const Amount &amount : amounts) {
+        const UserLocale user(amount.locale);
+        KTCurrencyFormatter formatter;
+        formatter.setReadsCommonForms(true);
+        const QString read = readBy(formatter, amount.number);
+        EXPECT_NE(read, u"NO"_s) << amount.locale;
+        EXPECT_EQ(read, readBy(formatter, amount.sign + amount.number)) << amount.locale;
+    }
+}
+
 TEST(KTCurrencyFormatterCommonForms, OfferAllCurrencies)
 {
     const UserLocale user("en_US");

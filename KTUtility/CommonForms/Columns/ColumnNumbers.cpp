@@ -159,6 +159,7 @@ QString ColumnNumbers::signOf(const NSLocale &locale, bool isMoney)
                                      : NSNumberFormatterDecimalStyle);
     return isMoney ? formatter.currencyDecimalSeparator() : formatter.decimalSeparator();
 }
+
 size_t ColumnNumbers::pointOf(const QString &sign)
 {
     return sign == u"," ? Comma : FullStop;

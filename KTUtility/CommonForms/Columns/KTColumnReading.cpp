@@ -62,6 +62,15 @@ size_t indexOf(KTColumnReading::Kind kind, const QString &localeForm)
     }
     return 0;
 }
+
+/// Whether the locale has every text of a convention as it is. With a sign of its own before the
+/// fraction, as in Arabic, it may take the convention's for one of groups.
+bool isLocaleForm(KTColumnReading::Kind kind, const QString &localeForm, size_t index)
+{
+    const bool isNumeric = kind == KTColumnReading::Numbers || kind == KTColumnReading::Amounts;
+    return isNumeric ? KTColumnReading::conventionsOf(kind).at(qsizetype(index)) == localeForm
+                     : index == indexOf(kind, localeForm);
+}
 } // namespace
 
 KTColumnReading::KTColumnReading(Kind kind, const NSLocale &locale)
@@ -210,7 +219,8 @@ bool KTColumnReading::contradicts(const QString &text) const
 QString KTColumnReading::textForLocale(const QString &text) const
 {
     const size_t index = conventionIndex();
-    if (!holds() || index == _localeIndex || !(possibleIn(_kind, text) & bitOf(index)))
+    if (!holds() || isLocaleForm(_kind, _localeForm, index) ||
+        !(possibleIn(_kind, text) & bitOf(index)))
         return text;
     switch (_kind) {
     case Dates:

@@ -9,6 +9,7 @@ using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
+constexpr qsizetype DigitsOfGroup = 3;
 constexpr char16_t FractionSlash = u'\u2044';
 
 /// A numerator over a denominator, as it stands in a text.
@@ -17,6 +18,8 @@ struct Ratio
     qsizetype end = 0; ///< 0 if there is none
     NSDecimalNumber numerator;
     NSDecimalNumber denominator;
+    bool isPointed = false;  ///< whether "/" stands between them, which may be a point
+    bool mayBeGroup = false; ///< whether the numerator has the digits of a group: "000", "050"
 
     bool isThere() const { return end > 0; }
     bool isProper() const { return numerator < denominator; }
@@ -54,8 +57,9 @@ Ratio ratioOfDigits(QStringView text, qsizetype position)
     const qsizetype end = endOfDigits(text, slash + 1);
     if (end == slash + 1)
         return {};
-    return {end, decimalOf(text.sliced(position, slash - position)),
-            decimalOf(text.sliced(slash + 1, end - slash - 1))};
+    const QStringView numerator = text.sliced(position, slash - position);
+    return {end, decimalOf(numerator), decimalOf(text.sliced(slash + 1, end - slash - 1)),
+            text[slash] == u'/', numerator.front() == u'0' || numerator.size() >= DigitsOfGroup};
 }
 
 /// "¾".
@@ -68,8 +72,10 @@ Ratio ratioOfSign(QStringView text, qsizetype position)
     const icu::UnicodeString parts = icu::Normalizer2::getNFKDInstance(status)->normalize(
         ICU::aliasOf(text.sliced(position, 1)), status);
     Ratio ratio = ratioOfDigits(ICU::stringOf(parts), 0);
-    if (ratio.isThere())
+    if (ratio.isThere()) {
         ratio.end = position + 1;
+        ratio.isPointed = false;
+    }
     return ratio;
 }
 
@@ -93,6 +99,11 @@ Count refused(Count count, const QString &reason)
     return count;
 }
 
+Count ambiguous(const Count &count)
+{
+    return refused(count, u"The stroke may stand before a fraction or in the middle of one."_s);
+}
+
 Count withRatio(Count count, const Ratio &ratio, const NSDecimalNumber &whole)
 {
     count.kind = Count::Kind::Fraction;
@@ -102,12 +113,15 @@ Count withRatio(Count count, const Ratio &ratio, const NSDecimalNumber &whole)
         return refused(count, u"Nothing can be divided by zero."_s);
     count.fraction = ratio.value();
     count.value = whole.decimalNumberByAdding(count.fraction, exactDecimals());
+    count.divisor = ratio.denominator;
+    count.exactDividend = whole.decimalNumberByMultiplyingBy(ratio.denominator, exactDecimals())
+                              .decimalNumberByAdding(ratio.numerator, exactDecimals());
     return count;
 }
 
 Count mixedNumber(Count count, const Ratio &ratio)
 {
-    if (!count.numeral.isPlain || !ratio.isProper())
+    if (!count.numeral.isPlain || !ratio.isProper() || ratio.mayBeGroup)
         return refused(count, u"Only a part of one can stand behind a whole number."_s);
     return withRatio(count, ratio, count.numeral.value());
 }
@@ -125,7 +139,8 @@ Count Count::at(QStringView folded, qsizetype position, const NumberSigns &signs
     Count count;
     count.end = position;
     if (const Ratio ratio = ratioAt(folded, position); ratio.isThere())
-        return withRatio(count, ratio, {});
+        return signs.hasSlashAsPoint && ratio.isPointed ? ambiguous(count)
+                                                        : withRatio(count, ratio, {});
     count.numeral = Numeral::at(folded, position, signs);
     if (!count.numeral.isThere())
         return count;
@@ -133,7 +148,8 @@ Count Count::at(QStringView folded, qsizetype position, const NumberSigns &signs
     if (count.numeral.isUneven)
         return refused(count, unevenSeparatorsReason());
     if (const Ratio ratio = ratioBehind(folded, count.end); ratio.isThere())
-        return mixedNumber(count, ratio);
+        return signs.hasSlashAsPoint && ratio.isPointed ? ambiguous(count)
+                                                        : mixedNumber(count, ratio);
     count.kind = Kind::Numeral;
     count.value = count.numeral.value();
     return count.value.isNaN() ? refused(count, u"The number has more digits than can be kept."_s)

@@ -20,10 +20,18 @@ struct KTUTILITY_EXPORT Count
     Kind kind = Kind::None;
     Numeral numeral; ///< of Kind::Numeral, and the whole part of a fraction
     qsizetype end = 0;
-    NSDecimalNumber value;     ///< rounded to 38 digits if the fraction has no end
-    qsizetype fractionAt = -1; ///< of Kind::Fraction, where it begins
-    NSDecimalNumber fraction;  ///< without the whole part
+    NSDecimalNumber value;         ///< rounded to 38 digits if the fraction has no end
+    qsizetype fractionAt = -1;     ///< of Kind::Fraction, where it begins
+    NSDecimalNumber fraction;      ///< without the whole part
+    NSDecimalNumber divisor{1};    ///< of the fraction
+    NSDecimalNumber exactDividend; ///< of Kind::Fraction, see dividend()
     QString reason;
+
+    /// What divided by the divisor is the value, without its rounding.
+    const NSDecimalNumber &dividend() const
+    {
+        return kind == Kind::Fraction ? exactDividend : value;
+    }
 
     static Count at(QStringView folded, qsizetype position, const NumberSigns &signs);
 

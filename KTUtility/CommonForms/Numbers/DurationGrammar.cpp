@@ -127,6 +127,7 @@ private:
         if (const Clock clock = clockHere(); clock.end > 0)
             return readClock(clock);
         const qsizetype begin = _at;
+        _divisor = NSDecimalNumber(1);
         const UnitMatch whole = unitHere(false);
         if (whole.length > 0 && isWordEnd(_folded, _at)) {
             _at += whole.length;
@@ -161,7 +162,8 @@ private:
         if (number.kind == Count::Kind::None)
             return readCountWord(count);
         _at = number.end;
-        *count = number.value;
+        *count = number.dividend();
+        _divisor = number.divisor;
         readCountBehindNumber(count);
         return true;
     }
@@ -173,7 +175,9 @@ private:
         if (length == 0)
             return;
         _at += isAt(u' ') + length;
-        *count = count->decimalNumberByAdding(valueOf(word), exactDecimals());
+        const NSDecimalNumber part =
+            valueOf(word).decimalNumberByMultiplyingBy(_divisor, exactDecimals());
+        *count = count->decimalNumberByAdding(part, exactDecimals());
     }
 
     bool readCountWord(NSDecimalNumber *count)
@@ -207,15 +211,15 @@ private:
         if (unit.isUndecided)
             return refuse(u"A word of the text means several units."_s);
         _at += unit.length;
-        if (isAt(u'.') && !isDigitAt(_folded, _at + 1))
-            ++_at;
+        take(u'.'); // the word's, also in "1h.30m"
         return add(begin, count, unit.word.unit);
     }
 
     bool add(qsizetype begin, const NSDecimalNumber &count, DurationUnit unit)
     {
-        return _sum.add(begin, _at, count, unit) || refuse(u"The units do not stand from the "
-                                                           "largest to the smallest."_s);
+        return _sum.add(begin, _at, count, unit, _divisor) ||
+               refuse(u"The units do not stand from the "
+                      "largest to the smallest."_s);
     }
 
     /// The longest; the field's own words before those of the locale and English ones.
@@ -261,6 +265,7 @@ private:
                                                 (_folded[begin - 1] == u' ' && _at - begin == 2));
         const std::optional<DurationUnit> last = _sum.last();
         if (!isBehindWord || _at < _folded.size() || !count.isInteger() ||
+            _divisor != NSDecimalNumber(1) ||
             !(last == DurationUnit::Hour || last == DurationUnit::Minute) ||
             count >= NSDecimalNumber(MinutesInAnHour))
             return false;
@@ -392,6 +397,7 @@ private:
     const DurationVocabulary &_vocabulary;
     DurationSum _sum;
     qsizetype _at = 0;
+    NSDecimalNumber _divisor; ///< of the count that was read last: a third has no end
     QString _refusal;
     bool _hasClock = false;
     bool _isTwofold = false;

@@ -18,27 +18,31 @@ void DurationSum::takeSign(qsizetype *position)
 }
 
 bool DurationSum::add(qsizetype begin, qsizetype end, const NSDecimalNumber &count,
-                      DurationUnit unit)
+                      DurationUnit unit, const NSDecimalNumber &divisor)
 {
     if (_last && unit <= *_last)
         return false;
     _last = unit;
-    add(count, unit);
-    _parts.append(partOf(_text, begin, end, nameOf(unit), count.description()));
+    addSeconds(count, unit, divisor);
+    const NSDecimalNumber value = count.decimalNumberByDividingBy(divisor, exactDecimals());
+    _parts.append(partOf(_text, begin, end, nameOf(unit), value.description()));
     return true;
 }
 
 void DurationSum::addToLast(qsizetype begin, qsizetype end, const NSDecimalNumber &count)
 {
-    add(count, *_last);
+    addSeconds(count, *_last, NSDecimalNumber(1));
     _parts.append(partOf(_text, begin, end, nameOf(*_last), count.description()));
 }
 
-void DurationSum::add(const NSDecimalNumber &count, DurationUnit unit)
+void DurationSum::addSeconds(const NSDecimalNumber &count, DurationUnit unit,
+                             const NSDecimalNumber &divisor)
 {
     _isOfFixedLength &= unit > DurationUnit::Month;
-    _seconds = _seconds.decimalNumberByAdding(
-        count.decimalNumberByMultiplyingBy(secondsOf(unit), exactDecimals()), exactDecimals());
+    const NSDecimalNumber seconds =
+        count.decimalNumberByMultiplyingBy(secondsOf(unit), exactDecimals())
+            .decimalNumberByDividingBy(divisor, exactDecimals());
+    _seconds = _seconds.decimalNumberByAdding(seconds, exactDecimals());
 }
 
 TypedDecimal DurationSum::result(const QString &form) const

@@ -18,8 +18,10 @@ public:
     void takeSign(qsizetype *position);
 
     /// Adds what stands at a part of the text.
+    /// \param divisor what the count has to be divided by: a third of an hour is 20 minutes exactly.
     /// \return false if no such unit can stand behind the ones before.
-    bool add(qsizetype begin, qsizetype end, const NSDecimalNumber &count, DurationUnit unit);
+    bool add(qsizetype begin, qsizetype end, const NSDecimalNumber &count, DurationUnit unit,
+             const NSDecimalNumber &divisor = NSDecimalNumber(1));
     /// Adds a part of the unit that was added last ("and a half").
     void addToLast(qsizetype begin, qsizetype end, const NSDecimalNumber &count);
 
@@ -32,7 +34,8 @@ public:
     TypedDecimal result(const QString &form) const;
 
 private:
-    void add(const NSDecimalNumber &count, DurationUnit unit);
+    void addSeconds(const NSDecimalNumber &count, DurationUnit unit,
+                    const NSDecimalNumber &divisor);
 
     const FoldedText &_text;
     NSDecimalNumber _seconds;

@@ -131,6 +131,19 @@ constexpr ExtraCount ExtraCounts[] = {
     {"ja", u"\u534A", {Place::Behind, 1, 2}},
 };
 
+/// Their nouns have a singular and a plural, and no more.
+constexpr const char *LanguagesWithoutCases[] = {"en", "fr",  "es", "it", "pt", "ca",
+                                                 "gl", "ast", "oc", "nl", "af", "fy"};
+
+/// Whether a word is another case of a name, and not one that only begins like it ("weekend",
+/// "secondary"). 0 if it is not, else how many letters both have in common.
+qsizetype stemOfCase(QStringView word, QStringView name)
+{
+    constexpr qsizetype MaximumEnding = 2;
+    const qsizetype stem = commonStem(word, name);
+    return word.size() - stem <= MaximumEnding && name.size() - stem < MaximumEnding ? stem : 0;
+}
+
 icu::MeasureUnit measureUnit(DurationUnit unit)
 {
     switch (unit) {
@@ -278,7 +291,10 @@ DurationWords::DurationWords(const QByteArray &locale)
     for (const DurationUnit unit : AllUnits)
         addUnits(unit, locale);
     addRelativeUnits(locale);
-    addExtras(icu::Locale(locale.constData()).getLanguage());
+    const QByteArray language = icu::Locale(locale.constData()).getLanguage();
+    addExtras(language);
+    _hasCases = std::find(std::begin(LanguagesWithoutCases), std::end(LanguagesWithoutCases),
+                          language) == std::end(LanguagesWithoutCases);
     addConjunction(locale);
     std::sort(_names.begin(), _names.end());
 }
@@ -363,7 +379,7 @@ void DurationWords::addConjunction(const QByteArray &locale)
 
 std::optional<DurationUnit> DurationWords::derived(QStringView word) const
 {
-    const std::optional<DurationUnit> unit = inflected(word);
+    const std::optional<DurationUnit> unit = _hasCases ? inflected(word) : std::nullopt;
     return unit ? unit : abbreviated(word);
 }
 
@@ -384,7 +400,7 @@ std::optional<DurationUnit> DurationWords::inflected(QStringView word) const
     qsizetype longest = 0;
     std::optional<DurationUnit> unit;
     for (const auto &[name, meaning] : namesLike(word)) {
-        const qsizetype stem = commonStem(word, name);
+        const qsizetype stem = stemOfCase(word, name);
         if (stem > 0 && stem == longest && unit && *unit != meaning)
             unit.reset();
         if (stem > longest) {
@@ -395,13 +411,17 @@ std::optional<DurationUnit> DurationWords::inflected(QStringView word) const
     return unit;
 }
 
-/// The one whose names begin with a word of at least three letters.
+/// The one whose names begin with a word of at least three letters; "mil" is a thousand, and no
+/// thousandth.
 std::optional<DurationUnit> DurationWords::abbreviated(QStringView word) const
 {
     constexpr qsizetype MinimumLength = 3;
+    constexpr qsizetype MinimumLengthOfSmall = 5;
     std::optional<DurationUnit> unit;
     for (const auto &[name, meaning] : namesLike(word)) {
-        if (word.size() < MinimumLength || !name.startsWith(word))
+        const bool isSmall = meaning > DurationUnit::Second;
+        if (word.size() < (isSmall ? MinimumLengthOfSmall : MinimumLength) ||
+            !name.startsWith(word))
             continue;
         if (unit && *unit != meaning)
             return std::nullopt;

@@ -83,5 +83,6 @@ private:
     std::optional<DurationUnit> abbreviated(QStringView word) const;
 
     std::vector<Name> _names; ///< folded and sorted
+    bool _hasCases = true;    ///< whether the language has forms of words that CLDR does not list
 };
 } // namespace KTPrivate

@@ -99,29 +99,45 @@ private:
     {
         if (_at >= _folded.size() || !isWordEnd(_folded, _at))
             return false;
+        if (isThousands())
+            return false;
         if (!_symbol.isEmpty() && _folded.sliced(_at).startsWith(_symbol) &&
             isWordEnd(_folded, _at + _symbol.size()))
-            return takeWord(_symbol.size(), false);
+            return takeWord(_symbol.size(), _symbol != FoldedText::folded(_field.code));
         if (const auto match = _words->longestAt(_folded, _at); match.length > 0) {
             const auto is = [&match](MoneyWord word) {
                 return std::find(match.meanings.begin(), match.meanings.end(), word) !=
                        match.meanings.end();
             };
+            const bool isWhole =
+                is(MoneyWord::Code) || is(MoneyWord::Sign) || is(MoneyWord::FullName);
             const bool isQualifier = is(MoneyWord::Qualifier) && match.meanings.size() == 1;
-            return takeWord(match.length, !is(MoneyWord::Code), !isQualifier);
+            return !isOfOthers(match.length, isWhole) &&
+                   takeWord(match.length, !is(MoneyWord::Code), !isQualifier);
         }
-        return takeInflectedWord();
+        return !isOfOthers(0, false) && takeInflectedWord();
     }
 
-    /// \param mayHaveStop "Rs.5": the full stop is the word's, not the number's.
+    /// "5k" is five thousand, also where "K" is the sign of kwachas, kinas or kyats.
+    bool isThousands() const { return isAt(u'k') && _count.end > 0 && isWordEnd(_folded, _at + 1); }
+
+    /// Whether the name of another currency stands here, not just a word of the field's: "5 Cuban
+    /// pesos" are no convertible ones.
+    bool isOfOthers(qsizetype ownLength, bool isWhole) const
+    {
+        const qsizetype length = otherCurrencyAt(_field.locale, _field.code, _folded, _at);
+        return length > ownLength || (length > 0 && length == ownLength && !isWhole);
+    }
+
+    /// \param mayHaveStop "Rs.5", "S/.5": the full stop is the word's, not the number's.
     bool takeWord(qsizetype length, bool mayHaveStop, bool isName = true)
     {
         if (isName)
             _names.append({_at, length});
         _hasQualifier |= !isName;
-        const bool isLetter = _folded[_at + length - 1].isLetter();
+        const QChar last = _folded[_at + length - 1];
         _at += length;
-        if (mayHaveStop && isLetter)
+        if (mayHaveStop && (last.isLetter() || last.isMark() || last == u'/'))
             take(u'.');
         return true;
     }

@@ -109,6 +109,20 @@ QString regionName(const QString &code, const QByteArray &locale)
 
 using ForeignWords = PhraseTable<QString>;
 
+ForeignWords namesOfAllCurrencies(const NSLocale &locale)
+{
+    ForeignWords words;
+    const QStringList codes = NSLocale::commonISOCurrencyCodes();
+    for (const QByteArray &language : {identifierOf(locale), QByteArray("en")}) {
+        for (const QString &code : codes) {
+            const QStringList names = namesOf(code, language);
+            for (const QString &name : names)
+                words.add(name, code);
+        }
+    }
+    return words;
+}
+
 ForeignWords wordsOfAllCurrencies(const NSLocale &locale)
 {
     ForeignWords words;
@@ -143,6 +157,9 @@ MoneyWords::MoneyWords(const NSLocale &locale, const QString &code)
         const QStringList names = namesOf(code, language);
         for (const QString &name : names)
             addName(name, code);
+        // English has no cases but the plurals that are listed.
+        if (!language.startsWith("en"))
+            addStems(names, code);
         _phrases.add(regionName(code, language), MoneyWord::Qualifier);
     }
     _phrases.add(locale.displayNameForKey(NSLocaleCurrencySymbol, code), MoneyWord::Sign);
@@ -161,8 +178,10 @@ void MoneyWords::addSigns(const QString &code, const QByteArray &locale)
         if (sign == code || sign.isEmpty())
             continue;
         _phrases.add(sign, MoneyWord::Sign);
-        if (sign.endsWith(u'.'))
-            _phrases.add(QStringView(sign).chopped(1), MoneyWord::Sign);
+        // Marks that nobody sees may stand behind it.
+        const QString folded = FoldedText::folded(sign);
+        if (folded.endsWith(u'.'))
+            _phrases.add(QStringView(folded).chopped(1), MoneyWord::Sign);
         _phrases.add(QString(code.left(RegionLength) + sign), MoneyWord::Sign);
         _phrases.add(QString(sign + code.left(RegionLength)), MoneyWord::Sign);
     }
@@ -184,6 +203,7 @@ void MoneyWords::addUnitsWithin(const QString &name)
 void MoneyWords::addName(const QString &name, const QString &code)
 {
     _phrases.add(name, MoneyWord::Name);
+    _phrases.add(name, MoneyWord::FullName);
     addUnitsWithin(name);
     const QString region = FoldedText::folded(code.left(RegionLength));
     const QStringList words = FoldedText::folded(name).replace(u'-', u' ').split(u' ');
@@ -193,9 +213,27 @@ void MoneyWords::addName(const QString &name, const QString &code)
         if (word.size() < CodeLength - 1)
             continue;
         _phrases.add(word, isUnit ? MoneyWord::Name : MoneyWord::Qualifier);
-        if (isUnit && !_names.contains(word))
-            _names.append(word);
     }
+}
+
+/// The unit's word is the one that differs between the plurals: the first one of "francos CFA
+/// de África Central". Where both ends differ, or none, it may be either.
+void MoneyWords::addStems(const QStringList &names, const QString &code)
+{
+    QStringList firsts;
+    QStringList lasts;
+    for (const QString &name : names) {
+        const QStringList words = FoldedText::folded(name).replace(u'-', u' ').split(u' ');
+        firsts.append(words.first());
+        lasts.append(words.last());
+    }
+    firsts.removeDuplicates();
+    lasts.removeDuplicates();
+    const bool isFirst = firsts.size() > 1 || lasts.size() < 2;
+    const bool isLast = lasts.size() > 1 || firsts.size() < 2;
+    _names += (isFirst ? firsts : QStringList()) + (isLast ? lasts : QStringList());
+    _names.removeAll(FoldedText::folded(code.left(RegionLength)));
+    _names.removeDuplicates();
 }
 
 bool MoneyWords::isInflectedName(QStringView word) const
@@ -216,4 +254,16 @@ QString KTPrivate::currencyNamedIn(const NSLocale &locale, QStringView folded)
             return match.meanings.size() == 1 ? match.meanings.front() : QString();
     }
     return {};
+}
+
+qsizetype KTPrivate::otherCurrencyAt(const NSLocale &locale, const QString &code,
+                                     QStringView folded, qsizetype position)
+{
+    static SharedTables<ForeignWords> tables;
+    const std::shared_ptr<const ForeignWords> names = tables.tableOf(
+        locale.localeIdentifier(), [&locale] { return namesOfAllCurrencies(locale); });
+    const ForeignWords::Match match = names->longestAt(folded, position);
+    const bool isOwn =
+        std::find(match.meanings.begin(), match.meanings.end(), code) != match.meanings.end();
+    return isOwn ? 0 : match.length;
 }

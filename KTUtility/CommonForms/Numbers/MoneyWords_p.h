@@ -17,6 +17,7 @@ enum class MoneyWord {
     Code,      ///< "USD"
     Sign,      ///< "$", "kr.", "руб"
     Name,      ///< "US dollars", "dollars"
+    FullName,  ///< "US dollars"
     Qualifier, ///< what says no more than which: "US", "Canada"
 };
 
@@ -40,13 +41,19 @@ public:
 private:
     void addSigns(const QString &code, const QByteArray &locale);
     void addName(const QString &name, const QString &code);
+    void addStems(const QStringList &names, const QString &code);
     void addUnitsWithin(const QString &name);
 
     PhraseTable<MoneyWord> _phrases;
-    QStringList _names; ///< folded single words
+    QStringList _names; ///< folded single words that name the unit
 };
 
 /// The common currency whose code, sign or name in a locale stands first in a folded text; nil if
 /// there is none. Signs that several currencies have are nobody's.
 KTUTILITY_EXPORT QString currencyNamedIn(const NSLocale &locale, QStringView folded);
+
+/// How long the longest full name of common currencies is that stands at a place of a folded text; 0
+/// if there is none, or if it is that of the given currency as well.
+KTUTILITY_EXPORT qsizetype otherCurrencyAt(const NSLocale &locale, const QString &code,
+                                           QStringView folded, qsizetype position);
 } // namespace KTPrivate

@@ -6,6 +6,7 @@
 #include <KTUtility/Platform/Numbers/NSNumberFormatter.h>
 
 using namespace KTPrivate;
+using namespace Qt::StringLiterals;
 
 namespace {
 SharedTables<NumberSigns> &knownSigns()
@@ -33,6 +34,9 @@ NumberSigns signsOf(const NSNumberFormatter &formatter)
     signs.otherGroupSize =
         formatter.secondaryGroupingSize() > 0 ? formatter.secondaryGroupingSize() : signs.groupSize;
     signs.exponent = FoldedText::folded(formatter.exponentSymbol());
+    static const QStringList languages{u"fa"_s, u"ckb"_s, u"ps"_s};
+    const QString language = formatter.locale().localeIdentifier().section(u'_', 0, 0);
+    signs.hasSlashAsPoint = languages.contains(language);
     return signs;
 }
 

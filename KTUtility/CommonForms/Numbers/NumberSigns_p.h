@@ -18,6 +18,9 @@ struct KTUTILITY_EXPORT NumberSigns
     int groupSize = 3;      ///< of the group before the point
     int otherGroupSize = 3; ///< of the others: 2 in India
     QString exponent;       ///< what stands before an exponent
+    /// Whether "/" is what people type before the fraction: keyboards of Persian, Kurdish and Pashto
+    /// have it in the place of the decimal sign.
+    bool hasSlashAsPoint = false;
 
     bool isPoint(char16_t unit) const { return points.contains(QChar(unit)); }
     bool isGroup(char16_t unit) const { return groups.contains(QChar(unit)); }

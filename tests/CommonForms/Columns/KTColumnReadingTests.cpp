@@ -388,3 +388,13 @@ TEST(KTColumnReading, ContradictionsAreAllCountedAndTheFirstListed)
     EXPECT_EQ(column.contradictions().size(), KTColumnReading::MostListed);
     EXPECT_EQ(column.contradictions().last(), KTColumnReading::MostListed - 1);
 }
+
+TEST(KTColumnReading, APointThatIsNotTheLocalesIsReplaced)
+{
+    for (const QString &locale : {u"ar_EG"_s, u"fa_IR"_s}) {
+        const auto points = columnOf(KTColumnReading::Numbers, locale, {u"1,234.5"_s});
+        EXPECT_EQ(numberOf(points, locale, u"1.234"_s), u"1.234"_s) << qPrintable(locale);
+        const auto commas = columnOf(KTColumnReading::Numbers, locale, {u"1.234,5"_s});
+        EXPECT_EQ(numberOf(commas, locale, u"1,234"_s), u"1.234"_s) << qPrintable(locale);
+    }
+}

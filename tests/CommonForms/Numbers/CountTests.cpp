@@ -37,6 +37,10 @@ constexpr Row Rows[] = {
     {u"1 5/4", Count::Kind::Refused, "0", 1},
     {u"3/0", Count::Kind::Refused, "0", 3},
     {u"1.5 3/4", Count::Kind::Refused, "0", 3},
+    {u"1 000/3", Count::Kind::Refused, "0", 1},
+    {u"1 050/100", Count::Kind::Refused, "0", 1},
+    {u"1 125/500", Count::Kind::Refused, "0", 1},
+    {u"1 0/5", Count::Kind::Refused, "0", 1},
     {u"1,5", Count::Kind::Refused, "0", 3},
 };
 } // namespace
@@ -69,4 +73,17 @@ TEST(Count, TellsItsParts)
     count.addParts(text, &parts);
     EXPECT_EQ(parts, (QList<KTReadingPart>{{{0, 1}, u"integer"_s, u"1"_s},
                                            {{3, 3}, u"fraction"_s, u"0.75"_s}}));
+}
+
+TEST(Count, AStrokeThatMayBeAPointIsRefused)
+{
+    for (const QString &locale : {u"fa_IR"_s, u"ckb_IQ"_s, u"ps_AF"_s}) {
+        const auto signs = NumberSigns::of(NSLocale(locale));
+        EXPECT_EQ(Count::at(u"2/5", 0, *signs).kind, Count::Kind::Refused);
+        EXPECT_EQ(Count::at(u"1 2/5", 0, *signs).kind, Count::Kind::Refused);
+        EXPECT_EQ(Count::at(u"\u00BD", 0, *signs).value.description(), u"0.5"_s);
+        EXPECT_EQ(Count::at(u"2\u20445", 0, *signs).value.description(), u"0.4"_s);
+    }
+    const auto arabic = NumberSigns::of(NSLocale(u"ar_EG"_s));
+    EXPECT_EQ(Count::at(u"2/5", 0, *arabic).value.description(), u"0.4"_s);
 }

@@ -60,6 +60,14 @@ constexpr Row Rows[] = {
     {"en_US", u"2m30", "150", Units},
     {"en_US", u"1h30", "5400", Units},
     {"fr_FR", u"2 h 30", "9000", Units},
+    // The full stop behind a unit's word is the word's.
+    {"en_US", u"1h.30m", "5400", Units},
+    {"en_US", u"1h.5m", "3900", Units},
+    {"de_DE", u"1 Std.30 Min.", "5400", Units},
+    // Fractions without end.
+    {"en_US", u"1 1/3 h", "4800", Units},
+    {"en_US", u"1/3 h", "1200", Units},
+    {"en_US", u"2/7 weeks", "172800", Units},
     // Languages.
     {"fr_FR", u"3 hrs", "10800", Units},
     {"fr_FR", u"3jour", "259200", Units},
@@ -90,7 +98,8 @@ constexpr const char16_t *Unread[] = {
     u"1:30.5.2", u"25:00 s", u"1 day 25:00", u"1:30 30m",  u"1h 5",          u"1h 300",
     u"1h30.5",   u"5 h x",   u"x 5 h",       u"5 bananas", u"and",           u"5 h and",
     u"half",     u"a",       u"2s30",        u"1d30",      u"1:30:00:00:00", u"1, 5 h",
-    u"h 5",      u"5 5 h",
+    u"h 5",      u"5 5 h",   u"1 weekend",   u"5 minus",   u"5 secondary",   u"5 hourly",
+    u"5 mil",    u"5 mic",   u"1 h 1/2",
 };
 
 constexpr const char16_t *Refused[] = {

@@ -62,6 +62,12 @@ TEST(DurationWords, KnowCasesAndAbbreviations)
     EXPECT_EQ(derived("en_US", u"mi"), std::nullopt);
     EXPECT_EQ(derived("en_US", u"bananas"), std::nullopt);
     EXPECT_EQ(derived("en_US", u"m"), std::nullopt);
+    EXPECT_EQ(derived("en_US", u"weekend"), std::nullopt);
+    EXPECT_EQ(derived("it_IT", u"giornale"), std::nullopt);
+    EXPECT_EQ(derived("pt_BR", u"horario"), std::nullopt);
+    EXPECT_EQ(derived("es_ES", u"mil"), std::nullopt);
+    EXPECT_EQ(derived("de_DE", u"minus"), std::nullopt);
+    EXPECT_EQ(derived("en_US", u"micros"), DurationUnit::Microsecond);
 }
 
 TEST(DurationWords, HaveCountsAndConjunctions)

@@ -42,6 +42,31 @@ constexpr Row Rows[] = {
     // A full stop behind letters is theirs.
     {"en_IN", "INR", u"Rs.599", "599"},
     {"en_IN", "INR", u"Rs. 1,00,000", "100000"},
+    {"nb_NO", "NOK", u"kr.500", "500"},
+    {"nb_NO", "NOK", u"kr. 500", "500"},
+    {"sv_SE", "SEK", u"kr.500", "500"},
+    {"en_ZA", "ZAR", u"R.500", "500"},
+    {"pl_PL", "PLN", u"z\u0142.500", "500"},
+    {"cs_CZ", "CZK", u"K\u010D.500", "500"},
+    {"hu_HU", "HUF", u"Ft.500", "500"},
+    {"en_PK", "PKR", u"Rs.599", "599"},
+    {"es_GT", "GTQ", u"Q.500", "500"},
+    {"es_PE", "PEN", u"S/.500", "500"},
+    {"hi_IN", "INR", u"\u0930\u0941.500", "500"},
+    {"id_ID", "IDR", u"Rp.50.000", "50000"},
+    {"id_ID", "IDR", u"Rp. 50.000", "50000"},
+    {"es_BO", "BOB", u"Bs. 500", "500"},
+    // One behind a currency's mark is the number's.
+    {"en_US", "USD", u"$.50", "0.5"},
+    // The last full stop of Arabic signs is left out.
+    {"ar_EG", "EGP", u"1500 \u062C.\u0645", "1500"},
+    {"ar_SA", "SAR", u"1500 \u0631.\u0633", "1500"},
+    {"ar_AE", "AED", u"1500 \u062F.\u0625", "1500"},
+    {"en_ZM", "ZMW", u"K5", "5"},
+    {"en_US", "CUC", u"5 Cuban convertible pesos", "5"},
+    {"en_US", "SSP", u"5 South Sudanese pounds", "5"},
+    {"zh_CN", "BYN", u"5 \u767D\u4FC4\u7F57\u65AF\u5362\u5E03", "5"},
+    {"es_ES", "XAF", u"5 francos", "5"},
     // Several names of one currency.
     {"pt_BR", "NZD", u"nzd$15", "15"},
     {"en_US", "USD", u"$5 USD", "5"},
@@ -146,4 +171,28 @@ TEST(MoneyGrammar, TellsItsPartsAndTheOtherReading)
     EXPECT_EQ(read("en_US", "USD", u"5 USD").reading.form, u"iso4217"_s);
     EXPECT_EQ(read("en_US", "USD", u"(5 USD)").reading.parts.first(),
               (KTReadingPart{{0, 1}, u"minusSign"_s, u"-"_s}));
+}
+
+TEST(MoneyGrammar, RefusesOtherCurrenciesThatHaveAWordOfItsOwn)
+{
+    struct Other
+    {
+        const char *locale;
+        const char *currency;
+        const char16_t *text;
+    };
+    constexpr Other Others[] = {
+        {"zh_CN", "BYN", u"5 \u4FC4\u7F57\u65AF\u5362\u5E03"},
+        {"de_DE", "MWK", u"5 Kwacha"},
+        {"en_US", "SSP", u"5 Sudanese pounds"},
+        {"en_US", "CUC", u"5 Cuban pesos"},
+        {"en_US", "XAF", u"50 cents"},
+        {"es_ES", "XAF", u"50 cents"},
+        {"en_US", "ZMW", u"5k"},
+        {"en_US", "PGK", u"5 k"},
+        {"en_US", "MMK", u"5K"},
+    };
+    for (const Other &row : Others)
+        EXPECT_FALSE(read(row.locale, row.currency, row.text).isRead())
+            << row.currency << ' ' << QString::fromUtf16(row.text).toStdString();
 }
