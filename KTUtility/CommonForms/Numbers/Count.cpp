@@ -119,7 +119,7 @@ Count withRatio(Count count, const Ratio &ratio, const NSDecimalNumber &whole)
     return count;
 }
 
-Count mixedNumber(Count count, const Ratio &ratio)
+Count mixedNumber(const Count &count, const Ratio &ratio)
 {
     if (!count.numeral.isPlain || !ratio.isProper() || ratio.mayBeGroup)
         return refused(count, u"Only a part of one can stand behind a whole number."_s);
