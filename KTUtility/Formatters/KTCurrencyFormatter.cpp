@@ -41,6 +41,29 @@ NSLocale withCurrency(const NSLocale &locale, const QString &code)
     components.insert(NSLocaleCurrencyCode, code);
     return NSLocale(NSLocale::localeIdentifierFromComponents(components));
 }
+
+const QString TwoAmounts = u"The separators may stand before the fraction or between groups."_s;
+
+/// A plain number has the signs of money, too, as if its currency stood beside it. What it would be
+/// another number with than with those of numbers is read only if the field itself shows it for
+/// editing, which is done with these.
+TypedDecimal readPlainNumber(const QString &text, const NSFormatter &field, const NSLocale &locale,
+                             const QString &code)
+{
+    const FoldedText folded(text);
+    const TypedDecimal plain = NumberGrammar::read(folded, *NumberSigns::of(locale));
+    const TypedDecimal money = NumberGrammar::read(folded, *NumberSigns::ofMoney(locale, code));
+    if (!plain.isRead() || !money.isRead() || plain.value == money.value)
+        return money.isRead() ? money : plain;
+    if (field.editingStringForObjectValue(QVariant::fromValue(plain.value)) == text)
+        return plain;
+    return TypedDecimal::refused(TwoAmounts);
+}
+
+bool saysTwoAmounts(const TypedDecimal &typed)
+{
+    return typed.isRefused() && typed.reason == TwoAmounts;
+}
 } // namespace
 
 std::unique_ptr<NSNumberFormatter>
@@ -350,20 +373,16 @@ bool KTCurrencyFormatter::readInParentheses(QVariant *value, const QString &text
            readNamedAmount(value, negative, errorDescription);
 }
 
-/// A plain number has the signs of money, too, as if its currency stood beside it; only what is no
-/// number with these has those of numbers.
 bool KTCurrencyFormatter::readCommonMoney(QVariant *value, const QString &forString,
                                           QString *errorDescription) const
 {
     const FoldedText text(forString);
     const NSNumberFormatter &formatter = *_currencyInputFormatter;
     const QString code = formatter.currencyCode();
-    TypedDecimal typed = NumberGrammar::read(text, *NumberSigns::ofMoney(_locale, code));
-    if (!typed.isRead())
-        typed = NumberGrammar::read(text, *NumberSigns::of(_locale));
-    if (!typed.isRead()) {
-        const QString symbol = formatter.currencySymbol();
-        const TypedDecimal money = MoneyGrammar::read(text, {formatter.locale(), code, symbol});
+    TypedDecimal typed = readPlainNumber(forString, *this, _locale, code);
+    if (!typed.isRead() && !saysTwoAmounts(typed)) {
+        const TypedDecimal money =
+            MoneyGrammar::read(text, {formatter.locale(), code, formatter.currencySymbol()});
         if (!money.isUnknown())
             typed = money;
     }

@@ -118,8 +118,13 @@ private:
         return !isOfOthers(0, false) && takeInflectedWord();
     }
 
-    /// "5k" is five thousand, also where "K" is the sign of kwachas, kinas or kyats.
-    bool isThousands() const { return isAt(u'k') && _count.end > 0 && isWordEnd(_folded, _at + 1); }
+    /// "5k" is five thousand, also where "K" is the sign of kwachas, kinas or kyats; but for "5 K"
+    /// where the field itself shows that.
+    bool isThousands() const
+    {
+        const bool isSign = _symbol == u"k" && _at > 0 && _folded[_at - 1] == u' ';
+        return isAt(u'k') && _count.end > 0 && isWordEnd(_folded, _at + 1) && !isSign;
+    }
 
     /// Whether the name of another currency stands here, not just a word of the field's: "5 Cuban
     /// pesos" are no convertible ones.
