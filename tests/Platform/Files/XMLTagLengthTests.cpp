@@ -2,7 +2,6 @@
 
 #include "support/TestSupport.h"
 
-
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 using namespace testing_support;
