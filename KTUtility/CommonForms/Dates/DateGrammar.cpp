@@ -146,14 +146,13 @@ bool DateGrammar::hasMinutes() const
 /// "年" and the like.
 void DateGrammar::readMark(DateSaid::Number *number)
 {
-    using Role = DateSaid::Role;
-    const Role role = token().is(Kind::YearMark)    ? Role::Year
-                      : token().is(Kind::MonthMark) ? Role::Month
-                      : token().is(Kind::DayMark)   ? Role::Day
-                                                    : Role::Unknown;
-    if (role == Role::Unknown)
+    const DateSaid::Role role = token().is(Kind::YearMark)    ? DateSaid::Role::Year
+                                : token().is(Kind::MonthMark) ? DateSaid::Role::Month
+                                : token().is(Kind::DayMark)   ? DateSaid::Role::Day
+                                                              : DateSaid::Role::Unknown;
+    if (role == DateSaid::Role::Unknown)
         return;
-    if (number->role != Role::Unknown && number->role != role)
+    if (number->role != DateSaid::Role::Unknown && number->role != role)
         _said.contradiction = u"There is no such date.";
     number->role = role;
     number->isMarked = true;

@@ -58,9 +58,8 @@ bool isSemitic(QStringView words)
 
 bool isUnit(const DateWord &word)
 {
-    using Kind = DateWord::Kind;
-    return word.kind == Kind::Unit || word.kind == Kind::OneUnit ||
-           word.kind == Kind::UnitWithSuffix || word.kind == Kind::FixedAmount;
+    return word.kind == DateWord::Kind::Unit || word.kind == DateWord::Kind::OneUnit ||
+           word.kind == DateWord::Kind::UnitWithSuffix || word.kind == DateWord::Kind::FixedAmount;
 }
 
 /// A bare "m", perhaps before other words, is a minute to some and a month to others, in every
