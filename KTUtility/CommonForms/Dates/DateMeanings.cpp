@@ -1,10 +1,12 @@
 #include "DateMeanings_p.h"
 
+#include <KTUtility/CommonForms/Text/SharedTables_p.h>
 #include <KTUtility/Platform/Text/ICU_p.h>
 
 #include <unicode/dtfmtsym.h>
 
 #include <cstdlib>
+#include <memory>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
@@ -14,14 +16,22 @@ using Kind = DateWord::Kind;
 using Symbols = icu::DateFormatSymbols;
 using Names = const icu::UnicodeString *(*)(const Symbols &symbols, int32_t &count);
 
+/// English names, which cost as much to make as a formatter; reading them fills nothing.
+std::shared_ptr<const Symbols> englishSymbols(const QString &calendar)
+{
+    static SharedTables<Symbols> shared;
+    return shared.tableOf(calendar, [&calendar] {
+        UErrorCode status = U_ZERO_ERROR;
+        return Symbols(icu::Locale::getEnglish(), calendar.toLatin1().constData(), status);
+    });
+}
+
 /// The name of a number in a calendar; the number itself if it has none.
 QString nameOf(int number, int index, const NSCalendar &calendar, Names names)
 {
-    UErrorCode status = U_ZERO_ERROR;
-    const Symbols symbols(icu::Locale::getEnglish(),
-                          calendar.calendarIdentifier().toLatin1().constData(), status);
+    const std::shared_ptr<const Symbols> symbols = englishSymbols(calendar.calendarIdentifier());
     int32_t count = 0;
-    const icu::UnicodeString *const found = U_SUCCESS(status) ? names(symbols, count) : nullptr;
+    const icu::UnicodeString *const found = names(*symbols, count);
     const bool hasName = found && index >= 0 && index < count && !found[index].isEmpty();
     return hasName ? ICU::stringOf(found[index]) : QString::number(number);
 }
