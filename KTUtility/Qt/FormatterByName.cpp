@@ -42,11 +42,10 @@ std::shared_ptr<NSFormatter> KTPrivate::formatterByName(const QString &className
     if (className.isEmpty())
         return nullptr;
     try {
-        std::unique_ptr<QObject> object = objectOfClass(className);
+        const std::shared_ptr<QObject> object = objectOfClass(className);
         if (auto *const formatter = qobject_cast<NSFormatter *>(object.get())) {
             setOptions(formatter, options);
-            object.release(); // NOLINT: it is the formatter
-            return std::shared_ptr<NSFormatter>(formatter);
+            return {object, formatter};
         }
         NSLog(u"There is no formatter of the class \"%@\"", className);
     } catch (const NSException &exception) {
