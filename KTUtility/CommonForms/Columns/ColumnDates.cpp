@@ -3,12 +3,20 @@
 #include <KTUtility/CommonForms/Text/FoldedText_p.h>
 #include <KTUtility/CommonForms/Text/PlainSign_p.h>
 #include <KTUtility/Platform/Dates/NSDateFormatter.h>
+#include <KTUtility/Platform/Text/ICU_p.h>
+
+#include <unicode/dtptngen.h>
+
+#include <QDate>
+#include <QTimeZone>
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <optional>
 
 using namespace KTPrivate;
+using namespace Qt::StringLiterals;
 
 namespace {
 constexpr qsizetype DigitsOfYear = 4;
@@ -155,6 +163,21 @@ bool isPossible(const NumericDate &date, size_t order)
     return hasYear && isDay(date.valueOf(places[0]), date.valueOf(places[1]));
 }
 
+/// The units of a pattern in their order, each once.
+QString unitsOfPattern(const QString &pattern)
+{
+    QString units;
+    bool isQuoted = false;
+    for (QChar unit : pattern) {
+        isQuoted ^= unit == u'\'';
+        if (unit == u'L')
+            unit = u'M';
+        if (!isQuoted && (unit == u'd' || unit == u'M' || unit == u'y') && !units.contains(unit))
+            units += unit;
+    }
+    return units;
+}
+
 /// Which of day, month and year a unit is.
 size_t placeOf(QChar unit)
 {
@@ -178,16 +201,18 @@ QString ColumnDates::unitsOf(const NSLocale &locale)
     NSDateFormatter formatter;
     formatter.setLocale(locale);
     formatter.setDateStyle(NSDateFormatterShortStyle);
-    QString units;
-    bool isQuoted = false;
-    for (QChar unit : formatter.dateFormat()) {
-        isQuoted ^= unit == u'\'';
-        if (unit == u'L')
-            unit = u'M';
-        if (!isQuoted && (unit == u'd' || unit == u'M' || unit == u'y') && !units.contains(unit))
-            units += unit;
-    }
-    return units;
+    return unitsOfPattern(formatter.dateFormat());
+}
+
+bool ColumnDates::haveOrderWithoutYear(const QString &units, const NSLocale &locale)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::DateTimePatternGenerator> patterns(
+        icu::DateTimePatternGenerator::createInstance(ICU::localeOf(locale), status));
+    if (U_FAILURE(status))
+        return false;
+    const QString pattern = ICU::stringOf(patterns->getBestPattern(u"Md", status));
+    return U_SUCCESS(status) && QString(units).remove(u'y') == unitsOfPattern(pattern);
 }
 
 size_t ColumnDates::orderOf(const QString &units)
@@ -218,4 +243,19 @@ QString ColumnDates::reordered(const QString &text, size_t order, const QString 
         behind = former.end();
     }
     return result + view.sliced(behind);
+}
+
+QString ColumnDates::withMonthName(const QString &text, size_t order, const NSLocale &locale)
+{
+    constexpr int LeapYear = 2000;
+    const std::optional<NumericDate> date = dateIn(text);
+    if (!date || date->count != 2)
+        return text;
+    const auto places = placesIn(*date, order);
+    const QDate day(LeapYear, date->valueOf(places[1]), date->valueOf(places[0]));
+    NSDateFormatter formatter;
+    formatter.setLocale(locale);
+    formatter.setTimeZone(QTimeZone::utc());
+    formatter.setDateFormat(u"d MMMM"_s);
+    return formatter.stringFromDate(day.startOfDay(QTimeZone::utc()));
 }

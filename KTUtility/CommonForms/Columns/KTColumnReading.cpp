@@ -74,7 +74,11 @@ bool isLocaleForm(KTColumnReading::Kind kind, const QString &localeForm, size_t 
 } // namespace
 
 KTColumnReading::KTColumnReading(Kind kind, const NSLocale &locale)
-    : _kind(kind), _localeForm(localeFormOf(kind, locale)), _localeIndex(indexOf(kind, _localeForm))
+    : _kind(kind)
+    , _locale(locale)
+    , _localeForm(localeFormOf(kind, locale))
+    , _hasOneOrder(kind != Dates || ColumnDates::haveOrderWithoutYear(_localeForm, locale))
+    , _localeIndex(indexOf(kind, _localeForm))
 {
 }
 
@@ -216,6 +220,14 @@ bool KTColumnReading::contradicts(const QString &text) const
 
 // --- Reading
 
+/// Where the locale has two orders, formatters that read common forms go by another one than those
+/// that do not; the name of the month is the same to both.
+QString KTColumnReading::reorderedDate(const QString &text, size_t index) const
+{
+    const QString named = _hasOneOrder ? text : ColumnDates::withMonthName(text, index, _locale);
+    return named != text ? named : ColumnDates::reordered(text, index, _localeForm);
+}
+
 QString KTColumnReading::textForLocale(const QString &text) const
 {
     const size_t index = conventionIndex();
@@ -224,7 +236,7 @@ QString KTColumnReading::textForLocale(const QString &text) const
         return text;
     switch (_kind) {
     case Dates:
-        return ColumnDates::reordered(text, index, _localeForm);
+        return reorderedDate(text, index);
     case Numbers:
     case Amounts:
         return ColumnNumbers::withSign(text, index, _localeForm);

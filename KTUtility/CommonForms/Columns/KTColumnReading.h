@@ -115,8 +115,13 @@ private:
     qsizetype countAgainst(size_t index) const;
     qsizetype decidingTexts() const;
 
+    QString reorderedDate(const QString &text, size_t index) const;
+
     Kind _kind;
+    NSLocale _locale;
     QString _localeForm;
+    /// Whether dates without a year are in the order of those with one.
+    bool _hasOneOrder = true;
     size_t _localeIndex = 0;
     int _toldIndex = -1;
     qsizetype _textCount = 0;

@@ -238,6 +238,31 @@ TEST(KTColumnReading, DatesAreReadAsTheLocaleWouldTypeThem)
     }
 }
 
+TEST(KTColumnReading, DatesWithoutYearAreReadAlikeByAllFormatters)
+{
+    for (const QString &locale :
+         {u"sv_SE"_s, u"en_SE"_s, u"mg"_s, u"af"_s, u"jgo"_s, u"en_US"_s, u"de_DE"_s, u"ja_JP"_s,
+          u"hu_HU"_s, u"fr_CA"_s, u"zh_CN"_s, u"ko_KR"_s, u"lt_LT"_s, u"en_ZA"_s}) {
+        const NSLocale rules(locale);
+        for (const QString &convention : {u"dmy"_s, u"mdy"_s}) {
+            KTColumnReading column(KTColumnReading::Dates, rules);
+            ASSERT_TRUE(column.setConvention(convention));
+            if (column.localeConvention() == convention)
+                continue; // As it stands.
+            for (const bool readsCommonForms : {false, true}) {
+                const auto formatter = formatterIn<KTDateTimeFormatter>(locale);
+                formatter->setReadsCommonForms(readsCommonForms);
+                QVariant value;
+                EXPECT_TRUE(column.getObjectValue(*formatter, &value, u"3/2"_s));
+                EXPECT_EQ(wallTime(value.toDateTime()).mid(5, 5),
+                          convention == u"dmy" ? u"02-03"_s : u"03-02"_s)
+                    << qPrintable(locale + u' ' + convention) << readsCommonForms << ' '
+                    << qPrintable(column.textForLocale(u"3/2"_s));
+            }
+        }
+    }
+}
+
 TEST(KTColumnReading, DatesOfAllSeparatorsAreReadInBothOrders)
 {
     for (const QString &locale : {u"en_US"_s, u"en_GB"_s, u"de_DE"_s, u"fr_FR"_s, u"pl_PL"_s}) {
