@@ -34,7 +34,7 @@ QVariant propertyListIn(const QByteArray &text)
 
 /// The object that a reference means; nil if it means none of \a objects. What is not a whole
 /// number is no reference, also if it could be taken for one (0.4, "0", false).
-QVariant objectAt(const QVariantList &objects, const QVariant &reference)
+QVariant archivedObjectAt(const QVariantList &objects, const QVariant &reference)
 {
     const QVariant number = reference.toMap().value(ReferenceKey);
     if (number.typeId() != QMetaType::LongLong)
@@ -51,7 +51,7 @@ QByteArray dataOf(const QVariantList &objects, const QVariant &object)
     for (const char16_t *key : {u"NS.data", u"NS.bytes"}) {
         QVariant held = object.toMap().value(QString::fromUtf16(key));
         if (held.metaType() != QMetaType::fromType<QByteArray>())
-            held = objectAt(objects, held);
+            held = archivedObjectAt(objects, held);
         if (held.metaType() == QMetaType::fromType<QByteArray>())
             return held.toByteArray();
     }
@@ -93,7 +93,7 @@ QByteArray KTAdditions::initWithStringArchive(const QString &string)
     const QVariantMap archive = propertyListIn(string.toLatin1()).toMap();
     const QVariantList objects = archive.value(u"$objects"_s).toList();
     const QVariantMap top = archive.value(u"$top"_s).toMap();
-    return dataOf(objects, objectAt(objects, top.value(ArchiveKey)));
+    return dataOf(objects, archivedObjectAt(objects, top.value(ArchiveKey)));
 }
 
 QByteArray KTAdditions::md5Digest(const QByteArray &data)

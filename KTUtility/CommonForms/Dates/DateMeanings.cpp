@@ -27,7 +27,7 @@ std::shared_ptr<const Symbols> englishSymbols(const QString &calendar)
 }
 
 /// The name of a number in a calendar; the number itself if it has none.
-QString nameOf(int number, int index, const NSCalendar &calendar, Names names)
+QString symbolOf(int number, int index, const NSCalendar &calendar, Names names)
 {
     const std::shared_ptr<const Symbols> symbols = englishSymbols(calendar.calendarIdentifier());
     int32_t count = 0;
@@ -38,21 +38,21 @@ QString nameOf(int number, int index, const NSCalendar &calendar, Names names)
 
 QString monthOf(int month, const NSCalendar &calendar)
 {
-    return nameOf(month, month - 1, calendar, [](const Symbols &symbols, int32_t &count) {
+    return symbolOf(month, month - 1, calendar, [](const Symbols &symbols, int32_t &count) {
         return symbols.getMonths(count, Symbols::FORMAT, Symbols::WIDE);
     });
 }
 
 QString weekdayOf(int weekday, const NSCalendar &calendar)
 {
-    return nameOf(weekday, weekday, calendar, [](const Symbols &symbols, int32_t &count) {
+    return symbolOf(weekday, weekday, calendar, [](const Symbols &symbols, int32_t &count) {
         return symbols.getWeekdays(count, Symbols::FORMAT, Symbols::WIDE);
     });
 }
 
 QString eraOf(int era, const NSCalendar &calendar)
 {
-    return nameOf(era, era, calendar, [](const Symbols &symbols, int32_t &count) {
+    return symbolOf(era, era, calendar, [](const Symbols &symbols, int32_t &count) {
         return symbols.getEraNames(count);
     });
 }

@@ -113,7 +113,7 @@ Kind kindOfDateLiteral(const Literal &literal)
     }
 }
 
-Kind kindOf(const Literal &literal)
+Kind kindOfLiteral(const Literal &literal)
 {
     const bool isBeforeTime = isTime(literal.behind);
     if (isTime(literal.before))
@@ -157,8 +157,8 @@ void addLiteralsOf(DateWords &words, const icu::UnicodeString &pattern)
     PatternLiterals(ICU::stringOf(pattern)).forEach([&words](const Literal &literal) {
         const QString found = wordsOf(literal.text);
         if (!found.contains(u'('))
-            words.add(found, {kindOf(literal)});
-        if (kindOf(literal) == Kind::Filler && found.contains(u' ')) {
+            words.add(found, {kindOfLiteral(literal)});
+        if (kindOfLiteral(literal) == Kind::Filler && found.contains(u' ')) {
             for (const QString &word : found.split(u' ', Qt::SkipEmptyParts))
                 words.add(word, {Kind::Filler});
         }

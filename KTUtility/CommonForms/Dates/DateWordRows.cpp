@@ -474,7 +474,7 @@ constexpr OrdinalRow Ordinals[] = {
 };
 
 /// What a word of the tables for natural language means here; nothing if it has no use.
-std::optional<DateWord> meaningOf(const NaturalLanguageMeaning &meaning)
+std::optional<DateWord> wordOf(const NaturalLanguageMeaning &meaning)
 {
     switch (meaning.kind) {
     case NaturalKind::Day:
@@ -504,7 +504,7 @@ void forEachWord(const char16_t *words, const Take &take)
 void addNaturalLanguage(DateWords &words, const QString &language)
 {
     for (const NaturalLanguageRow &row : naturalLanguageTable()) {
-        const std::optional<DateWord> meaning = meaningOf(row.meaning);
+        const std::optional<DateWord> meaning = wordOf(row.meaning);
         if (meaning && language == QLatin1String(row.language))
             forEachWord(row.words, [&](const QString &word) { words.add(word, *meaning); });
     }

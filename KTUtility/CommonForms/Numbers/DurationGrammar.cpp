@@ -13,7 +13,7 @@ constexpr int MinutesInAnHour = 60;
 constexpr int HoursInADay = 24;
 constexpr qsizetype MaximumFields = 4;
 
-bool isDigitAt(QStringView text, qsizetype index)
+bool isPlainDigitAt(QStringView text, qsizetype index)
 {
     return index < text.size() && text[index] >= u'0' && text[index] <= u'9';
 }
@@ -280,20 +280,20 @@ private:
         qsizetype at = _at;
         const auto takeDigits = [&] {
             const qsizetype begin = at;
-            while (isDigitAt(_folded, at))
+            while (isPlainDigitAt(_folded, at))
                 ++at;
             return _folded.sliced(begin, at - begin);
         };
         clock.fields.append(takeDigits());
         while (clock.fields.size() < MaximumFields && at < _folded.size() && _folded[at] == u':' &&
-               isDigitAt(_folded, at + 1)) {
+               isPlainDigitAt(_folded, at + 1)) {
             ++at;
             clock.fields.append(takeDigits());
         }
         if (clock.fields.size() < 2 || clock.fields.front().isEmpty())
             return {};
         if (at < _folded.size() && (_folded[at] == u'.' || _folded[at] == u',') &&
-            isDigitAt(_folded, at + 1)) {
+            isPlainDigitAt(_folded, at + 1)) {
             ++at;
             clock.fraction = takeDigits();
         }

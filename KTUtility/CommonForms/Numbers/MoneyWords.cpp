@@ -64,7 +64,7 @@ constexpr ExtraSign ExtraSigns[] = {
     {u"VND", u"dong"},                     // the same
 };
 
-QString nameOf(const QString &code, const QByteArray &locale, UCurrNameStyle style)
+QString currencyNameOf(const QString &code, const QByteArray &locale, UCurrNameStyle style)
 {
     UErrorCode status = U_ZERO_ERROR;
     int32_t length = 0;
@@ -86,7 +86,7 @@ QString pluralNameOf(const QString &code, const QByteArray &locale, const char *
 QStringList namesOf(const QString &code, const QByteArray &locale)
 {
     constexpr std::array Plurals{"zero", "one", "two", "few", "many", "other"};
-    QStringList names{nameOf(code, locale, UCURR_LONG_NAME)};
+    QStringList names{currencyNameOf(code, locale, UCURR_LONG_NAME)};
     for (const char *plural : Plurals)
         names.append(pluralNameOf(code, locale, plural));
     names.removeAll(code);
@@ -130,7 +130,7 @@ ForeignWords wordsOfAllCurrencies(const NSLocale &locale)
     for (const QByteArray &language : {identifierOf(locale), QByteArray("en")}) {
         for (const QString &code : codes) {
             words.add(code, code);
-            words.add(nameOf(code, language, UCURR_SYMBOL_NAME), code);
+            words.add(currencyNameOf(code, language, UCURR_SYMBOL_NAME), code);
             const QStringList names = namesOf(code, language);
             for (const QString &name : names)
                 words.add(name, code);
@@ -174,7 +174,7 @@ void MoneyWords::addSigns(const QString &code, const QByteArray &locale)
 {
     for (const UCurrNameStyle style : {UCURR_SYMBOL_NAME, UCURR_NARROW_SYMBOL_NAME,
                                        UCURR_FORMAL_SYMBOL_NAME, UCURR_VARIANT_SYMBOL_NAME}) {
-        const QString sign = nameOf(code, locale, style);
+        const QString sign = currencyNameOf(code, locale, style);
         if (sign == code || sign.isEmpty())
             continue;
         _phrases.add(sign, MoneyWord::Sign);

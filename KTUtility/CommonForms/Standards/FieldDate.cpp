@@ -64,7 +64,8 @@ FieldDate KTPrivate::readFieldDate(const QString &text, const ShownDateContext &
         other.beginsWithDate = date.beginsWithDate;
         return other;
     }
-    const TimeZoneRules &rules = TimeZoneRules::rulesOf(context.formatter.timeZone());
+    const QTimeZone zone = context.formatter.timeZone();
+    const TimeZoneRules &rules = TimeZoneRules::rulesOf(zone);
     const auto instant = date.isRead() ? instantOf(&date, contextOf(context, rules)) : std::nullopt;
     return standardDate(std::move(date), instant, context.formatter);
 }

@@ -84,7 +84,7 @@ bool isReadableNumber(char16_t letter, int count)
     return QStringView(u"dhHkKms").contains(letter);
 }
 
-ElementKind kindOf(char16_t letter, int count)
+ElementKind elementKindOf(char16_t letter, int count)
 {
     if (letter == u'M' || letter == u'L')
         return count <= 2 ? ElementKind::Number : ElementKind::MonthName;
@@ -155,7 +155,7 @@ void DatePattern::appendField(qsizetype at, qsizetype end)
     const int count = int(end - at);
     if (letter == u'y' && yearLetters == 0)
         setYear(at, end);
-    const ElementKind kind = kindOf(letter, count);
+    const ElementKind kind = elementKindOf(letter, count);
     hasMonthName = hasMonthName || kind == ElementKind::MonthName;
     hasDayPeriod = hasDayPeriod || letter == u'b' || letter == u'B';
     hasZone = hasZone || QStringView(u"zZOvVXx").contains(letter);

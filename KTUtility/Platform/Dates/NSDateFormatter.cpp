@@ -16,7 +16,7 @@ QString formattingError()
 }
 
 /// The part of \a text that \a range names, cut to what there is.
-QStringView partOf(const QString &text, const NSRange *range)
+QStringView textInRange(const QString &text, const NSRange *range)
 {
     if (!range)
         return text;
@@ -255,7 +255,7 @@ bool NSDateFormatter::getObjectValue(QVariant *value, const QString &forString,
 bool NSDateFormatter::getObjectValue(QVariant *value, const QString &forString, NSRange *range,
                                      NSError *error) const
 {
-    const DateText text(partOf(forString, range));
+    const DateText text(textInRange(forString, range));
     DateMatch match;
     const bool isRead = _private->parse(text, &match);
     if (range)

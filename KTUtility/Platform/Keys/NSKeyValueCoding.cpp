@@ -134,7 +134,7 @@ QMetaMethod setterOfKey(const QMetaObject *metaObject, const QString &key)
     return method.isValid() ? method : setterNamed(metaObject, "_set" + capitalised);
 }
 
-bool callSetter(const KeyValueTarget &receiver, const QVariant &value, const QString &key)
+bool invokeSetter(const KeyValueTarget &receiver, const QVariant &value, const QString &key)
 {
     const QMetaMethod method = setterOfKey(receiver.metaObject, key);
     if (!method.isValid())
@@ -206,7 +206,7 @@ void NSKeyValueCoding::setValueOfTarget(const KeyValueTarget &receiver, const QV
     const bool isKey = !forKey.isEmpty() && !forKey.contains(QChar::Null);
     if (!receiver.metaObject || !isKey ||
         (!setInCodingObject(receiver, value, forKey) && !setProperty(receiver, value, forKey) &&
-         !callSetter(receiver, value, forKey) && !setDynamicProperty(receiver, value, forKey)))
+         !invokeSetter(receiver, value, forKey) && !setDynamicProperty(receiver, value, forKey)))
         raiseUndefinedKey(receiver, forKey);
 }
 

@@ -65,7 +65,7 @@ std::unique_ptr<icu::NumberFormat> formatOf(const icu::Locale &locale, int style
         icu::NumberFormat::createInstance(locale, icuStyle(style), status));
 }
 
-size_t hashOf(const NumberSettings &settings)
+size_t hashOfSettings(const NumberSettings &settings)
 {
     return qHashMulti(0, settings.locale.localeIdentifier(), settings.style,
                       settings.negativePrefix, settings.currencyCode, settings.currencySymbol,
@@ -157,7 +157,7 @@ QByteArray decimalTextOf(icu::Formattable &number)
 namespace KTPrivate {
 inline size_t qHash(const NumberSettings &settings, size_t seed)
 {
-    return hashOf(settings) ^ seed;
+    return hashOfSettings(settings) ^ seed;
 }
 } // namespace KTPrivate
 

@@ -69,7 +69,7 @@ using Calendar = std::unique_ptr<UCalendar, CalendarCloser>;
 using AsciiPart = std::function<int32_t(const char *, char *, int32_t, UErrorCode *)>;
 
 /// One part of an identifier; nil if it is missing.
-QString partOf(const QByteArray &identifier, const AsciiPart &part)
+QString partOfIdentifier(const QByteArray &identifier, const AsciiPart &part)
 {
     std::array<char, ULOC_FULLNAME_CAPACITY + ULOC_KEYWORD_AND_VALUES_CAPACITY> buffer{};
     UErrorCode status = U_ZERO_ERROR;
@@ -99,7 +99,7 @@ QByteArray asciiOf(const QString &identifier)
 /// The identifier in ICU's spelling; root is the empty one.
 QString canonicalIdentifier(const QString &identifier)
 {
-    const QString known = partOf(asciiOf(identifier), uloc_getName);
+    const QString known = partOfIdentifier(asciiOf(identifier), uloc_getName);
     return known == u"root" ? QString() : known;
 }
 
@@ -256,7 +256,7 @@ QVariantMap keywordsOf(const QByteArray &identifier)
         const auto value = [name](const char *locale, char *buffer, int32_t size, UErrorCode *e) {
             return uloc_getKeywordValue(locale, name, buffer, size, e);
         };
-        keywords.insert(QString::fromLatin1(name), partOf(identifier, value));
+        keywords.insert(QString::fromLatin1(name), partOfIdentifier(identifier, value));
     }
     return keywords;
 }
@@ -289,8 +289,8 @@ std::shared_ptr<const NSLocale::Data> NSLocale::dataFor(const QString &identifie
     const QString name = canonicalIdentifier(identifier);
     const QByteArray ascii = asciiOf(name);
     Data data{name,
-              partOf(ascii, uloc_getLanguage),
-              partOf(ascii, uloc_getCountry),
+              partOfIdentifier(ascii, uloc_getLanguage),
+              partOfIdentifier(ascii, uloc_getCountry),
               {},
               {},
               calendarOf(ascii),
@@ -428,7 +428,7 @@ QVariantMap NSLocale::componentsFromLocaleIdentifier(const QString &identifier)
     const QByteArray ascii = asciiOf(identifier);
     QVariantMap components = keywordsOf(ascii);
     for (const NamedPart &part : namedParts()) {
-        const QString value = partOf(ascii, part.function);
+        const QString value = partOfIdentifier(ascii, part.function);
         if (!value.isNull())
             components.insert(part.key, value);
     }

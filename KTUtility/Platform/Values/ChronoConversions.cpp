@@ -28,7 +28,7 @@ NSDecimalNumber secondsIn()
 }
 
 template<typename Duration>
-NSDecimalNumber secondsOf(const Duration &duration)
+NSDecimalNumber decimalSecondsOf(const Duration &duration)
 {
     return NSDecimalNumber(duration.count())
         .decimalNumberByMultiplyingBy(secondsIn<typename Duration::period>(), &exactNumbers());
@@ -53,7 +53,7 @@ template<typename Duration, typename Number>
 bool addNumber()
 {
     const auto toNumber = [](const Duration &duration) -> std::optional<Number> {
-        const QVariant seconds = QVariant::fromValue(secondsOf(duration));
+        const QVariant seconds = QVariant::fromValue(decimalSecondsOf(duration));
         QVariant number = seconds;
         return number.convert(QMetaType::fromType<Number>()) ? std::optional(number.value<Number>())
                                                              : std::nullopt;
@@ -68,7 +68,7 @@ template<typename Duration>
 bool addDuration()
 {
     const auto toDecimal = [](const Duration &duration) {
-        return std::optional(secondsOf(duration));
+        return std::optional(decimalSecondsOf(duration));
     };
     return addConverter<Duration, NSDecimalNumber>(toDecimal) &&
            addConverter<NSDecimalNumber, Duration>(durationOf<Duration>) &&

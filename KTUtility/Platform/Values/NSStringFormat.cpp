@@ -104,7 +104,7 @@ QString describeInteger(const NSFormatArgument &argument)
 }
 
 /// What `%@` prints for any argument.
-QString describe(const NSFormatArgument &argument)
+QString describeArgument(const NSFormatArgument &argument)
 {
     switch (argument.kind()) {
     case ArgumentKind::Signed:
@@ -232,7 +232,7 @@ QString printInteger(const NSFormatArgument &argument, const Conversion &convers
     const bool isSigned = conversion.letter == u'd';
     pattern += char(conversion.letter);
     if (argument.kind() == ArgumentKind::Double)
-        return pad(describe(argument), conversion);
+        return pad(describeArgument(argument), conversion);
     if (isSigned && argument.kind() == ArgumentKind::Unsigned &&
         argument.unsignedValue() > INT64_MAX)
         return printNative(pattern.replace("lld", "llu"), argument.unsignedValue());
@@ -360,7 +360,7 @@ QString print(const NSFormatArgument &argument, const Conversion &conversion)
     default:
         break;
     }
-    return pad(describe(argument), conversion);
+    return pad(describeArgument(argument), conversion);
 }
 
 /// Reads a format string from left to right and writes the text.

@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 /// The identifier by which ICU knows a zone: the system has the same zones in two more folders.
-QString nameOf(const QTimeZone &zone)
+QString nameOfZone(const QTimeZone &zone)
 {
     const QString id = QString::fromLatin1(zone.id());
     for (const QStringView folder : {u"posix/", u"right/"}) {
@@ -50,7 +50,7 @@ TimeZoneRules::Offset offsetAtLocalTime(const TimeZoneRules &rules, qint64 local
 } // namespace
 
 ICUTimeZone::ICUTimeZone(const TimeZoneRules &rules, const QTimeZone &zone)
-    : BasicTimeZone(ICU::aliasOf(nameOf(zone))), _rules(&rules), _zone(zone)
+    : BasicTimeZone(ICU::aliasOf(nameOfZone(zone))), _rules(&rules), _zone(zone)
 {
 }
 
