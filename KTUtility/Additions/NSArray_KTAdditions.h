@@ -361,4 +361,5 @@ void adjustOrder(QList<T> &list)
 }
 } // namespace KTAdditions
 
+#include "NSArray_KTRanges.h"
 #include "NSMutableArray_KTAdditions.h"

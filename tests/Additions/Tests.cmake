@@ -3,8 +3,10 @@ target_sources(KTUtilityTests PRIVATE
     Additions/CollectionRows.cpp
     Additions/KTImageBadgerTests.cpp
     Additions/KTStringTransformCacheTests.cpp
+    Additions/KTViewsTests.cpp
     Additions/NSArray_KTAdditionsTableTests.cpp
     Additions/NSArray_KTAdditionsTests.cpp
+    Additions/NSArray_KTRangesTests.cpp
     Additions/NSArray_KTSelectorsTests.cpp
     Additions/NSArray_KTUniqueNamesModelTests.cpp
     Additions/NSArray_KTUniqueNamesTests.cpp
