@@ -55,6 +55,20 @@ QString translated(const QString &reason)
     return NSBundle::mainBundle().localizedStringForKey(reason);
 }
 
+bool isDateOrTime(const QVariant &value)
+{
+    switch (value.typeId()) {
+    case QMetaType::QDateTime:
+        return value.toDateTime().isValid();
+    case QMetaType::QDate:
+        return value.toDate().isValid();
+    case QMetaType::QTime:
+        return value.toTime().isValid();
+    default:
+        return false;
+    }
+}
+
 bool hasHour(const NSDateFormatter &formatter)
 {
     const auto pattern = DatePattern::patternOf(formatter.dateFormat());
@@ -304,15 +318,23 @@ NSDateFormatter *KTDateTimeFormatter::lenientFormatter() const
 
 QString KTDateTimeFormatter::stringForObjectValue(const QVariant &value) const
 {
-    if (value.metaType() != QMetaType::fromType<QDateTime>() || !value.toDateTime().isValid())
+    // No display formatter is made for what it cannot show.
+    if (!isDateOrTime(value))
         return {};
     const std::lock_guard lock(classLock());
-    QString text = displayFormatter()->stringFromDate(value.toDateTime());
+    QString text = displayFormatter()->stringForObjectValue(value);
     if (text.isEmpty())
         text = QString();
     KTLog(kLog_FormattersDateTimes, 4,
           u"KTDateTimeFormatter stringForObjectValue returns:%@, value:%@", text, value);
     return text;
+}
+
+QString KTDateTimeFormatter::reasonForRejecting(const QString &,
+                                                const QString &errorDescription) const
+{
+    return errorDescription.isEmpty() ? translated(u"The text cannot be read as a date."_s)
+                                      : errorDescription;
 }
 
 // --- The formatters that read
@@ -426,7 +448,7 @@ KTDateTimeFormatter::strictFormattersForDateFormat(const QString &datePattern) c
 
 // --- Reading
 
-bool KTDateTimeFormatter::read(DateReading &reading) const
+bool KTDateTimeFormatter::readInAnyForm(DateReading &reading) const
 {
     if (reading.hasOnlyWhitespace())
         return false;
@@ -549,7 +571,7 @@ bool KTDateTimeFormatter::readByPatterns(QVariant *value, QDateTime *clock, cons
                                          QString *errorDescription) const
 {
     DateReading reading(text);
-    bool isRead = read(reading) && (!readsCommonForms() || isMeant(reading));
+    bool isRead = readInAnyForm(reading) && (!readsCommonForms() || isMeant(reading));
     const bool isBareHour = reading.isBareHour() && !(readsCommonForms() && !displayTime());
     isRead = isRead && isBareHour == reading.isBareHour();
     if (value)

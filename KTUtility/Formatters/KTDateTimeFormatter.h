@@ -217,6 +217,9 @@ protected:
     /// read; where summer time skips the time that was typed, that time all the same. May be null.
     bool readTyped(QVariant *value, QDateTime *clock, const QString &text,
                    QString *errorDescription) const;
+    /// What getObjectValue() said, else "The text cannot be read as a date.", translated in the
+    /// context "Localizable".
+    QString reasonForRejecting(const QString &text, const QString &errorDescription) const override;
 
 private:
     using SharedList = std::shared_ptr<const KTDateFormatterList>;
@@ -240,7 +243,7 @@ private:
                         QString *errorDescription) const;
     bool isMeant(const KTPrivate::DateReading &reading) const;
     QString zoneOfField() const;
-    bool read(KTPrivate::DateReading &reading) const;
+    bool readInAnyForm(KTPrivate::DateReading &reading) const;
     bool readDate(KTPrivate::DateReading &reading) const;
     QDateTime plainDateOf(const QDateTime &calendarDate) const;
     QDateTime lenientClockOf(const QString &text) const;

@@ -7,6 +7,7 @@
 #include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Keys/NSClassRegistry.h>
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
+#include <KTUtility/Platform/Values/ChronoConversions_p.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 #include <KTUtility/Platform/Values/NSScanner.h>
 
@@ -143,9 +144,11 @@ KTDurationFormatter::exceptionDuringOperation(const QString &, NSCalculationErro
 
 QString KTDurationFormatter::stringForObjectValue(const QVariant &value) const
 {
-    if (!NSObject::isNumber(value))
+    const bool isLength = isLengthOfTime(value);
+    if (!isLength && !NSObject::isNumber(value))
         return {};
-    const NSDecimalNumber seconds = NSDecimalNumber::decimalNumberWithNumber(value);
+    const auto seconds =
+        isLength ? value.value<NSDecimalNumber>() : NSDecimalNumber::decimalNumberWithNumber(value);
     return readsCommonForms() ? exactText(seconds) : wholeText(seconds);
 }
 

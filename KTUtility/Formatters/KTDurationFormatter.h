@@ -77,7 +77,7 @@ public:
     /// "useAbbreviations".
     std::optional<QStringList> optionsKeys() const override;
 
-    /// The duration of a number of seconds; "" for zero and less, unless readsCommonForms(); nil for
+    /// The duration of a number of seconds or of a std::chrono::duration; "" for zero and less, unless readsCommonForms(); nil for
     /// what is no number.
     QString stringForObjectValue(const QVariant &value) const override;
 

@@ -383,6 +383,15 @@ QString KTNumberFormatter::unreadDescription() const
         u"The text is no number, or has something else in it."_s);
 }
 
+QString KTNumberFormatter::reasonForRejecting(const QString &,
+                                              const QString &errorDescription) const
+{
+    // Without common forms, it is the description of an NSError.
+    const bool isForPeople =
+        !errorDescription.isEmpty() && !errorDescription.startsWith(u"Error Domain="_s);
+    return isForPeople ? errorDescription : unreadDescription();
+}
+
 QString KTNumberFormatter::shownFormOf(const QVariant &value, const QString &text) const
 {
     if (stringForObjectValue(value) == text)

@@ -168,6 +168,8 @@ protected:
                 QString *errorDescription) const;
     /// Why a text without a reading has none.
     virtual QString unreadDescription() const;
+    /// What getObjectValue() said where it is for people, else unreadDescription().
+    QString reasonForRejecting(const QString &text, const QString &errorDescription) const override;
 
     /// Whether to read the decomposition after \a original could not be read.
     static bool isWorthASecondTry(const QString &decomposed, const QString &original);

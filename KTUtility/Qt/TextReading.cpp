@@ -1,7 +1,6 @@
 #include "TextReading_p.h"
 
 #include <KTUtility/Formatters/KTCurrencyFormatter.h>
-#include <KTUtility/Formatters/KTDateTimeFormatter.h>
 #include <KTUtility/Formatters/KTNumberFormatter.h>
 #include <KTUtility/Platform/Keys/NSSelectionMarker.h>
 #include <KTUtility/Platform/Values/NSObject.h>
@@ -17,21 +16,6 @@ namespace {
 bool hasNoText(const QVariant &value)
 {
     return NSObject::isNil(value) || NSIsControllerMarker(value);
-}
-
-/// For formatters that say nothing, or something that is not for people.
-QString reasonFor(const NSFormatter *formatter, const QString &text, const QString &given)
-{
-    if (!given.isEmpty() && !given.startsWith(u"Error Domain="_s))
-        return given;
-    const char *sentence = QT_TRANSLATE_NOOP("KTFormatterEdit", "“%1” cannot be read here.");
-    if (dynamic_cast<const KTCurrencyFormatter *>(formatter))
-        sentence = QT_TRANSLATE_NOOP("KTFormatterEdit", "“%1” is not an amount of money.");
-    else if (dynamic_cast<const KTNumberFormatter *>(formatter))
-        sentence = QT_TRANSLATE_NOOP("KTFormatterEdit", "“%1” is not a number.");
-    else if (dynamic_cast<const KTDateTimeFormatter *>(formatter))
-        sentence = QT_TRANSLATE_NOOP("KTFormatterEdit", "“%1” is not a date.");
-    return QCoreApplication::translate("KTFormatterEdit", sentence).arg(text.trimmed());
 }
 
 /// No number has them, whatever is typed behind. (Currencies have names.)
@@ -57,12 +41,8 @@ TextReading TextReading::of(const NSFormatter *formatter, const QString &text)
         return {true, text, {}};
     if (text.trimmed().isEmpty())
         return {true, {}, {}};
-    TextReading reading;
-    QString given;
-    reading.isRead = formatter->getObjectValue(&reading.value, text, &given);
-    if (!reading.isRead)
-        reading.reason = reasonFor(formatter, text, given);
-    return reading;
+    const KTReadResult result = formatter->read(text);
+    return {result.hasValue(), result.value(), result.error()};
 }
 
 QValidator::State TextReading::judge(const NSFormatter *formatter, const QString &text)

@@ -1,6 +1,7 @@
 #include "NSDateFormatter.h"
 
 #include "NSDateFormatterPrivate_p.h"
+#include "ShownInstant_p.h"
 #include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 
@@ -234,8 +235,7 @@ QDateTime NSDateFormatter::dateFromString(const QString &string) const
 
 QString NSDateFormatter::stringForObjectValue(const QVariant &value) const
 {
-    return value.metaType() == QMetaType::fromType<QDateTime>() ? stringFromDate(value.toDateTime())
-                                                                : QString();
+    return stringFromDate(shownInstant(value, *this));
 }
 
 bool NSDateFormatter::getObjectValue(QVariant *value, const QString &forString,

@@ -149,7 +149,9 @@ public:
     /// \return an invalid QDateTime if it is none.
     QDateTime dateFromString(const QString &string) const;
 
-    /// \return nil if \a value is no QDateTime or an invalid one.
+    /// Shows a QDateTime, a QDate as the beginning of that day in timeZone(), and a QTime if the
+    /// pattern has nothing but times.
+    /// \return nil if \a value is none of these or an invalid one.
     QString stringForObjectValue(const QVariant &value) const override;
     /// Reads a whole text as dateFromString() does; \a value receives a QDateTime.
     bool getObjectValue(QVariant *value, const QString &forString,

@@ -20,4 +20,5 @@ target_sources(KTUtility PRIVATE
     Platform/Dates/NaturalLanguageTable.cpp
     Platform/Dates/NaturalLanguageWords.cpp
     Platform/Dates/September.cpp
+    Platform/Dates/ShownInstant.cpp
 )

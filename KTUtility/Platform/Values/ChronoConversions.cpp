@@ -76,17 +76,27 @@ bool addDuration()
            addNumber<Duration, double>();
 }
 
-template<typename... Durations>
-bool addDurations()
+/// The lengths of time that convert.
+template<typename... Each>
+struct Lengths
 {
-    return (addDuration<Durations>() && ...);
-}
+    static bool add() { return (addDuration<Each>() && ...); }
+    static bool has(QMetaType type) { return ((type == QMetaType::fromType<Each>()) || ...); }
+};
+
+using StandardLengths =
+    Lengths<std::chrono::nanoseconds, std::chrono::microseconds, std::chrono::milliseconds,
+            std::chrono::seconds, std::chrono::minutes, std::chrono::hours>;
 
 [[maybe_unused]] const bool LengthsOfTimeConvert = KTPrivate::addChronoConversions();
 } // namespace
 
 bool KTPrivate::addChronoConversions()
 {
-    using namespace std::chrono;
-    return addDurations<nanoseconds, microseconds, milliseconds, seconds, minutes, hours>();
+    return StandardLengths::add();
+}
+
+bool KTPrivate::isLengthOfTime(const QVariant &value)
+{
+    return StandardLengths::has(value.metaType());
 }

@@ -19,4 +19,5 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Dates/NaturalLanguageReaderTests.cpp
     Platform/Dates/NaturalLanguageWordsTests.cpp
     Platform/Dates/SeptemberTests.cpp
+    Platform/Dates/ShownInstantTests.cpp
 )

@@ -1,6 +1,11 @@
 // A value or a reason.
 
+#include <KTUtility/KTCurrencyFormatter>
+#include <KTUtility/KTDateTimeFormatter>
+#include <KTUtility/KTDurationFormatter>
+#include <KTUtility/KTNumberFormatter>
 #include <KTUtility/KTReadResult>
+#include <KTUtility/KTTimeFormatter>
 #include <KTUtility/NSDateFormatter>
 #include <KTUtility/NSDecimalNumber>
 #include <KTUtility/NSNumberFormatter>
@@ -83,4 +88,27 @@ TEST(KTReadResult, ReasonsAreInTheLanguageOfTheProgram)
     EXPECT_EQ(NSNumberFormatter().read(u"abc"_s).error(), u"THE TEXT IS NOT A NUMBER."_s);
     const QString date = NSDateFormatter().read(u"abc"_s).error();
     EXPECT_EQ(date, date.toUpper());
+}
+
+TEST(KTReadResult, ReasonsOfFormattersAreSentences)
+{
+    const KTNumberFormatter numbers;
+    const KTCurrencyFormatter money;
+    const KTDateTimeFormatter dates;
+    const KTTimeFormatter times;
+    const KTDurationFormatter durations;
+    for (const NSFormatter *const formatter :
+         {static_cast<const NSFormatter *>(&numbers), static_cast<const NSFormatter *>(&money),
+          static_cast<const NSFormatter *>(&dates), static_cast<const NSFormatter *>(&times),
+          static_cast<const NSFormatter *>(&durations)}) {
+        for (const QString &text : {u"abc"_s, u"12 abc"_s, u"99.99.2026 €€"_s}) {
+            const KTReadResult result = formatter->read(text);
+            ASSERT_FALSE(result) << qPrintable(text);
+            EXPECT_GT(result.error().size(), 10);
+            EXPECT_FALSE(result.error().contains(u"Error Domain"_s)) << qPrintable(result.error());
+        }
+    }
+    EXPECT_EQ(dates.read(u"foo"_s).error(), u"The text cannot be read as a date."_s);
+    EXPECT_EQ(numbers.read(u"12 abc"_s).error(),
+              u"The text is no number, or has something else in it."_s);
 }

@@ -1,6 +1,7 @@
 // Lengths of time and numbers of seconds.
 
 #include <KTUtility/NSDecimalNumber>
+#include <KTUtility/Platform/Values/ChronoConversions_p.h>
 
 #include "support/TestSupport.h"
 
@@ -64,4 +65,12 @@ TEST(ChronoConversions, AreExactWhateverTheThreadRounds)
     EXPECT_EQ(as<std::chrono::milliseconds>(0.0051_dec), 5ms);
     EXPECT_EQ(as<std::chrono::hours>(1e100_dec), std::nullopt);
     NSDecimalNumber::setDefaultBehavior(nullptr);
+}
+
+TEST(ChronoConversions, KnowWhatIsALengthOfTime)
+{
+    EXPECT_TRUE(KTPrivate::isLengthOfTime(QVariant::fromValue(std::chrono::minutes(2))));
+    EXPECT_TRUE(KTPrivate::isLengthOfTime(QVariant::fromValue(std::chrono::nanoseconds(2))));
+    EXPECT_FALSE(KTPrivate::isLengthOfTime(2));
+    EXPECT_FALSE(KTPrivate::isLengthOfTime(QVariant()));
 }
