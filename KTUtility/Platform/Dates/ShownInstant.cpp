@@ -30,7 +30,7 @@ bool hasTimeOnly(const QString &pattern)
 }
 
 /// From when on a clock in the zone shows that time or more.
-QDateTime instantOf(QDate day, QTime time, const QTimeZone &zone)
+QDateTime instantFrom(QDate day, QTime time, const QTimeZone &zone)
 {
     const QDateTime local(day, time, QTimeZone::utc());
     const qint64 instant =
@@ -44,9 +44,9 @@ QDateTime KTPrivate::shownInstant(const QVariant &value, const NSDateFormatter &
     if (value.metaType() == QMetaType::fromType<QDateTime>())
         return value.toDateTime();
     if (value.metaType() == QMetaType::fromType<QDate>() && value.toDate().isValid())
-        return instantOf(value.toDate(), QTime(0, 0), formatter.timeZone());
+        return instantFrom(value.toDate(), QTime(0, 0), formatter.timeZone());
     if (value.metaType() == QMetaType::fromType<QTime>() && value.toTime().isValid() &&
         hasTimeOnly(formatter.dateFormat()))
-        return instantOf(QDate(ReferenceYear, 1, 1), value.toTime(), formatter.timeZone());
+        return instantFrom(QDate(ReferenceYear, 1, 1), value.toTime(), formatter.timeZone());
     return {};
 }
