@@ -4,6 +4,7 @@
 #include <KTUtility/NSException>
 #include <KTUtility/NSPropertyListSerialization>
 
+#include "support/EnvironmentGuard.h"
 #include "support/TestSupport.h"
 
 #include <QDir>
@@ -411,7 +412,7 @@ TEST_F(KTLoggerTests, WithoutALibraryFolderNothingIsSaved)
 {
     qputenv("HOME", "");
     const QTemporaryDir temporary;
-    qputenv("TMPDIR", temporary.path().toLocal8Bit());
+    const testing_support::EnvironmentGuard guard("TMPDIR", temporary.path().toLocal8Bit());
     KTLogger logger;
     EXPECT_TRUE(logger.configFilePath().isNull());
     EXPECT_TRUE(logger.userFile().isNull());
@@ -419,7 +420,6 @@ TEST_F(KTLoggerTests, WithoutALibraryFolderNothingIsSaved)
     EXPECT_TRUE(QFile::exists(temporary.filePath(u"Logs/cobble.log"_s)));
     EXPECT_FALSE(logger.setLevelOfComponent(4, kLog_Undo));
     EXPECT_FALSE(logger.components().has_value());
-    qunsetenv("TMPDIR");
     testing_support::useFreshHome();
 }
 

@@ -1,6 +1,7 @@
 #include "FaultInjector.h"
 #include "FaultScenario.h"
 
+#include "support/EnvironmentGuard.h"
 #include "support/TestSupport.h"
 
 #include <KTUtility/KTLogger>
@@ -8,6 +9,8 @@
 #include <QDir>
 
 #include <gtest/gtest.h>
+
+#include <optional>
 
 namespace {
 constexpr std::array<Fault, 7> AllFaults = {
@@ -55,7 +58,8 @@ protected:
     void TearDown() override
     {
         scenario.reset();
-        qunsetenv("TMPDIR");
+        // What comes after this is to find room where it had it before.
+        temporaryFolder.reset();
     }
 
     /// The state before, in an empty home. Temporary files lie there, too.
@@ -66,7 +70,8 @@ protected:
             home = testing_support::useFreshHome();
         QDir(home).removeRecursively();
         QDir().mkpath(home + u"/tmp");
-        qputenv("TMPDIR", (home + u"/tmp").toLocal8Bit());
+        temporaryFolder.reset();
+        temporaryFolder.emplace("TMPDIR", (home + u"/tmp").toLocal8Bit());
         scenario = row.make(home);
     }
 
@@ -141,6 +146,7 @@ protected:
     FaultRow row;
     Fault fault;
     QString home;
+    std::optional<testing_support::EnvironmentGuard> temporaryFolder;
     std::unique_ptr<FaultScenario> scenario;
     FileState before;
     FileState after;

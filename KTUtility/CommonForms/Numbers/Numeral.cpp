@@ -92,7 +92,16 @@ private:
     /// Whether a blank has a group behind it and not another number.
     bool isGroupBehind() const
     {
-        const qsizetype end = _at + 1 + CommonGroupSize;
+        if (isGroupBehind(CommonGroupSize))
+            return true;
+        // Toki Pona has "12 34 56".
+        return _signs.isGroup(u' ') &&
+               (isGroupBehind(_signs.groupSize) || isGroupBehind(_signs.otherGroupSize));
+    }
+
+    bool isGroupBehind(qsizetype size) const
+    {
+        const qsizetype end = _at + 1 + size;
         for (qsizetype index = _at + 1; index < end; ++index) {
             if (!isDigit(_text, index))
                 return false;

@@ -135,3 +135,22 @@ TEST(Numeral, TellsItsParts)
                                            {{6, 1}, u"decimal"_s, u"."_s},
                                            {{7, 2}, u"fraction"_s, u"50"_s}}));
 }
+
+TEST(Numeral, BlanksSeparateGroupsOfTheLocalesSize)
+{
+    NumberSigns pairs;
+    pairs.points = u","_s;
+    pairs.groups = u" "_s;
+    pairs.groupSize = pairs.otherGroupSize = 2;
+    for (const auto &[text, value] :
+         {std::pair{u"1 23 45 67,89"_s, "1234567.89"}, std::pair{u"12 34,00"_s, "1234"},
+          std::pair{u"1 234,5"_s, "1234.5"}}) {
+        const Numeral numeral = Numeral::at(text, 0, pairs);
+        EXPECT_EQ(numeral.end, text.size()) << qPrintable(text);
+        EXPECT_FALSE(numeral.isUneven);
+        EXPECT_EQ(numeral.value(),
+                  NSDecimalNumber::decimalNumberWithString(QString::fromLatin1(value)));
+    }
+    // Two numbers where groups have three digits.
+    EXPECT_EQ(Numeral::at(u"12 34", 0, *NumberSigns::of(NSLocale(u"fr_FR"_s))).end, 2);
+}
