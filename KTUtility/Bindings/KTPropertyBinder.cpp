@@ -1,6 +1,7 @@
 #include "KTPropertyBinder.h"
 
 #include <KTUtility/Platform/AppKit/NSKeyValueBinding.h>
+#include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
 #include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
 #include <KTUtility/Platform/Keys/NSSelectionMarker.h>
 #include <KTUtility/Platform/Values/NSException.h>
@@ -13,6 +14,7 @@
 #include <optional>
 #include <utility>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -32,12 +34,8 @@ QString rejectionOf(const Function &function)
 {
     try {
         function();
-    } catch (const NSException &exception) {
-        return exception.reason().isNull() ? exception.name() : exception.reason();
-    } catch (const std::exception &failure) {
-        return QString::fromUtf8(failure.what());
     } catch (...) {
-        return u"unknown exception"_s;
+        return reasonOfException();
     }
     return {};
 }

@@ -4,9 +4,9 @@
 #include "TextReading_p.h"
 
 #include <KTUtility/Platform/AppKit/NSArrayController.h>
+#include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
 #include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
 #include <KTUtility/Platform/Keys/NSSelectionMarker.h>
-#include <KTUtility/Platform/Values/NSException.h>
 
 #include <QAccessible>
 
@@ -113,8 +113,8 @@ QString EditorBinding::commitToEdited(const QVariant &value)
             if (object)
                 KTArrayColumn(edited->keyPath, {})
                     .setValue(value, QVariant::fromValue(object.data()));
-        } catch (const NSException &exception) {
-            reason = rejectionForPeople(value, exception.reason());
+        } catch (...) {
+            reason = rejectionForPeople(value, reasonOfException());
         }
     }
     return reason;

@@ -1,8 +1,8 @@
 #include "FormatterByName_p.h"
 
+#include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
 #include <KTUtility/Platform/Diagnostics/NSLog.h>
 #include <KTUtility/Platform/Keys/NSClassRegistry.h>
-#include <KTUtility/Platform/Values/NSException.h>
 
 #include <QMetaProperty>
 
@@ -48,8 +48,8 @@ std::shared_ptr<NSFormatter> KTPrivate::formatterByName(const QString &className
             return {object, formatter};
         }
         NSLog(u"There is no formatter of the class \"%@\"", className);
-    } catch (const NSException &exception) {
-        NSLog(u"A formatter cannot be made: %@", exception.reason());
+    } catch (...) {
+        NSLog(u"A formatter cannot be made: %@", reasonOfException());
     }
     return nullptr;
 }

@@ -5,9 +5,9 @@
 #include "TextReading_p.h"
 #include "ViewAttachment_p.h"
 
+#include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
 #include <KTUtility/Platform/Diagnostics/NSLog.h>
 #include <KTUtility/Platform/Keys/NSSelectionMarker.h>
-#include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 
 #include <QAbstractItemView>
@@ -314,9 +314,9 @@ QVariant KTArrayModel::valueAt(const QModelIndex &index) const
 {
     try {
         return _columns.at(index.column()).value(_rows.at(index.row()));
-    } catch (const NSException &exception) {
+    } catch (...) {
         if (!_columnsWithoutKey.contains(index.column()))
-            NSLog(u"A column shows nothing: %@", exception.reason());
+            NSLog(u"A column shows nothing: %@", reasonOfException());
         _columnsWithoutKey.insert(index.column());
     }
     return {};
@@ -444,8 +444,8 @@ bool KTArrayModel::store(const QModelIndex &index, const QVariant &value)
     const quint64 before = _changesTold;
     try {
         column.setValue(value, QVariant(_rows.at(index.row())));
-    } catch (const NSException &exception) {
-        return self && reject(place, rejectionForPeople(value, exception.reason()));
+    } catch (...) {
+        return self && reject(place, rejectionForPeople(value, reasonOfException()));
     }
     // What has no signal, or was never asked for, is not observed.
     if (self && before == _changesTold && place.isValid())
@@ -489,8 +489,8 @@ void KTArrayModel::sort(int column, Qt::SortOrder order)
         return;
     try {
         _controller->setSortDescriptors(descriptors);
-    } catch (const NSException &exception) {
-        NSLog(u"The rows cannot be sorted: %@", exception.reason());
+    } catch (...) {
+        NSLog(u"The rows cannot be sorted: %@", reasonOfException());
     }
 }
 

@@ -2,8 +2,8 @@
 
 #include "KTArrayModel.h"
 
+#include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
 #include <KTUtility/Platform/Diagnostics/NSLog.h>
-#include <KTUtility/Platform/Values/NSException.h>
 
 #include <QItemSelectionModel>
 
@@ -64,8 +64,8 @@ void KTArraySelection::takeFromView()
     // What getters and observers raise may not leave a signal of Qt.
     try {
         _model->controller()->setSelectionIndexes(rows);
-    } catch (const NSException &exception) {
-        NSLog(u"While rows were selected: %@", exception.reason());
+    } catch (...) {
+        NSLog(u"While rows were selected: %@", KTPrivate::reasonOfException());
     }
     if (!self)
         return;

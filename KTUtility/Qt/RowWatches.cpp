@@ -2,8 +2,6 @@
 
 #include "NotifySignals_p.h"
 
-#include <KTUtility/Platform/Values/NSException.h>
-
 #include <QPointer>
 
 #include <algorithm>
@@ -56,7 +54,7 @@ void RowWatches::begin(QObject *object, Watch *watch)
             watch->observations.emplace_back(
                 object, keyPath, NSKeyValueObservingOptions(),
                 [this, object, column](const NSKeyValueChange &) { tell(object, column); });
-        } catch (const NSException &) {
+        } catch (...) {
             continue; // It lacks the key: there is nothing to be observed.
         }
     }

@@ -7,12 +7,14 @@
 #include <KTUtility/Platform/AppKit/NSScreen.h>
 #include <KTUtility/Platform/AppKit/NSViewAnimation.h>
 #include <KTUtility/Platform/AppKit/NSWindow.h>
+#include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
 
 #include <QAccessible>
 #include <QGuiApplication>
 
 #include <algorithm>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -232,7 +234,7 @@ void KTStatusHUDController::applicationStateChanged(Qt::ApplicationState state)
 {
     const bool wasActive = std::exchange(_isApplicationActive, state == Qt::ApplicationActive);
     if (wasActive && !_isApplicationActive)
-        applicationWillResignActive({});
+        guarded(u"applicationWillResignActive()", [this] { applicationWillResignActive({}); });
 }
 
 // --- Fading -------------------------------------------------------------------------------------

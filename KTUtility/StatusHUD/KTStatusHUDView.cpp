@@ -3,6 +3,7 @@
 #include "KTStatusHUDShape_p.h"
 #include <KTUtility/Platform/AppKit/NSBezierPath.h>
 #include <KTUtility/Platform/AppKit/NSImage.h>
+#include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
 #include <KTUtility/Platform/Keys/Invoker.h>
 #include <KTUtility/Platform/Keys/NSClassRegistry.h>
 
@@ -65,10 +66,12 @@ void KTStatusHUDView::mousePressEvent(QMouseEvent *event)
     event->accept();
     if (event->button() != Qt::LeftButton)
         return;
-    if (!_delegate || !Invoker::respondsTo(KeyValueTarget::of(_delegate), ClickSelector))
-        return;
-    Invoker click(ClickSelector, {QVariant::fromValue(event)});
-    click.perform(KeyValueTarget::of(_delegate));
+    guarded(u"the delegate of the status display", [&] {
+        if (!_delegate || !Invoker::respondsTo(KeyValueTarget::of(_delegate), ClickSelector))
+            return;
+        Invoker click(ClickSelector, {QVariant::fromValue(event)});
+        click.perform(KeyValueTarget::of(_delegate));
+    });
 }
 
 KT_REGISTER_CLASS(KTStatusHUDView)

@@ -1,9 +1,11 @@
 #include "NSAnimation.h"
 
 #include "NSWorkspace.h"
+#include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
 
 #include <QEasingCurve>
 #include <QPointF>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -112,7 +114,16 @@ void NSAnimation::runStep()
         end();
         return;
     }
-    _nextStep = NSClock::currentClock().alarmAfter(StepInterval, [this] { runStep(); });
+    _nextStep = NSClock::currentClock().alarmAfter(StepInterval, [this] { runNextStep(); });
+}
+
+/// An animation that raises does not go on; it may be started again.
+void NSAnimation::runNextStep()
+{
+    const QPointer<NSAnimation> self(this);
+    const bool isDone = KTPrivate::guarded(u"an animation", [this] { runStep(); });
+    if (!isDone && self)
+        stopAnimation();
 }
 
 void NSAnimation::end()

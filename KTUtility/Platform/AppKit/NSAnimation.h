@@ -81,6 +81,7 @@ private:
     bool step();
     void runBlocking();
     void runStep();
+    void runNextStep();
     void end();
 
     double _duration;

@@ -1,5 +1,7 @@
 #include "NSApplication.h"
 
+#include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
+
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QGuiApplication>
@@ -7,6 +9,8 @@
 #include <QWindow>
 
 #include <deque>
+
+using namespace KTPrivate;
 
 namespace {
 constexpr const char *SheetProperty = "_NSApplicationSheet";
@@ -73,7 +77,7 @@ void flush()
         const Perform next = std::move(waiting().front());
         waiting().pop_front();
         if (next.receiver)
-            next.perform();
+            guarded(u"a deferred call", next.perform);
     }
 }
 

@@ -39,6 +39,7 @@ KTUTILITY_EXPORT bool isSheet(const QWidget *window);
 
 /// Has a function called in a later iteration of the event loop, unless the receiver is destroyed
 /// by then. What is asked for first is called first. During modal sessions nothing is called; it
-/// waits for their end.
+/// waits for their end. What a function raises is written to the console; those behind it are
+/// called all the same.
 KTUTILITY_EXPORT void performOnNextTurn(QObject *receiver, std::function<void()> perform);
 } // namespace NSApplication

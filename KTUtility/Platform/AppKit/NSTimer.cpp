@@ -1,13 +1,23 @@
 #include "NSTimer.h"
 
 #include "NSApplication.h"
+#include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
+#include <KTUtility/Platform/Values/WhileAlive_p.h>
 
 #include <utility>
+
+using namespace KTPrivate;
 
 NSTimer::NSTimer(double seconds, NSRunLoopMode mode, std::function<void()> perform)
     : _mode(mode)
     , _perform(std::move(perform))
     , _alarm(NSClock::currentClock().alarmAfter(seconds, [this] { fallDue(); }))
+{
+}
+
+NSTimer::NSTimer(double seconds, NSRunLoopMode mode, QObject *context,
+                 std::function<void()> perform)
+    : NSTimer(seconds, mode, whileAlive(context, std::move(perform)))
 {
 }
 
@@ -18,7 +28,7 @@ void NSTimer::fallDue()
     if (_mode == NSRunLoopMode::Default && NSApplication::isModalSessionRunning())
         NSApplication::performOnNextTurn(this, [this] { fire(); });
     else
-        fire();
+        guarded(u"a timer", [this] { fire(); });
 }
 
 void NSTimer::fire()

@@ -15,7 +15,9 @@ enum class NSRunLoopMode {
     ModalPanel,
 };
 
-/// Calls a function once, after a time. It runs by the current NSClock. For the main thread.
+/// Calls a function once, after a time. It runs by the current NSClock. What the function raises
+/// when its time has come is written to the console and goes no further; fire() passes it on. For
+/// the main thread.
 ///
 /// \code
 /// _timer = std::make_unique<NSTimer>(1.5, NSRunLoopMode::Default, [this] { hide(); });
@@ -29,6 +31,8 @@ public:
     /// \param seconds below 0 and not a number count as 0.
     /// \param perform may destroy the timer.
     NSTimer(double seconds, NSRunLoopMode mode, std::function<void()> perform);
+    /// The same for a function that is not called any more once \a context is destroyed.
+    NSTimer(double seconds, NSRunLoopMode mode, QObject *context, std::function<void()> perform);
     ~NSTimer() override;
 
     /// Whether it is still to fire.

@@ -1,9 +1,12 @@
 #include "NSWindowController.h"
 
 #include "NSNib.h"
+#include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
 
 #include <QCloseEvent>
 #include <QWindow>
+
+using namespace KTPrivate;
 
 namespace {
 constexpr const char *WindowDelegate = "_NSWindowDelegate";
@@ -96,7 +99,7 @@ bool NSWindowController::eventFilter(QObject *object, QEvent *event)
         return false;
     // The news may come late, when the window is hidden again.
     if (event->type() == QEvent::WindowActivate && !isHandle && _window->isVisible())
-        windowDidBecomeKey({_window});
+        guarded(u"windowDidBecomeKey()", [this] { windowDidBecomeKey({_window}); });
     if (event->type() == QEvent::Show && !isHandle)
         watchHandle();
     if (event->type() != QEvent::Close || _isClosing)
@@ -115,5 +118,5 @@ void NSWindowController::letDecide(QObject *object, QEvent *event)
         return;
     _isClosing = false;
     if (event->isAccepted() && _window)
-        windowWillClose({_window});
+        guarded(u"windowWillClose()", [this] { windowWillClose({_window}); });
 }

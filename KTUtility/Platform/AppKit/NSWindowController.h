@@ -65,7 +65,7 @@ public:
     /// The controller that is notified of a window's events; null if there is none.
     static NSWindowController *delegateOf(const QWidget *window);
 
-    // --- What the window reports
+    // --- What the window reports. What these raise is written to the console and goes no further.
 
     /// The window gets the keyboard now.
     virtual void windowDidBecomeKey(const NSNotification &notification);

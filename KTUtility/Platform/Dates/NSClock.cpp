@@ -1,5 +1,7 @@
 #include "NSClock.h"
 
+#include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
+
 #include <QThread>
 #include <QTimerEvent>
 
@@ -32,7 +34,7 @@ protected:
         killTimer(_timer);
         // The call may destroy the alarm.
         const auto call = std::move(_call);
-        call();
+        KTPrivate::guarded(u"an alarm", call);
     }
 
 private:

@@ -1,4 +1,5 @@
 target_sources(KTUtility PRIVATE
+    Platform/Diagnostics/ExceptionGuard.cpp
     Platform/Diagnostics/NSAssertionHandler.cpp
     Platform/Diagnostics/NSLog.cpp
 )

@@ -2,13 +2,13 @@
 
 #include "KeyPathObserver_p.h"
 #include "NSKeyValueCodingObject.h"
+#include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
 
 #include <QDynamicPropertyChangeEvent>
 #include <QHash>
 #include <QMetaMethod>
 #include <QMetaProperty>
 #include <QThread>
-#include <QtDebug>
 
 #include <algorithm>
 #include <atomic>
@@ -48,19 +48,8 @@ int indexOfSlot(const char *name)
     return ObservedKey::staticMetaObject.indexOfSlot(name);
 }
 
-/// Calls a function; what it raises is reported, and goes no further.
-template<typename Function>
-void guarded(const QString &key, const Function &function)
-{
-    try {
-        function();
-    } catch (const std::exception &failure) {
-        qCritical("*** exception in an observer of the key %s: %s", qUtf8Printable(key),
-                  failure.what());
-    } catch (...) {
-        qCritical("*** exception in an observer of the key %s", qUtf8Printable(key));
-    }
-}
+/// For what observers raise, out of a signal or an event.
+constexpr QStringView Observer = u"an observer of the key";
 } // namespace
 
 NSKeyValueCodingObject::~NSKeyValueCodingObject() = default;
@@ -254,7 +243,7 @@ void ObservedKey::tellThatLastObserverWent() const
 {
     NSKeyValueCodingObject *const coding = _object ? codingObject(_object) : nullptr;
     if (coding)
-        guarded(_key, [&] { coding->lastObserverWent(_key); });
+        guarded(Observer, _key, [&] { coding->lastObserverWent(_key); });
 }
 
 void ObservedKey::tell(const NSKeyValueChange &change, Raised raised)
@@ -274,7 +263,7 @@ void ObservedKey::tell(const Entry &entry, const NSKeyValueChange &change, Raise
 {
     const auto tellIt = [&] { entry.observer->keyChanged(entry.step, change); };
     if (entry.observer && raised == Raised::IsReported)
-        guarded(QString(_key), tellIt);
+        guarded(Observer, QString(_key), tellIt);
     else if (entry.observer)
         tellIt();
 }

@@ -8,6 +8,7 @@
 #include "support/TestSupport.h"
 
 #include <limits>
+#include <stdexcept>
 
 using NSAnimationTests = testing_support::ClockedTest;
 
@@ -123,4 +124,21 @@ TEST(NSAnimation, CurvesGoFromStartToEnd)
     EXPECT_LT(NSAnimation::valueOf(NSAnimationEaseIn, 0.3), 0.25);
     EXPECT_GT(NSAnimation::valueOf(NSAnimationEaseOut, 0.3), 0.35);
     EXPECT_NEAR(NSAnimation::valueOf(NSAnimationEaseInOut, 0.5), 0.5, 0.01);
+}
+
+TEST_F(NSAnimationTests, AnAnimationThatRaisesStopsAndMayStartAgain)
+{
+    TestDelegate delegate;
+    TestAnimation animation(1, NSAnimationLinear);
+    animation.setAnimationBlockingMode(NSAnimationNonblocking);
+    animation.setDelegate(&delegate);
+    delegate.atEnd = [] { throw std::runtime_error("no more"); };
+    animation.startAnimation();
+    const QString log = testing_support::standardErrorOf([&] { clock.advance(2); });
+    EXPECT_TRUE(log.endsWith(u"*** exception in an animation: no more\n")) << log.toStdString();
+    EXPECT_FALSE(animation.isAnimating());
+    delegate.atEnd = nullptr;
+    animation.startAnimation();
+    clock.advance(2);
+    EXPECT_EQ(delegate.ends, 2);
 }

@@ -68,3 +68,16 @@ TEST(NSApplication, WhatWaitsGoesWithItsReceiver)
     turn();
     EXPECT_EQ(calls, 1);
 }
+
+TEST(NSApplication, ADeferredCallThatRaisesDoesNotStopTheOthers)
+{
+    testing_support::needApplication();
+    QObject receiver;
+    QStringList log;
+    NSApplication::performOnNextTurn(&receiver, [] { throw std::runtime_error("no more"); });
+    NSApplication::performOnNextTurn(&receiver, [&] { log += u"next"_s; });
+    const QString console = testing_support::standardErrorOf([] { turn(); });
+    EXPECT_TRUE(console.endsWith(u"*** exception in a deferred call: no more\n"))
+        << console.toStdString();
+    EXPECT_EQ(log, QStringList{u"next"_s});
+}

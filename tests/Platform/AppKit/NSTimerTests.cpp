@@ -7,6 +7,9 @@
 #include <QCoreApplication>
 #include <QDialog>
 
+#include <memory>
+#include <stdexcept>
+
 using namespace Qt::StringLiterals;
 
 using NSTimerTests = testing_support::ClockedTest;
@@ -84,4 +87,28 @@ TEST_F(NSTimerTests, DefaultTimersWaitForTheEndOfModalSessions)
     EXPECT_EQ(fired.size(), 1);
     QCoreApplication::processEvents();
     EXPECT_EQ(fired.size(), 2);
+}
+
+TEST_F(NSTimerTests, AnExceptionLeavesNoTimerThatFellDue)
+{
+    const auto raise = [] { throw std::runtime_error("too late"); };
+    const NSTimer timer(1, NSRunLoopMode::Default, raise);
+    const QString log = testing_support::standardErrorOf([&] { clock.advance(2); });
+    EXPECT_TRUE(log.endsWith(u"*** exception in a timer: too late\n")) << log.toStdString();
+    EXPECT_FALSE(timer.isValid());
+    NSTimer called(1, NSRunLoopMode::Default, raise);
+    EXPECT_THROW(called.fire(), std::runtime_error);
+}
+
+TEST_F(NSTimerTests, NothingIsCalledForAnObjectThatIsGone)
+{
+    auto context = std::make_unique<QObject>();
+    int calls = 0;
+    const auto count = [&] { ++calls; };
+    const NSTimer early(1, NSRunLoopMode::Default, context.get(), count);
+    const NSTimer late(3, NSRunLoopMode::ModalPanel, context.get(), count);
+    clock.advance(2);
+    context.reset();
+    clock.advance(2);
+    EXPECT_EQ(calls, 1);
 }

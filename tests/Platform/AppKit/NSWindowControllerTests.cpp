@@ -148,3 +148,20 @@ TEST(NSWindowController, MayBeDeletedWhileItsWindowCloses)
     EXPECT_EQ(controller, nullptr);
     EXPECT_TRUE(window.isNull());
 }
+
+TEST(NSWindowController, AnExceptionOfADelegateLeavesNoEvent)
+{
+    testing_support::needApplication();
+    class Failing : public NSWindowController
+    {
+    public:
+        Failing() : NSWindowController(new QWidget) {}
+        void windowWillClose(const NSNotification &) override { throw 5; }
+    };
+    Failing controller;
+    controller.showWindow();
+    const QString log = testing_support::standardErrorOf([&] { controller.close(); });
+    EXPECT_TRUE(log.endsWith(u"*** exception in windowWillClose(): unknown exception\n"))
+        << log.toStdString();
+    EXPECT_FALSE(controller.window()->isVisible());
+}

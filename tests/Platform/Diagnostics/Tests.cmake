@@ -1,4 +1,5 @@
 target_sources(KTUtilityTests PRIVATE
+    Platform/Diagnostics/ExceptionGuardTests.cpp
     Platform/Diagnostics/NSAssertionHandlerTests.cpp
     Platform/Diagnostics/NSLogTests.cpp
 )

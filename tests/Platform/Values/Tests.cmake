@@ -22,4 +22,5 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Values/ValueHashTests.cpp
     Platform/Values/VariantKindTests.cpp
     Platform/Values/WallClockTests.cpp
+    Platform/Values/WhileAliveTests.cpp
 )
