@@ -10,6 +10,8 @@ const char *const FieldDetailOwner::WillBeDestroyed = "fieldDetailObjectWillBeDe
 
 bool FieldDetailOwner::respondsTo(const char *selector) const
 {
+    if (_callbacks)
+        return selector != Create || _callbacks->create;
     return Invoker::respondsTo(KeyValueTarget::of(_owner.data()), selector);
 }
 
@@ -17,6 +19,9 @@ QObject *FieldDetailOwner::createDetailFor(QObject *field) const
 {
     if (!_owner)
         return nullptr;
+    const Callbacks callbacks = _callbacks;
+    if (callbacks)
+        return callbacks->create ? callbacks->create(field) : nullptr;
     return Invoker(Create, {QVariant::fromValue(field)})
         .perform(KeyValueTarget::of(_owner.data()))
         .value<QObject *>();
@@ -24,32 +29,50 @@ QObject *FieldDetailOwner::createDetailFor(QObject *field) const
 
 void FieldDetailOwner::detailWasBound(QObject *detail, QObject *toField) const
 {
-    tell(WasBound, {QVariant::fromValue(detail), QVariant::fromValue(toField)});
+    if (_callbacks)
+        call(&KTFieldDetailCallbacks::wasBound, detail, toField);
+    else
+        tell(WasBound, {QVariant::fromValue(detail), QVariant::fromValue(toField)});
 }
 
 void FieldDetailOwner::detailWillBeDestroyed(QObject *detail) const
 {
-    tell(WillBeDestroyed, {QVariant::fromValue(detail)});
+    if (_callbacks)
+        call(&KTFieldDetailCallbacks::willBeDestroyed, detail);
+    else
+        tell(WillBeDestroyed, {QVariant::fromValue(detail)});
 }
 
 void FieldDetailOwner::finishedAdding() const
 {
-    tell("fieldDetailObjectsFinishedAdding");
+    if (_callbacks)
+        call(&KTFieldDetailCallbacks::finishedAdding);
+    else
+        tell("fieldDetailObjectsFinishedAdding");
 }
 
 void FieldDetailOwner::finishedRemoving() const
 {
-    tell("fieldDetailObjectsFinishedRemoving");
+    if (_callbacks)
+        call(&KTFieldDetailCallbacks::finishedRemoving);
+    else
+        tell("fieldDetailObjectsFinishedRemoving");
 }
 
 void FieldDetailOwner::finishedRearrange() const
 {
-    tell("fieldDetailObjectsFinishedRearrange");
+    if (_callbacks)
+        call(&KTFieldDetailCallbacks::finishedRearrange);
+    else
+        tell("fieldDetailObjectsFinishedRearrange");
 }
 
 void FieldDetailOwner::setAutoScrollToInsertedObject(bool scrolls) const
 {
-    tell("setAutoScrollToInsertedObject:", {scrolls});
+    if (_callbacks)
+        call(&KTFieldDetailCallbacks::setAutoScrollToInsertedObject, scrolls);
+    else
+        tell("setAutoScrollToInsertedObject:", {scrolls});
 }
 
 /// Calls a method of the owner, if it has it.

@@ -5,8 +5,8 @@
 #include "KTPropertyBinder.h"
 
 #include <KTUtility/Platform/AppKit/NSKeyValueBinding.h>
+#include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
-#include <KTUtility/Platform/Diagnostics/NSLog.h>
 #include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
 #include <KTUtility/Platform/Values/FirstFailure_p.h>
 #include <KTUtility/Platform/Values/NSObject.h>
@@ -103,7 +103,19 @@ struct KTFieldDetailBinder::FieldsBinding
 
 KTFieldDetailBinder::KTFieldDetailBinder(QObject *owner) : _owner(owner)
 {
-    const FieldDetailOwner target(owner);
+    needOwner();
+}
+
+KTFieldDetailBinder::KTFieldDetailBinder(QObject *context, KTFieldDetailCallbacks callbacks)
+    : _owner(context)
+    , _callbacks(std::make_shared<const KTFieldDetailCallbacks>(std::move(callbacks)))
+{
+    needOwner();
+}
+
+void KTFieldDetailBinder::needOwner() const
+{
+    const FieldDetailOwner target(_owner, _callbacks);
     need(target, FieldDetailOwner::Create, Line::NeedsCreate);
     need(target, FieldDetailOwner::WasBound, Line::NeedsWasBound);
     need(target, FieldDetailOwner::WillBeDestroyed, Line::NeedsWillBeDestroyed);
@@ -112,13 +124,7 @@ KTFieldDetailBinder::KTFieldDetailBinder(QObject *owner) : _owner(owner)
 KTFieldDetailBinder::~KTFieldDetailBinder()
 {
     *_isGone = true;
-    try {
-        unbindFields();
-    } catch (const std::exception &failure) {
-        NSLog(u"*** exception in the owner of field details: %s", failure.what());
-    } catch (...) {
-        NSLog(u"*** exception in the owner of field details");
-    }
+    guarded(u"the owner of field details", [this] { unbindFields(); });
 }
 
 void KTFieldDetailBinder::setFieldDetailValuesValueTransformer(
@@ -159,8 +165,9 @@ void KTFieldDetailBinder::bindFields(QObject *object, const QString &keyPath,
     if (keyPath.isEmpty())
         failParameter(Line::NeedsKeyPath, "[keyPath length] > 0");
     // A name of a transformer is deliberately not looked at.
-    const auto binding = std::make_shared<FieldsBinding>(FieldsBinding{
-        FieldDetailOwner(_owner), object, keyPath, NSBindingOptions::transformerIn(options)});
+    const auto binding = std::make_shared<FieldsBinding>(
+        FieldsBinding{FieldDetailOwner(_owner, _callbacks), object, keyPath,
+                      NSBindingOptions::transformerIn(options)});
     const bool isGiven = object != nullptr;
     const std::shared_ptr<const bool> isGone = _isGone;
     unbindFields();

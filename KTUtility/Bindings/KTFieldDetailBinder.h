@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KTFieldDetailCallbacks.h"
 #include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
 #include <KTUtility/Platform/Keys/NSPredicate.h>
@@ -51,6 +52,9 @@ class FirstFailure;
 /// | `fieldDetailObjectsFinishedRearrange()` | after every change of the collection |
 /// | `setAutoScrollToInsertedObject(bool)` | off while all is replaced, on after each change |
 ///
+/// In place of a view with these methods, the owner may be any object, with functions of the same
+/// kinds (KTFieldDetailCallbacks).
+///
 /// An owner that holds the binder as a member declares it behind the members that these methods
 /// use.
 ///
@@ -74,6 +78,9 @@ public:
     /// \throws NSException NSInternalInconsistencyException "Owner does not respond to selector …"
     /// if the owner lacks a method that it needs (through the assertion handler).
     explicit KTFieldDetailBinder(QObject *owner);
+    /// A binder that calls functions. They are not called any more once \a context is destroyed.
+    /// \throws NSException as above if there is none that makes detail objects.
+    KTFieldDetailBinder(QObject *context, KTFieldDetailCallbacks callbacks);
     /// Unbinds the fields, with all calls to the owner, if that is still there.
     ~KTFieldDetailBinder() override;
 
@@ -170,7 +177,10 @@ private:
     bool _processRemovedFields(FieldsBinding &binding, const Fields &fields,
                                KTPrivate::FirstFailure *failure);
 
+    void needOwner() const;
+
     QPointer<QObject> _owner;
+    std::shared_ptr<const KTFieldDetailCallbacks> _callbacks; // null for the owner's methods
     QString _fieldsBindingName;
     QString _valueSourceBindingName;
     QString _fieldDetailValuesBindingName;

@@ -2,9 +2,12 @@
 
 #include <KTUtility/Platform/AppKit/NSApplication.h>
 #include <KTUtility/Platform/AppKit/NSMenuItem.h>
+#include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
 
 #include <QEvent>
 #include <QScopedValueRollback>
+
+using namespace KTPrivate;
 
 KTDialogController::KTDialogController(QWidget *window) : KTWindowController(window)
 {
@@ -109,7 +112,7 @@ bool KTDialogController::eventFilter(QObject *object, QEvent *event)
     const bool isHidden = event->type() == QEvent::Hide && !event->spontaneous();
     if (isHidden && isWindowLoaded() && object == window() && _isRunningAsDialog && !_isEnding &&
         !_isBeginning && !isClosing())
-        endDialog();
+        guarded(u"endDialog()", [this] { endDialog(); });
     return KTWindowController::eventFilter(object, event);
 }
 
@@ -117,6 +120,7 @@ void KTDialogController::tellHostOfEnd()
 {
     _hasToldHost = true;
     const QPointer<KTDialogController> self(this);
+    NSApplication::performOnNextTurn(this, [this] { Q_EMIT dialogDidEnd(); });
     KTWindowController *const host = _hostWindow;
     if (host)
         NSApplication::performOnNextTurn(host, [host, self] { host->dialogClosed(self); });

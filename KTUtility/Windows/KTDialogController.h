@@ -76,6 +76,15 @@ public:
     void windowDidBecomeKey(const NSNotification &notification) override;
     void windowWillClose(const NSNotification &notification) override;
 
+Q_SIGNALS:
+    /// The dialog has ended, in whatever way, unless it was destroyed. Emitted when its host is
+    /// told, in the next iteration of the event loop.
+    ///
+    /// \code
+    /// connect(&nameDialog, &KTDialogController::dialogDidEnd, this, [this] { showName(); });
+    /// \endcode
+    void dialogDidEnd();
+
 protected:
     void windowDidLoad() override;
 

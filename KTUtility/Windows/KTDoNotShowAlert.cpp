@@ -3,8 +3,10 @@
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
 #include <KTUtility/Platform/Files/NSUserDefaults.h>
 #include <KTUtility/Platform/Keys/Invoker.h>
+#include <KTUtility/Platform/Keys/MissingSelector_p.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
+#include <KTUtility/Platform/Values/WhileAlive_p.h>
 
 #include <QCheckBox>
 #include <QPointer>
@@ -15,6 +17,9 @@ using namespace Qt::StringLiterals;
 namespace {
 const QString SilencedAlertsKey = u"doNotShowList"_s;
 const QString TitlesKey = u"doNotShowTitles"_s;
+
+/// The alert, the button, and what the caller hands on.
+constexpr int DelegateArguments = 3;
 
 NSUserDefaults *defaults()
 {
@@ -48,19 +53,38 @@ struct KTDoNotShowAlert::Context
     QPointer<QObject> modalDelegate;
     NSSelector didEndSelector;
     void *contextInfo = nullptr;
-    QString suppressionKey;
 };
+
+void KTDoNotShowAlert::show(const Alert &alert, const NSAlert::DidEnd &didEnd)
+{
+    auto *const shown = new NSAlert(alert.title, alert.defaultButton, alert.alternateButton,
+                                    alert.otherButton, NSString::stringWithFormat(alert.msg));
+    shown->setAlertStyle(NSCriticalAlertStyle);
+    shown->setShowsSuppressionButton(true);
+    shown->beginSheetModalForWindow(alert.window,
+                                    [didEnd, key = alert.suppressionKey,
+                                     by = alert.silencedBy](NSAlert *ended, int returnCode) {
+                                        rememberSilence(*ended, returnCode, key, by);
+                                        didEnd(ended, returnCode);
+                                    });
+}
+
+void KTDoNotShowAlert::ask(const Alert &alert, QObject *context, DidEnd didEnd)
+{
+    const DidEnd tell = whileAlive(context, std::move(didEnd));
+    if (boolForSuppressionKey(alert.suppressionKey))
+        tell(NSAlertDefaultReturn);
+    else
+        show(alert, [tell](NSAlert *, int returnCode) { tell(NSAlertReturnCode(returnCode)); });
+}
 
 void KTDoNotShowAlert::beginCriticalAlertSheet(const Alert &alert)
 {
     if (!boolForSuppressionKey(alert.suppressionKey)) {
-        auto *const shown = new NSAlert(alert.title, alert.defaultButton, alert.alternateButton,
-                                        alert.otherButton, NSString::stringWithFormat(alert.msg));
-        shown->setAlertStyle(NSCriticalAlertStyle);
-        shown->setShowsSuppressionButton(true);
-        const Context context{alert.modalDelegate, alert.didEndSelector, alert.contextInfo,
-                              alert.suppressionKey};
-        shown->beginSheetModalForWindow(alert.window, [context](NSAlert *ended, int returnCode) {
+        reportMissingSelector(alert.modalDelegate, alert.didEndSelector, DelegateArguments,
+                              u"the delegate of an alert");
+        const Context context{alert.modalDelegate, alert.didEndSelector, alert.contextInfo};
+        show(alert, [context](NSAlert *ended, int returnCode) {
             alertDidEnd(ended, returnCode, context);
         });
         return;
@@ -79,13 +103,20 @@ void KTDoNotShowAlert::beginCriticalAlertSheet(const Alert &alert)
          alert.contextInfo);
 }
 
+void KTDoNotShowAlert::rememberSilence(const NSAlert &alert, int returnCode, const QString &key,
+                                       SilencedBy silencedBy)
+{
+    const QCheckBox *const box = alert.suppressionButton();
+    const bool counts = silencedBy == SilencedBy::AnyButton || returnCode == NSAlertDefaultReturn;
+    if (!counts || !box || box->checkState() == Qt::Unchecked)
+        return;
+    setBoolForSuppressionKey(key, true);
+    rememberTitle(key, alert.messageText());
+}
+
 // Deliberate: a delegate without the method is an error only if the alert is skipped.
 void KTDoNotShowAlert::alertDidEnd(NSAlert *alert, int returnCode, const Context &context)
 {
-    if (alert->suppressionButton() && alert->suppressionButton()->checkState() != Qt::Unchecked) {
-        setBoolForSuppressionKey(context.suppressionKey, true);
-        rememberTitle(context.suppressionKey, alert->messageText());
-    }
     if (responds(context.modalDelegate, context.didEndSelector))
         tell(context.modalDelegate, context.didEndSelector, alert, returnCode, context.contextInfo);
 }

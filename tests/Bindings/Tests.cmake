@@ -3,6 +3,7 @@ target_sources(KTUtilityTests PRIVATE
     Bindings/KTFieldDetailBinderLifetimeTests.cpp
     Bindings/KTFieldDetailBinderModelTests.cpp
     Bindings/KTFieldDetailBinderTests.cpp
+    Bindings/KTFieldDetailCallbacksTests.cpp
     Bindings/KTPropertyBinderLifetimeTests.cpp
     Bindings/KTPropertyBinderModelTests.cpp
     Bindings/KTPropertyBinderRejectionTests.cpp

@@ -127,3 +127,33 @@ TEST_F(KTDialogControllerTests, QuittingWaitsForTheDialog)
     EXPECT_FALSE(first.validateMenuItem(quit));
     EXPECT_TRUE(first.validateMenuItem(other));
 }
+
+TEST_F(KTDialogControllerTests, TellsOnceThatItHasEnded)
+{
+    QStringList log;
+    auto context = std::make_unique<QObject>();
+    QObject::connect(&first, &KTDialogController::dialogDidEnd, context.get(),
+                     [&] { log += u"first"_s; });
+    QObject::connect(&second, &KTDialogController::dialogDidEnd, context.get(), [&] {
+        log += u"second"_s;
+        throw 5;
+    });
+    host->addDialogControllerToQueue(&first);
+    host->addDialogControllerToQueue(&second);
+    host->runDialogQueue();
+    first.endDialog();
+    EXPECT_TRUE(log.isEmpty());
+    turn();
+    EXPECT_EQ(log, QStringList{u"first"_s});
+    second.window()->close();
+    const QString console = testing_support::standardErrorOf([] { turn(); });
+    EXPECT_EQ(log, (QStringList{u"first"_s, u"second"_s}));
+    EXPECT_TRUE(console.contains(u"*** exception in a deferred call: unknown exception"));
+    EXPECT_FALSE(host->continueRunningQueue());
+    context.reset();
+    host->addDialogControllerToQueue(&first);
+    host->runDialogQueue();
+    first.endDialog();
+    turn();
+    EXPECT_EQ(log.size(), 2);
+}

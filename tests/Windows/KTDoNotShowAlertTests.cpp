@@ -282,4 +282,78 @@ TEST_F(KTDoNotShowAlertTests, LongAndRightToLeftTextsAreShown)
     EXPECT_EQ(delegate.code, NSAlertAlternateReturn);
 }
 
+TEST_F(KTDoNotShowAlertTests, AFunctionIsToldTheButton)
+{
+    int code = 99;
+    const auto keep = [&](NSAlertReturnCode returnCode) { code = returnCode; };
+    for (const auto &[text, expected] :
+         {std::pair(u"Delete"_s, 1), std::pair(u"Keep"_s, 0), std::pair(u"Ask && wait"_s, -1)}) {
+        KTDoNotShowAlert::ask(alert(), &window, keep);
+        click(text);
+        EXPECT_EQ(code, expected) << text.toStdString();
+    }
+    KTDoNotShowAlert::setBoolForSuppressionKey(Key, true);
+    KTDoNotShowAlert::ask(alert(), &window, keep);
+    EXPECT_EQ(code, NSAlertDefaultReturn);
+    EXPECT_EQ(box(), nullptr);
+    EXPECT_EQ(delegate.calls, 0);
+}
+
+TEST_F(KTDoNotShowAlertTests, NoFunctionIsCalledOfAnObjectThatIsGone)
+{
+    auto context = std::make_unique<QObject>();
+    KTDoNotShowAlert::ask(alert(), context.get(), [](NSAlertReturnCode) { FAIL(); });
+    context.reset();
+    click(u"Delete"_s);
+    KTDoNotShowAlert::setBoolForSuppressionKey(Key, true);
+    KTDoNotShowAlert::ask(alert(), nullptr, [](NSAlertReturnCode) { FAIL(); });
+    KTDoNotShowAlert::ask(alert(), &window, {});
+}
+
+TEST_F(KTDoNotShowAlertTests, AnExceptionAtTheEndIsLogged)
+{
+    const auto raise = [](NSAlertReturnCode) { NSException::raise(u"Broken"_s, u"by hand"_s); };
+    KTDoNotShowAlert::ask(alert(), &window, raise);
+    const QString log = testing_support::standardErrorOf([&] { click(u"Delete"_s); });
+    EXPECT_TRUE(log.endsWith(u"*** exception in the end of an alert: Broken: by hand\n"))
+        << log.toStdString();
+    // Who asks gets what a plain call raises.
+    KTDoNotShowAlert::setBoolForSuppressionKey(Key, true);
+    EXPECT_THROW(KTDoNotShowAlert::ask(alert(), &window, raise), NSException);
+}
+
+TEST_F(KTDoNotShowAlertTests, OnlyTheDefaultButtonMaySilence)
+{
+    KTDoNotShowAlert::Alert careful = alert();
+    careful.silencedBy = KTDoNotShowAlert::SilencedBy::DefaultButton;
+    const auto silencedAfter = [&](const QString &button) {
+        KTDoNotShowAlert::clearDoNotShowList();
+        KTDoNotShowAlert::ask(careful, &window, [](NSAlertReturnCode) {});
+        box()->checkBox()->setChecked(true);
+        click(button);
+        return KTDoNotShowAlert::boolForSuppressionKey(Key);
+    };
+    EXPECT_FALSE(silencedAfter(u"Keep"_s));
+    EXPECT_TRUE(KTDoNotShowAlert::suppressedAlerts().isEmpty());
+    EXPECT_FALSE(silencedAfter(u"Ask && wait"_s));
+    EXPECT_TRUE(silencedAfter(u"Delete"_s));
+    careful.silencedBy = KTDoNotShowAlert::SilencedBy::AnyButton;
+    EXPECT_TRUE(silencedAfter(u"Keep"_s));
+}
+
+TEST_F(KTDoNotShowAlertTests, AMissingMethodIsToldWhenTheAlertIsShown)
+{
+    KTDoNotShowAlert::Alert wrong = alert();
+    wrong.didEndSelector = "alertDdiEnd:returnCode:contextInfo:";
+    const QString log =
+        testing_support::standardErrorOf([&] { KTDoNotShowAlert::beginCriticalAlertSheet(wrong); });
+    EXPECT_TRUE(log.contains(u"*** the delegate of an alert: -[Delegate alertDdiEnd:"))
+        << log.toStdString();
+    click(u"Delete"_s);
+    const QString silence = testing_support::standardErrorOf(
+        [&] { KTDoNotShowAlert::beginCriticalAlertSheet(alert()); });
+    EXPECT_FALSE(silence.contains(u"the delegate of an alert")) << silence.toStdString();
+    click(u"Delete"_s);
+}
+
 #include "KTDoNotShowAlertTests.moc"

@@ -1,6 +1,8 @@
 #include "NSAlert.h"
 
 #include "NSApplication.h"
+#include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
+#include <KTUtility/Platform/Values/WhileAlive_p.h>
 
 #include <QCheckBox>
 #include <QLabel>
@@ -10,6 +12,7 @@
 
 #include <utility>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -140,6 +143,11 @@ void NSAlert::beginSheetModalForWindow(QWidget *window, DidEnd didEnd)
     NSApplication::beginSheet(_box.get(), window);
 }
 
+void NSAlert::beginSheetModalForWindow(QWidget *window, QObject *context, DidEnd didEnd)
+{
+    beginSheetModalForWindow(window, whileAlive(context, std::move(didEnd)));
+}
+
 void NSAlert::end()
 {
     const QPointer<NSAlert> self(this);
@@ -147,7 +155,7 @@ void NSAlert::end()
     // The function may destroy the alert, and itself with it.
     const DidEnd didEnd = std::exchange(_didEnd, {});
     if (didEnd)
-        didEnd(this, returnCode());
+        guarded(u"the end of an alert", [&] { didEnd(this, returnCode()); });
     if (self)
         deleteLater();
 }

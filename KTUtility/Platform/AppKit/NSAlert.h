@@ -39,7 +39,7 @@ enum NSAlertStyle {
 ///                           u"Keep"_s, QString(),
 ///                           u"This cannot be undone."_s);
 /// alert->setShowsSuppressionButton(true);
-/// alert->beginSheetModalForWindow(window, [](NSAlert *alert, int returnCode) { … });
+/// alert->beginSheetModalForWindow(window, this, [this](NSAlert *alert, int returnCode) { … });
 /// \endcode
 class KTUTILITY_EXPORT NSAlert : public QObject
 {
@@ -73,7 +73,10 @@ public:
     /// Shows the alert over a window, which it blocks, and returns at once. When it has ended, \a
     /// didEnd is called, and then the alert destroys itself. Without a window it is on its own.
     /// If the window is destroyed, the alert is destroyed with it, and nobody is called.
+    /// What \a didEnd raises is written to the console and goes no further.
     void beginSheetModalForWindow(QWidget *window, DidEnd didEnd);
+    /// The same for a function that is not called any more once \a context is destroyed.
+    void beginSheetModalForWindow(QWidget *window, QObject *context, DidEnd didEnd);
 
 private:
     void end();

@@ -1,12 +1,13 @@
 #include "NSMenuItem.h"
 
-#include <KTUtility/Platform/Diagnostics/NSLog.h>
+#include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
 #include <KTUtility/Platform/Keys/Invoker.h>
+#include <KTUtility/Platform/Keys/MissingSelector_p.h>
 
 #include <QPointer>
 
 #include <algorithm>
-#include <exception>
+#include <memory>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
@@ -16,30 +17,57 @@ constexpr char ActionProperty[] = "_ns_action";
 constexpr char TargetProperty[] = "_ns_target";
 constexpr char TagProperty[] = "_ns_tag";
 constexpr char ValidatedProperty[] = "_ns_validated";
+constexpr char FunctionsProperty[] = "_ns_functions";
 
-bool answers(const QObject *object, const char *signature)
+/// What an item calls that has no selector.
+struct Functions
 {
-    return object && object->metaObject()->indexOfMethod(signature) >= 0;
+    NSMenuItem::Action action;
+    NSMenuItem::Validation validation;
+};
+using SharedFunctions = std::shared_ptr<const Functions>;
+
+/// Null for an item with a selector.
+SharedFunctions functionsOf(const QAction *item)
+{
+    return item->property(FunctionsProperty).value<SharedFunctions>();
+}
+
+/// Whether there is somebody to be asked whether an item can be chosen.
+bool canBeAsked(const QAction *item)
+{
+    const QObject *const target = NSMenuItem::target(item);
+    if (const SharedFunctions functions = functionsOf(item))
+        return functions->validation || !target;
+    return target && target->metaObject()->indexOfMethod("validateMenuItem(QAction*)") >= 0;
+}
+
+bool askTarget(QAction *item)
+{
+    QObject *const target = NSMenuItem::target(item);
+    if (const SharedFunctions functions = functionsOf(item))
+        return target && (!functions->validation || functions->validation(item));
+    Invoker validator("validateMenuItem:", {QVariant::fromValue(item)});
+    return validator.isTrue(KeyValueTarget::of(target));
 }
 
 /// Asks the target. What it raises ends here, since Qt's event loop is left by no exception: the
 /// item cannot be chosen then.
-bool isWanted(QAction *item, QObject *target)
+bool isWanted(QAction *item)
 {
-    Invoker validator("validateMenuItem:", {QVariant::fromValue(item)});
-    try {
-        return validator.isTrue(KeyValueTarget::of(target));
-    } catch (const std::exception &failure) {
-        NSLog(u"*** exception in the validation of a menu item: %s", failure.what());
-    }
-    return false;
+    bool isWanted = false;
+    guarded(u"the validation of a menu item", [&] { isWanted = askTarget(item); });
+    return isWanted;
 }
 
 void validate(QAction *item)
 {
-    QObject *target = NSMenuItem::target(item);
-    if (answers(target, "validateMenuItem(QAction*)"))
-        item->setEnabled(isWanted(item, target));
+    if (!canBeAsked(item))
+        return;
+    const QPointer<QAction> guard(item);
+    const bool isEnabled = isWanted(item);
+    if (guard)
+        item->setEnabled(isEnabled);
 }
 
 bool isInVisibleMenu(const QAction *item)
@@ -55,21 +83,29 @@ bool isInVisibleMenu(const QAction *item)
 void letBeAsked(const QMenu *menu)
 {
     for (QAction *const item : menu->actions()) {
-        if (answers(NSMenuItem::target(item), "validateMenuItem(QAction*)"))
+        if (canBeAsked(item))
             item->setEnabled(true);
     }
 }
 
 /// Sends an action. What it raises ends here, as in the event loop of the platform: Qt's is left by
 /// no exception.
-void perform(Invoker &action, QAction *item)
+void performSelector(QAction *item)
 {
-    const QString name = NSMenuItem::action(item).text();
-    try {
-        action.perform(KeyValueTarget::of(NSMenuItem::target(item)));
-    } catch (const std::exception &failure) {
-        NSLog(u"*** exception in the action %@: %s", name, failure.what());
-    }
+    const NSSelector action = NSMenuItem::action(item);
+    Invoker invoker(action, {QVariant::fromValue(item)});
+    guarded(u"the action", action.text(),
+            [&] { invoker.perform(KeyValueTarget::of(NSMenuItem::target(item))); });
+}
+
+void perform(QAction *item)
+{
+    const SharedFunctions functions = functionsOf(item);
+    const QString title = NSMenuItem::title(item);
+    if (!functions)
+        performSelector(item);
+    else if (NSMenuItem::target(item) && functions->action)
+        guarded(u"the action of the menu item", title, functions->action);
 }
 
 /// Sends the item's action unless its target does not want it now. Qt has toggled the check mark of
@@ -77,18 +113,17 @@ void perform(Invoker &action, QAction *item)
 void send(QAction *item)
 {
     const QPointer<QAction> guard(item);
-    Invoker action(NSMenuItem::action(item), {QVariant::fromValue(item)});
     validate(item);
-    if (!item->isEnabled()) {
+    if (guard && !item->isEnabled()) {
         item->setEnabled(true);
         return;
     }
-    perform(action, item);
-    if (!guard)
-        return;
-    validate(item);
+    if (guard)
+        perform(item);
+    if (guard)
+        validate(item);
     // A shortcut asks again, by itself; only a menu that is seen shows what cannot be chosen.
-    if (!isInVisibleMenu(item))
+    if (guard && !isInVisibleMenu(item))
         item->setEnabled(true);
 }
 
@@ -101,19 +136,42 @@ void keepValidated(QMenu *menu)
     QObject::connect(menu, &QMenu::aboutToShow, menu, [menu] { NSMenuItem::validateMenu(menu); });
     QObject::connect(menu, &QMenu::aboutToHide, menu, [menu] { letBeAsked(menu); });
 }
+
+/// Appends an item that does nothing yet.
+QAction *append(QMenu *menu, const QString &title, QObject *target)
+{
+    keepValidated(menu);
+    // In Qt a "&" marks the letter of a shortcut; titles here have none.
+    QAction *const item = menu->addAction(QString(title).replace(u'&', u"&&"_s));
+    item->setProperty(TargetProperty, QVariant::fromValue(QPointer<QObject>(target)));
+    return item;
+}
+
+void connectToSend(QAction *item)
+{
+    QObject::connect(item, &QAction::triggered, item, [item] { send(item); });
+}
 } // namespace
 
 QAction *NSMenuItem::addItem(QMenu *menu, const QString &title, const NSSelector &action,
                              QObject *target)
 {
-    keepValidated(menu);
-    // In Qt a "&" marks the letter of a shortcut; titles here have none.
-    QAction *item = menu->addAction(QString(title).replace(u'&', u"&&"_s));
-    item->setProperty(TargetProperty, QVariant::fromValue(QPointer<QObject>(target)));
-    if (!action.isNull()) {
-        item->setProperty(ActionProperty, action.text());
-        QObject::connect(item, &QAction::triggered, item, [item] { send(item); });
-    }
+    QAction *const item = append(menu, title, target);
+    if (action.isNull())
+        return item;
+    reportMissingSelector(target, action, 1, u"the target of a menu item");
+    item->setProperty(ActionProperty, action.text());
+    connectToSend(item);
+    return item;
+}
+
+QAction *NSMenuItem::addItem(QMenu *menu, const QString &title, QObject *context,
+                             const Action &action, const Validation &validation)
+{
+    QAction *const item = append(menu, title, context);
+    const auto functions = std::make_shared<const Functions>(Functions{action, validation});
+    item->setProperty(FunctionsProperty, QVariant::fromValue(SharedFunctions(functions)));
+    connectToSend(item);
     return item;
 }
 

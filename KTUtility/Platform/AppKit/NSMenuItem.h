@@ -7,6 +7,8 @@
 #include <QMenu>
 #include <QString>
 
+#include <functional>
+
 /// Menu items with an action named by a selector, a target and a tag: what a QAction lacks of the
 /// platform's menu items.
 ///
@@ -15,13 +17,18 @@
 /// target is asked `validateMenuItem(QAction *)`, if it answers that: it may set the check mark,
 /// and its answer enables the item in the menu; chosen by its shortcut,
 /// an item that the target does not want does nothing. An exception that an action raises is written
-/// to the console and goes no further.
+/// to the console and goes no further. A selector that the target has no method for is written to the
+/// console when the item is made.
+///
+/// In place of a selector and its target, an item may have functions of an object.
 ///
 /// \code
 /// QMenu menu;
 /// QAction *item = NSMenuItem::addItem(&menu, title, "setComponentLogLevel:", logger);
 /// NSMenuItem::setTag(item, 173);
 /// item->trigger();    // calls logger->setComponentLogLevel(item)
+///
+/// NSMenuItem::addItem(&menu, tr("Delete"), this, [this] { deleteRecords(); });
 /// \endcode
 namespace NSMenuItem {
 /// Appends an item to \a menu.
@@ -29,6 +36,18 @@ namespace NSMenuItem {
 /// \return the item, owned by the menu.
 KTUTILITY_EXPORT QAction *addItem(QMenu *menu, const QString &title, const NSSelector &action,
                                   QObject *target);
+
+/// What choosing an item calls.
+using Action = std::function<void()>;
+/// What is asked before: whether the item can be chosen now. It may set the check mark.
+using Validation = std::function<bool(QAction *item)>;
+
+/// Appends an item that calls functions. They are not called any more once \a context is destroyed;
+/// nothing can be chosen by it then.
+/// \param context the object that they belong to, which target() gives.
+/// \param validation empty if the item can be chosen always.
+KTUTILITY_EXPORT QAction *addItem(QMenu *menu, const QString &title, QObject *context,
+                                  const Action &action, const Validation &validation = {});
 
 /// The title as it was given; the text of the action doubles its "&", which marks a letter in Qt.
 KTUTILITY_EXPORT QString title(const QAction *item);

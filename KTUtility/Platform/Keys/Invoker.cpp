@@ -57,7 +57,13 @@ Invoker::Invoker(const NSSelector &selector, std::initializer_list<QVariant> arg
 
 bool Invoker::respondsTo(const KeyValueTarget &receiver, const NSSelector &selector)
 {
+    return respondsTo(receiver, selector, MaximumArguments);
+}
+
+bool Invoker::respondsTo(const KeyValueTarget &receiver, const NSSelector &selector, int arguments)
+{
     Invoker invoker(selector, {QVariant(), QVariant(), QVariant()});
+    invoker._argumentCount = std::min(arguments, MaximumArguments);
     return invoker.resolve(receiver);
 }
 

@@ -39,6 +39,10 @@ public:
     /// \throws NSException NSInvalidArgumentException if two overloads fit.
     static bool respondsTo(const KeyValueTarget &receiver, const NSSelector &selector);
 
+    /// The same for a method that will be called with so many arguments.
+    static bool respondsTo(const KeyValueTarget &receiver, const NSSelector &selector,
+                           int arguments);
+
     /// Whether a receiver has the method; not for nil.
     /// \throws NSException NSInvalidArgumentException if two overloads fit.
     bool respondsTo(const KeyValueTarget &receiver) { return resolve(receiver); }

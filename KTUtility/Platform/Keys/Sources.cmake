@@ -4,6 +4,7 @@ target_sources(KTUtility PRIVATE
     Platform/Keys/KeyPath.cpp
     Platform/Keys/KeyPathObserver.cpp
     Platform/Keys/KeyValueTarget.cpp
+    Platform/Keys/MissingSelector.cpp
     Platform/Keys/NSClass.cpp
     Platform/Keys/NSClassRegistry.cpp
     Platform/Keys/NSCollections.cpp

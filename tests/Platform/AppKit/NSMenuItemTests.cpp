@@ -138,4 +138,92 @@ TEST(NSMenuItem, AnExceptionOfAValidationIsLoggedAndDisablesTheItem)
     EXPECT_TRUE(log.contains(u"validation of a menu item"_s)) << qPrintable(log);
 }
 
+TEST(NSMenuItem, FunctionsAreCalledWhileTheirObjectLives)
+{
+    testing_support::needApplication();
+    QMenu menu;
+    auto context = std::make_unique<QObject>();
+    int calls = 0;
+    QAction *const item = NSMenuItem::addItem(&menu, u"a"_s, context.get(), [&] { ++calls; });
+    EXPECT_EQ(NSMenuItem::target(item), context.get());
+    EXPECT_TRUE(NSMenuItem::action(item).isNull());
+    item->trigger();
+    EXPECT_EQ(calls, 1);
+    context.reset();
+    item->trigger();
+    Q_EMIT menu.aboutToShow();
+    EXPECT_EQ(calls, 1);
+    EXPECT_FALSE(item->isEnabled());
+}
+
+TEST(NSMenuItem, AFunctionSaysWhetherAnItemCanBeChosen)
+{
+    testing_support::needApplication();
+    QMenu menu;
+    QObject context;
+    bool isWanted = false;
+    int calls = 0;
+    const auto validation = [&](QAction *item) {
+        NSMenuItem::setState(item, !isWanted);
+        return isWanted;
+    };
+    QAction *const item = NSMenuItem::addItem(
+        &menu, u"a"_s, &context, [&] { ++calls; }, validation);
+    Q_EMIT menu.aboutToShow();
+    EXPECT_FALSE(item->isEnabled());
+    EXPECT_TRUE(item->isChecked());
+    Q_EMIT menu.aboutToHide();
+    item->trigger();
+    EXPECT_EQ(calls, 0);
+    isWanted = true;
+    item->trigger();
+    EXPECT_EQ(calls, 1);
+    EXPECT_FALSE(item->isChecked());
+}
+
+TEST(NSMenuItem, FunctionsMayRaiseOrRemoveTheItem)
+{
+    testing_support::needApplication();
+    QMenu menu;
+    QObject context;
+    QPointer<QAction> item = NSMenuItem::addItem(&menu, u"Tea & cake"_s, &context, [] { throw 5; });
+    const QString log = testing_support::standardErrorOf([&] { item->trigger(); });
+    EXPECT_TRUE(log.endsWith(
+        u"*** exception in the action of the menu item Tea & cake: unknown exception\n"))
+        << log.toStdString();
+    const auto fail = [](QAction *) -> bool { throw 5; };
+    QAction *const judged = NSMenuItem::addItem(
+        &menu, u"b"_s, &context, [] { FAIL(); }, fail);
+    testing_support::standardErrorOf([&] { judged->trigger(); });
+    item = NSMenuItem::addItem(&menu, u"c"_s, &context, [&] { delete item; });
+    item->trigger();
+    EXPECT_TRUE(item.isNull());
+    const auto remove = [](QAction *removed) {
+        delete removed;
+        return true;
+    };
+    item = NSMenuItem::addItem(
+        &menu, u"d"_s, &context, [] { FAIL(); }, remove);
+    item->trigger();
+    EXPECT_TRUE(item.isNull());
+}
+
+TEST(NSMenuItem, AMissingSelectorIsToldWhenTheItemIsMade)
+{
+    testing_support::needApplication();
+    QMenu menu;
+    Target target;
+    const QString log = testing_support::standardErrorOf(
+        [&] { NSMenuItem::addItem(&menu, u"a"_s, "chose:", &target); });
+    EXPECT_TRUE(
+        log.endsWith(u"*** the target of a menu item: -[Target chose:]: there is no such method\n"))
+        << log.toStdString();
+    const QString silence = testing_support::standardErrorOf([&] {
+        NSMenuItem::addItem(&menu, u"a"_s, "choose:", &target);
+        NSMenuItem::addItem(&menu, u"a"_s, "choose:", nullptr);
+        NSMenuItem::addItem(&menu, u"a"_s, NSSelector(), &target);
+    });
+    EXPECT_EQ(silence, QString());
+}
+
 #include "NSMenuItemTests.moc"

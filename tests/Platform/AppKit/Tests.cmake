@@ -1,6 +1,7 @@
 target_sources(KTUtilityTests PRIVATE
     Platform/AppKit/AnimationSupport.h
     Platform/AppKit/CIImageTests.cpp
+    Platform/AppKit/NSAlertTests.cpp
     Platform/AppKit/NSAnimationTests.cpp
     Platform/AppKit/NSApplicationTests.cpp
     Platform/AppKit/NSArrayControllerTests.cpp
