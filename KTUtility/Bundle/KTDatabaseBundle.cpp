@@ -8,6 +8,7 @@
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
 #include <KTUtility/Platform/Files/NSSearchPath.h>
 #include <KTUtility/Platform/Files/NSUserDefaults.h>
+#include <KTUtility/Platform/Files/ProgramIdentity_p.h>
 #include <KTUtility/Platform/Text/NSPercentEscapes.h>
 
 #include <QFile>
@@ -47,7 +48,8 @@ QString KTDatabaseBundle::cobbleSupportFolder()
 {
     const QString support = userSupportFolder();
     _ensureDirectoryExistsAtPath(support);
-    const QString folder = NSString::stringByAppendingPathComponent(support, u"Cobble"_s);
+    const QString folder =
+        NSString::stringByAppendingPathComponent(support, ProgramIdentity::folderName());
     _ensureDirectoryExistsAtPath(folder);
     return folder;
 }

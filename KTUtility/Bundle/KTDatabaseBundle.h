@@ -45,8 +45,8 @@ public:
 
     /// The extension of bundles, "cobbledb".
     static QString databaseBundleFileType();
-    /// The folder "Cobble" in the user's Application Support folder, or in the folder for temporary
-    /// files if there is none. Both are made if missing, one level each; a folder that cannot be
+    /// The folder "Cobble" (or what the application has told KTApplication) in the user's Application
+    /// Support folder, or in the folder for temporary files if there is none. Both are made if missing, one level each; a folder that cannot be
     /// made shows in what is done with it later.
     static QString cobbleSupportFolder();
     /// The name of the bundle that an application starts with, "cobble". A subclass may have its

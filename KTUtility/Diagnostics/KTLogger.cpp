@@ -2,14 +2,18 @@
 
 #include "KTLogCapture.h"
 #include "KTLogLine_p.h"
+#include "LogComponents_p.h"
 #include "LogConsole_p.h"
 #include "LogFile_p.h"
+#include "LogRules_p.h"
 #include "LogSettingsFile_p.h"
 #include "LoggerMenu_p.h"
+#include "QtMessages_p.h"
 #include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Files/NSFileManager.h>
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
 #include <KTUtility/Platform/Files/NSSearchPath.h>
+#include <KTUtility/Platform/Files/ProgramIdentity_p.h>
 #include <KTUtility/Platform/Text/UnitBuffer_p.h>
 #include <KTUtility/Platform/Text/VisibleText_p.h>
 #include <KTUtility/Platform/Values/NSException.h>
@@ -45,9 +49,11 @@ KTLogger *KTLogger::createSharedLogger()
 KTLogger::KTLogger()
 {
     initializeAllComponentsArray();
-    const QString logFile = NSString::stringWithFormat(u"%@/cobble.log", logFolder());
+    const QString logFileName = ProgramIdentity::logFileName();
+    const QString logFile = NSString::stringByAppendingPathComponent(logFolder(), logFileName);
     _logFile = std::make_unique<LogFile>(logFile, _keepsLogFile ? LogFile::Start::Kept
                                                                 : LogFile::Start::Emptied);
+    _environmentLevels = LogRules::levelsOfEnvironment();
     _userFile = configFilePath();
     loadConfigFile(_userFile);
 }
@@ -77,9 +83,7 @@ QString KTLogger::logFolder() const
 
 void KTLogger::initializeAllComponentsArray()
 {
-#define KT_NAME_OF_COMPONENT(constant, name) kLog_##constant,
-    _allComponentsArray = {KT_LOGGER_COMPONENTS(KT_NAME_OF_COMPONENT)};
-#undef KT_NAME_OF_COMPONENT
+    _allComponentsArray = LogComponents::inMenu();
 }
 
 /// Takes over the components and what the test at call sites needs of them.
@@ -92,6 +96,7 @@ void KTLogger::setComponents(const std::optional<QVariantMap> &components)
 void KTLogger::updateLevels()
 {
     QVariantMap components = _components.value_or(QVariantMap());
+    components.insert(_environmentLevels);
     if (const KTLogCapture *const capture = _capture)
         capture->addLevels(&components);
     LogLevels::Levels levels;
@@ -145,6 +150,7 @@ bool KTLogger::setLevelOfComponent(int level, const QString &component)
             NSInvalidArgumentException,
             NSString::stringWithFormat(u"\"%@\" cannot be a component", visibleText(component)));
     readMissedSettings();
+    _environmentLevels.remove(component);
     QVariantMap components = _components.value_or(QVariantMap());
     components.insert(component, level);
     setComponents(components);
@@ -209,19 +215,44 @@ void KTLogger::logArguments(const QString &component, int logLevel, std::string_
     const QStringView message = state->message.view();
     if (KTLogCapture *const capture = _capture)
         capture->add(component, logLevel, fileName, lineNumber, message);
-    else if (_writeToFile)
+    else if (const bool isQts =
+                 QtMessages::take(component, logLevel, fileName, lineNumber, message);
+             !isQts && _writeToFile)
         // Deliberate: lines in the file always carry file and line, whatever _displayFileLine says.
         _logFile->writeLine(KTLogLine::line(*state, component, fileName, lineNumber, message));
-    else
+    else if (!isQts)
         writeToConsole(_displayFileLine ? ConsoleLine::WithFileAndLine : ConsoleLine::Plain,
                        component, fileName, lineNumber, message);
     KTLogLine::keepState(std::move(state));
+}
+
+// --- Qt's messages ------------------------------------------------------------------------------
+
+void KTLogger::setForwardsQtCategories(bool forwards)
+{
+    QtMessages::setHandedToLogger(forwards);
+}
+
+bool KTLogger::forwardsQtCategories()
+{
+    return QtMessages::areHandedToLogger();
+}
+
+void KTLogger::setQtCategory(const QByteArray &category)
+{
+    QtMessages::setCategory(category);
+}
+
+QByteArray KTLogger::qtCategory()
+{
+    return QtMessages::category();
 }
 
 // --- Menu ---------------------------------------------------------------------------------------
 
 void KTLogger::populateComponentLoggingMenu(QAction *item)
 {
+    initializeAllComponentsArray();
     if (QMenu *const menu = item ? item->menu() : nullptr)
         LoggerMenu::populate(*menu, _allComponentsArray, this);
 }
@@ -287,6 +318,10 @@ void KTLogger::setDisplayFileLine(QAction *)
 void KTLogger::clearAllLoggingState(QAction *)
 {
     readMissedSettings();
+    initializeAllComponentsArray();
+    for (const QString &component : std::as_const(_allComponentsArray))
+        _environmentLevels.remove(component);
+    updateLevels();
     if (_components) {
         QVariantMap components = *_components;
         for (const QString &component : std::as_const(_allComponentsArray))

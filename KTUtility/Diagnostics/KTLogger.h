@@ -1,11 +1,14 @@
 #pragma once
 
+#include "KTLogComponent.h"
+#include "KTLogFormat.h"
 #include "KTLoggerComponents.h"
 #include "KTLoggerKeys.h"
 #include "LogLevels.h"
 #include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 
+#include <QByteArray>
 #include <QObject>
 #include <QStringList>
 #include <QVariantMap>
@@ -29,9 +32,10 @@ struct LogSettings;
 /// two arguments. This is how every call site logs. It is an expression and declares no names, so
 /// that nothing of it can hide one of the caller's.
 ///
-/// \param component one of the kLog_ constants.
+/// \param component one of the kLog_ constants, one that KT_LOG_COMPONENT declares, or any name.
 /// \param level 1 to 7; 7 is the most detail. 4 is for ordinary traces, 7 for dumps.
-/// \param format an object-format string as for NSString::stringWithFormat(), and its arguments.
+/// \param format an object-format string as for NSString::stringWithFormat(), and its arguments. A
+/// literal with other arguments than it takes does not compile (see KTLogFormat).
 ///
 /// \code
 /// KTLog(kLog_ImportDialog, 4, u"%@: %d rows", path, rows.size());
@@ -45,14 +49,18 @@ struct LogSettings;
 /// The process-wide logger: a level for each component, changed at run time from a menu.
 ///
 /// A component's level is 0 (off) or 1 to 7; a message is written if its level is at most that of
-/// its component. Output goes to "cobble.log" in the user's Logs folder, a write call a line and
-/// without buffering, or to the console. Settings live in a property list in the user's Preferences
+/// its component. Output goes to "cobble.log" (or what the program has told KTApplication) in the
+/// user's Logs folder, a write call a line and without buffering, or to the console. Settings live in a property list in the user's Preferences
 /// folder; each change is saved at once.
 ///
 /// The first logger that has the log file open empties it; while one of another process is there,
 /// lines are added behind its own. What the arguments of a message hold cannot look like a line of
 /// its own: line breaks and control characters are escapes there ("\n", "\u001b"). An argument
 /// whose description raises says so in the message.
+///
+/// The environment variable KTLOG sets levels for one run, "Import=4,Undo=7"; they are not saved,
+/// and stand until the level of that component is set. What is no rule in it is written to the
+/// console.
 ///
 /// Settings belong to the main thread. Log calls may come from any thread, also while levels
 /// change: a line is one write. A line that the disk does not take is lost; where half of it was
@@ -82,6 +90,30 @@ public:
     /// file and add theirs; false unless set. For programs that only show something, before the
     /// first use of the shared logger.
     static void setKeepsLogFile(bool keeps) { _keepsLogFile = keeps; }
+
+    // --- Qt's messages
+
+    /// Whether messages of Qt's categories (qCDebug() and others) are handed to the shared logger;
+    /// false unless set. Each category is a component of its name, "default" for those without; qDebug
+    /// is logged at level 4, qInfo at 3, qWarning at 2, and what is worse at 1. What is off in the
+    /// logger goes to Qt's message handler that was there before, as fatal messages always do; when
+    /// this is off, that handler is back. To be called after KTApplication::setIdentity().
+    ///
+    /// \code
+    /// KTLogger::setForwardsQtCategories(true);
+    /// KTLogger::sharedLogger()->setLevelOfComponent(4, u"expenses.import"_s);
+    /// qCDebug(expensesImport) << "read" << path;    // in the log, and not on the console
+    /// \endcode
+    static void setForwardsQtCategories(bool forwards);
+    static bool forwardsQtCategories();
+
+    /// The category of Qt that messages go to, in place of file and console; empty for none, which is
+    /// so unless set. Levels up to 4 are informations there, others are for debugging; whether they
+    /// show is decided by Qt's rules for the category. Captures come first.
+    ///
+    /// Both ways may be on: what comes from Qt is written to the log.
+    static void setQtCategory(const QByteArray &category);
+    static QByteArray qtCategory();
 
     /// A logger of its own; for tests. It reads the settings and empties the log file,
     /// unless another logger writes into it or setKeepsLogFile() has kept it.
@@ -144,10 +176,11 @@ public:
     public:
         /// Writes the message of the site.
         template<typename... Arguments>
-        void write(std::string_view fileName, int lineNumber, QStringView format,
-                   const Arguments &...arguments) const
+        void write(std::string_view fileName, int lineNumber,
+                   KTLogFormat<sizeof...(Arguments)> format, const Arguments &...arguments) const
         {
-            _logger->writeMessage(*_component, _level, fileName, lineNumber, format, arguments...);
+            _logger->writeMessage(*_component, _level, fileName, lineNumber, format.text(),
+                                  arguments...);
         }
 
     private:
@@ -178,7 +211,7 @@ public:
     /// The folder of the log file: "Logs" in the user's Library folder, or in the temporary folder
     /// if there is no Library folder. It is made if nothing exists there.
     QString logFolder() const;
-    /// Fills allComponentsArray().
+    /// Fills allComponentsArray() with what is declared now, behind the components that are there.
     void initializeAllComponentsArray();
     /// Reads settings. What is there replaces what was set; a file that is damaged or cannot be read
     /// counts as an empty one: components are off, and messages go to the log file. Without a file,
@@ -194,7 +227,7 @@ public:
 
     /// The names that have a menu entry, in menu order.
     const QStringList &allComponentsArray() const { return _allComponentsArray; }
-    /// The level of a component, 0 unless set or captured.
+    /// The level of a component, 0 unless set, captured, or in KTLOG.
     int levelOfComponent(const QString &component) const;
     /// Sets the level of any component, also one without a menu entry, and saves.
     /// \return false if it could not be saved; it is lost then, as the settings are read back.
@@ -252,6 +285,8 @@ private:
     static inline std::atomic<bool> _keepsLogFile = false;
 
     std::optional<QVariantMap> _components;
+    // What KTLOG says, of components that nobody has set since.
+    QVariantMap _environmentLevels;
     std::unique_ptr<KTPrivate::LogFile> _logFile;
     std::atomic<bool> _writeToFile = true;
     std::atomic<bool> _displayFileLine = false;

@@ -7,6 +7,7 @@
 #include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Files/Module_p.h>
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
+#include <KTUtility/Platform/Files/ProgramIdentity_p.h>
 #include <KTUtility/Platform/Keys/NSClass.h>
 
 #include <utility>
@@ -55,9 +56,16 @@ KTPlugInManager::~KTPlugInManager()
 
 QStringList KTPlugInManager::searchFolders() const
 {
+    const QString users =
+        folderIn(KTDatabaseBundle::cobbleSupportFolder(), u"PlugIns/%@", _searchFolder);
+    if (const ProgramIdentity *const program = ProgramIdentity::current()) {
+        QStringList folders{users};
+        for (const QString &folder : program->plugInFolders)
+            folders += folderIn(folder, u"%@", _searchFolder);
+        return folders;
+    }
     const QString framework = NSBundle::frameworkBundle().bundlePath();
-    return {folderIn(KTDatabaseBundle::cobbleSupportFolder(), u"PlugIns/%@", _searchFolder),
-            folderIn(framework, u"../../PlugIns/%@", _searchFolder),
+    return {users, folderIn(framework, u"../../PlugIns/%@", _searchFolder),
             folderIn(framework, u"../Cobble.app/Contents/PlugIns/%@", _searchFolder)};
 }
 

@@ -107,7 +107,8 @@ public:
 
     /// Where plug-ins are looked for: "PlugIns" and the search folder in the user's folder of the
     /// host, in the application that contains the framework, and in the application Cobble.app
-    /// that lies beside the framework. The user's folder, but not "PlugIns" in it, is made if
+    /// that lies beside the framework. A program that has told KTApplication who it is has the
+    /// folders that it gave there in place of the last two. The user's folder, but not "PlugIns" in it, is made if
     /// missing.
     QStringList searchFolders() const;
     /// Registers every "*.bundle" that lies directly in a search folder, in the order of the

@@ -2,6 +2,7 @@ target_sources(KTUtility PRIVATE
     Qt/ArrayDifference.cpp
     Qt/EditorBinding.cpp
     Qt/FormatterByName.cpp
+    Qt/KTApplication.cpp
     Qt/KTArrayColumn.cpp
     Qt/KTArrayModel.cpp
     Qt/KTArraySelection.cpp

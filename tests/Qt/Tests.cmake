@@ -1,5 +1,6 @@
 target_sources(KTUtilityTests PRIVATE
     Qt/Expense.h
+    Qt/KTApplicationTests.cpp
     Qt/KTArrayColumnTests.cpp
     Qt/KTArrayModelOrderTests.cpp
     Qt/KTArrayModelTests.cpp

@@ -4,6 +4,7 @@
 #include "NSFileManager.h"
 #include "NSPathUtilities.h"
 #include "NSPropertyListSerialization.h"
+#include "ProgramIdentity_p.h"
 #include <KTUtility/Platform/Keys/NSClass.h>
 
 #include <QFile>
@@ -15,15 +16,6 @@
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
-
-namespace {
-/// Settings files are named after the host, so that its name must be usable as a file name.
-bool canNameFile(const QString &name)
-{
-    return !name.isEmpty() && name != u"." && name != u".." && name.isValidUtf16() &&
-           !name.contains(u'/') && !name.contains(QChar(u'\0'));
-}
-} // namespace
 
 /// The code, null while it is not loaded; shared by the copies of a bundle.
 struct NSBundle::Code
@@ -206,8 +198,10 @@ const NSClass *NSBundle::principalClass(QString *error)
 
 QString NSHostIdentifier()
 {
+    // Settings files are named after the host, so that its name must be usable as a file name.
     for (const QString &name :
-         {NSBundle::mainBundle().bundleIdentifier(), QGuiApplication::desktopFileName()}) {
+         {ProgramIdentity::givenIdentifier(), NSBundle::mainBundle().bundleIdentifier(),
+          QGuiApplication::desktopFileName()}) {
         if (canNameFile(name))
             return name;
     }

@@ -106,7 +106,7 @@ private:
     std::shared_ptr<Code> _code;
 };
 
-/// The reverse-DNS name of the host, after which its settings files are named: the main bundle's
-/// identifier, else the desktop file name that the application has set, else "org.cobble.Cobble".
+/// The reverse-DNS name of the host, after which its settings files are named: what it has told
+/// KTApplication, else the main bundle's identifier, else the desktop file name that the application has set, else "org.cobble.Cobble".
 /// Names that cannot be a file name are passed over.
 KTUTILITY_EXPORT QString NSHostIdentifier();

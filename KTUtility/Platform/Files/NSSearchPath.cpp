@@ -1,15 +1,19 @@
 #include "NSSearchPath.h"
 
+#include "ProgramIdentity_p.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QMutex>
 #include <QMutexLocker>
+#include <QStandardPaths>
 
 #include <cstdlib>
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -23,6 +27,9 @@ QString absolutePathIn(const char *variable)
 
 QString applicationSupportFolder()
 {
+    // Tests of programs keep away from what belongs to the user.
+    if (QStandardPaths::isTestModeEnabled())
+        return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     const QString data = absolutePathIn("XDG_DATA_HOME");
     if (!data.isNull())
         return QDir::cleanPath(data);
@@ -49,7 +56,8 @@ QString sharedTemporaryFolder()
 /// somebody else has something at its place.
 QString folderOfUser(const QString &parent)
 {
-    const QString path = parent + u"/Cobble-"_s + QString::number(::geteuid());
+    const QString path =
+        parent + u'/' + ProgramIdentity::folderName() + u'-' + QString::number(::geteuid());
     ::mkdir(QFile::encodeName(path).constData(), 0700);
     return isPrivateFolder(path) ? path : QString();
 }
@@ -68,9 +76,10 @@ public:
     /// which nobody can make anything.
     QString addIn(const QString &parent)
     {
-        QByteArray path = QFile::encodeName(parent) + "/Cobble-XXXXXX";
+        QByteArray path =
+            QFile::encodeName(parent + u'/' + ProgramIdentity::folderName() + u"-XXXXXX");
         if (!::mkdtemp(path.data()))
-            return u"/dev/null/Cobble"_s;
+            return u"/dev/null/"_s + ProgramIdentity::folderName();
         _paths.append(path);
         return QFile::decodeName(path);
     }
@@ -120,7 +129,8 @@ QStringList NSSearchPathForDirectoriesInDomains(NSSearchPathDirectory directory,
         directory == NSLibraryDirectory || directory == NSApplicationSupportDirectory;
     if (support.isNull() || !isKnown || !(domainMask & NSUserDomainMask))
         return {};
-    const QString folder =
-        directory == NSLibraryDirectory ? QString(support + u"/Cobble") : support;
+    const QString folder = directory == NSLibraryDirectory
+                               ? QString(support + u'/' + ProgramIdentity::folderName())
+                               : support;
     return {expandTilde ? folder : withTilde(folder)};
 }

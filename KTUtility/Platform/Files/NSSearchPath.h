@@ -7,10 +7,11 @@
 
 /// The standard folders that can be asked for, with the platform's numbers.
 enum NSSearchPathDirectory {
-    /// The application's own folder: "Cobble" in the Application Support folder. Preferences, logs,
-    /// plug-ins and the database lie in it.
+    /// The application's own folder in the Application Support folder: what it has told
+    /// KTApplication, else "Cobble". Preferences, logs, plug-ins and the database lie in it.
     NSLibraryDirectory = 5,
-    /// $XDG_DATA_HOME, else ".local/share" in the home folder (XDG Base Directory rules).
+    /// $XDG_DATA_HOME, else ".local/share" in the home folder (XDG Base Directory rules). Qt's folder
+    /// for tests instead, while QStandardPaths::setTestModeEnabled() is on.
     NSApplicationSupportDirectory = 14,
 };
 
@@ -22,8 +23,8 @@ enum NSSearchPathDomainMask : unsigned {
 /// The home folder of the user: $HOME, if that is an absolute path; else nil.
 KTUTILITY_EXPORT QString NSHomeDirectory();
 /// The folder for temporary files of this process's user, which nobody else can read or write:
-/// $TMPDIR (or /tmp) if that is his alone, else "Cobble-<user number>" in it. Where somebody else has
-/// something of that name, each process has a folder of its own, and removes it at its end unless
+/// $TMPDIR (or /tmp) if that is his alone, else "Cobble-<user number>" in it (or the name of the
+/// application's own folder). Where somebody else has something of that name, each process has a folder of its own, and removes it at its end unless
 /// something is in it.
 KTUTILITY_EXPORT QString NSTemporaryDirectory();
 

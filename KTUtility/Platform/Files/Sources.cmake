@@ -10,6 +10,7 @@ target_sources(KTUtility PRIVATE
     Platform/Files/NSURL.cpp
     Platform/Files/NSURLConnection.cpp
     Platform/Files/NSUserDefaults.cpp
+    Platform/Files/ProgramIdentity.cpp
     Platform/Files/PropertyListBinaryReader.cpp
     Platform/Files/PropertyListFile.cpp
     Platform/Files/PropertyListQuickReader.cpp
