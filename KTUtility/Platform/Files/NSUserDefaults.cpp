@@ -3,6 +3,8 @@
 #include "DefaultsFile_p.h"
 #include "NSBundle.h"
 #include "NSPropertyListSerialization.h"
+#include "StoredValue_p.h"
+#include <KTUtility/Platform/Diagnostics/NSLog.h>
 #include <KTUtility/Platform/Disk/FolderNames_p.h>
 #include <KTUtility/Platform/Values/NSDecimalNumber.h>
 #include <KTUtility/Platform/Values/NSException.h>
@@ -30,15 +32,21 @@ void checkDomainName(const QString &name)
                            NSString::stringWithFormat(u"\"%@\" cannot be a domain", name));
 }
 
-void checkPropertyList(const QVariant &value, const QString &key)
+/// Why a value cannot be stored; nil if it can.
+QString rejectionOf(const QVariant &value, const QString &key)
 {
     QString error;
-    if (NSPropertyListSerialization::dataWithPropertyList(value, &error).isNull())
-        NSException::raise(NSInvalidArgumentException,
-                           NSString::stringWithFormat(
-                               u"Attempt to insert a value that is no property list for the key "
-                               u"%@: %@",
-                               key, error));
+    if (!NSPropertyListSerialization::dataWithPropertyList(value, &error).isNull())
+        return {};
+    return NSString::stringWithFormat(
+        u"Attempt to insert a value that is no property list for the key %@: %@", key, error);
+}
+
+void checkPropertyList(const QVariant &value, const QString &key)
+{
+    const QString rejection = rejectionOf(value, key);
+    if (!rejection.isNull())
+        NSException::raise(NSInvalidArgumentException, rejection);
 }
 
 /// "-key value" pairs; the program's name is not among the arguments.
@@ -172,6 +180,11 @@ QByteArray NSUserDefaults::dataForKey(const QString &key) const
     return value.typeId() == QMetaType::QByteArray ? value.toByteArray() : QByteArray();
 }
 
+QVariant NSUserDefaults::objectOfType(QMetaType type, const QString &key) const
+{
+    return StoredValue::valueOf(objectForKey(key), type).value_or(QVariant());
+}
+
 QVariantMap NSUserDefaults::dictionaryRepresentation() const
 {
     QVariantMap all = _registered;
@@ -183,11 +196,24 @@ QVariantMap NSUserDefaults::dictionaryRepresentation() const
 
 // --- Writing ------------------------------------------------------------------------------------
 
-void NSUserDefaults::setObject(const QVariant &value, const QString &forKey)
+bool NSUserDefaults::setObject(const QVariant &value, const QString &forKey)
 {
-    if (!NSObject::isNil(value))
-        checkPropertyList(QVariantMap{{forKey, value}}, forKey);
-    setValue(NSObject::isNil(value) ? QVariant() : value, forKey);
+    if (NSObject::isNil(value)) {
+        removeObjectForKey(forKey);
+        return true;
+    }
+    QVariant stored = value;
+    QString rejection = rejectionOf(QVariantMap{{forKey, value}}, forKey);
+    if (const auto other = rejection.isNull() ? std::nullopt : StoredValue::formOf(value)) {
+        stored = *other;
+        rejection = rejectionOf(QVariantMap{{forKey, stored}}, forKey);
+    }
+    if (!rejection.isNull()) {
+        NSLog(u"*** %@", rejection);
+        return false;
+    }
+    setValue(stored, forKey);
+    return true;
 }
 
 void NSUserDefaults::removeObjectForKey(const QString &key)

@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QList>
 #include <QMap>
+#include <QMetaType>
 #include <QObject>
 #include <QSet>
 #include <QString>
@@ -63,21 +64,37 @@ public:
     QVariantMap dictionaryForKey(const QString &key) const;
     /// Data; null for everything else.
     QByteArray dataForKey(const QString &key) const;
+    /// A value of any type that setObject() stores; nothing if there is none of that type.
+    ///
+    /// \code
+    /// defaults->setObject(window->size(), u"size"_s);
+    /// window->resize(defaults->objectOfType<QSize>(u"size"_s).value_or(QSize(640, 480)));
+    /// \endcode
+    template<typename T>
+    std::optional<T> objectOfType(const QString &key) const
+    {
+        const QVariant value = objectOfType(QMetaType::fromType<T>(), key);
+        return value.isValid() ? std::optional<T>(value.value<T>()) : std::nullopt;
+    }
+    /// The same for a type that is known at run time only; nil if there is none of that type.
+    QVariant objectOfType(QMetaType type, const QString &key) const;
     /// All keys with the values that objectForKey() gives.
     QVariantMap dictionaryRepresentation() const;
 
     // --- Writing to the application's domain
 
-    /// Sets a value and writes it; nil removes the key.
-    /// \throws NSException NSInvalidArgumentException if the value is no property list, or if it or
-    /// the key holds characters that the file cannot hold; nothing is set then.
-    void setObject(const QVariant &value, const QString &forKey);
+    /// Sets a value and writes it; nil removes the key. Values of other types than those of property
+    /// lists are stored as a text (QDate, QUrl, QColor …) or as data (QSize, QRect …), if the same
+    /// value can be made of that again; ask for them by objectOfType().
+    /// \return false if the value has no such form, or if it or the key holds characters that the
+    /// file cannot hold. That is written to the console; nothing is set then.
+    bool setObject(const QVariant &value, const QString &forKey);
     /// Sets a boolean as setObject() does.
-    void setBool(bool value, const QString &forKey) { setObject(value, forKey); }
+    bool setBool(bool value, const QString &forKey) { return setObject(value, forKey); }
     /// Sets an integer as setObject() does.
-    void setInteger(qint64 value, const QString &forKey) { setObject(value, forKey); }
+    bool setInteger(qint64 value, const QString &forKey) { return setObject(value, forKey); }
     /// Sets a number as setObject() does.
-    void setDouble(double value, const QString &forKey) { setObject(value, forKey); }
+    bool setDouble(double value, const QString &forKey) { return setObject(value, forKey); }
     /// Removes a value, which uncovers that of the next domain.
     void removeObjectForKey(const QString &key);
     /// Adds values for keys that no other domain has. They are never written.

@@ -16,5 +16,6 @@ target_sources(KTUtility PRIVATE
     Platform/Files/PropertyListQuickReader.cpp
     Platform/Files/PropertyListWriter.cpp
     Platform/Files/PropertyListXMLReader.cpp
+    Platform/Files/StoredValue.cpp
     Platform/Files/XMLTagLength.cpp
 )

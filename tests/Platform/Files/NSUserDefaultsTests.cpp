@@ -10,6 +10,7 @@
 
 #include <QDateTime>
 #include <QMap>
+#include <QSize>
 
 #include <functional>
 #include <limits>
@@ -195,21 +196,45 @@ TEST(NSUserDefaults, ValuesOfAnotherKindAreNil)
     EXPECT_EQ(defaults.stringArrayForKey(Key), texts);
 }
 
-TEST(NSUserDefaults, ValuesThatAreNoPropertyListRaiseAndChangeNothing)
+TEST(NSUserDefaults, WhatCannotBeStoredIsToldAndChangesNothing)
 {
     useFreshHome();
     NSUserDefaults defaults(Domain);
     defaults.setInteger(1, Key);
     const ChangeCounter changes(&defaults);
     for (const QVariant &value :
-         {NSNull(), QVariant(QChar(u'a')), QVariant(QString(QChar(0))),
-          QVariant(QString(QChar(0xD800))), QVariant(QVariantList{QVariant()})})
-        EXPECT_THROW(defaults.setObject(value, Key), NSException);
-    EXPECT_THROW(defaults.setInteger(1, QString(QChar(0))), NSException);
+         {NSNull(), QVariant(QString(QChar(0))), QVariant(QString(QChar(0xD800))),
+          QVariant(QVariantList{QVariant()}), QVariant(QVariantList{QSize(1, 2)}),
+          QVariant::fromValue<void *>(&defaults), QVariant::fromValue<QObject *>(&defaults)}) {
+        const QString log = testing_support::standardErrorOf(
+            [&] { EXPECT_FALSE(defaults.setObject(value, Key)) << value.typeName(); });
+        EXPECT_TRUE(log.contains(u"*** Attempt to insert a value that is no property list for the "
+                                 u"key " +
+                                 Key))
+            << log.toStdString();
+    }
+    testing_support::standardErrorOf(
+        [&] { EXPECT_FALSE(defaults.setInteger(1, QString(QChar(0)))); });
     EXPECT_THROW(defaults.setPersistentDomain({{Key, QVariant()}}, Domain), NSException);
     EXPECT_EQ(changes.count(), 0);
     EXPECT_EQ(NSUserDefaults(Domain).integerForKey(Key), 1);
     EXPECT_TRUE(defaults.synchronize());
+}
+
+TEST(NSUserDefaults, ValuesOfQtComeBack)
+{
+    useFreshHome();
+    NSUserDefaults defaults(Domain);
+    EXPECT_TRUE(defaults.setObject(QSize(640, 480), Key));
+    EXPECT_EQ(defaults.objectOfType<QSize>(Key), QSize(640, 480));
+    EXPECT_EQ(NSUserDefaults(Domain).objectOfType<QSize>(Key), QSize(640, 480));
+    EXPECT_FALSE(defaults.objectOfType<QDate>(Key).has_value());
+    EXPECT_FALSE(defaults.objectOfType<QSize>(u"other"_s).has_value());
+    EXPECT_TRUE(defaults.setObject(QDate(2026, 3, 5), Key));
+    EXPECT_EQ(defaults.stringForKey(Key), u"2026-03-05");
+    EXPECT_EQ(NSUserDefaults(Domain).objectOfType<QDate>(Key), QDate(2026, 3, 5));
+    EXPECT_TRUE(defaults.setObject(QVariant(), Key));
+    EXPECT_FALSE(defaults.objectForKey(Key).isValid());
 }
 
 TEST(NSUserDefaults, EachChangeIsNotifiedOnce)

@@ -15,5 +15,6 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Files/PropertyListQuickReaderTests.cpp
     Platform/Files/PropertyListWriterTests.cpp
     Platform/Files/PropertyListXMLReaderTests.cpp
+    Platform/Files/StoredValueTests.cpp
     Platform/Files/XMLTagLengthTests.cpp
 )
