@@ -2,6 +2,7 @@
 
 #include <KTUtility/Formatters/KTCurrencyFormatter.h>
 #include <KTUtility/Formatters/KTNumberFormatter.h>
+#include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
 #include <KTUtility/Platform/Keys/NSSelectionMarker.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 
@@ -28,10 +29,16 @@ bool hasForeignLetters(const NSFormatter *formatter, const QString &text)
     return std::ranges::any_of(text, [](QChar each) { return each.isLetter(); });
 }
 
+/// Formatters are asked while views paint and people type, where what they raise is not to end the
+/// program: this stands for the one that did.
+constexpr QStringView Formatter = u"a formatter";
+
 bool reads(const NSFormatter *formatter, const QString &text)
 {
     QVariant value;
-    return formatter->getObjectValue(&value, text);
+    bool isRead = false;
+    guarded(Formatter, [&] { isRead = formatter->getObjectValue(&value, text); });
+    return isRead;
 }
 } // namespace
 
@@ -41,7 +48,8 @@ TextReading TextReading::of(const NSFormatter *formatter, const QString &text)
         return {true, text, {}};
     if (text.trimmed().isEmpty())
         return {true, {}, {}};
-    const KTReadResult result = formatter->read(text);
+    KTReadResult result = KTReadResult::rejected({});
+    guarded(Formatter, [&] { result = formatter->read(text); });
     return {result.hasValue(), result.value(), result.error()};
 }
 
@@ -77,8 +85,10 @@ QString KTPrivate::shownText(const NSFormatter *formatter, const QVariant &value
 {
     if (hasNoText(value))
         return u""_s;
-    const QString text =
-        formatter ? formatter->stringForObjectValue(value) : NSObject::description(value);
+    QString text;
+    guarded(Formatter, [&] {
+        text = formatter ? formatter->stringForObjectValue(value) : NSObject::description(value);
+    });
     return text.isNull() ? u""_s : text;
 }
 
@@ -86,7 +96,8 @@ QString KTPrivate::editingText(const NSFormatter *formatter, const QVariant &val
 {
     if (!formatter || hasNoText(value))
         return shownText(formatter, value);
-    const QString text = formatter->editingStringForObjectValue(value);
+    QString text;
+    guarded(Formatter, [&] { text = formatter->editingStringForObjectValue(value); });
     return text.isNull() ? u""_s : text;
 }
 
@@ -94,6 +105,7 @@ QVariant KTPrivate::shownColour(const NSFormatter *formatter, const QVariant &va
 {
     if (!formatter || hasNoText(value))
         return {};
-    const auto text = formatter->attributedStringForObjectValue(value);
+    std::optional<NSAttributedString> text;
+    guarded(Formatter, [&] { text = formatter->attributedStringForObjectValue(value); });
     return text ? text->attribute(NSForegroundColorAttributeName, 0) : QVariant();
 }

@@ -142,6 +142,18 @@ TEST_F(LoggerMenuTests, EveryItemStaysEnabledAndOthersKeepTheirMark)
         EXPECT_TRUE(logger->validateMenuItem(action));
 }
 
+TEST_F(LoggerMenuTests, ItemsWorkOnAFreshAccountAndTellWhatCannotBeSaved)
+{
+    const QString log =
+        testing_support::standardErrorOf([&] { item(u"Log To Console"_s)->trigger(); });
+    EXPECT_TRUE(log.contains(u"*** exception in the action setOutputToConsole:: "))
+        << log.toStdString();
+    EXPECT_FALSE(logger->writeToFile());
+    EXPECT_EQ(checkedTitles(menu.get()), QStringList{u"Log To Console"_s});
+    levelItem(u"Undo"_s, 4)->trigger();
+    EXPECT_FALSE(KTLogger().writeToFile());
+}
+
 TEST_F(LoggerMenuTests, TagsBeyondTheComponentsRaise)
 {
     QAction stray;

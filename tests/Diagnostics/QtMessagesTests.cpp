@@ -44,6 +44,14 @@ TEST_F(QtMessagesTests, CategoriesThatAreOnGoToTheLog)
     EXPECT_EQ(result.texts(u"menu"_s).mid(41, 2), (QStringList{u"expenses.books"_s, u"default"_s}));
 }
 
+TEST_F(QtMessagesTests, CapturesCatchThem)
+{
+    const auto result = runNamedProgram({u"follow Qt"_s, u"capture Qt"_s});
+    EXPECT_TRUE(result.console.contains(u"caught expenses.books: a warning\n"));
+    EXPECT_FALSE(result.console.contains(u"caught expenses.books: a debug"));
+    EXPECT_EQ(logged(), QStringList());
+}
+
 TEST_F(QtMessagesTests, TheFormerHandlerComesBack)
 {
     const auto result =

@@ -47,7 +47,35 @@ protected:
     ModelListener listener{&model};
     QStringList rejections;
 };
+
+/// Raises whatever it is asked.
+class FailingFormatter : public NSFormatter
+{
+public:
+    QString stringForObjectValue(const QVariant &) const override { throw 5; }
+    std::optional<NSAttributedString>
+    attributedStringForObjectValue(const QVariant &, const QTextCharFormat &) const override
+    {
+        throw 5;
+    }
+    bool getObjectValue(QVariant *, const QString &, QString *) const override { throw 5; }
+};
 } // namespace
+
+TEST_F(KTArrayModelTests, AFormatterThatRaisesShowsNothingAndReadsNothing)
+{
+    const auto formatter = std::make_shared<FailingFormatter>();
+    const QString log = testing_support::standardErrorOf([&] {
+        model.setColumns({KTArrayColumn(u"amount"_s, u"Amount"_s, formatter).setEditable(true)});
+        EXPECT_EQ(cell(0, 0).toString(), QString());
+        EXPECT_EQ(cell(0, 0, Qt::EditRole).toString(), QString());
+        EXPECT_FALSE(cell(0, 0, Qt::ForegroundRole).isValid());
+        EXPECT_FALSE(type(0, 0, u"5"_s));
+    });
+    EXPECT_EQ(rejections.size(), 1);
+    EXPECT_TRUE(log.contains(u"*** exception in a formatter: unknown exception"))
+        << log.toStdString();
+}
 
 TEST_F(KTArrayModelTests, IsATableOfTheArrangedObjects)
 {

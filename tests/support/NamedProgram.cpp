@@ -2,6 +2,7 @@
 // array, its argument. What it has found out goes to its output.
 
 #include <KTUtility/KTApplication>
+#include <KTUtility/KTLogCapture>
 #include <KTUtility/KTLogger>
 #include <KTUtility/KTPlugInManager>
 #include <KTUtility/NSBundle>
@@ -75,6 +76,16 @@ void saySomethingInQt()
     qInfo("an information");
 }
 
+/// Repeats on the console what a capture has caught of Qt's messages.
+void captureQt()
+{
+    KTLogCapture capture(QString::fromLatin1(books().categoryName()), 2);
+    saySomethingInQt();
+    for (const KTLogCapture::Entry &entry : capture.entries())
+        std::fprintf(stderr, "caught %s\n",
+                     qUtf8Printable(entry.component + u": " + entry.message));
+}
+
 /// Does what one word says.
 void perform(const QString &step)
 {
@@ -99,6 +110,8 @@ void perform(const QString &step)
     else if (step == u"hear Qt")
         KTLogger::sharedLogger()->setLevelOfComponent(4,
                                                       QString::fromLatin1(books().categoryName()));
+    else if (step == u"capture Qt")
+        captureQt();
     else if (step == u"speak in Qt")
         saySomethingInQt();
 }
