@@ -63,9 +63,9 @@ NSCharacterSet makeIllegalCSVCharacterSet()
     QStringList alternates;
     const QString separator =
         KTInternational::instance()->localizedCSVSeparatorAndAlternates(&alternates);
-    return NSCharacterSet::characterSetWithCharactersInString(
-        NSString::stringWithFormat(u"%@%@%@", KTInternationalCSVIllegalCharacters, separator,
-                                   alternates.join(KTInternationalEmptyString)));
+    const QString characters =
+        KTInternationalCSVIllegalCharacters + separator + alternates.join(QString());
+    return NSCharacterSet::characterSetWithCharactersInString(characters);
 }
 } // namespace
 
