@@ -9,11 +9,14 @@ install(TARGETS KTUtility EXPORT KTUtilityTargets
 install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/" COMPONENT KTUtility
     DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/KTUtility"
     FILES_MATCHING PATTERN "*.h" PATTERN "*_p.h" EXCLUDE PATTERN "Resources" EXCLUDE
+    PATTERN "Translations" EXCLUDE
     PATTERN "Designer" EXCLUDE)
 install(DIRECTORY "${KTUTILITY_FORWARDING_HEADERS}/KTUtility/" COMPONENT KTUtility
     DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/KTUtility")
 install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/Resources" COMPONENT KTUtility
     DESTINATION "${CMAKE_INSTALL_LIBDIR}/KTUtility.framework")
+install(FILES ${compiled_translations} COMPONENT KTUtility
+    DESTINATION "${CMAKE_INSTALL_LIBDIR}/KTUtility.framework/Resources")
 
 install(EXPORT KTUtilityTargets NAMESPACE KTUtility:: COMPONENT KTUtility
     DESTINATION "${package_folder}")

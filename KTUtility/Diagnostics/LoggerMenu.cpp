@@ -2,6 +2,7 @@
 
 #include <KTUtility/Platform/AppKit/NSMenuItem.h>
 
+#include <QCoreApplication>
 #include <QMenu>
 
 using namespace KTPrivate;
@@ -17,13 +18,18 @@ const NSSelector FileLineAction("setDisplayFileLine:");
 const NSSelector ClearAction("clearAllLoggingState:");
 const NSSelector LevelAction("setComponentLogLevel:");
 
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("KTLogger", text);
+}
+
 QString titleOfLevel(int level)
 {
     switch (level) {
     case 7:
-        return u"7 (most detail)"_s;
+        return translated(QT_TRANSLATE_NOOP("KTLogger", "7 (most detail)"));
     case 0:
-        return u"0 (off)"_s;
+        return translated(QT_TRANSLATE_NOOP("KTLogger", "0 (off)"));
     default:
         return QString::number(level);
     }
@@ -40,12 +46,16 @@ void addComponent(QMenu &menu, const QString &name, int position, QObject *logge
 
 void LoggerMenu::populate(QMenu &menu, const QStringList &components, QObject *logger)
 {
-    NSMenuItem::addItem(&menu, u"Log To Console"_s, ConsoleAction, logger);
-    NSMenuItem::addItem(&menu, u"Log To File"_s, FileAction, logger);
+    NSMenuItem::addItem(&menu, translated(QT_TRANSLATE_NOOP("KTLogger", "Log To Console")),
+                        ConsoleAction, logger);
+    NSMenuItem::addItem(&menu, translated(QT_TRANSLATE_NOOP("KTLogger", "Log To File")), FileAction,
+                        logger);
     menu.addSeparator();
-    NSMenuItem::addItem(&menu, u"Display File and Line"_s, FileLineAction, logger);
+    NSMenuItem::addItem(&menu, translated(QT_TRANSLATE_NOOP("KTLogger", "Display File and Line")),
+                        FileLineAction, logger);
     menu.addSeparator();
-    NSMenuItem::addItem(&menu, u"Clear all logging state"_s, ClearAction, logger);
+    NSMenuItem::addItem(&menu, translated(QT_TRANSLATE_NOOP("KTLogger", "Clear all logging state")),
+                        ClearAction, logger);
     menu.addSeparator();
     for (int position = 0; position < components.size(); ++position)
         addComponent(menu, components.at(position), position, logger);

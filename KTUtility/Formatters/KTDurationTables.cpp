@@ -10,6 +10,20 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr std::array<qint64, 5> SecondsOfUnits{604'800, 86'400, 3'600, 60, 1};
 
+// From weeks to seconds.
+constexpr std::array<const char *, 5> Abbreviations{
+    QT_TRANSLATE_NOOP("Durations", "w"), QT_TRANSLATE_NOOP("Durations", "d"),
+    QT_TRANSLATE_NOOP("Durations", "h"), QT_TRANSLATE_NOOP("Durations", "m"),
+    QT_TRANSLATE_NOOP("Durations", "s")};
+constexpr std::array<const char *, 5> SingularNames{
+    QT_TRANSLATE_NOOP("Durations", "week"), QT_TRANSLATE_NOOP("Durations", "day"),
+    QT_TRANSLATE_NOOP("Durations", "hour"), QT_TRANSLATE_NOOP("Durations", "minute"),
+    QT_TRANSLATE_NOOP("Durations", "second")};
+constexpr std::array<const char *, 5> PluralNames{
+    QT_TRANSLATE_NOOP("Durations", "weeks"), QT_TRANSLATE_NOOP("Durations", "days"),
+    QT_TRANSLATE_NOOP("Durations", "hours"), QT_TRANSLATE_NOOP("Durations", "minutes"),
+    QT_TRANSLATE_NOOP("Durations", "seconds")};
+
 QStringList translated(const std::array<const char *, 5> &keys)
 {
     QStringList words;
@@ -27,9 +41,9 @@ const KTDurationTables &KTDurationTables::shared()
 }
 
 KTDurationTables::KTDurationTables()
-    : abbreviations(translated({"w", "d", "h", "m", "s"}))
-    , singularNames(translated({"week", "day", "hour", "minute", "second"}))
-    , pluralNames(translated({"weeks", "days", "hours", "minutes", "seconds"}))
+    : abbreviations(translated(Abbreviations))
+    , singularNames(translated(SingularNames))
+    , pluralNames(translated(PluralNames))
 {
     for (qsizetype index = 0; index < qsizetype(SecondsOfUnits.size()); ++index) {
         const NSDecimalNumber seconds(SecondsOfUnits[size_t(index)]);

@@ -15,6 +15,7 @@ target_sources(KTUtility PRIVATE
     Qt/KTFormatterDelegate.cpp
     Qt/KTFormatterEdit.cpp
     Qt/KTFormatterValidator.cpp
+    Qt/KTTranslations.cpp
     Qt/NotifySignals.cpp
     Qt/RowWatches.cpp
     Qt/TextReading.cpp

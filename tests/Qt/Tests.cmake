@@ -10,5 +10,6 @@ target_sources(KTUtilityTests PRIVATE
     Qt/KTFormatterDelegateTests.cpp
     Qt/KTFormatterEditTests.cpp
     Qt/KTFormatterValidatorTests.cpp
+    Qt/KTTranslationsTests.cpp
     Qt/ModelSupport.h
 )

@@ -3,6 +3,7 @@
 #include "ColumnClocks_p.h"
 #include "ColumnDates_p.h"
 #include "ColumnNumbers_p.h"
+#include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Numbers/NSFormatter.h>
 
 #include <algorithm>
@@ -258,9 +259,8 @@ bool KTColumnReading::getObjectValue(const NSFormatter &formatter, QVariant *val
     return false;
 }
 
-const QString &KTColumnReading::contradictionDescription()
+QString KTColumnReading::contradictionDescription()
 {
-    static const QString description =
-        u"The text contradicts what the other texts of its column are read by."_s;
-    return description;
+    return NSBundle::mainBundle().localizedStringForKey(
+        u"The text contradicts what the other texts of its column are read by."_s);
 }

@@ -101,8 +101,9 @@ public:
     /// \param errorDescription receives contradictionDescription(), or what the formatter says.
     bool getObjectValue(const NSFormatter &formatter, QVariant *value, const QString &text,
                         QString *errorDescription = nullptr) const;
-    /// Why a text that contradicts is not read; English, for programs to tell it by.
-    static const QString &contradictionDescription();
+    /// Why a text that contradicts is not read, in the language of the program, which can tell it by
+    /// this from other reasons.
+    static QString contradictionDescription();
 
 private:
     /// A bit for each convention that a text is possible in.
