@@ -1,0 +1,52 @@
+#pragma once
+
+#include "ExpenseExporter.h"
+
+#include <KTUtility/KTArrayModel>
+#include <KTUtility/KTPlugInManager>
+#include <KTUtility/NSArrayController>
+
+#include <QMainWindow>
+
+class NSAlert;
+
+/// The component under which the program logs.
+inline const QString LogExpenses = QStringLiteral("Expenses");
+
+/// A table of expenses, with a form for those that are selected.
+class ExpensesWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// \param file is read now and written by save().
+    explicit ExpensesWindow(const QString &file);
+
+    NSArrayController &expenses() { return _expenses; }
+
+    void add();
+    /// Asks first.
+    void removeSelected();
+    bool save();
+    /// Shows the expenses whose title or phone number has a text in it.
+    void search(const QString &text);
+    /// Has the plug-in write that is for this kind of file.
+    bool exportTo(const QString &file);
+    Q_INVOKABLE void removalAlertDidEnd(NSAlert *alert, int returnCode, void *contextInfo);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    QWidget *form();
+    void makeMenus();
+    void loadPlugIns();
+    void chooseExport();
+    QList<ExpenseExporter *> exporters() const;
+    void report(const QString &text) const;
+
+    QString _file;
+    NSArrayController _expenses;
+    KTArrayModel _model;
+    KTPlugInManager _plugIns;
+};
