@@ -7,9 +7,9 @@
 #include "RecordSearch.h"
 #include "RecordTableModel.h"
 #include "RecordTableView.h"
-#include "TableSelection.h"
 #include "Text/PrintableText.h"
 
+#include <KTUtility/KTArraySelection>
 #include <KTUtility/KTDoNotShowAlert>
 #include <KTUtility/NSAlert>
 #include <KTUtility/NSMenuItem>
@@ -69,7 +69,8 @@ void MainWindowController::loadWindow()
 void MainWindowController::windowDidLoad()
 {
     KTWindowController::windowDidLoad();
-    _selection = std::make_unique<TableSelection>(mainWindow()->table(), &_records);
+    _selection =
+        std::make_unique<KTArraySelection>(_model.get(), mainWindow()->table()->selectionModel());
     connectParts();
     connectDetail(mainWindow()->detail());
     connectSheets();
@@ -91,7 +92,8 @@ void MainWindowController::connectParts()
                      &MainWindowController::searchAndTell);
     QObject::connect(&_records, &NSArrayController::arrangedObjectsChanged, this,
                      &MainWindowController::showCount);
-    QObject::connect(_model.get(), &RecordTableModel::refused, this, &MainWindowController::tell);
+    QObject::connect(_model.get(), &RecordTableModel::rejected, this,
+                     [this](const QModelIndex &, const QString &why) { tell(why); });
     QObject::connect(_application->bundle(), &OpenBundle::librariesChanged, this,
                      &MainWindowController::listLibraries);
 }

@@ -12,12 +12,12 @@
 
 class DesktopApplication;
 class DetailPane;
+class KTArraySelection;
 class MainWindow;
 class NSAlert;
 class OpenLibrary;
 class RecordTableModel;
 class StoredRecord;
-class TableSelection;
 
 /// A main window: shows the libraries of a bundle and the records of one of them, and lets the user
 /// search, edit, import, export and delete. It has a queue of dialogs of its own.
@@ -104,7 +104,7 @@ private:
     DesktopApplication *_application;
     NSArrayController _records;
     std::unique_ptr<RecordTableModel> _model;
-    std::unique_ptr<TableSelection> _selection;
+    std::unique_ptr<KTArraySelection> _selection;
     std::shared_ptr<OpenLibrary> _library;
     QTimer _searchTimer;
     /// What was done and is still to be reported.

@@ -19,7 +19,6 @@ target_sources(CobbleHost PRIVATE
     Sources/Window/ShowLibraryAlert.cpp
     Sources/Window/SilencedAlerts.cpp
     Sources/Window/StoredRecord.cpp
-    Sources/Window/TableSelection.cpp
     Sources/Window/TextInput.cpp
     Sources/Window/TransferSheet.cpp
     Sources/Window/ValueOrder.cpp
