@@ -39,26 +39,32 @@ void KTBoundTextEdit::setValue(const QVariant &value)
         Q_EMIT valueChanged();
 }
 
+QString KTBoundTextEdit::text() const
+{
+    // toPlainText() makes spaces of those that do not break.
+    return document()->toRawText().replace(QChar::ParagraphSeparator, QChar::LineFeed);
+}
+
 /// Others are selected while something is typed: it is stored where it belongs.
 void KTBoundTextEdit::leaveForOthers()
 {
     const QPointer<KTBoundTextEdit> self = this;
-    const QString reason = commitToEdited(toPlainText());
+    const QString reason = commitToEdited(text());
     if (!self)
         return;
-    _base = toPlainText();
+    _base = text();
     if (!reason.isEmpty())
         Q_EMIT rejected(reason);
 }
 
 void KTBoundTextEdit::showValue()
 {
-    const QString text = shownText(nullptr, _value);
-    _base = text;
-    if (toPlainText() != text)
-        setPlainText(text);
+    const QString shown = shownText(nullptr, _value);
+    _base = shown;
+    if (text() != shown)
+        setPlainText(shown);
     // A text edit knows fewer kinds of line breaks than texts do.
-    _base = toPlainText();
+    _base = text();
     endEditing();
     showReason({});
 }
@@ -68,7 +74,7 @@ bool KTBoundTextEdit::commit()
     if (!isModified() || _isCommitting)
         return !_isCommitting;
     const QPointer<KTBoundTextEdit> self = this;
-    const QVariant before = std::exchange(_value, toPlainText());
+    const QVariant before = std::exchange(_value, text());
     _isCommitting = true;
     const QString reason = hasSelectionMoved() ? commitToEdited(_value) : commitValue();
     if (!self)
@@ -80,7 +86,7 @@ bool KTBoundTextEdit::commit()
         Q_EMIT rejected(reason);
         return false;
     }
-    _base = toPlainText();
+    _base = text();
     showValue();
     Q_EMIT valueChanged();
     return true;

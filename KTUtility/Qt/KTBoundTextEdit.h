@@ -31,8 +31,10 @@ public:
     /// The text that was set or committed last; nil is shown as an empty one.
     const QVariant &value() const { return _value; }
     void setValue(const QVariant &value);
+    /// What stands in it, with all its characters: toPlainText() knows no spaces that do not break.
+    QString text() const;
     /// Whether the text is another than that of the value.
-    bool isModified() const { return toPlainText() != _base; }
+    bool isModified() const { return text() != _base; }
 
 public Q_SLOTS:
     /// Sets the value to the text.

@@ -61,6 +61,13 @@ void showReasonAbove(KTFormatterEdit *editor)
     reason->setMargin(2);
 }
 
+/// The editor is about to go, and nobody would know why.
+void tellRejected(QAbstractItemModel *model, const QModelIndex &index, const QString &reason)
+{
+    if (auto *const array = qobject_cast<KTArrayModel *>(model))
+        Q_EMIT array->rejected(index, reason);
+}
+
 /// With the reason it is higher, and moves up at the end of the table.
 void fitHeight(KTFormatterEdit *editor)
 {
@@ -123,8 +130,11 @@ void KTFormatterDelegate::setModelData(QWidget *editor, QAbstractItemModel *mode
         return;
     }
     const QVariant before = cellValue(index);
-    const bool wasModified = edit->isModified();
-    if (wasModified && edit->commit() && !NSObject::isEqual(before, edit->value()))
+    if (!edit->isModified())
+        return;
+    if (!edit->commit())
+        tellRejected(model, index, edit->reason());
+    else if (!NSObject::isEqual(before, edit->value()))
         model->setData(index, edit->value(),
                        givesFormatters(index) ? int(KTArrayModel::ValueRole) : int(Qt::EditRole));
 }

@@ -14,8 +14,8 @@ class KTFormatterEdit;
 ///
 /// The formatter of a cell is the one that KTArrayModel gives it; other models need setFormatter().
 /// Return and Tab do not close an editor over a text that cannot be read, or that the model does not
-/// take: the reason stands below it. Leaving the table gives such a text up. What changes in a cell
-/// while it is edited does not disturb the text.
+/// take: the reason stands below it. Leaving the table gives such a text up; KTArrayModel::rejected()
+/// says why. What changes in a cell while it is edited does not disturb the text.
 ///
 /// \code
 /// auto *const delegate = new KTFormatterDelegate(view);

@@ -310,6 +310,18 @@ TEST_F(KTBoundTextEditTests, LeavingAndControlReturnSetTheText)
     EXPECT_EQ(record(0)->title(), u"x\nya"_s);
 }
 
+TEST_F(KTBoundTextEditTests, SpacesThatDoNotBreakStay)
+{
+    const QString text = u"5\u00a0€\u2028more\n\u202fend"_s;
+    record(0)->setTitle(text);
+    editor->bindTo(record(0), u"title");
+    EXPECT_EQ(editor->text(), text);
+    focus();
+    QTest::keyClicks(editor, u"x"_s);
+    EXPECT_TRUE(editor->commit());
+    EXPECT_EQ(record(0)->title(), QString(u'x' + text));
+}
+
 TEST_F(KTBoundTextEditTests, EscapeRestores)
 {
     editor->bindTo(record(0), u"title");

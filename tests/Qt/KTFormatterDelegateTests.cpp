@@ -11,6 +11,7 @@
 
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QTableView>
 #include <QTest>
@@ -133,6 +134,17 @@ TEST_F(KTFormatterDelegateTests, LeavingTakesWhatCanBeRead)
     turn();
     EXPECT_EQ(record(1)->amount(), 2);
     EXPECT_FALSE(isEditing());
+}
+
+TEST_F(KTFormatterDelegateTests, WhatIsGivenUpByLeavingIsTold)
+{
+    QSignalSpy rejected(&model, &KTArrayModel::rejected);
+    type(edit(1, 1), u"7x"_s, 0);
+    table.setFocus();
+    EXPECT_FALSE(isEditing());
+    ASSERT_EQ(rejected.count(), 1);
+    EXPECT_EQ(rejected.first().at(0).toModelIndex(), model.index(1, 1));
+    EXPECT_FALSE(rejected.first().at(1).toString().isEmpty());
 }
 
 TEST_F(KTFormatterDelegateTests, AnEditorStaysWithItsObject)
