@@ -9,7 +9,7 @@
 #include <KTUtility/Platform/Keys/KeyPath.h>
 #include <KTUtility/Platform/Keys/NSCollections.h>
 #include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
-#include <KTUtility/Platform/Keys/NSSortDescriptor.h>
+#include <KTUtility/Platform/Queries/NSSortDescriptor.h>
 #include <KTUtility/Platform/Keys/ValueMatcher.h>
 #include <KTUtility/Platform/Text/NSStringCompare.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>

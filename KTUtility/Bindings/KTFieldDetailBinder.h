@@ -3,7 +3,7 @@
 #include "KTFieldDetailCallbacks.h"
 #include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
-#include <KTUtility/Platform/Keys/NSPredicate.h>
+#include <KTUtility/Platform/Queries/NSPredicate.h>
 #include <KTUtility/Platform/Keys/NSValueTransformer.h>
 
 #include <QList>

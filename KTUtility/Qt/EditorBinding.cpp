@@ -51,6 +51,13 @@ void EditorBinding::bind(QObject *object, const QString &keyPath, const QVariant
     binder.bind(NSValueBinding, object, keyPath, withMarkers(given));
 }
 
+/// What is typed is for nobody then.
+void EditorBinding::unbind()
+{
+    endEditing();
+    binder.unbind({});
+}
+
 QString EditorBinding::commit()
 {
     // The record may have the editor destroyed.
@@ -96,6 +103,17 @@ void EditorBinding::beginEditing()
 {
     if (!_edited)
         _edited = selected();
+    _controller = qobject_cast<NSArrayController *>(binder.observedObject());
+    if (_controller)
+        _controller->objectDidBeginEditing(_editor);
+}
+
+void EditorBinding::endEditing()
+{
+    _edited.reset();
+    if (_controller)
+        _controller->objectDidEndEditing(_editor);
+    _controller = nullptr;
 }
 
 bool EditorBinding::hasSelectionMoved() const

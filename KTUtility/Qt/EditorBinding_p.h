@@ -3,6 +3,7 @@
 #include "KTBindingOptions.h"
 
 #include <KTUtility/Bindings/KTPropertyBinder.h>
+#include <KTUtility/Platform/AppKit/NSArrayController.h>
 #include <KTUtility/Platform/AppKit/NSKeyValueBinding.h>
 
 #include <QPointer>
@@ -10,8 +11,6 @@
 #include <QWidget>
 
 #include <optional>
-
-class NSArrayController;
 
 namespace KTPrivate {
 /// The binding of an editor's value: a KTPropertyBinder that hands markers on, since the editor
@@ -23,7 +22,7 @@ public:
 
     void bind(QObject *object, const QString &keyPath, const KTBindingOptions &options);
     void bind(QObject *object, const QString &keyPath, const QVariantMap &options);
-    void unbind() { binder.unbind({}); }
+    void unbind();
 
     /// \return why the object did not take the editor's value; nil if it did.
     QString commit();
@@ -31,7 +30,7 @@ public:
     void showReason(const QString &reason);
 
     void beginEditing();
-    void endEditing() { _edited.reset(); }
+    void endEditing();
     bool hasSelectionMoved() const;
     QString commitToEdited(const QVariant &value);
 
@@ -49,6 +48,7 @@ private:
 
     QPointer<QWidget> _editor;
     std::optional<Edited> _edited;
+    QPointer<NSArrayController> _controller; ///< with which the editor is registered
     bool _hasDisabled = false;
 };
 } // namespace KTPrivate

@@ -77,21 +77,31 @@ KTArrayColumn &KTArrayColumn::setPlaceholders(const KTBindingOptions &placeholde
     return *this;
 }
 
-KTArrayColumn &KTArrayColumn::setComparator(Comparator comparator)
+KTArrayColumn &KTArrayColumn::setComparator(const Comparator &comparator)
 {
     _comparator = comparator;
+    _isLocalized = false;
+    return *this;
+}
+
+KTArrayColumn &KTArrayColumn::setLocalized(bool localized)
+{
+    _isLocalized = localized;
     return *this;
 }
 
 NSSortDescriptor KTArrayColumn::sortDescriptor(bool ascending) const
 {
-    // The comparator of a member reads the objects themselves.
-    return {_read ? u"self"_s : _keyPath, ascending, _comparator};
+    NSSortDescriptor descriptor{_keyPath, ascending, _comparator, _isLocalized};
+    if (_read)
+        descriptor.member = _read;
+    return descriptor;
 }
 
 QVariant KTArrayColumn::value(const QVariant &ofRow) const
 {
-    return _read ? _read(ofRow) : NSKeyValueCoding::valueForKeyPath(ofRow, _keyPath);
+    return _read ? _read(KeyValueTarget::ofVariant(ofRow))
+                 : NSKeyValueCoding::valueForKeyPath(ofRow, _keyPath);
 }
 
 void KTArrayColumn::setValue(const QVariant &value, const QVariant &inRow) const

@@ -3,7 +3,7 @@
 #include "KTBindingOptions.h"
 #include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Keys/NSBoxed.h>
-#include <KTUtility/Platform/Keys/NSSortDescriptor.h>
+#include <KTUtility/Platform/Queries/NSSortDescriptor.h>
 #include <KTUtility/Platform/Numbers/NSFormatter.h>
 
 #include <QMetaType>
@@ -51,9 +51,9 @@ T unboxed(const QVariant &value)
 }
 
 template<auto Member>
-QVariant readMember(const QVariant &row)
+QVariant readMember(const KeyValueTarget &row)
 {
-    auto *const object = dynamic_cast<ClassOfMember<Member> *>(objectOfRow(row));
+    auto *const object = objectAs<ClassOfMember<Member>>(row);
     return object ? NSBoxed(ValueOfMember<Member>(std::invoke(Member, *object))) : QVariant();
 }
 
@@ -118,7 +118,6 @@ public:
     {
         KTArrayColumn column(QString(), title, std::move(formatter));
         column._read = KTPrivate::readMember<Member>;
-        column._comparator = compareMember<Member>;
         if constexpr (std::is_member_object_pointer_v<decltype(Member)>)
             column._write = KTPrivate::writeMember<Member>;
         return column;
@@ -152,9 +151,12 @@ public:
     /// What is shown for nil and markers.
     const KTBindingOptions &placeholders() const { return _placeholders; }
     KTArrayColumn &setPlaceholders(const KTBindingOptions &placeholders);
-    /// How a click on the header sorts; at first compareForPeople(). For a column by member, the
-    /// comparator is given the rows' objects.
-    KTArrayColumn &setComparator(Comparator comparator);
+    /// How a click on the header sorts, by two values of the column: at first texts in the order of
+    /// people, all else by NSObject::compare().
+    KTArrayColumn &setComparator(const Comparator &comparator);
+    /// Whether a click on the header sorts texts in the order of people (see
+    /// NSSortDescriptor::localized); it does until a comparator is set.
+    KTArrayColumn &setLocalized(bool localized);
 
     /// How this column sorts.
     NSSortDescriptor sortDescriptor(bool ascending) const;
@@ -170,20 +172,14 @@ public:
     static std::weak_ordering compareForPeople(const QVariant &left, const QVariant &right);
 
 private:
-    template<auto Member>
-    static std::weak_ordering compareMember(const QVariant &left, const QVariant &right)
-    {
-        return compareForPeople(KTPrivate::readMember<Member>(left),
-                                KTPrivate::readMember<Member>(right));
-    }
-
     QString _keyPath;
     QString _title;
     std::shared_ptr<const NSFormatter> _formatter;
     KTBindingOptions _placeholders;
     Qt::Alignment _alignment;
-    Comparator _comparator = compareForPeople;
-    QVariant (*_read)(const QVariant &row) = nullptr;
+    Comparator _comparator = NSObject::compare;
+    bool _isLocalized = true;
+    KTPrivate::MemberReader _read;
     void (*_write)(QObject *object, const QVariant &value) = nullptr;
     bool _isEditable = false;
     bool _isCheckable = false;

@@ -78,6 +78,8 @@ KTArrayModel::KTArrayModel(NSArrayController *controller, const QList<KTArrayCol
     _rows = controller->arrangedObjects();
     QObject::connect(controller, &NSArrayController::arrangedObjectsChanged, this,
                      &KTArrayModel::rearrange);
+    QObject::connect(controller, &NSArrayController::arrangedObjectIsGone, this,
+                     &KTArrayModel::objectIsGone);
     QObject::connect(controller, &QObject::destroyed, this, &KTArrayModel::rearrange);
 }
 
@@ -134,6 +136,15 @@ void KTArrayModel::rearrange()
     if (std::exchange(_hasChangedMeanwhile, false) && !_rows.isEmpty() && !_columns.isEmpty())
         Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
     Q_EMIT rearranged();
+}
+
+/// Its row is removed later; it must not be asked for anything until then.
+void KTArrayModel::objectIsGone(qsizetype index)
+{
+    if (_isRearranging)
+        _isOutdated = true;
+    else if (index < _rows.size())
+        _rows[index] = QVariant();
 }
 
 void KTArrayModel::arrangeAs(const QVariantList &objects)
@@ -468,8 +479,7 @@ int KTArrayModel::sortColumn() const
     const NSSortDescriptor &first = _controller->sortDescriptors().constFirst();
     const auto found = std::ranges::find_if(_columns, [&](const KTArrayColumn &column) {
         const NSSortDescriptor own = column.sortDescriptor(true);
-        return own.key == first.key &&
-               (!column.keyPath().isNull() || own.comparator == first.comparator);
+        return own.key == first.key && own.member == first.member;
     });
     return found == _columns.end() ? -1 : int(found - _columns.begin());
 }

@@ -30,8 +30,7 @@ class RowWatches;
 /// the formatter says so.
 ///
 /// Only objects whose rows a view has asked for lately are observed, see setObservedRows(). Objects
-/// are not owned, and may be destroyed just before the controller lets go of them; they may be of
-/// several classes. Maps, gadgets and other values are shown, but not observed or edited. For the
+/// are not owned: the row of one that is destroyed is removed. They may be of several classes. Maps, gadgets and other values are shown, but not observed or edited. For the
 /// main thread.
 ///
 /// \code
@@ -122,6 +121,7 @@ private:
     struct Step;
 
     void rearrange();
+    void objectIsGone(qsizetype index);
     void arrangeAs(const QVariantList &objects);
     void performSteps(const QList<Step> &steps, const QVariantList *result);
     void perform(const Step &step, const QVariantList *result);

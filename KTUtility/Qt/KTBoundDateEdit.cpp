@@ -5,6 +5,7 @@
 
 #include <QCalendarWidget>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPointer>
 #include <QScopedValueRollback>
 
@@ -22,10 +23,17 @@ KTBoundDateEdit::KTBoundDateEdit(QWidget *parent)
     setMinimumDate(firstOfQt);
     showValue();
     QObject::connect(this, &QDateTimeEdit::dateChanged, this, &KTBoundDateEdit::takeDate);
+    QObject::connect(lineEdit(), &QLineEdit::textEdited, this, &KTBoundDateEdit::beginTyping);
+    QObject::connect(this, &QDateEdit::editingFinished, this, &KTBoundDateEdit::endTyping);
 }
 
 void KTBoundDateEdit::setValue(const QVariant &value)
 {
+    const QPointer<KTBoundDateEdit> self = this;
+    if (_isTyping && hasSelectionMoved())
+        leaveForOthers();
+    if (!self)
+        return;
     const bool isOther = !NSObject::isEqual(value, _value);
     _value = value;
     showValue();
@@ -77,14 +85,61 @@ void KTBoundDateEdit::take(const QVariant &value)
     const QString reason = commitValue();
     if (!self)
         return;
-    if (!reason.isNull())
+    _isRejected = !reason.isNull();
+    if (_isRejected)
         _value = before;
+    endTyping();
     showValue();
     showReason(reason);
     if (reason.isNull())
         Q_EMIT valueChanged();
     else
         Q_EMIT rejected(reason);
+}
+
+// --- Typing -------------------------------------------------------------------------------------
+
+void KTBoundDateEdit::beginTyping()
+{
+    _isTyping = true;
+    beginEditing();
+}
+
+void KTBoundDateEdit::endTyping()
+{
+    _isTyping = false;
+    endEditing();
+}
+
+/// Others are selected while something is typed: it is stored where it belongs.
+void KTBoundDateEdit::leaveForOthers()
+{
+    _isTyping = false;
+    const QPointer<KTBoundDateEdit> self = this;
+    const QDate day = dateTimeFromText(text()).date();
+    const QString reason = day.isValid() ? commitToEdited(valueOn(day)) : QString();
+    if (!self)
+        return;
+    endEditing();
+    if (!reason.isEmpty())
+        Q_EMIT rejected(reason);
+}
+
+bool KTBoundDateEdit::commitEditing()
+{
+    const QPointer<KTBoundDateEdit> self = this;
+    _isRejected = false;
+    interpretText();
+    if (!self)
+        return true;
+    endTyping();
+    return !_isRejected;
+}
+
+void KTBoundDateEdit::discardEditing()
+{
+    endTyping();
+    showValue();
 }
 
 void KTBoundDateEdit::stepBy(int steps)

@@ -42,6 +42,12 @@ public:
     /// Goes on by days, months or years; to today if there is no date.
     void stepBy(int steps) override;
 
+    /// Reads what is typed, for the controller that is bound.
+    /// \return whether the object has taken it.
+    bool commitEditing() override;
+    /// Shows the value again, for the controller that is bound.
+    void discardEditing() override;
+
 Q_SIGNALS:
     void valueChanged();
     /// The object did not take the value.
@@ -60,8 +66,13 @@ private:
     void take(const QVariant &value);
     void takeDate(QDate day);
     void showValue();
+    void beginTyping();
+    void endTyping();
+    void leaveForOthers();
 
     QVariant _value;
+    bool _isTyping = false;
+    bool _isRejected = false; ///< what was entered last
     bool _isNullable = false;
     bool _isShowing = false;
 };

@@ -28,6 +28,13 @@ const KTBindingOptions &KTBoundEditor::bindingOptions() const
     return _binding->options;
 }
 
+bool KTBoundEditor::commitEditing()
+{
+    return true;
+}
+
+void KTBoundEditor::discardEditing() {}
+
 QStringList KTBoundEditor::exposedBindings() const
 {
     return {NSValueBinding};

@@ -2,6 +2,7 @@
 
 #include "KTBindingOptions.h"
 #include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/AppKit/NSEditor.h>
 #include <KTUtility/Platform/AppKit/NSKeyValueBinding.h>
 #include <KTUtility/Platform/Keys/KTText.h>
 
@@ -17,7 +18,8 @@ class EditorBinding;
 /// it.
 ///
 /// Where the key path has no single value, the editor shows a placeholder, and while there is
-/// nothing to be edited, it is disabled (see KTBindingOptions). What the object does not take stays
+/// nothing to be edited, it is disabled (see KTBindingOptions). While somebody types, it is
+/// registered with the controller, see NSArrayController::commitEditing(). What the object does not take stays
 /// in the editor, or is put back by those that cannot show it, and the editor says why. Nothing is
 /// thrown after bindTo().
 ///
@@ -29,7 +31,7 @@ class EditorBinding;
 /// auto *const paid = new KTBoundCheckBox(tr("Paid"));
 /// paid->bindTo(&controller, u"selection.isPaid");
 /// \endcode
-class KTUTILITY_EXPORT KTBoundEditor : public NSKeyValueBinding
+class KTUTILITY_EXPORT KTBoundEditor : public NSKeyValueBinding, public NSEditor
 {
 public:
     ~KTBoundEditor() override;
@@ -44,6 +46,13 @@ public:
     QObject *boundObject() const;
     /// What the editor shows in place of values; set by bindTo().
     const KTBindingOptions &bindingOptions() const;
+
+    // --- Something typed; the controller that is bound asks for it
+
+    /// Nothing is left to be stored, unless the editor says otherwise.
+    bool commitEditing() override;
+    /// Gives nothing up, unless the editor says otherwise.
+    void discardEditing() override;
 
     // --- By name, for forms whose bindings are known at run time only
 
@@ -66,9 +75,10 @@ protected:
     /// Makes the reason known below the mouse and to screen readers; nil for none.
     void showReason(const QString &reason);
 
-    /// Remembers which objects are selected now, for which something is typed.
+    /// Remembers which objects are selected now, for which something is typed, and registers the
+    /// editor with their controller.
     void beginEditing();
-    /// Forgets it.
+    /// Forgets it: it is stored, or given up.
     void endEditing();
     /// Whether others are selected since beginEditing().
     bool hasSelectionMoved() const;

@@ -36,6 +36,11 @@ public:
     /// Whether the text is another than that of the value.
     bool isModified() const { return text() != _base; }
 
+    /// commit(), for the controller that is bound.
+    bool commitEditing() override { return commit(); }
+    /// restore(), for the controller that is bound.
+    void discardEditing() override { restore(); }
+
 public Q_SLOTS:
     /// Sets the value to the text.
     /// \return whether the bound object has taken it; nothing is done for a text that was not

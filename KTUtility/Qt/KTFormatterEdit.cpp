@@ -1,9 +1,9 @@
 #include "KTFormatterEdit.h"
 
 #include "FormatterByName_p.h"
-#include "NotifySignals_p.h"
 #include "TextReading_p.h"
 
+#include <KTUtility/Platform/Keys/NotifySignals_p.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 
 #include <QAccessible>
@@ -225,10 +225,13 @@ QValidator::State KTFormatterEdit::inputState() const
     return isModified() ? TextReading::judge(_formatter.get(), text()) : QValidator::Acceptable;
 }
 
-/// Judges what is being typed.
+/// Judges what is being typed. A text that is put back is told of as if somebody had typed it.
 void KTFormatterEdit::lookAt(const QString &typed)
 {
-    beginEditing();
+    if (isModified())
+        beginEditing();
+    else
+        endEditing();
     const bool isHopeless = inputState() == QValidator::Invalid;
     setReason(isHopeless ? TextReading::of(_formatter.get(), typed).reason : QString());
 }

@@ -95,6 +95,11 @@ public:
     /// Shows a reason by which somebody else rejects the text, until it is changed.
     void reject(const QString &reason);
 
+    /// commit(), for the controller that is bound.
+    bool commitEditing() override { return commit(); }
+    /// restore(), for the controller that is bound.
+    void discardEditing() override { restore(); }
+
 public Q_SLOTS:
     /// Reads the text and sets the value, as Return does.
     /// \return whether it was read and the bound object has taken it; nothing is done for a text that

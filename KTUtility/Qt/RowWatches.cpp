@@ -1,6 +1,6 @@
 #include "RowWatches_p.h"
 
-#include "NotifySignals_p.h"
+#include <KTUtility/Platform/Keys/NotifySignals_p.h>
 
 #include <QPointer>
 

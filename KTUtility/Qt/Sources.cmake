@@ -1,11 +1,13 @@
 target_sources(KTUtility PRIVATE
     Qt/ArrayDifference.cpp
+    Qt/ChangeWatch.cpp
     Qt/EditorBinding.cpp
     Qt/FormatterByName.cpp
     Qt/KTApplication.cpp
     Qt/KTArrayColumn.cpp
     Qt/KTArrayModel.cpp
     Qt/KTArraySelection.cpp
+    Qt/KTBinding.cpp
     Qt/KTBindingOptions.cpp
     Qt/KTBoundCheckBox.cpp
     Qt/KTBoundComboBox.cpp
@@ -15,8 +17,9 @@ target_sources(KTUtility PRIVATE
     Qt/KTFormatterDelegate.cpp
     Qt/KTFormatterEdit.cpp
     Qt/KTFormatterValidator.cpp
+    Qt/KTObservation.cpp
     Qt/KTTranslations.cpp
-    Qt/NotifySignals.cpp
+    Qt/MemberProperty.cpp
     Qt/RowWatches.cpp
     Qt/TextReading.cpp
     Qt/ViewAttachment.cpp

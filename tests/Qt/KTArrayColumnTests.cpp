@@ -120,6 +120,27 @@ TEST(KTArrayColumn, SortsForPeople)
                   row(other));
     }
     KTArrayColumn byUnits(u"title"_s, {});
+    byUnits.setLocalized(false);
+    EXPECT_EQ(NSSortDescriptor::sorted(list, {byUnits.sortDescriptor(true)}).first(), row(other));
+    byUnits.setLocalized(true);
+    EXPECT_EQ(NSSortDescriptor::sorted(list, {byUnits.sortDescriptor(true)}).first(), row(one));
     byUnits.setComparator(NSObject::compare);
     EXPECT_EQ(NSSortDescriptor::sorted(list, {byUnits.sortDescriptor(true)}).first(), row(other));
+}
+
+TEST(KTArrayColumn, AComparatorIsGivenTheValuesOfAMember)
+{
+    Expense one(u"b"_s);
+    Expense other(u"C"_s);
+    QVariantList compared;
+    KTArrayColumn column = KTArrayColumn::of<&Expense::title>({});
+    column.setComparator([&compared](const QVariant &left, const QVariant &right) {
+        compared = {left, right};
+        return NSObject::compare(left, right);
+    });
+    EXPECT_EQ(
+        NSSortDescriptor::sorted(QVariantList{row(other), row(one)}, {column.sortDescriptor(true)})
+            .first(),
+        row(other));
+    EXPECT_TRUE(compared.contains(u"b"_s));
 }

@@ -4,6 +4,8 @@
 
 #include <KTUtility/NSStringCompare>
 
+#include <KTUtility/NSPredicate>
+
 #include "ModelSupport.h"
 
 #include <rapidcheck/gtest.h>
@@ -149,6 +151,59 @@ TEST_F(KTArrayModelOrderTests, ObjectsThatAreDestroyedAreNotLookedAt)
     controller.setContent(left);
     EXPECT_EQ(model.rowCount(), 7);
     EXPECT_EQ(model.index(0, 0).data(), u"b"_s);
+}
+
+TEST_F(KTArrayModelOrderTests, TheRowOfADestroyedObjectIsRemoved)
+{
+    controller.setSelectionIndexes({2});
+    records[1].reset();
+    EXPECT_EQ(listener.news(), QStringList{u"removed 1-1"_s});
+    EXPECT_EQ(listener.rows(), controller.arrangedObjects());
+    records[0].reset();
+    EXPECT_EQ(listener.news(), QStringList{u"removed 0-0"_s});
+    EXPECT_EQ(controller.selectionIndexes(), QList<qsizetype>{0});
+    EXPECT_EQ(model.index(0, 0).data(), u"c"_s);
+    records.clear();
+    EXPECT_EQ(model.rowCount(), 0);
+}
+
+TEST_F(KTArrayModelOrderTests, VeryManyObjectsMayBeDestroyedAtOnce)
+{
+    while (records.size() < 20'000)
+        add(u"x"_s, int(records.size()));
+    showAll();
+    listener.news();
+    for (size_t row = 0; row < 10'000; ++row)
+        records[row].reset();
+    // None of them is asked for anything.
+    for (int row = 0; row < model.rowCount(); row += 100)
+        EXPECT_TRUE(
+            QStringList({QString(), u"x"_s}).contains(model.index(row, 0).data().toString()));
+    turn();
+    EXPECT_EQ(model.rowCount(), 10'000);
+    EXPECT_FALSE(listener.news().contains(u"reset"_s));
+    EXPECT_EQ(listener.rows(), controller.arrangedObjects());
+}
+
+TEST_F(KTArrayModelOrderTests, RowsMoveWhenTheControllerRearrangesByItself)
+{
+    controller.setAutomaticallyRearranges(true);
+    model.sort(1);
+    listener.news();
+    record(0)->setAmount(4.5);
+    turn();
+    QStringList news = listener.news();
+    news.removeIf([](const QString &each) { return each.startsWith(u"changed"_s); });
+    EXPECT_EQ(news, QStringList{u"moved 0-0 before 4"_s});
+    EXPECT_EQ(listener.rows(), controller.arrangedObjects());
+    controller.setFilterPredicate(NSPredicate::where(
+        [](const Expense &each) { return NSObject::compare(each.amount(), 3) > 0; }));
+    listener.news();
+    record(7)->setAmount(0);
+    turn();
+    EXPECT_EQ(model.rowCount(), 5);
+    EXPECT_EQ(listener.rows(), controller.arrangedObjects());
+    EXPECT_TRUE(listener.news().filter(u"reset"_s).isEmpty());
 }
 
 TEST_F(KTArrayModelOrderTests, WhoIsToldMayArrangeOthers)

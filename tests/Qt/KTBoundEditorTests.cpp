@@ -231,6 +231,55 @@ TEST_F(KTBoundDateEditTests, ADayIsSetOnceItIsComplete)
     EXPECT_EQ(record(0)->due(), QDate(2031, 3, 5));
 }
 
+TEST_F(KTBoundDateEditTests, WhatIsTypedIsForTheController)
+{
+    for (const size_t index : {0u, 1u})
+        record(index)->setDue(Day);
+    editor->setDisplayFormat(u"yyyy-MM-dd"_s);
+    editor->bindTo(&controller, u"selection.due");
+    controller.setSelectionIndex(0);
+    const auto type = [this] {
+        focus();
+        editor->setSelectedSection(QDateTimeEdit::YearSection);
+        QTest::keyClicks(editor, u"2031"_s);
+    };
+    type();
+    EXPECT_TRUE(controller.isEditing());
+    EXPECT_TRUE(controller.commitEditing());
+    EXPECT_FALSE(controller.isEditing());
+    EXPECT_EQ(record(0)->due(), QDate(2031, 3, 5));
+    record(0)->setDue(Day);
+    type();
+    controller.discardEditing();
+    EXPECT_EQ(editor->text(), u"2026-03-05"_s);
+    // It is stored where it belongs.
+    type();
+    controller.setSelectionIndex(1);
+    EXPECT_EQ(record(0)->due(), QDate(2031, 3, 5));
+    EXPECT_EQ(record(1)->due(), Day);
+    EXPECT_EQ(editor->text(), u"2026-03-05"_s);
+    record(1)->isLocked = true;
+    type();
+    EXPECT_FALSE(controller.commitEditing());
+    EXPECT_EQ(rejections, QStringList(u"The book refuses."_s));
+}
+
+TEST_F(KTBoundTextEditTests, WhatIsTypedIsForTheController)
+{
+    editor->bindTo(&controller, u"selection.title");
+    controller.setSelectionIndex(0);
+    focus();
+    QTest::keyClicks(editor, u"x"_s);
+    EXPECT_TRUE(controller.isEditing());
+    EXPECT_TRUE(controller.commitEditing());
+    EXPECT_FALSE(controller.isEditing());
+    EXPECT_EQ(record(0)->title().size(), 2);
+    QTest::keyClicks(editor, u"y"_s);
+    controller.discardEditing();
+    EXPECT_FALSE(controller.isEditing());
+    EXPECT_EQ(editor->toPlainText().size(), 2);
+}
+
 TEST_F(KTBoundDateEditTests, TimeAndZoneStay)
 {
     const QDateTime moment(Day, QTime(17, 30), QTimeZone("Asia/Tokyo"));

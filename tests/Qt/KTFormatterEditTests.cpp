@@ -474,3 +474,41 @@ TEST_F(KTFormatterEditTests, ShowsTheTextForEditingOnlyWithTheFocus)
     focus();
     EXPECT_EQ(edit.text(), u"2234.5"_s);
 }
+
+TEST_F(KTFormatterEditTests, RegistersWithItsControllerWhileSomebodyTypes)
+{
+    edit.bindTo(&controller, u"selection.amount");
+    controller.setSelectionIndexes({0});
+    focus();
+    EXPECT_FALSE(controller.isEditing());
+    type(u"12"_s);
+    EXPECT_TRUE(controller.isEditing());
+    EXPECT_TRUE(controller.commitEditing());
+    EXPECT_FALSE(controller.isEditing());
+    EXPECT_TRUE(NSObject::isEqual(record(0)->amount(), 12));
+    type(u"34"_s);
+    controller.discardEditing();
+    EXPECT_FALSE(controller.isEditing());
+    EXPECT_EQ(edit.text(), u"12"_s);
+    type(u"oops"_s);
+    EXPECT_FALSE(controller.commitEditing());
+    EXPECT_EQ(edit.text(), u"oops"_s);
+    EXPECT_FALSE(edit.reason().isEmpty());
+    edit.unbind();
+    EXPECT_FALSE(controller.isEditing());
+}
+
+TEST_F(KTFormatterEditTests, WhatCannotBeReadMayHoldTheSelection)
+{
+    controller.setCommitsBeforeSelecting(true);
+    edit.bindTo(&controller, u"selection.amount");
+    controller.setSelectionIndexes({0});
+    type(u"oops"_s);
+    EXPECT_FALSE(controller.setSelectionIndexes({1}));
+    EXPECT_EQ(edit.text(), u"oops"_s);
+    EXPECT_EQ(controller.selectionIndexes(), QList<qsizetype>{0});
+    type(u"5"_s);
+    EXPECT_TRUE(controller.setSelectionIndexes({1}));
+    EXPECT_TRUE(NSObject::isEqual(record(0)->amount(), 5));
+    EXPECT_EQ(edit.text(), u"2"_s);
+}

@@ -6,10 +6,15 @@ target_sources(KTUtilityTests PRIVATE
     Qt/KTArrayModelTests.cpp
     Qt/KTArraySelectionTests.cpp
     Qt/KTBindingOptionsTests.cpp
+    Qt/KTBindingTests.cpp
     Qt/KTBoundEditorTests.cpp
     Qt/KTFormatterDelegateTests.cpp
     Qt/KTFormatterEditTests.cpp
     Qt/KTFormatterValidatorTests.cpp
+    Qt/KTObservationTests.cpp
     Qt/KTTranslationsTests.cpp
+    Qt/MemberPropertyTests.cpp
     Qt/ModelSupport.h
+    Qt/TypedAccessTests.cpp
+    support/Reading.h
 )

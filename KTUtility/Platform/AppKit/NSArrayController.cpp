@@ -1,76 +1,192 @@
 #include "NSArrayController.h"
 
+#include "ContentWatch_p.h"
+#include "Editors_p.h"
 #include "RankedSelection_p.h"
 #include "SelectionProxy_p.h"
 
+#include <KTUtility/Platform/Diagnostics/NSLog.h>
+#include <KTUtility/Platform/Queries/SortedOrder_p.h>
 #include <KTUtility/Platform/Values/FirstFailure_p.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 
+#include <QHash>
 #include <QPointer>
 
+#include <algorithm>
 #include <set>
+#include <utility>
 
 using namespace KTPrivate;
 
-NSArrayController::NSArrayController() : _selection(std::make_unique<SelectionProxy>()) {}
+namespace {
+/// Elements of lists that may be gone through for objects that are destroyed in one turn of the event
+/// loop. What goes beyond that waits for its end.
+constexpr qsizetype WorkOfTurn = 1'000'000;
+
+/// Where the objects of a list are.
+using PlacesOfObjects = QHash<const QObject *, QList<qsizetype>>;
+
+PlacesOfObjects placesOfObjects(const QVariantList &list)
+{
+    PlacesOfObjects places;
+    places.reserve(list.size());
+    for (qsizetype index = 0; index < list.size(); ++index) {
+        if (const QObject *const object = ContentWatch::objectIn(list.at(index)))
+            places[object] += index;
+    }
+    return places;
+}
+
+std::vector<qsizetype> placesOfGone(const QVariantList &list, const QObject *object)
+{
+    std::vector<qsizetype> places;
+    for (qsizetype index = 0; index < list.size(); ++index) {
+        if (ContentWatch::isGone(list.at(index), object))
+            places.push_back(index);
+    }
+    return places;
+}
+
+/// \param places ascending.
+void removeFrom(QVariantList *list, const std::vector<qsizetype> &places)
+{
+    auto next = places.begin();
+    qsizetype index = 0;
+    if (!places.empty())
+        list->removeIf([&](const QVariant &) {
+            const bool goes = next != places.end() && *next == index++;
+            next += goes ? 1 : 0;
+            return goes;
+        });
+}
+
+/// Calls what may raise where nothing may.
+template<typename Function>
+void logged(const Function &function)
+{
+    try {
+        function();
+    } catch (const std::exception &failure) {
+        NSLog(u"While objects were arranged: %@", QString::fromUtf8(failure.what()));
+    } catch (...) {
+        NSLog(u"While objects were arranged: unknown exception");
+    }
+}
+} // namespace
+
+/// What is known of the objects that were destroyed in this turn of the event loop.
+struct NSArrayController::Deaths
+{
+    qsizetype work = 0;    ///< elements that were gone through
+    bool willEnd = false;  ///< the turn, which is waited for
+    quint64 knownTurn = 0; ///< of the lists, at which the places were found
+    PlacesOfObjects content;
+    PlacesOfObjects arranged;
+    // Where nil stands for dead objects, ascending once they are removed.
+    std::vector<qsizetype> deadContent;
+    std::vector<qsizetype> deadArranged;
+};
+
+NSArrayController::NSArrayController()
+    : _selection(std::make_unique<SelectionProxy>())
+    , _order(std::make_unique<SortedOrder>())
+    , _editors(std::make_unique<Editors>())
+    , _deaths(std::make_unique<Deaths>())
+    , _watch(std::make_unique<ContentWatch>([this](QObject *object) { objectIsGone(object); },
+                                            [this] { rearrangeLater(); }))
+{
+}
+
 NSArrayController::~NSArrayController() = default;
 
-/// The objects of a content that are shown. What the filter raises leaves everything as it was.
-QVariantList NSArrayController::arranged(const QVariantList &content,
-                                         const NSPredicate &filter) const
+/// The objects of a content that are shown. What the filter or a key raises leaves everything as it
+/// was.
+QVariantList NSArrayController::arranged(const QVariantList &content, const NSPredicate &filter,
+                                         SortedOrder *order) const
 {
-    QVariantList shown = filter.isNil() ? content : QVariantList();
-    for (const QVariant &object : filter.isNil() ? QVariantList() : content) {
-        if (filter.evaluateWithObject(object))
-            shown += object;
+    // They may be replaced by what is called here.
+    const QVariantList list = content;
+    const QList<NSSortDescriptor> descriptors = _sortDescriptors;
+    if (filter.isNil() && descriptors.isEmpty())
+        return list;
+    SortedOrder::Places places;
+    for (qsizetype index = 0; index < list.size(); ++index) {
+        if (filter.isNil() || filter.evaluateWithObject(list.at(index)))
+            places.push_back(index);
     }
-    return _sortDescriptors.isEmpty() ? shown : NSSortDescriptor::sorted(shown, _sortDescriptors);
+    if (!descriptors.isEmpty())
+        places = order->sort(list, places, descriptors);
+    QVariantList shown;
+    shown.reserve(qsizetype(places.size()));
+    for (const qsizetype place : places)
+        shown += list.at(place);
+    return shown;
 }
 
 void NSArrayController::setContent(const QVariantList &content)
 {
-    replaceContent(content, ranked());
+    removeDead();
+    replaceContent(content, ranked(), {});
 }
 
 void NSArrayController::addObject(const QVariant &object)
 {
+    removeDead();
     QVariantList content = _content;
     content.append(object);
-    replaceContent(content, RankedSelection::last(object));
+    replaceContent(content, RankedSelection::last(object), *_order);
 }
 
 void NSArrayController::removeObject(const QVariant &object)
 {
+    removeDead();
+    SortedOrder::Places places;
+    for (qsizetype index = 0; index < _content.size(); ++index) {
+        if (NSObject::isEqual(_content.at(index), object))
+            places.push_back(index);
+    }
     QVariantList content = _content;
-    content.removeIf([&](const QVariant &each) { return NSObject::isEqual(each, object); });
-    replaceContent(content, ranked());
+    removeFrom(&content, places);
+    SortedOrder order = *_order;
+    order.removePlaces(places);
+    replaceContent(content, ranked(), order);
 }
 
 /// Notifies of the content, and shows it. Whoever is notified may delete this object, or change the
 /// content once more, here and below.
-void NSArrayController::replaceContent(const QVariantList &content, const RankedSelection &selected)
+void NSArrayController::replaceContent(const QVariantList &content, const RankedSelection &selected,
+                                       const SortedOrder &knownOrder)
 {
-    const QVariantList shown = arranged(content, _filterPredicate);
+    SortedOrder order = knownOrder;
+    const QVariantList shown = arranged(content, _filterPredicate, &order);
     const quint64 turn = ++_turn;
     _content = content;
+    *_order = std::move(order);
+    _watch->setContent(content);
     const QPointer<NSArrayController> self = this;
     Q_EMIT contentChanged();
     if (self)
-        show(turn == _turn ? shown : arranged(_content, _filterPredicate), selected);
+        show(turn == _turn ? shown : arranged(_content, _filterPredicate, _order.get()), selected);
 }
 
 void NSArrayController::setFilterPredicate(const NSPredicate &predicate)
 {
-    const QVariantList shown = arranged(_content, predicate);
+    removeDead();
+    const QVariantList shown = arranged(_content, predicate, _order.get());
     ++_turn;
     _filterPredicate = predicate;
+    followChanges();
     show(shown, ranked());
 }
 
 void NSArrayController::setSortDescriptors(const QList<NSSortDescriptor> &descriptors)
 {
+    removeDead();
     ++_turn;
     _sortDescriptors = descriptors;
+    _order->forget();
+    followChanges();
     const QPointer<NSArrayController> self = this;
     Q_EMIT sortDescriptorsChanged();
     if (self)
@@ -79,7 +195,145 @@ void NSArrayController::setSortDescriptors(const QList<NSSortDescriptor> &descri
 
 void NSArrayController::rearrangeObjects()
 {
-    show(arranged(_content, _filterPredicate), ranked());
+    removeDead();
+    show(arranged(_content, _filterPredicate, _order.get()), ranked());
+}
+
+// --- Changes of objects -------------------------------------------------------------------------
+
+void NSArrayController::setAutomaticallyRearranges(bool automatically)
+{
+    if (std::exchange(_rearrangesItself, automatically) != automatically)
+        followChanges();
+}
+
+void NSArrayController::followChanges()
+{
+    if (_rearrangesItself)
+        _watch->followChanges(_sortDescriptors, !_filterPredicate.isNil());
+    else
+        _watch->ignoreChanges();
+}
+
+/// Once for all changes of a turn.
+void NSArrayController::rearrangeLater()
+{
+    if (!std::exchange(_willRearrange, true))
+        QMetaObject::invokeMethod(
+            this, [this] { logged([this] { rearrangeIfOthers(); }); }, Qt::QueuedConnection);
+}
+
+void NSArrayController::rearrangeIfOthers()
+{
+    _willRearrange = false;
+    removeDead();
+    const QVariantList shown = arranged(_content, _filterPredicate, _order.get());
+    if (_rearrangesItself && shown != _arrangedObjects)
+        show(shown, ranked());
+}
+
+/// Called while the object is being destroyed. What it wanted to be told of this controller would meet
+/// what is left of it.
+void NSArrayController::objectIsGone(QObject *object)
+{
+    QObject::disconnect(this, nullptr, object, nullptr);
+    _deaths->work += _content.size();
+    if (!std::exchange(_deaths->willEnd, true))
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                _deaths->willEnd = false;
+                _deaths->work = 0;
+                removeDead();
+            },
+            Qt::QueuedConnection);
+    if (_deaths->work <= WorkOfTurn)
+        removeAtOnce(object);
+    else
+        removeLater(object);
+}
+
+void NSArrayController::removeAtOnce(const QObject *object)
+{
+    const std::vector<qsizetype> ofArranged = placesOfGone(_arrangedObjects, object);
+    for (const qsizetype place : ofArranged)
+        forgetSelected(place);
+    removePlaces(placesOfGone(_content, object), ofArranged);
+}
+
+/// Puts nil in the place of an object, quickly.
+void NSArrayController::removeLater(const QObject *object)
+{
+    if (_deaths->knownTurn != _turn) {
+        removeDead();
+        _deaths->content = placesOfObjects(_content);
+        _deaths->arranged = placesOfObjects(_arrangedObjects);
+        _deaths->knownTurn = _turn;
+    }
+    for (const qsizetype place : _deaths->content.take(object)) {
+        _content[place] = QVariant();
+        _deaths->deadContent.push_back(place);
+    }
+    for (const qsizetype place : _deaths->arranged.take(object)) {
+        _arrangedObjects[place] = QVariant();
+        _deaths->deadArranged.push_back(place);
+        forgetSelected(place);
+        Q_EMIT arrangedObjectIsGone(place);
+    }
+}
+
+/// Whoever asks for the selection before others are selected must not meet a destroyed object.
+void NSArrayController::forgetSelected(qsizetype place)
+{
+    const auto selected =
+        std::lower_bound(_selectionIndexes.cbegin(), _selectionIndexes.cend(), place);
+    if (selected != _selectionIndexes.cend() && *selected == place)
+        _selection->objectIsGone(selected - _selectionIndexes.cbegin());
+}
+
+/// Removes the nils that stand for destroyed objects.
+void NSArrayController::removeDead()
+{
+    std::vector<qsizetype> ofContent = std::exchange(_deaths->deadContent, {});
+    std::vector<qsizetype> ofArranged = std::exchange(_deaths->deadArranged, {});
+    std::sort(ofContent.begin(), ofContent.end());
+    std::sort(ofArranged.begin(), ofArranged.end());
+    removePlaces(ofContent, ofArranged);
+}
+
+/// Takes elements out of the lists; the others stay in their order without being asked for anything,
+/// since their owners may be about to go, too.
+void NSArrayController::removePlaces(const std::vector<qsizetype> &ofContent,
+                                     const std::vector<qsizetype> &ofArranged)
+{
+    if (ofContent.empty() && ofArranged.empty())
+        return;
+    ++_turn;
+    removeFrom(&_content, ofContent);
+    removeFrom(&_arrangedObjects, ofArranged);
+    _order->removePlaces(ofContent);
+    const QList<qsizetype> before = std::exchange(_selectionIndexes, {});
+    for (const qsizetype index : before) {
+        const auto place = std::lower_bound(ofArranged.begin(), ofArranged.end(), index);
+        if (place == ofArranged.end() || *place != index)
+            _selectionIndexes += index - (place - ofArranged.begin());
+    }
+    tellRemoved(before);
+}
+
+/// \param selectedBefore what was selected, at the places of then.
+void NSArrayController::tellRemoved(const QList<qsizetype> &selectedBefore)
+{
+    const bool areFewer = selectedBefore.size() != _selectionIndexes.size();
+    const bool areOthers = selectedBefore != _selectionIndexes;
+    const QPointer<NSArrayController> self = this;
+    Q_EMIT contentChanged();
+    if (self)
+        Q_EMIT arrangedObjectsChanged();
+    if (self && areFewer)
+        logged([this] { tellSelection(); });
+    else if (self && areOthers)
+        Q_EMIT selectionChanged();
 }
 
 /// What is selected, to be found again when other objects are shown or in another order.
@@ -101,8 +355,11 @@ void NSArrayController::show(const QVariantList &objects, const RankedSelection 
         tellSelection();
 }
 
-void NSArrayController::setSelectionIndexes(const QList<qsizetype> &indexes)
+bool NSArrayController::setSelectionIndexes(const QList<qsizetype> &indexes)
 {
+    const QPointer<NSArrayController> self = this;
+    if (_commitsBeforeSelecting && (!commitEditing() || !self))
+        return false;
     const std::set<qsizetype> ascending(indexes.begin(), indexes.end());
     _selectionIndexes.clear();
     for (const qsizetype index : ascending) {
@@ -110,6 +367,7 @@ void NSArrayController::setSelectionIndexes(const QList<qsizetype> &indexes)
             _selectionIndexes += index;
     }
     tellSelection();
+    return true;
 }
 
 /// What observers of the selected objects' keys raise keeps nobody from learning that others are
@@ -162,4 +420,31 @@ void NSArrayController::selectPrevious()
 QObject *NSArrayController::selection() const
 {
     return _selection.get();
+}
+
+// --- What is being typed ------------------------------------------------------------------------
+
+void NSArrayController::objectDidBeginEditing(QObject *editor)
+{
+    _editors->begin(editor);
+}
+
+void NSArrayController::objectDidEndEditing(QObject *editor)
+{
+    _editors->end(editor);
+}
+
+bool NSArrayController::isEditing() const
+{
+    return !_editors->isEmpty();
+}
+
+bool NSArrayController::commitEditing()
+{
+    return _editors->commit();
+}
+
+void NSArrayController::discardEditing()
+{
+    _editors->discard();
 }

@@ -92,6 +92,12 @@ void SelectionProxy::setObjects(const QVariantList &objects)
     failure.rethrow();
 }
 
+void SelectionProxy::objectIsGone(qsizetype index)
+{
+    if (index < _objects.size())
+        _objects[index] = QVariant();
+}
+
 std::optional<QVariant> SelectionProxy::valueForKey(const QString &key) const
 {
     if (_objects.isEmpty() && key != u"@count")

@@ -31,6 +31,10 @@ public:
     /// objects are observed and all observers notified; each of them may destroy this object.
     void setObjects(const QVariantList &objects);
 
+    /// One of the objects has been destroyed: it has no values from now on.
+    /// \param index among the objects.
+    void objectIsGone(qsizetype index);
+
     std::optional<QVariant> valueForKey(const QString &key) const override;
     bool setValueForKey(const QVariant &value, const QString &key) override;
     bool answersKeyPaths() const override { return true; }

@@ -1,9 +1,12 @@
 target_sources(KTUtility PRIVATE
+    Platform/AppKit/ContentWatch.cpp
+    Platform/AppKit/Editors.cpp
     Platform/AppKit/NSAlert.cpp
     Platform/AppKit/NSAnimation.cpp
     Platform/AppKit/NSApplication.cpp
     Platform/AppKit/NSArrayController.cpp
     Platform/AppKit/NSBezierPath.cpp
+    Platform/AppKit/NSEditor.cpp
     Platform/AppKit/NSFont.cpp
     Platform/AppKit/NSGraphicsContext.cpp
     Platform/AppKit/NSImage.cpp

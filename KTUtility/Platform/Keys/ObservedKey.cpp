@@ -1,6 +1,7 @@
 #include "ObservedKey_p.h"
 
 #include "KeyPathObserver_p.h"
+#include "KeyValueTarget.h"
 #include "NSKeyValueCodingObject.h"
 #include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
 
@@ -132,12 +133,26 @@ void ObservedKey::connectTo(QObject *object)
     QObject::connect(object, &QObject::destroyed, this, &ObservedKey::objectIsGone);
     const QMetaObject *const type = object->metaObject();
     const int index = type->indexOfProperty(_key.toUtf8().constData());
-    if (index >= 0 && type->property(index).hasNotifySignal()) {
-        static const int slot = indexOfSlot("notified()");
-        QMetaObject::connect(object, type->property(index).notifySignalIndex(), this, slot);
-    } else if (index < 0) {
+    if (index < 0)
         object->installEventFilter(this);
+    else
+        connectTo(object, type->property(index));
+}
+
+void ObservedKey::connectTo(QObject *object, const QMetaProperty &property)
+{
+    if (property.hasNotifySignal()) {
+        static const int slot = indexOfSlot("notified()");
+        QMetaObject::connect(object, property.notifySignalIndex(), this, slot);
+    } else if (property.isBindable()) {
+        _notifier = std::make_unique<QPropertyNotifier>(
+            property.bindable(object).addNotifier([this] { notified(); }));
     }
+}
+
+QString ObservedKey::changingName() const
+{
+    return KeyValueTarget::of(_object.data()).description() + u'.' + _key;
 }
 
 /// The object may be destroyed by whoever is notified; Qt must not go on with it then.
@@ -249,6 +264,9 @@ void ObservedKey::tellThatLastObserverWent() const
 void ObservedKey::tell(const NSKeyValueChange &change, Raised raised)
 {
     const Telling telling(this);
+    const ChangeChain chain(this);
+    if (chain.isEndless())
+        return;
     // What was added while observers were notified of another change is not among the entries yet.
     const std::vector<Entry> added = _added;
     for (size_t index = 0; index < _entries.size(); ++index)

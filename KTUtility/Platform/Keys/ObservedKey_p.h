@@ -2,21 +2,24 @@
 
 // The keys of objects that somebody observes.
 
+#include "ChangeChain_p.h"
 #include "NSKeyValueChange.h"
 
 #include <QObject>
 #include <QPointer>
+#include <QProperty>
 #include <QString>
 
 #include <memory>
 #include <vector>
 
+class QMetaProperty;
 namespace KTPrivate {
 class KeyPathObserver;
 
 /// One key of one object, and the observers whose paths lead over it, in the order in which the
 /// observations were made. It lives as long as there are any.
-class ObservedKey : public QObject
+class ObservedKey : public QObject, public ChangeSource
 {
     Q_OBJECT
 
@@ -46,6 +49,7 @@ public:
     void cancelChange();
 
     bool eventFilter(QObject *object, QEvent *event) override;
+    QString changingName() const override;
 
 private Q_SLOTS:
     void notified();
@@ -66,6 +70,7 @@ private:
 
     ObservedKey(QObject *object, const QString &key);
     void connectTo(QObject *object);
+    void connectTo(QObject *object, const QMetaProperty &property);
     void forget();
     std::vector<Entry>::iterator placeOf(quint64 serial, size_t step);
     void insert(const Entry &entry);
@@ -85,6 +90,8 @@ private:
     size_t _gaps = 0;
     // What was added during a notification.
     std::vector<Entry> _added;
+    // Of a bindable property without signal.
+    std::unique_ptr<QPropertyNotifier> _notifier;
     int _telling = 0;
     int _changing = 0;
 };

@@ -1,4 +1,5 @@
 target_sources(KTUtility PRIVATE
+    Platform/Keys/ChangeChain.cpp
     Platform/Keys/Invoker.cpp
     Platform/Keys/KeyAccessor.cpp
     Platform/Keys/KeyPath.cpp
@@ -12,11 +13,10 @@ target_sources(KTUtility PRIVATE
     Platform/Keys/NSKeyValueObservation.cpp
     Platform/Keys/NSKeyValueObserving.cpp
     Platform/Keys/NSOptionalType.cpp
-    Platform/Keys/NSPredicate.cpp
     Platform/Keys/NSSelectionMarker.cpp
     Platform/Keys/NSSelector.cpp
     Platform/Keys/NSValueTransformer.cpp
+    Platform/Keys/NotifySignals.cpp
     Platform/Keys/ObservedKey.cpp
-    Platform/Keys/PredicateParser.cpp
     Platform/Keys/ValueConversion.cpp
 )

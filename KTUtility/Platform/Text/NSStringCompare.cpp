@@ -59,6 +59,15 @@ const UCollator *currentCollator()
     return collator.get();
 }
 
+/// The units of a text, so that its bytes are in their order.
+QByteArray bigEndian(const QString &text)
+{
+    QByteArray bytes;
+    for (const QChar unit : text)
+        bytes.append(char(unit.unicode() >> 8)).append(char(unit.unicode() & 0xFF));
+    return bytes;
+}
+
 /// The canonical decomposition (NFD), case folded unless upper and lower case are distinguished.
 icu::UnicodeString decomposed(QStringView text, Qt::CaseSensitivity sensitivity)
 {
@@ -89,6 +98,25 @@ std::weak_ordering NSString::localizedCompare(const QString &left, const QString
         return QString::compare(left, right) <=> 0;
     return int(ucol_strcoll(collator, QStringView(left).utf16(), int32_t(left.size()),
                             QStringView(right).utf16(), int32_t(right.size()))) <=> 0;
+}
+
+QByteArray NSString::localizedSortKey(const QString &text)
+{
+    const UCollator *collator = currentCollator();
+    if (!collator)
+        return bigEndian(text);
+    const auto write = [&](QByteArray *key) {
+        return ucol_getSortKey(collator, QStringView(text).utf16(), int32_t(text.size()),
+                               reinterpret_cast<uint8_t *>(key->data()), int32_t(key->size()));
+    };
+    // Most keys fit in so many bytes.
+    QByteArray key(3 * text.size() + 16, Qt::Uninitialized);
+    const int32_t size = write(&key);
+    const bool fits = size <= key.size();
+    key.resize(size);
+    if (!fits)
+        write(&key);
+    return key;
 }
 
 qsizetype NSString::lengthOfCanonicalPrefix(QStringView text, QStringView prefix,

@@ -4,8 +4,10 @@ target_sources(KTUtilityTests PRIVATE
     Platform/AppKit/NSAlertTests.cpp
     Platform/AppKit/NSAnimationTests.cpp
     Platform/AppKit/NSApplicationTests.cpp
+    Platform/AppKit/NSArrayControllerObjectsTests.cpp
     Platform/AppKit/NSArrayControllerTests.cpp
     Platform/AppKit/NSBezierPathTests.cpp
+    Platform/AppKit/NSEditorTests.cpp
     Platform/AppKit/NSFontTests.cpp
     Platform/AppKit/NSImageTests.cpp
     Platform/AppKit/NSMenuItemTests.cpp

@@ -6,6 +6,7 @@
 #include <KTUtility/NSObject>
 
 #include "support/ObservedModel.h"
+#include "support/Reading.h"
 #include "support/TestSupport.h"
 
 #include <functional>
@@ -100,6 +101,51 @@ TEST(NSKeyValueObservation, TellsWhatWasAskedFor)
     EXPECT_EQ(nothing.told(), words(u"->-"));
     EXPECT_EQ(newOnly.told(), words(u"->2"));
     EXPECT_EQ(oldOnly.told(), words(u"1>-"));
+}
+
+TEST(NSKeyValueObservation, FollowsBindablePropertiesWithoutSignal)
+{
+    auto record = std::make_unique<Reading>();
+    Recorder recorder(record.get(), u"quiet"_s);
+    record->setQuiet(2);
+    EXPECT_EQ(recorder.told().size(), 1);
+    record->setQuiet(2);
+    EXPECT_EQ(recorder.told(), QStringList());
+    // By key it is told once, too.
+    NSKeyValueCoding::setValue(record.get(), 3, u"quiet"_s);
+    EXPECT_EQ(recorder.told().size(), 1);
+    QProperty<int> source(7);
+    record->bindableQuiet().setBinding([&] { return source.value(); });
+    EXPECT_EQ(recorder.told().size(), 1);
+    source = 8;
+    EXPECT_EQ(recorder.told().size(), 1);
+    EXPECT_EQ(record->quiet(), 8);
+    recorder.invalidate();
+    source = 9;
+    EXPECT_EQ(recorder.told(), QStringList());
+    Recorder last(record.get(), u"quiet"_s);
+    record.reset();
+    EXPECT_FALSE(last.isActive());
+}
+
+TEST(NSKeyValueObservation, ABindablePropertyMayGoWithWhoIsTold)
+{
+    auto record = std::make_unique<Reading>();
+    NSKeyValueObservation ended;
+    ended = NSKeyValueObservation(record.get(), u"quiet", NSKeyValueObservingOptionNew,
+                                  [&](const NSKeyValueChange &) { ended.invalidate(); });
+    int calls = 0;
+    const NSKeyValueObservation counted(record.get(), u"quiet", NSKeyValueObservingOptionNew,
+                                        [&](const NSKeyValueChange &) { ++calls; });
+    record->setQuiet(2);
+    record->setQuiet(3);
+    EXPECT_FALSE(ended.isActive());
+    EXPECT_EQ(calls, 2);
+    NSKeyValueObservation alone;
+    alone = NSKeyValueObservation(record.get(), u"quiet", NSKeyValueObservingOptionNew,
+                                  [&](const NSKeyValueChange &) { alone.invalidate(); });
+    record->setQuiet(4);
+    EXPECT_FALSE(alone.isActive());
 }
 
 TEST(NSKeyValueObservation, TheInitialCallHasNoOldValue)

@@ -1,4 +1,5 @@
 target_sources(KTUtilityTests PRIVATE
+    Platform/Keys/ChangeChainTests.cpp
     Platform/Keys/InvokerTests.cpp
     Platform/Keys/KTTextTests.cpp
     Platform/Keys/KTValueTests.cpp
@@ -14,12 +15,11 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Keys/NSKeyValueObservationTests.cpp
     Platform/Keys/NSKeyValueObservingTests.cpp
     Platform/Keys/NSOptionalTypeTests.cpp
-    Platform/Keys/NSPredicateTests.cpp
     Platform/Keys/NSProtocolTests.cpp
     Platform/Keys/NSSelectionMarkerTests.cpp
     Platform/Keys/NSSelectorTests.cpp
-    Platform/Keys/NSSortDescriptorTests.cpp
     Platform/Keys/NSWeakMapTableTests.cpp
+    Platform/Keys/SharedFunctionTests.cpp
     Platform/Keys/ValueConversionTests.cpp
     Platform/Keys/ValueMatcherTests.cpp
     support/ObservedModel.h

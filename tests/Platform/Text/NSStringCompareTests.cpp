@@ -1,5 +1,6 @@
 #include <KTUtility/NSStringCompare>
 
+#include "support/DefaultLocale.h"
 #include "support/TestSupport.h"
 
 #include <QLocale>
@@ -41,4 +42,33 @@ TEST(NSStringCompare, CanonicallyEquivalentTextsAreEqual)
     EXPECT_EQ(NSString::indexOfCanonical(u"abc"_s, u"", 0, Qt::CaseSensitive), -1);
     EXPECT_EQ(NSString::lengthOfCanonicalPrefix(u"e\u0301x", u"É", Qt::CaseInsensitive), 2);
     EXPECT_EQ(NSString::lengthOfCanonicalPrefix(u"e\u0301x", u"e", Qt::CaseSensitive), 0);
+}
+
+TEST(NSStringCompare, SortKeysAreInTheOrderOfTheTexts)
+{
+    const QString texts[] = {u""_s,
+                             u"a"_s,
+                             u"A"_s,
+                             u"ä"_s,
+                             u"a\u0308"_s,
+                             u"b"_s,
+                             u"item 9"_s,
+                             u"item 10"_s,
+                             u"-"_s,
+                             u"ß"_s,
+                             u"ss"_s,
+                             u"日本"_s,
+                             QString(500, u'x'),
+                             QString(500, u'字'),
+                             u"\U0001F600"_s};
+    for (const char *const name : {"de_DE", "sv_SE", "ja_JP", "C"}) {
+        const testing_support::DefaultLocale locale{QLocale(QString::fromLatin1(name))};
+        for (const QString &left : texts) {
+            for (const QString &right : texts)
+                EXPECT_EQ(NSString::localizedSortKey(left).compare(
+                              NSString::localizedSortKey(right)) <=> 0,
+                          NSString::localizedCompare(left, right))
+                    << name << qPrintable(left) << qPrintable(right);
+        }
+    }
 }

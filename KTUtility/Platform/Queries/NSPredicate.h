@@ -1,11 +1,13 @@
 #pragma once
 
-#include "KeyValueTarget.h"
 #include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/Keys/KeyValueTarget.h>
+#include <KTUtility/Platform/Keys/MemberReader.h>
 
 #include <QString>
 #include <QVariantList>
 
+#include <concepts>
 #include <functional>
 
 /// A condition that objects fulfil or not: a function, or a comparison of what lies at key paths.
@@ -42,6 +44,23 @@ public:
     NSPredicate() = default;
     /// The condition of a function.
     static NSPredicate predicateWithBlock(Block block);
+    /// The condition of a getter, a data member, or a lambda that takes an object of a class: a
+    /// misspelt name does not compile. Objects of other classes do not fulfil it.
+    /// \code
+    /// NSPredicate::where(&Expense::isPaid)
+    /// NSPredicate::where([](const Expense &each) { return each.count() > 2; })
+    /// \endcode
+    template<KTPrivate::Readable T>
+        requires std::convertible_to < KTPrivate::ReadValue<T>,
+    bool > static NSPredicate where(T member)
+    {
+        return predicateWithBlock([member](const QVariant &each) {
+            using Class = typename KTPrivate::ReadClass<T>::Type;
+            auto *const object =
+                KTPrivate::objectAs<Class>(KTPrivate::KeyValueTarget::ofVariant(each));
+            return object && static_cast<bool>(KTPrivate::readFrom(member, *object));
+        });
+    }
     /// The condition that a format says.
     /// \throws NSException NSInvalidArgumentException if it is none, or an argument is missing.
     static NSPredicate predicateWithFormat(QStringView format, const QVariantList &arguments = {});

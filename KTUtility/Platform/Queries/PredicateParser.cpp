@@ -1,6 +1,6 @@
 #include "PredicateParser_p.h"
 
-#include "NSKeyValueCoding.h"
+#include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
 #include <KTUtility/Platform/Values/NSDecimalNumber.h>
 #include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>

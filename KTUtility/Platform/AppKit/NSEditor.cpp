@@ -1,0 +1,3 @@
+#include "NSEditor.h"
+
+NSEditor::~NSEditor() = default;

@@ -1,0 +1,196 @@
+#include "SortKeys_p.h"
+
+#include "LocalInstants_p.h"
+
+#include <KTUtility/Platform/Text/NSStringCompare.h>
+#include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/Platform/Values/VariantKind_p.h>
+
+#include <QDateTime>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+using namespace KTPrivate;
+
+class SortKeys::Level
+{
+public:
+    explicit Level(bool ascending) : _ascending(ascending) {}
+    virtual ~Level() = default;
+    std::weak_ordering compare(size_t left, size_t right) const
+    {
+        return _ascending ? compareAscending(left, right) : compareAscending(right, left);
+    }
+
+private:
+    virtual std::weak_ordering compareAscending(size_t left, size_t right) const = 0;
+
+    bool _ascending;
+};
+
+namespace {
+using Values = std::vector<QVariant>;
+
+/// NaN comes behind every number.
+std::weak_ordering orderOf(double left, double right)
+{
+    if (std::isnan(left) || std::isnan(right))
+        return std::isnan(left) <=> std::isnan(right);
+    return left < right   ? std::weak_ordering::less
+           : left > right ? std::weak_ordering::greater
+                          : std::weak_ordering::equivalent;
+}
+std::weak_ordering orderOf(qint64 left, qint64 right)
+{
+    return left <=> right;
+}
+std::weak_ordering orderOf(const QString &left, const QString &right)
+{
+    return QString::compare(left, right) <=> 0;
+}
+std::weak_ordering orderOf(const QByteArray &left, const QByteArray &right)
+{
+    return left.compare(right) <=> 0;
+}
+
+/// Values of one kind, nil first.
+template<typename T>
+class KeysOfKind : public SortKeys::Level
+{
+public:
+    template<typename Conversion>
+    KeysOfKind(const Values &values, bool ascending, Conversion converted) : Level(ascending)
+    {
+        _keys.reserve(values.size());
+        for (const QVariant &value : values) {
+            const bool isThere = !NSObject::isNil(value);
+            _keys.emplace_back(isThere, isThere ? converted(value) : T());
+        }
+    }
+
+private:
+    std::weak_ordering compareAscending(size_t left, size_t right) const override
+    {
+        const auto &[isLeftThere, leftKey] = _keys[left];
+        const auto &[isRightThere, rightKey] = _keys[right];
+        return isLeftThere && isRightThere ? orderOf(leftKey, rightKey)
+                                           : isLeftThere <=> isRightThere;
+    }
+
+    std::vector<std::pair<bool, T>> _keys;
+};
+
+/// Values of any kind.
+class KeysOfAnyKind : public SortKeys::Level
+{
+public:
+    KeysOfAnyKind(Values values, const NSSortDescriptor &descriptor)
+        : Level(descriptor.ascending)
+        , _values(std::move(values))
+        , _comparator(descriptor.comparator)
+        , _isLocalized(descriptor.localized)
+    {
+    }
+
+private:
+    static bool isText(const QVariant &value)
+    {
+        return kindOf(value) == VariantKind::Text && !NSObject::isNil(value);
+    }
+    std::weak_ordering compareAscending(size_t left, size_t right) const override
+    {
+        const QVariant &leftValue = _values[left];
+        const QVariant &rightValue = _values[right];
+        if (_isLocalized && isText(leftValue) && isText(rightValue))
+            return NSString::localizedCompare(leftValue.toString(), rightValue.toString());
+        return _comparator(leftValue, rightValue);
+    }
+
+    Values _values;
+    NSComparator _comparator;
+    bool _isLocalized;
+};
+
+/// How a kind is compared; for all that can only be compared as variants, that kind itself.
+VariantKind comparedAs(VariantKind kind)
+{
+    return kind == VariantKind::Bool ? VariantKind::Signed : kind;
+}
+
+/// The kind that all values have but nil; VariantKind::Other if there are several, or none.
+VariantKind commonKind(const Values &values)
+{
+    VariantKind common = VariantKind::Nil;
+    for (const QVariant &value : values) {
+        if (NSObject::isNil(value))
+            continue;
+        const VariantKind kind = comparedAs(kindOf(value));
+        if (common != VariantKind::Nil && kind != common)
+            return VariantKind::Other;
+        common = kind;
+    }
+    return common;
+}
+
+Values valuesOf(const std::vector<KeyValueTarget> &elements, const NSSortDescriptor &descriptor)
+{
+    Values values;
+    values.reserve(elements.size());
+    KeyPath path(descriptor.key);
+    for (const KeyValueTarget &element : elements)
+        values.push_back(descriptor.member ? descriptor.member(element) : path.read(element));
+    return values;
+}
+
+std::unique_ptr<SortKeys::Level> textKeys(const Values &values, const NSSortDescriptor &descriptor)
+{
+    if (descriptor.localized)
+        return std::make_unique<KeysOfKind<QByteArray>>(
+            values, descriptor.ascending,
+            [](const QVariant &value) { return NSString::localizedSortKey(value.toString()); });
+    return std::make_unique<KeysOfKind<QString>>(
+        values, descriptor.ascending, [](const QVariant &value) { return value.toString(); });
+}
+
+std::unique_ptr<SortKeys::Level> levelOf(Values values, const NSSortDescriptor &descriptor)
+{
+    const bool isOrdinary = descriptor.comparator == NSComparator(NSObject::compare);
+    const VariantKind kind = commonKind(values);
+    if (kind == VariantKind::Text && (isOrdinary || descriptor.localized))
+        return textKeys(values, descriptor);
+    if (isOrdinary && kind == VariantKind::Date)
+        return std::make_unique<KeysOfKind<qint64>>(
+            values, descriptor.ascending,
+            [instants = LocalInstants()](const QVariant &value) mutable {
+                return instants.of(value.toDateTime());
+            });
+    if (isOrdinary && kind == VariantKind::Signed)
+        return std::make_unique<KeysOfKind<qint64>>(
+            values, descriptor.ascending, [](const QVariant &value) { return value.toLongLong(); });
+    if (isOrdinary && kind == VariantKind::Double)
+        return std::make_unique<KeysOfKind<double>>(
+            values, descriptor.ascending, [](const QVariant &value) { return value.toDouble(); });
+    return std::make_unique<KeysOfAnyKind>(std::move(values), descriptor);
+}
+} // namespace
+
+SortKeys::SortKeys(const std::vector<KeyValueTarget> &elements,
+                   const QList<NSSortDescriptor> &descriptors)
+{
+    for (const NSSortDescriptor &descriptor : descriptors)
+        _levels.push_back(levelOf(valuesOf(elements, descriptor), descriptor));
+}
+
+SortKeys::~SortKeys() = default;
+
+std::weak_ordering SortKeys::compare(size_t left, size_t right) const
+{
+    for (const std::unique_ptr<Level> &level : _levels) {
+        const std::weak_ordering order = level->compare(left, right);
+        if (order != 0)
+            return order;
+    }
+    return std::weak_ordering::equivalent;
+}

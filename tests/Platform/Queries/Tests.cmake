@@ -1,0 +1,6 @@
+target_sources(KTUtilityTests PRIVATE
+    Platform/Queries/LocalInstantsTests.cpp
+    Platform/Queries/NSPredicateTests.cpp
+    Platform/Queries/NSSortDescriptorTests.cpp
+    Platform/Queries/SortedOrderTests.cpp
+)
