@@ -4,7 +4,7 @@
 #include <KTUtility/Platform/Keys/KTValue.h>
 #include <KTUtility/Platform/Keys/KeyPath.h>
 #include <KTUtility/Platform/Keys/KeyValueTarget.h>
-#include <KTUtility/Platform/Keys/ValueMatcher.h>
+#include <KTUtility/Platform/Queries/ValueMatcher.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 
 #include <QVariant>

@@ -10,7 +10,7 @@
 #include <KTUtility/Platform/Keys/NSCollections.h>
 #include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
 #include <KTUtility/Platform/Queries/NSSortDescriptor.h>
-#include <KTUtility/Platform/Keys/ValueMatcher.h>
+#include <KTUtility/Platform/Queries/ValueMatcher.h>
 #include <KTUtility/Platform/Text/NSStringCompare.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 

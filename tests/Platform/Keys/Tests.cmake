@@ -21,6 +21,5 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Keys/NSWeakMapTableTests.cpp
     Platform/Keys/SharedFunctionTests.cpp
     Platform/Keys/ValueConversionTests.cpp
-    Platform/Keys/ValueMatcherTests.cpp
     support/ObservedModel.h
 )

@@ -3,4 +3,5 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Queries/NSPredicateTests.cpp
     Platform/Queries/NSSortDescriptorTests.cpp
     Platform/Queries/SortedOrderTests.cpp
+    Platform/Queries/ValueMatcherTests.cpp
 )
