@@ -67,6 +67,7 @@ def examples_of(page):
 def main(docs, framework, work, generator):
     docs, work = pathlib.Path(docs), pathlib.Path(work).resolve()
     shutil.rmtree(work, ignore_errors=True)
+    cached = ["-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"] if shutil.which("ccache") else []
     source, build, home, prefix = work / "source", work / "build", work / "home", work / "prefix"
     for folder in (source, home):
         folder.mkdir(parents=True)
@@ -77,7 +78,7 @@ def main(docs, framework, work, generator):
             apply(source / name, place, code)
         if not build.exists():
             run("cmake", "-S", source, "-B", build, "-G", generator, f"-DCMAKE_PREFIX_PATH={prefix}",
-                "-DCMAKE_BUILD_TYPE=Debug")
+                "-DCMAKE_BUILD_TYPE=Debug", *cached)
         build_and_draw(source, build, home)
     print("Examples", flush=True)
     (source / "examples.cpp").write_text(examples_of((docs / "from-plain-qt.md").read_text()))

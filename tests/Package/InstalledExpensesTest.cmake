@@ -3,9 +3,14 @@
 include("${CMAKE_CURRENT_LIST_DIR}/Run.cmake")
 
 file(REMOVE_RECURSE "${WORK}")
+find_program(ccache ccache)
+if(NOT ccache)
+    set(ccache "")
+endif()
 run("${CMAKE_COMMAND}" --install "${BUILD}" --component KTUtility --prefix "${WORK}/prefix")
 run("${CMAKE_COMMAND}" -S "${SOURCE}" -B "${WORK}/build" -G "${GENERATOR}"
-    "-DCMAKE_PREFIX_PATH=${WORK}/prefix" -DCMAKE_BUILD_TYPE=Debug)
+    "-DCMAKE_PREFIX_PATH=${WORK}/prefix" -DCMAKE_BUILD_TYPE=Debug
+    "-DCMAKE_CXX_COMPILER_LAUNCHER=${ccache}")
 run("${CMAKE_COMMAND}" --build "${WORK}/build")
 run("${CMAKE_CTEST_COMMAND}" --test-dir "${WORK}/build" --output-on-failure --no-tests=error)
 
