@@ -103,22 +103,6 @@
         <source>This value cannot be stored here.</source>
         <translation>Dieser Wert kann hier nicht gespeichert werden.</translation>
     </message>
-    <message>
-        <source>“%1” cannot be read here.</source>
-        <translation>„%1“ kann hier nicht gelesen werden.</translation>
-    </message>
-    <message>
-        <source>“%1” is not a date.</source>
-        <translation>„%1“ ist kein Datum.</translation>
-    </message>
-    <message>
-        <source>“%1” is not a number.</source>
-        <translation>„%1“ ist keine Zahl.</translation>
-    </message>
-    <message>
-        <source>“%1” is not an amount of money.</source>
-        <translation>„%1“ ist kein Geldbetrag.</translation>
-    </message>
 </context>
 <context>
     <name>KTLogger</name>
@@ -216,6 +200,10 @@
     <message>
         <source>The stroke may stand before a fraction or in the middle of one.</source>
         <translation>Der Strich kann vor einem Bruch oder mitten darin stehen.</translation>
+    </message>
+    <message>
+        <source>The text cannot be read as a date.</source>
+        <translation>Der Text kann nicht als Datum gelesen werden.</translation>
     </message>
     <message>
         <source>The text cannot be read.</source>

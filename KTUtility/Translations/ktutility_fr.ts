@@ -103,22 +103,6 @@
         <source>This value cannot be stored here.</source>
         <translation>Cette valeur ne peut pas être enregistrée ici.</translation>
     </message>
-    <message>
-        <source>“%1” cannot be read here.</source>
-        <translation>« %1 » ne peut pas être interprété ici.</translation>
-    </message>
-    <message>
-        <source>“%1” is not a date.</source>
-        <translation>« %1 » n’est pas une date.</translation>
-    </message>
-    <message>
-        <source>“%1” is not a number.</source>
-        <translation>« %1 » n’est pas un nombre.</translation>
-    </message>
-    <message>
-        <source>“%1” is not an amount of money.</source>
-        <translation>« %1 » n’est pas un montant.</translation>
-    </message>
 </context>
 <context>
     <name>KTLogger</name>
@@ -216,6 +200,10 @@
     <message>
         <source>The stroke may stand before a fraction or in the middle of one.</source>
         <translation>Le trait peut précéder une fraction ou se trouver au milieu de celle-ci.</translation>
+    </message>
+    <message>
+        <source>The text cannot be read as a date.</source>
+        <translation>Le texte ne peut pas être lu comme une date.</translation>
     </message>
     <message>
         <source>The text cannot be read.</source>

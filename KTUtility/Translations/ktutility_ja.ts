@@ -103,22 +103,6 @@
         <source>This value cannot be stored here.</source>
         <translation>この値はここに保存できません。</translation>
     </message>
-    <message>
-        <source>“%1” cannot be read here.</source>
-        <translation>「%1」はここでは読み取れません。</translation>
-    </message>
-    <message>
-        <source>“%1” is not a date.</source>
-        <translation>「%1」は日付ではありません。</translation>
-    </message>
-    <message>
-        <source>“%1” is not a number.</source>
-        <translation>「%1」は数値ではありません。</translation>
-    </message>
-    <message>
-        <source>“%1” is not an amount of money.</source>
-        <translation>「%1」は金額ではありません。</translation>
-    </message>
 </context>
 <context>
     <name>KTLogger</name>
@@ -216,6 +200,10 @@
     <message>
         <source>The stroke may stand before a fraction or in the middle of one.</source>
         <translation>線が分数の前にあるのか、分数の中にあるのか判断できません。</translation>
+    </message>
+    <message>
+        <source>The text cannot be read as a date.</source>
+        <translation>テキストを日付として読み取れません。</translation>
     </message>
     <message>
         <source>The text cannot be read.</source>

@@ -23,6 +23,7 @@ void KTAlert::show(int count)
     setTitle(NSBundle::mainBundle().localizedStringForKey(u"&Title"_s));
     refuse(u"There is no such day."_s);
     NSException::raise(name, u"There is no such class."_s);
+    return NSString::stringWithFormat(u"The %@ is missing.", name);
     KTLog(component, 4, u"There is no such file.");
 }
 """

@@ -3,6 +3,7 @@
 #include "Expense.h"
 #include "ExpenseFile.h"
 
+#include <KTUtility/KTApplication>
 #include <KTUtility/KTBoundCheckBox>
 #include <KTUtility/KTCurrencyFormatter>
 #include <KTUtility/KTDateTimeFormatter>
@@ -18,7 +19,6 @@
 
 #include <QCoreApplication>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QFormLayout>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -32,7 +32,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int GermanPhones = 2;
 const QString WindowKey = u"window"_s;
 const QString ExportersKey = u"enabledExporters"_s;
 
@@ -48,7 +47,7 @@ std::shared_ptr<Formatter> formatter()
 QList<KTArrayColumn> columns()
 {
     const auto phones = formatter<KTPhoneNumberFormatter>();
-    phones->setFormatIndex(GermanPhones);
+    phones->setFormatIndex(2); // those of Germany
     QList<KTArrayColumn> columns{
         {u"title"_s, ExpensesWindow::tr("Title")},
         {u"amount"_s, ExpensesWindow::tr("Amount"), formatter<KTCurrencyFormatter>()},
@@ -62,6 +61,13 @@ QList<KTArrayColumn> columns()
     return columns;
 }
 } // namespace
+
+void ExpensesWindow::identifyProgram()
+{
+    KTApplication::setIdentity(
+        {.identifier = u"org.example.expenses"_s,
+         .plugInFolders = {QCoreApplication::applicationDirPath() + u"/PlugIns"_s}});
+}
 
 ExpensesWindow::ExpensesWindow(const QString &file) : _file(file), _model(&_expenses, columns())
 {
@@ -138,27 +144,23 @@ void ExpensesWindow::removeSelected()
 {
     if (_expenses.selectionIndex() < 0)
         return;
-    KTDoNotShowAlert::beginCriticalAlertSheet({
+    const KTDoNotShowAlert::Alert alert{
         .title = tr("Delete the selected expenses?"),
         .defaultButton = tr("Delete"),
         .alternateButton = tr("Keep"),
-        .otherButton = {},
         .window = this,
-        .modalDelegate = this,
-        .didEndSelector = "removalAlertDidEnd:returnCode:contextInfo:",
         .msg = tr("This cannot be undone."),
         .suppressionKey = u"removeExpenses"_s,
+        .silencedBy = KTDoNotShowAlert::SilencedBy::DefaultButton,
+    };
+    KTDoNotShowAlert::ask(alert, this, [this](NSAlertReturnCode code) {
+        if (code != NSAlertDefaultReturn)
+            return;
+        for (const QVariant &expense : _expenses.selectedObjects()) {
+            _expenses.removeObject(expense);
+            expense.value<QObject *>()->deleteLater();
+        }
     });
-}
-
-void ExpensesWindow::removalAlertDidEnd(NSAlert *, int returnCode, void *)
-{
-    if (returnCode != NSAlertDefaultReturn)
-        return;
-    for (const QVariant &expense : _expenses.selectedObjects()) {
-        _expenses.removeObject(expense);
-        expense.value<QObject *>()->deleteLater();
-    }
 }
 
 bool ExpensesWindow::save()
@@ -181,12 +183,11 @@ void ExpensesWindow::report(const QString &text) const
 void ExpensesWindow::loadPlugIns()
 {
     _plugIns.setProtocol(NSProtocol::of<ExpenseExporter>());
+    _plugIns.setSearchFolder(u"Exporters"_s);
     _plugIns.setEnabledKey(ExportersKey);
     _plugIns.pluginDefaultsRegisterDefaults(
         {{ExportersKey, QVariantList{u"org.example.expenses.csv"_s}}});
-    const QString folder = QCoreApplication::applicationDirPath() + u"/PlugIns"_s;
-    for (const QString &bundle : NSBundle::pathsForResourcesOfType(u"bundle"_s, folder))
-        _plugIns.registerBundle(NSBundle(bundle));
+    _plugIns.registerPlugins();
     _plugIns.loadAllPlugins();
 }
 
@@ -212,7 +213,7 @@ void ExpensesWindow::chooseExport()
 bool ExpensesWindow::exportTo(const QString &file)
 {
     for (const ExpenseExporter *const exporter : exporters()) {
-        if (exporter->fileType() != QFileInfo(file).suffix())
+        if (exporter->fileType() != file.section(u'.', -1))
             continue;
         QSaveFile written(file);
         if (written.open(QIODevice::WriteOnly))

@@ -3,15 +3,14 @@
 #include "ExpenseExporter.h"
 
 #include <KTUtility/KTArrayModel>
+#include <KTUtility/KTLogComponent>
 #include <KTUtility/KTPlugInManager>
 #include <KTUtility/NSArrayController>
 
 #include <QMainWindow>
 
-class NSAlert;
-
 /// The component under which the program logs.
-inline const QString LogExpenses = QStringLiteral("Expenses");
+KT_LOG_COMPONENT(LogExpenses, "Expenses")
 
 /// A table of expenses, with a form for those that are selected.
 class ExpensesWindow : public QMainWindow
@@ -19,6 +18,8 @@ class ExpensesWindow : public QMainWindow
     Q_OBJECT
 
 public:
+    /// Says whose settings, log and plug-ins are used; before any of them is.
+    static void identifyProgram();
     /// \param file is read now and written by save().
     explicit ExpensesWindow(const QString &file);
 
@@ -32,7 +33,6 @@ public:
     void search(const QString &text);
     /// Has the plug-in write that is for this kind of file.
     bool exportTo(const QString &file);
-    Q_INVOKABLE void removalAlertDidEnd(NSAlert *alert, int returnCode, void *contextInfo);
 
 protected:
     void closeEvent(QCloseEvent *event) override;

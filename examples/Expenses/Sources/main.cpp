@@ -1,22 +1,20 @@
 #include "ExpensesWindow.h"
 
 #include <KTUtility/KTTranslations>
+#include <KTUtility/NSSearchPath>
 
 #include <QApplication>
-#include <QDir>
-#include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
 
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
-    QApplication::setDesktopFileName(u"org.example.expenses"_s);
-    QApplication::setApplicationName(u"Expenses"_s);
+    ExpensesWindow::identifyProgram();
     KTTranslations::install(u":/i18n/expenses"_s);
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
-    folder.mkpath(u"."_s);
-    ExpensesWindow window(folder.filePath(u"expenses.plist"_s));
+    const QStringList folders =
+        NSSearchPathForDirectoriesInDomains(NSLibraryDirectory, NSUserDomainMask, true);
+    ExpensesWindow window(folders.value(0) + u"/expenses.plist"_s);
     window.show();
     return QApplication::exec();
 }

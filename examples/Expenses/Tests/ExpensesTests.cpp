@@ -65,7 +65,7 @@ void keepPicture(const QPixmap &picture, const QString &name)
 
 void ExpensesTests::initTestCase()
 {
-    QGuiApplication::setDesktopFileName(u"org.example.expenses"_s);
+    ExpensesWindow::identifyProgram();
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     QCOMPARE(KTTranslations::install(u":/i18n/expenses"_s), u"de"_s);
 }
@@ -212,6 +212,8 @@ void ExpensesTests::aSilencedQuestionIsAnsweredWithDelete()
 {
     addExpense(u"Bahn"_s);
     addExpense(u"Bus"_s);
+    // Only who deletes can silence it.
+    pressInAlert(u"Behalten"_s, true);
     pressInAlert(u"Löschen"_s, true);
     window().expenses().setSelectionIndex(0);
     window().removeSelected();
