@@ -3,12 +3,15 @@
 using namespace KTPrivate;
 
 namespace {
-constexpr int DaysOfWeek = 7;
 constexpr qint64 MillisecondsOfDay = 24 * 60 * 60 * 1000;
-constexpr qint64 MillisecondsOfWeek = DaysOfWeek * MillisecondsOfDay;
+
+/// Where a zone is as far from UTC at the end of so many days as at their beginning, it is so all the
+/// time: no zone puts its clocks forward and back again within a month, which some do for Ramadan.
+/// Where it is not, fewer days are tried.
+constexpr int Periods[] = {21, 3};
 
 /// A reading of a clock as if it were in UTC, since noon of the first Julian day: zones do not
-/// change at noon, where weeks begin.
+/// change at noon, where periods begin.
 qint64 readingOf(const QDateTime &date)
 {
     return date.date().toJulianDay() * MillisecondsOfDay + date.time().msecsSinceStartOfDay() -
@@ -21,24 +24,30 @@ qint64 LocalInstants::of(const QDateTime &date)
     if (date.timeSpec() != Qt::LocalTime || !date.isValid())
         return date.toMSecsSinceEpoch();
     const qint64 reading = readingOf(date);
-    // Before the first of the days, weeks would begin late.
-    const std::optional<qint64> distance =
-        reading < MillisecondsOfWeek ? std::nullopt : distanceIn(reading / MillisecondsOfWeek);
+    const std::optional<qint64> distance = distanceAround(reading);
     return distance ? reading - *distance : date.toMSecsSinceEpoch();
 }
 
-/// The distance in a week; none if it changes meanwhile. No zone changes it twice in a week.
-std::optional<qint64> LocalInstants::distanceIn(qint64 week)
+/// The distance at a reading; none if it changes too near to it.
+std::optional<qint64> LocalInstants::distanceAround(qint64 reading)
 {
-    const qint64 distance = distanceAt(week);
-    return distance == distanceAt(week + 1) ? std::optional(distance) : std::nullopt;
+    // Before the first of the days, periods would begin late.
+    if (reading < 0)
+        return std::nullopt;
+    for (const int days : Periods) {
+        const qint64 first = reading / MillisecondsOfDay / days * days;
+        const qint64 distance = distanceAtNoon(first);
+        if (distance == distanceAtNoon(first + days))
+            return distance;
+    }
+    return std::nullopt;
 }
 
-qint64 LocalInstants::distanceAt(qint64 week)
+qint64 LocalInstants::distanceAtNoon(qint64 julianDay)
 {
-    const auto known = _distances.constFind(week);
+    const auto known = _distances.constFind(julianDay);
     if (known != _distances.constEnd())
         return *known;
-    const QDateTime start(QDate::fromJulianDay(week * DaysOfWeek), QTime(12, 0));
-    return *_distances.insert(week, readingOf(start) - start.toMSecsSinceEpoch());
+    const QDateTime noon(QDate::fromJulianDay(julianDay), QTime(12, 0));
+    return *_distances.insert(julianDay, readingOf(noon) - noon.toMSecsSinceEpoch());
 }

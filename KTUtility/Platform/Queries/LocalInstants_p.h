@@ -11,18 +11,18 @@
 
 namespace KTPrivate {
 /// Milliseconds since 1970 of many dates, as QDateTime::toMSecsSinceEpoch(), but without asking for
-/// the local zone each time, which takes microseconds: it is asked once for each week that begins
-/// and ends with the same distance to UTC.
+/// the local zone each time, which takes microseconds: it is asked once for each of some weeks that
+/// begin and end with the same distance to UTC.
 class KTUTILITY_EXPORT LocalInstants
 {
 public:
     qint64 of(const QDateTime &date);
 
 private:
-    std::optional<qint64> distanceIn(qint64 week);
-    qint64 distanceAt(qint64 week);
+    std::optional<qint64> distanceAround(qint64 reading);
+    qint64 distanceAtNoon(qint64 julianDay);
 
-    /// By weeks since the first Julian day: milliseconds to UTC at their beginning.
+    /// Milliseconds to UTC at noon of some Julian days.
     QHash<qint64, qint64> _distances;
 };
 } // namespace KTPrivate

@@ -55,6 +55,19 @@ std::weak_ordering orderOf(const QByteArray &left, const QByteArray &right)
     return left.compare(right) <=> 0;
 }
 
+/// Numbers are told from nil quickly.
+bool mayBeNil(const QVariant &value)
+{
+    const int type = value.typeId();
+    return type < QMetaType::Bool || type > QMetaType::Double;
+}
+
+double doubleOf(const QVariant &value)
+{
+    return value.typeId() == QMetaType::Double ? *static_cast<const double *>(value.constData())
+                                               : value.toDouble();
+}
+
 /// Values of one kind, nil first.
 template<typename T>
 class KeysOfKind : public SortKeys::Level
@@ -65,7 +78,7 @@ public:
     {
         _keys.reserve(values.size());
         for (const QVariant &value : values) {
-            const bool isThere = !NSObject::isNil(value);
+            const bool isThere = mayBeNil(value) ? !NSObject::isNil(value) : true;
             _keys.emplace_back(isThere, isThere ? converted(value) : T());
         }
     }
@@ -123,9 +136,12 @@ VariantKind comparedAs(VariantKind kind)
 VariantKind commonKind(const Values &values)
 {
     VariantKind common = VariantKind::Nil;
+    QMetaType commonType;
     for (const QVariant &value : values) {
-        if (NSObject::isNil(value))
+        const bool isKnown = value.isValid() && value.metaType() == commonType;
+        if (isKnown || NSObject::isNil(value))
             continue;
+        commonType = value.metaType();
         const VariantKind kind = comparedAs(kindOf(value));
         if (common != VariantKind::Nil && kind != common)
             return VariantKind::Other;
@@ -170,8 +186,7 @@ std::unique_ptr<SortKeys::Level> levelOf(Values values, const NSSortDescriptor &
         return std::make_unique<KeysOfKind<qint64>>(
             values, descriptor.ascending, [](const QVariant &value) { return value.toLongLong(); });
     if (isOrdinary && kind == VariantKind::Double)
-        return std::make_unique<KeysOfKind<double>>(
-            values, descriptor.ascending, [](const QVariant &value) { return value.toDouble(); });
+        return std::make_unique<KeysOfKind<double>>(values, descriptor.ascending, doubleOf);
     return std::make_unique<KeysOfAnyKind>(std::move(values), descriptor);
 }
 } // namespace

@@ -9,8 +9,6 @@
 #include "support/ObservedModel.h"
 #include "support/TestSupport.h"
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QPointer>
 #include <QSignalSpy>
 
@@ -21,7 +19,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-class NSArrayControllerObjects : public testing::Test
+class NSArrayControllerObjects : public testing_support::WindowedTest
 {
 protected:
     explicit NSArrayControllerObjects(int count = 5)
@@ -35,7 +33,6 @@ protected:
         controller.setContent(content);
     }
 
-    static void turn() { QCoreApplication::processEvents(); }
     static QString namesOf(const QVariantList &objects)
     {
         QString names;
@@ -168,8 +165,7 @@ TEST_F(NSArrayControllerManyObjects, MayAllBeDestroyedAtOnce)
 {
     sortDescending();
     controller.setSelectionIndexes({0, 5, 7000, 19'999});
-    QElapsedTimer clock;
-    clock.start();
+    const testing_support::ProcessorTime clock;
     for (size_t index = 0; index < records.size(); index += 2)
         records[index].reset();
     // Those that are too many for one turn are nil until its end.
@@ -283,7 +279,7 @@ TEST_F(NSArrayControllerObjects, WhatRaisesWhileItRearrangesIsLogged)
         }));
     isBroken = true;
     records[0]->setNumber(9);
-    const QString logged = testing_support::standardErrorOf([] { turn(); });
+    const QString logged = testing_support::standardErrorOf([this] { turn(); });
     EXPECT_TRUE(logged.contains(u"broken filter"_s));
     EXPECT_EQ(shown(), u"ABCDE"_s);
 }

@@ -3,7 +3,6 @@
 #include "support/LibcZone.h"
 #include "support/TestSupport.h"
 
-#include <QElapsedTimer>
 #include <QTimeZone>
 
 using namespace KTPrivate;
