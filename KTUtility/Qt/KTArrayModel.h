@@ -30,8 +30,8 @@ class RowWatches;
 /// the formatter says so.
 ///
 /// Only objects whose rows a view has asked for lately are observed, see setObservedRows(). Objects
-/// are not owned: the row of one that is destroyed is removed. They may be of several classes. Maps, gadgets and other values are shown, but not observed or edited. For the
-/// main thread.
+/// are not owned: the row of one that is destroyed is removed. They may be of several classes.
+/// Maps, gadgets and other values are shown, but not observed or edited. For the main thread.
 ///
 /// \code
 /// NSArrayController expenses;

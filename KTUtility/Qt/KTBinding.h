@@ -46,7 +46,9 @@ class KTUTILITY_EXPORT KTBinding::Parts
 {
 public:
     virtual ~Parts();
+    /// Whether both sides are there.
     virtual bool isActive() const = 0;
+    /// Ends it; a change may be on its way.
     virtual void end() = 0;
 };
 

@@ -19,9 +19,9 @@ class EditorBinding;
 ///
 /// Where the key path has no single value, the editor shows a placeholder, and while there is
 /// nothing to be edited, it is disabled (see KTBindingOptions). While somebody types, it is
-/// registered with the controller, see NSArrayController::commitEditing(). What the object does not take stays
-/// in the editor, or is put back by those that cannot show it, and the editor says why. Nothing is
-/// thrown after bindTo().
+/// registered with the controller, see NSArrayController::commitEditing(). What the object does not
+/// take stays in the editor, or is put back by those that cannot show it, and the editor says why.
+/// Nothing is thrown after bindTo().
 ///
 /// Derive an editor of your own from it and from a widget: give it Q_PROPERTY(QVariant value …) with
 /// a setter that shows the value and calls showEnabledFor(), and call commitValue() when the user

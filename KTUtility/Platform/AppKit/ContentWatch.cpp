@@ -68,6 +68,15 @@ void ContentWatch::add(const QVariant &element)
         begin(object, &watched->second);
 }
 
+void ContentWatch::remove(const QVariant &element)
+{
+    const auto watched = _watched.find(objectIn(element));
+    if (watched == _watched.end() || --watched->second.count > 0)
+        return;
+    end(watched->first);
+    _watched.erase(watched);
+}
+
 void ContentWatch::begin(QObject *object, Watched *watched)
 {
     static const int destroyed = QMetaMethod::fromSignal(&QObject::destroyed).methodIndex();

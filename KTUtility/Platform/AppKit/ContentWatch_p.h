@@ -31,6 +31,9 @@ public:
 
     /// Watches the objects of another list.
     void setContent(const QVariantList &content);
+    /// One more time, or one time less.
+    void add(const QVariant &element);
+    void remove(const QVariant &element);
 
     /// Tells of changes, too.
     /// \param keys what the elements are sorted by.
@@ -55,7 +58,6 @@ private:
         std::vector<NSKeyValueObservation> observations;
     };
 
-    void add(const QVariant &element);
     void begin(QObject *object, Watched *watched);
     void end(QObject *object);
     void observeKeys(QObject *object, Watched *watched);

@@ -20,7 +20,7 @@
 using namespace KTPrivate;
 
 namespace {
-/// Elements of lists that may be gone through for objects that are destroyed in one turn of the event
+/// So many list elements may be gone through for objects that are destroyed in one turn of the event
 /// loop. What goes beyond that waits for its end.
 constexpr qsizetype WorkOfTurn = 1'000'000;
 
@@ -127,7 +127,7 @@ QVariantList NSArrayController::arranged(const QVariantList &content, const NSPr
 void NSArrayController::setContent(const QVariantList &content)
 {
     removeDead();
-    replaceContent(content, ranked(), {});
+    replaceContent(content, ranked(), {}, [&] { _watch->setContent(content); });
 }
 
 void NSArrayController::addObject(const QVariant &object)
@@ -135,7 +135,7 @@ void NSArrayController::addObject(const QVariant &object)
     removeDead();
     QVariantList content = _content;
     content.append(object);
-    replaceContent(content, RankedSelection::last(object), *_order);
+    replaceContent(content, RankedSelection::last(object), *_order, [&] { _watch->add(object); });
 }
 
 void NSArrayController::removeObject(const QVariant &object)
@@ -150,20 +150,24 @@ void NSArrayController::removeObject(const QVariant &object)
     removeFrom(&content, places);
     SortedOrder order = *_order;
     order.removePlaces(places);
-    replaceContent(content, ranked(), order);
+    replaceContent(content, ranked(), order, [&] {
+        for (qsizetype count = qsizetype(places.size()); count > 0; --count)
+            _watch->remove(object);
+    });
 }
 
 /// Notifies of the content, and shows it. Whoever is notified may delete this object, or change the
 /// content once more, here and below.
 void NSArrayController::replaceContent(const QVariantList &content, const RankedSelection &selected,
-                                       const SortedOrder &knownOrder)
+                                       const SortedOrder &knownOrder,
+                                       const std::function<void()> &watch)
 {
     SortedOrder order = knownOrder;
     const QVariantList shown = arranged(content, _filterPredicate, &order);
     const quint64 turn = ++_turn;
     _content = content;
     *_order = std::move(order);
-    _watch->setContent(content);
+    watch();
     const QPointer<NSArrayController> self = this;
     Q_EMIT contentChanged();
     if (self)
@@ -232,8 +236,8 @@ void NSArrayController::rearrangeIfOthers()
         show(shown, ranked());
 }
 
-/// Called while the object is being destroyed. What it wanted to be told of this controller would meet
-/// what is left of it.
+/// Called while the object is being destroyed. What it wanted to be told would meet what is left of
+/// it.
 void NSArrayController::objectIsGone(QObject *object)
 {
     QObject::disconnect(this, nullptr, object, nullptr);

@@ -1,13 +1,14 @@
 #pragma once
 
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Queries/NSPredicate.h>
 #include <KTUtility/Platform/Keys/NSSelectionMarker.h>
+#include <KTUtility/Platform/Queries/NSPredicate.h>
 #include <KTUtility/Platform/Queries/NSSortDescriptor.h>
 
 #include <QObject>
 #include <QVariantList>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -140,6 +141,7 @@ public:
     /// Not at first: the selection changes, and what cannot be stored is lost, which its editor
     /// tells.
     bool commitsBeforeSelecting() const { return _commitsBeforeSelecting; }
+    /// Has others selected only then, or not.
     void setCommitsBeforeSelecting(bool commits) { _commitsBeforeSelecting = commits; }
 
 Q_SIGNALS:
@@ -148,7 +150,7 @@ Q_SIGNALS:
     void selectionChanged();
     /// Others are set; before the objects are arranged by them.
     void sortDescriptorsChanged();
-    /// One of very many objects has been destroyed: it is nil now, and leaves at the end of the turn.
+    /// One of very many objects has been destroyed: it is nil now, and leaves at the turn's end.
     void arrangedObjectIsGone(qsizetype index);
 
 private:
@@ -157,7 +159,7 @@ private:
     QVariantList arranged(const QVariantList &content, const NSPredicate &filter,
                           KTPrivate::SortedOrder *order) const;
     void replaceContent(const QVariantList &content, const KTPrivate::RankedSelection &selected,
-                        const KTPrivate::SortedOrder &order);
+                        const KTPrivate::SortedOrder &order, const std::function<void()> &watch);
     void show(const QVariantList &objects, const KTPrivate::RankedSelection &selected);
     KTPrivate::RankedSelection ranked() const;
     void tellSelection();

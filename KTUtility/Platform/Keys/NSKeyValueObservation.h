@@ -16,14 +16,14 @@ class KeyPathObserver;
 
 /// Calls a function whenever the value at a key path of an object changes, as long as it lives.
 ///
-/// The path is followed through QObjects: a key is observed by the NOTIFY signal of its property, or
-/// as a bindable property if it has none (BINDABLE), a dynamic property by its events, every other
-/// key by NSKeyValueObserving::didChangeValueForKey(). When an object in the middle is replaced, the new
+/// The path is followed through QObjects: a key is observed by its property's NOTIFY signal, or as a
+/// bindable property (BINDABLE) without one, a dynamic property by its events, every other key by
+/// NSKeyValueObserving::didChangeValueForKey(). When an object in the middle is replaced, the new
 /// one is followed from there. What lies beyond a map, list or gadget changes when that does. A nil
 /// in the middle makes the value nil; so does an object there that lacks the key.
 ///
-/// A property without NOTIFY signal and BINDABLE that its owner changes does so in silence; whoever sets it by
-/// key (NSKeyValueCoding) notifies. Properties that hold objects must give null
+/// A property without NOTIFY and BINDABLE that its owner changes does so in silence; whoever sets it
+/// by key (NSKeyValueCoding) notifies. Properties that hold objects must give null
 /// once the object is destroyed: keep them in a QPointer.
 ///
 /// The observed object may be destroyed first; nothing is called then any more. Functions are
@@ -32,7 +32,7 @@ class KeyPathObserver;
 /// a function changes itself, so that the ones behind it see the newer value twice. What a function
 /// raises passes to whoever reported the change with NSKeyValueObserving or set the value by key;
 /// out of a signal or event of Qt, which no exception may leave, it is written to the log, and the
-/// others are called all the same. Values that change each other and never settle are left alone after
+/// others are called all the same. Values that change each other without end are left alone after
 /// some rounds; the log tells which they are. For the main thread.
 ///
 /// \code

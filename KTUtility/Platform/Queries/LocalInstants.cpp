@@ -5,14 +5,14 @@ using namespace KTPrivate;
 namespace {
 constexpr qint64 MillisecondsOfDay = 24 * 60 * 60 * 1000;
 
-/// Where a zone is as far from UTC at the end of so many days as at their beginning, it is so all the
-/// time: no zone puts its clocks forward and back again within a month, which some do for Ramadan.
+/// Where a zone is as far from UTC at the end of so many days as at their beginning, it is so all of
+/// the time: no zone puts its clocks forward and back again within a month, which some do for Ramadan.
 /// Where it is not, fewer days are tried.
 constexpr int Periods[] = {21, 3};
 
 /// A reading of a clock as if it were in UTC, since noon of the first Julian day: zones do not
 /// change at noon, where periods begin.
-qint64 readingOf(const QDateTime &date)
+qint64 clockReading(const QDateTime &date)
 {
     return date.date().toJulianDay() * MillisecondsOfDay + date.time().msecsSinceStartOfDay() -
            MillisecondsOfDay / 2;
@@ -23,7 +23,7 @@ qint64 LocalInstants::of(const QDateTime &date)
 {
     if (date.timeSpec() != Qt::LocalTime || !date.isValid())
         return date.toMSecsSinceEpoch();
-    const qint64 reading = readingOf(date);
+    const qint64 reading = clockReading(date);
     const std::optional<qint64> distance = distanceAround(reading);
     return distance ? reading - *distance : date.toMSecsSinceEpoch();
 }
@@ -49,5 +49,5 @@ qint64 LocalInstants::distanceAtNoon(qint64 julianDay)
     if (known != _distances.constEnd())
         return *known;
     const QDateTime noon(QDate::fromJulianDay(julianDay), QTime(12, 0));
-    return *_distances.insert(julianDay, readingOf(noon) - noon.toMSecsSinceEpoch());
+    return *_distances.insert(julianDay, clockReading(noon) - noon.toMSecsSinceEpoch());
 }

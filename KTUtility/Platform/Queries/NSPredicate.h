@@ -78,6 +78,21 @@ public:
         return evaluateWithObject(QVariant::fromValue(object));
     }
 
+    /// The elements of a list that fulfil the condition, in their order.
+    /// \code
+    /// const QList<Expense *> paid = NSPredicate::where(&Expense::isPaid).filtered(expenses);
+    /// \endcode
+    template<KTPrivate::KeyValueCodable T>
+    QList<T> filtered(const QList<T> &list) const
+    {
+        QList<T> elements;
+        for (const T &element : list) {
+            if (evaluateWithObject(NSBoxed(element)))
+                elements += element;
+        }
+        return elements;
+    }
+
 private:
     explicit NSPredicate(Block block) : _block(std::move(block)) {}
 

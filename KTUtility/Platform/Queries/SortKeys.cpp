@@ -34,7 +34,7 @@ namespace {
 using Values = std::vector<QVariant>;
 
 /// NaN comes behind every number.
-std::weak_ordering orderOf(double left, double right)
+std::weak_ordering orderOfKeys(double left, double right)
 {
     if (std::isnan(left) || std::isnan(right))
         return std::isnan(left) <=> std::isnan(right);
@@ -42,15 +42,15 @@ std::weak_ordering orderOf(double left, double right)
            : left > right ? std::weak_ordering::greater
                           : std::weak_ordering::equivalent;
 }
-std::weak_ordering orderOf(qint64 left, qint64 right)
+std::weak_ordering orderOfKeys(qint64 left, qint64 right)
 {
     return left <=> right;
 }
-std::weak_ordering orderOf(const QString &left, const QString &right)
+std::weak_ordering orderOfKeys(const QString &left, const QString &right)
 {
     return QString::compare(left, right) <=> 0;
 }
-std::weak_ordering orderOf(const QByteArray &left, const QByteArray &right)
+std::weak_ordering orderOfKeys(const QByteArray &left, const QByteArray &right)
 {
     return left.compare(right) <=> 0;
 }
@@ -62,7 +62,7 @@ bool mayBeNil(const QVariant &value)
     return type < QMetaType::Bool || type > QMetaType::Double;
 }
 
-double doubleOf(const QVariant &value)
+double asDouble(const QVariant &value)
 {
     return value.typeId() == QMetaType::Double ? *static_cast<const double *>(value.constData())
                                                : value.toDouble();
@@ -88,7 +88,7 @@ private:
     {
         const auto &[isLeftThere, leftKey] = _keys[left];
         const auto &[isRightThere, rightKey] = _keys[right];
-        return isLeftThere && isRightThere ? orderOf(leftKey, rightKey)
+        return isLeftThere && isRightThere ? orderOfKeys(leftKey, rightKey)
                                            : isLeftThere <=> isRightThere;
     }
 
@@ -150,7 +150,7 @@ VariantKind commonKind(const Values &values)
     return common;
 }
 
-Values valuesOf(const std::vector<KeyValueTarget> &elements, const NSSortDescriptor &descriptor)
+Values valuesToSort(const std::vector<KeyValueTarget> &elements, const NSSortDescriptor &descriptor)
 {
     Values values;
     values.reserve(elements.size());
@@ -170,7 +170,7 @@ std::unique_ptr<SortKeys::Level> textKeys(const Values &values, const NSSortDesc
         values, descriptor.ascending, [](const QVariant &value) { return value.toString(); });
 }
 
-std::unique_ptr<SortKeys::Level> levelOf(Values values, const NSSortDescriptor &descriptor)
+std::unique_ptr<SortKeys::Level> madeLevel(Values values, const NSSortDescriptor &descriptor)
 {
     const bool isOrdinary = descriptor.comparator == NSComparator(NSObject::compare);
     const VariantKind kind = commonKind(values);
@@ -186,7 +186,7 @@ std::unique_ptr<SortKeys::Level> levelOf(Values values, const NSSortDescriptor &
         return std::make_unique<KeysOfKind<qint64>>(
             values, descriptor.ascending, [](const QVariant &value) { return value.toLongLong(); });
     if (isOrdinary && kind == VariantKind::Double)
-        return std::make_unique<KeysOfKind<double>>(values, descriptor.ascending, doubleOf);
+        return std::make_unique<KeysOfKind<double>>(values, descriptor.ascending, asDouble);
     return std::make_unique<KeysOfAnyKind>(std::move(values), descriptor);
 }
 } // namespace
@@ -195,7 +195,7 @@ SortKeys::SortKeys(const std::vector<KeyValueTarget> &elements,
                    const QList<NSSortDescriptor> &descriptors)
 {
     for (const NSSortDescriptor &descriptor : descriptors)
-        _levels.push_back(levelOf(valuesOf(elements, descriptor), descriptor));
+        _levels.push_back(madeLevel(valuesToSort(elements, descriptor), descriptor));
 }
 
 SortKeys::~SortKeys() = default;

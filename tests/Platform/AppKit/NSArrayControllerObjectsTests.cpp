@@ -133,11 +133,15 @@ TEST_F(NSArrayControllerObjects, AnObjectThatIsThereTwiceLeavesTwice)
 TEST_F(NSArrayControllerObjects, WhatWasTakenOutIsNotWatched)
 {
     const QVariant second = QVariant::fromValue(records[1].get());
+    controller.addObject(second);
+    controller.addObject(QVariant::fromValue(records[2].get()));
     controller.removeObject(second);
     const QSignalSpy contents(&controller, &NSArrayController::contentChanged);
     records[1].reset();
     EXPECT_EQ(contents.count(), 0);
-    EXPECT_EQ(content(), u"ACDE"_s);
+    EXPECT_EQ(content(), u"ACDEC"_s);
+    records[2].reset();
+    EXPECT_EQ(content(), u"ADE"_s);
 }
 
 TEST_F(NSArrayControllerObjects, WhoIsToldMayDestroyOthersAndTheController)

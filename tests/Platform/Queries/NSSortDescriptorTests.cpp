@@ -185,4 +185,11 @@ TEST(NSSortDescriptor, MembersAndLambdasFilter)
                  }).evaluateWithObject(&low));
     EXPECT_TRUE(NSPredicate::where(&TestField::size).evaluateWithObject(QVariant::fromValue(&low)));
     EXPECT_FALSE(NSPredicate::where(&TestField::size).evaluateWithObject(u"text"_s));
+    TestField high(u"high"_s, 2);
+    const QList<TestField *> fields{&low, &high};
+    EXPECT_EQ(NSPredicate::where(&TestField::_flag).filtered(fields), QList<TestField *>({&low}));
+    EXPECT_EQ(
+        NSPredicate::predicateWithFormat(u"length > 1").filtered(QStringList{u"a"_s, u"bb"_s}),
+        QStringList(u"bb"_s));
+    EXPECT_EQ(NSPredicate().filtered(fields), QList<TestField *>());
 }
