@@ -17,6 +17,7 @@
 #include <KTUtility/NSUserDefaults>
 #include <KTUtility/NSWindow>
 
+#include <QCloseEvent>
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QFormLayout>
@@ -156,10 +157,8 @@ void ExpensesWindow::removeSelected()
     KTDoNotShowAlert::ask(alert, this, [this](NSAlertReturnCode code) {
         if (code != NSAlertDefaultReturn)
             return;
-        for (const QVariant &expense : _expenses.selectedObjects()) {
-            _expenses.removeObject(expense);
-            expense.value<QObject *>()->deleteLater();
-        }
+        for (const QVariant &expense : _expenses.selectedObjects())
+            delete expense.value<Expense *>(); // which leaves the controller by itself
     });
 }
 
@@ -227,7 +226,8 @@ bool ExpensesWindow::exportTo(const QString &file)
 void ExpensesWindow::closeEvent(QCloseEvent *event)
 {
     if (QWidget *const editor = focusWidget())
-        editor->clearFocus(); // takes what is typed
+        editor->clearFocus(); // a cell takes what is typed
     NSUserDefaults::standardUserDefaults()->setObject(saveGeometry(), WindowKey);
-    save() ? QMainWindow::closeEvent(event) : event->ignore();
+    const bool isDone = _expenses.commitEditing() && save();
+    event->setAccepted(isDone);
 }

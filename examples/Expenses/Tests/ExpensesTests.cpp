@@ -260,6 +260,21 @@ void ExpensesTests::exportsByAPlugIn()
     QVERIFY(!window().exportTo(file(u"expenses.unknown"_s)));
 }
 
+void ExpensesTests::closingTakesWhatIsTyped()
+{
+    addExpense(u"Bahn"_s);
+    QLineEdit *const line = edits(window()).at(1)->lineEdit();
+    line->setFocus();
+    QTest::keyClicks(line, u"viel"_s);
+    QVERIFY(!window().close());
+    line->setFocus();
+    line->selectAll();
+    QTest::keyClicks(line, u"99"_s);
+    QVERIFY(window().close());
+    ExpensesWindow again(file(u"expenses.plist"_s));
+    QCOMPARE(again.expenses().content().at(0).value<Expense *>()->amount, NSDecimalNumber(99));
+}
+
 void ExpensesTests::keepsItsSettings()
 {
     window().resize(777, 444);

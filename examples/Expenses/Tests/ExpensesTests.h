@@ -31,6 +31,7 @@ private Q_SLOTS:
     void readsBackWhatItSaved();
     void logsUnderItsOwnComponent();
     void exportsByAPlugIn();
+    void closingTakesWhatIsTyped();
     void keepsItsSettings();
     void drawsItsPictures();
 
