@@ -45,6 +45,11 @@ KTUTILITY_EXPORT extern const QString NSDecimalNumberExactnessException;
 KTUTILITY_EXPORT extern const QString NSDecimalNumberOverflowException;
 KTUTILITY_EXPORT extern const QString NSDecimalNumberUnderflowException;
 KTUTILITY_EXPORT extern const QString NSDecimalNumberDivideByZeroException;
+namespace KTDetail {
+/// Integers, and not truth values.
+template<typename T>
+concept Integral = std::integral<T> && !std::same_as<T, bool>;
+} // namespace KTDetail
 
 /// An exact decimal number: up to 38 significant digits and an exponent from -128 to 127.
 ///
@@ -77,8 +82,7 @@ public:
     /// Zero.
     NSDecimalNumber() noexcept = default;
     /// An integer of any type, exactly.
-    template<std::integral Integer>
-        requires(!std::same_as<Integer, bool>)
+    template<KTDetail::Integral Integer>
     explicit NSDecimalNumber(Integer value) noexcept
         : NSDecimalNumber(value < 0 ? 0 - quint64(value) : quint64(value), value < 0)
     {
@@ -173,6 +177,47 @@ public:
     friend NSDecimalNumber operator/(const NSDecimalNumber &left, const NSDecimalNumber &right)
     {
         return left.decimalNumberByDividingBy(right);
+    }
+    /// The same with an integer on one side: price * 3.
+    template<KTDetail::Integral Integer>
+    friend NSDecimalNumber operator+(const NSDecimalNumber &left, Integer right)
+    {
+        return left + NSDecimalNumber(right);
+    }
+    template<KTDetail::Integral Integer>
+    friend NSDecimalNumber operator+(Integer left, const NSDecimalNumber &right)
+    {
+        return NSDecimalNumber(left) + right;
+    }
+    template<KTDetail::Integral Integer>
+    friend NSDecimalNumber operator-(const NSDecimalNumber &left, Integer right)
+    {
+        return left - NSDecimalNumber(right);
+    }
+    template<KTDetail::Integral Integer>
+    friend NSDecimalNumber operator-(Integer left, const NSDecimalNumber &right)
+    {
+        return NSDecimalNumber(left) - right;
+    }
+    template<KTDetail::Integral Integer>
+    friend NSDecimalNumber operator*(const NSDecimalNumber &left, Integer right)
+    {
+        return left * NSDecimalNumber(right);
+    }
+    template<KTDetail::Integral Integer>
+    friend NSDecimalNumber operator*(Integer left, const NSDecimalNumber &right)
+    {
+        return NSDecimalNumber(left) * right;
+    }
+    template<KTDetail::Integral Integer>
+    friend NSDecimalNumber operator/(const NSDecimalNumber &left, Integer right)
+    {
+        return left / NSDecimalNumber(right);
+    }
+    template<KTDetail::Integral Integer>
+    friend NSDecimalNumber operator/(Integer left, const NSDecimalNumber &right)
+    {
+        return NSDecimalNumber(left) / right;
     }
     /// The number itself.
     NSDecimalNumber operator+() const { return *this; }

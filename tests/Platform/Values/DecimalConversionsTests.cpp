@@ -51,6 +51,10 @@ TEST(DecimalConversions, LiteralsAreExact)
 TEST(DecimalConversions, OperatorsCalculateExactly)
 {
     EXPECT_EQ(12.50_dec + 0.10_dec * NSDecimalNumber(3), 12.8_dec);
+    EXPECT_EQ(12.50_dec + 0.10_dec * 3, 12.8_dec);
+    EXPECT_EQ(2 * 1.5_dec - 1, 2_dec);
+    EXPECT_EQ(1 - 0.75_dec, 0.25_dec);
+    EXPECT_EQ(1U / 4_dec + 5 + (2 + 1_dec / 2), 7.75_dec);
     EXPECT_EQ(1_dec - 0.9_dec, 0.1_dec);
     EXPECT_EQ(1_dec / 8_dec, 0.125_dec);
     EXPECT_EQ(-(+5_dec), decimal(u"-5"));
