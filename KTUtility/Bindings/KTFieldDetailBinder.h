@@ -3,8 +3,8 @@
 #include "KTFieldDetailCallbacks.h"
 #include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
-#include <KTUtility/Platform/Queries/NSPredicate.h>
 #include <KTUtility/Platform/Keys/NSValueTransformer.h>
+#include <KTUtility/Platform/Queries/NSPredicate.h>
 
 #include <QList>
 #include <QMap>

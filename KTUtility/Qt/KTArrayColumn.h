@@ -3,8 +3,8 @@
 #include "KTBindingOptions.h"
 #include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Keys/NSBoxed.h>
-#include <KTUtility/Platform/Queries/NSSortDescriptor.h>
 #include <KTUtility/Platform/Numbers/NSFormatter.h>
+#include <KTUtility/Platform/Queries/NSSortDescriptor.h>
 
 #include <QMetaType>
 #include <QObject>
