@@ -2,12 +2,12 @@
 
 #include "Purchase.h"
 #include "Report.h"
+#include "Screen.h"
 
 #include <KTUtility/KTArrayModel>
 #include <KTUtility/NSArrayController>
 #include <KTUtility/NSKeyValueObservation>
 
-#include <QApplication>
 #include <QSortFilterProxyModel>
 #include <QTableView>
 
@@ -73,21 +73,6 @@ public:
             return {};
         const Purchase &each = *purchases()[size_t(index.row())];
         return index.column() == 0 ? QVariant(each.title()) : QVariant(each.amount());
-    }
-};
-
-/// The application of all tables, without a screen.
-struct Screen
-{
-    Screen()
-    {
-        static int count = 1;
-        static char name[] = "benchmarks";
-        static char *arguments[] = {name, nullptr};
-        if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-            qputenv("QT_QPA_PLATFORM", "offscreen");
-        static const auto *const application = new QApplication(count, arguments); // until the end
-        Q_UNUSED(application)
     }
 };
 
