@@ -1,11 +1,15 @@
 #include "StoredValue_p.h"
 
 #include "NSPropertyListSerialization.h"
+#include <KTUtility/Platform/Values/NSObject.h>
 
 #include <QDataStream>
 #include <QIODevice>
+#include <QKeySequence>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 using namespace KTPrivate;
 
@@ -24,16 +28,47 @@ bool isOfPropertyListType(QMetaType type)
     return std::ranges::find(Types, type.id()) != Types.end();
 }
 
+bool isOneOf(std::initializer_list<int> types, QMetaType type)
+{
+    return std::ranges::find(types, type.id()) != types.end();
+}
+
+/// Whether the text of a value is the same in every language and with every version of Qt.
+bool hasNeutralText(QMetaType type)
+{
+    return isOneOf({QMetaType::QDate, QMetaType::QTime, QMetaType::QUrl, QMetaType::QUuid,
+                    QMetaType::QColor, QMetaType::QKeySequence},
+                   type);
+}
+
+std::optional<QVariant> converted(QVariant value, QMetaType type)
+{
+    return value.convert(type) ? std::optional(value) : std::nullopt;
+}
+
+/// The text of a value; of a shortcut the one that names the keys in no language.
+std::optional<QVariant> textOf(const QVariant &value)
+{
+    if (value.typeId() == QMetaType::QKeySequence)
+        return value.value<QKeySequence>().toString(QKeySequence::PortableText);
+    return converted(value, QMetaType::fromType<QString>());
+}
+
+/// What textOf() has made a text of.
+std::optional<QVariant> fromText(const QVariant &text, QMetaType type)
+{
+    if (type.id() == QMetaType::QKeySequence)
+        return QKeySequence::fromString(text.toString(), QKeySequence::PortableText);
+    return converted(text, type);
+}
+
 /// A text that the value can be made of again; nothing if there is none.
 std::optional<QVariant> textFormOf(const QVariant &value)
 {
-    QVariant text = value;
-    if (!text.convert(QMetaType::fromType<QString>()))
-        return std::nullopt;
-    QVariant again = text;
-    const bool isSame = again.convert(value.metaType()) && again == value;
-    return isSame && NSPropertyListSerialization::isPropertyList(text) ? std::optional(text)
-                                                                       : std::nullopt;
+    const std::optional<QVariant> text = textOf(value);
+    const auto again = text ? fromText(*text, value.metaType()) : std::nullopt;
+    const bool isSame = again && *again == value;
+    return isSame && NSPropertyListSerialization::isPropertyList(*text) ? text : std::nullopt;
 }
 
 std::optional<QVariant> dataFormOf(const QVariant &value)
@@ -62,6 +97,117 @@ std::optional<QVariant> fromBytes(const QByteArray &bytes, QMetaType type)
                         stream.atEnd();
     return isRead ? std::optional(value) : std::nullopt;
 }
+
+bool isInteger(QMetaType type)
+{
+    return isOneOf({QMetaType::Char, QMetaType::SChar, QMetaType::UChar, QMetaType::Short,
+                    QMetaType::UShort, QMetaType::Int, QMetaType::UInt, QMetaType::Long,
+                    QMetaType::ULong, QMetaType::LongLong, QMetaType::ULongLong},
+                   type);
+}
+
+bool isReal(QMetaType type)
+{
+    return isOneOf({QMetaType::Float, QMetaType::Double}, type);
+}
+
+/// The number that a text shows; invalid if it shows none.
+QVariant numberOf(const QString &text)
+{
+    bool isNumber = false;
+    if (const qlonglong number = text.toLongLong(&isNumber); isNumber)
+        return number;
+    if (const qulonglong number = text.toULongLong(&isNumber); isNumber)
+        return number;
+    const double number = text.toDouble(&isNumber);
+    return isNumber ? QVariant(number) : QVariant();
+}
+
+/// A number as an integer that is the same.
+std::optional<QVariant> integerOf(const QVariant &number, QMetaType type)
+{
+    const auto integer = converted(number, type);
+    return integer && NSObject::isEqual(*integer, number) ? integer : std::nullopt;
+}
+
+/// A number as the nearest one of a type that holds fewer digits; nothing if it holds none so large.
+std::optional<QVariant> realOf(const QVariant &number, QMetaType type)
+{
+    const auto real = converted(number, type);
+    const bool isTooLarge = real && std::isinf(real->toDouble()) && !std::isinf(number.toDouble());
+    return isTooLarge ? std::nullopt : real;
+}
+
+bool isEnumeration(QMetaType type)
+{
+    return type.flags().testFlag(QMetaType::IsEnumeration);
+}
+
+std::optional<QVariant> enumerationOf(const QVariant &number, QMetaType type)
+{
+    const auto integer = integerOf(number, QMetaType::fromType<qlonglong>());
+    const auto value = integer ? converted(*integer, type) : std::nullopt;
+    const auto again = value ? converted(*value, integer->metaType()) : std::nullopt;
+    return again && *again == *integer ? value : std::nullopt;
+}
+
+bool isArithmetic(QMetaType type)
+{
+    return isInteger(type) || isReal(type);
+}
+
+/// What a number or the text of one is as a number of another type.
+std::optional<QVariant> arithmeticOf(const QVariant &stored, QMetaType type)
+{
+    const bool isText = stored.typeId() == QMetaType::QString;
+    const QVariant number = isText ? numberOf(stored.toString()) : stored;
+    if (!NSObject::isNumber(number))
+        return std::nullopt;
+    return isInteger(type) ? integerOf(number, type) : realOf(number, type);
+}
+
+std::optional<QVariant> booleanOf(const QVariant &stored)
+{
+    const bool isBoolean = stored.typeId() == QMetaType::QString || NSObject::isNumber(stored);
+    return isBoolean ? std::optional<QVariant>(NSObject::boolValue(stored)) : std::nullopt;
+}
+
+bool isList(QMetaType type)
+{
+    return isOneOf({QMetaType::QStringList, QMetaType::QVariantList}, type);
+}
+
+bool isDictionary(QMetaType type)
+{
+    return isOneOf({QMetaType::QVariantMap, QMetaType::QVariantHash}, type);
+}
+
+/// A list as one of the other type: as texts only if all elements are some.
+std::optional<QVariant> listOf(const QVariant &list, QMetaType type)
+{
+    const QVariantList elements = list.toList();
+    const bool fits = type.id() == QMetaType::QVariantList ||
+                      (type.id() == QMetaType::QStringList &&
+                       std::ranges::all_of(elements, [](const QVariant &element) {
+                           return element.typeId() == QMetaType::QString;
+                       }));
+    return fits ? converted(list, type) : std::nullopt;
+}
+
+/// A number, a text or a date as a value of another type. A text that says nothing of the type is
+/// converted to one without a value.
+std::optional<QVariant> scalarOf(const QVariant &stored, QMetaType type)
+{
+    if (type.id() == QMetaType::Bool)
+        return booleanOf(stored);
+    if (isArithmetic(type))
+        return arithmeticOf(stored, type);
+    if (isEnumeration(type) && NSObject::isNumber(stored))
+        return enumerationOf(stored, type);
+    const bool isText = stored.typeId() == QMetaType::QString;
+    const auto value = isText ? fromText(stored, type) : converted(stored, type);
+    return value && textFormOf(*value) ? value : std::nullopt;
+}
 } // namespace
 
 std::optional<QVariant> StoredValue::formOf(const QVariant &value)
@@ -70,8 +216,12 @@ std::optional<QVariant> StoredValue::formOf(const QVariant &value)
         return value;
     if (isOfPropertyListType(value.metaType()))
         return std::nullopt;
-    const std::optional<QVariant> text = textFormOf(value);
-    return text ? text : dataFormOf(value);
+    const bool isNeutral = hasNeutralText(value.metaType());
+    const std::optional<QVariant> text = isNeutral ? textFormOf(value) : std::nullopt;
+    const std::optional<QVariant> data = text ? text : dataFormOf(value);
+    // Of a type that only a program knows, which has its own text.
+    const bool isForeign = !data && value.typeId() >= QMetaType::User;
+    return isForeign ? textFormOf(value) : data;
 }
 
 std::optional<QVariant> StoredValue::valueOf(const QVariant &stored, QMetaType type)
@@ -80,8 +230,9 @@ std::optional<QVariant> StoredValue::valueOf(const QVariant &stored, QMetaType t
         return stored.isValid() ? std::optional(stored) : std::nullopt;
     if (stored.typeId() == QMetaType::QByteArray)
         return fromBytes(stored.toByteArray(), type);
-    QVariant value = stored;
-    // A text that says nothing of the type is converted to one without a value.
-    const bool isConverted = value.convert(type) && textFormOf(value);
-    return isConverted ? std::optional(value) : std::nullopt;
+    if (isList(stored.metaType()))
+        return listOf(stored, type);
+    if (isDictionary(stored.metaType()))
+        return isDictionary(type) ? converted(stored, type) : std::nullopt;
+    return scalarOf(stored, type);
 }
