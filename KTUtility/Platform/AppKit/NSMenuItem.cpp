@@ -79,11 +79,18 @@ bool isInVisibleMenu(const QAction *item)
     });
 }
 
+/// The items of a menu, any of which may be gone once one of them was asked.
+QList<QPointer<QAction>> itemsOf(const QMenu *menu)
+{
+    const QList<QAction *> items = menu->actions();
+    return {items.begin(), items.end()};
+}
+
 /// Lets the items be chosen by their shortcuts again, which ask the targets then.
 void letBeAsked(const QMenu *menu)
 {
-    for (QAction *const item : menu->actions()) {
-        if (canBeAsked(item))
+    for (const QPointer<QAction> &item : itemsOf(menu)) {
+        if (item && canBeAsked(item))
             item->setEnabled(true);
     }
 }
@@ -122,8 +129,9 @@ void send(QAction *item)
         perform(item);
     if (guard)
         validate(item);
-    // A shortcut asks again, by itself; only a menu that is seen shows what cannot be chosen.
-    if (guard && !isInVisibleMenu(item))
+    // A shortcut asks again, by itself; only a menu that is seen shows what cannot be chosen. What
+    // nobody is asked about stays as its action left it.
+    if (guard && canBeAsked(item) && !isInVisibleMenu(item))
         item->setEnabled(true);
 }
 
@@ -165,8 +173,8 @@ QAction *NSMenuItem::addItem(QMenu *menu, const QString &title, const NSSelector
     return item;
 }
 
-QAction *NSMenuItem::addItem(QMenu *menu, const QString &title, QObject *context,
-                             const Action &action, const Validation &validation)
+QAction *NSMenuItem::addFunctionItem(QMenu *menu, const QString &title, QObject *context,
+                                     const Action &action, const Validation &validation)
 {
     QAction *const item = append(menu, title, context);
     const auto functions = std::make_shared<const Functions>(Functions{action, validation});
@@ -209,6 +217,8 @@ void NSMenuItem::setState(QAction *item, bool isOn)
 
 void NSMenuItem::validateMenu(QMenu *menu)
 {
-    for (QAction *item : menu->actions())
-        validate(item);
+    for (const QPointer<QAction> &item : itemsOf(menu)) {
+        if (item)
+            validate(item);
+    }
 }

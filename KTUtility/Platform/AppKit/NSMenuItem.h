@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <functional>
+#include <type_traits>
 
 /// Menu items with an action named by a selector, a target and a tag: what a QAction lacks of the
 /// platform's menu items.
@@ -46,8 +47,17 @@ using Validation = std::function<bool(QAction *item)>;
 /// nothing can be chosen by it then.
 /// \param context the object that they belong to, which target() gives.
 /// \param validation empty if the item can be chosen always.
-KTUTILITY_EXPORT QAction *addItem(QMenu *menu, const QString &title, QObject *context,
-                                  const Action &action, const Validation &validation = {});
+KTUTILITY_EXPORT QAction *addFunctionItem(QMenu *menu, const QString &title, QObject *context,
+                                          const Action &action, const Validation &validation = {});
+
+/// The same for whatever can be called, such as a lambda expression.
+template<typename Function>
+requires std::is_invocable_v<Function &> QAction *addItem(QMenu *menu, const QString &title,
+                                                          QObject *context, const Function &action,
+                                                          const Validation &validation = {})
+{
+    return addFunctionItem(menu, title, context, Action(action), validation);
+}
 
 /// The title as it was given; the text of the action doubles its "&", which marks a letter in Qt.
 KTUTILITY_EXPORT QString title(const QAction *item);

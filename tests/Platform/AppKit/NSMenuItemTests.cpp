@@ -208,6 +208,85 @@ TEST(NSMenuItem, FunctionsMayRaiseOrRemoveTheItem)
     EXPECT_TRUE(item.isNull());
 }
 
+TEST(NSMenuItem, AValidationMayRemoveItemsAndMenus)
+{
+    testing_support::needApplication();
+    QPointer<QMenu> menu = new QMenu;
+    QObject context;
+    QPointer<QAction> last;
+    bool removesMenu = false;
+    int asked = 0;
+    const auto validation = [&](QAction *) {
+        ++asked;
+        delete last;
+        if (removesMenu)
+            delete menu;
+        return true;
+    };
+    for (const QString &title : {u"a"_s, u"b"_s, u"c"_s})
+        last = NSMenuItem::addItem(
+            menu, title, &context, [] {}, validation);
+    NSMenuItem::validateMenu(menu);
+    EXPECT_TRUE(last.isNull());
+    EXPECT_EQ(asked, 2);
+    removesMenu = true;
+    NSMenuItem::validateMenu(menu);
+    EXPECT_TRUE(menu.isNull());
+    EXPECT_EQ(asked, 3);
+}
+
+TEST(NSMenuItem, WhoeverSeesAnItemComeBackMayRemoveOthers)
+{
+    testing_support::needApplication();
+    QMenu menu;
+    QObject context;
+    const auto validation = [](QAction *) { return false; };
+    QAction *const first = NSMenuItem::addItem(
+        &menu, u"a"_s, &context, [] {}, validation);
+    QPointer<QAction> second = NSMenuItem::addItem(
+        &menu, u"b"_s, &context, [] {}, validation);
+    Q_EMIT menu.aboutToShow();
+    QObject::connect(first, &QAction::enabledChanged, &context, [&] { delete second; });
+    Q_EMIT menu.aboutToHide();
+    EXPECT_TRUE(first->isEnabled());
+    EXPECT_TRUE(second.isNull());
+}
+
+TEST(NSMenuItem, WhatItsOwnActionDisablesStaysSoIfNobodyIsAsked)
+{
+    testing_support::needApplication();
+    QMenu menu;
+    QObject context;
+    QAction *item = nullptr;
+    item = NSMenuItem::addItem(&menu, u"a"_s, &context, [&] { item->setEnabled(false); });
+    item->trigger();
+    EXPECT_FALSE(item->isEnabled());
+    QAction *asked = nullptr;
+    asked = NSMenuItem::addItem(
+        &menu, u"b"_s, &context, [&] { asked->setEnabled(false); }, [](QAction *) { return true; });
+    asked->trigger();
+    EXPECT_TRUE(asked->isEnabled());
+}
+
+TEST(NSMenuItem, AnItemForASubmenuMayBeAddedInAllWays)
+{
+    testing_support::needApplication();
+    QMenu menu;
+    QObject context;
+    int calls = 0;
+    const NSMenuItem::Action action = [&] { ++calls; };
+    for (QAction *const item : {NSMenuItem::addItem(&menu, u"a"_s, {}, nullptr),
+                                NSMenuItem::addItem(&menu, u"b"_s, NSSelector(), {})}) {
+        EXPECT_TRUE(NSMenuItem::action(item).isNull());
+        EXPECT_EQ(NSMenuItem::target(item), nullptr);
+    }
+    NSMenuItem::addItem(&menu, u"c"_s, &context, action)->trigger();
+    NSMenuItem::addItem(&menu, u"d"_s, &context, [calls = &calls]() mutable {
+        ++*calls;
+    })->trigger();
+    EXPECT_EQ(calls, 2);
+}
+
 TEST(NSMenuItem, AMissingSelectorIsToldWhenTheItemIsMade)
 {
     testing_support::needApplication();
