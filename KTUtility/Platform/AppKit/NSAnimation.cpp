@@ -67,6 +67,19 @@ void NSAnimation::startAnimation()
         return;
     _isAnimating = true;
     _startTime = NSClock::currentClock().seconds();
+    const QPointer<NSAnimation> self(this);
+    try {
+        runFromStart();
+    } catch (...) {
+        // What raises does not go on; who has started it is told.
+        if (self)
+            stopAnimation();
+        throw;
+    }
+}
+
+void NSAnimation::runFromStart()
+{
     willStart();
     if (_blockingMode == NSAnimationBlocking)
         runBlocking();

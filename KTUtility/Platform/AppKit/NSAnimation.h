@@ -79,6 +79,7 @@ protected:
 
 private:
     bool step();
+    void runFromStart();
     void runBlocking();
     void runStep();
     void runNextStep();

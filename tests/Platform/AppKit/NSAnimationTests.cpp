@@ -62,6 +62,34 @@ TEST_F(NSAnimationTests, BlockingAnimationsEndBeforeTheyReturn)
     EXPECT_NEAR(clock.secondsSlept(), 0.15, 0.011);
 }
 
+TEST_F(NSAnimationTests, WhatRaisesAtItsFirstStepIsToldAndMayStartAgain)
+{
+    class Raising : public NSAnimation
+    {
+    public:
+        using NSAnimation::NSAnimation;
+        bool raises = true;
+
+    protected:
+        void setCurrentValue(double) override
+        {
+            if (raises)
+                throw std::runtime_error("no more");
+        }
+    };
+    for (const NSAnimationBlockingMode mode : {NSAnimationBlocking, NSAnimationNonblocking}) {
+        Raising animation(1, NSAnimationLinear);
+        animation.setAnimationBlockingMode(mode);
+        EXPECT_THROW(animation.startAnimation(), std::runtime_error);
+        EXPECT_FALSE(animation.isAnimating());
+        EXPECT_EQ(clock.pendingAlarms(), 0);
+        animation.raises = false;
+        EXPECT_NO_THROW(animation.startAnimation());
+        EXPECT_EQ(animation.isAnimating(), mode == NSAnimationNonblocking);
+        animation.stopAnimation();
+    }
+}
+
 TEST_F(NSAnimationTests, AnimationsStartIfTheyMay)
 {
     TestDelegate delegate;
