@@ -20,7 +20,9 @@ bool takeIn(QStringView rule, QVariantMap *levels)
     bool isNumber = false;
     const QStringView name = rule.first(sign).trimmed();
     const int level = rule.sliced(sign + 1).trimmed().toInt(&isNumber);
-    if (name.isEmpty() || !isNumber || level < 0 || level > HighestLevel)
+    // A second rule, rather than a part of the name.
+    const bool isOneRule = !name.contains(u'=') && !name.contains(u';');
+    if (name.isEmpty() || !isOneRule || !isNumber || level < 0 || level > HighestLevel)
         return false;
     levels->insert(name.toString(), level);
     return true;
