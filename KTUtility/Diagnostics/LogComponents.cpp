@@ -1,5 +1,6 @@
 #include "LogComponents_p.h"
 
+#include "KTLogComponent.h"
 #include "KTLoggerComponents.h"
 #include <KTUtility/Platform/Files/ProgramIdentity_p.h>
 
@@ -32,6 +33,10 @@ QStringList builtIn()
 
 void LogComponents::declare(const QString &name)
 {
+    // One that settings cannot hold would keep all others from being stored with it.
+    if (!KTLogComponent::isName(
+            std::u16string_view(QStringView(name).utf16(), std::size_t(name.size()))))
+        return;
     const QMutexLocker lock(&declaredComponents().mutex);
     // A copy, since the text may lie in code that is taken away.
     if (!declaredComponents().names.contains(name))

@@ -6,7 +6,8 @@
 
 /// The components of which the logging menu is made. Any thread may declare some.
 namespace KTPrivate::LogComponents {
-/// Enters a component behind those that are there, unless it is one of them.
+/// Enters a component behind those that are there, unless it is one of them or its name is none
+/// (see KTLogComponent::isName()).
 KTUTILITY_EXPORT void declare(const QString &name);
 
 /// All that were declared, in their order.

@@ -1,6 +1,7 @@
 #include "LogSettingsFile_p.h"
 
 #include "KTLoggerKeys.h"
+#include <KTUtility/Platform/Diagnostics/NSLog.h>
 #include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
 #include <KTUtility/Platform/Files/PropertyListFile_p.h>
 #include <KTUtility/Platform/Values/NSException.h>
@@ -69,7 +70,10 @@ bool LogSettingsFile::write(const LogSettings &settings, const QString &path)
     const bool isDamaged = stored == Result::NoDictionary && QFileInfo(path).isFile();
     if (stored == Result::Unreadable || (isDamaged && !moveDamagedFileAside(path)))
         return false;
-    return NSDictionary::writeToFile(dictionary, path, true);
+    const bool isWritten = NSDictionary::writeToFile(dictionary, path, true);
+    if (!isWritten)
+        NSLog(u"*** the settings of the log cannot be written to %@", path);
+    return isWritten;
 }
 
 bool LogSettingsFile::canHoldName(const QString &component)

@@ -142,7 +142,12 @@ TEST_F(LogSettingsFileTests, ADamagedFileIsKeptBeside)
 TEST_F(LogSettingsFileTests, AFolderInItsPlaceStays)
 {
     ASSERT_TRUE(QDir().mkpath(path));
-    EXPECT_FALSE(LogSettingsFile::write({true, false, QVariantMap()}, path));
+    const QString console = testing_support::standardErrorOf([&] {
+        EXPECT_FALSE(LogSettingsFile::write({true, false, QVariantMap()}, path));
+    });
+    EXPECT_TRUE(
+        console.endsWith(u"*** the settings of the log cannot be written to " + path + u'\n'))
+        << console.toStdString();
     EXPECT_TRUE(QFileInfo(path).isDir());
     EXPECT_FALSE(LogSettingsFile::write({true, false, QVariantMap()}, QString()));
 }
