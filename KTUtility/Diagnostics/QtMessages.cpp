@@ -17,10 +17,16 @@ namespace {
 std::atomic<bool> isHandedOver = false;
 /// The handler that was there before ours; null while ours is not there.
 std::atomic<QtMessageHandler> formerHandler = nullptr;
+/// The one that was there before ours came for the first time: a handler that was put before ours
+/// and that ours has been put before again may hand on to ours.
+std::atomic<QtMessageHandler> firstHandler = nullptr;
 std::atomic<const QLoggingCategory *> chosenCategory = nullptr;
 
 /// Whether a message of this thread is on its way from one side to the other.
 thread_local bool isOnItsWay = false;
+
+/// How many times a message of this thread was handed on, if the handlers form a circle.
+thread_local int timesHandedOn = 0;
 
 /// The messages up to this level are no details.
 constexpr int HighestInformation = 4;
@@ -54,6 +60,30 @@ bool handToLogger(QtMsgType type, const QMessageLogContext &context, const QStri
     return true;
 }
 
+/// Who has a message after ours: at the second time nobody that ours has had it from.
+QtMessageHandler nextHandler()
+{
+    switch (timesHandedOn) {
+    case 0:
+        return formerHandler;
+    case 1:
+        return firstHandler;
+    default:
+        return nullptr;
+    }
+}
+
+void handOn(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    const QtMessageHandler next = nextHandler();
+    const QScopedValueRollback<int> counted(timesHandedOn, timesHandedOn + 1);
+    // There is none in another thread, while ours is being put there or taken away.
+    if (next)
+        next(type, context, message);
+    else
+        NSLogText(message);
+}
+
 void handle(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
     bool isTaken = false;
@@ -62,13 +92,20 @@ void handle(QtMsgType type, const QMessageLogContext &context, const QString &me
         isTaken = handToLogger(type, context, message);
     }
     // Qt ends the program after a fatal one: that is to be seen at once.
-    if (isTaken && type != QtFatalMsg)
+    if (!isTaken || type == QtFatalMsg)
+        handOn(type, context, message);
+}
+
+/// Puts our handler before whatever is there now: another one may have been put there, or ours taken
+/// away, by somebody else.
+void installHandler()
+{
+    const QtMessageHandler before = qInstallMessageHandler(handle);
+    if (before == handle)
         return;
-    // In another thread, while ours is being put there or taken away.
-    if (const QtMessageHandler former = formerHandler)
-        former(type, context, message);
-    else
-        NSLogText(message);
+    if (!firstHandler)
+        firstHandler = before;
+    formerHandler = before;
 }
 
 /// Puts the former handler back, unless somebody has put another one before ours: then ours stays
@@ -76,10 +113,11 @@ void handle(QtMsgType type, const QMessageLogContext &context, const QString &me
 void restoreFormerHandler()
 {
     const QtMessageHandler installed = qInstallMessageHandler(formerHandler);
-    if (installed == handle)
-        formerHandler = nullptr;
-    else
+    if (installed != handle)
         qInstallMessageHandler(installed);
+    else
+        // A handler that hands on to ours may still be there.
+        formerHandler = formerHandler == firstHandler ? nullptr : firstHandler.load();
 }
 
 /// A category of a name, which stays, since messages in other threads may be using it.
@@ -104,8 +142,7 @@ void QtMessages::setHandedToLogger(bool isHanded)
     if (isHanded) {
         // Made before Qt's messages lead to it: it may cause some itself.
         KTLogger::sharedLogger();
-        if (!formerHandler)
-            formerHandler = qInstallMessageHandler(handle);
+        installHandler();
     }
     isHandedOver = isHanded;
     if (!isHanded && formerHandler)

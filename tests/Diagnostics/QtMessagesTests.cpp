@@ -30,6 +30,25 @@ protected:
     QString home = testing_support::useFreshHome();
 };
 
+/// A handler that others put before the logger's.
+QtMessageHandler behindOther = nullptr;
+int heardByOther = 0;
+
+void otherHandler(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    ++heardByOther;
+    if (behindOther)
+        behindOther(type, context, message);
+}
+
+/// Whether a message of Qt comes to the logger.
+bool isHeardByLogger()
+{
+    const KTLogCapture capture(u"default"_s, 2);
+    qWarning("heard");
+    return capture.messages() == QStringList{u"heard"_s};
+}
+
 const QStringList SpokenIntoTheLog{u"[expenses.books] a debug\\nmessage"_s,
                                    u"[expenses.books] a warning"_s};
 } // namespace
@@ -41,7 +60,10 @@ TEST_F(QtMessagesTests, CategoriesThatAreOnGoToTheLog)
     EXPECT_FALSE(result.console.contains(u"a warning"));
     // What is off goes where it went before.
     EXPECT_TRUE(result.console.contains(u"an information"));
-    EXPECT_EQ(result.texts(u"menu"_s).mid(41, 2), (QStringList{u"expenses.books"_s, u"default"_s}));
+    // Behind those that were there before.
+    const QStringList menu = result.texts(u"menu"_s);
+    EXPECT_EQ(menu.mid(menu.indexOf(u"Sync"_s) + 1),
+              (QStringList{u"expenses.books"_s, u"default"_s}));
 }
 
 TEST_F(QtMessagesTests, CapturesCatchThem)
@@ -83,6 +105,50 @@ TEST_F(QtMessagesTests, BothWaysAtOnceEnd)
                                          u"raise levels"_s, u"log"_s, u"speak in Qt"_s});
     EXPECT_EQ(logged(), SpokenIntoTheLog);
     EXPECT_EQ(result.console.count(u"at work"), 1);
+}
+
+TEST_F(QtMessagesTests, ComeAgainAfterAnotherHandlerHasGone)
+{
+    const QtMessageHandler original = qInstallMessageHandler(nullptr);
+    KTLogger::setForwardsQtCategories(true);
+    EXPECT_TRUE(isHeardByLogger());
+    qInstallMessageHandler(otherHandler);
+    KTLogger::setForwardsQtCategories(false);
+    qInstallMessageHandler(nullptr);
+    KTLogger::setForwardsQtCategories(true);
+    EXPECT_TRUE(isHeardByLogger());
+    KTLogger::setForwardsQtCategories(false);
+    qInstallMessageHandler(original);
+}
+
+TEST_F(QtMessagesTests, ComeBeforeAHandlerThatHandsOnToTheLogger)
+{
+    const QtMessageHandler original = qInstallMessageHandler(nullptr);
+    KTLogger::setForwardsQtCategories(true);
+    behindOther = qInstallMessageHandler(otherHandler);
+    KTLogger::setForwardsQtCategories(false);
+    KTLogger::setForwardsQtCategories(true);
+    heardByOther = 0;
+    EXPECT_TRUE(isHeardByLogger());
+    EXPECT_EQ(heardByOther, 0);
+    // What the logger does not want goes round once, and then where it went at first.
+    const QString console = testing_support::standardErrorOf([] { qWarning("not wanted"); });
+    EXPECT_EQ(heardByOther, 1);
+    EXPECT_EQ(console.count(u"not wanted"), 1) << console.toStdString();
+    KTLogger::setForwardsQtCategories(false);
+    EXPECT_EQ(qInstallMessageHandler(original), otherHandler);
+    behindOther = nullptr;
+}
+
+TEST_F(QtMessagesTests, OfCategoriesThatCannotBeStoredLeaveTheSettingsAlone)
+{
+    const auto result =
+        runNamedProgram({u"follow Qt"_s, u"speak unspeakably"_s, u"raise levels"_s});
+    EXPECT_FALSE(result.texts(u"menu"_s).contains(QString()));
+    EXPECT_FALSE(result.texts(u"menu"_s).join(u'|').contains(QChar(1)));
+    EXPECT_EQ(result.facts.value(u"importLevel"_s).toInt(), 7);
+    runNamedProgram({u"follow Qt"_s, u"speak unspeakably"_s, u"switch off"_s});
+    EXPECT_EQ(runNamedProgram({}).facts.value(u"importLevel"_s).toInt(), 0);
 }
 
 TEST_F(QtMessagesTests, AreOffAtFirst)

@@ -76,6 +76,16 @@ void saySomethingInQt()
     qInfo("an information");
 }
 
+/// Speaks in categories whose names no file can hold.
+void speakUnspeakably()
+{
+    const QLoggingCategory control("a\x01"
+                                   "b");
+    const QLoggingCategory empty("");
+    qCWarning(control, "a warning");
+    qCWarning(empty, "a warning");
+}
+
 /// Repeats on the console what a capture has caught of Qt's messages.
 void captureQt()
 {
@@ -112,6 +122,8 @@ void perform(const QString &step)
                                                       QString::fromLatin1(books().categoryName()));
     else if (step == u"capture Qt")
         captureQt();
+    else if (step == u"speak unspeakably")
+        speakUnspeakably();
     else if (step == u"speak in Qt")
         saySomethingInQt();
 }
