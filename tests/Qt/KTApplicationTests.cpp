@@ -159,7 +159,7 @@ TEST_F(KTApplicationTests, RejectsWhatCannotNameAnything)
 {
     EXPECT_TRUE(KTApplication::reasonToReject(expenses()).isNull());
     EXPECT_TRUE(KTApplication::reasonToReject({.identifier = u"x"_s}).isNull());
-    QList<Rejected> rows(7, {expenses(), {}});
+    QList<Rejected> rows(10, {expenses(), {}});
     rows[0] = {{}, u"The identifier is missing."_s};
     rows[1].identity.identifier = u"org/example"_s;
     rows[1].reason = u"The identifier \"org/example\" cannot be the name of a file."_s;
@@ -174,6 +174,13 @@ TEST_F(KTApplicationTests, RejectsWhatCannotNameAnything)
     rows[6].identity.identifier = u"org.example."_s;
     rows[6].identity.folder.clear();
     rows[6].reason = u"The folder is missing."_s;
+    const QString impossible[] = {u"a\nb"_s, QString(224, u'x'), QString(112, u'ä')};
+    for (int index = 0; index < 3; ++index) {
+        rows[7 + index].identity.identifier = impossible[index];
+        rows[7 + index].reason =
+            u"The identifier \"" + impossible[index] + u"\" cannot be the name of a file.";
+    }
+    EXPECT_TRUE(KTApplication::reasonToReject({.identifier = QString(219, u'x')}).isNull());
     for (const Rejected &row : std::as_const(rows)) {
         EXPECT_EQ(KTApplication::reasonToReject(row.identity), row.reason);
         try {

@@ -10,6 +10,12 @@ using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
+/// How many bytes the name of a file can have.
+constexpr qsizetype LongestFileName = 255;
+/// How many of them a name leaves to ".ktlogger.plist" and to what a file that is set aside has
+/// behind that.
+constexpr qsizetype LongestSuffix = 32;
+
 /// Never destroyed: objects that are destroyed at the very end ask, too.
 std::atomic<const ProgramIdentity *> &identity()
 {
@@ -72,8 +78,12 @@ QString rejectionOfComponents(const QStringList &names)
 
 bool KTPrivate::canNameFile(const QString &name)
 {
+    const auto isImpossible = [](QChar unit) {
+        return unit == u'/' || unit.category() == QChar::Other_Control;
+    };
     return !name.isEmpty() && name != u"." && name != u".." && name.isValidUtf16() &&
-           !name.contains(u'/') && !name.contains(QChar(u'\0'));
+           name.toUtf8().size() <= LongestFileName - LongestSuffix &&
+           std::ranges::none_of(name, isImpossible);
 }
 
 const ProgramIdentity *ProgramIdentity::current()

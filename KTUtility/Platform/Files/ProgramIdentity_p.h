@@ -40,6 +40,7 @@ struct KTUTILITY_EXPORT ProgramIdentity
     friend bool operator==(const ProgramIdentity &, const ProgramIdentity &) = default;
 };
 
-/// Whether a text can be the name of a file.
+/// Whether a text can be the name of a file, also with a suffix: it has at most 223 bytes and no
+/// control characters.
 KTUTILITY_EXPORT bool canNameFile(const QString &name);
 } // namespace KTPrivate
