@@ -9,7 +9,9 @@
 #include <QPointer>
 #include <QTranslator>
 
+#include <algorithm>
 #include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -34,18 +36,60 @@ QString qtTexts()
     return QLibraryInfo::path(QLibraryInfo::TranslationsPath) + u"/qtbase"_s;
 }
 
-/// The languages that a user wants, the first one first, up to English, which needs no file.
+QString bareLanguage(const QString &name)
+{
+    return name.section(u'_', 0, 0);
+}
+
+/// "zh_Hant" of "zh_TW" and "zh_Hant_TW".
+QString withScript(const QString &name)
+{
+    return bareLanguage(name) + u'_' + QLocale::scriptToCode(QLocale(name).script());
+}
+
+/// The names of what a user wants to read, the first one first, as they are in the names of files.
+QStringList namesOfLocales(const QLocale &locale)
+{
+    QStringList names = locale.uiLanguages();
+    names.replaceInStrings(u"-"_s, u"_"_s);
+    const auto isNeutral = [](const QString &name) { return bareLanguage(name) == u"C"; };
+    const auto end = std::ranges::find_if(names, isNeutral);
+    return names.first(end - names.begin());
+}
+
+/// The names of one language: those of a region before that of a script, the bare one last.
+QStringList namesOfLanguage(const QString &language, const QStringList &names)
+{
+    QStringList ordered;
+    QStringList scripts;
+    for (const QString &name : names) {
+        if (bareLanguage(name) != language)
+            continue;
+        // The bare name says nothing of the script if there are others.
+        if (name != language || scripts.isEmpty())
+            scripts += withScript(name);
+        if (name != language && name != scripts.constLast())
+            ordered += name;
+    }
+    ordered += scripts + QStringList{language};
+    ordered.removeDuplicates();
+    return ordered;
+}
+
+/// The names of the files that a user wants, the first one first. English, which is known by all,
+/// comes last: a file of it may have the forms of plurals.
 QStringList wantedLanguages(const QLocale &locale)
 {
-    QStringList languages;
-    for (QString language : locale.uiLanguages()) {
-        language.replace(u'-', u'_');
-        const QString shorter = language.section(u'_', 0, 0);
-        if (shorter == English || shorter == u"C")
+    const QStringList names = namesOfLocales(locale);
+    QStringList wanted;
+    for (const QString &name : names) {
+        if (bareLanguage(name) == English)
             break;
-        languages << language << shorter;
+        wanted += namesOfLanguage(bareLanguage(name), names);
     }
-    return languages;
+    wanted += namesOfLanguage(English, names);
+    wanted.removeDuplicates();
+    return wanted;
 }
 
 bool load(const QString &file)
@@ -53,8 +97,11 @@ bool load(const QString &file)
     auto translator = std::make_unique<QTranslator>(QCoreApplication::instance());
     if (!QFileInfo(file).isFile() || !translator->load(file))
         return false;
-    installed().append(translator.get());
-    return QCoreApplication::installTranslator(translator.release());
+    // There may be no application yet.
+    if (!QCoreApplication::installTranslator(translator.get()))
+        return false;
+    installed().append(translator.release());
+    return true;
 }
 
 QString loadFirst(const QString &texts, const QStringList &languages)

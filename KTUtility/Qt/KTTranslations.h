@@ -13,6 +13,10 @@
 /// "ktutility_de.qm"; docs/translations.md lists them by context. A program that has a text of the
 /// framework among its own, in the framework's context, is heard first.
 ///
+/// For a user in Taiwan, files of "zh_Hant_TW" and "zh_TW" come before one of "zh_Hant", and that
+/// before one of "zh". "expenses_en.qm" is taken where no other language is known: it may have the
+/// singular forms that texts with a number have in English, too.
+///
 /// Install them before anything is shown: the words of durations stay as they are once they have
 /// been used. For the main thread.
 ///

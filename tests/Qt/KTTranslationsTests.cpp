@@ -114,6 +114,55 @@ TEST_F(KTTranslationsTests, TheProgramsOwnWordsAreHeardFirst)
     EXPECT_EQ(spokenTexts(), French);
 }
 
+TEST_F(KTTranslationsTests, TheNearestOfTheProgramsTextsAreTaken)
+{
+    struct Row
+    {
+        const char *locale;
+        QStringList files;
+        QString language;
+    };
+    const Row table[] = {
+        {"pt_PT", {u"pt"_s, u"pt_PT"_s}, u"pt_PT"_s},
+        {"pt_BR", {u"pt"_s, u"pt_PT"_s}, u"pt"_s},
+        {"de_AT", {u"de"_s, u"de_AT"_s, u"de_DE"_s}, u"de_AT"_s},
+        {"de_CH", {u"de"_s, u"de_AT"_s}, u"de"_s},
+        {"zh_TW", {u"zh"_s, u"zh_TW"_s, u"zh_Hant"_s}, u"zh_TW"_s},
+        {"zh_TW", {u"zh"_s, u"zh_Hans"_s, u"zh_Hant"_s}, u"zh_Hant"_s},
+        {"zh_TW", {u"zh"_s, u"en"_s}, u"zh"_s},
+        {"zh_TW", {u"zh"_s, u"zh_Hans"_s}, u"zh"_s},
+        {"de_DE", {u"de"_s, u"de_DE"_s}, u"de_DE"_s},
+        {"zh_CN", {u"zh_Hans"_s, u"zh_Hant"_s, u"zh_TW"_s}, u"zh_Hans"_s},
+        {"en_GB", {u"en"_s, u"de"_s}, u"en"_s},
+        {"en_GB", {u"en"_s, u"en_GB"_s}, u"en_GB"_s},
+    };
+    const QString source = NSBundle::frameworkBundle().pathForResource(u"ktutility_fr"_s, u"qm"_s);
+    for (const Row &row : table) {
+        SCOPED_TRACE(row.locale);
+        const QTemporaryDir folder;
+        for (const QString &file : row.files)
+            ASSERT_TRUE(QFile::copy(source, folder.filePath(u"program_" + file + u".qm")));
+        EXPECT_EQ(KTTranslations::install(folder.filePath(u"program"_s),
+                                          QLocale(QString::fromLatin1(row.locale))),
+                  row.language);
+        EXPECT_EQ(spokenTexts(), French);
+    }
+}
+
+TEST_F(KTTranslationsTests, TheProgramsEnglishIsHeardWhereItSpeaksNothingElse)
+{
+    const QTemporaryDir folder;
+    // Whatever stands in it counts as the program's English.
+    ASSERT_TRUE(QFile::copy(NSBundle::frameworkBundle().pathForResource(u"ktutility_fr"_s, u"qm"_s),
+                            folder.filePath(u"program_en.qm"_s)));
+    for (const char *const locale : {"en_GB", "nl_NL", "C"}) {
+        EXPECT_EQ(KTTranslations::install(folder.filePath(u"program"_s),
+                                          QLocale(QString::fromLatin1(locale))),
+                  u"en");
+        EXPECT_EQ(spokenTexts(), French) << locale;
+    }
+}
+
 TEST_F(KTTranslationsTests, TheFrameworkSpeaksWhatTheProgramDoesNot)
 {
     const QTemporaryDir folder;
