@@ -11,10 +11,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 /// How many bytes the name of a file can have.
-constexpr qsizetype LongestFileName = 255;
+constexpr qsizetype MostBytesOfFile = 255;
 /// How many of them a name leaves to ".ktlogger.plist" and to what a file that is set aside has
 /// behind that.
-constexpr qsizetype LongestSuffix = 32;
+constexpr qsizetype MostBytesOfSuffix = 32;
 
 /// Never destroyed: objects that are destroyed at the very end ask, too.
 std::atomic<const ProgramIdentity *> &identity()
@@ -82,7 +82,7 @@ bool KTPrivate::canNameFile(const QString &name)
         return unit == u'/' || unit.category() == QChar::Other_Control;
     };
     return !name.isEmpty() && name != u"." && name != u".." && name.isValidUtf16() &&
-           name.toUtf8().size() <= LongestFileName - LongestSuffix &&
+           name.toUtf8().size() <= MostBytesOfFile - MostBytesOfSuffix &&
            std::ranges::none_of(name, isImpossible);
 }
 

@@ -47,14 +47,14 @@ std::optional<QVariant> converted(QVariant value, QMetaType type)
 }
 
 /// The text of a value; of a shortcut the one that names the keys in no language.
-std::optional<QVariant> textOf(const QVariant &value)
+std::optional<QVariant> neutralTextOf(const QVariant &value)
 {
     if (value.typeId() == QMetaType::QKeySequence)
         return value.value<QKeySequence>().toString(QKeySequence::PortableText);
     return converted(value, QMetaType::fromType<QString>());
 }
 
-/// What textOf() has made a text of.
+/// What neutralTextOf() has made a text of.
 std::optional<QVariant> fromText(const QVariant &text, QMetaType type)
 {
     if (type.id() == QMetaType::QKeySequence)
@@ -65,7 +65,7 @@ std::optional<QVariant> fromText(const QVariant &text, QMetaType type)
 /// A text that the value can be made of again; nothing if there is none.
 std::optional<QVariant> textFormOf(const QVariant &value)
 {
-    const std::optional<QVariant> text = textOf(value);
+    const std::optional<QVariant> text = neutralTextOf(value);
     const auto again = text ? fromText(*text, value.metaType()) : std::nullopt;
     const bool isSame = again && *again == value;
     return isSame && NSPropertyListSerialization::isPropertyList(*text) ? text : std::nullopt;
@@ -98,7 +98,7 @@ std::optional<QVariant> fromBytes(const QByteArray &bytes, QMetaType type)
     return isRead ? std::optional(value) : std::nullopt;
 }
 
-bool isInteger(QMetaType type)
+bool isIntegerType(QMetaType type)
 {
     return isOneOf({QMetaType::Char, QMetaType::SChar, QMetaType::UChar, QMetaType::Short,
                     QMetaType::UShort, QMetaType::Int, QMetaType::UInt, QMetaType::Long,
@@ -106,13 +106,13 @@ bool isInteger(QMetaType type)
                    type);
 }
 
-bool isReal(QMetaType type)
+bool isRealType(QMetaType type)
 {
     return isOneOf({QMetaType::Float, QMetaType::Double}, type);
 }
 
 /// The number that a text shows; invalid if it shows none.
-QVariant numberOf(const QString &text)
+QVariant numberInText(const QString &text)
 {
     bool isNumber = false;
     if (const qlonglong number = text.toLongLong(&isNumber); isNumber)
@@ -124,7 +124,7 @@ QVariant numberOf(const QString &text)
 }
 
 /// A number as an integer that is the same.
-std::optional<QVariant> integerOf(const QVariant &number, QMetaType type)
+std::optional<QVariant> exactIntegerOf(const QVariant &number, QMetaType type)
 {
     const auto integer = converted(number, type);
     return integer && NSObject::isEqual(*integer, number) ? integer : std::nullopt;
@@ -145,7 +145,7 @@ bool isEnumeration(QMetaType type)
 
 std::optional<QVariant> enumerationOf(const QVariant &number, QMetaType type)
 {
-    const auto integer = integerOf(number, QMetaType::fromType<qlonglong>());
+    const auto integer = exactIntegerOf(number, QMetaType::fromType<qlonglong>());
     const auto value = integer ? converted(*integer, type) : std::nullopt;
     const auto again = value ? converted(*value, integer->metaType()) : std::nullopt;
     return again && *again == *integer ? value : std::nullopt;
@@ -153,17 +153,17 @@ std::optional<QVariant> enumerationOf(const QVariant &number, QMetaType type)
 
 bool isArithmetic(QMetaType type)
 {
-    return isInteger(type) || isReal(type);
+    return isIntegerType(type) || isRealType(type);
 }
 
 /// What a number or the text of one is as a number of another type.
 std::optional<QVariant> arithmeticOf(const QVariant &stored, QMetaType type)
 {
     const bool isText = stored.typeId() == QMetaType::QString;
-    const QVariant number = isText ? numberOf(stored.toString()) : stored;
+    const QVariant number = isText ? numberInText(stored.toString()) : stored;
     if (!NSObject::isNumber(number))
         return std::nullopt;
-    return isInteger(type) ? integerOf(number, type) : realOf(number, type);
+    return isIntegerType(type) ? exactIntegerOf(number, type) : realOf(number, type);
 }
 
 std::optional<QVariant> booleanOf(const QVariant &stored)
@@ -172,18 +172,18 @@ std::optional<QVariant> booleanOf(const QVariant &stored)
     return isBoolean ? std::optional<QVariant>(NSObject::boolValue(stored)) : std::nullopt;
 }
 
-bool isList(QMetaType type)
+bool isListType(QMetaType type)
 {
     return isOneOf({QMetaType::QStringList, QMetaType::QVariantList}, type);
 }
 
-bool isDictionary(QMetaType type)
+bool isDictionaryType(QMetaType type)
 {
     return isOneOf({QMetaType::QVariantMap, QMetaType::QVariantHash}, type);
 }
 
 /// A list as one of the other type: as texts only if all elements are some.
-std::optional<QVariant> listOf(const QVariant &list, QMetaType type)
+std::optional<QVariant> otherListOf(const QVariant &list, QMetaType type)
 {
     const QVariantList elements = list.toList();
     const bool fits = type.id() == QMetaType::QVariantList ||
@@ -230,9 +230,9 @@ std::optional<QVariant> StoredValue::valueOf(const QVariant &stored, QMetaType t
         return stored.isValid() ? std::optional(stored) : std::nullopt;
     if (stored.typeId() == QMetaType::QByteArray)
         return fromBytes(stored.toByteArray(), type);
-    if (isList(stored.metaType()))
-        return listOf(stored, type);
-    if (isDictionary(stored.metaType()))
-        return isDictionary(type) ? converted(stored, type) : std::nullopt;
+    if (isListType(stored.metaType()))
+        return otherListOf(stored, type);
+    if (isDictionaryType(stored.metaType()))
+        return isDictionaryType(type) ? converted(stored, type) : std::nullopt;
     return scalarOf(stored, type);
 }
