@@ -143,7 +143,7 @@ void KTArrayModel::objectIsGone(qsizetype index)
 {
     if (_isRearranging)
         _isOutdated = true;
-    else if (index < _rows.size())
+    else if (_rows.size() == _controller->arrangedObjects().size())
         _rows[index] = QVariant();
 }
 

@@ -8,6 +8,8 @@
 
 #include "ModelSupport.h"
 
+#include <QItemSelectionModel>
+
 #include <rapidcheck/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -165,6 +167,23 @@ TEST_F(KTArrayModelOrderTests, TheRowOfADestroyedObjectIsRemoved)
     EXPECT_EQ(model.index(0, 0).data(), u"c"_s);
     records.clear();
     EXPECT_EQ(model.rowCount(), 0);
+}
+
+TEST_F(KTArrayModelOrderTests, NobodyReadsTheRowOfADestroyedObjectThatIsNotObserved)
+{
+    model.setObservedRows(0);
+    QItemSelectionModel selection(&model);
+    selection.setCurrentIndex(model.index(2, 0), QItemSelectionModel::SelectCurrent);
+    QVariantList read;
+    QObject::connect(&selection, &QItemSelectionModel::currentChanged,
+                     [&](const QModelIndex &, const QModelIndex &previous) {
+                         read += previous.data(KTArrayModel::ObjectRole);
+                         read += previous.data();
+                     });
+    records[2].reset();
+    EXPECT_EQ(read, QVariantList({QVariant(), u""_s}));
+    EXPECT_EQ(model.rowCount(), 7);
+    EXPECT_TRUE(selection.currentIndex().isValid());
 }
 
 TEST_F(KTArrayModelOrderTests, VeryManyObjectsMayBeDestroyedAtOnce)

@@ -5,6 +5,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <QPointer>
 #include <QSet>
 #include <QVariantList>
 
@@ -29,11 +30,14 @@ public:
     {
     }
 
-    /// Watches the objects of another list.
+    /// Watches the objects of another list. Those that are in none any more are watched until
+    /// endUnused(), for whoever still shows them.
     void setContent(const QVariantList &content);
-    /// One more time, or one time less.
+    /// One more time, or one time less; likewise.
     void add(const QVariant &element);
     void remove(const QVariant &element);
+    /// Watches objects that are not in the list no longer.
+    void endUnused();
 
     /// Tells of changes, too.
     /// \param keys what the elements are sorted by.
@@ -58,14 +62,19 @@ private:
         std::vector<NSKeyValueObservation> observations;
     };
 
-    void begin(QObject *object, Watched *watched);
-    void end(QObject *object);
-    void observeKeys(QObject *object, Watched *watched);
+    using Objects = std::vector<QPointer<QObject>>;
+
+    QObject *count(const QVariant &element);
+    void begin(QObject *object);
+    void observeKeys(const Objects &objects);
+    std::vector<NSKeyValueObservation> observationsOf(const QPointer<QObject> &object);
     QSet<int> signalsThatCount(const QMetaObject *type) const;
 
     Gone _gone;
     Changed _changed;
     std::unordered_map<QObject *, Watched> _watched;
+    std::vector<QObject *> _unused; ///< may be watched no more; only for their addresses
+    quint64 _round = 0;             ///< changes with what is observed
     bool _isFollowing = false;
     bool _followsAll = false;
     QList<NSSortDescriptor> _keys;

@@ -14,6 +14,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 #include <utility>
 
@@ -126,39 +127,48 @@ QVariantList NSArrayController::arranged(const QVariantList &content, const NSPr
 
 void NSArrayController::setContent(const QVariantList &content)
 {
+    const QVariantList objects = content;
     removeDead();
-    replaceContent(content, ranked(), {}, [&] { _watch->setContent(content); });
+    replaceContent(objects, nullptr, {}, [&] { _watch->setContent(objects); });
 }
 
 void NSArrayController::addObject(const QVariant &object)
 {
+    // It may be one of those that are replaced.
+    const QVariant added = object;
     removeDead();
     QVariantList content = _content;
-    content.append(object);
-    replaceContent(content, RankedSelection::last(object), *_order, [&] { _watch->add(object); });
+    content.append(added);
+    const RankedSelection selected = RankedSelection::last(added);
+    replaceContent(content, &selected, *_order, [&] { _watch->add(added); });
 }
 
 void NSArrayController::removeObject(const QVariant &object)
 {
+    const QVariant equal = object;
     removeDead();
     SortedOrder::Places places;
+    QVariantList removed;
     for (qsizetype index = 0; index < _content.size(); ++index) {
-        if (NSObject::isEqual(_content.at(index), object))
+        if (NSObject::isEqual(_content.at(index), equal)) {
             places.push_back(index);
+            removed += _content.at(index);
+        }
     }
     QVariantList content = _content;
     removeFrom(&content, places);
     SortedOrder order = *_order;
     order.removePlaces(places);
-    replaceContent(content, ranked(), order, [&] {
-        for (qsizetype count = qsizetype(places.size()); count > 0; --count)
-            _watch->remove(object);
+    replaceContent(content, nullptr, order, [&] {
+        for (const QVariant &each : std::as_const(removed))
+            _watch->remove(each);
     });
 }
 
 /// Notifies of the content, and shows it. Whoever is notified may delete this object, or change the
 /// content once more, here and below.
-void NSArrayController::replaceContent(const QVariantList &content, const RankedSelection &selected,
+/// \param selected what is selected then; null for what is selected at that time.
+void NSArrayController::replaceContent(const QVariantList &content, const RankedSelection *selected,
                                        const SortedOrder &knownOrder,
                                        const std::function<void()> &watch)
 {
@@ -167,21 +177,36 @@ void NSArrayController::replaceContent(const QVariantList &content, const Ranked
     const quint64 turn = ++_turn;
     _content = content;
     *_order = std::move(order);
-    watch();
     const QPointer<NSArrayController> self = this;
-    Q_EMIT contentChanged();
+    watch();
     if (self)
-        show(turn == _turn ? shown : arranged(_content, _filterPredicate, _order.get()), selected);
+        Q_EMIT contentChanged();
+    if (self)
+        showReplaced(shown, turn, selected);
+    // What has left the content may be destroyed as long as it is shown.
+    if (self)
+        _watch->endUnused();
+}
+
+/// \param turn the one in which those that are shown were arranged.
+void NSArrayController::showReplaced(const QVariantList &shown, quint64 turn,
+                                     const RankedSelection *selected)
+{
+    const QVariantList objects =
+        turn == _turn ? shown : arranged(_content, _filterPredicate, _order.get());
+    show(objects, selected ? *selected : ranked());
 }
 
 void NSArrayController::setFilterPredicate(const NSPredicate &predicate)
 {
     removeDead();
     const QVariantList shown = arranged(_content, predicate, _order.get());
-    ++_turn;
+    const quint64 turn = ++_turn;
     _filterPredicate = predicate;
+    const QPointer<NSArrayController> self = this;
     followChanges();
-    show(shown, ranked());
+    if (self)
+        showReplaced(shown, turn, nullptr);
 }
 
 void NSArrayController::setSortDescriptors(const QList<NSSortDescriptor> &descriptors)
@@ -190,9 +215,10 @@ void NSArrayController::setSortDescriptors(const QList<NSSortDescriptor> &descri
     ++_turn;
     _sortDescriptors = descriptors;
     _order->forget();
-    followChanges();
     const QPointer<NSArrayController> self = this;
-    Q_EMIT sortDescriptorsChanged();
+    followChanges();
+    if (self)
+        Q_EMIT sortDescriptorsChanged();
     if (self)
         rearrangeObjects();
 }
@@ -259,40 +285,49 @@ void NSArrayController::objectIsGone(QObject *object)
 
 void NSArrayController::removeAtOnce(const QObject *object)
 {
-    const std::vector<qsizetype> ofArranged = placesOfGone(_arrangedObjects, object);
-    for (const qsizetype place : ofArranged)
-        forgetSelected(place);
-    removePlaces(placesOfGone(_content, object), ofArranged);
+    const QPointer<NSArrayController> self = this;
+    _selection->objectIsGone(object);
+    forget(placesOfGone(_content, object), placesOfGone(_arrangedObjects, object));
+    if (self)
+        removeDead();
 }
 
 /// Puts nil in the place of an object, quickly.
 void NSArrayController::removeLater(const QObject *object)
 {
-    if (_deaths->knownTurn != _turn) {
-        removeDead();
-        _deaths->content = placesOfObjects(_content);
-        _deaths->arranged = placesOfObjects(_arrangedObjects);
-        _deaths->knownTurn = _turn;
+    _selection->objectIsGone(object);
+    if (_deaths->knownTurn == _turn) {
+        const QList<qsizetype> ofContent = _deaths->content.take(object);
+        const QList<qsizetype> ofArranged = _deaths->arranged.take(object);
+        forget({ofContent.begin(), ofContent.end()}, {ofArranged.begin(), ofArranged.end()});
+        return;
     }
-    for (const qsizetype place : _deaths->content.take(object)) {
-        _content[place] = QVariant();
-        _deaths->deadContent.push_back(place);
-    }
-    for (const qsizetype place : _deaths->arranged.take(object)) {
-        _arrangedObjects[place] = QVariant();
-        _deaths->deadArranged.push_back(place);
-        forgetSelected(place);
-        Q_EMIT arrangedObjectIsGone(place);
-    }
+    const QPointer<NSArrayController> self = this;
+    removeDead();
+    if (!self)
+        return;
+    _deaths->content = placesOfObjects(_content);
+    _deaths->arranged = placesOfObjects(_arrangedObjects);
+    _deaths->knownTurn = _turn;
+    // A QPointer to it has forgotten where it pointed, so that it is not among those.
+    forget(placesOfGone(_content, object), placesOfGone(_arrangedObjects, object));
 }
 
-/// Whoever asks for the selection before others are selected must not meet a destroyed object.
-void NSArrayController::forgetSelected(qsizetype place)
+/// Puts nil in some places: nobody must meet a destroyed object there until they are removed.
+void NSArrayController::forget(const std::vector<qsizetype> &ofContent,
+                               const std::vector<qsizetype> &ofArranged)
 {
-    const auto selected =
-        std::lower_bound(_selectionIndexes.cbegin(), _selectionIndexes.cend(), place);
-    if (selected != _selectionIndexes.cend() && *selected == place)
-        _selection->objectIsGone(selected - _selectionIndexes.cbegin());
+    for (const qsizetype place : ofContent)
+        _content[place] = QVariant();
+    for (const qsizetype place : ofArranged)
+        _arrangedObjects[place] = QVariant();
+    std::ranges::copy(ofContent, std::back_inserter(_deaths->deadContent));
+    std::ranges::copy(ofArranged, std::back_inserter(_deaths->deadArranged));
+    const QPointer<NSArrayController> self = this;
+    for (const qsizetype place : ofArranged) {
+        if (self)
+            Q_EMIT arrangedObjectIsGone(place);
+    }
 }
 
 /// Removes the nils that stand for destroyed objects.
@@ -361,16 +396,38 @@ void NSArrayController::show(const QVariantList &objects, const RankedSelection 
 
 bool NSArrayController::setSelectionIndexes(const QList<qsizetype> &indexes)
 {
-    const QPointer<NSArrayController> self = this;
-    if (_commitsBeforeSelecting && (!commitEditing() || !self))
+    QList<qsizetype> wanted = selectable(indexes);
+    if (_commitsBeforeSelecting && !commitBeforeSelecting(&wanted))
         return false;
+    _selectionIndexes = wanted;
+    tellSelection();
+    return true;
+}
+
+/// The indexes that there are, ascending.
+QList<qsizetype> NSArrayController::selectable(const QList<qsizetype> &indexes) const
+{
     const std::set<qsizetype> ascending(indexes.begin(), indexes.end());
-    _selectionIndexes.clear();
+    QList<qsizetype> those;
     for (const qsizetype index : ascending) {
         if (index >= 0 && index < _arrangedObjects.size())
-            _selectionIndexes += index;
+            those += index;
     }
-    tellSelection();
+    return those;
+}
+
+/// What is committed may bring the objects into another order.
+/// \param indexes where the same objects are afterwards.
+/// \return whether others may be selected.
+bool NSArrayController::commitBeforeSelecting(QList<qsizetype> *indexes)
+{
+    if (!isEditing())
+        return true;
+    const QPointer<NSArrayController> self = this;
+    const RankedSelection wanted(_arrangedObjects, *indexes);
+    if (!commitEditing() || !self)
+        return false;
+    *indexes = wanted.indexesIn(_arrangedObjects);
     return true;
 }
 

@@ -150,7 +150,8 @@ Q_SIGNALS:
     void selectionChanged();
     /// Others are set; before the objects are arranged by them.
     void sortDescriptorsChanged();
-    /// One of very many objects has been destroyed: it is nil now, and leaves at the turn's end.
+    /// An object has been destroyed: it is nil now, and leaves at once, or, as one of very many, at
+    /// the turn's end.
     void arrangedObjectIsGone(qsizetype index);
 
 private:
@@ -158,15 +159,19 @@ private:
 
     QVariantList arranged(const QVariantList &content, const NSPredicate &filter,
                           KTPrivate::SortedOrder *order) const;
-    void replaceContent(const QVariantList &content, const KTPrivate::RankedSelection &selected,
+    void replaceContent(const QVariantList &content, const KTPrivate::RankedSelection *selected,
                         const KTPrivate::SortedOrder &order, const std::function<void()> &watch);
+    void showReplaced(const QVariantList &shown, quint64 turn,
+                      const KTPrivate::RankedSelection *selected);
     void show(const QVariantList &objects, const KTPrivate::RankedSelection &selected);
     KTPrivate::RankedSelection ranked() const;
     void tellSelection();
     void objectIsGone(QObject *object);
     void removeAtOnce(const QObject *object);
     void removeLater(const QObject *object);
-    void forgetSelected(qsizetype place);
+    void forget(const std::vector<qsizetype> &ofContent, const std::vector<qsizetype> &ofArranged);
+    bool commitBeforeSelecting(QList<qsizetype> *indexes);
+    QList<qsizetype> selectable(const QList<qsizetype> &indexes) const;
     void removeDead();
     void removePlaces(const std::vector<qsizetype> &ofContent,
                       const std::vector<qsizetype> &ofArranged);

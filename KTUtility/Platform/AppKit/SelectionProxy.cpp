@@ -1,5 +1,7 @@
 #include "SelectionProxy_p.h"
 
+#include "ContentWatch_p.h"
+
 #include <KTUtility/Platform/Keys/KeyPathObserver_p.h>
 #include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
 #include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
@@ -79,6 +81,7 @@ void SelectionProxy::setObjects(const QVariantList &objects)
 {
     const QPointer<SelectionProxy> self = this;
     _objects = objects;
+    _places.reset();
     QStringList keys;
     for (const auto &each : _watches)
         keys += each.first;
@@ -92,9 +95,14 @@ void SelectionProxy::setObjects(const QVariantList &objects)
     failure.rethrow();
 }
 
-void SelectionProxy::objectIsGone(qsizetype index)
+void SelectionProxy::objectIsGone(const QObject *object)
 {
-    if (index < _objects.size())
+    if (!_places) {
+        _places.emplace();
+        for (qsizetype index = 0; index < _objects.size(); ++index)
+            (*_places)[ContentWatch::objectIn(_objects.at(index))] += index;
+    }
+    for (const qsizetype index : _places->take(object))
         _objects[index] = QVariant();
 }
 

@@ -12,6 +12,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace KTPrivate {
@@ -32,8 +33,8 @@ public:
     void setObjects(const QVariantList &objects);
 
     /// One of the objects has been destroyed: it has no values from now on.
-    /// \param index among the objects.
-    void objectIsGone(qsizetype index);
+    /// \param object what is left of it; only for its address.
+    void objectIsGone(const QObject *object);
 
     std::optional<QVariant> valueForKey(const QString &key) const override;
     bool setValueForKey(const QVariant &value, const QString &key) override;
@@ -67,6 +68,8 @@ private:
     void valueHasChanged(const QString &key, bool isNews);
 
     QVariantList _objects;
+    /// Where they are, once one of them has been looked for.
+    std::optional<QHash<const QObject *, QList<qsizetype>>> _places;
     std::map<QString, std::shared_ptr<Watch>> _watches;
     // While the objects are being set.
     int _setting = 0;

@@ -3,6 +3,7 @@
 #include <KTUtility/NSArrayController>
 
 #include <KTUtility/KTPropertyBinder>
+#include <KTUtility/NSEditor>
 #include <KTUtility/NSKeyValueCoding>
 #include <KTUtility/NSKeyValueObservation>
 
@@ -11,8 +12,11 @@
 
 #include <QPointer>
 #include <QSignalSpy>
+#include <QThread>
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <vector>
 
@@ -56,6 +60,22 @@ protected:
 
     std::vector<std::unique_ptr<ObservedRecord>> records;
     NSArrayController controller;
+};
+
+/// Calls a function when it is asked for its value.
+class GettingRecord : public ObservedStandIn
+{
+public:
+    std::optional<QVariant> valueForKey(const QString &key) const override
+    {
+        if (key != u"silent")
+            return std::nullopt;
+        if (asked)
+            asked(this);
+        return 3;
+    }
+
+    std::function<void(const GettingRecord *)> asked;
 };
 
 class NSArrayControllerManyObjects : public NSArrayControllerObjects
@@ -203,6 +223,120 @@ TEST_F(NSArrayControllerManyObjects, ThoseThatWaitLeaveBeforeTheListChanges)
     EXPECT_EQ(controller.content().size(), 18'001);
 }
 
+TEST_F(NSArrayControllerObjects, WhatStandsInTheListsMayBeGivenToThem)
+{
+    sortDescending();
+    controller.removeObject(controller.content().first());
+    EXPECT_EQ(content(), u"BCDE"_s);
+    controller.addObject(controller.content().first());
+    EXPECT_EQ(content(), u"BCDEB"_s);
+    controller.removeObject(controller.arrangedObjects().first());
+    EXPECT_EQ(content(), u"BCDB"_s);
+    const QSignalSpy contents(&controller, &NSArrayController::contentChanged);
+    records[0].reset();
+    records[4].reset();
+    EXPECT_EQ(contents.count(), 0);
+    records[1].reset();
+    EXPECT_EQ(content(), u"CD"_s);
+    controller.setContent(controller.arrangedObjects());
+    EXPECT_EQ(content(), u"DC"_s);
+}
+
+TEST_F(NSArrayControllerObjects, WhoIsToldMayDestroyWhatHasJustLeft)
+{
+    const QVariant second = QVariant::fromValue(records[1].get());
+    controller.setSelectionIndexes({1, 2});
+    QStringList met;
+    QObject::connect(&controller, &NSArrayController::contentChanged, [&] {
+        records[1].reset();
+        met += shown() + u'/' + selected() + u'/' + selection(u"name"_s).toString();
+    });
+    controller.removeObject(second);
+    EXPECT_EQ(met, QStringList({u"ACDE/C/"_s, u"ACDE/C/C"_s}));
+    EXPECT_EQ(shown(), u"ACDE"_s);
+    EXPECT_EQ(selected(), u"C"_s);
+}
+
+TEST_F(NSArrayControllerObjects, WhoIsToldMayDestroyWhatAnotherListHasNot)
+{
+    const QVariantList others{QVariant::fromValue(records[0].get())};
+    controller.setSelectionIndexes({0, 3});
+    QObject::connect(&controller, &NSArrayController::contentChanged, [&] {
+        for (const size_t index : {1u, 3u, 4u})
+            records[index].reset();
+        EXPECT_EQ(content(), u"A"_s);
+        EXPECT_EQ(shown().remove(u'C'), u"A"_s);
+    });
+    controller.setContent(others);
+    EXPECT_EQ(shown(), u"A"_s);
+    EXPECT_EQ(selected(), u"A"_s);
+    const QSignalSpy contents(&controller, &NSArrayController::contentChanged);
+    records[2].reset();
+    EXPECT_EQ(contents.count(), 0);
+}
+
+TEST_F(NSArrayControllerObjects, WhatIsHiddenMayBeDestroyedBeforeTheSelectionIsTold)
+{
+    controller.setSelectionIndexes({0, 1});
+    QVariant met;
+    QObject::connect(&controller, &NSArrayController::arrangedObjectsChanged, [&] {
+        records[1].reset();
+        met = selection(u"number"_s);
+    });
+    hideOdd();
+    EXPECT_NE(met, 1);
+    EXPECT_EQ(shown(), u"ACE"_s);
+    EXPECT_EQ(selection(u"number"_s), 0);
+}
+
+TEST_F(NSArrayControllerObjects, NilsOfOtherTypesStay)
+{
+    const QVariantList nils{QVariant(QString()), QVariant(QMetaType::fromType<int>()),
+                            QVariant::fromValue(nullptr), 5};
+    controller.setContent(QVariantList{QVariant::fromValue(records[0].get())} + nils);
+    records[0].reset();
+    EXPECT_EQ(controller.content().size(), nils.size());
+    EXPECT_EQ(controller.content().first().typeId(), QMetaType::QString);
+}
+
+TEST_F(NSArrayControllerManyObjects, MayBeGuardedAndDestroyedAtOnce)
+{
+    QVariantList guarded;
+    for (const auto &record : records)
+        guarded += QVariant::fromValue(QPointer<ObservedRecord>(record.get()));
+    controller.setContent(guarded);
+    records.clear();
+    turn();
+    EXPECT_TRUE(controller.content().isEmpty());
+    EXPECT_TRUE(controller.arrangedObjects().isEmpty());
+}
+
+TEST_F(NSArrayControllerObjects, TheSameObjectsAreSelectedAfterACommit)
+{
+    struct Editor : QObject, NSEditor
+    {
+        bool commitEditing() override
+        {
+            commit();
+            return true;
+        }
+        void discardEditing() override {}
+        std::function<void()> commit;
+    } editor;
+    sortDescending();
+    editor.commit = [&] {
+        controller.objectDidEndEditing(&editor);
+        records[0]->setNumber(9);
+        controller.rearrangeObjects();
+    };
+    controller.setCommitsBeforeSelecting(true);
+    controller.objectDidBeginEditing(&editor);
+    // The second one, which is the third when the first has come before them.
+    EXPECT_TRUE(controller.setSelectionIndex(1));
+    EXPECT_EQ(shown(), u"AEDCB"_s);
+    EXPECT_EQ(selected(), u"D"_s);
+}
+
 // --- Rearranging --------------------------------------------------------------------------------
 
 TEST_F(NSArrayControllerObjects, RearrangesByItselfIfItIsTo)
@@ -269,6 +403,51 @@ TEST_F(NSArrayControllerObjects, KeyPathsAndKeysWithoutSignalAreFollowed)
     records[0]->setName(u"X"_s);
     turn();
     EXPECT_EQ(shown(), u"XEDCB"_s);
+}
+
+TEST_F(NSArrayControllerObjects, ObservedGettersMayDestroyOthersAndRaise)
+{
+    NSArrayController other;
+    std::vector<std::unique_ptr<GettingRecord>> getting;
+    QVariantList objects;
+    for (int index = 0; index < 3; ++index) {
+        getting.push_back(std::make_unique<GettingRecord>());
+        objects += QVariant::fromValue(getting.back().get());
+    }
+    other.setContent(objects);
+    other.setSortDescriptors({{u"silent"_s}});
+    const auto destroyOthers = [&](const GettingRecord *asked) {
+        for (auto &each : getting) {
+            if (each && each.get() != asked)
+                each.reset();
+        }
+    };
+    for (const auto &each : getting)
+        each->asked = destroyOthers;
+    other.setAutomaticallyRearranges(true);
+    EXPECT_EQ(other.content().size(), 1);
+    EXPECT_EQ(other.arrangedObjects(), other.content());
+    const QVariant raising = other.content().first();
+    other.setAutomaticallyRearranges(false);
+    raising.value<GettingRecord *>()->asked = [](const GettingRecord *) { throw 5; };
+    other.setAutomaticallyRearranges(true);
+    EXPECT_EQ(other.content(), QVariantList{raising});
+}
+
+TEST_F(NSArrayControllerObjects, WhatChangedInAThreadMayHaveLeftMeanwhile)
+{
+    controller.setAutomaticallyRearranges(true);
+    sortDescending();
+    QThread thread;
+    thread.start();
+    records[0]->moveToThread(&thread);
+    QMetaObject::invokeMethod(
+        records[0].get(), [this] { records[0]->setNumber(9); }, Qt::BlockingQueuedConnection);
+    controller.removeObject(QVariant::fromValue(records[0].get()));
+    turn();
+    EXPECT_EQ(shown(), u"EDCB"_s);
+    thread.quit();
+    thread.wait();
 }
 
 TEST_F(NSArrayControllerObjects, WhatRaisesWhileItRearrangesIsLogged)
