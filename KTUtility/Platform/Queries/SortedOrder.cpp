@@ -18,6 +18,8 @@ std::vector<KeyValueTarget> targetsOf(const QVariantList &list, const SortedOrde
 }
 
 /// Sorts what begins with a part that probably is in order.
+/// A comparator of the program may contradict itself, as one that answers "less" for equal values
+/// does: std::sort() would leave the list then.
 /// \return whether that part was.
 template<typename IsBefore>
 bool sortBehind(std::vector<size_t> *list, size_t known, const IsBefore &isBefore)
@@ -25,8 +27,8 @@ bool sortBehind(std::vector<size_t> *list, size_t known, const IsBefore &isBefor
     const auto middle = list->begin() + qptrdiff(known);
     const bool wasSorted = std::is_sorted(list->begin(), middle, isBefore);
     if (!wasSorted)
-        std::sort(list->begin(), middle, isBefore);
-    std::sort(middle, list->end(), isBefore);
+        std::stable_sort(list->begin(), middle, isBefore);
+    std::stable_sort(middle, list->end(), isBefore);
     std::inplace_merge(list->begin(), middle, list->end(), isBefore);
     return wasSorted;
 }

@@ -7,6 +7,7 @@
 
 #include <QRandomGenerator>
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -102,4 +103,20 @@ TEST_F(SortedOrderTests, AMissingKeyLeavesItAsItWas)
     EXPECT_THROW(sorted(every(1)), NSException);
     list.removeLast();
     EXPECT_EQ(sorted(every(1)), expected(every(1)));
+}
+
+TEST_F(SortedOrderTests, AComparatorMayContradictItself)
+{
+    list.clear();
+    for (int index = 0; index < 5000; ++index)
+        list += index % 3;
+    descriptors = {{.comparator = [](const QVariant &left, const QVariant &right) {
+        return left.toInt() <= right.toInt() ? std::weak_ordering::less
+                                             : std::weak_ordering::greater;
+    }}};
+    for (const int step : {7, 1}) {
+        SortedOrder::Places places = order.sort(list, every(step), descriptors);
+        std::sort(places.begin(), places.end());
+        EXPECT_EQ(places, every(step));
+    }
 }
