@@ -6,9 +6,8 @@ namespace {
 constexpr qint64 MillisecondsOfDay = 24 * 60 * 60 * 1000;
 
 /// Where a zone is as far from UTC at the end of so many days as at their beginning, it is so all of
-/// the time: no zone puts its clocks forward and back again within a month, which some do for Ramadan.
-/// Where it is not, fewer days are tried.
-constexpr int Periods[] = {21, 3};
+/// the time: no zone puts its clocks forward and back again as quickly. Within a week, one did.
+constexpr int DaysOfPeriod = 3;
 
 /// A reading of a clock as if it were in UTC, since noon of the first Julian day: zones do not
 /// change at noon, where periods begin.
@@ -34,13 +33,10 @@ std::optional<qint64> LocalInstants::distanceAround(qint64 reading)
     // Before the first of the days, periods would begin late.
     if (reading < 0)
         return std::nullopt;
-    for (const int days : Periods) {
-        const qint64 first = reading / MillisecondsOfDay / days * days;
-        const qint64 distance = distanceAtNoon(first);
-        if (distance == distanceAtNoon(first + days))
-            return distance;
-    }
-    return std::nullopt;
+    const qint64 first = reading / MillisecondsOfDay / DaysOfPeriod * DaysOfPeriod;
+    const qint64 distance = distanceAtNoon(first);
+    return distance == distanceAtNoon(first + DaysOfPeriod) ? std::optional(distance)
+                                                            : std::nullopt;
 }
 
 qint64 LocalInstants::distanceAtNoon(qint64 julianDay)

@@ -50,6 +50,23 @@ TEST(LocalInstants, AreThoseOfQtAroundChangesOfTheClock)
     }
 }
 
+TEST(LocalInstants, AreThoseOfQtWhereTheClockGoesBackWithinDays)
+{
+    const struct
+    {
+        const char *zone;
+        QDate first;
+    } table[] = {{"America/Recife", {2000, 9, 20}},
+                 {"America/Noronha", {2000, 9, 20}},
+                 {"America/Boa_Vista", {2000, 9, 20}},
+                 {"Asia/Gaza", {2040, 10, 1}},
+                 {"Africa/Freetown", {1939, 8, 20}}};
+    for (const auto &[zone, first] : table) {
+        const LibcZone inZone(zone);
+        EXPECT_EQ(failuresFrom(QDateTime(first, QTime(0, 7)), 1800, 2000), 0) << zone;
+    }
+}
+
 TEST(LocalInstants, OtherDatesAreAskedThemselves)
 {
     const LibcZone berlin("Europe/Berlin");
