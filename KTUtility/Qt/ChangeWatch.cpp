@@ -10,7 +10,7 @@ using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 ChangeWatch::ChangeWatch(QObject *object, std::function<void()> changed)
-    : _object(object), _changed(std::move(changed))
+    : _object(object), _changed(std::make_shared<const std::function<void()>>(std::move(changed)))
 {
     if (!object)
         return;
@@ -29,6 +29,7 @@ void ChangeWatch::stop()
     if (_object)
         QObject::disconnect(_object, nullptr, this, nullptr);
     _object = nullptr;
+    _changed.reset();
 }
 
 QString ChangeWatch::changingName() const
@@ -40,11 +41,12 @@ QString ChangeWatch::changingName() const
 void ChangeWatch::objectChanged()
 {
     const std::shared_ptr<ChangeWatch> self = shared_from_this();
+    const auto changed = _changed;
     const ChangeChain chain(this);
     if (chain.isEndless() || !_object)
         return;
     try {
-        _changed();
+        (*changed)();
     } catch (const std::exception &failure) {
         NSLog(u"*** exception in an observer of %@: %@", changingName(),
               QString::fromUtf8(failure.what()));

@@ -24,6 +24,7 @@ public:
 
     /// Whether the object is there.
     bool isActive() const { return !_object.isNull(); }
+    QObject *object() const { return _object; }
     void stop();
     QString changingName() const override;
 
@@ -32,7 +33,7 @@ private Q_SLOTS:
 
 private:
     QPointer<QObject> _object;
-    std::function<void()> _changed;
+    std::shared_ptr<const std::function<void()>> _changed; ///< null once it has stopped
     std::vector<QPropertyNotifier> _notifiers;
 };
 } // namespace KTPrivate

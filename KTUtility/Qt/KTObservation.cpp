@@ -39,9 +39,10 @@ void KTObservation::invalidate()
 
 void KTObservation::endWith(QObject *context) &&
 {
-    if (!context)
+    QObject *const object = _watch ? _watch->object() : nullptr;
+    if (!context || !object)
         return;
-    // The connection keeps it; the object's own end makes it idle.
-    QObject::connect(context, &QObject::destroyed, context,
+    // The connection keeps it, and goes with either of the two.
+    QObject::connect(context, &QObject::destroyed, object,
                      [watch = std::move(_watch)] { watch->stop(); });
 }

@@ -137,3 +137,50 @@ TEST_F(KTObservationTests, ValuesThatNeverSettleAreLeftAlone)
     record->setLevel(10);
     EXPECT_EQ(other.level(), 12);
 }
+
+TEST_F(KTObservationTests, NothingIsObservedOfNoObjectForAContext)
+{
+    auto context = std::make_unique<QObject>();
+    KT::observe(static_cast<Reading *>(nullptr), &Reading::level, context.get(), note());
+    KT::observe(record.get(), &Reading::level, static_cast<QObject *>(nullptr), note());
+    record->setLevel(2);
+    context.reset();
+    record->setLevel(3);
+    EXPECT_EQ(told, QStringList());
+}
+
+TEST_F(KTObservationTests, WhatItCallsGoesWithTheObjectOrTheContext)
+{
+    const auto token = std::make_shared<int>(1);
+    const auto keep = [token](int, int) {};
+    QObject context;
+    KT::observe(record.get(), &Reading::level, &context, keep);
+    EXPECT_GT(token.use_count(), 2);
+    record.reset();
+    EXPECT_EQ(token.use_count(), 2);
+    Reading other;
+    {
+        QObject shorter;
+        KT::observe(&other, &Reading::level, &shorter, keep);
+        KT::observe(&other, &Reading::level, &other, keep);
+        EXPECT_GT(token.use_count(), 3);
+    }
+    EXPECT_EQ(token.use_count(), 3);
+    KTObservation ended = KT::observe(&other, &Reading::level, keep);
+    ended.invalidate();
+    EXPECT_EQ(token.use_count(), 3);
+}
+
+TEST_F(KTObservationTests, WhatItCallsMayEndItAndStillUseWhatItHolds)
+{
+    KTObservation observation;
+    const auto token = std::make_shared<int>(1);
+    observation = KT::observe(record.get(), &Reading::level, [&, token](int, int now) {
+        observation.invalidate();
+        told += QString::number(now + *token);
+    });
+    record->setLevel(2);
+    record->setLevel(3);
+    EXPECT_EQ(told, QStringList(u"3"_s));
+    EXPECT_EQ(token.use_count(), 1);
+}
