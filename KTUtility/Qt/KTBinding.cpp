@@ -1,5 +1,6 @@
 #include "KTBinding.h"
 
+#include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
 #include <KTUtility/Platform/Diagnostics/NSLog.h>
 #include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
 
@@ -64,7 +65,9 @@ void PathLink::begin(QObject *object, const QString &keyPath, Taken taken)
     _taken = std::move(taken);
     if (!object)
         return;
-    _taken(NSKeyValueCoding::valueForKeyPath(object, keyPath));
+    take(NSKeyValueCoding::valueForKeyPath(object, keyPath));
+    if (!_object)
+        return;
     _observation = NSKeyValueObservation(object, keyPath, NSKeyValueObservingOptionNew,
                                          [weak = weak_from_this()](const NSKeyValueChange &change) {
                                              if (const auto kept = weak.lock())
@@ -77,9 +80,8 @@ void PathLink::take(const QVariant &value)
     const QScopedValueRollback<bool> passing(_isPassing, true);
     try {
         _taken(value);
-    } catch (const std::exception &failure) {
-        NSLog(u"*** a property cannot hold the value of %@: %@", _keyPath,
-              QString::fromUtf8(failure.what()));
+    } catch (...) {
+        NSLog(u"*** a property cannot hold the value of %@: %@", _keyPath, reasonOfException());
     }
 }
 
@@ -90,9 +92,8 @@ void PathLink::set(const QVariant &value)
     const QScopedValueRollback<bool> passing(_isPassing, true);
     try {
         NSKeyValueCoding::setValueForKeyPath(_object.data(), value, _keyPath);
-    } catch (const std::exception &failure) {
-        NSLog(u"*** a property cannot be passed to %@: %@", _keyPath,
-              QString::fromUtf8(failure.what()));
+    } catch (...) {
+        NSLog(u"*** a property cannot be passed to %@: %@", _keyPath, reasonOfException());
     }
 }
 

@@ -281,7 +281,8 @@ KTBinding bind(A *first, AGetter getter, B *second, BGetter secondGetter) = dele
 
 /// Binds a QProperty to a key path of an object, for as long as the result lives and the object
 /// does: it has the value of the key path at once, then each follows the other. Where the key path
-/// has a value that the type cannot hold, the property stays as it is, and the log tells it.
+/// has a value that the type cannot hold, such as a marker while nothing is selected, the property
+/// stays as it is, and the log tells it.
 /// \code
 /// QProperty<int> count;
 /// const KTBinding binding = KT::bind(&count, &controller, u"selection.count");

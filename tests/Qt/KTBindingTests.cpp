@@ -202,6 +202,24 @@ TEST_F(KTBindingTests, WhatAPropertyCannotHoldIsLogged)
     EXPECT_THROW((void)(KT::bind(&level, record.get(), u"levle")), NSException);
 }
 
+TEST_F(KTBindingTests, APropertyMayBeBoundBeforeSomethingIsSelected)
+{
+    NSArrayController controller;
+    controller.setContent({QVariant::fromValue(record.get())});
+    QProperty<int> level(7);
+    KTBinding binding;
+    const QString logged = testing_support::standardErrorOf(
+        [&] { binding = KT::bind(&level, &controller, u"selection.level"); });
+    EXPECT_TRUE(logged.contains(u"cannot hold the value of selection.level"_s))
+        << qPrintable(logged);
+    EXPECT_TRUE(binding.isActive());
+    EXPECT_EQ(level.value(), 7);
+    controller.setSelectionIndex(0);
+    EXPECT_EQ(level.value(), 1);
+    level = 4;
+    EXPECT_EQ(record->level(), 4);
+}
+
 TEST_F(KTBindingTests, APropertyOutlivesTheObject)
 {
     QProperty<int> level;
