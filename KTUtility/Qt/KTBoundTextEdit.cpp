@@ -19,6 +19,8 @@ KTBoundTextEdit::KTBoundTextEdit(QWidget *parent)
     QObject::connect(this, &QPlainTextEdit::textChanged, this, [this] {
         if (isModified())
             beginEditing();
+        else if (!_isCommitting)
+            endEditing();
     });
 }
 
@@ -71,8 +73,12 @@ void KTBoundTextEdit::showValue()
 
 bool KTBoundTextEdit::commit()
 {
-    if (!isModified() || _isCommitting)
-        return !_isCommitting;
+    if (_isCommitting)
+        return false;
+    if (!isModified()) {
+        endEditing();
+        return true;
+    }
     const QPointer<KTBoundTextEdit> self = this;
     const QVariant before = std::exchange(_value, text());
     _isCommitting = true;

@@ -280,6 +280,22 @@ TEST_F(KTBoundTextEditTests, WhatIsTypedIsForTheController)
     EXPECT_EQ(editor->toPlainText().size(), 2);
 }
 
+TEST_F(KTBoundTextEditTests, WhatIsUndoneIsNotBeingEdited)
+{
+    editor->bindTo(&controller, u"selection.title");
+    controller.setSelectionIndex(0);
+    focus();
+    QTest::keyClicks(editor, u"x"_s);
+    EXPECT_TRUE(controller.isEditing());
+    editor->undo();
+    EXPECT_FALSE(editor->isModified());
+    EXPECT_FALSE(controller.isEditing());
+    editor->redo();
+    EXPECT_TRUE(controller.isEditing());
+    EXPECT_TRUE(controller.commitEditing());
+    EXPECT_FALSE(controller.isEditing());
+}
+
 TEST_F(KTBoundDateEditTests, TimeAndZoneStay)
 {
     const QDateTime moment(Day, QTime(17, 30), QTimeZone("Asia/Tokyo"));
