@@ -1,5 +1,7 @@
 #include "KTBoundDateEdit.h"
 
+#include "TextReading_p.h"
+
 #include <KTUtility/Platform/Keys/NSSelectionMarker.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 
@@ -11,6 +13,7 @@
 
 #include <utility>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 KTBoundDateEdit::KTBoundDateEdit(QWidget *parent)
@@ -128,6 +131,13 @@ void KTBoundDateEdit::leaveForOthers()
 bool KTBoundDateEdit::commitEditing()
 {
     const QPointer<KTBoundDateEdit> self = this;
+    // Qt would put back what it shows.
+    if (_isTyping && !hasAcceptableInput()) {
+        const QString reason = rejectionForPeople(text(), {});
+        showReason(reason);
+        Q_EMIT rejected(reason);
+        return false;
+    }
     _isRejected = false;
     interpretText();
     if (!self)
@@ -140,6 +150,7 @@ void KTBoundDateEdit::discardEditing()
 {
     endTyping();
     showValue();
+    showReason({});
 }
 
 void KTBoundDateEdit::stepBy(int steps)

@@ -50,7 +50,7 @@ public:
 
 Q_SIGNALS:
     void valueChanged();
-    /// The object did not take the value.
+    /// The object did not take the value, or what is typed is no day.
     /// \param reason for a person.
     void rejected(const QString &reason);
 

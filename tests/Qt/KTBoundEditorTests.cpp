@@ -280,6 +280,30 @@ TEST_F(KTBoundTextEditTests, WhatIsTypedIsForTheController)
     EXPECT_EQ(editor->toPlainText().size(), 2);
 }
 
+TEST_F(KTBoundDateEditTests, WhatIsNoDayIsNotCommitted)
+{
+    record(0)->setDue(Day);
+    editor->setDisplayFormat(u"dd.MM.yyyy"_s);
+    editor->bindTo(&controller, u"selection.due");
+    controller.setSelectionIndex(0);
+    focus();
+    editor->setSelectedSection(QDateTimeEdit::MonthSection);
+    QTest::keyClick(editor, Qt::Key_Backspace);
+    QTest::keyClicks(editor, u"0"_s);
+    EXPECT_TRUE(controller.isEditing());
+    controller.setCommitsBeforeSelecting(true);
+    EXPECT_FALSE(controller.setSelectionIndex(1));
+    EXPECT_TRUE(controller.isEditing());
+    EXPECT_EQ(editor->text(), u"05.0.2026"_s);
+    EXPECT_EQ(rejections, QStringList(u"This value cannot be stored here."_s));
+    EXPECT_EQ(editor->toolTip(), u"This value cannot be stored here."_s);
+    controller.discardEditing();
+    EXPECT_EQ(editor->text(), u"05.03.2026"_s);
+    EXPECT_EQ(editor->toolTip(), u""_s);
+    EXPECT_TRUE(controller.setSelectionIndex(1));
+    EXPECT_EQ(record(0)->due(), Day);
+}
+
 TEST_F(KTBoundTextEditTests, WhatIsUndoneIsNotBeingEdited)
 {
     editor->bindTo(&controller, u"selection.title");
