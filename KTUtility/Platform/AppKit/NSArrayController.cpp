@@ -200,8 +200,9 @@ void NSArrayController::showReplaced(const QVariantList &shown, quint64 turn,
 void NSArrayController::setFilterPredicate(const NSPredicate &predicate)
 {
     removeDead();
+    const quint64 turn = _turn + 1;
     const QVariantList shown = arranged(_content, predicate, _order.get());
-    const quint64 turn = ++_turn;
+    ++_turn;
     _filterPredicate = predicate;
     const QPointer<NSArrayController> self = this;
     followChanges();
@@ -226,7 +227,9 @@ void NSArrayController::setSortDescriptors(const QList<NSSortDescriptor> &descri
 void NSArrayController::rearrangeObjects()
 {
     removeDead();
-    show(arranged(_content, _filterPredicate, _order.get()), ranked());
+    // A getter may destroy what is being arranged.
+    const quint64 turn = _turn;
+    showReplaced(arranged(_content, _filterPredicate, _order.get()), turn, nullptr);
 }
 
 // --- Changes of objects -------------------------------------------------------------------------

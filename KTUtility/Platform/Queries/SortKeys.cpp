@@ -7,6 +7,7 @@
 #include <KTUtility/Platform/Values/VariantKind_p.h>
 
 #include <QDateTime>
+#include <QPointer>
 
 #include <algorithm>
 #include <cmath>
@@ -150,13 +151,26 @@ VariantKind commonKind(const Values &values)
     return common;
 }
 
+bool isObject(const KeyValueTarget &element)
+{
+    return element.kind == KeyValueTarget::Kind::Object;
+}
+
 Values valuesToSort(const std::vector<KeyValueTarget> &elements, const NSSortDescriptor &descriptor)
 {
     Values values;
     values.reserve(elements.size());
     KeyPath path(descriptor.key);
+    // A getter may destroy objects that come later: they have nil.
+    std::vector<QPointer<QObject>> objects;
+    objects.reserve(elements.size());
     for (const KeyValueTarget &element : elements)
+        objects.emplace_back(isObject(element) ? element.object() : nullptr);
+    for (size_t index = 0; index < elements.size(); ++index) {
+        const bool isGone = isObject(elements[index]) && !objects[index];
+        const KeyValueTarget element = isGone ? KeyValueTarget() : elements[index];
         values.push_back(descriptor.member ? descriptor.member(element) : path.read(element));
+    }
     return values;
 }
 

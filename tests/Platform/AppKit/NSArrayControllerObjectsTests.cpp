@@ -434,6 +434,16 @@ TEST_F(NSArrayControllerObjects, ObservedGettersMayDestroyOthersAndRaise)
     EXPECT_EQ(other.content(), QVariantList{raising});
 }
 
+TEST_F(NSArrayControllerObjects, AGetterMayDestroyWhatIsBeingArranged)
+{
+    controller.setSortDescriptors({NSSortDescriptor::by([this](const ObservedRecord &each) {
+        records[3].reset();
+        return -each.number();
+    })});
+    EXPECT_EQ(content(), u"ABCE"_s);
+    EXPECT_EQ(shown(), u"ECBA"_s);
+}
+
 TEST_F(NSArrayControllerObjects, WhatChangedInAThreadMayHaveLeftMeanwhile)
 {
     controller.setAutomaticallyRearranges(true);
