@@ -105,6 +105,7 @@ public:
     /// qCDebug(expensesImport) << "read" << path;    // in the log, and not on the console
     /// \endcode
     static void setForwardsQtCategories(bool forwards);
+    /// Whether Qt's messages go to the log.
     static bool forwardsQtCategories();
 
     /// The category of Qt that messages go to, in place of file and console; empty for none, which is
@@ -113,11 +114,13 @@ public:
     ///
     /// Both ways may be on: what comes from Qt is written to the log.
     static void setQtCategory(const QByteArray &category);
+    /// The category of Qt that messages go to; empty for none.
     static QByteArray qtCategory();
 
     /// A logger of its own; for tests. It reads the settings and empties the log file,
     /// unless another logger writes into it or setKeepsLogFile() has kept it.
     KTLogger();
+    /// Leaves the file to others.
     ~KTLogger() override;
 
     // --- Logging

@@ -29,6 +29,7 @@ public:
     KTBinding();
     explicit KTBinding(std::shared_ptr<Parts> parts);
     ~KTBinding();
+    /// Takes over the binding of \a other.
     KTBinding(KTBinding &&other) noexcept;
     /// Ends its own binding and takes over that of \a other.
     KTBinding &operator=(KTBinding &&other) noexcept;
@@ -42,6 +43,7 @@ private:
     std::shared_ptr<Parts> _parts;
 };
 
+/// What a kind of binding derives its machinery from.
 class KTUTILITY_EXPORT KTBinding::Parts
 {
 public:

@@ -43,6 +43,7 @@ public:
     /// Calls a function whenever a property of an object may have changed; see KT::observe().
     KTObservation(QObject *object, std::function<void()> changed);
     ~KTObservation();
+    /// Takes over the observation of \a other.
     KTObservation(KTObservation &&other) noexcept;
     /// Ends its own observation and takes over that of \a other.
     KTObservation &operator=(KTObservation &&other) noexcept;

@@ -178,42 +178,49 @@ public:
     {
         return left.decimalNumberByDividingBy(right);
     }
-    /// The same with an integer on one side: price * 3.
+    /// The sum of a number and an integer.
     template<KTDetail::Integral Integer>
     friend NSDecimalNumber operator+(const NSDecimalNumber &left, Integer right)
     {
         return left + NSDecimalNumber(right);
     }
+    /// The sum of an integer and a number.
     template<KTDetail::Integral Integer>
     friend NSDecimalNumber operator+(Integer left, const NSDecimalNumber &right)
     {
         return NSDecimalNumber(left) + right;
     }
+    /// The difference of a number and an integer.
     template<KTDetail::Integral Integer>
     friend NSDecimalNumber operator-(const NSDecimalNumber &left, Integer right)
     {
         return left - NSDecimalNumber(right);
     }
+    /// The difference of an integer and a number.
     template<KTDetail::Integral Integer>
     friend NSDecimalNumber operator-(Integer left, const NSDecimalNumber &right)
     {
         return NSDecimalNumber(left) - right;
     }
+    /// The product of a number and an integer.
     template<KTDetail::Integral Integer>
     friend NSDecimalNumber operator*(const NSDecimalNumber &left, Integer right)
     {
         return left * NSDecimalNumber(right);
     }
+    /// The product of an integer and a number.
     template<KTDetail::Integral Integer>
     friend NSDecimalNumber operator*(Integer left, const NSDecimalNumber &right)
     {
         return NSDecimalNumber(left) * right;
     }
+    /// The quotient of a number and an integer.
     template<KTDetail::Integral Integer>
     friend NSDecimalNumber operator/(const NSDecimalNumber &left, Integer right)
     {
         return left / NSDecimalNumber(right);
     }
+    /// The quotient of an integer and a number.
     template<KTDetail::Integral Integer>
     friend NSDecimalNumber operator/(Integer left, const NSDecimalNumber &right)
     {
