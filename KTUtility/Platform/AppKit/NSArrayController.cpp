@@ -107,7 +107,7 @@ QVariantList NSArrayController::arranged(const QVariantList &content, const NSPr
                                          SortedOrder *order) const
 {
     // They may be replaced by what is called here.
-    const QVariantList list = content;
+    const auto list = QVariantList(content);
     const QList<NSSortDescriptor> descriptors = _sortDescriptors;
     if (filter.isNil() && descriptors.isEmpty())
         return list;
@@ -145,7 +145,8 @@ void NSArrayController::addObject(const QVariant &object)
 
 void NSArrayController::removeObject(const QVariant &object)
 {
-    const QVariant equal = object;
+    // It may be one of the list.
+    const auto equal = QVariant(object);
     removeDead();
     SortedOrder::Places places;
     QVariantList removed;
