@@ -64,7 +64,9 @@ public:
     QVariantMap dictionaryForKey(const QString &key) const;
     /// Data; null for everything else.
     QByteArray dataForKey(const QString &key) const;
-    /// A value of any type that setObject() stores; nothing if there is none of that type.
+    /// A value of any type that setObject() stores; nothing if there is none of that type. Integers
+    /// are exact or nothing, reals the nearest of their type; truth values are read as by
+    /// boolForKey().
     ///
     /// \code
     /// defaults->setObject(window->size(), u"size"_s);
