@@ -10,6 +10,11 @@ import unittest
 SCRIPTS = pathlib.Path(__file__).resolve().parent.parent.parent / "scripts"
 SOURCE = """#include "KTAlert.h"
 
+class KTAlert : public QObject
+{
+    Q_OBJECT
+};
+
 const char *name()
 {
     return QT_TRANSLATE_NOOP("Names", "na"
@@ -40,6 +45,27 @@ TRANSLATED = {
     "%n “records” in %1": "<translation>\n            <numerusform>Ein Satz in %1</numerusform>\n"
                           "            <numerusform>%n Sätze in %1</numerusform>\n        </translation>",
 }
+# A sheet of the host, and a class that says something.
+HOST = "examples/Cobble/"
+SHEET = """<ui version="4.0">
+ <class>Sheet</class>
+ <widget class="QLabel" name="label">
+  <property name="text"><string>&amp;Name:</string></property>
+  <property name="whatsThis"><string notr="true">none</string></property>
+ </widget>
+</ui>
+"""
+SPEAKER = """class Speaker
+{
+    Q_DECLARE_TR_FUNCTIONS(Speaker)
+};
+
+void Speaker::speak(int count)
+{
+    say(tr("Deleted %1 thing(s)", nullptr, count).arg(count));
+    name(u"outletName"_s, u"%1 (%2)"_s);
+}
+"""
 LIST = "KTUtility/Translations/ktutility_de.ts"
 # What of the list for German becomes what else, and what is said of it.
 PLANTED = [
@@ -119,6 +145,33 @@ class Translations(unittest.TestCase):
         said = self.run_script().stdout
         self.assertIn("the context Names is missing", said)
         self.assertIn("there is no context Nouns", said)
+
+    def add_host(self, speaker=SPEAKER):
+        write(self.top, HOST + "Resources/Interfaces/Sheet.ui", SHEET)
+        write(self.top, HOST + "Sources/Window/Speaker.cpp", speaker)
+        for language in ("de", "en"):
+            write(self.top, f"{HOST}Resources/Translations/cobble_{language}.ts", "<TS></TS>")
+        return self.run_script("--update").stdout
+
+    def test_interfaces_have_texts(self):
+        said = self.add_host()
+        self.assertIn("examples/Cobble: 2 texts in 2 contexts.", said)
+        self.assertIn("cobble_de.ts: “&Name:” (Sheet) is not translated", said)
+        self.assertNotIn("none", said)
+
+    def test_english_has_lists_of_what_has_numbers(self):
+        said = self.add_host()
+        self.assertIn("cobble_en.ts: “Deleted %1 thing(s)” (Speaker) is not translated", said)
+        self.assertNotIn("cobble_en.ts: “&Name:”", said)
+
+    def test_a_sentence_of_a_window_is_a_text(self):
+        said = self.add_host(SPEAKER.replace('tr("Deleted', 'u"All gone."_s, tr("Deleted'))
+        self.assertIn("Speaker.cpp: “All gone.” cannot be translated", said)
+        self.assertNotIn("outletName", said)
+
+    def test_a_class_has_texts_of_its_own(self):
+        self.assertNotIn("Q_OBJECT", self.add_host())
+        self.assertIn("Speaker has no Q_OBJECT", self.add_host(SPEAKER.replace("Q_DECLARE_TR_FUNCTIONS(Speaker)", "")))
 
 
 if __name__ == "__main__":

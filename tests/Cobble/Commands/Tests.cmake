@@ -20,5 +20,6 @@ target_sources(CobbleTests PRIVATE
     Cobble/Commands/ShowCommandTests.cpp
     Cobble/Commands/StandardStreamsTests.cpp
     Cobble/Commands/UserSettingsTests.cpp
+    Cobble/Commands/ValueWordsTests.cpp
     Cobble/Commands/WindowCommandTests.cpp
 )

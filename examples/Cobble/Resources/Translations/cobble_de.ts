@@ -2,73 +2,803 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
-    <name>Durations</name>
-    <message>
-        <source>w</source>
-        <translation>Wo</translation>
+    <name>Counts</name>
+    <message numerus="yes">
+        <source>%1 of %2 record(s)</source>
+        <translation>
+            <numerusform>%1 von %2 Datensatz</numerusform>
+            <numerusform>%1 von %2 Datensätzen</numerusform>
+        </translation>
     </message>
-    <message>
-        <source>d</source>
-        <translation>T</translation>
-    </message>
-    <message>
-        <source>h</source>
-        <translation>Std</translation>
-    </message>
-    <message>
-        <source>m</source>
-        <translation>Min</translation>
-    </message>
-    <message>
-        <source>s</source>
-        <translation>Sek</translation>
-    </message>
-    <message>
-        <source>week</source>
-        <translation>Woche</translation>
-    </message>
-    <message>
-        <source>day</source>
-        <translation>Tag</translation>
-    </message>
-    <message>
-        <source>hour</source>
-        <translation>Stunde</translation>
-    </message>
-    <message>
-        <source>minute</source>
-        <translation>Minute</translation>
-    </message>
-    <message>
-        <source>second</source>
-        <translation>Sekunde</translation>
-    </message>
-    <message>
-        <source>weeks</source>
-        <translation>Wochen</translation>
-    </message>
-    <message>
-        <source>days</source>
-        <translation>Tage</translation>
-    </message>
-    <message>
-        <source>hours</source>
-        <translation>Stunden</translation>
-    </message>
-    <message>
-        <source>minutes</source>
-        <translation>Minuten</translation>
-    </message>
-    <message>
-        <source>seconds</source>
-        <translation>Sekunden</translation>
+    <message numerus="yes">
+        <source>%1 record(s)</source>
+        <translation>
+            <numerusform>%1 Datensatz</numerusform>
+            <numerusform>%1 Datensätze</numerusform>
+        </translation>
     </message>
 </context>
 <context>
-    <name>Localizable</name>
+    <name>DetailPane</name>
     <message>
-        <source>Could not convert to a time</source>
-        <translation>Das ist keine Zeitdauer</translation>
+        <source>%1:</source>
+        <translation>%1:</translation>
+    </message>
+    <message>
+        <source>Multiple values</source>
+        <translation>Mehrere Werte</translation>
+    </message>
+</context>
+<context>
+    <name>ExportSheet</name>
+    <message>
+        <source>&amp;Choose…</source>
+        <translation>&amp;Auswählen …</translation>
+    </message>
+    <message>
+        <source>&amp;File:</source>
+        <translation>&amp;Datei:</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Cancelled. The file was not written.</source>
+        <translation>Abgebrochen. Die Datei wurde nicht geschrieben.</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Please choose a file.</source>
+        <translation>Bitte wählen Sie eine Datei aus.</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>There is a file of that name. Export once more to replace it.</source>
+        <translation>Es gibt schon eine Datei mit diesem Namen. Exportieren Sie noch einmal, um sie zu ersetzen.</translation>
+    </message>
+    <message>
+        <source>There is no database.</source>
+        <translation>Es gibt keine Datenbank.</translation>
+    </message>
+</context>
+<context>
+    <name>ImportSheet</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>&amp;Choose…</source>
+        <translation>&amp;Auswählen …</translation>
+    </message>
+    <message>
+        <source>&amp;File:</source>
+        <translation>&amp;Datei:</translation>
+    </message>
+    <message>
+        <source>&amp;Library:</source>
+        <translation>&amp;Bibliothek:</translation>
+    </message>
+    <message>
+        <source>&amp;Media:</source>
+        <translation>&amp;Medien:</translation>
+    </message>
+    <message>
+        <source>&amp;Replace the library of that name</source>
+        <translation>Die Bibliothek dieses Namens &amp;ersetzen</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Cancelled. Nothing was stored.</source>
+        <translation>Abgebrochen. Es wurde nichts gespeichert.</translation>
+    </message>
+    <message>
+        <source>Columns that name files elsewhere</source>
+        <translation>Spalten, die Dateien an anderen Orten nennen</translation>
+    </message>
+    <message>
+        <source>Files beside the imported one are copied anyway. Columns that are named here may bring any file of yours along, and download others.</source>
+        <translation>Dateien neben der importierten werden ohnehin kopiert. Spalten, die hier genannt werden, dürfen jede Ihrer Dateien mitbringen und andere herunterladen.</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>Name of the file</source>
+        <translation>Name der Datei</translation>
+    </message>
+    <message>
+        <source>Nothing was stored: %1</source>
+        <translation>Es wurde nichts gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>Please choose a file.</source>
+        <translation>Bitte wählen Sie eine Datei aus.</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>Tables and cards (*.csv *.tsv *.txt *.vcf)</source>
+        <translation>Tabellen und Visitenkarten (*.csv *.tsv *.txt *.vcf)</translation>
+    </message>
+</context>
+<context>
+    <name>ImportSummary</name>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1 more</source>
+        <translation>%1 weitere</translation>
+    </message>
+    <message>
+        <source>&amp;Columns:</source>
+        <translation>&amp;Spalten:</translation>
+    </message>
+    <message>
+        <source>&amp;Values kept as they were typed:</source>
+        <translation>&amp;Werte, die so bleiben, wie sie eingegeben wurden:</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Column</source>
+        <translation>Spalte</translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>Spalten</translation>
+    </message>
+    <message>
+        <source>Empty</source>
+        <translation>Leer</translation>
+    </message>
+    <message>
+        <source>Import Finished</source>
+        <translation>Import abgeschlossen</translation>
+    </message>
+    <message>
+        <source>Kept as typed</source>
+        <translation>Wie eingegeben</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>Gelesen</translation>
+    </message>
+    <message>
+        <source>Read as</source>
+        <translation>Gelesen als</translation>
+    </message>
+    <message>
+        <source>Row</source>
+        <translation>Zeile</translation>
+    </message>
+    <message numerus="yes">
+        <source>Stored %1 record(s) in the library “%2”.</source>
+        <translation>
+            <numerusform>%1 Datensatz wurde in der Bibliothek „%2“ gespeichert.</numerusform>
+            <numerusform>%1 Datensätze wurden in der Bibliothek „%2“ gespeichert.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Typ</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Values kept as they were typed</source>
+        <translation>Werte, die so bleiben, wie sie eingegeben wurden</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>Warum</translation>
+    </message>
+</context>
+<context>
+    <name>MainMenu</name>
+    <message>
+        <source>&amp;About Cobble</source>
+        <translation>&amp;Über Cobble</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <translation>Fenster &amp;schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Delete Record…</source>
+        <translation>Datensatz &amp;löschen …</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>&amp;Exportieren …</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;Suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;Import…</source>
+        <translation>&amp;Importieren …</translation>
+    </message>
+    <message>
+        <source>&amp;Logging</source>
+        <translation>&amp;Protokoll</translation>
+    </message>
+    <message>
+        <source>&amp;New Window</source>
+        <translation>&amp;Neues Fenster</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Record Count</source>
+        <translation>&amp;Anzahl der Datensätze</translation>
+    </message>
+    <message>
+        <source>&amp;Silenced Alerts…</source>
+        <translation>&amp;Stumme Hinweise …</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Libraries</source>
+        <translation>Bibliotheken</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Datensatz</translation>
+    </message>
+    <message>
+        <source>Records</source>
+        <translation>Datensätze</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindowController</name>
+    <message>
+        <source>%1 – Cobble</source>
+        <translation>%1 – Cobble</translation>
+    </message>
+    <message>
+        <source>A database for one person.</source>
+        <translation>Eine Datenbank für eine Person.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Choose a library from the list.</source>
+        <translation>Wählen Sie eine Bibliothek aus der Liste aus.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %1 record(s)?</source>
+        <translation>
+            <numerusform>%1 Datensatz löschen?</numerusform>
+            <numerusform>%1 Datensätze löschen?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Deleted %1 record(s)</source>
+        <translation>
+            <numerusform>%1 Datensatz gelöscht</numerusform>
+            <numerusform>%1 Datensätze gelöscht</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Exported %1 record(s)</source>
+        <translation>
+            <numerusform>%1 Datensatz exportiert</numerusform>
+            <numerusform>%1 Datensätze exportiert</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Exported %1 record(s) to %2</source>
+        <translation>
+            <numerusform>%1 Datensatz nach %2 exportiert</numerusform>
+            <numerusform>%1 Datensätze nach %2 exportiert</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Imported %1 record(s)</source>
+        <translation>
+            <numerusform>%1 Datensatz importiert</numerusform>
+            <numerusform>%1 Datensätze importiert</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>There are no libraries yet.
+File ▸ Import… makes one of a table or of address cards.</source>
+        <translation>Es gibt noch keine Bibliotheken.
+Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</translation>
+    </message>
+    <message>
+        <source>This cannot be undone. Media files that nothing else uses go, too.</source>
+        <translation>Das kann nicht widerrufen werden. Mediendateien, die sonst nirgends verwendet werden, verschwinden ebenfalls.</translation>
+    </message>
+</context>
+<context>
+    <name>MediaField</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Mirror left and right</source>
+        <translation>Links und rechts spiegeln</translation>
+    </message>
+    <message>
+        <source>Mirror top and bottom</source>
+        <translation>Oben und unten spiegeln</translation>
+    </message>
+    <message>
+        <source>No file</source>
+        <translation>Keine Datei</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Size in percent</source>
+        <translation>Größe in Prozent</translation>
+    </message>
+    <message>
+        <source>Turn left</source>
+        <translation>Nach links drehen</translation>
+    </message>
+    <message>
+        <source>Turn right</source>
+        <translation>Nach rechts drehen</translation>
+    </message>
+</context>
+<context>
+    <name>OpenBundle</name>
+    <message>
+        <source>%1 is no folder</source>
+        <translation>%1 ist kein Ordner</translation>
+    </message>
+    <message>
+        <source>an import or export is on its way; please wait until it is done</source>
+        <translation>Ein Import oder Export läuft noch; bitte warten Sie, bis er fertig ist</translation>
+    </message>
+    <message>
+        <source>another program has changed the database, which is read again; please try once more</source>
+        <translation>Ein anderes Programm hat die Datenbank geändert, die nun neu gelesen wird; bitte versuchen Sie es noch einmal</translation>
+    </message>
+    <message>
+        <source>there is no database</source>
+        <translation>Es gibt keine Datenbank</translation>
+    </message>
+</context>
+<context>
+    <name>Reasons</name>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 und %2 weitere</translation>
+    </message>
+    <message>
+        <source>%1 cannot be looked at</source>
+        <translation>%1 kann nicht betrachtet werden</translation>
+    </message>
+    <message>
+        <source>%1 is a link, or no file</source>
+        <translation>%1 ist ein Verweis oder keine Datei</translation>
+    </message>
+    <message>
+        <source>%1 of %2 values</source>
+        <translation>%1 von %2 Werten</translation>
+    </message>
+    <message>
+        <source>%1: it was cancelled</source>
+        <translation>%1: Es wurde abgebrochen</translation>
+    </message>
+    <message>
+        <source>'%1' has a computed column</source>
+        <translation>„%1“ hat eine berechnete Spalte</translation>
+    </message>
+    <message>
+        <source>'%1' is in the way; please remove it</source>
+        <translation>„%1“ ist im Weg; bitte entfernen Sie es</translation>
+    </message>
+    <message>
+        <source>'%1' is no table</source>
+        <translation>„%1“ ist keine Tabelle</translation>
+    </message>
+    <message>
+        <source>a change of the database was interrupted, and it cannot be copied to take that back in the copy</source>
+        <translation>Eine Änderung der Datenbank wurde unterbrochen, und sie kann nicht kopiert werden, um das in der Kopie zurückzunehmen</translation>
+    </message>
+    <message>
+        <source>a download cannot be kept: %1</source>
+        <translation>Was heruntergeladen wurde, kann nicht behalten werden: %1</translation>
+    </message>
+    <message>
+        <source>a folder of the bundle is a link, which leads out of it</source>
+        <translation>Ein Ordner des Bündels ist ein Verweis, der aus ihm hinausführt</translation>
+    </message>
+    <message>
+        <source>another program is changing the bundle</source>
+        <translation>Ein anderes Programm ändert gerade das Bündel</translation>
+    </message>
+    <message>
+        <source>another program is changing the database; please try again</source>
+        <translation>Ein anderes Programm ändert gerade die Datenbank; bitte versuchen Sie es noch einmal</translation>
+    </message>
+    <message>
+        <source>cannot be loaded: %1</source>
+        <translation>Kann nicht geladen werden: %1</translation>
+    </message>
+    <message>
+        <source>day, month, year</source>
+        <translation>Tag, Monat, Jahr</translation>
+    </message>
+    <message>
+        <source>hours:minutes</source>
+        <translation>Stunden:Minuten</translation>
+    </message>
+    <message>
+        <source>is a folder, not a file</source>
+        <translation>Das ist ein Ordner, keine Datei</translation>
+    </message>
+    <message>
+        <source>it asked for a field that there is not: %1</source>
+        <translation>Er fragte nach einem Feld, das es nicht gibt: %1</translation>
+    </message>
+    <message>
+        <source>it asked for a field where there is no record</source>
+        <translation>Er fragte nach einem Feld, wo kein Datensatz ist</translation>
+    </message>
+    <message>
+        <source>it cannot be copied</source>
+        <translation>Sie kann nicht kopiert werden</translation>
+    </message>
+    <message>
+        <source>it cannot be downloaded</source>
+        <translation>Sie kann nicht heruntergeladen werden</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>Das kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>it contradicts how the other values of its column are read</source>
+        <translation>Das widerspricht der Lesart der anderen Werte der Spalte</translation>
+    </message>
+    <message>
+        <source>it has moved to where plain http does not lead</source>
+        <translation>Sie ist dorthin umgezogen, wohin einfaches HTTP nicht führt</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>Das ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>it is larger than %1 MB</source>
+        <translation>Sie ist größer als %1 MB</translation>
+    </message>
+    <message>
+        <source>it is no amount in this currency</source>
+        <translation>Das ist kein Betrag in dieser Währung</translation>
+    </message>
+    <message>
+        <source>it is no date or time</source>
+        <translation>Das ist weder Datum noch Uhrzeit</translation>
+    </message>
+    <message>
+        <source>it is no file</source>
+        <translation>Das ist keine Datei</translation>
+    </message>
+    <message>
+        <source>it is no number</source>
+        <translation>Das ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>it is not beside the file; only columns that are named as media may lead elsewhere</source>
+        <translation>Sie liegt nicht neben der Datei; nur Spalten, die als Medien genannt sind, dürfen woandershin führen</translation>
+    </message>
+    <message>
+        <source>it may not be read</source>
+        <translation>Sie darf nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>it names no file</source>
+        <translation>Das nennt keine Datei</translation>
+    </message>
+    <message>
+        <source>it threw something that is no std::exception</source>
+        <translation>Es warf etwas, das keine std::exception ist</translation>
+    </message>
+    <message>
+        <source>it was cancelled</source>
+        <translation>Es wurde abgebrochen</translation>
+    </message>
+    <message>
+        <source>it was not downloaded</source>
+        <translation>Sie wurde nicht heruntergeladen</translation>
+    </message>
+    <message>
+        <source>its name is too long</source>
+        <translation>Ihr Name ist zu lang</translation>
+    </message>
+    <message>
+        <source>its separators do not stand where groups end or the fraction begins</source>
+        <translation>Die Trennzeichen stehen nicht dort, wo Gruppen enden oder die Nachkommastellen beginnen</translation>
+    </message>
+    <message>
+        <source>its server does not answer</source>
+        <translation>Der Server antwortet nicht</translation>
+    </message>
+    <message>
+        <source>its server says %1</source>
+        <translation>Der Server sagt %1</translation>
+    </message>
+    <message>
+        <source>larger than 1 GB</source>
+        <translation>Größer als 1 GB</translation>
+    </message>
+    <message>
+        <source>line %1 has %2 columns, more than the %3 that a library can have</source>
+        <translation>Zeile %1 hat %2 Spalten, mehr als die %3, die eine Bibliothek haben kann</translation>
+    </message>
+    <message>
+        <source>minutes:seconds</source>
+        <translation>Minuten:Sekunden</translation>
+    </message>
+    <message>
+        <source>month, day, year</source>
+        <translation>Monat, Tag, Jahr</translation>
+    </message>
+    <message>
+        <source>no library '%1'</source>
+        <translation>Es gibt keine Bibliothek „%1“</translation>
+    </message>
+    <message>
+        <source>no such table: %1</source>
+        <translation>Es gibt keine solche Tabelle: %1</translation>
+    </message>
+    <message>
+        <source>no value decides; the locale's own</source>
+        <translation>Kein Wert entscheidet; wie in der Region üblich</translation>
+    </message>
+    <message>
+        <source>not a text file</source>
+        <translation>Das ist keine Textdatei</translation>
+    </message>
+    <message>
+        <source>not a text file in %1 (line %2)</source>
+        <translation>Das ist keine Textdatei in %1 (Zeile %2)</translation>
+    </message>
+    <message>
+        <source>passed over, since a program ended while its code ran: %1; 'cobble plugins enable' tries it again</source>
+        <translation>Übergangen, da ein Programm endete, während sein Code lief: %1; „cobble plugins enable“ versucht es noch einmal</translation>
+    </message>
+    <message>
+        <source>row %1</source>
+        <translation>Zeile %1</translation>
+    </message>
+    <message>
+        <source>rows %1</source>
+        <translation>Zeilen %1</translation>
+    </message>
+    <message>
+        <source>the database</source>
+        <translation>Die Datenbank</translation>
+    </message>
+    <message>
+        <source>the database bundle cannot be made</source>
+        <translation>Das Datenbankbündel kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>the database has a trigger, which Cobble does not use</source>
+        <translation>Die Datenbank hat einen Trigger, den Cobble nicht verwendet</translation>
+    </message>
+    <message>
+        <source>the database has a write-ahead log, which Cobble does not use</source>
+        <translation>Die Datenbank hat ein Write-Ahead-Log, das Cobble nicht verwendet</translation>
+    </message>
+    <message>
+        <source>the database was made by a newer version of Cobble</source>
+        <translation>Die Datenbank stammt von einer neueren Version von Cobble</translation>
+    </message>
+    <message>
+        <source>the exporter failed</source>
+        <translation>Der Exporteur ist gescheitert</translation>
+    </message>
+    <message>
+        <source>the exporter failed: %1</source>
+        <translation>Der Exporteur ist gescheitert: %1</translation>
+    </message>
+    <message>
+        <source>the file is empty</source>
+        <translation>Die Datei ist leer</translation>
+    </message>
+    <message>
+        <source>the files of an import that was interrupted cannot be removed</source>
+        <translation>Die Dateien eines unterbrochenen Imports können nicht entfernt werden</translation>
+    </message>
+    <message>
+        <source>the importer failed</source>
+        <translation>Der Importeur ist gescheitert</translation>
+    </message>
+    <message>
+        <source>the importer failed: %1</source>
+        <translation>Der Importeur ist gescheitert: %1</translation>
+    </message>
+    <message>
+        <source>the journal of the database</source>
+        <translation>Das Journal der Datenbank</translation>
+    </message>
+    <message>
+        <source>the journal of the database cannot be read</source>
+        <translation>Das Journal der Datenbank kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>the journal of the database names another file</source>
+        <translation>Das Journal der Datenbank nennt eine andere Datei</translation>
+    </message>
+    <message>
+        <source>the library has no fields</source>
+        <translation>Die Bibliothek hat keine Felder</translation>
+    </message>
+    <message>
+        <source>the record is no longer there</source>
+        <translation>Der Datensatz ist nicht mehr da</translation>
+    </message>
+    <message>
+        <source>the values contradict each other; the locale's own</source>
+        <translation>Die Werte widersprechen einander; wie in der Region üblich</translation>
+    </message>
+    <message>
+        <source>the values name it</source>
+        <translation>Die Werte nennen sie</translation>
+    </message>
+    <message>
+        <source>there are %1</source>
+        <translation>Es gibt %1</translation>
+    </message>
+    <message>
+        <source>there is a 'Database%1', which Cobble does not use</source>
+        <translation>Es gibt ein „Database%1“, das Cobble nicht verwendet</translation>
+    </message>
+    <message>
+        <source>there is more than a number</source>
+        <translation>Da steht mehr als eine Zahl</translation>
+    </message>
+    <message>
+        <source>there is no column '%1'</source>
+        <translation>Es gibt keine Spalte „%1“</translation>
+    </message>
+    <message>
+        <source>there is no database</source>
+        <translation>Es gibt keine Datenbank</translation>
+    </message>
+    <message>
+        <source>there is no exporter for '%1'</source>
+        <translation>Für „%1“ gibt es keinen Exporteur</translation>
+    </message>
+    <message>
+        <source>there is no folder for the database bundle</source>
+        <translation>Für das Datenbankbündel gibt es keinen Ordner</translation>
+    </message>
+    <message>
+        <source>there is no such file</source>
+        <translation>Diese Datei gibt es nicht</translation>
+    </message>
+    <message>
+        <source>there is nothing but blank lines</source>
+        <translation>Es gibt nichts als leere Zeilen</translation>
+    </message>
+    <message>
+        <source>told without effect: %1</source>
+        <translation>Angegeben ohne Wirkung: %1</translation>
+    </message>
+    <message>
+        <source>year, month, day</source>
+        <translation>Jahr, Monat, Tag</translation>
+    </message>
+    <message>
+        <source>you say so</source>
+        <translation>So angegeben</translation>
+    </message>
+</context>
+<context>
+    <name>ShowLibraryAlert</name>
+    <message>
+        <source>It is in the list in any case.</source>
+        <translation>In der Liste steht sie auf jeden Fall.</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>Nicht jetzt</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Zeigen</translation>
+    </message>
+    <message>
+        <source>Show the library “%1” now?</source>
+        <translation>Die Bibliothek „%1“ jetzt zeigen?</translation>
+    </message>
+</context>
+<context>
+    <name>SilencedAlerts</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Show &amp;Again</source>
+        <translation>&amp;Wieder zeigen</translation>
+    </message>
+    <message>
+        <source>Silenced Alerts</source>
+        <translation>Stumme Hinweise</translation>
+    </message>
+    <message>
+        <source>Silenced alerts</source>
+        <translation>Stumme Hinweise</translation>
+    </message>
+    <message>
+        <source>These alerts are not shown any more. What they ask for is done at once.</source>
+        <translation>Diese Hinweise werden nicht mehr gezeigt. Was sie fragen, geschieht sofort.</translation>
+    </message>
+</context>
+<context>
+    <name>TransferSheet</name>
+    <message>
+        <source>Another window is importing or exporting. Please wait until it is done.</source>
+        <translation>Ein anderes Fenster importiert oder exportiert gerade. Bitte warten Sie, bis es fertig ist.</translation>
     </message>
 </context>
 </TS>

@@ -2,73 +2,803 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
-    <name>Durations</name>
-    <message>
-        <source>w</source>
-        <translation>sem</translation>
+    <name>Counts</name>
+    <message numerus="yes">
+        <source>%1 of %2 record(s)</source>
+        <translation>
+            <numerusform>%1 enregistrement sur %2</numerusform>
+            <numerusform>%1 enregistrements sur %2</numerusform>
+        </translation>
     </message>
-    <message>
-        <source>d</source>
-        <translation>j</translation>
-    </message>
-    <message>
-        <source>h</source>
-        <translation>h</translation>
-    </message>
-    <message>
-        <source>m</source>
-        <translation>min</translation>
-    </message>
-    <message>
-        <source>s</source>
-        <translation>s</translation>
-    </message>
-    <message>
-        <source>week</source>
-        <translation>semaine</translation>
-    </message>
-    <message>
-        <source>day</source>
-        <translation>jour</translation>
-    </message>
-    <message>
-        <source>hour</source>
-        <translation>heure</translation>
-    </message>
-    <message>
-        <source>minute</source>
-        <translation>minute</translation>
-    </message>
-    <message>
-        <source>second</source>
-        <translation>seconde</translation>
-    </message>
-    <message>
-        <source>weeks</source>
-        <translation>semaines</translation>
-    </message>
-    <message>
-        <source>days</source>
-        <translation>jours</translation>
-    </message>
-    <message>
-        <source>hours</source>
-        <translation>heures</translation>
-    </message>
-    <message>
-        <source>minutes</source>
-        <translation>minutes</translation>
-    </message>
-    <message>
-        <source>seconds</source>
-        <translation>secondes</translation>
+    <message numerus="yes">
+        <source>%1 record(s)</source>
+        <translation>
+            <numerusform>%1 enregistrement</numerusform>
+            <numerusform>%1 enregistrements</numerusform>
+        </translation>
     </message>
 </context>
 <context>
-    <name>Localizable</name>
+    <name>DetailPane</name>
     <message>
-        <source>Could not convert to a time</source>
-        <translation>Ce n’est pas une durée</translation>
+        <source>%1:</source>
+        <translation>%1 :</translation>
+    </message>
+    <message>
+        <source>Multiple values</source>
+        <translation>Plusieurs valeurs</translation>
+    </message>
+</context>
+<context>
+    <name>ExportSheet</name>
+    <message>
+        <source>&amp;Choose…</source>
+        <translation>&amp;Choisir…</translation>
+    </message>
+    <message>
+        <source>&amp;File:</source>
+        <translation>&amp;Fichier :</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Cancelled. The file was not written.</source>
+        <translation>Annulé. Le fichier n’a pas été écrit.</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exporter</translation>
+    </message>
+    <message>
+        <source>Please choose a file.</source>
+        <translation>Veuillez choisir un fichier.</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Progression</translation>
+    </message>
+    <message>
+        <source>There is a file of that name. Export once more to replace it.</source>
+        <translation>Un fichier de ce nom existe déjà. Exportez encore une fois pour le remplacer.</translation>
+    </message>
+    <message>
+        <source>There is no database.</source>
+        <translation>Il n’y a pas de base de données.</translation>
+    </message>
+</context>
+<context>
+    <name>ImportSheet</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>&amp;Choose…</source>
+        <translation>&amp;Choisir…</translation>
+    </message>
+    <message>
+        <source>&amp;File:</source>
+        <translation>&amp;Fichier :</translation>
+    </message>
+    <message>
+        <source>&amp;Library:</source>
+        <translation>&amp;Bibliothèque :</translation>
+    </message>
+    <message>
+        <source>&amp;Media:</source>
+        <translation>&amp;Médias :</translation>
+    </message>
+    <message>
+        <source>&amp;Replace the library of that name</source>
+        <translation>&amp;Remplacer la bibliothèque de ce nom</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Tous les fichiers (*)</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Cancelled. Nothing was stored.</source>
+        <translation>Annulé. Rien n’a été enregistré.</translation>
+    </message>
+    <message>
+        <source>Columns that name files elsewhere</source>
+        <translation>Colonnes qui désignent des fichiers situés ailleurs</translation>
+    </message>
+    <message>
+        <source>Files beside the imported one are copied anyway. Columns that are named here may bring any file of yours along, and download others.</source>
+        <translation>Les fichiers placés à côté du fichier importé sont copiés de toute façon. Les colonnes indiquées ici peuvent apporter n’importe lequel de vos fichiers et en télécharger d’autres.</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importer</translation>
+    </message>
+    <message>
+        <source>Name of the file</source>
+        <translation>Nom du fichier</translation>
+    </message>
+    <message>
+        <source>Nothing was stored: %1</source>
+        <translation>Rien n’a été enregistré : %1</translation>
+    </message>
+    <message>
+        <source>Please choose a file.</source>
+        <translation>Veuillez choisir un fichier.</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Progression</translation>
+    </message>
+    <message>
+        <source>Tables and cards (*.csv *.tsv *.txt *.vcf)</source>
+        <translation>Tableaux et cartes de visite (*.csv *.tsv *.txt *.vcf)</translation>
+    </message>
+</context>
+<context>
+    <name>ImportSummary</name>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1 more</source>
+        <translation>%1 de plus</translation>
+    </message>
+    <message>
+        <source>&amp;Columns:</source>
+        <translation>&amp;Colonnes :</translation>
+    </message>
+    <message>
+        <source>&amp;Values kept as they were typed:</source>
+        <translation>&amp;Valeurs gardées telles qu’elles ont été saisies :</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Column</source>
+        <translation>Colonne</translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>Colonnes</translation>
+    </message>
+    <message>
+        <source>Empty</source>
+        <translation>Vides</translation>
+    </message>
+    <message>
+        <source>Import Finished</source>
+        <translation>Importation terminée</translation>
+    </message>
+    <message>
+        <source>Kept as typed</source>
+        <translation>Gardées telles quelles</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>Lues</translation>
+    </message>
+    <message>
+        <source>Read as</source>
+        <translation>Lues comme</translation>
+    </message>
+    <message>
+        <source>Row</source>
+        <translation>Ligne</translation>
+    </message>
+    <message numerus="yes">
+        <source>Stored %1 record(s) in the library “%2”.</source>
+        <translation>
+            <numerusform>%1 enregistrement a été ajouté à la bibliothèque « %2 ».</numerusform>
+            <numerusform>%1 enregistrements ont été ajoutés à la bibliothèque « %2 ».</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Type</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Valeur</translation>
+    </message>
+    <message>
+        <source>Values kept as they were typed</source>
+        <translation>Valeurs gardées telles qu’elles ont été saisies</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>Pourquoi</translation>
+    </message>
+</context>
+<context>
+    <name>MainMenu</name>
+    <message>
+        <source>&amp;About Cobble</source>
+        <translation>À &amp;propos de Cobble</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <translation>&amp;Fermer la fenêtre</translation>
+    </message>
+    <message>
+        <source>&amp;Delete Record…</source>
+        <translation>&amp;Supprimer l’enregistrement…</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Édition</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>&amp;Exporter…</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Fichier</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;Rechercher</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Aide</translation>
+    </message>
+    <message>
+        <source>&amp;Import…</source>
+        <translation>&amp;Importer…</translation>
+    </message>
+    <message>
+        <source>&amp;Logging</source>
+        <translation>&amp;Journal</translation>
+    </message>
+    <message>
+        <source>&amp;New Window</source>
+        <translation>&amp;Nouvelle fenêtre</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Quitter</translation>
+    </message>
+    <message>
+        <source>&amp;Record Count</source>
+        <translation>&amp;Nombre d’enregistrements</translation>
+    </message>
+    <message>
+        <source>&amp;Silenced Alerts…</source>
+        <translation>&amp;Alertes masquées…</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Affichage</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Libraries</source>
+        <translation>Bibliothèques</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Enregistrement</translation>
+    </message>
+    <message>
+        <source>Records</source>
+        <translation>Enregistrements</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Rechercher</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindowController</name>
+    <message>
+        <source>%1 – Cobble</source>
+        <translation>%1 – Cobble</translation>
+    </message>
+    <message>
+        <source>A database for one person.</source>
+        <translation>Une base de données pour une personne.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Choose a library from the list.</source>
+        <translation>Choisissez une bibliothèque dans la liste.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Supprimer</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %1 record(s)?</source>
+        <translation>
+            <numerusform>Supprimer %1 enregistrement ?</numerusform>
+            <numerusform>Supprimer %1 enregistrements ?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Deleted %1 record(s)</source>
+        <translation>
+            <numerusform>%1 enregistrement supprimé</numerusform>
+            <numerusform>%1 enregistrements supprimés</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Exported %1 record(s)</source>
+        <translation>
+            <numerusform>%1 enregistrement exporté</numerusform>
+            <numerusform>%1 enregistrements exportés</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Exported %1 record(s) to %2</source>
+        <translation>
+            <numerusform>%1 enregistrement exporté vers %2</numerusform>
+            <numerusform>%1 enregistrements exportés vers %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Imported %1 record(s)</source>
+        <translation>
+            <numerusform>%1 enregistrement importé</numerusform>
+            <numerusform>%1 enregistrements importés</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>There are no libraries yet.
+File ▸ Import… makes one of a table or of address cards.</source>
+        <translation>Il n’y a pas encore de bibliothèque.
+Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de visite.</translation>
+    </message>
+    <message>
+        <source>This cannot be undone. Media files that nothing else uses go, too.</source>
+        <translation>Cette action est irréversible. Les fichiers multimédias qui ne servent à rien d’autre disparaissent aussi.</translation>
+    </message>
+</context>
+<context>
+    <name>MediaField</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>Mirror left and right</source>
+        <translation>Inverser la gauche et la droite</translation>
+    </message>
+    <message>
+        <source>Mirror top and bottom</source>
+        <translation>Inverser le haut et le bas</translation>
+    </message>
+    <message>
+        <source>No file</source>
+        <translation>Pas de fichier</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Image</translation>
+    </message>
+    <message>
+        <source>Size in percent</source>
+        <translation>Taille en pour cent</translation>
+    </message>
+    <message>
+        <source>Turn left</source>
+        <translation>Tourner à gauche</translation>
+    </message>
+    <message>
+        <source>Turn right</source>
+        <translation>Tourner à droite</translation>
+    </message>
+</context>
+<context>
+    <name>OpenBundle</name>
+    <message>
+        <source>%1 is no folder</source>
+        <translation>%1 n’est pas un dossier</translation>
+    </message>
+    <message>
+        <source>an import or export is on its way; please wait until it is done</source>
+        <translation>Une importation ou une exportation est en cours ; veuillez attendre qu’elle soit terminée</translation>
+    </message>
+    <message>
+        <source>another program has changed the database, which is read again; please try once more</source>
+        <translation>Un autre programme a modifié la base de données, qui est relue ; veuillez réessayer</translation>
+    </message>
+    <message>
+        <source>there is no database</source>
+        <translation>Il n’y a pas de base de données</translation>
+    </message>
+</context>
+<context>
+    <name>Reasons</name>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 et %2 de plus</translation>
+    </message>
+    <message>
+        <source>%1 cannot be looked at</source>
+        <translation>%1 ne peut pas être examiné</translation>
+    </message>
+    <message>
+        <source>%1 is a link, or no file</source>
+        <translation>%1 est un lien, ou n’est pas un fichier</translation>
+    </message>
+    <message>
+        <source>%1 of %2 values</source>
+        <translation>%1 valeurs sur %2</translation>
+    </message>
+    <message>
+        <source>%1: it was cancelled</source>
+        <translation>%1 : l’opération a été annulée</translation>
+    </message>
+    <message>
+        <source>'%1' has a computed column</source>
+        <translation>« %1 » a une colonne calculée</translation>
+    </message>
+    <message>
+        <source>'%1' is in the way; please remove it</source>
+        <translation>« %1 » gêne ; veuillez le supprimer</translation>
+    </message>
+    <message>
+        <source>'%1' is no table</source>
+        <translation>« %1 » n’est pas une table</translation>
+    </message>
+    <message>
+        <source>a change of the database was interrupted, and it cannot be copied to take that back in the copy</source>
+        <translation>Une modification de la base de données a été interrompue, et la base ne peut pas être copiée pour annuler cela dans la copie</translation>
+    </message>
+    <message>
+        <source>a download cannot be kept: %1</source>
+        <translation>Un téléchargement ne peut pas être conservé : %1</translation>
+    </message>
+    <message>
+        <source>a folder of the bundle is a link, which leads out of it</source>
+        <translation>Un dossier du paquet est un lien qui mène hors de celui-ci</translation>
+    </message>
+    <message>
+        <source>another program is changing the bundle</source>
+        <translation>Un autre programme modifie le paquet</translation>
+    </message>
+    <message>
+        <source>another program is changing the database; please try again</source>
+        <translation>Un autre programme modifie la base de données ; veuillez réessayer</translation>
+    </message>
+    <message>
+        <source>cannot be loaded: %1</source>
+        <translation>Ne peut pas être chargé : %1</translation>
+    </message>
+    <message>
+        <source>day, month, year</source>
+        <translation>jour, mois, année</translation>
+    </message>
+    <message>
+        <source>hours:minutes</source>
+        <translation>heures:minutes</translation>
+    </message>
+    <message>
+        <source>is a folder, not a file</source>
+        <translation>C’est un dossier, pas un fichier</translation>
+    </message>
+    <message>
+        <source>it asked for a field that there is not: %1</source>
+        <translation>Il a demandé un champ qui n’existe pas : %1</translation>
+    </message>
+    <message>
+        <source>it asked for a field where there is no record</source>
+        <translation>Il a demandé un champ là où il n’y a pas d’enregistrement</translation>
+    </message>
+    <message>
+        <source>it cannot be copied</source>
+        <translation>Il ne peut pas être copié</translation>
+    </message>
+    <message>
+        <source>it cannot be downloaded</source>
+        <translation>Il ne peut pas être téléchargé</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>Cela ne peut pas être lu</translation>
+    </message>
+    <message>
+        <source>it contradicts how the other values of its column are read</source>
+        <translation>Cela contredit la lecture des autres valeurs de la colonne</translation>
+    </message>
+    <message>
+        <source>it has moved to where plain http does not lead</source>
+        <translation>Il a été déplacé là où le simple http ne mène pas</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>C’est un dossier</translation>
+    </message>
+    <message>
+        <source>it is larger than %1 MB</source>
+        <translation>Il dépasse %1 Mo</translation>
+    </message>
+    <message>
+        <source>it is no amount in this currency</source>
+        <translation>Ce n’est pas un montant dans cette devise</translation>
+    </message>
+    <message>
+        <source>it is no date or time</source>
+        <translation>Ce n’est ni une date ni une heure</translation>
+    </message>
+    <message>
+        <source>it is no file</source>
+        <translation>Ce n’est pas un fichier</translation>
+    </message>
+    <message>
+        <source>it is no number</source>
+        <translation>Ce n’est pas un nombre</translation>
+    </message>
+    <message>
+        <source>it is not beside the file; only columns that are named as media may lead elsewhere</source>
+        <translation>Il n’est pas à côté du fichier ; seules les colonnes indiquées comme médias peuvent mener ailleurs</translation>
+    </message>
+    <message>
+        <source>it may not be read</source>
+        <translation>Sa lecture n’est pas autorisée</translation>
+    </message>
+    <message>
+        <source>it names no file</source>
+        <translation>Cela ne désigne pas de fichier</translation>
+    </message>
+    <message>
+        <source>it threw something that is no std::exception</source>
+        <translation>Il a lancé autre chose qu’une std::exception</translation>
+    </message>
+    <message>
+        <source>it was cancelled</source>
+        <translation>L’opération a été annulée</translation>
+    </message>
+    <message>
+        <source>it was not downloaded</source>
+        <translation>Il n’a pas été téléchargé</translation>
+    </message>
+    <message>
+        <source>its name is too long</source>
+        <translation>Son nom est trop long</translation>
+    </message>
+    <message>
+        <source>its separators do not stand where groups end or the fraction begins</source>
+        <translation>Les séparateurs ne se trouvent pas là où finissent les groupes ou commencent les décimales</translation>
+    </message>
+    <message>
+        <source>its server does not answer</source>
+        <translation>Son serveur ne répond pas</translation>
+    </message>
+    <message>
+        <source>its server says %1</source>
+        <translation>Son serveur répond %1</translation>
+    </message>
+    <message>
+        <source>larger than 1 GB</source>
+        <translation>Plus d’un gigaoctet</translation>
+    </message>
+    <message>
+        <source>line %1 has %2 columns, more than the %3 that a library can have</source>
+        <translation>La ligne %1 a %2 colonnes, plus que les %3 qu’une bibliothèque peut avoir</translation>
+    </message>
+    <message>
+        <source>minutes:seconds</source>
+        <translation>minutes:secondes</translation>
+    </message>
+    <message>
+        <source>month, day, year</source>
+        <translation>mois, jour, année</translation>
+    </message>
+    <message>
+        <source>no library '%1'</source>
+        <translation>Il n’y a pas de bibliothèque « %1 »</translation>
+    </message>
+    <message>
+        <source>no such table: %1</source>
+        <translation>Cette table n’existe pas : %1</translation>
+    </message>
+    <message>
+        <source>no value decides; the locale's own</source>
+        <translation>Aucune valeur ne tranche ; usage de la région</translation>
+    </message>
+    <message>
+        <source>not a text file</source>
+        <translation>Ce n’est pas un fichier texte</translation>
+    </message>
+    <message>
+        <source>not a text file in %1 (line %2)</source>
+        <translation>Ce n’est pas un fichier texte en %1 (ligne %2)</translation>
+    </message>
+    <message>
+        <source>passed over, since a program ended while its code ran: %1; 'cobble plugins enable' tries it again</source>
+        <translation>Ignoré, car un programme s’est arrêté pendant l’exécution de son code : %1 ; « cobble plugins enable » l’essaie à nouveau</translation>
+    </message>
+    <message>
+        <source>row %1</source>
+        <translation>ligne %1</translation>
+    </message>
+    <message>
+        <source>rows %1</source>
+        <translation>lignes %1</translation>
+    </message>
+    <message>
+        <source>the database</source>
+        <translation>La base de données</translation>
+    </message>
+    <message>
+        <source>the database bundle cannot be made</source>
+        <translation>Le paquet de la base de données ne peut pas être créé</translation>
+    </message>
+    <message>
+        <source>the database has a trigger, which Cobble does not use</source>
+        <translation>La base de données a un déclencheur, que Cobble n’utilise pas</translation>
+    </message>
+    <message>
+        <source>the database has a write-ahead log, which Cobble does not use</source>
+        <translation>La base de données a un journal anticipé (WAL), que Cobble n’utilise pas</translation>
+    </message>
+    <message>
+        <source>the database was made by a newer version of Cobble</source>
+        <translation>La base de données a été créée par une version plus récente de Cobble</translation>
+    </message>
+    <message>
+        <source>the exporter failed</source>
+        <translation>L’exportateur a échoué</translation>
+    </message>
+    <message>
+        <source>the exporter failed: %1</source>
+        <translation>L’exportateur a échoué : %1</translation>
+    </message>
+    <message>
+        <source>the file is empty</source>
+        <translation>Le fichier est vide</translation>
+    </message>
+    <message>
+        <source>the files of an import that was interrupted cannot be removed</source>
+        <translation>Les fichiers d’une importation interrompue ne peuvent pas être supprimés</translation>
+    </message>
+    <message>
+        <source>the importer failed</source>
+        <translation>L’importateur a échoué</translation>
+    </message>
+    <message>
+        <source>the importer failed: %1</source>
+        <translation>L’importateur a échoué : %1</translation>
+    </message>
+    <message>
+        <source>the journal of the database</source>
+        <translation>Le journal de la base de données</translation>
+    </message>
+    <message>
+        <source>the journal of the database cannot be read</source>
+        <translation>Le journal de la base de données ne peut pas être lu</translation>
+    </message>
+    <message>
+        <source>the journal of the database names another file</source>
+        <translation>Le journal de la base de données désigne un autre fichier</translation>
+    </message>
+    <message>
+        <source>the library has no fields</source>
+        <translation>La bibliothèque n’a pas de champs</translation>
+    </message>
+    <message>
+        <source>the record is no longer there</source>
+        <translation>L’enregistrement n’existe plus</translation>
+    </message>
+    <message>
+        <source>the values contradict each other; the locale's own</source>
+        <translation>Les valeurs se contredisent ; usage de la région</translation>
+    </message>
+    <message>
+        <source>the values name it</source>
+        <translation>Les valeurs l’indiquent</translation>
+    </message>
+    <message>
+        <source>there are %1</source>
+        <translation>Il y a %1</translation>
+    </message>
+    <message>
+        <source>there is a 'Database%1', which Cobble does not use</source>
+        <translation>Il y a un « Database%1 », que Cobble n’utilise pas</translation>
+    </message>
+    <message>
+        <source>there is more than a number</source>
+        <translation>Il y a plus qu’un nombre</translation>
+    </message>
+    <message>
+        <source>there is no column '%1'</source>
+        <translation>Il n’y a pas de colonne « %1 »</translation>
+    </message>
+    <message>
+        <source>there is no database</source>
+        <translation>Il n’y a pas de base de données</translation>
+    </message>
+    <message>
+        <source>there is no exporter for '%1'</source>
+        <translation>Il n’y a pas d’exportateur pour « %1 »</translation>
+    </message>
+    <message>
+        <source>there is no folder for the database bundle</source>
+        <translation>Il n’y a pas de dossier pour le paquet de la base de données</translation>
+    </message>
+    <message>
+        <source>there is no such file</source>
+        <translation>Ce fichier n’existe pas</translation>
+    </message>
+    <message>
+        <source>there is nothing but blank lines</source>
+        <translation>Il n’y a que des lignes vides</translation>
+    </message>
+    <message>
+        <source>told without effect: %1</source>
+        <translation>Indiqué sans effet : %1</translation>
+    </message>
+    <message>
+        <source>year, month, day</source>
+        <translation>année, mois, jour</translation>
+    </message>
+    <message>
+        <source>you say so</source>
+        <translation>Selon votre indication</translation>
+    </message>
+</context>
+<context>
+    <name>ShowLibraryAlert</name>
+    <message>
+        <source>It is in the list in any case.</source>
+        <translation>Elle est dans la liste de toute façon.</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>Plus tard</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Afficher</translation>
+    </message>
+    <message>
+        <source>Show the library “%1” now?</source>
+        <translation>Afficher la bibliothèque « %1 » maintenant ?</translation>
+    </message>
+</context>
+<context>
+    <name>SilencedAlerts</name>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Show &amp;Again</source>
+        <translation>&amp;Afficher à nouveau</translation>
+    </message>
+    <message>
+        <source>Silenced Alerts</source>
+        <translation>Alertes masquées</translation>
+    </message>
+    <message>
+        <source>Silenced alerts</source>
+        <translation>Alertes masquées</translation>
+    </message>
+    <message>
+        <source>These alerts are not shown any more. What they ask for is done at once.</source>
+        <translation>Ces alertes ne s’affichent plus. Ce qu’elles demandent est fait aussitôt.</translation>
+    </message>
+</context>
+<context>
+    <name>TransferSheet</name>
+    <message>
+        <source>Another window is importing or exporting. Please wait until it is done.</source>
+        <translation>Une autre fenêtre importe ou exporte. Veuillez attendre qu’elle ait terminé.</translation>
     </message>
 </context>
 </TS>

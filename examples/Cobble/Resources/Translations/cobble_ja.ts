@@ -2,73 +2,795 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja" sourcelanguage="en">
 <context>
-    <name>Durations</name>
-    <message>
-        <source>w</source>
-        <translation>週</translation>
+    <name>Counts</name>
+    <message numerus="yes">
+        <source>%1 of %2 record(s)</source>
+        <translation>
+            <numerusform>%2 件中 %1 件</numerusform>
+        </translation>
     </message>
-    <message>
-        <source>d</source>
-        <translation>日</translation>
-    </message>
-    <message>
-        <source>h</source>
-        <translation>時</translation>
-    </message>
-    <message>
-        <source>m</source>
-        <translation>分</translation>
-    </message>
-    <message>
-        <source>s</source>
-        <translation>秒</translation>
-    </message>
-    <message>
-        <source>week</source>
-        <translation>週間</translation>
-    </message>
-    <message>
-        <source>day</source>
-        <translation>日間</translation>
-    </message>
-    <message>
-        <source>hour</source>
-        <translation>時間</translation>
-    </message>
-    <message>
-        <source>minute</source>
-        <translation>分間</translation>
-    </message>
-    <message>
-        <source>second</source>
-        <translation>秒間</translation>
-    </message>
-    <message>
-        <source>weeks</source>
-        <translation>週間</translation>
-    </message>
-    <message>
-        <source>days</source>
-        <translation>日間</translation>
-    </message>
-    <message>
-        <source>hours</source>
-        <translation>時間</translation>
-    </message>
-    <message>
-        <source>minutes</source>
-        <translation>分間</translation>
-    </message>
-    <message>
-        <source>seconds</source>
-        <translation>秒間</translation>
+    <message numerus="yes">
+        <source>%1 record(s)</source>
+        <translation>
+            <numerusform>%1 件のレコード</numerusform>
+        </translation>
     </message>
 </context>
 <context>
-    <name>Localizable</name>
+    <name>DetailPane</name>
     <message>
-        <source>Could not convert to a time</source>
-        <translation>時間に変換できませんでした</translation>
+        <source>%1:</source>
+        <translation>%1:</translation>
+    </message>
+    <message>
+        <source>Multiple values</source>
+        <translation>複数の値</translation>
+    </message>
+</context>
+<context>
+    <name>ExportSheet</name>
+    <message>
+        <source>&amp;Choose…</source>
+        <translation>選択(&amp;C)…</translation>
+    </message>
+    <message>
+        <source>&amp;File:</source>
+        <translation>ファイル(&amp;F):</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Cancelled. The file was not written.</source>
+        <translation>キャンセルしました。ファイルは書き込まれませんでした。</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>書き出し</translation>
+    </message>
+    <message>
+        <source>Please choose a file.</source>
+        <translation>ファイルを選択してください。</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>進行状況</translation>
+    </message>
+    <message>
+        <source>There is a file of that name. Export once more to replace it.</source>
+        <translation>同じ名前のファイルがあります。置き換えるには、もう一度書き出してください。</translation>
+    </message>
+    <message>
+        <source>There is no database.</source>
+        <translation>データベースがありません。</translation>
+    </message>
+</context>
+<context>
+    <name>ImportSheet</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>&amp;Choose…</source>
+        <translation>選択(&amp;C)…</translation>
+    </message>
+    <message>
+        <source>&amp;File:</source>
+        <translation>ファイル(&amp;F):</translation>
+    </message>
+    <message>
+        <source>&amp;Library:</source>
+        <translation>ライブラリ(&amp;L):</translation>
+    </message>
+    <message>
+        <source>&amp;Media:</source>
+        <translation>メディア(&amp;M):</translation>
+    </message>
+    <message>
+        <source>&amp;Replace the library of that name</source>
+        <translation>同じ名前のライブラリを置き換える(&amp;R)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>すべてのファイル (*)</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Cancelled. Nothing was stored.</source>
+        <translation>キャンセルしました。何も保存されませんでした。</translation>
+    </message>
+    <message>
+        <source>Columns that name files elsewhere</source>
+        <translation>別の場所のファイルを指す列</translation>
+    </message>
+    <message>
+        <source>Files beside the imported one are copied anyway. Columns that are named here may bring any file of yours along, and download others.</source>
+        <translation>読み込むファイルと同じ場所にあるファイルは、いずれにしてもコピーされます。ここに挙げた列は、ほかの場所にあるファイルを取り込んだり、ダウンロードしたりできます。</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>読み込み</translation>
+    </message>
+    <message>
+        <source>Name of the file</source>
+        <translation>ファイルの名前</translation>
+    </message>
+    <message>
+        <source>Nothing was stored: %1</source>
+        <translation>何も保存されませんでした: %1</translation>
+    </message>
+    <message>
+        <source>Please choose a file.</source>
+        <translation>ファイルを選択してください。</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>進行状況</translation>
+    </message>
+    <message>
+        <source>Tables and cards (*.csv *.tsv *.txt *.vcf)</source>
+        <translation>表と連絡先カード (*.csv *.tsv *.txt *.vcf)</translation>
+    </message>
+</context>
+<context>
+    <name>ImportSummary</name>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1 more</source>
+        <translation>ほか %1 件</translation>
+    </message>
+    <message>
+        <source>&amp;Columns:</source>
+        <translation>列(&amp;C):</translation>
+    </message>
+    <message>
+        <source>&amp;Values kept as they were typed:</source>
+        <translation>入力されたまま保存された値(&amp;V):</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Column</source>
+        <translation>列</translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>列</translation>
+    </message>
+    <message>
+        <source>Empty</source>
+        <translation>空</translation>
+    </message>
+    <message>
+        <source>Import Finished</source>
+        <translation>読み込みの完了</translation>
+    </message>
+    <message>
+        <source>Kept as typed</source>
+        <translation>入力のまま</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>読み取り</translation>
+    </message>
+    <message>
+        <source>Read as</source>
+        <translation>読み取り方</translation>
+    </message>
+    <message>
+        <source>Row</source>
+        <translation>行</translation>
+    </message>
+    <message numerus="yes">
+        <source>Stored %1 record(s) in the library “%2”.</source>
+        <translation>
+            <numerusform>%1 件のレコードをライブラリ「%2」に保存しました。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>種類</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
+    </message>
+    <message>
+        <source>Values kept as they were typed</source>
+        <translation>入力されたまま保存された値</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>理由</translation>
+    </message>
+</context>
+<context>
+    <name>MainMenu</name>
+    <message>
+        <source>&amp;About Cobble</source>
+        <translation>Cobble について(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <translation>ウィンドウを閉じる(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Delete Record…</source>
+        <translation>レコードを削除(&amp;D)…</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>編集(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>書き出し(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>ファイル(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>検索(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Import…</source>
+        <translation>読み込み(&amp;I)…</translation>
+    </message>
+    <message>
+        <source>&amp;Logging</source>
+        <translation>ログ(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;New Window</source>
+        <translation>新しいウィンドウ(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>終了(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>&amp;Record Count</source>
+        <translation>レコードの数(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Silenced Alerts…</source>
+        <translation>表示しない警告(&amp;S)…</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>表示(&amp;V)</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Libraries</source>
+        <translation>ライブラリ</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>レコード</translation>
+    </message>
+    <message>
+        <source>Records</source>
+        <translation>レコード</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>検索</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindowController</name>
+    <message>
+        <source>%1 – Cobble</source>
+        <translation>%1 – Cobble</translation>
+    </message>
+    <message>
+        <source>A database for one person.</source>
+        <translation>ひとりのためのデータベース。</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Choose a library from the list.</source>
+        <translation>一覧からライブラリを選択してください。</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %1 record(s)?</source>
+        <translation>
+            <numerusform>%1 件のレコードを削除しますか?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Deleted %1 record(s)</source>
+        <translation>
+            <numerusform>%1 件のレコードを削除しました</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Exported %1 record(s)</source>
+        <translation>
+            <numerusform>%1 件のレコードを書き出しました</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Exported %1 record(s) to %2</source>
+        <translation>
+            <numerusform>%1 件のレコードを %2 に書き出しました</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Imported %1 record(s)</source>
+        <translation>
+            <numerusform>%1 件のレコードを読み込みました</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>There are no libraries yet.
+File ▸ Import… makes one of a table or of address cards.</source>
+        <translation>ライブラリはまだありません。
+「ファイル」▸「読み込み…」で、表や連絡先カードから作成できます。</translation>
+    </message>
+    <message>
+        <source>This cannot be undone. Media files that nothing else uses go, too.</source>
+        <translation>この操作は取り消せません。ほかで使われていないメディアファイルも削除されます。</translation>
+    </message>
+</context>
+<context>
+    <name>MediaField</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Mirror left and right</source>
+        <translation>左右を反転</translation>
+    </message>
+    <message>
+        <source>Mirror top and bottom</source>
+        <translation>上下を反転</translation>
+    </message>
+    <message>
+        <source>No file</source>
+        <translation>ファイルなし</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>Size in percent</source>
+        <translation>サイズ (パーセント)</translation>
+    </message>
+    <message>
+        <source>Turn left</source>
+        <translation>左に回転</translation>
+    </message>
+    <message>
+        <source>Turn right</source>
+        <translation>右に回転</translation>
+    </message>
+</context>
+<context>
+    <name>OpenBundle</name>
+    <message>
+        <source>%1 is no folder</source>
+        <translation>%1 はフォルダではありません</translation>
+    </message>
+    <message>
+        <source>an import or export is on its way; please wait until it is done</source>
+        <translation>読み込みまたは書き出しの途中です。終わるまでお待ちください</translation>
+    </message>
+    <message>
+        <source>another program has changed the database, which is read again; please try once more</source>
+        <translation>別のプログラムがデータベースを変更したため、読み直しています。もう一度お試しください</translation>
+    </message>
+    <message>
+        <source>there is no database</source>
+        <translation>データベースがありません</translation>
+    </message>
+</context>
+<context>
+    <name>Reasons</name>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1、ほか %2 件</translation>
+    </message>
+    <message>
+        <source>%1 cannot be looked at</source>
+        <translation>%1 を調べられません</translation>
+    </message>
+    <message>
+        <source>%1 is a link, or no file</source>
+        <translation>%1 はリンクであるか、ファイルではありません</translation>
+    </message>
+    <message>
+        <source>%1 of %2 values</source>
+        <translation>%2 個中 %1 個の値</translation>
+    </message>
+    <message>
+        <source>%1: it was cancelled</source>
+        <translation>%1: キャンセルされました</translation>
+    </message>
+    <message>
+        <source>'%1' has a computed column</source>
+        <translation>「%1」には計算された列があります</translation>
+    </message>
+    <message>
+        <source>'%1' is in the way; please remove it</source>
+        <translation>「%1」が妨げになっています。削除してください</translation>
+    </message>
+    <message>
+        <source>'%1' is no table</source>
+        <translation>「%1」は表ではありません</translation>
+    </message>
+    <message>
+        <source>a change of the database was interrupted, and it cannot be copied to take that back in the copy</source>
+        <translation>データベースの変更が中断されましたが、それを取り消すためのコピーを作れません</translation>
+    </message>
+    <message>
+        <source>a download cannot be kept: %1</source>
+        <translation>ダウンロードしたものを保存できません: %1</translation>
+    </message>
+    <message>
+        <source>a folder of the bundle is a link, which leads out of it</source>
+        <translation>バンドルの中のフォルダが、外を指すリンクになっています</translation>
+    </message>
+    <message>
+        <source>another program is changing the bundle</source>
+        <translation>別のプログラムがバンドルを変更しています</translation>
+    </message>
+    <message>
+        <source>another program is changing the database; please try again</source>
+        <translation>別のプログラムがデータベースを変更しています。もう一度お試しください</translation>
+    </message>
+    <message>
+        <source>cannot be loaded: %1</source>
+        <translation>読み込めません: %1</translation>
+    </message>
+    <message>
+        <source>day, month, year</source>
+        <translation>日、月、年</translation>
+    </message>
+    <message>
+        <source>hours:minutes</source>
+        <translation>時:分</translation>
+    </message>
+    <message>
+        <source>is a folder, not a file</source>
+        <translation>ファイルではなくフォルダです</translation>
+    </message>
+    <message>
+        <source>it asked for a field that there is not: %1</source>
+        <translation>存在しないフィールドが求められました: %1</translation>
+    </message>
+    <message>
+        <source>it asked for a field where there is no record</source>
+        <translation>レコードのない所でフィールドが求められました</translation>
+    </message>
+    <message>
+        <source>it cannot be copied</source>
+        <translation>コピーできません</translation>
+    </message>
+    <message>
+        <source>it cannot be downloaded</source>
+        <translation>ダウンロードできません</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>読み取れません</translation>
+    </message>
+    <message>
+        <source>it contradicts how the other values of its column are read</source>
+        <translation>列のほかの値の読み取り方と矛盾します</translation>
+    </message>
+    <message>
+        <source>it has moved to where plain http does not lead</source>
+        <translation>通常の HTTP では届かない場所に移動しました</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>フォルダです</translation>
+    </message>
+    <message>
+        <source>it is larger than %1 MB</source>
+        <translation>%1 MB より大きいファイルです</translation>
+    </message>
+    <message>
+        <source>it is no amount in this currency</source>
+        <translation>この通貨の金額ではありません</translation>
+    </message>
+    <message>
+        <source>it is no date or time</source>
+        <translation>日付でも時刻でもありません</translation>
+    </message>
+    <message>
+        <source>it is no file</source>
+        <translation>ファイルではありません</translation>
+    </message>
+    <message>
+        <source>it is no number</source>
+        <translation>数ではありません</translation>
+    </message>
+    <message>
+        <source>it is not beside the file; only columns that are named as media may lead elsewhere</source>
+        <translation>ファイルと同じ場所にありません。別の場所を指せるのはメディアとして指定した列だけです</translation>
+    </message>
+    <message>
+        <source>it may not be read</source>
+        <translation>読み取りが許可されていません</translation>
+    </message>
+    <message>
+        <source>it names no file</source>
+        <translation>ファイルを指していません</translation>
+    </message>
+    <message>
+        <source>it threw something that is no std::exception</source>
+        <translation>std::exception でないものが投げられました</translation>
+    </message>
+    <message>
+        <source>it was cancelled</source>
+        <translation>キャンセルされました</translation>
+    </message>
+    <message>
+        <source>it was not downloaded</source>
+        <translation>ダウンロードされませんでした</translation>
+    </message>
+    <message>
+        <source>its name is too long</source>
+        <translation>名前が長すぎます</translation>
+    </message>
+    <message>
+        <source>its separators do not stand where groups end or the fraction begins</source>
+        <translation>区切り記号が、桁区切りや小数の始まる位置にありません</translation>
+    </message>
+    <message>
+        <source>its server does not answer</source>
+        <translation>サーバーが応答しません</translation>
+    </message>
+    <message>
+        <source>its server says %1</source>
+        <translation>サーバーの応答: %1</translation>
+    </message>
+    <message>
+        <source>larger than 1 GB</source>
+        <translation>1 GB より大きいファイルです</translation>
+    </message>
+    <message>
+        <source>line %1 has %2 columns, more than the %3 that a library can have</source>
+        <translation>%1 行目には %2 列あり、ライブラリの上限 %3 列を超えています</translation>
+    </message>
+    <message>
+        <source>minutes:seconds</source>
+        <translation>分:秒</translation>
+    </message>
+    <message>
+        <source>month, day, year</source>
+        <translation>月、日、年</translation>
+    </message>
+    <message>
+        <source>no library '%1'</source>
+        <translation>ライブラリ「%1」はありません</translation>
+    </message>
+    <message>
+        <source>no such table: %1</source>
+        <translation>そのような表はありません: %1</translation>
+    </message>
+    <message>
+        <source>no value decides; the locale's own</source>
+        <translation>決め手となる値がないため、地域の慣習によります</translation>
+    </message>
+    <message>
+        <source>not a text file</source>
+        <translation>テキストファイルではありません</translation>
+    </message>
+    <message>
+        <source>not a text file in %1 (line %2)</source>
+        <translation>%1 のテキストファイルではありません (%2 行目)</translation>
+    </message>
+    <message>
+        <source>passed over, since a program ended while its code ran: %1; 'cobble plugins enable' tries it again</source>
+        <translation>そのコードの実行中にプログラムが終了したため、使われませんでした: %1。「cobble plugins enable」で再び試せます</translation>
+    </message>
+    <message>
+        <source>row %1</source>
+        <translation>%1 行目</translation>
+    </message>
+    <message>
+        <source>rows %1</source>
+        <translation>%1 行目</translation>
+    </message>
+    <message>
+        <source>the database</source>
+        <translation>データベース</translation>
+    </message>
+    <message>
+        <source>the database bundle cannot be made</source>
+        <translation>データベースのバンドルを作成できません</translation>
+    </message>
+    <message>
+        <source>the database has a trigger, which Cobble does not use</source>
+        <translation>データベースに Cobble が使わないトリガーがあります</translation>
+    </message>
+    <message>
+        <source>the database has a write-ahead log, which Cobble does not use</source>
+        <translation>データベースに Cobble が使わないログ先行書き込み (WAL) があります</translation>
+    </message>
+    <message>
+        <source>the database was made by a newer version of Cobble</source>
+        <translation>データベースは新しいバージョンの Cobble で作成されています</translation>
+    </message>
+    <message>
+        <source>the exporter failed</source>
+        <translation>書き出し機能が失敗しました</translation>
+    </message>
+    <message>
+        <source>the exporter failed: %1</source>
+        <translation>書き出し機能が失敗しました: %1</translation>
+    </message>
+    <message>
+        <source>the file is empty</source>
+        <translation>ファイルが空です</translation>
+    </message>
+    <message>
+        <source>the files of an import that was interrupted cannot be removed</source>
+        <translation>中断された読み込みのファイルを削除できません</translation>
+    </message>
+    <message>
+        <source>the importer failed</source>
+        <translation>読み込み機能が失敗しました</translation>
+    </message>
+    <message>
+        <source>the importer failed: %1</source>
+        <translation>読み込み機能が失敗しました: %1</translation>
+    </message>
+    <message>
+        <source>the journal of the database</source>
+        <translation>データベースのジャーナル</translation>
+    </message>
+    <message>
+        <source>the journal of the database cannot be read</source>
+        <translation>データベースのジャーナルを読み取れません</translation>
+    </message>
+    <message>
+        <source>the journal of the database names another file</source>
+        <translation>データベースのジャーナルが別のファイルを指しています</translation>
+    </message>
+    <message>
+        <source>the library has no fields</source>
+        <translation>ライブラリにフィールドがありません</translation>
+    </message>
+    <message>
+        <source>the record is no longer there</source>
+        <translation>レコードはもうありません</translation>
+    </message>
+    <message>
+        <source>the values contradict each other; the locale's own</source>
+        <translation>値が互いに矛盾するため、地域の慣習によります</translation>
+    </message>
+    <message>
+        <source>the values name it</source>
+        <translation>値に示されています</translation>
+    </message>
+    <message>
+        <source>there are %1</source>
+        <translation>使えるもの: %1</translation>
+    </message>
+    <message>
+        <source>there is a 'Database%1', which Cobble does not use</source>
+        <translation>Cobble が使わない「Database%1」があります</translation>
+    </message>
+    <message>
+        <source>there is more than a number</source>
+        <translation>数以外のものが含まれています</translation>
+    </message>
+    <message>
+        <source>there is no column '%1'</source>
+        <translation>列「%1」はありません</translation>
+    </message>
+    <message>
+        <source>there is no database</source>
+        <translation>データベースがありません</translation>
+    </message>
+    <message>
+        <source>there is no exporter for '%1'</source>
+        <translation>「%1」の書き出し機能はありません</translation>
+    </message>
+    <message>
+        <source>there is no folder for the database bundle</source>
+        <translation>データベースのバンドルを置くフォルダがありません</translation>
+    </message>
+    <message>
+        <source>there is no such file</source>
+        <translation>そのようなファイルはありません</translation>
+    </message>
+    <message>
+        <source>there is nothing but blank lines</source>
+        <translation>空行しかありません</translation>
+    </message>
+    <message>
+        <source>told without effect: %1</source>
+        <translation>指定は効果がありません: %1</translation>
+    </message>
+    <message>
+        <source>year, month, day</source>
+        <translation>年、月、日</translation>
+    </message>
+    <message>
+        <source>you say so</source>
+        <translation>指定によります</translation>
+    </message>
+</context>
+<context>
+    <name>ShowLibraryAlert</name>
+    <message>
+        <source>It is in the list in any case.</source>
+        <translation>いずれにしても一覧に表示されます。</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>今はしない</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>表示</translation>
+    </message>
+    <message>
+        <source>Show the library “%1” now?</source>
+        <translation>ライブラリ「%1」を今すぐ表示しますか?</translation>
+    </message>
+</context>
+<context>
+    <name>SilencedAlerts</name>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Show &amp;Again</source>
+        <translation>再び表示(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Silenced Alerts</source>
+        <translation>表示しない警告</translation>
+    </message>
+    <message>
+        <source>Silenced alerts</source>
+        <translation>表示しない警告</translation>
+    </message>
+    <message>
+        <source>These alerts are not shown any more. What they ask for is done at once.</source>
+        <translation>これらの警告は表示されません。確認する操作はすぐに実行されます。</translation>
+    </message>
+</context>
+<context>
+    <name>TransferSheet</name>
+    <message>
+        <source>Another window is importing or exporting. Please wait until it is done.</source>
+        <translation>別のウィンドウが読み込みまたは書き出しの途中です。終わるまでお待ちください。</translation>
     </message>
 </context>
 </TS>

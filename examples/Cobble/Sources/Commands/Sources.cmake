@@ -18,8 +18,8 @@ target_sources(CobbleHost PRIVATE
     Sources/Commands/ShowCommand.cpp
     Sources/Commands/StandardStreams.cpp
     Sources/Commands/StoredLibrary.cpp
-    Sources/Commands/Translations.cpp
     Sources/Commands/Usage.cpp
     Sources/Commands/UserSettings.cpp
+    Sources/Commands/ValueWords.cpp
     Sources/Commands/WindowCommand.cpp
 )

@@ -1,6 +1,6 @@
 #include "UserSettings.h"
 
-#include "Translations.h"
+#include "ValueWords.h"
 
 #include <KTUtility/KTDateTimeFormatter>
 #include <KTUtility/KTOptionsKeys>
@@ -104,7 +104,7 @@ LocaleScope::LocaleScope(const QString &identifier) : _isSet(!identifier.isNull(
 {
     if (_isSet)
         NSLocale::setCurrentLocale(NSLocale(identifier));
-    installTranslations(NSLocale::currentLocale(NSLocale::Category::Texts));
+    ValueWords::install(NSLocale::currentLocale(NSLocale::Category::Texts));
 }
 
 LocaleScope::~LocaleScope()
@@ -112,7 +112,7 @@ LocaleScope::~LocaleScope()
     if (!_isSet)
         return;
     NSLocale::resetCurrentLocale();
-    installTranslations(NSLocale::currentLocale(NSLocale::Category::Texts));
+    ValueWords::install(NSLocale::currentLocale(NSLocale::Category::Texts));
 }
 
 void UserSettings::addLocaleOption(QCommandLineParser *parser)

@@ -1,5 +1,7 @@
 #include "FieldReader.h"
 
+#include "Text/Reasons.h"
+
 #include <KTUtility/KTCurrencyFormatter>
 #include <KTUtility/KTDateTimeFormatter>
 #include <KTUtility/NSKeyValueCoding>
@@ -41,18 +43,19 @@ bool saysWhy(const NSFormatter &formatter)
 QString reasonFor(FieldType type, const QString &errorDescription)
 {
     if (errorDescription == KTNumberFormatter::unevenGroupsDescription())
-        return u"its separators do not stand where groups end or the fraction begins"_s;
+        return Reasons::tr("its separators do not stand where groups end or the fraction begins");
     if (errorDescription == KTColumnReading::contradictionDescription())
-        return u"it contradicts how the other values of its column are read"_s;
+        return Reasons::tr("it contradicts how the other values of its column are read");
     switch (type) {
     case FieldType::Number:
-        return errorDescription.isEmpty() ? u"there is more than a number"_s : u"it is no number"_s;
+        return errorDescription.isEmpty() ? Reasons::tr("there is more than a number")
+                                          : Reasons::tr("it is no number");
     case FieldType::Currency:
-        return u"it is no amount in this currency"_s;
+        return Reasons::tr("it is no amount in this currency");
     case FieldType::Duration:
         return errorDescription;
     default:
-        return u"it is no date or time"_s;
+        return Reasons::tr("it is no date or time");
     }
 }
 
@@ -145,7 +148,7 @@ Outcome<QVariant> FieldReader::readTyped(const QString &text) const
         return QVariant();
     Outcome<QVariant> value = read(text);
     if (!value && value.reason().isEmpty())
-        return Failure{u"it cannot be read"_s};
+        return Failure{Reasons::tr("it cannot be read")};
     return value;
 }
 

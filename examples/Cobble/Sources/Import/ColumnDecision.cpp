@@ -1,5 +1,7 @@
 #include "ColumnDecision.h"
 
+#include "Text/Reasons.h"
+
 #include <QHash>
 #include <QStringList>
 
@@ -11,14 +13,14 @@ constexpr qsizetype MostRows = 5;
 /// How people call a convention.
 QString conventionName(const QString &convention)
 {
-    static const QHash<QString, QString> names{
-        {u"dmy"_s, u"day, month, year"_s},
-        {u"mdy"_s, u"month, day, year"_s},
-        {u"ymd"_s, u"year, month, day"_s},
+    const QHash<QString, QString> names{
+        {u"dmy"_s, Reasons::tr("day, month, year")},
+        {u"mdy"_s, Reasons::tr("month, day, year")},
+        {u"ymd"_s, Reasons::tr("year, month, day")},
         {u"."_s, u"1,234.5"_s},
         {u","_s, u"1.234,5"_s},
-        {u"h:m"_s, u"hours:minutes"_s},
-        {u"m:s"_s, u"minutes:seconds"_s},
+        {u"h:m"_s, Reasons::tr("hours:minutes")},
+        {u"m:s"_s, Reasons::tr("minutes:seconds")},
     };
     return names.value(convention);
 }
@@ -32,8 +34,9 @@ QString rowsText(const KTColumnReading &column)
     for (const qsizetype text : texts.first(qMin(texts.size(), MostRows)))
         rows += QString::number(text + 1);
     const qsizetype others = column.contradictionCount() - rows.size();
-    const QString named = (texts.size() == 1 ? u"row "_s : u"rows "_s) + rows.join(u", "_s);
-    return others > 0 ? u"%1 and %2 more"_s.arg(named).arg(others) : named;
+    const QString named = (texts.size() == 1 ? Reasons::tr("row %1") : Reasons::tr("rows %1"))
+                              .arg(rows.join(u", "_s));
+    return others > 0 ? Reasons::tr("%1 and %2 more").arg(named).arg(others) : named;
 }
 
 /// "3 values" of which a column has so many that say anything.
@@ -41,20 +44,20 @@ QString countText(qsizetype count, const KTColumnReading &column)
 {
     const qsizetype all = column.ambiguousCount() + column.contradictionCount() +
                           column.decidingCount(column.convention());
-    return u"%1 of %2 values"_s.arg(count).arg(all);
+    return Reasons::tr("%1 of %2 values").arg(count).arg(all);
 }
 
 QString sinceText(const KTColumnReading &column)
 {
     switch (column.basis()) {
     case KTColumnReading::Locale:
-        return u"no value decides; the locale's own"_s;
+        return Reasons::tr("no value decides; the locale's own");
     case KTColumnReading::Values:
         return countText(column.decidingCount(column.convention()), column) + u" decide"_s;
     case KTColumnReading::Mixed:
-        return u"the values contradict each other; the locale's own"_s;
+        return Reasons::tr("the values contradict each other; the locale's own");
     case KTColumnReading::Told:
-        return u"you say so"_s;
+        return Reasons::tr("you say so");
     }
     return {};
 }
@@ -78,5 +81,5 @@ ColumnDecision ColumnDecision::ofUnused(const QStringList &told, const QString &
 {
     if (told.isEmpty())
         return {};
-    return {typeName, u"told without effect: %1"_s.arg(told.join(u", "_s)), {}};
+    return {typeName, Reasons::tr("told without effect: %1").arg(told.join(u", "_s)), {}};
 }

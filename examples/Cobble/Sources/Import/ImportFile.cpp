@@ -5,6 +5,7 @@
 #include "ReplacedLibrary.h"
 #include "SeparatedText.h"
 #include "Table.h"
+#include "Text/Reasons.h"
 #include "Text/TextFile.h"
 
 #include <KTUtility/NSFileManager>
@@ -31,9 +32,9 @@ Outcome<CobbleTable> readTable(const PlugIns &plugIns, CobbleImporter &importer,
     const Outcome<> called =
         plugIns.call(importer, [&] { isRead = importer.readTable(text, &table, &error); });
     if (!called)
-        return Failure{u"the importer failed: %1"_s.arg(called.reason())};
+        return Failure{Reasons::tr("the importer failed: %1").arg(called.reason())};
     if (!isRead)
-        return Failure{error.isEmpty() ? u"the importer failed"_s : error};
+        return Failure{error.isEmpty() ? Reasons::tr("the importer failed") : error};
     return table;
 }
 
@@ -83,7 +84,7 @@ Outcome<> useMediaColumns(const QStringList &headers, ImportFile *file)
     for (const QString &header : headers) {
         const qsizetype column = file->rows->headers().indexOf(header);
         if (column < 0)
-            return Failure{u"there is no column '%1'"_s.arg(header)};
+            return Failure{Reasons::tr("there is no column '%1'").arg(header)};
         file->settings.types.insert(column, FieldType::Media);
         file->media.trust(column);
     }
@@ -95,7 +96,7 @@ Outcome<> useConventions(const QMap<QString, ColumnConventions> &conventions, Im
     for (auto told = conventions.begin(); told != conventions.end(); ++told) {
         const qsizetype column = file->rows->headers().indexOf(told.key());
         if (column < 0)
-            return Failure{u"there is no column '%1'"_s.arg(told.key())};
+            return Failure{Reasons::tr("there is no column '%1'").arg(told.key())};
         file->settings.conventions.insert(column, told.value());
     }
     return {};
@@ -136,7 +137,7 @@ private:
             return MediaSources::check(url.path());
         const bool isMissing = _bundle.isMediaURL(url) &&
                                !NSFileManager::fileExistsAtPath(_bundle.filePathFromMediaUrl(url));
-        return isMissing ? Failure{u"there is no such file"_s} : Outcome<>();
+        return isMissing ? Failure{Reasons::tr("there is no such file")} : Outcome<>();
     }
 
     const MediaSources &_sources;

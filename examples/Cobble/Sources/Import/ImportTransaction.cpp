@@ -3,6 +3,7 @@
 #include "InterruptedImport.h"
 #include "Library/BundleCheck.h"
 #include "Library/BundleOption.h"
+#include "Text/Reasons.h"
 #include "UnusedMedia.h"
 
 #include <KTUtility/NSFileManager>
@@ -88,7 +89,7 @@ Outcome<> ImportTransaction::prepare(int patience)
     _isNewBundle = isFree(_bundle.bundlePath());
     _isNewDatabase = isFree(_bundle.databaseFilePath());
     if (!_bundle.buildDatabaseBundleOnDisk())
-        return Failure{u"the database bundle cannot be made"_s};
+        return Failure{Reasons::tr("the database bundle cannot be made")};
     return openStore()
         .andThen([this] { return _store->begin(); })
         .andThen(

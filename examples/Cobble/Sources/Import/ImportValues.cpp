@@ -1,5 +1,6 @@
 #include "ImportValues.h"
 
+#include "Text/Reasons.h"
 #include "TypeInference.h"
 
 #include <algorithm>
@@ -88,10 +89,10 @@ ColumnDecision currencyDecisionOf(const FieldReader &reader, const ColumnConvent
     if (code.isNull())
         return {};
     if (code == told.currency())
-        return ColumnDecision::ofCurrency(code, u"you say so"_s);
+        return ColumnDecision::ofCurrency(code, Reasons::tr("you say so"));
     const QString own = FieldReader(FieldType::Currency).currencyType();
     return code == own ? ColumnDecision()
-                       : ColumnDecision::ofCurrency(code, u"the values name it"_s);
+                       : ColumnDecision::ofCurrency(code, Reasons::tr("the values name it"));
 }
 
 ImportValues::Column columnOf(const FieldReader &reader, const ColumnConventions &told)
@@ -122,7 +123,7 @@ public:
 
     /// Whether it goes on.
     explicit operator bool() const { return bool(_outcome); }
-    void cancel() { _outcome = Failure{u"it was cancelled"_s, true}; }
+    void cancel() { _outcome = Failure{Reasons::tr("it was cancelled"), true}; }
     void readRow(qint64 row, const QStringList &fields)
     {
         QVariantList record;

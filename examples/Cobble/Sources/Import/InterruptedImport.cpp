@@ -1,6 +1,7 @@
 #include "InterruptedImport.h"
 
 #include "Library/LibraryStore.h"
+#include "Text/Reasons.h"
 #include "UnusedMedia.h"
 
 #include <KTUtility/NSPathUtilities>
@@ -23,7 +24,7 @@ EntryType entryTypeAt(const QString &path)
 
 Failure cannotRemove()
 {
-    return {u"the files of an import that was interrupted cannot be removed"_s};
+    return {Reasons::tr("the files of an import that was interrupted cannot be removed")};
 }
 
 /// Removes the media files in the list, except those in use.

@@ -1,5 +1,7 @@
 #include "LibraryImport.h"
 
+#include "Text/Reasons.h"
+
 #include <KTUtility/KTCurrencyFormatter>
 #include <KTUtility/NSArray_KTAdditions>
 #include <KTUtility/NSPathUtilities>
@@ -104,13 +106,13 @@ Failure LibraryImport::without(const QString &text, const QString &reason)
 Failure LibraryImport::withoutCopy(const QString &text, const NSURL &file)
 {
     if (_transaction.bundle().isMediaURL(file))
-        return without(text, u"there is no such file"_s);
+        return without(text, Reasons::tr("there is no such file"));
     const QString name = NSString::lastPathComponent(file.path());
     const Outcome<> checked =
         MediaSources::checkName(_transaction.bundle().fileNameWithMediaInstanceNumber(name));
     if (!checked)
         return without(text, checked.reason());
-    const QString reason = u"it cannot be copied"_s;
+    const QString reason = Reasons::tr("it cannot be copied");
     end(text, reason);
     return {reason};
 }

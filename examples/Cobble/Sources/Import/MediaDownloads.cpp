@@ -1,6 +1,7 @@
 #include "MediaDownloads.h"
 
 #include "MediaSources.h"
+#include "Text/Reasons.h"
 
 #include <KTUtility/KTLogger>
 #include <KTUtility/NSPathUtilities>
@@ -14,7 +15,10 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-const QString Silent = u"its server does not answer"_s;
+QString silence()
+{
+    return Reasons::tr("its server does not answer");
+}
 
 /// "example.org:8080" of "http://ann@Example.org:8080/a".
 QString serverOf(const NSURL &url)
@@ -36,7 +40,7 @@ QString nameOf(const NSURL &url)
 QString problemOf(const QString &name)
 {
     if (name.isNull())
-        return u"it names no file"_s;
+        return Reasons::tr("it names no file");
     return MediaSources::checkName(name).reason();
 }
 
@@ -44,11 +48,12 @@ QString problemOf(const QString &name)
 QString problemOf(const NSHTTPURLResponse &response, bool hasBody)
 {
     if (response.statusCode >= 400)
-        return u"its server says %1"_s.arg(response.statusCode);
+        return Reasons::tr("its server says %1").arg(response.statusCode);
     if (hasBody)
         return {};
-    return response.statusCode >= 300 ? u"it has moved to where plain http does not lead"_s
-                                      : u"it cannot be downloaded"_s;
+    return response.statusCode >= 300
+               ? Reasons::tr("it has moved to where plain http does not lead")
+               : Reasons::tr("it cannot be downloaded");
 }
 } // namespace
 
@@ -57,10 +62,10 @@ Outcome<> MediaDownloads::fetch(const NSURL &url, const GoesOn &goesOn)
     if (_files.contains(url.absoluteString()))
         return {};
     if (goesOn && !goesOn())
-        return Failure{u"it was cancelled"_s, true};
+        return Failure{Reasons::tr("it was cancelled"), true};
     QString problem = problemOf(nameOf(url));
     if (problem.isNull() && _silent.contains(serverOf(url)))
-        problem = Silent;
+        problem = silence();
     if (problem.isNull())
         return fetchNew(url, goesOn);
     refuse(url, problem);
@@ -79,13 +84,13 @@ Outcome<> MediaDownloads::fetchNew(const NSURL &url, const GoesOn &goesOn)
     timer.start();
     const auto data = NSURLConnection::sendSynchronousRequest(url, _timeout, &response, ask);
     if (isCancelled)
-        return Failure{u"it was cancelled"_s, true};
+        return Failure{Reasons::tr("it was cancelled"), true};
     // Nor would one be quicker that has begun and never ends.
     const bool isOverdue = timer.elapsed() >= qint64(_timeout * 1000);
     const bool isSilent = !data && (response.statusCode == 0 || isOverdue);
     if (isSilent)
         _silent += serverOf(url);
-    const QString problem = isSilent ? Silent : problemOf(response, data.has_value());
+    const QString problem = isSilent ? silence() : problemOf(response, data.has_value());
     if (problem.isNull())
         return write(url, *data);
     refuse(url, problem);
@@ -105,7 +110,7 @@ Outcome<QString> MediaDownloads::newPath(const QString &name)
         _folder = std::make_unique<QTemporaryDir>();
     const QString folder = QString::number(++_number);
     if (!_folder->isValid() || !QDir(_folder->path()).mkdir(folder))
-        return Failure{u"a download cannot be kept: "_s + _folder->errorString()};
+        return Failure{Reasons::tr("a download cannot be kept: %1").arg(_folder->errorString())};
     return _folder->filePath(QString(folder + u'/' + name));
 }
 
@@ -116,15 +121,15 @@ Outcome<> MediaDownloads::write(const NSURL &url, const QByteArray &data)
         return path.failure();
     QFile file(*path);
     if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size() || !file.flush())
-        return Failure{u"a download cannot be kept: "_s + file.errorString()};
+        return Failure{Reasons::tr("a download cannot be kept: %1").arg(file.errorString())};
     const std::optional<NSURL> kept = NSURL::fileURLWithPath(*path);
     if (!kept)
-        return Failure{u"a download cannot be kept: "_s + *path};
+        return Failure{Reasons::tr("a download cannot be kept: %1").arg(*path)};
     _files.insert(url.absoluteString(), *kept);
     return {};
 }
 
 Outcome<NSURL> MediaDownloads::fileOf(const NSURL &url) const
 {
-    return _files.value(url.absoluteString(), Failure{u"it was not downloaded"_s});
+    return _files.value(url.absoluteString(), Failure{Reasons::tr("it was not downloaded")});
 }

@@ -1,6 +1,7 @@
 #include "MediaSources.h"
 
 #include "MediaReference.h"
+#include "Text/Reasons.h"
 
 #include <KTUtility/NSFileManager>
 
@@ -33,10 +34,10 @@ bool isIn(const QString &folder, const QFileInfo &file)
 QString problemOf(const QFileInfo &file)
 {
     if (file.isDir())
-        return u"it is a folder"_s;
+        return Reasons::tr("it is a folder");
     if (!file.isFile())
-        return u"it is no file"_s;
-    return file.isReadable() ? QString() : u"it may not be read"_s;
+        return Reasons::tr("it is no file");
+    return file.isReadable() ? QString() : Reasons::tr("it may not be read");
 }
 } // namespace
 
@@ -68,11 +69,11 @@ Outcome<NSURL> MediaSources::urlIn(qsizetype column, const QString &text) const
 {
     const std::optional<NSURL> url = MediaReference::urlIn(text, _folder);
     if (!url)
-        return Failure{u"it names no file"_s};
+        return Failure{Reasons::tr("it names no file")};
     const bool isElsewhere = isHTTP(*url) || (url->isFileURL() && !isBeside(url->path()));
     if (isElsewhere && !_trusted.contains(column))
-        return Failure{u"it is not beside the file; only columns that are named as media may "
-                       "lead elsewhere"_s};
+        return Failure{Reasons::tr(
+            "it is not beside the file; only columns that are named as media may lead elsewhere")};
     return *url;
 }
 
@@ -88,7 +89,7 @@ bool MediaSources::isObvious(const QString &text) const
 Outcome<> MediaSources::checkFile(const QString &path)
 {
     if (!NSFileManager::fileExistsAtPath(path))
-        return Failure{u"there is no such file"_s};
+        return Failure{Reasons::tr("there is no such file")};
     const QString problem = problemOf(QFileInfo(path));
     return problem.isNull() ? Outcome<>() : Failure{problem};
 }
@@ -97,12 +98,12 @@ Outcome<> MediaSources::check(const QString &path)
 {
     const Outcome<> checked = checkFile(path);
     if (checked && QFileInfo(path).size() > LargestFile)
-        return Failure{u"it is larger than %1 MB"_s.arg(LargestFile >> 20)};
+        return Failure{Reasons::tr("it is larger than %1 MB").arg(LargestFile >> 20)};
     return checked;
 }
 
 Outcome<> MediaSources::checkName(const QString &name)
 {
     const bool isTooLong = QFile::encodeName(name).size() > NAME_MAX;
-    return isTooLong ? Failure{u"its name is too long"_s} : Outcome<>();
+    return isTooLong ? Failure{Reasons::tr("its name is too long")} : Outcome<>();
 }

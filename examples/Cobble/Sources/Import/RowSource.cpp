@@ -1,5 +1,7 @@
 #include "RowSource.h"
 
+#include "Text/Reasons.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -22,7 +24,8 @@ Outcome<> RowSource::addWidth(qsizetype width, qint64 line)
     _widest = std::max(_widest, width);
     if (width <= ColumnLimit)
         return {};
-    return Failure{u"line %1 has %2 columns, more than the %3 that a library can have"_s.arg(line)
+    return Failure{Reasons::tr("line %1 has %2 columns, more than the %3 that a library can have")
+                       .arg(line)
                        .arg(width)
                        .arg(ColumnLimit)};
 }

@@ -3,6 +3,7 @@
 #include "Text/CSVReader.h"
 #include "Text/CSVSeparator.h"
 #include "Text/FormulaText.h"
+#include "Text/Reasons.h"
 
 using namespace Qt::StringLiterals;
 
@@ -41,7 +42,7 @@ Outcome<> SeparatedText::readRows()
     CSVReader reader(rowsText(), _separator, _firstLine);
     QStringList fields;
     if (!readRow(reader, &fields))
-        return Failure{u"there is nothing but blank lines"_s};
+        return Failure{Reasons::tr("there is nothing but blank lines")};
     Outcome<> outcome = addHeaders(fields, reader.lineNumber());
     while (outcome && readRow(reader, &fields))
         outcome = addRow(fields, reader.lineNumber());

@@ -1,5 +1,7 @@
 #include "BundleCheck.h"
 
+#include "Text/Reasons.h"
+
 #include <QFile>
 
 #include <fcntl.h>
@@ -40,8 +42,8 @@ Outcome<> fileOfItsOwn(const QString &path, const QString &what)
     if (kind == EntryKind::None || kind == EntryKind::File)
         return {};
     if (kind == EntryKind::Unknown)
-        return Failure{u"%1 cannot be looked at"_s.arg(what)};
-    return Failure{u"%1 is a link, or no file"_s.arg(what)};
+        return Failure{Reasons::tr("%1 cannot be looked at").arg(what)};
+    return Failure{Reasons::tr("%1 is a link, or no file").arg(what)};
 }
 
 /// Opens a file that may have been exchanged for a link or a pipe in this moment.
@@ -68,7 +70,8 @@ Outcome<> checkNoLogs(const QString &path)
 {
     for (const QString &suffix : {u"-wal"_s, u"-shm"_s}) {
         if (kindOf(path + suffix) != EntryKind::None)
-            return Failure{u"there is a 'Database%1', which Cobble does not use"_s.arg(suffix)};
+            return Failure{
+                Reasons::tr("there is a 'Database%1', which Cobble does not use").arg(suffix)};
     }
     return {};
 }
@@ -85,7 +88,8 @@ Outcome<> checkFirstBytes(const QString &path)
         return bytes.failure();
     const bool hasLogs = bytes->startsWith(Beginning) && bytes->size() > ReadersAt &&
                          bytes->at(ReadersAt) >= ReadersOfLogs;
-    return hasLogs ? Failure{u"the database has a write-ahead log, which Cobble does not use"_s}
+    return hasLogs ? Failure{Reasons::tr(
+                         "the database has a write-ahead log, which Cobble does not use")}
                    : Outcome<>();
 }
 } // namespace
@@ -94,26 +98,26 @@ Outcome<> BundleCheck::folders(const KTDatabaseBundle &bundle)
 {
     if (bundle.isSelfContained())
         return {};
-    return Failure{u"a folder of the bundle is a link, which leads out of it"_s};
+    return Failure{Reasons::tr("a folder of the bundle is a link, which leads out of it")};
 }
 
 Outcome<> BundleCheck::journal(const QString &path)
 {
-    const Outcome<> isFile = fileOfItsOwn(path, u"the journal of the database"_s);
+    const Outcome<> isFile = fileOfItsOwn(path, Reasons::tr("the journal of the database"));
     QFile file(path);
     if (!isFile || kindOf(path) == EntryKind::None)
         return isFile;
     if (!openPlainFile(file))
         return kindOf(path) == EntryKind::None
                    ? Outcome<>()
-                   : Failure{u"the journal of the database cannot be read"_s};
+                   : Failure{Reasons::tr("the journal of the database cannot be read")};
     const qint64 size = file.size();
     if (size < NameTrailer)
         return {};
     const Outcome<QByteArray> end = bytesOf(file, size - NameMark.size(), NameMark.size());
     if (!end)
         return end.failure();
-    return *end == NameMark ? Failure{u"the journal of the database names another file"_s}
+    return *end == NameMark ? Failure{Reasons::tr("the journal of the database names another file")}
                             : Outcome<>();
 }
 
@@ -121,7 +125,7 @@ Outcome<> BundleCheck::database(const KTDatabaseBundle &bundle, bool mayRead)
 {
     const QString path = bundle.databaseFilePath();
     return folders(bundle)
-        .andThen([&] { return fileOfItsOwn(path, u"the database"_s); })
+        .andThen([&] { return fileOfItsOwn(path, Reasons::tr("the database")); })
         .andThen([&] { return checkNoLogs(path); })
         .andThen([&] { return journal(path + u"-journal"); })
         .andThen([&] { return mayRead ? checkFirstBytes(path) : Outcome<>(); });

@@ -1,5 +1,7 @@
 #include "BundleLock.h"
 
+#include "Text/Reasons.h"
+
 #include <KTUtility/NSFileManager>
 #include <KTUtility/NSPathUtilities>
 
@@ -19,11 +21,11 @@ Outcome<> BundleLock::lock(int patience)
 {
     const KTLockFile::Result result = _file.lock(patience);
     if (result == KTLockFile::Result::Taken)
-        return Failure{u"another program is changing the bundle"_s};
+        return Failure{Reasons::tr("another program is changing the bundle")};
     if (result == KTLockFile::Result::Blocked)
-        return Failure{u"'%1' is in the way; please remove it"_s.arg(_file.path())};
+        return Failure{Reasons::tr("'%1' is in the way; please remove it").arg(_file.path())};
     const QString folder = NSString::stringByDeletingLastPathComponent(_file.path());
     if (result == KTLockFile::Result::Failed && !NSFileManager::fileExistsAtPath(folder))
-        return Failure{u"there is no folder for the database bundle"_s};
+        return Failure{Reasons::tr("there is no folder for the database bundle")};
     return {};
 }

@@ -1,6 +1,7 @@
 #include "DatabaseCopy.h"
 
 #include "BundleCheck.h"
+#include "Text/Reasons.h"
 
 #include <KTUtility/NSFileManager>
 
@@ -47,9 +48,9 @@ Outcome<> DatabaseCopy::fill(const QString &database) const
                           NSFileManager::copyItemAtPath(database, path()) &&
                           NSFileManager::setPosixPermissions(path(), 0600);
     if (stateOfFile(journal) != before)
-        return Failure{u"another program is changing the database; please try again"_s};
+        return Failure{Reasons::tr("another program is changing the database; please try again")};
     if (!isCopied)
-        return Failure{u"a change of the database was interrupted, and it cannot be copied to take "
-                       "that back in the copy"_s};
+        return Failure{Reasons::tr("a change of the database was interrupted, and it cannot be "
+                                   "copied to take that back in the copy")};
     return BundleCheck::journal(path() + u"-journal");
 }

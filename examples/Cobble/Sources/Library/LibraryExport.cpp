@@ -4,6 +4,7 @@
 #include "LibraryStore.h"
 #include "PlugIns.h"
 #include "RecordTexts.h"
+#include "Text/Reasons.h"
 
 #include <KTUtility/KTSaveFile>
 
@@ -68,9 +69,9 @@ private:
     bool has(qsizetype field) const
     {
         if (!_hasRecord)
-            refuse(u"it asked for a field where there is no record"_s);
+            refuse(Reasons::tr("it asked for a field where there is no record"));
         else if (field < 0 || field >= _library.fields.size())
-            refuse(u"it asked for a field that there is not: %1"_s.arg(field));
+            refuse(Reasons::tr("it asked for a field that there is not: %1").arg(field));
         else
             return true;
         return false;
@@ -78,7 +79,7 @@ private:
     void refuse(const QString &reason) const
     {
         if (_asked)
-            _asked = Failure{u"the exporter failed: "_s + reason};
+            _asked = Failure{Reasons::tr("the exporter failed: %1").arg(reason)};
     }
 
     Library _library;
@@ -99,9 +100,9 @@ Failure failure(const QString &subject, const QString &reason)
 
 QString noExporterText(const PlugIns &plugIns, const QString &fileType)
 {
-    QStringList texts{u"there is no exporter for '%1'"_s.arg(fileType)};
+    QStringList texts{Reasons::tr("there is no exporter for '%1'").arg(fileType)};
     if (const QStringList types = plugIns.exportedTypes(); !types.isEmpty())
-        texts += u"there are "_s + types.join(u", "_s);
+        texts += Reasons::tr("there are %1").arg(types.join(u", "_s));
     for (const QString &text : {plugIns.failedExporters(), plugIns.passedOverExporters()}) {
         if (!text.isNull())
             texts += text;
@@ -118,10 +119,10 @@ Outcome<> runExporter(const PlugIns &plugIns, CobbleExporter &exporter, CobbleRe
     const Outcome<> called = plugIns.call(
         exporter, [&] { isDone = exporter.exportRecords(records, fileType, to, &error); });
     if (!called)
-        return Failure{u"the exporter failed: %1"_s.arg(called.reason())};
+        return Failure{Reasons::tr("the exporter failed: %1").arg(called.reason())};
     if (isDone)
         return called;
-    return Failure{error.isEmpty() ? u"the exporter failed"_s : error};
+    return Failure{error.isEmpty() ? Reasons::tr("the exporter failed") : error};
 }
 
 /// Writes the records to an open file, which is still to be committed.
@@ -136,7 +137,7 @@ Outcome<> write(LibraryRecords &records, const PlugIns &plugIns, CobbleExporter 
             return records.asked();
         });
     if (records.isCancelled())
-        return Failure{u"%1: it was cancelled"_s.arg(path), true};
+        return Failure{Reasons::tr("%1: it was cancelled").arg(path), true};
     if (!written)
         return failure(path, written.reason());
     if (const Outcome<> read = records.outcome(); !read)

@@ -4,6 +4,7 @@
 #include "DatabaseConnection.h"
 #include "DatabaseCopy.h"
 #include "StoredValue.h"
+#include "Text/Reasons.h"
 
 #include <KTUtility/NSFileManager>
 
@@ -131,7 +132,7 @@ Outcome<> executeOnRecord(QSqlQuery &query, const QString &statement, const QVar
 {
     const Outcome<> outcome = execute(query, statement, values);
     if (outcome && query.numRowsAffected() != 1)
-        return Failure{u"the record is no longer there"_s};
+        return Failure{Reasons::tr("the record is no longer there")};
     return outcome;
 }
 
@@ -204,7 +205,7 @@ Outcome<> LibraryStore::checkBundle(Mode mode) const
     const Outcome<> checked = BundleCheck::database(_bundle, DatabaseConnection::count() == 0);
     const bool isThere = NSFileManager::fileExistsAtPath(_bundle.databaseFilePath());
     if (checked && mode == Mode::Existing && !isThere)
-        return Failure{u"there is no database"_s};
+        return Failure{Reasons::tr("there is no database")};
     return checked;
 }
 
@@ -239,8 +240,9 @@ Outcome<> LibraryStore::checkNoTriggers()
         "sql LIKE 'CREATE INDEX %' OR sql LIKE 'CREATE UNIQUE INDEX %')"_s);
     if (!count)
         return count.failure();
-    return *count == 0 ? Outcome<>()
-                       : Failure{u"the database has a trigger, which Cobble does not use"_s};
+    return *count == 0
+               ? Outcome<>()
+               : Failure{Reasons::tr("the database has a trigger, which Cobble does not use")};
 }
 
 Outcome<> LibraryStore::connect(const QString &path, DatabaseConnection::Access access)
@@ -284,7 +286,7 @@ Outcome<> LibraryStore::checkVersion()
     if (!version)
         return version.failure();
     if (*version > CatalogueVersion)
-        return Failure{u"the database was made by a newer version of Cobble"_s};
+        return Failure{Reasons::tr("the database was made by a newer version of Cobble")};
     return {};
 }
 
@@ -322,8 +324,9 @@ Outcome<> LibraryStore::checkColumns(const QString &table)
                 [](const QSqlQuery &row) { return row.value(u"hidden"_s).toInt() == 0; });
     if (!areStored)
         return areStored.failure();
-    return areStored->contains(false) ? Failure{u"'%1' has a computed column"_s.arg(table)}
-                                      : Outcome<>();
+    return areStored->contains(false)
+               ? Failure{Reasons::tr("'%1' has a computed column").arg(table)}
+               : Outcome<>();
 }
 
 /// Whether there is a table. A view of that name, which may have no end, is an error, and so is a
@@ -339,7 +342,7 @@ Outcome<bool> LibraryStore::hasTable(const QString &name)
     if (!areTables)
         return areTables.failure();
     if (areTables->contains(false))
-        return Failure{u"'%1' is no table"_s.arg(name)};
+        return Failure{Reasons::tr("'%1' is no table").arg(name)};
     if (const Outcome<> checked = checkColumns(name); !checked)
         return checked.failure();
     return !areTables->isEmpty();
@@ -350,14 +353,14 @@ Outcome<> LibraryStore::needTable(const QString &name)
     const Outcome<bool> isThere = hasTable(name);
     if (!isThere)
         return isThere.failure();
-    return *isThere ? Outcome<>() : Failure{u"no such table: %1"_s.arg(name)};
+    return *isThere ? Outcome<>() : Failure{Reasons::tr("no such table: %1").arg(name)};
 }
 
 /// Fails for a library that only a damaged catalogue has.
 Outcome<> LibraryStore::checkLibrary(const Library &library)
 {
     if (library.fields.isEmpty())
-        return Failure{u"the library has no fields"_s};
+        return Failure{Reasons::tr("the library has no fields")};
     return needTable(library.tableName);
 }
 
@@ -397,7 +400,7 @@ Outcome<Library> LibraryStore::libraryNamed(const QString &name)
         return all.failure();
     const std::optional<Library> library = Libraries::named(name, *all);
     if (!library)
-        return Failure{u"no library '%1'"_s.arg(name)};
+        return Failure{Reasons::tr("no library '%1'").arg(name)};
     return *library;
 }
 

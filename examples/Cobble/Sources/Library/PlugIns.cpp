@@ -1,5 +1,7 @@
 #include "PlugIns.h"
 
+#include "Text/Reasons.h"
+
 #include <KTUtility/NSProtocol>
 
 #include <algorithm>
@@ -29,7 +31,7 @@ Outcome<> outcomeOf(const std::function<void()> &code)
     } catch (const std::exception &exception) {
         return Failure{QString::fromUtf8(exception.what())};
     } catch (...) {
-        return Failure{u"it threw something that is no std::exception"_s};
+        return Failure{Reasons::tr("it threw something that is no std::exception")};
     }
 }
 
@@ -96,10 +98,10 @@ QString passedOverIn(const KTPlugInManager &manager)
         if (status.state == KTPlugInState::PassedOver && manager.isPluginEnabled(status.identifier))
             identifiers += status.identifier;
     }
-    return identifiers.isEmpty()
-               ? QString()
-               : u"passed over, since a program ended while its code ran: %1; "
-                 "'cobble plugins enable' tries it again"_s.arg(identifiers.join(u", "_s));
+    return identifiers.isEmpty() ? QString()
+                                 : Reasons::tr("passed over, since a program ended while its code "
+                                               "ran: %1; 'cobble plugins enable' tries it again")
+                                       .arg(identifiers.join(u", "_s));
 }
 
 QString failedIn(const KTPlugInManager &manager)
@@ -110,7 +112,8 @@ QString failedIn(const KTPlugInManager &manager)
         if (status.state == KTPlugInState::Failed && manager.isPluginEnabled(status.identifier))
             failed += u"%1 (%2)"_s.arg(status.identifier, status.lastError);
     }
-    return failed.isEmpty() ? QString() : u"cannot be loaded: "_s + failed.join(u", "_s);
+    return failed.isEmpty() ? QString()
+                            : Reasons::tr("cannot be loaded: %1").arg(failed.join(u", "_s));
 }
 } // namespace
 

@@ -1,6 +1,7 @@
 #include "TextFile.h"
 
 #include "LineBreaks.h"
+#include "Reasons.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -13,12 +14,12 @@ constexpr qint64 ChunkSize = 1 << 20;
 
 Failure notText()
 {
-    return {u"not a text file"_s};
+    return {Reasons::tr("not a text file")};
 }
 
 Failure notInEncoding(QLatin1StringView encoding, qint64 line)
 {
-    return {u"not a text file in %1 (line %2)"_s.arg(encoding).arg(line)};
+    return {Reasons::tr("not a text file in %1 (line %2)").arg(encoding).arg(line)};
 }
 
 /// nil if the data is not entirely in the encoding.
@@ -104,7 +105,7 @@ Outcome<QByteArray> readAll(QFile &file)
             break;
         data += chunk;
         if (data.size() > TextFile::SizeLimit)
-            return Failure{u"larger than 1 GB"_s};
+            return Failure{Reasons::tr("larger than 1 GB")};
     }
     return data;
 }
@@ -125,7 +126,7 @@ Outcome<QString> TextFile::textOfData(const QByteArray &data)
 Outcome<QString> TextFile::textOfFile(const QString &path)
 {
     if (QFileInfo(path).isDir())
-        return Failure{u"is a folder, not a file"_s};
+        return Failure{Reasons::tr("is a folder, not a file")};
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return Failure{file.errorString()};
@@ -134,6 +135,6 @@ Outcome<QString> TextFile::textOfFile(const QString &path)
         return data.failure();
     Outcome<QString> text = textOfData(*data);
     if (text && text->isEmpty())
-        return Failure{u"the file is empty"_s};
+        return Failure{Reasons::tr("the file is empty")};
     return text;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Appearance/WindowLanguage.h"
 #include "OpenBundle.h"
 
 #include <KTUtility/KTStatusHUDController>
@@ -51,6 +52,8 @@ Q_SIGNALS:
 private:
     void remove(MainWindowController *controller);
 
+    // Before all that has texts.
+    WindowLanguage _language;
     OpenBundle _bundle;
     KTLogger *_logger;
     KTStatusHUDController _hud;

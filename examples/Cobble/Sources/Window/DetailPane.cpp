@@ -19,13 +19,13 @@ QString placeholderFor(const QVariant &value)
     if (!NSIsControllerMarker(value))
         return {};
     return value.value<NSSelectionMarker>().kind == NSSelectionMarker::Kind::MultipleValues
-               ? u"Multiple values"_s
+               ? DetailPane::tr("Multiple values")
                : QString();
 }
 /// A title in which "&" is a letter like others.
 QString labelText(const QVariant &title)
 {
-    return title.toString().replace(u'&', u"&&"_s) + u':';
+    return DetailPane::tr("%1:").arg(title.toString().replace(u'&', u"&&"_s));
 }
 } // namespace
 

@@ -40,7 +40,7 @@ Outcome<qint64> ExportSheet::exportTo(const QString &path)
 {
     LibraryStore *const store = bundle()->store();
     if (!store)
-        return Failure{u"There is no database."_s};
+        return Failure{tr("There is no database.")};
     const Outcome<Library> library = store->libraryNamed(_libraryName);
     if (!library)
         return library.failure();
@@ -51,12 +51,12 @@ Outcome<qint64> ExportSheet::exportTo(const QString &path)
 Outcome<> ExportSheet::work()
 {
     if (file().isEmpty())
-        return Failure{u"Please choose a file."_s};
+        return Failure{tr("Please choose a file.")};
     if (!mayWrite(file()))
-        return Failure{u"There is a file of that name. Export once more to replace it."_s};
+        return Failure{tr("There is a file of that name. Export once more to replace it.")};
     const Outcome<qint64> count = exportTo(file());
     if (count.isCancelled())
-        return Failure{u"Cancelled. The file was not written."_s, true};
+        return Failure{tr("Cancelled. The file was not written."), true};
     if (!count)
         return count.failure();
     Q_EMIT exported(*count, file());
@@ -65,7 +65,7 @@ Outcome<> ExportSheet::work()
 
 void ExportSheet::choose()
 {
-    auto *const chooser = new QFileDialog(window(), u"Export"_s);
+    auto *const chooser = new QFileDialog(window(), tr("Export"));
     chooser->setAttribute(Qt::WA_DeleteOnClose);
     chooser->setAcceptMode(QFileDialog::AcceptSave);
     chooser->selectFile(file());

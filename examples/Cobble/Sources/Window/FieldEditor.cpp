@@ -1,10 +1,10 @@
 #include "FieldEditor.h"
 
+#include "Appearance/ProblemLabel.h"
 #include "TextInput.h"
 
 #include <QEvent>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
 
@@ -23,10 +23,7 @@ FieldEditor::FieldEditor(FieldType type, QWidget *parent) : QWidget(parent)
         makeTextInput();
     else
         addInput(_line = new QLineEdit(this));
-    _problem = new QLabel(this);
-    _problem->setTextFormat(Qt::PlainText);
-    _problem->setWordWrap(true);
-    _problem->setStyleSheet(u"color: #c0392b"_s);
+    _problem = new ProblemLabel(this);
     _problem->hide();
     layout->addWidget(_problem);
 }

@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-class QLabel;
+class ProblemLabel;
 class QLineEdit;
 class TextInput;
 
@@ -58,7 +58,7 @@ private:
 
     QLineEdit *_line = nullptr;
     TextInput *_lines = nullptr;
-    QLabel *_problem = nullptr;
+    ProblemLabel *_problem = nullptr;
     /// What was shown last.
     QString _text;
 };

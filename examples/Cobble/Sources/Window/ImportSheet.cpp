@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 Failure cancelled()
 {
-    return {u"Cancelled. Nothing was stored."_s, true};
+    return {ImportSheet::tr("Cancelled. Nothing was stored."), true};
 }
 
 /// Headers with commas between them, in quotation marks where they hold one.
@@ -60,20 +60,20 @@ Outcome<ImportResult> ImportSheet::import(const ImportRequest &request)
 {
     Outcome<ImportFile> file = ImportFile::read(request);
     if (!file)
-        return Failure{u"%1: %2"_s.arg(request.path, file.reason())};
+        return Failure{tr("%1: %2").arg(request.path, file.reason())};
     file->settings.progress = [this](qint64 row, qint64 count) { return goOn(row, count); };
     const Outcome<StoredImport> stored = file->store(request, PatienceWithOthers);
     if (stored.isCancelled())
         return cancelled();
     if (!stored)
-        return Failure{u"Nothing was stored: %1"_s.arg(stored.reason())};
+        return Failure{tr("Nothing was stored: %1").arg(stored.reason())};
     return ImportResult{file->schema, *stored};
 }
 
 Outcome<> ImportSheet::work()
 {
     if (file().isEmpty())
-        return Failure{u"Please choose a file."_s};
+        return Failure{tr("Please choose a file.")};
     const ImportRequest wanted = request();
     if (!goOn(0, 0))
         return cancelled();
@@ -88,10 +88,11 @@ Outcome<> ImportSheet::work()
 
 void ImportSheet::choose()
 {
-    auto *const chooser = new QFileDialog(window(), u"Import"_s);
+    auto *const chooser = new QFileDialog(window(), tr("Import"));
     chooser->setAttribute(Qt::WA_DeleteOnClose);
     chooser->setFileMode(QFileDialog::ExistingFile);
-    chooser->setNameFilters({u"Tables and cards (*.csv *.tsv *.txt *.vcf)"_s, u"All files (*)"_s});
+    chooser->setNameFilters(
+        {tr("Tables and cards (*.csv *.tsv *.txt *.vcf)"), tr("All files (*)")});
     QObject::connect(chooser, &QFileDialog::fileSelected, this, &TransferSheet::setFile);
     chooser->open();
 }

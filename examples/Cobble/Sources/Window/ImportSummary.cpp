@@ -1,7 +1,7 @@
 #include "ImportSummary.h"
 
+#include "Appearance/Counts.h"
 #include "ShortText.h"
-#include "Text/PrintableText.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -37,7 +37,7 @@ QString decisionsText(const ImportValues::Column &column)
         QStringList reasons{decision.since, decision.contradicting};
         reasons.removeAll(QString());
         if (decision.isNeeded())
-            texts += u"%1 (%2)"_s.arg(decision.readAs, reasons.join(u"; "_s));
+            texts += ImportSummary::tr("%1 (%2)").arg(decision.readAs, reasons.join(u"; "_s));
     }
     return texts.join(u", "_s);
 }
@@ -62,8 +62,9 @@ void ImportSummary::configDialog()
     KTDialogController::configDialog();
     const auto result = windowDataSourceObjectForKey(ImportSheet::ResultKey).value<ImportResult>();
     outlet<QLabel>(u"titleLabel"_s)
-        ->setText(u"Stored %1 in the library “%2”."_s.arg(
-            recordCountText(result.stored.recordCount), result.stored.library.name));
+        ->setText(tr("Stored %1 record(s) in the library “%2”.", nullptr,
+                     Counts::plural(result.stored.recordCount))
+                      .arg(Counts::number(result.stored.recordCount), result.stored.library.name));
     showColumns(result);
     showUnread(result);
 }
@@ -71,14 +72,14 @@ void ImportSummary::configDialog()
 void ImportSummary::showColumns(const ImportResult &result)
 {
     auto *const table = outlet<QTableWidget>(u"columnsTable"_s);
-    beginTable(table,
-               {u"Column"_s, u"Type"_s, u"Read"_s, u"Kept as typed"_s, u"Empty"_s, u"Read as"_s});
+    beginTable(table, {tr("Column"), tr("Type"), tr("Read"), tr("Kept as typed"), tr("Empty"),
+                       tr("Read as")});
     const QList<ImportValues::Column> &columns = result.stored.values.columns;
     for (qsizetype column = 0; column < columns.size(); ++column) {
         const ImportValues::Column &counts = columns.at(column);
         addRow(table, {titleOf(result.schema.columns.at(column)), counts.typeName,
-                       QString::number(counts.read), QString::number(counts.unread),
-                       QString::number(counts.empty), decisionsText(counts)});
+                       Counts::number(counts.read), Counts::number(counts.unread),
+                       Counts::number(counts.empty), decisionsText(counts)});
     }
     table->resizeColumnsToContents();
 }
@@ -87,12 +88,13 @@ void ImportSummary::showUnread(const ImportResult &result)
 {
     const QList<ImportValues::Unread> &unread = result.stored.values.unread;
     auto *const table = outlet<QTableWidget>(u"unreadTable"_s);
-    beginTable(table, {u"Row"_s, u"Column"_s, u"Value"_s, u"Why"_s});
+    beginTable(table, {tr("Row"), tr("Column"), tr("Value"), tr("Why")});
     for (const ImportValues::Unread &value : unread.first(qMin(unread.size(), MostShown)))
-        addRow(table, {QString::number(value.row), titleOf(result.schema.columns.at(value.column)),
+        addRow(table, {Counts::number(value.row), titleOf(result.schema.columns.at(value.column)),
                        ShortText::firstLine(value.text), value.reason});
     if (unread.size() > MostShown)
-        addRow(table, {u"…"_s, QString(), u"%1 more"_s.arg(unread.size() - MostShown), QString()});
+        addRow(table, {u"…"_s, QString(),
+                       tr("%1 more").arg(Counts::number(unread.size() - MostShown)), QString()});
     table->resizeColumnsToContents();
     table->setVisible(!unread.isEmpty());
     outlet<QLabel>(u"unreadLabel"_s)->setVisible(!unread.isEmpty());

@@ -37,7 +37,7 @@ const Item Line{{}, nullptr, nullptr, {}};
 
 void addLoggingMenu(QMenu *help, KTLogger *logger)
 {
-    QMenu *const logging = help->addMenu(u"&Logging"_s);
+    QMenu *const logging = help->addMenu(MainMenu::tr("&Logging"));
     logging->setObjectName(u"logging"_s);
     logger->populateComponentLoggingMenu(logging->menuAction());
     // The items save the levels, which there have to be.
@@ -53,24 +53,24 @@ void addLoggingMenu(QMenu *help, KTLogger *logger)
 void MainMenu::add(QMainWindow *window, QObject *controller, QObject *application, KTLogger *logger)
 {
     QMenuBar *const bar = window->menuBar();
-    addItems(bar->addMenu(u"&File"_s),
-             {{u"&New Window"_s, "newWindow:", application, QKeySequence::New},
-              {u"&Close Window"_s, "closeWindow:", controller, QKeySequence::Close},
+    addItems(bar->addMenu(tr("&File")),
+             {{tr("&New Window"), "newWindow:", application, QKeySequence::New},
+              {tr("&Close Window"), "closeWindow:", controller, QKeySequence::Close},
               Line,
-              {u"&Import…"_s, "importFile:", controller, QKeySequence(u"Ctrl+I"_qs)},
-              {u"&Export…"_s, "exportFile:", controller, QKeySequence(u"Ctrl+E"_qs)},
+              {tr("&Import…"), "importFile:", controller, QKeySequence(u"Ctrl+I"_qs)},
+              {tr("&Export…"), "exportFile:", controller, QKeySequence(u"Ctrl+E"_qs)},
               Line,
-              {u"&Quit"_s, "terminate:", application, QKeySequence(u"Ctrl+Q"_qs)}});
+              {tr("&Quit"), "terminate:", application, QKeySequence(u"Ctrl+Q"_qs)}});
     addItems(
-        bar->addMenu(u"&Edit"_s),
-        {{u"&Find"_s, "findRecords:", controller, QKeySequence::Find},
+        bar->addMenu(tr("&Edit")),
+        {{tr("&Find"), "findRecords:", controller, QKeySequence::Find},
          Line,
-         {u"&Delete Record…"_s, "deleteRecords:", controller, QKeySequence(u"Ctrl+Backspace"_qs)},
+         {tr("&Delete Record…"), "deleteRecords:", controller, QKeySequence(u"Ctrl+Backspace"_qs)},
          Line,
-         {u"&Silenced Alerts…"_s, "showSilencedAlerts:", application, QKeySequence()}});
-    addItems(bar->addMenu(u"&View"_s), {{u"&Record Count"_s, "showRecordCount:", controller,
-                                         QKeySequence(u"Ctrl+Shift+C"_qs)}});
-    QMenu *const help = bar->addMenu(u"&Help"_s);
-    addItems(help, {{u"&About Cobble"_s, "showAbout:", controller, QKeySequence()}});
+         {tr("&Silenced Alerts…"), "showSilencedAlerts:", application, QKeySequence()}});
+    addItems(bar->addMenu(tr("&View")), {{tr("&Record Count"), "showRecordCount:", controller,
+                                          QKeySequence(u"Ctrl+Shift+C"_qs)}});
+    QMenu *const help = bar->addMenu(tr("&Help"));
+    addItems(help, {{tr("&About Cobble"), "showAbout:", controller, QKeySequence()}});
     addLoggingMenu(help, logger);
 }

@@ -1,13 +1,21 @@
 #pragma once
 
+#include <QCoreApplication>
+
 class KTLogger;
 class QMainWindow;
 class QObject;
 
-// The menus of a main window.
+/// The menus of a main window.
+class MainMenu
+{
+    Q_DECLARE_TR_FUNCTIONS(MainMenu)
 
-namespace MainMenu {
-/// Adds them. The items send their actions to \a controller, those of the whole program to \a
-/// application, and are validated by them.
-void add(QMainWindow *window, QObject *controller, QObject *application, KTLogger *logger);
-} // namespace MainMenu
+public:
+    MainMenu() = delete;
+
+    /// Adds them. The items send their actions to \a controller, those of the whole program to \a
+    /// application, and are validated by them.
+    static void add(QMainWindow *window, QObject *controller, QObject *application,
+                    KTLogger *logger);
+};

@@ -58,14 +58,14 @@ QWidget *MainWindow::makePages(NSArrayController *records, RecordTableModel *mod
 QWidget *MainWindow::makeLibraries()
 {
     _libraries = new QListWidget;
-    _libraries->setAccessibleName(u"Libraries"_s);
+    _libraries->setAccessibleName(tr("Libraries"));
     return _libraries;
 }
 
 QWidget *MainWindow::makeRecords(RecordTableModel *model)
 {
     _table = new RecordTableView;
-    _table->setAccessibleName(u"Records"_s);
+    _table->setAccessibleName(tr("Records"));
     _table->setModel(model);
     _table->setItemDelegate(new FieldDelegate(_table));
     _table->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -90,7 +90,7 @@ QWidget *MainWindow::makeDetail(NSArrayController *records)
     auto *const scroller = new KTFocusRingScrollView(margin);
     layout->addWidget(scroller);
     scroller->setWidgetResizable(true);
-    scroller->setAccessibleName(u"Record"_s);
+    scroller->setAccessibleName(tr("Record"));
     scroller->setFocusPolicy(Qt::NoFocus);
     _detail = new DetailPane(records);
     scroller->setWidget(_detail);
@@ -99,15 +99,15 @@ QWidget *MainWindow::makeDetail(NSArrayController *records)
 
 void MainWindow::makeSearch()
 {
-    auto *const bar = addToolBar(u"Search"_s);
+    auto *const bar = addToolBar(tr("Search"));
     bar->setObjectName(u"searchBar"_s);
     bar->setMovable(false);
     auto *const spacer = new QWidget;
     spacer->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     bar->addWidget(spacer);
     _search = new QLineEdit;
-    _search->setPlaceholderText(u"Search"_s);
-    _search->setAccessibleName(u"Search"_s);
+    _search->setPlaceholderText(tr("Search"));
+    _search->setAccessibleName(tr("Search"));
     _search->setClearButtonEnabled(true);
     _search->setMaximumWidth(280);
     bar->addWidget(_search);

@@ -1,5 +1,6 @@
 #include "MainWindowController.h"
 
+#include "Appearance/Counts.h"
 #include "DesktopApplication.h"
 #include "DetailPane.h"
 #include "MainMenu.h"
@@ -115,8 +116,10 @@ void MainWindowController::connectSheets()
                      &MainWindowController::queueAfterImport);
     QObject::connect(&_exportSheet, &ExportSheet::exported, this,
                      [this](qint64 count, const QString &path) {
-                         tellDone(u"Exported %1"_s.arg(recordCountText(count)));
-                         tell(u"Exported %1 to %2"_s.arg(recordCountText(count), path));
+                         tellDone(tr("Exported %1 record(s)", nullptr, Counts::plural(count))
+                                      .arg(Counts::number(count)));
+                         tell(tr("Exported %1 record(s) to %2", nullptr, Counts::plural(count))
+                                  .arg(Counts::number(count), path));
                      });
     QObject::connect(&_showLibraryAlert, &ShowLibraryAlert::chosen, this,
                      &MainWindowController::showLibrary);
@@ -186,8 +189,8 @@ void MainWindowController::setLibrary(const std::shared_ptr<OpenLibrary> &librar
 {
     forget();
     _library = library;
-    mainWindow()->setWindowTitle(library ? printableText(library->definition().name) + u" – Cobble"
-                                         : u"Cobble"_s);
+    mainWindow()->setWindowTitle(
+        library ? tr("%1 – Cobble").arg(printableText(library->definition().name)) : u"Cobble"_s);
     if (!library) {
         showCount();
         return;
@@ -218,8 +221,7 @@ void MainWindowController::showCount()
     if (_library) {
         const qsizetype shown = _records.arrangedObjects().size();
         const qsizetype all = _library->recordCount();
-        text = shown == all ? recordCountText(all)
-                            : u"%1 of %2"_s.arg(shown).arg(recordCountText(all));
+        text = shown == all ? Counts::records(all) : Counts::recordsOf(shown, all);
     }
     mainWindow()->count()->setText(text);
 }
@@ -233,10 +235,10 @@ void MainWindowController::showNotice(const QString &error)
         mainWindow()->setNotice(problem);
     else if (_application->bundle()->libraries().isEmpty())
         mainWindow()->setNotice(
-            u"There are no libraries yet.\nFile ▸ Import… makes one of a table or of "
-            "address cards."_s);
+            tr("There are no libraries yet.\nFile ▸ Import… makes one of a table or of "
+               "address cards."));
     else
-        mainWindow()->setNotice(u"Choose a library at the left."_s);
+        mainWindow()->setNotice(tr("Choose a library from the list."));
 }
 
 void MainWindowController::tell(const QString &message)
@@ -268,7 +270,7 @@ void MainWindowController::windowDidBecomeKey(const NSNotification &notification
 
 QString MainWindowController::foundText() const
 {
-    return recordCountText(_records.arrangedObjects().size());
+    return Counts::records(_records.arrangedObjects().size());
 }
 
 void MainWindowController::searchAndTell()
@@ -353,7 +355,9 @@ void MainWindowController::queueAfterImport(const QString &libraryName)
     _application->bundle()->reload();
     const auto result =
         exposedDialogDatasource().value(ImportSheet::ResultKey).value<ImportResult>();
-    tellDone(u"Imported %1"_s.arg(recordCountText(result.stored.recordCount)));
+    const qsizetype count = result.stored.recordCount;
+    tellDone(
+        tr("Imported %1 record(s)", nullptr, Counts::plural(count)).arg(Counts::number(count)));
     addDialogControllerToQueue(&_importSummary);
     if (!_library || _library->definition().name != libraryName)
         addDialogControllerToQueue(&_showLibraryAlert);
@@ -381,15 +385,16 @@ void MainWindowController::deleteRecords(QAction *)
     if (_toDelete.isEmpty())
         return;
     KTDoNotShowAlert::beginCriticalAlertSheet(
-        {.title = u"Delete %1?"_s.arg(recordCountText(_toDelete.size())),
-         .defaultButton = u"Delete"_s,
-         .alternateButton = u"Cancel"_s,
+        {.title = tr("Delete %1 record(s)?", nullptr, Counts::plural(_toDelete.size()))
+                      .arg(Counts::number(_toDelete.size())),
+         .defaultButton = tr("Delete"),
+         .alternateButton = tr("Cancel"),
          .otherButton = QString(),
          .window = mainWindow(),
          .modalDelegate = this,
          .didEndSelector = NSSelector("deleteAlertDidEnd:returnCode:contextInfo:"),
          .contextInfo = nullptr,
-         .msg = u"This cannot be undone. Media files that nothing else uses go, too."_s,
+         .msg = tr("This cannot be undone. Media files that nothing else uses go, too."),
          .suppressionKey = DeleteSuppressionKey});
 }
 
@@ -403,13 +408,15 @@ void MainWindowController::deleteAlertDidEnd(NSAlert *, int returnCode, void *)
     if (returnCode != NSAlertDefaultReturn || !_library || records.isEmpty())
         return;
     const Outcome<> removed = _library->removeRecords(records);
-    tell(removed ? u"Deleted %1"_s.arg(recordCountText(records.size())) : removed.reason());
+    tell(removed ? tr("Deleted %1 record(s)", nullptr, Counts::plural(records.size()))
+                       .arg(Counts::number(records.size()))
+                 : removed.reason());
 }
 
 void MainWindowController::showAbout(QAction *)
 {
     auto *const alert = new NSAlert(QStringLiteral("Cobble " COBBLE_VERSION), QString(), QString(),
-                                    QString(), u"A database for one person."_s);
+                                    QString(), tr("A database for one person."));
     alert->setAlertStyle(NSInformationalAlertStyle);
     alert->beginSheetModalForWindow(mainWindow(), {});
 }

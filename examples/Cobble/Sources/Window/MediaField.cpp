@@ -38,14 +38,14 @@ MediaField::MediaField(QWidget *parent)
     scroller->setFixedHeight(ViewHeight);
     scroller->setWidget(_view);
     scroller->setAlignment(Qt::AlignCenter);
-    scroller->setAccessibleName(u"Picture"_s);
+    scroller->setAccessibleName(tr("Picture"));
     auto *const tools = new QHBoxLayout(_tools);
     tools->setContentsMargins(0, 0, 0, 0);
     makeSlider();
-    addButton(u"↺"_s, u"Turn left"_s, &MediaField::turnLeft);
-    addButton(u"↻"_s, u"Turn right"_s, &MediaField::turnRight);
-    addButton(u"⇆"_s, u"Mirror left and right"_s, &MediaField::flipHorizontally);
-    addButton(u"⇅"_s, u"Mirror top and bottom"_s, &MediaField::flipVertically);
+    addButton(u"↺"_s, tr("Turn left"), &MediaField::turnLeft);
+    addButton(u"↻"_s, tr("Turn right"), &MediaField::turnRight);
+    addButton(u"⇆"_s, tr("Mirror left and right"), &MediaField::flipHorizontally);
+    addButton(u"⇅"_s, tr("Mirror top and bottom"), &MediaField::flipVertically);
     layout->addWidget(_caption);
     layout->addWidget(scroller);
     layout->addWidget(_tools);
@@ -57,7 +57,7 @@ void MediaField::makeSlider()
     _zoom->setOrientation(Qt::Horizontal);
     _zoom->setRange(SmallestZoom, LargestZoom);
     _zoom->setPageStep(25);
-    _zoom->setAccessibleName(u"Size in percent"_s);
+    _zoom->setAccessibleName(tr("Size in percent"));
     _tools->layout()->addWidget(_zoom);
     QObject::connect(_zoom, &QSlider::valueChanged, this, &MediaField::showPicture);
 }
@@ -81,7 +81,7 @@ QImage MediaField::read(const QString &path)
         reader.setScaledSize(size.scaled(LargestSide, LargestSide, Qt::KeepAspectRatio));
     const QImage image = reader.read();
     const QString name = QFileInfo(path).fileName();
-    _caption->setText(image.isNull() ? QString(name + u": " + reader.errorString()) : name);
+    _caption->setText(image.isNull() ? tr("%1: %2").arg(name, reader.errorString()) : name);
     return image;
 }
 
@@ -90,7 +90,7 @@ void MediaField::setFile(const QString &path)
     if (path == _path && !path.isNull())
         return;
     _path = path;
-    _caption->setText(u"No file"_s);
+    _caption->setText(tr("No file"));
     _image = path.isNull() ? QImage() : read(path);
     _degrees = 0;
     _isFlippedHorizontally = false;

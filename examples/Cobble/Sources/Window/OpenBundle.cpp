@@ -39,7 +39,7 @@ void OpenBundle::openStore()
 {
     const QFileInfo bundlePath(_bundle.bundlePath());
     if (bundlePath.exists() && !bundlePath.isDir()) {
-        _errorText = u"%1 is no folder"_s.arg(_bundle.bundlePath());
+        _errorText = tr("%1 is no folder").arg(_bundle.bundlePath());
     } else if (NSFileManager::fileExistsAtPath(_bundle.databaseFilePath())) {
         auto store = LibraryStore::open(_bundle, LibraryStore::Mode::Existing);
         _errorText = store.reason();
@@ -60,7 +60,7 @@ Outcome<Library> OpenBundle::libraryNamed(const QString &name)
 {
     if (_store)
         return _store->libraryNamed(name);
-    return Failure{_errorText.isNull() ? u"there is no database"_s : _errorText};
+    return Failure{_errorText.isNull() ? tr("there is no database") : _errorText};
 }
 
 Outcome<std::shared_ptr<OpenLibrary>> OpenBundle::open(const QString &name)
@@ -79,8 +79,8 @@ Outcome<std::shared_ptr<OpenLibrary>> OpenBundle::open(const QString &name)
 Outcome<> OpenBundle::mayWrite() const
 {
     if (_isBusy)
-        return Failure{u"an import or export is on its way; please wait until it is done"_s};
-    return _store ? Outcome<>() : Failure{u"there is no database"_s};
+        return Failure{tr("an import or export is on its way; please wait until it is done")};
+    return _store ? Outcome<>() : Failure{tr("there is no database")};
 }
 
 /// Begins to write, if what the windows show is what the database holds.
@@ -91,8 +91,8 @@ Outcome<> OpenBundle::beginChange()
         return begun;
     _store->rollback();
     NSApplication::performOnNextTurn(this, [this] { reload(); });
-    return Failure{u"another program has changed the database, which is read again; please "
-                   "try once more"_s};
+    return Failure{tr("another program has changed the database, which is read again; please "
+                      "try once more")};
 }
 
 Outcome<> OpenBundle::change(const std::function<Outcome<>()> &changes)

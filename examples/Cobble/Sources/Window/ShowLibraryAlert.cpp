@@ -18,9 +18,8 @@ void ShowLibraryAlert::configDialog()
 void ShowLibraryAlert::runDialog()
 {
     KTAlertPanelDialogController::runDialog();
-    auto *const alert =
-        new NSAlert(u"Show the library “%1” now?"_s.arg(_libraryName), u"Show"_s, u"Not Now"_s,
-                    QString(), u"It is in the list at the left in any case."_s);
+    auto *const alert = new NSAlert(tr("Show the library “%1” now?").arg(_libraryName), tr("Show"),
+                                    tr("Not Now"), QString(), tr("It is in the list in any case."));
     alert->setAlertStyle(NSInformationalAlertStyle);
     const QPointer<ShowLibraryAlert> self(this);
     alert->beginSheetModalForWindow(hostWindowController()->window(),

@@ -119,8 +119,8 @@ void TransferSheet::go()
     if (_isWorking)
         return;
     if (_bundle->isBusy()) {
-        showProblem(u"Another window is importing or exporting. Please wait until "
-                    "it is done."_s);
+        showProblem(tr("Another window is importing or exporting. Please wait until "
+                       "it is done."));
         return;
     }
     showProblem(QString());

@@ -1,0 +1,69 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name>Counts</name>
+    <message numerus="yes">
+        <source>%1 of %2 record(s)</source>
+        <translation>
+            <numerusform>%1 of %2 record</numerusform>
+            <numerusform>%1 of %2 records</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 record(s)</source>
+        <translation>
+            <numerusform>%1 record</numerusform>
+            <numerusform>%1 records</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ImportSummary</name>
+    <message numerus="yes">
+        <source>Stored %1 record(s) in the library “%2”.</source>
+        <translation>
+            <numerusform>Stored %1 record in the library “%2”.</numerusform>
+            <numerusform>Stored %1 records in the library “%2”.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>MainWindowController</name>
+    <message numerus="yes">
+        <source>Delete %1 record(s)?</source>
+        <translation>
+            <numerusform>Delete %1 record?</numerusform>
+            <numerusform>Delete %1 records?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Deleted %1 record(s)</source>
+        <translation>
+            <numerusform>Deleted %1 record</numerusform>
+            <numerusform>Deleted %1 records</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Exported %1 record(s)</source>
+        <translation>
+            <numerusform>Exported %1 record</numerusform>
+            <numerusform>Exported %1 records</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Exported %1 record(s) to %2</source>
+        <translation>
+            <numerusform>Exported %1 record to %2</numerusform>
+            <numerusform>Exported %1 records to %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Imported %1 record(s)</source>
+        <translation>
+            <numerusform>Imported %1 record</numerusform>
+            <numerusform>Imported %1 records</numerusform>
+        </translation>
+    </message>
+</context>
+</TS>

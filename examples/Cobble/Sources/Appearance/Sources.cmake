@@ -1,0 +1,5 @@
+target_sources(CobbleHost PRIVATE
+    Sources/Appearance/Counts.cpp
+    Sources/Appearance/ProblemLabel.cpp
+    Sources/Appearance/WindowLanguage.cpp
+)
