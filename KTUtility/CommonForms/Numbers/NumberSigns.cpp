@@ -9,6 +9,8 @@ using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
+constexpr int CommonGroupSize = 3;
+
 SharedTables<NumberSigns> &knownSigns()
 {
     static SharedTables<NumberSigns> tables;
@@ -25,14 +27,19 @@ void add(QString &signs, const QString &sign)
         signs += folded;
 }
 
+void setGroupSizes(NumberSigns &signs, const NSNumberFormatter &formatter)
+{
+    signs.groupSize = formatter.groupingSize() > 0 ? formatter.groupingSize() : signs.groupSize;
+    signs.otherGroupSize =
+        formatter.secondaryGroupingSize() > 0 ? formatter.secondaryGroupingSize() : signs.groupSize;
+}
+
 NumberSigns signsOf(const NSNumberFormatter &formatter)
 {
     NumberSigns signs;
     add(signs.points, formatter.decimalSeparator());
     add(signs.groups, formatter.groupingSeparator());
-    signs.groupSize = formatter.groupingSize() > 0 ? formatter.groupingSize() : signs.groupSize;
-    signs.otherGroupSize =
-        formatter.secondaryGroupingSize() > 0 ? formatter.secondaryGroupingSize() : signs.groupSize;
+    setGroupSizes(signs, formatter);
     signs.exponent = FoldedText::folded(formatter.exponentSymbol());
     static const QStringList languages{u"fa"_s, u"ckb"_s, u"ps"_s};
     const QString language = formatter.locale().localeIdentifier().section(u'_', 0, 0);
@@ -45,7 +52,13 @@ NumberSigns signsOfNumbers(const NSLocale &locale)
     NSNumberFormatter formatter;
     formatter.setLocale(locale);
     formatter.setNumberStyle(NSNumberFormatterDecimalStyle);
-    return signsOf(formatter);
+    NumberSigns signs = signsOf(formatter);
+    // Groups of three are read in any case; percentages alone have others in a few locales.
+    if (signs.groupSize == CommonGroupSize && signs.otherGroupSize == CommonGroupSize) {
+        formatter.setNumberStyle(NSNumberFormatterPercentStyle);
+        setGroupSizes(signs, formatter);
+    }
+    return signs;
 }
 
 NumberSigns signsOfMoney(const NSLocale &locale, const QString &code)

@@ -1,6 +1,7 @@
 #include "ICUTimeZone_p.h"
 
 #include "TimeZoneRules_p.h"
+#include "ZoneChanges_p.h"
 #include <KTUtility/Platform/Text/ICU_p.h>
 #include <KTUtility/Platform/Values/UTC_p.h>
 #include <KTUtility/Platform/Values/WallClock_p.h>
@@ -127,7 +128,7 @@ bool ICUTimeZone::take(const QTimeZone::OffsetData &change, icu::TimeZoneTransit
 UBool ICUTimeZone::getNextTransition(UDate base, UBool isInclusive,
                                      icu::TimeZoneTransition &result) const
 {
-    return UBool(take(_zone.nextTransition(dateOf(isInclusive ? base - 1 : base)), &result));
+    return UBool(take(ZoneChanges::after(_zone, dateOf(isInclusive ? base - 1 : base)), &result));
 }
 
 UBool ICUTimeZone::getPreviousTransition(UDate base, UBool isInclusive,

@@ -2,6 +2,7 @@
 
 #include "ICUTimeZone_p.h"
 #include "SystemTimeZone_p.h"
+#include "ZoneChanges_p.h"
 #include "ZoneData_p.h"
 #include <KTUtility/Platform/Values/UTC_p.h>
 
@@ -35,7 +36,7 @@ QDateTime dateOf(qint64 instant)
 /// in Ireland; 0 if summers do, as nearly everywhere.
 int winterTimeAround(const QTimeZone &zone, const QDateTime &date)
 {
-    for (const auto &change : {zone.nextTransition(date), zone.previousTransition(date)}) {
+    for (const auto &change : {ZoneChanges::after(zone, date), zone.previousTransition(date)}) {
         const bool isNear = change.atUtc.isValid() && std::abs(change.atUtc.msecsTo(date)) < Year;
         if (isNear && change.daylightTimeOffset < 0)
             return -change.daylightTimeOffset;
@@ -115,7 +116,7 @@ void TimeZoneRules::fill(Season *season) const
     const qint64 end = ((season->number + 1) << SeasonBits) + Margin;
     season->stretches[0] = {start, slowOffsetAt(start)};
     season->count = 1;
-    for (const auto &change : _source.transitions(dateOf(start + 1), dateOf(end))) {
+    for (const auto &change : ZoneChanges::between(_source, dateOf(start + 1), dateOf(end))) {
         if (season->count == season->stretches.size()) {
             season->count = 0;
             return;
@@ -187,7 +188,8 @@ qint64 TimeZoneRules::slowLastingInstantFrom(qint64 localTime) const
     qint64 from = localTime - Margin;
     qint64 shown = localTime - slowOffsetAt(from).total;
     qint64 found = shown;
-    for (const auto &change : _source.transitions(dateOf(from + 1), dateOf(localTime + Margin))) {
+    for (const auto &change :
+         ZoneChanges::between(_source, dateOf(from + 1), dateOf(localTime + Margin))) {
         const qint64 end = change.atUtc.toMSecsSinceEpoch();
         found = shown > from ? std::min(shown, end) : found;
         from = end;

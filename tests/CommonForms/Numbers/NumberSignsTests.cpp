@@ -1,6 +1,7 @@
 // The signs of numbers and of money.
 
 #include <KTUtility/CommonForms/Numbers/NumberSigns_p.h>
+#include <KTUtility/Platform/Numbers/NSNumberFormatter.h>
 
 #include "support/TestSupport.h"
 
@@ -43,4 +44,17 @@ TEST(NumberSigns, AreFoundOutOnce)
 {
     const NSLocale locale(u"sv_SE"_s);
     EXPECT_EQ(NumberSigns::of(locale), NumberSigns::of(locale));
+}
+
+TEST(NumberSigns, HaveTheGroupsOfPercentagesToo)
+{
+    for (const QString &identifier : NSLocale::availableLocaleIdentifiers()) {
+        const NSLocale locale(identifier);
+        NSNumberFormatter percent;
+        percent.setLocale(locale);
+        percent.setNumberStyle(NSNumberFormatterPercentStyle);
+        const auto signs = NumberSigns::of(locale);
+        const QSet<int> sizes{3, signs->groupSize, signs->otherGroupSize};
+        EXPECT_TRUE(sizes.contains(percent.groupingSize())) << qPrintable(identifier);
+    }
 }

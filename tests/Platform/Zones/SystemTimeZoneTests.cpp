@@ -122,19 +122,21 @@ TEST(SystemTimeZone, EasternTimeByRuleIsThatOfNewYork)
     EXPECT_EQ(firstDifference(rules), std::nullopt);
 }
 
+/// The days are those of New York. What the C library makes of the text itself depends on its
+/// version and on the form of the zone data.
 TEST(SystemTimeZone, SummerTimeWithoutDatesIsTheAmericanOne)
 {
-    const LibcZone libc("CET-1CEST");
+    const LibcZone newYork("America/New_York");
     const QTimeZone zone = SystemTimeZone::zoneOf("CET-1CEST");
     ASSERT_TRUE(zone.isValid());
     const TimeZoneRules &rules = TimeZoneRules::rulesOf(zone);
-    // The C library has the days of New York for them, of the rule since 2007 and until 2037; some
-    // versions have the hour of the change wrong.
+    // Of the rule since 2007, and until 2037.
     for (int year = 2008; year < 2037; ++year) {
         for (int month = 1; month <= 12; ++month) {
             const QDateTime date(QDate(year, month, 20), QTime(12, 0), QTimeZone::utc());
             const qint64 time = date.toSecsSinceEpoch();
-            ASSERT_EQ(rules.offsetAt(time * 1000), LibcZone::offsetAt(time) * 1000) << time;
+            const qint64 expected = LibcZone::offsetAt(time) + 6 * Hour;
+            ASSERT_EQ(rules.offsetAt(time * 1000), expected * 1000) << time;
         }
     }
 }

@@ -8,6 +8,8 @@
 #include "support/OtherProcess.h"
 #include "support/TestSupport.h"
 
+#include <QProcess>
+
 #include <filesystem>
 #include <sched.h>
 #include <sys/mount.h>
@@ -132,5 +134,27 @@ TEST_F(ZonesOfTheirOwn, TheZoneOfTheProcessFollowsReplacedRules)
         const int before = NSCalendar::systemTimeZone().offsetFromUtc(noon());
         replaceBerlin();
         return before == 7'200 && NSCalendar::systemTimeZone().offsetFromUtc(noon()) == 32'400;
+    });
+}
+
+/// The last change that the data list is that of the rule, on 1 October; October's own comes by the
+/// rule.
+TEST_F(ZonesOfTheirOwn, RulesBehindTheLastListedChangeCount)
+{
+    const QString zones = QString::fromStdString(folder.string());
+    QFile source(zones + u"/source"_s);
+    ASSERT_TRUE(source.open(QIODevice::WriteOnly));
+    source.write("Rule E 1996 max - Oct lastSun 1:00u 0 -\n"
+                 "Rule E 1981 max - Mar lastSun 1:00u 1:00 S\n"
+                 "Zone Europe/Berlin 2:00 - X 2011 Oct 1\n"
+                 "                   1:00 E CE%sT\n");
+    source.close();
+    const QStringList arguments{u"-b"_s, u"slim"_s, u"-d"_s, zones, source.fileName()};
+    ASSERT_EQ(QProcess::execute(u"/usr/sbin/zic"_s, arguments), 0);
+    expectInOwnView([] {
+        const TimeZoneRules &rules = TimeZoneRules::rulesOf(QTimeZone("Europe/Berlin"));
+        const QDateTime before(QDate(2011, 10, 15), QTime(12, 0), QTimeZone::utc());
+        return rules.offsetAt(before.toMSecsSinceEpoch()) == 7'200'000 &&
+               rules.offsetAt(before.addDays(31).toMSecsSinceEpoch()) == 3'600'000;
     });
 }
