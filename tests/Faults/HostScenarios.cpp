@@ -2,6 +2,7 @@
 
 #include "FaultScenario.h"
 #include "Import/ImportFile.h"
+#include "Journal/ChangeJournal.h"
 #include "Library/LibraryExport.h"
 #include "Library/LibraryStore.h"
 #include "Library/PlugIns.h"
@@ -12,6 +13,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -37,6 +39,12 @@ public:
         writeFile(path(u"b.png"), QByteArray(100'000, 'b'));
     }
 
+    /// But for the time at which it was.
+    bool isAsAfter(const FileState &now, const FileState &after) const override
+    {
+        return timeless(now) == timeless(after);
+    }
+
     /// Whoever writes to the database next takes back what an unfinished change left in it.
     void settle() override
     {
@@ -46,6 +54,15 @@ public:
     }
 
 protected:
+    /// Without the times of the journal's steps, all of the same length.
+    static FileState timeless(FileState state)
+    {
+        static const QRegularExpression time(uR"(\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{3}Z)"_s);
+        for (QByteArray &content : state)
+            content = QString::fromLatin1(content).remove(time).toLatin1();
+        return state;
+    }
+
     QString path(QStringView name) const { return QString(_home + u'/' + name); }
     const KTDatabaseBundle &bundle() const { return _bundle; }
 
@@ -294,10 +311,10 @@ public:
     explicit ExportToJSON(const QString &home) : Export(home, u"out.json"_s) {}
 };
 
-class RecordChange : public LibraryScenario
+class SingleRecords : public LibraryScenario
 {
 public:
-    explicit RecordChange(const QString &home) : LibraryScenario(home)
+    explicit SingleRecords(const QString &home) : LibraryScenario(home)
     {
         EXPECT_TRUE(import(u"People.csv"_s));
     }
@@ -322,6 +339,62 @@ private:
             .andThen([&] { return store.commit(); });
     }
 };
+/// A step of the journal that changes, adds and removes records, and gives the library a field.
+class JournalStep : public LibraryScenario
+{
+public:
+    explicit JournalStep(const QString &home) : LibraryScenario(home)
+    {
+        EXPECT_TRUE(import(u"People.csv"_s));
+    }
+    Answer act() override
+    {
+        const auto store = LibraryStore::open(bundle(), LibraryStore::Mode::Existing);
+        if (!store)
+            return {false, store.reason()};
+        const auto library = (*store)->libraryNamed(u"People"_s);
+        if (!library)
+            return {false, library.reason()};
+        return act(**store, *library);
+    }
+
+protected:
+    virtual Answer act(LibraryStore &store, const Library &library)
+    {
+        const auto made = ChangeJournal(store).make(
+            {StepKinds::Edit, {}}, [&](StepRecorder &step) { return change(step, library); });
+        return {bool(made), made.reason()};
+    }
+    static Outcome<> change(StepRecorder &step, const Library &library)
+    {
+        return step.update(library, 1, 0, u"Eve"_s)
+            .andThen([&] {
+                return step.insertWithId(library, 9, {u"Dan"_s, u""_s});
+            })
+            .andThen([&] { return step.remove(library, 2); })
+            .andThen([&]() -> Outcome<> {
+                const auto wider = step.addField(library, {});
+                return wider ? Outcome<>() : wider.failure();
+            });
+    }
+};
+
+class JournalUndo : public JournalStep
+{
+public:
+    explicit JournalUndo(const QString &home) : JournalStep(home)
+    {
+        const auto store = openStore();
+        EXPECT_TRUE(JournalStep::act(*store, *store->libraryNamed(u"People"_s)).isDone);
+    }
+
+protected:
+    Answer act(LibraryStore &store, const Library &) override
+    {
+        const auto undone = ChangeJournal(store).undo(2);
+        return {bool(undone), undone.reason()};
+    }
+};
 } // namespace
 
 QList<FaultRow> hostScenarios()
@@ -335,7 +408,9 @@ QList<FaultRow> hostScenarios()
         faultRow<ImportVCards>("ImportVCards"),
         faultRow<ExportToCSV>("ExportToCSV"),
         faultRow<ExportToJSON>("ExportToJSON"),
-        faultRow<RecordChange>("RecordChange"),
+        faultRow<SingleRecords>("SingleRecords"),
+        faultRow<JournalStep>("JournalStep"),
+        faultRow<JournalUndo>("JournalUndo"),
     };
     for (FaultRow &row : rows)
         row.givesReasons = row.usesDatabase = true;

@@ -1,5 +1,7 @@
 #include "Import/ImportTransaction.h"
 
+#include "Journal/ChangeJournal.h"
+
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
 
@@ -48,7 +50,7 @@ protected:
     QString store(ImportTransaction &import, const QString &name)
     {
         const auto url = import.storeMedia(*NSURL::fileURLWithPath(tree.path(u"a.png"_s)));
-        EXPECT_TRUE(import.store().create(libraryNamed(name)));
+        EXPECT_TRUE(import.create(libraryNamed(name)));
         EXPECT_TRUE(url && import.store().insert({url->absoluteString()}));
         return url ? url->absoluteString() : QString();
     }
@@ -143,7 +145,7 @@ TEST_F(ImportTransactionTests, CopiesThatWereNeverFinishedGo)
     EXPECT_EQ(mediaNames(), QStringList(u".cobble-notes.0"_s));
 }
 
-TEST_F(ImportTransactionTests, WhatIsReplacedIsListedBeforeItGoes)
+TEST_F(ImportTransactionTests, WhatIsForgottenIsListedBeforeItGoes)
 {
     {
         const auto import = begin();
@@ -151,15 +153,15 @@ TEST_F(ImportTransactionTests, WhatIsReplacedIsListedBeforeItGoes)
         ASSERT_TRUE(import->store().insert({u"a text\ncobblemedia://c.0.png\n"_s}));
         ASSERT_TRUE(import->commit());
     }
+    const auto reader = *LibraryStore::open(bundle, LibraryStore::Mode::Existing);
+    ASSERT_TRUE(ChangeJournal(*reader).undo(1));
     const QString list = bundle._resourcesFolderPath() + u"/ImportedMedia";
     writeFile(bundle.mediaFolderPath() + u"/c.0.png", "the user's");
     QByteArray listed;
     {
         const auto import = begin();
-        ASSERT_TRUE(import->removeLibrary(libraryNamed(u"one"_s)));
         EXPECT_EQ(store(*import, u"two"_s), u"cobblemedia://a.1.png"_s);
         // Somebody reads, so that nothing can be committed.
-        const auto reader = *LibraryStore::open(bundle, LibraryStore::Mode::Existing);
         RecordCursor records = reader->records(libraryNamed(u"one"_s));
         ASSERT_TRUE(records.next());
         import->store().setPatience(10);
@@ -168,10 +170,11 @@ TEST_F(ImportTransactionTests, WhatIsReplacedIsListedBeforeItGoes)
     }
     // What the process would have left that was killed then; a text is no name of a file.
     EXPECT_EQ(listed, "cobblemedia://a.1.png\ncobblemedia://a.0.png\n");
-    // But it was not killed: the old library and its file stay.
-    EXPECT_EQ(libraryNames(), QStringList(u"one"_s));
+    // But it was not killed: the library that was undone comes back with its file.
     EXPECT_EQ(mediaNames(), QStringList({u"a.0.png"_s, u"c.0.png"_s}));
     EXPECT_FALSE(QFile::exists(list));
+    ASSERT_TRUE(ChangeJournal(*reader).redo(1));
+    EXPECT_EQ(libraryNames(), QStringList(u"one"_s));
 }
 
 TEST_F(ImportTransactionTests, ALargeFileIsCopiedWhileOthersAreCalled)

@@ -2,7 +2,9 @@
 
 #include "Cobble/Commands/CommandSupport.h"
 #include "Import/ImportFile.h"
+#include "Journal/ChangeJournal.h"
 #include "Library/LibraryStore.h"
+#include "Library/SQL.h"
 
 #include "support/FileTree.h"
 #include "support/LoopbackServer.h"
@@ -127,16 +129,51 @@ TEST_F(LibraryImportTests, ReplacesALibraryIfAsked)
     EXPECT_TRUE(firstFieldsOf(u"Things 1"_s).isNull());
 }
 
-TEST_F(LibraryImportTests, MediaOfAReplacedLibraryGo)
+TEST_F(LibraryImportTests, AReplacedLibraryComesBackWithItsMedia)
 {
     tree.add(u"a.png"_s, "picture");
     import("Picture\na.png\n", {u"--library"_s, u"Other"_s});
     import("Picture\na.png\ncobblemedia://a.0.png\n", {u"--media"_s, u"Picture"_s});
-    EXPECT_EQ(mediaNames(), QStringList({u"a.0.png"_s, u"a.1.png"_s}));
     import("Name\nBob\n", {u"--replace"_s});
+    EXPECT_EQ(mediaNames(), QStringList({u"a.0.png"_s, u"a.1.png"_s}));
+    const auto store = *LibraryStore::open(bundle, LibraryStore::Mode::Existing);
+    ChangeJournal journal(*store);
+    const auto step = **journal.last();
+    EXPECT_EQ(step.title.kind, StepKinds::Import);
+    EXPECT_EQ(step.title.parameters.value(StepParameters::Library), QVariant(u"Things"_s));
+    ASSERT_TRUE(journal.undo(step.number));
+    EXPECT_EQ(firstFieldsOf(u"Things"_s), u"cobblemedia://a.1.png,cobblemedia://a.0.png"_s);
+    EXPECT_EQ(contentsOf(bundle.mediaFolderPath() + u"/a.1.png"), "picture");
+    ASSERT_TRUE(journal.redo(step.number));
+    EXPECT_EQ(firstFieldsOf(u"Things"_s), u"Bob"_s);
+}
+
+TEST_F(LibraryImportTests, AnImportThatWasUndoneGoesWithTheNextStep)
+{
+    tree.add(u"a.png"_s, "picture");
+    import("Picture\na.png\n", {u"--library"_s, u"Other"_s});
+    import("Picture\na.png\ncobblemedia://a.0.png\n", {u"--media"_s, u"Picture"_s});
+    {
+        const auto store = *LibraryStore::open(bundle, LibraryStore::Mode::Existing);
+        ASSERT_TRUE(ChangeJournal(*store).undo(2));
+    }
+    EXPECT_TRUE(firstFieldsOf(u"Things"_s).isNull());
+    EXPECT_EQ(mediaNames(), QStringList({u"a.0.png"_s, u"a.1.png"_s}));
+    import("Name\nBob\n");
     // Another library has the first one, too.
     EXPECT_EQ(mediaNames(), QStringList(u"a.0.png"_s));
     EXPECT_EQ(firstFieldsOf(u"Other"_s), u"cobblemedia://a.0.png"_s);
+    EXPECT_EQ(firstFieldsOf(u"Things"_s), u"Bob"_s);
+}
+
+TEST_F(LibraryImportTests, AStepHoldsNoRecords)
+{
+    QByteArray rows = "Name\n";
+    for (int row = 0; row < 5000; ++row)
+        rows += "Somebody\n";
+    import(rows);
+    const auto store = *LibraryStore::open(bundle, LibraryStore::Mode::Existing);
+    EXPECT_LT(*SQL::number(store->database(), u"SELECT sum(size) FROM cobble_step"_s), 1000);
 }
 
 TEST_F(LibraryImportTests, CopiesMediaOfAllKinds)
@@ -395,7 +432,8 @@ TEST_F(LibraryImportTests, OldPicturesStayIfTheNewOnesAreMissing)
     // A file that the old library did not have either is no loss.
     tree.add(u"b.png"_s);
     EXPECT_EQ(importFile(u"Things.csv"_s, {u"--media"_s, u"Photo"_s, u"--replace"_s}).exitCode, 0);
-    EXPECT_EQ(mediaNames(), QStringList({u"a.1.png"_s, u"b.1.png"_s}));
+    EXPECT_EQ(firstFieldsOf(u"Things"_s),
+              u"cobblemedia://a.1.png,cobblemedia://b.1.png,lost.png"_s);
 }
 
 TEST_F(LibraryImportTests, ColumnsOfMediaStaySuchInAReplacedLibrary)

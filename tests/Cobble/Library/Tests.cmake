@@ -3,10 +3,12 @@ target_sources(CobbleTests PRIVATE
     Cobble/Library/BundleLockTests.cpp
     Cobble/Library/BundleOptionTests.cpp
     Cobble/Library/DatabaseCopyTests.cpp
-    Cobble/Library/InterruptedChange.cpp
     Cobble/Library/ExportDeviceTests.cpp
+    Cobble/Library/InterruptedChange.cpp
     Cobble/Library/LibraryExportTests.cpp
+    Cobble/Library/LibraryNamesTests.cpp
     Cobble/Library/LibraryStoreTests.cpp
+    Cobble/Library/LibraryTableTests.cpp
     Cobble/Library/LibraryTests.cpp
     Cobble/Library/RecordTextsTests.cpp
     Cobble/Library/StoredValueTests.cpp

@@ -1,6 +1,7 @@
 #include "ImportTransaction.h"
 
 #include "InterruptedImport.h"
+#include "Journal/ChangeJournal.h"
 #include "Library/BundleCheck.h"
 #include "Library/BundleOption.h"
 #include "Text/Reasons.h"
@@ -166,37 +167,62 @@ void ImportTransaction::cutList(qint64 size)
     _mediaList.seek(size);
 }
 
-/// Lists what will be of no use once the libraries are gone; until then it is in use, and stays.
+/// Lists what will be of no use once all is written; until then it is in use, and stays.
 /// \return false if the disk is full.
-bool ImportTransaction::listRemovedMedia()
+bool ImportTransaction::listMedia(const QSet<QString> &media)
 {
-    return std::all_of(_mediaOfRemovedLibraries.begin(), _mediaOfRemovedLibraries.end(),
-                       [this](const QString &text) {
-                           const std::optional<NSURL> url = NSURL::URLWithString(text);
-                           return !url || !_bundle.isMediaURL(*url) || addToList(text);
-                       });
+    return std::all_of(media.begin(), media.end(), [this](const QString &text) {
+        const std::optional<NSURL> url = NSURL::URLWithString(text);
+        return !url || !_bundle.isMediaURL(*url) || addToList(text);
+    });
 }
 
 Outcome<> ImportTransaction::commit()
 {
-    if (!listRemovedMedia())
+    const Outcome<> added = addStep();
+    if (!added)
+        return added;
+    if (!listMedia(_forgottenMedia))
         return Failure{_mediaList.errorString()};
     const Outcome<> committed = _store->commit();
     _isDone = bool(committed);
     if (!_isDone)
         return committed;
     // A list that stays is for the next import.
-    if (UnusedMedia::remove(_bundle, *_store, _mediaOfRemovedLibraries).isEmpty())
+    if (UnusedMedia::remove(_bundle, *_store, _forgottenMedia).isEmpty())
         _mediaList.remove();
     return {};
 }
 
+/// The step holds no records: undoing it puts the table away.
+Outcome<> ImportTransaction::addStep()
+{
+    if (_created.isEmpty() && _removed.isEmpty())
+        return {};
+    ChangeJournal journal(*_store);
+    const QString name = (_created.isEmpty() ? _removed : _created).first().name;
+    const Outcome<qint64> made = journal.make(
+        {StepKinds::Import, {{StepParameters::Library, name}}}, [this](StepRecorder &step) {
+            Outcome<> noted;
+            for (const Library &library : std::as_const(_removed))
+                noted = noted.andThen([&] { return step.noteRemoved(library); });
+            for (const Library &library : std::as_const(_created))
+                noted = noted.andThen([&] { return step.noteCreated(library); });
+            return noted;
+        });
+    _forgottenMedia = journal.forgottenMedia();
+    return made ? Outcome<>() : made.failure();
+}
+
+Outcome<> ImportTransaction::create(const Library &library)
+{
+    _created += library;
+    return _store->create(library);
+}
+
 Outcome<> ImportTransaction::removeLibrary(const Library &library)
 {
-    const Outcome<QSet<QString>> media = _store->mediaOf(library);
-    if (!media)
-        return media.failure();
-    _mediaOfRemovedLibraries += *media;
+    _removed += library;
     return _store->remove(library);
 }
 

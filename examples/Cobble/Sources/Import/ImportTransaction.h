@@ -12,13 +12,13 @@
 ///
 /// What is written becomes visible with commit(). Without that, or if the process dies, the
 /// database stays as it was. The names of the media files that are stored, and of those that will go
-/// with removed libraries, are kept in a file beside the database, so that who next stores files
+/// with forgotten steps of the journal, are kept in a file beside the database, so that who next stores files
 /// removes what one that was interrupted has left, before it was committed or after; see
 /// InterruptedImport. Imports wait for each other.
 ///
 /// \code
 /// const auto import = *ImportTransaction::begin(bundle);
-/// import->store().create(library);
+/// import->create(library);
 /// import->store().insert({"Ada", import->storeMedia(url)->absoluteString()});
 /// import->commit();
 /// \endcode
@@ -36,13 +36,15 @@ public:
 
     const KTDatabaseBundle &bundle() const { return _bundle; }
     LibraryStore &store() { return *_store; }
-    /// Removes a library; its media files are deleted after commit(), unless others have them, too.
+    /// Makes a library, to which records can be added.
+    Outcome<> create(const Library &library);
+    /// Takes a library out of the catalogue; commit() puts it away for the journal.
     Outcome<> removeLibrary(const Library &library);
     /// Puts a file into the media folder.
     /// \param meanwhile is called again and again while a large file is copied; may be empty.
     /// \return its URL; nothing if that failed.
     std::optional<NSURL> storeMedia(const NSURL &url, const std::function<void()> &meanwhile = {});
-    /// If it cannot be written, nothing is.
+    /// Writes the import as a step of the journal. If it cannot be written, nothing is.
     Outcome<> commit();
 
 private:
@@ -53,7 +55,8 @@ private:
     bool addToList(const QString &url);
     void cutList(qint64 size);
     std::optional<NSURL> listAnew(const NSURL &stored, qint64 size);
-    bool listRemovedMedia();
+    Outcome<> addStep();
+    bool listMedia(const QSet<QString> &media);
     bool removeStoredMedia() const;
     void takeBack();
     void removeDatabase() const;
@@ -68,5 +71,8 @@ private:
     std::unique_ptr<LibraryStore> _store;
     QFile _mediaList;
     QStringList _storedMedia;
-    QSet<QString> _mediaOfRemovedLibraries;
+    QList<Library> _removed;
+    QList<Library> _created;
+    /// What the journal no longer needs.
+    QSet<QString> _forgottenMedia;
 };

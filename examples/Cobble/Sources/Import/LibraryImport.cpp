@@ -1,5 +1,6 @@
 #include "LibraryImport.h"
 
+#include "Library/LibraryNames.h"
 #include "Text/Reasons.h"
 
 #include <KTUtility/KTCurrencyFormatter>
@@ -53,11 +54,12 @@ Outcome<> LibraryImport::removeOther()
 Outcome<> LibraryImport::makeNamesUnique()
 {
     const Outcome<QList<Library>> others = _transaction.store().libraries();
-    if (!others)
-        return others.failure();
+    const Outcome<QStringList> tables = _transaction.store().tableNames();
+    if (!others || !tables)
+        return others ? tables.failure() : others.failure();
     _library.name = KTAdditions::uniqueStringWithBase(*others, _library.name);
-    _library.tableName = KTAdditions::internalCaseInsensitiveUniqueStringWithBase(
-        *others, _library.tableName, u"tableName"_s);
+    // Also tables of libraries that were removed stay for a while.
+    _library.tableName = LibraryNames::unique(_library.tableName, *tables);
     return {};
 }
 
@@ -70,7 +72,7 @@ Outcome<> LibraryImport::begin(const std::vector<std::unique_ptr<FieldReader>> &
     }
     const Outcome<> isFree = _settings.replaces ? removeOther() : Outcome<>();
     return isFree.andThen([this] { return makeNamesUnique(); }).andThen([this] {
-        return _transaction.store().create(_library);
+        return _transaction.create(_library);
     });
 }
 

@@ -2,6 +2,7 @@
 
 #include "DatabaseConnection.h"
 #include "Library.h"
+#include "RecordCursor.h"
 #include "Text/Outcome.h"
 
 #include <KTUtility/KTDatabaseBundle>
@@ -9,40 +10,11 @@
 #include <QSet>
 #include <QSqlQuery>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
 class DatabaseCopy;
-
-/// The records of a library, one after the other.
-///
-/// \code
-/// RecordCursor records = store->records(library);
-/// while (records.next())
-///     use(records.value(0));
-/// \endcode
-class RecordCursor
-{
-public:
-    RecordCursor(QSqlQuery &&query, const Library &library);
-    /// No records, for a reason.
-    RecordCursor(const Failure &failure);
-
-    /// Goes to the next record, at first to the first one.
-    /// \return false if there is none.
-    bool next();
-    /// The number by which the database knows the record.
-    qint64 id() const;
-    /// The value of a field, as StoredValue::fromDatabase() has it.
-    QVariant value(qsizetype field) const;
-    /// Whether there is nothing wrong with the records so far; when they end, whether these were all.
-    Outcome<> outcome() const;
-
-private:
-    QSqlQuery _query;
-    QList<FieldType> _types;
-    std::optional<Failure> _failure;
-};
 
 /// The SQLite database in a bundle: a table for each library, and two that say what they hold.
 ///
@@ -82,8 +54,10 @@ public:
     /// The values in the fields of media of a library.
     Outcome<QSet<QString>> mediaOf(const Library &library);
     /// The media URLs in all fields of all libraries, whatever their types: also those that stand in
-    /// a field of texts name a file.
+    /// a field of texts name a file. What the journal needs counts, too.
     Outcome<QSet<QString>> usedMedia();
+    /// The names of all tables, also of those that no library has.
+    Outcome<QStringList> tableNames();
 
     /// Begins to write; nobody else can until commit() or rollback().
     Outcome<> begin();
@@ -91,23 +65,32 @@ public:
     Outcome<> beginChange();
     Outcome<> commit();
     void rollback();
+    /// Makes changes, all of them or none. Within what was begun already they are a part of that.
+    Outcome<> transaction(const std::function<Outcome<>()> &changes);
     /// Makes the table of a library, and its entries in the catalogue.
     Outcome<> create(const Library &library);
+    /// Takes a library out of the catalogue. Its table stays, for the journal; see
+    /// StepRecorder::noteRemoved().
     Outcome<> remove(const Library &library);
     /// Adds a record to the library that was created last.
     Outcome<> insert(const QVariantList &values);
 
-    // --- Single records
+    // --- Single records, without the journal
 
     /// Writes one value of a record. A record that was deleted is an error.
     Outcome<> update(const Library &library, qint64 id, qsizetype field, const QVariant &value);
     /// Deletes a record. One that was deleted already is an error.
     Outcome<> removeRecord(const Library &library, qint64 id);
+
+    // --- The connection
+
     /// How long to wait for somebody else who writes, in milliseconds; 5,000 unless set.
     void setPatience(int milliseconds);
     /// A number that is another one when somebody else has written since it was asked for last
     /// (SQLite's data_version); −1 if the database cannot be read.
     qint64 dataVersion();
+    /// For the parts of the store: the connection, which is another one once something is written.
+    QSqlDatabase database() const;
 
 private:
     explicit LibraryStore(const KTDatabaseBundle &bundle);
@@ -117,22 +100,7 @@ private:
     Outcome<> connect(const QString &path, DatabaseConnection::Access access);
     Outcome<> needWriting();
     void followVersionsOf(const DatabaseConnection &reading);
-    QSqlDatabase database() const;
-    Outcome<> checkVersion();
-    Outcome<> checkNoTriggers();
-    Outcome<> checkColumns(const QString &table);
-    Outcome<bool> hasTable(const QString &name);
-    Outcome<> needTable(const QString &name);
     Outcome<> checkLibrary(const Library &library);
-    Outcome<> run(const QString &statement);
-    Outcome<qint64> number(const QString &statement);
-    Outcome<QList<Library>> librariesInCatalogue();
-    Outcome<QList<LibraryField>> fieldsOf(const QString &tableName);
-    Outcome<> addUsedMedia(const Library &library, QSet<QString> *used);
-    Outcome<> addEntry(const Library &library);
-    Outcome<> addFields(const Library &library);
-    Outcome<> addField(const QString &tableName, qsizetype position, const LibraryField &field);
-    Outcome<> makeTable(const Library &library);
     Outcome<> prepareInsertion(const Library &library);
 
     KTDatabaseBundle _bundle;
@@ -140,6 +108,7 @@ private:
     std::unique_ptr<DatabaseCopy> _copy;
     std::unique_ptr<DatabaseConnection> _connection;
     bool _isForWriting = false;
+    bool _isChanging = false;
     std::optional<int> _patience;
     /// What dataVersion() adds to the connection's own number.
     qint64 _versionsBefore = 0;

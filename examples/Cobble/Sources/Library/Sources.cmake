@@ -4,12 +4,21 @@ target_sources(CobbleHost PRIVATE
     Sources/Library/BundleOption.cpp
     Sources/Library/DatabaseConnection.cpp
     Sources/Library/DatabaseCopy.cpp
+    Sources/Library/DatabaseTables.cpp
     Sources/Library/ExportDevice.cpp
+    Sources/Library/JournalBin.cpp
+    Sources/Library/JournalTables.cpp
     Sources/Library/Library.cpp
     Sources/Library/Library.h
+    Sources/Library/LibraryCatalogue.cpp
     Sources/Library/LibraryExport.cpp
+    Sources/Library/LibraryNames.cpp
     Sources/Library/LibraryStore.cpp
+    Sources/Library/LibraryTable.cpp
+    Sources/Library/MediaInTables.cpp
     Sources/Library/PlugIns.cpp
+    Sources/Library/RecordCursor.cpp
     Sources/Library/RecordTexts.cpp
+    Sources/Library/SQL.cpp
     Sources/Library/StoredValue.cpp
 )

@@ -1,0 +1,244 @@
+#include "StepPlayer.h"
+
+#include "JournalKinds.h"
+#include "Library/DatabaseTables.h"
+#include "Library/JournalBin.h"
+#include "Library/LibraryCatalogue.h"
+#include "Library/SQL.h"
+#include "Text/Reasons.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+struct Part
+{
+    QString kind;
+    QString table;
+    QByteArray content;
+};
+
+Part partIn(const QSqlQuery &row)
+{
+    return {row.value(0).toString(), row.value(1).toString(), row.value(2).toByteArray()};
+}
+
+Failure unreadable()
+{
+    return {Reasons::tr("the step cannot be read")};
+}
+
+/// Without the columns that the table no longer has.
+RecordChange withColumnsOf(const LibraryTable &table, const RecordChange &change)
+{
+    RecordChange result{change.id, {}, {}, {}};
+    const auto append = [](std::optional<QVariantList> *to, const std::optional<QVariantList> &from,
+                           qsizetype place) {
+        if (from)
+            *to = to->value_or(QVariantList()) + QVariantList{from->at(place)};
+    };
+    for (qsizetype place = 0; place < change.columns.size(); ++place) {
+        if (!table.columns().contains(change.columns.at(place)))
+            continue;
+        result.columns += change.columns.at(place);
+        append(&result.before, change.before, place);
+        append(&result.after, change.after, place);
+    }
+    return result;
+}
+
+QStringList columnsOf(const Library &library)
+{
+    QStringList columns;
+    for (const LibraryField &field : library.fields)
+        columns += field.columnName;
+    return columns;
+}
+
+bool isOurs(const QString &table)
+{
+    return table.startsWith(u"cobble_", Qt::CaseInsensitive) ||
+           table.startsWith(u"sqlite_", Qt::CaseInsensitive);
+}
+} // namespace
+
+Failure StepPlayer::conflict() const
+{
+    return {isUndo() ? Reasons::tr("it was changed since, so that it cannot be undone")
+                     : Reasons::tr("it was changed since, so that it cannot be redone")};
+}
+
+Outcome<> StepPlayer::play()
+{
+    const auto places = SQL::rows(
+        _database, u"SELECT place FROM cobble_step_change WHERE step = ? ORDER BY place * ?"_s,
+        {_step, isUndo() ? -1 : 1}, [](const QSqlQuery &row) { return row.value(0).toLongLong(); });
+    if (!places)
+        return places.failure();
+    Outcome<> played;
+    for (const qint64 place : *places)
+        played = played.andThen([&] { return playPart(place); });
+    return played;
+}
+
+Outcome<> StepPlayer::playPart(qint64 place)
+{
+    const auto parts = SQL::rows(_database,
+                                 u"SELECT kind, table_name, content FROM cobble_step_change "
+                                 "WHERE step = ? AND place = ?"_s,
+                                 {_step, place}, partIn);
+    if (!parts)
+        return parts.failure();
+    const Part part = parts->value(0);
+    if (part.kind == JournalKinds::Records)
+        return playRecords(part.table, part.content);
+    return part.kind == JournalKinds::Catalogue ? playCatalogue(part.content) : unreadable();
+}
+
+// --- Records
+
+Outcome<> StepPlayer::playRecords(const QString &tableName, const QByteArray &content)
+{
+    Outcome<QList<RecordChange>> changes = RecordChanges::read(content);
+    if (!changes)
+        return changes.failure();
+    if (!LibraryCatalogue::libraryOf(_database, tableName))
+        return conflict();
+    Outcome<LibraryTable> table = LibraryTable::open(_database, tableName);
+    if (!table)
+        return table.failure();
+    if (isUndo())
+        std::reverse(changes->begin(), changes->end());
+    Outcome<> played;
+    for (const RecordChange &change : *changes)
+        played = played.andThen([&] { return playRecord(*table, withColumnsOf(*table, change)); });
+    return played;
+}
+
+Outcome<> StepPlayer::playRecord(LibraryTable &table, const RecordChange &change)
+{
+    const std::optional<QVariantList> &from = isUndo() ? change.after : change.before;
+    const std::optional<QVariantList> &to = isUndo() ? change.before : change.after;
+    _effect.records[table.name()].push_back(change.id);
+    // All its fields are gone.
+    if (change.columns.isEmpty() || (!from && !to))
+        return conflict();
+    const auto there = table.valuesOf(change.id, change.columns);
+    if (!there)
+        return there.failure();
+    if (there->has_value() != from.has_value() || (from && !LibraryTable::areEqual(**there, *from)))
+        return conflict();
+    if (!to)
+        return table.remove(change.id);
+    if (from)
+        return table.update(change.id, change.columns, *to);
+    const auto inserted = table.insert(change.id, change.columns, *to);
+    return inserted ? Outcome<>() : inserted.failure();
+}
+
+// --- The catalogue
+
+Outcome<> StepPlayer::playCatalogue(const QByteArray &content)
+{
+    const Outcome<CatalogueChange> change = CatalogueChange::read(content);
+    if (!change)
+        return change.failure();
+    const std::optional<Library> &from = isUndo() ? change->after : change->before;
+    const std::optional<Library> &to = isUndo() ? change->before : change->after;
+    const QString table = (from ? from : to)->tableName;
+    if (isOurs(table) || (from && to && from->tableName != to->tableName))
+        return unreadable();
+    _effect.libraries += table;
+    return checkThere(from, to)
+        .andThen([&] { return moveTable(from, to); })
+        .andThen([&] { return LibraryCatalogue::remove(_database, table); })
+        .andThen([&] { return to ? addEntries(*to) : Outcome<>(); });
+}
+
+Outcome<> StepPlayer::addEntries(const Library &library)
+{
+    return checkNameIsFree(library.name).andThen([&] {
+        return LibraryCatalogue::add(_database, library);
+    });
+}
+
+Outcome<> StepPlayer::checkThere(const std::optional<Library> &from,
+                                 const std::optional<Library> &to)
+{
+    const Library &any = from ? *from : *to;
+    const Outcome<Library> there = LibraryCatalogue::libraryOf(_database, any.tableName);
+    if (bool(there) != from.has_value() || (from && !CatalogueChange::areEqual(*there, *from)))
+        return conflict();
+    return to ? checkColumns(*to) : Outcome<>();
+}
+
+/// Fails for a library whose fields the table does not have.
+Outcome<> StepPlayer::checkColumns(const Library &library)
+{
+    const Outcome<LibraryTable> table = LibraryTable::open(_database, library.tableName);
+    if (!table)
+        return conflict();
+    const QStringList wanted = columnsOf(library);
+    const bool areThere =
+        !wanted.isEmpty() && std::all_of(wanted.begin(), wanted.end(), [&](const QString &column) {
+            return table->columns().contains(column);
+        });
+    return areThere ? Outcome<>() : conflict();
+}
+
+Outcome<> StepPlayer::checkNameIsFree(const QString &name)
+{
+    const Outcome<qint64> count =
+        SQL::number(_database, u"SELECT count(*) FROM cobble_library WHERE name = ?"_s, {name});
+    if (!count)
+        return count.failure();
+    return *count == 0
+               ? Outcome<>()
+               : Failure{Reasons::tr("there is another library of the name “%1”").arg(name)};
+}
+
+/// Puts what goes into the bin, and takes out of it what comes back.
+Outcome<> StepPlayer::moveTable(const std::optional<Library> &from,
+                                const std::optional<Library> &to)
+{
+    if (from && to)
+        return moveColumns(*from, *to);
+    return from ? putAway(from->tableName) : JournalBin::take(_database, _step, to->tableName);
+}
+
+Outcome<> StepPlayer::moveColumns(const Library &from, const Library &to)
+{
+    const QStringList before = columnsOf(from);
+    const QStringList after = columnsOf(to);
+    Outcome<> moved;
+    for (const QString &column : before)
+        moved = moved.andThen(
+            [&] { return after.contains(column) ? Outcome<>() : putAway(from.tableName, column); });
+    for (const QString &column : after)
+        moved = moved.andThen([&] {
+            return before.contains(column)
+                       ? Outcome<>()
+                       : JournalBin::take(_database, _step, from.tableName, column);
+        });
+    return moved;
+}
+
+Outcome<> StepPlayer::putAway(const QString &table, const QString &column)
+{
+    return checkNothingLater(table).andThen(
+        [&] { return JournalBin::put(_database, _step, table, column); });
+}
+
+/// With a table or a column, what later steps have put into it would go.
+Outcome<> StepPlayer::checkNothingLater(const QString &tableName)
+{
+    const Outcome<qint64> count = SQL::number(
+        _database,
+        u"SELECT count(*) FROM cobble_step_change AS later JOIN cobble_step ON number = later.step "
+        "WHERE is_done AND later.step > ? AND later.table_name = ?"_s,
+        {_step, tableName});
+    if (!count)
+        return count.failure();
+    return *count == 0 ? Outcome<>() : conflict();
+}

@@ -1,0 +1,6 @@
+target_sources(CobbleTests PRIVATE
+    Cobble/Journal/CatalogueChangeTests.cpp
+    Cobble/Journal/ChangeJournalTests.cpp
+    Cobble/Journal/RecordChangesTests.cpp
+    Cobble/Journal/StepRecorderTests.cpp
+)
