@@ -355,11 +355,11 @@ public:
         const auto library = (*store)->libraryNamed(u"People"_s);
         if (!library)
             return {false, library.reason()};
-        return act(**store, *library);
+        return perform(**store, *library);
     }
 
 protected:
-    virtual Answer act(LibraryStore &store, const Library &library)
+    virtual Answer perform(LibraryStore &store, const Library &library)
     {
         const auto made = ChangeJournal(store).make(
             {StepKinds::Edit, {}}, [&](StepRecorder &step) { return change(step, library); });
@@ -385,11 +385,11 @@ public:
     explicit JournalUndo(const QString &home) : JournalStep(home)
     {
         const auto store = openStore();
-        EXPECT_TRUE(JournalStep::act(*store, *store->libraryNamed(u"People"_s)).isDone);
+        EXPECT_TRUE(JournalStep::perform(*store, *store->libraryNamed(u"People"_s)).isDone);
     }
 
 protected:
-    Answer act(LibraryStore &store, const Library &) override
+    Answer perform(LibraryStore &store, const Library &) override
     {
         const auto undone = ChangeJournal(store).undo(2);
         return {bool(undone), undone.reason()};

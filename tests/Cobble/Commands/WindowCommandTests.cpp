@@ -40,7 +40,7 @@ TEST_F(WindowCommandTests, DrawsTheWindow)
 TEST_F(WindowCommandTests, DrawsSheetsOverTheWindow)
 {
     const QImage plain = draw();
-    for (const char *const sheet : {"import", "export", "delete", "about"}) {
+    for (const char *const sheet : {"import", "export", "about"}) {
         const QImage picture = draw({u"--sheet"_s, QString::fromLatin1(sheet)});
         // The window behind is darker, the sheet is not.
         EXPECT_LT(qGray(picture.pixel(500, 690)), qGray(plain.pixel(500, 690))) << sheet;
@@ -54,12 +54,13 @@ TEST_F(WindowCommandTests, SaysWhatIsWrong)
     EXPECT_EQ(run({u"--screenshot"_s, QString()}).exitCode, 2);
     const CommandResult sheet = run({u"--sheet"_s, u"x"_s});
     EXPECT_EQ(sheet.exitCode, 2);
-    EXPECT_TRUE(sheet.errors.startsWith(
-        u"cobble: no sheet 'x'; there are import, export, delete, about\n"));
-    const CommandResult nothing = run({u"--search"_s, u"nobody"_s, u"--sheet"_s, u"delete"_s,
-                                       u"--screenshot"_s, tree.path(u"n.png"_s)});
+    EXPECT_TRUE(
+        sheet.errors.startsWith(u"cobble: no sheet 'x'; there are import, export, about\n"));
+    const CommandResult nothing =
+        runInProcess({u"window"_s, u"--bundle"_s, tree.path(u"empty.cobbledb"_s), u"--sheet"_s,
+                      u"export"_s, u"--screenshot"_s, tree.path(u"n.png"_s)});
     EXPECT_EQ(nothing.exitCode, 1);
-    EXPECT_TRUE(nothing.errors.contains(u"there is nothing to delete"));
+    EXPECT_TRUE(nothing.errors.contains(u"there is nothing to export"));
     const QString picture = tree.path(u"w.png"_s);
     const CommandResult missing = run({u"nothing"_s, u"--screenshot"_s, picture});
     EXPECT_EQ(missing.exitCode, 1);

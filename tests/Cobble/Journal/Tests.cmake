@@ -3,4 +3,6 @@ target_sources(CobbleTests PRIVATE
     Cobble/Journal/ChangeJournalTests.cpp
     Cobble/Journal/RecordChangesTests.cpp
     Cobble/Journal/StepRecorderTests.cpp
+    Cobble/Journal/StepStackTests.cpp
+    Cobble/Journal/StepTextTests.cpp
 )

@@ -5,7 +5,6 @@
 #include "Window/DetailPane.h"
 #include "Window/MainMenu.h"
 
-#include <KTUtility/KTDoNotShowAlert>
 #include <KTUtility/KTWindowManager>
 #include <KTUtility/NSMenuItem>
 
@@ -465,7 +464,6 @@ TEST_F(MainWindowTests, AShortcutWorksAgainAfterItWasRejected)
 {
     MainWindowController *const window = openThings();
     QAction *const item = menuItem(window, "deleteRecords:");
-    KTDoNotShowAlert::setBoolForSuppressionKey(MainWindowController::DeleteSuppressionKey, true);
     search(window, u"tall"_s);
     item->trigger();
     EXPECT_EQ(countIn(window), u"0 of 3 records"_s);

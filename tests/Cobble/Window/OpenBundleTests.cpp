@@ -24,7 +24,8 @@ protected:
     static Outcome<> rename(OpenBundle &opened, const QString &library, const QString &name)
     {
         const Outcome<Library> found = opened.store()->libraryNamed(library);
-        return opened.change([&] { return opened.store()->update(*found, 1, 0, name); });
+        return opened.change({StepKinds::Edit, {}},
+                             [&](StepRecorder &step) { return step.update(*found, 1, 0, name); });
     }
 };
 } // namespace
@@ -62,32 +63,26 @@ TEST_F(OpenBundleTests, AnInterruptedChangeIsTakenBackWhenSomethingIsWritten)
     EXPECT_EQ(stored(2, 0, u"Many"_s), u"somebody 1"_s);
 }
 
-TEST_F(OpenBundleTests, RecordsTakeNoFilesOfOtherFoldersAlong)
+TEST_F(OpenBundleTests, ForgottenStepsTakeNoFilesOfOtherFoldersAlong)
 {
-    tree.add(u"a.png"_s, "picture");
-    tree.add(u"Pictures.csv"_s, "Name,Photo\nAnn,a.png\nBob,a.png\n");
-    ASSERT_EQ(runInProcess({u"import"_s, tree.path(u"Pictures.csv"_s), u"--media"_s, u"Photo"_s,
-                            u"--bundle"_s, bundle.bundlePath()})
-                  .exitCode,
-              0);
+    import(u"Things.csv"_s, Things);
     OpenBundle opened(bundle);
-    const auto library = *opened.open(u"Pictures"_s);
-    const auto removeFirst = [&library] {
-        return library->removeRecords({library->records().first().value<StoredRecord *>()});
-    };
-    EXPECT_TRUE(removeFirst());
-    const QStringList left = QDir(bundle.mediaFolderPath()).entryList(QDir::Files);
-    ASSERT_EQ(left.size(), 1);
-    // The folder has become one of the user's, where a file happens to have the name.
-    const QString documents = tree.path(u"documents"_s);
-    ASSERT_TRUE(QFile::rename(bundle.mediaFolderPath(), documents));
-    ASSERT_TRUE(QFile::link(documents, bundle.mediaFolderPath()));
-    const Outcome<> removed = removeFirst();
-    EXPECT_EQ(QDir(documents).entryList(QDir::Files), left);
-    EXPECT_TRUE(removed) << removed.reason().toStdString();
+    for (const bool isOwnFolder : {true, false}) {
+        testing_support::writeFile(bundle.mediaFolderPath() + u"/a.0.png", "picture");
+        ASSERT_TRUE(rename(opened, u"Things"_s, u"cobblemedia://a.0.png"_s));
+        ASSERT_TRUE(opened.play(opened.lastStep()->number, StepPlayer::Direction::Undo));
+        const QString documents = tree.path(u"documents"_s);
+        if (!isOwnFolder) {
+            // The folder has become one of the user's, where a file happens to have the name.
+            ASSERT_TRUE(QFile::rename(bundle.mediaFolderPath(), documents));
+            ASSERT_TRUE(QFile::link(documents, bundle.mediaFolderPath()));
+        }
+        ASSERT_TRUE(rename(opened, u"Things"_s, isOwnFolder ? u"Eve"_s : u"Fay"_s));
+        EXPECT_EQ(QFile::exists(bundle.mediaFolderPath() + u"/a.0.png"), !isOwnFolder);
+    }
 }
 
-TEST_F(OpenBundleTests, RecordsLeaveFilesThatATextElsewhereNames)
+TEST_F(OpenBundleTests, ForgottenStepsLeaveFilesThatATextElsewhereNames)
 {
     tree.add(u"a.png"_s, "picture");
     tree.add(u"Pictures.csv"_s, "Name,Photo\nAnn,a.png\nBob,a.png\n");
@@ -97,10 +92,12 @@ TEST_F(OpenBundleTests, RecordsLeaveFilesThatATextElsewhereNames)
                       .exitCode,
                   0);
     OpenBundle opened(bundle);
-    const auto library = *opened.open(u"Pictures"_s);
-    for (int count = 0; count < 2; ++count)
-        ASSERT_TRUE(library->removeRecords({library->records().first().value<StoredRecord *>()}));
-    EXPECT_EQ(QDir(bundle.mediaFolderPath()).entryList(QDir::Files), QStringList(u"a.0.png"_s));
+    ASSERT_TRUE(opened.play(1, StepPlayer::Direction::Undo));
+    const auto names = [this] { return QDir(bundle.mediaFolderPath()).entryList(QDir::Files); };
+    EXPECT_EQ(names(), QStringList({u"a.0.png"_s, u"a.1.png"_s}));
+    const auto notes = *opened.open(u"Notes"_s);
+    ASSERT_TRUE(notes->removeRecords({notes->records().last().value<StoredRecord *>()}));
+    EXPECT_EQ(names(), QStringList(u"a.0.png"_s));
 }
 
 TEST_F(OpenBundleTests, SaysWhyABundleIsNotOpened)

@@ -9,5 +9,6 @@ target_sources(CobbleTests PRIVATE
     Cobble/Window/RecordSearchTests.cpp
     Cobble/Window/ShortTextTests.cpp
     Cobble/Window/TransferSheetTests.cpp
+    Cobble/Window/UndoTests.cpp
     Cobble/Window/ValueOrderTests.cpp
 )

@@ -14,8 +14,6 @@
 #include "Window/RecordTableModel.h"
 #include "Window/RecordTableView.h"
 
-#include <KTUtility/KTDoNotShowAlert>
-
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
@@ -37,12 +35,6 @@ protected:
     HostWindowTest() : bundle(tree.path(QStringLiteral("b.cobbledb")))
     {
         testing_support::useFreshHome();
-    }
-    /// A question that a test has silenced is asked again in the next one.
-    ~HostWindowTest() override
-    {
-        KTDoNotShowAlert::setBoolForSuppressionKey(MainWindowController::DeleteSuppressionKey,
-                                                   false);
     }
 
     /// Stores a file as the library that has its name.

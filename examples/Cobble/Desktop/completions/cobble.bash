@@ -45,7 +45,7 @@ _cobble() {
     case ${COMP_WORDS[1]}$previous in
         log--to) values='file console' ;;
         log--file-line) values='on off' ;;
-        window--sheet) values='import export delete about' ;;
+        window--sheet) values='import export about' ;;
         import--separator) values='comma semicolon tab pipe space' ;;
         *--bundle | *--screenshot | export--to)
             compopt -o filenames

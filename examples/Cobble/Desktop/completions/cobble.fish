@@ -23,7 +23,7 @@ complete -c cobble -n '__fish_seen_subcommand_from window' -l search -x -d 'What
 complete -c cobble -n '__fish_seen_subcommand_from window' -l locale -x -d 'The locale of values'
 complete -c cobble -n '__fish_seen_subcommand_from window' -l bundle -r -F -d 'The database bundle'
 complete -c cobble -n '__fish_seen_subcommand_from window' -l screenshot -r -F -d 'Draw into a file'
-complete -c cobble -n '__fish_seen_subcommand_from window' -l sheet -x -a 'import export delete about' -d 'A sheet to lie over it'
+complete -c cobble -n '__fish_seen_subcommand_from window' -l sheet -x -a 'import export about' -d 'A sheet to lie over it'
 complete -c cobble -n '__fish_seen_subcommand_from import' -F
 complete -c cobble -n '__fish_seen_subcommand_from import' -l library -x -d 'The name of the library'
 complete -c cobble -n '__fish_seen_subcommand_from import' -l separator -x -a 'comma semicolon tab pipe space' -d 'What separates values'

@@ -36,7 +36,7 @@ case $command in
     window)
         _arguments $bundle $locale '--search[what to search for]:text: ' \
             '--screenshot[draw into a file]:file:_files' \
-            '--sheet[a sheet to lie over it]:sheet:(import export delete about)' \
+            '--sheet[a sheet to lie over it]:sheet:(import export about)' \
             '--help[show how cobble is used]' '1:library: '
         ;;
     import)

@@ -228,8 +228,8 @@
         <translation>Fenster &amp;schließen</translation>
     </message>
     <message>
-        <source>&amp;Delete Record…</source>
-        <translation>Datensatz &amp;löschen …</translation>
+        <source>&amp;Delete Records</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>&amp;Edit</source>
@@ -272,8 +272,16 @@
         <translation>&amp;Anzahl der Datensätze</translation>
     </message>
     <message>
+        <source>&amp;Redo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>&amp;Silenced Alerts…</source>
         <translation>&amp;Stumme Hinweise …</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>&amp;View</source>
@@ -306,8 +314,28 @@
         <translation>%1 – Cobble</translation>
     </message>
     <message>
+        <source>&amp;Redo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Redo %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>A database for one person.</source>
         <translation>Eine Datenbank für eine Person.</translation>
+    </message>
+    <message>
+        <source>All selected records get the same value.</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -316,17 +344,6 @@
     <message>
         <source>Choose a library from the list.</source>
         <translation>Wählen Sie eine Bibliothek aus der Liste aus.</translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <translation>Löschen</translation>
-    </message>
-    <message numerus="yes">
-        <source>Delete %1 record(s)?</source>
-        <translation>
-            <numerusform>%1 Datensatz löschen?</numerusform>
-            <numerusform>%1 Datensätze löschen?</numerusform>
-        </translation>
     </message>
     <message numerus="yes">
         <source>Deleted %1 record(s)</source>
@@ -357,14 +374,21 @@
         </translation>
     </message>
     <message>
+        <source>Set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Set “%1” of %2 record(s)?</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
         <source>There are no libraries yet.
 File ▸ Import… makes one of a table or of address cards.</source>
         <translation>Es gibt noch keine Bibliotheken.
 Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</translation>
-    </message>
-    <message>
-        <source>This cannot be undone. Media files that nothing else uses go, too.</source>
-        <translation>Das kann nicht widerrufen werden. Mediendateien, die sonst nirgends verwendet werden, verschwinden ebenfalls.</translation>
     </message>
 </context>
 <context>
@@ -468,6 +492,14 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
         <translation>Ein Ordner des Bündels ist ein Verweis, der aus ihm hinausführt</translation>
     </message>
     <message>
+        <source>a library needs a field</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a library needs a name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>another program is changing the bundle</source>
         <translation>Ein anderes Programm ändert gerade das Bündel</translation>
     </message>
@@ -564,8 +596,20 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
         <translation>Es wurde abgebrochen</translation>
     </message>
     <message>
+        <source>it was changed since, so that it cannot be redone</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it was changed since, so that it cannot be undone</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>it was not downloaded</source>
         <translation>Sie wurde nicht heruntergeladen</translation>
+    </message>
+    <message>
+        <source>it was undone already</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>its name is too long</source>
@@ -668,6 +712,14 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
         <translation>Die Dateien eines unterbrochenen Imports können nicht entfernt werden</translation>
     </message>
     <message>
+        <source>the history cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the history no longer has it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>the importer failed</source>
         <translation>Der Importeur ist gescheitert</translation>
     </message>
@@ -692,8 +744,24 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
         <translation>Die Bibliothek hat keine Felder</translation>
     </message>
     <message>
+        <source>the library is no longer there</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the library was changed meanwhile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>the record is no longer there</source>
         <translation>Der Datensatz ist nicht mehr da</translation>
+    </message>
+    <message>
+        <source>the records of '%1' have no number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the step cannot be read</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>the values contradict each other; the locale's own</source>
@@ -710,6 +778,14 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <message>
         <source>there is a 'Database%1', which Cobble does not use</source>
         <translation>Es gibt ein „Database%1“, das Cobble nicht verwendet</translation>
+    </message>
+    <message>
+        <source>there is a library of that name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is another library of the name “%1”</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>there is more than a number</source>
@@ -740,8 +816,16 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
         <translation>Es gibt nichts als leere Zeilen</translation>
     </message>
     <message>
+        <source>this is no order of the fields</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>told without effect: %1</source>
         <translation>Angegeben ohne Wirkung: %1</translation>
+    </message>
+    <message>
+        <source>what the step has removed is no longer there</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>year, month, day</source>
@@ -792,6 +876,83 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <message>
         <source>These alerts are not shown any more. What they ask for is done at once.</source>
         <translation>Diese Hinweise werden nicht mehr gezeigt. Was sie fragen, geschieht sofort.</translation>
+    </message>
+</context>
+<context>
+    <name>StepText</name>
+    <message>
+        <source>Change</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change Format of “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change Type of “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change of “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %1 Record(s)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Fill Down</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Import of “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move Field “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>New %1 Record(s)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>New Field “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Library “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove Field “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove Library “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename Field “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename Library “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

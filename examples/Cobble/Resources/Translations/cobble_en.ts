@@ -31,13 +31,6 @@
 <context>
     <name>MainWindowController</name>
     <message numerus="yes">
-        <source>Delete %1 record(s)?</source>
-        <translation>
-            <numerusform>Delete %1 record?</numerusform>
-            <numerusform>Delete %1 records?</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
         <source>Deleted %1 record(s)</source>
         <translation>
             <numerusform>Deleted %1 record</numerusform>
@@ -63,6 +56,30 @@
         <translation>
             <numerusform>Imported %1 record</numerusform>
             <numerusform>Imported %1 records</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Set “%1” of %2 record(s)?</source>
+        <translation>
+            <numerusform>Set “%1” of %2 record?</numerusform>
+            <numerusform>Set “%1” of %2 records?</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>StepText</name>
+    <message numerus="yes">
+        <source>Delete %1 Record(s)</source>
+        <translation>
+            <numerusform>Delete %1 Record</numerusform>
+            <numerusform>Delete %1 Records</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>New %1 Record(s)</source>
+        <translation>
+            <numerusform>New %1 Record</numerusform>
+            <numerusform>New %1 Records</numerusform>
         </translation>
     </message>
 </context>

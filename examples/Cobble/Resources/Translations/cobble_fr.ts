@@ -228,8 +228,8 @@
         <translation>&amp;Fermer la fenêtre</translation>
     </message>
     <message>
-        <source>&amp;Delete Record…</source>
-        <translation>&amp;Supprimer l’enregistrement…</translation>
+        <source>&amp;Delete Records</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>&amp;Edit</source>
@@ -272,8 +272,16 @@
         <translation>&amp;Nombre d’enregistrements</translation>
     </message>
     <message>
+        <source>&amp;Redo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>&amp;Silenced Alerts…</source>
         <translation>&amp;Alertes masquées…</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>&amp;View</source>
@@ -306,8 +314,28 @@
         <translation>%1 – Cobble</translation>
     </message>
     <message>
+        <source>&amp;Redo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Redo %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>A database for one person.</source>
         <translation>Une base de données pour une personne.</translation>
+    </message>
+    <message>
+        <source>All selected records get the same value.</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -316,17 +344,6 @@
     <message>
         <source>Choose a library from the list.</source>
         <translation>Choisissez une bibliothèque dans la liste.</translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <translation>Supprimer</translation>
-    </message>
-    <message numerus="yes">
-        <source>Delete %1 record(s)?</source>
-        <translation>
-            <numerusform>Supprimer %1 enregistrement ?</numerusform>
-            <numerusform>Supprimer %1 enregistrements ?</numerusform>
-        </translation>
     </message>
     <message numerus="yes">
         <source>Deleted %1 record(s)</source>
@@ -357,14 +374,21 @@
         </translation>
     </message>
     <message>
+        <source>Set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Set “%1” of %2 record(s)?</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
         <source>There are no libraries yet.
 File ▸ Import… makes one of a table or of address cards.</source>
         <translation>Il n’y a pas encore de bibliothèque.
 Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de visite.</translation>
-    </message>
-    <message>
-        <source>This cannot be undone. Media files that nothing else uses go, too.</source>
-        <translation>Cette action est irréversible. Les fichiers multimédias qui ne servent à rien d’autre disparaissent aussi.</translation>
     </message>
 </context>
 <context>
@@ -468,6 +492,14 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
         <translation>Un dossier du paquet est un lien qui mène hors de celui-ci</translation>
     </message>
     <message>
+        <source>a library needs a field</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a library needs a name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>another program is changing the bundle</source>
         <translation>Un autre programme modifie le paquet</translation>
     </message>
@@ -564,8 +596,20 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
         <translation>L’opération a été annulée</translation>
     </message>
     <message>
+        <source>it was changed since, so that it cannot be redone</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it was changed since, so that it cannot be undone</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>it was not downloaded</source>
         <translation>Il n’a pas été téléchargé</translation>
+    </message>
+    <message>
+        <source>it was undone already</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>its name is too long</source>
@@ -668,6 +712,14 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
         <translation>Les fichiers d’une importation interrompue ne peuvent pas être supprimés</translation>
     </message>
     <message>
+        <source>the history cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the history no longer has it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>the importer failed</source>
         <translation>L’importateur a échoué</translation>
     </message>
@@ -692,8 +744,24 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
         <translation>La bibliothèque n’a pas de champs</translation>
     </message>
     <message>
+        <source>the library is no longer there</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the library was changed meanwhile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>the record is no longer there</source>
         <translation>L’enregistrement n’existe plus</translation>
+    </message>
+    <message>
+        <source>the records of '%1' have no number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the step cannot be read</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>the values contradict each other; the locale's own</source>
@@ -710,6 +778,14 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <message>
         <source>there is a 'Database%1', which Cobble does not use</source>
         <translation>Il y a un « Database%1 », que Cobble n’utilise pas</translation>
+    </message>
+    <message>
+        <source>there is a library of that name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is another library of the name “%1”</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>there is more than a number</source>
@@ -740,8 +816,16 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
         <translation>Il n’y a que des lignes vides</translation>
     </message>
     <message>
+        <source>this is no order of the fields</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>told without effect: %1</source>
         <translation>Indiqué sans effet : %1</translation>
+    </message>
+    <message>
+        <source>what the step has removed is no longer there</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>year, month, day</source>
@@ -792,6 +876,83 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <message>
         <source>These alerts are not shown any more. What they ask for is done at once.</source>
         <translation>Ces alertes ne s’affichent plus. Ce qu’elles demandent est fait aussitôt.</translation>
+    </message>
+</context>
+<context>
+    <name>StepText</name>
+    <message>
+        <source>Change</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change Format of “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change Type of “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change of “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %1 Record(s)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Fill Down</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Import of “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move Field “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>New %1 Record(s)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>New Field “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Library “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove Field “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove Library “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename Field “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename Library “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -225,8 +225,8 @@
         <translation>ウィンドウを閉じる(&amp;C)</translation>
     </message>
     <message>
-        <source>&amp;Delete Record…</source>
-        <translation>レコードを削除(&amp;D)…</translation>
+        <source>&amp;Delete Records</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>&amp;Edit</source>
@@ -269,8 +269,16 @@
         <translation>レコードの数(&amp;R)</translation>
     </message>
     <message>
+        <source>&amp;Redo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>&amp;Silenced Alerts…</source>
         <translation>表示しない警告(&amp;S)…</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>&amp;View</source>
@@ -303,8 +311,28 @@
         <translation>%1 – Cobble</translation>
     </message>
     <message>
+        <source>&amp;Redo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Redo %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>A database for one person.</source>
         <translation>ひとりのためのデータベース。</translation>
+    </message>
+    <message>
+        <source>All selected records get the same value.</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -313,16 +341,6 @@
     <message>
         <source>Choose a library from the list.</source>
         <translation>一覧からライブラリを選択してください。</translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <translation>削除</translation>
-    </message>
-    <message numerus="yes">
-        <source>Delete %1 record(s)?</source>
-        <translation>
-            <numerusform>%1 件のレコードを削除しますか?</numerusform>
-        </translation>
     </message>
     <message numerus="yes">
         <source>Deleted %1 record(s)</source>
@@ -349,14 +367,20 @@
         </translation>
     </message>
     <message>
+        <source>Set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Set “%1” of %2 record(s)?</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
         <source>There are no libraries yet.
 File ▸ Import… makes one of a table or of address cards.</source>
         <translation>ライブラリはまだありません。
 「ファイル」▸「読み込み…」で、表や連絡先カードから作成できます。</translation>
-    </message>
-    <message>
-        <source>This cannot be undone. Media files that nothing else uses go, too.</source>
-        <translation>この操作は取り消せません。ほかで使われていないメディアファイルも削除されます。</translation>
     </message>
 </context>
 <context>
@@ -460,6 +484,14 @@ File ▸ Import… makes one of a table or of address cards.</source>
         <translation>バンドルの中のフォルダが、外を指すリンクになっています</translation>
     </message>
     <message>
+        <source>a library needs a field</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a library needs a name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>another program is changing the bundle</source>
         <translation>別のプログラムがバンドルを変更しています</translation>
     </message>
@@ -556,8 +588,20 @@ File ▸ Import… makes one of a table or of address cards.</source>
         <translation>キャンセルされました</translation>
     </message>
     <message>
+        <source>it was changed since, so that it cannot be redone</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it was changed since, so that it cannot be undone</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>it was not downloaded</source>
         <translation>ダウンロードされませんでした</translation>
+    </message>
+    <message>
+        <source>it was undone already</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>its name is too long</source>
@@ -660,6 +704,14 @@ File ▸ Import… makes one of a table or of address cards.</source>
         <translation>中断された読み込みのファイルを削除できません</translation>
     </message>
     <message>
+        <source>the history cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the history no longer has it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>the importer failed</source>
         <translation>読み込み機能が失敗しました</translation>
     </message>
@@ -684,8 +736,24 @@ File ▸ Import… makes one of a table or of address cards.</source>
         <translation>ライブラリにフィールドがありません</translation>
     </message>
     <message>
+        <source>the library is no longer there</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the library was changed meanwhile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>the record is no longer there</source>
         <translation>レコードはもうありません</translation>
+    </message>
+    <message>
+        <source>the records of '%1' have no number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the step cannot be read</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>the values contradict each other; the locale's own</source>
@@ -702,6 +770,14 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <message>
         <source>there is a 'Database%1', which Cobble does not use</source>
         <translation>Cobble が使わない「Database%1」があります</translation>
+    </message>
+    <message>
+        <source>there is a library of that name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is another library of the name “%1”</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>there is more than a number</source>
@@ -732,8 +808,16 @@ File ▸ Import… makes one of a table or of address cards.</source>
         <translation>空行しかありません</translation>
     </message>
     <message>
+        <source>this is no order of the fields</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>told without effect: %1</source>
         <translation>指定は効果がありません: %1</translation>
+    </message>
+    <message>
+        <source>what the step has removed is no longer there</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>year, month, day</source>
@@ -784,6 +868,81 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <message>
         <source>These alerts are not shown any more. What they ask for is done at once.</source>
         <translation>これらの警告は表示されません。確認する操作はすぐに実行されます。</translation>
+    </message>
+</context>
+<context>
+    <name>StepText</name>
+    <message>
+        <source>Change</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change Format of “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change Type of “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change of “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %1 Record(s)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Fill Down</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Import of “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move Field “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>New %1 Record(s)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>New Field “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Library “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove Field “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove Library “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename Field “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename Library “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -9,8 +9,8 @@ QString usageText()
   cobble window [LIBRARY] [--search TEXT] [--locale ID] [--bundle PATH]
                 [--screenshot FILE [--sheet NAME]]
       Opens the main window. With --screenshot, draws it into a file (PNG) and
-      needs no display; NAME is a sheet to lie over it: import, export, delete
-      or about.
+      needs no display; NAME is a sheet to lie over it: import, export or
+      about.
 
   cobble import FILE [--library NAME] [--separator C] [--locale ID]
                 [--media HEADER]… [--order HEADER=ORDER]…

@@ -25,7 +25,6 @@ const QList<std::pair<QString, void (MainWindowController::*)(QAction *)>> &shee
     static const QList<std::pair<QString, void (MainWindowController::*)(QAction *)>> known = {
         {u"import"_s, &MainWindowController::importFile},
         {u"export"_s, &MainWindowController::exportFile},
-        {u"delete"_s, &MainWindowController::deleteRecords},
         {u"about"_s, &MainWindowController::showAbout},
     };
     return known;

@@ -66,7 +66,12 @@ Outcome<> ChangeJournal::record(const StepTitle &title,
     if (!done || recorder.isEmpty())
         return done.andThen([&] { return forgetStep(*added); });
     *number = *added;
-    return completeStep(recorder, *added);
+    const StepTitle last = recorder.title().value_or(title);
+    return SQL::run(_store.database(),
+                    u"UPDATE cobble_step SET size = ?, kind = ?, parameters = ? WHERE number = ?"_s,
+                    {recorder.size(), last.kind, textOf(last.parameters), *added})
+        .andThen([this] { return forgetUndone(); })
+        .andThen([this] { return forgetOld(); });
 }
 
 Outcome<qint64> ChangeJournal::addStep(const StepTitle &title)
@@ -79,14 +84,6 @@ Outcome<qint64> ChangeJournal::addStep(const StepTitle &title)
                      {title.kind, textOf(title.parameters),
                       QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs)});
     return added ? Outcome<qint64>(query.lastInsertId().toLongLong()) : added.failure();
-}
-
-Outcome<> ChangeJournal::completeStep(const StepRecorder &recorder, qint64 step)
-{
-    return SQL::run(_store.database(), u"UPDATE cobble_step SET size = ? WHERE number = ?"_s,
-                    {recorder.size(), step})
-        .andThen([this] { return forgetUndone(); })
-        .andThen([this] { return forgetOld(); });
 }
 
 // --- Undo and redo

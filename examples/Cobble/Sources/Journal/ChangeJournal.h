@@ -81,7 +81,6 @@ private:
     Outcome<> record(const StepTitle &title,
                      const std::function<Outcome<>(StepRecorder &)> &changes, qint64 *number);
     Outcome<qint64> addStep(const StepTitle &title);
-    Outcome<> completeStep(const StepRecorder &recorder, qint64 step);
     Outcome<StepEffect> play(qint64 step, StepPlayer::Direction direction);
     Outcome<> needStep(qint64 step, bool isDone);
     Outcome<> forgetUndone();

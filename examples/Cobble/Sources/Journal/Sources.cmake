@@ -4,4 +4,6 @@ target_sources(CobbleHost PRIVATE
     Sources/Journal/RecordChanges.cpp
     Sources/Journal/StepPlayer.cpp
     Sources/Journal/StepRecorder.cpp
+    Sources/Journal/StepStack.cpp
+    Sources/Journal/StepText.cpp
 )

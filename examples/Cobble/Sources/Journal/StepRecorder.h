@@ -4,6 +4,7 @@
 #include "Library/Library.h"
 #include "Library/LibraryTable.h"
 #include "RecordChanges.h"
+#include "StepTitle.h"
 #include "Text/Outcome.h"
 
 #include <QSet>
@@ -29,6 +30,9 @@ class StepRecorder
 public:
     /// What a value becomes in a field of another type; a failure ends the step.
     using Conversion = std::function<Outcome<QVariant>(const QVariant &value)>;
+
+    /// Another title than that which the step was made with, for what is known only in the end.
+    void setTitle(const StepTitle &title) { _title = title; }
 
     // --- Records
 
@@ -84,6 +88,7 @@ private:
     StepRecorder(const QSqlDatabase &database, qint64 step) : _database(database), _step(step) {}
     bool isEmpty() const { return _place == 0; }
     qint64 size() const { return _size; }
+    const std::optional<StepTitle> &title() const { return _title; }
     Outcome<> finish();
 
     Outcome<LibraryTable *> tableOf(const Library &library);
@@ -111,4 +116,5 @@ private:
     std::optional<LibraryTable> _table;
     RecordChanges _changes;
     QSet<QString> _media;
+    std::optional<StepTitle> _title;
 };

@@ -163,6 +163,15 @@ RecordCursor LibraryStore::records(const Library &library, qint64 limit)
     return {std::move(query), library};
 }
 
+RecordCursor LibraryStore::record(const Library &library, qint64 id)
+{
+    if (const Outcome<> checked = checkLibrary(library); !checked)
+        return checked.failure();
+    QSqlQuery query(database());
+    (void)SQL::execute(query, recordsOf(library) + u" WHERE id = ?", {id});
+    return {std::move(query), library};
+}
+
 Outcome<QSet<QString>> LibraryStore::usedMedia()
 {
     const Outcome<QList<Library>> all = libraries();

@@ -51,6 +51,8 @@ public:
     Outcome<qint64> recordCount(const Library &library);
     /// \param limit the most records that are wanted; all if negative.
     RecordCursor records(const Library &library, qint64 limit = -1);
+    /// One record, or none if it is not there.
+    RecordCursor record(const Library &library, qint64 id);
     /// The values in the fields of media of a library.
     Outcome<QSet<QString>> mediaOf(const Library &library);
     /// The media URLs in all fields of all libraries, whatever their types: also those that stand in

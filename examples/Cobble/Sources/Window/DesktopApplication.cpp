@@ -23,6 +23,7 @@ DesktopApplication::DesktopApplication(const KTDatabaseBundle &bundle, KTLogger 
     : _bundle(bundle), _logger(logger)
 {
     QApplication::setQuitOnLastWindowClosed(false);
+    qApp->installEventFilter(&_textFieldKeys);
     KTWindowManager::sharedWindowManager()->registerDialogControllerClassName(SilencedAlertsKey);
 }
 

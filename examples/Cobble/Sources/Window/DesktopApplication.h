@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Appearance/WindowLanguage.h"
+#include "Forms/TextFieldKeys.h"
 #include "OpenBundle.h"
 
 #include <KTUtility/KTStatusHUDController>
@@ -57,5 +58,6 @@ private:
     OpenBundle _bundle;
     KTLogger *_logger;
     KTStatusHUDController _hud;
+    TextFieldKeys _textFieldKeys;
     std::vector<std::unique_ptr<MainWindowController>> _windows;
 };

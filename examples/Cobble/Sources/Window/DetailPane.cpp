@@ -146,6 +146,34 @@ void DetailPane::showMedia(const Row &row) const
 
 void DetailPane::take(const Row &row, const QString &text)
 {
+    const qsizetype count = _records->selectionIndexes().size();
+    if (count <= MostUnasked || !_asker)
+        store(row, text);
+    else if (!_isAsking)
+        askAndTake(row, text, count);
+}
+
+/// What was typed stays until there is an answer, and is taken back if it is not wanted.
+void DetailPane::askAndTake(const Row &row, const QString &text, qsizetype count)
+{
+    _isAsking = true;
+    const QVariantList asked = _shown;
+    const QPointer<DetailPane> self(this);
+    _asker(row.row->field()->title(), count, [=](bool isWanted) {
+        if (!self)
+            return;
+        self->_isAsking = false;
+        if (!row.row || !row.editor)
+            return;
+        if (isWanted && self->_records->selectedObjects() == asked)
+            self->store(row, text);
+        else
+            self->show(row);
+    });
+}
+
+void DetailPane::store(const Row &row, const QString &text)
+{
     Outcome<> read;
     const auto change = [&] { read = row.row->setText(text); };
     const Outcome<> changed = _changer ? _changer(change) : (change(), Outcome<>());

@@ -30,6 +30,12 @@ public:
     using Changer = std::function<Outcome<>(const std::function<void()> &changes)>;
     /// What editors change records by, so that several records change all or not at all.
     void setChanger(const Changer &changer) { _changer = changer; }
+    /// Asks whether so many records may get a value; the answer may come later.
+    using Asker = std::function<void(const QString &field, qsizetype count,
+                                     const std::function<void(bool isWanted)> &answer)>;
+    void setAsker(const Asker &asker) { _asker = asker; }
+    /// So many selected records get a value without a question.
+    static constexpr qsizetype MostUnasked = 20;
     /// The editor of a field by its position; null if there is none.
     FieldEditor *editor(qsizetype field) const;
 
@@ -57,6 +63,8 @@ private:
     void show(const Row &row) const;
     void showMedia(const Row &row) const;
     void take(const Row &row, const QString &text);
+    void askAndTake(const Row &row, const QString &text, qsizetype count);
+    void store(const Row &row, const QString &text);
 
     NSArrayController *_records;
     DetailForm _form;
@@ -65,5 +73,7 @@ private:
     /// What the editors show.
     QVariantList _shown;
     Changer _changer;
+    Asker _asker;
+    bool _isAsking = false;
     FileFinder _fileFinder;
 };

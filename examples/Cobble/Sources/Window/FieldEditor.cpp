@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QTextDocument>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -71,6 +72,9 @@ void FieldEditor::setText(const QString &text)
         _line->setText(text);
     else if (_lines->text() != text)
         _lines->setText(text);
+    // What was stored is for the window to undo.
+    if (_lines)
+        _lines->document()->clearUndoRedoStacks();
     // As the input has it, which turns some line breaks into others.
     _text = this->text();
 }

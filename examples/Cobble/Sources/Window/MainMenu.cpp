@@ -61,13 +61,15 @@ void MainMenu::add(QMainWindow *window, QObject *controller, QObject *applicatio
               {tr("&Export…"), "exportFile:", controller, QKeySequence(u"Ctrl+E"_qs)},
               Line,
               {tr("&Quit"), "terminate:", application, QKeySequence(u"Ctrl+Q"_qs)}});
-    addItems(
-        bar->addMenu(tr("&Edit")),
-        {{tr("&Find"), "findRecords:", controller, QKeySequence::Find},
-         Line,
-         {tr("&Delete Record…"), "deleteRecords:", controller, QKeySequence(u"Ctrl+Backspace"_qs)},
-         Line,
-         {tr("&Silenced Alerts…"), "showSilencedAlerts:", application, QKeySequence()}});
+    addItems(bar->addMenu(tr("&Edit")),
+             {{tr("&Undo"), "undoChange:", controller, QKeySequence(u"Ctrl+Z"_qs)},
+              {tr("&Redo"), "redoChange:", controller, QKeySequence(u"Ctrl+Shift+Z"_qs)},
+              Line,
+              {tr("&Find"), "findRecords:", controller, QKeySequence::Find},
+              Line,
+              {tr("&Delete Records"), "deleteRecords:", controller, QKeySequence(u"Del"_qs)},
+              Line,
+              {tr("&Silenced Alerts…"), "showSilencedAlerts:", application, QKeySequence()}});
     addItems(bar->addMenu(tr("&View")), {{tr("&Record Count"), "showRecordCount:", controller,
                                           QKeySequence(u"Ctrl+Shift+C"_qs)}});
     QMenu *const help = bar->addMenu(tr("&Help"));

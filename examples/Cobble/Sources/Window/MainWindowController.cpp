@@ -11,7 +11,6 @@
 #include "Text/PrintableText.h"
 
 #include <KTUtility/KTArraySelection>
-#include <KTUtility/KTDoNotShowAlert>
 #include <KTUtility/NSAlert>
 #include <KTUtility/NSMenuItem>
 #include <KTUtility/NSURL>
@@ -22,6 +21,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QScopedValueRollback>
 #include <QStatusBar>
 
 #include <utility>
@@ -38,10 +38,14 @@ constexpr int MessageTime = 8000;
 MainWindowController::MainWindowController(DesktopApplication *application)
     : _application(application)
     , _model(std::make_unique<RecordTableModel>(&_records))
+    , _steps([this](qint64 step, StepPlayer::Direction direction) { return play(step, direction); })
     , _importSheet(application->bundle())
     , _exportSheet(application->bundle())
 {
     setRefusesDuplicateDialogs(true);
+    _steps.setReadiness([application] { return application->bundle()->checkChange(); });
+    _model->setChanger(
+        [this](const std::function<void()> &changes) { return changeRecords(changes); });
     _searchTimer.setSingleShot(true);
     _searchTimer.setInterval(SearchDelay);
     QObject::connect(&_searchTimer, &QTimer::timeout, this, &MainWindowController::search);
@@ -65,6 +69,10 @@ void MainWindowController::loadWindow()
     auto *const made = new MainWindow(&_records, _model.get());
     setWindow(made);
     MainMenu::add(made, this, _application, _application->logger());
+    // In a text field, the key deletes letters.
+    auto *const deletion = made->findChild<QAction *>(QString::fromLatin1("deleteRecords:"));
+    deletion->setShortcutContext(Qt::WidgetShortcut);
+    made->table()->addAction(deletion);
 }
 
 void MainWindowController::windowDidLoad()
@@ -97,12 +105,16 @@ void MainWindowController::connectParts()
                      [this](const QModelIndex &, const QString &why) { tell(why); });
     QObject::connect(_application->bundle(), &OpenBundle::librariesChanged, this,
                      &MainWindowController::listLibraries);
+    QObject::connect(_application->bundle(), &OpenBundle::stepMade, this,
+                     &MainWindowController::addStep);
 }
 
 void MainWindowController::connectDetail(DetailPane *detail)
 {
-    detail->setChanger([this](const std::function<void()> &changes) {
-        return _library ? _library->change(changes) : Outcome<>();
+    detail->setChanger(
+        [this](const std::function<void()> &changes) { return changeRecords(changes); });
+    detail->setAsker([this](const QString &field, qsizetype count, const auto &answer) {
+        askForMany(field, count, answer);
     });
     detail->setFileFinder([this](const QString &url) {
         const std::optional<NSURL> media = NSURL::URLWithString(url);
@@ -127,10 +139,10 @@ void MainWindowController::connectSheets()
 
 // --- Libraries ----------------------------------------------------------------------------------
 
-/// Fills the list anew, and shows the library of the same name again.
+/// Fills the list anew. A library that was opened anew is shown anew, whatever its name is now.
 void MainWindowController::listLibraries()
 {
-    const QString shown = _library ? _library->definition().name : QString();
+    const QString shown = nameOfShown();
     QListWidget *const list = mainWindow()->libraries();
     {
         const QSignalBlocker blocker(list);
@@ -140,8 +152,21 @@ void MainWindowController::listLibraries()
             item->setData(Qt::UserRole, library.name);
         }
     }
-    forget();
+    if (!_application->bundle()->isCurrent(_library))
+        forget();
     showLibrary(shown);
+}
+
+/// The library with the same table as the one that is shown, else the one of its name.
+QString MainWindowController::nameOfShown() const
+{
+    if (!_library)
+        return {};
+    for (const Library &library : _application->bundle()->libraries()) {
+        if (library.tableName == _library->definition().tableName)
+            return library.name;
+    }
+    return _library->definition().name;
 }
 
 Outcome<> MainWindowController::openLibrary(const QString &name)
@@ -170,7 +195,6 @@ void MainWindowController::selectInList(const QString &name)
 /// Releases the library, before its records are destroyed.
 void MainWindowController::forget()
 {
-    _toDelete.clear();
     // The next records may lack the keys of these.
     _records.setContent({});
     _records.setFilterPredicate({});
@@ -306,6 +330,8 @@ bool MainWindowController::validateMenuItem(QAction *item)
         return _library != nullptr;
     if (action == NSSelector("deleteRecords:"))
         return !_records.selectionIndexes().isEmpty();
+    if (action == NSSelector("undoChange:") || action == NSSelector("redoChange:"))
+        return validateStep(item, action == NSSelector("undoChange:"));
     if (action == NSSelector("closeWindow:"))
         return !isWorking();
     return true;
@@ -353,6 +379,9 @@ void MainWindowController::exportFile(QAction *)
 void MainWindowController::queueAfterImport(const QString &libraryName)
 {
     _application->bundle()->reload();
+    if (const auto step = _application->bundle()->lastStep();
+        step && step->title.kind == StepKinds::Import)
+        _steps.add(step->number, step->title);
     const auto result =
         exposedDialogDatasource().value(ImportSheet::ResultKey).value<ImportResult>();
     const qsizetype count = result.stored.recordCount;
@@ -379,38 +408,128 @@ QList<StoredRecord *> MainWindowController::selectedRecords() const
 
 void MainWindowController::deleteRecords(QAction *)
 {
-    _toDelete.clear();
-    for (StoredRecord *const record : selectedRecords())
-        _toDelete += record;
-    if (_toDelete.isEmpty())
+    const QList<StoredRecord *> records = selectedRecords();
+    if (records.isEmpty() || !_library)
         return;
-    KTDoNotShowAlert::beginCriticalAlertSheet(
-        {.title = tr("Delete %1 record(s)?", nullptr, Counts::plural(_toDelete.size()))
-                      .arg(Counts::number(_toDelete.size())),
-         .defaultButton = tr("Delete"),
-         .alternateButton = tr("Cancel"),
-         .otherButton = QString(),
-         .window = mainWindow(),
-         .modalDelegate = this,
-         .didEndSelector = NSSelector("deleteAlertDidEnd:returnCode:contextInfo:"),
-         .contextInfo = nullptr,
-         .msg = tr("This cannot be undone. Media files that nothing else uses go, too."),
-         .suppressionKey = DeleteSuppressionKey});
-}
-
-void MainWindowController::deleteAlertDidEnd(NSAlert *, int returnCode, void *)
-{
-    QList<StoredRecord *> records;
-    for (const QPointer<StoredRecord> &record : std::exchange(_toDelete, {})) {
-        if (record)
-            records += record;
-    }
-    if (returnCode != NSAlertDefaultReturn || !_library || records.isEmpty())
-        return;
-    const Outcome<> removed = _library->removeRecords(records);
+    const Outcome<> removed = change([&] { return _library->removeRecords(records); });
     tell(removed ? tr("Deleted %1 record(s)", nullptr, Counts::plural(records.size()))
                        .arg(Counts::number(records.size()))
                  : removed.reason());
+}
+
+// --- Steps --------------------------------------------------------------------------------------
+
+/// Makes changes that this window can undo.
+Outcome<> MainWindowController::change(const std::function<Outcome<>()> &changes)
+{
+    const QScopedValueRollback<bool> changing(_isChanging, true);
+    return changes();
+}
+
+Outcome<> MainWindowController::changeRecords(const std::function<void()> &changes)
+{
+    return _library ? change([&] { return _library->change(changes); }) : Outcome<>();
+}
+
+void MainWindowController::addStep(qint64 step, const StepTitle &title)
+{
+    if (_isChanging)
+        _steps.add(step, title);
+}
+
+void MainWindowController::undoChange(QAction *)
+{
+    const Outcome<> undone = _steps.undo();
+    if (!undone)
+        tell(undone.reason());
+}
+
+void MainWindowController::redoChange(QAction *)
+{
+    const Outcome<> redone = _steps.redo();
+    if (!redone)
+        tell(redone.reason());
+}
+
+Outcome<> MainWindowController::play(qint64 step, StepPlayer::Direction direction)
+{
+    const Outcome<StepEffect> played = _application->bundle()->play(step, direction);
+    if (!played)
+        return played.failure();
+    showEffect(*played);
+    return {};
+}
+
+/// Names the step in the menu.
+bool MainWindowController::validateStep(QAction *item, bool isUndo) const
+{
+    const QString step = (isUndo ? _steps.undoText() : _steps.redoText()).replace(u'&', u"&&"_s);
+    if (isUndo)
+        item->setText(step.isEmpty() ? tr("&Undo") : tr("&Undo %1").arg(step));
+    else
+        item->setText(step.isEmpty() ? tr("&Redo") : tr("&Redo %1").arg(step));
+    return isUndo ? _steps.canUndo() : _steps.canRedo();
+}
+
+/// Shows what has come back, or what has changed.
+void MainWindowController::showEffect(const StepEffect &effect)
+{
+    showLibraryOf(effect);
+    if (!_library)
+        return;
+    const std::vector<qint64> ids = effect.records.value(_library->definition().tableName);
+    if (ids.empty() || selectRecords(ids) || mainWindow()->search()->text().isEmpty())
+        return;
+    // The search may hide them.
+    mainWindow()->search()->clear();
+    search();
+    selectRecords(ids);
+}
+
+void MainWindowController::showLibraryOf(const StepEffect &effect)
+{
+    const QStringList tables = effect.records.keys() + effect.libraries.values();
+    if (_library && (tables.isEmpty() || tables.contains(_library->definition().tableName)))
+        return;
+    const QList<Library> &libraries = _application->bundle()->libraries();
+    for (const Library &library : libraries) {
+        if (tables.contains(library.tableName)) {
+            showLibrary(library.name);
+            return;
+        }
+    }
+    if (!_library && !libraries.isEmpty())
+        showLibrary(libraries.first().name);
+}
+
+/// \return false if none of them is in the table.
+bool MainWindowController::selectRecords(const std::vector<qint64> &ids)
+{
+    const QSet<qint64> wanted(ids.begin(), ids.end());
+    QList<qsizetype> indexes;
+    for (int row = 0; row < _model->rowCount(); ++row) {
+        const StoredRecord *const record = _model->recordAt(row);
+        if (record && wanted.contains(record->id()))
+            indexes += row;
+    }
+    if (indexes.isEmpty())
+        return false;
+    _records.setSelectionIndexes({indexes.begin(), indexes.end()});
+    mainWindow()->table()->scrollTo(_model->index(int(indexes.first()), 0));
+    return true;
+}
+
+/// Says how many records will change.
+void MainWindowController::askForMany(const QString &field, qsizetype count,
+                                      const std::function<void(bool)> &answer)
+{
+    auto *const alert = new NSAlert(tr("Set “%1” of %2 record(s)?", nullptr, Counts::plural(count))
+                                        .arg(printableText(field), Counts::number(count)),
+                                    tr("Set"), tr("Cancel"), QString(),
+                                    tr("All selected records get the same value."));
+    alert->beginSheetModalForWindow(mainWindow(), this, [answer](NSAlert *, int returnCode) {
+        answer(returnCode == NSAlertDefaultReturn);
+    });
 }
 
 void MainWindowController::showAbout(QAction *)

@@ -2,6 +2,7 @@
 
 #include "ExportSheet.h"
 #include "ImportSummary.h"
+#include "Journal/StepStack.h"
 #include "ShowLibraryAlert.h"
 
 #include <KTUtility/KTWindowController>
@@ -14,7 +15,6 @@ class DesktopApplication;
 class DetailPane;
 class KTArraySelection;
 class MainWindow;
-class NSAlert;
 class OpenLibrary;
 class RecordTableModel;
 class StoredRecord;
@@ -32,8 +32,6 @@ class MainWindowController : public KTWindowController
     Q_OBJECT
 
 public:
-    inline static const QString DeleteSuppressionKey = QStringLiteral("deleteRecords");
-
     /// \param application must outlive the controller.
     explicit MainWindowController(DesktopApplication *application);
     ~MainWindowController() override;
@@ -63,12 +61,13 @@ public:
     Q_INVOKABLE void importFile(QAction *sender = nullptr);
     Q_INVOKABLE void exportFile(QAction *sender = nullptr);
     Q_INVOKABLE void findRecords(QAction *sender = nullptr);
+    Q_INVOKABLE void undoChange(QAction *sender = nullptr);
+    Q_INVOKABLE void redoChange(QAction *sender = nullptr);
+    /// Deletes the selected records, without a question: it can be undone.
     Q_INVOKABLE void deleteRecords(QAction *sender = nullptr);
     /// Shows how many records there are, in large type.
     Q_INVOKABLE void showRecordCount(QAction *sender = nullptr);
     Q_INVOKABLE void showAbout(QAction *sender = nullptr);
-    /// The answer to the question of deleteRecords().
-    Q_INVOKABLE void deleteAlertDidEnd(NSAlert *alert, int returnCode, void *contextInfo);
 
     void windowDidBecomeKey(const NSNotification &notification) override;
     void windowWillClose(const NSNotification &notification) override;
@@ -85,6 +84,7 @@ private:
     void run(KTDialogController *dialog);
     void selectInList(const QString &name);
     void listLibraries();
+    QString nameOfShown() const;
     void connectParts();
     void connectDetail(DetailPane *detail);
     void connectSheets();
@@ -99,6 +99,15 @@ private:
     void searchAndTell();
     QString foundText() const;
     void queueAfterImport(const QString &libraryName);
+    Outcome<> change(const std::function<Outcome<>()> &changes);
+    Outcome<> changeRecords(const std::function<void()> &changes);
+    Outcome<> play(qint64 step, StepPlayer::Direction direction);
+    void addStep(qint64 step, const StepTitle &title);
+    bool validateStep(QAction *item, bool isUndo) const;
+    void showEffect(const StepEffect &effect);
+    void showLibraryOf(const StepEffect &effect);
+    bool selectRecords(const std::vector<qint64> &ids);
+    void askForMany(const QString &field, qsizetype count, const std::function<void(bool)> &answer);
     QList<StoredRecord *> selectedRecords() const;
 
     DesktopApplication *_application;
@@ -109,8 +118,10 @@ private:
     QTimer _searchTimer;
     /// What was done and is still to be reported.
     QString _done;
-    /// What the question of deleteRecords() is about.
-    QList<QPointer<StoredRecord>> _toDelete;
+    /// What was done in this window.
+    StepStack _steps;
+    /// Whether what is being changed was asked for in this window.
+    bool _isChanging = false;
     ImportSheet _importSheet;
     ExportSheet _exportSheet;
     ImportSummary _importSummary;

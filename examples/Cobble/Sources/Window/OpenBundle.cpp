@@ -1,5 +1,6 @@
 #include "OpenBundle.h"
 
+#include "Import/UnusedMedia.h"
 #include "OpenLibrary.h"
 
 #include <KTUtility/NSApplication>
@@ -95,13 +96,97 @@ Outcome<> OpenBundle::beginChange()
                       "try once more")};
 }
 
-Outcome<> OpenBundle::change(const std::function<Outcome<>()> &changes)
+Outcome<> OpenBundle::checkChange()
+{
+    const Outcome<> begun = beginChange();
+    if (begun)
+        _store->rollback();
+    return begun;
+}
+
+Outcome<> OpenBundle::transaction(const std::function<Outcome<>(ChangeJournal &)> &changes)
 {
     const Outcome<> begun = beginChange();
     if (!begun)
         return begun;
-    const Outcome<> changed = changes().andThen([this] { return _store->commit(); });
-    if (!changed)
+    ChangeJournal journal(*_store);
+    const Outcome<> changed = changes(journal).andThen([this] { return _store->commit(); });
+    if (changed)
+        UnusedMedia::remove(_bundle, *_store, journal.forgottenMedia());
+    else
         _store->rollback();
     return changed;
+}
+
+Outcome<> OpenBundle::change(const StepTitle &title,
+                             const std::function<Outcome<>(StepRecorder &)> &changes)
+{
+    std::optional<ChangeJournal::Step> made;
+    const Outcome<> changed = transaction([&](ChangeJournal &journal) -> Outcome<> {
+        const Outcome<qint64> step = journal.make(title, changes);
+        if (!step)
+            return step.failure();
+        made = journal.step(*step).valueOr(std::nullopt);
+        return {};
+    });
+    if (changed && made)
+        Q_EMIT stepMade(made->number, made->title);
+    return changed;
+}
+
+std::optional<ChangeJournal::Step> OpenBundle::lastStep() const
+{
+    return _store ? ChangeJournal(*_store).last().valueOr(std::nullopt) : std::nullopt;
+}
+
+// --- Undo ---------------------------------------------------------------------------------------
+
+Outcome<StepEffect> OpenBundle::play(qint64 step, StepPlayer::Direction direction)
+{
+    StepEffect effect;
+    const Outcome<> played = transaction([&](ChangeJournal &journal) -> Outcome<> {
+        const bool isUndo = direction == StepPlayer::Direction::Undo;
+        const Outcome<StepEffect> done = isUndo ? journal.undo(step) : journal.redo(step);
+        effect = done.valueOr({});
+        return done ? Outcome<>() : done.failure();
+    });
+    if (!played)
+        return played.failure();
+    follow(effect);
+    return effect;
+}
+
+void OpenBundle::follow(const StepEffect &effect)
+{
+    if (!refresh(effect)) {
+        reload();
+        return;
+    }
+    if (effect.libraries.isEmpty())
+        return;
+    _open.removeIf([&effect](const auto &entry) {
+        const std::shared_ptr<OpenLibrary> library = entry.value().lock();
+        return !library || effect.libraries.contains(library->definition().tableName);
+    });
+    readLibraries();
+    Q_EMIT librariesChanged();
+}
+
+/// Has open libraries look at the records again that have changed.
+Outcome<> OpenBundle::refresh(const StepEffect &effect)
+{
+    Outcome<> refreshed;
+    for (const auto &open : std::as_const(_open)) {
+        const std::shared_ptr<OpenLibrary> library = open.lock();
+        const QString table = library ? library->definition().tableName : QString();
+        if (library && effect.records.contains(table) && !effect.libraries.contains(table))
+            refreshed =
+                refreshed.andThen([&] { return library->refresh(effect.records.value(table)); });
+    }
+    return refreshed;
+}
+
+bool OpenBundle::isCurrent(const std::shared_ptr<OpenLibrary> &library) const
+{
+    return library && _open.value(library->definition().name).lock() == library;
 }

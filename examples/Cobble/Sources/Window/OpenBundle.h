@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Journal/ChangeJournal.h"
 #include "Library/LibraryStore.h"
 
 #include <QHash>
@@ -39,14 +40,27 @@ public:
     /// Whether an import or an export is on its way. Only one can be.
     bool isBusy() const { return _isBusy; }
     void setBusy(bool isBusy) { _isBusy = isBusy; }
-    /// Makes changes to records, all of them or none. If another program has written meanwhile,
-    /// that is why it fails, and the libraries are read again in the next iteration of the event
-    /// loop.
-    /// \param changes fails for a change that the store has rejected.
-    Outcome<> change(const std::function<Outcome<>()> &changes);
+    /// Makes changes as a step of the journal, all of them or none. If another program has written
+    /// meanwhile, that is why it fails, and the libraries are read again in the next iteration of
+    /// the event loop.
+    /// \param changes fails for a change that the store has rejected. What it changes in the
+    /// database, it has to change in the open libraries, too.
+    Outcome<> change(const StepTitle &title,
+                     const std::function<Outcome<>(StepRecorder &)> &changes);
+    /// Undoes or redoes a step; the open libraries follow.
+    /// \return what has changed.
+    Outcome<StepEffect> play(qint64 step, StepPlayer::Direction direction);
+    /// Whether a change could be made now.
+    Outcome<> checkChange();
+    /// Whether a library is what open() would give.
+    bool isCurrent(const std::shared_ptr<OpenLibrary> &library) const;
+    /// The last step that is done, whoever has made it; nothing if there is none.
+    std::optional<ChangeJournal::Step> lastStep() const;
 
 Q_SIGNALS:
     void librariesChanged();
+    /// change() has made a step.
+    void stepMade(qint64 step, const StepTitle &title);
 
 private:
     Outcome<Library> libraryNamed(const QString &name);
@@ -54,6 +68,9 @@ private:
     void readLibraries();
     Outcome<> mayWrite() const;
     Outcome<> beginChange();
+    Outcome<> transaction(const std::function<Outcome<>(ChangeJournal &)> &changes);
+    void follow(const StepEffect &effect);
+    Outcome<> refresh(const StepEffect &effect);
 
     KTDatabaseBundle _bundle;
     std::unique_ptr<LibraryStore> _store;

@@ -1,7 +1,8 @@
 #include "OpenLibrary.h"
 
-#include "Import/UnusedMedia.h"
 #include "OpenBundle.h"
+
+#include <KTUtility/NSObject>
 
 #include <QScopedValueRollback>
 
@@ -109,21 +110,39 @@ qsizetype OpenLibrary::fieldWithKey(const QString &key) const
 
 Outcome<> OpenLibrary::change(const std::function<void()> &changes)
 {
-    if (_isChanging) {
+    if (_recorder) {
         changes();
         return {};
     }
     _replaced.clear();
     _saved = {};
-    const Outcome<> changed = _bundle->change([&] {
-        const QScopedValueRollback<bool> changing(_isChanging, true);
+    const Outcome<> changed = _bundle->change({StepKinds::Edit, {}}, [&](StepRecorder &step) {
+        const QScopedValueRollback<StepRecorder *> changing(_recorder, &step);
         changes();
+        step.setTitle(titleOfChanges());
         return _saved;
     });
     if (!changed)
         takeBack();
     _replaced.clear();
     return changed;
+}
+
+/// What the menu calls the changes: by their field, if they are all of one.
+StepTitle OpenLibrary::titleOfChanges() const
+{
+    QSet<QString> keys;
+    QSet<const StoredRecord *> records;
+    for (const Replaced &each : _replaced) {
+        keys += each.key;
+        records += each.record;
+    }
+    QVariantMap parameters = {{StepParameters::Library, _library.name},
+                              {StepParameters::Count, records.size()}};
+    if (keys.size() == 1)
+        parameters.insert(StepParameters::Field,
+                          _library.fields.at(fieldWithKey(*keys.begin())).title());
+    return {StepKinds::Edit, parameters};
 }
 
 /// Gives the records the values that the database still has.
@@ -136,7 +155,7 @@ void OpenLibrary::takeBack()
 
 Outcome<> OpenLibrary::save(StoredRecord &record, const QString &key, const QVariant &value)
 {
-    if (!_isChanging) {
+    if (!_recorder) {
         const Outcome<> changed = change([&] { _saved = save(record, key, value); });
         if (!changed)
             Q_EMIT refused(changed.reason());
@@ -144,40 +163,73 @@ Outcome<> OpenLibrary::save(StoredRecord &record, const QString &key, const QVar
     }
     // After one that was rejected, nothing more is written.
     if (_saved)
-        _saved = _bundle->store()->update(_library, record.id(), fieldWithKey(key), value);
+        _saved = _recorder->update(_library, record.id(), fieldWithKey(key), value);
     if (_saved)
         _replaced.push_back({&record, key, record.values().value(key)});
     return _saved;
 }
 
-void OpenLibrary::addMediaOf(const FormRecord &record, QSet<QString> *media) const
+Outcome<> OpenLibrary::removeRecords(const QList<StoredRecord *> &records)
 {
-    for (const LibraryField &field : _library.fields) {
-        const QString value = record.values().value(field.columnName).toString();
-        if (field.type == FieldType::Media && !value.isEmpty())
-            media->insert(value);
+    const StepTitle title = {
+        StepKinds::Delete,
+        {{StepParameters::Library, _library.name}, {StepParameters::Count, records.size()}}};
+    const Outcome<> removed = _bundle->change(title, [&](StepRecorder &step) {
+        Outcome<> done;
+        for (const StoredRecord *const record : records)
+            done = done.andThen([&] { return step.remove(_library, record->id()); });
+        return done;
+    });
+    if (removed)
+        replaceRecords(QSet<StoredRecord *>(records.begin(), records.end()), {});
+    return removed;
+}
+
+// --- Undo ---------------------------------------------------------------------------------------
+
+/// Null if there is none.
+StoredRecord *OpenLibrary::recordWithId(qint64 id) const
+{
+    const auto place =
+        std::lower_bound(_records.begin(), _records.end(), id,
+                         [](const auto &record, qint64 number) { return record->id() < number; });
+    return place != _records.end() && (*place)->id() == id ? place->get() : nullptr;
+}
+
+Outcome<> OpenLibrary::refresh(const std::vector<qint64> &ids)
+{
+    QSet<StoredRecord *> gone;
+    std::vector<std::unique_ptr<StoredRecord>> added;
+    for (const qint64 id : QSet<qint64>(ids.begin(), ids.end())) {
+        StoredRecord *const known = recordWithId(id);
+        RecordCursor cursor = _bundle->store()->record(_library, id);
+        const bool isThere = cursor.next();
+        if (known && isThere)
+            takeValues(known, valuesOf(cursor));
+        else if (known)
+            gone += known;
+        else if (isThere)
+            added.push_back(std::make_unique<StoredRecord>(this, id, valuesOf(cursor)));
+        if (!cursor.outcome())
+            return cursor.outcome();
+    }
+    if (!gone.isEmpty() || !added.empty())
+        replaceRecords(gone, std::move(added));
+    return {};
+}
+
+/// Gives a record the values that the database has.
+void OpenLibrary::takeValues(StoredRecord *record, const QVariantMap &values)
+{
+    for (auto value = values.begin(); value != values.end(); ++value) {
+        if (!NSObject::isEqual(record->values().value(value.key()), value.value()))
+            record->setSavedValue(value.value(), value.key());
     }
 }
 
-Outcome<> OpenLibrary::removeFromDatabase(const QList<StoredRecord *> &records)
-{
-    Outcome<> removed;
-    for (const StoredRecord *const record : records)
-        removed =
-            removed.andThen([&] { return _bundle->store()->removeRecord(_library, record->id()); });
-    return removed;
-}
-
-Outcome<> OpenLibrary::removeRecords(const QList<StoredRecord *> &records)
-{
-    const Outcome<> removed = _bundle->change([&] { return removeFromDatabase(records); });
-    if (removed)
-        forget(QSet<StoredRecord *>(records.begin(), records.end()));
-    return removed;
-}
-
-/// Releases records that the database no longer has.
-void OpenLibrary::forget(const QSet<StoredRecord *> &gone)
+/// Releases records that the database no longer has, and adds those that it has.
+void OpenLibrary::replaceRecords(const QSet<StoredRecord *> &gone,
+                                 std::vector<std::unique_ptr<StoredRecord>> &&added)
 {
     const auto firstGone =
         std::stable_partition(_records.begin(), _records.end(),
@@ -185,9 +237,8 @@ void OpenLibrary::forget(const QSet<StoredRecord *> &gone)
     const std::vector<std::unique_ptr<StoredRecord>> leaving(
         std::make_move_iterator(firstGone), std::make_move_iterator(_records.end()));
     _records.erase(firstGone, _records.end());
-    QSet<QString> media;
-    for (const auto &record : leaving)
-        addMediaOf(*record, &media);
+    std::move(added.begin(), added.end(), std::back_inserter(_records));
+    std::sort(_records.begin(), _records.end(),
+              [](const auto &one, const auto &other) { return one->id() < other->id(); });
     Q_EMIT recordsWillGo();
-    UnusedMedia::remove(_bundle->bundle(), *_bundle->store(), media);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Journal/StepRecorder.h"
 #include "Library/RecordTexts.h"
 #include "StoredRecord.h"
 
@@ -46,14 +47,17 @@ public:
     /// Makes changes to records of the library, all of them or none.
     /// \param changes sets values of records.
     Outcome<> change(const std::function<void()> &changes);
-    /// Takes records away, all of them or none, with their media files that no other record uses.
+    /// Takes records away, all of them or none.
     Outcome<> removeRecords(const QList<StoredRecord *> &records);
+    /// Looks at the database again after records have come, gone or changed there.
+    Outcome<> refresh(const std::vector<qint64> &ids);
     /// For records: writes a value to the database.
     Outcome<> save(StoredRecord &record, const QString &key, const QVariant &value);
 
 Q_SIGNALS:
     void recordChanged(StoredRecord *record, const QString &key);
-    /// Records were removed from records(), and will be destroyed when the signal has been handled.
+    /// records() has others than before. Those that were removed will be destroyed when the signal
+    /// has been handled.
     void recordsWillGo();
     /// A value that was set outside of change() could not be stored.
     void refused(const QString &reason);
@@ -63,9 +67,11 @@ private:
     QVariantMap valuesOf(const RecordCursor &cursor) const;
     Outcome<> readRecords();
     qsizetype fieldWithKey(const QString &key) const;
-    void addMediaOf(const FormRecord &record, QSet<QString> *media) const;
-    Outcome<> removeFromDatabase(const QList<StoredRecord *> &records);
-    void forget(const QSet<StoredRecord *> &gone);
+    StepTitle titleOfChanges() const;
+    StoredRecord *recordWithId(qint64 id) const;
+    void takeValues(StoredRecord *record, const QVariantMap &values);
+    void replaceRecords(const QSet<StoredRecord *> &gone,
+                        std::vector<std::unique_ptr<StoredRecord>> &&added);
     void takeBack();
 
     /// A value that change() has replaced.
@@ -78,7 +84,8 @@ private:
 
     OpenBundle *_bundle;
     Library _library;
-    bool _isChanging = false;
+    /// Null while nothing is changed.
+    StepRecorder *_recorder = nullptr;
     /// Of the changes that are being made.
     Outcome<> _saved;
     std::vector<Replaced> _replaced;

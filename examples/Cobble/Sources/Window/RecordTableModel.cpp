@@ -70,7 +70,8 @@ Outcome<> RecordTableModel::take(const QString &text, const QModelIndex &at)
     if (!value)
         return value.failure();
     const QString key = columns().at(at.column()).keyPath();
-    return _library->change([&] { record->setValueForKey(*value, key); });
+    const auto change = [&] { record->setValueForKey(*value, key); };
+    return _changer ? _changer(change) : _library->change(change);
 }
 
 bool RecordTableModel::setData(const QModelIndex &index, const QVariant &value, int role)

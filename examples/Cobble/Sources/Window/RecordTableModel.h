@@ -17,6 +17,10 @@ public:
 
     /// \param library what the records belong to; null if there are none.
     void setLibrary(const std::shared_ptr<OpenLibrary> &library);
+    /// Makes what it is given one change; if that fails, nothing is changed.
+    using Changer = std::function<Outcome<>(const std::function<void()> &changes)>;
+    /// What cells change records by.
+    void setChanger(const Changer &changer) { _changer = changer; }
     StoredRecord *recordAt(qsizetype row) const;
     /// Has a cell's field read a text; an empty one is no value. What the cell shows is taken as it
     /// is.
@@ -34,4 +38,5 @@ private:
     QStringList texts(int row) const;
 
     std::shared_ptr<OpenLibrary> _library;
+    Changer _changer;
 };
