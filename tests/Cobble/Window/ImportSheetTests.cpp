@@ -132,7 +132,7 @@ TEST_F(ImportSheetTests, OldPicturesStayIfTheNewOnesAreMissing)
     press(sheet, u"Import"_s);
     turn();
     EXPECT_EQ(window->importSheet()->problem(),
-              u"Nothing was stored: row 2: 'b.png': there is no such file"_s);
+              u"Nothing was stored: row 2: 'b.png': there is no such file."_s);
     EXPECT_EQ(QDir(bundle.mediaFolderPath()).entryList(QDir::Files), QStringList(u"a.0.png"_s));
     EXPECT_EQ(stored(1, 1, u"Pets"_s), u"cobblemedia://a.0.png"_s);
     window->importSheet()->endDialog();

@@ -71,7 +71,7 @@ TEST_F(MainWindowControllerTests, DeletingIsAllOrNothing)
     window->mainWindow()->table()->selectAll();
     window->deleteRecords();
     EXPECT_TRUE(window->mainWindow()->statusBar()->currentMessage().contains(
-        u"another program has changed the database"));
+        u"Another program has changed the database"));
     EXPECT_EQ(stored(1, 0), u"Ann"_s);
     // What the other program has left is shown now.
     turn();

@@ -304,7 +304,7 @@ TEST_F(MainWindowTests, SeveralRecordsChangeAllOrNotAtAll)
     type(editor(window, 1)->input(), u"5"_s);
     QTest::keyClick(editor(window, 1)->input(), Qt::Key_Return);
     turn();
-    EXPECT_EQ(editor(window, 1)->problem(), u"the record is no longer there"_s);
+    EXPECT_EQ(editor(window, 1)->problem(), u"The record is no longer there."_s);
     EXPECT_EQ(column(window, 1), QStringList({u"7"_s, u"-12"_s, u"1,000"_s, u"3"_s}));
     EXPECT_EQ(stored(1, 1), u"7"_s);
 }

@@ -9,7 +9,9 @@
 #include <KTUtility/KTImageBadger>
 
 #include <QBuffer>
+#include <QHeaderView>
 #include <QMimeData>
+#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
@@ -156,4 +158,84 @@ TEST_F(MainWindowVisualTests, MediaFieldsShowTheirPicture)
     EXPECT_EQ(media->picture().size(), QSize(30, 10));
     window->records()->setSelectionIndexes({});
     EXPECT_TRUE(media->picture().isNull());
+}
+
+TEST_F(MainWindowVisualTests, AnEmptyTableSaysWhy)
+{
+    MainWindowController *const window = openThings();
+    RecordTableView *const table = window->mainWindow()->table();
+    const QImage full = table->viewport()->grab().toImage();
+    search(window, u"nobody"_s);
+    EXPECT_EQ(table->emptyText(), u"No record has what you search for."_s);
+    const QImage empty = table->viewport()->grab().toImage();
+    table->setEmptyText(QString());
+    EXPECT_NE(table->viewport()->grab().toImage(), empty);
+    EXPECT_NE(empty, full);
+    search(window, QString());
+    table->selectAll();
+    KTDoNotShowAlert::setBoolForSuppressionKey(MainWindowController::DeleteSuppressionKey, true);
+    window->deleteRecords();
+    turn();
+    EXPECT_EQ(table->emptyText(), u"There are no records yet."_s);
+}
+
+TEST_F(MainWindowVisualTests, ColumnsAreMeasuredByRowsFromEverywhere)
+{
+    QByteArray rows = "Name\n";
+    for (int row = 0; row < 3000; ++row)
+        rows += row < 150 ? "A\n" : "A person of later rows\n";
+    import(u"Long.csv"_s, rows);
+    MainWindowController *const window = open();
+    const RecordTableView *const table = window->mainWindow()->table();
+    EXPECT_GT(table->columnWidth(0),
+              table->fontMetrics().horizontalAdvance(u"A person of later rows"_s));
+}
+
+TEST_F(MainWindowVisualTests, NothingLiesOverTheSummaryOfAnImport)
+{
+    MainWindowController *const window = openThings();
+    window->mainWindow()->activateWindow();
+    window->importFile();
+    turn();
+    window->importSheet()->setFile(tree.path(u"Things.csv"_s));
+    window->importSheet()->go();
+    turn();
+    EXPECT_TRUE(window->importSummary()->window()->isVisible());
+    EXPECT_EQ(told(), QString());
+    window->importSummary()->endDialog();
+    turn();
+    EXPECT_EQ(told(), QString());
+}
+
+TEST_F(MainWindowVisualTests, TitlesAreNotBoldWhileARowIsSelected)
+{
+    MainWindowController *const window = openThings();
+    EXPECT_FALSE(window->mainWindow()->table()->horizontalHeader()->highlightSections());
+}
+
+TEST_F(MainWindowVisualTests, AColumnWithoutATitleIsUntitled)
+{
+    import(u"Bare.csv"_s, "Name,\nAnn,5\nBjørn,6\n");
+    MainWindowController *const window = open();
+    EXPECT_EQ(window->model()->headerData(1, Qt::Horizontal).toString(), u"Untitled"_s);
+    EXPECT_EQ(editor(window, 1)->input()->accessibleName(), u"Untitled"_s);
+}
+
+TEST_F(MainWindowVisualTests, ThoseWhoHaveNothingYetHaveAButton)
+{
+    MainWindowController *const window = open();
+    QPushButton *const import = window->mainWindow()->importButton();
+    EXPECT_TRUE(import->isVisible());
+    QTest::mouseClick(import, Qt::LeftButton);
+    turn();
+    EXPECT_TRUE(window->importSheet()->window()->isVisible());
+    window->importSheet()->cancel();
+}
+
+TEST_F(MainWindowVisualTests, TheProgramHasANameAndAnIcon)
+{
+    open();
+    EXPECT_EQ(QGuiApplication::applicationDisplayName(), u"Cobble"_s);
+    EXPECT_EQ(QGuiApplication::desktopFileName(), u"org.cobble.Cobble"_s);
+    EXPECT_FALSE(QGuiApplication::windowIcon().isNull());
 }

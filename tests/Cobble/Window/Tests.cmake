@@ -1,7 +1,9 @@
 target_sources(CobbleTests PRIVATE
     Cobble/Window/ExportSheetTests.cpp
     Cobble/Window/ImportSheetTests.cpp
+    Cobble/Window/MainWindowAccessTests.cpp
     Cobble/Window/MainWindowControllerTests.cpp
+    Cobble/Window/MainWindowMemoryTests.cpp
     Cobble/Window/MainWindowTests.cpp
     Cobble/Window/MainWindowVisualTests.cpp
     Cobble/Window/MediaFieldTests.cpp

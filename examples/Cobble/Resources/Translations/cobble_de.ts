@@ -21,10 +21,6 @@
 <context>
     <name>DetailPane</name>
     <message>
-        <source>%1:</source>
-        <translation>%1:</translation>
-    </message>
-    <message>
         <source>Multiple values</source>
         <translation>Mehrere Werte</translation>
     </message>
@@ -66,6 +62,28 @@
     <message>
         <source>There is no database.</source>
         <translation>Es gibt keine Datenbank.</translation>
+    </message>
+</context>
+<context>
+    <name>FieldTitle</name>
+    <message>
+        <source>%1:</source>
+        <translation>%1:</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Ohne Titel</translation>
+    </message>
+</context>
+<context>
+    <name>HelpWindow</name>
+    <message>
+        <source>Cobble Help</source>
+        <translation>Hilfe zu Cobble</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Tastenkürzel</translation>
     </message>
 </context>
 <context>
@@ -256,6 +274,10 @@
         <translation>&amp;Importieren …</translation>
     </message>
     <message>
+        <source>&amp;Keyboard Shortcuts</source>
+        <translation>&amp;Tastenkürzel</translation>
+    </message>
+    <message>
         <source>&amp;Logging</source>
         <translation>&amp;Protokoll</translation>
     </message>
@@ -277,7 +299,7 @@
     </message>
     <message>
         <source>&amp;Silenced Alerts…</source>
-        <translation>&amp;Stumme Hinweise …</translation>
+        <translation>S&amp;tumme Hinweise …</translation>
     </message>
     <message>
         <source>&amp;Undo</source>
@@ -287,9 +309,17 @@
         <source>&amp;View</source>
         <translation>&amp;Ansicht</translation>
     </message>
+    <message>
+        <source>Cobble &amp;Help</source>
+        <translation>&amp;Hilfe zu Cobble</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
+    <message>
+        <source>Import…</source>
+        <translation>Importieren …</translation>
+    </message>
     <message>
         <source>Libraries</source>
         <translation>Bibliotheken</translation>
@@ -374,6 +404,10 @@
         </translation>
     </message>
     <message>
+        <source>No record has what you search for.</source>
+        <translation>Kein Datensatz enthält, was Sie suchen.</translation>
+    </message>
+    <message>
         <source>Set</source>
         <translation type="unfinished"></translation>
     </message>
@@ -389,6 +423,10 @@
 File ▸ Import… makes one of a table or of address cards.</source>
         <translation>Es gibt noch keine Bibliotheken.
 Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</translation>
+    </message>
+    <message>
+        <source>There are no records yet.</source>
+        <translation>Es gibt noch keine Datensätze.</translation>
     </message>
 </context>
 <context>

@@ -21,10 +21,6 @@
 <context>
     <name>DetailPane</name>
     <message>
-        <source>%1:</source>
-        <translation>%1 :</translation>
-    </message>
-    <message>
         <source>Multiple values</source>
         <translation>Plusieurs valeurs</translation>
     </message>
@@ -66,6 +62,28 @@
     <message>
         <source>There is no database.</source>
         <translation>Il n’y a pas de base de données.</translation>
+    </message>
+</context>
+<context>
+    <name>FieldTitle</name>
+    <message>
+        <source>%1:</source>
+        <translation>%1 :</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Sans titre</translation>
+    </message>
+</context>
+<context>
+    <name>HelpWindow</name>
+    <message>
+        <source>Cobble Help</source>
+        <translation>Aide de Cobble</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Raccourcis clavier</translation>
     </message>
 </context>
 <context>
@@ -249,11 +267,15 @@
     </message>
     <message>
         <source>&amp;Help</source>
-        <translation>&amp;Aide</translation>
+        <translation>A&amp;ide</translation>
     </message>
     <message>
         <source>&amp;Import…</source>
         <translation>&amp;Importer…</translation>
+    </message>
+    <message>
+        <source>&amp;Keyboard Shortcuts</source>
+        <translation>&amp;Raccourcis clavier</translation>
     </message>
     <message>
         <source>&amp;Logging</source>
@@ -287,9 +309,17 @@
         <source>&amp;View</source>
         <translation>&amp;Affichage</translation>
     </message>
+    <message>
+        <source>Cobble &amp;Help</source>
+        <translation>&amp;Aide de Cobble</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
+    <message>
+        <source>Import…</source>
+        <translation>Importer…</translation>
+    </message>
     <message>
         <source>Libraries</source>
         <translation>Bibliothèques</translation>
@@ -374,6 +404,10 @@
         </translation>
     </message>
     <message>
+        <source>No record has what you search for.</source>
+        <translation>Aucun enregistrement ne contient ce que vous cherchez.</translation>
+    </message>
+    <message>
         <source>Set</source>
         <translation type="unfinished"></translation>
     </message>
@@ -389,6 +423,10 @@
 File ▸ Import… makes one of a table or of address cards.</source>
         <translation>Il n’y a pas encore de bibliothèque.
 Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de visite.</translation>
+    </message>
+    <message>
+        <source>There are no records yet.</source>
+        <translation>Il n’y a pas encore d’enregistrement.</translation>
     </message>
 </context>
 <context>

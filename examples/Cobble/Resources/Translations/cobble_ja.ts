@@ -19,10 +19,6 @@
 <context>
     <name>DetailPane</name>
     <message>
-        <source>%1:</source>
-        <translation>%1:</translation>
-    </message>
-    <message>
         <source>Multiple values</source>
         <translation>複数の値</translation>
     </message>
@@ -64,6 +60,28 @@
     <message>
         <source>There is no database.</source>
         <translation>データベースがありません。</translation>
+    </message>
+</context>
+<context>
+    <name>FieldTitle</name>
+    <message>
+        <source>%1:</source>
+        <translation>%1:</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>無題</translation>
+    </message>
+</context>
+<context>
+    <name>HelpWindow</name>
+    <message>
+        <source>Cobble Help</source>
+        <translation>Cobble ヘルプ</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>キーボードショートカット</translation>
     </message>
 </context>
 <context>
@@ -253,6 +271,10 @@
         <translation>読み込み(&amp;I)…</translation>
     </message>
     <message>
+        <source>&amp;Keyboard Shortcuts</source>
+        <translation>キーボードショートカット(&amp;K)</translation>
+    </message>
+    <message>
         <source>&amp;Logging</source>
         <translation>ログ(&amp;L)</translation>
     </message>
@@ -284,9 +306,17 @@
         <source>&amp;View</source>
         <translation>表示(&amp;V)</translation>
     </message>
+    <message>
+        <source>Cobble &amp;Help</source>
+        <translation>Cobble ヘルプ(&amp;H)</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
+    <message>
+        <source>Import…</source>
+        <translation>読み込み…</translation>
+    </message>
     <message>
         <source>Libraries</source>
         <translation>ライブラリ</translation>
@@ -367,6 +397,10 @@
         </translation>
     </message>
     <message>
+        <source>No record has what you search for.</source>
+        <translation>検索した内容を含むレコードはありません。</translation>
+    </message>
+    <message>
         <source>Set</source>
         <translation type="unfinished"></translation>
     </message>
@@ -381,6 +415,10 @@
 File ▸ Import… makes one of a table or of address cards.</source>
         <translation>ライブラリはまだありません。
 「ファイル」▸「読み込み…」で、表や連絡先カードから作成できます。</translation>
+    </message>
+    <message>
+        <source>There are no records yet.</source>
+        <translation>レコードはまだありません。</translation>
     </message>
 </context>
 <context>

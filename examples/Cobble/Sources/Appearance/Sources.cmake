@@ -1,5 +1,12 @@
 target_sources(CobbleHost PRIVATE
     Sources/Appearance/Counts.cpp
+    Sources/Appearance/FieldTitle.cpp
+    Sources/Appearance/HelpWindow.cpp
+    Sources/Appearance/Icons.cpp
+    Sources/Appearance/LineIcon.cpp
     Sources/Appearance/ProblemLabel.cpp
+    Sources/Appearance/RememberedColumns.cpp
+    Sources/Appearance/Sentence.cpp
     Sources/Appearance/WindowLanguage.cpp
+    Sources/Appearance/WindowPlace.cpp
 )

@@ -11,12 +11,13 @@ using namespace Qt::StringLiterals;
 WindowLanguage::WindowLanguage()
 {
     const QLocale locale(NSLocale::currentLocale(NSLocale::Category::Texts).localeIdentifier());
-    KTTranslations::install(u":/Cobble/Translations/cobble"_s, locale);
+    _current = KTTranslations::install(u":/Cobble/Translations/cobble"_s, locale);
     QGuiApplication::setLayoutDirection(locale.textDirection());
 }
 
 WindowLanguage::~WindowLanguage()
 {
     KTTranslations::remove();
+    _current = u"en"_s;
     QGuiApplication::setLayoutDirection(Qt::LayoutDirectionAuto);
 }

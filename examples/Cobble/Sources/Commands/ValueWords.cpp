@@ -33,7 +33,7 @@ void ValueWords::install(const NSLocale &locale)
     const QString path = NSBundle::frameworkBundle().pathForResource(
         u"ktutility_"_s + locale.languageCode(), u"qm"_s);
     auto translator = std::make_unique<WordTranslator>();
-    if (path.isNull() || !translator->load(path))
+    if (path.isNull() || !qApp || !translator->load(path))
         return;
     installed = std::move(translator);
     QCoreApplication::installTranslator(installed.get());

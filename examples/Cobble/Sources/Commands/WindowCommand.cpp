@@ -99,6 +99,7 @@ ExitCode runWindow(const QCommandLineParser &parser, CommandContext &context)
                                          "window without one"_s);
     const LocaleScope scope(UserSettings::localeIn(parser));
     DesktopApplication application(BundleOption::bundleIn(parser), context.logger());
+    application.setRemembers(!isPicture);
     application.newWindow();
     MainWindowController *const window = application.windows().first();
     const Outcome<> prepared = prepare(window, parser);

@@ -11,6 +11,7 @@
 #include <memory>
 #include <vector>
 
+class HelpWindow;
 class KTLogger;
 class MainWindowController;
 
@@ -38,10 +39,20 @@ public:
     void showStatus(const QString &text, QWidget *over, bool isLarge = false);
     QList<MainWindowController *> windows() const;
 
+    /// Whether windows are as the user has left the last ones, which they are unless told otherwise.
+    bool remembers() const { return _remembers; }
+    void setRemembers(bool remembers) { _remembers = remembers; }
+    /// The name of the library that a window begins with; nil if there is none.
+    QString libraryToShow() const { return _libraryToShow; }
+
     /// Opens one more window, with the library that the current one shows.
     Q_INVOKABLE void newWindow(QAction *sender = nullptr);
     /// Lists the silenced alerts over the current window.
     Q_INVOKABLE void showSilencedAlerts(QAction *sender = nullptr);
+    /// Opens the help.
+    Q_INVOKABLE void showHelp(QAction *sender = nullptr);
+    /// Lists the keys of the menu that was used.
+    Q_INVOKABLE void showShortcuts(QAction *sender = nullptr);
     /// Closes all windows; the last one that closes ends the program.
     Q_INVOKABLE void terminate(QAction *sender = nullptr);
     /// Asks the dialog that has the keyboard, if one has. Nothing ends while an import is stored.
@@ -52,6 +63,9 @@ Q_SIGNALS:
 
 private:
     void remove(MainWindowController *controller);
+    void remember(MainWindowController *controller) const;
+    QString rememberedLibrary() const;
+    HelpWindow *help();
 
     // Before all that has texts.
     WindowLanguage _language;
@@ -60,4 +74,7 @@ private:
     KTStatusHUDController _hud;
     TextFieldKeys _textFieldKeys;
     std::vector<std::unique_ptr<MainWindowController>> _windows;
+    std::unique_ptr<HelpWindow> _help;
+    QString _libraryToShow;
+    bool _remembers = true;
 };

@@ -1,5 +1,6 @@
 #include "DetailPane.h"
 
+#include "Appearance/FieldTitle.h"
 #include "FieldEditor.h"
 #include "MediaField.h"
 
@@ -21,11 +22,6 @@ QString placeholderFor(const QVariant &value)
     return value.value<NSSelectionMarker>().kind == NSSelectionMarker::Kind::MultipleValues
                ? DetailPane::tr("Multiple values")
                : QString();
-}
-/// A title in which "&" is a letter like others.
-QString labelText(const QVariant &title)
-{
-    return DetailPane::tr("%1:").arg(title.toString().replace(u'&', u"&&"_s));
 }
 } // namespace
 
@@ -74,8 +70,9 @@ void DetailPane::addRow(FormRow *formRow)
     _layout->addRow(label, inputFor(row));
     _rows += row;
     const auto refresh = [this, row, label] {
-        label->setText(labelText(row.row->label()));
-        row.editor->setTitle(row.row->label().toString());
+        const QString title = FieldTitle::of(row.row->field()->field());
+        label->setText(FieldTitle::label(title));
+        row.editor->setTitle(title);
         // What is being typed is not taken away.
         if (!row.editor->isEdited())
             show(row);

@@ -1,14 +1,21 @@
 #include "FieldDelegate.h"
 
+#include "Appearance/ProblemLabel.h"
+#include "Appearance/Sentence.h"
 #include "RecordTableModel.h"
 #include "TextInput.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QToolTip>
 
 namespace {
 constexpr const char *FieldProperty = "_field";
+constexpr int FrameWidth = 2;
+constexpr QChar FirstStrongIsolate(0x2068);
+constexpr QChar PopIsolate(0x2069);
 
 QString textIn(const QWidget *editor)
 {
@@ -32,10 +39,44 @@ bool isReturn(const QEvent *event)
 
 void showProblem(QWidget *editor, const QString &reason)
 {
-    editor->setAccessibleDescription(reason);
-    QToolTip::showText(editor->mapToGlobal(QPoint(0, editor->height())), reason, editor);
+    const QString sentence = Sentence::of(reason);
+    editor->setAccessibleDescription(sentence);
+    QToolTip::showText(editor->mapToGlobal(QPoint(0, editor->height())), sentence, editor);
 }
 } // namespace
+
+void FieldDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
+{
+    const QColor base = option->palette.color(QPalette::Base);
+    QStyledItemDelegate::initStyleOption(option, index);
+    const QColor text = option->palette.color(QPalette::Text);
+    if (index.data(Qt::ForegroundRole).isValid() &&
+        ProblemLabel::contrast(text, base) < ProblemLabel::LeastContrast)
+        option->palette.setColor(QPalette::Text, ProblemLabel::colorOn(base));
+}
+
+void FieldDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
+                          const QModelIndex &index) const
+{
+    QStyledItemDelegate::paint(painter, option, index);
+    if (!option.state.testFlag(QStyle::State_HasFocus))
+        return;
+    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    painter->save();
+    painter->setPen(
+        QPen(option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Highlight),
+             FrameWidth));
+    painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
+    painter->restore();
+}
+
+QString FieldDelegate::displayText(const QVariant &value, const QLocale &locale) const
+{
+    const QString text = QStyledItemDelegate::displayText(value, locale);
+    return QGuiApplication::isRightToLeft() && !text.isEmpty()
+               ? FirstStrongIsolate + text + PopIsolate
+               : text;
+}
 
 QWidget *FieldDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &,
                                      const QModelIndex &index) const

@@ -11,6 +11,11 @@ class FieldDelegate : public QStyledItemDelegate
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    /// With a frame around the cell that the keyboard edits.
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override;
+    /// In windows that are written from the right, telephone numbers still begin at the left.
+    QString displayText(const QVariant &value, const QLocale &locale) const override;
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                           const QModelIndex &index) const override;
     void setEditorData(QWidget *editor, const QModelIndex &index) const override;
@@ -20,5 +25,7 @@ public:
                               const QModelIndex &index) const override;
 
 protected:
+    /// The red of negative numbers is one that can be read on the colours of the desktop.
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
     bool eventFilter(QObject *object, QEvent *event) override;
 };

@@ -1,6 +1,7 @@
 #include "FieldEditor.h"
 
 #include "Appearance/ProblemLabel.h"
+#include "Appearance/Sentence.h"
 #include "TextInput.h"
 
 #include <QEvent>
@@ -49,8 +50,8 @@ void FieldEditor::makeTextInput()
 void FieldEditor::fitHeight()
 {
     const int lines = qBound(1, _lines->blockCount(), MostLines);
-    const int around = 2 * int(_lines->document()->documentMargin()) + 2 * _lines->frameWidth();
-    _lines->setFixedHeight(lines * _lines->fontMetrics().lineSpacing() + around);
+    const int oneLine = _lines->fontMetrics().lineSpacing();
+    _lines->setFixedHeight(_lines->heightOfLineEdit() + (lines - 1) * oneLine);
     _lines->setVerticalScrollBarPolicy(_lines->blockCount() > MostLines ? Qt::ScrollBarAsNeeded
                                                                         : Qt::ScrollBarAlwaysOff);
 }
@@ -89,10 +90,11 @@ void FieldEditor::setPlaceholderText(const QString &text)
 
 void FieldEditor::setProblem(const QString &reason)
 {
-    _problem->setText(reason);
-    _problem->setVisible(!reason.isEmpty());
-    input()->setAccessibleDescription(reason);
-    input()->setToolTip(reason);
+    const QString sentence = Sentence::of(reason);
+    _problem->setText(sentence);
+    _problem->setVisible(!sentence.isEmpty());
+    input()->setAccessibleDescription(sentence);
+    input()->setToolTip(sentence);
 }
 
 QString FieldEditor::problem() const

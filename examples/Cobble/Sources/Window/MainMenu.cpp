@@ -1,5 +1,7 @@
 #include "MainMenu.h"
 
+#include "Appearance/Icons.h"
+
 #include <KTUtility/KTLogger>
 #include <KTUtility/NSMenuItem>
 
@@ -29,6 +31,7 @@ void addItems(QMenu *menu, const QList<Item> &items)
             NSMenuItem::addItem(menu, QString(), NSSelector(item.action), item.target);
         added->setText(item.title);
         added->setShortcut(item.shortcut);
+        added->setIcon(Icons::ofAction(QString::fromLatin1(item.action)));
         added->setObjectName(QString::fromLatin1(item.action));
     }
 }
@@ -73,6 +76,9 @@ void MainMenu::add(QMainWindow *window, QObject *controller, QObject *applicatio
     addItems(bar->addMenu(tr("&View")), {{tr("&Record Count"), "showRecordCount:", controller,
                                           QKeySequence(u"Ctrl+Shift+C"_qs)}});
     QMenu *const help = bar->addMenu(tr("&Help"));
-    addItems(help, {{tr("&About Cobble"), "showAbout:", controller, QKeySequence()}});
+    addItems(help, {{tr("Cobble &Help"), "showHelp:", application, QKeySequence::HelpContents},
+                    {tr("&Keyboard Shortcuts"), "showShortcuts:", application, QKeySequence()},
+                    Line,
+                    {tr("&About Cobble"), "showAbout:", controller, QKeySequence()}});
     addLoggingMenu(help, logger);
 }

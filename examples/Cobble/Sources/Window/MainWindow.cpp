@@ -1,5 +1,6 @@
 #include "MainWindow.h"
 
+#include "Appearance/Icons.h"
 #include "DetailPane.h"
 #include "FieldDelegate.h"
 #include "RecordTableModel.h"
@@ -11,6 +12,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
+#include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -21,19 +24,23 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int WidestColumn = 240;
-constexpr int RowsLookedAt = 100;
 } // namespace
 
 MainWindow::MainWindow(NSArrayController *records, RecordTableModel *model)
 {
+    // What is made first has the keyboard first: from above to below, as one reads.
+    makeSearch();
     auto *const beside = new QSplitter;
     beside->addWidget(makeLibraries());
     beside->addWidget(makePages(records, model));
     beside->setStretchFactor(1, 1);
     beside->setSizes({180, 820});
+    beside->setObjectName(u"librariesSplitter"_s);
     setCentralWidget(beside);
-    makeSearch();
     makeCount();
+    // The bar is the only way to see what is searched for.
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    _table->setFocus();
     resize(1000, 700);
 }
 
@@ -45,19 +52,36 @@ QWidget *MainWindow::makePages(NSArrayController *records, RecordTableModel *mod
     both->addWidget(makeDetail(records));
     both->setStretchFactor(0, 1);
     both->setSizes({400, 240});
+    both->setObjectName(u"formSplitter"_s);
     _notice = new QLabel;
     _notice->setTextFormat(Qt::PlainText);
     _notice->setAlignment(Qt::AlignCenter);
     _notice->setWordWrap(true);
     _pages = new QStackedWidget;
     _pages->addWidget(both);
-    _pages->addWidget(_notice);
+    _pages->addWidget(makeNotice());
     return _pages;
+}
+
+/// The notice with a button below it, for those who have nothing yet.
+QWidget *MainWindow::makeNotice()
+{
+    _importButton = new QPushButton(tr("Import…"));
+    _importButton->setIcon(Icons::named(u"document-import"_s));
+    _importButton->hide();
+    auto *const page = new QWidget;
+    auto *const layout = new QVBoxLayout(page);
+    layout->addStretch();
+    layout->addWidget(_notice);
+    layout->addWidget(_importButton, 0, Qt::AlignHCenter);
+    layout->addStretch();
+    return page;
 }
 
 QWidget *MainWindow::makeLibraries()
 {
     _libraries = new QListWidget;
+    _libraries->setIconSize(QSize(16, 16));
     _libraries->setAccessibleName(tr("Libraries"));
     return _libraries;
 }
@@ -74,9 +98,10 @@ QWidget *MainWindow::makeRecords(RecordTableModel *model)
     _table->setTabKeyNavigation(false);
     _table->verticalHeader()->hide();
     _table->verticalHeader()->setDefaultSectionSize(_table->fontMetrics().height() + 8);
+    _table->horizontalHeader()->setHighlightSections(false);
+    _table->horizontalHeader()->setSectionsMovable(true);
     _table->horizontalHeader()->setSortIndicatorClearable(true);
     _table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
-    _table->horizontalHeader()->setResizeContentsPrecision(RowsLookedAt);
     _table->setSortingEnabled(true);
     return _table;
 }
@@ -102,6 +127,7 @@ void MainWindow::makeSearch()
     auto *const bar = addToolBar(tr("Search"));
     bar->setObjectName(u"searchBar"_s);
     bar->setMovable(false);
+    bar->toggleViewAction()->setVisible(false);
     auto *const spacer = new QWidget;
     spacer->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     bar->addWidget(spacer);
@@ -111,6 +137,9 @@ void MainWindow::makeSearch()
     _search->setClearButtonEnabled(true);
     _search->setMaximumWidth(280);
     bar->addWidget(_search);
+    auto *const clearing = new QShortcut(Qt::Key_Escape, _search);
+    clearing->setContext(Qt::WidgetShortcut);
+    QObject::connect(clearing, &QShortcut::activated, _search, &QLineEdit::clear);
 }
 
 void MainWindow::makeCount()
@@ -120,9 +149,10 @@ void MainWindow::makeCount()
     statusBar()->addPermanentWidget(_count);
 }
 
-void MainWindow::setNotice(const QString &text)
+void MainWindow::setNotice(const QString &text, bool offersImport)
 {
     _notice->setText(text);
+    _importButton->setVisible(offersImport);
     _pages->setCurrentIndex(text.isNull() ? 0 : 1);
 }
 

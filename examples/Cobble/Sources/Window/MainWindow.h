@@ -8,6 +8,7 @@ class DetailPane;
 class QLabel;
 class QLineEdit;
 class QListWidget;
+class QPushButton;
 class QStackedWidget;
 class RecordTableModel;
 class RecordTableView;
@@ -27,8 +28,12 @@ public:
     QLineEdit *search() const { return _search; }
     QLabel *count() const { return _count; }
 
+    /// Imports something where there is nothing yet.
+    QPushButton *importButton() const { return _importButton; }
+
     /// Shows a text in place of the records; nil shows the records.
-    void setNotice(const QString &text);
+    /// \param offersImport with the button below it.
+    void setNotice(const QString &text, bool offersImport = false);
     /// Makes the columns as wide as their texts, within reason.
     void fitColumns();
 
@@ -39,6 +44,7 @@ private:
     QWidget *makeDetail(NSArrayController *records);
     void makeSearch();
     void makeCount();
+    QWidget *makeNotice();
 
     QListWidget *_libraries = nullptr;
     RecordTableView *_table = nullptr;
@@ -46,5 +52,6 @@ private:
     QLineEdit *_search = nullptr;
     QLabel *_count = nullptr;
     QLabel *_notice = nullptr;
+    QPushButton *_importButton = nullptr;
     QStackedWidget *_pages = nullptr;
 };

@@ -1,6 +1,8 @@
 #include "MainWindowController.h"
 
 #include "Appearance/Counts.h"
+#include "Appearance/Icons.h"
+#include "Appearance/Sentence.h"
 #include "DesktopApplication.h"
 #include "DetailPane.h"
 #include "MainMenu.h"
@@ -21,6 +23,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QStatusBar>
 
@@ -84,8 +87,8 @@ void MainWindowController::windowDidLoad()
     connectDetail(mainWindow()->detail());
     connectSheets();
     listLibraries();
-    const QList<Library> &libraries = _application->bundle()->libraries();
-    showLibrary(libraries.isEmpty() ? QString() : libraries.first().name);
+    _columns = std::make_unique<RememberedColumns>(mainWindow()->table()->horizontalHeader());
+    showLibrary(_application->libraryToShow());
 }
 
 void MainWindowController::connectParts()
@@ -102,7 +105,8 @@ void MainWindowController::connectParts()
     QObject::connect(&_records, &NSArrayController::arrangedObjectsChanged, this,
                      &MainWindowController::showCount);
     QObject::connect(_model.get(), &RecordTableModel::rejected, this,
-                     [this](const QModelIndex &, const QString &why) { tell(why); });
+                     [this](const QModelIndex &, const QString &why) { tell(Sentence::of(why)); });
+    QObject::connect(shown->importButton(), &QPushButton::clicked, this, [this] { importFile(); });
     QObject::connect(_application->bundle(), &OpenBundle::librariesChanged, this,
                      &MainWindowController::listLibraries);
     QObject::connect(_application->bundle(), &OpenBundle::stepMade, this,
@@ -150,6 +154,7 @@ void MainWindowController::listLibraries()
         for (const Library &library : _application->bundle()->libraries()) {
             auto *const item = new QListWidgetItem(printableText(library.name), list);
             item->setData(Qt::UserRole, library.name);
+            item->setIcon(Icons::named(u"x-office-spreadsheet"_s));
         }
     }
     if (!_application->bundle()->isCurrent(_library))
@@ -195,6 +200,8 @@ void MainWindowController::selectInList(const QString &name)
 /// Releases the library, before its records are destroyed.
 void MainWindowController::forget()
 {
+    if (_columns && _library && isWindowLoaded() && _application->remembers())
+        _columns->save();
     // The next records may lack the keys of these.
     _records.setContent({});
     _records.setFilterPredicate({});
@@ -221,13 +228,27 @@ void MainWindowController::setLibrary(const std::shared_ptr<OpenLibrary> &librar
     }
     QObject::connect(library.get(), &OpenLibrary::recordsWillGo, this,
                      &MainWindowController::showRecords);
-    QObject::connect(library.get(), &OpenLibrary::refused, this, &MainWindowController::tell);
+    QObject::connect(library.get(), &OpenLibrary::refused, this,
+                     [this](const QString &why) { tell(Sentence::of(why)); });
     mainWindow()->detail()->setFields(library->fields());
     _model->setLibrary(library);
     showRecords();
     search();
     mainWindow()->fitColumns();
+    restoreColumns();
     _records.setSelectionIndex(0);
+}
+
+/// As they were left when this library was shown last.
+void MainWindowController::restoreColumns()
+{
+    QStringList keys;
+    for (const LibraryField &field : _library->definition().fields)
+        keys += field.columnName;
+    if (_application->remembers())
+        _columns->open(_application->bundle()->bundle().bundlePath() + u' ' +
+                           _library->definition().name,
+                       keys);
 }
 
 void MainWindowController::showRecords()
@@ -248,6 +269,15 @@ void MainWindowController::showCount()
         text = shown == all ? Counts::records(all) : Counts::recordsOf(shown, all);
     }
     mainWindow()->count()->setText(text);
+    mainWindow()->table()->setEmptyText(emptyText());
+}
+
+QString MainWindowController::emptyText() const
+{
+    if (!_library)
+        return {};
+    return _library->recordCount() == 0 ? tr("There are no records yet.")
+                                        : tr("No record has what you search for.");
 }
 
 void MainWindowController::showNotice(const QString &error)
@@ -256,11 +286,12 @@ void MainWindowController::showNotice(const QString &error)
     if (_library)
         mainWindow()->setNotice(QString());
     else if (!problem.isNull())
-        mainWindow()->setNotice(problem);
+        mainWindow()->setNotice(Sentence::of(problem));
     else if (_application->bundle()->libraries().isEmpty())
         mainWindow()->setNotice(
             tr("There are no libraries yet.\nFile ▸ Import… makes one of a table or of "
-               "address cards."));
+               "address cards."),
+            true);
     else
         mainWindow()->setNotice(tr("Choose a library from the list."));
 }
@@ -385,8 +416,8 @@ void MainWindowController::queueAfterImport(const QString &libraryName)
     const auto result =
         exposedDialogDatasource().value(ImportSheet::ResultKey).value<ImportResult>();
     const qsizetype count = result.stored.recordCount;
-    tellDone(
-        tr("Imported %1 record(s)", nullptr, Counts::plural(count)).arg(Counts::number(count)));
+    // The summary that follows says more.
+    tell(tr("Imported %1 record(s)", nullptr, Counts::plural(count)).arg(Counts::number(count)));
     addDialogControllerToQueue(&_importSummary);
     if (!_library || _library->definition().name != libraryName)
         addDialogControllerToQueue(&_showLibraryAlert);
@@ -414,7 +445,7 @@ void MainWindowController::deleteRecords(QAction *)
     const Outcome<> removed = change([&] { return _library->removeRecords(records); });
     tell(removed ? tr("Deleted %1 record(s)", nullptr, Counts::plural(records.size()))
                        .arg(Counts::number(records.size()))
-                 : removed.reason());
+                 : Sentence::of(removed.reason()));
 }
 
 // --- Steps --------------------------------------------------------------------------------------

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Appearance/RememberedColumns.h"
 #include "ExportSheet.h"
 #include "ImportSummary.h"
 #include "Journal/StepStack.h"
@@ -92,6 +93,8 @@ private:
     void forget();
     void showRecords();
     void showCount();
+    void restoreColumns();
+    QString emptyText() const;
     void showNotice(const QString &error);
     void tell(const QString &message);
     void tellDone(const QString &message);
@@ -115,6 +118,7 @@ private:
     std::unique_ptr<RecordTableModel> _model;
     std::unique_ptr<KTArraySelection> _selection;
     std::shared_ptr<OpenLibrary> _library;
+    std::unique_ptr<RememberedColumns> _columns;
     QTimer _searchTimer;
     /// What was done and is still to be reported.
     QString _done;

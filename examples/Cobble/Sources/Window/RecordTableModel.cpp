@@ -1,5 +1,6 @@
 #include "RecordTableModel.h"
 
+#include "Appearance/FieldTitle.h"
 #include "ShortText.h"
 #include "Text/CSVText.h"
 #include "ValueOrder.h"
@@ -20,7 +21,7 @@ KTArrayColumn columnFor(const std::shared_ptr<OpenLibrary> &library, qsizetype i
     const LibraryField &field = library->definition().fields.at(index);
     // The formatter lives as long as the library.
     const std::shared_ptr<const NSFormatter> formatter(library, library->reader(index).formatter());
-    return KTArrayColumn(field.columnName, ShortText::firstLine(field.title()), formatter)
+    return KTArrayColumn(field.columnName, ShortText::firstLine(FieldTitle::of(field)), formatter)
         .setComparator(ValueOrder::compare)
         .setAlignment((isNumber(field.type) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter)
         // Media are files that were stored; a name that somebody types is none of them.

@@ -5,9 +5,13 @@
 
 #include <QDrag>
 #include <QMimeData>
+#include <QPainter>
 
 namespace {
 constexpr int WidestPicture = 260;
+/// By which columns are measured.
+constexpr int RowsLookedAt = 200;
+constexpr int TextGap = 16;
 /// More opaque than this, the picture hides where it is dropped.
 constexpr qreal Opacity = 0.85;
 
@@ -27,6 +31,37 @@ RecordTableView::RecordTableView(QWidget *parent) : QTableView(parent)
 {
     setDragEnabled(true);
     setDragDropMode(QAbstractItemView::DragOnly);
+}
+
+void RecordTableView::setEmptyText(const QString &text)
+{
+    _emptyText = text;
+    viewport()->update();
+}
+
+void RecordTableView::paintEvent(QPaintEvent *event)
+{
+    QTableView::paintEvent(event);
+    if (_emptyText.isEmpty() || !model() || model()->rowCount() > 0)
+        return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(viewport()->rect().adjusted(TextGap, TextGap, -TextGap, -TextGap),
+                     int(Qt::AlignCenter) | Qt::TextWordWrap, _emptyText);
+}
+
+int RecordTableView::sizeHintForColumn(int column) const
+{
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    const int rows = model() ? model()->rowCount() : 0;
+    int width = 0;
+    for (int look = 0; look < qMin(rows, RowsLookedAt); ++look) {
+        const int row = int(qint64(look) * rows / qMin(rows, RowsLookedAt));
+        const QModelIndex index = model()->index(row, column);
+        width = qMax(width, itemDelegateForIndex(index)->sizeHint(option, index).width());
+    }
+    return showGrid() ? width + 1 : width;
 }
 
 QImage RecordTableView::dragPicture(qsizetype rows) const

@@ -1,5 +1,7 @@
 #include "TransferSheet.h"
 
+#include "Appearance/Sentence.h"
+
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLabel>
@@ -61,9 +63,10 @@ QString TransferSheet::problem()
 void TransferSheet::showProblem(const QString &problem)
 {
     auto *const label = outlet<QLabel>(u"problemLabel"_s);
-    label->setText(problem);
-    label->setVisible(!problem.isEmpty());
-    outlet<QLineEdit>(u"fileEdit"_s)->setAccessibleDescription(problem);
+    const QString sentence = Sentence::of(problem);
+    label->setText(sentence);
+    label->setVisible(!sentence.isEmpty());
+    outlet<QLineEdit>(u"fileEdit"_s)->setAccessibleDescription(sentence);
 }
 
 void TransferSheet::setInputsEnabled(bool isEnabled)
