@@ -310,8 +310,11 @@ void MainWindowController::tellDone(const QString &message)
         showDone();
 }
 
+/// Not over dialogs that are still to come.
 void MainWindowController::showDone()
 {
+    if (!dialogQueue().isEmpty())
+        return;
     const QString message = std::exchange(_done, QString());
     if (!message.isNull())
         _application->showStatus(message, mainWindow());
@@ -416,11 +419,11 @@ void MainWindowController::queueAfterImport(const QString &libraryName)
     const auto result =
         exposedDialogDatasource().value(ImportSheet::ResultKey).value<ImportResult>();
     const qsizetype count = result.stored.recordCount;
-    // The summary that follows says more.
-    tell(tr("Imported %1 record(s)", nullptr, Counts::plural(count)).arg(Counts::number(count)));
     addDialogControllerToQueue(&_importSummary);
     if (!_library || _library->definition().name != libraryName)
         addDialogControllerToQueue(&_showLibraryAlert);
+    tellDone(
+        tr("Imported %1 record(s)", nullptr, Counts::plural(count)).arg(Counts::number(count)));
 }
 
 void MainWindowController::findRecords(QAction *)
