@@ -6,14 +6,12 @@
 #include <QString>
 
 #include <functional>
-#include <optional>
-#include <vector>
 
 /// Looks for a number that no copy of a file has yet.
 ///
 /// The number is the one that the search by steps gives: 0 to 3 one by one, then doubling from 4 up
 /// to a free number, halving down to one that is taken, and up again one by one. The folder is
-/// opened once; when many numbers in a row are taken, it is listed instead of being asked for each.
+/// opened once and asked for each number.
 class KTUTILITY_EXPORT KTInstanceNumbers
 {
 public:
@@ -30,11 +28,8 @@ public:
 
 private:
     bool exists(int number);
-    bool existsInFolder(const char *name) const;
     int freeUpperBound(int *lower);
     int firstFree(int from, int to);
-    void listFolder(int from, int to);
-    std::optional<int> numberOf(const char *name) const;
 
     int _folder;
     QByteArray _prefix;
@@ -42,7 +37,4 @@ private:
     // The name that was asked for last.
     QByteArray _name;
     std::function<void(int)> _willAsk;
-    // What the listing said of the numbers from _firstListed on.
-    int _firstListed = 0;
-    std::vector<bool> _listed;
 };

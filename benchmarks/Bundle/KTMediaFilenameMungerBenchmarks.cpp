@@ -29,22 +29,17 @@ private:
     QTemporaryDir _folder;
 };
 
-const Copies &tenThousand()
+template<int Count>
+const Copies &copies()
 {
-    static const Copies copies(10000);
+    static const Copies copies(Count);
     return copies;
 }
 
-const Copies &twentyThousand()
-{
-    static const Copies copies(20000);
-    return copies;
-}
-
-template<const Copies &(*Folder)()>
+template<int Count>
 void peerListing(benchmark::State &state)
 {
-    const QByteArray path = Folder().folder();
+    const QByteArray path = copies<Count>().folder();
     for (auto _ : state) {
         DIR *const folder = ::opendir(path.constData());
         while (const dirent *entry = ::readdir(folder))
@@ -53,21 +48,28 @@ void peerListing(benchmark::State &state)
     }
 }
 
-template<const Copies &(*Folder)()>
+template<int Count>
 void nextNumber(benchmark::State &state)
 {
-    const QString path = Folder().path(u"photo.jpg"_s);
+    const QString path = copies<Count>().path(u"photo.jpg"_s);
     for (auto _ : state)
         benchmark::DoNotOptimize(
             KTMediaFilenameMunger::nextInstanceNumberForOriginalFilename(path));
 }
 
-BENCHMARK(peerListing<tenThousand>)->Name("Media/peer: listing of 10,000 copies");
-BENCHMARK(nextNumber<tenThousand>)->Name("Media/next number, 10,000 copies");
-BENCHMARK(peerListing<twentyThousand>)->Name("Media/peer: listing of 20,000 copies");
-BENCHMARK(nextNumber<twentyThousand>)->Name("Media/next number, 20,000 copies");
+BENCHMARK(peerListing<10000>)->Name("Media/peer: listing of 10,000 copies");
+BENCHMARK(nextNumber<10000>)->Name("Media/next number, 10,000 copies");
+BENCHMARK(peerListing<20000>)->Name("Media/peer: listing of 20,000 copies");
+BENCHMARK(nextNumber<20000>)->Name("Media/next number, 20,000 copies");
+BENCHMARK(peerListing<32767>)->Name("Media/peer: listing of 32,767 copies");
+BENCHMARK(nextNumber<32767>)->Name("Media/next number, 32,767 copies");
+BENCHMARK(peerListing<100000>)->Name("Media/peer: listing of 100,000 copies");
+BENCHMARK(nextNumber<100000>)->Name("Media/next number, 100,000 copies");
 
+// The search goes the longest way, to a fourth of all numbers, just below a power of two.
 const bool isRegistered =
-    compareWith("Media/next number, 10,000 copies", "Media/peer: listing of 10,000 copies", 1.2) &&
-    compareWith("Media/next number, 20,000 copies", "Media/peer: listing of 20,000 copies", 1.3);
+    compareWith("Media/next number, 10,000 copies", "Media/peer: listing of 10,000 copies", 0.35) &&
+    compareWith("Media/next number, 20,000 copies", "Media/peer: listing of 20,000 copies", 0.35) &&
+    compareWith("Media/next number, 32,767 copies", "Media/peer: listing of 32,767 copies", 0.8) &&
+    compareWith("Media/next number, 100,000 copies", "Media/peer: listing of 100,000 copies", 0.2);
 } // namespace
