@@ -18,7 +18,8 @@ QString KTStringTransformCache::transformedStringForOriginalString(const QString
                                                                    const QString &inDomain) const
 {
     const auto found = _cache.find(inDomain);
-    return found == _cache.end() ? QString() : found->second.value(original);
+    const QString *const known = found == _cache.end() ? nullptr : found->second.find(original);
+    return known ? *known : QString();
 }
 
 QString KTStringTransformCache::originalStringForTransformedString(const QString &transformed,
@@ -28,9 +29,9 @@ QString KTStringTransformCache::originalStringForTransformedString(const QString
     if (found == _cache.end())
         return {};
     QString smallest;
-    for (auto entry = found->second.begin(); entry != found->second.end(); ++entry) {
-        if (entry.value() == transformed && (smallest.isNull() || entry.key() < smallest))
-            smallest = entry.key();
+    for (const Domain::Entry &entry : found->second) {
+        if (entry.transformed == transformed && (smallest.isNull() || entry.original < smallest))
+            smallest = entry.original;
     }
     return smallest;
 }

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "KTStringTransforms.h"
 #include <KTUtility/KTUtilityExport.h>
 
-#include <QHash>
+#include <QHashFunctions>
 #include <QString>
 
 #include <unordered_map>
@@ -22,7 +23,7 @@ class KTUTILITY_EXPORT KTStringTransformCache
 {
 public:
     /// Original text to transformed text.
-    using Domain = QHash<QString, QString>;
+    using Domain = KTStringTransforms;
 
     KTStringTransformCache() = default;
     KTStringTransformCache(const KTStringTransformCache &) = delete;

@@ -1,11 +1,13 @@
 #include "NSString_KTNaming.h"
 
 #include "KTStringTransformCache.h"
+#include <KTUtility/Platform/Text/ASCII_p.h>
 #include <KTUtility/Platform/Text/NSStringCase.h>
 #include <KTUtility/Platform/Text/NSStringEncoding.h>
 #include <KTUtility/Platform/Text/NSStringTrim.h>
 #include <KTUtility/Platform/Values/NSScanner.h>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -33,12 +35,18 @@ QString remembered(Domain &domain, const QString &original, Transform transform)
 {
     if (original.isNull())
         return {};
-    const auto known = domain.constFind(original);
-    if (known != domain.constEnd())
+    if (const QString *const known = domain.find(original))
         return *known;
     const QString transformed = transform(original);
     domain.insert(original, transformed);
     return transformed;
+}
+
+/// Whether a text begins and ends with something in ASCII that is seen.
+bool isVisiblyTrimmed(const QString &text)
+{
+    const auto isSeen = [](QChar unit) { return unit > u' ' && unit < u'\x7F'; };
+    return !text.isEmpty() && isSeen(text.front()) && isSeen(text.back());
 }
 
 QString lastPiece(const QString &string)
@@ -62,8 +70,39 @@ QString lowerCasedSingleWord(const QString &word)
     return beginsWithCapital(word) ? NSString::stringByLowercasingFirstCharacter(word) : word;
 }
 
+bool isDigit(char16_t unit)
+{
+    return unit >= u'0' && unit <= u'9';
+}
+
+/// The same as makePropertyString() for ASCII, which most names are, in one pass.
+QString makeASCIIPropertyString(const QString &trimmed)
+{
+    const bool isOneWord = !trimmed.contains(u' ');
+    bool isFirstWord = true;
+    bool isAtStart = true;
+    QString result(trimmed.size(), Qt::Uninitialized);
+    QChar *end = result.data();
+    for (const QChar each : trimmed) {
+        const char16_t unit = each.unicode();
+        if (ASCII::isLetter(unit)) {
+            const bool keepsCase = isOneWord && !isAtStart;
+            const bool isCapital = !isFirstWord && isAtStart;
+            *end++ = keepsCase ? each : QChar(char16_t(isCapital ? unit & ~0x20 : unit | 0x20));
+        } else if (isDigit(unit)) {
+            *end++ = each;
+        }
+        isAtStart = unit == u' ';
+        isFirstWord = isFirstWord && !isAtStart;
+    }
+    result.truncate(end - result.constData());
+    return result;
+}
+
 QString makePropertyString(const QString &trimmed)
 {
+    if (ASCII::isAllOf(trimmed))
+        return makeASCIIPropertyString(trimmed);
     return KTAdditions::stringWithString(KTAdditions::bumpyCaseStringFromString(trimmed, false),
                                          NSCharacterSet::alphanumericCharacterSet());
 }
@@ -149,8 +188,10 @@ QString KTAdditions::lowerCaseNameFromString(const QString &string)
 
 QString KTAdditions::propertyStringFromString(const QString &string)
 {
-    return remembered(domains().properties, NSString::stringByTrimmingWhitespaceAndNewlines(string),
-                      makePropertyString);
+    return remembered(
+        domains().properties,
+        isVisiblyTrimmed(string) ? string : NSString::stringByTrimmingWhitespaceAndNewlines(string),
+        makePropertyString);
 }
 
 QString KTAdditions::entityStringFromString(const QString &string)

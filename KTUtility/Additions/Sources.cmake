@@ -2,6 +2,7 @@ target_sources(KTUtility PRIVATE
     Additions/CIImage_KTAdditions.cpp
     Additions/KTImageBadger.cpp
     Additions/KTStringTransformCache.cpp
+    Additions/KTStringTransforms.cpp
     Additions/NSArray_KTAdditions.cpp
     Additions/NSArray_KTUniqueNames.cpp
     Additions/NSAttributedString_KTAdditions.cpp

@@ -1,8 +1,11 @@
 #include <KTUtility/KTStringTransformCache>
+#include <KTUtility/NSStringTrim>
 #include <KTUtility/NSString_KTNaming>
 
 #include "support/NamedCharacterSets.h"
 #include "support/TestSupport.h"
+
+#include <QRandomGenerator>
 
 #include <map>
 
@@ -170,6 +173,22 @@ TEST(NSString_KTNaming, TrimmedTextsShareTheCachedObject)
     const QString padded = propertyStringFromString(u" \n First Name\t"_s);
     EXPECT_EQ(padded.constData(), plain.constData());
     EXPECT_EQ(KTStringTransformCache::sharedCache()->domain(u"properties"_s).size(), 1);
+}
+
+TEST(NSString_KTNaming, NamesInASCIIAreThoseOfTheLongWay)
+{
+    QRandomGenerator random(3);
+    const QStringView units = u"aZ bY 09-_.\t\n\u007F";
+    for (int count = 0; count < 20000; ++count) {
+        QString text(random.bounded(10), u' ');
+        for (QChar &unit : text)
+            unit = units[random.bounded(int(units.size()))];
+        const QString trimmed = NSString::stringByTrimmingWhitespaceAndNewlines(text);
+        const QString expected = stringWithString(bumpyCaseStringFromString(trimmed, false),
+                                                  NSCharacterSet::alphanumericCharacterSet());
+        EXPECT_EQ(propertyStringFromString(text), expected) << qPrintable(text);
+        EXPECT_FALSE(propertyStringFromString(text).isNull());
+    }
 }
 
 TEST(NSString_KTNaming, FiltersNeverPassWhitespace)

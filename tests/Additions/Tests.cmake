@@ -3,6 +3,7 @@ target_sources(KTUtilityTests PRIVATE
     Additions/CollectionRows.cpp
     Additions/KTImageBadgerTests.cpp
     Additions/KTStringTransformCacheTests.cpp
+    Additions/KTStringTransformsTests.cpp
     Additions/KTViewsTests.cpp
     Additions/NSArray_KTAdditionsTableTests.cpp
     Additions/NSArray_KTAdditionsTests.cpp
