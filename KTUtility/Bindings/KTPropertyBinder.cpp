@@ -2,6 +2,7 @@
 
 #include <KTUtility/Platform/AppKit/NSKeyValueBinding.h>
 #include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
+#include <KTUtility/Platform/Keys/KeySetter_p.h>
 #include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
 #include <KTUtility/Platform/Keys/NSSelectionMarker.h>
 #include <KTUtility/Platform/Values/NSException.h>
@@ -46,7 +47,22 @@ QString rejectionOf(const Function &function)
 /// bound to something else, or destroyed.
 struct KTPropertyBinder::Binding
 {
+    explicit Binding(const QString &ownerKey = {}) : ownerKey(ownerKey) {}
+
     bool hasObject() const { return object || !isOfObject; }
+
+    /// The value at the end of the path. A getter may lead here again: what reads is out of the way
+    /// until then. It is kept from the second value on, since most rows of a form are shown once.
+    QVariant read() const
+    {
+        std::unique_ptr<KeyPath> reading = std::exchange(path, nullptr);
+        if (!reading)
+            reading = std::make_unique<KeyPath>(keyPath);
+        QVariant value = reading->read(KeyValueTarget::of(object.data()));
+        if (turn > 1)
+            path = std::move(reading);
+        return value;
+    }
 
     QPointer<QObject> object;
     bool isOfObject = false; ///< or of none from the start
@@ -55,12 +71,14 @@ struct KTPropertyBinder::Binding
     std::shared_ptr<NSValueTransformer> transformer;
     bool isObserving = false;
     bool isOver = false;
-    bool isBeginning = false;            ///< the next value is the first
-    quint64 turn = 0;                    ///< counts how often the value was read
-    int depth = 0;                       ///< how often the owner is being set just now
-    bool isLooping = false;              ///< too often: until all of that is over
-    std::optional<QVariant> placeholder; ///< what the owner shows instead of a value
-    QVariant placeholderShown;           ///< what the owner has made of it
+    bool isBeginning = false;              ///< the next value is the first
+    quint64 turn = 0;                      ///< counts how often the value was read
+    int depth = 0;                         ///< how often the owner is being set just now
+    bool isLooping = false;                ///< too often: until all of that is over
+    std::optional<QVariant> placeholder;   ///< what the owner shows instead of a value
+    QVariant placeholderShown;             ///< what the owner has made of it
+    mutable std::unique_ptr<KeyPath> path; ///< null: to be made
+    KeySetter ownerKey;
 };
 
 KTPropertyBinder::KTPropertyBinder() = default;
@@ -83,7 +101,7 @@ bool KTPropertyBinder::willHandleBindingName(const QString &name) const
 void KTPropertyBinder::bind(const QString & /*binding*/, QObject *toObject,
                             const QString &withKeyPath, const QVariantMap &options)
 {
-    const auto binding = std::make_shared<Binding>();
+    const auto binding = std::make_shared<Binding>(_boundKey);
     binding->object = toObject;
     binding->isOfObject = toObject != nullptr;
     // They may be this binder's own.
@@ -105,8 +123,8 @@ void KTPropertyBinder::observe(const std::shared_ptr<Binding> &binding)
 {
     binding->isObserving = true;
     try {
-        NSKeyValueObserving::addObserver(binding->object, this, binding->keyPath,
-                                         NSKeyValueObservingOptionNew);
+        // Without values: they are read afresh.
+        NSKeyValueObserving::addObserver(binding->object, this, binding->keyPath, 0);
     } catch (...) {
         if (!binding->isOver)
             _unbind();
@@ -135,7 +153,7 @@ void KTPropertyBinder::_unbind()
 /// What is bound; nothing once the object is destroyed.
 const KTPropertyBinder::Binding &KTPropertyBinder::current() const
 {
-    static const Binding none{};
+    static const Binding none;
     return _binding && _binding->hasObject() ? *_binding : none;
 }
 
@@ -184,7 +202,7 @@ void KTPropertyBinder::observeValueForKeyPath(const QString &, QObject *, const 
 QVariant KTPropertyBinder::observedValue(const Binding &binding)
 {
     try {
-        return NSKeyValueCoding::valueForKeyPath(binding.object, binding.keyPath);
+        return binding.read();
     } catch (const NSException &exception) {
         if (exception.name() != NSUndefinedKeyException)
             throw;
@@ -251,10 +269,8 @@ void KTPropertyBinder::setInOwner(const std::shared_ptr<Binding> &binding, const
     });
     const std::shared_ptr<bool> flag = _processingObservationChange;
     const QScopedValueRollback<bool> processing(*flag, true);
-    // The binder may be gone before the value is set.
-    const QString key = _boundKey;
     if (_owner)
-        NSKeyValueCoding::setValue(_owner.data(), value, key);
+        binding->ownerKey.set(_owner, value);
 }
 
 // --- From the owner to the observed object ------------------------------------------------------

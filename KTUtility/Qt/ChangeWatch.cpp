@@ -5,12 +5,13 @@
 #include <KTUtility/Platform/Keys/NotifySignals_p.h>
 
 #include <QMetaProperty>
+#include <QScopeGuard>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 ChangeWatch::ChangeWatch(QObject *object, std::function<void()> changed)
-    : _object(object), _changed(std::make_shared<const std::function<void()>>(std::move(changed)))
+    : _object(object), _changed(std::move(changed))
 {
     if (!object)
         return;
@@ -29,7 +30,9 @@ void ChangeWatch::stop()
     if (_object)
         QObject::disconnect(_object, nullptr, this, nullptr);
     _object = nullptr;
-    _changed.reset();
+    // The function may be running.
+    if (_calls == 0)
+        _changed = nullptr;
 }
 
 QString ChangeWatch::changingName() const
@@ -41,12 +44,16 @@ QString ChangeWatch::changingName() const
 void ChangeWatch::objectChanged()
 {
     const std::shared_ptr<ChangeWatch> self = shared_from_this();
-    const auto changed = _changed;
+    ++_calls;
+    const auto returning = qScopeGuard([this] {
+        if (--_calls == 0 && !_object)
+            _changed = nullptr;
+    });
     const ChangeChain chain(this);
     if (chain.isEndless() || !_object)
         return;
     try {
-        (*changed)();
+        _changed();
     } catch (const std::exception &failure) {
         NSLog(u"*** exception in an observer of %@: %@", changingName(),
               QString::fromUtf8(failure.what()));

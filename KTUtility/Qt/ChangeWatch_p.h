@@ -33,7 +33,8 @@ private Q_SLOTS:
 
 private:
     QPointer<QObject> _object;
-    std::shared_ptr<const std::function<void()>> _changed; ///< null once it has stopped
+    std::function<void()> _changed; ///< none once it has stopped and returned
+    int _calls = 0;
     std::vector<QPropertyNotifier> _notifiers;
 };
 } // namespace KTPrivate

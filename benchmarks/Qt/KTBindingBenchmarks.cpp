@@ -39,6 +39,42 @@ void followByMembers(benchmark::State &state)
     benchmark::DoNotOptimize(target.amount());
 }
 
+/// What each change of a value is worth: a signal that sets another one, which tells of that itself.
+void followBySignal(benchmark::State &state)
+{
+    Purchase source(u"Tea"_s, 0);
+    Purchase target(u"Tea"_s, 0);
+    QObject::connect(&source, &Purchase::amountChanged, &target,
+                     [&] { target.setAmount(source.amount()); });
+    double amount = 0;
+    for (auto _ : state)
+        source.setAmount(++amount);
+    benchmark::DoNotOptimize(target.amount());
+}
+
+void observeByMember(benchmark::State &state)
+{
+    Purchase source(u"Tea"_s, 0);
+    double sum = 0;
+    const KTObservation observation =
+        KT::observe(&source, &Purchase::amount, [&sum](double, double now) { sum += now; });
+    double amount = 0;
+    for (auto _ : state)
+        source.setAmount(++amount);
+    benchmark::DoNotOptimize(sum);
+}
+
+void observeBySignal(benchmark::State &state)
+{
+    Purchase source(u"Tea"_s, 0);
+    double sum = 0;
+    QObject::connect(&source, &Purchase::amountChanged, &source, [&] { sum += source.amount(); });
+    double amount = 0;
+    for (auto _ : state)
+        source.setAmount(++amount);
+    benchmark::DoNotOptimize(sum);
+}
+
 void followByQProperty(benchmark::State &state)
 {
     QProperty<double> source(0);
@@ -97,12 +133,17 @@ void formByMapper(benchmark::State &state)
 }
 
 BENCHMARK(followByMembers)->Name("Qt/a value followed by members");
+BENCHMARK(followBySignal)->Name("Qt/peer: signal that sets a value");
+BENCHMARK(observeByMember)->Name("Qt/a value observed by member");
+BENCHMARK(observeBySignal)->Name("Qt/peer: signal and slot");
 BENCHMARK(followByQProperty)->Name("Qt/peer: QProperty followed");
 BENCHMARK(formByBinder)->Name("Qt/a form shows another record");
 BENCHMARK(formByMapper)->Name("Qt/peer: QDataWidgetMapper shows another record");
 
 const bool isRegistered =
     compareWith("Qt/a value followed by members", "Qt/peer: QProperty followed", 20) &&
+    compareWith("Qt/a value followed by members", "Qt/peer: signal that sets a value", 3) &&
+    compareWith("Qt/a value observed by member", "Qt/peer: signal and slot", 1.5) &&
     compareWith("Qt/a form shows another record", "Qt/peer: QDataWidgetMapper shows another record",
                 3);
 } // namespace

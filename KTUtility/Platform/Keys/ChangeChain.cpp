@@ -3,63 +3,33 @@
 #include <QStringList>
 #include <QtDebug>
 
-#include <algorithm>
-#include <vector>
-
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
-namespace {
-/// The sources that are just notifying, each called by the one before it.
-struct Running
-{
-    std::vector<const ChangeSource *> sources;
-    std::vector<const ChangeSource *> silenced;
-};
+ChangeSource::~ChangeSource() = default;
 
-Running &running()
+const ChangeChain *&ChangeChain::innermost()
 {
-    thread_local Running sources;
-    return sources;
+    constinit thread_local const ChangeChain *chain = nullptr;
+    return chain;
 }
 
-bool contains(const std::vector<const ChangeSource *> &list, const ChangeSource *source)
+/// The way from the source to itself.
+QString ChangeChain::round() const
 {
-    return std::find(list.begin(), list.end(), source) != list.end();
-}
-
-/// The way from a source to itself.
-QString roundOf(const ChangeSource *source)
-{
-    QStringList names{source->changingName()};
-    const auto &sources = running().sources;
-    for (auto each = sources.rbegin(); each != sources.rend(); ++each) {
-        names.prepend((*each)->changingName());
-        if (*each == source)
+    QStringList names{_source->changingName()};
+    for (const ChangeChain *each = _outer; each; each = each->_outer) {
+        names.prepend(each->_source->changingName());
+        if (each->_source == _source)
             break;
     }
     return names.join(u" → "_s);
 }
-} // namespace
 
-ChangeSource::~ChangeSource() = default;
-
-ChangeChain::ChangeChain(const ChangeSource *source) : _source(source)
+/// The source has gone round too often: it falls silent.
+bool ChangeChain::silenced() const
 {
-    auto &[sources, silenced] = running();
-    _isEndless = contains(silenced, source);
-    if (!_isEndless && std::count(sources.begin(), sources.end(), source) >= MostRounds) {
-        _isEndless = true;
-        silenced.push_back(source);
-        qCritical("*** values change each other without end: %s", qUtf8Printable(roundOf(source)));
-    }
-    sources.push_back(source);
-}
-
-ChangeChain::~ChangeChain()
-{
-    auto &[sources, silenced] = running();
-    sources.pop_back();
-    if (!silenced.empty() && !contains(sources, _source))
-        std::erase(silenced, _source);
+    _source->_isSilenced = true;
+    qCritical("*** values change each other without end: %s", qUtf8Printable(round()));
+    return true;
 }

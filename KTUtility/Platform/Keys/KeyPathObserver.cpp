@@ -23,6 +23,23 @@ QObject *objectIn(const QVariant &value)
 }
 } // namespace
 
+/// One call by a key on the path. Counting them is cheaper than sharing the observer with each.
+class KeyPathObserver::Call
+{
+public:
+    explicit Call(KeyPathObserver *observer) : _observer(observer) { ++observer->_calls; }
+    ~Call()
+    {
+        if (--_observer->_calls == 0 && _observer->_keptByCalls)
+            std::exchange(_observer->_keptByCalls, nullptr).reset();
+    }
+    Call(const Call &) = delete;
+    Call &operator=(const Call &) = delete;
+
+private:
+    KeyPathObserver *_observer;
+};
+
 KeyPathObserver::KeyPathObserver(QObject *object, const QString &keyPath,
                                  NSKeyValueObservingOptions options,
                                  NSKeyValueObservation::Callback callback)
@@ -60,17 +77,29 @@ void KeyPathObserver::start()
             throw;
         }
     }
-    if (!_isActive || (_options & NSKeyValueObservingOptionInitial) == 0)
-        return;
+    tellInitial();
+}
+
+void KeyPathObserver::tellInitial()
+{
     NSKeyValueChange change;
-    if ((_options & NSKeyValueObservingOptionNew) != 0)
+    if (wants(NSKeyValueObservingOptionNew))
         change.newValue = _lastValue;
-    _callback(change);
+    // What nobody asks for need not be kept.
+    if (!wants(NSKeyValueObservingOptionOld))
+        _lastValue.clear();
+    if (!wants(NSKeyValueObservingOptionNew | NSKeyValueObservingOptionOld))
+        _rest.reset();
+    if (_isActive && wants(NSKeyValueObservingOptionInitial))
+        _callback(change);
 }
 
 void KeyPathObserver::stop()
 {
     _isActive = false;
+    // Whoever owns it says so before letting go of it.
+    if (_calls > 0 && !_keptByCalls)
+        _keptByCalls = shared_from_this();
     leaveFrom(0);
 }
 
@@ -152,14 +181,14 @@ QObject *KeyPathObserver::objectBehind(size_t step)
 QVariant KeyPathObserver::read()
 {
     const size_t followed = _followed;
-    const QPointer<QObject> last = followed > 0 ? _steps[followed - 1].object : nullptr;
+    const QObject *const last = followed > 0 ? _steps[followed - 1].object.data() : nullptr;
     if (!last)
         return {};
     const quint64 turn = _turn;
     std::unique_ptr<KeyPath> rest = std::exchange(_rest, nullptr);
     if (!rest)
         rest = std::make_unique<KeyPath>(pathFrom(followed - 1));
-    QVariant value = rest->read(KeyValueTarget::of(last.data()));
+    QVariant value = rest->read(KeyValueTarget::of(last));
     if (turn == _turn)
         _rest = std::move(rest);
     return value;
@@ -177,8 +206,7 @@ QVariant KeyPathObserver::value()
 
 void KeyPathObserver::keyChanged(size_t step, const NSKeyValueChange &change)
 {
-    // A callback may end the observation.
-    const std::shared_ptr<KeyPathObserver> self = shared_from_this();
+    const Call call(this);
     if (change.isPrior) {
         tellPrior(change);
         return;
@@ -234,20 +262,22 @@ void KeyPathObserver::tell(const NSKeyValueChange &change)
 
 void KeyPathObserver::setValues(NSKeyValueChange *change)
 {
-    QVariant old = _lastValue;
+    if (!wants(NSKeyValueObservingOptionOld)) {
+        change->newValue = value();
+        return;
+    }
+    // A getter may lead here again.
+    change->oldValue = _lastValue;
     QVariant now = value();
     if (wants(NSKeyValueObservingOptionNew))
         change->newValue = now;
-    if (!wants(NSKeyValueObservingOptionOld))
-        return;
-    change->oldValue = std::move(old);
     _lastValue = std::move(now);
 }
 
 // Nobody is notified: whoever held the object says so when it holds another one.
 void KeyPathObserver::objectIsGone(size_t step)
 {
-    const std::shared_ptr<KeyPathObserver> self = shared_from_this();
+    const Call call(this);
     if (step == 0) {
         stop();
         return;

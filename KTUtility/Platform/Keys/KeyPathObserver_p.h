@@ -40,6 +40,8 @@ public:
     void objectIsGone(size_t step);
 
 private:
+    class Call;
+
     void followFrom(size_t step);
     void follow(size_t step);
     void followAgainBehind(size_t step);
@@ -51,6 +53,7 @@ private:
     QVariant value();
     bool wants(NSKeyValueObservingOptions options) const { return (_options & options) != 0; }
     void setValues(NSKeyValueChange *change);
+    void tellInitial();
     void tellPrior(const NSKeyValueChange &change);
     void tell(const NSKeyValueChange &change);
 
@@ -75,5 +78,8 @@ private:
     quint64 _turn = 0;
     QVariant _lastValue;
     bool _isActive = false;
+    // What is called may end the observation, and its owner go: then it keeps itself to the end.
+    int _calls = 0;
+    std::shared_ptr<KeyPathObserver> _keptByCalls;
 };
 } // namespace KTPrivate

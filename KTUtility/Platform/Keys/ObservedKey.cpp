@@ -44,6 +44,16 @@ quint64 nextKeySerial()
     return ++serial;
 }
 
+/// Connects a signal to a slot of this class by their names, where these say which they are: Qt then
+/// calls the slot itself instead of looking for it, each time, from the top of the class.
+bool connectByName(QObject *object, const QMetaMethod &signal, ObservedKey *receiver)
+{
+    const QByteArray signature = signal.methodSignature();
+    return object->metaObject()->indexOfSignal(signature.constData()) == signal.methodIndex() &&
+           QObject::connect(object, QByteArray('2' + signature).constData(), receiver,
+                            SLOT(notified()));
+}
+
 int indexOfSlot(const char *name)
 {
     return ObservedKey::staticMetaObject.indexOfSlot(name);
@@ -68,7 +78,7 @@ public:
     explicit Telling(ObservedKey *key) : _key(key) { ++key->_telling; }
     ~Telling()
     {
-        if (--_key->_telling == 0)
+        if (--_key->_telling == 0 && !_key->isSettled())
             _key->settle();
     }
     Telling(const Telling &) = delete;
@@ -142,6 +152,8 @@ void ObservedKey::connectTo(QObject *object)
 void ObservedKey::connectTo(QObject *object, const QMetaProperty &property)
 {
     if (property.hasNotifySignal()) {
+        if (connectByName(object, property.notifySignal(), this))
+            return;
         static const int slot = indexOfSlot("notified()");
         QMetaObject::connect(object, property.notifySignalIndex(), this, slot);
     } else if (property.isBindable()) {
@@ -215,6 +227,12 @@ void ObservedKey::goIfUnused()
         settle();
 }
 
+/// Whether nothing came or went while observers were notified.
+bool ObservedKey::isSettled() const
+{
+    return _added.empty() && _gaps == 0 && !_entries.empty();
+}
+
 void ObservedKey::takeInAdded()
 {
     for (const Entry &entry : std::exchange(_added, {}))
@@ -268,7 +286,9 @@ void ObservedKey::tell(const NSKeyValueChange &change, Raised raised)
     if (chain.isEndless())
         return;
     // What was added while observers were notified of another change is not among the entries yet.
-    const std::vector<Entry> added = _added;
+    std::vector<Entry> added;
+    if (!_added.empty())
+        added = _added;
     for (size_t index = 0; index < _entries.size(); ++index)
         tell(Entry(_entries[index]), change, raised);
     for (const Entry &entry : added) {
@@ -277,11 +297,12 @@ void ObservedKey::tell(const NSKeyValueChange &change, Raised raised)
     }
 }
 
+/// The key is there as long as it is telling.
 void ObservedKey::tell(const Entry &entry, const NSKeyValueChange &change, Raised raised) const
 {
     const auto tellIt = [&] { entry.observer->keyChanged(entry.step, change); };
     if (entry.observer && raised == Raised::IsReported)
-        guarded(Observer, QString(_key), tellIt);
+        guarded(Observer, _key, tellIt);
     else if (entry.observer)
         tellIt();
 }
@@ -289,8 +310,9 @@ void ObservedKey::tell(const Entry &entry, const NSKeyValueChange &change, Raise
 /// Called through Qt's signals and events, which no exception may leave.
 void ObservedKey::notified()
 {
+    static const NSKeyValueChange Set;
     if (_changing == 0)
-        tell({}, Raised::IsReported);
+        tell(Set, Raised::IsReported);
 }
 
 void ObservedKey::objectIsGone()

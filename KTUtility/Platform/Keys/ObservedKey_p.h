@@ -78,6 +78,7 @@ private:
     void tell(const Entry &entry, const NSKeyValueChange &change, Raised raised) const;
     void tellThatFirstObserverCame();
     void tellThatLastObserverWent() const;
+    bool isSettled() const;
     void takeInAdded();
     void settle();
 

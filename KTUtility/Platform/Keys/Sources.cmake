@@ -4,6 +4,7 @@ target_sources(KTUtility PRIVATE
     Platform/Keys/KeyAccessor.cpp
     Platform/Keys/KeyPath.cpp
     Platform/Keys/KeyPathObserver.cpp
+    Platform/Keys/KeySetter.cpp
     Platform/Keys/KeyValueTarget.cpp
     Platform/Keys/MissingSelector.cpp
     Platform/Keys/NSClass.cpp
@@ -18,5 +19,6 @@ target_sources(KTUtility PRIVATE
     Platform/Keys/NSValueTransformer.cpp
     Platform/Keys/NotifySignals.cpp
     Platform/Keys/ObservedKey.cpp
+    Platform/Keys/SilentChange.cpp
     Platform/Keys/ValueConversion.cpp
 )
