@@ -1,5 +1,6 @@
 #include "CurrencyNames_p.h"
 
+#include <KTUtility/Platform/Text/ASCII_p.h>
 #include <KTUtility/Platform/Text/NSStringNormalization.h>
 
 #include <unicode/ucurr.h>
@@ -114,6 +115,8 @@ qsizetype indexOfWord(const QString &text, const QString &name)
 
 QString CurrencyNames::folded(const QString &text)
 {
+    if (ASCII::isAllOf(text))
+        return text.toLower();
     return NSString::foldedStringWithCompatibilityMapping(text)
         .replace(QChar(u'₤'), QChar(u'£'))
         .replace(QChar(u'₨'), u"rs"_s)

@@ -5,6 +5,7 @@
 #include "KTCurrencyFormatter_p.h"
 #include "KTNumberTexts_p.h"
 #include "NSNumberFormatter_KTCurrency.h"
+#include "NumberLetters_p.h"
 #include <KTUtility/CommonForms/Numbers/MoneyGrammar_p.h>
 #include <KTUtility/CommonForms/Numbers/NumberGrammar_p.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
@@ -329,6 +330,11 @@ bool KTCurrencyFormatter::readAmount(QVariant *value, const QString &text,
                                      QString *errorDescription) const
 {
     NSNumberFormatter &formatter = *_currencyInputFormatter;
+    // Nobody asks why a text is refused when the currencies are tried.
+    if (!errorDescription &&
+        !NumberLetters::mayBeAmount(text, formatter.locale(), formatter.currencyCode(),
+                                    formatter.currencySymbol()))
+        return false;
     QVariant amount;
     bool isRead = false;
     for (const bool usesParentheses : {false, true}) {

@@ -3,6 +3,7 @@
 #include "DigitGroups_p.h"
 #include "KTNumberFormatter_p.h"
 #include "KTNumberTexts_p.h"
+#include "NumberLetters_p.h"
 
 #include <KTUtility/CommonForms/Numbers/NumberGrammar_p.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
@@ -266,9 +267,24 @@ bool KTNumberFormatter::getObjectValue(QVariant *value, const QString &forString
                : readNumber(value, forString, errorDescription);
 }
 
+namespace {
+/// Whether a text has letters that no number has. The log shows the passes all the same.
+bool hasOtherLetters(const QString &text, const NSLocale &locale)
+{
+    return !NumberLetters::mayBeNumber(text, locale) &&
+           !KTLogger::sharedLogger()->shouldLogComponent(kLog_FormattersNumbers, 4) &&
+           !KTLogger::sharedLogger()->shouldLogComponent(kLog_FormattersCurrency, 4);
+}
+} // namespace
+
 bool KTNumberFormatter::readNumber(QVariant *value, const QString &forString,
                                    QString *errorDescription) const
 {
+    if (!errorDescription && hasOtherLetters(forString, _locale)) {
+        if (value)
+            *value = QVariant();
+        return false;
+    }
     if (_internalGetNumberValue(value, forString, errorDescription))
         return true;
     const QString decomposed = NSString::decomposedStringWithCompatibilityMapping(forString);

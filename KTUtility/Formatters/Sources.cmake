@@ -15,6 +15,8 @@ target_sources(KTUtility PRIVATE
     Formatters/KTPhoneNumberFormatter.cpp
     Formatters/KTTimeFormatter.cpp
     Formatters/NSNumberFormatter_KTCurrency.cpp
+    Formatters/NameSearch.cpp
+    Formatters/NumberLetters.cpp
     Formatters/PhoneDigits.cpp
     Formatters/PhonePatterns.cpp
     Formatters/Today.cpp

@@ -11,6 +11,8 @@ target_sources(KTUtilityTests PRIVATE
     Formatters/FormatterLocaleTests.cpp
     Formatters/FormatterRoundTripTests.cpp
     Formatters/KTCurrencyFormatterTests.cpp
+    Formatters/NameSearchTests.cpp
+    Formatters/NumberLettersTests.cpp
     Formatters/KTDateFormatterListTests.cpp
     Formatters/KTDateTimeFormatterCommonFormsTests.cpp
     Formatters/KTDateTimeFormatterReadingTests.cpp

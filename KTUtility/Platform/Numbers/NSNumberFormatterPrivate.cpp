@@ -229,11 +229,12 @@ QString NSNumberFormatter::Private::specialString(const QVariant &value) const
 
 QString NSNumberFormatter::Private::stringOf(const QVariant &value) const
 {
-    if (!NSObject::isNumber(value))
+    const VariantKind kind = kindOf(value);
+    if (!isNumeric(kind))
         return NSObject::isNil(value) ? nilSymbol : QString();
     const NumberEngine &used = engine();
     NumberDigits digits;
-    if (zeroSymbol.isNull() && used.writer() && digits.take(value) &&
+    if (zeroSymbol.isNull() && used.writer() && digits.take(value, kind) &&
         digits.pointPosition <= used.writer()->maximumIntegerDigits)
         return used.writer()->write(digits);
     if (const QString special = specialString(value); !special.isNull())

@@ -1,7 +1,6 @@
 #include "NumberDigits_p.h"
 
 #include <KTUtility/Platform/Values/DecimalArithmetic_p.h>
-#include <KTUtility/Platform/Values/VariantKind_p.h>
 
 #include <algorithm>
 #include <charconv>
@@ -118,23 +117,22 @@ void increment(Digits &number, int kept)
 }
 } // namespace
 
-bool NumberDigits::take(const QVariant &number)
+bool NumberDigits::take(const QVariant &number, VariantKind kind)
 {
-    const int type = number.metaType().id();
-    if (type == QMetaType::Double || type == QMetaType::Float) {
+    if (kind == VariantKind::Double) {
         const double value = number.toDouble();
         if (std::isfinite(value))
             takeDouble(*this, value);
         return std::isfinite(value);
     }
-    if (type == qMetaTypeId<NSDecimalNumber>()) {
+    if (kind == VariantKind::Decimal) {
         const auto &value = *static_cast<const NSDecimalNumber *>(number.constData());
         const DecimalParts parts = DecimalParts::of(value);
         if (!value.isNaN())
             takeCoefficient(*this, parts.coefficient, parts.exponent, parts.isNegative);
         return !value.isNaN();
     }
-    if (kindOf(number) == VariantKind::Unsigned)
+    if (kind == VariantKind::Unsigned)
         takeCoefficient(*this, number.toULongLong(), 0, false);
     else
         takeSigned(*this, number.toLongLong());

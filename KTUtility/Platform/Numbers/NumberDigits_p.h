@@ -1,6 +1,7 @@
 #pragma once
 
 #include <KTUtility/Platform/Values/NSDecimalNumber.h>
+#include <KTUtility/Platform/Values/VariantKind_p.h>
 
 #include <QVariant>
 
@@ -18,7 +19,9 @@ struct NumberDigits
     /// Takes the digits of a number variant. Filled in place, since copying bytes that were just
     /// written is slow.
     /// \return false for NaN, infinities and what is no number.
-    bool take(const QVariant &number);
+    bool take(const QVariant &number) { return take(number, kindOf(number)); }
+    /// \param kind that of the number, for whoever knows it.
+    bool take(const QVariant &number, VariantKind kind);
 
     /// Rounds to \a places digits after the point.
     /// \param mode a NSNumberFormatterRoundingMode.

@@ -166,7 +166,8 @@ std::optional<NumberReader> NumberQuickPaths::readerFor(const NumberSettings &se
     const bool isRegular =
         format.getGroupingSize() == 3 &&
         (format.getSecondaryGroupingSize() == 3 || format.getSecondaryGroupingSize() <= 0);
-    if (reader.usesGrouping && isRegular)
+    reader.hasRegularGroups = reader.usesGrouping && isRegular;
+    if (reader.hasRegularGroups)
         reader.groupingSeparator =
             asciiSeparator(symbols.getConstSymbol(DecimalFormatSymbols::kGroupingSeparatorSymbol));
     reader.usesParentheses = settings.negativePrefix == u"(";

@@ -1,6 +1,10 @@
 #include "NumberReader_p.h"
 
+#include "NumberText_p.h"
 #include <KTUtility/Platform/Text/ASCII_p.h>
+
+#include <algorithm>
+#include <array>
 
 using namespace KTPrivate;
 
@@ -139,9 +143,24 @@ private:
         return true;
     }
 
-    bool isGroupSeparator() const
+    /// A separator, or blanks, which are one if a digit follows them. All groups of a number are
+    /// parted by the same.
+    /// \return the first unit behind it; -1 if there is none.
+    qsizetype behindSeparator(bool isBlank) const
     {
-        return _reader.groupingSeparator != 0 && unit() == _reader.groupingSeparator;
+        if (!isBlank)
+            return unit() == _reader.groupingSeparator ? _at + 1 : -1;
+        qsizetype behind = _at;
+        while (behind < _text.size() && isSpaceOrTab(_text[behind].unicode()))
+            ++behind;
+        return behind < _text.size() && isDigit(_text[behind].unicode()) ? behind : -1;
+    }
+
+    bool mayBeSeparator() const
+    {
+        const bool isSeparator =
+            _reader.groupingSeparator != 0 && unit() == _reader.groupingSeparator;
+        return isSeparator || (_reader.hasRegularGroups && isSpaceOrTab(unit()));
     }
 
     /// \return false if the number is not of a form that is certain.
@@ -160,12 +179,14 @@ private:
     /// Groups of three behind one to three digits.
     bool readGroups(int count)
     {
-        if (!isGroupSeparator())
+        if (!mayBeSeparator())
             return true;
-        if (count < 1 || count > GroupSize)
+        const bool isBlank = isSpaceOrTab(unit());
+        qsizetype behind = behindSeparator(isBlank);
+        if (behind >= 0 && (count < 1 || count > GroupSize))
             return false;
-        while (isGroupSeparator()) {
-            ++_at;
+        for (; behind >= 0; behind = behindSeparator(isBlank)) {
+            _at = behind;
             if (!readDigits(&count) || count != GroupSize)
                 return false;
         }
@@ -207,7 +228,29 @@ private:
 };
 } // namespace
 
+namespace {
+/// What a unit means in ASCII; itself if it means nothing there.
+char16_t plainUnit(QChar unit)
+{
+    if (unit < u'\x80')
+        return unit.unicode();
+    if (unit.category() == QChar::Number_DecimalDigit)
+        return char16_t(u'0' + unit.digitValue());
+    if (NumberText::isWhitespace(unit))
+        return u' ';
+    return unit == u'\u2212' ? u'-' : unit.unicode();
+}
+} // namespace
+
 NumberReader::Result NumberReader::read(QStringView text) const
 {
-    return Reading(text, *this).run();
+    if (ASCII::isAllOf(text))
+        return Reading(text, *this).run();
+    // Longer texts are no numbers that can be read without ICU.
+    constexpr qsizetype LongestPlain = 64;
+    if (text.size() > LongestPlain)
+        return {};
+    std::array<char16_t, LongestPlain> plain;
+    std::transform(text.begin(), text.end(), plain.begin(), plainUnit);
+    return Reading(QStringView(plain.data(), text.size()), *this).run();
 }

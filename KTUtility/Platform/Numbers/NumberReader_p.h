@@ -4,11 +4,12 @@
 #include <QStringView>
 
 namespace KTPrivate {
-/// Reads plain ASCII numbers without ICU.
+/// Reads plain numbers without ICU.
 ///
 /// It decides only what is certain: whitespace, a sign, digits with a point and regular groups of
 /// three, parentheses where they mean a negative number, and texts that begin with something that
-/// no number begins with. What it decides is what ICU's lenient parser answers (tests compare them
+/// no number begins with. Blanks of all kinds, the digits of all scripts and U+2212 are what they
+/// stand for in ASCII. What it decides is what ICU's lenient parser answers (tests compare them
 /// over a million texts); everything else is left undecided for ICU.
 class NumberReader
 {
@@ -31,6 +32,7 @@ public:
     char16_t decimalSeparator = u'.';
     char16_t groupingSeparator = 0;  ///< 0 if groups are not read, or not plain ASCII ones
     bool usesGrouping = false;       ///< whether groups may be read at all
+    bool hasRegularGroups = false;   ///< whether they are of three, so that blanks part them, too
     bool usesParentheses = false;    ///< "(5)" is -5; otherwise "-5" is
     char16_t notANumberStart = u'N'; ///< upper case; texts that begin so are left to ICU
 };

@@ -12,8 +12,9 @@ public:
     Writing(const NumberWriter &writer, const NumberDigits &number)
         : _writer(writer)
         , _number(number)
-        , _integerDigits(integerDigits())
         , _fractionDigits(fractionDigits())
+        , _integerDigits(integerDigits())
+        , _groupCount(groupCount())
     {
     }
 
@@ -24,7 +25,7 @@ public:
         const QString &suffix =
             _number.isNegative ? _writer.negativeSuffix : _writer.positiveSuffix;
         const qsizetype point = _fractionDigits > 0 ? _writer.decimalSeparator.size() : 0;
-        QString text(prefix.size() + _integerDigits + groupCount() * groupSize() + point +
+        QString text(prefix.size() + _integerDigits + _groupCount * groupSize() + point +
                          _fractionDigits + suffix.size(),
                      Qt::Uninitialized);
         _at = text.data();
@@ -43,7 +44,7 @@ private:
 
     int integerDigits() const
     {
-        const int least = fractionDigits() > 0 ? 0 : 1;
+        const int least = _fractionDigits > 0 ? 0 : 1;
         return std::max({_number.pointPosition, _writer.minimumIntegerDigits, least});
     }
 
@@ -53,12 +54,40 @@ private:
             *_at++ = unit;
     }
 
-    /// The digit at a position counted from the first significant one.
-    QChar digitAt(int position) const
+    /// Digits from a position on, counted from the first significant one; zeros around those.
+    void appendDigits(int position, int count)
     {
-        const bool isInside = position >= 0 && position < _number.count;
-        const int digit = isInside ? _number.digitAt(position) - '0' : 0;
-        return QChar(char16_t(_writer.zeroDigit + digit));
+        if (position >= 0 && position + count <= _number.count)
+            appendSignificant(position, count);
+        else
+            appendPadded(position, count);
+    }
+
+    void appendSignificant(int position, int count)
+    {
+        const char *digit = &_number.buffer[size_t(_number.first + position)];
+        const char *const end = digit + count;
+        const auto offset = char16_t(_writer.zeroDigit - u'0');
+        QChar *at = _at;
+        while (digit != end)
+            *at++ = QChar(char16_t(offset + *digit++));
+        _at = at;
+    }
+
+    void appendPadded(int position, int count)
+    {
+        const int before = std::clamp(-position, 0, count);
+        const int inside = std::clamp(_number.count - (position + before), 0, count - before);
+        appendZeros(before);
+        if (inside > 0)
+            appendSignificant(position + before, inside);
+        appendZeros(count - before - inside);
+    }
+
+    void appendZeros(int count)
+    {
+        for (; count > 0; --count)
+            *_at++ = QChar(_writer.zeroDigit);
     }
 
     bool isGrouped() const
@@ -79,17 +108,16 @@ private:
 
     void writeInteger()
     {
-        int separators = groupCount();
-        // The place of the next separator, counted from the point; divisions are slow.
-        int next = _writer.groupingSize + (separators - 1) * _writer.secondaryGroupingSize;
-        for (int place = _integerDigits; place > 0; --place) {
-            *_at++ = digitAt(_number.pointPosition - place);
-            if (separators > 0 && place - 1 == next) {
-                append(_writer.groupingSeparator);
-                next -= _writer.secondaryGroupingSize;
-                --separators;
-            }
+        // Places are counted from the point.
+        int place = _integerDigits;
+        int next = _writer.groupingSize + (_groupCount - 1) * _writer.secondaryGroupingSize;
+        for (int separator = 0; separator < _groupCount; ++separator) {
+            appendDigits(_number.pointPosition - place, place - next);
+            append(_writer.groupingSeparator);
+            place = next;
+            next -= _writer.secondaryGroupingSize;
         }
+        appendDigits(_number.pointPosition - place, place);
     }
 
     void writeFraction()
@@ -97,14 +125,14 @@ private:
         if (_fractionDigits == 0)
             return;
         append(_writer.decimalSeparator);
-        for (int place = 0; place < _fractionDigits; ++place)
-            *_at++ = digitAt(_number.pointPosition + place);
+        appendDigits(_number.pointPosition, _fractionDigits);
     }
 
     const NumberWriter &_writer;
     const NumberDigits &_number;
-    const int _integerDigits;
     const int _fractionDigits;
+    const int _integerDigits;
+    const int _groupCount;
     QChar *_at = nullptr;
 };
 

@@ -48,8 +48,8 @@ QString randomNumber(Random &random)
                                     u" "_s,    u"("_s,    u"- "_s, u"("_s};
     static const QStringList ends{QString(), QString(), u")"_s, u" "_s,  u"abc"_s, u" x"_s,
                                   u"e3"_s,   u")"_s,    u"%"_s, u" 5"_s, u"-"_s,   u"/2"_s};
-    const QChar group = below(random, 2) ? u',' : u'.';
-    const QChar point = group == u',' ? u'.' : u',';
+    const QChar group = u",. "_s[below(random, 3)];
+    const QChar point = group == u',' || below(random, 2) ? u'.' : u',';
     QString text = starts[below(random, int(starts.size()))];
     text += QString::number(random() % (1ULL << below(random, 40)));
     if (below(random, 2)) {
@@ -59,6 +59,30 @@ QString randomNumber(Random &random)
     if (below(random, 2))
         text += point + QString::number(random() % (1ULL << below(random, 30)));
     return text + ends[below(random, int(ends.size()))];
+}
+
+/// The same with blanks, digits and signs that people type elsewhere.
+QString elsewhere(Random &random, QString text)
+{
+    static const QString blanks = u" \t\u00A0\u2009\u202F\u3000"_s;
+    static const QString zeros = u"\uFF10\u0660\u06F0\u0966"_s;
+    const QChar zero = zeros[below(random, int(zeros.size()))];
+    for (QChar &unit : text) {
+        const bool isKept = below(random, 4) == 0;
+        if (unit.isDigit() && !isKept)
+            unit = QChar(char16_t(zero.unicode() + unit.digitValue()));
+        else if (unit == u' ' && !isKept)
+            unit = blanks[below(random, int(blanks.size()))];
+        else if (unit == u'-' && !isKept)
+            unit = u'\u2212';
+    }
+    return text;
+}
+
+QString randomText(Random &random, int round)
+{
+    const QString text = round % 2 ? randomSoup(random) : randomNumber(random);
+    return round % 5 == 0 ? elsewhere(random, text) : text;
 }
 
 struct Setting
@@ -133,7 +157,7 @@ TEST_P(NSNumberFormatterICUReadingTests, AgreesWithICU)
     Random random(20080220);
     int numbers = 0;
     for (int round = 0; round < TextsPerFormatter; ++round) {
-        const QString text = round % 2 ? randomSoup(random) : randomNumber(random);
+        const QString text = randomText(random, round);
         QVariant quickValue;
         QVariant thoroughValue;
         NSRange quickRange{0, text.size()};
@@ -161,7 +185,7 @@ TEST_P(NSNumberFormatterICUReadingTests, TellsIntegersAsICUDoes)
     thorough.setMultiplier(1);
     Random random(20080220);
     for (int round = 0; round < TextsPerFormatter / 20; ++round) {
-        const QString text = round % 2 ? randomSoup(random) : randomNumber(random);
+        const QString text = randomText(random, round);
         NSRange range{0, text.size()};
         QVariant quickValue;
         QVariant thoroughValue;
