@@ -374,3 +374,47 @@ TEST(ImportCommand, TellsWhatItIsToldInVain)
     EXPECT_EQ(tableIn(words.output, Decisions),
               QStringList{u"kt_name      text     told without effect: dmy, m:s"_s});
 }
+
+TEST(ImportCommand, ReadsOtherEncodingsIfItIsTold)
+{
+    const QByteArray german = "Stra\xdf"
+                              "e;Ort\nM\xfchlweg, sch\xf6n;K\xf6ln\nGr\xfc"
+                              "ner Weg;M\xfcnchen\n";
+    const QString path = newFile(u"orte.csv"_s, german);
+    EXPECT_TRUE(import(path).errors.contains(u"not a text file in UTF-8 (line 1)"));
+    for (const QString &name : {u"auto"_s, u"windows-1252"_s, u"cp1252"_s}) {
+        const CommandResult result = import(path, {u"--encoding"_s, name});
+        EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
+        EXPECT_EQ(valueOf(result, u"Encoding:"_s), u"windows-1252"_s);
+        EXPECT_TRUE(result.output.contains(u"Straße"));
+    }
+    const CommandResult unknown = import(path, {u"--encoding"_s, u"klingon"_s});
+    EXPECT_NE(unknown.exitCode, 0);
+    EXPECT_TRUE(unknown.errors.contains(u"unknown encoding 'klingon'; there are auto, UTF-8,"));
+    // Nothing is said of what everybody has.
+    EXPECT_TRUE(valueOf(import(newFile(u"a.csv"_s, "a\n1\n")), u"Encoding:"_s).isNull());
+}
+
+TEST(ImportCommand, TakesColumnsAsItIsTold)
+{
+    const QString path = newFile(u"a.csv"_s, "nr,name=x,code\n1,Ann,5\n2,Bob,6\n");
+    const CommandResult result = import(
+        path, {u"--skip"_s, u"nr"_s, u"--rename"_s, u"name=x=Name"_s, u"--type"_s, u"code=text"_s});
+    EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
+    EXPECT_EQ(valueOf(result, u"Columns:"_s), u"2"_s);
+    EXPECT_EQ(valueOf(result, u"kt_name "_s), u"text  2     0         0"_s);
+    EXPECT_EQ(valueOf(result, u"kt_code "_s), u"text  2     0         0"_s);
+    for (const QStringList &options :
+         {QStringList{u"--rename"_s, u"nr"_s}, QStringList{u"--rename"_s, u"nr= "_s},
+          QStringList{u"--type"_s, u"nr=cow"_s}, QStringList{u"--type"_s, u"=text"_s}})
+        EXPECT_TRUE(import(path, options)
+                        .errors.contains(u"bad %1 '%2'"_s.arg(options.at(0), options.at(1))));
+}
+
+TEST(ImportCommand, FilesMayHaveNoHeaders)
+{
+    const CommandResult result = import(newFile(u"a.csv"_s, "1,Ann\n2,Bob\n"), {u"--no-header"_s});
+    EXPECT_EQ(valueOf(result, u"Rows read:"_s), u"2"_s);
+    EXPECT_TRUE(result.output.contains(u"1  Column 1"));
+    EXPECT_TRUE(result.output.contains(u"2  Column 2"));
+}

@@ -48,7 +48,7 @@ protected:
 QStringList firstRowOf(const ImportFile &file)
 {
     QStringList first;
-    file.rows->whileRows([&first](qint64, const QStringList &fields) {
+    (void)file.rows->whileRows([&first](qint64, const QStringList &fields) {
         first = fields;
         return false;
     });
@@ -246,4 +246,69 @@ TEST_F(ImportFileTests, AnotherImportIsWaitedForOnlySoLong)
     ASSERT_TRUE(other);
     EXPECT_FALSE(file->store(request, 0));
     EXPECT_TRUE(libraryNames().isEmpty());
+}
+
+TEST_F(ImportFileTests, ColumnsAreLeftOutRenamedAndTyped)
+{
+    request.skipped = {u"secret"_s};
+    request.newHeaders = {{u"nr"_s, u"Number"_s}};
+    request.types = {{u"nr"_s, FieldType::Text}};
+    request.conventions[u"when"_s].order = u"dmy"_s;
+    const Outcome<ImportFile> file =
+        read(u"a.csv"_s, "secret,nr,when\nx,1,2/3/2008\ny,2,3/4/2008\n");
+    ASSERT_TRUE(file) << file.reason().toStdString();
+    EXPECT_EQ(file->rows->headers(), QStringList({u"Number"_s, u"when"_s}));
+    EXPECT_EQ(file->fileHeaders, QStringList({u"secret"_s, u"nr"_s, u"when"_s}));
+    const Outcome<StoredImport> stored = file->store(request);
+    ASSERT_TRUE(stored) << stored.reason().toStdString();
+    EXPECT_EQ(stored->library.fields.at(0).header, u"Number"_s);
+    EXPECT_EQ(stored->library.fields.at(0).type, FieldType::Text);
+    EXPECT_EQ(stored->values.columns.at(1).decision.readAs, u"day, month, year"_s);
+}
+
+TEST_F(ImportFileTests, ColumnsAreChosenByPositionWhereHeadersAreTheSame)
+{
+    request.columns[0].isSkipped = true;
+    request.columns[1].header = u"second"_s;
+    request.columns[2].type = FieldType::Text;
+    const Outcome<ImportFile> file = read(u"a.csv"_s, "a,a,a\n1,2,3\n");
+    ASSERT_TRUE(file);
+    EXPECT_EQ(file->rows->headers(), QStringList({u"second"_s, u"a"_s}));
+    EXPECT_EQ(file->preview(request)->columns.at(1).typeName, u"text"_s);
+    EXPECT_EQ(file->preview(request)->columns.at(0).typeName, u"number"_s);
+}
+
+TEST_F(ImportFileTests, OneColumnMustBeLeft)
+{
+    request.skipped = {u"a"_s};
+    EXPECT_EQ(read(u"a.csv"_s, "a\n1\n").reason(), u"no column is left"_s);
+    request.skipped = {u"b"_s};
+    EXPECT_EQ(read(u"a.csv"_s, "a\n1\n").reason(), u"there is no column 'b'"_s);
+}
+
+TEST_F(ImportFileTests, ThePreviewShowsTheFirstRowsAsTheLibraryWould)
+{
+    request.locale = u"de_DE"_s;
+    const Outcome<ImportFile> file =
+        read(u"a.csv"_s, "Wer;Betrag;Wann\nAnn;1.234,50;3.4.2008\nBob;x;4.5.2008\nCy;;5.6.2008\n" +
+                             QByteArray("Dee;1,5;1.1.2001\n").repeated(20));
+    ASSERT_TRUE(file);
+    ShownRows shown;
+    shown.most = 3;
+    const Outcome<ImportValues> values = file->preview(request, &shown);
+    ASSERT_TRUE(values);
+    EXPECT_EQ(values->unread.size(), 1);
+    EXPECT_EQ(shown.types, QList<FieldType>({FieldType::Text, FieldType::Number, FieldType::Date}));
+    EXPECT_EQ(shown.rows, QList<QStringList>({{u"Ann"_s, u"1,235"_s, u"4/3/2008"_s},
+                                              {u"Bob"_s, u"x"_s, u"5/4/2008"_s},
+                                              {u"Cy"_s, u""_s, u"6/5/2008"_s}}));
+    EXPECT_EQ(libraryNames(), QStringList());
+}
+
+TEST_F(ImportFileTests, AFileThatChangesMeanwhileIsNotStored)
+{
+    const Outcome<ImportFile> file = read(u"a.csv"_s, "a\n1\n");
+    tree.add(u"a.csv"_s, "a\n1\n2\n");
+    EXPECT_EQ(file->store(request).reason(), u"the file was changed while it was read"_s);
+    EXPECT_EQ(libraryNames(), QStringList());
 }

@@ -76,3 +76,70 @@ TEST(ImportValues, SaysWhichCurrencyTheValuesName)
     EXPECT_EQ(values.columns[0].currency.readAs, u"EUR"_s);
     EXPECT_EQ(values.columns[0].currency.since, u"the values name it"_s);
 }
+
+TEST(ImportValues, AreTheSameWithAnyNumberOfThreads)
+{
+    QString text = u"Name,Paid,When,Share,Note\n"_s;
+    for (int row = 1; row <= 20'000; ++row)
+        text += row % 97 == 0 ? u"%1,a cow,2/30/08,x%1\n"_s.arg(row)
+                              : u"Ann %1,\"$%1,000.50\",%2/13/08,0.%1,%3\n"_s.arg(row)
+                                    .arg(row % 12 + 1)
+                                    .arg(row % 5 ? u""_s : u"note"_s);
+    const SeparatedText rows = *SeparatedText::read(text);
+    ImportValues::Settings settings;
+    settings.threads = 1;
+    const ImportValues alone = *ImportValues::of(rows, settings);
+    EXPECT_GT(alone.unread.size(), 400);
+    for (const int threads : {2, 5}) {
+        settings.threads = threads;
+        const ImportValues together = *ImportValues::of(rows, settings);
+        ASSERT_EQ(together.columns.size(), alone.columns.size());
+        for (qsizetype column = 0; column < alone.columns.size(); ++column) {
+            EXPECT_EQ(together.columns[column].typeName, alone.columns[column].typeName);
+            EXPECT_EQ(together.columns[column].read, alone.columns[column].read);
+            EXPECT_EQ(together.columns[column].unread, alone.columns[column].unread);
+            EXPECT_EQ(together.columns[column].empty, alone.columns[column].empty);
+            EXPECT_EQ(together.columns[column].decision.readAs,
+                      alone.columns[column].decision.readAs);
+            EXPECT_EQ(together.columns[column].decision.contradicting,
+                      alone.columns[column].decision.contradicting);
+        }
+        ASSERT_EQ(together.unread.size(), alone.unread.size());
+        for (qsizetype index = 0; index < alone.unread.size(); ++index) {
+            EXPECT_EQ(together.unread[index].row, alone.unread[index].row);
+            EXPECT_EQ(together.unread[index].column, alone.unread[index].column);
+            EXPECT_EQ(together.unread[index].text, alone.unread[index].text);
+            EXPECT_EQ(together.unread[index].reason, alone.unread[index].reason);
+        }
+    }
+}
+
+TEST(ImportValues, AreReadInALocaleOfTheirOwn)
+{
+    const QString text = u"Betrag;Wann;Zahl\n\"1.234,50 €\";3.4.2008;1,5\n7,25 €;4.5.2008;2,75\n"_s;
+    const SeparatedText rows = *SeparatedText::read(text, u';');
+    ImportValues::Settings settings;
+    settings.locale = NSLocale(u"de_DE"_s);
+    const ImportValues german = *ImportValues::of(rows, settings);
+    NSLocale::setCurrentLocale(NSLocale(u"de_DE"_s));
+    const ImportValues chosen = *ImportValues::of(rows);
+    NSLocale::resetCurrentLocale();
+    const QString names[] = {u"currency (EUR)"_s, u"date"_s, u"number"_s};
+    for (qsizetype column = 0; column < 3; ++column) {
+        EXPECT_EQ(german.columns[column].typeName, names[column]);
+        EXPECT_EQ(german.columns[column].read, 2);
+        EXPECT_EQ(chosen.columns[column].typeName, names[column]);
+    }
+}
+
+TEST(ImportValues, ATypeThatIsToldKeepsTheCurrencyThatIsFound)
+{
+    const SeparatedText rows = *SeparatedText::read(u"Paid\n€5\n€7.50\n"_s);
+    ImportValues::Settings settings;
+    settings.types = {{0, FieldType::Currency}};
+    EXPECT_EQ(ImportValues::of(rows, settings)->columns[0].typeName, u"currency (EUR)");
+    settings.conventions[0].unit = u"JPY"_s;
+    EXPECT_EQ(ImportValues::of(rows, settings)->columns[0].typeName, u"currency (JPY)");
+    settings.types = {{0, FieldType::Text}};
+    EXPECT_EQ(ImportValues::of(rows, settings)->columns[0].typeName, u"text");
+}

@@ -15,13 +15,13 @@ public:
         Outcome<> added = addHeaders(headers, line);
         for (const QStringList &row : rows) {
             if (added)
-                added = addRow(row, ++line);
+                added = addRow(row.size(), ++line);
         }
         endRows();
         return added;
     }
 
-    void whileRows(const std::function<bool(qint64, const QStringList &)> &) const override {}
+    std::unique_ptr<RowCursor> cursor() const override { return nullptr; }
     QChar separator() const override { return u','; }
 };
 

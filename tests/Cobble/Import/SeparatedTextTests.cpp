@@ -112,7 +112,7 @@ TEST(SeparatedText, HandsOverItsRowsAsOftenAsItIsAsked)
     ASSERT_TRUE(source);
     for (int time = 0; time < 2; ++time) {
         QList<QStringList> rows;
-        source->whileRows([&rows](qint64 row, const QStringList &fields) {
+        (void)source->whileRows([&rows](qint64 row, const QStringList &fields) {
             rows += fields;
             EXPECT_EQ(row, rows.size());
             return true;
@@ -126,7 +126,7 @@ TEST(SeparatedText, StopsWhenNoMoreRowsAreWanted)
     const Outcome<SeparatedText> source = SeparatedText::read(u"a\n1\n2\n3\n"_s);
     ASSERT_TRUE(source);
     qint64 last = 0;
-    source->whileRows([&last](qint64 row, const QStringList &) {
+    (void)source->whileRows([&last](qint64 row, const QStringList &) {
         last = row;
         return row < 2;
     });
@@ -143,7 +143,7 @@ TEST(SeparatedText, KeepsItsText)
     }();
     SeparatedText moved = std::move(*made);
     QStringList fields;
-    moved.whileRows([&fields](qint64, const QStringList &row) {
+    (void)moved.whileRows([&fields](qint64, const QStringList &row) {
         fields = row;
         return true;
     });
@@ -157,9 +157,86 @@ TEST(SeparatedText, MarksOfFormulasAreNoPartOfAValue)
         SeparatedText::read(u"'=Head,'plain'\n'=1+1,'a\n''=1,\"'@x,y\"\n"_s);
     EXPECT_EQ(source->headers(), texts({u"=Head", u"'plain'"}));
     QList<QStringList> rows;
-    source->whileRows([&](qint64, const QStringList &fields) {
+    (void)source->whileRows([&](qint64, const QStringList &fields) {
         rows += fields;
         return true;
     });
     EXPECT_EQ(rows, (QList<QStringList>{texts({u"=1+1", u"'a"}), texts({u"'=1", u"@x,y"})}));
+}
+
+TEST(SeparatedText, TextsOfManyBlocksAreReadLikeShortOnes)
+{
+    // Rows of all lengths, so that blocks end anywhere in them.
+    QString text = u"sep=;\nnumber;text\n"_s;
+    qint64 line = 3;
+    QStringList expected;
+    for (int row = 1; row <= 3000; ++row) {
+        expected += u"x\"\n"_s + QString(row % 731, u'é');
+        text += u"%1;\"x\"\"\n%2\"\r\n\n"_s.arg(row).arg(QString(row % 731, u'é'));
+        line += 3;
+    }
+    text += u"last;\"open"_s;
+    const Outcome<SeparatedText> source = SeparatedText::read(text);
+    ASSERT_TRUE(source);
+    EXPECT_EQ(source->rowCount(), 3001);
+    EXPECT_EQ(source->unclosedQuoteLine(), line);
+    bool isRight = true;
+    EXPECT_TRUE(source->whileRows([&](qint64 row, const QStringList &fields) {
+        isRight = isRight && fields.value(1) == expected.value(row - 1, u"open"_s) &&
+                  (row == 3001 || fields.value(0).toLongLong() == row);
+        return true;
+    }));
+    EXPECT_TRUE(isRight);
+}
+
+TEST(SeparatedText, ARowMayBeLongerThanManyBlocks)
+{
+    const QString field = QString(3'000'000, u'z');
+    const Outcome<SeparatedText> source =
+        SeparatedText::read(QString(u"a,b\n1,\"" + field + u"\"\n2,3\n"));
+    ASSERT_TRUE(source);
+    QList<qsizetype> sizes;
+    EXPECT_TRUE(source->whileRows([&](qint64, const QStringList &fields) {
+        sizes += fields.value(1).size();
+        return true;
+    }));
+    EXPECT_EQ(sizes, QList<qsizetype>({3'000'000, 1}));
+}
+
+TEST(SeparatedText, WithoutHeadersTheFirstRowIsOneOfValues)
+{
+    const Outcome<SeparatedText> source =
+        SeparatedText::read(TextSource(u"1,2\n3,4,5\n"_s), {std::nullopt, false});
+    ASSERT_TRUE(source);
+    EXPECT_EQ(source->headers(), QStringList({u"Column 1"_s, u"Column 2"_s, u""_s}));
+    EXPECT_EQ(source->rowCount(), 2);
+    EXPECT_EQ(source->raggedRowCount(), 1);
+    QList<QStringList> rows;
+    EXPECT_TRUE(source->whileRows([&](qint64, const QStringList &fields) {
+        rows += fields;
+        return true;
+    }));
+    EXPECT_EQ(rows.first(), QStringList({u"1"_s, u"2"_s}));
+}
+
+TEST(SeparatedText, ReadingCanBeCancelled)
+{
+    const Outcome<SeparatedText> source =
+        SeparatedText::read(TextSource(u"a\n1\n"_s), {}, [] { return false; });
+    EXPECT_TRUE(source.isCancelled());
+}
+
+TEST(SeparatedText, ColumnsCanBeLeftOutAndCalledOtherwise)
+{
+    SeparatedText source = *SeparatedText::read(u"a,b,c\n1,2,3\n4\n"_s);
+    source.skip({1});
+    source.rename(1, u"C"_s);
+    EXPECT_EQ(source.headers(), QStringList({u"a"_s, u"C"_s}));
+    EXPECT_EQ(source.selected(), QList<qsizetype>({0, 2}));
+    QList<QStringList> rows;
+    EXPECT_TRUE(source.whileRows([&](qint64, const QStringList &fields) {
+        rows += fields;
+        return true;
+    }));
+    EXPECT_EQ(rows, QList<QStringList>({{u"1"_s, u"3"_s}, {u"4"_s}}));
 }

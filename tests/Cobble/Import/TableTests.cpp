@@ -19,7 +19,7 @@ CobbleTable tableOf(const QStringList &titles, const QList<QStringList> &rows)
 QList<QStringList> rowsOf(const RowSource &source)
 {
     QList<QStringList> rows;
-    source.whileRows([&rows](qint64 row, const QStringList &fields) {
+    (void)source.whileRows([&rows](qint64 row, const QStringList &fields) {
         rows += fields;
         EXPECT_EQ(row, rows.size());
         return true;
@@ -75,7 +75,7 @@ TEST(Table, GoesOnOnlyWhileItIsWanted)
     const auto rows = Table::of(tableOf({u"a"_s}, {{u"1"_s}, {u"2"_s}, {u"3"_s}}));
     ASSERT_TRUE(rows);
     qint64 last = 0;
-    rows->whileRows([&last](qint64 row, const QStringList &) {
+    (void)rows->whileRows([&last](qint64 row, const QStringList &) {
         last = row;
         return row < 2;
     });

@@ -1,6 +1,7 @@
 target_sources(CobbleTests PRIVATE
     Cobble/Import/ColumnConventionsTests.cpp
     Cobble/Import/ColumnDecisionTests.cpp
+    Cobble/Import/ColumnThreadsTests.cpp
     Cobble/Import/ImportFileTests.cpp
     Cobble/Import/ImportSchemaTests.cpp
     Cobble/Import/ImportTransactionTests.cpp
@@ -11,6 +12,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Import/MediaReferenceTests.cpp
     Cobble/Import/MediaSourcesTests.cpp
     Cobble/Import/ReplacedLibraryTests.cpp
+    Cobble/Import/RowBatchTests.cpp
     Cobble/Import/RowSourceTests.cpp
     Cobble/Import/SeparatedTextTests.cpp
     Cobble/Import/TableTests.cpp

@@ -11,5 +11,6 @@ target_sources(CobbleTests PRIVATE
     Cobble/Library/LibraryTableTests.cpp
     Cobble/Library/LibraryTests.cpp
     Cobble/Library/RecordTextsTests.cpp
+    Cobble/Library/StagedRowsTests.cpp
     Cobble/Library/StoredValueTests.cpp
 )

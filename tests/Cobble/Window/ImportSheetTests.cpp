@@ -5,6 +5,7 @@
 #include <KTUtility/NSApplication>
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDir>
 #include <QProgressBar>
 #include <QTableWidget>
@@ -258,5 +259,130 @@ TEST_F(ImportSheetTests, HugeValuesAreShortInTheSummary)
     window->importSummary()->endDialog();
     turn();
     QTest::keyClick(alertBox(), Qt::Key_Escape);
+    turn();
+}
+
+namespace {
+/// Waits until a sheet shows what its file would become.
+void waitForPreview(ImportSheet *sheet)
+{
+    bool isShown = false;
+    const auto connection =
+        QObject::connect(sheet, &ImportSheet::previewed, sheet, [&isShown] { isShown = true; });
+    sheet->showPreview();
+    while (!isShown)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    QObject::disconnect(connection);
+}
+
+void choose(QWidget *sheet, const QString &boxName, const QString &text)
+{
+    auto *const box = sheet->findChild<QComboBox *>(boxName);
+    ASSERT_GE(box->findText(text), 0) << text.toStdString();
+    box->setCurrentIndex(box->findText(text));
+    Q_EMIT box->activated(box->currentIndex());
+}
+} // namespace
+
+TEST_F(ImportSheetTests, ShowsWhatTheFileWouldBecome)
+{
+    MainWindowController *const window = openThings();
+    QByteArray rows = "Stra\xdf"
+                      "e;Betrag\n";
+    for (int row = 1; row <= 300; ++row)
+        rows += "K\xf6nigsallee, sch\xf6n;" + (row == 7 ? QByteArray("Kuh") : "1.234,5") + '\n';
+    tree.add(u"Orte.csv"_s, rows);
+    QWidget *const sheet = openImport(window);
+    field(sheet, u"fileEdit"_s)->setText(path(u"Orte.csv"_s));
+    waitForPreview(window->importSheet());
+    const auto *const table = sheet->findChild<QTableWidget *>(u"previewTable"_s);
+    ASSERT_EQ(table->columnCount(), 2);
+    EXPECT_EQ(table->rowCount(), 50);
+    EXPECT_EQ(table->horizontalHeaderItem(0)->text(), u"Straße\ntext"_s);
+    EXPECT_EQ(table->item(0, 1)->text(), u"1,235"_s);
+    EXPECT_EQ(sheet->findChild<QLabel *>(u"formLabel"_s)->text(),
+              u"Rows: 300, semicolon, windows-1252"_s);
+    const auto *const rejected = sheet->findChild<QTableWidget *>(u"rejectedTable"_s);
+    ASSERT_EQ(rejected->rowCount(), 1);
+    EXPECT_EQ(rejected->item(0, 0)->text(), u"7"_s);
+    EXPECT_EQ(rejected->item(0, 1)->text(), u"Betrag"_s);
+    EXPECT_EQ(rejected->item(0, 2)->text(), u"Kuh"_s);
+    // Nothing is stored by looking.
+    application->bundle()->reload();
+    EXPECT_EQ(librariesIn(window), QStringList(u"Things"_s));
+    window->importSheet()->endDialog();
+    turn();
+}
+
+TEST_F(ImportSheetTests, WhatIsChosenIsStored)
+{
+    MainWindowController *const window = openThings();
+    tree.add(u"Dates.csv"_s, "1;3.4.2008;secret\n2;4.5.2008;secret\n");
+    QWidget *const sheet = openImport(window);
+    field(sheet, u"fileEdit"_s)->setText(path(u"Dates.csv"_s));
+    waitForPreview(window->importSheet());
+    EXPECT_EQ(sheet->findChild<QTableWidget *>(u"previewTable"_s)->rowCount(), 1);
+    sheet->findChild<QCheckBox *>(u"headersBox"_s)->click();
+    choose(sheet, u"separatorBox"_s, u"Semicolon"_s);
+    choose(sheet, u"encodingBox"_s, u"UTF-8"_s);
+    waitForPreview(window->importSheet());
+    EXPECT_EQ(sheet->findChild<QTableWidget *>(u"previewTable"_s)->rowCount(), 2);
+    choose(sheet, u"columnBox"_s, u"Column 3"_s);
+    sheet->findChild<QCheckBox *>(u"storedBox"_s)->click();
+    choose(sheet, u"columnBox"_s, u"Column 2"_s);
+    choose(sheet, u"conventionBox"_s, u"Month, day, year"_s);
+    type(field(sheet, u"headerEdit"_s), u"When"_s);
+    QTest::keyClick(field(sheet, u"headerEdit"_s), Qt::Key_Tab);
+    press(sheet, u"Import"_s);
+    window->importSummary()->endDialog();
+    turn();
+    QTest::keyClick(alertBox(), Qt::Key_Escape);
+    turn();
+    const auto store = *LibraryStore::open(bundle, LibraryStore::Mode::Existing);
+    const Library library = *store->libraryNamed(u"Dates"_s);
+    ASSERT_EQ(library.fields.size(), 2);
+    EXPECT_EQ(library.fields.at(1).header, u"When"_s);
+    RecordCursor records = store->records(library);
+    ASSERT_TRUE(records.next());
+    EXPECT_EQ(records.value(1).toDateTime().toLocalTime().date(), QDate(2008, 3, 4));
+}
+
+TEST_F(ImportSheetTests, ThePreviewTellsWhyThereIsNone)
+{
+    MainWindowController *const window = openThings();
+    QWidget *const sheet = openImport(window);
+    field(sheet, u"fileEdit"_s)->setText(path(u"missing.csv"_s));
+    waitForPreview(window->importSheet());
+    EXPECT_EQ(sheet->findChild<QLabel *>(u"formLabel"_s)->text(), u"No such file or directory"_s);
+    EXPECT_EQ(sheet->findChild<QTableWidget *>(u"previewTable"_s)->columnCount(), 0);
+    window->importSheet()->endDialog();
+    turn();
+}
+
+TEST_F(ImportSheetTests, FitsSmallScreensAndNamesItsParts)
+{
+    MainWindowController *const window = openThings();
+    QWidget *const sheet = openImport(window);
+    EXPECT_LE(sheet->minimumSizeHint().width(), 960);
+    EXPECT_LE(sheet->minimumSizeHint().height(), 600);
+    EXPECT_LE(sheet->width(), 960);
+    EXPECT_LE(sheet->height(), 600);
+    for (QWidget *const part : sheet->findChildren<QWidget *>()) {
+        const bool isNamed = !part->accessibleName().isEmpty();
+        if (qobject_cast<QTableWidget *>(part) || qobject_cast<QProgressBar *>(part))
+            EXPECT_TRUE(isNamed) << part->objectName().toStdString();
+    }
+    QStringList letters;
+    for (const QLabel *const label : sheet->findChildren<QLabel *>()) {
+        if (label->text().contains(u'&'))
+            letters += label->text().section(u'&', 1).left(1).toLower();
+    }
+    for (const QAbstractButton *const each : sheet->findChildren<QAbstractButton *>()) {
+        if (each->text().contains(u'&'))
+            letters += each->text().section(u'&', 1).left(1).toLower();
+    }
+    EXPECT_EQ(QSet<QString>(letters.begin(), letters.end()).size(), letters.size())
+        << letters.join(u' ').toStdString();
+    window->importSheet()->endDialog();
     turn();
 }

@@ -14,8 +14,8 @@ _cobble() {
     case ${COMP_WORDS[1]} in
         window) options='--search --locale --bundle --screenshot --sheet' ;;
         import)
-            options='--library --separator --locale --media --order --decimal --unit --replace
-                --bundle --dry-run'
+            options='--library --separator --encoding --no-header --locale --skip --rename --type
+                --media --order --decimal --unit --replace --bundle --dry-run'
             files=1
             ;;
         show) options='--locale --limit --bundle' ;;
@@ -47,13 +47,14 @@ _cobble() {
         log--file-line) values='on off' ;;
         window--sheet) values='import export about' ;;
         import--separator) values='comma semicolon tab pipe space' ;;
+        import--encoding) values='auto UTF-8 UTF-16LE UTF-16BE windows-1252 ISO-8859-1 ISO-8859-15' ;;
         *--bundle | *--screenshot | export--to)
             compopt -o filenames
             mapfile -t COMPREPLY < <(compgen -f -- "$current")
             return
             ;;
         *--search | *--locale | *--library | *--media | *--limit | *--option) return ;;
-        *--order | *--decimal | *--unit) return ;;
+        *--skip | *--rename | *--type | *--order | *--decimal | *--unit) return ;;
     esac
     if [ -n "$values" ]; then
         mapfile -t COMPREPLY < <(compgen -W "$values" -- "$current")

@@ -27,6 +27,11 @@ complete -c cobble -n '__fish_seen_subcommand_from window' -l sheet -x -a 'impor
 complete -c cobble -n '__fish_seen_subcommand_from import' -F
 complete -c cobble -n '__fish_seen_subcommand_from import' -l library -x -d 'The name of the library'
 complete -c cobble -n '__fish_seen_subcommand_from import' -l separator -x -a 'comma semicolon tab pipe space' -d 'What separates values'
+complete -c cobble -n '__fish_seen_subcommand_from import' -l encoding -x -a 'auto UTF-8 UTF-16LE UTF-16BE windows-1252 ISO-8859-1 ISO-8859-15' -d 'What the file is encoded in'
+complete -c cobble -n '__fish_seen_subcommand_from import' -l no-header -d 'The first row holds values'
+complete -c cobble -n '__fish_seen_subcommand_from import' -l skip -x -d 'A column to leave out'
+complete -c cobble -n '__fish_seen_subcommand_from import' -l rename -x -d 'Another header for a column'
+complete -c cobble -n '__fish_seen_subcommand_from import' -l type -x -d 'What is in a column'
 complete -c cobble -n '__fish_seen_subcommand_from import' -l locale -x -d 'The locale of values'
 complete -c cobble -n '__fish_seen_subcommand_from import' -l media -x -d 'A column that names files anywhere'
 complete -c cobble -n '__fish_seen_subcommand_from import' -l order -x -d 'How dates of a column are typed'

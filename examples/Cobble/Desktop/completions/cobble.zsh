@@ -42,6 +42,11 @@ case $command in
     import)
         _arguments $bundle $locale '--library[the name of the library]:name: ' \
             '--separator[what separates values]:separator:(comma semicolon tab pipe space)' \
+            '--encoding[what the file is encoded in]:name:(auto UTF-8 UTF-16LE UTF-16BE windows-1252 ISO-8859-1 ISO-8859-15)' \
+            '--no-header[the first row holds values]' \
+            '*--skip[a column to leave out]:header: ' \
+            '*--rename[another header for a column]:header=name: ' \
+            '*--type[what is in a column]:header=type: ' \
             '*--media[a column that names files anywhere]:header: ' \
             '*--order[how dates of a column are typed]:header=order: ' \
             '*--decimal[what stands before fractions]:header=sign: ' \

@@ -6,6 +6,7 @@
 #include "ProgressLine.h"
 #include "Text/CSVSeparator.h"
 #include "Text/PrintableText.h"
+#include "Text/TextEncodings.h"
 #include "UserSettings.h"
 
 #include <QCommandLineParser>
@@ -16,6 +17,11 @@ using namespace Qt::StringLiterals;
 namespace {
 const QString LibraryOption = u"library"_s;
 const QString SeparatorOption = u"separator"_s;
+const QString EncodingOption = u"encoding"_s;
+const QString NoHeaderOption = u"no-header"_s;
+const QString SkipOption = u"skip"_s;
+const QString RenameOption = u"rename"_s;
+const QString TypeOption = u"type"_s;
 const QString MediaOption = u"media"_s;
 const QString OrderOption = u"order"_s;
 const QString DecimalOption = u"decimal"_s;
@@ -27,8 +33,11 @@ void addImportOptions(QCommandLineParser *parser)
 {
     parser->addOption({LibraryOption, QString(), u"NAME"_s});
     parser->addOption({SeparatorOption, QString(), u"C"_s});
+    parser->addOption({EncodingOption, QString(), u"NAME"_s});
+    parser->addOption({NoHeaderOption, QString()});
+    parser->addOption({SkipOption, QString(), u"HEADER"_s});
     parser->addOption({MediaOption, QString(), u"HEADER"_s});
-    for (const QString &option : {OrderOption, DecimalOption, UnitOption})
+    for (const QString &option : {RenameOption, TypeOption, OrderOption, DecimalOption, UnitOption})
         parser->addOption({option, QString(), u"HEADER=WHAT"_s});
     parser->addOption({ReplaceOption, QString()});
     parser->addOption({DryRunOption, QString()});
@@ -50,10 +59,21 @@ QString pointOf(const QString &what)
     return what == u"point" ? u"."_s : what;
 }
 
+std::optional<FieldType> typeNamed(const QString &name)
+{
+    const std::optional<FieldType> type = FieldTypes::typeNamed(name);
+    const FieldType plain = FieldTypes::storedTypeNamed(name);
+    return type || FieldTypes::nameOf(plain) != name ? type : plain;
+}
+
 /// Whether an option can be told what is told.
 bool takes(const QString &option, const QString &what)
 {
     using Column = KTColumnReading;
+    if (option == RenameOption)
+        return !what.trimmed().isEmpty();
+    if (option == TypeOption)
+        return typeNamed(what).has_value();
     if (option == OrderOption)
         return Column::conventionsOf(Column::Dates).contains(what);
     if (option == DecimalOption)
@@ -64,7 +84,8 @@ bool takes(const QString &option, const QString &what)
 
 Outcome<> checkConventions(const QCommandLineParser &parser)
 {
-    for (const QString &option : {OrderOption, DecimalOption, UnitOption}) {
+    for (const QString &option :
+         {RenameOption, TypeOption, OrderOption, DecimalOption, UnitOption}) {
         for (const QString &value : parser.values(option)) {
             const auto [header, what] = headerAndWhatIn(value);
             if (header.isEmpty() || !takes(option, what))
@@ -89,6 +110,36 @@ QMap<QString, ColumnConventions> conventionsIn(const QCommandLineParser &parser)
     return conventions;
 }
 
+Outcome<> checkEncoding(const QCommandLineParser &parser)
+{
+    const QString name = parser.value(EncodingOption);
+    if (!parser.isSet(EncodingOption) || name == TextEncodings::Automatic ||
+        TextEncodings::named(name))
+        return {};
+    return Failure{u"unknown encoding '%1'; there are %2, %3"_s.arg(
+        name, TextEncodings::Automatic, TextEncodings::names().join(u", "_s))};
+}
+
+/// What is said of encodings; nil if nothing is.
+QString encodingIn(const QCommandLineParser &parser)
+{
+    const QString name = parser.value(EncodingOption);
+    return parser.isSet(EncodingOption) ? TextEncodings::named(name).value_or(name) : QString();
+}
+
+void tellColumns(const QCommandLineParser &parser, ImportRequest *request)
+{
+    request->skipped = parser.values(SkipOption);
+    for (const QString &value : parser.values(RenameOption)) {
+        const auto [header, what] = headerAndWhatIn(value);
+        request->newHeaders.insert(header, what);
+    }
+    for (const QString &value : parser.values(TypeOption)) {
+        const auto [header, what] = headerAndWhatIn(value);
+        request->types.insert(header, *typeNamed(what));
+    }
+}
+
 Outcome<> checkImport(const QCommandLineParser &parser)
 {
     const QStringList files = parser.positionalArguments();
@@ -103,6 +154,7 @@ Outcome<> checkImport(const QCommandLineParser &parser)
         return Failure{u"bad separator '%1'"_s.arg(separator)};
     return BundleOption::check(parser)
         .andThen([&] { return UserSettings::checkLocale(parser); })
+        .andThen([&] { return checkEncoding(parser); })
         .andThen([&] { return checkConventions(parser); });
 }
 
@@ -115,6 +167,9 @@ ImportRequest requestIn(const QCommandLineParser &parser)
                               : ImportRequest::libraryNameForFile(request.path);
     request.separator = CSVSeparator::fromName(parser.value(SeparatorOption));
     request.locale = UserSettings::localeIn(parser);
+    request.encoding = encodingIn(parser);
+    request.hasHeaders = !parser.isSet(NoHeaderOption);
+    tellColumns(parser, &request);
     request.mediaHeaders = parser.values(MediaOption);
     request.conventions = conventionsIn(parser);
     request.replaces = parser.isSet(ReplaceOption);

@@ -26,6 +26,8 @@ void printSummary(const RowSource &rows, const ImportSchema &schema, QTextStream
     summary.addRow({u"Entity:"_s, schema.entityName});
     summary.addRow({u"Table:"_s, schema.tableName});
     summary.addRow({u"Separator:"_s, CSVSeparator::nameOf(rows.separator())});
+    if (const QString encoding = rows.encoding(); !encoding.isNull() && encoding != u"UTF-8")
+        summary.addRow({u"Encoding:"_s, encoding});
     summary.addRow({u"Rows read:"_s, QString::number(rows.rowCount())});
     summary.addRow({u"Ragged rows:"_s, raggedRowsText(rows)});
     summary.addRow({u"Columns:"_s, QString::number(schema.columns.size())});

@@ -12,7 +12,9 @@ QString usageText()
       needs no display; NAME is a sheet to lie over it: import, export or
       about.
 
-  cobble import FILE [--library NAME] [--separator C] [--locale ID]
+  cobble import FILE [--library NAME] [--separator C] [--encoding CODE]
+                [--no-header] [--locale ID] [--skip HEADER]…
+                [--rename HEADER=NAME]… [--type HEADER=TYPE]…
                 [--media HEADER]… [--order HEADER=ORDER]…
                 [--decimal HEADER=SIGN]… [--unit HEADER=UNIT]… [--replace]
                 [--bundle PATH] [--dry-run]
@@ -22,7 +24,13 @@ QString usageText()
       (it is kept as it was typed). NAME is the file's name without its
       extension unless given, with a number if there is one, or in its place
       with --replace. C is one character, or comma, semicolon, tab, pipe or
-      space; it is found out unless given. ID is the locale that the values
+      space; it is found out unless given. CODE is what FILE is encoded in, such
+      as windows-1252, or auto to guess; unless given, it is UTF-8, or UTF-16
+      with a byte order mark, and nothing else is taken. With --no-header, the
+      first row holds values, and the columns are called Column 1, Column 2 and
+      so on. --skip leaves a column out, --rename stores it under another
+      header, and TYPE says what is in it: text, media, or a type of parse; it
+      is found out unless given. ID is the locale that the values
       were typed in, such as de_DE; it is yours unless given. Files beside FILE
       that a column names are copied into the bundle. --media says that a column
       names files, which may then lie anywhere or be http: URLs, up to 256 MB

@@ -60,16 +60,27 @@ std::unique_ptr<KTDateTimeFormatter> dateTimeFormatter()
     return formatter;
 }
 
-std::unique_ptr<KTReadingFormatter> phoneFormatter()
+std::unique_ptr<KTReadingFormatter> phoneFormatter(const std::optional<NSLocale> &locale)
 {
     auto formatter = std::make_unique<KTPhoneNumberFormatter>();
     formatter->setFormatIndex(
-        PhoneLayouts::indexForCountry(NSLocale::currentLocale().countryCode()));
+        PhoneLayouts::indexForCountry(locale.value_or(NSLocale::currentLocale()).countryCode()));
     return formatter;
 }
-} // namespace
 
-FieldFormat FieldFormat::of(FieldType type)
+void setLocale(const NSLocale &locale, NSFormatter *formatter)
+{
+    if (auto *const numbers = qobject_cast<KTNumberFormatter *>(formatter))
+        numbers->setLocale(locale);
+    if (auto *const money = qobject_cast<KTCurrencyFormatter *>(formatter))
+        money->setCurrencyLocale(locale);
+    if (auto *const dates = qobject_cast<KTDateTimeFormatter *>(formatter))
+        dates->setLocale(locale);
+    if (auto *const durations = qobject_cast<KTDurationFormatter *>(formatter))
+        durations->setLocale(locale);
+}
+
+FieldFormat formatOf(FieldType type, const std::optional<NSLocale> &locale)
 {
     switch (type) {
     case FieldType::Number:
@@ -85,10 +96,19 @@ FieldFormat FieldFormat::of(FieldType type)
     case FieldType::DateTime:
         return dateFormat(dateTimeFormatter());
     case FieldType::Phone:
-        return plainFormat(phoneFormatter());
+        return plainFormat(phoneFormatter(locale));
     case FieldType::Media:
     case FieldType::Text:
         return {};
     }
     return {};
+}
+} // namespace
+
+FieldFormat FieldFormat::of(FieldType type, const std::optional<NSLocale> &locale)
+{
+    FieldFormat format = formatOf(type, locale);
+    if (locale)
+        setLocale(*locale, format.formatter.get());
+    return format;
 }

@@ -3,9 +3,11 @@
 #include "FieldType.h"
 
 #include <KTUtility/NSFormatter>
+#include <KTUtility/NSLocale>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 /// The formatter of a field, with what reading asks of some kinds of formatters only. A function
 /// that a kind has no use for is empty.
@@ -17,8 +19,9 @@
 /// \endcode
 struct FieldFormat
 {
-    /// One for fields of a type in the user's locale.
-    static FieldFormat of(FieldType type);
+    /// One for fields of a type.
+    /// \param locale the user's if there is none, which may be several: of numbers, money and dates.
+    static FieldFormat of(FieldType type, const std::optional<NSLocale> &locale = std::nullopt);
 
     /// Null for media and texts.
     std::unique_ptr<NSFormatter> formatter;

@@ -95,7 +95,10 @@ NSLocale localeOf(const NSFormatter *formatter)
 }
 } // namespace
 
-FieldReader::FieldReader(FieldType type) : _type(type), _format(FieldFormat::of(type)) {}
+FieldReader::FieldReader(FieldType type, const std::optional<NSLocale> &locale)
+    : _type(type), _format(FieldFormat::of(type, locale))
+{
+}
 
 void FieldReader::setReadsCommonForms(bool readsCommonForms) const
 {

@@ -21,7 +21,8 @@
 class FieldReader
 {
 public:
-    explicit FieldReader(FieldType type);
+    /// \param locale that of who types; the user's if there is none.
+    explicit FieldReader(FieldType type, const std::optional<NSLocale> &locale = std::nullopt);
 
     FieldType type() const { return _type; }
     /// Null for texts.

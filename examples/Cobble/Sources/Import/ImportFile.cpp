@@ -2,24 +2,26 @@
 
 #include "ImportTransaction.h"
 #include "Library/PlugIns.h"
+#include "Library/RecordTexts.h"
 #include "ReplacedLibrary.h"
 #include "SeparatedText.h"
 #include "Table.h"
 #include "Text/Reasons.h"
 #include "Text/TextFile.h"
 
+#include <KTUtility/KTCurrencyFormatter>
 #include <KTUtility/NSFileManager>
 
 #include <QFileInfo>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
-/// Whether a file type needs no importer.
-bool isSeparatedText(const QString &fileType)
+QString fileTypeOf(const QString &path)
 {
-    static const QStringList types = {u""_s, u"csv"_s, u"tsv"_s, u"txt"_s};
-    return types.contains(fileType);
+    return QFileInfo(path).suffix().toLower();
 }
 
 /// Lets an importer read a file's text.
@@ -39,15 +41,15 @@ Outcome<CobbleTable> readTable(const PlugIns &plugIns, CobbleImporter &importer,
 }
 
 template<typename Rows>
-Outcome<> useRows(Outcome<Rows> &&rows, ImportFile *file)
+Outcome<> useRows(Outcome<Rows> &&rows, std::shared_ptr<RowSource> *source)
 {
     if (!rows)
         return rows.failure();
-    file->rows = std::make_shared<const Rows>(std::move(*rows));
+    *source = std::make_shared<Rows>(std::move(*rows));
     return {};
 }
 
-Outcome<> useTable(const CobbleTable &table, ImportFile *file)
+Outcome<> useTable(const CobbleTable &table, ImportFile *file, std::shared_ptr<RowSource> *rows)
 {
     file->extracted = table.files;
     if (table.files)
@@ -57,47 +59,82 @@ Outcome<> useTable(const CobbleTable &table, ImportFile *file)
         if (!type.isEmpty())
             file->settings.types.insert(column, FieldTypes::storedTypeNamed(type));
     }
-    return useRows(Table::of(table), file);
+    return useRows(Table::of(table), rows);
 }
 
-/// Takes the rows from the text of a file, by an importer if there is one for its extension.
-Outcome<> useText(const QString &text, const ImportRequest &request, ImportFile *file)
+Outcome<> useText(const ImportRequest &request, const std::function<bool()> &goesOn,
+                  std::shared_ptr<RowSource> *rows)
 {
-    const QString fileType = QFileInfo(request.path).suffix().toLower();
-    if (isSeparatedText(fileType))
-        return useRows(SeparatedText::read(text, request.separator), file);
+    const Outcome<TextSource> text = TextSource::ofFile(request.path, request.encoding);
+    if (!text)
+        return text.failure();
+    return useRows(SeparatedText::read(*text, {request.separator, request.hasHeaders}, goesOn),
+                   rows);
+}
+
+Outcome<> useImporter(const PlugIns &plugIns, CobbleImporter &importer,
+                      const ImportRequest &request, ImportFile *file,
+                      std::shared_ptr<RowSource> *rows)
+{
+    const Outcome<QString> text = TextFile::textOfFile(request.path, request.encoding);
+    if (!text)
+        return text.failure();
+    const Outcome<CobbleTable> table = readTable(plugIns, importer, *text);
+    return table ? useTable(*table, file, rows) : table.failure();
+}
+
+/// Takes the rows of a file, by an importer if there is one for its extension.
+Outcome<> useFile(const ImportRequest &request, const std::function<bool()> &goesOn,
+                  ImportFile *file, std::shared_ptr<RowSource> *rows)
+{
+    if (ImportFile::isSeparatedText(request.path))
+        return useText(request, goesOn, rows);
     const PlugIns plugIns;
-    CobbleImporter *const importer = plugIns.importerFor(fileType);
+    CobbleImporter *const importer = plugIns.importerFor(fileTypeOf(request.path));
     // One that cannot be used may be the one for this file, which then is no separated text.
     QStringList missing{plugIns.failedImporters(), plugIns.passedOverImporters()};
     missing.removeAll(QString());
     if (!importer && !missing.isEmpty())
         return Failure{missing.join(u"; "_s)};
-    if (!importer)
-        return useRows(SeparatedText::read(text, request.separator), file);
-    const Outcome<CobbleTable> table = readTable(plugIns, *importer, text);
-    return table ? useTable(*table, file) : table.failure();
+    return importer ? useImporter(plugIns, *importer, request, file, rows)
+                    : useText(request, goesOn, rows);
 }
 
-Outcome<> useMediaColumns(const QStringList &headers, ImportFile *file)
+/// What is known of a column that is wanted.
+void useChoice(const ColumnChoice &choice, qsizetype column, RowSource *rows, ImportFile *file)
 {
-    for (const QString &header : headers) {
-        const qsizetype column = file->rows->headers().indexOf(header);
-        if (column < 0)
-            return Failure{Reasons::tr("there is no column '%1'").arg(header)};
-        file->settings.types.insert(column, FieldType::Media);
+    if (choice.type)
+        file->settings.types.insert(column, *choice.type);
+    if (choice.isTrusted)
         file->media.trust(column);
-    }
-    return {};
+    if (choice.conventions.isAny())
+        file->settings.conventions.insert(column, choice.conventions);
+    if (choice.header)
+        rows->rename(column, *choice.header);
 }
 
-Outcome<> useConventions(const QMap<QString, ColumnConventions> &conventions, ImportFile *file)
+QList<qsizetype> skippedIn(const ColumnChoices &choices)
 {
-    for (auto told = conventions.begin(); told != conventions.end(); ++told) {
-        const qsizetype column = file->rows->headers().indexOf(told.key());
-        if (column < 0)
-            return Failure{Reasons::tr("there is no column '%1'").arg(told.key())};
-        file->settings.conventions.insert(column, told.value());
+    QList<qsizetype> columns;
+    for (auto choice = choices.begin(); choice != choices.end(); ++choice) {
+        if (choice->isSkipped)
+            columns += choice.key();
+    }
+    return columns;
+}
+
+Outcome<> useChoices(const ColumnChoices &choices, RowSource *rows, ImportFile *file)
+{
+    file->fileHeaders = rows->headers();
+    rows->skip(skippedIn(choices));
+    if (rows->headers().isEmpty())
+        return Failure{Reasons::tr("no column is left")};
+    const auto typesInFile = std::exchange(file->settings.types, {});
+    for (qsizetype column = 0; column < rows->selected().size(); ++column) {
+        const qsizetype inFile = rows->selected().at(column);
+        if (typesInFile.contains(inFile))
+            file->settings.types.insert(column, typesInFile.value(inFile));
+        useChoice(choices.value(inFile), column, rows, file);
     }
     return {};
 }
@@ -107,15 +144,28 @@ class Preview : public ImportSink
 {
 public:
     Preview(const MediaSources &sources, const KTDatabaseBundle &bundle,
-            const ReplacedLibrary &replaced)
-        : _sources(sources), _bundle(bundle), _replaced(replaced)
+            const ReplacedLibrary &replaced, ShownRows *shown)
+        : _sources(sources), _bundle(bundle), _replaced(replaced), _shown(shown)
     {
     }
 
-    Outcome<> begin(const std::vector<std::unique_ptr<FieldReader>> &) override { return {}; }
-    Outcome<> addRow(const QVariantList &) override
+    /// Whoever shows the library has formatters of their own, and those of the import are busy.
+    Outcome<> begin(const std::vector<std::unique_ptr<FieldReader>> &readers) override
+    {
+        for (const auto &reader : readers) {
+            _fields.emplace_back(reader->type());
+            if (const QString currency = reader->currencyType(); !currency.isNull())
+                _fields.back().formatter()->setOptions({{kKTFieldOption_currencyType, currency}});
+            if (_shown)
+                _shown->types += reader->type();
+        }
+        return {};
+    }
+    Outcome<> addRow(const QVariantList &values) override
     {
         ++_row;
+        if (_shown && _shown->rows.size() < _shown->most)
+            show(values);
         return _ended;
     }
     Outcome<QVariant> storeMedia(qsizetype column, const QString &text) override
@@ -130,6 +180,14 @@ public:
     }
 
 private:
+    void show(const QVariantList &values)
+    {
+        QStringList texts;
+        for (qsizetype column = 0; column < values.size(); ++column)
+            texts += RecordTexts::textOf(_fields[size_t(column)], values.at(column));
+        _shown->rows += texts;
+    }
+
     /// What is on the web is taken to be there.
     Outcome<> check(const NSURL &url) const
     {
@@ -143,26 +201,37 @@ private:
     const MediaSources &_sources;
     const KTDatabaseBundle &_bundle;
     const ReplacedLibrary &_replaced;
+    ShownRows *_shown;
+    std::vector<FieldReader> _fields;
     /// What ends the import with the current row.
     Outcome<> _ended;
     qint64 _row = 1;
 };
 } // namespace
 
-Outcome<ImportFile> ImportFile::read(const ImportRequest &request)
+bool ImportFile::isSeparatedText(const QString &path)
 {
-    const Outcome<QString> text = TextFile::textOfFile(request.path);
-    if (!text)
-        return text.failure();
+    static const QStringList types = {u""_s, u"csv"_s, u"tsv"_s, u"txt"_s};
+    return types.contains(fileTypeOf(path));
+}
+
+Outcome<ImportFile> ImportFile::read(const ImportRequest &request,
+                                     const std::function<bool()> &goesOn)
+{
     ImportFile file;
     file.media = MediaSources(QFileInfo(request.path).absolutePath());
-    const Outcome<> used =
-        useText(*text, request, &file)
-            .andThen([&] { return useMediaColumns(request.mediaHeaders, &file); })
-            .andThen([&] { return useConventions(request.conventions, &file); });
+    std::shared_ptr<RowSource> rows;
+    const Outcome<> used = useFile(request, goesOn, &file, &rows).andThen([&]() -> Outcome<> {
+        const auto choices = columnChoicesOf(request, rows->headers());
+        return choices ? useChoices(*choices, rows.get(), &file) : choices.failure();
+    });
     if (!used)
         return used.failure();
-    file.schema = ImportSchema::fromHeaders(request.libraryName, file.rows->headers());
+    file.rows = rows;
+    file.schema = ImportSchema::fromHeaders(request.libraryName, rows->headers());
+    file.settings.threads = request.threads;
+    if (!request.locale.isNull())
+        file.settings.locale = NSLocale(request.locale);
     file.settings.isMedia = [media = file.media](const QString &value) {
         return media.isObvious(value);
     };
@@ -192,21 +261,21 @@ Outcome<> ImportFile::downloadInto(MediaDownloads *downloads) const
     Outcome<> outcome;
     if (media.trustedColumns().isEmpty())
         return outcome;
-    rows->whileRows([&](qint64, const QStringList &fields) {
+    const Outcome<> read = rows->whileRows([&](qint64, const QStringList &fields) {
         outcome = downloadRow(fields, downloads);
         return bool(outcome);
     });
-    return outcome;
+    return outcome.andThen([&read] { return read; });
 }
 
-Outcome<ImportValues> ImportFile::preview(const ImportRequest &request) const
+Outcome<ImportValues> ImportFile::preview(const ImportRequest &request, ShownRows *shown) const
 {
     const Outcome<ReplacedLibrary> replaced =
         request.replaces ? ReplacedLibrary::find(request.bundle, schema.libraryName)
                          : ReplacedLibrary();
     if (!replaced)
         return replaced.failure();
-    Preview sink(media, request.bundle, *replaced);
+    Preview sink(media, request.bundle, *replaced, shown);
     ImportValues::Settings reading = settings;
     replaced->keepMediaColumns(schema, &reading.types);
     reading.sink = &sink;

@@ -11,6 +11,16 @@
 
 #include <memory>
 
+/// What a library would show of an import.
+struct ShownRows
+{
+    /// The most rows that are wanted.
+    qsizetype most = 0;
+    QList<FieldType> types;
+    /// The first rows, as their fields show them.
+    QList<QStringList> rows;
+};
+
 /// What a stored import leaves.
 struct StoredImport
 {
@@ -29,7 +39,9 @@ struct StoredImport
 /// \endcode
 struct ImportFile
 {
-    static Outcome<ImportFile> read(const ImportRequest &request);
+    /// \param goesOn is asked now and then; may be empty.
+    static Outcome<ImportFile> read(const ImportRequest &request,
+                                    const std::function<bool()> &goesOn = {});
 
     /// Stores it as a library of the request's bundle: all of it or nothing. What it names on the web
     /// is downloaded first, while nothing is locked.
@@ -39,9 +51,16 @@ struct ImportFile
     /// Reads the values as store() would, without downloading or storing anything: what is on the web
     /// is taken to be there. If a library is to be replaced, it is looked at, and this fails as
     /// store() would where files would be lost.
-    Outcome<ImportValues> preview(const ImportRequest &request) const;
+    /// \param shown receives the first rows; may be null.
+    Outcome<ImportValues> preview(const ImportRequest &request, ShownRows *shown = nullptr) const;
+
+    /// Whether a file needs no importer, by its name; others may call plug-ins, which only the main
+    /// thread may do.
+    static bool isSeparatedText(const QString &path);
 
     std::shared_ptr<const RowSource> rows;
+    /// The headers of all columns of the file, also of those that are left out.
+    QStringList fileHeaders;
     ImportSchema schema;
     /// Which files it may bring along.
     MediaSources media;

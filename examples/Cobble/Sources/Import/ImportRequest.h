@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ColumnConventions.h"
+#include "ColumnChoice.h"
 
 #include <KTUtility/KTDatabaseBundle>
 
@@ -17,7 +17,20 @@ struct ImportRequest
     QString path;
     QString libraryName;
     std::optional<QChar> separator;
+    /// What the file is encoded in; see TextSource::ofFile().
+    QString encoding;
+    /// Whether its first row holds the headers.
+    bool hasHeaders = true;
+    /// That in which the values were typed; nil for the user's.
     QString locale;
+    /// What is wanted of columns by their positions in the file.
+    ColumnChoices columns;
+    /// The headers of columns that are left out.
+    QStringList skipped;
+    /// Other headers for some.
+    QMap<QString, QString> newHeaders;
+    /// The types of the columns of some headers, whatever their values look like.
+    QMap<QString, FieldType> types;
     /// The headers of the columns that hold media, whatever their values look like.
     QStringList mediaHeaders;
     /// What is said of how the columns of some headers are typed.
@@ -26,6 +39,8 @@ struct ImportRequest
     bool replaces = false;
     /// Whether nothing is to be written.
     bool isDryRun = false;
+    /// How many threads read values; 0 for as many as there are processors.
+    int threads = 0;
     KTDatabaseBundle bundle = KTDatabaseBundle(QString());
 
     /// What a library is called unless it is given a name.

@@ -20,6 +20,9 @@ public:
     /// Stores the media file that a text in a column names, so that the value is its media URL. If
     /// it fails, the text is kept as it was typed.
     virtual Outcome<QVariant> storeMedia(qsizetype column, const QString &text) = 0;
-    /// A row: values, nil for empty fields, texts for those that could not be read.
+    /// What is to become of a value that is read; asked in any thread, before addRow().
+    virtual QVariant prepared(const QVariant &value) const { return value; }
+    /// A row of what prepared() gave: nil for empty fields, texts for those that could not be read,
+    /// and for media what storeMedia() gave.
     virtual Outcome<> addRow(const QVariantList &values) = 0;
 };

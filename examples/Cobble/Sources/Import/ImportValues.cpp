@@ -1,5 +1,6 @@
 #include "ImportValues.h"
 
+#include "ColumnThreads.h"
 #include "Text/Reasons.h"
 #include "TypeInference.h"
 
@@ -17,31 +18,41 @@ bool areComplete(const std::vector<TypeInference> &inferences)
                        [](const TypeInference &inference) { return inference.isComplete(); });
 }
 
-/// Looks at as many rows as it takes to know the types.
-std::vector<TypeInference> inferencesFor(const RowSource &rows,
-                                         const ImportValues::Settings &settings)
+/// Takes the values of a batch of rows into account, of columns that need more.
+void addTo(std::vector<TypeInference> *inferences, const RowBatch &batch)
 {
-    std::vector<TypeInference> inferences;
-    for (qsizetype column = 0; column < rows.headers().size(); ++column)
-        inferences.emplace_back(settings.isMedia, settings.conventions.value(column));
-    rows.whileRows([&](qint64, const QStringList &fields) {
-        for (qsizetype column = 0; column < fields.size(); ++column)
-            inferences[size_t(column)].add(fields.at(column));
-        return !areComplete(inferences) &&
-               (!settings.progress || settings.progress(0, rows.rowCount()));
-    });
-    return inferences;
+    for (size_t column = 0; column < inferences->size(); ++column) {
+        TypeInference &inference = (*inferences)[column];
+        for (qsizetype row = 0; row < batch.rowCount() && !inference.isComplete(); ++row)
+            inference.add(batch.field(row, qsizetype(column)));
+    }
 }
 
-Readers readersFor(const RowSource &rows, const ImportValues::Settings &settings)
+/// Looks at as many rows as it takes to know the types.
+Outcome<> inferTypes(const RowSource &rows, const ImportValues::Settings &settings,
+                     std::vector<TypeInference> *inferences)
 {
-    Readers readers;
-    for (const TypeInference &inference : inferencesFor(rows, settings)) {
-        const auto known = settings.types.find(qsizetype(readers.size()));
-        readers.push_back(known == settings.types.end() ? inference.reader()
-                                                        : std::make_unique<FieldReader>(*known));
+    for (qsizetype column = 0; column < rows.headers().size(); ++column)
+        inferences->emplace_back(settings.isMedia, settings.conventions.value(column),
+                                 settings.locale);
+    return rows.whileBatches([&](const RowBatch &batch) {
+        addTo(inferences, batch);
+        return !areComplete(*inferences) &&
+               (!settings.progress || settings.progress(0, rows.rowCount()));
+    });
+}
+
+Outcome<> makeReaders(const RowSource &rows, const ImportValues::Settings &settings,
+                      Readers *readers)
+{
+    std::vector<TypeInference> inferences;
+    const Outcome<> inferred = inferTypes(rows, settings, &inferences);
+    for (const TypeInference &inference : inferences) {
+        const auto known = settings.types.find(qsizetype(readers->size()));
+        readers->push_back(known == settings.types.end() ? inference.reader()
+                                                         : inference.readerOf(*known));
     }
-    return readers;
+    return inferred;
 }
 
 using ColumnReadings = std::vector<std::optional<KTColumnReading>>;
@@ -57,22 +68,29 @@ ColumnReadings newColumnsFor(const Readers &readers, const ImportValues::Setting
 }
 
 /// Has each column read by what all of its values decide together.
-void decideColumns(const RowSource &rows, const ImportValues::Settings &settings, Readers *readers)
+Outcome<> decideColumns(const RowSource &rows, const ImportValues::Settings &settings,
+                        Readers *readers)
 {
     ColumnReadings columns = newColumnsFor(*readers, settings);
     if (std::none_of(columns.begin(), columns.end(), [](const auto &column) { return column; }))
-        return;
-    rows.whileRows([&](qint64, const QStringList &fields) {
-        for (size_t column = 0; column < columns.size(); ++column) {
-            if (columns[column])
-                columns[column]->add(fields.value(qsizetype(column)));
-        }
-        return !settings.progress || settings.progress(0, rows.rowCount());
-    });
+        return {};
+    const auto addFields = [&columns](const RowBatch &batch, qsizetype column) {
+        auto &reading = columns[size_t(column)];
+        for (qsizetype row = 0; reading && row < batch.rowCount(); ++row)
+            reading->add(batch.field(row, column));
+        return ColumnPart();
+    };
+    const Outcome<> outcome =
+        ColumnThreads(settings.threads)
+            .run(rows, qsizetype(columns.size()), addFields,
+                 [&](const RowBatch &, const std::vector<ColumnPart> &) {
+                     return !settings.progress || settings.progress(0, rows.rowCount());
+                 });
     for (size_t column = 0; column < columns.size(); ++column) {
         if (columns[column])
             (*readers)[column]->setColumn(*columns[column]);
     }
+    return outcome;
 }
 
 QString typeNameOf(const FieldReader &reader)
@@ -83,28 +101,80 @@ QString typeNameOf(const FieldReader &reader)
 }
 
 /// About a currency that is not the user's, or that the user names.
-ColumnDecision currencyDecisionOf(const FieldReader &reader, const ColumnConventions &told)
+ColumnDecision currencyDecisionOf(const FieldReader &reader, const ColumnConventions &told,
+                                  const std::optional<NSLocale> &locale)
 {
     const QString code = reader.currencyType();
     if (code.isNull())
         return {};
     if (code == told.currency())
         return ColumnDecision::ofCurrency(code, Reasons::tr("you say so"));
-    const QString own = FieldReader(FieldType::Currency).currencyType();
+    const QString own = FieldReader(FieldType::Currency, locale).currencyType();
     return code == own ? ColumnDecision()
                        : ColumnDecision::ofCurrency(code, Reasons::tr("the values name it"));
 }
 
-ImportValues::Column columnOf(const FieldReader &reader, const ColumnConventions &told)
+ImportValues::Column columnOf(const FieldReader &reader, const ColumnConventions &told,
+                              const std::optional<NSLocale> &locale)
 {
     ImportValues::Column column;
     column.typeName = typeNameOf(reader);
     if (reader.column())
         column.decision = ColumnDecision::of(*reader.column());
-    column.currency = currencyDecisionOf(reader, told);
+    column.currency = currencyDecisionOf(reader, told, locale);
     column.unused = ColumnDecision::ofUnused(told.unusedBy(reader), column.typeName);
     return column;
 }
+
+/// What imported fields are made of.
+class FieldReading
+{
+public:
+    FieldReading(const FieldReader &reader, const ImportSink *sink)
+        : _reader(reader), _sink(sink), _isStored(sink && reader.type() == FieldType::Media)
+    {
+    }
+
+    ColumnPart read(const RowBatch &batch, qsizetype column)
+    {
+        _part.values.reserve(size_t(batch.rowCount()));
+        for (qsizetype row = 0; row < batch.rowCount(); ++row)
+            add(row, batch.field(row, column));
+        return std::move(_part);
+    }
+
+private:
+    void add(qsizetype row, const QString &text)
+    {
+        if (isBlank(text)) {
+            ++_part.emptyCount;
+            _part.values.push_back(text.isEmpty() ? QVariant() : QVariant(text));
+        } else if (_isStored) { // by who has the row
+            _part.values.push_back(text);
+        } else {
+            addRead(row, text);
+        }
+    }
+    void addRead(qsizetype row, const QString &text)
+    {
+        const Outcome<QVariant> value = _reader.read(text, true);
+        if (value)
+            ++_part.readCount;
+        else
+            _part.unread.push_back({row, value.reason()});
+        const QVariant kept = value ? *value : QVariant(text);
+        _part.values.push_back(_sink ? _sink->prepared(kept) : kept);
+    }
+    static bool isBlank(QStringView text)
+    {
+        return std::all_of(text.begin(), text.end(), [](QChar unit) { return unit.isSpace(); });
+    }
+
+    const FieldReader &_reader;
+    const ImportSink *_sink;
+    bool _isStored;
+    ColumnPart _part;
+};
 
 /// The last reading: every value through its column's formatter.
 class ValueReading
@@ -115,7 +185,7 @@ public:
     {
         for (const auto &reader : readers) {
             const auto told = settings.conventions.value(_values.columns.size());
-            _values.columns.append(columnOf(*reader, told));
+            _values.columns.append(columnOf(*reader, told, settings.locale));
         }
         if (_sink)
             _outcome = _sink->begin(readers);
@@ -124,11 +194,33 @@ public:
     /// Whether it goes on.
     explicit operator bool() const { return bool(_outcome); }
     void cancel() { _outcome = Failure{Reasons::tr("it was cancelled"), true}; }
-    void readRow(qint64 row, const QStringList &fields)
+
+    ColumnPart read(const RowBatch &batch, qsizetype column) const
+    {
+        return FieldReading(*_readers[size_t(column)], _sink).read(batch, column);
+    }
+
+    void begin(const std::vector<ColumnPart> &parts)
+    {
+        _unreadSoFar.assign(parts.size(), 0);
+        for (size_t column = 0; column < parts.size(); ++column) {
+            ImportValues::Column &counts = _values.columns[qsizetype(column)];
+            counts.read += parts[column].readCount;
+            counts.unread += qint64(parts[column].unread.size());
+            counts.empty += parts[column].emptyCount;
+        }
+    }
+    void useRow(const RowBatch &batch, qsizetype row, std::vector<ColumnPart> &parts)
     {
         QVariantList record;
-        for (qsizetype column = 0; column < _values.columns.size(); ++column)
-            record.append(valueOf(row, column, fields.value(column)));
+        record.reserve(qsizetype(parts.size()));
+        for (size_t column = 0; column < parts.size(); ++column) {
+            record.append(std::move(parts[column].values[size_t(row)]));
+            if (_sink && _readers[column]->type() == FieldType::Media)
+                storeMedia(batch.number(row), qsizetype(column), &record.last());
+            else
+                noteUnread(batch, row, column, parts[column]);
+        }
         if (_sink)
             _outcome = _sink->addRow(record);
     }
@@ -141,50 +233,71 @@ public:
     }
 
 private:
-    QVariant valueOf(qint64 row, qsizetype column, const QString &text)
+    void noteUnread(const RowBatch &batch, qsizetype row, size_t column, const ColumnPart &part)
     {
-        if (!text.trimmed().isEmpty())
-            return readValue(row, column, text);
-        ++_values.columns[column].empty;
-        return text.isEmpty() ? QVariant() : QVariant(text);
+        size_t &next = _unreadSoFar[column];
+        if (next == part.unread.size() || part.unread[next].row != row)
+            return;
+        _values.unread.append({batch.number(row), qsizetype(column),
+                               batch.field(row, qsizetype(column)), part.unread[next].reason});
+        ++next;
     }
-
-    Outcome<QVariant> reading(qsizetype column, const QString &text)
+    void storeMedia(qint64 row, qsizetype column, QVariant *value)
     {
-        const FieldReader &reader = *_readers[size_t(column)];
-        return reader.type() == FieldType::Media && _sink ? _sink->storeMedia(column, text)
-                                                          : reader.read(text, true);
-    }
-
-    QVariant readValue(qint64 row, qsizetype column, const QString &text)
-    {
-        const Outcome<QVariant> value = reading(column, text);
+        const QString text = value->toString();
+        if (text.trimmed().isEmpty())
+            return;
+        const Outcome<QVariant> stored = _sink->storeMedia(column, text);
         ImportValues::Column &counts = _values.columns[column];
-        ++(value ? counts.read : counts.unread);
-        if (value)
-            return *value;
-        _values.unread.append({row, column, text, value.reason()});
-        return text;
+        ++(stored ? counts.read : counts.unread);
+        if (stored)
+            *value = *stored;
+        else
+            _values.unread.append({row, column, text, stored.reason()});
     }
 
     const Readers &_readers;
     ImportSink *_sink;
     ImportValues _values;
     Outcome<> _outcome;
+    /// How many of the unread fields of each column of a batch are noted.
+    std::vector<size_t> _unreadSoFar;
 };
+
+Outcome<> readValues(const RowSource &rows, const ImportValues::Settings &settings,
+                     qsizetype columnCount, ValueReading *reading)
+{
+    const auto useRows = [&](const RowBatch &batch, std::vector<ColumnPart> &parts) {
+        reading->begin(parts);
+        for (qsizetype row = 0; *reading && row < batch.rowCount(); ++row) {
+            if (settings.progress && !settings.progress(batch.number(row), rows.rowCount()))
+                reading->cancel();
+            else
+                reading->useRow(batch, row, parts);
+        }
+        return bool(*reading);
+    };
+    if (!*reading)
+        return {};
+    return ColumnThreads(settings.threads)
+        .run(
+            rows, columnCount,
+            [reading](const RowBatch &batch, qsizetype column) {
+                return reading->read(batch, column);
+            },
+            useRows);
+}
 } // namespace
 
 Outcome<ImportValues> ImportValues::of(const RowSource &rows, const Settings &settings)
 {
-    Readers readers = readersFor(rows, settings);
-    decideColumns(rows, settings, &readers);
-    ValueReading reading(readers, settings);
-    rows.whileRows([&](qint64 row, const QStringList &fields) {
-        if (settings.progress && !settings.progress(row, rows.rowCount()))
-            reading.cancel();
-        if (reading)
-            reading.readRow(row, fields);
-        return bool(reading);
+    Readers readers;
+    const Outcome<> prepared = makeReaders(rows, settings, &readers).andThen([&] {
+        return decideColumns(rows, settings, &readers);
     });
-    return reading.values();
+    if (!prepared)
+        return prepared.failure();
+    ValueReading reading(readers, settings);
+    const Outcome<> read = readValues(rows, settings, qsizetype(readers.size()), &reading);
+    return read ? reading.values() : read.failure();
 }

@@ -9,6 +9,8 @@
 #include <QMap>
 #include <QString>
 
+#include <optional>
+
 /// The values of an import: the type of each column, and what its formatter reads of it.
 ///
 /// \code
@@ -55,12 +57,18 @@ struct ImportValues
         QMap<qsizetype, FieldType> types;
         /// What is said of how columns are typed.
         QMap<qsizetype, ColumnConventions> conventions;
+        /// The locale that the values were typed in; the user's if there is none.
+        std::optional<NSLocale> locale;
+        /// How many threads read values; 0 for as many as there are processors. What comes out is the
+        /// same.
+        int threads = 0;
         /// Gets the values; may be null.
         ImportSink *sink = nullptr;
     };
 
     /// Reads the rows three times: the beginning to find the types, all of them for what a column's
-    /// values decide together, then all of them. It fails if the sink does, and if it is cancelled.
+    /// values decide together, then all of them. It fails if the sink does, if the rows cannot be read
+    /// to their end, and if it is cancelled.
     static Outcome<ImportValues> of(const RowSource &rows, const Settings &settings);
     static Outcome<ImportValues> of(const RowSource &rows) { return of(rows, Settings()); }
 

@@ -1,6 +1,7 @@
 #include "LibraryImport.h"
 
 #include "Library/LibraryNames.h"
+#include "Library/StoredValue.h"
 #include "Text/Reasons.h"
 
 #include <KTUtility/KTCurrencyFormatter>
@@ -133,9 +134,15 @@ Outcome<QVariant> LibraryImport::storeMedia(qsizetype column, const QString &tex
     return QVariant(stored->absoluteString());
 }
 
+QVariant LibraryImport::prepared(const QVariant &value) const
+{
+    return StoredValue::forDatabase(value);
+}
+
 Outcome<> LibraryImport::addRow(const QVariantList &values)
 {
-    const Outcome<> added = _ended.andThen([&] { return _transaction.store().insert(values); });
+    const Outcome<> added =
+        _ended.andThen([&] { return _transaction.store().insertStored(values); });
     _recordCount += added ? 1 : 0;
     return added;
 }

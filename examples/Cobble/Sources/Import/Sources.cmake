@@ -1,6 +1,8 @@
 target_sources(CobbleHost PRIVATE
+    Sources/Import/ColumnChoice.cpp
     Sources/Import/ColumnConventions.cpp
     Sources/Import/ColumnDecision.cpp
+    Sources/Import/ColumnThreads.cpp
     Sources/Import/ImportColumn.h
     Sources/Import/ImportFile.cpp
     Sources/Import/ImportRequest.cpp
@@ -14,6 +16,7 @@ target_sources(CobbleHost PRIVATE
     Sources/Import/MediaReference.cpp
     Sources/Import/MediaSources.cpp
     Sources/Import/ReplacedLibrary.cpp
+    Sources/Import/RowBatch.cpp
     Sources/Import/RowSource.cpp
     Sources/Import/SeparatedText.cpp
     Sources/Import/Table.cpp

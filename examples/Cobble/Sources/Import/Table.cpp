@@ -1,5 +1,7 @@
 #include "Table.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -15,6 +17,28 @@ QStringList completed(const QStringList &fields)
 }
 } // namespace
 
+class Table::Cursor : public RowCursor
+{
+public:
+    explicit Cursor(const Table &table) : _table(table) {}
+
+    Outcome<bool> next(RowBatch *batch) override
+    {
+        *batch = RowBatch(QString(), _next + 1);
+        batch->select(_table.selected());
+        const qsizetype end = std::min(_next + RowsAtOnce, _table._rows.size());
+        for (; _next < end; ++_next)
+            batch->addRow(completed(_table._rows.at(_next)), _next + 2);
+        return !batch->isEmpty();
+    }
+
+private:
+    static constexpr qsizetype RowsAtOnce = 500;
+
+    const Table &_table;
+    qsizetype _next = 0;
+};
+
 Outcome<Table> Table::of(const CobbleTable &table)
 {
     Table rows(table.rows);
@@ -23,7 +47,7 @@ Outcome<Table> Table::of(const CobbleTable &table)
     for (const QStringList &fields : table.rows) {
         if (!outcome)
             break;
-        outcome = rows.addRow(completed(fields), ++line);
+        outcome = rows.addRow(completed(fields).size(), ++line);
     }
     if (!outcome)
         return outcome.failure();
@@ -31,11 +55,7 @@ Outcome<Table> Table::of(const CobbleTable &table)
     return rows;
 }
 
-void Table::whileRows(const std::function<bool(qint64 row, const QStringList &fields)> &use) const
+std::unique_ptr<RowCursor> Table::cursor() const
 {
-    qint64 row = 0;
-    for (const QStringList &fields : _rows) {
-        if (!use(++row, completed(fields)))
-            return;
-    }
+    return std::make_unique<Cursor>(*this);
 }

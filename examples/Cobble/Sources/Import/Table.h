@@ -19,12 +19,13 @@ class Table : public RowSource
 public:
     static Outcome<Table> of(const CobbleTable &table);
 
-    void
-    whileRows(const std::function<bool(qint64 row, const QStringList &fields)> &use) const override;
+    std::unique_ptr<RowCursor> cursor() const override;
     /// A comma, which people take such files for: there was none.
     QChar separator() const override { return u','; }
 
 private:
+    class Cursor;
+
     explicit Table(const QList<QStringList> &rows) : _rows(rows) {}
 
     QList<QStringList> _rows;

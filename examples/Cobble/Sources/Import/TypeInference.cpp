@@ -99,9 +99,11 @@ PartCounts partCountsOf(const QStringList &values, const FieldReader &reader)
 }
 
 /// The currency that a text is in, if it is not the user's; nil if it is in none.
-QString currencyBySignOf(const QString &text)
+QString currencyBySignOf(const QString &text, const std::optional<NSLocale> &locale)
 {
     KTCurrencyFormatter formatter;
+    if (locale)
+        formatter.setLocale(*locale);
     formatter.setRejectsUnevenGroups(true);
     QVariantMap options;
     return formatter.adjustForValue(text, &options)
@@ -118,8 +120,9 @@ QString codeIn(const QString &text)
 }
 } // namespace
 
-TypeInference::TypeInference(std::function<bool(const QString &)> isMedia, ColumnConventions told)
-    : _isMedia(std::move(isMedia)), _told(std::move(told))
+TypeInference::TypeInference(std::function<bool(const QString &)> isMedia, ColumnConventions told,
+                             const std::optional<NSLocale> &locale)
+    : _isMedia(std::move(isMedia)), _told(std::move(told)), _locale(locale)
 {
 }
 
@@ -151,7 +154,7 @@ qsizetype TypeInference::countRead(const FieldReader &reader) const
 /// One that reads by what the values say together.
 TypeInference::Reader TypeInference::newReader(FieldType type, bool readsCommonForms) const
 {
-    auto reader = std::make_unique<FieldReader>(type);
+    auto reader = std::make_unique<FieldReader>(type, _locale);
     reader->setReadsCommonForms(readsCommonForms);
     std::optional<KTColumnReading> column = _told.newColumnFor(*reader);
     if (!column)
@@ -173,6 +176,17 @@ TypeInference::Reader TypeInference::reader() const
         found = readerWith(true);
     found->setReadsCommonForms(true);
     return found;
+}
+
+TypeInference::Reader TypeInference::readerOf(FieldType type) const
+{
+    auto known = std::make_unique<FieldReader>(type, _locale);
+    if (type != FieldType::Currency)
+        return known;
+    Reader found = currencyReader(true);
+    if (!found && !_told.currency().isNull())
+        known->formatter()->setOptions({{kKTFieldOption_currencyType, _told.currency()}});
+    return found ? std::move(found) : std::move(known);
 }
 
 TypeInference::Reader TypeInference::durationReader(bool readsCommonForms) const
@@ -204,7 +218,7 @@ TypeInference::Reader TypeInference::readerWith(bool readsCommonForms) const
         return duration;
     if (auto date = dateReader(readsCommonForms))
         return date;
-    return std::make_unique<FieldReader>(textType());
+    return std::make_unique<FieldReader>(textType(), _locale);
 }
 
 /// Of the types whose formatters read every text.
@@ -237,7 +251,7 @@ QStringList TypeInference::currenciesFor(const FieldReader &reader) const
         codes += codeIn(value);
     if (!fits(countRead(reader))) {
         for (const QString &value : _values)
-            codes += currencyBySignOf(reader.column()->textForLocale(value));
+            codes += currencyBySignOf(reader.column()->textForLocale(value), _locale);
     }
     codes.removeDuplicates();
     codes.removeAll(QString());

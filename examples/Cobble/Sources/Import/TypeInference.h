@@ -36,8 +36,10 @@ public:
 
     /// \param isMedia says whether a text names a media file; without it, none does.
     /// \param told what is known of the column beforehand.
+    /// \param locale that in which the values were typed; the user's if there is none.
     explicit TypeInference(std::function<bool(const QString &)> isMedia = {},
-                           ColumnConventions told = {});
+                           ColumnConventions told = {},
+                           const std::optional<NSLocale> &locale = std::nullopt);
     ~TypeInference();
     TypeInference(TypeInference &&other) noexcept;
 
@@ -48,6 +50,8 @@ public:
 
     /// A reader for the type found, which reads common forms.
     std::unique_ptr<FieldReader> reader() const;
+    /// A reader for a type that is known beforehand; its currency is the one found.
+    std::unique_ptr<FieldReader> readerOf(FieldType type) const;
 
 private:
     using Reader = std::unique_ptr<FieldReader>;
@@ -67,5 +71,6 @@ private:
 
     std::function<bool(const QString &)> _isMedia;
     ColumnConventions _told;
+    std::optional<NSLocale> _locale;
     QStringList _values;
 };

@@ -91,6 +91,7 @@ Outcome<> LibraryStore::connect(const QString &path, DatabaseConnection::Access 
     if (!opened)
         return opened;
     _insertion.reset();
+    _staged.reset();
     _connection = std::move(connection);
     if (_patience)
         setPatience(*_patience);
@@ -217,7 +218,7 @@ Outcome<> LibraryStore::begin()
     if (const Outcome<> opened = needWriting(); !opened)
         return opened;
     // Others can read until all is written.
-    (void)SQL::run(database(), u"PRAGMA cache_spill = OFF"_s);
+    (void)SQL::run(database(), u"PRAGMA main.cache_spill = 2147483647"_s);
     return beginChange().andThen([this] { return LibraryCatalogue::need(database()); });
 }
 
@@ -232,7 +233,10 @@ Outcome<> LibraryStore::beginChange()
 Outcome<> LibraryStore::commit()
 {
     _insertion.reset();
-    const Outcome<> committed = SQL::run(database(), u"COMMIT"_s);
+    const Outcome<> finished = _staged ? _staged->finish() : Outcome<>();
+    _staged.reset();
+    const Outcome<> committed =
+        finished.andThen([this] { return SQL::run(database(), u"COMMIT"_s); });
     _isChanging = _isChanging && !committed;
     return committed;
 }
@@ -240,6 +244,7 @@ Outcome<> LibraryStore::commit()
 void LibraryStore::rollback()
 {
     _insertion.reset();
+    _staged.reset();
     _isChanging = false;
     QSqlQuery(database()).exec(u"ROLLBACK"_s);
 }
@@ -259,6 +264,7 @@ Outcome<> LibraryStore::transaction(const std::function<Outcome<>()> &changes)
 
 Outcome<> LibraryStore::create(const Library &library)
 {
+    _created = library.tableName;
     return LibraryCatalogue::add(database(), library)
         .andThen([&] { return LibraryTable::make(database(), library); })
         .andThen([&] { return prepareInsertion(library); });
@@ -285,6 +291,17 @@ Outcome<> LibraryStore::insert(const QVariantList &values)
     for (qsizetype column = 0; column < values.size(); ++column)
         _insertion->bindValue(int(column), StoredValue::forDatabase(values.at(column)));
     return SQL::outcomeOf(*_insertion, _insertion->exec());
+}
+
+Outcome<> LibraryStore::insertStored(const QVariantList &values)
+{
+    if (!_staged) {
+        auto staged = StagedRows::begin(database(), _created);
+        if (!staged)
+            return staged.failure();
+        _staged = std::move(*staged);
+    }
+    return _staged->add(values);
 }
 
 // --- Single records

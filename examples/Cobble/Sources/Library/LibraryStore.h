@@ -3,6 +3,7 @@
 #include "DatabaseConnection.h"
 #include "Library.h"
 #include "RecordCursor.h"
+#include "StagedRows.h"
 #include "Text/Outcome.h"
 
 #include <KTUtility/KTDatabaseBundle>
@@ -76,6 +77,9 @@ public:
     Outcome<> remove(const Library &library);
     /// Adds a record to the library that was created last.
     Outcome<> insert(const QVariantList &values);
+    /// The same for many, with values that are as StoredValue::forDatabase() gives them. They are in
+    /// the library after commit() only.
+    Outcome<> insertStored(const QVariantList &values);
 
     // --- Single records, without the journal
 
@@ -116,4 +120,7 @@ private:
     qint64 _versionsBefore = 0;
     // It must go before the connection.
     std::optional<QSqlQuery> _insertion;
+    std::unique_ptr<StagedRows> _staged;
+    /// The table that was made last.
+    QString _created;
 };

@@ -20,5 +20,6 @@ target_sources(CobbleHost PRIVATE
     Sources/Library/RecordCursor.cpp
     Sources/Library/RecordTexts.cpp
     Sources/Library/SQL.cpp
+    Sources/Library/StagedRows.cpp
     Sources/Library/StoredValue.cpp
 )

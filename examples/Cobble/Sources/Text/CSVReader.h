@@ -1,5 +1,7 @@
 #pragma once
 
+#include "CSVScanner.h"
+
 #include <QStringList>
 #include <QStringView>
 
@@ -34,25 +36,11 @@ public:
     bool readRow(QStringList *fields);
 
     /// The number of the line on which the row read last begins.
-    qint64 lineNumber() const { return _rowLine; }
+    qint64 lineNumber() const { return _scanner.recordLine(); }
     /// The line of a quote that was never closed, 0 if there was none so far.
-    qint64 unclosedQuoteLine() const { return _unclosedQuoteLine; }
+    qint64 unclosedQuoteLine() const { return _scanner.unclosedQuoteLine(); }
 
 private:
-    void readRecord(QStringList *fields);
-    bool isBlankRecord(const QStringList &fields) const;
-    QString readField();
-    QString readQuotedPart();
-    bool isAt(QChar character) const;
-    bool skip(QChar character);
-    void skipLineBreak();
-    qsizetype endOfPlainPart() const;
-
     QStringView _text;
-    QChar _separator;
-    qsizetype _position = 0;
-    qint64 _line;
-    qint64 _rowLine;
-    qint64 _unclosedQuoteLine = 0;
-    bool _rowHasQuotedField = false;
+    CSVScanner _scanner;
 };

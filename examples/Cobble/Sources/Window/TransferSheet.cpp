@@ -2,6 +2,7 @@
 
 #include "Appearance/Sentence.h"
 
+#include <QComboBox>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLabel>
@@ -72,8 +73,8 @@ void TransferSheet::showProblem(const QString &problem)
 void TransferSheet::setInputsEnabled(bool isEnabled)
 {
     for (QWidget *const part : window()->findChildren<QWidget *>()) {
-        const bool isInput =
-            qobject_cast<QLineEdit *>(part) || qobject_cast<QAbstractButton *>(part);
+        const bool isInput = qobject_cast<QLineEdit *>(part) || qobject_cast<QComboBox *>(part) ||
+                             qobject_cast<QAbstractButton *>(part);
         if (isInput && part->objectName() != u"cancelButton")
             part->setEnabled(isEnabled);
     }

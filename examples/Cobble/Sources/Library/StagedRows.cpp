@@ -1,0 +1,92 @@
+#include "StagedRows.h"
+
+#include "DatabaseConnection.h"
+#include "Text/Reasons.h"
+
+#include <QSqlError>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+const QString Staged = u"temp.cobble_staged_rows"_s;
+
+/// Pages of a change that may be in memory before they go to the disk: SQLite's own number.
+constexpr int PagesInMemory = 2000;
+
+QString quoted(const QString &identifier)
+{
+    return u'"' + QString(identifier).replace(u'"', u"\"\""_s) + u'"';
+}
+
+Outcome<> outcomeOf(const QSqlQuery &query, bool isDone)
+{
+    return isDone ? Outcome<>() : Failure{DatabaseConnection::reasonOf(query.lastError())};
+}
+} // namespace
+
+StagedRows::StagedRows(const QSqlDatabase &database, const QString &table)
+    : _database(database), _table(table)
+{
+}
+
+Outcome<std::unique_ptr<StagedRows>> StagedRows::begin(const QSqlDatabase &database,
+                                                       const QString &table)
+{
+    std::unique_ptr<StagedRows> rows(new StagedRows(database, table));
+    const Outcome<> made = rows->makeTable();
+    if (!made)
+        return made.failure();
+    return rows;
+}
+
+Outcome<> StagedRows::run(const QString &statement)
+{
+    QSqlQuery query(_database);
+    return outcomeOf(query, query.exec(statement));
+}
+
+/// Declared as the other one is, so that rows can be copied as they are.
+Outcome<> StagedRows::makeTable()
+{
+    QSqlQuery query(_database);
+    query.prepare(u"SELECT sql FROM main.sqlite_master WHERE type = 'table' AND name = ?"_s);
+    query.addBindValue(_table);
+    const bool isThere = query.exec() && query.next();
+    if (!isThere)
+        return Failure{Reasons::tr("no such table: %1").arg(_table)};
+    const QString declaration = query.value(0).toString();
+    query.finish();
+    const QString columns =
+        declaration.sliced(declaration.indexOf(quoted(_table)) + quoted(_table).size());
+    return run(u"CREATE TABLE "_s + Staged + columns);
+}
+
+Outcome<> StagedRows::prepare(qsizetype columnCount)
+{
+    QStringList places{u"NULL"_s};
+    places += QStringList(columnCount, u"?"_s);
+    _insertion.emplace(_database);
+    const bool isPrepared =
+        _insertion->prepare(u"INSERT INTO "_s + Staged + u" VALUES (" + places.join(u',') + u')');
+    return outcomeOf(*_insertion, isPrepared);
+}
+
+Outcome<> StagedRows::add(const QVariantList &values)
+{
+    const Outcome<> prepared = _insertion ? Outcome<>() : prepare(values.size());
+    if (!prepared)
+        return prepared;
+    for (qsizetype column = 0; column < values.size(); ++column)
+        _insertion->bindValue(int(column), values.at(column));
+    return outcomeOf(*_insertion, _insertion->exec());
+}
+
+Outcome<> StagedRows::finish()
+{
+    _insertion.reset();
+    return run(u"PRAGMA main.cache_spill = %1"_s.arg(PagesInMemory))
+        .andThen([this] {
+            return run(u"INSERT INTO main."_s + quoted(_table) + u" SELECT * FROM " + Staged);
+        })
+        .andThen([this] { return run(u"DROP TABLE "_s + Staged); });
+}

@@ -1,0 +1,90 @@
+#include "Importing/ImportPreviewer.h"
+
+#include "support/FileTree.h"
+#include "support/TestSupport.h"
+
+#include <QSignalSpy>
+
+using namespace Qt::StringLiterals;
+using testing_support::FileTree;
+
+namespace {
+class ImportPreviewerTests : public testing::Test
+{
+protected:
+    ImportPreviewerTests()
+    {
+        testing_support::needApplication();
+        testing_support::useFreshHome();
+        QObject::connect(&previewer, &ImportPreviewer::shown, &previewer,
+                         [this](const ImportPreview &preview) {
+                             headers += preview.file.rows->headers().join(u'|');
+                         });
+        QObject::connect(&previewer, &ImportPreviewer::failed, &previewer,
+                         [this](const QString &reason) { reasons += reason; });
+    }
+
+    ImportRequest requestFor(const QString &name, const QByteArray &contents) const
+    {
+        tree.add(name, contents);
+        ImportRequest request;
+        request.path = tree.path(name);
+        request.libraryName = name;
+        request.bundle = KTDatabaseBundle(tree.path(u"b.cobbledb"_s));
+        return request;
+    }
+    void wait()
+    {
+        while (previewer.isBusy())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+
+    FileTree tree;
+    ImportPreviewer previewer;
+    QStringList headers;
+    QStringList reasons;
+};
+} // namespace
+
+TEST_F(ImportPreviewerTests, ShowsWhatIsAskedFor)
+{
+    previewer.show(requestFor(u"a.csv"_s, "a,b\n1,2\n"));
+    EXPECT_TRUE(previewer.isBusy());
+    wait();
+    EXPECT_EQ(headers, QStringList(u"a|b"_s));
+    EXPECT_EQ(reasons, QStringList());
+}
+
+TEST_F(ImportPreviewerTests, ShowsOnlyTheLastOfSeveral)
+{
+    previewer.show(requestFor(u"a.csv"_s, "a\n" + QByteArray("1\n").repeated(200'000)));
+    previewer.show(requestFor(u"b.csv"_s, "b\n1\n"));
+    previewer.show(requestFor(u"c.csv"_s, "c\n1\n"));
+    wait();
+    EXPECT_EQ(headers, QStringList(u"c"_s));
+}
+
+TEST_F(ImportPreviewerTests, WhatIsStoppedIsNotShown)
+{
+    previewer.show(requestFor(u"a.csv"_s, "a\n1\n"));
+    previewer.stop();
+    wait();
+    EXPECT_EQ(headers + reasons, QStringList());
+}
+
+TEST_F(ImportPreviewerTests, TellsWhyThereIsNone)
+{
+    previewer.show(requestFor(u"a.csv"_s, ""));
+    wait();
+    EXPECT_EQ(reasons, QStringList(u"the file is empty"_s));
+}
+
+TEST_F(ImportPreviewerTests, MayGoWhileItWorks)
+{
+    {
+        ImportPreviewer other;
+        other.show(requestFor(u"a.csv"_s, "a\n" + QByteArray("1\n").repeated(200'000)));
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(headers + reasons, QStringList());
+}
