@@ -6,7 +6,8 @@ target_link_libraries(CobbleTests PRIVATE CobbleHost)
 kt_tell_sources(COBBLE_BUNDLE_CONTENTS="${KTUTILITY_BUNDLE_CONTENTS}"
     Cobble/Commands/ExecutableTests.cpp Cobble/Text/CSVSeparatorTests.cpp)
 kt_tell_sources(COBBLE_EXECUTABLE="$<TARGET_FILE:cobble>"
-    Cobble/Commands/ExecutableTests.cpp Cobble/Commands/GalleryCommandTests.cpp)
+    Cobble/Commands/ExecutableTests.cpp Cobble/Commands/GalleryCommandTests.cpp
+    Cobble/Import/ImportMemoryTests.cpp)
 kt_tell_sources(COBBLE_VERSION="${PROJECT_VERSION}"
     Cobble/Commands/CobbleTests.cpp Cobble/Commands/ExecutableTests.cpp
     Cobble/Window/MainWindowControllerTests.cpp)

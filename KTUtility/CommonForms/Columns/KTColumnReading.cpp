@@ -132,7 +132,8 @@ qsizetype KTColumnReading::countAgainst(size_t index) const
 qsizetype KTColumnReading::decidingTexts() const
 {
     qsizetype count = 0;
-    for (unsigned possible = 1; possible < allConventions(); ++possible)
+    const unsigned all = allConventions();
+    for (unsigned possible = 1; possible < all; ++possible)
         count += _counts[possible];
     return count;
 }
@@ -142,7 +143,8 @@ size_t KTColumnReading::decidedIndex(Basis *basis) const
     const qsizetype deciding = decidingTexts();
     *basis = deciding > 0 ? Values : Locale;
     size_t best = _localeIndex;
-    for (size_t index = 0; index < size_t(conventionsOf(_kind).size()); ++index) {
+    const auto count = size_t(conventionsOf(_kind).size());
+    for (size_t index = 0; index < count; ++index) {
         if (countAgainst(index) < countAgainst(best))
             best = index;
     }
@@ -176,11 +178,13 @@ QString KTColumnReading::localeConvention() const
     return conventionsOf(_kind).at(qsizetype(_localeIndex));
 }
 
-/// Whether the texts have to be in the convention.
-bool KTColumnReading::holds() const
+KTColumnReading::Decision KTColumnReading::decision() const
 {
-    const Basis known = basis();
-    return known == Values || known == Told;
+    if (_toldIndex >= 0)
+        return {size_t(_toldIndex), true};
+    Basis basis;
+    const size_t index = decidedIndex(&basis);
+    return {index, basis == Values};
 }
 
 // --- Counts
@@ -229,11 +233,11 @@ QString KTColumnReading::reorderedDate(const QString &text, size_t index) const
     return named != text ? named : ColumnDates::reordered(text, index, _localeForm);
 }
 
-QString KTColumnReading::textForLocale(const QString &text) const
+QString KTColumnReading::typedInLocale(const QString &text, unsigned possible,
+                                       const Decision &decision) const
 {
-    const size_t index = conventionIndex();
-    if (!holds() || isLocaleForm(_kind, _localeForm, index) ||
-        !(possibleIn(_kind, text) & bitOf(index)))
+    const size_t index = decision.index;
+    if (!decision.holds || !(possible & bitOf(index)) || isLocaleForm(_kind, _localeForm, index))
         return text;
     switch (_kind) {
     case Dates:
@@ -247,11 +251,20 @@ QString KTColumnReading::textForLocale(const QString &text) const
     return text;
 }
 
+QString KTColumnReading::textForLocale(const QString &text) const
+{
+    return typedInLocale(text, possibleIn(_kind, text), decision());
+}
+
 bool KTColumnReading::getObjectValue(const NSFormatter &formatter, QVariant *value,
                                      const QString &text, QString *errorDescription) const
 {
-    if (!holds() || !contradicts(text))
-        return formatter.getObjectValue(value, textForLocale(text), errorDescription);
+    // Once for both questions: columns are long.
+    const Decision decided = decision();
+    const unsigned possible = decided.holds ? possibleIn(_kind, text) : 0;
+    if (possible == 0 || (possible & bitOf(decided.index)))
+        return formatter.getObjectValue(value, typedInLocale(text, possible, decided),
+                                        errorDescription);
     if (value)
         *value = QVariant();
     if (errorDescription)

@@ -110,12 +110,19 @@ private:
     static constexpr unsigned MostSets = 8;
 
     unsigned allConventions() const;
-    bool holds() const;
     size_t conventionIndex() const;
     size_t decidedIndex(Basis *basis) const;
     qsizetype countAgainst(size_t index) const;
     qsizetype decidingTexts() const;
 
+    /// What holds, and whether the texts have to be in it.
+    struct Decision
+    {
+        size_t index;
+        bool holds;
+    };
+    Decision decision() const;
+    QString typedInLocale(const QString &text, unsigned possible, const Decision &decision) const;
     QString reorderedDate(const QString &text, size_t index) const;
 
     Kind _kind;

@@ -3,6 +3,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Import/ColumnDecisionTests.cpp
     Cobble/Import/ColumnThreadsTests.cpp
     Cobble/Import/ImportFileTests.cpp
+    Cobble/Import/ImportMemoryTests.cpp
     Cobble/Import/ImportSchemaTests.cpp
     Cobble/Import/ImportTransactionTests.cpp
     Cobble/Import/ImportValuesTests.cpp

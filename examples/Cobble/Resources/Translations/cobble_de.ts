@@ -2,6 +2,45 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>ColumnEditor</name>
+    <message>
+        <source>(without a name)</source>
+        <translation>(ohne Namen)</translation>
+    </message>
+    <message>
+        <source>1:30 is hours and minutes</source>
+        <translation>1:30 sind Stunden und Minuten</translation>
+    </message>
+    <message>
+        <source>1:30 is minutes and seconds</source>
+        <translation>1:30 sind Minuten und Sekunden</translation>
+    </message>
+    <message>
+        <source>As found</source>
+        <translation>Wie erkannt</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>Automatisch</translation>
+    </message>
+    <message>
+        <source>Automatic (%1)</source>
+        <translation>Automatisch (%1)</translation>
+    </message>
+    <message>
+        <source>Day, month, year</source>
+        <translation>Tag, Monat, Jahr</translation>
+    </message>
+    <message>
+        <source>Month, day, year</source>
+        <translation>Monat, Tag, Jahr</translation>
+    </message>
+    <message>
+        <source>Year, month, day</source>
+        <translation>Jahr, Monat, Tag</translation>
+    </message>
+</context>
+<context>
     <name>Counts</name>
     <message numerus="yes">
         <source>%1 of %2 record(s)</source>
@@ -97,6 +136,10 @@
         <translation>&amp;Auswählen …</translation>
     </message>
     <message>
+        <source>&amp;Encoding:</source>
+        <translation>&amp;Kodierung:</translation>
+    </message>
+    <message>
         <source>&amp;File:</source>
         <translation>&amp;Datei:</translation>
     </message>
@@ -113,8 +156,36 @@
         <translation>Die Bibliothek dieses Namens &amp;ersetzen</translation>
     </message>
     <message>
+        <source>&amp;Separator:</source>
+        <translation>&amp;Trennzeichen:</translation>
+    </message>
+    <message>
+        <source>&amp;Type:</source>
+        <translation>T&amp;yp:</translation>
+    </message>
+    <message>
         <source>All files (*)</source>
         <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>All values can be read.</source>
+        <translation>Alle Werte sind lesbar.</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>Automatisch</translation>
+    </message>
+    <message>
+        <source>Bar |</source>
+        <translation>Strich |</translation>
+    </message>
+    <message>
+        <source>C&amp;olumn:</source>
+        <translation>&amp;Spalte:</translation>
+    </message>
+    <message>
+        <source>C&amp;urrency:</source>
+        <translation>&amp;Währung:</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -125,12 +196,36 @@
         <translation>Abgebrochen. Es wurde nichts gespeichert.</translation>
     </message>
     <message>
+        <source>Column</source>
+        <translation>Spalte</translation>
+    </message>
+    <message>
         <source>Columns that name files elsewhere</source>
         <translation>Spalten, die Dateien an anderen Orten nennen</translation>
     </message>
     <message>
+        <source>Comma</source>
+        <translation>Komma</translation>
+    </message>
+    <message>
+        <source>F&amp;irst row holds the headers</source>
+        <translation>Überschriften in der e&amp;rsten Zeile</translation>
+    </message>
+    <message>
         <source>Files beside the imported one are copied anyway. Columns that are named here may bring any file of yours along, and download others.</source>
         <translation>Dateien neben der importierten werden ohnehin kopiert. Spalten, die hier genannt werden, dürfen jede Ihrer Dateien mitbringen und andere herunterladen.</translation>
+    </message>
+    <message>
+        <source>First rows as they would be stored</source>
+        <translation>Erste Zeilen, wie sie gespeichert würden</translation>
+    </message>
+    <message>
+        <source>Header in the library</source>
+        <translation>Überschrift in der Bibliothek</translation>
+    </message>
+    <message>
+        <source>Im&amp;port as</source>
+        <translation>&amp;Importieren als</translation>
     </message>
     <message>
         <source>Import</source>
@@ -153,8 +248,68 @@
         <translation>Fortschritt</translation>
     </message>
     <message>
+        <source>Rea&amp;d:</source>
+        <translation>Ge&amp;lesen:</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation>Wird gelesen …</translation>
+    </message>
+    <message>
+        <source>Row</source>
+        <translation>Zeile</translation>
+    </message>
+    <message>
+        <source>Rows: %1</source>
+        <translation>Zeilen: %1</translation>
+    </message>
+    <message>
+        <source>Semicolon</source>
+        <translation>Semikolon</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Leerzeichen</translation>
+    </message>
+    <message>
+        <source>T&amp;yped in:</source>
+        <translation>&amp;Geschrieben in:</translation>
+    </message>
+    <message>
+        <source>Tab</source>
+        <translation>Tabulator</translation>
+    </message>
+    <message>
         <source>Tables and cards (*.csv *.tsv *.txt *.vcf)</source>
         <translation>Tabellen und Visitenkarten (*.csv *.tsv *.txt *.vcf)</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Values that cannot be read</source>
+        <translation>Werte, die nicht lesbar sind</translation>
+    </message>
+    <message>
+        <source>Values that cannot be read, and would be kept as typed: %1</source>
+        <translation>Werte, die nicht lesbar sind und blieben, wie sie sind: %1</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>Warum</translation>
+    </message>
+    <message>
+        <source>Yours</source>
+        <translation>Ihre</translation>
+    </message>
+    <message>
+        <source>a quote in line %1 is never closed</source>
+        <translation>ein Anführungszeichen in Zeile %1 wird nie geschlossen</translation>
+    </message>
+    <message>
+        <source>with fewer or more fields than there are headers: %1</source>
+        <translation>mit weniger oder mehr Feldern als Überschriften: %1</translation>
     </message>
 </context>
 <context>
@@ -518,6 +673,10 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
         <translation>„%1“ ist keine Tabelle</translation>
     </message>
     <message>
+        <source>Column %1</source>
+        <translation>Spalte %1</translation>
+    </message>
+    <message>
         <source>a change of the database was interrupted, and it cannot be copied to take that back in the copy</source>
         <translation>Eine Änderung der Datenbank wurde unterbrochen, und sie kann nicht kopiert werden, um das in der Kopie zurückzunehmen</translation>
     </message>
@@ -674,12 +833,20 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
         <translation>Zeile %1 hat %2 Spalten, mehr als die %3, die eine Bibliothek haben kann</translation>
     </message>
     <message>
+        <source>line %1 is too long</source>
+        <translation>Zeile %1 ist zu lang</translation>
+    </message>
+    <message>
         <source>minutes:seconds</source>
         <translation>Minuten:Sekunden</translation>
     </message>
     <message>
         <source>month, day, year</source>
         <translation>Monat, Tag, Jahr</translation>
+    </message>
+    <message>
+        <source>no column is left</source>
+        <translation>es bleibt keine Spalte übrig</translation>
     </message>
     <message>
         <source>no library '%1'</source>
@@ -744,6 +911,10 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <message>
         <source>the file is empty</source>
         <translation>Die Datei ist leer</translation>
+    </message>
+    <message>
+        <source>the file was changed while it was read</source>
+        <translation>die Datei wurde beim Lesen geändert</translation>
     </message>
     <message>
         <source>the files of an import that was interrupted cannot be removed</source>

@@ -2,6 +2,45 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
+    <name>ColumnEditor</name>
+    <message>
+        <source>(without a name)</source>
+        <translation>(sans nom)</translation>
+    </message>
+    <message>
+        <source>1:30 is hours and minutes</source>
+        <translation>1:30 : heures et minutes</translation>
+    </message>
+    <message>
+        <source>1:30 is minutes and seconds</source>
+        <translation>1:30 : minutes et secondes</translation>
+    </message>
+    <message>
+        <source>As found</source>
+        <translation>Comme détecté</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>Automatique</translation>
+    </message>
+    <message>
+        <source>Automatic (%1)</source>
+        <translation>Automatique (%1)</translation>
+    </message>
+    <message>
+        <source>Day, month, year</source>
+        <translation>Jour, mois, année</translation>
+    </message>
+    <message>
+        <source>Month, day, year</source>
+        <translation>Mois, jour, année</translation>
+    </message>
+    <message>
+        <source>Year, month, day</source>
+        <translation>Année, mois, jour</translation>
+    </message>
+</context>
+<context>
     <name>Counts</name>
     <message numerus="yes">
         <source>%1 of %2 record(s)</source>
@@ -97,6 +136,10 @@
         <translation>&amp;Choisir…</translation>
     </message>
     <message>
+        <source>&amp;Encoding:</source>
+        <translation>&amp;Encodage :</translation>
+    </message>
+    <message>
         <source>&amp;File:</source>
         <translation>&amp;Fichier :</translation>
     </message>
@@ -113,8 +156,36 @@
         <translation>&amp;Remplacer la bibliothèque de ce nom</translation>
     </message>
     <message>
+        <source>&amp;Separator:</source>
+        <translation>&amp;Séparateur :</translation>
+    </message>
+    <message>
+        <source>&amp;Type:</source>
+        <translation>&amp;Type :</translation>
+    </message>
+    <message>
         <source>All files (*)</source>
         <translation>Tous les fichiers (*)</translation>
+    </message>
+    <message>
+        <source>All values can be read.</source>
+        <translation>Toutes les valeurs sont lisibles.</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>Automatique</translation>
+    </message>
+    <message>
+        <source>Bar |</source>
+        <translation>Barre |</translation>
+    </message>
+    <message>
+        <source>C&amp;olumn:</source>
+        <translation>C&amp;olonne :</translation>
+    </message>
+    <message>
+        <source>C&amp;urrency:</source>
+        <translation>De&amp;vise :</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -125,12 +196,36 @@
         <translation>Annulé. Rien n’a été enregistré.</translation>
     </message>
     <message>
+        <source>Column</source>
+        <translation>Colonne</translation>
+    </message>
+    <message>
         <source>Columns that name files elsewhere</source>
         <translation>Colonnes qui désignent des fichiers situés ailleurs</translation>
     </message>
     <message>
+        <source>Comma</source>
+        <translation>Virgule</translation>
+    </message>
+    <message>
+        <source>F&amp;irst row holds the headers</source>
+        <translation>T&amp;itres dans la première ligne</translation>
+    </message>
+    <message>
         <source>Files beside the imported one are copied anyway. Columns that are named here may bring any file of yours along, and download others.</source>
         <translation>Les fichiers placés à côté du fichier importé sont copiés de toute façon. Les colonnes indiquées ici peuvent apporter n’importe lequel de vos fichiers et en télécharger d’autres.</translation>
+    </message>
+    <message>
+        <source>First rows as they would be stored</source>
+        <translation>Premières lignes telles qu’elles seraient enregistrées</translation>
+    </message>
+    <message>
+        <source>Header in the library</source>
+        <translation>Titre dans la bibliothèque</translation>
+    </message>
+    <message>
+        <source>Im&amp;port as</source>
+        <translation>Im&amp;porter sous</translation>
     </message>
     <message>
         <source>Import</source>
@@ -153,8 +248,68 @@
         <translation>Progression</translation>
     </message>
     <message>
+        <source>Rea&amp;d:</source>
+        <translation>&amp;Lu :</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation>Lecture…</translation>
+    </message>
+    <message>
+        <source>Row</source>
+        <translation>Ligne</translation>
+    </message>
+    <message>
+        <source>Rows: %1</source>
+        <translation>Lignes : %1</translation>
+    </message>
+    <message>
+        <source>Semicolon</source>
+        <translation>Point-virgule</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Espace</translation>
+    </message>
+    <message>
+        <source>T&amp;yped in:</source>
+        <translation>S&amp;aisi en :</translation>
+    </message>
+    <message>
+        <source>Tab</source>
+        <translation>Tabulation</translation>
+    </message>
+    <message>
         <source>Tables and cards (*.csv *.tsv *.txt *.vcf)</source>
         <translation>Tableaux et cartes de visite (*.csv *.tsv *.txt *.vcf)</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Valeur</translation>
+    </message>
+    <message>
+        <source>Values that cannot be read</source>
+        <translation>Valeurs illisibles</translation>
+    </message>
+    <message>
+        <source>Values that cannot be read, and would be kept as typed: %1</source>
+        <translation>Valeurs illisibles, qui seraient gardées telles quelles : %1</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>Pourquoi</translation>
+    </message>
+    <message>
+        <source>Yours</source>
+        <translation>Vos paramètres</translation>
+    </message>
+    <message>
+        <source>a quote in line %1 is never closed</source>
+        <translation>un guillemet de la ligne %1 n’est jamais fermé</translation>
+    </message>
+    <message>
+        <source>with fewer or more fields than there are headers: %1</source>
+        <translation>avec moins ou plus de champs que de titres : %1</translation>
     </message>
 </context>
 <context>
@@ -518,6 +673,10 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
         <translation>« %1 » n’est pas une table</translation>
     </message>
     <message>
+        <source>Column %1</source>
+        <translation>Colonne %1</translation>
+    </message>
+    <message>
         <source>a change of the database was interrupted, and it cannot be copied to take that back in the copy</source>
         <translation>Une modification de la base de données a été interrompue, et la base ne peut pas être copiée pour annuler cela dans la copie</translation>
     </message>
@@ -674,12 +833,20 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
         <translation>La ligne %1 a %2 colonnes, plus que les %3 qu’une bibliothèque peut avoir</translation>
     </message>
     <message>
+        <source>line %1 is too long</source>
+        <translation>la ligne %1 est trop longue</translation>
+    </message>
+    <message>
         <source>minutes:seconds</source>
         <translation>minutes:secondes</translation>
     </message>
     <message>
         <source>month, day, year</source>
         <translation>mois, jour, année</translation>
+    </message>
+    <message>
+        <source>no column is left</source>
+        <translation>il ne reste aucune colonne</translation>
     </message>
     <message>
         <source>no library '%1'</source>
@@ -744,6 +911,10 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <message>
         <source>the file is empty</source>
         <translation>Le fichier est vide</translation>
+    </message>
+    <message>
+        <source>the file was changed while it was read</source>
+        <translation>le fichier a été modifié pendant sa lecture</translation>
     </message>
     <message>
         <source>the files of an import that was interrupted cannot be removed</source>

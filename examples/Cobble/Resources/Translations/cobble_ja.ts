@@ -2,6 +2,45 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja" sourcelanguage="en">
 <context>
+    <name>ColumnEditor</name>
+    <message>
+        <source>(without a name)</source>
+        <translation>(名前なし)</translation>
+    </message>
+    <message>
+        <source>1:30 is hours and minutes</source>
+        <translation>1:30 は時間と分</translation>
+    </message>
+    <message>
+        <source>1:30 is minutes and seconds</source>
+        <translation>1:30 は分と秒</translation>
+    </message>
+    <message>
+        <source>As found</source>
+        <translation>自動判定</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>自動</translation>
+    </message>
+    <message>
+        <source>Automatic (%1)</source>
+        <translation>自動（%1）</translation>
+    </message>
+    <message>
+        <source>Day, month, year</source>
+        <translation>日・月・年</translation>
+    </message>
+    <message>
+        <source>Month, day, year</source>
+        <translation>月・日・年</translation>
+    </message>
+    <message>
+        <source>Year, month, day</source>
+        <translation>年・月・日</translation>
+    </message>
+</context>
+<context>
     <name>Counts</name>
     <message numerus="yes">
         <source>%1 of %2 record(s)</source>
@@ -95,6 +134,10 @@
         <translation>選択(&amp;C)…</translation>
     </message>
     <message>
+        <source>&amp;Encoding:</source>
+        <translation>文字コード(&amp;E):</translation>
+    </message>
+    <message>
         <source>&amp;File:</source>
         <translation>ファイル(&amp;F):</translation>
     </message>
@@ -111,8 +154,36 @@
         <translation>同じ名前のライブラリを置き換える(&amp;R)</translation>
     </message>
     <message>
+        <source>&amp;Separator:</source>
+        <translation>区切り文字(&amp;S):</translation>
+    </message>
+    <message>
+        <source>&amp;Type:</source>
+        <translation>型(&amp;T):</translation>
+    </message>
+    <message>
         <source>All files (*)</source>
         <translation>すべてのファイル (*)</translation>
+    </message>
+    <message>
+        <source>All values can be read.</source>
+        <translation>すべての値を読み取れます。</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>自動</translation>
+    </message>
+    <message>
+        <source>Bar |</source>
+        <translation>縦線 |</translation>
+    </message>
+    <message>
+        <source>C&amp;olumn:</source>
+        <translation>列(&amp;O):</translation>
+    </message>
+    <message>
+        <source>C&amp;urrency:</source>
+        <translation>通貨(&amp;U):</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -123,12 +194,36 @@
         <translation>キャンセルしました。何も保存されませんでした。</translation>
     </message>
     <message>
+        <source>Column</source>
+        <translation>列</translation>
+    </message>
+    <message>
         <source>Columns that name files elsewhere</source>
         <translation>別の場所のファイルを指す列</translation>
     </message>
     <message>
+        <source>Comma</source>
+        <translation>コンマ</translation>
+    </message>
+    <message>
+        <source>F&amp;irst row holds the headers</source>
+        <translation>先頭行は見出し(&amp;I)</translation>
+    </message>
+    <message>
         <source>Files beside the imported one are copied anyway. Columns that are named here may bring any file of yours along, and download others.</source>
         <translation>読み込むファイルと同じ場所にあるファイルは、いずれにしてもコピーされます。ここに挙げた列は、ほかの場所にあるファイルを取り込んだり、ダウンロードしたりできます。</translation>
+    </message>
+    <message>
+        <source>First rows as they would be stored</source>
+        <translation>保存される先頭の行</translation>
+    </message>
+    <message>
+        <source>Header in the library</source>
+        <translation>ライブラリでの見出し</translation>
+    </message>
+    <message>
+        <source>Im&amp;port as</source>
+        <translation>読み込む名前(&amp;P)</translation>
     </message>
     <message>
         <source>Import</source>
@@ -151,8 +246,68 @@
         <translation>進行状況</translation>
     </message>
     <message>
+        <source>Rea&amp;d:</source>
+        <translation>読み方(&amp;D):</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation>読み込み中…</translation>
+    </message>
+    <message>
+        <source>Row</source>
+        <translation>行</translation>
+    </message>
+    <message>
+        <source>Rows: %1</source>
+        <translation>行数: %1</translation>
+    </message>
+    <message>
+        <source>Semicolon</source>
+        <translation>セミコロン</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>スペース</translation>
+    </message>
+    <message>
+        <source>T&amp;yped in:</source>
+        <translation>書式(&amp;Y):</translation>
+    </message>
+    <message>
+        <source>Tab</source>
+        <translation>タブ</translation>
+    </message>
+    <message>
         <source>Tables and cards (*.csv *.tsv *.txt *.vcf)</source>
         <translation>表と連絡先カード (*.csv *.tsv *.txt *.vcf)</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
+    </message>
+    <message>
+        <source>Values that cannot be read</source>
+        <translation>読み取れない値</translation>
+    </message>
+    <message>
+        <source>Values that cannot be read, and would be kept as typed: %1</source>
+        <translation>読み取れず、入力のまま残る値: %1</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>理由</translation>
+    </message>
+    <message>
+        <source>Yours</source>
+        <translation>お使いの設定</translation>
+    </message>
+    <message>
+        <source>a quote in line %1 is never closed</source>
+        <translation>%1 行目の引用符が閉じられていません</translation>
+    </message>
+    <message>
+        <source>with fewer or more fields than there are headers: %1</source>
+        <translation>見出しと数が合わない行: %1</translation>
     </message>
 </context>
 <context>
@@ -510,6 +665,10 @@ File ▸ Import… makes one of a table or of address cards.</source>
         <translation>「%1」は表ではありません</translation>
     </message>
     <message>
+        <source>Column %1</source>
+        <translation>列 %1</translation>
+    </message>
+    <message>
         <source>a change of the database was interrupted, and it cannot be copied to take that back in the copy</source>
         <translation>データベースの変更が中断されましたが、それを取り消すためのコピーを作れません</translation>
     </message>
@@ -666,12 +825,20 @@ File ▸ Import… makes one of a table or of address cards.</source>
         <translation>%1 行目には %2 列あり、ライブラリの上限 %3 列を超えています</translation>
     </message>
     <message>
+        <source>line %1 is too long</source>
+        <translation>%1 行目が長すぎます</translation>
+    </message>
+    <message>
         <source>minutes:seconds</source>
         <translation>分:秒</translation>
     </message>
     <message>
         <source>month, day, year</source>
         <translation>月、日、年</translation>
+    </message>
+    <message>
+        <source>no column is left</source>
+        <translation>列が残っていません</translation>
     </message>
     <message>
         <source>no library '%1'</source>
@@ -736,6 +903,10 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <message>
         <source>the file is empty</source>
         <translation>ファイルが空です</translation>
+    </message>
+    <message>
+        <source>the file was changed while it was read</source>
+        <translation>読み込み中にファイルが変更されました</translation>
     </message>
     <message>
         <source>the files of an import that was interrupted cannot be removed</source>
