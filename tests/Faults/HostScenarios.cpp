@@ -13,7 +13,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -39,12 +38,6 @@ public:
         writeFile(path(u"b.png"), QByteArray(100'000, 'b'));
     }
 
-    /// But for the time at which it was.
-    bool isAsAfter(const FileState &now, const FileState &after) const override
-    {
-        return timeless(now) == timeless(after);
-    }
-
     /// Whoever writes to the database next takes back what an unfinished change left in it.
     void settle() override
     {
@@ -54,15 +47,6 @@ public:
     }
 
 protected:
-    /// Without the times of the journal's steps, all of the same length.
-    static FileState timeless(FileState state)
-    {
-        static const QRegularExpression time(uR"(\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{3}Z)"_s);
-        for (QByteArray &content : state)
-            content = QString::fromLatin1(content).remove(time).toLatin1();
-        return state;
-    }
-
     QString path(QStringView name) const { return QString(_home + u'/' + name); }
     const KTDatabaseBundle &bundle() const { return _bundle; }
 
