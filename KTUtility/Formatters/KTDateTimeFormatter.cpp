@@ -11,7 +11,7 @@
 #include <KTUtility/Platform/Dates/DatePattern_p.h>
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
 #include <KTUtility/Platform/Files/NSBundle.h>
-#include <KTUtility/Platform/Keys/NSClassRegistry.h>
+#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 #include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
 #include <KTUtility/Platform/Values/UTC_p.h>
 #include <KTUtility/Platform/Values/WallClock_p.h>

@@ -7,7 +7,7 @@
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
 #include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
-#include <KTUtility/Platform/Keys/NSClassRegistry.h>
+#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 
 #include <QFile>

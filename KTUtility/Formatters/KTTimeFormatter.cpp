@@ -1,6 +1,6 @@
 #include "KTTimeFormatter.h"
 
-#include <KTUtility/Platform/Keys/NSClassRegistry.h>
+#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 
 namespace {
 /// The year of the day that all times are on.

@@ -2,7 +2,7 @@
 
 #include "KTPlugInClassMethods.h"
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Keys/NSClassRegistry.h>
+#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 
 /// Makes a class the principal class of a plug-in. Write it once, in a source file of the plug-in,
 /// outside of functions, with the protocols that the class conforms to; Info.plist names the class

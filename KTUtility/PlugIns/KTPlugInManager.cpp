@@ -8,7 +8,7 @@
 #include <KTUtility/Platform/Files/Module_p.h>
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
 #include <KTUtility/Platform/Files/ProgramIdentity_p.h>
-#include <KTUtility/Platform/Keys/NSClass.h>
+#include <KTUtility/Platform/Classes/NSClass.h>
 
 #include <utility>
 

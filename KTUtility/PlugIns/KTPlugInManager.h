@@ -3,7 +3,7 @@
 #include "KTPlugInStatus.h"
 #include <KTUtility/KTUtilityExport.h>
 #include <KTUtility/Platform/Files/NSBundle.h>
-#include <KTUtility/Platform/Keys/NSProtocol.h>
+#include <KTUtility/Platform/Classes/NSProtocol.h>
 
 #include <QList>
 #include <QMap>

@@ -2,7 +2,7 @@
 
 #include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
 #include <KTUtility/Platform/Diagnostics/NSLog.h>
-#include <KTUtility/Platform/Keys/NSClassRegistry.h>
+#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 
 #include <QMetaProperty>
 

@@ -5,7 +5,7 @@
 #include <KTUtility/Platform/AppKit/NSImage.h>
 #include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
 #include <KTUtility/Platform/Keys/Invoker.h>
-#include <KTUtility/Platform/Keys/NSClassRegistry.h>
+#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 
 #include <QMouseEvent>
 #include <QPainter>

@@ -4,7 +4,7 @@
 #include "KTStatusHUDView.h"
 #include <KTUtility/Platform/AppKit/NSImage.h>
 #include <KTUtility/Platform/AppKit/NSWindow.h>
-#include <KTUtility/Platform/Keys/NSClassRegistry.h>
+#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 
 #include <QAccessible>
 #include <QAccessibleWidget>

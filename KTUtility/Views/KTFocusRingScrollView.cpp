@@ -1,6 +1,6 @@
 #include "KTFocusRingScrollView.h"
 
-#include <KTUtility/Platform/Keys/NSClassRegistry.h>
+#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 
 KTFocusRingScrollView::KTFocusRingScrollView(QWidget *parent) : KTFocusRingContainer(parent) {}
 

@@ -1,6 +1,6 @@
 #include "KTFocusRingView.h"
 
-#include <KTUtility/Platform/Keys/NSClassRegistry.h>
+#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 
 KTFocusRingView::KTFocusRingView(QWidget *parent) : KTFocusRingContainer(parent) {}
 

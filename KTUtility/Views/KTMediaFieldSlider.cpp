@@ -2,7 +2,7 @@
 
 #include "KTMediaFieldSliderCell.h"
 #include <KTUtility/Platform/AppKit/NSImage.h>
-#include <KTUtility/Platform/Keys/NSClassRegistry.h>
+#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 
 #include <QPainter>
 

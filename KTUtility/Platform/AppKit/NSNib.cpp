@@ -1,6 +1,6 @@
 #include "NSNib.h"
 
-#include <KTUtility/Platform/Keys/NSClassRegistry.h>
+#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 
 #include <QApplication>
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "NSTextField.h"
 
-#include <KTUtility/Platform/Keys/NSClassRegistry.h>
+#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 
 #include <QFontMetricsF>
 #include <QPainter>

@@ -2,7 +2,7 @@
 
 #include "FileTrust_p.h"
 #include "NSFileManager.h"
-#include <KTUtility/Platform/Keys/NSClassRegistry.h>
+#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 
 #include <QByteArray>
 #include <QFile>

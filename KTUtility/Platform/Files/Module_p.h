@@ -2,7 +2,7 @@
 
 // Private to the library. The manager of plug-ins asks what would be rejected.
 
-#include <KTUtility/Platform/Keys/NSClass.h>
+#include <KTUtility/Platform/Classes/NSClass.h>
 
 #include <QString>
 

@@ -5,7 +5,7 @@
 #include "NSPathUtilities.h"
 #include "NSPropertyListSerialization.h"
 #include "ProgramIdentity_p.h"
-#include <KTUtility/Platform/Keys/NSClass.h>
+#include <KTUtility/Platform/Classes/NSClass.h>
 
 #include <QFile>
 #include <QFileInfo>

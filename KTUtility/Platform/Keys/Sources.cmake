@@ -7,8 +7,6 @@ target_sources(KTUtility PRIVATE
     Platform/Keys/KeySetter.cpp
     Platform/Keys/KeyValueTarget.cpp
     Platform/Keys/MissingSelector.cpp
-    Platform/Keys/NSClass.cpp
-    Platform/Keys/NSClassRegistry.cpp
     Platform/Keys/NSCollections.cpp
     Platform/Keys/NSKeyValueCoding.cpp
     Platform/Keys/NSKeyValueObservation.cpp

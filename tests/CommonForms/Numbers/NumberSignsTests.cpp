@@ -1,7 +1,7 @@
 // The signs of numbers and of money.
 
 #include <KTUtility/CommonForms/Numbers/NumberSigns_p.h>
-#include <KTUtility/Platform/Numbers/NSNumberFormatter.h>
+#include <KTUtility/NSNumberFormatter>
 
 #include "support/TestSupport.h"
 

@@ -8,7 +8,6 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Keys/KeySetterTests.cpp
     Platform/Keys/MissingSelectorTests.cpp
     Platform/Keys/NSBoxedTests.cpp
-    Platform/Keys/NSClassTests.cpp
     Platform/Keys/NSCollectionsTests.cpp
     Platform/Keys/NSKeyValueCodingNotificationTests.cpp
     Platform/Keys/NSKeyValueCodingSettersTests.cpp
@@ -16,7 +15,6 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Keys/NSKeyValueObservationTests.cpp
     Platform/Keys/NSKeyValueObservingTests.cpp
     Platform/Keys/NSOptionalTypeTests.cpp
-    Platform/Keys/NSProtocolTests.cpp
     Platform/Keys/NSSelectionMarkerTests.cpp
     Platform/Keys/NSSelectorTests.cpp
     Platform/Keys/NSWeakMapTableTests.cpp

@@ -1,0 +1,4 @@
+target_sources(KTUtilityTests PRIVATE
+    Platform/Classes/NSClassTests.cpp
+    Platform/Classes/NSProtocolTests.cpp
+)
