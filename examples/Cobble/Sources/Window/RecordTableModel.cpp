@@ -2,8 +2,8 @@
 
 #include "Appearance/FieldTitle.h"
 #include "ShortText.h"
+#include "Records/ValueOrder.h"
 #include "Text/CSVText.h"
-#include "ValueOrder.h"
 
 #include <QMap>
 #include <QMimeData>

@@ -21,6 +21,5 @@ target_sources(CobbleHost PRIVATE
     Sources/Window/StoredRecord.cpp
     Sources/Window/TextInput.cpp
     Sources/Window/TransferSheet.cpp
-    Sources/Window/ValueOrder.cpp
     Sources/Window/WindowPicture.cpp
 )

@@ -8,8 +8,8 @@
 namespace {
 const QCollator &collatorFor(const QString &locale)
 {
-    static QString current;
-    static QCollator collator;
+    thread_local QString current;
+    thread_local QCollator collator;
     if (current != locale || current.isNull()) {
         current = locale;
         collator = QCollator(QLocale(locale));

@@ -1,4 +1,4 @@
-#include "Window/ValueOrder.h"
+#include "Records/ValueOrder.h"
 
 #include "Commands/UserSettings.h"
 

@@ -1,0 +1,33 @@
+#include "ComparedText.h"
+
+#include <algorithm>
+
+namespace {
+QString withoutAccents(const QString &text)
+{
+    const QString parts = text.normalized(QString::NormalizationForm_KD);
+    QString letters;
+    letters.reserve(parts.size());
+    for (const QChar unit : parts) {
+        if (unit.category() != QChar::Mark_NonSpacing)
+            letters += unit;
+    }
+    return letters;
+}
+
+bool isASCII(const QString &text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar unit) { return unit.unicode() < 0x80; });
+}
+} // namespace
+
+QString ComparedText::of(const QString &text, const QString &passesOver)
+{
+    const bool passesOverCase = passesOver.contains(u'c');
+    if (isASCII(text))
+        return passesOverCase ? text.toLower() : text;
+    const QString letters = passesOver.contains(u'd')
+                                ? withoutAccents(text)
+                                : text.normalized(QString::NormalizationForm_C);
+    return passesOverCase ? letters.toCaseFolded() : letters;
+}
