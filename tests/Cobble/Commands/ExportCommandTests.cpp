@@ -142,3 +142,20 @@ TEST_F(ExportCommandTests, CSVHasNoFormulasUnlessTheUserWantsThem)
     ASSERT_EQ(exportTo(u"typed.csv"_s, u"Again"_s).exitCode, 0);
     EXPECT_EQ(contentsOf(tree.path(u"typed.csv"_s)), QByteArray(typed).replace("''", "'"));
 }
+
+TEST_F(ExportCommandTests, WritesTheRecordsThatAreAskedFor)
+{
+    const CommandResult result =
+        run({u"export"_s, u"things"_s, u"--to"_s, tree.path(u"out.csv"_s), u"--where"_s,
+             u"paid < 3"_s, u"--sort"_s, u"-since"_s, u"--columns"_s, u"Since,Name"_s});
+    EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
+    EXPECT_TRUE(result.output.startsWith(u"Exported 2 records of the library 'Things'"));
+    EXPECT_EQ(contentsOf(tree.path(u"out.csv"_s)),
+              "Since,Name\r\n5/6/2008,Cay\r\n4/5/2008,\"B\"\"o, b\"\r\n");
+    const CommandResult wrong = run({u"export"_s, u"things"_s, u"--to"_s, tree.path(u"no.csv"_s),
+                                     u"--where"_s, u"paid < a cow"_s});
+    EXPECT_EQ(wrong.exitCode, 1);
+    EXPECT_TRUE(wrong.errors.startsWith(u"cobble: --where: “a cow”: "))
+        << wrong.errors.toStdString();
+    EXPECT_FALSE(QFile::exists(tree.path(u"no.csv"_s)));
+}

@@ -114,10 +114,72 @@ TEST_F(ShowCommandTests, RejectsWrongUsage)
     for (const QStringList &arguments :
          {QStringList{u"a"_s, u"b"_s}, QStringList{u"a"_s, u"--limit"_s, u"-1"_s},
           QStringList{u"a"_s, u"--limit"_s, u"x"_s}, QStringList{u"a"_s, u"--locale"_s, u"qq_QQ"_s},
-          QStringList{u"a"_s, u"--bundle"_s, u""_s}}) {
+          QStringList{u"a"_s, u"--bundle"_s, u""_s}, QStringList{u"a"_s, u"--where"_s, u" "_s},
+          QStringList{u"a"_s, u"--sort"_s, u""_s}, QStringList{u"--where"_s, u"x = 1"_s}}) {
         const CommandResult result = runInProcess(QStringList({u"show"_s}) + arguments);
         EXPECT_EQ(result.exitCode, 2) << arguments.join(u' ').toStdString();
         EXPECT_TRUE(result.errors.contains(u"Usage: cobble"));
     }
     EXPECT_EQ(runInProcess({u"show"_s, u"--help"_s}).exitCode, 0);
+}
+
+TEST_F(ShowCommandTests, ShowsTheRecordsThatAreAskedFor)
+{
+    import(u"People.csv"_s, people());
+    const struct
+    {
+        QStringList arguments;
+        QString output;
+    } rows[] = {
+        {{u"--where"_s, u"visits >= 9000"_s, u"--columns"_s, u"Name,Visits"_s},
+         u"Name  Visits\nP9    9,000\nP10   10,000\n\n2 of 11 records\n"_s},
+        {{u"--where"_s, u"born > 8 March 2008"_s, u"--sort"_s, u"-name"_s, u"--columns"_s,
+          u"name"_s},
+         u"Name\nP10\nP9\n\n2 of 11 records\n"_s},
+        {{u"--sort"_s, u"-Visits"_s, u"--limit"_s, u"2"_s, u"--columns"_s, u"visits"_s},
+         u"Visits\nmany\n10,000\n\n2 of 11 records\n"_s},
+        {{u"--where"_s, u"name = nobody"_s, u"--columns"_s, u"name"_s},
+         u"Name\n\n0 of 11 records\n"_s},
+        {{u"--where"_s, u"owes > $1,234.49 and visits < 2000"_s, u"--columns"_s, u"owes"_s},
+         u"Owes\n$1,234.50\n\n1 of 11 records\n"_s},
+    };
+    for (const auto &row : rows) {
+        const CommandResult result =
+            show(QStringList({u"People"_s, u"--locale"_s, u"en_US"_s}) + row.arguments);
+        EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
+        EXPECT_EQ(result.output, row.output);
+    }
+}
+
+TEST_F(ShowCommandTests, ReadsConditionsInTheLocale)
+{
+    import(u"People.csv"_s, people());
+    const CommandResult result =
+        show({u"People"_s, u"--locale"_s, u"de_DE"_s, u"--where"_s,
+              u"visits > 9.999,5 AND born in März"_s, u"--columns"_s, u"Visits"_s});
+    EXPECT_EQ(result.output, u"Visits\n10.000\n\n1 of 11 records\n"_s)
+        << result.errors.toStdString();
+}
+
+TEST_F(ShowCommandTests, SaysWhatItCannotAskFor)
+{
+    import(u"People.csv"_s, people());
+    const struct
+    {
+        QStringList arguments;
+        QString errors;
+    } rows[] = {
+        {{u"--where"_s, u"vists > 3"_s},
+         u"cobble: --where: “vists”: there is no field “vists”\n"_s},
+        {{u"--sort"_s, u"name,x"_s}, u"cobble: --sort: there is no field “x”\n"_s},
+        {{u"--columns"_s, u"name,Name"_s}, u"cobble: --columns: “Name” is there twice\n"_s},
+        {{u"--where"_s, u"visits >"_s},
+         u"cobble: --where: a value is missing here (behind “visits >”)\n"_s},
+    };
+    for (const auto &row : rows) {
+        const CommandResult result = show(QStringList(u"People"_s) + row.arguments);
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_EQ(result.errors, row.errors);
+        EXPECT_EQ(result.output, QString());
+    }
 }

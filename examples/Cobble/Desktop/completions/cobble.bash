@@ -18,8 +18,8 @@ _cobble() {
                 --media --order --decimal --unit --replace --bundle --dry-run'
             files=1
             ;;
-        show) options='--locale --limit --bundle' ;;
-        export) options='--to --locale --bundle' ;;
+        show) options='--where --sort --columns --limit --locale --bundle' ;;
+        export) options='--to --where --sort --columns --limit --locale --bundle' ;;
         media)
             options='--bundle'
             texts='list add path delete'
@@ -55,6 +55,7 @@ _cobble() {
             ;;
         *--search | *--locale | *--library | *--media | *--limit | *--option) return ;;
         *--skip | *--rename | *--type | *--order | *--decimal | *--unit) return ;;
+        *--where | *--sort | *--columns) return ;;
     esac
     if [ -n "$values" ]; then
         mapfile -t COMPREPLY < <(compgen -W "$values" -- "$current")

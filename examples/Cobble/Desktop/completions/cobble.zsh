@@ -56,10 +56,15 @@ case $command in
         ;;
     show)
         _arguments $bundle $locale '--limit[how many records]:number: ' \
+            '--where[a condition for records]:condition: ' \
+            '--sort[fields to sort by]:fields: ' '--columns[which fields]:fields: ' \
             '--help[show how cobble is used]' '1:library: '
         ;;
     export)
         _arguments $bundle $locale '--to[the file to write]:file:_files' \
+            '--where[a condition for records]:condition: ' \
+            '--sort[fields to sort by]:fields: ' '--columns[which fields]:fields: ' \
+            '--limit[how many records]:number: ' \
             '--help[show how cobble is used]' '1:library: '
         ;;
     media)

@@ -1,8 +1,10 @@
 #include "ExportCommand.h"
 
+#include "Filter/QueriedRecords.h"
 #include "Library/BundleOption.h"
 #include "Library/LibraryExport.h"
 #include "OptionNames.h"
+#include "QueryOptions.h"
 #include "StoredLibrary.h"
 #include "Text/PrintableText.h"
 #include "UserSettings.h"
@@ -19,13 +21,16 @@ Outcome<> checkExport(const QCommandLineParser &parser)
         return Failure{u"export needs the name of one library"_s};
     if (parser.value(ToOption).isEmpty())
         return Failure{u"export needs --to and the name of a file"_s};
-    return BundleOption::check(parser).andThen([&] { return UserSettings::checkLocale(parser); });
+    return QueryOptions::check(parser)
+        .andThen([&] { return BundleOption::check(parser); })
+        .andThen([&] { return UserSettings::checkLocale(parser); });
 }
 
-ExitCode exportLibrary(LibraryStore &store, const Library &library, const QString &path,
-                       CommandContext &context)
+ExitCode exportLibrary(LibraryStore &store, const Library &library, const RecordQuery &query,
+                       const QString &path, CommandContext &context)
 {
-    const Outcome<qint64> count = LibraryExport::run(store, library, path);
+    QueriedRecords records(store, library, query);
+    const Outcome<qint64> count = LibraryExport::run(records, path);
     if (!count)
         return context.fail(count.reason());
     context.out() << u"Exported %1 of the library '%2' to %3\n"_s.arg(
@@ -44,7 +49,9 @@ ExitCode runExport(const QCommandLineParser &parser, CommandContext &context)
     if (!library)
         return ExitCode::Failure;
     const LocaleScope scope(UserSettings::localeIn(parser));
-    return exportLibrary(*store, *library, parser.value(ToOption), context);
+    const Outcome<RecordQuery> query = QueryOptions::queryIn(parser, *library);
+    return query ? exportLibrary(*store, *library, *query, parser.value(ToOption), context)
+                 : context.fail(query.reason());
 }
 } // namespace
 
@@ -52,6 +59,7 @@ ExitCode runExportCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
     parser.addOption({ToOption, QString(), u"FILE"_s});
+    QueryOptions::add(&parser);
     BundleOption::add(&parser);
     UserSettings::addLocaleOption(&parser);
     return context.run(arguments, &parser, checkExport, runExport);

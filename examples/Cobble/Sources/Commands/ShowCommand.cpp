@@ -1,8 +1,10 @@
 #include "ShowCommand.h"
 
+#include "Filter/QueriedRecords.h"
 #include "Library/BundleOption.h"
 #include "Library/LibraryStore.h"
 #include "Library/RecordTexts.h"
+#include "QueryOptions.h"
 #include "StoredLibrary.h"
 #include "Text/AlignedTable.h"
 #include "Text/PrintableText.h"
@@ -13,26 +15,16 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-const QString LimitOption = u"limit"_s;
-
-/// The number of records that are wanted, −1 for all; nothing if what was typed is no number.
-std::optional<qint64> limitIn(const QCommandLineParser &parser)
-{
-    if (!parser.isSet(LimitOption))
-        return -1;
-    bool isNumber = false;
-    const qint64 limit = parser.value(LimitOption).toLongLong(&isNumber);
-    return isNumber && limit >= 0 ? std::optional(limit) : std::nullopt;
-}
-
 Outcome<> checkShow(const QCommandLineParser &parser)
 {
     const QStringList names = parser.positionalArguments();
     if (names.size() > 1)
         return Failure{u"show takes one library, not also '%1'"_s.arg(names.at(1))};
-    if (!limitIn(parser))
-        return Failure{u"bad limit '%1'"_s.arg(parser.value(LimitOption))};
-    return BundleOption::check(parser).andThen([&] { return UserSettings::checkLocale(parser); });
+    if (names.isEmpty() && QueryOptions::areGiven(parser))
+        return Failure{u"only with a library there are records to choose from"_s};
+    return QueryOptions::check(parser)
+        .andThen([&] { return BundleOption::check(parser); })
+        .andThen([&] { return UserSettings::checkLocale(parser); });
 }
 
 Outcome<AlignedTable> tableOf(LibraryStore &store)
@@ -67,13 +59,13 @@ QString countText(qint64 shown, qint64 all)
     return shown == all ? text : u"%1 of %2"_s.arg(QString::number(shown), text);
 }
 
-ExitCode showRecords(LibraryStore &store, const Library &library, qint64 limit,
+ExitCode showRecords(LibraryStore &store, const Library &library, const RecordQuery &query,
                      CommandContext &context)
 {
-    const RecordTexts texts(library);
+    QueriedRecords records(store, library, query);
+    const RecordTexts texts(records.library());
     AlignedTable table;
     table.addRow(texts.titles());
-    RecordCursor records = store.records(library, limit);
     qint64 count = 0;
     for (; records.next(); ++count)
         table.addRow(texts.textsOf(records));
@@ -97,14 +89,15 @@ ExitCode show(const QCommandLineParser &parser, CommandContext &context)
     if (!library)
         return ExitCode::Failure;
     const LocaleScope scope(UserSettings::localeIn(parser));
-    return showRecords(*store, *library, *limitIn(parser), context);
+    const Outcome<RecordQuery> query = QueryOptions::queryIn(parser, *library);
+    return query ? showRecords(*store, *library, *query, context) : context.fail(query.reason());
 }
 } // namespace
 
 ExitCode runShowCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
-    parser.addOption({LimitOption, QString(), u"N"_s});
+    QueryOptions::add(&parser);
     BundleOption::add(&parser);
     UserSettings::addLocaleOption(&parser);
     return context.run(arguments, &parser, checkShow, show);

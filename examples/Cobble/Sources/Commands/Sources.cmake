@@ -15,6 +15,7 @@ target_sources(CobbleHost PRIVATE
     Sources/Commands/PictureFile.cpp
     Sources/Commands/PlugInsCommand.cpp
     Sources/Commands/ProgressLine.cpp
+    Sources/Commands/QueryOptions.cpp
     Sources/Commands/ShowCommand.cpp
     Sources/Commands/StandardStreams.cpp
     Sources/Commands/StoredLibrary.cpp

@@ -40,10 +40,15 @@ QString usageText()
       stands before fractions and is a comma or a point, UNIT is a currency such
       as EUR, or h:m or m:s for what 1:30 is. PATH is the database bundle;
       it is your default one unless given. --dry-run shows and stores nothing.
-  cobble show [LIBRARY] [--locale ID] [--limit N] [--bundle PATH]
+  cobble show [LIBRARY] [--where TEXT] [--sort FIELDS] [--columns FIELDS]
+                [--limit N] [--locale ID] [--bundle PATH]
       Prints the records of a library as its fields display them; without a
-      name, the libraries.
-  cobble export LIBRARY --to FILE [--locale ID] [--bundle PATH]
+      name, the libraries. TEXT is a condition such as "balance > 100 AND born
+      in March" or "name CONTAINS ann", with values as the fields read them.
+      FIELDS are names with commas between, "-" before one sorts from the last
+      to the first.
+  cobble export LIBRARY --to FILE [--where TEXT] [--sort FIELDS]
+                [--columns FIELDS] [--limit N] [--locale ID] [--bundle PATH]
       Writes the records of a library to a file of the kind that its extension
       names: csv or json, or what else an exporter writes.
   cobble media list [--bundle PATH]

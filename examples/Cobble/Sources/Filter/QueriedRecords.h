@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Library/LibraryStore.h"
+#include "Library/RecordRows.h"
 #include "RecordQuery.h"
 
 #include <deque>
@@ -15,20 +16,15 @@
 /// while (records.next())
 ///     use(records.value(0));      // of the first field of records.library()
 /// \endcode
-class QueriedRecords
+class QueriedRecords : public RecordRows
 {
 public:
     QueriedRecords(LibraryStore &store, const Library &library, const RecordQuery &query);
 
-    /// The library with the fields that are asked for.
-    const Library &library() const { return _shown; }
-    /// Goes to the next record, at first to the first one.
-    /// \return false if there is none.
-    bool next();
-    /// The value of a field of library().
-    QVariant value(qsizetype field) const;
-    /// Whether there is nothing wrong with the records so far.
-    Outcome<> outcome() const { return _cursor.outcome(); }
+    const Library &library() const override { return _shown; }
+    bool next() override;
+    QVariant value(qsizetype field) const override;
+    Outcome<> outcome() const override { return _cursor.outcome(); }
 
 private:
     struct Row

@@ -124,6 +124,19 @@ RecordFilter RecordFilter::read(const QString &text, const Fields &fields, Filte
     return filter;
 }
 
+RecordFilter RecordFilter::both(const RecordFilter &first, const RecordFilter &second)
+{
+    if (!first._root || !second._root)
+        return first._root ? first : second;
+    RecordFilter filter = first;
+    filter._root = FilterNode{FilterNode::Kind::All, {}, {*first._root, *second._root}};
+    filter._predicate = NSPredicate::predicateWithBlock(
+        [one = first._predicate, other = second._predicate](const QVariant &record) {
+            return one.evaluateWithObject(record) && other.evaluateWithObject(record);
+        });
+    return filter;
+}
+
 Outcome<> RecordFilter::outcome() const
 {
     if (!_problem)

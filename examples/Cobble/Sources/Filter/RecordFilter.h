@@ -36,6 +36,9 @@ public:
     static RecordFilter read(const QString &text, const Fields &fields,
                              FilterNotation notation = FilterNotation::Typed);
 
+    /// The records that two filters of one library accept. It has no text of its own.
+    static RecordFilter both(const RecordFilter &first, const RecordFilter &second);
+
     /// What is wrong with the text; nothing if it was read.
     const std::optional<FilterProblem> &problem() const { return _problem; }
     /// The same as a sentence that quotes what is wrong.

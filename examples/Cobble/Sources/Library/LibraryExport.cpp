@@ -13,17 +13,35 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-/// The records of a library for an exporter.
+/// All records of a library.
+class AllRows : public RecordRows
+{
+public:
+    AllRows(LibraryStore &store, const Library &library)
+        : _library(library), _cursor(store.records(library))
+    {
+    }
+
+    const Library &library() const override { return _library; }
+    bool next() override { return _cursor.next(); }
+    QVariant value(qsizetype field) const override { return _cursor.value(field); }
+    Outcome<> outcome() const override { return _cursor.outcome(); }
+
+private:
+    Library _library;
+    RecordCursor _cursor;
+};
+
+/// Records for an exporter.
 class LibraryRecords : public CobbleRecordSource
 {
 public:
-    LibraryRecords(LibraryStore &store, const Library &library,
-                   const LibraryExport::Progress &progress)
-        : _library(library)
-        , _texts(library)
-        , _records(store.records(library))
+    LibraryRecords(RecordRows &rows, qint64 total, const LibraryExport::Progress &progress)
+        : _library(rows.library())
+        , _texts(_library)
+        , _records(rows)
         , _progress(progress)
-        , _total(progress ? store.recordCount(library).valueOr(0) : 0)
+        , _total(total)
     {
     }
 
@@ -84,7 +102,7 @@ private:
 
     Library _library;
     RecordTexts _texts;
-    RecordCursor _records;
+    RecordRows &_records;
     const LibraryExport::Progress &_progress;
     qint64 _total;
     qint64 _count = 0;
@@ -155,6 +173,13 @@ Outcome<> commit(KTSaveFile &file)
 Outcome<qint64> LibraryExport::run(LibraryStore &store, const Library &library, const QString &path,
                                    const Progress &progress)
 {
+    AllRows rows(store, library);
+    return run(rows, path, progress ? store.recordCount(library).valueOr(0) : 0, progress);
+}
+
+Outcome<qint64> LibraryExport::run(RecordRows &rows, const QString &path, qint64 total,
+                                   const Progress &progress)
+{
     const PlugIns plugIns;
     const QString fileType = QFileInfo(path).suffix().toLower();
     CobbleExporter *const exporter = plugIns.exporterFor(fileType);
@@ -163,7 +188,7 @@ Outcome<qint64> LibraryExport::run(LibraryStore &store, const Library &library, 
     KTSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return failure(path, file.errorString());
-    LibraryRecords records(store, library, progress);
+    LibraryRecords records(rows, total, progress);
     const Outcome<> outcome =
         write(records, plugIns, *exporter, file).andThen([&file] { return commit(file); });
     if (!outcome)

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "Library.h"
-#include "Text/Outcome.h"
+#include "RecordRows.h"
 
 #include <functional>
 
@@ -18,5 +17,9 @@ using Progress = std::function<bool(qint64 done, qint64 total)>;
 /// \param progress may be empty.
 /// \return how many records were written.
 Outcome<qint64> run(LibraryStore &store, const Library &library, const QString &path,
+                    const Progress &progress = {});
+/// The same for records that were chosen.
+/// \param total how many there are, for \a progress.
+Outcome<qint64> run(RecordRows &rows, const QString &path, qint64 total = 0,
                     const Progress &progress = {});
 } // namespace LibraryExport

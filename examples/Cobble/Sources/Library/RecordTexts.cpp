@@ -35,10 +35,21 @@ QString RecordTexts::textOf(qsizetype field, const QVariant &value) const
     return textOf(*_readers[size_t(field)], value);
 }
 
-QStringList RecordTexts::textsOf(const RecordCursor &record) const
+template<typename Record>
+QStringList RecordTexts::textsIn(const Record &record) const
 {
     QStringList texts;
     for (qsizetype field = 0; field < _titles.size(); ++field)
         texts += textOf(field, record.value(field));
     return texts;
+}
+
+QStringList RecordTexts::textsOf(const RecordCursor &record) const
+{
+    return textsIn(record);
+}
+
+QStringList RecordTexts::textsOf(const RecordRows &record) const
+{
+    return textsIn(record);
 }

@@ -2,6 +2,7 @@
 
 #include "Fields/FieldReader.h"
 #include "LibraryStore.h"
+#include "RecordRows.h"
 
 #include <memory>
 #include <vector>
@@ -26,8 +27,12 @@ public:
     QString textOf(qsizetype field, const QVariant &value) const;
     /// All of the current record.
     QStringList textsOf(const RecordCursor &record) const;
+    QStringList textsOf(const RecordRows &record) const;
 
 private:
+    template<typename Record>
+    QStringList textsIn(const Record &record) const;
+
     QStringList _titles;
     std::vector<std::unique_ptr<FieldReader>> _readers;
 };
