@@ -45,12 +45,12 @@ ExitCode runExport(const QCommandLineParser &parser, CommandContext &context)
     if (!store)
         return ExitCode::Failure;
     const QString name = parser.positionalArguments().first();
-    const std::optional<Library> library = StoredLibrary::find(*store, bundle, name, context);
-    if (!library)
-        return ExitCode::Failure;
     const LocaleScope scope(UserSettings::localeIn(parser));
-    const Outcome<RecordQuery> query = QueryOptions::queryIn(parser, *library);
-    return query ? exportLibrary(*store, *library, *query, parser.value(ToOption), context)
+    const auto found = StoredLibrary::findRecords(*store, bundle, name, context);
+    if (!found)
+        return ExitCode::Failure;
+    const Outcome<RecordQuery> query = QueryOptions::queryIn(parser, found->library, found->query);
+    return query ? exportLibrary(*store, found->library, *query, parser.value(ToOption), context)
                  : context.fail(query.reason());
 }
 } // namespace

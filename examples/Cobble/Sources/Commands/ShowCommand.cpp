@@ -1,6 +1,7 @@
 #include "ShowCommand.h"
 
 #include "Filter/QueriedRecords.h"
+#include "Filter/SmartLibraries.h"
 #include "Library/BundleOption.h"
 #include "Library/LibraryStore.h"
 #include "Library/RecordTexts.h"
@@ -27,6 +28,28 @@ Outcome<> checkShow(const QCommandLineParser &parser)
         .andThen([&] { return UserSettings::checkLocale(parser); });
 }
 
+/// The smart ones below the libraries, with "of" and the library that they filter.
+Outcome<> addSmartLibraries(LibraryStore &store, const QList<Library> &libraries,
+                            AlignedTable *table)
+{
+    const auto all = SmartLibraries::all(store);
+    if (!all)
+        return all.failure();
+    for (const SmartLibrary &smart : *all) {
+        const auto library = SmartLibraries::libraryOf(smart, libraries);
+        if (!library)
+            continue;
+        const auto query = SmartLibraries::queryOf(smart, std::make_shared<FilterFields>(*library));
+        QueriedRecords records(store, *library, query.valueOr({}));
+        qint64 count = 0;
+        while (records.next())
+            ++count;
+        table->addRow({smart.name, u"of "_s + library->name,
+                       QString::number(records.library().fields.size()), QString::number(count)});
+    }
+    return {};
+}
+
 Outcome<AlignedTable> tableOf(LibraryStore &store)
 {
     AlignedTable table;
@@ -41,6 +64,7 @@ Outcome<AlignedTable> tableOf(LibraryStore &store)
         table.addRow({library.name, library.tableName, QString::number(library.fields.size()),
                       QString::number(count.valueOr(0))});
     }
+    read = read.andThen([&] { return addSmartLibraries(store, *libraries, &table); });
     return read ? Outcome<AlignedTable>(table) : read.failure();
 }
 
@@ -85,12 +109,13 @@ ExitCode show(const QCommandLineParser &parser, CommandContext &context)
     if (parser.positionalArguments().isEmpty())
         return showLibraries(*store, bundle.bundlePath(), context);
     const QString name = parser.positionalArguments().first();
-    const std::optional<Library> library = StoredLibrary::find(*store, bundle, name, context);
-    if (!library)
-        return ExitCode::Failure;
     const LocaleScope scope(UserSettings::localeIn(parser));
-    const Outcome<RecordQuery> query = QueryOptions::queryIn(parser, *library);
-    return query ? showRecords(*store, *library, *query, context) : context.fail(query.reason());
+    const auto found = StoredLibrary::findRecords(*store, bundle, name, context);
+    if (!found)
+        return ExitCode::Failure;
+    const Outcome<RecordQuery> query = QueryOptions::queryIn(parser, found->library, found->query);
+    return query ? showRecords(*store, found->library, *query, context)
+                 : context.fail(query.reason());
 }
 } // namespace
 

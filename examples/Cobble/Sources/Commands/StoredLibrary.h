@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CommandContext.h"
+#include "Filter/RecordQuery.h"
 #include "Library/LibraryStore.h"
 
 // What commands about stored libraries begin with. What is missing is reported, and fails.
@@ -11,4 +12,16 @@ std::unique_ptr<LibraryStore> openStore(const KTDatabaseBundle &bundle, CommandC
 /// A library in it; nothing if there is none of that name.
 std::optional<Library> find(LibraryStore &store, const KTDatabaseBundle &bundle,
                             const QString &name, CommandContext &context);
+
+/// The records that a name stands for.
+struct Records
+{
+    Library library;
+    /// All of a library, or those of a smart library.
+    RecordQuery query;
+};
+/// Those of a library or of a smart library. One whose filter no longer fits is reported, and has all
+/// records.
+std::optional<Records> findRecords(LibraryStore &store, const KTDatabaseBundle &bundle,
+                                   const QString &name, CommandContext &context);
 } // namespace StoredLibrary

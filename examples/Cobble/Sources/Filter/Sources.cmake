@@ -10,4 +10,5 @@ target_sources(CobbleHost PRIVATE
     Sources/Filter/QueriedRecords.cpp
     Sources/Filter/RecordFilter.cpp
     Sources/Filter/RecordQuery.cpp
+    Sources/Filter/SmartLibraries.cpp
 )

@@ -69,6 +69,7 @@ void MainMenu::add(QMainWindow *window, QObject *controller, QObject *applicatio
               {tr("&Redo"), "redoChange:", controller, QKeySequence(u"Ctrl+Shift+Z"_qs)},
               Line,
               {tr("&Find"), "findRecords:", controller, QKeySequence::Find},
+              {tr("F&ilter…"), "filterRecords:", controller, QKeySequence(u"Ctrl+Shift+F"_qs)},
               Line,
               {tr("&Delete Records"), "deleteRecords:", controller, QKeySequence(u"Del"_qs)},
               Line,

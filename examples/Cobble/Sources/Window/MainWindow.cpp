@@ -3,6 +3,7 @@
 #include "Appearance/Icons.h"
 #include "DetailPane.h"
 #include "FieldDelegate.h"
+#include "FilterBar.h"
 #include "RecordTableModel.h"
 #include "RecordTableView.h"
 
@@ -58,7 +59,7 @@ QWidget *MainWindow::makePages(NSArrayController *records, RecordTableModel *mod
     _notice->setAlignment(Qt::AlignCenter);
     _notice->setWordWrap(true);
     _pages = new QStackedWidget;
-    _pages->addWidget(both);
+    _pages->addWidget(makeFiltered(both));
     _pages->addWidget(makeNotice());
     return _pages;
 }
@@ -75,6 +76,19 @@ QWidget *MainWindow::makeNotice()
     layout->addWidget(_notice);
     layout->addWidget(_importButton, 0, Qt::AlignHCenter);
     layout->addStretch();
+    return page;
+}
+
+/// The filter above what it filters.
+QWidget *MainWindow::makeFiltered(QWidget *records)
+{
+    auto *const page = new QWidget;
+    auto *const layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    _filterBar = new FilterBar;
+    layout->addWidget(_filterBar);
+    layout->addWidget(records, 1);
     return page;
 }
 
@@ -146,6 +160,10 @@ void MainWindow::makeCount()
 {
     _count = new QLabel;
     _count->setTextFormat(Qt::PlainText);
+    _summary = new QLabel;
+    _summary->setTextFormat(Qt::PlainText);
+    _summary->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    statusBar()->addPermanentWidget(_summary);
     statusBar()->addPermanentWidget(_count);
 }
 

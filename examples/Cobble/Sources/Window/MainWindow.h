@@ -5,6 +5,7 @@
 #include <QMainWindow>
 
 class DetailPane;
+class FilterBar;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -26,7 +27,10 @@ public:
     RecordTableView *table() const { return _table; }
     DetailPane *detail() const { return _detail; }
     QLineEdit *search() const { return _search; }
+    FilterBar *filterBar() const { return _filterBar; }
     QLabel *count() const { return _count; }
+    /// What the selected records come to, beside the count.
+    QLabel *summary() const { return _summary; }
 
     /// Imports something where there is nothing yet.
     QPushButton *importButton() const { return _importButton; }
@@ -40,6 +44,7 @@ public:
 private:
     QWidget *makePages(NSArrayController *records, RecordTableModel *model);
     QWidget *makeLibraries();
+    QWidget *makeFiltered(QWidget *records);
     QWidget *makeRecords(RecordTableModel *model);
     QWidget *makeDetail(NSArrayController *records);
     void makeSearch();
@@ -50,7 +55,9 @@ private:
     RecordTableView *_table = nullptr;
     DetailPane *_detail = nullptr;
     QLineEdit *_search = nullptr;
+    FilterBar *_filterBar = nullptr;
     QLabel *_count = nullptr;
+    QLabel *_summary = nullptr;
     QLabel *_notice = nullptr;
     QPushButton *_importButton = nullptr;
     QStackedWidget *_pages = nullptr;

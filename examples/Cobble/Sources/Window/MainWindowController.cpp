@@ -5,11 +5,14 @@
 #include "Appearance/Sentence.h"
 #include "DesktopApplication.h"
 #include "DetailPane.h"
+#include "FilterBar.h"
 #include "MainMenu.h"
 #include "MainWindow.h"
+#include "RecordFinder.h"
 #include "RecordSearch.h"
 #include "RecordTableModel.h"
 #include "RecordTableView.h"
+#include "SmartLibraryList.h"
 #include "Text/PrintableText.h"
 
 #include <KTUtility/KTArraySelection>
@@ -57,6 +60,8 @@ MainWindowController::MainWindowController(DesktopApplication *application)
 MainWindowController::~MainWindowController()
 {
     forget();
+    _smartLibraries.reset();
+    _finder.reset();
     _selection.reset();
     // Before the model that its table shows.
     setWindow(nullptr);
@@ -83,9 +88,13 @@ void MainWindowController::windowDidLoad()
     KTWindowController::windowDidLoad();
     _selection =
         std::make_unique<KTArraySelection>(_model.get(), mainWindow()->table()->selectionModel());
+    _finder = std::make_unique<RecordFinder>(mainWindow(), &_records);
+    _smartLibraries =
+        std::make_unique<SmartLibraryList>(mainWindow()->libraries(), _application->bundle());
     connectParts();
     connectDetail(mainWindow()->detail());
     connectSheets();
+    connectSmartLibraries();
     listLibraries();
     _columns = std::make_unique<RememberedColumns>(mainWindow()->table()->horizontalHeader());
     showLibrary(_application->libraryToShow());
@@ -95,10 +104,10 @@ void MainWindowController::connectParts()
 {
     MainWindow *const shown = mainWindow();
     QObject::connect(shown->libraries(), &QListWidget::currentItemChanged, this,
-                     [this](const QListWidgetItem *item) {
-                         showLibrary(item ? item->data(Qt::UserRole).toString() : QString());
-                     });
+                     &MainWindowController::showItem);
     QObject::connect(shown->search(), &QLineEdit::textChanged, &_searchTimer,
+                     qOverload<>(&QTimer::start));
+    QObject::connect(_finder.get(), &RecordFinder::changed, &_searchTimer,
                      qOverload<>(&QTimer::start));
     QObject::connect(shown->search(), &QLineEdit::returnPressed, this,
                      &MainWindowController::searchAndTell);
@@ -141,6 +150,19 @@ void MainWindowController::connectSheets()
                      &MainWindowController::showLibrary);
 }
 
+void MainWindowController::connectSmartLibraries()
+{
+    SmartLibraryList *const smart = _smartLibraries.get();
+    QObject::connect(_finder->bar(), &FilterBar::saveRequested, this, [this, smart] {
+        if (_library)
+            smart->askAndSave(_library->definition(), _finder->shownQuery());
+    });
+    QObject::connect(_application->bundle(), &OpenBundle::smartLibrariesChanged, smart,
+                     &SmartLibraryList::addToList);
+    QObject::connect(smart, &SmartLibraryList::saved, smart, &SmartLibraryList::select);
+    QObject::connect(smart, &SmartLibraryList::failed, this, &MainWindowController::tell);
+}
+
 // --- Libraries ----------------------------------------------------------------------------------
 
 /// Fills the list anew. A library that was opened anew is shown anew, whatever its name is now.
@@ -160,6 +182,7 @@ void MainWindowController::listLibraries()
     if (!_application->bundle()->isCurrent(_library))
         forget();
     showLibrary(shown);
+    _smartLibraries->addToList();
 }
 
 /// The library with the same table as the one that is shown, else the one of its name.
@@ -186,6 +209,30 @@ Outcome<> MainWindowController::openLibrary(const QString &name)
     return opened ? Outcome<>() : opened.failure();
 }
 
+void MainWindowController::showItem(const QListWidgetItem *item)
+{
+    if (const std::optional<SmartLibrary> smart = _smartLibraries->of(item)) {
+        showSmartLibrary(*smart);
+        return;
+    }
+    const bool wasSmart = _finder->isSmart();
+    showLibrary(item ? item->data(Qt::UserRole).toString() : QString());
+    if (wasSmart)
+        _finder->showAll();
+}
+
+void MainWindowController::showSmartLibrary(const SmartLibrary &smart)
+{
+    const auto library = SmartLibraries::libraryOf(smart, _application->bundle()->libraries());
+    if (!library || !openLibrary(library->name))
+        return;
+    const Outcome<> shown = _finder->showSmartLibrary(smart);
+    _smartLibraries->select(smart.name);
+    search();
+    if (!shown)
+        tell(tr("The filter of “%1” no longer fits: %2").arg(smart.name, shown.reason()));
+}
+
 void MainWindowController::selectInList(const QString &name)
 {
     QListWidget *const list = mainWindow()->libraries();
@@ -210,6 +257,7 @@ void MainWindowController::forget()
     if (isWindowLoaded()) {
         mainWindow()->table()->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
         mainWindow()->detail()->setFields({});
+        _finder->setLibrary(nullptr);
     }
     if (_library)
         QObject::disconnect(_library.get(), nullptr, this, nullptr);
@@ -232,6 +280,7 @@ void MainWindowController::setLibrary(const std::shared_ptr<OpenLibrary> &librar
                      [this](const QString &why) { tell(Sentence::of(why)); });
     mainWindow()->detail()->setFields(library->fields());
     _model->setLibrary(library);
+    _finder->setLibrary(library);
     showRecords();
     search();
     mainWindow()->fitColumns();
@@ -350,9 +399,10 @@ void MainWindowController::search()
     if (!_library)
         return;
     _records.setFilterPredicate(
-        RecordSearch::predicateFor(*_library, mainWindow()->search()->text()));
+        _finder->both(RecordSearch::predicateFor(*_library, mainWindow()->search()->text())));
     if (_records.selectionIndexes().isEmpty())
         _records.setSelectionIndex(0);
+    _finder->showResult();
 }
 
 // --- Menu ---------------------------------------------------------------------------------------
@@ -362,6 +412,11 @@ bool MainWindowController::validateMenuItem(QAction *item)
     const NSSelector action = NSMenuItem::action(item);
     if (action == NSSelector("exportFile:") || action == NSSelector("showRecordCount:"))
         return _library != nullptr;
+    if (action == NSSelector("filterRecords:")) {
+        item->setCheckable(true);
+        item->setChecked(_finder->showsFilter());
+        return _library != nullptr;
+    }
     if (action == NSSelector("deleteRecords:"))
         return !_records.selectionIndexes().isEmpty();
     if (action == NSSelector("undoChange:") || action == NSSelector("redoChange:"))
@@ -430,6 +485,11 @@ void MainWindowController::findRecords(QAction *)
 {
     mainWindow()->search()->setFocus(Qt::ShortcutFocusReason);
     mainWindow()->search()->selectAll();
+}
+
+void MainWindowController::filterRecords(QAction *)
+{
+    _finder->setShowsFilter(!_finder->showsFilter());
 }
 
 QList<StoredRecord *> MainWindowController::selectedRecords() const

@@ -17,7 +17,11 @@ class DetailPane;
 class KTArraySelection;
 class MainWindow;
 class OpenLibrary;
+class QListWidgetItem;
+class RecordFinder;
 class RecordTableModel;
+class SmartLibraryList;
+struct SmartLibrary;
 class StoredRecord;
 
 /// A main window: shows the libraries of a bundle and the records of one of them, and lets the user
@@ -43,6 +47,8 @@ public:
     ImportSheet *importSheet() { return &_importSheet; }
     ExportSheet *exportSheet() { return &_exportSheet; }
     ImportSummary *importSummary() { return &_importSummary; }
+    /// Once the window is loaded.
+    RecordFinder *finder() { return _finder.get(); }
     /// The library that is shown; null if there is none.
     const std::shared_ptr<OpenLibrary> &library() const { return _library; }
 
@@ -50,6 +56,11 @@ public:
     Outcome<> openLibrary(const QString &name);
     /// The same for those who need not know.
     void showLibrary(const QString &name) { (void)openLibrary(name); }
+    /// Shows the records of a smart library. If its filter no longer fits, the window says why, and
+    /// shows all.
+    void showSmartLibrary(const SmartLibrary &smart);
+    /// Once the window is loaded.
+    SmartLibraryList *smartLibraries() { return _smartLibraries.get(); }
     /// Whether a sheet of the window is importing or exporting, so that it has to stay.
     bool isWorking() const;
     /// Shows the records that the typed text finds.
@@ -62,6 +73,8 @@ public:
     Q_INVOKABLE void importFile(QAction *sender = nullptr);
     Q_INVOKABLE void exportFile(QAction *sender = nullptr);
     Q_INVOKABLE void findRecords(QAction *sender = nullptr);
+    /// Shows the filter bar, or takes it away with its filter.
+    Q_INVOKABLE void filterRecords(QAction *sender = nullptr);
     Q_INVOKABLE void undoChange(QAction *sender = nullptr);
     Q_INVOKABLE void redoChange(QAction *sender = nullptr);
     /// Deletes the selected records, without a question: it can be undone.
@@ -89,6 +102,8 @@ private:
     void connectParts();
     void connectDetail(DetailPane *detail);
     void connectSheets();
+    void connectSmartLibraries();
+    void showItem(const QListWidgetItem *item);
     void setLibrary(const std::shared_ptr<OpenLibrary> &library);
     void forget();
     void showRecords();
@@ -117,6 +132,8 @@ private:
     NSArrayController _records;
     std::unique_ptr<RecordTableModel> _model;
     std::unique_ptr<KTArraySelection> _selection;
+    std::unique_ptr<RecordFinder> _finder;
+    std::unique_ptr<SmartLibraryList> _smartLibraries;
     std::shared_ptr<OpenLibrary> _library;
     std::unique_ptr<RememberedColumns> _columns;
     QTimer _searchTimer;

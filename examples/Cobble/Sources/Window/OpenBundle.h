@@ -61,6 +61,8 @@ Q_SIGNALS:
     void librariesChanged();
     /// change() has made a step.
     void stepMade(qint64 step, const StepTitle &title);
+    /// One was saved, renamed or removed.
+    void smartLibrariesChanged();
 
 private:
     Outcome<Library> libraryNamed(const QString &name);

@@ -4,6 +4,7 @@
 #include <KTUtility/NSImage_KTAdditions>
 
 #include <QDrag>
+#include <QHeaderView>
 #include <QMimeData>
 #include <QPainter>
 
@@ -31,6 +32,8 @@ RecordTableView::RecordTableView(QWidget *parent) : QTableView(parent)
 {
     setDragEnabled(true);
     setDragDropMode(QAbstractItemView::DragOnly);
+    // All of them would be bold while a record is selected; to find out takes long where many are.
+    horizontalHeader()->setHighlightSections(false);
 }
 
 void RecordTableView::setEmptyText(const QString &text)

@@ -1,0 +1,154 @@
+#include "RecordFinder.h"
+
+#include "FilterBar.h"
+#include "MainWindow.h"
+#include "NothingFound.h"
+#include "RecordTableView.h"
+#include "SelectionSummary.h"
+#include "Text/PrintableText.h"
+
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
+
+namespace {
+constexpr qsizetype LongestQuote = 60;
+} // namespace
+
+RecordFinder::RecordFinder(MainWindow *window, NSArrayController *records)
+    : _window(window)
+    , _records(records)
+    , _bar(window->filterBar())
+    , _nothing(new NothingFound(window->table()))
+    , _summary(std::make_unique<SelectionSummary>(window->table(), records, window->summary()))
+{
+    _bar->hide();
+    makeKeys();
+    QObject::connect(_bar, &FilterBar::filterChanged, this, &RecordFinder::changed);
+    QObject::connect(_bar, &FilterBar::closeRequested, this, [this] {
+        setShowsFilter(false);
+        _window->table()->setFocus(Qt::OtherFocusReason);
+    });
+    QObject::connect(_nothing->showAllButton(), &QPushButton::clicked, this, [this] {
+        showAll();
+        _window->table()->setFocus(Qt::OtherFocusReason);
+    });
+}
+
+RecordFinder::~RecordFinder() = default;
+
+/// Escape clears the search.
+void RecordFinder::makeKeys()
+{
+    auto *const escape =
+        new QShortcut(Qt::Key_Escape, _window->search(), nullptr, nullptr, Qt::WidgetShortcut);
+    QObject::connect(escape, &QShortcut::activated, _window->search(), &QLineEdit::clear);
+}
+
+void RecordFinder::setLibrary(const std::shared_ptr<OpenLibrary> &library)
+{
+    _library = library;
+    _isSmart = false;
+    showColumns({});
+    const QSignalBlocker blocker(_bar);
+    _bar->setFields(library ? std::make_shared<FilterFields>(library->definition()) : nullptr);
+    _nothing->setText(QString());
+    _summary->setLibrary(library);
+}
+
+NSPredicate RecordFinder::both(const NSPredicate &searched) const
+{
+    const NSPredicate filter = _bar->filter().predicate();
+    if (filter.isNil() || searched.isNil())
+        return filter.isNil() ? searched : filter;
+    return NSPredicate::predicateWithBlock([searched, filter](const QVariant &record) {
+        return filter.evaluateWithObject(record) && searched.evaluateWithObject(record);
+    });
+}
+
+/// What was looked for, if nothing was found; nil otherwise.
+QString RecordFinder::missedText() const
+{
+    const QString searched =
+        printableText(_window->search()->text().simplified().left(LongestQuote));
+    const bool isFiltered = !_bar->filter().predicate().isNil();
+    if (!_library || _window->table()->model()->rowCount() > 0)
+        return {};
+    if (!searched.isEmpty())
+        return isFiltered ? tr("No record fits “%1” and the filter.").arg(searched)
+                          : tr("No record fits “%1”.").arg(searched);
+    return isFiltered ? tr("No record fits the filter.") : QString();
+}
+
+void RecordFinder::showResult()
+{
+    _nothing->setText(missedText());
+    _summary->updateSoon();
+    const qsizetype selected = _records->selectionIndex();
+    RecordTableView *const table = _window->table();
+    if (selected >= 0)
+        table->scrollTo(
+            table->model()->index(int(selected), qMax(0, table->currentIndex().column())));
+}
+
+bool RecordFinder::showsFilter() const
+{
+    return !_bar->isHidden();
+}
+
+void RecordFinder::setShowsFilter(bool shows)
+{
+    _bar->setVisible(shows);
+    if (shows)
+        _bar->beginEditing();
+    else
+        _bar->setText(QString());
+}
+
+Outcome<> RecordFinder::showSmartLibrary(const SmartLibrary &smart)
+{
+    const auto fields = std::make_shared<FilterFields>(_library->definition());
+    const Outcome<RecordQuery> query = SmartLibraries::queryOf(smart, fields);
+    showAll();
+    _isSmart = true;
+    _bar->show();
+    _bar->setText(query ? query->filter.text(FilterNotation::Typed) : smart.filter);
+    if (!query)
+        return query.failure();
+    showColumns(query->columns);
+    const RecordOrder order = query->order.value(0, {-1, true});
+    _window->table()->sortByColumn(int(order.field),
+                                   order.isAscending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    return {};
+}
+
+/// Hides the other columns; none hides none.
+void RecordFinder::showColumns(const QList<qsizetype> &columns)
+{
+    for (int column = 0; column < _window->table()->model()->columnCount(); ++column)
+        _window->table()->setColumnHidden(column, !columns.isEmpty() && !columns.contains(column));
+}
+
+RecordQuery RecordFinder::shownQuery() const
+{
+    RecordQuery query;
+    query.filter = _bar->filter();
+    const QHeaderView *const header = _window->table()->horizontalHeader();
+    if (header->sortIndicatorSection() >= 0)
+        query.order = {
+            {header->sortIndicatorSection(), header->sortIndicatorOrder() == Qt::AscendingOrder}};
+    for (int column = 0; header->hiddenSectionCount() > 0 && column < header->count(); ++column) {
+        if (!header->isSectionHidden(column))
+            query.columns += column;
+    }
+    return query;
+}
+
+void RecordFinder::showAll()
+{
+    _isSmart = false;
+    showColumns({});
+    _window->search()->clear();
+    _bar->setText(QString());
+}
