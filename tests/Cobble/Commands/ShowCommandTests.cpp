@@ -1,5 +1,8 @@
 #include "CommandSupport.h"
 
+#include "Commands/UserSettings.h"
+#include "Filter/SmartLibraries.h"
+
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
 
@@ -182,4 +185,39 @@ TEST_F(ShowCommandTests, SaysWhatItCannotAskFor)
         EXPECT_EQ(result.errors, row.errors);
         EXPECT_EQ(result.output, QString());
     }
+}
+
+TEST_F(ShowCommandTests, ShowsSmartLibraries)
+{
+    import(u"People.csv"_s, people());
+    {
+        const LocaleScope scope(u"en_US"_s);
+        const auto store =
+            *LibraryStore::open(KTDatabaseBundle(bundle), LibraryStore::Mode::Existing);
+        const Library library = *store->libraryNamed(u"People"_s);
+        const auto fields = std::make_shared<FilterFields>(library);
+        RecordQuery query;
+        query.filter = RecordFilter::read(u"visits >= 9,000"_s, fields);
+        query.order = {{4, false}};
+        query.columns = {0, 4};
+        SmartLibrary lost = SmartLibraries::make(u"Lost"_s, library, query, *fields);
+        lost.filter = u"kt_gone = 1"_s;
+        ASSERT_TRUE(store->beginChange());
+        ASSERT_TRUE(SmartLibraries::save(
+            *store, SmartLibraries::make(u"Regulars"_s, library, query, *fields)));
+        ASSERT_TRUE(SmartLibraries::save(*store, lost) && store->commit());
+    }
+    EXPECT_EQ(show({u"regulars"_s, u"--locale"_s, u"de_DE"_s}).output,
+              u"Name  Visits\nP10   10.000\nP9    9.000\n\n2 of 11 records\n"_s);
+    EXPECT_EQ(show({u"Regulars"_s, u"--where"_s, u"name = p9"_s, u"--columns"_s, u"name"_s}).output,
+              u"Name\nP9\n\n1 of 11 records\n"_s);
+    const CommandResult all = show({});
+    EXPECT_EQ(all.exitCode, 0) << all.errors.toStdString();
+    EXPECT_TRUE(all.output.contains(u"\nRegulars  of People  2       2\n"))
+        << all.output.toStdString();
+    const CommandResult lost = show({u"Lost"_s});
+    EXPECT_EQ(lost.exitCode, 0);
+    EXPECT_TRUE(lost.errors.contains(u"the filter of 'Lost' no longer fits: "))
+        << lost.errors.toStdString();
+    EXPECT_TRUE(lost.output.endsWith(u"\n11 records\n"));
 }

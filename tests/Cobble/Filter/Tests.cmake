@@ -6,4 +6,5 @@ target_sources(CobbleTests PRIVATE
     Cobble/Filter/QueriedRecordsTests.cpp
     Cobble/Filter/RecordFilterTests.cpp
     Cobble/Filter/RecordQueryTests.cpp
+    Cobble/Filter/SmartLibrariesTests.cpp
 )

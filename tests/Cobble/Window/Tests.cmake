@@ -8,8 +8,10 @@ target_sources(CobbleTests PRIVATE
     Cobble/Window/MainWindowVisualTests.cpp
     Cobble/Window/MediaFieldTests.cpp
     Cobble/Window/OpenBundleTests.cpp
+    Cobble/Window/RecordFinderTests.cpp
     Cobble/Window/RecordSearchTests.cpp
     Cobble/Window/ShortTextTests.cpp
+    Cobble/Window/SmartLibraryListTests.cpp
     Cobble/Window/TransferSheetTests.cpp
     Cobble/Window/UndoTests.cpp
     Cobble/Window/ValueOrderTests.cpp

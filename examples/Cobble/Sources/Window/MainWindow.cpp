@@ -3,7 +3,7 @@
 #include "Appearance/Icons.h"
 #include "DetailPane.h"
 #include "FieldDelegate.h"
-#include "FilterBar.h"
+#include "Finding/FilterBar.h"
 #include "RecordTableModel.h"
 #include "RecordTableView.h"
 

@@ -5,7 +5,7 @@
 #include "Appearance/Sentence.h"
 #include "DesktopApplication.h"
 #include "DetailPane.h"
-#include "FilterBar.h"
+#include "Finding/FilterBar.h"
 #include "MainMenu.h"
 #include "MainWindow.h"
 #include "RecordFinder.h"
@@ -218,7 +218,7 @@ void MainWindowController::showItem(const QListWidgetItem *item)
     const bool wasSmart = _finder->isSmart();
     showLibrary(item ? item->data(Qt::UserRole).toString() : QString());
     if (wasSmart)
-        _finder->showAll();
+        _finder->leaveSmartLibrary();
 }
 
 void MainWindowController::showSmartLibrary(const SmartLibrary &smart)

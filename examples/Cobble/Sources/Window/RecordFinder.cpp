@@ -1,10 +1,10 @@
 #include "RecordFinder.h"
 
-#include "FilterBar.h"
+#include "Finding/FilterBar.h"
+#include "Finding/NothingFound.h"
+#include "Finding/SelectionSummary.h"
 #include "MainWindow.h"
-#include "NothingFound.h"
 #include "RecordTableView.h"
-#include "SelectionSummary.h"
 #include "Text/PrintableText.h"
 
 #include <QHeaderView>
@@ -52,9 +52,10 @@ void RecordFinder::setLibrary(const std::shared_ptr<OpenLibrary> &library)
     _isSmart = false;
     showColumns({});
     const QSignalBlocker blocker(_bar);
-    _bar->setFields(library ? std::make_shared<FilterFields>(library->definition()) : nullptr);
+    const auto fields = library ? std::make_shared<FilterFields>(library->definition()) : nullptr;
+    _bar->setFields(fields);
     _nothing->setText(QString());
-    _summary->setLibrary(library);
+    _summary->setFields(fields);
 }
 
 NSPredicate RecordFinder::both(const NSPredicate &searched) const
@@ -112,6 +113,7 @@ Outcome<> RecordFinder::showSmartLibrary(const SmartLibrary &smart)
     const Outcome<RecordQuery> query = SmartLibraries::queryOf(smart, fields);
     showAll();
     _isSmart = true;
+    showColumns({});
     _bar->show();
     _bar->setText(query ? query->filter.text(FilterNotation::Typed) : smart.filter);
     if (!query)
@@ -145,10 +147,15 @@ RecordQuery RecordFinder::shownQuery() const
     return query;
 }
 
-void RecordFinder::showAll()
+void RecordFinder::leaveSmartLibrary()
 {
     _isSmart = false;
     showColumns({});
+    setShowsFilter(false);
+}
+
+void RecordFinder::showAll()
+{
     _window->search()->clear();
     _bar->setText(QString());
 }

@@ -44,6 +44,8 @@ public:
     Outcome<> showSmartLibrary(const SmartLibrary &smart);
     /// Whether that is what is shown.
     bool isSmart() const { return _isSmart; }
+    /// Shows the whole library again.
+    void leaveSmartLibrary();
     /// What is shown, without the words of the search.
     RecordQuery shownQuery() const;
     /// Takes search and filter away.

@@ -4,24 +4,18 @@ target_sources(CobbleHost PRIVATE
     Sources/Window/ExportSheet.cpp
     Sources/Window/FieldDelegate.cpp
     Sources/Window/FieldEditor.cpp
-    Sources/Window/FieldSummary.cpp
-    Sources/Window/FilterBar.cpp
-    Sources/Window/FilterRow.cpp
-    Sources/Window/FilterWords.cpp
     Sources/Window/ImportSheet.cpp
     Sources/Window/ImportSummary.cpp
     Sources/Window/MainMenu.cpp
     Sources/Window/MainWindow.cpp
     Sources/Window/MainWindowController.cpp
     Sources/Window/MediaField.cpp
-    Sources/Window/NothingFound.cpp
     Sources/Window/OpenBundle.cpp
     Sources/Window/OpenLibrary.cpp
     Sources/Window/RecordFinder.cpp
     Sources/Window/RecordSearch.cpp
     Sources/Window/RecordTableModel.cpp
     Sources/Window/RecordTableView.cpp
-    Sources/Window/SelectionSummary.cpp
     Sources/Window/ShortText.cpp
     Sources/Window/ShowLibraryAlert.cpp
     Sources/Window/SilencedAlerts.cpp

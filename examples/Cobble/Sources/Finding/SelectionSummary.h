@@ -1,7 +1,8 @@
 #pragma once
 
-#include "OpenLibrary.h"
+#include "Filter/RecordFilter.h"
 
+#include <QObject>
 #include <QTimer>
 
 class NSArrayController;
@@ -19,8 +20,8 @@ public:
     /// \param label where it is shown.
     SelectionSummary(QTableView *table, NSArrayController *records, QLabel *label);
 
-    /// The library whose records are shown; null for none.
-    void setLibrary(const std::shared_ptr<OpenLibrary> &library);
+    /// The fields of the records, one for each column; null for none.
+    void setFields(const RecordFilter::Fields &fields);
     /// Looks at the selection again, in a moment: many changes are one.
     void updateSoon() { _timer.start(); }
     /// The same at once.
@@ -33,6 +34,6 @@ private:
     QTableView *_table;
     NSArrayController *_records;
     QLabel *_label;
-    std::shared_ptr<OpenLibrary> _library;
+    RecordFilter::Fields _fields;
     QTimer _timer;
 };

@@ -2,7 +2,6 @@
 
 #include "Appearance/ProblemLabel.h"
 #include "FilterWords.h"
-#include "ShortText.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -58,7 +57,7 @@ FilterRow::FilterRow(const std::shared_ptr<const FilterFields> &fields, QWidget 
     makeInputs();
     makeButtons();
     for (qsizetype field = 0; field < _fields->count(); ++field)
-        _field->addItem(ShortText::firstLine(_fields->field(field).title()));
+        _field->addItem(_fields->field(field).title().simplified());
     listOperators();
     QObject::connect(_field, &QComboBox::currentIndexChanged, this, [this] {
         listOperators();

@@ -2,10 +2,10 @@
 
 #include "Appearance/Counts.h"
 #include "FieldSummary.h"
-#include "ShortText.h"
 #include "Text/PrintableText.h"
 
 #include <KTUtility/NSArrayController>
+#include <KTUtility/NSKeyValueCoding>
 
 #include <QItemSelectionModel>
 #include <QLabel>
@@ -32,9 +32,9 @@ SelectionSummary::SelectionSummary(QTableView *table, NSArrayController *records
                      &SelectionSummary::updateSoon);
 }
 
-void SelectionSummary::setLibrary(const std::shared_ptr<OpenLibrary> &library)
+void SelectionSummary::setFields(const RecordFilter::Fields &fields)
 {
-    _library = library;
+    _fields = fields;
     update();
 }
 
@@ -50,23 +50,23 @@ void SelectionSummary::update()
 QString SelectionSummary::text() const
 {
     const qsizetype count = _records->selectionIndexes().size();
-    if (!_library || count < 2)
+    if (!_fields || count < 2)
         return {};
     const QString selected =
         tr("%1 selected", nullptr, Counts::plural(count)).arg(Counts::number(count));
     const int column = _table->currentIndex().column();
-    const bool hasField = column >= 0 && column < _library->definition().fields.size();
+    const bool hasField = column >= 0 && column < _fields->count();
     const QString summary = hasField ? summaryOf(_records->selectedObjects(), column) : QString();
     return summary.isNull() ? selected : QString(selected + u" · " + summary);
 }
 
 QString SelectionSummary::summaryOf(const QVariantList &selected, int column) const
 {
+    const QString key = _fields->field(column).columnName;
     FieldSummary summary;
     for (const QVariant &record : selected)
-        summary.add(_library->value(*record.value<StoredRecord *>(), column));
-    const QString text = summary.text(_library->reader(column));
-    const QString title =
-        printableText(ShortText::firstLine(_library->definition().fields.at(column).title()));
+        summary.add(NSKeyValueCoding::valueForKey(record, key));
+    const QString text = summary.text(_fields->reader(column));
+    const QString title = printableText(_fields->field(column).title().simplified());
     return text.isNull() ? QString() : tr("%1: %2").arg(title, text);
 }

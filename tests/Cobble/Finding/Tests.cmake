@@ -1,0 +1,4 @@
+target_sources(CobbleTests PRIVATE
+    Cobble/Finding/FieldSummaryTests.cpp
+    Cobble/Finding/FilterBarTests.cpp
+)

@@ -1,0 +1,172 @@
+// Filtering, clearing, and what is said of it, in the host's main window.
+
+#include "WindowSupport.h"
+
+#include "Finding/FilterBar.h"
+#include "Finding/FilterRow.h"
+#include "Finding/NothingFound.h"
+#include "Window/RecordFinder.h"
+
+#include <QComboBox>
+#include <QHeaderView>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+class RecordFinderTests : public HostWindowTest
+{
+protected:
+    static void filter(MainWindowController *window, const QString &text)
+    {
+        window->finder()->bar()->setText(text);
+        window->search();
+    }
+    static QString summaryIn(MainWindowController *window)
+    {
+        QLabel *const label = window->mainWindow()->summary();
+        for (int tries = 0; tries < 100 && label->text().isEmpty(); ++tries)
+            QTest::qWait(10);
+        return label->text();
+    }
+};
+
+TEST_F(RecordFinderTests, TheBarFiltersTogetherWithTheSearch)
+{
+    MainWindowController *const window = openThings();
+    EXPECT_FALSE(window->finder()->showsFilter());
+    menuItem(window, "filterRecords:")->trigger();
+    EXPECT_TRUE(window->finder()->showsFilter());
+    filter(window, u"visits > 0 AND since in 2008"_s);
+    EXPECT_EQ(column(window, 0), QStringList({u"Ann"_s, u"Céline"_s, u"Ann"_s}));
+    EXPECT_EQ(countIn(window), u"3 of 4 records"_s);
+    search(window, u"ann"_s);
+    EXPECT_EQ(column(window, 1), QStringList({u"7"_s, u"3"_s}));
+    filter(window, u"visits > 5"_s);
+    EXPECT_EQ(column(window, 1), QStringList(u"7"_s));
+    // Nothing is filtered unseen.
+    menuItem(window, "filterRecords:")->trigger();
+    window->search();
+    EXPECT_FALSE(window->finder()->showsFilter());
+    EXPECT_EQ(column(window, 1), QStringList({u"7"_s, u"3"_s}));
+}
+
+TEST_F(RecordFinderTests, TypingInTheBarFiltersLive)
+{
+    MainWindowController *const window = openThings();
+    menuItem(window, "filterRecords:")->trigger();
+    FilterRow *const row = window->finder()->bar()->rows().first();
+    row->fieldBox()->setCurrentText(u"Visits"_s);
+    row->operatorBox()->setCurrentText(u"is less than"_s);
+    QTest::keyClicks(row->valueInput(), u"0"_s);
+    for (int tries = 0; tries < 100 && window->model()->rowCount() != 1; ++tries)
+        QTest::qWait(10);
+    EXPECT_EQ(column(window, 0), QStringList(u"Bjørn"_s));
+}
+
+TEST_F(RecordFinderTests, EditedValuesAreFilteredAsTheyAre)
+{
+    MainWindowController *const window = openThings();
+    filter(window, u"notes = purple"_s);
+    EXPECT_EQ(window->model()->rowCount(), 0);
+    filter(window, QString());
+    window->model()->setData(window->model()->index(1, 4), u"purple"_s, Qt::EditRole);
+    filter(window, u"notes = purple"_s);
+    EXPECT_EQ(column(window, 0), QStringList(u"Bjørn"_s));
+}
+
+TEST_F(RecordFinderTests, WhereNothingIsFoundAButtonShowsAll)
+{
+    MainWindowController *const window = openThings();
+    window->mainWindow()->show();
+    NothingFound *const nothing = window->finder()->nothingFound();
+    EXPECT_EQ(nothing->text(), QString());
+    search(window, u"zzz"_s);
+    EXPECT_EQ(nothing->text(), u"No record fits “zzz”."_s);
+    EXPECT_EQ(nothing->size(), window->mainWindow()->table()->viewport()->size());
+    filter(window, u"visits = 7"_s);
+    EXPECT_EQ(nothing->text(), u"No record fits “zzz” and the filter."_s);
+    QTest::mouseClick(nothing->showAllButton(), Qt::LeftButton);
+    window->search();
+    EXPECT_EQ(window->model()->rowCount(), 4);
+    EXPECT_EQ(nothing->text(), QString());
+    EXPECT_EQ(window->mainWindow()->search()->text(), QString());
+    filter(window, u"visits = 8"_s);
+    EXPECT_EQ(nothing->text(), u"No record fits the filter."_s);
+}
+
+TEST_F(RecordFinderTests, EscapeClearsTheSearch)
+{
+    MainWindowController *const window = openThings();
+    window->mainWindow()->show();
+    window->mainWindow()->activateWindow();
+    search(window, u"tall"_s);
+    EXPECT_EQ(window->model()->rowCount(), 1);
+    window->mainWindow()->search()->setFocus();
+    QTest::keyClick(window->mainWindow()->search(), Qt::Key_Escape);
+    EXPECT_EQ(window->mainWindow()->search()->text(), QString());
+}
+
+TEST_F(RecordFinderTests, TheSelectedRecordComesIntoSight)
+{
+    QByteArray rows = "Name\n";
+    for (int row = 0; row < 500; ++row)
+        rows += "Person " + QByteArray::number(row) + "\n";
+    import(u"Many.csv"_s, rows + "Needle\n");
+    MainWindowController *const window = open();
+    window->mainWindow()->show();
+    search(window, u"needle"_s);
+    search(window, QString());
+    EXPECT_EQ(window->records()->selectionIndex(), 500);
+    RecordTableView *const table = window->mainWindow()->table();
+    const QRect place = table->visualRect(window->model()->index(500, 0));
+    EXPECT_TRUE(table->viewport()->rect().contains(place.center()));
+}
+
+TEST_F(RecordFinderTests, TheStatusBarSumsWhatIsSelected)
+{
+    MainWindowController *const window = openThings();
+    QLabel *const label = window->mainWindow()->summary();
+    EXPECT_EQ(label->text(), QString());
+    RecordTableView *const table = window->mainWindow()->table();
+    table->selectAll();
+    table->selectionModel()->setCurrentIndex(window->model()->index(0, 1),
+                                             QItemSelectionModel::NoUpdate);
+    EXPECT_EQ(summaryIn(window),
+              u"4 selected · Visits: Sum 998 · Average 249.5 · Least -12 · Most 1,000"_s);
+    window->model()->setData(window->model()->index(0, 1), u"8"_s, Qt::EditRole);
+    for (int tries = 0; tries < 100 && !label->text().contains(u"999"); ++tries)
+        QTest::qWait(10);
+    EXPECT_TRUE(label->text().contains(u"Sum 999")) << label->text().toStdString();
+    table->selectionModel()->setCurrentIndex(window->model()->index(0, 3),
+                                             QItemSelectionModel::NoUpdate);
+    for (int tries = 0; tries < 100 && !label->text().contains(u"Since"); ++tries)
+        QTest::qWait(10);
+    EXPECT_EQ(label->text(), u"4 selected · Since: From 3/4/2008 to 5/6/2008"_s);
+    window->records()->setSelectionIndex(0);
+    for (int tries = 0; tries < 100 && !label->text().isEmpty(); ++tries)
+        QTest::qWait(10);
+    EXPECT_EQ(label->text(), QString());
+}
+
+TEST_F(RecordFinderTests, AllSelectedIsSortedAndSearchedInNoTime)
+{
+    QByteArray rows = "Name,Number\n";
+    for (int row = 0; row < 20000; ++row)
+        rows += "Person " + QByteArray::number((row * 7919) % 20000) + "," +
+                QByteArray::number((row * 104729) % 20000) + "\n";
+    import(u"Many.csv"_s, rows);
+    MainWindowController *const window = open();
+    window->mainWindow()->show();
+    turn();
+    RecordTableView *const table = window->mainWindow()->table();
+    EXPECT_FALSE(table->horizontalHeader()->highlightSections());
+    table->selectAll();
+    const testing_support::ProcessorTime time;
+    table->sortByColumn(1, Qt::AscendingOrder);
+    turn();
+    search(window, u"1"_s);
+    search(window, QString());
+    turn();
+    EXPECT_EQ(window->records()->arrangedObjects().size(), 20000);
+    EXPECT_LT(time.elapsed(), 8000);
+}
