@@ -78,11 +78,11 @@ TEST_F(FilterBarTests, ATextMakesRows)
     EXPECT_EQ(row(0)->operatorBox()->currentText(), u"is between"_s);
     EXPECT_EQ(row(0)->valueInput()->text(), u"7"_s);
     EXPECT_EQ(row(0)->endInput()->text(), u"12"_s);
-    EXPECT_TRUE(row(0)->endInput()->isVisible());
+    EXPECT_FALSE(row(0)->endInput()->isHidden());
     EXPECT_EQ(row(1)->operatorBox()->currentText(), u"is in the month or year"_s);
     EXPECT_EQ(row(2)->operatorBox()->currentText(), u"does not contain"_s);
     EXPECT_EQ(row(3)->operatorBox()->currentText(), u"is empty"_s);
-    EXPECT_FALSE(row(3)->valueInput()->isVisible());
+    EXPECT_TRUE(row(3)->valueInput()->isHidden());
 }
 
 TEST_F(FilterBarTests, RowsSayWhatTheyWereMadeOf)
@@ -167,8 +167,7 @@ TEST_F(FilterBarTests, EveryInputHasAName)
                              qobject_cast<QComboBox *>(widget) ||
                              qobject_cast<QToolButton *>(widget);
         const bool isPart = qobject_cast<QLineEdit *>(widget->parentWidget()) != nullptr;
-        if (isInput && !isPart)
-            EXPECT_FALSE(widget->accessibleName().isEmpty());
+        EXPECT_TRUE(!isInput || isPart || !widget->accessibleName().isEmpty());
     }
 }
 

@@ -1,8 +1,11 @@
 #include "FieldSummary.h"
 
+#include <KTUtility/NSNumberFormatter>
 #include <KTUtility/NSObject>
 
 namespace {
+constexpr unsigned MostFractionDigits = 6;
+
 /// Results that decimals cannot hold are not-a-number instead of an exception.
 const NSDecimalNumberHandler &quietly()
 {
@@ -16,6 +19,22 @@ bool isOfNumbers(FieldType type)
     return type == FieldType::Number || type == FieldType::Currency || type == FieldType::Duration;
 }
 } // namespace
+
+QString FieldSummary::numberText(const NSDecimalNumber &number, const FieldReader &reader)
+{
+    if (number.isNaN())
+        return tr("too large");
+    const QVariant value = QVariant::fromValue(number);
+    const QString text = RecordTexts::textOf(reader, value);
+    if (reader.type() != FieldType::Number ||
+        NSObject::isEqual(reader.read(text).valueOr({}), value))
+        return text;
+    // The field shows fewer digits.
+    NSNumberFormatter formatter;
+    formatter.setNumberStyle(NSNumberFormatterDecimalStyle);
+    formatter.setMaximumFractionDigits(MostFractionDigits);
+    return formatter.stringForObjectValue(value);
+}
 
 void FieldSummary::add(const QVariant &value)
 {
@@ -51,8 +70,8 @@ QString FieldSummary::text(const FieldReader &reader) const
     const auto shown = [&reader](const QVariant &value) {
         return RecordTexts::textOf(reader, value);
     };
-    const auto number = [&shown](const NSDecimalNumber &value) {
-        return value.isNaN() ? tr("too large") : shown(QVariant::fromValue(value));
+    const auto number = [&reader](const NSDecimalNumber &value) {
+        return numberText(value, reader);
     };
     if (isOfNumbers(reader.type()) && _numbers > 0)
         return tr("Sum %1 · Average %2 · Least %3 · Most %4")

@@ -32,6 +32,7 @@ public:
     QString text(const FieldReader &reader) const;
 
 private:
+    static QString numberText(const NSDecimalNumber &number, const FieldReader &reader);
     void addNumber(const NSDecimalNumber &number);
     void addDate(const QDateTime &date);
 

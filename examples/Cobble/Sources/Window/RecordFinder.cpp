@@ -87,10 +87,8 @@ void RecordFinder::showResult()
     _nothing->setText(missedText());
     _summary->updateSoon();
     const qsizetype selected = _records->selectionIndex();
-    RecordTableView *const table = _window->table();
     if (selected >= 0)
-        table->scrollTo(
-            table->model()->index(int(selected), qMax(0, table->currentIndex().column())));
+        _window->table()->reveal(int(selected));
 }
 
 bool RecordFinder::showsFilter() const

@@ -67,6 +67,14 @@ int RecordTableView::sizeHintForColumn(int column) const
     return showGrid() ? width + 1 : width;
 }
 
+void RecordTableView::reveal(int row)
+{
+    // Until then the view has the length that it had.
+    executeDelayedItemsLayout();
+    updateGeometries();
+    scrollTo(model()->index(row, qMax(0, currentIndex().column())));
+}
+
 QImage RecordTableView::dragPicture(qsizetype rows) const
 {
     const QModelIndexList selected = selectionModel()->selectedRows();

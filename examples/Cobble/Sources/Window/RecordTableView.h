@@ -10,6 +10,8 @@ class RecordTableView : public QTableView
 public:
     explicit RecordTableView(QWidget *parent = nullptr);
 
+    /// Scrolls to a row, also right after rows have come or gone.
+    void reveal(int row);
     /// What is carried for so many rows: the first selected one, with a badge.
     QImage dragPicture(qsizetype rows) const;
 
