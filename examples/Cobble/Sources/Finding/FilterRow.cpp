@@ -95,7 +95,6 @@ void FilterRow::makeButtons()
     auto *const layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setColumnStretch(2, 2);
-    layout->setColumnStretch(4, 1);
     layout->addWidget(_field, 0, 0);
     layout->addWidget(_operator, 0, 1);
     layout->addWidget(_value, 0, 2);
@@ -144,6 +143,7 @@ void FilterRow::showInputs()
     _value->setVisible(operation() != FilterOperator::Empty);
     _and->setVisible(isRange);
     _end->setVisible(isRange);
+    static_cast<QGridLayout *>(layout())->setColumnStretch(4, isRange ? 2 : 0);
 }
 
 std::optional<FilterComparison> FilterRow::comparison() const

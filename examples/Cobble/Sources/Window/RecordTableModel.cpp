@@ -1,8 +1,8 @@
 #include "RecordTableModel.h"
 
 #include "Appearance/FieldTitle.h"
-#include "ShortText.h"
 #include "Records/ValueOrder.h"
+#include "ShortText.h"
 #include "Text/CSVText.h"
 
 #include <QMap>
