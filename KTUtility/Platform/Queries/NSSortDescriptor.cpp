@@ -2,9 +2,6 @@
 
 #include "SortKeys_p.h"
 
-#include <algorithm>
-#include <numeric>
-
 using namespace KTPrivate;
 
 NSSortDescriptor NSSortDescriptor::inLocalizedOrder(bool isLocalized) const
@@ -18,11 +15,5 @@ NSSortDescriptor NSSortDescriptor::inLocalizedOrder(bool isLocalized) const
 std::vector<qsizetype> NSSortDescriptor::orderOf(const std::vector<KeyValueTarget> &elements,
                                                  const QList<NSSortDescriptor> &descriptors)
 {
-    const SortKeys keys(elements, descriptors);
-    std::vector<qsizetype> order(elements.size());
-    std::iota(order.begin(), order.end(), 0);
-    std::stable_sort(order.begin(), order.end(), [&](qsizetype left, qsizetype right) {
-        return keys.compare(size_t(left), size_t(right)) < 0;
-    });
-    return order;
+    return SortKeys(elements, descriptors).order();
 }

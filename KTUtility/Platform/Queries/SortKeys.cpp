@@ -11,6 +11,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
+#include <type_traits>
 #include <utility>
 
 using namespace KTPrivate;
@@ -24,6 +26,10 @@ public:
     {
         return _ascending ? compareAscending(left, right) : compareAscending(right, left);
     }
+    bool isAscending() const { return _ascending; }
+    /// Sorts all positions, which are in ascending order.
+    /// \return false if there is no quicker way than comparing.
+    virtual bool sort(std::vector<qsizetype> & /*positions*/) const { return false; }
 
 private:
     virtual std::weak_ordering compareAscending(size_t left, size_t right) const = 0;
@@ -84,7 +90,51 @@ public:
         }
     }
 
+    /// Numbers are sorted themselves, with their positions beside them, and not looked up.
+    bool sort(std::vector<qsizetype> &positions) const override
+    {
+        if constexpr (std::is_arithmetic_v<T>) {
+            std::vector<Placed> there;
+            std::vector<qsizetype> nil;
+            for (const qsizetype position : positions) {
+                if (const auto &[isThere, key] = _keys[size_t(position)]; isThere)
+                    there.push_back({key, position});
+                else
+                    nil.push_back(position);
+            }
+            sortPlaced(there);
+            auto at = positions.begin();
+            if (this->isAscending())
+                at = std::copy(nil.begin(), nil.end(), at);
+            for (const Placed &each : there)
+                *at++ = each.position;
+            if (!this->isAscending())
+                std::copy(nil.begin(), nil.end(), at);
+        }
+        return std::is_arithmetic_v<T>;
+    }
+
 private:
+    struct Placed
+    {
+        T key;
+        qsizetype position;
+    };
+
+    void sortPlaced(std::vector<Placed> &placed) const
+    {
+        if (this->isAscending())
+            std::stable_sort(placed.begin(), placed.end(),
+                             [](const Placed &left, const Placed &right) {
+                                 return orderOfKeys(left.key, right.key) < 0;
+                             });
+        else
+            std::stable_sort(placed.begin(), placed.end(),
+                             [](const Placed &left, const Placed &right) {
+                                 return orderOfKeys(left.key, right.key) > 0;
+                             });
+    }
+
     std::weak_ordering compareAscending(size_t left, size_t right) const override
     {
         const auto &[isLeftThere, leftKey] = _keys[left];
@@ -207,6 +257,7 @@ std::unique_ptr<SortKeys::Level> madeLevel(Values values, const NSSortDescriptor
 
 SortKeys::SortKeys(const std::vector<KeyValueTarget> &elements,
                    const QList<NSSortDescriptor> &descriptors)
+    : _count(elements.size())
 {
     for (const NSSortDescriptor &descriptor : descriptors)
         _levels.push_back(madeLevel(valuesToSort(elements, descriptor), descriptor));
@@ -222,4 +273,15 @@ std::weak_ordering SortKeys::compare(size_t left, size_t right) const
             return order;
     }
     return std::weak_ordering::equivalent;
+}
+
+std::vector<qsizetype> SortKeys::order() const
+{
+    std::vector<qsizetype> positions(_count);
+    std::iota(positions.begin(), positions.end(), 0);
+    if (_levels.size() != 1 || !_levels.front()->sort(positions))
+        std::stable_sort(positions.begin(), positions.end(), [this](auto left, auto right) {
+            return compare(size_t(left), size_t(right)) < 0;
+        });
+    return positions;
 }

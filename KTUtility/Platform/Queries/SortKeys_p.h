@@ -34,11 +34,14 @@ public:
 
     /// Which of two elements comes first, by their positions among the elements.
     std::weak_ordering compare(size_t left, size_t right) const;
+    /// The positions of all elements in their order; equal ones keep theirs.
+    std::vector<qsizetype> order() const;
 
     /// What one descriptor reads of all elements.
     class Level;
 
 private:
+    size_t _count;
     std::vector<std::unique_ptr<Level>> _levels;
 };
 } // namespace KTPrivate

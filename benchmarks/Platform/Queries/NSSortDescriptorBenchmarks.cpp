@@ -1,5 +1,6 @@
-// Sorting by dates, beside the comparison of QDateTime itself.
+// Sorting by keys, beside std::stable_sort() by what is sorted.
 
+#include "Bindings/BindingRecords.h"
 #include "Report.h"
 
 #include <KTUtility/NSSortDescriptor>
@@ -11,6 +12,8 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <memory>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -49,11 +52,70 @@ void sortByComparison(benchmark::State &state)
     }
 }
 
+/// Records in no order, each beside another one.
+const QList<Link *> &links()
+{
+    static std::vector<std::unique_ptr<Link>> owned;
+    static const QList<Link *> made = [] {
+        QRandomGenerator random(4);
+        QList<Link *> list;
+        for (int index = 0; index < Count; ++index) {
+            owned.push_back(std::make_unique<Link>());
+            owned.back()->setNumber(random.bounded(1'000'000));
+            owned.back()->setNext(index > 0 ? list.back() : owned.back().get());
+            list += owned.back().get();
+        }
+        return list;
+    }();
+    return made;
+}
+
+template<const char16_t *Path>
+void sortByKey(benchmark::State &state)
+{
+    const QString path = QString::fromUtf16(Path);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(NSSortDescriptor::sorted(links(), {{path}}));
+}
+
+template<int (*NumberOf)(const Link *)>
+void sortByGetter(benchmark::State &state)
+{
+    for (auto _ : state) {
+        QList<Link *> list = links();
+        std::stable_sort(list.begin(), list.end(), [](const Link *left, const Link *right) {
+            return NumberOf(left) < NumberOf(right);
+        });
+        benchmark::DoNotOptimize(list);
+    }
+}
+
+constexpr char16_t Number[] = u"number";
+constexpr char16_t NumberOfNext[] = u"next.number";
+
+int numberOf(const Link *link)
+{
+    return link->number();
+}
+
+int numberOfNext(const Link *link)
+{
+    return link->next()->number();
+}
+
+BENCHMARK(sortByKey<Number>)->Name("Queries/10,000 records sorted by key");
+BENCHMARK(sortByGetter<numberOf>)->Name("Queries/peer: std::stable_sort() by getter");
+BENCHMARK(sortByKey<NumberOfNext>)->Name("Queries/10,000 records sorted by key path");
+BENCHMARK(sortByGetter<numberOfNext>)->Name("Queries/peer: std::stable_sort() by two getters");
 BENCHMARK(sortByDate)->Name("Queries/10,000 local dates sorted")->Unit(benchmark::kMillisecond);
 BENCHMARK(sortByComparison)
     ->Name("Queries/peer: QDateTime's comparison")
     ->Unit(benchmark::kMillisecond);
 
 const bool isRegistered =
-    compareWith("Queries/10,000 local dates sorted", "Queries/peer: QDateTime's comparison", 2);
+    compareWith("Queries/10,000 local dates sorted", "Queries/peer: QDateTime's comparison", 2) &&
+    compareWith("Queries/10,000 records sorted by key",
+                "Queries/peer: std::stable_sort() by getter", 1.3) &&
+    compareWith("Queries/10,000 records sorted by key path",
+                "Queries/peer: std::stable_sort() by two getters", 1.3);
 } // namespace
