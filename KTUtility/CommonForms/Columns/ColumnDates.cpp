@@ -8,6 +8,9 @@
 #include <unicode/dtptngen.h>
 
 #include <QDate>
+#include <QHash>
+#include <QMutex>
+#include <QMutexLocker>
 #include <QTimeZone>
 
 #include <algorithm>
@@ -204,15 +207,36 @@ QString ColumnDates::unitsOf(const NSLocale &locale)
     return unitsOfPattern(formatter.dateFormat());
 }
 
-bool ColumnDates::haveOrderWithoutYear(const QString &units, const NSLocale &locale)
+namespace {
+/// The units of dates without a year; empty if they cannot be found out.
+QString readUnitsWithoutYear(const NSLocale &locale)
 {
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<icu::DateTimePatternGenerator> patterns(
         icu::DateTimePatternGenerator::createInstance(ICU::localeOf(locale), status));
     if (U_FAILURE(status))
-        return false;
+        return {};
     const QString pattern = ICU::stringOf(patterns->getBestPattern(u"Md", status));
-    return U_SUCCESS(status) && QString(units).remove(u'y') == unitsOfPattern(pattern);
+    return U_SUCCESS(status) ? unitsOfPattern(pattern) : QString();
+}
+
+/// The same, asked once for each locale: ICU's generator of patterns takes as long to make as ten
+/// thousand texts to read.
+QString unitsWithoutYear(const NSLocale &locale)
+{
+    static QMutex mutex;
+    static QHash<QString, QString> known;
+    const QMutexLocker lock(&mutex);
+    const QString &identifier = locale.localeIdentifier();
+    if (const auto units = known.constFind(identifier); units != known.constEnd())
+        return *units;
+    return *known.insert(identifier, readUnitsWithoutYear(locale));
+}
+} // namespace
+
+bool ColumnDates::haveOrderWithoutYear(const QString &units, const NSLocale &locale)
+{
+    return QString(units).remove(u'y') == unitsWithoutYear(locale);
 }
 
 size_t ColumnDates::orderOf(const QString &units)

@@ -78,7 +78,6 @@ KTColumnReading::KTColumnReading(Kind kind, const NSLocale &locale)
     : _kind(kind)
     , _locale(locale)
     , _localeForm(localeFormOf(kind, locale))
-    , _hasOneOrder(kind != Dates || ColumnDates::haveOrderWithoutYear(_localeForm, locale))
     , _localeIndex(indexOf(kind, _localeForm))
 {
 }
@@ -229,7 +228,9 @@ bool KTColumnReading::contradicts(const QString &text) const
 /// that do not; the name of the month is the same to both.
 QString KTColumnReading::reorderedDate(const QString &text, size_t index) const
 {
-    const QString named = _hasOneOrder ? text : ColumnDates::withMonthName(text, index, _locale);
+    const QString named = ColumnDates::haveOrderWithoutYear(_localeForm, _locale)
+                              ? text
+                              : ColumnDates::withMonthName(text, index, _locale);
     return named != text ? named : ColumnDates::reordered(text, index, _localeForm);
 }
 

@@ -128,8 +128,6 @@ private:
     Kind _kind;
     NSLocale _locale;
     QString _localeForm;
-    /// Whether dates without a year are in the order of those with one.
-    bool _hasOneOrder = true;
     size_t _localeIndex = 0;
     int _toldIndex = -1;
     qsizetype _textCount = 0;
