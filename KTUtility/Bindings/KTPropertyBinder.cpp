@@ -1,8 +1,8 @@
 #include "KTPropertyBinder.h"
 
+#include "KeySetter_p.h"
 #include <KTUtility/Platform/AppKit/NSKeyValueBinding.h>
 #include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
-#include <KTUtility/Platform/Keys/KeySetter_p.h>
 #include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
 #include <KTUtility/Platform/Keys/NSSelectionMarker.h>
 #include <KTUtility/Platform/Values/NSException.h>

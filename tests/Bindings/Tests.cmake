@@ -9,4 +9,5 @@ target_sources(KTUtilityTests PRIVATE
     Bindings/KTPropertyBinderRejectionTests.cpp
     Bindings/KTPropertyBinderTests.cpp
     Bindings/KTPropertyBinderTransformerTests.cpp
+    Bindings/KeySetterTests.cpp
 )

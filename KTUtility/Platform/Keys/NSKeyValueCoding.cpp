@@ -1,9 +1,9 @@
 #include "NSKeyValueCoding.h"
 
-#include "KeySetter_p.h"
 #include "NSKeyValueCodingObject.h"
 #include "NSSelectionMarker.h"
-#include "SilentChange_p.h"
+#include "ObservedKey_p.h"
+#include "ValueConversion_p.h"
 #include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
@@ -26,6 +26,72 @@ namespace {
                                    receiver.description(), key));
 }
 
+bool isScalar(QMetaType type)
+{
+    return NSObject::isNumber(QVariant(type)) || (type.flags() & QMetaType::IsEnumeration);
+}
+
+/// The value as the type that a setter takes.
+QVariant converted(const KeyValueTarget &receiver, const QVariant &value, QMetaType type,
+                   const QString &key)
+{
+    if (type.id() == QMetaType::QVariant)
+        return value;
+    const bool isNil = NSObject::isNil(value) || isNSNull(value);
+    if (isNil && isScalar(type))
+        NSException::raise(
+            NSInvalidArgumentException,
+            NSString::stringWithFormat(
+                u"[%@ setNilValueForKey]: could not set nil as the value for the key %@.",
+                receiver.description(), key));
+    const auto result = isNil ? QVariant(type) : convertedValue(value, type);
+    if (!result)
+        NSException::raise(
+            NSInvalidArgumentException,
+            NSString::stringWithFormat(u"[%@ setValue:forKey:]: a value of type %s for the key %@.",
+                                       receiver.description(), value.typeName(), key));
+    return *result;
+}
+
+/// Notifies observers of a key that is set and that no signal reports.
+class SilentChange
+{
+public:
+    /// \param property the key's property, if it has one.
+    SilentChange(const KeyValueTarget &receiver, const QMetaProperty &property, const QString &key)
+    {
+        if (receiver.kind == KeyValueTarget::Kind::Object && !property.hasNotifySignal())
+            _key = ObservedKey::existing(receiver.object(), key);
+        if (!_key)
+            return;
+        const QPointer<QObject> object = receiver.object();
+        _key->willChange(NSKeyValueChangeSetting, {});
+        _isReceiverGone = !object;
+    }
+    ~SilentChange()
+    {
+        if (_key)
+            _key->cancelChange();
+    }
+    SilentChange(const SilentChange &) = delete;
+    SilentChange &operator=(const SilentChange &) = delete;
+
+    /// Whether somebody who was told before has destroyed the object.
+    bool isReceiverGone() const { return _isReceiverGone; }
+
+    /// The value was set. A setter that reported it itself has ended the change.
+    void happened()
+    {
+        const QPointer<ObservedKey> key = std::exchange(_key, nullptr);
+        if (key && key->isChanging())
+            key->didChange(NSKeyValueChangeSetting, {});
+    }
+
+private:
+    QPointer<ObservedKey> _key;
+    bool _isReceiverGone = false;
+};
+
 QMetaProperty propertyOfKey(const QMetaObject *metaObject, const QString &key)
 {
     return metaObject->property(metaObject->indexOfProperty(key.toUtf8().constData()));
@@ -33,7 +99,19 @@ QMetaProperty propertyOfKey(const QMetaObject *metaObject, const QString &key)
 
 bool setProperty(const KeyValueTarget &receiver, const QVariant &value, const QString &key)
 {
-    return KeySetter::setProperty(receiver, propertyOfKey(receiver.metaObject, key), value, key);
+    const QMetaProperty property = propertyOfKey(receiver.metaObject, key);
+    if (!property.isWritable())
+        return false;
+    const QVariant typed = converted(receiver, value, property.metaType(), key);
+    if (receiver.kind != KeyValueTarget::Kind::Object)
+        return property.writeOnGadget(const_cast<void *>(receiver.instance), typed);
+    SilentChange change(receiver, property, key);
+    if (change.isReceiverGone())
+        return true;
+    const bool isSet = property.write(receiver.object(), typed);
+    if (isSet)
+        change.happened();
+    return isSet;
 }
 
 /// An invokable method of this name with one parameter, or an invalid one.
@@ -62,7 +140,7 @@ bool invokeSetter(const KeyValueTarget &receiver, const QVariant &value, const Q
     if (!method.isValid())
         return false;
     const QMetaType type = method.parameterMetaType(0);
-    QVariant typed = KeySetter::converted(receiver, value, type, key);
+    QVariant typed = converted(receiver, value, type, key);
     const bool isVariant = type.id() == QMetaType::QVariant;
     const QGenericArgument argument(type.name(), isVariant ? &typed : typed.constData());
     if (receiver.kind != KeyValueTarget::Kind::Object)

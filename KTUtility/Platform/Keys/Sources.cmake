@@ -4,7 +4,6 @@ target_sources(KTUtility PRIVATE
     Platform/Keys/KeyAccessor.cpp
     Platform/Keys/KeyPath.cpp
     Platform/Keys/KeyPathObserver.cpp
-    Platform/Keys/KeySetter.cpp
     Platform/Keys/KeyValueTarget.cpp
     Platform/Keys/MissingSelector.cpp
     Platform/Keys/NSCollections.cpp
@@ -17,6 +16,5 @@ target_sources(KTUtility PRIVATE
     Platform/Keys/NSValueTransformer.cpp
     Platform/Keys/NotifySignals.cpp
     Platform/Keys/ObservedKey.cpp
-    Platform/Keys/SilentChange.cpp
     Platform/Keys/ValueConversion.cpp
 )

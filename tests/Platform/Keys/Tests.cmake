@@ -5,7 +5,6 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Keys/KTValueTests.cpp
     Platform/Keys/KeyAccessorTests.cpp
     Platform/Keys/KeyPathTests.cpp
-    Platform/Keys/KeySetterTests.cpp
     Platform/Keys/MissingSelectorTests.cpp
     Platform/Keys/NSBoxedTests.cpp
     Platform/Keys/NSCollectionsTests.cpp

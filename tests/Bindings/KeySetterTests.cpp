@@ -1,4 +1,4 @@
-#include <KTUtility/Platform/Keys/KeySetter_p.h>
+#include <KTUtility/Bindings/KeySetter_p.h>
 
 #include <KTUtility/NSDecimalNumber>
 #include <KTUtility/NSException>
