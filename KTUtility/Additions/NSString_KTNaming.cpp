@@ -70,7 +70,7 @@ QString lowerCasedSingleWord(const QString &word)
     return beginsWithCapital(word) ? NSString::stringByLowercasingFirstCharacter(word) : word;
 }
 
-bool isDigit(char16_t unit)
+bool isASCIIDigit(char16_t unit)
 {
     return unit >= u'0' && unit <= u'9';
 }
@@ -89,7 +89,7 @@ QString makeASCIIPropertyString(const QString &trimmed)
             const bool keepsCase = isOneWord && !isAtStart;
             const bool isCapital = !isFirstWord && isAtStart;
             *end++ = keepsCase ? each : QChar(char16_t(isCapital ? unit & ~0x20 : unit | 0x20));
-        } else if (isDigit(unit)) {
+        } else if (isASCIIDigit(unit)) {
             *end++ = each;
         }
         isAtStart = unit == u' ';

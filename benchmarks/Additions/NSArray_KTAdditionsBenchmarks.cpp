@@ -9,6 +9,7 @@
 #include <benchmark/benchmark.h>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -98,6 +99,39 @@ void uniqueName(benchmark::State &state)
         benchmark::DoNotOptimize(KTAdditions::uniqueStringWithBase(fields(), u"Field"_s));
 }
 
+void listWithKey(benchmark::State &state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(KTAdditions::listWithKey(fields(), u"name"_s, u"'"_s, u"',"_s));
+}
+
+/// All have the right number: nothing is set.
+void adjustOrder(benchmark::State &state)
+{
+    QList<QVariantMap> list;
+    for (int index = 0; index < Count; ++index)
+        list += QVariantMap{{u"order"_s, index + 1}};
+    for (auto _ : state) {
+        KTAdditions::adjustOrder(list);
+        benchmark::DoNotOptimize(list);
+    }
+}
+
+void peerReadMaps(benchmark::State &state)
+{
+    QList<QVariantMap> list;
+    for (int index = 0; index < Count; ++index)
+        list += QVariantMap{{u"order"_s, index + 1}};
+    const QString key = u"order"_s;
+    for (auto _ : state) {
+        for (const QVariantMap &map : std::as_const(list))
+            benchmark::DoNotOptimize(map.value(key).toLongLong());
+    }
+}
+
+BENCHMARK(listWithKey)->Name("Lists/text of 100,000 names");
+BENCHMARK(adjustOrder)->Name("Lists/order of 100,000 kept");
+BENCHMARK(peerReadMaps)->Name("Lists/peer: QVariantMap::value");
 BENCHMARK(peerReadProperty<0>)->Name("Lists/peer: QMetaProperty::read, int");
 BENCHMARK(peerReadProperty<1>)->Name("Lists/peer: QMetaProperty::read, text");
 BENCHMARK(peerReadByName)->Name("Lists/peer: QObject::property by name");
@@ -116,5 +150,7 @@ const bool isRegistered =
     compareWith("Lists/find by text, 100,000", ReadText, 0.9) &&
     compareWith("Lists/filter by key, 100,000", ReadInt, 0.9) &&
     compareWith("Lists/filter by selector, 100,000", "Lists/peer: QMetaMethod::invoke", 1.2) &&
-    compareWith("Lists/unique name, 100,000 clashing", ReadText, 2);
+    compareWith("Lists/unique name, 100,000 clashing", ReadText, 2) &&
+    compareWith("Lists/text of 100,000 names", ReadText, 2) &&
+    compareWith("Lists/order of 100,000 kept", "Lists/peer: QVariantMap::value", 2);
 } // namespace

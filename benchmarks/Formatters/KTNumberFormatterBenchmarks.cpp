@@ -206,7 +206,7 @@ const bool isRegistered =
     compareWith("Numbers/read, special blanks", "Numbers/peer: ICU parse of special blanks", 0.5) &&
     compareWith("Numbers/read, full-width digits", Parse, 0.5) &&
     compareWith("Numbers/read, U+2212", Parse, 0.5) &&
-    compareWith("Numbers/read with ICU", Parse, 1.5) &&
+    compareWith("Numbers/read with ICU", Parse, 3) &&
     compareWith("Numbers/show, ASCII digits", Format, 0.15) &&
     compareWith("Numbers/show, ASCII digits", "Numbers/peer: QLocale::toString", 0.6) &&
     compareWith("Numbers/show, Arabic digits", Format, 1.3) &&

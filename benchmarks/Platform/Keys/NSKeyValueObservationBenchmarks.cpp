@@ -67,13 +67,20 @@ void notification(benchmark::State &state)
 class Follower : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(int number READ number WRITE setNumber)
+    Q_PROPERTY(int number READ number WRITE setNumber NOTIFY numberChanged)
 
 public:
     int number() const { return _number; }
 
 public Q_SLOTS:
-    void setNumber(int number) { _number = number; }
+    void setNumber(int number)
+    {
+        _number = number;
+        Q_EMIT numberChanged();
+    }
+
+Q_SIGNALS:
+    void numberChanged();
 
 private:
     int _number = 0;
