@@ -402,7 +402,7 @@
     </message>
     <message>
         <source>&amp;Delete Records</source>
-        <translation type="unfinished"></translation>
+        <translation>Datensätze &amp;löschen</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
@@ -450,7 +450,7 @@
     </message>
     <message>
         <source>&amp;Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Wiederholen</translation>
     </message>
     <message>
         <source>&amp;Silenced Alerts…</source>
@@ -458,7 +458,7 @@
     </message>
     <message>
         <source>&amp;Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Rückgängig</translation>
     </message>
     <message>
         <source>&amp;View</source>
@@ -500,19 +500,19 @@
     </message>
     <message>
         <source>&amp;Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Wiederholen</translation>
     </message>
     <message>
         <source>&amp;Redo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ &amp;wiederholen</translation>
     </message>
     <message>
         <source>&amp;Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Rückgängig</translation>
     </message>
     <message>
         <source>&amp;Undo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ &amp;rückgängig machen</translation>
     </message>
     <message>
         <source>A database for one person.</source>
@@ -520,7 +520,7 @@
     </message>
     <message>
         <source>All selected records get the same value.</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle ausgewählten Datensätze bekommen denselben Wert.</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -564,13 +564,13 @@
     </message>
     <message>
         <source>Set</source>
-        <translation type="unfinished"></translation>
+        <translation>Setzen</translation>
     </message>
     <message numerus="yes">
         <source>Set “%1” of %2 record(s)?</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>„%1“ von %2 Datensatz setzen?</numerusform>
+            <numerusform>„%1“ von %2 Datensätzen setzen?</numerusform>
         </translation>
     </message>
     <message>
@@ -690,11 +690,11 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     </message>
     <message>
         <source>a library needs a field</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Bibliothek braucht ein Feld</translation>
     </message>
     <message>
         <source>a library needs a name</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Bibliothek braucht einen Namen</translation>
     </message>
     <message>
         <source>another program is changing the bundle</source>
@@ -794,11 +794,11 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     </message>
     <message>
         <source>it was changed since, so that it cannot be redone</source>
-        <translation type="unfinished"></translation>
+        <translation>Es wurde seitdem geändert und kann nicht wiederholt werden</translation>
     </message>
     <message>
         <source>it was changed since, so that it cannot be undone</source>
-        <translation type="unfinished"></translation>
+        <translation>Es wurde seitdem geändert und kann nicht rückgängig gemacht werden</translation>
     </message>
     <message>
         <source>it was not downloaded</source>
@@ -806,7 +806,7 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     </message>
     <message>
         <source>it was undone already</source>
-        <translation type="unfinished"></translation>
+        <translation>Es wurde schon rückgängig gemacht</translation>
     </message>
     <message>
         <source>its name is too long</source>
@@ -922,11 +922,11 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     </message>
     <message>
         <source>the history cannot be read</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Verlauf kann nicht gelesen werden</translation>
     </message>
     <message>
         <source>the history no longer has it</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Verlauf hat es nicht mehr</translation>
     </message>
     <message>
         <source>the importer failed</source>
@@ -954,11 +954,11 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     </message>
     <message>
         <source>the library is no longer there</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Bibliothek ist nicht mehr da</translation>
     </message>
     <message>
         <source>the library was changed meanwhile</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Bibliothek wurde inzwischen geändert</translation>
     </message>
     <message>
         <source>the record is no longer there</source>
@@ -966,11 +966,11 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     </message>
     <message>
         <source>the records of '%1' have no number</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datensätze von „%1“ haben keine Nummer</translation>
     </message>
     <message>
         <source>the step cannot be read</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Schritt kann nicht gelesen werden</translation>
     </message>
     <message>
         <source>the values contradict each other; the locale's own</source>
@@ -990,11 +990,11 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     </message>
     <message>
         <source>there is a library of that name</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt schon eine Bibliothek dieses Namens</translation>
     </message>
     <message>
         <source>there is another library of the name “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt eine andere Bibliothek mit dem Namen „%1“</translation>
     </message>
     <message>
         <source>there is more than a number</source>
@@ -1026,7 +1026,7 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     </message>
     <message>
         <source>this is no order of the fields</source>
-        <translation type="unfinished"></translation>
+        <translation>Das ist keine Reihenfolge der Felder</translation>
     </message>
     <message>
         <source>told without effect: %1</source>
@@ -1034,7 +1034,7 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     </message>
     <message>
         <source>what the step has removed is no longer there</source>
-        <translation type="unfinished"></translation>
+        <translation>Was der Schritt entfernt hat, ist nicht mehr da</translation>
     </message>
     <message>
         <source>year, month, day</source>
@@ -1091,77 +1091,77 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <name>StepText</name>
     <message>
         <source>Change</source>
-        <translation type="unfinished"></translation>
+        <translation>Änderung</translation>
     </message>
     <message>
         <source>Change Format of “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Format von „%1“ ändern</translation>
     </message>
     <message>
         <source>Change Type of “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Typ von „%1“ ändern</translation>
     </message>
     <message>
         <source>Change of “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Änderung von „%1“</translation>
     </message>
     <message numerus="yes">
         <source>Delete %1 Record(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 Datensatz löschen</numerusform>
+            <numerusform>%1 Datensätze löschen</numerusform>
         </translation>
     </message>
     <message>
         <source>Fill Down</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach unten ausfüllen</translation>
     </message>
     <message>
         <source>Import of “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Import von „%1“</translation>
     </message>
     <message>
         <source>Move Field “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Feld „%1“ verschieben</translation>
     </message>
     <message numerus="yes">
         <source>New %1 Record(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 neuer Datensatz</numerusform>
+            <numerusform>%1 neue Datensätze</numerusform>
         </translation>
     </message>
     <message>
         <source>New Field “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Neues Feld „%1“</translation>
     </message>
     <message>
         <source>New Library “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Neue Bibliothek „%1“</translation>
     </message>
     <message>
         <source>Paste</source>
-        <translation type="unfinished"></translation>
+        <translation>Einfügen</translation>
     </message>
     <message>
         <source>Remove Field “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Feld „%1“ entfernen</translation>
     </message>
     <message>
         <source>Remove Library “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Bibliothek „%1“ entfernen</translation>
     </message>
     <message>
         <source>Rename Field “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Feld „%1“ umbenennen</translation>
     </message>
     <message>
         <source>Rename Library “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Bibliothek „%1“ umbenennen</translation>
     </message>
     <message>
         <source>Replace</source>
-        <translation type="unfinished"></translation>
+        <translation>Ersetzen</translation>
     </message>
 </context>
 <context>

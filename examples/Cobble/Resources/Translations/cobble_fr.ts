@@ -402,7 +402,7 @@
     </message>
     <message>
         <source>&amp;Delete Records</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Supprimer les enregistrements</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
@@ -450,15 +450,15 @@
     </message>
     <message>
         <source>&amp;Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>Ré&amp;tablir</translation>
     </message>
     <message>
         <source>&amp;Silenced Alerts…</source>
-        <translation>&amp;Alertes masquées…</translation>
+        <translation>Alertes &amp;masquées…</translation>
     </message>
     <message>
         <source>&amp;Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Annuler</translation>
     </message>
     <message>
         <source>&amp;View</source>
@@ -500,19 +500,19 @@
     </message>
     <message>
         <source>&amp;Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>Ré&amp;tablir</translation>
     </message>
     <message>
         <source>&amp;Redo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Ré&amp;tablir « %1 »</translation>
     </message>
     <message>
         <source>&amp;Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Annuler</translation>
     </message>
     <message>
         <source>&amp;Undo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Annuler « %1 »</translation>
     </message>
     <message>
         <source>A database for one person.</source>
@@ -520,7 +520,7 @@
     </message>
     <message>
         <source>All selected records get the same value.</source>
-        <translation type="unfinished"></translation>
+        <translation>Tous les enregistrements sélectionnés reçoivent la même valeur.</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -564,13 +564,13 @@
     </message>
     <message>
         <source>Set</source>
-        <translation type="unfinished"></translation>
+        <translation>Définir</translation>
     </message>
     <message numerus="yes">
         <source>Set “%1” of %2 record(s)?</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Définir « %1 » de %2 enregistrement ?</numerusform>
+            <numerusform>Définir « %1 » de %2 enregistrements ?</numerusform>
         </translation>
     </message>
     <message>
@@ -690,11 +690,11 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     </message>
     <message>
         <source>a library needs a field</source>
-        <translation type="unfinished"></translation>
+        <translation>Une bibliothèque a besoin d’un champ</translation>
     </message>
     <message>
         <source>a library needs a name</source>
-        <translation type="unfinished"></translation>
+        <translation>Une bibliothèque a besoin d’un nom</translation>
     </message>
     <message>
         <source>another program is changing the bundle</source>
@@ -794,11 +794,11 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     </message>
     <message>
         <source>it was changed since, so that it cannot be redone</source>
-        <translation type="unfinished"></translation>
+        <translation>Cela a été modifié depuis et ne peut pas être rétabli</translation>
     </message>
     <message>
         <source>it was changed since, so that it cannot be undone</source>
-        <translation type="unfinished"></translation>
+        <translation>Cela a été modifié depuis et ne peut pas être annulé</translation>
     </message>
     <message>
         <source>it was not downloaded</source>
@@ -806,7 +806,7 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     </message>
     <message>
         <source>it was undone already</source>
-        <translation type="unfinished"></translation>
+        <translation>Cela a déjà été annulé</translation>
     </message>
     <message>
         <source>its name is too long</source>
@@ -922,11 +922,11 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     </message>
     <message>
         <source>the history cannot be read</source>
-        <translation type="unfinished"></translation>
+        <translation>L’historique ne peut pas être lu</translation>
     </message>
     <message>
         <source>the history no longer has it</source>
-        <translation type="unfinished"></translation>
+        <translation>L’historique ne le contient plus</translation>
     </message>
     <message>
         <source>the importer failed</source>
@@ -954,11 +954,11 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     </message>
     <message>
         <source>the library is no longer there</source>
-        <translation type="unfinished"></translation>
+        <translation>La bibliothèque n’existe plus</translation>
     </message>
     <message>
         <source>the library was changed meanwhile</source>
-        <translation type="unfinished"></translation>
+        <translation>La bibliothèque a été modifiée entre-temps</translation>
     </message>
     <message>
         <source>the record is no longer there</source>
@@ -966,11 +966,11 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     </message>
     <message>
         <source>the records of '%1' have no number</source>
-        <translation type="unfinished"></translation>
+        <translation>Les enregistrements de « %1 » n’ont pas de numéro</translation>
     </message>
     <message>
         <source>the step cannot be read</source>
-        <translation type="unfinished"></translation>
+        <translation>L’étape ne peut pas être lue</translation>
     </message>
     <message>
         <source>the values contradict each other; the locale's own</source>
@@ -990,11 +990,11 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     </message>
     <message>
         <source>there is a library of that name</source>
-        <translation type="unfinished"></translation>
+        <translation>Une bibliothèque de ce nom existe déjà</translation>
     </message>
     <message>
         <source>there is another library of the name “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Une autre bibliothèque porte le nom « %1 »</translation>
     </message>
     <message>
         <source>there is more than a number</source>
@@ -1026,7 +1026,7 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     </message>
     <message>
         <source>this is no order of the fields</source>
-        <translation type="unfinished"></translation>
+        <translation>Ce n’est pas un ordre des champs</translation>
     </message>
     <message>
         <source>told without effect: %1</source>
@@ -1034,7 +1034,7 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     </message>
     <message>
         <source>what the step has removed is no longer there</source>
-        <translation type="unfinished"></translation>
+        <translation>Ce que l’étape a supprimé n’existe plus</translation>
     </message>
     <message>
         <source>year, month, day</source>
@@ -1091,77 +1091,77 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <name>StepText</name>
     <message>
         <source>Change</source>
-        <translation type="unfinished"></translation>
+        <translation>Modification</translation>
     </message>
     <message>
         <source>Change Format of “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Modifier le format de « %1 »</translation>
     </message>
     <message>
         <source>Change Type of “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Modifier le type de « %1 »</translation>
     </message>
     <message>
         <source>Change of “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Modification de « %1 »</translation>
     </message>
     <message numerus="yes">
         <source>Delete %1 Record(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Supprimer %1 enregistrement</numerusform>
+            <numerusform>Supprimer %1 enregistrements</numerusform>
         </translation>
     </message>
     <message>
         <source>Fill Down</source>
-        <translation type="unfinished"></translation>
+        <translation>Remplir vers le bas</translation>
     </message>
     <message>
         <source>Import of “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Importation de « %1 »</translation>
     </message>
     <message>
         <source>Move Field “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Déplacer le champ « %1 »</translation>
     </message>
     <message numerus="yes">
         <source>New %1 Record(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 nouvel enregistrement</numerusform>
+            <numerusform>%1 nouveaux enregistrements</numerusform>
         </translation>
     </message>
     <message>
         <source>New Field “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Nouveau champ « %1 »</translation>
     </message>
     <message>
         <source>New Library “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Nouvelle bibliothèque « %1 »</translation>
     </message>
     <message>
         <source>Paste</source>
-        <translation type="unfinished"></translation>
+        <translation>Coller</translation>
     </message>
     <message>
         <source>Remove Field “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Supprimer le champ « %1 »</translation>
     </message>
     <message>
         <source>Remove Library “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Supprimer la bibliothèque « %1 »</translation>
     </message>
     <message>
         <source>Rename Field “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Renommer le champ « %1 »</translation>
     </message>
     <message>
         <source>Rename Library “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Renommer la bibliothèque « %1 »</translation>
     </message>
     <message>
         <source>Replace</source>
-        <translation type="unfinished"></translation>
+        <translation>Remplacer</translation>
     </message>
 </context>
 <context>

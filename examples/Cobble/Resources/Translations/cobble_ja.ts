@@ -399,7 +399,7 @@
     </message>
     <message>
         <source>&amp;Delete Records</source>
-        <translation type="unfinished"></translation>
+        <translation>レコードを削除(&amp;D)</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
@@ -447,7 +447,7 @@
     </message>
     <message>
         <source>&amp;Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>やり直す(&amp;R)</translation>
     </message>
     <message>
         <source>&amp;Silenced Alerts…</source>
@@ -455,7 +455,7 @@
     </message>
     <message>
         <source>&amp;Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>元に戻す(&amp;U)</translation>
     </message>
     <message>
         <source>&amp;View</source>
@@ -497,19 +497,19 @@
     </message>
     <message>
         <source>&amp;Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>やり直す(&amp;R)</translation>
     </message>
     <message>
         <source>&amp;Redo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」をやり直す(&amp;R)</translation>
     </message>
     <message>
         <source>&amp;Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>元に戻す(&amp;U)</translation>
     </message>
     <message>
         <source>&amp;Undo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」を元に戻す(&amp;U)</translation>
     </message>
     <message>
         <source>A database for one person.</source>
@@ -517,7 +517,7 @@
     </message>
     <message>
         <source>All selected records get the same value.</source>
-        <translation type="unfinished"></translation>
+        <translation>選択したすべてのレコードが同じ値になります。</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -557,12 +557,12 @@
     </message>
     <message>
         <source>Set</source>
-        <translation type="unfinished"></translation>
+        <translation>設定</translation>
     </message>
     <message numerus="yes">
         <source>Set “%1” of %2 record(s)?</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%2 件のレコードの「%1」を設定しますか?</numerusform>
         </translation>
     </message>
     <message>
@@ -682,11 +682,11 @@ File ▸ Import… makes one of a table or of address cards.</source>
     </message>
     <message>
         <source>a library needs a field</source>
-        <translation type="unfinished"></translation>
+        <translation>ライブラリには少なくとも一つのフィールドが必要です</translation>
     </message>
     <message>
         <source>a library needs a name</source>
-        <translation type="unfinished"></translation>
+        <translation>ライブラリには名前が必要です</translation>
     </message>
     <message>
         <source>another program is changing the bundle</source>
@@ -786,11 +786,11 @@ File ▸ Import… makes one of a table or of address cards.</source>
     </message>
     <message>
         <source>it was changed since, so that it cannot be redone</source>
-        <translation type="unfinished"></translation>
+        <translation>その後変更されたため、やり直せません</translation>
     </message>
     <message>
         <source>it was changed since, so that it cannot be undone</source>
-        <translation type="unfinished"></translation>
+        <translation>その後変更されたため、元に戻せません</translation>
     </message>
     <message>
         <source>it was not downloaded</source>
@@ -798,7 +798,7 @@ File ▸ Import… makes one of a table or of address cards.</source>
     </message>
     <message>
         <source>it was undone already</source>
-        <translation type="unfinished"></translation>
+        <translation>すでに元に戻されています</translation>
     </message>
     <message>
         <source>its name is too long</source>
@@ -914,11 +914,11 @@ File ▸ Import… makes one of a table or of address cards.</source>
     </message>
     <message>
         <source>the history cannot be read</source>
-        <translation type="unfinished"></translation>
+        <translation>履歴を読み取れません</translation>
     </message>
     <message>
         <source>the history no longer has it</source>
-        <translation type="unfinished"></translation>
+        <translation>履歴にもうありません</translation>
     </message>
     <message>
         <source>the importer failed</source>
@@ -946,11 +946,11 @@ File ▸ Import… makes one of a table or of address cards.</source>
     </message>
     <message>
         <source>the library is no longer there</source>
-        <translation type="unfinished"></translation>
+        <translation>ライブラリはもうありません</translation>
     </message>
     <message>
         <source>the library was changed meanwhile</source>
-        <translation type="unfinished"></translation>
+        <translation>その間にライブラリが変更されました</translation>
     </message>
     <message>
         <source>the record is no longer there</source>
@@ -958,11 +958,11 @@ File ▸ Import… makes one of a table or of address cards.</source>
     </message>
     <message>
         <source>the records of '%1' have no number</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」のレコードには番号がありません</translation>
     </message>
     <message>
         <source>the step cannot be read</source>
-        <translation type="unfinished"></translation>
+        <translation>操作の記録を読み取れません</translation>
     </message>
     <message>
         <source>the values contradict each other; the locale's own</source>
@@ -982,11 +982,11 @@ File ▸ Import… makes one of a table or of address cards.</source>
     </message>
     <message>
         <source>there is a library of that name</source>
-        <translation type="unfinished"></translation>
+        <translation>同じ名前のライブラリがあります</translation>
     </message>
     <message>
         <source>there is another library of the name “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」という名前の別のライブラリがあります</translation>
     </message>
     <message>
         <source>there is more than a number</source>
@@ -1018,7 +1018,7 @@ File ▸ Import… makes one of a table or of address cards.</source>
     </message>
     <message>
         <source>this is no order of the fields</source>
-        <translation type="unfinished"></translation>
+        <translation>フィールドの並び順ではありません</translation>
     </message>
     <message>
         <source>told without effect: %1</source>
@@ -1026,7 +1026,7 @@ File ▸ Import… makes one of a table or of address cards.</source>
     </message>
     <message>
         <source>what the step has removed is no longer there</source>
-        <translation type="unfinished"></translation>
+        <translation>この操作で取り除かれたものは、もうありません</translation>
     </message>
     <message>
         <source>year, month, day</source>
@@ -1083,75 +1083,75 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <name>StepText</name>
     <message>
         <source>Change</source>
-        <translation type="unfinished"></translation>
+        <translation>変更</translation>
     </message>
     <message>
         <source>Change Format of “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」の書式の変更</translation>
     </message>
     <message>
         <source>Change Type of “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」の種類の変更</translation>
     </message>
     <message>
         <source>Change of “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」の変更</translation>
     </message>
     <message numerus="yes">
         <source>Delete %1 Record(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 件のレコードの削除</numerusform>
         </translation>
     </message>
     <message>
         <source>Fill Down</source>
-        <translation type="unfinished"></translation>
+        <translation>下へ埋める</translation>
     </message>
     <message>
         <source>Import of “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」の読み込み</translation>
     </message>
     <message>
         <source>Move Field “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>フィールド「%1」の移動</translation>
     </message>
     <message numerus="yes">
         <source>New %1 Record(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 件の新規レコード</numerusform>
         </translation>
     </message>
     <message>
         <source>New Field “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>新規フィールド「%1」</translation>
     </message>
     <message>
         <source>New Library “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>新規ライブラリ「%1」</translation>
     </message>
     <message>
         <source>Paste</source>
-        <translation type="unfinished"></translation>
+        <translation>貼り付け</translation>
     </message>
     <message>
         <source>Remove Field “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>フィールド「%1」の削除</translation>
     </message>
     <message>
         <source>Remove Library “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>ライブラリ「%1」の削除</translation>
     </message>
     <message>
         <source>Rename Field “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>フィールド「%1」の名前の変更</translation>
     </message>
     <message>
         <source>Rename Library “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>ライブラリ「%1」の名前の変更</translation>
     </message>
     <message>
         <source>Replace</source>
-        <translation type="unfinished"></translation>
+        <translation>置き換え</translation>
     </message>
 </context>
 <context>
