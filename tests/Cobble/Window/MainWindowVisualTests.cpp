@@ -173,7 +173,6 @@ TEST_F(MainWindowVisualTests, AnEmptyTableSaysWhy)
     EXPECT_NE(empty, full);
     search(window, QString());
     table->selectAll();
-    KTDoNotShowAlert::setBoolForSuppressionKey(MainWindowController::DeleteSuppressionKey, true);
     window->deleteRecords();
     turn();
     EXPECT_EQ(table->emptyText(), u"There are no records yet."_s);
