@@ -355,6 +355,10 @@ TEST_F(ImportSheetTests, ThePreviewTellsWhyThereIsNone)
     waitForPreview(window->importSheet());
     EXPECT_EQ(sheet->findChild<QLabel *>(u"formLabel"_s)->text(), u"No such file or directory"_s);
     EXPECT_EQ(sheet->findChild<QTableWidget *>(u"previewTable"_s)->columnCount(), 0);
+    // There is no column to choose for, also after an import that has failed.
+    press(sheet, u"Import"_s);
+    EXPECT_FALSE(sheet->findChild<QComboBox *>(u"typeBox"_s)->isEnabled());
+    EXPECT_TRUE(sheet->findChild<QComboBox *>(u"encodingBox"_s)->isEnabled());
     window->importSheet()->endDialog();
     turn();
 }

@@ -1,9 +1,7 @@
 #include "StagedRows.h"
 
-#include "DatabaseConnection.h"
+#include "SQL.h"
 #include "Text/Reasons.h"
-
-#include <QSqlError>
 
 using namespace Qt::StringLiterals;
 
@@ -12,16 +10,6 @@ const QString Staged = u"temp.cobble_staged_rows"_s;
 
 /// Pages of a change that may be in memory before they go to the disk: SQLite's own number.
 constexpr int PagesInMemory = 2000;
-
-QString quoted(const QString &identifier)
-{
-    return u'"' + QString(identifier).replace(u'"', u"\"\""_s) + u'"';
-}
-
-Outcome<> outcomeOf(const QSqlQuery &query, bool isDone)
-{
-    return isDone ? Outcome<>() : Failure{DatabaseConnection::reasonOf(query.lastError())};
-}
 } // namespace
 
 StagedRows::StagedRows(const QSqlDatabase &database, const QString &table)
@@ -39,12 +27,6 @@ Outcome<std::unique_ptr<StagedRows>> StagedRows::begin(const QSqlDatabase &datab
     return rows;
 }
 
-Outcome<> StagedRows::run(const QString &statement)
-{
-    QSqlQuery query(_database);
-    return outcomeOf(query, query.exec(statement));
-}
-
 /// Declared as the other one is, so that rows can be copied as they are.
 Outcome<> StagedRows::makeTable()
 {
@@ -57,8 +39,8 @@ Outcome<> StagedRows::makeTable()
     const QString declaration = query.value(0).toString();
     query.finish();
     const QString columns =
-        declaration.sliced(declaration.indexOf(quoted(_table)) + quoted(_table).size());
-    return run(u"CREATE TABLE "_s + Staged + columns);
+        declaration.sliced(declaration.indexOf(SQL::quoted(_table)) + SQL::quoted(_table).size());
+    return SQL::run(_database, u"CREATE TABLE "_s + Staged + columns);
 }
 
 Outcome<> StagedRows::prepare(qsizetype columnCount)
@@ -68,7 +50,7 @@ Outcome<> StagedRows::prepare(qsizetype columnCount)
     _insertion.emplace(_database);
     const bool isPrepared =
         _insertion->prepare(u"INSERT INTO "_s + Staged + u" VALUES (" + places.join(u',') + u')');
-    return outcomeOf(*_insertion, isPrepared);
+    return SQL::outcomeOf(*_insertion, isPrepared);
 }
 
 Outcome<> StagedRows::add(const QVariantList &values)
@@ -78,15 +60,16 @@ Outcome<> StagedRows::add(const QVariantList &values)
         return prepared;
     for (qsizetype column = 0; column < values.size(); ++column)
         _insertion->bindValue(int(column), values.at(column));
-    return outcomeOf(*_insertion, _insertion->exec());
+    return SQL::outcomeOf(*_insertion, _insertion->exec());
 }
 
 Outcome<> StagedRows::finish()
 {
     _insertion.reset();
-    return run(u"PRAGMA main.cache_spill = %1"_s.arg(PagesInMemory))
+    return SQL::run(_database, u"PRAGMA main.cache_spill = %1"_s.arg(PagesInMemory))
         .andThen([this] {
-            return run(u"INSERT INTO main."_s + quoted(_table) + u" SELECT * FROM " + Staged);
+            return SQL::run(_database, u"INSERT INTO main."_s + SQL::quoted(_table) +
+                                           u" SELECT * FROM " + Staged);
         })
-        .andThen([this] { return run(u"DROP TABLE "_s + Staged); });
+        .andThen([this] { return SQL::run(_database, u"DROP TABLE "_s + Staged); });
 }

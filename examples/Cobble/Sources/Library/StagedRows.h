@@ -35,7 +35,6 @@ private:
     StagedRows(const QSqlDatabase &database, const QString &table);
     Outcome<> makeTable();
     Outcome<> prepare(qsizetype columnCount);
-    Outcome<> run(const QString &statement);
 
     QSqlDatabase _database;
     QString _table;

@@ -11,6 +11,7 @@
 #include <QPushButton>
 
 #include <exception>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -70,13 +71,22 @@ void TransferSheet::showProblem(const QString &problem)
     outlet<QLineEdit>(u"fileEdit"_s)->setAccessibleDescription(sentence);
 }
 
+/// What could not be used before the work cannot be used after it, either.
 void TransferSheet::setInputsEnabled(bool isEnabled)
 {
+    for (const QPointer<QWidget> &part : std::exchange(_disabled, {})) {
+        if (part)
+            part->setEnabled(true);
+    }
+    if (isEnabled)
+        return;
     for (QWidget *const part : window()->findChildren<QWidget *>()) {
         const bool isInput = qobject_cast<QLineEdit *>(part) || qobject_cast<QComboBox *>(part) ||
                              qobject_cast<QAbstractButton *>(part);
-        if (isInput && part->objectName() != u"cancelButton")
-            part->setEnabled(isEnabled);
+        if (!isInput || !part->isEnabled() || part->objectName() == u"cancelButton")
+            continue;
+        part->setEnabled(false);
+        _disabled += part;
     }
 }
 

@@ -58,6 +58,8 @@ private:
 
     OpenBundle *_bundle;
     QPointer<QWidget> _lastFocus;
+    /// What cannot be used while there is work.
+    QList<QPointer<QWidget>> _disabled;
     QElapsedTimer _lastLook;
     qint64 _lookInterval = 40;
     bool _isWorking = false;
