@@ -9,13 +9,13 @@ kt_tell_sources(COBBLE_EXECUTABLE="$<TARGET_FILE:cobble>"
     Cobble/Commands/ExecutableTests.cpp Cobble/Commands/GalleryCommandTests.cpp
     Cobble/Import/ImportMemoryTests.cpp)
 kt_tell_sources(COBBLE_VERSION="${PROJECT_VERSION}"
-    Cobble/Commands/CobbleTests.cpp Cobble/Commands/ExecutableTests.cpp
+    Cobble/Program/CobbleTests.cpp Cobble/Commands/ExecutableTests.cpp
     Cobble/Window/MainWindowControllerTests.cpp)
 kt_tell_sources(COBBLE_SAMPLES="${PROJECT_SOURCE_DIR}/examples/Cobble/Samples"
     Cobble/Commands/ExecutableTests.cpp Cobble/Commands/ImportCommandTests.cpp
     Cobble/Import/LibraryImportTests.cpp)
 kt_tell_sources(COBBLE_SOURCES="${PROJECT_SOURCE_DIR}/examples/Cobble"
-    Cobble/Commands/CommandDocumentsTests.cpp)
+    Cobble/Program/CommandDocumentsTests.cpp)
 
 # They start it.
 add_dependencies(CobbleTests cobble CobbleResources TextExporter VCardImporter)

@@ -1,4 +1,4 @@
-#include "Commands/Cobble.h"
+#include "Program/Cobble.h"
 #include "Commands/HostApplication.h"
 #include "Commands/StandardStreams.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Commands/Cobble.h"
+#include "Program/Cobble.h"
 
 #include "support/TestSupport.h"
 

@@ -75,6 +75,15 @@ TEST_F(PrintedTextTests, OfFilesAndBundles)
     runOnBundle({u"import"_s, file(u"none.csv"_s)});
     EXPECT_EQ(runOnBundle({u"show"_s}).exitCode, 0);
     EXPECT_EQ(runOnBundle({u"show"_s, Hostile}).exitCode, 0);
+    EXPECT_EQ(runOnBundle({u"show"_s, Hostile, u"--json"_s}).exitCode, 0);
+    EXPECT_EQ(runOnBundle({u"undo"_s, u"--list"_s}).exitCode, 0);
+    EXPECT_EQ(runOnBundle({u"set"_s, Hostile, u"1"_s, QString(Hostile + u'=' + Hostile)}).exitCode,
+              0);
+    EXPECT_EQ(runOnBundle({u"set"_s, Hostile, u"1"_s, QString(u"Age=" + Hostile)}).exitCode, 3);
+    EXPECT_EQ(runOnBundle({u"set"_s, Hostile, u"1"_s, QString(Hostile + u"2=1")}).exitCode, 4);
+    EXPECT_EQ(runOnBundle({u"new"_s, Hostile}).exitCode, 5);
+    EXPECT_EQ(runOnBundle({u"rename"_s, Hostile, u"A"_s, u"--field"_s, Hostile}).exitCode, 0);
+    EXPECT_EQ(runOnBundle({u"undo"_s, u"--json"_s}).exitCode, 0);
     runOnBundle({u"show"_s, QString(Hostile + u"2")});
     EXPECT_EQ(runOnBundle({u"export"_s, Hostile, u"--to"_s, file(u".json"_s)}).exitCode, 0);
     runOnBundle({u"export"_s, Hostile, u"--to"_s, file(QString(u"." + Hostile))});

@@ -6,6 +6,10 @@
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
 using namespace Qt::StringLiterals;
 
 using testing_support::FileTree;
@@ -87,6 +91,37 @@ TEST_F(ShowCommandTests, WithoutANameListsTheLibraries)
     EXPECT_EQ(result.output, u"Library  Table  Fields  Records\n"
                              "A        kt_a   2       1\n"
                              "b        kt_b   1       2\n"_s);
+}
+
+TEST_F(ShowCommandTests, PrintsValuesAsTheyAreForScripts)
+{
+    import(u"People.csv"_s, people());
+    const CommandResult result =
+        show({u"people"_s, u"--json"_s, u"--limit"_s, u"2"_s, u"--locale"_s, u"de_DE"_s});
+    EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
+    const QJsonObject object = QJsonDocument::fromJson(result.output.toUtf8()).object();
+    EXPECT_EQ(object.value(u"library"_s).toString(), u"People"_s);
+    EXPECT_EQ(object.value(u"fields"_s)[2][u"type"].toString(), u"currency"_s);
+    const QJsonArray records = object.value(u"records"_s).toArray();
+    ASSERT_EQ(records.size(), 2);
+    EXPECT_EQ(records[1][u"id"].toInt(), 2);
+    const QJsonValue values = records[1][u"values"];
+    EXPECT_EQ(values[u"Name"].toString(), u"P2"_s);
+    EXPECT_EQ(values[u"Owes"].toDouble(), 1234.5);
+    EXPECT_EQ(values[u"Talked"].toDouble(), 5400);
+    EXPECT_TRUE(values[u"Born"].toString().startsWith(u"2008-03-02T"_s));
+}
+
+TEST_F(ShowCommandTests, ListsTheLibrariesForScripts)
+{
+    import(u"A.csv"_s, "Name,Age\nAnn,3\n");
+    const QJsonObject object =
+        QJsonDocument::fromJson(show({u"--json"_s}).output.toUtf8()).object();
+    const QJsonArray libraries = object.value(u"libraries"_s).toArray();
+    ASSERT_EQ(libraries.size(), 1);
+    EXPECT_EQ(libraries[0][u"library"].toString(), u"A"_s);
+    EXPECT_EQ(libraries[0][u"records"].toInt(), 1);
+    EXPECT_EQ(libraries[0][u"fields"].toArray().size(), 2);
 }
 
 TEST_F(ShowCommandTests, SaysWhatCannotBeShown)

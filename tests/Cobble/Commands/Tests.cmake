@@ -1,6 +1,4 @@
 target_sources(CobbleTests PRIVATE
-    Cobble/Commands/CobbleTests.cpp
-    Cobble/Commands/CommandDocumentsTests.cpp
     Cobble/Commands/ComponentNamesTests.cpp
     Cobble/Commands/ExecutableTests.cpp
     Cobble/Commands/ExportCommandTests.cpp
@@ -9,6 +7,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Commands/GalleryCommandTests.cpp
     Cobble/Commands/HostApplicationTests.cpp
     Cobble/Commands/ImportCommandTests.cpp
+    Cobble/Commands/LibraryJSONTests.cpp
     Cobble/Commands/LogCommandTests.cpp
     Cobble/Commands/MediaCommandTests.cpp
     Cobble/Commands/NamesCommandTests.cpp

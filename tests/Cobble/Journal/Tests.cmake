@@ -1,6 +1,7 @@
 target_sources(CobbleTests PRIVATE
     Cobble/Journal/CatalogueChangeTests.cpp
     Cobble/Journal/ChangeJournalTests.cpp
+    Cobble/Journal/FieldConversionTests.cpp
     Cobble/Journal/RecordChangesTests.cpp
     Cobble/Journal/StepRecorderTests.cpp
     Cobble/Journal/StepStackTests.cpp

@@ -5,8 +5,9 @@ _cobble() {
     current=${COMP_WORDS[COMP_CWORD]}
     previous=${COMP_WORDS[COMP_CWORD - 1]}
     if [ "$COMP_CWORD" -eq 1 ]; then
-        mapfile -t COMPREPLY < <(compgen -W 'window import show export media upgrade-copy plugins
-            parse format names log gallery help --help -h --version' -- "$current")
+        mapfile -t COMPREPLY < <(compgen -W 'window import show export new set delete rename
+            field undo redo media upgrade-copy plugins parse format names log gallery help --help -h
+            --version' -- "$current")
         return
     fi
 
@@ -18,8 +19,18 @@ _cobble() {
                 --media --order --decimal --unit --replace --bundle --dry-run'
             files=1
             ;;
-        show) options='--where --sort --columns --limit --locale --bundle' ;;
+        show) options='--where --sort --columns --limit --locale --json --bundle' ;;
         export) options='--to --where --sort --columns --limit --locale --bundle' ;;
+        new) options='--field --record --locale --json --bundle' ;;
+        set) options='--locale --json --bundle' ;;
+        delete) options='--json --bundle' ;;
+        rename) options='--field --json --bundle' ;;
+        field)
+            options='--at --option --clear --dry-run --locale --json --bundle'
+            texts='add remove move type'
+            ;;
+        undo) options='--list --json --bundle' ;;
+        redo) options='--json --bundle' ;;
         media)
             options='--bundle'
             texts='list add path delete'
@@ -54,7 +65,7 @@ _cobble() {
             return
             ;;
         *--search | *--locale | *--library | *--media | *--limit | *--option) return ;;
-        *--skip | *--rename | *--type | *--order | *--decimal | *--unit) return ;;
+        *--skip | *--rename | *--type | *--order | *--decimal | *--unit | *--field | *--at) return ;;
         *--where | *--sort | *--columns) return ;;
     esac
     if [ -n "$values" ]; then

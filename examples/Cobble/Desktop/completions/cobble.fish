@@ -1,12 +1,19 @@
 # fish completion for cobble: commands, their options, and files where a file belongs.
 
-set -l commands window import show export media upgrade-copy plugins parse format names log gallery help
+set -l commands window import show export new set delete rename field undo redo media upgrade-copy plugins parse format names log gallery help
 
 complete -c cobble -f
 complete -c cobble -n "not __fish_seen_subcommand_from $commands" -a window -d 'Open the main window'
 complete -c cobble -n "not __fish_seen_subcommand_from $commands" -a import -d 'Store a file as a library'
 complete -c cobble -n "not __fish_seen_subcommand_from $commands" -a show -d 'Print records, or the libraries'
 complete -c cobble -n "not __fish_seen_subcommand_from $commands" -a export -d 'Write a library to a file'
+complete -c cobble -n "not __fish_seen_subcommand_from $commands" -a new -d 'Make a library, or add records'
+complete -c cobble -n "not __fish_seen_subcommand_from $commands" -a set -d 'Change values of records'
+complete -c cobble -n "not __fish_seen_subcommand_from $commands" -a delete -d 'Delete records, or a library'
+complete -c cobble -n "not __fish_seen_subcommand_from $commands" -a rename -d 'Rename a library or a field'
+complete -c cobble -n "not __fish_seen_subcommand_from $commands" -a field -d 'Add, remove, move and retype fields'
+complete -c cobble -n "not __fish_seen_subcommand_from $commands" -a undo -d 'Take a change back, or list them'
+complete -c cobble -n "not __fish_seen_subcommand_from $commands" -a redo -d 'Do a change again'
 complete -c cobble -n "not __fish_seen_subcommand_from $commands" -a media -d 'List, store, find and delete media'
 complete -c cobble -n "not __fish_seen_subcommand_from $commands" -a upgrade-copy -d 'Put the bundle aside'
 complete -c cobble -n "not __fish_seen_subcommand_from $commands" -a plugins -d 'List, enable and disable plug-ins'
@@ -49,6 +56,18 @@ complete -c cobble -n '__fish_seen_subcommand_from show' -l bundle -r -F -d 'The
 complete -c cobble -n '__fish_seen_subcommand_from export' -l to -r -F -d 'The file to write'
 complete -c cobble -n '__fish_seen_subcommand_from export' -l locale -x -d 'The locale of values'
 complete -c cobble -n '__fish_seen_subcommand_from export' -l bundle -r -F -d 'The database bundle'
+complete -c cobble -n '__fish_seen_subcommand_from new' -l field -x -d 'A field of the library'
+complete -c cobble -n '__fish_seen_subcommand_from new' -l record -d 'Add a record'
+complete -c cobble -n '__fish_seen_subcommand_from rename' -l field -x -d 'The field to rename'
+complete -c cobble -n '__fish_seen_subcommand_from field' -a 'add remove move type'
+complete -c cobble -n '__fish_seen_subcommand_from field' -l at -x -d 'Where it comes to stand'
+complete -c cobble -n '__fish_seen_subcommand_from field' -l option -x -d 'A setting of the field'
+complete -c cobble -n '__fish_seen_subcommand_from field' -l clear -d 'Empty what cannot be read'
+complete -c cobble -n '__fish_seen_subcommand_from field' -l dry-run -d 'Change nothing'
+complete -c cobble -n '__fish_seen_subcommand_from undo' -l list -d 'List the steps'
+complete -c cobble -n '__fish_seen_subcommand_from new set field' -l locale -x -d 'The locale of values'
+complete -c cobble -n '__fish_seen_subcommand_from show new set delete rename field undo redo' -l json -d 'Read and print JSON'
+complete -c cobble -n '__fish_seen_subcommand_from new set delete rename field undo redo' -l bundle -r -F -d 'The database bundle'
 complete -c cobble -n '__fish_seen_subcommand_from media' -a 'list add path delete'
 complete -c cobble -n '__fish_seen_subcommand_from media' -n '__fish_seen_subcommand_from add' -F
 complete -c cobble -n '__fish_seen_subcommand_from media' -l bundle -r -F -d 'The database bundle'

@@ -7,6 +7,13 @@ commands=(
     'import:store a file as a library'
     'show:print the records of a library, or the libraries'
     'export:write the records of a library to a file'
+    'new:make a library, or add records'
+    'set:change values of records'
+    'delete:delete records, or a library'
+    'rename:rename a library or a field'
+    'field:add, remove, move and retype fields'
+    'undo:take a change back, or list them'
+    'redo:do a change again'
     'media:list, store, find and delete media files'
     'upgrade-copy:put the bundle aside before an upgrade'
     'plugins:list, enable and disable exporters and importers'
@@ -58,7 +65,7 @@ case $command in
         _arguments $bundle $locale '--limit[how many records]:number: ' \
             '--where[a condition for records]:condition: ' \
             '--sort[fields to sort by]:fields: ' '--columns[which fields]:fields: ' \
-            '--help[show how cobble is used]' '1:library: '
+            '--json[print JSON]' '--help[show how cobble is used]' '1:library: '
         ;;
     export)
         _arguments $bundle $locale '--to[the file to write]:file:_files' \
@@ -66,6 +73,37 @@ case $command in
             '--sort[fields to sort by]:fields: ' '--columns[which fields]:fields: ' \
             '--limit[how many records]:number: ' \
             '--help[show how cobble is used]' '1:library: '
+        ;;
+    new)
+        _arguments $bundle $locale '*--field[a field of the library]:name\:type: ' \
+            '--record[add a record]' '--json[read and print JSON]' \
+            '--help[show how cobble is used]' '1:library: ' '*:field=value: '
+        ;;
+    set)
+        _arguments $bundle $locale '--json[read and print JSON]' \
+            '--help[show how cobble is used]' '1:library: ' '*:field=value: '
+        ;;
+    delete)
+        _arguments $bundle '--json[print JSON]' '--help[show how cobble is used]' \
+            '1:library: ' '*:record: '
+        ;;
+    rename)
+        _arguments $bundle '--field[the field to rename]:field: ' '--json[print JSON]' \
+            '--help[show how cobble is used]' '1:library: ' '2:name: '
+        ;;
+    field)
+        _arguments $bundle $locale '--at[where it comes to stand]:place: ' \
+            '*--option[a setting of the field]:key=value: ' \
+            '--clear[empty what cannot be read]' '--dry-run[change nothing]' \
+            '--json[print JSON]' '--help[show how cobble is used]' \
+            '1:action:(add remove move type)' '2:library: ' '3:field: '
+        ;;
+    undo)
+        _arguments $bundle '--list[list the steps]' '--json[print JSON]' \
+            '--help[show how cobble is used]' '1:step: '
+        ;;
+    redo)
+        _arguments $bundle '--json[print JSON]' '--help[show how cobble is used]' '1:step: '
         ;;
     media)
         _arguments $bundle '--help[show how cobble is used]' \

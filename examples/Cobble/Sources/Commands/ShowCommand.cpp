@@ -5,6 +5,8 @@
 #include "Library/BundleOption.h"
 #include "Library/LibraryStore.h"
 #include "Library/RecordTexts.h"
+#include "LibraryJSON.h"
+#include "OptionNames.h"
 #include "QueryOptions.h"
 #include "StoredLibrary.h"
 #include "Text/AlignedTable.h"
@@ -77,6 +79,45 @@ ExitCode showLibraries(LibraryStore &store, const QString &bundlePath, CommandCo
     return ExitCode::Success;
 }
 
+ExitCode showLibrariesAsJSON(LibraryStore &store, const QString &bundlePath,
+                             CommandContext &context)
+{
+    QJsonArray array;
+    const Outcome<QList<Library>> libraries = store.libraries();
+    Outcome<> read = libraries ? Outcome<>() : libraries.failure();
+    for (const Library &library : libraries.valueOr({})) {
+        const Outcome<qint64> count = store.recordCount(library);
+        if (!count)
+            read = count.failure();
+        QJsonObject object = LibraryJSON::describing(library);
+        object.insert(u"records"_s, count.valueOr(0));
+        array.append(object);
+    }
+    if (!read)
+        return context.fail(bundlePath, read.reason());
+    context.out() << LibraryJSON::textOf({{u"libraries"_s, array}}) << '\n';
+    return ExitCode::Success;
+}
+
+/// Prints each record as soon as it is read. What is printed of a library that cannot be read to its
+/// end is no JSON.
+ExitCode showRecordsAsJSON(LibraryStore &store, const Library &library, const RecordQuery &query,
+                           CommandContext &context)
+{
+    QueriedRecords records(store, library, query);
+    const QStringList names = LibraryJSON::namesOf(records.library());
+    QString beginning = LibraryJSON::textOf(LibraryJSON::describing(records.library()));
+    beginning.chop(1);
+    context.out() << beginning << ",\"records\":[";
+    for (bool isFirst = true; records.next(); isFirst = false)
+        context.out() << (isFirst ? "\n" : ",\n")
+                      << LibraryJSON::textOf(LibraryJSON::recordOf(names, records));
+    if (const Outcome<> read = records.outcome(); !read)
+        return context.fail(library.name, read.reason());
+    context.out() << "\n]}\n";
+    return ExitCode::Success;
+}
+
 QString countText(qint64 shown, qint64 all)
 {
     const QString text = recordCountText(all);
@@ -106,16 +147,19 @@ ExitCode show(const QCommandLineParser &parser, CommandContext &context)
     const auto store = StoredLibrary::openStore(bundle, context);
     if (!store)
         return ExitCode::Failure;
+    const bool isJSON = parser.isSet(JSONOption);
     if (parser.positionalArguments().isEmpty())
-        return showLibraries(*store, bundle.bundlePath(), context);
+        return (isJSON ? showLibrariesAsJSON : showLibraries)(*store, bundle.bundlePath(), context);
     const QString name = parser.positionalArguments().first();
     const LocaleScope scope(UserSettings::localeIn(parser));
     const auto found = StoredLibrary::findRecords(*store, bundle, name, context);
     if (!found)
         return ExitCode::Failure;
     const Outcome<RecordQuery> query = QueryOptions::queryIn(parser, found->library, found->query);
-    return query ? showRecords(*store, found->library, *query, context)
-                 : context.fail(query.reason());
+    if (!query)
+        return context.fail(query.reason());
+    const auto show = isJSON ? showRecordsAsJSON : showRecords;
+    return show(*store, found->library, *query, context);
 }
 } // namespace
 
@@ -123,6 +167,7 @@ ExitCode runShowCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
     QueryOptions::add(&parser);
+    parser.addOption({JSONOption, QString()});
     BundleOption::add(&parser);
     UserSettings::addLocaleOption(&parser);
     return context.run(arguments, &parser, checkShow, show);

@@ -1,5 +1,4 @@
 target_sources(CobbleHost PRIVATE
-    Sources/Commands/Cobble.cpp
     Sources/Commands/CommandContext.cpp
     Sources/Commands/ComponentNames.cpp
     Sources/Commands/ExitCode.h
@@ -8,6 +7,7 @@ target_sources(CobbleHost PRIVATE
     Sources/Commands/HostApplication.cpp
     Sources/Commands/ImportCommand.cpp
     Sources/Commands/ImportReport.cpp
+    Sources/Commands/LibraryJSON.cpp
     Sources/Commands/LogCommand.cpp
     Sources/Commands/MediaCommand.cpp
     Sources/Commands/NamesCommand.cpp

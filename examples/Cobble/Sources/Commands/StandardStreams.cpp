@@ -27,3 +27,13 @@ void reserveStandardDescriptors()
     if (descriptor > STDERR_FILENO)
         ::close(descriptor);
 }
+
+Outcome<QByteArray> readStandardInput()
+{
+    QFile input;
+    if (!input.open(STDIN_FILENO, QIODevice::ReadOnly, QFileDevice::DontCloseHandle))
+        return Failure{input.errorString()};
+    const QByteArray bytes = input.readAll();
+    return input.error() == QFileDevice::NoError ? Outcome<QByteArray>(bytes)
+                                                 : Failure{input.errorString()};
+}

@@ -33,3 +33,6 @@ private:
 /// of a closed standard stream and with it the program's output. Writing to one that was closed
 /// fails afterwards, as before.
 void reserveStandardDescriptors();
+
+/// All that the standard input gives, to its end.
+Outcome<QByteArray> readStandardInput();

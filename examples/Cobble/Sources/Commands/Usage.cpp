@@ -2,7 +2,9 @@
 
 using namespace Qt::StringLiterals;
 
-QString usageText()
+namespace {
+/// On libraries as a whole.
+QString librariesUsage()
 {
     return uR"(Usage: cobble COMMAND [ARGUMENT…]
 
@@ -41,17 +43,61 @@ QString usageText()
       as EUR, or h:m or m:s for what 1:30 is. PATH is the database bundle;
       it is your default one unless given. --dry-run shows and stores nothing.
   cobble show [LIBRARY] [--where TEXT] [--sort FIELDS] [--columns FIELDS]
-                [--limit N] [--locale ID] [--bundle PATH]
+                [--limit N] [--json] [--locale ID] [--bundle PATH]
       Prints the records of a library as its fields display them; without a
       name, the libraries. TEXT is a condition such as "balance > 100 AND born
       in March" or "name CONTAINS ann", with values as the fields read them.
       FIELDS are names with commas between, "-" before one sorts from the last
-      to the first.
+      to the first. --json prints the values as they are, with the numbers of
+      the records.
   cobble export LIBRARY --to FILE [--where TEXT] [--sort FIELDS]
                 [--columns FIELDS] [--limit N] [--locale ID] [--bundle PATH]
       Writes the records of a library to a file of the kind that its extension
       names: csv or json, or what else an exporter writes.
-  cobble media list [--bundle PATH]
+
+)"_s;
+}
+
+/// On changing what is in them.
+QString dataUsage()
+{
+    return uR"(  cobble new LIBRARY [--field NAME:TYPE]… [--locale ID] [--json]
+                [--bundle PATH]
+      Makes a library. TYPE is text unless given, or media, number, currency,
+      duration, time, date, date+time or phone.
+  cobble new LIBRARY --record [FIELD=VALUE]… [--locale ID] [--json]
+                [--bundle PATH]
+      Adds a record. Values are typed as in the window; a field of media gets a
+      copy of the file that its value names. With --json and no values, adds the
+      records that the standard input gives.
+  cobble set LIBRARY ID… FIELD=VALUE… [--locale ID] [--json] [--bundle PATH]
+      Changes values of some records: all as said, or none. With --json and
+      nothing else, reads the records from the standard input.
+  cobble delete LIBRARY [ID…] [--json] [--bundle PATH]
+      Deletes records, or without numbers the library.
+  cobble rename LIBRARY NEW [--field OLD] [--json] [--bundle PATH]
+      Gives a library another name, or one of its fields.
+  cobble field add LIBRARY NAME:TYPE [--at PLACE] [--option KEY=VALUE]…
+                [--locale ID] [--json] [--bundle PATH]
+  cobble field remove LIBRARY NAME | move LIBRARY NAME PLACE
+      Adds, removes or moves a field; the first one has place 1.
+  cobble field type LIBRARY NAME TYPE [--option KEY=VALUE]… [--clear]
+                [--dry-run] [--locale ID] [--json] [--bundle PATH]
+      Reads the values of a field anew as those of another type. If some cannot
+      be read, nothing is done, unless --clear says that these fields become
+      empty. --dry-run only shows them.
+  cobble undo [STEP] [--list] [--json] [--bundle PATH]
+  cobble redo [STEP] [--json] [--bundle PATH]
+      Takes the last change back, or the one of a number, or does it again,
+      whichever window or command has made it. --list shows all.
+
+)"_s;
+}
+
+/// On everything else.
+QString otherUsage()
+{
+    return uR"(  cobble media list [--bundle PATH]
   cobble media add FILE-OR-URL… | path URL… | delete NAME-OR-URL…
       Lists, stores, finds and deletes the media files of the bundle.
   cobble upgrade-copy [--bundle PATH]
@@ -89,4 +135,10 @@ QString usageText()
   cobble help, --help, -h      Shows this text.
   cobble --version             Shows the version.
 )"_s;
+}
+} // namespace
+
+QString usageText()
+{
+    return librariesUsage() + dataUsage() + otherUsage();
 }

@@ -60,6 +60,7 @@ bool QueriedRecords::nextAccepted()
 QueriedRecords::Row QueriedRecords::row() const
 {
     Row row;
+    row.id = _cursor.id();
     for (const RecordOrder &order : _query.order)
         row.sortedBy += _cursor.value(order.field);
     for (const qsizetype column : _columns)

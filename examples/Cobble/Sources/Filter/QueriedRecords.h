@@ -24,11 +24,14 @@ public:
     const Library &library() const override { return _shown; }
     bool next() override;
     QVariant value(qsizetype field) const override;
+    /// The number by which the database knows the record.
+    qint64 id() const { return _current ? _current->id : _cursor.id(); }
     Outcome<> outcome() const override { return _cursor.outcome(); }
 
 private:
     struct Row
     {
+        qint64 id = 0;
         QVariantList sortedBy;
         QVariantList values;
     };

@@ -1,6 +1,7 @@
 target_sources(CobbleHost PRIVATE
     Sources/Journal/CatalogueChange.cpp
     Sources/Journal/ChangeJournal.cpp
+    Sources/Journal/FieldConversion.cpp
     Sources/Journal/RecordChanges.cpp
     Sources/Journal/StepPlayer.cpp
     Sources/Journal/StepRecorder.cpp

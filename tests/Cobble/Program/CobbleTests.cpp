@@ -1,4 +1,4 @@
-#include "CommandSupport.h"
+#include "Cobble/Commands/CommandSupport.h"
 
 #include "Commands/Usage.h"
 

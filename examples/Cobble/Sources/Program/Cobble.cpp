@@ -1,18 +1,24 @@
 #include "Cobble.h"
 
-#include "CommandContext.h"
-#include "ExportCommand.h"
-#include "GalleryCommand.h"
-#include "ImportCommand.h"
-#include "LogCommand.h"
-#include "MediaCommand.h"
-#include "NamesCommand.h"
-#include "ParseCommand.h"
-#include "PlugInsCommand.h"
-#include "ShowCommand.h"
-#include "StandardStreams.h"
-#include "Usage.h"
-#include "WindowCommand.h"
+#include "Commands/CommandContext.h"
+#include "Commands/ExportCommand.h"
+#include "Commands/GalleryCommand.h"
+#include "Commands/ImportCommand.h"
+#include "Commands/LogCommand.h"
+#include "Commands/MediaCommand.h"
+#include "Commands/NamesCommand.h"
+#include "Commands/ParseCommand.h"
+#include "Commands/PlugInsCommand.h"
+#include "Commands/ShowCommand.h"
+#include "Commands/StandardStreams.h"
+#include "Commands/Usage.h"
+#include "Commands/WindowCommand.h"
+#include "DataCommands/DeleteCommand.h"
+#include "DataCommands/FieldCommand.h"
+#include "DataCommands/NewCommand.h"
+#include "DataCommands/RenameCommand.h"
+#include "DataCommands/SetCommand.h"
+#include "DataCommands/UndoCommand.h"
 
 #include <algorithm>
 #include <array>
@@ -45,11 +51,18 @@ ExitCode runVersion(const QStringList &, CommandContext &context)
     return ExitCode::Success;
 }
 
-constexpr std::array<Command, 16> Commands = {{
+constexpr std::array<Command, 23> Commands = {{
     {u"window", runWindowCommand, Log::Begun},
     {u"import", runImportCommand, Log::Begun},
     {u"show", runShowCommand},
     {u"export", runExportCommand, Log::Begun},
+    {u"new", runNewCommand, Log::Begun},
+    {u"set", runSetCommand, Log::Begun},
+    {u"delete", runDeleteCommand, Log::Begun},
+    {u"rename", runRenameCommand, Log::Begun},
+    {u"field", runFieldCommand, Log::Begun},
+    {u"undo", runUndoCommand, Log::Begun},
+    {u"redo", runRedoCommand, Log::Begun},
     {u"media", runMediaCommand},
     {u"upgrade-copy", runUpgradeCopyCommand, Log::Begun},
     {u"plugins", runPlugInsCommand},

@@ -1,7 +1,7 @@
 // What tells people of the commands outside of the program, the manual page and what shells
 // complete, held to what the program itself says and takes.
 
-#include "CommandSupport.h"
+#include "Cobble/Commands/CommandSupport.h"
 
 #include "Commands/Usage.h"
 

@@ -1,0 +1,303 @@
+#include "FieldCommand.h"
+
+#include "Commands/LibraryJSON.h"
+#include "Commands/OptionNames.h"
+#include "Commands/StoredLibrary.h"
+#include "Commands/UserSettings.h"
+#include "DataChange.h"
+#include "FieldNames.h"
+#include "FieldSettings.h"
+#include "Journal/FieldConversion.h"
+#include "Library/BundleOption.h"
+#include "Text/AlignedTable.h"
+#include "Text/PrintableText.h"
+
+#include <QTextStream>
+
+#include <numeric>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+const QString AtOption = u"at"_s;
+const QString SettingOption = u"option"_s;
+const QString ClearOption = u"clear"_s;
+const QString DryRunOption = u"dry-run"_s;
+
+/// The words of the command line, and the place of a field that it names, from 0.
+struct Request
+{
+    QString action;
+    QString library;
+    QString field;
+    QString what;
+    qsizetype place = -1;
+    QStringList options;
+    bool clears = false;
+};
+
+// --- What was asked for
+
+Outcome<qsizetype> placeIn(const QString &text)
+{
+    bool isNumber = false;
+    const qlonglong place = text.toLongLong(&isNumber);
+    if (isNumber && place >= 1)
+        return qsizetype(place - 1);
+    return Failure{u"bad place '%1'; the first field has 1"_s.arg(text)};
+}
+
+Outcome<Request> requestOf(const QStringList &words)
+{
+    static const QHash<QString, qsizetype> counts = {
+        {u"add"_s, 3}, {u"remove"_s, 3}, {u"move"_s, 4}, {u"type"_s, 4}};
+    const QString action = words.value(0);
+    if (!counts.contains(action))
+        return Failure{u"field needs one of add, remove, move, type"_s};
+    if (words.size() != counts.value(action))
+        return Failure{u"field %1 needs a library%2"_s.arg(
+            action, counts.value(action) == 3 ? u" and a field"_s
+                    : action == u"move"       ? u", a field and a place"_s
+                                              : u", a field and a type"_s)};
+    return Request{action, words.at(1), words.at(2), words.value(3), -1, {}, false};
+}
+
+Outcome<Request> requestIn(const QCommandLineParser &parser)
+{
+    Outcome<Request> request = requestOf(parser.positionalArguments());
+    if (!request)
+        return request;
+    request->options = parser.values(SettingOption);
+    request->clears = parser.isSet(ClearOption);
+    const bool isMove = request->action == u"move";
+    if (!isMove && !parser.isSet(AtOption))
+        return request;
+    const Outcome<qsizetype> number = placeIn(isMove ? request->what : parser.value(AtOption));
+    if (!number)
+        return number.failure();
+    request->place = *number;
+    return request;
+}
+
+/// The field that is to be, in an add or a type.
+Outcome<LibraryField> fieldIn(const Request &request)
+{
+    LibraryField field;
+    if (request.action == u"add") {
+        const Outcome<LibraryField> described = FieldSettings::fieldIn(request.field);
+        if (!described)
+            return described;
+        field = *described;
+    } else {
+        const Outcome<FieldType> type = FieldSettings::typeIn(request.what);
+        if (!type)
+            return type.failure();
+        field.type = *type;
+    }
+    const Outcome<> applied = FieldSettings::apply(request.options, &field);
+    return applied ? Outcome<LibraryField>(field) : applied.failure();
+}
+
+Outcome<> checkField(const QCommandLineParser &parser)
+{
+    const Outcome<Request> request = requestIn(parser);
+    if (!request)
+        return request.failure();
+    if (request->action != u"type" && (request->clears || parser.isSet(DryRunOption)))
+        return Failure{u"--clear and --dry-run are for field type"_s};
+    const bool hasField = request->action == u"add" || request->action == u"type";
+    const Outcome<LibraryField> field = hasField ? fieldIn(*request) : LibraryField();
+    if (!field)
+        return field.failure();
+    return BundleOption::check(parser).andThen([&] { return UserSettings::checkLocale(parser); });
+}
+
+// --- Doing it
+
+StepTitle titleOf(const QString &kind, const Library &library, const QString &field)
+{
+    return {kind, {{StepParameters::Library, library.name}, {StepParameters::Field, field}}};
+}
+
+Outcome<> done(const Outcome<Library> &changed)
+{
+    return changed ? Outcome<>() : changed.failure();
+}
+
+Outcome<DataResult> add(const Request &request, const Library &library, DataChange &change)
+{
+    const LibraryField field = *fieldIn(request);
+    if (FieldNames::indexOf(library, field.header) >= 0)
+        return change.failure(ExitCode::Conflict, u"there is a field '%1'"_s.arg(field.header));
+    const qsizetype place = std::min(request.place, library.fields.size());
+    return change.make(
+        titleOf(StepKinds::AddField, library, field.header),
+        u"Added the field '%1' to '%2'"_s.arg(field.header, library.name),
+        [&](StepRecorder &step) { return done(step.addField(library, field, place)); });
+}
+
+Outcome<DataResult> remove(const Library &library, qsizetype field, DataChange &change)
+{
+    const QString title = library.fields.at(field).title();
+    return change.make(titleOf(StepKinds::RemoveField, library, title),
+                       u"Removed the field '%1' of '%2'"_s.arg(title, library.name),
+                       [&](StepRecorder &step) { return done(step.removeField(library, field)); });
+}
+
+Outcome<DataResult> move(const Request &request, const Library &library, qsizetype field,
+                         DataChange &change)
+{
+    QList<qsizetype> order(library.fields.size());
+    std::iota(order.begin(), order.end(), 0);
+    const qsizetype place = std::min(request.place, library.fields.size() - 1);
+    order.move(field, place);
+    const QString title = library.fields.at(field).title();
+    return change.make(
+        titleOf(StepKinds::MoveField, library, title),
+        u"Moved the field '%1' of '%2' to place %3"_s.arg(title, library.name).arg(place + 1),
+        [&](StepRecorder &step) { return done(step.reorderFields(library, order)); });
+}
+
+/// The field as it will be.
+LibraryField changed(const LibraryField &field, const Request &request)
+{
+    const LibraryField wanted = *fieldIn(request);
+    LibraryField after = field;
+    after.type = wanted.type;
+    after.options = wanted.options;
+    return after;
+}
+
+QString firstOf(const FieldConversion::Preview &preview)
+{
+    const FieldConversion::Unread &first = preview.unread.first();
+    return u"record %1, '%2': %3"_s.arg(QString::number(first.record), first.text, first.reason);
+}
+
+Outcome<> needReadable(const Request &request, const FieldConversion::Preview &preview,
+                       DataChange &change)
+{
+    if (preview.unreadCount == 0 || request.clears)
+        return {};
+    return change.failure(
+        ExitCode::Unread,
+        u"%1 cannot be read as %2 (%3); --clear empties these fields"_s.arg(
+            recordCountText(preview.unreadCount), request.what, firstOf(preview)));
+}
+
+QString sentenceFor(const Request &request, const FieldConversion::Preview &preview)
+{
+    const QString sentence = u"'%1' is of type %2 now"_s.arg(request.field, request.what);
+    return preview.unreadCount == 0
+               ? sentence
+               : u"%1; it was emptied in %2"_s.arg(sentence, recordCountText(preview.unreadCount));
+}
+
+Outcome<DataResult> changeType(const Request &request, const Library &library, qsizetype field,
+                               DataChange &change)
+{
+    const LibraryField before = library.fields.at(field);
+    const LibraryField after = changed(before, request);
+    const FieldConversion conversion(before, after);
+    const auto preview = conversion.preview(change.store(), library, field);
+    const Outcome<> isReadable =
+        preview ? needReadable(request, *preview, change) : preview.failure();
+    if (!isReadable)
+        return isReadable.failure();
+    const auto convert = [&](const QVariant &value) -> Outcome<QVariant> {
+        return conversion.convert(value).valueOr(QVariant());
+    };
+    return change.make(titleOf(StepKinds::ChangeType, library, before.title()),
+                       sentenceFor(request, *preview), [&](StepRecorder &step) {
+                           return done(
+                               step.changeType(library, field, after.type, after.options, convert));
+                       });
+}
+
+Outcome<DataResult> perform(const Request &request, DataChange &change)
+{
+    const Outcome<Library> library = change.libraryNamed(request.library);
+    if (!library)
+        return library.failure();
+    if (request.action == u"add")
+        return add(request, *library, change);
+    const Outcome<qsizetype> field = change.fieldNamed(*library, request.field);
+    if (!field)
+        return field.failure();
+    if (request.action == u"remove")
+        return remove(*library, *field, change);
+    return request.action == u"move" ? move(request, *library, *field, change)
+                                     : changeType(request, *library, *field, change);
+}
+
+// --- Only looking
+
+QJsonObject objectOf(const FieldConversion::Preview &preview)
+{
+    QJsonArray unread;
+    for (const FieldConversion::Unread &each : preview.unread)
+        unread.append(QJsonObject{
+            {u"id"_s, each.record}, {u"text"_s, each.text}, {u"reason"_s, each.reason}});
+    return {
+        {u"read"_s, preview.readCount}, {u"unread"_s, preview.unreadCount}, {u"first"_s, unread}};
+}
+
+void print(const FieldConversion::Preview &preview, CommandContext &context)
+{
+    context.out() << u"%1 would be read, %2 would not\n"_s.arg(
+        recordCountText(preview.readCount), QString::number(preview.unreadCount));
+    AlignedTable table;
+    for (const FieldConversion::Unread &each : preview.unread)
+        table.addRow({QString::number(each.record), each.text, each.reason});
+    table.print(context.out());
+}
+
+ExitCode previewType(const Request &request, const QCommandLineParser &parser,
+                     CommandContext &context)
+{
+    const KTDatabaseBundle bundle = BundleOption::bundleIn(parser);
+    const auto store = StoredLibrary::openStore(bundle, context);
+    if (!store)
+        return DataChange::codeWithoutStore(bundle);
+    const auto library = StoredLibrary::find(*store, bundle, request.library, context);
+    if (!library)
+        return ExitCode::NotFound;
+    const qsizetype field = FieldNames::indexOf(*library, request.field);
+    if (field < 0) {
+        context.warn(library->name, u"no field '%1'"_s.arg(request.field));
+        return ExitCode::NotFound;
+    }
+    const LibraryField &before = library->fields.at(field);
+    const auto preview =
+        FieldConversion(before, changed(before, request)).preview(*store, *library, field);
+    if (!preview)
+        return context.fail(bundle.bundlePath(), preview.reason());
+    if (parser.isSet(JSONOption))
+        context.out() << LibraryJSON::textOf(objectOf(*preview)) << '\n';
+    else
+        print(*preview, context);
+    return preview->unreadCount == 0 ? ExitCode::Success : ExitCode::Unread;
+}
+
+ExitCode performField(const QCommandLineParser &parser, CommandContext &context)
+{
+    const LocaleScope scope(UserSettings::localeIn(parser));
+    const Request request = *requestIn(parser);
+    if (request.action == u"type" && parser.isSet(DryRunOption))
+        return previewType(request, parser, context);
+    return DataChange::run(parser, context, DataChange::Bundle::Existing,
+                           [&](DataChange &change) { return perform(request, change); });
+}
+} // namespace
+
+ExitCode runFieldCommand(const QStringList &arguments, CommandContext &context)
+{
+    QCommandLineParser parser;
+    parser.addOption({AtOption, QString(), u"PLACE"_s});
+    parser.addOption({SettingOption, QString(), u"KEY=VALUE"_s});
+    parser.addOption({ClearOption, QString()});
+    parser.addOption({DryRunOption, QString()});
+    DataChange::addOptions(&parser);
+    UserSettings::addLocaleOption(&parser);
+    return context.run(arguments, &parser, checkField, performField);
+}

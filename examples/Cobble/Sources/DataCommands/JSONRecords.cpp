@@ -1,0 +1,74 @@
+#include "JSONRecords.h"
+
+#include "Commands/LibraryJSON.h"
+
+#include <QJsonDocument>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+Outcome<QVariant> readValue(DataChange &change, const LibraryField &field, const QJsonValue &json)
+{
+    if (field.type == FieldType::Media && json.isString())
+        return change.knownMedia(json.toString());
+    const Outcome<QVariant> value = LibraryJSON::valueIn(field.type, json);
+    return value ? value
+                 : change.failure(ExitCode::Unread, u"%1: %2"_s.arg(field.title(), value.reason()));
+}
+
+Outcome<FieldValues> readValues(DataChange &change, const Library &library,
+                                const QJsonObject &object)
+{
+    FieldValues values;
+    for (auto entry = object.begin(); entry != object.end(); ++entry) {
+        const Outcome<qsizetype> field = change.fieldNamed(library, entry.key());
+        const Outcome<QVariant> value =
+            field ? readValue(change, library.fields.at(*field), entry.value()) : field.failure();
+        if (!value)
+            return value.failure();
+        values.insert(*field, *value);
+    }
+    return values;
+}
+
+Outcome<JSONRecord> readRecord(DataChange &change, const Library &library, const QJsonValue &json)
+{
+    const QJsonValue id = json[u"id"];
+    const bool isRecord = json[u"values"].isObject();
+    const bool isNumbered = id.isDouble() && id.toInteger() > 0;
+    if (!isRecord || !(isNumbered || id.isUndefined()))
+        return change.failure(ExitCode::Unread, u"a record is an object with \"values\", "
+                                                "and \"id\" a number"_s);
+    const Outcome<FieldValues> values = readValues(change, library, json[u"values"].toObject());
+    if (!values)
+        return values.failure();
+    return JSONRecord{isNumbered ? std::optional(id.toInteger()) : std::nullopt, *values};
+}
+
+QJsonArray recordsIn(const QJsonDocument &document)
+{
+    if (document.isArray())
+        return document.array();
+    const QJsonObject object = document.object();
+    return object.value(u"records"_s).isArray() ? object.value(u"records"_s).toArray()
+                                                : QJsonArray{object};
+}
+} // namespace
+
+Outcome<QList<JSONRecord>> JSONRecords::read(DataChange &change, const Library &library,
+                                             const QByteArray &json)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(json, &error);
+    if (document.isNull())
+        return change.failure(ExitCode::Unread,
+                              u"the standard input is no JSON: %1"_s.arg(error.errorString()));
+    QList<JSONRecord> records;
+    for (const QJsonValue &each : recordsIn(document)) {
+        const Outcome<JSONRecord> record = readRecord(change, library, each);
+        if (!record)
+            return record.failure();
+        records += *record;
+    }
+    return records;
+}
