@@ -452,7 +452,7 @@ TEST_F(MainWindowTests, TheLoggingMenuIsOffWhereItCannotSave)
     KTLogger unsaved;
     QMainWindow window;
     QObject target;
-    MainMenu::add(&window, &target, &target, &unsaved);
+    MainMenu::add(&window, &target, &target, &target, &unsaved);
     auto *const logging = window.findChild<QMenu *>(u"logging"_s);
     Q_EMIT logging->aboutToShow();
     for (const QAction *const item : logging->actions())

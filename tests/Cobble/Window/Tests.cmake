@@ -14,5 +14,4 @@ target_sources(CobbleTests PRIVATE
     Cobble/Window/SmartLibraryListTests.cpp
     Cobble/Window/TransferSheetTests.cpp
     Cobble/Window/UndoTests.cpp
-    Cobble/Window/ValueOrderTests.cpp
 )

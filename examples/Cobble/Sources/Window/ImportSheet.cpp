@@ -16,6 +16,8 @@
 #include <QLineEdit>
 #include <QTableWidget>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -169,7 +171,7 @@ void ImportSheet::connectInputs()
 void ImportSheet::configDialog()
 {
     TransferSheet::configDialog();
-    setFile(QString());
+    setFile(std::exchange(_proposed, QString()));
     resetInputs();
     showNothing(QString());
 }

@@ -28,7 +28,9 @@ public:
 
     explicit ImportSheet(OpenBundle *bundle);
 
-    /// Begins with nothing chosen.
+    /// The file that the sheet shall begin with when it comes next.
+    void propose(const QString &path) { _proposed = path; }
+    /// Begins with nothing chosen, or with what was proposed.
     void configDialog() override;
     /// Shows the preview of what is chosen, as it does by itself a moment after something is.
     void showPreview();
@@ -61,4 +63,5 @@ private:
     std::unique_ptr<ColumnEditor> _columns;
     ImportPreviewer _previewer;
     QTimer _delay;
+    QString _proposed;
 };

@@ -53,11 +53,13 @@ void addLoggingMenu(QMenu *help, KTLogger *logger)
 }
 } // namespace
 
-void MainMenu::add(QMainWindow *window, QObject *controller, QObject *application, KTLogger *logger)
+void MainMenu::add(QMainWindow *window, QObject *controller, QObject *libraries,
+                   QObject *application, KTLogger *logger)
 {
     QMenuBar *const bar = window->menuBar();
     addItems(bar->addMenu(tr("&File")),
              {{tr("&New Window"), "newWindow:", application, QKeySequence::New},
+              {tr("New &Library…"), "newLibrary:", libraries, QKeySequence(u"Ctrl+Shift+N"_qs)},
               {tr("&Close Window"), "closeWindow:", controller, QKeySequence::Close},
               Line,
               {tr("&Import…"), "importFile:", controller, QKeySequence(u"Ctrl+I"_qs)},
@@ -74,6 +76,11 @@ void MainMenu::add(QMainWindow *window, QObject *controller, QObject *applicatio
               {tr("&Delete Records"), "deleteRecords:", controller, QKeySequence(u"Del"_qs)},
               Line,
               {tr("&Silenced Alerts…"), "showSilencedAlerts:", application, QKeySequence()}});
+    addItems(bar->addMenu(tr("&Library")),
+             {{tr("New &Field…"), "newField:", libraries, QKeySequence()},
+              Line,
+              {tr("&Rename Library…"), "renameLibrary:", libraries, QKeySequence()},
+              {tr("Re&move Library"), "removeLibrary:", libraries, QKeySequence()}});
     addItems(bar->addMenu(tr("&View")), {{tr("&Record Count"), "showRecordCount:", controller,
                                           QKeySequence(u"Ctrl+Shift+C"_qs)}});
     QMenu *const help = bar->addMenu(tr("&Help"));

@@ -15,7 +15,7 @@ public:
     MainMenu() = delete;
 
     /// Adds them. The items send their actions to \a controller, those of the whole program to \a
-    /// application, and are validated by them.
-    static void add(QMainWindow *window, QObject *controller, QObject *application,
-                    KTLogger *logger);
+    /// application, and those about libraries as such to \a libraries, and are validated by them.
+    static void add(QMainWindow *window, QObject *controller, QObject *libraries,
+                    QObject *application, KTLogger *logger);
 };

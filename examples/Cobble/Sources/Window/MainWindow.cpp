@@ -9,6 +9,7 @@
 
 #include <KTUtility/KTFocusRingScrollView>
 
+#include <QAction>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -165,6 +166,14 @@ void MainWindow::makeCount()
     _summary->setTextInteractionFlags(Qt::TextSelectableByMouse);
     statusBar()->addPermanentWidget(_summary);
     statusBar()->addPermanentWidget(_count);
+}
+
+void MainWindow::addContextMenus()
+{
+    for (const QString &name : {u"newLibrary:"_s, u"renameLibrary:"_s, u"removeLibrary:"_s})
+        _libraries->addAction(findChild<QAction *>(name));
+    _table->horizontalHeader()->addAction(findChild<QAction *>(u"newField:"_s));
+    _table->horizontalHeader()->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
 void MainWindow::setNotice(const QString &text, bool offersImport)

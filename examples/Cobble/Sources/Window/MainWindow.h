@@ -35,6 +35,10 @@ public:
     /// Imports something where there is nothing yet.
     QPushButton *importButton() const { return _importButton; }
 
+    /// Gives the list of libraries and the titles of the fields those items of the menus that are
+    /// about them.
+    void addContextMenus();
+
     /// Shows a text in place of the records; nil shows the records.
     /// \param offersImport with the button below it.
     void setNotice(const QString &text, bool offersImport = false);

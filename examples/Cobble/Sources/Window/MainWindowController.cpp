@@ -5,9 +5,11 @@
 #include "Appearance/Sentence.h"
 #include "DesktopApplication.h"
 #include "DetailPane.h"
+#include "Drops/FileDrop.h"
 #include "Finding/FilterBar.h"
 #include "MainMenu.h"
 #include "MainWindow.h"
+#include "Making/LibraryActions.h"
 #include "RecordFinder.h"
 #include "RecordSearch.h"
 #include "RecordTableModel.h"
@@ -76,11 +78,26 @@ void MainWindowController::loadWindow()
 {
     auto *const made = new MainWindow(&_records, _model.get());
     setWindow(made);
-    MainMenu::add(made, this, _application, _application->logger());
+    MainMenu::add(made, this, makeLibraryActions(made), _application, _application->logger());
+    made->addContextMenus();
     // In a text field, the key deletes letters.
     auto *const deletion = made->findChild<QAction *>(QString::fromLatin1("deleteRecords:"));
     deletion->setShortcutContext(Qt::WidgetShortcut);
     made->table()->addAction(deletion);
+}
+
+LibraryActions *MainWindowController::makeLibraryActions(MainWindow *window)
+{
+    LibraryActions::Window does;
+    does.library = [this] {
+        return _library ? std::optional(_library->definition()) : std::nullopt;
+    };
+    does.change = [this](const StepTitle &title, const auto &changes) {
+        return changeLibraries(title, changes);
+    };
+    does.show = [this](const QString &name) { showLibrary(name); };
+    does.tell = [this](const QString &message) { tell(message); };
+    return new LibraryActions(window, does);
 }
 
 void MainWindowController::windowDidLoad()
@@ -95,6 +112,7 @@ void MainWindowController::windowDidLoad()
     connectDetail(mainWindow()->detail());
     connectSheets();
     connectSmartLibraries();
+    connectDrops();
     listLibraries();
     _columns = std::make_unique<RememberedColumns>(mainWindow()->table()->horizontalHeader());
     showLibrary(_application->libraryToShow());
@@ -161,6 +179,15 @@ void MainWindowController::connectSmartLibraries()
                      &SmartLibraryList::addToList);
     QObject::connect(smart, &SmartLibraryList::saved, smart, &SmartLibraryList::select);
     QObject::connect(smart, &SmartLibraryList::failed, this, &MainWindowController::tell);
+}
+
+void MainWindowController::connectDrops()
+{
+    auto *const drop = new FileDrop(mainWindow());
+    // A sheet that is there has to be answered first.
+    drop->setCondition([] { return !QApplication::activeModalWidget(); });
+    QObject::connect(drop, &FileDrop::dropped, this, &MainWindowController::importFileAtPath);
+    QObject::connect(drop, &FileDrop::refused, this, &MainWindowController::tell);
 }
 
 // --- Libraries ----------------------------------------------------------------------------------
@@ -457,6 +484,12 @@ void MainWindowController::importFile(QAction *)
     run(&_importSheet);
 }
 
+void MainWindowController::importFileAtPath(const QString &path)
+{
+    _importSheet.propose(path);
+    run(&_importSheet);
+}
+
 void MainWindowController::exportFile(QAction *)
 {
     if (!_library)
@@ -518,6 +551,19 @@ Outcome<> MainWindowController::change(const std::function<Outcome<>()> &changes
 {
     const QScopedValueRollback<bool> changing(_isChanging, true);
     return changes();
+}
+
+/// Makes a step after which libraries have other names or fields; the first one makes the bundle.
+Outcome<>
+MainWindowController::changeLibraries(const StepTitle &title,
+                                      const std::function<Outcome<>(StepRecorder &)> &changes)
+{
+    OpenBundle *const bundle = _application->bundle();
+    const Outcome<> changed = bundle->needStore().andThen(
+        [&] { return change([&] { return bundle->change(title, changes); }); });
+    if (changed)
+        bundle->reload();
+    return changed;
 }
 
 Outcome<> MainWindowController::changeRecords(const std::function<void()> &changes)

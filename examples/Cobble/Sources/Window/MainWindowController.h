@@ -15,6 +15,7 @@
 class DesktopApplication;
 class DetailPane;
 class KTArraySelection;
+class LibraryActions;
 class MainWindow;
 class OpenLibrary;
 class QListWidgetItem;
@@ -71,6 +72,8 @@ public:
     Q_INVOKABLE bool validateMenuItem(QAction *item);
     Q_INVOKABLE void closeWindow(QAction *sender = nullptr);
     Q_INVOKABLE void importFile(QAction *sender = nullptr);
+    /// The same, with a file to begin with.
+    void importFileAtPath(const QString &path);
     Q_INVOKABLE void exportFile(QAction *sender = nullptr);
     Q_INVOKABLE void findRecords(QAction *sender = nullptr);
     /// Shows the filter bar, or takes it away with its filter.
@@ -104,6 +107,10 @@ private:
     void connectSheets();
     void connectSmartLibraries();
     void showItem(const QListWidgetItem *item);
+    void connectDrops();
+    LibraryActions *makeLibraryActions(MainWindow *window);
+    Outcome<> changeLibraries(const StepTitle &title,
+                              const std::function<Outcome<>(StepRecorder &)> &changes);
     void setLibrary(const std::shared_ptr<OpenLibrary> &library);
     void forget();
     void showRecords();

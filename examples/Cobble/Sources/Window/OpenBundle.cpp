@@ -1,5 +1,6 @@
 #include "OpenBundle.h"
 
+#include "Import/ImportTransaction.h"
 #include "Import/UnusedMedia.h"
 #include "OpenLibrary.h"
 
@@ -46,6 +47,21 @@ void OpenBundle::openStore()
         _errorText = store.reason();
         _store = std::move(store).valueOr(nullptr);
     }
+}
+
+Outcome<> OpenBundle::needStore()
+{
+    if (_store)
+        return {};
+    if (!_errorText.isNull())
+        return Failure{_errorText};
+    auto made = ImportTransaction::begin(_bundle, PatienceWithStore);
+    const Outcome<> committed = made ? (*made)->commit() : made.failure();
+    if (committed) {
+        made->reset();
+        reload();
+    }
+    return committed;
 }
 
 void OpenBundle::readLibraries()

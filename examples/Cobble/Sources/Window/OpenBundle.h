@@ -37,6 +37,8 @@ public:
     /// Looks at the database again, after an import: libraries are opened anew.
     void reload();
 
+    /// Makes the bundle and its database if there are none yet.
+    Outcome<> needStore();
     /// Whether an import or an export is on its way. Only one can be.
     bool isBusy() const { return _isBusy; }
     void setBusy(bool isBusy) { _isBusy = isBusy; }

@@ -159,14 +159,20 @@ void SmartLibraryList::askAndSave(const Library &library, const RecordQuery &que
 void SmartLibraryList::showMenu(const QPoint &place)
 {
     const std::optional<SmartLibrary> smart = of(_list->itemAt(place));
-    if (!smart)
-        return;
     auto *const menu = new QMenu(_list);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addAction(tr("Rename…"), this, [this, name = smart->name] {
+    if (smart)
+        addActions(*smart, menu);
+    else
+        menu->addActions(_list->actions());
+    menu->popup(_list->viewport()->mapToGlobal(place));
+}
+
+void SmartLibraryList::addActions(const SmartLibrary &smart, QMenu *menu)
+{
+    menu->addAction(tr("Rename…"), this, [this, name = smart.name] {
         ask(tr("Rename Smart Library"), name,
             [this, name](const QString &newName) { (void)rename(name, newName); });
     });
-    menu->addAction(tr("Remove"), this, [this, name = smart->name] { (void)remove(name); });
-    menu->popup(_list->viewport()->mapToGlobal(place));
+    menu->addAction(tr("Remove"), this, [this, name = smart.name] { (void)remove(name); });
 }

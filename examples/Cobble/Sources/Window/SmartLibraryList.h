@@ -7,6 +7,7 @@
 class OpenBundle;
 class QListWidget;
 class QListWidgetItem;
+class QMenu;
 
 /// The smart libraries in the list of libraries of a window: each below the library that it filters,
 /// with a menu of its own for renaming and removing it.
@@ -47,6 +48,7 @@ Q_SIGNALS:
 private:
     void add(const SmartLibrary &smart);
     void showMenu(const QPoint &place);
+    void addActions(const SmartLibrary &smart, QMenu *menu);
     void ask(const QString &title, const QString &name,
              const std::function<void(const QString &)> &take);
     Outcome<> change(const std::function<Outcome<>(LibraryStore &store)> &changes);
