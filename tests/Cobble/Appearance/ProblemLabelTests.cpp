@@ -2,6 +2,7 @@
 
 #include "support/TestSupport.h"
 
+#include <QLineEdit>
 #include <QVBoxLayout>
 
 namespace {
@@ -79,5 +80,25 @@ TEST_F(ProblemLabelTests, FollowsTheDesktopsColours)
         EXPECT_GE(ProblemLabel::contrast(shownOn(label), scheme.window),
                   ProblemLabel::LeastContrast)
             << scheme.name;
+    }
+}
+
+TEST_F(ProblemLabelTests, MarkedInputsCanBeRead)
+{
+    const std::pair<QColor, QColor> grounds[] = {
+        {Qt::white, Qt::black}, {{35, 38, 41}, {252, 252, 252}}, {Qt::black, Qt::white}};
+    for (const auto &[ground, text] : grounds) {
+        QWidget window;
+        QPalette colors;
+        colors.setColor(QPalette::Base, ground);
+        colors.setColor(QPalette::Text, text);
+        window.setPalette(colors);
+        QLineEdit input(&window);
+        ProblemLabel::mark(&input, true);
+        const QColor marked = input.palette().color(QPalette::Base);
+        EXPECT_NE(marked, ground);
+        EXPECT_GE(ProblemLabel::contrast(text, marked), ProblemLabel::LeastContrast);
+        ProblemLabel::mark(&input, false);
+        EXPECT_EQ(input.palette().color(QPalette::Base), ground);
     }
 }

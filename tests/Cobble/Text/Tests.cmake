@@ -5,9 +5,11 @@ target_sources(CobbleTests PRIVATE
     Cobble/Text/CSVSeparatorTests.cpp
     Cobble/Text/CSVTextTests.cpp
     Cobble/Text/FormulaTextTests.cpp
+    Cobble/Text/HTMLTableTests.cpp
     Cobble/Text/ISODateTextTests.cpp
     Cobble/Text/OutcomeTests.cpp
     Cobble/Text/PrintableTextTests.cpp
+    Cobble/Text/ShortTextTests.cpp
     Cobble/Text/TextDecoderTests.cpp
     Cobble/Text/TextEncodingsTests.cpp
     Cobble/Text/TextFileTests.cpp

@@ -4,7 +4,7 @@
 #include "SheetSupport.h"
 
 #include "Window/FieldDelegate.h"
-#include "Window/TextInput.h"
+#include "Editing/TextInput.h"
 
 #include "Appearance/Icons.h"
 #include "Appearance/ProblemLabel.h"

@@ -1,5 +1,6 @@
 target_sources(CobbleTests PRIVATE
     Cobble/Window/ExportSheetTests.cpp
+    Cobble/Window/FieldDelegateTests.cpp
     Cobble/Window/ImportSheetTests.cpp
     Cobble/Window/MainWindowAccessTests.cpp
     Cobble/Window/MainWindowControllerTests.cpp
@@ -8,9 +9,10 @@ target_sources(CobbleTests PRIVATE
     Cobble/Window/MainWindowVisualTests.cpp
     Cobble/Window/MediaFieldTests.cpp
     Cobble/Window/OpenBundleTests.cpp
+    Cobble/Window/RecordCommandsTests.cpp
     Cobble/Window/RecordFinderTests.cpp
     Cobble/Window/RecordSearchTests.cpp
-    Cobble/Window/ShortTextTests.cpp
+    Cobble/Window/RejectedInputTests.cpp
     Cobble/Window/SmartLibraryListTests.cpp
     Cobble/Window/TransferSheetTests.cpp
     Cobble/Window/UndoTests.cpp

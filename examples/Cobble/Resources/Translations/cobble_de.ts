@@ -41,6 +41,13 @@
     </message>
 </context>
 <context>
+    <name>CopiedRecords</name>
+    <message>
+        <source>these are no copied records</source>
+        <translation>das sind keine kopierten Datensätze</translation>
+    </message>
+</context>
+<context>
     <name>Counts</name>
     <message numerus="yes">
         <source>%1 of %2 record(s)</source>
@@ -62,6 +69,45 @@
     <message>
         <source>Multiple values</source>
         <translation>Mehrere Werte</translation>
+    </message>
+</context>
+<context>
+    <name>EditMenu</name>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;New Record</source>
+        <translation>&amp;Neuer Datensatz</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Einfügen</translation>
+    </message>
+    <message>
+        <source>Copy C&amp;ell</source>
+        <translation>&amp;Zelle kopieren</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>&amp;Ausschneiden</translation>
+    </message>
+    <message>
+        <source>D&amp;uplicate</source>
+        <translation>&amp;Duplizieren</translation>
+    </message>
+    <message>
+        <source>Fill Do&amp;wn</source>
+        <translation>Nach &amp;unten ausfüllen</translation>
+    </message>
+    <message>
+        <source>Paste &amp;Into Cells</source>
+        <translation>&amp;In Zellen einfügen</translation>
+    </message>
+    <message>
+        <source>Select &amp;All</source>
+        <translation>A&amp;lles auswählen</translation>
     </message>
 </context>
 <context>
@@ -104,6 +150,21 @@
     </message>
 </context>
 <context>
+    <name>FieldSummary</name>
+    <message>
+        <source>From %1 to %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sum %1 · Average %2 · Least %3 · Most %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>too large</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>FieldTitle</name>
     <message>
         <source>%1:</source>
@@ -112,6 +173,281 @@
     <message>
         <source>Untitled</source>
         <translation>Ohne Titel</translation>
+    </message>
+</context>
+<context>
+    <name>FileDrop</name>
+    <message>
+        <source>Only files of this computer can be dropped here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please drop one file at a time.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” is no file that can be imported: these are csv, tsv, txt and vcf.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” is no file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FilterBar</name>
+    <message>
+        <source>&amp;Remove Filter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Save…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All conditions are met</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Any condition is met</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>As &amp;text:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Filter as Text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How Conditions Are Joined</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keeps the filter in the list of libraries</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This filter can only be changed as text.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FilterRow</name>
+    <message>
+        <source>Add Condition</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Comparison</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Field</source>
+        <translation>Feld</translation>
+    </message>
+    <message>
+        <source>Last Value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove Condition</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>and</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FilterTexts</name>
+    <message>
+        <source>%1 (behind “%2”)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>AND or OR is missing here</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>BETWEEN needs two values with AND between them</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a comparison such as = or CONTAINS is missing behind the field</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a field is missing here</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a name is missing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a value is missing here</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>Das kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>it is no month, no year and no month of a year</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is no regular expression: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>only [c], [d], [cd] and [] can stand here</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>several fields are called “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the filter is too long</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the list is not closed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the parenthesis is not closed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the quotation mark is not closed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there are too many parentheses</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is a library “%1” already</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is no field “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” is there twice</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1”: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FilterWords</name>
+    <message>
+        <source>begins with</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>contains</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>does not contain</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ends with</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is after</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is at least</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is at most</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is before</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is between</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is from</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is in the month or year</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is less than</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is more than</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is not</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is not empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is not in the month or year</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is one of</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is until</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>looks like (? and *)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>matches the expression</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>stands before</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>stands behind</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -391,6 +727,25 @@
     </message>
 </context>
 <context>
+    <name>LibraryActions</name>
+    <message>
+        <source>New Field</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Library</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Removed the library “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename Library</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>MainMenu</name>
     <message>
         <source>&amp;About Cobble</source>
@@ -433,6 +788,10 @@
         <translation>&amp;Tastenkürzel</translation>
     </message>
     <message>
+        <source>&amp;Library</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>&amp;Logging</source>
         <translation>&amp;Protokoll</translation>
     </message>
@@ -453,6 +812,10 @@
         <translation>&amp;Wiederholen</translation>
     </message>
     <message>
+        <source>&amp;Rename Library…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>&amp;Silenced Alerts…</source>
         <translation>S&amp;tumme Hinweise …</translation>
     </message>
@@ -467,6 +830,22 @@
     <message>
         <source>Cobble &amp;Help</source>
         <translation>&amp;Hilfe zu Cobble</translation>
+    </message>
+    <message>
+        <source>F&amp;ilter…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New &amp;Field…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New &amp;Library…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Re&amp;move Library</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -574,6 +953,10 @@
         </translation>
     </message>
     <message>
+        <source>The filter of “%1” no longer fits: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>There are no libraries yet.
 File ▸ Import… makes one of a table or of address cards.</source>
         <translation>Es gibt noch keine Bibliotheken.
@@ -582,6 +965,10 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <message>
         <source>There are no records yet.</source>
         <translation>Es gibt noch keine Datensätze.</translation>
+    </message>
+    <message>
+        <source>“%1” was not stored as “%2”</source>
+        <translation>„%1“ wurde nicht als „%2“ gespeichert</translation>
     </message>
 </context>
 <context>
@@ -620,6 +1007,60 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     </message>
 </context>
 <context>
+    <name>NameSheet</name>
+    <message>
+        <source>&amp;Name:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Type:</source>
+        <translation>T&amp;yp:</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Phone number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>NothingFound</name>
+    <message>
+        <source>Show &amp;All</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>OpenBundle</name>
     <message>
         <source>%1 is no folder</source>
@@ -636,6 +1077,82 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <message>
         <source>there is no database</source>
         <translation>Es gibt keine Datenbank</translation>
+    </message>
+</context>
+<context>
+    <name>PastePlan</name>
+    <message>
+        <source>a text is no picture, and pictures of other databases are not here</source>
+        <translation>ein Text ist kein Bild, und Bilder anderer Datenbanken sind nicht hier</translation>
+    </message>
+    <message>
+        <source>there is no field for this column</source>
+        <translation>für diese Spalte gibt es kein Feld</translation>
+    </message>
+    <message>
+        <source>there is no record in this row</source>
+        <translation>in dieser Zeile gibt es keinen Datensatz</translation>
+    </message>
+</context>
+<context>
+    <name>PasteProblems</name>
+    <message numerus="yes">
+        <source>%1 value(s) cannot be pasted. Nothing was stored yet.</source>
+        <translation>
+            <numerusform>%1 Wert kann nicht eingefügt werden. Noch wurde nichts gespeichert.</numerusform>
+            <numerusform>%1 Werte können nicht eingefügt werden. Noch wurde nichts gespeichert.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Field</source>
+        <translation>Feld</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Paste the Rest</source>
+        <translation>Rest einfügen</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>Grund</translation>
+    </message>
+    <message>
+        <source>Row</source>
+        <translation>Zeile</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>These are the first %1.</source>
+        <translation>Das sind die ersten %1.</translation>
+    </message>
+    <message>
+        <source>Values that cannot be pasted</source>
+        <translation>Werte, die nicht eingefügt werden können</translation>
+    </message>
+</context>
+<context>
+    <name>PendingInput</name>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Keep Editing</source>
+        <translation>Weiter bearbeiten</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be stored as “%2”.</source>
+        <translation>„%1“ kann nicht als „%2“ gespeichert werden.</translation>
     </message>
 </context>
 <context>
@@ -745,6 +1262,10 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
         <translation>Das widerspricht der Lesart der anderen Werte der Spalte</translation>
     </message>
     <message>
+        <source>it has more digits or parts than its field shows</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>it has moved to where plain http does not lead</source>
         <translation>Sie ist dorthin umgezogen, wohin einfaches HTTP nicht führt</translation>
     </message>
@@ -767,6 +1288,10 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <message>
         <source>it is no file</source>
         <translation>Das ist keine Datei</translation>
+    </message>
+    <message>
+        <source>it is no media file</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>it is no number</source>
@@ -1046,6 +1571,45 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     </message>
 </context>
 <context>
+    <name>RecordCommands</name>
+    <message numerus="yes">
+        <source>Added %1 record(s)</source>
+        <translation>
+            <numerusform>%1 Datensatz hinzugefügt</numerusform>
+            <numerusform>%1 Datensätze hinzugefügt</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>RecordFinder</name>
+    <message>
+        <source>No record fits the filter.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No record fits “%1” and the filter.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No record fits “%1”.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SelectionSummary</name>
+    <message numerus="yes">
+        <source>%1 selected</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
     <name>ShowLibraryAlert</name>
     <message>
         <source>It is in the list in any case.</source>
@@ -1088,6 +1652,33 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     </message>
 </context>
 <context>
+    <name>SmartLibraryList</name>
+    <message>
+        <source>Name:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename Smart Library</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save as Smart Library</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Some records of %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>StepText</name>
     <message>
         <source>Change</source>
@@ -1110,6 +1701,13 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
         <translation>
             <numerusform>%1 Datensatz löschen</numerusform>
             <numerusform>%1 Datensätze löschen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Duplicate %1 Record(s)</source>
+        <translation>
+            <numerusform>%1 Datensatz duplizieren</numerusform>
+            <numerusform>%1 Datensätze duplizieren</numerusform>
         </translation>
     </message>
     <message>
@@ -1162,6 +1760,21 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <message>
         <source>Replace</source>
         <translation>Ersetzen</translation>
+    </message>
+</context>
+<context>
+    <name>StepTexts</name>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a field needs a name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is a field of that name</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -67,12 +67,49 @@
     </message>
 </context>
 <context>
+    <name>PasteProblems</name>
+    <message numerus="yes">
+        <source>%1 value(s) cannot be pasted. Nothing was stored yet.</source>
+        <translation>
+            <numerusform>%1 value cannot be pasted. Nothing was stored yet.</numerusform>
+            <numerusform>%1 values cannot be pasted. Nothing was stored yet.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>RecordCommands</name>
+    <message numerus="yes">
+        <source>Added %1 record(s)</source>
+        <translation>
+            <numerusform>Added %1 record</numerusform>
+            <numerusform>Added %1 records</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>SelectionSummary</name>
+    <message numerus="yes">
+        <source>%1 selected</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>StepText</name>
     <message numerus="yes">
         <source>Delete %1 Record(s)</source>
         <translation>
             <numerusform>Delete %1 Record</numerusform>
             <numerusform>Delete %1 Records</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Duplicate %1 Record(s)</source>
+        <translation>
+            <numerusform>Duplicate %1 Record</numerusform>
+            <numerusform>Duplicate %1 Records</numerusform>
         </translation>
     </message>
     <message numerus="yes">

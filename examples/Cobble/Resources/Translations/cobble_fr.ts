@@ -41,6 +41,13 @@
     </message>
 </context>
 <context>
+    <name>CopiedRecords</name>
+    <message>
+        <source>these are no copied records</source>
+        <translation>ce ne sont pas des enregistrements copiés</translation>
+    </message>
+</context>
+<context>
     <name>Counts</name>
     <message numerus="yes">
         <source>%1 of %2 record(s)</source>
@@ -62,6 +69,45 @@
     <message>
         <source>Multiple values</source>
         <translation>Plusieurs valeurs</translation>
+    </message>
+</context>
+<context>
+    <name>EditMenu</name>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Copier</translation>
+    </message>
+    <message>
+        <source>&amp;New Record</source>
+        <translation>&amp;Nouvel enregistrement</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>C&amp;oller</translation>
+    </message>
+    <message>
+        <source>Copy C&amp;ell</source>
+        <translation>Copier la ce&amp;llule</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>Co&amp;uper</translation>
+    </message>
+    <message>
+        <source>D&amp;uplicate</source>
+        <translation>&amp;Dupliquer</translation>
+    </message>
+    <message>
+        <source>Fill Do&amp;wn</source>
+        <translation>&amp;Recopier vers le bas</translation>
+    </message>
+    <message>
+        <source>Paste &amp;Into Cells</source>
+        <translation>Coller dans les cellule&amp;s</translation>
+    </message>
+    <message>
+        <source>Select &amp;All</source>
+        <translation>&amp;Tout sélectionner</translation>
     </message>
 </context>
 <context>
@@ -104,6 +150,21 @@
     </message>
 </context>
 <context>
+    <name>FieldSummary</name>
+    <message>
+        <source>From %1 to %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sum %1 · Average %2 · Least %3 · Most %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>too large</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>FieldTitle</name>
     <message>
         <source>%1:</source>
@@ -112,6 +173,281 @@
     <message>
         <source>Untitled</source>
         <translation>Sans titre</translation>
+    </message>
+</context>
+<context>
+    <name>FileDrop</name>
+    <message>
+        <source>Only files of this computer can be dropped here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please drop one file at a time.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” is no file that can be imported: these are csv, tsv, txt and vcf.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” is no file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FilterBar</name>
+    <message>
+        <source>&amp;Remove Filter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Save…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All conditions are met</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Any condition is met</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>As &amp;text:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Filter as Text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How Conditions Are Joined</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keeps the filter in the list of libraries</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This filter can only be changed as text.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FilterRow</name>
+    <message>
+        <source>Add Condition</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Comparison</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Field</source>
+        <translation>Champ</translation>
+    </message>
+    <message>
+        <source>Last Value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove Condition</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Valeur</translation>
+    </message>
+    <message>
+        <source>and</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FilterTexts</name>
+    <message>
+        <source>%1 (behind “%2”)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>AND or OR is missing here</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>BETWEEN needs two values with AND between them</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a comparison such as = or CONTAINS is missing behind the field</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a field is missing here</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a name is missing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a value is missing here</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>Cela ne peut pas être lu</translation>
+    </message>
+    <message>
+        <source>it is no month, no year and no month of a year</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is no regular expression: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>only [c], [d], [cd] and [] can stand here</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>several fields are called “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the filter is too long</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the list is not closed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the parenthesis is not closed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the quotation mark is not closed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there are too many parentheses</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is a library “%1” already</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is no field “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” is there twice</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1”: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FilterWords</name>
+    <message>
+        <source>begins with</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>contains</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>does not contain</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ends with</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is after</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is at least</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is at most</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is before</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is between</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is from</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is in the month or year</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is less than</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is more than</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is not</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is not empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is not in the month or year</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is one of</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is until</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>looks like (? and *)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>matches the expression</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>stands before</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>stands behind</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -391,6 +727,25 @@
     </message>
 </context>
 <context>
+    <name>LibraryActions</name>
+    <message>
+        <source>New Field</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Library</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Removed the library “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename Library</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>MainMenu</name>
     <message>
         <source>&amp;About Cobble</source>
@@ -433,6 +788,10 @@
         <translation>&amp;Raccourcis clavier</translation>
     </message>
     <message>
+        <source>&amp;Library</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>&amp;Logging</source>
         <translation>&amp;Journal</translation>
     </message>
@@ -453,6 +812,10 @@
         <translation>Ré&amp;tablir</translation>
     </message>
     <message>
+        <source>&amp;Rename Library…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>&amp;Silenced Alerts…</source>
         <translation>Alertes &amp;masquées…</translation>
     </message>
@@ -467,6 +830,22 @@
     <message>
         <source>Cobble &amp;Help</source>
         <translation>&amp;Aide de Cobble</translation>
+    </message>
+    <message>
+        <source>F&amp;ilter…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New &amp;Field…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New &amp;Library…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Re&amp;move Library</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -574,6 +953,10 @@
         </translation>
     </message>
     <message>
+        <source>The filter of “%1” no longer fits: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>There are no libraries yet.
 File ▸ Import… makes one of a table or of address cards.</source>
         <translation>Il n’y a pas encore de bibliothèque.
@@ -582,6 +965,10 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <message>
         <source>There are no records yet.</source>
         <translation>Il n’y a pas encore d’enregistrement.</translation>
+    </message>
+    <message>
+        <source>“%1” was not stored as “%2”</source>
+        <translation>« %1 » n’a pas été enregistré comme « %2 »</translation>
     </message>
 </context>
 <context>
@@ -620,6 +1007,60 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     </message>
 </context>
 <context>
+    <name>NameSheet</name>
+    <message>
+        <source>&amp;Name:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Type:</source>
+        <translation>&amp;Type :</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Phone number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Image</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Texte</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>NothingFound</name>
+    <message>
+        <source>Show &amp;All</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>OpenBundle</name>
     <message>
         <source>%1 is no folder</source>
@@ -636,6 +1077,82 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <message>
         <source>there is no database</source>
         <translation>Il n’y a pas de base de données</translation>
+    </message>
+</context>
+<context>
+    <name>PastePlan</name>
+    <message>
+        <source>a text is no picture, and pictures of other databases are not here</source>
+        <translation>un texte n’est pas une image, et les images d’autres bases de données ne sont pas ici</translation>
+    </message>
+    <message>
+        <source>there is no field for this column</source>
+        <translation>il n’y a pas de champ pour cette colonne</translation>
+    </message>
+    <message>
+        <source>there is no record in this row</source>
+        <translation>il n’y a pas d’enregistrement dans cette ligne</translation>
+    </message>
+</context>
+<context>
+    <name>PasteProblems</name>
+    <message numerus="yes">
+        <source>%1 value(s) cannot be pasted. Nothing was stored yet.</source>
+        <translation>
+            <numerusform>%1 valeur ne peut pas être collée. Rien n’a encore été enregistré.</numerusform>
+            <numerusform>%1 valeurs ne peuvent pas être collées. Rien n’a encore été enregistré.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Field</source>
+        <translation>Champ</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Coller</translation>
+    </message>
+    <message>
+        <source>Paste the Rest</source>
+        <translation>Coller le reste</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>Raison</translation>
+    </message>
+    <message>
+        <source>Row</source>
+        <translation>Ligne</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Texte</translation>
+    </message>
+    <message>
+        <source>These are the first %1.</source>
+        <translation>Voici les %1 premières.</translation>
+    </message>
+    <message>
+        <source>Values that cannot be pasted</source>
+        <translation>Valeurs qui ne peuvent pas être collées</translation>
+    </message>
+</context>
+<context>
+    <name>PendingInput</name>
+    <message>
+        <source>Discard</source>
+        <translation>Abandonner</translation>
+    </message>
+    <message>
+        <source>Keep Editing</source>
+        <translation>Continuer la saisie</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be stored as “%2”.</source>
+        <translation>« %1 » ne peut pas être enregistré comme « %2 ».</translation>
     </message>
 </context>
 <context>
@@ -745,6 +1262,10 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
         <translation>Cela contredit la lecture des autres valeurs de la colonne</translation>
     </message>
     <message>
+        <source>it has more digits or parts than its field shows</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>it has moved to where plain http does not lead</source>
         <translation>Il a été déplacé là où le simple http ne mène pas</translation>
     </message>
@@ -767,6 +1288,10 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <message>
         <source>it is no file</source>
         <translation>Ce n’est pas un fichier</translation>
+    </message>
+    <message>
+        <source>it is no media file</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>it is no number</source>
@@ -1046,6 +1571,45 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     </message>
 </context>
 <context>
+    <name>RecordCommands</name>
+    <message numerus="yes">
+        <source>Added %1 record(s)</source>
+        <translation>
+            <numerusform>%1 enregistrement ajouté</numerusform>
+            <numerusform>%1 enregistrements ajoutés</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>RecordFinder</name>
+    <message>
+        <source>No record fits the filter.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No record fits “%1” and the filter.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No record fits “%1”.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SelectionSummary</name>
+    <message numerus="yes">
+        <source>%1 selected</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+</context>
+<context>
     <name>ShowLibraryAlert</name>
     <message>
         <source>It is in the list in any case.</source>
@@ -1088,6 +1652,33 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     </message>
 </context>
 <context>
+    <name>SmartLibraryList</name>
+    <message>
+        <source>Name:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename Smart Library</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save as Smart Library</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Some records of %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>StepText</name>
     <message>
         <source>Change</source>
@@ -1110,6 +1701,13 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
         <translation>
             <numerusform>Supprimer %1 enregistrement</numerusform>
             <numerusform>Supprimer %1 enregistrements</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Duplicate %1 Record(s)</source>
+        <translation>
+            <numerusform>Dupliquer %1 enregistrement</numerusform>
+            <numerusform>Dupliquer %1 enregistrements</numerusform>
         </translation>
     </message>
     <message>
@@ -1162,6 +1760,21 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <message>
         <source>Replace</source>
         <translation>Remplacer</translation>
+    </message>
+</context>
+<context>
+    <name>StepTexts</name>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a field needs a name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is a field of that name</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -41,6 +41,13 @@
     </message>
 </context>
 <context>
+    <name>CopiedRecords</name>
+    <message>
+        <source>these are no copied records</source>
+        <translation>コピーされたレコードではありません</translation>
+    </message>
+</context>
+<context>
     <name>Counts</name>
     <message numerus="yes">
         <source>%1 of %2 record(s)</source>
@@ -60,6 +67,45 @@
     <message>
         <source>Multiple values</source>
         <translation>複数の値</translation>
+    </message>
+</context>
+<context>
+    <name>EditMenu</name>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>コピー(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;New Record</source>
+        <translation>新規レコード(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>貼り付け(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Copy C&amp;ell</source>
+        <translation>セルをコピー(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>切り取り(&amp;T)</translation>
+    </message>
+    <message>
+        <source>D&amp;uplicate</source>
+        <translation>複製(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Fill Do&amp;wn</source>
+        <translation>下方向にコピー(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Paste &amp;Into Cells</source>
+        <translation>セルに貼り付け(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Select &amp;All</source>
+        <translation>すべて選択(&amp;A)</translation>
     </message>
 </context>
 <context>
@@ -102,6 +148,21 @@
     </message>
 </context>
 <context>
+    <name>FieldSummary</name>
+    <message>
+        <source>From %1 to %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sum %1 · Average %2 · Least %3 · Most %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>too large</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>FieldTitle</name>
     <message>
         <source>%1:</source>
@@ -110,6 +171,281 @@
     <message>
         <source>Untitled</source>
         <translation>無題</translation>
+    </message>
+</context>
+<context>
+    <name>FileDrop</name>
+    <message>
+        <source>Only files of this computer can be dropped here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please drop one file at a time.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” is no file that can be imported: these are csv, tsv, txt and vcf.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” is no file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FilterBar</name>
+    <message>
+        <source>&amp;Remove Filter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Save…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All conditions are met</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Any condition is met</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>As &amp;text:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Filter as Text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How Conditions Are Joined</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keeps the filter in the list of libraries</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This filter can only be changed as text.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FilterRow</name>
+    <message>
+        <source>Add Condition</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Comparison</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Field</source>
+        <translation>フィールド</translation>
+    </message>
+    <message>
+        <source>Last Value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove Condition</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
+    </message>
+    <message>
+        <source>and</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FilterTexts</name>
+    <message>
+        <source>%1 (behind “%2”)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>AND or OR is missing here</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>BETWEEN needs two values with AND between them</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a comparison such as = or CONTAINS is missing behind the field</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a field is missing here</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a name is missing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a value is missing here</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>読み取れません</translation>
+    </message>
+    <message>
+        <source>it is no month, no year and no month of a year</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is no regular expression: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>only [c], [d], [cd] and [] can stand here</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>several fields are called “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the filter is too long</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the list is not closed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the parenthesis is not closed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the quotation mark is not closed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there are too many parentheses</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is a library “%1” already</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is no field “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” is there twice</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1”: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FilterWords</name>
+    <message>
+        <source>begins with</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>contains</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>does not contain</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ends with</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is after</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is at least</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is at most</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is before</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is between</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is from</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is in the month or year</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is less than</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is more than</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is not</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is not empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is not in the month or year</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is one of</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is until</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>looks like (? and *)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>matches the expression</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>stands before</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>stands behind</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -388,6 +724,25 @@
     </message>
 </context>
 <context>
+    <name>LibraryActions</name>
+    <message>
+        <source>New Field</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Library</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Removed the library “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename Library</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>MainMenu</name>
     <message>
         <source>&amp;About Cobble</source>
@@ -430,6 +785,10 @@
         <translation>キーボードショートカット(&amp;K)</translation>
     </message>
     <message>
+        <source>&amp;Library</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>&amp;Logging</source>
         <translation>ログ(&amp;L)</translation>
     </message>
@@ -450,6 +809,10 @@
         <translation>やり直す(&amp;R)</translation>
     </message>
     <message>
+        <source>&amp;Rename Library…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>&amp;Silenced Alerts…</source>
         <translation>表示しない警告(&amp;S)…</translation>
     </message>
@@ -464,6 +827,22 @@
     <message>
         <source>Cobble &amp;Help</source>
         <translation>Cobble ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>F&amp;ilter…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New &amp;Field…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New &amp;Library…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Re&amp;move Library</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -566,6 +945,10 @@
         </translation>
     </message>
     <message>
+        <source>The filter of “%1” no longer fits: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>There are no libraries yet.
 File ▸ Import… makes one of a table or of address cards.</source>
         <translation>ライブラリはまだありません。
@@ -574,6 +957,10 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <message>
         <source>There are no records yet.</source>
         <translation>レコードはまだありません。</translation>
+    </message>
+    <message>
+        <source>“%1” was not stored as “%2”</source>
+        <translation>“%1”は“%2”として保存されませんでした</translation>
     </message>
 </context>
 <context>
@@ -612,6 +999,60 @@ File ▸ Import… makes one of a table or of address cards.</source>
     </message>
 </context>
 <context>
+    <name>NameSheet</name>
+    <message>
+        <source>&amp;Name:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Type:</source>
+        <translation>型(&amp;T):</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Phone number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>テキスト</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>NothingFound</name>
+    <message>
+        <source>Show &amp;All</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>OpenBundle</name>
     <message>
         <source>%1 is no folder</source>
@@ -628,6 +1069,81 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <message>
         <source>there is no database</source>
         <translation>データベースがありません</translation>
+    </message>
+</context>
+<context>
+    <name>PastePlan</name>
+    <message>
+        <source>a text is no picture, and pictures of other databases are not here</source>
+        <translation>テキストは画像ではなく、ほかのデータベースの画像はここにはありません</translation>
+    </message>
+    <message>
+        <source>there is no field for this column</source>
+        <translation>この列に対応するフィールドがありません</translation>
+    </message>
+    <message>
+        <source>there is no record in this row</source>
+        <translation>この行にはレコードがありません</translation>
+    </message>
+</context>
+<context>
+    <name>PasteProblems</name>
+    <message numerus="yes">
+        <source>%1 value(s) cannot be pasted. Nothing was stored yet.</source>
+        <translation>
+            <numerusform>%1個の値を貼り付けられません。まだ何も保存されていません。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Field</source>
+        <translation>フィールド</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>貼り付け</translation>
+    </message>
+    <message>
+        <source>Paste the Rest</source>
+        <translation>残りを貼り付け</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>理由</translation>
+    </message>
+    <message>
+        <source>Row</source>
+        <translation>行</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>テキスト</translation>
+    </message>
+    <message>
+        <source>These are the first %1.</source>
+        <translation>最初の%1個を表示しています。</translation>
+    </message>
+    <message>
+        <source>Values that cannot be pasted</source>
+        <translation>貼り付けられない値</translation>
+    </message>
+</context>
+<context>
+    <name>PendingInput</name>
+    <message>
+        <source>Discard</source>
+        <translation>破棄</translation>
+    </message>
+    <message>
+        <source>Keep Editing</source>
+        <translation>編集を続ける</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be stored as “%2”.</source>
+        <translation>“%1”は“%2”として保存できません。</translation>
     </message>
 </context>
 <context>
@@ -737,6 +1253,10 @@ File ▸ Import… makes one of a table or of address cards.</source>
         <translation>列のほかの値の読み取り方と矛盾します</translation>
     </message>
     <message>
+        <source>it has more digits or parts than its field shows</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>it has moved to where plain http does not lead</source>
         <translation>通常の HTTP では届かない場所に移動しました</translation>
     </message>
@@ -759,6 +1279,10 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <message>
         <source>it is no file</source>
         <translation>ファイルではありません</translation>
+    </message>
+    <message>
+        <source>it is no media file</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>it is no number</source>
@@ -1038,6 +1562,43 @@ File ▸ Import… makes one of a table or of address cards.</source>
     </message>
 </context>
 <context>
+    <name>RecordCommands</name>
+    <message numerus="yes">
+        <source>Added %1 record(s)</source>
+        <translation>
+            <numerusform>%1件のレコードを追加しました</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>RecordFinder</name>
+    <message>
+        <source>No record fits the filter.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No record fits “%1” and the filter.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No record fits “%1”.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SelectionSummary</name>
+    <message numerus="yes">
+        <source>%1 selected</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
     <name>ShowLibraryAlert</name>
     <message>
         <source>It is in the list in any case.</source>
@@ -1080,6 +1641,33 @@ File ▸ Import… makes one of a table or of address cards.</source>
     </message>
 </context>
 <context>
+    <name>SmartLibraryList</name>
+    <message>
+        <source>Name:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename Smart Library</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save as Smart Library</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Some records of %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>StepText</name>
     <message>
         <source>Change</source>
@@ -1101,6 +1689,12 @@ File ▸ Import… makes one of a table or of address cards.</source>
         <source>Delete %1 Record(s)</source>
         <translation>
             <numerusform>%1 件のレコードの削除</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Duplicate %1 Record(s)</source>
+        <translation>
+            <numerusform>%1件のレコードを複製</numerusform>
         </translation>
     </message>
     <message>
@@ -1152,6 +1746,21 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <message>
         <source>Replace</source>
         <translation>置き換え</translation>
+    </message>
+</context>
+<context>
+    <name>StepTexts</name>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a field needs a name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is a field of that name</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -3,7 +3,9 @@
 #include <KTUtility/NSClassRegistry>
 
 #include <QEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
+#include <QStyle>
 
 #include <algorithm>
 #include <cmath>
@@ -14,6 +16,17 @@ namespace {
 /// Of white before black, and of red.
 constexpr int Hue = 6;
 constexpr int Saturation = 170;
+/// Between the sign and the text.
+constexpr int Gap = 4;
+/// How red the ground of an input becomes.
+constexpr double Tint = 0.15;
+
+QColor mixed(const QColor &ground, const QColor &tint)
+{
+    const auto part = [](float one, float other) { return float(one * (1 - Tint) + other * Tint); };
+    return QColor::fromRgbF(part(ground.redF(), tint.redF()), part(ground.greenF(), tint.greenF()),
+                            part(ground.blueF(), tint.blueF()));
+}
 
 double linear(double component)
 {
@@ -40,7 +53,44 @@ ProblemLabel::ProblemLabel(QWidget *parent) : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
+    leaveSpaceForSign();
     updateColor();
+}
+
+void ProblemLabel::mark(QWidget *input, bool isWrong)
+{
+    input->setPalette(QPalette());
+    if (!isWrong)
+        return;
+    QPalette colors = input->palette();
+    const QColor ground = colors.color(QPalette::Base);
+    colors.setColor(QPalette::Base, mixed(ground, colorOn(ground)));
+    input->setPalette(colors);
+}
+
+int ProblemLabel::signSize() const
+{
+    return style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+}
+
+void ProblemLabel::leaveSpaceForSign()
+{
+    const int space = signSize() + Gap;
+    const bool isMirrored = isRightToLeft();
+    setContentsMargins(isMirrored ? 0 : space, 0, isMirrored ? space : 0, 0);
+}
+
+void ProblemLabel::paintEvent(QPaintEvent *event)
+{
+    QLabel::paintEvent(event);
+    if (text().isEmpty())
+        return;
+    const int size = signSize();
+    const QRect place(0, (height() - size) / 2, size, size);
+    QPainter painter(this);
+    style()
+        ->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this)
+        .paint(&painter, QStyle::visualRect(layoutDirection(), rect(), place));
 }
 
 double ProblemLabel::contrast(const QColor &one, const QColor &other)
@@ -73,4 +123,6 @@ void ProblemLabel::changeEvent(QEvent *event)
     QLabel::changeEvent(event);
     if (event->type() == QEvent::PaletteChange && !_isUpdating)
         updateColor();
+    if (event->type() == QEvent::LayoutDirectionChange || event->type() == QEvent::StyleChange)
+        leaveSpaceForSign();
 }

@@ -2,8 +2,8 @@
 
 #include <QLabel>
 
-/// A text that says what is wrong, in red that can be read on the colours of the desktop: its
-/// contrast is that of the guidelines for accessible text (WCAG 2) or more.
+/// A text that says what is wrong, with the sign for that, in red that can be read on the colours of
+/// the desktop: its contrast is that of the guidelines for accessible text (WCAG 2) or more.
 class ProblemLabel : public QLabel
 {
     Q_OBJECT
@@ -17,11 +17,16 @@ public:
     static double contrast(const QColor &one, const QColor &other);
     /// A red that can be read on a background; black or white where no red can.
     static QColor colorOn(const QColor &background);
+    /// Gives an input the ground of something wrong, or takes it away.
+    static void mark(QWidget *input, bool isWrong);
 
 protected:
     void changeEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
+    int signSize() const;
+    void leaveSpaceForSign();
     void updateColor();
 
     bool _isUpdating = false;

@@ -33,6 +33,8 @@ QString StepText::of(const StepTitle &title)
          [&] { return field.isEmpty() ? tr("Change") : tr("Change of “%1”").arg(field); }},
         {StepKinds::Insert,
          [&] { return tr("New %1 Record(s)", nullptr, count).arg(Counts::number(count)); }},
+        {StepKinds::Duplicate,
+         [&] { return tr("Duplicate %1 Record(s)", nullptr, count).arg(Counts::number(count)); }},
         {StepKinds::Delete,
          [&] { return tr("Delete %1 Record(s)", nullptr, count).arg(Counts::number(count)); }},
         {StepKinds::Paste, [] { return tr("Paste"); }},

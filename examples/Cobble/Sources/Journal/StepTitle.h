@@ -16,6 +16,7 @@ struct StepTitle
 namespace StepKinds {
 inline const QString Edit = QStringLiteral("edit");
 inline const QString Insert = QStringLiteral("insert");
+inline const QString Duplicate = QStringLiteral("duplicate");
 inline const QString Delete = QStringLiteral("delete");
 inline const QString Paste = QStringLiteral("paste");
 inline const QString Fill = QStringLiteral("fill");

@@ -4,8 +4,10 @@ target_sources(CobbleHost PRIVATE
     Sources/Text/CSVScanner.cpp
     Sources/Text/CSVSeparator.cpp
     Sources/Text/FormulaText.cpp
+    Sources/Text/HTMLTable.cpp
     Sources/Text/Outcome.h
     Sources/Text/PrintableText.cpp
+    Sources/Text/ShortText.cpp
     Sources/Text/TextDecoder.cpp
     Sources/Text/TextEncodings.cpp
     Sources/Text/TextFile.cpp

@@ -53,6 +53,8 @@ FieldEditor *DetailPane::editor(qsizetype field) const
 
 void DetailPane::rebuild()
 {
+    for (const Row &row : std::as_const(_rows))
+        tellLost(row);
     while (_layout->rowCount() > 0)
         _layout->removeRow(0);
     _rows.clear();
@@ -116,9 +118,31 @@ void DetailPane::showSelection()
     const bool areOthers = selected != _shown;
     _shown = selected;
     for (const Row &row : std::as_const(_rows)) {
+        if (areOthers)
+            tellLost(row);
         if (row.row && (areOthers || !row.editor->isEdited()))
             show(row);
     }
+}
+
+/// Something is lost without being asked only when others do it: another window, or what was undone.
+void DetailPane::tellLost(const Row &row)
+{
+    if (row.row && row.editor && row.editor->isEdited())
+        Q_EMIT inputLost(row.row->field()->title(), row.editor->text());
+}
+
+std::optional<RejectedInput> DetailPane::settle()
+{
+    for (const Row &row : std::as_const(_rows)) {
+        if (row.editor)
+            row.editor->commit();
+        if (row.row && row.editor && row.editor->isEdited() && !row.editor->problem().isNull())
+            return RejectedInput{row.row->field()->title(), row.editor->text(),
+                                 row.editor->problem(), row.editor->input(),
+                                 [editor = row.editor] { editor->takeBack(); }};
+    }
+    return {};
 }
 
 // A row keeps the value that it has when what is selected has none, or several.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Editing/RejectedInput.h"
 #include "Forms/DetailForm.h"
 
 #include <QPointer>
@@ -15,7 +16,7 @@ class QLabel;
 /// The form below a table of records: an editor for each field of what is selected.
 ///
 /// Several selected records are edited at once; where they differ, the editor is empty and says so.
-class DetailPane : public QWidget
+class DetailPane : public QWidget, public InputSource
 {
     Q_OBJECT
 
@@ -45,6 +46,12 @@ public:
     /// The picture of a media field by its position; null for other fields.
     MediaField *mediaField(qsizetype field) const;
 
+    std::optional<RejectedInput> settle() override;
+
+Q_SIGNALS:
+    /// What was typed is gone, since others are shown than those that it was meant for.
+    void inputLost(const QString &field, const QString &text);
+
 private:
     /// What one field is edited by.
     struct Row
@@ -62,6 +69,7 @@ private:
     QWidget *inputFor(const Row &row);
     void show(const Row &row) const;
     void showMedia(const Row &row) const;
+    void tellLost(const Row &row);
     void take(const Row &row, const QString &text);
     void askAndTake(const Row &row, const QString &text, qsizetype count);
     void store(const Row &row, const QString &text);

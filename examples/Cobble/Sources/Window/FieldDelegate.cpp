@@ -2,17 +2,19 @@
 
 #include "Appearance/ProblemLabel.h"
 #include "Appearance/Sentence.h"
+#include "Editing/TextInput.h"
 #include "RecordTableModel.h"
-#include "TextInput.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
-#include <QToolTip>
 
 namespace {
 constexpr const char *FieldProperty = "_field";
+constexpr const char *HeightProperty = "_cellHeight";
+constexpr int MostLines = 5;
+constexpr int LeastNoteWidth = 240;
 constexpr int FrameWidth = 2;
 constexpr QChar FirstStrongIsolate(0x2068);
 constexpr QChar PopIsolate(0x2069);
@@ -28,20 +30,33 @@ RecordTableModel *modelOf(const QModelIndex &index)
     return const_cast<RecordTableModel *>(qobject_cast<const RecordTableModel *>(index.model()));
 }
 
-bool isReturn(const QEvent *event)
+/// At least the height of the cell.
+void fitHeight(TextInput *lines)
 {
-    if (event->type() != QEvent::KeyPress)
-        return false;
-    const auto *const press = static_cast<const QKeyEvent *>(event);
-    return (press->key() == Qt::Key_Return || press->key() == Qt::Key_Enter) &&
-           !press->modifiers().testFlag(Qt::ShiftModifier);
+    const int shown = qMin(lines->blockCount(), MostLines);
+    const int around = 2 * int(lines->document()->documentMargin()) + 2 * lines->frameWidth();
+    const int needed = shown * lines->fontMetrics().lineSpacing() + around;
+    lines->resize(lines->width(), qMax(lines->property(HeightProperty).toInt(), needed));
 }
 
-void showProblem(QWidget *editor, const QString &reason)
+/// A text may have several lines.
+TextInput *makeLines(QWidget *parent)
 {
-    const QString sentence = Sentence::of(reason);
-    editor->setAccessibleDescription(sentence);
-    QToolTip::showText(editor->mapToGlobal(QPoint(0, editor->height())), sentence, editor);
+    auto *const lines = new TextInput(parent);
+    lines->setTabChangesFocus(true);
+    QObject::connect(lines, &TextInput::textChanged, lines, [lines] { fitHeight(lines); });
+    return lines;
+}
+
+QModelIndex cellOf(const QWidget *editor)
+{
+    return editor->property(FieldProperty).value<QPersistentModelIndex>();
+}
+
+/// The keyboard comes back from menus and other windows.
+bool isForAWhile(const QFocusEvent &focus)
+{
+    return focus.reason() == Qt::PopupFocusReason || focus.reason() == Qt::ActiveWindowFocusReason;
 }
 } // namespace
 
@@ -81,13 +96,12 @@ QString FieldDelegate::displayText(const QVariant &value, const QLocale &locale)
 QWidget *FieldDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &,
                                      const QModelIndex &index) const
 {
-    // A line edit would lose the line breaks of a text.
-    const QString text = index.data(Qt::EditRole).toString();
     QWidget *editor = nullptr;
-    if (text.contains(u'\n'))
-        editor = new TextInput(parent);
+    if (modelOf(index)->typeAt(index.column()) == FieldType::Text)
+        editor = makeLines(parent);
     else
         editor = new QLineEdit(parent);
+    _editor = editor;
     editor->setProperty(FieldProperty, QPersistentModelIndex(index));
     editor->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
     return editor;
@@ -115,23 +129,125 @@ void FieldDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
 void FieldDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
                                          const QModelIndex &) const
 {
-    QRect place = option.rect;
-    if (qobject_cast<TextInput *>(editor))
-        place.setHeight(qMax(place.height(), editor->fontMetrics().lineSpacing() * 4));
-    editor->setGeometry(place);
+    editor->setGeometry(option.rect);
+    editor->setProperty(HeightProperty, option.rect.height());
+    if (auto *const lines = qobject_cast<TextInput *>(editor))
+        fitHeight(lines);
+    placeProblem(editor);
+}
+
+// --- Leaving ------------------------------------------------------------------------------------
+
+Outcome<> FieldDelegate::store(QWidget *editor)
+{
+    const QModelIndex cell = cellOf(editor);
+    RecordTableModel *const model = modelOf(cell);
+    const Outcome<> taken = model ? model->take(textIn(editor), cell) : Outcome<>();
+    showProblem(editor, taken.reason());
+    return taken;
+}
+
+bool FieldDelegate::storeAndClose(QWidget *editor)
+{
+    if (!store(editor))
+        return false;
+    Q_EMIT closeEditor(editor, QAbstractItemDelegate::NoHint);
+    return true;
+}
+
+void FieldDelegate::leave(QWidget *editor, Way way)
+{
+    const QPersistentModelIndex cell = cellOf(editor);
+    if (storeAndClose(editor) && cell.isValid())
+        Q_EMIT left(cell, way);
+}
+
+std::optional<RejectedInput> FieldDelegate::settle()
+{
+    if (!_editor || !_editor->isVisible())
+        return {};
+    const QModelIndex cell = cellOf(_editor);
+    const QString text = textIn(_editor);
+    const Outcome<> taken = store(_editor);
+    if (taken) {
+        Q_EMIT closeEditor(_editor, QAbstractItemDelegate::NoHint);
+        return {};
+    }
+    return RejectedInput{cell.model()->headerData(cell.column(), Qt::Horizontal).toString(), text,
+                         taken.reason(), _editor, [this] {
+                             if (_problem)
+                                 _problem->hide();
+                             Q_EMIT closeEditor(_editor, QAbstractItemDelegate::RevertModelCache);
+                         }};
+}
+
+void FieldDelegate::showProblem(QWidget *editor, const QString &reason)
+{
+    const QString sentence = Sentence::of(reason);
+    editor->setAccessibleDescription(sentence);
+    ProblemLabel::mark(editor, !reason.isEmpty());
+    if (!_problem && !reason.isEmpty()) {
+        _problem = new ProblemLabel(editor->parentWidget());
+        // A note on the table, not a part of it.
+        _problem->setAutoFillBackground(true);
+        _problem->setBackgroundRole(QPalette::Window);
+        _problem->setForegroundRole(QPalette::WindowText);
+        _problem->setFrameShape(QFrame::Box);
+        _problem->setAttribute(Qt::WA_NoMousePropagation);
+        QObject::connect(editor, &QObject::destroyed, _problem, &QObject::deleteLater);
+    }
+    if (!_problem)
+        return;
+    _problem->setText(sentence);
+    _problem->setVisible(!reason.isEmpty());
+    placeProblem(editor);
+}
+
+/// Below the editor, or above it where there is no room below.
+void FieldDelegate::placeProblem(const QWidget *editor) const
+{
+    if (!_problem || _problem->isHidden())
+        return;
+    const QWidget *const around = editor->parentWidget();
+    const int width = qMin(qMax(editor->width(), LeastNoteWidth), around->width());
+    const int height = _problem->heightForWidth(width);
+    const bool fits = editor->geometry().bottom() + height < around->height();
+    _problem->setGeometry(qBound(0, editor->x(), qMax(0, around->width() - width)),
+                          fits ? editor->geometry().bottom() + 1 : editor->y() - height, width,
+                          height);
+    _problem->raise();
+}
+
+/// \return whether the key is not for the text.
+bool FieldDelegate::handleKey(QWidget *editor, const QKeyEvent &press)
+{
+    switch (press.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (press.modifiers().testFlag(Qt::ShiftModifier))
+            return false;
+        leave(editor, Way::Down);
+        return true;
+    case Qt::Key_Tab:
+        leave(editor, Way::Next);
+        return true;
+    case Qt::Key_Backtab:
+        leave(editor, Way::Previous);
+        return true;
+    default:
+        return false;
+    }
 }
 
 bool FieldDelegate::eventFilter(QObject *object, QEvent *event)
 {
     auto *const editor = qobject_cast<QWidget *>(object);
-    if (!editor || !isReturn(event))
+    if (editor && event->type() == QEvent::KeyPress &&
+        handleKey(editor, *static_cast<const QKeyEvent *>(event)))
+        return true;
+    if (!editor || event->type() != QEvent::FocusOut)
         return QStyledItemDelegate::eventFilter(object, event);
-    const QModelIndex index = editor->property(FieldProperty).value<QPersistentModelIndex>();
-    RecordTableModel *const model = modelOf(index);
-    const Outcome<> taken = model ? model->take(textIn(editor), index) : Outcome<>();
-    if (taken)
-        Q_EMIT closeEditor(editor, QAbstractItemDelegate::NoHint);
-    else
-        showProblem(editor, taken.reason());
-    return true;
+    if (editor->isVisible() && !isForAWhile(*static_cast<const QFocusEvent *>(event)))
+        storeAndClose(editor);
+    return false;
 }

@@ -2,7 +2,7 @@
 
 #include "Appearance/ProblemLabel.h"
 #include "Appearance/Sentence.h"
-#include "TextInput.h"
+#include "Editing/TextInput.h"
 
 #include <QEvent>
 #include <QKeyEvent>
@@ -95,6 +95,7 @@ void FieldEditor::setProblem(const QString &reason)
     _problem->setVisible(!sentence.isEmpty());
     input()->setAccessibleDescription(sentence);
     input()->setToolTip(sentence);
+    ProblemLabel::mark(input(), !sentence.isEmpty());
 }
 
 QString FieldEditor::problem() const
@@ -117,7 +118,7 @@ void FieldEditor::commit()
 bool FieldEditor::handleKey(int key, Qt::KeyboardModifiers modifiers)
 {
     if (key == Qt::Key_Escape && isEdited()) {
-        setText(_text);
+        takeBack();
         return true;
     }
     const bool isReturn = key == Qt::Key_Return || key == Qt::Key_Enter;

@@ -37,6 +37,10 @@ public:
     void setProblem(const QString &reason);
     /// The reason shown; nil if there is none.
     QString problem() const;
+    /// Has what was typed read, if anything was.
+    void commit();
+    /// Shows the value again that the field has, as Escape does.
+    void takeBack() { setText(_text); }
     /// What a screen reader calls the editor.
     void setTitle(const QString &title);
     /// The widget that has the cursor.
@@ -54,7 +58,6 @@ private:
     void makeTextInput();
     void fitHeight();
     bool handleKey(int key, Qt::KeyboardModifiers modifiers);
-    void commit();
 
     QLineEdit *_line = nullptr;
     TextInput *_lines = nullptr;

@@ -1,9 +1,9 @@
 #include "ImportSheet.h"
 
 #include "Importing/WorkThread.h"
-#include "ShortText.h"
 #include "Text/CSVReader.h"
 #include "Text/CSVSeparator.h"
+#include "Text/ShortText.h"
 #include "Text/TextEncodings.h"
 
 #include <KTUtility/KTWindowController>

@@ -1,7 +1,7 @@
 #include "ImportSummary.h"
 
 #include "Appearance/Counts.h"
-#include "ShortText.h"
+#include "Text/ShortText.h"
 
 #include <QHeaderView>
 #include <QLabel>

@@ -1,6 +1,7 @@
 #include "MainMenu.h"
 
 #include "Appearance/Icons.h"
+#include "Editing/EditMenu.h"
 
 #include <KTUtility/KTLogger>
 #include <KTUtility/NSMenuItem>
@@ -54,7 +55,7 @@ void addLoggingMenu(QMenu *help, KTLogger *logger)
 } // namespace
 
 void MainMenu::add(QMainWindow *window, QObject *controller, QObject *libraries,
-                   QObject *application, KTLogger *logger)
+                   QObject *application, KTLogger *logger, const EditCommands &commands)
 {
     QMenuBar *const bar = window->menuBar();
     addItems(bar->addMenu(tr("&File")),
@@ -66,10 +67,13 @@ void MainMenu::add(QMainWindow *window, QObject *controller, QObject *libraries,
               {tr("&Export…"), "exportFile:", controller, QKeySequence(u"Ctrl+E"_qs)},
               Line,
               {tr("&Quit"), "terminate:", application, QKeySequence(u"Ctrl+Q"_qs)}});
-    addItems(bar->addMenu(tr("&Edit")),
-             {{tr("&Undo"), "undoChange:", controller, QKeySequence(u"Ctrl+Z"_qs)},
-              {tr("&Redo"), "redoChange:", controller, QKeySequence(u"Ctrl+Shift+Z"_qs)},
-              Line,
+    QMenu *const edit = bar->addMenu(tr("&Edit"));
+    addItems(edit, {{tr("&Undo"), "undoChange:", controller, QKeySequence(u"Ctrl+Z"_qs)},
+                    {tr("&Redo"), "redoChange:", controller, QKeySequence(u"Ctrl+Shift+Z"_qs)},
+                    Line});
+    EditMenu::addItems(edit, controller, commands);
+    addItems(edit,
+             {Line,
               {tr("&Find"), "findRecords:", controller, QKeySequence::Find},
               {tr("F&ilter…"), "filterRecords:", controller, QKeySequence(u"Ctrl+Shift+F"_qs)},
               Line,

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 
+class EditCommands;
 class KTLogger;
 class QMainWindow;
 class QObject;
@@ -16,6 +17,7 @@ public:
 
     /// Adds them. The items send their actions to \a controller, those of the whole program to \a
     /// application, and those about libraries as such to \a libraries, and are validated by them.
+    /// \param commands what the Edit menu does.
     static void add(QMainWindow *window, QObject *controller, QObject *libraries,
-                    QObject *application, KTLogger *logger);
+                    QObject *application, KTLogger *logger, const EditCommands &commands);
 };

@@ -106,7 +106,9 @@ QWidget *MainWindow::makeRecords(RecordTableModel *model)
     _table = new RecordTableView;
     _table->setAccessibleName(tr("Records"));
     _table->setModel(model);
-    _table->setItemDelegate(new FieldDelegate(_table));
+    _cells = new FieldDelegate(_table);
+    _table->setItemDelegate(_cells);
+    QObject::connect(_cells, &FieldDelegate::left, _table, &RecordTableView::goOn);
     _table->setSelectionBehavior(QAbstractItemView::SelectRows);
     _table->setAlternatingRowColors(true);
     _table->setWordWrap(false);

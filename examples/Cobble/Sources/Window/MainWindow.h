@@ -5,6 +5,7 @@
 #include <QMainWindow>
 
 class DetailPane;
+class FieldDelegate;
 class FilterBar;
 class QLabel;
 class QLineEdit;
@@ -25,6 +26,8 @@ public:
 
     QListWidget *libraries() const { return _libraries; }
     RecordTableView *table() const { return _table; }
+    /// What is typed into the table.
+    FieldDelegate *cells() const { return _cells; }
     DetailPane *detail() const { return _detail; }
     QLineEdit *search() const { return _search; }
     FilterBar *filterBar() const { return _filterBar; }
@@ -57,6 +60,7 @@ private:
 
     QListWidget *_libraries = nullptr;
     RecordTableView *_table = nullptr;
+    FieldDelegate *_cells = nullptr;
     DetailPane *_detail = nullptr;
     QLineEdit *_search = nullptr;
     FilterBar *_filterBar = nullptr;

@@ -6,6 +6,8 @@
 #include "DesktopApplication.h"
 #include "DetailPane.h"
 #include "Drops/FileDrop.h"
+#include "Editing/EditCommands.h"
+#include "Editing/TextInputs.h"
 #include "Finding/FilterBar.h"
 #include "MainMenu.h"
 #include "MainWindow.h"
@@ -19,6 +21,7 @@
 
 #include <KTUtility/KTArraySelection>
 #include <KTUtility/NSAlert>
+#include <KTUtility/NSApplication>
 #include <KTUtility/NSMenuItem>
 #include <KTUtility/NSURL>
 
@@ -78,7 +81,8 @@ void MainWindowController::loadWindow()
 {
     auto *const made = new MainWindow(&_records, _model.get());
     setWindow(made);
-    MainMenu::add(made, this, makeLibraryActions(made), _application, _application->logger());
+    MainMenu::add(made, this, makeLibraryActions(made), _application, _application->logger(),
+                  EditCommands(&_commands));
     made->addContextMenus();
     // In a text field, the key deletes letters.
     auto *const deletion = made->findChild<QAction *>(QString::fromLatin1("deleteRecords:"));
@@ -108,6 +112,7 @@ void MainWindowController::windowDidLoad()
     _finder = std::make_unique<RecordFinder>(mainWindow(), &_records);
     _smartLibraries =
         std::make_unique<SmartLibraryList>(mainWindow()->libraries(), _application->bundle());
+    guardInput();
     connectParts();
     connectDetail(mainWindow()->detail());
     connectSheets();
@@ -165,7 +170,20 @@ void MainWindowController::connectSheets()
                                   .arg(Counts::number(count), path));
                      });
     QObject::connect(&_showLibraryAlert, &ShowLibraryAlert::chosen, this,
-                     &MainWindowController::showLibrary);
+                     &MainWindowController::goToLibrary);
+}
+
+/// Nothing that was rejected goes without the user's word.
+void MainWindowController::guardInput()
+{
+    MainWindow *const shown = mainWindow();
+    _pendingInput = std::make_unique<PendingInput>(
+        shown, QList<InputSource *>{shown->cells(), shown->detail()});
+    _pendingInput->guard(shown->table());
+    QObject::connect(shown->detail(), &DetailPane::inputLost, this,
+                     [this](const QString &field, const QString &text) {
+                         tell(tr("“%1” was not stored as “%2”").arg(text, field));
+                     });
 }
 
 void MainWindowController::connectSmartLibraries()
@@ -236,16 +254,22 @@ Outcome<> MainWindowController::openLibrary(const QString &name)
     return opened ? Outcome<>() : opened.failure();
 }
 
+/// Shows what was chosen in the list, once what is typed is through.
 void MainWindowController::showItem(const QListWidgetItem *item)
 {
     if (const std::optional<SmartLibrary> smart = _smartLibraries->of(item)) {
-        showSmartLibrary(*smart);
+        leaveFor([this, smart] { showSmartLibrary(*smart); });
         return;
     }
-    const bool wasSmart = _finder->isSmart();
-    showLibrary(item ? item->data(Qt::UserRole).toString() : QString());
-    if (wasSmart)
-        _finder->leaveSmartLibrary();
+    const QString name = item ? item->data(Qt::UserRole).toString() : QString();
+    if (_library && _library->definition().name == name && !_finder->isSmart())
+        return;
+    leaveFor([this, name] {
+        const bool wasSmart = _finder->isSmart();
+        showLibrary(name);
+        if (wasSmart)
+            _finder->leaveSmartLibrary();
+    });
 }
 
 void MainWindowController::showSmartLibrary(const SmartLibrary &smart)
@@ -258,6 +282,24 @@ void MainWindowController::showSmartLibrary(const SmartLibrary &smart)
     search();
     if (!shown)
         tell(tr("The filter of “%1” no longer fits: %2").arg(smart.name, shown.reason()));
+}
+
+void MainWindowController::goToLibrary(const QString &name)
+{
+    if (!_library || _library->definition().name != name)
+        leaveFor([this, name] { showLibrary(name); });
+}
+
+/// Goes elsewhere, unless what is typed is to stay.
+void MainWindowController::leaveFor(const std::function<void()> &elsewhere)
+{
+    if (_pendingInput->leave(elsewhere))
+        return;
+    // The list is in the middle of selecting another one.
+    NSApplication::performOnNextTurn(this, [this] {
+        if (_library)
+            selectInList(_library->definition().name);
+    });
 }
 
 void MainWindowController::selectInList(const QString &name)
@@ -309,7 +351,8 @@ void MainWindowController::setLibrary(const std::shared_ptr<OpenLibrary> &librar
     _model->setLibrary(library);
     _finder->setLibrary(library);
     showRecords();
-    search();
+    _searchTimer.stop();
+    filter();
     mainWindow()->fitColumns();
     restoreColumns();
     _records.setSelectionIndex(0);
@@ -423,8 +466,12 @@ void MainWindowController::showRecordCount(QAction *)
 void MainWindowController::search()
 {
     _searchTimer.stop();
-    if (!_library)
-        return;
+    if (_library)
+        _pendingInput->leave([this] { filter(); });
+}
+
+void MainWindowController::filter()
+{
     _records.setFilterPredicate(
         _finder->both(RecordSearch::predicateFor(*_library, mainWindow()->search()->text())));
     if (_records.selectionIndexes().isEmpty())
@@ -458,10 +505,15 @@ bool MainWindowController::isWorking() const
     return _importSheet.isWorking() || _exportSheet.isWorking();
 }
 
-/// What the window's sheets are doing needs the window.
+bool MainWindowController::mayClose()
+{
+    return !isWorking() && (!_pendingInput || _pendingInput->isSettled([this] { close(); }));
+}
+
+/// What the window's sheets are doing needs the window, and so does what was rejected.
 bool MainWindowController::eventFilter(QObject *object, QEvent *event)
 {
-    if (event->type() != QEvent::Close || !isWorking())
+    if (event->type() != QEvent::Close || mayClose())
         return KTWindowController::eventFilter(object, event);
     event->ignore();
     return true;
@@ -535,6 +587,11 @@ QList<StoredRecord *> MainWindowController::selectedRecords() const
 
 void MainWindowController::deleteRecords(QAction *)
 {
+    _pendingInput->leave([this] { deleteSelected(); });
+}
+
+void MainWindowController::deleteSelected()
+{
     const QList<StoredRecord *> records = selectedRecords();
     if (records.isEmpty() || !_library)
         return;
@@ -579,16 +636,24 @@ void MainWindowController::addStep(qint64 step, const StepTitle &title)
 
 void MainWindowController::undoChange(QAction *)
 {
-    const Outcome<> undone = _steps.undo();
-    if (!undone)
-        tell(undone.reason());
+    if (TextInputs::performInFocused(EditCommand::Undo))
+        return;
+    _pendingInput->leave([this] {
+        const Outcome<> undone = _steps.undo();
+        if (!undone)
+            tell(undone.reason());
+    });
 }
 
 void MainWindowController::redoChange(QAction *)
 {
-    const Outcome<> redone = _steps.redo();
-    if (!redone)
-        tell(redone.reason());
+    if (TextInputs::performInFocused(EditCommand::Redo))
+        return;
+    _pendingInput->leave([this] {
+        const Outcome<> redone = _steps.redo();
+        if (!redone)
+            tell(redone.reason());
+    });
 }
 
 Outcome<> MainWindowController::play(qint64 step, StepPlayer::Direction direction)
@@ -603,21 +668,28 @@ Outcome<> MainWindowController::play(qint64 step, StepPlayer::Direction directio
 /// Names the step in the menu.
 bool MainWindowController::validateStep(QAction *item, bool isUndo) const
 {
-    const QString step = (isUndo ? _steps.undoText() : _steps.redoText()).replace(u'&', u"&&"_s);
+    const QWidget *const input = TextInputs::focused();
+    const bool isForText =
+        input && TextInputs::canDo(input, isUndo ? EditCommand::Undo : EditCommand::Redo);
+    const QString made = isUndo ? _steps.undoText() : _steps.redoText();
+    const QString step = isForText ? QString() : QString(made).replace(u'&', u"&&"_s);
     if (isUndo)
         item->setText(step.isEmpty() ? tr("&Undo") : tr("&Undo %1").arg(step));
     else
         item->setText(step.isEmpty() ? tr("&Redo") : tr("&Redo %1").arg(step));
-    return isUndo ? _steps.canUndo() : _steps.canRedo();
+    return isForText || (isUndo ? _steps.canUndo() : _steps.canRedo());
 }
 
 /// Shows what has come back, or what has changed.
 void MainWindowController::showEffect(const StepEffect &effect)
 {
     showLibraryOf(effect);
-    if (!_library)
-        return;
-    const std::vector<qint64> ids = effect.records.value(_library->definition().tableName);
+    if (_library)
+        showRecordsWithIds(effect.records.value(_library->definition().tableName));
+}
+
+void MainWindowController::showRecordsWithIds(const std::vector<qint64> &ids)
+{
     if (ids.empty() || selectRecords(ids) || mainWindow()->search()->text().isEmpty())
         return;
     // The search may hide them.

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "Appearance/RememberedColumns.h"
+#include "Editing/PendingInput.h"
 #include "ExportSheet.h"
 #include "ImportSummary.h"
 #include "Journal/StepStack.h"
+#include "RecordCommands.h"
 #include "ShowLibraryAlert.h"
 
 #include <KTUtility/KTWindowController>
@@ -62,10 +64,25 @@ public:
     void showSmartLibrary(const SmartLibrary &smart);
     /// Once the window is loaded.
     SmartLibraryList *smartLibraries() { return _smartLibraries.get(); }
+    /// The same for somebody who may have to finish first what is typed.
+    void goToLibrary(const QString &name);
     /// Whether a sheet of the window is importing or exporting, so that it has to stay.
     bool isWorking() const;
     /// Shows the records that the typed text finds.
     void search();
+
+    // --- For what the Edit menu does
+
+    /// Makes changes that this window can undo.
+    Outcome<> change(const std::function<Outcome<>()> &changes);
+    /// Selects records and scrolls there; a search that hides them is cleared.
+    void showRecordsWithIds(const std::vector<qint64> &ids);
+    /// Asks whether so many records may get a value.
+    void askForMany(const QString &field, qsizetype count, const std::function<void(bool)> &answer);
+    /// Says something in the status bar.
+    void tell(const QString &message);
+    /// What asks before something rejected is left; once the window is loaded.
+    PendingInput *pendingInput() const { return _pendingInput.get(); }
 
     // --- What the menu sends
 
@@ -111,6 +128,8 @@ private:
     LibraryActions *makeLibraryActions(MainWindow *window);
     Outcome<> changeLibraries(const StepTitle &title,
                               const std::function<Outcome<>(StepRecorder &)> &changes);
+    void guardInput();
+    void leaveFor(const std::function<void()> &elsewhere);
     void setLibrary(const std::shared_ptr<OpenLibrary> &library);
     void forget();
     void showRecords();
@@ -118,13 +137,14 @@ private:
     void restoreColumns();
     QString emptyText() const;
     void showNotice(const QString &error);
-    void tell(const QString &message);
     void tellDone(const QString &message);
     void showDone();
     void searchAndTell();
+    void filter();
+    bool mayClose();
+    void deleteSelected();
     QString foundText() const;
     void queueAfterImport(const QString &libraryName);
-    Outcome<> change(const std::function<Outcome<>()> &changes);
     Outcome<> changeRecords(const std::function<void()> &changes);
     Outcome<> play(qint64 step, StepPlayer::Direction direction);
     void addStep(qint64 step, const StepTitle &title);
@@ -132,7 +152,6 @@ private:
     void showEffect(const StepEffect &effect);
     void showLibraryOf(const StepEffect &effect);
     bool selectRecords(const std::vector<qint64> &ids);
-    void askForMany(const QString &field, qsizetype count, const std::function<void(bool)> &answer);
     QList<StoredRecord *> selectedRecords() const;
 
     DesktopApplication *_application;
@@ -141,6 +160,8 @@ private:
     std::unique_ptr<KTArraySelection> _selection;
     std::unique_ptr<RecordFinder> _finder;
     std::unique_ptr<SmartLibraryList> _smartLibraries;
+    RecordCommands _commands{this};
+    std::unique_ptr<PendingInput> _pendingInput;
     std::shared_ptr<OpenLibrary> _library;
     std::unique_ptr<RememberedColumns> _columns;
     QTimer _searchTimer;

@@ -100,6 +100,11 @@ const QString &OpenLibrary::searchText(const StoredRecord &record) const
     return record.searchText();
 }
 
+QString OpenLibrary::bundlePath() const
+{
+    return _bundle->bundle().bundlePath();
+}
+
 qsizetype OpenLibrary::fieldWithKey(const QString &key) const
 {
     const auto field =
@@ -108,7 +113,7 @@ qsizetype OpenLibrary::fieldWithKey(const QString &key) const
     return field - _library.fields.begin();
 }
 
-Outcome<> OpenLibrary::change(const std::function<void()> &changes)
+Outcome<> OpenLibrary::change(const std::function<void()> &changes, const QString &kind)
 {
     if (_recorder) {
         changes();
@@ -116,10 +121,10 @@ Outcome<> OpenLibrary::change(const std::function<void()> &changes)
     }
     _replaced.clear();
     _saved = {};
-    const Outcome<> changed = _bundle->change({StepKinds::Edit, {}}, [&](StepRecorder &step) {
+    const Outcome<> changed = _bundle->change({kind, {}}, [&](StepRecorder &step) {
         const QScopedValueRollback<StepRecorder *> changing(_recorder, &step);
         changes();
-        step.setTitle(titleOfChanges());
+        step.setTitle(titleOfChanges(kind));
         return _saved;
     });
     if (!changed)
@@ -129,7 +134,7 @@ Outcome<> OpenLibrary::change(const std::function<void()> &changes)
 }
 
 /// What the menu calls the changes: by their field, if they are all of one.
-StepTitle OpenLibrary::titleOfChanges() const
+StepTitle OpenLibrary::titleOfChanges(const QString &kind) const
 {
     QSet<QString> keys;
     QSet<const StoredRecord *> records;
@@ -142,7 +147,7 @@ StepTitle OpenLibrary::titleOfChanges() const
     if (keys.size() == 1)
         parameters.insert(StepParameters::Field,
                           _library.fields.at(fieldWithKey(*keys.begin())).title());
-    return {StepKinds::Edit, parameters};
+    return {kind, parameters};
 }
 
 /// Gives the records the values that the database still has.
@@ -167,6 +172,23 @@ Outcome<> OpenLibrary::save(StoredRecord &record, const QString &key, const QVar
     if (_saved)
         _replaced.push_back({&record, key, record.values().value(key)});
     return _saved;
+}
+
+Outcome<> OpenLibrary::insertRecords(const QString &kind, const QList<QVariantList> &values,
+                                     std::vector<qint64> *ids)
+{
+    const StepTitle title = {
+        kind, {{StepParameters::Library, _library.name}, {StepParameters::Count, values.size()}}};
+    const Outcome<> inserted = _bundle->change(title, [&](StepRecorder &step) -> Outcome<> {
+        for (const QVariantList &each : values) {
+            const Outcome<qint64> id = step.insert(_library, each);
+            if (!id)
+                return id.failure();
+            ids->push_back(*id);
+        }
+        return {};
+    });
+    return inserted.andThen([&] { return refresh(*ids); });
 }
 
 Outcome<> OpenLibrary::removeRecords(const QList<StoredRecord *> &records)

@@ -33,6 +33,8 @@ public:
     /// The records, in the order in which they were stored, as pointers to StoredRecord.
     QVariantList records() const;
     qsizetype recordCount() const { return qsizetype(_records.size()); }
+    /// The path of the bundle that it is in.
+    QString bundlePath() const;
 
     const FieldReader &reader(qsizetype field) const { return *_readers.at(size_t(field)); }
     /// A record's value of a field.
@@ -46,7 +48,14 @@ public:
 
     /// Makes changes to records of the library, all of them or none.
     /// \param changes sets values of records.
-    Outcome<> change(const std::function<void()> &changes);
+    /// \param kind one of StepKinds, of which the step is.
+    Outcome<> change(const std::function<void()> &changes, const QString &kind = StepKinds::Edit);
+    /// Adds records, all of them or none.
+    /// \param kind one of StepKinds, of which the step is.
+    /// \param values of the fields, in their order.
+    /// \param ids the numbers that the records got.
+    Outcome<> insertRecords(const QString &kind, const QList<QVariantList> &values,
+                            std::vector<qint64> *ids);
     /// Takes records away, all of them or none.
     Outcome<> removeRecords(const QList<StoredRecord *> &records);
     /// Looks at the database again after records have come, gone or changed there.
@@ -67,7 +76,7 @@ private:
     QVariantMap valuesOf(const RecordCursor &cursor) const;
     Outcome<> readRecords();
     qsizetype fieldWithKey(const QString &key) const;
-    StepTitle titleOfChanges() const;
+    StepTitle titleOfChanges(const QString &kind) const;
     StoredRecord *recordWithId(qint64 id) const;
     void takeValues(StoredRecord *record, const QVariantMap &values);
     void replaceRecords(const QSet<StoredRecord *> &gone,

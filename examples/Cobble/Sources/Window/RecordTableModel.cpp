@@ -1,12 +1,11 @@
 #include "RecordTableModel.h"
 
 #include "Appearance/FieldTitle.h"
+#include "Editing/CopiedForms.h"
 #include "Records/ValueOrder.h"
-#include "ShortText.h"
-#include "Text/CSVText.h"
+#include "Text/ShortText.h"
 
 #include <QMap>
-#include <QMimeData>
 
 using namespace Qt::StringLiterals;
 
@@ -85,41 +84,48 @@ bool RecordTableModel::setData(const QModelIndex &index, const QVariant &value, 
     return bool(taken);
 }
 
+// --- Copying ------------------------------------------------------------------------------------
+
 QStringList RecordTableModel::mimeTypes() const
 {
-    return {u"text/csv"_s, u"text/plain"_s};
+    return CopiedForms::names();
 }
 
-QStringList RecordTableModel::titles() const
+QList<CopiedField> RecordTableModel::copiedFields() const
 {
-    QStringList titles;
-    for (int column = 0; column < columnCount(); ++column)
-        titles += _library->definition().fields.at(column).title();
-    return titles;
+    QList<CopiedField> fields;
+    for (qsizetype field = 0; field < _library->definition().fields.size(); ++field)
+        fields += {_library->definition().fields.at(field).title(), typeAt(int(field)),
+                   _library->reader(field).currencyType()};
+    return fields;
 }
 
-QStringList RecordTableModel::texts(int row) const
+QList<CopiedCell> RecordTableModel::copiedCells(const StoredRecord &record) const
 {
-    QStringList texts;
-    for (int column = 0; column < columnCount(); ++column)
-        texts += index(row, column).data(Qt::EditRole).toString();
-    return texts;
+    QList<CopiedCell> cells;
+    for (qsizetype field = 0; field < _library->definition().fields.size(); ++field)
+        cells += {_library->value(record, field), _library->text(record, field)};
+    return cells;
+}
+
+CopiedRecords RecordTableModel::copied(const QList<qsizetype> &rows) const
+{
+    CopiedRecords copied;
+    if (!_library)
+        return copied;
+    copied.bundle = _library->bundlePath();
+    copied.fields = copiedFields();
+    for (const qsizetype row : rows) {
+        if (const StoredRecord *const record = recordAt(row))
+            copied.rows += copiedCells(*record);
+    }
+    return copied;
 }
 
 QMimeData *RecordTableModel::mimeData(const QModelIndexList &indexes) const
 {
-    QMap<int, bool> rows;
+    QMap<qsizetype, bool> rows;
     for (const QModelIndex &index : indexes)
         rows.insert(index.row(), true);
-    QString separated = CSVText::row(titles(), CSVText::Formulas::AsText);
-    QString plain;
-    for (auto row = rows.begin(); row != rows.end(); ++row) {
-        const QStringList cells = texts(row.key());
-        separated += CSVText::row(cells, CSVText::Formulas::AsText);
-        plain += CSVText::pastedRow(cells);
-    }
-    auto *const data = new QMimeData;
-    data->setText(plain);
-    data->setData(u"text/csv"_s, separated.toUtf8());
-    return data;
+    return new CopiedForms(copied(rows.keys()));
 }

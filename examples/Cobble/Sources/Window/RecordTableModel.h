@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Editing/CopiedRecords.h"
 #include "OpenLibrary.h"
 
 #include <KTUtility/KTArrayModel>
@@ -22,6 +23,10 @@ public:
     /// What cells change records by.
     void setChanger(const Changer &changer) { _changer = changer; }
     StoredRecord *recordAt(qsizetype row) const;
+    /// The type of the field in a column.
+    FieldType typeAt(int column) const { return _library->definition().fields.at(column).type; }
+    /// Records as they are copied, in the order of the rows.
+    CopiedRecords copied(const QList<qsizetype> &rows) const;
     /// Has a cell's field read a text; an empty one is no value. What the cell shows is taken as it
     /// is.
     Outcome<> take(const QString &text, const QModelIndex &at);
@@ -29,13 +34,13 @@ public:
     QVariant data(const QModelIndex &index, int role) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
-    /// The rows of cells, as text with tabs and as separated values with the titles above.
+    /// The rows of cells, in all forms in which they are copied.
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
     QStringList mimeTypes() const override;
 
 private:
-    QStringList titles() const;
-    QStringList texts(int row) const;
+    QList<CopiedField> copiedFields() const;
+    QList<CopiedCell> copiedCells(const StoredRecord &record) const;
 
     std::shared_ptr<OpenLibrary> _library;
     Changer _changer;

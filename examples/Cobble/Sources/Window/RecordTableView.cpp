@@ -5,6 +5,7 @@
 
 #include <QDrag>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
 
@@ -32,6 +33,8 @@ RecordTableView::RecordTableView(QWidget *parent) : QTableView(parent)
 {
     setDragEnabled(true);
     setDragDropMode(QAbstractItemView::DragOnly);
+    // A letter does not replace what a cell holds.
+    setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
     // All of them would be bold while a record is selected; to find out takes long where many are.
     horizontalHeader()->setHighlightSections(false);
 }
@@ -74,6 +77,73 @@ void RecordTableView::reveal(int row)
     updateGeometries();
     scrollTo(model()->index(row, qMax(0, currentIndex().column())));
 }
+
+// --- Keys ---------------------------------------------------------------------------------------
+
+void RecordTableView::keyPressEvent(QKeyEvent *event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier &&
+        state() != EditingState)
+        editCell(currentIndex());
+    else
+        QTableView::keyPressEvent(event);
+}
+
+void RecordTableView::editCell(const QModelIndex &cell)
+{
+    if (!cell.isValid())
+        return;
+    goTo(cell);
+    if (cell.flags().testFlag(Qt::ItemIsEditable))
+        edit(cell);
+}
+
+void RecordTableView::editFirstCell(int row)
+{
+    const QModelIndex first = model()->index(row, horizontalHeader()->logicalIndex(0));
+    if (first.isValid())
+        editCell(first.flags().testFlag(Qt::ItemIsEditable) ? first : editableCell(first, 1));
+}
+
+void RecordTableView::goOn(const QModelIndex &from, FieldDelegate::Way way)
+{
+    setFocus(Qt::OtherFocusReason);
+    if (way != FieldDelegate::Way::Down)
+        editCell(editableCell(from, way == FieldDelegate::Way::Next ? 1 : -1));
+    else if (from.row() + 1 < model()->rowCount())
+        goTo(from.siblingAtRow(from.row() + 1));
+}
+
+/// Whatever keys are held: setCurrentIndex() would take Ctrl of a shortcut for adding to the selection.
+void RecordTableView::goTo(const QModelIndex &cell)
+{
+    selectionModel()->setCurrentIndex(cell, QItemSelectionModel::ClearAndSelect |
+                                                QItemSelectionModel::Rows);
+    scrollTo(cell);
+}
+
+/// The next cell that can be edited, in the order in which the columns stand and from row to row;
+/// none if there is none.
+QModelIndex RecordTableView::editableCell(const QModelIndex &from, int step) const
+{
+    const int columns = model()->columnCount();
+    int column = horizontalHeader()->visualIndex(from.column());
+    int row = from.row();
+    for (int tried = 0; tried < columns; ++tried) {
+        column += step;
+        if (column < 0 || column >= columns) {
+            column = column < 0 ? columns - 1 : 0;
+            row += step;
+        }
+        const QModelIndex cell = model()->index(row, horizontalHeader()->logicalIndex(column));
+        if (cell.isValid() && cell.flags().testFlag(Qt::ItemIsEditable))
+            return cell;
+    }
+    return {};
+}
+
+// --- Dragging -----------------------------------------------------------------------------------
 
 QImage RecordTableView::dragPicture(qsizetype rows) const
 {

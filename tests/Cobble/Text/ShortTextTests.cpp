@@ -1,4 +1,4 @@
-#include "Window/ShortText.h"
+#include "Text/ShortText.h"
 
 #include "support/TestSupport.h"
 

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+
+/// What somebody has typed and a field has rejected.
+struct RejectedInput
+{
+    /// The title of the field.
+    QString field;
+    QString text;
+    QString reason;
+    /// Where it still stands.
+    QPointer<QWidget> input;
+    /// Puts the value in its place that the field has.
+    std::function<void()> discard;
+};
+
+/// Where people type values.
+class InputSource
+{
+public:
+    virtual ~InputSource() = default;
+
+    /// Stores what was typed and is not stored yet.
+    /// \return what was rejected; nothing if all is stored.
+    virtual std::optional<RejectedInput> settle() = 0;
+};

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "Editing/EditResponder.h"
+#include "Editing/PastePlan.h"
+#include "Text/Outcome.h"
+
+#include <QObject>
+#include <QVariantList>
+
+#include <vector>
+
+class MainWindowController;
+class StoredRecord;
+
+/// What the Edit menu does to the records of a window: copying and pasting them, making new ones,
+/// filling a field. Everything that changes records is one step that can be undone, and asks first
+/// if something rejected would be left.
+///
+/// \code
+/// RecordCommands records(window);
+/// const EditCommands commands(&records);
+/// commands.perform(EditCommand::Duplicate);
+/// \endcode
+class RecordCommands : public QObject, public EditResponder
+{
+    Q_OBJECT
+
+public:
+    /// \param window whose records are meant; must outlive this.
+    explicit RecordCommands(MainWindowController *window) : _window(window) {}
+
+    QWidget *view() const override;
+    bool canDo(EditCommand command) const override;
+    void perform(EditCommand command) override;
+
+private:
+    QModelIndex currentCell() const;
+    QList<qsizetype> selectedRows() const;
+    bool canFill() const;
+    void performAtOnce(EditCommand command);
+    void copy();
+    void copyCell();
+    void cut();
+    void paste();
+    void pasteIntoCells();
+    PasteTarget pasteTarget() const;
+    QList<qsizetype> fieldsFromCurrent() const;
+    void store(const PastePlan &plan, const std::function<void()> &storing);
+    void insert(const QString &kind, const QList<QVariantList> &values);
+    void overwrite(const PastePlan &plan, qsizetype firstRow);
+    void addRecord();
+    void duplicate();
+    void fillDown();
+    void fill(const QList<StoredRecord *> &records, const QString &key, const QVariant &value);
+
+    MainWindowController *_window;
+};
