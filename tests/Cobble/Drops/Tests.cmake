@@ -1,3 +1,4 @@
 target_sources(CobbleTests PRIVATE
     Cobble/Drops/FileDropTests.cpp
+    Cobble/Drops/PictureInputTests.cpp
 )

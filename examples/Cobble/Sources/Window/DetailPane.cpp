@@ -1,6 +1,7 @@
 #include "DetailPane.h"
 
 #include "Appearance/FieldTitle.h"
+#include "Drops/PictureInput.h"
 #include "FieldEditor.h"
 #include "MediaField.h"
 
@@ -67,7 +68,12 @@ void DetailPane::addRow(FormRow *formRow)
 {
     const FieldType type = formRow->field()->field().type;
     auto *const editor = new FieldEditor(type, this);
-    const Row row{formRow, editor, type == FieldType::Media ? new MediaField : nullptr};
+    Row row{formRow, editor, nullptr, nullptr};
+    if (type == FieldType::Media) {
+        row.mediaField = new MediaField;
+        row.pictureInput = new PictureInput(row.mediaField);
+        connectInput(row);
+    }
     auto *const label = labelFor(row);
     _layout->addRow(label, inputFor(row));
     _rows += row;
@@ -103,6 +109,7 @@ QWidget *DetailPane::inputFor(const Row &row)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(row.editor);
     layout->addWidget(row.mediaField);
+    layout->addWidget(row.pictureInput);
     return both;
 }
 
@@ -162,6 +169,8 @@ void DetailPane::showMedia(const Row &row) const
     if (!row.mediaField)
         return;
     const QString url = row.editor->text();
+    row.pictureInput->setEnabled(_fileStorer && !_records->selectionIndexes().isEmpty());
+    row.pictureInput->setHasFile(!url.isEmpty());
     row.mediaField->setFile(_fileFinder && !url.isEmpty() ? _fileFinder(url) : QString());
 }
 
@@ -195,12 +204,47 @@ void DetailPane::askAndTake(const Row &row, const QString &text, qsizetype count
 
 void DetailPane::store(const Row &row, const QString &text)
 {
+    const Outcome<> written = write(row, text);
+    if (!written)
+        row.editor->setProblem(written.reason());
+}
+
+Outcome<> DetailPane::write(const Row &row, const QString &text)
+{
     Outcome<> read;
     const auto change = [&] { read = row.row->setText(text); };
     const Outcome<> changed = _changer ? _changer(change) : (change(), Outcome<>());
     const Outcome<> taken = changed.andThen([&read] { return read; });
     if (taken)
         row.editor->setText(row.row->text());
-    else
-        row.editor->setProblem(taken.reason());
+    return taken;
+}
+
+// --- Files --------------------------------------------------------------------------------------
+
+PictureInput *DetailPane::pictureInput(qsizetype field) const
+{
+    return _rows.value(field).pictureInput;
+}
+
+void DetailPane::connectInput(const Row &row)
+{
+    QObject::connect(row.pictureInput, &PictureInput::given, row.editor,
+                     [this, row](const QString &path) { give(row, path); });
+    QObject::connect(row.pictureInput, &PictureInput::removed, row.editor,
+                     [this, row] { take(row, QString()); });
+    QObject::connect(row.pictureInput, &PictureInput::refused, row.editor,
+                     &FieldEditor::setProblem);
+}
+
+/// Gives all selected records a file. There is no question that could be answered while nobody else
+/// may change the bundle, so that they must not be too many.
+void DetailPane::give(const Row &row, const QString &path)
+{
+    const auto use = [this, &row](const QString &url) { return write(row, url); };
+    const bool areTooMany = _records->selectionIndexes().size() > MostUnasked;
+    const Outcome<> given = areTooMany ? Failure{tr("so many records do not get a file at once")}
+                                       : _fileStorer(path, use);
+    if (!given)
+        row.editor->setProblem(given.reason());
 }

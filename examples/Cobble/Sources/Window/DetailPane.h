@@ -10,6 +10,7 @@
 
 class FieldEditor;
 class MediaField;
+class PictureInput;
 class QFormLayout;
 class QLabel;
 
@@ -43,6 +44,12 @@ public:
     /// Finds the file that a media URL stands for; nil if there is none.
     using FileFinder = std::function<QString(const QString &url)>;
     void setFileFinder(const FileFinder &finder) { _fileFinder = finder; }
+    /// Stores a file, and gives its URL to what makes a record name it.
+    using FileStorer = std::function<Outcome<>(
+        const QString &path, const std::function<Outcome<>(const QString &url)> &use)>;
+    void setFileStorer(const FileStorer &storer) { _fileStorer = storer; }
+    /// What a media field gets its file by; null for other fields.
+    PictureInput *pictureInput(qsizetype field) const;
     /// The picture of a media field by its position; null for other fields.
     MediaField *mediaField(qsizetype field) const;
 
@@ -60,6 +67,7 @@ private:
         QPointer<FieldEditor> editor;
         /// Null for fields that are no media.
         QPointer<MediaField> mediaField;
+        QPointer<PictureInput> pictureInput;
     };
 
     void rebuild();
@@ -73,6 +81,9 @@ private:
     void take(const Row &row, const QString &text);
     void askAndTake(const Row &row, const QString &text, qsizetype count);
     void store(const Row &row, const QString &text);
+    Outcome<> write(const Row &row, const QString &text);
+    void connectInput(const Row &row);
+    void give(const Row &row, const QString &path);
 
     NSArrayController *_records;
     DetailForm _form;
@@ -84,4 +95,5 @@ private:
     Asker _asker;
     bool _isAsking = false;
     FileFinder _fileFinder;
+    FileStorer _fileStorer;
 };

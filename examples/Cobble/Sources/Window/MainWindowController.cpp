@@ -152,6 +152,9 @@ void MainWindowController::connectDetail(DetailPane *detail)
     detail->setAsker([this](const QString &field, qsizetype count, const auto &answer) {
         askForMany(field, count, answer);
     });
+    detail->setFileStorer([this](const QString &path, const auto &use) {
+        return _application->bundle()->storeFile(path, use);
+    });
     detail->setFileFinder([this](const QString &url) {
         const std::optional<NSURL> media = NSURL::URLWithString(url);
         return media ? _application->bundle()->bundle().filePathFromMediaUrl(*media) : QString();

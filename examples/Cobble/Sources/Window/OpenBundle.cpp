@@ -1,7 +1,10 @@
 #include "OpenBundle.h"
 
 #include "Import/ImportTransaction.h"
+#include "Import/InterruptedImport.h"
+#include "Import/MediaSources.h"
 #include "Import/UnusedMedia.h"
+#include "Library/BundleLock.h"
 #include "OpenLibrary.h"
 
 #include <KTUtility/NSApplication>
@@ -153,6 +156,37 @@ Outcome<> OpenBundle::change(const StepTitle &title,
 std::optional<ChangeJournal::Step> OpenBundle::lastStep() const
 {
     return _store ? ChangeJournal(*_store).last().valueOr(std::nullopt) : std::nullopt;
+}
+
+// --- Media --------------------------------------------------------------------------------------
+
+/// Fails for files that an import would not take either.
+Outcome<> OpenBundle::checkFile(const QString &path) const
+{
+    return mayWrite().andThen([&] { return MediaSources::check(path); }).andThen([&] {
+        const QString name = QFileInfo(path).fileName();
+        return MediaSources::checkName(_bundle.fileNameWithMediaInstanceNumber(name));
+    });
+}
+
+Outcome<> OpenBundle::storeFile(const QString &path,
+                                const std::function<Outcome<>(const QString &url)> &use)
+{
+    BundleLock lock(_bundle);
+    const Outcome<> ready =
+        checkFile(path).andThen([&] { return lock.lock(PatienceWithStore); }).andThen([&] {
+            return InterruptedImport::settle(_bundle, lock.isLocked());
+        });
+    if (!ready)
+        return ready;
+    const std::optional<NSURL> file = NSURL::fileURLWithPath(path);
+    const std::optional<NSURL> url = file ? _bundle.storeFileFromURL(*file) : std::nullopt;
+    if (!url)
+        return Failure{tr("the file cannot be copied")};
+    const Outcome<> used = use(url->absoluteString());
+    if (!used)
+        UnusedMedia::removeFile(_bundle, url->absoluteString());
+    return used;
 }
 
 // --- Undo ---------------------------------------------------------------------------------------

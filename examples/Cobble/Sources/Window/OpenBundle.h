@@ -39,6 +39,10 @@ public:
 
     /// Makes the bundle and its database if there are none yet.
     Outcome<> needStore();
+    /// Puts a file into the bundle for a change that makes a record name it.
+    /// \param use makes the change; if that fails, the file goes again.
+    Outcome<> storeFile(const QString &path,
+                        const std::function<Outcome<>(const QString &url)> &use);
     /// Whether an import or an export is on its way. Only one can be.
     bool isBusy() const { return _isBusy; }
     void setBusy(bool isBusy) { _isBusy = isBusy; }
@@ -71,6 +75,7 @@ private:
     void openStore();
     void readLibraries();
     Outcome<> mayWrite() const;
+    Outcome<> checkFile(const QString &path) const;
     Outcome<> beginChange();
     Outcome<> transaction(const std::function<Outcome<>(ChangeJournal &)> &changes);
     void follow(const StepEffect &effect);
