@@ -1,6 +1,6 @@
-#include "Program/Cobble.h"
 #include "Commands/HostApplication.h"
 #include "Commands/StandardStreams.h"
+#include "Program/Cobble.h"
 
 #include <unistd.h>
 
