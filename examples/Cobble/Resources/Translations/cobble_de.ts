@@ -70,6 +70,10 @@
         <source>Multiple values</source>
         <translation>Mehrere Werte</translation>
     </message>
+    <message>
+        <source>so many records do not get a file at once</source>
+        <translation>so viele Datensätze bekommen nicht auf einmal eine Datei</translation>
+    </message>
 </context>
 <context>
     <name>EditMenu</name>
@@ -153,15 +157,15 @@
     <name>FieldSummary</name>
     <message>
         <source>From %1 to %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Von %1 bis %2</translation>
     </message>
     <message>
         <source>Sum %1 · Average %2 · Least %3 · Most %4</source>
-        <translation type="unfinished"></translation>
+        <translation>Summe %1 · Durchschnitt %2 · Minimum %3 · Maximum %4</translation>
     </message>
     <message>
         <source>too large</source>
-        <translation type="unfinished"></translation>
+        <translation>zu groß</translation>
     </message>
 </context>
 <context>
@@ -179,69 +183,69 @@
     <name>FileDrop</name>
     <message>
         <source>Only files of this computer can be dropped here.</source>
-        <translation type="unfinished"></translation>
+        <translation>Hier können nur Dateien dieses Computers abgelegt werden.</translation>
     </message>
     <message>
         <source>Please drop one file at a time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte legen Sie jeweils nur eine Datei ab.</translation>
     </message>
     <message>
         <source>“%1” is no file that can be imported: these are csv, tsv, txt and vcf.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ ist keine Datei, die importiert werden kann: Möglich sind csv, tsv, txt und vcf.</translation>
     </message>
     <message>
         <source>“%1” is no file.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ ist keine Datei.</translation>
     </message>
 </context>
 <context>
     <name>FilterBar</name>
     <message>
         <source>&amp;Remove Filter</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Filter entfernen</translation>
     </message>
     <message>
         <source>&amp;Save…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Speichern …</translation>
     </message>
     <message>
         <source>All conditions are met</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Bedingungen sind erfüllt</translation>
     </message>
     <message>
         <source>Any condition is met</source>
-        <translation type="unfinished"></translation>
+        <translation>Mindestens eine Bedingung ist erfüllt</translation>
     </message>
     <message>
         <source>As &amp;text:</source>
-        <translation type="unfinished"></translation>
+        <translation>Als &amp;Text:</translation>
     </message>
     <message>
         <source>Filter as Text</source>
-        <translation type="unfinished"></translation>
+        <translation>Filter als Text</translation>
     </message>
     <message>
         <source>How Conditions Are Joined</source>
-        <translation type="unfinished"></translation>
+        <translation>Verknüpfung der Bedingungen</translation>
     </message>
     <message>
         <source>Keeps the filter in the list of libraries</source>
-        <translation type="unfinished"></translation>
+        <translation>Behält den Filter in der Liste der Bibliotheken</translation>
     </message>
     <message>
         <source>This filter can only be changed as text.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Filter kann nur als Text geändert werden.</translation>
     </message>
 </context>
 <context>
     <name>FilterRow</name>
     <message>
         <source>Add Condition</source>
-        <translation type="unfinished"></translation>
+        <translation>Bedingung hinzufügen</translation>
     </message>
     <message>
         <source>Comparison</source>
-        <translation type="unfinished"></translation>
+        <translation>Vergleich</translation>
     </message>
     <message>
         <source>Field</source>
@@ -249,11 +253,11 @@
     </message>
     <message>
         <source>Last Value</source>
-        <translation type="unfinished"></translation>
+        <translation>Letzter Wert</translation>
     </message>
     <message>
         <source>Remove Condition</source>
-        <translation type="unfinished"></translation>
+        <translation>Bedingung entfernen</translation>
     </message>
     <message>
         <source>Value</source>
@@ -261,38 +265,38 @@
     </message>
     <message>
         <source>and</source>
-        <translation type="unfinished"></translation>
+        <translation>und</translation>
     </message>
 </context>
 <context>
     <name>FilterTexts</name>
     <message>
         <source>%1 (behind “%2”)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (hinter „%2“)</translation>
     </message>
     <message>
         <source>AND or OR is missing here</source>
-        <translation type="unfinished"></translation>
+        <translation>hier fehlt AND oder OR</translation>
     </message>
     <message>
         <source>BETWEEN needs two values with AND between them</source>
-        <translation type="unfinished"></translation>
+        <translation>BETWEEN braucht zwei Werte mit AND dazwischen</translation>
     </message>
     <message>
         <source>a comparison such as = or CONTAINS is missing behind the field</source>
-        <translation type="unfinished"></translation>
+        <translation>hinter dem Feld fehlt ein Vergleich wie = oder CONTAINS</translation>
     </message>
     <message>
         <source>a field is missing here</source>
-        <translation type="unfinished"></translation>
+        <translation>hier fehlt ein Feld</translation>
     </message>
     <message>
         <source>a name is missing</source>
-        <translation type="unfinished"></translation>
+        <translation>es fehlt ein Name</translation>
     </message>
     <message>
         <source>a value is missing here</source>
-        <translation type="unfinished"></translation>
+        <translation>hier fehlt ein Wert</translation>
     </message>
     <message>
         <source>it cannot be read</source>
@@ -300,154 +304,154 @@
     </message>
     <message>
         <source>it is no month, no year and no month of a year</source>
-        <translation type="unfinished"></translation>
+        <translation>das ist kein Monat, kein Jahr und kein Monat eines Jahres</translation>
     </message>
     <message>
         <source>it is no regular expression: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>das ist kein regulärer Ausdruck: %1</translation>
     </message>
     <message>
         <source>only [c], [d], [cd] and [] can stand here</source>
-        <translation type="unfinished"></translation>
+        <translation>hier dürfen nur [c], [d], [cd] und [] stehen</translation>
     </message>
     <message>
         <source>several fields are called “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>mehrere Felder heißen „%1“</translation>
     </message>
     <message>
         <source>the filter is too long</source>
-        <translation type="unfinished"></translation>
+        <translation>der Filter ist zu lang</translation>
     </message>
     <message>
         <source>the list is not closed</source>
-        <translation type="unfinished"></translation>
+        <translation>die Liste ist nicht geschlossen</translation>
     </message>
     <message>
         <source>the parenthesis is not closed</source>
-        <translation type="unfinished"></translation>
+        <translation>die Klammer ist nicht geschlossen</translation>
     </message>
     <message>
         <source>the quotation mark is not closed</source>
-        <translation type="unfinished"></translation>
+        <translation>das Anführungszeichen ist nicht geschlossen</translation>
     </message>
     <message>
         <source>there are too many parentheses</source>
-        <translation type="unfinished"></translation>
+        <translation>es sind zu viele Klammern</translation>
     </message>
     <message>
         <source>there is a library “%1” already</source>
-        <translation type="unfinished"></translation>
+        <translation>es gibt schon eine Bibliothek „%1“</translation>
     </message>
     <message>
         <source>there is no field “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>es gibt kein Feld „%1“</translation>
     </message>
     <message>
         <source>“%1” is there twice</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ kommt zweimal vor</translation>
     </message>
     <message>
         <source>“%1”: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“: %2</translation>
     </message>
 </context>
 <context>
     <name>FilterWords</name>
     <message>
         <source>begins with</source>
-        <translation type="unfinished"></translation>
+        <translation>beginnt mit</translation>
     </message>
     <message>
         <source>contains</source>
-        <translation type="unfinished"></translation>
+        <translation>enthält</translation>
     </message>
     <message>
         <source>does not contain</source>
-        <translation type="unfinished"></translation>
+        <translation>enthält nicht</translation>
     </message>
     <message>
         <source>ends with</source>
-        <translation type="unfinished"></translation>
+        <translation>endet mit</translation>
     </message>
     <message>
         <source>is</source>
-        <translation type="unfinished"></translation>
+        <translation>ist</translation>
     </message>
     <message>
         <source>is after</source>
-        <translation type="unfinished"></translation>
+        <translation>ist nach</translation>
     </message>
     <message>
         <source>is at least</source>
-        <translation type="unfinished"></translation>
+        <translation>ist mindestens</translation>
     </message>
     <message>
         <source>is at most</source>
-        <translation type="unfinished"></translation>
+        <translation>ist höchstens</translation>
     </message>
     <message>
         <source>is before</source>
-        <translation type="unfinished"></translation>
+        <translation>ist vor</translation>
     </message>
     <message>
         <source>is between</source>
-        <translation type="unfinished"></translation>
+        <translation>ist zwischen</translation>
     </message>
     <message>
         <source>is empty</source>
-        <translation type="unfinished"></translation>
+        <translation>ist leer</translation>
     </message>
     <message>
         <source>is from</source>
-        <translation type="unfinished"></translation>
+        <translation>ist frühestens</translation>
     </message>
     <message>
         <source>is in the month or year</source>
-        <translation type="unfinished"></translation>
+        <translation>ist im Monat oder Jahr</translation>
     </message>
     <message>
         <source>is less than</source>
-        <translation type="unfinished"></translation>
+        <translation>ist kleiner als</translation>
     </message>
     <message>
         <source>is more than</source>
-        <translation type="unfinished"></translation>
+        <translation>ist größer als</translation>
     </message>
     <message>
         <source>is not</source>
-        <translation type="unfinished"></translation>
+        <translation>ist nicht</translation>
     </message>
     <message>
         <source>is not empty</source>
-        <translation type="unfinished"></translation>
+        <translation>ist nicht leer</translation>
     </message>
     <message>
         <source>is not in the month or year</source>
-        <translation type="unfinished"></translation>
+        <translation>ist nicht im Monat oder Jahr</translation>
     </message>
     <message>
         <source>is one of</source>
-        <translation type="unfinished"></translation>
+        <translation>ist eines von</translation>
     </message>
     <message>
         <source>is until</source>
-        <translation type="unfinished"></translation>
+        <translation>ist spätestens</translation>
     </message>
     <message>
         <source>looks like (? and *)</source>
-        <translation type="unfinished"></translation>
+        <translation>sieht aus wie (? und *)</translation>
     </message>
     <message>
         <source>matches the expression</source>
-        <translation type="unfinished"></translation>
+        <translation>entspricht dem Ausdruck</translation>
     </message>
     <message>
         <source>stands before</source>
-        <translation type="unfinished"></translation>
+        <translation>steht vor</translation>
     </message>
     <message>
         <source>stands behind</source>
-        <translation type="unfinished"></translation>
+        <translation>steht hinter</translation>
     </message>
 </context>
 <context>
@@ -730,19 +734,19 @@
     <name>LibraryActions</name>
     <message>
         <source>New Field</source>
-        <translation type="unfinished"></translation>
+        <translation>Neues Feld</translation>
     </message>
     <message>
         <source>New Library</source>
-        <translation type="unfinished"></translation>
+        <translation>Neue Bibliothek</translation>
     </message>
     <message>
         <source>Removed the library “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Bibliothek „%1“ entfernt</translation>
     </message>
     <message>
         <source>Rename Library</source>
-        <translation type="unfinished"></translation>
+        <translation>Bibliothek umbenennen</translation>
     </message>
 </context>
 <context>
@@ -789,7 +793,7 @@
     </message>
     <message>
         <source>&amp;Library</source>
-        <translation type="unfinished"></translation>
+        <translation>Bib&amp;liothek</translation>
     </message>
     <message>
         <source>&amp;Logging</source>
@@ -813,7 +817,7 @@
     </message>
     <message>
         <source>&amp;Rename Library…</source>
-        <translation type="unfinished"></translation>
+        <translation>Bibliothek &amp;umbenennen …</translation>
     </message>
     <message>
         <source>&amp;Silenced Alerts…</source>
@@ -833,19 +837,19 @@
     </message>
     <message>
         <source>F&amp;ilter…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Filtern …</translation>
     </message>
     <message>
         <source>New &amp;Field…</source>
-        <translation type="unfinished"></translation>
+        <translation>Neues &amp;Feld …</translation>
     </message>
     <message>
         <source>New &amp;Library…</source>
-        <translation type="unfinished"></translation>
+        <translation>Neue Bib&amp;liothek …</translation>
     </message>
     <message>
         <source>Re&amp;move Library</source>
-        <translation type="unfinished"></translation>
+        <translation>Bibliothek &amp;entfernen</translation>
     </message>
 </context>
 <context>
@@ -954,7 +958,7 @@
     </message>
     <message>
         <source>The filter of “%1” no longer fits: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Filter von „%1“ passt nicht mehr: %2</translation>
     </message>
     <message>
         <source>There are no libraries yet.
@@ -1010,7 +1014,7 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <name>NameSheet</name>
     <message>
         <source>&amp;Name:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Name:</translation>
     </message>
     <message>
         <source>&amp;Type:</source>
@@ -1018,27 +1022,27 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     </message>
     <message>
         <source>Currency</source>
-        <translation type="unfinished"></translation>
+        <translation>Währung</translation>
     </message>
     <message>
         <source>Date</source>
-        <translation type="unfinished"></translation>
+        <translation>Datum</translation>
     </message>
     <message>
         <source>Date and time</source>
-        <translation type="unfinished"></translation>
+        <translation>Datum und Uhrzeit</translation>
     </message>
     <message>
         <source>Duration</source>
-        <translation type="unfinished"></translation>
+        <translation>Dauer</translation>
     </message>
     <message>
         <source>Number</source>
-        <translation type="unfinished"></translation>
+        <translation>Zahl</translation>
     </message>
     <message>
         <source>Phone number</source>
-        <translation type="unfinished"></translation>
+        <translation>Telefonnummer</translation>
     </message>
     <message>
         <source>Picture</source>
@@ -1050,14 +1054,14 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     </message>
     <message>
         <source>Time</source>
-        <translation type="unfinished"></translation>
+        <translation>Uhrzeit</translation>
     </message>
 </context>
 <context>
     <name>NothingFound</name>
     <message>
         <source>Show &amp;All</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle &amp;zeigen</translation>
     </message>
 </context>
 <context>
@@ -1073,6 +1077,10 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <message>
         <source>another program has changed the database, which is read again; please try once more</source>
         <translation>Ein anderes Programm hat die Datenbank geändert, die nun neu gelesen wird; bitte versuchen Sie es noch einmal</translation>
+    </message>
+    <message>
+        <source>the file cannot be copied</source>
+        <translation>die Datei kann nicht kopiert werden</translation>
     </message>
     <message>
         <source>there is no database</source>
@@ -1153,6 +1161,41 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <message>
         <source>“%1” cannot be stored as “%2”.</source>
         <translation>„%1“ kann nicht als „%2“ gespeichert werden.</translation>
+    </message>
+</context>
+<context>
+    <name>PictureInput</name>
+    <message>
+        <source>A field holds one file of this computer.</source>
+        <translation>Ein Feld enthält eine Datei dieses Rechners.</translation>
+    </message>
+    <message>
+        <source>Choose Picture</source>
+        <translation>Bild auswählen</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Auswählen …</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>The picture cannot be stored.</source>
+        <translation>Das Bild kann nicht gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>There is no file and no picture to paste.</source>
+        <translation>Es gibt keine Datei und kein Bild zum Einfügen.</translation>
     </message>
 </context>
 <context>
@@ -1263,7 +1306,7 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     </message>
     <message>
         <source>it has more digits or parts than its field shows</source>
-        <translation type="unfinished"></translation>
+        <translation>der Wert hat mehr Stellen oder Teile, als sein Feld zeigt</translation>
     </message>
     <message>
         <source>it has moved to where plain http does not lead</source>
@@ -1291,7 +1334,7 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     </message>
     <message>
         <source>it is no media file</source>
-        <translation type="unfinished"></translation>
+        <translation>das ist keine Mediendatei</translation>
     </message>
     <message>
         <source>it is no number</source>
@@ -1584,24 +1627,24 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <name>RecordFinder</name>
     <message>
         <source>No record fits the filter.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Datensatz passt zum Filter.</translation>
     </message>
     <message>
         <source>No record fits “%1” and the filter.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Datensatz passt zu „%1“ und zum Filter.</translation>
     </message>
     <message>
         <source>No record fits “%1”.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Datensatz passt zu „%1“.</translation>
     </message>
 </context>
 <context>
     <name>SelectionSummary</name>
     <message numerus="yes">
         <source>%1 selected</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 ausgewählt</numerusform>
+            <numerusform>%1 ausgewählt</numerusform>
         </translation>
     </message>
     <message>
@@ -1655,27 +1698,27 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <name>SmartLibraryList</name>
     <message>
         <source>Name:</source>
-        <translation type="unfinished"></translation>
+        <translation>Name:</translation>
     </message>
     <message>
         <source>Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>Entfernen</translation>
     </message>
     <message>
         <source>Rename Smart Library</source>
-        <translation type="unfinished"></translation>
+        <translation>Intelligente Bibliothek umbenennen</translation>
     </message>
     <message>
         <source>Rename…</source>
-        <translation type="unfinished"></translation>
+        <translation>Umbenennen …</translation>
     </message>
     <message>
         <source>Save as Smart Library</source>
-        <translation type="unfinished"></translation>
+        <translation>Als intelligente Bibliothek speichern</translation>
     </message>
     <message>
         <source>Some records of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Einige Datensätze von %1</translation>
     </message>
 </context>
 <context>
@@ -1766,15 +1809,15 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <name>StepTexts</name>
     <message>
         <source>Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Name</translation>
     </message>
     <message>
         <source>a field needs a name</source>
-        <translation type="unfinished"></translation>
+        <translation>ein Feld braucht einen Namen</translation>
     </message>
     <message>
         <source>there is a field of that name</source>
-        <translation type="unfinished"></translation>
+        <translation>es gibt schon ein Feld dieses Namens</translation>
     </message>
 </context>
 <context>

@@ -90,9 +90,9 @@
     <name>SelectionSummary</name>
     <message numerus="yes">
         <source>%1 selected</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 selected</numerusform>
+            <numerusform>%1 selected</numerusform>
         </translation>
     </message>
 </context>

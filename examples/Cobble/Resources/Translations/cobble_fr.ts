@@ -70,6 +70,10 @@
         <source>Multiple values</source>
         <translation>Plusieurs valeurs</translation>
     </message>
+    <message>
+        <source>so many records do not get a file at once</source>
+        <translation>tant d’enregistrements ne reçoivent pas un fichier à la fois</translation>
+    </message>
 </context>
 <context>
     <name>EditMenu</name>
@@ -153,15 +157,15 @@
     <name>FieldSummary</name>
     <message>
         <source>From %1 to %2</source>
-        <translation type="unfinished"></translation>
+        <translation>De %1 à %2</translation>
     </message>
     <message>
         <source>Sum %1 · Average %2 · Least %3 · Most %4</source>
-        <translation type="unfinished"></translation>
+        <translation>Somme %1 · Moyenne %2 · Minimum %3 · Maximum %4</translation>
     </message>
     <message>
         <source>too large</source>
-        <translation type="unfinished"></translation>
+        <translation>trop grand</translation>
     </message>
 </context>
 <context>
@@ -179,69 +183,69 @@
     <name>FileDrop</name>
     <message>
         <source>Only files of this computer can be dropped here.</source>
-        <translation type="unfinished"></translation>
+        <translation>Seuls des fichiers de cet ordinateur peuvent être déposés ici.</translation>
     </message>
     <message>
         <source>Please drop one file at a time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Veuillez déposer un seul fichier à la fois.</translation>
     </message>
     <message>
         <source>“%1” is no file that can be imported: these are csv, tsv, txt and vcf.</source>
-        <translation type="unfinished"></translation>
+        <translation>« %1 » n’est pas un fichier qui peut être importé : les types possibles sont csv, tsv, txt et vcf.</translation>
     </message>
     <message>
         <source>“%1” is no file.</source>
-        <translation type="unfinished"></translation>
+        <translation>« %1 » n’est pas un fichier.</translation>
     </message>
 </context>
 <context>
     <name>FilterBar</name>
     <message>
         <source>&amp;Remove Filter</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Supprimer le filtre</translation>
     </message>
     <message>
         <source>&amp;Save…</source>
-        <translation type="unfinished"></translation>
+        <translation>En&amp;registrer…</translation>
     </message>
     <message>
         <source>All conditions are met</source>
-        <translation type="unfinished"></translation>
+        <translation>Toutes les conditions sont remplies</translation>
     </message>
     <message>
         <source>Any condition is met</source>
-        <translation type="unfinished"></translation>
+        <translation>Au moins une condition est remplie</translation>
     </message>
     <message>
         <source>As &amp;text:</source>
-        <translation type="unfinished"></translation>
+        <translation>Sous forme de &amp;texte :</translation>
     </message>
     <message>
         <source>Filter as Text</source>
-        <translation type="unfinished"></translation>
+        <translation>Filtre sous forme de texte</translation>
     </message>
     <message>
         <source>How Conditions Are Joined</source>
-        <translation type="unfinished"></translation>
+        <translation>Liaison des conditions</translation>
     </message>
     <message>
         <source>Keeps the filter in the list of libraries</source>
-        <translation type="unfinished"></translation>
+        <translation>Conserve le filtre dans la liste des bibliothèques</translation>
     </message>
     <message>
         <source>This filter can only be changed as text.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ce filtre ne peut être modifié que sous forme de texte.</translation>
     </message>
 </context>
 <context>
     <name>FilterRow</name>
     <message>
         <source>Add Condition</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajouter une condition</translation>
     </message>
     <message>
         <source>Comparison</source>
-        <translation type="unfinished"></translation>
+        <translation>Comparaison</translation>
     </message>
     <message>
         <source>Field</source>
@@ -249,11 +253,11 @@
     </message>
     <message>
         <source>Last Value</source>
-        <translation type="unfinished"></translation>
+        <translation>Dernière valeur</translation>
     </message>
     <message>
         <source>Remove Condition</source>
-        <translation type="unfinished"></translation>
+        <translation>Supprimer la condition</translation>
     </message>
     <message>
         <source>Value</source>
@@ -261,38 +265,38 @@
     </message>
     <message>
         <source>and</source>
-        <translation type="unfinished"></translation>
+        <translation>et</translation>
     </message>
 </context>
 <context>
     <name>FilterTexts</name>
     <message>
         <source>%1 (behind “%2”)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (après « %2 »)</translation>
     </message>
     <message>
         <source>AND or OR is missing here</source>
-        <translation type="unfinished"></translation>
+        <translation>il manque AND ou OR ici</translation>
     </message>
     <message>
         <source>BETWEEN needs two values with AND between them</source>
-        <translation type="unfinished"></translation>
+        <translation>BETWEEN demande deux valeurs séparées par AND</translation>
     </message>
     <message>
         <source>a comparison such as = or CONTAINS is missing behind the field</source>
-        <translation type="unfinished"></translation>
+        <translation>il manque une comparaison comme = ou CONTAINS après le champ</translation>
     </message>
     <message>
         <source>a field is missing here</source>
-        <translation type="unfinished"></translation>
+        <translation>il manque un champ ici</translation>
     </message>
     <message>
         <source>a name is missing</source>
-        <translation type="unfinished"></translation>
+        <translation>il manque un nom</translation>
     </message>
     <message>
         <source>a value is missing here</source>
-        <translation type="unfinished"></translation>
+        <translation>il manque une valeur ici</translation>
     </message>
     <message>
         <source>it cannot be read</source>
@@ -300,154 +304,154 @@
     </message>
     <message>
         <source>it is no month, no year and no month of a year</source>
-        <translation type="unfinished"></translation>
+        <translation>ce n’est ni un mois, ni une année, ni un mois d’une année</translation>
     </message>
     <message>
         <source>it is no regular expression: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>ce n’est pas une expression régulière : %1</translation>
     </message>
     <message>
         <source>only [c], [d], [cd] and [] can stand here</source>
-        <translation type="unfinished"></translation>
+        <translation>seuls [c], [d], [cd] et [] peuvent figurer ici</translation>
     </message>
     <message>
         <source>several fields are called “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>plusieurs champs s’appellent « %1 »</translation>
     </message>
     <message>
         <source>the filter is too long</source>
-        <translation type="unfinished"></translation>
+        <translation>le filtre est trop long</translation>
     </message>
     <message>
         <source>the list is not closed</source>
-        <translation type="unfinished"></translation>
+        <translation>la liste n’est pas fermée</translation>
     </message>
     <message>
         <source>the parenthesis is not closed</source>
-        <translation type="unfinished"></translation>
+        <translation>la parenthèse n’est pas fermée</translation>
     </message>
     <message>
         <source>the quotation mark is not closed</source>
-        <translation type="unfinished"></translation>
+        <translation>le guillemet n’est pas fermé</translation>
     </message>
     <message>
         <source>there are too many parentheses</source>
-        <translation type="unfinished"></translation>
+        <translation>il y a trop de parenthèses</translation>
     </message>
     <message>
         <source>there is a library “%1” already</source>
-        <translation type="unfinished"></translation>
+        <translation>il y a déjà une bibliothèque « %1 »</translation>
     </message>
     <message>
         <source>there is no field “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>il n’y a pas de champ « %1 »</translation>
     </message>
     <message>
         <source>“%1” is there twice</source>
-        <translation type="unfinished"></translation>
+        <translation>« %1 » figure deux fois</translation>
     </message>
     <message>
         <source>“%1”: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>« %1 » : %2</translation>
     </message>
 </context>
 <context>
     <name>FilterWords</name>
     <message>
         <source>begins with</source>
-        <translation type="unfinished"></translation>
+        <translation>commence par</translation>
     </message>
     <message>
         <source>contains</source>
-        <translation type="unfinished"></translation>
+        <translation>contient</translation>
     </message>
     <message>
         <source>does not contain</source>
-        <translation type="unfinished"></translation>
+        <translation>ne contient pas</translation>
     </message>
     <message>
         <source>ends with</source>
-        <translation type="unfinished"></translation>
+        <translation>finit par</translation>
     </message>
     <message>
         <source>is</source>
-        <translation type="unfinished"></translation>
+        <translation>est</translation>
     </message>
     <message>
         <source>is after</source>
-        <translation type="unfinished"></translation>
+        <translation>est après</translation>
     </message>
     <message>
         <source>is at least</source>
-        <translation type="unfinished"></translation>
+        <translation>est au moins</translation>
     </message>
     <message>
         <source>is at most</source>
-        <translation type="unfinished"></translation>
+        <translation>est au plus</translation>
     </message>
     <message>
         <source>is before</source>
-        <translation type="unfinished"></translation>
+        <translation>est avant</translation>
     </message>
     <message>
         <source>is between</source>
-        <translation type="unfinished"></translation>
+        <translation>est entre</translation>
     </message>
     <message>
         <source>is empty</source>
-        <translation type="unfinished"></translation>
+        <translation>est vide</translation>
     </message>
     <message>
         <source>is from</source>
-        <translation type="unfinished"></translation>
+        <translation>est au plus tôt</translation>
     </message>
     <message>
         <source>is in the month or year</source>
-        <translation type="unfinished"></translation>
+        <translation>est dans le mois ou l’année</translation>
     </message>
     <message>
         <source>is less than</source>
-        <translation type="unfinished"></translation>
+        <translation>est inférieur à</translation>
     </message>
     <message>
         <source>is more than</source>
-        <translation type="unfinished"></translation>
+        <translation>est supérieur à</translation>
     </message>
     <message>
         <source>is not</source>
-        <translation type="unfinished"></translation>
+        <translation>n’est pas</translation>
     </message>
     <message>
         <source>is not empty</source>
-        <translation type="unfinished"></translation>
+        <translation>n’est pas vide</translation>
     </message>
     <message>
         <source>is not in the month or year</source>
-        <translation type="unfinished"></translation>
+        <translation>n’est pas dans le mois ou l’année</translation>
     </message>
     <message>
         <source>is one of</source>
-        <translation type="unfinished"></translation>
+        <translation>est l’un de</translation>
     </message>
     <message>
         <source>is until</source>
-        <translation type="unfinished"></translation>
+        <translation>est au plus tard</translation>
     </message>
     <message>
         <source>looks like (? and *)</source>
-        <translation type="unfinished"></translation>
+        <translation>ressemble à (? et *)</translation>
     </message>
     <message>
         <source>matches the expression</source>
-        <translation type="unfinished"></translation>
+        <translation>correspond à l’expression</translation>
     </message>
     <message>
         <source>stands before</source>
-        <translation type="unfinished"></translation>
+        <translation>se place avant</translation>
     </message>
     <message>
         <source>stands behind</source>
-        <translation type="unfinished"></translation>
+        <translation>se place après</translation>
     </message>
 </context>
 <context>
@@ -730,19 +734,19 @@
     <name>LibraryActions</name>
     <message>
         <source>New Field</source>
-        <translation type="unfinished"></translation>
+        <translation>Nouveau champ</translation>
     </message>
     <message>
         <source>New Library</source>
-        <translation type="unfinished"></translation>
+        <translation>Nouvelle bibliothèque</translation>
     </message>
     <message>
         <source>Removed the library “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Bibliothèque « %1 » supprimée</translation>
     </message>
     <message>
         <source>Rename Library</source>
-        <translation type="unfinished"></translation>
+        <translation>Renommer la bibliothèque</translation>
     </message>
 </context>
 <context>
@@ -789,7 +793,7 @@
     </message>
     <message>
         <source>&amp;Library</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Bibliothèque</translation>
     </message>
     <message>
         <source>&amp;Logging</source>
@@ -813,7 +817,7 @@
     </message>
     <message>
         <source>&amp;Rename Library…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Renommer la bibliothèque…</translation>
     </message>
     <message>
         <source>&amp;Silenced Alerts…</source>
@@ -833,19 +837,19 @@
     </message>
     <message>
         <source>F&amp;ilter…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Filtrer…</translation>
     </message>
     <message>
         <source>New &amp;Field…</source>
-        <translation type="unfinished"></translation>
+        <translation>Nouveau &amp;champ…</translation>
     </message>
     <message>
         <source>New &amp;Library…</source>
-        <translation type="unfinished"></translation>
+        <translation>Nouvelle &amp;bibliothèque…</translation>
     </message>
     <message>
         <source>Re&amp;move Library</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Supprimer la bibliothèque</translation>
     </message>
 </context>
 <context>
@@ -954,7 +958,7 @@
     </message>
     <message>
         <source>The filter of “%1” no longer fits: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Le filtre de « %1 » ne convient plus : %2</translation>
     </message>
     <message>
         <source>There are no libraries yet.
@@ -1010,7 +1014,7 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <name>NameSheet</name>
     <message>
         <source>&amp;Name:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Nom :</translation>
     </message>
     <message>
         <source>&amp;Type:</source>
@@ -1018,27 +1022,27 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     </message>
     <message>
         <source>Currency</source>
-        <translation type="unfinished"></translation>
+        <translation>Devise</translation>
     </message>
     <message>
         <source>Date</source>
-        <translation type="unfinished"></translation>
+        <translation>Date</translation>
     </message>
     <message>
         <source>Date and time</source>
-        <translation type="unfinished"></translation>
+        <translation>Date et heure</translation>
     </message>
     <message>
         <source>Duration</source>
-        <translation type="unfinished"></translation>
+        <translation>Durée</translation>
     </message>
     <message>
         <source>Number</source>
-        <translation type="unfinished"></translation>
+        <translation>Nombre</translation>
     </message>
     <message>
         <source>Phone number</source>
-        <translation type="unfinished"></translation>
+        <translation>Numéro de téléphone</translation>
     </message>
     <message>
         <source>Picture</source>
@@ -1050,14 +1054,14 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     </message>
     <message>
         <source>Time</source>
-        <translation type="unfinished"></translation>
+        <translation>Heure</translation>
     </message>
 </context>
 <context>
     <name>NothingFound</name>
     <message>
         <source>Show &amp;All</source>
-        <translation type="unfinished"></translation>
+        <translation>T&amp;out afficher</translation>
     </message>
 </context>
 <context>
@@ -1073,6 +1077,10 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <message>
         <source>another program has changed the database, which is read again; please try once more</source>
         <translation>Un autre programme a modifié la base de données, qui est relue ; veuillez réessayer</translation>
+    </message>
+    <message>
+        <source>the file cannot be copied</source>
+        <translation>le fichier ne peut pas être copié</translation>
     </message>
     <message>
         <source>there is no database</source>
@@ -1153,6 +1161,41 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <message>
         <source>“%1” cannot be stored as “%2”.</source>
         <translation>« %1 » ne peut pas être enregistré comme « %2 ».</translation>
+    </message>
+</context>
+<context>
+    <name>PictureInput</name>
+    <message>
+        <source>A field holds one file of this computer.</source>
+        <translation>Un champ contient un seul fichier de cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>Choose Picture</source>
+        <translation>Choisir une image</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Choisir…</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Coller</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Image</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Supprimer</translation>
+    </message>
+    <message>
+        <source>The picture cannot be stored.</source>
+        <translation>L’image ne peut pas être enregistrée.</translation>
+    </message>
+    <message>
+        <source>There is no file and no picture to paste.</source>
+        <translation>Il n’y a ni fichier ni image à coller.</translation>
     </message>
 </context>
 <context>
@@ -1263,7 +1306,7 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     </message>
     <message>
         <source>it has more digits or parts than its field shows</source>
-        <translation type="unfinished"></translation>
+        <translation>la valeur a plus de chiffres ou de parties que son champ n’en affiche</translation>
     </message>
     <message>
         <source>it has moved to where plain http does not lead</source>
@@ -1291,7 +1334,7 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     </message>
     <message>
         <source>it is no media file</source>
-        <translation type="unfinished"></translation>
+        <translation>ce n’est pas un fichier média</translation>
     </message>
     <message>
         <source>it is no number</source>
@@ -1584,24 +1627,24 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <name>RecordFinder</name>
     <message>
         <source>No record fits the filter.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun enregistrement ne correspond au filtre.</translation>
     </message>
     <message>
         <source>No record fits “%1” and the filter.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun enregistrement ne correspond à « %1 » et au filtre.</translation>
     </message>
     <message>
         <source>No record fits “%1”.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun enregistrement ne correspond à « %1 ».</translation>
     </message>
 </context>
 <context>
     <name>SelectionSummary</name>
     <message numerus="yes">
         <source>%1 selected</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 sélectionné</numerusform>
+            <numerusform>%1 sélectionnés</numerusform>
         </translation>
     </message>
     <message>
@@ -1655,27 +1698,27 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <name>SmartLibraryList</name>
     <message>
         <source>Name:</source>
-        <translation type="unfinished"></translation>
+        <translation>Nom :</translation>
     </message>
     <message>
         <source>Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>Supprimer</translation>
     </message>
     <message>
         <source>Rename Smart Library</source>
-        <translation type="unfinished"></translation>
+        <translation>Renommer la bibliothèque intelligente</translation>
     </message>
     <message>
         <source>Rename…</source>
-        <translation type="unfinished"></translation>
+        <translation>Renommer…</translation>
     </message>
     <message>
         <source>Save as Smart Library</source>
-        <translation type="unfinished"></translation>
+        <translation>Enregistrer comme bibliothèque intelligente</translation>
     </message>
     <message>
         <source>Some records of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Certains enregistrements de %1</translation>
     </message>
 </context>
 <context>
@@ -1766,15 +1809,15 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <name>StepTexts</name>
     <message>
         <source>Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Nom</translation>
     </message>
     <message>
         <source>a field needs a name</source>
-        <translation type="unfinished"></translation>
+        <translation>un champ a besoin d’un nom</translation>
     </message>
     <message>
         <source>there is a field of that name</source>
-        <translation type="unfinished"></translation>
+        <translation>un champ de ce nom existe déjà</translation>
     </message>
 </context>
 <context>

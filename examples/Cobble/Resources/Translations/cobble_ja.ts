@@ -68,6 +68,10 @@
         <source>Multiple values</source>
         <translation>複数の値</translation>
     </message>
+    <message>
+        <source>so many records do not get a file at once</source>
+        <translation>これほど多くのレコードに一度にファイルを付けることはできません</translation>
+    </message>
 </context>
 <context>
     <name>EditMenu</name>
@@ -151,15 +155,15 @@
     <name>FieldSummary</name>
     <message>
         <source>From %1 to %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 から %2 まで</translation>
     </message>
     <message>
         <source>Sum %1 · Average %2 · Least %3 · Most %4</source>
-        <translation type="unfinished"></translation>
+        <translation>合計 %1 · 平均 %2 · 最小 %3 · 最大 %4</translation>
     </message>
     <message>
         <source>too large</source>
-        <translation type="unfinished"></translation>
+        <translation>大きすぎます</translation>
     </message>
 </context>
 <context>
@@ -177,69 +181,69 @@
     <name>FileDrop</name>
     <message>
         <source>Only files of this computer can be dropped here.</source>
-        <translation type="unfinished"></translation>
+        <translation>ここにドロップできるのは、このコンピュータのファイルだけです。</translation>
     </message>
     <message>
         <source>Please drop one file at a time.</source>
-        <translation type="unfinished"></translation>
+        <translation>ファイルは一つずつドロップしてください。</translation>
     </message>
     <message>
         <source>“%1” is no file that can be imported: these are csv, tsv, txt and vcf.</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」は読み込めるファイルではありません。読み込めるのは csv、tsv、txt、vcf です。</translation>
     </message>
     <message>
         <source>“%1” is no file.</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」はファイルではありません。</translation>
     </message>
 </context>
 <context>
     <name>FilterBar</name>
     <message>
         <source>&amp;Remove Filter</source>
-        <translation type="unfinished"></translation>
+        <translation>フィルタを解除(&amp;R)</translation>
     </message>
     <message>
         <source>&amp;Save…</source>
-        <translation type="unfinished"></translation>
+        <translation>保存(&amp;S)…</translation>
     </message>
     <message>
         <source>All conditions are met</source>
-        <translation type="unfinished"></translation>
+        <translation>すべての条件を満たす</translation>
     </message>
     <message>
         <source>Any condition is met</source>
-        <translation type="unfinished"></translation>
+        <translation>いずれかの条件を満たす</translation>
     </message>
     <message>
         <source>As &amp;text:</source>
-        <translation type="unfinished"></translation>
+        <translation>テキスト(&amp;T):</translation>
     </message>
     <message>
         <source>Filter as Text</source>
-        <translation type="unfinished"></translation>
+        <translation>テキストとしてのフィルタ</translation>
     </message>
     <message>
         <source>How Conditions Are Joined</source>
-        <translation type="unfinished"></translation>
+        <translation>条件の組み合わせ方</translation>
     </message>
     <message>
         <source>Keeps the filter in the list of libraries</source>
-        <translation type="unfinished"></translation>
+        <translation>フィルタをライブラリの一覧に残します</translation>
     </message>
     <message>
         <source>This filter can only be changed as text.</source>
-        <translation type="unfinished"></translation>
+        <translation>このフィルタはテキストとしてのみ変更できます。</translation>
     </message>
 </context>
 <context>
     <name>FilterRow</name>
     <message>
         <source>Add Condition</source>
-        <translation type="unfinished"></translation>
+        <translation>条件を追加</translation>
     </message>
     <message>
         <source>Comparison</source>
-        <translation type="unfinished"></translation>
+        <translation>比較</translation>
     </message>
     <message>
         <source>Field</source>
@@ -247,11 +251,11 @@
     </message>
     <message>
         <source>Last Value</source>
-        <translation type="unfinished"></translation>
+        <translation>最後の値</translation>
     </message>
     <message>
         <source>Remove Condition</source>
-        <translation type="unfinished"></translation>
+        <translation>条件を削除</translation>
     </message>
     <message>
         <source>Value</source>
@@ -259,38 +263,38 @@
     </message>
     <message>
         <source>and</source>
-        <translation type="unfinished"></translation>
+        <translation>から</translation>
     </message>
 </context>
 <context>
     <name>FilterTexts</name>
     <message>
         <source>%1 (behind “%2”)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (「%2」の後)</translation>
     </message>
     <message>
         <source>AND or OR is missing here</source>
-        <translation type="unfinished"></translation>
+        <translation>ここに AND または OR がありません</translation>
     </message>
     <message>
         <source>BETWEEN needs two values with AND between them</source>
-        <translation type="unfinished"></translation>
+        <translation>BETWEEN には AND でつないだ二つの値が必要です</translation>
     </message>
     <message>
         <source>a comparison such as = or CONTAINS is missing behind the field</source>
-        <translation type="unfinished"></translation>
+        <translation>フィールドの後に = や CONTAINS などの比較がありません</translation>
     </message>
     <message>
         <source>a field is missing here</source>
-        <translation type="unfinished"></translation>
+        <translation>ここにフィールドがありません</translation>
     </message>
     <message>
         <source>a name is missing</source>
-        <translation type="unfinished"></translation>
+        <translation>名前がありません</translation>
     </message>
     <message>
         <source>a value is missing here</source>
-        <translation type="unfinished"></translation>
+        <translation>ここに値がありません</translation>
     </message>
     <message>
         <source>it cannot be read</source>
@@ -298,154 +302,154 @@
     </message>
     <message>
         <source>it is no month, no year and no month of a year</source>
-        <translation type="unfinished"></translation>
+        <translation>月でも年でも年月でもありません</translation>
     </message>
     <message>
         <source>it is no regular expression: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>正規表現ではありません: %1</translation>
     </message>
     <message>
         <source>only [c], [d], [cd] and [] can stand here</source>
-        <translation type="unfinished"></translation>
+        <translation>ここに置けるのは [c]、[d]、[cd]、[] だけです</translation>
     </message>
     <message>
         <source>several fields are called “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」という名前のフィールドが複数あります</translation>
     </message>
     <message>
         <source>the filter is too long</source>
-        <translation type="unfinished"></translation>
+        <translation>フィルタが長すぎます</translation>
     </message>
     <message>
         <source>the list is not closed</source>
-        <translation type="unfinished"></translation>
+        <translation>リストが閉じられていません</translation>
     </message>
     <message>
         <source>the parenthesis is not closed</source>
-        <translation type="unfinished"></translation>
+        <translation>括弧が閉じられていません</translation>
     </message>
     <message>
         <source>the quotation mark is not closed</source>
-        <translation type="unfinished"></translation>
+        <translation>引用符が閉じられていません</translation>
     </message>
     <message>
         <source>there are too many parentheses</source>
-        <translation type="unfinished"></translation>
+        <translation>括弧が多すぎます</translation>
     </message>
     <message>
         <source>there is a library “%1” already</source>
-        <translation type="unfinished"></translation>
+        <translation>ライブラリ「%1」はすでにあります</translation>
     </message>
     <message>
         <source>there is no field “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>フィールド「%1」はありません</translation>
     </message>
     <message>
         <source>“%1” is there twice</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」が二回使われています</translation>
     </message>
     <message>
         <source>“%1”: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」: %2</translation>
     </message>
 </context>
 <context>
     <name>FilterWords</name>
     <message>
         <source>begins with</source>
-        <translation type="unfinished"></translation>
+        <translation>次で始まる</translation>
     </message>
     <message>
         <source>contains</source>
-        <translation type="unfinished"></translation>
+        <translation>次を含む</translation>
     </message>
     <message>
         <source>does not contain</source>
-        <translation type="unfinished"></translation>
+        <translation>次を含まない</translation>
     </message>
     <message>
         <source>ends with</source>
-        <translation type="unfinished"></translation>
+        <translation>次で終わる</translation>
     </message>
     <message>
         <source>is</source>
-        <translation type="unfinished"></translation>
+        <translation>次と等しい</translation>
     </message>
     <message>
         <source>is after</source>
-        <translation type="unfinished"></translation>
+        <translation>次より後</translation>
     </message>
     <message>
         <source>is at least</source>
-        <translation type="unfinished"></translation>
+        <translation>次以上</translation>
     </message>
     <message>
         <source>is at most</source>
-        <translation type="unfinished"></translation>
+        <translation>次以下</translation>
     </message>
     <message>
         <source>is before</source>
-        <translation type="unfinished"></translation>
+        <translation>次より前</translation>
     </message>
     <message>
         <source>is between</source>
-        <translation type="unfinished"></translation>
+        <translation>次の範囲内</translation>
     </message>
     <message>
         <source>is empty</source>
-        <translation type="unfinished"></translation>
+        <translation>空である</translation>
     </message>
     <message>
         <source>is from</source>
-        <translation type="unfinished"></translation>
+        <translation>次以降</translation>
     </message>
     <message>
         <source>is in the month or year</source>
-        <translation type="unfinished"></translation>
+        <translation>次の月または年にある</translation>
     </message>
     <message>
         <source>is less than</source>
-        <translation type="unfinished"></translation>
+        <translation>次より小さい</translation>
     </message>
     <message>
         <source>is more than</source>
-        <translation type="unfinished"></translation>
+        <translation>次より大きい</translation>
     </message>
     <message>
         <source>is not</source>
-        <translation type="unfinished"></translation>
+        <translation>次と等しくない</translation>
     </message>
     <message>
         <source>is not empty</source>
-        <translation type="unfinished"></translation>
+        <translation>空でない</translation>
     </message>
     <message>
         <source>is not in the month or year</source>
-        <translation type="unfinished"></translation>
+        <translation>次の月または年にない</translation>
     </message>
     <message>
         <source>is one of</source>
-        <translation type="unfinished"></translation>
+        <translation>次のいずれか</translation>
     </message>
     <message>
         <source>is until</source>
-        <translation type="unfinished"></translation>
+        <translation>次以前</translation>
     </message>
     <message>
         <source>looks like (? and *)</source>
-        <translation type="unfinished"></translation>
+        <translation>次のパターンに合う (? と *)</translation>
     </message>
     <message>
         <source>matches the expression</source>
-        <translation type="unfinished"></translation>
+        <translation>次の正規表現に合う</translation>
     </message>
     <message>
         <source>stands before</source>
-        <translation type="unfinished"></translation>
+        <translation>並び順で次より前</translation>
     </message>
     <message>
         <source>stands behind</source>
-        <translation type="unfinished"></translation>
+        <translation>並び順で次より後</translation>
     </message>
 </context>
 <context>
@@ -727,19 +731,19 @@
     <name>LibraryActions</name>
     <message>
         <source>New Field</source>
-        <translation type="unfinished"></translation>
+        <translation>新しいフィールド</translation>
     </message>
     <message>
         <source>New Library</source>
-        <translation type="unfinished"></translation>
+        <translation>新しいライブラリ</translation>
     </message>
     <message>
         <source>Removed the library “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>ライブラリ「%1」を削除しました</translation>
     </message>
     <message>
         <source>Rename Library</source>
-        <translation type="unfinished"></translation>
+        <translation>ライブラリの名前の変更</translation>
     </message>
 </context>
 <context>
@@ -786,7 +790,7 @@
     </message>
     <message>
         <source>&amp;Library</source>
-        <translation type="unfinished"></translation>
+        <translation>ライブラリ(&amp;L)</translation>
     </message>
     <message>
         <source>&amp;Logging</source>
@@ -810,7 +814,7 @@
     </message>
     <message>
         <source>&amp;Rename Library…</source>
-        <translation type="unfinished"></translation>
+        <translation>ライブラリの名前を変更(&amp;R)…</translation>
     </message>
     <message>
         <source>&amp;Silenced Alerts…</source>
@@ -830,19 +834,19 @@
     </message>
     <message>
         <source>F&amp;ilter…</source>
-        <translation type="unfinished"></translation>
+        <translation>フィルタ(&amp;I)…</translation>
     </message>
     <message>
         <source>New &amp;Field…</source>
-        <translation type="unfinished"></translation>
+        <translation>新しいフィールド(&amp;F)…</translation>
     </message>
     <message>
         <source>New &amp;Library…</source>
-        <translation type="unfinished"></translation>
+        <translation>新しいライブラリ(&amp;L)…</translation>
     </message>
     <message>
         <source>Re&amp;move Library</source>
-        <translation type="unfinished"></translation>
+        <translation>ライブラリを削除(&amp;M)</translation>
     </message>
 </context>
 <context>
@@ -946,7 +950,7 @@
     </message>
     <message>
         <source>The filter of “%1” no longer fits: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」のフィルタはもう合いません: %2</translation>
     </message>
     <message>
         <source>There are no libraries yet.
@@ -1002,7 +1006,7 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <name>NameSheet</name>
     <message>
         <source>&amp;Name:</source>
-        <translation type="unfinished"></translation>
+        <translation>名前(&amp;N):</translation>
     </message>
     <message>
         <source>&amp;Type:</source>
@@ -1010,27 +1014,27 @@ File ▸ Import… makes one of a table or of address cards.</source>
     </message>
     <message>
         <source>Currency</source>
-        <translation type="unfinished"></translation>
+        <translation>通貨</translation>
     </message>
     <message>
         <source>Date</source>
-        <translation type="unfinished"></translation>
+        <translation>日付</translation>
     </message>
     <message>
         <source>Date and time</source>
-        <translation type="unfinished"></translation>
+        <translation>日付と時刻</translation>
     </message>
     <message>
         <source>Duration</source>
-        <translation type="unfinished"></translation>
+        <translation>時間の長さ</translation>
     </message>
     <message>
         <source>Number</source>
-        <translation type="unfinished"></translation>
+        <translation>数</translation>
     </message>
     <message>
         <source>Phone number</source>
-        <translation type="unfinished"></translation>
+        <translation>電話番号</translation>
     </message>
     <message>
         <source>Picture</source>
@@ -1042,14 +1046,14 @@ File ▸ Import… makes one of a table or of address cards.</source>
     </message>
     <message>
         <source>Time</source>
-        <translation type="unfinished"></translation>
+        <translation>時刻</translation>
     </message>
 </context>
 <context>
     <name>NothingFound</name>
     <message>
         <source>Show &amp;All</source>
-        <translation type="unfinished"></translation>
+        <translation>すべて表示(&amp;A)</translation>
     </message>
 </context>
 <context>
@@ -1065,6 +1069,10 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <message>
         <source>another program has changed the database, which is read again; please try once more</source>
         <translation>別のプログラムがデータベースを変更したため、読み直しています。もう一度お試しください</translation>
+    </message>
+    <message>
+        <source>the file cannot be copied</source>
+        <translation>ファイルをコピーできません</translation>
     </message>
     <message>
         <source>there is no database</source>
@@ -1144,6 +1152,41 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <message>
         <source>“%1” cannot be stored as “%2”.</source>
         <translation>“%1”は“%2”として保存できません。</translation>
+    </message>
+</context>
+<context>
+    <name>PictureInput</name>
+    <message>
+        <source>A field holds one file of this computer.</source>
+        <translation>フィールドに入れられるのは、このコンピューターのファイル 1 つです。</translation>
+    </message>
+    <message>
+        <source>Choose Picture</source>
+        <translation>画像を選択</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>選択…</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>ペースト</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>The picture cannot be stored.</source>
+        <translation>画像を保存できません。</translation>
+    </message>
+    <message>
+        <source>There is no file and no picture to paste.</source>
+        <translation>ペーストできるファイルも画像もありません。</translation>
     </message>
 </context>
 <context>
@@ -1254,7 +1297,7 @@ File ▸ Import… makes one of a table or of address cards.</source>
     </message>
     <message>
         <source>it has more digits or parts than its field shows</source>
-        <translation type="unfinished"></translation>
+        <translation>フィールドに表示されるより多くの桁または要素があります</translation>
     </message>
     <message>
         <source>it has moved to where plain http does not lead</source>
@@ -1282,7 +1325,7 @@ File ▸ Import… makes one of a table or of address cards.</source>
     </message>
     <message>
         <source>it is no media file</source>
-        <translation type="unfinished"></translation>
+        <translation>メディアファイルではありません</translation>
     </message>
     <message>
         <source>it is no number</source>
@@ -1574,23 +1617,23 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <name>RecordFinder</name>
     <message>
         <source>No record fits the filter.</source>
-        <translation type="unfinished"></translation>
+        <translation>フィルタに合うレコードはありません。</translation>
     </message>
     <message>
         <source>No record fits “%1” and the filter.</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」とフィルタの両方に合うレコードはありません。</translation>
     </message>
     <message>
         <source>No record fits “%1”.</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」に合うレコードはありません。</translation>
     </message>
 </context>
 <context>
     <name>SelectionSummary</name>
     <message numerus="yes">
         <source>%1 selected</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 件を選択</numerusform>
         </translation>
     </message>
     <message>
@@ -1644,27 +1687,27 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <name>SmartLibraryList</name>
     <message>
         <source>Name:</source>
-        <translation type="unfinished"></translation>
+        <translation>名前:</translation>
     </message>
     <message>
         <source>Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>削除</translation>
     </message>
     <message>
         <source>Rename Smart Library</source>
-        <translation type="unfinished"></translation>
+        <translation>スマートライブラリの名前の変更</translation>
     </message>
     <message>
         <source>Rename…</source>
-        <translation type="unfinished"></translation>
+        <translation>名前を変更…</translation>
     </message>
     <message>
         <source>Save as Smart Library</source>
-        <translation type="unfinished"></translation>
+        <translation>スマートライブラリとして保存</translation>
     </message>
     <message>
         <source>Some records of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 の一部のレコード</translation>
     </message>
 </context>
 <context>
@@ -1752,15 +1795,15 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <name>StepTexts</name>
     <message>
         <source>Name</source>
-        <translation type="unfinished"></translation>
+        <translation>名前</translation>
     </message>
     <message>
         <source>a field needs a name</source>
-        <translation type="unfinished"></translation>
+        <translation>フィールドには名前が必要です</translation>
     </message>
     <message>
         <source>there is a field of that name</source>
-        <translation type="unfinished"></translation>
+        <translation>同じ名前のフィールドがあります</translation>
     </message>
 </context>
 <context>

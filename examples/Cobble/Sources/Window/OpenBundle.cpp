@@ -153,6 +153,11 @@ Outcome<> OpenBundle::change(const StepTitle &title,
     return changed;
 }
 
+Outcome<> OpenBundle::changeWithoutStep(const std::function<Outcome<>(LibraryStore &)> &changes)
+{
+    return transaction([&](ChangeJournal &) { return changes(*_store); });
+}
+
 std::optional<ChangeJournal::Step> OpenBundle::lastStep() const
 {
     return _store ? ChangeJournal(*_store).last().valueOr(std::nullopt) : std::nullopt;

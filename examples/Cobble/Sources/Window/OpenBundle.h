@@ -53,6 +53,8 @@ public:
     /// database, it has to change in the open libraries, too.
     Outcome<> change(const StepTitle &title,
                      const std::function<Outcome<>(StepRecorder &)> &changes);
+    /// The same for what is not undone, such as a saved filter.
+    Outcome<> changeWithoutStep(const std::function<Outcome<>(LibraryStore &)> &changes);
     /// Undoes or redoes a step; the open libraries follow.
     /// \return what has changed.
     Outcome<StepEffect> play(qint64 step, StepPlayer::Direction direction);

@@ -103,7 +103,7 @@ void SmartLibraryList::select(const QString &name)
 
 Outcome<> SmartLibraryList::change(const std::function<Outcome<>(LibraryStore &store)> &changes)
 {
-    const Outcome<> changed = _bundle->change([&] { return changes(*_bundle->store()); });
+    const Outcome<> changed = _bundle->changeWithoutStep(changes);
     if (!changed)
         Q_EMIT failed(changed.reason());
     else
