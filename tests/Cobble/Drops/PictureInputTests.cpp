@@ -133,9 +133,9 @@ TEST_F(PictureInputTests, RefusesWhatAnImportWouldRefuse)
     QMimeData web;
     web.setUrls({QUrl(u"http://127.0.0.1/a.png"_s)});
     EXPECT_TRUE(drop(path(u"none.png"_s)));
-    EXPECT_EQ(problem(), u"there is no such file"_s);
+    EXPECT_EQ(problem(), u"There is no such file."_s);
     EXPECT_TRUE(drop(tree.root()));
-    EXPECT_NE(problem(), u"there is no such file"_s);
+    EXPECT_NE(problem(), u"There is no such file."_s);
     EXPECT_NE(problem(), QString());
     for (const QMimeData *const data : {&several, &web}) {
         EXPECT_TRUE(drop(*data));

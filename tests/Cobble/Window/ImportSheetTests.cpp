@@ -373,8 +373,9 @@ TEST_F(ImportSheetTests, FitsSmallScreensAndNamesItsParts)
     EXPECT_LE(sheet->height(), 600);
     for (QWidget *const part : sheet->findChildren<QWidget *>()) {
         const bool isNamed = !part->accessibleName().isEmpty();
-        if (qobject_cast<QTableWidget *>(part) || qobject_cast<QProgressBar *>(part))
+        if (qobject_cast<QTableWidget *>(part) || qobject_cast<QProgressBar *>(part)) {
             EXPECT_TRUE(isNamed) << part->objectName().toStdString();
+        }
     }
     QStringList letters;
     for (const QLabel *const label : sheet->findChildren<QLabel *>()) {

@@ -130,8 +130,11 @@ TEST_F(SmartLibraryListTests, ItsMenuRenamesAndRemoves)
         Q_EMIT list->customContextMenuRequested(list->visualItemRect(list->item(row)).center());
         return list->findChild<QMenu *>();
     };
-    EXPECT_EQ(menuAt(0), nullptr);
-    QPointer<QMenu> menu = menuAt(1);
+    QPointer<QMenu> menu = menuAt(0);
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->actions(), list->actions());
+    delete menu;
+    menu = menuAt(1);
     ASSERT_NE(menu, nullptr);
     ASSERT_EQ(menu->actions().size(), 2);
     menu->actions().first()->trigger();

@@ -98,7 +98,7 @@
         <translation>&amp;Ausschneiden</translation>
     </message>
     <message>
-        <source>D&amp;uplicate</source>
+        <source>&amp;Duplicate</source>
         <translation>&amp;Duplizieren</translation>
     </message>
     <message>
@@ -760,8 +760,8 @@
         <translation>Fenster &amp;schließen</translation>
     </message>
     <message>
-        <source>&amp;Delete Records</source>
-        <translation>Datensätze &amp;löschen</translation>
+        <source>Delete Rec&amp;ords</source>
+        <translation>Da&amp;tensätze löschen</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
@@ -821,7 +821,7 @@
     </message>
     <message>
         <source>&amp;Silenced Alerts…</source>
-        <translation>S&amp;tumme Hinweise …</translation>
+        <translation>Stu&amp;mme Hinweise …</translation>
     </message>
     <message>
         <source>&amp;Undo</source>
@@ -836,7 +836,7 @@
         <translation>&amp;Hilfe zu Cobble</translation>
     </message>
     <message>
-        <source>F&amp;ilter…</source>
+        <source>Fi&amp;lter…</source>
         <translation>&amp;Filtern …</translation>
     </message>
     <message>

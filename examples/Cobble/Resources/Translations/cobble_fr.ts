@@ -98,7 +98,7 @@
         <translation>Co&amp;uper</translation>
     </message>
     <message>
-        <source>D&amp;uplicate</source>
+        <source>&amp;Duplicate</source>
         <translation>&amp;Dupliquer</translation>
     </message>
     <message>
@@ -111,7 +111,7 @@
     </message>
     <message>
         <source>Select &amp;All</source>
-        <translation>&amp;Tout sélectionner</translation>
+        <translation>Tout sél&amp;ectionner</translation>
     </message>
 </context>
 <context>
@@ -760,8 +760,8 @@
         <translation>&amp;Fermer la fenêtre</translation>
     </message>
     <message>
-        <source>&amp;Delete Records</source>
-        <translation>&amp;Supprimer les enregistrements</translation>
+        <source>Delete Rec&amp;ords</source>
+        <translation>Su&amp;pprimer les enregistrements</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
@@ -777,7 +777,7 @@
     </message>
     <message>
         <source>&amp;Find</source>
-        <translation>&amp;Rechercher</translation>
+        <translation>Rec&amp;hercher</translation>
     </message>
     <message>
         <source>&amp;Help</source>
@@ -836,7 +836,7 @@
         <translation>&amp;Aide de Cobble</translation>
     </message>
     <message>
-        <source>F&amp;ilter…</source>
+        <source>Fi&amp;lter…</source>
         <translation>&amp;Filtrer…</translation>
     </message>
     <message>

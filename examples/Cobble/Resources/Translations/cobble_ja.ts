@@ -96,8 +96,8 @@
         <translation>切り取り(&amp;T)</translation>
     </message>
     <message>
-        <source>D&amp;uplicate</source>
-        <translation>複製(&amp;U)</translation>
+        <source>&amp;Duplicate</source>
+        <translation>複製(&amp;D)</translation>
     </message>
     <message>
         <source>Fill Do&amp;wn</source>
@@ -757,8 +757,8 @@
         <translation>ウィンドウを閉じる(&amp;C)</translation>
     </message>
     <message>
-        <source>&amp;Delete Records</source>
-        <translation>レコードを削除(&amp;D)</translation>
+        <source>Delete Rec&amp;ords</source>
+        <translation>レコードを削除(&amp;O)</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
@@ -833,8 +833,8 @@
         <translation>Cobble ヘルプ(&amp;H)</translation>
     </message>
     <message>
-        <source>F&amp;ilter…</source>
-        <translation>フィルタ(&amp;I)…</translation>
+        <source>Fi&amp;lter…</source>
+        <translation>フィルタ(&amp;L)…</translation>
     </message>
     <message>
         <source>New &amp;Field…</source>

@@ -28,7 +28,7 @@ QList<Item> items()
              QKeySequence::SelectAll},
             {EditMenu::tr("&New Record"), "newRecord:", EditCommand::NewRecord,
              QKeySequence(u"Ctrl+Shift+N"_qs), true},
-            {EditMenu::tr("D&uplicate"), "duplicate:", EditCommand::Duplicate,
+            {EditMenu::tr("&Duplicate"), "duplicate:", EditCommand::Duplicate,
              QKeySequence(u"Ctrl+D"_qs)},
             {EditMenu::tr("Fill Do&wn"), "fillDown:", EditCommand::FillDown,
              QKeySequence(u"Ctrl+Shift+D"_qs)}};

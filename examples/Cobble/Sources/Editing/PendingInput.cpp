@@ -10,6 +10,7 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
+#include <algorithm>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -26,19 +27,9 @@ QString shortened(const QString &text)
 
 bool leavesInput(int key)
 {
-    switch (key) {
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_Escape:
-    case Qt::Key_Shift:
-    case Qt::Key_Control:
-    case Qt::Key_Alt:
-    case Qt::Key_Meta:
-    case Qt::Key_AltGr:
-        return false;
-    default:
-        return true;
-    }
+    constexpr Qt::Key keys[] = {Qt::Key_Tab,     Qt::Key_Backtab, Qt::Key_Escape, Qt::Key_Shift,
+                                Qt::Key_Control, Qt::Key_Alt,     Qt::Key_Meta,   Qt::Key_AltGr};
+    return std::find(std::begin(keys), std::end(keys), key) == std::end(keys);
 }
 
 bool leavesRecord(const QEvent *event)

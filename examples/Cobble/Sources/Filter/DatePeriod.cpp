@@ -76,19 +76,21 @@ std::optional<DatePeriod> periodOf(int month, int year)
 }
 
 /// "2020-03", "--03", "2020年3月", "3/2020", "2020".
+/// Nothing for a month without a number.
+std::optional<DatePeriod> periodOfMonth(int month, int year)
+{
+    return month == 0 ? std::nullopt : periodOf(month, year);
+}
+
 std::optional<DatePeriod> periodInDigits(const QString &text)
 {
     static const QRegularExpression yearFirst(uR"(\A(?:(\d{4})|-)[-./年]\s*(\d{1,2})\s*月?\z)"_s);
     static const QRegularExpression monthFirst(uR"(\A(\d{1,2})\s*[-./]\s*(\d{4})\z)"_s);
     static const QRegularExpression yearOnly(uR"(\A(\d{4})\s*年?\z)"_s);
     if (const auto match = yearFirst.match(text); match.hasMatch())
-        return match.captured(2).toInt() == 0
-                   ? std::nullopt
-                   : periodOf(match.captured(2).toInt(), match.captured(1).toInt());
+        return periodOfMonth(match.captured(2).toInt(), match.captured(1).toInt());
     if (const auto match = monthFirst.match(text); match.hasMatch())
-        return match.captured(1).toInt() == 0
-                   ? std::nullopt
-                   : periodOf(match.captured(1).toInt(), match.captured(2).toInt());
+        return periodOfMonth(match.captured(1).toInt(), match.captured(2).toInt());
     const auto match = yearOnly.match(text);
     return match.hasMatch() ? periodOf(0, match.captured(1).toInt()) : std::nullopt;
 }

@@ -28,6 +28,13 @@ bool isOfNumbers(FieldType type)
 
 /// Whether a date was typed without a time: it is then at the hour for such dates, and nothing that
 /// was typed is an hour.
+bool saysHour(const KTReading &reading)
+{
+    return std::any_of(reading.parts.begin(), reading.parts.end(), [](const KTReadingPart &part) {
+        return part.role == u"hour" || part.role == u"time" || part.role == u"dayPeriod";
+    });
+}
+
 bool isDay(const QString &text, const QDateTime &date, const FieldReader &reader)
 {
     if (reader.type() == FieldType::Date)
@@ -35,13 +42,8 @@ bool isDay(const QString &text, const QDateTime &date, const FieldReader &reader
     const QTime time = date.toTimeZone(NSCalendar::systemTimeZone()).time();
     static const QRegularExpression hourOfPattern(u"[hHkK]"_s);
     static const QRegularExpression hourOfText(uR"(\d[T:]\d|:\d\d)"_s);
-    const KTReading reading = reader.reading();
-    const bool saysHour =
-        std::any_of(reading.parts.begin(), reading.parts.end(), [](const KTReadingPart &part) {
-            return part.role == u"hour" || part.role == u"time" || part.role == u"dayPeriod";
-        });
     return reader.type() == FieldType::DateTime && (time == QTime(12, 0) || time == QTime(0, 0)) &&
-           !saysHour && !reader.recentPattern().contains(hourOfPattern) &&
+           !saysHour(reader.reading()) && !reader.recentPattern().contains(hourOfPattern) &&
            !text.contains(hourOfText);
 }
 

@@ -48,6 +48,12 @@ void ImportPreviewer::start(const ImportRequest &request)
         });
         return;
     }
+    startWithCards(request);
+}
+
+/// What a plug-in imports is read here, where plug-ins are.
+void ImportPreviewer::startWithCards(const ImportRequest &request)
+{
     const Outcome<ImportFile> file = ImportFile::read(request);
     if (file)
         startWith([file = *file, request](const std::function<bool()> &goesOn) {

@@ -34,6 +34,16 @@ qint64 numberIn(const QSqlQuery &row)
 {
     return row.value(0).toLongLong();
 }
+
+Outcome<> removeStep(const QSqlDatabase &database, qint64 step)
+{
+    Outcome<> done = SQL::run(database, u"DELETE FROM cobble_step WHERE number = ?"_s, {step});
+    for (const QStringView table : {u"cobble_step_change", u"cobble_step_media"})
+        done = done.andThen([&] {
+            return SQL::run(database, u"DELETE FROM %1 WHERE step = ?"_s.arg(table), {step});
+        });
+    return done;
+}
 } // namespace
 
 ChangeJournal::ChangeJournal(LibraryStore &store) : ChangeJournal(store, Limits()) {}
@@ -98,6 +108,12 @@ Outcome<StepEffect> ChangeJournal::redo(qint64 step)
     return play(step, StepPlayer::Direction::Redo);
 }
 
+Outcome<> ChangeJournal::setDone(qint64 step, bool isDone)
+{
+    return SQL::run(_store.database(), u"UPDATE cobble_step SET is_done = ? WHERE number = ?"_s,
+                    {isDone ? 1 : 0, step});
+}
+
 Outcome<StepEffect> ChangeJournal::play(qint64 step, StepPlayer::Direction direction)
 {
     const bool isUndo = direction == StepPlayer::Direction::Undo;
@@ -106,11 +122,7 @@ Outcome<StepEffect> ChangeJournal::play(qint64 step, StepPlayer::Direction direc
         StepPlayer player(_store.database(), step, direction);
         const Outcome<> done = needStep(step, isUndo).andThen([&] { return player.play(); });
         effect = player.effect();
-        return done.andThen([&] {
-            return SQL::run(_store.database(),
-                            u"UPDATE cobble_step SET is_done = ? WHERE number = ?"_s,
-                            {isUndo ? 0 : 1, step});
-        });
+        return done.andThen([&] { return setDone(step, !isUndo); });
     });
     return played ? Outcome<StepEffect>(effect) : played.failure();
 }
@@ -209,10 +221,5 @@ Outcome<> ChangeJournal::forgetStep(qint64 step)
     if (!media || !dropped)
         return media ? dropped.failure() : media.failure();
     _forgottenMedia += QSet<QString>(media->begin(), media->end()) + *dropped;
-    Outcome<> done = SQL::run(database, u"DELETE FROM cobble_step WHERE number = ?"_s, {step});
-    for (const QStringView table : {u"cobble_step_change", u"cobble_step_media"})
-        done = done.andThen([&] {
-            return SQL::run(database, u"DELETE FROM %1 WHERE step = ?"_s.arg(table), {step});
-        });
-    return done;
+    return removeStep(database, step);
 }

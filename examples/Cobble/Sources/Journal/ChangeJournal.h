@@ -83,6 +83,7 @@ private:
     Outcome<qint64> addStep(const StepTitle &title);
     Outcome<StepEffect> play(qint64 step, StepPlayer::Direction direction);
     Outcome<> needStep(qint64 step, bool isDone);
+    Outcome<> setDone(qint64 step, bool isDone);
     Outcome<> forgetUndone();
     Outcome<> forgetOld();
     Outcome<> forget(const QList<qint64> &steps);

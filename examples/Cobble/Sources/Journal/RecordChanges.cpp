@@ -19,7 +19,8 @@ void prepare(QDataStream &stream)
 
 void write(QDataStream &stream, const QVariant &value)
 {
-    const auto begin = [&stream](ValueKind kind) -> QDataStream & {
+    const auto begin = [&stream](ValueKind kind) -> auto &
+    {
         return stream << quint8(kind);
     };
     if (value.isNull())

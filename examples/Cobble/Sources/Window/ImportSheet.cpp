@@ -8,6 +8,8 @@
 
 #include <KTUtility/KTWindowController>
 
+#include <QAbstractItemView>
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFileDialog>
@@ -116,6 +118,15 @@ void addCells(QTableWidget *table, const QStringList &texts)
     for (int column = 0; column < texts.size(); ++column)
         table->setItem(row, column, new QTableWidgetItem(texts.at(column)));
 }
+
+/// The lists of boxes have the names of their boxes.
+void nameLists(const QWidget *window)
+{
+    for (QComboBox *const box : window->findChildren<QComboBox *>()) {
+        if (QAccessibleInterface *const spoken = QAccessible::queryAccessibleInterface(box))
+            box->view()->setAccessibleName(spoken->text(QAccessible::Name));
+    }
+}
 } // namespace
 
 ImportSheet::ImportSheet(OpenBundle *bundle) : TransferSheet(u":/Cobble/ImportSheet.ui"_s, bundle)
@@ -137,6 +148,7 @@ void ImportSheet::windowDidLoad()
         outlet<QComboBox>(u"currencyBox"_s)});
     fillBoxes();
     connectInputs();
+    nameLists(window());
 }
 
 void ImportSheet::fillBoxes()

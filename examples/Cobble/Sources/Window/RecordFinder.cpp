@@ -10,7 +10,6 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QShortcut>
 
 namespace {
 constexpr qsizetype LongestQuote = 60;
@@ -24,7 +23,6 @@ RecordFinder::RecordFinder(MainWindow *window, NSArrayController *records)
     , _summary(std::make_unique<SelectionSummary>(window->table(), records, window->summary()))
 {
     _bar->hide();
-    makeKeys();
     QObject::connect(_bar, &FilterBar::filterChanged, this, &RecordFinder::changed);
     QObject::connect(_bar, &FilterBar::closeRequested, this, [this] {
         setShowsFilter(false);
@@ -37,14 +35,6 @@ RecordFinder::RecordFinder(MainWindow *window, NSArrayController *records)
 }
 
 RecordFinder::~RecordFinder() = default;
-
-/// Escape clears the search.
-void RecordFinder::makeKeys()
-{
-    auto *const escape =
-        new QShortcut(Qt::Key_Escape, _window->search(), nullptr, nullptr, Qt::WidgetShortcut);
-    QObject::connect(escape, &QShortcut::activated, _window->search(), &QLineEdit::clear);
-}
 
 void RecordFinder::setLibrary(const std::shared_ptr<OpenLibrary> &library)
 {

@@ -58,7 +58,6 @@ Q_SIGNALS:
     void changed();
 
 private:
-    void makeKeys();
     QString missedText() const;
     void showColumns(const QList<qsizetype> &columns);
 
