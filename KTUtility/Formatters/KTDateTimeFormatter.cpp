@@ -7,11 +7,11 @@
 #include <KTUtility/CommonForms/Dates/CommonDates_p.h>
 #include <KTUtility/CommonForms/Standards/FieldDate_p.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 #include <KTUtility/Platform/Dates/DateFormatterAccess_p.h>
 #include <KTUtility/Platform/Dates/DatePattern_p.h>
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
 #include <KTUtility/Platform/Files/NSBundle.h>
-#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 #include <KTUtility/Platform/Keys/NSKeyValueObserving.h>
 #include <KTUtility/Platform/Values/UTC_p.h>
 #include <KTUtility/Platform/Values/WallClock_p.h>

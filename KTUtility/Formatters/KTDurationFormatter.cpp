@@ -4,8 +4,8 @@
 
 #include <KTUtility/CommonForms/Numbers/DurationGrammar_p.h>
 #include <KTUtility/CommonForms/Numbers/ISODuration_p.h>
-#include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Classes/NSClassRegistry.h>
+#include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 #include <KTUtility/Platform/Values/ChronoConversions_p.h>
 #include <KTUtility/Platform/Values/NSObject.h>

@@ -7,8 +7,8 @@
 
 #include <KTUtility/CommonForms/Numbers/NumberGrammar_p.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
-#include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Classes/NSClassRegistry.h>
+#include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 #include <KTUtility/Platform/Text/NSStringNormalization.h>
 #include <KTUtility/Platform/Values/NSObject.h>

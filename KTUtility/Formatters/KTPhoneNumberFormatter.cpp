@@ -4,10 +4,10 @@
 #include "PhonePatterns_p.h"
 #include <KTUtility/CommonForms/Text/FoldedText_p.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 #include <KTUtility/Platform/Diagnostics/NSAssertionHandler.h>
 #include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Files/NSPropertyListSerialization.h>
-#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 
 #include <QFile>

@@ -5,10 +5,10 @@
 #include "PlugInNote_p.h"
 #include <KTUtility/Bundle/KTDatabaseBundle.h>
 #include <KTUtility/Diagnostics/KTLogger.h>
+#include <KTUtility/Platform/Classes/NSClass.h>
 #include <KTUtility/Platform/Files/Module_p.h>
 #include <KTUtility/Platform/Files/NSPathUtilities.h>
 #include <KTUtility/Platform/Files/ProgramIdentity_p.h>
-#include <KTUtility/Platform/Classes/NSClass.h>
 
 #include <utility>
 

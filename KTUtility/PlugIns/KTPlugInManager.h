@@ -2,8 +2,8 @@
 
 #include "KTPlugInStatus.h"
 #include <KTUtility/KTUtilityExport.h>
-#include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Classes/NSProtocol.h>
+#include <KTUtility/Platform/Files/NSBundle.h>
 
 #include <QList>
 #include <QMap>

@@ -1,8 +1,8 @@
 #include "FormatterByName_p.h"
 
+#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 #include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
 #include <KTUtility/Platform/Diagnostics/NSLog.h>
-#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 
 #include <QMetaProperty>
 

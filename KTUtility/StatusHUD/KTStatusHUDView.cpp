@@ -3,9 +3,9 @@
 #include "KTStatusHUDShape_p.h"
 #include <KTUtility/Platform/AppKit/NSBezierPath.h>
 #include <KTUtility/Platform/AppKit/NSImage.h>
+#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 #include <KTUtility/Platform/Diagnostics/ExceptionGuard_p.h>
 #include <KTUtility/Platform/Keys/Invoker.h>
-#include <KTUtility/Platform/Classes/NSClassRegistry.h>
 
 #include <QMouseEvent>
 #include <QPainter>

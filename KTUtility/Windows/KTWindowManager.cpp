@@ -1,7 +1,7 @@
 #include "KTWindowManager.h"
 
-#include <KTUtility/Platform/Keys/KeyValueTarget.h>
 #include <KTUtility/Platform/Classes/NSClassRegistry.h>
+#include <KTUtility/Platform/Keys/KeyValueTarget.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 
 using namespace KTPrivate;

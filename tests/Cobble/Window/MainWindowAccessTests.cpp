@@ -3,8 +3,8 @@
 
 #include "SheetSupport.h"
 
-#include "Window/FieldDelegate.h"
 #include "Editing/TextInput.h"
+#include "Window/FieldDelegate.h"
 
 #include "Appearance/Icons.h"
 #include "Appearance/ProblemLabel.h"

@@ -35,6 +35,7 @@ Q_SIGNALS:
 
 private:
     void start(const ImportRequest &request);
+    void startWithCards(const ImportRequest &request);
     void
     startWith(const std::function<Outcome<ImportPreview>(const std::function<bool()> &)> &make);
     void finish(const Outcome<ImportPreview> &preview);
