@@ -28,8 +28,8 @@ public:
     /// A text and what it was turned into.
     struct Entry
     {
-        QString original;
-        QString transformed;
+        QString original;    ///< as it was given
+        QString transformed; ///< what it was turned into
     };
 
     /// What a text was turned into; null if it is not known. The pointer holds until the next
