@@ -47,7 +47,7 @@ QString rejectionOf(const Function &function)
 /// bound to something else, or destroyed.
 struct KTPropertyBinder::Binding
 {
-    explicit Binding(const QString &ownerKey = {}) : ownerKey(ownerKey) {}
+    explicit Binding(const QString &key = {}) : ownerKey(key) {}
 
     bool hasObject() const { return object || !isOfObject; }
 

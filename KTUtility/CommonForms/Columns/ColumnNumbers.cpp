@@ -25,7 +25,7 @@ struct Group
     char16_t separator = 0; ///< before it; 0 before the first one
 };
 
-struct Numeral
+struct TypedNumeral
 {
     QVarLengthArray<Group, 8> groups;
 
@@ -63,9 +63,9 @@ bool beginsWithPoint(QStringView text, qsizetype position)
     return isFirst && (sign == u'.' || sign == u',') && isDigitAt(text, position + 1);
 }
 
-Numeral numeralAt(QStringView text, qsizetype position)
+TypedNumeral numeralAt(QStringView text, qsizetype position)
 {
-    Numeral numeral;
+    TypedNumeral numeral;
     char16_t separator = 0;
     if (!isDigitAt(text, position))
         separator = plainSignAt(text, position++);
@@ -80,9 +80,9 @@ Numeral numeralAt(QStringView text, qsizetype position)
 }
 
 /// The number that a text has; nothing if there are several, or a separator behind it.
-std::optional<Numeral> numeralIn(QStringView text)
+std::optional<TypedNumeral> numeralIn(QStringView text)
 {
-    std::optional<Numeral> found;
+    std::optional<TypedNumeral> found;
     for (qsizetype at = 0; at < text.size(); ++at) {
         if (!isDigitAt(text, at) && !beginsWithPoint(text, at))
             continue;
@@ -119,7 +119,7 @@ bool areGrouped(QStringView text, std::span<const Group> groups)
 }
 
 /// Whether a number can have a sign before its fraction, if that is the last of its separators.
-bool isPossible(QStringView text, const Numeral &numeral, char16_t point)
+bool isPossible(QStringView text, const TypedNumeral &numeral, char16_t point)
 {
     std::span<const Group> groups(numeral.groups.data(), size_t(numeral.groups.size()));
     if (groups.back().separator == point)
@@ -130,7 +130,7 @@ bool isPossible(QStringView text, const Numeral &numeral, char16_t point)
     return !hasOther && (groups.empty() || areGrouped(text, groups));
 }
 
-bool hasPoint(const Numeral &numeral)
+bool hasPoint(const TypedNumeral &numeral)
 {
     return std::any_of(numeral.groups.begin(), numeral.groups.end(), [](const Group &group) {
         return group.separator == u'.' || group.separator == u',';
@@ -142,7 +142,7 @@ unsigned ColumnNumbers::possiblePoints(QStringView text)
 {
     if (text.size() > FoldedText::MaximumLength)
         return 0;
-    const std::optional<Numeral> numeral = numeralIn(text);
+    const std::optional<TypedNumeral> numeral = numeralIn(text);
     if (!numeral || !hasPoint(*numeral))
         return 0;
     unsigned possible = 0;
@@ -167,7 +167,7 @@ size_t ColumnNumbers::pointOf(const QString &sign)
 
 QString ColumnNumbers::withSign(const QString &text, size_t point, const QString &sign)
 {
-    const std::optional<Numeral> numeral = numeralIn(text);
+    const std::optional<TypedNumeral> numeral = numeralIn(text);
     if (!numeral)
         return text;
     QString result = text.first(numeral->begin());

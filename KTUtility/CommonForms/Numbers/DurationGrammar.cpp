@@ -61,10 +61,10 @@ struct Clock
     QStringView fraction;
 };
 
-class Reader
+class DurationReader
 {
 public:
-    Reader(const FoldedText &text, const DurationVocabulary &vocabulary)
+    DurationReader(const FoldedText &text, const DurationVocabulary &vocabulary)
         : _text(text), _folded(text.text()), _vocabulary(vocabulary), _sum(text)
     {
     }
@@ -406,5 +406,5 @@ private:
 
 TypedDecimal DurationGrammar::read(const FoldedText &text, const DurationVocabulary &vocabulary)
 {
-    return Reader(text, vocabulary).read();
+    return DurationReader(text, vocabulary).read();
 }

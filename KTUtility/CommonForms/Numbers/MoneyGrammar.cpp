@@ -8,10 +8,10 @@ using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
-class Reader
+class MoneyReader
 {
 public:
-    Reader(const FoldedText &text, const MoneyField &field)
+    MoneyReader(const FoldedText &text, const MoneyField &field)
         : _text(text)
         , _folded(text.text())
         , _field(field)
@@ -254,5 +254,5 @@ private:
 
 TypedDecimal MoneyGrammar::read(const FoldedText &text, const MoneyField &field)
 {
-    return Reader(text, field).read();
+    return MoneyReader(text, field).read();
 }

@@ -38,7 +38,7 @@ struct Chunk
 
 using Chunks = QVarLengthArray<Chunk, 16>;
 
-enum class Role { Groups, Point, Uneven };
+enum class SeparatorRole { Groups, Point, Uneven };
 
 class Scanner
 {
@@ -138,10 +138,11 @@ public:
     }
 
     /// Of the last one; the others are of groups.
-    Role roleOfLast() const
+    SeparatorRole roleOfLast() const
     {
         if (_count > 1)
-            return _count == count() && isEven(_chunks.size()) ? Role::Groups : Role::Uneven;
+            return _count == count() && isEven(_chunks.size()) ? SeparatorRole::Groups
+                                                               : SeparatorRole::Uneven;
         if (_last == ArabicPoint || (_signs.isPoint(_last) && !_signs.isGroup(_last)))
             return roleOfPoint();
         return count() == 1 ? roleOfOnlyOne() : roleBehindOthers();
@@ -153,10 +154,10 @@ public:
         return count() == 1 && isOfBothRoles(_last) && isEven(_chunks.size());
     }
 
-    bool areOwn(Role roleOfLast) const
+    bool areOwn(SeparatorRole roleOfLast) const
     {
         const bool isOwnLast =
-            roleOfLast == Role::Point ? _signs.isPoint(_last) : _signs.isGroup(_last);
+            roleOfLast == SeparatorRole::Point ? _signs.isPoint(_last) : _signs.isGroup(_last);
         return isOwnLast &&
                std::all_of(_chunks.begin() + 1, _chunks.end() - 1,
                            [this](const Chunk &chunk) { return _signs.isGroup(chunk.separator); });
@@ -165,23 +166,26 @@ public:
 private:
     qsizetype count() const { return _chunks.size() - 1; }
 
-    Role roleOfPoint() const { return hasEvenIntegers() ? Role::Point : Role::Uneven; }
+    SeparatorRole roleOfPoint() const
+    {
+        return hasEvenIntegers() ? SeparatorRole::Point : SeparatorRole::Uneven;
+    }
 
-    Role roleOfOnlyOne() const
+    SeparatorRole roleOfOnlyOne() const
     {
         if (isEven(_chunks.size()))
-            return Role::Groups;
+            return SeparatorRole::Groups;
         const bool isGroup = _signs.isGroup(_last) || isOfGroupsOnly(_last);
-        return isGroup ? Role::Uneven : roleOfPoint();
+        return isGroup ? SeparatorRole::Uneven : roleOfPoint();
     }
 
     /// "1,234.56" in German: since another sign separates the groups, this is the point.
-    Role roleBehindOthers() const
+    SeparatorRole roleBehindOthers() const
     {
         const bool isBehindBlanks = isOfGroupsOnly(_chunks[1].separator);
         const bool isGroupAsWell =
             _signs.isGroup(_last) && isBehindBlanks && _chunks.back().length == CommonGroupSize;
-        return isOfGroupsOnly(_last) || isGroupAsWell ? Role::Uneven : roleOfPoint();
+        return isOfGroupsOnly(_last) || isGroupAsWell ? SeparatorRole::Uneven : roleOfPoint();
     }
 
     /// Whether the digits before the last separator are one group or even groups.
@@ -238,13 +242,13 @@ void append(Numeral &numeral, QStringView digits)
 void decide(Numeral &numeral, QStringView text, const Chunks &chunks, const NumberSigns &signs)
 {
     const Separators separators(text, chunks, signs);
-    const Role role = separators.roleOfLast();
+    const SeparatorRole role = separators.roleOfLast();
     numeral.isPlain = false;
-    numeral.isUneven = role == Role::Uneven;
+    numeral.isUneven = role == SeparatorRole::Uneven;
     numeral.isTwofold = !numeral.isUneven && separators.isTwofold();
     numeral.isOwn = separators.areOwn(role);
-    numeral.hasGroups = role == Role::Groups || chunks.size() > 2;
-    if (role == Role::Point)
+    numeral.hasGroups = role == SeparatorRole::Groups || chunks.size() > 2;
+    if (role == SeparatorRole::Point)
         numeral.pointAt = chunks.back().begin - 1;
 }
 } // namespace

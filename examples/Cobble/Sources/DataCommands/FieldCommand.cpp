@@ -20,12 +20,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 const QString AtOption = u"at"_s;
-const QString SettingOption = u"option"_s;
-const QString ClearOption = u"clear"_s;
-const QString DryRunOption = u"dry-run"_s;
+const QString FieldSettingOption = u"option"_s;
+const QString FieldClearOption = u"clear"_s;
+const QString FieldDryRunOption = u"dry-run"_s;
 
 /// The words of the command line, and the place of a field that it names, from 0.
-struct Request
+struct FieldRequest
 {
     QString action;
     QString library;
@@ -47,7 +47,7 @@ Outcome<qsizetype> placeIn(const QString &text)
     return Failure{u"bad place '%1'; the first field has 1"_s.arg(text)};
 }
 
-Outcome<Request> requestOf(const QStringList &words)
+Outcome<FieldRequest> requestOf(const QStringList &words)
 {
     static const QHash<QString, qsizetype> counts = {
         {u"add"_s, 3}, {u"remove"_s, 3}, {u"move"_s, 4}, {u"type"_s, 4}};
@@ -59,16 +59,16 @@ Outcome<Request> requestOf(const QStringList &words)
             action, counts.value(action) == 3 ? u" and a field"_s
                     : action == u"move"       ? u", a field and a place"_s
                                               : u", a field and a type"_s)};
-    return Request{action, words.at(1), words.at(2), words.value(3), -1, {}, false};
+    return FieldRequest{action, words.at(1), words.at(2), words.value(3), -1, {}, false};
 }
 
-Outcome<Request> requestIn(const QCommandLineParser &parser)
+Outcome<FieldRequest> requestIn(const QCommandLineParser &parser)
 {
-    Outcome<Request> request = requestOf(parser.positionalArguments());
+    Outcome<FieldRequest> request = requestOf(parser.positionalArguments());
     if (!request)
         return request;
-    request->options = parser.values(SettingOption);
-    request->clears = parser.isSet(ClearOption);
+    request->options = parser.values(FieldSettingOption);
+    request->clears = parser.isSet(FieldClearOption);
     const bool isMove = request->action == u"move";
     if (!isMove && !parser.isSet(AtOption))
         return request;
@@ -80,7 +80,7 @@ Outcome<Request> requestIn(const QCommandLineParser &parser)
 }
 
 /// The field that is to be, in an add or a type.
-Outcome<LibraryField> fieldIn(const Request &request)
+Outcome<LibraryField> fieldIn(const FieldRequest &request)
 {
     LibraryField field;
     if (request.action == u"add") {
@@ -100,10 +100,10 @@ Outcome<LibraryField> fieldIn(const Request &request)
 
 Outcome<> checkField(const QCommandLineParser &parser)
 {
-    const Outcome<Request> request = requestIn(parser);
+    const Outcome<FieldRequest> request = requestIn(parser);
     if (!request)
         return request.failure();
-    if (request->action != u"type" && (request->clears || parser.isSet(DryRunOption)))
+    if (request->action != u"type" && (request->clears || parser.isSet(FieldDryRunOption)))
         return Failure{u"--clear and --dry-run are for field type"_s};
     const bool hasField = request->action == u"add" || request->action == u"type";
     const Outcome<LibraryField> field = hasField ? fieldIn(*request) : LibraryField();
@@ -124,7 +124,7 @@ Outcome<> done(const Outcome<Library> &changed)
     return changed ? Outcome<>() : changed.failure();
 }
 
-Outcome<DataResult> add(const Request &request, const Library &library, DataChange &change)
+Outcome<DataResult> add(const FieldRequest &request, const Library &library, DataChange &change)
 {
     const LibraryField field = *fieldIn(request);
     if (FieldNames::indexOf(library, field.header) >= 0)
@@ -144,7 +144,7 @@ Outcome<DataResult> remove(const Library &library, qsizetype field, DataChange &
                        [&](StepRecorder &step) { return done(step.removeField(library, field)); });
 }
 
-Outcome<DataResult> move(const Request &request, const Library &library, qsizetype field,
+Outcome<DataResult> move(const FieldRequest &request, const Library &library, qsizetype field,
                          DataChange &change)
 {
     QList<qsizetype> order(library.fields.size());
@@ -159,7 +159,7 @@ Outcome<DataResult> move(const Request &request, const Library &library, qsizety
 }
 
 /// The field as it will be.
-LibraryField changed(const LibraryField &field, const Request &request)
+LibraryField changed(const LibraryField &field, const FieldRequest &request)
 {
     const LibraryField wanted = *fieldIn(request);
     LibraryField after = field;
@@ -174,7 +174,7 @@ QString firstOf(const FieldConversion::Preview &preview)
     return u"record %1, '%2': %3"_s.arg(QString::number(first.record), first.text, first.reason);
 }
 
-Outcome<> needReadable(const Request &request, const FieldConversion::Preview &preview,
+Outcome<> needReadable(const FieldRequest &request, const FieldConversion::Preview &preview,
                        DataChange &change)
 {
     if (preview.unreadCount == 0 || request.clears)
@@ -185,7 +185,7 @@ Outcome<> needReadable(const Request &request, const FieldConversion::Preview &p
             recordCountText(preview.unreadCount), request.what, firstOf(preview)));
 }
 
-QString sentenceFor(const Request &request, const FieldConversion::Preview &preview)
+QString sentenceFor(const FieldRequest &request, const FieldConversion::Preview &preview)
 {
     const QString sentence = u"'%1' is of type %2 now"_s.arg(request.field, request.what);
     return preview.unreadCount == 0
@@ -193,7 +193,7 @@ QString sentenceFor(const Request &request, const FieldConversion::Preview &prev
                : u"%1; it was emptied in %2"_s.arg(sentence, recordCountText(preview.unreadCount));
 }
 
-Outcome<DataResult> changeType(const Request &request, const Library &library, qsizetype field,
+Outcome<DataResult> changeType(const FieldRequest &request, const Library &library, qsizetype field,
                                DataChange &change)
 {
     const LibraryField before = library.fields.at(field);
@@ -214,7 +214,7 @@ Outcome<DataResult> changeType(const Request &request, const Library &library, q
                        });
 }
 
-Outcome<DataResult> perform(const Request &request, DataChange &change)
+Outcome<DataResult> perform(const FieldRequest &request, DataChange &change)
 {
     const Outcome<Library> library = change.libraryNamed(request.library);
     if (!library)
@@ -252,7 +252,7 @@ void print(const FieldConversion::Preview &preview, CommandContext &context)
     table.print(context.out());
 }
 
-ExitCode previewType(const Request &request, const QCommandLineParser &parser,
+ExitCode previewType(const FieldRequest &request, const QCommandLineParser &parser,
                      CommandContext &context)
 {
     const KTDatabaseBundle bundle = BundleOption::bundleIn(parser);
@@ -282,8 +282,8 @@ ExitCode previewType(const Request &request, const QCommandLineParser &parser,
 ExitCode performField(const QCommandLineParser &parser, CommandContext &context)
 {
     const LocaleScope scope(UserSettings::localeIn(parser));
-    const Request request = *requestIn(parser);
-    if (request.action == u"type" && parser.isSet(DryRunOption))
+    const FieldRequest request = *requestIn(parser);
+    if (request.action == u"type" && parser.isSet(FieldDryRunOption))
         return previewType(request, parser, context);
     return DataChange::run(parser, context, DataChange::Bundle::Existing,
                            [&](DataChange &change) { return perform(request, change); });
@@ -294,9 +294,9 @@ ExitCode runFieldCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
     parser.addOption({AtOption, QString(), u"PLACE"_s});
-    parser.addOption({SettingOption, QString(), u"KEY=VALUE"_s});
-    parser.addOption({ClearOption, QString()});
-    parser.addOption({DryRunOption, QString()});
+    parser.addOption({FieldSettingOption, QString(), u"KEY=VALUE"_s});
+    parser.addOption({FieldClearOption, QString()});
+    parser.addOption({FieldDryRunOption, QString()});
     DataChange::addOptions(&parser);
     UserSettings::addLocaleOption(&parser);
     return context.run(arguments, &parser, checkField, performField);

@@ -7,7 +7,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-const QString FieldOption = u"field"_s;
+const QString RenamedFieldOption = u"field"_s;
 
 Outcome<> checkRename(const QCommandLineParser &parser)
 {
@@ -59,8 +59,8 @@ ExitCode performRename(const QCommandLineParser &parser, CommandContext &context
                                const Outcome<Library> library = change.libraryNamed(names.first());
                                if (!library)
                                    return library.failure();
-                               return parser.isSet(FieldOption)
-                                          ? renameField(*library, parser.value(FieldOption),
+                               return parser.isSet(RenamedFieldOption)
+                                          ? renameField(*library, parser.value(RenamedFieldOption),
                                                         names.at(1), change)
                                           : renameLibrary(*library, names.at(1), change);
                            });
@@ -70,7 +70,7 @@ ExitCode performRename(const QCommandLineParser &parser, CommandContext &context
 ExitCode runRenameCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
-    parser.addOption({FieldOption, QString(), u"OLD"_s});
+    parser.addOption({RenamedFieldOption, QString(), u"OLD"_s});
     DataChange::addOptions(&parser);
     return context.run(arguments, &parser, checkRename, performRename);
 }

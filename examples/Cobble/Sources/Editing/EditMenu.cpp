@@ -5,7 +5,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-struct Item
+struct EditItem
 {
     QString title;
     /// What the item is found by.
@@ -15,7 +15,7 @@ struct Item
     bool isFirstOfGroup = false;
 };
 
-QList<Item> items()
+QList<EditItem> items()
 {
     return {{EditMenu::tr("Cu&t"), "cut:", EditCommand::Cut, QKeySequence::Cut},
             {EditMenu::tr("&Copy"), "copy:", EditCommand::Copy, QKeySequence::Copy},
@@ -37,7 +37,7 @@ QList<Item> items()
 
 void EditMenu::addItems(QMenu *menu, QObject *context, const EditCommands &commands)
 {
-    for (const Item &item : items()) {
+    for (const EditItem &item : items()) {
         if (item.isFirstOfGroup)
             menu->addSeparator();
         const EditCommand command = item.command;

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 /// More conditions than that are shown as text only.
-constexpr size_t MostRows = 8;
+constexpr size_t MostConditions = 8;
 
 /// The comparisons of a filter that rows can show; nothing for others.
 std::optional<QList<FilterComparison>> flatComparisons(const FilterNode &root,
@@ -30,7 +30,7 @@ std::optional<QList<FilterComparison>> flatComparisons(const FilterNode &root,
             return std::nullopt;
         comparisons += part.comparison;
     }
-    const bool isShort = root.kind != FilterNode::Kind::Not && parts.size() <= MostRows;
+    const bool isShort = root.kind != FilterNode::Kind::Not && parts.size() <= MostConditions;
     return isShort ? std::optional(comparisons) : std::nullopt;
 }
 } // namespace

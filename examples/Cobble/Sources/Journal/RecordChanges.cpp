@@ -9,7 +9,7 @@ namespace {
 enum class ValueKind : quint8 { Nil, Integer, Real, Text, Blob };
 
 /// What a change consists of.
-enum Part : quint8 { Before = 1, After = 2, Columns = 4 };
+enum ChangePart : quint8 { Before = 1, After = 2, Columns = 4 };
 
 void prepare(QDataStream &stream)
 {

@@ -24,7 +24,7 @@ BinEntry entryIn(const QSqlQuery &row)
 }
 
 /// Columns that are added up at once; SQLite does not take expressions of any depth.
-constexpr qsizetype ColumnsAtOnce = 100;
+constexpr qsizetype BinnedColumnsAtOnce = 100;
 
 QString lengthsOf(const QString &table, const QStringList &columns)
 {
@@ -166,10 +166,11 @@ Outcome<qint64> JournalBin::sizeOf(const QSqlDatabase &database, const QString &
                                    const QStringList &columns)
 {
     qint64 size = 0;
-    for (qsizetype first = 0; first < columns.size(); first += ColumnsAtOnce) {
-        const Outcome<qint64> some = SQL::number(
-            database, u"SELECT sum(%1) FROM %2"_s.arg(
-                          lengthsOf(table, columns.mid(first, ColumnsAtOnce)), SQL::quoted(table)));
+    for (qsizetype first = 0; first < columns.size(); first += BinnedColumnsAtOnce) {
+        const Outcome<qint64> some =
+            SQL::number(database, u"SELECT sum(%1) FROM %2"_s.arg(
+                                      lengthsOf(table, columns.mid(first, BinnedColumnsAtOnce)),
+                                      SQL::quoted(table)));
         if (!some)
             return some;
         size += *some;

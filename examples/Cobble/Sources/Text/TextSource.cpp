@@ -15,17 +15,18 @@ constexpr qint64 ChunkSize = 1 << 20;
 /// So many bytes are enough to guess by.
 constexpr qsizetype SampleSize = 1 << 16;
 
-struct Mark
+struct EncodingMark
 {
     QByteArray bytes;
     QString encoding;
 };
 
 /// The byte order mark that a file begins with; empty if it has none.
-Mark markIn(QByteArrayView beginning)
+EncodingMark markIn(QByteArrayView beginning)
 {
-    for (const Mark &mark : {Mark{"\xef\xbb\xbf", u"UTF-8"_s}, Mark{"\xff\xfe", u"UTF-16LE"_s},
-                             Mark{"\xfe\xff", u"UTF-16BE"_s}}) {
+    for (const EncodingMark &mark :
+         {EncodingMark{"\xef\xbb\xbf", u"UTF-8"_s}, EncodingMark{"\xff\xfe", u"UTF-16LE"_s},
+          EncodingMark{"\xfe\xff", u"UTF-16BE"_s}}) {
         if (beginning.startsWith(mark.bytes))
             return mark;
     }
@@ -114,7 +115,7 @@ Outcome<> TextSource::findEncoding(const QString &asked)
     QFile file(_file.path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return Failure{file.errorString()};
-    const Mark mark = markIn(file.read(3));
+    const EncodingMark mark = markIn(file.read(3));
     if (file.error() != QFileDevice::NoError)
         return Failure{file.errorString()};
     const bool isTold = !asked.isNull() && asked != TextEncodings::Automatic;

@@ -13,7 +13,7 @@
 namespace {
 constexpr const char *FieldProperty = "_field";
 constexpr const char *HeightProperty = "_cellHeight";
-constexpr int MostLines = 5;
+constexpr int MostCellLines = 5;
 constexpr int LeastNoteWidth = 240;
 constexpr int FrameWidth = 2;
 constexpr QChar FirstStrongIsolate(0x2068);
@@ -33,7 +33,7 @@ RecordTableModel *modelOf(const QModelIndex &index)
 /// At least the height of the cell.
 void fitHeight(TextInput *lines)
 {
-    const int shown = qMin(lines->blockCount(), MostLines);
+    const int shown = qMin(lines->blockCount(), MostCellLines);
     const int around = 2 * int(lines->document()->documentMargin()) + 2 * lines->frameWidth();
     const int needed = shown * lines->fontMetrics().lineSpacing() + around;
     lines->resize(lines->width(), qMax(lines->property(HeightProperty).toInt(), needed));
