@@ -62,7 +62,7 @@ Outcome<FieldRequest> requestOf(const QStringList &words)
     return FieldRequest{action, words.at(1), words.at(2), words.value(3), -1, {}, false};
 }
 
-Outcome<FieldRequest> requestIn(const QCommandLineParser &parser)
+Outcome<FieldRequest> fieldRequestIn(const QCommandLineParser &parser)
 {
     Outcome<FieldRequest> request = requestOf(parser.positionalArguments());
     if (!request)
@@ -100,7 +100,7 @@ Outcome<LibraryField> fieldIn(const FieldRequest &request)
 
 Outcome<> checkField(const QCommandLineParser &parser)
 {
-    const Outcome<FieldRequest> request = requestIn(parser);
+    const Outcome<FieldRequest> request = fieldRequestIn(parser);
     if (!request)
         return request.failure();
     if (request->action != u"type" && (request->clears || parser.isSet(FieldDryRunOption)))
@@ -114,12 +114,12 @@ Outcome<> checkField(const QCommandLineParser &parser)
 
 // --- Doing it
 
-StepTitle titleOf(const QString &kind, const Library &library, const QString &field)
+StepTitle fieldStepTitle(const QString &kind, const Library &library, const QString &field)
 {
     return {kind, {{StepParameters::Library, library.name}, {StepParameters::Field, field}}};
 }
 
-Outcome<> done(const Outcome<Library> &changed)
+Outcome<> fieldDone(const Outcome<Library> &changed)
 {
     return changed ? Outcome<>() : changed.failure();
 }
@@ -131,17 +131,18 @@ Outcome<DataResult> add(const FieldRequest &request, const Library &library, Dat
         return change.failure(ExitCode::Conflict, u"there is a field '%1'"_s.arg(field.header));
     const qsizetype place = std::min(request.place, library.fields.size());
     return change.make(
-        titleOf(StepKinds::AddField, library, field.header),
+        fieldStepTitle(StepKinds::AddField, library, field.header),
         u"Added the field '%1' to '%2'"_s.arg(field.header, library.name),
-        [&](StepRecorder &step) { return done(step.addField(library, field, place)); });
+        [&](StepRecorder &step) { return fieldDone(step.addField(library, field, place)); });
 }
 
 Outcome<DataResult> remove(const Library &library, qsizetype field, DataChange &change)
 {
     const QString title = library.fields.at(field).title();
-    return change.make(titleOf(StepKinds::RemoveField, library, title),
-                       u"Removed the field '%1' of '%2'"_s.arg(title, library.name),
-                       [&](StepRecorder &step) { return done(step.removeField(library, field)); });
+    return change.make(
+        fieldStepTitle(StepKinds::RemoveField, library, title),
+        u"Removed the field '%1' of '%2'"_s.arg(title, library.name),
+        [&](StepRecorder &step) { return fieldDone(step.removeField(library, field)); });
 }
 
 Outcome<DataResult> move(const FieldRequest &request, const Library &library, qsizetype field,
@@ -153,9 +154,9 @@ Outcome<DataResult> move(const FieldRequest &request, const Library &library, qs
     order.move(field, place);
     const QString title = library.fields.at(field).title();
     return change.make(
-        titleOf(StepKinds::MoveField, library, title),
+        fieldStepTitle(StepKinds::MoveField, library, title),
         u"Moved the field '%1' of '%2' to place %3"_s.arg(title, library.name).arg(place + 1),
-        [&](StepRecorder &step) { return done(step.reorderFields(library, order)); });
+        [&](StepRecorder &step) { return fieldDone(step.reorderFields(library, order)); });
 }
 
 /// The field as it will be.
@@ -185,7 +186,7 @@ Outcome<> needReadable(const FieldRequest &request, const FieldConversion::Previ
             recordCountText(preview.unreadCount), request.what, firstOf(preview)));
 }
 
-QString sentenceFor(const FieldRequest &request, const FieldConversion::Preview &preview)
+QString fieldSentence(const FieldRequest &request, const FieldConversion::Preview &preview)
 {
     const QString sentence = u"'%1' is of type %2 now"_s.arg(request.field, request.what);
     return preview.unreadCount == 0
@@ -207,9 +208,9 @@ Outcome<DataResult> changeType(const FieldRequest &request, const Library &libra
     const auto convert = [&](const QVariant &value) -> Outcome<QVariant> {
         return conversion.convert(value).valueOr(QVariant());
     };
-    return change.make(titleOf(StepKinds::ChangeType, library, before.title()),
-                       sentenceFor(request, *preview), [&](StepRecorder &step) {
-                           return done(
+    return change.make(fieldStepTitle(StepKinds::ChangeType, library, before.title()),
+                       fieldSentence(request, *preview), [&](StepRecorder &step) {
+                           return fieldDone(
                                step.changeType(library, field, after.type, after.options, convert));
                        });
 }
@@ -232,7 +233,7 @@ Outcome<DataResult> perform(const FieldRequest &request, DataChange &change)
 
 // --- Only looking
 
-QJsonObject objectOf(const FieldConversion::Preview &preview)
+QJsonObject fieldObject(const FieldConversion::Preview &preview)
 {
     QJsonArray unread;
     for (const FieldConversion::Unread &each : preview.unread)
@@ -242,7 +243,7 @@ QJsonObject objectOf(const FieldConversion::Preview &preview)
         {u"read"_s, preview.readCount}, {u"unread"_s, preview.unreadCount}, {u"first"_s, unread}};
 }
 
-void print(const FieldConversion::Preview &preview, CommandContext &context)
+void printFields(const FieldConversion::Preview &preview, CommandContext &context)
 {
     context.out() << u"%1 would be read, %2 would not\n"_s.arg(
         recordCountText(preview.readCount), QString::number(preview.unreadCount));
@@ -273,16 +274,16 @@ ExitCode previewType(const FieldRequest &request, const QCommandLineParser &pars
     if (!preview)
         return context.fail(bundle.bundlePath(), preview.reason());
     if (parser.isSet(JSONOption))
-        context.out() << LibraryJSON::textOf(objectOf(*preview)) << '\n';
+        context.out() << LibraryJSON::textOf(fieldObject(*preview)) << '\n';
     else
-        print(*preview, context);
+        printFields(*preview, context);
     return preview->unreadCount == 0 ? ExitCode::Success : ExitCode::Unread;
 }
 
 ExitCode performField(const QCommandLineParser &parser, CommandContext &context)
 {
     const LocaleScope scope(UserSettings::localeIn(parser));
-    const FieldRequest request = *requestIn(parser);
+    const FieldRequest request = *fieldRequestIn(parser);
     if (request.action == u"type" && parser.isSet(FieldDryRunOption))
         return previewType(request, parser, context);
     return DataChange::run(parser, context, DataChange::Bundle::Existing,

@@ -7,7 +7,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-Outcome<QVariant> readValue(DataChange &change, const LibraryField &field, const QJsonValue &json)
+Outcome<QVariant> readJSONValue(DataChange &change, const LibraryField &field,
+                                const QJsonValue &json)
 {
     if (field.type == FieldType::Media && json.isString())
         return change.knownMedia(json.toString());
@@ -23,7 +24,8 @@ Outcome<FieldValues> readValues(DataChange &change, const Library &library,
     for (auto entry = object.begin(); entry != object.end(); ++entry) {
         const Outcome<qsizetype> field = change.fieldNamed(library, entry.key());
         const Outcome<QVariant> value =
-            field ? readValue(change, library.fields.at(*field), entry.value()) : field.failure();
+            field ? readJSONValue(change, library.fields.at(*field), entry.value())
+                  : field.failure();
         if (!value)
             return value.failure();
         values.insert(*field, *value);
@@ -45,7 +47,7 @@ Outcome<JSONRecord> readRecord(DataChange &change, const Library &library, const
     return JSONRecord{isNumbered ? std::optional(id.toInteger()) : std::nullopt, *values};
 }
 
-QJsonArray recordsIn(const QJsonDocument &document)
+QJsonArray recordsInJSON(const QJsonDocument &document)
 {
     if (document.isArray())
         return document.array();
@@ -64,7 +66,7 @@ Outcome<QList<JSONRecord>> JSONRecords::read(DataChange &change, const Library &
         return change.failure(ExitCode::Unread,
                               u"the standard input is no JSON: %1"_s.arg(error.errorString()));
     QList<JSONRecord> records;
-    for (const QJsonValue &each : recordsIn(document)) {
+    for (const QJsonValue &each : recordsInJSON(document)) {
         const Outcome<JSONRecord> record = readRecord(change, library, each);
         if (!record)
             return record.failure();

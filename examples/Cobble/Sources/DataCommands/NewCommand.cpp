@@ -53,7 +53,7 @@ Outcome<> checkNew(const QCommandLineParser &parser)
 
 // --- A library
 
-Outcome<Library> libraryIn(const QCommandLineParser &parser)
+Outcome<Library> newLibraryIn(const QCommandLineParser &parser)
 {
     Library library;
     library.name = parser.positionalArguments().first();
@@ -82,7 +82,7 @@ Outcome<DataResult> makeLibrary(const Library &library, DataChange &change)
 
 ExitCode newLibrary(const QCommandLineParser &parser, CommandContext &context)
 {
-    const Outcome<Library> library = libraryIn(parser);
+    const Outcome<Library> library = newLibraryIn(parser);
     if (!library)
         return context.wrongUsage(library.reason());
     BundleOption::needFolderOf(BundleOption::bundleIn(parser));

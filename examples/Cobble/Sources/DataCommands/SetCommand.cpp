@@ -97,8 +97,8 @@ StepTitle titleOf(const Library &library, const QList<JSONRecord> &records)
     return title;
 }
 
-Outcome<DataResult> write(const Library &library, const QList<JSONRecord> &records,
-                          DataChange &change)
+Outcome<DataResult> writeChanges(const Library &library, const QList<JSONRecord> &records,
+                                 DataChange &change)
 {
     const Outcome<QList<qint64>> numbers = numbersOf(records, change);
     const Outcome<> areThere =
@@ -135,7 +135,8 @@ ExitCode performSet(const QCommandLineParser &parser, CommandContext &context)
                                const auto records = request.isJSON
                                                         ? JSONRecords::read(data, *library, *input)
                                                         : typedRecords(request, *library, data);
-                               return records ? write(*library, *records, data) : records.failure();
+                               return records ? writeChanges(*library, *records, data)
+                                              : records.failure();
                            });
 }
 } // namespace

@@ -31,3 +31,8 @@ QString ComparedText::of(const QString &text, const QString &passesOver)
                                 : text.normalized(QString::NormalizationForm_C);
     return passesOverCase ? letters.toCaseFolded() : letters;
 }
+
+bool ComparedText::isOfWord(QChar unit)
+{
+    return unit.isLetterOrNumber() || unit == u'_' || unit.isMark() || unit.isSurrogate();
+}

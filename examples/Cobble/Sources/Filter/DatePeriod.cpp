@@ -32,7 +32,7 @@ QStringList monthNames(const NSLocale &locale, NSDateFormatterSymbols kind)
     return formatter.symbols(kind);
 }
 
-QString foldedName(const QString &name)
+QString foldedMonthName(const QString &name)
 {
     QString folded = ComparedText::of(name.trimmed());
     if (folded.endsWith(u'.'))
@@ -45,7 +45,7 @@ int monthNamed(const QString &name, const NSLocale &locale)
     for (const NSDateFormatterSymbols kind : kindsOfNames()) {
         const QStringList names = monthNames(locale, kind);
         for (qsizetype month = 0; month < qMin<qsizetype>(names.size(), MonthsOfYear); ++month) {
-            if (foldedName(names.at(month)) == name)
+            if (foldedMonthName(names.at(month)) == name)
                 return int(month) + 1;
         }
     }
@@ -54,7 +54,7 @@ int monthNamed(const QString &name, const NSLocale &locale)
 
 int monthNamed(const QString &text)
 {
-    const QString name = foldedName(text);
+    const QString name = foldedMonthName(text);
     const int month = monthNamed(name, NSLocale::currentLocale(NSLocale::Category::Dates));
     return month != 0 ? month : monthNamed(name, NSLocale(u"en_US"_s));
 }

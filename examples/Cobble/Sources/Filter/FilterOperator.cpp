@@ -1,5 +1,7 @@
 #include "FilterOperator.h"
 
+#include "ComparedText.h"
+
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -42,11 +44,6 @@ bool isWordSpelling(QStringView text)
     return text.front().isLetter();
 }
 
-bool isOfWord(QChar unit)
-{
-    return unit.isLetterOrNumber() || unit == u'_' || unit.isMark() || unit.isSurrogate();
-}
-
 /// How much of the text is the spelling, in which any number of spaces stands for one; 0 if it is
 /// not there.
 qsizetype lengthOf(QStringView spelling, QStringView text)
@@ -59,7 +56,8 @@ qsizetype lengthOf(QStringView spelling, QStringView text)
         while (unit == u' ' && place < text.size() && text[place].isSpace())
             ++place;
     }
-    const bool goesOn = spelling.back().isLetter() && place < text.size() && isOfWord(text[place]);
+    const bool goesOn =
+        spelling.back().isLetter() && place < text.size() && ComparedText::isOfWord(text[place]);
     return goesOn ? 0 : place;
 }
 

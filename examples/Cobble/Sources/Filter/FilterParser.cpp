@@ -1,5 +1,6 @@
 #include "FilterParser.h"
 
+#include "ComparedText.h"
 #include "FilterTexts.h"
 
 using namespace Qt::StringLiterals;
@@ -14,11 +15,6 @@ constexpr qsizetype LongestBareName = 200;
 bool isQuote(QChar unit)
 {
     return unit == u'"' || unit == u'\'';
-}
-
-bool isOfWord(QChar unit)
-{
-    return unit.isLetterOrNumber() || unit == u'_' || unit.isMark() || unit.isSurrogate();
 }
 } // namespace
 
@@ -64,10 +60,10 @@ qsizetype FilterParser::joiningWord(qsizetype position, FilterNode::Kind kind) c
     if (rest.startsWith(isAnd ? u"&&" : u"||"))
         return 2;
     const QStringView word = isAnd ? QStringView(u"AND") : QStringView(u"OR");
-    const bool begins = position > 0 && !isOfWord(at(position - 1));
+    const bool begins = position > 0 && !ComparedText::isOfWord(at(position - 1));
     if (!begins || !rest.startsWith(word, Qt::CaseInsensitive))
         return 0;
-    return isOfWord(at(position + word.size())) ? 0 : word.size();
+    return ComparedText::isOfWord(at(position + word.size())) ? 0 : word.size();
 }
 
 qsizetype FilterParser::anyJoiningWord(qsizetype position) const
@@ -113,7 +109,8 @@ FilterParser::Parsed FilterParser::parsePart()
         return fail(FilterTexts::tr("there are too many parentheses"), begin);
     const QStringView rest = QStringView(_text).sliced(begin);
     const bool isSign = rest.startsWith(u'!') && !rest.startsWith(u"!=");
-    const bool isWord = rest.startsWith(u"NOT", Qt::CaseInsensitive) && !isOfWord(at(begin + 3));
+    const bool isWord =
+        rest.startsWith(u"NOT", Qt::CaseInsensitive) && !ComparedText::isOfWord(at(begin + 3));
     Parsed part;
     if (isSign || (isWord && !longestName())) {
         _position += isSign ? 1 : 3;

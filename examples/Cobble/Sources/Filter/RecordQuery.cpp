@@ -25,7 +25,7 @@ QStringList partsOf(const QString &text)
     return parts;
 }
 
-QString quoted(const QString &name)
+QString quotedName(const QString &name)
 {
     const bool isPlain = std::none_of(name.begin(), name.end(), [](QChar unit) {
         return unit == u',' || unit == u'"' || unit == u'\'' || unit == u'\\' || unit == u'-';
@@ -80,7 +80,8 @@ QString RecordQuery::textOf(const QList<RecordOrder> &order, const FilterFields 
 {
     QStringList names;
     for (const RecordOrder &each : order)
-        names += (each.isAscending ? u""_s : u"-"_s) + quoted(fields.nameOf(each.field, notation));
+        names +=
+            (each.isAscending ? u""_s : u"-"_s) + quotedName(fields.nameOf(each.field, notation));
     return names.join(u',');
 }
 
@@ -89,7 +90,7 @@ QString RecordQuery::textOf(const QList<qsizetype> &columns, const FilterFields 
 {
     QStringList names;
     for (const qsizetype column : columns)
-        names += quoted(fields.nameOf(column, notation));
+        names += quotedName(fields.nameOf(column, notation));
     return names.join(u',');
 }
 

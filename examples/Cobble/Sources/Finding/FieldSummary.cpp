@@ -14,7 +14,7 @@ const NSDecimalNumberHandler &quietly()
     return handler;
 }
 
-bool isOfNumbers(FieldType type)
+bool sumsNumbers(FieldType type)
 {
     return type == FieldType::Number || type == FieldType::Currency || type == FieldType::Duration;
 }
@@ -73,7 +73,7 @@ QString FieldSummary::text(const FieldReader &reader) const
     const auto number = [&reader](const NSDecimalNumber &value) {
         return numberText(value, reader);
     };
-    if (isOfNumbers(reader.type()) && _numbers > 0)
+    if (sumsNumbers(reader.type()) && _numbers > 0)
         return tr("Sum %1 · Average %2 · Least %3 · Most %4")
             .arg(number(_sum), number(average()), number(_least), number(_most));
     if (reader.formatter() && _first.isValid())

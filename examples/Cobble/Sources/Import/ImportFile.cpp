@@ -41,7 +41,7 @@ Outcome<CobbleTable> readTable(const PlugIns &plugIns, CobbleImporter &importer,
 }
 
 template<typename Rows>
-Outcome<> useRows(Outcome<Rows> &&rows, std::shared_ptr<RowSource> *source)
+Outcome<> useRowsOf(Outcome<Rows> &&rows, std::shared_ptr<RowSource> *source)
 {
     if (!rows)
         return rows.failure();
@@ -59,7 +59,7 @@ Outcome<> useTable(const CobbleTable &table, ImportFile *file, std::shared_ptr<R
         if (!type.isEmpty())
             file->settings.types.insert(column, FieldTypes::storedTypeNamed(type));
     }
-    return useRows(Table::of(table), rows);
+    return useRowsOf(Table::of(table), rows);
 }
 
 Outcome<> useText(const ImportRequest &request, const std::function<bool()> &goesOn,
@@ -68,8 +68,8 @@ Outcome<> useText(const ImportRequest &request, const std::function<bool()> &goe
     const Outcome<TextSource> text = TextSource::ofFile(request.path, request.encoding);
     if (!text)
         return text.failure();
-    return useRows(SeparatedText::read(*text, {request.separator, request.hasHeaders}, goesOn),
-                   rows);
+    return useRowsOf(SeparatedText::read(*text, {request.separator, request.hasHeaders}, goesOn),
+                     rows);
 }
 
 Outcome<> useImporter(const PlugIns &plugIns, CobbleImporter &importer,

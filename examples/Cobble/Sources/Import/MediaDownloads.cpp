@@ -37,7 +37,7 @@ QString nameOf(const NSURL &url)
 }
 
 /// Why a URL is not even asked for; nil if it is.
-QString problemOf(const QString &name)
+QString problemOfReply(const QString &name)
 {
     if (name.isNull())
         return Reasons::tr("it names no file");
@@ -45,7 +45,7 @@ QString problemOf(const QString &name)
 }
 
 /// Why an answer is no file; nil if it is one.
-QString problemOf(const NSHTTPURLResponse &response, bool hasBody)
+QString problemOfReply(const NSHTTPURLResponse &response, bool hasBody)
 {
     if (response.statusCode >= 400)
         return Reasons::tr("its server says %1").arg(response.statusCode);
@@ -63,7 +63,7 @@ Outcome<> MediaDownloads::fetch(const NSURL &url, const GoesOn &goesOn)
         return {};
     if (goesOn && !goesOn())
         return Failure{Reasons::tr("it was cancelled"), true};
-    QString problem = problemOf(nameOf(url));
+    QString problem = problemOfReply(nameOf(url));
     if (problem.isNull() && _silent.contains(serverOf(url)))
         problem = silence();
     if (problem.isNull())
@@ -90,7 +90,7 @@ Outcome<> MediaDownloads::fetchNew(const NSURL &url, const GoesOn &goesOn)
     const bool isSilent = !data && (response.statusCode == 0 || isOverdue);
     if (isSilent)
         _silent += serverOf(url);
-    const QString problem = isSilent ? silence() : problemOf(response, data.has_value());
+    const QString problem = isSilent ? silence() : problemOfReply(response, data.has_value());
     if (problem.isNull())
         return write(url, *data);
     refuse(url, problem);

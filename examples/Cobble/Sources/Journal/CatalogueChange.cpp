@@ -31,7 +31,7 @@ QJsonObject objectOf(const Library &library)
             {u"fields"_s, fields}};
 }
 
-LibraryField fieldIn(const QJsonObject &object)
+LibraryField fieldInObject(const QJsonObject &object)
 {
     LibraryField field;
     field.columnName = object.value(u"column"_s).toString();
@@ -43,7 +43,7 @@ LibraryField fieldIn(const QJsonObject &object)
     return field;
 }
 
-std::optional<Library> libraryIn(const QJsonValue &value)
+std::optional<Library> libraryInObject(const QJsonValue &value)
 {
     if (!value.isObject())
         return std::nullopt;
@@ -54,7 +54,7 @@ std::optional<Library> libraryIn(const QJsonValue &value)
     library.entityName = object.value(u"entity"_s).toString();
     library.tableName = object.value(u"table"_s).toString();
     for (const QJsonValue &field : object.value(u"fields"_s).toArray())
-        library.fields += fieldIn(field.toObject());
+        library.fields += fieldInObject(field.toObject());
     return library;
 }
 
@@ -73,8 +73,8 @@ QByteArray CatalogueChange::bytes() const
 Outcome<CatalogueChange> CatalogueChange::read(const QByteArray &bytes)
 {
     const QJsonObject object = QJsonDocument::fromJson(bytes).object();
-    const CatalogueChange change = {libraryIn(object.value(u"before"_s)),
-                                    libraryIn(object.value(u"after"_s))};
+    const CatalogueChange change = {libraryInObject(object.value(u"before"_s)),
+                                    libraryInObject(object.value(u"after"_s))};
     if (!change.before && !change.after)
         return Failure{Reasons::tr("the step cannot be read")};
     return change;

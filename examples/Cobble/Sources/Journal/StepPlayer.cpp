@@ -48,7 +48,7 @@ RecordChange withColumnsOf(const LibraryTable &table, const RecordChange &change
     return result;
 }
 
-QStringList columnsOf(const Library &library)
+QStringList columnNamesOf(const Library &library)
 {
     QStringList columns;
     for (const LibraryField &field : library.fields)
@@ -179,7 +179,7 @@ Outcome<> StepPlayer::checkColumns(const Library &library)
     const Outcome<LibraryTable> table = LibraryTable::open(_database, library.tableName);
     if (!table)
         return conflict();
-    const QStringList wanted = columnsOf(library);
+    const QStringList wanted = columnNamesOf(library);
     const bool areThere =
         !wanted.isEmpty() && std::all_of(wanted.begin(), wanted.end(), [&](const QString &column) {
             return table->columns().contains(column);
@@ -209,8 +209,8 @@ Outcome<> StepPlayer::moveTable(const std::optional<Library> &from,
 
 Outcome<> StepPlayer::moveColumns(const Library &from, const Library &to)
 {
-    const QStringList before = columnsOf(from);
-    const QStringList after = columnsOf(to);
+    const QStringList before = columnNamesOf(from);
+    const QStringList after = columnNamesOf(to);
     Outcome<> moved;
     for (const QString &column : before)
         moved = moved.andThen(

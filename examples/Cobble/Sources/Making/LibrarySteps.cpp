@@ -21,7 +21,7 @@ Outcome<> done(const Outcome<Library> &changed)
     return changed ? Outcome<>() : changed.failure();
 }
 
-StepTitle titleOf(const QString &kind, const QString &library)
+StepTitle libraryStepTitle(const QString &kind, const QString &library)
 {
     return {kind, {{StepParameters::Library, library}}};
 }
@@ -46,21 +46,21 @@ Outcome<> LibrarySteps::makeLibrary(const Change &change, const QString &name)
     LibraryField field;
     field.header = StepTexts::tr("Name");
     library.fields = {field};
-    return change(titleOf(StepKinds::NewLibrary, library.name),
+    return change(libraryStepTitle(StepKinds::NewLibrary, library.name),
                   [&](StepRecorder &step) { return done(step.createLibrary(library)); });
 }
 
 Outcome<> LibrarySteps::renameLibrary(const Change &change, const Library &library,
                                       const QString &name)
 {
-    return change(titleOf(StepKinds::RenameLibrary, name.trimmed()), [&](StepRecorder &step) {
-        return done(step.renameLibrary(library, name.trimmed()));
-    });
+    return change(
+        libraryStepTitle(StepKinds::RenameLibrary, name.trimmed()),
+        [&](StepRecorder &step) { return done(step.renameLibrary(library, name.trimmed())); });
 }
 
 Outcome<> LibrarySteps::removeLibrary(const Change &change, const Library &library)
 {
-    return change(titleOf(StepKinds::RemoveLibrary, library.name),
+    return change(libraryStepTitle(StepKinds::RemoveLibrary, library.name),
                   [&](StepRecorder &step) { return step.removeLibrary(library); });
 }
 
@@ -75,7 +75,7 @@ Outcome<> LibrarySteps::addField(const Change &change, const Library &library, c
     const QString currency = FieldReader(type).currencyType();
     if (!currency.isNull())
         field.options.insert(kKTFieldOption_currencyType, currency);
-    StepTitle title = titleOf(StepKinds::AddField, library.name);
+    StepTitle title = libraryStepTitle(StepKinds::AddField, library.name);
     title.parameters.insert(StepParameters::Field, field.header);
     return change(title, [&](StepRecorder &step) { return done(step.addField(library, field)); });
 }

@@ -63,8 +63,8 @@ struct Progress
     }
 };
 
-Outcome<ImportResult> importFile(Outcome<ImportFile> file, const ImportRequest &request,
-                                 Progress *progress)
+Outcome<ImportResult> importInThread(Outcome<ImportFile> file, const ImportRequest &request,
+                                     Progress *progress)
 {
     if (file.isCancelled())
         return cancelled();
@@ -305,8 +305,8 @@ Outcome<ImportResult> ImportSheet::import(const ImportRequest &request)
     WorkThread::run(
         [&] {
             const auto goesOn = [&progress] { return progress.goesOn.load(); };
-            result =
-                importFile(isText ? ImportFile::read(request, goesOn) : file, request, &progress);
+            result = importInThread(isText ? ImportFile::read(request, goesOn) : file, request,
+                                    &progress);
         },
         [&] { progress.goesOn = goOn(progress.row, progress.rowCount) && progress.goesOn; },
         LookInterval);
