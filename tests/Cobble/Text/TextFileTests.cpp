@@ -79,7 +79,7 @@ TEST(TextFile, ASecondMarkIsText)
 
 TEST(TextFile, NothingAndAMarkAloneAreEmptyTexts)
 {
-    for (const QByteArray &data : {"", "\xef\xbb\xbf", "\xff\xfe", "\xfe\xff"})
+    for (const QByteArray data : {"", "\xef\xbb\xbf", "\xff\xfe", "\xfe\xff"})
         EXPECT_EQ(reasonForData(data), u"the file is empty"_s);
 }
 
