@@ -82,6 +82,17 @@ QVariantList readValues(QDataStream &stream, qsizetype count)
     return values;
 }
 
+/// One after the other: QDataStream would make room first for as many as the bytes say.
+QStringList readColumns(QDataStream &stream)
+{
+    quint32 count = 0;
+    stream >> count;
+    QStringList columns;
+    for (quint32 place = 0; place < count && isOk(stream); ++place)
+        columns += readAs<QString>(stream).toString();
+    return columns;
+}
+
 /// \param columns those of the change before, and then of this one.
 RecordChange readChange(QDataStream &stream, QStringList *columns)
 {
@@ -89,7 +100,7 @@ RecordChange readChange(QDataStream &stream, QStringList *columns)
     quint8 parts = 0;
     stream >> change.id >> parts;
     if (parts & Columns)
-        stream >> *columns;
+        *columns = readColumns(stream);
     change.columns = *columns;
     if (parts & Before)
         change.before = readValues(stream, columns->size());
