@@ -105,12 +105,13 @@ private:
         return std::rotl((hash ^ units) * Factor, 29);
     }
     static quint32 tagOf(quint64 hash) { return quint32(hash >> 32); }
-    /// Whoever asks often does so with the same text, of which there is one copy.
+    /// Whoever asks often does so with the same text, of which there is one copy. An empty text may
+    /// have no units to look at.
     static bool isOf(const Entry &entry, QStringView original)
     {
         const QStringView known = entry.original;
         return known.size() == original.size() &&
-               (known.data() == original.data() ||
+               (known.isEmpty() || known.data() == original.data() ||
                 std::memcmp(known.data(), original.data(),
                             size_t(original.size()) * sizeof(QChar)) == 0);
     }
