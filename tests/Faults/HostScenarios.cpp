@@ -1,9 +1,9 @@
 // What the host writes: imports, exports and single records.
 
+#include "Export/LibraryExport.h"
 #include "FaultScenario.h"
 #include "Import/ImportFile.h"
 #include "Journal/ChangeJournal.h"
-#include "Library/LibraryExport.h"
 #include "Library/LibraryStore.h"
 #include "Library/PlugIns.h"
 

@@ -332,7 +332,7 @@ TEST_F(MainWindowTests, WhatIsBeingTypedStaysWhenOtherRecordsGo)
     MainWindowController *const first = openThings();
     MainWindowController *const second = open();
     type(editor(first, 0)->input(), u"half ty"_s);
-    EXPECT_TRUE(second->library()->removeRecords({second->model()->recordAt(3)}));
+    EXPECT_TRUE(second->library()->removeRecords({second->model()->recordAt(3)->id()}));
     EXPECT_EQ(editor(first, 0)->text(), u"half ty"_s);
     first->records()->setSelectionIndex(1);
     EXPECT_EQ(editor(first, 0)->text(), u"Bjørn"_s);

@@ -124,7 +124,7 @@ TEST_F(RejectedInputTests, WhatCanBeStoredIsStoredAndLeft)
 TEST_F(RejectedInputTests, WhatOthersTakeAwayIsTold)
 {
     MainWindowController *const window = openWithCow();
-    EXPECT_TRUE(window->library()->removeRecords({window->model()->recordAt(0)}));
+    EXPECT_TRUE(window->library()->removeRecords({window->model()->recordAt(0)->id()}));
     EXPECT_TRUE(window->mainWindow()->statusBar()->currentMessage().contains(u"a cow"));
 }
 

@@ -3,7 +3,7 @@
 #include "WindowSupport.h"
 
 #include "Finding/FilterBar.h"
-#include "Window/OpenBundle.h"
+#include "Open/OpenBundle.h"
 #include "Window/RecordFinder.h"
 #include "Window/SmartLibraryList.h"
 

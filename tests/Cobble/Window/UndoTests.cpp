@@ -97,7 +97,7 @@ TEST_F(UndoTests, DeletedRecordsComeBackToTheirPlaceAndAreSelected)
     EXPECT_EQ(title(window, "undoChange:"), u"Undo Delete 2 Records"_s);
     undo(window);
     EXPECT_EQ(column(window, 0), QStringList({u"Ann"_s, u"Bjørn"_s, u"Céline"_s, u"Ann"_s}));
-    EXPECT_EQ(window->records()->selectedObjects().size(), 2);
+    EXPECT_EQ(window->records()->selectedCount(), 2);
     EXPECT_EQ(stored(1, 4), u"first\nsecond"_s);
     redo(window);
     EXPECT_EQ(countIn(window), u"2 records"_s);

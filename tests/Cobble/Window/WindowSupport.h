@@ -5,12 +5,12 @@
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
 
+#include "Open/OpenLibrary.h"
 #include "Window/DesktopApplication.h"
 #include "Window/DetailPane.h"
 #include "Window/FieldEditor.h"
 #include "Window/MainWindow.h"
 #include "Window/MainWindowController.h"
-#include "Window/OpenLibrary.h"
 #include "Window/RecordTableModel.h"
 #include "Window/RecordTableView.h"
 

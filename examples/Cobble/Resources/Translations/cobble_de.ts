@@ -66,6 +66,13 @@
 </context>
 <context>
     <name>DetailPane</name>
+    <message numerus="yes">
+        <source>%1 record(s) selected</source>
+        <translation>
+            <numerusform>%1 Datensatz ausgewählt</numerusform>
+            <numerusform>%1 Datensätze ausgewählt</numerusform>
+        </translation>
+    </message>
     <message>
         <source>Multiple values</source>
         <translation>Mehrere Werte</translation>
@@ -82,6 +89,10 @@
         <translation>&amp;Kopieren</translation>
     </message>
     <message>
+        <source>&amp;Duplicate</source>
+        <translation>&amp;Duplizieren</translation>
+    </message>
+    <message>
         <source>&amp;New Record</source>
         <translation>&amp;Neuer Datensatz</translation>
     </message>
@@ -96,10 +107,6 @@
     <message>
         <source>Cu&amp;t</source>
         <translation>&amp;Ausschneiden</translation>
-    </message>
-    <message>
-        <source>&amp;Duplicate</source>
-        <translation>&amp;Duplizieren</translation>
     </message>
     <message>
         <source>Fill Do&amp;wn</source>
@@ -760,10 +767,6 @@
         <translation>Fenster &amp;schließen</translation>
     </message>
     <message>
-        <source>Delete Rec&amp;ords</source>
-        <translation>Da&amp;tensätze löschen</translation>
-    </message>
-    <message>
         <source>&amp;Edit</source>
         <translation>&amp;Bearbeiten</translation>
     </message>
@@ -834,6 +837,10 @@
     <message>
         <source>Cobble &amp;Help</source>
         <translation>&amp;Hilfe zu Cobble</translation>
+    </message>
+    <message>
+        <source>Delete Rec&amp;ords</source>
+        <translation>Da&amp;tensätze löschen</translation>
     </message>
     <message>
         <source>Fi&amp;lter…</source>
@@ -946,6 +953,10 @@
         <translation>Kein Datensatz enthält, was Sie suchen.</translation>
     </message>
     <message>
+        <source>Searching… %1</source>
+        <translation>Suchen … %1</translation>
+    </message>
+    <message>
         <source>Set</source>
         <translation>Setzen</translation>
     </message>
@@ -955,6 +966,10 @@
             <numerusform>„%1“ von %2 Datensatz setzen?</numerusform>
             <numerusform>„%1“ von %2 Datensätzen setzen?</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Sorting… %1</source>
+        <translation>Sortieren … %1</translation>
     </message>
     <message>
         <source>The filter of “%1” no longer fits: %2</source>
@@ -1621,6 +1636,10 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
             <numerusform>%1 Datensatz hinzugefügt</numerusform>
             <numerusform>%1 Datensätze hinzugefügt</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>So many records cannot be copied at once.</source>
+        <translation>So viele Datensätze können nicht auf einmal kopiert werden.</translation>
     </message>
 </context>
 <context>

@@ -19,6 +19,16 @@
     </message>
 </context>
 <context>
+    <name>DetailPane</name>
+    <message numerus="yes">
+        <source>%1 record(s) selected</source>
+        <translation>
+            <numerusform>%1 record selected</numerusform>
+            <numerusform>%1 records selected</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>ImportSummary</name>
     <message numerus="yes">
         <source>Stored %1 record(s) in the library “%2”.</source>

@@ -66,6 +66,13 @@
 </context>
 <context>
     <name>DetailPane</name>
+    <message numerus="yes">
+        <source>%1 record(s) selected</source>
+        <translation>
+            <numerusform>%1 enregistrement sélectionné</numerusform>
+            <numerusform>%1 enregistrements sélectionnés</numerusform>
+        </translation>
+    </message>
     <message>
         <source>Multiple values</source>
         <translation>Plusieurs valeurs</translation>
@@ -82,6 +89,10 @@
         <translation>&amp;Copier</translation>
     </message>
     <message>
+        <source>&amp;Duplicate</source>
+        <translation>&amp;Dupliquer</translation>
+    </message>
+    <message>
         <source>&amp;New Record</source>
         <translation>&amp;Nouvel enregistrement</translation>
     </message>
@@ -96,10 +107,6 @@
     <message>
         <source>Cu&amp;t</source>
         <translation>Co&amp;uper</translation>
-    </message>
-    <message>
-        <source>&amp;Duplicate</source>
-        <translation>&amp;Dupliquer</translation>
     </message>
     <message>
         <source>Fill Do&amp;wn</source>
@@ -760,10 +767,6 @@
         <translation>&amp;Fermer la fenêtre</translation>
     </message>
     <message>
-        <source>Delete Rec&amp;ords</source>
-        <translation>Su&amp;pprimer les enregistrements</translation>
-    </message>
-    <message>
         <source>&amp;Edit</source>
         <translation>&amp;Édition</translation>
     </message>
@@ -834,6 +837,10 @@
     <message>
         <source>Cobble &amp;Help</source>
         <translation>&amp;Aide de Cobble</translation>
+    </message>
+    <message>
+        <source>Delete Rec&amp;ords</source>
+        <translation>Su&amp;pprimer les enregistrements</translation>
     </message>
     <message>
         <source>Fi&amp;lter…</source>
@@ -946,6 +953,10 @@
         <translation>Aucun enregistrement ne contient ce que vous cherchez.</translation>
     </message>
     <message>
+        <source>Searching… %1</source>
+        <translation>Recherche… %1</translation>
+    </message>
+    <message>
         <source>Set</source>
         <translation>Définir</translation>
     </message>
@@ -955,6 +966,10 @@
             <numerusform>Définir « %1 » de %2 enregistrement ?</numerusform>
             <numerusform>Définir « %1 » de %2 enregistrements ?</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Sorting… %1</source>
+        <translation>Tri… %1</translation>
     </message>
     <message>
         <source>The filter of “%1” no longer fits: %2</source>
@@ -1621,6 +1636,10 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
             <numerusform>%1 enregistrement ajouté</numerusform>
             <numerusform>%1 enregistrements ajoutés</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>So many records cannot be copied at once.</source>
+        <translation>Autant d’enregistrements ne peuvent pas être copiés en une fois.</translation>
     </message>
 </context>
 <context>

@@ -64,6 +64,12 @@
 </context>
 <context>
     <name>DetailPane</name>
+    <message numerus="yes">
+        <source>%1 record(s) selected</source>
+        <translation>
+            <numerusform>%1 件のレコードを選択中</numerusform>
+        </translation>
+    </message>
     <message>
         <source>Multiple values</source>
         <translation>複数の値</translation>
@@ -80,6 +86,10 @@
         <translation>コピー(&amp;C)</translation>
     </message>
     <message>
+        <source>&amp;Duplicate</source>
+        <translation>複製(&amp;D)</translation>
+    </message>
+    <message>
         <source>&amp;New Record</source>
         <translation>新規レコード(&amp;N)</translation>
     </message>
@@ -94,10 +104,6 @@
     <message>
         <source>Cu&amp;t</source>
         <translation>切り取り(&amp;T)</translation>
-    </message>
-    <message>
-        <source>&amp;Duplicate</source>
-        <translation>複製(&amp;D)</translation>
     </message>
     <message>
         <source>Fill Do&amp;wn</source>
@@ -757,10 +763,6 @@
         <translation>ウィンドウを閉じる(&amp;C)</translation>
     </message>
     <message>
-        <source>Delete Rec&amp;ords</source>
-        <translation>レコードを削除(&amp;O)</translation>
-    </message>
-    <message>
         <source>&amp;Edit</source>
         <translation>編集(&amp;E)</translation>
     </message>
@@ -831,6 +833,10 @@
     <message>
         <source>Cobble &amp;Help</source>
         <translation>Cobble ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Delete Rec&amp;ords</source>
+        <translation>レコードを削除(&amp;O)</translation>
     </message>
     <message>
         <source>Fi&amp;lter…</source>
@@ -939,6 +945,10 @@
         <translation>検索した内容を含むレコードはありません。</translation>
     </message>
     <message>
+        <source>Searching… %1</source>
+        <translation>検索中… %1</translation>
+    </message>
+    <message>
         <source>Set</source>
         <translation>設定</translation>
     </message>
@@ -947,6 +957,10 @@
         <translation>
             <numerusform>%2 件のレコードの「%1」を設定しますか?</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Sorting… %1</source>
+        <translation>並べ替え中… %1</translation>
     </message>
     <message>
         <source>The filter of “%1” no longer fits: %2</source>
@@ -1611,6 +1625,10 @@ File ▸ Import… makes one of a table or of address cards.</source>
         <translation>
             <numerusform>%1件のレコードを追加しました</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>So many records cannot be copied at once.</source>
+        <translation>これほど多くのレコードを一度にコピーすることはできません。</translation>
     </message>
 </context>
 <context>

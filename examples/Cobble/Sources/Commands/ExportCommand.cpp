@@ -1,8 +1,8 @@
 #include "ExportCommand.h"
 
+#include "Export/LibraryExport.h"
 #include "Filter/QueriedRecords.h"
 #include "Library/BundleOption.h"
-#include "Library/LibraryExport.h"
 #include "OptionNames.h"
 #include "QueryOptions.h"
 #include "StoredLibrary.h"

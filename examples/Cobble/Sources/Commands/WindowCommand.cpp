@@ -80,6 +80,8 @@ ExitCode savePicture(MainWindowController *window, const QString &path, CommandC
 {
     // Sheets are laid out when they have been shown.
     QCoreApplication::processEvents();
+    while (window->records()->isArranging())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     const Outcome<> written = writePicture(WindowPicture::of(window->mainWindow()), path);
     return written ? ExitCode::Success : context.fail(path, written.reason());
 }

@@ -1,5 +1,7 @@
 #include "ComparedText.h"
 
+#include "Records/FoldedText.h"
+
 #include <algorithm>
 
 namespace {
@@ -24,11 +26,13 @@ bool isASCII(const QString &text)
 QString ComparedText::of(const QString &text, const QString &passesOver)
 {
     const bool passesOverCase = passesOver.contains(u'c');
+    const bool passesOverAccents = passesOver.contains(u'd');
+    if (passesOverCase && passesOverAccents)
+        return foldedText(text);
     if (isASCII(text))
         return passesOverCase ? text.toLower() : text;
-    const QString letters = passesOver.contains(u'd')
-                                ? withoutAccents(text)
-                                : text.normalized(QString::NormalizationForm_C);
+    const QString letters =
+        passesOverAccents ? withoutAccents(text) : text.normalized(QString::NormalizationForm_C);
     return passesOverCase ? letters.toCaseFolded() : letters;
 }
 

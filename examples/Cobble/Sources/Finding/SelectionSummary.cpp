@@ -1,15 +1,14 @@
 #include "SelectionSummary.h"
 
 #include "Appearance/Counts.h"
-#include "FieldSummary.h"
+#include "Open/OpenBundle.h"
 #include "Text/PrintableText.h"
-
-#include <KTUtility/NSArrayController>
-#include <KTUtility/NSKeyValueCoding>
 
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QTableView>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -18,55 +17,74 @@ namespace {
 constexpr int Delay = 50;
 } // namespace
 
-SelectionSummary::SelectionSummary(QTableView *table, NSArrayController *records, QLabel *label)
+SelectionSummary::SelectionSummary(QTableView *table, RecordList *records, QLabel *label)
     : _table(table), _records(records), _label(label)
 {
     _timer.setSingleShot(true);
     _timer.setInterval(Delay);
     QObject::connect(&_timer, &QTimer::timeout, this, &SelectionSummary::update);
-    QObject::connect(records, &NSArrayController::selectionChanged, this,
-                     &SelectionSummary::updateSoon);
+    QObject::connect(records, &RecordList::selectionChanged, this, &SelectionSummary::updateSoon);
     QObject::connect(table->selectionModel(), &QItemSelectionModel::currentColumnChanged, this,
                      &SelectionSummary::updateSoon);
     QObject::connect(table->model(), &QAbstractItemModel::dataChanged, this,
                      &SelectionSummary::updateSoon);
+    QObject::connect(&_worker, &SummaryWorker::done, this, &SelectionSummary::showSummary);
 }
 
-void SelectionSummary::setFields(const RecordFilter::Fields &fields)
+void SelectionSummary::setLibrary(const std::shared_ptr<OpenLibrary> &library)
 {
-    _fields = fields;
+    _library = library;
     update();
 }
 
 void SelectionSummary::update()
 {
     _timer.stop();
-    const QString text = this->text();
+    _worker.cancel();
+    // One record has nothing to be summed.
+    const bool areSeveral = _library && _records->selectedCount() > 1;
+    show(areSeveral ? selectedText() : QString());
+    const int column = _table->currentIndex().column();
+    if (areSeveral && column >= 0 && column < _library->definition().fields.size())
+        sumUp(column);
+}
+
+void SelectionSummary::show(const QString &text)
+{
     _label->setText(text);
     _label->setVisible(!text.isEmpty());
 }
 
-/// One record has nothing to be summed.
-QString SelectionSummary::text() const
+QString SelectionSummary::selectedText() const
 {
-    const qsizetype count = _records->selectionIndexes().size();
-    if (!_fields || count < 2)
-        return {};
-    const QString selected =
-        tr("%1 selected", nullptr, Counts::plural(count)).arg(Counts::number(count));
-    const int column = _table->currentIndex().column();
-    const bool hasField = column >= 0 && column < _fields->count();
-    const QString summary = hasField ? summaryOf(_records->selectedObjects(), column) : QString();
-    return summary.isNull() ? selected : QString(selected + u" · " + summary);
+    const qsizetype count = _records->selectedCount();
+    return tr("%1 selected", nullptr, Counts::plural(count)).arg(Counts::number(count));
 }
 
-QString SelectionSummary::summaryOf(const QVariantList &selected, int column) const
+void SelectionSummary::sumUp(qsizetype field)
 {
-    const QString key = _fields->field(column).columnName;
-    FieldSummary summary;
-    for (const QVariant &record : selected)
-        summary.add(NSKeyValueCoding::valueForKey(record, key));
-    const QString text = summary.text(_fields->reader(column));
-    const QString title = printableText(_fields->field(column).title().simplified());
-    return text.isNull() ? QString() : tr("%1: %2").arg(title, text);
+    _field = field;
+    auto ids = std::make_shared<RecordIds>(_records->selectedIds());
+    std::sort(ids->begin(), ids->end());
+    const SummaryWorker::Request request = {_library->definition(), field, ids};
+    OpenBundle *const bundle = _library->bundle();
+    if (qsizetype(ids->size()) > RecordArrangement::MostAtOnce) {
+        _worker.start(bundle->bundle(), request);
+        return;
+    }
+    bundle->read([&](LibraryStore &store) {
+        const auto summed = SummaryWorker::summary(store, request, [] { return true; });
+        if (summed)
+            showSummary(*summed);
+    });
+}
+
+void SelectionSummary::showSummary(const FieldSummary &summary)
+{
+    const QString text = summary.text(_library->reader(_field));
+    if (text.isNull())
+        return;
+    const QString title =
+        printableText(_library->definition().fields.at(_field).title().simplified());
+    show(selectedText() + u" · " + tr("%1: %2").arg(title, text));
 }

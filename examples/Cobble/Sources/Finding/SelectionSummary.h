@@ -1,16 +1,16 @@
 #pragma once
 
-#include "Filter/RecordFilter.h"
+#include "Open/RecordList.h"
+#include "SummaryWorker.h"
 
 #include <QObject>
 #include <QTimer>
 
-class NSArrayController;
 class QLabel;
 class QTableView;
 
 /// Shows in the status bar how many records are selected, and what the values of the current column
-/// come to in them.
+/// come to in them. Of very many it is found out in a thread.
 class SelectionSummary : public QObject
 {
     Q_OBJECT
@@ -18,22 +18,27 @@ class SelectionSummary : public QObject
 public:
     /// \param table, \param records what is selected where.
     /// \param label where it is shown.
-    SelectionSummary(QTableView *table, NSArrayController *records, QLabel *label);
+    SelectionSummary(QTableView *table, RecordList *records, QLabel *label);
 
-    /// The fields of the records, one for each column; null for none.
-    void setFields(const RecordFilter::Fields &fields);
+    /// The library of the records, whose fields are the columns; null for none.
+    void setLibrary(const std::shared_ptr<OpenLibrary> &library);
     /// Looks at the selection again, in a moment: many changes are one.
     void updateSoon() { _timer.start(); }
     /// The same at once.
     void update();
 
 private:
-    QString text() const;
-    QString summaryOf(const QVariantList &selected, int column) const;
+    QString selectedText() const;
+    void show(const QString &text);
+    void sumUp(qsizetype field);
+    void showSummary(const FieldSummary &summary);
 
     QTableView *_table;
-    NSArrayController *_records;
+    RecordList *_records;
     QLabel *_label;
-    RecordFilter::Fields _fields;
+    std::shared_ptr<OpenLibrary> _library;
+    /// The field that is being summed up.
+    qsizetype _field = 0;
     QTimer _timer;
+    SummaryWorker _worker;
 };

@@ -5,4 +5,5 @@ target_sources(CobbleHost PRIVATE
     Sources/Finding/FilterWords.cpp
     Sources/Finding/NothingFound.cpp
     Sources/Finding/SelectionSummary.cpp
+    Sources/Finding/SummaryWorker.cpp
 )

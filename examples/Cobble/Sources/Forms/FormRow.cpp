@@ -11,12 +11,17 @@ FormRow::FormRow(FormField *field) : _field(field), _reader(field->field().reade
 
 QString FormRow::text() const
 {
-    return NSIsControllerMarker(_value) ? u""_s : RecordTexts::textOf(*_reader, _value);
+    return NSIsControllerMarker(_value) ? u""_s : textOf(_value);
+}
+
+QString FormRow::textOf(const QVariant &value) const
+{
+    return RecordTexts::textOf(*_reader, value);
 }
 
 Outcome<> FormRow::setText(const QString &text)
 {
-    const Outcome<QVariant> value = _reader->readTyped(text);
+    const Outcome<QVariant> value = read(text);
     if (!value)
         return value.failure();
     setValue(*value);

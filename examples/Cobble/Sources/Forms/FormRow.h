@@ -27,6 +27,10 @@ public:
     FormField *field() const { return _field; }
     /// The value as it is shown; "" for nil, and where there is no single value.
     QString text() const;
+    /// A value as the field shows it.
+    QString textOf(const QVariant &value) const;
+    /// What the field reads of a text that a user has typed.
+    Outcome<QVariant> read(const QString &text) const { return _reader->readTyped(text); }
     /// What a user has typed. If the field cannot read it, the value stays.
     Outcome<> setText(const QString &text);
 

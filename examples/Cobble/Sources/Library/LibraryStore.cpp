@@ -4,6 +4,7 @@
 #include "DatabaseConnection.h"
 #include "DatabaseCopy.h"
 #include "DatabaseTables.h"
+#include "IdsInTable.h"
 #include "JournalTables.h"
 #include "LibraryCatalogue.h"
 #include "LibraryTable.h"
@@ -23,15 +24,6 @@ QString columnsOf(const Library &library)
     for (const LibraryField &field : library.fields)
         names += SQL::quoted(field.columnName);
     return names.join(u", "_s);
-}
-
-/// The numbers and the fields of the records of a library.
-QString recordsOf(const Library &library)
-{
-    QString columns = SQL::columnIn(library.tableName, u"id"_s);
-    for (const LibraryField &field : library.fields)
-        columns += u", " + SQL::columnIn(library.tableName, field.columnName);
-    return u"SELECT " + columns + u" FROM " + SQL::quoted(library.tableName);
 }
 } // namespace
 
@@ -156,21 +148,25 @@ Outcome<qint64> LibraryStore::recordCount(const Library &library)
 
 RecordCursor LibraryStore::records(const Library &library, qint64 limit)
 {
-    if (const Outcome<> checked = checkLibrary(library); !checked)
-        return checked.failure();
-    QSqlQuery query(database());
-    // The cursor reports if that fails.
-    (void)SQL::execute(query, recordsOf(library) + u" ORDER BY 1 LIMIT ?", {limit});
-    return {std::move(query), library};
+    RecordPart part;
+    part.limit = limit;
+    return records(library, part);
 }
 
-RecordCursor LibraryStore::record(const Library &library, qint64 id)
+RecordCursor LibraryStore::records(const Library &library, const RecordPart &part)
 {
     if (const Outcome<> checked = checkLibrary(library); !checked)
         return checked.failure();
     QSqlQuery query(database());
-    (void)SQL::execute(query, recordsOf(library) + u" WHERE id = ?", {id});
+    // The cursor reports if that fails.
+    (void)SQL::execute(query, part.statementFor(library));
     return {std::move(query), library};
+}
+
+Outcome<RecordIds> LibraryStore::recordIds(const Library &library)
+{
+    const Outcome<> checked = checkLibrary(library);
+    return checked ? idsInTable(database(), library) : checked.failure();
 }
 
 Outcome<QSet<QString>> LibraryStore::usedMedia()

@@ -3,6 +3,7 @@
 #include "DatabaseConnection.h"
 #include "Library.h"
 #include "RecordCursor.h"
+#include "RecordPart.h"
 #include "StagedRows.h"
 #include "Text/Outcome.h"
 
@@ -52,8 +53,10 @@ public:
     Outcome<qint64> recordCount(const Library &library);
     /// \param limit the most records that are wanted; all if negative.
     RecordCursor records(const Library &library, qint64 limit = -1);
-    /// One record, or none if it is not there.
-    RecordCursor record(const Library &library, qint64 id);
+    /// Some records, or some of their values.
+    RecordCursor records(const Library &library, const RecordPart &part);
+    /// The numbers of all records, ascending.
+    Outcome<RecordIds> recordIds(const Library &library);
     /// The values in the fields of media of a library.
     Outcome<QSet<QString>> mediaOf(const Library &library);
     /// The media URLs in all fields of all libraries, whatever their types: also those that stand in

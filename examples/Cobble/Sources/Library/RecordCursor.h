@@ -28,6 +28,8 @@ public:
     qint64 id() const;
     /// The value of a field, as StoredValue::fromDatabase() has it.
     QVariant value(qsizetype field) const;
+    /// The same as it is stored.
+    QVariant stored(qsizetype field) const { return _query.value(int(field) + 1); }
     /// Whether there is nothing wrong with the records so far; when they end, whether these were all.
     Outcome<> outcome() const;
 

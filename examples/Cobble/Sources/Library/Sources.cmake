@@ -5,19 +5,20 @@ target_sources(CobbleHost PRIVATE
     Sources/Library/DatabaseConnection.cpp
     Sources/Library/DatabaseCopy.cpp
     Sources/Library/DatabaseTables.cpp
-    Sources/Library/ExportDevice.cpp
+    Sources/Library/IdsInTable.cpp
     Sources/Library/JournalBin.cpp
     Sources/Library/JournalTables.cpp
     Sources/Library/Library.cpp
     Sources/Library/Library.h
     Sources/Library/LibraryCatalogue.cpp
-    Sources/Library/LibraryExport.cpp
     Sources/Library/LibraryNames.cpp
     Sources/Library/LibraryStore.cpp
     Sources/Library/LibraryTable.cpp
     Sources/Library/MediaInTables.cpp
     Sources/Library/PlugIns.cpp
     Sources/Library/RecordCursor.cpp
+    Sources/Library/RecordIds.cpp
+    Sources/Library/RecordPart.cpp
     Sources/Library/RecordTexts.cpp
     Sources/Library/SQL.cpp
     Sources/Library/StagedRows.cpp

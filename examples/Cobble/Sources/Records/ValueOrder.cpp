@@ -1,21 +1,22 @@
 #include "ValueOrder.h"
 
+#include "TextOrder.h"
+
 #include <KTUtility/NSLocale>
 #include <KTUtility/NSObject>
 
-#include <QCollator>
+#include <optional>
 
 namespace {
-const QCollator &collatorFor(const QString &locale)
+const TextOrder &orderIn(const QString &locale)
 {
     thread_local QString current;
-    thread_local QCollator collator;
-    if (current != locale || current.isNull()) {
+    thread_local std::optional<TextOrder> order;
+    if (!order || current != locale) {
         current = locale;
-        collator = QCollator(QLocale(locale));
-        collator.setNumericMode(true);
+        order.emplace(locale);
     }
-    return collator;
+    return *order;
 }
 } // namespace
 
@@ -25,6 +26,6 @@ std::weak_ordering ValueOrder::compare(const QVariant &left, const QVariant &rig
         left.typeId() == QMetaType::QString && right.typeId() == QMetaType::QString;
     if (!areTexts)
         return NSObject::compare(left, right);
-    const QString locale = NSLocale::currentLocale().localeIdentifier();
-    return collatorFor(locale).compare(left.toString(), right.toString()) <=> 0;
+    return orderIn(NSLocale::currentLocale().localeIdentifier())
+        .compare(left.toString(), right.toString());
 }

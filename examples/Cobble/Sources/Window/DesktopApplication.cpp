@@ -5,7 +5,7 @@
 #include "Appearance/WindowPlace.h"
 #include "MainWindow.h"
 #include "MainWindowController.h"
-#include "OpenLibrary.h"
+#include "Open/OpenLibrary.h"
 #include "SilencedAlerts.h"
 
 #include <KTUtility/KTWindowManager>

@@ -2,7 +2,7 @@
 
 #include "Appearance/WindowLanguage.h"
 #include "Forms/TextFieldKeys.h"
-#include "OpenBundle.h"
+#include "Open/OpenBundle.h"
 
 #include <KTUtility/KTStatusHUDController>
 

@@ -1,5 +1,6 @@
 #include "DetailPane.h"
 
+#include "Appearance/Counts.h"
 #include "Appearance/FieldTitle.h"
 #include "Drops/PictureInput.h"
 #include "FieldEditor.h"
@@ -10,25 +11,46 @@
 
 #include <QFormLayout>
 #include <QLabel>
+#include <QStyle>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+QString multipleValues()
+{
+    return DetailPane::tr("Multiple values");
+}
+
 /// What stands in an empty editor.
 QString placeholderFor(const QVariant &value)
 {
     if (!NSIsControllerMarker(value))
         return {};
     return value.value<NSSelectionMarker>().kind == NSSelectionMarker::Kind::MultipleValues
-               ? DetailPane::tr("Multiple values")
+               ? multipleValues()
                : QString();
 }
 } // namespace
 
 DetailPane::DetailPane(NSArrayController *records, QWidget *parent)
-    : QWidget(parent), _records(records), _form(records), _layout(new QFormLayout(this))
+    : QWidget(parent)
+    , _records(records)
+    , _form(records)
+    , _layout(new QFormLayout)
+    , _manyLabel(new QLabel(this))
 {
+    auto *const both = new QVBoxLayout(this);
+    both->setContentsMargins(0, 0, 0, 0);
+    _manyLabel->setTextFormat(Qt::PlainText);
+    _manyLabel->setContentsMargins(8, 8, 8, 0);
+    _manyLabel->hide();
+    both->addWidget(_manyLabel);
+    both->addLayout(_layout);
+    _layout->setContentsMargins(style()->pixelMetric(QStyle::PM_LayoutLeftMargin),
+                                style()->pixelMetric(QStyle::PM_LayoutTopMargin),
+                                style()->pixelMetric(QStyle::PM_LayoutRightMargin),
+                                style()->pixelMetric(QStyle::PM_LayoutBottomMargin));
     _layout->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
     QObject::connect(&_form, &DetailForm::rowsChanged, this, &DetailPane::rebuild);
     QObject::connect(records, &NSArrayController::selectionChanged, this,
@@ -155,6 +177,10 @@ std::optional<RejectedInput> DetailPane::settle()
 // A row keeps the value that it has when what is selected has none, or several.
 void DetailPane::show(const Row &row) const
 {
+    if (_manyCount > 0) {
+        showMany(row);
+        return;
+    }
     const FormField *const field = row.row->field();
     const QVariant value = NSKeyValueCoding::valueForKey(_records->selection(), field->key());
     row.editor->setText(NSIsControllerMarker(value) ? QString() : row.row->text());
@@ -164,19 +190,57 @@ void DetailPane::show(const Row &row) const
     showMedia(row);
 }
 
+void DetailPane::showMany(const Row &row) const
+{
+    row.editor->setText(QString());
+    row.editor->setPlaceholderText(multipleValues());
+    row.editor->setEnabled(row.row->field()->field().type != FieldType::Media);
+    showMedia(row);
+}
+
+void DetailPane::setManySelected(qsizetype count)
+{
+    if (count == 0 && _manyCount == 0)
+        return;
+    _manyCount = count;
+    _manyLabel->setText(
+        tr("%1 record(s) selected", nullptr, Counts::plural(count)).arg(Counts::number(count)));
+    _manyLabel->setVisible(count > 0);
+    for (const Row &row : std::as_const(_rows)) {
+        if (row.row)
+            show(row);
+    }
+}
+
 void DetailPane::showMedia(const Row &row) const
 {
     if (!row.mediaField)
         return;
     const QString url = row.editor->text();
-    row.pictureInput->setEnabled(_fileStorer && !_records->selectionIndexes().isEmpty());
+    row.pictureInput->setEnabled(_fileStorer && selectedCount() > 0);
     row.pictureInput->setHasFile(!url.isEmpty());
     row.mediaField->setFile(_fileFinder && !url.isEmpty() ? _fileFinder(url) : QString());
 }
 
+Outcome<> DetailPane::takeForMany(const Row &row, const QString &text)
+{
+    const Outcome<QVariant> value = row.row->read(text);
+    const Outcome<> taken = !value         ? value.failure()
+                            : _manyChanger ? _manyChanger(_rows.indexOf(row), *value)
+                                           : Outcome<>();
+    if (taken)
+        row.editor->setText(row.row->textOf(*value));
+    return taken;
+}
+
+qsizetype DetailPane::selectedCount() const
+{
+    return _manyCount > 0 ? _manyCount : _records->selectionIndexes().size();
+}
+
 void DetailPane::take(const Row &row, const QString &text)
 {
-    const qsizetype count = _records->selectionIndexes().size();
+    const qsizetype count = selectedCount();
     if (count <= MostUnasked || !_asker)
         store(row, text);
     else if (!_isAsking)
@@ -187,7 +251,7 @@ void DetailPane::take(const Row &row, const QString &text)
 void DetailPane::askAndTake(const Row &row, const QString &text, qsizetype count)
 {
     _isAsking = true;
-    const QVariantList asked = _shown;
+    const auto asked = std::pair(_shown, _manyCount);
     const QPointer<DetailPane> self(this);
     _asker(row.row->field()->title(), count, [=](bool isWanted) {
         if (!self)
@@ -195,7 +259,7 @@ void DetailPane::askAndTake(const Row &row, const QString &text, qsizetype count
         self->_isAsking = false;
         if (!row.row || !row.editor)
             return;
-        if (isWanted && self->_records->selectedObjects() == asked)
+        if (isWanted && std::pair(self->_records->selectedObjects(), self->_manyCount) == asked)
             self->store(row, text);
         else
             self->show(row);
@@ -211,6 +275,8 @@ void DetailPane::store(const Row &row, const QString &text)
 
 Outcome<> DetailPane::write(const Row &row, const QString &text)
 {
+    if (_manyCount > 0)
+        return takeForMany(row, text);
     Outcome<> read;
     const auto change = [&] { read = row.row->setText(text); };
     const Outcome<> changed = _changer ? _changer(change) : (change(), Outcome<>());
@@ -242,7 +308,7 @@ void DetailPane::connectInput(const Row &row)
 void DetailPane::give(const Row &row, const QString &path)
 {
     const auto use = [this, &row](const QString &url) { return write(row, url); };
-    const bool areTooMany = _records->selectionIndexes().size() > MostUnasked;
+    const bool areTooMany = selectedCount() > MostUnasked;
     const Outcome<> given = areTooMany ? Failure{tr("so many records do not get a file at once")}
                                        : _fileStorer(path, use);
     if (!given)

@@ -38,6 +38,13 @@ public:
     void setAsker(const Asker &asker) { _asker = asker; }
     /// So many selected records get a value without a question.
     static constexpr qsizetype MostUnasked = 20;
+
+    /// Has it stand for so many selected records that the controller has none of them; 0 for those
+    /// that it has. What is typed then goes to all of them.
+    void setManySelected(qsizetype count);
+    /// Gives all of so many records a value of a field.
+    using ManyChanger = std::function<Outcome<>(qsizetype field, const QVariant &value)>;
+    void setManyChanger(const ManyChanger &changer) { _manyChanger = changer; }
     /// The editor of a field by its position; null if there is none.
     FieldEditor *editor(qsizetype field) const;
 
@@ -68,6 +75,8 @@ private:
         /// Null for fields that are no media.
         QPointer<MediaField> mediaField;
         QPointer<PictureInput> pictureInput;
+
+        friend bool operator==(const Row &, const Row &) = default;
     };
 
     void rebuild();
@@ -76,24 +85,30 @@ private:
     QLabel *labelFor(const Row &row);
     QWidget *inputFor(const Row &row);
     void show(const Row &row) const;
+    void showMany(const Row &row) const;
     void showMedia(const Row &row) const;
     void tellLost(const Row &row);
     void take(const Row &row, const QString &text);
     void askAndTake(const Row &row, const QString &text, qsizetype count);
     void store(const Row &row, const QString &text);
     Outcome<> write(const Row &row, const QString &text);
+    Outcome<> takeForMany(const Row &row, const QString &text);
+    qsizetype selectedCount() const;
     void connectInput(const Row &row);
     void give(const Row &row, const QString &path);
 
     NSArrayController *_records;
     DetailForm _form;
     QFormLayout *_layout;
+    QLabel *_manyLabel;
+    qsizetype _manyCount = 0;
     QList<Row> _rows;
     /// What the editors show.
     QVariantList _shown;
     Changer _changer;
     Asker _asker;
     bool _isAsking = false;
+    ManyChanger _manyChanger;
     FileFinder _fileFinder;
     FileStorer _fileStorer;
 };

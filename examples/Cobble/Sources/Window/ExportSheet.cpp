@@ -1,6 +1,6 @@
 #include "ExportSheet.h"
 
-#include "Library/LibraryExport.h"
+#include "Export/LibraryExport.h"
 #include "Library/PlugIns.h"
 
 #include <QDir>

@@ -28,7 +28,7 @@ namespace {
 constexpr int WidestColumn = 240;
 } // namespace
 
-MainWindow::MainWindow(NSArrayController *records, RecordTableModel *model)
+MainWindow::MainWindow(RecordList *records, RecordTableModel *model)
 {
     // What is made first has the keyboard first: from above to below, as one reads.
     makeSearch();
@@ -47,7 +47,7 @@ MainWindow::MainWindow(NSArrayController *records, RecordTableModel *model)
 }
 
 /// The records above the form for one of them, and behind them a notice in their place.
-QWidget *MainWindow::makePages(NSArrayController *records, RecordTableModel *model)
+QWidget *MainWindow::makePages(RecordList *records, RecordTableModel *model)
 {
     auto *const both = new QSplitter(Qt::Vertical);
     both->addWidget(makeRecords(model));
@@ -119,11 +119,14 @@ QWidget *MainWindow::makeRecords(RecordTableModel *model)
     _table->horizontalHeader()->setSectionsMovable(true);
     _table->horizontalHeader()->setSortIndicatorClearable(true);
     _table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    // Whether all rows of a column are selected takes long to find out; a title that is no bolder
+    // for it needs not know.
+    _table->horizontalHeader()->setSelectionModel(new QItemSelectionModel(model, _table));
     _table->setSortingEnabled(true);
     return _table;
 }
 
-QWidget *MainWindow::makeDetail(NSArrayController *records)
+QWidget *MainWindow::makeDetail(RecordList *records)
 {
     // The ring lies around the view.
     auto *const margin = new QWidget;
@@ -134,7 +137,7 @@ QWidget *MainWindow::makeDetail(NSArrayController *records)
     scroller->setWidgetResizable(true);
     scroller->setAccessibleName(tr("Record"));
     scroller->setFocusPolicy(Qt::NoFocus);
-    _detail = new DetailPane(records);
+    _detail = new DetailPane(records->detail());
     scroller->setWidget(_detail);
     return margin;
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <KTUtility/NSArrayController>
-
 #include <QMainWindow>
 
 class DetailPane;
@@ -12,6 +10,7 @@ class QLineEdit;
 class QListWidget;
 class QPushButton;
 class QStackedWidget;
+class RecordList;
 class RecordTableModel;
 class RecordTableView;
 
@@ -22,7 +21,7 @@ class MainWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    MainWindow(NSArrayController *records, RecordTableModel *model);
+    MainWindow(RecordList *records, RecordTableModel *model);
 
     QListWidget *libraries() const { return _libraries; }
     RecordTableView *table() const { return _table; }
@@ -49,11 +48,11 @@ public:
     void fitColumns();
 
 private:
-    QWidget *makePages(NSArrayController *records, RecordTableModel *model);
+    QWidget *makePages(RecordList *records, RecordTableModel *model);
     QWidget *makeLibraries();
     QWidget *makeFiltered(QWidget *records);
     QWidget *makeRecords(RecordTableModel *model);
-    QWidget *makeDetail(NSArrayController *records);
+    QWidget *makeDetail(RecordList *records);
     void makeSearch();
     void makeCount();
     QWidget *makeNotice();

@@ -13,13 +13,12 @@
 #include "MainWindow.h"
 #include "Making/LibraryActions.h"
 #include "RecordFinder.h"
-#include "RecordSearch.h"
+#include "RecordSelection.h"
 #include "RecordTableModel.h"
 #include "RecordTableView.h"
 #include "SmartLibraryList.h"
 #include "Text/PrintableText.h"
 
-#include <KTUtility/KTArraySelection>
 #include <KTUtility/NSAlert>
 #include <KTUtility/NSApplication>
 #include <KTUtility/NSMenuItem>
@@ -107,8 +106,7 @@ LibraryActions *MainWindowController::makeLibraryActions(MainWindow *window)
 void MainWindowController::windowDidLoad()
 {
     KTWindowController::windowDidLoad();
-    _selection =
-        std::make_unique<KTArraySelection>(_model.get(), mainWindow()->table()->selectionModel());
+    _selection = std::make_unique<RecordSelection>(&_records, _model.get(), mainWindow()->table());
     _finder = std::make_unique<RecordFinder>(mainWindow(), &_records);
     _smartLibraries =
         std::make_unique<SmartLibraryList>(mainWindow()->libraries(), _application->bundle());
@@ -134,8 +132,15 @@ void MainWindowController::connectParts()
                      qOverload<>(&QTimer::start));
     QObject::connect(shown->search(), &QLineEdit::returnPressed, this,
                      &MainWindowController::searchAndTell);
-    QObject::connect(&_records, &NSArrayController::arrangedObjectsChanged, this,
+    QObject::connect(&_records, &RecordList::arrangedObjectsChanged, this,
+                     &MainWindowController::showArranged, Qt::QueuedConnection);
+    QObject::connect(&_records, &RecordList::arrangedObjectsChanged, this,
                      &MainWindowController::showCount);
+    QObject::connect(&_records, &RecordList::slowChanged, this, &MainWindowController::showCount);
+    QObject::connect(&_records, &RecordList::failed, this,
+                     [this](const QString &why) { tell(Sentence::of(why)); });
+    QObject::connect(&_records, &RecordList::selectionChanged, this,
+                     &MainWindowController::showSelection);
     QObject::connect(_model.get(), &RecordTableModel::rejected, this,
                      [this](const QModelIndex &, const QString &why) { tell(Sentence::of(why)); });
     QObject::connect(shown->importButton(), &QPushButton::clicked, this, [this] { importFile(); });
@@ -155,6 +160,8 @@ void MainWindowController::connectDetail(DetailPane *detail)
     detail->setFileStorer([this](const QString &path, const auto &use) {
         return _application->bundle()->storeFile(path, use);
     });
+    detail->setManyChanger(
+        [this](qsizetype field, const QVariant &value) { return changeSelected(field, value); });
     detail->setFileFinder([this](const QString &url) {
         const std::optional<NSURL> media = NSURL::URLWithString(url);
         return media ? _application->bundle()->bundle().filePathFromMediaUrl(*media) : QString();
@@ -321,10 +328,8 @@ void MainWindowController::forget()
 {
     if (_columns && _library && isWindowLoaded() && _application->remembers())
         _columns->save();
-    // The next records may lack the keys of these.
-    _records.setContent({});
-    _records.setFilterPredicate({});
-    _records.setSortDescriptors({});
+    _tellsFound = false;
+    _records.setLibrary(nullptr);
     _model->setLibrary(nullptr);
     if (isWindowLoaded()) {
         mainWindow()->table()->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
@@ -346,16 +351,13 @@ void MainWindowController::setLibrary(const std::shared_ptr<OpenLibrary> &librar
         showCount();
         return;
     }
-    QObject::connect(library.get(), &OpenLibrary::recordsWillGo, this,
-                     &MainWindowController::showRecords);
     QObject::connect(library.get(), &OpenLibrary::refused, this,
                      [this](const QString &why) { tell(Sentence::of(why)); });
     mainWindow()->detail()->setFields(library->fields());
     _model->setLibrary(library);
     _finder->setLibrary(library);
-    showRecords();
-    _searchTimer.stop();
-    filter();
+    _records.setLibrary(library);
+    find();
     mainWindow()->fitColumns();
     restoreColumns();
     _records.setSelectionIndex(0);
@@ -373,33 +375,51 @@ void MainWindowController::restoreColumns()
                        keys);
 }
 
-void MainWindowController::showRecords()
+/// When all are found, the selected ones are to be seen.
+void MainWindowController::showArranged()
 {
-    const qsizetype place = _records.selectionIndex();
-    _records.setContent(_library->records());
-    // Where the selected ones were, if they were removed.
-    if (place >= 0 && _records.selectionIndexes().isEmpty())
-        _records.setSelectionIndex(qMin(place, _records.arrangedObjects().size() - 1));
+    if (!_selection || _records.isArranging())
+        return;
+    _finder->showResult();
+    _selection->reveal();
+    if (std::exchange(_tellsFound, false))
+        tellDone(foundText());
 }
 
 void MainWindowController::showCount()
 {
     QString text;
     if (_library) {
-        const qsizetype shown = _records.arrangedObjects().size();
+        const qsizetype shown = _records.count();
         const qsizetype all = _library->recordCount();
         text = shown == all ? Counts::records(all) : Counts::recordsOf(shown, all);
     }
+    if (_records.isSlow())
+        text = (_records.isFiltering() ? tr("Searching… %1") : tr("Sorting… %1")).arg(text);
     mainWindow()->count()->setText(text);
     mainWindow()->table()->setEmptyText(emptyText());
 }
 
 QString MainWindowController::emptyText() const
 {
-    if (!_library)
+    if (!_library || _records.isArranging())
         return {};
     return _library->recordCount() == 0 ? tr("There are no records yet.")
                                         : tr("No record has what you search for.");
+}
+
+/// So many records are edited without being in memory.
+void MainWindowController::showSelection()
+{
+    mainWindow()->detail()->setManySelected(
+        _records.isSelectionInDetail() ? 0 : _records.selectedCount());
+}
+
+Outcome<> MainWindowController::changeSelected(qsizetype field, const QVariant &value)
+{
+    return _library
+               ? change([&] { return _library->changeAll(_records.selectedIds(), field, value); })
+               : Outcome<>();
 }
 
 void MainWindowController::showNotice(const QString &error)
@@ -450,13 +470,14 @@ void MainWindowController::windowDidBecomeKey(const NSNotification &notification
 
 QString MainWindowController::foundText() const
 {
-    return Counts::records(_records.arrangedObjects().size());
+    return Counts::records(_records.count());
 }
 
 void MainWindowController::searchAndTell()
 {
     search();
-    if (_library)
+    _tellsFound = _library && _records.isArranging();
+    if (_library && !_tellsFound)
         tellDone(foundText());
 }
 
@@ -470,15 +491,14 @@ void MainWindowController::search()
 {
     _searchTimer.stop();
     if (_library)
-        _pendingInput->leave([this] { filter(); });
+        _pendingInput->leave([this] { find(); });
 }
 
-void MainWindowController::filter()
+void MainWindowController::find()
 {
-    _records.setFilterPredicate(
-        _finder->both(RecordSearch::predicateFor(*_library, mainWindow()->search()->text())));
-    if (_records.selectionIndexes().isEmpty())
-        _records.setSelectionIndex(0);
+    _searchTimer.stop();
+    _finder->apply();
+    _records.setSearch(mainWindow()->search()->text());
     _finder->showResult();
 }
 
@@ -495,7 +515,7 @@ bool MainWindowController::validateMenuItem(QAction *item)
         return _library != nullptr;
     }
     if (action == NSSelector("deleteRecords:"))
-        return !_records.selectionIndexes().isEmpty();
+        return !_records.selection().isEmpty();
     if (action == NSSelector("undoChange:") || action == NSSelector("redoChange:"))
         return validateStep(item, action == NSSelector("undoChange:"));
     if (action == NSSelector("closeWindow:"))
@@ -580,14 +600,6 @@ void MainWindowController::filterRecords(QAction *)
     _finder->setShowsFilter(!_finder->showsFilter());
 }
 
-QList<StoredRecord *> MainWindowController::selectedRecords() const
-{
-    QList<StoredRecord *> selected;
-    for (const QVariant &record : _records.selectedObjects())
-        selected += record.value<StoredRecord *>();
-    return selected;
-}
-
 void MainWindowController::deleteRecords(QAction *)
 {
     _pendingInput->leave([this] { deleteSelected(); });
@@ -595,13 +607,14 @@ void MainWindowController::deleteRecords(QAction *)
 
 void MainWindowController::deleteSelected()
 {
-    const QList<StoredRecord *> records = selectedRecords();
-    if (records.isEmpty() || !_library)
+    const RecordIds records = _records.selectedIds();
+    if (records.empty() || !_library)
         return;
     const Outcome<> removed = change([&] { return _library->removeRecords(records); });
-    tell(removed ? tr("Deleted %1 record(s)", nullptr, Counts::plural(records.size()))
-                       .arg(Counts::number(records.size()))
-                 : Sentence::of(removed.reason()));
+    const auto count = qint64(records.size());
+    tell(removed
+             ? tr("Deleted %1 record(s)", nullptr, Counts::plural(count)).arg(Counts::number(count))
+             : Sentence::of(removed.reason()));
 }
 
 // --- Steps --------------------------------------------------------------------------------------
@@ -720,17 +733,9 @@ void MainWindowController::showLibraryOf(const StepEffect &effect)
 /// \return false if none of them is in the table.
 bool MainWindowController::selectRecords(const std::vector<qint64> &ids)
 {
-    const QSet<qint64> wanted(ids.begin(), ids.end());
-    QList<qsizetype> indexes;
-    for (int row = 0; row < _model->rowCount(); ++row) {
-        const StoredRecord *const record = _model->recordAt(row);
-        if (record && wanted.contains(record->id()))
-            indexes += row;
-    }
-    if (indexes.isEmpty())
+    if (!_records.selectIds(ids))
         return false;
-    _records.setSelectionIndexes({indexes.begin(), indexes.end()});
-    mainWindow()->table()->scrollTo(_model->index(int(indexes.first()), 0));
+    _selection->reveal();
     return true;
 }
 

@@ -5,23 +5,22 @@
 #include "ExportSheet.h"
 #include "ImportSummary.h"
 #include "Journal/StepStack.h"
+#include "Open/RecordList.h"
 #include "RecordCommands.h"
 #include "ShowLibraryAlert.h"
 
 #include <KTUtility/KTWindowController>
-#include <KTUtility/NSArrayController>
 
 #include <QAction>
 #include <QTimer>
 
 class DesktopApplication;
 class DetailPane;
-class KTArraySelection;
 class LibraryActions;
 class MainWindow;
-class OpenLibrary;
 class QListWidgetItem;
 class RecordFinder;
+class RecordSelection;
 class RecordTableModel;
 class SmartLibraryList;
 struct SmartLibrary;
@@ -45,7 +44,7 @@ public:
     ~MainWindowController() override;
 
     MainWindow *mainWindow();
-    NSArrayController *records() { return &_records; }
+    RecordList *records() { return &_records; }
     RecordTableModel *model() { return _model.get(); }
     ImportSheet *importSheet() { return &_importSheet; }
     ExportSheet *exportSheet() { return &_exportSheet; }
@@ -132,15 +131,17 @@ private:
     void leaveFor(const std::function<void()> &elsewhere);
     void setLibrary(const std::shared_ptr<OpenLibrary> &library);
     void forget();
-    void showRecords();
+    void showArranged();
     void showCount();
     void restoreColumns();
     QString emptyText() const;
+    void showSelection();
+    Outcome<> changeSelected(qsizetype field, const QVariant &value);
     void showNotice(const QString &error);
     void tellDone(const QString &message);
     void showDone();
     void searchAndTell();
-    void filter();
+    void find();
     bool mayClose();
     void deleteSelected();
     QString foundText() const;
@@ -152,12 +153,11 @@ private:
     void showEffect(const StepEffect &effect);
     void showLibraryOf(const StepEffect &effect);
     bool selectRecords(const std::vector<qint64> &ids);
-    QList<StoredRecord *> selectedRecords() const;
 
     DesktopApplication *_application;
-    NSArrayController _records;
+    RecordList _records;
     std::unique_ptr<RecordTableModel> _model;
-    std::unique_ptr<KTArraySelection> _selection;
+    std::unique_ptr<RecordSelection> _selection;
     std::unique_ptr<RecordFinder> _finder;
     std::unique_ptr<SmartLibraryList> _smartLibraries;
     RecordCommands _commands{this};
@@ -165,6 +165,8 @@ private:
     std::shared_ptr<OpenLibrary> _library;
     std::unique_ptr<RememberedColumns> _columns;
     QTimer _searchTimer;
+    /// What is done when the records are found that are looked for.
+    bool _tellsFound = false;
     /// What was done and is still to be reported.
     QString _done;
     /// What was done in this window.

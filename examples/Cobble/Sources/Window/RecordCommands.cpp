@@ -16,7 +16,7 @@
 namespace {
 struct NewValue
 {
-    StoredRecord *record;
+    std::shared_ptr<StoredRecord> record;
     QString key;
     QVariant value;
 };
@@ -32,9 +32,9 @@ QModelIndex RecordCommands::currentCell() const
     return _window->mainWindow()->table()->currentIndex();
 }
 
-QList<qsizetype> RecordCommands::selectedRows() const
+const RowRuns &RecordCommands::selected() const
 {
-    return _window->records()->selectionIndexes();
+    return _window->records()->selection();
 }
 
 // --- What can be done ---------------------------------------------------------------------------
@@ -48,7 +48,7 @@ bool RecordCommands::canDo(EditCommand command) const
     case EditCommand::Cut:
     case EditCommand::Copy:
     case EditCommand::Duplicate:
-        return !selectedRows().isEmpty();
+        return !selected().isEmpty();
     case EditCommand::CopyCell:
         return currentCell().isValid();
     case EditCommand::Paste:
@@ -68,7 +68,7 @@ bool RecordCommands::canDo(EditCommand command) const
 
 bool RecordCommands::canFill() const
 {
-    return selectedRows().size() > 1 && currentCell().flags().testFlag(Qt::ItemIsEditable);
+    return selected().count() > 1 && currentCell().flags().testFlag(Qt::ItemIsEditable);
 }
 
 void RecordCommands::perform(EditCommand command)
@@ -106,10 +106,16 @@ void RecordCommands::performAtOnce(EditCommand command)
 
 // --- Copying ------------------------------------------------------------------------------------
 
-void RecordCommands::copy()
+/// \return false if they are too many.
+bool RecordCommands::copy()
 {
+    if (selected().count() > RecordTableModel::MostCopied) {
+        _window->tell(tr("So many records cannot be copied at once."));
+        return false;
+    }
     QGuiApplication::clipboard()->setMimeData(
-        new CopiedForms(_window->model()->copied(selectedRows())));
+        new CopiedForms(_window->model()->copied(selected())));
+    return true;
 }
 
 void RecordCommands::copyCell()
@@ -119,8 +125,8 @@ void RecordCommands::copyCell()
 
 void RecordCommands::cut()
 {
-    copy();
-    _window->deleteRecords();
+    if (copy())
+        _window->deleteRecords();
 }
 
 // --- Pasting ------------------------------------------------------------------------------------
@@ -181,7 +187,7 @@ void RecordCommands::overwrite(const PastePlan &plan, qsizetype firstRow)
     for (const PastePlan::Cell &cell : plan.cells()) {
         const LibraryField &field = _window->library()->definition().fields.at(cell.field);
         if (StoredRecord *const record = _window->model()->recordAt(firstRow + cell.row))
-            values += {record, field.columnName, cell.value};
+            values += {record->shared_from_this(), field.columnName, cell.value};
     }
     const auto change = [values] {
         for (const NewValue &each : values)
@@ -195,77 +201,88 @@ void RecordCommands::overwrite(const PastePlan &plan, qsizetype firstRow)
 
 // --- Records ------------------------------------------------------------------------------------
 
-void RecordCommands::insert(const QString &kind, const QList<QVariantList> &values)
+/// Shows what was added.
+/// \return what it is; nothing if that has failed.
+RecordIds RecordCommands::add(const std::function<Outcome<>(RecordIds *)> &adding)
+{
+    RecordIds ids;
+    const Outcome<> added = _window->change([&] { return adding(&ids); });
+    if (!added) {
+        _window->tell(added.reason());
+        return {};
+    }
+    const auto count = qint64(ids.size());
+    _window->showRecordsWithIds(ids);
+    _window->tell(
+        tr("Added %1 record(s)", nullptr, Counts::plural(count)).arg(Counts::number(count)));
+    return ids;
+}
+
+RecordIds RecordCommands::insert(const QString &kind, const QList<QVariantList> &values)
 {
     if (values.isEmpty())
-        return;
-    std::vector<qint64> ids;
-    const Outcome<> inserted =
-        _window->change([&] { return _window->library()->insertRecords(kind, values, &ids); });
-    if (!inserted) {
-        _window->tell(inserted.reason());
-        return;
-    }
-    _window->showRecordsWithIds(ids);
-    _window->tell(tr("Added %1 record(s)", nullptr, Counts::plural(values.size()))
-                      .arg(Counts::number(values.size())));
+        return {};
+    return add(
+        [&](RecordIds *ids) { return _window->library()->insertRecords(kind, values, ids); });
 }
 
 /// An empty one, in whose first field the user may begin to type.
 void RecordCommands::addRecord()
 {
-    const qsizetype before = _window->library()->recordCount();
-    insert(StepKinds::Insert, {QVariantList(_window->library()->definition().fields.size())});
+    const RecordIds ids =
+        insert(StepKinds::Insert, {QVariantList(_window->library()->definition().fields.size())});
+    if (!ids.empty())
+        editNew(ids.front());
+}
+
+/// At once, or when it has come to its place among many.
+void RecordCommands::editNew(qint64 id)
+{
+    RecordList *const records = _window->records();
     RecordTableView *const table = _window->mainWindow()->table();
-    if (_window->library()->recordCount() == before)
-        return;
-    table->setFocus(Qt::OtherFocusReason);
-    table->editFirstCell(int(_window->records()->selectionIndex()));
+    const qsizetype row = records->rowOf(id);
+    if (row >= 0) {
+        table->setFocus(Qt::OtherFocusReason);
+        table->editFirstCell(int(row));
+    } else if (records->isArranging()) {
+        QObject::connect(
+            records, &RecordList::arrangedObjectsChanged, this, [this, id] { editNew(id); },
+            Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+    }
 }
 
 void RecordCommands::duplicate()
 {
-    const OpenLibrary &library = *_window->library();
-    QList<QVariantList> copies;
-    for (const qsizetype row : selectedRows()) {
-        const StoredRecord *const record = _window->model()->recordAt(row);
-        QVariantList values;
-        for (qsizetype field = 0; field < library.definition().fields.size(); ++field)
-            values += library.value(*record, field);
-        copies += values;
-    }
-    insert(StepKinds::Duplicate, copies);
+    const RecordIds ids = _window->records()->selectedIds();
+    add([&](RecordIds *copies) { return _window->library()->duplicateRecords(ids, copies); });
 }
 
 /// Gives the selected records the value that the first of them has in the current column.
 void RecordCommands::fillDown()
 {
-    const QList<qsizetype> rows = selectedRows();
-    const int column = currentCell().column();
-    const LibraryField field = _window->library()->definition().fields.at(column);
-    QList<StoredRecord *> records;
-    for (const qsizetype row : rows)
-        records += _window->model()->recordAt(row);
-    const QVariant value = _window->library()->value(*records.first(), column);
-    if (rows.size() <= DetailPane::MostUnasked) {
-        fill(records, field.columnName, value);
+    const qsizetype column = currentCell().column();
+    const std::shared_ptr<OpenLibrary> library = _window->library();
+    const RecordIds ids = _window->records()->selectedIds();
+    const std::shared_ptr<StoredRecord> first = library->record(ids.front());
+    if (!first)
+        return;
+    const QVariant value = library->value(*first, column);
+    const auto count = qsizetype(ids.size());
+    if (count <= DetailPane::MostUnasked) {
+        fill(ids, column, value);
         return;
     }
-    _window->askForMany(field.title(), rows.size(), [=, this](bool isWanted) {
-        if (isWanted && selectedRows() == rows)
-            fill(records, field.columnName, value);
+    const QString title = library->definition().fields.at(column).title();
+    _window->askForMany(title, count, [=, this](bool isWanted) {
+        if (isWanted && _window->library() == library && _window->records()->selectedIds() == ids)
+            fill(ids, column, value);
     });
 }
 
-void RecordCommands::fill(const QList<StoredRecord *> &records, const QString &key,
-                          const QVariant &value)
+void RecordCommands::fill(const RecordIds &records, qsizetype field, const QVariant &value)
 {
-    const auto change = [&] {
-        for (StoredRecord *const record : records)
-            record->setValueForKey(value, key);
-    };
-    const Outcome<> filled =
-        _window->change([&] { return _window->library()->change(change, StepKinds::Fill); });
+    const Outcome<> filled = _window->change(
+        [&] { return _window->library()->changeAll(records, field, value, StepKinds::Fill); });
     if (!filled)
         _window->tell(filled.reason());
 }

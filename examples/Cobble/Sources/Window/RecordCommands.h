@@ -2,15 +2,14 @@
 
 #include "Editing/EditResponder.h"
 #include "Editing/PastePlan.h"
+#include "Library/RecordIds.h"
+#include "Records/RowRuns.h"
 #include "Text/Outcome.h"
 
 #include <QObject>
 #include <QVariantList>
 
-#include <vector>
-
 class MainWindowController;
-class StoredRecord;
 
 /// What the Edit menu does to the records of a window: copying and pasting them, making new ones,
 /// filling a field. Everything that changes records is one step that can be undone, and asks first
@@ -35,10 +34,10 @@ public:
 
 private:
     QModelIndex currentCell() const;
-    QList<qsizetype> selectedRows() const;
+    const RowRuns &selected() const;
     bool canFill() const;
     void performAtOnce(EditCommand command);
-    void copy();
+    bool copy();
     void copyCell();
     void cut();
     void paste();
@@ -46,12 +45,14 @@ private:
     PasteTarget pasteTarget() const;
     QList<qsizetype> fieldsFromCurrent() const;
     void store(const PastePlan &plan, const std::function<void()> &storing);
-    void insert(const QString &kind, const QList<QVariantList> &values);
+    RecordIds insert(const QString &kind, const QList<QVariantList> &values);
+    RecordIds add(const std::function<Outcome<>(RecordIds *)> &adding);
     void overwrite(const PastePlan &plan, qsizetype firstRow);
     void addRecord();
+    void editNew(qint64 id);
     void duplicate();
     void fillDown();
-    void fill(const QList<StoredRecord *> &records, const QString &key, const QVariant &value);
+    void fill(const RecordIds &records, qsizetype field, const QVariant &value);
 
     MainWindowController *_window;
 };

@@ -15,7 +15,7 @@ namespace {
 constexpr qsizetype LongestQuote = 60;
 } // namespace
 
-RecordFinder::RecordFinder(MainWindow *window, NSArrayController *records)
+RecordFinder::RecordFinder(MainWindow *window, RecordList *records)
     : _window(window)
     , _records(records)
     , _bar(window->filterBar())
@@ -40,22 +40,33 @@ void RecordFinder::setLibrary(const std::shared_ptr<OpenLibrary> &library)
 {
     _library = library;
     _isSmart = false;
+    _applied.clear();
     showColumns({});
     const QSignalBlocker blocker(_bar);
     const auto fields = library ? std::make_shared<FilterFields>(library->definition()) : nullptr;
     _bar->setFields(fields);
     _nothing->setText(QString());
-    _summary->setFields(fields);
+    _summary->setLibrary(library);
 }
 
-NSPredicate RecordFinder::both(const NSPredicate &searched) const
+/// The bar's filter with readers of its own, since records may be looked at in a thread.
+RecordFilter RecordFinder::forThread() const
 {
-    const NSPredicate filter = _bar->filter().predicate();
-    if (filter.isNil() || searched.isNil())
-        return filter.isNil() ? searched : filter;
-    return NSPredicate::predicateWithBlock([searched, filter](const QVariant &record) {
-        return filter.evaluateWithObject(record) && searched.evaluateWithObject(record);
-    });
+    return RecordFilter::read(_bar->filter().text(FilterNotation::Portable),
+                              std::make_shared<FilterFields>(_library->definition()),
+                              FilterNotation::Portable);
+}
+
+void RecordFinder::apply()
+{
+    if (!_library)
+        return;
+    const bool filters = !_bar->filter().predicate().isNil();
+    const QString wanted = filters ? _bar->filter().text(FilterNotation::Portable) : QString();
+    if (wanted == _applied)
+        return;
+    _applied = wanted;
+    _records->setFilter(filters ? forThread().predicate() : NSPredicate());
 }
 
 /// What was looked for, if nothing was found; nil otherwise.
@@ -64,7 +75,7 @@ QString RecordFinder::missedText() const
     const QString searched =
         printableText(_window->search()->text().simplified().left(LongestQuote));
     const bool isFiltered = !_bar->filter().predicate().isNil();
-    if (!_library || _window->table()->model()->rowCount() > 0)
+    if (!_library || _records->isArranging() || _records->count() > 0)
         return {};
     if (!searched.isEmpty())
         return isFiltered ? tr("No record fits “%1” and the filter.").arg(searched)
@@ -76,9 +87,6 @@ void RecordFinder::showResult()
 {
     _nothing->setText(missedText());
     _summary->updateSoon();
-    const qsizetype selected = _records->selectionIndex();
-    if (selected >= 0)
-        _window->table()->reveal(int(selected));
 }
 
 bool RecordFinder::showsFilter() const

@@ -1,13 +1,10 @@
 #pragma once
 
 #include "Filter/SmartLibraries.h"
-#include "OpenLibrary.h"
-
-#include <KTUtility/NSPredicate>
+#include "Open/RecordList.h"
 
 class FilterBar;
 class MainWindow;
-class NSArrayController;
 class NothingFound;
 class SelectionSummary;
 
@@ -17,7 +14,7 @@ class SelectionSummary;
 /// \code
 /// RecordFinder finder(window, &records);
 /// connect(&finder, &RecordFinder::changed, this, [&] {
-///     records.setFilterPredicate(finder.both(searched));
+///     finder.apply();
 ///     finder.showResult();
 /// });
 /// \endcode
@@ -26,14 +23,14 @@ class RecordFinder : public QObject
     Q_OBJECT
 
 public:
-    RecordFinder(MainWindow *window, NSArrayController *records);
+    RecordFinder(MainWindow *window, RecordList *records);
     ~RecordFinder() override;
 
     /// The library whose records are shown; null for none. The filter goes.
     void setLibrary(const std::shared_ptr<OpenLibrary> &library);
-    /// The records that the filter and another condition accept.
-    NSPredicate both(const NSPredicate &searched) const;
-    /// Says if nothing is found, and brings the selected record into sight.
+    /// Has the records filtered as the bar says.
+    void apply();
+    /// Says if nothing is found.
     void showResult();
 
     /// Shows the filter bar, or takes it and its filter away.
@@ -58,14 +55,17 @@ Q_SIGNALS:
     void changed();
 
 private:
+    RecordFilter forThread() const;
     QString missedText() const;
     void showColumns(const QList<qsizetype> &columns);
 
     MainWindow *_window;
-    NSArrayController *_records;
+    RecordList *_records;
     FilterBar *_bar;
     NothingFound *_nothing;
     std::unique_ptr<SelectionSummary> _summary;
     std::shared_ptr<OpenLibrary> _library;
     bool _isSmart = false;
+    /// The filter that the records have, in its portable notation.
+    QString _applied;
 };

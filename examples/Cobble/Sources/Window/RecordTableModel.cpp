@@ -2,10 +2,15 @@
 
 #include "Appearance/FieldTitle.h"
 #include "Editing/CopiedForms.h"
-#include "Records/ValueOrder.h"
 #include "Text/ShortText.h"
 
-#include <QMap>
+#include <KTUtility/NSAttributedString>
+#include <KTUtility/NSObject>
+
+#include <QHash>
+#include <QSet>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -21,7 +26,6 @@ KTArrayColumn columnFor(const std::shared_ptr<OpenLibrary> &library, qsizetype i
     // The formatter lives as long as the library.
     const std::shared_ptr<const NSFormatter> formatter(library, library->reader(index).formatter());
     return KTArrayColumn(field.columnName, ShortText::firstLine(FieldTitle::of(field)), formatter)
-        .setComparator(ValueOrder::compare)
         .setAlignment((isNumber(field.type) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter)
         // Media are files that were stored; a name that somebody types is none of them.
         .setEditable(field.type != FieldType::Media);
@@ -36,29 +40,198 @@ QList<KTArrayColumn> columnsOf(const std::shared_ptr<OpenLibrary> &library)
 }
 } // namespace
 
-void RecordTableModel::setLibrary(const std::shared_ptr<OpenLibrary> &library)
+RecordTableModel::RecordTableModel(RecordList *records) : _records(records)
 {
-    _library = library;
-    setColumns(columnsOf(library));
+    QObject::connect(records, &RecordList::arrangedObjectsChanged, this,
+                     &RecordTableModel::rearrange);
+    QObject::connect(records, &RecordList::valueChanged, this, &RecordTableModel::tellChanged);
+    QObject::connect(records, &RecordList::valuesChanged, this, &RecordTableModel::tellAllChanged);
 }
 
-StoredRecord *RecordTableModel::recordAt(qsizetype row) const
+void RecordTableModel::setLibrary(const std::shared_ptr<OpenLibrary> &library)
 {
-    return objectAt(int(row)).value<StoredRecord *>();
+    if (!_columns.isEmpty()) {
+        beginRemoveColumns({}, 0, columnCount() - 1);
+        _columns.clear();
+        endRemoveColumns();
+    }
+    _library = library;
+    const QList<KTArrayColumn> columns = columnsOf(library);
+    if (columns.isEmpty())
+        return;
+    beginInsertColumns({}, 0, int(columns.size()) - 1);
+    _columns = columns;
+    endInsertColumns();
+}
+
+// --- The rows -----------------------------------------------------------------------------------
+
+/// First come the rows that are missing, then all go to their places, then those go that are too
+/// many.
+void RecordTableModel::rearrange()
+{
+    const SharedRecordIds ids = _records->ids();
+    if (ids == _ids)
+        return;
+    _isRearranging = true;
+    const int count = int(ids->size());
+    const auto [left, right] = std::mismatch(_ids->begin(), _ids->end(), ids->begin(), ids->end());
+    const bool areOnlyMore = left == _ids->end();
+    if (!areOnlyMore)
+        Q_EMIT willRearrange();
+    insertAtEnd(count - _rowCount);
+    if (areOnlyMore)
+        _ids = ids;
+    else
+        moveRows(ids);
+    removeFromEnd(_rowCount - count);
+    _isRearranging = false;
+    Q_EMIT rearranged();
+}
+
+void RecordTableModel::insertAtEnd(int count)
+{
+    if (count <= 0)
+        return;
+    beginInsertRows({}, _rowCount, _rowCount + count - 1);
+    _rowCount += count;
+    endInsertRows();
+}
+
+void RecordTableModel::removeFromEnd(int count)
+{
+    if (count <= 0)
+        return;
+    beginRemoveRows({}, _rowCount - count, _rowCount - 1);
+    _rowCount -= count;
+    endRemoveRows();
+}
+
+void RecordTableModel::moveRows(const SharedRecordIds &ids)
+{
+    Q_EMIT layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+    const QModelIndexList before = persistentIndexList();
+    const QModelIndexList now = placesIn(*ids, before);
+    _ids = ids;
+    changePersistentIndexList(before, now);
+    Q_EMIT layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+}
+
+/// Where the records of cells are now; no cells for those that are not shown any more.
+QModelIndexList RecordTableModel::placesIn(const RecordIds &ids,
+                                           const QModelIndexList &before) const
+{
+    QHash<qint64, int> rows;
+    for (const QModelIndex &each : before) {
+        if (size_t(each.row()) < _ids->size())
+            rows.insert((*_ids)[size_t(each.row())], -1);
+    }
+    for (size_t row = 0; row < ids.size() && !rows.isEmpty(); ++row) {
+        const auto wanted = rows.find(ids[row]);
+        if (wanted != rows.end())
+            *wanted = int(row);
+    }
+    QModelIndexList now;
+    for (const QModelIndex &each : before) {
+        const bool wasThere = size_t(each.row()) < _ids->size();
+        const int row = wasThere ? rows.value((*_ids)[size_t(each.row())], -1) : -1;
+        now += row < 0 ? QModelIndex() : index(row, each.column());
+    }
+    return now;
+}
+
+void RecordTableModel::tellChanged(qsizetype row, qsizetype field)
+{
+    if (_isRearranging || row >= _rowCount || field >= columnCount())
+        return;
+    const QModelIndex cell = index(int(row), int(field));
+    Q_EMIT dataChanged(cell, cell);
+}
+
+void RecordTableModel::tellAllChanged()
+{
+    if (!_isRearranging && _rowCount > 0 && columnCount() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(_rowCount - 1, columnCount() - 1));
+}
+
+int RecordTableModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : _rowCount;
+}
+
+int RecordTableModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : int(_columns.size());
+}
+
+void RecordTableModel::sort(int column, Qt::SortOrder order)
+{
+    const bool isColumn = column >= 0 && column < columnCount();
+    _records->setSorts(isColumn ? QList<RecordSort>{{column, order}} : QList<RecordSort>());
+}
+
+// --- The cells ----------------------------------------------------------------------------------
+
+QVariant RecordTableModel::valueAt(const QModelIndex &index) const
+{
+    const StoredRecord *const record = recordAt(index.row());
+    return record ? _library->value(*record, index.column()) : QVariant();
+}
+
+QString RecordTableModel::textAt(const QModelIndex &index) const
+{
+    const StoredRecord *const record = recordAt(index.row());
+    return record ? _library->text(*record, index.column()) : QString();
+}
+
+/// The colour that the formatter gives negative numbers.
+QVariant RecordTableModel::colourAt(const QModelIndex &index) const
+{
+    const NSFormatter *const formatter = _library->reader(index.column()).formatter();
+    const QVariant value = formatter ? valueAt(index) : QVariant();
+    if (NSObject::isNil(value))
+        return {};
+    const auto text = formatter->attributedStringForObjectValue(value);
+    return text ? text->attribute(NSForegroundColorAttributeName, 0) : QVariant();
 }
 
 QVariant RecordTableModel::data(const QModelIndex &index, int role) const
 {
-    const StoredRecord *const record = recordAt(index.row());
-    if (!record || !_library || (role != Qt::DisplayRole && role != Qt::EditRole))
-        return KTArrayModel::data(index, role);
-    const QString text = _library->text(*record, index.column());
-    return role == Qt::EditRole ? text : ShortText::firstLine(text);
+    if (!_library || !checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    switch (role) {
+    case Qt::DisplayRole:
+        return ShortText::firstLine(textAt(index));
+    case Qt::EditRole:
+        return textAt(index);
+    case Qt::ForegroundRole:
+        return colourAt(index);
+    case Qt::TextAlignmentRole:
+        return int(_columns.at(index.column()).alignment());
+    case ValueRole:
+        return valueAt(index);
+    default:
+        return {};
+    }
+}
+
+QVariant RecordTableModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
+        return QAbstractTableModel::headerData(section, orientation, role);
+    const KTArrayColumn &column = _columns.at(section);
+    if (role == Qt::DisplayRole)
+        return column.title();
+    return role == Qt::TextAlignmentRole ? QVariant(int(column.alignment())) : QVariant();
 }
 
 Qt::ItemFlags RecordTableModel::flags(const QModelIndex &index) const
 {
-    return KTArrayModel::flags(index) | Qt::ItemIsDragEnabled;
+    const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    if (!index.isValid())
+        return flags;
+    const bool isEditable = _columns.at(index.column()).isEditable();
+    return flags | Qt::ItemIsDragEnabled | (isEditable ? Qt::ItemIsEditable : Qt::NoItemFlags);
 }
 
 Outcome<> RecordTableModel::take(const QString &text, const QModelIndex &at)
@@ -108,14 +281,14 @@ QList<CopiedCell> RecordTableModel::copiedCells(const StoredRecord &record) cons
     return cells;
 }
 
-CopiedRecords RecordTableModel::copied(const QList<qsizetype> &rows) const
+CopiedRecords RecordTableModel::copied(const RowRuns &rows) const
 {
     CopiedRecords copied;
-    if (!_library)
+    if (!_library || rows.count() > MostCopied)
         return copied;
     copied.bundle = _library->bundlePath();
     copied.fields = copiedFields();
-    for (const qsizetype row : rows) {
+    for (const qsizetype row : rows.rows()) {
         if (const StoredRecord *const record = recordAt(row))
             copied.rows += copiedCells(*record);
     }
@@ -124,8 +297,8 @@ CopiedRecords RecordTableModel::copied(const QList<qsizetype> &rows) const
 
 QMimeData *RecordTableModel::mimeData(const QModelIndexList &indexes) const
 {
-    QMap<qsizetype, bool> rows;
+    QSet<qsizetype> rows;
     for (const QModelIndex &index : indexes)
-        rows.insert(index.row(), true);
-    return new CopiedForms(copied(rows.keys()));
+        rows += index.row();
+    return new CopiedForms(copied(RowRuns::of(rows.values())));
 }

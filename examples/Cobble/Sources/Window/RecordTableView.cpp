@@ -11,11 +11,32 @@
 
 namespace {
 constexpr int WidestPicture = 260;
-/// By which columns are measured.
+/// By which columns are measured: groups of rows that follow each other, since these are read at once.
 constexpr int RowsLookedAt = 200;
+constexpr int GroupLookedAt = 25;
+/// More rows than these cannot be dragged.
+constexpr int MostDragged = 100'000;
 constexpr int TextGap = 16;
 /// More opaque than this, the picture hides where it is dropped.
 constexpr qreal Opacity = 0.85;
+
+/// One of the rows by which columns are measured.
+int rowLookedAt(int look, int rows)
+{
+    if (rows <= RowsLookedAt)
+        return look;
+    const int group = look / GroupLookedAt;
+    const int last = rows - GroupLookedAt;
+    return int(qint64(group) * last / (RowsLookedAt / GroupLookedAt - 1)) + look % GroupLookedAt;
+}
+
+int rowCountOf(const QItemSelection &selection)
+{
+    int count = 0;
+    for (const QItemSelectionRange &range : selection)
+        count += range.height();
+    return count;
+}
 
 QImage faded(const QImage &picture)
 {
@@ -63,8 +84,7 @@ int RecordTableView::sizeHintForColumn(int column) const
     const int rows = model() ? model()->rowCount() : 0;
     int width = 0;
     for (int look = 0; look < qMin(rows, RowsLookedAt); ++look) {
-        const int row = int(qint64(look) * rows / qMin(rows, RowsLookedAt));
-        const QModelIndex index = model()->index(row, column);
+        const QModelIndex index = model()->index(rowLookedAt(look, rows), column);
         width = qMax(width, itemDelegateForIndex(index)->sizeHint(option, index).width());
     }
     return showGrid() ? width + 1 : width;
@@ -160,10 +180,10 @@ QImage RecordTableView::dragPicture(qsizetype rows) const
 
 void RecordTableView::startDrag(Qt::DropActions)
 {
-    const QModelIndexList cells = selectionModel()->selectedIndexes();
-    if (cells.isEmpty())
+    const int rows = rowCountOf(selectionModel()->selection());
+    if (rows == 0 || rows > MostDragged)
         return;
-    const qsizetype rows = selectionModel()->selectedRows().size();
+    const QModelIndexList cells = selectionModel()->selectedRows();
     auto *const drag = new QDrag(this);
     drag->setMimeData(model()->mimeData(cells));
     drag->setPixmap(QPixmap::fromImage(dragPicture(rows)));

@@ -1,6 +1,6 @@
 #include "SmartLibraryList.h"
 
-#include "OpenBundle.h"
+#include "Open/OpenBundle.h"
 #include "Text/PrintableText.h"
 
 #include <QInputDialog>

@@ -10,17 +10,14 @@ target_sources(CobbleHost PRIVATE
     Sources/Window/MainWindow.cpp
     Sources/Window/MainWindowController.cpp
     Sources/Window/MediaField.cpp
-    Sources/Window/OpenBundle.cpp
-    Sources/Window/OpenLibrary.cpp
     Sources/Window/RecordCommands.cpp
     Sources/Window/RecordFinder.cpp
-    Sources/Window/RecordSearch.cpp
+    Sources/Window/RecordSelection.cpp
     Sources/Window/RecordTableModel.cpp
     Sources/Window/RecordTableView.cpp
     Sources/Window/ShowLibraryAlert.cpp
     Sources/Window/SilencedAlerts.cpp
     Sources/Window/SmartLibraryList.cpp
-    Sources/Window/StoredRecord.cpp
     Sources/Window/TransferSheet.cpp
     Sources/Window/WindowPicture.cpp
 )

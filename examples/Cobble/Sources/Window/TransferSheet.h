@@ -1,6 +1,6 @@
 #pragma once
 
-#include "OpenBundle.h"
+#include "Open/OpenBundle.h"
 
 #include <KTUtility/KTDialogController>
 

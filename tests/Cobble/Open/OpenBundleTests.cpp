@@ -1,9 +1,9 @@
-#include "Window/OpenBundle.h"
+#include "Open/OpenBundle.h"
 
 #include "../Library/InterruptedChange.h"
-#include "WindowSupport.h"
+#include "../Window/WindowSupport.h"
 
-#include "Window/OpenLibrary.h"
+#include "Open/OpenLibrary.h"
 
 #include <QFile>
 
@@ -52,8 +52,7 @@ TEST_F(OpenBundleTests, AnInterruptedChangeIsTakenBackWhenSomethingIsWritten)
     ASSERT_TRUE(opened.errorText().isNull()) << opened.errorText().toStdString();
     const auto library = opened.open(u"Many"_s);
     ASSERT_TRUE(library);
-    EXPECT_EQ((*library)->text(*(*library)->records().first().value<StoredRecord *>(), 0),
-              u"somebody 0"_s);
+    EXPECT_EQ((*library)->text(*(*library)->record(1), 0), u"somebody 0"_s);
     EXPECT_EQ(tree.contents(), before);
     // What was shown is a copy, behind which others may have written.
     EXPECT_TRUE(rename(opened, u"Many"_s, u"Eve"_s).reason().contains(u"another program"));
@@ -96,7 +95,7 @@ TEST_F(OpenBundleTests, ForgottenStepsLeaveFilesThatATextElsewhereNames)
     const auto names = [this] { return QDir(bundle.mediaFolderPath()).entryList(QDir::Files); };
     EXPECT_EQ(names(), QStringList({u"a.0.png"_s, u"a.1.png"_s}));
     const auto notes = *opened.open(u"Notes"_s);
-    ASSERT_TRUE(notes->removeRecords({notes->records().last().value<StoredRecord *>()}));
+    ASSERT_TRUE(notes->removeRecords(RecordIds{notes->recordIds()->back()}));
     EXPECT_EQ(names(), QStringList(u"a.0.png"_s));
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "RecordRows.h"
+#include "Library/RecordRows.h"
 
 #include <functional>
 

@@ -1,4 +1,4 @@
-#include "Library/LibraryExport.h"
+#include "Export/LibraryExport.h"
 
 #include "Library/LibraryStore.h"
 

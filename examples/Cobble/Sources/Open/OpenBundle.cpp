@@ -12,11 +12,15 @@
 
 #include <QFileInfo>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 /// How long windows stand still for another program that writes, in milliseconds.
 constexpr int PatienceWithStore = 500;
+/// The same for records that are about to be painted.
+constexpr int PatienceOfPainting = 20;
 } // namespace
 
 OpenBundle::OpenBundle(const KTDatabaseBundle &bundle) : _bundle(bundle)
@@ -28,6 +32,7 @@ OpenBundle::~OpenBundle() = default;
 
 void OpenBundle::reload()
 {
+    _willReload = false;
     _open.clear();
     _libraries.clear();
     _errorText = QString();
@@ -110,9 +115,27 @@ Outcome<> OpenBundle::beginChange()
     if (!begun || _store->dataVersion() == _dataVersion)
         return begun;
     _store->rollback();
-    NSApplication::performOnNextTurn(this, [this] { reload(); });
+    reloadLater();
     return Failure{tr("another program has changed the database, which is read again; please "
                       "try once more")};
+}
+
+void OpenBundle::reloadLater()
+{
+    if (!std::exchange(_willReload, true))
+        NSApplication::performOnNextTurn(this, [this] { reload(); });
+}
+
+void OpenBundle::read(const std::function<void(LibraryStore &store)> &reading)
+{
+    if (!_store)
+        return;
+    _store->setPatience(PatienceOfPainting);
+    const qint64 version = _store->dataVersion();
+    if (version >= 0 && version != _dataVersion && !_isBusy)
+        reloadLater();
+    reading(*_store);
+    _store->setPatience(PatienceWithStore);
 }
 
 Outcome<> OpenBundle::checkChange()

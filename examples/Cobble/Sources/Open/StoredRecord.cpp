@@ -22,7 +22,6 @@ bool StoredRecord::setValueForKey(const QVariant &value, const QString &key)
 
 void StoredRecord::setSavedValue(const QVariant &value, const QString &key)
 {
-    _searchText = QString();
     FormRecord::setValueForKey(value, key);
     Q_EMIT _library->recordChanged(this, key);
 }

@@ -64,6 +64,10 @@ public:
     bool isCurrent(const std::shared_ptr<OpenLibrary> &library) const;
     /// The last step that is done, whoever has made it; nothing if there is none.
     std::optional<ChangeJournal::Step> lastStep() const;
+    /// Has something read from the store, without waiting long for somebody who writes. If another
+    /// program has written since the database was read, that is read again in the next iteration of
+    /// the event loop.
+    void read(const std::function<void(LibraryStore &store)> &reading);
 
 Q_SIGNALS:
     void librariesChanged();
@@ -82,6 +86,7 @@ private:
     Outcome<> transaction(const std::function<Outcome<>(ChangeJournal &)> &changes);
     void follow(const StepEffect &effect);
     Outcome<> refresh(const StepEffect &effect);
+    void reloadLater();
 
     KTDatabaseBundle _bundle;
     std::unique_ptr<LibraryStore> _store;
@@ -89,6 +94,7 @@ private:
     QList<Library> _libraries;
     QHash<QString, std::weak_ptr<OpenLibrary>> _open;
     bool _isBusy = false;
+    bool _willReload = false;
     /// The store's, when it was read last.
     qint64 _dataVersion = 0;
 };

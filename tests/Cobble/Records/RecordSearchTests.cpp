@@ -1,6 +1,8 @@
 // Finding and ordering records in the host's main window.
 
-#include "WindowSupport.h"
+#include "../Window/WindowSupport.h"
+
+#include "Records/FoldedText.h"
 
 #include <QHeaderView>
 #include <QSignalSpy>
@@ -38,7 +40,7 @@ TEST_F(RecordSearchTests, SearchingFindsTypedValues)
 TEST_F(RecordSearchTests, SearchingWaitsForMoreLetters)
 {
     MainWindowController *const window = openThings();
-    QSignalSpy arranged(window->records(), &NSArrayController::arrangedObjectsChanged);
+    QSignalSpy arranged(window->records(), &RecordList::arrangedObjectsChanged);
     type(window->mainWindow()->search(), u"ann"_s);
     EXPECT_EQ(window->model()->rowCount(), 4);
     ASSERT_TRUE(arranged.count() > 0 || arranged.wait());
@@ -61,14 +63,14 @@ TEST_F(RecordSearchTests, HostileSearchesFindWhatHoldsTheirWords)
     for (int row = 0; row < 4; ++row) {
         rows += QString();
         for (int column = 0; column < 5; ++column)
-            rows.last() += OpenLibrary::folded(
+            rows.last() += foldedText(
                 window->model()->index(row, column).data(Qt::EditRole).toString() + u'|');
     }
     for (const QString &text : testing_support::hostileTexts()) {
         window->mainWindow()->search()->setText(text);
         window->search();
         const QStringList words =
-            OpenLibrary::folded(window->mainWindow()->search()->text()).simplified().split(u' ');
+            foldedText(window->mainWindow()->search()->text()).simplified().split(u' ');
         const auto holdsAll = [&words](const QString &row) {
             return std::all_of(words.begin(), words.end(),
                                [&row](const QString &word) { return row.contains(word); });

@@ -2,6 +2,8 @@
 
 #include "Forms/FormField.h"
 
+#include <memory>
+
 class OpenLibrary;
 
 /// A record of an open library: setting a value writes it to the database.
@@ -9,7 +11,7 @@ class OpenLibrary;
 /// A value that cannot be written is not taken; OpenLibrary::change() or refused() says why, and
 /// whoever observes the record is notified of the value that it has, in the next iteration of the
 /// event loop.
-class StoredRecord : public FormRecord
+class StoredRecord : public FormRecord, public std::enable_shared_from_this<StoredRecord>
 {
     Q_OBJECT
 
@@ -24,12 +26,7 @@ public:
     /// Takes a value that the database has.
     void setSavedValue(const QVariant &value, const QString &key);
 
-    /// What a search looks through: the texts of all fields. Nil until it is asked for.
-    const QString &searchText() const { return _searchText; }
-    void setSearchText(const QString &text) const { _searchText = text; }
-
 private:
     OpenLibrary *_library;
     qint64 _number;
-    mutable QString _searchText;
 };

@@ -1,4 +1,4 @@
-#include "Library/ExportDevice.h"
+#include "Export/ExportDevice.h"
 
 #include "support/FileTree.h"
 #include "support/TestSupport.h"

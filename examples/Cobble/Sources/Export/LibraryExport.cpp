@@ -1,9 +1,9 @@
 #include "LibraryExport.h"
 
 #include "ExportDevice.h"
-#include "LibraryStore.h"
-#include "PlugIns.h"
-#include "RecordTexts.h"
+#include "Library/LibraryStore.h"
+#include "Library/PlugIns.h"
+#include "Library/RecordTexts.h"
 #include "Text/Reasons.h"
 
 #include <KTUtility/KTSaveFile>

@@ -1,0 +1,3 @@
+target_sources(CobbleTests PRIVATE
+    Cobble/Open/OpenBundleTests.cpp
+)
