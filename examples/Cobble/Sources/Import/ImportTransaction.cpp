@@ -184,10 +184,9 @@ Outcome<> ImportTransaction::commit()
         return added;
     if (!listMedia(_forgottenMedia))
         return Failure{_mediaList.errorString()};
-    const Outcome<> committed = _store->commit();
-    _isDone = bool(committed);
-    if (!_isDone)
+    if (const Outcome<> committed = _store->commit(); !committed)
         return committed;
+    _isDone = true;
     // A list that stays is for the next import.
     if (UnusedMedia::remove(_bundle, *_store, _forgottenMedia).isEmpty())
         _mediaList.remove();

@@ -32,9 +32,9 @@ Outcome<bool> DatabaseTables::has(const QSqlDatabase &database, const QString &n
         return areTables.failure();
     if (areTables->contains(false))
         return Failure{Reasons::tr("'%1' is no table").arg(name)};
-    if (const Outcome<> checked = checkColumns(database, name); !checked)
-        return checked.failure();
-    return !areTables->isEmpty();
+    return checkColumns(database, name).andThen([&] {
+        return Outcome<bool>(!areTables->isEmpty());
+    });
 }
 
 Outcome<> DatabaseTables::need(const QSqlDatabase &database, const QString &name)

@@ -17,11 +17,11 @@ RecordIdSet::RecordIdSet(const RecordIds &ids)
     if (distance / BitsOfNumber > ids.size()) {
         _sorted = ids;
         std::sort(_sorted.begin(), _sorted.end());
-        return;
+    } else {
+        _bits.resize(size_t(distance) + 1);
+        for (const qint64 id : ids)
+            _bits[size_t(placeOf(id))] = true;
     }
-    _bits.resize(size_t(distance) + 1);
-    for (const qint64 id : ids)
-        _bits[size_t(placeOf(id))] = true;
 }
 
 bool RecordIdSet::contains(qint64 id) const

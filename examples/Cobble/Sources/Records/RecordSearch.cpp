@@ -39,9 +39,7 @@ QString RecordSearch::textOf(const RecordCursor &record, qsizetype field)
         return *found;
     if (known.size() >= MostKnown)
         known.clear();
-    const QString text = foldedText(RecordTexts::textOf(reader, record.value(field)));
-    known.insert(stored, text);
-    return text;
+    return *known.insert(stored, foldedText(RecordTexts::textOf(reader, record.value(field))));
 }
 
 bool RecordSearch::finds(const RecordCursor &record)

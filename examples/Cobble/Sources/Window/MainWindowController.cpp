@@ -324,6 +324,13 @@ void MainWindowController::selectInList(const QString &name)
 }
 
 /// Releases the library, before its records are destroyed.
+void MainWindowController::showNothing()
+{
+    mainWindow()->table()->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    mainWindow()->detail()->setFields({});
+    _finder->setLibrary(nullptr);
+}
+
 void MainWindowController::forget()
 {
     if (_columns && _library && isWindowLoaded() && _application->remembers())
@@ -331,11 +338,8 @@ void MainWindowController::forget()
     _tellsFound = false;
     _records.setLibrary(nullptr);
     _model->setLibrary(nullptr);
-    if (isWindowLoaded()) {
-        mainWindow()->table()->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
-        mainWindow()->detail()->setFields({});
-        _finder->setLibrary(nullptr);
-    }
+    if (isWindowLoaded())
+        showNothing();
     if (_library)
         QObject::disconnect(_library.get(), nullptr, this, nullptr);
     _library.reset();

@@ -130,6 +130,7 @@ private:
     void guardInput();
     void leaveFor(const std::function<void()> &elsewhere);
     void setLibrary(const std::shared_ptr<OpenLibrary> &library);
+    void showNothing();
     void forget();
     void showArranged();
     void showCount();

@@ -138,11 +138,10 @@ void TransferSheet::go()
         return;
     }
     showProblem(QString());
-    const Outcome<> done = workAlone();
-    if (done)
-        endDialog();
-    else
+    if (const Outcome<> done = workAlone(); !done)
         showProblem(done.reason());
+    else
+        endDialog();
 }
 
 void TransferSheet::cancel()
