@@ -65,7 +65,7 @@ private:
 
     void appendSignificant(int position, int count)
     {
-        const char *digit = &_number.buffer[size_t(_number.first + position)];
+        const char *digit = &_number.buffer[size_t(_number.first) + size_t(position)];
         const char *const end = digit + count;
         const auto offset = char16_t(_writer.zeroDigit - u'0');
         QChar *at = _at;

@@ -10,14 +10,21 @@
 using namespace KTPrivate;
 
 namespace {
-/// A text as it is compared: without case or diacritics where they do not count.
-QString folded(const QVariant &value, const QString &options)
+/// A text without diacritics where they do not count.
+QString unmarked(const QVariant &value, const QString &options)
 {
     QString text = value.toString();
     if (options.contains(u'd')) {
         text = text.normalized(QString::NormalizationForm_D);
         text.removeIf([](QChar unit) { return unit.category() == QChar::Mark_NonSpacing; });
     }
+    return text;
+}
+
+/// A text as it is compared: without case or diacritics where they do not count.
+QString folded(const QVariant &value, const QString &options)
+{
+    const QString text = unmarked(value, options);
     return options.contains(u'c') ? text.toCaseFolded() : text;
 }
 
@@ -53,10 +60,13 @@ bool isEqual(const QVariant &left, const QVariant &right, const QString &options
                                           : NSObject::isEqual(left, right);
 }
 
-bool matches(const QString &text, const QString &pattern)
+/// The case of a pattern says what it means ("\S" is not "\s"), so that the expression is told to
+/// ignore that of letters.
+bool matches(const QString &text, const QString &pattern, bool ignoresCase)
 {
-    const QRegularExpression expression(QRegularExpression::anchoredPattern(pattern),
-                                        QRegularExpression::DotMatchesEverythingOption);
+    QRegularExpression::PatternOptions options = QRegularExpression::DotMatchesEverythingOption;
+    options.setFlag(QRegularExpression::CaseInsensitiveOption, ignoresCase);
+    const QRegularExpression expression(QRegularExpression::anchoredPattern(pattern), options);
     return expression.isValid() && expression.match(text).hasMatch();
 }
 
@@ -103,7 +113,7 @@ bool compareTexts(const QString &comparison, const QString &left, const QString 
         return left.endsWith(right);
     if (comparison == u"CONTAINS")
         return left.contains(right);
-    return comparison == u"LIKE" ? isLike(left, right) : matches(left, right);
+    return isLike(left, right);
 }
 } // namespace
 
@@ -126,9 +136,9 @@ bool PredicateOperators::compare(const QString &comparison, const QString &optio
         return false;
     if (comparison == u"IN")
         return folded(right, options).contains(folded(left, options));
-    return compareTexts(comparison, folded(left, options),
-                        comparison == u"MATCHES" && options.isEmpty() ? right.toString()
-                                                                      : folded(right, options));
+    if (comparison == u"MATCHES")
+        return matches(unmarked(left, options), unmarked(right, options), options.contains(u'c'));
+    return compareTexts(comparison, folded(left, options), folded(right, options));
 }
 
 NSPredicate NSPredicate::predicateWithBlock(Block block)

@@ -98,6 +98,17 @@ TEST(NSPredicate, ComparesTexts)
         EXPECT_FALSE(isTrue(format)) << QString::fromUtf16(format).toStdString();
 }
 
+TEST(NSPredicate, PatternsKeepTheirMeaningWithoutCase)
+{
+    for (const QString &pattern : {u"z\\S+"_s, u"ZO\\w"_s, u"\\D*\\S"_s, u"z\\x6Fë"_s})
+        EXPECT_TRUE(isTrue(u"name MATCHES[c] %@", {pattern})) << pattern.toStdString();
+    EXPECT_TRUE(isTrue(u"name MATCHES[cd] %@", {u"ZÖ\\S"_s}));
+    EXPECT_TRUE(isTrue(u"name MATCHES[d] %@", {u"Zö\\S"_s}));
+    for (const QString &pattern : {u"z\\s+"_s, u"ZO\\W"_s, u"\\d*"_s, u"zoe"_s})
+        EXPECT_FALSE(isTrue(u"name MATCHES[c] %@", {pattern})) << pattern.toStdString();
+    EXPECT_FALSE(isTrue(u"name MATCHES[d] %@", {u"zo\\S"_s}));
+}
+
 TEST(NSPredicate, LooksIntoLists)
 {
     EXPECT_TRUE(isTrue(u"tags CONTAINS 'a'"));
