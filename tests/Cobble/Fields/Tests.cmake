@@ -2,6 +2,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Fields/FieldFormatTests.cpp
     Cobble/Fields/FieldReaderTests.cpp
     Cobble/Fields/FieldTypeTests.cpp
+    Cobble/Fields/FieldTypeTitlesTests.cpp
     Cobble/Fields/FieldValueTests.cpp
     Cobble/Fields/PhoneLayoutsTests.cpp
 )

@@ -66,13 +66,13 @@ TEST_F(ColumnEditorTests, ShowsRowsAndTheTypesThatWereFound)
 {
     EXPECT_EQ(table.columnCount(), 4);
     EXPECT_EQ(table.rowCount(), 2);
-    EXPECT_EQ(table.horizontalHeaderItem(1)->text(), u"When\ndate"_s);
+    EXPECT_EQ(table.horizontalHeaderItem(1)->text(), u"When\nDate"_s);
     EXPECT_EQ(cell(0, 2), u"$5.50"_s);
     EXPECT_EQ(column.count(), 4);
-    EXPECT_EQ(type.currentText(), u"Automatic (text)"_s);
+    EXPECT_EQ(type.currentText(), u"Automatic (Text)"_s);
     EXPECT_FALSE(convention.isEnabled());
     column.setCurrentIndex(1);
-    EXPECT_EQ(type.currentText(), u"Automatic (date)"_s);
+    EXPECT_EQ(type.currentText(), u"Automatic (Date)"_s);
     EXPECT_TRUE(convention.isEnabled());
     EXPECT_FALSE(currency.isEnabled());
     EXPECT_EQ(table.currentColumn(), 1);
@@ -108,11 +108,11 @@ TEST_F(ColumnEditorTests, TypeAndCurrencyAreChosen)
     column.setCurrentIndex(2);
     choose(currency, u"JPY"_s);
     show();
-    EXPECT_EQ(table.horizontalHeaderItem(2)->text(), u"Paid\ncurrency (JPY)"_s);
-    choose(type, u"text"_s);
+    EXPECT_EQ(table.horizontalHeaderItem(2)->text(), u"Paid\nCurrency (JPY)"_s);
+    choose(type, u"Text"_s);
     show();
-    EXPECT_EQ(table.horizontalHeaderItem(2)->text(), u"Paid\ntext"_s);
-    EXPECT_EQ(type.currentText(), u"text"_s);
+    EXPECT_EQ(table.horizontalHeaderItem(2)->text(), u"Paid\nText"_s);
+    EXPECT_EQ(type.currentText(), u"Text"_s);
     EXPECT_FALSE(currency.isEnabled());
     EXPECT_EQ(type.itemText(0), u"Automatic"_s);
     type.setCurrentIndex(0);
@@ -126,7 +126,7 @@ TEST_F(ColumnEditorTests, ColumnsAreLeftOutAndTakenAgain)
     isStored.click();
     show();
     EXPECT_EQ(table.columnCount(), 3);
-    EXPECT_EQ(table.horizontalHeaderItem(1)->text(), u"Paid\ncurrency (USD)"_s);
+    EXPECT_EQ(table.horizontalHeaderItem(1)->text(), u"Paid\nCurrency (USD)"_s);
     EXPECT_EQ(column.currentIndex(), 1);
     EXPECT_EQ(column.count(), 4);
     EXPECT_FALSE(type.isEnabled());

@@ -28,7 +28,7 @@ TEST_F(ImportSheetTests, TwoDialogsFollowAnImport)
     EXPECT_EQ(summary->findChild<QLabel *>(u"titleLabel"_s)->text(),
               u"Stored 12 records in the library “Pets”."_s);
     const auto *const columns = summary->findChild<QTableWidget *>(u"columnsTable"_s);
-    EXPECT_EQ(columns->item(1, 1)->text(), u"number"_s);
+    EXPECT_EQ(columns->item(1, 1)->text(), u"Number"_s);
     EXPECT_EQ(columns->item(1, 3)->text(), u"1"_s);
     const auto *const unread = summary->findChild<QTableWidget *>(u"unreadTable"_s);
     ASSERT_EQ(unread->rowCount(), 1);

@@ -132,6 +132,14 @@
         <translation>&amp;Datei:</translation>
     </message>
     <message>
+        <source>&amp;Records:</source>
+        <translation>Date&amp;nsätze:</translation>
+    </message>
+    <message>
+        <source>All of the library</source>
+        <translation>Alle der Bibliothek</translation>
+    </message>
+    <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
@@ -159,6 +167,14 @@
         <source>There is no database.</source>
         <translation>Es gibt keine Datenbank.</translation>
     </message>
+    <message>
+        <source>Those selected (%1)</source>
+        <translation>Die ausgewählten (%1)</translation>
+    </message>
+    <message>
+        <source>Those shown (%1)</source>
+        <translation>Die gezeigten (%1)</translation>
+    </message>
 </context>
 <context>
     <name>FieldSummary</name>
@@ -184,6 +200,45 @@
     <message>
         <source>Untitled</source>
         <translation>Ohne Titel</translation>
+    </message>
+</context>
+<context>
+    <name>FieldTypeTitles</name>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation>Datum und Uhrzeit</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Zahl</translation>
+    </message>
+    <message>
+        <source>Phone number</source>
+        <translation>Telefonnummer</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Uhrzeit</translation>
     </message>
 </context>
 <context>
@@ -1034,42 +1089,6 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <message>
         <source>&amp;Type:</source>
         <translation>T&amp;yp:</translation>
-    </message>
-    <message>
-        <source>Currency</source>
-        <translation>Währung</translation>
-    </message>
-    <message>
-        <source>Date</source>
-        <translation>Datum</translation>
-    </message>
-    <message>
-        <source>Date and time</source>
-        <translation>Datum und Uhrzeit</translation>
-    </message>
-    <message>
-        <source>Duration</source>
-        <translation>Dauer</translation>
-    </message>
-    <message>
-        <source>Number</source>
-        <translation>Zahl</translation>
-    </message>
-    <message>
-        <source>Phone number</source>
-        <translation>Telefonnummer</translation>
-    </message>
-    <message>
-        <source>Picture</source>
-        <translation>Bild</translation>
-    </message>
-    <message>
-        <source>Text</source>
-        <translation>Text</translation>
-    </message>
-    <message>
-        <source>Time</source>
-        <translation>Uhrzeit</translation>
     </message>
 </context>
 <context>

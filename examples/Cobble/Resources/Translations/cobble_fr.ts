@@ -132,6 +132,14 @@
         <translation>&amp;Fichier :</translation>
     </message>
     <message>
+        <source>&amp;Records:</source>
+        <translation>&amp;Enregistrements :</translation>
+    </message>
+    <message>
+        <source>All of the library</source>
+        <translation>Tous ceux de la bibliothèque</translation>
+    </message>
+    <message>
         <source>Cancel</source>
         <translation>Annuler</translation>
     </message>
@@ -159,6 +167,14 @@
         <source>There is no database.</source>
         <translation>Il n’y a pas de base de données.</translation>
     </message>
+    <message>
+        <source>Those selected (%1)</source>
+        <translation>Ceux qui sont sélectionnés (%1)</translation>
+    </message>
+    <message>
+        <source>Those shown (%1)</source>
+        <translation>Ceux qui sont affichés (%1)</translation>
+    </message>
 </context>
 <context>
     <name>FieldSummary</name>
@@ -184,6 +200,45 @@
     <message>
         <source>Untitled</source>
         <translation>Sans titre</translation>
+    </message>
+</context>
+<context>
+    <name>FieldTypeTitles</name>
+    <message>
+        <source>Currency</source>
+        <translation>Devise</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Date</translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation>Date et heure</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Durée</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Nombre</translation>
+    </message>
+    <message>
+        <source>Phone number</source>
+        <translation>Numéro de téléphone</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Image</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Texte</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Heure</translation>
     </message>
 </context>
 <context>
@@ -1034,42 +1089,6 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <message>
         <source>&amp;Type:</source>
         <translation>&amp;Type :</translation>
-    </message>
-    <message>
-        <source>Currency</source>
-        <translation>Devise</translation>
-    </message>
-    <message>
-        <source>Date</source>
-        <translation>Date</translation>
-    </message>
-    <message>
-        <source>Date and time</source>
-        <translation>Date et heure</translation>
-    </message>
-    <message>
-        <source>Duration</source>
-        <translation>Durée</translation>
-    </message>
-    <message>
-        <source>Number</source>
-        <translation>Nombre</translation>
-    </message>
-    <message>
-        <source>Phone number</source>
-        <translation>Numéro de téléphone</translation>
-    </message>
-    <message>
-        <source>Picture</source>
-        <translation>Image</translation>
-    </message>
-    <message>
-        <source>Text</source>
-        <translation>Texte</translation>
-    </message>
-    <message>
-        <source>Time</source>
-        <translation>Heure</translation>
     </message>
 </context>
 <context>

@@ -129,6 +129,14 @@
         <translation>ファイル(&amp;F):</translation>
     </message>
     <message>
+        <source>&amp;Records:</source>
+        <translation>レコード(&amp;R):</translation>
+    </message>
+    <message>
+        <source>All of the library</source>
+        <translation>ライブラリのすべて</translation>
+    </message>
+    <message>
         <source>Cancel</source>
         <translation>キャンセル</translation>
     </message>
@@ -156,6 +164,14 @@
         <source>There is no database.</source>
         <translation>データベースがありません。</translation>
     </message>
+    <message>
+        <source>Those selected (%1)</source>
+        <translation>選択中のもの（%1）</translation>
+    </message>
+    <message>
+        <source>Those shown (%1)</source>
+        <translation>表示中のもの（%1）</translation>
+    </message>
 </context>
 <context>
     <name>FieldSummary</name>
@@ -181,6 +197,45 @@
     <message>
         <source>Untitled</source>
         <translation>無題</translation>
+    </message>
+</context>
+<context>
+    <name>FieldTypeTitles</name>
+    <message>
+        <source>Currency</source>
+        <translation>通貨</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>日付</translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation>日付と時刻</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>時間の長さ</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>数</translation>
+    </message>
+    <message>
+        <source>Phone number</source>
+        <translation>電話番号</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>テキスト</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>時刻</translation>
     </message>
 </context>
 <context>
@@ -1025,42 +1080,6 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <message>
         <source>&amp;Type:</source>
         <translation>型(&amp;T):</translation>
-    </message>
-    <message>
-        <source>Currency</source>
-        <translation>通貨</translation>
-    </message>
-    <message>
-        <source>Date</source>
-        <translation>日付</translation>
-    </message>
-    <message>
-        <source>Date and time</source>
-        <translation>日付と時刻</translation>
-    </message>
-    <message>
-        <source>Duration</source>
-        <translation>時間の長さ</translation>
-    </message>
-    <message>
-        <source>Number</source>
-        <translation>数</translation>
-    </message>
-    <message>
-        <source>Phone number</source>
-        <translation>電話番号</translation>
-    </message>
-    <message>
-        <source>Picture</source>
-        <translation>画像</translation>
-    </message>
-    <message>
-        <source>Text</source>
-        <translation>テキスト</translation>
-    </message>
-    <message>
-        <source>Time</source>
-        <translation>時刻</translation>
     </message>
 </context>
 <context>

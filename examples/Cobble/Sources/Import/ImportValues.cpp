@@ -119,6 +119,8 @@ ImportValues::Column columnOf(const FieldReader &reader, const ColumnConventions
 {
     ImportValues::Column column;
     column.typeName = typeNameOf(reader);
+    column.type = reader.type();
+    column.currencyType = reader.currencyType();
     if (reader.column())
         column.decision = ColumnDecision::of(*reader.column());
     column.currency = currencyDecisionOf(reader, told, locale);

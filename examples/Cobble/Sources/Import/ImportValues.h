@@ -25,6 +25,8 @@ struct ImportValues
     struct Column
     {
         QString typeName; ///< "number", "currency (EUR)"
+        FieldType type = FieldType::Text;
+        QString currencyType; ///< the code of its currency; nil for other types
         qint64 read = 0;
         qint64 unread = 0;
         qint64 empty = 0; ///< also the fields that a short row lacks

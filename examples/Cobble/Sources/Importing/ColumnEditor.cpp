@@ -1,5 +1,7 @@
 #include "ColumnEditor.h"
 
+#include "Fields/FieldTypeTitles.h"
+
 #include <KTUtility/KTColumnReading>
 
 #include <QCheckBox>
@@ -36,6 +38,11 @@ QString shortened(const QString &text)
 {
     constexpr qsizetype Longest = 200;
     return text.left(Longest).simplified();
+}
+
+QString titleOfType(const ImportValues::Column &column)
+{
+    return FieldTypeTitles::titleOf(column.type, column.currencyType);
 }
 
 /// The kind of conventions that a type has.
@@ -115,7 +122,7 @@ void ColumnEditor::showRows(const ImportPreview &preview)
     for (int column = 0; column < headers.size(); ++column)
         table->setHorizontalHeaderItem(
             column, new QTableWidgetItem(headers.at(column) + u'\n' +
-                                         preview.values.columns.at(column).typeName));
+                                         titleOfType(preview.values.columns.at(column))));
     for (int row = 0; row < table->rowCount(); ++row) {
         for (int column = 0; column < table->columnCount(); ++column)
             table->setItem(
@@ -131,7 +138,7 @@ void ColumnEditor::showColumns(const ImportPreview &preview)
     for (qsizetype column = 0; column < _shownColumns.size(); ++column) {
         Known &known = _known[_shownColumns.at(column)];
         known.type = preview.shown.types.value(column, FieldType::Text);
-        known.typeName = preview.values.columns.at(column).typeName;
+        known.typeTitle = titleOfType(preview.values.columns.at(column));
     }
     if (_headers == preview.file.fileHeaders)
         return;
@@ -178,11 +185,12 @@ void ColumnEditor::showColumn()
 
 void ColumnEditor::showType(const ColumnChoice &choice, const Known &known)
 {
-    const bool isFound = !choice.type && !known.typeName.isEmpty();
+    const bool isFound = !choice.type && !known.typeTitle.isEmpty();
     _parts.type->clear();
-    addEntry(_parts.type, isFound ? tr("Automatic (%1)").arg(known.typeName) : tr("Automatic"), -1);
+    addEntry(_parts.type, isFound ? tr("Automatic (%1)").arg(known.typeTitle) : tr("Automatic"),
+             -1);
     for (const FieldType type : Types)
-        addEntry(_parts.type, FieldTypes::nameOf(type), int(type));
+        addEntry(_parts.type, FieldTypeTitles::titleOf(type), int(type));
     if (choice.type)
         _parts.type->setCurrentIndex(_parts.type->findData(int(*choice.type)));
 }

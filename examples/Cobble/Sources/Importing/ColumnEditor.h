@@ -54,7 +54,7 @@ private:
     struct Known
     {
         std::optional<FieldType> type;
-        QString typeName;
+        QString typeTitle;
     };
 
     void connectParts();

@@ -212,15 +212,14 @@ Outcome<> StepPlayer::moveColumns(const Library &from, const Library &to)
     const QStringList before = columnNamesOf(from);
     const QStringList after = columnNamesOf(to);
     Outcome<> moved;
-    for (const QString &column : before)
-        moved = moved.andThen(
-            [&] { return after.contains(column) ? Outcome<>() : putAway(from.tableName, column); });
-    for (const QString &column : after)
-        moved = moved.andThen([&] {
-            return before.contains(column)
-                       ? Outcome<>()
-                       : JournalBin::take(_database, _step, from.tableName, column);
-        });
+    for (const QString &column : before) {
+        if (moved && !after.contains(column))
+            moved = putAway(from.tableName, column);
+    }
+    for (const QString &column : after) {
+        if (moved && !before.contains(column))
+            moved = JournalBin::take(_database, _step, from.tableName, column);
+    }
     return moved;
 }
 

@@ -1,6 +1,7 @@
 #include "NameSheet.h"
 
 #include "Appearance/ProblemLabel.h"
+#include "Fields/FieldTypeTitles.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -39,21 +40,11 @@ void NameSheet::needType()
 {
     _type = new QComboBox(this);
     _type->setObjectName(u"typeBox"_s);
-    addType(tr("Text"), FieldType::Text);
-    addType(tr("Number"), FieldType::Number);
-    addType(tr("Currency"), FieldType::Currency);
-    addType(tr("Duration"), FieldType::Duration);
-    addType(tr("Date"), FieldType::Date);
-    addType(tr("Time"), FieldType::Time);
-    addType(tr("Date and time"), FieldType::DateTime);
-    addType(tr("Phone number"), FieldType::Phone);
-    addType(tr("Picture"), FieldType::Media);
+    for (const FieldType type : {FieldType::Text, FieldType::Number, FieldType::Currency,
+                                 FieldType::Duration, FieldType::Date, FieldType::Time,
+                                 FieldType::DateTime, FieldType::Phone, FieldType::Media})
+        _type->addItem(FieldTypeTitles::titleOf(type), int(type));
     static_cast<QFormLayout *>(layout())->insertRow(1, tr("&Type:"), _type);
-}
-
-void NameSheet::addType(const QString &title, FieldType type)
-{
-    _type->addItem(title, int(type));
 }
 
 FieldType NameSheet::type() const

@@ -38,7 +38,6 @@ public:
     void accept() override;
 
 private:
-    void addType(const QString &title, FieldType type);
     FieldType type() const;
 
     Answer _answer;

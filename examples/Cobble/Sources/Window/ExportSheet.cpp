@@ -1,8 +1,11 @@
 #include "ExportSheet.h"
 
+#include "Appearance/Counts.h"
+#include "Export/ChosenRecords.h"
 #include "Export/LibraryExport.h"
 #include "Library/PlugIns.h"
 
+#include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
 
@@ -26,6 +29,25 @@ void ExportSheet::configDialog()
     _libraryName = windowDataSourceObjectForKey(LibraryKey).toString();
     setFile(suggestedFile(_libraryName));
     _confirmed = QString();
+    auto *const box = outlet<QComboBox>(u"recordsBox"_s);
+    box->clear();
+    box->addItem(tr("All of the library"));
+    offerRecords(ShownKey, tr("Those shown (%1)"));
+    offerRecords(SelectedKey, tr("Those selected (%1)"));
+}
+
+void ExportSheet::offerRecords(const QString &key, const QString &title)
+{
+    const auto ids = windowDataSourceObjectForKey(key).value<SharedRecordIds>();
+    if (ids && !ids->empty())
+        outlet<QComboBox>(u"recordsBox"_s)
+            ->addItem(title.arg(Counts::number(qint64(ids->size()))), QVariant::fromValue(ids));
+}
+
+/// Null for all of the library.
+SharedRecordIds ExportSheet::chosenRecords()
+{
+    return outlet<QComboBox>(u"recordsBox"_s)->currentData().value<SharedRecordIds>();
 }
 
 /// Whether there is nothing in the way, or the user has seen that there is.
@@ -44,8 +66,12 @@ Outcome<qint64> ExportSheet::exportTo(const QString &path)
     const Outcome<Library> library = store->libraryNamed(_libraryName);
     if (!library)
         return library.failure();
-    return LibraryExport::run(*store, *library, path,
-                              [this](qint64 done, qint64 total) { return goOn(done, total); });
+    const auto progress = [this](qint64 done, qint64 total) { return goOn(done, total); };
+    const SharedRecordIds ids = chosenRecords();
+    if (!ids)
+        return LibraryExport::run(*store, *library, path, progress);
+    ChosenRecords records(*store, *library, ids);
+    return LibraryExport::run(records, path, qint64(ids->size()), progress);
 }
 
 Outcome<> ExportSheet::work()

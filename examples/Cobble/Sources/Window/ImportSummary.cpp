@@ -1,6 +1,7 @@
 #include "ImportSummary.h"
 
 #include "Appearance/Counts.h"
+#include "Fields/FieldTypeTitles.h"
 #include "Text/ShortText.h"
 
 #include <QHeaderView>
@@ -77,7 +78,8 @@ void ImportSummary::showColumns(const ImportResult &result)
     const QList<ImportValues::Column> &columns = result.stored.values.columns;
     for (qsizetype column = 0; column < columns.size(); ++column) {
         const ImportValues::Column &counts = columns.at(column);
-        addRow(table, {titleOf(result.schema.columns.at(column)), counts.typeName,
+        addRow(table, {titleOf(result.schema.columns.at(column)),
+                       FieldTypeTitles::titleOf(counts.type, counts.currencyType),
                        Counts::number(counts.read), Counts::number(counts.unread),
                        Counts::number(counts.empty), decisionsText(counts)});
     }

@@ -274,12 +274,15 @@ void MainWindowController::showItem(const QListWidgetItem *item)
     const QString name = item ? item->data(Qt::UserRole).toString() : QString();
     if (_library && _library->definition().name == name && !_finder->isSmart())
         return;
-    leaveFor([this, name] {
-        const bool wasSmart = _finder->isSmart();
-        showLibrary(name);
-        if (wasSmart)
-            _finder->leaveSmartLibrary();
-    });
+    leaveFor([this, name] { showWholeLibrary(name); });
+}
+
+void MainWindowController::showWholeLibrary(const QString &name)
+{
+    const bool wasSmart = _finder->isSmart();
+    showLibrary(name);
+    if (wasSmart)
+        _finder->leaveSmartLibrary();
 }
 
 void MainWindowController::showSmartLibrary(const SmartLibrary &smart)
@@ -569,11 +572,23 @@ void MainWindowController::importFileAtPath(const QString &path)
     run(&_importSheet);
 }
 
+void MainWindowController::lendRecordsToExport()
+{
+    const bool isArranged =
+        !_records.isArranging() && (_records.isFiltering() || !_records.sorts().isEmpty());
+    exposeObjectToDialog(isArranged ? QVariant::fromValue(_records.ids()) : QVariant(),
+                         ExportSheet::ShownKey);
+    exposeObjectToDialog(
+        QVariant::fromValue<SharedRecordIds>(std::make_shared<RecordIds>(_records.selectedIds())),
+        ExportSheet::SelectedKey);
+}
+
 void MainWindowController::exportFile(QAction *)
 {
     if (!_library)
         return;
     exposeObjectToDialog(_library->definition().name, ExportSheet::LibraryKey);
+    lendRecordsToExport();
     run(&_exportSheet);
 }
 

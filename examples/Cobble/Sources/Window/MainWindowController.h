@@ -132,6 +132,8 @@ private:
     void setLibrary(const std::shared_ptr<OpenLibrary> &library);
     void showNothing();
     void forget();
+    void lendRecordsToExport();
+    void showWholeLibrary(const QString &name);
     void showArranged();
     void showCount();
     void restoreColumns();
