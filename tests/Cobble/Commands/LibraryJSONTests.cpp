@@ -5,6 +5,8 @@
 #include <KTUtility/NSDecimalNumber>
 
 #include <QDateTime>
+#include <QJsonArray>
+#include <QJsonDocument>
 
 using namespace Qt::StringLiterals;
 
@@ -44,6 +46,20 @@ TEST(LibraryJSON, WritesNumbersThatNoDoubleLosesADigitOf)
         ASSERT_TRUE(read) << row.digits.toStdString();
         EXPECT_EQ(*read, decimal(row.digits)) << row.digits.toStdString();
     }
+}
+
+TEST(LibraryJSON, ReadsWholeNumbersExactlyOrNotAtAll)
+{
+    const auto read = [](const QByteArray &number) {
+        const QJsonDocument document = QJsonDocument::fromJson('[' + number + ']');
+        return LibraryJSON::valueIn(FieldType::Number, document.array().first());
+    };
+    for (const QByteArray &number : {"9007199254740993"_ba, "-9007199254740995"_ba,
+                                     "9223372036854775807"_ba, "1e3"_ba, "-0.125"_ba})
+        EXPECT_EQ(*read(number), decimal(QString::fromLatin1(number))) << number.toStdString();
+    for (const QByteArray &number :
+         {"12345678901234567890"_ba, "-1e300"_ba, "9007199254740992.5"_ba})
+        EXPECT_EQ(read(number).reason(), u"it is too large to be exact; write it as a text"_s);
 }
 
 TEST(LibraryJSON, WritesDatesTextsAndNothing)

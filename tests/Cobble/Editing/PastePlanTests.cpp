@@ -121,6 +121,21 @@ TEST_F(PastePlanTests, CopiedValuesGoToTheFieldsOfTheirNames)
     EXPECT_EQ(plan.problems().at(0).field, u"Other"_s);
 }
 
+TEST_F(PastePlanTests, ColumnsOfOneTitleFillTheFieldsOfItInTurn)
+{
+    LibraryField second = target.library.fields.first();
+    second.columnName = u"kt_name2"_s;
+    target.library.fields += second;
+    readers.push_back(second.reader());
+    const PastePlan plan =
+        copied({{u"Name"_s, FieldType::Text, {}}, {u"Name"_s, FieldType::Text, {}}},
+               {{u"Ann"_s, u"Ann"_s}, {u"Lee"_s, u"Lee"_s}});
+    ASSERT_EQ(plan.records().size(), 1);
+    EXPECT_EQ(plan.records().at(0).first(), u"Ann"_s);
+    EXPECT_EQ(plan.records().at(0).last(), u"Lee"_s);
+    EXPECT_TRUE(plan.problems().isEmpty());
+}
+
 TEST_F(PastePlanTests, ValuesOfOtherTypesAreReadAgain)
 {
     const PastePlan plan =

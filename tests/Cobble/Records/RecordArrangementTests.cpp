@@ -124,6 +124,19 @@ TEST_F(RecordArrangementTests, ChangedValuesAreReadAgain)
     EXPECT_EQ(shown(), RecordIds({7}));
 }
 
+TEST_F(RecordArrangementTests, WhatWasFoundInOlderValuesIsNotUsedAgain)
+{
+    show(Many);
+    arrangement.setSearch(u"n7"_s);
+    ASSERT_TRUE(arrangement.isWorking());
+    ASSERT_TRUE(store->update(people, 5, 0, u"n77 n7777"_s));
+    arrangement.forgetValues();
+    ASSERT_TRUE(wait());
+    arrangement.setSearch(u"n7777"_s);
+    ASSERT_TRUE(wait());
+    EXPECT_EQ(shown(), RecordIds({5}));
+}
+
 TEST_F(RecordArrangementTests, RecordsThatGoLeaveTheOthersWhereTheyAre)
 {
     show(Many);

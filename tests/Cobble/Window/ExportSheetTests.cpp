@@ -128,7 +128,7 @@ TEST_F(ExportSheetTests, ShownAndSelectedRecordsAreExportedInTheirOrder)
     turn();
     EXPECT_EQ(exported(window, u"All of the library"_s).left(9), "Name Ann ");
     EXPECT_TRUE(exported(window, u"Those shown (4)"_s)
-                    .startsWith("Name " + shown.first(2).join(u' ').toUtf8()));
+                    .startsWith(QString(u"Name " + shown.first(2).join(u' ')).toUtf8()));
     EXPECT_EQ(exported(window, u"Those selected (2)"_s).trimmed(),
               "Name " + shown[0].toUtf8() + ' ' + shown[2].toUtf8());
 }

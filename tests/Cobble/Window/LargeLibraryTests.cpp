@@ -14,6 +14,7 @@
 #include <QClipboard>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QStatusBar>
 
 using namespace Qt::StringLiterals;
 
@@ -249,6 +250,27 @@ TEST_F(LargeLibraryTests, RecordsThatCannotBeReadNowAreReadLater)
     EXPECT_EQ(cell(window, 4000, 0), QString());
     ASSERT_TRUE(SQL::run(other->database(), u"ROLLBACK"_s));
     EXPECT_TRUE(QTest::qWaitFor([this, window] { return cell(window, 4000, 0) == u"p4001p"_s; }));
+}
+
+TEST_F(LargeLibraryTests, NothingIsCopiedCutOrTypedOverThatCannotBeRead)
+{
+    MainWindowController *const window = openMany();
+    window->mainWindow()->table()->selectAll();
+    QGuiApplication::clipboard()->setText(u"before"_s);
+    const auto other = *LibraryStore::open(bundle, LibraryStore::Mode::Existing);
+    ASSERT_TRUE(other->beginChange() && other->commit());
+    application->bundle()->store()->setPatience(1);
+    ASSERT_TRUE(SQL::run(other->database(), u"BEGIN EXCLUSIVE"_s));
+    perform(window, EditCommand::Copy);
+    perform(window, EditCommand::Cut);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"before"_s);
+    EXPECT_FALSE(window->mainWindow()->statusBar()->currentMessage().isEmpty());
+    EXPECT_EQ(window->model()->mimeData({window->model()->index(4000, 0)}), nullptr);
+    EXPECT_FALSE(window->model()->take(u"new"_s, window->model()->index(4000, 0)));
+    ASSERT_TRUE(SQL::run(other->database(), u"ROLLBACK"_s));
+    EXPECT_EQ(window->library()->recordCount(), Many);
+    perform(window, EditCommand::Copy);
+    EXPECT_EQ(QGuiApplication::clipboard()->text().count(u'\n'), Many);
 }
 
 TEST_F(LargeLibraryTests, ViewsFindNothingWrongWithTheModel)

@@ -206,6 +206,21 @@ TEST_F(RecordCommandsTests, CellsArePastedOverOthers)
     EXPECT_EQ(stored(3, 2), u"$2.00"_s);
 }
 
+TEST_F(RecordCommandsTests, CellsArePastedOverTheRecordsThatWereShown)
+{
+    MainWindowController *const window = openAt(1, 1);
+    put(u"5\na cow\n"_s);
+    press(Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
+    ASSERT_NE(problems(window), nullptr);
+    // Meanwhile the rows become those of others.
+    window->records()->setSort(1, Qt::DescendingOrder);
+    HostWindowTest::press(problems(window), u"Paste the Rest"_s);
+    turn();
+    EXPECT_EQ(stored(2, 1), u"5"_s);
+    EXPECT_EQ(stored(1, 1), u"7"_s);
+    EXPECT_EQ(stored(3, 1), u"1,000"_s);
+}
+
 TEST_F(RecordCommandsTests, CellsBelowTheLastRecordAreTold)
 {
     MainWindowController *const window = openAt(3, 1);

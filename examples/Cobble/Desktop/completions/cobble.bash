@@ -23,7 +23,7 @@ _cobble() {
         export) options='--to --where --sort --columns --limit --locale --bundle' ;;
         new) options='--field --record --locale --json --bundle' ;;
         set) options='--locale --json --bundle' ;;
-        delete) options='--json --bundle' ;;
+        delete) options='--library --json --bundle' ;;
         rename) options='--field --json --bundle' ;;
         field)
             options='--at --option --clear --dry-run --locale --json --bundle'

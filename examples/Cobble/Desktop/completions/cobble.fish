@@ -67,6 +67,7 @@ complete -c cobble -n '__fish_seen_subcommand_from field' -l dry-run -d 'Change 
 complete -c cobble -n '__fish_seen_subcommand_from undo' -l list -d 'List the steps'
 complete -c cobble -n '__fish_seen_subcommand_from new set field' -l locale -x -d 'The locale of values'
 complete -c cobble -n '__fish_seen_subcommand_from show new set delete rename field undo redo' -l json -d 'Read and print JSON'
+complete -c cobble -n '__fish_seen_subcommand_from delete' -l library -d 'Delete the library'
 complete -c cobble -n '__fish_seen_subcommand_from new set delete rename field undo redo' -l bundle -r -F -d 'The database bundle'
 complete -c cobble -n '__fish_seen_subcommand_from media' -a 'list add path delete'
 complete -c cobble -n '__fish_seen_subcommand_from media' -n '__fish_seen_subcommand_from add' -F

@@ -84,8 +84,8 @@ case $command in
             '--help[show how cobble is used]' '1:library: ' '*:field=value: '
         ;;
     delete)
-        _arguments $bundle '--json[print JSON]' '--help[show how cobble is used]' \
-            '1:library: ' '*:record: '
+        _arguments $bundle '--library[delete the library]' '--json[print JSON]' \
+            '--help[show how cobble is used]' '1:library: ' '*:record: '
         ;;
     rename)
         _arguments $bundle '--field[the field to rename]:field: ' '--json[print JSON]' \

@@ -1657,6 +1657,10 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
         </translation>
     </message>
     <message>
+        <source>Not all of these records can be read now. Nothing was pasted.</source>
+        <translation>Nicht alle diese Datensätze lassen sich gerade lesen. Es wurde nichts eingefügt.</translation>
+    </message>
+    <message>
         <source>So many records cannot be copied at once.</source>
         <translation>So viele Datensätze können nicht auf einmal kopiert werden.</translation>
     </message>
@@ -1674,6 +1678,13 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <message>
         <source>No record fits “%1”.</source>
         <translation>Kein Datensatz passt zu „%1“.</translation>
+    </message>
+</context>
+<context>
+    <name>RecordTableModel</name>
+    <message>
+        <source>the record cannot be read now</source>
+        <translation>der Datensatz lässt sich gerade nicht lesen</translation>
     </message>
 </context>
 <context>

@@ -1657,6 +1657,10 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
         </translation>
     </message>
     <message>
+        <source>Not all of these records can be read now. Nothing was pasted.</source>
+        <translation>Ces enregistrements ne peuvent pas tous être lus pour le moment. Rien n’a été collé.</translation>
+    </message>
+    <message>
         <source>So many records cannot be copied at once.</source>
         <translation>Autant d’enregistrements ne peuvent pas être copiés en une fois.</translation>
     </message>
@@ -1674,6 +1678,13 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <message>
         <source>No record fits “%1”.</source>
         <translation>Aucun enregistrement ne correspond à « %1 ».</translation>
+    </message>
+</context>
+<context>
+    <name>RecordTableModel</name>
+    <message>
+        <source>the record cannot be read now</source>
+        <translation>l’enregistrement ne peut pas être lu pour le moment</translation>
     </message>
 </context>
 <context>

@@ -1646,6 +1646,10 @@ File ▸ Import… makes one of a table or of address cards.</source>
         </translation>
     </message>
     <message>
+        <source>Not all of these records can be read now. Nothing was pasted.</source>
+        <translation>これらのレコードの一部を現在読み取れません。何も貼り付けませんでした。</translation>
+    </message>
+    <message>
         <source>So many records cannot be copied at once.</source>
         <translation>これほど多くのレコードを一度にコピーすることはできません。</translation>
     </message>
@@ -1663,6 +1667,13 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <message>
         <source>No record fits “%1”.</source>
         <translation>「%1」に合うレコードはありません。</translation>
+    </message>
+</context>
+<context>
+    <name>RecordTableModel</name>
+    <message>
+        <source>the record cannot be read now</source>
+        <translation>レコードを現在読み取れません</translation>
     </message>
 </context>
 <context>

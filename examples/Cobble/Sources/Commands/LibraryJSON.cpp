@@ -9,6 +9,8 @@
 
 #include <QJsonDocument>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -33,6 +35,17 @@ Outcome<QVariant> decimalOf(double number)
     if (decimal.isNaN())
         return Failure{u"it has too many digits"_s};
     return QVariant::fromValue(decimal);
+}
+
+/// Whole numbers are exact as long as the parser keeps them; beyond that they have lost digits.
+Outcome<QVariant> numberIn(const QJsonValue &value)
+{
+    const QVariant number = value.toVariant();
+    if (number.typeId() == QMetaType::LongLong)
+        return QVariant::fromValue(NSDecimalNumber::decimalNumberWithString(number.toString()));
+    if (std::abs(number.toDouble()) >= double(LargestWhole))
+        return Failure{u"it is too large to be exact; write it as a text"_s};
+    return decimalOf(number.toDouble());
 }
 
 Outcome<QVariant> textIn(FieldType type, const QString &text)
@@ -70,7 +83,7 @@ Outcome<QVariant> LibraryJSON::valueIn(FieldType type, const QJsonValue &value)
     if (value.isString())
         return textIn(type, value.toString());
     if (value.isDouble() && isNumber(type))
-        return decimalOf(value.toDouble());
+        return numberIn(value);
     return Failure{isText(type) ? u"it is no text"_s : u"a number, a text or null is needed"_s};
 }
 

@@ -73,7 +73,7 @@ QString dataUsage()
   cobble set LIBRARY ID… FIELD=VALUE… [--locale ID] [--json] [--bundle PATH]
       Changes values of some records: all as said, or none. With --json and
       nothing else, reads the records from the standard input.
-  cobble delete LIBRARY [ID…] [--json] [--bundle PATH]
+  cobble delete LIBRARY ID… | --library [--json] [--bundle PATH]
       Deletes records, or without numbers the library.
   cobble rename LIBRARY NEW [--field OLD] [--json] [--bundle PATH]
       Gives a library another name, or one of its fields.

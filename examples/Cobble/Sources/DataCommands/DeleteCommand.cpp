@@ -8,6 +8,9 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+/// A script whose list of numbers is empty must not delete everything.
+const QString LibraryOption = u"library"_s;
+
 Outcome<> checkDelete(const QCommandLineParser &parser)
 {
     QStringList arguments = parser.positionalArguments();
@@ -19,6 +22,8 @@ Outcome<> checkDelete(const QCommandLineParser &parser)
         return numbers.failure();
     if (!arguments.isEmpty())
         return Failure{u"'%1' is no number of a record"_s.arg(arguments.first())};
+    if (parser.isSet(LibraryOption) == !numbers->isEmpty())
+        return Failure{u"delete needs the numbers of records, or --library for all of it"_s};
     return BundleOption::check(parser);
 }
 
@@ -72,6 +77,7 @@ ExitCode performDelete(const QCommandLineParser &parser, CommandContext &context
 ExitCode runDeleteCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
+    parser.addOption(LibraryOption);
     DataChange::addOptions(&parser);
     return context.run(arguments, &parser, checkDelete, performDelete);
 }

@@ -155,7 +155,8 @@ Outcome<DataResult> move(const FieldRequest &request, const Library &library, qs
     const QString title = library.fields.at(field).title();
     return change.make(
         fieldStepTitle(StepKinds::MoveField, library, title),
-        u"Moved the field '%1' of '%2' to place %3"_s.arg(title, library.name).arg(place + 1),
+        u"Moved the field '%1' of '%2' to place %3"_s.arg(title, library.name,
+                                                          QString::number(place + 1)),
         [&](StepRecorder &step) { return fieldDone(step.reorderFields(library, order)); });
 }
 

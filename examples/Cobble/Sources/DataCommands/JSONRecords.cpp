@@ -17,12 +17,32 @@ Outcome<QVariant> readJSONValue(DataChange &change, const LibraryField &field,
                  : change.failure(ExitCode::Unread, u"%1: %2"_s.arg(field.title(), value.reason()));
 }
 
-Outcome<FieldValues> readValues(DataChange &change, const Library &library,
+/// The fields that records name, each of which is looked for once.
+class KnownFields
+{
+public:
+    KnownFields(DataChange &change, const Library &library) : _change(change), _library(library) {}
+
+    const Outcome<qsizetype> &named(const QString &name)
+    {
+        auto known = _fields.find(name);
+        if (known == _fields.end())
+            known = _fields.insert(name, _change.fieldNamed(_library, name));
+        return *known;
+    }
+
+private:
+    DataChange &_change;
+    const Library &_library;
+    QHash<QString, Outcome<qsizetype>> _fields;
+};
+
+Outcome<FieldValues> readValues(DataChange &change, const Library &library, KnownFields &fields,
                                 const QJsonObject &object)
 {
     FieldValues values;
     for (auto entry = object.begin(); entry != object.end(); ++entry) {
-        const Outcome<qsizetype> field = change.fieldNamed(library, entry.key());
+        const Outcome<qsizetype> &field = fields.named(entry.key());
         const Outcome<QVariant> value =
             field ? readJSONValue(change, library.fields.at(*field), entry.value())
                   : field.failure();
@@ -33,7 +53,8 @@ Outcome<FieldValues> readValues(DataChange &change, const Library &library,
     return values;
 }
 
-Outcome<JSONRecord> readRecord(DataChange &change, const Library &library, const QJsonValue &json)
+Outcome<JSONRecord> readRecord(DataChange &change, const Library &library, KnownFields &fields,
+                               const QJsonValue &json)
 {
     const QJsonValue id = json[u"id"];
     const bool isRecord = json[u"values"].isObject();
@@ -41,7 +62,8 @@ Outcome<JSONRecord> readRecord(DataChange &change, const Library &library, const
     if (!isRecord || !(isNumbered || id.isUndefined()))
         return change.failure(ExitCode::Unread, u"a record is an object with \"values\", "
                                                 "and \"id\" a number"_s);
-    const Outcome<FieldValues> values = readValues(change, library, json[u"values"].toObject());
+    const Outcome<FieldValues> values =
+        readValues(change, library, fields, json[u"values"].toObject());
     if (!values)
         return values.failure();
     return JSONRecord{isNumbered ? std::optional(id.toInteger()) : std::nullopt, *values};
@@ -66,8 +88,9 @@ Outcome<QList<JSONRecord>> JSONRecords::read(DataChange &change, const Library &
         return change.failure(ExitCode::Unread,
                               u"the standard input is no JSON: %1"_s.arg(error.errorString()));
     QList<JSONRecord> records;
+    KnownFields fields(change, library);
     for (const QJsonValue &each : recordsInJSON(document)) {
-        const Outcome<JSONRecord> record = readRecord(change, library, each);
+        const Outcome<JSONRecord> record = readRecord(change, library, fields, each);
         if (!record)
             return record.failure();
         records += *record;

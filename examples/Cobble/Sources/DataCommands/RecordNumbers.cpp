@@ -3,6 +3,7 @@
 #include "Library/LibraryTable.h"
 
 #include <QRegularExpression>
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -10,14 +11,16 @@ Outcome<QList<qint64>> RecordNumbers::taken(QStringList *arguments)
 {
     static const QRegularExpression digits(uR"(\A[0-9]+\z)"_s);
     QList<qint64> numbers;
+    QSet<qint64> known;
     while (!arguments->isEmpty() && digits.match(arguments->first()).hasMatch()) {
         const QString text = arguments->takeFirst();
         bool isNumber = false;
         const qint64 number = text.toLongLong(&isNumber);
         if (!isNumber)
             return Failure{u"bad number '%1'"_s.arg(text)};
-        if (!numbers.contains(number))
+        if (!known.contains(number))
             numbers += number;
+        known.insert(number);
     }
     return numbers;
 }
@@ -33,8 +36,8 @@ Outcome<> RecordNumbers::need(DataChange &change, const Library &library,
         if (!values)
             return values.failure();
         if (!*values)
-            return change.failure(ExitCode::NotFound,
-                                  u"no record %1 in '%2'"_s.arg(number).arg(library.name));
+            return change.failure(ExitCode::NotFound, u"no record %1 in '%2'"_s.arg(
+                                                          QString::number(number), library.name));
     }
     return {};
 }

@@ -46,29 +46,30 @@ CopiedCell PastePlan::cell(qsizetype row, qsizetype column) const
                         : CopiedCell{QVariant(), _table.rows.at(row).value(column)};
 }
 
-qsizetype PastePlan::fieldNamed(const QString &title) const
+/// \param taken fields that are not looked at.
+/// \return −1 if there is none.
+qsizetype PastePlan::fieldNamed(const QString &title, const Places &taken) const
 {
     const QList<LibraryField> &fields = _target.library.fields;
     // What stands above a field goes before its other names.
     for (qsizetype field = 0; field < fields.size(); ++field) {
-        if (isSame(fields.at(field).title(), title))
+        if (isSame(fields.at(field).title(), title) && !taken.contains(field))
             return field;
     }
     for (qsizetype field = 0; field < fields.size(); ++field) {
-        if (isNamed(fields.at(field), title))
+        if (isNamed(fields.at(field), title) && !taken.contains(field))
             return field;
     }
     return -1;
 }
 
-/// A field is filled by the first column that names it.
+/// A field is filled by the first column that names it; where several fields have one title, the
+/// second column fills the second of them.
 PastePlan::Places PastePlan::placesOfTitles(const QStringList &titles) const
 {
     Places places;
-    for (const QString &title : titles) {
-        const qsizetype field = fieldNamed(title);
-        places += places.contains(field) ? -1 : field;
-    }
+    for (const QString &title : titles)
+        places += fieldNamed(title, places);
     return places;
 }
 

@@ -72,7 +72,7 @@ private:
     qsizetype rowCount() const;
     CopiedCell cell(qsizetype row, qsizetype column) const;
     Places placesOfTitles(const QStringList &titles) const;
-    qsizetype fieldNamed(const QString &title) const;
+    qsizetype fieldNamed(const QString &title, const Places &taken = {}) const;
     Places placesByOrder() const;
     bool takeTitles();
     Outcome<QVariant> read(const CopiedCell &cell, qsizetype column, qsizetype field) const;

@@ -9,9 +9,8 @@ QList<FilterWords::Choice> FilterWords::choicesFor(FieldType type)
         return forNumbers() + forAll();
     case FieldType::Date:
     case FieldType::DateTime:
-        return forDates(true) + forAll();
     case FieldType::Time:
-        return forDates(false) + forAll();
+        return forDates(type != FieldType::Time) + forAll();
     default:
         return forTexts() + forAll();
     }

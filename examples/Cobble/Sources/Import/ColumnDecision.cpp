@@ -36,7 +36,7 @@ QString rowsText(const KTColumnReading &column)
     const qsizetype others = column.contradictionCount() - rows.size();
     const QString named = (texts.size() == 1 ? Reasons::tr("row %1") : Reasons::tr("rows %1"))
                               .arg(rows.join(u", "_s));
-    return others > 0 ? Reasons::tr("%1 and %2 more").arg(named).arg(others) : named;
+    return others > 0 ? Reasons::tr("%1 and %2 more").arg(named, QString::number(others)) : named;
 }
 
 /// "3 values" of which a column has so many that say anything.

@@ -5,6 +5,12 @@
 namespace {
 /// So many bits take the place of a number.
 constexpr quint64 BitsOfNumber = 64;
+
+RecordIds ascending(RecordIds ids)
+{
+    std::sort(ids.begin(), ids.end());
+    return ids;
+}
 } // namespace
 
 RecordIdSet::RecordIdSet(const RecordIds &ids)
@@ -15,8 +21,7 @@ RecordIdSet::RecordIdSet(const RecordIds &ids)
     _first = *first;
     const quint64 distance = placeOf(*last);
     if (distance / BitsOfNumber > ids.size()) {
-        _sorted = ids;
-        std::sort(_sorted.begin(), _sorted.end());
+        _sorted = ascending(ids);
     } else {
         _bits.resize(size_t(distance) + 1);
         for (const qint64 id : ids)

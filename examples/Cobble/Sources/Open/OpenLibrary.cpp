@@ -228,7 +228,7 @@ Outcome<> OpenLibrary::insertRecords(const QString &kind, const QList<QVariantLi
         }
         return {};
     });
-    return inserted.andThen([&] { return refresh(*ids); });
+    return inserted.andThen([&] { return takeNew(*ids); });
 }
 
 Outcome<> OpenLibrary::duplicateRecords(const RecordIds &ids, RecordIds *copies)
@@ -243,28 +243,55 @@ Outcome<> OpenLibrary::duplicateRecords(const RecordIds &ids, RecordIds *copies)
         }
         return done;
     });
-    return made.andThen([&] { return refresh(*copies); });
+    return made.andThen([&] { return takeNew(*copies); });
+}
+
+/// What is known of the others still holds, so that they need not be read.
+Outcome<> OpenLibrary::takeNew(const RecordIds &ids)
+{
+    RecordIds ascending = ids;
+    std::sort(ascending.begin(), ascending.end());
+    auto all = std::make_shared<RecordIds>();
+    all->reserve(_ids->size() + ids.size());
+    std::set_union(_ids->begin(), _ids->end(), ascending.begin(), ascending.end(),
+                   std::back_inserter(*all));
+    _ids = all;
+    Q_EMIT manyChanged();
+    Q_EMIT recordIdsChanged();
+    return {};
 }
 
 /// Copies come in the order of the numbers, whatever that is.
 Outcome<> OpenLibrary::duplicateSome(StepRecorder &step, const RecordIds &ids, RecordIds *copies)
 {
-    QHash<qint64, QVariantList> values;
-    const Outcome<> read = eachOf(ids, [&](const RecordCursor &record) {
-        for (qsizetype field = 0; field < _library.fields.size(); ++field)
-            values[record.id()] += record.value(field);
-    });
-    if (!read)
-        return read;
-    for (const qint64 id : ids) {
-        if (!values.contains(id))
-            continue;
-        const Outcome<qint64> copy = step.insert(_library, values.value(id));
+    const Outcome<QList<QVariantList>> records = valuesOf(ids);
+    if (!records)
+        return records.failure();
+    for (const QVariantList &values : *records) {
+        const Outcome<qint64> copy = step.insert(_library, values);
         if (!copy)
             return copy.failure();
         copies->push_back(*copy);
     }
     return {};
+}
+
+Outcome<QList<QVariantList>> OpenLibrary::valuesOf(const RecordIds &ids)
+{
+    QHash<qint64, QVariantList> values;
+    const Outcome<> read = eachOf(ids, [&](const RecordCursor &record) {
+        QVariantList &ofRecord = values[record.id()];
+        for (qsizetype field = 0; field < _library.fields.size(); ++field)
+            ofRecord += record.value(field);
+    });
+    if (!read)
+        return read.failure();
+    QList<QVariantList> inOrder;
+    for (const qint64 id : ids) {
+        if (values.contains(id))
+            inOrder += values.value(id);
+    }
+    return inOrder;
 }
 
 /// Reads records in any order.
@@ -356,7 +383,7 @@ Outcome<> OpenLibrary::rereadKnown(const RecordIds &ids)
     return eachOf(known, [this](const RecordCursor &each) {
         const QVariantMap values = valuesOf(each);
         const std::shared_ptr<StoredRecord> record = _records.find(each.id());
-        for (auto value = values.begin(); value != values.end(); ++value) {
+        for (auto value = values.begin(); record && value != values.end(); ++value) {
             if (!NSObject::isEqual(record->values().value(value.key()), value.value()))
                 record->setSavedValue(value.value(), value.key());
         }

@@ -62,6 +62,10 @@ public:
     /// The value as the field shows it.
     QString text(const FormRecord &record, qsizetype field) const;
 
+    /// The values of all fields of some records, as the database has them, in the order of the
+    /// numbers. Those that are no longer there are left out. Waits for somebody who writes.
+    Outcome<QList<QVariantList>> valuesOf(const RecordIds &ids);
+
     /// Makes changes to records of the library, all of them or none.
     /// \param changes sets values of records.
     /// \param kind one of StepKinds, of which the step is.
@@ -108,6 +112,7 @@ private:
                          const std::function<Outcome<>(StepRecorder &, qint64)> &change);
     Outcome<> duplicateSome(StepRecorder &step, const RecordIds &ids, RecordIds *copies);
     Outcome<> eachOf(RecordIds ids, const std::function<void(const RecordCursor &)> &visit);
+    Outcome<> takeNew(const RecordIds &ids);
     Outcome<> readIds();
     void read(const RecordIds &ids);
     void take(const RecordCursor &cursor);

@@ -155,6 +155,8 @@ void RecordArrangement::showMore(const RecordIds &ids)
     auto shown = std::make_shared<RecordIds>();
     if (_hasTold)
         *shown = *_ids;
+    if (!_before)
+        _before = _ids;
     shown->insert(shown->end(), ids.begin(), ids.end());
     _hasTold = true;
     _ids = shown;
@@ -166,16 +168,28 @@ void RecordArrangement::finish(const Outcome<ArrangementResult> &arranged)
     _slowTimer.stop();
     if (arranged) {
         remember(*arranged);
-        _ids = arranged->ids;
-        Q_EMIT changed();
+        show(arranged->ids);
     }
     setSlow(false);
-    if (!arranged && !arranged.isCancelled())
-        Q_EMIT failed(arranged.reason());
+    if (arranged || arranged.isCancelled())
+        return;
+    if (_before)
+        show(_before);
+    Q_EMIT failed(arranged.reason());
 }
 
+void RecordArrangement::show(const SharedRecordIds &ids)
+{
+    _before.reset();
+    _ids = ids;
+    Q_EMIT changed();
+}
+
+/// What was found in values that have changed meanwhile is of no use for the next one.
 void RecordArrangement::remember(const ArrangementResult &result)
 {
+    if (_isOutdated)
+        return;
     if (result.found && isFiltering())
         _found = {RecordSearch({}, _wish.search).words(), result.found};
     if (result.found && !isFiltering() && !_wish.sorts.isEmpty()) {

@@ -74,6 +74,7 @@ private:
     void arrangeAtOnce(LibraryStore &store, const ArrangementRequest &request);
     void arrangeInThread(const ArrangementRequest &request);
     void showMore(const RecordIds &ids);
+    void show(const SharedRecordIds &ids);
     void finish(const Outcome<ArrangementResult> &arranged);
     void remember(const ArrangementResult &result);
     void setSlow(bool isSlow);
@@ -93,7 +94,10 @@ private:
     /// All records in an order that they were sorted by.
     QList<RecordSort> _knownSorts;
     SharedRecordIds _known;
+    /// Whether some of what is looked for is shown already.
     bool _hasTold = false;
+    /// What was shown before the first of them; null if there are none.
+    SharedRecordIds _before;
     /// Whether values have changed since the last arrangement.
     bool _isOutdated = false;
     bool _isSlow = false;

@@ -20,6 +20,26 @@ struct NewValue
     QString key;
     QVariant value;
 };
+
+/// What is pasted over cells of records; nothing if one of them cannot be read.
+std::optional<QList<NewValue>> newValuesIn(OpenLibrary &library, const PastePlan &plan,
+                                           const RecordIds &ids)
+{
+    QList<NewValue> values;
+    for (const PastePlan::Cell &cell : plan.cells()) {
+        const std::shared_ptr<StoredRecord> record = library.record(ids.at(size_t(cell.row)));
+        if (!record)
+            return std::nullopt;
+        values += {record, library.definition().fields.at(cell.field).columnName, cell.value};
+    }
+    return values;
+}
+
+void setAll(const QList<NewValue> &values)
+{
+    for (const NewValue &each : values)
+        each.record->setValueForKey(each.value, each.key);
+}
 } // namespace
 
 QWidget *RecordCommands::view() const
@@ -106,16 +126,19 @@ void RecordCommands::performAtOnce(EditCommand command)
 
 // --- Copying ------------------------------------------------------------------------------------
 
-/// \return false if they are too many.
+/// \return false if they are too many, or cannot be read.
 bool RecordCommands::copy()
 {
     if (selected().count() > RecordTableModel::MostCopied) {
         _window->tell(tr("So many records cannot be copied at once."));
         return false;
     }
-    QGuiApplication::clipboard()->setMimeData(
-        new CopiedForms(_window->model()->copied(selected())));
-    return true;
+    const Outcome<CopiedRecords> copied = _window->model()->copied(selected());
+    if (copied)
+        QGuiApplication::clipboard()->setMimeData(new CopiedForms(*copied));
+    else
+        _window->tell(copied.reason());
+    return bool(copied);
 }
 
 void RecordCommands::copyCell()
@@ -164,9 +187,11 @@ void RecordCommands::pasteIntoCells()
     const PastePlan plan =
         PastePlan::cells(pasteTarget(), PastedTable::of(*QGuiApplication::clipboard()->mimeData()),
                          fieldsFromCurrent(), _window->model()->rowCount() - row);
-    store(plan, [this, plan, row, library = _window->library()] {
+    // Until the user has answered, the rows may be those of other records.
+    const SharedRecordIds shown = _window->records()->ids();
+    store(plan, [this, plan, row, shown, library = _window->library()] {
         if (_window->library() == library)
-            overwrite(plan, row);
+            overwrite(plan, RecordIds(shown->begin() + row, shown->end()));
     });
 }
 
@@ -180,21 +205,17 @@ QList<qsizetype> RecordCommands::fieldsFromCurrent() const
     return fields;
 }
 
-void RecordCommands::overwrite(const PastePlan &plan, qsizetype firstRow)
+/// \param ids of the records whose cells are pasted over.
+void RecordCommands::overwrite(const PastePlan &plan, const RecordIds &ids)
 {
-    // While they change, the order of the rows may.
-    QList<NewValue> values;
-    for (const PastePlan::Cell &cell : plan.cells()) {
-        const LibraryField &field = _window->library()->definition().fields.at(cell.field);
-        if (StoredRecord *const record = _window->model()->recordAt(firstRow + cell.row))
-            values += {record->shared_from_this(), field.columnName, cell.value};
+    const std::optional<QList<NewValue>> values = newValuesIn(*_window->library(), plan, ids);
+    if (!values) {
+        _window->tell(tr("Not all of these records can be read now. Nothing was pasted."));
+        return;
     }
-    const auto change = [values] {
-        for (const NewValue &each : values)
-            each.record->setValueForKey(each.value, each.key);
-    };
-    const Outcome<> changed =
-        _window->change([&] { return _window->library()->change(change, StepKinds::Paste); });
+    const Outcome<> changed = _window->change([&] {
+        return _window->library()->change([&values] { setAll(*values); }, StepKinds::Paste);
+    });
     if (!changed)
         _window->tell(changed.reason());
 }

@@ -47,7 +47,7 @@ private:
     void store(const PastePlan &plan, const std::function<void()> &storing);
     RecordIds insert(const QString &kind, const QList<QVariantList> &values);
     RecordIds add(const std::function<Outcome<>(RecordIds *)> &adding);
-    void overwrite(const PastePlan &plan, qsizetype firstRow);
+    void overwrite(const PastePlan &plan, const RecordIds &ids);
     void addRecord();
     void editNew(qint64 id);
     void duplicate();

@@ -237,7 +237,9 @@ Qt::ItemFlags RecordTableModel::flags(const QModelIndex &index) const
 Outcome<> RecordTableModel::take(const QString &text, const QModelIndex &at)
 {
     StoredRecord *const record = recordAt(at.row());
-    if (!record || text == data(at, Qt::EditRole).toString())
+    if (!record)
+        return Failure{tr("the record cannot be read now")};
+    if (text == data(at, Qt::EditRole).toString())
         return {};
     const Outcome<QVariant> value = _library->reader(at.column()).readTyped(text);
     if (!value)
@@ -273,25 +275,29 @@ QList<CopiedField> RecordTableModel::copiedFields() const
     return fields;
 }
 
-QList<CopiedCell> RecordTableModel::copiedCells(const StoredRecord &record) const
+QList<CopiedCell> RecordTableModel::copiedCells(const QVariantList &values) const
 {
     QList<CopiedCell> cells;
-    for (qsizetype field = 0; field < _library->definition().fields.size(); ++field)
-        cells += {_library->value(record, field), _library->text(record, field)};
+    for (qsizetype field = 0; field < values.size(); ++field)
+        cells += {values.at(field), RecordTexts::textOf(_library->reader(field), values.at(field))};
     return cells;
 }
 
-CopiedRecords RecordTableModel::copied(const RowRuns &rows) const
+Outcome<CopiedRecords> RecordTableModel::copied(const RowRuns &rows) const
 {
     CopiedRecords copied;
     if (!_library || rows.count() > MostCopied)
         return copied;
     copied.bundle = _library->bundlePath();
     copied.fields = copiedFields();
-    for (const qsizetype row : rows.rows()) {
-        if (const StoredRecord *const record = recordAt(row))
-            copied.rows += copiedCells(*record);
-    }
+    RecordIds ids;
+    for (const qsizetype row : rows.rows())
+        ids.push_back(_records->ids()->at(size_t(row)));
+    const Outcome<QList<QVariantList>> records = _library->valuesOf(ids);
+    if (!records)
+        return records.failure();
+    for (const QVariantList &values : *records)
+        copied.rows += copiedCells(values);
     return copied;
 }
 
@@ -300,5 +306,7 @@ QMimeData *RecordTableModel::mimeData(const QModelIndexList &indexes) const
     QSet<qsizetype> rows;
     for (const QModelIndex &index : indexes)
         rows += index.row();
-    return new CopiedForms(copied(RowRuns::of(rows.values())));
+    const Outcome<CopiedRecords> wanted = copied(RowRuns::of(rows.values()));
+    // Views begin no drag without anything to drag.
+    return wanted ? new CopiedForms(*wanted) : nullptr;
 }

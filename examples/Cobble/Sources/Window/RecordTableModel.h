@@ -38,8 +38,8 @@ public:
     FieldType typeAt(int column) const { return _library->definition().fields.at(column).type; }
     /// More records than these are not copied: memory might not hold them.
     static constexpr qsizetype MostCopied = 100'000;
-    /// Records as they are copied, in the order of the rows; none if they are too many.
-    CopiedRecords copied(const RowRuns &rows) const;
+    /// Records as they are copied, all of them in the order of the rows; none if they are too many.
+    Outcome<CopiedRecords> copied(const RowRuns &rows) const;
     /// Has a cell's field read a text; an empty one is no value. What the cell shows is taken as it
     /// is.
     Outcome<> take(const QString &text, const QModelIndex &at);
@@ -79,7 +79,7 @@ private:
     QString textAt(const QModelIndex &index) const;
     QVariant colourAt(const QModelIndex &index) const;
     QList<CopiedField> copiedFields() const;
-    QList<CopiedCell> copiedCells(const StoredRecord &record) const;
+    QList<CopiedCell> copiedCells(const QVariantList &values) const;
 
     RecordList *_records;
     std::shared_ptr<OpenLibrary> _library;
