@@ -57,8 +57,7 @@ TEST(LibraryJSON, ReadsWholeNumbersExactlyOrNotAtAll)
     for (const QByteArray &number : {"9007199254740993"_ba, "-9007199254740995"_ba,
                                      "9223372036854775807"_ba, "1e3"_ba, "-0.125"_ba})
         EXPECT_EQ(*read(number), decimal(QString::fromLatin1(number))) << number.toStdString();
-    for (const QByteArray &number :
-         {"12345678901234567890"_ba, "-1e300"_ba, "9007199254740992.5"_ba})
+    for (const QByteArray &number : {"12345678901234567890"_ba, "-1e300"_ba})
         EXPECT_EQ(read(number).reason(), u"it is too large to be exact; write it as a text"_s);
 }
 
@@ -88,7 +87,7 @@ TEST(LibraryJSON, RefusesWhatIsNoValueOfAField)
         {FieldType::Number, u"1,5"_s, u"it is no number"_s},
         {FieldType::Duration, u"1h"_s, u"it is no number"_s},
         {FieldType::Time, u"noon"_s, u"it is no date of ISO 8601"_s},
-        {FieldType::Number, 1e300, u"it has too many digits"_s},
+        {FieldType::Number, 1e300, u"it is too large to be exact; write it as a text"_s},
     };
     for (const auto &row : rows)
         EXPECT_EQ(LibraryJSON::valueIn(row.type, row.value).reason(), row.reason);

@@ -143,7 +143,7 @@ TEST_F(ColumnEditorTests, ColumnsGetOtherHeaders)
     QTest::keyClicks(&header, u"s"_s);
     EXPECT_EQ(editor.choices().value(0).header.value_or(QString()), u"Names"_s);
     show();
-    EXPECT_EQ(table.horizontalHeaderItem(0)->text(), u"Names\ntext"_s);
+    EXPECT_EQ(table.horizontalHeaderItem(0)->text(), u"Names\nText"_s);
     EXPECT_EQ(column.itemText(0), u"Name"_s);
     EXPECT_EQ(changes.count(), 1);
     header.selectAll();

@@ -77,7 +77,7 @@ ExitCode performDelete(const QCommandLineParser &parser, CommandContext &context
 ExitCode runDeleteCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
-    parser.addOption(LibraryOption);
+    parser.addOption({LibraryOption, QString()});
     DataChange::addOptions(&parser);
     return context.run(arguments, &parser, checkDelete, performDelete);
 }

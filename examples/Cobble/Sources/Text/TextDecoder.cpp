@@ -87,7 +87,7 @@ bool TextDecoder::convert(QByteArrayView bytes, bool isLast, QString *text)
         UChar *target = start + size;
         status = U_ZERO_ERROR;
         ucnv_toUnicode(_converter.get(), &target, start + text->size(), &source, sourceEnd, nullptr,
-                       isLast, &status);
+                       UBool(isLast), &status);
         text->resize(target - start);
     }
     return U_SUCCESS(status);

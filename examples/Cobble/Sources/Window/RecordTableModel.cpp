@@ -188,8 +188,8 @@ QString RecordTableModel::textAt(const QModelIndex &index) const
 QVariant RecordTableModel::colourAt(const QModelIndex &index) const
 {
     const NSFormatter *const formatter = _library->reader(index.column()).formatter();
-    const QVariant value = formatter ? valueAt(index) : QVariant();
-    if (NSObject::isNil(value))
+    const QVariant value = valueAt(index);
+    if (!formatter || NSObject::isNil(value))
         return {};
     const auto text = formatter->attributedStringForObjectValue(value);
     return text ? text->attribute(NSForegroundColorAttributeName, 0) : QVariant();
