@@ -41,19 +41,35 @@ TEST_F(StepStackTests, PlaysSteps)
     EXPECT_FALSE(stack.canRedo());
 }
 
-TEST_F(StepStackTests, WhatFailsGoes)
+TEST_F(StepStackTests, WhatNeverCanBePlayedGoes)
 {
-    outcome = Failure{u"no"_s};
+    const Failure never = {.reason = u"no"_s, .isFinal = true};
+    outcome = never;
     EXPECT_EQ(stack.undo().reason(), u"no"_s);
     EXPECT_EQ(stack.undoText(), u"Paste"_s);
     EXPECT_FALSE(stack.canRedo());
     outcome = {};
     EXPECT_TRUE(stack.undo());
-    outcome = Failure{u"no"_s};
+    outcome = never;
     EXPECT_EQ(stack.redo().reason(), u"no"_s);
     EXPECT_FALSE(stack.canRedo());
     EXPECT_FALSE(stack.canUndo());
     EXPECT_EQ(played, QStringList({u"-8"_s, u"-7"_s, u"+7"_s}));
+}
+
+TEST_F(StepStackTests, WhatOnlyFailsStays)
+{
+    outcome = Failure{u"the disk is full"_s};
+    EXPECT_EQ(stack.undo().reason(), u"the disk is full"_s);
+    EXPECT_EQ(stack.undoText(), u"Replace"_s);
+    outcome = {};
+    EXPECT_TRUE(stack.undo());
+    outcome = Failure{u"the disk is full"_s};
+    EXPECT_FALSE(stack.redo());
+    EXPECT_EQ(stack.redoText(), u"Replace"_s);
+    outcome = {};
+    EXPECT_TRUE(stack.redo());
+    EXPECT_EQ(stack.undoText(), u"Replace"_s);
 }
 
 TEST_F(StepStackTests, WhatIsNotReadyStays)

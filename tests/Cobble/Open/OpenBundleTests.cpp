@@ -3,6 +3,7 @@
 #include "../Library/InterruptedChange.h"
 #include "../Window/WindowSupport.h"
 
+#include "Journal/StepStack.h"
 #include "Open/OpenLibrary.h"
 
 #include <QFile>
@@ -109,4 +110,33 @@ TEST_F(OpenBundleTests, SaysWhyABundleIsNotOpened)
     EXPECT_EQ(opened.store(), nullptr);
     EXPECT_EQ(opened.errorText(), u"a folder of the bundle is a link, which leads out of it"_s);
     EXPECT_TRUE(opened.libraries().isEmpty());
+}
+
+TEST_F(OpenBundleTests, AnUndoThatSomebodyElseHindersCanBeTriedAgain)
+{
+    import(u"Things.csv"_s, Things);
+    OpenBundle opened(bundle);
+    StepStack stack([&](qint64 step, StepPlayer::Direction direction) {
+        const Outcome<StepEffect> played = opened.play(step, direction);
+        return played ? Outcome<>() : Outcome<>(played.failure());
+    });
+    stack.setReadiness([&] { return opened.checkChange(); });
+    ASSERT_TRUE(rename(opened, u"Things"_s, u"Eve"_s));
+    stack.add(opened.lastStep()->number, opened.lastStep()->title);
+    {
+        const auto other = *LibraryStore::open(bundle, LibraryStore::Mode::Existing);
+        RecordCursor reading = other->records(*other->libraryNamed(u"Things"_s));
+        ASSERT_TRUE(reading.next());
+        // To begin is no problem, but to commit is.
+        EXPECT_EQ(stack.undo().reason(), u"database is locked"_s);
+    }
+    EXPECT_EQ(stored(1, 0), u"Eve"_s);
+    EXPECT_TRUE(stack.canUndo());
+    const auto other = *LibraryStore::open(bundle, LibraryStore::Mode::Existing);
+    EXPECT_TRUE(other->beginChange());
+    other->rollback();
+    EXPECT_EQ(stack.undo().reason(), QString());
+    EXPECT_NE(stored(1, 0), u"Eve"_s);
+    EXPECT_EQ(stack.undo().reason(), QString());
+    EXPECT_FALSE(stack.canUndo());
 }

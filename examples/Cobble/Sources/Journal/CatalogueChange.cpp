@@ -76,7 +76,7 @@ Outcome<CatalogueChange> CatalogueChange::read(const QByteArray &bytes)
     const CatalogueChange change = {libraryInObject(object.value(u"before"_s)),
                                     libraryInObject(object.value(u"after"_s))};
     if (!change.before && !change.after)
-        return Failure{Reasons::tr("the step cannot be read")};
+        return Failure{.reason = Reasons::tr("the step cannot be read"), .isFinal = true};
     return change;
 }
 

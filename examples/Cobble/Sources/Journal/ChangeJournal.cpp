@@ -135,8 +135,9 @@ Outcome<> ChangeJournal::needStep(qint64 step, bool isDone)
         return found.failure();
     if (*found && (*found)->isDone == isDone)
         return {};
-    return Failure{*found && isDone ? Reasons::tr("it was undone already")
-                                    : Reasons::tr("the history no longer has it")};
+    return Failure{.reason = *found && isDone ? Reasons::tr("it was undone already")
+                                              : Reasons::tr("the history no longer has it"),
+                   .isFinal = true};
 }
 
 // --- Looking

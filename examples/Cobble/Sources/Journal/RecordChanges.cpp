@@ -136,6 +136,6 @@ Outcome<QList<RecordChange>> RecordChanges::read(const QByteArray &bytes)
     while (isOk(stream) && !stream.atEnd())
         changes += readChange(stream, &columns);
     if (!isOk(stream))
-        return Failure{Reasons::tr("the step cannot be read")};
+        return Failure{.reason = Reasons::tr("the step cannot be read"), .isFinal = true};
     return changes;
 }

@@ -26,7 +26,7 @@ Part partIn(const QSqlQuery &row)
 
 Failure unreadable()
 {
-    return {Reasons::tr("the step cannot be read")};
+    return {.reason = Reasons::tr("the step cannot be read"), .isFinal = true};
 }
 
 /// Without the columns that the table no longer has.
@@ -65,8 +65,15 @@ bool isOurs(const QString &table)
 
 Failure StepPlayer::conflict() const
 {
-    return {isUndo() ? Reasons::tr("it was changed since, so that it cannot be undone")
-                     : Reasons::tr("it was changed since, so that it cannot be redone")};
+    return {.reason = isUndo() ? Reasons::tr("it was changed since, so that it cannot be undone")
+                               : Reasons::tr("it was changed since, so that it cannot be redone"),
+            .isFinal = true};
+}
+
+/// For what cannot be found: it was changed, unless only looking has failed.
+Failure StepPlayer::conflictUnless(const Failure &failure) const
+{
+    return failure.isFinal ? conflict() : failure;
 }
 
 Outcome<> StepPlayer::play()
@@ -103,8 +110,8 @@ Outcome<> StepPlayer::playRecords(const QString &tableName, const QByteArray &co
     Outcome<QList<RecordChange>> changes = RecordChanges::read(content);
     if (!changes)
         return changes.failure();
-    if (!LibraryCatalogue::libraryOf(_database, tableName))
-        return conflict();
+    if (const auto library = LibraryCatalogue::libraryOf(_database, tableName); !library)
+        return conflictUnless(library.failure());
     Outcome<LibraryTable> table = LibraryTable::open(_database, tableName);
     if (!table)
         return table.failure();
@@ -168,6 +175,8 @@ Outcome<> StepPlayer::checkThere(const std::optional<Library> &from,
 {
     const Library &any = from ? *from : *to;
     const Outcome<Library> there = LibraryCatalogue::libraryOf(_database, any.tableName);
+    if (!there && !there.failure().isFinal)
+        return there.failure();
     if (bool(there) != from.has_value() || (from && !CatalogueChange::areEqual(*there, *from)))
         return conflict();
     return to ? checkColumns(*to) : Outcome<>();
@@ -178,7 +187,7 @@ Outcome<> StepPlayer::checkColumns(const Library &library)
 {
     const Outcome<LibraryTable> table = LibraryTable::open(_database, library.tableName);
     if (!table)
-        return conflict();
+        return conflictUnless(table.failure());
     const QStringList wanted = columnNamesOf(library);
     const bool areThere =
         !wanted.isEmpty() && std::all_of(wanted.begin(), wanted.end(), [&](const QString &column) {
@@ -195,7 +204,9 @@ Outcome<> StepPlayer::checkNameIsFree(const QString &name)
         return count.failure();
     return *count == 0
                ? Outcome<>()
-               : Failure{Reasons::tr("there is another library of the name “%1”").arg(name)};
+               : Failure{.reason =
+                             Reasons::tr("there is another library of the name “%1”").arg(name),
+                         .isFinal = true};
 }
 
 /// Puts what goes into the bin, and takes out of it what comes back.

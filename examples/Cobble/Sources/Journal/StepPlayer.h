@@ -44,6 +44,7 @@ private:
     Outcome<> moveColumns(const Library &from, const Library &to);
     Outcome<> putAway(const QString &table, const QString &column = {});
     Failure conflict() const;
+    Failure conflictUnless(const Failure &failure) const;
     bool isUndo() const { return _direction == Direction::Undo; }
 
     QSqlDatabase _database;

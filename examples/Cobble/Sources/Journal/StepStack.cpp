@@ -62,6 +62,6 @@ Outcome<> StepStack::play(int index, StepPlayer::Direction direction)
     auto *const command =
         static_cast<StepCommand *>(const_cast<QUndoCommand *>(_stack.command(index)));
     const Outcome<> played = _player(command->step(), direction);
-    command->setObsolete(!played);
+    command->setObsolete(!played && played.failure().isFinal);
     return played;
 }

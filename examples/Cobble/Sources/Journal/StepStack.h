@@ -9,7 +9,8 @@
 #include <functional>
 
 /// The steps that were made in one window, for it to undo and redo. The journal has what they
-/// consist of.
+/// consist of. A step that never can be played again is taken off the stack (Failure::isFinal); one
+/// that only failed, or is not ready, stays and can be tried again.
 ///
 /// \code
 /// StepStack stack([&](qint64 step, StepPlayer::Direction direction) {
@@ -31,8 +32,7 @@ public:
 
     /// Adds a step that was made.
     void add(qint64 step, const StepTitle &title);
-    /// Whether the step can be played at all now. What fails after that never will be played, and
-    /// is taken off the stack; what is not ready stays.
+    /// Whether the step can be played at all now.
     void setReadiness(const std::function<Outcome<>()> &readiness) { _readiness = readiness; }
 
     bool canUndo() const { return _stack.canUndo(); }

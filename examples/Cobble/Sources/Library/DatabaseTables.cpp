@@ -15,7 +15,8 @@ Outcome<> checkColumns(const QSqlDatabase &database, const QString &table)
     if (!areStored)
         return areStored.failure();
     return areStored->contains(false)
-               ? Failure{Reasons::tr("'%1' has a computed column").arg(table)}
+               ? Failure{.reason = Reasons::tr("'%1' has a computed column").arg(table),
+                         .isFinal = true}
                : Outcome<>();
 }
 } // namespace
@@ -31,7 +32,7 @@ Outcome<bool> DatabaseTables::has(const QSqlDatabase &database, const QString &n
     if (!areTables)
         return areTables.failure();
     if (areTables->contains(false))
-        return Failure{Reasons::tr("'%1' is no table").arg(name)};
+        return Failure{.reason = Reasons::tr("'%1' is no table").arg(name), .isFinal = true};
     return checkColumns(database, name).andThen([&] {
         return Outcome<bool>(!areTables->isEmpty());
     });
@@ -42,7 +43,9 @@ Outcome<> DatabaseTables::need(const QSqlDatabase &database, const QString &name
     const Outcome<bool> isThere = has(database, name);
     if (!isThere)
         return isThere.failure();
-    return *isThere ? Outcome<>() : Failure{Reasons::tr("no such table: %1").arg(name)};
+    if (*isThere)
+        return {};
+    return Failure{.reason = Reasons::tr("no such table: %1").arg(name), .isFinal = true};
 }
 
 Outcome<QStringList> DatabaseTables::columnsOf(const QSqlDatabase &database, const QString &table)

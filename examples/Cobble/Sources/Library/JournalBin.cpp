@@ -121,7 +121,8 @@ Outcome<> JournalBin::take(const QSqlDatabase &database, qint64 step, const QStr
         {step, table, column.isNull() ? u""_s : column});
     if (!done || query.numRowsAffected() == 1)
         return done;
-    return Failure{Reasons::tr("what the step has removed is no longer there")};
+    return Failure{.reason = Reasons::tr("what the step has removed is no longer there"),
+                   .isFinal = true};
 }
 
 Outcome<QSet<QString>> JournalBin::drop(const QSqlDatabase &database, qint64 step)

@@ -37,7 +37,7 @@ const QList<JournalTable> &journalTables()
 
 Failure foreignTables()
 {
-    return {Reasons::tr("the history cannot be read")};
+    return {.reason = Reasons::tr("the history cannot be read"), .isFinal = true};
 }
 
 /// \return how many of the tables are there, as they should be.

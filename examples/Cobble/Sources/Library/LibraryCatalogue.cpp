@@ -117,7 +117,7 @@ Outcome<Library> LibraryCatalogue::libraryOf(const QSqlDatabase &database, const
     const auto found = std::find_if(
         all->begin(), all->end(), [&](const Library &each) { return each.tableName == tableName; });
     if (found == all->end())
-        return Failure{Reasons::tr("the library is no longer there")};
+        return Failure{.reason = Reasons::tr("the library is no longer there"), .isFinal = true};
     return *found;
 }
 

@@ -58,7 +58,8 @@ Outcome<LibraryTable> LibraryTable::open(const QSqlDatabase &database, const QSt
     if (!columns)
         return columns.failure();
     if (columns->removeAll(u"id"_s) != 1)
-        return Failure{Reasons::tr("the records of '%1' have no number").arg(name)};
+        return Failure{.reason = Reasons::tr("the records of '%1' have no number").arg(name),
+                       .isFinal = true};
     return LibraryTable(database, name, *columns);
 }
 

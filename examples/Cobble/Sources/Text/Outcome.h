@@ -11,6 +11,9 @@ struct Failure
     QString reason;
     /// Whether the user has ended it.
     bool isCancelled = false;
+    /// Whether it will fail again however often it is tried: what is there is another thing than is
+    /// needed. A database that somebody else is using, or a disk that is full, is not final.
+    bool isFinal = false;
 };
 
 /// What something that can fail gives: a value, or the reason why there is none.
