@@ -148,10 +148,18 @@ QList<ForeignRow> rowsThatLie()
             }),
         row("NoTable", u"no such table: kt_people"_s, u"no such table: kt_people"_s,
             [](Tree, Bundle b) { change(b, {u"DROP TABLE kt_people"_s}); }),
-        row("NoColumn", {}, u"no such column: kt_people.kt_lost"_s,
+        row("NoColumn", {}, u"a field has the column 'kt_lost', which the table has not"_s,
             [](Tree, Bundle b) {
                 change(b,
                        {u"UPDATE cobble_field SET column_name = 'kt_lost' WHERE position = 0"_s});
+            }),
+        row("NumberAsField", {}, u"a field has the column 'Id', which is the records' number"_s,
+            [](Tree, Bundle b) {
+                change(b, {u"UPDATE cobble_field SET column_name = 'Id' WHERE position = 0"_s});
+            }),
+        row("ColumnOfTwoFields", {}, u"two fields have the column 'kt_photo'"_s,
+            [](Tree, Bundle b) {
+                change(b, {u"UPDATE cobble_field SET column_name = 'kt_photo'"_s});
             }),
         row("NoNumber", {}, u"no such column: kt_people.id"_s,
             [](Tree, Bundle b) {

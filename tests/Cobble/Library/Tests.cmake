@@ -4,6 +4,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Library/BundleOptionTests.cpp
     Cobble/Library/DatabaseCopyTests.cpp
     Cobble/Library/InterruptedChange.cpp
+    Cobble/Library/LibraryCatalogueTests.cpp
     Cobble/Library/LibraryNamesTests.cpp
     Cobble/Library/LibraryStoreTests.cpp
     Cobble/Library/LibraryTableTests.cpp

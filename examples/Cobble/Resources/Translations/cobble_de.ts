@@ -1279,6 +1279,14 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
         <translation>Was heruntergeladen wurde, kann nicht behalten werden: %1</translation>
     </message>
     <message>
+        <source>a field has the column '%1', which is the records' number</source>
+        <translation>Ein Feld hat die Spalte „%1“, die Nummer der Datensätze</translation>
+    </message>
+    <message>
+        <source>a field has the column '%1', which the table has not</source>
+        <translation>Ein Feld hat die Spalte „%1“, die es in der Tabelle nicht gibt</translation>
+    </message>
+    <message>
         <source>a folder of the bundle is a link, which leads out of it</source>
         <translation>Ein Ordner des Bündels ist ein Verweis, der aus ihm hinausführt</translation>
     </message>
@@ -1633,6 +1641,10 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <message>
         <source>told without effect: %1</source>
         <translation>Angegeben ohne Wirkung: %1</translation>
+    </message>
+    <message>
+        <source>two fields have the column '%1'</source>
+        <translation>Zwei Felder haben die Spalte „%1“</translation>
     </message>
     <message>
         <source>what the step has removed is no longer there</source>

@@ -1279,6 +1279,14 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
         <translation>Un téléchargement ne peut pas être conservé : %1</translation>
     </message>
     <message>
+        <source>a field has the column '%1', which is the records' number</source>
+        <translation>Un champ a la colonne « %1 », qui est le numéro des enregistrements</translation>
+    </message>
+    <message>
+        <source>a field has the column '%1', which the table has not</source>
+        <translation>Un champ a la colonne « %1 », qui n’existe pas dans la table</translation>
+    </message>
+    <message>
         <source>a folder of the bundle is a link, which leads out of it</source>
         <translation>Un dossier du paquet est un lien qui mène hors de celui-ci</translation>
     </message>
@@ -1633,6 +1641,10 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <message>
         <source>told without effect: %1</source>
         <translation>Indiqué sans effet : %1</translation>
+    </message>
+    <message>
+        <source>two fields have the column '%1'</source>
+        <translation>Deux champs ont la colonne « %1 »</translation>
     </message>
     <message>
         <source>what the step has removed is no longer there</source>

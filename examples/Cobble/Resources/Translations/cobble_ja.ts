@@ -1269,6 +1269,14 @@ File ▸ Import… makes one of a table or of address cards.</source>
         <translation>ダウンロードしたものを保存できません: %1</translation>
     </message>
     <message>
+        <source>a field has the column '%1', which is the records' number</source>
+        <translation>フィールドの列「%1」はレコードの番号です</translation>
+    </message>
+    <message>
+        <source>a field has the column '%1', which the table has not</source>
+        <translation>フィールドの列「%1」は表にありません</translation>
+    </message>
+    <message>
         <source>a folder of the bundle is a link, which leads out of it</source>
         <translation>バンドルの中のフォルダが、外を指すリンクになっています</translation>
     </message>
@@ -1623,6 +1631,10 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <message>
         <source>told without effect: %1</source>
         <translation>指定は効果がありません: %1</translation>
+    </message>
+    <message>
+        <source>two fields have the column '%1'</source>
+        <translation>2つのフィールドに同じ列「%1」があります</translation>
     </message>
     <message>
         <source>what the step has removed is no longer there</source>

@@ -188,12 +188,10 @@ Outcome<> StepPlayer::checkColumns(const Library &library)
     const Outcome<LibraryTable> table = LibraryTable::open(_database, library.tableName);
     if (!table)
         return conflictUnless(table.failure());
-    const QStringList wanted = columnNamesOf(library);
-    const bool areThere =
-        !wanted.isEmpty() && std::all_of(wanted.begin(), wanted.end(), [&](const QString &column) {
-            return table->columns().contains(column);
-        });
-    return areThere ? Outcome<>() : conflict();
+    if (library.fields.isEmpty())
+        return conflict();
+    const Outcome<> checked = LibraryCatalogue::checkColumns(_database, library);
+    return checked ? Outcome<>() : conflictUnless(checked.failure());
 }
 
 Outcome<> StepPlayer::checkNameIsFree(const QString &name)

@@ -60,8 +60,10 @@ Outcome<LibraryTable *> StepRecorder::tableOf(const Library &library)
     if (const Outcome<> written = writeRecords(); !written)
         return written.failure();
     const Outcome<LibraryTable> table = LibraryTable::open(_database, library.tableName);
-    if (!table)
-        return table.failure();
+    const Outcome<> checked =
+        table ? LibraryCatalogue::checkColumns(_database, library) : table.failure();
+    if (!checked)
+        return checked.failure();
     _table = *table;
     return &*_table;
 }
@@ -84,13 +86,20 @@ Outcome<qint64> StepRecorder::insertInto(const Library &library, const std::opti
     if (!table)
         return table.failure();
     const auto inserted = (*table)->insert(id, columnsOf(library), storedValues(values));
-    if (!inserted)
-        return inserted;
-    const QStringList &columns = (*table)->columns();
-    const auto after = (*table)->valuesOf(*inserted, columns);
-    const Outcome<> noted =
-        after ? note({*inserted, columns, std::nullopt, *after}) : after.failure();
+    const Outcome<> noted = inserted ? noteInserted(library, *inserted) : inserted.failure();
     return noted ? inserted : noted.failure();
+}
+
+Outcome<> StepRecorder::noteInserted(const Library &library, qint64 id)
+{
+    const Outcome<LibraryTable *> table = tableOf(library);
+    if (!table)
+        return table.failure();
+    const QStringList &columns = (*table)->columns();
+    const auto after = (*table)->valuesOf(id, columns);
+    if (!after || !*after)
+        return after ? recordIsGone() : after.failure();
+    return note({id, columns, std::nullopt, *after});
 }
 
 Outcome<> StepRecorder::update(const Library &library, qint64 id, qsizetype field,
@@ -108,8 +117,8 @@ Outcome<> StepRecorder::update(const Library &library, qint64 id, qsizetype fiel
         return updated;
     // As the database has taken it: columns of texts make texts of numbers.
     const auto after = (*table)->valuesOf(id, columns);
-    if (!after)
-        return after.failure();
+    if (!after || !*after)
+        return after ? recordIsGone() : after.failure();
     return LibraryTable::areEqual(**before, **after) ? Outcome<>()
                                                      : note({id, columns, *before, *after});
 }
@@ -311,8 +320,12 @@ Outcome<Library> StepRecorder::replace(const Library &before, const Library &aft
 
 Outcome<> StepRecorder::putAway(const Library &library, const QString &column)
 {
-    const QStringList columns = column.isNull() ? columnsOf(library) : QStringList(column);
-    const Outcome<qint64> size = JournalBin::sizeOf(_database, library.tableName, columns);
+    const Outcome<QStringList> columns =
+        column.isNull() ? DatabaseTables::columnsOf(_database, library.tableName)
+                        : Outcome<QStringList>(QStringList(column));
+    if (!columns)
+        return columns.failure();
+    const Outcome<qint64> size = JournalBin::sizeOf(_database, library.tableName, *columns);
     if (!size)
         return size.failure();
     _size += *size;

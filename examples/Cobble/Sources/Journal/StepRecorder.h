@@ -94,6 +94,7 @@ private:
     Outcome<LibraryTable *> tableOf(const Library &library);
     Outcome<qint64> insertInto(const Library &library, const std::optional<qint64> &id,
                                const QVariantList &values);
+    Outcome<> noteInserted(const Library &library, qint64 id);
     Outcome<> note(const RecordChange &change);
     void noteMedia(const std::optional<QVariantList> &values);
     Outcome<> writeRecords();

@@ -6,6 +6,7 @@
 
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSet>
 
 #include <algorithm>
 
@@ -73,6 +74,28 @@ Outcome<> addField(const QSqlDatabase &database, const QString &tableName, qsize
                      field.propertyName, FieldTypes::nameOf(field.type),
                      optionsText(field.options)});
 }
+/// The names by which SQLite knows the numbers of rows, and Cobble those of records.
+bool isNumberOfRecord(const QString &column)
+{
+    static const QStringList names = {u"id"_s, u"rowid"_s, u"oid"_s, u"_rowid_"_s};
+    return names.contains(column, Qt::CaseInsensitive);
+}
+
+/// \param taken the columns of the fields before, in lower case.
+Outcome<> checkColumn(const QString &column, const QSet<QString> &columns, QSet<QString> *taken)
+{
+    const auto refusal = [&column](const QString &reason) {
+        return Failure{.reason = reason.arg(column), .isFinal = true};
+    };
+    if (isNumberOfRecord(column))
+        return refusal(Reasons::tr("a field has the column '%1', which is the records' number"));
+    if (!columns.contains(column))
+        return refusal(Reasons::tr("a field has the column '%1', which the table has not"));
+    if (taken->contains(column.toLower()))
+        return refusal(Reasons::tr("two fields have the column '%1'"));
+    taken->insert(column.toLower());
+    return {};
+}
 } // namespace
 
 Outcome<> LibraryCatalogue::need(const QSqlDatabase &database)
@@ -138,6 +161,20 @@ Outcome<> LibraryCatalogue::remove(const QSqlDatabase &database, const QString &
             return SQL::run(database, u"DELETE FROM cobble_field WHERE table_name = ?"_s,
                             {tableName});
         });
+}
+
+Outcome<> LibraryCatalogue::checkColumns(const QSqlDatabase &database, const Library &library)
+{
+    const Outcome<QStringList> columns = DatabaseTables::columnsOf(database, library.tableName);
+    if (!columns)
+        return columns.failure();
+    const QSet<QString> present(columns->begin(), columns->end());
+    QSet<QString> taken;
+    for (const LibraryField &field : library.fields) {
+        if (const Outcome<> checked = checkColumn(field.columnName, present, &taken); !checked)
+            return checked;
+    }
+    return {};
 }
 
 /// Numbers have no declared type, so that SQLite keeps them as they are handed over.

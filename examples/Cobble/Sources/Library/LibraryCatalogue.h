@@ -23,6 +23,10 @@ Outcome<Library> libraryOf(const QSqlDatabase &database, const QString &tableNam
 Outcome<> add(const QSqlDatabase &database, const Library &library);
 /// Removes the entries of a library.
 Outcome<> remove(const QSqlDatabase &database, const QString &tableName);
+/// Fails for fields whose values cannot be told apart, or from the numbers of the records: of no column
+/// of the table, of one that another field has, or of one that is, or may mean, the number. Cobble
+/// makes none of these.
+Outcome<> checkColumns(const QSqlDatabase &database, const Library &library);
 /// How the column of a field is declared.
 QString declarationOf(const LibraryField &field);
 } // namespace LibraryCatalogue

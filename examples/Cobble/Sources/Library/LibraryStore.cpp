@@ -119,7 +119,15 @@ Outcome<> LibraryStore::checkLibrary(const Library &library)
 {
     if (library.fields.isEmpty())
         return Failure{Reasons::tr("the library has no fields")};
-    return DatabaseTables::need(database(), library.tableName);
+    return checkTable(library);
+}
+
+/// Fails for a library whose table has not what its fields need.
+Outcome<> LibraryStore::checkTable(const Library &library)
+{
+    return DatabaseTables::need(database(), library.tableName).andThen([&] {
+        return LibraryCatalogue::checkColumns(database(), library);
+    });
 }
 
 Outcome<QList<Library>> LibraryStore::libraries()

@@ -110,6 +110,7 @@ private:
     Outcome<> needWriting();
     void followVersionsOf(const DatabaseConnection &reading);
     Outcome<> checkLibrary(const Library &library);
+    Outcome<> checkTable(const Library &library);
     Outcome<> prepareInsertion(const Library &library);
 
     KTDatabaseBundle _bundle;
