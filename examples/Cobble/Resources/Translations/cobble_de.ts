@@ -1279,6 +1279,14 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
         <translation>Was heruntergeladen wurde, kann nicht behalten werden: %1</translation>
     </message>
     <message>
+        <source>a field has another type since, so that it cannot be redone</source>
+        <translation>Ein Feld hat seitdem einen anderen Typ, daher kann es nicht wiederholt werden</translation>
+    </message>
+    <message>
+        <source>a field has another type since, so that it cannot be undone</source>
+        <translation>Ein Feld hat seitdem einen anderen Typ, daher kann es nicht rückgängig gemacht werden</translation>
+    </message>
+    <message>
         <source>a field has the column '%1', which is the records' number</source>
         <translation>Ein Feld hat die Spalte „%1“, die Nummer der Datensätze</translation>
     </message>

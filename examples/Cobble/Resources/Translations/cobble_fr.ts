@@ -1279,6 +1279,14 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
         <translation>Un téléchargement ne peut pas être conservé : %1</translation>
     </message>
     <message>
+        <source>a field has another type since, so that it cannot be redone</source>
+        <translation>Un champ a changé de type depuis, cela ne peut donc pas être rétabli</translation>
+    </message>
+    <message>
+        <source>a field has another type since, so that it cannot be undone</source>
+        <translation>Un champ a changé de type depuis, cela ne peut donc pas être annulé</translation>
+    </message>
+    <message>
         <source>a field has the column '%1', which is the records' number</source>
         <translation>Un champ a la colonne « %1 », qui est le numéro des enregistrements</translation>
     </message>

@@ -1269,6 +1269,14 @@ File ▸ Import… makes one of a table or of address cards.</source>
         <translation>ダウンロードしたものを保存できません: %1</translation>
     </message>
     <message>
+        <source>a field has another type since, so that it cannot be redone</source>
+        <translation>フィールドの型がその後変わったため、やり直せません</translation>
+    </message>
+    <message>
+        <source>a field has another type since, so that it cannot be undone</source>
+        <translation>フィールドの型がその後変わったため、元に戻せません</translation>
+    </message>
+    <message>
         <source>a field has the column '%1', which is the records' number</source>
         <translation>フィールドの列「%1」はレコードの番号です</translation>
     </message>

@@ -5,6 +5,7 @@
 #include "Library/JournalBin.h"
 #include "Library/LibraryCatalogue.h"
 #include "Library/SQL.h"
+#include "StepTitle.h"
 #include "Text/Reasons.h"
 
 #include <algorithm>
@@ -110,9 +111,7 @@ Outcome<> StepPlayer::playRecords(const QString &tableName, const QByteArray &co
     Outcome<QList<RecordChange>> changes = RecordChanges::read(content);
     if (!changes)
         return changes.failure();
-    if (const auto library = LibraryCatalogue::libraryOf(_database, tableName); !library)
-        return conflictUnless(library.failure());
-    Outcome<LibraryTable> table = LibraryTable::open(_database, tableName);
+    Outcome<LibraryTable> table = openTable(tableName);
     if (!table)
         return table.failure();
     if (isUndo())
@@ -123,19 +122,69 @@ Outcome<> StepPlayer::playRecords(const QString &tableName, const QByteArray &co
     return played;
 }
 
+Outcome<LibraryTable> StepPlayer::openTable(const QString &tableName)
+{
+    if (const auto library = LibraryCatalogue::libraryOf(_database, tableName); !library)
+        return conflictUnless(library.failure());
+    // What is written into these would not be in the field: it has another column meanwhile.
+    const Outcome<QStringList> replaced = SQL::texts(
+        _database,
+        u"SELECT column_name FROM cobble_bin JOIN cobble_step ON number = step WHERE table_name = "
+        "? AND kind = ? AND CASE WHEN number > ? THEN is_done ELSE NOT is_done END"_s,
+        {tableName, StepKinds::ChangeType, _step});
+    if (!replaced)
+        return replaced.failure();
+    _replacedColumns = *replaced;
+    return LibraryTable::open(_database, tableName);
+}
+
+/// Whether a field of which the change has a value has got another type, or its former one.
+bool StepPlayer::hasOtherType(const RecordChange &change) const
+{
+    const auto hasValue = [](const std::optional<QVariantList> &values, qsizetype place) {
+        return values && !values->at(place).isNull();
+    };
+    for (qsizetype place = 0; place < change.columns.size(); ++place) {
+        if (_replacedColumns.contains(change.columns.at(place)) &&
+            (hasValue(change.before, place) || hasValue(change.after, place)))
+            return true;
+    }
+    return false;
+}
+
+Failure StepPlayer::typeConflict() const
+{
+    return {.reason = isUndo() ? Reasons::tr("a field has another type since, so that it cannot be "
+                                             "undone")
+                               : Reasons::tr("a field has another type since, so that it cannot be "
+                                             "redone"),
+            .isFinal = true};
+}
+
+/// Whether it is there as the change has left it, and can be given back what it was.
+Outcome<> StepPlayer::checkRecord(LibraryTable &table, const RecordChange &change)
+{
+    const std::optional<QVariantList> &from = isUndo() ? change.after : change.before;
+    // All its fields are gone.
+    if (change.columns.isEmpty() || (!change.before && !change.after))
+        return conflict();
+    if (hasOtherType(change))
+        return typeConflict();
+    const auto there = table.valuesOf(change.id, change.columns);
+    if (!there)
+        return there.failure();
+    const bool isSame =
+        there->has_value() == from.has_value() && (!from || LibraryTable::areEqual(**there, *from));
+    return isSame ? Outcome<>() : conflict();
+}
+
 Outcome<> StepPlayer::playRecord(LibraryTable &table, const RecordChange &change)
 {
     const std::optional<QVariantList> &from = isUndo() ? change.after : change.before;
     const std::optional<QVariantList> &to = isUndo() ? change.before : change.after;
     _effect.records[table.name()].push_back(change.id);
-    // All its fields are gone.
-    if (change.columns.isEmpty() || (!from && !to))
-        return conflict();
-    const auto there = table.valuesOf(change.id, change.columns);
-    if (!there)
-        return there.failure();
-    if (there->has_value() != from.has_value() || (from && !LibraryTable::areEqual(**there, *from)))
-        return conflict();
+    if (const Outcome<> checked = checkRecord(table, change); !checked)
+        return checked;
     if (!to)
         return table.remove(change.id);
     if (from)

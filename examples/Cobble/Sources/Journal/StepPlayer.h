@@ -33,6 +33,10 @@ public:
 private:
     Outcome<> playPart(qint64 place);
     Outcome<> playRecords(const QString &tableName, const QByteArray &content);
+    Outcome<LibraryTable> openTable(const QString &tableName);
+    bool hasOtherType(const RecordChange &change) const;
+    Failure typeConflict() const;
+    Outcome<> checkRecord(LibraryTable &table, const RecordChange &change);
     Outcome<> playRecord(LibraryTable &table, const RecordChange &change);
     Outcome<> playCatalogue(const QByteArray &content);
     Outcome<> checkThere(const std::optional<Library> &from, const std::optional<Library> &to);
@@ -50,5 +54,7 @@ private:
     QSqlDatabase _database;
     qint64 _step;
     Direction _direction;
+    /// Of the table whose records are played.
+    QStringList _replacedColumns;
     StepEffect _effect;
 };
