@@ -113,6 +113,23 @@ TEST_F(ChangeJournalTests, RecordsAreNotOverwrittenByThoseThatComeBack)
     EXPECT_EQ(nameOf(2), u"Other"_s);
 }
 
+TEST_F(ChangeJournalTests, ARecordWithTheNameOfADeletedOneIsAnother)
+{
+    const qint64 renaming = setName(3, u"Rob"_s);
+    const qint64 deleting = make([this](StepRecorder &step) { return step.remove(people, 3); });
+    make([this](StepRecorder &step) {
+        const auto added = step.insert(people, {u"Rob"_s, QVariant(), QVariant()});
+        return added ? Outcome<>() : added.failure();
+    });
+    const QString after = u"People(Name, Age, Photo): 1 Ann 31 cobblemedia://ann.0.png; "
+                          "2 Bob nil nil; 4 Rob nil nil"_s;
+    EXPECT_EQ(content(), after);
+    EXPECT_EQ(undo(renaming), u"it was changed since, so that it cannot be undone"_s);
+    EXPECT_EQ(content(), after);
+    EXPECT_EQ(undoEach({deleting, renaming}), QString());
+    EXPECT_EQ(content(), everything + u"; 4 Rob nil nil");
+}
+
 TEST_F(ChangeJournalTests, WhatLaterStepsHaveFilledIsNotTakenAway)
 {
     EXPECT_GT(setName(1, u"Eve"_s), 0);

@@ -9,6 +9,8 @@ target_sources(CobbleTests PRIVATE
     Cobble/Library/LibraryStoreTests.cpp
     Cobble/Library/LibraryTableTests.cpp
     Cobble/Library/LibraryTests.cpp
+    Cobble/Library/NumberTableTests.cpp
+    Cobble/Library/OwnTableTests.cpp
     Cobble/Library/RecordIdsTests.cpp
     Cobble/Library/RecordPartTests.cpp
     Cobble/Library/RecordTextsTests.cpp

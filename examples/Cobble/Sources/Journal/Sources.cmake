@@ -3,6 +3,7 @@ target_sources(CobbleHost PRIVATE
     Sources/Journal/ChangeJournal.cpp
     Sources/Journal/FieldConversion.cpp
     Sources/Journal/RecordChanges.cpp
+    Sources/Journal/SpentNumbers.cpp
     Sources/Journal/StepPlayer.cpp
     Sources/Journal/StepRecorder.cpp
     Sources/Journal/StepStack.cpp

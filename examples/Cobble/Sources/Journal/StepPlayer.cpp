@@ -185,8 +185,9 @@ Outcome<> StepPlayer::playRecord(LibraryTable &table, const RecordChange &change
     _effect.records[table.name()].push_back(change.id);
     if (const Outcome<> checked = checkRecord(table, change); !checked)
         return checked;
+    const auto remove = [&] { return table.remove(change.id); };
     if (!to)
-        return table.remove(change.id);
+        return _numbers.keep(table.name(), change.id).andThen(remove);
     if (from)
         return table.update(change.id, change.columns, *to);
     const auto inserted = table.insert(change.id, change.columns, *to);

@@ -3,6 +3,7 @@
 #include "CatalogueChange.h"
 #include "Library/LibraryTable.h"
 #include "RecordChanges.h"
+#include "SpentNumbers.h"
 #include "StepEffect.h"
 #include "Text/Outcome.h"
 
@@ -22,7 +23,7 @@ public:
     enum class Direction { Undo, Redo };
 
     StepPlayer(const QSqlDatabase &database, qint64 step, Direction direction)
-        : _database(database), _step(step), _direction(direction)
+        : _database(database), _step(step), _direction(direction), _numbers(database)
     {
     }
 
@@ -54,6 +55,7 @@ private:
     QSqlDatabase _database;
     qint64 _step;
     Direction _direction;
+    SpentNumbers _numbers;
     /// Of the table whose records are played.
     QStringList _replacedColumns;
     StepEffect _effect;

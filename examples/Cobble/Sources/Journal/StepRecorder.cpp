@@ -70,13 +70,14 @@ Outcome<LibraryTable *> StepRecorder::tableOf(const Library &library)
 
 Outcome<qint64> StepRecorder::insert(const Library &library, const QVariantList &values)
 {
-    return insertInto(library, std::nullopt, values);
+    const Outcome<std::optional<qint64>> id = _numbers.next(library.tableName);
+    return id ? insertInto(library, *id, values) : id.failure();
 }
 
 Outcome<> StepRecorder::insertWithId(const Library &library, qint64 id, const QVariantList &values)
 {
     const Outcome<qint64> inserted = insertInto(library, id, values);
-    return inserted ? Outcome<>() : inserted.failure();
+    return inserted ? _numbers.take(library.tableName, id) : inserted.failure();
 }
 
 Outcome<qint64> StepRecorder::insertInto(const Library &library, const std::optional<qint64> &id,
@@ -132,7 +133,11 @@ Outcome<> StepRecorder::remove(const Library &library, qint64 id)
     const auto before = (*table)->valuesOf(id, columns);
     if (!before || !*before)
         return before ? recordIsGone() : before.failure();
-    return (*table)->remove(id).andThen([&] { return note({id, columns, *before, std::nullopt}); });
+    return _numbers.keep(library.tableName, id)
+        .andThen([&] { return (*table)->remove(id); })
+        .andThen([&] {
+            return note({id, columns, *before, std::nullopt});
+        });
 }
 
 // --- Libraries

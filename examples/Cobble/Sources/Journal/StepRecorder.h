@@ -4,6 +4,7 @@
 #include "Library/Library.h"
 #include "Library/LibraryTable.h"
 #include "RecordChanges.h"
+#include "SpentNumbers.h"
 #include "StepTitle.h"
 #include "Text/Outcome.h"
 
@@ -38,7 +39,7 @@ public:
 
     /// Adds a record.
     /// \param values those of the fields, in their order; as StoredValue takes them.
-    /// \return its number.
+    /// \return its number, which no other record has had.
     Outcome<qint64> insert(const Library &library, const QVariantList &values);
     /// Adds a record of a number that no other has.
     Outcome<> insertWithId(const Library &library, qint64 id, const QVariantList &values);
@@ -85,7 +86,10 @@ public:
 
 private:
     friend class ChangeJournal;
-    StepRecorder(const QSqlDatabase &database, qint64 step) : _database(database), _step(step) {}
+    StepRecorder(const QSqlDatabase &database, qint64 step)
+        : _database(database), _step(step), _numbers(database)
+    {
+    }
     bool isEmpty() const { return _place == 0; }
     qint64 size() const { return _size; }
     const std::optional<StepTitle> &title() const { return _title; }
@@ -115,6 +119,7 @@ private:
     qint64 _place = 0;
     qint64 _size = 0;
     std::optional<LibraryTable> _table;
+    SpentNumbers _numbers;
     RecordChanges _changes;
     QSet<QString> _media;
     std::optional<StepTitle> _title;

@@ -3,6 +3,7 @@
 #include "DatabaseTables.h"
 #include "LibraryCatalogue.h"
 #include "MediaInTables.h"
+#include "NumberTable.h"
 #include "SQL.h"
 #include "Text/Reasons.h"
 
@@ -84,6 +85,19 @@ Outcome<> tryTo(const QSqlDatabase &database, const QString &statement)
     return ended.andThen([&] { return SQL::run(database, u"RELEASE cobble_drop"_s); });
 }
 
+Outcome<> dropTable(const QSqlDatabase &database, const QString &table)
+{
+    return tryTo(database, u"DROP TABLE " + SQL::quoted(table)).andThen([&] {
+        return NumberTable::forget(database, table);
+    });
+}
+
+Outcome<> dropColumn(const QSqlDatabase &database, const BinEntry &entry)
+{
+    return tryTo(database, u"ALTER TABLE " + SQL::quoted(entry.table) + u" DROP COLUMN " +
+                               SQL::quoted(entry.column));
+}
+
 Outcome<QSet<QString>> dropEntry(const QSqlDatabase &database, const BinEntry &entry)
 {
     const Outcome<bool> isThere = canDrop(database, entry);
@@ -92,15 +106,12 @@ Outcome<QSet<QString>> dropEntry(const QSqlDatabase &database, const BinEntry &e
     if (!*isThere)
         return QSet<QString>();
     const bool isTable = entry.column.isEmpty();
-    const QString table = SQL::quoted(entry.table);
     const auto media = isTable ? MediaInTables::urlsIn(database, entry.table)
                                : MediaInTables::urlsIn(database, entry.table, {entry.column});
     if (!media)
         return media;
     const Outcome<> dropped =
-        tryTo(database, isTable ? QString(u"DROP TABLE " + table)
-                                : QString(u"ALTER TABLE " + table + u" DROP COLUMN " +
-                                          SQL::quoted(entry.column)));
+        isTable ? dropTable(database, entry.table) : dropColumn(database, entry);
     return dropped ? media : dropped.failure();
 }
 } // namespace

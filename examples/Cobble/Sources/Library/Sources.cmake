@@ -15,6 +15,8 @@ target_sources(CobbleHost PRIVATE
     Sources/Library/LibraryStore.cpp
     Sources/Library/LibraryTable.cpp
     Sources/Library/MediaInTables.cpp
+    Sources/Library/NumberTable.cpp
+    Sources/Library/OwnTable.cpp
     Sources/Library/PlugIns.cpp
     Sources/Library/RecordCursor.cpp
     Sources/Library/RecordIds.cpp

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Text/Outcome.h"
+
+#include <QSqlDatabase>
+#include <QString>
+
+/// A table that Cobble makes for itself when it needs it. In a database from elsewhere anything may
+/// have its name: only what is made exactly as this one is read.
+struct OwnTable
+{
+    enum class State {
+        Missing,
+        Ours,
+        Foreign, ///< somebody else's
+    };
+
+    QString name;
+    /// The statement that makes it, as SQLite keeps it.
+    QString definition;
+
+    Outcome<State> stateIn(const QSqlDatabase &database) const;
+    Outcome<> make(const QSqlDatabase &database) const;
+    Outcome<> drop(const QSqlDatabase &database) const;
+    /// Drops the indices of somebody else, which could refuse what is added. They keep nobody from
+    /// reading.
+    Outcome<> dropIndices(const QSqlDatabase &database) const;
+    /// Makes the table if it is not there, also in the place of somebody else's.
+    Outcome<> need(const QSqlDatabase &database) const;
+};
