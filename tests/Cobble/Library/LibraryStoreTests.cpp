@@ -5,6 +5,7 @@
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
 
+#include <KTUtility/NSException>
 #include <KTUtility/NSObject>
 
 using namespace Qt::StringLiterals;
@@ -137,6 +138,24 @@ TEST_F(LibraryStoreTests, WhatIsRolledBackNeverWas)
     EXPECT_EQ(*store->recordCount(contacts()), 2);
     ASSERT_TRUE(store->begin() && store->remove(contacts()) && store->commit());
     EXPECT_TRUE(store->libraries()->isEmpty());
+}
+
+TEST_F(LibraryStoreTests, AnExceptionTakesAChangeBack)
+{
+    storeContacts();
+    const auto store = open();
+    const auto fail = [&]() -> Outcome<> {
+        EXPECT_TRUE(store->removeRecord(contacts(), 1));
+        throw NSException(u"Test"_s, u"no"_s);
+    };
+    EXPECT_THROW((void)store->transaction(fail), NSException);
+    EXPECT_EQ(*store->recordCount(contacts()), 2);
+    const auto other = open();
+    other->setPatience(0);
+    EXPECT_EQ(other->beginChange().reason(), QString());
+    other->rollback();
+    EXPECT_TRUE(store->transaction([&] { return store->removeRecord(contacts(), 1); }));
+    EXPECT_EQ(*other->recordCount(contacts()), 1);
 }
 
 TEST_F(LibraryStoreTests, KnowsWhichMediaAreUsed)

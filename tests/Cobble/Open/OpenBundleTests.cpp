@@ -5,6 +5,9 @@
 
 #include "Journal/StepStack.h"
 #include "Open/OpenLibrary.h"
+#include "Open/StoredRecord.h"
+
+#include <KTUtility/NSException>
 
 #include <QFile>
 
@@ -139,4 +142,29 @@ TEST_F(OpenBundleTests, AnUndoThatSomebodyElseHindersCanBeTriedAgain)
     EXPECT_NE(stored(1, 0), u"Eve"_s);
     EXPECT_EQ(stack.undo().reason(), QString());
     EXPECT_FALSE(stack.canUndo());
+}
+
+TEST_F(OpenBundleTests, AnExceptionTakesAChangeBack)
+{
+    import(u"Things.csv"_s, Things);
+    OpenBundle opened(bundle);
+    const auto library = *opened.open(u"Things"_s);
+    const QString key = library->fields().first()->key();
+    const auto fail = [&](StepRecorder &step) -> Outcome<> {
+        EXPECT_TRUE(step.update(library->definition(), 1, 0, u"half"_s));
+        throw NSException(u"Test"_s, u"no"_s);
+    };
+    EXPECT_THROW((void)opened.change({StepKinds::Edit, {}}, fail), NSException);
+    EXPECT_EQ(stored(1, 0), u"Ann"_s);
+    EXPECT_THROW((void)library->change([&] {
+        library->record(1)->setValueForKey(u"half"_s, key);
+        throw NSException(u"Test"_s, u"no"_s);
+    }),
+                 NSException);
+    EXPECT_EQ(library->text(*library->record(1), 0), u"Ann"_s);
+    const auto other = *LibraryStore::open(bundle, LibraryStore::Mode::Existing);
+    EXPECT_EQ(other->beginChange().reason(), QString());
+    other->rollback();
+    EXPECT_TRUE(rename(opened, u"Things"_s, u"whole"_s));
+    EXPECT_EQ(stored(1, 0), u"whole"_s);
 }

@@ -15,6 +15,8 @@
 
 #include <KTUtility/NSFileManager>
 
+#include <QScopeGuard>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -260,9 +262,11 @@ Outcome<> LibraryStore::transaction(const std::function<Outcome<>()> &changes)
     const Outcome<> begun = beginChange();
     if (!begun)
         return begun;
+    // Also if what changes throws.
+    auto takingBack = qScopeGuard([this] { rollback(); });
     const Outcome<> changed = changes().andThen([this] { return commit(); });
-    if (!changed)
-        rollback();
+    if (changed)
+        takingBack.dismiss();
     return changed;
 }
 

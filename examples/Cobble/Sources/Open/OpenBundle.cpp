@@ -11,6 +11,7 @@
 #include <KTUtility/NSFileManager>
 
 #include <QFileInfo>
+#include <QScopeGuard>
 
 #include <utility>
 
@@ -131,11 +132,11 @@ void OpenBundle::read(const std::function<void(LibraryStore &store)> &reading)
     if (!_store)
         return;
     _store->setPatience(PatienceOfPainting);
+    const auto patience = qScopeGuard([this] { _store->setPatience(PatienceWithStore); });
     const qint64 version = _store->dataVersion();
     if (version >= 0 && version != _dataVersion && !_isBusy)
         reloadLater();
     reading(*_store);
-    _store->setPatience(PatienceWithStore);
 }
 
 Outcome<> OpenBundle::checkChange()
@@ -151,13 +152,15 @@ Outcome<> OpenBundle::transaction(const std::function<Outcome<>(ChangeJournal &)
     const Outcome<> begun = beginChange();
     if (!begun)
         return begun;
+    // Also if what changes throws.
+    auto takingBack = qScopeGuard([this] { _store->rollback(); });
     ChangeJournal journal(*_store);
     const Outcome<> changed = changes(journal).andThen([this] { return _store->commit(); });
-    if (changed)
-        UnusedMedia::remove(_bundle, *_store, journal.forgottenMedia());
-    else
-        _store->rollback();
-    return changed;
+    if (!changed)
+        return changed;
+    takingBack.dismiss();
+    UnusedMedia::remove(_bundle, *_store, journal.forgottenMedia());
+    return {};
 }
 
 Outcome<> OpenBundle::change(const StepTitle &title,

@@ -5,6 +5,7 @@
 
 #include <KTUtility/NSObject>
 
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -142,15 +143,16 @@ Outcome<> OpenLibrary::change(const std::function<void()> &changes, const QStrin
     }
     _replaced.clear();
     _saved = {};
+    // Also if what changes throws.
+    const auto takingBack = qScopeGuard([this] { takeBack(); });
     const Outcome<> changed = _bundle->change({kind, {}}, [&](StepRecorder &step) {
         const QScopedValueRollback<StepRecorder *> changing(_recorder, &step);
         changes();
         step.setTitle(titleOfChanges(kind));
         return _saved;
     });
-    if (!changed)
-        takeBack();
-    _replaced.clear();
+    if (changed)
+        _replaced.clear();
     return changed;
 }
 
