@@ -385,7 +385,6 @@ INSTANTIATE_TEST_SUITE_P(
                        u"DROP TABLE cobble_bin;CREATE TABLE cobble_bin (step, table_name)"_s},
         ForeignJournal{"Refuses", u"DROP TABLE cobble_step_media;CREATE TABLE cobble_step_media "
                                   "(step INTEGER, url TEXT, CHECK (0))"_s},
-        ForeignJournal{"Index", u"CREATE UNIQUE INDEX i ON cobble_step (is_done)"_s},
         ForeignJournal{"NumbersAreSpent",
                        u"UPDATE sqlite_sequence SET seq = 9223372036854775807"_s},
         ForeignJournal{"NumberIsTooLarge", u"UPDATE cobble_step SET number = 1 << 62"_s}),

@@ -3,6 +3,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Journal/ChangeJournalTests.cpp
     Cobble/Journal/FieldConversionTests.cpp
     Cobble/Journal/RecordChangesTests.cpp
+    Cobble/Journal/JournalRepairTests.cpp
     Cobble/Journal/SpentNumbersTests.cpp
     Cobble/Journal/StepPlayerTests.cpp
     Cobble/Journal/StepRecorderTests.cpp

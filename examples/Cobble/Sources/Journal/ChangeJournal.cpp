@@ -1,5 +1,6 @@
 #include "ChangeJournal.h"
 
+#include "JournalRepair.h"
 #include "Library/JournalBin.h"
 #include "Library/JournalTables.h"
 #include "Library/LibraryStore.h"
@@ -67,7 +68,7 @@ Outcome<> ChangeJournal::record(const StepTitle &title,
                                 const std::function<Outcome<>(StepRecorder &)> &changes,
                                 qint64 *number)
 {
-    const Outcome<> ready = JournalTables::need(_store.database());
+    const Outcome<> ready = JournalRepair::need(_store.database());
     const Outcome<qint64> added = ready ? addStep(title) : ready.failure();
     if (!added)
         return added.failure();

@@ -6,20 +6,18 @@
 #include "Text/Reasons.h"
 
 #include <algorithm>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-struct JournalTable
-{
-    QString name;
-    /// As SQLite keeps it.
-    QString definition;
-};
+/// Numbers behind these count as nearly spent. Journals that are made anew go on after half of them
+/// at the most.
+constexpr qint64 LargestStep = 1'000'000'000'000;
 
-const QList<JournalTable> &journalTables()
+const QList<OwnTable> &journalTables()
 {
-    static const QList<JournalTable> tables = {
+    static const QList<OwnTable> tables = {
         {u"cobble_step"_s,
          u"CREATE TABLE cobble_step (number INTEGER PRIMARY KEY AUTOINCREMENT, kind TEXT, "
          "parameters TEXT, time TEXT, is_done INTEGER, size INTEGER)"_s},
@@ -35,84 +33,125 @@ const QList<JournalTable> &journalTables()
     return tables;
 }
 
-Failure foreignTables()
+/// Does the same with each of the tables, until that fails.
+Outcome<> eachJournalTable(const std::function<Outcome<>(const OwnTable &)> &perform)
 {
-    return {.reason = Reasons::tr("the history cannot be read"), .isFinal = true};
+    Outcome<> done;
+    for (const OwnTable &table : journalTables())
+        done = done.andThen([&] { return perform(table); });
+    return done;
 }
 
-/// \return how many of the tables are there, as they should be.
-Outcome<qint64> countTables(const QSqlDatabase &database)
+/// Numbers that are spent would refuse what is added.
+Outcome<OwnTable::State> stateOfNumbers(const QSqlDatabase &database)
 {
-    qint64 count = 0;
-    for (const JournalTable &table : journalTables()) {
-        const Outcome<QStringList> definitions =
-            SQL::texts(database, u"SELECT sql FROM sqlite_master WHERE name = ? COLLATE NOCASE"_s,
-                       {table.name});
-        if (!definitions)
-            return definitions.failure();
-        if (!definitions->isEmpty() && *definitions != QStringList(table.definition))
-            return foreignTables();
-        count += definitions->size();
+    const Outcome<qint64> bad =
+        SQL::number(database,
+                    u"SELECT (SELECT count(*) FROM cobble_step WHERE number NOT BETWEEN "
+                    "1 AND ?) + (SELECT count(*) FROM sqlite_sequence WHERE "
+                    "name = 'cobble_step' AND (typeof(seq) <> 'integer' OR seq NOT "
+                    "BETWEEN 0 AND ?))"_s,
+                    {LargestStep, LargestStep});
+    if (!bad)
+        return bad.failure();
+    return *bad == 0 ? OwnTable::State::Ours : OwnTable::State::Foreign;
+}
+
+/// The greatest number of a step in a column of a table that may be anybody's.
+Outcome<qint64> greatestStepIn(const QSqlDatabase &database, const QString &table,
+                               const QString &column)
+{
+    const Outcome<bool> isThere = DatabaseTables::has(database, table);
+    const Outcome<QStringList> columns = DatabaseTables::columnsOf(database, table);
+    if (!isThere || !columns)
+        return isThere ? columns.failure() : isThere.failure();
+    if (!*isThere || !columns->contains(column))
+        return 0;
+    const QString name = SQL::columnIn(table, column);
+    return SQL::number(database,
+                       u"SELECT max(%1) FROM %2 WHERE typeof(%1) = 'integer' AND %1 BETWEEN 0 AND "
+                       "?"_s.arg(name, SQL::quoted(table)),
+                       {LargestStep / 2});
+}
+
+/// Where numbers of steps are.
+const QList<std::pair<QString, QString>> &stepColumns()
+{
+    static const QList<std::pair<QString, QString>> columns = {{u"cobble_step"_s, u"number"_s},
+                                                               {u"cobble_step_change"_s, u"step"_s},
+                                                               {u"cobble_step_media"_s, u"step"_s},
+                                                               {u"cobble_bin"_s, u"step"_s},
+                                                               {u"sqlite_sequence"_s, u"seq"_s}};
+    return columns;
+}
+
+/// The greatest number that steps have had.
+Outcome<qint64> greatestStep(const QSqlDatabase &database)
+{
+    qint64 greatest = 0;
+    for (const auto &[table, column] : stepColumns()) {
+        const Outcome<qint64> some = greatestStepIn(database, table, column);
+        if (!some)
+            return some;
+        greatest = std::max(greatest, *some);
     }
-    return count;
+    return greatest;
 }
 
-/// Indices could refuse what is added, and numbers that are spent could, too.
-Outcome<> checkContent(const QSqlDatabase &database)
+Outcome<> setGreatestStep(const QSqlDatabase &database, qint64 number)
 {
-    const Outcome<qint64> indices = SQL::number(
-        database, u"SELECT count(*) FROM sqlite_master WHERE type <> 'table' AND sql IS NOT NULL "
-                  "AND tbl_name COLLATE NOCASE IN ('cobble_step', 'cobble_step_change', "
-                  "'cobble_step_media', 'cobble_bin')"_s);
-    const Outcome<qint64> numbers =
-        SQL::number(database, u"SELECT (SELECT count(*) FROM cobble_step WHERE number NOT BETWEEN "
-                              "1 AND 1000000000000) + (SELECT count(*) FROM sqlite_sequence WHERE "
-                              "name = 'cobble_step' AND (typeof(seq) <> 'integer' OR seq NOT "
-                              "BETWEEN 0 AND 1000000000000))"_s);
-    if (!indices || !numbers)
-        return indices ? numbers.failure() : indices.failure();
-    return *indices == 0 && *numbers == 0 ? Outcome<>() : foreignTables();
-}
-
-Outcome<> makeTables(const QSqlDatabase &database)
-{
-    Outcome<> made;
-    for (const JournalTable &table : journalTables())
-        made = made.andThen([&] { return SQL::run(database, table.definition); });
-    return made;
-}
-
-Outcome<> dropTables(const QSqlDatabase &database)
-{
-    Outcome<> dropped;
-    for (const JournalTable &table : journalTables())
-        dropped = dropped.andThen(
-            [&] { return SQL::run(database, u"DROP TABLE IF EXISTS " + SQL::quoted(table.name)); });
-    return dropped;
+    return SQL::run(database, u"DELETE FROM sqlite_sequence WHERE name = 'cobble_step'"_s)
+        .andThen([&] {
+            return SQL::run(database,
+                            u"INSERT INTO sqlite_sequence (name, seq) VALUES ('cobble_step', ?)"_s,
+                            {number});
+        });
 }
 } // namespace
 
-Outcome<bool> JournalTables::areThere(const QSqlDatabase &database)
+Outcome<OwnTable::State> JournalTables::stateIn(const QSqlDatabase &database)
 {
-    const Outcome<qint64> count = countTables(database);
-    if (!count)
-        return count.failure();
-    if (*count == 0)
-        return false;
-    if (*count < journalTables().size())
-        return foreignTables();
-    const Outcome<> checked = checkContent(database);
-    if (!checked)
-        return checked.failure();
-    return true;
+    using State = OwnTable::State;
+    qsizetype count = 0;
+    for (const OwnTable &table : journalTables()) {
+        const Outcome<State> state = table.stateIn(database);
+        if (!state || *state == State::Foreign)
+            return state;
+        count += *state == State::Ours ? 1 : 0;
+    }
+    if (count == 0)
+        return State::Missing;
+    return count < journalTables().size() ? State::Foreign : stateOfNumbers(database);
 }
 
-Outcome<> JournalTables::need(const QSqlDatabase &database)
+Outcome<bool> JournalTables::areThere(const QSqlDatabase &database)
 {
-    const Outcome<bool> isThere = areThere(database);
-    if (isThere && *isThere)
-        return {};
-    return dropTables(database).andThen([&] { return makeTables(database); });
+    const Outcome<OwnTable::State> state = stateIn(database);
+    if (!state)
+        return state.failure();
+    if (*state == OwnTable::State::Foreign)
+        return Failure{.reason = Reasons::tr("the history cannot be read"), .isFinal = true};
+    return *state == OwnTable::State::Ours;
+}
+
+Outcome<> JournalTables::make(const QSqlDatabase &database)
+{
+    return eachJournalTable([&](const OwnTable &table) { return table.make(database); });
+}
+
+Outcome<> JournalTables::makeAnew(const QSqlDatabase &database)
+{
+    const Outcome<qint64> number = greatestStep(database);
+    if (!number)
+        return number.failure();
+    return eachJournalTable([&](const OwnTable &table) { return table.drop(database); })
+        .andThen([&] { return make(database); })
+        .andThen([&] { return setGreatestStep(database, *number); });
+}
+
+Outcome<> JournalTables::dropIndices(const QSqlDatabase &database)
+{
+    return eachJournalTable([&](const OwnTable &table) { return table.dropIndices(database); });
 }
 
 Outcome<QSet<QString>> JournalTables::usedMedia(const QSqlDatabase &database)
