@@ -168,3 +168,26 @@ TEST_F(OpenBundleTests, AnExceptionTakesAChangeBack)
     EXPECT_TRUE(rename(opened, u"Things"_s, u"whole"_s));
     EXPECT_EQ(stored(1, 0), u"whole"_s);
 }
+
+TEST_F(OpenBundleTests, NoticesWhatOthersWriteWhileItFollowsAStep)
+{
+    import(u"Things.csv"_s, Things);
+    OpenBundle opened(bundle);
+    const auto library = *opened.open(u"Things"_s);
+    ASSERT_TRUE(opened.change({StepKinds::Edit, {}}, [&](StepRecorder &step) -> Outcome<> {
+        Library pets;
+        pets.name = u"Pets"_s;
+        pets.fields = library->definition().fields;
+        const auto made = step.createLibrary(pets);
+        return made ? step.update(library->definition(), 1, 0, u"Eve"_s) : made.failure();
+    }));
+    QObject::connect(library.get(), &OpenLibrary::manyChanged, library.get(), [&] {
+        const auto other = *LibraryStore::open(bundle, LibraryStore::Mode::Existing);
+        EXPECT_TRUE(other->update(library->definition(), 2, 0, u"theirs"_s));
+    });
+    ASSERT_TRUE(opened.play(opened.lastStep()->number, StepPlayer::Direction::Undo));
+    EXPECT_EQ(stored(2, 0), u"theirs"_s);
+    EXPECT_TRUE(rename(opened, u"Things"_s, u"Fay"_s).reason().contains(u"another program"));
+    turn();
+    EXPECT_TRUE(rename(opened, u"Things"_s, u"Fay"_s));
+}

@@ -22,6 +22,15 @@ namespace {
 constexpr int PatienceWithStore = 500;
 /// The same for records that are about to be painted.
 constexpr int PatienceOfPainting = 20;
+
+/// The version of a store that windows are to read.
+qint64 versionOf(LibraryStore *store)
+{
+    if (!store)
+        return 0;
+    store->setPatience(PatienceWithStore);
+    return store->dataVersion();
+}
 } // namespace
 
 OpenBundle::OpenBundle(const KTDatabaseBundle &bundle) : _bundle(bundle)
@@ -40,6 +49,8 @@ void OpenBundle::reload()
     // Anew: what was opened for reading may meanwhile need a change taken back.
     _store.reset();
     openStore();
+    // Before anything is read: what is committed meanwhile counts as not read.
+    _dataVersion = versionOf(_store.get());
     if (_store)
         readLibraries();
     Q_EMIT librariesChanged();
@@ -75,8 +86,6 @@ Outcome<> OpenBundle::needStore()
 
 void OpenBundle::readLibraries()
 {
-    _store->setPatience(PatienceWithStore);
-    _dataVersion = _store->dataVersion();
     const Outcome<QList<Library>> libraries = _store->libraries();
     _libraries = libraries.valueOr({});
     _errorText = libraries.reason();

@@ -95,6 +95,7 @@ private:
     QHash<QString, std::weak_ptr<OpenLibrary>> _open;
     bool _isBusy = false;
     bool _willReload = false;
-    /// The store's, when it was read last.
+    /// The store's, before all was read last. What follows changes of this program alone leaves it, so
+    /// that those of others are noticed.
     qint64 _dataVersion = 0;
 };
