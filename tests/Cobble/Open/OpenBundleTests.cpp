@@ -8,12 +8,34 @@
 #include "Open/StoredRecord.h"
 
 #include <KTUtility/NSException>
+#include <KTUtility/NSKeyValueObserving>
 
 #include <QFile>
+
+#include <functional>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+/// Does something when a value has changed.
+class ValueFollower : public NSKeyValueObserver
+{
+public:
+    explicit ValueFollower(const std::function<void()> &perform) : _perform(perform) {}
+    void observeValueForKeyPath(const QString &, QObject *, const NSKeyValueChange &,
+                                const QString &) override
+    {
+        wasTold = true;
+        _perform();
+    }
+
+    bool wasTold = false;
+
+private:
+    std::function<void()> _perform;
+};
+
 class OpenBundleTests : public HostWindowTest
 {
 protected:
@@ -190,4 +212,27 @@ TEST_F(OpenBundleTests, NoticesWhatOthersWriteWhileItFollowsAStep)
     EXPECT_TRUE(rename(opened, u"Things"_s, u"Fay"_s).reason().contains(u"another program"));
     turn();
     EXPECT_TRUE(rename(opened, u"Things"_s, u"Fay"_s));
+}
+
+TEST_F(OpenBundleTests, WhoFollowsAValueMayReadOtherRecords)
+{
+    importMany();
+    OpenBundle opened(bundle);
+    const auto library = *opened.open(u"Many"_s);
+    RecordIds first(900);
+    std::iota(first.begin(), first.end(), 1);
+    RecordIds others(2000);
+    std::iota(others.begin(), others.end(), 1000);
+    library->prepare(first);
+    const auto record = library->record(1);
+    const QString key = library->fields().first()->key();
+    ValueFollower follower([&] { library->prepare(others); });
+    NSKeyValueObserving::addObserver(record.get(), &follower, key, 0);
+    const auto other = *LibraryStore::open(bundle, LibraryStore::Mode::Existing);
+    ASSERT_TRUE(other->update(library->definition(), 1, 0, u"Eve"_s));
+    ASSERT_TRUE(other->update(library->definition(), 800, 0, u"Fay"_s));
+    EXPECT_TRUE(library->refresh(first));
+    EXPECT_TRUE(follower.wasTold);
+    EXPECT_EQ(library->text(*record, 0), u"Eve"_s);
+    EXPECT_EQ(library->text(*library->record(800), 0), u"Fay"_s);
 }

@@ -20,6 +20,15 @@ constexpr size_t RecentRecords = 1000;
 constexpr std::ptrdiff_t CopiedAtOnce = 500;
 /// How long to leave somebody alone who writes, in milliseconds.
 constexpr int Pause = 500;
+
+/// Gives a record the values that the database has, where these are others.
+void takeValues(StoredRecord &record, const QVariantMap &values)
+{
+    for (auto value = values.begin(); value != values.end(); ++value) {
+        if (!NSObject::isEqual(record.values().value(value.key()), value.value()))
+            record.setSavedValue(value.value(), value.key());
+    }
+}
 } // namespace
 
 OpenLibrary::OpenLibrary(OpenBundle *bundle, const Library &library)
@@ -383,11 +392,8 @@ Outcome<> OpenLibrary::rereadKnown(const RecordIds &ids)
                  [this](qint64 id) { return bool(_records.find(id)); });
     const QSignalBlocker blocker(this);
     return eachOf(known, [this](const RecordCursor &each) {
-        const QVariantMap values = valuesOf(each);
-        const std::shared_ptr<StoredRecord> record = _records.find(each.id());
-        for (auto value = values.begin(); record && value != values.end(); ++value) {
-            if (!NSObject::isEqual(record->values().value(value.key()), value.value()))
-                record->setSavedValue(value.value(), value.key());
-        }
+        // Who follows a value may read other records, for which this one has to go.
+        if (const std::shared_ptr<StoredRecord> record = _records.find(each.id()))
+            takeValues(*record, valuesOf(each));
     });
 }
