@@ -165,6 +165,20 @@ TEST_F(StepRecorderTests, ChangesTypesWithTheirValues)
     EXPECT_EQ(people.fields[1].type, FieldType::Text);
 }
 
+TEST_F(StepRecorderTests, HoldsOneValueAtATimeToChangeItsType)
+{
+    QStringList seen;
+    const auto changeLast = [&](const QVariant &value) -> Outcome<QVariant> {
+        seen += NSObject::description(value);
+        runSQL(u"UPDATE kt_people SET kt_age = 6 WHERE id = 3"_s);
+        return value;
+    };
+    change([&](StepRecorder &step) {
+        return step.changeType(people, 1, FieldType::Number, {}, changeLast);
+    });
+    EXPECT_EQ(seen, QStringList({u"31"_s, u"6"_s}));
+}
+
 TEST_F(StepRecorderTests, AValueThatCannotBeConvertedEndsTheChange)
 {
     EXPECT_EQ(change([this](StepRecorder &step) {

@@ -49,6 +49,27 @@ bool isPermutation(QList<qsizetype> order, qsizetype count)
     std::sort(order.begin(), order.end());
     return order == all;
 }
+/// The numbers of the records that have a value in a column.
+Outcome<QList<qint64>> numbersWithValue(const QSqlDatabase &database, const QString &table,
+                                        const QString &column)
+{
+    return SQL::rows(database,
+                     u"SELECT " + SQL::columnIn(table, u"id"_s) + u" FROM " + SQL::quoted(table) +
+                         u" WHERE " + SQL::columnIn(table, column) + u" IS NOT NULL",
+                     {}, [](const QSqlQuery &row) { return row.value(0).toLongLong(); });
+}
+
+Outcome<> convertValue(LibraryTable &table, qint64 id, const LibraryField &from,
+                       const QString &column, const StepRecorder::Conversion &conversion)
+{
+    const auto values = table.valuesOf(id, {from.columnName});
+    if (!values || !*values)
+        return values ? recordIsGone() : values.failure();
+    const auto converted =
+        conversion(StoredValue::fromDatabase(from.type, (*values)->constFirst()));
+    return converted ? table.update(id, {column}, {StoredValue::forDatabase(*converted)})
+                     : converted.failure();
+}
 } // namespace
 
 // --- Records
@@ -255,30 +276,20 @@ Outcome<QString> StepRecorder::addColumn(const Library &library, LibraryField *f
     return added ? Outcome<QString>(field->columnName) : added.failure();
 }
 
+/// The values are read one by one: a column may be of any size.
 Outcome<> StepRecorder::convert(const Library &library, qsizetype field, const QString &column,
                                 const Conversion &conversion)
 {
     const LibraryField &from = library.fields.at(field);
-    const QString old = SQL::columnIn(library.tableName, from.columnName);
-    const auto values =
-        SQL::rows(_database,
-                  u"SELECT " + SQL::columnIn(library.tableName, u"id"_s) + u", " + old + u" FROM " +
-                      SQL::quoted(library.tableName) + u" WHERE " + old + u" IS NOT NULL",
-                  {}, [](const QSqlQuery &row) {
-                      return std::pair(row.value(0).toLongLong(), row.value(1));
-                  });
+    const auto ids = numbersWithValue(_database, library.tableName, from.columnName);
     Outcome<LibraryTable> table = LibraryTable::open(_database, library.tableName);
-    if (!values || !table)
-        return values ? table.failure() : values.failure();
-    for (const auto &[id, value] : *values) {
-        const auto converted = conversion(StoredValue::fromDatabase(from.type, value));
-        const Outcome<> written =
-            converted ? table->update(id, {column}, {StoredValue::forDatabase(*converted)})
-                      : converted.failure();
-        if (!written)
-            return written;
-    }
-    return {};
+    if (!ids || !table)
+        return ids ? table.failure() : ids.failure();
+    Outcome<> converted;
+    for (const qint64 id : *ids)
+        converted =
+            converted.andThen([&] { return convertValue(*table, id, from, column, conversion); });
+    return converted;
 }
 
 // --- The catalogue
