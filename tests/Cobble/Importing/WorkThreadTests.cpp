@@ -1,7 +1,9 @@
 #include "Importing/WorkThread.h"
 
+#include "support/NoThreads.h"
 #include "support/TestSupport.h"
 
+#include <QCoreApplication>
 #include <QTimer>
 
 #include <atomic>
@@ -34,6 +36,40 @@ TEST(WorkThread, WorksElsewhereWhileEventsAreHandled)
 TEST(WorkThread, WhatTheWorkThrowsIsThrown)
 {
     testing_support::needApplication();
+    EXPECT_THROW(WorkThread::run([] { throw std::runtime_error("thrown"); }, [] {}, 1),
+                 std::runtime_error);
+}
+
+TEST(WorkThread, EndsWhereALookHandlesWhatTheWorkLeaves)
+{
+    testing_support::needApplication();
+    std::atomic<bool> isDone = false;
+    bool isFirst = true;
+    WorkThread::run([&] { isDone = true; },
+                    [&] {
+                        // As a window does that shows how far it is, when the work ends at once.
+                        while (isFirst && !isDone)
+                            std::this_thread::yield();
+                        for (int turn = 0; isFirst && turn < 10'000; ++turn) {
+                            std::this_thread::yield();
+                            QCoreApplication::processEvents();
+                        }
+                        isFirst = false;
+                    },
+                    1'000'000);
+    EXPECT_TRUE(isDone);
+    EXPECT_FALSE(isFirst);
+}
+
+TEST(WorkThread, WorksHereWhereNoThreadStarts)
+{
+    testing_support::needApplication();
+    const testing_support::NoThreads none;
+    std::thread::id there;
+    int looks = 0;
+    WorkThread::run([&] { there = std::this_thread::get_id(); }, [&] { ++looks; }, 1);
+    EXPECT_EQ(there, std::this_thread::get_id());
+    EXPECT_EQ(looks, 1);
     EXPECT_THROW(WorkThread::run([] { throw std::runtime_error("thrown"); }, [] {}, 1),
                  std::runtime_error);
 }

@@ -6,7 +6,7 @@
 
 namespace WorkThread {
 /// Does work in a thread of its own, and handles events until it is done. What it throws is thrown
-/// here.
+/// here. If no thread can be started, it is done in this one, and events wait.
 /// \param look is called at once, and then every so often while the work goes on.
 /// \param interval how often, in milliseconds.
 ///
