@@ -23,6 +23,15 @@ public:
             return {};
         return RejectedInput{u"Visits"_s, text(), u"it is no number"_s, this, [this] { clear(); }};
     }
+    bool isAsking(const std::function<void()> &after) override
+    {
+        if (asks)
+            then = after;
+        return asks;
+    }
+
+    bool asks = false;
+    std::function<void()> then;
 };
 } // namespace
 
@@ -140,6 +149,28 @@ TEST_F(PendingInputTests, LongTextsAreShortened)
     input->setText(QString(5000, u'x'));
     EXPECT_FALSE(leave());
     EXPECT_LT(sheet()->text().size(), 120);
+    press(u"Discard"_s);
+    EXPECT_EQ(left, 1);
+}
+
+TEST_F(PendingInputTests, AQuestionThatIsOpenIsWaitedFor)
+{
+    input->asks = true;
+    EXPECT_FALSE(leave());
+    EXPECT_EQ(sheet(), nullptr);
+    EXPECT_EQ(left, 0);
+    clickSecond();
+    EXPECT_EQ(list->currentRow(), 0);
+    input->asks = false;
+    input->then();
+    EXPECT_EQ(list->currentRow(), 1);
+    input->asks = true;
+    EXPECT_FALSE(leave());
+    // What is found to be no number then is asked about, too.
+    input->asks = false;
+    input->setText(u"a cow"_s);
+    input->then();
+    EXPECT_EQ(left, 0);
     press(u"Discard"_s);
     EXPECT_EQ(left, 1);
 }

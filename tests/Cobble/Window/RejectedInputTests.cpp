@@ -168,3 +168,78 @@ TEST_F(RejectedInputTests, ACellStaysOpenUntilItIsDecided)
     EXPECT_EQ(window->records()->selectionIndex(), 2);
     EXPECT_EQ(stored(1, 1), u"7"_s);
 }
+
+namespace {
+/// The form over more records than get a value without a question.
+class ManyInputTests : public RejectedInputTests
+{
+protected:
+    MainWindowController *openWithAll(const QString &typed)
+    {
+        QByteArray rows = "Name,Visits\n";
+        for (int row = 1; row <= 25; ++row)
+            rows += "Ann," + QByteArray::number(row) + '\n';
+        import(u"Many.csv"_s, rows);
+        MainWindowController *const window = open();
+        window->mainWindow()->activateWindow();
+        turn();
+        window->mainWindow()->table()->selectAll();
+        turn();
+        editor(window, 1)->input()->setFocus();
+        type(editor(window, 1)->input(), typed);
+        return window;
+    }
+    QString storedVisits(qint64 record) { return stored(record, 1, u"Many"_s); }
+};
+} // namespace
+
+TEST_F(ManyInputTests, ClosingWaitsForTheAnswer)
+{
+    MainWindowController *const window = openWithAll(u"99"_s);
+    window->closeWindow();
+    turn();
+    ASSERT_EQ(application->windows().size(), 1);
+    EXPECT_EQ(storedVisits(25), u"25"_s);
+    answer(u"Set"_s);
+    turn();
+    EXPECT_TRUE(application->windows().isEmpty());
+    EXPECT_EQ(storedVisits(1), u"99"_s);
+    EXPECT_EQ(storedVisits(25), u"99"_s);
+}
+
+TEST_F(ManyInputTests, ClosingGoesOnWhereNothingIsSet)
+{
+    MainWindowController *const window = openWithAll(u"99"_s);
+    window->closeWindow();
+    answer(u"Cancel"_s);
+    turn();
+    EXPECT_TRUE(application->windows().isEmpty());
+    EXPECT_EQ(storedVisits(25), u"25"_s);
+}
+
+TEST_F(ManyInputTests, DeletingWaitsForTheAnswer)
+{
+    MainWindowController *const window = openWithAll(u"99"_s);
+    window->deleteRecords();
+    turn();
+    EXPECT_EQ(window->model()->rowCount(), 25);
+    answer(u"Set"_s);
+    EXPECT_EQ(window->model()->rowCount(), 0);
+    menuItem(window, "undoChange:")->trigger();
+    EXPECT_EQ(storedVisits(25), u"99"_s);
+}
+
+TEST_F(ManyInputTests, WhatCannotBeReadIsNotAskedAbout)
+{
+    MainWindowController *const window = openWithAll(u"a cow"_s);
+    QTest::keyClick(editor(window, 1)->input(), Qt::Key_Return);
+    turn();
+    EXPECT_EQ(alertBox(), nullptr);
+    EXPECT_FALSE(editor(window, 1)->problem().isEmpty());
+    window->closeWindow();
+    ASSERT_NE(alertBox(), nullptr);
+    EXPECT_TRUE(alertBox()->text().contains(u"“a cow”"));
+    answer(u"Discard"_s);
+    turn();
+    EXPECT_TRUE(application->windows().isEmpty());
+}

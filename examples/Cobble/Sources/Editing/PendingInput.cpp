@@ -74,7 +74,13 @@ bool PendingInput::isSettled(const std::function<void()> &then)
     const auto rejected = settle();
     if (rejected)
         ask(*rejected, then);
-    return !rejected;
+    return !rejected && !isSourceAsking([this, then] { leave(then); });
+}
+
+bool PendingInput::isSourceAsking(const std::function<void()> &then) const
+{
+    return std::any_of(_sources.begin(), _sources.end(),
+                       [&then](InputSource *source) { return source->isAsking(then); });
 }
 
 bool PendingInput::leave(const std::function<void()> &go)
@@ -118,16 +124,10 @@ bool PendingInput::eventFilter(QObject *object, QEvent *event)
 {
     if (_isRepeating || !leavesRecord(event))
         return false;
-    if (_isAsking)
-        return true;
-    const auto rejected = settle();
-    if (!rejected)
-        return false;
     const std::shared_ptr<QEvent> again(event->clone());
-    ask(*rejected, [this, to = QPointer<QObject>(object), again] {
+    return !isSettled([this, to = QPointer<QObject>(object), again] {
         const QScopedValueRollback<bool> repeating(_isRepeating, true);
         if (to)
             repeat(to, again.get());
     });
-    return true;
 }

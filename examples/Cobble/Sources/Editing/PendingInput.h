@@ -26,8 +26,8 @@ public:
     /// Does what leaves the record, if everything typed is stored or discarded.
     /// \return whether it was done at once.
     bool leave(const std::function<void()> &go);
-    /// Whether everything typed is stored; else the user is asked.
-    /// \param then is called once it is discarded.
+    /// Whether everything typed is stored; else the user is asked, or is being asked already.
+    /// \param then is called once it is stored or discarded.
     bool isSettled(const std::function<void()> &then);
     /// Keys and clicks in a view leave the record.
     void guard(QAbstractScrollArea *view);
@@ -37,6 +37,7 @@ protected:
 
 private:
     std::optional<RejectedInput> settle();
+    bool isSourceAsking(const std::function<void()> &then) const;
     void ask(const RejectedInput &rejected, const std::function<void()> &go);
     void discard(const RejectedInput &rejected, const std::function<void()> &go);
 

@@ -29,4 +29,7 @@ public:
     /// Stores what was typed and is not stored yet.
     /// \return what was rejected; nothing if all is stored.
     virtual std::optional<RejectedInput> settle() = 0;
+    /// Whether the user is being asked about something typed, which is not stored until then.
+    /// \param then is called after the answer, unless what was typed cannot be stored.
+    virtual bool isAsking(const std::function<void()> & /*then*/) { return false; }
 };

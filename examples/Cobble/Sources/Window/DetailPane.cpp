@@ -14,6 +14,8 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -174,6 +176,13 @@ std::optional<RejectedInput> DetailPane::settle()
     return {};
 }
 
+bool DetailPane::isAsking(const std::function<void()> &then)
+{
+    if (_isAsking)
+        _afterAnswer = then;
+    return _isAsking;
+}
+
 // A row keeps the value that it has when what is selected has none, or several.
 void DetailPane::show(const Row &row) const
 {
@@ -238,11 +247,14 @@ qsizetype DetailPane::selectedCount() const
     return _manyCount > 0 ? _manyCount : _records->selectionIndexes().size();
 }
 
+/// Nobody is asked about what cannot be read.
 void DetailPane::take(const Row &row, const QString &text)
 {
     const qsizetype count = selectedCount();
     if (count <= MostUnasked || !_asker)
         store(row, text);
+    else if (const Outcome<QVariant> value = row.row->read(text); !value)
+        row.editor->setProblem(value.reason());
     else if (!_isAsking)
         askAndTake(row, text, count);
 }
@@ -254,16 +266,25 @@ void DetailPane::askAndTake(const Row &row, const QString &text, qsizetype count
     const auto asked = std::pair(_shown, _manyCount);
     const QPointer<DetailPane> self(this);
     _asker(row.row->field()->title(), count, [=](bool isWanted) {
-        if (!self)
-            return;
-        self->_isAsking = false;
-        if (!row.row || !row.editor)
-            return;
-        if (isWanted && std::pair(self->_records->selectedObjects(), self->_manyCount) == asked)
-            self->store(row, text);
-        else
-            self->show(row);
+        if (self)
+            self->answer(row, text,
+                         isWanted && asked == std::pair(self->_records->selectedObjects(),
+                                                        self->_manyCount));
     });
+}
+
+/// What waits for the answer waits on if the value cannot be stored, which is said beside it.
+void DetailPane::answer(const Row &row, const QString &text, bool isWanted)
+{
+    _isAsking = false;
+    const std::function<void()> then = std::exchange(_afterAnswer, {});
+    if (row.row && row.editor && isWanted)
+        store(row, text);
+    else if (row.row && row.editor)
+        show(row);
+    const bool isLeft = row.editor && row.editor->isEdited() && !row.editor->problem().isNull();
+    if (then && !isLeft)
+        then();
 }
 
 void DetailPane::store(const Row &row, const QString &text)

@@ -61,6 +61,7 @@ public:
     MediaField *mediaField(qsizetype field) const;
 
     std::optional<RejectedInput> settle() override;
+    bool isAsking(const std::function<void()> &then) override;
 
 Q_SIGNALS:
     /// What was typed is gone, since others are shown than those that it was meant for.
@@ -90,6 +91,7 @@ private:
     void tellLost(const Row &row);
     void take(const Row &row, const QString &text);
     void askAndTake(const Row &row, const QString &text, qsizetype count);
+    void answer(const Row &row, const QString &text, bool isWanted);
     void store(const Row &row, const QString &text);
     Outcome<> write(const Row &row, const QString &text);
     Outcome<> takeForMany(const Row &row, const QString &text);
@@ -108,6 +110,8 @@ private:
     Changer _changer;
     Asker _asker;
     bool _isAsking = false;
+    /// What waits for the answer.
+    std::function<void()> _afterAnswer;
     ManyChanger _manyChanger;
     FileFinder _fileFinder;
     FileStorer _fileStorer;
