@@ -258,7 +258,7 @@ TEST_F(ImportFileTests, ColumnsAreLeftOutRenamedAndTyped)
         read(u"a.csv"_s, "secret,nr,when\nx,1,2/3/2008\ny,2,3/4/2008\n");
     ASSERT_TRUE(file) << file.reason().toStdString();
     EXPECT_EQ(file->rows->headers(), QStringList({u"Number"_s, u"when"_s}));
-    EXPECT_EQ(file->fileHeaders, QStringList({u"secret"_s, u"nr"_s, u"when"_s}));
+    EXPECT_EQ(file->columns.headers, QStringList({u"secret"_s, u"nr"_s, u"when"_s}));
     const Outcome<StoredImport> stored = file->store(request);
     ASSERT_TRUE(stored) << stored.reason().toStdString();
     EXPECT_EQ(stored->library.fields.at(0).header, u"Number"_s);
@@ -311,4 +311,28 @@ TEST_F(ImportFileTests, AFileThatChangesMeanwhileIsNotStored)
     tree.add(u"a.csv"_s, "a\n1\n2\n");
     EXPECT_EQ(file->store(request).reason(), u"the file was changed while it was read"_s);
     EXPECT_EQ(libraryNames(), QStringList());
+}
+
+TEST_F(ImportFileTests, ChoicesForOtherColumnsDoNotCount)
+{
+    request.columns[1].isSkipped = true;
+    request.chosenFor = FileColumns{{u"a;x"_s, u"b;secret"_s}, true, u',', u"UTF-8"_s};
+    const QByteArray contents = "a;x,b;secret\n1;2,3;4\n";
+    request.separator = u',';
+    auto file = read(u"a.csv"_s, contents);
+    ASSERT_TRUE(file);
+    EXPECT_FALSE(file->hasOtherColumns);
+    EXPECT_EQ(file->rows->headers(), QStringList(u"a;x"_s));
+    request.separator = u';';
+    file = read(u"a.csv"_s, contents);
+    ASSERT_TRUE(file);
+    EXPECT_TRUE(file->hasOtherColumns);
+    EXPECT_EQ(file->rows->headers(), QStringList({u"a"_s, u"x,b"_s, u"secret"_s}));
+    // Where the first row is a row of values, columns are still where they were.
+    request.separator = u',';
+    request.hasHeaders = false;
+    file = read(u"a.csv"_s, contents);
+    ASSERT_TRUE(file);
+    EXPECT_FALSE(file->hasOtherColumns);
+    EXPECT_EQ(file->rows->headers(), QStringList(u"Column 1"_s));
 }

@@ -363,6 +363,101 @@ TEST_F(ImportSheetTests, ThePreviewTellsWhyThereIsNone)
     turn();
 }
 
+namespace {
+/// Leaves out a column by its header in the file.
+void leaveOut(QWidget *sheet, const QString &header)
+{
+    choose(sheet, u"columnBox"_s, header);
+    sheet->findChild<QCheckBox *>(u"storedBox"_s)->click();
+}
+
+QStringList shownHeaders(QWidget *sheet)
+{
+    const auto *const table = sheet->findChild<QTableWidget *>(u"previewTable"_s);
+    QStringList headers;
+    for (int column = 0; column < table->columnCount(); ++column)
+        headers += table->horizontalHeaderItem(column)->text().section(u'\n', 0, 0);
+    return headers;
+}
+} // namespace
+
+TEST_F(ImportSheetTests, ChoicesOutliveAPreviewThatFails)
+{
+    MainWindowController *const window = openThings();
+    tree.add(u"Pets.csv"_s, "Pet,Secret,Photo\nCat,x,\n");
+    QWidget *const sheet = openImport(window);
+    field(sheet, u"fileEdit"_s)->setText(path(u"Pets.csv"_s));
+    waitForPreview(window->importSheet());
+    leaveOut(sheet, u"Secret"_s);
+    field(sheet, u"mediaEdit"_s)->setText(u"Pho"_s);
+    waitForPreview(window->importSheet());
+    EXPECT_EQ(shownHeaders(sheet), QStringList());
+    EXPECT_EQ(sheet->findChild<QLabel *>(u"formLabel"_s)->text(), u"there is no column 'Pho'"_s);
+    // It can be taken again, and left out again.
+    EXPECT_TRUE(sheet->findChild<QCheckBox *>(u"storedBox"_s)->isEnabled());
+    EXPECT_FALSE(sheet->findChild<QCheckBox *>(u"storedBox"_s)->isChecked());
+    field(sheet, u"mediaEdit"_s)->setText(u"Photo"_s);
+    waitForPreview(window->importSheet());
+    EXPECT_EQ(shownHeaders(sheet), QStringList({u"Pet"_s, u"Photo"_s}));
+    // Another file has other columns.
+    tree.add(u"Other.csv"_s, "Pet,Age,Photo\nCat,1,\n");
+    field(sheet, u"fileEdit"_s)->setText(path(u"Other.csv"_s));
+    waitForPreview(window->importSheet());
+    EXPECT_EQ(shownHeaders(sheet), QStringList({u"Pet"_s, u"Age"_s, u"Photo"_s}));
+    window->importSheet()->endDialog();
+    turn();
+}
+
+TEST_F(ImportSheetTests, AllColumnsMayBeLeftOutForAWhile)
+{
+    MainWindowController *const window = openThings();
+    tree.add(u"Pets.csv"_s, "Pet\nCat\n");
+    QWidget *const sheet = openImport(window);
+    field(sheet, u"fileEdit"_s)->setText(path(u"Pets.csv"_s));
+    waitForPreview(window->importSheet());
+    leaveOut(sheet, u"Pet"_s);
+    waitForPreview(window->importSheet());
+    EXPECT_EQ(sheet->findChild<QLabel *>(u"formLabel"_s)->text(), u"no column is left"_s);
+    sheet->findChild<QCheckBox *>(u"storedBox"_s)->click();
+    waitForPreview(window->importSheet());
+    EXPECT_EQ(shownHeaders(sheet), QStringList(u"Pet"_s));
+    window->importSheet()->endDialog();
+    turn();
+}
+
+TEST_F(ImportSheetTests, ChoicesDoNotPassToOtherColumns)
+{
+    MainWindowController *const window = openThings();
+    tree.add(u"Pets.csv"_s, "Pet;A,X;Secret\nCat;1,2;3\n");
+    QWidget *const sheet = openImport(window);
+    field(sheet, u"fileEdit"_s)->setText(path(u"Pets.csv"_s));
+    choose(sheet, u"separatorBox"_s, u"Comma"_s);
+    waitForPreview(window->importSheet());
+    leaveOut(sheet, u"X;Secret"_s);
+    // Before the other columns are shown, nobody knows what is meant.
+    choose(sheet, u"separatorBox"_s, u"Semicolon"_s);
+    press(sheet, u"Import"_s);
+    turn();
+    EXPECT_TRUE(window->importSheet()->problem().startsWith(u"The file has other columns"))
+        << window->importSheet()->problem().toStdString();
+    waitForPreview(window->importSheet());
+    EXPECT_EQ(shownHeaders(sheet), QStringList({u"Pet"_s, u"A,X"_s, u"Secret"_s}));
+    leaveOut(sheet, u"Secret"_s);
+    // These are the same columns.
+    sheet->findChild<QCheckBox *>(u"headersBox"_s)->click();
+    waitForPreview(window->importSheet());
+    EXPECT_EQ(shownHeaders(sheet), QStringList({u"Column 1"_s, u"Column 2"_s}));
+    sheet->findChild<QCheckBox *>(u"headersBox"_s)->click();
+    waitForPreview(window->importSheet());
+    EXPECT_EQ(shownHeaders(sheet), QStringList({u"Pet"_s, u"A,X"_s}));
+    press(sheet, u"Import"_s);
+    turn();
+    EXPECT_EQ(window->importSheet()->problem(), QString());
+    window->importSummary()->endDialog();
+    turn();
+    QTest::keyClick(alertBox(), Qt::Key_Escape);
+    turn();
+}
 TEST_F(ImportSheetTests, FitsSmallScreensAndNamesItsParts)
 {
     MainWindowController *const window = openThings();

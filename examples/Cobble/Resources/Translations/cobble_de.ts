@@ -686,6 +686,10 @@
         <translation>Tabellen und Visitenkarten (*.csv *.tsv *.txt *.vcf)</translation>
     </message>
     <message>
+        <source>The file has other columns than those that you have chosen for. Please look at them and try again.</source>
+        <translation>Die Datei hat andere Spalten als die, für die Sie etwas gewählt haben. Bitte sehen Sie sie an und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
         <source>Value</source>
         <translation>Wert</translation>
     </message>

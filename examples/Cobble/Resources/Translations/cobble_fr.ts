@@ -686,6 +686,10 @@
         <translation>Tableaux et cartes de visite (*.csv *.tsv *.txt *.vcf)</translation>
     </message>
     <message>
+        <source>The file has other columns than those that you have chosen for. Please look at them and try again.</source>
+        <translation>Le fichier a d’autres colonnes que celles pour lesquelles vous avez fait des choix. Veuillez les regarder et réessayer.</translation>
+    </message>
+    <message>
         <source>Value</source>
         <translation>Valeur</translation>
     </message>

@@ -683,6 +683,10 @@
         <translation>表と連絡先カード (*.csv *.tsv *.txt *.vcf)</translation>
     </message>
     <message>
+        <source>The file has other columns than those that you have chosen for. Please look at them and try again.</source>
+        <translation>ファイルの列が、設定を選んだときの列と異なります。列を確認して、もう一度やり直してください。</translation>
+    </message>
+    <message>
         <source>Value</source>
         <translation>値</translation>
     </message>

@@ -125,7 +125,6 @@ QList<qsizetype> skippedIn(const ColumnChoices &choices)
 
 Outcome<> useChoices(const ColumnChoices &choices, RowSource *rows, ImportFile *file)
 {
-    file->fileHeaders = rows->headers();
     rows->skip(skippedIn(choices));
     if (rows->headers().isEmpty())
         return Failure{Reasons::tr("no column is left")};
@@ -137,6 +136,19 @@ Outcome<> useChoices(const ColumnChoices &choices, RowSource *rows, ImportFile *
         useChoice(choices.value(inFile), column, rows, file);
     }
     return {};
+}
+
+/// Looks at what the columns are, and at what is wanted of them.
+Outcome<> useColumns(const ImportRequest &request, RowSource *rows, ImportFile *file)
+{
+    file->columns = FileColumns::of(*rows, request.hasHeaders);
+    file->hasOtherColumns = !request.columns.isEmpty() && request.chosenFor &&
+                            !request.chosenFor->areSame(file->columns);
+    ImportRequest fitting = request;
+    if (file->hasOtherColumns)
+        fitting.columns.clear();
+    const auto choices = columnChoicesOf(fitting, rows->headers());
+    return choices ? useChoices(*choices, rows, file) : choices.failure();
 }
 
 /// Looks at media without storing them, and at nothing else.
@@ -221,9 +233,8 @@ Outcome<ImportFile> ImportFile::read(const ImportRequest &request,
     ImportFile file;
     file.media = MediaSources(QFileInfo(request.path).absolutePath());
     std::shared_ptr<RowSource> rows;
-    const Outcome<> used = useFile(request, goesOn, &file, &rows).andThen([&]() -> Outcome<> {
-        const auto choices = columnChoicesOf(request, rows->headers());
-        return choices ? useChoices(*choices, rows.get(), &file) : choices.failure();
+    const Outcome<> used = useFile(request, goesOn, &file, &rows).andThen([&] {
+        return useColumns(request, rows.get(), &file);
     });
     if (!used)
         return used.failure();

@@ -59,8 +59,10 @@ struct ImportFile
     static bool isSeparatedText(const QString &path);
 
     std::shared_ptr<const RowSource> rows;
-    /// The headers of all columns of the file, also of those that are left out.
-    QStringList fileHeaders;
+    /// All columns of the file, also those that are left out.
+    FileColumns columns;
+    /// Whether something was chosen for other columns than the file has, which does not count.
+    bool hasOtherColumns = false;
     ImportSchema schema;
     /// Which files it may bring along.
     MediaSources media;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ColumnChoice.h"
+#include "FileColumns.h"
 
 #include <KTUtility/KTDatabaseBundle>
 
@@ -25,6 +26,8 @@ struct ImportRequest
     QString locale;
     /// What is wanted of columns by their positions in the file.
     ColumnChoices columns;
+    /// The columns that these were chosen for; they do not count if the file has others.
+    std::optional<FileColumns> chosenFor;
     /// The headers of columns that are left out.
     QStringList skipped;
     /// Other headers for some.

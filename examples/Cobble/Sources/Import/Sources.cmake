@@ -3,6 +3,7 @@ target_sources(CobbleHost PRIVATE
     Sources/Import/ColumnConventions.cpp
     Sources/Import/ColumnDecision.cpp
     Sources/Import/ColumnThreads.cpp
+    Sources/Import/FileColumns.cpp
     Sources/Import/ImportColumn.h
     Sources/Import/ImportFile.cpp
     Sources/Import/ImportRequest.cpp

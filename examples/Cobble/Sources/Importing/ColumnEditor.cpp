@@ -93,19 +93,26 @@ void ColumnEditor::connectParts()
 void ColumnEditor::clear()
 {
     _choices.clear();
-    _headers.clear();
+    _columns.reset();
     _known.clear();
-    _shownColumns.clear();
-    _parts.table->clear();
-    _parts.table->setRowCount(0);
-    _parts.table->setColumnCount(0);
+    showNoRows();
     const QSignalBlocker blocker(_parts.column);
     _parts.column->clear();
     showColumn();
 }
 
+void ColumnEditor::showNoRows()
+{
+    _shownColumns.clear();
+    _parts.table->clear();
+    _parts.table->setRowCount(0);
+    _parts.table->setColumnCount(0);
+}
+
 void ColumnEditor::show(const ImportPreview &preview)
 {
+    if (preview.file.hasOtherColumns)
+        _choices.clear();
     showRows(preview);
     showColumns(preview);
     showColumn();
@@ -133,20 +140,30 @@ void ColumnEditor::showRows(const ImportPreview &preview)
 
 void ColumnEditor::showColumns(const ImportPreview &preview)
 {
+    const bool areOthers = headers() != preview.file.columns.headers;
+    _columns = preview.file.columns;
+    if (areOthers)
+        fillColumnBox();
     _shownColumns = preview.file.rows->selected();
-    _known.resize(preview.file.fileHeaders.size());
     for (qsizetype column = 0; column < _shownColumns.size(); ++column) {
         Known &known = _known[_shownColumns.at(column)];
         known.type = preview.shown.types.value(column, FieldType::Text);
         known.typeTitle = titleOfType(preview.values.columns.at(column));
     }
-    if (_headers == preview.file.fileHeaders)
-        return;
-    _headers = preview.file.fileHeaders;
+}
+
+void ColumnEditor::fillColumnBox()
+{
     const QSignalBlocker blocker(_parts.column);
+    _known = QList<Known>(headers().size());
     _parts.column->clear();
-    for (const QString &header : _headers)
+    for (const QString &header : headers())
         _parts.column->addItem(header.isEmpty() ? tr("(without a name)") : header);
+}
+
+QStringList ColumnEditor::headers() const
+{
+    return _columns ? _columns->headers : QStringList();
 }
 
 qsizetype ColumnEditor::current() const
@@ -172,7 +189,7 @@ void ColumnEditor::showColumn()
     _parts.isStored->setChecked(!choice.isSkipped);
     // What is being typed stays as it is.
     if (std::exchange(_column, current()) != current() || !_parts.header->hasFocus())
-        _parts.header->setText(choice.header.value_or(_headers.value(current())));
+        _parts.header->setText(choice.header.value_or(headers().value(current())));
     showType(choice, known);
     showConvention(choice, known);
     showCurrency(choice, known);

@@ -36,14 +36,16 @@ public:
 
     explicit ColumnEditor(const Parts &parts, QObject *parent = nullptr);
 
-    /// Shows nothing, and forgets what was chosen.
+    /// Shows nothing, and forgets what was chosen, for another file.
     void clear();
-    /// Shows what a file would become.
+    /// Shows that there is no preview. What was chosen stays, and can be chosen otherwise.
+    void showNoRows();
+    /// Shows what a file would become. What was chosen for other columns is forgotten.
     void show(const ImportPreview &preview);
     /// What was chosen.
     const ColumnChoices &choices() const { return _choices; }
-    /// Forgets what was chosen, for another file.
-    void forget() { _choices.clear(); }
+    /// The columns that it was chosen for; nothing if none are shown.
+    const std::optional<FileColumns> &columns() const { return _columns; }
 
 Q_SIGNALS:
     /// Something else was chosen.
@@ -68,11 +70,13 @@ private:
     void chooseClicked(int tableColumn);
     void change(const std::function<void(ColumnChoice &)> &change);
     void tellConvention(ColumnChoice &choice) const;
+    void fillColumnBox();
+    QStringList headers() const;
     qsizetype current() const;
 
     Parts _parts;
     ColumnChoices _choices;
-    QStringList _headers;
+    std::optional<FileColumns> _columns;
     /// The column that is shown.
     qsizetype _column = -1;
     QList<Known> _known;

@@ -70,6 +70,9 @@ Outcome<ImportResult> importInThread(Outcome<ImportFile> file, const ImportReque
         return cancelled();
     if (!file)
         return Failure{ImportSheet::tr("%1: %2").arg(request.path, file.reason())};
+    if (file->hasOtherColumns)
+        return Failure{ImportSheet::tr("The file has other columns than those that you have chosen "
+                                       "for. Please look at them and try again.")};
     file->settings.progress = [progress](qint64 row, qint64 count) {
         return progress->tell(row, count);
     };
@@ -185,6 +188,7 @@ void ImportSheet::configDialog()
     TransferSheet::configDialog();
     setFile(std::exchange(_proposed, QString()));
     resetInputs();
+    _columns->clear();
     showNothing(QString());
 }
 
@@ -213,6 +217,7 @@ ImportRequest ImportSheet::request()
     request.separator =
         CSVSeparator::fromName(outlet<QComboBox>(u"separatorBox"_s)->currentData().toString());
     request.columns = _columns->choices();
+    request.chosenFor = _columns->columns();
     request.bundle = bundle()->bundle();
     return request;
 }
@@ -222,7 +227,7 @@ ImportRequest ImportSheet::request()
 /// Another file has other columns.
 void ImportSheet::fileChanged()
 {
-    _columns->forget();
+    _columns->clear();
     inputChanged();
 }
 
@@ -246,7 +251,7 @@ void ImportSheet::showPreview()
 
 void ImportSheet::showNothing(const QString &reason)
 {
-    _columns->clear();
+    _columns->showNoRows();
     outlet<QTableWidget>(u"rejectedTable"_s)->setRowCount(0);
     outlet<QLabel>(u"rejectedLabel"_s)->setText(QString());
     outlet<QLabel>(u"formLabel"_s)->setText(reason);
@@ -323,8 +328,11 @@ Outcome<> ImportSheet::work()
     if (!goOn(0, 0))
         return cancelled();
     const Outcome<ImportResult> result = import(wanted);
-    if (!result)
+    if (!result) {
+        // The preview was given up.
+        _delay.start();
         return result.failure();
+    }
     if (KTWindowController *const host = hostWindowController())
         host->exposeObjectToDialog(QVariant::fromValue(*result), ResultKey);
     Q_EMIT imported(result->stored.library.name);
