@@ -236,3 +236,26 @@ TEST_F(OpenBundleTests, WhoFollowsAValueMayReadOtherRecords)
     EXPECT_EQ(library->text(*record, 0), u"Eve"_s);
     EXPECT_EQ(library->text(*library->record(800), 0), u"Fay"_s);
 }
+
+TEST_F(OpenBundleTests, NothingIsReadAnewUnderAnImportOrExport)
+{
+    import(u"Things.csv"_s, Things);
+    OpenBundle opened(bundle);
+    const auto library = *opened.open(u"Things"_s);
+    const LibraryStore *const store = opened.store();
+    int reloads = 0;
+    QObject::connect(&opened, &OpenBundle::librariesChanged, &opened, [&] { ++reloads; });
+    import(u"Zoo.csv"_s, "Name\nCat\n");
+    // Noticed before it begins, and to be read in the next turn.
+    opened.read([](LibraryStore &) {});
+    opened.setBusy(true);
+    turn();
+    EXPECT_EQ(reloads, 0);
+    EXPECT_EQ(opened.store(), store);
+    EXPECT_TRUE(opened.isCurrent(library));
+    opened.setBusy(false);
+    EXPECT_EQ(reloads, 1);
+    EXPECT_EQ(opened.libraries().size(), 2);
+    turn();
+    EXPECT_EQ(reloads, 1);
+}

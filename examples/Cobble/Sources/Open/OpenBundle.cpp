@@ -133,7 +133,20 @@ Outcome<> OpenBundle::beginChange()
 void OpenBundle::reloadLater()
 {
     if (!std::exchange(_willReload, true))
-        NSApplication::performOnNextTurn(this, [this] { reload(); });
+        NSApplication::performOnNextTurn(this, [this] { reloadIfFree(); });
+}
+
+/// Who imports or exports reads what would go.
+void OpenBundle::reloadIfFree()
+{
+    if (_willReload && !_isBusy)
+        reload();
+}
+
+void OpenBundle::setBusy(bool isBusy)
+{
+    _isBusy = isBusy;
+    reloadIfFree();
 }
 
 void OpenBundle::read(const std::function<void(LibraryStore &store)> &reading)

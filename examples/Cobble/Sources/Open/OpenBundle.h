@@ -45,7 +45,8 @@ public:
                         const std::function<Outcome<>(const QString &url)> &use);
     /// Whether an import or an export is on its way. Only one can be.
     bool isBusy() const { return _isBusy; }
-    void setBusy(bool isBusy) { _isBusy = isBusy; }
+    /// What another program has changed meanwhile is read when it is over.
+    void setBusy(bool isBusy);
     /// Makes changes as a step of the journal, all of them or none. If another program has written
     /// meanwhile, that is why it fails, and the libraries are read again in the next iteration of
     /// the event loop.
@@ -87,6 +88,7 @@ private:
     void follow(const StepEffect &effect);
     Outcome<> refresh(const StepEffect &effect);
     void reloadLater();
+    void reloadIfFree();
 
     KTDatabaseBundle _bundle;
     std::unique_ptr<LibraryStore> _store;
