@@ -336,3 +336,16 @@ TEST_F(ImportFileTests, ChoicesForOtherColumnsDoNotCount)
     EXPECT_FALSE(file->hasOtherColumns);
     EXPECT_EQ(file->rows->headers(), QStringList(u"Column 1"_s));
 }
+
+TEST_F(ImportFileTests, AnImportTellsItsStep)
+{
+    const auto first = read(u"a.csv"_s, "Name\nAnn\n");
+    const auto stored = first->store(request);
+    ASSERT_TRUE(stored);
+    const auto other = *read(u"b.csv"_s, "Name\nBob\n");
+    const auto next = other.store(request);
+    ASSERT_TRUE(next);
+    EXPECT_GT(stored->step, 0);
+    EXPECT_GT(next->step, stored->step);
+    EXPECT_EQ(stored->stepTitle.kind, StepKinds::Import);
+}

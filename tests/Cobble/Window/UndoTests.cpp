@@ -7,6 +7,8 @@
 #include <QPlainTextEdit>
 #include <QStatusBar>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 class UndoTests : public HostSheetTest
@@ -422,4 +424,23 @@ TEST_F(UndoTests, TextFieldsHaveTheirKeys)
         EXPECT_EQ(window->library()->recordCount(), 3);
         QTest::keyClick(field, Qt::Key_Escape);
     }
+}
+
+TEST_F(UndoTests, AnImportIsUndoneAndNotThatOfAnotherProgramBehindIt)
+{
+    MainWindowController *const window = openThings();
+    tree.add(u"Animals.csv"_s, "Name\nCat\n");
+    bool isFirst = true;
+    // It has waited for this one.
+    QObject::connect(application->bundle(), &OpenBundle::librariesChanged, window, [&] {
+        if (std::exchange(isFirst, false))
+            import(u"Zoo.csv"_s, "Name\nElk\n");
+    });
+    importThrough(window, path(u"Animals.csv"_s));
+    EXPECT_FALSE(isFirst);
+    EXPECT_EQ(title(window, "undoChange:"), u"Undo Import of “Animals”"_s);
+    window->importSummary()->endDialog();
+    turn();
+    QTest::keyClick(alertBox(), Qt::Key_Escape);
+    turn();
 }

@@ -324,5 +324,6 @@ Outcome<StoredImport> ImportFile::store(const ImportRequest &request, int patien
     const Outcome<> committed = (*transaction)->commit();
     if (!committed)
         return committed.failure();
-    return StoredImport{*values, import.storedLibrary(), import.recordCount()};
+    return StoredImport{*values, import.storedLibrary(), import.recordCount(),
+                        (*transaction)->step(), (*transaction)->stepTitle()};
 }

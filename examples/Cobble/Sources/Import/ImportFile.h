@@ -28,6 +28,9 @@ struct StoredImport
     /// With the names that it got.
     Library library;
     qint64 recordCount = 0;
+    /// What undoes it in the journal; 0 if there is nothing to undo.
+    qint64 step = 0;
+    StepTitle stepTitle;
 };
 
 /// A file that was read once, by an importer if its kind needs one, and can now be shown or stored.

@@ -200,15 +200,16 @@ Outcome<> ImportTransaction::addStep()
         return {};
     ChangeJournal journal(*_store);
     const QString name = (_created.isEmpty() ? _removed : _created).first().name;
-    const Outcome<qint64> made = journal.make(
-        {StepKinds::Import, {{StepParameters::Library, name}}}, [this](StepRecorder &step) {
-            Outcome<> noted;
-            for (const Library &library : std::as_const(_removed))
-                noted = noted.andThen([&] { return step.noteRemoved(library); });
-            for (const Library &library : std::as_const(_created))
-                noted = noted.andThen([&] { return step.noteCreated(library); });
-            return noted;
-        });
+    _stepTitle = {StepKinds::Import, {{StepParameters::Library, name}}};
+    const Outcome<qint64> made = journal.make(_stepTitle, [this](StepRecorder &step) {
+        Outcome<> noted;
+        for (const Library &library : std::as_const(_removed))
+            noted = noted.andThen([&] { return step.noteRemoved(library); });
+        for (const Library &library : std::as_const(_created))
+            noted = noted.andThen([&] { return step.noteCreated(library); });
+        return noted;
+    });
+    _step = made.valueOr(0);
     _forgottenMedia = journal.forgottenMedia();
     return made ? Outcome<>() : made.failure();
 }

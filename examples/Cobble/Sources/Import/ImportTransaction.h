@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Journal/StepTitle.h"
 #include "Library/BundleLock.h"
 #include "Library/LibraryStore.h"
 
@@ -46,6 +47,9 @@ public:
     std::optional<NSURL> storeMedia(const NSURL &url, const std::function<void()> &meanwhile = {});
     /// Writes the import as a step of the journal. If it cannot be written, nothing is.
     Outcome<> commit();
+    /// Its step once it is committed; 0 if there is nothing to undo.
+    qint64 step() const { return _step; }
+    const StepTitle &stepTitle() const { return _stepTitle; }
 
 private:
     explicit ImportTransaction(const KTDatabaseBundle &bundle);
@@ -73,6 +77,8 @@ private:
     QStringList _storedMedia;
     QList<Library> _removed;
     QList<Library> _created;
+    qint64 _step = 0;
+    StepTitle _stepTitle;
     /// What the journal no longer needs.
     QSet<QString> _forgottenMedia;
 };

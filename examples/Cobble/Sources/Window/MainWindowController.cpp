@@ -595,11 +595,10 @@ void MainWindowController::exportFile(QAction *)
 void MainWindowController::queueAfterImport(const QString &libraryName)
 {
     _application->bundle()->reload();
-    if (const auto step = _application->bundle()->lastStep();
-        step && step->title.kind == StepKinds::Import)
-        _steps.add(step->number, step->title);
     const auto result =
         exposedDialogDatasource().value(ImportSheet::ResultKey).value<ImportResult>();
+    if (result.stored.step > 0)
+        _steps.add(result.stored.step, result.stored.stepTitle);
     const qsizetype count = result.stored.recordCount;
     addDialogControllerToQueue(&_importSummary);
     if (!_library || _library->definition().name != libraryName)
