@@ -418,3 +418,13 @@ TEST(ImportCommand, FilesMayHaveNoHeaders)
     EXPECT_TRUE(result.output.contains(u"1  Column 1"));
     EXPECT_TRUE(result.output.contains(u"2  Column 2"));
 }
+
+TEST(ImportCommand, SaysHowManyMoreAreNotRead)
+{
+    const CommandResult result =
+        importTyped("When\n" + QByteArray("x\n").repeated(10'007), {u"--type"_s, u"When=date"_s});
+    EXPECT_EQ(result.exitCode, 0);
+    const QStringList listed = tableIn(result.output, u"Column name  Text"_s);
+    ASSERT_EQ(listed.size(), 10'001);
+    EXPECT_EQ(listed.constLast(), u"and 7 more, which are not listed"_s);
+}

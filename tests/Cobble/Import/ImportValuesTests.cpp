@@ -143,3 +143,25 @@ TEST(ImportValues, ATypeThatIsToldKeepsTheCurrencyThatIsFound)
     settings.types = {{0, FieldType::Text}};
     EXPECT_EQ(ImportValues::of(rows, settings)->columns[0].typeName, u"text");
 }
+
+TEST(ImportValues, ListOnlyTheFirstThatAreNotRead)
+{
+    const auto valuesOfDates = [](const QString &value, qsizetype count) {
+        ImportValues::Settings settings;
+        settings.types = {{0, FieldType::Date}};
+        const QString line = value + u'\n';
+        return *ImportValues::of(*SeparatedText::read(u"a\n"_s + line.repeated(count)), settings);
+    };
+    constexpr qsizetype Count = ImportValues::MostListed + 500;
+    const ImportValues many = valuesOfDates(u"x"_s, Count);
+    EXPECT_EQ(many.columns.at(0).unread, Count);
+    EXPECT_EQ(many.unreadCount(), Count);
+    ASSERT_EQ(many.unread.size(), ImportValues::MostListed);
+    EXPECT_EQ(many.unlistedCount(), 500);
+    EXPECT_EQ(many.unread.constLast().row, ImportValues::MostListed);
+    // Fewer where they are long.
+    const ImportValues huge = valuesOfDates(QString(100'000, u'x'), 200);
+    EXPECT_EQ(huge.unreadCount(), 200);
+    EXPECT_LT(huge.unread.size(), 200);
+    EXPECT_GT(huge.unread.size(), 100);
+}

@@ -458,6 +458,29 @@ TEST_F(ImportSheetTests, ChoicesDoNotPassToOtherColumns)
     QTest::keyClick(alertBox(), Qt::Key_Escape);
     turn();
 }
+
+TEST_F(ImportSheetTests, ManyValuesThatAreNotReadAreCounted)
+{
+    MainWindowController *const window = openThings();
+    tree.add(u"Dates.csv"_s, "When\n" + QByteArray("x\n").repeated(10'007));
+    QWidget *const sheet = openImport(window);
+    field(sheet, u"fileEdit"_s)->setText(path(u"Dates.csv"_s));
+    waitForPreview(window->importSheet());
+    choose(sheet, u"columnBox"_s, u"When"_s);
+    choose(sheet, u"typeBox"_s, u"Date"_s);
+    waitForPreview(window->importSheet());
+    EXPECT_TRUE(sheet->findChild<QLabel *>(u"rejectedLabel"_s)->text().endsWith(u"10,007"));
+    press(sheet, u"Import"_s);
+    turn();
+    const auto *const unread =
+        window->importSummary()->window()->findChild<QTableWidget *>(u"unreadTable"_s);
+    EXPECT_EQ(unread->item(unread->rowCount() - 1, 2)->text(), u"9,007 more"_s);
+    window->importSummary()->endDialog();
+    turn();
+    QTest::keyClick(alertBox(), Qt::Key_Escape);
+    turn();
+}
+
 TEST_F(ImportSheetTests, FitsSmallScreensAndNamesItsParts)
 {
     MainWindowController *const window = openThings();

@@ -91,6 +91,8 @@ void printUnread(const QList<ImportColumn> &columns, const ImportValues &values,
         table.addRow({QString::number(unread.row), columns.at(unread.column).columnName,
                       unread.text, unread.reason});
     table.print(out);
+    if (values.unlistedCount() > 0)
+        out << u"and %1 more, which are not listed\n"_s.arg(values.unlistedCount());
 }
 } // namespace
 

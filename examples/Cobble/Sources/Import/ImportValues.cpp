@@ -5,12 +5,16 @@
 #include "TypeInference.h"
 
 #include <algorithm>
+#include <numeric>
 #include <vector>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 using Readers = std::vector<std::unique_ptr<FieldReader>>;
+
+/// So much of values that are not read is listed, in UTF-16 units.
+constexpr qsizetype MostListedText = qsizetype(1) << 24;
 
 bool areComplete(const std::vector<TypeInference> &inferences)
 {
@@ -240,9 +244,19 @@ private:
         size_t &next = _unreadSoFar[column];
         if (next == part.unread.size() || part.unread[next].row != row)
             return;
-        _values.unread.append({batch.number(row), qsizetype(column),
-                               batch.field(row, qsizetype(column)), part.unread[next].reason});
+        if (listsMore())
+            list({batch.number(row), qsizetype(column), batch.field(row, qsizetype(column)),
+                  part.unread[next].reason});
         ++next;
+    }
+    bool listsMore() const
+    {
+        return _values.unread.size() < ImportValues::MostListed && _listedText < MostListedText;
+    }
+    void list(const ImportValues::Unread &unread)
+    {
+        _listedText += unread.text.size();
+        _values.unread.append(unread);
     }
     void storeMedia(qint64 row, qsizetype column, QVariant *value)
     {
@@ -254,14 +268,16 @@ private:
         ++(stored ? counts.read : counts.unread);
         if (stored)
             *value = *stored;
-        else
-            _values.unread.append({row, column, text, stored.reason()});
+        else if (listsMore())
+            list({row, column, text, stored.reason()});
     }
 
     const Readers &_readers;
     ImportSink *_sink;
     ImportValues _values;
     Outcome<> _outcome;
+    /// The length of the values that are listed.
+    qsizetype _listedText = 0;
     /// How many of the unread fields of each column of a batch are noted.
     std::vector<size_t> _unreadSoFar;
 };
@@ -290,6 +306,12 @@ Outcome<> readValues(const RowSource &rows, const ImportValues::Settings &settin
             useRows);
 }
 } // namespace
+
+qint64 ImportValues::unreadCount() const
+{
+    return std::accumulate(columns.begin(), columns.end(), qint64(0),
+                           [](qint64 sum, const Column &column) { return sum + column.unread; });
+}
 
 Outcome<ImportValues> ImportValues::of(const RowSource &rows, const Settings &settings)
 {

@@ -74,6 +74,15 @@ struct ImportValues
     static Outcome<ImportValues> of(const RowSource &rows, const Settings &settings);
     static Outcome<ImportValues> of(const RowSource &rows) { return of(rows, Settings()); }
 
+    /// So many values that are not read are listed, unless they are long.
+    static constexpr qsizetype MostListed = 10'000;
+
+    /// How many values were not read, also those that are not listed.
+    qint64 unreadCount() const;
+    /// Of these, how many are not listed.
+    qint64 unlistedCount() const { return unreadCount() - unread.size(); }
+
     QList<Column> columns;
+    /// The first values that were not read.
     QList<Unread> unread;
 };

@@ -1,5 +1,6 @@
 #include "ImportSheet.h"
 
+#include "Appearance/Counts.h"
 #include "Importing/WorkThread.h"
 #include "Text/CSVReader.h"
 #include "Text/CSVSeparator.h"
@@ -295,7 +296,7 @@ void ImportSheet::showRejected(const ImportPreview &preview)
         ->setText(unread.isEmpty()
                       ? tr("All values can be read.")
                       : tr("Values that cannot be read, and would be kept as typed: %1")
-                            .arg(unread.size()));
+                            .arg(Counts::number(preview.values.unreadCount())));
 }
 
 // --- Import

@@ -88,15 +88,15 @@ void ImportSummary::showColumns(const ImportResult &result)
 
 void ImportSummary::showUnread(const ImportResult &result)
 {
-    const QList<ImportValues::Unread> &unread = result.stored.values.unread;
+    const ImportValues &values = result.stored.values;
+    const QList<ImportValues::Unread> unread = values.unread.mid(0, MostShown);
     auto *const table = outlet<QTableWidget>(u"unreadTable"_s);
     beginTable(table, {tr("Row"), tr("Column"), tr("Value"), tr("Why")});
-    for (const ImportValues::Unread &value : unread.first(qMin(unread.size(), MostShown)))
+    for (const ImportValues::Unread &value : unread)
         addRow(table, {Counts::number(value.row), titleOf(result.schema.columns.at(value.column)),
                        ShortText::firstLine(value.text), value.reason});
-    if (unread.size() > MostShown)
-        addRow(table, {u"…"_s, QString(),
-                       tr("%1 more").arg(Counts::number(unread.size() - MostShown)), QString()});
+    if (const qint64 others = values.unreadCount() - unread.size(); others > 0)
+        addRow(table, {u"…"_s, QString(), tr("%1 more").arg(Counts::number(others)), QString()});
     table->resizeColumnsToContents();
     table->setVisible(!unread.isEmpty());
     outlet<QLabel>(u"unreadLabel"_s)->setVisible(!unread.isEmpty());
