@@ -2,6 +2,8 @@
 
 #include "Import/SeparatedText.h"
 
+#include "support/NoThreads.h"
+
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -144,4 +146,23 @@ TEST(ColumnThreads, NoRowsAreNoWork)
         EXPECT_TRUE(ColumnThreads(count).run(
             rows, 1, textsOf,
             [](const RowBatch &, const std::vector<ColumnPart> &) { return false; }));
+}
+
+TEST(ColumnThreads, WorkAloneWhereNoThreadStarts)
+{
+    const testing_support::NoThreads none;
+    const std::thread::id here = std::this_thread::get_id();
+    bool isHere = true;
+    qint64 last = 0;
+    const auto look = [&](const RowBatch &batch, qsizetype column) {
+        isHere = isHere && std::this_thread::get_id() == here;
+        return textsOf(batch, column);
+    };
+    EXPECT_TRUE(ColumnThreads(4).run(manyRows(), ColumnCount, look,
+                                     [&](const RowBatch &batch, const std::vector<ColumnPart> &) {
+                                         last = batch.number(batch.rowCount() - 1);
+                                         return true;
+                                     }));
+    EXPECT_TRUE(isHere);
+    EXPECT_EQ(last, RowCount);
 }

@@ -3,6 +3,7 @@
 #include "Journal/ChangeJournal.h"
 
 #include "support/FileTree.h"
+#include "support/NoThreads.h"
 #include "support/TestSupport.h"
 
 #include <QElapsedTimer>
@@ -190,6 +191,18 @@ TEST_F(ImportTransactionTests, ALargeFileIsCopiedWhileOthersAreCalled)
         import->storeMedia(*NSURL::fileURLWithPath(tree.path(u"large.mov"_s)), count);
     ASSERT_TRUE(stored);
     EXPECT_GE(calls, 1);
+    EXPECT_EQ(QFileInfo(bundle.filePathFromMediaUrl(*stored)).size(), qint64(8) << 20);
+}
+
+TEST_F(ImportTransactionTests, ALargeFileIsCopiedWhereNoThreadStarts)
+{
+    QFile large(tree.path(u"large.mov"_s));
+    ASSERT_TRUE(large.open(QIODevice::WriteOnly) && large.resize(qint64(8) << 20));
+    const auto import = begin();
+    const testing_support::NoThreads none;
+    const auto stored =
+        import->storeMedia(*NSURL::fileURLWithPath(tree.path(u"large.mov"_s)), [] {});
+    ASSERT_TRUE(stored);
     EXPECT_EQ(QFileInfo(bundle.filePathFromMediaUrl(*stored)).size(), qint64(8) << 20);
 }
 

@@ -1,6 +1,7 @@
 #include "Importing/ImportPreviewer.h"
 
 #include "support/FileTree.h"
+#include "support/NoThreads.h"
 #include "support/TestSupport.h"
 
 #include <QSignalSpy>
@@ -87,4 +88,18 @@ TEST_F(ImportPreviewerTests, MayGoWhileItWorks)
     }
     QCoreApplication::processEvents();
     EXPECT_EQ(headers + reasons, QStringList());
+}
+
+TEST_F(ImportPreviewerTests, TellsThatNoThreadStarts)
+{
+    {
+        const testing_support::NoThreads none;
+        previewer.show(requestFor(u"a.csv"_s, "a\n1\n"));
+        EXPECT_FALSE(previewer.isBusy());
+    }
+    ASSERT_EQ(reasons.size(), 1);
+    EXPECT_FALSE(reasons.first().isEmpty());
+    previewer.show(requestFor(u"b.csv"_s, "b\n1\n"));
+    wait();
+    EXPECT_EQ(headers, QStringList(u"b"_s));
 }

@@ -195,15 +195,21 @@ Outcome<> Crew::outcome() const
     return _outcome;
 }
 
-/// Threads that end with this, whatever happens.
+/// Threads that end with this, whatever happens; as many as can be started, maybe none.
 class Threads
 {
 public:
     Threads(Crew &crew, int count) : _crew(crew)
     {
-        for (int thread = 0; thread < count; ++thread)
-            _threads.emplace_back([&crew] { crew.work(); });
+        _threads.reserve(size_t(count));
+        try {
+            for (int thread = 0; thread < count; ++thread)
+                _threads.emplace_back([&crew] { crew.work(); });
+        } catch (const std::exception &) {
+            // Those that there are do the work, too.
+        }
     }
+    bool isEmpty() const { return _threads.empty(); }
     ~Threads()
     {
         _crew.stop();
@@ -243,6 +249,8 @@ Outcome<> ColumnThreads::run(const RowSource &rows, qsizetype columnCount, const
     Crew crew(rows, columnCount, onColumn, BatchesPerThread * size_t(_count));
     {
         const Threads threads(crew, _count);
+        if (threads.isEmpty())
+            return runAlone(rows, columnCount, onColumn, onBatch);
         crew.handOver(onBatch);
     }
     return crew.outcome();

@@ -18,6 +18,7 @@
 #include <chrono>
 #include <filesystem>
 #include <future>
+#include <system_error>
 
 using namespace Qt::StringLiterals;
 
@@ -42,6 +43,17 @@ QString expectedURL(const KTDatabaseBundle &bundle, const NSURL &url)
            NSString::stringByAddingPercentEscapes(bundle.fileNameWithMediaInstanceNumber(name));
 }
 
+/// Begins to store a file in a thread of its own; where none starts, it is stored when it is asked for.
+std::future<std::optional<NSURL>> beginToStore(const KTDatabaseBundle &bundle, const NSURL &url)
+{
+    const auto store = [&bundle, &url] { return bundle.storeFileFromURL(url); };
+    try {
+        return std::async(std::launch::async, store);
+    } catch (const std::system_error &) {
+        return std::async(std::launch::deferred, store);
+    }
+}
+
 /// Stores a file; a large one in a thread of its own.
 std::optional<NSURL> storeFile(const KTDatabaseBundle &bundle, const NSURL &url,
                                const std::function<void()> &meanwhile)
@@ -49,11 +61,10 @@ std::optional<NSURL> storeFile(const KTDatabaseBundle &bundle, const NSURL &url,
     const bool isLarge = url.isFileURL() && QFileInfo(url.path()).size() >= LargeFile;
     if (!isLarge || !meanwhile)
         return bundle.storeFileFromURL(url);
-    auto stored =
-        std::async(std::launch::async, [&bundle, &url] { return bundle.storeFileFromURL(url); });
+    auto stored = beginToStore(bundle, url);
     do {
         meanwhile();
-    } while (stored.wait_for(std::chrono::milliseconds(40)) != std::future_status::ready);
+    } while (stored.wait_for(std::chrono::milliseconds(40)) == std::future_status::timeout);
     return stored.get();
 }
 } // namespace

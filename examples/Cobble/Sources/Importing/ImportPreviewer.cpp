@@ -1,6 +1,7 @@
 #include "ImportPreviewer.h"
 
 #include <exception>
+#include <system_error>
 
 namespace {
 using Make = std::function<Outcome<ImportPreview>(const std::function<bool()> &goesOn)>;
@@ -66,11 +67,16 @@ void ImportPreviewer::startWithCards(const ImportRequest &request)
 void ImportPreviewer::startWith(const Make &make)
 {
     _goesOn = true;
-    _thread = std::thread([this, make] {
-        const auto preview = madeSafely(make, [this] { return _goesOn.load(); });
-        QMetaObject::invokeMethod(
-            this, [this, preview] { finish(preview); }, Qt::QueuedConnection);
-    });
+    try {
+        _thread = std::thread([this, make] {
+            const auto preview = madeSafely(make, [this] { return _goesOn.load(); });
+            QMetaObject::invokeMethod(
+                this, [this, preview] { finish(preview); }, Qt::QueuedConnection);
+        });
+    } catch (const std::system_error &failure) {
+        _goesOn = false;
+        Q_EMIT failed(QString::fromLocal8Bit(failure.what()));
+    }
 }
 
 void ImportPreviewer::finish(const Outcome<ImportPreview> &preview)
