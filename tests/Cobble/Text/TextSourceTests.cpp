@@ -147,3 +147,17 @@ TEST_F(TextSourceTests, APipeIsReadAsOftenAsItTakes)
     EXPECT_EQ(*textOf(*source), u"a,b\n1,2\n"_s);
     EXPECT_EQ(*textOf(*source), u"a,b\n1,2\n"_s);
 }
+
+TEST_F(TextSourceTests, AMarkIsNotContradicted)
+{
+    const QByteArray marked = "\xef\xbb\xbf"
+                              "a";
+    const QByteArray wide("\xff\xfe"
+                          "a\0",
+                          4);
+    EXPECT_EQ(open(marked, u"windows-1252"_s).reason(),
+              u"the file is marked as UTF-8, not windows-1252"_s);
+    EXPECT_EQ(open(wide, u"UTF-8"_s).reason(), u"the file is marked as UTF-16LE, not UTF-8"_s);
+    EXPECT_EQ(*textOf(*open(marked, u"UTF-8"_s)), u"a"_s);
+    EXPECT_EQ(*textOf(*open(wide, u"UTF-16LE"_s)), u"a"_s);
+}

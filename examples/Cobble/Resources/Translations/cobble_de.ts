@@ -1535,6 +1535,10 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
         <translation>Die Datei ist leer</translation>
     </message>
     <message>
+        <source>the file is marked as %1, not %2</source>
+        <translation>Die Datei ist als %1 gekennzeichnet, nicht als %2</translation>
+    </message>
+    <message>
         <source>the file was changed while it was read</source>
         <translation>die Datei wurde beim Lesen geändert</translation>
     </message>

@@ -1535,6 +1535,10 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
         <translation>Le fichier est vide</translation>
     </message>
     <message>
+        <source>the file is marked as %1, not %2</source>
+        <translation>Le fichier est marqué comme %1, pas comme %2</translation>
+    </message>
+    <message>
         <source>the file was changed while it was read</source>
         <translation>le fichier a été modifié pendant sa lecture</translation>
     </message>

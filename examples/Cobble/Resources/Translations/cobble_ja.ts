@@ -1525,6 +1525,10 @@ File ▸ Import… makes one of a table or of address cards.</source>
         <translation>ファイルが空です</translation>
     </message>
     <message>
+        <source>the file is marked as %1, not %2</source>
+        <translation>ファイルの印は%2ではなく%1を示しています</translation>
+    </message>
+    <message>
         <source>the file was changed while it was read</source>
         <translation>読み込み中にファイルが変更されました</translation>
     </message>

@@ -118,10 +118,12 @@ Outcome<> TextSource::findEncoding(const QString &asked)
     const EncodingMark mark = markIn(file.read(3));
     if (file.error() != QFileDevice::NoError)
         return Failure{file.errorString()};
+    const bool isMarked = !mark.encoding.isNull();
     const bool isTold = !asked.isNull() && asked != TextEncodings::Automatic;
-    const QString found = mark.encoding.isNull() ? u"UTF-8"_s : mark.encoding;
-    _file.encoding = isTold ? asked : found;
-    _file.markLength = _file.encoding == mark.encoding ? mark.bytes.size() : 0;
+    if (isMarked && isTold && asked != mark.encoding)
+        return Failure{Reasons::tr("the file is marked as %1, not %2").arg(mark.encoding, asked)};
+    _file.encoding = isTold ? asked : isMarked ? mark.encoding : u"UTF-8"_s;
+    _file.markLength = mark.bytes.size();
     if (_file.identity.size == _file.markLength)
         return Failure{Reasons::tr("the file is empty")};
     return asked == TextEncodings::Automatic && mark.encoding.isNull() ? guessEncoding()
