@@ -6,6 +6,8 @@
 
 #include <QSignalSpy>
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 using testing_support::FileTree;
 
@@ -102,4 +104,17 @@ TEST_F(ImportPreviewerTests, TellsThatNoThreadStarts)
     previewer.show(requestFor(u"b.csv"_s, "b\n1\n"));
     wait();
     EXPECT_EQ(headers, QStringList(u"b"_s));
+}
+
+TEST_F(ImportPreviewerTests, NobodyWaitsForAPipe)
+{
+    for (const QString &name : {u"pipe.csv"_s, u"pipe.vcf"_s, u"pipe"_s}) {
+        ImportRequest request = requestFor(u"a.csv"_s, "a\n1\n");
+        request.path = tree.path(name);
+        request.takesPipes = false;
+        ASSERT_EQ(::mkfifo(request.path.toLocal8Bit().constData(), 0600), 0);
+        previewer.show(request);
+        wait();
+    }
+    EXPECT_EQ(reasons, QStringList(3, u"is a pipe or a device, not a file"_s));
 }

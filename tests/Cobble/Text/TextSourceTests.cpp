@@ -161,3 +161,28 @@ TEST_F(TextSourceTests, AMarkIsNotContradicted)
     EXPECT_EQ(*textOf(*open(marked, u"UTF-8"_s)), u"a"_s);
     EXPECT_EQ(*textOf(*open(wide, u"UTF-16LE"_s)), u"a"_s);
 }
+
+TEST_F(TextSourceTests, GuessingIsGivenUp)
+{
+    const QByteArray text = QByteArray("0123456\n").repeated(1 << 18);
+    for (const QByteArray &bytes : {text, QByteArray("Stra\xdf" + text)}) {
+        tree.add(u"text.csv"_s, bytes);
+        for (const int most : {0, 1}) {
+            int asked = 0;
+            const Outcome<TextSource> source = TextSource::ofFile(
+                tree.path(u"text.csv"_s), TextEncodings::Automatic, [&] { return asked++ < most; });
+            EXPECT_TRUE(source.isCancelled());
+            EXPECT_EQ(asked, most + 1);
+        }
+    }
+}
+
+TEST_F(TextSourceTests, APipeIsGivenUp)
+{
+    const QString path = tree.path(u"pipe"_s);
+    ASSERT_EQ(::mkfifo(path.toLocal8Bit().constData(), 0600), 0);
+    std::thread writer([&] { testing_support::writeFile(path, "a,b\n1,2\n"); });
+    const Outcome<TextSource> source = TextSource::ofFile(path, {}, [] { return false; });
+    writer.join();
+    EXPECT_TRUE(source.isCancelled());
+}

@@ -10,6 +10,8 @@
 #include <QProgressBar>
 #include <QTableWidget>
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 using ImportSheetTests = HostSheetTest;
@@ -456,6 +458,20 @@ TEST_F(ImportSheetTests, ChoicesDoNotPassToOtherColumns)
     window->importSummary()->endDialog();
     turn();
     QTest::keyClick(alertBox(), Qt::Key_Escape);
+    turn();
+}
+
+
+TEST_F(ImportSheetTests, APipeIsNotWaitedFor)
+{
+    MainWindowController *const window = openThings();
+    ASSERT_EQ(::mkfifo(path(u"pipe.csv"_s).toLocal8Bit().constData(), 0600), 0);
+    QWidget *const sheet = openImport(window);
+    field(sheet, u"fileEdit"_s)->setText(path(u"pipe.csv"_s));
+    press(sheet, u"Import"_s);
+    turn();
+    EXPECT_TRUE(window->importSheet()->problem().contains(u"is a pipe or a device"));
+    window->importSheet()->endDialog();
     turn();
 }
 

@@ -1335,6 +1335,10 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
         <translation>Das ist ein Ordner, keine Datei</translation>
     </message>
     <message>
+        <source>is a pipe or a device, not a file</source>
+        <translation>Das ist eine Pipe oder ein Gerät, keine Datei</translation>
+    </message>
+    <message>
         <source>it asked for a field that there is not: %1</source>
         <translation>Er fragte nach einem Feld, das es nicht gibt: %1</translation>
     </message>

@@ -1335,6 +1335,10 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
         <translation>C’est un dossier, pas un fichier</translation>
     </message>
     <message>
+        <source>is a pipe or a device, not a file</source>
+        <translation>C’est un tube ou un périphérique, pas un fichier</translation>
+    </message>
+    <message>
         <source>it asked for a field that there is not: %1</source>
         <translation>Il a demandé un champ qui n’existe pas : %1</translation>
     </message>

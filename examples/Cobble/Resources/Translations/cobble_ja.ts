@@ -1325,6 +1325,10 @@ File ▸ Import… makes one of a table or of address cards.</source>
         <translation>ファイルではなくフォルダです</translation>
     </message>
     <message>
+        <source>is a pipe or a device, not a file</source>
+        <translation>ファイルではなくパイプまたはデバイスです</translation>
+    </message>
+    <message>
         <source>it asked for a field that there is not: %1</source>
         <translation>存在しないフィールドが求められました: %1</translation>
     </message>

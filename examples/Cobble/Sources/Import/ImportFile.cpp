@@ -12,8 +12,10 @@
 #include <KTUtility/KTCurrencyFormatter>
 #include <KTUtility/NSFileManager>
 
+#include <QFile>
 #include <QFileInfo>
 
+#include <filesystem>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -65,7 +67,7 @@ Outcome<> useTable(const CobbleTable &table, ImportFile *file, std::shared_ptr<R
 Outcome<> useText(const ImportRequest &request, const std::function<bool()> &goesOn,
                   std::shared_ptr<RowSource> *rows)
 {
-    const Outcome<TextSource> text = TextSource::ofFile(request.path, request.encoding);
+    const Outcome<TextSource> text = TextSource::ofFile(request.path, request.encoding, goesOn);
     if (!text)
         return text.failure();
     return useRowsOf(SeparatedText::read(*text, {request.separator, request.hasHeaders}, goesOn),
@@ -98,6 +100,20 @@ Outcome<> useFile(const ImportRequest &request, const std::function<bool()> &goe
         return Failure{missing.join(u"; "_s)};
     return importer ? useImporter(plugIns, *importer, request, file, rows)
                     : useText(request, goesOn, rows);
+}
+
+/// Whether nobody has to write what is read.
+Outcome<> checkPlain(const ImportRequest &request)
+{
+    using std::filesystem::file_type;
+    if (request.takesPipes)
+        return {};
+    std::error_code error;
+    const std::string path = QFile::encodeName(request.path).toStdString();
+    const file_type type = std::filesystem::status(path, error).type();
+    const bool isEndless = type == file_type::fifo || type == file_type::character ||
+                           type == file_type::block || type == file_type::socket;
+    return isEndless ? Failure{Reasons::tr("is a pipe or a device, not a file")} : Outcome<>();
 }
 
 /// What is known of a column that is wanted.
@@ -233,9 +249,9 @@ Outcome<ImportFile> ImportFile::read(const ImportRequest &request,
     ImportFile file;
     file.media = MediaSources(QFileInfo(request.path).absolutePath());
     std::shared_ptr<RowSource> rows;
-    const Outcome<> used = useFile(request, goesOn, &file, &rows).andThen([&] {
-        return useColumns(request, rows.get(), &file);
-    });
+    const Outcome<> used = checkPlain(request)
+                               .andThen([&] { return useFile(request, goesOn, &file, &rows); })
+                               .andThen([&] { return useColumns(request, rows.get(), &file); });
     if (!used)
         return used.failure();
     file.rows = rows;

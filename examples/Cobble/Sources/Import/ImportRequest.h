@@ -18,6 +18,8 @@ struct ImportRequest
     QString path;
     QString libraryName;
     std::optional<QChar> separator;
+    /// Whether the file may be a pipe or a device, at which whoever reads waits for whoever writes.
+    bool takesPipes = true;
     /// What the file is encoded in; see TextSource::ofFile().
     QString encoding;
     /// Whether its first row holds the headers.

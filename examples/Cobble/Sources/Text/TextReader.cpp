@@ -142,6 +142,8 @@ Failure TextReader::notInEncoding() const
     for (bool isLast = false; !isLast;) {
         const QByteArray bytes = file.read(BlockSize);
         isLast = bytes.isEmpty();
+        if (_goesOn && !_goesOn())
+            return {Reasons::tr("it was cancelled"), true};
         if (holdsNul(bytes, isUtf16(_source->encoding)))
             return notText();
         QString text;

@@ -4,6 +4,7 @@
 
 #include <QFile>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -49,6 +50,10 @@ public:
     /// is no text in its encoding, with the number of the line.
     Outcome<bool> readMore(QString *text, qint64 size = BlockSize);
 
+    /// \param goesOn is asked while a file is looked through for why it is no text in its encoding; then
+    /// the reader fails as cancelled.
+    void setGoesOn(const std::function<bool()> &goesOn) { _goesOn = goesOn; }
+
     /// Why something is no text at all.
     static Failure notText();
 
@@ -65,4 +70,5 @@ private:
     std::unique_ptr<QFile> _file;
     std::unique_ptr<TextDecoder> _decoder;
     bool _isAtEnd = false;
+    std::function<bool()> _goesOn;
 };

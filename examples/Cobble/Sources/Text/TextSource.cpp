@@ -14,6 +14,8 @@ namespace {
 constexpr qint64 ChunkSize = 1 << 20;
 /// So many bytes are enough to guess by.
 constexpr qsizetype SampleSize = 1 << 16;
+/// So many lines are read until it is asked whether to go on.
+constexpr qint64 LinesPerQuestion = 4096;
 
 struct EncodingMark
 {
@@ -38,11 +40,23 @@ bool isPlain(QByteArrayView line)
     return std::all_of(line.begin(), line.end(), [](char byte) { return byte >= 0; });
 }
 
+Failure notWanted()
+{
+    return {Reasons::tr("it was cancelled"), true};
+}
+
+bool mayGoOn(const std::function<bool()> &goesOn)
+{
+    return !goesOn || goesOn();
+}
+
 /// The lines that are no ASCII, which tell encodings from each other.
-QByteArray tellingLinesIn(QFile &file)
+QByteArray tellingLinesIn(QFile &file, const std::function<bool()> &goesOn)
 {
     QByteArray lines;
-    while (lines.size() < SampleSize) {
+    for (qint64 count = 1; lines.size() < SampleSize; ++count) {
+        if (count % LinesPerQuestion == 0 && !mayGoOn(goesOn))
+            break;
         const QByteArray line = file.readLine(SampleSize);
         if (line.isEmpty())
             break;
@@ -73,16 +87,17 @@ bool isPlainFile(const QFile &file)
 }
 } // namespace
 
-Outcome<TextSource> TextSource::ofFile(const QString &path, const QString &encoding)
+Outcome<TextSource> TextSource::ofFile(const QString &path, const QString &encoding,
+                                       const GoesOn &goesOn)
 {
     TextSource source;
-    const Outcome<> used = source.useFile(path, encoding);
+    const Outcome<> used = source.useFile(path, encoding, goesOn);
     if (!used)
         return used.failure();
     return source;
 }
 
-Outcome<> TextSource::useFile(const QString &path, const QString &encoding)
+Outcome<> TextSource::useFile(const QString &path, const QString &encoding, const GoesOn &goesOn)
 {
     if (QFileInfo(path).isDir())
         return Failure{Reasons::tr("is a folder, not a file")};
@@ -91,17 +106,19 @@ Outcome<> TextSource::useFile(const QString &path, const QString &encoding)
         return Failure{file.errorString()};
     _file.path = path;
     _file.identity = TextReader::Identity::of(file);
-    const Outcome<> copied = isPlainFile(file) ? Outcome<>() : copy(file);
-    return copied.andThen([&] { return findEncoding(encoding); });
+    const Outcome<> copied = isPlainFile(file) ? Outcome<>() : copy(file, goesOn);
+    return copied.andThen([&] { return findEncoding(encoding, goesOn); });
 }
 
-Outcome<> TextSource::copy(QFile &file)
+Outcome<> TextSource::copy(QFile &file, const GoesOn &goesOn)
 {
     _copy = std::make_shared<QTemporaryFile>();
     if (!_copy->open())
         return Failure{_copy->errorString()};
     Outcome<> outcome;
     while (!hasBeenReadTo(file, *_copy, &outcome)) {
+        if (!mayGoOn(goesOn))
+            return notWanted();
     }
     if (outcome && !_copy->flush())
         return Failure{_copy->errorString()};
@@ -110,7 +127,7 @@ Outcome<> TextSource::copy(QFile &file)
     return outcome;
 }
 
-Outcome<> TextSource::findEncoding(const QString &asked)
+Outcome<> TextSource::findEncoding(const QString &asked, const GoesOn &goesOn)
 {
     QFile file(_file.path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
@@ -126,23 +143,30 @@ Outcome<> TextSource::findEncoding(const QString &asked)
     _file.markLength = mark.bytes.size();
     if (_file.identity.size == _file.markLength)
         return Failure{Reasons::tr("the file is empty")};
-    return asked == TextEncodings::Automatic && mark.encoding.isNull() ? guessEncoding()
-                                                                       : Outcome<>();
+    return asked == TextEncodings::Automatic && !isMarked ? guessEncoding(goesOn) : Outcome<>();
+}
+
+/// Reads all of a text.
+Outcome<bool> TextSource::readThrough(const GoesOn &goesOn) const
+{
+    TextReader whole = reader();
+    whole.setGoesOn(goesOn);
+    Outcome<bool> isRead = true;
+    for (QString text; isRead && *isRead; text.resize(0))
+        isRead = mayGoOn(goesOn) ? whole.readMore(&text, ChunkSize) : notWanted();
+    return isRead;
 }
 
 /// Guesses only for what is no UTF-8.
-Outcome<> TextSource::guessEncoding()
+Outcome<> TextSource::guessEncoding(const GoesOn &goesOn)
 {
-    TextReader whole = reader();
-    Outcome<bool> isRead = true;
-    for (QString text; isRead && *isRead; text.resize(0))
-        isRead = whole.readMore(&text, ChunkSize);
-    if (isRead)
-        return {};
+    const Outcome<bool> isRead = readThrough(goesOn);
+    if (isRead || isRead.isCancelled())
+        return isRead ? Outcome<>() : isRead.failure();
     QFile file(_file.path);
     if (!file.open(QIODevice::ReadOnly))
         return Failure{file.errorString()};
-    const QByteArray lines = tellingLinesIn(file);
+    const QByteArray lines = tellingLinesIn(file, goesOn);
     file.seek(0);
     const QByteArray beginning = file.read(SampleSize);
     const bool hasZeros = beginning.contains('\0');

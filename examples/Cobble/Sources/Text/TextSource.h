@@ -3,6 +3,7 @@
 #include "Outcome.h"
 #include "TextReader.h"
 
+#include <functional>
 #include <memory>
 
 class QTemporaryFile;
@@ -31,8 +32,11 @@ public:
     /// Opens a file. It fails where the file is missing, a folder, unreadable or empty; the reason does
     /// not name the file.
     /// \param encoding one of TextEncodings::names(); nil for UTF-8 with or without a byte order mark,
-    /// or UTF-16 with one; TextEncodings::Automatic to guess where it is none of these.
-    static Outcome<TextSource> ofFile(const QString &path, const QString &encoding = {});
+    /// or UTF-16 with one; TextEncodings::Automatic to guess where it is none of these. A file that
+    /// is marked as something else is an error.
+    /// \param goesOn is asked now and then, where the whole file has to be read; may be empty.
+    static Outcome<TextSource> ofFile(const QString &path, const QString &encoding = {},
+                                      const std::function<bool()> &goesOn = {});
 
     /// The encoding, one of TextEncodings::names(); nil for a text.
     const QString &encoding() const { return _file.encoding; }
@@ -41,10 +45,13 @@ public:
 
 private:
     TextSource() = default;
-    Outcome<> useFile(const QString &path, const QString &encoding);
-    Outcome<> copy(QFile &file);
-    Outcome<> findEncoding(const QString &asked);
-    Outcome<> guessEncoding();
+    using GoesOn = std::function<bool()>;
+
+    Outcome<> useFile(const QString &path, const QString &encoding, const GoesOn &goesOn);
+    Outcome<> copy(QFile &file, const GoesOn &goesOn);
+    Outcome<> findEncoding(const QString &asked, const GoesOn &goesOn);
+    Outcome<bool> readThrough(const GoesOn &goesOn) const;
+    Outcome<> guessEncoding(const GoesOn &goesOn);
 
     QString _text;
     TextReader::File _file;

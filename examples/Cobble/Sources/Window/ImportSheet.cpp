@@ -219,6 +219,7 @@ ImportRequest ImportSheet::request()
         CSVSeparator::fromName(outlet<QComboBox>(u"separatorBox"_s)->currentData().toString());
     request.columns = _columns->choices();
     request.chosenFor = _columns->columns();
+    request.takesPipes = false;
     request.bundle = bundle()->bundle();
     return request;
 }
