@@ -49,3 +49,30 @@ TEST(HTMLTableTests, HostileTablesAreReadInTime)
     EXPECT_TRUE(HTMLTable::rows(u"<"_s.repeated(100000)).isEmpty());
     EXPECT_LE(HTMLTable::rows(u"<table><td colspan=999999999>x</table>"_s).first().size(), 9999);
 }
+
+TEST(HTMLTableTests, TagsMayBeOfAnyLength)
+{
+    const QString parts[] = {QString(100'000, u'x'), u"a=\"b>\" "_s.repeated(50'000),
+                             u"''"_s.repeated(50'000), u" title=it's"_s};
+    for (const QString &part : parts)
+        EXPECT_EQ(HTMLTable::rows(u"<table><tr><td "_s + part + u">a</td><td>b</td></table>"_s),
+                  QList<QStringList>{QStringList({u"a"_s, u"b"_s})})
+            << part.left(20).toStdString();
+}
+
+TEST(HTMLTableTests, WhatIsNeverClosedIsLookedAtOnce)
+{
+    for (const QString &part : {u"<a "_s, u"<a \""_s, u"<a '\""_s, u"<!-- "_s, u"<script "_s}) {
+        const QString html = u"<table><td>a</td>"_s + part.repeated(100'000);
+        EXPECT_EQ(HTMLTable::rows(html), QList<QStringList>{QStringList(u"a"_s)})
+            << part.toStdString();
+    }
+}
+
+TEST(HTMLTableTests, TooManyCellsAreNoTable)
+{
+    const QString wide = u"<td colspan=1000>x</td>"_s;
+    EXPECT_EQ(HTMLTable::rows(u"<table>"_s + wide.repeated(100)).first().size(), 100'000);
+    EXPECT_TRUE(HTMLTable::rows(u"<table>"_s + wide.repeated(20'000)).isEmpty());
+    EXPECT_TRUE(HTMLTable::rows(u"<table>"_s + u"<tr>"_s + wide.repeated(5000)).isEmpty());
+}

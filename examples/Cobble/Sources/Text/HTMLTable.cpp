@@ -8,6 +8,8 @@ using namespace Qt::StringLiterals;
 namespace {
 /// More columns than that no cell spans.
 constexpr int MostColumns = 1000;
+/// A table with more cells is none: most of them would be empty, and of no use to anybody.
+constexpr qsizetype MostCells = 4'000'000;
 
 QString cells(const QStringList &texts, const QString &tag)
 {
@@ -67,6 +69,7 @@ private:
     QString _cell;
     int _tables = 0;
     int _span = 1;
+    qsizetype _cells = 0;
     bool _isInCell = false;
 };
 
@@ -89,6 +92,8 @@ bool TableReader::addTag(const QString &name, bool isEnd, const QString &attribu
         _tables += isEnd ? -1 : 1;
     if (_tables == 0)
         return isOutside;
+    if (_cells > MostCells)
+        return false;
     if (_tables > 1)
         return true;
     if (name == u"tr" && !isEnd)
@@ -117,6 +122,7 @@ void TableReader::beginCell(const QString &attributes)
         beginRow();
     _isInCell = true;
     _span = qBound(1, spanning.match(attributes).captured(1).toInt(), MostColumns);
+    _cells += _span;
 }
 
 void TableReader::endCell()
@@ -138,6 +144,8 @@ void TableReader::breakLine()
 
 QList<QStringList> TableReader::rows()
 {
+    if (_cells > MostCells)
+        return {};
     endCell();
     _rows.removeIf([](const QStringList &row) { return row.isEmpty(); });
     return _rows;
@@ -154,10 +162,11 @@ QString HTMLTable::text(const QStringList &titles, const QList<QStringList> &row
 
 QList<QStringList> HTMLTable::rows(const QString &html)
 {
-    // Comments, texts that are none for people, and tags with quotes in which anything may stand.
+    // Comments, texts that are none for people, and tags with quotes in which anything may stand. What
+    // is never closed reaches to the end, and nothing is looked at twice.
     static const QRegularExpression tag(
         uR"(<!--.*?(?:-->|\z)|<(script|style|head)\b.*?(?:</\1\s*>|\z)|)"
-        uR"(<(/?)([A-Za-z][A-Za-z0-9]*)((?:[^>"']|"[^"]*"|'[^']*')*)>)"_s,
+        uR"(<(/?)([A-Za-z][A-Za-z0-9]*+)((?>[^>"']++|"[^"]*+"|'[^']*+'|["'])*+)(?:>|\z))"_s,
         QRegularExpression::DotMatchesEverythingOption | QRegularExpression::CaseInsensitiveOption);
     TableReader reader;
     qsizetype end = 0;

@@ -15,6 +15,6 @@ QString text(const QStringList &titles, const QList<QStringList> &rows);
 /// HTMLTable::rows(u"<table><tr><td>a<td>b &amp; c</table>"_s);    // {{"a", "b & c"}}
 /// \endcode
 ///
-/// \return empty if there is no table.
+/// \return empty if there is no table, or one of more than four million cells.
 QList<QStringList> rows(const QString &html);
 } // namespace HTMLTable
