@@ -303,7 +303,7 @@ TEST_F(ImportSheetTests, ShowsWhatTheFileWouldBecome)
     EXPECT_EQ(table->horizontalHeaderItem(0)->text(), u"Straße\nText"_s);
     EXPECT_EQ(table->item(0, 1)->text(), u"1,235"_s);
     EXPECT_EQ(sheet->findChild<QLabel *>(u"formLabel"_s)->text(),
-              u"Rows: 300, semicolon, windows-1252"_s);
+              u"Rows: 300, separated by semicolons, windows-1252"_s);
     const auto *const rejected = sheet->findChild<QTableWidget *>(u"rejectedTable"_s);
     ASSERT_EQ(rejected->rowCount(), 1);
     EXPECT_EQ(rejected->item(0, 0)->text(), u"7"_s);
@@ -461,6 +461,24 @@ TEST_F(ImportSheetTests, ChoicesDoNotPassToOtherColumns)
     turn();
 }
 
+TEST_F(ImportSheetTests, SaysWhatSeparatesFields)
+{
+    MainWindowController *const window = openThings();
+    tree.add(u"a.csv"_s, "a\n1\n");
+    QWidget *const sheet = openImport(window);
+    field(sheet, u"fileEdit"_s)->setText(path(u"a.csv"_s));
+    for (const auto &[title, text] :
+         {std::pair(u"Comma"_s, u"commas"_s), std::pair(u"Semicolon"_s, u"semicolons"_s),
+          std::pair(u"Tab"_s, u"tabs"_s), std::pair(u"Bar |"_s, u"bars"_s),
+          std::pair(u"Space"_s, u"spaces"_s)}) {
+        choose(sheet, u"separatorBox"_s, title);
+        waitForPreview(window->importSheet());
+        EXPECT_EQ(sheet->findChild<QLabel *>(u"formLabel"_s)->text(),
+                  u"Rows: 1, separated by %1, UTF-8"_s.arg(text));
+    }
+    window->importSheet()->endDialog();
+    turn();
+}
 
 TEST_F(ImportSheetTests, APipeIsNotWaitedFor)
 {

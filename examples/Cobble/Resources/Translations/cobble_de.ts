@@ -714,6 +714,30 @@
         <translation>ein Anführungszeichen in Zeile %1 wird nie geschlossen</translation>
     </message>
     <message>
+        <source>separated by bars</source>
+        <translation>durch Striche getrennt</translation>
+    </message>
+    <message>
+        <source>separated by commas</source>
+        <translation>durch Kommas getrennt</translation>
+    </message>
+    <message>
+        <source>separated by semicolons</source>
+        <translation>durch Semikolons getrennt</translation>
+    </message>
+    <message>
+        <source>separated by spaces</source>
+        <translation>durch Leerzeichen getrennt</translation>
+    </message>
+    <message>
+        <source>separated by tabs</source>
+        <translation>durch Tabulatoren getrennt</translation>
+    </message>
+    <message>
+        <source>separated by “%1”</source>
+        <translation>durch „%1“ getrennt</translation>
+    </message>
+    <message>
         <source>with fewer or more fields than there are headers: %1</source>
         <translation>mit weniger oder mehr Feldern als Überschriften: %1</translation>
     </message>
@@ -1251,8 +1275,8 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
         <translation>%1 ist ein Verweis oder keine Datei</translation>
     </message>
     <message>
-        <source>%1 of %2 values</source>
-        <translation>%1 von %2 Werten</translation>
+        <source>%1 of %2 values decide</source>
+        <translation>%1 von %2 Werten entscheiden</translation>
     </message>
     <message>
         <source>%1: it was cancelled</source>

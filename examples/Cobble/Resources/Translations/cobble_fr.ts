@@ -714,6 +714,30 @@
         <translation>un guillemet de la ligne %1 n’est jamais fermé</translation>
     </message>
     <message>
+        <source>separated by bars</source>
+        <translation>séparées par des barres</translation>
+    </message>
+    <message>
+        <source>separated by commas</source>
+        <translation>séparées par des virgules</translation>
+    </message>
+    <message>
+        <source>separated by semicolons</source>
+        <translation>séparées par des points-virgules</translation>
+    </message>
+    <message>
+        <source>separated by spaces</source>
+        <translation>séparées par des espaces</translation>
+    </message>
+    <message>
+        <source>separated by tabs</source>
+        <translation>séparées par des tabulations</translation>
+    </message>
+    <message>
+        <source>separated by “%1”</source>
+        <translation>séparées par « %1 »</translation>
+    </message>
+    <message>
         <source>with fewer or more fields than there are headers: %1</source>
         <translation>avec moins ou plus de champs que de titres : %1</translation>
     </message>
@@ -1251,8 +1275,8 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
         <translation>%1 est un lien, ou n’est pas un fichier</translation>
     </message>
     <message>
-        <source>%1 of %2 values</source>
-        <translation>%1 valeurs sur %2</translation>
+        <source>%1 of %2 values decide</source>
+        <translation>%1 valeurs sur %2 décident</translation>
     </message>
     <message>
         <source>%1: it was cancelled</source>

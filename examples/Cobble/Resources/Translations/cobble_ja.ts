@@ -711,6 +711,30 @@
         <translation>%1 行目の引用符が閉じられていません</translation>
     </message>
     <message>
+        <source>separated by bars</source>
+        <translation>縦線区切り</translation>
+    </message>
+    <message>
+        <source>separated by commas</source>
+        <translation>コンマ区切り</translation>
+    </message>
+    <message>
+        <source>separated by semicolons</source>
+        <translation>セミコロン区切り</translation>
+    </message>
+    <message>
+        <source>separated by spaces</source>
+        <translation>空白区切り</translation>
+    </message>
+    <message>
+        <source>separated by tabs</source>
+        <translation>タブ区切り</translation>
+    </message>
+    <message>
+        <source>separated by “%1”</source>
+        <translation>「%1」区切り</translation>
+    </message>
+    <message>
         <source>with fewer or more fields than there are headers: %1</source>
         <translation>見出しと数が合わない行: %1</translation>
     </message>
@@ -1241,8 +1265,8 @@ File ▸ Import… makes one of a table or of address cards.</source>
         <translation>%1 はリンクであるか、ファイルではありません</translation>
     </message>
     <message>
-        <source>%1 of %2 values</source>
-        <translation>%2 個中 %1 個の値</translation>
+        <source>%1 of %2 values decide</source>
+        <translation>%2個中%1個の値で決定</translation>
     </message>
     <message>
         <source>%1: it was cancelled</source>

@@ -39,12 +39,12 @@ QString rowsText(const KTColumnReading &column)
     return others > 0 ? Reasons::tr("%1 and %2 more").arg(named, QString::number(others)) : named;
 }
 
-/// "3 values" of which a column has so many that say anything.
-QString countText(qsizetype count, const KTColumnReading &column)
+/// "3 of 12 values decide", of all that say anything.
+QString decidingText(qsizetype count, const KTColumnReading &column)
 {
     const qsizetype all = column.ambiguousCount() + column.contradictionCount() +
                           column.decidingCount(column.convention());
-    return Reasons::tr("%1 of %2 values").arg(count).arg(all);
+    return Reasons::tr("%1 of %2 values decide").arg(count).arg(all);
 }
 
 QString sinceText(const KTColumnReading &column)
@@ -53,7 +53,7 @@ QString sinceText(const KTColumnReading &column)
     case KTColumnReading::Locale:
         return Reasons::tr("no value decides; the locale's own");
     case KTColumnReading::Values:
-        return countText(column.decidingCount(column.convention()), column) + u" decide"_s;
+        return decidingText(column.decidingCount(column.convention()), column);
     case KTColumnReading::Mixed:
         return Reasons::tr("the values contradict each other; the locale's own");
     case KTColumnReading::Told:

@@ -85,6 +85,18 @@ Outcome<ImportResult> importInThread(Outcome<ImportFile> file, const ImportReque
     return ImportResult{file->schema, *stored};
 }
 
+/// How the fields of a file are separated.
+QString separationText(QChar separator)
+{
+    const QMap<QChar, QString> texts{{u',', ImportSheet::tr("separated by commas")},
+                                     {u';', ImportSheet::tr("separated by semicolons")},
+                                     {u'\t', ImportSheet::tr("separated by tabs")},
+                                     {u'|', ImportSheet::tr("separated by bars")},
+                                     {u' ', ImportSheet::tr("separated by spaces")}};
+    const QString other = ImportSheet::tr("separated by “%1”").arg(separator);
+    return texts.value(separator, other);
+}
+
 void addSeparators(QComboBox *box)
 {
     box->addItem(ImportSheet::tr("Automatic"), QString());
@@ -273,7 +285,8 @@ void ImportSheet::show(const ImportPreview &preview)
 void ImportSheet::showForm(const ImportPreview &preview)
 {
     const RowSource &rows = *preview.file.rows;
-    QStringList parts{tr("Rows: %1").arg(rows.rowCount()), CSVSeparator::nameOf(rows.separator())};
+    QStringList parts{tr("Rows: %1").arg(Counts::number(rows.rowCount())),
+                      separationText(rows.separator())};
     if (!rows.encoding().isNull())
         parts += rows.encoding();
     if (rows.raggedRowCount() > 0)
