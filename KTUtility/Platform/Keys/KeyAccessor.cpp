@@ -135,6 +135,24 @@ void KeyAccessor::resolveClass(const KeyValueTarget &target)
     _optional = NSOptionalType::of(_type);
     _isBoxed = _isVariant || _optional || _type.id() == QMetaType::QString;
     _value = _isVariant ? QVariant() : QVariant(_type);
+    _isInPlace = !_isVariant && holdsValueInPlace();
+}
+
+/// Whether a small value stands in the variant, where nobody else can share it.
+bool KeyAccessor::holdsValueInPlace() const
+{
+    const auto start = quintptr(&_value);
+    const auto at = quintptr(_value.constData());
+    return at >= start && at < start + sizeof(_value);
+}
+
+/// Where the generated code writes. A variant that shares nothing need not be asked for its own
+/// copy each time.
+void *KeyAccessor::storage()
+{
+    if (_isInPlace)
+        return const_cast<void *>(_value.constData());
+    return _isVariant ? &_value : _value.data();
 }
 
 void KeyAccessor::resolve(const KeyValueTarget &target)
@@ -158,8 +176,8 @@ const QVariant &KeyAccessor::readResolved(const KeyValueTarget &target)
 const QVariant &KeyAccessor::readMetaCall(const KeyValueTarget &target, int call)
 {
     int status = -1;
-    void *const storage = _isVariant ? &_value : _value.data();
-    void *arguments[] = {storage, &_value, &status};
+    void *const written = storage();
+    void *arguments[] = {written, &_value, &status};
     const auto metaCall = QMetaObject::Call(call);
     if (_declaringClass->d.static_metacall) {
         _declaringClass->d.static_metacall(target.object(), metaCall, _index, arguments);
@@ -169,7 +187,7 @@ const QVariant &KeyAccessor::readMetaCall(const KeyValueTarget &target, int call
         QMetaObject::metacall(target.object(), metaCall, _index + offset, arguments);
     }
     // A getter that returns a pointer to its value hands out that pointer.
-    if (arguments[0] != storage)
+    if (arguments[0] != written)
         _value = QVariant(_type, arguments[0]);
     return _isBoxed ? boxed(_value) : _value;
 }

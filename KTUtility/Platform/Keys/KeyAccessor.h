@@ -70,6 +70,8 @@ private:
     const QVariant &readObject(const KeyValueTarget &target);
     bool readFromCodingObject(const KeyValueTarget &target);
     void resolveClass(const KeyValueTarget &target);
+    bool holdsValueInPlace() const;
+    void *storage();
     bool resolveProperty(const QMetaObject *metaObject);
     bool resolveMethod(const QMetaObject *metaObject);
     bool resolveDynamic(const KeyValueTarget &target);
@@ -82,7 +84,8 @@ private:
     const QMetaObject *_declaringClass = nullptr;
     Source _source = Source::None;
     bool _isVariant = false;
-    bool _isBoxed = false; ///< whether a value may be nil
+    bool _isBoxed = false;   ///< whether a value may be nil
+    bool _isInPlace = false; ///< whether _value holds values of the type itself, not shared
     const NSOptionalType *_optional = nullptr;
     int _index = -1;
     QMetaType _type;

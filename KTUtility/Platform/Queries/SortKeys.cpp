@@ -1,6 +1,7 @@
 #include "SortKeys_p.h"
 
 #include "LocalInstants_p.h"
+#include "NumberRanks_p.h"
 
 #include <KTUtility/Platform/Text/NSStringCompare.h>
 #include <KTUtility/Platform/Values/NSObject.h>
@@ -69,6 +70,24 @@ bool mayBeNil(const QVariant &value)
     return type < QMetaType::Bool || type > QMetaType::Double;
 }
 
+/// Numbers of the usual types are read where they are: a conversion takes longer than the sorting.
+qint64 integerOf(const QVariant &value, int type)
+{
+    switch (type) {
+    case QMetaType::Int:
+        return *static_cast<const int *>(value.constData());
+    case QMetaType::LongLong:
+        return *static_cast<const qint64 *>(value.constData());
+    default:
+        return value.toLongLong();
+    }
+}
+
+qint64 asInteger(const QVariant &value)
+{
+    return integerOf(value, value.typeId());
+}
+
 double asDouble(const QVariant &value)
 {
     return value.typeId() == QMetaType::Double ? *static_cast<const double *>(value.constData())
@@ -80,6 +99,11 @@ template<typename T>
 class KeysOfKind : public SortKeys::Level
 {
 public:
+    /// False for nil.
+    using Key = std::pair<bool, T>;
+
+    KeysOfKind(std::vector<Key> keys, bool ascending) : Level(ascending), _keys(std::move(keys)) {}
+
     template<typename Conversion>
     KeysOfKind(const Values &values, bool ascending, Conversion converted) : Level(ascending)
     {
@@ -90,23 +114,17 @@ public:
         }
     }
 
-    /// Numbers are sorted themselves, with their positions beside them, and not looked up.
+    /// Numbers are sorted by their ranks, with their positions beside them, and not looked up.
     bool sort(std::vector<qsizetype> &positions) const override
     {
         if constexpr (std::is_arithmetic_v<T>) {
-            std::vector<Placed> there;
             std::vector<qsizetype> nil;
-            for (const qsizetype position : positions) {
-                if (const auto &[isThere, key] = _keys[size_t(position)]; isThere)
-                    there.push_back({key, position});
-                else
-                    nil.push_back(position);
-            }
-            sortPlaced(there);
+            std::vector<RankedPosition> there = rankedPositions(positions, &nil);
+            sortByRank(&there);
             auto at = positions.begin();
             if (this->isAscending())
                 at = std::copy(nil.begin(), nil.end(), at);
-            for (const Placed &each : there)
+            for (const RankedPosition &each : there)
                 *at++ = each.position;
             if (!this->isAscending())
                 std::copy(nil.begin(), nil.end(), at);
@@ -115,24 +133,20 @@ public:
     }
 
 private:
-    struct Placed
+    /// Those that are not nil, the first to come with the least rank.
+    std::vector<RankedPosition> rankedPositions(const std::vector<qsizetype> &positions,
+                                                std::vector<qsizetype> *nil) const
     {
-        T key;
-        qsizetype position;
-    };
-
-    void sortPlaced(std::vector<Placed> &placed) const
-    {
-        if (this->isAscending())
-            std::stable_sort(placed.begin(), placed.end(),
-                             [](const Placed &left, const Placed &right) {
-                                 return orderOfKeys(left.key, right.key) < 0;
-                             });
-        else
-            std::stable_sort(placed.begin(), placed.end(),
-                             [](const Placed &left, const Placed &right) {
-                                 return orderOfKeys(left.key, right.key) > 0;
-                             });
+        const quint64 reversed = this->isAscending() ? 0 : ~quint64(0);
+        std::vector<RankedPosition> ranked;
+        ranked.reserve(positions.size());
+        for (const qsizetype position : positions) {
+            if (const auto &[isThere, key] = _keys[size_t(position)]; isThere)
+                ranked.push_back({rankOf(key) ^ reversed, position});
+            else
+                nil->push_back(position);
+        }
+        return ranked;
     }
 
     std::weak_ordering compareAscending(size_t left, size_t right) const override
@@ -143,7 +157,7 @@ private:
                                            : isLeftThere <=> isRightThere;
     }
 
-    std::vector<std::pair<bool, T>> _keys;
+    std::vector<Key> _keys;
 };
 
 /// Values of any kind.
@@ -201,15 +215,72 @@ VariantKind commonKind(const Values &values)
     return common;
 }
 
+/// What is read of elements: whole numbers as such as long as there is nothing else, since a list
+/// of variants takes longer to make than to sort.
+class ReadValues
+{
+public:
+    using Integers = std::vector<std::pair<bool, qint64>>;
+
+    /// \param mayBeIntegers whether the types of numbers do not matter.
+    ReadValues(size_t size, bool mayBeIntegers) : _size(size), _areIntegers(mayBeIntegers)
+    {
+        reserve();
+    }
+
+    void append(const QVariant &value)
+    {
+        const int type = value.typeId();
+        const bool isInteger = type == QMetaType::Int || type == QMetaType::LongLong;
+        if (_areIntegers && !isInteger && type != QMetaType::UnknownType)
+            becomeMixed();
+        if (_areIntegers)
+            _integers.emplace_back(isInteger, isInteger ? integerOf(value, type) : 0);
+        else
+            _values.push_back(value);
+    }
+
+    bool areIntegers() const { return _areIntegers; }
+    Integers takeIntegers() { return std::move(_integers); }
+    Values takeValues() { return std::move(_values); }
+
+private:
+    void reserve()
+    {
+        if (_areIntegers)
+            _integers.reserve(_size);
+        else
+            _values.reserve(_size);
+    }
+
+    void becomeMixed()
+    {
+        _areIntegers = false;
+        reserve();
+        for (const auto &[isThere, number] : takeIntegers())
+            _values.push_back(isThere ? QVariant(number) : QVariant());
+    }
+
+    size_t _size;
+    bool _areIntegers;
+    Integers _integers;
+    Values _values;
+};
+
 bool isObject(const KeyValueTarget &element)
 {
     return element.kind == KeyValueTarget::Kind::Object;
 }
 
-Values valuesToSort(const std::vector<KeyValueTarget> &elements, const NSSortDescriptor &descriptor)
+bool isOrdinary(const NSSortDescriptor &descriptor)
 {
-    Values values;
-    values.reserve(elements.size());
+    return descriptor.comparator == NSComparator(NSObject::compare);
+}
+
+ReadValues valuesToSort(const std::vector<KeyValueTarget> &elements,
+                        const NSSortDescriptor &descriptor)
+{
+    ReadValues values(elements.size(), isOrdinary(descriptor));
     KeyPath path(descriptor.key);
     // A getter may destroy objects that come later: they have nil.
     std::vector<QPointer<QObject>> objects;
@@ -219,7 +290,10 @@ Values valuesToSort(const std::vector<KeyValueTarget> &elements, const NSSortDes
     for (size_t index = 0; index < elements.size(); ++index) {
         const bool isGone = isObject(elements[index]) && !objects[index];
         const KeyValueTarget element = isGone ? KeyValueTarget() : elements[index];
-        values.push_back(descriptor.member ? descriptor.member(element) : path.read(element));
+        if (descriptor.member)
+            values.append(descriptor.member(element));
+        else
+            values.append(path.read(element));
     }
     return values;
 }
@@ -236,22 +310,27 @@ std::unique_ptr<SortKeys::Level> textKeys(const Values &values, const NSSortDesc
 
 std::unique_ptr<SortKeys::Level> madeLevel(Values values, const NSSortDescriptor &descriptor)
 {
-    const bool isOrdinary = descriptor.comparator == NSComparator(NSObject::compare);
     const VariantKind kind = commonKind(values);
-    if (kind == VariantKind::Text && (isOrdinary || descriptor.localized))
+    if (kind == VariantKind::Text && (isOrdinary(descriptor) || descriptor.localized))
         return textKeys(values, descriptor);
-    if (isOrdinary && kind == VariantKind::Date)
+    if (isOrdinary(descriptor) && kind == VariantKind::Date)
         return std::make_unique<KeysOfKind<qint64>>(
             values, descriptor.ascending,
             [instants = LocalInstants()](const QVariant &value) mutable {
                 return instants.of(value.toDateTime());
             });
-    if (isOrdinary && kind == VariantKind::Signed)
-        return std::make_unique<KeysOfKind<qint64>>(
-            values, descriptor.ascending, [](const QVariant &value) { return value.toLongLong(); });
-    if (isOrdinary && kind == VariantKind::Double)
+    if (isOrdinary(descriptor) && kind == VariantKind::Signed)
+        return std::make_unique<KeysOfKind<qint64>>(values, descriptor.ascending, asInteger);
+    if (isOrdinary(descriptor) && kind == VariantKind::Double)
         return std::make_unique<KeysOfKind<double>>(values, descriptor.ascending, asDouble);
     return std::make_unique<KeysOfAnyKind>(std::move(values), descriptor);
+}
+
+std::unique_ptr<SortKeys::Level> levelOf(ReadValues values, const NSSortDescriptor &descriptor)
+{
+    if (values.areIntegers())
+        return std::make_unique<KeysOfKind<qint64>>(values.takeIntegers(), descriptor.ascending);
+    return madeLevel(values.takeValues(), descriptor);
 }
 } // namespace
 
@@ -260,7 +339,7 @@ SortKeys::SortKeys(const std::vector<KeyValueTarget> &elements,
     : _count(elements.size())
 {
     for (const NSSortDescriptor &descriptor : descriptors)
-        _levels.push_back(madeLevel(valuesToSort(elements, descriptor), descriptor));
+        _levels.push_back(levelOf(valuesToSort(elements, descriptor), descriptor));
 }
 
 SortKeys::~SortKeys() = default;

@@ -9,6 +9,7 @@
 #include <QRandomGenerator>
 #include <QSet>
 
+#include <cmath>
 #include <limits>
 
 using namespace KTPrivate;
@@ -20,7 +21,7 @@ QList<QVariantMap> recordsOf(const QVariantList &values)
 {
     QRandomGenerator random(17);
     QList<QVariantMap> records;
-    for (int index = 0; index < 500; ++index)
+    for (int index = 0; index < 2'000; ++index)
         records += QVariantMap{{u"key"_s, values.at(random.bounded(int(values.size())))},
                                {u"index"_s, index}};
     return records;
@@ -40,7 +41,8 @@ TEST(SortKeys, OneKeyOfNumbersIsInTheOrderOfComparing)
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const QVariantList kinds[] = {
         {3, 1, 2, QVariant(), true},
-        {1.5, -0.0, 0.0, nan, QVariant(), 1e300},
+        {std::numeric_limits<qint64>::min(), std::numeric_limits<qint64>::max(), -1, 0, QVariant()},
+        {1.5, -0.0, 0.0, nan, -nan, QVariant(), 1e300, -2.5, -1e-300, -HUGE_VAL, HUGE_VAL},
         {QVariant()},
         {u"b"_s, u"a"_s, QString()},
         {1, u"a"_s, QVariant(), 2.5},
