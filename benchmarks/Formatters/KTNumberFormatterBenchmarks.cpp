@@ -122,6 +122,31 @@ void showWithICU(benchmark::State &state)
     }
 }
 
+void showPercent(benchmark::State &state)
+{
+    NSNumberFormatter formatter;
+    formatter.setNumberStyle(NSNumberFormatterPercentStyle);
+    formatter.setMaximumFractionDigits(2);
+    const QVariant number = shownNumber();
+    for (auto _ : state) {
+        QString text = formatter.stringForObjectValue(number);
+        benchmark::DoNotOptimize(text);
+    }
+}
+
+void peerFormatPercent(benchmark::State &state)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::NumberFormat> format(
+        icu::NumberFormat::createPercentInstance(icu::Locale("en_US"), status));
+    format->setMaximumFractionDigits(2);
+    for (auto _ : state) {
+        icu::UnicodeString text;
+        format->format(icu::StringPiece("1234567.891"), text, nullptr, status);
+        benchmark::DoNotOptimize(text);
+    }
+}
+
 void showMoney(benchmark::State &state)
 {
     const KTCurrencyFormatter formatter;
@@ -192,6 +217,8 @@ BENCHMARK(read<OwnMinus>)->Name("Numbers/read, U+2212");
 BENCHMARK(read<Exponent>)->Name("Numbers/read with ICU");
 BENCHMARK(show<false>)->Name("Numbers/show, ASCII digits");
 BENCHMARK(show<true>)->Name("Numbers/show, Arabic digits");
+BENCHMARK(showPercent)->Name("Numbers/show percent");
+BENCHMARK(peerFormatPercent)->Name("Numbers/peer: ICU format, percent");
 BENCHMARK(showMoney)->Name("Numbers/show money");
 BENCHMARK(showWithICU)->Name("Numbers/show with ICU");
 BENCHMARK(walk)->Name("Numbers/currency walk without a hit");
@@ -210,6 +237,8 @@ const bool isRegistered =
     compareWith("Numbers/show, ASCII digits", Format, 0.15) &&
     compareWith("Numbers/show, ASCII digits", "Numbers/peer: QLocale::toString", 0.6) &&
     compareWith("Numbers/show, Arabic digits", Format, 1.3) &&
+    compareWith("Numbers/show percent", "Numbers/peer: ICU format, percent", 0.15) &&
+    compareWith("Numbers/show percent", "Numbers/peer: QLocale::toString", 0.5) &&
     compareWith("Numbers/show money", Format, 1.3) &&
     compareWith("Numbers/show money", "Numbers/peer: QLocale::toCurrencyString", 1) &&
     compareWith("Numbers/show with ICU", "Numbers/peer: ICU format, significant digits", 1.3) &&

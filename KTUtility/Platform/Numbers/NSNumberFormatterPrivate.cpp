@@ -185,15 +185,15 @@ const NumberEngine &NSNumberFormatter::Private::engineIn(Variants &variants,
         if (isCurrent(variant))
             return *variant.engine;
     }
-    constexpr int MaximumVariants = 16;
+    constexpr size_t MaximumVariants = 16;
     if (variants.size() >= MaximumVariants)
         variants.clear();
     NumberSettings wanted = settings;
     if (withOwnSymbol)
         wanted.currencySymbol = QString();
-    variants.append({settings.negativePrefix, settings.negativeSuffix,
-                     settings.usesGroupingSeparator, NumberEngine::engineFor(wanted)});
-    return *variants.last().engine;
+    variants.push_back({settings.negativePrefix, settings.negativeSuffix,
+                        settings.usesGroupingSeparator, NumberEngine::engineFor(wanted)});
+    return *variants.back().engine;
 }
 
 /// Reads with \a attempt, a function of an engine that answers how much it read (-1: nothing)
@@ -235,7 +235,7 @@ QString NSNumberFormatter::Private::stringOf(const QVariant &value) const
     const NumberEngine &used = engine();
     NumberDigits digits;
     if (zeroSymbol.isNull() && used.writer() && digits.take(value, kind) &&
-        digits.pointPosition <= used.writer()->maximumIntegerDigits)
+        used.writer()->prepare(&digits))
         return used.writer()->write(digits);
     if (const QString special = specialString(value); !special.isNull())
         return special;

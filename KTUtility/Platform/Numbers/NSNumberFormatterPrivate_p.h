@@ -6,11 +6,11 @@
 #include <KTUtility/Platform/Values/NSAttributedString.h>
 
 #include <QTextCharFormat>
-#include <QVarLengthArray>
 
 #include <memory>
 #include <optional>
 #include <type_traits>
+#include <vector>
 
 /// The settings of a formatter and the engines for them.
 ///
@@ -130,7 +130,8 @@ private:
         std::optional<bool> usesGroupingSeparator;
         std::shared_ptr<const Engine> engine;
     };
-    using Variants = QVarLengthArray<Variant, 4>;
+    /// Mostly one; room for more would take most of a formatter's memory.
+    using Variants = std::vector<Variant>;
 
     bool isCurrent(const Variant &variant) const
     {

@@ -52,14 +52,25 @@ std::optional<char16_t> zeroDigitOf(const DecimalFormatSymbols &symbols)
     return zero[0];
 }
 
+/// Percents are numbers with their point two places further on.
+constexpr int ShiftOfPercents = 2;
+constexpr int MultiplierOfPercents = 100;
+
+bool isPercent(const NumberSettings &settings, const DecimalFormat &format)
+{
+    return settings.style == NSNumberFormatterPercentStyle &&
+           format.getMultiplier() == MultiplierOfPercents;
+}
+
 /// A currency's sign keeps a distance from digits only, so that money has to start with one.
 bool hasQuickText(const NumberSettings &settings, const DecimalFormat &format)
 {
     const bool isMoney =
         settings.style == NSNumberFormatterCurrencyStyle && format.getMinimumIntegerDigits() > 0;
-    return (isPlainStyle(settings.style) || isMoney) && settings.positiveFormat.isNull() &&
-           settings.negativeFormat.isNull() && !settings.multiplier && !settings.formatWidth &&
-           !format.areSignificantDigitsUsed() && !format.isDecimalSeparatorAlwaysShown();
+    const bool isQuick = isPlainStyle(settings.style) || isMoney || isPercent(settings, format);
+    return isQuick && settings.positiveFormat.isNull() && settings.negativeFormat.isNull() &&
+           !settings.multiplier && !settings.formatWidth && !format.areSignificantDigitsUsed() &&
+           !format.isDecimalSeparatorAlwaysShown();
 }
 
 /// \return false if ICU's text has no digits of the writer's script.
@@ -126,6 +137,7 @@ std::optional<NumberWriter> NumberQuickPaths::writerFor(const NumberSettings &se
         return std::nullopt;
     takeSeparators(writer, symbols, settings.isForMoney());
     takeDigits(writer, format);
+    writer.shift = isPercent(settings, format) ? ShiftOfPercents : 0;
     takeGroups(writer, format);
     return writer;
 }

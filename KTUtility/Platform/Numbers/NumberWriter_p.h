@@ -12,7 +12,14 @@ namespace KTPrivate {
 class NumberWriter
 {
 public:
-    /// The text of \a number, which is rounded first.
+    /// Moves the point of a number to where it is shown.
+    /// \return whether this class writes it.
+    bool prepare(NumberDigits *number) const
+    {
+        number->pointPosition += number->count > 0 ? shift : 0;
+        return number->pointPosition <= maximumIntegerDigits;
+    }
+    /// The text of a prepared \a number, which is rounded first.
     QString write(NumberDigits &number) const;
 
     QString positivePrefix;
@@ -27,6 +34,7 @@ public:
     int maximumIntegerDigits = 0; ///< numbers with more are not written by this class
     int minimumFractionDigits = 0;
     int maximumFractionDigits = 0;
+    int shift = 0;        ///< how many places the point is shown further on
     int groupingSize = 0; ///< 0: no groups
     int secondaryGroupingSize = 0;
     int minimumGroupingDigits = 1;

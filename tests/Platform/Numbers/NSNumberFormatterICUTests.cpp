@@ -9,7 +9,7 @@
 using namespace Qt::StringLiterals;
 
 // The quick ways to read and write against ICU's: whatever they decide, ICU decides the same.
-// A formatter with a multiplier always goes to ICU; multiplied by 1, it must agree.
+// A formatter with a multiplier always goes to ICU; multiplied by 1, or percents by 100, it must agree.
 
 namespace {
 // A million texts; fewer where every instruction is watched.
@@ -205,9 +205,10 @@ TEST_P(NSNumberFormatterICUWritingTests, AgreesWithICU)
     Random random(19780101);
     const NSLocale locale(QString::fromLatin1(GetParam()));
     for (int variant = 0; variant < 60; ++variant) {
+        const bool isPercent = variant % 4 == 3;
         NSNumberFormatter quick;
         quick.setLocale(locale);
-        quick.setNumberStyle(variant % 3);
+        quick.setNumberStyle(isPercent ? int(NSNumberFormatterPercentStyle) : variant % 3);
         quick.setUsesGroupingSeparator(variant % 2);
         quick.setRoundingMode(variant % 7);
         if (variant % 3 != NSNumberFormatterCurrencyStyle || variant % 5 == 0) {
@@ -224,7 +225,7 @@ TEST_P(NSNumberFormatterICUWritingTests, AgreesWithICU)
         thorough.setMinimumIntegerDigits(quick.minimumIntegerDigits());
         thorough.setMinimumFractionDigits(quick.minimumFractionDigits());
         thorough.setMaximumFractionDigits(quick.maximumFractionDigits());
-        thorough.setMultiplier(1);
+        thorough.setMultiplier(isPercent ? 100 : 1);
         for (int round = 0; round < TextsPerFormatter / 60; ++round) {
             const QVariant value = randomValue(random);
             ASSERT_EQ(quick.stringForObjectValue(value), thorough.stringForObjectValue(value))
