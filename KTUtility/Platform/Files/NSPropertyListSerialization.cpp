@@ -64,8 +64,8 @@ QVariant NSPropertyListSerialization::propertyListFromData(const QByteArray &dat
     }
     if (data.startsWith("bplist00"))
         return readBinaryPropertyList(data, text);
-    if (const std::optional<QVariantMap> dictionary = readPlainXMLPropertyList(data))
-        return *dictionary;
+    if (std::optional<QVariant> propertyList = readPlainXMLPropertyList(data))
+        return *std::move(propertyList);
     return readXMLPropertyList(data, text);
 }
 

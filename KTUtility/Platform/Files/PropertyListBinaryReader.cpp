@@ -11,8 +11,10 @@
 #include <QDateTime>
 #include <QtEndian>
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
+#include <vector>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
@@ -192,14 +194,37 @@ private:
         QVariantMap dictionary;
         for (quint64 index = 0; index < count; ++index) {
             const quint64 key = offset + index * _referenceSize;
-            const QVariant name = readObject(readNumber(key, _referenceSize), depth + 1);
-            if (name.typeId() != QMetaType::QString)
-                fail("a key that is no text");
+            const QString name = readKey(readNumber(key, _referenceSize), depth + 1);
             const quint64 value = key + count * _referenceSize;
-            dictionary.insert(name.toString(),
-                              readObject(readNumber(value, _referenceSize), depth + 1));
+            dictionary.insert(name, readObject(readNumber(value, _referenceSize), depth + 1));
         }
         return dictionary;
+    }
+
+    /// A text that may be the key of many dictionaries: it is made once, and counted each time.
+    QString readKey(quint64 reference, int depth)
+    {
+        constexpr size_t MostKeys = 16;
+        const auto known = std::ranges::find(_keys, reference, &Key::reference);
+        if (known != _keys.end()) {
+            countValue(depth);
+            spend(known->bytes);
+            return known->text;
+        }
+        const quint64 before = _bytes;
+        const QVariant name = readObject(reference, depth);
+        if (name.typeId() != QMetaType::QString)
+            fail("a key that is no text");
+        if (_keys.size() == MostKeys)
+            _keys.clear();
+        _keys.push_back({reference, _bytes - before, name.toString()});
+        return _keys.back().text;
+    }
+
+    void countValue(int depth)
+    {
+        if (depth > MaximumDepth || ++_values > MaximumValues)
+            fail("nested too deep or too many values");
     }
 
     QVariant readUID(quint64 offset) const
@@ -219,8 +244,7 @@ private:
 
     QVariant readObject(quint64 reference, int depth)
     {
-        if (depth > MaximumDepth || ++_values > MaximumValues)
-            fail("nested too deep or too many values");
+        countValue(depth);
         const quint64 offset = offsetOf(reference);
         const quint8 marker = quint8(_data[qsizetype(offset)]);
         switch (marker >> 4) {
@@ -249,7 +273,15 @@ private:
         }
     }
 
+    struct Key
+    {
+        quint64 reference;
+        quint64 bytes; ///< that are counted for it
+        QString text;
+    };
+
     const QByteArray &_data;
+    std::vector<Key> _keys;
     qsizetype _end = 0;
     quint64 _offsetSize = 0;
     quint64 _referenceSize = 0;

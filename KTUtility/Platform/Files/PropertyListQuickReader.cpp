@@ -1,32 +1,100 @@
 #include "PropertyListQuickReader_p.h"
 
+#include <QVariantList>
 #include <QVariantMap>
 
 #include <algorithm>
+#include <charconv>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 using namespace KTPrivate;
 
-// Manifests and small settings are one dictionary of texts, written in the same few bytes each
-// time. They are read here without an XML parser, at a tenth of its cost; anything that looks
-// different in any way is left to it, so that the result is always the parser's.
+// Manifests, settings and lists of records are dictionaries and arrays of texts and numbers, written
+// in the same few bytes each time. They are read here without an XML parser, at a tenth of its cost;
+// anything that looks different in any way is left to it, so that the result is always the parser's.
 
 namespace {
+/// What is nested deeper is left to the parser, which knows how deep is too deep.
+constexpr int DeepestLevel = 64;
+
+constexpr bool isDecimalUnit(char unit)
+{
+    return unit >= '0' && unit <= '9';
+}
+
+constexpr bool isPlainUnit(char unit)
+{
+    return unit >= ' ' && unit <= '~' && unit != '<' && unit != '>' && unit != '&';
+}
+
+/// How many digits stand at the beginning of a text.
+size_t countOfDecimalUnits(std::string_view text)
+{
+    return size_t(std::ranges::find_if_not(text, isDecimalUnit) - text.begin());
+}
+
+std::string_view withoutSign(std::string_view text)
+{
+    return text.substr(text.starts_with('-') ? 1 : 0);
+}
+
+/// Digits that fit 64 bits whatever they are.
+bool isPlainInteger(std::string_view text)
+{
+    constexpr size_t MostDigits = 18;
+    const std::string_view digits = withoutSign(text);
+    return !digits.empty() && digits.size() <= MostDigits &&
+           countOfDecimalUnits(digits) == digits.size();
+}
+
+/// "12", "12.5" and "1.25e+17".
+bool isPlainReal(std::string_view text)
+{
+    std::string_view rest = withoutSign(text);
+    const auto skipDigits = [&rest] {
+        const size_t count = countOfDecimalUnits(rest);
+        rest.remove_prefix(count);
+        return count > 0;
+    };
+    const auto skipOneOf = [&rest](std::string_view units) {
+        const bool isNext = !rest.empty() && units.find(rest.front()) != units.npos;
+        rest.remove_prefix(isNext ? 1 : 0);
+        return isNext;
+    };
+    bool isNumber = skipDigits() && (!skipOneOf(".") || skipDigits());
+    if (isNumber && skipOneOf("e")) {
+        skipOneOf("+-");
+        isNumber = skipDigits();
+    }
+    return isNumber && rest.empty();
+}
+
+/// The number that all of a text is; nothing if it does not fit.
+template<typename Number>
+std::optional<QVariant> plainNumberFrom(std::string_view text)
+{
+    Number number = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool isWhole = result.ec == std::errc() && result.ptr == text.data() + text.size();
+    return isWhole ? std::optional(QVariant(number)) : std::nullopt;
+}
+
 class QuickReader
 {
 public:
     explicit QuickReader(const QByteArray &data) : _rest(data.constData(), size_t(data.size())) {}
 
-    std::optional<QVariantMap> read()
+    std::optional<QVariant> read()
     {
-        QVariantMap dictionary;
-        bool isRead = skipHead() && skip("<dict>");
-        while (isRead && !skip("</dict>"))
-            isRead = readEntry(&dictionary);
-        if (!isRead || !skip("</plist>"))
+        if (!skipHead())
+            return std::nullopt;
+        std::optional<QVariant> value = readValue(0);
+        if (!value || !skip("</plist>"))
             return std::nullopt;
         skipWhitespace();
-        return _rest.empty() ? std::optional(dictionary) : std::nullopt;
+        return _rest.empty() ? std::move(value) : std::nullopt;
     }
 
 private:
@@ -36,13 +104,19 @@ private:
         _rest.remove_prefix(std::min(next, _rest.size()));
     }
 
+    /// Whether this text comes next.
+    bool skipHere(std::string_view text)
+    {
+        const bool isNext = _rest.starts_with(text);
+        _rest.remove_prefix(isNext ? text.size() : 0);
+        return isNext;
+    }
+
     /// Whether this text comes next, behind whitespace.
     bool skip(std::string_view text)
     {
         skipWhitespace();
-        const bool isNext = _rest.starts_with(text);
-        _rest.remove_prefix(isNext ? text.size() : 0);
-        return isNext;
+        return skipHere(text);
     }
 
     /// The lines that every writer of property lists begins with, byte for byte.
@@ -55,39 +129,114 @@ private:
                skip(R"(<plist version="1.0">)");
     }
 
-    bool readEntry(QVariantMap *dictionary)
+    std::optional<QVariant> readValue(int level)
     {
-        QString key;
-        QString value;
-        const bool isRead =
-            readText("<key>", "</key>", &key) && readText("<string>", "</string>", &value);
-        if (isRead)
-            dictionary->insert(key, value);
-        return isRead;
+        if (skip("<string>"))
+            return readString();
+        if (skipHere("<integer>"))
+            return readInteger();
+        if (skipHere("<real>"))
+            return readReal();
+        if (skipHere("<true/>"))
+            return QVariant(true);
+        if (skipHere("<false/>"))
+            return QVariant(false);
+        return readCollection(level);
+    }
+
+    std::optional<QVariant> readCollection(int level)
+    {
+        if (level > DeepestLevel)
+            return std::nullopt;
+        if (skipHere("<dict>"))
+            return readDictionary(level);
+        if (skipHere("<array>"))
+            return readArray(level);
+        return std::nullopt;
+    }
+
+    std::optional<QVariant> readDictionary(int level)
+    {
+        QVariantMap dictionary;
+        while (!skip("</dict>")) {
+            const std::optional<QString> key = readKey();
+            const std::optional<QVariant> value = key ? readValue(level + 1) : std::nullopt;
+            if (!value)
+                return std::nullopt;
+            // Writers sort their keys.
+            dictionary.insert(dictionary.constEnd(), *key, *value);
+        }
+        return QVariant(std::move(dictionary));
+    }
+
+    std::optional<QVariant> readArray(int level)
+    {
+        QVariantList array;
+        while (!skip("</array>")) {
+            std::optional<QVariant> value = readValue(level + 1);
+            if (!value)
+                return std::nullopt;
+            array.append(std::move(*value));
+        }
+        return QVariant(std::move(array));
+    }
+
+    std::optional<QString> readKey()
+    {
+        const auto text = skipHere("<key>") ? readText("</key>") : std::nullopt;
+        return text ? std::optional(keyOf(*text)) : std::nullopt;
+    }
+
+    /// Records of a list have the same keys: one text for all of them.
+    QString keyOf(std::string_view text)
+    {
+        constexpr size_t MostKeys = 16;
+        for (const auto &[known, key] : _keys) {
+            if (known == text)
+                return key;
+        }
+        if (_keys.size() == MostKeys)
+            _keys.clear();
+        _keys.emplace_back(text, QString::fromLatin1(text.data(), qsizetype(text.size())));
+        return _keys.back().second;
+    }
+
+    std::optional<QVariant> readString()
+    {
+        const auto text = readText("</string>");
+        if (!text)
+            return std::nullopt;
+        return QVariant(QString::fromLatin1(text->data(), qsizetype(text->size())));
+    }
+
+    std::optional<QVariant> readInteger()
+    {
+        const auto text = readText("</integer>");
+        return text && isPlainInteger(*text) ? plainNumberFrom<qlonglong>(*text) : std::nullopt;
+    }
+
+    std::optional<QVariant> readReal()
+    {
+        const auto text = readText("</real>");
+        return text && isPlainReal(*text) ? plainNumberFrom<double>(*text) : std::nullopt;
     }
 
     /// Text that stands for itself: printable ASCII without markup.
-    bool readText(std::string_view start, std::string_view end, QString *text)
+    std::optional<std::string_view> readText(std::string_view end)
     {
-        if (!skip(start))
-            return false;
-        const auto stop = std::ranges::find_if(_rest, [](char unit) {
-            return unit < ' ' || unit > '~' || unit == '<' || unit == '>' || unit == '&';
-        });
-        const auto length = qsizetype(stop - _rest.begin());
-        *text = QString::fromLatin1(_rest.data(), length);
-        _rest.remove_prefix(size_t(length));
+        const auto stop = std::ranges::find_if_not(_rest, isPlainUnit);
+        const std::string_view text = _rest.substr(0, size_t(stop - _rest.begin()));
+        _rest.remove_prefix(text.size());
         // Whitespace before the end would have to be kept.
-        const bool isWhole = _rest.starts_with(end);
-        _rest.remove_prefix(isWhole ? end.size() : 0);
-        return isWhole;
+        return skipHere(end) ? std::optional(text) : std::nullopt;
     }
 
     std::string_view _rest;
+    std::vector<std::pair<std::string_view, QString>> _keys;
 };
 } // namespace
 
-std::optional<QVariantMap> KTPrivate::readPlainXMLPropertyList(const QByteArray &data)
+std::optional<QVariant> KTPrivate::readPlainXMLPropertyList(const QByteArray &data)
 {
     return QuickReader(data).read();
 }

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <QByteArray>
-#include <QVariantMap>
+#include <QVariant>
 
 #include <optional>
 
 namespace KTPrivate {
-/// What readXMLPropertyList() would return, for a flat dictionary of plain texts in the usual form;
-/// nothing for everything else, right or wrong.
-std::optional<QVariantMap> readPlainXMLPropertyList(const QByteArray &data);
+/// What readXMLPropertyList() would return, for dictionaries, arrays, plain texts, numbers and truth
+/// values in the usual form; nothing for everything else, right or wrong.
+std::optional<QVariant> readPlainXMLPropertyList(const QByteArray &data);
 } // namespace KTPrivate

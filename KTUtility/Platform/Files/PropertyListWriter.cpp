@@ -12,6 +12,9 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <optional>
+#include <string>
+#include <string_view>
 
 using namespace KTPrivate;
 using namespace Qt::StringLiterals;
@@ -35,14 +38,64 @@ bool fitsXML(const QString &text)
            !text.contains(QChar(0xFFFE)) && !text.contains(QChar(0xFFFF));
 }
 
-QByteArray escaped(const QString &text)
+/// What stands for a character in XML; nothing if that stands for itself.
+std::string_view entityOf(char unit)
 {
-    // A carriage return would be read back as a newline if it stood there as it is.
-    return text.toUtf8()
-        .replace('&', "&amp;")
-        .replace('<', "&lt;")
-        .replace('>', "&gt;")
-        .replace('\r', "&#13;");
+    switch (unit) {
+    case '&':
+        return "&amp;";
+    case '<':
+        return "&lt;";
+    case '>':
+        return "&gt;";
+    case '\r':
+        // It would be read back as a newline if it stood there as it is.
+        return "&#13;";
+    default:
+        return {};
+    }
+}
+
+std::string_view viewOf(const QByteArray &bytes)
+{
+    return {bytes.constData(), size_t(bytes.size())};
+}
+
+void appendEscaped(std::string_view text, std::string *bytes)
+{
+    for (const char unit : text) {
+        if (const std::string_view entity = entityOf(unit); entity.empty())
+            *bytes += unit;
+        else
+            *bytes += entity;
+    }
+}
+
+/// Whether a text is printable ASCII, which any document holds and UTF-8 leaves as it is.
+bool isPrintableASCII(QStringView text)
+{
+    return std::ranges::all_of(text, [](QChar unit) { return unit >= u' ' && unit <= u'~'; });
+}
+
+/// The decimal places of a number of eighths, which are exact.
+constexpr int PlacesOfEighths = 3;
+
+/// A number of whole eighths below a thousand million, as sizes are, which has no more digits than
+/// it shows.
+std::optional<QByteArray> textOfEighths(double value)
+{
+    constexpr double Limit = 1e9;
+    const double eighths = value * 8;
+    if (!(std::abs(value) < Limit) || eighths != std::floor(eighths))
+        return std::nullopt;
+    const qint64 thousandths = std::abs(qint64(eighths)) * 125;
+    QByteArray text = QByteArray::number(thousandths / 1000);
+    if (const qint64 rest = thousandths % 1000; rest != 0) {
+        text += '.' + QByteArray::number(rest).rightJustified(PlacesOfEighths, '0');
+        while (text.endsWith('0'))
+            text.chop(1);
+    }
+    return value < 0 ? '-' + text : text;
 }
 
 QByteArray realText(double value)
@@ -53,6 +106,8 @@ QByteArray realText(double value)
         return value < 0 ? "-infinity" : "+infinity";
     if (value == 0)
         return "0.0";
+    if (const auto text = textOfEighths(value))
+        return *text;
     // As "%.17g", with "." in every locale.
     std::array<char, 40> buffer{};
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
@@ -80,7 +135,8 @@ public:
                 *error = _error;
             return {};
         }
-        return _bytes + "</plist>\n";
+        _bytes += "</plist>\n";
+        return QByteArray(_bytes.data(), qsizetype(_bytes.size()));
     }
 
 private:
@@ -90,16 +146,46 @@ private:
         return false;
     }
 
-    void writeLine(int depth, const QByteArray &text)
+    void writeIndent(int depth) { _bytes.append(size_t(depth), '\t'); }
+
+    void writeLine(int depth, std::string_view text)
     {
-        _bytes += QByteArray(depth, '\t') + text + '\n';
+        writeIndent(depth);
+        (_bytes += text) += '\n';
     }
 
-    bool writeText(const char *tag, const QString &text, int depth)
+    void writeStart(int depth, std::string_view tag)
     {
-        if (!fitsXML(text))
+        writeIndent(depth);
+        ((_bytes += '<') += tag) += '>';
+    }
+
+    void writeEnd(std::string_view tag) { ((_bytes += "</") += tag) += ">\n"; }
+
+    /// A value in one line; the text has no characters that mean anything in XML.
+    void writeElement(int depth, std::string_view tag, std::string_view text)
+    {
+        writeStart(depth, tag);
+        _bytes += text;
+        writeEnd(tag);
+    }
+
+    template<typename Integer>
+    void writeInteger(int depth, Integer value)
+    {
+        std::array<char, 24> buffer{};
+        const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
+        writeElement(depth, "integer", {buffer.data(), size_t(end - buffer.data())});
+    }
+
+    bool writeText(std::string_view tag, const QString &text, int depth)
+    {
+        const bool isASCII = isPrintableASCII(text);
+        if (!isASCII && !fitsXML(text))
             return fail(u"a text with characters that XML cannot hold: "_s + text.left(40));
-        writeLine(depth, QByteArray("<") + tag + '>' + escaped(text) + "</" + tag + '>');
+        writeStart(depth, tag);
+        appendEscaped(viewOf(isASCII ? text.toLatin1() : text.toUtf8()), &_bytes);
+        writeEnd(tag);
         return true;
     }
 
@@ -110,7 +196,7 @@ private:
         const QByteArray base64 = data.toBase64();
         writeLine(depth, "<data>");
         for (qsizetype start = 0; start < base64.size(); start += std::max<qsizetype>(width, 4))
-            writeLine(depth, base64.mid(start, std::max<qsizetype>(width, 4)));
+            writeLine(depth, viewOf(base64.mid(start, std::max<qsizetype>(width, 4))));
         writeLine(depth, "</data>");
     }
 
@@ -120,7 +206,8 @@ private:
         if (!utc.isValid())
             return fail(u"an invalid date"_s);
         const QString rest = utc.toString(u"-MM-ddTHH:mm:ssZ"_s);
-        writeLine(depth, "<date>" + yearText(utc.date().year()) + rest.toLatin1() + "</date>");
+        const QByteArray text = yearText(utc.date().year()) + rest.toLatin1();
+        writeElement(depth, "date", viewOf(text));
         return true;
     }
 
@@ -174,13 +261,13 @@ private:
             writeLine(depth, value.toBool() ? "<true/>" : "<false/>");
             return true;
         case VariantKind::Signed:
-            writeLine(depth, "<integer>" + QByteArray::number(value.toLongLong()) + "</integer>");
+            writeInteger(depth, value.toLongLong());
             return true;
         case VariantKind::Unsigned:
-            writeLine(depth, "<integer>" + QByteArray::number(value.toULongLong()) + "</integer>");
+            writeInteger(depth, value.toULongLong());
             return true;
         case VariantKind::Double:
-            writeLine(depth, "<real>" + realText(value.toDouble()) + "</real>");
+            writeElement(depth, "real", viewOf(realText(value.toDouble())));
             return true;
         case VariantKind::Decimal:
             return writeDecimal(value.value<NSDecimalNumber>(), depth);
@@ -205,7 +292,7 @@ private:
         return fail(u"no property list type: "_s + QString::fromLatin1(value.typeName()));
     }
 
-    QByteArray _bytes;
+    std::string _bytes; // QByteArray takes ten times as long to be added to
     QString _error;
 };
 } // namespace

@@ -7,7 +7,7 @@
 using namespace Qt::StringLiterals;
 using namespace testing_support;
 
-// Dictionaries of plain texts are read without the XML parser. A comment at the end sends the same
+// Plain texts, numbers and what holds them are read without the XML parser. A comment at the end sends the same
 // document through the parser, and the answers must agree.
 
 namespace {
@@ -25,6 +25,17 @@ QByteArray manifest()
                     {u"NSPrincipalClass"_s, u"Acme::Exporter"_s},
                     {u"empty"_s, u""_s},
                     {u""_s, u" blanks ~ around "_s}});
+}
+
+/// Of all that is read without the parser.
+QByteArray settings()
+{
+    const QVariantMap record{{u"name"_s, u"Field 1"_s},
+                             {u"order"_s, qlonglong(-12)},
+                             {u"width"_s, 12.375},
+                             {u"isShown"_s, true}};
+    return NSPropertyListSerialization::dataWithPropertyList(
+        QVariantMap{{u"records"_s, QVariantList{record, record, QVariantList{false, 1e300}}}});
 }
 
 QByteArray withBody(const QByteArray &body)
@@ -93,11 +104,87 @@ TEST(PropertyListQuickReader, AgreesWithTheParserOnEveryForm)
         expectAgreement(withBody(body));
 }
 
+TEST(PropertyListQuickReader, AgreesWithTheParserOnEveryNumber)
+{
+    const QByteArray integers[] = {
+        "0", "-0", "007", "+5",  "-12", "999999999999999999",  "-1-", "1 2", " 1", "1 ",
+        "",  "-",  "0x1", "1.0", "1e3", "99999999999999999999"};
+    for (const QByteArray &text : integers)
+        expectAgreement(withBody("<integer>" + text + "</integer>"));
+    const QByteArray reals[] = {"0",
+                                "-0",
+                                "0.0",
+                                "-0.0",
+                                "1.5",
+                                "1.",
+                                ".5",
+                                "1e5",
+                                "1E5",
+                                "1e+5",
+                                "1e-5",
+                                "1e",
+                                "1e999",
+                                "1e-999",
+                                "5e-324",
+                                "+1",
+                                "1,5",
+
+                                "inf",
+                                "1.5 ",
+                                " 1.5",
+                                "0x1p3",
+                                "1_0",
+                                "",
+                                "-",
+                                "1.5e5.5",
+                                "00.5",
+                                "9007199254740993",
+                                "0.10000000000000001",
+                                "179769313486231580793e289"};
+    for (const QByteArray &text : reals)
+        expectAgreement(withBody("<real>" + text + "</real>"));
+}
+
+TEST(PropertyListQuickReader, AgreesWithTheParserOnWhatIsNested)
+{
+    const QByteArray bodies[] = {
+        "<array><integer>1</integer><real>2.5</real><true/><false/></array>",
+        "<array><array/><dict/></array>",
+        "<array><dict><key>a</key><array><string>b</string></array></dict></array>",
+        "<array><true></true></array>",
+        "<array><true /></array>",
+        "<array><key>a</key></array>",
+        "<array>text</array>",
+        "<array><string>a</string></dict>",
+        "<string>a</string>",
+        "<string>a</string><string>b</string>",
+        "<true/>",
+        "<array><date>2026-03-05T12:00:00Z</date><data>AAAA</data></array>",
+    };
+    for (const QByteArray &body : bodies)
+        expectAgreement(withBody(body));
+    for (const int depth : {63, 64, 65, 66, 511, 512, 513, 514})
+        expectAgreement(withBody(QByteArray("<array>").repeated(depth) +
+                                 QByteArray("</array>").repeated(depth)));
+}
+
+TEST(PropertyListQuickReader, RecordsShareTheirKeys)
+{
+    const QVariantMap read = propertyListFromData(settings()).toMap();
+    const QVariantList records = read.value(u"records"_s).toList();
+    const QVariantMap first = records.at(0).toMap();
+    const QVariantMap second = records.at(1).toMap();
+    EXPECT_EQ(first, second);
+    EXPECT_EQ(first.firstKey().constData(), second.firstKey().constData());
+}
+
 TEST(PropertyListQuickReader, AgreesWithTheParserOnEveryBeginning)
 {
     const QByteArray whole = manifest();
-    for (qsizetype size = 0; size <= whole.size(); ++size)
-        expectAgreement(whole.left(size));
+    for (const QByteArray &document : {whole, settings()}) {
+        for (qsizetype size = 0; size <= document.size(); ++size)
+            expectAgreement(document.left(size));
+    }
     expectAgreement("\n" + whole);
     expectAgreement(" " + whole);
     expectAgreement("\xEF\xBB\xBF" + whole);
@@ -109,12 +196,12 @@ TEST(PropertyListQuickReader, AgreesWithTheParserOnEveryBeginning)
 TEST(PropertyListQuickReader, AgreesWithTheParserOnDamage)
 {
     std::mt19937 random(7);
-    const QByteArray whole = manifest();
+    const QByteArray documents[] = {manifest(), settings()};
     const QByteArray units("<>/&!?\"=k \n\t]\0\xFF"
                            "a",
                            16);
     for (int round = 0; round < 20'000; ++round) {
-        QByteArray damaged = whole;
+        QByteArray damaged = documents[round % 2];
         for (auto changes = 1 + random() % 3; changes > 0; --changes) {
             const auto place = qsizetype(random() % unsigned(damaged.size()));
             const char unit = units[qsizetype(random() % unsigned(units.size()))];

@@ -11,6 +11,7 @@
 
 #include <cmath>
 #include <limits>
+#include <vector>
 
 using namespace NSPropertyListSerialization;
 using namespace Qt::StringLiterals;
@@ -97,6 +98,20 @@ TEST(PropertyListWriter, ScalarsAreWrittenInThePlatformsForm)
     EXPECT_EQ(bodyOf(u"a<b>&\"'é"_s), "<string>a&lt;b&gt;&amp;\"'\xC3\xA9</string>\n");
     EXPECT_EQ(bodyOf(QVariantList()), "<array/>\n");
     EXPECT_EQ(bodyOf(QStringList{u"a"_s}), "<array>\n\t<string>a</string>\n</array>\n");
+}
+
+TEST(PropertyListWriter, RealsAreThoseOfPrintf)
+{
+    std::vector<double> values = {999'999'999.875, 1e9, -1e9 - 0.125, 0.0625, -0.0625, 1e-300};
+    for (int eighths = -1000; eighths <= 1000; ++eighths) {
+        values.push_back(eighths / 8.0);
+        values.push_back(eighths / 8.0 + 123'456'789);
+        values.push_back(eighths / 10.0);
+    }
+    for (const double value : values) {
+        if (value != 0)
+            EXPECT_EQ(bodyOf(value), "<real>" + QByteArray::number(value, 'g', 17) + "</real>\n");
+    }
 }
 
 TEST(PropertyListWriter, ZeroLosesItsSign)
