@@ -6,6 +6,7 @@
 
 #include <QHash>
 
+#include <array>
 #include <functional>
 #include <mutex>
 
@@ -18,7 +19,7 @@ enum class Kind { Dates, Times, Iso, DatesWithTimes };
 /// What the formatters of a list depend on.
 struct ListKey
 {
-    Kind kind;
+    Kind kind = Kind::Dates;
     int order = 0;            ///< of Dates
     QString datePattern = {}; ///< of DatesWithTimes
     QString locale = {};
@@ -38,7 +39,7 @@ ListKey keyOf(Kind kind, const DateFormatterSettings &settings)
     const QDateTime &day = settings.defaultDate;
     return {.kind = kind,
             .locale = settings.locale.localeIdentifier(),
-            .zone = NSCalendar::systemTimeZone(),
+            .zone = settings.zone.isValid() ? settings.zone : NSCalendar::systemTimeZone(),
             .hasDefaultDate = day.isValid(),
             .day = (day.isValid() ? day : settings.today).toMSecsSinceEpoch()};
 }
@@ -110,10 +111,8 @@ DateFormatterLists::Shared loggedList(size_t size, const Make &make)
 }
 
 /// The list under a key, made by this field or another one.
-DateFormatterLists::Shared listOf(const ListKey &key, size_t size, const Make &make)
+DateFormatterLists::Shared sharedList(const ListKey &key, size_t size, const Make &make)
 {
-    if (isLogged())
-        return loggedList(size, make);
     if (DateFormatterLists::Shared known = sharedLists().find(key))
         return known;
     // Whenever a formatter is asked for, it is one of the zone that the list was made in.
@@ -121,6 +120,23 @@ DateFormatterLists::Shared listOf(const ListKey &key, size_t size, const Make &m
         size, [make, zone = key.zone](size_t index) { return settled(make(index), zone); });
     sharedLists().insert(key, list);
     return list;
+}
+
+/// The list of a field. The fields of a form ask for the same ones again and again.
+DateFormatterLists::Shared listOf(const ListKey &key, size_t size, const Make &make)
+{
+    struct Last
+    {
+        ListKey key;
+        DateFormatterLists::Shared list;
+    };
+    static thread_local std::array<Last, size_t(Kind::DatesWithTimes) + 1> lastOfKind;
+    if (isLogged())
+        return loggedList(size, make);
+    Last &last = lastOfKind[size_t(key.kind)];
+    if (!last.list || last.key != key)
+        last = {key, sharedList(key, size, make)};
+    return last.list;
 }
 
 void prepare(NSDateFormatter &formatter, const DateFormatterSettings &settings, bool isLenient)

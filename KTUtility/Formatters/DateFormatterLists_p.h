@@ -7,6 +7,7 @@
 
 #include <QDateTime>
 #include <QString>
+#include <QTimeZone>
 
 #include <memory>
 
@@ -18,6 +19,7 @@ struct DateFormatterSettings
     NSCalendar calendar;
     QDateTime defaultDate; ///< of what texts do not say; may be nil
     QDateTime today;       ///< the same in Japan's own patterns
+    QTimeZone zone = {};   ///< the machine's, for whoever knows it
     bool isSilent = false; ///< what is made is not logged
 
     bool isJapaneseCalendar() const { return calendar.calendarIdentifier() == NSJapaneseCalendar; }

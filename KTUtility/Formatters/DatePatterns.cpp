@@ -130,9 +130,8 @@ DatePatterns::Order orderOf(char16_t first, char16_t second)
         return DatePatterns::DayMonthYear;
     return second == u'M' ? DatePatterns::YearMonthDay : DatePatterns::YearDayMonth;
 }
-} // namespace
 
-QString DatePatterns::withFourDigitYear(const QString &pattern)
+QString madeWithFourDigitYear(const QString &pattern)
 {
     QString result;
     qsizetype first = -1;
@@ -145,6 +144,21 @@ QString DatePatterns::withFourDigitYear(const QString &pattern)
         result += isText ? part : part.remove(u'y');
     }
     return first < 0 ? QString() : result.insert(first, u"yyyy");
+}
+} // namespace
+
+QString DatePatterns::withFourDigitYear(const QString &pattern)
+{
+    // The fields of a form mostly show dates in one style.
+    struct Last
+    {
+        QString pattern;
+        QString widened;
+    };
+    static thread_local Last last;
+    if (last.pattern.isNull() || last.pattern != pattern)
+        last = {pattern, madeWithFourDigitYear(pattern)};
+    return last.widened;
 }
 
 DatePatterns::Order DatePatterns::orderOf(const QString &pattern)

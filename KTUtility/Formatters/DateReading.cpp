@@ -78,20 +78,22 @@ QDateTime DateReading::clock() const
     return QDateTime::fromMSecsSinceEpoch(_localTime, UTC);
 }
 
-/// Parses without a word.
-bool DateReading::parse(const NSDateFormatter &formatter)
+/// Parses without a word. Small, for nearly all attempts fail.
+inline bool DateReading::parse(const NSDateFormatter &formatter)
 {
-    DateMatch match;
-    if (!DateFormatterAccess::parse(formatter, _text, &match))
-        return false;
-    _time = match.time;
-    _localTime = match.localTime;
+    return DateFormatterAccess::parse(formatter, _text, &_match) && note(formatter);
+}
+
+bool DateReading::note(const NSDateFormatter &formatter)
+{
+    _time = _match.time;
+    _localTime = _match.localTime;
     _successful = &formatter;
-    _isExact = match.length == _string.size();
+    _isExact = _match.length == _string.size();
     return true;
 }
 
-bool DateReading::parse(const NSDateFormatter &formatter, QStringView message)
+inline bool DateReading::parse(const NSDateFormatter &formatter, QStringView message)
 {
     if (_isLogged)
         KTLog(kLog_FormattersDateTimes, 4, message, _string, formatter.dateFormat());
@@ -125,9 +127,10 @@ bool DateReading::readIso(const KTDateFormatterList &formatters)
 
 size_t DateReading::nextDate(const KTDateFormatterList &formatters, size_t from)
 {
-    while (from < formatters.size() && !parse(*formatters[from], DateAttempt))
+    const size_t count = formatters.size();
+    while (from < count && !parse(*formatters[from], DateAttempt))
         ++from;
-    if (from == formatters.size())
+    if (from == count)
         return from;
     KTLog(kLog_FormattersDateTimes, 4, u"date matches");
     if (_isExact)
@@ -151,10 +154,22 @@ bool DateReading::readWithLast(const KTDateFormatterList &formatters, QStringVie
     return isLastRead;
 }
 
+/// Whether the same list was tried on the text before, in vain: a style may have the pattern of
+/// another formatter.
+bool DateReading::wasTried(const KTDateFormatterList &formatters)
+{
+    const bool isKnown = _tried.contains(&formatters);
+    if (!isKnown)
+        _tried.append(&formatters);
+    return isKnown;
+}
+
 bool DateReading::readDateAndTime(const KTDateFormatterList &formatters)
 {
     if (_isLogged)
         logFormatters(formatters);
+    else if (wasTried(formatters))
+        return false;
     return readWithLast(formatters, DateAttempt, u"date/time matches", u"exact match (date/time)");
 }
 

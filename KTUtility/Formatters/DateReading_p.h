@@ -7,6 +7,7 @@
 #include <QDateTime>
 #include <QString>
 #include <QStringView>
+#include <QVarLengthArray>
 
 namespace KTPrivate {
 /// One text on its way through formatters, which are tried one after the other; the first that
@@ -47,6 +48,8 @@ public:
 private:
     bool parse(const NSDateFormatter &formatter);
     bool parse(const NSDateFormatter &formatter, QStringView message);
+    bool note(const NSDateFormatter &formatter);
+    bool wasTried(const KTDateFormatterList &formatters);
     bool choose(const NSDateFormatter &formatter, QStringView message);
     bool readWithLast(const KTDateFormatterList &formatters, QStringView attempt, QStringView match,
                       QStringView exactMatch);
@@ -54,9 +57,11 @@ private:
     const QString &_string;
     const DateText _text;
     const bool _isLogged;
+    DateMatch _match; ///< of the last attempt
     qint64 _time = 0;
     qint64 _localTime = 0;
     bool _isExact = false;
+    QVarLengthArray<const KTDateFormatterList *, 8> _tried; ///< of dates with times
     const NSDateFormatter *_successful = nullptr;
     const NSDateFormatter *_chosen = nullptr;
 };

@@ -341,7 +341,9 @@ QString KTDateTimeFormatter::reasonForRejecting(const QString &,
 
 DateFormatterSettings KTDateTimeFormatter::formatterSettings() const
 {
-    return {_locale, _calendar, defaultDate(), today(), false};
+    const QTimeZone zone = NSCalendar::systemTimeZone();
+    const QDateTime noon = todayAtNoon(_calendar, WallClock::milliseconds(), zone);
+    return {_locale, _calendar, defaultDate(), noon, zone, false};
 }
 
 std::shared_ptr<NSDateFormatter>

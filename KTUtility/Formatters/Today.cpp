@@ -39,8 +39,12 @@ QDateTime KTPrivate::todayAtNoon(const NSCalendar &calendar)
 
 QDateTime KTPrivate::todayAtNoon(const NSCalendar &calendar, qint64 now)
 {
+    return todayAtNoon(calendar, now, NSCalendar::systemTimeZone());
+}
+
+QDateTime KTPrivate::todayAtNoon(const NSCalendar &calendar, qint64 now, const QTimeZone &zone)
+{
     thread_local KnownDay known;
-    const QTimeZone zone = NSCalendar::systemTimeZone();
     const qint64 number = Civil::daysOfTime(TimeZoneRules::rulesOf(zone).localTimeOf(now));
     const unsigned generation = ZoneData::generation();
     if (!known.noon.isValid() || known.number != number || known.zone != zone ||

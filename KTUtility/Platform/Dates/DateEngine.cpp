@@ -8,9 +8,12 @@
 #include <KTUtility/Platform/Text/ThreadCache_p.h>
 
 #include <unicode/gregocal.h>
+#include <unicode/tzfmt.h>
+#include <unicode/tznames.h>
 #include <unicode/uchar.h>
 
 #include <array>
+#include <utility>
 
 using namespace KTPrivate;
 
@@ -103,6 +106,11 @@ void DateEngine::setPattern(const DatePattern &pattern)
 QString DateEngine::stringOf(const DatePattern &pattern, qint64 time)
 {
     setPattern(pattern);
+    return textAt(time);
+}
+
+QString DateEngine::textAt(qint64 time)
+{
     UErrorCode status = U_ZERO_ERROR;
     _calendar->setTime(double(time), status);
     // ICU allocates for what is longer than this.
@@ -111,6 +119,33 @@ QString DateEngine::stringOf(const DatePattern &pattern, qint64 time)
     icu::FieldPosition position(icu::FieldPosition::DONT_CARE);
     _format->format(*_calendar, text, position);
     return ICU::stringOf(text);
+}
+
+DateEngine::ZoneNameKey DateEngine::zoneNameKeyAt(qint64 time, int letters) const
+{
+    const TimeZoneRules::Offset offset = _rules.fullOffsetAt(time);
+    icu::UnicodeString zone;
+    icu::UnicodeString group;
+    if (const auto *const format = _format->getTimeZoneFormat())
+        format->getTimeZoneNames()->getMetaZoneID(_rules.zone().getID(zone), double(time), group);
+    return {letters, offset.total, offset.saving, ICU::stringOf(group)};
+}
+
+QString DateEngine::zoneNameAt(qint64 time, int letters)
+{
+    // A zone had some offsets and belonged to some groups; years of dates need no more.
+    constexpr size_t MostNames = 64;
+    ZoneNameKey key = zoneNameKeyAt(time, letters);
+    for (const ZoneName &known : _zoneNames) {
+        if (known.key == key)
+            return known.name;
+    }
+    if (_zoneNames.size() == MostNames)
+        _zoneNames.clear();
+    _format->applyPattern(icu::UnicodeString(letters, u'z', letters));
+    _patternNumber = 0;
+    _zoneNames.push_back({std::move(key), textAt(time)});
+    return _zoneNames.back().name;
 }
 
 void DateEngine::presetFields(const DatePattern &pattern, std::optional<qint64> defaultTime)

@@ -11,6 +11,7 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace KTPrivate {
 /// How a text is read.
@@ -43,10 +44,33 @@ public:
 
     QString stringOf(const DatePattern &pattern, qint64 time);
 
+    /// What a zone's name is written as at a time (DateElement::isZoneName()). ICU names zones by
+    /// their offset, by whether it is summer, and by the group of zones to which they belong at
+    /// that time; what it wrote for these is remembered.
+    QString zoneNameAt(qint64 time, int letters);
+
     bool parse(const DatePattern &pattern, QStringView text, std::optional<qint64> defaultTime,
                DateMatch *match);
 
 private:
+    /// What a zone's name depends on, in one number of letters.
+    struct ZoneNameKey
+    {
+        int letters = 0;
+        int offset = 0;
+        int saving = 0;
+        QString group;
+
+        friend bool operator==(const ZoneNameKey &, const ZoneNameKey &) = default;
+    };
+    struct ZoneName
+    {
+        ZoneNameKey key;
+        QString name;
+    };
+
+    ZoneNameKey zoneNameKeyAt(qint64 time, int letters) const;
+    QString textAt(qint64 time);
     void setPattern(const DatePattern &pattern);
     void presetFields(const DatePattern &pattern, std::optional<qint64> defaultTime);
     void presetWithoutDefault();
@@ -70,5 +94,6 @@ private:
     std::unique_ptr<icu::SimpleDateFormat> _format;
     std::unique_ptr<icu::Calendar> _calendar;
     quint64 _patternNumber = 0;
+    std::vector<ZoneName> _zoneNames;
 };
 } // namespace KTPrivate

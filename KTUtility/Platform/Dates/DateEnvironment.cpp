@@ -51,12 +51,14 @@ QString patternOf(const Format &format)
     return withPlainSpaces(ICU::stringOf(format->toPattern(pattern)));
 }
 
-QString typeOfCalendar(const icu::Locale &locale)
+QString datePatternOf(size_t style, const icu::Locale &locale)
 {
-    UErrorCode status = U_ZERO_ERROR;
-    const std::unique_ptr<icu::Calendar> calendar(icu::Calendar::createInstance(locale, status));
-    return U_SUCCESS(status) && calendar ? QString::fromLatin1(calendar->getType())
-                                         : NSGregorianCalendar;
+    return patternOf(patternFormat(icu::DateFormat::createDateInstance(styleOf(style), locale)));
+}
+
+QString timePatternOf(size_t style, const icu::Locale &locale)
+{
+    return patternOf(patternFormat(icu::DateFormat::createTimeInstance(styleOf(style), locale)));
 }
 
 /// ICU has no list of them.
@@ -71,17 +73,12 @@ std::array<icu::UnicodeString, 2> narrowHalvesOfDay(icu::SimpleDateFormat *forma
     return halves;
 }
 
-std::unique_ptr<icu::DateFormatSymbols> symbolsFor(const icu::Locale &locale,
-                                                   const DateCustoms &customs)
+void setCustomSymbols(icu::DateFormatSymbols *symbols, const DateCustoms &customs)
 {
-    UErrorCode status = U_ZERO_ERROR;
-    auto symbols = std::make_unique<icu::DateFormatSymbols>(locale, status);
     for (size_t kind = 0; kind < customs.symbols.size(); ++kind) {
         if (customs.symbols[kind])
-            DateSymbols::setNames(symbols.get(), NSDateFormatterSymbols(kind),
-                                  *customs.symbols[kind]);
+            DateSymbols::setNames(symbols, NSDateFormatterSymbols(kind), *customs.symbols[kind]);
     }
-    return symbols;
 }
 } // namespace
 
@@ -89,20 +86,46 @@ DateEnvironment::DateEnvironment(const NSLocale &nsLocale, const QString &calend
                                  const DateCustoms &own)
     : locale(ICU::localeOf(nsLocale, calendar))
     , customs(own)
-    , calendarType(typeOfCalendar(locale))
-    , isGregorian(calendarType == NSGregorianCalendar)
+    , calendarType(NSGregorianCalendar)
     , isEnglish(nsLocale.languageCode() == u"en")
-    , _symbols(symbolsFor(locale, own))
 {
-    Format format;
-    for (size_t style = 1; style < _datePatterns.size(); ++style) {
-        format = patternFormat(icu::DateFormat::createDateInstance(styleOf(style), locale));
-        _datePatterns[style] = patternOf(format);
-        format = patternFormat(icu::DateFormat::createTimeInstance(styleOf(style), locale));
-        _timePatterns[style] = patternOf(format);
+    readCalendar();
+    UErrorCode status = U_ZERO_ERROR;
+    icu::SimpleDateFormat format(icu::UnicodeString(), locale, status);
+    const bool isMade = U_SUCCESS(status);
+    makeSymbols(isMade ? &format : nullptr, calendar);
+    if (isMade)
+        readFormat(&format);
+}
+
+/// The names are those of the Gregorian calendar in every calendar. Where the format has these, they
+/// are copied, which takes a fraction of the time.
+void DateEnvironment::makeSymbols(const icu::SimpleDateFormat *format, const QString &calendar)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    if (format && isGregorian && calendar == NSGregorianCalendar)
+        _symbols = std::make_unique<icu::DateFormatSymbols>(*format->getDateFormatSymbols());
+    else
+        _symbols = std::make_unique<icu::DateFormatSymbols>(locale, status);
+    setCustomSymbols(_symbols.get(), customs);
+}
+
+void DateEnvironment::readCalendar()
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::Calendar> calendar(icu::Calendar::createInstance(locale, status));
+    if (U_SUCCESS(status) && calendar) {
+        calendarType = QString::fromLatin1(calendar->getType());
+        firstWeekday = calendar->getFirstDayOfWeek(status);
     }
-    if (format)
-        readFormat(format.get());
+    isGregorian = calendarType == NSGregorianCalendar;
+}
+
+const QString &DateEnvironment::StylePattern::value(Make make, size_t style,
+                                                    const icu::Locale &locale) const
+{
+    std::call_once(_once, [&] { _pattern = style == 0 ? QString() : make(style, locale); });
+    return _pattern;
 }
 
 bool DateEnvironment::hasShortEras() const
@@ -126,8 +149,6 @@ void DateEnvironment::readFormat(icu::SimpleDateFormat *format)
     startOfNaN = QChar(numberSymbols->getConstSymbol(DecimalFormatSymbols::kNaNSymbol).charAt(0))
                      .toLower()
                      .unicode();
-    UErrorCode status = U_ZERO_ERROR;
-    firstWeekday = format->getCalendar()->getFirstDayOfWeek(status);
     makeNames(format);
     makeShownNames();
 }
@@ -226,8 +247,8 @@ SharedEnvironment DateEnvironment::environmentOf(const NSLocale &locale, const Q
 
 QString DateEnvironment::patternOfStyles(unsigned date, unsigned time) const
 {
-    const QString &datePattern = _datePatterns[date];
-    const QString &timePattern = _timePatterns[time];
+    const QString &datePattern = _datePatterns[date].value(datePatternOf, date, locale);
+    const QString &timePattern = _timePatterns[time].value(timePatternOf, time, locale);
     if (datePattern.isEmpty() && timePattern.isEmpty())
         return u""_s;
     if (datePattern.isEmpty() || timePattern.isEmpty())

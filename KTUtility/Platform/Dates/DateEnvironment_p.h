@@ -14,6 +14,7 @@
 
 #include <array>
 #include <memory>
+#include <mutex>
 #include <optional>
 
 namespace KTPrivate {
@@ -82,6 +83,21 @@ public:
 private:
     static std::shared_ptr<const DateEnvironment> knownEnvironmentOf(const NSLocale &locale,
                                                                      const QString &calendar);
+    /// A style's pattern, asked of ICU on first use, by any thread: most formatters have patterns of
+    /// their own.
+    class StylePattern
+    {
+    public:
+        using Make = QString (*)(size_t style, const icu::Locale &locale);
+        const QString &value(Make make, size_t style, const icu::Locale &locale) const;
+
+    private:
+        mutable std::once_flag _once;
+        mutable QString _pattern;
+    };
+
+    void readCalendar();
+    void makeSymbols(const icu::SimpleDateFormat *format, const QString &calendar);
     void readFormat(icu::SimpleDateFormat *format);
     void makeNames(icu::SimpleDateFormat *format);
 
@@ -90,7 +106,7 @@ private:
     DateNames _names;
     DateShownNames _shownNames;
     std::unique_ptr<icu::DateFormatSymbols> _symbols;
-    std::array<QString, 5> _datePatterns;
-    std::array<QString, 5> _timePatterns;
+    std::array<StylePattern, 5> _datePatterns;
+    std::array<StylePattern, 5> _timePatterns;
 };
 } // namespace KTPrivate

@@ -43,8 +43,9 @@ QString DateFormatterAccess::stringWithoutICU(const NSDateFormatter &formatter,
 {
     const NSDateFormatter::Private &settings = *formatter._private;
     QString text;
-    const bool isWritten = DateWriter::write(settings.pattern(), settings.environment(),
-                                             settings.rules(), date.toMSecsSinceEpoch(), &text);
+    const bool isWritten =
+        DateWriter::write(settings.pattern(), settings.environment(), settings.rules(),
+                          date.toMSecsSinceEpoch(), nullptr, &text);
     return isWritten ? text : QString();
 }
 

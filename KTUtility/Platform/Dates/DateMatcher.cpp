@@ -11,48 +11,59 @@ using DateMatcher::Answer;
 using namespace DateCharacters;
 using namespace DateLead;
 
-/// A field that the text did not say.
-constexpr int Unknown = -1;
-
-/// What a text says about a date.
-struct Found
-{
-    int year = Unknown;
-    int month = Unknown;
-    int day = Unknown;
-    int hourOfDay = Unknown;
-    int hour = Unknown; ///< of the half day, 0 to 11 (more is rejected in the end)
-    int half = Unknown; ///< 0 AM, 1 PM
-    int minute = Unknown;
-    int second = Unknown;
-    bool isHalfDayLast = false; ///< whether hour and half were said after hourOfDay
-    bool hasAmbiguousYear = false;
-};
+constexpr int Unknown = DateFound::Unknown;
 
 /// Walks through a text as a pattern says.
 class Walk
 {
 public:
-    Walk(const DatePattern &pattern, const DateEnvironment &environment, QStringView text)
-        : _pattern(pattern), _environment(environment), _text(text)
+    Walk(const DatePattern &pattern, const DateEnvironment &environment, const DateText &text)
+        : _pattern(pattern), _environment(environment), _source(text), _text(text.start())
     {
     }
 
     Answer readAll()
     {
-        for (const DateElement &element : _pattern.elements()) {
-            const Answer answer = read(element);
-            if (answer != Answer::Matched)
-                return answer;
-        }
-        return position > 0 ? Answer::Matched : Answer::Rejected;
+        const size_t start = _pattern.datePrefix().count;
+        Answer answer = start == 0 ? Answer::Matched : readDatePrefix();
+        if (answer == Answer::Matched)
+            answer = readElements(start, _pattern.elements().size());
+        return answer == Answer::Matched && position == 0 ? Answer::Rejected : answer;
     }
 
-    Found found;
+    DateFound found;
     qsizetype position = 0;
 
 private:
     using Kind = DateElement::Kind;
+
+    Answer readElements(size_t from, size_t end)
+    {
+        for (size_t index = from; index < end; ++index) {
+            const Answer answer = read(_pattern.elements()[index]);
+            if (answer != Answer::Matched)
+                return answer;
+        }
+        return Answer::Matched;
+    }
+
+    /// The date before a time, unless the last attempt read the same.
+    Answer readDatePrefix()
+    {
+        const DatePrefix &prefix = _pattern.datePrefix();
+        DateMemory &memory = _source.memory();
+        if (!memory.knows(prefix, &_environment)) {
+            memory.answer = readElements(0, prefix.count);
+            memory.environment = &_environment;
+            memory.prefix = prefix.number;
+            memory.found = found;
+            memory.position = position;
+        } else {
+            found = memory.found;
+            position = memory.position;
+        }
+        return memory.answer;
+    }
 
     Answer read(const DateElement &element)
     {
@@ -191,10 +202,9 @@ private:
     {
         if (_environment.isEnglish && _pattern.hasMonthName && readSeptember())
             return Answer::Matched;
-        const DateNames &names = _environment.names();
-        const bool isStandalone = element.letter == u'L';
-        const DateName name =
-            findLongestName(isStandalone ? names.standaloneMonths : names.months, rest());
+        const auto &lists = _environment.names().monthsOf(element.letter);
+        const DateName name = position == _source.lead() ? _source.leadingName(lists)
+                                                         : findLongestName(lists, rest());
         const Answer answer = readName(name, &found.month);
         found.month += answer == Answer::Matched ? 1 : 0;
         return answer;
@@ -238,7 +248,8 @@ private:
 
     const DatePattern &_pattern;
     const DateEnvironment &_environment;
-    QStringView _text;
+    const DateText &_source;
+    const QStringView _text;
 };
 
 int valueOr(int value, int otherwise)
@@ -247,7 +258,7 @@ int valueOr(int value, int otherwise)
 }
 
 /// The hour of the day; 24 and more if there is none.
-int hourOf(const Found &found, int defaultHour)
+int hourOf(const DateFound &found, int defaultHour)
 {
     if (!found.isHalfDayLast)
         return valueOr(found.hourOfDay, defaultHour);
@@ -257,7 +268,7 @@ int hourOf(const Found &found, int defaultHour)
 }
 
 /// What was found, completed by the default date.
-DateFields fieldsOf(const Found &found, const DateReading &reading)
+DateFields fieldsOf(const DateFound &found, const DateReading &reading)
 {
     DateFields fields = DateFields::defaultFields(reading.defaultTime, *reading.rules);
     fields.year = found.year == Unknown ? fields.year : found.year;
@@ -270,7 +281,7 @@ DateFields fieldsOf(const Found &found, const DateReading &reading)
 }
 
 /// The instant of what was found, if there is such a day and hour.
-Answer resolve(const Found &found, const DateReading &reading, DateMatch *match)
+Answer resolve(const DateFound &found, const DateReading &reading, DateMatch *match)
 {
     if (found.hasAmbiguousYear)
         return Answer::Undecided;
@@ -296,7 +307,7 @@ Answer DateMatcher::match(const DatePattern &pattern, const DateReading &reading
 {
     if (!isDecidable(reading))
         return Answer::Undecided;
-    Walk walk(pattern, *reading.environment, text.start());
+    Walk walk(pattern, *reading.environment, text);
     Answer answer = walk.readAll();
     if (answer == Answer::Matched)
         answer = resolve(walk.found, reading, match);

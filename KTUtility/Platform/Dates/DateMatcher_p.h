@@ -10,7 +10,7 @@
 /// Whatever else occurs (other digits, signs, zones, eras, the year 0) is left undecided.
 /// The answers are those of DateEngine::parse(), which a test compares.
 namespace KTPrivate::DateMatcher {
-enum class Answer { Matched, Rejected, Undecided };
+using Answer = DateAnswer;
 
 /// Whether \a reading is of the kind that can be decided at all.
 bool isDecidable(const DateReading &reading);

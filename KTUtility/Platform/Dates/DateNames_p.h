@@ -91,6 +91,12 @@ struct KTUTILITY_EXPORT DateNames
     std::array<DateNameList, 4> weekdays;         ///< wide, abbreviated, short, narrow
     std::array<DateNameList, 2> halvesOfDay;      ///< "AM", "a"
 
+    /// The months that a letter of a pattern asks for.
+    const std::array<DateNameList, 2> &monthsOf(char16_t letter) const
+    {
+        return letter == u'L' ? standaloneMonths : months;
+    }
+
     // --- What names of a kind start with, as DateNameList::firstUnits()
 
     quint64 startsOfMonths = 0;

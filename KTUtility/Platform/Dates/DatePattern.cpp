@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <map>
+#include <tuple>
 #include <unordered_map>
 
 using namespace KTPrivate;
@@ -39,6 +41,21 @@ quint64 nextNumber()
 {
     static std::atomic<quint64> last = 0;
     return ++last;
+}
+
+/// What tells how the date before a time is read: its pattern, the widths of its years, and whether
+/// English months have all of their names.
+using PrefixKey = std::tuple<QString, int, bool>;
+
+quint64 numberOfPrefix(const PrefixKey &key)
+{
+    static QMutex mutex;
+    static std::map<PrefixKey, quint64> known;
+    const QMutexLocker lock(&mutex);
+    if (known.size() >= Capacity && !known.contains(key))
+        known.clear();
+    quint64 &number = known[key];
+    return number == 0 ? number = nextNumber() : number;
 }
 
 /// Whether ICU takes a field for a number when it stands beside another one.
@@ -130,6 +147,17 @@ DatePattern::DatePattern(const QString &pattern, DateYears years)
     hasMinimalDigits = std::any_of(_elements.begin(), _elements.end(),
                                    [](const DateElement &one) { return one.minimalDigits > 1; });
     noteLead();
+    noteDatePrefix();
+}
+
+void DatePattern::noteDatePrefix()
+{
+    const auto hour = std::find_if(_elements.begin(), _elements.end(), [](const DateElement &one) {
+        return one.kind == ElementKind::Number && QStringView(u"hHkK").contains(one.letter);
+    });
+    const auto count = size_t(hour - _elements.begin());
+    if (hour != _elements.end() && count >= 2 && _elements[count - 1].sought == u" ")
+        _datePrefix = {numberOfPrefix({text.left(hour->start), int(_years), hasMonthName}), count};
 }
 
 void DatePattern::noteLead()
@@ -138,15 +166,21 @@ void DatePattern::noteLead()
         return element.kind == ElementKind::Other;
     };
     _needsICU = std::any_of(_elements.begin(), _elements.end(), isOther);
+    _needsICUForMoreThanZones =
+        std::any_of(_elements.begin(), _elements.end(), [&](const DateElement &element) {
+            return isOther(element) && !element.isZoneName();
+        });
     if (_elements.empty())
         return;
     const DateElement &first = _elements.front();
     _leadingKind = first.kind;
+    _leadingLetter = first.letter;
     _isLedByMonth = first.letter == u'M' || first.letter == u'L';
     // A text may end within the last literal; only one that a field follows has to be there.
-    if (first.kind == ElementKind::Number && _elements.size() > 2 &&
-        _elements[1].kind == ElementKind::Literal && !_elements[1].sought.isEmpty())
-        _unitAfterLeadingNumber = _elements[1].sought[0].unicode();
+    const bool isSought = first.kind == ElementKind::Number || _isLedByMonth;
+    if (isSought && _elements.size() > 2 && _elements[1].kind == ElementKind::Literal &&
+        !_elements[1].sought.isEmpty())
+        _unitAfterLead = _elements[1].sought[0].unicode();
 }
 
 void DatePattern::appendField(qsizetype at, qsizetype end)

@@ -35,12 +35,24 @@ struct DateElement
     /// whitespace.
     QString characters;
     QString sought;
+
+    /// Whether it is the name that a zone has at a time ("PST", "Pacific Standard Time").
+    bool isZoneName() const { return letter == u'z' && count <= 4; }
 };
 
 /// How many digits "yy" takes in a text.
 enum class DateYears : quint8 {
     AsWide, ///< two
     OfStyle ///< two or four: who shows a style's dates may widen its year
+};
+
+/// What stands before the time in a pattern of a date and a time behind a space, with the space.
+struct DatePrefix
+{
+    /// The same for all patterns in which it is read alike; 0 if there is no such part.
+    quint64 number = 0;
+    /// How many elements it has.
+    size_t count = 0;
 };
 
 /// A date pattern in Unicode's notation (UTS #35), taken apart once and shared by all formatters
@@ -82,14 +94,21 @@ public:
     bool takesYearOf(int digits) const;
 
     const std::vector<DateElement> &elements() const { return _elements; }
+    /// The date before the time. Whatever follows, it fits the same part of a text.
+    const DatePrefix &datePrefix() const { return _datePrefix; }
     /// The kind of the first element.
     DateElement::Kind leadingKind() const { return _leadingKind; }
-    /// The character behind a leading number; a space is any whitespace, 0 is no particular one.
-    char16_t unitAfterLeadingNumber() const { return _unitAfterLeadingNumber; }
+    /// The character behind a leading number or month; a space is any whitespace, 0 is no particular
+    /// one.
+    char16_t unitAfterLead() const { return _unitAfterLead; }
+    /// The letter of the first element; 0 if that is no field.
+    char16_t leadingLetter() const { return _leadingLetter; }
     /// Whether the leading element reads a month.
     bool isLedByMonth() const { return _isLedByMonth; }
     /// Whether some element is left to ICU.
     bool needsICU() const { return _needsICU; }
+    /// Whether some element but zones' names is left to ICU.
+    bool needsICUForMoreThanZones() const { return _needsICUForMoreThanZones; }
 
 private:
     void appendField(qsizetype at, qsizetype end);
@@ -98,12 +117,16 @@ private:
     void leaveAdjacentNumbersToICU();
 
     void noteLead();
+    void noteDatePrefix();
 
     std::vector<DateElement> _elements;
+    DatePrefix _datePrefix;
     DateElement::Kind _leadingKind = DateElement::Kind::Other;
-    char16_t _unitAfterLeadingNumber = 0;
+    char16_t _leadingLetter = 0;
+    char16_t _unitAfterLead = 0;
     bool _isLedByMonth = false;
     bool _needsICU = false;
+    bool _needsICUForMoreThanZones = false;
     const DateYears _years;
 };
 } // namespace KTPrivate

@@ -1,13 +1,71 @@
 #pragma once
 
 #include "DateCharacters_p.h"
+#include "DateNames_p.h"
+#include "DatePattern_p.h"
 
 #include <QList>
 #include <QStringView>
 
+#include <array>
 #include <optional>
 
 namespace KTPrivate {
+/// What a text says about a date.
+struct DateFound
+{
+    /// A field that the text did not say.
+    static constexpr int Unknown = -1;
+
+    int year = Unknown;
+    int month = Unknown;
+    int day = Unknown;
+    int hourOfDay = Unknown;
+    int hour = Unknown; ///< of the half day, 0 to 11 (more is rejected in the end)
+    int half = Unknown; ///< 0 AM, 1 PM
+    int minute = Unknown;
+    int second = Unknown;
+    bool isHalfDayLast = false; ///< whether hour and half were said after hourOfDay
+    bool hasAmbiguousYear = false;
+};
+
+enum class DateAnswer { Matched, Rejected, Undecided };
+
+/// What attempts to read one text have in common, remembered from one to the next.
+struct DateMemory
+{
+    /// The name that the text begins with in some lists: all patterns that begin with a name look
+    /// for the same. The lists have to outlive this.
+    template<size_t Count>
+    const DateName &leadingName(const std::array<DateNameList, Count> &lists, QStringView text)
+    {
+        if (soughtNames != &lists) {
+            name = findLongestName(lists, text);
+            soughtNames = &lists;
+        }
+        return name;
+    }
+
+    const void *soughtNames = nullptr;
+    DateName name;
+
+    /// The generation of the zones' data, looked at once.
+    std::optional<unsigned> zoneGeneration;
+
+    // --- How far the text fits the date before a time: a dozen patterns differ in the time only.
+
+    bool knows(const DatePrefix &date, const void *itsEnvironment) const
+    {
+        return date.number != 0 && date.number == prefix && itsEnvironment == environment;
+    }
+
+    /// Whose names they are.
+    const void *environment = nullptr;
+    quint64 prefix = 0; ///< its number; 0 if nothing is remembered
+    DateAnswer answer = DateAnswer::Undecided;
+    DateFound found;
+    qsizetype position = 0;
+};
 /// A text in which a date is sought, looked at once for all attempts to read it.
 ///
 /// Only its first 1,024 units are read: no pattern means more, and a text may be megabytes long.
@@ -40,13 +98,23 @@ public:
     qsizetype leadingDigits() const { return _leadingDigits; }
     /// The character behind them; 0 if there is none.
     char16_t unitAfterDigits() const { return unitAt(_lead + _leadingDigits); }
+    /// The name of some lists that stands there. The lists have to outlive this.
+    template<size_t Count>
+    const DateName &leadingName(const std::array<DateNameList, Count> &lists) const
+    {
+        return _memory.leadingName(lists, _start.sliced(_lead));
+    }
 
-private:
+    /// What attempts to read the text remember for the next ones.
+    DateMemory &memory() const { return _memory; }
+
+    /// The character at a place; 0 behind the end.
     char16_t unitAt(qsizetype at) const
     {
         return at < _start.size() ? _start[at].unicode() : char16_t(0);
     }
 
+private:
     void noteLead()
     {
         while (_lead < _start.size() &&
@@ -62,6 +130,7 @@ private:
     qsizetype _lead = 0;
     qsizetype _leadingDigits = 0;
     char16_t _leadingUnit = 0;
+    mutable DateMemory _memory;
 };
 
 /// The hour, 0 to 99, that a text is and says nothing else of: one or two digits of any script,

@@ -15,8 +15,11 @@ constexpr int LongestNumber = 9;
 class GregorianWriter
 {
 public:
-    GregorianWriter(const DateEnvironment &environment, qint64 localTime)
-        : _names(environment.shownNames()), _fields(DateFields::fieldsOf(localTime))
+    GregorianWriter(const DateEnvironment &environment, qint64 localTime,
+                    const std::function<QString(int)> &zoneName)
+        : _names(environment.shownNames())
+        , _fields(DateFields::fieldsOf(localTime))
+        , _zoneName(zoneName)
     {
         _text.reserve(UsualLength);
     }
@@ -39,7 +42,7 @@ public:
         case Kind::HalfOfDay:
             return writeName(_names.halvesOfDay, element.count, _fields.hour / 12);
         default:
-            return false;
+            return writeZoneName(element);
         }
     }
 
@@ -125,18 +128,28 @@ private:
         return true;
     }
 
+    bool writeZoneName(const DateElement &element)
+    {
+        if (!element.isZoneName() || !_zoneName)
+            return false;
+        _text += _zoneName(element.count);
+        return true;
+    }
+
     const DateShownNames &_names;
     const DateFields _fields;
+    const std::function<QString(int)> &_zoneName;
 };
 } // namespace
 
 bool DateWriter::write(const DatePattern &pattern, const DateEnvironment &environment,
-                       const TimeZoneRules &rules, qint64 time, QString *text)
+                       const TimeZoneRules &rules, qint64 time,
+                       const std::function<QString(int)> &zoneName, QString *text)
 {
-    if (pattern.needsICU() || !environment.isGregorian || !environment.hasASCIIDigits ||
-        !Civil::isSafe(time))
+    if (pattern.needsICUForMoreThanZones() || !environment.isGregorian ||
+        !environment.hasASCIIDigits || !Civil::isSafe(time))
         return false;
-    GregorianWriter writer(environment, rules.localTimeOf(time));
+    GregorianWriter writer(environment, rules.localTimeOf(time), zoneName);
     for (const DateElement &element : pattern.elements()) {
         if (!writer.write(element))
             return false;

@@ -82,14 +82,17 @@ QString NSDateFormatter::Private::stringOf(qint64 time) const
     if (isOldBehavior())
         return CalendarDateWriter::stringOf(patternText(), time, environment(), rules());
     QString text = u""_s;
-    if (!DateWriter::write(pattern(), environment(), rules(), time, &text))
+    const auto zoneName = [this, time](int letters) {
+        return DateEngine::engineOf(environment(), rules(), isLenient).zoneNameAt(time, letters);
+    };
+    if (!DateWriter::write(pattern(), environment(), rules(), time, zoneName, &text))
         text = DateEngine::engineOf(environment(), rules(), isLenient).stringOf(pattern(), time);
     return text;
 }
 
-DateReading NSDateFormatter::Private::reading() const
+DateReading NSDateFormatter::Private::readingBy(const TimeZoneRules &rules) const
 {
-    return {&environment(), &rules(), isLenient, defaultTime};
+    return {&environment(), &rules, isLenient, defaultTime};
 }
 
 bool NSDateFormatter::Private::parseFully(const DateText &text, DateMatch *match) const
@@ -102,7 +105,7 @@ bool NSDateFormatter::Private::parseFully(const DateText &text, DateMatch *match
 bool NSDateFormatter::Private::parseNew(const DateText &text, DateMatch *match) const
 {
     using DateMatcher::Answer;
-    const Answer answer = DateMatcher::match(pattern(), reading(), text, match);
+    const Answer answer = DateMatcher::match(pattern(), readingBy(rulesFor(text)), text, match);
     if (answer != Answer::Undecided)
         return answer == Answer::Matched;
     return parseWithICU(text, match);

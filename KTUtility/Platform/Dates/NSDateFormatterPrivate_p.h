@@ -36,12 +36,24 @@ public:
     }
     const KTPrivate::TimeZoneRules &rules() const
     {
-        if (const unsigned generation = KTPrivate::ZoneData::generation();
-            !_rules || _generation != generation) {
+        return rulesIn(KTPrivate::ZoneData::generation());
+    }
+    /// The rules that data of a generation say.
+    const KTPrivate::TimeZoneRules &rulesIn(unsigned generation) const
+    {
+        if (!_rules || _generation != generation) {
             _rules = &KTPrivate::TimeZoneRules::rulesOf(zone());
             _generation = generation;
         }
         return *_rules;
+    }
+    /// The rules for reading a text: the data are looked at once, however many formatters try it.
+    const KTPrivate::TimeZoneRules &rulesFor(const KTPrivate::DateText &text) const
+    {
+        std::optional<unsigned> &generation = text.memory().zoneGeneration;
+        if (!generation)
+            generation = KTPrivate::ZoneData::generation();
+        return rulesIn(*generation);
     }
     const KTPrivate::DatePattern &pattern() const
     {
@@ -73,7 +85,8 @@ public:
         return isRejectedAtOnce(text, match) ? false : parseFully(text, match);
     }
     bool parseWithICU(const KTPrivate::DateText &text, KTPrivate::DateMatch *match) const;
-    KTPrivate::DateReading reading() const;
+    KTPrivate::DateReading reading() const { return readingBy(rules()); }
+    KTPrivate::DateReading readingBy(const KTPrivate::TimeZoneRules &rules) const;
 
 private:
     bool isRejectedAtOnce(const KTPrivate::DateText &text, KTPrivate::DateMatch *match) const;
@@ -103,9 +116,11 @@ inline bool NSDateFormatter::Private::isDecidable() const
 inline bool NSDateFormatter::Private::isRejectedAtOnce(const KTPrivate::DateText &text,
                                                        KTPrivate::DateMatch *match) const
 {
-    if (!isDecidable() || pattern().isBareHour ||
-        !KTPrivate::DateLead::isRejectedAtOnce(pattern(), environment(), text))
+    if (!isDecidable() || pattern().isBareHour)
         return false;
-    match->length = text.lead();
+    const qsizetype at = KTPrivate::DateLead::rejectedAt(pattern(), environment(), text);
+    if (at == KTPrivate::DateLead::NotRejected)
+        return false;
+    match->length = at;
     return true;
 }

@@ -79,6 +79,9 @@ TEST(DatePattern, LeavesAdjacentNumbersToICU)
     EXPECT_EQ(outlineOf(u"hmma"), u"OOA");
     EXPECT_TRUE(patternOf(u"yyyyMMdd").needsICU());
     EXPECT_TRUE(patternOf(u"h z").needsICU());
+    EXPECT_FALSE(patternOf(u"h z zzzz").needsICUForMoreThanZones());
+    EXPECT_TRUE(patternOf(u"h v").needsICUForMoreThanZones());
+    EXPECT_TRUE(patternOf(u"h zzzzz").needsICUForMoreThanZones());
     EXPECT_FALSE(patternOf(u"EEEE d LLLL y h:mm a").needsICU());
 }
 
@@ -140,13 +143,13 @@ TEST(DatePattern, KnowsWhereTheYearIs)
 TEST(DatePattern, KnowsWhatLeads)
 {
     EXPECT_EQ(patternOf(u"M/d/yy").leadingKind(), Kind::Number);
-    EXPECT_EQ(patternOf(u"M/d/yy").unitAfterLeadingNumber(), u'/');
+    EXPECT_EQ(patternOf(u"M/d/yy").unitAfterLead(), u'/');
     EXPECT_TRUE(patternOf(u"M/d/yy").isLedByMonth());
-    EXPECT_EQ(patternOf(u"h a").unitAfterLeadingNumber(), u' ');
+    EXPECT_EQ(patternOf(u"h a").unitAfterLead(), u' ');
     EXPECT_FALSE(patternOf(u"h a").isLedByMonth());
-    EXPECT_EQ(patternOf(u"ha").unitAfterLeadingNumber(), u'\0');
+    EXPECT_EQ(patternOf(u"ha").unitAfterLead(), u'\0');
     // Nothing follows the point, so it may be missing.
-    EXPECT_EQ(patternOf(u"d.").unitAfterLeadingNumber(), u'\0');
+    EXPECT_EQ(patternOf(u"d.").unitAfterLead(), u'\0');
     EXPECT_EQ(patternOf(u"MMM d").leadingKind(), Kind::MonthName);
     EXPECT_EQ(patternOf(u"EEE").leadingKind(), Kind::Weekday);
     EXPECT_EQ(patternOf(u"a h").leadingKind(), Kind::HalfOfDay);
@@ -229,4 +232,19 @@ TEST(DatePattern, SurvivesHostileTexts)
         for (const DateElement &element : pattern.elements())
             EXPECT_EQ(element.kind == Kind::Literal, element.letter == u'\0');
     }
+}
+
+TEST(DatePattern, KnowsTheDateBeforeATime)
+{
+    const auto numberOf = [](const QString &text, DateYears years = DateYears::AsWide) {
+        return DatePattern(text, years).datePrefix().number;
+    };
+    EXPECT_EQ(DatePattern(u"M/d/yy h:m a"_s).datePrefix().count, 6);
+    EXPECT_EQ(numberOf(u"M/d/yy h:m a"_s), numberOf(u"M/d/yy k:m"_s));
+    EXPECT_NE(numberOf(u"M/d/yy h:m a"_s), numberOf(u"d/M/yy h:m a"_s));
+    EXPECT_NE(numberOf(u"M/d/yy h"_s), numberOf(u"M/d/yy h"_s, DateYears::OfStyle));
+    // English months have more names where some month is read by name.
+    EXPECT_NE(numberOf(u"M/d/yy h"_s), numberOf(u"M/d/yy h MMM"_s));
+    for (const QString &none : {u"h:m"_s, u"M/d/yy"_s, u"M/d/yy'T'h:m"_s, u"d. h:m"_s, u" h"_s})
+        EXPECT_EQ(numberOf(none), 0) << qPrintable(none);
 }

@@ -286,6 +286,29 @@ TEST_P(NSDateFormatterICUTests, WritesTheSame)
     EXPECT_EQ(decided > 0, !hasOwnDigits);
 }
 
+/// Zones that moved to another group, that have winter time, that skipped a day, that have no names.
+TEST_P(NSDateFormatterICUTests, WritesZonesTheSame)
+{
+    const char *const zones[] = {"America/New_York", "America/Indiana/Knox", "Europe/Dublin",
+                                 "Pacific/Apia",     "Africa/Casablanca",    "Antarctica/Troll",
+                                 "Europe/Moscow",    "Asia/Kolkata",         "UTC",
+                                 "UTC+03:00"};
+    for (const char *const zone : zones) {
+        for (const QString &letters : {u"z"_s, u"zz"_s, u"zzz"_s, u"zzzz"_s}) {
+            NSDateFormatter formatter;
+            formatter.setLocale(locale());
+            formatter.setTimeZone(QTimeZone(zone));
+            formatter.setDateFormat(u"yyyy H:mm "_s + letters);
+            for (int count = 0; count < 100; ++count) {
+                const QDateTime date = randomDate();
+                ASSERT_EQ(formatter.stringFromDate(date),
+                          DateFormatterAccess::stringWithICU(formatter, date))
+                    << zone << ' ' << qPrintable(letters + date.toString(Qt::ISODate));
+            }
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Locales, NSDateFormatterICUTests,
     testing::Values(Setting{"en_US", "America/New_York"}, Setting{"en_GB", "Europe/London"},
