@@ -8,6 +8,8 @@
 #include <KTUtility/KTPhoneNumberFormatter>
 #include <KTUtility/KTPropertyBinder>
 #include <KTUtility/KTTimeFormatter>
+#include <KTUtility/NSData_KTArchives>
+#include <KTUtility/NSDateFormatter>
 #include <KTUtility/NSKeyValueObservation>
 #include <KTUtility/NSPropertyListSerialization>
 #include <KTUtility/NSString_KTNaming>
@@ -294,6 +296,19 @@ void printGrowths()
     printGrowthsOfFormatters();
     printGrowth("names of 1,000 fields made identifiers",
                 [](int turn) { KTAdditions::propertyString(u"Field Name %1"_s.arg(turn % 1000)); });
+    printGrowth("property lists written and read", [](int turn) {
+        const QVariantMap record{{u"key %1"_s.arg(turn % 1000), turn}};
+        NSPropertyListSerialization::propertyListFromData(
+            NSPropertyListSerialization::dataWithPropertyList(record));
+    });
+    printGrowth("data archived and back", [](int turn) {
+        KTAdditions::initWithStringArchive(KTAdditions::archiveToString(QByteArray::number(turn)));
+    });
+    NSDateFormatter zones;
+    zones.setDateFormat(u"H:mm zzzz"_s);
+    printGrowth("times with their zone's name, shown", [&zones](int turn) {
+        zones.stringFromDate(QDateTime::fromSecsSinceEpoch(qint64(turn) * 2000, Qt::UTC));
+    });
     KTLogger logger;
     logger.setLevelOfComponent(4, kLog_Tests);
     printGrowth("lines of the log", [&logger](int turn) {

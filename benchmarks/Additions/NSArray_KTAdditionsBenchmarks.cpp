@@ -3,6 +3,7 @@
 
 #include <KTUtility/NSArray_KTAdditions>
 
+#include <QHash>
 #include <QMetaMethod>
 #include <QMetaProperty>
 
@@ -129,6 +130,37 @@ void peerReadMaps(benchmark::State &state)
     }
 }
 
+const QList<QString> &names()
+{
+    static const QList<QString> list = [] {
+        QList<QString> made;
+        for (const BenchmarkField *field : fields())
+            made += field->property("name").toString();
+        return made;
+    }();
+    return list;
+}
+
+void indexPositions(benchmark::State &state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(KTAdditions::positionalDictionaryIndex(names()));
+}
+
+void peerHashPositions(benchmark::State &state)
+{
+    for (auto _ : state) {
+        QHash<QString, quint64> index;
+        index.reserve(names().size());
+        quint64 position = 0;
+        for (const QString &name : names())
+            index.insert(name, position++);
+        benchmark::DoNotOptimize(index);
+    }
+}
+
+BENCHMARK(indexPositions)->Name("Lists/positions of 100,000 texts");
+BENCHMARK(peerHashPositions)->Name("Lists/peer: QHash of texts");
 BENCHMARK(listWithKey)->Name("Lists/text of 100,000 names");
 BENCHMARK(adjustOrder)->Name("Lists/order of 100,000 kept");
 BENCHMARK(peerReadMaps)->Name("Lists/peer: QVariantMap::value");
@@ -152,5 +184,6 @@ const bool isRegistered =
     compareWith("Lists/filter by selector, 100,000", "Lists/peer: QMetaMethod::invoke", 1.2) &&
     compareWith("Lists/unique name, 100,000 clashing", ReadText, 2) &&
     compareWith("Lists/text of 100,000 names", ReadText, 2) &&
+    compareWith("Lists/positions of 100,000 texts", "Lists/peer: QHash of texts", 3) &&
     compareWith("Lists/order of 100,000 kept", "Lists/peer: QVariantMap::value", 2);
 } // namespace

@@ -4,6 +4,7 @@
 #include "Report.h"
 
 #include <KTUtility/NSData_KTAdditions>
+#include <KTUtility/NSData_KTArchives>
 
 #include <QCryptographicHash>
 
@@ -134,6 +135,37 @@ void digest(benchmark::State &state)
         benchmark::DoNotOptimize(Digest(data()));
 }
 
+void archive(benchmark::State &state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(KTAdditions::archiveToString(data()));
+}
+
+void unarchive(benchmark::State &state)
+{
+    const QString text = KTAdditions::archiveToString(data());
+    for (auto _ : state)
+        benchmark::DoNotOptimize(KTAdditions::initWithStringArchive(text));
+}
+
+/// What an archive has inside of it, as a text.
+void peerText(benchmark::State &state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(QString::fromLatin1(data().toBase64()));
+}
+
+void peerFromText(benchmark::State &state)
+{
+    const QString text = QString::fromLatin1(data().toBase64());
+    for (auto _ : state)
+        benchmark::DoNotOptimize(QByteArray::fromBase64(text.toLatin1()));
+}
+
+BENCHMARK(archive)->Name("Encodings/archive from data, 1 MB");
+BENCHMARK(unarchive)->Name("Encodings/data from archive, 1 MB");
+BENCHMARK(peerText)->Name("Encodings/peer: text of Qt's base64");
+BENCHMARK(peerFromText)->Name("Encodings/peer: Qt's base64 of a text");
 BENCHMARK(peerEncode)->Name("Encodings/peer: EVP_EncodeBlock");
 BENCHMARK(peerQtEncode)->Name("Encodings/peer: QByteArray::toBase64");
 BENCHMARK(peerGLibEncode)->Name("Encodings/peer: g_base64_encode");
@@ -162,5 +194,7 @@ const bool isRegistered =
     compareWith(SHA1, "Encodings/peer: EVP_Digest of SHA-1", 1.02) &&
     compareWith(SHA1, "Encodings/peer: QCryptographicHash", 1) &&
     compareWith(SHA1, "Encodings/peer: g_compute_checksum_for_data", 1) &&
+    compareWith("Encodings/archive from data, 1 MB", "Encodings/peer: text of Qt's base64", 3) &&
+    compareWith("Encodings/data from archive, 1 MB", "Encodings/peer: Qt's base64 of a text", 3) &&
     compareWith("Encodings/MD5, 1 MB", "Encodings/peer: EVP_Digest of MD5", 1.02);
 } // namespace
