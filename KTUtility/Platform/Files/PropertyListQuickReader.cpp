@@ -1,5 +1,8 @@
 #include "PropertyListQuickReader_p.h"
 
+#include <KTUtility/Platform/Values/UTC_p.h>
+
+#include <QDateTime>
 #include <QVariantList>
 #include <QVariantMap>
 
@@ -11,8 +14,8 @@
 
 using namespace KTPrivate;
 
-// Manifests, settings and lists of records are dictionaries and arrays of texts and numbers, written
-// in the same few bytes each time. They are read here without an XML parser, at a tenth of its cost;
+// Manifests, settings and lists of records are dictionaries and arrays of plain values, written in
+// the same few bytes each time. They are read here without an XML parser, at a tenth of its cost;
 // anything that looks different in any way is left to it, so that the result is always the parser's.
 
 namespace {
@@ -27,6 +30,13 @@ constexpr bool isDecimalUnit(char unit)
 constexpr bool isPlainUnit(char unit)
 {
     return unit >= ' ' && unit <= '~' && unit != '<' && unit != '>' && unit != '&';
+}
+
+/// What base64 is made of, and what stands between its lines.
+constexpr bool isOfBase64(char unit)
+{
+    return isDecimalUnit(unit) || (unit >= 'A' && unit <= 'Z') || (unit >= 'a' && unit <= 'z') ||
+           unit == '+' || unit == '/' || unit == '=' || unit == '\n' || unit == '\t' || unit == ' ';
 }
 
 /// How many digits stand at the beginning of a text.
@@ -79,6 +89,26 @@ std::optional<QVariant> plainNumberFrom(std::string_view text)
     const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
     const bool isWhole = result.ec == std::errc() && result.ptr == text.data() + text.size();
     return isWhole ? std::optional(QVariant(number)) : std::nullopt;
+}
+
+/// "YYYY-MM-DDTHH:MM:SSZ"; nothing if there is no such day or time.
+std::optional<QVariant> plainDateFrom(std::string_view text)
+{
+    constexpr std::string_view Form = "dddd-dd-ddTdd:dd:ddZ";
+    const bool fits = std::ranges::equal(text, Form, [](char unit, char wanted) {
+        return wanted == 'd' ? isDecimalUnit(unit) : unit == wanted;
+    });
+    if (!fits)
+        return std::nullopt;
+    const auto part = [text](size_t start, size_t count) {
+        int number = 0;
+        std::from_chars(text.data() + start, text.data() + start + count, number);
+        return number;
+    };
+    const QDate day(part(0, 4), part(5, 2), part(8, 2));
+    const QTime time(part(11, 2), part(14, 2), part(17, 2));
+    const bool isDate = day.isValid() && time.isValid();
+    return isDate ? std::optional(QVariant(QDateTime(day, time, UTC))) : std::nullopt;
 }
 
 class QuickReader
@@ -141,6 +171,10 @@ private:
             return QVariant(true);
         if (skipHere("<false/>"))
             return QVariant(false);
+        if (skipHere("<date>"))
+            return readDate();
+        if (skipHere("<data>"))
+            return readData();
         return readCollection(level);
     }
 
@@ -221,12 +255,37 @@ private:
         return text && isPlainReal(*text) ? plainNumberFrom<double>(*text) : std::nullopt;
     }
 
+    std::optional<QVariant> readDate()
+    {
+        const auto text = readText("</date>");
+        return text ? plainDateFrom(*text) : std::nullopt;
+    }
+
+    std::optional<QVariant> readData()
+    {
+        const std::string_view text = takeWhile(isOfBase64);
+        if (!skipHere("</data>"))
+            return std::nullopt;
+        const auto base64 = QByteArray::fromRawData(text.data(), qsizetype(text.size()));
+        const QByteArray data = QByteArray::fromBase64(base64, QByteArray::Base64Encoding);
+        // Without any bytes, only the parser knows whether there was an element at all.
+        return data.isEmpty() ? std::nullopt : std::optional(QVariant(data));
+    }
+
+    /// Moves behind the characters of a kind.
+    template<typename IsOfKind>
+    std::string_view takeWhile(const IsOfKind &isOfKind)
+    {
+        const auto stop = std::ranges::find_if_not(_rest, isOfKind);
+        const std::string_view text = _rest.substr(0, size_t(stop - _rest.begin()));
+        _rest.remove_prefix(text.size());
+        return text;
+    }
+
     /// Text that stands for itself: printable ASCII without markup.
     std::optional<std::string_view> readText(std::string_view end)
     {
-        const auto stop = std::ranges::find_if_not(_rest, isPlainUnit);
-        const std::string_view text = _rest.substr(0, size_t(stop - _rest.begin()));
-        _rest.remove_prefix(text.size());
+        const std::string_view text = takeWhile(isPlainUnit);
         // Whitespace before the end would have to be kept.
         return skipHere(end) ? std::optional(text) : std::nullopt;
     }

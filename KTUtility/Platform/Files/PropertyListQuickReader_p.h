@@ -6,7 +6,7 @@
 #include <optional>
 
 namespace KTPrivate {
-/// What readXMLPropertyList() would return, for dictionaries, arrays, plain texts, numbers and truth
-/// values in the usual form; nothing for everything else, right or wrong.
+/// What readXMLPropertyList() would return, for dictionaries, arrays, plain texts, numbers, truth
+/// values, dates and data in the usual form; nothing for everything else, right or wrong.
 std::optional<QVariant> readPlainXMLPropertyList(const QByteArray &data);
 } // namespace KTPrivate

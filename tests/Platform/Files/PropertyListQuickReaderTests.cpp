@@ -1,9 +1,14 @@
 #include <KTUtility/NSPropertyListSerialization>
 
+#include <KTUtility/Platform/Values/UTC_p.h>
+
 #include "support/TestSupport.h"
+
+#include <QDateTime>
 
 #include <random>
 
+using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 using namespace testing_support;
 
@@ -33,6 +38,8 @@ QByteArray settings()
     const QVariantMap record{{u"name"_s, u"Field 1"_s},
                              {u"order"_s, qlonglong(-12)},
                              {u"width"_s, 12.375},
+                             {u"at"_s, QDateTime(QDate(2026, 3, 5), QTime(12, 30), UTC)},
+                             {u"picture"_s, QByteArray("\xFF\x00picture", 9)},
                              {u"isShown"_s, true}};
     return NSPropertyListSerialization::dataWithPropertyList(
         QVariantMap{{u"records"_s, QVariantList{record, record, QVariantList{false, 1e300}}}});
@@ -143,6 +150,25 @@ TEST(PropertyListQuickReader, AgreesWithTheParserOnEveryNumber)
                                 "179769313486231580793e289"};
     for (const QByteArray &text : reals)
         expectAgreement(withBody("<real>" + text + "</real>"));
+}
+
+TEST(PropertyListQuickReader, AgreesWithTheParserOnEveryDateAndData)
+{
+    const QByteArray dates[] = {"2026-03-05T12:00:00Z",  "2026-02-29T12:00:00Z",
+                                "2024-02-29T23:59:59Z",  "2026-13-05T12:00:00Z",
+                                "2026-03-05T24:00:00Z",  "2026-03-05T12:60:00Z",
+                                "0000-03-05T12:00:00Z",  "0001-01-01T00:00:00Z",
+                                "9999-12-31T23:59:59Z",  "-001-03-05T12:00:00Z",
+                                "12026-03-05T12:00:00Z", "2026-03-05T12:00:00",
+                                " 2026-03-05T12:00:00Z", "2026-03-05t12:00:00z",
+                                "2026-03-05 12:00:00Z",  ""};
+    for (const QByteArray &text : dates)
+        expectAgreement(withBody("<date>" + text + "</date>"));
+    const QByteArray data[] = {"AAAA", "AAA=",   "AA==",     "A",         "AAAA\n\tBBBB\n",
+                               "AA=A", "AA==BB", "AAAA\r\n", "AA-_",      "",
+                               "\n",   "====",   "!",        "AAAA&#65;", "AAAA<!---->"};
+    for (const QByteArray &text : data)
+        expectAgreement(withBody("<data>" + text + "</data>"));
 }
 
 TEST(PropertyListQuickReader, AgreesWithTheParserOnWhatIsNested)
