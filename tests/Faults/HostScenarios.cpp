@@ -5,7 +5,7 @@
 #include "Import/ImportFile.h"
 #include "Journal/ChangeJournal.h"
 #include "Library/LibraryStore.h"
-#include "Library/PlugIns.h"
+#include "PlugIns/PlugIns.h"
 
 #include "support/TestSupport.h"
 

@@ -1,5 +1,5 @@
 #include "CommandSupport.h"
-#include "Library/PlugIns.h"
+#include "PlugIns/PlugIns.h"
 
 #include "support/FileTree.h"
 #include "support/TestSupport.h"

@@ -1,5 +1,5 @@
 #include "Cobble/Commands/CommandSupport.h"
-#include "Library/PlugIns.h"
+#include "PlugIns/PlugIns.h"
 
 #include "support/FileTree.h"
 #include "support/OtherProcess.h"

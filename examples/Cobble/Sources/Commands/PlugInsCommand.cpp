@@ -1,6 +1,6 @@
 #include "PlugInsCommand.h"
 
-#include "Library/PlugIns.h"
+#include "PlugIns/PlugIns.h"
 #include "Text/AlignedTable.h"
 
 #include <KTUtility/NSUserDefaults>

@@ -2,8 +2,8 @@
 
 #include "ExportDevice.h"
 #include "Library/LibraryStore.h"
-#include "Library/PlugIns.h"
 #include "Library/RecordTexts.h"
+#include "PlugIns/PlugIns.h"
 #include "Text/Reasons.h"
 
 #include <KTUtility/KTSaveFile>

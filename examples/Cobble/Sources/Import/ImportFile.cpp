@@ -1,8 +1,8 @@
 #include "ImportFile.h"
 
 #include "ImportTransaction.h"
-#include "Library/PlugIns.h"
 #include "Library/RecordTexts.h"
+#include "PlugIns/PlugIns.h"
 #include "ReplacedLibrary.h"
 #include "SeparatedText.h"
 #include "Table.h"

@@ -17,7 +17,6 @@ target_sources(CobbleHost PRIVATE
     Sources/Library/MediaInTables.cpp
     Sources/Library/NumberTable.cpp
     Sources/Library/OwnTable.cpp
-    Sources/Library/PlugIns.cpp
     Sources/Library/RecordCursor.cpp
     Sources/Library/RecordIds.cpp
     Sources/Library/RecordPart.cpp

@@ -3,7 +3,7 @@
 #include "Appearance/Counts.h"
 #include "Export/ChosenRecords.h"
 #include "Export/LibraryExport.h"
-#include "Library/PlugIns.h"
+#include "PlugIns/PlugIns.h"
 
 #include <QComboBox>
 #include <QDir>

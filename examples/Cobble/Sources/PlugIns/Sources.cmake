@@ -1,0 +1,3 @@
+target_sources(CobbleHost PRIVATE
+    Sources/PlugIns/PlugIns.cpp
+)
