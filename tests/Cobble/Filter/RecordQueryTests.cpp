@@ -54,6 +54,19 @@ TEST(RecordQuery, NamesWithSignsAreQuoted)
     EXPECT_TRUE(*RecordQuery::orderIn(u"-x"_s, fields) == QList<RecordOrder>({{1, true}}));
 }
 
+TEST(RecordQuery, AnApostropheInANameIsNoQuotationMark)
+{
+    Library library = people();
+    library.fields[0].header = u"Owner's name"_s;
+    library.fields[1].header = u"Dog's name"_s;
+    const FilterFields fields(library);
+    EXPECT_EQ(RecordQuery::columnsIn(u"Owner's name, Dog's name"_s, fields).valueOr({}),
+              QList<qsizetype>({0, 1}));
+    EXPECT_TRUE(
+        RecordQuery::orderIn(u"-Owner's name,Visits,-'Dog\\'s name'"_s, fields).valueOr({}) ==
+        QList<RecordOrder>({{0, false}, {3, true}, {1, false}}));
+}
+
 TEST(RecordQuery, SortsAsTablesDo)
 {
     const FilterFields fields(people());

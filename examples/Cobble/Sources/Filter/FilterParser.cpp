@@ -370,15 +370,20 @@ qsizetype FilterParser::endOfValue(bool isFirstOfRange) const
 
 // --- Lists --------------------------------------------------------------------------------------
 
-/// What stands between the elements of the list that begins here.
+/// What stands between the elements of the list that begins here. Only where an element begins, an
+/// apostrophe is a quotation mark: "O'Brien; D'Arcy" are two.
 QChar FilterParser::separatorBefore(QChar close) const
 {
-    for (qsizetype place = _position; place < _text.size() && at(place) != close; ++place) {
-        place = behindQuotes(place);
-        if (at(place) == u';')
+    bool beginsElement = true;
+    for (qsizetype place = _position; place < _text.size(); ++place) {
+        if (beginsElement)
+            place = behindQuotes(place);
+        const QChar unit = at(place);
+        if (unit == u';')
             return u';';
-        if (at(place) == close)
+        if (unit == close)
             break;
+        beginsElement = unit == u',' || (beginsElement && unit.isSpace());
     }
     return u',';
 }

@@ -6,6 +6,13 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+/// Whether a quotation mark that comes now is one: an apostrophe in a name is none.
+bool beginsPart(const QString &part)
+{
+    const QString before = part.trimmed();
+    return before.isEmpty() || before == u"-";
+}
+
 /// The parts of a list; commas in quotes do not count, and neither do the quotes then.
 QStringList partsOf(const QString &text)
 {
@@ -15,8 +22,10 @@ QStringList partsOf(const QString &text)
         const QChar unit = text.at(place);
         if (unit == u'\\' && !quote.isNull() && place + 1 < text.size())
             parts.last() += text.at(++place);
-        else if (!quote.isNull() ? unit == quote : (unit == u'"' || unit == u'\''))
-            quote = quote.isNull() ? unit : QChar();
+        else if (!quote.isNull() && unit == quote)
+            quote = QChar();
+        else if (quote.isNull() && (unit == u'"' || unit == u'\'') && beginsPart(parts.last()))
+            quote = unit;
         else if (unit == u',' && quote.isNull())
             parts += u""_s;
         else
