@@ -29,7 +29,8 @@ QVariantMap RememberedColumns::layout() const
     }
     return {{OrderKey, order},
             {WidthsKey, widths},
-            {SortKey, _keys.value(_header->sortIndicatorSection())},
+            // There are no settings without a value.
+            {SortKey, _keys.value(_header->sortIndicatorSection(), u""_s)},
             {DescendingKey, _header->sortIndicatorOrder() == Qt::DescendingOrder}};
 }
 
@@ -48,7 +49,7 @@ void RememberedColumns::apply(const QVariantMap &layout)
             _header->resizeSection(int(column), width);
     }
     const qsizetype sorted = _keys.indexOf(layout.value(SortKey).toString());
-    if (sorted >= 0)
+    if (layout.contains(SortKey))
         _header->setSortIndicator(int(sorted), layout.value(DescendingKey).toBool()
                                                    ? Qt::DescendingOrder
                                                    : Qt::AscendingOrder);
