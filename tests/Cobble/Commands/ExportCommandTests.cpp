@@ -1,5 +1,8 @@
 #include "CommandSupport.h"
 
+#include "Commands/UserSettings.h"
+#include "Filter/SmartLibraries.h"
+
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
 
@@ -158,4 +161,32 @@ TEST_F(ExportCommandTests, WritesTheRecordsThatAreAskedFor)
     EXPECT_TRUE(wrong.errors.startsWith(u"cobble: --where: “a cow”: "))
         << wrong.errors.toStdString();
     EXPECT_FALSE(QFile::exists(tree.path(u"no.csv"_s)));
+}
+
+TEST_F(ExportCommandTests, ASmartLibraryThatNoLongerFitsIsNotExported)
+{
+    {
+        const LocaleScope scope(u"en_US"_s);
+        const auto store =
+            *LibraryStore::open(KTDatabaseBundle(bundle), LibraryStore::Mode::Existing);
+        const Library library = *store->libraryNamed(u"Things"_s);
+        const auto fields = std::make_shared<FilterFields>(library);
+        RecordQuery query;
+        query.filter = RecordFilter::read(u"paid > 5"_s, fields);
+        query.columns = {0};
+        ASSERT_TRUE(store->beginChange());
+        ASSERT_TRUE(
+            SmartLibraries::save(*store, SmartLibraries::make(u"Few"_s, library, query, *fields)));
+        ASSERT_TRUE(store->commit());
+    }
+    ASSERT_EQ(exportTo(u"few.csv"_s, u"Few"_s).exitCode, 0);
+    EXPECT_EQ(contentsOf(tree.path(u"few.csv"_s)), "Name\r\nAnn\r\n");
+    ASSERT_EQ(runInProcess({u"field"_s, u"remove"_s, u"Things"_s, u"Paid"_s, u"--bundle"_s, bundle})
+                  .exitCode,
+              0);
+    const CommandResult result = exportTo(u"all.csv"_s, u"Few"_s);
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.errors.contains(u"the filter of 'Few' no longer fits: "))
+        << result.errors.toStdString();
+    EXPECT_FALSE(QFile::exists(tree.path(u"all.csv"_s)));
 }

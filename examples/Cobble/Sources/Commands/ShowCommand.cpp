@@ -30,6 +30,37 @@ Outcome<> checkShow(const QCommandLineParser &parser)
         .andThen([&] { return UserSettings::checkLocale(parser); });
 }
 
+/// No more records than these are looked at to count those of smart libraries: to list what there is
+/// takes no minutes.
+constexpr qint64 MostLookedAt = 1'000'000;
+const QString NotCounted = u"–"_s;
+
+QString countOf(LibraryStore &store, const Library &library, const RecordQuery &query)
+{
+    QueriedRecords records(store, library, query);
+    qint64 count = 0;
+    while (records.next())
+        ++count;
+    return records.outcome() ? QString::number(count) : NotCounted;
+}
+
+/// The texts for the fields and the records of a smart library: no numbers if it no longer fits, and
+/// none of records if they take too long to count.
+QStringList numbersOfSmart(LibraryStore &store, const SmartLibrary &smart, const Library &library,
+                           qint64 *left)
+{
+    auto query = SmartLibraries::queryOf(smart, std::make_shared<FilterFields>(library));
+    if (!query)
+        return {NotCounted, NotCounted};
+    const qsizetype fields =
+        query->columns.isEmpty() ? library.fields.size() : query->columns.size();
+    const qint64 all = store.recordCount(library).valueOr(*left + 1);
+    const bool isCounted = all <= *left;
+    *left -= isCounted ? all : 0;
+    query->order.clear();
+    return {QString::number(fields), isCounted ? countOf(store, library, *query) : NotCounted};
+}
+
 /// The smart ones below the libraries, with "of" and the library that they filter.
 Outcome<> addSmartLibraries(LibraryStore &store, const QList<Library> &libraries,
                             AlignedTable *table)
@@ -37,17 +68,12 @@ Outcome<> addSmartLibraries(LibraryStore &store, const QList<Library> &libraries
     const auto all = SmartLibraries::all(store);
     if (!all)
         return all.failure();
+    qint64 left = MostLookedAt;
     for (const SmartLibrary &smart : *all) {
         const auto library = SmartLibraries::libraryOf(smart, libraries);
-        if (!library)
-            continue;
-        const auto query = SmartLibraries::queryOf(smart, std::make_shared<FilterFields>(*library));
-        QueriedRecords records(store, *library, query.valueOr({}));
-        qint64 count = 0;
-        while (records.next())
-            ++count;
-        table->addRow({smart.name, u"of "_s + library->name,
-                       QString::number(records.library().fields.size()), QString::number(count)});
+        if (library)
+            table->addRow(QStringList{smart.name, u"of "_s + library->name} +
+                          numbersOfSmart(store, smart, *library, &left));
     }
     return {};
 }

@@ -47,7 +47,8 @@ std::optional<StoredLibrary::Records> StoredLibrary::findRecords(LibraryStore &s
     }
     const auto &[smart, library] = *found;
     const auto query = SmartLibraries::queryOf(smart, std::make_shared<FilterFields>(library));
-    if (!query)
-        context.warn(u"the filter of '%1' no longer fits: %2"_s.arg(smart.name, query.reason()));
-    return Records{library, query.valueOr({})};
+    if (query)
+        return Records{library, *query};
+    context.warn(u"the filter of '%1' no longer fits: %2"_s.arg(smart.name, query.reason()));
+    return std::nullopt;
 }

@@ -20,8 +20,8 @@ struct Records
     /// All of a library, or those of a smart library.
     RecordQuery query;
 };
-/// Those of a library or of a smart library. One whose filter no longer fits is reported, and has all
-/// records.
+/// Those of a library or of a smart library. One whose filter no longer fits is reported, and has no
+/// records: nobody has asked for all of them.
 std::optional<Records> findRecords(LibraryStore &store, const KTDatabaseBundle &bundle,
                                    const QString &name, CommandContext &context);
 } // namespace StoredLibrary
