@@ -2,6 +2,8 @@
 
 #include "support/TestSupport.h"
 
+#include <KTUtility/NSException>
+
 using namespace Qt::StringLiterals;
 using namespace filter_support;
 
@@ -31,7 +33,7 @@ void expectProblems(const QString &locale,
         const QString typed = QString::fromUtf16(text);
         const RecordFilter filter = read(typed);
         ASSERT_TRUE(filter.problem()) << typed.toStdString();
-        EXPECT_TRUE(filter.predicate().isNil());
+        EXPECT_EQ(found(filter), QString()) << typed.toStdString();
         EXPECT_FALSE(filter.problem()->reason.isEmpty());
         EXPECT_FALSE(filter.outcome().reason().isEmpty());
         EXPECT_EQ(typed.mid(filter.problem()->position, filter.problem()->length),
@@ -328,6 +330,89 @@ TEST(RecordFilter, HostileTextsEnd)
     EXPECT_FALSE(read(QString(nots + u"visits = 7"_s)).outcome());
     EXPECT_FALSE(read(QString(u"name = "_s + QString(30000, u'x'))).outcome());
     EXPECT_LT(time.elapsed(), 20000);
+}
+
+namespace {
+/// What is within what may be typed, and longer, deeper or later than that when it is rewritten.
+QList<std::pair<QString, QString>> largeFilters()
+{
+    QString list = u"visits IN (7,12"_s;
+    for (int number = 100001; list.size() < 18500; ++number)
+        list += u',' + QString::number(number);
+    const QString group = u"(visits = 1 OR visits > 7 AND "_s.repeated(90);
+    return {{list + u')', u"AB"_s},
+            {QString(60, u'!') + u"(visits > 7 OR visits = 0)", u"Bc"_s},
+            {QString(61, u'!') + u"(visits > 7 OR visits = 0)", u"ADé"_s},
+            {group + u"visits < 5000" + QString(90, u')'), u"Bc"_s}};
+}
+} // namespace
+
+TEST(RecordFilter, IsTheSameForOtherFields)
+{
+    const LocaleScope scope(u"en_US"_s);
+    const auto others = std::make_shared<FilterFields>(people());
+    const QString late = u"NOT born = 12/31/10000 AND visits > 7"_s;
+    for (const auto &[text, letters] : largeFilters() + QList{std::pair(late, u"Bc"_s)}) {
+        const RecordFilter filter = read(text);
+        EXPECT_EQ(filter.outcome().reason(), QString()) << text.left(40).toStdString();
+        EXPECT_EQ(found(filter), letters) << text.left(40).toStdString();
+        const RecordFilter other = filter.withFields(others);
+        EXPECT_EQ(other.outcome().reason(), QString()) << text.left(40).toStdString();
+        EXPECT_EQ(found(other), letters) << text.left(40).toStdString();
+        EXPECT_EQ(other.text(FilterNotation::Typed), text);
+    }
+    EXPECT_TRUE(RecordFilter().withFields(others).predicate().isNil());
+    EXPECT_EQ(found(read(u"vists > 7"_s).withFields(others)), QString());
+}
+
+TEST(RecordFilter, WhatMayBeTypedIsReadAgainInThePortableNotation)
+{
+    const LocaleScope scope(u"en_US"_s);
+    const auto fields = std::make_shared<FilterFields>(people());
+    for (const auto &[text, letters] : largeFilters()) {
+        const QString portable = read(text).text(FilterNotation::Portable);
+        const RecordFilter again = RecordFilter::read(portable, fields, FilterNotation::Portable);
+        EXPECT_EQ(again.outcome().reason(), QString()) << text.left(40).toStdString();
+        EXPECT_EQ(found(again), letters) << text.left(40).toStdString();
+    }
+}
+
+TEST(RecordFilter, FollowsItsFieldsOrSaysWhichIsGone)
+{
+    const LocaleScope scope(u"en_US"_s);
+    const auto fields = std::make_shared<FilterFields>(people());
+    const RecordFilter filter = RecordFilter::read(u"visits > 7"_s, fields);
+    Library renamed = people();
+    renamed.fields[3].header = u"Besuche"_s;
+    renamed.fields[3].propertyName = QString();
+    renamed.fields.removeFirst();
+    const RecordFilter followed = filter.withFields(std::make_shared<FilterFields>(renamed));
+    EXPECT_EQ(followed.text(FilterNotation::Typed), u"Besuche > 7"_s);
+    EXPECT_EQ(found(followed), u"Bc"_s);
+    // Another field of that name is not what was asked for.
+    Library lost = people();
+    lost.fields[3].columnName = u"kt_visits_2"_s;
+    const RecordFilter gone = filter.withFields(std::make_shared<FilterFields>(lost));
+    EXPECT_EQ(gone.outcome().reason(), u"“visits”: there is no field “Visits”"_s);
+    EXPECT_EQ(found(gone), QString());
+    EXPECT_EQ(found(gone.withFields(fields)), u"Bc"_s);
+    // A field of another type may not read the value any more.
+    Library retyped = people();
+    retyped.fields[3].type = FieldType::Date;
+    const RecordFilter unread = filter.withFields(std::make_shared<FilterFields>(retyped));
+    EXPECT_TRUE(unread.problem());
+    EXPECT_EQ(found(unread), QString());
+}
+
+TEST(RecordFilter, WhatIsWrongWithOneIsWrongWithBoth)
+{
+    const LocaleScope scope(u"en_US"_s);
+    const RecordFilter wrong = read(u"vists > 7"_s);
+    const RecordFilter right = read(u"visits > 7"_s);
+    EXPECT_EQ(found(RecordFilter::both(wrong, right)), QString());
+    EXPECT_EQ(found(RecordFilter::both(right, wrong)), QString());
+    EXPECT_EQ(found(RecordFilter::both(wrong, RecordFilter())), QString());
+    EXPECT_EQ(found(RecordFilter::both(RecordFilter(), right)), u"Bc"_s);
 }
 
 TEST(RecordFilter, IsTheSameInEveryLocale)

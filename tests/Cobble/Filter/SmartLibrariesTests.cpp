@@ -151,3 +151,28 @@ TEST_F(SmartLibrariesTests, WhatStrangersMadeIsNotTrusted)
     ASSERT_TRUE(all);
     EXPECT_FALSE(SmartLibraries::queryOf(all->first(), fields));
 }
+
+TEST_F(SmartLibrariesTests, OnlyWhatCanBeReadAgainIsSaved)
+{
+    const auto of = [this](const QString &text) {
+        RecordQuery query;
+        query.filter = RecordFilter::read(text, fields);
+        return SmartLibraries::make(u"x"_s, people(), query, *fields);
+    };
+    for (const QString &text : {u"born = 12/31/10000"_s, u"vists > 7"_s}) {
+        const Outcome<> saved = save(of(text));
+        EXPECT_TRUE(saved.reason().startsWith(u"the filter cannot be kept: "))
+            << saved.reason().toStdString();
+    }
+    SmartLibrary homeless = of(u"visits > 7"_s);
+    homeless.tableName = homeless.libraryName = u"Nothing"_s;
+    EXPECT_EQ(save(homeless).reason(), u"there is no library “Nothing”"_s);
+    EXPECT_TRUE(SmartLibraries::all(*store)->isEmpty());
+    QString list = u"visits IN (7,12"_s;
+    for (int number = 100001; list.size() < 18500; ++number)
+        list += u',' + QString::number(number);
+    ASSERT_TRUE(save(of(list + u')')));
+    const auto query = SmartLibraries::queryOf(SmartLibraries::all(*store)->first(), fields);
+    ASSERT_TRUE(query) << query.reason().toStdString();
+    EXPECT_EQ(found(query->filter), u"AB"_s);
+}

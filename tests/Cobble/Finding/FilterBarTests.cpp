@@ -114,12 +114,12 @@ TEST_F(FilterBarTests, WhatRowsCannotSayStaysText)
     EXPECT_EQ(bar.rows().size(), 1);
 }
 
-TEST_F(FilterBarTests, WhatCannotBeReadIsMarkedInItsPlaceAndFiltersNothing)
+TEST_F(FilterBarTests, WhatCannotBeReadIsMarkedInItsPlaceAndFindsNothing)
 {
     choose(row(0), u"Visits"_s, u"is more than"_s, u"many"_s);
     EXPECT_FALSE(row(0)->problem().isEmpty());
     EXPECT_EQ(row(0)->valueInput()->accessibleDescription(), row(0)->problem());
-    EXPECT_TRUE(bar.filter().predicate().isNil());
+    EXPECT_EQ(found(bar.filter()), QString());
     EXPECT_FALSE(bar.saveButton()->isEnabled());
     row(0)->valueInput()->clear();
     QTest::keyClicks(row(0)->valueInput(), u"7"_s);
@@ -129,7 +129,25 @@ TEST_F(FilterBarTests, WhatCannotBeReadIsMarkedInItsPlaceAndFiltersNothing)
     bar.setText(u"visits > 7 and vists = 3"_s);
     EXPECT_TRUE(bar.problem().contains(u"“vists”")) << bar.problem().toStdString();
     EXPECT_EQ(row(0)->problem(), QString());
-    EXPECT_TRUE(bar.filter().predicate().isNil());
+    EXPECT_EQ(found(bar.filter()), QString());
+}
+
+TEST_F(FilterBarTests, AFilterStaysAsItIsUntilSomebodyChangesIt)
+{
+    const auto fields = std::make_shared<FilterFields>(people());
+    bar.setFilter(
+        RecordFilter::read(u"\"kt_visits\" >= 1000.000"_s, fields, FilterNotation::Portable));
+    EXPECT_EQ(bar.text(), u"Visits >= \"1,000\""_s);
+    EXPECT_EQ(bar.filter().text(FilterNotation::Portable), u"\"kt_visits\" >= 1000.000"_s);
+    EXPECT_EQ(found(bar.filter()), u"c"_s);
+    ASSERT_EQ(bar.rows().size(), 1);
+    EXPECT_EQ(row(0)->valueInput()->text(), u"1,000"_s);
+    QTest::keyClicks(row(0)->valueInput(), u"0"_s);
+    EXPECT_EQ(found(bar.filter()), QString());
+    EXPECT_EQ(bar.filter().notation(), FilterNotation::Typed);
+    bar.setFilter(RecordFilter::read(u"\"kt_gone\" > 1"_s, fields, FilterNotation::Portable));
+    EXPECT_TRUE(bar.problem().contains(u"kt_gone"));
+    EXPECT_FALSE(bar.saveButton()->isEnabled());
 }
 
 TEST_F(FilterBarTests, EscapeAsksToClose)
@@ -156,7 +174,9 @@ TEST_F(FilterBarTests, HostileTextsAreTakenOrRefused)
 {
     for (const QString &text : testing_support::hostileTexts()) {
         bar.setText(text);
-        EXPECT_EQ(bar.filter().predicate().isNil(), !bar.filter().root());
+        EXPECT_EQ(bar.filter().predicate().isNil(), bar.text().trimmed().isEmpty());
+        EXPECT_NE(bar.filter().root() || bar.text().trimmed().isEmpty(),
+                  bar.filter().problem().has_value());
     }
 }
 

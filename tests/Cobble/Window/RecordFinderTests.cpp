@@ -5,11 +5,14 @@
 #include "Finding/FilterBar.h"
 #include "Finding/FilterRow.h"
 #include "Finding/NothingFound.h"
+#include "Open/OpenBundle.h"
+#include "Window/RecordCommands.h"
 #include "Window/RecordFinder.h"
 
 #include <QComboBox>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QStatusBar>
 
 using namespace Qt::StringLiterals;
 
@@ -20,6 +23,22 @@ protected:
     {
         window->finder()->bar()->setText(text);
         window->search();
+    }
+    static bool wait(MainWindowController *window)
+    {
+        const bool isDone =
+            QTest::qWaitFor([window] { return !window->records()->isArranging(); }, 60000);
+        turn();
+        return isDone;
+    }
+    /// Another program does something with the bundle, which is then read again.
+    void doElsewhere(const QStringList &arguments)
+    {
+        const CommandResult result =
+            runInProcess(arguments + QStringList{u"--bundle"_s, bundle.bundlePath()});
+        EXPECT_EQ(result.exitCode, 0) << result.errors.toStdString();
+        application->bundle()->reload();
+        turn();
     }
     static QString summaryIn(MainWindowController *window)
     {
@@ -170,4 +189,40 @@ TEST_F(RecordFinderTests, AllSelectedIsSortedAndSearchedInNoTime)
     turn();
     EXPECT_EQ(window->records()->count(), 20000);
     EXPECT_LT(time.elapsed(), 8000);
+}
+
+// --- What may not show all ----------------------------------------------------------------------
+
+TEST_F(RecordFinderTests, WhatCanBeTypedFilters)
+{
+    MainWindowController *const window = openThings();
+    QString list = u"Visits IN (1000,100001"_s;
+    for (int number = 100002; list.size() < 18500; ++number)
+        list += u',' + QString::number(number);
+    const std::pair<QString, QStringList> rows[] = {
+        {list + u')', {u"Céline"_s}},
+        {u"NOT Since = 12/31/10000 AND Visits > 5"_s, {u"Ann"_s, u"Céline"_s}},
+        {u"Since = 12/31/10000"_s, {}},
+        {QString(60, u'!') + u"(Visits = 7 OR Visits = 8)", {u"Ann"_s}},
+    };
+    for (const auto &[text, names] : rows) {
+        filter(window, text);
+        EXPECT_EQ(window->finder()->bar()->problem(), QString());
+        EXPECT_EQ(column(window, 0), names) << text.left(40).toStdString();
+        EXPECT_EQ(window->records()->isFiltering(), true);
+    }
+}
+
+TEST_F(RecordFinderTests, WhatCannotBeReadFindsNothingAndSaysWhy)
+{
+    MainWindowController *const window = openThings();
+    filter(window, u"vists > 5"_s);
+    EXPECT_EQ(window->model()->rowCount(), 0);
+    NothingFound *const nothing = window->finder()->nothingFound();
+    EXPECT_EQ(nothing->text(), u"The filter cannot be used: “vists”: there is no field “vists”"_s);
+    filter(window, u"visitors > 5"_s);
+    EXPECT_TRUE(nothing->text().contains(u"“visitors”")) << nothing->text().toStdString();
+    QTest::mouseClick(nothing->showAllButton(), Qt::LeftButton);
+    window->search();
+    EXPECT_EQ(window->model()->rowCount(), 4);
 }

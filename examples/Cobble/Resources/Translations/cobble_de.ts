@@ -373,12 +373,20 @@
         <translation>das ist kein regulärer Ausdruck: %1</translation>
     </message>
     <message>
+        <source>it takes too long to find out what matches “%1”</source>
+        <translation>es dauert zu lange, herauszufinden, was zu „%1“ passt</translation>
+    </message>
+    <message>
         <source>only [c], [d], [cd] and [] can stand here</source>
         <translation>hier dürfen nur [c], [d], [cd] und [] stehen</translation>
     </message>
     <message>
         <source>several fields are called “%1”</source>
         <translation>mehrere Felder heißen „%1“</translation>
+    </message>
+    <message>
+        <source>the filter cannot be kept: %1</source>
+        <translation>der Filter kann nicht gespeichert werden: %1</translation>
     </message>
     <message>
         <source>the filter is too long</source>
@@ -407,6 +415,10 @@
     <message>
         <source>there is no field “%1”</source>
         <translation>es gibt kein Feld „%1“</translation>
+    </message>
+    <message>
+        <source>there is no library “%1”</source>
+        <translation>es gibt keine Bibliothek „%1“</translation>
     </message>
     <message>
         <source>“%1” is there twice</source>
@@ -1053,6 +1065,10 @@
     <message>
         <source>Sorting… %1</source>
         <translation>Sortieren … %1</translation>
+    </message>
+    <message>
+        <source>The filter no longer fits: %1</source>
+        <translation>Der Filter passt nicht mehr: %1</translation>
     </message>
     <message>
         <source>The filter of “%1” no longer fits: %2</source>
@@ -1734,6 +1750,10 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <message>
         <source>No record fits “%1”.</source>
         <translation>Kein Datensatz passt zu „%1“.</translation>
+    </message>
+    <message>
+        <source>The filter cannot be used: %1</source>
+        <translation>Der Filter kann nicht angewendet werden: %1</translation>
     </message>
 </context>
 <context>

@@ -373,12 +373,20 @@
         <translation>ce n’est pas une expression régulière : %1</translation>
     </message>
     <message>
+        <source>it takes too long to find out what matches “%1”</source>
+        <translation>il faut trop de temps pour savoir ce qui correspond à « %1 »</translation>
+    </message>
+    <message>
         <source>only [c], [d], [cd] and [] can stand here</source>
         <translation>seuls [c], [d], [cd] et [] peuvent figurer ici</translation>
     </message>
     <message>
         <source>several fields are called “%1”</source>
         <translation>plusieurs champs s’appellent « %1 »</translation>
+    </message>
+    <message>
+        <source>the filter cannot be kept: %1</source>
+        <translation>le filtre ne peut pas être conservé : %1</translation>
     </message>
     <message>
         <source>the filter is too long</source>
@@ -407,6 +415,10 @@
     <message>
         <source>there is no field “%1”</source>
         <translation>il n’y a pas de champ « %1 »</translation>
+    </message>
+    <message>
+        <source>there is no library “%1”</source>
+        <translation>il n’y a pas de bibliothèque « %1 »</translation>
     </message>
     <message>
         <source>“%1” is there twice</source>
@@ -1053,6 +1065,10 @@
     <message>
         <source>Sorting… %1</source>
         <translation>Tri… %1</translation>
+    </message>
+    <message>
+        <source>The filter no longer fits: %1</source>
+        <translation>Le filtre ne convient plus : %1</translation>
     </message>
     <message>
         <source>The filter of “%1” no longer fits: %2</source>
@@ -1734,6 +1750,10 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <message>
         <source>No record fits “%1”.</source>
         <translation>Aucun enregistrement ne correspond à « %1 ».</translation>
+    </message>
+    <message>
+        <source>The filter cannot be used: %1</source>
+        <translation>Le filtre ne peut pas être utilisé : %1</translation>
     </message>
 </context>
 <context>

@@ -370,12 +370,20 @@
         <translation>正規表現ではありません: %1</translation>
     </message>
     <message>
+        <source>it takes too long to find out what matches “%1”</source>
+        <translation>「%1」に一致するかどうかを調べるのに時間がかかりすぎます</translation>
+    </message>
+    <message>
         <source>only [c], [d], [cd] and [] can stand here</source>
         <translation>ここに置けるのは [c]、[d]、[cd]、[] だけです</translation>
     </message>
     <message>
         <source>several fields are called “%1”</source>
         <translation>「%1」という名前のフィールドが複数あります</translation>
+    </message>
+    <message>
+        <source>the filter cannot be kept: %1</source>
+        <translation>フィルタを保存できません: %1</translation>
     </message>
     <message>
         <source>the filter is too long</source>
@@ -404,6 +412,10 @@
     <message>
         <source>there is no field “%1”</source>
         <translation>フィールド「%1」はありません</translation>
+    </message>
+    <message>
+        <source>there is no library “%1”</source>
+        <translation>ライブラリ「%1」はありません</translation>
     </message>
     <message>
         <source>“%1” is there twice</source>
@@ -1044,6 +1056,10 @@
     <message>
         <source>Sorting… %1</source>
         <translation>並べ替え中… %1</translation>
+    </message>
+    <message>
+        <source>The filter no longer fits: %1</source>
+        <translation>フィルタはもう合いません: %1</translation>
     </message>
     <message>
         <source>The filter of “%1” no longer fits: %2</source>
@@ -1723,6 +1739,10 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <message>
         <source>No record fits “%1”.</source>
         <translation>「%1」に合うレコードはありません。</translation>
+    </message>
+    <message>
+        <source>The filter cannot be used: %1</source>
+        <translation>フィルタを使用できません: %1</translation>
     </message>
 </context>
 <context>

@@ -9,6 +9,10 @@ namespace {
 /// What people type is shorter; what was made to keep a program busy is not.
 constexpr qsizetype LongestFilter = 20000;
 constexpr int Deepest = 100;
+/// Written in the portable notation, names and values may be that many times as long, and groups
+/// stand in parentheses that nobody has typed.
+constexpr qsizetype PortableLength = 100;
+constexpr int PortableDepth = 3;
 /// Longer names have to be put in quotes.
 constexpr qsizetype LongestBareName = 200;
 
@@ -74,7 +78,8 @@ qsizetype FilterParser::anyJoiningWord(qsizetype position) const
 
 std::optional<FilterNode> FilterParser::parse()
 {
-    if (_text.size() > LongestFilter)
+    const bool isTyped = _notation == FilterNotation::Typed;
+    if (_text.size() > (isTyped ? LongestFilter : PortableLength * LongestFilter))
         return fail(FilterTexts::tr("the filter is too long"), LongestFilter);
     Parsed node = parseJoined(FilterNode::Kind::Any);
     skipSpaces();
@@ -105,7 +110,7 @@ FilterParser::Parsed FilterParser::parsePart()
 {
     skipSpaces();
     const qsizetype begin = _position;
-    if (++_depth > Deepest)
+    if (++_depth > (_notation == FilterNotation::Typed ? Deepest : PortableDepth * Deepest))
         return fail(FilterTexts::tr("there are too many parentheses"), begin);
     const QStringView rest = QStringView(_text).sliced(begin);
     const bool isSign = rest.startsWith(u'!') && !rest.startsWith(u"!=");
@@ -131,6 +136,9 @@ FilterParser::Parsed FilterParser::parseNegated()
         part->comparison.isNegated = !part->comparison.isNegated;
         return part;
     }
+    // Twice negated is not negated.
+    if (part->kind == FilterNode::Kind::Not)
+        return part->parts.front();
     return FilterNode{FilterNode::Kind::Not, {}, {*std::move(part)}};
 }
 

@@ -91,6 +91,64 @@ struct Renotation
     }
 };
 
+/// Finds the fields of a tree among those of a library that was opened anew.
+struct FieldMover
+{
+    const FilterFields &from;
+    const FilterFields &to;
+    FilterNotation notation;
+    /// Whether one of them has another name now.
+    bool areRenamed = false;
+    /// What one was called that is gone; nil if none is.
+    QString missing;
+
+    void move(FilterNode *node)
+    {
+        if (node->kind == FilterNode::Kind::Comparison)
+            moveField(&node->comparison.field);
+        for (FilterNode &part : node->parts)
+            move(&part);
+        // They will stand elsewhere in its text.
+        for (FilterValue &value : node->comparison.values)
+            value = areRenamed ? FilterValue{value.text} : value;
+    }
+
+    /// The text of a tree that was moved.
+    QString textOf(const FilterNode &root, const QString &before) const
+    {
+        const bool isOther = areRenamed && missing.isNull();
+        return isOther ? FilterWriter::textOf(root, to, notation) : before;
+    }
+
+    void moveField(qsizetype *field)
+    {
+        const QString column = from.field(*field).columnName;
+        const QString name = from.nameOf(*field, notation);
+        const qsizetype place = to.named(column, FilterNotation::Portable).valueOr(-1);
+        if (place < 0 || to.field(place).columnName != column) {
+            missing = name;
+            return;
+        }
+        areRenamed = areRenamed || to.nameOf(place, notation) != name;
+        *field = place;
+    }
+};
+
+bool hasExpression(const FilterNode &node)
+{
+    return (node.kind == FilterNode::Kind::Comparison &&
+            node.comparison.operation == FilterOperator::Matches) ||
+           std::any_of(node.parts.begin(), node.parts.end(), hasExpression);
+}
+
+/// That a field is gone, where its name stands in a text.
+FilterProblem problemWithField(const QString &name, const QString &text)
+{
+    const qsizetype place = text.indexOf(name, 0, Qt::CaseInsensitive);
+    return {FilterTexts::tr("there is no field “%1”").arg(name), qMax<qsizetype>(place, 0),
+            place < 0 ? 0 : name.size()};
+}
+
 void addColumns(const FilterNode &node, const FilterFields &fields, QStringList *columns)
 {
     if (node.kind == FilterNode::Kind::Comparison)
@@ -102,30 +160,46 @@ void addColumns(const FilterNode &node, const FilterFields &fields, QStringList 
 
 RecordFilter RecordFilter::read(const QString &text, const Fields &fields, FilterNotation notation)
 {
-    RecordFilter filter;
-    filter._text = text;
-    filter._notation = notation;
-    filter._fields = fields;
+    RecordFilter filter(text, fields, notation);
     if (text.trimmed().isEmpty())
         return filter;
     FilterParser parser(text, *fields, notation);
-    std::optional<FilterNode> root = parser.parse();
-    if (!root) {
-        filter._problem = parser.problem();
-        return filter;
-    }
-    PredicateMaker maker{fields, notation, {}};
-    filter._predicate = maker.of(*root);
-    filter._problem = maker.problem;
-    if (!filter._problem)
-        filter._root = std::move(root);
+    if (const std::optional<FilterNode> root = parser.parse())
+        filter.take(*root);
     else
-        filter._predicate = {};
+        filter._problem = parser.problem();
+    return filter;
+}
+
+/// Makes the condition of a tree, whose values are in the filter's notation.
+void RecordFilter::take(const FilterNode &root)
+{
+    PredicateMaker maker{_fields, _notation, {}};
+    _predicate = maker.of(root);
+    _problem = maker.problem;
+    if (!_problem)
+        _root = root;
+}
+
+RecordFilter RecordFilter::withFields(const Fields &fields) const
+{
+    if (!_root)
+        return fields ? read(_text, fields, _notation) : *this;
+    FieldMover mover{*_fields, *fields, _notation, false, {}};
+    FilterNode root = *_root;
+    mover.move(&root);
+    RecordFilter filter(mover.textOf(root, _text), fields, _notation);
+    if (mover.missing.isNull())
+        filter.take(root);
+    else
+        filter._problem = problemWithField(mover.missing, _text);
     return filter;
 }
 
 RecordFilter RecordFilter::both(const RecordFilter &first, const RecordFilter &second)
 {
+    if (first._problem || second._problem)
+        return first._problem ? first : second;
     if (!first._root || !second._root)
         return first._root ? first : second;
     RecordFilter filter = first;
@@ -142,6 +216,8 @@ Outcome<> RecordFilter::outcome() const
     if (!_problem)
         return {};
     const QString part = _text.mid(_problem->position, _problem->length).trimmed();
+    if (part.isEmpty() && _problem->position == 0)
+        return Failure{_problem->reason};
     if (part.isEmpty())
         return Failure{
             FilterTexts::tr("%1 (behind “%2”)")
@@ -149,12 +225,22 @@ Outcome<> RecordFilter::outcome() const
     return Failure{FilterTexts::tr("“%1”: %2").arg(part, _problem->reason)};
 }
 
-QString RecordFilter::text(FilterNotation notation) const
+std::optional<FilterNode> RecordFilter::root(FilterNotation notation) const
 {
     if (notation == _notation || !_root)
-        return _text;
-    return FilterWriter::textOf(Renotation{*_fields, _notation, notation}.of(*_root), *_fields,
-                                notation);
+        return _root;
+    return Renotation{*_fields, _notation, notation}.of(*_root);
+}
+
+QString RecordFilter::text(FilterNotation notation) const
+{
+    const std::optional<FilterNode> node = root(notation);
+    return notation == _notation || !node ? _text : FilterWriter::textOf(*node, *_fields, notation);
+}
+
+bool RecordFilter::isSlow() const
+{
+    return _root && hasExpression(*_root);
 }
 
 QStringList RecordFilter::columns() const

@@ -40,6 +40,20 @@ SmartLibrary smartLibraryIn(const QSqlQuery &row)
             row.value(3).toString(), row.value(4).toString(), row.value(5).toString()};
 }
 
+/// Whether what is kept of it is what it was made of.
+Outcome<> checkReading(LibraryStore &store, const SmartLibrary &smart)
+{
+    const Outcome<QList<Library>> libraries = store.libraries();
+    if (!libraries)
+        return libraries.failure();
+    const auto library = SmartLibraries::libraryOf(smart, *libraries);
+    if (!library)
+        return Failure{FilterTexts::tr("there is no library “%1”").arg(smart.libraryName)};
+    const auto query = SmartLibraries::queryOf(smart, std::make_shared<FilterFields>(*library));
+    return query ? Outcome<>()
+                 : Failure{FilterTexts::tr("the filter cannot be kept: %1").arg(query.reason())};
+}
+
 template<typename Find>
 auto findIn(const QList<Library> &libraries, const Find &find) -> std::optional<Library>
 {
@@ -145,11 +159,14 @@ Outcome<> SmartLibraries::checkName(LibraryStore &store, const QString &name,
 
 Outcome<> SmartLibraries::save(LibraryStore &store, const SmartLibrary &smart)
 {
-    return checkName(store, smart.name).andThen([&] { return makeTable(store); }).andThen([&] {
-        return run(store, u"INSERT INTO cobble_smart_library VALUES (?, ?, ?, ?, ?, ?)"_s,
-                   {smart.name, smart.tableName, smart.libraryName, smart.filter, smart.order,
-                    smart.columns});
-    });
+    return checkName(store, smart.name)
+        .andThen([&] { return checkReading(store, smart); })
+        .andThen([&] { return makeTable(store); })
+        .andThen([&] {
+            return run(store, u"INSERT INTO cobble_smart_library VALUES (?, ?, ?, ?, ?, ?)"_s,
+                       {smart.name, smart.tableName, smart.libraryName, smart.filter, smart.order,
+                        smart.columns});
+        });
 }
 
 Outcome<> SmartLibraries::rename(LibraryStore &store, const QString &name, const QString &newName)

@@ -45,6 +45,7 @@ std::optional<SmartLibrary> named(const QString &name, const QList<SmartLibrary>
 /// Fails for a name that a library, or another smart one, has already, in whatever case.
 Outcome<> checkName(LibraryStore &store, const QString &name, const QString &formerName = {});
 
+/// Fails if what would be saved could not be read again.
 Outcome<> save(LibraryStore &store, const SmartLibrary &smart);
 Outcome<> rename(LibraryStore &store, const QString &name, const QString &newName);
 Outcome<> remove(LibraryStore &store, const QString &name);

@@ -95,6 +95,18 @@ void FilterBar::setFields(const RecordFilter::Fields &fields)
     setText(QString());
 }
 
+void FilterBar::setFilter(const RecordFilter &filter)
+{
+    {
+        const QSignalBlocker blocker(_text);
+        _text->setText(filter.text(FilterNotation::Typed));
+    }
+    take(filter);
+    // What rows have shown before is not what is wrong now.
+    showRows();
+    showProblems();
+}
+
 QString FilterBar::text() const
 {
     return _text->text();
@@ -198,8 +210,8 @@ void FilterBar::showRows()
     _join->show();
     if (!_fields)
         return;
-    if (_filter.root())
-        showTree(*_filter.root());
+    if (const auto root = _filter.root(FilterNotation::Typed))
+        showTree(*root);
     else
         insertRow(0);
 }
@@ -219,7 +231,12 @@ void FilterBar::showTree(const FilterNode &root)
 
 void FilterBar::read()
 {
-    _filter = _fields ? RecordFilter::read(_text->text(), _fields) : RecordFilter();
+    take(_fields ? RecordFilter::read(_text->text(), _fields) : RecordFilter());
+}
+
+void FilterBar::take(const RecordFilter &filter)
+{
+    _filter = filter;
     _save->setEnabled(_filter.root().has_value());
     showProblems();
     Q_EMIT filterChanged();

@@ -13,7 +13,7 @@ class QPushButton;
 class QVBoxLayout;
 
 /// Where a filter is put together: rows of a field, an operator and a value, and the same as a text.
-/// What is changed in one is shown in the other. A filter that cannot be read says why, and filters
+/// What is changed in one is shown in the other. A filter that cannot be read says why, and finds
 /// nothing.
 ///
 /// \code
@@ -32,6 +32,8 @@ public:
     void setFields(const RecordFilter::Fields &fields);
     /// Replaces the filter by a text; a blank one is no filter.
     void setText(const QString &text);
+    /// Shows a filter of these fields, which stays as it is until somebody changes it here.
+    void setFilter(const RecordFilter &filter);
     QString text() const;
     const RecordFilter &filter() const { return _filter; }
 
@@ -63,6 +65,7 @@ private:
     void removeRows();
     void takeRows();
     void takeText();
+    void take(const RecordFilter &filter);
     void showRows();
     void showTree(const FilterNode &root);
     void showProblems();

@@ -59,7 +59,7 @@ public:
     /// The same for those who need not know.
     void showLibrary(const QString &name) { (void)openLibrary(name); }
     /// Shows the records of a smart library. If its filter no longer fits, the window says why, and
-    /// shows all.
+    /// shows none.
     void showSmartLibrary(const SmartLibrary &smart);
     /// Once the window is loaded.
     SmartLibraryList *smartLibraries() { return _smartLibraries.get(); }

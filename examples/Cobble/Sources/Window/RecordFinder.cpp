@@ -11,6 +11,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <utility>
+
 namespace {
 constexpr qsizetype LongestQuote = 60;
 } // namespace
@@ -24,6 +26,7 @@ RecordFinder::RecordFinder(MainWindow *window, RecordList *records)
 {
     _bar->hide();
     QObject::connect(_bar, &FilterBar::filterChanged, this, &RecordFinder::changed);
+    QObject::connect(records, &RecordList::failed, this, &RecordFinder::refuse);
     QObject::connect(_bar, &FilterBar::closeRequested, this, [this] {
         setShowsFilter(false);
         _window->table()->setFocus(Qt::OtherFocusReason);
@@ -40,7 +43,7 @@ void RecordFinder::setLibrary(const std::shared_ptr<OpenLibrary> &library)
 {
     _library = library;
     _isSmart = false;
-    _applied.clear();
+    forgetFilter();
     showColumns({});
     const QSignalBlocker blocker(_bar);
     const auto fields = library ? std::make_shared<FilterFields>(library->definition()) : nullptr;
@@ -49,24 +52,47 @@ void RecordFinder::setLibrary(const std::shared_ptr<OpenLibrary> &library)
     _summary->setLibrary(library);
 }
 
+/// The records have none now.
+void RecordFinder::forgetFilter()
+{
+    _isUntried = false;
+    _applied = Applied();
+    _refusal = QString();
+}
+
+// --- Filtering ----------------------------------------------------------------------------------
+
 /// The bar's filter with readers of its own, since records may be looked at in a thread.
 RecordFilter RecordFinder::forThread() const
 {
-    return RecordFilter::read(_bar->filter().text(FilterNotation::Portable),
-                              std::make_shared<FilterFields>(_library->definition()),
-                              FilterNotation::Portable);
+    return _bar->filter().withFields(std::make_shared<FilterFields>(_library->definition()));
 }
 
 void RecordFinder::apply()
 {
     if (!_library)
         return;
-    const bool filters = !_bar->filter().predicate().isNil();
-    const QString wanted = filters ? _bar->filter().text(FilterNotation::Portable) : QString();
-    if (wanted == _applied)
+    const Applied wanted{_bar->filter().root(), _bar->filter().notation(),
+                         _bar->filter().outcome().reason()};
+    if (_applied == wanted)
         return;
     _applied = wanted;
-    _records->setFilter(filters ? forThread().predicate() : NSPredicate());
+    const RecordFilter filter = forThread();
+    _refusal = filter.outcome().reason();
+    _isUntried = filter.root().has_value();
+    _records->setFilter(filter.predicate());
+}
+
+/// Of a filter that could not say which records it accepts, none are shown: those that were shown
+/// before may be all.
+void RecordFinder::refuse(const QString &reason)
+{
+    if (!std::exchange(_isUntried, false))
+        return;
+    _applied.reset();
+    _refusal = reason;
+    _records->setFilter(NSPredicate::predicateWithValue(false));
+    showResult();
 }
 
 /// What was looked for, if nothing was found; nil otherwise.
@@ -77,14 +103,22 @@ QString RecordFinder::missedText() const
     const bool isFiltered = !_bar->filter().predicate().isNil();
     if (!_library || _records->isArranging() || _records->count() > 0)
         return {};
+    if (!_refusal.isNull())
+        return unfitText();
     if (!searched.isEmpty())
         return isFiltered ? tr("No record fits “%1” and the filter.").arg(searched)
                           : tr("No record fits “%1”.").arg(searched);
     return isFiltered ? tr("No record fits the filter.") : QString();
 }
 
+QString RecordFinder::unfitText() const
+{
+    return tr("The filter cannot be used: %1").arg(printableText(_refusal));
+}
+
 void RecordFinder::showResult()
 {
+    _isUntried = _isUntried && _records->isArranging();
     _nothing->setText(missedText());
     _summary->updateSoon();
 }
@@ -111,7 +145,7 @@ Outcome<> RecordFinder::showSmartLibrary(const SmartLibrary &smart)
     _isSmart = true;
     showColumns({});
     _bar->show();
-    _bar->setText(query ? query->filter.text(FilterNotation::Typed) : smart.filter);
+    _bar->setFilter(RecordFilter::read(smart.filter, fields, FilterNotation::Portable));
     if (!query)
         return query.failure();
     showColumns(query->columns);

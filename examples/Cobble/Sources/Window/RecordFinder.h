@@ -28,7 +28,7 @@ public:
 
     /// The library whose records are shown; null for none. The filter goes.
     void setLibrary(const std::shared_ptr<OpenLibrary> &library);
-    /// Has the records filtered as the bar says.
+    /// Has the records filtered as the bar says; a filter that cannot be used finds none.
     void apply();
     /// Says if nothing is found.
     void showResult();
@@ -37,7 +37,7 @@ public:
     void setShowsFilter(bool shows);
     bool showsFilter() const;
     /// Shows the filter, the order and the columns of a smart library of the library. Fails if it no
-    /// longer fits; its filter then stands in the bar, and filters nothing.
+    /// longer fits; its filter then stands in the bar, and finds nothing if it is what does not fit.
     Outcome<> showSmartLibrary(const SmartLibrary &smart);
     /// Whether that is what is shown.
     bool isSmart() const { return _isSmart; }
@@ -55,8 +55,21 @@ Q_SIGNALS:
     void changed();
 
 private:
+    /// What tells a filter from another one.
+    struct Applied
+    {
+        std::optional<FilterNode> root;
+        FilterNotation notation = FilterNotation::Typed;
+        QString problem;
+
+        friend bool operator==(const Applied &, const Applied &) = default;
+    };
+
     RecordFilter forThread() const;
+    void refuse(const QString &reason);
+    void forgetFilter();
     QString missedText() const;
+    QString unfitText() const;
     void showColumns(const QList<qsizetype> &columns);
 
     MainWindow *_window;
@@ -66,6 +79,10 @@ private:
     std::unique_ptr<SelectionSummary> _summary;
     std::shared_ptr<OpenLibrary> _library;
     bool _isSmart = false;
-    /// The filter that the records have, in its portable notation.
-    QString _applied;
+    /// The filter that the records have; nothing if it is to be tried again.
+    std::optional<Applied> _applied;
+    /// Whether nobody knows yet if it can be used.
+    bool _isUntried = false;
+    /// Why it cannot be used; nil if it can.
+    QString _refusal;
 };
