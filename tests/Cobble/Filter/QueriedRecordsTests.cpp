@@ -5,6 +5,8 @@
 #include "support/FileTree.h"
 #include "support/TestSupport.h"
 
+#include <QSqlQuery>
+
 using namespace Qt::StringLiterals;
 using namespace filter_support;
 
@@ -108,5 +110,27 @@ TEST_F(QueriedRecordsTests, SaysWhyThereAreNone)
         QueriedRecords found(*store, other, query);
         EXPECT_FALSE(found.next());
         EXPECT_FALSE(found.outcome());
+    }
+}
+
+TEST_F(QueriedRecordsTests, AFilterThatTakesTooLongIsAFailure)
+{
+    QSqlQuery change(store->database());
+    ASSERT_TRUE(
+        change.exec(u"UPDATE kt_people SET kt_name = 'aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa' "
+                    "WHERE kt_name = 'Dora'"_s));
+    for (const QString &text :
+         {u"name MATCHES \"(a+)+[bc]\""_s, u"name NOT MATCHES \"(a+)+[bc]\""_s}) {
+        for (const bool isSorted : {false, true}) {
+            RecordQuery query;
+            query.filter = RecordFilter::read(text, fields);
+            if (isSorted)
+                query.order = {{0, true}};
+            QueriedRecords found(*store, people(), query);
+            while (found.next())
+                continue;
+            EXPECT_FALSE(found.outcome());
+            EXPECT_TRUE(found.outcome().reason().contains(u"(a+)+[bc]"));
+        }
     }
 }

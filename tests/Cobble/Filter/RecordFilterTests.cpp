@@ -415,6 +415,32 @@ TEST(RecordFilter, WhatIsWrongWithOneIsWrongWithBoth)
     EXPECT_EQ(found(RecordFilter::both(RecordFilter(), right)), u"Bc"_s);
 }
 
+TEST(RecordFilter, WhatTakesTooLongToFindOutIsNotFalse)
+{
+    const LocaleScope scope(u"en_US"_s);
+    const auto named = [](const QString &name) {
+        return QVariant(QVariantMap{{u"kt_name"_s, name}});
+    };
+    const QVariant ambiguous = named(QString(40, u'a'));
+    for (const QString &text :
+         {u"name MATCHES \"(a+)+[bc]\""_s, u"name NOT MATCHES \"(a+)+[bc]\""_s}) {
+        const RecordFilter filter = read(text);
+        EXPECT_TRUE(filter.isSlow());
+        EXPECT_FALSE(filter.predicate().evaluateWithObject(named(u"aab"_s)) ==
+                     filter.predicate().evaluateWithObject(named(u"x"_s)));
+        EXPECT_THROW((void)filter.predicate().evaluateWithObject(ambiguous), NSException);
+    }
+    EXPECT_FALSE(read(u"name LIKE a* AND visits > 7"_s).isSlow());
+    // With more memory than it may have, it would match.
+    try {
+        EXPECT_TRUE(read(u"name MATCHES \"(a|b|.)*\""_s)
+                        .predicate()
+                        .evaluateWithObject(named(QString(60000, u'x'))));
+    } catch (const NSException &exception) {
+        EXPECT_TRUE(exception.reason().contains(u"(a|b|.)*"));
+    }
+}
+
 TEST(RecordFilter, IsTheSameInEveryLocale)
 {
     const char16_t *const rows[] = {

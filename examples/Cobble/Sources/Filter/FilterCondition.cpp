@@ -6,6 +6,7 @@
 #include "FilterTexts.h"
 
 #include <KTUtility/NSCalendar>
+#include <KTUtility/NSException>
 #include <KTUtility/NSObject>
 
 #include <QDateTime>
@@ -16,6 +17,23 @@ using namespace Qt::StringLiterals;
 namespace {
 using Fields = std::shared_ptr<const FilterFields>;
 using Test = std::function<bool(const QVariant &value)>;
+
+/// So often an expression tries another way to match a text: some milliseconds long.
+const QString MatchLimit = u"(*LIMIT_MATCH=1000000)"_s;
+/// Of an expression in a sentence.
+constexpr qsizetype LongestShown = 60;
+
+/// What could not be found out is not false.
+bool isMatch(const QRegularExpression &expression, const QString &typed, const QString &text)
+{
+    const QRegularExpressionMatch match = expression.match(text);
+    if (!match.isValid())
+        NSException::raise(
+            NSInvalidArgumentException,
+            FilterTexts::tr("it takes too long to find out what matches “%1”")
+                .arg(typed.size() > LongestShown ? typed.left(LongestShown) + u'…' : typed));
+    return match.hasMatch();
+}
 
 bool isNothing(const QVariant &value)
 {
@@ -177,7 +195,8 @@ private:
         const bool ignoresCase = _comparison.passesOver.contains(u'c');
         const QString accents = _comparison.passesOver.contains(u'd') ? u"d"_s : u""_s;
         const QRegularExpression expression(
-            QRegularExpression::anchoredPattern(ComparedText::of(value().text, accents)),
+            MatchLimit +
+                QRegularExpression::anchoredPattern(ComparedText::of(value().text, accents)),
             QRegularExpression::DotMatchesEverythingOption |
                 QRegularExpression::UseUnicodePropertiesOption |
                 (ignoresCase ? QRegularExpression::CaseInsensitiveOption
@@ -186,10 +205,10 @@ private:
             return refuse(
                 FilterTexts::tr("it is no regular expression: %1").arg(expression.errorString()),
                 value());
-        return [expression, accents, fields = _fields,
+        return [expression, typed = value().text, accents, fields = _fields,
                 field = _comparison.field](const QVariant &each) {
             const QString text = ComparedText::of(fields->textOf(field, each), accents);
-            return !isNothing(each) && expression.match(text).hasMatch();
+            return !isNothing(each) && isMatch(expression, typed, text);
         };
     }
 

@@ -2,6 +2,8 @@
 
 #include "Records/ValueOrder.h"
 
+#include <KTUtility/NSException>
+
 #include <algorithm>
 
 namespace {
@@ -50,9 +52,13 @@ bool QueriedRecords::isAccepted() const
 
 bool QueriedRecords::nextAccepted()
 {
-    while (_cursor.next()) {
-        if (isAccepted())
-            return true;
+    try {
+        while (_filtering && _cursor.next()) {
+            if (isAccepted())
+                return true;
+        }
+    } catch (const NSException &exception) {
+        _filtering = Failure{exception.reason()};
     }
     return false;
 }

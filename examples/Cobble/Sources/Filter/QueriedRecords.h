@@ -26,7 +26,10 @@ public:
     QVariant value(qsizetype field) const override;
     /// The number by which the database knows the record.
     qint64 id() const { return _current ? _current->id : _cursor.id(); }
-    Outcome<> outcome() const override { return _cursor.outcome(); }
+    Outcome<> outcome() const override
+    {
+        return _cursor.outcome().andThen([this] { return _filtering; });
+    }
 
 private:
     struct Row
@@ -48,6 +51,8 @@ private:
     /// The columns that the filter asks for, with their names.
     QList<std::pair<QString, qsizetype>> _filtered;
     RecordCursor _cursor;
+    /// Whether the filter could say of each record if it accepts it.
+    Outcome<> _filtering;
     std::deque<Row> _rows;
     std::optional<Row> _current;
     bool _isSorted = false;
