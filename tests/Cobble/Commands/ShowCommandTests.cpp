@@ -240,6 +240,9 @@ TEST_F(ShowCommandTests, ShowsSmartLibraries)
         for (const QString &name : {u"Lost"_s, u"Regulars"_s})
             ASSERT_TRUE(
                 SmartLibraries::save(*store, SmartLibraries::make(name, library, query, *fields)));
+        query.filter = RecordFilter::read(u"name MATCHES P.+"_s, fields);
+        ASSERT_TRUE(
+            SmartLibraries::save(*store, SmartLibraries::make(u"Slow"_s, library, query, *fields)));
         QSqlQuery change(store->database());
         ASSERT_TRUE(change.exec(
             u"UPDATE cobble_smart_library SET filter = 'kt_gone = 1' WHERE name = 'Lost'"_s));
@@ -253,7 +256,10 @@ TEST_F(ShowCommandTests, ShowsSmartLibraries)
     EXPECT_EQ(all.exitCode, 0) << all.errors.toStdString();
     EXPECT_TRUE(all.output.contains(u"\nRegulars  of People  2       2\n"))
         << all.output.toStdString();
+    // Neither one that does not fit nor one that may take long is counted.
     EXPECT_TRUE(all.output.contains(u"\nLost      of People  –       –\n"));
+    EXPECT_TRUE(all.output.contains(u"\nSlow      of People  2       –\n"));
+    EXPECT_TRUE(show({u"Slow"_s}).output.endsWith(u"\n10 of 11 records\n"));
     const CommandResult lost = show({u"Lost"_s});
     EXPECT_EQ(lost.exitCode, 1);
     EXPECT_TRUE(lost.errors.contains(u"the filter of 'Lost' no longer fits: "))

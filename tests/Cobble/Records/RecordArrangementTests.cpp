@@ -181,6 +181,23 @@ TEST_F(RecordArrangementTests, AFilterThatRaisesLeavesWhatIsShown)
     EXPECT_EQ(shown(), between(1, 20));
 }
 
+TEST_F(RecordArrangementTests, FewAreArrangedInAThreadIfEachMayTakeLong)
+{
+    show(20);
+    const NSPredicate filter = NSPredicate::predicateWithFormat(u"kt_visits < 3"_s);
+    arrangement.setFilter(filter, true);
+    EXPECT_TRUE(arrangement.isWorking());
+    ASSERT_TRUE(wait());
+    EXPECT_EQ(shown(), RecordIds({18, 19, 20}));
+    arrangement.setSearch(u"n2"_s);
+    EXPECT_TRUE(arrangement.isWorking());
+    ASSERT_TRUE(wait());
+    EXPECT_EQ(shown(), RecordIds({20}));
+    arrangement.setFilter(filter);
+    EXPECT_FALSE(arrangement.isWorking());
+    EXPECT_EQ(shown(), RecordIds({20}));
+}
+
 TEST_F(RecordArrangementTests, ItMayGoInTheMiddleOfTheWork)
 {
     show(Many);

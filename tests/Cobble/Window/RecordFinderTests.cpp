@@ -226,3 +226,20 @@ TEST_F(RecordFinderTests, WhatCannotBeReadFindsNothingAndSaysWhy)
     window->search();
     EXPECT_EQ(window->model()->rowCount(), 4);
 }
+
+TEST_F(RecordFinderTests, AFilterThatTakesTooLongFindsNothingAndSaysWhy)
+{
+    MainWindowController *const window = openThings();
+    ASSERT_TRUE(window->model()->take(QString(40, u'a'), window->model()->index(1, 0)));
+    filter(window, u"Name MATCHES \"(a+)+[bc]\""_s);
+    // The window does not wait.
+    EXPECT_TRUE(window->records()->isArranging());
+    ASSERT_TRUE(wait(window));
+    EXPECT_EQ(window->model()->rowCount(), 0);
+    EXPECT_TRUE(window->finder()->nothingFound()->text().startsWith(
+        u"The filter cannot be used: it takes too long "))
+        << window->finder()->nothingFound()->text().toStdString();
+    filter(window, u"Name MATCHES \"C.*\""_s);
+    ASSERT_TRUE(wait(window));
+    EXPECT_EQ(column(window, 0), QStringList(u"Céline"_s));
+}

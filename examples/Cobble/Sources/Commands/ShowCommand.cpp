@@ -55,7 +55,7 @@ QStringList numbersOfSmart(LibraryStore &store, const SmartLibrary &smart, const
     const qsizetype fields =
         query->columns.isEmpty() ? library.fields.size() : query->columns.size();
     const qint64 all = store.recordCount(library).valueOr(*left + 1);
-    const bool isCounted = all <= *left;
+    const bool isCounted = !query->filter.isSlow() && all <= *left;
     *left -= isCounted ? all : 0;
     query->order.clear();
     return {QString::number(fields), isCounted ? countOf(store, library, *query) : NotCounted};

@@ -77,10 +77,10 @@ void RecordList::setSearch(const QString &typed)
     _arrangement.setSearch(typed);
 }
 
-void RecordList::setFilter(const NSPredicate &filter)
+void RecordList::setFilter(const NSPredicate &filter, bool isSlow)
 {
     _fallback = 0;
-    _arrangement.setFilter(filter);
+    _arrangement.setFilter(filter, isSlow);
 }
 
 // --- The rows -----------------------------------------------------------------------------------

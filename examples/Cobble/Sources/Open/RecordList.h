@@ -37,7 +37,8 @@ public:
     /// keys, which are the names of columns. It is evaluated in any thread. The first one is selected
     /// if none of those that were selected is left.
     void setSearch(const QString &typed);
-    void setFilter(const NSPredicate &filter);
+    /// \param isSlow whether a single record may take long.
+    void setFilter(const NSPredicate &filter, bool isSlow = false);
     /// Without any, they are in the order in which they were stored.
     void setSorts(const QList<RecordSort> &sorts) { _arrangement.setSorts(sorts); }
     void setSort(qsizetype field, Qt::SortOrder order) { setSorts({{field, order}}); }

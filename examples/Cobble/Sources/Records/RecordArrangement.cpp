@@ -36,6 +36,7 @@ void RecordArrangement::setSource(const std::optional<ArrangementSource> &source
 {
     _source = source;
     _wish = {};
+    _isFilterSlow = false;
     forgetValues();
     arrange();
 }
@@ -74,11 +75,12 @@ void RecordArrangement::setSearch(const QString &typed)
     arrange();
 }
 
-void RecordArrangement::setFilter(const NSPredicate &filter)
+void RecordArrangement::setFilter(const NSPredicate &filter, bool isSlow)
 {
     if (filter.isNil() && _wish.filter.isNil())
         return;
     _wish.filter = filter;
+    _isFilterSlow = isSlow;
     _found = {};
     arrange();
 }
@@ -104,6 +106,12 @@ bool RecordArrangement::isArranging() const
 
 // --- Arranging ----------------------------------------------------------------------------------
 
+bool RecordArrangement::isAtOnce(const ArrangementRequest &request) const
+{
+    const bool isKnown = request.known && !isFiltering();
+    return isKnown || (qsizetype(request.all->size()) <= MostAtOnce && !_isFilterSlow);
+}
+
 void RecordArrangement::arrange()
 {
     _worker.cancel();
@@ -115,9 +123,8 @@ void RecordArrangement::arrange()
     }
     _wish.locale = NSLocale::currentLocale().localeIdentifier();
     const ArrangementRequest wanted = request();
-    const bool isKnown = wanted.known && !isFiltering();
     LibraryStore *const store = _source->store();
-    if (store && (isKnown || qsizetype(wanted.all->size()) <= MostAtOnce))
+    if (store && isAtOnce(wanted))
         arrangeAtOnce(*store, wanted);
     else
         arrangeInThread(wanted);

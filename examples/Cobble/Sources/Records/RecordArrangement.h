@@ -46,7 +46,8 @@ public:
     void setSearch(const QString &typed);
     /// A condition on the records' keys, by the names of columns; nil is none. It must be one that
     /// can be evaluated in any thread.
-    void setFilter(const NSPredicate &filter);
+    /// \param isSlow whether a single record may take long; few of them are looked at in a thread, too.
+    void setFilter(const NSPredicate &filter, bool isSlow = false);
     void setSorts(const QList<RecordSort> &sorts);
     const QList<RecordSort> &sorts() const { return _wish.sorts; }
     bool isFiltering() const;
@@ -68,6 +69,7 @@ Q_SIGNALS:
 
 private:
     bool isArranging() const;
+    bool isAtOnce(const ArrangementRequest &request) const;
     void arrange();
     ArrangementRequest request() const;
     SharedRecordIds narrowed() const;
@@ -100,6 +102,7 @@ private:
     SharedRecordIds _before;
     /// Whether values have changed since the last arrangement.
     bool _isOutdated = false;
+    bool _isFilterSlow = false;
     bool _isSlow = false;
     QTimer _slowTimer;
     ArrangementWorker _worker;

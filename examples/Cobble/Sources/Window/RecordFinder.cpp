@@ -80,7 +80,7 @@ void RecordFinder::apply()
     const RecordFilter filter = forThread();
     _refusal = filter.outcome().reason();
     _isUntried = filter.root().has_value();
-    _records->setFilter(filter.predicate());
+    _records->setFilter(filter.predicate(), filter.isSlow());
 }
 
 /// Of a filter that could not say which records it accepts, none are shown: those that were shown
