@@ -243,3 +243,46 @@ TEST_F(RecordFinderTests, AFilterThatTakesTooLongFindsNothingAndSaysWhy)
     ASSERT_TRUE(wait(window));
     EXPECT_EQ(column(window, 0), QStringList(u"Céline"_s));
 }
+
+// --- What is new --------------------------------------------------------------------------------
+
+TEST_F(RecordFinderTests, AFilterThatHidesANewRecordGoes)
+{
+    MainWindowController *const window = openThings();
+    RecordCommands commands(window);
+    for (const QString &text : {u"visits > 5"_s, u"Name MATCHES \"C.*\""_s}) {
+        window->finder()->setShowsFilter(true);
+        filter(window, text);
+        ASSERT_TRUE(wait(window));
+        search(window, u"c"_s);
+        ASSERT_TRUE(wait(window));
+        const qsizetype before = window->library()->recordCount();
+        commands.perform(EditCommand::NewRecord);
+        turn();
+        ASSERT_TRUE(wait(window));
+        ASSERT_TRUE(wait(window));
+        EXPECT_EQ(window->model()->rowCount(), before + 1) << text.toStdString();
+        EXPECT_EQ(window->records()->selectionIndex(), before);
+        EXPECT_FALSE(window->finder()->showsFilter());
+        EXPECT_EQ(window->mainWindow()->search()->text(), QString());
+    }
+}
+
+TEST_F(RecordFinderTests, AFilterThatHidesWhatComesBackGoes)
+{
+    MainWindowController *const window = openThings();
+    filter(window, u"visits = 7"_s);
+    window->records()->setSelectionIndex(0);
+    window->deleteRecords();
+    filter(window, u"visits < 0"_s);
+    EXPECT_EQ(countIn(window), u"1 of 3 records"_s);
+    window->undoChange();
+    EXPECT_EQ(countIn(window), u"4 records"_s);
+    EXPECT_EQ(window->records()->selectionIndex(), 0);
+    // One that shows it stays.
+    filter(window, u"visits = 7"_s);
+    window->records()->setSelectionIndex(0);
+    window->deleteRecords();
+    window->undoChange();
+    EXPECT_EQ(countIn(window), u"1 of 4 records"_s);
+}

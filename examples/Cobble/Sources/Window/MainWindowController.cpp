@@ -351,6 +351,7 @@ void MainWindowController::forget()
 void MainWindowController::setLibrary(const std::shared_ptr<OpenLibrary> &library)
 {
     forget();
+    _awaited.clear();
     _library = library;
     mainWindow()->setWindowTitle(
         library ? tr("%1 – Cobble").arg(printableText(library->definition().name)) : u"Cobble"_s);
@@ -389,6 +390,7 @@ void MainWindowController::showArranged()
         return;
     _finder->showResult();
     _selection->reveal();
+    uncoverAwaited();
     if (std::exchange(_tellsFound, false))
         tellDone(foundText());
 }
@@ -724,12 +726,36 @@ void MainWindowController::showEffect(const StepEffect &effect)
 
 void MainWindowController::showRecordsWithIds(const std::vector<qint64> &ids)
 {
-    if (ids.empty() || selectRecords(ids) || mainWindow()->search()->text().isEmpty())
+    _awaited.clear();
+    if (!ids.empty() && !selectRecords(ids))
+        uncover(ids);
+    else if (_records.isArranging())
+        _awaited = ids;
+}
+
+/// What hides records goes: the search, and if they still do not show, the filter.
+void MainWindowController::uncover(const std::vector<qint64> &ids)
+{
+    if (!mainWindow()->search()->text().isEmpty())
+        mainWindow()->search()->clear();
+    else if (_finder->isSmart())
+        showWholeLibrary(_library->definition().name);
+    else if (!_finder->bar()->text().isEmpty())
+        _finder->setShowsFilter(false);
+    else
         return;
-    // The search may hide them.
-    mainWindow()->search()->clear();
     search();
-    selectRecords(ids);
+    showRecordsWithIds(ids);
+}
+
+/// Now it is known whether any of them is shown.
+void MainWindowController::uncoverAwaited()
+{
+    const std::vector<qint64> ids = std::exchange(_awaited, {});
+    const bool isShown =
+        std::any_of(ids.begin(), ids.end(), [this](qint64 id) { return _records.rowOf(id) >= 0; });
+    if (!ids.empty() && !isShown)
+        uncover(ids);
 }
 
 void MainWindowController::showLibraryOf(const StepEffect &effect)

@@ -74,7 +74,7 @@ public:
 
     /// Makes changes that this window can undo.
     Outcome<> change(const std::function<Outcome<>()> &changes);
-    /// Selects records and scrolls there; a search that hides them is cleared.
+    /// Selects records and scrolls there; a search and a filter that hide them are taken away.
     void showRecordsWithIds(const std::vector<qint64> &ids);
     /// Asks whether so many records may get a value.
     void askForMany(const QString &field, qsizetype count, const std::function<void(bool)> &answer);
@@ -156,6 +156,8 @@ private:
     void showEffect(const StepEffect &effect);
     void showLibraryOf(const StepEffect &effect);
     bool selectRecords(const std::vector<qint64> &ids);
+    void uncover(const std::vector<qint64> &ids);
+    void uncoverAwaited();
 
     DesktopApplication *_application;
     RecordList _records;
@@ -170,6 +172,8 @@ private:
     QTimer _searchTimer;
     /// What is done when the records are found that are looked for.
     bool _tellsFound = false;
+    /// What is to be shown once it is known which records are.
+    std::vector<qint64> _awaited;
     /// What was done and is still to be reported.
     QString _done;
     /// What was done in this window.
