@@ -244,6 +244,53 @@ TEST_F(RecordFinderTests, AFilterThatTakesTooLongFindsNothingAndSaysWhy)
     EXPECT_EQ(column(window, 0), QStringList(u"Céline"_s));
 }
 
+// --- When the library is opened anew ------------------------------------------------------------
+
+TEST_F(RecordFinderTests, AnotherProgramsChangeKeepsTheFilter)
+{
+    MainWindowController *const window = openThings();
+    window->finder()->setShowsFilter(true);
+    filter(window, u"visits > 0"_s);
+    search(window, u"ann"_s);
+    ASSERT_EQ(column(window, 1), QStringList({u"7"_s, u"3"_s}));
+    doElsewhere({u"new"_s, u"Things"_s, u"--record"_s, u"Name=Anna"_s});
+    EXPECT_EQ(countIn(window), u"2 of 5 records"_s);
+    EXPECT_EQ(window->finder()->bar()->text(), u"visits > 0"_s);
+    EXPECT_TRUE(window->finder()->showsFilter());
+    doElsewhere({u"rename"_s, u"Things"_s, u"Besuche"_s, u"--field"_s, u"Visits"_s});
+    EXPECT_EQ(countIn(window), u"2 of 5 records"_s);
+    EXPECT_EQ(window->finder()->bar()->text(), u"Besuche > 0"_s);
+}
+
+TEST_F(RecordFinderTests, AFilterWhoseFieldIsGoneShowsNoRecords)
+{
+    MainWindowController *const window = openThings();
+    filter(window, u"visits > 5"_s);
+    doElsewhere({u"field"_s, u"remove"_s, u"Things"_s, u"Visits"_s});
+    EXPECT_EQ(countIn(window), u"0 of 4 records"_s);
+    EXPECT_TRUE(window->mainWindow()->statusBar()->currentMessage().startsWith(
+        u"The filter no longer fits: "))
+        << window->mainWindow()->statusBar()->currentMessage().toStdString();
+    EXPECT_TRUE(window->finder()->bar()->problem().contains(u"“Visits”"));
+    EXPECT_TRUE(
+        window->finder()->nothingFound()->text().startsWith(u"The filter cannot be used: "));
+    doElsewhere({u"undo"_s});
+    EXPECT_EQ(column(window, 0), QStringList({u"Ann"_s, u"Céline"_s}));
+}
+
+TEST_F(RecordFinderTests, AFilterIsOfItsLibraryOnly)
+{
+    import(u"Others.csv"_s, Things);
+    MainWindowController *const window = openThings();
+    window->showLibrary(u"Things"_s);
+    filter(window, u"visits > 5"_s);
+    window->showLibrary(u"Others"_s);
+    EXPECT_EQ(window->model()->rowCount(), 4);
+    window->showLibrary(u"Things"_s);
+    EXPECT_EQ(window->model()->rowCount(), 4);
+    EXPECT_EQ(window->finder()->bar()->text(), QString());
+}
+
 // --- What is new --------------------------------------------------------------------------------
 
 TEST_F(RecordFinderTests, AFilterThatHidesANewRecordGoes)

@@ -224,6 +224,7 @@ void MainWindowController::connectDrops()
 void MainWindowController::listLibraries()
 {
     const QString shown = nameOfShown();
+    const std::optional<SmartLibrary> smart = _smartLibraries->current();
     QListWidget *const list = mainWindow()->libraries();
     {
         const QSignalBlocker blocker(list);
@@ -238,6 +239,8 @@ void MainWindowController::listLibraries()
         forget();
     showLibrary(shown);
     _smartLibraries->addToList();
+    if (smart && _finder->isSmart())
+        _smartLibraries->select(smart->name);
 }
 
 /// The library with the same table as the one that is shown, else the one of its name.
@@ -336,6 +339,8 @@ void MainWindowController::showNothing()
 
 void MainWindowController::forget()
 {
+    if (_finder && isWindowLoaded())
+        _finder->keep();
     if (_columns && _library && isWindowLoaded() && _application->remembers())
         _columns->save();
     _tellsFound = false;
@@ -381,6 +386,16 @@ void MainWindowController::restoreColumns()
         _columns->open(_application->bundle()->bundle().bundlePath() + u' ' +
                            _library->definition().name,
                        keys);
+    _finder->showKept();
+    tellUnfit();
+}
+
+/// A filter that was kept may ask for what is gone.
+void MainWindowController::tellUnfit()
+{
+    const RecordFilter &filter = _finder->bar()->filter();
+    if (filter.problem())
+        tell(tr("The filter no longer fits: %1").arg(filter.outcome().reason()));
 }
 
 /// When all are found, the selected ones are to be seen.

@@ -158,6 +158,7 @@ private:
     bool selectRecords(const std::vector<qint64> &ids);
     void uncover(const std::vector<qint64> &ids);
     void uncoverAwaited();
+    void tellUnfit();
 
     DesktopApplication *_application;
     RecordList _records;

@@ -48,6 +48,8 @@ void RecordFinder::setLibrary(const std::shared_ptr<OpenLibrary> &library)
     const QSignalBlocker blocker(_bar);
     const auto fields = library ? std::make_shared<FilterFields>(library->definition()) : nullptr;
     _bar->setFields(fields);
+    if (library)
+        takeKept(fields);
     _nothing->setText(QString());
     _summary->setLibrary(library);
 }
@@ -58,6 +60,65 @@ void RecordFinder::forgetFilter()
     _isUntried = false;
     _applied = Applied();
     _refusal = QString();
+}
+
+// --- When a library is opened anew --------------------------------------------------------------
+
+QString RecordFinder::columnName(qsizetype column) const
+{
+    return column >= 0 ? _library->definition().fields.at(column).columnName : QString();
+}
+
+/// \return −1 if there is none.
+qsizetype RecordFinder::columnNamed(const QString &name) const
+{
+    return columnNames().indexOf(name);
+}
+
+QStringList RecordFinder::columnNames() const
+{
+    QStringList names;
+    for (const LibraryField &field : _library->definition().fields)
+        names += field.columnName;
+    return names;
+}
+
+void RecordFinder::keep()
+{
+    if (!_library)
+        return;
+    const RecordQuery query = shownQuery();
+    const RecordOrder order = query.order.value(0, {-1, true});
+    _kept = Kept{_library->definition().tableName, query.filter, {}, {}, {}, _isSmart};
+    for (const qsizetype column : query.columns)
+        _kept->columns += columnName(column);
+    _kept->sortedBy = columnName(order.field);
+    _kept->order = order.isAscending ? Qt::AscendingOrder : Qt::DescendingOrder;
+}
+
+/// The filter, if the library is the one that was shown.
+void RecordFinder::takeKept(const RecordFilter::Fields &fields)
+{
+    if (_kept && _kept->tableName != _library->definition().tableName)
+        _kept.reset();
+    if (!_kept)
+        return;
+    _isSmart = _kept->isSmart;
+    _bar->setFilter(_kept->filter.withFields(fields));
+}
+
+void RecordFinder::showKept()
+{
+    const std::optional<Kept> kept = std::exchange(_kept, std::nullopt);
+    if (!kept || !_library)
+        return;
+    QList<qsizetype> columns;
+    for (const QString &name : kept->columns) {
+        if (const qsizetype column = columnNamed(name); column >= 0)
+            columns += column;
+    }
+    showColumns(columns);
+    _window->table()->sortByColumn(int(columnNamed(kept->sortedBy)), kept->order);
 }
 
 // --- Filtering ----------------------------------------------------------------------------------

@@ -26,8 +26,12 @@ public:
     RecordFinder(MainWindow *window, RecordList *records);
     ~RecordFinder() override;
 
-    /// The library whose records are shown; null for none. The filter goes.
+    /// Keeps how the library is shown, for when the same table is shown next: before its columns go.
+    void keep();
+    /// The library whose records are shown; null for none. The filter goes, unless it was kept.
     void setLibrary(const std::shared_ptr<OpenLibrary> &library);
+    /// Shows the columns and the order that were kept, once the table has its columns.
+    void showKept();
     /// Has the records filtered as the bar says; a filter that cannot be used finds none.
     void apply();
     /// Says if nothing is found.
@@ -55,6 +59,16 @@ Q_SIGNALS:
     void changed();
 
 private:
+    /// How a library was shown: by the names of its columns.
+    struct Kept
+    {
+        QString tableName;
+        RecordFilter filter;
+        QStringList columns;
+        QString sortedBy;
+        Qt::SortOrder order = Qt::AscendingOrder;
+        bool isSmart = false;
+    };
     /// What tells a filter from another one.
     struct Applied
     {
@@ -68,6 +82,10 @@ private:
     RecordFilter forThread() const;
     void refuse(const QString &reason);
     void forgetFilter();
+    QStringList columnNames() const;
+    QString columnName(qsizetype column) const;
+    qsizetype columnNamed(const QString &name) const;
+    void takeKept(const RecordFilter::Fields &fields);
     QString missedText() const;
     QString unfitText() const;
     void showColumns(const QList<qsizetype> &columns);
@@ -79,6 +97,7 @@ private:
     std::unique_ptr<SelectionSummary> _summary;
     std::shared_ptr<OpenLibrary> _library;
     bool _isSmart = false;
+    std::optional<Kept> _kept;
     /// The filter that the records have; nothing if it is to be tried again.
     std::optional<Applied> _applied;
     /// Whether nobody knows yet if it can be used.
