@@ -160,3 +160,33 @@ TEST_F(RememberedColumnsTests, AnOrderThatWasTakenAwayStaysAway)
     EXPECT_EQ(table.widths(), QList<int>({100, 222, 100}));
     EXPECT_EQ(table.header()->sortIndicatorSection(), -1);
 }
+
+TEST_F(RememberedColumnsTests, WhatIsDoneWhileTheyAreLeftIsNotRemembered)
+{
+    for (const bool comesBack : {true, false}) {
+        forget();
+        {
+            Table table;
+            table.columns.open(u"things"_s, Keys);
+            table.header()->resizeSection(1, 222);
+            table.columns.leave();
+            table.header()->resizeSection(1, 55);
+            table.header()->setSortIndicator(0, Qt::DescendingOrder);
+            table.columns.leave();
+            table.header()->hideSection(2);
+            if (comesBack) {
+                table.header()->showSection(2);
+                table.columns.comeBack();
+                EXPECT_EQ(table.widths(), QList<int>({100, 222, 100}));
+                EXPECT_EQ(table.header()->sortIndicatorSection(), -1);
+            }
+            table.columns.save();
+        }
+        Table table;
+        table.columns.open(u"things"_s, Keys);
+        EXPECT_EQ(table.widths(), QList<int>({100, 222, 100}));
+        EXPECT_EQ(table.header()->sortIndicatorSection(), -1);
+        table.columns.comeBack();
+        EXPECT_EQ(table.widths(), QList<int>({100, 222, 100}));
+    }
+}

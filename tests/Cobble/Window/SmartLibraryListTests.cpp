@@ -157,6 +157,24 @@ TEST_F(SmartLibraryListTests, ItsMenuRenamesAndRemoves)
     delete menu;
 }
 
+TEST_F(SmartLibraryListTests, StaysWhenTheBundleIsReadAgain)
+{
+    MainWindowController *const window = openThings();
+    ASSERT_TRUE(window->smartLibraries()->save(visitors(window, u"Visitors"_s)));
+    choose(window, 0);
+    choose(window, 1);
+    application->bundle()->reload();
+    turn();
+    EXPECT_EQ(column(window, 0), QStringList({u"Céline"_s, u"Ann"_s}));
+    EXPECT_TRUE(window->finder()->isSmart());
+    EXPECT_TRUE(window->mainWindow()->table()->isColumnHidden(2));
+    EXPECT_EQ(window->smartLibraries()->current()->name, u"Visitors"_s);
+    EXPECT_EQ(window->finder()->bar()->text(), u"Visits > 5"_s);
+    choose(window, 0);
+    EXPECT_EQ(column(window, 0), QStringList({u"Ann"_s, u"Bjørn"_s, u"Céline"_s, u"Ann"_s}));
+    EXPECT_FALSE(window->mainWindow()->table()->isColumnHidden(2));
+}
+
 TEST_F(SmartLibraryListTests, ALongListIsShown)
 {
     MainWindowController *const window = openThings();
@@ -170,4 +188,30 @@ TEST_F(SmartLibraryListTests, ALongListIsShown)
     choose(window, 1);
     EXPECT_EQ(window->finder()->bar()->problem(), QString());
     EXPECT_EQ(column(window, 0), QStringList(u"Céline"_s));
+}
+
+TEST_F(SmartLibraryListTests, LeavesTheColumnsAndTheOrderOfItsLibrary)
+{
+    MainWindowController *window = openThings();
+    ASSERT_TRUE(window->smartLibraries()->save(visitors(window, u"Visitors"_s)));
+    const auto header = [&] { return window->mainWindow()->table()->horizontalHeader(); };
+    header()->resizeSection(2, 333);
+    choose(window, 0);
+    choose(window, 1);
+    header()->resizeSection(0, 54);
+    choose(window, 0);
+    EXPECT_EQ(header()->sectionSize(2), 333);
+    EXPECT_NE(header()->sectionSize(0), 54);
+    EXPECT_EQ(header()->sortIndicatorSection(), -1);
+    EXPECT_EQ(column(window, 0), QStringList({u"Ann"_s, u"Bjørn"_s, u"Céline"_s, u"Ann"_s}));
+    choose(window, 1);
+    header()->resizeSection(0, 54);
+    application->bundle()->reload();
+    application->terminate();
+    turn();
+    application.reset();
+    window = open();
+    EXPECT_EQ(header()->sectionSize(2), 333);
+    EXPECT_NE(header()->sectionSize(0), 54);
+    EXPECT_EQ(header()->sortIndicatorSection(), -1);
 }

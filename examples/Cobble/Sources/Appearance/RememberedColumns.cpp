@@ -63,11 +63,34 @@ void RememberedColumns::open(const QString &name, const QStringList &keys)
         return;
     apply(NSUserDefaults::standardUserDefaults()->dictionaryForKey(ColumnsPrefix + name));
     _opened = layout();
+    _left.clear();
 }
 
 void RememberedColumns::save()
 {
-    if (_header && !_opened.isEmpty() && _header->count() == _keys.size() && layout() != _opened)
-        NSUserDefaults::standardUserDefaults()->setObject(layout(), ColumnsPrefix + _name);
+    if (isOpen()) {
+        const QVariantMap now = _left.isEmpty() ? layout() : _left;
+        if (now != _opened)
+            NSUserDefaults::standardUserDefaults()->setObject(now, ColumnsPrefix + _name);
+    }
     _opened.clear();
+    _left.clear();
+}
+
+bool RememberedColumns::isOpen() const
+{
+    return _header && !_opened.isEmpty() && _header->count() == _keys.size();
+}
+
+void RememberedColumns::leave()
+{
+    if (isOpen() && _left.isEmpty())
+        _left = layout();
+}
+
+void RememberedColumns::comeBack()
+{
+    if (isOpen() && !_left.isEmpty())
+        apply(_left);
+    _left.clear();
 }

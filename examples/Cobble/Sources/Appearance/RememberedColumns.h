@@ -25,8 +25,13 @@ public:
     void open(const QString &name, const QStringList &keys);
     /// Remembers how they are, if that is not how they were opened; then nothing is open.
     void save();
+    /// Remembers how they are now, whatever is done to them until comeBack().
+    void leave();
+    /// Shows them as they were when they were left; nothing if they were not.
+    void comeBack();
 
 private:
+    bool isOpen() const;
     QVariantMap layout() const;
     void apply(const QVariantMap &layout);
 
@@ -34,4 +39,6 @@ private:
     QString _name;
     QStringList _keys;
     QVariantMap _opened;
+    /// As they were left; empty if they are not.
+    QVariantMap _left;
 };

@@ -284,8 +284,10 @@ void MainWindowController::showWholeLibrary(const QString &name)
 {
     const bool wasSmart = _finder->isSmart();
     showLibrary(name);
-    if (wasSmart)
-        _finder->leaveSmartLibrary();
+    if (!wasSmart)
+        return;
+    _finder->leaveSmartLibrary();
+    _columns->comeBack();
 }
 
 void MainWindowController::showSmartLibrary(const SmartLibrary &smart)
@@ -293,6 +295,8 @@ void MainWindowController::showSmartLibrary(const SmartLibrary &smart)
     const auto library = SmartLibraries::libraryOf(smart, _application->bundle()->libraries());
     if (!library || !openLibrary(library->name))
         return;
+    // Its columns and its order are not those that the library is left with.
+    _columns->leave();
     const Outcome<> shown = _finder->showSmartLibrary(smart);
     _smartLibraries->select(smart.name);
     search();
@@ -386,6 +390,8 @@ void MainWindowController::restoreColumns()
         _columns->open(_application->bundle()->bundle().bundlePath() + u' ' +
                            _library->definition().name,
                        keys);
+    if (_finder->isSmart())
+        _columns->leave();
     _finder->showKept();
     tellUnfit();
 }
