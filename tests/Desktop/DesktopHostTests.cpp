@@ -2,9 +2,11 @@
 
 #include "Cobble/Window/WindowSupport.h"
 #include "DesktopDisplay.h"
+#include "Making/FieldSheet.h"
 
 #include <KTUtility/KTWindowManager>
 
+#include <QHeaderView>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QScreen>
@@ -89,6 +91,55 @@ TEST_F(DesktopHostTests, SearchesEditsAndDeletesByTheKeyboardAlone)
     EXPECT_EQ(QApplication::focusWidget(), window->mainWindow()->table());
     press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(countIn(window), u"1 of 4 records"_s);
+}
+
+TEST_F(DesktopHostTests, FieldsAreChangedByTheKeyboardAlone)
+{
+    MainWindowController *const window = openActive();
+    press(Qt::Key_L, Qt::AltModifier);
+    ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_I);
+    auto *const sheet = window->mainWindow()->findChild<FieldSheet *>();
+    ASSERT_NE(sheet, nullptr);
+    ASSERT_TRUE(becomesActive(sheet));
+    press(Qt::Key_Down);
+    press(Qt::Key_Up, Qt::AltModifier);
+    press(Qt::Key_F2);
+    press(Qt::Key_A, Qt::ControlModifier);
+    write(u"Times"_s);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return sheet->plan().fields().first().field.title() == u"Times"; }));
+    EXPECT_TRUE(sheet->isVisible());
+    press(Qt::Key_Return);
+    ASSERT_TRUE(becomesActive(window->mainWindow()));
+    EXPECT_EQ(window->library()->definition().fields.at(0).title(), u"Times"_s);
+    EXPECT_EQ(window->library()->definition().fields.at(1).title(), u"Name"_s);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(window->library()->definition().fields.at(0).title(), u"Name"_s);
+}
+
+TEST_F(DesktopHostTests, AColumnIsDraggedWithTheMouse)
+{
+    MainWindowController *const window = openActive();
+    QHeaderView *const header = window->mainWindow()->table()->horizontalHeader();
+    const auto middle = [header](int column) {
+        return QPoint(header->sectionViewportPosition(column) + header->sectionSize(column) / 2,
+                      header->height() / 2);
+    };
+    const QPoint from = middle(2);
+    const QPoint to = middle(0) - QPoint(header->sectionSize(0) / 4, 0);
+    QTest::mousePress(header->viewport(), Qt::LeftButton, {}, from);
+    for (int step = 1; step <= 8; ++step)
+        QTest::mouseMove(header->viewport(), from + (to - from) * step / 8);
+    QTest::mouseRelease(header->viewport(), Qt::LeftButton, {}, to);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [window] { return window->library()->definition().fields.first().title() == u"Paid"; }));
+    EXPECT_EQ(cell(window, 0, 0), u"$5.50"_s);
+    // It was dragged, and not clicked.
+    EXPECT_EQ(header->sortIndicatorSection(), -1);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(window->library()->definition().fields.first().title(), u"Name"_s);
 }
 
 TEST_F(DesktopHostTests, QuittingWaitsForTheSheet)

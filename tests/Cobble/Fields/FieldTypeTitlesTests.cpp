@@ -22,3 +22,12 @@ TEST(FieldTypeTitles, ACurrencyIsNamed)
     EXPECT_EQ(FieldTypeTitles::titleOf(FieldType::Currency, u"EUR"_s), u"Currency (EUR)"_s);
     EXPECT_EQ(FieldTypeTitles::titleOf(FieldType::Date, QString()), u"Date"_s);
 }
+
+TEST(FieldTypeTitles, EachTypeIsOfferedOnce)
+{
+    QStringList titles;
+    for (const FieldType type : FieldTypeTitles::types())
+        titles += FieldTypeTitles::titleOf(type);
+    EXPECT_EQ(titles.size(), FieldTypes::names().size() + 2);
+    EXPECT_EQ(titles.removeDuplicates(), 0);
+}

@@ -31,6 +31,7 @@ TEST(StepText, NamesStepsOfAllKinds)
                                           {StepKinds::ChangeType, u"Change Type of “Email”"_s},
                                           {StepKinds::ChangeOptions, u"Change Format of “Email”"_s},
                                           {StepKinds::RemoveField, u"Remove Field “Email”"_s},
+                                          {StepKinds::ChangeFields, u"Change Fields of “People”"_s},
                                           {u"of a newer version"_s, u"Change"_s}})
         EXPECT_EQ(StepText::of({each.kind, parameters}), each.text);
     EXPECT_EQ(StepText::of({StepKinds::Edit, {}}), u"Change"_s);

@@ -130,11 +130,12 @@ TEST_F(LibraryActionsTests, AFieldIsAdded)
 TEST_F(LibraryActionsTests, ContextMenusHaveTheSameItems)
 {
     MainWindowController *const window = openThings();
-    EXPECT_EQ(window->mainWindow()->libraries()->actions(),
-              QList<QAction *>({menuItem(window, "newLibrary:"), menuItem(window, "renameLibrary:"),
-                                menuItem(window, "removeLibrary:")}));
+    EXPECT_EQ(
+        window->mainWindow()->libraries()->actions(),
+        QList<QAction *>({menuItem(window, "newLibrary:"), menuItem(window, "renameLibrary:"),
+                          menuItem(window, "editFields:"), menuItem(window, "removeLibrary:")}));
     EXPECT_EQ(window->mainWindow()->table()->horizontalHeader()->actions(),
-              QList<QAction *>({menuItem(window, "newField:")}));
+              QList<QAction *>({menuItem(window, "newField:"), menuItem(window, "editFields:")}));
 }
 
 TEST_F(LibraryActionsTests, WithoutALibraryThereIsOnlyANewOne)
@@ -143,9 +144,10 @@ TEST_F(LibraryActionsTests, WithoutALibraryThereIsOnlyANewOne)
     auto *const actions = window->mainWindow()->findChild<LibraryActions *>();
     ASSERT_NE(actions, nullptr);
     EXPECT_TRUE(actions->validateMenuItem(menuItem(window, "newLibrary:")));
-    for (const char *action : {"renameLibrary:", "removeLibrary:", "newField:"})
+    for (const char *action : {"renameLibrary:", "removeLibrary:", "newField:", "editFields:"})
         EXPECT_FALSE(actions->validateMenuItem(menuItem(window, action))) << action;
     actions->renameLibrary();
     actions->newField();
+    actions->editFields();
     EXPECT_EQ(sheetOf(window), nullptr);
 }

@@ -65,3 +65,23 @@ TEST_F(LibraryStepsTests, RefusesNamesThatAreTakenOrNone)
     EXPECT_EQ(LibrarySteps::addField(change(), people, u" "_s, FieldType::Text).reason(),
               u"a field needs a name"_s);
 }
+
+TEST_F(LibraryStepsTests, MovesAField)
+{
+    ASSERT_TRUE(LibrarySteps::moveField(change(), people, 2, 0));
+    EXPECT_TRUE(content().startsWith(u"People(Photo, Name, Age): "_s));
+    EXPECT_EQ(last.kind, StepKinds::MoveField);
+    EXPECT_EQ(last.parameters.value(StepParameters::Field), u"Photo"_s);
+    // It is no longer as it was.
+    EXPECT_FALSE(LibrarySteps::moveField(change(), people, 2, 0));
+}
+
+TEST_F(LibraryStepsTests, MakesNoPartOfAPlanWithANameThatIsTaken)
+{
+    FieldPlan plan(people);
+    plan.move(0, 2);
+    plan.rename(0, u"photo"_s);
+    EXPECT_EQ(LibrarySteps::changeFields(change(), plan).reason(),
+              u"there is a field of that name"_s);
+    EXPECT_EQ(content(), everything);
+}

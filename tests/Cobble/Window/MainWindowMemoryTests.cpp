@@ -72,7 +72,6 @@ TEST_F(MainWindowMemoryTests, ColumnsAndOrderAreThoseOfTheLibrary)
     MainWindowController *window = openThings();
     window->showLibrary(u"Things"_s);
     header(window)->resizeSection(0, 199);
-    header(window)->moveSection(0, 2);
     header(window)->setSortIndicator(0, Qt::DescendingOrder);
     window->showLibrary(u"Others"_s);
     EXPECT_NE(header(window)->sectionSize(0), 199);
@@ -80,7 +79,6 @@ TEST_F(MainWindowMemoryTests, ColumnsAndOrderAreThoseOfTheLibrary)
     window = restart();
     window->showLibrary(u"Things"_s);
     EXPECT_EQ(header(window)->sectionSize(0), 199);
-    EXPECT_EQ(header(window)->visualIndex(0), 2);
     EXPECT_EQ(column(window, 0), QStringList({u"Céline"_s, u"Bjørn"_s, u"Ann"_s, u"Ann"_s}));
 }
 

@@ -1,6 +1,7 @@
 target_sources(CobbleTests PRIVATE
     Cobble/Window/ExportSheetTests.cpp
     Cobble/Window/FieldDelegateTests.cpp
+    Cobble/Window/FieldDraggingTests.cpp
     Cobble/Window/ImportSheetTests.cpp
     Cobble/Window/LargeLibraryTests.cpp
     Cobble/Window/MainWindowAccessTests.cpp
@@ -12,6 +13,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Window/RecordCommandsTests.cpp
     Cobble/Window/RecordFinderTests.cpp
     Cobble/Window/RejectedInputTests.cpp
+    Cobble/Window/ShownRecordsTests.cpp
     Cobble/Window/SmartLibraryListTests.cpp
     Cobble/Window/TransferSheetTests.cpp
     Cobble/Window/UndoTests.cpp

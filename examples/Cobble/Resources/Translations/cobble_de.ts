@@ -177,6 +177,210 @@
     </message>
 </context>
 <context>
+    <name>FieldChanges</name>
+    <message>
+        <source>Record %1: “%2”</source>
+        <translation>Datensatz %1: „%2“</translation>
+    </message>
+    <message>
+        <source>The fields get another order.</source>
+        <translation>Die Felder bekommen eine andere Reihenfolge.</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %1 more</source>
+        <translation>
+            <numerusform>und %1 weiterer</numerusform>
+            <numerusform>und %1 weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” gets the name “%2”.</source>
+        <translation>„%1“ bekommt den Namen „%2“.</translation>
+    </message>
+    <message>
+        <source>“%1” gets the type %2.</source>
+        <translation>„%1“ bekommt den Typ %2.</translation>
+    </message>
+    <message numerus="yes">
+        <source>“%1” gets the type %2. %3 value(s) cannot be read and will be emptied.</source>
+        <translation>
+            <numerusform>„%1“ bekommt den Typ %2. %3 Wert kann nicht gelesen werden und wird geleert.</numerusform>
+            <numerusform>„%1“ bekommt den Typ %2. %3 Werte können nicht gelesen werden und werden geleert.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” gets the type %2. All values can be read.</source>
+        <translation>„%1“ bekommt den Typ %2. Alle Werte können gelesen werden.</translation>
+    </message>
+    <message>
+        <source>“%1” is new.</source>
+        <translation>„%1“ ist neu.</translation>
+    </message>
+    <message>
+        <source>“%1” is removed.</source>
+        <translation>„%1“ wird entfernt.</translation>
+    </message>
+    <message numerus="yes">
+        <source>“%1” is removed. %2 record(s) have a value there.</source>
+        <translation>
+            <numerusform>„%1“ wird entfernt. %2 Datensatz hat dort einen Wert.</numerusform>
+            <numerusform>„%1“ wird entfernt. %2 Datensätze haben dort einen Wert.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” is removed. No record has a value there.</source>
+        <translation>„%1“ wird entfernt. Kein Datensatz hat dort einen Wert.</translation>
+    </message>
+    <message>
+        <source>“%1” is shown in another way.</source>
+        <translation>„%1“ wird anders angezeigt.</translation>
+    </message>
+</context>
+<context>
+    <name>FieldListModel</name>
+    <message>
+        <source>Example</source>
+        <translation>Beispiel</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>New Field</source>
+        <translation>Neues Feld</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Typ</translation>
+    </message>
+</context>
+<context>
+    <name>FieldNameDelegate</name>
+    <message>
+        <source>Name of the field</source>
+        <translation>Name des Feldes</translation>
+    </message>
+</context>
+<context>
+    <name>FieldOptionsEditor</name>
+    <message>
+        <source>Abbreviated units</source>
+        <translation>Einheiten abgekürzt</translation>
+    </message>
+    <message>
+        <source>Currency:</source>
+        <translation>Währung:</translation>
+    </message>
+    <message>
+        <source>Date:</source>
+        <translation>Datum:</translation>
+    </message>
+    <message>
+        <source>Decimal places:</source>
+        <translation>Nachkommastellen:</translation>
+    </message>
+    <message>
+        <source>Full</source>
+        <translation>Vollständig</translation>
+    </message>
+    <message>
+        <source>Highlighted negative values</source>
+        <translation>Negative Werte hervorgehoben</translation>
+    </message>
+    <message>
+        <source>Long</source>
+        <translation>Lang</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>Mittel</translation>
+    </message>
+    <message>
+        <source>Negative values in parentheses</source>
+        <translation>Negative Werte in Klammern</translation>
+    </message>
+    <message>
+        <source>Short</source>
+        <translation>Kurz</translation>
+    </message>
+    <message>
+        <source>Thousands separators</source>
+        <translation>Tausendertrennzeichen</translation>
+    </message>
+    <message>
+        <source>Time:</source>
+        <translation>Uhrzeit:</translation>
+    </message>
+    <message>
+        <source>With the year</source>
+        <translation>Mit dem Jahr</translation>
+    </message>
+</context>
+<context>
+    <name>FieldSheet</name>
+    <message>
+        <source>&amp;Add</source>
+        <translation>&amp;Hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Type:</source>
+        <translation>&amp;Typ:</translation>
+    </message>
+    <message>
+        <source>C&amp;hange Fields</source>
+        <translation>Felder ä&amp;ndern</translation>
+    </message>
+    <message>
+        <source>Fields</source>
+        <translation>Felder</translation>
+    </message>
+    <message>
+        <source>Fields of “%1”</source>
+        <translation>Felder von „%1“</translation>
+    </message>
+    <message>
+        <source>Looking at the values…</source>
+        <translation>Die Werte werden angesehen …</translation>
+    </message>
+    <message>
+        <source>Move &amp;Down</source>
+        <translation>Nach &amp;unten</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>Nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>Nothing is changed yet.</source>
+        <translation>Noch ist nichts geändert.</translation>
+    </message>
+    <message>
+        <source>Nothing is stored yet. These will be the changes:</source>
+        <translation>Noch ist nichts gespeichert. Das wird geändert:</translation>
+    </message>
+    <message>
+        <source>Re&amp;name</source>
+        <translation>Um&amp;benennen</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Typ</translation>
+    </message>
+    <message>
+        <source>What changes</source>
+        <translation>Was sich ändert</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>Warum</translation>
+    </message>
+</context>
+<context>
     <name>FieldSummary</name>
     <message>
         <source>From %1 to %2</source>
@@ -938,6 +1142,10 @@
         <translation>Da&amp;tensätze löschen</translation>
     </message>
     <message>
+        <source>F&amp;ields…</source>
+        <translation>Fel&amp;der …</translation>
+    </message>
+    <message>
         <source>Fi&amp;lter…</source>
         <translation>&amp;Filtern …</translation>
     </message>
@@ -1339,6 +1547,10 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
         <translation>Ein Feld hat die Spalte „%1“, die es in der Tabelle nicht gibt</translation>
     </message>
     <message>
+        <source>a field needs a name</source>
+        <translation>ein Feld braucht einen Namen</translation>
+    </message>
+    <message>
         <source>a folder of the bundle is a link, which leads out of it</source>
         <translation>Ein Ordner des Bündels ist ein Verweis, der aus ihm hinausführt</translation>
     </message>
@@ -1503,6 +1715,10 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
         <translation>Zeile %1 ist zu lang</translation>
     </message>
     <message>
+        <source>meanwhile there are more values that cannot be read</source>
+        <translation>inzwischen gibt es mehr Werte, die nicht gelesen werden können</translation>
+    </message>
+    <message>
         <source>minutes:seconds</source>
         <translation>Minuten:Sekunden</translation>
     </message>
@@ -1657,6 +1873,10 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <message>
         <source>there is a 'Database%1', which Cobble does not use</source>
         <translation>Es gibt ein „Database%1“, das Cobble nicht verwendet</translation>
+    </message>
+    <message>
+        <source>there is a field of that name</source>
+        <translation>es gibt schon ein Feld dieses Namens</translation>
     </message>
     <message>
         <source>there is a library of that name</source>
@@ -1853,6 +2073,10 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
         <translation>Änderung</translation>
     </message>
     <message>
+        <source>Change Fields of “%1”</source>
+        <translation>Felder von „%1“ ändern</translation>
+    </message>
+    <message>
         <source>Change Format of “%1”</source>
         <translation>Format von „%1“ ändern</translation>
     </message>
@@ -1935,14 +2159,6 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <message>
         <source>Name</source>
         <translation>Name</translation>
-    </message>
-    <message>
-        <source>a field needs a name</source>
-        <translation>ein Feld braucht einen Namen</translation>
-    </message>
-    <message>
-        <source>there is a field of that name</source>
-        <translation>es gibt schon ein Feld dieses Namens</translation>
     </message>
 </context>
 <context>

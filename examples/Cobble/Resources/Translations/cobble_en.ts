@@ -29,6 +29,30 @@
     </message>
 </context>
 <context>
+    <name>FieldChanges</name>
+    <message numerus="yes">
+        <source>and %1 more</source>
+        <translation>
+            <numerusform>and %1 more</numerusform>
+            <numerusform>and %1 more</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>“%1” gets the type %2. %3 value(s) cannot be read and will be emptied.</source>
+        <translation>
+            <numerusform>“%1” gets the type %2. %3 value cannot be read and will be emptied.</numerusform>
+            <numerusform>“%1” gets the type %2. %3 values cannot be read and will be emptied.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>“%1” is removed. %2 record(s) have a value there.</source>
+        <translation>
+            <numerusform>“%1” is removed. %2 record has a value there.</numerusform>
+            <numerusform>“%1” is removed. %2 records have a value there.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>ImportSummary</name>
     <message numerus="yes">
         <source>Stored %1 record(s) in the library “%2”.</source>

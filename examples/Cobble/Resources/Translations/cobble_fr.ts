@@ -177,6 +177,210 @@
     </message>
 </context>
 <context>
+    <name>FieldChanges</name>
+    <message>
+        <source>Record %1: “%2”</source>
+        <translation>Enregistrement %1 : « %2 »</translation>
+    </message>
+    <message>
+        <source>The fields get another order.</source>
+        <translation>Les champs changent d’ordre.</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %1 more</source>
+        <translation>
+            <numerusform>et %1 autre</numerusform>
+            <numerusform>et %1 autres</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” gets the name “%2”.</source>
+        <translation>« %1 » prend le nom « %2 ».</translation>
+    </message>
+    <message>
+        <source>“%1” gets the type %2.</source>
+        <translation>« %1 » prend le type %2.</translation>
+    </message>
+    <message numerus="yes">
+        <source>“%1” gets the type %2. %3 value(s) cannot be read and will be emptied.</source>
+        <translation>
+            <numerusform>« %1 » prend le type %2. %3 valeur ne peut pas être lue et sera vidée.</numerusform>
+            <numerusform>« %1 » prend le type %2. %3 valeurs ne peuvent pas être lues et seront vidées.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” gets the type %2. All values can be read.</source>
+        <translation>« %1 » prend le type %2. Toutes les valeurs peuvent être lues.</translation>
+    </message>
+    <message>
+        <source>“%1” is new.</source>
+        <translation>« %1 » est nouveau.</translation>
+    </message>
+    <message>
+        <source>“%1” is removed.</source>
+        <translation>« %1 » est supprimé.</translation>
+    </message>
+    <message numerus="yes">
+        <source>“%1” is removed. %2 record(s) have a value there.</source>
+        <translation>
+            <numerusform>« %1 » est supprimé. %2 enregistrement y a une valeur.</numerusform>
+            <numerusform>« %1 » est supprimé. %2 enregistrements y ont une valeur.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” is removed. No record has a value there.</source>
+        <translation>« %1 » est supprimé. Aucun enregistrement n’y a de valeur.</translation>
+    </message>
+    <message>
+        <source>“%1” is shown in another way.</source>
+        <translation>« %1 » est affiché autrement.</translation>
+    </message>
+</context>
+<context>
+    <name>FieldListModel</name>
+    <message>
+        <source>Example</source>
+        <translation>Exemple</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>New Field</source>
+        <translation>Nouveau champ</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Type</translation>
+    </message>
+</context>
+<context>
+    <name>FieldNameDelegate</name>
+    <message>
+        <source>Name of the field</source>
+        <translation>Nom du champ</translation>
+    </message>
+</context>
+<context>
+    <name>FieldOptionsEditor</name>
+    <message>
+        <source>Abbreviated units</source>
+        <translation>Unités abrégées</translation>
+    </message>
+    <message>
+        <source>Currency:</source>
+        <translation>Devise :</translation>
+    </message>
+    <message>
+        <source>Date:</source>
+        <translation>Date :</translation>
+    </message>
+    <message>
+        <source>Decimal places:</source>
+        <translation>Décimales :</translation>
+    </message>
+    <message>
+        <source>Full</source>
+        <translation>Complet</translation>
+    </message>
+    <message>
+        <source>Highlighted negative values</source>
+        <translation>Valeurs négatives mises en évidence</translation>
+    </message>
+    <message>
+        <source>Long</source>
+        <translation>Long</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>Moyen</translation>
+    </message>
+    <message>
+        <source>Negative values in parentheses</source>
+        <translation>Valeurs négatives entre parenthèses</translation>
+    </message>
+    <message>
+        <source>Short</source>
+        <translation>Court</translation>
+    </message>
+    <message>
+        <source>Thousands separators</source>
+        <translation>Séparateurs de milliers</translation>
+    </message>
+    <message>
+        <source>Time:</source>
+        <translation>Heure :</translation>
+    </message>
+    <message>
+        <source>With the year</source>
+        <translation>Avec l’année</translation>
+    </message>
+</context>
+<context>
+    <name>FieldSheet</name>
+    <message>
+        <source>&amp;Add</source>
+        <translation>&amp;Ajouter</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Supprimer</translation>
+    </message>
+    <message>
+        <source>&amp;Type:</source>
+        <translation>&amp;Type :</translation>
+    </message>
+    <message>
+        <source>C&amp;hange Fields</source>
+        <translation>Modifier les &amp;champs</translation>
+    </message>
+    <message>
+        <source>Fields</source>
+        <translation>Champs</translation>
+    </message>
+    <message>
+        <source>Fields of “%1”</source>
+        <translation>Champs de « %1 »</translation>
+    </message>
+    <message>
+        <source>Looking at the values…</source>
+        <translation>Examen des valeurs…</translation>
+    </message>
+    <message>
+        <source>Move &amp;Down</source>
+        <translation>&amp;Descendre</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>&amp;Monter</translation>
+    </message>
+    <message>
+        <source>Nothing is changed yet.</source>
+        <translation>Rien n’est encore modifié.</translation>
+    </message>
+    <message>
+        <source>Nothing is stored yet. These will be the changes:</source>
+        <translation>Rien n’est encore enregistré. Voici ce qui changera :</translation>
+    </message>
+    <message>
+        <source>Re&amp;name</source>
+        <translation>&amp;Renommer</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Type</translation>
+    </message>
+    <message>
+        <source>What changes</source>
+        <translation>Ce qui change</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>Pourquoi</translation>
+    </message>
+</context>
+<context>
     <name>FieldSummary</name>
     <message>
         <source>From %1 to %2</source>
@@ -938,6 +1142,10 @@
         <translation>Su&amp;pprimer les enregistrements</translation>
     </message>
     <message>
+        <source>F&amp;ields…</source>
+        <translation>C&amp;hamps…</translation>
+    </message>
+    <message>
         <source>Fi&amp;lter…</source>
         <translation>&amp;Filtrer…</translation>
     </message>
@@ -1339,6 +1547,10 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
         <translation>Un champ a la colonne « %1 », qui n’existe pas dans la table</translation>
     </message>
     <message>
+        <source>a field needs a name</source>
+        <translation>un champ a besoin d’un nom</translation>
+    </message>
+    <message>
         <source>a folder of the bundle is a link, which leads out of it</source>
         <translation>Un dossier du paquet est un lien qui mène hors de celui-ci</translation>
     </message>
@@ -1503,6 +1715,10 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
         <translation>la ligne %1 est trop longue</translation>
     </message>
     <message>
+        <source>meanwhile there are more values that cannot be read</source>
+        <translation>il y a entre-temps davantage de valeurs qui ne peuvent pas être lues</translation>
+    </message>
+    <message>
         <source>minutes:seconds</source>
         <translation>minutes:secondes</translation>
     </message>
@@ -1657,6 +1873,10 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <message>
         <source>there is a 'Database%1', which Cobble does not use</source>
         <translation>Il y a un « Database%1 », que Cobble n’utilise pas</translation>
+    </message>
+    <message>
+        <source>there is a field of that name</source>
+        <translation>un champ de ce nom existe déjà</translation>
     </message>
     <message>
         <source>there is a library of that name</source>
@@ -1853,6 +2073,10 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
         <translation>Modification</translation>
     </message>
     <message>
+        <source>Change Fields of “%1”</source>
+        <translation>Modifier les champs de « %1 »</translation>
+    </message>
+    <message>
         <source>Change Format of “%1”</source>
         <translation>Modifier le format de « %1 »</translation>
     </message>
@@ -1935,14 +2159,6 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <message>
         <source>Name</source>
         <translation>Nom</translation>
-    </message>
-    <message>
-        <source>a field needs a name</source>
-        <translation>un champ a besoin d’un nom</translation>
-    </message>
-    <message>
-        <source>there is a field of that name</source>
-        <translation>un champ de ce nom existe déjà</translation>
     </message>
 </context>
 <context>

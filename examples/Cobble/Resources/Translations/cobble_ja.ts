@@ -174,6 +174,207 @@
     </message>
 </context>
 <context>
+    <name>FieldChanges</name>
+    <message>
+        <source>Record %1: “%2”</source>
+        <translation>レコード %1:「%2」</translation>
+    </message>
+    <message>
+        <source>The fields get another order.</source>
+        <translation>フィールドの並び順が変わります。</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %1 more</source>
+        <translation>
+            <numerusform>ほか %1 件</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” gets the name “%2”.</source>
+        <translation>「%1」の名前が「%2」になります。</translation>
+    </message>
+    <message>
+        <source>“%1” gets the type %2.</source>
+        <translation>「%1」の種類が%2になります。</translation>
+    </message>
+    <message numerus="yes">
+        <source>“%1” gets the type %2. %3 value(s) cannot be read and will be emptied.</source>
+        <translation>
+            <numerusform>「%1」の種類が%2になります。%3 件の値は読み取れないため空になります。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” gets the type %2. All values can be read.</source>
+        <translation>「%1」の種類が%2になります。すべての値を読み取れます。</translation>
+    </message>
+    <message>
+        <source>“%1” is new.</source>
+        <translation>「%1」は新しいフィールドです。</translation>
+    </message>
+    <message>
+        <source>“%1” is removed.</source>
+        <translation>「%1」は削除されます。</translation>
+    </message>
+    <message numerus="yes">
+        <source>“%1” is removed. %2 record(s) have a value there.</source>
+        <translation>
+            <numerusform>「%1」は削除されます。%2 件のレコードに値があります。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” is removed. No record has a value there.</source>
+        <translation>「%1」は削除されます。値のあるレコードはありません。</translation>
+    </message>
+    <message>
+        <source>“%1” is shown in another way.</source>
+        <translation>「%1」の表示のしかたが変わります。</translation>
+    </message>
+</context>
+<context>
+    <name>FieldListModel</name>
+    <message>
+        <source>Example</source>
+        <translation>例</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>New Field</source>
+        <translation>新しいフィールド</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>種類</translation>
+    </message>
+</context>
+<context>
+    <name>FieldNameDelegate</name>
+    <message>
+        <source>Name of the field</source>
+        <translation>フィールドの名前</translation>
+    </message>
+</context>
+<context>
+    <name>FieldOptionsEditor</name>
+    <message>
+        <source>Abbreviated units</source>
+        <translation>単位を省略</translation>
+    </message>
+    <message>
+        <source>Currency:</source>
+        <translation>通貨:</translation>
+    </message>
+    <message>
+        <source>Date:</source>
+        <translation>日付:</translation>
+    </message>
+    <message>
+        <source>Decimal places:</source>
+        <translation>小数点以下の桁数:</translation>
+    </message>
+    <message>
+        <source>Full</source>
+        <translation>完全</translation>
+    </message>
+    <message>
+        <source>Highlighted negative values</source>
+        <translation>負の値を強調</translation>
+    </message>
+    <message>
+        <source>Long</source>
+        <translation>長い</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>中</translation>
+    </message>
+    <message>
+        <source>Negative values in parentheses</source>
+        <translation>負の値をかっこで囲む</translation>
+    </message>
+    <message>
+        <source>Short</source>
+        <translation>短い</translation>
+    </message>
+    <message>
+        <source>Thousands separators</source>
+        <translation>桁区切り</translation>
+    </message>
+    <message>
+        <source>Time:</source>
+        <translation>時刻:</translation>
+    </message>
+    <message>
+        <source>With the year</source>
+        <translation>年を表示</translation>
+    </message>
+</context>
+<context>
+    <name>FieldSheet</name>
+    <message>
+        <source>&amp;Add</source>
+        <translation>追加(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>削除(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Type:</source>
+        <translation>種類(&amp;T):</translation>
+    </message>
+    <message>
+        <source>C&amp;hange Fields</source>
+        <translation>フィールドを変更(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Fields</source>
+        <translation>フィールド</translation>
+    </message>
+    <message>
+        <source>Fields of “%1”</source>
+        <translation>「%1」のフィールド</translation>
+    </message>
+    <message>
+        <source>Looking at the values…</source>
+        <translation>値を調べています…</translation>
+    </message>
+    <message>
+        <source>Move &amp;Down</source>
+        <translation>下へ移動(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>上へ移動(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Nothing is changed yet.</source>
+        <translation>まだ何も変更されていません。</translation>
+    </message>
+    <message>
+        <source>Nothing is stored yet. These will be the changes:</source>
+        <translation>まだ保存されていません。変更される内容:</translation>
+    </message>
+    <message>
+        <source>Re&amp;name</source>
+        <translation>名前の変更(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>種類</translation>
+    </message>
+    <message>
+        <source>What changes</source>
+        <translation>変更される内容</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>理由</translation>
+    </message>
+</context>
+<context>
     <name>FieldSummary</name>
     <message>
         <source>From %1 to %2</source>
@@ -934,6 +1135,10 @@
         <translation>レコードを削除(&amp;O)</translation>
     </message>
     <message>
+        <source>F&amp;ields…</source>
+        <translation>フィールド(&amp;I)…</translation>
+    </message>
+    <message>
         <source>Fi&amp;lter…</source>
         <translation>フィルタ(&amp;L)…</translation>
     </message>
@@ -1329,6 +1534,10 @@ File ▸ Import… makes one of a table or of address cards.</source>
         <translation>フィールドの列「%1」は表にありません</translation>
     </message>
     <message>
+        <source>a field needs a name</source>
+        <translation>フィールドには名前が必要です</translation>
+    </message>
+    <message>
         <source>a folder of the bundle is a link, which leads out of it</source>
         <translation>バンドルの中のフォルダが、外を指すリンクになっています</translation>
     </message>
@@ -1493,6 +1702,10 @@ File ▸ Import… makes one of a table or of address cards.</source>
         <translation>%1 行目が長すぎます</translation>
     </message>
     <message>
+        <source>meanwhile there are more values that cannot be read</source>
+        <translation>その間に読み取れない値が増えました</translation>
+    </message>
+    <message>
         <source>minutes:seconds</source>
         <translation>分:秒</translation>
     </message>
@@ -1647,6 +1860,10 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <message>
         <source>there is a 'Database%1', which Cobble does not use</source>
         <translation>Cobble が使わない「Database%1」があります</translation>
+    </message>
+    <message>
+        <source>there is a field of that name</source>
+        <translation>同じ名前のフィールドがあります</translation>
     </message>
     <message>
         <source>there is a library of that name</source>
@@ -1841,6 +2058,10 @@ File ▸ Import… makes one of a table or of address cards.</source>
         <translation>変更</translation>
     </message>
     <message>
+        <source>Change Fields of “%1”</source>
+        <translation>「%1」のフィールドの変更</translation>
+    </message>
+    <message>
         <source>Change Format of “%1”</source>
         <translation>「%1」の書式の変更</translation>
     </message>
@@ -1920,14 +2141,6 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <message>
         <source>Name</source>
         <translation>名前</translation>
-    </message>
-    <message>
-        <source>a field needs a name</source>
-        <translation>フィールドには名前が必要です</translation>
-    </message>
-    <message>
-        <source>there is a field of that name</source>
-        <translation>同じ名前のフィールドがあります</translation>
     </message>
 </context>
 <context>

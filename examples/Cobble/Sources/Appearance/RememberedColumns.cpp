@@ -8,7 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 const QString ColumnsPrefix = u"columns "_s;
-const QString OrderKey = u"order"_s;
 const QString WidthsKey = u"widths"_s;
 const QString SortKey = u"sort"_s;
 const QString DescendingKey = u"descending"_s;
@@ -20,15 +19,10 @@ RememberedColumns::RememberedColumns(QHeaderView *header) : _header(header) {}
 
 QVariantMap RememberedColumns::layout() const
 {
-    QVariantList order;
     QVariantMap widths;
-    for (int place = 0; place < _header->count(); ++place) {
-        const int column = _header->logicalIndex(place);
-        order += _keys.value(column);
+    for (int column = 0; column < _header->count(); ++column)
         widths.insert(_keys.value(column), _header->sectionSize(column));
-    }
-    return {{OrderKey, order},
-            {WidthsKey, widths},
+    return {{WidthsKey, widths},
             // There are no settings without a value.
             {SortKey, _keys.value(_header->sortIndicatorSection(), u""_s)},
             {DescendingKey, _header->sortIndicatorOrder() == Qt::DescendingOrder}};
@@ -36,12 +30,6 @@ QVariantMap RememberedColumns::layout() const
 
 void RememberedColumns::apply(const QVariantMap &layout)
 {
-    int place = 0;
-    for (const QVariant &key : layout.value(OrderKey).toList()) {
-        const qsizetype column = _keys.indexOf(key.toString());
-        if (column >= 0)
-            _header->moveSection(_header->visualIndex(int(column)), place++);
-    }
     const QVariantMap widths = layout.value(WidthsKey).toMap();
     for (qsizetype column = 0; column < _keys.size(); ++column) {
         const int width = widths.value(_keys.at(column)).toInt();

@@ -6,8 +6,8 @@
 
 class QHeaderView;
 
-/// The widths and the order of a table's columns and the column that it is sorted by, as the user
-/// has left them. What the user has not changed is not remembered, and so fits what comes to be.
+/// The widths of a table's columns and the column that it is sorted by, as the user has left them.
+/// What the user has not changed is not remembered, and so fits what comes to be.
 ///
 /// \code
 /// RememberedColumns columns(table->horizontalHeader());

@@ -9,12 +9,11 @@
 #include "FieldSettings.h"
 #include "Journal/FieldConversion.h"
 #include "Library/BundleOption.h"
+#include "Making/FieldPlan.h"
 #include "Text/AlignedTable.h"
 #include "Text/PrintableText.h"
 
 #include <QTextStream>
-
-#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -114,14 +113,10 @@ Outcome<> checkField(const QCommandLineParser &parser)
 
 // --- Doing it
 
-StepTitle fieldStepTitle(const QString &kind, const Library &library, const QString &field)
+/// \param sentence says what was done.
+Outcome<DataResult> make(const FieldPlan &plan, const QString &sentence, DataChange &change)
 {
-    return {kind, {{StepParameters::Library, library.name}, {StepParameters::Field, field}}};
-}
-
-Outcome<> fieldDone(const Outcome<Library> &changed)
-{
-    return changed ? Outcome<>() : changed.failure();
+    return change.make(plan.title(), sentence, [&](StepRecorder &step) { return plan.make(step); });
 }
 
 Outcome<DataResult> add(const FieldRequest &request, const Library &library, DataChange &change)
@@ -129,35 +124,30 @@ Outcome<DataResult> add(const FieldRequest &request, const Library &library, Dat
     const LibraryField field = *fieldIn(request);
     if (FieldNames::indexOf(library, field.header) >= 0)
         return change.failure(ExitCode::Conflict, u"there is a field '%1'"_s.arg(field.header));
-    const qsizetype place = std::min(request.place, library.fields.size());
-    return change.make(
-        fieldStepTitle(StepKinds::AddField, library, field.header),
-        u"Added the field '%1' to '%2'"_s.arg(field.header, library.name),
-        [&](StepRecorder &step) { return fieldDone(step.addField(library, field, place)); });
+    FieldPlan plan(library);
+    plan.add(field, std::min(request.place, library.fields.size()));
+    return make(plan, u"Added the field '%1' to '%2'"_s.arg(field.header, library.name), change);
 }
 
 Outcome<DataResult> remove(const Library &library, qsizetype field, DataChange &change)
 {
+    FieldPlan plan(library);
+    plan.remove(field);
     const QString title = library.fields.at(field).title();
-    return change.make(
-        fieldStepTitle(StepKinds::RemoveField, library, title),
-        u"Removed the field '%1' of '%2'"_s.arg(title, library.name),
-        [&](StepRecorder &step) { return fieldDone(step.removeField(library, field)); });
+    return make(plan, u"Removed the field '%1' of '%2'"_s.arg(title, library.name), change);
 }
 
 Outcome<DataResult> move(const FieldRequest &request, const Library &library, qsizetype field,
                          DataChange &change)
 {
-    QList<qsizetype> order(library.fields.size());
-    std::iota(order.begin(), order.end(), 0);
     const qsizetype place = std::min(request.place, library.fields.size() - 1);
-    order.move(field, place);
+    FieldPlan plan(library);
+    plan.move(field, place);
     const QString title = library.fields.at(field).title();
-    return change.make(
-        fieldStepTitle(StepKinds::MoveField, library, title),
-        u"Moved the field '%1' of '%2' to place %3"_s.arg(title, library.name,
-                                                          QString::number(place + 1)),
-        [&](StepRecorder &step) { return fieldDone(step.reorderFields(library, order)); });
+    return make(plan,
+                u"Moved the field '%1' of '%2' to place %3"_s.arg(title, library.name,
+                                                                  QString::number(place + 1)),
+                change);
 }
 
 /// The field as it will be.
@@ -198,22 +188,17 @@ QString fieldSentence(const FieldRequest &request, const FieldConversion::Previe
 Outcome<DataResult> changeType(const FieldRequest &request, const Library &library, qsizetype field,
                                DataChange &change)
 {
-    const LibraryField before = library.fields.at(field);
-    const LibraryField after = changed(before, request);
-    const FieldConversion conversion(before, after);
+    const LibraryField after = changed(library.fields.at(field), request);
+    const FieldConversion conversion(library.fields.at(field), after);
     const auto preview = conversion.preview(change.store(), library, field);
     const Outcome<> isReadable =
         preview ? needReadable(request, *preview, change) : preview.failure();
     if (!isReadable)
         return isReadable.failure();
-    const auto convert = [&](const QVariant &value) -> Outcome<QVariant> {
-        return conversion.convert(value).valueOr(QVariant());
-    };
-    return change.make(fieldStepTitle(StepKinds::ChangeType, library, before.title()),
-                       fieldSentence(request, *preview), [&](StepRecorder &step) {
-                           return fieldDone(
-                               step.changeType(library, field, after.type, after.options, convert));
-                       });
+    FieldPlan plan(library);
+    plan.setType(field, after.type, after.options);
+    plan.setEmptied(field, preview->unreadCount);
+    return make(plan, fieldSentence(request, *preview), change);
 }
 
 Outcome<DataResult> perform(const FieldRequest &request, DataChange &change)

@@ -3,6 +3,7 @@
 #include "DataChange.h"
 #include "FieldNames.h"
 #include "Library/BundleOption.h"
+#include "Making/FieldPlan.h"
 
 using namespace Qt::StringLiterals;
 
@@ -41,14 +42,12 @@ Outcome<DataResult> renameField(const Library &library, const QString &field, co
     if (other >= 0 && other != *index)
         return change.failure(ExitCode::Conflict,
                               u"there is a field '%1'"_s.arg(library.fields.at(other).title()));
-    return change.make({StepKinds::RenameField,
-                        {{StepParameters::Library, library.name}, {StepParameters::Field, name}}},
+    FieldPlan plan(library);
+    plan.rename(*index, name);
+    return change.make(plan.title(),
                        u"Renamed '%1' of '%2' to '%3'"_s.arg(library.fields.at(*index).title(),
                                                              library.name, name),
-                       [&](StepRecorder &step) -> Outcome<> {
-                           const Outcome<Library> renamed = step.renameField(library, *index, name);
-                           return renamed ? Outcome<>() : renamed.failure();
-                       });
+                       [&](StepRecorder &step) { return plan.make(step); });
 }
 
 ExitCode performRename(const QCommandLineParser &parser, CommandContext &context)

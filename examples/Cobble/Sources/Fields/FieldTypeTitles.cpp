@@ -26,3 +26,10 @@ QString FieldTypeTitles::titleOf(FieldType type, const QString &currency)
 {
     return currency.isNull() ? titleOf(type) : QString(titleOf(type) + u" (" + currency + u')');
 }
+
+QList<FieldType> FieldTypeTitles::types()
+{
+    return {FieldType::Text,     FieldType::Number, FieldType::Currency,
+            FieldType::Duration, FieldType::Date,   FieldType::Time,
+            FieldType::DateTime, FieldType::Phone,  FieldType::Media};
+}

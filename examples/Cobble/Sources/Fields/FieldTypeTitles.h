@@ -19,4 +19,6 @@ public:
     static QString titleOf(FieldType type);
     /// \param currency the code of its currency; nil for types that have none.
     static QString titleOf(FieldType type, const QString &currency);
+    /// All types, in the order in which they are offered.
+    static QList<FieldType> types();
 };

@@ -45,6 +45,8 @@ public:
 
     /// The value in the field of the new type; nil for nil. Fails for what cannot be read.
     Outcome<QVariant> convert(const QVariant &value) const;
+    /// Counts in what would become of a record's value in a field; nil does not count.
+    void add(const RecordCursor &record, qsizetype field, Preview *preview) const;
     /// What would become of all values of a field.
     Outcome<Preview> preview(LibraryStore &store, const Library &library, qsizetype field) const;
 
@@ -52,7 +54,6 @@ private:
     QString textOf(const QVariant &value) const;
     bool saysAll(const QString &text, const QVariant &value) const;
     bool keeps(const QVariant &value) const;
-    void add(const RecordCursor &record, qsizetype field, Preview *preview) const;
 
     std::unique_ptr<FieldReader> _from;
     std::unique_ptr<FieldReader> _to;

@@ -50,6 +50,7 @@ QString StepText::of(const StepTitle &title)
         {StepKinds::ChangeType, [&] { return tr("Change Type of “%1”").arg(field); }},
         {StepKinds::ChangeOptions, [&] { return tr("Change Format of “%1”").arg(field); }},
         {StepKinds::RemoveField, [&] { return tr("Remove Field “%1”").arg(field); }},
+        {StepKinds::ChangeFields, [&] { return tr("Change Fields of “%1”").arg(library); }},
     };
     const auto text = texts.constFind(title.kind);
     return text == texts.constEnd() ? tr("Change") : (*text)();

@@ -31,6 +31,8 @@ inline const QString MoveField = QStringLiteral("moveField");
 inline const QString ChangeType = QStringLiteral("changeType");
 inline const QString ChangeOptions = QStringLiteral("changeOptions");
 inline const QString RemoveField = QStringLiteral("removeField");
+/// Several changes to the fields of a library.
+inline const QString ChangeFields = QStringLiteral("changeFields");
 } // namespace StepKinds
 
 namespace StepParameters {

@@ -1,5 +1,6 @@
 #include "LibraryActions.h"
 
+#include "FieldSheet.h"
 #include "NameSheet.h"
 
 #include <KTUtility/NSMenuItem>
@@ -60,5 +61,17 @@ void LibraryActions::newField(QAction *)
             return LibrarySteps::addField(_does.change, *library, name, type);
         });
     sheet->needType();
+    sheet->open();
+}
+
+void LibraryActions::editFields(QAction *)
+{
+    const std::optional<Library> library = _does.library();
+    if (!library)
+        return;
+    auto *const sheet =
+        new FieldSheet(_window, _does.bundle(), *library, [this](const FieldPlan &plan) {
+            return LibrarySteps::changeFields(_does.change, plan);
+        });
     sheet->open();
 }

@@ -2,6 +2,8 @@
 
 #include "LibrarySteps.h"
 
+#include <KTUtility/KTDatabaseBundle>
+
 #include <QObject>
 
 #include <functional>
@@ -11,7 +13,8 @@ class NameSheet;
 class QAction;
 class QWidget;
 
-/// What the menus of a window do to libraries as such: make, rename and remove them, and add fields.
+/// What the menus of a window do to libraries as such: make, rename and remove them, and change their
+/// fields.
 /// Nothing is asked about before something is removed, since it can be undone.
 class LibraryActions : public QObject
 {
@@ -23,6 +26,8 @@ public:
     {
         /// The library that is shown; nothing if there is none.
         std::function<std::optional<Library>()> library;
+        /// The bundle that they are in.
+        std::function<KTDatabaseBundle()> bundle;
         /// Makes a step of the window, after which the libraries are read anew.
         LibrarySteps::Change change;
         std::function<void(const QString &name)> show;
@@ -37,6 +42,8 @@ public:
     Q_INVOKABLE void renameLibrary(QAction *sender = nullptr);
     Q_INVOKABLE void removeLibrary(QAction *sender = nullptr);
     Q_INVOKABLE void newField(QAction *sender = nullptr);
+    /// Shows all fields, to be changed.
+    Q_INVOKABLE void editFields(QAction *sender = nullptr);
 
 private:
     QWidget *_window;

@@ -1,12 +1,6 @@
 #include "LibrarySteps.h"
 
-#include "Fields/FieldReader.h"
-
-#include <KTUtility/KTOptionsKeys>
-
 #include <QCoreApplication>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -26,17 +20,6 @@ StepTitle libraryStepTitle(const QString &kind, const QString &library)
     return {kind, {{StepParameters::Library, library}}};
 }
 
-/// Whether a new field can have a name.
-Outcome<> checkField(const Library &library, const QString &name)
-{
-    if (name.isEmpty())
-        return Failure{StepTexts::tr("a field needs a name")};
-    const bool isTaken = std::any_of(
-        library.fields.begin(), library.fields.end(), [&name](const LibraryField &field) {
-            return field.title().compare(name, Qt::CaseInsensitive) == 0;
-        });
-    return isTaken ? Failure{StepTexts::tr("there is a field of that name")} : Outcome<>();
-}
 } // namespace
 
 Outcome<> LibrarySteps::makeLibrary(const Change &change, const QString &name)
@@ -67,15 +50,21 @@ Outcome<> LibrarySteps::removeLibrary(const Change &change, const Library &libra
 Outcome<> LibrarySteps::addField(const Change &change, const Library &library, const QString &name,
                                  FieldType type)
 {
-    LibraryField field;
-    field.header = name.trimmed();
-    field.type = type;
-    if (const Outcome<> checked = checkField(library, field.header); !checked)
-        return checked;
-    const QString currency = FieldReader(type).currencyType();
-    if (!currency.isNull())
-        field.options.insert(kKTFieldOption_currencyType, currency);
-    StepTitle title = libraryStepTitle(StepKinds::AddField, library.name);
-    title.parameters.insert(StepParameters::Field, field.header);
-    return change(title, [&](StepRecorder &step) { return done(step.addField(library, field)); });
+    FieldPlan plan(library);
+    plan.add(FieldPlan::newField(name, type));
+    return changeFields(change, plan);
+}
+
+Outcome<> LibrarySteps::moveField(const Change &change, const Library &library, qsizetype from,
+                                  qsizetype to)
+{
+    FieldPlan plan(library);
+    plan.move(from, to);
+    return changeFields(change, plan);
+}
+
+Outcome<> LibrarySteps::changeFields(const Change &change, const FieldPlan &plan)
+{
+    return plan.check().andThen(
+        [&] { return change(plan.title(), [&](StepRecorder &step) { return plan.make(step); }); });
 }

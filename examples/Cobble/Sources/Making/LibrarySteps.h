@@ -1,7 +1,6 @@
 #pragma once
 
-#include "Journal/StepRecorder.h"
-#include "Journal/StepTitle.h"
+#include "FieldPlan.h"
 
 #include <functional>
 
@@ -20,4 +19,8 @@ Outcome<> removeLibrary(const Change &change, const Library &library);
 /// that another field has, or none, is refused.
 Outcome<> addField(const Change &change, const Library &library, const QString &name,
                    FieldType type);
+/// \param to the place where the field stands then.
+Outcome<> moveField(const Change &change, const Library &library, qsizetype from, qsizetype to);
+/// Makes all of a plan. Titles that are taken, or none, are refused.
+Outcome<> changeFields(const Change &change, const FieldPlan &plan);
 } // namespace LibrarySteps

@@ -40,9 +40,7 @@ void NameSheet::needType()
 {
     _type = new QComboBox(this);
     _type->setObjectName(u"typeBox"_s);
-    for (const FieldType type : {FieldType::Text, FieldType::Number, FieldType::Currency,
-                                 FieldType::Duration, FieldType::Date, FieldType::Time,
-                                 FieldType::DateTime, FieldType::Phone, FieldType::Media})
+    for (const FieldType type : FieldTypeTitles::types())
         _type->addItem(FieldTypeTitles::titleOf(type), int(type));
     static_cast<QFormLayout *>(layout())->insertRow(1, tr("&Type:"), _type);
 }

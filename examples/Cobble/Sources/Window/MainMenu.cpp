@@ -82,6 +82,7 @@ void MainMenu::add(QMainWindow *window, QObject *controller, QObject *libraries,
               {tr("&Silenced Alerts…"), "showSilencedAlerts:", application, QKeySequence()}});
     addItems(bar->addMenu(tr("&Library")),
              {{tr("New &Field…"), "newField:", libraries, QKeySequence()},
+              {tr("F&ields…"), "editFields:", libraries, QKeySequence()},
               Line,
               {tr("&Rename Library…"), "renameLibrary:", libraries, QKeySequence()},
               {tr("Re&move Library"), "removeLibrary:", libraries, QKeySequence()}});

@@ -175,9 +175,11 @@ void MainWindow::makeCount()
 
 void MainWindow::addContextMenus()
 {
-    for (const QString &name : {u"newLibrary:"_s, u"renameLibrary:"_s, u"removeLibrary:"_s})
+    for (const QString &name :
+         {u"newLibrary:"_s, u"renameLibrary:"_s, u"editFields:"_s, u"removeLibrary:"_s})
         _libraries->addAction(findChild<QAction *>(name));
-    _table->horizontalHeader()->addAction(findChild<QAction *>(u"newField:"_s));
+    for (const QString &name : {u"newField:"_s, u"editFields:"_s})
+        _table->horizontalHeader()->addAction(findChild<QAction *>(name));
     _table->horizontalHeader()->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 

@@ -8,6 +8,7 @@
 #include "Drops/FileDrop.h"
 #include "Editing/EditCommands.h"
 #include "Editing/TextInputs.h"
+#include "FieldDragging.h"
 #include "Finding/FilterBar.h"
 #include "MainMenu.h"
 #include "MainWindow.h"
@@ -16,6 +17,7 @@
 #include "RecordSelection.h"
 #include "RecordTableModel.h"
 #include "RecordTableView.h"
+#include "ShownRecords.h"
 #include "SmartLibraryList.h"
 #include "Text/PrintableText.h"
 
@@ -95,6 +97,7 @@ LibraryActions *MainWindowController::makeLibraryActions(MainWindow *window)
     does.library = [this] {
         return _library ? std::optional(_library->definition()) : std::nullopt;
     };
+    does.bundle = [this] { return _application->bundle()->bundle(); };
     does.change = [this](const StepTitle &title, const auto &changes) {
         return changeLibraries(title, changes);
     };
@@ -216,31 +219,39 @@ void MainWindowController::connectDrops()
     drop->setCondition([] { return !QApplication::activeModalWidget(); });
     QObject::connect(drop, &FileDrop::dropped, this, &MainWindowController::importFileAtPath);
     QObject::connect(drop, &FileDrop::refused, this, &MainWindowController::tell);
+    _dragging = std::make_unique<FieldDragging>(mainWindow()->table()->horizontalHeader(),
+                                                [this](int from, int to) { moveField(from, to); });
 }
 
 // --- Libraries ----------------------------------------------------------------------------------
 
-/// Fills the list anew. A library that was opened anew is shown anew, whatever its name is now.
+/// Fills the list anew. A library that was opened anew is shown anew, whatever its name is now, and as
+/// it was shown before.
 void MainWindowController::listLibraries()
 {
     const QString shown = nameOfShown();
     const std::optional<SmartLibrary> smart = _smartLibraries->current();
-    QListWidget *const list = mainWindow()->libraries();
-    {
-        const QSignalBlocker blocker(list);
-        list->clear();
-        for (const Library &library : _application->bundle()->libraries()) {
-            auto *const item = new QListWidgetItem(printableText(library.name), list);
-            item->setData(Qt::UserRole, library.name);
-            item->setIcon(Icons::named(u"x-office-spreadsheet"_s));
-        }
-    }
+    const ShownRecords before(this);
+    fillLibraries();
     if (!_application->bundle()->isCurrent(_library))
         forget();
     showLibrary(shown);
     _smartLibraries->addToList();
     if (smart && _finder->isSmart())
         _smartLibraries->select(smart->name);
+    before.restore();
+}
+
+void MainWindowController::fillLibraries()
+{
+    QListWidget *const list = mainWindow()->libraries();
+    const QSignalBlocker blocker(list);
+    list->clear();
+    for (const Library &library : _application->bundle()->libraries()) {
+        auto *const item = new QListWidgetItem(printableText(library.name), list);
+        item->setData(Qt::UserRole, library.name);
+        item->setIcon(Icons::named(u"x-office-spreadsheet"_s));
+    }
 }
 
 /// The library with the same table as the one that is shown, else the one of its name.
@@ -678,6 +689,21 @@ MainWindowController::changeLibraries(const StepTitle &title,
     if (changed)
         bundle->reload();
     return changed;
+}
+
+/// Once what is typed is through.
+void MainWindowController::moveField(int from, int to)
+{
+    _pendingInput->leave([this, from, to, library = _library] {
+        if (!library || library != _library)
+            return;
+        const auto change = [this](const StepTitle &title, const auto &changes) {
+            return changeLibraries(title, changes);
+        };
+        const Outcome<> moved = LibrarySteps::moveField(change, library->definition(), from, to);
+        if (!moved)
+            tell(Sentence::of(moved.reason()));
+    });
 }
 
 Outcome<> MainWindowController::changeRecords(const std::function<void()> &changes)

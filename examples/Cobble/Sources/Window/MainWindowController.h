@@ -16,6 +16,7 @@
 
 class DesktopApplication;
 class DetailPane;
+class FieldDragging;
 class LibraryActions;
 class MainWindow;
 class QListWidgetItem;
@@ -117,6 +118,7 @@ private:
     void run(KTDialogController *dialog);
     void selectInList(const QString &name);
     void listLibraries();
+    void fillLibraries();
     QString nameOfShown() const;
     void connectParts();
     void connectDetail(DetailPane *detail);
@@ -125,6 +127,7 @@ private:
     void showItem(const QListWidgetItem *item);
     void connectDrops();
     LibraryActions *makeLibraryActions(MainWindow *window);
+    void moveField(int from, int to);
     Outcome<> changeLibraries(const StepTitle &title,
                               const std::function<Outcome<>(StepRecorder &)> &changes);
     void guardInput();
@@ -170,6 +173,7 @@ private:
     std::unique_ptr<PendingInput> _pendingInput;
     std::shared_ptr<OpenLibrary> _library;
     std::unique_ptr<RememberedColumns> _columns;
+    std::unique_ptr<FieldDragging> _dragging;
     QTimer _searchTimer;
     /// What is done when the records are found that are looked for.
     bool _tellsFound = false;

@@ -3,6 +3,7 @@ target_sources(CobbleHost PRIVATE
     Sources/Window/DetailPane.cpp
     Sources/Window/ExportSheet.cpp
     Sources/Window/FieldDelegate.cpp
+    Sources/Window/FieldDragging.cpp
     Sources/Window/FieldEditor.cpp
     Sources/Window/ImportSheet.cpp
     Sources/Window/ImportSummary.cpp
@@ -16,6 +17,7 @@ target_sources(CobbleHost PRIVATE
     Sources/Window/RecordTableModel.cpp
     Sources/Window/RecordTableView.cpp
     Sources/Window/ShowLibraryAlert.cpp
+    Sources/Window/ShownRecords.cpp
     Sources/Window/SilencedAlerts.cpp
     Sources/Window/SmartLibraryList.cpp
     Sources/Window/TransferSheet.cpp
