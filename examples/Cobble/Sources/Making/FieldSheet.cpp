@@ -389,14 +389,21 @@ bool FieldSheet::goToWrongTitle()
     return false;
 }
 
+/// Values may take a while.
+Outcome<> FieldSheet::make() const
+{
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const Outcome<> made = _make(confirmed());
+    QGuiApplication::restoreOverrideCursor();
+    return made;
+}
+
 void FieldSheet::accept()
 {
     commitName();
     if (plan().isEmpty() || !_previewer.preview() || goToWrongTitle())
         return;
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    const Outcome<> made = _make(confirmed());
-    QGuiApplication::restoreOverrideCursor();
+    const Outcome<> made = make();
     if (made) {
         QDialog::accept();
         return;

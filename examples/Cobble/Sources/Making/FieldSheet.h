@@ -80,6 +80,7 @@ private:
     void showProblem(const QString &reason);
     FieldPlan confirmed() const;
     bool goToWrongTitle();
+    Outcome<> make() const;
 
     Make _make;
     std::unique_ptr<FieldListModel> _model;
