@@ -64,7 +64,9 @@ bool isEqual(const QVariant &left, const QVariant &right, const QString &options
 /// ignore that of letters.
 bool matches(const QString &text, const QString &pattern, bool ignoresCase)
 {
-    QRegularExpression::PatternOptions options = QRegularExpression::DotMatchesEverythingOption;
+    // Letters are those of all languages: "ë" is a character of words, too.
+    QRegularExpression::PatternOptions options = QRegularExpression::DotMatchesEverythingOption |
+                                                 QRegularExpression::UseUnicodePropertiesOption;
     options.setFlag(QRegularExpression::CaseInsensitiveOption, ignoresCase);
     const QRegularExpression expression(QRegularExpression::anchoredPattern(pattern), options);
     return expression.isValid() && expression.match(text).hasMatch();
