@@ -200,7 +200,7 @@ private:
             // Writers sort their keys.
             dictionary.insert(dictionary.constEnd(), *key, *value);
         }
-        return QVariant(std::move(dictionary));
+        return QVariant(dictionary);
     }
 
     std::optional<QVariant> readArray(int level)
@@ -212,7 +212,7 @@ private:
                 return std::nullopt;
             array.append(std::move(*value));
         }
-        return QVariant(std::move(array));
+        return QVariant(array);
     }
 
     std::optional<QString> readKey()
