@@ -13,6 +13,11 @@ constexpr QStringView HourPattern = u"ha";
 
 constexpr QStringView DateAttempt = u"parsing date %@ using format: %@";
 constexpr QStringView TimeAttempt = u"parsing time %@ using format: %@";
+// Their lengths are counted when the library is made, not with each list.
+constexpr QStringView DateAndTimeMatch = u"date/time matches";
+constexpr QStringView ExactDateAndTime = u"exact match (date/time)";
+constexpr QStringView TimeMatch = u"time matches";
+constexpr QStringView ExactTime = u"exact match (time)";
 
 /// A run of exactly \a count ASCII digits, behind anything but digits (or, at first, whitespace
 /// only).
@@ -170,10 +175,10 @@ bool DateReading::readDateAndTime(const KTDateFormatterList &formatters)
         logFormatters(formatters);
     else if (wasTried(formatters))
         return false;
-    return readWithLast(formatters, DateAttempt, u"date/time matches", u"exact match (date/time)");
+    return readWithLast(formatters, DateAttempt, DateAndTimeMatch, ExactDateAndTime);
 }
 
 bool DateReading::readTime(const KTDateFormatterList &formatters)
 {
-    return readWithLast(formatters, TimeAttempt, u"time matches", u"exact match (time)");
+    return readWithLast(formatters, TimeAttempt, TimeMatch, ExactTime);
 }

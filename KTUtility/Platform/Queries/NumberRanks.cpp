@@ -78,7 +78,7 @@ void KTPrivate::sortByRank(RankedList *list)
         return;
     }
     const Extremes extremes = extremesOf(*list);
-    const int bits = std::bit_width(extremes.greatest - extremes.least);
+    const auto bits = int(std::bit_width(extremes.greatest - extremes.least));
     RankedList dealt(list->size());
     for (int shift = 0; shift < bits; shift += BitsOfByte) {
         dealOut(*list, extremes.least, shift, &dealt);
