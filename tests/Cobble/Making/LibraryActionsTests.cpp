@@ -116,6 +116,7 @@ TEST_F(LibraryActionsTests, AFieldIsAdded)
     MainWindowController *const window = openThings();
     NameSheet *const sheet = openSheet(window, "newField:");
     auto *const types = sheet->findChild<QComboBox *>(u"typeBox"_s);
+    EXPECT_EQ(field(sheet, u"nameEdit"_s)->nextInFocusChain(), types);
     types->setFocus();
     QTest::keyClicks(types, u"Num"_s);
     answer(sheet, u"Size"_s);

@@ -113,6 +113,20 @@ TEST_F(RecordFinderTests, WhereNothingIsFoundAButtonShowsAll)
     EXPECT_EQ(nothing->text(), u"No record fits the filter."_s);
 }
 
+TEST_F(RecordFinderTests, WhatIsNotFoundIsNotInTheFormEither)
+{
+    MainWindowController *const window = openThings();
+    window->records()->setSelectionIndex(2);
+    EXPECT_EQ(editor(window, 0)->text(), u"Céline"_s);
+    search(window, u"zzz"_s);
+    EXPECT_EQ(editor(window, 0)->text(), QString());
+    EXPECT_FALSE(editor(window, 0)->isEnabled());
+    search(window, QString());
+    filter(window, u"visits > 5000"_s);
+    EXPECT_EQ(window->model()->rowCount(), 0);
+    EXPECT_EQ(editor(window, 0)->text(), QString());
+}
+
 TEST_F(RecordFinderTests, EscapeClearsTheSearch)
 {
     MainWindowController *const window = openThings();

@@ -81,6 +81,36 @@ TEST_F(SmartLibraryListTests, OneIsShownAndLeft)
     EXPECT_FALSE(window->mainWindow()->table()->isColumnHidden(2));
 }
 
+TEST_F(SmartLibraryListTests, ItsLibraryIsAClickAwayOnceItIsSaved)
+{
+    MainWindowController *const window = openThings();
+    window->mainWindow()->show();
+    window->finder()->setShowsFilter(true);
+    window->finder()->bar()->setText(u"visits > 5"_s);
+    window->search();
+    EXPECT_TRUE(window->smartLibraries()->save(visitors(window, u"Visitors"_s)));
+    EXPECT_EQ(window->mainWindow()->libraries()->currentRow(), 1);
+    choose(window, 0);
+    EXPECT_EQ(window->model()->rowCount(), 4);
+    EXPECT_FALSE(window->finder()->showsFilter());
+}
+
+TEST_F(SmartLibraryListTests, WithoutItsFilterTheLibraryIsShown)
+{
+    MainWindowController *const window = openThings();
+    window->mainWindow()->show();
+    EXPECT_TRUE(window->smartLibraries()->save(visitors(window, u"Visitors"_s)));
+    choose(window, 0);
+    choose(window, 1);
+    EXPECT_EQ(window->model()->rowCount(), 2);
+    QTest::mouseClick(window->finder()->bar()->closeButton(), Qt::LeftButton);
+    window->search();
+    EXPECT_EQ(window->model()->rowCount(), 4);
+    EXPECT_EQ(window->mainWindow()->libraries()->currentRow(), 0);
+    choose(window, 1);
+    EXPECT_EQ(window->model()->rowCount(), 2);
+}
+
 TEST_F(SmartLibraryListTests, IsInOtherWindowsAndAfterReading)
 {
     MainWindowController *const window = openThings();

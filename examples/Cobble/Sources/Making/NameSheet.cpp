@@ -43,6 +43,7 @@ void NameSheet::needType()
     for (const FieldType type : FieldTypeTitles::types())
         _type->addItem(FieldTypeTitles::titleOf(type), int(type));
     static_cast<QFormLayout *>(layout())->insertRow(1, tr("&Type:"), _type);
+    setTabOrder(_name, _type);
 }
 
 FieldType NameSheet::type() const

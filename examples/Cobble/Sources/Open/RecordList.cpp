@@ -154,7 +154,7 @@ void RecordList::select(const RowRuns &rows)
     if (areSame)
         return;
     // While more come, a form keeps what it shows.
-    if (!_toSelect || !rows.isEmpty())
+    if (!_toSelect || !rows.isEmpty() || !isArranging())
         fillDetail();
     Q_EMIT selectionChanged();
 }

@@ -185,9 +185,15 @@ void MainWindow::addContextMenus()
 
 void MainWindow::setNotice(const QString &text, bool offersImport)
 {
+    // Else it would go to the search field, and what was typed there would be undone with it.
+    const bool hasKeyboard = _pages->isAncestorOf(focusWidget());
+    const std::pair shown(_pages->currentIndex(), _importButton->isHidden());
     _notice->setText(text);
     _importButton->setVisible(offersImport);
     _pages->setCurrentIndex(text.isNull() ? 0 : 1);
+    QWidget *const first = offersImport ? static_cast<QWidget *>(_importButton) : _libraries;
+    if (hasKeyboard && shown != std::pair(_pages->currentIndex(), !offersImport))
+        (text.isNull() ? _table : first)->setFocus(Qt::OtherFocusReason);
 }
 
 void MainWindow::fitColumns()

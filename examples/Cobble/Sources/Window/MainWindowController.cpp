@@ -208,7 +208,16 @@ void MainWindowController::connectSmartLibraries()
     });
     QObject::connect(_application->bundle(), &OpenBundle::smartLibrariesChanged, smart,
                      &SmartLibraryList::addToList);
-    QObject::connect(smart, &SmartLibraryList::saved, smart, &SmartLibraryList::select);
+    QObject::connect(smart, &SmartLibraryList::saved, this, [this, smart](const QString &name) {
+        smart->select(name);
+        _columns->leave();
+        _finder->enterSmartLibrary();
+    });
+    QObject::connect(_finder.get(), &RecordFinder::leftSmartLibrary, this, [this] {
+        _columns->comeBack();
+        if (_library)
+            selectInList(_library->definition().name);
+    });
     QObject::connect(smart, &SmartLibraryList::failed, this, &MainWindowController::tell);
 }
 
@@ -254,16 +263,18 @@ void MainWindowController::fillLibraries()
     }
 }
 
-/// The library with the same table as the one that is shown, else the one of its name.
+/// The library with the same table as the one that is shown, else the one of its name; nil if there
+/// is neither any more.
 QString MainWindowController::nameOfShown() const
 {
-    if (!_library)
-        return {};
+    QString sameName;
     for (const Library &library : _application->bundle()->libraries()) {
-        if (library.tableName == _library->definition().tableName)
+        if (_library && library.tableName == _library->definition().tableName)
             return library.name;
+        if (_library && library.name == _library->definition().name)
+            sameName = library.name;
     }
-    return _library->definition().name;
+    return sameName;
 }
 
 Outcome<> MainWindowController::openLibrary(const QString &name)
@@ -295,10 +306,8 @@ void MainWindowController::showWholeLibrary(const QString &name)
 {
     const bool wasSmart = _finder->isSmart();
     showLibrary(name);
-    if (!wasSmart)
-        return;
-    _finder->leaveSmartLibrary();
-    _columns->comeBack();
+    if (wasSmart)
+        _finder->setShowsFilter(false);
 }
 
 void MainWindowController::showSmartLibrary(const SmartLibrary &smart)
@@ -443,10 +452,8 @@ void MainWindowController::showCount()
 
 QString MainWindowController::emptyText() const
 {
-    if (!_library || _records.isArranging())
-        return {};
-    return _library->recordCount() == 0 ? tr("There are no records yet.")
-                                        : tr("No record has what you search for.");
+    const bool isEmpty = _library && !_records.isArranging() && _library->recordCount() == 0;
+    return isEmpty ? tr("There are no records yet.") : QString();
 }
 
 /// So many records are edited without being in memory.

@@ -192,10 +192,15 @@ bool RecordFinder::showsFilter() const
 void RecordFinder::setShowsFilter(bool shows)
 {
     _bar->setVisible(shows);
-    if (shows)
+    if (shows) {
         _bar->beginEditing();
-    else
-        _bar->setText(QString());
+        return;
+    }
+    _bar->setText(QString());
+    if (!std::exchange(_isSmart, false))
+        return;
+    showColumns({});
+    Q_EMIT leftSmartLibrary();
 }
 
 Outcome<> RecordFinder::showSmartLibrary(const SmartLibrary &smart)
@@ -236,13 +241,6 @@ RecordQuery RecordFinder::shownQuery() const
             query.columns += column;
     }
     return query;
-}
-
-void RecordFinder::leaveSmartLibrary()
-{
-    _isSmart = false;
-    showColumns({});
-    setShowsFilter(false);
 }
 
 void RecordFinder::showAll()

@@ -45,8 +45,8 @@ public:
     Outcome<> showSmartLibrary(const SmartLibrary &smart);
     /// Whether that is what is shown.
     bool isSmart() const { return _isSmart; }
-    /// Shows the whole library again.
-    void leaveSmartLibrary();
+    /// Has what is shown be the smart library that it was just saved as.
+    void enterSmartLibrary() { _isSmart = true; }
     /// What is shown, without the words of the search.
     RecordQuery shownQuery() const;
     /// Takes search and filter away.
@@ -57,6 +57,8 @@ public:
 Q_SIGNALS:
     /// The filter is another one.
     void changed();
+    /// The whole library of a smart one is shown again.
+    void leftSmartLibrary();
 
 private:
     /// How a library was shown: by the names of its columns.
