@@ -8,6 +8,13 @@ using namespace Qt::StringLiterals;
 namespace {
 /// How long a program may take to start, in milliseconds.
 constexpr int Patience = 30000;
+
+/// As large to a person at each scale.
+QString screen()
+{
+    const double scale = qMax(1.0, qEnvironmentVariable("QT_SCALE_FACTOR").toDouble());
+    return u"%1x%2x24"_s.arg(qRound(1280 * scale)).arg(qRound(900 * scale));
+}
 } // namespace
 
 DesktopDisplay::~DesktopDisplay()
@@ -28,7 +35,7 @@ bool DesktopDisplay::start()
 {
     // The server finds a free number by itself and prints it when it is ready.
     _server.start(QStringLiteral(DESKTOP_SERVER), {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s,
-                                                   u"1280x900x24"_s, u"-nolisten"_s, u"tcp"_s});
+                                                   screen(), u"-nolisten"_s, u"tcp"_s});
     if (!_server.waitForReadyRead(Patience))
         return false;
     qputenv("DISPLAY", QByteArray(":" + _server.readLine().trimmed()));
