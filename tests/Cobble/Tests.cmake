@@ -13,7 +13,7 @@ kt_tell_sources(COBBLE_VERSION="${PROJECT_VERSION}"
     Cobble/Window/MainWindowControllerTests.cpp)
 kt_tell_sources(COBBLE_SAMPLES="${PROJECT_SOURCE_DIR}/examples/Cobble/Samples"
     Cobble/Commands/ExecutableTests.cpp Cobble/Commands/ImportCommandTests.cpp
-    Cobble/Import/LibraryImportTests.cpp)
+    Cobble/Import/LibraryImportTests.cpp Cobble/Window/TourPictureTests.cpp)
 kt_tell_sources(COBBLE_SOURCES="${PROJECT_SOURCE_DIR}/examples/Cobble"
     Cobble/Program/CommandDocumentsTests.cpp)
 

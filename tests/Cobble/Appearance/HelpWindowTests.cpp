@@ -51,7 +51,7 @@ TEST_F(HelpWindowTests, SpeaksTheLanguageOfTheWindows)
         EXPECT_EQ(window.windowTitle(), row.title);
         EXPECT_TRUE(window.text().startsWith(row.title)) << row.title.toStdString();
         EXPECT_TRUE(window.text().contains(row.phrase)) << row.phrase.toStdString();
-        EXPECT_EQ(headings(window), 9);
+        EXPECT_EQ(headings(window), 11);
     }
 }
 

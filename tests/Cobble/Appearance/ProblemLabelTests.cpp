@@ -102,3 +102,21 @@ TEST_F(ProblemLabelTests, MarkedInputsCanBeRead)
         EXPECT_EQ(input.palette().color(QPalette::Base), ground);
     }
 }
+
+TEST_F(ProblemLabelTests, AFrameLiesAroundTextAndSign)
+{
+    for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        ProblemLabel label;
+        label.setLayoutDirection(direction);
+        label.setText(QStringLiteral("wrong"));
+        const QSize bare = label.sizeHint();
+        label.setFramed(true);
+        EXPECT_EQ(label.sizeHint(), bare + QSize(8, 8));
+        label.resize(label.sizeHint());
+        const QImage drawn = label.grab().toImage();
+        const QRgb line = label.palette().color(QPalette::WindowText).rgb();
+        for (const QPoint &corner : {label.rect().topLeft(), label.rect().topRight(),
+                                     label.rect().bottomLeft(), label.rect().bottomRight()})
+            EXPECT_EQ(drawn.pixel(corner), line);
+    }
+}

@@ -3,6 +3,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Appearance/FieldTitleTests.cpp
     Cobble/Appearance/HelpWindowTests.cpp
     Cobble/Appearance/IconsTests.cpp
+    Cobble/Appearance/IsolatedTextTests.cpp
     Cobble/Appearance/LineIconTests.cpp
     Cobble/Appearance/ProblemLabelTests.cpp
     Cobble/Appearance/RememberedColumnsTests.cpp

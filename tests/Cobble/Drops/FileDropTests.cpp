@@ -1,5 +1,7 @@
 #include "Drops/FileDrop.h"
 
+#include "Drops/DropHint.h"
+
 #include "Cobble/Window/SheetSupport.h"
 
 #include <QDir>
@@ -8,6 +10,7 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QStatusBar>
+#include <QTableWidget>
 #include <QUrl>
 
 using namespace Qt::StringLiterals;
@@ -66,6 +69,42 @@ TEST_F(FileDropTests, ADroppedTableIsImportedThroughTheSheet)
     turn();
     QTest::keyClick(alertBox(), Qt::Key_Escape);
     turn();
+}
+
+TEST_F(FileDropTests, TheSheetPreviewsTheFileThatWasDropped)
+{
+    MainWindowController *const window = openThings();
+    tree.add(u"Pets.csv"_s, "Pet,Age\nCat,3\nDog,4\n");
+    EXPECT_TRUE(drop(window, {url(u"Pets.csv"_s)}));
+    const auto *const preview =
+        window->importSheet()->window()->findChild<QTableWidget *>(u"previewTable"_s);
+    EXPECT_TRUE(QTest::qWaitFor([preview] { return preview->columnCount() == 2; }, 20000));
+    window->importSheet()->endDialog();
+    turn();
+}
+
+TEST_F(FileDropTests, TheWindowSaysWhatLettingGoDoes)
+{
+    MainWindowController *const window = openThings();
+    const auto *const hint = window->mainWindow()->findChild<DropHint *>();
+    tree.add(u"Pets.csv"_s, "Pet\nCat\n");
+    tree.add(u"a.png"_s);
+    const auto drag = [&](const QString &name) {
+        QMimeData data;
+        data.setUrls({url(name)});
+        QDragEnterEvent enter(QPoint(9, 9), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(window->mainWindow(), &enter);
+    };
+    drag(u"Pets.csv"_s);
+    EXPECT_TRUE(hint->isVisible());
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(window->mainWindow(), &leave);
+    EXPECT_FALSE(hint->isVisible());
+    drag(u"a.png"_s);
+    EXPECT_FALSE(hint->isVisible());
+    drag(u"Pets.csv"_s);
+    EXPECT_TRUE(drop(window, {url(u"a.png"_s)}));
+    EXPECT_FALSE(hint->isVisible());
 }
 
 TEST_F(FileDropTests, TheSheetForgetsTheFileThatWasDropped)

@@ -15,6 +15,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Window/RejectedInputTests.cpp
     Cobble/Window/ShownRecordsTests.cpp
     Cobble/Window/SmartLibraryListTests.cpp
+    Cobble/Window/TourPictureTests.cpp
     Cobble/Window/TransferSheetTests.cpp
     Cobble/Window/UndoTests.cpp
 )

@@ -75,9 +75,18 @@ int ProblemLabel::signSize() const
 
 void ProblemLabel::leaveSpaceForSign()
 {
-    const int space = signSize() + Gap;
+    const int around = _isFramed ? Gap : 0;
+    const int space = signSize() + Gap + around;
     const bool isMirrored = isRightToLeft();
-    setContentsMargins(isMirrored ? 0 : space, 0, isMirrored ? space : 0, 0);
+    setContentsMargins(isMirrored ? around : space, around, isMirrored ? space : around, around);
+}
+
+/// The frame of a label would leave the sign out, as its margins do.
+void ProblemLabel::setFramed(bool isFramed)
+{
+    _isFramed = isFramed;
+    leaveSpaceForSign();
+    update();
 }
 
 void ProblemLabel::paintEvent(QPaintEvent *event)
@@ -86,8 +95,11 @@ void ProblemLabel::paintEvent(QPaintEvent *event)
     if (text().isEmpty())
         return;
     const int size = signSize();
-    const QRect place(0, (height() - size) / 2, size, size);
+    const QRect place(_isFramed ? Gap : 0, (height() - size) / 2, size, size);
     QPainter painter(this);
+    painter.setPen(palette().color(QPalette::WindowText));
+    if (_isFramed)
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
     style()
         ->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this)
         .paint(&painter, QStyle::visualRect(layoutDirection(), rect(), place));

@@ -20,6 +20,9 @@ public:
     /// Gives an input the ground of something wrong, or takes it away.
     static void mark(QWidget *input, bool isWrong);
 
+    /// Draws a line around text and sign, for a label that lies over something else.
+    void setFramed(bool isFramed);
+
 protected:
     void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -29,5 +32,6 @@ private:
     void leaveSpaceForSign();
     void updateColor();
 
+    bool _isFramed = false;
     bool _isUpdating = false;
 };

@@ -3,6 +3,7 @@ target_sources(CobbleHost PRIVATE
     Sources/Appearance/FieldTitle.cpp
     Sources/Appearance/HelpWindow.cpp
     Sources/Appearance/Icons.cpp
+    Sources/Appearance/IsolatedText.cpp
     Sources/Appearance/LineIcon.cpp
     Sources/Appearance/ProblemLabel.cpp
     Sources/Appearance/RememberedColumns.cpp

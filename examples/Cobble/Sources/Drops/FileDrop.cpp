@@ -1,5 +1,7 @@
 #include "FileDrop.h"
 
+#include "DropHint.h"
+
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QMimeData>
@@ -33,7 +35,8 @@ QString reasonAgainst(const QList<QUrl> &urls)
 }
 } // namespace
 
-FileDrop::FileDrop(QWidget *window) : QObject(window)
+FileDrop::FileDrop(QWidget *window)
+    : QObject(window), _hint(new DropHint(window, tr("Let go to import the file.")))
 {
     window->setAcceptDrops(true);
     window->installEventFilter(this);
@@ -54,18 +57,26 @@ void FileDrop::take(const QDropEvent &event)
         Q_EMIT refused(reason);
 }
 
+void FileDrop::follow(QDropEvent *event, bool isDrag)
+{
+    // The file stays where it is, whatever the other program would like.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    _hint->setVisible(isDrag && reasonAgainst(event->mimeData()->urls()).isNull());
+    if (!isDrag)
+        take(*event);
+}
+
 bool FileDrop::eventFilter(QObject *object, QEvent *event)
 {
+    if (event->type() == QEvent::DragLeave)
+        _hint->setVisible(false);
     const bool isDrag = event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove;
     if (!isDrag && event->type() != QEvent::Drop)
         return QObject::eventFilter(object, event);
     auto *const drop = static_cast<QDropEvent *>(event);
     if (!takes(*drop))
         return QObject::eventFilter(object, event);
-    // The file stays where it is, whatever the other program would like.
-    drop->setDropAction(Qt::CopyAction);
-    drop->accept();
-    if (!isDrag)
-        take(*drop);
+    follow(drop, isDrag);
     return true;
 }

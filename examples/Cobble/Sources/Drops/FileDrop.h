@@ -5,11 +5,13 @@
 
 #include <functional>
 
+class DropHint;
 class QDropEvent;
 class QWidget;
 
 /// Takes a file that is dropped onto a window, if an import reads files of its kind: csv, tsv, tab,
-/// txt and vcf. For everything else there is a sentence. What is no file is left to the views within.
+/// txt and vcf; while it is dragged there, the window says so. For everything else there is a
+/// sentence. What is no file is left to the views within.
 ///
 /// \code
 /// auto *const drop = new FileDrop(window);
@@ -36,7 +38,9 @@ protected:
 
 private:
     bool takes(const QDropEvent &event) const;
+    void follow(QDropEvent *event, bool isDrag);
     void take(const QDropEvent &event);
 
     std::function<bool()> _mayCome;
+    DropHint *_hint;
 };

@@ -7,6 +7,7 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLineEdit>
+#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
@@ -22,6 +23,9 @@ NameSheet::NameSheet(QWidget *window, const QString &title, const Answer &answer
     _problem->setTextFormat(Qt::PlainText);
     _problem->setWordWrap(true);
     auto *const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    // Qt's own translations may not be installed.
+    buttons->button(QDialogButtonBox::Ok)->setText(tr("OK"));
+    buttons->button(QDialogButtonBox::Cancel)->setText(tr("Cancel"));
     QObject::connect(buttons, &QDialogButtonBox::accepted, this, &NameSheet::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, this, &NameSheet::reject);
     auto *const layout = new QFormLayout(this);

@@ -1,11 +1,11 @@
 #include "FieldDelegate.h"
 
+#include "Appearance/IsolatedText.h"
 #include "Appearance/ProblemLabel.h"
 #include "Appearance/Sentence.h"
 #include "Editing/TextInput.h"
 #include "RecordTableModel.h"
 
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
@@ -16,8 +16,6 @@ constexpr const char *HeightProperty = "_cellHeight";
 constexpr int MostCellLines = 5;
 constexpr int LeastNoteWidth = 240;
 constexpr int FrameWidth = 2;
-constexpr QChar FirstStrongIsolate(0x2068);
-constexpr QChar PopIsolate(0x2069);
 
 QString textIn(const QWidget *editor)
 {
@@ -87,10 +85,7 @@ void FieldDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
 
 QString FieldDelegate::displayText(const QVariant &value, const QLocale &locale) const
 {
-    const QString text = QStyledItemDelegate::displayText(value, locale);
-    return QGuiApplication::isRightToLeft() && !text.isEmpty()
-               ? FirstStrongIsolate + text + PopIsolate
-               : text;
+    return IsolatedText::of(QStyledItemDelegate::displayText(value, locale));
 }
 
 QWidget *FieldDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &,
@@ -192,7 +187,7 @@ void FieldDelegate::showProblem(QWidget *editor, const QString &reason)
         _problem->setAutoFillBackground(true);
         _problem->setBackgroundRole(QPalette::Window);
         _problem->setForegroundRole(QPalette::WindowText);
-        _problem->setFrameShape(QFrame::Box);
+        _problem->setFramed(true);
         _problem->setAttribute(Qt::WA_NoMousePropagation);
         QObject::connect(editor, &QObject::destroyed, _problem, &QObject::deleteLater);
     }

@@ -1,6 +1,7 @@
 #include "ImportSheet.h"
 
 #include "Appearance/Counts.h"
+#include "Appearance/IsolatedText.h"
 #include "Importing/WorkThread.h"
 #include "Text/CSVReader.h"
 #include "Text/CSVSeparator.h"
@@ -132,7 +133,7 @@ void addCells(QTableWidget *table, const QStringList &texts)
     const int row = table->rowCount();
     table->insertRow(row);
     for (int column = 0; column < texts.size(); ++column)
-        table->setItem(row, column, new QTableWidgetItem(texts.at(column)));
+        table->setItem(row, column, new QTableWidgetItem(IsolatedText::of(texts.at(column))));
 }
 
 /// The lists of boxes have the names of their boxes.
@@ -203,6 +204,9 @@ void ImportSheet::configDialog()
     resetInputs();
     _columns->clear();
     showNothing(QString());
+    // A file that was dropped is looked at like one that is typed.
+    if (!file().isEmpty())
+        _delay.start();
 }
 
 void ImportSheet::resetInputs()

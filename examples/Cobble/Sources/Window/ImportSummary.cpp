@@ -1,6 +1,7 @@
 #include "ImportSummary.h"
 
 #include "Appearance/Counts.h"
+#include "Appearance/IsolatedText.h"
 #include "Fields/FieldTypeTitles.h"
 #include "Text/ShortText.h"
 
@@ -27,7 +28,7 @@ void addRow(QTableWidget *table, const QStringList &texts)
     const int row = table->rowCount();
     table->insertRow(row);
     for (int column = 0; column < texts.size(); ++column)
-        table->setItem(row, column, new QTableWidgetItem(texts.at(column)));
+        table->setItem(row, column, new QTableWidgetItem(IsolatedText::of(texts.at(column))));
 }
 
 /// "day, month, year (1 of 12 values decide)"; empty if nothing had to be decided.

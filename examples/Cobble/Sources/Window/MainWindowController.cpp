@@ -2,6 +2,7 @@
 
 #include "Appearance/Counts.h"
 #include "Appearance/Icons.h"
+#include "Appearance/IsolatedText.h"
 #include "Appearance/Sentence.h"
 #include "DesktopApplication.h"
 #include "DetailPane.h"
@@ -215,8 +216,7 @@ void MainWindowController::connectSmartLibraries()
     });
     QObject::connect(_finder.get(), &RecordFinder::leftSmartLibrary, this, [this] {
         _columns->comeBack();
-        if (_library)
-            selectInList(_library->definition().name);
+        selectInList(_library ? _library->definition().name : QString());
     });
     QObject::connect(smart, &SmartLibraryList::failed, this, &MainWindowController::tell);
 }
@@ -488,7 +488,7 @@ void MainWindowController::showNotice(const QString &error)
 
 void MainWindowController::tell(const QString &message)
 {
-    mainWindow()->statusBar()->showMessage(printableText(message), MessageTime);
+    mainWindow()->statusBar()->showMessage(IsolatedText::of(printableText(message)), MessageTime);
 }
 
 /// Reports it in the middle of the window, too, as soon as the user is with it.

@@ -143,6 +143,8 @@ void SmartLibraryList::ask(const QString &title, const QString &name,
     dialog->setWindowTitle(title);
     dialog->setLabelText(tr("Name:"));
     dialog->setTextValue(name);
+    dialog->setOkButtonText(tr("OK"));
+    dialog->setCancelButtonText(tr("Cancel"));
     dialog->setWindowModality(Qt::WindowModal);
     QObject::connect(dialog, &QInputDialog::textValueSelected, this,
                      [take](const QString &text) { take(text.trimmed()); });

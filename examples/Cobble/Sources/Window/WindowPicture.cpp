@@ -12,8 +12,8 @@ constexpr int ShadowWidth = 12;
 
 bool isSheetOf(const QWidget *sheet, const QWidget *window)
 {
-    return sheet->isVisible() && sheet->isWindow() && sheet->windowHandle() &&
-           window->windowHandle() &&
+    return sheet->isVisible() && sheet->isWindow() && sheet->windowType() != Qt::Popup &&
+           sheet->windowHandle() && window->windowHandle() &&
            sheet->windowHandle()->transientParent() == window->windowHandle();
 }
 
@@ -35,6 +35,18 @@ void drawSheet(QPainter &painter, const QRect &window, QWidget *sheet)
     drawShadow(painter, place);
     painter.drawPixmap(place.topLeft(), picture);
 }
+
+bool isPopup(const QWidget *each)
+{
+    return each->isVisible() && each->windowType() == Qt::Popup;
+}
+
+void drawPopup(QPainter &painter, const QWidget *window, QWidget *popup)
+{
+    const QPoint place = window->mapFromGlobal(popup->mapToGlobal(QPoint()));
+    drawShadow(painter, QRect(place, popup->size()));
+    painter.drawPixmap(place, popup->grab());
+}
 } // namespace
 
 bool WindowPicture::hasSheet(const QWidget *window)
@@ -51,6 +63,8 @@ QImage WindowPicture::of(QWidget *window)
     for (QWidget *const sheet : QApplication::topLevelWidgets()) {
         if (isSheetOf(sheet, window))
             drawSheet(painter, window->rect(), sheet);
+        else if (isPopup(sheet))
+            drawPopup(painter, window, sheet);
     }
     painter.end();
     return picture.toImage();
