@@ -94,6 +94,8 @@ QImage simplified(const QImage &picture)
 class TourPictureTests : public HostSheetTest
 {
 protected:
+    ~TourPictureTests() override { QDir::setCurrent(_folderBefore); }
+
     static QByteArray sample()
     {
         return testing_support::contentsOf(QStringLiteral(COBBLE_SAMPLES) + u"/books.csv");
@@ -226,6 +228,7 @@ protected:
     }
 
 private:
+    const QString _folderBefore = QDir::currentPath();
     std::optional<LocaleScope> _locale;
 };
 
@@ -284,6 +287,9 @@ TEST_F(TourPictureTests, TheSummaryOfAnImport)
 TEST_F(TourPictureTests, Searching)
 {
     MainWindowController *const window = openBooks();
+    search(window, u"11/20/21"_s);
+    settle(window);
+    EXPECT_EQ(column(window, Title), QStringList(u"A Winter of Maps"_s));
     search(window, u"$18.5"_s);
     settle(window);
     EXPECT_EQ(column(window, Title), QStringList(u"A Winter of Maps"_s));

@@ -118,18 +118,24 @@ void ColumnEditor::show(const ImportPreview &preview)
     showColumn();
 }
 
+void ColumnEditor::showTitles(const ImportPreview &preview)
+{
+    const QStringList &headers = preview.file.rows->headers();
+    for (int column = 0; column < headers.size(); ++column) {
+        const QString type = titleOfType(preview.values.columns.at(column));
+        _parts.table->setHorizontalHeaderItem(
+            column, new QTableWidgetItem(headers.at(column) + u'\n' + type));
+    }
+}
+
 void ColumnEditor::showRows(const ImportPreview &preview)
 {
     QTableWidget *const table = _parts.table;
     const QSignalBlocker blocker(table);
-    const QStringList &headers = preview.file.rows->headers();
     table->clear();
-    table->setColumnCount(int(headers.size()));
+    table->setColumnCount(int(preview.file.rows->headers().size()));
     table->setRowCount(int(preview.shown.rows.size()));
-    for (int column = 0; column < headers.size(); ++column)
-        table->setHorizontalHeaderItem(
-            column, new QTableWidgetItem(headers.at(column) + u'\n' +
-                                         titleOfType(preview.values.columns.at(column))));
+    showTitles(preview);
     for (int row = 0; row < table->rowCount(); ++row) {
         for (int column = 0; column < table->columnCount(); ++column)
             table->setItem(

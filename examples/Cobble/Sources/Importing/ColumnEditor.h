@@ -60,6 +60,7 @@ private:
     };
 
     void connectParts();
+    void showTitles(const ImportPreview &preview);
     void showRows(const ImportPreview &preview);
     void showColumns(const ImportPreview &preview);
     void showColumn();

@@ -22,16 +22,21 @@ NameSheet::NameSheet(QWidget *window, const QString &title, const Answer &answer
     _problem->setObjectName(u"problemLabel"_s);
     _problem->setTextFormat(Qt::PlainText);
     _problem->setWordWrap(true);
+    auto *const layout = new QFormLayout(this);
+    layout->addRow(tr("&Name:"), _name);
+    layout->addRow(_problem);
+    layout->addRow(makeButtons());
+}
+
+/// Qt's own translations of their titles may not be installed.
+QDialogButtonBox *NameSheet::makeButtons()
+{
     auto *const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    // Qt's own translations may not be installed.
     buttons->button(QDialogButtonBox::Ok)->setText(tr("OK"));
     buttons->button(QDialogButtonBox::Cancel)->setText(tr("Cancel"));
     QObject::connect(buttons, &QDialogButtonBox::accepted, this, &NameSheet::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, this, &NameSheet::reject);
-    auto *const layout = new QFormLayout(this);
-    layout->addRow(tr("&Name:"), _name);
-    layout->addRow(_problem);
-    layout->addRow(buttons);
+    return buttons;
 }
 
 void NameSheet::setName(const QString &name)

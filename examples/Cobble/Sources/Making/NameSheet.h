@@ -9,6 +9,7 @@
 
 class ProblemLabel;
 class QComboBox;
+class QDialogButtonBox;
 class QLineEdit;
 
 /// A sheet that asks for the name of a library or a field, and for the type of a field. It stays, and
@@ -38,6 +39,7 @@ public:
     void accept() override;
 
 private:
+    QDialogButtonBox *makeButtons();
     FieldType type() const;
 
     Answer _answer;

@@ -200,23 +200,28 @@ void MainWindowController::guardInput()
                      });
 }
 
+void MainWindowController::connectFinder()
+{
+    QObject::connect(_finder->bar(), &FilterBar::saveRequested, this, [this] {
+        if (_library)
+            _smartLibraries->askAndSave(_library->definition(), _finder->shownQuery());
+    });
+    QObject::connect(_finder.get(), &RecordFinder::leftSmartLibrary, this, [this] {
+        _columns->comeBack();
+        selectInList(_library ? _library->definition().name : QString());
+    });
+}
+
 void MainWindowController::connectSmartLibraries()
 {
+    connectFinder();
     SmartLibraryList *const smart = _smartLibraries.get();
-    QObject::connect(_finder->bar(), &FilterBar::saveRequested, this, [this, smart] {
-        if (_library)
-            smart->askAndSave(_library->definition(), _finder->shownQuery());
-    });
     QObject::connect(_application->bundle(), &OpenBundle::smartLibrariesChanged, smart,
                      &SmartLibraryList::addToList);
     QObject::connect(smart, &SmartLibraryList::saved, this, [this, smart](const QString &name) {
         smart->select(name);
         _columns->leave();
         _finder->enterSmartLibrary();
-    });
-    QObject::connect(_finder.get(), &RecordFinder::leftSmartLibrary, this, [this] {
-        _columns->comeBack();
-        selectInList(_library ? _library->definition().name : QString());
     });
     QObject::connect(smart, &SmartLibraryList::failed, this, &MainWindowController::tell);
 }

@@ -123,6 +123,7 @@ private:
     void connectParts();
     void connectDetail(DetailPane *detail);
     void connectSheets();
+    void connectFinder();
     void connectSmartLibraries();
     void showItem(const QListWidgetItem *item);
     void connectDrops();
