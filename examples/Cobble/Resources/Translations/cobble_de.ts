@@ -448,6 +448,10 @@
 <context>
     <name>FileDrop</name>
     <message>
+        <source>Let go to import the file.</source>
+        <translation>Loslassen, um die Datei zu importieren.</translation>
+    </message>
+    <message>
         <source>Only files of this computer can be dropped here.</source>
         <translation>Hier können nur Dateien dieses Computers abgelegt werden.</translation>
     </message>
@@ -1252,10 +1256,6 @@
         </translation>
     </message>
     <message>
-        <source>No record has what you search for.</source>
-        <translation>Kein Datensatz enthält, was Sie suchen.</translation>
-    </message>
-    <message>
         <source>Searching… %1</source>
         <translation>Suchen … %1</translation>
     </message>
@@ -1341,6 +1341,14 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <message>
         <source>&amp;Type:</source>
         <translation>T&amp;yp:</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -2042,8 +2050,16 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
 <context>
     <name>SmartLibraryList</name>
     <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
         <source>Name:</source>
         <translation>Name:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Remove</source>
@@ -2166,6 +2182,45 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <message>
         <source>Another window is importing or exporting. Please wait until it is done.</source>
         <translation>Ein anderes Fenster importiert oder exportiert gerade. Bitte warten Sie, bis es fertig ist.</translation>
+    </message>
+</context>
+<context>
+    <name>TypeTitle</name>
+    <message>
+        <source>currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>date+time</source>
+        <translation>Datum und Uhrzeit</translation>
+    </message>
+    <message>
+        <source>duration</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>media</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>number</source>
+        <translation>Zahl</translation>
+    </message>
+    <message>
+        <source>phone</source>
+        <translation>Telefonnummer</translation>
+    </message>
+    <message>
+        <source>text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>time</source>
+        <translation>Uhrzeit</translation>
     </message>
 </context>
 </TS>

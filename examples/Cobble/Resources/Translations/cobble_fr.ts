@@ -448,6 +448,10 @@
 <context>
     <name>FileDrop</name>
     <message>
+        <source>Let go to import the file.</source>
+        <translation>Relâchez pour importer le fichier.</translation>
+    </message>
+    <message>
         <source>Only files of this computer can be dropped here.</source>
         <translation>Seuls des fichiers de cet ordinateur peuvent être déposés ici.</translation>
     </message>
@@ -1252,10 +1256,6 @@
         </translation>
     </message>
     <message>
-        <source>No record has what you search for.</source>
-        <translation>Aucun enregistrement ne contient ce que vous cherchez.</translation>
-    </message>
-    <message>
         <source>Searching… %1</source>
         <translation>Recherche… %1</translation>
     </message>
@@ -1341,6 +1341,14 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <message>
         <source>&amp;Type:</source>
         <translation>&amp;Type :</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -2042,8 +2050,16 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
 <context>
     <name>SmartLibraryList</name>
     <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
         <source>Name:</source>
         <translation>Nom :</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Remove</source>
@@ -2166,6 +2182,45 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <message>
         <source>Another window is importing or exporting. Please wait until it is done.</source>
         <translation>Une autre fenêtre importe ou exporte. Veuillez attendre qu’elle ait terminé.</translation>
+    </message>
+</context>
+<context>
+    <name>TypeTitle</name>
+    <message>
+        <source>currency</source>
+        <translation>monnaie</translation>
+    </message>
+    <message>
+        <source>date</source>
+        <translation>date</translation>
+    </message>
+    <message>
+        <source>date+time</source>
+        <translation>date et heure</translation>
+    </message>
+    <message>
+        <source>duration</source>
+        <translation>durée</translation>
+    </message>
+    <message>
+        <source>media</source>
+        <translation>image</translation>
+    </message>
+    <message>
+        <source>number</source>
+        <translation>nombre</translation>
+    </message>
+    <message>
+        <source>phone</source>
+        <translation>téléphone</translation>
+    </message>
+    <message>
+        <source>text</source>
+        <translation>texte</translation>
+    </message>
+    <message>
+        <source>time</source>
+        <translation>heure</translation>
     </message>
 </context>
 </TS>

@@ -442,6 +442,10 @@
 <context>
     <name>FileDrop</name>
     <message>
+        <source>Let go to import the file.</source>
+        <translation>離すとファイルを読み込みます。</translation>
+    </message>
+    <message>
         <source>Only files of this computer can be dropped here.</source>
         <translation>ここにドロップできるのは、このコンピュータのファイルだけです。</translation>
     </message>
@@ -1241,10 +1245,6 @@
         </translation>
     </message>
     <message>
-        <source>No record has what you search for.</source>
-        <translation>検索した内容を含むレコードはありません。</translation>
-    </message>
-    <message>
         <source>Searching… %1</source>
         <translation>検索中… %1</translation>
     </message>
@@ -1329,6 +1329,14 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <message>
         <source>&amp;Type:</source>
         <translation>型(&amp;T):</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -2027,8 +2035,16 @@ File ▸ Import… makes one of a table or of address cards.</source>
 <context>
     <name>SmartLibraryList</name>
     <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
         <source>Name:</source>
         <translation>名前:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Remove</source>
@@ -2148,6 +2164,45 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <message>
         <source>Another window is importing or exporting. Please wait until it is done.</source>
         <translation>別のウィンドウが読み込みまたは書き出しの途中です。終わるまでお待ちください。</translation>
+    </message>
+</context>
+<context>
+    <name>TypeTitle</name>
+    <message>
+        <source>currency</source>
+        <translation>通貨</translation>
+    </message>
+    <message>
+        <source>date</source>
+        <translation>日付</translation>
+    </message>
+    <message>
+        <source>date+time</source>
+        <translation>日付と時刻</translation>
+    </message>
+    <message>
+        <source>duration</source>
+        <translation>時間の長さ</translation>
+    </message>
+    <message>
+        <source>media</source>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>number</source>
+        <translation>数</translation>
+    </message>
+    <message>
+        <source>phone</source>
+        <translation>電話番号</translation>
+    </message>
+    <message>
+        <source>text</source>
+        <translation>テキスト</translation>
+    </message>
+    <message>
+        <source>time</source>
+        <translation>時刻</translation>
     </message>
 </context>
 </TS>

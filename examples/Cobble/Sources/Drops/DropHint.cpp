@@ -3,9 +3,9 @@
 #include <QPainter>
 
 namespace {
-constexpr int FrameWidth = 4;
+constexpr int HintFrameWidth = 4;
 /// How much of the window is still seen.
-constexpr int GroundOpacity = 225;
+constexpr int HintGroundOpacity = 225;
 } // namespace
 
 DropHint::DropHint(QWidget *window, const QString &text) : QLabel(text, window)
@@ -28,10 +28,10 @@ void DropHint::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
     QColor ground = palette().color(QPalette::Window);
-    ground.setAlpha(GroundOpacity);
+    ground.setAlpha(HintGroundOpacity);
     painter.fillRect(rect(), ground);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), FrameWidth));
-    const int inset = FrameWidth / 2;
+    painter.setPen(QPen(palette().color(QPalette::Highlight), HintFrameWidth));
+    const int inset = HintFrameWidth / 2;
     painter.drawRect(rect().adjusted(inset, inset, -inset, -inset));
     painter.end();
     QLabel::paintEvent(event);
