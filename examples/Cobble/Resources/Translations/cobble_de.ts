@@ -2184,43 +2184,4 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
         <translation>Ein anderes Fenster importiert oder exportiert gerade. Bitte warten Sie, bis es fertig ist.</translation>
     </message>
 </context>
-<context>
-    <name>TypeTitle</name>
-    <message>
-        <source>currency</source>
-        <translation>Währung</translation>
-    </message>
-    <message>
-        <source>date</source>
-        <translation>Datum</translation>
-    </message>
-    <message>
-        <source>date+time</source>
-        <translation>Datum und Uhrzeit</translation>
-    </message>
-    <message>
-        <source>duration</source>
-        <translation>Dauer</translation>
-    </message>
-    <message>
-        <source>media</source>
-        <translation>Bild</translation>
-    </message>
-    <message>
-        <source>number</source>
-        <translation>Zahl</translation>
-    </message>
-    <message>
-        <source>phone</source>
-        <translation>Telefonnummer</translation>
-    </message>
-    <message>
-        <source>text</source>
-        <translation>Text</translation>
-    </message>
-    <message>
-        <source>time</source>
-        <translation>Uhrzeit</translation>
-    </message>
-</context>
 </TS>

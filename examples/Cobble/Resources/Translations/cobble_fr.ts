@@ -2184,43 +2184,4 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
         <translation>Une autre fenêtre importe ou exporte. Veuillez attendre qu’elle ait terminé.</translation>
     </message>
 </context>
-<context>
-    <name>TypeTitle</name>
-    <message>
-        <source>currency</source>
-        <translation>monnaie</translation>
-    </message>
-    <message>
-        <source>date</source>
-        <translation>date</translation>
-    </message>
-    <message>
-        <source>date+time</source>
-        <translation>date et heure</translation>
-    </message>
-    <message>
-        <source>duration</source>
-        <translation>durée</translation>
-    </message>
-    <message>
-        <source>media</source>
-        <translation>image</translation>
-    </message>
-    <message>
-        <source>number</source>
-        <translation>nombre</translation>
-    </message>
-    <message>
-        <source>phone</source>
-        <translation>téléphone</translation>
-    </message>
-    <message>
-        <source>text</source>
-        <translation>texte</translation>
-    </message>
-    <message>
-        <source>time</source>
-        <translation>heure</translation>
-    </message>
-</context>
 </TS>

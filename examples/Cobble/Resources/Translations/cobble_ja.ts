@@ -2166,43 +2166,4 @@ File ▸ Import… makes one of a table or of address cards.</source>
         <translation>別のウィンドウが読み込みまたは書き出しの途中です。終わるまでお待ちください。</translation>
     </message>
 </context>
-<context>
-    <name>TypeTitle</name>
-    <message>
-        <source>currency</source>
-        <translation>通貨</translation>
-    </message>
-    <message>
-        <source>date</source>
-        <translation>日付</translation>
-    </message>
-    <message>
-        <source>date+time</source>
-        <translation>日付と時刻</translation>
-    </message>
-    <message>
-        <source>duration</source>
-        <translation>時間の長さ</translation>
-    </message>
-    <message>
-        <source>media</source>
-        <translation>画像</translation>
-    </message>
-    <message>
-        <source>number</source>
-        <translation>数</translation>
-    </message>
-    <message>
-        <source>phone</source>
-        <translation>電話番号</translation>
-    </message>
-    <message>
-        <source>text</source>
-        <translation>テキスト</translation>
-    </message>
-    <message>
-        <source>time</source>
-        <translation>時刻</translation>
-    </message>
-</context>
 </TS>
