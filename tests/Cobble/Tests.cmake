@@ -1,5 +1,5 @@
 kt_rooms(host rooms)
-foreach(room IN LISTS rooms ITEMS PlugIns)
+foreach(room IN LISTS rooms)
     include("Cobble/${room}/Tests.cmake" OPTIONAL)
 endforeach()
 target_link_libraries(CobbleTests PRIVATE CobbleHost)
