@@ -6,7 +6,7 @@ using namespace KTPrivate;
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr qsizetype CommonGroupSize = 3;
+constexpr qsizetype NumeralGroupSize = 3;
 constexpr qsizetype MaximumDigits = 38;
 constexpr char16_t ArabicPoint = u'\u066B';
 constexpr char16_t ArabicGroup = u'\u066C';
@@ -92,7 +92,7 @@ private:
     /// Whether a blank has a group behind it and not another number.
     bool isGroupBehind() const
     {
-        if (isGroupBehind(CommonGroupSize))
+        if (isGroupBehind(NumeralGroupSize))
             return true;
         // Toki Pona has "12 34 56".
         return _signs.isGroup(u' ') &&
@@ -184,7 +184,7 @@ private:
     {
         const bool isBehindBlanks = isOfGroupsOnly(_chunks[1].separator);
         const bool isGroupAsWell =
-            _signs.isGroup(_last) && isBehindBlanks && _chunks.back().length == CommonGroupSize;
+            _signs.isGroup(_last) && isBehindBlanks && _chunks.back().length == NumeralGroupSize;
         return isOfGroupsOnly(_last) || isGroupAsWell ? SeparatorRole::Uneven : roleOfPoint();
     }
 
@@ -205,7 +205,7 @@ private:
         const Chunk &first = _chunks.front();
         if (first.length == 0 || _text[first.begin] == u'0')
             return false;
-        return isEvenlyCut(end, CommonGroupSize, CommonGroupSize) ||
+        return isEvenlyCut(end, NumeralGroupSize, NumeralGroupSize) ||
                isEvenlyCut(end, _signs.groupSize, _signs.otherGroupSize);
     }
 
@@ -291,7 +291,7 @@ NSDecimalNumber Numeral::otherValue() const
             others.append(unit);
     }
     if (isInteger())
-        others.insert(others.cend() - CommonGroupSize, u'.');
+        others.insert(others.cend() - NumeralGroupSize, u'.');
     return NSDecimalNumber::decimalNumberWithString(QStringView(others.data(), others.size()));
 }
 

@@ -220,7 +220,6 @@ void MainWindowController::connectSmartLibraries()
                      &SmartLibraryList::addToList);
     QObject::connect(smart, &SmartLibraryList::saved, this, [this, smart](const QString &name) {
         smart->select(name);
-        _columns->leave();
         _finder->enterSmartLibrary();
     });
     QObject::connect(smart, &SmartLibraryList::failed, this, &MainWindowController::tell);
