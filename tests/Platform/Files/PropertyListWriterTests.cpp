@@ -108,9 +108,9 @@ TEST(PropertyListWriter, RealsAreThoseOfPrintf)
         values.push_back(eighths / 8.0 + 123'456'789);
         values.push_back(eighths / 10.0);
     }
+    std::erase(values, 0.0);
     for (const double value : values) {
-        if (value != 0)
-            EXPECT_EQ(bodyOf(value), "<real>" + QByteArray::number(value, 'g', 17) + "</real>\n");
+        EXPECT_EQ(bodyOf(value), "<real>" + QByteArray::number(value, 'g', 17) + "</real>\n");
     }
 }
 
