@@ -15,8 +15,11 @@ QString unmarked(const QVariant &value, const QString &options)
 {
     QString text = value.toString();
     if (options.contains(u'd')) {
+        const auto isMark = [](QChar unit) { return unit.category() == QChar::Mark_NonSpacing; };
+        // To put a long run of marks in order takes square time: those of the text go first.
+        text.removeIf(isMark);
         text = text.normalized(QString::NormalizationForm_D);
-        text.removeIf([](QChar unit) { return unit.category() == QChar::Mark_NonSpacing; });
+        text.removeIf(isMark);
     }
     return text;
 }

@@ -27,6 +27,23 @@ TEST(FoldedText, TheTableFoldsAsUnicodeDoes)
     }
 }
 
+TEST(FoldedText, MarksGoWhereverTheyStand)
+{
+    const QList<std::pair<QString, QString>> table{
+        {u"Céline"_s, u"Celine"_s},
+        {u"e\u0316\u0301x"_s, u"ex"_s},
+        {u"\u0301"_s, u""_s},
+        // Beyond the first plane, and one that takes room.
+        {u"a"_s + QString::fromUcs4(U"\U0001E8D0") + u"b"_s, u"ab"_s},
+        {u"\u1100\u1161\u302E"_s, u"\u1100\u1161"_s},
+        {u"\U0001F600"_s, u"\U0001F600"_s},
+        {QString(QChar(0xD83D)), QString(QChar(0xD83D))},
+        {u"a"_s + QString(u"\u0316\u0301"_s).repeated(50'000), u"a"_s},
+    };
+    for (const auto &[text, letters] : table)
+        EXPECT_EQ(textWithoutAccents(text), letters) << text.left(20).toStdString();
+}
+
 TEST(FoldedText, FoldedTextsStayAsTheyAre)
 {
     for (const QString &text : testing_support::hostileTexts())

@@ -5,18 +5,6 @@
 #include <algorithm>
 
 namespace {
-QString withoutAccents(const QString &text)
-{
-    const QString parts = text.normalized(QString::NormalizationForm_KD);
-    QString letters;
-    letters.reserve(parts.size());
-    for (const QChar unit : parts) {
-        if (unit.category() != QChar::Mark_NonSpacing)
-            letters += unit;
-    }
-    return letters;
-}
-
 bool isASCII(const QString &text)
 {
     return std::all_of(text.begin(), text.end(), [](QChar unit) { return unit.unicode() < 0x80; });
@@ -31,8 +19,8 @@ QString ComparedText::of(const QString &text, const QString &passesOver)
         return foldedText(text);
     if (isASCII(text))
         return passesOverCase ? text.toLower() : text;
-    const QString letters =
-        passesOverAccents ? withoutAccents(text) : text.normalized(QString::NormalizationForm_C);
+    const QString letters = passesOverAccents ? textWithoutAccents(text)
+                                              : text.normalized(QString::NormalizationForm_C);
     return passesOverCase ? letters.toCaseFolded() : letters;
 }
 

@@ -1,5 +1,7 @@
 #include "FoldedText.h"
 
+#include <KTUtility/NSStringNormalization>
+
 #include <algorithm>
 #include <array>
 
@@ -7,16 +9,28 @@ namespace {
 /// The letters of most of Europe's languages are looked up.
 constexpr char16_t EndOfTable = 0x250;
 
+bool isMark(char32_t point)
+{
+    return QChar::category(point) == QChar::Mark_NonSpacing || QChar::combiningClass(point) != 0;
+}
+
+QString withoutMarks(const QString &text)
+{
+    QString letters;
+    letters.reserve(text.size());
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const bool isPair =
+            text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
+        if (!isMark(isPair ? QChar::surrogateToUcs4(text[at], text[at + 1]) : text[at].unicode()))
+            letters += QStringView(text).sliced(at, isPair ? 2 : 1);
+        at += isPair ? 1 : 0;
+    }
+    return letters;
+}
+
 QString foldedInFull(const QString &text)
 {
-    const QString parts = text.normalized(QString::NormalizationForm_KD);
-    QString letters;
-    letters.reserve(parts.size());
-    for (const QChar unit : parts) {
-        if (unit.category() != QChar::Mark_NonSpacing)
-            letters += unit;
-    }
-    return letters.toCaseFolded();
+    return textWithoutAccents(text).toCaseFolded();
 }
 
 std::array<QString, EndOfTable> foldedLetters()
@@ -27,6 +41,12 @@ std::array<QString, EndOfTable> foldedLetters()
     return letters;
 }
 } // namespace
+
+QString textWithoutAccents(const QString &text)
+{
+    // To put a long run of marks in order takes square time: those of the text go first.
+    return withoutMarks(NSString::decomposedStringWithCompatibilityMapping(withoutMarks(text)));
+}
 
 QString foldedText(const QString &text)
 {

@@ -8,3 +8,11 @@
 /// foldedText(u"CÉLINE"_s); // "celine"
 /// \endcode
 QString foldedText(const QString &text);
+
+/// A text without the differences of accents and width. Time and memory are proportional to its
+/// length, whatever marks it has.
+///
+/// \code
+/// textWithoutAccents(u"Céline"_s); // "Celine"
+/// \endcode
+QString textWithoutAccents(const QString &text);
