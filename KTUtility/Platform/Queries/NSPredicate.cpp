@@ -1,15 +1,27 @@
 #include "NSPredicate.h"
 
 #include "PredicateParser_p.h"
+#include <KTUtility/Platform/Text/ICU_p.h>
 #include <KTUtility/Platform/Values/NSObject.h>
 
 #include <QRegularExpression>
+
+#include <unicode/normalizer2.h>
 
 #include <algorithm>
 
 using namespace KTPrivate;
 
 namespace {
+/// Qt would take the letters apart in place, each for the length of what is behind it.
+QString decomposed(const QString &text)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::UnicodeString parts =
+        icu::Normalizer2::getNFDInstance(status)->normalize(ICU::aliasOf(text), status);
+    return U_SUCCESS(status) ? ICU::stringOf(parts) : text;
+}
+
 /// A text without diacritics where they do not count.
 QString unmarked(const QVariant &value, const QString &options)
 {
@@ -18,7 +30,7 @@ QString unmarked(const QVariant &value, const QString &options)
         const auto isMark = [](QChar unit) { return unit.category() == QChar::Mark_NonSpacing; };
         // To put a long run of marks in order takes square time: those of the text go first.
         text.removeIf(isMark);
-        text = text.normalized(QString::NormalizationForm_D);
+        text = decomposed(text);
         text.removeIf(isMark);
     }
     return text;

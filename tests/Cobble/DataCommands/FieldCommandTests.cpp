@@ -43,6 +43,10 @@ TEST_F(FieldCommandTests, MovesAField)
     EXPECT_EQ(fieldNames(), QStringList({u"Name"_s, u"Born"_s, u"Age"_s, u"Paid"_s, u"Photo"_s}));
     done({u"field"_s, u"move"_s, u"People"_s, u"Name"_s, u"99"_s});
     EXPECT_EQ(fieldNames().last(), u"Name"_s);
+    // Names are no places for what comes behind them.
+    done({u"rename"_s, u"People"_s, u"Born%1"_s, u"--field"_s, u"Born"_s});
+    EXPECT_EQ(done({u"field"_s, u"move"_s, u"People"_s, u"Born%1"_s, u"1"_s}),
+              u"Moved the field 'Born%1' of 'People' to place 1\n"_s);
 }
 
 TEST_F(FieldCommandTests, ChangesATypeWhoseValuesItCanRead)

@@ -109,6 +109,15 @@ TEST(NSPredicate, PatternsKeepTheirMeaningWithoutCase)
     EXPECT_FALSE(isTrue(u"name MATCHES[d] %@", {u"zo\\S"_s}));
 }
 
+TEST(NSPredicate, LongTextsAreComparedWithoutAccents)
+{
+    const QString letters = testing_support::megabyteOf(u"Ä-.😀"_s);
+    const QString marks = u"a"_s + QString(u"\u0316\u0301"_s).repeated(100'000);
+    EXPECT_TRUE(isTrue(u"%@ ==[cd] %@", {letters, QString(letters).replace(u'Ä', u'a')}));
+    EXPECT_TRUE(isTrue(u"%@ ==[d] %@", {marks, u"a"_s}));
+    EXPECT_FALSE(isTrue(u"%@ ==[d] %@", {letters, QString(letters).replace(u'Ä', u'a')}));
+}
+
 TEST(NSPredicate, LooksIntoLists)
 {
     EXPECT_TRUE(isTrue(u"tags CONTAINS 'a'"));
