@@ -22,6 +22,7 @@
 #include <QHeaderView>
 #include <QImage>
 #include <QInputDialog>
+#include <QJsonArray>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>

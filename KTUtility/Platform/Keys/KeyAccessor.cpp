@@ -135,6 +135,9 @@ void KeyAccessor::resolveClass(const KeyValueTarget &target)
     _optional = NSOptionalType::of(_type);
     _isBoxed = _isVariant || _optional || _type.id() == QMetaType::QString;
     _value = _isVariant ? QVariant() : QVariant(_type);
+    // Who asks for data that may be written makes the value one that is not null.
+    if (!_isVariant)
+        static_cast<void>(_value.data());
     _isInPlace = !_isVariant && holdsValueInPlace();
 }
 

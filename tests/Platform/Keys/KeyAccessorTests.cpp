@@ -39,3 +39,17 @@ TEST(KeyAccessor, ValuesThatWereCopiedStay)
     EXPECT_EQ(name.read(KeyValueTarget::of(&two)), QVariant(u"two"_s));
     EXPECT_EQ(kept, QVariant(u"one"_s));
 }
+
+TEST(KeyAccessor, SmallValuesAreNotNull)
+{
+    KeyAccessor size(u"size"_s);
+    KeyAccessor name(u"name"_s);
+    TestField field(u"one"_s, 0);
+    for (int round = 0; round < 2; ++round) {
+        QVariant read = size.read(KeyValueTarget::of(&field));
+        EXPECT_FALSE(read.isNull());
+        EXPECT_TRUE(read.convert(QMetaType::fromType<QString>()));
+        EXPECT_EQ(read, QVariant(u"0"_s));
+        EXPECT_FALSE(name.read(KeyValueTarget::of(&field)).isNull());
+    }
+}
