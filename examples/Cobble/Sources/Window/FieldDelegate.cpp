@@ -23,6 +23,14 @@ QString textIn(const QWidget *editor)
     return line ? line->text() : static_cast<const TextInput *>(editor)->text();
 }
 
+void fill(QWidget *editor, const QString &text)
+{
+    if (auto *const line = qobject_cast<QLineEdit *>(editor))
+        line->setText(text);
+    else
+        static_cast<TextInput *>(editor)->setText(text);
+}
+
 RecordTableModel *modelOf(const QModelIndex &index)
 {
     return const_cast<RecordTableModel *>(qobject_cast<const RecordTableModel *>(index.model()));
@@ -108,11 +116,7 @@ void FieldDelegate::setEditorData(QWidget *editor, const QModelIndex &index) con
     if (editor->property("_isFilled").toBool())
         return;
     editor->setProperty("_isFilled", true);
-    const QString text = index.data(Qt::EditRole).toString();
-    if (auto *const line = qobject_cast<QLineEdit *>(editor))
-        line->setText(text);
-    else
-        static_cast<TextInput *>(editor)->setText(text);
+    fill(editor, index.data(Qt::EditRole).toString());
 }
 
 void FieldDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
@@ -174,6 +178,17 @@ std::optional<RejectedInput> FieldDelegate::settle()
                                  _problem->hide();
                              Q_EMIT closeEditor(_editor, QAbstractItemDelegate::RevertModelCache);
                          }};
+}
+
+std::optional<QString> FieldDelegate::typed() const
+{
+    return _editor && _editor->isVisible() ? std::optional(textIn(_editor)) : std::nullopt;
+}
+
+void FieldDelegate::typeAnew(const QString &text)
+{
+    if (_editor)
+        fill(_editor, text);
 }
 
 void FieldDelegate::showProblem(QWidget *editor, const QString &reason)

@@ -11,7 +11,6 @@
 #include <KTUtility/KTWindowController>
 
 #include <QAbstractItemView>
-#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFileDialog>
@@ -135,15 +134,6 @@ void addCells(QTableWidget *table, const QStringList &texts)
     for (int column = 0; column < texts.size(); ++column)
         table->setItem(row, column, new QTableWidgetItem(IsolatedText::of(texts.at(column))));
 }
-
-/// The lists of boxes have the names of their boxes.
-void nameLists(const QWidget *window)
-{
-    for (QComboBox *const box : window->findChildren<QComboBox *>()) {
-        if (QAccessibleInterface *const spoken = QAccessible::queryAccessibleInterface(box))
-            box->view()->setAccessibleName(spoken->text(QAccessible::Name));
-    }
-}
 } // namespace
 
 ImportSheet::ImportSheet(OpenBundle *bundle) : TransferSheet(u":/Cobble/ImportSheet.ui"_s, bundle)
@@ -165,7 +155,6 @@ void ImportSheet::windowDidLoad()
         outlet<QComboBox>(u"currencyBox"_s)});
     fillBoxes();
     connectInputs();
-    nameLists(window());
 }
 
 void ImportSheet::fillBoxes()
@@ -332,7 +321,10 @@ Outcome<ImportResult> ImportSheet::import(const ImportRequest &request)
             result = importInThread(isText ? ImportFile::read(request, goesOn) : file, request,
                                     &progress);
         },
-        [&] { progress.goesOn = goOn(progress.row, progress.rowCount) && progress.goesOn; },
+        [&] {
+            releaseHostIfLong();
+            progress.goesOn = goOn(progress.row, progress.rowCount) && progress.goesOn;
+        },
         LookInterval);
     return result;
 }

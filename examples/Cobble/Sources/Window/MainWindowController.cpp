@@ -559,8 +559,10 @@ void MainWindowController::find()
 bool MainWindowController::validateMenuItem(QAction *item)
 {
     const NSSelector action = NSMenuItem::action(item);
-    if (action == NSSelector("exportFile:") || action == NSSelector("showRecordCount:"))
+    if (action == NSSelector("showRecordCount:"))
         return _library != nullptr;
+    if (action == NSSelector("exportFile:"))
+        return _library != nullptr && !isWorking();
     if (action == NSSelector("filterRecords:")) {
         item->setCheckable(true);
         item->setChecked(_finder->showsFilter());
@@ -570,7 +572,7 @@ bool MainWindowController::validateMenuItem(QAction *item)
         return !_records.selection().isEmpty();
     if (action == NSSelector("undoChange:") || action == NSSelector("redoChange:"))
         return validateStep(item, action == NSSelector("undoChange:"));
-    if (action == NSSelector("closeWindow:"))
+    if (action == NSSelector("closeWindow:") || action == NSSelector("importFile:"))
         return !isWorking();
     return true;
 }
@@ -608,11 +610,15 @@ void MainWindowController::run(KTDialogController *dialog)
 
 void MainWindowController::importFile(QAction *)
 {
+    if (isWorking())
+        return;
     run(&_importSheet);
 }
 
 void MainWindowController::importFileAtPath(const QString &path)
 {
+    if (isWorking())
+        return tellDone(tr("Only one import or export at a time: please wait until it is done."));
     _importSheet.propose(path);
     run(&_importSheet);
 }
@@ -630,7 +636,7 @@ void MainWindowController::lendRecordsToExport()
 
 void MainWindowController::exportFile(QAction *)
 {
-    if (!_library)
+    if (!_library || isWorking())
         return;
     exposeObjectToDialog(_library->definition().name, ExportSheet::LibraryKey);
     lendRecordsToExport();

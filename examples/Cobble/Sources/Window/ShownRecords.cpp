@@ -1,5 +1,7 @@
 #include "ShownRecords.h"
 
+#include "DetailPane.h"
+#include "FieldDelegate.h"
 #include "MainWindow.h"
 #include "MainWindowController.h"
 #include "RecordTableModel.h"
@@ -32,6 +34,8 @@ void ShownRecords::takeSelection()
         return;
     _current = (*_window->records()->ids())[size_t(current.row())];
     _currentColumn = _window->model()->columns().at(current.column()).keyPath();
+    _typed = _window->mainWindow()->cells()->typed();
+    _title = _window->model()->headerData(current.column(), Qt::Horizontal).toString();
 }
 
 bool ShownRecords::isOpenedAnew() const
@@ -60,10 +64,25 @@ void ShownRecords::restoreSelection() const
     if (!_selected.empty())
         _window->records()->selectIds(_selected);
     const qsizetype row = _window->records()->rowOf(_current);
-    if (row >= 0)
-        table->selectionModel()->setCurrentIndex(
-            _window->model()->index(int(row), columnOfCurrent()), QItemSelectionModel::NoUpdate);
+    const QModelIndex cell =
+        row >= 0 ? _window->model()->index(int(row), columnOfCurrent()) : QModelIndex();
+    if (cell.isValid())
+        table->selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
     table->doItemsLayout();
     table->horizontalScrollBar()->setValue(_scrolled.x());
     table->verticalScrollBar()->setValue(_scrolled.y());
+    if (_typed)
+        restoreTyped(cell);
+}
+
+/// In the same field of the same record, or else the user is told that it is lost.
+void ShownRecords::restoreTyped(const QModelIndex &cell) const
+{
+    const qsizetype column = _window->library()->fieldWithKey(_currentColumn);
+    if (cell.isValid() && cell.column() == column) {
+        _window->mainWindow()->table()->edit(cell);
+        _window->mainWindow()->cells()->typeAnew(*_typed);
+    } else {
+        Q_EMIT _window->mainWindow()->detail()->inputLost(_title, *_typed);
+    }
 }

@@ -6,9 +6,9 @@
 
 class MainWindowController;
 
-/// Which records of its library a window has selected, and how far it is scrolled. When the library is
-/// opened anew, since its fields have changed, all of that is as before; for its filter, see
-/// RecordFinder::keep().
+/// Which records of its library a window has selected, how far it is scrolled, and what is typed in a
+/// cell. When the library is opened anew, since its fields or its records have changed, all of that is
+/// as before; for its filter, see RecordFinder::keep().
 ///
 /// \code
 /// const ShownRecords before(controller);
@@ -28,6 +28,7 @@ private:
     void takeSelection();
     bool isOpenedAnew() const;
     void restoreSelection() const;
+    void restoreTyped(const QModelIndex &cell) const;
     int columnOfCurrent() const;
 
     MainWindowController *_window;
@@ -38,4 +39,7 @@ private:
     qint64 _current = -1;
     QString _currentColumn;
     QPoint _scrolled;
+    /// What is typed in that cell, and the title of its field.
+    std::optional<QString> _typed;
+    QString _title;
 };

@@ -1,21 +1,38 @@
 #include "TransferSheet.h"
 
+#include "Appearance/ListNames.h"
 #include "Appearance/Sentence.h"
+#include "Text/Safely.h"
+
+#include <KTUtility/KTWindowController>
+#include <KTUtility/NSApplication>
 
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScopedValueRollback>
+#include <QWindow>
 
-#include <exception>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+/// How wide a sheet is at most while it lets the window below be used.
+constexpr int CompactWidth = 420;
+
+/// What is seen of a sheet then.
+bool staysWhenCompact(const QWidget *part)
+{
+    const QStringList names{u"fileLabel"_s, u"fileEdit"_s, u"progressBar"_s, u"cancelButton"_s};
+    return names.contains(part->objectName());
+}
+
 bool isEscape(const QEvent *event)
 {
     return event->type() == QEvent::KeyPress &&
@@ -37,6 +54,7 @@ void TransferSheet::windowDidLoad()
     connectButton(u"goButton"_s, &TransferSheet::go);
     connectButton(u"cancelButton"_s, &TransferSheet::cancel);
     connectButton(u"chooseButton"_s, &TransferSheet::choose);
+    ListNames::give(window());
 }
 
 void TransferSheet::configDialog()
@@ -100,6 +118,8 @@ void TransferSheet::setWorking(bool isWorking)
     bar->setVisible(isWorking);
     bar->setRange(0, 0);
     setInputsEnabled(!isWorking);
+    if (!isWorking)
+        setCompact(false);
     // A widget that cannot be used for a while loses the keyboard.
     if (!isWorking && _lastFocus)
         _lastFocus->setFocus();
@@ -108,11 +128,7 @@ void TransferSheet::setWorking(bool isWorking)
 /// Does the work, in which code of plug-ins may fail.
 Outcome<> TransferSheet::workSafely()
 {
-    try {
-        return work();
-    } catch (const std::exception &failure) {
-        return Failure{QString::fromUtf8(failure.what())};
-    }
+    return safely([this] { return work(); });
 }
 
 /// Does the work while the sheet shows it and other windows wait.
@@ -122,10 +138,68 @@ Outcome<> TransferSheet::workAlone()
     _bundle->setBusy(true);
     // The first look is at once.
     _lastLook.invalidate();
+    _sinceBegin.start();
     Outcome<> done = workSafely();
     _bundle->setBusy(false);
+    const bool isReleased = !_hidden.isEmpty();
     setWorking(false);
+    if (isReleased && !done)
+        blockHostAgain();
     return done;
+}
+
+// --- The window below
+
+void TransferSheet::setCompact(bool isCompact)
+{
+    for (const QPointer<QWidget> &part : std::exchange(_hidden, {})) {
+        if (part)
+            part->show();
+    }
+    if (!isCompact) {
+        if (_fullSize.isValid())
+            window()->resize(std::exchange(_fullSize, {}));
+        return;
+    }
+    _fullSize = window()->size();
+    for (QWidget *const part :
+         window()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (part->isHidden() || staysWhenCompact(part))
+            continue;
+        part->hide();
+        _hidden += part;
+    }
+    // As long as the layout has not looked again, the window cannot be smaller than it was.
+    window()->layout()->activate();
+    window()->resize(qMin(window()->width(), CompactWidth), window()->minimumSizeHint().height());
+}
+
+void TransferSheet::releaseHostIfLong()
+{
+    if (hostWindowController() && NSApplication::isSheet(window()) &&
+        _sinceBegin.elapsed() > _releaseDelay)
+        releaseHost();
+}
+
+void TransferSheet::releaseHost()
+{
+    const QScopedValueRollback moving(_isMoving, true);
+    window()->hide();
+    NSApplication::endSheet(window());
+    setCompact(true);
+    // It stays above the window, but does not block it.
+    window()->windowHandle()->setTransientParent(hostWindowController()->window()->windowHandle());
+    window()->show();
+    // Not to the button that cancels: the user may still hold Return.
+    window()->setFocus();
+}
+
+/// What went wrong has to be answered before the window below is used.
+void TransferSheet::blockHostAgain()
+{
+    const QScopedValueRollback moving(_isMoving, true);
+    if (KTWindowController *const host = hostWindowController())
+        NSApplication::beginSheet(window(), host->window());
 }
 
 void TransferSheet::go()
@@ -166,6 +240,8 @@ bool TransferSheet::goOn(qint64 done, qint64 total)
 
 bool TransferSheet::eventFilter(QObject *object, QEvent *event)
 {
+    if (_isMoving && event->type() == QEvent::Hide)
+        return false;
     const bool ends = isEscape(event) || event->type() == QEvent::Close;
     if (_isWorking && isWindowLoaded() && object == window() && ends) {
         _isCancelled = true;
