@@ -11,7 +11,7 @@ class StepPlayerTests : public testing_support::StoreTest
 {
 protected:
     /// The ages become texts.
-    qint64 changeType()
+    qint64 changeType(const QString &kind = StepKinds::ChangeType)
     {
         const auto text = [](const QVariant &value) -> Outcome<QVariant> {
             return QVariant(NSObject::description(value));
@@ -24,7 +24,14 @@ protected:
                 people = *changed;
                 return {};
             },
-            StepKinds::ChangeType);
+            kind);
+    }
+    qint64 insert(const QVariantList &values)
+    {
+        return make([=, this](StepRecorder &step) -> Outcome<> {
+            const auto inserted = step.insert(people, values);
+            return inserted ? Outcome<>() : inserted.failure();
+        });
     }
     qint64 remove(qint64 id)
     {
@@ -91,5 +98,52 @@ TEST_F(StepPlayerTests, WhatAFieldHadThatIsRemovedComesBackWithIt)
         },
         StepKinds::RemoveField);
     EXPECT_EQ(undoEach({deletion, removal}), QString());
+    EXPECT_EQ(content(), everything);
+}
+
+TEST_F(StepPlayerTests, WhatAChangeOfTypeHasMadeComesBackWithTheRecord)
+{
+    const qint64 insertion = insert({u"Dan"_s, 7, u""_s});
+    const qint64 type = changeType();
+    const qint64 edit = setAge(4, u"8"_s);
+    const QString after = content();
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_EQ(undoEach({edit, type, insertion}), QString());
+        EXPECT_EQ(content(), everything);
+        EXPECT_EQ(redoEach({insertion, type, edit}), QString());
+        EXPECT_EQ(content(), after);
+    }
+    EXPECT_EQ(undoEach({edit, type}), QString());
+    EXPECT_EQ(redoEach({type, edit}), QString());
+    EXPECT_EQ(content(), after);
+}
+
+TEST_F(StepPlayerTests, ARecordStaysThatHasValuesOfALaterField)
+{
+    const qint64 insertion = insert({u"Dan"_s, 7, u""_s});
+    const qint64 field = change([this](StepRecorder &step) {
+        return step.addField(people, testing_support::fieldOf(u"Notes"_s));
+    });
+    const qint64 note =
+        make([this](StepRecorder &step) { return step.update(people, 4, 3, u"precious"_s); });
+    const QString after = content();
+    EXPECT_EQ(undo(insertion), u"it was changed since, so that it cannot be undone"_s);
+    EXPECT_EQ(content(), after);
+    EXPECT_EQ(undo(note), QString());
+    EXPECT_EQ(undo(insertion), QString());
+    EXPECT_EQ(redoEach({insertion, note}), QString());
+    EXPECT_EQ(content(), after);
+    EXPECT_EQ(undoEach({note, field, insertion}), QString());
+    EXPECT_EQ(content(), everything);
+}
+
+TEST_F(StepPlayerTests, AChangeOfTypeAmongOtherChangesCountsAsOne)
+{
+    const qint64 edit = setAge(3, 5);
+    const qint64 fields = changeType(StepKinds::ChangeFields);
+    const QString after = content();
+    EXPECT_EQ(undo(edit), TypeConflict);
+    EXPECT_EQ(content(), after);
+    EXPECT_EQ(undoEach({fields, edit}), QString());
     EXPECT_EQ(content(), everything);
 }

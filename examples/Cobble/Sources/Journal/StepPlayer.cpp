@@ -5,10 +5,10 @@
 #include "Library/JournalBin.h"
 #include "Library/LibraryCatalogue.h"
 #include "Library/SQL.h"
-#include "StepTitle.h"
 #include "Text/Reasons.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -57,6 +57,24 @@ QStringList columnNamesOf(const Library &library)
     return columns;
 }
 
+/// Whether the field of a column has another column in the other library.
+bool hasOtherColumn(const Library &library, const Library &other, const QString &column)
+{
+    const QStringList columns = columnNamesOf(library);
+    const QStringList others = columnNamesOf(other);
+    const qsizetype place = columns.indexOf(column);
+    return place >= 0 && columns.size() == others.size() && !others.contains(column) &&
+           !columns.contains(others.at(place));
+}
+
+/// Whether a change, or undoing it, is one of a field's type, which gives the field another column.
+bool replacesColumn(const CatalogueChange &change, const QString &column)
+{
+    return change.before && change.after &&
+           (hasOtherColumn(*change.before, *change.after, column) ||
+            hasOtherColumn(*change.after, *change.before, column));
+}
+
 bool isOurs(const QString &table)
 {
     return table.startsWith(u"cobble_", Qt::CaseInsensitive) ||
@@ -100,13 +118,13 @@ Outcome<> StepPlayer::playPart(qint64 place)
         return parts.failure();
     const Part part = parts->value(0);
     if (part.kind == JournalKinds::Records)
-        return playRecords(part.table, part.content);
+        return playRecords(place, part.table, part.content);
     return part.kind == JournalKinds::Catalogue ? playCatalogue(part.content) : unreadable();
 }
 
 // --- Records
 
-Outcome<> StepPlayer::playRecords(const QString &tableName, const QByteArray &content)
+Outcome<> StepPlayer::playRecords(qint64 place, const QString &tableName, const QByteArray &content)
 {
     Outcome<QList<RecordChange>> changes = RecordChanges::read(content);
     if (!changes)
@@ -116,26 +134,74 @@ Outcome<> StepPlayer::playRecords(const QString &tableName, const QByteArray &co
         return table.failure();
     if (isUndo())
         std::reverse(changes->begin(), changes->end());
+    _isAmended = false;
     Outcome<> played;
-    for (const RecordChange &change : *changes)
-        played = played.andThen([&] { return playRecord(*table, withColumnsOf(*table, change)); });
-    return played;
+    for (RecordChange &change : *changes)
+        played = played.andThen([&] { return playRecord(*table, &change); });
+    return played.andThen([&] { return keepChanges(place, *std::move(changes)); });
+}
+
+/// Writes the changes again if they say more than before.
+Outcome<> StepPlayer::keepChanges(qint64 place, QList<RecordChange> changes)
+{
+    if (!_isAmended)
+        return {};
+    if (isUndo())
+        std::reverse(changes.begin(), changes.end());
+    RecordChanges written;
+    for (const RecordChange &change : std::as_const(changes))
+        written.add(change);
+    return SQL::run(_database,
+                    u"UPDATE cobble_step_change SET content = ? WHERE step = ? AND place = ?"_s,
+                    {written.bytes(), _step, place});
 }
 
 Outcome<LibraryTable> StepPlayer::openTable(const QString &tableName)
 {
-    if (const auto library = LibraryCatalogue::libraryOf(_database, tableName); !library)
+    const auto library = LibraryCatalogue::libraryOf(_database, tableName);
+    if (!library)
         return conflictUnless(library.failure());
-    // What is written into these would not be in the field: it has another column meanwhile.
-    const Outcome<QStringList> replaced = SQL::texts(
+    _fieldColumns = columnNamesOf(*library);
+    const Outcome<> found = findReplacedColumns(tableName);
+    return found ? LibraryTable::open(_database, tableName) : found.failure();
+}
+
+/// What is written into these would not be in the field: it has another column meanwhile.
+Outcome<> StepPlayer::findReplacedColumns(const QString &tableName)
+{
+    _replacedColumns.clear();
+    const auto put = SQL::rows(
         _database,
-        u"SELECT column_name FROM cobble_bin JOIN cobble_step ON number = step WHERE table_name = "
-        "? AND kind = ? AND CASE WHEN number > ? THEN is_done ELSE NOT is_done END"_s,
-        {tableName, StepKinds::ChangeType, _step});
-    if (!replaced)
-        return replaced.failure();
-    _replacedColumns = *replaced;
-    return LibraryTable::open(_database, tableName);
+        u"SELECT number, column_name FROM cobble_bin JOIN cobble_step ON number = step WHERE "
+        "table_name = ? AND CASE WHEN number > ? THEN is_done ELSE NOT is_done END"_s,
+        {tableName, _step}, [](const QSqlQuery &row) {
+            return std::pair(row.value(0).toLongLong(), row.value(1).toString());
+        });
+    if (!put)
+        return put.failure();
+    for (const auto &[step, column] : *put) {
+        const Outcome<bool> isReplaced = hasReplaced(step, column);
+        if (!isReplaced)
+            return isReplaced.failure();
+        if (*isReplaced)
+            _replacedColumns += column;
+    }
+    return {};
+}
+
+/// Whether a step has given the field of a column another column, so another type.
+Outcome<bool> StepPlayer::hasReplaced(qint64 step, const QString &column)
+{
+    const auto contents = SQL::rows(
+        _database, u"SELECT content FROM cobble_step_change WHERE step = ? AND kind = ?"_s,
+        {step, JournalKinds::Catalogue},
+        [](const QSqlQuery &row) { return row.value(0).toByteArray(); });
+    if (!contents)
+        return contents.failure();
+    return std::ranges::any_of(*contents, [&](const QByteArray &content) {
+        const Outcome<CatalogueChange> change = CatalogueChange::read(content);
+        return change && replacesColumn(*change, column);
+    });
 }
 
 /// Whether a field of which the change has a value has got another type, or its former one.
@@ -178,16 +244,41 @@ Outcome<> StepPlayer::checkRecord(LibraryTable &table, const RecordChange &chang
     return isSame ? Outcome<>() : conflict();
 }
 
-Outcome<> StepPlayer::playRecord(LibraryTable &table, const RecordChange &change)
+/// Takes down what a record that goes has in columns that are newer than the change. What only undone
+/// steps know would not come back with them; what is in a field is a conflict.
+Outcome<> StepPlayer::keepOthers(LibraryTable &table, RecordChange *change)
 {
+    QStringList others = table.columns();
+    others.removeIf([&](const QString &column) { return change->columns.contains(column); });
+    if (others.isEmpty())
+        return {};
+    const auto values = table.valuesOf(change->id, others);
+    if (!values)
+        return values.failure();
+    for (qsizetype place = 0; *values && place < others.size(); ++place) {
+        if ((*values)->at(place).isNull())
+            continue;
+        if (_fieldColumns.contains(others.at(place)))
+            return conflict();
+        change->columns += others.at(place);
+        (isUndo() ? change->after : change->before)->append((*values)->at(place));
+        _isAmended = true;
+    }
+    return {};
+}
+
+Outcome<> StepPlayer::playRecord(LibraryTable &table, RecordChange *recorded)
+{
+    const RecordChange change = withColumnsOf(table, *recorded);
     const std::optional<QVariantList> &from = isUndo() ? change.after : change.before;
     const std::optional<QVariantList> &to = isUndo() ? change.before : change.after;
     _effect.records[table.name()].push_back(change.id);
     if (const Outcome<> checked = checkRecord(table, change); !checked)
         return checked;
-    const auto remove = [&] { return table.remove(change.id); };
     if (!to)
-        return _numbers.keep(table.name(), change.id).andThen(remove);
+        return keepOthers(table, recorded)
+            .andThen([&] { return _numbers.keep(table.name(), change.id); })
+            .andThen([&] { return table.remove(change.id); });
     if (from)
         return table.update(change.id, change.columns, *to);
     const auto inserted = table.insert(change.id, change.columns, *to);

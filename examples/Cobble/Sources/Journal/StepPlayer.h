@@ -33,12 +33,16 @@ public:
 
 private:
     Outcome<> playPart(qint64 place);
-    Outcome<> playRecords(const QString &tableName, const QByteArray &content);
+    Outcome<> playRecords(qint64 place, const QString &tableName, const QByteArray &content);
+    Outcome<> keepChanges(qint64 place, QList<RecordChange> changes);
     Outcome<LibraryTable> openTable(const QString &tableName);
+    Outcome<> findReplacedColumns(const QString &tableName);
+    Outcome<bool> hasReplaced(qint64 step, const QString &column);
     bool hasOtherType(const RecordChange &change) const;
     Failure typeConflict() const;
     Outcome<> checkRecord(LibraryTable &table, const RecordChange &change);
-    Outcome<> playRecord(LibraryTable &table, const RecordChange &change);
+    Outcome<> playRecord(LibraryTable &table, RecordChange *recorded);
+    Outcome<> keepOthers(LibraryTable &table, RecordChange *change);
     Outcome<> playCatalogue(const QByteArray &content);
     Outcome<> checkThere(const std::optional<Library> &from, const std::optional<Library> &to);
     Outcome<> checkNothingLater(const QString &tableName);
@@ -58,5 +62,8 @@ private:
     SpentNumbers _numbers;
     /// Of the table whose records are played.
     QStringList _replacedColumns;
+    QStringList _fieldColumns;
+    /// Whether the step has to say more than it did.
+    bool _isAmended = false;
     StepEffect _effect;
 };

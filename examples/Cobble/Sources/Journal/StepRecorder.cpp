@@ -91,6 +91,9 @@ Outcome<LibraryTable *> StepRecorder::tableOf(const Library &library)
 
 Outcome<qint64> StepRecorder::insert(const Library &library, const QVariantList &values)
 {
+    // A table that cannot be changed needs no number.
+    if (const Outcome<LibraryTable *> table = tableOf(library); !table)
+        return table.failure();
     const Outcome<std::optional<qint64>> id = _numbers.next(library.tableName);
     return id ? insertInto(library, *id, values) : id.failure();
 }
