@@ -37,9 +37,38 @@ TEST_F(OwnTableTests, KnowsWhatSomebodyElseHasMade)
         EXPECT_EQ(state(), OwnTable::State::Ours);
         ASSERT_TRUE(table.drop(store->database()));
     }
-    runSQL(u"CREATE VIEW cobble_own AS SELECT 1"_s);
-    EXPECT_EQ(state(), OwnTable::State::Foreign);
-    EXPECT_FALSE(table.need(store->database()));
+}
+
+TEST_F(OwnTableTests, LeavesWhatSomebodyElseKeepsUnderAnotherName)
+{
+    for (const QString &name : {u"cobble_own_foreign"_s, u"cobble_own_foreign2"_s}) {
+        runSQL(u"CREATE TABLE Cobble_Own (phone)"_s);
+        runSQL(u"INSERT INTO cobble_own VALUES ('precious')"_s);
+        ASSERT_TRUE(table.need(store->database()));
+        EXPECT_EQ(state(), OwnTable::State::Ours);
+        EXPECT_EQ(countOf(name + u" WHERE phone = 'precious'"), 1);
+        ASSERT_TRUE(table.drop(store->database()));
+    }
+}
+
+TEST_F(OwnTableTests, NothingElseKeepsItsNameFromIt)
+{
+    for (const QString &statement : {u"CREATE VIEW cobble_own AS SELECT 1"_s,
+                                     u"CREATE INDEX cobble_own ON kt_people (kt_name)"_s}) {
+        runSQL(statement);
+        EXPECT_EQ(state(), OwnTable::State::Foreign);
+        EXPECT_EQ(table.need(store->database()).reason(), QString());
+        EXPECT_EQ(state(), OwnTable::State::Ours);
+        ASSERT_TRUE(table.drop(store->database()));
+    }
+}
+
+TEST_F(OwnTableTests, TakesNoTableOfALibrary)
+{
+    const OwnTable other = {u"KT_people"_s, u"CREATE TABLE KT_people (name TEXT)"_s};
+    EXPECT_EQ(other.need(store->database()).reason(),
+              u"the library “People” has the table “KT_people”, which Cobble needs for itself"_s);
+    EXPECT_EQ(content(), everything);
 }
 
 TEST_F(OwnTableTests, KeepsItsRowsAndNobodysIndices)

@@ -3,6 +3,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Library/BundleLockTests.cpp
     Cobble/Library/BundleOptionTests.cpp
     Cobble/Library/DatabaseCopyTests.cpp
+    Cobble/Library/IdsInTableTests.cpp
     Cobble/Library/InterruptedChange.cpp
     Cobble/Library/LibraryCatalogueTests.cpp
     Cobble/Library/LibraryNamesTests.cpp

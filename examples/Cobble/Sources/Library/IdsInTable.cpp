@@ -35,8 +35,8 @@ Outcome<TableNumbers> numbersOf(const QSqlDatabase &database, const Library &lib
             outcome = answer.failure();
     };
     ask(&numbers.isKey,
-        u"SELECT count(*) FROM pragma_table_info(?) WHERE name = 'id' AND type = 'INTEGER' AND "
-        "pk = 1"_s,
+        u"SELECT count(*) = 1 AND sum(name = 'id' AND type = 'INTEGER') = 1 FROM "
+        "pragma_table_info(?) WHERE pk > 0"_s,
         {library.tableName});
     ask(&numbers.count, u"SELECT count(*)" + from, {});
     ask(&numbers.first, u"SELECT min(" + id + u')' + from, {});

@@ -62,10 +62,13 @@ Outcome<qint64> greatestStepIn(const QSqlDatabase &database, const QString &tabl
                                const QString &column)
 {
     const Outcome<bool> isThere = DatabaseTables::has(database, table);
+    if (!isThere && !isThere.failure().isFinal)
+        return isThere.failure();
     const Outcome<QStringList> columns = DatabaseTables::columnsOf(database, table);
-    if (!isThere || !columns)
-        return isThere ? columns.failure() : isThere.failure();
-    if (!*isThere || !columns->contains(column))
+    if (!columns)
+        return columns.failure();
+    // What is no table has no steps.
+    if (!isThere.valueOr(false) || !columns->contains(column))
         return 0;
     const QString name = SQL::columnIn(table, column);
     return SQL::number(database,

@@ -1,8 +1,30 @@
 #include "OwnTable.h"
 
+#include "LibraryCatalogue.h"
 #include "SQL.h"
+#include "Text/Reasons.h"
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+/// Views and indices hold nothing of their own.
+QString statementThatRemoves(const QString &type, const QString &name, const QString &freeName)
+{
+    if (type == u"table")
+        return u"ALTER TABLE %1 RENAME TO %2"_s.arg(SQL::quoted(name), SQL::quoted(freeName));
+    return u"DROP %1 %2"_s.arg(type, SQL::quoted(name));
+}
+
+QString freeNameFor(const QString &name, const QStringList &names)
+{
+    QString free = name + u"_foreign";
+    for (int number = 2; names.contains(free, Qt::CaseInsensitive); ++number)
+        free = u"%1_foreign%2"_s.arg(name).arg(number);
+    return free;
+}
+} // namespace
 
 Outcome<OwnTable::State> OwnTable::stateIn(const QSqlDatabase &database) const
 {
@@ -22,7 +44,45 @@ Outcome<> OwnTable::make(const QSqlDatabase &database) const
 
 Outcome<> OwnTable::drop(const QSqlDatabase &database) const
 {
-    return SQL::run(database, u"DROP TABLE IF EXISTS " + SQL::quoted(name));
+    const Outcome<State> state = stateIn(database);
+    if (!state)
+        return state.failure();
+    return *state == State::Foreign
+               ? putAside(database)
+               : SQL::run(database, u"DROP TABLE IF EXISTS " + SQL::quoted(name));
+}
+
+Outcome<> OwnTable::putAside(const QSqlDatabase &database) const
+{
+    const auto others =
+        SQL::rows(database, u"SELECT type, name FROM sqlite_master WHERE name = ? COLLATE NOCASE"_s,
+                  {name}, [](const QSqlQuery &row) {
+                      return std::pair(row.value(0).toString(), row.value(1).toString());
+                  });
+    const Outcome<QStringList> names = SQL::texts(database, u"SELECT name FROM sqlite_master"_s);
+    if (!others || !names)
+        return others ? names.failure() : others.failure();
+    Outcome<> aside = checkNoLibrary(database);
+    for (const auto &[type, other] : *others)
+        aside = aside.andThen([&] {
+            return SQL::run(database, statementThatRemoves(type, other, freeNameFor(name, *names)));
+        });
+    return aside;
+}
+
+Outcome<> OwnTable::checkNoLibrary(const QSqlDatabase &database) const
+{
+    const Outcome<QList<Library>> libraries = LibraryCatalogue::libraries(database);
+    if (!libraries)
+        return libraries.failure();
+    for (const Library &library : *libraries) {
+        if (library.tableName.compare(name, Qt::CaseInsensitive) == 0)
+            return Failure{.reason = Reasons::tr("the library “%1” has the table “%2”, which "
+                                                 "Cobble needs for itself")
+                                         .arg(library.name, name),
+                           .isFinal = true};
+    }
+    return {};
 }
 
 Outcome<> OwnTable::dropIndices(const QSqlDatabase &database) const

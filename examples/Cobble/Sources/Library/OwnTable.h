@@ -21,10 +21,16 @@ struct OwnTable
 
     Outcome<State> stateIn(const QSqlDatabase &database) const;
     Outcome<> make(const QSqlDatabase &database) const;
+    /// Drops it. What somebody else has made is not dropped: a table gets a name of its own, so that
+    /// what it has stays. Fails if it is that of a library.
     Outcome<> drop(const QSqlDatabase &database) const;
     /// Drops the indices of somebody else, which could refuse what is added. They keep nobody from
     /// reading.
     Outcome<> dropIndices(const QSqlDatabase &database) const;
     /// Makes the table if it is not there, also in the place of somebody else's.
     Outcome<> need(const QSqlDatabase &database) const;
+
+private:
+    Outcome<> putAside(const QSqlDatabase &database) const;
+    Outcome<> checkNoLibrary(const QSqlDatabase &database) const;
 };
