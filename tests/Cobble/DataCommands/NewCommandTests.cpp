@@ -135,6 +135,10 @@ TEST_F(NewCommandTests, RefusesInputThatIsNoRecord)
         {"{\"values\": {\"Born\": \"3/4/2008\"}}", u"Born: it is no date of ISO 8601"_s},
         {"{\"values\": {\"Photo\": \"/etc/passwd\"}}",
          u"'/etc/passwd' is no media file of the bundle"_s},
+        {"{\"values\": {\"Name\": \"Ann\", \"name\": \"Bob\"}}",
+         u"the field 'Name' has two values"_s},
+        {"{\"values\": {\"Age\": 0.1234567890123456789}}",
+         u"the number 0.1234567890123456789 has more digits than are kept; write it as a text"_s},
     };
     for (const auto &row : rows) {
         const CommandResult result =

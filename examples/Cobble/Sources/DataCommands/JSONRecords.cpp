@@ -1,6 +1,7 @@
 #include "JSONRecords.h"
 
 #include "Commands/LibraryJSON.h"
+#include "JSONNumbers.h"
 
 #include <QJsonDocument>
 
@@ -48,6 +49,9 @@ Outcome<FieldValues> readValues(DataChange &change, const Library &library, Know
                   : field.failure();
         if (!value)
             return value.failure();
+        if (values.contains(*field))
+            return change.failure(ExitCode::Unread, u"the field '%1' has two values"_s.arg(
+                                                        library.fields.at(*field).title()));
         values.insert(*field, *value);
     }
     return values;
@@ -87,6 +91,9 @@ Outcome<QList<JSONRecord>> JSONRecords::read(DataChange &change, const Library &
     if (document.isNull())
         return change.failure(ExitCode::Unread,
                               u"the standard input is no JSON: %1"_s.arg(error.errorString()));
+    if (const QString number = JSONNumbers::firstInexact(json); !number.isNull())
+        return change.failure(ExitCode::Unread, u"the number %1 has more digits than are kept; "
+                                                "write it as a text"_s.arg(number));
     QList<JSONRecord> records;
     KnownFields fields(change, library);
     for (const QJsonValue &each : recordsInJSON(document)) {

@@ -4,6 +4,7 @@ target_sources(CobbleHost PRIVATE
     Sources/DataCommands/FieldCommand.cpp
     Sources/DataCommands/FieldNames.cpp
     Sources/DataCommands/FieldSettings.cpp
+    Sources/DataCommands/JSONNumbers.cpp
     Sources/DataCommands/JSONRecords.cpp
     Sources/DataCommands/NewCommand.cpp
     Sources/DataCommands/RecordNumbers.cpp
