@@ -84,7 +84,9 @@ bool matches(const QString &text, const QString &pattern, bool ignoresCase)
                                                  QRegularExpression::UseUnicodePropertiesOption;
     options.setFlag(QRegularExpression::CaseInsensitiveOption, ignoresCase);
     const QRegularExpression expression(QRegularExpression::anchoredPattern(pattern), options);
-    return expression.isValid() && expression.match(text).hasMatch();
+    // "a)|(b" would be an expression between the parentheses that make it match the whole text.
+    return expression.isValid() && expression.match(text).hasMatch() &&
+           QRegularExpression(pattern, options).isValid();
 }
 
 /// The place behind a character, which may be a surrogate pair.

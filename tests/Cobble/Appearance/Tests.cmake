@@ -5,6 +5,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Appearance/IconsTests.cpp
     Cobble/Appearance/IsolatedTextTests.cpp
     Cobble/Appearance/LineIconTests.cpp
+    Cobble/Appearance/ListNamesTests.cpp
     Cobble/Appearance/ProblemLabelTests.cpp
     Cobble/Appearance/RememberedColumnsTests.cpp
     Cobble/Appearance/SentenceTests.cpp

@@ -281,6 +281,7 @@ TEST(RecordFilter, SaysWhatIsWrongAndWhere)
                                    {u"name = \"x", u"\""},
                                    {u"name = \"x\" y", u"y"},
                                    {u"name MATCHES \"[\"", u"\"[\""},
+                                   {u"name MATCHES \"a)|(b\"", u"\"a)|(b\""},
                                    {u"name =[x] y", u"[x]"},
                                    {u"visits BETWEEN 1", u"1"},
                                    {u"visits BETWEEN {1, 2, 3}", u"{1, 2, 3}"},

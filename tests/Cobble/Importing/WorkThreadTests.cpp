@@ -73,3 +73,18 @@ TEST(WorkThread, WorksHereWhereNoThreadStarts)
     EXPECT_THROW(WorkThread::run([] { throw std::runtime_error("thrown"); }, [] {}, 1),
                  std::runtime_error);
 }
+
+TEST(WorkThread, WhatThrowsWhileItWorksWaitsForIt)
+{
+    testing_support::needApplication();
+    std::atomic<bool> isDone = false;
+    EXPECT_THROW(WorkThread::run(
+                     [&] {
+                         for (int turn = 0; turn < 10'000; ++turn)
+                             std::this_thread::yield();
+                         isDone = true;
+                     },
+                     [] { throw std::runtime_error("thrown"); }, 1),
+                 std::runtime_error);
+    EXPECT_TRUE(isDone);
+}

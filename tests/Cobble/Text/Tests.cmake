@@ -9,6 +9,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Text/ISODateTextTests.cpp
     Cobble/Text/OutcomeTests.cpp
     Cobble/Text/PrintableTextTests.cpp
+    Cobble/Text/SafelyTests.cpp
     Cobble/Text/ShortTextTests.cpp
     Cobble/Text/TextDecoderTests.cpp
     Cobble/Text/TextEncodingsTests.cpp

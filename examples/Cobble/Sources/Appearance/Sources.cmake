@@ -5,6 +5,7 @@ target_sources(CobbleHost PRIVATE
     Sources/Appearance/Icons.cpp
     Sources/Appearance/IsolatedText.cpp
     Sources/Appearance/LineIcon.cpp
+    Sources/Appearance/ListNames.cpp
     Sources/Appearance/ProblemLabel.cpp
     Sources/Appearance/RememberedColumns.cpp
     Sources/Appearance/Sentence.cpp

@@ -201,10 +201,14 @@ private:
                 QRegularExpression::UseUnicodePropertiesOption |
                 (ignoresCase ? QRegularExpression::CaseInsensitiveOption
                              : QRegularExpression::NoPatternOption));
-        if (!expression.isValid())
-            return refuse(
-                FilterTexts::tr("it is no regular expression: %1").arg(expression.errorString()),
-                value());
+        // "a)|(b" would be one between the parentheses that make it match the whole text.
+        const QRegularExpression typedAlone(value().text);
+        for (const QRegularExpression &each : {typedAlone, expression}) {
+            if (!each.isValid())
+                return refuse(
+                    FilterTexts::tr("it is no regular expression: %1").arg(each.errorString()),
+                    value());
+        }
         return [expression, typed = value().text, accents, fields = _fields,
                 field = _comparison.field](const QVariant &each) {
             const QString text = ComparedText::of(fields->textOf(field, each), accents);

@@ -1,5 +1,6 @@
 #include "FilterBar.h"
 
+#include "Appearance/ListNames.h"
 #include "Appearance/ProblemLabel.h"
 #include "Filter/FilterCondition.h"
 #include "Filter/FilterWriter.h"
@@ -45,6 +46,7 @@ FilterBar::FilterBar(QWidget *parent) : QWidget(parent), _layout(new QVBoxLayout
     _rowsLayout->setContentsMargins(0, 0, 0, 0);
     _layout->addWidget(_rowsPlace);
     makeText();
+    ListNames::give(this);
     setFields(nullptr);
 }
 

@@ -1,5 +1,6 @@
 #include "FilterRow.h"
 
+#include "Appearance/ListNames.h"
 #include "Appearance/ProblemLabel.h"
 #include "FilterWords.h"
 
@@ -69,6 +70,7 @@ FilterRow::FilterRow(const std::shared_ptr<const FilterFields> &fields, QWidget 
     });
     for (const QLineEdit *const input : {_value, _end})
         QObject::connect(input, &QLineEdit::textEdited, this, &FilterRow::changed);
+    ListNames::give(this);
 }
 
 void FilterRow::makeInputs()

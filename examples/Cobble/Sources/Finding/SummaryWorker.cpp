@@ -1,6 +1,7 @@
 #include "SummaryWorker.h"
 
 #include "Records/RecordScan.h"
+#include "Text/Safely.h"
 
 SummaryWorker::SummaryWorker()
 {
@@ -34,7 +35,8 @@ void SummaryWorker::work(const KTDatabaseBundle &bundle, const Request &request,
     const auto store = LibraryStore::open(bundle, LibraryStore::Mode::Existing);
     if (!store)
         return;
-    const auto summed = summary(**store, request, [&flag] { return flag->load(); });
+    const auto summed =
+        safely([&] { return summary(**store, request, [&flag] { return flag->load(); }); });
     if (!summed)
         return;
     const auto tell = [this, flag, result = *summed] {

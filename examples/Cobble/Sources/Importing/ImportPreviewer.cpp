@@ -1,20 +1,11 @@
 #include "ImportPreviewer.h"
 
-#include <exception>
+#include "Text/Safely.h"
+
 #include <system_error>
 
 namespace {
 using Make = std::function<Outcome<ImportPreview>(const std::function<bool()> &goesOn)>;
-
-/// What code of plug-ins may throw is a failure.
-Outcome<ImportPreview> madeSafely(const Make &make, const std::function<bool()> &goesOn)
-{
-    try {
-        return make(goesOn);
-    } catch (const std::exception &failure) {
-        return Failure{QString::fromUtf8(failure.what())};
-    }
-}
 } // namespace
 
 ImportPreviewer::~ImportPreviewer()
@@ -69,7 +60,7 @@ void ImportPreviewer::startWith(const Make &make)
     _goesOn = true;
     try {
         _thread = std::thread([this, make] {
-            const auto preview = madeSafely(make, [this] { return _goesOn.load(); });
+            const auto preview = safely([&] { return make([this] { return _goesOn.load(); }); });
             QMetaObject::invokeMethod(
                 this, [this, preview] { finish(preview); }, Qt::QueuedConnection);
         });

@@ -1,6 +1,7 @@
 #include "WorkThread.h"
 
 #include <QEventLoop>
+#include <QScopeGuard>
 #include <QTimer>
 
 #include <atomic>
@@ -62,12 +63,14 @@ void WorkThread::run(const std::function<void()> &work, const std::function<void
 {
     WorkOnItsWay working(work);
     std::thread thread = working.start();
+    const auto join = qScopeGuard([&thread] {
+        if (thread.joinable())
+            thread.join();
+    });
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, look);
     timer.start(interval);
     look();
     working.wait();
-    if (thread.joinable())
-        thread.join();
     working.rethrow();
 }

@@ -1,5 +1,6 @@
 #include "FieldOptionsEditor.h"
 
+#include "Appearance/ListNames.h"
 #include "Fields/FieldReader.h"
 
 #include <KTUtility/KTOptionsKeys>
@@ -75,6 +76,7 @@ void FieldOptionsEditor::addOptions(const FieldReader &reader)
         if (isOffered(key))
             addOption(key, NSKeyValueCoding::valueForKey(formatter, key));
     }
+    ListNames::give(this);
 }
 
 void FieldOptionsEditor::addOption(const QString &key, const QVariant &value)

@@ -1,5 +1,7 @@
 #include "FieldPreviewer.h"
 
+#include "Text/Safely.h"
+
 FieldPreviewer::FieldPreviewer(const KTDatabaseBundle &bundle) : _bundle(bundle)
 {
     _pool.setMaxThreadCount(1);
@@ -49,7 +51,8 @@ void FieldPreviewer::work(const FieldScan &scan, const Flag &flag)
 {
     const auto store = LibraryStore::open(_bundle, LibraryStore::Mode::Existing);
     const Result result =
-        store ? scan.run(**store, [&flag] { return flag->load(); }) : store.failure();
+        store ? safely([&] { return scan.run(**store, [&flag] { return flag->load(); }); })
+              : store.failure();
     const auto tell = [this, flag, result] {
         if (*flag)
             take(result);

@@ -1,5 +1,6 @@
 #include "FieldSheet.h"
 
+#include "Appearance/ListNames.h"
 #include "Appearance/ProblemLabel.h"
 #include "Appearance/Sentence.h"
 #include "FieldChanges.h"
@@ -55,6 +56,7 @@ FieldSheet::FieldSheet(QWidget *window, const KTDatabaseBundle &bundle, const Li
     setWindowModality(Qt::WindowModal);
     setAttribute(Qt::WA_DeleteOnClose);
     addParts();
+    ListNames::give(this);
     select(0);
     planChanged();
     _list->setFocus();

@@ -1,5 +1,6 @@
 #include "NameSheet.h"
 
+#include "Appearance/ListNames.h"
 #include "Appearance/ProblemLabel.h"
 #include "Fields/FieldTypeTitles.h"
 
@@ -53,6 +54,7 @@ void NameSheet::needType()
         _type->addItem(FieldTypeTitles::titleOf(type), int(type));
     static_cast<QFormLayout *>(layout())->insertRow(1, tr("&Type:"), _type);
     setTabOrder(_name, _type);
+    ListNames::give(this);
 }
 
 FieldType NameSheet::type() const

@@ -85,13 +85,16 @@ void RecordList::setFilter(const NSPredicate &filter, bool isSlow)
 
 // --- The rows -----------------------------------------------------------------------------------
 
-/// In the order in which they were stored, it is found at once.
+/// In the order in which they were stored, it is found at once. While others are looked for, or if
+/// that failed, they may still be in another order.
 qsizetype RecordList::rowOf(qint64 id) const
 {
     const RecordIds &shown = *ids();
-    const bool areAscending = sorts().isEmpty();
-    const auto found = areAscending ? std::lower_bound(shown.begin(), shown.end(), id)
-                                    : std::find(shown.begin(), shown.end(), id);
+    const bool mayAscend = sorts().isEmpty();
+    auto found = mayAscend ? std::lower_bound(shown.begin(), shown.end(), id) : shown.end();
+    const bool isFound = found != shown.end() && *found == id;
+    if (!isFound && (!mayAscend || _arrangement.isOutdated()))
+        found = std::find(shown.begin(), shown.end(), id);
     return found == shown.end() || *found != id ? -1 : qsizetype(found - shown.begin());
 }
 
@@ -202,9 +205,11 @@ void RecordList::fillDetail()
     if (_library)
         _library->prepare(selected);
     for (const qint64 id : selected) {
-        if (const std::shared_ptr<StoredRecord> record = _library->record(id))
-            records.push_back(record);
+        records.push_back(_library->record(id));
     }
+    // Who does not see all of them shall not change some of them.
+    if (std::find(records.begin(), records.end(), nullptr) != records.end())
+        records.clear();
     if (records == _held)
         return;
     QVariantList content;

@@ -92,7 +92,8 @@ Q_SIGNALS:
     /// Values of any records may have changed.
     void valuesChanged();
     /// The records could not be arranged as it was wished for; they are shown as before.
-    void failed(const QString &reason);
+    /// \param isFinal whether it would fail again.
+    void failed(const QString &reason, bool isFinal);
 
 private:
     void connectLibrary();

@@ -1,5 +1,7 @@
 #include "ArrangementWorker.h"
 
+#include "Text/Safely.h"
+
 ArrangementWorker::ArrangementWorker()
 {
     _pool.setMaxThreadCount(1);
@@ -47,7 +49,7 @@ void ArrangementWorker::work(const KTDatabaseBundle &bundle, const ArrangementRe
     RecordArranger arranger(**store, request);
     arranger.setGoesOn([&flag] { return flag->load(); });
     arranger.setTold([&](const RecordIds &ids) { pass([this, ids] { Q_EMIT told(ids); }); });
-    const Outcome<ArrangementResult> arranged = arranger.arrange();
+    const auto arranged = safely([&] { return arranger.arrange(); });
     pass([this, arranged, flag] { finish(arranged, flag); });
 }
 

@@ -87,7 +87,7 @@ void RecordArrangement::setFilter(const NSPredicate &filter, bool isSlow)
 
 void RecordArrangement::setSorts(const QList<RecordSort> &sorts)
 {
-    if (sorts == _wish.sorts)
+    if (sorts == _wish.sorts && !_hasFailed)
         return;
     _wish.sorts = sorts;
     arrange();
@@ -117,6 +117,7 @@ void RecordArrangement::arrange()
     _worker.cancel();
     _hasTold = false;
     _isOutdated = false;
+    _hasFailed = false;
     if (!_source || !isArranging()) {
         finish(ArrangementResult{_source ? _source->all : std::make_shared<RecordIds>(), nullptr});
         return;
@@ -180,9 +181,12 @@ void RecordArrangement::finish(const Outcome<ArrangementResult> &arranged)
     setSlow(false);
     if (arranged || arranged.isCancelled())
         return;
+    // The same wish is tried again when it is made again.
+    _isOutdated = true;
+    _hasFailed = true;
     if (_before)
         show(_before);
-    Q_EMIT failed(arranged.reason());
+    Q_EMIT failed(arranged.reason(), arranged.failure().isFinal);
 }
 
 void RecordArrangement::show(const SharedRecordIds &ids)

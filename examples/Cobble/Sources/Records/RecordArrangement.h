@@ -56,6 +56,8 @@ public:
     const SharedRecordIds &ids() const { return _ids; }
     /// Whether other records are still looked for.
     bool isWorking() const { return _worker.isWorking(); }
+    /// Whether what is shown may be in another order than it was wished for, or of other values.
+    bool isOutdated() const { return isWorking() || _isOutdated; }
     /// Whether this takes so long that people should know.
     bool isSlow() const { return _isSlow; }
 
@@ -65,7 +67,8 @@ Q_SIGNALS:
     /// Whether the work takes long has changed.
     void slowChanged();
     /// The records could not be arranged; they are shown as before.
-    void failed(const QString &reason);
+    /// \param isFinal whether it would fail again.
+    void failed(const QString &reason, bool isFinal);
 
 private:
     bool isArranging() const;
@@ -102,6 +105,7 @@ private:
     SharedRecordIds _before;
     /// Whether values have changed since the last arrangement.
     bool _isOutdated = false;
+    bool _hasFailed = false;
     bool _isFilterSlow = false;
     bool _isSlow = false;
     QTimer _slowTimer;

@@ -7,6 +7,7 @@ target_sources(CobbleHost PRIVATE
     Sources/Text/HTMLTable.cpp
     Sources/Text/Outcome.h
     Sources/Text/PrintableText.cpp
+    Sources/Text/Safely.h
     Sources/Text/ShortText.cpp
     Sources/Text/TextDecoder.cpp
     Sources/Text/TextEncodings.cpp

@@ -266,9 +266,12 @@ void RecordCommands::editNew(qint64 id)
         table->setFocus(Qt::OtherFocusReason);
         table->editFirstCell(int(row));
     } else if (records->isArranging()) {
-        QObject::connect(
-            records, &RecordList::arrangedObjectsChanged, this, [this, id] { editNew(id); },
-            Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+        const auto edit = [this, id, library = _window->library()] {
+            if (_window->library() == library)
+                editNew(id);
+        };
+        QObject::connect(records, &RecordList::arrangedObjectsChanged, this, edit,
+                         Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
     }
 }
 
