@@ -1256,6 +1256,10 @@
         </translation>
     </message>
     <message>
+        <source>Only one import or export at a time: please wait until it is done.</source>
+        <translation>Es geht immer nur ein Import oder Export: Bitte warten Sie, bis er fertig ist.</translation>
+    </message>
+    <message>
         <source>Searching… %1</source>
         <translation>Suchen … %1</translation>
     </message>
@@ -1853,6 +1857,10 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <message>
         <source>the library was changed meanwhile</source>
         <translation>Die Bibliothek wurde inzwischen geändert</translation>
+    </message>
+    <message>
+        <source>the library “%1” has the table “%2”, which Cobble needs for itself</source>
+        <translation>die Bibliothek „%1“ hat die Tabelle „%2“, die Cobble selbst braucht</translation>
     </message>
     <message>
         <source>the record is no longer there</source>

@@ -1256,6 +1256,10 @@
         </translation>
     </message>
     <message>
+        <source>Only one import or export at a time: please wait until it is done.</source>
+        <translation>Une seule importation ou exportation à la fois : veuillez attendre qu’elle soit terminée.</translation>
+    </message>
+    <message>
         <source>Searching… %1</source>
         <translation>Recherche… %1</translation>
     </message>
@@ -1853,6 +1857,10 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <message>
         <source>the library was changed meanwhile</source>
         <translation>La bibliothèque a été modifiée entre-temps</translation>
+    </message>
+    <message>
+        <source>the library “%1” has the table “%2”, which Cobble needs for itself</source>
+        <translation>la bibliothèque « %1 » a la table « %2 », dont Cobble a besoin pour lui-même</translation>
     </message>
     <message>
         <source>the record is no longer there</source>

@@ -1245,6 +1245,10 @@
         </translation>
     </message>
     <message>
+        <source>Only one import or export at a time: please wait until it is done.</source>
+        <translation>読み込みと書き出しは一度に 1 つだけです。終わるまでお待ちください。</translation>
+    </message>
+    <message>
         <source>Searching… %1</source>
         <translation>検索中… %1</translation>
     </message>
@@ -1840,6 +1844,10 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <message>
         <source>the library was changed meanwhile</source>
         <translation>その間にライブラリが変更されました</translation>
+    </message>
+    <message>
+        <source>the library “%1” has the table “%2”, which Cobble needs for itself</source>
+        <translation>ライブラリ「%1」の表「%2」は、Cobble 自身が必要とする名前です</translation>
     </message>
     <message>
         <source>the record is no longer there</source>
