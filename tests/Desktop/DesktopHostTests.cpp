@@ -5,11 +5,13 @@
 #include "Making/FieldSheet.h"
 
 #include <KTUtility/KTWindowManager>
+#include <KTUtility/NSApplication>
 
 #include <QHeaderView>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QScreen>
+#include <QTimer>
 #include <QWindow>
 
 using namespace Qt::StringLiterals;
@@ -154,6 +156,47 @@ TEST_F(DesktopHostTests, QuittingWaitsForTheSheet)
     ASSERT_TRUE(becomesActive(window->mainWindow()));
     press(Qt::Key_Q, Qt::ControlModifier);
     EXPECT_TRUE(QTest::qWaitFor([this] { return application->windows().isEmpty(); }));
+}
+
+TEST_F(DesktopHostTests, AWindowIsUsedDuringItsImport)
+{
+    QByteArray rows = "Number,Text\n";
+    for (int row = 0; row < 200'000; ++row)
+        rows += QByteArray::number(row) + ",text\n";
+    tree.add(u"Long.csv"_s, rows);
+    MainWindowController *const window = openActive();
+    press(Qt::Key_I, Qt::ControlModifier);
+    ASSERT_TRUE(becomesActive(window->importSheet()));
+    QWidget *const sheet = window->importSheet()->window();
+    window->importSheet()->setReleaseDelay(-1);
+    write(tree.path(u"Long.csv"_s));
+    bool wasUsed = false;
+    // Once the window can be used: with the mouse, while the small window is before it.
+    const auto use = [&] {
+        if (NSApplication::isSheet(sheet) || !window->importSheet()->isWorking())
+            return;
+        RecordTableView *const table = window->mainWindow()->table();
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
+                          table->visualRect(window->model()->index(2, 0)).center());
+        wasUsed = window->records()->selectionIndex() == 2 && window->importSheet()->isWorking();
+        EXPECT_EQ(sheet->windowHandle()->transientParent(), window->mainWindow()->windowHandle());
+        window->importSheet()->cancel();
+    };
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        if (!wasUsed)
+            use();
+    });
+    timer.start(1);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(wasUsed);
+    // What it says has to be answered.
+    ASSERT_TRUE(becomesActive(sheet));
+    EXPECT_TRUE(NSApplication::isSheet(sheet));
+    EXPECT_FALSE(window->importSheet()->problem().isEmpty());
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(becomesActive(window->mainWindow()));
+    EXPECT_EQ(librariesIn(window), QStringList(u"Things"_s));
 }
 
 TEST_F(DesktopHostTests, TheMenuIsReachedByItsLetters)
