@@ -17,6 +17,7 @@
 
 #include <QClipboard>
 #include <QComboBox>
+#include <QDebug>
 #include <QDialogButtonBox>
 #include <QFile>
 #include <QHeaderView>
@@ -102,11 +103,19 @@ public:
     /// Where something is typed, in the table or elsewhere.
     static QWidget *input() { return QApplication::focusWidget(); }
     bool isEditingCell() const { return input() && table()->viewport()->isAncestorOf(input()); }
+    std::string whereTheKeyboardIs() const
+    {
+        QString text;
+        QDebug(&text) << QGuiApplication::applicationState() << QGuiApplication::focusWindow()
+                      << QApplication::activeWindow() << QApplication::focusWidget()
+                      << table()->currentIndex();
+        return text.toStdString();
+    }
     void typeIntoCell(int row, int column, const QString &text) const
     {
         clickCell(row, column);
         pressKey(Qt::Key_F2);
-        ASSERT_TRUE(comes([this] { return isEditingCell(); }));
+        ASSERT_TRUE(comes([this] { return isEditingCell(); })) << whereTheKeyboardIs();
         typeAnew(text);
         pressKey(Qt::Key_Return);
     }

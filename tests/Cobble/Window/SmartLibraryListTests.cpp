@@ -1,6 +1,6 @@
 // Smart libraries in the host's main window.
 
-#include "WindowSupport.h"
+#include "SheetSupport.h"
 
 #include "Finding/FilterBar.h"
 #include "Open/OpenBundle.h"
@@ -17,7 +17,7 @@
 
 using namespace Qt::StringLiterals;
 
-class SmartLibraryListTests : public HostWindowTest
+class SmartLibraryListTests : public HostSheetTest
 {
 protected:
     static SmartLibrary visitors(MainWindowController *window, const QString &name)
@@ -182,7 +182,15 @@ TEST_F(SmartLibraryListTests, ItsMenuRenamesAndRemoves)
     delete menu;
     menu = menuAt(1);
     ASSERT_NE(menu, nullptr);
-    menu->actions().last()->trigger();
+    for (const QString &answer : {u"Cancel"_s, u"Remove"_s}) {
+        EXPECT_EQ(librariesIn(window).last(), u"    Guests"_s);
+        menu->actions().last()->trigger();
+        QMessageBox *const question = alertBox();
+        ASSERT_NE(question, nullptr);
+        EXPECT_TRUE(question->text().contains(u"Guests"));
+        press(question, answer);
+        turn();
+    }
     EXPECT_EQ(librariesIn(window), QStringList(u"Things"_s));
     delete menu;
 }

@@ -2062,6 +2062,10 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
         <translation>Abbrechen</translation>
     </message>
     <message>
+        <source>Its records stay. This cannot be undone.</source>
+        <translation>Ihre Datensätze bleiben. Das lässt sich nicht widerrufen.</translation>
+    </message>
+    <message>
         <source>Name:</source>
         <translation>Name:</translation>
     </message>
@@ -2072,6 +2076,14 @@ Datei ▸ Importieren … macht eine aus einer Tabelle oder aus Visitenkarten.</
     <message>
         <source>Remove</source>
         <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the smart library “%1”?</source>
+        <translation>Die intelligente Bibliothek „%1“ entfernen?</translation>
+    </message>
+    <message>
+        <source>Remove…</source>
+        <translation>Entfernen …</translation>
     </message>
     <message>
         <source>Rename Smart Library</source>

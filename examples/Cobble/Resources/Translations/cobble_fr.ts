@@ -2062,6 +2062,10 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
         <translation>Annuler</translation>
     </message>
     <message>
+        <source>Its records stay. This cannot be undone.</source>
+        <translation>Ses enregistrements restent. Cette opération est irréversible.</translation>
+    </message>
+    <message>
         <source>Name:</source>
         <translation>Nom :</translation>
     </message>
@@ -2072,6 +2076,14 @@ Fichier ▸ Importer… en crée une à partir d’un tableau ou de cartes de vi
     <message>
         <source>Remove</source>
         <translation>Supprimer</translation>
+    </message>
+    <message>
+        <source>Remove the smart library “%1”?</source>
+        <translation>Supprimer la bibliothèque intelligente « %1 » ?</translation>
+    </message>
+    <message>
+        <source>Remove…</source>
+        <translation>Supprimer…</translation>
     </message>
     <message>
         <source>Rename Smart Library</source>

@@ -2047,6 +2047,10 @@ File ▸ Import… makes one of a table or of address cards.</source>
         <translation>キャンセル</translation>
     </message>
     <message>
+        <source>Its records stay. This cannot be undone.</source>
+        <translation>レコードは残ります。この操作は取り消せません。</translation>
+    </message>
+    <message>
         <source>Name:</source>
         <translation>名前:</translation>
     </message>
@@ -2057,6 +2061,14 @@ File ▸ Import… makes one of a table or of address cards.</source>
     <message>
         <source>Remove</source>
         <translation>削除</translation>
+    </message>
+    <message>
+        <source>Remove the smart library “%1”?</source>
+        <translation>スマートライブラリ「%1」を削除しますか?</translation>
+    </message>
+    <message>
+        <source>Remove…</source>
+        <translation>削除…</translation>
     </message>
     <message>
         <source>Rename Smart Library</source>

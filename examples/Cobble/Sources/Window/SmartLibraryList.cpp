@@ -3,6 +3,8 @@
 #include "Open/OpenBundle.h"
 #include "Text/PrintableText.h"
 
+#include <KTUtility/NSAlert>
+
 #include <QInputDialog>
 #include <QListWidget>
 #include <QMenu>
@@ -176,5 +178,17 @@ void SmartLibraryList::addActions(const SmartLibrary &smart, QMenu *menu)
         ask(tr("Rename Smart Library"), name,
             [this, name](const QString &newName) { (void)rename(name, newName); });
     });
-    menu->addAction(tr("Remove"), this, [this, name = smart.name] { (void)remove(name); });
+    menu->addAction(tr("Remove…"), this, [this, name = smart.name] { askAndRemove(name); });
+}
+
+/// Its filter is in no step that could be undone.
+void SmartLibraryList::askAndRemove(const QString &name)
+{
+    auto *const alert =
+        new NSAlert(tr("Remove the smart library “%1”?").arg(printableText(name)), tr("Remove"),
+                    tr("Cancel"), QString(), tr("Its records stay. This cannot be undone."));
+    alert->beginSheetModalForWindow(_list->window(), this, [this, name](NSAlert *, int returnCode) {
+        if (returnCode == NSAlertDefaultReturn)
+            (void)remove(name);
+    });
 }

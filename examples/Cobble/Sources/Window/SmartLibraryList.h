@@ -49,6 +49,7 @@ private:
     void add(const SmartLibrary &smart);
     void showMenu(const QPoint &place);
     void addActions(const SmartLibrary &smart, QMenu *menu);
+    void askAndRemove(const QString &name);
     void ask(const QString &title, const QString &name,
              const std::function<void(const QString &)> &take);
     Outcome<> change(const std::function<Outcome<>(LibraryStore &store)> &changes);
