@@ -179,11 +179,11 @@ TEST_F(SmartLibraryListTests, ItsMenuRenamesAndRemoves)
     dialog->setTextValue(u"Guests"_s);
     dialog->accept();
     EXPECT_EQ(librariesIn(window).last(), u"    Guests"_s);
-    delete menu;
-    menu = menuAt(1);
-    ASSERT_NE(menu, nullptr);
     for (const QString &answer : {u"Cancel"_s, u"Remove"_s}) {
         EXPECT_EQ(librariesIn(window).last(), u"    Guests"_s);
+        delete menu;
+        menu = menuAt(1);
+        ASSERT_NE(menu, nullptr);
         menu->actions().last()->trigger();
         QMessageBox *const question = alertBox();
         ASSERT_NE(question, nullptr);
