@@ -8,6 +8,7 @@
 #include "LogRules_p.h"
 #include "LogSettingsFile_p.h"
 #include "LoggerMenu_p.h"
+#include "PackedLevels_p.h"
 #include "QtMessages_p.h"
 #include <KTUtility/Platform/Files/NSBundle.h>
 #include <KTUtility/Platform/Files/NSFileManager.h>
@@ -89,13 +90,18 @@ void KTLogger::initializeAllComponentsArray()
 /// Takes over the components and what the test at call sites needs of them.
 void KTLogger::setComponents(const std::optional<QVariantMap> &components)
 {
-    _components = components;
+    _components = components ? std::make_unique<const StoredLevels>(*components) : nullptr;
     updateLevels();
+}
+
+std::optional<QVariantMap> KTLogger::components() const
+{
+    return _components ? std::optional(_components->levels()) : std::nullopt;
 }
 
 void KTLogger::updateLevels()
 {
-    QVariantMap components = _components.value_or(QVariantMap());
+    QVariantMap components = this->components().value_or(QVariantMap());
     components.insert(_environmentLevels);
     if (const KTLogCapture *const capture = _capture)
         capture->addLevels(&components);
@@ -104,7 +110,7 @@ void KTLogger::updateLevels()
         if (const int level = LogSettingsFile::levelFrom(entry.value()))
             levels.emplace_back(entry.key(), level);
     }
-    _levels.set(std::move(levels));
+    _levels.set(levels);
 }
 
 void KTLogger::loadConfigFile(const QString &path)
@@ -123,7 +129,7 @@ void KTLogger::loadConfigFile(const QString &path)
 
 LogSettings KTLogger::settings() const
 {
-    return {_writeToFile, _displayFileLine, _components};
+    return {_writeToFile, _displayFileLine, components()};
 }
 
 /// To be called before a change: to write the rest of the settings as they are would lose those of
@@ -151,7 +157,7 @@ bool KTLogger::setLevelOfComponent(int level, const QString &component)
             NSString::stringWithFormat(u"\"%@\" cannot be a component", visibleText(component)));
     readMissedSettings();
     _environmentLevels.remove(component);
-    QVariantMap components = _components.value_or(QVariantMap());
+    QVariantMap components = this->components().value_or(QVariantMap());
     components.insert(component, level);
     setComponents(components);
     return writeConfigFile();
@@ -323,7 +329,7 @@ void KTLogger::clearAllLoggingState(QAction *)
         _environmentLevels.remove(component);
     updateLevels();
     if (_components) {
-        QVariantMap components = *_components;
+        QVariantMap components = _components->levels();
         for (const QString &component : std::as_const(_allComponentsArray))
             components.insert(component, 0);
         setComponents(components);

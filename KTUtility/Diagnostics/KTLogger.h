@@ -26,6 +26,7 @@ class QMenu;
 namespace KTPrivate {
 class LogFile;
 struct LogSettings;
+class StoredLevels;
 } // namespace KTPrivate
 
 /// Logs a message if its component is on at its level; otherwise evaluates nothing but the first
@@ -238,7 +239,7 @@ public:
     /// control characters or lone surrogates).
     bool setLevelOfComponent(int level, const QString &component);
     /// The levels as loaded and set; nothing if none ever was.
-    const std::optional<QVariantMap> &components() const { return _components; }
+    std::optional<QVariantMap> components() const;
     /// Whether messages go to the log file; if not, they go to the console.
     bool writeToFile() const { return _writeToFile; }
     /// Whether console lines carry file and line. Lines in the log file always do.
@@ -287,7 +288,7 @@ private:
     static std::atomic<KTLogger *> _sharedLogger;
     static inline std::atomic<bool> _keepsLogFile = false;
 
-    std::optional<QVariantMap> _components;
+    std::unique_ptr<const KTPrivate::StoredLevels> _components; // null: no level was ever set
     // What KTLOG says, of components that nobody has set since.
     QVariantMap _environmentLevels;
     std::unique_ptr<KTPrivate::LogFile> _logFile;

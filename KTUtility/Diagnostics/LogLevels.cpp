@@ -1,8 +1,21 @@
 #include "LogLevels.h"
 
+#include "PackedLevels_p.h"
+
 #include <algorithm>
 
 using namespace KTPrivate;
+
+namespace {
+std::unique_ptr<const PackedLevels> packed(const LogLevels::Levels &levels)
+{
+    auto made = std::make_unique<PackedLevels>();
+    for (const auto &[component, level] : levels)
+        made->add(component, level);
+    made->squeeze();
+    return made;
+}
+} // namespace
 
 LogLevels::LogLevels()
 {
@@ -11,13 +24,16 @@ LogLevels::LogLevels()
     set({});
 }
 
-void LogLevels::set(Levels levels)
+LogLevels::~LogLevels() = default;
+
+void LogLevels::set(const Levels &levels)
 {
     setSlots(levels);
+    std::unique_ptr<const PackedLevels> made = packed(levels);
     auto known = std::find_if(_known.begin(), _known.end(),
-                              [&levels](const auto &list) { return *list == levels; });
+                              [&made](const auto &list) { return *list == *made; });
     if (known == _known.end())
-        known = _known.insert(known, std::make_unique<const Levels>(std::move(levels)));
+        known = _known.insert(known, std::move(made));
     _active.store(known->get(), std::memory_order_release);
 }
 
@@ -39,10 +55,7 @@ void LogLevels::setSlots(const Levels &levels)
 
 int LogLevels::levelOf(const QString &component) const
 {
-    const Levels &active = *_active.load(std::memory_order_acquire);
-    const auto found = std::find_if(active.begin(), active.end(),
-                                    [&](const auto &entry) { return entry.first == component; });
-    return found == active.end() ? 0 : found->second;
+    return _active.load(std::memory_order_acquire)->levelOf(component);
 }
 
 bool LogLevels::isReached(const QString &component, int level) const

@@ -13,6 +13,8 @@
 #include <vector>
 
 namespace KTPrivate {
+class PackedLevels;
+
 /// The levels of the components that are on, for the question that every call site asks.
 ///
 /// A component that is off is told from those that are on by a few of its letters: a slot for each
@@ -26,11 +28,12 @@ public:
     using Levels = std::vector<std::pair<QString, int>>;
 
     LogLevels();
+    ~LogLevels();
     LogLevels(const LogLevels &) = delete;
     LogLevels &operator=(const LogLevels &) = delete;
 
     /// Sets all levels; those that are 0 are left out.
-    void set(Levels levels);
+    void set(const Levels &levels);
 
     /// The level of a component; 0 if it is not there.
     int levelOf(const QString &component) const;
@@ -66,7 +69,7 @@ private:
     std::array<std::atomic<int>, Slots> _highestInSlot;
     // Other threads may be walking a list while the levels change, so that lists stay once they are
     // made, and are used again when the same components are on.
-    std::atomic<const Levels *> _active = nullptr;
-    std::vector<std::unique_ptr<const Levels>> _known;
+    std::atomic<const PackedLevels *> _active = nullptr;
+    std::vector<std::unique_ptr<const PackedLevels>> _known;
 };
 } // namespace KTPrivate

@@ -13,5 +13,6 @@ target_sources(KTUtility PRIVATE
     Diagnostics/LogRules.cpp
     Diagnostics/LogSettingsFile.cpp
     Diagnostics/LoggerMenu.cpp
+    Diagnostics/PackedLevels.cpp
     Diagnostics/QtMessages.cpp
 )

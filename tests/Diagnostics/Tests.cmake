@@ -9,5 +9,6 @@ target_sources(KTUtilityTests PRIVATE
     Diagnostics/LogRulesTests.cpp
     Diagnostics/LogSettingsFileTests.cpp
     Diagnostics/LoggerMenuTests.cpp
+    Diagnostics/PackedLevelsTests.cpp
     Diagnostics/QtMessagesTests.cpp
 )
