@@ -10,7 +10,6 @@
 
 #include <QPointer>
 #include <QScopeGuard>
-#include <QScopedValueRollback>
 
 #include <optional>
 #include <utility>
@@ -64,21 +63,66 @@ struct KTPropertyBinder::Binding
         return value;
     }
 
+    /// Chooses what the owner shows instead of a value.
+    void setPlaceholder(const std::optional<QVariant> &value)
+    {
+        if (!placeholder && value)
+            placeholder = std::make_unique<Placeholder>();
+        if (placeholder)
+            placeholder->value = value;
+    }
+    bool hasPlaceholder() const { return placeholder && placeholder->value; }
+
+    /// Most bindings never have one.
+    struct Placeholder
+    {
+        std::optional<QVariant> value;
+        QVariant shown; ///< what the owner has made of it
+    };
+
     QPointer<QObject> object;
-    bool isOfObject = false; ///< or of none from the start
     QString keyPath;
     QVariantMap options;
     std::shared_ptr<NSValueTransformer> transformer;
-    bool isObserving = false;
-    bool isOver = false;
-    bool isBeginning = false;              ///< the next value is the first
-    quint64 turn = 0;                      ///< counts how often the value was read
-    int depth = 0;                         ///< how often the owner is being set just now
-    bool isLooping = false;                ///< too often: until all of that is over
-    std::optional<QVariant> placeholder;   ///< what the owner shows instead of a value
-    QVariant placeholderShown;             ///< what the owner has made of it
+    quint64 turn = 0; ///< counts how often the value was read
+    std::unique_ptr<Placeholder> placeholder;
     mutable std::unique_ptr<KeyPath> path; ///< null: to be made
     KeySetter ownerKey;
+    qint16 depth = 0;        ///< how often the owner is being set just now
+    bool isLooping = false;  ///< too often: until all of that is over
+    bool isOfObject = false; ///< or of none from the start
+    bool isObserving = false;
+    bool isOver = false;
+    bool isBeginning = false; ///< the next value is the first
+};
+
+/// One setting of the owner, which stays as long as the stack does although the binder may go.
+class KTPropertyBinder::Setting
+{
+public:
+    // Not inlined, since the compiler would warn of an address that stays, which it does not.
+    [[gnu::noinline]] explicit Setting(KTPropertyBinder *binder)
+        : _binder(binder), _outer(std::exchange(binder->_setting, this))
+    {
+    }
+    ~Setting()
+    {
+        if (_binder)
+            _binder->_setting = _outer;
+    }
+    Setting(const Setting &) = delete;
+    Setting &operator=(const Setting &) = delete;
+
+    /// The binder of this and all outer ones is destroyed.
+    void forgetBinder()
+    {
+        for (Setting *each = this; each; each = each->_outer)
+            each->_binder = nullptr;
+    }
+
+private:
+    KTPropertyBinder *_binder;
+    Setting *_outer;
 };
 
 KTPropertyBinder::KTPropertyBinder() = default;
@@ -91,6 +135,27 @@ KTPropertyBinder::KTPropertyBinder(const QString &key, const QString &forBinding
 KTPropertyBinder::~KTPropertyBinder()
 {
     _unbind();
+    if (_setting)
+        _setting->forgetBinder();
+}
+
+const KTPropertyBinder::Rejection &KTPropertyBinder::valueWasRejected() const
+{
+    static const Rejection none;
+    return _valueWasRejected ? *_valueWasRejected : none;
+}
+
+void KTPropertyBinder::setValueWasRejected(const Rejection &hook)
+{
+    _valueWasRejected = hook ? std::make_shared<const Rejection>(hook) : nullptr;
+}
+
+/// Tells a hook, which may have been the binder's, why a value was not set, if it was not.
+void KTPropertyBinder::reject(const std::shared_ptr<const Rejection> &hook, const QVariant &value,
+                              const QString &reason)
+{
+    if (!reason.isNull() && hook)
+        (*hook)(value, reason);
 }
 
 bool KTPropertyBinder::willHandleBindingName(const QString &name) const
@@ -192,10 +257,9 @@ void KTPropertyBinder::observeValueForKeyPath(const QString &, QObject *, const 
         return;
     }
     // The change came through a signal, which no exception may leave.
-    const Rejection rejected = _valueWasRejected;
+    const std::shared_ptr<const Rejection> rejected = _valueWasRejected;
     const QString reason = rejectionOf([&] { pushIntoOwner(binding, &value); });
-    if (!reason.isNull() && rejected)
-        rejected(value, reason);
+    reject(rejected, value, reason);
 }
 
 /// The value at the end of the path; nil if an object there lacks its key, as for observers.
@@ -213,8 +277,8 @@ QVariant KTPropertyBinder::observedValue(const Binding &binding)
 /// Whether the owner hands back what it shows instead of a value.
 bool KTPropertyBinder::isPlaceholder(const Binding &binding, const QVariant &value)
 {
-    return binding.placeholder && (NSObject::isEqual(value, *binding.placeholder) ||
-                                   NSObject::isEqual(value, binding.placeholderShown));
+    return binding.hasPlaceholder() && (NSObject::isEqual(value, *binding.placeholder->value) ||
+                                        NSObject::isEqual(value, binding.placeholder->shown));
 }
 
 /// Reads the value, and sets it in the owner; unless the transformer has ended the binding, or has
@@ -227,19 +291,19 @@ void KTPropertyBinder::pushIntoOwner(const std::shared_ptr<Binding> &binding, QV
     if (binding->isOver || turn != binding->turn)
         return;
     if (NSIsControllerMarker(*shown)) {
-        binding->placeholder = NSBindingOptions::placeholderIn(binding->options, *shown);
-        if (!binding->placeholder)
+        binding->setPlaceholder(NSBindingOptions::placeholderIn(binding->options, *shown));
+        if (!binding->hasPlaceholder())
             return;
-        *shown = *binding->placeholder;
+        *shown = *binding->placeholder->value;
     } else {
-        binding->placeholder.reset();
+        binding->setPlaceholder(std::nullopt);
         if (binding->transformer)
             *shown = binding->transformer->transformedValue(*shown);
     }
     if (!binding->isOver && turn == binding->turn)
         setInOwner(binding, *shown);
-    if (!binding->isOver && turn == binding->turn && binding->placeholder)
-        binding->placeholderShown = ownerValue().value_or(*binding->placeholder);
+    if (!binding->isOver && turn == binding->turn && binding->hasPlaceholder())
+        binding->placeholder->shown = ownerValue().value_or(*binding->placeholder->value);
 }
 
 /// What the owner has made of what it was given: a line edit has no null, and may cut long texts.
@@ -267,8 +331,7 @@ void KTPropertyBinder::setInOwner(const std::shared_ptr<Binding> &binding, const
         --binding->depth;
         binding->isLooping = binding->isLooping && binding->depth > 0;
     });
-    const std::shared_ptr<bool> flag = _processingObservationChange;
-    const QScopedValueRollback<bool> processing(*flag, true);
+    const Setting setting(this);
     if (_owner)
         binding->ownerKey.set(_owner, value);
 }
@@ -278,17 +341,16 @@ void KTPropertyBinder::setInOwner(const std::shared_ptr<Binding> &binding, const
 void KTPropertyBinder::ownerKeyPathChanged()
 {
     const std::shared_ptr<Binding> binding = _binding;
-    if (*_processingObservationChange || !binding || !binding->object || !_owner)
+    if (_setting || !binding || !binding->object || !_owner)
         return;
-    const Rejection rejected = _valueWasRejected;
+    const std::shared_ptr<const Rejection> rejected = _valueWasRejected;
     QVariant value;
     const QString reason = rejectionOf([&] {
         value = NSKeyValueCoding::valueForKey(_owner, _boundKey);
         if (!binding->isOver && !isPlaceholder(*binding, value))
             setInObject(binding, value);
     });
-    if (!reason.isNull() && rejected)
-        rejected(value, reason);
+    reject(rejected, value, reason);
 }
 
 void KTPropertyBinder::setCurrentValue(const QVariant &value)
@@ -296,10 +358,9 @@ void KTPropertyBinder::setCurrentValue(const QVariant &value)
     const std::shared_ptr<Binding> binding = _binding;
     if (!binding || !binding->object)
         return;
-    const Rejection rejected = _valueWasRejected;
+    const std::shared_ptr<const Rejection> rejected = _valueWasRejected;
     const QString reason = rejectionOf([&] { setInObject(binding, value); });
-    if (!reason.isNull() && rejected)
-        rejected(value, reason);
+    reject(rejected, value, reason);
 }
 
 /// Sets the observed value to what the transformer makes of a value on the way back, if the

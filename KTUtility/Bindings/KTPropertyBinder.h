@@ -84,8 +84,8 @@ public:
     using Rejection = std::function<void(const QVariant &value, const QString &reason)>;
     /// The hook for values that could not be set: the owner's in the observed object, or the
     /// observed one in the owner; none unless set.
-    const Rejection &valueWasRejected() const { return _valueWasRejected; }
-    void setValueWasRejected(const Rejection &hook) { _valueWasRejected = hook; }
+    const Rejection &valueWasRejected() const;
+    void setValueWasRejected(const Rejection &hook);
 
     /// The observed value as the owner gets it; nil if nothing is bound.
     /// \throws NSException NSUndefinedKeyException if an object on the path lacks its key.
@@ -115,12 +115,15 @@ public:
 
 private:
     struct Binding;
+    class Setting;
 
     void _unbind();
     void observe(const std::shared_ptr<Binding> &binding);
     const Binding &current() const;
     static QVariant observedValue(const Binding &binding);
     static bool isPlaceholder(const Binding &binding, const QVariant &value);
+    static void reject(const std::shared_ptr<const Rejection> &hook, const QVariant &value,
+                       const QString &reason);
     std::optional<QVariant> ownerValue() const;
     void pushIntoOwner(const std::shared_ptr<Binding> &binding, QVariant *shown);
     void setInOwner(const std::shared_ptr<Binding> &binding, const QVariant &value);
@@ -129,9 +132,8 @@ private:
     QPointer<QObject> _owner;
     QString _boundKey;
     QString _bindingName;
-    Rejection _valueWasRejected;
+    std::shared_ptr<const Rejection> _valueWasRejected; // null unless set
     bool _shouldObserveKeyPath = true;
-    // Outlives the binder while it is set, since setting a value may destroy the owner.
-    std::shared_ptr<bool> _processingObservationChange = std::make_shared<bool>(false);
+    Setting *_setting = nullptr;       // the innermost; null while the owner is not being set
     std::shared_ptr<Binding> _binding; // null while nothing is bound
 };

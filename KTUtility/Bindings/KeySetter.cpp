@@ -3,6 +3,7 @@
 #include <KTUtility/Platform/Keys/NSKeyValueCoding.h>
 #include <KTUtility/Platform/Keys/NSKeyValueCodingObject.h>
 #include <KTUtility/Platform/Values/NSObject.h>
+#include <KTUtility/Platform/Values/VariantKind_p.h>
 
 #include <QMetaProperty>
 
@@ -16,13 +17,25 @@ bool isQuickToSet(const QMetaProperty &property)
            property.typeId() != QMetaType::QVariant &&
            property.enclosingMetaObject()->d.static_metacall;
 }
+/// Whether some values of a type are nil.
+bool hasNilValues(QMetaType type)
+{
+    switch (kindOf(QVariant(type))) {
+    case VariantKind::Nil:
+    case VariantKind::Text:
+    case VariantKind::Object:
+        return true;
+    default:
+        return false;
+    }
+}
 } // namespace
 
 void KeySetter::set(QObject *object, const QVariant &value)
 {
     if (object->metaObject() != _metaObject)
         resolve(object);
-    if (_isQuick && value.metaType() == _type && !NSObject::isNil(value))
+    if (_isQuick && value.metaType() == _type && !(_mayBeNil && NSObject::isNil(value)))
         write(object, value);
     else
         NSKeyValueCoding::setValueOfTarget(KeyValueTarget::of(object), value, _key);
@@ -39,6 +52,7 @@ void KeySetter::resolve(QObject *object)
     if (!_isQuick)
         return;
     _type = property.metaType();
+    _mayBeNil = hasNilValues(_type);
     _index = property.relativePropertyIndex();
     _declaringClass = property.enclosingMetaObject();
 }

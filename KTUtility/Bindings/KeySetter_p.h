@@ -35,6 +35,7 @@ private:
     const QMetaObject *_metaObject = nullptr;
     // Of a property whose values can be handed over as they are.
     bool _isQuick = false;
+    bool _mayBeNil = true; // whether a value of its type may be
     int _index = -1;
     QMetaType _type;
     const QMetaObject *_declaringClass = nullptr;

@@ -10,7 +10,9 @@ ChangeSource::~ChangeSource() = default;
 
 const ChangeChain *&ChangeChain::innermost()
 {
-    constinit thread_local const ChangeChain *chain = nullptr;
+    // Where each thread has it is known when the library is loaded, so that nobody needs to be asked.
+    [[gnu::tls_model("initial-exec")]] static constinit thread_local const ChangeChain *chain =
+        nullptr;
     return chain;
 }
 

@@ -122,6 +122,9 @@ QString KeyPath::remainder(size_t step) const
 
 const QVariant &KeyPath::read(const KeyValueTarget &target)
 {
+    // One key of one class is the rule.
+    if (_steps.size() == 1 && _steps.front().knowsClassOf(target))
+        return _steps.front().read(target);
     KeyValueTarget here = target;
     for (size_t step = 0;; ++step) {
         if (here.kind == KeyValueTarget::Kind::Collection)

@@ -23,51 +23,31 @@ QObject *objectIn(const QVariant &value)
 }
 } // namespace
 
-/// One call by a key on the path. Counting them is cheaper than sharing the observer with each.
-class KeyPathObserver::Call
-{
-public:
-    explicit Call(KeyPathObserver *observer) : _observer(observer) { ++observer->_calls; }
-    ~Call()
-    {
-        if (--_observer->_calls == 0 && _observer->_keptByCalls)
-            std::exchange(_observer->_keptByCalls, nullptr).reset();
-    }
-    Call(const Call &) = delete;
-    Call &operator=(const Call &) = delete;
-
-private:
-    KeyPathObserver *_observer;
-};
-
-KeyPathObserver::KeyPathObserver(QObject *object, const QString &keyPath,
-                                 NSKeyValueObservingOptions options,
+KeyPathObserver::KeyPathObserver(const QString &keyPath, NSKeyValueObservingOptions options,
                                  NSKeyValueObservation::Callback callback)
-    : _root(object)
-    , _options(options)
-    , _callback(std::move(callback))
-    , _serial(nextObserverSerial())
+    : _options(options), _callback(std::move(callback)), _serial(nextObserverSerial())
 {
-    const QStringList keys = keyPath.split(u'.');
-    _steps.reserve(size_t(keys.size()));
+    // One key is not copied.
+    const QStringList keys = keyPath.contains(u'.') ? keyPath.split(u'.') : QStringList{keyPath};
+    _steps.reserve(keys.size());
     for (const QString &key : keys)
-        _steps.push_back({key, {}, {}});
+        _steps.push_back({key, {}});
+    if (wants(NSKeyValueObservingOptionOld))
+        _lastValue = std::make_unique<QVariant>();
 }
 
-KeyPathObserver::~KeyPathObserver()
+void KeyPathObserver::start(QObject *object)
 {
-    stop();
-}
-
-void KeyPathObserver::start()
-{
-    if (!_root)
+    if (!object)
         return;
+    const Call call(this);
     _isActive = true;
-    _steps.front().object = _root;
+    QVariant value;
     try {
-        followFrom(0);
-        _lastValue = read();
+        followFrom(0, object);
+        value = read();
+        if (_lastValue)
+            *_lastValue = value;
     } catch (const NSException &) {
         stop();
         throw;
@@ -77,58 +57,58 @@ void KeyPathObserver::start()
             throw;
         }
     }
-    tellInitial();
+    tellInitial(value);
 }
 
-void KeyPathObserver::tellInitial()
+/// What nobody asks for is not kept.
+void KeyPathObserver::tellInitial(const QVariant &value)
 {
     NSKeyValueChange change;
     if (wants(NSKeyValueObservingOptionNew))
-        change.newValue = _lastValue;
-    // What nobody asks for need not be kept.
-    if (!wants(NSKeyValueObservingOptionOld))
-        _lastValue.clear();
+        change.newValue = _lastValue ? *_lastValue : value;
     if (!wants(NSKeyValueObservingOptionNew | NSKeyValueObservingOptionOld))
         _rest.reset();
     if (_isActive && wants(NSKeyValueObservingOptionInitial))
         _callback(change);
 }
 
+void KeyPathObserver::end()
+{
+    const Call call(this);
+    _isOwned = false;
+    stop();
+}
+
 void KeyPathObserver::stop()
 {
     _isActive = false;
-    // Whoever owns it says so before letting go of it.
-    if (_calls > 0 && !_keptByCalls)
-        _keptByCalls = shared_from_this();
     leaveFrom(0);
 }
 
 /// Observes the keys from a step on, whose object is known, as far as there are objects. A getter
 /// on the way may lead here again, or end everything.
-void KeyPathObserver::followFrom(size_t step)
+void KeyPathObserver::followFrom(size_t step, QObject *object)
 {
     const quint64 turn = _turn;
     for (;; ++step) {
-        follow(step);
-        if (turn != _turn || _steps[step].takesRest || step + 1 == _steps.size())
+        follow(step, object);
+        if (turn != _turn || _steps[step].takesRest || step + 1 == stepCount())
             return;
-        QObject *const next = objectBehind(step);
-        if (!next || turn != _turn)
+        object = objectBehind(step);
+        if (!object || turn != _turn)
             return;
-        _steps[step + 1].object = next;
     }
 }
 
 /// Observes the key at a step; of an object that answers key paths, the rest of the path. The object
 /// may go when it is told.
-void KeyPathObserver::follow(size_t step)
+void KeyPathObserver::follow(size_t step, QObject *object)
 {
     const quint64 turn = _turn;
     Step &here = _steps[step];
-    here.takesRest =
-        step + 1 < _steps.size() && KeyValueTarget::of(here.object.data()).answersKeyPaths();
+    here.takesRest = step + 1 < stepCount() && KeyValueTarget::of(object).answersKeyPaths();
     const QPointer<ObservedKey> key =
-        ObservedKey::of(here.object, here.takesRest ? pathFrom(step) : here.key);
+        ObservedKey::of(object, here.takesRest ? pathFrom(step) : here.key);
     if (turn != _turn) {
         if (key)
             key->goIfUnused();
@@ -146,7 +126,7 @@ void KeyPathObserver::follow(size_t step)
 QString KeyPathObserver::pathFrom(size_t step) const
 {
     QString path = _steps[step].key;
-    for (++step; step < _steps.size(); ++step)
+    for (++step; step < stepCount(); ++step)
         path += u'.' + _steps[step].key;
     return path;
 }
@@ -154,26 +134,32 @@ QString KeyPathObserver::pathFrom(size_t step) const
 /// So many steps lead over objects; the rest of the path begins at the last of them.
 void KeyPathObserver::setFollowed(size_t count)
 {
-    _followed = count;
+    _followed = uint(count);
     _rest.reset();
 }
 
 void KeyPathObserver::leaveFrom(size_t step)
 {
     ++_turn;
-    for (; step < _steps.size(); ++step) {
+    for (; step < stepCount(); ++step) {
         Step &here = _steps[step];
         const QPointer<ObservedKey> key = std::exchange(here.observed, nullptr);
-        here.object = nullptr;
         if (key)
             key->remove(this, step);
     }
 }
 
+/// The object at a step; null if there is none any more.
+QObject *KeyPathObserver::objectAt(size_t step) const
+{
+    const ObservedKey *const observed = _steps[step].observed.data();
+    return observed ? observed->object() : nullptr;
+}
+
 QObject *KeyPathObserver::objectBehind(size_t step)
 {
     KeyAccessor accessor(_steps[step].key);
-    return objectIn(accessor.read(KeyValueTarget::of(_steps[step].object.data())));
+    return objectIn(accessor.read(KeyValueTarget::of(objectAt(step))));
 }
 
 /// Reads the rest of the path. A getter may lead here again, and to another rest: what reads is
@@ -181,7 +167,7 @@ QObject *KeyPathObserver::objectBehind(size_t step)
 QVariant KeyPathObserver::read()
 {
     const size_t followed = _followed;
-    const QObject *const last = followed > 0 ? _steps[followed - 1].object.data() : nullptr;
+    const QObject *const last = followed > 0 ? objectAt(followed - 1) : nullptr;
     if (!last)
         return {};
     const quint64 turn = _turn;
@@ -211,7 +197,7 @@ void KeyPathObserver::keyChanged(size_t step, const NSKeyValueChange &change)
         tellPrior(change);
         return;
     }
-    if (_isActive && step + 1 < _steps.size() && !_steps[step].takesRest)
+    if (_isActive && step + 1 < stepCount() && !_steps[step].takesRest)
         followAgainBehind(step);
     tell(change);
 }
@@ -226,8 +212,7 @@ void KeyPathObserver::followAgainBehind(size_t step)
         QObject *const next = objectBehind(step);
         if (!next || turn != _turn)
             return;
-        _steps[step + 1].object = next;
-        followFrom(step + 1);
+        followFrom(step + 1, next);
     } catch (const NSException &) {
         // The value is read once more, and is nil then.
     }
@@ -238,23 +223,34 @@ void KeyPathObserver::tellPrior(const NSKeyValueChange &change)
     if (!_isActive)
         return;
     // The value may have changed in silence before.
-    if (wants(NSKeyValueObservingOptionOld))
-        _lastValue = value();
+    if (_lastValue)
+        *_lastValue = value();
     if (!_isActive || !wants(NSKeyValueObservingOptionPrior))
         return;
     NSKeyValueChange told = change;
-    if (wants(NSKeyValueObservingOptionOld))
-        told.oldValue = _lastValue;
+    if (_lastValue)
+        told.oldValue = *_lastValue;
     _callback(told);
 }
 
+/// Whoever wants no values is told of the change as it came, which has none.
 void KeyPathObserver::tell(const NSKeyValueChange &change)
 {
     if (!_isActive)
         return;
-    NSKeyValueChange told{change.kind, {}, {}, change.indexes, false};
     if (wants(NSKeyValueObservingOptionNew | NSKeyValueObservingOptionOld))
+        tellValues(change);
+    else
+        _callback(change);
+}
+
+void KeyPathObserver::tellValues(const NSKeyValueChange &change)
+{
+    NSKeyValueChange told{change.kind, {}, {}, change.indexes, false};
+    if (_lastValue)
         setValues(&told);
+    else
+        told.newValue = value();
     // A getter may have ended the observation.
     if (_isActive)
         _callback(told);
@@ -262,16 +258,12 @@ void KeyPathObserver::tell(const NSKeyValueChange &change)
 
 void KeyPathObserver::setValues(NSKeyValueChange *change)
 {
-    if (!wants(NSKeyValueObservingOptionOld)) {
-        change->newValue = value();
-        return;
-    }
     // A getter may lead here again.
-    change->oldValue = _lastValue;
+    change->oldValue = *_lastValue;
     QVariant now = value();
     if (wants(NSKeyValueObservingOptionNew))
         change->newValue = now;
-    _lastValue = std::move(now);
+    *_lastValue = std::move(now);
 }
 
 // Nobody is notified: whoever held the object says so when it holds another one.

@@ -6,9 +6,9 @@
 #include "NSKeyValueObservation.h"
 
 #include <QPointer>
+#include <QVarLengthArray>
 
 #include <memory>
-#include <vector>
 
 namespace KTPrivate {
 class ObservedKey;
@@ -18,18 +18,41 @@ class ObservedKey;
 inline constexpr NSKeyValueObservingOptions ObservingWhatCannotBeRead = 1 << 16;
 
 /// What an NSKeyValueObservation does: follows the path and notifies of changes at its end.
-class KeyPathObserver : public std::enable_shared_from_this<KeyPathObserver>
+///
+/// It has one owner, who lets go of it with end(). What is called meanwhile may be that owner, so that
+/// it destroys itself when the last call has come back.
+class KeyPathObserver
 {
 public:
-    KeyPathObserver(QObject *object, const QString &keyPath, NSKeyValueObservingOptions options,
+    /// One call by a key on the path, or by whoever starts it; as long as there is one, it stays.
+    class Call
+    {
+    public:
+        explicit Call(KeyPathObserver *observer) : _observer(observer) { ++observer->_calls; }
+        ~Call()
+        {
+            if (--_observer->_calls == 0 && !_observer->_isOwned)
+                delete _observer;
+        }
+        Call(const Call &) = delete;
+        Call &operator=(const Call &) = delete;
+
+    private:
+        KeyPathObserver *_observer;
+    };
+
+    KeyPathObserver(const QString &keyPath, NSKeyValueObservingOptions options,
                     NSKeyValueObservation::Callback callback);
-    ~KeyPathObserver();
     KeyPathObserver(const KeyPathObserver &) = delete;
     KeyPathObserver &operator=(const KeyPathObserver &) = delete;
 
+    /// Observes an object; nothing if it is null.
     /// \throws NSException as the observation's constructor says.
-    void start();
-    void stop();
+    void start(QObject *object);
+    /// Ends the observation; the owner has to forget the observer before.
+    void end();
+    /// Whether there is an owner still.
+    bool isOwned() const { return _isOwned; }
     bool isActive() const { return _isActive; }
     /// Later observations have greater ones.
     quint64 serial() const { return _serial; }
@@ -40,46 +63,49 @@ public:
     void objectIsGone(size_t step);
 
 private:
-    class Call;
+    ~KeyPathObserver() = default;
 
-    void followFrom(size_t step);
-    void follow(size_t step);
+    void stop();
+    void followFrom(size_t step, QObject *object);
+    void follow(size_t step, QObject *object);
     void followAgainBehind(size_t step);
     void setFollowed(size_t count);
     void leaveFrom(size_t step);
+    QObject *objectAt(size_t step) const;
     QObject *objectBehind(size_t step);
     QString pathFrom(size_t step) const;
     QVariant read();
     QVariant value();
+    size_t stepCount() const { return size_t(_steps.size()); }
     bool wants(NSKeyValueObservingOptions options) const { return (_options & options) != 0; }
     void setValues(NSKeyValueChange *change);
-    void tellInitial();
+    void tellInitial(const QVariant &value);
     void tellPrior(const NSKeyValueChange &change);
     void tell(const NSKeyValueChange &change);
+    void tellValues(const NSKeyValueChange &change);
 
     struct Step
     {
         QString key;
-        QPointer<QObject> object;
-        QPointer<ObservedKey> observed;
+        QPointer<ObservedKey> observed; // of the object there
         // Whether the object takes the rest of the path as one key.
         bool takesRest = false;
     };
 
-    QPointer<QObject> _root;
     NSKeyValueObservingOptions _options;
+    int _calls = 0;
     NSKeyValueObservation::Callback _callback;
     quint64 _serial;
-    std::vector<Step> _steps;
-    // How many steps lead over objects, and the rest of the path from the last of them on.
-    size_t _followed = 0;
-    std::unique_ptr<KeyPath> _rest; // null: to be made
+    // Most paths are one key.
+    QVarLengthArray<Step, 1> _steps;
+    std::unique_ptr<KeyPath> _rest; // from the last step that was followed on; null: to be made
+    // Of those who want old values.
+    std::unique_ptr<QVariant> _lastValue;
     // Changes whenever the steps lead elsewhere.
     quint64 _turn = 0;
-    QVariant _lastValue;
+    // How many steps lead over objects.
+    uint _followed = 0;
     bool _isActive = false;
-    // What is called may end the observation, and its owner go: then it keeps itself to the end.
-    int _calls = 0;
-    std::shared_ptr<KeyPathObserver> _keptByCalls;
+    bool _isOwned = true;
 };
 } // namespace KTPrivate

@@ -2,16 +2,27 @@
 
 #include "KeyPathObserver_p.h"
 
+#include <utility>
+
 using namespace KTPrivate;
 
 NSKeyValueObservation::NSKeyValueObservation() = default;
-NSKeyValueObservation::NSKeyValueObservation(NSKeyValueObservation &&other) noexcept = default;
+
+NSKeyValueObservation::NSKeyValueObservation(NSKeyValueObservation &&other) noexcept
+    : _observer(std::exchange(other._observer, nullptr))
+{
+}
 
 NSKeyValueObservation::NSKeyValueObservation(QObject *object, const KTText &keyPath,
                                              NSKeyValueObservingOptions options, Callback callback)
-    : _observer(std::make_shared<KeyPathObserver>(object, keyPath, options, std::move(callback)))
+    : _observer(new KeyPathObserver(keyPath, options, std::move(callback)))
 {
-    _observer->start();
+    try {
+        _observer->start(object);
+    } catch (...) {
+        invalidate();
+        throw;
+    }
 }
 
 NSKeyValueObservation::~NSKeyValueObservation()
@@ -22,7 +33,7 @@ NSKeyValueObservation::~NSKeyValueObservation()
 NSKeyValueObservation &NSKeyValueObservation::operator=(NSKeyValueObservation &&other) noexcept
 {
     invalidate();
-    _observer = std::move(other._observer);
+    _observer = std::exchange(other._observer, nullptr);
     return *this;
 }
 
@@ -34,7 +45,6 @@ bool NSKeyValueObservation::isActive() const
 void NSKeyValueObservation::invalidate()
 {
     // A change may be on its way to it, which keeps it alive.
-    if (_observer)
-        _observer->stop();
-    _observer.reset();
+    if (KeyPathObserver *const observer = std::exchange(_observer, nullptr))
+        observer->end();
 }

@@ -8,11 +8,11 @@
 #include <QString>
 
 #include <functional>
-#include <memory>
 
 namespace KTPrivate {
 class KeyPathObserver;
-}
+class KeyValueObserverAccess;
+} // namespace KTPrivate
 
 /// Calls a function whenever the value at a key path of an object changes, as long as it lives.
 ///
@@ -65,5 +65,8 @@ public:
     void invalidate();
 
 private:
-    std::shared_ptr<KTPrivate::KeyPathObserver> _observer;
+    friend class KTPrivate::KeyValueObserverAccess;
+
+    // Its own; null: none.
+    KTPrivate::KeyPathObserver *_observer = nullptr;
 };

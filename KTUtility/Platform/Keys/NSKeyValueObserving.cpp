@@ -1,17 +1,22 @@
 #include "NSKeyValueObserving.h"
 
+#include "KeyPathObserver_p.h"
 #include "KeyValueTarget.h"
 #include "ObservedKey_p.h"
 #include <KTUtility/Platform/Values/FirstFailure_p.h>
 #include <KTUtility/Platform/Values/NSException.h>
 #include <KTUtility/Platform/Values/NSStringFormat.h>
 
-#include <algorithm>
+#include <iterator>
 
 using namespace KTPrivate;
 
 NSKeyValueObserver::NSKeyValueObserver() = default;
-NSKeyValueObserver::~NSKeyValueObserver() = default;
+NSKeyValueObserver::~NSKeyValueObserver()
+{
+    // The first one ends first.
+    _registrations.reverse();
+}
 
 void NSKeyValueObserver::observeValueForKeyPath(const QString &, QObject *,
                                                 const NSKeyValueChange &, const QString &)
@@ -27,47 +32,58 @@ public:
                     NSKeyValueObservingOptions options, const QString &context)
     {
         forgetDestroyedObjects(observer);
-        observer->_registrations.push_back(std::make_shared<Registration>());
-        // Only the observer keeps it, which may take it back or go in the first call.
-        const std::weak_ptr<Registration> added = observer->_registrations.back();
-        observer->_registrations.back()->keyPath = keyPath;
-        observer->_registrations.back()->object = object;
-        auto tell = [observer, object, keyPath, context, added](const NSKeyValueChange &change) {
-            if (!added.expired())
-                observer->observeValueForKeyPath(keyPath, object, change, context);
-        };
-        try {
-            NSKeyValueObservation observation(object, keyPath, options, std::move(tell));
-            if (const auto registration = added.lock())
-                registration->begin(std::move(observation));
-        } catch (...) {
-            if (const auto registration = added.lock())
-                observer->_registrations.remove(registration);
-            throw;
-        }
+        Registration &added = observer->_registrations.emplace_front();
+        added.keyPath = keyPath;
+        added.context = context;
+        added.object = object;
+        begin(observer, &added, options);
     }
 
     /// \return false if there is none.
     static bool remove(NSKeyValueObserver *observer, const QObject *object, const QString &keyPath)
     {
         auto &known = observer->_registrations;
-        const auto found = std::find_if(known.rbegin(), known.rend(), [&](const auto &each) {
-            return each->object == object && each->keyPath == keyPath;
-        });
-        if (found == known.rend())
-            return false;
-        known.erase(std::next(found).base());
-        return true;
+        for (auto before = known.before_begin(); std::next(before) != known.end(); ++before) {
+            const Registration &each = *std::next(before);
+            if (each.object == object && each.keyPath == keyPath) {
+                known.erase_after(before);
+                return true;
+            }
+        }
+        return false;
     }
 
 private:
     using Registration = NSKeyValueObserver::Registration;
 
+    /// The observer may take the registration back, or go, in the first call and in any other:
+    /// nothing is called any more then.
+    static void begin(NSKeyValueObserver *observer, Registration *registration,
+                      NSKeyValueObservingOptions options)
+    {
+        auto tell = [observer, registration](const NSKeyValueChange &change) {
+            const QString keyPath = registration->keyPath;
+            const QString context = registration->context;
+            observer->observeValueForKeyPath(keyPath, registration->object, change, context);
+        };
+        auto *const begun = new KeyPathObserver(registration->keyPath, options, tell);
+        const KeyPathObserver::Call kept(begun);
+        registration->observation._observer = begun;
+        try {
+            begun->start(registration->object);
+        } catch (...) {
+            if (begun->isOwned())
+                observer->_registrations.remove_if(
+                    [begun](const auto &known) { return known.observation._observer == begun; });
+            throw;
+        }
+    }
+
     /// Registrations whose object is destroyed are of no use any more.
     static void forgetDestroyedObjects(NSKeyValueObserver *observer)
     {
         observer->_registrations.remove_if(
-            [](const auto &known) { return known->hasBegun && !known->observation.isActive(); });
+            [](const auto &known) { return !known.observation.isActive(); });
     }
 };
 } // namespace KTPrivate

@@ -6,9 +6,7 @@
 #include <QPointer>
 #include <QString>
 
-#include <list>
-#include <memory>
-#include <utility>
+#include <forward_list>
 
 namespace KTPrivate {
 class KeyValueObserverAccess;
@@ -36,19 +34,14 @@ private:
     friend class KTPrivate::KeyValueObserverAccess;
     struct Registration
     {
-        void begin(NSKeyValueObservation &&begun)
-        {
-            observation = std::move(begun);
-            hasBegun = true;
-        }
-
         QString keyPath;
-        const QObject *object = nullptr;
+        QString context;
+        QObject *object = nullptr;
         NSKeyValueObservation observation;
-        bool hasBegun = false;
     };
 
-    std::list<std::shared_ptr<Registration>> _registrations;
+    // The last one first. Their addresses stay.
+    std::forward_list<Registration> _registrations;
 };
 
 /// Observing values by key path, and notifying observers of changes that no signal reports.

@@ -59,6 +59,9 @@ int indexOfSlot(const char *name)
     return ObservedKey::staticMetaObject.indexOfSlot(name);
 }
 
+/// What signals and events say of a change.
+constinit const NSKeyValueChange Set{};
+
 /// For what observers raise, out of a signal or an event.
 constexpr QStringView Observer = u"an observer of the key";
 } // namespace
@@ -279,38 +282,55 @@ void ObservedKey::tellThatLastObserverWent() const
         guarded(Observer, _key, [&] { coding->lastObserverWent(_key); });
 }
 
+/// The key is there as long as it is telling.
+void ObservedKey::tell(const Entry &entry, const NSKeyValueChange &change, Raised raised) const
+{
+    KeyPathObserver *const observer = entry.observer;
+    if (!observer)
+        return;
+    if (raised == Raised::Passes) {
+        observer->keyChanged(entry.step, change);
+        return;
+    }
+    try {
+        observer->keyChanged(entry.step, change);
+    } catch (...) {
+        logException(Observer, _key);
+    }
+}
+
 void ObservedKey::tell(const NSKeyValueChange &change, Raised raised)
 {
     const Telling telling(this);
     const ChangeChain chain(this);
     if (chain.isEndless())
         return;
-    // What was added while observers were notified of another change is not among the entries yet.
-    std::vector<Entry> added;
-    if (!_added.empty())
-        added = _added;
+    if (!_added.empty()) {
+        tellAdded(change, raised);
+        return;
+    }
+    // Entries keep their places meanwhile.
+    const Entry *const end = _entries.data() + _entries.size();
+    for (const Entry *entry = _entries.data(); entry != end; ++entry)
+        tell(*entry, change, raised);
+}
+
+/// The same when some were added while observers were notified of another change: these are not among
+/// the entries yet.
+void ObservedKey::tellAdded(const NSKeyValueChange &change, Raised raised)
+{
+    const std::vector<Entry> added = _added;
     for (size_t index = 0; index < _entries.size(); ++index)
-        tell(Entry(_entries[index]), change, raised);
+        tell(_entries[index], change, raised);
     for (const Entry &entry : added) {
         if (std::find(_added.begin(), _added.end(), entry) != _added.end())
             tell(entry, change, raised);
     }
 }
 
-/// The key is there as long as it is telling.
-void ObservedKey::tell(const Entry &entry, const NSKeyValueChange &change, Raised raised) const
-{
-    const auto tellIt = [&] { entry.observer->keyChanged(entry.step, change); };
-    if (entry.observer && raised == Raised::IsReported)
-        guarded(Observer, _key, tellIt);
-    else if (entry.observer)
-        tellIt();
-}
-
 /// Called through Qt's signals and events, which no exception may leave.
 void ObservedKey::notified()
 {
-    static const NSKeyValueChange Set;
     if (_changing == 0)
         tell(Set, Raised::IsReported);
 }

@@ -34,6 +34,9 @@ public:
 
     ~ObservedKey() override;
 
+    /// Whose key it is; null once that is destroyed.
+    QObject *object() const { return _object.data(); }
+
     /// \param step which key of the observer's path it is.
     void add(KeyPathObserver *observer, size_t step);
     void remove(KeyPathObserver *observer, size_t step);
@@ -75,6 +78,7 @@ private:
     std::vector<Entry>::iterator placeOf(quint64 serial, size_t step);
     void insert(const Entry &entry);
     void tell(const NSKeyValueChange &change, Raised raised);
+    void tellAdded(const NSKeyValueChange &change, Raised raised);
     void tell(const Entry &entry, const NSKeyValueChange &change, Raised raised) const;
     void tellThatFirstObserverCame();
     void tellThatLastObserverWent() const;
