@@ -17,6 +17,8 @@
 #include <KTUtility/Platform/Values/WallClock_p.h>
 #include <KTUtility/Platform/Zones/TimeZoneRules_p.h>
 
+#include <QScopedValueRollback>
+
 #include <algorithm>
 #include <mutex>
 
@@ -209,7 +211,7 @@ void KTDateTimeFormatter::clearFormatters()
 
 QDateTime KTDateTimeFormatter::today() const
 {
-    return todayAtNoon(_calendar);
+    return _noon ? *_noon : todayAtNoon(_calendar);
 }
 
 QDateTime KTDateTimeFormatter::defaultDate() const
@@ -343,6 +345,8 @@ DateFormatterSettings KTDateTimeFormatter::formatterSettings() const
 {
     const QTimeZone zone = NSCalendar::systemTimeZone();
     const QDateTime noon = todayAtNoon(_calendar, WallClock::milliseconds(), zone);
+    // Mostly the same, for which nobody needs to be asked again.
+    const QScopedValueRollback<const QDateTime *> known(_noon, &noon);
     return {_locale, _calendar, defaultDate(), noon, zone, false};
 }
 

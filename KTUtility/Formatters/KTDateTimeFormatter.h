@@ -257,6 +257,7 @@ private:
     mutable SharedList _strictIsoFormatters;
     mutable QHash<QString, SharedList> _strictFormatterMap;
     mutable const NSDateFormatter *_mostRecentFormatter = nullptr;
+    mutable const QDateTime *_noon = nullptr; // today's, as long as it is known
     mutable int _inputOrder = MonthDayYear;
     uint _dateStyle = NSDateFormatterShortStyle;
     uint _timeStyle = NSDateFormatterNoStyle;
