@@ -85,12 +85,14 @@ KTCurrencyFormatter::KTCurrencyFormatter()
     , _currencyLocale(locale())
 {
     filterCurrency();
-    _currencyFormatter =
-        KTCurrencyFormatter_Private::createCurrencyFormatterWithLocale(_currencyLocale);
+    using KTCurrencyFormatter_Private::createCurrencyFormatterWithLocale;
+    _currencyFormatter = SharedNumberFormatter(createCurrencyFormatterWithLocale(_currencyLocale));
     _currencyInputFormatter =
-        KTCurrencyFormatter_Private::createCurrencyFormatterWithLocale(_currencyLocale);
-    _currencyFormatter->setTextAttributesForNegativeValues(attributesOfHighlight());
+        SharedNumberFormatter(createCurrencyFormatterWithLocale(_currencyLocale));
+    _currencyFormatter.edit().setTextAttributesForNegativeValues(attributesOfHighlight());
     KTCurrencyFormatter::setFormatNegativeUsingParens(false);
+    _currencyFormatter.share();
+    _currencyInputFormatter.share();
 }
 
 KTCurrencyFormatter::~KTCurrencyFormatter() = default;
@@ -123,8 +125,8 @@ void KTCurrencyFormatter::setCurrencyLocale(const NSLocale &locale)
     const ShownCurrency before = shownCurrency();
     _currencyLocale = locale;
     filterCurrency();
-    _currencyFormatter->setLocale(_locale); // deliberately that of numbers
-    _currencyInputFormatter->setLocale(_locale);
+    _currencyFormatter.edit().setLocale(_locale); // deliberately that of numbers
+    _currencyInputFormatter.edit().setLocale(_locale);
     Q_EMIT currencyLocaleChanged();
     announceChangesSince(before);
 }
@@ -155,18 +157,17 @@ void KTCurrencyFormatter::setCurrencyType(const QString &code)
     if (isReplaced(chosen))
         chosen = replacementCurrency();
     const uint placesBefore = decimalPlaces();
-    const NSLocale &formatterLocale = _currencyFormatter->locale();
+    const NSLocale formatterLocale = _currencyFormatter->locale();
     QString symbol = formatterLocale.displayNameForKey(NSLocaleCurrencySymbol, chosen);
     if (_locale == formatterLocale && chosen == _locale.currencyCode())
         symbol = _locale.currencySymbol();
-    for (NSNumberFormatter *formatter : {_currencyFormatter.get(), _currencyInputFormatter.get()}) {
-        formatter->setCurrencyCode(chosen);
-        formatter->setCurrencySymbol(symbol);
+    for (SharedNumberFormatter *const shared : {&_currencyFormatter, &_currencyInputFormatter}) {
+        NSNumberFormatter &formatter = shared->edit();
+        formatter.setCurrencyCode(chosen);
+        formatter.setCurrencySymbol(symbol);
+        formatter.setNegativePrefix(QString());
+        formatter.setNegativeSuffix(QString());
     }
-    _currencyFormatter->setNegativePrefix(QString());
-    _currencyInputFormatter->setNegativePrefix(QString());
-    _currencyFormatter->setNegativeSuffix(QString());
-    _currencyInputFormatter->setNegativeSuffix(QString());
     setFormatNegativeUsingParens(formatNegativeUsingParens());
     Q_EMIT currencyTypeChanged();
     if (decimalPlaces() != placesBefore)
@@ -197,13 +198,13 @@ const std::optional<QTextCharFormat> &KTCurrencyFormatter::textAttributesForNega
 void KTCurrencyFormatter::setTextAttributesForNegativeValues(
     const std::optional<QTextCharFormat> &attributes)
 {
-    _currencyFormatter->setTextAttributesForNegativeValues(attributes);
+    _currencyFormatter.edit().setTextAttributesForNegativeValues(attributes);
 }
 
 void KTCurrencyFormatter::setFormatNegativeUsingParens(bool formatNegativeUsingParens)
 {
     _formatNegativeUsingParens = formatNegativeUsingParens;
-    KTCurrency::setFormatNegativeUsingParens(*_currencyFormatter, formatNegativeUsingParens);
+    KTCurrency::setFormatNegativeUsingParens(_currencyFormatter.edit(), formatNegativeUsingParens);
     Q_EMIT formatNegativeUsingParensChanged();
 }
 
@@ -214,7 +215,7 @@ bool KTCurrencyFormatter::displayThousandsSeparator() const
 
 void KTCurrencyFormatter::setDisplayThousandsSeparator(bool displayThousandsSeparator)
 {
-    _currencyFormatter->setUsesGroupingSeparator(displayThousandsSeparator);
+    _currencyFormatter.edit().setUsesGroupingSeparator(displayThousandsSeparator);
     Q_EMIT displayThousandsSeparatorChanged();
 }
 
@@ -225,7 +226,7 @@ uint KTCurrencyFormatter::decimalPlaces() const
 
 void KTCurrencyFormatter::setDisplayAllDecimalPlaces()
 {
-    _currencyFormatter->setMaximumFractionDigits(KTNumberTexts::AllFractionDigits);
+    _currencyFormatter.edit().setMaximumFractionDigits(KTNumberTexts::AllFractionDigits);
 }
 
 std::optional<QStringList> KTCurrencyFormatter::optionsKeys() const
@@ -325,11 +326,28 @@ bool KTCurrencyFormatter::_internalGetCurrencyValue(QVariant *value, const QStri
     return isRead;
 }
 
+namespace {
+void moneyWithMinus(NSNumberFormatter &formatter, const QString &)
+{
+    KTCurrency::setFormatNegativeUsingParens(formatter, false);
+}
+
+void moneyInParentheses(NSNumberFormatter &formatter, const QString &)
+{
+    KTCurrency::setFormatNegativeUsingParens(formatter, true);
+}
+
+void moneyInCurrency(NSNumberFormatter &formatter, const QString &code)
+{
+    formatter.setCurrencyCode(code);
+}
+} // namespace
+
 /// As the input formatter reads it, with and without parentheses.
 bool KTCurrencyFormatter::readAmount(QVariant *value, const QString &text,
                                      QString *errorDescription) const
 {
-    NSNumberFormatter &formatter = *_currencyInputFormatter;
+    const NSNumberFormatter &formatter = *_currencyInputFormatter;
     // Nobody asks why a text is refused when the currencies are tried.
     if (!errorDescription &&
         !NumberLetters::mayBeAmount(text, formatter.locale(), formatter.currencyCode(),
@@ -337,13 +355,13 @@ bool KTCurrencyFormatter::readAmount(QVariant *value, const QString &text,
         return false;
     QVariant amount;
     bool isRead = false;
-    for (const bool usesParentheses : {false, true}) {
-        KTCurrency::setFormatNegativeUsingParens(formatter, usesParentheses);
-        isRead = formatter.getObjectValue(&amount, text, errorDescription);
+    for (const auto change : {moneyWithMinus, moneyInParentheses}) {
+        _currencyInputFormatter = _currencyInputFormatter.changed(change);
+        isRead = _currencyInputFormatter->getObjectValue(&amount, text, errorDescription);
         if (isRead)
             break;
     }
-    const bool isAccepted = isRead && acceptsGroups(formatter, text, amount);
+    const bool isAccepted = isRead && acceptsGroups(*_currencyInputFormatter, text, amount);
     if (isAccepted && value)
         *value = amount;
     if (isRead && !isAccepted && errorDescription)
@@ -405,7 +423,7 @@ QString KTCurrencyFormatter::unreadDescription() const
 bool KTCurrencyFormatter::readsInCurrency(QVariant *value, const QString &text, const QString &code)
 {
     KTLog(kLog_FormattersCurrency, 4, u"currencyCode: %@", code);
-    _currencyInputFormatter->setCurrencyCode(code);
+    _currencyInputFormatter = _currencyInputFormatter.changed(moneyInCurrency, code);
     return getObjectValue(value, text);
 }
 
@@ -420,7 +438,7 @@ KTCurrencyFormatter *KTCurrencyFormatter::adjusted(const QString &code, const QV
         options->insert(kKTFieldOption_currencyType, code);
     const ShownCurrency before = shownCurrency();
     _askedCurrency = code;
-    _currencyFormatter->setCurrencyCode(code);
+    _currencyFormatter.edit().setCurrencyCode(code);
     announceChangesSince(before);
     return this;
 }
@@ -440,7 +458,8 @@ KTCurrencyFormatter *KTCurrencyFormatter::adjustForValue(const QString &value,
         if (!CurrencyCandidates::isRejected(code) && readsInCurrency(&amount, value, code))
             return adjusted(code, amount, withOptions);
     }
-    _currencyInputFormatter->setCurrencyCode(NSLocale::commonISOCurrencyCodes().last());
+    _currencyInputFormatter =
+        _currencyInputFormatter.changed(moneyInCurrency, NSLocale::commonISOCurrencyCodes().last());
     return nullptr;
 }
 

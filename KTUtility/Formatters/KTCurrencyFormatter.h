@@ -121,6 +121,7 @@ private:
 
     NSLocale _currencyLocale;
     QString _askedCurrency; ///< what setCurrencyType() was given
-    std::unique_ptr<NSNumberFormatter> _currencyFormatter;
-    std::unique_ptr<NSNumberFormatter> _currencyInputFormatter;
+    KTPrivate::SharedNumberFormatter _currencyFormatter;
+    // Reading leaves it with or without parentheses.
+    mutable KTPrivate::SharedNumberFormatter _currencyInputFormatter;
 };

@@ -9,6 +9,7 @@
 #include <KTUtility/Diagnostics/KTLogger.h>
 #include <KTUtility/Platform/Classes/NSClassRegistry.h>
 #include <KTUtility/Platform/Files/NSBundle.h>
+#include <KTUtility/Platform/Numbers/NumberText_p.h>
 #include <KTUtility/Platform/Text/NSCharacterSet.h>
 #include <KTUtility/Platform/Text/NSStringNormalization.h>
 #include <KTUtility/Platform/Values/NSObject.h>
@@ -78,14 +79,17 @@ KTNumberFormatter::KTNumberFormatter(const NSLocale &locale)
     , _inputFormatter(KTNumberFormatter_Private::createInputFormatterWithLocale(_locale))
     , _numberFormatter(KTNumberFormatter_Private::createNumberFormatterWithLocale(_locale))
 {
-    _inputFormatter->setNegativePrefix(u"-"_s);
-    _inputFormatter->setNegativeSuffix(u""_s);
-    _inputFormatter->setUsesGroupingSeparator(false);
-    _inputFormatter->setRoundingMode(NSNumberFormatterRoundHalfUp);
-    _numberFormatter->setRoundingMode(NSNumberFormatterRoundHalfUp);
-    _numberFormatter->setTextAttributesForNegativeValues(attributesOfHighlight());
+    NSNumberFormatter &input = _inputFormatter.edit();
+    input.setNegativePrefix(u"-"_s);
+    input.setNegativeSuffix(u""_s);
+    input.setUsesGroupingSeparator(false);
+    input.setRoundingMode(NSNumberFormatterRoundHalfUp);
+    _numberFormatter.edit().setRoundingMode(NSNumberFormatterRoundHalfUp);
+    _numberFormatter.edit().setTextAttributesForNegativeValues(attributesOfHighlight());
     KTNumberFormatter::setFormatNegativeUsingParens(false);
     KTNumberFormatter::setDecimalPlaces(0);
+    _inputFormatter.share();
+    _numberFormatter.share();
 }
 
 KTNumberFormatter::~KTNumberFormatter() = default;
@@ -95,8 +99,8 @@ KTNumberFormatter::~KTNumberFormatter() = default;
 void KTNumberFormatter::setLocale(const NSLocale &locale)
 {
     _locale = locale;
-    _inputFormatter->setLocale(locale);
-    _numberFormatter->setLocale(locale);
+    _inputFormatter.edit().setLocale(locale);
+    _numberFormatter.edit().setLocale(locale);
     if (_displaysPercent)
         applyAffixes();
     Q_EMIT localeChanged();
@@ -112,9 +116,12 @@ void KTNumberFormatter::setHighlightNegative(bool highlightNegative)
 
 QTextCharFormat KTNumberFormatter::attributesOfHighlight()
 {
-    QTextCharFormat attributes;
-    attributes.setForeground(QColor(Qt::red));
-    return attributes;
+    static const QTextCharFormat red = [] {
+        QTextCharFormat attributes;
+        attributes.setForeground(QColor(Qt::red));
+        return attributes;
+    }();
+    return red;
 }
 
 const std::optional<QTextCharFormat> &KTNumberFormatter::textAttributesForNegativeValues() const
@@ -125,7 +132,7 @@ const std::optional<QTextCharFormat> &KTNumberFormatter::textAttributesForNegati
 void KTNumberFormatter::setTextAttributesForNegativeValues(
     const std::optional<QTextCharFormat> &attributes)
 {
-    _numberFormatter->setTextAttributesForNegativeValues(attributes);
+    _numberFormatter.edit().setTextAttributesForNegativeValues(attributes);
 }
 
 void KTNumberFormatter::setFormatNegativeUsingParens(bool formatNegativeUsingParens)
@@ -139,10 +146,11 @@ void KTNumberFormatter::setFormatNegativeUsingParens(bool formatNegativeUsingPar
 void KTNumberFormatter::applyAffixes()
 {
     const bool usesParentheses = _formatNegativeUsingParens;
-    const QString before = _displaysPercent ? _numberFormatter->positivePrefix() : u""_s;
-    const QString behind = _displaysPercent ? _numberFormatter->positiveSuffix() : u""_s;
-    _numberFormatter->setNegativePrefix((usesParentheses ? u"("_s : u"-"_s) + before);
-    _numberFormatter->setNegativeSuffix(behind + (usesParentheses ? u")"_s : u""_s));
+    NSNumberFormatter &number = _numberFormatter.edit();
+    const QString before = _displaysPercent ? number.positivePrefix() : u""_s;
+    const QString behind = _displaysPercent ? number.positiveSuffix() : u""_s;
+    number.setNegativePrefix((usesParentheses ? u"("_s : u"-"_s) + before);
+    number.setNegativeSuffix(behind + (usesParentheses ? u")"_s : u""_s));
 }
 
 void KTNumberFormatter::setDisplaysPercent(bool displaysPercent)
@@ -150,8 +158,8 @@ void KTNumberFormatter::setDisplaysPercent(bool displaysPercent)
     if (displaysPercent == _displaysPercent)
         return;
     _displaysPercent = displaysPercent;
-    _numberFormatter->setNumberStyle(displaysPercent ? NSNumberFormatterPercentStyle
-                                                     : NSNumberFormatterDecimalStyle);
+    _numberFormatter.edit().setNumberStyle(displaysPercent ? NSNumberFormatterPercentStyle
+                                                           : NSNumberFormatterDecimalStyle);
     applyAffixes();
     Q_EMIT displaysPercentChanged();
 }
@@ -163,7 +171,7 @@ bool KTNumberFormatter::displayThousandsSeparator() const
 
 void KTNumberFormatter::setDisplayThousandsSeparator(bool displayThousandsSeparator)
 {
-    _numberFormatter->setUsesGroupingSeparator(displayThousandsSeparator);
+    _numberFormatter.edit().setUsesGroupingSeparator(displayThousandsSeparator);
     Q_EMIT displayThousandsSeparatorChanged();
 }
 
@@ -175,14 +183,15 @@ uint KTNumberFormatter::decimalPlaces() const
 void KTNumberFormatter::setDecimalPlaces(uint decimalPlaces)
 {
     const int count = int(std::min<uint>(decimalPlaces, std::numeric_limits<int>::max()));
-    _numberFormatter->setMinimumFractionDigits(count);
-    _numberFormatter->setMaximumFractionDigits(_numberFormatter->minimumFractionDigits());
+    NSNumberFormatter &number = _numberFormatter.edit();
+    number.setMinimumFractionDigits(count);
+    number.setMaximumFractionDigits(number.minimumFractionDigits());
     Q_EMIT decimalPlacesChanged();
 }
 
 void KTNumberFormatter::setDisplayAllDecimalPlaces()
 {
-    _numberFormatter->setMaximumFractionDigits(KTNumberTexts::AllFractionDigits);
+    _numberFormatter.edit().setMaximumFractionDigits(KTNumberTexts::AllFractionDigits);
 }
 
 void KTNumberFormatter::setUseDisplayStringForEditingString(bool useDisplayStringForEditingString)
@@ -244,12 +253,47 @@ QString KTNumberFormatter::editingStringForObjectValue(const QVariant &value) co
 
 // --- Reading
 
-/// What the input formatter is set to while it reads.
+/// What the input formatter is set to while it reads; null for what it is set to anyway.
 struct KTNumberFormatter::Pass
 {
-    bool usesParentheses;
-    bool usesGroupingSeparator;
+    SharedNumberFormatter::Change prepare;
+
+    /// Whether it differs from the one before only for texts with a sign.
+    bool isForSign() const;
 };
+
+namespace {
+void inputParentheses(NSNumberFormatter &formatter, const QString &)
+{
+    formatter.setNegativePrefix(u"("_s);
+    formatter.setNegativeSuffix(u")"_s);
+}
+
+void inputGroups(NSNumberFormatter &formatter, const QString &)
+{
+    formatter.setUsesGroupingSeparator(true);
+}
+
+void inputParenthesesAndGroups(NSNumberFormatter &formatter, const QString &text)
+{
+    inputParentheses(formatter, text);
+    inputGroups(formatter, text);
+}
+
+/// Whether a text has anything that might be a sign, or a part of one.
+bool hasMoreThanDigits(const QString &text)
+{
+    return !std::all_of(text.begin(), text.end(), [](QChar unit) {
+        return (unit >= u'0' && unit <= u'9') || unit == u'.' || unit == u',' ||
+               NumberText::isWhitespace(unit);
+    });
+}
+} // namespace
+
+bool KTNumberFormatter::Pass::isForSign() const
+{
+    return prepare == inputParentheses || prepare == inputParenthesesAndGroups;
+}
 
 /// What a pass found.
 struct KTNumberFormatter::Attempt
@@ -268,12 +312,18 @@ bool KTNumberFormatter::getObjectValue(QVariant *value, const QString &forString
 }
 
 namespace {
+/// Whether the log shows how texts are read.
+bool logsReading()
+{
+    const KTLogger *const logger = KTLogger::sharedLogger();
+    return logger->shouldLogComponent(kLog_FormattersNumbers, 4) ||
+           logger->shouldLogComponent(kLog_FormattersCurrency, 4);
+}
+
 /// Whether a text has letters that no number has. The log shows the passes all the same.
 bool hasOtherLetters(const QString &text, const NSLocale &locale)
 {
-    return !NumberLetters::mayBeNumber(text, locale) &&
-           !KTLogger::sharedLogger()->shouldLogComponent(kLog_FormattersNumbers, 4) &&
-           !KTLogger::sharedLogger()->shouldLogComponent(kLog_FormattersCurrency, 4);
+    return !NumberLetters::mayBeNumber(text, locale) && !logsReading();
 }
 } // namespace
 
@@ -295,11 +345,13 @@ bool KTNumberFormatter::readNumber(QVariant *value, const QString &forString,
 bool KTNumberFormatter::_internalGetNumberValue(QVariant *value, const QString &forString,
                                                 QString *errorDescription) const
 {
-    static constexpr Pass passes[] = {{false, false}, {true, false}, {false, true}, {true, true}};
+    static constexpr Pass passes[] = {
+        {nullptr}, {inputParentheses}, {inputGroups}, {inputParenthesesAndGroups}};
+    const bool mayHaveSign = hasMoreThanDigits(forString) || logsReading();
     Attempt attempt;
     attempt.wantsError = errorDescription != nullptr;
     const bool isRead = std::any_of(std::begin(passes), std::end(passes), [&](const Pass &pass) {
-        return run(pass, forString, attempt);
+        return (mayHaveSign || !pass.isForSign()) && run(pass, forString, attempt);
     });
     const bool isAccepted = isRead && acceptsGroups(*_inputFormatter, forString, attempt.value);
     if (value)
@@ -317,19 +369,13 @@ bool KTNumberFormatter::_internalGetNumberValue(QVariant *value, const QString &
 bool KTNumberFormatter::run(const Pass &pass, const QString &string, Attempt &attempt) const
 {
     attempt.error = NSError();
-    if (pass.usesParentheses) {
-        _inputFormatter->setNegativePrefix(u"("_s);
-        _inputFormatter->setNegativeSuffix(u")"_s);
-    }
-    _inputFormatter->setUsesGroupingSeparator(pass.usesGroupingSeparator);
     NSRange range{0, string.size()};
-    const bool isRead = _inputFormatter->getObjectValue(
-        &attempt.value, string, &range, attempt.wantsError ? &attempt.error : nullptr);
-    if (pass.usesParentheses) {
-        _inputFormatter->setNegativePrefix(u"-"_s);
-        _inputFormatter->setNegativeSuffix(u""_s);
-    }
-    _inputFormatter->setUsesGroupingSeparator(false);
+    const auto readWith = [&](const SharedNumberFormatter &formatter) {
+        return formatter->getObjectValue(&attempt.value, string, &range,
+                                         attempt.wantsError ? &attempt.error : nullptr);
+    };
+    const bool isRead =
+        pass.prepare ? readWith(_inputFormatter.changed(pass.prepare)) : readWith(_inputFormatter);
     const bool isValid = _validateFormattedResult(isRead, range, string);
     KTLog(kLog_FormattersNumbers, 4, u"KTNumberFormatter getObjectValue forString:%@ returns %d",
           string, isValid);
@@ -361,10 +407,7 @@ bool KTNumberFormatter::acceptsGroups(const NSNumberFormatter &formatter, const 
 /// The same text fails again in the same way; only the log shows whether it was tried.
 bool KTNumberFormatter::isWorthASecondTry(const QString &decomposed, const QString &original)
 {
-    const KTLogger *const logger = KTLogger::sharedLogger();
-    return !decomposed.isEmpty() &&
-           (decomposed != original || logger->shouldLogComponent(kLog_FormattersNumbers, 4) ||
-            logger->shouldLogComponent(kLog_FormattersCurrency, 4));
+    return !decomposed.isEmpty() && (decomposed != original || logsReading());
 }
 
 // --- Common forms

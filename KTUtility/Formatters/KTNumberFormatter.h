@@ -3,10 +3,10 @@
 #include "KTOptionsKeys.h"
 #include <KTUtility/CommonForms/Text/KTReadingFormatter.h>
 #include <KTUtility/KTUtilityExport.h>
+#include <KTUtility/Platform/Numbers/SharedNumberFormatter.h>
 #include <KTUtility/Platform/Text/NSLocale.h>
 #include <KTUtility/Platform/Text/NSRange.h>
 
-#include <memory>
 #include <optional>
 
 class NSNumberFormatter;
@@ -27,7 +27,8 @@ struct TypedDecimal;
 /// well, and separators that are not the locale's where they can mean one thing only ("1,234.56" in
 /// German). Separators that stand where no grouping has them are rejected then ("1,50" in English).
 ///
-/// Not for money with a currency sign (KTCurrencyFormatter), numbers in words (NSNumberFormatter). For the main thread: reading switches settings of an inner formatter.
+/// Not for money with a currency sign (KTCurrencyFormatter), numbers in words (NSNumberFormatter). For the main thread.
+/// Formatters with the same settings share all that is large.
 ///
 /// \code
 /// KTNumberFormatter formatter;                             // in the user's locale, here en_US
@@ -177,9 +178,9 @@ protected:
     /// The locale of both formatters below.
     NSLocale _locale;
     /// What reads.
-    std::unique_ptr<NSNumberFormatter> _inputFormatter;
+    KTPrivate::SharedNumberFormatter _inputFormatter;
     /// What displays.
-    std::unique_ptr<NSNumberFormatter> _numberFormatter;
+    KTPrivate::SharedNumberFormatter _numberFormatter;
     /// See highlightNegative().
     bool _highlightNegative = true;
     /// See formatNegativeUsingParens().

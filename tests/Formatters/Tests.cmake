@@ -19,6 +19,7 @@ target_sources(KTUtilityTests PRIVATE
     Formatters/KTDateTimeFormatterTests.cpp
     Formatters/KTDurationFormatterModelTests.cpp
     Formatters/KTDurationFormatterTests.cpp
+    Formatters/KTNumberFormatterPassTests.cpp
     Formatters/KTNumberFormatterTests.cpp
     Formatters/KTOptionsKeysRoundTripTests.cpp
     Formatters/KTOptionsKeysTests.cpp

@@ -29,6 +29,10 @@ enum NSNumberFormatterPadPosition {
     NSNumberFormatterPadAfterSuffix = 3   ///< "5%**"
 };
 
+namespace KTPrivate {
+class SharedNumberFormatter;
+}
+
 /// The platform's number formatter: numbers and money in the conventions of a locale.
 ///
 /// Use KTNumberFormatter and KTCurrencyFormatter for fields of forms; they are made of this class
@@ -257,6 +261,7 @@ protected:
     QString reasonForRejecting(const QString &text, const QString &errorDescription) const override;
 
 private:
+    friend class KTPrivate::SharedNumberFormatter;
     struct Private;
 
     const std::unique_ptr<Private> _private;

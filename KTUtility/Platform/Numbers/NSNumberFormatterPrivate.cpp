@@ -215,6 +215,43 @@ auto NSNumberFormatter::Private::attempt(const Attempt &attempt) const
                                                        : withGivenSymbol.second;
 }
 
+// --- Formatters that share their settings
+
+namespace {
+bool areSame(const QString &left, const QString &right)
+{
+    return left == right && left.isNull() == right.isNull();
+}
+} // namespace
+
+bool NSNumberFormatter::Private::isSameAs(const Private &other) const
+{
+    return settings == other.settings && settings.hasSameNils(other.settings) &&
+           areSame(codeOfSymbol, other.codeOfSymbol) && behavior == other.behavior &&
+           generatesDecimalNumbers == other.generatesDecimalNumbers &&
+           allowsFloats == other.allowsFloats && areSame(zeroSymbol, other.zeroSymbol) &&
+           isZeroShownByFormat == other.isZeroShownByFormat &&
+           areSame(nilSymbol, other.nilSymbol) &&
+           areSame(positiveInfinitySymbol, other.positiveInfinitySymbol) &&
+           areSame(negativeInfinitySymbol, other.negativeInfinitySymbol) &&
+           attributesForNegativeValues == other.attributesForNegativeValues;
+}
+
+size_t NSNumberFormatter::Private::hash() const
+{
+    return qHashMulti(0, settings.locale.localeIdentifier(), settings.style,
+                      settings.negativePrefix, settings.currencyCode,
+                      settings.usesGroupingSeparator.value_or(false),
+                      settings.maximumFractionDigits.value_or(-1));
+}
+
+void NSNumberFormatter::Private::prepare() const
+{
+    engine();
+    if (!settings.currencySymbol.isNull())
+        engineIn(_currencyVariants, true);
+}
+
 // --- Numbers to texts
 
 QString NSNumberFormatter::Private::specialString(const QVariant &value) const
@@ -274,10 +311,10 @@ bool NSNumberFormatter::Private::read(QVariant *value, QStringView string, NSRan
     if (!number.isNumber || !(allowsFloats || number.decimal.isInteger()))
         return false;
     const bool isWhole = number.range.end() == text.size();
-    const QVariant result = valueOf(number, isWhole, generatesDecimalNumbers);
+    QVariant result = valueOf(number, isWhole, generatesDecimalNumbers);
     if (isInfinite(result))
         return false;
     if (value)
-        *value = result;
+        *value = std::move(result);
     return true;
 }

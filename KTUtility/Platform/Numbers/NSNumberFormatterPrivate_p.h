@@ -104,6 +104,17 @@ struct Q_DECL_HIDDEN NSNumberFormatter::Private
     QString negativeInfinitySymbol;
     std::optional<QTextCharFormat> attributesForNegativeValues;
 
+    // --- Formatters that share their settings
+
+    /// Whether all settings are those of another one: a nil text is not an empty one.
+    bool isSameAs(const Private &other) const;
+    /// Of the settings in which formatters differ mostly.
+    size_t hash() const;
+    /// Makes all that reading and writing needs, so that several threads may do both afterwards.
+    void prepare() const;
+    /// Takes the settings of another one over.
+    void takeOver(const Private &other) { *this = other; }
+
     // --- Texts and numbers
 
     QString stringOf(const QVariant &value) const;

@@ -63,5 +63,27 @@ struct NumberSettings
     QString negativeFormat;
 
     friend bool operator==(const NumberSettings &, const NumberSettings &) = default;
+
+    /// Whether the same texts are nil in other settings.
+    bool hasSameNils(const NumberSettings &other) const
+    {
+        const auto nils = [](const NumberSettings &settings) {
+            uint bits = 0;
+            for (const auto text :
+                 {&NumberSettings::positivePrefix, &NumberSettings::positiveSuffix,
+                  &NumberSettings::negativePrefix, &NumberSettings::negativeSuffix,
+                  &NumberSettings::currencyCode, &NumberSettings::currencySymbol,
+                  &NumberSettings::decimalSeparator, &NumberSettings::groupingSeparator,
+                  &NumberSettings::currencyDecimalSeparator,
+                  &NumberSettings::currencyGroupingSeparator, &NumberSettings::percentSymbol,
+                  &NumberSettings::minusSign, &NumberSettings::plusSign,
+                  &NumberSettings::exponentSymbol, &NumberSettings::notANumberSymbol,
+                  &NumberSettings::paddingCharacter, &NumberSettings::positiveFormat,
+                  &NumberSettings::negativeFormat})
+                bits = 2 * bits + uint((settings.*text).isNull());
+            return bits;
+        };
+        return nils(*this) == nils(other);
+    }
 };
 } // namespace KTPrivate

@@ -10,4 +10,5 @@ target_sources(KTUtility PRIVATE
     Platform/Numbers/NumberReader.cpp
     Platform/Numbers/NumberText.cpp
     Platform/Numbers/NumberWriter.cpp
+    Platform/Numbers/SharedNumberFormatter.cpp
 )

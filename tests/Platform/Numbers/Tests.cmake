@@ -7,4 +7,5 @@ target_sources(KTUtilityTests PRIVATE
     Platform/Numbers/NSNumberFormatterTableTests.cpp
     Platform/Numbers/NSNumberFormatterTests.cpp
     Platform/Numbers/NumberPatternTests.cpp
+    Platform/Numbers/SharedNumberFormatterTests.cpp
 )
