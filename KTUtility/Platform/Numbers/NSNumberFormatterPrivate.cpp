@@ -274,6 +274,8 @@ QString NSNumberFormatter::Private::stringOf(const QVariant &value) const
     if (zeroSymbol.isNull() && used.writer() && digits.take(value, kind) &&
         used.writer()->prepare(&digits))
         return used.writer()->write(digits);
+    if (zeroSymbol.isNull() && used.scientificWriter() && digits.take(value, kind))
+        return used.scientificWriter()->write(digits);
     if (const QString special = specialString(value); !special.isNull())
         return special;
     return used.stringFromNumber(value);

@@ -460,5 +460,6 @@ void NumberEngine::preparePaths(const NumberSettings &settings)
     _hasSpaceInCurrencySign =
         settings.isForMoney() && std::any_of(sign.begin(), sign.end(), NumberText::isWhitespace);
     _writer = NumberQuickPaths::writerFor(settings, *_decimalFormat);
+    _scientificWriter = NumberQuickPaths::scientificWriterFor(settings, *_decimalFormat);
     _reader = NumberQuickPaths::readerFor(settings, *_decimalFormat);
 }

@@ -3,6 +3,7 @@
 #include "NumberReader_p.h"
 #include "NumberSettings_p.h"
 #include "NumberWriter_p.h"
+#include "ScientificWriter_p.h"
 #include <KTUtility/Platform/Values/NSDecimalNumber.h>
 
 #include <unicode/decimfmt.h>
@@ -53,6 +54,7 @@ public:
     /// How the quick paths do the same; not set where they cannot.
     const std::optional<NumberReader> &reader() const { return _reader; }
     const std::optional<NumberWriter> &writer() const { return _writer; }
+    const std::optional<ScientificWriter> &scientificWriter() const { return _scientificWriter; }
 
 private:
     void create(const NumberSettings &settings);
@@ -80,5 +82,6 @@ private:
     bool _needsPairedParentheses = false;
     std::optional<NumberReader> _reader;
     std::optional<NumberWriter> _writer;
+    std::optional<ScientificWriter> _scientificWriter;
 };
 } // namespace KTPrivate

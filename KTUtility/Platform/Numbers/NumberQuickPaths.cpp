@@ -5,6 +5,7 @@
 #include <unicode/dcfmtsym.h>
 
 #include <algorithm>
+#include <array>
 
 using namespace KTPrivate;
 
@@ -73,6 +74,19 @@ bool hasQuickText(const NumberSettings &settings, const DecimalFormat &format)
            !format.isDecimalSeparatorAlwaysShown();
 }
 
+/// Whether a text that was set stands beside the digits and has some itself, so that ICU's text cannot
+/// be cut there.
+bool hasDigitsBesideNumber(const NumberSettings &settings)
+{
+    const auto hasDigit = [](const QString &text) {
+        return std::any_of(text.begin(), text.end(), [](QChar unit) { return unit.isDigit(); });
+    };
+    return hasDigit(settings.positivePrefix) || hasDigit(settings.positiveSuffix) ||
+           hasDigit(settings.negativePrefix) || hasDigit(settings.negativeSuffix) ||
+           hasDigit(settings.currencySymbol) || hasDigit(settings.minusSign) ||
+           hasDigit(settings.percentSymbol);
+}
+
 /// \return false if ICU's text has no digits of the writer's script.
 bool takeAffixes(NumberWriter &writer, const DecimalFormat &format)
 {
@@ -133,13 +147,88 @@ std::optional<NumberWriter> NumberQuickPaths::writerFor(const NumberSettings &se
     const std::optional<char16_t> zeroDigit = zeroDigitOf(symbols);
     NumberWriter writer;
     writer.zeroDigit = zeroDigit.value_or(u'0');
-    if (!zeroDigit || !hasQuickText(settings, format) || !takeAffixes(writer, format))
+    if (!zeroDigit || !hasQuickText(settings, format) || hasDigitsBesideNumber(settings) ||
+        !takeAffixes(writer, format))
         return std::nullopt;
     takeSeparators(writer, symbols, settings.isForMoney());
     takeDigits(writer, format);
     writer.shift = isPercent(settings, format) ? ShiftOfPercents : 0;
     takeGroups(writer, format);
     return writer;
+}
+
+namespace {
+/// Whether numbers are powers of ten with all digits that they have.
+bool hasAllDigits(const NumberSettings &settings)
+{
+    return settings.style == NSNumberFormatterScientificStyle && settings.positiveFormat.isNull() &&
+           settings.negativeFormat.isNull() && !settings.multiplier && !settings.formatWidth &&
+           !settings.minimumIntegerDigits && !settings.maximumIntegerDigits &&
+           !settings.minimumFractionDigits && !settings.maximumFractionDigits &&
+           !settings.usesSignificantDigits && !settings.minimumSignificantDigits &&
+           !settings.maximumSignificantDigits;
+}
+
+/// ICU's text of a power of ten with a digit on either side of the mark, cut there.
+struct ScientificSample
+{
+    QString prefix;
+    QString mark;
+    QString suffix;
+};
+
+std::optional<ScientificSample> scientificSampleOf(const DecimalFormat &format, double number,
+                                                   char16_t zeroDigit)
+{
+    icu::UnicodeString text;
+    const QString sample = ICU::stringOf(format.format(number, text));
+    const auto isDigit = [zeroDigit](QChar unit) {
+        return unit.unicode() >= zeroDigit && unit.unicode() <= zeroDigit + 9;
+    };
+    const auto first = std::find_if(sample.cbegin(), sample.cend(), isDigit);
+    const auto last = std::find_if(sample.crbegin(), sample.crend(), isDigit);
+    if (first == sample.cend() || first + 1 == last.base())
+        return std::nullopt;
+    const qsizetype begin = first - sample.cbegin();
+    const qsizetype end = last.base() - sample.cbegin();
+    return ScientificSample{sample.left(begin), sample.mid(begin + 1, end - begin - 2),
+                            sample.mid(end)};
+}
+
+/// Whether a writer and ICU agree about numbers that have all that a text may have.
+bool writesAsICU(const ScientificWriter &writer, const DecimalFormat &format)
+{
+    constexpr std::array Numbers{0.0, -1.0, 10.0, 0.1, -0.25, 123456.75, 1.7976931348623157e308};
+    return std::all_of(Numbers.begin(), Numbers.end(), [&](double number) {
+        icu::UnicodeString text;
+        NumberDigits digits;
+        return digits.take(number) &&
+               writer.write(digits) == ICU::stringOf(format.format(number, text));
+    });
+}
+} // namespace
+
+std::optional<ScientificWriter>
+NumberQuickPaths::scientificWriterFor(const NumberSettings &settings, const DecimalFormat &format)
+{
+    const DecimalFormatSymbols &symbols = *format.getDecimalFormatSymbols();
+    const std::optional<char16_t> zeroDigit = zeroDigitOf(symbols);
+    if (!zeroDigit || !hasAllDigits(settings))
+        return std::nullopt;
+    const auto positive = scientificSampleOf(format, 1, *zeroDigit);
+    const auto negative = scientificSampleOf(format, -1, *zeroDigit);
+    const auto fraction = scientificSampleOf(format, 0.1, *zeroDigit);
+    if (!positive || !negative || !fraction)
+        return std::nullopt;
+    const ScientificWriter writer{
+        positive->prefix,
+        negative->prefix,
+        positive->suffix,
+        ICU::stringOf(symbols.getConstSymbol(DecimalFormatSymbols::kDecimalSeparatorSymbol)),
+        positive->mark,
+        fraction->mark,
+        *zeroDigit};
+    return writesAsICU(writer, format) ? std::optional(writer) : std::nullopt;
 }
 
 namespace {

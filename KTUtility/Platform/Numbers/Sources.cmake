@@ -10,5 +10,6 @@ target_sources(KTUtility PRIVATE
     Platform/Numbers/NumberReader.cpp
     Platform/Numbers/NumberText.cpp
     Platform/Numbers/NumberWriter.cpp
+    Platform/Numbers/ScientificWriter.cpp
     Platform/Numbers/SharedNumberFormatter.cpp
 )

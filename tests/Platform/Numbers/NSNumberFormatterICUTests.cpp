@@ -234,6 +234,51 @@ TEST_P(NSNumberFormatterICUWritingTests, AgreesWithICU)
     }
 }
 
+TEST_P(NSNumberFormatterICUWritingTests, AgreesAboutPowersOfTen)
+{
+    Random random(20261123);
+    const QVariantList extremes{
+        0,
+        0.0,
+        -0.0,
+        std::numeric_limits<double>::max(),
+        std::numeric_limits<double>::denorm_min(),
+        std::numeric_limits<qint64>::min(),
+        std::numeric_limits<quint64>::max(),
+        QVariant::fromValue(NSDecimalNumber::decimalNumberWithString(u"9e-120"_s)),
+        QVariant::fromValue(NSDecimalNumber::decimalNumberWithString(
+            u"-12345678901234567890123456789012345678"_s))};
+    for (int variant = 0; variant < 4; ++variant) {
+        NSNumberFormatter quick;
+        quick.setLocale(NSLocale(QString::fromLatin1(GetParam())));
+        quick.setNumberStyle(NSNumberFormatterScientificStyle);
+        quick.setRoundingMode(variant);
+        quick.setUsesGroupingSeparator(variant % 2);
+        if (variant == 3)
+            quick.setNegativePrefix(u"("_s);
+        if (variant == 2)
+            quick.setExponentSymbol(u"×10^"_s);
+        NSNumberFormatter thorough;
+        thorough.setLocale(quick.locale());
+        thorough.setNumberStyle(NSNumberFormatterScientificStyle);
+        thorough.setRoundingMode(variant);
+        thorough.setUsesGroupingSeparator(variant % 2);
+        if (variant == 3)
+            thorough.setNegativePrefix(u"("_s);
+        if (variant == 2)
+            thorough.setExponentSymbol(u"×10^"_s);
+        thorough.setMultiplier(1);
+        for (const QVariant &value : extremes)
+            EXPECT_EQ(quick.stringForObjectValue(value), thorough.stringForObjectValue(value))
+                << qPrintable(value.toString()) << ' ' << variant;
+        for (int round = 0; round < TextsPerFormatter / 20; ++round) {
+            const QVariant value = randomValue(random);
+            ASSERT_EQ(quick.stringForObjectValue(value), thorough.stringForObjectValue(value))
+                << value.typeName() << ' ' << variant;
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(NSNumberFormatter, NSNumberFormatterICUWritingTests,
                          testing::Values("en_US", "de_DE", "fr_FR", "ja_JP", "sv_SE", "hi_IN",
                                          "ar_EG", "es_ES", "de_CH", "pl_PL", "fa_IR", "de_AT"));

@@ -170,6 +170,19 @@ TEST(NSNumberFormatter, TakesAnySetting)
     EXPECT_FALSE(nowhere->stringFromNumber(5).isEmpty());
 }
 
+TEST(NSNumberFormatter, AffixesMayHaveDigits)
+{
+    for (const int style : {NSNumberFormatterDecimalStyle, NSNumberFormatterScientificStyle}) {
+        NSNumberFormatter formatter;
+        formatter.setLocale(NSLocale(u"en_US"_s));
+        formatter.setNumberStyle(style);
+        const QString plain = formatter.stringForObjectValue(7);
+        formatter.setPositivePrefix(u"No. 1/"_s);
+        formatter.setPositiveSuffix(u" m2"_s);
+        EXPECT_EQ(formatter.stringForObjectValue(7), u"No. 1/"_s + plain + u" m2"_s);
+    }
+}
+
 TEST(NSNumberFormatter, RoundsInEveryMode)
 {
     const std::pair<int, const char16_t *> modes[] = {
