@@ -122,20 +122,24 @@ DateFormatterLists::Shared sharedList(const ListKey &key, size_t size, const Mak
     return list;
 }
 
-/// The list of a field. The fields of a form ask for the same ones again and again.
-DateFormatterLists::Shared listOf(const ListKey &key, size_t size, const Make &make)
+/// The list of a field. The fields of a form ask for the same ones again and again: then nothing is
+/// made, not even what would make the list.
+/// \param makeFor answers a Make for settings.
+template<typename MakeFor>
+DateFormatterLists::Shared listOf(const ListKey &key, size_t size,
+                                  const DateFormatterSettings &settings, const MakeFor &makeFor)
 {
     struct Last
     {
         ListKey key;
         DateFormatterLists::Shared list;
     };
-    static thread_local std::array<Last, size_t(Kind::DatesWithTimes) + 1> lastOfKind;
+    // One for each kind, since each makes its formatters in a way of its own.
+    static thread_local Last last;
     if (isLogged())
-        return loggedList(size, make);
-    Last &last = lastOfKind[size_t(key.kind)];
-    if (!last.list || last.key != key)
-        last = {key, sharedList(key, size, make)};
+        return loggedList(size, makeFor(forList(settings)));
+    if (Last &known = last; !known.list || known.key != key)
+        known = {key, sharedList(key, size, makeFor(forList(settings)))};
     return last.list;
 }
 
@@ -255,25 +259,33 @@ DateFormatterLists::Shared DateFormatterLists::dates(const DateFormatterSettings
     ListKey key = keyOf(Kind::Dates, settings);
     key.order = order;
     const QStringList &patterns = DatePatterns::dates(order);
-    return listOf(key, size_t(patterns.size()) + countOfLocale(settings.locale),
-                  patternsThen(forList(settings), patterns, dateOfLocale));
+    return listOf(key, size_t(patterns.size()) + countOfLocale(settings.locale), settings,
+                  [&patterns](const DateFormatterSettings &used) {
+                      return patternsThen(used, patterns, dateOfLocale);
+                  });
 }
 
 DateFormatterLists::Shared DateFormatterLists::times(const DateFormatterSettings &settings)
 {
     const QStringList &patterns = DatePatterns::times();
-    return listOf(keyOf(Kind::Times, settings), size_t(patterns.size()) + StyleCount,
-                  patternsThen(forList(settings), patterns, timeOfLocale));
+    return listOf(keyOf(Kind::Times, settings), size_t(patterns.size()) + StyleCount, settings,
+                  [&patterns](const DateFormatterSettings &used) {
+                      return patternsThen(used, patterns, timeOfLocale);
+                  });
 }
 
 DateFormatterLists::Shared DateFormatterLists::iso(const DateFormatterSettings &settings)
 {
-    const auto make = [used = forList(settings)](size_t index) {
-        auto formatter = formatterWithPattern(used, DatePatterns::iso()[qsizetype(index)], false);
-        formatter->setCalendar(NSCalendar(NSGregorianCalendar));
-        return formatter;
+    const auto makeFor = [](const DateFormatterSettings &used) {
+        return [used](size_t index) {
+            const QString &pattern = DatePatterns::iso()[qsizetype(index)];
+            auto formatter = formatterWithPattern(used, pattern, false);
+            formatter->setCalendar(NSCalendar(NSGregorianCalendar));
+            return formatter;
+        };
     };
-    return listOf(keyOf(Kind::Iso, settings), size_t(DatePatterns::iso().size()), make);
+    return listOf(keyOf(Kind::Iso, settings), size_t(DatePatterns::iso().size()), settings,
+                  makeFor);
 }
 
 DateFormatterLists::Shared DateFormatterLists::datesWithTimes(const DateFormatterSettings &settings,
@@ -282,14 +294,16 @@ DateFormatterLists::Shared DateFormatterLists::datesWithTimes(const DateFormatte
 {
     ListKey key = keyOf(Kind::DatesWithTimes, settings);
     key.datePattern = datePattern;
-    const DateFormatterSettings used = forList(settings);
-    return listOf(key, times->size(), [=](size_t index) {
-        const QString pattern = datePattern + u' ' + (*times)[index]->dateFormat();
-        if (!used.isSilent)
-            KTLog(kLog_FormattersDateTimes, 4, u"adding date/time format: %@", pattern);
-        auto formatter = formatterWithPattern(used, pattern, used.isJapaneseCalendar());
-        if (isOfStyle(used, datePattern))
-            DateFormatterAccess::setFormatOfStyle(*formatter, pattern);
-        return formatter;
-    });
+    const auto makeFor = [&](const DateFormatterSettings &used) {
+        return [=](size_t index) {
+            const QString pattern = datePattern + u' ' + (*times)[index]->dateFormat();
+            if (!used.isSilent)
+                KTLog(kLog_FormattersDateTimes, 4, u"adding date/time format: %@", pattern);
+            auto formatter = formatterWithPattern(used, pattern, used.isJapaneseCalendar());
+            if (isOfStyle(used, datePattern))
+                DateFormatterAccess::setFormatOfStyle(*formatter, pattern);
+            return formatter;
+        };
+    };
+    return listOf(key, times->size(), settings, makeFor);
 }

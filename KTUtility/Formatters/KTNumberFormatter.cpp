@@ -257,9 +257,7 @@ QString KTNumberFormatter::editingStringForObjectValue(const QVariant &value) co
 struct KTNumberFormatter::Pass
 {
     SharedNumberFormatter::Change prepare;
-
-    /// Whether it differs from the one before only for texts with a sign.
-    bool isForSign() const;
+    bool isForSign; ///< whether it differs from the one before only for texts with a sign
 };
 
 namespace {
@@ -289,11 +287,6 @@ bool hasMoreThanDigits(const QString &text)
     });
 }
 } // namespace
-
-bool KTNumberFormatter::Pass::isForSign() const
-{
-    return prepare == inputParentheses || prepare == inputParenthesesAndGroups;
-}
 
 /// What a pass found.
 struct KTNumberFormatter::Attempt
@@ -345,13 +338,15 @@ bool KTNumberFormatter::readNumber(QVariant *value, const QString &forString,
 bool KTNumberFormatter::_internalGetNumberValue(QVariant *value, const QString &forString,
                                                 QString *errorDescription) const
 {
-    static constexpr Pass passes[] = {
-        {nullptr}, {inputParentheses}, {inputGroups}, {inputParenthesesAndGroups}};
+    static constexpr Pass passes[] = {{nullptr, false},
+                                      {inputParentheses, true},
+                                      {inputGroups, false},
+                                      {inputParenthesesAndGroups, true}};
     const bool mayHaveSign = hasMoreThanDigits(forString) || logsReading();
     Attempt attempt;
     attempt.wantsError = errorDescription != nullptr;
     const bool isRead = std::any_of(std::begin(passes), std::end(passes), [&](const Pass &pass) {
-        return (mayHaveSign || !pass.isForSign()) && run(pass, forString, attempt);
+        return (mayHaveSign || !pass.isForSign) && run(pass, forString, attempt);
     });
     const bool isAccepted = isRead && acceptsGroups(*_inputFormatter, forString, attempt.value);
     if (value)

@@ -92,7 +92,7 @@ void KeyPathObserver::followFrom(size_t step, QObject *object)
     const quint64 turn = _turn;
     for (;; ++step) {
         follow(step, object);
-        if (turn != _turn || _steps[step].takesRest || step + 1 == stepCount())
+        if (turn != _turn || stepAt(step).takesRest || step + 1 == stepCount())
             return;
         object = objectBehind(step);
         if (!object || turn != _turn)
@@ -105,7 +105,7 @@ void KeyPathObserver::followFrom(size_t step, QObject *object)
 void KeyPathObserver::follow(size_t step, QObject *object)
 {
     const quint64 turn = _turn;
-    Step &here = _steps[step];
+    Step &here = stepAt(step);
     here.takesRest = step + 1 < stepCount() && KeyValueTarget::of(object).answersKeyPaths();
     const QPointer<ObservedKey> key =
         ObservedKey::of(object, here.takesRest ? pathFrom(step) : here.key);
@@ -125,9 +125,9 @@ void KeyPathObserver::follow(size_t step, QObject *object)
 
 QString KeyPathObserver::pathFrom(size_t step) const
 {
-    QString path = _steps[step].key;
+    QString path = stepAt(step).key;
     for (++step; step < stepCount(); ++step)
-        path += u'.' + _steps[step].key;
+        path += u'.' + stepAt(step).key;
     return path;
 }
 
@@ -142,7 +142,7 @@ void KeyPathObserver::leaveFrom(size_t step)
 {
     ++_turn;
     for (; step < stepCount(); ++step) {
-        Step &here = _steps[step];
+        Step &here = stepAt(step);
         const QPointer<ObservedKey> key = std::exchange(here.observed, nullptr);
         if (key)
             key->remove(this, step);
@@ -152,13 +152,13 @@ void KeyPathObserver::leaveFrom(size_t step)
 /// The object at a step; null if there is none any more.
 QObject *KeyPathObserver::objectAt(size_t step) const
 {
-    const ObservedKey *const observed = _steps[step].observed.data();
+    const ObservedKey *const observed = stepAt(step).observed.data();
     return observed ? observed->object() : nullptr;
 }
 
 QObject *KeyPathObserver::objectBehind(size_t step)
 {
-    KeyAccessor accessor(_steps[step].key);
+    KeyAccessor accessor(stepAt(step).key);
     return objectIn(accessor.read(KeyValueTarget::of(objectAt(step))));
 }
 
@@ -197,7 +197,7 @@ void KeyPathObserver::keyChanged(size_t step, const NSKeyValueChange &change)
         tellPrior(change);
         return;
     }
-    if (_isActive && step + 1 < stepCount() && !_steps[step].takesRest)
+    if (_isActive && step + 1 < stepCount() && !stepAt(step).takesRest)
         followAgainBehind(step);
     tell(change);
 }

@@ -76,7 +76,6 @@ private:
     QString pathFrom(size_t step) const;
     QVariant read();
     QVariant value();
-    size_t stepCount() const { return size_t(_steps.size()); }
     bool wants(NSKeyValueObservingOptions options) const { return (_options & options) != 0; }
     void setValues(NSKeyValueChange *change);
     void tellInitial(const QVariant &value);
@@ -91,6 +90,10 @@ private:
         // Whether the object takes the rest of the path as one key.
         bool takesRest = false;
     };
+
+    size_t stepCount() const { return size_t(_steps.size()); }
+    Step &stepAt(size_t step) { return _steps[qsizetype(step)]; }
+    const Step &stepAt(size_t step) const { return _steps[qsizetype(step)]; }
 
     NSKeyValueObservingOptions _options;
     int _calls = 0;
