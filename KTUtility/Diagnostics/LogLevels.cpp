@@ -7,7 +7,7 @@
 using namespace KTPrivate;
 
 namespace {
-std::unique_ptr<const PackedLevels> packed(const LogLevels::Levels &levels)
+std::unique_ptr<const PackedLevels> packedLevelsOf(const LogLevels::Levels &levels)
 {
     auto made = std::make_unique<PackedLevels>();
     for (const auto &[component, level] : levels)
@@ -29,7 +29,7 @@ LogLevels::~LogLevels() = default;
 void LogLevels::set(const Levels &levels)
 {
     setSlots(levels);
-    std::unique_ptr<const PackedLevels> made = packed(levels);
+    std::unique_ptr<const PackedLevels> made = packedLevelsOf(levels);
     auto known = std::find_if(_known.begin(), _known.end(),
                               [&made](const auto &list) { return *list == *made; });
     if (known == _known.end())

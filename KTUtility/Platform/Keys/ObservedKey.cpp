@@ -60,7 +60,7 @@ int indexOfSlot(const char *name)
 }
 
 /// What signals and events say of a change.
-constinit const NSKeyValueChange Set{};
+constinit const NSKeyValueChange PlainSetting{};
 
 /// For what observers raise, out of a signal or an event.
 constexpr QStringView Observer = u"an observer of the key";
@@ -332,7 +332,7 @@ void ObservedKey::tellAdded(const NSKeyValueChange &change, Raised raised)
 void ObservedKey::notified()
 {
     if (_changing == 0)
-        tell(Set, Raised::IsReported);
+        tell(PlainSetting, Raised::IsReported);
 }
 
 void ObservedKey::objectIsGone()
