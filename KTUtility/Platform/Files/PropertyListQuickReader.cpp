@@ -3,6 +3,7 @@
 #include <KTUtility/Platform/Values/UTC_p.h>
 
 #include <QDateTime>
+#include <QUtf8StringView>
 #include <QVariantList>
 #include <QVariantMap>
 
@@ -30,6 +31,17 @@ constexpr bool isDecimalUnit(char unit)
 constexpr bool isPlainUnit(char unit)
 {
     return unit >= ' ' && unit <= '~' && unit != '<' && unit != '>' && unit != '&';
+}
+
+/// Characters that no parser minds; those that may be none begin with higher bytes in UTF-8.
+bool isPlainComment(std::string_view text)
+{
+    constexpr unsigned char FirstOfOthers = 0xEF;
+    const auto isPlain = [](unsigned char unit) {
+        return (unit >= ' ' && unit < FirstOfOthers) || unit == '\n' || unit == '\t';
+    };
+    return std::ranges::all_of(text, isPlain) &&
+           QUtf8StringView(text.data(), qsizetype(text.size())).isValidUtf8();
 }
 
 /// What base64 is made of, and what stands between its lines.
@@ -142,10 +154,27 @@ private:
         return isNext;
     }
 
-    /// Whether this text comes next, behind whitespace.
+    /// Comments that may be none are left to the parser.
+    bool skipComment()
+    {
+        constexpr std::string_view Start = "<!--";
+        constexpr std::string_view End = "-->";
+        if (!_rest.starts_with(Start))
+            return false;
+        const size_t end = std::min(_rest.find("--", Start.size()), _rest.size());
+        if (!_rest.substr(end).starts_with(End) ||
+            !isPlainComment(_rest.substr(Start.size(), end - Start.size())))
+            return false;
+        _rest.remove_prefix(end + End.size());
+        return true;
+    }
+
+    /// Whether this text comes next, behind whitespace and comments.
     bool skip(std::string_view text)
     {
-        skipWhitespace();
+        do
+            skipWhitespace();
+        while (skipComment());
         return skipHere(text);
     }
 
@@ -153,7 +182,7 @@ private:
     bool skipHead()
     {
         // Only the very first bytes can be the declaration.
-        return _rest.starts_with('<') && skip(R"(<?xml version="1.0" encoding="UTF-8"?>)") &&
+        return skipHere(R"(<?xml version="1.0" encoding="UTF-8"?>)") &&
                skip(R"(<!DOCTYPE plist PUBLIC "-//Apple//DTD PLIST 1.0//EN" )"
                     R"("http://www.apple.com/DTDs/PropertyList-1.0.dtd">)") &&
                skip(R"(<plist version="1.0">)");

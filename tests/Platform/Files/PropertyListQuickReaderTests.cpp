@@ -241,3 +241,18 @@ TEST(PropertyListQuickReader, AgreesWithTheParserOnDamage)
         ASSERT_NO_FATAL_FAILURE(expectAgreement(damaged));
     }
 }
+
+TEST(PropertyListQuickReader, CommentsStandWhereTheyStandForTheParser)
+{
+    for (const char *const comment :
+         {"<!-- one -->", "<!---->", "<!-->", "<!--->", "<!-- a -- b -->", "<!-- a --->",
+          "<!-- <string>no</string> -->", "<!-- num\xC3\xA9rotation -->", "<!-- \xC3 -->",
+          "<!-- \xEF\xBF\xBF -->", "<!-- \x01 -->", "<!-- not closed"}) {
+        for (const char *const body :
+             {"<array>@<string>a</string>@</array>@", "@<dict>@<key>k</key>@<true/>@</dict>",
+              "<string>@</string>", "<array/>@", "<array>@</array>"})
+            expectAgreement(withBody(QByteArray(body).replace("@", comment)));
+        expectAgreement(comment + manifest());
+        expectAgreement(manifest().replace("<plist", QByteArray(comment + QByteArray("<plist"))));
+    }
+}
