@@ -96,10 +96,10 @@ const TimeZoneRules &TimeZoneRules::sharedRulesOf(const QTimeZone &zone, const K
     return *rules;
 }
 
-/// The slot of a time in a small table; what else was there is filled in anew.
+/// The slot of a time in a table of some seventy years; what else was there is filled in anew.
 const TimeZoneRules::Season &TimeZoneRules::seasonAt(qint64 time) const
 {
-    static thread_local std::array<Season, 32> seasons;
+    static thread_local std::array<Season, 256> seasons;
     const qint64 number = time >> SeasonBits;
     Season &season = seasons[size_t(number) % seasons.size()];
     if (season.rules != this || season.number != number) {
