@@ -5,11 +5,33 @@
 using namespace Qt::StringLiterals;
 using namespace KTPrivate;
 
+namespace {
+/// A switch, since every unit of every number is asked.
+bool isPhoneSeparator(QChar unit)
+{
+    switch (unit.unicode()) {
+    case u' ':
+    case u'-':
+    case u',':
+    case u'.':
+    case u'/':
+    case u'(':
+    case u')':
+    case u'[':
+    case u']':
+    case u'{':
+    case u'}':
+        return true;
+    default:
+        return false;
+    }
+}
+} // namespace
+
 QString PhoneDigits::withoutSeparators(const QString &text)
 {
-    constexpr QStringView separators = u" -,./()[]{}";
     QString result = text;
-    return result.removeIf([&](QChar unit) { return separators.contains(unit); });
+    return result.removeIf(isPhoneSeparator);
 }
 
 QString PhoneDigits::literalsOf(const QString &pattern)
@@ -20,7 +42,13 @@ QString PhoneDigits::literalsOf(const QString &pattern)
 std::optional<QList<int>> PhoneDigits::valuesOf(QStringView text)
 {
     QList<int> values;
+    values.reserve(text.size());
     for (qsizetype index = 0; index < text.size();) {
+        if (const char16_t unit = text[index].unicode(); unit >= u'0' && unit <= u'9') {
+            values.append(unit - u'0');
+            ++index;
+            continue;
+        }
         const NSCodePoint point = NSCodePointAt(text, index);
         if (!NSCharacterSet::decimalDigitCharacterSet().characterIsMember(point.character))
             return std::nullopt;

@@ -130,6 +130,14 @@ bool isPossible(QStringView text, const TypedNumeral &numeral, char16_t point)
     return !hasOther && (groups.empty() || areGrouped(text, groups));
 }
 
+/// What most numbers do not have.
+bool hasPoint(QStringView text)
+{
+    return std::any_of(text.begin(), text.end(), [](QChar unit) {
+        return plainSign(unit) == u'.' || plainSign(unit) == u',';
+    });
+}
+
 bool hasPoint(const TypedNumeral &numeral)
 {
     return std::any_of(numeral.groups.begin(), numeral.groups.end(), [](const Group &group) {
@@ -140,7 +148,7 @@ bool hasPoint(const TypedNumeral &numeral)
 
 unsigned ColumnNumbers::possiblePoints(QStringView text)
 {
-    if (text.size() > FoldedText::MaximumLength)
+    if (text.size() > FoldedText::MaximumLength || !hasPoint(text))
         return 0;
     const std::optional<TypedNumeral> numeral = numeralIn(text);
     if (!numeral || !hasPoint(*numeral))

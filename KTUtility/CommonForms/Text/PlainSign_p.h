@@ -47,6 +47,9 @@ inline char16_t plainSignAt(QStringView text, qsizetype position)
 /// Whether there is a decimal digit, of any script, at a position of a text.
 inline bool isDigitAt(QStringView text, qsizetype position)
 {
-    return position >= 0 && position < text.size() && text[position].digitValue() >= 0;
+    if (position < 0 || position >= text.size())
+        return false;
+    const QChar unit = text[position];
+    return unit.unicode() < 0x80 ? unit >= u'0' && unit <= u'9' : unit.digitValue() >= 0;
 }
 } // namespace KTPrivate
