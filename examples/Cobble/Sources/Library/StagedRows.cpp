@@ -45,9 +45,12 @@ Outcome<> StagedRows::makeTable()
 
 Outcome<> StagedRows::prepare(qsizetype columnCount)
 {
-    QStringList places{u"NULL"_s};
-    places += QStringList(columnCount, u"?"_s);
+    // Qt finds a place by its name several times as fast as by its number.
+    _places.clear();
+    for (qsizetype column = 0; column < columnCount; ++column)
+        _places += u":v%1"_s.arg(column);
     _insertion.emplace(_database);
+    const QStringList places = QStringList(u"NULL"_s) + _places;
     const bool isPrepared =
         _insertion->prepare(u"INSERT INTO "_s + Staged + u" VALUES (" + places.join(u',') + u')');
     return SQL::outcomeOf(*_insertion, isPrepared);
@@ -59,7 +62,7 @@ Outcome<> StagedRows::add(const QVariantList &values)
     if (!prepared)
         return prepared;
     for (qsizetype column = 0; column < values.size(); ++column)
-        _insertion->bindValue(int(column), values.at(column));
+        _insertion->bindValue(_places.at(column), values.at(column));
     return SQL::outcomeOf(*_insertion, _insertion->exec());
 }
 

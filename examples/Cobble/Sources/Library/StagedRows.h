@@ -39,4 +39,6 @@ private:
     QSqlDatabase _database;
     QString _table;
     std::optional<QSqlQuery> _insertion;
+    /// The names of the values in it.
+    QStringList _places;
 };
