@@ -84,10 +84,15 @@ struct PartCounts
     qsizetype all() const { return dates + times + both; }
 };
 
-PartCounts partCountsOf(const QStringList &values, const FieldReader &reader)
+/// \param fits whether so many are enough; if not, nobody asks for the counts.
+PartCounts partCountsOf(const QStringList &values, const FieldReader &reader,
+                        const std::function<bool(qsizetype)> &fits)
 {
     PartCounts counts;
+    qsizetype left = values.size();
     for (const QString &value : values) {
+        if (!fits(counts.all() + left--))
+            break;
         if (!reader.read(value, true))
             continue;
         const Parts parts = partsOf(reader, value);
@@ -146,9 +151,15 @@ qsizetype TypeInference::countRead(const FieldReader &reader) const
 {
     const bool isNumeric =
         reader.type() == FieldType::Number || reader.type() == FieldType::Currency;
-    return std::count_if(_values.begin(), _values.end(), [&](const QString &value) {
-        return !(isNumeric && looksLikeDate(value)) && bool(reader.read(value, true));
-    });
+    qsizetype count = 0;
+    qsizetype left = _values.size();
+    for (const QString &value : _values) {
+        count += !(isNumeric && looksLikeDate(value)) && bool(reader.read(value, true));
+        // Of too few, nobody asks how many.
+        if (!fits(count + --left))
+            break;
+    }
+    return count;
 }
 
 /// One that reads by what the values say together.
@@ -279,7 +290,8 @@ TypeInference::Reader TypeInference::currencyReader(bool readsCommonForms) const
 TypeInference::Reader TypeInference::dateReader(bool readsCommonForms) const
 {
     const auto reader = newReader(FieldType::DateTime, readsCommonForms);
-    const PartCounts counts = partCountsOf(_values, *reader);
+    const PartCounts counts =
+        partCountsOf(_values, *reader, [this](qsizetype count) { return fits(count); });
     if (!fits(counts.all()))
         return nullptr;
     if (counts.both == 0 && isMostly(counts.dates, counts.all()))
