@@ -5,4 +5,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Fields/FieldTypeTitlesTests.cpp
     Cobble/Fields/FieldValueTests.cpp
     Cobble/Fields/PhoneLayoutsTests.cpp
+    Cobble/Fields/PlainColumnTests.cpp
+    Cobble/Fields/PlainTextTests.cpp
+    Cobble/Fields/ZoneDaysTests.cpp
 )

@@ -6,6 +6,7 @@ target_sources(CobbleTests PRIVATE
     Cobble/Text/CSVTextTests.cpp
     Cobble/Text/FormulaTextTests.cpp
     Cobble/Text/HTMLTableTests.cpp
+    Cobble/Text/ISODatePartsTests.cpp
     Cobble/Text/ISODateTextTests.cpp
     Cobble/Text/OutcomeTests.cpp
     Cobble/Text/PrintableTextTests.cpp

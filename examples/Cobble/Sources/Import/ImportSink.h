@@ -22,6 +22,9 @@ public:
     virtual Outcome<QVariant> storeMedia(qsizetype column, const QString &text) = 0;
     /// What is to become of a value that is read; asked in any thread, before addRow().
     virtual QVariant prepared(const QVariant &value) const { return value; }
+    /// Whether prepared() gives values as StoredValue::forDatabase() does; then texts that are like
+    /// others of their column may be prepared without it (see PlainColumn).
+    virtual bool keepsStoredValues() const { return false; }
     /// A row of what prepared() gave: nil for empty fields, texts for those that could not be read,
     /// and for media what storeMedia() gave.
     virtual Outcome<> addRow(const QVariantList &values) = 0;

@@ -1,6 +1,7 @@
 #include "ImportValues.h"
 
 #include "ColumnThreads.h"
+#include "Fields/PlainColumn.h"
 #include "Text/Reasons.h"
 #include "TypeInference.h"
 
@@ -136,8 +137,12 @@ ImportValues::Column columnOf(const FieldReader &reader, const ColumnConventions
 class FieldReading
 {
 public:
-    FieldReading(const FieldReader &reader, const ImportSink *sink)
-        : _reader(reader), _sink(sink), _isStored(sink && reader.type() == FieldType::Media)
+    /// \param plain what is known of texts that are alike; may be null.
+    FieldReading(const FieldReader &reader, const ImportSink *sink, PlainColumn *plain)
+        : _reader(reader)
+        , _sink(sink)
+        , _plain(plain)
+        , _isStored(sink && reader.type() == FieldType::Media)
     {
     }
 
@@ -157,6 +162,10 @@ private:
             _part.values.push_back(text.isEmpty() ? QVariant() : QVariant(text));
         } else if (_isStored) { // by who has the row
             _part.values.push_back(text);
+        } else if (const QVariant known = _plain ? _plain->valueOf(text) : QVariant();
+                   known.isValid()) {
+            ++_part.readCount;
+            _part.values.push_back(known);
         } else {
             addRead(row, text);
         }
@@ -170,6 +179,8 @@ private:
             _part.unread.push_back({row, value.reason()});
         const QVariant kept = value ? *value : QVariant(text);
         _part.values.push_back(_sink ? _sink->prepared(kept) : kept);
+        if (_plain)
+            _plain->learn(value ? _part.values.back() : QVariant());
     }
     static bool isBlank(QStringView text)
     {
@@ -178,6 +189,7 @@ private:
 
     const FieldReader &_reader;
     const ImportSink *_sink;
+    PlainColumn *_plain;
     bool _isStored;
     ColumnPart _part;
 };
@@ -192,6 +204,9 @@ public:
         for (const auto &reader : readers) {
             const auto told = settings.conventions.value(_values.columns.size());
             _values.columns.append(columnOf(*reader, told, settings.locale));
+            _plain.push_back(_sink && _sink->keepsStoredValues()
+                                 ? std::make_unique<PlainColumn>(*reader)
+                                 : nullptr);
         }
         if (_sink)
             _outcome = _sink->begin(readers);
@@ -203,7 +218,8 @@ public:
 
     ColumnPart read(const RowBatch &batch, qsizetype column) const
     {
-        return FieldReading(*_readers[size_t(column)], _sink).read(batch, column);
+        PlainColumn *const plain = _plain[size_t(column)].get();
+        return FieldReading(*_readers[size_t(column)], _sink, plain).read(batch, column);
     }
 
     void begin(const std::vector<ColumnPart> &parts)
@@ -274,6 +290,8 @@ private:
 
     const Readers &_readers;
     ImportSink *_sink;
+    /// What the columns' readers are not asked about; null for values that are not stored.
+    std::vector<std::unique_ptr<PlainColumn>> _plain;
     ImportValues _values;
     Outcome<> _outcome;
     /// The length of the values that are listed.

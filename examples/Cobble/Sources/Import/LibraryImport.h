@@ -35,6 +35,7 @@ public:
     Outcome<> begin(const std::vector<std::unique_ptr<FieldReader>> &readers) override;
     Outcome<QVariant> storeMedia(qsizetype column, const QString &text) override;
     QVariant prepared(const QVariant &value) const override;
+    bool keepsStoredValues() const override { return true; }
     Outcome<> addRow(const QVariantList &values) override;
 
     /// As it was made, with the names that it got.

@@ -1,5 +1,6 @@
 #include "StoredValue.h"
 
+#include "Text/ISODateParts.h"
 #include "Text/ISODateText.h"
 
 #include <KTUtility/NSDecimalNumber>
@@ -9,6 +10,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -53,20 +55,40 @@ QVariant numberInText(const QString &text)
     return number.isValid() ? number : QVariant(text);
 }
 
+/// The number with the fewest digits that a double stands for. Of those with up to 15 digits there is
+/// one at most, whatever way it is found.
+NSDecimalNumber shortestDecimalOf(double number)
+{
+    constexpr double Limit = 1e15;
+    double power = 1;
+    for (int places = 0; places <= 4; ++places, power *= 10) {
+        const double digits = std::round(std::abs(number) * power);
+        if (digits < Limit && digits / power == std::abs(number))
+            return NSDecimalNumber::decimalNumberWithMantissa(quint64(digits), -places, number < 0);
+    }
+    return NSDecimalNumber::decimalNumberWithString(
+        QString::number(number, 'f', QLocale::FloatingPointShortest));
+}
+
 QVariant numberFrom(const QVariant &stored)
 {
-    if (stored.typeId() == QMetaType::QString)
+    switch (stored.typeId()) {
+    case QMetaType::QString:
         return numberInText(stored.toString());
-    const QString digits =
-        stored.typeId() == QMetaType::Double
-            ? QString::number(stored.toDouble(), 'f', QLocale::FloatingPointShortest)
-            : stored.toString();
-    return QVariant::fromValue(NSDecimalNumber::decimalNumberWithString(digits));
+    case QMetaType::Double:
+        return QVariant::fromValue(shortestDecimalOf(stored.toDouble()));
+    case QMetaType::LongLong:
+        return QVariant::fromValue(NSDecimalNumber(stored.toLongLong()));
+    default:
+        return QVariant::fromValue(NSDecimalNumber::decimalNumberWithString(stored.toString()));
+    }
 }
 
 QVariant dateFrom(const QVariant &stored)
 {
     const QString text = stored.toString();
+    if (const std::optional<QDateTime> date = ISODate::dateIn(text))
+        return *date;
     static const QRegularExpression form(
         uR"(\A-?\d{4,}-\d\d-\d\dT\d\d:\d\d:\d\d(\.\d+)?(Z|[+-]\d\d:\d\d)\z)"_s);
     const QDateTime date = QDateTime::fromString(text, Qt::ISODateWithMs);

@@ -17,7 +17,8 @@ inline char16_t *written(char16_t *to, qint64 number, int digits)
 }
 
 /// What Qt writes for a date and time in one of the years 0 to 9999, several times as fast.
-/// \param milliseconds at a clock with that distance to UTC, since 1970.
+/// \param milliseconds at a clock with that distance to UTC, since midnight.
+/// \param offset the distance in seconds, of whole minutes.
 inline QString text(const QDate &day, qint64 milliseconds, int offset)
 {
     constexpr qint64 Second = 1000;
@@ -34,8 +35,12 @@ inline QString text(const QDate &day, qint64 milliseconds, int offset)
     write(u':', milliseconds / Second % 60, 2);
     if (milliseconds % Second != 0)
         write(u'.', milliseconds % Second, 3);
-    write(offset < 0 ? u'-' : u'+', std::abs(offset) / 3600, 2);
-    write(u':', std::abs(offset) / 60 % 60, 2);
+    if (offset == 0) {
+        *to++ = u'Z';
+    } else {
+        write(offset < 0 ? u'-' : u'+', std::abs(offset) / 3600, 2);
+        write(u':', std::abs(offset) / 60 % 60, 2);
+    }
     return QString(reinterpret_cast<const QChar *>(units.data()), to - units.data());
 }
 } // namespace ISODate
@@ -52,7 +57,7 @@ inline QString isoDateText(const QDateTime &date)
     const qint64 local = date.toMSecsSinceEpoch() + qint64(offset) * 1000;
     const qint64 inDay = (local % Day + Day) % Day;
     const QDate day = QDate::fromJulianDay(FirstDay + (local - inDay) / Day);
-    if (date.isValid() && day.year() >= 0 && day.year() <= 9999 && offset != 0)
+    if (date.isValid() && day.year() >= 0 && day.year() <= 9999)
         return ISODate::text(day, inDay, offset);
     const QDateTime other = date.toOffsetFromUtc(offset);
     return other.toString(inDay % 1000 == 0 ? Qt::ISODate : Qt::ISODateWithMs);

@@ -5,7 +5,7 @@ target_sources(CobbleHost PRIVATE
     Sources/Text/CSVSeparator.cpp
     Sources/Text/FormulaText.cpp
     Sources/Text/HTMLTable.cpp
-    Sources/Text/Outcome.h
+    Sources/Text/ISODateParts.cpp
     Sources/Text/PrintableText.cpp
     Sources/Text/Safely.h
     Sources/Text/ShortText.cpp
