@@ -42,6 +42,7 @@ void writeCSV(CobbleRecordSource &records, Writer &writer)
     writer.write(CSVText::row(titles, formulas));
     while (records.next() && writer.isDone()) {
         QStringList texts;
+        texts.reserve(titles.size());
         for (qsizetype field = 0; field < titles.size(); ++field)
             texts += records.text(field);
         writer.write(CSVText::row(texts, formulas));

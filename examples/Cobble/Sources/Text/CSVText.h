@@ -35,11 +35,16 @@ inline QString quoted(const QString &field)
 /// line, which readers pass over.
 inline QString row(const QStringList &fields, Formulas formulas = Formulas::AsTyped)
 {
-    QStringList texts;
-    for (const QString &field : fields)
-        texts += quoted(formulas == Formulas::AsText ? FormulaText::marked(field) : field);
-    const QString row = texts.join(u',');
-    return QString((row.isEmpty() ? QStringLiteral("\"\"") : row) + u"\r\n");
+    QString row;
+    for (qsizetype index = 0; index < fields.size(); ++index) {
+        const QString &field = fields.at(index);
+        if (index > 0)
+            row += u',';
+        row += quoted(formulas == Formulas::AsText ? FormulaText::marked(field) : field);
+    }
+    if (row.isEmpty())
+        row = QStringLiteral("\"\"");
+    return row += QStringLiteral("\r\n");
 }
 
 /// A field as it stands between tabs where a text is dropped or pasted: on one line, without tabs,

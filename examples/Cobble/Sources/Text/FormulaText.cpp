@@ -11,6 +11,8 @@ constexpr QChar Mark = u'\'';
 /// Whether spreadsheets pass over it at the beginning of a text.
 bool isIgnored(QChar unit)
 {
+    if (unit.unicode() < 0x80)
+        return unit.unicode() <= u' ' || unit.unicode() == 0x7F;
     return unit.isSpace() || unit.category() == QChar::Other_Control ||
            unit.category() == QChar::Other_Format;
 }
@@ -44,17 +46,18 @@ bool isRestOfPhone(QStringView rest)
            neighbours.match(rest.toString()).hasMatch();
 }
 
-/// Whether a text, behind all of its marks, is a formula.
-bool needsMark(QStringView text)
+/// Most texts begin so, and are none.
+bool isWordStart(QChar unit)
 {
-    while (text.startsWith(Mark))
-        text = text.sliced(1);
-    return FormulaText::isFormula(text.toString());
+    const int code = unit.unicode() | 0x20;
+    return (code >= u'a' && code <= u'z') || (unit >= u'0' && unit <= u'9');
 }
-} // namespace
 
-bool FormulaText::isFormula(const QString &text)
+/// FormulaText::isFormula() without a copy.
+bool isRun(QStringView text)
 {
+    if (!text.isEmpty() && isWordStart(text.front()))
+        return false;
     const auto first = std::find_if_not(text.begin(), text.end(), isIgnored);
     if (first == text.end())
         return false;
@@ -64,6 +67,20 @@ bool FormulaText::isFormula(const QString &text)
     const QStringView number = rest.sliced(1);
     return isOneOf(rest.front(), u"+-\uFF0B\uFF0D") && !isRestOfNumber(number) &&
            !isRestOfPhone(number);
+}
+
+/// Whether a text, behind all of its marks, is a formula.
+bool needsMark(QStringView text)
+{
+    while (text.startsWith(Mark))
+        text = text.sliced(1);
+    return isRun(text);
+}
+} // namespace
+
+bool FormulaText::isFormula(const QString &text)
+{
+    return isRun(text);
 }
 
 QString FormulaText::marked(const QString &text)
