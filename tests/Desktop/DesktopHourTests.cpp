@@ -68,12 +68,21 @@ public:
         return comes([dialog] { return dialog->isRunningAsDialog(); }) &&
                becomesActive(dialog->window());
     }
+    static std::string whereTheKeyboardIs()
+    {
+        QString text;
+        QDebug(&text) << QGuiApplication::applicationState() << QGuiApplication::focusWindow()
+                      << QApplication::activeWindow() << QApplication::focusWidget()
+                      << QGuiApplication::topLevelWindows();
+        return text.toStdString();
+    }
     /// A dialog of a class that comes over the window.
     template<typename Dialog>
     static Dialog *dialog()
     {
         const auto active = [] { return qobject_cast<Dialog *>(QApplication::activeWindow()); };
-        EXPECT_TRUE(comes([active] { return active() && isActive(active()); }));
+        EXPECT_TRUE(comes([active] { return active() && isActive(active()); }))
+            << whereTheKeyboardIs();
         return active();
     }
 
@@ -103,14 +112,6 @@ public:
     /// Where something is typed, in the table or elsewhere.
     static QWidget *input() { return QApplication::focusWidget(); }
     bool isEditingCell() const { return input() && table()->viewport()->isAncestorOf(input()); }
-    std::string whereTheKeyboardIs() const
-    {
-        QString text;
-        QDebug(&text) << QGuiApplication::applicationState() << QGuiApplication::focusWindow()
-                      << QApplication::activeWindow() << QApplication::focusWidget()
-                      << table()->currentIndex();
-        return text.toStdString();
-    }
     void typeIntoCell(int row, int column, const QString &text) const
     {
         clickCell(row, column);
