@@ -254,7 +254,8 @@ const bool isRegistered =
     compareWith("Numbers/read, first pass", "Numbers/peer: QLocale::toDouble", 1) &&
     compareWith("Numbers/read, third pass", Parse, 1) &&
     compareWith("Numbers/read, refused", Parse, 1) &&
-    compareWith("Numbers/read, special blanks", "Numbers/peer: ICU parse of special blanks", 0.4) &&
+    compareWith("Numbers/read, special blanks", "Numbers/peer: ICU parse of special blanks",
+                0.45) &&
     compareWith("Numbers/read, full-width digits", Parse, 0.5) &&
     compareWith("Numbers/read, U+2212", Parse, 0.5) &&
     compareWith("Numbers/read with ICU", Parse, 3) &&
