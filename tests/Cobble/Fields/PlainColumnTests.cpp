@@ -178,7 +178,16 @@ TEST(PlainColumn, DoesNotTakeOneOfTwoWaysAsLongAsBothAreLeft)
     // twice.
     const QStringList texts{u"7/17/2008"_s, u"5/17/2008"_s, u"7/7/2008"_s, u"5/6/2008"_s,
                             u"8/8/2008"_s,  u"6/7/2008"_s,  u"17/7/2008"_s};
-    EXPECT_EQ(knownAmong(texts, FieldType::Date, u"en_US"_s), 2);
+    EXPECT_EQ(knownAmong(texts, FieldType::Date, u"en_US"_s), 3);
+}
+
+TEST(PlainColumn, AsksAboutDaysThatCanBeNoMonthsByThemselves)
+{
+    // The column has years first, which 11/09 does not contradict, and 23/07 does.
+    const QStringList texts{u"1963/07/23"_s, u"1964/08/24"_s, u"1965/09/25"_s, u"1966/01/26"_s,
+                            u"11/09/2007"_s, u"12/08/2007"_s, u"23/07/1963"_s, u"24/07/1963"_s};
+    for (const QString &locale : {u"sv_SE"_s, u"ja_JP"_s, u"hu_HU"_s, u"de_DE"_s})
+        knownAmong(texts, FieldType::Date, locale);
 }
 
 TEST(PlainColumn, NeedsTheReaderForFewTextsOfAColumn)

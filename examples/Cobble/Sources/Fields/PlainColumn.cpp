@@ -52,16 +52,18 @@ QVariant PlainColumn::valueOf(const QString &text)
 /// Null for one too many.
 PlainColumn::Form *PlainColumn::formOf(const PlainText &text)
 {
-    const QStringView key = text.form();
-    const auto known = _forms.find(QString::fromRawData(key.data(), key.size()));
-    if (known != _forms.end())
-        return known->ways ? &*known : nullptr;
-    if (_forms.size() >= MostForms)
-        return nullptr;
     const int count = _ways->countFor(text);
-    Form &form = _forms[key.toString()];
-    form.ways = (1U << count) - 1;
-    return count > 0 ? &form : nullptr;
+    if (count == 0)
+        return nullptr;
+    QHash<QString, Form> &forms = _forms[_ways->kindOf(text)];
+    const QStringView key = text.form();
+    const auto known = forms.find(QString::fromRawData(key.data(), key.size()));
+    if (known != forms.end() || forms.size() >= MostForms)
+        return known != forms.end() ? &*known : nullptr;
+    Form &form = forms[key.toString()];
+    for (int way = 0; way < count; ++way)
+        form.ways |= _ways->isPossible(text, way) ? 1U << way : 0;
+    return &form;
 }
 
 /// What took other texts meanwhile might take this one, too.
@@ -70,7 +72,7 @@ bool PlainColumn::isSettled(const Form &form) const
     return form.isTaken && (!form.isByPattern || form.pattern == _recentPattern);
 }
 
-/// Invalid unless it is the same in all ways.
+/// Invalid unless it is the same in all ways that are left.
 QVariant PlainColumn::agreedValue(const Form &form)
 {
     QVariant value;
@@ -100,20 +102,16 @@ void PlainColumn::learn(const QVariant &stored)
     dropWays(_form, stored);
 }
 
-/// Ways in which the text would be another value, or one at all where the reader refuses it. What is
-/// nothing in one of all ways says little about the others: the reader may have fallen back on them.
+/// Ways in which the text would be another value, or one at all where the reader refuses it.
 void PlainColumn::dropWays(Form *form, const QVariant &stored)
 {
-    bool isTaken = false;
-    bool isAny = true;
-    const int count = _ways->countFor(_text);
-    for (int way = 0; way < count; ++way) {
-        const QVariant value = _ways->valueOf(_text, way);
-        const bool isSame = areSameValues(value, stored);
-        isAny = isAny && value.isValid();
-        isTaken = isTaken || (isSame && (form->ways >> way & 1U));
-        if (value.isValid() && !isSame)
-            form->ways &= ~(1U << way);
+    for (int way = 0; form->ways >> way != 0; ++way) {
+        const bool isLeft = form->ways >> way & 1U;
+        const QVariant value = isLeft ? _ways->valueOf(_text, way) : QVariant();
+        if (!value.isValid())
+            continue;
+        const bool isTaken = areSameValues(value, stored);
+        form->isTaken = form->isTaken || isTaken;
+        form->ways &= isTaken ? ~0U : ~(1U << way);
     }
-    form->isTaken = form->isTaken || (isTaken && isAny);
 }

@@ -5,6 +5,8 @@
 #include <QHash>
 #include <QString>
 
+#include <array>
+
 class FieldReader;
 
 /// What the reader of a column makes of texts like those that it has read before.
@@ -55,7 +57,8 @@ private:
     const FieldReader &_reader;
     bool _takesAll;
     std::unique_ptr<PlainWays> _ways;
-    QHash<QString, Form> _forms;
+    /// By their kinds.
+    std::array<QHash<QString, Form>, PlainWays::KindCount> _forms;
     /// The pattern by which the reader took the last text that it took by one.
     QString _recentPattern;
     PlainText _text;

@@ -49,6 +49,21 @@ int PlainDates::countFor(const PlainText &text) const
     return isBeforeTime(text.between(2)) ? Orders * PlainClock::countFor(text, RunsOfDate) : 0;
 }
 
+/// Whether the numbers may be months.
+size_t PlainDates::kindOf(const PlainText &text) const
+{
+    constexpr qint64 MostMonths = 12;
+    const qsizetype first = text.run(0).length == 4 ? 1 : 0;
+    return (text.run(first).value <= MostMonths ? 1U : 0U) +
+           (text.run(first + 1).value <= MostMonths ? 2U : 0U);
+}
+
+bool PlainDates::isPossible(const PlainText &text, int way) const
+{
+    const bool isDayFirst = way % 2 == 0;
+    return (kindOf(text) & (isDayFirst ? 2U : 1U)) != 0;
+}
+
 std::optional<qint64> PlainDates::timeOf(const PlainText &text, int way) const
 {
     return text.runCount() == RunsOfDate ? _usualTime : PlainClock::timeOf(text, RunsOfDate, way);

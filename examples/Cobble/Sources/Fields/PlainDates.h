@@ -9,6 +9,8 @@ class PlainDates : public PlainWays
 {
 public:
     int countFor(const PlainText &text) const override;
+    size_t kindOf(const PlainText &text) const override;
+    bool isPossible(const PlainText &text, int way) const override;
     QVariant valueOf(const PlainText &text, int way) override;
     void note(const PlainText &text, const QVariant &stored) override;
 

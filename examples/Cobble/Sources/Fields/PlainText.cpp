@@ -52,18 +52,21 @@ bool PlainText::addDigit(qsizetype at, bool goesOn)
 
 void PlainText::markZeros()
 {
-    const auto end = _runs.begin() + _runCount;
-    const bool isZero =
-        std::all_of(_runs.begin(), end, [](const Run &run) { return run.value == 0; });
-    if (isZero) {
+    if (isZero()) {
         std::replace(_form.begin(), _form.begin() + _text.size(), AnyDigit, OnlyZero);
         return;
     }
     const qsizetype last = run(_runCount - 1).end() - 1;
     if (_text[last] == AnyDigit)
         _form[size_t(last)] = LastZero;
-    for (auto run = _runs.begin(); run != end; ++run) {
-        if (_text[run->begin] == AnyDigit)
-            _form[size_t(run->begin)] = FirstZero;
+    for (qsizetype index = 0; index < _runCount; ++index) {
+        if (_text[run(index).begin] == AnyDigit)
+            _form[size_t(run(index).begin)] = FirstZero;
     }
+}
+
+bool PlainText::isZero() const
+{
+    return std::all_of(_runs.begin(), _runs.begin() + _runCount,
+                       [](const Run &run) { return run.value == 0; });
 }

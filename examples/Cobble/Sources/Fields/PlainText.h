@@ -55,6 +55,7 @@ private:
     bool scan();
     bool addDigit(qsizetype at, bool goesOn);
     void markZeros();
+    bool isZero() const;
 
     QStringView _text;
     std::array<char16_t, LongestText> _form;

@@ -82,6 +82,12 @@ struct PartCounts
     qsizetype both = 0;
 
     qsizetype all() const { return dates + times + both; }
+    void add(const Parts &parts)
+    {
+        dates += parts.hasDate && !parts.hasTime;
+        times += parts.hasTime && !parts.hasDate;
+        both += parts.hasDate && parts.hasTime;
+    }
 };
 
 /// \param fits whether so many are enough; if not, nobody asks for the counts.
@@ -93,12 +99,8 @@ PartCounts partCountsOf(const QStringList &values, const FieldReader &reader,
     for (const QString &value : values) {
         if (!fits(counts.all() + left--))
             break;
-        if (!reader.read(value, true))
-            continue;
-        const Parts parts = partsOf(reader, value);
-        counts.dates += parts.hasDate && !parts.hasTime;
-        counts.times += parts.hasTime && !parts.hasDate;
-        counts.both += parts.hasDate && parts.hasTime;
+        if (reader.read(value, true))
+            counts.add(partsOf(reader, value));
     }
     return counts;
 }

@@ -16,6 +16,24 @@ inline char16_t *written(char16_t *to, qint64 number, int digits)
     return to + digits;
 }
 
+/// The same behind a mark.
+inline char16_t *written(char16_t *to, char16_t mark, qint64 number, int digits)
+{
+    *to = mark;
+    return written(to + 1, number, digits);
+}
+
+/// "Z" or "-04:00".
+inline char16_t *writtenOffset(char16_t *to, int offset)
+{
+    if (offset == 0) {
+        *to = u'Z';
+        return to + 1;
+    }
+    to = written(to, offset < 0 ? u'-' : u'+', std::abs(offset) / 3600, 2);
+    return written(to, u':', std::abs(offset) / 60 % 60, 2);
+}
+
 /// What Qt writes for a date and time in one of the years 0 to 9999, several times as fast.
 /// \param milliseconds at a clock with that distance to UTC, since midnight.
 /// \param offset the distance in seconds, of whole minutes.
@@ -24,23 +42,14 @@ inline QString text(const QDate &day, qint64 milliseconds, int offset)
     constexpr qint64 Second = 1000;
     std::array<char16_t, 32> units;
     char16_t *to = written(units.data(), day.year(), 4);
-    const auto write = [&to](char16_t mark, qint64 number, int digits) {
-        *to++ = mark;
-        to = written(to, number, digits);
-    };
-    write(u'-', day.month(), 2);
-    write(u'-', day.day(), 2);
-    write(u'T', milliseconds / Second / 3600, 2);
-    write(u':', milliseconds / Second / 60 % 60, 2);
-    write(u':', milliseconds / Second % 60, 2);
+    to = written(to, u'-', day.month(), 2);
+    to = written(to, u'-', day.day(), 2);
+    to = written(to, u'T', milliseconds / Second / 3600, 2);
+    to = written(to, u':', milliseconds / Second / 60 % 60, 2);
+    to = written(to, u':', milliseconds / Second % 60, 2);
     if (milliseconds % Second != 0)
-        write(u'.', milliseconds % Second, 3);
-    if (offset == 0) {
-        *to++ = u'Z';
-    } else {
-        write(offset < 0 ? u'-' : u'+', std::abs(offset) / 3600, 2);
-        write(u':', std::abs(offset) / 60 % 60, 2);
-    }
+        to = written(to, u'.', milliseconds % Second, 3);
+    to = writtenOffset(to, offset);
     return QString(reinterpret_cast<const QChar *>(units.data()), to - units.data());
 }
 } // namespace ISODate
