@@ -190,7 +190,7 @@ void KTCurrencyFormatter::setReadsCommonForms(bool readsCommonForms)
 
 // --- Settings of the display
 
-const std::optional<QTextCharFormat> &KTCurrencyFormatter::textAttributesForNegativeValues() const
+std::optional<QTextCharFormat> KTCurrencyFormatter::textAttributesForNegativeValues() const
 {
     return _currencyFormatter->textAttributesForNegativeValues();
 }

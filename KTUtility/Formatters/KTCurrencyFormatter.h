@@ -57,7 +57,7 @@ public:
     /// Also takes "INR" and "RON", if one of them was asked for, or dollars instead again.
     void setReadsCommonForms(bool readsCommonForms) override;
 
-    const std::optional<QTextCharFormat> &textAttributesForNegativeValues() const override;
+    std::optional<QTextCharFormat> textAttributesForNegativeValues() const override;
     void
     setTextAttributesForNegativeValues(const std::optional<QTextCharFormat> &attributes) override;
     /// Shows "-$2.00" as "($2.00)".

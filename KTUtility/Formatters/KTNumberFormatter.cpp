@@ -124,7 +124,7 @@ QTextCharFormat KTNumberFormatter::attributesOfHighlight()
     return red;
 }
 
-const std::optional<QTextCharFormat> &KTNumberFormatter::textAttributesForNegativeValues() const
+std::optional<QTextCharFormat> KTNumberFormatter::textAttributesForNegativeValues() const
 {
     return _numberFormatter->textAttributesForNegativeValues();
 }

@@ -71,7 +71,7 @@ public:
     /// Sets the attributes for negative values to red letters, or to none.
     virtual void setHighlightNegative(bool highlightNegative);
     /// The attributes of negative values; none if they are not distinguished.
-    virtual const std::optional<QTextCharFormat> &textAttributesForNegativeValues() const;
+    virtual std::optional<QTextCharFormat> textAttributesForNegativeValues() const;
     virtual void
     setTextAttributesForNegativeValues(const std::optional<QTextCharFormat> &attributes);
 

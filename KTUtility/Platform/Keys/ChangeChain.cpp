@@ -10,9 +10,9 @@ ChangeSource::~ChangeSource() = default;
 
 const ChangeChain *&ChangeChain::innermost()
 {
-    // Where each thread has it is known when the library is loaded, so that nobody needs to be asked.
-    [[gnu::tls_model("initial-exec")]] static constinit thread_local const ChangeChain *chain =
-        nullptr;
+    // No other model of access: programs that open the library later have little room for what each
+    // thread has.
+    static constinit thread_local const ChangeChain *chain = nullptr;
     return chain;
 }
 

@@ -83,3 +83,14 @@ TEST_F(OwnTableTests, KeepsItsRowsAndNobodysIndices)
     EXPECT_EQ(countOf(u"cobble_own"_s), 2);
     EXPECT_EQ(countOf(u"sqlite_master WHERE name = 'elsewhere'"_s), 1);
 }
+
+TEST_F(OwnTableTests, AStaleViewKeepsNothingFromBeingPutAside)
+{
+    runSQL(u"CREATE TABLE gone (a)"_s);
+    runSQL(u"CREATE VIEW stale AS SELECT a FROM gone"_s);
+    runSQL(u"DROP TABLE gone"_s);
+    runSQL(u"CREATE TABLE cobble_own (phone)"_s);
+    EXPECT_EQ(table.need(store->database()).reason(), QString());
+    EXPECT_EQ(countOf(u"cobble_own_foreign"_s), 0);
+    EXPECT_EQ(countOf(u"pragma_legacy_alter_table WHERE legacy_alter_table = 0"_s), 1);
+}

@@ -216,6 +216,25 @@ TEST_F(TransferSheetTests, ASheetThatIsCancelledBlocksItsWindowAgain)
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
+TEST_F(TransferSheetTests, AnEditorThatNobodyTypedIntoIsNotOpenedAgain)
+{
+    MainWindowController *const window = openThings();
+    window->mainWindow()->show();
+    window->mainWindow()->table()->setCurrentIndex(window->model()->index(0, 0));
+    window->mainWindow()->table()->edit(window->model()->index(0, 0));
+    ASSERT_FALSE(window->mainWindow()->table()->viewport()->findChildren<TextInput *>().isEmpty());
+    EXPECT_EQ(window->mainWindow()->cells()->typed(), std::nullopt);
+    runInProcess(
+        {u"set"_s, u"Things"_s, u"1"_s, u"Name=Bea"_s, u"--bundle"_s, bundle.bundlePath()});
+    application->bundle()->reload();
+    turn();
+    EXPECT_EQ(cell(window, 0, 0), u"Bea"_s);
+    for (const TextInput *const editor :
+         window->mainWindow()->table()->viewport()->findChildren<TextInput *>())
+        EXPECT_FALSE(editor->isVisible());
+    EXPECT_EQ(stored(1, 0), u"Bea"_s);
+}
+
 TEST_F(TransferSheetTests, WhatIsTypedDuringAnImportIsStoredAfterIt)
 {
     MainWindowController *const window = openThings();

@@ -4,6 +4,8 @@
 #include "SQL.h"
 #include "Text/Reasons.h"
 
+#include <QScopeGuard>
+
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -62,7 +64,11 @@ Outcome<> OwnTable::putAside(const QSqlDatabase &database) const
     const Outcome<QStringList> names = SQL::texts(database, u"SELECT name FROM sqlite_master"_s);
     if (!others || !names)
         return others ? names.failure() : others.failure();
-    Outcome<> aside = checkNoLibrary(database);
+    // Else a view of something that is gone would keep every table from being renamed.
+    Outcome<> aside = checkNoLibrary(database).andThen(
+        [&] { return SQL::run(database, u"PRAGMA legacy_alter_table = ON"_s); });
+    const auto asBefore =
+        qScopeGuard([&] { (void)SQL::run(database, u"PRAGMA legacy_alter_table = OFF"_s); });
     for (const auto &[type, other] : *others)
         aside = aside.andThen([&] {
             return SQL::run(database, statementThatRemoves(type, other, freeNameFor(name, *names)));

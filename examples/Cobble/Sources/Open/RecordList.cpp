@@ -85,16 +85,12 @@ void RecordList::setFilter(const NSPredicate &filter, bool isSlow)
 
 // --- The rows -----------------------------------------------------------------------------------
 
-/// In the order in which they were stored, it is found at once. While others are looked for, or if
-/// that failed, they may still be in another order.
+/// In the order in which they were stored, it is found at once.
 qsizetype RecordList::rowOf(qint64 id) const
 {
     const RecordIds &shown = *ids();
-    const bool mayAscend = sorts().isEmpty();
-    auto found = mayAscend ? std::lower_bound(shown.begin(), shown.end(), id) : shown.end();
-    const bool isFound = found != shown.end() && *found == id;
-    if (!isFound && (!mayAscend || _arrangement.isOutdated()))
-        found = std::find(shown.begin(), shown.end(), id);
+    const auto found = _arrangement.isAscending() ? std::lower_bound(shown.begin(), shown.end(), id)
+                                                  : std::find(shown.begin(), shown.end(), id);
     return found == shown.end() || *found != id ? -1 : qsizetype(found - shown.begin());
 }
 

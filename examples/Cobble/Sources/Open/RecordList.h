@@ -92,8 +92,7 @@ Q_SIGNALS:
     /// Values of any records may have changed.
     void valuesChanged();
     /// The records could not be arranged as it was wished for; they are shown as before.
-    /// \param isFinal whether it would fail again.
-    void failed(const QString &reason, bool isFinal);
+    void failed(const QString &reason);
 
 private:
     void connectLibrary();

@@ -163,8 +163,11 @@ void RecordArrangement::showMore(const RecordIds &ids)
     auto shown = std::make_shared<RecordIds>();
     if (_hasTold)
         *shown = *_ids;
-    if (!_before)
+    if (!_before) {
         _before = _ids;
+        _wasAscending = _isAscending;
+    }
+    _isAscending = _wish.sorts.isEmpty();
     shown->insert(shown->end(), ids.begin(), ids.end());
     _hasTold = true;
     _ids = shown;
@@ -176,6 +179,7 @@ void RecordArrangement::finish(const Outcome<ArrangementResult> &arranged)
     _slowTimer.stop();
     if (arranged) {
         remember(*arranged);
+        _isAscending = _wish.sorts.isEmpty();
         show(arranged->ids);
     }
     setSlow(false);
@@ -184,9 +188,11 @@ void RecordArrangement::finish(const Outcome<ArrangementResult> &arranged)
     // The same wish is tried again when it is made again.
     _isOutdated = true;
     _hasFailed = true;
-    if (_before)
+    if (_before) {
+        _isAscending = _wasAscending;
         show(_before);
-    Q_EMIT failed(arranged.reason(), arranged.failure().isFinal);
+    }
+    Q_EMIT failed(arranged.reason());
 }
 
 void RecordArrangement::show(const SharedRecordIds &ids)

@@ -56,8 +56,9 @@ public:
     const SharedRecordIds &ids() const { return _ids; }
     /// Whether other records are still looked for.
     bool isWorking() const { return _worker.isWorking(); }
-    /// Whether what is shown may be in another order than it was wished for, or of other values.
-    bool isOutdated() const { return isWorking() || _isOutdated; }
+    /// Whether what is shown is in the order in which it was stored. While others are looked for, or if
+    /// that has failed, that need not be what was wished for.
+    bool isAscending() const { return _isAscending; }
     /// Whether this takes so long that people should know.
     bool isSlow() const { return _isSlow; }
 
@@ -67,8 +68,7 @@ Q_SIGNALS:
     /// Whether the work takes long has changed.
     void slowChanged();
     /// The records could not be arranged; they are shown as before.
-    /// \param isFinal whether it would fail again.
-    void failed(const QString &reason, bool isFinal);
+    void failed(const QString &reason);
 
 private:
     bool isArranging() const;
@@ -106,6 +106,9 @@ private:
     /// Whether values have changed since the last arrangement.
     bool _isOutdated = false;
     bool _hasFailed = false;
+    bool _isAscending = true;
+    /// The same of what was shown before.
+    bool _wasAscending = true;
     bool _isFilterSlow = false;
     bool _isSlow = false;
     QTimer _slowTimer;

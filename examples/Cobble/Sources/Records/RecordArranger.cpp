@@ -154,7 +154,7 @@ Outcome<> RecordArranger::run(RecordScan *scan, const RecordIds &ids,
         const Outcome<> done = scan->run(ids, visit);
         return done && !_goesOn() ? Interrupted : done;
     } catch (const NSException &exception) {
-        return Failure{.reason = exception.reason(), .isFinal = true};
+        return Failure{exception.reason()};
     }
 }
 

@@ -16,6 +16,8 @@ constexpr const char *HeightProperty = "_cellHeight";
 constexpr int MostCellLines = 5;
 constexpr int LeastNoteWidth = 240;
 constexpr int FrameWidth = 2;
+/// What an editor was filled with.
+constexpr auto FilledProperty = "_filled";
 
 QString textIn(const QWidget *editor)
 {
@@ -117,6 +119,7 @@ void FieldDelegate::setEditorData(QWidget *editor, const QModelIndex &index) con
         return;
     editor->setProperty("_isFilled", true);
     fill(editor, index.data(Qt::EditRole).toString());
+    editor->setProperty(FilledProperty, textIn(editor));
 }
 
 void FieldDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
@@ -182,7 +185,9 @@ std::optional<RejectedInput> FieldDelegate::settle()
 
 std::optional<QString> FieldDelegate::typed() const
 {
-    return _editor && _editor->isVisible() ? std::optional(textIn(_editor)) : std::nullopt;
+    const bool isTyped = _editor && _editor->isVisible() &&
+                         textIn(_editor) != _editor->property(FilledProperty).toString();
+    return isTyped ? std::optional(textIn(_editor)) : std::nullopt;
 }
 
 void FieldDelegate::typeAnew(const QString &text)

@@ -27,7 +27,7 @@ public:
     /// In windows that are written from the right, telephone numbers still begin at the left.
     QString displayText(const QVariant &value, const QLocale &locale) const override;
     std::optional<RejectedInput> settle() override;
-    /// What is typed in the cell that is being edited; nothing if none is.
+    /// What is typed in the cell that is being edited; nothing if nobody has typed anything.
     std::optional<QString> typed() const;
     /// Replaces it.
     void typeAnew(const QString &text);

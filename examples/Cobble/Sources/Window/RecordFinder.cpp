@@ -145,10 +145,10 @@ void RecordFinder::apply()
 }
 
 /// Of a filter that could not say which records it accepts, none are shown: those that were shown
-/// before may be all. A database that cannot be read now says nothing of the filter.
-void RecordFinder::refuse(const QString &reason, bool isFinal)
+/// before may be all. It is tried again with the next search.
+void RecordFinder::refuse(const QString &reason)
 {
-    if (!isFinal || !std::exchange(_isUntried, false))
+    if (!std::exchange(_isUntried, false))
         return;
     _applied.reset();
     _refusal = reason;

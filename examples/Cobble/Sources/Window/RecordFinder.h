@@ -82,7 +82,7 @@ private:
     };
 
     RecordFilter forThread() const;
-    void refuse(const QString &reason, bool isFinal);
+    void refuse(const QString &reason);
     void forgetFilter();
     QStringList columnNames() const;
     QString columnName(qsizetype column) const;
