@@ -75,7 +75,7 @@ private:
     QElapsedTimer _lastLook;
     qint64 _lookInterval = 40;
     QElapsedTimer _sinceBegin;
-    qint64 _releaseDelay = 300;
+    qint64 _releaseDelay = 1000;
     bool _isWorking = false;
     bool _isCancelled = false;
     /// Whether it is hidden for a moment, which is no end.
