@@ -69,9 +69,10 @@ Outcome<> OwnTable::putAside(const QSqlDatabase &database) const
         [&] { return SQL::run(database, u"PRAGMA legacy_alter_table = ON"_s); });
     const auto asBefore =
         qScopeGuard([&] { (void)SQL::run(database, u"PRAGMA legacy_alter_table = OFF"_s); });
-    for (const auto &[type, other] : *others)
+    for (const auto &other : *others)
         aside = aside.andThen([&] {
-            return SQL::run(database, statementThatRemoves(type, other, freeNameFor(name, *names)));
+            return SQL::run(database, statementThatRemoves(other.first, other.second,
+                                                           freeNameFor(name, *names)));
         });
     return aside;
 }
