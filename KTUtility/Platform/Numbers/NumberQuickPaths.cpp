@@ -29,18 +29,32 @@ struct Sample
     bool hasDigits = false;
 };
 
+/// Where the digits of a text begin, and where the last one ends.
+struct DigitPlaces
+{
+    qsizetype begin;
+    qsizetype end;
+};
+
+/// Nothing for a text without digits.
+std::optional<DigitPlaces> digitPlacesIn(const QString &text, char16_t zeroDigit)
+{
+    const auto isDigit = [zeroDigit](QChar unit) {
+        return unit.unicode() >= zeroDigit && unit.unicode() <= zeroDigit + 9;
+    };
+    const auto first = std::find_if(text.cbegin(), text.cend(), isDigit);
+    const auto last = std::find_if(text.crbegin(), text.crend(), isDigit);
+    if (first == text.cend())
+        return std::nullopt;
+    return DigitPlaces{first - text.cbegin(), last.base() - text.cbegin()};
+}
+
 Sample sampleOf(const DecimalFormat &format, int64_t number, char16_t zeroDigit)
 {
     icu::UnicodeString text;
     const QString sample = ICU::stringOf(format.format(number, text));
-    const auto isDigit = [zeroDigit](QChar unit) {
-        return unit.unicode() >= zeroDigit && unit.unicode() <= zeroDigit + 9;
-    };
-    const auto first = std::find_if(sample.cbegin(), sample.cend(), isDigit);
-    const auto last = std::find_if(sample.crbegin(), sample.crend(), isDigit);
-    if (first == sample.cend())
-        return {};
-    return {sample.left(first - sample.cbegin()), sample.right(last - sample.crbegin()), true};
+    const std::optional<DigitPlaces> digits = digitPlacesIn(sample, zeroDigit);
+    return digits ? Sample{sample.left(digits->begin), sample.mid(digits->end), true} : Sample();
 }
 
 /// The digit zero of a script whose ten digits stand in a row in the basic plane.
@@ -182,17 +196,12 @@ std::optional<ScientificSample> scientificSampleOf(const DecimalFormat &format, 
 {
     icu::UnicodeString text;
     const QString sample = ICU::stringOf(format.format(number, text));
-    const auto isDigit = [zeroDigit](QChar unit) {
-        return unit.unicode() >= zeroDigit && unit.unicode() <= zeroDigit + 9;
-    };
-    const auto first = std::find_if(sample.cbegin(), sample.cend(), isDigit);
-    const auto last = std::find_if(sample.crbegin(), sample.crend(), isDigit);
-    if (first == sample.cend() || first + 1 == last.base())
+    const std::optional<DigitPlaces> digits = digitPlacesIn(sample, zeroDigit);
+    if (!digits || digits->begin + 1 == digits->end)
         return std::nullopt;
-    const qsizetype begin = first - sample.cbegin();
-    const qsizetype end = last.base() - sample.cbegin();
-    return ScientificSample{sample.left(begin), sample.mid(begin + 1, end - begin - 2),
-                            sample.mid(end)};
+    return ScientificSample{sample.left(digits->begin),
+                            sample.mid(digits->begin + 1, digits->end - digits->begin - 2),
+                            sample.mid(digits->end)};
 }
 
 /// Whether a writer and ICU agree about numbers that have all that a text may have.

@@ -250,23 +250,17 @@ TEST_P(NSNumberFormatterICUWritingTests, AgreesAboutPowersOfTen)
             u"-12345678901234567890123456789012345678"_s))};
     for (int variant = 0; variant < 4; ++variant) {
         NSNumberFormatter quick;
-        quick.setLocale(NSLocale(QString::fromLatin1(GetParam())));
-        quick.setNumberStyle(NSNumberFormatterScientificStyle);
-        quick.setRoundingMode(variant);
-        quick.setUsesGroupingSeparator(variant % 2);
-        if (variant == 3)
-            quick.setNegativePrefix(u"("_s);
-        if (variant == 2)
-            quick.setExponentSymbol(u"×10^"_s);
         NSNumberFormatter thorough;
-        thorough.setLocale(quick.locale());
-        thorough.setNumberStyle(NSNumberFormatterScientificStyle);
-        thorough.setRoundingMode(variant);
-        thorough.setUsesGroupingSeparator(variant % 2);
-        if (variant == 3)
-            thorough.setNegativePrefix(u"("_s);
-        if (variant == 2)
-            thorough.setExponentSymbol(u"×10^"_s);
+        for (NSNumberFormatter *const each : {&quick, &thorough}) {
+            each->setLocale(NSLocale(QString::fromLatin1(GetParam())));
+            each->setNumberStyle(NSNumberFormatterScientificStyle);
+            each->setRoundingMode(variant);
+            each->setUsesGroupingSeparator(variant % 2);
+            if (variant == 3)
+                each->setNegativePrefix(u"("_s);
+            if (variant == 2)
+                each->setExponentSymbol(u"×10^"_s);
+        }
         thorough.setMultiplier(1);
         for (const QVariant &value : extremes)
             EXPECT_EQ(quick.stringForObjectValue(value), thorough.stringForObjectValue(value))

@@ -162,7 +162,9 @@ Outcome<LibraryTable> StepPlayer::openTable(const QString &tableName)
     if (!library)
         return conflictUnless(library.failure());
     _fieldColumns = columnNamesOf(*library);
-    const Outcome<> found = findReplacedColumns(tableName);
+    // The changes of many records come in many parts, of the same table.
+    const Outcome<> found = tableName == _lookedAt ? Outcome<>() : findReplacedColumns(tableName);
+    _lookedAt = found ? tableName : QString();
     return found ? LibraryTable::open(_database, tableName) : found.failure();
 }
 
@@ -298,6 +300,7 @@ Outcome<> StepPlayer::playCatalogue(const QByteArray &content)
     if (isOurs(table) || (from && to && from->tableName != to->tableName))
         return unreadable();
     _effect.libraries += table;
+    _lookedAt = QString();
     return checkThere(from, to)
         .andThen([&] { return moveTable(from, to); })
         .andThen([&] { return LibraryCatalogue::remove(_database, table); })

@@ -60,7 +60,8 @@ private:
     qint64 _step;
     Direction _direction;
     SpentNumbers _numbers;
-    /// Of the table whose records are played.
+    /// The table whose records are played.
+    QString _lookedAt;
     QStringList _replacedColumns;
     QStringList _fieldColumns;
     /// Whether the step has to say more than it did.
